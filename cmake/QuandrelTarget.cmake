@@ -1,0 +1,57 @@
+# What every target of the project shares: the language, the warnings, the float rules.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(QUANDREL_MOLD mold)
+if(QUANDREL_MOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT QUANDREL_COVERAGE)
+    add_link_options(-fuse-ld=mold)
+endif()
+
+# Contracted multiply-adds would make results depend on the machine.
+add_compile_options(-ffp-contract=off)
+
+if(QUANDREL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(QUANDREL_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
+
+set(QUANDREL_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # This compiler takes a text put in front of a std::string for an overlap when it optimises.
+    list(APPEND QUANDREL_WARNINGS -Wno-restrict)
+endif()
+
+function(quandrel_target target)
+    target_compile_options(${target} PRIVATE ${QUANDREL_WARNINGS})
+    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# A folder of src/ as a library quandrel_<folder>. The arguments behind DEPENDS are the folders that
+# it may use: the only arrows that exist. Sources are found by pattern, so that adding a file to a
+# folder changes nothing here.
+function(quandrel_folder folder)
+    cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+    string(REPLACE "/" "_" name ${folder})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    if(sources)
+        add_library(quandrel_${name} STATIC ${sources})
+        quandrel_target(quandrel_${name})
+        set(visibility PUBLIC)
+    else()
+        add_library(quandrel_${name} INTERFACE)
+        target_include_directories(quandrel_${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+        set(visibility INTERFACE)
+    endif()
+    foreach(dependency IN LISTS arg_DEPENDS)
+        target_link_libraries(quandrel_${name} ${visibility} quandrel_${dependency})
+    endforeach()
+endfunction()
