@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// Numbers to text and back: the one place for number formats and number reading. Nothing here asks
+// the locale. Written numbers have a decimal point; read numbers may have a point or a comma.
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quandrel {
+
+/// The view without the blanks, tabs and line ends around it.
+[[nodiscard]] std::string_view WithoutBlanks(std::string_view text);
+
+/// Text of a number by a format string.
+///
+/// @param value   any; one that is not finite gives an empty text
+/// @param format  "0" is a digit that is always written, "#" one that is left out when it is a
+///                leading or trailing zero, "." the decimal point: "000" of 7 is "007", "0.##" of 2
+///                is "2" and of 2.5 "2.5", "#" of 0 is empty. "Fixed" means "0.00". "General
+///                Number" is the number in up to 15 significant digits: "56.6", "1E+20".
+///
+/// The shortest decimal text that reads back as the value is rounded, half-way cases away from
+/// zero: 1.005 in "0.00" is "1.01". There is never a "-0", nor a point without decimals.
+[[nodiscard]] std::string FormatNumber(double value, std::string_view format);
+
+/// A text as a number.
+///
+/// @param text  blanks around it are ignored; then an optional sign, digits with at most one
+///              decimal delimiter ('.' or ','), and an optional exponent
+/// @return the nearest double, or nothing when the whole text is no such number: empty texts,
+///         "12abc", "1,234.5", inf, nan, hexadecimal forms and values too large for a double
+///
+/// Allocates nothing for texts of usual length. Inverse: FormatNumber with "General Number".
+[[nodiscard]] std::optional<double> ReadNumber(std::string_view text);
+
+/// A text as a number, 0 when it is empty or no number. Otherwise as ReadNumber.
+[[nodiscard]] double ParseNumber(std::string_view text);
+
+/// A text as a number by the regional decimal delimiter; 0 when it is empty or no number.
+///
+/// @param decimalIsComma  decides for texts that hold both delimiters ("1,234.5" or "1.234,5"):
+///                        the other one then parts groups of three digits. A single delimiter is
+///                        the decimal delimiter, whichever it is.
+[[nodiscard]] double NumberFromText(std::string_view text, bool decimalIsComma);
+
+/// True when the value is finite and equal to its integer part.
+[[nodiscard]] bool IsWholeNumber(double value);
+
+} // namespace quandrel
