@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/platform.h"
+
+namespace quandrel {
+
+Platform gPlatform;
+
+} // namespace quandrel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// What the engine needs of a plot window: two surfaces, its texts, its place.
+
+#pragma once
+
+#include "platform/surface.h"
+
+#include <string>
+
+namespace quandrel {
+
+/// The texts that stand about the drawing.
+enum class PlotBox { NumberOfData, Fabric, Description, StatsNormal, StatsAdvanced };
+
+class PlotForm {
+public:
+    virtual ~PlotForm() = default;
+
+    /// The surface of the net, in plot scale.
+    [[nodiscard]] virtual Surface& PlotSurface() = 0;
+
+    /// The surface of the legend, in logical pixels from its top left corner: y runs down from 0
+    /// at the top to minus the height.
+    [[nodiscard]] virtual Surface& LegendSurface() = 0;
+
+    virtual void SetCaption(const std::string& caption) = 0;
+    [[nodiscard]] virtual std::string Caption() const = 0;
+
+    virtual void SetBoxText(PlotBox box, const std::string& text) = 0;
+    [[nodiscard]] virtual std::string BoxText(PlotBox box) const = 0;
+
+    /// Called at the end of a drawing, when what is on the surfaces may be shown.
+    virtual void Show() = 0;
+
+    /// Closes the window without asking.
+    virtual void Close() = 0;
+};
+
+} // namespace quandrel

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+//
+// What the program asks its user: message boxes, paths, and the modal dialogs that a path through
+// the engine has to open. The engine never shows a window itself.
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, AbortRetryIgnore };
+
+enum class Button { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
+
+enum class Icon { None, Information, Question, Exclamation, Stop };
+
+/// A message box: its lines are parted by line feeds.
+struct Message {
+    std::string title;
+    std::string text;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+};
+
+/// The buttons of a set, from left to right.
+[[nodiscard]] std::vector<Button> ButtonsOf(Buttons set);
+
+/// The button that goes on with what was begun: OK, Yes or Ignore.
+[[nodiscard]] Button DefaultButton(Buttons set);
+
+/// The button's English name: "OK", "Cancel", "Yes", "No", "Abort", "Retry", "Ignore".
+[[nodiscard]] std::string ButtonName(Button button);
+
+/// The button of a name in any case, or nothing.
+[[nodiscard]] std::optional<Button> ButtonFromName(const std::string& name);
+
+/// A question for a path.
+struct PathQuestion {
+    std::string title;
+    std::string folder;   ///< where to start; empty is the current folder
+    std::string fileName; ///< offered when saving
+    std::string filter;   ///< pairs of text and pattern, all parted by "|"
+    int filterIndex = 1;  ///< the pair offered first, counted from 1
+};
+
+/// The data format dialog, as the caller wants it opened.
+struct FormatQuestion {
+    std::string path;         ///< the file whose first lines are shown; empty shows none
+    std::string command;      ///< "New", "Merge", "Overlay", "File", "Paste", or "None" for no load
+    int plotKindFromFile = 0; ///< data kind that the file's parameter line names; 0 is none
+    bool showSecondary = false;
+    bool columnHeadings = false;
+    bool frequencyColumn = false;
+};
+
+/// What the user left in the data format dialog. The format itself stands in the global settings.
+struct FormatAnswer {
+    bool plotSecondary = false;
+    bool columnHeadings = false;
+    bool frequencyColumn = false;
+    std::string numericName;
+    std::string textName;
+};
+
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+
+    /// Shows a box and gives the button pressed. Closing the box is Cancel, or No, or Ok when the
+    /// box has nothing else; of Abort, Retry, Ignore it is Abort.
+    [[nodiscard]] virtual Button Ask(const Message& message) = 0;
+
+    /// A path of an existing file, or nothing when the user thinks better of it.
+    [[nodiscard]] virtual std::optional<std::string> AskOpenPath(const PathQuestion& question) = 0;
+
+    /// A path to write to. The platform has asked before it gives one that exists.
+    [[nodiscard]] virtual std::optional<std::string> AskSavePath(const PathQuestion& question) = 0;
+
+    /// The data format dialog; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) = 0;
+};
+
+} // namespace quandrel

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+//
+// A plot window that nobody sees: it keeps its texts and writes down what is drawn on it.
+
+#pragma once
+
+#include "platform/plot_form.h"
+#include "platform/recording_surface.h"
+
+#include <map>
+
+namespace quandrel {
+
+class RecordingForm : public PlotForm {
+public:
+    [[nodiscard]] Surface& PlotSurface() override { return plot_; }
+
+    [[nodiscard]] Surface& LegendSurface() override { return legend_; }
+
+    void SetCaption(const std::string& caption) override { caption_ = caption; }
+
+    [[nodiscard]] std::string Caption() const override { return caption_; }
+
+    void SetBoxText(PlotBox box, const std::string& text) override { boxes_[box] = text; }
+
+    [[nodiscard]] std::string BoxText(PlotBox box) const override {
+        const auto text = boxes_.find(box);
+        return text == boxes_.end() ? std::string() : text->second;
+    }
+
+    void Show() override { ++timesShown_; }
+
+    void Close() override {}
+
+    [[nodiscard]] const RecordingSurface& Plot() const { return plot_; }
+
+    [[nodiscard]] const RecordingSurface& Legend() const { return legend_; }
+
+    [[nodiscard]] int TimesShown() const { return timesShown_; }
+
+private:
+    RecordingSurface plot_{1000, 1000};
+    RecordingSurface legend_{220, 400};
+    std::string caption_;
+    std::map<PlotBox, std::string> boxes_;
+    int timesShown_ = 0;
+};
+
+} // namespace quandrel

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+//
+// A surface that writes down what is drawn on it.
+
+#pragma once
+
+#include "platform/surface.h"
+
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// One call of a drawing procedure.
+struct DrawOperation {
+    enum class Kind {
+        Line,
+        Box,
+        FilledBox,
+        Circle,
+        Arc,
+        Wedge,
+        Polyline,
+        Polygon,
+        Pixel,
+        Markers,
+        Text
+    };
+    Kind kind = Kind::Line;
+    std::vector<Point>
+        points; ///< ends, corners, centre, vertices or positions, as the call had them
+    double radius = 0;
+    double start = 0; ///< radians
+    double end = 0;
+    Colour colour;
+    std::string text; ///< of a text, or the name of a glyph
+    DrawState state;  ///< at the call
+};
+
+/// One line that tells an operation, for golden files: "line (0, 0) (10, 5) 000000 width 2".
+[[nodiscard]] std::string OperationText(const DrawOperation& operation);
+
+class RecordingSurface : public Surface {
+public:
+    /// @param widthPixels, heightPixels  size in logical pixels, above 0
+    RecordingSurface(double widthPixels, double heightPixels)
+        : widthPixels_(widthPixels)
+        , heightPixels_(heightPixels)
+        , scale_{0, 0, widthPixels, -heightPixels} {}
+
+    /// What was drawn since the last Clear.
+    [[nodiscard]] const std::vector<DrawOperation>& Operations() const { return operations_; }
+
+    void SetUserScale(const UserScale& scale) override { scale_ = scale; }
+
+    [[nodiscard]] UserScale Scale() const override { return scale_; }
+
+    [[nodiscard]] Point PixelSize() const override;
+    void Clear(Colour background) override;
+
+    void SetState(const DrawState& state) override { state_ = state; }
+
+    [[nodiscard]] const DrawState& State() const override { return state_; }
+
+    void Line(Point from, Point to, Colour colour) override;
+    void Box(Point corner, Point opposite, Colour colour) override;
+    void FilledBox(Point corner, Point opposite, Colour colour) override;
+    void Circle(Point centre, double radius, Colour colour) override;
+    void Arc(Point centre, double radius, double start, double end, Colour colour) override;
+    void Wedge(Point centre, double radius, double start, double end, Colour colour) override;
+    void Polyline(std::span<const Point> points, Colour colour) override;
+    void Polygon(std::span<const Point> points, Colour colour) override;
+    void SetPixel(Point at, Colour colour) override;
+    void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) override;
+    void Text(Point topLeft, std::string_view utf8) override;
+
+    /// Every character is six tenths of the font's height wide; a font of 72 points is 96 pixels
+    /// high.
+    [[nodiscard]] double TextWidth(std::string_view utf8) const override;
+    [[nodiscard]] double TextHeight() const override;
+
+private:
+    DrawOperation& Record(DrawOperation::Kind kind, Colour colour, std::vector<Point> points);
+
+    double widthPixels_;
+    double heightPixels_;
+    UserScale scale_;
+    DrawState state_;
+    std::vector<DrawOperation> operations_;
+};
+
+} // namespace quandrel

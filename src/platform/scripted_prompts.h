@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+//
+// Prompts that are answered from a script: for tests, and for the program without a screen.
+
+#pragma once
+
+#include "platform/prompts.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// A box that was shown, with the answer that it got.
+struct ShownBox {
+    Message message;
+    Button answer = Button::Ok;
+};
+
+class ScriptedPrompts : public Prompts {
+public:
+    enum class Mode {
+        Strict, ///< every box must have been expected, and every expected box must be shown
+        Batch,  ///< a box takes the next queued answer, or its default button
+    };
+
+    explicit ScriptedPrompts(Mode mode)
+        : mode_(mode) {}
+
+    /// Strict: the next box must hold this text, and gets this answer.
+    void Expect(const std::string& fragment, Button answer);
+
+    /// Strict: a box that holds this text may come at any time, once, and gets its default button.
+    void ExpectAny(const std::string& fragment);
+
+    /// Batch: the next box gets this answer. A box without that button takes its default one.
+    void QueueAnswer(Button answer) { answers_.push_back(answer); }
+
+    void QueueOpenPath(const std::string& path) { openPaths_.push_back(path); }
+
+    void QueueSavePath(const std::string& path) { savePaths_.push_back(path); }
+
+    /// Called for each box shown.
+    void OnBox(std::function<void(const ShownBox&)> onBox) { onBox_ = std::move(onBox); }
+
+    /// Answers the format dialog; without this it is cancelled.
+    void OnFormat(std::function<std::optional<FormatAnswer>(const FormatQuestion&)> onFormat) {
+        onFormat_ = std::move(onFormat);
+    }
+
+    /// All boxes shown so far.
+    [[nodiscard]] const std::vector<ShownBox>& Shown() const { return shown_; }
+
+    /// Strict: the unexpected boxes and those that never came, a line each; empty when all is well.
+    [[nodiscard]] std::string Problems() const;
+
+    [[nodiscard]] Button Ask(const Message& message) override;
+    [[nodiscard]] std::optional<std::string> AskOpenPath(const PathQuestion& question) override;
+    [[nodiscard]] std::optional<std::string> AskSavePath(const PathQuestion& question) override;
+    [[nodiscard]] std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) override;
+
+private:
+    struct Expectation {
+        std::string fragment;
+        Button answer = Button::Ok;
+    };
+
+    [[nodiscard]] Button StrictAnswer(const Message& message);
+    [[nodiscard]] Button BatchAnswer(const Message& message);
+
+    Mode mode_;
+    std::deque<Expectation> expected_;
+    std::vector<std::string> allowed_;
+    std::deque<Button> answers_;
+    std::deque<std::string> openPaths_;
+    std::deque<std::string> savePaths_;
+    std::vector<ShownBox> shown_;
+    std::string problems_;
+    std::function<void(const ShownBox&)> onBox_;
+    std::function<std::optional<FormatAnswer>(const FormatQuestion&)> onFormat_;
+};
+
+} // namespace quandrel

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+//
+// The picture surface: the one way in which the program draws.
+//
+// Positions are user units: +x to the right, +y up, between the corners that SetUserScale gives.
+// Angles are radians, counter-clockwise from +x. Widths of lines and sizes of text are logical
+// pixels (1/96 inch on paper) and do not follow the user scale. A surface knows nothing of rows,
+// planes or legends. Drawing goes on top of what is there, antialiased at the device's resolution.
+
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+/// A colour, one byte a channel.
+struct Colour {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+
+    friend bool operator==(const Colour&, const Colour&) = default;
+};
+
+inline constexpr Colour kBlack{0, 0, 0};
+inline constexpr Colour kWhite{255, 255, 255};
+
+/// The colour of a 24-bit value with red in the low byte.
+constexpr Colour ColourFromValue(std::uint32_t value) {
+    return {static_cast<std::uint8_t>(value & 0xffU), static_cast<std::uint8_t>(value >> 8 & 0xffU),
+            static_cast<std::uint8_t>(value >> 16 & 0xffU)};
+}
+
+/// The 24-bit value of a colour, red in the low byte.
+constexpr std::uint32_t ColourValue(Colour colour) {
+    return static_cast<std::uint32_t>(colour.red) | static_cast<std::uint32_t>(colour.green) << 8
+           | static_cast<std::uint32_t>(colour.blue) << 16;
+}
+
+/// A position in user units.
+struct Point {
+    double x = 0;
+    double y = 0;
+
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+/// The user units of a surface's corners.
+struct UserScale {
+    double left = 0;
+    double top = 0;
+    double right = 1;
+    double bottom = 1;
+
+    friend bool operator==(const UserScale&, const UserScale&) = default;
+};
+
+/// The scale of a plot: the net has radius 1000, and 100 are left for marks about it.
+inline constexpr UserScale kPlotScale{-1100, 1100, 1100, -1100};
+
+/// How new ink meets the old. The numbers are those that records and dialogs hold.
+enum DrawMode : int {
+    kDrawNotXor = 10, ///< for marks that are toggled; drawn as plain lines on paper and in files
+    kDrawCopy = 13,   ///< the ordinary pen
+};
+
+/// Line patterns, as records hold them.
+enum DrawStyle : int {
+    kSolidLine = 0,
+    kDashedLine = 1,
+    kDottedLine = 2,
+    kDashDotLine = 3,
+    kDashDotDotLine = 4,
+    kNoLine = 5,
+};
+
+/// How closed shapes are filled, as records hold it.
+enum FillStyle : int {
+    kSolidFill = 0,
+    kNoFill = 1,
+    kHorizontalHatch = 2,
+    kVerticalHatch = 3,
+    kUpwardHatch = 4,
+    kDownwardHatch = 5,
+    kCrossHatch = 6,
+    kDiagonalCrossHatch = 7,
+};
+
+/// A font by its name; an empty family is the platform's plain sans-serif.
+struct FontSpec {
+    std::string family;
+    double points = 8;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+
+    friend bool operator==(const FontSpec&, const FontSpec&) = default;
+};
+
+/// Everything about a surface that a procedure may change and has to put back.
+struct DrawState {
+    int drawMode = kDrawCopy;
+    int drawStyle = kSolidLine;
+    double drawWidth = 1;
+    int fillStyle = kNoFill;
+    Colour fillColour = kBlack;
+    Colour foreColour = kBlack;
+    FontSpec font;
+
+    friend bool operator==(const DrawState&, const DrawState&) = default;
+};
+
+/// One stroke or shape of a glyph, in user units about the marker's position.
+struct GlyphPart {
+    enum class Kind {
+        Pixel,    ///< a square of one logical pixel at points[0]
+        Polyline, ///< an open line through the points
+        Polygon,  ///< a closed shape of the points
+        Circle,   ///< centre points[0], radius
+    };
+    enum class Ink {
+        Outline, ///< the marker's colour, lines alone
+        Filled,  ///< the marker's colour, filled and outlined
+        White,   ///< filled white, outlined in the marker's colour
+    };
+    Kind kind = Kind::Polyline;
+    Ink ink = Ink::Outline;
+    std::vector<Point> points;
+    double radius = 0;
+
+    friend bool operator==(const GlyphPart&, const GlyphPart&) = default;
+};
+
+/// The shape of a marker. Equal names stand for equal parts, so that a surface may keep what it has
+/// made of a glyph under the name.
+struct Glyph {
+    std::string name;
+    std::vector<GlyphPart> parts;
+};
+
+/// Something to draw on.
+class Surface {
+public:
+    virtual ~Surface() = default;
+
+    /// Sets the user units of the surface's corners.
+    virtual void SetUserScale(const UserScale& scale) = 0;
+    [[nodiscard]] virtual UserScale Scale() const = 0;
+
+    /// Length of one logical pixel in user units, across and up. Both above 0.
+    [[nodiscard]] virtual Point PixelSize() const = 0;
+
+    /// Wipes everything with one colour.
+    virtual void Clear(Colour background) = 0;
+
+    virtual void SetState(const DrawState& state) = 0;
+    [[nodiscard]] virtual const DrawState& State() const = 0;
+
+    virtual void Line(Point from, Point to, Colour colour) = 0;
+
+    /// A box by two opposite corners: its outline, or filled with its outline's colour.
+    virtual void Box(Point corner, Point opposite, Colour colour) = 0;
+    virtual void FilledBox(Point corner, Point opposite, Colour colour) = 0;
+
+    /// A whole circle, filled as the state's fill style says.
+    virtual void Circle(Point centre, double radius, Colour colour) = 0;
+
+    /// The part of a circle counter-clockwise from start to end; an end at or before the start goes
+    /// once round further.
+    virtual void Arc(Point centre, double radius, double start, double end, Colour colour) = 0;
+
+    /// As Arc, with both radii, filled as the state's fill style says.
+    virtual void Wedge(Point centre, double radius, double start, double end, Colour colour) = 0;
+
+    virtual void Polyline(std::span<const Point> points, Colour colour) = 0;
+
+    /// A closed shape, filled as the state's fill style says.
+    virtual void Polygon(std::span<const Point> points, Colour colour) = 0;
+
+    /// A square of one logical pixel.
+    virtual void SetPixel(Point at, Colour colour) = 0;
+
+    /// One glyph at many positions, in their order, in one call.
+    virtual void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) = 0;
+
+    /// Text in the state's font and fore colour, its top left corner at the position. One line.
+    virtual void Text(Point topLeft, std::string_view utf8) = 0;
+
+    /// Size of a text in user units, both 0 or more.
+    [[nodiscard]] virtual double TextWidth(std::string_view utf8) const = 0;
+    [[nodiscard]] virtual double TextHeight() const = 0;
+};
+
+/// Puts a surface's state back at the end of a block.
+class SavedState {
+public:
+    explicit SavedState(Surface& surface)
+        : surface_(surface)
+        , state_(surface.State()) {}
+
+    ~SavedState() { surface_.SetState(state_); }
+
+    SavedState(const SavedState&) = delete;
+    SavedState& operator=(const SavedState&) = delete;
+
+private:
+    Surface& surface_;
+    DrawState state_;
+};
+
+} // namespace quandrel
