@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/row_table.h"
+
+#include "core/tagged_value.h"
+#include "orientation/angles.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace quandrel {
+
+namespace {
+
+template <class T>
+void Permute(std::vector<T>& column, const std::vector<std::uint32_t>& order) {
+    std::vector<T> sorted(order.size());
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        sorted[i] = column[order[i]];
+    }
+    std::copy(sorted.begin(), sorted.end(), column.begin());
+}
+
+/// The places of the first `rows` lines in the order of their x.
+std::vector<std::uint32_t> OrderByX(const std::vector<std::int16_t>& x, std::size_t rows) {
+    const auto [lowest, highest] =
+        std::minmax_element(x.begin(), x.begin() + static_cast<long>(rows));
+    const int first = *lowest;
+    std::vector<std::uint32_t> starts(static_cast<std::size_t>(*highest - first) + 2, 0);
+    for (std::size_t i = 0; i < rows; ++i) {
+        ++starts[static_cast<std::size_t>(x[i] - first) + 1];
+    }
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    std::vector<std::uint32_t> order(rows);
+    for (std::size_t i = 0; i < rows; ++i) {
+        order[starts[static_cast<std::size_t>(x[i] - first)]++] = static_cast<std::uint32_t>(i);
+    }
+    return order;
+}
+
+} // namespace
+
+bool IsErrorRow(double plunge) {
+    return plunge == kErrorRow;
+}
+
+void ClearRowTable(RowTable& table) {
+    ResizeRowTable(table, 0);
+}
+
+void AppendRow(RowTable& table, const PlottedRow& row) {
+    table.index.push_back(row.index);
+    table.x.push_back(row.x);
+    table.y.push_back(row.y);
+    table.plunge.push_back(row.plunge);
+    table.trend.push_back(row.trend);
+}
+
+void SetRow(RowTable& table, std::size_t place, const PlottedRow& row) {
+    table.index[place] = row.index;
+    table.x[place] = row.x;
+    table.y[place] = row.y;
+    table.plunge[place] = row.plunge;
+    table.trend[place] = row.trend;
+}
+
+void ResizeRowTable(RowTable& table, std::size_t rows) {
+    table.index.resize(rows);
+    table.x.resize(rows);
+    table.y.resize(rows);
+    table.plunge.resize(rows);
+    table.trend.resize(rows);
+}
+
+void SortRowTable(RowTable& table, std::size_t rows) {
+    if (rows < 2 || std::is_sorted(table.x.begin(), table.x.begin() + static_cast<long>(rows))) {
+        return;
+    }
+    const std::vector<std::uint32_t> order = OrderByX(table.x, rows);
+    Permute(table.index, order);
+    Permute(table.x, order);
+    Permute(table.y, order);
+    Permute(table.plunge, order);
+    Permute(table.trend, order);
+}
+
+std::string RowTableText(const RowTable& table, std::size_t place, int column) {
+    const PlottedRow row = table[place];
+    const bool isError = IsErrorRow(row.plunge);
+    switch (column) {
+    case 0:
+        return TextOf(row.index);
+    case 1:
+        return isError ? std::string() : TextOf(row.x);
+    case 2:
+        return isError ? std::string() : TextOf(row.y);
+    case 3:
+        return TextOf(row.plunge);
+    case 4:
+        return isError ? std::string() : TextOf(row.trend);
+    default:
+        return {};
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+//
+// The table of the plotted rows of a plot: what every drawing and count reads.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// One line of the table. A row that could not be read, or that cannot be plotted, has kErrorRow as
+/// its plunge and stands at (0, 0).
+struct PlottedRow {
+    std::int32_t index = 0; ///< point index in the data columns
+    std::int16_t x = 0;     ///< plot units
+    std::int16_t y = 0;
+    double plunge =
+        0;            ///< radians, of the pole where the row is plotted as one; kErrorRow is no row
+    double trend = 0; ///< radians
+};
+
+/// The five columns, as parallel arrays of one length. The main rows come first, sorted by x once a
+/// drawing has asked for statistics; then the rows of the overlays in their order.
+struct RowTable {
+    std::vector<std::int32_t> index;
+    std::vector<std::int16_t> x;
+    std::vector<std::int16_t> y;
+    std::vector<double> plunge;
+    std::vector<double> trend;
+
+    [[nodiscard]] std::size_t size() const { return index.size(); }
+
+    [[nodiscard]] PlottedRow operator[](std::size_t place) const {
+        return {index[place], x[place], y[place], plunge[place], trend[place]};
+    }
+};
+
+/// True for a row that takes no part in drawings and counts.
+[[nodiscard]] bool IsErrorRow(double plunge);
+
+void ClearRowTable(RowTable& table);
+void AppendRow(RowTable& table, const PlottedRow& row);
+void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
+void ResizeRowTable(RowTable& table, std::size_t rows);
+
+/// Sorts the first `rows` lines by x, equal ones in their order. Counting sort, O(rows).
+void SortRowTable(RowTable& table, std::size_t rows);
+
+/// The text of a cell as files and grids show it: column 0 index, 1 x, 2 y, 3 plunge, 4 trend. The
+/// position of an error row is empty and its plunge "-9999".
+[[nodiscard]] std::string RowTableText(const RowTable& table, std::size_t place, int column);
+
+} // namespace quandrel

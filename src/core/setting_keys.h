@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// The sections of the settings store, and the keys that are made of numbers.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace quandrel {
+
+inline constexpr const char* kStartUp = "StartUp";
+inline constexpr const char* kDataFormats = "DataFormats";
+inline constexpr const char* kSymbolArray = "SymbolArray";
+inline constexpr const char* kFonts = "Fonts";
+inline constexpr const char* kFileMenuArray = "FileMenuArray";
+inline constexpr const char* kDataClassifArray = "DataClassifArray";
+
+/// In FontName0 it means that no font was ever chosen.
+inline constexpr const char* kNoFontName = "none";
+
+[[nodiscard]] inline std::string TwoDigits(std::size_t number) {
+    const std::string digits = std::to_string(number);
+    return digits.size() < 2 ? "0" + digits : digits;
+}
+
+/// A place of gFileColumnSettings.
+[[nodiscard]] inline std::string ColumnKey(std::size_t slot) {
+    return "gFileColumnSettings" + std::to_string(slot);
+}
+
+/// A place of gSymbolTable.
+[[nodiscard]] inline std::string SymbolKey(std::size_t row, std::size_t place) {
+    return "SymbolArray" + TwoDigits(row) + std::to_string(place);
+}
+
+/// A colour of gColourTable.
+[[nodiscard]] inline std::string ColourKey(std::size_t index) {
+    return "ColourArray" + TwoDigits(index);
+}
+
+/// A cell of the default class table: "00" to "12" the first column, then the second, the third.
+[[nodiscard]] inline std::string ClassKey(std::size_t row, std::size_t column) {
+    return TwoDigits(column * 13 + row);
+}
+
+} // namespace quandrel

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/settings.h"
+#include "core/style_tables.h"
+#include "support/test_platform.h"
+
+#include <set>
+#include <tuple>
+
+namespace quandrel {
+namespace {
+
+class SettingsTest : public EngineTest {
+protected:
+    void Put(const std::string& section, const std::string& key, const std::string& value) {
+        settings.Write(kApplicationName, section, key, value);
+    }
+
+    [[nodiscard]] std::string Stored(const std::string& section, const std::string& key) const {
+        return settings.Read(kApplicationName, section, key, "(missing)");
+    }
+};
+
+TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
+    EXPECT_EQ(gMaxPlots, 10);
+    EXPECT_EQ(gFileDelimiter, "\t");
+    EXPECT_EQ(gConventions, 1);
+    EXPECT_EQ(gPrimaryDataType, kPrimaryPlane);
+    EXPECT_EQ(gSecondaryDataType, kNoSecondary);
+    EXPECT_EQ(gRoseSectorSize, 10);
+    EXPECT_EQ(gRoseSectorFraction, 100);
+    EXPECT_EQ(gMainWindowPlace.state, 2);
+    EXPECT_EQ(gMainWindowPlace.width, 10000);
+    EXPECT_EQ(gPlotWidthPercent, 50);
+    EXPECT_FLOAT_EQ(gPlotAspect, 0.75F);
+    EXPECT_EQ(gPitchName, "pitch");
+    EXPECT_EQ(gFileAppNumName, "value");
+    EXPECT_EQ(gFileAppNonNumName, "type");
+    EXPECT_TRUE(gRoseOuterCircle);
+    EXPECT_FALSE(gShowCompassPoints);
+    EXPECT_EQ(gRoseScaleType, "tickauto");
+    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_EQ(gFileColumnSettings[9], 9);
+    EXPECT_EQ(NumberOf(gDefaultClassTable[0][0]), 0);
+}
+
+TEST_F(SettingsTest, PlotWindowWidthFallsBackBelowOneAndStopsAtAHundred) {
+    const std::vector<std::pair<std::string, int>> cases = {
+        {"0", 50}, {"-3", 50}, {"150", 100}, {"1", 1}, {"100", 100}, {"80", 80}, {"x", 50}};
+    for (const auto& [text, expected] : cases) {
+        Put("StartUp", "PlotWinWidth", text);
+        LoadSettings();
+        EXPECT_EQ(gPlotWidthPercent, expected) << text;
+    }
+}
+
+TEST_F(SettingsTest, PlotWindowAspectReadsPerCentAndFractionInEitherLocale) {
+    const std::vector<std::pair<std::string, float>> cases = {
+        {"75", 0.75F},  {"0.5", 0.5F}, {"0,5", 0.5F}, {"150", 1.0F},
+        {"bad", 0.75F}, {"0", 0.75F},  {"-1", 0.75F}, {"1", 1.0F}};
+    for (const auto& [text, expected] : cases) {
+        Put("StartUp", "PlotWinAspect", text);
+        LoadSettings();
+        EXPECT_FLOAT_EQ(gPlotAspect, expected) << text;
+    }
+}
+
+TEST_F(SettingsTest, AnUnreadableSectorSizeIsTen) {
+    Put("StartUp", "gRoseSectorSize", "wide");
+    LoadSettings();
+    EXPECT_EQ(gRoseSectorSize, 10);
+}
+
+TEST_F(SettingsTest, EarlierSettingsAreReadOnceAndSavedUnderTheNewName) {
+    MemorySettingsStore earlier;
+    gPlatform.settings = &earlier;
+    earlier.Write(kEarlierApplicationName, "StartUp", "gMaxPlots", "17");
+    earlier.Write(kEarlierApplicationName, "DataFormats", "Conventions", "-4");
+    earlier.Write(kEarlierApplicationName, "FileMenuArray", " 1", "1");
+    earlier.Write(kEarlierApplicationName, "FileMenuArray", "1", "/data/a.txt");
+    LoadSettings();
+    EXPECT_EQ(gMaxPlots, 17);
+    EXPECT_EQ(gConventions, -4);
+    ASSERT_EQ(gRecentFiles.size(), 1U);
+    EXPECT_EQ(gRecentFiles[0], "/data/a.txt");
+    EXPECT_EQ(earlier.Read(kApplicationName, "DataFormats", "Conventions", ""), "-4");
+    // From now on the earlier name plays no part.
+    earlier.Write(kEarlierApplicationName, "DataFormats", "Conventions", "3");
+    LoadSettings();
+    EXPECT_EQ(gConventions, -4);
+    gPlatform.settings = &settings;
+}
+
+TEST_F(SettingsTest, TheFirstRunOfThisGenerationForgetsTheDataFolder) {
+    MemorySettingsStore store;
+    gPlatform.settings = &store;
+    store.Write(kApplicationName, "StartUp", "FilesDirectory", "/old");
+    LoadSettings();
+    EXPECT_EQ(gFilesDirectory, "");
+    EXPECT_EQ(store.Read(kApplicationName, "StartUp", "First93ver", ""), "False");
+    store.Write(kApplicationName, "StartUp", "FilesDirectory", "/new");
+    LoadSettings();
+    EXPECT_EQ(gFilesDirectory, "/new");
+    gPlatform.settings = &settings;
+}
+
+TEST_F(SettingsTest, UseLastResizeEndsWithTheSession) {
+    // Kept: one key is written and another is read.
+    gPlotWinLast = true;
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(Stored("StartUp", "PlotWinLast"), "True");
+    LoadSettings();
+    EXPECT_FALSE(gPlotWinLast);
+}
+
+TEST_F(SettingsTest, TheWindowPlaceIsSavedOnlyInItsNormalState) {
+    gMainWindowPlace = {2, 100, 200, 9000, 6000};
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(Stored("StartUp", "WinTop"), "(missing)");
+    gMainWindowPlace.state = 0;
+    EXPECT_TRUE(SaveSettings(6));
+    LoadSettings();
+    EXPECT_EQ(gMainWindowPlace.top, 100);
+    EXPECT_EQ(gMainWindowPlace.left, 200);
+    EXPECT_EQ(gMainWindowPlace.width, 9000);
+}
+
+TEST_F(SettingsTest, EachGroupWritesItsKeysAndNoOthers) {
+    const std::vector<std::tuple<int, std::string, std::string>> groups = {
+        {0, "DataFormats", "Conventions"},     {1, "DataFormats", "gFileColumnSettings9"},
+        {3, "DataFormats", "gFileAppNumName"}, {4, "StartUp", "PitchName"},
+        {5, "StartUp", "gMaxPlots"},           {6, "StartUp", "LastUsedVersion"},
+        {7, "StartUp", "FilesDirectory"},
+    };
+    for (const auto& [group, section, key] : groups) {
+        MemorySettingsStore store;
+        gPlatform.settings = &store;
+        EXPECT_TRUE(SaveSettings(group));
+        EXPECT_NE(store.Read(kApplicationName, section, key, "(missing)"), "(missing)") << group;
+        EXPECT_EQ(store.Read(kApplicationName, "StartUp", "LastAccessDate", ""), "2026-11-21");
+        for (const auto& [other, otherSection, otherKey] : groups) {
+            const bool bothHold = other == group || (group == 4 && other == 7);
+            EXPECT_EQ(store.Read(kApplicationName, otherSection, otherKey, "(missing)")
+                          != "(missing)",
+                      bothHold)
+                << group << " wrote " << otherKey;
+        }
+    }
+    gPlatform.settings = &settings;
+}
+
+TEST_F(SettingsTest, AGroupThatDoesNotExistWritesTheDateAlone) {
+    for (const int group : {-1, 2, 8}) {
+        MemorySettingsStore store;
+        gPlatform.settings = &store;
+        EXPECT_TRUE(SaveSettings(group));
+        EXPECT_EQ(store.Keys(kApplicationName, "StartUp").size(), 1U);
+        EXPECT_TRUE(store.Keys(kApplicationName, "DataFormats").empty());
+    }
+    gPlatform.settings = &settings;
+}
+
+TEST_F(SettingsTest, SymbolRowsOfTheSessionAreSavedApart) {
+    gSymbolTable[0] = {7, 2, 9};
+    gSymbolTable[19] = {8, 10, 4};
+    gColourTable[3] = 0x123456;
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("SymbolArray", "SymbolArray000"), "7");
+    EXPECT_EQ(Stored("SymbolArray", "SymbolArray190"), "(missing)");
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(Stored("SymbolArray", "SymbolArray191"), "10");
+    LoadSettings();
+    EXPECT_EQ(gSymbolTable[0], (SymbolRow{7, 2, 9}));
+    EXPECT_EQ(gSymbolTable[19], (SymbolRow{8, 10, 4}));
+    EXPECT_EQ(gColourTable[3], 0x123456U);
+}
+
+TEST_F(SettingsTest, TheBetaStyleOfAnOlderVersionIsNotRead) {
+    const AxisStyle builtIn = gAxisStyleTable[kBetaAxisStyle];
+    Put("SymbolArray", "BetaAxisColor", "12");
+    Put("StartUp", "LastUsedVersion", "9.4");
+    LoadSettings();
+    EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle], builtIn);
+    Put("StartUp", "LastUsedVersion", kVersionText);
+    LoadSettings();
+    EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle][0], 12);
+}
+
+TEST_F(SettingsTest, GirdlesOfTheUserAreColourFiveStyleTwoWidthOne) {
+    EXPECT_EQ(gAxisStyleTable[kUserGirdleStyle], (AxisStyle{5, 2, 1}));
+}
+
+TEST_F(SettingsTest, RecentFilesStayInOrderAndAtMostSix) {
+    for (int i = 1; i <= 8; ++i) {
+        AddRecentFile("/f" + std::to_string(i));
+    }
+    AddRecentFile("/f5");
+    EXPECT_TRUE(SaveSettings(6));
+    LoadSettings();
+    const std::vector<std::string> expected = {"/f5", "/f8", "/f7", "/f6", "/f4", "/f3"};
+    EXPECT_EQ(gRecentFiles, expected);
+    EXPECT_EQ(Stored("FileMenuArray", "0"), "6");
+    gRecentFiles = {"/only"};
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(Stored("FileMenuArray", "2"), "(missing)");
+}
+
+TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
+    gConventions = -13;
+    gFileDelimiter = "";
+    gPlaneSeparator = "\\";
+    gSecondaryDataType = 4;
+    gFileNumericAppended = true;
+    gFileColumnSettings = {9, 8, 7, 6, 5, 4, 3, 2, 1, 0};
+    gFileAppNonNumName = "rock \"type\"";
+    gPitchName = "rake";
+    gPlotAxesStyle = 3;
+    gPlotFonts[2].font = {"DejaVu Sans", 11.5, true, false, true};
+    gDefaultClassTable[2][2] = std::string("slate");
+    gRoseSectorSize = 22.5;
+    for (int group = 0; group <= 7; ++group) {
+        EXPECT_TRUE(SaveSettings(group));
+    }
+    LoadSettings();
+    EXPECT_EQ(gConventions, -13);
+    EXPECT_EQ(gFileDelimiter, "");
+    EXPECT_EQ(gPlaneSeparator, "\\");
+    EXPECT_EQ(gSecondaryDataType, 4);
+    EXPECT_TRUE(gFileNumericAppended);
+    EXPECT_EQ(gFileColumnSettings[0], 9);
+    EXPECT_EQ(gFileAppNonNumName, "rock \"type\"");
+    EXPECT_EQ(gPitchName, "rake");
+    EXPECT_EQ(gPlotAxesStyle, 3);
+    EXPECT_EQ(gPlotFonts[2].font, (FontSpec{"DejaVu Sans", 11.5, true, false, true}));
+    EXPECT_EQ(TextOf(gDefaultClassTable[2][2]), "slate");
+    EXPECT_EQ(gRoseSectorSize, 22.5);
+}
+
+TEST_F(SettingsTest, TheStyleTablesHoldTheBuiltInRows) {
+    EXPECT_EQ(SymbolCodeText(CodeOfStyleRow(0)), "050302");
+    EXPECT_EQ(SymbolCodeText(CodeOfStyleRow(1)), "050703");
+    EXPECT_EQ(gSymbolTable[19], (SymbolRow{5, 3, 5}));
+    EXPECT_EQ(gSymbolTable[46], (SymbolRow{24, 2, 3}));
+    EXPECT_EQ(gColourTable[24], 0x800080U);
+    EXPECT_EQ(TableColour(8), (Colour{255, 0, 0}));
+    EXPECT_EQ(TableColour(25), kBlack);
+}
+
+TEST_F(SettingsTest, DrawingCodesAreSixDigitsFromOutside) {
+    EXPECT_EQ(SymbolCodeFromText("050302"), MakeSymbolCode(5, 3, 2));
+    EXPECT_EQ(SymbolCodeText(MakeSymbolCode(24, 17, 9)), "241709");
+    EXPECT_EQ(SymbolCodeFromText("5302"), std::nullopt);
+    EXPECT_EQ(SymbolCodeFromText("05030x"), std::nullopt);
+}
+
+TEST_F(SettingsTest, OverlaysDifferInStyle) {
+    std::set<SymbolCode> codes;
+    for (int overlay = 1; overlay <= kOverlaySymbols; ++overlay) {
+        codes.insert(CodeOfStyleRow(kFirstOverlaySymbol + overlay % kOverlaySymbols));
+    }
+    EXPECT_EQ(codes.size(), static_cast<std::size_t>(kOverlaySymbols));
+}
+
+} // namespace
+} // namespace quandrel
