@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/great_circles.h"
+
+#include "core/style_tables.h"
+
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+/// The diameter at right angles to the direction of (cx, cy).
+void DrawChord(Surface& surface, double cx, double cy, Colour colour) {
+    if (cy == 0) {
+        surface.Line({0, -kNetRadius}, {0, kNetRadius}, colour);
+        return;
+    }
+    const double a = std::atan(-cx / cy);
+    const Point end{kNetRadius * std::cos(a), kNetRadius * std::sin(a)};
+    surface.Line({-end.x, -end.y}, end, colour);
+}
+
+} // namespace
+
+void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int colour, int drawStyle,
+                        double drawWidth) {
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.drawStyle = drawStyle;
+    state.drawWidth = drawWidth;
+    state.fillStyle = kNoFill;
+    surface.SetState(state);
+    const Colour ink = TableColour(colour);
+    if (circle.radius >= kStraightRadius) {
+        DrawChord(surface, circle.cx, circle.cy, ink);
+    } else if (circle.cx == 0 && circle.cy == 0) {
+        surface.Circle({0, 0}, kNetRadius, ink);
+    } else {
+        surface.Arc({circle.cx, circle.cy}, circle.radius, circle.start, circle.end, ink);
+    }
+}
+
+void DrawGreatCircleOfPole(Surface& surface, int plotKind, double polePlunge, double poleTrend,
+                           int colour, int drawStyle, double drawWidth) {
+    DrawGreatCircleArc(surface, GreatCircleArc(plotKind, polePlunge, poleTrend), colour, drawStyle,
+                       drawWidth);
+}
+
+} // namespace quandrel

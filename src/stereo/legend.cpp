@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/legend.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "stereo/draw_target.h"
+#include "stereo/plot_stages.h"
+#include "stereo/row_positions.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::string_view kCutMark = "...";
+
+std::string NameOfPath(const std::string& path) {
+    const std::size_t slash = path.find_last_of("/\\");
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+LegendLine TextLine(std::string text) {
+    return {LegendSample::None, 0, std::move(text)};
+}
+
+/// The code that most speaks for rows first to last: that of the first one with a symbol whose
+/// shown value has the sign asked for.
+SymbolCode CodeOfRows(std::int32_t first, std::int32_t last, bool upward) {
+    for (std::int32_t row = first; row <= last; ++row) {
+        const SymbolCode code = gDataSymbol(gActivePlot, row);
+        const std::int32_t dip = OrientationShown(gActivePlot, row).dip;
+        if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
+            return code;
+        }
+    }
+    return 0;
+}
+
+/// What a symbol of the main rows stands for.
+std::string NounOfRows(const PlotRecord& record) {
+    if (IsPlottedAsPole(record, 0)) {
+        return "Poles to planes";
+    }
+    return record.DataKind == kPolarLines ? "Polar lines" : "Lines";
+}
+
+/// Samples of downward rows, of upward ones, or of both.
+void AddSignedSamples(std::vector<LegendLine>& lines, std::int32_t first, std::int32_t last,
+                      const std::string& noun) {
+    const SymbolCode down = CodeOfRows(first, last, false);
+    const SymbolCode up = CodeOfRows(first, last, true);
+    if (down != 0) {
+        lines.push_back({LegendSample::Symbol, down, up != 0 ? noun + ", 'down' plunge" : noun});
+    }
+    if (up != 0) {
+        lines.push_back({LegendSample::Symbol, up, noun + ", 'up' plunge"});
+    }
+}
+
+void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    if (record.MainFiles.empty()) {
+        const std::string& title = record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
+        lines.push_back(TextLine("Data: " + title));
+        return;
+    }
+    std::string lead = "Data: ";
+    for (const std::string& path : record.MainFiles) {
+        lines.push_back(TextLine(lead + NameOfPath(path)));
+        lead = " + ";
+    }
+}
+
+void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record, std::int64_t count) {
+    lines.push_back({LegendSample::Symbol, CodeOfStyleRow(kRowSymbol),
+                     std::to_string(count) + " intersections of"});
+    lines.push_back(TextLine(std::to_string(record.NumValidData) + " planes"));
+}
+
+void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    const SymbolCode down = CodeOfStyleRow(kDerivedSymbol);
+    const SymbolCode up = CodeOfStyleRow(kDerivedUpSymbol);
+    if (record.AxesTitle == "P") {
+        lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
+    } else if (record.AxesTitle == "T") {
+        lines.push_back({LegendSample::Symbol, up, "T Extensional axes"});
+    } else {
+        lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
+        lines.push_back({LegendSample::Symbol, up, "T Extension axes"});
+    }
+}
+
+void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record, std::int64_t betaCount) {
+    if (!record.AxesTitle.empty()) {
+        AddKinematicLines(lines, record);
+    } else if (record.PlotSymbolMode == kBetaIntersections) {
+        AddBetaLines(lines, record, betaCount);
+    } else if (record.PlotSymbolMode == kGreatCircles) {
+        const SymbolCode code = CodeOfRows(1, record.NumData, false);
+        lines.push_back({LegendSample::GreatCircle, code,
+                         IsPlottedAsPole(record, 0) ? "Planes" : "Planes normal to lines"});
+    } else if (record.PlotSymbolMode <= kPointSymbolsToo) {
+        AddSignedSamples(lines, 1, record.NumData, NounOfRows(record));
+    }
+}
+
+void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+        const auto k = static_cast<std::size_t>(overlay);
+        const std::int32_t first = FirstRowOfOverlay(record, overlay);
+        const std::int32_t last = first + record.OverlayRows[k] - 1;
+        const std::string& title = record.OverlayTitles[k];
+        const std::string text = title.empty() ? "Overlay " + std::to_string(overlay) : title;
+        if (record.OverlayKind[k] == kOverlayGreatCircles) {
+            lines.push_back({LegendSample::GreatCircle, CodeOfRows(first, last, false), text});
+        } else {
+            AddSignedSamples(lines, first, last, text);
+        }
+    }
+}
+
+/// The text, cut with a mark so that it is no wider than asked for.
+std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
+    if (surface.TextWidth(text) <= width) {
+        return text;
+    }
+    std::string cut = text;
+    while (!cut.empty()) {
+        // A character of several bytes goes whole.
+        while (cut.size() > 1 && (static_cast<unsigned char>(cut.back()) & 0xc0U) == 0x80U) {
+            cut.pop_back();
+        }
+        cut.pop_back();
+        const std::string marked = cut + std::string(kCutMark);
+        if (surface.TextWidth(marked) <= width) {
+            return marked;
+        }
+    }
+    return {};
+}
+
+/// Where lines go in the legend's box, in plot units from its top left corner.
+struct LegendLayout {
+    double width = 0;
+    double height = 0;
+    double lineHeight = 0;
+    double sampleWidth = 0;
+};
+
+/// Gives the box the units of the plot, so that samples are as large as what they stand for.
+LegendLayout LayOut(Surface& box) {
+    const UserScale scale = box.Scale();
+    const Point pixel = box.PixelSize();
+    const double unit = PlotSurface().PixelSize().x;
+    LegendLayout layout;
+    layout.width = (scale.right - scale.left) / pixel.x * unit;
+    layout.height = (scale.top - scale.bottom) / pixel.y * unit;
+    box.SetUserScale({0, 0, layout.width, -layout.height});
+    DrawState state;
+    state.font = gPlotFonts[kLegendFont].font;
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(gPlotFonts[kLegendFont].colour));
+    box.SetState(state);
+    layout.lineHeight = box.TextHeight() * 1.15;
+    layout.sampleWidth = 2.5 * box.TextWidth("M");
+    return layout;
+}
+
+void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
+    const double middle = top - layout.lineHeight / 2;
+    const double centre = layout.sampleWidth / 2.5;
+    if (line.sample == LegendSample::Symbol) {
+        const Point at{centre, middle};
+        DrawSymbols(box, std::span(&at, 1), line.code);
+    } else if (line.sample == LegendSample::GreatCircle) {
+        box.Line({0.2 * centre, middle}, {1.8 * centre, middle},
+                 TableColour(CodeColour(line.code)));
+    }
+}
+
+void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
+    DrawSample(box, line, layout, top);
+    const double left = line.sample == LegendSample::None ? 0 : layout.sampleWidth;
+    const double textTop = top - (layout.lineHeight - box.TextHeight()) / 2;
+    box.Text({left, textTop}, CutToWidth(box, line.text, layout.width - left));
+}
+
+} // namespace
+
+std::vector<LegendLine> LegendLines(std::int64_t betaCount) {
+    const PlotRecord& record = ActiveRecord();
+    std::vector<LegendLine> lines;
+    AddDataNames(lines, record);
+    if (record.NumValidData > 0) {
+        AddMainRows(lines, record, betaCount);
+    }
+    if (gPlotStages.bandLegend) {
+        for (LegendLine& line : gPlotStages.bandLegend()) {
+            lines.push_back(std::move(line));
+        }
+    }
+    AddOverlays(lines, record);
+    return lines;
+}
+
+void DrawLegend(std::int64_t betaCount) {
+    Surface& box = LegendSurface();
+    const LegendLayout layout = LayOut(box);
+    if (!IsDrawingElsewhere()) {
+        box.Clear(kWhite);
+    }
+    const std::vector<LegendLine> lines = LegendLines(betaCount);
+    const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const double top = -layout.lineHeight * static_cast<double>(i);
+        if (i + 1 == room && lines.size() > room) {
+            DrawLine(box, TextLine(std::string(kCutMark)), layout, top);
+            return;
+        }
+        DrawLine(box, lines[i], layout, top);
+    }
+}
+
+} // namespace quandrel

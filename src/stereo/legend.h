@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// The legend: one line for each kind of thing on the plot, a sample and a text.
+
+#pragma once
+
+#include "core/style_tables.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+/// What stands in front of a line's text.
+enum class LegendSample { None, Symbol, GreatCircle };
+
+struct LegendLine {
+    LegendSample sample = LegendSample::None;
+    SymbolCode code = 0; ///< style of the sample
+    std::string text;
+};
+
+/// The lines of the legend of the active plot, top to bottom.
+///
+/// @param betaCount  intersections drawn, for a plot of beta intersections
+[[nodiscard]] std::vector<LegendLine> LegendLines(std::int64_t betaCount);
+
+/// Draws the legend of the active plot into its box. A text too long for the box is cut, and a box
+/// that cannot hold all lines ends in "...".
+void DrawLegend(std::int64_t betaCount);
+
+} // namespace quandrel

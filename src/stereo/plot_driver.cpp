@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/plot_driver.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/projection.h"
+#include "platform/platform.h"
+#include "stereo/draw_target.h"
+#include "stereo/great_circles.h"
+#include "stereo/legend.h"
+#include "stereo/net.h"
+#include "stereo/plot_stages.h"
+#include "stereo/row_drawing.h"
+#include "stereo/row_positions.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quandrel {
+
+PlotStages gPlotStages;
+int gGridDensitySlider = 50;
+
+namespace {
+
+constexpr int kMeanItem = 0;
+constexpr int kFirstStatisticalItem = 9;
+
+std::int64_t lastBetaCount = 0;
+
+template <class... Arguments>
+void Run(const std::function<void(Arguments...)>& stage, Arguments... arguments) {
+    if (stage) {
+        stage(arguments...);
+    }
+}
+
+RowRange MainRows(const PlotRecord& record) {
+    return {1, record.NumData};
+}
+
+RowRange OverlayRange(const PlotRecord& record, int overlay) {
+    const std::int32_t first = FirstRowOfOverlay(record, overlay);
+    return {first, first + record.OverlayRows[static_cast<std::size_t>(overlay)] - 1};
+}
+
+bool GridIsStale(const PlotRecord& record) {
+    return gGridDensitySlider != record.GridSize || record.DensityCount != record.NumValidData
+           || record.RowsChanged != 0;
+}
+
+void ComputeGridIfStale(const PlotRecord& record) {
+    if (!IsDrawingElsewhere() && GridIsStale(record)) {
+        Run(gPlotStages.computeGridDensity);
+    }
+}
+
+/// Grid symbols and contours of a plot that is classified by a number.
+void DrawClassifiedGrid(const PlotRecord& record) {
+    ComputeGridIfStale(record);
+    if (record.NumClasses == 1 || record.NumClasses == 3) {
+        Run(gPlotStages.drawGridSymbols);
+    }
+    if (record.NumClasses > 1) {
+        Run(gPlotStages.traceContoursClassified);
+    }
+}
+
+/// Densities of the grid, as symbols, as contours, or both.
+void DrawDensities(const PlotRecord& record) {
+    ComputeGridIfStale(record);
+    if (record.PlotSymbolMode != kContours) {
+        Run(gPlotStages.drawGridSymbols);
+    }
+    if (record.PlotSymbolMode != kGridDensitySymbols) {
+        Run(gPlotStages.traceContours);
+    }
+}
+
+/// The main rows, as the plot's mode tells. Gives the number of beta intersections drawn.
+std::int64_t DrawMainRows(const PlotRecord& record) {
+    switch (record.PlotSymbolMode) {
+    case kGreatCircles:
+        DrawRowGreatCircles(MainRows(record));
+        break;
+    case kPointSymbols:
+    case kPointSymbolsToo:
+        DrawRowSymbols(MainRows(record));
+        break;
+    case kBetaIntersections:
+        return DrawBetaIntersections();
+    case kPointDensitySymbols:
+        DrawRowSymbols(MainRows(record), RowStyle::DensityBand);
+        break;
+    case kGridDensitySymbols:
+    case kContours:
+    case kContoursAndGrid:
+        DrawDensities(record);
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+void DrawOverlays(const PlotRecord& record) {
+    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+        if (record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayGreatCircles) {
+            DrawRowGreatCircles(OverlayRange(record, overlay));
+        } else {
+            DrawRowSymbols(OverlayRange(record, overlay));
+        }
+    }
+}
+
+bool IsItemShown(const PlotRecord& record, int item) {
+    return NumberOf(record.AxisItems[static_cast<std::size_t>(item)][0]) != 0;
+}
+
+void DrawAxisItems(const PlotRecord& record) {
+    for (int item = 0; item < kAxisItems; ++item) {
+        if (IsItemShown(record, item)) {
+            DrawGirdle(item);
+        }
+    }
+    Run(gPlotStages.drawSmallCircles);
+    for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
+        if (IsItemShown(record, item)) {
+            DrawAxisItemSymbol(item);
+        }
+    }
+}
+
+/// Draws everything of the active plot.
+void DrawPlot(bool recalculate) {
+    DrawPlotBase();
+    if (ActiveRecord().PlotKind == kRose) {
+        Run(gPlotStages.drawRose, recalculate);
+        DrawLegend(0);
+    } else {
+        DrawStereoPlot(recalculate);
+    }
+}
+
+std::string StatusOfPlot(const PlotRecord& record) {
+    if (record.NumValidData == 0) {
+        return gHintText;
+    }
+    return std::to_string(record.NumValidData) + " data in " + record.PlotTitle;
+}
+
+} // namespace
+
+void ReplotActivePlot(bool recalculate) {
+    if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    const BusyPointer busy(*gPlatform.status);
+    if (recalculate) {
+        ActiveRecord().RowsChanged = kTrue;
+    }
+    DrawPlot(recalculate);
+    PlotForm& form = FormOf(gActivePlot);
+    form.SetBoxText(PlotBox::NumberOfData, NumberBoxText());
+    Run(gPlotStages.writeStatistics);
+    UpdateTitle();
+    form.Show();
+    gPlatform.status->SetText(StatusOfPlot(ActiveRecord()));
+}
+
+void DrawActivePlotOn(Surface& plot, Surface& legend) {
+    const DrawElsewhere elsewhere(plot, legend);
+    DrawPlot(false);
+}
+
+void DrawStereoPlot(bool recalculate) {
+    PlotRecord& record = ActiveRecord();
+    // A change of the main rows of a plot with overlays shows in its statistics too.
+    if (!IsDrawingElsewhere() && (recalculate || record.RowsChanged != 0)) {
+        ComputeRowStatistics();
+    }
+    if (record.NumSymbolsInPlot > 0) {
+        record.DensityInvalid = kTrue;
+    }
+    const bool isClassified = record.ClassMode == 1;
+    if (isClassified && record.NumClasses >= 1) {
+        DrawClassifiedGrid(record);
+    }
+    lastBetaCount = 0;
+    if (!isClassified || record.NumClasses == 0 || record.NumClasses == 4) {
+        lastBetaCount = DrawMainRows(record);
+    }
+    record.RowsChanged = 0;
+    DrawOverlays(record);
+    Run(gPlotStages.drawAnnotations);
+    DrawLegend(lastBetaCount);
+    DrawPlotFurniture();
+    DrawAxisItems(record);
+}
+
+void ComputeRowStatistics() {
+    const PlotRecord& record = ActiveRecord();
+    RowTable& table = TableOf(gActivePlot);
+    SortRowTable(table, std::min(table.size(), static_cast<std::size_t>(record.NumData)));
+    Run(gPlotStages.computePointDensities);
+    Run(gPlotStages.computeFabricStatistics);
+    if (record.RowsChanged != 0) {
+        Run(gPlotStages.refreshClassification);
+    }
+}
+
+void DrawGirdle(int item) {
+    const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind >= kRose || item == kMeanItem) {
+        return;
+    }
+    const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
+    DrawGreatCircleOfPole(PlotSurface(), record.PlotKind, NumberOf(values[2]), NumberOf(values[3]),
+                          static_cast<int>(NumberOf(values[4])),
+                          static_cast<int>(NumberOf(values[5])), NumberOf(values[6]));
+}
+
+void DrawAxisItemSymbol(int item) {
+    const auto& values = ActiveRecord().AxisItems.at(static_cast<std::size_t>(item));
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+    ProjectPointInt(ActiveRecord().PlotKind, NumberOf(values[2]), NumberOf(values[3]), x, y);
+    const AxisStyle& style = gAxisStyleTable[kBetaAxisStyle];
+    DrawSymbol(PlotSurface(), x, y, style[0], style[1], style[2], 0);
+}
+
+std::string NumberBoxText() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.ClassMode > 0) {
+        return std::to_string(record.NumClassified) + " (/" + std::to_string(record.NumValidData)
+               + ")";
+    }
+    return std::to_string(record.NumValidData);
+}
+
+std::string TitleOfPlot() {
+    const PlotRecord& record = ActiveRecord();
+    std::string title = record.PlotTitle + "   [";
+    if (record.ShowSecondary != 0) {
+        title += "2nd ";
+    } else if (record.SecondaryFormat > 0) {
+        title += "1st ";
+    }
+    if (!record.AxesTitle.empty()) {
+        return title + record.AxesTitle + " axes]";
+    }
+    // The trailing blanks keep the captions of one width.
+    switch (record.DataKind) {
+    case kLines:
+        return title + "Lines]      ";
+    case kPolarLines:
+        return title + "Polar Lines]";
+    default:
+        return title + "Planes]     ";
+    }
+}
+
+std::int64_t LastBetaCount() {
+    return lastBetaCount;
+}
+
+void UpdateTitle() {
+    FormOf(gActivePlot).SetCaption(TitleOfPlot());
+}
+
+} // namespace quandrel

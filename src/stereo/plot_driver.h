@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// The plot driver: every change of a plot's data or settings ends in one call of ReplotActivePlot.
+
+#pragma once
+
+#include "platform/surface.h"
+
+#include <cstdint>
+#include <string>
+
+namespace quandrel {
+
+/// Draws the window of gActivePlot anew, and works out on the way what has gone stale: statistics,
+/// densities, grid, contours.
+///
+/// @param recalculate  true takes the rows as changed
+void ReplotActivePlot(bool recalculate);
+
+/// Draws the active plot onto other surfaces than its window's, in the state that it is in: nothing
+/// is worked out anew, no text or caption changes.
+void DrawActivePlotOn(Surface& plot, Surface& legend);
+
+/// The stereo branch: rows, overlays, annotations, legend, furniture, girdles, small circles, in
+/// this order.
+void DrawStereoPlot(bool recalculate);
+
+/// Sorts the main rows by x and works out their densities and statistics.
+void ComputeRowStatistics();
+
+/// Draws the great circle of a row of AxisItems that is shown; row 0 has none. A rose has none.
+void DrawGirdle(int item);
+
+/// Draws the symbol of a statistical axis, rows 9 and 10 of AxisItems.
+void DrawAxisItemSymbol(int item);
+
+/// The text of the number box: the valid rows, or the classified ones of them.
+[[nodiscard]] std::string NumberBoxText();
+
+/// The caption of the plot's window: its title, the set shown, the kind of data.
+[[nodiscard]] std::string TitleOfPlot();
+
+/// Writes the caption of the active plot's window.
+void UpdateTitle();
+
+/// Beta intersections in the last drawing of a stereo plot; 0 when it showed none.
+[[nodiscard]] std::int64_t LastBetaCount();
+
+/// Value of the grid density slider, 10 to 150.
+extern int gGridDensitySlider;
+
+} // namespace quandrel

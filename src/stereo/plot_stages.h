@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// What the plot driver calls in the folders above it. The driver alone knows the order; each stage
+// is put in its place at start-up by the program. An empty stage is passed over.
+
+#pragma once
+
+#include "stereo/legend.h"
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace quandrel {
+
+struct PlotStages {
+    std::function<void()> refreshClassification;   ///< classes of changed rows
+    std::function<void()> computePointDensities;   ///< needs the table sorted by x
+    std::function<void()> computeFabricStatistics; ///< eigenvectors, means, girdle
+    std::function<void()> computeGridDensity;
+    std::function<void()> drawGridSymbols;
+    std::function<void()> traceContours;
+    std::function<void()> traceContoursClassified;
+    std::function<void()> drawAnnotations;
+    std::function<void()> drawSmallCircles;
+    std::function<void()> writeStatistics;                  ///< both statistics texts
+    std::function<void(bool recalculate)> drawRose;         ///< the whole of a rose
+    std::function<double(std::int32_t row)> slipArrowAngle; ///< azimuth of a row's arrow, radians
+    std::function<std::vector<LegendLine>()> bandLegend;    ///< density bands and contours
+};
+
+extern PlotStages gPlotStages;
+
+} // namespace quandrel

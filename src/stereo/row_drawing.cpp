@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/row_drawing.h"
+
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "stereo/draw_target.h"
+#include "stereo/great_circles.h"
+#include "stereo/plot_stages.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// A read-back pole that points up by more than this has left the net; it has no great circle.
+constexpr double kSteepestUpwardPole = 0.05;
+
+/// Which places of the net were taken, by whole plot units.
+class TakenPlaces {
+public:
+    /// Takes a place. False when it was taken before. A place that is no whole number within the
+    /// picture is never taken.
+    bool Take(std::int16_t x, std::int16_t y) {
+        if (x < -kReach || x > kReach || y < -kReach || y > kReach) {
+            return true;
+        }
+        const std::size_t place =
+            static_cast<std::size_t>(x + kReach) * kSide + static_cast<std::size_t>(y + kReach);
+        if (taken_[place]) {
+            return false;
+        }
+        taken_[place] = true;
+        return true;
+    }
+
+private:
+    static constexpr int kReach = 1100;
+    static constexpr std::size_t kSide = 2 * kReach + 1;
+    std::vector<bool> taken_ = std::vector<bool>(kSide * kSide);
+};
+
+/// A row to be drawn: its place in the table, and its code.
+struct StyledRow {
+    std::uint32_t place = 0;
+    SymbolCode code = 0;
+};
+
+SymbolCode CodeOfRow(std::int32_t index, RowStyle style) {
+    if (style == RowStyle::Own) {
+        return gDataSymbol(gActivePlot, index);
+    }
+    const int band = gPointDensity(gActivePlot, index);
+    const int row = std::min(kFirstBandSymbol + std::max(band, 1) - 1, kLastBandSymbol);
+    return CodeOfStyleRow(row);
+}
+
+/// The rows of a range in the order of the table, without those that a later one of the same style
+/// and place covers.
+std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyle style) {
+    std::unordered_map<SymbolCode, TakenPlaces> taken;
+    std::vector<StyledRow> rows;
+    SymbolCode currentCode = std::numeric_limits<SymbolCode>::max();
+    TakenPlaces* current = nullptr;
+    for (std::size_t place = table.size(); place-- > 0;) {
+        const std::int32_t index = table.index[place];
+        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+            continue;
+        }
+        const SymbolCode code = CodeOfRow(index, style);
+        if (code != currentCode) {
+            current = &taken[code];
+            currentCode = code;
+        }
+        if (current->Take(table.x[place], table.y[place])) {
+            rows.push_back({static_cast<std::uint32_t>(place), code});
+        }
+    }
+    std::reverse(rows.begin(), rows.end());
+    return rows;
+}
+
+/// Rows behind one another with one style go to the surface together.
+void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow> rows) {
+    std::vector<Point> positions;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::uint32_t place = rows[i].place;
+        positions.push_back(
+            {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
+        if (i + 1 == rows.size() || rows[i + 1].code != rows[i].code) {
+            DrawSymbols(surface, positions, rows[i].code);
+            positions.clear();
+        }
+    }
+}
+
+/// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
+/// is left out.
+void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range) {
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        const std::int32_t index = table.index[place];
+        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+            continue;
+        }
+        const SymbolCode code = gDataSymbol(gActivePlot, index);
+        const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
+        DrawSymbols(surface, std::span(&at, 1), code);
+        DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), kSlipArrowSymbol,
+                   CodeSize(code), gPlotStages.slipArrowAngle(index));
+    }
+}
+
+/// The different planes of some rows.
+struct DistinctPlanes {
+    std::vector<Direction> normals;
+    std::vector<std::int64_t> weights; ///< how many rows share each
+};
+
+/// The planes of the valid main rows of the active plot, from their poles.
+DistinctPlanes PlanesOfMainRows() {
+    const RowTable& table = TableOf(gActivePlot);
+    const std::int32_t last = ActiveRecord().NumData;
+    std::map<std::pair<double, double>, std::int64_t> rows;
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        if (table.index[place] <= last && !IsErrorRow(table.plunge[place])) {
+            ++rows[{std::abs(table.plunge[place]), table.trend[place]}];
+        }
+    }
+    DistinctPlanes planes;
+    for (const auto& [pole, weight] : rows) {
+        planes.normals.push_back(LineToCosines(pole.first, pole.second));
+        planes.weights.push_back(weight);
+    }
+    return planes;
+}
+
+} // namespace
+
+void DrawRowSymbols(RowRange range, RowStyle style) {
+    Surface& surface = PlotSurface();
+    const RowTable& table = TableOf(gActivePlot);
+    if (ActiveRecord().DensityInvalid != 0 && gPlotStages.slipArrowAngle) {
+        DrawWithSlipArrows(surface, table, range);
+        return;
+    }
+    DrawRuns(surface, table, RowsToDraw(table, range, style));
+}
+
+void DrawRowGreatCircles(RowRange range) {
+    Surface& surface = PlotSurface();
+    const RowTable& table = TableOf(gActivePlot);
+    const int plotKind = ActiveRecord().PlotKind;
+    const DrawState& state = surface.State();
+    const int style = state.drawStyle;
+    const double width = state.drawWidth;
+    for (const StyledRow& row : RowsToDraw(table, range, RowStyle::Own)) {
+        double plunge = 0;
+        double trend = 0;
+        UnprojectPoint(plotKind, table.x[row.place], table.y[row.place], plunge, trend);
+        if (plunge < -kSteepestUpwardPole) {
+            continue;
+        }
+        DrawGreatCircleOfPole(surface, plotKind, plunge, trend, CodeColour(row.code), style, width);
+    }
+}
+
+std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction> normals,
+                                         std::span<const std::int64_t> weights,
+                                         std::int64_t& count) {
+    TakenPlaces taken;
+    std::vector<Point> positions;
+    count = 0;
+    for (std::size_t i = 0; i < normals.size(); ++i) {
+        for (std::size_t j = i + 1; j < normals.size(); ++j) {
+            const std::optional<Direction> line = IntersectionDirection(normals[i], normals[j]);
+            if (!line) {
+                continue;
+            }
+            count += weights[i] * weights[j];
+            const NetPosition position = PositionOfDirection(plotKind, *line);
+            const auto column = static_cast<std::int16_t>(RoundToEven(position.x));
+            const auto row = static_cast<std::int16_t>(RoundToEven(position.y));
+            if (taken.Take(column, row)) {
+                positions.push_back({static_cast<double>(column), static_cast<double>(row)});
+            }
+        }
+    }
+    return positions;
+}
+
+std::int64_t DrawBetaIntersections() {
+    const DistinctPlanes planes = PlanesOfMainRows();
+    std::int64_t count = 0;
+    const std::vector<Point> positions =
+        IntersectionPositions(ActiveRecord().PlotKind, planes.normals, planes.weights, count);
+    DrawSymbols(PlotSurface(), positions, CodeOfStyleRow(kRowSymbol));
+    return count;
+}
+
+} // namespace quandrel

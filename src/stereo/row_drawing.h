@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+//
+// The rows of a plot as symbols, great circles and intersections.
+//
+// Rows of the same style on the same place show as one; each is drawn once, where the last of them
+// stands in the order of the table, which leaves the picture as it was.
+
+#pragma once
+
+#include "core/row_table.h"
+#include "core/style_tables.h"
+#include "orientation/angles.h"
+#include "platform/surface.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+/// Rows to draw: those of the active plot's table whose point index lies from `first` to `last`.
+struct RowRange {
+    std::int32_t first = 1;
+    std::int32_t last = 0;
+};
+
+/// How the symbol of a row is found.
+enum class RowStyle {
+    Own,         ///< its code in gDataSymbol
+    DensityBand, ///< the style of its density band
+};
+
+/// A symbol for each row with its style. A code of symbol 0 hides a row. While DensityInvalid of
+/// the plot is set, a slip arrow goes with each.
+void DrawRowSymbols(RowRange range, RowStyle style = RowStyle::Own);
+
+/// The great circle of each row: of the plane whose pole stands in the table, in the colour of the
+/// row. A row of a line shows the plane at right angles to it.
+void DrawRowGreatCircles(RowRange range);
+
+/// A symbol where the planes of each pair of valid main rows meet, in the style of row 0. Parallel
+/// planes have no intersection. Returns how many there are. n different planes cost n (n - 1) / 2.
+std::int64_t DrawBetaIntersections();
+
+/// Positions, without repeats, of the intersections of all pairs of planes.
+///
+/// @param plotKind  projection
+/// @param normals   downward unit normals of different planes
+/// @param weights   how many planes share each normal, as many as normals
+/// @param[out] count  pairs of planes that intersect, each of the shared ones counted
+[[nodiscard]] std::vector<Point> IntersectionPositions(int plotKind,
+                                                       std::span<const Direction> normals,
+                                                       std::span<const std::int64_t> weights,
+                                                       std::int64_t& count);
+
+} // namespace quandrel

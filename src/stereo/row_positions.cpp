@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/row_positions.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+
+#include <array>
+#include <cmath>
+#include <memory>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::size_t kPlunges = 91;
+constexpr std::size_t kTrends = 361;
+
+/// The line that is plotted for a whole-degree line, and its place.
+struct WholeDegreeLine {
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+    bool known = false;
+};
+
+using WholeDegreeLines = std::array<std::array<WholeDegreeLine, kTrends>, kPlunges>;
+
+/// Place of a downward whole-degree line. There are few of them, so each is worked out once.
+WholeDegreeLine PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
+    static const auto known = std::make_unique<std::array<WholeDegreeLines, 2>>();
+    const std::size_t projection = plotKind == kEqualAngle ? 1 : 0;
+    WholeDegreeLine& line =
+        (*known)[projection][static_cast<std::size_t>(plunge)][static_cast<std::size_t>(trend)];
+    if (!line.known) {
+        ProjectPointInt(plotKind, DegToRad(plunge), DegToRad(trend), line.x, line.y);
+        line.known = true;
+    }
+    return line;
+}
+
+/// The pole of a plane in whole degrees; the sign of a dip plays no part.
+ShownOrientation PoleInDegrees(ShownOrientation plane) {
+    const std::int32_t trend = plane.azimuth < 180 ? plane.azimuth + 180 : plane.azimuth - 180;
+    return {90 - std::abs(plane.dip), trend};
+}
+
+bool IsWholeDegreeLine(ShownOrientation line) {
+    return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
+}
+
+} // namespace
+
+std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay) {
+    std::int32_t first = record.NumData + 1;
+    for (int k = 1; k < overlay; ++k) {
+        first += record.OverlayRows[static_cast<std::size_t>(k)];
+    }
+    return first;
+}
+
+int OverlayOfRow(const PlotRecord& record, std::int32_t row) {
+    if (row <= record.NumData) {
+        return 0;
+    }
+    std::int32_t end = record.NumData;
+    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+        end += record.OverlayRows[static_cast<std::size_t>(overlay)];
+        if (row <= end) {
+            return overlay;
+        }
+    }
+    return record.OverlayRows[0];
+}
+
+bool IsPlottedAsPole(const PlotRecord& record, int overlay) {
+    if (overlay > 0) {
+        return record.OverlayKind[static_cast<std::size_t>(overlay)] <= kOverlayPoles;
+    }
+    const bool isPlane = record.ShowSecondary != 0 ? record.SecondaryFormat == kSecondaryPlane
+                                                   : record.PrimaryFormat == kPrimaryPlane;
+    return isPlane || record.DataKind == kPlanes;
+}
+
+ShownOrientation OrientationShown(int slot, std::int32_t row) {
+    const PlotRecord& record = RecordOf(slot);
+    ShownOrientation shown{gDataDip(slot, row), gDataAz(slot, row)};
+    if (record.ShowSecondary != 0 && row <= record.NumData && shown.dip != kErrorRow) {
+        shown = {gData2Dip(slot, row), gData2Az(slot, row)};
+    }
+    return shown;
+}
+
+PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
+                              ShownOrientation shown) {
+    if (shown.dip == kErrorRow || !IsWholeDegreeLine(shown)) {
+        return {index, 0, 0, kErrorRow, 0};
+    }
+    const ShownOrientation line = asPole ? PoleInDegrees(shown) : shown;
+    const WholeDegreeLine place = PlaceOf(plotKind, std::abs(line.dip), line.azimuth);
+    return {index, place.x, place.y, DegToRad(line.dip), DegToRad(line.azimuth)};
+}
+
+void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
+                      bool asPole) {
+    RowTable& table = TableOf(slot);
+    const PlottedRow row = PlottedOrientation(RecordOf(slot).PlotKind, asPole, index, shown);
+    if (place < table.size()) {
+        SetRow(table, place, row);
+    } else {
+        AppendRow(table, row);
+    }
+}
+
+void RebuildRowTable(int slot) {
+    PlotRecord& record = RecordOf(slot);
+    RowTable& table = TableOf(slot);
+    ResizeRowTable(table, static_cast<std::size_t>(record.NumLoadedData));
+    for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
+        StoreRowPosition(slot, static_cast<std::size_t>(row) - 1, row, OrientationShown(slot, row),
+                         IsPlottedAsPole(record, OverlayOfRow(record, row)));
+    }
+    record.RowsChanged = kTrue;
+}
+
+} // namespace quandrel

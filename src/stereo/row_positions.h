@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+//
+// From the data columns to the table of plotted rows: which orientation of a row is shown, whether
+// it is plotted as a pole, and where it falls on the net.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "core/row_table.h"
+
+#include <cstdint>
+
+namespace quandrel {
+
+/// The overlay that a row of a plot belongs to, or 0 for a main row.
+[[nodiscard]] int OverlayOfRow(const PlotRecord& record, std::int32_t row);
+
+/// The first row of an overlay 1 to OverlayRows[0].
+[[nodiscard]] std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay);
+
+/// True when rows are plotted as the poles of planes: the plotted set is plane data, or is plotted
+/// as planes. `overlay` 0 asks for the main rows. Everyone who turns columns into positions, or
+/// positions into columns, asks here.
+[[nodiscard]] bool IsPlottedAsPole(const PlotRecord& record, int overlay);
+
+/// An orientation in whole degrees as the columns hold it.
+struct ShownOrientation {
+    std::int32_t dip = 0; ///< or plunge; kErrorRow where the row cannot be plotted
+    std::int32_t azimuth = 0;
+};
+
+/// The orientation of a row that is shown: the secondary one of a main row while the plot shows the
+/// secondary data, else the primary one.
+[[nodiscard]] ShownOrientation OrientationShown(int slot, std::int32_t row);
+
+/// The line of the table for an orientation in whole degrees, dip -90 to 90, azimuth 0 to 360.
+[[nodiscard]] PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
+                                            ShownOrientation shown);
+
+/// Writes the line of a row at a place of the table of a slot, the place at its end included. An
+/// orientation that is missing makes an error row.
+void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
+                      bool asPole);
+
+/// Makes the table of a slot anew from the columns, all rows in order, and marks its rows as
+/// changed.
+void RebuildRowTable(int slot);
+
+} // namespace quandrel

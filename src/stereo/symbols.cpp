@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/symbols.h"
+
+#include "orientation/angles.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+using Ink = GlyphPart::Ink;
+using Kind = GlyphPart::Kind;
+
+GlyphPart CirclePart(double radius, Ink ink) {
+    return {Kind::Circle, ink, {{0, 0}}, radius};
+}
+
+GlyphPart PolygonPart(std::vector<Point> points, Ink ink) {
+    return {Kind::Polygon, ink, std::move(points), 0};
+}
+
+GlyphPart LinePart(Point from, Point to) {
+    return {Kind::Polyline, Ink::Outline, {from, to}, 0};
+}
+
+GlyphPart SquarePart(double h, Ink ink) {
+    return PolygonPart({{-h, -h}, {h, -h}, {h, h}, {-h, h}}, ink);
+}
+
+/// A plus with arms of width 2h that reach to 3h.
+GlyphPart PlusPart(double h, Ink ink) {
+    return PolygonPart({{-h, 3 * h},
+                        {h, 3 * h},
+                        {h, h},
+                        {3 * h, h},
+                        {3 * h, -h},
+                        {h, -h},
+                        {h, -3 * h},
+                        {-h, -3 * h},
+                        {-h, -h},
+                        {-3 * h, -h},
+                        {-3 * h, h},
+                        {-h, h}},
+                       ink);
+}
+
+/// An upright triangle about its centre of mass, of half-width h / 2; `sign` -1 stands it on its
+/// tip.
+GlyphPart TrianglePart(double h, double sign, Ink ink) {
+    const double halfWidth = h / 2;
+    const double height = halfWidth * std::sqrt(3.0);
+    return PolygonPart({{0, sign * height * 2 / 3},
+                        {halfWidth, -sign * height / 3},
+                        {-halfWidth, -sign * height / 3}},
+                       ink);
+}
+
+GlyphPart DiamondPart(double h, Ink ink) {
+    return PolygonPart({{0, 1.3 * h}, {h, 0}, {0, -1.3 * h}, {-h, 0}}, ink);
+}
+
+/// A star of `tips` tips between two radii, the first tip up.
+GlyphPart StarPart(int tips, double outer, double inner, Ink ink) {
+    std::vector<Point> points;
+    for (int i = 0; i < 2 * tips; ++i) {
+        const double radius = i % 2 == 0 ? outer : inner;
+        const double azimuth = i * kPi / tips;
+        points.push_back({radius * std::sin(azimuth), radius * std::cos(azimuth)});
+    }
+    return PolygonPart(std::move(points), ink);
+}
+
+/// A compass mark: a four-tipped star over a ring, and an arrow head in the north.
+std::vector<GlyphPart> CompassParts(double h) {
+    return {CirclePart(1.5 * h, Ink::Outline),
+            StarPart(4, 2.6 * h, 0.6 * h, Ink::White),
+            PolygonPart({{0, 2.6 * h}, {0.42 * h, 0.42 * h}, {0, 0}}, Ink::Filled),
+            PolygonPart({{2.6 * h, 0}, {0.42 * h, -0.42 * h}, {0, 0}}, Ink::Filled),
+            PolygonPart({{0, -2.6 * h}, {-0.42 * h, -0.42 * h}, {0, 0}}, Ink::Filled),
+            PolygonPart({{-2.6 * h, 0}, {-0.42 * h, 0.42 * h}, {0, 0}}, Ink::Filled),
+            PolygonPart({{0, 3.3 * h}, {0.4 * h, 2.7 * h}, {-0.4 * h, 2.7 * h}}, Ink::Filled)};
+}
+
+constexpr double kArrowLength = 25;
+constexpr double kArrowHead = 8;
+
+/// A line from the place along an azimuth, with a filled head at its end.
+std::vector<GlyphPart> ArrowParts(double size, double azimuth) {
+    const Point along{std::sin(azimuth), std::cos(azimuth)};
+    const Point across{along.y, -along.x};
+    const double length = kArrowLength * size;
+    const double head = kArrowHead * size;
+    const auto at = [&](double forward, double sideways) {
+        return Point{forward * along.x + sideways * across.x,
+                     forward * along.y + sideways * across.y};
+    };
+    return {LinePart({0, 0}, at(length - head / 2, 0)),
+            PolygonPart({at(length, 0), at(length - head, head / 3), at(length - head, -head / 3)},
+                        Ink::Filled)};
+}
+
+/// The mark at the end of a slip arrow: two rings and a cross, or a bar for the upward side.
+std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
+    std::vector<GlyphPart> parts = {CirclePart(5 * h, upward ? Ink::White : Ink::Filled),
+                                    CirclePart(3 * h, Ink::Outline),
+                                    LinePart({-3 * h, 0}, {3 * h, 0})};
+    if (upward) {
+        parts.push_back(LinePart({0, -3 * h}, {0, 3 * h}));
+    }
+    return parts;
+}
+
+std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
+    const double s = size;
+    switch (symbolCode) {
+    case kPixelSymbol:
+        return {{Kind::Pixel, Ink::Filled, {{0, 0}}, 0}};
+    case 2:
+        return {CirclePart(4 * s, Ink::Filled)};
+    case 3:
+        return {SquarePart(4 * s, Ink::Filled)};
+    case 4:
+        return {PlusPart(2 * s, Ink::Filled)};
+    case 5:
+        return {CirclePart(5 * s, Ink::White)};
+    case 6:
+        return {CirclePart(5 * s, Ink::White), CirclePart(2.5 * s, Ink::Filled)};
+    case 7:
+        return {CirclePart(4 * s, Ink::Outline)};
+    case 8:
+        return {SquarePart(4 * s, Ink::Outline)};
+    case 9:
+        return {PlusPart(2 * s, Ink::Outline)};
+    case 10:
+        return {TrianglePart(10 * s, 1, Ink::Filled)};
+    case 11:
+        return {TrianglePart(10 * s, -1, Ink::Filled)};
+    case 12:
+        return {DiamondPart(4 * s, Ink::Filled)};
+    case 13:
+        return {StarPart(5, 6 * s, 2.4 * s, Ink::Filled)};
+    case 14:
+        return {LinePart({-5 * s, -5 * s}, {5 * s, 5 * s})};
+    case 15:
+        return {LinePart({-5 * s, 5 * s}, {5 * s, -5 * s})};
+    case 16:
+        return {LinePart({-5 * s / 1.4, -5 * s / 1.4}, {5 * s / 1.4, 5 * s / 1.4}),
+                LinePart({-5 * s / 1.4, 5 * s / 1.4}, {5 * s / 1.4, -5 * s / 1.4})};
+    case 17:
+        return CompassParts(3 * s);
+    case kSlipArrowSymbol:
+        return ArrowParts(s, angle);
+    case kSlipEndSymbol:
+        return SlipEndParts(s, false);
+    case kSlipUpEndSymbol:
+        return SlipEndParts(s, true);
+    case kLargeCircleSymbol:
+        return {CirclePart(100, Ink::Outline)};
+    default:
+        return {};
+    }
+}
+
+/// Glyphs that do not turn, made once each.
+const Glyph& KnownGlyph(int symbolCode, int size) {
+    static std::map<std::pair<int, int>, Glyph> known;
+    const auto [place, isNew] = known.try_emplace({symbolCode, size});
+    if (isNew) {
+        place->second = GlyphOfSymbol(symbolCode, size, 0);
+    }
+    return place->second;
+}
+
+bool IsColour(int index) {
+    return index >= 0 && index < kColourCount;
+}
+
+} // namespace
+
+Glyph GlyphOfSymbol(int symbolCode, int size, double angle) {
+    const int drawnSize = std::max(size, 1);
+    std::string name = std::to_string(symbolCode) + "/" + std::to_string(drawnSize);
+    if (symbolCode == kSlipArrowSymbol) {
+        name += "/" + RadToDegText(angle);
+    }
+    return {std::move(name), PartsOf(symbolCode, drawnSize, angle)};
+}
+
+bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex, int symbolCode,
+                int size, double angle) {
+    const Point at{static_cast<double>(x), static_cast<double>(y)};
+    if (!IsColour(colourIndex)) {
+        return false;
+    }
+    const Colour colour = TableColour(colourIndex);
+    if (symbolCode == kSlipArrowSymbol) {
+        surface.Markers(GlyphOfSymbol(symbolCode, size, angle), colour, std::span(&at, 1));
+        return true;
+    }
+    const Glyph& glyph = KnownGlyph(symbolCode, size);
+    if (!glyph.parts.empty()) {
+        surface.Markers(glyph, colour, std::span(&at, 1));
+    }
+    return true;
+}
+
+bool DrawSymbols(Surface& surface, std::span<const Point> places, SymbolCode code) {
+    if (!IsColour(CodeColour(code))) {
+        return false;
+    }
+    const Glyph& glyph = KnownGlyph(CodeSymbol(code), CodeSize(code));
+    if (!glyph.parts.empty() && !places.empty()) {
+        surface.Markers(glyph, TableColour(CodeColour(code)), places);
+    }
+    return true;
+}
+
+} // namespace quandrel

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+//
+// Markers: the one primitive behind data rows, grid symbols, legend samples and the symbol picker.
+
+#pragma once
+
+#include "core/style_tables.h"
+#include "platform/surface.h"
+
+#include <cstdint>
+#include <span>
+
+namespace quandrel {
+
+/// Codes of symbols that procedures name. The others, 2 to 17, are in the table of glyphs.
+enum SymbolCodeNumber : int {
+    kNoSymbol = 0,    ///< hides a row
+    kPixelSymbol = 1, ///< one logical pixel
+    kSlipArrowSymbol = 50,
+    kSlipEndSymbol = 51,   ///< end mark of a downward slip arrow
+    kSlipUpEndSymbol = 52, ///< end mark of an upward one
+    kLargeCircleSymbol = 100,
+};
+
+/// The shape of a symbol in plot units about its place; empty for code 0 and unknown codes.
+///
+/// @param size   0 counts as 1; the half-size is the size times a factor of the code
+/// @param angle  azimuth of a slip arrow, radians; other shapes do not turn
+/// @return a shape that is kept as long as the program runs, unless it has an angle
+[[nodiscard]] Glyph GlyphOfSymbol(int symbolCode, int size, double angle);
+
+/// Draws a symbol. The surface's state is left as it was.
+///
+/// @param x, y         plot units
+/// @param colourIndex  0 to 24; any other is refused
+/// @return false when the colour was refused: nothing is drawn
+bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex, int symbolCode,
+                int size, double angle);
+
+/// Draws one style at many places, in their order.
+bool DrawSymbols(Surface& surface, std::span<const Point> places, SymbolCode code);
+
+} // namespace quandrel
