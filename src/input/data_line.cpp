@@ -1,0 +1,409 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/data_line.h"
+
+#include "input/decimal_delimiter.h"
+#include "input/line_tokens.h"
+#include "orientation/angles.h"
+#include "orientation/notation.h"
+#include "orientation/number_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kSteepest = 90;
+constexpr double kFullTurn = 360;
+constexpr double kSteepestPitch = 180;
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The tokens of a row by their slots.
+struct Items {
+    const LineTokens& tokens;
+    const LineFormat& format;
+
+    [[nodiscard]] const Token& At(int slot) const { return tokens.At(slot, format.slots); }
+
+    [[nodiscard]] bool IsSameColumn(int slot, int other) const {
+        return format.slots[static_cast<std::size_t>(slot)]
+               == format.slots[static_cast<std::size_t>(other)];
+    }
+};
+
+// What the first characters say of a line; Row when it has to be read.
+LineStatus KindOfLine(std::string_view line, char delimiter) {
+    line = WithoutLeadingBlanks(line, delimiter);
+    if (line.empty()) {
+        return LineStatus::Blank;
+    }
+    switch (line.front()) {
+    case '/':
+        return LineStatus::ParameterLine;
+    case ';':
+    case '*':
+        return LineStatus::Comment;
+    default:
+        return std::any_of(line.begin(), line.end(), IsDigit) ? LineStatus::Row
+                                                              : LineStatus::NotData;
+    }
+}
+
+// Cuts a sense off a number such as "45SW"; nothing when what is behind the number is no sense.
+std::optional<double> NumberBeforeSense(std::string_view text, std::string_view& sense) {
+    std::string_view number;
+    if (!SplitSenseLetters(text, number, sense) || !IsValidSense(sense)) {
+        return std::nullopt;
+    }
+    return ReadNumber(number);
+}
+
+// A dip or plunge. A sense behind it is cut off in every convention.
+bool ReadDip(const Token& token, double& dip) {
+    std::optional<double> degrees = NumberIn(token);
+    if (!degrees) {
+        std::string_view sense;
+        degrees = NumberBeforeSense(token.Text(), sense);
+    }
+    dip = degrees.value_or(0);
+    return degrees && std::abs(dip) <= kSteepest;
+}
+
+LineStatus ReadAzimuth(const Token& token, bool isQuadrant, double& azimuth) {
+    const std::optional<double> degrees =
+        isQuadrant ? QuadrantDegrees(token.Text()) : NumberIn(token);
+    if (!degrees) {
+        return isQuadrant ? LineStatus::NotQuadrant : LineStatus::NotOrientation;
+    }
+    azimuth = *degrees;
+    return std::abs(azimuth) <= kFullTurn ? LineStatus::Row : LineStatus::NotOrientation;
+}
+
+LineStatus ReadLine(const Token& plungeToken, const Token& trendToken, bool isQuadrant,
+                    double& plunge, double& trend) {
+    if (plungeToken.Text().empty() || trendToken.Text().empty()) {
+        return LineStatus::Missing;
+    }
+    const LineStatus status = ReadAzimuth(trendToken, isQuadrant, trend);
+    if (status != LineStatus::Row) {
+        return status;
+    }
+    return ReadDip(plungeToken, plunge) ? LineStatus::Row : LineStatus::NotOrientation;
+}
+
+// The sense of a plane: from its own token, or else from behind the dip.
+LineStatus ReadSense(const Token& dipToken, std::string_view own, std::string_view& sense) {
+    sense = own;
+    if (IsValidSense(sense)) {
+        return LineStatus::Row;
+    }
+    std::string_view number;
+    if (!SplitSenseLetters(dipToken.Text(), number, sense)) {
+        return LineStatus::NotOrientation;
+    }
+    if (sense.empty()) {
+        return LineStatus::Missing;
+    }
+    return IsValidSense(sense) ? LineStatus::Row : LineStatus::NotOrientation;
+}
+
+// A plane in the convention of the format. `own` is the token of its sense, empty when the sense
+// stands with the dip.
+LineStatus ReadPlane(const Token& dipToken, const Token& azimuthToken, std::string_view own,
+                     const LineFormat& format, double& dip, double& dipDirection) {
+    if (dipToken.Text().empty() || azimuthToken.Text().empty()) {
+        return LineStatus::Missing;
+    }
+    const bool hasSense = HasSenseOfDip(format.planeConvention);
+    std::string_view sense;
+    LineStatus status = hasSense ? ReadSense(dipToken, own, sense) : LineStatus::Row;
+    if (status != LineStatus::Row) {
+        return status;
+    }
+    double azimuth = 0;
+    status = ReadAzimuth(azimuthToken, format.isQuadrant, azimuth);
+    if (status != LineStatus::Row) {
+        return status;
+    }
+    if (!ReadDip(dipToken, dip)) {
+        return LineStatus::NotOrientation;
+    }
+    dipDirection = azimuth;
+    if (hasSense) {
+        return DipDirectionFromSense(azimuth, sense, dipDirection) == SenseVerdict::kFound
+                   ? LineStatus::Row
+                   : LineStatus::NotOrientation;
+    }
+    if (format.planeConvention == kDipStrikeRightHand
+        || format.planeConvention == kStrikeDipRightHand) {
+        dipDirection = RightHandDipDirection(azimuth);
+    }
+    return LineStatus::Row;
+}
+
+LineStatus ReadDirection(const Items& items, double& azimuth) {
+    const Token& token = items.At(kSlotDirection);
+    if (token.Text().empty()) {
+        return LineStatus::Missing;
+    }
+    const LineStatus status = ReadAzimuth(token, items.format.isQuadrant, azimuth);
+    return status == LineStatus::Row && azimuth < 0 ? LineStatus::NotOrientation : status;
+}
+
+LineStatus ReadPrimary(const Items& items, ParsedRow& row) {
+    const LineFormat& format = items.format;
+    if (format.primary <= kDirections
+        && (!format.hasOverlays || items.IsSameColumn(kSlotDip, kSlotDirection))) {
+        row.dip = 0;
+        return ReadDirection(items, row.az);
+    }
+    const Token& dip = items.At(kSlotDip);
+    const Token& azimuth = items.At(kSlotDirection);
+    if (format.primary != kPrimaryPlane) {
+        return ReadLine(dip, azimuth, format.isQuadrant, row.dip, row.az);
+    }
+    std::string_view sense;
+    if (HasSenseOfDip(format.planeConvention) && !items.IsSameColumn(kSlotSense, kSlotDip)) {
+        sense = items.At(kSlotSense).Text();
+    }
+    return ReadPlane(dip, azimuth, sense, format, row.dip, row.az);
+}
+
+void TakeSecondary(double plunge, double trend, ParsedRow& row) {
+    row.dip2 = RadToDeg(plunge);
+    row.az2 = RadToDeg(trend);
+    row.secondaryPresent = true;
+}
+
+LineStatus ReadPitch(const Items& items, ParsedRow& row) {
+    const Token& token = items.At(kSlotSecondaryDirection);
+    std::string_view number = token.Text();
+    std::string_view sense = items.At(kSlotSecondarySense).Text();
+    if (items.IsSameColumn(kSlotSecondaryDirection, kSlotSecondarySense)) {
+        if (token.Text().empty()) {
+            return LineStatus::Missing;
+        }
+        if (!SplitSenseLetters(token.Text(), number, sense)) {
+            return LineStatus::NotOrientation;
+        }
+    }
+    if (number.empty() || sense.empty()) {
+        return LineStatus::Missing;
+    }
+    const std::optional<double> pitch = ReadNumber(number);
+    double plunge = 0;
+    double trend = 0;
+    if (!pitch || std::abs(*pitch) > kSteepestPitch
+        || !PlanePitchToLine(DegToRad(row.dip), DegToRad(row.az), DegToRad(*pitch), sense, plunge,
+                             trend)) {
+        return LineStatus::NotOrientation;
+    }
+    TakeSecondary(plunge, trend, row);
+    return LineStatus::Row;
+}
+
+// A trend that is none leaves the row without a secondary orientation.
+LineStatus ReadTrend(const Items& items, ParsedRow& row) {
+    const Token& token = items.At(kSlotSecondaryDirection);
+    std::optional<double> degrees = NumberIn(token);
+    if (!degrees && items.format.isQuadrant) {
+        degrees = QuadrantDegrees(token.Text());
+    }
+    if (!degrees) {
+        return LineStatus::Row;
+    }
+    if (std::abs(*degrees) > kFullTurn) {
+        return LineStatus::NotOrientation;
+    }
+    double plunge = 0;
+    double trend = 0;
+    PlaneTrendToLine(DegToRad(row.dip), DegToRad(row.az), DegToRad(*degrees), plunge, trend);
+    TakeSecondary(plunge, trend, row);
+    return LineStatus::Row;
+}
+
+LineStatus ReadHade(const Items& items, ParsedRow& row) {
+    const Token& token = items.At(kSlotSecondaryDirection);
+    if (token.Text().empty()) {
+        return LineStatus::Missing;
+    }
+    // An angle within the plane is a number in either notation.
+    const bool isQuadrant = items.format.isQuadrant && !NumberIn(token);
+    double hade = 0;
+    const LineStatus status = ReadAzimuth(token, isQuadrant, hade);
+    if (status != LineStatus::Row) {
+        return status;
+    }
+    double plunge = 0;
+    double trend = 0;
+    PlaneHadeToPlunge(DegToRad(row.dip), DegToRad(row.az), DegToRad(hade), plunge, trend);
+    TakeSecondary(plunge, trend, row);
+    return LineStatus::Row;
+}
+
+LineStatus ReadSecondaryPair(const Items& items, ParsedRow& row) {
+    const LineFormat& format = items.format;
+    const Token& dip = items.At(kSlotSecondaryDip);
+    const Token& azimuth = items.At(kSlotSecondaryDirection);
+    LineStatus status = LineStatus::Row;
+    if (format.secondaryMayBeMissing && dip.Text().empty() && azimuth.Text().empty()) {
+        return LineStatus::Row;
+    }
+    if (format.secondary == kSecondaryLine) {
+        status = ReadLine(dip, azimuth, format.isQuadrant, row.dip2, row.az2);
+    } else {
+        std::string_view sense;
+        if (HasSenseOfDip(format.planeConvention)
+            && !items.IsSameColumn(kSlotSecondarySense, kSlotSecondaryDip)) {
+            sense = items.At(kSlotSecondarySense).Text();
+        }
+        status = ReadPlane(dip, azimuth, sense, format, row.dip2, row.az2);
+    }
+    row.secondaryPresent = status == LineStatus::Row;
+    return status;
+}
+
+LineStatus ReadSecondary(const Items& items, ParsedRow& row) {
+    switch (items.format.secondary) {
+    case kPitchInPlane:
+        return ReadPitch(items, row);
+    case kTrendInPlane:
+        return ReadTrend(items, row);
+    case kSecondaryLine:
+    case kSecondaryPlane:
+        return ReadSecondaryPair(items, row);
+    case kHadeInPlane:
+        return ReadHade(items, row);
+    default:
+        return LineStatus::Row;
+    }
+}
+
+void ReadAppendedLine(const Items& items, ParsedRow& row) {
+    switch (ReadLine(items.At(kSlotAppendedPlunge), items.At(kSlotAppendedTrend),
+                     items.format.isQuadrant, row.linePlunge, row.lineTrend)) {
+    case LineStatus::Row:
+        row.lineStatus = AppendedLineStatus::Good;
+        break;
+    case LineStatus::Missing:
+        row.lineStatus = AppendedLineStatus::Missing;
+        break;
+    default:
+        row.lineStatus = AppendedLineStatus::Incorrect;
+        break;
+    }
+}
+
+bool Holds(std::string_view text, char c) {
+    return text.find(c) != std::string_view::npos;
+}
+
+// A number with thousands parted from each other, as the region writes them; or as others do, when
+// delimiters are to be converted.
+std::optional<double> NumberWithGroups(std::string_view text, const LineFormat& format) {
+    if (!Holds(text, '.') && !Holds(text, ',')) {
+        return std::nullopt;
+    }
+    double value = NumberFromText(text, format.decimalIsComma);
+    if (value == 0 && format.convertDecimals) {
+        value = NumberFromText(text, !format.decimalIsComma);
+    }
+    return value == 0 ? std::nullopt : std::optional<double>(value);
+}
+
+void ReadNumberItem(const Items& items, ParsedRow& row) {
+    const Token& token = items.At(kSlotNumber);
+    const LineFormat& format = items.format;
+    if (token.Text().empty()) {
+        row.numberStatus = NumberStatus::Missing;
+        return;
+    }
+    std::optional<double> value = NumberIn(token);
+    if (!value) {
+        value = NumberWithGroups(token.Text(), format);
+    }
+    if (!value) {
+        row.numberStatus = NumberStatus::Incorrect;
+        return;
+    }
+    const char right = format.decimalIsComma ? ',' : '.';
+    const char wrong = format.decimalIsComma ? '.' : ',';
+    const bool isWrong = token.isPlainNumber
+                             ? token.decimalDelimiter == wrong
+                             : Holds(token.Text(), wrong) && !Holds(token.Text(), right);
+    row.number = *value;
+    row.numberStatus =
+        isWrong && !format.convertDecimals ? NumberStatus::WrongDelimiter : NumberStatus::Good;
+}
+
+void ReadTextItem(const Items& items, ParsedRow& row) {
+    const Token& token = items.At(kSlotText);
+    const LineFormat& format = items.format;
+    row.textStatus = TextStatus::Good;
+    if (token.hasDoubledQuotes) {
+        row.text.Keep(WithSingleQuotes(token.Text()));
+    } else if (format.convertDecimals && NumberIn(token)
+               && Holds(token.Text(), format.decimalIsComma ? '.' : ',')) {
+        row.text.Keep(FixDecimalDelimiter(token.Text(), format.decimalIsComma));
+    } else {
+        row.text.View(token.Text());
+    }
+}
+
+void ReadRow(const Items& items, ParsedRow& row) {
+    row.status = ReadPrimary(items, row);
+    if (row.status == LineStatus::Row) {
+        row.status = ReadSecondary(items, row);
+    }
+    if (row.status != LineStatus::Row) {
+        return;
+    }
+    if (items.format.wantLine) {
+        ReadAppendedLine(items, row);
+    }
+    if (items.format.wantNumber) {
+        ReadNumberItem(items, row);
+    }
+    if (items.format.wantText) {
+        ReadTextItem(items, row);
+    }
+}
+
+} // namespace
+
+[[gnu::flatten]] ParsedRow ParseLine(std::string_view line, const LineFormat& format) {
+    ParsedRow row;
+    row.status = KindOfLine(line, format.delimiter);
+    if (row.status != LineStatus::Row) {
+        return row;
+    }
+    LineTokens tokens;
+    const int missing = format.neededColumns
+                        - tokens.Split(line, format.neededColumns, format.delimiter, format.slots);
+    // A text at the end may be left out on purpose.
+    if (missing > (format.wantText ? 1 : 0)) {
+        row.status = LineStatus::TooFewItems;
+        return row;
+    }
+    ReadRow({tokens, format}, row);
+    return row;
+}
+
+ParsedRow ParseValues(const std::array<std::string_view, kColumnSlots>& values,
+                      const LineFormat& format) {
+    LineFormat bySlot = format;
+    bySlot.slots = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+    LineTokens tokens;
+    tokens.Assign(values);
+    ParsedRow row;
+    ReadRow({tokens, bySlot}, row);
+    return row;
+}
+
+} // namespace quandrel

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/data_rows.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/notation.h"
+#include "stereo/row_positions.h"
+
+#include <cmath>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+std::int32_t WholeDegrees(double degrees) {
+    return static_cast<std::int32_t>(RoundToEven(degrees));
+}
+
+std::int32_t WholeAzimuth(double degrees) {
+    double azimuth = RoundToEven(degrees);
+    WrapDegrees(azimuth);
+    return static_cast<std::int32_t>(azimuth);
+}
+
+ShownOrientation Rounded(double dip, double azimuth) {
+    return {WholeDegrees(dip), WholeAzimuth(azimuth)};
+}
+
+/// The pole of a plane, or the plane of a pole.
+ShownOrientation Turned(ShownOrientation orientation) {
+    const std::int32_t azimuth = orientation.azimuth;
+    return {90 - std::abs(orientation.dip), azimuth < 180 ? azimuth + 180 : azimuth - 180};
+}
+
+/// True when a column of the active plot has a place for a row.
+template <class Column>
+bool Holds(const Column& column, std::int32_t index) {
+    return index < column.RowCount(gActivePlot);
+}
+
+[[nodiscard]] bool MakeRoom(std::int32_t index, const RowTarget& target, const PlotRecord& record) {
+    const bool needsSecondary = target.secondaryFormat != 0 && !Holds(gData2Dip, index);
+    if (!Holds(gDataDip, index) || needsSecondary) {
+        int secondary = target.secondaryFormat != 0 ? 1 : 0;
+        GrowDataColumns(secondary, index);
+        if (secondary != 0) {
+            return false;
+        }
+    }
+    return (record.HasAppendedLine == 0 || Holds(gAppLineAz, index)
+            || GrowAppendedColumn(AppendedColumn::Line))
+           && (record.HasAppendedNumeric == 0 || Holds(gAppNumeric, index)
+               || GrowAppendedColumn(AppendedColumn::Number))
+           && (record.HasAppendedText == 0 || Holds(gAppText, index)
+               || GrowAppendedColumn(AppendedColumn::Text));
+}
+
+void StoreErrorRow(std::int32_t index) {
+    gDataDip.At(gActivePlot, index) = kErrorRow;
+    gDataAz.At(gActivePlot, index) = 0;
+    gDataSymbol.At(gActivePlot, index) = 0;
+    gDataSymbolBase.At(gActivePlot, index) = 0;
+    gPointDensity.At(gActivePlot, index) = 0;
+    gDataOrder.At(gActivePlot, index) = index;
+    AppendRow(TableOf(gActivePlot), {index, 0, 0, static_cast<double>(kErrorRow), 0});
+}
+
+/// Stores both orientations and gives the primary one as it now stands.
+ShownOrientation StoreOrientations(const ParsedRow& row, std::int32_t index,
+                                   const RowTarget& target, const PlotRecord& record) {
+    ShownOrientation primary = Rounded(row.dip, row.az);
+    if (target.turnToPole) {
+        primary = Turned(primary);
+    }
+    if (target.secondaryFormat != 0) {
+        ShownOrientation secondary{kErrorRow, kErrorRow};
+        if (row.secondaryPresent) {
+            secondary = Rounded(row.dip2, row.az2);
+        }
+        if (target.overlay > 0 && record.ShowSecondary != 0) {
+            std::swap(primary, secondary);
+        }
+        gData2Dip.At(gActivePlot, index) = secondary.dip;
+        gData2Az.At(gActivePlot, index) = secondary.azimuth;
+    }
+    gDataDip.At(gActivePlot, index) = primary.dip;
+    gDataAz.At(gActivePlot, index) = primary.azimuth;
+    return primary;
+}
+
+void StoreLine(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
+    faults.line = row.lineStatus != AppendedLineStatus::Good;
+    gAppLineDip.At(gActivePlot, index) =
+        faults.line ? kInvalidAppendedLine : WholeDegrees(row.linePlunge);
+    gAppLineAz.At(gActivePlot, index) = faults.line ? 0 : WholeAzimuth(row.lineTrend);
+}
+
+void StoreNumber(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
+    faults.number = row.numberStatus != NumberStatus::Good;
+    gAppNumeric.At(gActivePlot, index) =
+        faults.number ? kInvalidNumber : static_cast<float>(row.number);
+}
+
+} // namespace
+
+SymbolCode CodeOfNewRow(int overlay, bool upward) {
+    const PlotRecord& record = ActiveRecord();
+    if (overlay > 0) {
+        const bool isPolar =
+            record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
+        const int row = kFirstOverlaySymbol + overlay % kOverlaySymbols;
+        return CodeOfStyleRow(isPolar && upward ? row + 1 : row);
+    }
+    if (!record.AxesTitle.empty()) {
+        const bool isUp = upward && record.DataKind == kPolarLines;
+        return CodeOfStyleRow(isUp ? kDerivedUpSymbol : kDerivedSymbol);
+    }
+    return CodeOfStyleRow(upward ? kUpRowSymbol : kRowSymbol);
+}
+
+bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
+                  RowFaults& faults) {
+    faults = {};
+    const PlotRecord& record = ActiveRecord();
+    if (!MakeRoom(index, target, record)) {
+        return false;
+    }
+    if (row.status != LineStatus::Row) {
+        StoreErrorRow(index);
+        return true;
+    }
+    const ShownOrientation stored = StoreOrientations(row, index, target, record);
+    gDataOrder.At(gActivePlot, index) = index;
+    gPointDensity.At(gActivePlot, index) = 0;
+    if (record.HasAppendedLine != 0) {
+        StoreLine(row, index, faults);
+    }
+    if (record.HasAppendedNumeric != 0) {
+        StoreNumber(row, index, faults);
+    }
+    if (record.HasAppendedText != 0) {
+        faults.text = row.textStatus != TextStatus::Good;
+        gAppText.Set(gActivePlot, index, row.text);
+    }
+    if (!faults.number && !faults.text
+        && (record.HasAppendedNumeric != 0 || record.HasAppendedText != 0)) {
+        TrackAppendedRange(index);
+    }
+    ShownOrientation shown = stored;
+    if (target.overlay == 0 && record.ShowSecondary != 0) {
+        shown = {gData2Dip(gActivePlot, index), gData2Az(gActivePlot, index)};
+    }
+    const SymbolCode code = CodeOfNewRow(target.overlay, shown.dip < 0 && shown.dip != kErrorRow);
+    gDataSymbol.At(gActivePlot, index) = code;
+    gDataSymbolBase.At(gActivePlot, index) = code;
+    AppendRow(
+        TableOf(gActivePlot),
+        PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, target.overlay), index, shown));
+    return true;
+}
+
+void KeepErrorLine(std::int32_t index, std::string_view line) {
+    if (!line.empty()) {
+        gErrorLines[static_cast<std::size_t>(gActivePlot)][index] = std::string(line);
+    }
+}
+
+} // namespace quandrel

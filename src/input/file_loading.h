@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// From the path of a text file to the rows of the active plot.
+
+#pragma once
+
+#include "input/load_report.h"
+
+#include <string>
+
+namespace quandrel {
+
+/// What a load reports when it came to nothing; on success it reports its command.
+inline constexpr const char* kLoadError = "Error";
+
+/// The commands that load files.
+inline constexpr const char* kNewCommand = "New";
+inline constexpr const char* kBlankCommand = "Blank";
+inline constexpr const char* kMergeCommand = "Merge";
+inline constexpr const char* kOverlayCommand = "Overlay";
+
+/// Loads a text file into gActivePlot: parameter lines, data format dialog, rows, summary. The
+/// format globals change as the file and the user say; on failure they are put back.
+///
+/// @param command  "New", "Merge" or "Overlay"
+/// @return the command, or kLoadError
+[[nodiscard]] std::string ReadTextFile(const std::string& command, const std::string& path);
+
+/// Copies the format globals into the record of gActivePlot.
+void SetPlotFormatFromGlobals();
+
+/// Takes the rows of the last overlay of a plot away, and its file.
+void RemoveLastOverlay(int slot);
+
+/// The file's name without its folder.
+[[nodiscard]] std::string FileTitleOf(const std::string& path);
+
+} // namespace quandrel

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+//
+// The data format as the line parser takes it: the settings of a load gathered in one value, and
+// what follows from them.
+
+#pragma once
+
+#include "core/data_format.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace quandrel {
+
+/// Columns of a line parted by any of comma, semicolon, tab or a run of blanks.
+inline constexpr char kAnyDelimiter = '\0';
+
+/// Columns beyond this are never found: no line is that long.
+inline constexpr std::int32_t kMostColumns = 1 << 20;
+
+/// Everything that decides what a line means.
+struct LineFormat {
+    std::int16_t primary = kPrimaryPlane;  ///< PrimaryFormatCode; 0 counts as directions
+    std::int16_t secondary = kNoSecondary; ///< SecondaryFormatCode
+    int planeConvention = kDipDipDirection;
+    bool lineIsTrendFirst = false; ///< for texts alone: the order in a line comes from the slots
+    bool isQuadrant = false;
+    ColumnSettings slots = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+    char delimiter = '\t'; ///< or kAnyDelimiter
+    bool wantLine = false;
+    bool wantNumber = false;
+    bool wantText = false;
+    bool secondaryMayBeMissing = false; ///< a row may leave a secondary line or plane empty
+    bool hasOverlays = false;     ///< the plot has overlays: directions need a plunge, too
+    bool decimalIsComma = false;  ///< the regional decimal delimiter
+    bool convertDecimals = false; ///< numbers with the other one are taken without a word
+    int neededColumns = 2;        ///< HighestColumnNeeded + 1
+};
+
+/// Parts a convention code.
+///
+/// @param[out] planeConvention   1 to 6
+/// @param[out] lineIsTrendFirst  lines are trend, plunge
+/// @param[out] isQuadrant        azimuths are in quadrant notation
+///
+/// Kept: a quadrant code always gives lines as plunge, trend, as its sign hides the tens.
+void DecodeConventions(std::int16_t code, std::int16_t& planeConvention, bool& lineIsTrendFirst,
+                       bool& isQuadrant);
+
+/// A convention code in words: "Planes as Dip,Dip Dir'n; Lines as Plunge,Trend (all in azimuth
+/// notation)".
+[[nodiscard]] std::string ConventionsText(std::int16_t code);
+
+/// True for the plane conventions that state a sense of dip.
+[[nodiscard]] constexpr bool HasSenseOfDip(int planeConvention) {
+    return planeConvention == kStrikeDipSense || planeConvention == kDipSenseStrike;
+}
+
+/// Which of the ten slots the format uses.
+[[nodiscard]] std::array<bool, kColumnSlots> SlotsInUse(const LineFormat& format);
+
+/// The zero-based column that a line has to reach, by the slots that the format uses. 0 to
+/// kMostColumns.
+[[nodiscard]] std::int32_t HighestColumnNeeded(const LineFormat& format);
+
+/// The format in force (data_format.h, and the regional decimal delimiter).
+///
+/// @param hasOverlays  the plot that the lines are for has overlays
+[[nodiscard]] LineFormat LineFormatFromGlobals(bool hasOverlays);
+
+} // namespace quandrel

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/line_loop.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "input/decimal_delimiter.h"
+#include "input/text_file.h"
+#include "platform/platform.h"
+
+#include <chrono>
+
+namespace quandrel {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Lines between two looks at the clock.
+constexpr std::int64_t kLinesBetweenLooks = 8192;
+constexpr auto kTimeWithoutProgress = std::chrono::milliseconds(200);
+
+bool IsNonData(LineStatus status) {
+    return status == LineStatus::Blank || status == LineStatus::ParameterLine
+           || status == LineStatus::Comment || status == LineStatus::NotData;
+}
+
+bool CanBeHeading(LineStatus status) {
+    return status != LineStatus::Blank && status != LineStatus::ParameterLine
+           && status != LineStatus::Comment;
+}
+
+/// The progress bar of a load, and the user's wish to end it.
+class LoadProgress {
+public:
+    explicit LoadProgress(std::size_t bytes)
+        : bytes_(static_cast<std::int64_t>(bytes)) {}
+
+    ~LoadProgress() {
+        if (shown_) {
+            gPlatform.status->SetProgress(0, 0);
+        }
+    }
+
+    LoadProgress(const LoadProgress&) = delete;
+    LoadProgress& operator=(const LoadProgress&) = delete;
+
+    /// False once the user has asked for the load to end.
+    [[nodiscard]] bool GoOn(std::int64_t line, std::int64_t bytesDone) {
+        if (line % kLinesBetweenLooks != 0 || Clock::now() - start_ < kTimeWithoutProgress) {
+            return true;
+        }
+        shown_ = true;
+        gPlatform.status->SetProgress(bytesDone, bytes_);
+        return !gPlatform.status->CancelRequested();
+    }
+
+private:
+    std::int64_t bytes_;
+    Clock::time_point start_ = Clock::now();
+    bool shown_ = false;
+};
+
+/// The state of a pass between two lines.
+class LineLoop {
+public:
+    LineLoop(const LinePass& pass, LoadCounters& counters)
+        : pass_(pass)
+        , format_(pass.format)
+        , counters_(counters)
+        , askAboutBadLines_(pass.reportBadLines)
+        , headingIsDue_(pass.skipHeading) {}
+
+    /// False when reading ends at this line.
+    [[nodiscard]] bool Take(std::string_view line, std::string& heading) {
+        ++lines_;
+        ParsedRow row = ParseLine(line, format_);
+        if (headingIsDue_ && CanBeHeading(row.status)) {
+            headingIsDue_ = false;
+            heading = std::string(line);
+            return true;
+        }
+        if (row.numberStatus == NumberStatus::WrongDelimiter && !askedAboutDelimiter_
+            && row.status == LineStatus::Row && !AnswerDelimiter(line, row)) {
+            return false;
+        }
+        RowFaults faults;
+        const std::int32_t index = pass_.firstRow + counters_.rowsRead + 1;
+        if (!StoreDataRow(row, index, pass_.target, faults)) {
+            counters_.outOfMemory = true;
+            return false;
+        }
+        ++counters_.rowsRead;
+        if (row.status == LineStatus::Row) {
+            CountValid(faults);
+            return true;
+        }
+        KeepErrorLine(index, line);
+        return TakeBadLine(row.status, line);
+    }
+
+    [[nodiscard]] PassEnd End() const { return end_; }
+
+private:
+    void CountValid(const RowFaults& faults) {
+        ++counters_.rowsValid;
+        counters_.badNumeric += faults.number ? 1 : 0;
+        counters_.badText += faults.text ? 1 : 0;
+        counters_.badLine += faults.line ? 1 : 0;
+        nonDataInARow_ = 0;
+        invalidInARow_ = 0;
+    }
+
+    /// Asks about an appended number with the other decimal delimiter, and reads the line again
+    /// when it and its like are to be converted.
+    [[nodiscard]] bool AnswerDelimiter(std::string_view line, ParsedRow& row) {
+        askedAboutDelimiter_ = true;
+        switch (ReportWrongDelimiter(line)) {
+        case LineAnswer::Leave:
+            end_ = PassEnd::Left;
+            return false;
+        case LineAnswer::Retry:
+            gConvertDecimals = true;
+            format_.convertDecimals = true;
+            row = ParseLine(line, format_);
+            return true;
+        case LineAnswer::GoOn:
+            break;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool TakeBadLine(LineStatus status, std::string_view line) {
+        if (IsNonData(status)) {
+            ++counters_.blankLines;
+            return CountInARow(nonDataInARow_);
+        }
+        ++counters_.invalidLines;
+        if (askAboutBadLines_ && !AnswerBadLine(status, line)) {
+            return false;
+        }
+        return CountInARow(invalidInARow_);
+    }
+
+    [[nodiscard]] bool AnswerBadLine(LineStatus status, std::string_view line) {
+        askAboutBadLines_ = false;
+        const LineAnswer answer =
+            ReportBadLine(status, line, counters_.rowsRead - 1, format_.neededColumns);
+        if (answer == LineAnswer::GoOn) {
+            return true;
+        }
+        end_ = answer == LineAnswer::Retry ? PassEnd::Retry : PassEnd::Left;
+        return false;
+    }
+
+    [[nodiscard]] bool CountInARow(std::int32_t& run) {
+        if (++run < kMostBadLines) {
+            return true;
+        }
+        counters_.stoppedAtLine = lines_;
+        return false;
+    }
+
+    const LinePass& pass_;
+    LineFormat format_;
+    LoadCounters& counters_;
+    std::int64_t lines_ = 0;
+    std::int32_t nonDataInARow_ = 0;
+    std::int32_t invalidInARow_ = 0;
+    bool askAboutBadLines_;
+    bool headingIsDue_;
+    bool askedAboutDelimiter_ = false;
+    PassEnd end_ = PassEnd::Done;
+};
+
+} // namespace
+
+PassEnd StoreLines(std::string_view text, const LinePass& pass, LoadCounters& counters,
+                   std::string& heading) {
+    counters = {};
+    heading.clear();
+    LineReader reader(text);
+    LineLoop loop(pass, counters);
+    LoadProgress progress(text.size());
+    std::string_view line;
+    for (std::int64_t number = 1; reader.Next(line); ++number) {
+        if (!loop.Take(line, heading)) {
+            break;
+        }
+        if (!progress.GoOn(number, line.data() - text.data())) {
+            counters.cancelled = true;
+            break;
+        }
+    }
+    return loop.End();
+}
+
+} // namespace quandrel

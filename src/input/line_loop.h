@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// The loop over the lines of a load.
+
+#pragma once
+
+#include "input/data_rows.h"
+#include "input/format_model.h"
+#include "input/load_report.h"
+#include "platform/prompts.h"
+
+#include <string>
+#include <string_view>
+
+namespace quandrel {
+
+/// One pass over the lines of a file.
+struct LinePass {
+    std::int32_t firstRow = 0; ///< the row before the first one to be stored
+    bool skipHeading =
+        false; ///< the first line that is no comment, parameter or blank is a heading
+    bool reportBadLines = true; ///< ask about the first bad line
+    LineFormat format;
+    RowTarget target;
+};
+
+/// How a pass ended.
+enum class PassEnd { Done, Left, Retry };
+
+/// Stores all lines of a text as rows of the active plot: good ones as data, all others as error
+/// rows. The progress bar shows how far it has come; a cancelled load keeps the rows so far.
+///
+/// @param[out] counters  counted from 0
+/// @param[out] heading   the heading line, if one was skipped
+[[nodiscard]] PassEnd StoreLines(std::string_view text, const LinePass& pass,
+                                 LoadCounters& counters, std::string& heading);
+
+} // namespace quandrel

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+//
+// What a load of a text file tells the user.
+
+#pragma once
+
+#include "input/data_line.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quandrel {
+
+/// Lines of one kind after each other that end a load.
+inline constexpr std::int32_t kMostBadLines = 1000;
+
+/// What a load has met.
+struct LoadCounters {
+    std::int32_t rowsRead = 0; ///< rows stored, error rows included
+    std::int32_t rowsValid = 0;
+    std::int32_t blankLines = 0;   ///< lines that are no data: blank, comments, parameters, letters
+    std::int32_t invalidLines = 0; ///< lines that should be data and are not
+    std::int32_t badNumeric = 0;   ///< valid rows whose appended number is invalid
+    std::int32_t badText = 0;
+    std::int32_t badLine = 0;
+    std::int64_t stoppedAtLine = 0; ///< line after which a run of bad lines ended the load, or 0
+    bool outOfMemory = false;
+    bool cancelled = false; ///< the user ended the load
+};
+
+/// The counters of the last load of a text file.
+extern LoadCounters gLastLoad;
+
+/// What the user wants after a question about a line.
+enum class LineAnswer { GoOn, Leave, Retry };
+
+/// Tells the first line of a load that is no data though it should be, and asks what to do.
+///
+/// @param rowsSoFar      rows stored before it
+/// @param neededColumns  columns that the format in force asks for
+[[nodiscard]] LineAnswer ReportBadLine(LineStatus status, std::string_view line,
+                                       std::int32_t rowsSoFar, int neededColumns);
+
+/// Asks about the first appended number with the other decimal delimiter: Retry converts it and all
+/// others of the load.
+[[nodiscard]] LineAnswer ReportWrongDelimiter(std::string_view line);
+
+/// The text for the end of a load, without its caption; empty when there is nothing to tell.
+///
+/// @param isPolarOrLine  the data are plotted as lines
+[[nodiscard]] std::string LoadSummaryText(const LoadCounters& counters);
+
+/// True when nothing came through and the format has to be looked at again.
+[[nodiscard]] bool LoadFailed(const LoadCounters& counters);
+
+/// Shows the end-of-file report. A load of clipboard text ("PasteData") that met no problems says
+/// nothing, and so does a file.
+void ShowLoadSummary(const LoadCounters& counters);
+
+} // namespace quandrel

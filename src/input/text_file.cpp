@@ -1,0 +1,401 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/text_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::size_t kCheckedBytes = 65536;
+constexpr std::size_t kReadStep = 262144; // stays in the cache between clearing and filling
+constexpr std::size_t kLongestFirstLines = 1 << 20;
+
+/// An open file, or why it is not.
+class InputFile {
+public:
+    explicit InputFile(const std::string& path) { Open(path); }
+
+    ~InputFile() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+    }
+
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    [[nodiscard]] const std::string& Error() const { return error_; }
+
+    [[nodiscard]] std::uint64_t Size() const { return size_; }
+
+    /// Appends up to count bytes to a text; fewer only at the end of the file. Errors stay.
+    void Append(std::string& text, std::size_t count) {
+        const std::size_t end = text.size() + count;
+        while (error_.empty() && text.size() < end) {
+            const std::size_t before = text.size();
+            text.resize(std::min(end, before + kReadStep));
+            const ssize_t got = ::read(descriptor_, text.data() + before, text.size() - before);
+            text.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+            if (got == 0) {
+                return;
+            }
+            if (got < 0 && errno != EINTR) {
+                error_ = std::string("It cannot be read: ") + std::strerror(errno) + ".";
+            }
+        }
+    }
+
+private:
+    void Open(const std::string& path) {
+        // Looked at before it is opened: opening a device may do something to it.
+        struct stat status = {};
+        if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0) {
+            error_ = errno == EACCES ? "You have no right to read it." : "There is no such file.";
+            return;
+        }
+        if (!Accept(status)) {
+            return;
+        }
+        descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        if (descriptor_ < 0) {
+            error_ = errno == EACCES
+                         ? "You have no right to read it."
+                         : std::string("It cannot be opened: ") + std::strerror(errno) + ".";
+            return;
+        }
+        if (::fstat(descriptor_, &status) == 0 && Accept(status)) {
+            size_ = static_cast<std::uint64_t>(status.st_size);
+        }
+    }
+
+    [[nodiscard]] bool Accept(const struct stat& status) {
+        if (S_ISDIR(status.st_mode)) {
+            error_ = "It is a folder.";
+        } else if (!S_ISREG(status.st_mode)) {
+            error_ = "It is no file with contents, but a pipe or a device.";
+        }
+        return error_.empty();
+    }
+
+    int descriptor_ = -1;
+    std::uint64_t size_ = 0;
+    std::string error_;
+};
+
+enum class Encoding { Utf8, Utf16Little, Utf16Big };
+
+Encoding EncodingOf(std::string_view bytes) {
+    if (bytes.substr(0, 2) == "\xff\xfe") {
+        return Encoding::Utf16Little;
+    }
+    return bytes.substr(0, 2) == "\xfe\xff" ? Encoding::Utf16Big : Encoding::Utf8;
+}
+
+bool IsAscii(const char* start, std::size_t count) {
+    unsigned char all = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(start[i]));
+    }
+    return all < 0x80;
+}
+
+// The length of the UTF-8 character at the start, 0 when it is none. Follows the table of
+// well-formed sequences in the Unicode standard (3.9, D92).
+std::size_t CharacterLength(std::string_view text) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char first = byte(0);
+    if (first < 0x80) {
+        return 1;
+    }
+    const std::size_t length = first >= 0xC2 && first <= 0xDF   ? 2
+                               : first >= 0xE0 && first <= 0xEF ? 3
+                               : first >= 0xF0 && first <= 0xF4 ? 4
+                                                                : 0;
+    if (length == 0 || text.size() < length) {
+        return 0;
+    }
+    const unsigned char low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+    const unsigned char high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+    if (byte(1) < low || byte(1) > high) {
+        return 0;
+    }
+    for (std::size_t i = 2; i < length; ++i) {
+        if (byte(i) < 0x80 || byte(i) > 0xBF) {
+            return 0;
+        }
+    }
+    return length;
+}
+
+// The bytes up to the first one that is not UTF-8.
+std::size_t LengthOfUtf8(std::string_view text) {
+    constexpr std::size_t kBlock = 256;
+    std::size_t i = 0;
+    while (i < text.size()) {
+        if (text.size() - i >= kBlock && IsAscii(text.data() + i, kBlock)) {
+            i += kBlock;
+            continue;
+        }
+        const std::size_t stop = std::min(text.size(), i + kBlock);
+        while (i < stop) {
+            const std::size_t length = CharacterLength(text.substr(i));
+            if (length == 0) {
+                return i;
+            }
+            i += length;
+        }
+    }
+    return i;
+}
+
+void AppendCharacter(char32_t character, std::string& text) {
+    const auto low = [&](int shift) {
+        return static_cast<char>(0x80U | ((character >> shift) & 0x3FU));
+    };
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+    } else if (character < 0x800) {
+        text += static_cast<char>(0xC0U | (character >> 6));
+        text += low(0);
+    } else if (character < 0x10000) {
+        text += static_cast<char>(0xE0U | (character >> 12));
+        text += low(6);
+        text += low(0);
+    } else {
+        text += static_cast<char>(0xF0U | (character >> 18));
+        text += low(12);
+        text += low(6);
+        text += low(0);
+    }
+}
+
+// Windows-1252 from 0x80 to 0x9F; the five bytes without a character keep their number.
+constexpr std::array<char32_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+std::string FromWindows1252(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isInTable = byte >= 0x80 && byte < 0x80 + kWindows1252.size();
+        AppendCharacter(isInTable ? kWindows1252[byte - 0x80U] : char32_t{byte}, text);
+    }
+    return text;
+}
+
+// UTF-16 without its mark. Halves of surrogate pairs, and half a unit at the end, become U+FFFD.
+std::string FromUtf16(std::string_view bytes, Encoding encoding) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    const std::size_t lowByte = encoding == Encoding::Utf16Little ? 0 : 1;
+    const auto unit = [&](std::size_t i) {
+        return static_cast<char32_t>(static_cast<unsigned char>(bytes[i + lowByte])
+                                     | static_cast<unsigned char>(bytes[i + 1 - lowByte]) << 8);
+    };
+    const auto isIn = [](char32_t c, char32_t first) { return c >= first && c < first + 0x400; };
+    std::string text;
+    text.reserve(bytes.size() / 2 + bytes.size() / 8);
+    std::size_t i = 0;
+    for (; i + 1 < bytes.size(); i += 2) {
+        char32_t character = unit(i);
+        if (isIn(character, 0xD800) && i + 3 < bytes.size() && isIn(unit(i + 2), 0xDC00)) {
+            character = 0x10000 + ((character - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+            i += 2;
+        } else if (isIn(character, 0xD800) || isIn(character, 0xDC00)) {
+            character = kReplacement;
+        }
+        AppendCharacter(character, text);
+    }
+    if (i < bytes.size()) {
+        AppendCharacter(kReplacement, text);
+    }
+    return text;
+}
+
+constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+
+// Bytes of a text's beginning without the character that the end cuts apart.
+std::string WithoutPartOfCharacter(std::string bytes) {
+    if (EncodingOf(bytes) != Encoding::Utf8) {
+        bytes.resize(bytes.size() - bytes.size() % 2);
+        return bytes;
+    }
+    constexpr std::size_t kLongestCharacter = 4;
+    const std::size_t valid = LengthOfUtf8(bytes);
+    if (bytes.size() - valid < kLongestCharacter) {
+        bytes.resize(valid);
+    }
+    return bytes;
+}
+
+std::string BinaryError() {
+    return "It holds binary data, not text.";
+}
+
+std::string EmptyError() {
+    return "It is empty.";
+}
+
+} // namespace
+
+Result<std::string> ReadTextBytes(const std::string& path) {
+    InputFile file(path);
+    std::string bytes;
+    file.Append(bytes, kCheckedBytes);
+    if (file.Error().empty() && IsBinaryData(bytes)) {
+        return Failure{BinaryError()};
+    }
+    if (file.Size() >= kLargestTextFile) {
+        return Failure{"It is too large to be a text file."};
+    }
+    if (file.Size() > bytes.size()) {
+        bytes.reserve(static_cast<std::size_t>(file.Size()) + kReadStep);
+    }
+    file.Append(bytes, static_cast<std::size_t>(kLargestTextFile) - bytes.size());
+    if (!file.Error().empty()) {
+        return Failure{file.Error()};
+    }
+    std::string text = DecodeText(std::move(bytes));
+    if (text.empty()) {
+        return Failure{EmptyError()};
+    }
+    return text;
+}
+
+Result<std::string> FirstBytes(const std::string& path, std::size_t count) {
+    InputFile file(path);
+    std::string bytes;
+    file.Append(bytes, count);
+    if (!file.Error().empty()) {
+        return Failure{file.Error()};
+    }
+    return bytes;
+}
+
+Result<std::vector<std::string>> FirstLines(const std::string& path, std::size_t count) {
+    InputFile file(path);
+    std::string bytes;
+    for (std::size_t wanted = kCheckedBytes;; wanted *= 4) {
+        file.Append(bytes, wanted - bytes.size());
+        if (!file.Error().empty()) {
+            return Failure{file.Error()};
+        }
+        if (IsBinaryData(std::string_view(bytes).substr(0, kCheckedBytes))) {
+            return Failure{BinaryError()};
+        }
+        const bool isWhole = bytes.size() < wanted;
+        const std::string text = DecodeText(isWhole ? bytes : WithoutPartOfCharacter(bytes));
+        std::vector<std::string> lines;
+        LineReader reader(text);
+        for (std::string_view line; lines.size() < count && reader.Next(line);) {
+            lines.emplace_back(line);
+        }
+        // The last line of a part may go on behind it.
+        const bool isEnough = lines.size() == count && reader.Position() < text.size();
+        if (isWhole || isEnough || wanted >= kLongestFirstLines) {
+            return lines;
+        }
+    }
+}
+
+std::string DecodeText(std::string bytes) {
+    const Encoding encoding = EncodingOf(bytes);
+    if (encoding != Encoding::Utf8) {
+        return FromUtf16(std::string_view(bytes).substr(2), encoding);
+    }
+    if (LengthOfUtf8(bytes) < bytes.size()) {
+        return FromWindows1252(bytes);
+    }
+    if (std::string_view(bytes).substr(0, kUtf8Mark.size()) == kUtf8Mark) {
+        bytes.erase(0, kUtf8Mark.size());
+    }
+    return bytes;
+}
+
+bool IsBinaryData(std::string_view bytes) {
+    std::string decoded;
+    if (EncodingOf(bytes) != Encoding::Utf8) {
+        decoded = DecodeText(std::string(bytes));
+        bytes = decoded;
+    }
+    constexpr std::string_view kUsual = "\t\n\v\f\r\x1a"; // the last one once ended files
+    std::size_t controls = 0;
+    for (const char c : bytes) {
+        if (c == '\0') {
+            return true;
+        }
+        const bool isControl = static_cast<unsigned char>(c) < 0x20;
+        controls += isControl && kUsual.find(c) == std::string_view::npos ? 1 : 0;
+    }
+    constexpr std::size_t kTextsHaveFewerIn = 20;
+    return controls > bytes.size() / kTextsHaveFewerIn;
+}
+
+bool IsBinaryPlotSignature(std::string_view bytes) {
+    constexpr std::size_t kLengthWithCounts = 6 + 3 * 4;
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (bytes.size() < kLengthWithCounts || bytes.substr(0, 3) != "bin" || !isDigit(bytes[3])
+        || bytes[4] != '.' || !isDigit(bytes[5])) {
+        return false;
+    }
+    // The highest byte of each count, little-endian: below any character of a text.
+    return bytes[9] >= 0 && bytes[9] < '\t' && bytes[13] >= 0 && bytes[13] < '\t' && bytes[17] >= 0
+           && bytes[17] < '\t';
+}
+
+bool LooksLikeWorkspace(std::string_view firstLine) {
+    constexpr std::string_view kEnd = "workspace";
+    const std::size_t last = firstLine.find_last_not_of(" \t\r\n");
+    const std::string_view line =
+        firstLine.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    return line.size() >= kEnd.size()
+           && std::equal(kEnd.begin(), kEnd.end(), line.end() - kEnd.size(), [](char end, char c) {
+                  return end == (c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c);
+              });
+}
+
+LineReader::LineReader(std::string_view text)
+    : text_(text)
+    , nextLineFeed_(Find('\n', 0))
+    , nextReturn_(Find('\r', 0)) {}
+
+bool LineReader::Next(std::string_view& line) {
+    if (position_ >= text_.size()) {
+        line = {};
+        return false;
+    }
+    if (nextLineFeed_ < position_) {
+        nextLineFeed_ = Find('\n', position_);
+    }
+    if (nextReturn_ < position_) {
+        nextReturn_ = Find('\r', position_);
+    }
+    const std::size_t end = std::min(nextLineFeed_, nextReturn_);
+    line = text_.substr(position_, end - position_);
+    const bool isPair = nextReturn_ + 1 == nextLineFeed_ && nextLineFeed_ < text_.size();
+    position_ = end + (isPair ? 2 : 1);
+    return true;
+}
+
+std::size_t LineReader::Find(char c, std::size_t from) const {
+    if (from >= text_.size()) {
+        return text_.size();
+    }
+    const void* found = std::memchr(text_.data() + from, c, text_.size() - from);
+    return found == nullptr
+               ? text_.size()
+               : static_cast<std::size_t>(static_cast<const char*>(found) - text_.data());
+}
+
+} // namespace quandrel

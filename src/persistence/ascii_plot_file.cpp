@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/ascii_plot_file.h"
+
+#include "core/atomic_file.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "core/tagged_value.h"
+#include "input/file_loading.h"
+#include "input/parameter_line.h"
+#include "orientation/angles.h"
+#include "platform/platform.h"
+#include "stereo/plot_driver.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kBinaryEnding = ".qpx";
+
+/// The secondary format that a saved file has: whatever a line was read from, it is saved as a
+/// line.
+std::int16_t SavedSecondaryFormat(const PlotRecord& record) {
+    switch (record.SecondaryFormat) {
+    case kPitchInPlane:
+    case kTrendInPlane:
+    case kHadeInPlane:
+        return kSecondaryLine;
+    default:
+        return record.SecondaryFormat;
+    }
+}
+
+ParameterItems ItemsOf(const PlotRecord& record) {
+    ParameterItems items;
+    items.T = record.DataKind;
+    if (record.PlotSymbolMode == kBetaIntersections) {
+        items.T = kLines;
+    }
+    items.P = 0;
+    items.N = record.PlotKind;
+    items.I = 2;
+    items.C = 1;
+    items.one = record.PrimaryFormat;
+    items.two = SavedSecondaryFormat(record);
+    items.S = record.ShowSecondary != 0;
+    items.A = record.HasAppendedLine != 0;
+    items.L = record.HasAppendedNumeric != 0;
+    items.W = record.HasAppendedText != 0;
+    if (record.HasAppendedNumeric != 0) {
+        items.F = record.AppNumName;
+    }
+    if (record.HasAppendedText != 0) {
+        items.D = record.AppNonNumName;
+    }
+    return items;
+}
+
+/// The fields of one line.
+class LineOfFields {
+public:
+    void Add(std::string_view field) {
+        if (!first_) {
+            text_ += '\t';
+        }
+        first_ = false;
+        text_ += field;
+    }
+
+    /// An orientation in two fields; both empty where it is missing.
+    void AddPair(std::int32_t dip, std::int32_t azimuth, bool present) {
+        Add(present ? TextOf(dip) : std::string());
+        Add(present ? TextOf(azimuth) : std::string());
+    }
+
+    [[nodiscard]] const std::string& Text() const { return text_; }
+
+private:
+    std::string text_;
+    bool first_ = true;
+};
+
+/// A text that would be cut at a tab or a line end, or taken for quoted, is made one field.
+std::string FieldOfText(std::string_view text) {
+    std::string field(text);
+    for (char& c : field) {
+        if (c == '\t' || c == '\r' || c == '\n') {
+            c = ' ';
+        }
+    }
+    return field;
+}
+
+std::string HeadLines(const PlotRecord& record) {
+    std::string head = std::string(";") + gCaption + "\r\n";
+    head += "; " + FieldOfText(record.PlotTitle) + "\r\n";
+    head += record.PrimaryFormat <= kDirections     ? "; direction"
+            : record.PrimaryFormat == kPrimaryPlane ? "; dip\tdip direction"
+                                                    : "; plunge\ttrend";
+    if (record.SecondaryFormat != kNoSecondary) {
+        head += record.SecondaryFormat == kSecondaryPlane ? "\tsecond dip\tdip direction"
+                                                          : "\tsecond plunge\ttrend";
+    }
+    if (record.HasAppendedLine != 0) {
+        head += "\tappended plunge\ttrend";
+    }
+    if (record.HasAppendedNumeric != 0) {
+        head += "\t" + FieldOfText(record.AppNumName);
+    }
+    if (record.HasAppendedText != 0) {
+        head += "\t" + FieldOfText(record.AppNonNumName);
+    }
+    return head + "\r\n";
+}
+
+std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
+    LineOfFields fields;
+    if (record.PrimaryFormat <= kDirections) {
+        fields.Add(TextOf(gDataAz(gActivePlot, row)));
+    } else {
+        fields.AddPair(gDataDip(gActivePlot, row), gDataAz(gActivePlot, row), true);
+    }
+    if (record.SecondaryFormat != kNoSecondary) {
+        const std::int32_t dip = gData2Dip(gActivePlot, row);
+        fields.AddPair(dip, gData2Az(gActivePlot, row), dip != kErrorRow);
+    }
+    if (record.HasAppendedLine != 0) {
+        const std::int32_t plunge = gAppLineDip(gActivePlot, row);
+        fields.AddPair(plunge, gAppLineAz(gActivePlot, row), plunge != kInvalidAppendedLine);
+    }
+    if (record.HasAppendedNumeric != 0) {
+        const float number = gAppNumeric(gActivePlot, row);
+        fields.Add(number == kInvalidNumber ? std::string() : TextOf(number));
+    }
+    if (record.HasAppendedText != 0) {
+        fields.Add(FieldOfText(gAppText(gActivePlot, row)));
+    }
+    return fields.Text() + "\r\n";
+}
+
+[[nodiscard]] bool AskToGoOn(const std::string& text) {
+    const Message question{gCaption, text, Icon::Question, Buttons::OkCancel};
+    return gPlatform.prompts->Ask(question) == Button::Ok;
+}
+
+[[nodiscard]] bool AcceptSeveralFiles(const PlotRecord& record, const std::string& name) {
+    return record.NumFiles < 2
+           || AskToGoOn("This plot contains data from more than one file.\n"
+                        "Do you wish to store the entire data set in:\n"
+                        + name);
+}
+
+[[nodiscard]] bool AcceptLossOfOverlays(const PlotRecord& record, const std::string& name) {
+    return record.OverlayRows[0] == 0
+           || AskToGoOn(name
+                        + ":\nOnly the primary data set will be saved as an ASCII file. \n"
+                          "The added overlayed data in this plot will be not be saved.\n"
+                          "If you wish to preserve the entire plot for later use in Quandrel "
+                          "save it as a binary Quandrel file (*.qpx)\n"
+                          "Continue and save primary dataset only?");
+}
+
+void TellFailure(const PlotRecord& record, const std::string& reason, SaveKind kind) {
+    std::string text =
+        "There has been an unknown error trying to save\nthis plot: " + record.PlotTitle
+        + "\nand the Save operation has been aborted\n(" + reason + ")";
+    if (kind == SaveKind::SaveAll) {
+        text += "\nWe will continue to try and save any remaining plots";
+    }
+    (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});
+}
+
+bool HasEnding(const std::string& path, const std::string& ending) {
+    return path.size() >= ending.size()
+           && path.compare(path.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+/// The plot goes by the name of the file that it was saved to.
+void TakeNameOf(PlotRecord& record, const std::string& path) {
+    record.FileTitle = FileTitleOf(path);
+    record.PlotTitle = record.FileTitle + ": " + std::to_string(gActivePlot);
+    record.MainFiles = {path};
+    record.Modified = 0;
+    UpdateTitle();
+}
+
+} // namespace
+
+std::string BuildParameterLine(bool full) {
+    return BuildParameterText(ItemsOf(ActiveRecord()), full);
+}
+
+std::string AsciiPlotText() {
+    const PlotRecord& record = ActiveRecord();
+    std::string text = HeadLines(record) + BuildParameterLine(true);
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        if (gDataDip(gActivePlot, row) != kErrorRow) {
+            text += TextOfRow(record, row);
+        }
+    }
+    return text;
+}
+
+SaveOutcome SaveAsciiPlot(SaveKind kind) {
+    const PlotRecord& record = ActiveRecord();
+    if (kind != SaveKind::SaveAs && !record.SaveFileName.empty()) {
+        return SavePlotAs(record.SaveFileName, kind);
+    }
+    PathQuestion question;
+    question.title = "Save As";
+    question.folder = gLastUsedPath;
+    question.fileName = record.FileTitle;
+    question.filter = gDataFileFilter;
+    question.filterIndex = 2;
+    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
+}
+
+SaveOutcome SavePlotAs(const std::string& path, SaveKind kind) {
+    PlotRecord& record = ActiveRecord();
+    const std::string name = FileTitleOf(path);
+    if (HasEnding(path, kBinaryEnding)) {
+        TellFailure(record, "binary plot files cannot be written by this version", kind);
+        return SaveOutcome::Failed;
+    }
+    if (!AcceptSeveralFiles(record, name) || !AcceptLossOfOverlays(record, name)) {
+        return SaveOutcome::Cancelled;
+    }
+    const std::string error = WriteFileAtomically(path, AsciiPlotText());
+    if (!error.empty()) {
+        TellFailure(record, error, kind);
+        return SaveOutcome::Failed;
+    }
+    TakeNameOf(record, path);
+    return SaveOutcome::Saved;
+}
+
+} // namespace quandrel

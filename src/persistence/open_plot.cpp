@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/open_plot.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/decimal_delimiter.h"
+#include "input/file_loading.h"
+#include "input/text_file.h"
+#include "platform/platform.h"
+#include "stereo/plot_driver.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::string_view kFileCommand = "File";
+
+/// The filter offered next time, counted from 1, and whether a file was opened in this session.
+int filterIndex = 1;
+bool openedBefore = false;
+
+void Tell(const std::string& text, Icon icon) {
+    (void)gPlatform.prompts->Ask({gCaption, text, icon, Buttons::Ok});
+}
+
+bool NeedsNewPlot(const std::string& command) {
+    return command != kMergeCommand && command != kOverlayCommand;
+}
+
+/// False, with a message, when the active plot cannot take another file or overlay.
+[[nodiscard]] bool HasRoomFor(const std::string& command) {
+    const PlotRecord& record = ActiveRecord();
+    const bool isOverlay = command == kOverlayCommand;
+    if (isOverlay && record.OverlayRows[0] >= kMaxOverlays) {
+        Tell("You can't overlay more than 20 datasets in any one plot.\n"
+             "This data set cannot be plotted.",
+             Icon::Stop);
+        return false;
+    }
+    if (record.NumFiles < kMaxFiles) {
+        return true;
+    }
+    Tell(isOverlay ? "You can't have more than 20 total files in any one plot.\n"
+                     "This data set cannot be plotted."
+                   : "You can't have more than 20 files in any one plot.\n"
+                     "If you want to use more data in this plot \n"
+                     "save the merged data as an ASCII Quandrel file"
+                     " Then replot the data as a single file.",
+         Icon::Stop);
+    return false;
+}
+
+std::string StartFolder() {
+    if (!openedBefore && !gLastUsedPath.empty()) {
+        return gLastUsedPath;
+    }
+    return gFilesDirectory;
+}
+
+std::optional<std::string> AskForPath(const std::string& command) {
+    PathQuestion question;
+    question.title = command + " File";
+    question.folder = StartFolder();
+    question.filter = gFileFilter;
+    question.filterIndex = filterIndex;
+    return gPlatform.prompts->AskOpenPath(question);
+}
+
+std::string UpperCaseEnding(const std::string& path) {
+    std::string ending = std::filesystem::path(path).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    return ending;
+}
+
+void RememberPath(const std::string& path) {
+    openedBefore = true;
+    gLastUsedPath = std::filesystem::path(path).parent_path().string();
+    const std::string ending = UpperCaseEnding(path);
+    filterIndex = ending == ".QPX" ? 3 : ending == ".TXT" ? 2 : 1;
+}
+
+void WarnOfDecimalMismatch() {
+    std::vector<std::string> texts;
+    for (const auto& held : ActiveRecord().DistinctValues) {
+        texts.push_back(TextOf(held[1]));
+    }
+    if (DetectDecimalMismatch(texts, gDecimalIsComma) == 0) {
+        return;
+    }
+    Tell(std::string("Apparent decimal values in your Appended data do not appear to use ")
+             + (gDecimalIsComma ? "comma " : "period ")
+             + "decimal delimiters as indicated in your Windows regional settings.\n"
+               "These may give unexpected results if used as numeric values in certain types of "
+               "plots!\n[Use the Preferences dialog to set automatic conversion of such data]",
+         Icon::Exclamation);
+}
+
+void MakeBlankPlot() {
+    SetPlotFormatFromGlobals();
+    PlotRecord& record = ActiveRecord();
+    record.NumFiles = 0;
+    record.PlotTitle = "Plot " + std::to_string(gActivePlot) + ": Untitled";
+}
+
+/// Draws what was opened, and remembers the file.
+void FinishOpening(const std::string& path) {
+    ReplotActivePlot(false);
+    if (!path.empty()) {
+        AddRecentFile(path);
+    }
+}
+
+/// A plot that is to be filled is given up when the load comes to nothing.
+std::string OpenNewPlot(const std::string& path) {
+    const std::int32_t formerPlot = gActivePlot;
+    if (!PrepareNewPlotWindow()) {
+        return kLoadError;
+    }
+    if (path.empty()) {
+        MakeBlankPlot();
+    } else if (ReadTextFile(kNewCommand, path) == kLoadError) {
+        ClosePlot(gActivePlot);
+        gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
+        return kLoadError;
+    } else {
+        WarnOfDecimalMismatch();
+    }
+    FinishOpening(path);
+    return path.empty() ? kBlankCommand : kNewCommand;
+}
+
+std::string AddToPlot(const std::string& command, const std::string& path) {
+    const std::string outcome = ReadTextFile(command, path);
+    if (outcome == kLoadError) {
+        ReplotActivePlot(false);
+        return outcome;
+    }
+    WarnOfDecimalMismatch();
+    FinishOpening(path);
+    return outcome;
+}
+
+/// The kind of file that stands at a path; empty with a message when it cannot be read.
+enum class FileKind { Text, BinaryPlot, Workspace, Unreadable };
+
+FileKind KindOfFile(const std::string& path) {
+    const Result<std::string> start = FirstBytes(path, 4096);
+    if (!start) {
+        Tell("The indicated file cannot be opened\n" + path + "\n" + start.Error(),
+             Icon::Exclamation);
+        return FileKind::Unreadable;
+    }
+    if (IsBinaryPlotSignature(*start)) {
+        return FileKind::BinaryPlot;
+    }
+    const std::string_view firstLine =
+        std::string_view(*start).substr(0, start->find_first_of("\r\n"));
+    return UpperCaseEnding(path) == ".QWO" || LooksLikeWorkspace(firstLine) ? FileKind::Workspace
+                                                                            : FileKind::Text;
+}
+
+std::string OpenByKind(const std::string& command, const std::string& path) {
+    switch (KindOfFile(path)) {
+    case FileKind::Text:
+        return NeedsNewPlot(command) ? OpenNewPlot(path) : AddToPlot(command, path);
+    case FileKind::BinaryPlot:
+        Tell("The indicated file cannot be opened\n" + path
+                 + "\nBinary plot files cannot be read by this version.",
+             Icon::Exclamation);
+        return kLoadError;
+    case FileKind::Workspace:
+        Tell("The indicated file cannot be opened\n" + path
+                 + "\nWorkspace files cannot be read by this version.",
+             Icon::Exclamation);
+        return kLoadError;
+    case FileKind::Unreadable:
+        break;
+    }
+    return kLoadError;
+}
+
+} // namespace
+
+std::string OpenPlotFile(const std::string& command, const std::string& path) {
+    if (!NeedsNewPlot(command) && (!IsOpenSlot(gActivePlot) || !HasRoomFor(command))) {
+        return kLoadError;
+    }
+    if (path.empty()) {
+        return kLoadError;
+    }
+    RememberPath(path);
+    const std::string outcome = OpenByKind(command, path);
+    // A rose that was asked for was asked for once.
+    gPlotKind = kEqualArea;
+    return outcome;
+}
+
+std::string OpenPlotFile(const std::string& command) {
+    if (command == kBlankCommand) {
+        const std::string outcome = OpenNewPlot({});
+        gPlotKind = kEqualArea;
+        return outcome;
+    }
+    if (command.starts_with(kFileCommand)) {
+        return OpenPlotFile(kNewCommand, command.substr(kFileCommand.size()));
+    }
+    if (!NeedsNewPlot(command) && (!IsOpenSlot(gActivePlot) || !HasRoomFor(command))) {
+        return kLoadError;
+    }
+    const std::optional<std::string> path = AskForPath(command);
+    if (path) {
+        return OpenPlotFile(command, *path);
+    }
+    return CountOpenPlots() == 0 ? OpenPlotFile(kBlankCommand) : kLoadError;
+}
+
+bool PrepareNewPlotWindow() {
+    const int slot = FindFreePlotSlot();
+    if (slot < 0) {
+        const std::string open = std::to_string(CountOpenPlots());
+        Tell("You have too many plot windows already open to complete this operation. \n"
+             "You now have "
+                 + open
+                 + " plots open which is the maximum number currently available.\n"
+                   "Go to the Preferences folder (Edit...Preferences... menu) "
+                   "to increase this maximum (up to 99), or close one of the existing plots.",
+             Icon::Exclamation);
+        return false;
+    }
+    gActivePlot = slot;
+    ResetPlotRecord(slot);
+    return true;
+}
+
+void ClosePlot(int slot) {
+    std::unique_ptr<PlotForm>& form = gPlotForm.at(static_cast<std::size_t>(slot));
+    if (form != nullptr) {
+        form->Close();
+    }
+    form.reset();
+    ReleasePlotSlot(slot);
+    if (gActivePlot != slot) {
+        return;
+    }
+    gActivePlot = 0;
+    for (int other = HighestSlot(); other >= 1 && gActivePlot == 0; --other) {
+        gActivePlot = IsOpenSlot(other) ? other : 0;
+    }
+}
+
+} // namespace quandrel

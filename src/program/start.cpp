@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+
+#include "program/start.h"
+
+#include <filesystem>
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/file_loading.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+#include "stereo/plot_stages.h"
+
+namespace quandrel {
+
+std::vector<std::string> gPrinters;
+
+namespace {
+
+constexpr int kStartRose = 1;
+constexpr int kStartBlank = 2;
+constexpr int kFirstRecentFile = 91;
+
+/// Each stage of a drawing gets its procedure. A stage without one is passed over.
+void ConnectPlotStages() { gPlotStages = {}; }
+
+bool OpenRecentFile(std::size_t number) {
+    if (number < 1 || number > gRecentFiles.size()) {
+        return false;
+    }
+    return OpenPlotFile("File" + gRecentFiles[number - 1]) != kLoadError;
+}
+
+} // namespace
+
+void InitialiseApplication() {
+    gDecimalIsComma = gPlatform.decimalIsComma;
+    ConnectPlotStages();
+    LoadSettings();
+    gPrinters = gPlatform.printers != nullptr ? gPlatform.printers->Printers()
+                                              : std::vector<std::string>();
+    gPlotKind = kEqualArea;
+    gPlotDataKind = kPlanes;
+    MakeStoreTables();
+}
+
+std::string GetCommandLineFile(const std::vector<std::string>& arguments) {
+    std::string path;
+    for (const std::string& argument : arguments) {
+        path += (path.empty() ? "" : " ") + argument;
+    }
+    std::error_code unreadable;
+    return std::filesystem::is_regular_file(path, unreadable) ? path : std::string();
+}
+
+bool IntroStart(int index) {
+    if (index >= kFirstRecentFile) {
+        return OpenRecentFile(static_cast<std::size_t>(index % 10));
+    }
+    if (index == kStartBlank) {
+        return OpenPlotFile(kBlankCommand) != kLoadError;
+    }
+    if (index == kStartRose) {
+        gPlotKind = kRose;
+    }
+    return OpenPlotFile(kNewCommand) != kLoadError;
+}
+
+} // namespace quandrel

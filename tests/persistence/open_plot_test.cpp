@@ -1,0 +1,419 @@
+// SPDX-License-Identifier: MIT
+//
+// The whole road from a file to a plot.
+
+#include "input/file_loading.h"
+#include "orientation/angles.h"
+#include "persistence/open_plot.h"
+#include "support/test_platform.h"
+
+#include <algorithm>
+
+namespace quandrel {
+namespace {
+
+class OpenPlot : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        AcceptFormat({}, 1000);
+    }
+
+    /// Opens a file of these lines as a new plot.
+    std::string Open(const std::string& name, const std::string& text) {
+        return OpenPlotFile(kNewCommand, WriteFile(name, text));
+    }
+
+    static std::int32_t Dip(std::int32_t row) { return gDataDip(gActivePlot, row); }
+
+    static std::int32_t Azimuth(std::int32_t row) { return gDataAz(gActivePlot, row); }
+
+    /// The place of a row in the sorted table.
+    static std::size_t PlaceOf(std::int32_t row) {
+        const std::vector<std::int32_t>& index = TableOf(gActivePlot).index;
+        return static_cast<std::size_t>(std::find(index.begin(), index.end(), row) - index.begin());
+    }
+
+    static std::string Repeated(const std::string& line, int times) {
+        std::string text;
+        for (int i = 0; i < times; ++i) {
+            text += line;
+        }
+        return text;
+    }
+};
+
+TEST_F(OpenPlot, ANewPlotHoldsTheRowsAndTheNameOfItsFile) {
+    EXPECT_EQ(Open("beds.txt", "30\t120\n45\t270\n"), kNewCommand);
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.NumData, 2);
+    EXPECT_EQ(record.NumValidData, 2);
+    EXPECT_EQ(record.NumLoadedData, 2);
+    EXPECT_EQ(record.NumFiles, 1);
+    EXPECT_EQ(record.FileTitle, "beds.txt");
+    EXPECT_EQ(record.PlotTitle, "beds.txt: 1");
+    EXPECT_EQ(record.FileNames[1], (folder / "beds.txt").string());
+    EXPECT_EQ(Dip(1), 30);
+    EXPECT_EQ(Azimuth(2), 270);
+    EXPECT_EQ(gDataDip(gActivePlot, 0), 0) << "row 0 is never used";
+    EXPECT_EQ(gDataOrder(gActivePlot, 2), 2);
+    EXPECT_EQ(gRecentFiles.front(), (folder / "beds.txt").string());
+    EXPECT_EQ(gLastUsedPath, folder.string());
+    EXPECT_EQ(Form(gActivePlot).Caption(), "beds.txt: 1   [Planes]     ");
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "2");
+}
+
+TEST_F(OpenPlot, ValuesAreRoundedToEvenAndAzimuthsWrapped) {
+    Open("a.txt", "44.5\t-90\n45.5\t359.6\n-0.4\t-360\n");
+    EXPECT_EQ(Dip(1), 44);
+    EXPECT_EQ(Azimuth(1), 270);
+    EXPECT_EQ(Dip(2), 46);
+    EXPECT_EQ(Azimuth(2), 360);
+    EXPECT_EQ(Dip(3), 0);
+    EXPECT_EQ(Azimuth(3), 0);
+}
+
+TEST_F(OpenPlot, EveryLineIsARowAndOnlyGoodOnesAreValid) {
+    Expect("Critical orientation information", Button::Ignore);
+    Expect("1 invalid data have been detected");
+    Open("a.txt", "; comment\n30\t120\n\n\t45\nletters only\n40\t200\n");
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.NumData, 6);
+    EXPECT_EQ(record.NumValidData, 2);
+    EXPECT_EQ(gLastLoad.rowsRead, 6);
+    EXPECT_EQ(gLastLoad.rowsValid, 2);
+    EXPECT_EQ(gLastLoad.blankLines, 3);
+    EXPECT_EQ(gLastLoad.invalidLines, 1);
+    EXPECT_EQ(Dip(1), kErrorRow);
+    EXPECT_EQ(Dip(2), 30);
+    const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
+    EXPECT_EQ(lines.at(1), "; comment");
+    EXPECT_EQ(lines.at(5), "letters only");
+    EXPECT_EQ(RowTableText(TableOf(gActivePlot), PlaceOf(1), 3), "-9999");
+    EXPECT_EQ(RowTableText(TableOf(gActivePlot), PlaceOf(2), 0), "2");
+}
+
+TEST_F(OpenPlot, TheHeadingIsTheFirstLineThatIsNoCommentOrBlank) {
+    gFileHasHeadings = true;
+    Expect("2 non-data");
+    Open("a.txt", "; made by hand\n\ndip 1\tdirection 2\n30\t120\n");
+    EXPECT_EQ(ActiveRecord().FileHeadLine, "dip 1\tdirection 2");
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(gLastLoad.rowsRead, 3);
+}
+
+TEST_F(OpenPlot, AThousandNonDataLinesInARowEndTheReading) {
+    Expect("Reading ended at line 1001, after 1000 lines in a row without data.");
+    Open("a.txt", "30\t120\n" + Repeated("no data\n", 1200) + "40\t100\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(gLastLoad.blankLines, 1000);
+    EXPECT_EQ(gLastLoad.stoppedAtLine, 1001);
+}
+
+TEST_F(OpenPlot, NonDataLinesBetweenDataDoNotEndTheReading) {
+    Expect("1500 non-data");
+    Open("a.txt", Repeated("30\t120\n\n", 1500));
+    EXPECT_EQ(ActiveRecord().NumValidData, 1500);
+    EXPECT_EQ(gLastLoad.stoppedAtLine, 0);
+}
+
+TEST_F(OpenPlot, RetryReadsTheFileFromTheStartWithFreshCounters) {
+    Expect("but this line does not appear to contain that many columns", Button::Retry);
+    int asked = 0;
+    AcceptFormat(
+        [&](FormatAnswer&) {
+            if (++asked == 2) {
+                gFileDelimiter = ",";
+            }
+        },
+        2);
+    gFileDelimiter = "\t";
+    EXPECT_EQ(Open("a.txt", "30,120\n40,130\n"), kNewCommand);
+    EXPECT_EQ(formatQuestions.size(), 2U);
+    EXPECT_EQ(gLastLoad.rowsRead, 2);
+    EXPECT_EQ(gLastLoad.invalidLines, 0);
+    EXPECT_EQ(ActiveRecord().NumData, 2);
+    EXPECT_EQ(TableOf(gActivePlot).size(), 2U);
+    EXPECT_EQ(Dip(2), 40);
+}
+
+TEST_F(OpenPlot, AbortKeepsTheRowsSoFar) {
+    Expect("The following line of invalid orientation data", Button::Abort);
+    EXPECT_EQ(Open("a.txt", "30\t120\n99\t10\n40\t130\n"), kNewCommand);
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+}
+
+TEST_F(OpenPlot, AbortWithoutARowGivesThePlotUp) {
+    gConventions = 1;
+    Expect("The following line of invalid orientation data", Button::Abort);
+    EXPECT_EQ(Open("a.txt", "99\t10\n40\t130\n"), kLoadError);
+    EXPECT_EQ(CountOpenPlots(), 0);
+    EXPECT_EQ(gActivePlot, 0);
+    EXPECT_TRUE(gRecentFiles.empty());
+}
+
+TEST_F(OpenPlot, IgnoreDoesNotAskAgain) {
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("2 invalid data have been detected");
+    Open("a.txt", "30\t120\n99\t10\n98\t10\n40\t130\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+}
+
+TEST_F(OpenPlot, WrongQuadrantNotationMayEndTheReading) {
+    gConventions = -1;
+    Expect("Incorrect quadrant notation has been detected", Button::Cancel);
+    Open("a.txt", "30\tN20E\n30\tX20E\n40\tS5W\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(Azimuth(1), 20);
+}
+
+TEST_F(OpenPlot, AFileWithoutDataAsksForTheFormatAgain) {
+    Expect("All datalines were found to contain invalid data and no data were plotted.");
+    AcceptFormat({}, 1);
+    gConventions = 3;
+    EXPECT_EQ(Open("a.txt", "nothing here\n"), kLoadError);
+    EXPECT_EQ(formatQuestions.size(), 2U);
+    EXPECT_EQ(CountOpenPlots(), 0);
+}
+
+TEST_F(OpenPlot, ALoadThatFailsPutsTheFormatBack) {
+    Expect("All datalines were found");
+    AcceptFormat([](FormatAnswer&) { gFileDelimiter = ";"; }, 1);
+    gPlotDataKind = kLines;
+    Open("a.txt", "/T3 /C-4\nnothing\n");
+    EXPECT_EQ(gConventions, 1);
+    EXPECT_EQ(gFileDelimiter, "\t");
+    EXPECT_EQ(gPlotDataKind, kLines);
+}
+
+TEST_F(OpenPlot, CancellingTheFormatDialogLeavesNothing) {
+    AcceptFormat({}, 0);
+    EXPECT_EQ(Open("a.txt", "30\t120\n"), kLoadError);
+    EXPECT_EQ(CountOpenPlots(), 0);
+}
+
+TEST_F(OpenPlot, ADirectionsFileIsARoseWhateverWasAskedFor) {
+    gPrimaryDataType = kDirections;
+    gPlotKind = kEqualAngle;
+    Open("a.txt", "0\t120\n0\t360\n");
+    EXPECT_EQ(ActiveRecord().PlotKind, kRose);
+    EXPECT_EQ(gPlotKind, kEqualArea) << "the next plot is no rose";
+    gPrimaryDataType = kPrimaryPlane;
+    Open("b.txt", "30\t120\n");
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+}
+
+TEST_F(OpenPlot, TheSecondOverlayOfAFileIsRefused) {
+    Open("a.txt", "30\t120\n");
+    const std::string overlay = WriteFile("b.txt", "40\t100\n50\t90\n");
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, overlay), kOverlayCommand);
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[1], 2);
+    EXPECT_EQ(ActiveRecord().NumData, 1);
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(ActiveRecord().NumLoadedData, 3);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt");
+    Expect("You have already plotted this file");
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, overlay), kLoadError);
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().NumFiles, 2);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt");
+}
+
+TEST_F(OpenPlot, MergingAFileAgainAsksFromTheSecondTimeOn) {
+    const std::string path = WriteFile("a.txt", "30\t120\n");
+    OpenPlotFile(kNewCommand, path);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, path), kMergeCommand);
+    EXPECT_EQ(ActiveRecord().NumData, 2);
+    Expect("This plot already contains data from this file.", Button::Cancel);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, path), kLoadError);
+    EXPECT_EQ(ActiveRecord().NumData, 2);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1") << "the title names each file once";
+}
+
+TEST_F(OpenPlot, MergedRowsFollowTheFirstOnes) {
+    Open("a.txt", "30\t120\n31\t121\n");
+    OpenPlotFile(kMergeCommand, WriteFile("b.txt", "40\t100\n"));
+    EXPECT_EQ(ActiveRecord().NumData, 3);
+    EXPECT_EQ(ActiveRecord().NumValidData, 3);
+    EXPECT_EQ(Dip(3), 40);
+    EXPECT_NE(ActiveRecord().Modified, 0);
+}
+
+TEST_F(OpenPlot, LinesMergedIntoAPlotOfPlanesKeepTheirPlaces) {
+    Open("planes.txt", "30\t120\n");
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    Expect("lines with plane data in this plot", Button::Ok);
+    OpenPlotFile(kMergeCommand, WriteFile("lines.txt", "20\t75\n"));
+    EXPECT_EQ(Dip(2), 70);
+    EXPECT_EQ(Azimuth(2), 255);
+    const PlottedRow line = TableOf(gActivePlot)[PlaceOf(2)];
+    EXPECT_NEAR(line.plunge, DegToRad(20), 1e-12);
+    EXPECT_NEAR(line.trend, DegToRad(75), 1e-12);
+}
+
+TEST_F(OpenPlot, MergingOtherDataMayBeCancelled) {
+    Open("planes.txt", "30\t120\n");
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    Expect("Continue anyway?", Button::Cancel);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, WriteFile("lines.txt", "20\t75\n")), kLoadError);
+    EXPECT_EQ(ActiveRecord().NumData, 1);
+    EXPECT_EQ(ActiveRecord().NumFiles, 1);
+}
+
+TEST_F(OpenPlot, TwentyFilesAndTwentyOverlaysAreTheMost) {
+    Open("a.txt", "30\t120\n");
+    ActiveRecord().NumFiles = 20;
+    Expect("You can't have more than 20 files in any one plot.");
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
+    Expect("You can't have more than 20 total files in any one plot.");
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
+    ActiveRecord().NumFiles = 1;
+    ActiveRecord().OverlayRows[0] = 20;
+    Expect("You can't overlay more than 20 datasets in any one plot.");
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
+    ActiveRecord().OverlayRows[0] = 0;
+}
+
+TEST_F(OpenPlot, AMissingSecondaryValueIsNeverZero) {
+    gSecondaryDataType = kTrendInPlane;
+    gFileColumnSettings = {0, 1, 2, 3, 2, 5, 6, 7, 8, 9};
+    Open("a.txt", "60\t90\t90\n60\t90\t-\n");
+    EXPECT_EQ(gData2Dip(gActivePlot, 1), 60);
+    EXPECT_EQ(gData2Az(gActivePlot, 1), 90);
+    EXPECT_EQ(gData2Dip(gActivePlot, 2), kErrorRow);
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+}
+
+TEST_F(OpenPlot, AWrongDecimalDelimiterIsAskedAboutOnceAndConverted) {
+    gFileNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    Expect("appears to contain an incorrect decimal delimiter", Button::Retry);
+    Open("a.txt", "30\t120\t2,5\n31\t120\t3,5\n");
+    EXPECT_TRUE(gConvertDecimals);
+    EXPECT_FLOAT_EQ(gAppNumeric(gActivePlot, 1), 2.5F);
+    EXPECT_FLOAT_EQ(gAppNumeric(gActivePlot, 2), 3.5F);
+    EXPECT_EQ(gLastLoad.badNumeric, 0);
+}
+
+TEST_F(OpenPlot, AWrongDecimalDelimiterThatIsIgnoredIsAnInvalidValue) {
+    gFileNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    gDecimalIsComma = true;
+    Expect("Your Windows Regional Settings are set to use a comma ", Button::Ignore);
+    Expect("2 of the 2 lines of valid orientation data were found to contain invalid appended "
+           "numeric data.");
+    Open("a.txt", "30\t120\t2.5\n31\t120\t3.5\n");
+    EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
+    EXPECT_EQ(gLastLoad.badNumeric, 2);
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+}
+
+TEST_F(OpenPlot, AMissingNumberIsCountedAndNotAskedAbout) {
+    gFileNumericAppended = true;
+    gFileNonNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    gFileColumnSettings[kSlotText] = 3;
+    Expect("1 of the 2 lines of valid ");
+    Open("a.txt", "30\t120\tNA\tslate\n31\t120\t4\tEocene\n");
+    EXPECT_EQ(gAppText(gActivePlot, 1), "slate");
+    EXPECT_EQ(gAppText(gActivePlot, 2), "Eocene");
+    EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
+}
+
+TEST_F(OpenPlot, TextsThatLookLikeNumbersOfAnotherRegionAreWarnedAbout) {
+    gFileNonNumericAppended = true;
+    gFileColumnSettings[kSlotText] = 2;
+    Expect("Apparent decimal values in your Appended data");
+    Open("a.txt", "30\t120\t2,5\n31\t120\t3,5\n");
+}
+
+TEST_F(OpenPlot, OutOfMemoryKeepsTheRowsSoFarAndForbidsAMerge) {
+    gRowLimit = 2;
+    Expect("An 'Out of Memory' error has been encountered after 2 data points");
+    Open("a.txt", "30\t120\n31\t121\n32\t122\n");
+    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+    EXPECT_NE(ActiveRecord().DataFull, 0);
+    Expect("This plot already contains the maximum no. of data");
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
+}
+
+TEST_F(OpenPlot, FilesNamedInAParameterLineGoInBehindTheFirst) {
+    WriteFile("more data.txt", "50\t10\n");
+    Expect("1 non-data");
+    Open("a.txt", "/T1\t/Xmore data.txt\t/Xmissing.txt\n30\t120\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+    EXPECT_EQ(ActiveRecord().NumFiles, 2);
+    EXPECT_EQ(Dip(3), 50);
+}
+
+TEST_F(OpenPlot, AParameterLineStatesTheFormat) {
+    Expect("1 non-data");
+    Open("a.txt", "/T2\t/N2\t/C11\t/13\t/20\t/L0\t/W0\n30\t120\n");
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.DataKind, kLines);
+    EXPECT_EQ(record.PlotKind, kEqualAngle);
+    EXPECT_EQ(record.PrimaryFormat, kPrimaryLine);
+    EXPECT_EQ(gConventions, 11);
+    EXPECT_EQ(formatQuestions.at(0).plotKindFromFile, kLines);
+}
+
+TEST_F(OpenPlot, WindColumnsChooseTheirRose) {
+    gFileNonNumericAppended = true;
+    gFileAppNonNumName = "Mean Wind Speed";
+    gFileColumnSettings[kSlotText] = 2;
+    Open("a.txt", "30\t120\t7 m\n");
+    EXPECT_EQ(ActiveRecord().RoseType, 4);
+}
+
+TEST_F(OpenPlot, FilesThatAreNoneAreToldAndLeaveNothing) {
+    Expect("The indicated file cannot be opened");
+    EXPECT_EQ(OpenPlotFile(kNewCommand, (folder / "missing.txt").string()), kLoadError);
+    Expect("The indicated file cannot be opened");
+    EXPECT_EQ(OpenPlotFile(kNewCommand, folder.string()), kLoadError);
+    Expect("The indicated file cannot be opened");
+    EXPECT_EQ(Open("plot.qpx", std::string("bin9.5") + std::string(200, '\0')), kLoadError);
+    EXPECT_EQ(CountOpenPlots(), 0);
+}
+
+TEST_F(OpenPlot, ATextThatBeginsWithBinIsText) {
+    gPrimaryDataType = kPrimaryPlane;
+    Expect("1 non-data");
+    EXPECT_EQ(Open("a.txt", "binned data\n30\t120\n"), kNewCommand);
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+}
+
+TEST_F(OpenPlot, ABlankPlotHasNoFile) {
+    EXPECT_EQ(OpenPlotFile(kBlankCommand), kBlankCommand);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
+    EXPECT_EQ(ActiveRecord().NumFiles, 0);
+    EXPECT_EQ(ActiveRecord().NumValidData, 0);
+}
+
+TEST_F(OpenPlot, TooManyPlotsAreTold) {
+    gMaxPlots = 1;
+    OpenPlotFile(kBlankCommand);
+    Expect("You have too many plot windows already open");
+    EXPECT_EQ(OpenPlotFile(kBlankCommand), kLoadError);
+    EXPECT_EQ(gActivePlot, 1);
+}
+
+TEST_F(OpenPlot, TheFileCommandTakesAPathWithBlanks) {
+    const std::string path = WriteFile("my beds \xc3\xa9.txt", "30\t120\n");
+    EXPECT_EQ(OpenPlotFile("File" + path), kNewCommand);
+    EXPECT_EQ(ActiveRecord().FileTitle, "my beds \xc3\xa9.txt");
+}
+
+TEST_F(OpenPlot, ClosingFreesTheSlotAndFocusesAnOpenPlot) {
+    Open("a.txt", "30\t120\n");
+    Open("b.txt", "30\t120\n");
+    ClosePlot(2);
+    EXPECT_EQ(gActivePlot, 1);
+    EXPECT_EQ(FindFreePlotSlot(), 2);
+}
+
+} // namespace
+} // namespace quandrel
