@@ -1,0 +1,342 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/batch_session.h"
+
+#include "batch/dump.h"
+#include "batch/field_access.h"
+#include "core/atomic_file.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/file_loading.h"
+#include "orientation/number_text.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "platform/no_printers.h"
+#include "platform/qt/plot_picture.h"
+#include "platform/recording_form.h"
+#include "program/start.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_state.h"
+#include "stereo/row_positions.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <fstream>
+#include <ostream>
+
+namespace quandrel {
+
+namespace {
+
+NoPrinters noPrinters;
+
+/// The number of a whole-number argument within bounds, or nothing.
+std::optional<int> WholeArgument(const std::optional<std::string>& text, int lowest, int highest) {
+    const std::optional<double> value = text ? ReadNumber(*text) : std::nullopt;
+    if (!value || !IsWholeNumber(*value) || *value < lowest || *value > highest) {
+        return std::nullopt;
+    }
+    return static_cast<int>(*value);
+}
+
+/// A text of several lines on one.
+std::string OnOneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+/// Fields whose change moves rows, or changes what is counted.
+bool MovesRows(const std::string& field) {
+    return field == "PlotKind" || field == "DataKind" || field == "ShowSecondary"
+           || field == "PrimaryFormat" || field == "SecondaryFormat"
+           || field.starts_with("OverlayKind");
+}
+
+} // namespace
+
+BatchSession::BatchSession(std::ostream& out, std::ostream& log)
+    : out_(out)
+    , log_(log)
+    , prompts_(ScriptedPrompts::Mode::Batch)
+    , formerPlatform_(gPlatform) {
+    prompts_.OnBox([this](const ShownBox& box) {
+        log_ << "[" << box.message.title << "] " << OnOneLine(box.message.text) << " -> "
+             << ButtonName(box.answer) << '\n';
+    });
+    prompts_.OnFormat([this](const FormatQuestion& question) -> std::optional<FormatAnswer> {
+        if (++formatQuestions_ > 1) {
+            return std::nullopt;
+        }
+        FormatAnswer answer;
+        answer.plotSecondary = stated_.showSecondary || question.showSecondary;
+        answer.columnHeadings = question.columnHeadings;
+        answer.frequencyColumn = stated_.frequencyColumn;
+        answer.numericName = gFileAppNumName;
+        answer.textName = gFileAppNonNumName;
+        return answer;
+    });
+    gPlatform = {};
+    gPlatform.prompts = &prompts_;
+    gPlatform.status = &status_;
+    gPlatform.settings = &settings_;
+    gPlatform.clipboard = &clipboard_;
+    gPlatform.printers = &noPrinters;
+    gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
+    InitialiseApplication();
+}
+
+BatchSession::~BatchSession() {
+    MakeStoreTables();
+    gPlatform = formerPlatform_;
+}
+
+const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
+    static const std::map<std::string, Handler> handlers = {
+        {"activate", &BatchSession::Activate}, {"answer", &BatchSession::Answer},
+        {"blank", &BatchSession::Blank},       {"close", &BatchSession::Close},
+        {"data", &BatchSession::Data},         {"dump", &BatchSession::Dump},
+        {"export", &BatchSession::Export},     {"format", &BatchSession::Format},
+        {"get", &BatchSession::Get},           {"merge", &BatchSession::MergeFile},
+        {"open", &BatchSession::Open},         {"overlay", &BatchSession::Overlay},
+        {"plot", &BatchSession::Plot},         {"recalculate", &BatchSession::Recalculate},
+        {"replot", &BatchSession::Replot},     {"save", &BatchSession::Save},
+        {"set", &BatchSession::Set},           {"stats", &BatchSession::Stats},
+        {"symbols", &BatchSession::Symbols},
+    };
+    return handlers;
+}
+
+std::string BatchSession::Run(const std::vector<Command>& commands) {
+    for (const Command& command : commands) {
+        const std::string error = RunCommand(command);
+        if (!error.empty()) {
+            return "line " + std::to_string(command.line) + ": " + command.name + ": " + error;
+        }
+    }
+    return {};
+}
+
+std::string BatchSession::RunCommand(const Command& command) {
+    const auto handler = Handlers().find(command.name);
+    if (handler == Handlers().end()) {
+        return "there is no such command";
+    }
+    return (this->*handler->second)(command);
+}
+
+std::string BatchSession::NeedPlot() const {
+    return IsOpenSlot(gActivePlot) ? std::string() : "no plot is open";
+}
+
+std::string BatchSession::OpenFile(const char* engineCommand, const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    formatQuestions_ = 0;
+    if (OpenPlotFile(engineCommand, *path) == kLoadError) {
+        return "'" + *path + "' was not loaded";
+    }
+    return {};
+}
+
+std::string BatchSession::Activate(const Command& command) {
+    const std::optional<int> slot = WholeArgument(command.Bare(0), 1, HighestSlot());
+    if (!slot || !IsOpenSlot(*slot)) {
+        return "'" + command.Words() + "' is no open plot";
+    }
+    gActivePlot = *slot;
+    return {};
+}
+
+std::string BatchSession::Answer(const Command& command) {
+    for (const Argument& argument : command.arguments) {
+        const std::optional<Button> button = ButtonFromName(argument.value);
+        if (!button) {
+            return "'" + argument.value + "' is no button";
+        }
+        prompts_.QueueAnswer(*button);
+    }
+    return {};
+}
+
+std::string BatchSession::Blank(const Command&) {
+    return OpenPlotFile(kBlankCommand) == kLoadError ? "no plot could be made" : std::string();
+}
+
+std::string BatchSession::Close(const Command&) {
+    const std::string error = NeedPlot();
+    if (error.empty()) {
+        ClosePlot(gActivePlot);
+    }
+    return error;
+}
+
+std::string BatchSession::Data(const Command& command) {
+    static const std::map<std::string, std::int16_t> kinds = {
+        {"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
+    const auto kind = kinds.find(command.Words());
+    if (kind == kinds.end()) {
+        return "'" + command.Words() + "' is none of planes, lines, polar";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    return ChangeDataKind(kind->second) ? std::string() : "the question was answered no";
+}
+
+std::string BatchSession::Dump(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    auto& form = static_cast<RecordingForm&>(FormOf(gActivePlot));
+    const nlohmann::ordered_json json = DumpActivePlot(prompts_, form.Plot());
+    return WriteFileAtomically(
+        *path, json.dump(1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+}
+
+std::string BatchSession::Export(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    PictureOptions options;
+    if (const std::optional<std::string> text = command.Value("size")) {
+        const std::optional<int> size = WholeArgument(text, 50, 20000);
+        if (!size) {
+            return "'" + *text + "' is no size: 50 to 20000 pixels";
+        }
+        options.size = *size;
+    }
+    const std::string part = command.Value("part").value_or("whole");
+    if (part != "whole" && part != "net") {
+        return "'" + part + "' is none of whole, net";
+    }
+    options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
+    return SavePlotPicture(*path, options);
+}
+
+std::string BatchSession::Format(const Command& command) {
+    return ApplyFormatArguments(command.arguments, stated_);
+}
+
+std::string BatchSession::Get(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const Result<std::string> text = FieldText(ActiveRecord(), command.Bare(0).value_or(""));
+    if (!text) {
+        return text.Error();
+    }
+    out_ << *text << '\n';
+    return {};
+}
+
+std::string BatchSession::MergeFile(const Command& command) {
+    const std::string error = NeedPlot();
+    return error.empty() ? OpenFile(kMergeCommand, command) : error;
+}
+
+std::string BatchSession::Open(const Command& command) {
+    return OpenFile(kNewCommand, command);
+}
+
+std::string BatchSession::Overlay(const Command& command) {
+    const std::string error = NeedPlot();
+    return error.empty() ? OpenFile(kOverlayCommand, command) : error;
+}
+
+std::string BatchSession::Plot(const Command& command) {
+    static const std::map<std::string, std::int16_t> kinds = {
+        {"equalarea", kEqualArea}, {"equalangle", kEqualAngle}, {"rose", kRose}};
+    const auto kind = kinds.find(command.Words());
+    if (kind == kinds.end()) {
+        return "'" + command.Words() + "' is none of equalarea, equalangle, rose";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    ChangePlotKind(kind->second);
+    return {};
+}
+
+std::string BatchSession::Recalculate(const Command&) {
+    const std::string error = NeedPlot();
+    if (error.empty()) {
+        ReplotActivePlot(true);
+    }
+    return error;
+}
+
+std::string BatchSession::Replot(const Command&) {
+    const std::string error = NeedPlot();
+    if (error.empty()) {
+        ReplotActivePlot(false);
+    }
+    return error;
+}
+
+std::string BatchSession::Save(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    return SavePlotAs(*path, SaveKind::SaveAs) == SaveOutcome::Saved
+               ? std::string()
+               : "'" + *path + "' was not saved";
+}
+
+std::string BatchSession::Set(const Command& command) {
+    const std::optional<std::string> field = command.Bare(0);
+    const std::optional<std::string> value = command.Bare(1);
+    if (!field || !value) {
+        return "a field and a value are wanted";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const std::string error = SetField(ActiveRecord(), *field, *value);
+    if (error.empty() && MovesRows(*field)) {
+        RebuildRowTable(gActivePlot);
+    }
+    return error;
+}
+
+std::string BatchSession::Stats(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const bool advanced = command.Bare(0).value_or("normal") == "advanced";
+    const PlotForm& form = FormOf(gActivePlot);
+    const std::string text = form.BoxText(advanced ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+    out_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData) : text)
+         << '\n';
+    return {};
+}
+
+std::string BatchSession::Symbols(const Command& command) {
+    const std::optional<int> button = WholeArgument(command.Bare(0), 0, 2);
+    if (!button) {
+        return "'" + command.Words()
+               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    SetPlotSymbol(*button);
+    return {};
+}
+
+} // namespace quandrel

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+//
+// The program without a screen: the engine behind commands in the words of the menus.
+
+#pragma once
+
+#include "batch/format_command.h"
+#include "batch/script.h"
+#include "platform/memory_clipboard.h"
+#include "platform/memory_settings_store.h"
+#include "platform/platform.h"
+#include "platform/quiet_status_line.h"
+#include "platform/scripted_prompts.h"
+
+#include <functional>
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// One run. There is one at a time, for the engine's tables are one: it sets gPlatform and starts
+/// the engine with the settings of a first run, so that a script means the same everywhere.
+class BatchSession {
+public:
+    /// @param out  what commands print
+    /// @param log  the boxes that the program showed, with their answers
+    BatchSession(std::ostream& out, std::ostream& log);
+    ~BatchSession();
+    BatchSession(const BatchSession&) = delete;
+    BatchSession& operator=(const BatchSession&) = delete;
+
+    /// Runs commands in order, up to the first that fails.
+    /// @return empty, or what failed, with its line
+    [[nodiscard]] std::string Run(const std::vector<Command>& commands);
+
+private:
+    using Handler = std::string (BatchSession::*)(const Command&);
+    static const std::map<std::string, Handler>& Handlers();
+
+    [[nodiscard]] std::string RunCommand(const Command& command);
+    [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
+    [[nodiscard]] std::string NeedPlot() const;
+
+    std::string Activate(const Command& command);
+    std::string Answer(const Command& command);
+    std::string Blank(const Command& command);
+    std::string Close(const Command& command);
+    std::string Data(const Command& command);
+    std::string Dump(const Command& command);
+    std::string Export(const Command& command);
+    std::string Format(const Command& command);
+    std::string Get(const Command& command);
+    std::string MergeFile(const Command& command);
+    std::string Open(const Command& command);
+    std::string Overlay(const Command& command);
+    std::string Plot(const Command& command);
+    std::string Recalculate(const Command& command);
+    std::string Replot(const Command& command);
+    std::string Save(const Command& command);
+    std::string Set(const Command& command);
+    std::string Stats(const Command& command);
+    std::string Symbols(const Command& command);
+
+    std::ostream& out_;
+    std::ostream& log_;
+    MemorySettingsStore settings_;
+    MemoryClipboard clipboard_;
+    QuietStatusLine status_;
+    ScriptedPrompts prompts_;
+    Platform formerPlatform_;
+    StatedFormat stated_;
+    int formatQuestions_ = 0; ///< times that the load in work has asked for the format
+};
+
+} // namespace quandrel

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/dump.h"
+
+#include "batch/field_access.h"
+#include "core/plot_store.h"
+#include "input/load_report.h"
+#include "stereo/legend.h"
+#include "stereo/plot_driver.h"
+
+#include <nlohmann/json.hpp>
+
+namespace quandrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// A column of the active plot, from row 1 to the last one loaded.
+template <class Column>
+Json ColumnJson(const Column& column) {
+    Json array = Json::array();
+    for (std::int32_t row = 1; row <= ActiveRecord().NumLoadedData; ++row) {
+        array.push_back(column(gActivePlot, row));
+    }
+    return array;
+}
+
+Json CodesJson(const DataColumn<SymbolCode>& column) {
+    Json array = Json::array();
+    for (std::int32_t row = 1; row <= ActiveRecord().NumLoadedData; ++row) {
+        array.push_back(SymbolCodeText(column(gActivePlot, row)));
+    }
+    return array;
+}
+
+Json RowsJson() {
+    const PlotRecord& record = ActiveRecord();
+    Json rows;
+    rows["gDataDip"] = ColumnJson(gDataDip);
+    rows["gDataAz"] = ColumnJson(gDataAz);
+    rows["gDataSymbol"] = CodesJson(gDataSymbol);
+    rows["gDataSymbolBase"] = CodesJson(gDataSymbolBase);
+    rows["gPointDensity"] = ColumnJson(gPointDensity);
+    rows["gDataOrder"] = ColumnJson(gDataOrder);
+    if (record.SecondaryFormat != 0) {
+        rows["gData2Dip"] = ColumnJson(gData2Dip);
+        rows["gData2Az"] = ColumnJson(gData2Az);
+    }
+    if (record.HasAppendedLine != 0) {
+        rows["gAppLineDip"] = ColumnJson(gAppLineDip);
+        rows["gAppLineAz"] = ColumnJson(gAppLineAz);
+    }
+    if (record.HasAppendedNumeric != 0) {
+        rows["gAppNumeric"] = ColumnJson(gAppNumeric);
+    }
+    if (record.HasAppendedText != 0) {
+        rows["gAppText"] = ColumnJson(gAppText);
+    }
+    return rows;
+}
+
+Json TableJson() {
+    const RowTable& table = TableOf(gActivePlot);
+    return {{"index", table.index},
+            {"x", table.x},
+            {"y", table.y},
+            {"plunge", table.plunge},
+            {"trend", table.trend}};
+}
+
+Json LoadJson() {
+    Json load = {{"rowsRead", gLastLoad.rowsRead},     {"rowsValid", gLastLoad.rowsValid},
+                 {"blankLines", gLastLoad.blankLines}, {"invalidLines", gLastLoad.invalidLines},
+                 {"badNumeric", gLastLoad.badNumeric}, {"badText", gLastLoad.badText},
+                 {"badLine", gLastLoad.badLine}};
+    if (gLastLoad.stoppedAtLine > 0) {
+        load["stoppedAtLine"] = gLastLoad.stoppedAtLine;
+    }
+    return load;
+}
+
+Json LegendJson() {
+    Json lines = Json::array();
+    for (const LegendLine& line : LegendLines(LastBetaCount())) {
+        lines.push_back(line.text);
+    }
+    return lines;
+}
+
+Json PromptsJson(const ScriptedPrompts& prompts) {
+    Json boxes = Json::array();
+    for (const ShownBox& box : prompts.Shown()) {
+        boxes.push_back({{"title", box.message.title},
+                         {"text", box.message.text},
+                         {"answer", ButtonName(box.answer)}});
+    }
+    return boxes;
+}
+
+Json OperationsJson(const RecordingSurface& surface) {
+    Json operations = Json::array();
+    for (const auto& operation : surface.Operations()) {
+        operations.push_back(OperationText(operation));
+    }
+    return operations;
+}
+
+} // namespace
+
+Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& operations) {
+    Json json;
+    json["slot"] = gActivePlot;
+    json["title"] = TitleOfPlot();
+    json["record"] = RecordJson(ActiveRecord());
+    json["rows"] = RowsJson();
+    json["table"] = TableJson();
+    json["load"] = LoadJson();
+    json["legend"] = LegendJson();
+    json["prompts"] = PromptsJson(prompts);
+    json["operations"] = OperationsJson(operations);
+    return json;
+}
+
+} // namespace quandrel

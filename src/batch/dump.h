@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+//
+// The whole of a plot as JSON.
+
+#pragma once
+
+#include "platform/recording_surface.h"
+#include "platform/scripted_prompts.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+namespace quandrel {
+
+/// The active plot: slot, title, record, rows, table, load, legend, and what was asked and drawn.
+/// Parts that do not apply are absent. Numbers read back exactly.
+///
+/// @param prompts     boxes shown so far
+/// @param operations  of the last drawing
+[[nodiscard]] nlohmann::ordered_json DumpActivePlot(const ScriptedPrompts& prompts,
+                                                    const RecordingSurface& operations);
+
+} // namespace quandrel

@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/format_command.h"
+
+#include "core/data_format.h"
+#include "core/settings.h"
+#include "orientation/number_text.h"
+
+#include <cmath>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+using Names = std::map<std::string, int>;
+
+const Names kPrimaryNames = {
+    {"directions", kDirections}, {"plane", kPrimaryPlane}, {"line", kPrimaryLine}};
+const Names kSecondaryNames = {{"none", kNoSecondary},     {"pitch", kPitchInPlane},
+                               {"trend", kTrendInPlane},   {"line", kSecondaryLine},
+                               {"plane", kSecondaryPlane}, {"hade", kHadeInPlane}};
+const Names kDataNames = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
+const Names kTruths = {{"yes", 1}, {"no", 0}};
+const std::map<std::string, std::string> kDelimiters = {
+    {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
+
+/// The names of a table, for messages.
+template <class Value>
+std::string ListOf(const std::map<std::string, Value>& names) {
+    std::string list;
+    for (const auto& [name, value] : names) {
+        list += (list.empty() ? "" : ", ") + name;
+    }
+    return list;
+}
+
+std::vector<std::string> SplitAtCommas(const std::string& text) {
+    std::vector<std::string> parts(1);
+    for (const char c : text) {
+        if (c == ',') {
+            parts.emplace_back();
+        } else {
+            parts.back() += c;
+        }
+    }
+    return parts;
+}
+
+std::optional<int> WholeNumber(const std::string& text, int lowest, int highest) {
+    const std::optional<double> value = ReadNumber(text);
+    if (!value || *value != std::floor(*value) || *value < lowest || *value > highest) {
+        return std::nullopt;
+    }
+    return static_cast<int>(*value);
+}
+
+/// A format being put together: applied when all arguments were good.
+struct Draft {
+    FormatSettings format = CurrentFormat();
+    StatedFormat stated;
+    bool decimalIsComma = gDecimalIsComma;
+    int plane = 1;
+    bool trendFirst = false;
+    bool quadrant = false;
+    bool conventionsByParts = false;
+};
+
+/// Takes a value by its name in a table.
+template <class Field>
+std::string TakeName(const Names& names, const std::string& value, Field& field) {
+    const auto found = names.find(value);
+    if (found == names.end()) {
+        return "'" + value + "' is none of " + ListOf(names);
+    }
+    field = static_cast<Field>(found->second);
+    return {};
+}
+
+std::string TakeConventions(const std::string& value, Draft& draft) {
+    const std::optional<int> code = WholeNumber(value, -16, 16);
+    const int plane = code ? std::abs(*code) % 10 : 0;
+    if (plane < 1 || plane > 6) {
+        return "'" + value + "' is no convention code: 1 to 6, 11 to 16, or these below 0";
+    }
+    draft.format.conventions = static_cast<std::int16_t>(*code);
+    return {};
+}
+
+std::string TakePlane(const std::string& value, Draft& draft) {
+    const std::optional<int> plane = WholeNumber(value, 1, 6);
+    if (!plane) {
+        return "'" + value + "' is no plane convention: 1 to 6";
+    }
+    draft.plane = *plane;
+    draft.conventionsByParts = true;
+    return {};
+}
+
+std::string TakeLineOrder(const std::string& value, Draft& draft) {
+    draft.conventionsByParts = true;
+    return TakeName({{"pt", 0}, {"tp", 1}}, value, draft.trendFirst);
+}
+
+std::string TakeNotation(const std::string& value, Draft& draft) {
+    draft.conventionsByParts = true;
+    return TakeName({{"azimuth", 0}, {"quadrant", 1}}, value, draft.quadrant);
+}
+
+std::string TakeDelimiter(const std::string& value, Draft& draft) {
+    const auto found = kDelimiters.find(value);
+    if (found == kDelimiters.end()) {
+        return "'" + value + "' is none of " + ListOf(kDelimiters);
+    }
+    draft.format.delimiter = found->second;
+    return {};
+}
+
+std::string TakeColumns(const std::string& value, Draft& draft) {
+    const std::vector<std::string> parts = SplitAtCommas(value);
+    if (parts.size() > draft.format.columns.size()) {
+        return "there are ten column slots at most";
+    }
+    for (std::size_t slot = 0; slot < parts.size(); ++slot) {
+        const std::optional<int> column = WholeNumber(parts[slot], 0, 254);
+        if (!column) {
+            return "'" + parts[slot] + "' is no column: 0 to 254";
+        }
+        draft.format.columns[slot] = *column;
+    }
+    return {};
+}
+
+std::string TakeAppended(const std::string& value, Draft& draft) {
+    FormatSettings& format = draft.format;
+    format.lineAppended = format.numericAppended = format.nonNumericAppended = false;
+    if (value == "none" || value.empty()) {
+        return {};
+    }
+    for (const std::string& part : SplitAtCommas(value)) {
+        if (part == "line") {
+            format.lineAppended = true;
+        } else if (part == "numeric") {
+            format.numericAppended = true;
+        } else if (part == "text") {
+            format.nonNumericAppended = true;
+        } else {
+            return "'" + part + "' is none of line, numeric, text, none";
+        }
+    }
+    return {};
+}
+
+using Taker = std::function<std::string(const std::string&, Draft&)>;
+
+const std::map<std::string, Taker>& Takers() {
+    static const std::map<std::string, Taker> takers = {
+        {"primary", [](auto& v, Draft& d) { return TakeName(kPrimaryNames, v, d.format.primary); }},
+        {"secondary",
+         [](auto& v, Draft& d) { return TakeName(kSecondaryNames, v, d.format.secondary); }},
+        {"conventions", TakeConventions},
+        {"plane", TakePlane},
+        {"line", TakeLineOrder},
+        {"notation", TakeNotation},
+        {"delimiter", TakeDelimiter},
+        {"columns", TakeColumns},
+        {"appended", TakeAppended},
+        {"numericname",
+         [](auto& v, Draft& d) {
+             d.format.numericName = v;
+             return std::string();
+         }},
+        {"textname",
+         [](auto& v, Draft& d) {
+             d.format.nonNumericName = v;
+             return std::string();
+         }},
+        {"header", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.format.hasHeadings); }},
+        {"data", [](auto& v, Draft& d) { return TakeName(kDataNames, v, d.format.plotDataKind); }},
+        {"frequency",
+         [](auto& v, Draft& d) { return TakeName(kTruths, v, d.stated.frequencyColumn); }},
+        {"showsecondary",
+         [](auto& v, Draft& d) { return TakeName(kTruths, v, d.stated.showSecondary); }},
+        {"decimalcomma", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.decimalIsComma); }},
+    };
+    return takers;
+}
+
+void Apply(const Draft& draft, StatedFormat& stated) {
+    RestoreFormat(draft.format);
+    if (draft.conventionsByParts) {
+        const int code = draft.plane + (draft.trendFirst ? 10 : 0);
+        gConventions = static_cast<std::int16_t>(draft.quadrant ? -code : code);
+    }
+    gDecimalIsComma = draft.decimalIsComma;
+    stated = draft.stated;
+}
+
+} // namespace
+
+std::string ApplyFormatArguments(const std::vector<Argument>& arguments, StatedFormat& stated) {
+    Draft draft;
+    draft.stated = stated;
+    for (const Argument& argument : arguments) {
+        const auto taker = Takers().find(argument.name);
+        if (taker == Takers().end()) {
+            return "'" + (argument.name.empty() ? argument.value : argument.name)
+                   + "' is no key of a format: " + ListOf(Takers());
+        }
+        const std::string error = taker->second(argument.value, draft);
+        if (!error.empty()) {
+            return argument.name + ": " + error;
+        }
+    }
+    Apply(draft, stated);
+    return {};
+}
+
+} // namespace quandrel

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/script.h"
+
+namespace quandrel {
+
+namespace {
+
+/// A word with the place of the first "=" that stood outside quotes.
+struct Word {
+    std::string text;
+    std::size_t equals = std::string::npos;
+};
+
+/// Reads words up to the end of a command.
+class WordReader {
+public:
+    WordReader(std::string_view text, CommandBreak breaks)
+        : text_(text)
+        , breaks_(breaks) {}
+
+    [[nodiscard]] bool AtEnd() const { return position_ >= text_.size(); }
+
+    [[nodiscard]] int Line() const { return line_; }
+
+    /// The words up to the next break, which is passed. False when a quote is not closed.
+    [[nodiscard]] bool ReadCommand(std::vector<Word>& words) {
+        words.clear();
+        for (;;) {
+            SkipBlanks();
+            if (AtEnd() || PassBreak()) {
+                return true;
+            }
+            if (text_[position_] == '#') {
+                SkipComment();
+                continue;
+            }
+            if (!ReadWord(words.emplace_back())) {
+                return false;
+            }
+        }
+    }
+
+private:
+    [[nodiscard]] bool IsBreak(char c) const {
+        return c == '\n' || (c == ';' && breaks_ == CommandBreak::SemicolonToo);
+    }
+
+    static bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+    void SkipBlanks() {
+        while (!AtEnd() && IsBlank(text_[position_])) {
+            ++position_;
+        }
+    }
+
+    void SkipComment() {
+        while (!AtEnd() && text_[position_] != '\n') {
+            ++position_;
+        }
+    }
+
+    bool PassBreak() {
+        if (!IsBreak(text_[position_])) {
+            return false;
+        }
+        line_ += text_[position_] == '\n' ? 1 : 0;
+        ++position_;
+        return true;
+    }
+
+    [[nodiscard]] bool ReadWord(Word& word) {
+        bool quoted = false;
+        for (; !AtEnd(); ++position_) {
+            const char c = text_[position_];
+            if (c == '\n' || (!quoted && (IsBlank(c) || IsBreak(c)))) {
+                break;
+            }
+            if (c == '"') {
+                quoted = !quoted;
+                continue;
+            }
+            if (quoted && c == '\\' && position_ + 1 < text_.size()
+                && text_[position_ + 1] == '"') {
+                ++position_;
+                word.text += '"';
+                continue;
+            }
+            if (c == '=' && !quoted && word.equals == std::string::npos) {
+                word.equals = word.text.size();
+            }
+            word.text += c;
+        }
+        return !quoted;
+    }
+
+    std::string_view text_;
+    CommandBreak breaks_;
+    std::size_t position_ = 0;
+    int line_ = 1;
+};
+
+Command CommandOf(const std::vector<Word>& words, int line) {
+    Command command;
+    command.line = line;
+    command.name = words.front().text;
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        const Word& word = words[i];
+        if (word.equals == std::string::npos) {
+            command.arguments.push_back({{}, word.text});
+        } else {
+            command.arguments.push_back(
+                {word.text.substr(0, word.equals), word.text.substr(word.equals + 1)});
+        }
+    }
+    return command;
+}
+
+} // namespace
+
+std::optional<std::string> Command::Value(std::string_view name_) const {
+    for (const Argument& argument : arguments) {
+        if (argument.name == name_) {
+            return argument.value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> Command::Bare(std::size_t place) const {
+    for (const Argument& argument : arguments) {
+        if (argument.name.empty() && place-- == 0) {
+            return argument.value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string Command::Words() const {
+    std::string words;
+    for (const Argument& argument : arguments) {
+        words += words.empty() ? "" : " ";
+        words += argument.name.empty() ? argument.value : argument.name + "=" + argument.value;
+    }
+    return words;
+}
+
+Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks) {
+    std::vector<Command> commands;
+    WordReader reader(text, breaks);
+    std::vector<Word> words;
+    while (!reader.AtEnd()) {
+        const int line = reader.Line();
+        if (!reader.ReadCommand(words)) {
+            return Failure{"line " + std::to_string(line) + ": a quote is not closed"};
+        }
+        if (!words.empty()) {
+            commands.push_back(CommandOf(words, line));
+        }
+    }
+    return commands;
+}
+
+} // namespace quandrel

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// Scripts: one command a line, its arguments `name=value` or bare.
+
+#pragma once
+
+#include "core/result.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+/// A word behind a command. A bare one has no name.
+struct Argument {
+    std::string name;
+    std::string value;
+};
+
+struct Command {
+    int line = 0; ///< of the script, from 1
+    std::string name;
+    std::vector<Argument> arguments;
+
+    /// The value of the argument of a name, or nothing.
+    [[nodiscard]] std::optional<std::string> Value(std::string_view name_) const;
+
+    /// The bare argument at a place, counted from 0, or nothing.
+    [[nodiscard]] std::optional<std::string> Bare(std::size_t place) const;
+
+    /// All words behind the command's name as they stood, one blank between them.
+    [[nodiscard]] std::string Words() const;
+};
+
+/// Where commands end besides the line's end.
+enum class CommandBreak { LineOnly, SemicolonToo };
+
+/// The commands of a text. Words are parted by blanks; double quotes hold blanks together, and `\"`
+/// in them is a quote; `#` at the beginning of a word begins a comment.
+[[nodiscard]] Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks);
+
+} // namespace quandrel

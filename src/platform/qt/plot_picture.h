@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// The active plot as a picture in a file: the net alone, or with its legend and boxes.
+
+#pragma once
+
+#include <string>
+
+namespace quandrel {
+
+enum class PicturePart { WholePlot, NetAlone };
+
+struct PictureOptions {
+    /// Height in pixels of a PNG. Lines, symbols and texts grow with it.
+    int size = 1000;
+    PicturePart part = PicturePart::WholePlot;
+};
+
+/// Height of every picture in logical pixels; a vector file is this large, 96 to the inch.
+inline constexpr int kPictureHeight = 600;
+
+/// Draws gActivePlot into a file whose ending says what it is: .png, .svg, .pdf. Nothing is worked
+/// out anew.
+///
+/// @return empty, or a text for the user that says why there is no picture
+[[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
+
+} // namespace quandrel
