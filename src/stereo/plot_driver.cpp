@@ -193,7 +193,9 @@ void DrawStereoPlot(bool recalculate) {
     if (!isClassified || record.NumClasses == 0 || record.NumClasses == 4) {
         lastBetaCount = DrawMainRows(record);
     }
-    record.RowsChanged = 0;
+    if (!IsDrawingElsewhere()) {
+        record.RowsChanged = 0;
+    }
     DrawOverlays(record);
     Run(gPlotStages.drawAnnotations);
     DrawLegend(lastBetaCount);

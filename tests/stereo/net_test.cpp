@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "stereo/net.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+
+namespace quandrel {
+namespace {
+
+class Net : public EngineTest {
+protected:
+    /// The lines of an empty net in an axes style.
+    std::vector<DrawOperation> Draw(std::int16_t style, std::int16_t kind = kEqualArea) {
+        NewPlot();
+        gPlotAxesStyle = style;
+        ActiveRecord().PlotKind = kind;
+        DrawPlotBase();
+        return DrawnOn(Form(gActivePlot).Plot());
+    }
+
+    static bool HasLine(const std::vector<DrawOperation>& operations, Point from, Point to) {
+        for (const DrawOperation& operation : operations) {
+            if (operation.kind == DrawOperation::Kind::Line && operation.points[0] == from
+                && operation.points[1] == to) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(Net, ThePrimitiveIsACircleOfRadiusAThousand) {
+    const auto operations = Draw(9);
+    ASSERT_EQ(operations.size(), 1U) << "a style outside the table has no axes";
+    EXPECT_EQ(operations[0].kind, DrawOperation::Kind::Circle);
+    EXPECT_EQ(operations[0].radius, 1000);
+    EXPECT_EQ(operations[0].points[0], (Point{0, 0}));
+}
+
+TEST_F(Net, StyleNoughtIsACrossOfTwoLinesOfAHundred) {
+    const auto operations = Draw(0);
+    EXPECT_EQ(operations.size(), 3U);
+    EXPECT_TRUE(HasLine(operations, {-50, 0}, {50, 0}));
+    EXPECT_TRUE(HasLine(operations, {0, -50}, {0, 50}));
+}
+
+TEST_F(Net, StyleOneHasNoTickInTheNorth) {
+    const auto operations = Draw(1);
+    EXPECT_EQ(operations.size(), 6U);
+    EXPECT_TRUE(HasLine(operations, {-1000, 0}, {-1050, 0}));
+    EXPECT_TRUE(HasLine(operations, {1000, 0}, {1050, 0}));
+    EXPECT_TRUE(HasLine(operations, {0, -1000}, {0, -1050}));
+    EXPECT_FALSE(HasLine(operations, {0, 1000}, {0, 1050}));
+}
+
+TEST_F(Net, TicksOfStyleTwoAreSpacedAsTheProjectionSpacesPlunges) {
+    // Distances of plunge 30 from the centre: sqrt(1 - sin 30) and tan 30, of 1000, rounded.
+    const auto area = Draw(2, kEqualArea);
+    EXPECT_TRUE(HasLine(area, {-20, 707}, {20, 707}));
+    EXPECT_TRUE(HasLine(area, {-707, -20}, {-707, 20}));
+    EXPECT_TRUE(HasLine(area, {-1000, 0}, {1000, 0}));
+    EXPECT_EQ(area.size(), 1U + 2U + 32U);
+    const auto angle = Draw(2, kEqualAngle);
+    EXPECT_TRUE(HasLine(angle, {-20, 577}, {20, 577}));
+    EXPECT_FALSE(HasLine(angle, {-20, 707}, {20, 707}));
+}
+
+TEST_F(Net, StyleThreeTicksTheEasternRimFromNorthToSouth) {
+    const auto operations = Draw(3);
+    EXPECT_EQ(operations.size(), 1U + 19U + 32U);
+    for (const DrawOperation& operation : operations) {
+        for (const Point& point : operation.points) {
+            EXPECT_LE(std::hypot(point.x, point.y), 1100);
+        }
+    }
+}
+
+TEST_F(Net, ARoseDrawsItsOwnBase) {
+    EXPECT_TRUE(Draw(2, kRose).empty());
+}
+
+TEST_F(Net, DrawingBeginsWithTheOrdinaryPenOnAClearedSurface) {
+    Draw(0);
+    DrawState changed;
+    changed.drawMode = kDrawNotXor;
+    changed.drawWidth = 5;
+    FormOf(gActivePlot).PlotSurface().SetState(changed);
+    DrawPlotBase();
+    EXPECT_EQ(FormOf(gActivePlot).PlotSurface().State().drawMode, kDrawCopy);
+    EXPECT_EQ(FormOf(gActivePlot).PlotSurface().State().drawWidth, 1);
+    EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 3U);
+}
+
+TEST_F(Net, TheMeanArrowStandsAtTheTrueAzimuthInBothNets) {
+    for (const std::int16_t kind : {kEqualArea, kEqualAngle}) {
+        Draw(9, kind);
+        auto& mean = ActiveRecord().AxisItems[0];
+        mean[0] = true;
+        mean[3] = DegToRad(60);
+        DrawPlotFurniture();
+        const auto operations = DrawnOn(Form(gActivePlot).Plot());
+        ASSERT_EQ(operations.size(), 4U);
+        const Point rim = operations[1].points[0];
+        const Point tip = operations[1].points[1];
+        EXPECT_NEAR(std::hypot(rim.x, rim.y), 1000, 1e-9);
+        EXPECT_NEAR(std::hypot(tip.x, tip.y), 1091, 1e-9);
+        EXPECT_NEAR(std::atan2(tip.x, tip.y), kPi / 3, 1e-9);
+        EXPECT_NEAR(std::hypot(operations[2].points[1].x, operations[2].points[1].y), 1021, 1e-9);
+        EXPECT_EQ(operations[1].state.drawWidth, 2);
+        EXPECT_EQ(FormOf(gActivePlot).PlotSurface().State().drawWidth, 1);
+    }
+}
+
+TEST_F(Net, AnOverlayHidesTheMeanArrow) {
+    Draw(9);
+    ActiveRecord().AxisItems[0][0] = true;
+    ActiveRecord().OverlayRows[0] = 1;
+    DrawPlotFurniture();
+    EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
+}
+
+} // namespace
+} // namespace quandrel

@@ -1,0 +1,541 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "stereo/draw_target.h"
+#include "stereo/legend.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "stereo/plot_state.h"
+#include "stereo/row_drawing.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+#include <map>
+#include <random>
+#include <set>
+
+namespace quandrel {
+namespace {
+
+using Kind = DrawOperation::Kind;
+
+class PlotDriver : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPlotAxesStyle = 9;
+        gGridDensitySlider = 50;
+        gPlotStages = {};
+        NewPlot();
+    }
+
+    void TearDown() override {
+        gPlotStages = {};
+        EngineTest::TearDown();
+    }
+
+    static std::vector<DrawOperation> Drawn() { return DrawnOn(Form(gActivePlot).Plot()); }
+
+    /// Operations of a kind in the last drawing.
+    static std::vector<DrawOperation> Drawn(Kind kind) {
+        std::vector<DrawOperation> found;
+        for (const DrawOperation& operation : Drawn()) {
+            if (operation.kind == kind) {
+                found.push_back(operation);
+            }
+        }
+        return found;
+    }
+
+    /// Lets every stage write its name down.
+    void RecordStages() {
+        const auto note = [this](const char* name) {
+            return [this, name] { calls.push_back(name); };
+        };
+        gPlotStages.refreshClassification = note("classes");
+        gPlotStages.computePointDensities = note("densities");
+        gPlotStages.computeFabricStatistics = note("statistics");
+        gPlotStages.computeGridDensity = [this] {
+            calls.push_back("grid");
+            ActiveRecord().GridSize = static_cast<std::int16_t>(gGridDensitySlider);
+            ActiveRecord().DensityCount = ActiveRecord().NumValidData;
+        };
+        gPlotStages.drawGridSymbols = note("grid symbols");
+        gPlotStages.traceContours = note("contours");
+        gPlotStages.traceContoursClassified = note("classified contours");
+        gPlotStages.drawAnnotations = note("annotations");
+        gPlotStages.drawSmallCircles = note("small circles");
+        gPlotStages.writeStatistics = note("texts");
+        gPlotStages.drawRose = [this](bool) { calls.push_back("rose"); };
+    }
+
+    std::vector<std::string> Replot(bool recalculate = false) {
+        calls.clear();
+        ReplotActivePlot(recalculate);
+        return calls;
+    }
+
+    std::vector<std::string> calls;
+};
+
+using Calls = std::vector<std::string>;
+
+TEST_F(PlotDriver, APlotWithoutRowsDrawsNetAndLegendOnly) {
+    ReplotActivePlot(false);
+    ASSERT_EQ(Drawn().size(), 1U);
+    EXPECT_EQ(Drawn()[0].kind, Kind::Circle);
+    EXPECT_EQ(DrawnOn(Form(gActivePlot).Legend()).size(), 1U);
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "0");
+}
+
+TEST_F(PlotDriver, ADrawingRunsItsStagesInOrder) {
+    RecordStages();
+    AddRow(30, 120);
+    ActiveRecord().PlotSymbolMode = kContoursAndGrid;
+    EXPECT_EQ(Replot(), (Calls{"densities", "statistics", "classes", "grid", "grid symbols",
+                               "contours", "annotations", "small circles", "texts"}));
+}
+
+TEST_F(PlotDriver, AColourChangeRecomputesNothing) {
+    RecordStages();
+    AddRow(30, 120);
+    Replot();
+    gDataSymbol.At(gActivePlot, 1) = MakeSymbolCode(8, 3, 2);
+    EXPECT_EQ(Replot(), (Calls{"annotations", "small circles", "texts"}));
+    AddRow(40, 130);
+    EXPECT_EQ(Replot().front(), "densities") << "a new row does";
+}
+
+TEST_F(PlotDriver, TheSliderMakesTheGridStaleAtTheNextReplot) {
+    RecordStages();
+    AddRow(30, 120);
+    ActiveRecord().PlotSymbolMode = kContours;
+    Replot();
+    EXPECT_EQ(Replot(), (Calls{"contours", "annotations", "small circles", "texts"}));
+    gGridDensitySlider = 80;
+    EXPECT_EQ(Replot(), (Calls{"grid", "contours", "annotations", "small circles", "texts"}));
+}
+
+TEST_F(PlotDriver, RecalculateTakesTheRowsAsChanged) {
+    RecordStages();
+    AddRow(30, 120);
+    Replot();
+    EXPECT_EQ(Replot(true).front(), "densities");
+    EXPECT_EQ(ActiveRecord().RowsChanged, 0);
+}
+
+TEST_F(PlotDriver, ChangedRowsRecomputeStatisticsOfAPlotWithOverlaysToo) {
+    RecordStages();
+    AddRow(30, 120);
+    AddOverlay(kOverlayPoles, 10, 10, CodeOfStyleRow(3));
+    EXPECT_EQ(Replot().front(), "densities");
+}
+
+TEST_F(PlotDriver, ClassifiedGridsTakeThePlaceOfTheRows) {
+    RecordStages();
+    AddRow(30, 120);
+    ActiveRecord().ClassMode = 1;
+    ActiveRecord().NumClasses = 3;
+    EXPECT_EQ(Replot(), (Calls{"densities", "statistics", "classes", "grid", "grid symbols",
+                               "classified contours", "annotations", "small circles", "texts"}));
+    EXPECT_TRUE(Drawn(Kind::Markers).empty());
+    ActiveRecord().NumClasses = 4;
+    Replot();
+    EXPECT_EQ(Drawn(Kind::Markers).size(), 1U);
+}
+
+TEST_F(PlotDriver, ARoseIsDrawnByItsOwnStage) {
+    RecordStages();
+    AddRow(30, 120);
+    ActiveRecord().PlotKind = kRose;
+    EXPECT_EQ(Replot(), (Calls{"rose", "texts"}));
+}
+
+TEST_F(PlotDriver, ModeTwoOfAnOldFileDrawsLikeModeOne) {
+    AddRow(30, 120);
+    ActiveRecord().PlotSymbolMode = 2;
+    ReplotActivePlot(false);
+    EXPECT_EQ(Drawn(Kind::Markers).size(), 1U);
+}
+
+TEST_F(PlotDriver, AnUnknownModeDrawsNoRows) {
+    AddRow(30, 120);
+    ActiveRecord().PlotSymbolMode = 12;
+    ReplotActivePlot(false);
+    EXPECT_EQ(Drawn().size(), 1U);
+}
+
+TEST_F(PlotDriver, ErrorRowsAreDrawnInNoModeButKeepTheirPlace) {
+    AddRow(kErrorRow, 0);
+    AddRow(30, 120);
+    for (const std::int16_t mode : {kGreatCircles, kPointSymbols, kBetaIntersections}) {
+        ActiveRecord().PlotSymbolMode = mode;
+        ReplotActivePlot(false);
+        EXPECT_EQ(Drawn(Kind::Markers).size() + Drawn(Kind::Arc).size(),
+                  mode == kBetaIntersections ? 0U : 1U);
+    }
+    EXPECT_EQ(TableOf(gActivePlot).size(), 2U);
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "1");
+}
+
+TEST_F(PlotDriver, SymbolsCarryTheOrderAndStyleOfTheirRows) {
+    AddRow(30, 90, MakeSymbolCode(5, 3, 2));
+    AddRow(30, 270, MakeSymbolCode(8, 2, 3));
+    AddRow(60, 90, MakeSymbolCode(5, 0, 2));
+    ReplotActivePlot(false);
+    const auto markers = Drawn(Kind::Markers);
+    ASSERT_EQ(markers.size(), 2U) << "symbol 0 hides a row";
+    // Sorted by x: the pole of the plane that dips east lies west.
+    EXPECT_LT(markers[0].points[0].x, 0);
+    EXPECT_EQ(markers[0].colour, kBlack);
+    EXPECT_EQ(markers[1].colour, (Colour{255, 0, 0}));
+}
+
+TEST_F(PlotDriver, EqualRowsShowOnceWhereTheLastOfThemStands) {
+    std::mt19937 random(3);
+    std::map<std::pair<double, double>, Colour> expected;
+    for (int i = 0; i < 4000; ++i) {
+        const auto dip = static_cast<std::int32_t>(random() % 12);
+        const auto azimuth = static_cast<std::int32_t>(random() % 8 * 45);
+        AddRow(dip, azimuth, MakeSymbolCode(static_cast<int>(random() % 25), 2, 3));
+    }
+    ReplotActivePlot(false);
+    // Brute force: all rows drawn in the order of the table, the last on a place stays visible.
+    const RowTable& table = TableOf(gActivePlot);
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        expected[{table.x[place], table.y[place]}] =
+            TableColour(CodeColour(gDataSymbol(gActivePlot, table.index[place])));
+    }
+    std::map<std::pair<double, double>, Colour> drawn;
+    std::size_t count = 0;
+    for (const DrawOperation& markers : Drawn(Kind::Markers)) {
+        for (const Point& point : markers.points) {
+            drawn[{point.x, point.y}] = markers.colour;
+            ++count;
+        }
+    }
+    EXPECT_EQ(drawn, expected);
+    EXPECT_LE(count, expected.size() * 25);
+}
+
+TEST_F(PlotDriver, GreatCirclesAreThoseOfThePlanes) {
+    AddRow(0, 10);
+    AddRow(90, 45);
+    AddRow(50, 200, MakeSymbolCode(7, 3, 2));
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    ReplotActivePlot(false);
+    EXPECT_EQ(Drawn(Kind::Circle).size(), 2U) << "the net and the horizontal plane";
+    ASSERT_EQ(Drawn(Kind::Line).size(), 1U);
+    const DrawOperation chord = Drawn(Kind::Line)[0];
+    EXPECT_NEAR(chord.points[0].x + chord.points[1].x, 0, 1e-9);
+    EXPECT_NEAR(std::abs(chord.points[0].x), 1000 * std::sqrt(0.5), 1);
+    EXPECT_LT(chord.points[0].x * chord.points[0].y, 0) << "strike 135";
+    ASSERT_EQ(Drawn(Kind::Arc).size(), 1U);
+    const DrawOperation arc = Drawn(Kind::Arc)[0];
+    EXPECT_EQ(arc.colour, TableColour(7));
+    // The arc passes through the lowest point of the plane.
+    double x = 0;
+    double y = 0;
+    ProjectPoint(kEqualArea, DegToRad(50), DegToRad(200), x, y);
+    EXPECT_NEAR(std::hypot(x - arc.points[0].x, y - arc.points[0].y), arc.radius, 2);
+}
+
+TEST_F(PlotDriver, GreatCirclesOfLinesAreThePlanesNormalToThem) {
+    ActiveRecord().PrimaryFormat = kPrimaryLine;
+    ActiveRecord().DataKind = kLines;
+    AddRow(0, 90);
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    ReplotActivePlot(false);
+    ASSERT_EQ(Drawn(Kind::Line).size(), 1U);
+    EXPECT_NEAR(Drawn(Kind::Line)[0].points[0].x, 0, 1e-6) << "strikes north";
+}
+
+TEST_F(PlotDriver, BetaIntersectionsAreThoseOfTheCrossProducts) {
+    std::mt19937 random(17);
+    std::vector<Direction> normals;
+    for (int i = 0; i < 40; ++i) {
+        const auto dip = static_cast<std::int32_t>(random() % 91);
+        const auto azimuth = static_cast<std::int32_t>(random() % 360);
+        AddRow(dip, azimuth);
+        const double d = dip * M_PI / 180;
+        const double a = azimuth * M_PI / 180;
+        normals.push_back({-std::sin(d) * std::cos(a), -std::sin(d) * std::sin(a), std::cos(d)});
+    }
+    std::set<std::pair<long, long>> expected;
+    std::int64_t count = 0;
+    for (std::size_t i = 0; i < normals.size(); ++i) {
+        for (std::size_t j = i + 1; j < normals.size(); ++j) {
+            const Direction& p = normals[i];
+            const Direction& q = normals[j];
+            double n = p.m * q.n - p.n * q.m;
+            double e = p.n * q.l - p.l * q.n;
+            double d = p.l * q.m - p.m * q.l;
+            const double length = std::sqrt(n * n + e * e + d * d);
+            if (length < 1e-9) {
+                continue;
+            }
+            ++count;
+            const double sign = d < 0 ? -1 : 1;
+            n *= sign / length;
+            e *= sign / length;
+            d *= sign / length;
+            const double rho = 1000 * std::sqrt(1 - d);
+            const double horizontal = std::hypot(n, e);
+            expected.insert({std::lround(rho * e / horizontal), std::lround(rho * n / horizontal)});
+        }
+    }
+    ActiveRecord().PlotSymbolMode = kBetaIntersections;
+    ReplotActivePlot(false);
+    EXPECT_EQ(LastBetaCount(), count);
+    const std::vector<DrawOperation> markers = Drawn(Kind::Markers);
+    ASSERT_EQ(markers.size(), 1U);
+    std::set<std::pair<long, long>> drawn;
+    for (const Point& point : markers[0].points) {
+        drawn.insert({std::lround(point.x), std::lround(point.y)});
+    }
+    // Half-way cases may round to either side.
+    std::size_t missing = 0;
+    for (const auto& place : expected) {
+        missing += drawn.contains(place) ? 0 : 1;
+    }
+    EXPECT_LE(missing, expected.size() / 100);
+}
+
+TEST_F(PlotDriver, ParallelPlanesHaveNoIntersection) {
+    AddRow(45, 0);
+    AddRow(45, 360);
+    AddRow(90, 30);
+    AddRow(90, 210);
+    AddRow(45, 0);
+    ActiveRecord().PlotSymbolMode = kBetaIntersections;
+    ReplotActivePlot(false);
+    EXPECT_EQ(LastBetaCount(), 6) << "of ten pairs four are of parallel planes";
+}
+
+TEST_F(PlotDriver, OverlaysAreDrawnInTheirOwnForm) {
+    AddRow(30, 120);
+    AddOverlay(kOverlayGreatCircles, 40, 10, MakeSymbolCode(20, 8, 3));
+    AddOverlay(kOverlayLines, 20, 90, MakeSymbolCode(8, 2, 3));
+    ReplotActivePlot(false);
+    ASSERT_EQ(Drawn(Kind::Arc).size(), 1U);
+    EXPECT_EQ(Drawn(Kind::Arc)[0].colour, TableColour(20));
+    ASSERT_EQ(Drawn(Kind::Markers).size(), 2U);
+    EXPECT_EQ(Drawn(Kind::Markers)[1].points[0], (Point{811, 0}));
+}
+
+TEST_F(PlotDriver, ShownGirdlesAreDrawnAndTheMeanIsNone) {
+    AddRow(30, 120);
+    for (const std::size_t item : {0U, 3U, 9U}) {
+        auto& values = ActiveRecord().AxisItems[item];
+        values[0] = true;
+        values[2] = DegToRad(40);
+        values[3] = DegToRad(70);
+    }
+    ReplotActivePlot(false);
+    EXPECT_EQ(Drawn(Kind::Arc).size(), 2U);
+    EXPECT_EQ(Drawn(Kind::Arc)[0].state.drawStyle, 2) << "girdles of the user are dotted";
+    EXPECT_EQ(Drawn(Kind::Arc)[0].state.drawMode, kDrawCopy);
+    EXPECT_EQ(Drawn(Kind::Markers).size(), 2U) << "the row, and the axis of item 9";
+}
+
+TEST_F(PlotDriver, TheCaptionTellsTheSetAndTheKindOfData) {
+    PlotRecord& record = ActiveRecord();
+    record.PlotTitle = "a.txt: 1";
+    EXPECT_EQ(TitleOfPlot(), "a.txt: 1   [Planes]     ");
+    record.SecondaryFormat = kSecondaryLine;
+    record.DataKind = kLines;
+    EXPECT_EQ(TitleOfPlot(), "a.txt: 1   [1st Lines]      ");
+    record.ShowSecondary = kTrue;
+    record.DataKind = kPolarLines;
+    EXPECT_EQ(TitleOfPlot(), "a.txt: 1   [2nd Polar Lines]");
+    record.ShowSecondary = 0;
+    record.SecondaryFormat = 0;
+    record.AxesTitle = "P & T";
+    EXPECT_EQ(TitleOfPlot(), "a.txt: 1   [P & T axes]");
+}
+
+TEST_F(PlotDriver, TheNumberBoxTellsClassifiedRowsOfAll) {
+    AddRow(30, 120);
+    ActiveRecord().ClassMode = 2;
+    ActiveRecord().NumClassified = 0;
+    EXPECT_EQ(NumberBoxText(), "0 (/1)");
+}
+
+TEST_F(PlotDriver, DrawingElsewhereLeavesTheWindowAndTheStalenessAlone) {
+    RecordStages();
+    AddRow(30, 120);
+    Replot();
+    const std::size_t before = Drawn().size();
+    AddRow(50, 10);
+    calls.clear();
+    RecordingSurface net(500, 500);
+    RecordingSurface legend(100, 100);
+    DrawActivePlotOn(net, legend);
+    EXPECT_EQ(calls, (Calls{"annotations", "small circles"}));
+    EXPECT_EQ(Drawn().size(), before);
+    EXPECT_FALSE(net.Operations().empty());
+    EXPECT_NE(ActiveRecord().RowsChanged, 0);
+    EXPECT_FALSE(IsDrawingElsewhere());
+}
+
+TEST_F(PlotDriver, AClosedSlotIsNotDrawn) {
+    const int slot = gActivePlot;
+    ReleasePlotSlot(slot);
+    gActivePlot = slot;
+    const int shown = Form(slot).TimesShown();
+    ReplotActivePlot(true);
+    EXPECT_EQ(Form(slot).TimesShown(), shown);
+    EXPECT_EQ(status.BusyDepth(), 0);
+}
+
+TEST_F(PlotDriver, TheSymbolButtonsSkipModeTwo) {
+    AddRow(30, 120);
+    const std::vector<std::pair<int, std::int16_t>> modes = {{0, 0}, {1, 1}, {2, 3}, {3, 4},
+                                                             {4, 5}, {5, 6}, {6, 7}};
+    for (const auto& [button, mode] : modes) {
+        SetPlotSymbol(button);
+        EXPECT_EQ(ActiveRecord().PlotSymbolMode, mode);
+    }
+}
+
+TEST_F(PlotDriver, OnAPlotWithOverlaysTheFirstTwoButtonsActOnTheTopOne) {
+    AddRow(30, 120);
+    AddOverlay(kOverlayPoles, 40, 10, CodeOfStyleRow(3));
+    SetPlotSymbol(0);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayGreatCircles);
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kPointSymbols);
+    SetPlotSymbol(4);
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kPointSymbols);
+    ActiveRecord().OverlayKind[1] = kOverlayPolarLines;
+    SetPlotSymbol(0);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayPolarLines);
+}
+
+TEST_F(PlotDriver, ChangingTheNetMovesTheRowsAndMarksThemChanged) {
+    RecordStages();
+    AddRow(60, 270);
+    ReplotActivePlot(false);
+    // The pole plunges 30 to the east: sqrt(1 - sin 30) and tan 30 of 1000.
+    EXPECT_EQ(TableOf(gActivePlot).x[0], 707);
+    calls.clear();
+    ChangePlotKind(kEqualAngle);
+    EXPECT_EQ(TableOf(gActivePlot).x[0], 577);
+    EXPECT_EQ(calls.front(), "densities");
+    EXPECT_NE(ActiveRecord().Modified, 0);
+}
+
+TEST_F(PlotDriver, ChangingTheDataTypeOfALoadedPlotAsksFirst) {
+    ActiveRecord().PrimaryFormat = kPrimaryLine;
+    AddRow(30, 120);
+    Expect("This will replot the data in the active plot:", Button::Cancel);
+    EXPECT_FALSE(ChangeDataKind(kLines));
+    EXPECT_EQ(ActiveRecord().DataKind, kPlanes);
+    Expect("Continue?", Button::Ok);
+    EXPECT_TRUE(ChangeDataKind(kLines));
+    EXPECT_NEAR(TableOf(gActivePlot).plunge[0], DegToRad(30), 1e-15);
+    ActiveRecord().PrimaryFormat = kPrimaryPlane;
+    Expect("You are trying to plot polar lines with plane data", Button::Ok);
+    EXPECT_TRUE(ChangeDataKind(kPolarLines));
+}
+
+TEST_F(PlotDriver, ButtonsDoNothingWhileALoopRuns) {
+    AddRow(30, 120);
+    gBusy = true;
+    SetPlotSymbol(0);
+    ChangePlotKind(kEqualAngle);
+    EXPECT_FALSE(ChangeDataKind(kLines));
+    gBusy = false;
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kPointSymbols);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+}
+
+class LegendTest : public PlotDriver {
+protected:
+    static Calls Texts(std::int64_t betaCount = 0) {
+        Calls texts;
+        for (const LegendLine& line : LegendLines(betaCount)) {
+            texts.push_back(line.text);
+        }
+        return texts;
+    }
+};
+
+TEST_F(LegendTest, NamesTheDataAndWhatTheSymbolsAre) {
+    ActiveRecord().PlotTitle = "Plot 1: Untitled";
+    AddRow(30, 120);
+    EXPECT_EQ(Texts(), (Calls{"Data: Plot 1: Untitled", "Poles to planes"}));
+    ActiveRecord().MainFiles = {"/a/beds.txt", "/b/more.txt"};
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    EXPECT_EQ(Texts(), (Calls{"Data: beds.txt", " + more.txt", "Planes"}));
+}
+
+TEST_F(LegendTest, PolarLinesShowBothSymbolsWhenBothOccur) {
+    ActiveRecord().PrimaryFormat = kPrimaryLine;
+    ActiveRecord().DataKind = kPolarLines;
+    AddRow(30, 120);
+    EXPECT_EQ(Texts().back(), "Polar lines");
+    AddRow(-30, 120, CodeOfStyleRow(1));
+    const Calls texts = Texts();
+    EXPECT_EQ(texts[1], "Polar lines, 'down' plunge");
+    EXPECT_EQ(texts[2], "Polar lines, 'up' plunge");
+}
+
+TEST_F(LegendTest, BetaIntersectionsAreCounted) {
+    AddRow(30, 120);
+    AddRow(40, 10);
+    ActiveRecord().PlotSymbolMode = kBetaIntersections;
+    EXPECT_EQ(Texts(1), (Calls{"Data: ", "1 intersections of", "2 planes"}));
+}
+
+TEST_F(LegendTest, KinematicAxesAreNamed) {
+    AddRow(30, 120);
+    ActiveRecord().AxesTitle = "P & T";
+    EXPECT_EQ(Texts()[1], "P Shortening axes");
+    EXPECT_EQ(Texts()[2], "T Extension axes");
+    ActiveRecord().AxesTitle = "T";
+    EXPECT_EQ(Texts(), (Calls{"Data: ", "T Extensional axes"}));
+}
+
+TEST_F(LegendTest, EveryOverlayIsNamedWithItsSample) {
+    AddRow(30, 120);
+    AddOverlay(kOverlayGreatCircles, 40, 10, MakeSymbolCode(20, 8, 3));
+    ActiveRecord().OverlayTitles[1] = "cleavage.txt";
+    AddOverlay(kOverlayLines, 20, 90, MakeSymbolCode(8, 2, 3));
+    const std::vector<LegendLine> lines = LegendLines(0);
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[2].text, "cleavage.txt");
+    EXPECT_EQ(lines[2].sample, LegendSample::GreatCircle);
+    EXPECT_EQ(lines[3].text, "Overlay 2");
+    EXPECT_EQ(lines[3].code, MakeSymbolCode(8, 2, 3));
+}
+
+TEST_F(LegendTest, AFullBoxEndsInDotsAndLongTextsAreCut) {
+    AddRow(30, 120);
+    ActiveRecord().MainFiles = {"/a/" + std::string(300, 'x') + ".txt"};
+    for (int i = 0; i < 60; ++i) {
+        ActiveRecord().MainFiles.push_back("/a/f" + std::to_string(i));
+    }
+    ReplotActivePlot(false);
+    const auto operations = DrawnOn(Form(gActivePlot).Legend());
+    EXPECT_EQ(operations.back().text, "...");
+    const RecordingSurface& box = Form(gActivePlot).Legend();
+    for (const DrawOperation& operation : operations) {
+        EXPECT_LE(operation.points[0].x + box.TextWidth(operation.text), box.Scale().right + 1e-9);
+        EXPECT_GE(operation.points[0].y - box.TextHeight(), box.Scale().bottom - 1e-9);
+    }
+    EXPECT_TRUE(operations.front().text.ends_with("..."));
+}
+
+TEST_F(LegendTest, SamplesAreAsLargeAsTheSymbolsOfThePlot) {
+    AddRow(30, 120);
+    ReplotActivePlot(false);
+    const RecordingForm& form = Form(gActivePlot);
+    EXPECT_NEAR(form.Legend().PixelSize().x, form.Plot().PixelSize().x, 1e-12);
+    EXPECT_NEAR(form.Legend().PixelSize().y, form.Plot().PixelSize().y, 1e-12);
+}
+
+} // namespace
+} // namespace quandrel
