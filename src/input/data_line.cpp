@@ -113,8 +113,8 @@ LineStatus ReadSense(const Token& dipToken, std::string_view own, std::string_vi
     return IsValidSense(sense) ? LineStatus::Row : LineStatus::NotOrientation;
 }
 
-// A plane in the convention of the format. `own` is the token of its sense, empty when the sense
-// stands with the dip.
+// A plane in the convention of the format. `own` is the token in the column of the sense: it is no
+// sense when that is the column of the dip, too.
 LineStatus ReadPlane(const Token& dipToken, const Token& azimuthToken, std::string_view own,
                      const LineFormat& format, double& dip, double& dipDirection) {
     if (dipToken.Text().empty() || azimuthToken.Text().empty()) {
@@ -168,11 +168,7 @@ LineStatus ReadPrimary(const Items& items, ParsedRow& row) {
     if (format.primary != kPrimaryPlane) {
         return ReadLine(dip, azimuth, format.isQuadrant, row.dip, row.az);
     }
-    std::string_view sense;
-    if (HasSenseOfDip(format.planeConvention) && !items.IsSameColumn(kSlotSense, kSlotDip)) {
-        sense = items.At(kSlotSense).Text();
-    }
-    return ReadPlane(dip, azimuth, sense, format, row.dip, row.az);
+    return ReadPlane(dip, azimuth, items.At(kSlotSense).Text(), format, row.dip, row.az);
 }
 
 void TakeSecondary(double plunge, double trend, ParsedRow& row) {
@@ -258,12 +254,8 @@ LineStatus ReadSecondaryPair(const Items& items, ParsedRow& row) {
     if (format.secondary == kSecondaryLine) {
         status = ReadLine(dip, azimuth, format.isQuadrant, row.dip2, row.az2);
     } else {
-        std::string_view sense;
-        if (HasSenseOfDip(format.planeConvention)
-            && !items.IsSameColumn(kSlotSecondarySense, kSlotSecondaryDip)) {
-            sense = items.At(kSlotSecondarySense).Text();
-        }
-        status = ReadPlane(dip, azimuth, sense, format, row.dip2, row.az2);
+        status = ReadPlane(dip, azimuth, items.At(kSlotSecondarySense).Text(), format, row.dip2,
+                           row.az2);
     }
     row.secondaryPresent = status == LineStatus::Row;
     return status;

@@ -32,10 +32,10 @@ struct LineFormat {
     bool wantNumber = false;
     bool wantText = false;
     bool secondaryMayBeMissing = false; ///< a row may leave a secondary line or plane empty
-    bool hasOverlays = false;     ///< the plot has overlays: directions need a plunge, too
-    bool decimalIsComma = false;  ///< the regional decimal delimiter
-    bool convertDecimals = false; ///< numbers with the other one are taken without a word
-    int neededColumns = 2;        ///< HighestColumnNeeded + 1
+    bool hasOverlays = false;           ///< the plot has overlays: directions need a plunge, too
+    bool decimalIsComma = false;        ///< the regional decimal delimiter
+    bool convertDecimals = false;       ///< numbers with the other one are taken without a word
+    int neededColumns = 2;              ///< HighestColumnNeeded + 1
 };
 
 /// Parts a convention code.

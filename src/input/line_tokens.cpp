@@ -183,7 +183,7 @@ template <class Breaks>
 const char* ReadQuoted(const Breaks& breaks, const char* start, const char* end, Token& token) {
     bool hasDoubledQuotes = false;
     const char* p = start + 1;
-    for (;; ++p) {
+    for (;;) {
         const void* found = std::memchr(p, '"', static_cast<std::size_t>(end - p));
         if (found == nullptr) {
             return nullptr;
@@ -193,7 +193,7 @@ const char* ReadQuoted(const Breaks& breaks, const char* start, const char* end,
             break;
         }
         hasDoubledQuotes = true;
-        ++p;
+        p += 2;
     }
     const std::string_view text = Trimmed(breaks, start + 1, p);
     ++p;
