@@ -35,7 +35,10 @@ void SortKeys(std::vector<std::string>& keys) {
 }
 
 bool MemorySettingsStore::Exists(const std::string& application) const {
-    return applications_.contains(application);
+    const auto found = applications_.find(application);
+    return found != applications_.end()
+           && std::any_of(found->second.begin(), found->second.end(),
+                          [](const auto& section) { return !section.second.empty(); });
 }
 
 std::string MemorySettingsStore::Read(const std::string& application, const std::string& section,
@@ -76,7 +79,14 @@ std::vector<std::string> MemorySettingsStore::Keys(const std::string& applicatio
 
 void MemorySettingsStore::Remove(const std::string& application, const std::string& section,
                                  const std::string& key) {
-    applications_[application][section].erase(key);
+    const auto foundApplication = applications_.find(application);
+    if (foundApplication == applications_.end()) {
+        return;
+    }
+    const auto foundSection = foundApplication->second.find(section);
+    if (foundSection != foundApplication->second.end()) {
+        foundSection->second.erase(key);
+    }
 }
 
 } // namespace quandrel

@@ -6,13 +6,24 @@
 
 #include "platform/status_line.h"
 
+#include <cstddef>
+#include <deque>
 #include <string>
 
 namespace quandrel {
 
 class QuietStatusLine : public StatusLine {
 public:
-    void SetText(std::string_view text) override { text_ = std::string(text); }
+    /// @param textsKept  how many of the last texts are kept, at least 1
+    explicit QuietStatusLine(std::size_t textsKept = 1)
+        : textsKept_(textsKept) {}
+
+    void SetText(std::string_view text) override {
+        texts_.emplace_back(text);
+        if (texts_.size() > textsKept_) {
+            texts_.pop_front();
+        }
+    }
 
     void SetProgress(std::int64_t done, std::int64_t maximum) override {
         done_ = done;
@@ -26,14 +37,21 @@ public:
     /// From now on the user wants every step to end.
     void RequestCancel() { cancel_ = true; }
 
-    [[nodiscard]] const std::string& Text() const { return text_; }
+    /// The last text, empty before the first.
+    [[nodiscard]] std::string Text() const {
+        return texts_.empty() ? std::string() : texts_.back();
+    }
+
+    /// The last texts, the oldest first.
+    [[nodiscard]] const std::deque<std::string>& Texts() const { return texts_; }
 
     [[nodiscard]] int BusyDepth() const { return busyDepth_; }
 
     [[nodiscard]] bool ProgressIsShown() const { return maximum_ > 0; }
 
 private:
-    std::string text_;
+    std::size_t textsKept_;
+    std::deque<std::string> texts_;
     std::int64_t done_ = 0;
     std::int64_t maximum_ = 0;
     int busyDepth_ = 0;

@@ -6,14 +6,15 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace quandrel {
 
 namespace {
 
-constexpr std::array<const char*, 11> kKindNames = {"line",  "box",     "filled box", "circle",
-                                                    "arc",   "wedge",   "polyline",   "polygon",
-                                                    "pixel", "markers", "text"};
+constexpr std::array<const char*, 12> kKindNames = {"clear",   "line",  "box",     "filled box",
+                                                    "circle",  "arc",   "wedge",   "polyline",
+                                                    "polygon", "pixel", "markers", "text"};
 
 std::string NumberText(double value) {
     std::array<char, 32> buffer{};
@@ -30,6 +31,19 @@ std::string ColourText(Colour colour) {
         text += kDigits[channel % 16];
     }
     return text;
+}
+
+std::string FontText(const FontSpec& font) {
+    std::string text;
+    if (!font.family.empty()) {
+        text += " font " + font.family;
+    }
+    if (font.points != FontSpec{}.points) {
+        text += " points " + NumberText(font.points);
+    }
+    text += font.bold ? " bold" : "";
+    text += font.italic ? " italic" : "";
+    return text + (font.underline ? " underline" : "");
 }
 
 std::size_t CharacterCount(std::string_view utf8) {
@@ -52,6 +66,12 @@ std::string OperationText(const DrawOperation& operation) {
         text += " from " + NumberText(operation.start) + " to " + NumberText(operation.end);
     }
     text += " " + ColourText(operation.colour);
+    if (operation.kind == DrawOperation::Kind::Text) {
+        return text + FontText(operation.state.font) + " '" + operation.text + "'";
+    }
+    if (operation.state.drawMode != kDrawCopy) {
+        text += " mode " + NumberText(operation.state.drawMode);
+    }
     if (operation.state.drawWidth != 1) {
         text += " width " + NumberText(operation.state.drawWidth);
     }
@@ -70,8 +90,9 @@ Point RecordingSurface::PixelSize() const {
             std::abs(scale_.top - scale_.bottom) / heightPixels_};
 }
 
-void RecordingSurface::Clear(Colour) {
+void RecordingSurface::Clear(Colour background) {
     operations_.clear();
+    Record(DrawOperation::Kind::Clear, background, {});
 }
 
 DrawOperation& RecordingSurface::Record(DrawOperation::Kind kind, Colour colour,

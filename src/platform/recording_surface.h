@@ -14,6 +14,7 @@ namespace quandrel {
 /// One call of a drawing procedure.
 struct DrawOperation {
     enum class Kind {
+        Clear, ///< the first operation, once a surface has been cleared
         Line,
         Box,
         FilledBox,
@@ -37,7 +38,8 @@ struct DrawOperation {
     DrawState state;  ///< at the call
 };
 
-/// One line that tells an operation, for golden files: "line (0, 0) (10, 5) 000000 width 2".
+/// One line that tells an operation, for golden files: "line (0, 0) (10, 5) 000000 width 2". What
+/// is as in a fresh state is left out; numbers are rounded to thousandths.
 [[nodiscard]] std::string OperationText(const DrawOperation& operation);
 
 class RecordingSurface : public Surface {
@@ -48,14 +50,22 @@ public:
         , heightPixels_(heightPixels)
         , scale_{0, 0, widthPixels, -heightPixels} {}
 
-    /// What was drawn since the last Clear.
+    /// The last Clear, if there was one, and what was drawn since.
     [[nodiscard]] const std::vector<DrawOperation>& Operations() const { return operations_; }
+
+    /// Gives the surface another size in logical pixels, both above 0. The user scale stays.
+    void SetSize(double widthPixels, double heightPixels) {
+        widthPixels_ = widthPixels;
+        heightPixels_ = heightPixels;
+    }
 
     void SetUserScale(const UserScale& scale) override { scale_ = scale; }
 
     [[nodiscard]] UserScale Scale() const override { return scale_; }
 
     [[nodiscard]] Point PixelSize() const override;
+    /// Drops all operations before this one, so that a surface that is drawn again and again does
+    /// not grow.
     void Clear(Colour background) override;
 
     void SetState(const DrawState& state) override { state_ = state; }
@@ -74,8 +84,8 @@ public:
     void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) override;
     void Text(Point topLeft, std::string_view utf8) override;
 
-    /// Every character is six tenths of the font's height wide; a font of 72 points is 96 pixels
-    /// high.
+    /// Every character is six tenths of the font's height wide, whatever the family; a font of 72
+    /// points is 96 pixels high.
     [[nodiscard]] double TextWidth(std::string_view utf8) const override;
     [[nodiscard]] double TextHeight() const override;
 

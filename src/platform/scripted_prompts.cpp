@@ -88,7 +88,18 @@ std::optional<std::string> ScriptedPrompts::AskSavePath(const PathQuestion&) {
 }
 
 std::optional<FormatAnswer> ScriptedPrompts::AskFormat(const FormatQuestion& question) {
-    return onFormat_ ? onFormat_(question) : std::nullopt;
+    if (onFormat_) {
+        return onFormat_(question);
+    }
+    if (mode_ == Mode::Strict) {
+        problems_ += "not expected: the format dialog for '" + question.path + "'\n";
+        return std::nullopt;
+    }
+    FormatAnswer answer;
+    answer.plotSecondary = question.showSecondary;
+    answer.columnHeadings = question.columnHeadings;
+    answer.frequencyColumn = question.frequencyColumn;
+    return answer;
 }
 
 } // namespace quandrel

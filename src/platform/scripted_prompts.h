@@ -38,6 +38,7 @@ public:
     /// Batch: the next box gets this answer. A box without that button takes its default one.
     void QueueAnswer(Button answer) { answers_.push_back(answer); }
 
+    /// The next question for a path gets this one; without any it is cancelled.
     void QueueOpenPath(const std::string& path) { openPaths_.push_back(path); }
 
     void QueueSavePath(const std::string& path) { savePaths_.push_back(path); }
@@ -45,7 +46,8 @@ public:
     /// Called for each box shown.
     void OnBox(std::function<void(const ShownBox&)> onBox) { onBox_ = std::move(onBox); }
 
-    /// Answers the format dialog; without this it is cancelled.
+    /// Answers the format dialog. Without this it is accepted as it opened in batch mode; in strict
+    /// mode it is cancelled, and counts as not expected.
     void OnFormat(std::function<std::optional<FormatAnswer>(const FormatQuestion&)> onFormat) {
         onFormat_ = std::move(onFormat);
     }

@@ -5,6 +5,8 @@
 #include "orientation/angles.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -104,10 +106,11 @@ std::vector<GlyphPart> ArrowParts(double size, double azimuth) {
                         Ink::Filled)};
 }
 
-/// The mark at the end of a slip arrow: two rings and a cross, or a bar for the upward side.
+/// The mark at the end of a slip arrow: a broad ring with a bar, or for the upward side a narrow
+/// one with a cross.
 std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
     std::vector<GlyphPart> parts = {CirclePart(5 * h, upward ? Ink::White : Ink::Filled),
-                                    CirclePart(3 * h, Ink::Outline),
+                                    CirclePart(3 * h, Ink::White),
                                     LinePart({-3 * h, 0}, {3 * h, 0})};
     if (upward) {
         parts.push_back(LinePart({0, -3 * h}, {0, 3 * h}));
@@ -186,7 +189,10 @@ Glyph GlyphOfSymbol(int symbolCode, int size, double angle) {
     const int drawnSize = std::max(size, 1);
     std::string name = std::to_string(symbolCode) + "/" + std::to_string(drawnSize);
     if (symbolCode == kSlipArrowSymbol) {
-        name += "/" + RadToDegText(angle);
+        // To the last digit: glyphs of one name have one shape.
+        std::array<char, 32> digits{};
+        name.append("/").append(
+            digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), angle).ptr);
     }
     return {std::move(name), PartsOf(symbolCode, drawnSize, angle)};
 }

@@ -5,6 +5,7 @@
 #include "stereo/symbols.h"
 #include "support/test_platform.h"
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 
@@ -90,6 +91,31 @@ TEST_F(Symbols, TheStateOfTheSurfaceStaysAsItWas) {
     surface.SetState(state);
     DrawSymbol(surface, 0, 0, 5, 5, 3, 0);
     EXPECT_EQ(surface.State(), state);
+}
+
+TEST_F(Symbols, SlipArrowsHaveOneNameOnlyWhenTheyHaveOneShape) {
+    const Glyph arrow = GlyphOfSymbol(50, 4, 0.7);
+    EXPECT_EQ(GlyphOfSymbol(50, 4, 0.7).name, arrow.name);
+    EXPECT_NE(GlyphOfSymbol(50, 4, 0.7001).parts, arrow.parts);
+    EXPECT_NE(GlyphOfSymbol(50, 4, 0.7001).name, arrow.name);
+    EXPECT_NE(GlyphOfSymbol(50, 5, 0.7).name, arrow.name);
+}
+
+TEST_F(Symbols, TheHeadOfASlipArrowIsEightTimesItsSizeLong) {
+    const Glyph arrow = GlyphOfSymbol(50, 4, 0);
+    ASSERT_EQ(arrow.parts.back().kind, GlyphPart::Kind::Polygon);
+    double lowest = 100;
+    for (const Point& point : arrow.parts.back().points) {
+        lowest = std::min(lowest, point.y);
+    }
+    EXPECT_DOUBLE_EQ(lowest, 100 - 8 * 4);
+}
+
+TEST_F(Symbols, CodeOneIsOnePixelWhateverItsSize) {
+    const Glyph pixel = GlyphOfSymbol(1, 9, 0);
+    ASSERT_EQ(pixel.parts.size(), 1U);
+    EXPECT_EQ(pixel.parts[0].kind, GlyphPart::Kind::Pixel);
+    EXPECT_EQ(pixel.parts[0].points, (std::vector<Point>{{0, 0}}));
 }
 
 TEST_F(Symbols, ASlipArrowIsTwentyFiveTimesItsSizeLongAlongItsAzimuth) {

@@ -67,27 +67,28 @@ protected:
         prompts.Expect(fragment, answer);
     }
 
-    /// From now on the format dialog changes the globals by `change` and is accepted; `times` is how
-    /// often, then it is cancelled.
+    /// From now on the format dialog changes the globals by `change` and is accepted; `times` is
+    /// how often, then it is cancelled.
     void AcceptFormat(const std::function<void(FormatAnswer&)>& change = {}, int times = 1) {
         formatQuestions.clear();
-        prompts.OnFormat([this, change, times](const FormatQuestion& question)
-                             -> std::optional<FormatAnswer> {
-            formatQuestions.push_back(question);
-            if (static_cast<int>(formatQuestions.size()) > times) {
-                return std::nullopt;
-            }
-            FormatAnswer answer;
-            answer.plotSecondary = question.showSecondary;
-            answer.columnHeadings = question.columnHeadings;
-            if (change) {
-                change(answer);
-            }
-            return answer;
-        });
+        prompts.OnFormat(
+            [this, change, times](const FormatQuestion& question) -> std::optional<FormatAnswer> {
+                formatQuestions.push_back(question);
+                if (static_cast<int>(formatQuestions.size()) > times) {
+                    return std::nullopt;
+                }
+                FormatAnswer answer;
+                answer.plotSecondary = question.showSecondary;
+                answer.columnHeadings = question.columnHeadings;
+                if (change) {
+                    change(answer);
+                }
+                return answer;
+            });
     }
 
     std::vector<FormatQuestion> formatQuestions;
+
     /// Writes a file into the test's folder and gives its path.
     std::string WriteFile(const std::string& name, const std::string& bytes) const {
         const std::filesystem::path path = folder / name;

@@ -2,16 +2,17 @@
 
 #include "platform/qt/painter_surface.h"
 
+#include "platform/qt/hatch.h"
+#include "platform/qt/image_stroker.h"
+
 #include <QFontMetricsF>
-#include <QImage>
 #include <QPolygonF>
 #include <QString>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
-#include <unordered_set>
+#include <vector>
 
 namespace quandrel {
 
@@ -26,11 +27,11 @@ constexpr int kFontScale = 16;
 /// How far the chord of an arc may stand off the arc, in painter units.
 constexpr double kArcTolerance = 0.1;
 
-/// Sprites are kept for places within a pixel to a quarter of it.
-constexpr int kPhases = 4;
+/// Distance of the lines of a hatch, in logical pixels.
+constexpr double kHatchSpacing = 6;
 
 QColor ToQt(Colour colour) {
-    return QColor(colour.red, colour.green, colour.blue);
+    return {colour.red, colour.green, colour.blue};
 }
 
 QString ToQt(std::string_view utf8) {
@@ -45,19 +46,31 @@ Qt::PenStyle PenStyleOf(int drawStyle) {
                : Qt::SolidLine;
 }
 
-Qt::BrushStyle BrushStyleOf(int fillStyle) {
-    constexpr std::array<Qt::BrushStyle, 8> kStyles = {
-        Qt::SolidPattern, Qt::NoBrush,      Qt::HorPattern,   Qt::VerPattern,
-        Qt::BDiagPattern, Qt::FDiagPattern, Qt::CrossPattern, Qt::DiagCrossPattern};
-    return fillStyle >= 0 && fillStyle < static_cast<int>(kStyles.size())
-               ? kStyles[static_cast<std::size_t>(fillStyle)]
-               : Qt::NoBrush;
+/// Directions of the lines of a hatch, clockwise from +x; none for other fills.
+std::vector<double> HatchAngles(int fillStyle) {
+    switch (fillStyle) {
+    case kHorizontalHatch:
+        return {0};
+    case kVerticalHatch:
+        return {kPi / 2};
+    case kUpwardHatch:
+        return {-kPi / 4};
+    case kDownwardHatch:
+        return {kPi / 4};
+    case kCrossHatch:
+        return {0, kPi / 2};
+    case kDiagonalCrossHatch:
+        return {kPi / 4, -kPi / 4};
+    default:
+        return {};
+    }
 }
 
-/// A place in quarters of a painter unit, in one number.
-std::uint64_t QuarterKey(int x, int y) {
-    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(x)) << 32
-           | static_cast<std::uint32_t>(y);
+/// The angle from start to an end of an arc, above 0 and at most once round.
+double Sweep(double start, double end) {
+    const double turn = 2 * kPi;
+    const double sweep = end - start;
+    return sweep > 0 ? std::min(sweep, turn) : sweep + turn * (std::floor(-sweep / turn) + 1);
 }
 
 } // namespace
@@ -71,13 +84,14 @@ PainterSurface::PainterSurface(QPainter& painter, const QRectF& area, double pix
     painter_.setRenderHint(QPainter::Antialiasing, true);
     painter_.setRenderHint(QPainter::TextAntialiasing, true);
     SetUserScale({0, 0, area.width() / pixelFactor, -area.height() / pixelFactor});
-    SetState({});
+    MakeFont();
 }
 
 void PainterSurface::SetUserScale(const UserScale& scale) {
     scale_ = scale;
     unitsToDeviceX_ = area_.width() / (scale.right - scale.left);
     unitsToDeviceY_ = area_.height() / (scale.top - scale.bottom);
+    sprites_.clear();
 }
 
 Point PainterSurface::PixelSize() const {
@@ -94,19 +108,28 @@ QRectF PainterSurface::MapBox(Point corner, Point opposite) const {
 }
 
 void PainterSurface::Clear(Colour background) {
+    painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter_.fillRect(area_, ToQt(background));
 }
 
 void PainterSurface::SetState(const DrawState& state) {
+    // Pens change often and fonts rarely, and a font is dear.
+    const bool sameFont = state.font == state_.font;
     state_ = state;
-    font_ =
-        QFont(state.font.family.empty() ? QStringLiteral("sans-serif") : ToQt(state.font.family));
+    if (!sameFont) {
+        MakeFont();
+    }
+}
+
+void PainterSurface::MakeFont() {
+    const FontSpec& spec = state_.font;
+    font_ = QFont(spec.family.empty() ? QStringLiteral("sans-serif") : ToQt(spec.family));
     // A pixel size, so that text is as large beside the drawing on every device.
-    font_.setPixelSize(std::max(
-        1, static_cast<int>(std::lround(state.font.points * kPixelsPerPoint * kFontScale))));
-    font_.setBold(state.font.bold);
-    font_.setItalic(state.font.italic);
-    font_.setUnderline(state.font.underline);
+    font_.setPixelSize(
+        std::max(1, static_cast<int>(std::lround(spec.points * kPixelsPerPoint * kFontScale))));
+    font_.setBold(spec.bold);
+    font_.setItalic(spec.italic);
+    font_.setUnderline(spec.underline);
 }
 
 QPen PainterSurface::PenFor(Colour colour) const {
@@ -119,16 +142,34 @@ QPen PainterSurface::PenFor(Colour colour) const {
 }
 
 QBrush PainterSurface::StateBrush() const {
-    return QBrush(ToQt(state_.fillColour), BrushStyleOf(state_.fillStyle));
+    return state_.fillStyle == kSolidFill ? QBrush(ToQt(state_.fillColour)) : QBrush(Qt::NoBrush);
 }
 
-void PainterSurface::Use(Colour colour, const QBrush& brush) {
+void PainterSurface::UseMode() {
     const bool toggles = state_.drawMode == kDrawNotXor && medium_ == Medium::Raster;
     painter_.setCompositionMode(toggles ? QPainter::RasterOp_NotSourceXorDestination
                                         : QPainter::CompositionMode_SourceOver);
     painter_.setRenderHint(QPainter::Antialiasing, !toggles);
+}
+
+void PainterSurface::Use(Colour colour, const QBrush& brush) {
+    UseMode();
     painter_.setPen(PenFor(colour));
     painter_.setBrush(brush);
+}
+
+void PainterSurface::Hatch(const QPolygonF& shape) {
+    const std::vector<double> angles = HatchAngles(state_.fillStyle);
+    if (angles.empty()) {
+        return;
+    }
+    UseMode();
+    painter_.setPen(QPen(ToQt(state_.fillColour), pixelFactor_, Qt::SolidLine, Qt::FlatCap));
+    for (const double angle : angles) {
+        const std::vector<QLineF> lines =
+            HatchLines(shape, angle, kHatchSpacing * pixelFactor_, area_.topLeft());
+        painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
+    }
 }
 
 void PainterSurface::Line(Point from, Point to, Colour colour) {
@@ -147,166 +188,78 @@ void PainterSurface::FilledBox(Point corner, Point opposite, Colour colour) {
 }
 
 void PainterSurface::Circle(Point centre, double radius, Colour colour) {
+    if (!HatchAngles(state_.fillStyle).empty()) {
+        Hatch(ArcPolygon(centre, radius, 0, 2 * kPi));
+    }
     Use(colour, StateBrush());
     painter_.drawEllipse(Map(centre), std::abs(radius * unitsToDeviceX_),
                          std::abs(radius * unitsToDeviceY_));
 }
 
 QPolygonF PainterSurface::ArcPolygon(Point centre, double radius, double start, double end) const {
-    const double last = end > start ? end : end + 2 * kPi;
-    const double deviceRadius = std::max(radius * std::abs(unitsToDeviceX_), kArcTolerance);
-    const double longestStep = 2 * std::acos(1 - std::min(1.0, kArcTolerance / deviceRadius));
-    const int steps = std::max(2, static_cast<int>(std::ceil((last - start) / longestStep)));
     QPolygonF polygon;
+    if (!std::isfinite(radius) || !std::isfinite(start) || !std::isfinite(end)) {
+        return polygon;
+    }
+    const double sweep = Sweep(start, end);
+    const double deviceRadius = std::max(radius * std::abs(unitsToDeviceX_), kArcTolerance);
+    const double longestStep = 2 * std::acos(1 - kArcTolerance / deviceRadius);
+    const int steps = std::max(2, static_cast<int>(std::ceil(sweep / longestStep)));
     polygon.reserve(steps + 2);
     for (int i = 0; i <= steps; ++i) {
-        const double angle = start + (last - start) * i / steps;
+        const double angle = start + sweep * i / steps;
         polygon << Map({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
     }
     return polygon;
 }
 
 void PainterSurface::Arc(Point centre, double radius, double start, double end, Colour colour) {
+    const QPolygonF arc = ArcPolygon(centre, radius, start, end);
+    const bool isPlain =
+        medium_ == Medium::Raster && state_.drawStyle == kSolidLine && state_.drawMode == kDrawCopy;
+    if (isPlain
+        && StrokeOnImage(painter_, arc, ToQt(colour),
+                         std::max(state_.drawWidth, 1.0) * pixelFactor_)) {
+        return;
+    }
     Use(colour, Qt::NoBrush);
-    painter_.drawPolyline(ArcPolygon(centre, radius, start, end));
+    painter_.drawPolyline(arc);
 }
 
 void PainterSurface::Wedge(Point centre, double radius, double start, double end, Colour colour) {
-    Use(colour, StateBrush());
     QPolygonF polygon = ArcPolygon(centre, radius, start, end);
     polygon << Map(centre);
-    painter_.drawPolygon(polygon);
+    DrawShape(polygon, colour);
+}
+
+QPolygonF PainterSurface::MapAll(std::span<const Point> points) const {
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const Point& point : points) {
+        polygon << Map(point);
+    }
+    return polygon;
 }
 
 void PainterSurface::Polyline(std::span<const Point> points, Colour colour) {
     Use(colour, Qt::NoBrush);
-    QPolygonF polygon;
-    for (const Point& point : points) {
-        polygon << Map(point);
-    }
-    painter_.drawPolyline(polygon);
+    painter_.drawPolyline(MapAll(points));
+}
+
+void PainterSurface::DrawShape(const QPolygonF& shape, Colour colour) {
+    Hatch(shape);
+    Use(colour, StateBrush());
+    painter_.drawPolygon(shape);
 }
 
 void PainterSurface::Polygon(std::span<const Point> points, Colour colour) {
-    Use(colour, StateBrush());
-    QPolygonF polygon;
-    for (const Point& point : points) {
-        polygon << Map(point);
-    }
-    painter_.drawPolygon(polygon);
+    DrawShape(MapAll(points), colour);
 }
 
 void PainterSurface::SetPixel(Point at, Colour colour) {
+    UseMode();
     const QPointF corner = Map(at) - QPointF(pixelFactor_, pixelFactor_) / 2;
     painter_.fillRect(QRectF(corner, QSizeF(pixelFactor_, pixelFactor_)), ToQt(colour));
-}
-
-void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const {
-    const auto at = [&](Point point) {
-        return centre + QPointF(point.x * unitsToDeviceX_, -point.y * unitsToDeviceY_);
-    };
-    QPolygonF polygon;
-    switch (part.kind) {
-    case GlyphPart::Kind::Pixel: {
-        const QPointF half(pixelFactor_ / 2, pixelFactor_ / 2);
-        painter.fillRect(QRectF(at(part.points.front()) - half, at(part.points.front()) + half),
-                         painter.pen().color());
-        break;
-    }
-    case GlyphPart::Kind::Circle:
-        painter.drawEllipse(at(part.points.front()), part.radius * std::abs(unitsToDeviceX_),
-                            part.radius * std::abs(unitsToDeviceY_));
-        break;
-    case GlyphPart::Kind::Polyline:
-    case GlyphPart::Kind::Polygon:
-        for (const Point& point : part.points) {
-            polygon << at(point);
-        }
-        if (part.kind == GlyphPart::Kind::Polygon) {
-            painter.drawPolygon(polygon);
-        } else {
-            painter.drawPolyline(polygon);
-        }
-        break;
-    }
-}
-
-void PainterSurface::DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour,
-                               QPointF centre) const {
-    QPen pen(ToQt(colour));
-    pen.setWidthF(pixelFactor_);
-    pen.setJoinStyle(Qt::MiterJoin);
-    painter.setPen(pen);
-    for (const GlyphPart& part : glyph.parts) {
-        switch (part.ink) {
-        case GlyphPart::Ink::Outline:
-            painter.setBrush(Qt::NoBrush);
-            break;
-        case GlyphPart::Ink::Filled:
-            painter.setBrush(ToQt(colour));
-            break;
-        case GlyphPart::Ink::White:
-            painter.setBrush(Qt::white);
-            break;
-        }
-        DrawPart(painter, part, centre);
-    }
-}
-
-double PainterSurface::GlyphReach(const Glyph& glyph) const {
-    double reach = 0;
-    for (const GlyphPart& part : glyph.parts) {
-        for (const Point& point : part.points) {
-            reach =
-                std::max({reach, std::abs(point.x) + part.radius, std::abs(point.y) + part.radius});
-        }
-    }
-    return reach * std::max(std::abs(unitsToDeviceX_), std::abs(unitsToDeviceY_));
-}
-
-void PainterSurface::StampSprites(const Glyph& glyph, Colour colour,
-                                  std::span<const Point> positions) {
-    const int margin = static_cast<int>(std::ceil(GlyphReach(glyph) + pixelFactor_)) + 2;
-    std::array<std::optional<QImage>, kPhases * kPhases> sprites;
-    std::unordered_set<std::uint64_t> stamped;
-    for (const Point& position : positions) {
-        const QPointF place = Map(position);
-        const int quarterX = static_cast<int>(std::lround(place.x() * kPhases));
-        const int quarterY = static_cast<int>(std::lround(place.y() * kPhases));
-        if (!stamped.insert(QuarterKey(quarterX, quarterY)).second) {
-            continue;
-        }
-        const int x = static_cast<int>(std::floor(static_cast<double>(quarterX) / kPhases));
-        const int y = static_cast<int>(std::floor(static_cast<double>(quarterY) / kPhases));
-        const int phaseX = quarterX - x * kPhases;
-        const int phaseY = quarterY - y * kPhases;
-        std::optional<QImage>& sprite =
-            sprites[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
-        if (!sprite) {
-            sprite.emplace(2 * margin, 2 * margin, QImage::Format_ARGB32_Premultiplied);
-            sprite->fill(Qt::transparent);
-            QPainter painter(&*sprite);
-            painter.setRenderHint(QPainter::Antialiasing, true);
-            DrawGlyph(painter, glyph, colour,
-                      QPointF(margin + static_cast<double>(phaseX) / kPhases,
-                              margin + static_cast<double>(phaseY) / kPhases));
-        }
-        painter_.drawImage(QPoint(x - margin, y - margin), *sprite);
-    }
-}
-
-void PainterSurface::Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) {
-    painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter_.setRenderHint(QPainter::Antialiasing, true);
-    // A few markers are sooner drawn than made into sprites.
-    constexpr std::size_t kFewMarkers = 8;
-    if (medium_ == Medium::Raster && positions.size() > kFewMarkers) {
-        StampSprites(glyph, colour, positions);
-        return;
-    }
-    for (const Point& position : positions) {
-        DrawGlyph(painter_, glyph, colour, Map(position));
-    }
 }
 
 void PainterSurface::Text(Point topLeft, std::string_view utf8) {

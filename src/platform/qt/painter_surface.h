@@ -4,10 +4,19 @@
 
 #pragma once
 
+#include "platform/qt/sprite.h"
 #include "platform/surface.h"
 
+#include <QFont>
 #include <QPainter>
+#include <QPolygonF>
 #include <QRectF>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace quandrel {
 
@@ -17,7 +26,11 @@ enum class Medium {
 };
 
 /// Draws into a rectangle of a painter. Positions are mapped here, not by the painter, so that text
-/// stands upright and angles run counter-clockwise on every device.
+/// stands upright and angles run counter-clockwise on every device. Nothing is clipped to the
+/// rectangle.
+///
+/// A raster surface is fast, and mode kDrawNotXor exact, on a painter over a QImage of Format_RGB32
+/// without transformation, device pixel ratio or clip.
 class PainterSurface : public Surface {
 public:
     /// @param painter      outlives the surface; its transformation maps device units of `area`
@@ -54,12 +67,24 @@ private:
     [[nodiscard]] QRectF MapBox(Point corner, Point opposite) const;
     [[nodiscard]] QPen PenFor(Colour colour) const;
     [[nodiscard]] QBrush StateBrush() const;
+    [[nodiscard]] QPolygonF MapAll(std::span<const Point> points) const;
     [[nodiscard]] QPolygonF ArcPolygon(Point centre, double radius, double start, double end) const;
+    void UseMode();
     void Use(Colour colour, const QBrush& brush);
+    void Hatch(const QPolygonF& shape);
+    void DrawShape(const QPolygonF& shape, Colour colour);
+    void MakeFont();
     void DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour, QPointF centre) const;
     void DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const;
     [[nodiscard]] double GlyphReach(const Glyph& glyph) const;
-    void StampSprites(const Glyph& glyph, Colour colour, std::span<const Point> positions);
+    [[nodiscard]] Sprite MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
+                                    int phaseY) const;
+    void Stamp(QImage& image, const Glyph& glyph, Colour colour, std::span<const Point> positions);
+    void DrawEach(const Glyph& glyph, Colour colour, std::span<const Point> positions);
+
+    /// What was made of a glyph in a colour: a sprite for each phase of a place within its pixel,
+    /// empty until it is wanted.
+    using Phases = std::vector<std::optional<Sprite>>;
 
     QPainter& painter_;
     QRectF area_;
@@ -70,6 +95,7 @@ private:
     double unitsToDeviceY_ = 1;
     DrawState state_;
     QFont font_;
+    std::map<std::pair<std::string, std::uint32_t>, Phases> sprites_;
 };
 
 } // namespace quandrel

@@ -2,26 +2,18 @@
 
 #include "platform/qt/plot_picture.h"
 
-#include "core/atomic_file.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/qt/painter_surface.h"
+#include "platform/qt/picture_file.h"
 #include "stereo/plot_driver.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSvgGenerator>
-
-#include <functional>
 
 namespace quandrel {
 
 namespace {
-
-constexpr int kPdfResolution = 1200;
-constexpr double kLogicalResolution = 96;
 
 /// The places of a picture's parts, in logical pixels.
 struct PictureLayout {
@@ -122,85 +114,16 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
     }
 }
 
-using Encoder = std::function<bool(QBuffer&, const PictureOptions&)>;
-
-bool EncodePng(QBuffer& buffer, const PictureOptions& options) {
-    const double factor = static_cast<double>(options.size) / kPictureHeight;
-    const QSizeF size = LayOut(options.part).size * factor;
-    QImage image(size.toSize(), QImage::Format_RGB32);
-    if (image.isNull()) {
-        return false;
-    }
-    image.fill(Qt::white);
-    image.setDotsPerMeterX(static_cast<int>(kLogicalResolution * factor / 0.0254));
-    image.setDotsPerMeterY(static_cast<int>(kLogicalResolution * factor / 0.0254));
-    QPainter painter(&image);
-    DrawPicture(painter, options.part, factor, Medium::Raster);
-    painter.end();
-    return image.save(&buffer, "PNG");
-}
-
-bool EncodeSvg(QBuffer& buffer, const PictureOptions& options) {
-    const QSizeF size = LayOut(options.part).size;
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setSize(size.toSize());
-    generator.setViewBox(QRectF(QPointF(0, 0), size));
-    generator.setResolution(static_cast<int>(kLogicalResolution));
-    generator.setTitle(QString::fromStdString(ActiveRecord().PlotTitle));
-    QPainter painter;
-    if (!painter.begin(&generator)) {
-        return false;
-    }
-    painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
-    DrawPicture(painter, options.part, 1, Medium::Vector);
-    return painter.end();
-}
-
-bool EncodePdf(QBuffer& buffer, const PictureOptions& options) {
-    const QSizeF size = LayOut(options.part).size;
-    QPdfWriter writer(&buffer);
-    writer.setResolution(kPdfResolution);
-    writer.setPageSize(QPageSize(size * 72 / kLogicalResolution, QPageSize::Point, QString(),
-                                 QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    writer.setTitle(QString::fromStdString(ActiveRecord().PlotTitle));
-    writer.setCreator(QStringLiteral("Quandrel"));
-    QPainter painter;
-    if (!painter.begin(&writer)) {
-        return false;
-    }
-    DrawPicture(painter, options.part, kPdfResolution / kLogicalResolution, Medium::Vector);
-    return painter.end();
-}
-
-Encoder EncoderFor(const std::string& path) {
-    const QString lower = QString::fromStdString(path).toLower();
-    if (lower.endsWith(QLatin1String(".png"))) {
-        return EncodePng;
-    }
-    if (lower.endsWith(QLatin1String(".svg"))) {
-        return EncodeSvg;
-    }
-    return lower.endsWith(QLatin1String(".pdf")) ? EncodePdf : Encoder();
-}
-
 } // namespace
 
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
-    const Encoder encode = EncoderFor(path);
-    if (!encode) {
-        return "'" + path + "' ends in none of .png, .svg, .pdf";
-    }
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!encode(buffer, options)) {
-        return "the picture could not be made";
-    }
-    const QByteArray& bytes = buffer.data();
-    const std::string error = WriteFileAtomically(
-        path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    return error.empty() ? error : "'" + path + "' could not be written: " + error;
+    const QSizeF size = LayOut(options.part).size;
+    const PictureSize picture{size.width(), size.height(),
+                              static_cast<double>(options.size) / kPictureHeight};
+    return SavePicture(path, picture, ActiveRecord().PlotTitle,
+                       [&options](QPainter& painter, double factor, Medium medium) {
+                           DrawPicture(painter, options.part, factor, medium);
+                       });
 }
 
 } // namespace quandrel

@@ -31,6 +31,8 @@ QSettings& QtSettingsStore::File(const std::string& application) const {
         file = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
                                            QStringLiteral("quandrel"),
                                            QString::fromStdString(application));
+        // One file is the whole truth, not also what an administrator or another program put by.
+        file->setFallbacksEnabled(false);
     }
     return *file;
 }

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+//
+// Drawings in files: PNG, SVG, PDF.
+
+#pragma once
+
+#include "platform/qt/painter_surface.h"
+
+#include <QPainter>
+#include <QSizeF>
+
+#include <functional>
+#include <string>
+
+namespace quandrel {
+
+/// The size of a picture.
+struct PictureSize {
+    double width = 600; ///< logical pixels, 96 to the inch
+    double height = 600;
+    double scale = 1; ///< pixels of a PNG in a logical pixel; vector files have no pixels
+};
+
+/// Draws a picture. What is drawn lies between (0, 0) and the logical size times `factor`.
+///
+/// @param painter  a white page of the size
+/// @param factor   painter units in a logical pixel
+using DrawPictureOn = std::function<void(QPainter& painter, double factor, Medium medium)>;
+
+/// Draws into a file whose ending, in any case, says what it is: .png, .svg, .pdf. A page of a PDF
+/// is as large as the picture. The file is written whole or not at all; what stood there stays
+/// until the new one is complete. The same drawing gives the same bytes.
+///
+/// @param title  what the file calls itself; a PNG has no title
+/// @return empty, or a text for the user that says why there is no picture
+///
+/// Needs a QGuiApplication.
+[[nodiscard]] std::string SavePicture(const std::string& path, const PictureSize& size,
+                                      const std::string& title, const DrawPictureOn& draw);
+
+} // namespace quandrel

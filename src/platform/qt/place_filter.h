@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+//
+// Markers of one style on one place: only the last of them is seen.
+
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+/// A place in whole steps.
+struct StepPlace {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+
+    friend bool operator==(const StepPlace&, const StepPlace&) = default;
+};
+
+/// The indices, in order, of those places that do not come again further behind. O(n).
+[[nodiscard]] std::vector<std::uint32_t> LastOfEachPlace(std::span<const StepPlace> places);
+
+} // namespace quandrel
