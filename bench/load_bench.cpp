@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+//
+// Loading a file of planes with a number and a text, from bytes on the disk to rows in the store.
+// The floor merely reads the file and converts its columns.
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "persistence/open_plot.h"
+#include "platform/memory_settings_store.h"
+#include "platform/platform.h"
+#include "platform/quiet_status_line.h"
+#include "platform/recording_form.h"
+#include "platform/scripted_prompts.h"
+#include "program/start.h"
+
+#include <benchmark/benchmark.h>
+
+#include <charconv>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+
+namespace quandrel {
+namespace {
+
+/// A made-up file of tab-separated planes, kept for the length of the program.
+class DataFile {
+public:
+    explicit DataFile(std::int64_t rows)
+        : path_(std::filesystem::temp_directory_path()
+                / ("quandrel_bench_" + std::to_string(rows) + ".txt")) {
+        static const char* const types[] = {"slate", "schist", "gneiss", "quartzite", "marble"};
+        std::mt19937 random(1);
+        std::string text;
+        for (std::int64_t row = 0; row < rows; ++row) {
+            text += std::to_string(random() % 91) + "\t" + std::to_string(random() % 361) + "\t"
+                    + std::to_string(random() % 1000) + "." + std::to_string(random() % 10) + "\t"
+                    + types[random() % 5] + "\n";
+        }
+        std::ofstream(path_, std::ios::binary) << text;
+    }
+
+    ~DataFile() { std::filesystem::remove(path_); }
+
+    DataFile(const DataFile&) = delete;
+    DataFile& operator=(const DataFile&) = delete;
+
+    [[nodiscard]] std::string Path() const { return path_.string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// An engine without windows.
+class Engine {
+public:
+    Engine() {
+        gPlatform = {};
+        prompts_.OnFormat([](const FormatQuestion&) { return std::optional(FormatAnswer()); });
+        gPlatform.prompts = &prompts_;
+        gPlatform.status = &status_;
+        gPlatform.settings = &settings_;
+        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
+        InitialiseApplication();
+        gFileNumericAppended = true;
+        gFileNonNumericAppended = true;
+        gFileColumnSettings = {0, 1, 2, 3, 4, 5, 6, 7, 2, 3};
+    }
+
+    ~Engine() {
+        MakeStoreTables();
+        gPlatform = {};
+    }
+
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+private:
+    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
+    QuietStatusLine status_;
+    MemorySettingsStore settings_;
+};
+
+void LoadFile(benchmark::State& state) {
+    const DataFile file(state.range(0));
+    const Engine engine;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(OpenPlotFile("New", file.Path()));
+        state.PauseTiming();
+        ClosePlot(gActivePlot);
+        state.ResumeTiming();
+    }
+}
+
+BENCHMARK(LoadFile)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+
+/// Reads the file and converts three numbers a line.
+double ReadAndConvert(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    std::string text(std::filesystem::file_size(path), '\0');
+    const std::size_t read = std::fread(text.data(), 1, text.size(), file);
+    std::fclose(file);
+    double sum = 0;
+    const char* position = text.data();
+    const char* const end = position + read;
+    while (position < end) {
+        for (int column = 0; column < 3; ++column) {
+            double value = 0;
+            position = std::from_chars(position, end, value).ptr + 1;
+            sum += value;
+        }
+        while (position < end && *position != '\n') {
+            ++position;
+        }
+        ++position;
+    }
+    return sum;
+}
+
+void Floor(benchmark::State& state) {
+    const DataFile file(state.range(0));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(ReadAndConvert(file.Path()));
+    }
+}
+
+BENCHMARK(Floor)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace quandrel

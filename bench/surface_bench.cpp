@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+//
+// Markers and great circles on a picture of 1000 pixels.
+
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "platform/qt/painter_surface.h"
+#include "stereo/symbols.h"
+
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+
+#include <random>
+#include <vector>
+
+namespace quandrel {
+namespace {
+
+constexpr int kSide = 1000;
+
+/// A surface over a fresh image, in the scale of a plot.
+struct Picture {
+    Picture() {
+        image.fill(Qt::white);
+        surface.SetUserScale(kPlotScale);
+    }
+
+    QImage image{kSide, kSide, QImage::Format_RGB32};
+    QPainter painter{&image};
+    PainterSurface surface{painter, QRectF(0, 0, kSide, kSide), 1, Medium::Raster};
+};
+
+std::vector<Point> RandomPlaces(std::int64_t count) {
+    std::mt19937 random(20251121);
+    std::vector<Point> places;
+    while (static_cast<std::int64_t>(places.size()) < count) {
+        const double x = static_cast<double>(random() % 2001) - 1000;
+        const double y = static_cast<double>(random() % 2001) - 1000;
+        if (x * x + y * y <= 1000000) {
+            places.push_back({x, y});
+        }
+    }
+    return places;
+}
+
+void Markers(benchmark::State& state, int symbol, int size) {
+    Picture picture;
+    const std::vector<Point> places = RandomPlaces(state.range(0));
+    const Glyph glyph = GlyphOfSymbol(symbol, size, 0);
+    for (auto _ : state) {
+        picture.surface.Markers(glyph, kBlack, places);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// Rows of changing style reach the surface one by one.
+void MarkersOneByOne(benchmark::State& state) {
+    Picture picture;
+    const std::vector<Point> places = RandomPlaces(state.range(0));
+    const Glyph glyphs[] = {GlyphOfSymbol(2, 3, 0), GlyphOfSymbol(5, 3, 0)};
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            picture.surface.Markers(glyphs[i % 2], kBlack, std::span(&places[i], 1));
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+std::vector<GreatCircle> RandomArcs(std::int64_t count) {
+    std::mt19937 random(20251121);
+    std::vector<GreatCircle> arcs;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double plunge = static_cast<double>(2 + random() % 88) * kPi / 180;
+        const double trend = static_cast<double>(random() % 360) * kPi / 180;
+        arcs.push_back(GreatCircleArc(1, plunge, trend));
+    }
+    return arcs;
+}
+
+void GreatCircles(benchmark::State& state, double width, int style) {
+    Picture picture;
+    const std::vector<GreatCircle> arcs = RandomArcs(state.range(0));
+    DrawState pen;
+    pen.drawWidth = width;
+    pen.drawStyle = style;
+    picture.surface.SetState(pen);
+    for (auto _ : state) {
+        for (const GreatCircle& arc : arcs) {
+            picture.surface.Arc({arc.cx, arc.cy}, arc.radius, arc.start, arc.end, kBlack);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void MarkerSizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+}
+
+void ArcSizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK_CAPTURE(Markers, Pixels, kPixelSymbol, 1)->Apply(MarkerSizes);
+BENCHMARK_CAPTURE(Markers, SmallCircles, 2, 1)->Apply(MarkerSizes);
+BENCHMARK_CAPTURE(Markers, Squares, 3, 2)->Apply(MarkerSizes);
+BENCHMARK_CAPTURE(Markers, OpenCircles, 5, 3)->Apply(MarkerSizes);
+BENCHMARK(MarkersOneByOne)->Apply(MarkerSizes);
+BENCHMARK_CAPTURE(GreatCircles, Thin, 1.0, kSolidLine)->Apply(ArcSizes);
+BENCHMARK_CAPTURE(GreatCircles, Thick, 2.0, kSolidLine)->Apply(ArcSizes);
+BENCHMARK_CAPTURE(GreatCircles, Dashed, 1.0, kDashedLine)->Apply(ArcSizes);
+
+} // namespace
+} // namespace quandrel
