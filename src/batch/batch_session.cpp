@@ -24,7 +24,9 @@
 
 #include <algorithm>
 #include <fstream>
+#include <optional>
 #include <ostream>
+#include <set>
 
 namespace quandrel {
 
@@ -54,6 +56,51 @@ bool MovesRows(const std::string& field) {
            || field.starts_with("OverlayKind");
 }
 
+/// The values that a field may take from a script.
+struct FieldRange {
+    double lowest = 0;
+    double highest = 0;
+};
+
+/// Fields whose values index tables or choose procedures.
+const std::map<std::string, FieldRange>& FieldRanges() {
+    static const std::map<std::string, FieldRange> ranges = {
+        {"PlotKind", {kEqualArea, kRose}},
+        {"DataKind", {kPlanes, kPolarLines}},
+        {"PrimaryFormat", {0, kPrimaryLine}},
+        {"SecondaryFormat", {kNoSecondary, kHadeInPlane}},
+        {"PlotSymbolMode", {kGreatCircles, kContoursAndGrid}},
+        {"OverlayKind", {kOverlayGreatCircles, kOverlayPolarLines}},
+        {"GridSize", {0, 150}},
+        {"NumClasses", {0, 4}},
+        {"ClassMode", {0, 3}},
+    };
+    return ranges;
+}
+
+/// Fields that keep account of the rows; they follow from what is loaded.
+bool KeepsAccount(const std::string& name) {
+    static const std::set<std::string> names = {
+        "NumData",  "NumValidData",    "NumLoadedData", "NumFiles",       "OverlayRows",
+        "SlotFree", "SelectedOverlay", "NumContours",   "KinematicState", "IntersectionState"};
+    return names.contains(name);
+}
+
+/// What is wrong with a value for a field, or nothing.
+std::string RefusalOf(const std::string& field, const std::string& value) {
+    const std::string name = field.substr(0, field.find('['));
+    if (KeepsAccount(name)) {
+        return "'" + name + "' follows from the rows and cannot be set";
+    }
+    const auto range = FieldRanges().find(name);
+    const std::optional<double> number = ReadNumber(value);
+    if (range != FieldRanges().end()
+        && (!number || *number < range->second.lowest || *number > range->second.highest)) {
+        return "'" + value + "' is no value of " + name;
+    }
+    return {};
+}
+
 } // namespace
 
 BatchSession::BatchSession(std::ostream& out, std::ostream& log)
@@ -73,8 +120,6 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log)
         answer.plotSecondary = stated_.showSecondary || question.showSecondary;
         answer.columnHeadings = question.columnHeadings;
         answer.frequencyColumn = stated_.frequencyColumn;
-        answer.numericName = gFileAppNumName;
-        answer.textName = gFileAppNonNumName;
         return answer;
     });
     gPlatform = {};
@@ -148,6 +193,7 @@ std::string BatchSession::Activate(const Command& command) {
         return "'" + command.Words() + "' is no open plot";
     }
     gActivePlot = *slot;
+    gSelectionRows.clear();
     return {};
 }
 
@@ -307,7 +353,10 @@ std::string BatchSession::Set(const Command& command) {
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
     }
-    const std::string error = SetField(ActiveRecord(), *field, *value);
+    std::string error = RefusalOf(*field, *value);
+    if (error.empty()) {
+        error = SetField(ActiveRecord(), *field, *value);
+    }
     if (error.empty() && MovesRows(*field)) {
         RebuildRowTable(gActivePlot);
     }

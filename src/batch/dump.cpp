@@ -69,20 +69,20 @@ Json TableJson() {
             {"trend", table.trend}};
 }
 
-Json LoadJson() {
-    Json load = {{"rowsRead", gLastLoad.rowsRead},     {"rowsValid", gLastLoad.rowsValid},
-                 {"blankLines", gLastLoad.blankLines}, {"invalidLines", gLastLoad.invalidLines},
-                 {"badNumeric", gLastLoad.badNumeric}, {"badText", gLastLoad.badText},
-                 {"badLine", gLastLoad.badLine}};
-    if (gLastLoad.stoppedAtLine > 0) {
-        load["stoppedAtLine"] = gLastLoad.stoppedAtLine;
+Json LoadJson(const LoadCounters& counters) {
+    Json load = {{"rowsRead", counters.rowsRead},     {"rowsValid", counters.rowsValid},
+                 {"blankLines", counters.blankLines}, {"invalidLines", counters.invalidLines},
+                 {"badNumeric", counters.badNumeric}, {"badText", counters.badText},
+                 {"badLine", counters.badLine}};
+    if (counters.stoppedAtLine > 0) {
+        load["stoppedAtLine"] = counters.stoppedAtLine;
     }
     return load;
 }
 
 Json LegendJson() {
     Json lines = Json::array();
-    for (const LegendLine& line : LegendLines(LastBetaCount())) {
+    for (const LegendLine& line : LegendLines()) {
         lines.push_back(line.text);
     }
     return lines;
@@ -115,7 +115,10 @@ Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
     json["record"] = RecordJson(ActiveRecord());
     json["rows"] = RowsJson();
     json["table"] = TableJson();
-    json["load"] = LoadJson();
+    const auto load = gPlotLoads.find(gActivePlot);
+    if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
+        json["load"] = LoadJson(load->second);
+    }
     json["legend"] = LegendJson();
     json["prompts"] = PromptsJson(prompts);
     json["operations"] = OperationsJson(operations);

@@ -23,22 +23,35 @@ std::string LastError() {
     return std::strerror(errno);
 }
 
-void FlushToDisk(std::FILE* file) {
+[[nodiscard]] bool FlushToDisk(std::FILE* file) {
 #ifdef _WIN32
-    _commit(_fileno(file));
+    return _commit(_fileno(file)) == 0;
 #else
-    fsync(fileno(file));
+    return fsync(fileno(file)) == 0;
+#endif
+}
+
+/// Makes a file that was not there beside a target, and tells its name. Null when that fails.
+std::FILE* OpenBeside(const std::filesystem::path& target, std::filesystem::path& name) {
+    std::string pattern = target.string() + ".XXXXXX";
+#ifdef _WIN32
+    if (_mktemp_s(pattern.data(), pattern.size() + 1) != 0) {
+        return nullptr;
+    }
+    name = pattern;
+    return std::fopen(pattern.c_str(), "wbx");
+#else
+    const int descriptor = mkstemp(pattern.data());
+    name = pattern;
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
 #endif
 }
 
 /// Writes, flushes and closes. Empty on success.
 std::string WriteAll(std::FILE* file, std::string_view bytes) {
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()
-                         && std::fflush(file) == 0 && std::ferror(file) == 0;
+                         && std::fflush(file) == 0 && FlushToDisk(file);
     std::string error = written ? std::string() : LastError();
-    if (written) {
-        FlushToDisk(file);
-    }
     if (std::fclose(file) != 0 && error.empty()) {
         error = LastError();
     }
@@ -57,13 +70,19 @@ std::filesystem::path TargetOf(const std::string& path) {
     return path;
 }
 
-/// A new file keeps the access rights of the one that it takes the place of.
-void CopyRights(const std::filesystem::path& from, const std::filesystem::path& to) {
-    std::error_code failed;
-    const std::filesystem::file_status status = std::filesystem::status(from, failed);
-    if (!failed && std::filesystem::is_regular_file(status)) {
-        std::filesystem::permissions(to, status.permissions(), failed);
+/// The access rights of a new file: those of the one that it takes the place of, or what the user's
+/// mask leaves.
+std::filesystem::perms RightsFor(const std::filesystem::file_status& former) {
+    if (std::filesystem::is_regular_file(former)) {
+        return former.permissions();
     }
+#ifdef _WIN32
+    return std::filesystem::perms::all;
+#else
+    const mode_t mask = umask(0);
+    umask(mask);
+    return static_cast<std::filesystem::perms>(0666 & ~mask);
+#endif
 }
 
 } // namespace
@@ -78,15 +97,19 @@ std::string WriteFileAtomically(const std::string& path, std::string_view bytes)
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
         return "it is no ordinary file";
     }
-    std::filesystem::path temporary = target;
-    temporary += ".saving";
-    std::FILE* file = std::fopen(temporary.string().c_str(), "wb");
+    if (std::filesystem::is_regular_file(status)
+        && (status.permissions() & std::filesystem::perms::owner_write)
+               == std::filesystem::perms::none) {
+        return "it is read-only";
+    }
+    std::filesystem::path temporary;
+    std::FILE* file = OpenBeside(target, temporary);
     if (file == nullptr) {
         return LastError();
     }
     std::string error = WriteAll(file, bytes);
     if (error.empty()) {
-        CopyRights(target, temporary);
+        std::filesystem::permissions(temporary, RightsFor(status), failed);
         std::filesystem::rename(temporary, target, failed);
         error = failed ? failed.message() : std::string();
     }

@@ -62,6 +62,15 @@ public:
         capacity_ = std::max(capacity_, capacity);
     }
 
+    /// Takes back a growth: the slot has `rowCount` cells and the column `capacity` again.
+    void Shrink(int slot, std::int32_t rowCount, std::int32_t capacity) {
+        const auto s = static_cast<std::size_t>(slot);
+        if (s < rows_.size()) {
+            rows_[s].resize(static_cast<std::size_t>(rowCount));
+        }
+        capacity_ = capacity;
+    }
+
     /// Gives the memory of a slot back. Its cells read as the default again.
     void Release(int slot) {
         const auto s = static_cast<std::size_t>(slot);
@@ -91,9 +100,14 @@ public:
     void Set(int slot, std::int32_t row, std::string_view text);
 
     [[nodiscard]] std::int32_t RowCount(int slot) const { return places_.RowCount(slot); }
+
     [[nodiscard]] std::int32_t Capacity() const { return places_.Capacity(); }
 
     void Grow(int slot, std::int32_t capacity) { places_.Grow(slot, capacity); }
+
+    void Shrink(int slot, std::int32_t rowCount, std::int32_t capacity) {
+        places_.Shrink(slot, rowCount, capacity);
+    }
 
     void Release(int slot);
     void Reset();

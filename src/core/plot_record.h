@@ -159,7 +159,8 @@ struct PlotRecord {
     std::int16_t NumFiles = 0;
     std::array<std::string, kMaxFiles + 1> FileNames; ///< [1] is the first
     std::vector<std::string> MainFiles; ///< paths of the files of the main rows, in their order
-    std::array<std::string, kMaxOverlays + 1> OverlayTitles; ///< [k] what overlay k shows
+    std::array<std::vector<std::string>, kMaxOverlays + 1> OverlayFiles; ///< [k] paths of overlay k
+    std::int64_t BetaCount = 0; ///< intersections in the last drawing of a beta plot
     std::array<TaggedValue, 10> KinematicBlock;
     std::int16_t KinematicState = 0;
     std::int16_t MapInfoLinked = 0;
@@ -173,6 +174,16 @@ struct PlotRecord {
     std::int16_t ClassifyCheckPending = 0;
     std::int16_t SlotFree = 0;
     std::int16_t Modified = 0;
+};
+
+/// Places of LayerVisible: what stands about the net.
+enum PlotLayer : std::size_t {
+    kGirdleLayer = 0,
+    kFabricLayer = 1,
+    kDescriptionLayer = 2,
+    kLegendLayer = 3,
+    kNumberLayer = 4,
+    kStatisticsLayer = 5,
 };
 
 /// Kinds of an overlay.

@@ -3,6 +3,7 @@
 #include "core/plot_store.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -78,17 +79,29 @@ void ForEachColumn(const Visitor& visit) {
     visit(gAppText);
 }
 
-/// The step, or false when the memory for it could not be had.
-template <class Step>
-[[nodiscard]] bool HasMemoryFor(const Step& step) {
-    try {
-        step();
-        return true;
-    } catch (const std::bad_alloc&) {
-        return false;
-    } catch (const std::length_error&) {
-        return false;
+/// Grows a column of the active plot, and the rest; what has grown shrinks back when one of them
+/// fails.
+template <class Column, class... Rest>
+[[nodiscard]] bool GrowTogether(std::int32_t capacity, Column& column, Rest&... rest) {
+    const std::int32_t rows = column.RowCount(gActivePlot);
+    const std::int32_t formerCapacity = column.Capacity();
+    bool grown = capacity <= gRowLimit;
+    if (grown) {
+        try {
+            column.Grow(gActivePlot, capacity);
+        } catch (const std::bad_alloc&) {
+            grown = false;
+        } catch (const std::length_error&) {
+            grown = false;
+        }
     }
+    if constexpr (sizeof...(Rest) > 0) {
+        grown = grown && GrowTogether(capacity, rest...);
+    }
+    if (!grown) {
+        column.Shrink(gActivePlot, rows, formerCapacity);
+    }
+    return grown;
 }
 
 void SetDefaultClasses(PlotRecord& record) {
@@ -157,12 +170,6 @@ void TrackNumber(PlotRecord& record, double value) {
             return;
         }
     }
-}
-
-bool EqualWithoutCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
 }
 
 void TrackText(PlotRecord& record, std::string_view text) {
@@ -255,6 +262,7 @@ void ReleasePlotSlot(int slot) {
     RecordOf(slot).SlotFree = kTrue;
     gGridValues[static_cast<std::size_t>(slot)].reset();
     gGridCount[static_cast<std::size_t>(slot)] = 0;
+    gSlotLock[static_cast<std::size_t>(slot)] = 0;
     ForEachColumn([slot](auto& column) { column.Release(slot); });
 }
 
@@ -291,46 +299,28 @@ void ResetPlotRecord(int slot) {
 
 void GrowDataColumns(int& withSecondary, std::int32_t newCapacity) {
     const bool secondaryFollows = withSecondary != 0;
-    withSecondary = 0;
-    const auto held = gDataDip.RowCount(gActivePlot);
+    const std::int32_t held = gDataDip.RowCount(gActivePlot);
     const std::int32_t capacity = newCapacity != 0 ? newCapacity : std::max(held, 1);
-    const bool grown = capacity <= gRowLimit && HasMemoryFor([&] {
-                           gDataDip.Grow(gActivePlot, capacity);
-                           gDataAz.Grow(gActivePlot, capacity);
-                           gDataSymbol.Grow(gActivePlot, capacity);
-                           gDataSymbolBase.Grow(gActivePlot, capacity);
-                           gPointDensity.Grow(gActivePlot, capacity);
-                           gDataOrder.Grow(gActivePlot, capacity);
-                           if (secondaryFollows) {
-                               gData2Dip.Grow(gActivePlot, capacity);
-                               gData2Az.Grow(gActivePlot, capacity);
-                           }
-                       });
+    const bool grown = GrowTogether(capacity, gDataDip, gDataAz, gDataSymbol, gDataSymbolBase,
+                                    gPointDensity, gDataOrder)
+                       && (!secondaryFollows || GrowTogether(capacity, gData2Dip, gData2Az));
+    withSecondary = grown ? 0 : -1;
     if (!grown) {
-        withSecondary = -1;
         ActiveRecord().DataFull = kTrue;
     }
 }
 
 bool GrowAppendedColumn(AppendedColumn which) {
-    const auto rows = gDataDip.RowCount(gActivePlot);
-    if (rows == 0) {
-        return true;
+    const std::int32_t capacity = std::max(gDataDip.RowCount(gActivePlot) - 1, 0);
+    switch (which) {
+    case AppendedColumn::Line:
+        return GrowTogether(capacity, gAppLineDip, gAppLineAz);
+    case AppendedColumn::Number:
+        return GrowTogether(capacity, gAppNumeric);
+    case AppendedColumn::Text:
+        return GrowTogether(capacity, gAppText);
     }
-    return HasMemoryFor([&] {
-        switch (which) {
-        case AppendedColumn::Line:
-            gAppLineDip.Grow(gActivePlot, rows - 1);
-            gAppLineAz.Grow(gActivePlot, rows - 1);
-            break;
-        case AppendedColumn::Number:
-            gAppNumeric.Grow(gActivePlot, rows - 1);
-            break;
-        case AppendedColumn::Text:
-            gAppText.Grow(gActivePlot, rows - 1);
-            break;
-        }
-    });
+    return false;
 }
 
 void ResetAppendedRange() {

@@ -102,7 +102,8 @@ void ResetPlotRecord(int slot);
 
 /// Lets the columns of gActivePlot hold a row more, or `newCapacity` rows when that is not 0.
 /// @param[in,out] withSecondary  in: non-zero when the secondary columns must follow; out: 0 on
-///     success, -1 when memory ran out: then DataFull of the plot is set and nothing else changed
+///     success, -1 when memory ran out: then DataFull of the plot is set and no column has
+///     grown
 void GrowDataColumns(int& withSecondary, std::int32_t newCapacity = 0);
 
 enum class AppendedColumn { Line = 0, Number = 1, Text = 2 };

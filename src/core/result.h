@@ -31,6 +31,7 @@ public:
     [[nodiscard]] const T& operator*() const { return std::get<0>(held_); }
 
     [[nodiscard]] T* operator->() { return &std::get<0>(held_); }
+
     [[nodiscard]] const T* operator->() const { return &std::get<0>(held_); }
 
     /// Why there is no value.

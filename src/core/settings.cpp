@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 
 namespace quandrel {
@@ -143,11 +144,18 @@ void ReadStartUp(const Settings& settings) {
     gMIToolbarShow = settings.Truth(kStartUp, "MIToolbarShow", true);
     gRoseScaleType = settings.Text(kStartUp, "RoseScaleType", "tickauto");
     gRoseSectorSize = settings.Number(kStartUp, "gRoseSectorSize", 10);
+    if (gRoseSectorSize <= 0 || gRoseSectorSize > 360) {
+        gRoseSectorSize = 10;
+    }
     ReadWhole(settings, kStartUp, "gRoseSectorFraction", gRoseSectorFraction, 1, 100);
 }
 
 void ReadDataFormats(const Settings& settings) {
     ReadWhole(settings, kDataFormats, "Conventions", gConventions, -16, 16);
+    const int plane = std::abs(gConventions) % 10;
+    if (plane < kDipDipDirection || plane > kStrikeDipRightHand) {
+        gConventions = 1;
+    }
     gPlaneSeparator = settings.Text(kDataFormats, "PlaneSeparator", "/");
     gLineSeparator = settings.Text(kDataFormats, "LineSeparator", "-");
     gFileDelimiter = settings.Text(kDataFormats, "gFileDelimiter", "\t");

@@ -9,6 +9,8 @@
 #include "stereo/row_positions.h"
 
 #include <cmath>
+#include <limits>
+#include <new>
 #include <utility>
 
 namespace quandrel {
@@ -27,12 +29,6 @@ std::int32_t WholeAzimuth(double degrees) {
 
 ShownOrientation Rounded(double dip, double azimuth) {
     return {WholeDegrees(dip), WholeAzimuth(azimuth)};
-}
-
-/// The pole of a plane, or the plane of a pole.
-ShownOrientation Turned(ShownOrientation orientation) {
-    const std::int32_t azimuth = orientation.azimuth;
-    return {90 - std::abs(orientation.dip), azimuth < 180 ? azimuth + 180 : azimuth - 180};
 }
 
 /// True when a column of the active plot has a place for a row.
@@ -73,12 +69,13 @@ ShownOrientation StoreOrientations(const ParsedRow& row, std::int32_t index,
                                    const RowTarget& target, const PlotRecord& record) {
     ShownOrientation primary = Rounded(row.dip, row.az);
     if (target.turnToPole) {
-        primary = Turned(primary);
+        primary = PoleInDegrees(primary);
     }
     if (target.secondaryFormat != 0) {
         ShownOrientation secondary{kErrorRow, kErrorRow};
         if (row.secondaryPresent) {
             secondary = Rounded(row.dip2, row.az2);
+            secondary = target.turnSecondary ? PoleInDegrees(secondary) : secondary;
         }
         if (target.overlay > 0 && record.ShowSecondary != 0) {
             std::swap(primary, secondary);
@@ -99,39 +96,16 @@ void StoreLine(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
 }
 
 void StoreNumber(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
-    faults.number = row.numberStatus != NumberStatus::Good;
+    // A number beyond the column's width is none that could be kept.
+    faults.number = row.numberStatus != NumberStatus::Good
+                    || std::abs(row.number) > std::numeric_limits<float>::max();
     gAppNumeric.At(gActivePlot, index) =
         faults.number ? kInvalidNumber : static_cast<float>(row.number);
 }
 
-} // namespace
-
-SymbolCode CodeOfNewRow(int overlay, bool upward) {
-    const PlotRecord& record = ActiveRecord();
-    if (overlay > 0) {
-        const bool isPolar =
-            record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
-        const int row = kFirstOverlaySymbol + overlay % kOverlaySymbols;
-        return CodeOfStyleRow(isPolar && upward ? row + 1 : row);
-    }
-    if (!record.AxesTitle.empty()) {
-        const bool isUp = upward && record.DataKind == kPolarLines;
-        return CodeOfStyleRow(isUp ? kDerivedUpSymbol : kDerivedSymbol);
-    }
-    return CodeOfStyleRow(upward ? kUpRowSymbol : kRowSymbol);
-}
-
-bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
-                  RowFaults& faults) {
-    faults = {};
-    const PlotRecord& record = ActiveRecord();
-    if (!MakeRoom(index, target, record)) {
-        return false;
-    }
-    if (row.status != LineStatus::Row) {
-        StoreErrorRow(index);
-        return true;
-    }
+/// Stores a row that was read.
+void StoreGoodRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
+                  const PlotRecord& record, RowFaults& faults) {
     const ShownOrientation stored = StoreOrientations(row, index, target, record);
     gDataOrder.At(gActivePlot, index) = index;
     gPointDensity.At(gActivePlot, index) = 0;
@@ -159,7 +133,44 @@ bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& tar
     AppendRow(
         TableOf(gActivePlot),
         PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, target.overlay), index, shown));
-    return true;
+}
+
+} // namespace
+
+SymbolCode CodeOfNewRow(int overlay, bool upward) {
+    const PlotRecord& record = ActiveRecord();
+    if (overlay > 0) {
+        const bool isPolar =
+            record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
+        const int style = isPolar && upward ? overlay + 1 : overlay;
+        return CodeOfStyleRow(kFirstOverlaySymbol + style % kOverlaySymbols);
+    }
+    if (!record.AxesTitle.empty()) {
+        const bool isUp = upward && record.DataKind == kPolarLines;
+        return CodeOfStyleRow(isUp ? kDerivedUpSymbol : kDerivedSymbol);
+    }
+    return CodeOfStyleRow(upward ? kUpRowSymbol : kRowSymbol);
+}
+
+bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
+                  RowFaults& faults) {
+    faults = {};
+    PlotRecord& record = ActiveRecord();
+    try {
+        if (!MakeRoom(index, target, record)) {
+            return false;
+        }
+        if (row.status == LineStatus::Row) {
+            StoreGoodRow(row, index, target, record, faults);
+        } else {
+            StoreErrorRow(index);
+        }
+        return true;
+    } catch (const std::bad_alloc&) {
+        record.DataFull = kTrue;
+        ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(index) - 1);
+        return false;
+    }
 }
 
 void KeepErrorLine(std::int32_t index, std::string_view line) {

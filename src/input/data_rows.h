@@ -16,7 +16,8 @@ namespace quandrel {
 struct RowTarget {
     int overlay = 0;                  ///< the overlay that they belong to, 0 for the main rows
     std::int16_t secondaryFormat = 0; ///< of the rows; 0 stores no secondary orientation
-    bool turnToPole = false; ///< the rows are lines for a plot of planes, or the other way round
+    bool turnToPole = false;    ///< the rows are lines for a plot of planes, or the other way round
+    bool turnSecondary = false; ///< the same of their secondary orientation
 };
 
 /// What was wrong with the appended values of a row.

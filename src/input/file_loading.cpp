@@ -3,6 +3,7 @@
 #include "input/file_loading.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/result.h"
 #include "core/settings.h"
@@ -24,24 +25,18 @@ namespace quandrel {
 
 namespace {
 
-[[nodiscard]] bool AskToGoOn(const std::string& text) {
-    const Message question{gCaption, text, Icon::Question, Buttons::OkCancel};
-    return gPlatform.prompts->Ask(question) == Button::Ok;
-}
-
-void Tell(const std::string& text) {
-    (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});
-}
-
-std::string LowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return text;
+std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path) {
+    return std::count(record.FileNames.begin() + 1, record.FileNames.end(), path);
 }
 
 bool IsInPlot(const PlotRecord& record, const std::string& path) {
-    return std::find(record.FileNames.begin() + 1, record.FileNames.end(), path)
-           != record.FileNames.end();
+    return TimesInPlot(record, path) > 0;
+}
+
+/// Forgets the texts of error rows behind a row.
+void DropErrorLines(int slot, std::int32_t last) {
+    std::erase_if(gErrorLines[static_cast<std::size_t>(slot)],
+                  [last](const auto& held) { return held.first > last; });
 }
 
 /// Adds a file to the list of a plot. A full list has no place for it, and its name is not kept.
@@ -52,30 +47,91 @@ void AddFileName(PlotRecord& record, const std::string& path) {
     }
 }
 
-/// What a plot says of its files and overlays.
-struct FileLists {
+/// Takes the last place of a file out of the lists and the title of a plot.
+void TakeFileOut(PlotRecord& record, const std::string& path) {
+    const auto end = record.FileNames.begin() + record.NumFiles + 1;
+    auto place = record.FileNames.end();
+    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
+        place = *name == path ? name : place;
+    }
+    if (place == record.FileNames.end()) {
+        return;
+    }
+    std::rotate(place, place + 1, end);
+    record.FileNames[static_cast<std::size_t>(record.NumFiles--)].clear();
+    const std::string named = " + " + FileTitleOf(path);
+    const std::size_t inTitle = record.PlotTitle.rfind(named);
+    if (!IsInPlot(record, path) && inTitle != std::string::npos) {
+        record.PlotTitle.erase(inTitle, named.size());
+    }
+}
+
+/// What a load changes of a plot besides its rows, to be put back when it comes to nothing.
+struct PlotBeforeLoad {
     std::int16_t numFiles = 0;
     std::array<std::string, kMaxFiles + 1> names;
     std::vector<std::string> mainFiles;
-    std::array<std::string, kMaxOverlays + 1> overlayTitles;
+    std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
     std::string fileTitle;
     std::string plotTitle;
     std::int32_t overlays = 0;
+    std::array<std::int16_t, kMaxOverlays + 1> overlayKinds{};
+    std::int16_t selectedOverlay = 0;
+    std::int16_t modified = 0;
+    std::array<double, 2> appendedMin{};
+    std::array<double, 2> appendedMax{};
+    Table<TaggedValue, kDistinctValues, 2> distinctValues;
 };
 
-FileLists FilesOf(const PlotRecord& record) {
-    return {record.NumFiles,  record.FileNames, record.MainFiles,     record.OverlayTitles,
-            record.FileTitle, record.PlotTitle, record.OverlayRows[0]};
+PlotBeforeLoad StateOf(const PlotRecord& record) {
+    return {record.NumFiles,        record.FileNames, record.MainFiles,      record.OverlayFiles,
+            record.FileTitle,       record.PlotTitle, record.OverlayRows[0], record.OverlayKind,
+            record.SelectedOverlay, record.Modified,  record.AppendedMin,    record.AppendedMax,
+            record.DistinctValues};
 }
 
-void RestoreFiles(PlotRecord& record, const FileLists& files) {
-    record.NumFiles = files.numFiles;
-    record.FileNames = files.names;
-    record.MainFiles = files.mainFiles;
-    record.OverlayTitles = files.overlayTitles;
-    record.FileTitle = files.fileTitle;
-    record.PlotTitle = files.plotTitle;
-    record.OverlayRows[0] = files.overlays;
+void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
+    record.AppendedMin = before.appendedMin;
+    record.AppendedMax = before.appendedMax;
+    record.DistinctValues = before.distinctValues;
+}
+
+void RestoreState(PlotRecord& record, const PlotBeforeLoad& before) {
+    record.NumFiles = before.numFiles;
+    record.FileNames = before.names;
+    record.MainFiles = before.mainFiles;
+    record.OverlayFiles = before.overlayFiles;
+    record.FileTitle = before.fileTitle;
+    record.PlotTitle = before.plotTitle;
+    record.OverlayRows[0] = before.overlays;
+    record.OverlayKind = before.overlayKinds;
+    record.SelectedOverlay = before.selectedOverlay;
+    record.Modified = before.modified;
+    RestoreRanges(record, before);
+}
+
+/// True when the main rows of a plot hold planes in their primary columns.
+bool MainRowsArePlanes(const PlotRecord& record) {
+    return record.ShowSecondary != 0 ? record.PrimaryFormat == kPrimaryPlane
+                                     : IsPlottedAsPole(record, 0);
+}
+
+/// True when the format in force reads planes, or lines that are to be plotted as planes.
+bool FormatReadsPlanes() {
+    return gPrimaryDataType == kPrimaryPlane
+           || (gPrimaryDataType == kPrimaryLine && gPlotDataKind == kPlanes);
+}
+
+/// The kind of an overlay in the format in force. Planes are shown by their poles however they are
+/// to be plotted.
+std::int16_t KindOfOverlay(const PlotRecord& record) {
+    const bool showsPlanes = record.ShowSecondary != 0 ? gSecondaryDataType == kSecondaryPlane
+                                                       : gPrimaryDataType == kPrimaryPlane;
+    if (showsPlanes) {
+        return kOverlayPoles;
+    }
+    const bool isSecondaryLine = record.ShowSecondary != 0 && gPlotDataKind == kPlanes;
+    return isSecondaryLine ? std::int16_t{kOverlayLines} : gPlotDataKind;
 }
 
 /// A load of a text file, from its parameter lines to its rows.
@@ -139,6 +195,9 @@ private:
             SetUpNewPlot();
             return true;
         }
+        if (!IsOverlay() && record_.NumLoadedData == 0 && record_.NumFiles == 0) {
+            SetUpEmptyPlot();
+        }
         return (IsOverlay() || AcceptOtherDataKind()) && AcceptFileAgain();
     }
 
@@ -153,13 +212,29 @@ private:
         record_.FileTitle = FileTitleOf(path_);
         record_.PlotTitle = record_.FileTitle + ": " + std::to_string(gActivePlot);
         ResetAppendedRange();
+        before_ = StateOf(record_);
+    }
+
+    /// An empty plot takes the format of the first file that is merged into it.
+    void SetUpEmptyPlot() {
+        SetPlotFormatFromGlobals();
+        record_.NumFiles = 0;
+        record_.ShowSecondary = answer_.plotSecondary ? kTrue : std::int16_t{0};
+        if (gPrimaryDataType <= kDirections) {
+            record_.PlotKind = kRose;
+        }
+    }
+
+    /// True when the rows that the file's rows join hold planes.
+    [[nodiscard]] bool TargetHoldsPlanes() const {
+        const std::int32_t overlay = record_.OverlayRows[0];
+        return overlay > 0 ? IsPlottedAsPole(record_, overlay) : MainRowsArePlanes(record_);
     }
 
     /// Lines for a plot of planes, or planes for one of lines.
     [[nodiscard]] bool AcceptOtherDataKind() const {
-        const bool plotHasPlanes = record_.DataKind == kPlanes;
-        const bool fileHasPlanes = gPlotDataKind == kPlanes;
-        if (plotHasPlanes == fileHasPlanes || record_.NumValidData == 0) {
+        const bool fileHasPlanes = FormatReadsPlanes();
+        if (TargetHoldsPlanes() == fileHasPlanes || record_.NumLoadedData == 0) {
             return true;
         }
         const std::string what = fileHasPlanes ? "planes with line data" : "lines with plane data";
@@ -181,7 +256,7 @@ private:
             Tell("You have already plotted this file");
             return false;
         }
-        return record_.NumFiles < 2
+        return TimesInPlot(record_, path_) < 2
                || AskToGoOn("This plot already contains data from this file. \nDo you really want "
                             "to include additional data from the same file?");
     }
@@ -189,35 +264,39 @@ private:
     /// The file's place in the plot's lists and titles.
     void EnterFile() {
         const std::string title = FileTitleOf(path_);
-        if (IsOverlay()) {
-            OpenOverlay(title);
-        } else if (record_.OverlayRows[0] == 0) {
-            record_.MainFiles.push_back(path_);
-        }
         if (IsNew()) {
             record_.NumFiles = 1;
             record_.FileNames[1] = path_;
+            record_.MainFiles = {path_};
             return;
         }
-        if (!IsInPlot(record_, path_)) {
-            record_.PlotTitle += " + " + title;
+        if (IsOverlay()) {
+            OpenOverlay();
         }
+        AddToPlot(path_);
         if (record_.FileTitle.empty()) {
             record_.FileTitle = title;
         }
-        AddFileName(record_, path_);
         record_.Modified = kTrue;
     }
 
-    void OpenOverlay(const std::string& title) {
+    /// Adds a file to the lists and the title of the plot, which name each file once.
+    void AddToPlot(const std::string& path) {
+        if (!IsInPlot(record_, path)) {
+            record_.PlotTitle += " + " + FileTitleOf(path);
+        }
+        const auto overlay = static_cast<std::size_t>(record_.OverlayRows[0]);
+        std::vector<std::string>& files =
+            overlay > 0 ? record_.OverlayFiles[overlay] : record_.MainFiles;
+        files.push_back(path);
+        AddFileName(record_, path);
+    }
+
+    void OpenOverlay() {
         const auto overlay = static_cast<std::size_t>(++record_.OverlayRows[0]);
         record_.OverlayRows[overlay] = 0;
-        // Planes are shown by their poles however they are to be plotted.
-        record_.OverlayKind[overlay] = gPlotDataKind;
-        if (gPrimaryDataType == kPrimaryPlane) {
-            record_.OverlayKind[overlay] = kOverlayPoles;
-        }
-        record_.OverlayTitles[overlay] = title;
+        record_.OverlayKind[overlay] = KindOfOverlay(record_);
+        record_.OverlayFiles[overlay].clear();
         record_.SelectedOverlay = 0;
     }
 
@@ -239,20 +318,54 @@ private:
             pass.format.decimalIsComma = false;
         }
         pass.format.neededColumns = HighestColumnNeeded(pass.format) + 1;
-        const bool fileIsPlanes = gPrimaryDataType == kPrimaryPlane || gPlotDataKind == kPlanes;
-        pass.target.turnToPole =
-            pass.target.overlay == 0 && !IsNew() && fileIsPlanes != IsPlottedAsPole(record_, 0);
+        const bool joins = command_ == kMergeCommand;
+        pass.target.turnToPole = joins && FormatReadsPlanes() != TargetHoldsPlanes();
+        pass.target.turnSecondary = joins
+                                    && (gSecondaryDataType == kSecondaryPlane)
+                                           != (record_.SecondaryFormat == kSecondaryPlane);
         return pass;
     }
 
     /// Takes back the rows of a pass that is to be repeated.
     void DropRows() {
         ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(record_.NumLoadedData));
-        std::erase_if(gErrorLines[static_cast<std::size_t>(gActivePlot)],
-                      [this](const auto& held) { return held.first > record_.NumLoadedData; });
-        if (IsNew()) {
-            ResetAppendedRange();
+        DropErrorLines(gActivePlot, record_.NumLoadedData);
+        RestoreRanges(record_, before_);
+    }
+
+    /// Asks for the format once more. False when the user, or the plot, does not take it.
+    [[nodiscard]] bool AskFormatAgain() {
+        DropRows();
+        if (!AskFormat()) {
+            return false;
         }
+        if (IsNew()) {
+            SetUpNewPlot();
+            return true;
+        }
+        if (IsOverlay()) {
+            record_.OverlayKind[static_cast<std::size_t>(record_.OverlayRows[0])] =
+                KindOfOverlay(record_);
+            return true;
+        }
+        return AcceptOtherDataKind();
+    }
+
+    /// One pass over a text, with the signs of a long step.
+    [[nodiscard]] PassEnd RunPass(std::string_view text, bool reportBadLines) {
+        LinePass pass = PassFromGlobals();
+        pass.reportBadLines = reportBadLines;
+        std::string heading;
+        gBusy = true;
+        const PassEnd end = LoadDataLines(text, pass, gLastLoad, heading);
+        gBusy = false;
+        if (end == PassEnd::Done) {
+            ReportLoadSummary(gLastLoad);
+        }
+        if (IsNew() && record_.NumLoadedData == 0) {
+            record_.FileHeadLine = heading;
+        }
+        return end;
     }
 
     /// Loads the rows of a text. False when nothing came of it, and the user does not want to go
@@ -261,25 +374,13 @@ private:
         const BusyPointer busy(*gPlatform.status);
         gPlatform.status->SetText("Please wait - loading data from " + FileTitleOf(path_));
         for (;;) {
-            const LinePass pass = PassFromGlobals();
-            gBusy = true;
-            const PassEnd end = StoreLines(text, pass, gLastLoad, heading_);
-            gBusy = false;
-            if (end == PassEnd::Done) {
-                ShowLoadSummary(gLastLoad);
-            }
-            const bool again =
-                end == PassEnd::Retry || (end == PassEnd::Done && LoadFailed(gLastLoad));
-            if (!again) {
+            const PassEnd end = RunPass(text, true);
+            if (end == PassEnd::Left || (end == PassEnd::Done && !LoadFailed(gLastLoad))) {
+                goOn_ = end == PassEnd::Done && !gLastLoad.cancelled && !gLastLoad.outOfMemory;
                 break;
             }
-            DropRows();
-            if (!AskFormat()) {
+            if (!AskFormatAgain()) {
                 return false;
-            }
-            if (IsNew()) {
-                SetUpNewPlot();
-                record_.NumFiles = 1;
             }
         }
         CountRows();
@@ -288,7 +389,6 @@ private:
 
     /// Takes the rows of the last pass into the plot's counts.
     void CountRows() {
-        record_.FileHeadLine = heading_;
         record_.NumLoadedData += gLastLoad.rowsRead;
         if (record_.OverlayRows[0] == 0) {
             record_.NumData = record_.NumLoadedData;
@@ -301,28 +401,26 @@ private:
         record_.ClassifyCheckPending = kTrue;
     }
 
-    /// The files that the parameter lines name go in behind the first one.
+    /// The files that the parameter lines name go in behind the first one; one that is in the plot
+    /// already, or cannot be read, is passed over.
     void LoadFurtherFiles() {
+        const BusyPointer busy(*gPlatform.status);
         const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
         for (const std::string& name : items_.extraFiles) {
-            const std::string further = (folder / name).string();
+            const std::string further = (folder / name).lexically_normal().string();
             std::error_code unreadable;
-            if (record_.NumFiles >= kMaxFiles || IsInPlot(record_, further)
+            if (!goOn_ || record_.NumFiles >= kMaxFiles || IsInPlot(record_, further)
                 || !std::filesystem::is_regular_file(further, unreadable)) {
                 continue;
             }
-            const Result<std::string> text = ReadTextBytes(further);
-            if (!text) {
-                continue;
+            if (const Result<std::string> text = ReadTextBytes(further)) {
+                const LoadCounters first = gLastLoad;
+                goOn_ = RunPass(*text, false) == PassEnd::Done && !gLastLoad.cancelled
+                        && !gLastLoad.outOfMemory;
+                CountRows();
+                AddToPlot(further);
+                AddCounters(first, gLastLoad);
             }
-            LoadCounters first = gLastLoad;
-            LinePass pass = PassFromGlobals();
-            pass.reportBadLines = false;
-            (void)StoreLines(*text, pass, gLastLoad, heading_);
-            CountRows();
-            AddFileName(record_, further);
-            record_.MainFiles.push_back(further);
-            AddCounters(first, gLastLoad);
         }
     }
 
@@ -342,20 +440,22 @@ private:
     PlotRecord& record_;
     ParameterItems items_;
     FormatAnswer answer_;
-    std::string heading_;
+    PlotBeforeLoad before_ = StateOf(ActiveRecord());
+    bool goOn_ = true; ///< further files may follow
 };
 
 } // namespace
 
 std::string ReadTextFile(const std::string& command, const std::string& path) {
     const FormatSettings formerFormat = CurrentFormat();
-    const FileLists formerFiles = FilesOf(ActiveRecord());
+    const PlotBeforeLoad formerState = StateOf(ActiveRecord());
     TextLoad load(command, path);
     if (load.Run()) {
+        gPlotLoads[gActivePlot] = gLastLoad;
         return command;
     }
     RestoreFormat(formerFormat);
-    RestoreFiles(ActiveRecord(), formerFiles);
+    RestoreState(ActiveRecord(), formerState);
     return kLoadError;
 }
 
@@ -372,6 +472,7 @@ void SetPlotFormatFromGlobals() {
     record.NumData = 0;
     record.OverlayRows[0] = 0;
     record.DataKind = gPlotDataKind;
+    record.RoseType = 0;
     if (LowerCase(record.AppNonNumName) == "mean wind speed") {
         record.RoseType = 4;
     }
@@ -390,18 +491,17 @@ void RemoveLastOverlay(int slot) {
     record.NumLoadedData -= record.OverlayRows[overlay];
     record.OverlayRows[overlay] = 0;
     record.OverlayKind[overlay] = 0;
-    if (!record.OverlayTitles[overlay].empty() && record.NumFiles > 0) {
-        record.FileNames[static_cast<std::size_t>(record.NumFiles)].clear();
-        --record.NumFiles;
+    for (const std::string& path : record.OverlayFiles[overlay]) {
+        TakeFileOut(record, path);
     }
-    record.OverlayTitles[overlay].clear();
+    record.OverlayFiles[overlay].clear();
     record.OverlayRows[0] = last - 1;
+    if (record.SelectedOverlay == last) {
+        record.SelectedOverlay = 0;
+    }
     ResizeRowTable(TableOf(slot), static_cast<std::size_t>(record.NumLoadedData));
+    DropErrorLines(slot, record.NumLoadedData);
     record.Modified = kTrue;
-}
-
-std::string FileTitleOf(const std::string& path) {
-    return std::filesystem::path(path).filename().string();
 }
 
 } // namespace quandrel

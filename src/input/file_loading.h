@@ -32,7 +32,4 @@ void SetPlotFormatFromGlobals();
 /// Takes the rows of the last overlay of a plot away, and its file.
 void RemoveLastOverlay(int slot);
 
-/// The file's name without its folder.
-[[nodiscard]] std::string FileTitleOf(const std::string& path);
-
 } // namespace quandrel

@@ -133,9 +133,11 @@ private:
     [[nodiscard]] bool TakeBadLine(LineStatus status, std::string_view line) {
         if (IsNonData(status)) {
             ++counters_.blankLines;
+            invalidInARow_ = 0;
             return CountInARow(nonDataInARow_);
         }
         ++counters_.invalidLines;
+        nonDataInARow_ = 0;
         if (askAboutBadLines_ && !AnswerBadLine(status, line)) {
             return false;
         }
@@ -175,8 +177,8 @@ private:
 
 } // namespace
 
-PassEnd StoreLines(std::string_view text, const LinePass& pass, LoadCounters& counters,
-                   std::string& heading) {
+PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters& counters,
+                      std::string& heading) {
     counters = {};
     heading.clear();
     LineReader reader(text);

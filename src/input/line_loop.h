@@ -32,7 +32,7 @@ enum class PassEnd { Done, Left, Retry };
 ///
 /// @param[out] counters  counted from 0
 /// @param[out] heading   the heading line, if one was skipped
-[[nodiscard]] PassEnd StoreLines(std::string_view text, const LinePass& pass,
-                                 LoadCounters& counters, std::string& heading);
+[[nodiscard]] PassEnd LoadDataLines(std::string_view text, const LinePass& pass,
+                                    LoadCounters& counters, std::string& heading);
 
 } // namespace quandrel

@@ -10,6 +10,7 @@
 namespace quandrel {
 
 LoadCounters gLastLoad;
+std::map<int, LoadCounters> gPlotLoads;
 
 namespace {
 
@@ -128,7 +129,7 @@ std::string OutOfMemoryText(const LoadCounters& counters) {
 
 std::string NothingReadText(const LoadCounters& counters) {
     const std::string lead =
-        counters.invalidLines >= kMostBadLines && counters.stoppedAtLine > 0
+        counters.stoppedAtLine > 0
             ? "The first 1000 datalines were found to contain invalid data and no data were "
               "plotted."
             : "All datalines were found to contain invalid data and no data were plotted.";
@@ -205,7 +206,7 @@ std::string LoadSummaryText(const LoadCounters& counters) {
     return text;
 }
 
-void ShowLoadSummary(const LoadCounters& counters) {
+void ReportLoadSummary(const LoadCounters& counters) {
     const std::string text = LoadSummaryText(counters);
     if (!text.empty()) {
         (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});

@@ -7,6 +7,7 @@
 #include "input/data_line.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,9 @@ struct LoadCounters {
 /// The counters of the last load of a text file.
 extern LoadCounters gLastLoad;
 
+/// The counters of the last load into each slot.
+extern std::map<int, LoadCounters> gPlotLoads;
+
 /// What the user wants after a question about a line.
 enum class LineAnswer { GoOn, Leave, Retry };
 
@@ -47,8 +51,6 @@ enum class LineAnswer { GoOn, Leave, Retry };
 [[nodiscard]] LineAnswer ReportWrongDelimiter(std::string_view line);
 
 /// The text for the end of a load, without its caption; empty when there is nothing to tell.
-///
-/// @param isPolarOrLine  the data are plotted as lines
 [[nodiscard]] std::string LoadSummaryText(const LoadCounters& counters);
 
 /// True when nothing came through and the format has to be looked at again.
@@ -56,6 +58,6 @@ enum class LineAnswer { GoOn, Leave, Retry };
 
 /// Shows the end-of-file report. A load of clipboard text ("PasteData") that met no problems says
 /// nothing, and so does a file.
-void ShowLoadSummary(const LoadCounters& counters);
+void ReportLoadSummary(const LoadCounters& counters);
 
 } // namespace quandrel

@@ -4,10 +4,10 @@
 
 #include "core/atomic_file.h"
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "core/tagged_value.h"
-#include "input/file_loading.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
@@ -22,19 +22,6 @@ namespace {
 
 constexpr const char* kBinaryEnding = ".qpx";
 
-/// The secondary format that a saved file has: whatever a line was read from, it is saved as a
-/// line.
-std::int16_t SavedSecondaryFormat(const PlotRecord& record) {
-    switch (record.SecondaryFormat) {
-    case kPitchInPlane:
-    case kTrendInPlane:
-    case kHadeInPlane:
-        return kSecondaryLine;
-    default:
-        return record.SecondaryFormat;
-    }
-}
-
 ParameterItems ItemsOf(const PlotRecord& record) {
     ParameterItems items;
     items.T = record.DataKind;
@@ -46,7 +33,7 @@ ParameterItems ItemsOf(const PlotRecord& record) {
     items.I = 2;
     items.C = 1;
     items.one = record.PrimaryFormat;
-    items.two = SavedSecondaryFormat(record);
+    items.two = record.SecondaryFormat;
     items.S = record.ShowSecondary != 0;
     items.A = record.HasAppendedLine != 0;
     items.L = record.HasAppendedNumeric != 0;
@@ -84,8 +71,8 @@ private:
     bool first_ = true;
 };
 
-/// A text that would be cut at a tab or a line end, or taken for quoted, is made one field.
-std::string FieldOfText(std::string_view text) {
+/// Line breaks and tabs would end a field.
+std::string OnOneLine(std::string_view text) {
     std::string field(text);
     for (char& c : field) {
         if (c == '\t' || c == '\r' || c == '\n') {
@@ -95,9 +82,26 @@ std::string FieldOfText(std::string_view text) {
     return field;
 }
 
+/// A text as a field: one that begins with a quote is put in quotes, its own written twice, for a
+/// reader takes quotes about a field away.
+std::string FieldOfText(std::string_view text) {
+    const std::string field = OnOneLine(text);
+    if (field.empty() || field.front() != '"') {
+        return field;
+    }
+    std::string quoted = "\"";
+    for (const char c : field) {
+        quoted += c;
+        if (c == '"') {
+            quoted += c;
+        }
+    }
+    return quoted + "\"";
+}
+
 std::string HeadLines(const PlotRecord& record) {
     std::string head = std::string(";") + gCaption + "\r\n";
-    head += "; " + FieldOfText(record.PlotTitle) + "\r\n";
+    head += "; " + OnOneLine(record.PlotTitle) + "\r\n";
     head += record.PrimaryFormat <= kDirections     ? "; direction"
             : record.PrimaryFormat == kPrimaryPlane ? "; dip\tdip direction"
                                                     : "; plunge\ttrend";
@@ -109,10 +113,10 @@ std::string HeadLines(const PlotRecord& record) {
         head += "\tappended plunge\ttrend";
     }
     if (record.HasAppendedNumeric != 0) {
-        head += "\t" + FieldOfText(record.AppNumName);
+        head += "\t" + OnOneLine(record.AppNumName);
     }
     if (record.HasAppendedText != 0) {
-        head += "\t" + FieldOfText(record.AppNonNumName);
+        head += "\t" + OnOneLine(record.AppNonNumName);
     }
     return head + "\r\n";
 }
@@ -142,11 +146,6 @@ std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
     return fields.Text() + "\r\n";
 }
 
-[[nodiscard]] bool AskToGoOn(const std::string& text) {
-    const Message question{gCaption, text, Icon::Question, Buttons::OkCancel};
-    return gPlatform.prompts->Ask(question) == Button::Ok;
-}
-
 [[nodiscard]] bool AcceptSeveralFiles(const PlotRecord& record, const std::string& name) {
     return record.NumFiles < 2
            || AskToGoOn("This plot contains data from more than one file.\n"
@@ -171,12 +170,7 @@ void TellFailure(const PlotRecord& record, const std::string& reason, SaveKind k
     if (kind == SaveKind::SaveAll) {
         text += "\nWe will continue to try and save any remaining plots";
     }
-    (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});
-}
-
-bool HasEnding(const std::string& path, const std::string& ending) {
-    return path.size() >= ending.size()
-           && path.compare(path.size() - ending.size(), ending.size(), ending) == 0;
+    Tell(text);
 }
 
 /// The plot goes by the name of the file that it was saved to.

@@ -3,6 +3,7 @@
 #include "persistence/open_plot.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/decimal_delimiter.h"
@@ -11,7 +12,6 @@
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <vector>
@@ -25,10 +25,6 @@ constexpr std::string_view kFileCommand = "File";
 /// The filter offered next time, counted from 1, and whether a file was opened in this session.
 int filterIndex = 1;
 bool openedBefore = false;
-
-void Tell(const std::string& text, Icon icon) {
-    (void)gPlatform.prompts->Ask({gCaption, text, icon, Buttons::Ok});
-}
 
 bool NeedsNewPlot(const std::string& command) {
     return command != kMergeCommand && command != kOverlayCommand;
@@ -61,7 +57,7 @@ std::string StartFolder() {
     if (!openedBefore && !gLastUsedPath.empty()) {
         return gLastUsedPath;
     }
-    return gFilesDirectory;
+    return gFilesDirectory.empty() && openedBefore ? gLastUsedPath : gFilesDirectory;
 }
 
 std::optional<std::string> AskForPath(const std::string& command) {
@@ -73,18 +69,28 @@ std::optional<std::string> AskForPath(const std::string& command) {
     return gPlatform.prompts->AskOpenPath(question);
 }
 
-std::string UpperCaseEnding(const std::string& path) {
-    std::string ending = std::filesystem::path(path).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-    return ending;
+/// A rose that was asked for was asked for once, whatever came of it.
+class OneTimePlotKind {
+public:
+    OneTimePlotKind() = default;
+
+    ~OneTimePlotKind() { gPlotKind = kEqualArea; }
+
+    OneTimePlotKind(const OneTimePlotKind&) = delete;
+    OneTimePlotKind& operator=(const OneTimePlotKind&) = delete;
+};
+
+/// One spelling for each file, so that it is known again.
+std::string NormalPath(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
+    return failed ? path : whole.lexically_normal().string();
 }
 
 void RememberPath(const std::string& path) {
     openedBefore = true;
     gLastUsedPath = std::filesystem::path(path).parent_path().string();
-    const std::string ending = UpperCaseEnding(path);
-    filterIndex = ending == ".QPX" ? 3 : ending == ".TXT" ? 2 : 1;
+    filterIndex = HasEnding(path, ".qpx") ? 3 : HasEnding(path, ".txt") ? 2 : 1;
 }
 
 void WarnOfDecimalMismatch() {
@@ -163,12 +169,16 @@ FileKind KindOfFile(const std::string& path) {
     }
     const std::string_view firstLine =
         std::string_view(*start).substr(0, start->find_first_of("\r\n"));
-    return UpperCaseEnding(path) == ".QWO" || LooksLikeWorkspace(firstLine) ? FileKind::Workspace
-                                                                            : FileKind::Text;
+    return HasEnding(path, ".qwo") || LooksLikeWorkspace(firstLine) ? FileKind::Workspace
+                                                                    : FileKind::Text;
 }
 
 std::string OpenByKind(const std::string& command, const std::string& path) {
-    switch (KindOfFile(path)) {
+    const FileKind kind = KindOfFile(path);
+    if (kind != FileKind::Unreadable) {
+        RememberPath(path);
+    }
+    switch (kind) {
     case FileKind::Text:
         return NeedsNewPlot(command) ? OpenNewPlot(path) : AddToPlot(command, path);
     case FileKind::BinaryPlot:
@@ -190,24 +200,20 @@ std::string OpenByKind(const std::string& command, const std::string& path) {
 } // namespace
 
 std::string OpenPlotFile(const std::string& command, const std::string& path) {
+    const OneTimePlotKind once;
     if (!NeedsNewPlot(command) && (!IsOpenSlot(gActivePlot) || !HasRoomFor(command))) {
         return kLoadError;
     }
     if (path.empty()) {
         return kLoadError;
     }
-    RememberPath(path);
-    const std::string outcome = OpenByKind(command, path);
-    // A rose that was asked for was asked for once.
-    gPlotKind = kEqualArea;
-    return outcome;
+    return OpenByKind(command, NormalPath(path));
 }
 
 std::string OpenPlotFile(const std::string& command) {
+    const OneTimePlotKind once;
     if (command == kBlankCommand) {
-        const std::string outcome = OpenNewPlot({});
-        gPlotKind = kEqualArea;
-        return outcome;
+        return OpenNewPlot({});
     }
     if (command.starts_with(kFileCommand)) {
         return OpenPlotFile(kNewCommand, command.substr(kFileCommand.size()));
@@ -250,6 +256,7 @@ void ClosePlot(int slot) {
     if (gActivePlot != slot) {
         return;
     }
+    gSelectionRows.clear();
     gActivePlot = 0;
     for (int other = HighestSlot(); other >= 1 && gActivePlot == 0; --other) {
         gActivePlot = IsOpenSlot(other) ? other : 0;

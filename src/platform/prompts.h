@@ -61,8 +61,6 @@ struct FormatAnswer {
     bool plotSecondary = false;
     bool columnHeadings = false;
     bool frequencyColumn = false;
-    std::string numericName;
-    std::string textName;
 };
 
 class Prompts {

@@ -2,8 +2,6 @@
 
 #include "program/start.h"
 
-#include <filesystem>
-
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
@@ -11,6 +9,8 @@
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "stereo/plot_stages.h"
+
+#include <filesystem>
 
 namespace quandrel {
 
@@ -20,10 +20,14 @@ namespace {
 
 constexpr int kStartRose = 1;
 constexpr int kStartBlank = 2;
+constexpr int kStartMapLink = 3;
+constexpr int kStartWorkspace = 6;
 constexpr int kFirstRecentFile = 91;
 
 /// Each stage of a drawing gets its procedure. A stage without one is passed over.
-void ConnectPlotStages() { gPlotStages = {}; }
+void ConnectPlotStages() {
+    gPlotStages = {};
+}
 
 bool OpenRecentFile(std::size_t number) {
     if (number < 1 || number > gRecentFiles.size()) {
@@ -38,8 +42,8 @@ void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectPlotStages();
     LoadSettings();
-    gPrinters = gPlatform.printers != nullptr ? gPlatform.printers->Printers()
-                                              : std::vector<std::string>();
+    gPrinters =
+        gPlatform.printers != nullptr ? gPlatform.printers->Printers() : std::vector<std::string>();
     gPlotKind = kEqualArea;
     gPlotDataKind = kPlanes;
     MakeStoreTables();
@@ -60,6 +64,9 @@ bool IntroStart(int index) {
     }
     if (index == kStartBlank) {
         return OpenPlotFile(kBlankCommand) != kLoadError;
+    }
+    if (index == kStartMapLink || index == kStartWorkspace) {
+        return false;
     }
     if (index == kStartRose) {
         gPlotKind = kRose;

@@ -13,16 +13,16 @@ namespace quandrel {
 /// what the plot driver calls in the folders above it. gPlatform must be set.
 void InitialiseApplication();
 
-/// The path of an existing file among the arguments of the command line (without the program's name),
-/// which may have been cut at its blanks, or an empty text.
+/// The path of an existing file among the arguments of the command line (without the program's
+/// name), which may have been cut at its blanks, or an empty text.
 [[nodiscard]] std::string GetCommandLineFile(const std::vector<std::string>& arguments);
 
 /// Names of the printers found at start-up; empty when there are none.
 extern std::vector<std::string> gPrinters;
 
-/// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 91 and
-/// above recent file number `index` modulo 10, any other a stereographic plot of a file. False when
-/// nothing was opened.
+/// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 91
+/// and above recent file number `index` modulo 10, any other a stereographic plot of a file. False
+/// when nothing was opened.
 bool IntroStart(int index);
 
 } // namespace quandrel

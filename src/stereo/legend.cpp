@@ -3,6 +3,7 @@
 #include "stereo/legend.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
@@ -18,11 +19,6 @@ namespace quandrel {
 namespace {
 
 constexpr std::string_view kCutMark = "...";
-
-std::string NameOfPath(const std::string& path) {
-    const std::size_t slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
 
 LegendLine TextLine(std::string text) {
     return {LegendSample::None, 0, std::move(text)};
@@ -62,6 +58,22 @@ void AddSignedSamples(std::vector<LegendLine>& lines, std::int32_t first, std::i
     }
 }
 
+/// The style of rows that are drawn as great circles.
+LegendLine GreatCircleLine(std::int32_t first, std::int32_t last, std::string text) {
+    const SymbolCode down = CodeOfRows(first, last, false);
+    return {LegendSample::GreatCircle, down != 0 ? down : CodeOfRows(first, last, true),
+            std::move(text)};
+}
+
+/// What an overlay shows: its files, or its number when it has none.
+std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay) {
+    std::string text;
+    for (const std::string& path : record.OverlayFiles[overlay]) {
+        text += (text.empty() ? "" : " + ") + FileTitleOf(path);
+    }
+    return text.empty() ? "Overlay " + std::to_string(overlay) : text;
+}
+
 void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
     if (record.MainFiles.empty()) {
         const std::string& title = record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
@@ -70,14 +82,14 @@ void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
     }
     std::string lead = "Data: ";
     for (const std::string& path : record.MainFiles) {
-        lines.push_back(TextLine(lead + NameOfPath(path)));
+        lines.push_back(TextLine(lead + FileTitleOf(path)));
         lead = " + ";
     }
 }
 
-void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record, std::int64_t count) {
+void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     lines.push_back({LegendSample::Symbol, CodeOfStyleRow(kRowSymbol),
-                     std::to_string(count) + " intersections of"});
+                     std::to_string(record.BetaCount) + " intersections of"});
     lines.push_back(TextLine(std::to_string(record.NumValidData) + " planes"));
 }
 
@@ -94,15 +106,14 @@ void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record)
     }
 }
 
-void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record, std::int64_t betaCount) {
+void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
     if (!record.AxesTitle.empty()) {
         AddKinematicLines(lines, record);
     } else if (record.PlotSymbolMode == kBetaIntersections) {
-        AddBetaLines(lines, record, betaCount);
+        AddBetaLines(lines, record);
     } else if (record.PlotSymbolMode == kGreatCircles) {
-        const SymbolCode code = CodeOfRows(1, record.NumData, false);
-        lines.push_back({LegendSample::GreatCircle, code,
-                         IsPlottedAsPole(record, 0) ? "Planes" : "Planes normal to lines"});
+        lines.push_back(GreatCircleLine(
+            1, record.NumData, IsPlottedAsPole(record, 0) ? "Planes" : "Planes normal to lines"));
     } else if (record.PlotSymbolMode <= kPointSymbolsToo) {
         AddSignedSamples(lines, 1, record.NumData, NounOfRows(record));
     }
@@ -113,10 +124,9 @@ void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
         const auto k = static_cast<std::size_t>(overlay);
         const std::int32_t first = FirstRowOfOverlay(record, overlay);
         const std::int32_t last = first + record.OverlayRows[k] - 1;
-        const std::string& title = record.OverlayTitles[k];
-        const std::string text = title.empty() ? "Overlay " + std::to_string(overlay) : title;
+        const std::string text = TextOfOverlay(record, k);
         if (record.OverlayKind[k] == kOverlayGreatCircles) {
-            lines.push_back({LegendSample::GreatCircle, CodeOfRows(first, last, false), text});
+            lines.push_back(GreatCircleLine(first, last, text));
         } else {
             AddSignedSamples(lines, first, last, text);
         }
@@ -190,12 +200,15 @@ void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, 
 
 } // namespace
 
-std::vector<LegendLine> LegendLines(std::int64_t betaCount) {
+std::vector<LegendLine> LegendLines() {
     const PlotRecord& record = ActiveRecord();
     std::vector<LegendLine> lines;
     AddDataNames(lines, record);
+    if (record.PlotKind == kRose) {
+        return lines;
+    }
     if (record.NumValidData > 0) {
-        AddMainRows(lines, record, betaCount);
+        AddMainRows(lines, record);
     }
     if (gPlotStages.bandLegend) {
         for (LegendLine& line : gPlotStages.bandLegend()) {
@@ -206,13 +219,16 @@ std::vector<LegendLine> LegendLines(std::int64_t betaCount) {
     return lines;
 }
 
-void DrawLegend(std::int64_t betaCount) {
+void DrawLegend() {
     Surface& box = LegendSurface();
     const LegendLayout layout = LayOut(box);
     if (!IsDrawingElsewhere()) {
         box.Clear(kWhite);
     }
-    const std::vector<LegendLine> lines = LegendLines(betaCount);
+    if (ActiveRecord().LayerVisible[kLegendLayer] == 0) {
+        return;
+    }
+    const std::vector<LegendLine> lines = LegendLines();
     const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const double top = -layout.lineHeight * static_cast<double>(i);

@@ -23,12 +23,10 @@ struct LegendLine {
 };
 
 /// The lines of the legend of the active plot, top to bottom.
-///
-/// @param betaCount  intersections drawn, for a plot of beta intersections
-[[nodiscard]] std::vector<LegendLine> LegendLines(std::int64_t betaCount);
+[[nodiscard]] std::vector<LegendLine> LegendLines();
 
 /// Draws the legend of the active plot into its box. A text too long for the box is cut, and a box
-/// that cannot hold all lines ends in "...".
-void DrawLegend(std::int64_t betaCount);
+/// that cannot hold all lines ends in "...". A hidden legend draws nothing.
+void DrawLegend();
 
 } // namespace quandrel

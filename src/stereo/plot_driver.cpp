@@ -29,13 +29,19 @@ namespace {
 constexpr int kMeanItem = 0;
 constexpr int kFirstStatisticalItem = 9;
 
-std::int64_t lastBetaCount = 0;
-
 template <class... Arguments>
 void Run(const std::function<void(Arguments...)>& stage, Arguments... arguments) {
     if (stage) {
         stage(arguments...);
     }
+}
+
+constexpr int kWidestGirdle = 50;
+
+/// A value as a whole number from 0 to `most`.
+int WholeOf(const TaggedValue& value, int most) {
+    const double number = NumberOf(value);
+    return number > 0 ? static_cast<int>(std::min(number, static_cast<double>(most))) : 0;
 }
 
 RowRange MainRows(const PlotRecord& record) {
@@ -139,7 +145,7 @@ void DrawPlot(bool recalculate) {
     DrawPlotBase();
     if (ActiveRecord().PlotKind == kRose) {
         Run(gPlotStages.drawRose, recalculate);
-        DrawLegend(0);
+        DrawLegend();
     } else {
         DrawStereoPlot(recalculate);
     }
@@ -189,16 +195,16 @@ void DrawStereoPlot(bool recalculate) {
     if (isClassified && record.NumClasses >= 1) {
         DrawClassifiedGrid(record);
     }
-    lastBetaCount = 0;
+    record.BetaCount = 0;
     if (!isClassified || record.NumClasses == 0 || record.NumClasses == 4) {
-        lastBetaCount = DrawMainRows(record);
+        record.BetaCount = DrawMainRows(record);
     }
     if (!IsDrawingElsewhere()) {
         record.RowsChanged = 0;
     }
     DrawOverlays(record);
     Run(gPlotStages.drawAnnotations);
-    DrawLegend(lastBetaCount);
+    DrawLegend();
     DrawPlotFurniture();
     DrawAxisItems(record);
 }
@@ -221,8 +227,8 @@ void DrawGirdle(int item) {
     }
     const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
     DrawGreatCircleOfPole(PlotSurface(), record.PlotKind, NumberOf(values[2]), NumberOf(values[3]),
-                          static_cast<int>(NumberOf(values[4])),
-                          static_cast<int>(NumberOf(values[5])), NumberOf(values[6]));
+                          WholeOf(values[4], kColourCount - 1), WholeOf(values[5], kNoLine),
+                          WholeOf(values[6], kWidestGirdle));
 }
 
 void DrawAxisItemSymbol(int item) {
@@ -263,10 +269,6 @@ std::string TitleOfPlot() {
     default:
         return title + "Planes]     ";
     }
-}
-
-std::int64_t LastBetaCount() {
-    return lastBetaCount;
 }
 
 void UpdateTitle() {

@@ -43,9 +43,6 @@ void DrawAxisItemSymbol(int item);
 /// Writes the caption of the active plot's window.
 void UpdateTitle();
 
-/// Beta intersections in the last drawing of a stereo plot; 0 when it showed none.
-[[nodiscard]] std::int64_t LastBetaCount();
-
 /// Value of the grid density slider, 10 to 150.
 extern int gGridDensitySlider;
 

@@ -56,8 +56,9 @@ struct StyledRow {
 };
 
 SymbolCode CodeOfRow(std::int32_t index, RowStyle style) {
-    if (style == RowStyle::Own) {
-        return gDataSymbol(gActivePlot, index);
+    const SymbolCode own = gDataSymbol(gActivePlot, index);
+    if (style == RowStyle::Own || CodeSymbol(own) == kNoSymbol) {
+        return own;
     }
     const int band = gPointDensity(gActivePlot, index);
     const int row = std::min(kFirstBandSymbol + std::max(band, 1) - 1, kLastBandSymbol);
@@ -105,13 +106,16 @@ void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow
 
 /// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
 /// is left out.
-void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range) {
+void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range, RowStyle style) {
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
             continue;
         }
-        const SymbolCode code = gDataSymbol(gActivePlot, index);
+        const SymbolCode code = CodeOfRow(index, style);
+        if (CodeSymbol(code) == kNoSymbol) {
+            continue;
+        }
         const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
         DrawSymbols(surface, std::span(&at, 1), code);
         DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), kSlipArrowSymbol,
@@ -149,7 +153,7 @@ void DrawRowSymbols(RowRange range, RowStyle style) {
     Surface& surface = PlotSurface();
     const RowTable& table = TableOf(gActivePlot);
     if (ActiveRecord().DensityInvalid != 0 && gPlotStages.slipArrowAngle) {
-        DrawWithSlipArrows(surface, table, range);
+        DrawWithSlipArrows(surface, table, range, style);
         return;
     }
     DrawRuns(surface, table, RowsToDraw(table, range, style));

@@ -40,17 +40,16 @@ WholeDegreeLine PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
     return line;
 }
 
-/// The pole of a plane in whole degrees; the sign of a dip plays no part.
-ShownOrientation PoleInDegrees(ShownOrientation plane) {
-    const std::int32_t trend = plane.azimuth < 180 ? plane.azimuth + 180 : plane.azimuth - 180;
-    return {90 - std::abs(plane.dip), trend};
-}
-
 bool IsWholeDegreeLine(ShownOrientation line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
 }
 
 } // namespace
+
+ShownOrientation PoleInDegrees(ShownOrientation plane) {
+    const std::int32_t trend = plane.azimuth < 180 ? plane.azimuth + 180 : plane.azimuth - 180;
+    return {90 - std::abs(plane.dip), trend};
+}
 
 std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay) {
     std::int32_t first = record.NumData + 1;

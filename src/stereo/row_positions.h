@@ -29,6 +29,9 @@ struct ShownOrientation {
     std::int32_t azimuth = 0;
 };
 
+/// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip plays no part.
+[[nodiscard]] ShownOrientation PoleInDegrees(ShownOrientation plane);
+
 /// The orientation of a row that is shown: the secondary one of a main row while the plot shows the
 /// secondary data, else the primary one.
 [[nodiscard]] ShownOrientation OrientationShown(int slot, std::int32_t row);

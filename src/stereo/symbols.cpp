@@ -140,9 +140,9 @@ std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
     case 9:
         return {PlusPart(2 * s, Ink::Outline)};
     case 10:
-        return {TrianglePart(10 * s, 1, Ink::Filled)};
+        return {TrianglePart(8 * s, 1, Ink::Filled)};
     case 11:
-        return {TrianglePart(10 * s, -1, Ink::Filled)};
+        return {TrianglePart(8 * s, -1, Ink::Filled)};
     case 12:
         return {DiamondPart(4 * s, Ink::Filled)};
     case 13:

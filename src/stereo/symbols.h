@@ -26,7 +26,6 @@ enum SymbolCodeNumber : int {
 ///
 /// @param size   0 counts as 1; the half-size is the size times a factor of the code
 /// @param angle  azimuth of a slip arrow, radians; other shapes do not turn
-/// @return a shape that is kept as long as the program runs, unless it has an angle
 [[nodiscard]] Glyph GlyphOfSymbol(int symbolCode, int size, double angle);
 
 /// Draws a symbol. The surface's state is left as it was.

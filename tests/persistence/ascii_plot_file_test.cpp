@@ -164,6 +164,40 @@ TEST_F(AsciiPlotFile, AFailedSaveLeavesTheOldFileAndThePlotModified) {
     EXPECT_EQ(FileText((folder / "in.txt").string()), "30\t120\n");
 }
 
+TEST_F(AsciiPlotFile, QuotesAboutATextSurvive) {
+    gFileNonNumericAppended = true;
+    gFileColumnSettings[9] = 2;
+    OpenPlotFile(kNewCommand, WriteFile("in.txt", "30\t120\t\"\"\"red\"\" one\"\n"));
+    ASSERT_EQ(gAppText(gActivePlot, 1), "\"red\" one");
+    SaveAndReopen();
+    EXPECT_EQ(gAppText(gActivePlot, ActiveRecord().NumData), "\"red\" one");
+}
+
+TEST_F(AsciiPlotFile, AReadOnlyFileIsNotReplaced) {
+    OpenPlotFile(kNewCommand, WriteFile("in.txt", "30\t120\n"));
+    const std::string path = WriteFile("keep.txt", "old");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    Expect("it is read-only");
+    EXPECT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Failed);
+    EXPECT_EQ(FileText(path), "old");
+}
+
+TEST_F(AsciiPlotFile, ASaveLeavesNothingBesideTheFile) {
+    OpenPlotFile(kNewCommand, WriteFile("in.txt", "30\t120\n"));
+    ASSERT_EQ(SavePlotAs((folder / "out.txt").string(), SaveKind::SaveAs), SaveOutcome::Saved);
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        files += entry.is_regular_file() ? 1 : 0;
+    }
+    EXPECT_EQ(files, 2U);
+}
+
+TEST_F(AsciiPlotFile, ABinaryNameInAnyCaseIsNoText) {
+    OpenPlotFile(kNewCommand, WriteFile("in.txt", "30\t120\n"));
+    Expect("binary plot files cannot be written");
+    EXPECT_EQ(SavePlotAs((folder / "out.QPX").string(), SaveKind::SaveAs), SaveOutcome::Failed);
+}
+
 TEST_F(AsciiPlotFile, SavingAsksForAPathAndMayBeCancelled) {
     OpenPlotFile(kNewCommand, WriteFile("in.txt", "30\t120\n"));
     EXPECT_EQ(SaveAsciiPlot(SaveKind::Save), SaveOutcome::Cancelled);

@@ -393,6 +393,229 @@ TEST_F(OpenPlot, ABlankPlotHasNoFile) {
     EXPECT_EQ(ActiveRecord().NumValidData, 0);
 }
 
+TEST_F(OpenPlot, RunsOfBadLinesAreCountedByTheirKind) {
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("1200 non-data");
+    Open("a.txt",
+         "30\t120\n" + Repeated("\n", 600) + "99\t10\n" + Repeated("\n", 600) + "40\t100\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 2);
+}
+
+TEST_F(OpenPlot, AThousandInvalidLinesInARowEndTheReading) {
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("The first 1000 datalines were found to contain invalid data");
+    AcceptFormat({}, 1);
+    EXPECT_EQ(Open("a.txt", Repeated("99\t10\n", 1500)), kLoadError);
+    EXPECT_EQ(gLastLoad.invalidLines, 1000);
+}
+
+TEST_F(OpenPlot, ALoadThatTheUserEndsKeepsItsRows) {
+    status.RequestCancel();
+    std::string text;
+    for (int i = 0; i < 3000000; ++i) {
+        text += "30\t120\n";
+    }
+    Open("a.txt", text);
+    EXPECT_TRUE(gLastLoad.cancelled);
+    EXPECT_GT(ActiveRecord().NumValidData, 0);
+    EXPECT_LT(ActiveRecord().NumValidData, 3000000);
+    EXPECT_EQ(TableOf(gActivePlot).size(), static_cast<std::size_t>(ActiveRecord().NumLoadedData));
+}
+
+TEST_F(OpenPlot, TheThirdMergeOfAFileAsksAndTheSecondDoesNot) {
+    Open("a.txt", "30\t120\n");
+    const std::string path = WriteFile("b.txt", "40\t100\n");
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, path), kMergeCommand);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, path), kMergeCommand);
+    Expect("This plot already contains data from this file.", Button::Ok);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, path), kMergeCommand);
+    EXPECT_EQ(ActiveRecord().NumData, 4);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt");
+}
+
+TEST_F(OpenPlot, AFileIsKnownAgainByAnotherSpelling) {
+    Open("a.txt", "30\t120\n");
+    Expect("You have already plotted this file");
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, (folder / "." / "x" / ".." / "a.txt").string()),
+              kLoadError);
+}
+
+TEST_F(OpenPlot, RemovingAnOverlayLeavesNoTraceOfIt) {
+    Open("a.txt", "30\t120\n");
+    Expect("1 non-data");
+    OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "; note\n50\t90\n"));
+    OpenPlotFile(kMergeCommand, WriteFile("c.txt", "20\t80\n"));
+    EXPECT_EQ(ActiveRecord().OverlayRows[1], 3);
+    EXPECT_EQ(ActiveRecord().NumFiles, 3);
+    ActiveRecord().SelectedOverlay = 1;
+    RemoveLastOverlay(gActivePlot);
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.OverlayRows[0], 0);
+    EXPECT_EQ(record.NumLoadedData, 1);
+    EXPECT_EQ(record.NumData, 1);
+    EXPECT_EQ(record.NumValidData, 1);
+    EXPECT_EQ(record.NumFiles, 1);
+    EXPECT_EQ(record.FileNames[2], "");
+    EXPECT_EQ(record.PlotTitle, "a.txt: 1");
+    EXPECT_EQ(record.SelectedOverlay, 0);
+    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(gActivePlot)].empty());
+    EXPECT_EQ(TableOf(gActivePlot).size(), 1U);
+    EXPECT_EQ(OpenPlotFile(kOverlayCommand, (folder / "c.txt").string()), kOverlayCommand);
+}
+
+TEST_F(OpenPlot, RowsMergedIntoAnOverlayTakeItsForm) {
+    Open("a.txt", "30\t120\n");
+    OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "50\t90\n"));
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    Expect("lines with plane data in this plot", Button::Ok);
+    OpenPlotFile(kMergeCommand, WriteFile("c.txt", "20\t75\n"));
+    const PlottedRow line = TableOf(gActivePlot)[PlaceOf(3)];
+    EXPECT_NEAR(line.plunge, DegToRad(20), 1e-12);
+    EXPECT_NEAR(line.trend, DegToRad(75), 1e-12);
+}
+
+TEST_F(OpenPlot, MergingIntoAPlotThatShowsItsSecondaryLinesKeepsThePlanes) {
+    gSecondaryDataType = kSecondaryLine;
+    gFileColumnSettings = {0, 1, 2, 2, 3, 5, 6, 7, 8, 9};
+    AcceptFormat([](FormatAnswer& answer) { answer.plotSecondary = true; }, 1000);
+    Open("a.txt", "30\t120\t20\t80\n");
+    OpenPlotFile(kMergeCommand, WriteFile("b.txt", "35\t125\t22\t77\n"));
+    EXPECT_EQ(Dip(2), 35);
+    EXPECT_EQ(Azimuth(2), 125);
+    EXPECT_EQ(gData2Dip(gActivePlot, 2), 22);
+}
+
+TEST_F(OpenPlot, AnOverlayOnAPlotThatShowsItsSecondaryLinesShowsItsOwn) {
+    gSecondaryDataType = kSecondaryLine;
+    gFileColumnSettings = {0, 1, 2, 2, 3, 5, 6, 7, 8, 9};
+    AcceptFormat([](FormatAnswer& answer) { answer.plotSecondary = true; }, 1000);
+    Open("a.txt", "30\t120\t20\t80\n");
+    OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "35\t125\t22\t77\n"));
+    const PlottedRow line = TableOf(gActivePlot)[PlaceOf(2)];
+    EXPECT_NEAR(line.plunge, DegToRad(22), 1e-12);
+    EXPECT_NEAR(line.trend, DegToRad(77), 1e-12);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayLines);
+}
+
+TEST_F(OpenPlot, RetryMayChangeTheKindOfAnOverlay) {
+    Open("a.txt", "30\t120\n");
+    Expect("Check that you have indicated", Button::Retry);
+    int asked = 0;
+    AcceptFormat(
+        [&](FormatAnswer&) {
+            if (++asked == 2) {
+                gPrimaryDataType = kPrimaryLine;
+                gPlotDataKind = kPolarLines;
+                gFileColumnSettings = {1, 0, 2, 3, 4, 5, 6, 7, 8, 9};
+            }
+        },
+        2);
+    OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "120\t-30\n"));
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayPolarLines);
+    EXPECT_NEAR(TableOf(gActivePlot)[PlaceOf(2)].plunge, DegToRad(-30), 1e-12);
+    EXPECT_EQ(gDataSymbol(gActivePlot, 2), CodeOfStyleRow(4)) << "the symbol of upward lines";
+}
+
+TEST_F(OpenPlot, AMergeThatComesToNothingPutsEverythingBack) {
+    gFileNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    gFileHasHeadings = true;
+    Open("a.txt", "head 1\n30\t120\t5\n");
+    ActiveRecord().Modified = 0;
+    gFileHasHeadings = false;
+    Expect("Check that you have indicated", Button::Retry);
+    AcceptFormat({}, 1);
+    EXPECT_EQ(OpenPlotFile(kMergeCommand, WriteFile("b.txt", "31\t121\t999\n99\t0\t1\n")),
+              kLoadError);
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.NumData, 1);
+    EXPECT_EQ(record.AppendedMax[0], 5);
+    EXPECT_EQ(record.Modified, 0);
+    EXPECT_EQ(record.FileHeadLine, "head 1");
+    EXPECT_EQ(record.PlotTitle, "a.txt: 1");
+}
+
+TEST_F(OpenPlot, AnEmptyPlotTakesTheFormatOfItsFirstFile) {
+    OpenPlotFile(kBlankCommand);
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    OpenPlotFile(kMergeCommand, WriteFile("lines.txt", "20\t75\n"));
+    EXPECT_EQ(Dip(1), 20);
+    EXPECT_EQ(ActiveRecord().DataKind, kLines);
+    EXPECT_EQ(ActiveRecord().NumFiles, 1);
+}
+
+TEST_F(OpenPlot, ANumberThatIsTooLargeToKeepIsInvalid) {
+    gFileNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    Expect("2 of the 3 lines of valid ");
+    Open("a.txt", "30\t120\t1e39\n30\t120\t-1e300\n30\t120\t1e38\n");
+    EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
+    EXPECT_EQ(gAppNumeric(gActivePlot, 3), 1e38F);
+}
+
+TEST_F(OpenPlot, OverlaysTakeTheStylesOfTheirNumbers) {
+    Open("a.txt", "30\t120\n");
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kPolarLines;
+    for (int overlay = 1; overlay <= 7; ++overlay) {
+        OpenPlotFile(kOverlayCommand,
+                     WriteFile("o" + std::to_string(overlay) + ".txt", "20\t75\n-20\t75\n"));
+        const std::int32_t row = 2 * overlay;
+        EXPECT_EQ(gDataSymbol(gActivePlot, row), CodeOfStyleRow(2 + overlay % 7));
+        EXPECT_EQ(gDataSymbol(gActivePlot, row + 1), CodeOfStyleRow(2 + (overlay + 1) % 7));
+    }
+}
+
+TEST_F(OpenPlot, FurtherFilesOfAnOverlayBelongToTheOverlay) {
+    Open("a.txt", "30\t120\n");
+    WriteFile("more.txt", "50\t10\nbad 9\n");
+    Expect("1 non-data");
+    Expect("1 invalid data");
+    OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "/Xmore.txt\n40\t100\n"));
+    EXPECT_EQ(ActiveRecord().OverlayFiles[1].size(), 2U);
+    EXPECT_EQ(ActiveRecord().MainFiles.size(), 1U);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt + more.txt");
+}
+
+TEST_F(OpenPlot, TheFileDialogStartsWhereTheLastFileWas) {
+    prompts.QueueOpenPath(WriteFile("a.txt", "30\t120\n"));
+    EXPECT_EQ(OpenPlotFile(kNewCommand), kNewCommand);
+    EXPECT_EQ(gLastUsedPath, folder.string());
+    EXPECT_EQ(OpenPlotFile(kNewCommand), kLoadError) << "cancelled with a plot open";
+    EXPECT_EQ(CountOpenPlots(), 1);
+    Expect("The indicated file cannot be opened");
+    OpenPlotFile("File/no/such/file.txt");
+    EXPECT_EQ(gLastUsedPath, folder.string());
+}
+
+TEST_F(OpenPlot, CancellingTheFileDialogWithNoPlotMakesABlankOne) {
+    EXPECT_EQ(OpenPlotFile(kNewCommand), kBlankCommand);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
+}
+
+TEST_F(OpenPlot, ARoseStartThatIsCancelledDoesNotOutliveItself) {
+    OpenPlotFile(kBlankCommand);
+    gPlotKind = kRose;
+    EXPECT_EQ(OpenPlotFile(kNewCommand), kLoadError);
+    EXPECT_EQ(gPlotKind, kEqualArea);
+}
+
+TEST_F(OpenPlot, EncodingsAndHashLinesEndToEnd) {
+    gFileNonNumericAppended = true;
+    gFileColumnSettings[kSlotText] = 2;
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("1 non-data");
+    Open("latin.txt", "# note\n# 1 2\t3\t4\n30\t120\tgr\xe8s\n");
+    EXPECT_EQ(gAppText(gActivePlot, 3), "gr\xc3\xa8s");
+    EXPECT_EQ(gLastLoad.invalidLines, 1);
+    Open("marked.txt", "\xef\xbb\xbf"
+                       "30\t120\tgr\xc3\xa8s\n");
+    EXPECT_EQ(Dip(1), 30);
+    EXPECT_EQ(gAppText(gActivePlot, 1), "gr\xc3\xa8s");
+}
+
 TEST_F(OpenPlot, TooManyPlotsAreTold) {
     gMaxPlots = 1;
     OpenPlotFile(kBlankCommand);

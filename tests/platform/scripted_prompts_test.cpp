@@ -138,12 +138,12 @@ TEST(BatchPrompts, LetTheOwnerAnswerTheFormatDialog) {
             return std::nullopt;
         }
         FormatAnswer answer;
-        answer.textName = "Rock";
+        answer.frequencyColumn = true;
         return answer;
     });
     FormatQuestion question;
     question.command = "New";
-    EXPECT_EQ(prompts.AskFormat(question).value().textName, "Rock");
+    EXPECT_TRUE(prompts.AskFormat(question).value().frequencyColumn) << "not as it opened";
     question.command = "Merge";
     EXPECT_FALSE(prompts.AskFormat(question).has_value());
 }

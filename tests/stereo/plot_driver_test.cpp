@@ -289,7 +289,7 @@ TEST_F(PlotDriver, BetaIntersectionsAreThoseOfTheCrossProducts) {
     }
     ActiveRecord().PlotSymbolMode = kBetaIntersections;
     ReplotActivePlot(false);
-    EXPECT_EQ(LastBetaCount(), count);
+    EXPECT_EQ(ActiveRecord().BetaCount, count);
     const std::vector<DrawOperation> markers = Drawn(Kind::Markers);
     ASSERT_EQ(markers.size(), 1U);
     std::set<std::pair<long, long>> drawn;
@@ -312,7 +312,7 @@ TEST_F(PlotDriver, ParallelPlanesHaveNoIntersection) {
     AddRow(45, 0);
     ActiveRecord().PlotSymbolMode = kBetaIntersections;
     ReplotActivePlot(false);
-    EXPECT_EQ(LastBetaCount(), 6) << "of ten pairs four are of parallel planes";
+    EXPECT_EQ(ActiveRecord().BetaCount, 6) << "of ten pairs four are of parallel planes";
 }
 
 TEST_F(PlotDriver, OverlaysAreDrawnInTheirOwnForm) {
@@ -339,6 +339,31 @@ TEST_F(PlotDriver, ShownGirdlesAreDrawnAndTheMeanIsNone) {
     EXPECT_EQ(Drawn(Kind::Arc)[0].state.drawStyle, 2) << "girdles of the user are dotted";
     EXPECT_EQ(Drawn(Kind::Arc)[0].state.drawMode, kDrawCopy);
     EXPECT_EQ(Drawn(Kind::Markers).size(), 2U) << "the row, and the axis of item 9";
+}
+
+TEST_F(PlotDriver, SillyGirdleStylesAreBroughtIntoRange) {
+    auto& values = ActiveRecord().AxisItems[2];
+    values = {true, std::string(), 0.5, 1.0, 1e300, -1e300, 1e300};
+    ReplotActivePlot(false);
+    ASSERT_EQ(Drawn(Kind::Arc).size(), 1U);
+    EXPECT_EQ(Drawn(Kind::Arc)[0].colour, TableColour(24));
+    EXPECT_LE(Drawn(Kind::Arc)[0].state.drawWidth, 50);
+}
+
+TEST_F(PlotDriver, SlipArrowsGoWithEveryRowThatShows) {
+    gPlotStages.slipArrowAngle = [](std::int32_t) { return 0.5; };
+    AddRow(30, 120);
+    AddRow(40, 100, MakeSymbolCode(5, 0, 2));
+    ActiveRecord().NumSymbolsInPlot = 1;
+    ReplotActivePlot(false);
+    const auto markers = Drawn(Kind::Markers);
+    ASSERT_EQ(markers.size(), 2U) << "symbol 0 hides its arrow too";
+    EXPECT_TRUE(markers[1].text.starts_with("50/"));
+    ActiveRecord().PlotSymbolMode = kPointDensitySymbols;
+    gPointDensity.At(gActivePlot, 1) = 3;
+    ReplotActivePlot(false);
+    EXPECT_EQ(Drawn(Kind::Markers)[0].colour,
+              TableColour(gSymbolTable[kFirstBandSymbol + 2][kPlaceColour]));
 }
 
 TEST_F(PlotDriver, TheCaptionTellsTheSetAndTheKindOfData) {
@@ -454,9 +479,9 @@ TEST_F(PlotDriver, ButtonsDoNothingWhileALoopRuns) {
 
 class LegendTest : public PlotDriver {
 protected:
-    static Calls Texts(std::int64_t betaCount = 0) {
+    static Calls Texts() {
         Calls texts;
-        for (const LegendLine& line : LegendLines(betaCount)) {
+        for (const LegendLine& line : LegendLines()) {
             texts.push_back(line.text);
         }
         return texts;
@@ -487,7 +512,38 @@ TEST_F(LegendTest, BetaIntersectionsAreCounted) {
     AddRow(30, 120);
     AddRow(40, 10);
     ActiveRecord().PlotSymbolMode = kBetaIntersections;
-    EXPECT_EQ(Texts(1), (Calls{"Data: ", "1 intersections of", "2 planes"}));
+    ActiveRecord().BetaCount = 1;
+    EXPECT_EQ(Texts(), (Calls{"Data: ", "1 intersections of", "2 planes"}));
+}
+
+TEST_F(LegendTest, EachPlotKeepsItsCountOfIntersections) {
+    AddRow(30, 120);
+    AddRow(40, 10);
+    SetPlotSymbol(2);
+    const int first = gActivePlot;
+    NewPlot();
+    ReplotActivePlot(false);
+    gActivePlot = first;
+    EXPECT_EQ(Texts()[1], "1 intersections of");
+}
+
+TEST_F(LegendTest, AHiddenLegendDrawsNothing) {
+    AddRow(30, 120);
+    ActiveRecord().LayerVisible[kLegendLayer] = 0;
+    ReplotActivePlot(false);
+    EXPECT_TRUE(DrawnOn(Form(gActivePlot).Legend()).empty());
+}
+
+TEST_F(LegendTest, ARoseHasNoSamplesOfSymbols) {
+    AddRow(30, 120);
+    ActiveRecord().PlotKind = kRose;
+    EXPECT_EQ(Texts().size(), 1U);
+}
+
+TEST_F(LegendTest, TheSampleOfGreatCirclesShowsWhenAllRowsPointUp) {
+    AddRow(-30, 120, MakeSymbolCode(8, 2, 3));
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    EXPECT_EQ(LegendLines()[1].code, MakeSymbolCode(8, 2, 3));
 }
 
 TEST_F(LegendTest, KinematicAxesAreNamed) {
@@ -502,11 +558,11 @@ TEST_F(LegendTest, KinematicAxesAreNamed) {
 TEST_F(LegendTest, EveryOverlayIsNamedWithItsSample) {
     AddRow(30, 120);
     AddOverlay(kOverlayGreatCircles, 40, 10, MakeSymbolCode(20, 8, 3));
-    ActiveRecord().OverlayTitles[1] = "cleavage.txt";
+    ActiveRecord().OverlayFiles[1] = {"/a/cleavage.txt", "/a/more.txt"};
     AddOverlay(kOverlayLines, 20, 90, MakeSymbolCode(8, 2, 3));
-    const std::vector<LegendLine> lines = LegendLines(0);
+    const std::vector<LegendLine> lines = LegendLines();
     ASSERT_EQ(lines.size(), 4U);
-    EXPECT_EQ(lines[2].text, "cleavage.txt");
+    EXPECT_EQ(lines[2].text, "cleavage.txt + more.txt");
     EXPECT_EQ(lines[2].sample, LegendSample::GreatCircle);
     EXPECT_EQ(lines[3].text, "Overlay 2");
     EXPECT_EQ(lines[3].code, MakeSymbolCode(8, 2, 3));

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <sstream>
 
 namespace {
@@ -75,11 +76,11 @@ bool ReadScript(const std::string& path, std::string& text) {
         text.assign(std::istreambuf_iterator<char>(std::cin), {});
         return true;
     }
-    std::ifstream stream(path, std::ios::binary);
+    const std::ifstream stream(path, std::ios::binary);
     std::ostringstream content;
     content << stream.rdbuf();
     text = content.str();
-    return stream.good() && !text.empty();
+    return stream.is_open();
 }
 
 int RunText(const std::string& text, quandrel::CommandBreak breaks) {
@@ -152,5 +153,10 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     quandrel::UseNeutralNumbers();
-    return Run(options);
+    try {
+        return Run(options);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "quandrel-batch: there is not enough memory\n";
+        return kFailed;
+    }
 }

@@ -215,8 +215,8 @@ QPolygonF PainterSurface::ArcPolygon(Point centre, double radius, double start, 
 
 void PainterSurface::Arc(Point centre, double radius, double start, double end, Colour colour) {
     const QPolygonF arc = ArcPolygon(centre, radius, start, end);
-    const bool isPlain =
-        medium_ == Medium::Raster && state_.drawStyle == kSolidLine && state_.drawMode == kDrawCopy;
+    const bool isPlain = medium_ == Medium::Raster && state_.drawStyle == kSolidLine
+                         && state_.drawMode == kDrawCopy && PlainImageUnder(painter_) != nullptr;
     if (isPlain
         && StrokeOnImage(painter_, arc, ToQt(colour),
                          std::max(state_.drawWidth, 1.0) * pixelFactor_)) {

@@ -59,7 +59,8 @@ bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
     generator.setSize(size.toSize());
     generator.setViewBox(QRectF(QPointF(0, 0), size));
     generator.setResolution(static_cast<int>(kLogicalResolution));
-    generator.setTitle(picture.title);
+    // The generator writes the title as it stands.
+    generator.setTitle(picture.title.toHtmlEscaped());
     generator.setDescription(QString());
     QPainter painter;
     if (!painter.begin(&generator)) {

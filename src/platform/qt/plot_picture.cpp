@@ -76,16 +76,16 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     const auto draw = [&](const QRectF& box, PlotFontPlace font, const std::string& text) {
         DrawTextBox(painter, box, factor, medium, gPlotFonts[font], text);
     };
-    if (record.LayerVisible[1] != 0) {
+    if (record.LayerVisible[kFabricLayer] != 0) {
         draw(layout.fabric, kFabricFont, record.FabricText);
     }
-    if (record.LayerVisible[2] != 0) {
+    if (record.LayerVisible[kDescriptionLayer] != 0) {
         draw(layout.description, kGeneralFont, record.DescriptionText);
     }
-    if (record.LayerVisible[4] != 0) {
+    if (record.LayerVisible[kNumberLayer] != 0) {
         draw(layout.number, kGeneralFont, "n = " + NumberBoxText());
     }
-    if (record.LayerVisible[5] != 0) {
+    if (record.LayerVisible[kStatisticsLayer] != 0) {
         const PlotBox box =
             record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal;
         draw(layout.statistics, kStatsFont, form.BoxText(box));
@@ -99,7 +99,7 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
         return QRectF(box.topLeft() * factor, box.size() * factor);
     };
     PainterSurface net(painter, scaled(layout.net), factor, medium);
-    if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[3] == 0) {
+    if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
         // The legend is drawn all the same, where nobody sees it.
         QImage unseen(8, 8, QImage::Format_RGB32);
         QPainter unseenPainter(&unseen);

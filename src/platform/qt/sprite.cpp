@@ -26,7 +26,7 @@ QRgb Over(QRgb ink, QRgb ground) {
 } // namespace
 
 QImage* PlainImageUnder(const QPainter& painter) {
-    QPaintDevice* const device = painter.device();
+    QPaintDevice* const device = painter.isActive() ? painter.device() : nullptr;
     if (device == nullptr || device->devType() != QInternal::Image || painter.hasClipping()
         || !painter.deviceTransform().isIdentity()) {
         return nullptr;
@@ -83,7 +83,7 @@ void Sprite::StampOn(QImage& image, int x, int y) const {
         const QRgb* ink = &inks_[run.first];
         const int line = y + run.line;
         if (!isInside) {
-            if (line < 0 || line >= imageHeight) {
+            if (line < 0 || line >= imageHeight || to <= 0 || from >= imageWidth) {
                 continue;
             }
             ink += std::max(-from, 0);
@@ -92,7 +92,7 @@ void Sprite::StampOn(QImage& image, int x, int y) const {
         }
         QRgb* pixel = bits + line * stride + from;
         if (run.solid) {
-            std::copy_n(ink, std::max(to - from, 0), pixel);
+            std::copy_n(ink, to - from, pixel);
         } else {
             for (; from < to; ++from, ++pixel) {
                 *pixel = Over(*ink++, *pixel);
