@@ -260,6 +260,7 @@ TEST(PainterSurface, TheToggleModeInvertsTheDifferenceToTheGround) {
 
 TEST(PainterSurface, TheToggleModeEndsWithTheState) {
     const QImage image = Draw([](PainterSurface& surface) {
+        surface.Clear({100, 150, 200}); // white ground would hide it
         surface.SetState(StateOf(kDrawNotXor, kSolidLine, 3));
         surface.Line({-500, 0}, {500, 0}, kBlack);
         surface.Clear({250, 250, 250});
