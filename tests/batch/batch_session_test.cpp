@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/batch_session.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "support/qt_application.h"
+
+#include <QImage>
+#include <nlohmann/json.hpp>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace quandrel {
+namespace {
+
+const ::testing::Environment* const application =
+    ::testing::AddGlobalTestEnvironment(new QtApplication);
+
+class Batch : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder = std::filesystem::temp_directory_path()
+                 / ("quandrel batch " + std::to_string(::getpid()));
+        std::filesystem::create_directories(folder);
+        Write("planes.txt", "30\t120\n45\t270\n60\t10\n");
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    std::string Write(const std::string& name, const std::string& text) const {
+        std::ofstream(folder / name, std::ios::binary) << text;
+        return (folder / name).string();
+    }
+
+    /// Runs commands; FOLDER in them is the test's folder. Gives the error.
+    std::string Run(std::string commands) {
+        for (std::size_t at = 0; (at = commands.find("FOLDER", at)) != std::string::npos;) {
+            commands.replace(at, 6, folder.string());
+        }
+        const auto parsed = ParseScript(commands, CommandBreak::SemicolonToo);
+        if (!parsed) {
+            return parsed.Error();
+        }
+        out.str("");
+        log.str("");
+        BatchSession session(out, log);
+        return session.Run(*parsed);
+    }
+
+    /// The dump of a session's active plot.
+    nlohmann::json Dump(const std::string& commands) {
+        EXPECT_EQ(Run(commands + "; dump \"FOLDER/dump.json\""), "");
+        std::ifstream stream(folder / "dump.json");
+        return nlohmann::json::parse(stream);
+    }
+
+    std::filesystem::path folder;
+    std::ostringstream out;
+    std::ostringstream log;
+};
+
+TEST_F(Batch, DumpsAPlotWhole) {
+    const nlohmann::json json = Dump("open \"FOLDER/planes.txt\"");
+    EXPECT_EQ(json["slot"], 1);
+    EXPECT_EQ(json["title"], "planes.txt: 1   [Planes]     ");
+    EXPECT_EQ(json["record"]["NumValidData"], 3);
+    EXPECT_EQ(json["record"]["ClassTable"].size(), 13U);
+    EXPECT_EQ(json["rows"]["gDataDip"], (std::vector<int>{30, 45, 60}));
+    EXPECT_EQ(json["rows"]["gDataSymbol"][0], "050302");
+    EXPECT_EQ(json["table"]["index"].size(), 3U);
+    EXPECT_EQ(json["load"]["rowsValid"], 3);
+    EXPECT_EQ(json["legend"][0], "Data: planes.txt");
+    EXPECT_FALSE(json["operations"].empty());
+    EXPECT_FALSE(json["rows"].contains("gAppText"));
+}
+
+TEST_F(Batch, TellsTheLineOfTheFirstCommandThatFails) {
+    EXPECT_EQ(Run("blank\nblank\nnonsense 1\nblank"), "line 3: nonsense: there is no such command");
+    EXPECT_EQ(Run("replot"), "line 1: replot: no plot is open");
+    EXPECT_EQ(Run("blank \"x"), "line 1: a quote is not closed");
+}
+
+TEST_F(Batch, CommentsAndQuotesAreWords) {
+    EXPECT_EQ(Run("# all of this is a comment; nonsense\nblank # so is this\n"
+                  "set DescriptionText \"two words; \\\"and\\\" a # sign\"\nget DescriptionText"),
+              "");
+    EXPECT_EQ(out.str(), "two words; \"and\" a # sign\n");
+}
+
+TEST_F(Batch, SetsAndGetsFieldsAndCells) {
+    EXPECT_EQ(Run("blank; set RoseSectorSize 22.5; get RoseSectorSize; set ClassTable[2][1] slate; "
+                  "get ClassTable[2][1]; get OverlayKind"),
+              "");
+    EXPECT_TRUE(out.str().starts_with("22.5\nslate\n[0,0,"));
+    for (const char* const bad :
+         {"set Nothing 1", "set OverlayRows[0] 9", "set NumData 5", "set PlotKind 7",
+          "set PlotKind x", "set PlotKind 1.5", "set OverlayKind 1", "set OverlayKind[99] 1",
+          "set OverlayKind[ 1", "set RoseShape 99999", "set DataKind", "get Nothing",
+          "get AppendedMin[0][0]"}) {
+        EXPECT_NE(Run(std::string("blank; ") + bad), "") << bad;
+    }
+}
+
+TEST_F(Batch, AFieldThatMovesRowsMovesThem) {
+    const auto areas = Dump("open \"FOLDER/planes.txt\"")["table"]["x"];
+    const auto angles = Dump("open \"FOLDER/planes.txt\"; set PlotKind 2; replot")["table"]["x"];
+    EXPECT_NE(areas, angles);
+    EXPECT_EQ(angles, Dump("open \"FOLDER/planes.txt\"; plot equalangle")["table"]["x"]);
+}
+
+TEST_F(Batch, WrongFormatsAreRefusedWhole) {
+    for (const char* const bad :
+         {"format primary=cube", "format conventions=7", "format conventions=0",
+          "format columns=1,x", "format columns=1,2,3,4,5,6,7,8,9,10,11", "format delimiter=pipe",
+          "format colour=red", "format appended=line,thing", "format header=perhaps",
+          "format plane", "format plane=9"}) {
+        EXPECT_NE(Run(bad), "") << bad;
+    }
+    EXPECT_NE(Run("format primary=line delimiter=pipe"), "");
+}
+
+TEST_F(Batch, ConventionsMayBeStatedByTheirParts) {
+    Write("q.txt", "30\tN20E\n");
+    const auto json = Dump("format primary=line line=pt notation=quadrant plane=1 data=lines; "
+                           "open \"FOLDER/q.txt\"");
+    EXPECT_EQ(json["rows"]["gDataAz"][0], 20);
+}
+
+TEST_F(Batch, BoxesAreToldWithTheirAnswers) {
+    Write("bad.txt", "30\t120\n99\t1\n40\t130\n");
+    EXPECT_EQ(Run("answer abort; open \"FOLDER/bad.txt\"; get NumValidData"), "");
+    EXPECT_EQ(out.str(), "1\n");
+    EXPECT_NE(log.str().find("-> Abort"), std::string::npos);
+    EXPECT_EQ(Run("open \"FOLDER/bad.txt\"; get NumValidData"), "");
+    EXPECT_EQ(out.str(), "2\n");
+    EXPECT_NE(log.str().find("-> Ignore"), std::string::npos);
+    EXPECT_NE(Run("answer perhaps"), "");
+}
+
+TEST_F(Batch, AFileThatDoesNotLoadEndsTheScript) {
+    EXPECT_NE(Run("open \"FOLDER/none.txt\""), "");
+    EXPECT_NE(Run("open"), "");
+    Write("letters.txt", "nothing here\n");
+    EXPECT_NE(Run("open \"FOLDER/letters.txt\""), "");
+    EXPECT_NE(Run("merge \"FOLDER/planes.txt\""), "");
+}
+
+TEST_F(Batch, MergesOverlaysActivatesAndCloses) {
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; overlay \"FOLDER/planes.txt\""),
+              "line 1: overlay: '" + (folder / "planes.txt").string() + "' was not loaded");
+    Write("more.txt", "10\t20\n");
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; overlay \"FOLDER/more.txt\"; blank; activate 1; "
+                  "get OverlayRows[1]; close; activate 2; get NumData"),
+              "");
+    EXPECT_EQ(out.str(), "1\n0\n");
+    EXPECT_NE(Run("blank; activate 2"), "");
+    EXPECT_NE(Run("blank; activate 0"), "");
+}
+
+TEST_F(Batch, PressesPlotDataAndSymbolButtons) {
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; data lines; get DataKind; symbols 2; "
+                  "get PlotSymbolMode; recalculate; replot; stats"),
+              "");
+    EXPECT_TRUE(out.str().starts_with("2\n3\n")) << out.str();
+    EXPECT_NE(Run("open \"FOLDER/planes.txt\"; answer cancel; data lines"), "");
+    EXPECT_NE(Run("blank; symbols 99"), "");
+    EXPECT_NE(Run("blank; plot pie"), "");
+}
+
+TEST_F(Batch, PicturesHaveTheSizeAskedFor) {
+    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; export \"FOLDER/net.png\" size=300 part=net; "
+                  "export \"FOLDER/whole.PNG\" size=300"),
+              "");
+    const QImage net(QString::fromStdString((folder / "net.png").string()));
+    const QImage whole(QString::fromStdString((folder / "whole.PNG").string()), "PNG");
+    EXPECT_EQ(net.size(), QSize(300, 300));
+    EXPECT_EQ(whole.height(), 300);
+    EXPECT_GT(whole.width(), 300);
+    // The primitive: dark on the rim at the south, white just inside it.
+    const double factor = 300.0 / 2200;
+    EXPECT_LT(net.pixelColor(150, static_cast<int>(150 + 1000 * factor)).lightness(), 160);
+    EXPECT_EQ(net.pixelColor(20, 20), QColor(Qt::white));
+}
+
+TEST_F(Batch, VectorPicturesKeepTheirTexts) {
+    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; export \"FOLDER/a.svg\"; export \"FOLDER/a.pdf\""),
+              "");
+    std::ostringstream svg;
+    svg << std::ifstream(folder / "a.svg").rdbuf();
+    EXPECT_NE(svg.str().find("Poles to planes"), std::string::npos);
+    EXPECT_GT(std::filesystem::file_size(folder / "a.pdf"), 1000U);
+}
+
+TEST_F(Batch, PicturesThatCannotBeWrittenAreTold) {
+    for (const char* const bad :
+         {"export \"FOLDER/a.gif\"", "export", "export \"FOLDER/no/such/a.png\"",
+          "export \"FOLDER/a.png\" size=9", "export \"FOLDER/a.png\" size=many",
+          "export \"FOLDER/a.png\" part=half", "export /dev/full.png/a.png", "save", "dump"}) {
+        EXPECT_NE(Run(std::string("blank; ") + bad), "") << bad;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.png"));
+}
+
+TEST_F(Batch, SavesAndReadsBackWithoutStatingTheFormat) {
+    EXPECT_EQ(Run("format conventions=2; open \"FOLDER/planes.txt\"; save \"FOLDER/s.txt\""), "");
+    const auto json = Dump("open \"FOLDER/s.txt\"");
+    EXPECT_EQ(json["record"]["NumValidData"], 3);
+    EXPECT_EQ(json["record"]["PlotTitle"], "s.txt: 1");
+}
+
+TEST_F(Batch, AScriptStartsFromAFirstRunWhateverCameBefore) {
+    EXPECT_EQ(Run("format primary=line delimiter=comma conventions=13 decimalcomma=yes"), "");
+    const auto json = Dump("open \"FOLDER/planes.txt\"");
+    EXPECT_EQ(json["record"]["PrimaryFormat"], kPrimaryPlane);
+    EXPECT_EQ(json["record"]["NumValidData"], 3);
+}
+
+/// The lines of the examples' page that run the program, as commands.
+std::vector<std::string> ExampleCommands() {
+    std::vector<std::string> commands;
+    std::ifstream stream(std::string(QUANDREL_SOURCE_DIR "/examples/README.md"));
+    for (std::string line; std::getline(stream, line);) {
+        const std::size_t format = line.find("--format '");
+        if (line.rfind("quandrel-batch examples/", 0) != 0 || format == std::string::npos) {
+            continue;
+        }
+        const std::size_t end = line.find('\'', format + 10);
+        const std::string file = line.substr(15, line.find(' ', 15) - 15);
+        commands.push_back("format " + line.substr(format + 10, end - format - 10) + "\nopen \""
+                           + std::string(QUANDREL_SOURCE_DIR "/").append(file) + "\"");
+    }
+    return commands;
+}
+
+TEST_F(Batch, EveryExampleLoadsWithTheFormatThatItsPageStates) {
+    const std::vector<std::string> commands = ExampleCommands();
+    EXPECT_EQ(commands.size(), 17U);
+    for (const std::string& command : commands) {
+        const auto json = Dump(command + "\n");
+        EXPECT_GE(json["load"]["rowsValid"], 20) << command;
+        EXPECT_EQ(json["load"]["invalidLines"], 0) << command;
+        EXPECT_EQ(json["load"]["badNumeric"], 0) << command;
+    }
+}
+
+TEST_F(Batch, AllExamplesDrawInBothNets) {
+    for (const std::string& command : ExampleCommands()) {
+        EXPECT_EQ(Run(command + "\nplot equalangle\nexport \"FOLDER/p.png\" size=200\n"), "")
+            << command;
+    }
+}
+
+} // namespace
+} // namespace quandrel
