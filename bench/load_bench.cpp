@@ -6,6 +6,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
@@ -88,7 +89,13 @@ void LoadFile(benchmark::State& state) {
     const DataFile file(state.range(0));
     const Engine engine;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(OpenPlotFile("New", file.Path()));
+        state.PauseTiming();
+        if (!PrepareNewPlotWindow()) {
+            state.SkipWithError("no slot is free");
+            break;
+        }
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(ReadTextFile(kNewCommand, file.Path()));
         state.PauseTiming();
         ClosePlot(gActivePlot);
         state.ResumeTiming();

@@ -37,8 +37,10 @@ std::string LowerCase(std::string text) {
 }
 
 bool EqualWithoutCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
+    // Most texts that are compared are alike to the letter.
+    return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+               return Lower(x) == Lower(y);
+           });
 }
 
 bool HasEnding(const std::string& path, std::string_view ending) {

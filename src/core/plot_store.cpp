@@ -198,7 +198,7 @@ PlotRecord& ActiveRecord() {
 }
 
 PlotRecord& RecordOf(int slot) {
-    return gPlots.at(static_cast<std::size_t>(slot));
+    return gPlots[static_cast<std::size_t>(slot)];
 }
 
 RowTable& TableOf(int slot) {

@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 
 #include <algorithm>
+#include <new>
 #include <numeric>
 
 namespace quandrel {
@@ -62,6 +63,19 @@ void SetRow(RowTable& table, std::size_t place, const PlottedRow& row) {
     table.y[place] = row.y;
     table.plunge[place] = row.plunge;
     table.trend[place] = row.trend;
+}
+
+void ReserveRows(RowTable& table, std::size_t rows) {
+    try {
+        table.index.reserve(rows);
+        table.x.reserve(rows);
+        table.y.reserve(rows);
+        table.plunge.reserve(rows);
+        table.trend.reserve(rows);
+    } catch (const std::bad_alloc&) {
+        // Rows that come one by one may find the memory that all together did not.
+        return;
+    }
 }
 
 void ResizeRowTable(RowTable& table, std::size_t rows) {

@@ -43,6 +43,9 @@ struct RowTable {
 void ClearRowTable(RowTable& table);
 void AppendRow(RowTable& table, const PlottedRow& row);
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
+/// Takes memory for rows to come, if it is there.
+void ReserveRows(RowTable& table, std::size_t rows);
+
 void ResizeRowTable(RowTable& table, std::size_t rows);
 
 /// Sorts the first `rows` lines by x, equal ones in their order. Counting sort, O(rows).

@@ -8,6 +8,7 @@
 #include "orientation/notation.h"
 #include "stereo/row_positions.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -23,7 +24,9 @@ std::int32_t WholeDegrees(double degrees) {
 
 std::int32_t WholeAzimuth(double degrees) {
     double azimuth = RoundToEven(degrees);
-    WrapDegrees(azimuth);
+    if (azimuth < 0 || azimuth > 360) {
+        WrapDegrees(azimuth);
+    }
     return static_cast<std::int32_t>(azimuth);
 }
 
@@ -37,14 +40,26 @@ bool Holds(const Column& column, std::int32_t index) {
     return index < column.RowCount(gActivePlot);
 }
 
+/// Grows the columns to hold a row; `ahead` half as many again, for rows come one after the other.
+[[nodiscard]] bool GrowForRow(std::int32_t index, const RowTarget& target, bool ahead) {
+    constexpr std::int32_t kLeastAhead = 1024;
+    const std::int32_t most = std::max(index, gRowLimit);
+    const std::int32_t room = ahead ? std::min(index / 2 + kLeastAhead, most - index) : 0;
+    const std::int16_t wasFull = ActiveRecord().DataFull;
+    int secondary = target.secondaryFormat != 0 ? 1 : 0;
+    GrowDataColumns(secondary, index + room);
+    if (ahead) {
+        // Only the row itself has to find room.
+        ActiveRecord().DataFull = wasFull;
+    }
+    return secondary == 0;
+}
+
 [[nodiscard]] bool MakeRoom(std::int32_t index, const RowTarget& target, const PlotRecord& record) {
     const bool needsSecondary = target.secondaryFormat != 0 && !Holds(gData2Dip, index);
-    if (!Holds(gDataDip, index) || needsSecondary) {
-        int secondary = target.secondaryFormat != 0 ? 1 : 0;
-        GrowDataColumns(secondary, index);
-        if (secondary != 0) {
-            return false;
-        }
+    if ((!Holds(gDataDip, index) || needsSecondary) && !GrowForRow(index, target, true)
+        && !GrowForRow(index, target, false)) {
+        return false;
     }
     return (record.HasAppendedLine == 0 || Holds(gAppLineAz, index)
             || GrowAppendedColumn(AppendedColumn::Line))
@@ -171,6 +186,13 @@ bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& tar
         ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(index) - 1);
         return false;
     }
+}
+
+void MakeRoomForRows(std::int32_t last, const RowTarget& target) {
+    const std::int16_t wasFull = ActiveRecord().DataFull;
+    (void)MakeRoom(last, target, ActiveRecord());
+    ActiveRecord().DataFull = wasFull;
+    ReserveRows(TableOf(gActivePlot), static_cast<std::size_t>(last));
 }
 
 void KeepErrorLine(std::int32_t index, std::string_view line) {

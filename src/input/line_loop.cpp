@@ -8,6 +8,7 @@
 #include "input/text_file.h"
 #include "platform/platform.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace quandrel {
@@ -19,6 +20,15 @@ using Clock = std::chrono::steady_clock;
 /// Lines between two looks at the clock.
 constexpr std::int64_t kLinesBetweenLooks = 8192;
 constexpr auto kTimeWithoutProgress = std::chrono::milliseconds(200);
+
+/// Texts of fewer lines grow the columns as they come.
+constexpr std::int32_t kFewLines = 10000;
+
+/// The lines of a text, by its line feeds.
+std::int32_t CountLines(std::string_view text) {
+    const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
+    return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gRowLimit));
+}
 
 bool IsNonData(LineStatus status) {
     return status == LineStatus::Blank || status == LineStatus::ParameterLine
@@ -181,6 +191,9 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
                       std::string& heading) {
     counters = {};
     heading.clear();
+    if (const std::int32_t lines = CountLines(text); lines > kFewLines) {
+        MakeRoomForRows(std::min(gRowLimit - pass.firstRow, lines) + pass.firstRow, pass.target);
+    }
     LineReader reader(text);
     LineLoop loop(pass, counters);
     LoadProgress progress(text.size());

@@ -40,6 +40,18 @@ WholeDegreeLine PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
     return line;
 }
 
+/// DegToRad of whole degrees from -360 to 360, without its division.
+double RadiansOf(std::int32_t degrees) {
+    static const auto radians = [] {
+        std::array<double, 2 * kTrends - 1> table{};
+        for (std::int32_t value = -360; value <= 360; ++value) {
+            table[static_cast<std::size_t>(value + 360)] = DegToRad(value);
+        }
+        return table;
+    }();
+    return radians[static_cast<std::size_t>(degrees + 360)];
+}
+
 bool IsWholeDegreeLine(ShownOrientation line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
 }
@@ -98,7 +110,7 @@ PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
     }
     const ShownOrientation line = asPole ? PoleInDegrees(shown) : shown;
     const WholeDegreeLine place = PlaceOf(plotKind, std::abs(line.dip), line.azimuth);
-    return {index, place.x, place.y, DegToRad(line.dip), DegToRad(line.azimuth)};
+    return {index, place.x, place.y, RadiansOf(line.dip), RadiansOf(line.azimuth)};
 }
 
 void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace quandrel {
@@ -62,32 +63,52 @@ Segment SegmentOf(QPointF from, QPointF to) {
     return segment;
 }
 
+/// A length in pixels as a whole number of 65536ths: sums of these are exact, and cheap.
+using Fixed = std::int64_t;
+
+constexpr Fixed kOnePixel = 65536;
+
+Fixed ToFixed(double pixels) {
+    return static_cast<Fixed>(std::lround(pixels * static_cast<double>(kOnePixel)));
+}
+
+/// Inks the pixels from `low` to `high` across a segment, in the line of pixels `along` it, each as
+/// far as it is covered.
+template <bool Steep>
+void InkAcross(const Pixels& pixels, int along, Fixed low, Fixed high, QRgb ink) {
+    for (Fixed start = low; start < high;) {
+        const Fixed pixel = start / kOnePixel;
+        const Fixed end = std::min(high, (pixel + 1) * kOnePixel);
+        const auto cover = static_cast<std::uint32_t>((end - start) * 256 / kOnePixel);
+        const int across = static_cast<int>(pixel);
+        if constexpr (Steep) {
+            pixels.Blend(across, along, ink, cover);
+        } else {
+            pixels.Blend(along, across, ink, cover);
+        }
+        start = end;
+    }
+}
+
 /// Covers, in each line of pixels across the segment, what the stroke covers of them. A line of
 /// pixels belongs to the segment that its middle lies in, so that joints are not inked twice.
+template <bool Steep>
 void Stroke(const Pixels& pixels, const Segment& segment, QRgb ink, double width) {
-    const int alongEnd = segment.steep ? pixels.Height() : pixels.Width();
-    const int acrossEnd = segment.steep ? pixels.Width() : pixels.Height();
+    const int alongEnd = Steep ? pixels.Height() : pixels.Width();
+    const Fixed acrossEnd = (Steep ? pixels.Width() : pixels.Height()) * kOnePixel;
     const double length = segment.along1 - segment.along0;
-    if (length <= 0) {
+    const int first = std::max(0, static_cast<int>(std::ceil(segment.along0 - 0.5)));
+    const int last = std::min(alongEnd, static_cast<int>(std::ceil(segment.along1 - 0.5)));
+    if (length <= 0 || first >= last) {
         return;
     }
     const double slope = (segment.across1 - segment.across0) / length;
-    const double half = width / 2 * std::sqrt(1 + slope * slope);
-    const int first = std::max(0, static_cast<int>(std::ceil(segment.along0 - 0.5)));
-    const int last = std::min(alongEnd, static_cast<int>(std::ceil(segment.along1 - 0.5)));
-    for (int along = first; along < last; ++along) {
-        const double middle = segment.across0 + (along + 0.5 - segment.along0) * slope;
-        const double low = std::max(middle - half, 0.0);
-        const double high = std::min(middle + half, static_cast<double>(acrossEnd));
-        for (int across = static_cast<int>(low); across < high; ++across) {
-            const double covered = std::min(high, across + 1.0) - std::max(low, double(across));
-            const auto cover = static_cast<std::uint32_t>(covered * 256);
-            if (segment.steep) {
-                pixels.Blend(across, along, ink, cover);
-            } else {
-                pixels.Blend(along, across, ink, cover);
-            }
-        }
+    const Fixed half = ToFixed(width / 2 * std::sqrt(1 + slope * slope));
+    const Fixed step = ToFixed(slope);
+    Fixed middle = ToFixed(segment.across0 + (first + 0.5 - segment.along0) * slope);
+    for (int along = first; along < last; ++along, middle += step) {
+        InkAcross<Steep>(pixels, along, std::max<Fixed>(middle - half, 0),
+                         std::min(middle + half, acrossEnd), ink);
     }
 }
 
@@ -108,7 +129,12 @@ bool StrokeOnImage(QPainter& painter, const QPolygonF& line, const QColor& colou
     }
     const Pixels pixels(image);
     for (qsizetype i = 1; i < line.size(); ++i) {
-        Stroke(pixels, SegmentOf(line[i - 1], line[i]), colour.rgb(), width);
+        const Segment segment = SegmentOf(line[i - 1], line[i]);
+        if (segment.steep) {
+            Stroke<true>(pixels, segment, colour.rgb(), width);
+        } else {
+            Stroke<false>(pixels, segment, colour.rgb(), width);
+        }
     }
     return true;
 }
