@@ -9,6 +9,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
+#include "input/load_report.h"
 #include "orientation/number_text.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
@@ -370,6 +371,10 @@ std::string BatchSession::Stats(const Command& command) {
     const bool advanced = command.Bare(0).value_or("normal") == "advanced";
     const PlotForm& form = FormOf(gActivePlot);
     const std::string text = form.BoxText(advanced ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+    if (const auto load = gPlotLoads.find(gActivePlot);
+        load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
+        out_ << LoadText(load->second) << '\n';
+    }
     out_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData) : text)
          << '\n';
     return {};

@@ -175,6 +175,12 @@ LineAnswer ReportWrongDelimiter(std::string_view line) {
     return FromButton(gPlatform.prompts->Ask(message));
 }
 
+std::string LoadText(const LoadCounters& counters) {
+    return std::to_string(counters.rowsRead) + " rows read, " + std::to_string(counters.rowsValid)
+           + " of them data; " + std::to_string(counters.blankLines) + " lines without data, "
+           + std::to_string(counters.invalidLines) + " invalid.";
+}
+
 bool LoadFailed(const LoadCounters& counters) {
     return counters.rowsValid == 0 && !counters.outOfMemory;
 }

@@ -53,6 +53,10 @@ enum class LineAnswer { GoOn, Leave, Retry };
 /// The text for the end of a load, without its caption; empty when there is nothing to tell.
 [[nodiscard]] std::string LoadSummaryText(const LoadCounters& counters);
 
+/// What a load did, in a sentence: "120 rows read, 118 of them data; 2 lines without data, 0
+/// invalid."
+[[nodiscard]] std::string LoadText(const LoadCounters& counters);
+
 /// True when nothing came through and the format has to be looked at again.
 [[nodiscard]] bool LoadFailed(const LoadCounters& counters);
 

@@ -90,7 +90,7 @@ void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
 void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     lines.push_back({LegendSample::Symbol, CodeOfStyleRow(kRowSymbol),
                      std::to_string(record.BetaCount) + " intersections of"});
-    lines.push_back(TextLine(std::to_string(record.NumValidData) + " planes"));
+    lines.push_back({LegendSample::Indent, 0, std::to_string(record.NumValidData) + " planes"});
 }
 
 void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record) {

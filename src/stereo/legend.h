@@ -14,7 +14,12 @@
 namespace quandrel {
 
 /// What stands in front of a line's text.
-enum class LegendSample { None, Symbol, GreatCircle };
+enum class LegendSample {
+    None,   ///< the text begins at the margin
+    Indent, ///< nothing, but the text stands below those with samples
+    Symbol,
+    GreatCircle,
+};
 
 struct LegendLine {
     LegendSample sample = LegendSample::None;

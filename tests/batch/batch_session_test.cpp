@@ -165,6 +165,8 @@ TEST_F(Batch, PressesPlotDataAndSymbolButtons) {
                   "get PlotSymbolMode; recalculate; replot; stats"),
               "");
     EXPECT_TRUE(out.str().starts_with("2\n3\n")) << out.str();
+    EXPECT_NE(out.str().find("3 rows read, 3 of them data; 0 lines without data, 0 invalid."),
+              std::string::npos);
     EXPECT_NE(Run("open \"FOLDER/planes.txt\"; answer cancel; data lines"), "");
     EXPECT_NE(Run("blank; symbols 99"), "");
     EXPECT_NE(Run("blank; plot pie"), "");

@@ -514,6 +514,7 @@ TEST_F(LegendTest, BetaIntersectionsAreCounted) {
     ActiveRecord().PlotSymbolMode = kBetaIntersections;
     ActiveRecord().BetaCount = 1;
     EXPECT_EQ(Texts(), (Calls{"Data: ", "1 intersections of", "2 planes"}));
+    EXPECT_EQ(LegendLines()[2].sample, LegendSample::Indent);
 }
 
 TEST_F(LegendTest, EachPlotKeepsItsCountOfIntersections) {
