@@ -17,13 +17,8 @@ namespace {
 
 constexpr int kLastModeButton = 6;
 
-bool IsPlaneData(const PlotRecord& record) {
-    return record.ShowSecondary != 0 ? record.SecondaryFormat == kSecondaryPlane
-                                     : record.PrimaryFormat == kPrimaryPlane;
-}
-
 std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
-    if (kind == kPolarLines && IsPlaneData(record)) {
+    if (kind == kPolarLines && ShowsPlaneData(record)) {
         return "You are trying to plot polar lines with plane data\nContinue anyway?";
     }
     return "This will replot the data in the active plot:\n" + record.PlotTitle + "\nContinue?";

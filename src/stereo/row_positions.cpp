@@ -85,13 +85,16 @@ int OverlayOfRow(const PlotRecord& record, std::int32_t row) {
     return record.OverlayRows[0];
 }
 
+bool ShowsPlaneData(const PlotRecord& record) {
+    return record.ShowSecondary != 0 ? record.SecondaryFormat == kSecondaryPlane
+                                     : record.PrimaryFormat == kPrimaryPlane;
+}
+
 bool IsPlottedAsPole(const PlotRecord& record, int overlay) {
     if (overlay > 0) {
         return record.OverlayKind[static_cast<std::size_t>(overlay)] <= kOverlayPoles;
     }
-    const bool isPlane = record.ShowSecondary != 0 ? record.SecondaryFormat == kSecondaryPlane
-                                                   : record.PrimaryFormat == kPrimaryPlane;
-    return isPlane || record.DataKind == kPlanes;
+    return ShowsPlaneData(record) || record.DataKind == kPlanes;
 }
 
 ShownOrientation OrientationShown(int slot, std::int32_t row) {

@@ -18,6 +18,9 @@ namespace quandrel {
 /// The first row of an overlay 1 to OverlayRows[0].
 [[nodiscard]] std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay);
 
+/// True when the set of the main rows that is shown was measured as planes.
+[[nodiscard]] bool ShowsPlaneData(const PlotRecord& record);
+
 /// True when rows are plotted as the poles of planes: the plotted set is plane data, or is plotted
 /// as planes. `overlay` 0 asks for the main rows. Everyone who turns columns into positions, or
 /// positions into columns, asks here.

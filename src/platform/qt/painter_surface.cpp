@@ -2,6 +2,7 @@
 
 #include "platform/qt/painter_surface.h"
 
+#include "orientation/angles.h"
 #include "platform/qt/hatch.h"
 #include "platform/qt/image_stroker.h"
 
@@ -18,7 +19,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 /// Fonts are set larger by this and drawn smaller, so that widths do not jump from size to size.
