@@ -151,9 +151,9 @@ void ReadStartUp(const Settings& settings) {
 }
 
 void ReadDataFormats(const Settings& settings) {
-    ReadWhole(settings, kDataFormats, "Conventions", gConventions, -16, 16);
+    ReadWhole(settings, kDataFormats, "Conventions", gConventions, -32768, 32767);
     const int plane = std::abs(gConventions) % 10;
-    if (plane < kDipDipDirection || plane > kStrikeDipRightHand) {
+    if (plane < kDipDipDirection || plane > kStrikeDipRightHand || std::abs(gConventions) > 16) {
         gConventions = 1;
     }
     gPlaneSeparator = settings.Text(kDataFormats, "PlaneSeparator", "/");

@@ -10,12 +10,13 @@
 #include "input/format_model.h"
 #include "input/line_loop.h"
 #include "input/parameter_line.h"
+#include "input/plot_files.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
-#include <array>
+#include <exception>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -24,91 +25,6 @@
 namespace quandrel {
 
 namespace {
-
-std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path) {
-    return std::count(record.FileNames.begin() + 1, record.FileNames.end(), path);
-}
-
-bool IsInPlot(const PlotRecord& record, const std::string& path) {
-    return TimesInPlot(record, path) > 0;
-}
-
-/// Forgets the texts of error rows behind a row.
-void DropErrorLines(int slot, std::int32_t last) {
-    std::erase_if(gErrorLines[static_cast<std::size_t>(slot)],
-                  [last](const auto& held) { return held.first > last; });
-}
-
-/// Adds a file to the list of a plot. A full list has no place for it, and its name is not kept.
-void AddFileName(PlotRecord& record, const std::string& path) {
-    if (record.NumFiles < kMaxFiles) {
-        ++record.NumFiles;
-        record.FileNames[static_cast<std::size_t>(record.NumFiles)] = path;
-    }
-}
-
-/// Takes the last place of a file out of the lists and the title of a plot.
-void TakeFileOut(PlotRecord& record, const std::string& path) {
-    const auto end = record.FileNames.begin() + record.NumFiles + 1;
-    auto place = record.FileNames.end();
-    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
-        place = *name == path ? name : place;
-    }
-    if (place == record.FileNames.end()) {
-        return;
-    }
-    std::rotate(place, place + 1, end);
-    record.FileNames[static_cast<std::size_t>(record.NumFiles--)].clear();
-    const std::string named = " + " + FileTitleOf(path);
-    const std::size_t inTitle = record.PlotTitle.rfind(named);
-    if (!IsInPlot(record, path) && inTitle != std::string::npos) {
-        record.PlotTitle.erase(inTitle, named.size());
-    }
-}
-
-/// What a load changes of a plot besides its rows, to be put back when it comes to nothing.
-struct PlotBeforeLoad {
-    std::int16_t numFiles = 0;
-    std::array<std::string, kMaxFiles + 1> names;
-    std::vector<std::string> mainFiles;
-    std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
-    std::string fileTitle;
-    std::string plotTitle;
-    std::int32_t overlays = 0;
-    std::array<std::int16_t, kMaxOverlays + 1> overlayKinds{};
-    std::int16_t selectedOverlay = 0;
-    std::int16_t modified = 0;
-    std::array<double, 2> appendedMin{};
-    std::array<double, 2> appendedMax{};
-    Table<TaggedValue, kDistinctValues, 2> distinctValues;
-};
-
-PlotBeforeLoad StateOf(const PlotRecord& record) {
-    return {record.NumFiles,        record.FileNames, record.MainFiles,      record.OverlayFiles,
-            record.FileTitle,       record.PlotTitle, record.OverlayRows[0], record.OverlayKind,
-            record.SelectedOverlay, record.Modified,  record.AppendedMin,    record.AppendedMax,
-            record.DistinctValues};
-}
-
-void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
-    record.AppendedMin = before.appendedMin;
-    record.AppendedMax = before.appendedMax;
-    record.DistinctValues = before.distinctValues;
-}
-
-void RestoreState(PlotRecord& record, const PlotBeforeLoad& before) {
-    record.NumFiles = before.numFiles;
-    record.FileNames = before.names;
-    record.MainFiles = before.mainFiles;
-    record.OverlayFiles = before.overlayFiles;
-    record.FileTitle = before.fileTitle;
-    record.PlotTitle = before.plotTitle;
-    record.OverlayRows[0] = before.overlays;
-    record.OverlayKind = before.overlayKinds;
-    record.SelectedOverlay = before.selectedOverlay;
-    record.Modified = before.modified;
-    RestoreRanges(record, before);
-}
 
 /// True when the main rows of a plot hold planes in their primary columns.
 bool MainRowsArePlanes(const PlotRecord& record) {
@@ -356,8 +272,13 @@ private:
         LinePass pass = PassFromGlobals();
         pass.reportBadLines = reportBadLines;
         std::string heading;
+        PassEnd end = PassEnd::Left;
         gBusy = true;
-        const PassEnd end = LoadDataLines(text, pass, gLastLoad, heading);
+        try {
+            end = LoadDataLines(text, pass, gLastLoad, heading);
+        } catch (const std::exception& error) {
+            ReportLoadFailure(gLastLoad, error.what());
+        }
         gBusy = false;
         if (end == PassEnd::Done) {
             ReportLoadSummary(gLastLoad);
@@ -479,29 +400,6 @@ void SetPlotFormatFromGlobals() {
     if (LowerCase(record.AppNumName) == "mean wind frequency") {
         record.RoseType = 1;
     }
-}
-
-void RemoveLastOverlay(int slot) {
-    PlotRecord& record = RecordOf(slot);
-    const std::int32_t last = record.OverlayRows[0];
-    if (last < 1) {
-        return;
-    }
-    const auto overlay = static_cast<std::size_t>(last);
-    record.NumLoadedData -= record.OverlayRows[overlay];
-    record.OverlayRows[overlay] = 0;
-    record.OverlayKind[overlay] = 0;
-    for (const std::string& path : record.OverlayFiles[overlay]) {
-        TakeFileOut(record, path);
-    }
-    record.OverlayFiles[overlay].clear();
-    record.OverlayRows[0] = last - 1;
-    if (record.SelectedOverlay == last) {
-        record.SelectedOverlay = 0;
-    }
-    ResizeRowTable(TableOf(slot), static_cast<std::size_t>(record.NumLoadedData));
-    DropErrorLines(slot, record.NumLoadedData);
-    record.Modified = kTrue;
 }
 
 } // namespace quandrel

@@ -29,7 +29,4 @@ inline constexpr const char* kOverlayCommand = "Overlay";
 /// Copies the format globals into the record of gActivePlot.
 void SetPlotFormatFromGlobals();
 
-/// Takes the rows of the last overlay of a plot away, and its file.
-void RemoveLastOverlay(int slot);
-
 } // namespace quandrel

@@ -3,6 +3,7 @@
 #include "input/load_report.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/settings.h"
 #include "input/format_model.h"
 #include "platform/platform.h"
@@ -173,6 +174,14 @@ LineAnswer ReportWrongDelimiter(std::string_view line) {
               "[Permanent conversion of such data can be set in the Preferences dialog]",
         Icon::Exclamation, Buttons::AbortRetryIgnore};
     return FromButton(gPlatform.prompts->Ask(message));
+}
+
+void ReportLoadFailure(const LoadCounters& counters, const std::string& error) {
+    Tell("The following error has occurred in loading this data:\n" + error + "\nafter "
+         + std::to_string(counters.rowsValid)
+         + " valid new data have been loaded.\nFurther processing of the file will have to be "
+           "aborted.\nCheck the data on file and try replotting. If problems persist then contact "
+           "the author by email at: the address in the program's README file");
 }
 
 std::string LoadText(const LoadCounters& counters) {

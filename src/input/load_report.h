@@ -53,6 +53,9 @@ enum class LineAnswer { GoOn, Leave, Retry };
 /// The text for the end of a load, without its caption; empty when there is nothing to tell.
 [[nodiscard]] std::string LoadSummaryText(const LoadCounters& counters);
 
+/// Tells a failure of the program itself during a load, which ends it; the rows so far stand.
+void ReportLoadFailure(const LoadCounters& counters, const std::string& error);
+
 /// What a load did, in a sentence: "120 rows read, 118 of them data; 2 lines without data, 0
 /// invalid."
 [[nodiscard]] std::string LoadText(const LoadCounters& counters);

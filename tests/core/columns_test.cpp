@@ -33,6 +33,18 @@ TEST(TextColumn, ARowNeverWrittenIsEmpty) {
     EXPECT_EQ(column(9, 9), "");
 }
 
+TEST(DataColumn, AGrowthThatIsTakenBackLeavesNoTrace) {
+    DataColumn<int> column;
+    column.Grow(2, 10);
+    column.At(2, 10) = 7;
+    column.Grow(2, 100);
+    column.Shrink(2, 11, 10);
+    EXPECT_EQ(column.RowCount(2), 11);
+    EXPECT_EQ(column.Capacity(), 10);
+    EXPECT_EQ(column(2, 10), 7);
+    EXPECT_EQ(column(2, 11), 0);
+}
+
 TEST(RowTable, SortsTheMainRowsByXAndLeavesTheRest) {
     RowTable table;
     std::mt19937 random(11);

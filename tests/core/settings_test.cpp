@@ -65,6 +65,31 @@ TEST_F(SettingsTest, PlotWindowAspectReadsPerCentAndFractionInEitherLocale) {
     }
 }
 
+TEST_F(SettingsTest, ConventionsThatAreNoneAreTheFirst) {
+    for (const char* const text : {"0", "7", "10", "-9", "999", "plane"}) {
+        Put("DataFormats", "Conventions", text);
+        LoadSettings();
+        EXPECT_EQ(gConventions, 1) << text;
+    }
+}
+
+TEST_F(SettingsTest, ASectorSizeOutsideTheCircleIsTen) {
+    for (const char* const text : {"0", "-5", "361", "1e300"}) {
+        Put("StartUp", "gRoseSectorSize", text);
+        LoadSettings();
+        EXPECT_EQ(gRoseSectorSize, 10) << text;
+    }
+}
+
+TEST_F(SettingsTest, ADamagedListOfRecentFilesIsReadAsFarAsItGoes) {
+    for (const char* const count : {"None", "-3", "many", "1e9", "2"}) {
+        Put("FileMenuArray", "0", count);
+        Put("FileMenuArray", "1", "/a.txt");
+        LoadSettings();
+        EXPECT_LE(gRecentFiles.size(), 1U) << count;
+    }
+}
+
 TEST_F(SettingsTest, AnUnreadableSectorSizeIsTen) {
     Put("StartUp", "gRoseSectorSize", "wide");
     LoadSettings();

@@ -3,11 +3,13 @@
 // The whole road from a file to a plot.
 
 #include "input/file_loading.h"
+#include "input/plot_files.h"
 #include "orientation/angles.h"
 #include "persistence/open_plot.h"
 #include "support/test_platform.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace quandrel {
 namespace {
@@ -614,6 +616,22 @@ TEST_F(OpenPlot, EncodingsAndHashLinesEndToEnd) {
                        "30\t120\tgr\xc3\xa8s\n");
     EXPECT_EQ(Dip(1), 30);
     EXPECT_EQ(gAppText(gActivePlot, 1), "gr\xc3\xa8s");
+}
+
+TEST_F(OpenPlot, AFailureOfTheProgramEndsTheLoadAndKeepsTheRows) {
+    bool failed = false;
+    prompts.OnBox([&failed](const ShownBox&) {
+        if (!failed) {
+            failed = true;
+            throw std::runtime_error("the disk is on fire");
+        }
+    });
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("the disk is on fire\nafter 1 valid new data have been loaded.");
+    EXPECT_EQ(Open("a.txt", "30\t120\n99\t1\n40\t130\n"), kNewCommand);
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_FALSE(gBusy);
+    EXPECT_EQ(status.BusyDepth(), 0);
 }
 
 TEST_F(OpenPlot, TooManyPlotsAreTold) {

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/plot_files.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+/// Takes the last place of a file out of the lists and the title of a plot.
+void TakeFileOut(PlotRecord& record, const std::string& path) {
+    const auto end = record.FileNames.begin() + record.NumFiles + 1;
+    auto place = record.FileNames.end();
+    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
+        place = *name == path ? name : place;
+    }
+    if (place == record.FileNames.end()) {
+        return;
+    }
+    std::rotate(place, place + 1, end);
+    record.FileNames[static_cast<std::size_t>(record.NumFiles--)].clear();
+    const std::string named = " + " + FileTitleOf(path);
+    const std::size_t inTitle = record.PlotTitle.rfind(named);
+    if (!IsInPlot(record, path) && inTitle != std::string::npos) {
+        record.PlotTitle.erase(inTitle, named.size());
+    }
+}
+
+} // namespace
+
+std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path) {
+    return std::count(record.FileNames.begin() + 1, record.FileNames.end(), path);
+}
+
+bool IsInPlot(const PlotRecord& record, const std::string& path) {
+    return TimesInPlot(record, path) > 0;
+}
+
+void DropErrorLines(int slot, std::int32_t last) {
+    std::erase_if(gErrorLines[static_cast<std::size_t>(slot)],
+                  [last](const auto& held) { return held.first > last; });
+}
+
+void AddFileName(PlotRecord& record, const std::string& path) {
+    if (record.NumFiles < kMaxFiles) {
+        ++record.NumFiles;
+        record.FileNames[static_cast<std::size_t>(record.NumFiles)] = path;
+    }
+}
+
+PlotBeforeLoad StateOf(const PlotRecord& record) {
+    return {record.NumFiles,        record.FileNames, record.MainFiles,      record.OverlayFiles,
+            record.FileTitle,       record.PlotTitle, record.OverlayRows[0], record.OverlayKind,
+            record.SelectedOverlay, record.Modified,  record.AppendedMin,    record.AppendedMax,
+            record.DistinctValues};
+}
+
+void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
+    record.AppendedMin = before.appendedMin;
+    record.AppendedMax = before.appendedMax;
+    record.DistinctValues = before.distinctValues;
+}
+
+void RestoreState(PlotRecord& record, const PlotBeforeLoad& before) {
+    record.NumFiles = before.numFiles;
+    record.FileNames = before.names;
+    record.MainFiles = before.mainFiles;
+    record.OverlayFiles = before.overlayFiles;
+    record.FileTitle = before.fileTitle;
+    record.PlotTitle = before.plotTitle;
+    record.OverlayRows[0] = before.overlays;
+    record.OverlayKind = before.overlayKinds;
+    record.SelectedOverlay = before.selectedOverlay;
+    record.Modified = before.modified;
+    RestoreRanges(record, before);
+}
+
+void RemoveLastOverlay(int slot) {
+    PlotRecord& record = RecordOf(slot);
+    const std::int32_t last = record.OverlayRows[0];
+    if (last < 1) {
+        return;
+    }
+    const auto overlay = static_cast<std::size_t>(last);
+    record.NumLoadedData -= record.OverlayRows[overlay];
+    record.OverlayRows[overlay] = 0;
+    record.OverlayKind[overlay] = 0;
+    for (const std::string& path : record.OverlayFiles[overlay]) {
+        TakeFileOut(record, path);
+    }
+    record.OverlayFiles[overlay].clear();
+    record.OverlayRows[0] = last - 1;
+    if (record.SelectedOverlay == last) {
+        record.SelectedOverlay = 0;
+    }
+    ResizeRowTable(TableOf(slot), static_cast<std::size_t>(record.NumLoadedData));
+    DropErrorLines(slot, record.NumLoadedData);
+    record.Modified = kTrue;
+}
+
+} // namespace quandrel

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+//
+// The files of a plot: which they are, what a load of one changes, and how an overlay goes again.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// How often a file is in a plot.
+[[nodiscard]] std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path);
+
+[[nodiscard]] bool IsInPlot(const PlotRecord& record, const std::string& path);
+
+/// Adds a file to the list of a plot. A full list has no place for it, and its name is not kept.
+void AddFileName(PlotRecord& record, const std::string& path);
+
+/// Forgets the texts of error rows behind a row.
+void DropErrorLines(int slot, std::int32_t last);
+
+/// What a load changes of a plot besides its rows, to be put back when it comes to nothing.
+struct PlotBeforeLoad {
+    std::int16_t numFiles = 0;
+    std::array<std::string, kMaxFiles + 1> names;
+    std::vector<std::string> mainFiles;
+    std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
+    std::string fileTitle;
+    std::string plotTitle;
+    std::int32_t overlays = 0;
+    std::array<std::int16_t, kMaxOverlays + 1> overlayKinds{};
+    std::int16_t selectedOverlay = 0;
+    std::int16_t modified = 0;
+    std::array<double, 2> appendedMin{};
+    std::array<double, 2> appendedMax{};
+    Table<TaggedValue, kDistinctValues, 2> distinctValues;
+};
+
+[[nodiscard]] PlotBeforeLoad StateOf(const PlotRecord& record);
+
+/// Puts the range and the distinct values of the appended data back.
+void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before);
+
+/// Puts everything back.
+void RestoreState(PlotRecord& record, const PlotBeforeLoad& before);
+
+/// Takes the rows of the last overlay of a plot away, and its files.
+void RemoveLastOverlay(int slot);
+
+} // namespace quandrel
