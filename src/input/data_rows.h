@@ -37,8 +37,8 @@ struct RowFaults {
 [[nodiscard]] bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
                                 RowFaults& faults);
 
-/// Makes room for rows 1 to `last` of the active plot at once, if the memory is there; rows that come
-/// one by one find it otherwise.
+/// Makes room for rows 1 to `last` of the active plot at once, if the memory is there; rows that
+/// come one by one find it otherwise.
 void MakeRoomForRows(std::int32_t last, const RowTarget& target);
 
 /// Keeps the text of a line behind its error row.
