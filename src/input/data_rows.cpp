@@ -18,15 +18,19 @@ namespace quandrel {
 
 namespace {
 
+/// Degrees rounded, halves to even. Most are whole as they come, which is sooner seen than rounded.
 std::int32_t WholeDegrees(double degrees) {
-    return static_cast<std::int32_t>(RoundToEven(degrees));
+    const auto whole = static_cast<std::int32_t>(degrees);
+    return whole == degrees ? whole : static_cast<std::int32_t>(RoundToEven(degrees));
 }
 
 std::int32_t WholeAzimuth(double degrees) {
-    double azimuth = RoundToEven(degrees);
-    if (azimuth < 0 || azimuth > 360) {
-        WrapDegrees(azimuth);
+    const std::int32_t whole = WholeDegrees(degrees);
+    if (whole >= 0 && whole <= 360) {
+        return whole;
     }
+    double azimuth = whole;
+    WrapDegrees(azimuth);
     return static_cast<std::int32_t>(azimuth);
 }
 
