@@ -19,7 +19,6 @@ using Clock = std::chrono::steady_clock;
 
 /// Lines between two looks at the clock.
 constexpr std::int64_t kLinesBetweenLooks = 8192;
-constexpr auto kTimeWithoutProgress = std::chrono::milliseconds(200);
 
 /// Texts of fewer lines grow the columns as they come.
 constexpr std::int32_t kFewLines = 10000;
@@ -57,7 +56,7 @@ public:
 
     /// False once the user has asked for the load to end.
     [[nodiscard]] bool GoOn(std::int64_t line, std::int64_t bytesDone) {
-        if (line % kLinesBetweenLooks != 0 || Clock::now() - start_ < kTimeWithoutProgress) {
+        if (line % kLinesBetweenLooks != 0 || Clock::now() - start_ < gTimeWithoutProgress) {
             return true;
         }
         shown_ = true;
@@ -186,6 +185,8 @@ private:
 };
 
 } // namespace
+
+std::chrono::milliseconds gTimeWithoutProgress{200};
 
 PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters& counters,
                       std::string& heading) {

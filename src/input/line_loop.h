@@ -9,6 +9,7 @@
 #include "input/load_report.h"
 #include "platform/prompts.h"
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ struct LinePass {
     LineFormat format;
     RowTarget target;
 };
+
+/// A load that takes longer shows its progress, and can be ended by the user.
+extern std::chrono::milliseconds gTimeWithoutProgress;
 
 /// How a pass ended.
 enum class PassEnd { Done, Left, Retry };
