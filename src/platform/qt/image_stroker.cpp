@@ -112,6 +112,23 @@ void Stroke(const Pixels& pixels, const Segment& segment, QRgb ink, double width
     }
 }
 
+bool IsSteep(const QPolygonF& line, qsizetype i) {
+    const QPointF step = line[i] - line[i - 1];
+    return std::abs(step.y()) > std::abs(step.x());
+}
+
+/// Where segment i of a line begins. Behind one of the other steepness it reaches back a pixel, for
+/// neither of the two inks the corner of pixels between them.
+QPointF StartOf(const QPolygonF& line, qsizetype i) {
+    const QPointF from = line[i - 1];
+    const QPointF step = line[i] - from;
+    const double length = std::hypot(step.x(), step.y());
+    if (i < 2 || length == 0 || IsSteep(line, i) == IsSteep(line, i - 1)) {
+        return from;
+    }
+    return from - step / length;
+}
+
 bool CanStroke(const QPainter& painter) {
     return painter.device() != nullptr && painter.device()->devType() == QInternal::Image
            && !painter.hasClipping() && painter.transform().isIdentity();
@@ -129,7 +146,7 @@ bool StrokeOnImage(QPainter& painter, const QPolygonF& line, const QColor& colou
     }
     const Pixels pixels(image);
     for (qsizetype i = 1; i < line.size(); ++i) {
-        const Segment segment = SegmentOf(line[i - 1], line[i]);
+        const Segment segment = SegmentOf(StartOf(line, i), line[i]);
         if (segment.steep) {
             Stroke<true>(pixels, segment, colour.rgb(), width);
         } else {
