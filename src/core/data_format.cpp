@@ -21,6 +21,13 @@ std::int16_t gPlotKind = kEqualArea;
 bool gConvertDecimals = false;
 bool gFileHasHeadings = false;
 
+std::int16_t DataKindOfSet(bool holdsPlanes, std::int16_t formerKind) {
+    if (holdsPlanes) {
+        return kPlanes;
+    }
+    return formerKind == kPolarLines ? kPolarLines : kLines;
+}
+
 FormatSettings CurrentFormat() {
     return {gConventions,
             gFileDelimiter,

@@ -28,6 +28,10 @@ enum SecondaryFormatCode : std::int16_t {
 /// How the primary data are plotted.
 enum DataKindCode : std::int16_t { kPlanes = 1, kLines = 2, kPolarLines = 3 };
 
+/// The kind in which a set of orientations is plotted once it takes the place of the other set of
+/// its rows: planes as planes; lines as lines, or as polar lines when the former set was.
+[[nodiscard]] std::int16_t DataKindOfSet(bool holdsPlanes, std::int16_t formerKind);
+
 /// Kinds of drawing.
 enum PlotKindCode : std::int16_t { kEqualArea = 1, kEqualAngle = 2, kRose = 3 };
 

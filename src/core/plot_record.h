@@ -25,7 +25,7 @@ inline constexpr int kAxisValues = 7;
 inline constexpr int kDistinctValues = 11;
 inline constexpr int kClassRows = 13;
 inline constexpr double kUnsetValue = -999999999999999.0; ///< of class widths and grid sums
-inline constexpr float kInvalidNumber = -9999.0F;         ///< in gAppNumeric
+inline constexpr float kInvalidNumber = -9999.0F;         ///< in gAppNumeric; no valid number is it
 inline constexpr std::int32_t kInvalidAppendedLine = -99; ///< in gAppLineDip
 
 /// A vertex of an annotation, plot units.

@@ -115,11 +115,12 @@ void StoreLine(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
 }
 
 void StoreNumber(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
-    // A number beyond the column's width is none that could be kept.
-    faults.number = row.numberStatus != NumberStatus::Good
-                    || std::abs(row.number) > std::numeric_limits<float>::max();
-    gAppNumeric.At(gActivePlot, index) =
-        faults.number ? kInvalidNumber : static_cast<float>(row.number);
+    // A number beyond the column's width is none that could be kept. Kept: nor is -9999, which
+    // marks the invalid ones; the row counts as such, so that the number is not lost in silence.
+    const bool fits = std::abs(row.number) <= std::numeric_limits<float>::max();
+    const float number = fits ? static_cast<float>(row.number) : kInvalidNumber;
+    faults.number = row.numberStatus != NumberStatus::Good || number == kInvalidNumber;
+    gAppNumeric.At(gActivePlot, index) = faults.number ? kInvalidNumber : number;
 }
 
 /// Stores a row that was read.

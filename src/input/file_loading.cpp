@@ -111,7 +111,8 @@ private:
             SetUpNewPlot();
             return true;
         }
-        if (!IsOverlay() && record_.NumLoadedData == 0 && record_.NumFiles == 0) {
+        fillsEmptyPlot_ = !IsOverlay() && record_.NumLoadedData == 0 && record_.NumFiles == 0;
+        if (fillsEmptyPlot_) {
             SetUpEmptyPlot();
         }
         return (IsOverlay() || AcceptOtherDataKind()) && AcceptFileAgain();
@@ -123,7 +124,7 @@ private:
         }
         SetPlotFormatFromGlobals();
         record_.PlotKind = gPlotKind;
-        record_.ShowSecondary = answer_.plotSecondary ? kTrue : std::int16_t{0};
+        ChooseShownSet();
         record_.HasFrequencyColumn = answer_.frequencyColumn ? kTrue : std::int16_t{0};
         record_.FileTitle = FileTitleOf(path_);
         record_.PlotTitle = record_.FileTitle + ": " + std::to_string(gActivePlot);
@@ -131,11 +132,22 @@ private:
         before_ = StateOf(record_);
     }
 
+    /// Shows the secondary set where it was asked for and the rows hold one. The kind that was
+    /// asked for is that of the primary set: lines in planes are not to be plotted as poles.
+    void ChooseShownSet() {
+        const bool isSecondary = answer_.plotSecondary && record_.SecondaryFormat != kNoSecondary;
+        record_.ShowSecondary = isSecondary ? kTrue : std::int16_t{0};
+        if (isSecondary) {
+            record_.DataKind = DataKindOfSet(ShowsPlaneData(record_), gPlotDataKind);
+        }
+    }
+
     /// An empty plot takes the format of the first file that is merged into it.
     void SetUpEmptyPlot() {
+        const std::int16_t files = record_.NumFiles;
         SetPlotFormatFromGlobals();
-        record_.NumFiles = 0;
-        record_.ShowSecondary = answer_.plotSecondary ? kTrue : std::int16_t{0};
+        record_.NumFiles = files;
+        ChooseShownSet();
         if (gPrimaryDataType <= kDirections) {
             record_.PlotKind = kRose;
         }
@@ -259,6 +271,10 @@ private:
             SetUpNewPlot();
             return true;
         }
+        if (fillsEmptyPlot_) {
+            SetUpEmptyPlot();
+            return true;
+        }
         if (IsOverlay()) {
             record_.OverlayKind[static_cast<std::size_t>(record_.OverlayRows[0])] =
                 KindOfOverlay(record_);
@@ -350,6 +366,7 @@ private:
         sum.rowsRead += first.rowsRead;
         sum.rowsValid += first.rowsValid;
         sum.blankLines += first.blankLines;
+        sum.headLines += first.headLines;
         sum.invalidLines += first.invalidLines;
         sum.badNumeric += first.badNumeric;
         sum.badText += first.badText;
@@ -362,6 +379,7 @@ private:
     ParameterItems items_;
     FormatAnswer answer_;
     PlotBeforeLoad before_ = StateOf(ActiveRecord());
+    bool fillsEmptyPlot_ = false;
     bool goOn_ = true; ///< further files may follow
 };
 

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "input/decimal_delimiter.h"
+#include "input/parameter_line.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
 
@@ -34,9 +35,10 @@ bool IsNonData(LineStatus status) {
            || status == LineStatus::Comment || status == LineStatus::NotData;
 }
 
-bool CanBeHeading(LineStatus status) {
-    return status != LineStatus::Blank && status != LineStatus::ParameterLine
-           && status != LineStatus::Comment;
+/// True for the lines that may stand in front of the first row, and before its heading.
+bool IsOfHead(LineStatus status) {
+    return status == LineStatus::Blank || status == LineStatus::ParameterLine
+           || status == LineStatus::Comment;
 }
 
 /// The progress bar of a load, and the user's wish to end it.
@@ -73,18 +75,21 @@ private:
 /// The state of a pass between two lines.
 class LineLoop {
 public:
-    LineLoop(const LinePass& pass, LoadCounters& counters)
+    /// @param inOwnHead  the lines to come are the head of a file that the program wrote
+    LineLoop(const LinePass& pass, bool inOwnHead, LoadCounters& counters)
         : pass_(pass)
         , format_(pass.format)
         , counters_(counters)
         , askAboutBadLines_(pass.reportBadLines)
-        , headingIsDue_(pass.skipHeading) {}
+        , headingIsDue_(pass.skipHeading)
+        , inOwnHead_(inOwnHead) {}
 
     /// False when reading ends at this line.
     [[nodiscard]] bool Take(std::string_view line, std::string& heading) {
         ++lines_;
         ParsedRow row = ParseLine(line, format_);
-        if (headingIsDue_ && CanBeHeading(row.status)) {
+        inOwnHead_ = inOwnHead_ && IsOfHead(row.status);
+        if (headingIsDue_ && !IsOfHead(row.status)) {
             headingIsDue_ = false;
             heading = std::string(line);
             return true;
@@ -142,6 +147,7 @@ private:
     [[nodiscard]] bool TakeBadLine(LineStatus status, std::string_view line) {
         if (IsNonData(status)) {
             ++counters_.blankLines;
+            counters_.headLines += inOwnHead_ ? 1 : 0;
             invalidInARow_ = 0;
             return CountInARow(nonDataInARow_);
         }
@@ -180,6 +186,7 @@ private:
     std::int32_t invalidInARow_ = 0;
     bool askAboutBadLines_;
     bool headingIsDue_;
+    bool inOwnHead_;
     bool askedAboutDelimiter_ = false;
     PassEnd end_ = PassEnd::Done;
 };
@@ -196,7 +203,7 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
         MakeRoomForRows(std::min(gRowLimit - pass.firstRow, lines) + pass.firstRow, pass.target);
     }
     LineReader reader(text);
-    LineLoop loop(pass, counters);
+    LineLoop loop(pass, text.starts_with(kOwnTextStart), counters);
     LoadProgress progress(text.size());
     std::string_view line;
     for (std::int64_t number = 1; reader.Next(line); ++number) {

@@ -206,8 +206,9 @@ std::string LoadSummaryText(const LoadCounters& counters) {
             text += std::to_string(counters.invalidLines)
                     + " invalid data have been detected and have not been plotted.\n";
         }
-        if (counters.blankLines > 0) {
-            text += std::to_string(counters.blankLines)
+        // The program knows what it wrote at the head of its own files.
+        if (const std::int32_t foreign = counters.blankLines - counters.headLines; foreign > 0) {
+            text += std::to_string(foreign)
                     + " non-data (blank, comments, etc.) lines were found in this file.\n";
         }
         text += AppendedText(counters);

@@ -21,6 +21,7 @@ struct LoadCounters {
     std::int32_t rowsRead = 0; ///< rows stored, error rows included
     std::int32_t rowsValid = 0;
     std::int32_t blankLines = 0;   ///< lines that are no data: blank, comments, parameters, letters
+    std::int32_t headLines = 0;    ///< those of blankLines that are the head of a file of our own
     std::int32_t invalidLines = 0; ///< lines that should be data and are not
     std::int32_t badNumeric = 0;   ///< valid rows whose appended number is invalid
     std::int32_t badText = 0;
