@@ -18,6 +18,7 @@
 #include "platform/recording_form.h"
 #include "program/start.h"
 #include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"
 #include "stereo/row_positions.h"
 
@@ -87,6 +88,11 @@ bool KeepsAccount(const std::string& name) {
     return names.contains(name);
 }
 
+/// The set that is shown now is plotted as what it is.
+void FollowShownSet(PlotRecord& record) {
+    record.DataKind = DataKindOfSet(ShowsPlaneData(record), record.DataKind);
+}
+
 /// What is wrong with a value for a field, or nothing.
 std::string RefusalOf(const std::string& field, const std::string& value) {
     const std::string name = field.substr(0, field.find('['));
@@ -98,6 +104,10 @@ std::string RefusalOf(const std::string& field, const std::string& value) {
     if (range != FieldRanges().end()
         && (!number || *number < range->second.lowest || *number > range->second.highest)) {
         return "'" + value + "' is no value of " + name;
+    }
+    if (name == "ShowSecondary" && number && *number != 0
+        && ActiveRecord().SecondaryFormat == kNoSecondary) {
+        return "the plot holds no secondary set";
     }
     return {};
 }
@@ -139,17 +149,29 @@ BatchSession::~BatchSession() {
 }
 
 const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
+    static const CommandShape none;
+    static const CommandShape one{1, {}};
+    static const CommandShape its{0, {}, true};
     static const std::map<std::string, Handler> handlers = {
-        {"activate", &BatchSession::Activate}, {"answer", &BatchSession::Answer},
-        {"blank", &BatchSession::Blank},       {"close", &BatchSession::Close},
-        {"data", &BatchSession::Data},         {"dump", &BatchSession::Dump},
-        {"export", &BatchSession::Export},     {"format", &BatchSession::Format},
-        {"get", &BatchSession::Get},           {"merge", &BatchSession::MergeFile},
-        {"open", &BatchSession::Open},         {"overlay", &BatchSession::Overlay},
-        {"plot", &BatchSession::Plot},         {"recalculate", &BatchSession::Recalculate},
-        {"replot", &BatchSession::Replot},     {"save", &BatchSession::Save},
-        {"set", &BatchSession::Set},           {"stats", &BatchSession::Stats},
-        {"symbols", &BatchSession::Symbols},
+        {"activate", {&BatchSession::Activate, one}},
+        {"answer", {&BatchSession::Answer, its}},
+        {"blank", {&BatchSession::Blank, none}},
+        {"close", {&BatchSession::Close, none}},
+        {"data", {&BatchSession::Data, one}},
+        {"dump", {&BatchSession::Dump, one}},
+        {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
+        {"format", {&BatchSession::Format, its}},
+        {"get", {&BatchSession::Get, one}},
+        {"merge", {&BatchSession::MergeFile, one}},
+        {"open", {&BatchSession::Open, one}},
+        {"overlay", {&BatchSession::Overlay, one}},
+        {"plot", {&BatchSession::Plot, one}},
+        {"recalculate", {&BatchSession::Recalculate, none}},
+        {"replot", {&BatchSession::Replot, none}},
+        {"save", {&BatchSession::Save, one}},
+        {"set", {&BatchSession::Set, {2, {}}}},
+        {"stats", {&BatchSession::Stats, one}},
+        {"symbols", {&BatchSession::Symbols, one}},
     };
     return handlers;
 }
@@ -158,7 +180,9 @@ std::string BatchSession::Run(const std::vector<Command>& commands) {
     for (const Command& command : commands) {
         const std::string error = RunCommand(command);
         if (!error.empty()) {
-            return "line " + std::to_string(command.line) + ": " + command.name + ": " + error;
+            const std::string line =
+                command.line > 0 ? "line " + std::to_string(command.line) + ": " : "";
+            return line + command.name + ": " + error;
         }
     }
     return {};
@@ -169,7 +193,8 @@ std::string BatchSession::RunCommand(const Command& command) {
     if (handler == Handlers().end()) {
         return "there is no such command";
     }
-    return (this->*handler->second)(command);
+    const std::string refusal = RefusedWord(command, handler->second.shape);
+    return refusal.empty() ? (this->*handler->second.act)(command) : refusal;
 }
 
 std::string BatchSession::NeedPlot() const {
@@ -199,14 +224,18 @@ std::string BatchSession::Activate(const Command& command) {
 }
 
 std::string BatchSession::Answer(const Command& command) {
-    for (const Argument& argument : command.arguments) {
-        const std::optional<Button> button = ButtonFromName(argument.value);
-        if (!button) {
-            return "'" + argument.value + "' is no button";
+    std::vector<Button> buttons;
+    for (const auto& [name, value] : command.arguments) {
+        const std::optional<Button> button = ButtonFromName(value);
+        if (!name.empty() || !button) {
+            return "'" + (name.empty() ? value : name + "=" + value) + "' is no button";
         }
-        prompts_.QueueAnswer(*button);
+        buttons.push_back(*button);
     }
-    return {};
+    for (const Button button : buttons) {
+        prompts_.QueueAnswer(button);
+    }
+    return buttons.empty() ? "a button is missing" : std::string();
 }
 
 std::string BatchSession::Blank(const Command&) {
@@ -244,8 +273,9 @@ std::string BatchSession::Dump(const Command& command) {
     }
     auto& form = static_cast<RecordingForm&>(FormOf(gActivePlot));
     const nlohmann::ordered_json json = DumpActivePlot(prompts_, form.Plot());
-    return WriteFileAtomically(
+    const std::string error = WriteFileAtomically(
         *path, json.dump(1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+    return error.empty() ? error : "'" + *path + "' could not be written: " + error;
 }
 
 std::string BatchSession::Export(const Command& command) {
@@ -269,7 +299,12 @@ std::string BatchSession::Export(const Command& command) {
         return "'" + part + "' is none of whole, net";
     }
     options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
-    return SavePlotPicture(*path, options);
+    const std::string error = SavePlotPicture(*path, options);
+    if (error.empty() && ActiveRecord().PlotKind == kRose && !gPlotStages.drawRose) {
+        log_ << "export: '" << *path
+             << "' holds no rose: this version draws none, only the legend and the boxes\n";
+    }
+    return error;
 }
 
 std::string BatchSession::Format(const Command& command) {
@@ -355,8 +390,12 @@ std::string BatchSession::Set(const Command& command) {
         return error;
     }
     std::string error = RefusalOf(*field, *value);
+    const bool showedSecondary = ActiveRecord().ShowSecondary != 0;
     if (error.empty()) {
         error = SetField(ActiveRecord(), *field, *value);
+    }
+    if (showedSecondary != (ActiveRecord().ShowSecondary != 0)) {
+        FollowShownSet(ActiveRecord());
     }
     if (error.empty() && MovesRows(*field)) {
         RebuildRowTable(gActivePlot);
@@ -368,7 +407,11 @@ std::string BatchSession::Stats(const Command& command) {
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
     }
-    const bool advanced = command.Bare(0).value_or("normal") == "advanced";
+    const std::string kind = command.Bare(0).value_or("normal");
+    if (kind != "normal" && kind != "advanced") {
+        return "'" + kind + "' is none of normal, advanced";
+    }
+    const bool advanced = kind == "advanced";
     const PlotForm& form = FormOf(gActivePlot);
     const std::string text = form.BoxText(advanced ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
     if (const auto load = gPlotLoads.find(gActivePlot);

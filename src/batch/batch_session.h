@@ -32,11 +32,15 @@ public:
     BatchSession& operator=(const BatchSession&) = delete;
 
     /// Runs commands in order, up to the first that fails.
-    /// @return empty, or what failed, with its line
+    /// @return empty, or what failed, with its line where it has one
     [[nodiscard]] std::string Run(const std::vector<Command>& commands);
 
 private:
-    using Handler = std::string (BatchSession::*)(const Command&);
+    struct Handler {
+        std::string (BatchSession::*act)(const Command&);
+        CommandShape shape;
+    };
+
     static const std::map<std::string, Handler>& Handlers();
 
     [[nodiscard]] std::string RunCommand(const Command& command);

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 
 namespace quandrel {
 
@@ -198,20 +199,32 @@ void Apply(const Draft& draft, StatedFormat& stated) {
     stated = draft.stated;
 }
 
+std::string LackOfValue(const std::string& key) {
+    return "'" + key + "' lacks a value: " + key + "=...";
+}
+
 } // namespace
 
 std::string ApplyFormatArguments(const std::vector<Argument>& arguments, StatedFormat& stated) {
     Draft draft;
     draft.stated = stated;
+    std::set<std::string> given;
     for (const Argument& argument : arguments) {
+        if (!argument.name.empty() && !given.insert(argument.name).second) {
+            return "'" + argument.name + "' is given twice";
+        }
         const auto taker = Takers().find(argument.name);
+        if (argument.name.empty() && Takers().contains(argument.value)) {
+            return LackOfValue(argument.value);
+        }
         if (taker == Takers().end()) {
             return "'" + (argument.name.empty() ? argument.value : argument.name)
                    + "' is no key of a format: " + ListOf(Takers());
         }
         const std::string error = taker->second(argument.value, draft);
         if (!error.empty()) {
-            return argument.name + ": " + error;
+            return argument.value.empty() ? LackOfValue(argument.name)
+                                          : argument.name + ": " + error;
         }
     }
     Apply(draft, stated);

@@ -2,6 +2,9 @@
 
 #include "batch/script.h"
 
+#include <algorithm>
+#include <set>
+
 namespace quandrel {
 
 namespace {
@@ -86,7 +89,7 @@ private:
                 word.text += '"';
                 continue;
             }
-            if (c == '=' && !quoted && word.equals == std::string::npos) {
+            if (c == '=' && !quoted && !word.text.empty() && word.equals == std::string::npos) {
                 word.equals = word.text.size();
             }
             word.text += c;
@@ -143,6 +146,30 @@ std::string Command::Words() const {
         words += argument.name.empty() ? argument.value : argument.name + "=" + argument.value;
     }
     return words;
+}
+
+std::string RefusedWord(const Command& command, const CommandShape& shape) {
+    if (shape.checksItself) {
+        return {};
+    }
+    const auto isKey = [&shape](const std::string& word) {
+        return std::find(shape.keys.begin(), shape.keys.end(), word) != shape.keys.end();
+    };
+    std::size_t bare = 0;
+    std::set<std::string> named;
+    for (const auto& [name, value] : command.arguments) {
+        if (name.empty() && ++bare > shape.mostBare) {
+            return "'" + value + (isKey(value) ? "' lacks a value" : "' is a word too many");
+        }
+        if (!name.empty() && !isKey(name)) {
+            const std::string hint = shape.keys.empty() ? "; words with '=' stand in quotes" : "";
+            return "'" + name + "=" + value + "' is no argument of the command" + hint;
+        }
+        if (!name.empty() && !named.insert(name).second) {
+            return "'" + name + "' is given twice";
+        }
+    }
+    return {};
 }
 
 Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks) {

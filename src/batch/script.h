@@ -20,7 +20,7 @@ struct Argument {
 };
 
 struct Command {
-    int line = 0; ///< of the script, from 1
+    int line = 0; ///< of the script, from 1; 0 for one that stands in none
     std::string name;
     std::vector<Argument> arguments;
 
@@ -34,11 +34,23 @@ struct Command {
     [[nodiscard]] std::string Words() const;
 };
 
+/// The words that a command takes.
+struct CommandShape {
+    std::size_t mostBare = 0;           ///< bare words at most
+    std::vector<std::string_view> keys; ///< of its `name=value` words
+    bool checksItself = false;          ///< any words: the command itself knows which are good
+};
+
+/// What is wrong with the words of a command, or nothing: a word too many, a name that is not among
+/// the keys, a key without its value, a key twice. The word is named.
+[[nodiscard]] std::string RefusedWord(const Command& command, const CommandShape& shape);
+
 /// Where commands end besides the line's end.
 enum class CommandBreak { LineOnly, SemicolonToo };
 
 /// The commands of a text. Words are parted by blanks; double quotes hold blanks together, and `\"`
-/// in them is a quote; `#` at the beginning of a word begins a comment.
+/// in them is a quote. The first "=" outside quotes, unless it is the first character, parts a name
+/// from its value; `#` at the beginning of a word begins a comment.
 [[nodiscard]] Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks);
 
 } // namespace quandrel

@@ -3,6 +3,7 @@
 #include "batch/batch_session.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "stereo/plot_stages.h"
 #include "support/qt_application.h"
 
 #include <QImage>
@@ -104,6 +105,103 @@ TEST_F(Batch, SetsAndGetsFieldsAndCells) {
     }
 }
 
+TEST_F(Batch, WordsThatACommandDoesNotKnowAreRefusedByName) {
+    const std::vector<std::pair<std::string, std::string>> lines = {
+        {"open \"FOLDER/planes.txt\" b", "'b' is a word too many"},
+        {"open a=b.txt", "'a=b.txt' is no argument of the command; words with '=' stand in quotes"},
+        {"merge a b", "'b' is a word too many"},
+        {"overlay a b", "'b' is a word too many"},
+        {"blank x", "'x' is a word too many"},
+        {"close x", "'x' is a word too many"},
+        {"activate 1 2", "'2' is a word too many"},
+        {"answer", "a button is missing"},
+        {"answer ok maybe", "'maybe' is no button"},
+        {"answer button=ok", "'button=ok' is no button"},
+        {"data planes lines", "'lines' is a word too many"},
+        {"plot equalarea rose", "'rose' is a word too many"},
+        {"symbols 0 1", "'1' is a word too many"},
+        {"set DataKind 1 2", "'2' is a word too many"},
+        {"get DataKind PlotKind", "'PlotKind' is a word too many"},
+        {"replot x", "'x' is a word too many"},
+        {"recalculate now=yes",
+         "'now=yes' is no argument of the command; words with '=' stand in quotes"},
+        {"stats foo", "'foo' is none of normal, advanced"},
+        {"stats normal advanced", "'advanced' is a word too many"},
+        {"save a.txt b.txt", "'b.txt' is a word too many"},
+        {"dump a.json b.json", "'b.json' is a word too many"},
+        {"export a.png sise=3", "'sise=3' is no argument of the command"},
+        {"export a.png b.png", "'b.png' is a word too many"},
+        {"export a.png size", "'size' lacks a value"},
+        {"export a.png size=100 size=200", "'size' is given twice"},
+    };
+    for (const auto& [line, error] : lines) {
+        const std::string name = line.substr(0, line.find(' '));
+        EXPECT_EQ(Run("blank\n" + line), "line 2: " + name + ": " + error);
+    }
+    EXPECT_EQ(Run("blank; stats normal; stats advanced; answer ok cancel"), "");
+}
+
+TEST_F(Batch, AWordMayBeginWithAnEqualsSign) {
+    EXPECT_EQ(
+        Run("blank; set DescriptionText =5; get DescriptionText; set DescriptionText \"a=b\"; "
+            "get DescriptionText"),
+        "");
+    EXPECT_EQ(out.str(), "=5\na=b\n");
+}
+
+TEST_F(Batch, TheSetThatIsShownIsPlottedAsWhatItIs) {
+    Write("faults.txt", "60\t90\t20\t350\n");
+    const std::string open = "open \"FOLDER/faults.txt\"";
+    const std::string format = "columns=0,1,2,2,3,2 primary=plane ";
+    const auto shown =
+        Dump("format " + format + "secondary=line data=planes showsecondary=yes; " + open);
+    EXPECT_EQ(shown["record"]["DataKind"], kLines);
+    EXPECT_NEAR(shown["table"]["plunge"][0], 20 * 3.141592653589793 / 180, 1e-12);
+    const auto set = Dump("format " + format + "secondary=line data=planes; " + open
+                          + "; set ShowSecondary -1; replot");
+    EXPECT_EQ(set["record"]["DataKind"], kLines);
+    EXPECT_EQ(set["table"], shown["table"]);
+    const auto back = Dump("format " + format + "secondary=line showsecondary=yes; " + open
+                           + "; set ShowSecondary 0; replot");
+    EXPECT_EQ(back["record"]["DataKind"], kPlanes);
+    EXPECT_NEAR(back["table"]["plunge"][0], 30 * 3.141592653589793 / 180, 1e-12);
+    const auto polar =
+        Dump("format " + format + "secondary=line data=polar; " + open + "; set ShowSecondary 1");
+    EXPECT_EQ(polar["record"]["DataKind"], kPolarLines);
+    const auto planes =
+        Dump("format " + format + "secondary=plane data=lines; " + open + "; set ShowSecondary 1");
+    EXPECT_EQ(planes["record"]["DataKind"], kPlanes);
+    EXPECT_NEAR(planes["table"]["plunge"][0], 70 * 3.141592653589793 / 180, 1e-12);
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set ShowSecondary 1"),
+              "line 1: set: the plot holds no secondary set");
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set ShowSecondary 0"), "");
+}
+
+TEST_F(Batch, ARoseThatIsNotDrawnIsTold) {
+    const auto commands = ParseScript("blank\nplot rose\nexport \"" + (folder / "r.png").string()
+                                          + "\" size=100\nplot equalarea\nexport \""
+                                          + (folder / "n.png").string() + "\" size=100\n",
+                                      CommandBreak::LineOnly);
+    ASSERT_TRUE(commands);
+    BatchSession session(out, log);
+    const PlotStages former = gPlotStages;
+    gPlotStages.drawRose = nullptr;
+    EXPECT_EQ(session.Run(*commands), "");
+    EXPECT_EQ(log.str(), "export: '" + (folder / "r.png").string()
+                             + "' holds no rose: this version draws none, only the legend and the "
+                               "boxes\n");
+    log.str("");
+    gPlotStages.drawRose = [](bool) {};
+    EXPECT_EQ(session.Run(*commands), "");
+    EXPECT_EQ(log.str(), "");
+    gPlotStages = former;
+}
+
+TEST_F(Batch, ADumpThatCannotBeWrittenNamesItsPath) {
+    EXPECT_EQ(Run("blank; dump \"FOLDER\""),
+              "line 1: dump: '" + folder.string() + "' could not be written: it is a folder");
+}
+
 TEST_F(Batch, AFieldThatMovesRowsMovesThem) {
     const auto areas = Dump("open \"FOLDER/planes.txt\"")["table"]["x"];
     const auto angles = Dump("open \"FOLDER/planes.txt\"; set PlotKind 2; replot")["table"]["x"];
@@ -120,6 +218,11 @@ TEST_F(Batch, WrongFormatsAreRefusedWhole) {
         EXPECT_NE(Run(bad), "") << bad;
     }
     EXPECT_NE(Run("format primary=line delimiter=pipe"), "");
+    EXPECT_EQ(Run("format data=lines header"),
+              "line 1: format: 'header' lacks a value: header=...");
+    EXPECT_EQ(Run("format columns="), "line 1: format: 'columns' lacks a value: columns=...");
+    EXPECT_EQ(Run("format numericname= textname=\"\" appended="), "") << "a name may be empty";
+    EXPECT_EQ(Run("format data=lines data=planes"), "line 1: format: 'data' is given twice");
 }
 
 TEST_F(Batch, ConventionsMayBeStatedByTheirParts) {

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/command_line.h"
+
+#include "batch/batch_session.h"
+#include "batch/script.h"
+#include "batch/script_file.h"
+#include "core/settings.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <new>
+#include <ostream>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kProgram = "quandrel-batch: ";
+
+using Commands = std::vector<Command>;
+
+/// The commands of the short form: words as they are, so that a path may hold anything. The plot
+/// takes the name of the file that it is saved to, so that comes behind the picture.
+Result<Commands> CommandsOfShortForm(const BatchOptions& options) {
+    std::string format = "format " + options.format;
+    std::replace(format.begin(), format.end(), '\n', ' ');
+    Result<Commands> commands = ParseScript(format, CommandBreak::LineOnly);
+    if (!commands) {
+        return Failure{"--format: a quote is not closed"};
+    }
+    (*commands)[0].line = 0;
+    if (options.format.empty()) {
+        commands->clear();
+    }
+    const auto add = [&commands](const std::string& name, const std::string& path) {
+        commands->push_back({0, name, {{{}, path}}});
+    };
+    add("open", options.data);
+    if (!options.picture.empty()) {
+        add("export", options.picture);
+        if (options.size > 0) {
+            commands->back().arguments.push_back({"size", std::to_string(options.size)});
+        }
+    }
+    if (!options.json.empty()) {
+        add("dump", options.json);
+    }
+    if (!options.save.empty()) {
+        add("save", options.save);
+    }
+    if (options.stats) {
+        commands->push_back({0, "stats", {}});
+    }
+    return commands;
+}
+
+int RunCommands(const Result<Commands>& commands, std::ostream& out, std::ostream& log) {
+    if (!commands) {
+        log << kProgram << commands.Error() << '\n';
+        return kBatchFailed;
+    }
+    BatchSession session(out, log);
+    const std::string error = session.Run(*commands);
+    if (!error.empty()) {
+        log << kProgram << error << '\n';
+        return kBatchFailed;
+    }
+    return kBatchDone;
+}
+
+int RunScript(const std::string& path, std::ostream& out, std::ostream& log) {
+    const Result<std::string> text = ReadScriptFile(path);
+    if (!text) {
+        log << kProgram << "the script '" << path << "' cannot be read: " << text.Error() << '\n';
+        return kBatchBadUsage;
+    }
+    return RunCommands(ParseScript(*text, CommandBreak::LineOnly), out, log);
+}
+
+int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& log) {
+    const int sources = (options.data.empty() ? 0 : 1) + (options.script.empty() ? 0 : 1)
+                        + (options.commands.empty() ? 0 : 1);
+    if (sources != 1) {
+        log << kProgram << "one of DATA, --script, -c is wanted; see --help\n";
+        return kBatchBadUsage;
+    }
+    if (!options.script.empty()) {
+        return RunScript(options.script, out, log);
+    }
+    return RunCommands(options.commands.empty()
+                           ? CommandsOfShortForm(options)
+                           : ParseScript(options.commands, CommandBreak::SemicolonToo),
+                       out, log);
+}
+
+} // namespace
+
+std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptions& options) {
+    CLI::App app{"Stereonets from orientation data, without a screen.", "quandrel-batch"};
+    app.set_version_flag("--version", gCaption);
+    CLI::Option* const data = app.add_option("DATA", options.data, "a data file to plot");
+    CLI::Option* const picture =
+        app.add_option("-o,--output", options.picture, "picture to draw: .png, .svg or .pdf")
+            ->needs(data);
+    app.add_option("--size", options.size, "height of a PNG in pixels")
+        ->check(CLI::Range(50, 20000))
+        ->needs(picture);
+    app.add_option("--save", options.save, "file to save the plot to: .txt")->needs(data);
+    app.add_option("--json", options.json, "file for all data and results of the plot")
+        ->needs(data);
+    app.add_option("--format", options.format, "format of the data, as for the command 'format'")
+        ->needs(data);
+    app.add_flag("--stats", options.stats, "print the statistics")->needs(data);
+    app.add_option("--script", options.script,
+                   "file of commands, one a line; - reads standard input");
+    app.add_option("-c", options.commands, "commands, parted by semicolons");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? kBatchDone : kBatchBadUsage;
+    }
+    return std::nullopt;
+}
+
+int RunBatch(const BatchOptions& options, std::ostream& out, std::ostream& log) {
+    try {
+        return RunOneSource(options, out, log);
+    } catch (const std::bad_alloc&) {
+        log << kProgram << "there is not enough memory\n";
+        return kBatchFailed;
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/command_line.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace quandrel {
+namespace {
+
+class CommandLine : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder = std::filesystem::temp_directory_path()
+                 / ("quandrel_lines_" + std::to_string(::getpid()));
+        std::filesystem::create_directories(folder);
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    [[nodiscard]] std::string In(const std::string& name) const { return (folder / name).string(); }
+
+    std::string Write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+        return In(name);
+    }
+
+    /// The exit code of the program for these words behind its name.
+    int Run(std::vector<std::string> words) {
+        words.insert(words.begin(), "quandrel-batch");
+        std::vector<const char*> pointers;
+        for (const std::string& word : words) {
+            pointers.push_back(word.c_str());
+        }
+        out.str("");
+        log.str("");
+        BatchOptions options;
+        ::testing::internal::CaptureStdout();
+        ::testing::internal::CaptureStderr();
+        const std::optional<int> early =
+            ReadCommandLine(static_cast<int>(pointers.size()), pointers.data(), options);
+        usage = ::testing::internal::GetCapturedStdout() + ::testing::internal::GetCapturedStderr();
+        return early ? *early : RunBatch(options, out, log);
+    }
+
+    [[nodiscard]] bool Logged(const std::string& part) const {
+        return log.str().find(part) != std::string::npos;
+    }
+
+    std::filesystem::path folder;
+    std::ostringstream out;
+    std::ostringstream log;
+    std::string usage; ///< what the command line itself was answered
+};
+
+TEST_F(CommandLine, ExitCodesTellWhatHappened) {
+    EXPECT_EQ(Run({"-c", "blank; get NumData"}), kBatchDone);
+    EXPECT_EQ(out.str(), "0\n");
+    EXPECT_EQ(Run({"-c", "blank; nonsense"}), kBatchFailed);
+    EXPECT_EQ(log.str(), "quandrel-batch: line 1: nonsense: there is no such command\n");
+    EXPECT_EQ(Run({}), kBatchBadUsage);
+    EXPECT_EQ(Run({"--nonsense"}), kBatchBadUsage);
+    EXPECT_EQ(Run({"data.txt", "-c", "blank"}), kBatchBadUsage);
+    EXPECT_EQ(Run({"--help"}), kBatchDone);
+    EXPECT_NE(usage.find("--script"), std::string::npos);
+}
+
+TEST_F(CommandLine, OptionsOfTheShortFormGoWithADataFile) {
+    const std::string script = Write("script", "blank\n");
+    for (const char* const option : {"-o", "--save", "--json", "--format", "--size"}) {
+        EXPECT_EQ(Run({"--script", script, option, "100"}), kBatchBadUsage) << option;
+        EXPECT_NE(usage.find("requires"), std::string::npos) << usage;
+    }
+    EXPECT_EQ(Run({"-c", "blank", "--stats"}), kBatchBadUsage);
+    EXPECT_EQ(Run({Write("a.txt", "30\t120\n"), "--size", "100"}), kBatchBadUsage);
+}
+
+TEST_F(CommandLine, AScriptThatCannotBeReadIsBadUsage) {
+    EXPECT_EQ(Run({"--script", folder.string()}), kBatchBadUsage);
+    EXPECT_EQ(log.str(), "quandrel-batch: the script '" + folder.string()
+                             + "' cannot be read: it is a folder\n");
+    EXPECT_EQ(Run({"--script", "/dev/zero"}), kBatchBadUsage);
+    EXPECT_TRUE(Logged("a device"));
+    EXPECT_EQ(Run({"--script", In("none")}), kBatchBadUsage);
+    EXPECT_TRUE(Logged("No such file"));
+}
+
+TEST_F(CommandLine, AScriptMayBeginWithAMark) {
+    EXPECT_EQ(Run({"--script", Write("script", "\xef\xbb\xbf"
+                                               "blank\nget NumData\n")}),
+              kBatchDone)
+        << log.str();
+    EXPECT_EQ(out.str(), "0\n");
+}
+
+TEST_F(CommandLine, TheShortFormTakesAnyPath) {
+    for (const std::string name : {"line\nfeed", "a \"quote\" and a \\", "semi;colon # x=y", "="}) {
+        SCOPED_TRACE(name);
+        const std::string data = Write(name + ".txt", "30\t120\n45\t270\n");
+        ASSERT_EQ(Run({data, "-o", In(name + ".png"), "--size", "100", "--json", In(name + ".json"),
+                       "--save", In(name + " saved.txt"), "--stats"}),
+                  kBatchDone)
+            << log.str();
+        EXPECT_GT(std::filesystem::file_size(In(name + ".png")), 100U);
+        EXPECT_TRUE(std::filesystem::exists(In(name + " saved.txt")));
+        EXPECT_TRUE(out.str().starts_with("2 rows read, 2 of them data")) << out.str();
+        std::ifstream stream(In(name + ".json"));
+        EXPECT_EQ(nlohmann::json::parse(stream)["record"]["FileNames"][1], data);
+        EXPECT_EQ(Run({In(name + " saved.txt")}), kBatchDone) << log.str();
+        EXPECT_EQ(log.str(), "") << "the head of a file of our own is nothing to tell";
+    }
+}
+
+TEST_F(CommandLine, TheShortFormTellsWhichCommandFailed) {
+    EXPECT_EQ(Run({In("none.txt")}), kBatchFailed);
+    EXPECT_TRUE(Logged("quandrel-batch: open: '" + In("none.txt") + "' was not loaded\n"));
+    const std::string data = Write("a.txt", "30\t120\n");
+    EXPECT_EQ(Run({data, "--json", In("no/such.json")}), kBatchFailed);
+    EXPECT_TRUE(
+        Logged("quandrel-batch: dump: '" + In("no/such.json") + "' could not be written: "));
+    EXPECT_EQ(Run({data, "--format", "header"}), kBatchFailed);
+    EXPECT_TRUE(Logged("quandrel-batch: format: 'header' lacks a value"));
+    EXPECT_EQ(Run({data, "--format", "textname=\"x"}), kBatchFailed);
+    EXPECT_TRUE(Logged("--format: a quote is not closed"));
+    EXPECT_EQ(Run({data, "--format", "header=no\n  data=lines"}), kBatchDone) << log.str();
+}
+
+} // namespace
+} // namespace quandrel

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/script_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+namespace quandrel {
+namespace {
+
+class ScriptFile : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder = std::filesystem::temp_directory_path()
+                 / ("quandrel_scripts_" + std::to_string(::getpid()));
+        std::filesystem::create_directories(folder);
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    std::string Write(const std::string& bytes) const {
+        std::ofstream(folder / "script", std::ios::binary) << bytes;
+        return (folder / "script").string();
+    }
+
+    std::string MakePipe() const {
+        const std::string path = (folder / "pipe").string();
+        EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
+        return path;
+    }
+
+    static std::string ErrorOf(const Result<std::string>& text) {
+        return text ? std::string() : text.Error();
+    }
+
+    std::filesystem::path folder;
+};
+
+TEST_F(ScriptFile, MarksOfTheEncodingAreNoPartOfIt) {
+    const std::vector<std::pair<std::string, std::string>> files = {
+        {"blank\n", "blank\n"},
+        {"", ""},
+        {"\xef\xbb\xbf"
+         "blank\n",
+         "blank\n"},
+        {std::string("\xff\xfe"
+                     "b\0\n\0",
+                     6),
+         "b\n"},
+        {std::string("\xfe\xff\0b\0\n", 6), "b\n"},
+        {"open gr\xe8s.txt\n", "open gr\xe8s.txt\n"}, // a path need not be UTF-8
+    };
+    for (const auto& [bytes, expected] : files) {
+        const Result<std::string> text = ReadScriptFile(Write(bytes));
+        ASSERT_TRUE(text) << bytes;
+        EXPECT_EQ(*text, expected);
+    }
+}
+
+TEST_F(ScriptFile, WhatIsNoScriptIsRefused) {
+    EXPECT_EQ(ErrorOf(ReadScriptFile(folder.string())), "it is a folder");
+    EXPECT_EQ(ErrorOf(ReadScriptFile("/dev/zero")), "it is no file, but a device");
+    EXPECT_EQ(ErrorOf(ReadScriptFile((folder / "none").string())), "No such file or directory");
+}
+
+TEST_F(ScriptFile, ReadingEndsAtTheLargestSize) {
+    const int zeros = ::open("/dev/zero", O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(zeros, 0);
+    EXPECT_EQ(ErrorOf(ReadScript(zeros)), "it holds more than 64 MB");
+    ::close(zeros);
+    const std::string path = Write("");
+    std::filesystem::resize_file(path, kLargestScript + 1);
+    EXPECT_EQ(ErrorOf(ReadScriptFile(path)), "it holds more than 64 MB");
+    std::filesystem::resize_file(path, kLargestScript);
+    EXPECT_TRUE(ReadScriptFile(path));
+}
+
+TEST_F(ScriptFile, APipeIsReadToItsEnd) {
+    const std::string path = MakePipe();
+    // Open for reading as well, so that the pipe has a writer before it is read.
+    const int both = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_GE(both, 0);
+    const std::string script(200000, 'x'); // more than a pipe holds at once
+    std::thread writer([&] {
+        std::size_t done = 0;
+        while (done < script.size()) {
+            const ssize_t count = ::write(both, script.data() + done, script.size() - done);
+            ASSERT_GT(count, 0);
+            done += static_cast<std::size_t>(count);
+        }
+        ::close(both);
+    });
+    const Result<std::string> text = ReadScriptFile(path);
+    writer.join();
+    ASSERT_TRUE(text);
+    EXPECT_EQ(*text, script);
+}
+
+TEST_F(ScriptFile, APipeThatNobodyWritesToDoesNotMakeTheProgramWait) {
+    EXPECT_EQ(ErrorOf(ReadScriptFile(MakePipe())), "nothing comes through the pipe");
+}
+
+TEST_F(ScriptFile, ADescriptorThatCannotBeReadIsTold) {
+    const int directory = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(directory, 0);
+    EXPECT_EQ(ErrorOf(ReadScript(directory)), "Is a directory");
+    ::close(directory);
+}
+
+} // namespace
+} // namespace quandrel
