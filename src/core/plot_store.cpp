@@ -39,6 +39,7 @@ DataColumn<float> gAppNumeric;
 TextColumn gAppText;
 std::vector<std::unordered_map<std::int32_t, std::string>> gErrorLines;
 std::vector<std::int32_t> gSelectionRows;
+std::int16_t gActiveLayer = kDataLayer;
 bool gBusy = false;
 std::int32_t gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
 
@@ -237,6 +238,7 @@ void MakeStoreTables() {
     gPlotTableFull = false;
     gSelectionRows.clear();
     gBusy = false;
+    gActiveLayer = kDataLayer;
 }
 
 int FindFreePlotSlot() {

@@ -58,8 +58,29 @@ extern std::vector<std::unordered_map<std::int32_t, std::string>> gErrorLines;
 /// The list of selected data rows: point indices of gActivePlot.
 extern std::vector<std::int32_t> gSelectionRows;
 
+/// The layer that the mouse edits.
+enum LayerCode : std::int16_t { kAnnotationLayer = 1, kDataLayer = 2 };
+extern std::int16_t gActiveLayer; ///< LayerCode
+
 /// A set flag makes button events do nothing while a long loop runs.
 extern bool gBusy;
+
+/// Another plot as the active one for the length of a block.
+class PlotInWork {
+public:
+    explicit PlotInWork(int slot)
+        : former_(gActivePlot) {
+        gActivePlot = slot;
+    }
+
+    ~PlotInWork() { gActivePlot = former_; }
+
+    PlotInWork(const PlotInWork&) = delete;
+    PlotInWork& operator=(const PlotInWork&) = delete;
+
+private:
+    std::int32_t former_;
+};
 
 /// The record of the plot in focus. gActivePlot must be a slot.
 [[nodiscard]] PlotRecord& ActiveRecord();

@@ -178,6 +178,10 @@ void TakeNameOf(PlotRecord& record, const std::string& path) {
     record.FileTitle = FileTitleOf(path);
     record.PlotTitle = record.FileTitle + ": " + std::to_string(gActivePlot);
     record.MainFiles = {path};
+    if (record.NumFiles == 0) {
+        record.NumFiles = 1;
+        record.FileNames[1] = path;
+    }
     record.Modified = 0;
     UpdateTitle();
 }

@@ -63,6 +63,15 @@ struct FormatAnswer {
     bool frequencyColumn = false;
 };
 
+/// What becomes of a plot with unsaved data when several are closed.
+enum class SaveAnswer {
+    SaveThis,
+    SkipThis,
+    Cancel,  ///< nothing is closed
+    SaveAll, ///< this one and all that would be asked about behind it
+    SkipAll,
+};
+
 class Prompts {
 public:
     virtual ~Prompts() = default;
@@ -79,6 +88,11 @@ public:
 
     /// The data format dialog; nothing on Cancel.
     [[nodiscard]] virtual std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) = 0;
+
+    /// Asks about one of several plots with unsaved data that are about to close.
+    /// @param text  what is asked, with the plot's title
+    [[nodiscard]] virtual SaveAnswer AskSavePlots(const std::string& title,
+                                                  const std::string& text) = 0;
 };
 
 } // namespace quandrel

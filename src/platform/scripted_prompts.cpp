@@ -28,6 +28,10 @@ void ScriptedPrompts::Expect(const std::string& fragment, Button answer) {
     expected_.push_back({fragment, answer});
 }
 
+void ScriptedPrompts::ExpectSavePlots(const std::string& fragment, SaveAnswer answer) {
+    expectedSaves_.push_back({fragment, answer});
+}
+
 void ScriptedPrompts::ExpectAny(const std::string& fragment) {
     allowed_.push_back(fragment);
 }
@@ -36,6 +40,9 @@ std::string ScriptedPrompts::Problems() const {
     std::string problems = problems_;
     for (const Expectation& expectation : expected_) {
         problems += "never asked: " + expectation.fragment + "\n";
+    }
+    for (const SaveExpectation& expectation : expectedSaves_) {
+        problems += "never asked whether to save: " + expectation.fragment + "\n";
     }
     return problems;
 }
@@ -99,6 +106,18 @@ std::optional<FormatAnswer> ScriptedPrompts::AskFormat(const FormatQuestion& que
     answer.plotSecondary = question.showSecondary;
     answer.columnHeadings = question.columnHeadings;
     answer.frequencyColumn = question.frequencyColumn;
+    return answer;
+}
+
+SaveAnswer ScriptedPrompts::AskSavePlots(const std::string& title, const std::string&) {
+    if (expectedSaves_.empty() || title.find(expectedSaves_.front().fragment) == title.npos) {
+        if (mode_ == Mode::Strict) {
+            problems_ += "not expected: whether to save " + title + "\n";
+        }
+        return SaveAnswer::SkipThis;
+    }
+    const SaveAnswer answer = expectedSaves_.front().answer;
+    expectedSaves_.pop_front();
     return answer;
 }
 

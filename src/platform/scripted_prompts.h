@@ -43,6 +43,10 @@ public:
 
     void QueueSavePath(const std::string& path) { savePaths_.push_back(path); }
 
+    /// The next question about one of several unsaved plots must hold this text in its title, and
+    /// gets this answer. One that was not expected skips the plot; in strict mode it is a problem.
+    void ExpectSavePlots(const std::string& fragment, SaveAnswer answer);
+
     /// Called for each box shown.
     void OnBox(std::function<void(const ShownBox&)> onBox) { onBox_ = std::move(onBox); }
 
@@ -62,6 +66,8 @@ public:
     [[nodiscard]] std::optional<std::string> AskOpenPath(const PathQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskSavePath(const PathQuestion& question) override;
     [[nodiscard]] std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) override;
+    [[nodiscard]] SaveAnswer AskSavePlots(const std::string& title,
+                                          const std::string& text) override;
 
 private:
     struct Expectation {
@@ -69,11 +75,17 @@ private:
         Button answer = Button::Ok;
     };
 
+    struct SaveExpectation {
+        std::string fragment;
+        SaveAnswer answer = SaveAnswer::SkipThis;
+    };
+
     [[nodiscard]] Button StrictAnswer(const Message& message);
     [[nodiscard]] Button BatchAnswer(const Message& message);
 
     Mode mode_;
     std::deque<Expectation> expected_;
+    std::deque<SaveExpectation> expectedSaves_;
     std::vector<std::string> allowed_;
     std::deque<Button> answers_;
     std::deque<std::string> openPaths_;

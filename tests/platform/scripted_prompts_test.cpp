@@ -148,5 +148,16 @@ TEST(BatchPrompts, LetTheOwnerAnswerTheFormatDialog) {
     EXPECT_FALSE(prompts.AskFormat(question).has_value());
 }
 
+TEST(ScriptedPrompts, QuestionsAboutUnsavedPlotsComeInTheOrderExpected) {
+    ScriptedPrompts prompts(ScriptedPrompts::Mode::Strict);
+    prompts.ExpectSavePlots("one", SaveAnswer::SaveAll);
+    EXPECT_EQ(prompts.AskSavePlots("plot one", "Save it?"), SaveAnswer::SaveAll);
+    EXPECT_EQ(prompts.Problems(), "");
+    prompts.ExpectSavePlots("two", SaveAnswer::Cancel);
+    EXPECT_NE(prompts.Problems(), "") << "it was never asked";
+    EXPECT_EQ(prompts.AskSavePlots("plot three", "Save it?"), SaveAnswer::SkipThis);
+    EXPECT_NE(prompts.Problems().find("plot three"), std::string::npos);
+}
+
 } // namespace
 } // namespace quandrel

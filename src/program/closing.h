@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+//
+// Closing plots: which of them hold something that would be lost, the questions about those, and
+// the end of a plot.
+
+#pragma once
+
+#include <string>
+
+namespace quandrel {
+
+/// What closes.
+enum class Closing {
+    OneWindow,
+    AllWindows,
+    Application, ///< with several plots open each question is one about all of them
+};
+
+/// True when the plot of a slot has rows that no file holds, or has been changed.
+[[nodiscard]] bool HoldsUnsavedData(int slot);
+
+/// Asks about the unsaved data of a plot, and saves it if the user wishes. The active plot stays
+/// the active one.
+/// @return false when the plot has to stay open: the user cancelled, or the plot was not saved
+[[nodiscard]] bool QueryClose(int slot, Closing closing = Closing::OneWindow);
+
+/// Asks about a plot, then closes it. False when it stays open.
+bool ClosePlotWindow(int slot);
+
+/// Asks about all open plots, the active one first, then closes all. False when they stay open, all
+/// of them.
+bool CloseAllPlots(Closing closing);
+
+/// Saves all open plots that have unsaved data. A plot that could not be saved does not keep the
+/// others from being saved; a cancelled question ends the run.
+/// @return false when a plot is still unsaved
+bool SaveAllPlots();
+
+} // namespace quandrel
