@@ -22,7 +22,6 @@ constexpr int kStartRose = 1;
 constexpr int kStartBlank = 2;
 constexpr int kStartMapLink = 3;
 constexpr int kStartWorkspace = 6;
-constexpr int kFirstRecentFile = 91;
 
 /// Each stage of a drawing gets its procedure. A stage without one is passed over.
 void ConnectPlotStages() {
@@ -33,7 +32,16 @@ bool OpenRecentFile(std::size_t number) {
     if (number < 1 || number > gRecentFiles.size()) {
         return false;
     }
-    return OpenPlotFile("File" + gRecentFiles[number - 1]) != kLoadError;
+    const std::string path = gRecentFiles[number - 1];
+    if (OpenPlotFile("File" + path) != kLoadError) {
+        return true;
+    }
+    // A file that has gone was told of, and is not offered again.
+    std::error_code unreadable;
+    if (!std::filesystem::exists(path, unreadable)) {
+        std::erase(gRecentFiles, path);
+    }
+    return false;
 }
 
 } // namespace

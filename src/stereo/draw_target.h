@@ -8,6 +8,9 @@
 
 namespace quandrel {
 
+/// What a plot's window shows behind the net. Pages and files are white.
+inline constexpr Colour kWindowBackground{0xc0, 0xc0, 0xc0};
+
 /// The surface of the net of gActivePlot, in plot scale.
 [[nodiscard]] Surface& PlotSurface();
 

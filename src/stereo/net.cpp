@@ -102,7 +102,7 @@ void DrawPlotBase() {
     surface.SetUserScale(kPlotScale);
     SetPlotDrawMode();
     if (!IsDrawingElsewhere()) {
-        surface.Clear(kWhite);
+        surface.Clear(kWindowBackground);
     }
     const int plotKind = ActiveRecord().PlotKind;
     if (plotKind >= kRose) {

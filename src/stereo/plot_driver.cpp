@@ -177,6 +177,14 @@ void ReplotActivePlot(bool recalculate) {
     gPlatform.status->SetText(StatusOfPlot(ActiveRecord()));
 }
 
+void RedrawPlot(int slot) {
+    if (IsOpenSlot(slot)) {
+        const PlotInWork work(slot);
+        DrawPlot(false);
+        FormOf(slot).Show();
+    }
+}
+
 void DrawActivePlotOn(Surface& plot, Surface& legend) {
     const DrawElsewhere elsewhere(plot, legend);
     DrawPlot(false);

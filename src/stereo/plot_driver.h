@@ -17,6 +17,10 @@ namespace quandrel {
 /// @param recalculate  true takes the rows as changed
 void ReplotActivePlot(bool recalculate);
 
+/// Draws the window of a plot anew as the plot stands, whichever plot is the active one. Texts and
+/// the status line stay as they are.
+void RedrawPlot(int slot);
+
 /// Draws the active plot onto other surfaces than its window's, in the state that it is in: nothing
 /// is worked out anew, no text or caption changes.
 void DrawActivePlotOn(Surface& plot, Surface& legend);

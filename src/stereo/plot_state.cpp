@@ -9,6 +9,7 @@
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
+#include <algorithm>
 #include <string>
 
 namespace quandrel {
@@ -40,6 +41,19 @@ void SetTopOverlayForm(PlotRecord& record, int button) {
         record.Modified = kTrue;
     }
     ReplotActivePlot(false);
+}
+
+std::int16_t& ShownFlag(PlotRecord& record, int button) {
+    switch (button) {
+    case kShowRoseScale:
+        return record.RoseDisplay6;
+    case kShowRoseMean:
+        return record.RoseDisplay7;
+    case kShowRoseArc:
+        return record.RoseDisplay8;
+    default:
+        return record.LayerVisible.at(static_cast<std::size_t>(button));
+    }
 }
 
 } // namespace
@@ -107,6 +121,67 @@ void SetPlotSymbol(int button) {
         }
         ReplotActivePlot(false);
     }
+}
+
+void ShowPlotPart(int button, bool on) {
+    if (gBusy || !IsOpenSlot(gActivePlot) || button < 0 || button >= kDisplayButtons) {
+        return;
+    }
+    PlotRecord& record = ActiveRecord();
+    ShownFlag(record, button) = on ? kTrue : std::int16_t{0};
+    if (button == kShowStatistics) {
+        gStatisticsShown = on;
+    }
+    const bool isOfRose = button >= kShowRoseScale;
+    if (isOfRose ? record.PlotKind == kRose : button == kShowLegend) {
+        ReplotActivePlot(false);
+    }
+}
+
+bool IsPlotPartShown(int button) {
+    return ShownFlag(ActiveRecord(), button) != 0;
+}
+
+void DescribePlot(int slot, const std::string& description) {
+    PlotRecord& record = RecordOf(slot);
+    if (record.DescriptionText != description) {
+        record.DescriptionText = description;
+        record.Modified = kTrue;
+    }
+}
+
+void NameFabric(int slot, const std::string& fabric) {
+    PlotRecord& record = RecordOf(slot);
+    if (record.FabricText != fabric) {
+        record.FabricText = fabric;
+        record.Modified = kTrue;
+    }
+}
+
+void MoveGridSlider(int value) {
+    gGridDensitySlider = std::clamp(value / kGridStep * kGridStep, kCoarsestGrid, kFinestGrid);
+}
+
+void ReleaseGridSlider() {
+    if (gBusy || !IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind != kRose && record.PlotSymbolMode >= kGridDensitySymbols
+        && record.GridSize != gGridDensitySlider) {
+        ReplotActivePlot(false);
+    }
+}
+
+void FollowGridOfPlot() {
+    if (IsOpenSlot(gActivePlot) && ActiveRecord().GridSize > 0) {
+        MoveGridSlider(ActiveRecord().GridSize);
+    }
+}
+
+void UseAdvancedStatistics(bool advanced) {
+    gStatsBoxKind = advanced ? kTrue : std::int16_t{0};
+    ActiveRecord().StatsBoxKind = gStatsBoxKind;
 }
 
 } // namespace quandrel

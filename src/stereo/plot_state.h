@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace quandrel {
 
@@ -23,5 +24,48 @@ void SetDataType(std::int16_t kind);
 /// density, contours, contours and grid. In a plot with overlays the first two act on the top
 /// overlay and the others do nothing.
 void SetPlotSymbol(int button);
+
+/// What the buttons of the display show or hide. The first six are places of LayerVisible.
+enum DisplayButton : int {
+    kShowGirdles = 0,
+    kShowFabric = 1,
+    kShowDescription = 2,
+    kShowLegend = 3,
+    kShowNumber = 4,
+    kShowStatistics = 5,
+    kShowRoseScale = 6,
+    kShowRoseMean = 7,
+    kShowRoseArc = 8,
+};
+
+inline constexpr int kDisplayButtons = 9;
+
+/// Shows or hides a part of the active plot. The parts of a rose draw it anew, and so does the
+/// legend; the others are a matter of the window. New plots follow the last wish for statistics.
+void ShowPlotPart(int button, bool on);
+
+/// True when a part of the active plot is to be seen.
+[[nodiscard]] bool IsPlotPartShown(int button);
+
+/// Takes what the user has written about a plot.
+void DescribePlot(int slot, const std::string& description);
+void NameFabric(int slot, const std::string& fabric);
+
+/// Values of the grid density slider.
+inline constexpr int kCoarsestGrid = 10;
+inline constexpr int kFinestGrid = 150;
+inline constexpr int kGridStep = 10;
+
+/// Moves the grid density slider, down to a multiple of ten.
+void MoveGridSlider(int value);
+
+/// The slider is let go: a plot that counts on the grid is drawn anew.
+void ReleaseGridSlider();
+
+/// The slider shows the grid of the active plot, if it has one.
+void FollowGridOfPlot();
+
+/// Takes the normal or the advanced statistics of the active plot; new plots follow.
+void UseAdvancedStatistics(bool advanced);
 
 } // namespace quandrel

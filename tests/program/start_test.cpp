@@ -65,5 +65,14 @@ TEST_F(Start, RecentFilesOpenByTheirNumber) {
     EXPECT_FALSE(IntroStart(95)) << "there are two";
 }
 
+TEST_F(Start, ARecentFileThatHasGoneIsToldAndLeavesTheList) {
+    const std::string gone = (folder / "gone.txt").string();
+    const std::string kept = WriteFile("b.txt", "30\t120\n");
+    gRecentFiles = {gone, kept};
+    Expect("The indicated file cannot be opened\n" + gone);
+    EXPECT_FALSE(IntroStart(91));
+    EXPECT_EQ(gRecentFiles, std::vector<std::string>{kept});
+}
+
 } // namespace
 } // namespace quandrel

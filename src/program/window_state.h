@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+//
+// What the buttons and menus have to show for the active plot: which of them can be used, which are
+// down, and the captions that change. It is read from the store anew whenever something may have
+// changed; windows only pass it on.
+
+#pragma once
+
+#include "stereo/plot_state.h"
+
+#include <array>
+#include <string>
+
+namespace quandrel {
+
+/// A button, or the menu item that presses it.
+struct ControlState {
+    bool enabled = false;
+    bool down = false;
+
+    friend bool operator==(const ControlState&, const ControlState&) = default;
+};
+
+/// Symbol buttons: 0 to 6 the modes, 7 the secondary data as an overlay, 8 to 10 slip arrows.
+inline constexpr int kSymbolButtons = 11;
+inline constexpr int kOverlaySecondaryButton = 7;
+
+struct ToolbarState {
+    std::array<ControlState, 3> plotTypes; ///< equal area, equal angle, rose
+    std::array<ControlState, 3> dataTypes; ///< planes, lines, polar lines
+    std::array<ControlState, kSymbolButtons> symbols;
+    std::array<ControlState, kDisplayButtons> display;
+    std::array<ControlState, 2> secondary; ///< as the base plot, as an overlay
+    ControlState annotations;
+    bool intersections = false; ///< each row holds two planes
+    bool gridDensity = false;   ///< the mode in force counts on the grid
+    bool hasPlot = false;       ///< a plot is open
+    bool hasRows = false;       ///< it has valid rows
+    bool isStereo = false;      ///< it is no rose
+    bool hasSeveralPlots = false;
+};
+
+/// The state for the active plot, or for none. Without a plot the types are those of the next new
+/// plot.
+[[nodiscard]] ToolbarState StateOfToolbar();
+
+/// Captions and tips that follow the plot.
+struct MenuCaptions {
+    std::string plotSecondary;   ///< goes to the other set
+    std::string viewAdvStats;    ///< goes to the other box
+    std::string viewAnnotations; ///< hides or shows them
+    std::string annotationTip;   ///< the same for the button
+};
+
+[[nodiscard]] MenuCaptions CaptionsOfMenus();
+
+/// What the Edit menu can do with the active plot.
+struct EditMenuState {
+    std::string pasteCaption; ///< says what kind of text is on the clipboard
+    bool paste = false;
+    bool changeSymbol = false;
+    bool selectAll = false;
+    bool removeOverlay = false;
+    bool removeAnnotation = false;
+};
+
+/// Reads the clipboard.
+[[nodiscard]] EditMenuState StateOfEditMenu();
+
+/// Makes a kind of plot that of the active plot, or without one of the next new plot.
+void PressPlotType(int button);
+
+/// Makes a kind of data that of the active plot, after a question when it has rows, or without one
+/// of the data to come.
+void PressDataType(int button);
+
+} // namespace quandrel

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/file_loading.h"
+#include "persistence/open_plot.h"
+#include "program/unplotted_lines.h"
+#include "support/test_platform.h"
+
+namespace quandrel {
+namespace {
+
+class UnplottedLines : public EngineTest {
+protected:
+    void Open(const std::string& text) {
+        AcceptFormat({}, 1000);
+        EXPECT_EQ(OpenPlotFile(kNewCommand, WriteFile("a.txt", text)), kNewCommand);
+    }
+};
+
+TEST_F(UnplottedLines, NoPlotAndGoodFilesHaveNone) {
+    EXPECT_FALSE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "");
+    Open("30\t120\n40\t200\n");
+    EXPECT_FALSE(HasUnplottedLines());
+}
+
+TEST_F(UnplottedLines, AreListedByRowInTheirOwnWords) {
+    prompts.ExpectAny("line of invalid orientation data");
+    prompts.ExpectAny("invalid data have been detected");
+    Open("30\t120\n; second station\n40\t200\n95\t400\n");
+    EXPECT_TRUE(HasUnplottedLines());
+    const std::string text = UnplottedLinesText();
+    EXPECT_NE(text.find("row\tline\n2\t; second station\n4\t95\t400\n"), std::string::npos) << text;
+}
+
+} // namespace
+} // namespace quandrel
