@@ -4,16 +4,18 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "platform/qt/image_surface.h"
 #include "platform/qt/painter_surface.h"
 #include "platform/qt/picture_file.h"
 #include "stereo/plot_driver.h"
 
-#include <QImage>
 #include <QPainter>
 
 namespace quandrel {
 
 namespace {
+
+constexpr int kUnseenSide = 8; ///< of a picture that nobody sees
 
 /// The places of a picture's parts, in logical pixels.
 struct PictureLayout {
@@ -101,10 +103,8 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
     PainterSurface net(painter, scaled(layout.net), factor, medium);
     if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
         // The legend is drawn all the same, where nobody sees it.
-        QImage unseen(8, 8, QImage::Format_RGB32);
-        QPainter unseenPainter(&unseen);
-        PainterSurface legend(unseenPainter, QRectF(0, 0, 8, 8), factor, Medium::Raster);
-        DrawActivePlotOn(net, legend);
+        ImageSurface legend({kUnseenSide, kUnseenSide}, factor, kWhite);
+        DrawActivePlotOn(net, legend.Drawing());
     } else {
         PainterSurface legend(painter, scaled(layout.legend), factor, medium);
         DrawActivePlotOn(net, legend);
@@ -124,6 +124,14 @@ std::string SavePlotPicture(const std::string& path, const PictureOptions& optio
                        [&options](QPainter& painter, double factor, Medium medium) {
                            DrawPicture(painter, options.part, factor, medium);
                        });
+}
+
+QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) {
+    const auto pixels = [density](QSize box) { return (box * density).expandedTo({1, 1}); };
+    ImageSurface net(pixels(boxes.net), density, kWhite);
+    ImageSurface legend(pixels(boxes.legend), density, kWhite);
+    DrawActivePlotOn(net.Drawing(), legend.Drawing());
+    return part == PlotImagePart::Net ? net.Image().copy() : legend.Image().copy();
 }
 
 } // namespace quandrel

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include <QImage>
+
 #include <string>
 
 namespace quandrel {
@@ -24,5 +26,19 @@ inline constexpr int kPictureHeight = 600;
 ///
 /// @return empty, or a text for the user that says why there is no picture
 [[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
+
+enum class PlotImagePart { Net, Legend };
+
+/// Sizes of the boxes of a plot's window, logical pixels.
+struct PlotBoxSizes {
+    QSize net;
+    QSize legend;
+};
+
+/// The net or the legend of gActivePlot on white, as it stands in its box. Nothing is worked out
+/// anew.
+///
+/// @param density  pixels of the image in a logical pixel
+[[nodiscard]] QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density);
 
 } // namespace quandrel

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/image_surface.h"
+
+namespace quandrel {
+
+ImageSurface::ImageSurface(QSize pixels, double density, Colour background)
+    : image_(pixels, QImage::Format_RGB32)
+    , painter_(std::make_unique<QPainter>(&image_))
+    , surface_(std::make_unique<PainterSurface>(*painter_, QRectF(image_.rect()), density,
+                                                Medium::Raster)) {
+    surface_->Clear(background);
+}
+
+void PaintImage(QPaintDevice& device, const QRectF& target, const QImage& image) {
+    QPainter painter(&device);
+    painter.drawImage(target, image, QRectF(image.rect()));
+}
+
+} // namespace quandrel
