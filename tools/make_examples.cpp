@@ -428,7 +428,7 @@ constexpr std::array<Example, 17> kExamples{{
     {"mylonites_parameter_line.txt", 114, 54, MylonitesParameterLine,
      "; Foliation and stretching lineation across a shear zone\n"
      "; dip, dip direction, plunge, trend, grain size in mm, rock type\n"
-     "/T1\t/N2\t/C1\t/12\t/23\t/S0\t/A0\t/L1\t/W1\t/Fgrainsize\t/Drock type\n"},
+     "/T1\t/N2\t/I2\t/C1\t/12\t/23\t/S0\t/A0\t/L1\t/W1\t/Fgrainsize\t/Drock type\n"},
     {"joints.csv", 110, 150, Joints, "station,dip direction,dip,spacing,rock type\n"},
     {"palaeocurrents.txt", 111, 76, Palaeocurrents, "azimuth\tstructure\n"},
     {"traces_decimal_comma.txt", 112, 180, TracesDecimalComma,

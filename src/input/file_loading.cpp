@@ -96,8 +96,11 @@ private:
         question.path = path_;
         question.command = command_;
         question.plotKindFromFile = items_.T.value_or(0);
-        question.showSecondary = items_.S.value_or(false);
+        // Asked again, the dialog stands as the user left it.
+        question.showSecondary = asked_ ? answer_.plotSecondary : items_.S.value_or(false);
+        question.frequencyColumn = answer_.frequencyColumn;
         question.columnHeadings = gFileHasHeadings;
+        asked_ = true;
         const std::optional<FormatAnswer> answer = gPlatform.prompts->AskFormat(question);
         if (answer) {
             answer_ = *answer;
@@ -378,6 +381,7 @@ private:
     PlotRecord& record_;
     ParameterItems items_;
     FormatAnswer answer_;
+    bool asked_ = false;
     PlotBeforeLoad before_ = StateOf(ActiveRecord());
     bool fillsEmptyPlot_ = false;
     bool goOn_ = true; ///< further files may follow

@@ -184,5 +184,23 @@ TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
     EXPECT_EQ(ActiveRecord().AppendedMin[0], -9998) << "the mark is no minimum";
 }
 
+TEST_F(FileLoading, AskedAgainTheFormatDialogStandsAsItWasLeft) {
+    AcceptFormat(
+        [this](FormatAnswer& answer) {
+            gFileDelimiter = formatQuestions.size() == 1 ? "," : "\t";
+            answer.plotSecondary = true;
+            answer.frequencyColumn = true;
+        },
+        2);
+    prompts.ExpectAny("columns of data in this file");
+    Expect("All datalines were found to contain invalid data and no data were plotted.");
+    Load("a.txt", "30\t120\n40\t130\n");
+    ASSERT_EQ(formatQuestions.size(), 2U);
+    EXPECT_FALSE(formatQuestions[0].showSecondary);
+    EXPECT_FALSE(formatQuestions[0].frequencyColumn);
+    EXPECT_TRUE(formatQuestions[1].showSecondary);
+    EXPECT_TRUE(formatQuestions[1].frequencyColumn);
+}
+
 } // namespace
 } // namespace quandrel
