@@ -40,6 +40,7 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"program", onPersistence},
         {"platform/qt", engine},
         {"batch", above(engine, {"platform/qt"})},
+        {"shell", above(engine, {"platform/qt"})},
     };
     return allowed;
 }
@@ -52,7 +53,10 @@ struct Include {
 
 std::string FolderOf(const fs::path& relative) {
     const std::string folder = relative.parent_path().generic_string();
-    return folder == "batch/main" ? "batch" : folder;
+    if (folder == "batch/main" || folder == "shell/main") {
+        return folder.substr(0, folder.find('/'));
+    }
+    return folder;
 }
 
 std::vector<Include> IncludesOf(const fs::path& file) {

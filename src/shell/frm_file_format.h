@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+//
+// The data format dialog: what a data file holds, and how its orientations are written.
+//
+// The dialog holds a FormatChoice and shows it; the rules are those of input/format_choice.h. The
+// globals of the format change on OK alone. Control arrays have the numbers of the codes that they
+// stand for, where there are such: optPrimary[1] to [3], optPlaneConv[1] to [6], cmdDataType[1] to
+// [3], optLineConv[1] for trend first; optSecondary is in the order of its captions.
+
+#pragma once
+
+#include "core/style_tables.h"
+#include "input/format_choice.h"
+#include "input/format_preview.h"
+#include "platform/prompts.h"
+#include "platform/surface.h"
+
+#include <QDialog>
+
+#include <array>
+#include <span>
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+
+namespace quandrel {
+
+class FormatGrid;
+class PictureBox;
+
+class frmFileFormat : public QDialog {
+public:
+    frmFileFormat(const FormatQuestion& question, QWidget* parent);
+
+    /// What a load takes from the dialog besides the globals, once it was accepted.
+    [[nodiscard]] FormatAnswer Answer() const;
+
+    /// The secondary set is to be plotted.
+    [[nodiscard]] bool PlotSecondary() const;
+
+    /// The line of column headings, or empty.
+    [[nodiscard]] std::string HeaderString() const;
+
+    [[nodiscard]] std::string AppendedNumericName() const;
+    [[nodiscard]] std::string AppendedNonNumericName() const;
+
+    /// Brings options and boxes in line with the choice.
+    void InitialiseOptButtons();
+
+    /// Names and enables all that depends on the format.
+    void CheckCombos();
+
+    /// Names and enables the selectors of the primary set.
+    void SetPrimaryCombos();
+
+    /// Names and enables the selectors of the secondary set.
+    void SetSecondaryCombos();
+
+    /// Shows the reasons to doubt the format, if there are any.
+    void CheckMisMatch();
+
+    /// Splits the lines anew.
+    void DelimiterChanged();
+
+    /// Takes the columns from the selectors.
+    void StoreColumns();
+
+    /// Fills the lists of the selectors with the columns of the file.
+    void ResetColumnCombos();
+
+    /// Sets the selectors to the columns.
+    void LoadColumnCombos();
+
+    /// Takes the column settings that were saved.
+    void LoadSavedSettings();
+
+    /// Puts the columns in the order of the format.
+    void SetInitialColumns();
+
+    /// Tells what is wrong in the columns, and asks about what is unusual.
+    /// @return false when the dialog is to stay
+    [[nodiscard]] bool CheckColumnValidity();
+
+    /// Fills the preview.
+    void SetDataGrid();
+
+    /// The convention code of the options.
+    [[nodiscard]] std::int16_t SetConventions() const;
+
+    /// Puts the choice into the globals of the format.
+    void SetGlobalSettings();
+
+    void accept() override;
+
+    QTabWidget* tabConventions;
+    std::array<QRadioButton*, 4> optPrimary{}; ///< from 1 on
+    std::array<QRadioButton*, 6> optSecondary{};
+    std::array<QComboBox*, kColumnSlots> cboColumns{};
+    std::array<QLabel*, kColumnSlots> lblColumns{};
+    std::array<QCheckBox*, 3> chkAppended{};
+    QCheckBox* chkFreqIsAppended;
+    std::array<QComboBox*, 2> cboAppName{};
+    QComboBox* cboDelim;
+    QCheckBox* chkTableHeadings;
+    std::array<QCheckBox*, 3> chkSaveSettings{}; ///< columns, conventions, names
+    QPushButton* cmdUseSaved;
+    QPushButton* cmdInitialColumns;
+    std::array<QRadioButton*, 7> optPlaneConv{}; ///< from 1 on
+    std::array<QLabel*, 7> lblPlaneSample{};     ///< how each looks, from 1 on
+    std::array<QRadioButton*, 2> optLineConv{};
+    std::array<QRadioButton*, 2> optDirnConv{};
+    std::array<QComboBox*, 2> cboSeparator{};  ///< planes, lines
+    std::array<QPushButton*, 4> cmdDataType{}; ///< from 1 on
+    QCheckBox* chkSecondaryData;
+    std::array<PictureBox*, 2> picCurrentSymbol{};
+    std::array<QLabel*, 2> lblUpSymbol{};
+    FormatGrid* grdDataFormat = nullptr;
+    QLabel* lblDataMismatch;
+    QLabel* lblMismatchReasons;
+    std::array<QLabel*, 2> lblOtherData{};
+    QLabel* lblConventions;
+    QLabel* lblPreview;
+    std::array<QPushButton*, 4> cmdButtons{}; ///< OK, Cancel, Defaults, Change
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void MakePages();
+    [[nodiscard]] QWidget* MakeColumnsPage();
+    [[nodiscard]] QGroupBox* MakePrimaryBox();
+    [[nodiscard]] QGroupBox* MakeSecondaryBox();
+    [[nodiscard]] QGroupBox* MakeAppendedBox();
+    [[nodiscard]] QWidget* MakeConventionsPage();
+    [[nodiscard]] QGroupBox* MakePlaneConventionBox();
+    [[nodiscard]] QGroupBox* MakeSeparatorBox();
+    [[nodiscard]] QGroupBox* MakePlotBox();
+    [[nodiscard]] QGroupBox* MakeSymbolBox();
+    [[nodiscard]] QWidget* MakeFileLine();
+    [[nodiscard]] QWidget* MakeMismatchLine();
+    [[nodiscard]] QWidget* MakeButtonLine();
+    void AddSelector(QGroupBox* box, int slot);
+    void SetOrder();
+    void FollowOptions(std::span<QRadioButton* const> options);
+    void ConnectFormat();
+    void ConnectConventions();
+    void ConnectPlotAndButtons();
+
+    void ReadFirstLines();
+    [[nodiscard]] FormatChoice ChoiceOfControls() const;
+    void FormatChanged();
+    void ChoosePlotKind(std::int16_t kind);
+    void ShowPlotKind();
+    void SetCombo(int slot, bool inUse, const std::string& name);
+    void ColourLabels();
+    void DrawSymbols();
+    void RestoreSymbols();
+    void GoToSelector(int slot);
+    [[nodiscard]] bool CheckPlotType();
+
+    FormatQuestion question_;
+    FormatChoice choice_;
+    bool joinsRows_;
+    std::vector<std::string> lines_; ///< of the file
+    FormatPreview preview_;
+    std::array<int, 2> symbolRows_; ///< of gSymbolTable
+    std::array<SymbolRow, 2> symbols_;
+    bool loading_ = false; ///< controls are being set by the program
+};
+
+} // namespace quandrel

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/frm_plot_forms.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "shell/icons.h"
+#include "shell/picture_box.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_state.h"
+
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kTag = "Tag";
+constexpr int kAnnotationTab = 0;
+constexpr int kDataTab = 1;
+constexpr int kLegendMargin = 5;
+constexpr const char* kDescriptionHint = "Enter description of data if required";
+constexpr const char* kFabricHint = "Enter name of structural fabric";
+
+QFont FontOf(const PlotFont& font) {
+    QFont made;
+    if (!font.font.family.empty()) {
+        made.setFamily(QString::fromStdString(font.font.family));
+    }
+    made.setPointSizeF(std::max(font.font.points, 1.0));
+    made.setBold(font.font.bold);
+    made.setItalic(font.font.italic);
+    made.setUnderline(font.font.underline);
+    return made;
+}
+
+/// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
+void UseFont(QWidget& box, PlotFontPlace place) {
+    const PlotFont& font = gPlotFonts[place];
+    const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
+    const QColor colour(ink.red, ink.green, ink.blue);
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, colour);
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
+    box.setPalette(palette);
+    box.setFont(FontOf(font));
+}
+
+} // namespace
+
+frmPlotForms::frmPlotForms(int slot)
+    : body_(new QWidget) {
+    setObjectName("frmPlotForms_" + QString::number(slot));
+    setProperty(kTag, QString::number(slot));
+    setWindowIcon(IconOf("equal_area"));
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setWidget(body_);
+    MakePictures();
+    MakeTexts();
+    MakeTabs();
+    SetOrder();
+    ApplyFonts();
+    body_->installEventFilter(this);
+    setMinimumSize(240, 200);
+}
+
+int frmPlotForms::Slot() const {
+    return property(kTag).toString().toInt();
+}
+
+void frmPlotForms::MakePictures() {
+    picStereoArea = new PictureBox(body_);
+    picStereoArea->setObjectName("picStereoArea");
+    picStereoArea->setAccessibleName("Plot");
+    picStereoArea->setFocusPolicy(Qt::StrongFocus);
+    picStereoArea->setMouseTracking(true);
+    picLegendBox = new PictureBox(body_, kLegendMargin);
+    picLegendBox->setObjectName("picLegendBox");
+    picLegendBox->setAccessibleName("Legend");
+    picLegendBox->installEventFilter(this);
+    const auto redraw = [this] { RedrawPlot(Slot()); };
+    picStereoArea->onStale = redraw;
+    picLegendBox->onStale = redraw;
+}
+
+QPlainTextEdit* frmPlotForms::MakeTextBox(const QString& name, const QString& title) {
+    auto* box = new QPlainTextEdit(body_);
+    box->setObjectName(name);
+    box->setAccessibleName(title);
+    box->setAcceptDrops(false);
+    box->setTabChangesFocus(true);
+    box->installEventFilter(this);
+    return box;
+}
+
+void frmPlotForms::MakeTexts() {
+    txtDescBox = MakeTextBox("txtDescBox", "Data description");
+    txtDescBox->setPlaceholderText("Data description");
+    txtDescBox->setToolTip(kDescriptionHint);
+    connect(txtDescBox, &QPlainTextEdit::textChanged, this,
+            [this] { DescribePlot(Slot(), txtDescBox->toPlainText().toStdString()); });
+    txtStatsBox[0] = MakeTextBox("txtStatsBox_0", "Statistics");
+    txtStatsBox[1] = MakeTextBox("txtStatsBox_1", "Advanced statistics");
+    for (QPlainTextEdit* box : txtStatsBox) {
+        box->setReadOnly(true);
+        box->setLineWrapMode(QPlainTextEdit::NoWrap);
+        box->hide();
+    }
+    txtFabricBox = new QLineEdit(body_);
+    txtFabricBox->setObjectName("txtFabricBox");
+    txtFabricBox->setAccessibleName("Fabric");
+    txtFabricBox->setPlaceholderText("Fabric");
+    txtFabricBox->setToolTip(kFabricHint);
+    txtFabricBox->setAcceptDrops(false);
+    txtFabricBox->installEventFilter(this);
+    connect(txtFabricBox, &QLineEdit::textChanged, this,
+            [this](const QString& text) { NameFabric(Slot(), text.toStdString()); });
+    lblNumBox = new QLabel("0 Pts", body_);
+    lblNumBox->setObjectName("lblNumBox");
+    lblNumBox->setTextFormat(Qt::PlainText);
+    lblNumBox->setToolTip("Number of data");
+    lblNumBox->setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void frmPlotForms::MakeTabs() {
+    tabLayers = new QTabBar(body_);
+    tabLayers->setObjectName("tabLayers");
+    tabLayers->setAccessibleName("Layer under edit");
+    tabLayers->setDrawBase(false);
+    tabLayers->addTab("Annotations");
+    tabLayers->setTabToolTip(kAnnotationTab, "Select Annotation layer for editing");
+    tabLayers->addTab("Data Layer");
+    tabLayers->setTabToolTip(kDataTab, "Select 1st data layer for editing");
+    tabLayers->setCurrentIndex(kDataTab);
+    shpAnnUp = new QLabel(QString(QChar(0x25B2)), body_);
+    shpAnnUp->setObjectName("shpAnnUp");
+    shpAnnUp->setToolTip("The annotation layer is under edit");
+    shpAnnUp->setAlignment(Qt::AlignCenter);
+    shpAnnUp->setStyleSheet("color: #d1402f");
+    shpAnnUp->hide();
+    connect(tabLayers, &QTabBar::currentChanged, this, [this] { UseOwnLayer(); });
+    cmdResizeButton = new QToolButton(body_);
+    cmdResizeButton->setObjectName("cmdResizeButton");
+    cmdResizeButton->setIcon(IconOf("resize"));
+    cmdResizeButton->setToolTip("Replot into current window");
+    cmdResizeButton->setAccessibleName("Replot into current window");
+    cmdResizeButton->setAutoRaise(true);
+    connect(cmdResizeButton, &QToolButton::clicked, this, [this] { ReplotIntoWindow(); });
+}
+
+void frmPlotForms::SetOrder() {
+    const std::array<QWidget*, 7> order = {picStereoArea,  tabLayers,      txtFabricBox,
+                                           txtDescBox,     txtStatsBox[0], txtStatsBox[1],
+                                           cmdResizeButton};
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+    body_->setFocusProxy(picStereoArea);
+    lblNumBox->raise();
+}
+
+void frmPlotForms::ApplyFonts() {
+    UseFont(*txtDescBox, kGeneralFont);
+    UseFont(*txtFabricBox, kFabricFont);
+    for (QPlainTextEdit* box : txtStatsBox) {
+        UseFont(*box, kStatsFont);
+    }
+    UseFont(*lblNumBox, kGeneralFont);
+}
+
+Surface& frmPlotForms::PlotSurface() {
+    return picStereoArea->Picture();
+}
+
+Surface& frmPlotForms::LegendSurface() {
+    return picLegendBox->Picture();
+}
+
+void frmPlotForms::SetCaption(const std::string& caption) {
+    setWindowTitle(QString::fromStdString(caption));
+}
+
+std::string frmPlotForms::Caption() const {
+    return windowTitle().toStdString();
+}
+
+void frmPlotForms::SetBoxText(PlotBox box, const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    switch (box) {
+    case PlotBox::NumberOfData:
+        lblNumBox->setText(shown);
+        break;
+    case PlotBox::Fabric:
+        txtFabricBox->setText(shown);
+        break;
+    case PlotBox::Description:
+        txtDescBox->setPlainText(shown);
+        break;
+    case PlotBox::StatsNormal:
+        txtStatsBox[0]->setPlainText(shown);
+        break;
+    case PlotBox::StatsAdvanced:
+        txtStatsBox[1]->setPlainText(shown);
+        break;
+    }
+}
+
+std::string frmPlotForms::BoxText(PlotBox box) const {
+    switch (box) {
+    case PlotBox::NumberOfData:
+        return lblNumBox->text().toStdString();
+    case PlotBox::Fabric:
+        return txtFabricBox->text().toStdString();
+    case PlotBox::Description:
+        return txtDescBox->toPlainText().toStdString();
+    case PlotBox::StatsNormal:
+        return txtStatsBox[0]->toPlainText().toStdString();
+    case PlotBox::StatsAdvanced:
+        return txtStatsBox[1]->toPlainText().toStdString();
+    }
+    return {};
+}
+
+void frmPlotForms::Show() {
+    FollowRecord();
+    picStereoArea->update();
+    picLegendBox->update();
+}
+
+void frmPlotForms::Close() {
+    hide();
+}
+
+void frmPlotForms::AddLayerTab(const QString& name, const QString& kind) {
+    if (kind != "New" && kind != "File" && kind != "Binary") {
+        return;
+    }
+    tabLayers->setTabText(kDataTab, name.startsWith("File") ? "File" : "Data layer");
+    tabLayers->setTabToolTip(kDataTab, "Select main data set");
+    tabLayers->setCurrentIndex(kDataTab);
+}
+
+PlotParts frmPlotForms::ShownParts() const {
+    const PlotRecord& record = RecordOf(Slot());
+    const auto shown = [&record](PlotLayer layer) { return record.LayerVisible[layer] != 0; };
+    PlotParts parts;
+    parts.fabric = shown(kFabricLayer);
+    parts.description = shown(kDescriptionLayer);
+    parts.legend = shown(kLegendLayer);
+    parts.number = shown(kNumberLayer);
+    const QPlainTextEdit* box = txtStatsBox[record.StatsBoxKind != 0 ? 1 : 0];
+    parts.statistics = shown(kStatisticsLayer) && !box->document()->isEmpty();
+    return parts;
+}
+
+void frmPlotForms::FollowRecord() {
+    const PlotRecord& record = RecordOf(Slot());
+    if (BoxText(PlotBox::Description) != record.DescriptionText) {
+        SetBoxText(PlotBox::Description, record.DescriptionText);
+    }
+    if (BoxText(PlotBox::Fabric) != record.FabricText) {
+        SetBoxText(PlotBox::Fabric, record.FabricText);
+    }
+    LayOut();
+}
+
+void frmPlotForms::LayOut() {
+    if (!IsOpenSlot(Slot())) {
+        return;
+    }
+    const PlotParts parts = ShownParts();
+    PlotMetrics metrics;
+    metrics.tabs = std::max(tabLayers->sizeHint().height(), cmdResizeButton->sizeHint().height());
+    metrics.line = txtFabricBox->sizeHint().height();
+    const PlotLayout layout = LayOutPlot(body_->size(), parts, metrics);
+    tabLayers->setGeometry(
+        QRect(layout.tabs.topLeft(), tabLayers->sizeHint()).intersected(layout.tabs));
+    shpAnnUp->setGeometry(tabLayers->geometry().right() + 4, layout.tabs.top(), metrics.tabs,
+                          metrics.tabs);
+    cmdResizeButton->setGeometry(layout.resizeButton);
+    picStereoArea->setGeometry(layout.net);
+    const bool isAdvanced = RecordOf(Slot()).StatsBoxKind != 0;
+    const auto show = [](QWidget* widget, bool shown, const QRect& rect) {
+        widget->setVisible(shown);
+        if (shown) {
+            widget->setGeometry(rect);
+        }
+    };
+    show(txtFabricBox, parts.fabric, layout.fabric);
+    show(txtDescBox, parts.description, layout.description);
+    show(picLegendBox, parts.legend, layout.legend);
+    show(lblNumBox, parts.number, layout.number);
+    show(txtStatsBox[0], parts.statistics && !isAdvanced, layout.statistics);
+    show(txtStatsBox[1], parts.statistics && isAdvanced, layout.statistics);
+}
+
+void frmPlotForms::Place(const QRect& rect) {
+    placing_ = true;
+    setGeometry(rect);
+    placing_ = false;
+}
+
+void frmPlotForms::ReplotIntoWindow() {
+    if (gBusy) {
+        return;
+    }
+    const PlotInWork work(Slot());
+    FollowRecord();
+    ReplotActivePlot(false);
+}
+
+void frmPlotForms::UseOwnLayer() {
+    const bool isAnnotations = tabLayers->currentIndex() == kAnnotationTab;
+    gActiveLayer = isAnnotations ? kAnnotationLayer : kDataLayer;
+    shpAnnUp->setVisible(isAnnotations);
+}
+
+void frmPlotForms::closeEvent(QCloseEvent* event) {
+    // The window goes when the plot goes, after the questions that the plot calls for.
+    event->ignore();
+    Q_EMIT CloseWanted(Slot());
+}
+
+void frmPlotForms::resizeEvent(QResizeEvent* event) {
+    QMdiSubWindow::resizeEvent(event);
+    if (!placing_ && isVisible() && !isMinimized() && !isMaximized()) {
+        Q_EMIT ResizedByHand(size());
+    }
+}
+
+bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
+    if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {
+        LayOut();
+    }
+    const bool isViewBox =
+        object == picLegendBox || object == txtStatsBox[0] || object == txtStatsBox[1];
+    if (isViewBox && event->type() == QEvent::ContextMenu) {
+        Q_EMIT ViewMenuWanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true;
+    }
+    if (object == txtDescBox || object == txtFabricBox) {
+        if (event->type() == QEvent::FocusIn) {
+            Q_EMIT Hint(object == txtDescBox ? kDescriptionHint : kFabricHint);
+        } else if (event->type() == QEvent::FocusOut) {
+            Q_EMIT Hint({});
+        }
+    }
+    return QMdiSubWindow::eventFilter(object, event);
+}
+
+} // namespace quandrel

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+//
+// The window of a plot: the net, the boxes about it, and the layer under edit. It passes on what
+// the user does and shows what the plot's record says.
+
+#pragma once
+
+#include "platform/plot_form.h"
+#include "shell/plot_layout.h"
+
+#include <QMdiSubWindow>
+
+#include <array>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QTabBar;
+class QToolButton;
+
+namespace quandrel {
+
+class PictureBox;
+
+class frmPlotForms : public QMdiSubWindow, public PlotForm {
+    Q_OBJECT
+
+public:
+    explicit frmPlotForms(int slot);
+
+    /// The slot, as the window's Tag says.
+    [[nodiscard]] int Slot() const;
+
+    [[nodiscard]] Surface& PlotSurface() override;
+    [[nodiscard]] Surface& LegendSurface() override;
+    void SetCaption(const std::string& caption) override;
+    [[nodiscard]] std::string Caption() const override;
+    void SetBoxText(PlotBox box, const std::string& text) override;
+    [[nodiscard]] std::string BoxText(PlotBox box) const override;
+    void Show() override;
+    void Close() override;
+
+    /// Names the tab of the data when data arrive, and selects it.
+    void AddLayerTab(const QString& name, const QString& kind);
+
+    /// Shows and hides the parts as the plot's record says, and places them.
+    void FollowRecord();
+
+    /// Gives the window a place that is not the user's doing.
+    void Place(const QRect& rect);
+
+    /// Lays the boxes out anew and draws the plot into the present size.
+    void ReplotIntoWindow();
+
+    /// Takes the layer of this window as the one under edit.
+    void UseOwnLayer();
+
+    PictureBox* picStereoArea;
+    PictureBox* picLegendBox;
+    QPlainTextEdit* txtDescBox;
+    std::array<QPlainTextEdit*, 2> txtStatsBox; ///< normal, advanced
+    QTabBar* tabLayers;
+    QLineEdit* txtFabricBox;
+    QToolButton* cmdResizeButton;
+    QLabel* shpAnnUp;
+    QLabel* lblNumBox;
+
+Q_SIGNALS:
+    /// The user wants the window closed.
+    void CloseWanted(int slot);
+    /// The View menu is wanted at a place of the screen.
+    void ViewMenuWanted(const QPoint& at);
+    /// A text for the information line; empty puts the usual one back.
+    void Hint(const QString& text);
+    /// The user has given the window another size.
+    void ResizedByHand(const QSize& size);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void MakePictures();
+    void MakeTexts();
+    void MakeTabs();
+    void SetOrder();
+    void ApplyFonts();
+    void LayOut();
+    [[nodiscard]] PlotParts ShownParts() const;
+    [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);
+
+    QWidget* body_;
+    bool placing_ = false;
+};
+
+} // namespace quandrel

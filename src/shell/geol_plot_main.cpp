@@ -1,0 +1,437 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/geol_plot_main.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/file_loading.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+#include "program/closing.h"
+#include "program/start.h"
+#include "program/unplotted_lines.h"
+#include "program/window_places.h"
+#include "program/window_state.h"
+#include "shell/commands.h"
+#include "shell/frm_intro.h"
+#include "shell/frm_plot_forms.h"
+#include "shell/girdle_panel.h"
+#include "shell/icons.h"
+#include "shell/main_menus.h"
+#include "shell/tool_strip.h"
+#include "shell/window_arrangement.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QScreen>
+#include <QSlider>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kReadoutWidth = 150;
+constexpr int kBarWidth = 180;
+
+WindowRect RectOf(const QRect& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+QRect QtRect(const WindowRect& rect) {
+    return {rect.left, rect.top, rect.width, rect.height};
+}
+
+WindowState StateOf(const QWidget& window) {
+    if (window.isMinimized()) {
+        return WindowState::Minimised;
+    }
+    return window.isMaximized() || window.isFullScreen() ? WindowState::Maximised
+                                                         : WindowState::Normal;
+}
+
+/// The files among what is dragged.
+QStringList FilesOf(const QMimeData& data) {
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
+            files << url.toLocalFile();
+        }
+    }
+    return files;
+}
+
+} // namespace
+
+GeolPlotMain::GeolPlotMain()
+    : commands_(new Commands(this)) {
+    setObjectName("GeolPlotMain");
+    setWindowTitle(gCaption);
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    MakeStatusBar();
+    MakeToolBars();
+    MakePlotRoom();
+    menus_ = std::make_unique<MainMenus>(*this, *commands_);
+    prompts_ = std::make_unique<WidgetPrompts>(*this);
+    status_ = std::make_unique<MainStatusLine>(*panInfoLine, *progBar);
+    gPlatform.prompts = prompts_.get();
+    gPlatform.status = status_.get();
+    gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
+    ConnectFileCommands();
+    ConnectCopyCommands();
+    ConnectEditCommands();
+    ConnectPlotCommands();
+    ConnectViewCommands();
+    ConnectWindowCommands();
+    ConnectSlider();
+    connect(commands_, &Commands::Done, this, [this] { UpdatePlotState(); });
+    ShowMenusFor(false);
+    UpdatePlotState();
+    resize(1200, 760);
+}
+
+GeolPlotMain::~GeolPlotMain() {
+    // Plot windows belong to the store, and must not outlive the room that they stand in.
+    for (auto& form : gPlotForm) {
+        form.reset();
+    }
+    gPlatform.makePlotForm = {};
+}
+
+void GeolPlotMain::MakeStatusBar() {
+    panDipAzBox = new QLabel;
+    panDipAzBox->setObjectName("panDipAzBox");
+    panDipAzBox->setMinimumWidth(kReadoutWidth);
+    panDipAzBox->setToolTip("Orientation under the pointer");
+    panInfoLine = new QLabel;
+    panInfoLine->setObjectName("panInfoLine");
+    panInfoLine->setTextFormat(Qt::PlainText);
+    // A long text is cut rather than widening the window.
+    panInfoLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    progBar = new QProgressBar;
+    progBar->setObjectName("progBar");
+    progBar->setMaximumWidth(kBarWidth);
+    progBar->setTextVisible(false);
+    progBar->setToolTip("Esc ends the step");
+    statusBar()->addWidget(panDipAzBox);
+    statusBar()->addWidget(panInfoLine, 1);
+    statusBar()->addPermanentWidget(progBar);
+}
+
+void GeolPlotMain::MakeToolBars() {
+    panToolbarBox_ = new ToolStrip(*commands_);
+    addToolBar(panToolbarBox_);
+    toolMapInfo_ = new QToolBar("MapInfo");
+    toolMapInfo_->setObjectName("toolMapInfo");
+    addToolBar(toolMapInfo_);
+    toolMapInfo_->hide();
+    panGirdleBox_ = new GirdlePanel(this);
+    addDockWidget(Qt::RightDockWidgetArea, panGirdleBox_);
+    // Closing the panel by its own button is pressing the button that shows it.
+    panGirdleBox_->toggleViewAction()->setVisible(false);
+    panGirdleBox_->installEventFilter(this);
+}
+
+void GeolPlotMain::MakePlotRoom() {
+    room_ = new QMdiArea;
+    room_->setObjectName("mdiPlots");
+    room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(room_);
+    intro_ = new frmIntro(room_->viewport());
+    room_->viewport()->installEventFilter(this);
+    connect(room_, &QMdiArea::subWindowActivated, this,
+            [this](QMdiSubWindow* window) { Activated(window); });
+    connect(intro_, &frmIntro::StartWanted, this, [this](int index) { IntroButtonStart(index); });
+}
+
+std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
+    auto form = std::make_unique<frmPlotForms>(slot);
+    frmPlotForms* window = form.get();
+    room_->addSubWindow(window);
+    const QSize room = room_->viewport()->size();
+    window->Place(QtRect(NewPlotWindowPlace(slot, width(), room.width(), room.height())));
+    // A plot must not go while its window is still at work on what the user did.
+    connect(
+        window, &frmPlotForms::CloseWanted, this,
+        [this](int closing) {
+            if (!gBusy) {
+                ClosePlotWindow(closing);
+                UpdatePlotState();
+            }
+        },
+        Qt::QueuedConnection);
+    connect(window, &frmPlotForms::ViewMenuWanted, this,
+            [this](const QPoint& at) { menus_->mnuView->popup(at); });
+    connect(window, &frmPlotForms::Hint, this,
+            [this](const QString& hint) { panInfoLine->setText(hint.isEmpty() ? info_ : hint); });
+    connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {
+        KeepPlotWindowSize(size.width(), size.height(), width());
+    });
+    intro_->hide();
+    window->show();
+    return form;
+}
+
+void GeolPlotMain::ShowAtLastPlace() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const MainWindowStart start =
+        StartOfMainWindow(screen != nullptr ? RectOf(screen->availableGeometry()) : WindowRect{});
+    if (start.state == WindowState::Normal) {
+        setGeometry(QtRect(start.rect));
+        show();
+    } else {
+        showMaximized();
+    }
+}
+
+void GeolPlotMain::SetStatusText(const QString& text) {
+    info_ = text;
+    panInfoLine->setText(text);
+}
+
+void GeolPlotMain::IntroButtonStart(int index) {
+    if (gBusy) {
+        return;
+    }
+    const bool opened = IntroStart(index);
+    if (opened) {
+        AfterOpening("New");
+    }
+    UpdatePlotState();
+}
+
+void GeolPlotMain::OpenFiles(const QStringList& paths) {
+    if (gBusy) {
+        return;
+    }
+    for (const QString& path : paths) {
+        if (OpenPlotFile("File" + path.toStdString()) != kLoadError) {
+            AfterOpening("File");
+        }
+    }
+    UpdatePlotState();
+}
+
+frmPlotForms* GeolPlotMain::ActiveForm() const {
+    // A window that is only being made is not in the store yet.
+    return IsOpenSlot(gActivePlot)
+               ? static_cast<frmPlotForms*>(gPlotForm[static_cast<std::size_t>(gActivePlot)].get())
+               : nullptr;
+}
+
+void GeolPlotMain::Activated(QMdiSubWindow* window) {
+    auto* form = dynamic_cast<frmPlotForms*>(window);
+    if (form == nullptr || !IsOpenSlot(form->Slot())) {
+        return;
+    }
+    gActivePlot = form->Slot();
+    form->UseOwnLayer();
+    UpdatePlotState();
+}
+
+void GeolPlotMain::closeEvent(QCloseEvent* event) {
+    if (gBusy || !CloseAllPlots(Closing::Application)) {
+        event->ignore();
+        UpdatePlotState();
+        return;
+    }
+    KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
+    if (!SaveSettings(6)) {
+        SetStatusText("The settings could not be saved");
+    }
+    event->accept();
+}
+
+void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void GeolPlotMain::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    const QStringList files = FilesOf(*event->mimeData());
+    // The place that the files come from waits for the drop to end; questions come after that.
+    QMetaObject::invokeMethod(
+        this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
+}
+
+void GeolPlotMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && panToolbarBox_ != nullptr) {
+        panToolbarBox_->update();
+    }
+}
+
+bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
+    if (object == room_->viewport() && event->type() == QEvent::Resize) {
+        PlaceIntro();
+    }
+    if (object == panGirdleBox_ && event->type() == QEvent::Close && IsOpenSlot(gActivePlot)) {
+        ShowPlotPart(kShowGirdles, false);
+        UpdateToolbar();
+    }
+    return QMainWindow::eventFilter(object, event);
+}
+
+void GeolPlotMain::PlaceIntro() {
+    intro_->adjustSize();
+    const QSize room = room_->viewport()->size();
+    intro_->move((room.width() - intro_->width()) / 2,
+                 std::max((room.height() - intro_->height()) / 2, 0));
+}
+
+void GeolPlotMain::ShowMenusFor(bool hasPlots) {
+    menusHavePlots_ = hasPlots;
+    menus_->FillBar(*menuBar(), hasPlots);
+}
+
+void GeolPlotMain::UpdatePlotState() {
+    const bool hasPlots = CountOpenPlots() > 0;
+    if (hasPlots != menusHavePlots_) {
+        ShowMenusFor(hasPlots);
+    }
+    FollowGridOfPlot();
+    UpdateToolbar();
+    UpdateEditMenus();
+    UpdatePlotMenus();
+    menus_->RefreshRecent();
+    RefreshWindowMenu();
+    GirdleBoxDisplay();
+    intro_->setVisible(!hasPlots);
+    if (!hasPlots) {
+        intro_->Refresh();
+        PlaceIntro();
+        SetStatusText({});
+    }
+    if (frmPlotForms* form = ActiveForm()) {
+        form->FollowRecord();
+    }
+}
+
+void GeolPlotMain::UpdateToolbar() {
+    const ToolbarState state = StateOfToolbar();
+    const auto set = [this](const QString& name, const ControlState& control) {
+        commands_->Enable(name, control.enabled, control.down);
+    };
+    for (int i = 0; i < 3; ++i) {
+        set("mnuPlotType_" + QString::number(i), state.plotTypes[static_cast<std::size_t>(i)]);
+        set("mnuPlotDataType_" + QString::number(i), state.dataTypes[static_cast<std::size_t>(i)]);
+    }
+    for (int i = 0; i < kSymbolButtons; ++i) {
+        // The menu has a separator in front of the items of the secondary data.
+        const int item = i < kOverlaySecondaryButton ? i : i + 1;
+        set("mnuPlotSymbols_" + QString::number(item), state.symbols[static_cast<std::size_t>(i)]);
+    }
+    for (int i = 0; i < kDisplayButtons; ++i) {
+        set("mnuViewLegends_" + QString::number(i), state.display[static_cast<std::size_t>(i)]);
+    }
+    set("mnuPlotSecondary", state.secondary[0]);
+    set("mnuPlotAnnotation", state.annotations);
+    commands_->Enable("mnuPlotIntersection", state.intersections);
+    for (const char* name :
+         {"mnuFileLoad_1", "mnuFileLoad_2", "mnuFileSave_0", "mnuFileSave_1", "mnuFileSave_3",
+          "mnuFileClose_0", "mnuFileClose_1", "mnuFileExport", "mnuFileCopyImage_0",
+          "mnuFilePrint_0", "mnuEditRefresh", "mnuEditReCalculate", "mnuWindow_0", "mnuWindow_1",
+          "mnuWindow_2", "mnuWindow_3"}) {
+        commands_->Enable(name, state.hasPlot);
+    }
+    commands_->Enable("mnuFileSave_2", state.hasSeveralPlots);
+    commands_->Enable("mnuFileCopyImage_1", state.hasPlot && state.display[kShowLegend].down);
+    for (const char* name : {"mnuPlotRotate", "mnuKinematicPlots_0", "mnuKinematicPlots_1",
+                             "mnuKinematicPlots_2", "mnuViewClassification"}) {
+        commands_->Enable(name, state.hasRows);
+    }
+    commands_->Enable("mnuEditSmallCircles", state.hasPlot && state.isStereo);
+    commands_->Enable("mnuEditGirdles", state.hasPlot && state.isStereo);
+    panToolbarBox_->panGridDensity->setEnabled(state.gridDensity);
+    panToolbarBox_->ShowGrid();
+}
+
+void GeolPlotMain::UpdateEditMenus() {
+    const EditMenuState state = StateOfEditMenu();
+    commands_->Of("mnuEditSelection_4").setText(QString::fromStdString(state.pasteCaption));
+    commands_->Enable("mnuEditSelection_4", state.paste);
+    commands_->Enable("mnuEditSelection_6", state.changeSymbol);
+    commands_->Enable("mnuEditSelection_7", state.selectAll);
+    commands_->Enable("mnuEditRemoveOverlay", state.removeOverlay);
+    commands_->Enable("mnuEditRemoveAnnotation", state.removeAnnotation);
+    commands_->Enable("mnuViewAnnotations", state.removeAnnotation);
+}
+
+void GeolPlotMain::UpdatePlotMenus() {
+    const MenuCaptions captions = CaptionsOfMenus();
+    commands_->Of("mnuPlotSecondary").setText(QString::fromStdString(captions.plotSecondary));
+    commands_->Of("mnuViewAdvStats").setText(QString::fromStdString(captions.viewAdvStats));
+    commands_->Of("mnuViewAnnotations").setText(QString::fromStdString(captions.viewAnnotations));
+    commands_->Of("mnuPlotAnnotation").setToolTip(QString::fromStdString(captions.annotationTip));
+    commands_->Of("mnuViewToolbar")
+        .setText(panToolbarBox_->isHidden() ? "Show &Toolbar" : "Hide &Toolbar");
+    const frmPlotForms* form = ActiveForm();
+    commands_->Enable("mnuViewAdvStats",
+                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
+    commands_->Enable("mnuFileCopyStats_0",
+                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
+    commands_->Enable("mnuFileCopyStats_1",
+                      form != nullptr && !form->BoxText(PlotBox::StatsAdvanced).empty());
+    commands_->Enable("mnuViewUnplotted", HasUnplottedLines());
+}
+
+void GeolPlotMain::GirdleBoxDisplay() {
+    const bool shown = IsOpenSlot(gActivePlot) && IsPlotPartShown(kShowGirdles);
+    if (shown) {
+        UpdateGirdles();
+    }
+    panGirdleBox_->setVisible(shown);
+}
+
+void GeolPlotMain::UpdateGirdles() {
+    panGirdleBox_->Refresh();
+}
+
+void GeolPlotMain::RefreshWindowMenu() {
+    QMenu& menu = *menus_->mnuWindow;
+    for (QAction* action : menu.actions()) {
+        if (action->objectName().startsWith("mnuWindowPlot_")) {
+            delete action;
+        }
+    }
+    for (QMdiSubWindow* window : room_->subWindowList()) {
+        const auto* form = dynamic_cast<frmPlotForms*>(window);
+        if (form == nullptr || !IsOpenSlot(form->Slot())) {
+            continue;
+        }
+        const QString title = QString::fromStdString(RecordOf(form->Slot()).PlotTitle);
+        QAction* action = menu.addAction(QString(title).replace("&", "&&"));
+        action->setObjectName("mnuWindowPlot_" + QString::number(form->Slot()));
+        action->setCheckable(true);
+        action->setChecked(form->Slot() == gActivePlot);
+        connect(action, &QAction::triggered, this, [this, window] {
+            room_->setActiveSubWindow(window);
+            window->showNormal();
+        });
+    }
+}
+
+void GeolPlotMain::ArrangeWindows(int way) {
+    QList<frmPlotForms*> windows;
+    for (QMdiSubWindow* window : room_->subWindowList(QMdiArea::CreationOrder)) {
+        if (auto* form = dynamic_cast<frmPlotForms*>(window)) {
+            windows << form;
+        }
+    }
+    Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size());
+}
+
+} // namespace quandrel

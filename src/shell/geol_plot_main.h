@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+//
+// The main window: the parent of all plot windows, with the tool strip, the menus and the status
+// line. Its handlers read a control, call one procedure and show the result.
+
+#pragma once
+
+#include "shell/main_status_line.h"
+#include "shell/widget_prompts.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QProgressBar;
+class QToolBar;
+
+namespace quandrel {
+
+class Commands;
+class GirdlePanel;
+class MainMenus;
+class PlotForm;
+class ToolStrip;
+class frmIntro;
+class frmPlotForms;
+
+class GeolPlotMain : public QMainWindow {
+public:
+    /// The engine must have been initialised, all but the windows.
+    GeolPlotMain();
+    ~GeolPlotMain() override;
+
+    GeolPlotMain(const GeolPlotMain&) = delete;
+    GeolPlotMain& operator=(const GeolPlotMain&) = delete;
+
+    /// Shows the window where it was left.
+    void ShowAtLastPlace();
+
+    /// A start command of the intro screen or a recent file: IntroStart of the engine.
+    void IntroButtonStart(int index);
+
+    /// Opens files as new plots, one after the other.
+    void OpenFiles(const QStringList& paths);
+
+    /// Shows or hides the girdle panel as its button says.
+    void GirdleBoxDisplay();
+
+    /// Fills the girdle panel from the active plot.
+    void UpdateGirdles();
+
+    /// Writes to the information line.
+    void SetStatusText(const QString& text);
+
+    /// Brings buttons, menus and dialogs in line with the active plot.
+    void UpdatePlotState();
+
+    /// The window of a slot, for the engine.
+    [[nodiscard]] std::unique_ptr<PlotForm> MakePlotForm(int slot);
+
+    [[nodiscard]] Commands& AllCommands() { return *commands_; }
+
+    QLabel* panInfoLine;
+    QProgressBar* progBar;
+    QLabel* panDipAzBox;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void MakeStatusBar();
+    void MakeToolBars();
+    void MakePlotRoom();
+    void ConnectFileCommands();
+    void ConnectCopyCommands();
+    void ConnectEditCommands();
+    void ConnectPlotCommands();
+    void ConnectViewCommands();
+    void ConnectWindowCommands();
+    void ConnectSlider();
+
+    void Open(const char* command);
+    void AfterOpening(const QString& command);
+    void Save(int kind);
+    void ExportImage();
+    void CopyImage(bool legend);
+    void EditFormat();
+    void ChooseDataFolder();
+    void ShowUnplottedLines();
+    void ShowAbout();
+    void RefreshWindowMenu();
+
+    void Activated(QMdiSubWindow* window);
+    void UpdateToolbar();
+    void UpdateEditMenus();
+    void UpdatePlotMenus();
+    void PlaceIntro();
+    void ArrangeWindows(int way);
+    void ShowMenusFor(bool hasPlots);
+    [[nodiscard]] frmPlotForms* ActiveForm() const;
+
+    Commands* commands_;
+    std::unique_ptr<MainMenus> menus_;
+    ToolStrip* panToolbarBox_;
+    QToolBar* toolMapInfo_;
+    GirdlePanel* panGirdleBox_;
+    QMdiArea* room_;
+    frmIntro* intro_;
+    std::unique_ptr<MainStatusLine> status_;
+    std::unique_ptr<WidgetPrompts> prompts_;
+    QString info_; ///< what the information line goes back to after a hint
+    bool menusHavePlots_ = false;
+};
+
+} // namespace quandrel

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// quandrel: the program with its windows.
+
+#include "platform/no_printers.h"
+#include "platform/platform.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_start.h"
+#include "program/start.h"
+#include "shell/geol_plot_main.h"
+
+#include <QApplication>
+#include <QDate>
+
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    quandrel::UseNeutralNumbers();
+    QApplication::setDesktopFileName("quandrel");
+
+    quandrel::QtSettingsStore settings;
+    quandrel::QtClipboard clipboard;
+    quandrel::NoPrinters printers;
+    quandrel::gPlatform.settings = &settings;
+    quandrel::gPlatform.clipboard = &clipboard;
+    quandrel::gPlatform.printers = &printers;
+    quandrel::gPlatform.decimalIsComma = quandrel::QtDecimalIsComma();
+    quandrel::gPlatform.today = QDate::currentDate().toString(Qt::ISODate).toStdString();
+    quandrel::InitialiseApplication();
+
+    quandrel::GeolPlotMain window;
+    window.ShowAtLastPlace();
+    std::vector<std::string> arguments;
+    for (const QString& argument : QApplication::arguments().mid(1)) {
+        arguments.push_back(argument.toStdString());
+    }
+    const std::string file = quandrel::GetCommandLineFile(arguments);
+    if (!file.empty()) {
+        QMetaObject::invokeMethod(
+            &window, [&window, file] { window.OpenFiles({QString::fromStdString(file)}); },
+            Qt::QueuedConnection);
+    }
+    return QApplication::exec();
+}

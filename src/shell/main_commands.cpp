@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+//
+// What the commands of the main window do.
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/file_loading.h"
+#include "input/plot_files.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+#include "platform/qt/plot_picture.h"
+#include "program/closing.h"
+#include "program/start.h"
+#include "program/unplotted_lines.h"
+#include "program/window_state.h"
+#include "shell/commands.h"
+#include "shell/frm_about.h"
+#include "shell/frm_directory_dialog.h"
+#include "shell/frm_export_image.h"
+#include "shell/frm_plot_forms.h"
+#include "shell/frm_text_window.h"
+#include "shell/geol_plot_main.h"
+#include "shell/main_menus.h"
+#include "shell/picture_box.h"
+#include "shell/tool_strip.h"
+#include "stereo/plot_driver.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSlider>
+#include <QToolBar>
+
+#include <algorithm>
+#include <array>
+
+namespace quandrel {
+
+namespace {
+
+/// In the order of the File menu.
+constexpr std::array<const char*, 4> kLoadCommands = {kNewCommand, kMergeCommand, kOverlayCommand,
+                                                      kBlankCommand};
+
+/// Pixels in a logical pixel of a copied picture: enough for paper.
+constexpr double kCopyDensity = 3;
+
+constexpr const char* kPictureFilter =
+    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
+
+QString Numbered(const char* name, int number) {
+    return QString(name) + "_" + QString::number(number);
+}
+
+} // namespace
+
+void GeolPlotMain::Open(const char* command) {
+    if (OpenPlotFile(command) != kLoadError) {
+        AfterOpening(command);
+    }
+}
+
+void GeolPlotMain::AfterOpening(const QString& command) {
+    frmPlotForms* form = ActiveForm();
+    if (form == nullptr) {
+        return;
+    }
+    const PlotRecord& record = ActiveRecord();
+    form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
+    const auto load = gPlotLoads.find(gActivePlot);
+    if (record.NumFiles > 0 && load != gPlotLoads.end()) {
+        SetStatusText(QString::fromStdString(LoadText(load->second)));
+    }
+}
+
+void GeolPlotMain::Save(int kind) {
+    if (kind == static_cast<int>(SaveKind::SaveAll)) {
+        SetStatusText(SaveAllPlots() ? "All plots are saved" : "Not all plots are saved");
+        return;
+    }
+    if (SaveAsciiPlot(static_cast<SaveKind>(kind)) == SaveOutcome::Saved) {
+        SetStatusText("Saved as " + QString::fromStdString(ActiveRecord().FileTitle));
+    }
+}
+
+void GeolPlotMain::ConnectFileCommands() {
+    for (int i = 0; i < static_cast<int>(kLoadCommands.size()); ++i) {
+        commands_->Connect(Numbered("mnuFileLoad", i),
+                           [this, i] { Open(kLoadCommands[static_cast<std::size_t>(i)]); });
+    }
+    for (int kind = 0; kind < 3; ++kind) {
+        commands_->Connect(Numbered("mnuFileSave", kind), [this, kind] { Save(kind); });
+    }
+    commands_->Connect("mnuFileClose_0", [] { ClosePlotWindow(gActivePlot); });
+    commands_->Connect("mnuFileClose_1", [] { CloseAllPlots(Closing::AllWindows); });
+    commands_->Connect("mnuFileFormat", [this] { EditFormat(); });
+    commands_->Connect("mnuFileStruct", [this] { EditFormat(); });
+    commands_->Connect("mnuEditFileFormat", [this] { EditFormat(); });
+    commands_->Connect("mnuFileDirectory", [this] { ChooseDataFolder(); });
+    commands_->Connect("mnuFileExport", [this] { ExportImage(); });
+    commands_->Connect("mnuFileQuit", [this] { close(); });
+    for (std::size_t i = 0; i < menus_->mnuFilePrevious.size(); ++i) {
+        const int index = kFirstRecentFile + static_cast<int>(i);
+        connect(menus_->mnuFilePrevious[i], &QAction::triggered, this,
+                [this, index] { IntroButtonStart(index); });
+    }
+}
+
+void GeolPlotMain::ConnectCopyCommands() {
+    commands_->Connect("mnuFileCopyImage_0", [this] { CopyImage(false); });
+    commands_->Connect("mnuFileCopyImage_1", [this] { CopyImage(true); });
+    commands_->Connect("mnuFileCopyStats_0", [this] {
+        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsNormal));
+    });
+    commands_->Connect("mnuFileCopyStats_1", [this] {
+        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsAdvanced));
+    });
+}
+
+void GeolPlotMain::ConnectEditCommands() {
+    commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
+    commands_->Connect("mnuEditReCalculate", [] { ReplotActivePlot(true); });
+    commands_->Connect("mnuEditRemoveOverlay", [] {
+        RemoveLastOverlay(gActivePlot);
+        ReplotActivePlot(false);
+    });
+    commands_->Connect("mnuEditGirdles", [this] { commands_->Of("mnuViewLegends_0").trigger(); });
+}
+
+void GeolPlotMain::ConnectPlotCommands() {
+    for (int i = 0; i < 3; ++i) {
+        commands_->Connect(Numbered("mnuPlotType", i), [i] { PressPlotType(i); });
+        commands_->Connect(Numbered("mnuPlotDataType", i), [i] { PressDataType(i); });
+    }
+    for (int i = 0; i < kOverlaySecondaryButton; ++i) {
+        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
+    }
+}
+
+void GeolPlotMain::ConnectViewCommands() {
+    for (int i = 0; i < kDisplayButtons; ++i) {
+        commands_->Connect(Numbered("mnuViewLegends", i),
+                           [i] { ShowPlotPart(i, !IsPlotPartShown(i)); });
+    }
+    commands_->Connect("mnuViewAdvStats",
+                       [] { UseAdvancedStatistics(ActiveRecord().StatsBoxKind == 0); });
+    commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
+    commands_->Connect("mnuViewToolbar",
+                       [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
+}
+
+void GeolPlotMain::ConnectWindowCommands() {
+    for (int way = 0; way < 4; ++way) {
+        commands_->Connect(Numbered("mnuWindow", way), [this, way] { ArrangeWindows(way); });
+    }
+    commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });
+}
+
+void GeolPlotMain::ConnectSlider() {
+    QSlider* slider = panToolbarBox_->sldGridDensity;
+    connect(slider, &QSlider::valueChanged, this, [this, slider](int value) {
+        MoveGridSlider(value);
+        panToolbarBox_->ShowGrid();
+        if (!slider->isSliderDown()) {
+            ReleaseGridSlider();
+        }
+    });
+    connect(slider, &QSlider::sliderReleased, this, [] { ReleaseGridSlider(); });
+}
+
+void GeolPlotMain::EditFormat() {
+    FormatQuestion question;
+    question.command = "None";
+    if (IsOpenSlot(gActivePlot)) {
+        question.path = ActiveRecord().FileNames[1];
+        question.showSecondary = ActiveRecord().ShowSecondary != 0;
+        question.columnHeadings = gFileHasHeadings;
+    }
+    if (gPlatform.prompts->AskFormat(question)) {
+        SetStatusText("The data format holds for the next file");
+    }
+}
+
+void GeolPlotMain::ChooseDataFolder() {
+    frmDirectoryDialog dialog(QString::fromStdString(gFilesDirectory), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        gFilesDirectory = dialog.Folder().toStdString();
+        static_cast<void>(SaveSettings(7));
+    }
+}
+
+void GeolPlotMain::ExportImage() {
+    frmExportImage dialog(this);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    PathQuestion question;
+    question.title = "Export Image";
+    question.folder = gLastUsedPath;
+    const std::string& title = ActiveRecord().FileTitle;
+    question.fileName = title.substr(0, title.rfind('.')) + ".png";
+    question.filter = kPictureFilter;
+    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    if (!path) {
+        return;
+    }
+    const std::string error = SavePlotPicture(*path, dialog.Options());
+    if (error.empty()) {
+        SetStatusText("The picture is " + QString::fromStdString(*path));
+    } else {
+        Tell(error);
+    }
+}
+
+void GeolPlotMain::CopyImage(bool legend) {
+    const frmPlotForms& form = *ActiveForm();
+    const PlotBoxSizes boxes{form.picStereoArea->PictureSize(), form.picLegendBox->PictureSize()};
+    QGuiApplication::clipboard()->setImage(
+        PlotImage(legend ? PlotImagePart::Legend : PlotImagePart::Net, boxes, kCopyDensity));
+    SetStatusText(legend ? "The legend is on the clipboard" : "The plot is on the clipboard");
+}
+
+void GeolPlotMain::ShowUnplottedLines() {
+    frmTextWindow window("Lines without data: " + QString::fromStdString(ActiveRecord().PlotTitle),
+                         QString::fromStdString(UnplottedLinesText()), this);
+    window.exec();
+}
+
+void GeolPlotMain::ShowAbout() {
+    frmAbout about(this);
+    about.exec();
+}
+
+} // namespace quandrel

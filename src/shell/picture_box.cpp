@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/picture_box.h"
+
+#include "stereo/draw_target.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quandrel {
+
+PictureBox::PictureBox(QWidget* parent, int margin)
+    : QWidget(parent)
+    , margin_(margin) {
+    if (margin == 0) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    } else {
+        QPalette white = palette();
+        white.setColor(QPalette::Window, Qt::white);
+        setPalette(white);
+        setAutoFillBackground(true);
+    }
+}
+
+QSize PictureBox::PictureSize() const {
+    return size() - QSize(2 * margin_, 2 * margin_);
+}
+
+QSize PictureBox::SizeInPixels() const {
+    const double density = devicePixelRatioF();
+    const auto pixels = [density](int length) {
+        return std::max(1, static_cast<int>(std::lround(length * density)));
+    };
+    return {pixels(PictureSize().width()), pixels(PictureSize().height())};
+}
+
+bool PictureBox::IsStale() const {
+    return drawing_ == nullptr || drawing_->Image().size() != SizeInPixels();
+}
+
+Surface& PictureBox::Picture() {
+    if (IsStale()) {
+        drawing_ =
+            std::make_unique<ImageSurface>(SizeInPixels(), devicePixelRatioF(), kWindowBackground);
+    }
+    return drawing_->Drawing();
+}
+
+QImage PictureBox::Image() const {
+    return drawing_ != nullptr ? drawing_->Image() : QImage();
+}
+
+void PictureBox::paintEvent(QPaintEvent*) {
+    if (IsStale() && onStale) {
+        onStale();
+    }
+    if (drawing_ != nullptr) {
+        PaintImage(*this, QRect(QPoint(margin_, margin_), PictureSize()), drawing_->Image());
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// The tool strip: buttons that show the commands of the main window, and the slider of the grid.
+
+#pragma once
+
+#include <QToolBar>
+
+class QSlider;
+
+namespace quandrel {
+
+class Commands;
+
+class ToolStrip : public QToolBar {
+public:
+    /// @param commands  whose actions the buttons press; outlives the strip
+    explicit ToolStrip(const Commands& commands);
+
+    /// Shows the value that the slider has for the engine.
+    void ShowGrid();
+
+    QWidget* panGridDensity;
+    QSlider* sldGridDensity;
+
+private:
+    void AddButton(const Commands& commands, const char* name, const char* command);
+    void AddGridSlider();
+};
+
+} // namespace quandrel

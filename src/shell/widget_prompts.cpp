@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/widget_prompts.h"
+
+#include "shell/frm_file_format.h"
+#include "shell/frm_save_plots_dialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+
+#include <map>
+
+namespace quandrel {
+
+namespace {
+
+/// A busy pointer does not stand over a question.
+class PlainPointer {
+public:
+    PlainPointer() {
+        while (QApplication::overrideCursor() != nullptr) {
+            QApplication::restoreOverrideCursor();
+            ++taken_;
+        }
+    }
+
+    ~PlainPointer() {
+        for (int i = 0; i < taken_; ++i) {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        }
+    }
+
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    int taken_ = 0;
+};
+
+QMessageBox::StandardButton StandardButtonOf(Button button) {
+    switch (button) {
+    case Button::Ok:
+        return QMessageBox::Ok;
+    case Button::Cancel:
+        return QMessageBox::Cancel;
+    case Button::Yes:
+        return QMessageBox::Yes;
+    case Button::No:
+        return QMessageBox::No;
+    case Button::Abort:
+        return QMessageBox::Abort;
+    case Button::Retry:
+        return QMessageBox::Retry;
+    case Button::Ignore:
+        return QMessageBox::Ignore;
+    }
+    return QMessageBox::NoButton;
+}
+
+QMessageBox::Icon IconOfMessage(Icon icon) {
+    switch (icon) {
+    case Icon::None:
+        return QMessageBox::NoIcon;
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Stop:
+        return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// What closing the box means.
+Button EscapeButton(Buttons set) {
+    switch (set) {
+    case Buttons::Ok:
+        return Button::Ok;
+    case Buttons::OkCancel:
+    case Buttons::YesNoCancel:
+        return Button::Cancel;
+    case Buttons::YesNo:
+        return Button::No;
+    case Buttons::AbortRetryIgnore:
+        return Button::Abort;
+    }
+    return Button::Cancel;
+}
+
+/// The filters of a question, as a file dialog takes them. Endings are met in any case.
+QStringList FiltersOf(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split('|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString name = parts[i];
+        name.remove(QRegularExpression(" *\\([^)]*\\)"));
+        const QString pattern = parts[i + 1] == "*.*" ? QString("*") : parts[i + 1];
+        filters << name + " (" + pattern + (pattern == "*" ? "" : " " + pattern.toUpper()) + ")";
+    }
+    return filters;
+}
+
+/// The file dialog of a question. The objects that a test looks for have the same names everywhere.
+class GetFile : public QFileDialog {
+public:
+    GetFile(const PathQuestion& question, QWidget* parent)
+        : QFileDialog(parent, QString::fromStdString(question.title)) {
+        setObjectName("dlgGetFile");
+        const QStringList filters = FiltersOf(question.filter);
+        setNameFilters(filters);
+        if (question.filterIndex >= 1 && question.filterIndex <= filters.size()) {
+            selectNameFilter(filters[question.filterIndex - 1]);
+        }
+        if (!question.folder.empty() && QDir(QString::fromStdString(question.folder)).exists()) {
+            setDirectory(QString::fromStdString(question.folder));
+        }
+    }
+
+    [[nodiscard]] std::optional<std::string> Path() {
+        if (exec() != QDialog::Accepted || selectedFiles().isEmpty()) {
+            return std::nullopt;
+        }
+        return selectedFiles().first().toStdString();
+    }
+};
+
+/// The ending that the chosen filter stands for, without its point; empty for all files.
+QString EndingOfFilter(const QString& filter) {
+    static const QRegularExpression ending("\\(\\*\\.([a-z]+)");
+    return ending.match(filter).captured(1);
+}
+
+} // namespace
+
+QWidget* WidgetPrompts::Parent() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : &parent_;
+}
+
+Button WidgetPrompts::Ask(const Message& message) {
+    const PlainPointer pointer;
+    QMessageBox box(Parent());
+    box.setWindowTitle(QString::fromStdString(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(message.text));
+    box.setIcon(IconOfMessage(message.icon));
+    std::map<QAbstractButton*, Button> buttons;
+    for (const Button button : ButtonsOf(message.buttons)) {
+        QPushButton* made = box.addButton(StandardButtonOf(button));
+        made->setObjectName("cmd" + QString::fromStdString(ButtonName(button)));
+        buttons[made] = button;
+    }
+    box.setDefaultButton(StandardButtonOf(DefaultButton(message.buttons)));
+    box.setEscapeButton(StandardButtonOf(EscapeButton(message.buttons)));
+    box.exec();
+    const auto pressed = buttons.find(box.clickedButton());
+    return pressed != buttons.end() ? pressed->second : EscapeButton(message.buttons);
+}
+
+std::optional<std::string> WidgetPrompts::AskOpenPath(const PathQuestion& question) {
+    const PlainPointer pointer;
+    GetFile dialog(question, Parent());
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return dialog.Path();
+}
+
+std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& question) {
+    const PlainPointer pointer;
+    GetFile dialog(question, Parent());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The dialog adds the ending by itself, so that it asks about the file that will be written.
+    const auto useEnding = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(EndingOfFilter(filter));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useEnding);
+    useEnding(dialog.selectedNameFilter());
+    dialog.selectFile(QString::fromStdString(question.fileName));
+    return dialog.Path();
+}
+
+std::optional<FormatAnswer> WidgetPrompts::AskFormat(const FormatQuestion& question) {
+    const PlainPointer pointer;
+    frmFileFormat dialog(question, Parent());
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return dialog.Answer();
+}
+
+SaveAnswer WidgetPrompts::AskSavePlots(const std::string& title, const std::string& text) {
+    const PlainPointer pointer;
+    frmSavePlotsDialog dialog(QString::fromStdString(title), QString::fromStdString(text),
+                              Parent());
+    dialog.exec();
+    return dialog.Answer();
+}
+
+} // namespace quandrel

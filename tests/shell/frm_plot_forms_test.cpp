@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/picture_box.h"
+#include "support/main_window_test.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QToolButton>
+
+namespace quandrel {
+namespace {
+
+class PlotWindow : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        form = &FormOfSlot(OpenFile("a.txt"));
+    }
+
+    [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
+
+    frmPlotForms* form = nullptr;
+};
+
+TEST_F(PlotWindow, ItsTextsStartAsHintsAndAreNoData) {
+    EXPECT_EQ(form->txtDescBox->placeholderText(), "Data description");
+    EXPECT_EQ(form->txtFabricBox->placeholderText(), "Fabric");
+    EXPECT_EQ(form->BoxText(PlotBox::Description), "");
+    EXPECT_EQ(ActiveRecord().DescriptionText, "");
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    Press("mnuFileLoad_3");
+    const frmPlotForms& blank = FormOfSlot(gActivePlot);
+    EXPECT_EQ(blank.lblNumBox->text(), "0");
+}
+
+TEST_F(PlotWindow, WhatTheUserWritesIsKeptInThePlot) {
+    QTest::keyClicks(form->txtDescBox, "Northern limb");
+    QTest::keyClicks(form->txtFabricBox, "S1");
+    EXPECT_EQ(ActiveRecord().DescriptionText, "Northern limb");
+    EXPECT_EQ(ActiveRecord().FabricText, "S1");
+    EXPECT_NE(ActiveRecord().Modified, 0);
+}
+
+TEST_F(PlotWindow, TextsGoToThePlotOfTheWindowWhicheverIsActive) {
+    OpenFile("b.txt");
+    EXPECT_EQ(gActivePlot, 2);
+    form->txtDescBox->setPlainText("of the first");
+    EXPECT_EQ(RecordOf(1).DescriptionText, "of the first");
+    EXPECT_EQ(RecordOf(2).DescriptionText, "");
+}
+
+TEST_F(PlotWindow, TextsOfARecordAreShown) {
+    ActiveRecord().DescriptionText = "from a file";
+    ActiveRecord().FabricText = "L2";
+    form->Show();
+    EXPECT_EQ(form->txtDescBox->toPlainText(), "from a file");
+    EXPECT_EQ(form->txtFabricBox->text(), "L2");
+}
+
+TEST_F(PlotWindow, FocusOnATextShowsItsHint) {
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    const QString before = Info();
+    form->txtDescBox->setFocus();
+    EXPECT_EQ(Info(), "Enter description of data if required");
+    form->txtFabricBox->setFocus();
+    EXPECT_EQ(Info(), "Enter name of structural fabric");
+    form->picStereoArea->setFocus();
+    EXPECT_EQ(Info(), before);
+}
+
+TEST_F(PlotWindow, TheTabsChooseTheLayerUnderEdit) {
+    EXPECT_EQ(form->tabLayers->count(), 2);
+    EXPECT_EQ(form->tabLayers->tabText(0), "Annotations");
+    EXPECT_EQ(form->tabLayers->tabToolTip(0), "Select Annotation layer for editing");
+    EXPECT_EQ(form->tabLayers->tabToolTip(1), "Select main data set");
+    EXPECT_EQ(gActiveLayer, kDataLayer);
+    EXPECT_FALSE(form->shpAnnUp->isVisible());
+    const QImage before = form->picStereoArea->Image().copy();
+    QTest::mouseClick(form->tabLayers, Qt::LeftButton, Qt::NoModifier,
+                      form->tabLayers->tabRect(0).center());
+    EXPECT_EQ(gActiveLayer, kAnnotationLayer);
+    EXPECT_TRUE(form->shpAnnUp->isVisible());
+    EXPECT_EQ(form->picStereoArea->Image(), before) << "the plot is left as it is";
+    form->tabLayers->setCurrentIndex(1);
+    EXPECT_EQ(gActiveLayer, kDataLayer);
+    EXPECT_FALSE(form->shpAnnUp->isVisible());
+}
+
+TEST_F(PlotWindow, EachWindowHasItsOwnLayer) {
+    form->tabLayers->setCurrentIndex(0);
+    OpenFile("b.txt");
+    EXPECT_EQ(gActiveLayer, kDataLayer);
+    ControlOf<QMdiArea>(*main, "mdiPlots").setActiveSubWindow(form);
+    EXPECT_EQ(gActiveLayer, kAnnotationLayer);
+}
+
+TEST_F(PlotWindow, TheTabOfTheDataIsNamedWhenDataArrive) {
+    Press("mnuFileLoad_3");
+    const frmPlotForms& blank = FormOfSlot(gActivePlot);
+    EXPECT_EQ(blank.tabLayers->tabText(1), "Data Layer");
+    EXPECT_EQ(blank.tabLayers->tabToolTip(1), "Select 1st data layer for editing");
+    form->tabLayers->setCurrentIndex(0);
+    form->AddLayerTab("a.txt", "Overlay");
+    EXPECT_EQ(form->tabLayers->currentIndex(), 0) << "an overlay has no tab";
+    form->AddLayerTab("File12", "Binary");
+    EXPECT_EQ(form->tabLayers->tabText(1), "File");
+    EXPECT_EQ(form->tabLayers->currentIndex(), 1);
+    EXPECT_EQ(form->tabLayers->count(), 2);
+}
+
+TEST_F(PlotWindow, ThePictureFollowsTheSizeOfTheWindow) {
+    const int before = form->picStereoArea->Image().width();
+    form->resize(form->size() + QSize(200, 150));
+    form->grab();
+    EXPECT_GT(form->picStereoArea->width(), before);
+    EXPECT_FALSE(form->picStereoArea->IsStale());
+    EXPECT_EQ(form->picStereoArea->Image().width(), form->picStereoArea->width());
+    EXPECT_EQ(form->picStereoArea->Image().pixelColor(3, 3), QColor(0xc0, 0xc0, 0xc0));
+}
+
+TEST_F(PlotWindow, AWindowThatIsNotActiveDrawsItsOwnPlot) {
+    OpenFile("b.txt", "10\t10\n");
+    const QString before = Info();
+    form->resize(form->size() + QSize(60, 60));
+    form->grab();
+    EXPECT_EQ(gActivePlot, 2);
+    EXPECT_EQ(Info(), before);
+    const QImage drawn = form->picStereoArea->Image().copy();
+    const PlotInWork work(1);
+    form->ReplotIntoWindow();
+    EXPECT_EQ(form->picStereoArea->Image(), drawn) << "the same plot in the same size";
+}
+
+TEST_F(PlotWindow, TheResizeButtonReplots) {
+    EXPECT_EQ(form->cmdResizeButton->toolTip(), "Replot into current window");
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    const QImage before = form->picStereoArea->Image().copy();
+    QTest::mouseClick(form->cmdResizeButton, Qt::LeftButton);
+    EXPECT_NE(form->picStereoArea->Image(), before);
+}
+
+TEST_F(PlotWindow, ASizeGivenByHandHoldsForTheNextWindowWhileTheSettingSaysSo) {
+    const std::int16_t percent = gPlotWidthPercent;
+    form->resize(480, 480);
+    EXPECT_EQ(gPlotWidthPercent, percent);
+    gPlotWinLast = true;
+    form->resize(600, 300);
+    EXPECT_EQ(gPlotWidthPercent, 50);
+    EXPECT_FLOAT_EQ(gPlotAspect, 0.5F);
+    OpenFile("b.txt");
+    EXPECT_EQ(FormOfSlot(2).size(), QSize(600, 300));
+    Press("mnuWindow_1");
+    EXPECT_FLOAT_EQ(gPlotAspect, 0.5F) << "tiling is not the user's size";
+    gPlotWinLast = false;
+}
+
+TEST_F(PlotWindow, TheRightButtonOnTheBoxesOpensTheViewMenu) {
+    auto* menu = main->findChild<QMenu*>("mnuView");
+    for (QWidget* box :
+         {static_cast<QWidget*>(form->picLegendBox), static_cast<QWidget*>(form->txtStatsBox[0])}) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
+                                box->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(box, &event);
+        EXPECT_TRUE(menu->isVisible()) << box->objectName().toStdString();
+        menu->close();
+    }
+}
+
+TEST_F(PlotWindow, MinimisingAndRestoringKeepsThePicture) {
+    const QImage before = form->picStereoArea->Image().copy();
+    form->showMinimized();
+    form->showNormal();
+    form->grab();
+    EXPECT_EQ(form->picStereoArea->Image(), before);
+}
+
+} // namespace
+} // namespace quandrel

@@ -1,0 +1,856 @@
+// SPDX-License-Identifier: MIT
+//
+// The main window from end to end: every command, by its menu item and by its button.
+
+#include "core/style_tables.h"
+#include "program/closing.h"
+#include "shell/frm_intro.h"
+#include "shell/picture_box.h"
+#include "stereo/plot_driver.h"
+#include "support/main_window_test.h"
+#include "support/plot_rows.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDockWidget>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <set>
+
+namespace quandrel {
+namespace {
+
+class MainWindow : public MainWindowTest {
+protected:
+    [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
+
+    [[nodiscard]] QToolButton& ToolButton(const std::string& name) const {
+        return ControlOf<QToolButton>(*main, name);
+    }
+
+    [[nodiscard]] std::vector<QString> MenusInBar() const {
+        std::vector<QString> names;
+        for (const QAction* action : main->menuBar()->actions()) {
+            names.push_back(action->menu()->objectName());
+        }
+        return names;
+    }
+
+    static QPoint CentreOf(const QWidget& widget) { return widget.rect().center(); }
+};
+
+TEST_F(MainWindow, EveryControlHasItsName) {
+    const char* names[] = {"panInfoLine",
+                           "progBar",
+                           "panDipAzBox",
+                           "panToolbarBox",
+                           "cmdOpenButton",
+                           "cmdMergeButton",
+                           "cmdOverlayButton",
+                           "cmdBlankButton",
+                           "cmdSaveButton",
+                           "cmdPrintButton",
+                           "cmdRotateButton",
+                           "cmdSmallCircle",
+                           "cmdIntersecLinButton",
+                           "cmdClassifToggle",
+                           "grpAnnotationButton",
+                           "panGridDensity",
+                           "sldGridDensity",
+                           "panGirdleBox",
+                           "toolMapInfo",
+                           "lblGirdle",
+                           "mnuFile",
+                           "mnuPlotTypes",
+                           "mnuHelps",
+                           "mnuMapInfoTop",
+                           "mnuFileQuit",
+                           "mnuFileStruct",
+                           "mnuMapinfoToolbar",
+                           "mnuHelpAbout",
+                           "mnuEdit",
+                           "mnuPlot",
+                           "mnuView",
+                           "mnuWindow",
+                           "mnuEditAdd",
+                           "mnuEditGirdle",
+                           "mnuEditGirdles",
+                           "mnuEditRefresh",
+                           "mnuEditReCalculate",
+                           "mnuEditRemoveOverlay",
+                           "mnuEditRemoveAnnotation",
+                           "mnuEditSmallCircles",
+                           "mnuEditUndo",
+                           "mnuEditPreferences",
+                           "mnuViewPreferences",
+                           "mnuEditFileFormat",
+                           "mnuFileFormat",
+                           "mnuPlotSecondary",
+                           "mnuPlotIntersection",
+                           "mnuPlotAnnotation",
+                           "mnuViewAnnotations",
+                           "mnuViewAdvStats",
+                           "mnuViewClassification",
+                           "mnuViewToolbar",
+                           "mnuViewRawData",
+                           "mnuViewPlotData",
+                           "mnuFileMILink",
+                           "frmIntro"};
+    for (const char* name : names) {
+        EXPECT_NE(main->findChild<QObject*>(name), nullptr) << name;
+    }
+    const std::pair<const char*, std::pair<int, int>> arrays[] = {
+        {"grpPlotTypeButton", {0, 2}}, {"grpDataTypeButton", {0, 2}}, {"grpSymbolButton", {0, 6}},
+        {"grpSymbolButton", {8, 10}},  {"grpDisplayButton", {0, 8}},  {"grpPlotSecondary", {0, 1}},
+        {"chkGirdle", {0, 10}},        {"txtGirdle", {0, 10}},        {"cmdGirdle", {0, 1}},
+        {"mnuFileLoad", {0, 4}},       {"mnuFileSave", {0, 3}},       {"mnuFileClose", {0, 1}},
+        {"mnuFileCopyImage", {0, 1}},  {"mnuFileCopyStats", {0, 1}},  {"mnuFilePrint", {0, 1}},
+        {"mnuFilePrevious", {1, 6}},   {"mnuEditSelection", {1, 8}},  {"mnuPlotType", {0, 2}},
+        {"mnuPlotDataType", {0, 2}},   {"mnuPlotSymbols", {0, 6}},    {"mnuPlotSymbols", {8, 11}},
+        {"mnuKinematicPlots", {0, 2}}, {"mnuViewLegends", {0, 8}},    {"mnuWindow", {0, 3}},
+        {"mnuMapinfo", {0, 1}},        {"mnuHelpQuandrel", {0, 1}},   {"cmdStart", {0, 2}}};
+    for (const auto& [name, range] : arrays) {
+        for (int i = range.first; i <= range.second; ++i) {
+            EXPECT_NE(main->findChild<QObject*>(QString(name) + "_" + QString::number(i)), nullptr)
+                << name << " " << i;
+        }
+    }
+}
+
+TEST_F(MainWindow, EveryControlOfAPlotWindowHasItsName) {
+    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
+    EXPECT_EQ(form.property("Tag").toString(), "1");
+    for (const char* name :
+         {"picLegendBox", "txtDescBox", "txtStatsBox_0", "txtStatsBox_1", "tabLayers",
+          "picStereoArea", "txtFabricBox", "cmdResizeButton", "shpAnnUp", "lblNumBox"}) {
+        EXPECT_NE(form.findChild<QWidget*>(name), nullptr) << name;
+    }
+}
+
+TEST_F(MainWindow, TipsAndCaptionsAreTheProgramsOwn) {
+    const std::pair<const char*, const char*> tips[] = {
+        {"cmdBlankButton", "Open blank plot"},
+        {"cmdRotateButton", "Rotate data..."},
+        {"cmdSmallCircle", "Open small circle dialog box"},
+        {"cmdIntersecLinButton", "Interesection line plot using primary and secondary planes"},
+        {"cmdClassifToggle", "Toggle the stereo classification dialog"},
+        {"grpPlotTypeButton_0", "Equal Area plot"},
+        {"grpPlotTypeButton_1", "Equal angle plot"},
+        {"grpPlotTypeButton_2", "Rose diagram"},
+        {"grpDataTypeButton_2", "Polar Lines"},
+        {"grpSymbolButton_0", "Cyclographic plot"},
+        {"grpSymbolButton_1", "Points only"},
+        {"grpSymbolButton_2", "Beta intersections of great circles"},
+        {"grpSymbolButton_3", "Point density"},
+        {"grpSymbolButton_4", "Gridded density"},
+        {"grpSymbolButton_6", "Contours and gridded density"},
+        {"grpSymbolButton_8", "Slip arrows alone"},
+        {"grpSymbolButton_9", "Slip arrows on plane girdles"},
+        {"grpSymbolButton_10", "Slip arrows on poles to planes"},
+        {"grpDisplayButton_0", "Fit girdles..."},
+        {"grpDisplayButton_1", "Show Fabric text"},
+        {"grpDisplayButton_2", "Show description"},
+        {"grpDisplayButton_3", "Show legend"},
+        {"grpDisplayButton_4", "Show data number"},
+        {"grpDisplayButton_5", "Show statistics"},
+        {"grpDisplayButton_6", "Show Rose scale"},
+        {"grpDisplayButton_7", "Show Rose Mean arrow"},
+        {"grpDisplayButton_8", "Show 95% confidence arc for mean direction"},
+        {"grpPlotSecondary_0", "Use Secondary Data as base plot"},
+        {"grpPlotSecondary_1", "Overlay Secondary data"},
+        {"grpAnnotationButton", "Show annotation points"},
+    };
+    for (const auto& [name, tip] : tips) {
+        // A shortcut may stand behind the tip.
+        EXPECT_EQ(ToolButton(name).toolTip().toStdString().rfind(tip, 0), 0U) << name;
+        EXPECT_FALSE(ToolButton(name).accessibleName().isEmpty()) << name;
+    }
+    EXPECT_EQ(main->windowTitle(), "Quandrel, ver 9.5.1");
+    const std::pair<const char*, const char*> captions[] = {
+        {"mnuEditSelection_1", "Cu&t"},
+        {"mnuEditSelection_8", "Unse&lect"},
+        {"mnuPlotSymbols_4", "&Gridded density (/1% area) symbols"},
+        {"mnuPlotSymbols_6", "Bot&h contours and gridded symbols"},
+        {"mnuViewLegends_8", "Show Rose Mean.Dev. &Arc"},
+        {"mnuFileCopyImage_1", "Copy legen&d image to Clipboard"},
+        {"mnuFileLoad_4", "Open Wor&kspace..."},
+        {"mnuFilePrint_1", "Prin&ter Setup..."},
+        {"mnuHelpQuandrel_1", "&How to use Help..."},
+        {"mnuViewToolbar", "Hide &Toolbar"},
+    };
+    for (const auto& [name, caption] : captions) {
+        EXPECT_EQ(Action(name).text().toStdString(), caption) << name;
+    }
+}
+
+TEST_F(MainWindow, EachMenuUsesAKeyOnce) {
+    OpenFile("a & b.txt");
+    for (const QMenu* menu : main->findChildren<QMenu*>()) {
+        std::set<QString> keys;
+        for (const QAction* action : menu->actions()) {
+            const QString key = QKeySequence::mnemonic(action->text()).toString();
+            if (!key.isEmpty() && action->isVisible()) {
+                EXPECT_TRUE(keys.insert(key).second)
+                    << menu->objectName().toStdString() << ": " << action->text().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(MainWindow, ShortcutsAreUniqueAndTheUsualOnes) {
+    std::map<QString, QString> used;
+    for (const QAction* action : main->findChildren<QAction*>()) {
+        const QString shortcut = action->shortcut().toString();
+        if (!shortcut.isEmpty()) {
+            EXPECT_TRUE(used.emplace(shortcut, action->objectName()).second)
+                << shortcut.toStdString();
+        }
+    }
+    const std::pair<const char*, const char*> usual[] = {
+        {"Ctrl+N", "mnuFileLoad_3"},      {"Ctrl+O", "mnuFileLoad_0"},
+        {"Ctrl+S", "mnuFileSave_0"},      {"Ctrl+P", "mnuFilePrint_0"},
+        {"Ctrl+W", "mnuFileClose_0"},     {"Ctrl+C", "mnuEditSelection_2"},
+        {"Ctrl+X", "mnuEditSelection_1"}, {"Ctrl+V", "mnuEditSelection_4"},
+        {"Ctrl+Z", "mnuEditUndo"},        {"F5", "mnuEditRefresh"},
+        {"F1", "mnuHelpQuandrel_0"},
+    };
+    for (const auto& [shortcut, name] : usual) {
+        EXPECT_EQ(used[shortcut], name);
+    }
+}
+
+TEST_F(MainWindow, TheMenuBarFollowsThePlots) {
+    const std::vector<QString> without = {"mnuFile", "mnuPlotTypes", "mnuMapInfoTop", "mnuHelps"};
+    const std::vector<QString> with = {"mnuFile",       "mnuEdit",   "mnuPlot", "mnuView",
+                                       "mnuMapInfoTop", "mnuWindow", "mnuHelps"};
+    EXPECT_EQ(MenusInBar(), without);
+    EXPECT_TRUE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
+    OpenFile("a.txt");
+    EXPECT_EQ(MenusInBar(), with);
+    EXPECT_FALSE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
+    Press("mnuFileClose_0");
+    EXPECT_EQ(MenusInBar(), without);
+    EXPECT_TRUE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
+}
+
+TEST_F(MainWindow, CommandsWithoutWorkAreDisabledWhateverThePlot) {
+    OpenFile("a.txt");
+    for (const char* name :
+         {"mnuFileLoad_4", "mnuFileSave_3", "mnuFilePrint_0", "mnuFilePrint_1", "mnuEditUndo",
+          "mnuEditSelection_1", "mnuEditAdd", "mnuEditPreferences", "mnuPlotType_2",
+          "mnuPlotSymbols_3", "mnuPlotSymbols_5", "mnuPlotRotate", "mnuKinematicPlots_0",
+          "mnuViewClassification", "mnuViewRawData", "mnuMapinfo_0", "mnuHelpQuandrel_0"}) {
+        EXPECT_FALSE(Action(name).isEnabled()) << name;
+    }
+}
+
+TEST_F(MainWindow, PlotCommandsNeedAPlot) {
+    const char* names[] = {"mnuFileLoad_1",   "mnuFileLoad_2",      "mnuFileSave_0",
+                           "mnuFileSave_1",   "mnuFileClose_0",     "mnuFileClose_1",
+                           "mnuFileExport",   "mnuFileCopyImage_0", "mnuFileCopyImage_1",
+                           "mnuEditRefresh",  "mnuEditReCalculate", "mnuWindow_0",
+                           "mnuPlotSymbols_0"};
+    for (const char* name : names) {
+        EXPECT_FALSE(Action(name).isEnabled()) << name;
+    }
+    OpenFile("a.txt");
+    for (const char* name : names) {
+        EXPECT_TRUE(Action(name).isEnabled()) << name;
+    }
+    EXPECT_FALSE(Action("mnuFileSave_2").isEnabled()) << "there is one plot";
+    OpenFile("b.txt");
+    EXPECT_TRUE(Action("mnuFileSave_2").isEnabled());
+}
+
+TEST_F(MainWindow, NewOpensAFileWithItsTitleRowsAndPicture) {
+    const int slot = OpenFile("beds.txt");
+    const frmPlotForms& form = FormOfSlot(slot);
+    EXPECT_EQ(form.windowTitle(), "beds.txt: 1   [Planes]     ");
+    EXPECT_EQ(form.lblNumBox->text(), "3");
+    EXPECT_EQ(form.tabLayers->tabText(1), "Data layer");
+    EXPECT_EQ(Info(), "3 rows read, 3 of them data; 0 lines without data, 0 invalid.");
+    EXPECT_FALSE(form.picStereoArea->Image().isNull());
+    EXPECT_EQ(form.picStereoArea->Image().pixelColor(2, 2), QColor(0xc0, 0xc0, 0xc0));
+    EXPECT_EQ(CountOpenPlots(), 1);
+}
+
+TEST_F(MainWindow, MergeOverlayAndBlankDoWhatTheyAreCalled) {
+    OpenFile("a.txt");
+    prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
+    QTest::mouseClick(&ToolButton("cmdMergeButton"), Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().NumData, 4);
+    prompts.QueueOpenPath(WriteFile("c.txt", "10\t20\n12\t30\n"));
+    QTest::mouseClick(&ToolButton("cmdOverlayButton"), Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[1], 2);
+    EXPECT_TRUE(Action("mnuEditRemoveOverlay").isEnabled());
+    Press("mnuEditRemoveOverlay");
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_FALSE(Action("mnuEditRemoveOverlay").isEnabled());
+    QTest::mouseClick(&ToolButton("cmdBlankButton"), Qt::LeftButton);
+    EXPECT_EQ(CountOpenPlots(), 2);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 2: Untitled");
+    prompts.QueueOpenPath(WriteFile("d.txt", "10\t20\n"));
+    QTest::mouseClick(&ToolButton("cmdOpenButton"), Qt::LeftButton);
+    EXPECT_EQ(CountOpenPlots(), 3);
+}
+
+TEST_F(MainWindow, TheIntroScreenStartsASession) {
+    auto& intro = ControlOf<frmIntro>(*main, "frmIntro");
+    EXPECT_EQ(intro.cmdStart[0]->text(), "&Stereographic projection");
+    EXPECT_EQ(intro.cmdStart[1]->text(), "&Rose Diagram");
+    EXPECT_EQ(intro.cmdStart[2]->text(), "&Blank plot window");
+    EXPECT_FALSE(intro.cmdStart[1]->isEnabled()) << "no roses yet";
+    EXPECT_EQ(ControlOf<QLabel>(intro, "lblVersionDate").text().left(14), "Version Date: ");
+    prompts.QueueOpenPath(WriteFile("a.txt", "10\t20\n"));
+    QTest::mouseClick(intro.cmdStart[0], Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().FileTitle, "a.txt");
+    Press("mnuFileClose_0");
+    QTest::mouseClick(intro.cmdStart[2], Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
+}
+
+TEST_F(MainWindow, TheRoseStartOpensARoseOnceRosesCanBeDrawn) {
+    int drawn = 0;
+    gPlotStages.drawRose = [&drawn](bool) { ++drawn; };
+    main->UpdatePlotState();
+    auto& intro = ControlOf<frmIntro>(*main, "frmIntro");
+    prompts.QueueOpenPath(WriteFile("a.txt", "10\t20\n"));
+    QTest::mouseClick(intro.cmdStart[1], Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().PlotKind, kRose);
+    EXPECT_GT(drawn, 0);
+    EXPECT_TRUE(Action("mnuPlotType_2").isChecked());
+    EXPECT_TRUE(Action("mnuViewLegends_6").isEnabled());
+    Press("mnuPlotType_0");
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+}
+
+TEST_F(MainWindow, RecentFilesAreOfferedByNameAndOpenByPath) {
+    OpenFile("a & b.txt");
+    OpenFile("c.txt");
+    QAction* second = main->findChild<QAction*>("mnuFilePrevious_2");
+    EXPECT_EQ(second->text(), "&2 a && b.txt");
+    EXPECT_EQ(second->data().toString().toStdString(), (folder / "a & b.txt").string());
+    EXPECT_FALSE(main->findChild<QAction*>("mnuFilePrevious_3")->isVisible());
+    second->trigger();
+    EXPECT_EQ(ActiveRecord().FileTitle, "a & b.txt");
+    EXPECT_EQ(main->findChild<QAction*>("mnuFilePrevious_1")->text(), "&1 a && b.txt");
+    std::filesystem::remove(folder / "c.txt");
+    Expect("The indicated file cannot be opened");
+    main->findChild<QAction*>("mnuFilePrevious_2")->trigger();
+    EXPECT_EQ(gRecentFiles.size(), 1U);
+    EXPECT_FALSE(main->findChild<QAction*>("mnuFilePrevious_2")->isVisible());
+}
+
+TEST_F(MainWindow, RecentFilesStandOnTheIntroScreen) {
+    OpenFile("c.txt");
+    Press("mnuFileClose_0");
+    auto& recent = ControlOf<QPushButton>(*main, "cmdRecent_1");
+    EXPECT_EQ(recent.text(), "c.txt");
+    QTest::mouseClick(&recent, Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_EQ(ActiveRecord().FileTitle, "c.txt");
+}
+
+TEST_F(MainWindow, TypesChangeThePlotByMenuAndButton) {
+    OpenFile("a.txt");
+    QTest::mouseClick(&ToolButton("grpPlotTypeButton_1"), Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle);
+    EXPECT_TRUE(Action("mnuPlotType_1").isChecked());
+    EXPECT_FALSE(Action("mnuPlotType_0").isChecked());
+    Press("mnuPlotType_0");
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+    Press("mnuPlotType_0");
+    EXPECT_TRUE(Action("mnuPlotType_0").isChecked()) << "pressing it again does not release it";
+    Expect("This will replot the data in the active plot:", Button::Ok);
+    QTest::mouseClick(&ToolButton("grpDataTypeButton_1"), Qt::LeftButton);
+    EXPECT_EQ(ActiveRecord().DataKind, kLines);
+    Expect("This will replot the data in the active plot:", Button::Cancel);
+    Press("mnuPlotDataType_0");
+    EXPECT_EQ(ActiveRecord().DataKind, kLines);
+    EXPECT_TRUE(Action("mnuPlotDataType_1").isChecked()) << "the buttons show what is";
+    EXPECT_FALSE(Action("mnuPlotDataType_0").isChecked());
+}
+
+TEST_F(MainWindow, PolarLinesOfPlanesAreAskedAbout) {
+    OpenFile("a.txt");
+    Expect("You are trying to plot polar lines with plane data\nContinue anyway?", Button::Cancel);
+    Press("mnuPlotDataType_2");
+    EXPECT_EQ(ActiveRecord().DataKind, kPlanes);
+}
+
+TEST_F(MainWindow, TypesOfTheNextPlotAreChosenBeforehand) {
+    Press("mnuPlotType_1");
+    EXPECT_TRUE(Action("mnuPlotType_1").isChecked());
+    OpenFile("a.txt");
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle);
+}
+
+TEST_F(MainWindow, SymbolButtonsSetTheMode) {
+    OpenFile("a.txt");
+    const std::pair<const char*, int> buttons[] = {
+        {"grpSymbolButton_0", kGreatCircles},
+        {"grpSymbolButton_2", kBetaIntersections},
+        {"grpSymbolButton_1", kPointSymbols},
+    };
+    for (const auto& [name, mode] : buttons) {
+        const QImage before = FormOfSlot(1).picStereoArea->Image().copy();
+        QTest::mouseClick(&ToolButton(name), Qt::LeftButton);
+        EXPECT_EQ(ActiveRecord().PlotSymbolMode, mode);
+        EXPECT_TRUE(ToolButton(name).isChecked());
+        EXPECT_NE(FormOfSlot(1).picStereoArea->Image(), before) << name;
+    }
+}
+
+TEST_F(MainWindow, DisplayButtonsShowAndHideTheBoxes) {
+    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
+    const std::pair<const char*, QWidget*> boxes[] = {
+        {"grpDisplayButton_1", form.txtFabricBox},
+        {"grpDisplayButton_2", form.txtDescBox},
+        {"grpDisplayButton_3", form.picLegendBox},
+        {"grpDisplayButton_4", form.lblNumBox},
+    };
+    for (const auto& [name, box] : boxes) {
+        EXPECT_TRUE(box->isVisible()) << name;
+        EXPECT_TRUE(ToolButton(name).isChecked());
+        QTest::mouseClick(&ToolButton(name), Qt::LeftButton);
+        EXPECT_FALSE(box->isVisible()) << name;
+        EXPECT_FALSE(ToolButton(name).isChecked());
+    }
+    Press("mnuViewLegends_3");
+    EXPECT_TRUE(form.picLegendBox->isVisible());
+    EXPECT_EQ(ActiveRecord().LayerVisible[kLegendLayer], kTrue);
+}
+
+TEST_F(MainWindow, StatisticsSwapTheirBoxes) {
+    gPlotStages.writeStatistics = [] {
+        FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, "normal");
+        FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, "advanced");
+    };
+    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
+    EXPECT_TRUE(form.txtStatsBox[0]->isVisible());
+    EXPECT_FALSE(form.txtStatsBox[1]->isVisible());
+    EXPECT_EQ(Action("mnuViewAdvStats").text(), "Use Advanced Statistics Box");
+    Press("mnuViewAdvStats");
+    EXPECT_FALSE(form.txtStatsBox[0]->isVisible());
+    EXPECT_TRUE(form.txtStatsBox[1]->isVisible());
+    EXPECT_EQ(Action("mnuViewAdvStats").text(), "Use Normal Statistics Box");
+    Press("mnuFileCopyStats_1");
+    EXPECT_EQ(clipboard.Text(), "advanced");
+    Press("mnuFileCopyStats_0");
+    EXPECT_EQ(clipboard.Text(), "normal");
+    Press("mnuViewLegends_5");
+    EXPECT_FALSE(form.txtStatsBox[1]->isVisible());
+}
+
+TEST_F(MainWindow, TheGirdlePanelFollowsItsButton) {
+    auto& panel = ControlOf<QDockWidget>(*main, "panGirdleBox");
+    EXPECT_FALSE(panel.isVisible());
+    OpenFile("a.txt");
+    ActiveRecord().AxisItems[2][1] = std::string("45/120");
+    Press("mnuEditGirdles");
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_EQ(ControlOf<QLineEdit>(panel, "txtGirdle_2").text(), "45/120");
+    EXPECT_TRUE(Action("mnuViewLegends_0").isChecked());
+    panel.close();
+    EXPECT_FALSE(Action("mnuViewLegends_0").isChecked());
+    EXPECT_EQ(ActiveRecord().LayerVisible[kGirdleLayer], 0);
+}
+
+TEST_F(MainWindow, TheToolbarHidesAndComesBack) {
+    OpenFile("a.txt");
+    auto& strip = ControlOf<QToolBar>(*main, "panToolbarBox");
+    Press("mnuViewToolbar");
+    EXPECT_FALSE(strip.isVisible());
+    EXPECT_EQ(Action("mnuViewToolbar").text(), "Show &Toolbar");
+    Press("mnuViewToolbar");
+    EXPECT_TRUE(strip.isVisible());
+}
+
+TEST_F(MainWindow, TheGridSliderSnapsAndReplotsWhenLetGo) {
+    gPlotStages.computePointDensities = [] {};
+    int grids = 0;
+    gPlotStages.computeGridDensity = [&grids] {
+        ++grids;
+        ActiveRecord().GridSize = static_cast<std::int16_t>(gGridDensitySlider);
+        ActiveRecord().DensityCount = ActiveRecord().NumValidData;
+    };
+    gPlotStages.drawGridSymbols = [] {};
+    gPlotStages.traceContours = [] {};
+    OpenFile("a.txt");
+    auto& slider = ControlOf<QSlider>(*main, "sldGridDensity");
+    EXPECT_FALSE(slider.isEnabled());
+    Press("mnuPlotSymbols_5");
+    EXPECT_TRUE(slider.isEnabled());
+    EXPECT_EQ(grids, 1);
+    slider.setSliderDown(true);
+    slider.setValue(87);
+    EXPECT_EQ(gGridDensitySlider, 80);
+    EXPECT_EQ(grids, 1) << "still held";
+    slider.setSliderDown(false);
+    EXPECT_EQ(grids, 2);
+    EXPECT_EQ(ActiveRecord().GridSize, 80);
+    QTest::keyClick(&slider, Qt::Key_Right);
+    EXPECT_EQ(ActiveRecord().GridSize, 90);
+}
+
+TEST_F(MainWindow, RefreshDrawsAndRecalculateWorksOut) {
+    int statistics = 0;
+    gPlotStages.computeFabricStatistics = [&statistics] { ++statistics; };
+    OpenFile("a.txt");
+    EXPECT_EQ(statistics, 1);
+    Press("mnuEditRefresh");
+    EXPECT_EQ(statistics, 1);
+    Press("mnuEditReCalculate");
+    EXPECT_EQ(statistics, 2);
+}
+
+TEST_F(MainWindow, CommandsDoNothingWhileALoopRuns) {
+    OpenFile("a.txt");
+    gBusy = true;
+    Action("mnuPlotType_1").trigger();
+    Action("mnuFileClose_0").trigger();
+    Action("mnuFileLoad_3").trigger();
+    main->OpenFiles({QString::fromStdString(WriteFile("b.txt", "1\t2\n"))});
+    main->IntroButtonStart(2);
+    gBusy = false;
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+    EXPECT_EQ(CountOpenPlots(), 1);
+}
+
+TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(WriteFile("a.txt", "1\t2\n"))),
+                  QUrl::fromLocalFile(QString::fromStdString(WriteFile("b.txt", "1\t2\n"))),
+                  QUrl::fromLocalFile(QString::fromStdString(folder.string()))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main.get(), &drop);
+    QApplication::processEvents();
+    EXPECT_EQ(CountOpenPlots(), 2) << "a folder is no file";
+    QMimeData text;
+    text.setText("30 120");
+    QDragEnterEvent other(QPoint(50, 50), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    other.ignore();
+    QApplication::sendEvent(main.get(), &other);
+    EXPECT_FALSE(other.isAccepted());
+}
+
+TEST_F(MainWindow, CopiedPicturesAreOnWhiteAndLeaveTheWindowAsItIs) {
+    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
+    const QImage before = form.picStereoArea->Image().copy();
+    Press("mnuFileCopyImage_0");
+    const QImage plot = QApplication::clipboard()->image();
+    EXPECT_GE(plot.width(), form.picStereoArea->width());
+    EXPECT_EQ(plot.width(), plot.height());
+    EXPECT_EQ(plot.pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(form.picStereoArea->Image(), before);
+    Press("mnuFileCopyImage_1");
+    const QImage legend = QApplication::clipboard()->image();
+    EXPECT_EQ(legend.size(), form.picLegendBox->PictureSize() * 3);
+    EXPECT_NE(legend, QImage(legend.size(), legend.format())) << "it is not empty";
+    Press("mnuViewLegends_3");
+    EXPECT_FALSE(Action("mnuFileCopyImage_1").isEnabled()) << "a hidden legend";
+}
+
+TEST_F(MainWindow, ExportWritesThePictureThatWasAskedFor) {
+    OpenFile("a.txt");
+    const std::string path = (folder / "net.png").string();
+    prompts.QueueSavePath(path);
+    QTimer::singleShot(0, [] {
+        QWidget& dialog = *QApplication::activeModalWidget();
+        ASSERT_EQ(dialog.objectName(), "frmExportImage");
+        ControlOf<QAbstractButton>(dialog, "optPart_1").click();
+        ControlOf<QSpinBox>(dialog, "spnSize").setValue(300);
+        ControlOf<QPushButton>(dialog, "cmdOK").click();
+    });
+    Press("mnuFileExport");
+    const QImage picture(QString::fromStdString(path));
+    EXPECT_EQ(picture.size(), QSize(300, 300));
+    EXPECT_TRUE(Info().contains("net.png"));
+}
+
+TEST_F(MainWindow, ExportCanBeCancelledAtBothQuestions) {
+    OpenFile("a.txt");
+    QTimer::singleShot(0,
+                       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    Press("mnuFileExport");
+    QTimer::singleShot(
+        0, [] { ControlOf<QPushButton>(*QApplication::activeModalWidget(), "cmdOK").click(); });
+    Press("mnuFileExport"); // no path is queued: the second question is cancelled
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
+
+TEST_F(MainWindow, AFailedExportIsTold) {
+    OpenFile("a.txt");
+    prompts.QueueSavePath((folder / "missing" / "net.png").string());
+    QTimer::singleShot(
+        0, [] { ControlOf<QPushButton>(*QApplication::activeModalWidget(), "cmdOK").click(); });
+    Expect("missing");
+    Press("mnuFileExport");
+}
+
+TEST_F(MainWindow, TheFormatCommandAsksForNoLoad) {
+    OpenFile("a.txt");
+    formatQuestions.clear();
+    for (const char* name : {"mnuFileFormat", "mnuEditFileFormat"}) {
+        Press(name);
+        EXPECT_EQ(formatQuestions.back().command, "None");
+        EXPECT_EQ(formatQuestions.back().path, (folder / "a.txt").string());
+    }
+    Press("mnuFileClose_0");
+    Press("mnuFileStruct");
+    EXPECT_EQ(formatQuestions.back().path, "");
+}
+
+TEST_F(MainWindow, TheDataFolderIsChosenAndSaved) {
+    QTimer::singleShot(0, [this] {
+        QWidget& dialog = *QApplication::activeModalWidget();
+        ASSERT_EQ(dialog.objectName(), "frmDirectoryDialog");
+        auto& text = ControlOf<QLineEdit>(dialog, "txtDirectory");
+        text.setText("/no such folder");
+        EXPECT_FALSE(ControlOf<QPushButton>(dialog, "cmdOK").isEnabled());
+        text.setText(QString::fromStdString(folder.string()));
+        ControlOf<QPushButton>(dialog, "cmdOK").click();
+    });
+    Press("mnuFileDirectory");
+    EXPECT_EQ(gFilesDirectory, folder.string());
+    EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "FilesDirectory", ""), folder.string());
+    QTimer::singleShot(0, [] {
+        QWidget& dialog = *QApplication::activeModalWidget();
+        ControlOf<QPushButton>(dialog, "cmdUseLast").click();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    Press("mnuFileDirectory");
+    EXPECT_EQ(gFilesDirectory, folder.string()) << "cancelled";
+}
+
+TEST_F(MainWindow, UnplottedLinesAreListed) {
+    OpenFile("a.txt");
+    EXPECT_FALSE(Action("mnuViewUnplotted").isEnabled());
+    prompts.ExpectAny("non-data");
+    OpenFile("b.txt", "30\t120\nno data here\n");
+    QString text;
+    QTimer::singleShot(0, [&text] {
+        QWidget& window = *QApplication::activeModalWidget();
+        text = ControlOf<QPlainTextEdit>(window, "txtText").toPlainText();
+        ControlOf<QPushButton>(window, "cmdCopy").click();
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    Press("mnuViewUnplotted");
+    EXPECT_TRUE(text.contains("2\tno data here"));
+    EXPECT_EQ(QApplication::clipboard()->text(), text);
+}
+
+TEST_F(MainWindow, TheAboutBoxNamesTheVersion) {
+    QString shown;
+    QTimer::singleShot(0, [&shown] {
+        QWidget& box = *QApplication::activeModalWidget();
+        shown = ControlOf<QLabel>(box, "lblCaption").text() + "\n"
+                + ControlOf<QLabel>(box, "lblVersionDate").text();
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    Press("mnuHelpAbout");
+    EXPECT_EQ(shown, "Quandrel, ver 9.5.1\nVersion Date: 21 November 2026");
+}
+
+TEST_F(MainWindow, SavingTellsWhereAndClearsTheChange) {
+    const int slot = OpenChanged("a.txt");
+    const std::string path = (folder / "saved.txt").string();
+    prompts.QueueSavePath(path);
+    QTest::mouseClick(&ToolButton("cmdSaveButton"), Qt::LeftButton);
+    EXPECT_TRUE(std::filesystem::exists(path));
+    EXPECT_EQ(RecordOf(slot).Modified, 0);
+    EXPECT_EQ(Info(), "Saved as saved.txt");
+    EXPECT_EQ(FormOfSlot(slot).windowTitle().left(12), "saved.txt: 1");
+    prompts.QueueSavePath((folder / "other.txt").string());
+    Press("mnuFileSave_1");
+    EXPECT_TRUE(std::filesystem::exists(folder / "other.txt"));
+    OpenChanged("b.txt");
+    prompts.QueueSavePath((folder / "all.txt").string());
+    Press("mnuFileSave_2");
+    EXPECT_TRUE(std::filesystem::exists(folder / "all.txt"));
+    EXPECT_EQ(Info(), "All plots are saved");
+}
+
+TEST_F(MainWindow, ActivatingAWindowMakesItsPlotTheActiveOne) {
+    OpenFile("a.txt");
+    OpenFile("b.txt");
+    Press("mnuPlotSymbols_0");
+    auto& room = ControlOf<QMdiArea>(*main, "mdiPlots");
+    room.setActiveSubWindow(&FormOfSlot(1));
+    EXPECT_EQ(gActivePlot, 1);
+    EXPECT_TRUE(Action("mnuPlotSymbols_1").isChecked());
+    room.setActiveSubWindow(&FormOfSlot(2));
+    EXPECT_EQ(gActivePlot, 2);
+    EXPECT_TRUE(Action("mnuPlotSymbols_0").isChecked());
+    main->findChild<QAction*>("mnuWindowPlot_1")->trigger();
+    EXPECT_EQ(gActivePlot, 1);
+    EXPECT_TRUE(main->findChild<QAction*>("mnuWindowPlot_1")->isChecked());
+}
+
+TEST_F(MainWindow, WindowsAreArranged) {
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        OpenFile(name);
+    }
+    const auto overlap = [] {
+        return FormOfSlot(1).geometry().intersects(FormOfSlot(2).geometry())
+               || FormOfSlot(2).geometry().intersects(FormOfSlot(3).geometry());
+    };
+    Press("mnuWindow_1");
+    EXPECT_FALSE(overlap());
+    EXPECT_EQ(FormOfSlot(1).height(), FormOfSlot(3).height());
+    Press("mnuWindow_2");
+    EXPECT_FALSE(overlap());
+    EXPECT_EQ(FormOfSlot(1).width(), FormOfSlot(3).width());
+    Press("mnuWindow_0");
+    EXPECT_TRUE(overlap());
+    FormOfSlot(1).showMinimized();
+    Press("mnuWindow_3");
+    EXPECT_TRUE(FormOfSlot(1).isMinimized());
+    const QRect room = ControlOf<QMdiArea>(*main, "mdiPlots").viewport()->rect();
+    EXPECT_EQ(FormOfSlot(1).geometry().bottom(), room.bottom());
+}
+
+TEST_F(MainWindow, TheProgressBarComesAndGoes) {
+    EXPECT_FALSE(main->progBar->isVisible());
+    gPlatform.status->SetProgress(30, 60);
+    EXPECT_TRUE(main->progBar->isVisible());
+    EXPECT_EQ(main->progBar->value() * 2, main->progBar->maximum());
+    gPlatform.status->SetProgress(0, 0);
+    EXPECT_FALSE(main->progBar->isVisible());
+}
+
+TEST_F(MainWindow, TheBusyPointerNests) {
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    {
+        const BusyPointer outer(*gPlatform.status);
+        const BusyPointer inner(*gPlatform.status);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(MainWindow, EscEndsAStepAndNothingElseIsHeardMeanwhile) {
+    OpenFile("a.txt");
+    EXPECT_FALSE(gPlatform.status->CancelRequested());
+    gBusy = true;
+    QToolButton& button = ToolButton("grpPlotTypeButton_1");
+    QApplication::postEvent(&button,
+                            new QMouseEvent(QEvent::MouseButtonPress, CentreOf(button),
+                                            button.mapToGlobal(CentreOf(button)), Qt::LeftButton,
+                                            Qt::LeftButton, Qt::NoModifier));
+    EXPECT_FALSE(gPlatform.status->CancelRequested());
+    EXPECT_FALSE(button.isDown()) << "the press did not reach the button";
+    QApplication::postEvent(main.get(),
+                            new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    EXPECT_TRUE(gPlatform.status->CancelRequested());
+    EXPECT_FALSE(gPlatform.status->CancelRequested()) << "once";
+    gBusy = false;
+}
+
+TEST_F(MainWindow, ClosingAWindowByItsButtonAsksAndCloses) {
+    OpenChanged("a.txt");
+    Expect("has not been saved", Button::Cancel);
+    FormOfSlot(1).close();
+    QApplication::processEvents();
+    EXPECT_TRUE(IsOpenSlot(1));
+    EXPECT_TRUE(FormOfSlot(1).isVisible());
+    Expect("has not been saved", Button::No);
+    FormOfSlot(1).close();
+    QApplication::processEvents();
+    EXPECT_FALSE(IsOpenSlot(1));
+    EXPECT_EQ(gActivePlot, 0);
+    EXPECT_TRUE(ControlOf<QMdiArea>(*main, "mdiPlots").subWindowList().isEmpty());
+}
+
+TEST_F(MainWindow, ClosingTheFocusedWindowActivatesAnother) {
+    OpenFile("a.txt");
+    OpenFile("b.txt");
+    Press("mnuFileClose_0");
+    EXPECT_EQ(CountOpenPlots(), 1);
+    EXPECT_EQ(gActivePlot, 1);
+    EXPECT_EQ(ControlOf<QMdiArea>(*main, "mdiPlots").activeSubWindow(), &FormOfSlot(1));
+}
+
+TEST_F(MainWindow, CloseAllAsksOneByOne) {
+    OpenChanged("a.txt");
+    OpenFile("b.txt");
+    Expect("a.txt: 1", Button::Cancel);
+    Press("mnuFileClose_1");
+    EXPECT_EQ(CountOpenPlots(), 2);
+    Expect("a.txt: 1", Button::No);
+    Press("mnuFileClose_1");
+    EXPECT_EQ(CountOpenPlots(), 0);
+}
+
+TEST_F(MainWindow, LeavingAsksAndSavesTheSession) {
+    OpenChanged("a.txt");
+    OpenChanged("b.txt");
+    prompts.ExpectSavePlots("Quandrel   b.txt: 2", SaveAnswer::Cancel);
+    Press("mnuFileQuit");
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_EQ(CountOpenPlots(), 2);
+    EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "WinState", "none"), "none");
+    prompts.ExpectSavePlots("Quandrel   b.txt: 2", SaveAnswer::SkipAll);
+    Press("mnuFileQuit");
+    EXPECT_FALSE(main->isVisible());
+    EXPECT_EQ(CountOpenPlots(), 0);
+    EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "WinState", "none"), "0");
+    EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "WinWidth", "none"),
+              std::to_string(main->geometry().width() * 15));
+    EXPECT_EQ(settings.Read("Quandrel 9", "FileMenuArray", "1", "none"),
+              (folder / "b.txt").string());
+}
+
+TEST_F(MainWindow, LeavingIsRefusedWhileALoopRuns) {
+    gBusy = true;
+    main->close();
+    EXPECT_TRUE(main->isVisible());
+    gBusy = false;
+}
+
+TEST_F(MainWindow, TooManyPlotsAreTold) {
+    for (int i = 1; i <= gMaxPlots; ++i) {
+        Press("mnuFileLoad_3");
+    }
+    EXPECT_EQ(CountOpenPlots(), 10);
+    Expect("You have too many plot windows already open to complete this operation.");
+    Press("mnuFileLoad_3");
+    EXPECT_EQ(CountOpenPlots(), 10);
+}
+
+TEST_F(MainWindow, ACancelledLoadLeavesNoWindow) {
+    AcceptFormat({}, 0);
+    prompts.QueueOpenPath(WriteFile("a.txt", "1\t2\n"));
+    Press("mnuFileLoad_0");
+    EXPECT_EQ(CountOpenPlots(), 0);
+    EXPECT_TRUE(ControlOf<QMdiArea>(*main, "mdiPlots").subWindowList().isEmpty());
+    EXPECT_TRUE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
+}
+
+TEST_F(MainWindow, CancellingTheFileDialogOfASessionWithoutPlotsMakesABlankPlot) {
+    Press("mnuFileLoad_0");
+    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
+    Press("mnuFileLoad_0");
+    EXPECT_EQ(CountOpenPlots(), 1);
+}
+
+} // namespace
+} // namespace quandrel

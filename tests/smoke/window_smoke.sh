@@ -1,0 +1,84 @@
+#!/usr/bin/env bash
+# Runs the program as a user does, on a screen of its own with a small window manager: opens a file
+# of planes, accepts the format dialog, and leaves.
+# usage: window_smoke.sh PROGRAM
+set -euo pipefail
+program=$1
+folder=$(mktemp -d)
+example=$folder/beds.txt
+printf '30\t120\n45\t200\n80\t310\n' >"$example"
+jobs_to_end=()
+finish() {
+    for job in "${jobs_to_end[@]}"; do
+        kill "$job" 2>/dev/null || true
+    done
+    rm -rf "$folder"
+}
+trap finish EXIT
+fail() {
+    echo "$1" >&2
+    exit 1
+}
+
+export XDG_CONFIG_HOME=$folder XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
+# The leak of a connection that a library keeps is not ours.
+echo "leak:libdbus-1" >"$folder/leaks"
+export LSAN_OPTIONS=suppressions=$folder/leaks
+
+# The server chooses a display that is free and says which.
+exec 3<>"$folder/display"
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+jobs_to_end+=($!)
+for _ in $(seq 100); do
+    [ -s "$folder/display" ] && break
+    sleep 0.1
+done
+DISPLAY=:$(tr -d '[:space:]' <"$folder/display")
+export DISPLAY
+matchbox-window-manager -use_titlebar no >/dev/null 2>&1 &
+jobs_to_end+=($!)
+
+"$program" "$example" >"$folder/out" 2>&1 &
+running=$!
+jobs_to_end+=("$running")
+
+# Gives the number of a window of this name, waiting for it.
+window() {
+    local found
+    for _ in $(seq 200); do
+        found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1 || true)
+        if [ -n "$found" ]; then
+            echo "$found"
+            return
+        fi
+        kill -0 "$running" 2>/dev/null || fail "the program ended: $(cat "$folder/out")"
+        sleep 0.1
+    done
+    fail "no window $1"
+}
+
+# Presses a key, again and again for keys that come before a window listens, until a condition holds.
+press_until() {
+    local key=$1
+    shift
+    for _ in $(seq 60); do
+        xdotool key "$key"
+        for _ in $(seq 5); do
+            "$@" && return
+            sleep 0.1
+        done
+    done
+    fail "$key had no effect"
+}
+dialog_is_gone() { ! xdotool search --onlyvisible --name "$dialog" >/dev/null 2>&1; }
+program_is_gone() { ! kill -0 "$running" 2>/dev/null; }
+
+dialog="File structure and data conventions"
+window "$dialog" >/dev/null
+press_until Return dialog_is_gone
+window "Quandrel, ver 9.5.1" >/dev/null
+press_until ctrl+q program_is_gone
+wait "$running" || fail "the program failed: $(cat "$folder/out")"
+settings="$folder/quandrel/Quandrel 9.ini"
+[ -f "$settings" ] || fail "no settings were saved"
+grep -q "$(basename "$example")" "$settings" || fail "the file is not among the recent files"

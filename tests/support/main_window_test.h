@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+//
+// A main window over an engine of its own for each test, answered by scripted prompts.
+
+#pragma once
+
+#include "input/file_loading.h"
+#include "persistence/open_plot.h"
+#include "shell/commands.h"
+#include "shell/frm_plot_forms.h"
+#include "shell/geol_plot_main.h"
+#include "stereo/plot_stages.h"
+#include "support/shell_test.h"
+
+#include <QAction>
+#include <QMdiArea>
+#include <QTest>
+
+#include <memory>
+#include <string>
+
+namespace quandrel {
+
+class MainWindowTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPlotStages = {};
+        gPlotKind = kEqualArea;
+        main = std::make_unique<GeolPlotMain>();
+        gPlatform.prompts = &prompts;
+        main->resize(1200, 760);
+        main->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
+        AcceptFormat({}, 1000);
+    }
+
+    void TearDown() override {
+        main.reset();
+        gPlotStages = {};
+        EngineTest::TearDown();
+    }
+
+    /// Opens a file of these lines as the File menu does; gives its slot.
+    int OpenFile(const std::string& name, const std::string& text = "30\t120\n45\t270\n60\t15\n") {
+        prompts.QueueOpenPath(WriteFile(name, text));
+        Press("mnuFileLoad_0");
+        return gActivePlot;
+    }
+
+    int OpenChanged(const std::string& name) {
+        const int slot = OpenFile(name);
+        RecordOf(slot).Modified = kTrue;
+        return slot;
+    }
+
+    [[nodiscard]] QAction& Action(const std::string& name) const {
+        return main->AllCommands().Of(QString::fromStdString(name));
+    }
+
+    /// Presses a menu item that can be used.
+    void Press(const std::string& name) {
+        EXPECT_TRUE(Action(name).isEnabled()) << name;
+        Action(name).trigger();
+    }
+
+    [[nodiscard]] static frmPlotForms& FormOfSlot(int slot) {
+        return static_cast<frmPlotForms&>(FormOf(slot));
+    }
+
+    std::unique_ptr<GeolPlotMain> main;
+};
+
+} // namespace quandrel

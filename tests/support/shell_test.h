@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// The application object that windows need, and an engine of its own for each test of a window.
+
+#pragma once
+
+#include "support/test_platform.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace quandrel {
+
+class WidgetApplication : public ::testing::Environment {
+public:
+    void SetUp() override {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+
+    void TearDown() override { application_.reset(); }
+
+private:
+    char name_[5] = "test";
+    char* arguments_[2] = {name_, nullptr};
+    int argumentCount_ = 1;
+    std::unique_ptr<QApplication> application_;
+};
+
+inline ::testing::Environment* const kWidgetApplication =
+    ::testing::AddGlobalTestEnvironment(new WidgetApplication);
+
+/// The control of a name below a window; a test fails when there is none.
+template <class Control>
+Control& ControlOf(const QWidget& window, const std::string& name) {
+    auto* control = window.findChild<Control*>(QString::fromStdString(name));
+    if (control == nullptr) {
+        ADD_FAILURE() << "no control " << name;
+        std::abort();
+    }
+    return *control;
+}
+
+} // namespace quandrel
