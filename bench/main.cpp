@@ -4,14 +4,18 @@
 
 #include <benchmark/benchmark.h>
 
-#ifdef QUANDREL_WITH_QT
+#if defined(QUANDREL_WITH_WINDOWS)
+#include <QApplication>
+using Application = QApplication;
+#elif defined(QUANDREL_WITH_QT)
 #include <QGuiApplication>
+using Application = QGuiApplication;
 #endif
 
 int main(int argc, char** argv) {
 #ifdef QUANDREL_WITH_QT
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    const Application application(argc, argv);
 #endif
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

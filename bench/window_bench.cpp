@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+//
+// The window: opening a file to the finished picture, and resizing with rows on the net.
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "persistence/open_plot.h"
+#include "platform/memory_clipboard.h"
+#include "platform/memory_settings_store.h"
+#include "platform/no_printers.h"
+#include "platform/platform.h"
+#include "platform/scripted_prompts.h"
+#include "program/start.h"
+#include "shell/frm_plot_forms.h"
+#include "shell/geol_plot_main.h"
+
+#include <QApplication>
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <string>
+
+namespace quandrel {
+namespace {
+
+/// A program with its main window, whose questions are answered by their default buttons.
+class Program {
+public:
+    Program() {
+        gPlatform = {};
+        gPlatform.settings = &settings_;
+        gPlatform.clipboard = &clipboard_;
+        gPlatform.printers = &printers_;
+        InitialiseApplication();
+        window = std::make_unique<GeolPlotMain>();
+        gPlatform.prompts = &prompts_;
+        window->resize(1280, 800);
+        window->show();
+        QApplication::processEvents();
+    }
+
+    ~Program() {
+        window.reset();
+        MakeStoreTables();
+        gPlatform = {};
+    }
+
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    std::unique_ptr<GeolPlotMain> window;
+
+private:
+    MemorySettingsStore settings_;
+    MemoryClipboard clipboard_;
+    NoPrinters printers_;
+    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
+};
+
+/// A file of so many planes; it goes with the object.
+class PlanesFile {
+public:
+    explicit PlanesFile(std::int64_t rows)
+        : path_(std::filesystem::temp_directory_path() / "quandrel_window_bench.txt") {
+        std::mt19937 random(20261121);
+        std::ofstream file(path_);
+        for (std::int64_t i = 0; i < rows; ++i) {
+            file << random() % 91 << '\t' << random() % 360 << '\n';
+        }
+    }
+
+    ~PlanesFile() { std::filesystem::remove(path_); }
+
+    PlanesFile(const PlanesFile&) = delete;
+    PlanesFile& operator=(const PlanesFile&) = delete;
+
+    [[nodiscard]] QString Path() const { return QString::fromStdString(path_.string()); }
+
+private:
+    std::filesystem::path path_;
+};
+
+void OpenToPicture(benchmark::State& state) {
+    const PlanesFile file(state.range(0));
+    Program program;
+    for (auto _ : state) {
+        program.window->OpenFiles({file.Path()});
+        program.window->grab();
+        state.PauseTiming();
+        ClosePlot(gActivePlot);
+        state.ResumeTiming();
+    }
+}
+
+void ResizeFrame(benchmark::State& state) {
+    const PlanesFile file(state.range(0));
+    Program program;
+    program.window->OpenFiles({file.Path()});
+    auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    form.Place(QRect(0, 0, 1000, 700));
+    int step = 0;
+    for (auto _ : state) {
+        form.Place(QRect(0, 0, 1000 + step % 40, 700 + step % 40));
+        program.window->grab();
+        ++step;
+    }
+}
+
+BENCHMARK(OpenToPicture)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ResizeFrame)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace quandrel

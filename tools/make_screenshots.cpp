@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+//
+// Pictures of the windows for the documents, made from the examples: the main window with two tiled
+// plots and the format dialog on three files, in a light and a dark theme. QT_SCALE_FACTOR gives
+// them another density.
+//
+// usage: make_screenshots EXAMPLES FOLDER
+
+#include "batch/format_command.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "platform/memory_clipboard.h"
+#include "platform/memory_settings_store.h"
+#include "platform/no_printers.h"
+#include "platform/platform.h"
+#include "platform/scripted_prompts.h"
+#include "program/start.h"
+#include "shell/commands.h"
+#include "shell/frm_file_format.h"
+#include "shell/frm_plot_forms.h"
+#include "shell/geol_plot_main.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileInfo>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include <iostream>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace {
+
+using namespace quandrel;
+
+/// The formats of the examples in the words of a script.
+const std::map<std::string, std::string>& Formats() {
+    static const std::map<std::string, std::string> formats = {
+        {"folded_bedding.txt",
+         "primary=plane conventions=1 delimiter=tab columns=0,1,2,3,4,5,6,7,2,3 header=yes "
+         "appended=numeric,text data=planes numericname=thickness textname=rockType"},
+        {"fold_hinges_polar.txt",
+         "primary=line conventions=11 delimiter=tab columns=1,0,2,3,4,5,6,7,8,2 header=yes "
+         "appended=text data=polar textname=type"},
+        {"faults_pitch.txt",
+         "primary=plane secondary=pitch conventions=5 delimiter=tab "
+         "columns=0,1,2,3,2,2,6,7,8,3 header=yes appended=text data=planes textname=type"},
+        {"joints.csv",
+         "primary=plane conventions=2 delimiter=comma columns=2,1,2,3,4,5,6,7,3,4 header=yes "
+         "appended=numeric,text data=planes numericname=spacing textname=rockType"},
+    };
+    return formats;
+}
+
+QPalette DarkPalette() {
+    QPalette palette;
+    const QColor window(0x2a, 0x2e, 0x32);
+    const QColor base(0x1d, 0x20, 0x23);
+    const QColor text(0xec, 0xee, 0xf0);
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::Button, QColor(0x31, 0x36, 0x3b));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, QColor(0x7c, 0x82, 0x88));
+    }
+    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x96, 0x9c));
+    palette.setColor(QPalette::ToolTipBase, window);
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x7f, 0xd0));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+/// A program over the examples; the format dialog is accepted with the example's own format.
+class Show {
+public:
+    Show(QString examples, QString folder, QString theme)
+        : examples_(std::move(examples))
+        , folder_(std::move(folder))
+        , theme_(std::move(theme)) {
+        gPlatform = {};
+        gPlatform.settings = &settings_;
+        gPlatform.clipboard = &clipboard_;
+        gPlatform.printers = &printers_;
+        InitialiseApplication();
+        window = std::make_unique<GeolPlotMain>();
+        gPlatform.prompts = &prompts_;
+        prompts_.OnFormat([this](const FormatQuestion& question) { return Answer(question); });
+        window->resize(1280, 800);
+        window->show();
+        QApplication::processEvents();
+    }
+
+    ~Show() {
+        window.reset();
+        MakeStoreTables();
+        gPlatform = {};
+    }
+
+    Show(const Show&) = delete;
+    Show& operator=(const Show&) = delete;
+
+    void Open(const QString& example) { window->OpenFiles({examples_ + "/" + example}); }
+
+    void Press(const QString& command) { window->AllCommands().Of(command).trigger(); }
+
+    void Picture(QWidget& widget, const QString& name) {
+        QApplication::processEvents();
+        const QString path = folder_ + "/" + name + "_" + theme_ + ".png";
+        if (!widget.grab().save(path)) {
+            std::cerr << "cannot write " << path.toStdString() << "\n";
+        }
+    }
+
+    /// The format dialog as it opens on an example, in a format that is given in words or is that
+    /// of a first run.
+    void Dialog(const QString& example, const std::string& format, const QString& name) {
+        const FormatSettings before = CurrentFormat();
+        FormatQuestion question;
+        question.path = (examples_ + "/" + example).toStdString();
+        question.command = "New";
+        Apply(format);
+        question.columnHeadings = gFileHasHeadings;
+        frmFileFormat dialog(question, window.get());
+        dialog.show();
+        Picture(dialog, name);
+        RestoreFormat(before);
+    }
+
+    std::unique_ptr<GeolPlotMain> window;
+
+private:
+    static void Apply(const std::string& format) {
+        const Result<std::vector<Command>> commands =
+            ParseScript("format " + format, CommandBreak::LineOnly);
+        StatedFormat stated;
+        const std::string wrong =
+            commands ? ApplyFormatArguments(commands->front().arguments, stated) : "bad words";
+        if (!wrong.empty() && !format.empty()) {
+            std::cerr << wrong << "\n";
+        }
+    }
+
+    static std::optional<FormatAnswer> Answer(const FormatQuestion& question) {
+        const auto format = Formats().find(
+            QFileInfo(QString::fromStdString(question.path)).fileName().toStdString());
+        if (format != Formats().end()) {
+            Apply(format->second);
+        }
+        FormatAnswer answer;
+        answer.columnHeadings = gFileHasHeadings;
+        return answer;
+    }
+
+    QString examples_;
+    QString folder_;
+    QString theme_;
+    MemorySettingsStore settings_;
+    MemoryClipboard clipboard_;
+    NoPrinters printers_;
+    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
+};
+
+void MakePictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Picture(*show.window, "intro");
+    show.Dialog("faults_pitch.txt", Formats().at("faults_pitch.txt"), "format_faults");
+    show.Dialog("joints.csv", Formats().at("joints.csv"), "format_joints");
+    show.Dialog("lineations_quadrant.txt", "delimiter=tab", "format_suspicious");
+    show.Open("folded_bedding.txt");
+    show.Press("mnuPlotSymbols_0");
+    show.Open("fold_hinges_polar.txt");
+    auto& second = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    second.SetBoxText(PlotBox::Description, "Fold hinges, second generation");
+    second.SetBoxText(PlotBox::Fabric, "F2");
+    show.Press("mnuWindow_1");
+    show.Picture(*show.window, "window");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    if (argc != 3) {
+        std::cerr << "usage: make_screenshots EXAMPLES FOLDER\n";
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    const QPalette light = QApplication::palette();
+    MakePictures(argv[1], argv[2], "light");
+    QApplication::setPalette(DarkPalette());
+    MakePictures(argv[1], argv[2], "dark");
+    QApplication::setPalette(light);
+    return 0;
+}
