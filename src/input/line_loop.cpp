@@ -4,19 +4,17 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/step_progress.h"
 #include "input/decimal_delimiter.h"
 #include "input/parameter_line.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
 
 #include <algorithm>
-#include <chrono>
 
 namespace quandrel {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 /// Lines between two looks at the clock.
 constexpr std::int64_t kLinesBetweenLooks = 8192;
@@ -45,31 +43,16 @@ bool IsOfHead(LineStatus status) {
 class LoadProgress {
 public:
     explicit LoadProgress(std::size_t bytes)
-        : bytes_(static_cast<std::int64_t>(bytes)) {}
-
-    ~LoadProgress() {
-        if (shown_) {
-            gPlatform.status->SetProgress(0, 0);
-        }
-    }
-
-    LoadProgress(const LoadProgress&) = delete;
-    LoadProgress& operator=(const LoadProgress&) = delete;
+        : progress_(static_cast<std::int64_t>(bytes), gTimeWithoutProgress) {}
 
     /// False once the user has asked for the load to end.
     [[nodiscard]] bool GoOn(std::int64_t line, std::int64_t bytesDone) {
-        if (line % kLinesBetweenLooks != 0 || Clock::now() - start_ < gTimeWithoutProgress) {
-            return true;
-        }
-        shown_ = true;
-        gPlatform.status->SetProgress(bytesDone, bytes_);
-        return !gPlatform.status->CancelRequested();
+        return line % kLinesBetweenLooks != 0 || !progress_.Reach(bytesDone)
+               || !gPlatform.status->CancelRequested();
     }
 
 private:
-    std::int64_t bytes_;
-    Clock::time_point start_ = Clock::now();
-    bool shown_ = false;
+    StepProgress progress_;
 };
 
 /// The state of a pass between two lines.

@@ -3,6 +3,7 @@
 #include "stereo/row_drawing.h"
 
 #include "core/plot_store.h"
+#include "core/step_progress.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/draw_target.h"
@@ -166,7 +167,12 @@ void DrawRowGreatCircles(RowRange range) {
     const DrawState& state = surface.State();
     const int style = state.drawStyle;
     const double width = state.drawWidth;
-    for (const StyledRow& row : RowsToDraw(table, range, RowStyle::Own)) {
+    const std::vector<StyledRow> rows = RowsToDraw(table, range, RowStyle::Own);
+    StepProgress progress(std::max(static_cast<std::int64_t>(rows.size()), std::int64_t{1}),
+                          kDrawingWithoutProgress);
+    std::int64_t drawn = 0;
+    for (const StyledRow& row : rows) {
+        progress.Reach(drawn++);
         double plunge = 0;
         double trend = 0;
         UnprojectPoint(plotKind, table.x[row.place], table.y[row.place], plunge, trend);
@@ -179,11 +185,15 @@ void DrawRowGreatCircles(RowRange range) {
 
 std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction> normals,
                                          std::span<const std::int64_t> weights,
+                                         const std::function<void(std::int64_t)>& onPairs,
                                          std::int64_t& count) {
     TakenPlaces taken;
     std::vector<Point> positions;
+    std::int64_t pairs = 0;
     count = 0;
     for (std::size_t i = 0; i < normals.size(); ++i) {
+        onPairs(pairs);
+        pairs += static_cast<std::int64_t>(normals.size() - i - 1);
         for (std::size_t j = i + 1; j < normals.size(); ++j) {
             const std::optional<Direction> line = IntersectionDirection(normals[i], normals[j]);
             if (!line) {
@@ -203,9 +213,12 @@ std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction
 
 std::int64_t DrawBetaIntersections() {
     const DistinctPlanes planes = PlanesOfMainRows();
+    const auto n = static_cast<std::int64_t>(planes.normals.size());
+    StepProgress progress(std::max(n * (n - 1) / 2, std::int64_t{1}), kDrawingWithoutProgress);
     std::int64_t count = 0;
-    const std::vector<Point> positions =
-        IntersectionPositions(ActiveRecord().PlotKind, planes.normals, planes.weights, count);
+    const std::vector<Point> positions = IntersectionPositions(
+        ActiveRecord().PlotKind, planes.normals, planes.weights,
+        [&progress](std::int64_t pairs) { progress.Reach(pairs); }, count);
     DrawSymbols(PlotSurface(), positions, CodeOfStyleRow(kRowSymbol));
     return count;
 }

@@ -13,6 +13,7 @@
 #include "platform/surface.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -47,10 +48,11 @@ std::int64_t DrawBetaIntersections();
 /// @param plotKind  projection
 /// @param normals   downward unit normals of different planes
 /// @param weights   how many planes share each normal, as many as normals
+/// @param onPairs   told how many pairs have been looked at, some times in between
 /// @param[out] count  pairs of planes that intersect, each of the shared ones counted
-[[nodiscard]] std::vector<Point> IntersectionPositions(int plotKind,
-                                                       std::span<const Direction> normals,
-                                                       std::span<const std::int64_t> weights,
-                                                       std::int64_t& count);
+[[nodiscard]] std::vector<Point>
+IntersectionPositions(int plotKind, std::span<const Direction> normals,
+                      std::span<const std::int64_t> weights,
+                      const std::function<void(std::int64_t)>& onPairs, std::int64_t& count);
 
 } // namespace quandrel
