@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QGuiApplication>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -29,12 +30,11 @@ public:
         QByteArray coloured = drawing_;
         coloured.replace(kIconInk, ink.name().toUtf8());
         QSvgRenderer renderer(coloured);
-        const double opacity = painter->opacity();
         if (mode == QIcon::Disabled) {
-            painter->setOpacity(opacity * kDisabledOpacity);
+            PaintFaint(*painter, rect, renderer);
+        } else {
+            renderer.render(painter, QRectF(rect));
         }
-        renderer.render(painter, QRectF(rect));
-        painter->setOpacity(opacity);
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -48,6 +48,20 @@ public:
     [[nodiscard]] QIconEngine* clone() const override { return new ThemeIconEngine(*this); }
 
 private:
+    /// Strokes that lie on each other are one picture before they become faint.
+    static void PaintFaint(QPainter& painter, const QRect& rect, QSvgRenderer& renderer) {
+        const double density = painter.device()->devicePixelRatioF();
+        QImage layer(rect.size() * density, QImage::Format_ARGB32_Premultiplied);
+        layer.fill(Qt::transparent);
+        QPainter layerPainter(&layer);
+        renderer.render(&layerPainter, QRectF(layer.rect()));
+        layerPainter.end();
+        const double opacity = painter.opacity();
+        painter.setOpacity(opacity * kDisabledOpacity);
+        painter.drawImage(rect, layer);
+        painter.setOpacity(opacity);
+    }
+
     QByteArray drawing_;
 };
 
