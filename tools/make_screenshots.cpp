@@ -168,7 +168,7 @@ private:
 
 void MakePictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
-    show.Picture(*show.window, "intro");
+
     show.Dialog("faults_pitch.txt", Formats().at("faults_pitch.txt"), "format_faults");
     show.Dialog("joints.csv", Formats().at("joints.csv"), "format_joints");
     show.Dialog("lineations_quadrant.txt", "delimiter=tab", "format_suspicious");
