@@ -247,6 +247,32 @@ TEST_F(MainWindow, TheMenuBarFollowsThePlots) {
     EXPECT_TRUE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
 }
 
+TEST_F(MainWindow, EachMenuOpensByItsKeyInBothSets) {
+    const auto expectOpens = [this](Qt::Key key, const char* name) {
+        QTest::keyClick(main.get(), key, Qt::AltModifier);
+        auto* menu = main->findChild<QMenu*>(name);
+        EXPECT_TRUE(menu->isVisible()) << name;
+        menu->close();
+    };
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    expectOpens(Qt::Key_F, "mnuFile");
+    expectOpens(Qt::Key_P, "mnuPlotTypes");
+    expectOpens(Qt::Key_H, "mnuHelps");
+    OpenFile("a.txt");
+    for (const auto& [key, name] : {std::pair{Qt::Key_F, "mnuFile"},
+                                    {Qt::Key_E, "mnuEdit"},
+                                    {Qt::Key_P, "mnuPlot"},
+                                    {Qt::Key_V, "mnuView"},
+                                    {Qt::Key_M, "mnuMapInfoTop"},
+                                    {Qt::Key_W, "mnuWindow"},
+                                    {Qt::Key_H, "mnuHelps"}}) {
+        expectOpens(key, name);
+    }
+    Press("mnuFileClose_0");
+    expectOpens(Qt::Key_P, "mnuPlotTypes");
+}
+
 TEST_F(MainWindow, CommandsWithoutWorkAreDisabledWhateverThePlot) {
     OpenFile("a.txt");
     for (const char* name :
