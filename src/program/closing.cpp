@@ -14,6 +14,20 @@ namespace quandrel {
 
 namespace {
 
+/// A question is up. A second closing has to wait for its answer: both would ask about the same
+/// plots.
+bool asking = false;
+
+class Asking {
+public:
+    Asking() { asking = true; }
+
+    ~Asking() { asking = false; }
+
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+};
+
 /// The answers that hold for all plots that are asked about in one closing.
 struct StandingAnswers {
     bool saveAll = false;
@@ -107,7 +121,11 @@ bool QueryClose(int slot, Closing closing) {
 }
 
 bool ClosePlotWindow(int slot) {
-    if (!IsOpenSlot(slot) || !QueryClose(slot)) {
+    if (asking || !IsOpenSlot(slot)) {
+        return false;
+    }
+    const Asking once;
+    if (!QueryClose(slot)) {
         return false;
     }
     ClosePlot(slot);
@@ -115,6 +133,10 @@ bool ClosePlotWindow(int slot) {
 }
 
 bool CloseAllPlots(Closing closing) {
+    if (asking) {
+        return false;
+    }
+    const Asking once;
     StandingAnswers standing;
     for (const int slot : OpenSlots()) {
         if (!Query(slot, closing, standing)) {

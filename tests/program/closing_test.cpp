@@ -239,5 +239,20 @@ TEST_F(ClosingPlots, AFailedSaveDoesNotKeepTheOthersFromBeingSaved) {
     EXPECT_FALSE(HoldsUnsavedData(1));
 }
 
+TEST_F(ClosingPlots, ASecondClosingWaitsForTheAnswerOfTheFirst) {
+    const int slot = OpenChanged("a.txt");
+    int nested = 0;
+    prompts.OnBox([&](const ShownBox&) {
+        // The box runs the event loop: the same close button again, and the main window's.
+        ++nested;
+        EXPECT_FALSE(ClosePlotWindow(slot));
+        EXPECT_FALSE(CloseAllPlots(Closing::Application));
+    });
+    Expect(kQuestion, Button::No);
+    EXPECT_TRUE(ClosePlotWindow(slot));
+    EXPECT_EQ(nested, 1);
+    EXPECT_FALSE(IsOpenSlot(slot));
+}
+
 } // namespace
 } // namespace quandrel
