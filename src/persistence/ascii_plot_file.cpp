@@ -13,6 +13,7 @@
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -99,9 +100,22 @@ std::string FieldOfText(std::string_view text) {
     return quoted + "\"";
 }
 
+/// What the user has written about the plot, as comments: a name in front of each line.
+std::string CommentLines(const std::string& name, const std::string& text) {
+    std::string lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        lines += "; " + name + ": " + OnOneLine(text.substr(start, end - start)) + "\r\n";
+        start = end + 1;
+    }
+    return lines;
+}
+
 std::string HeadLines(const PlotRecord& record) {
     std::string head = std::string(";") + gCaption + "\r\n";
     head += "; " + OnOneLine(record.PlotTitle) + "\r\n";
+    head += CommentLines("Fabric", record.FabricText);
+    head += CommentLines("Description", record.DescriptionText);
     head += record.PrimaryFormat <= kDirections     ? "; direction"
             : record.PrimaryFormat == kPrimaryPlane ? "; dip\tdip direction"
                                                     : "; plunge\ttrend";

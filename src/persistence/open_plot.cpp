@@ -69,15 +69,26 @@ std::optional<std::string> AskForPath(const std::string& command) {
     return gPlatform.prompts->AskOpenPath(question);
 }
 
-/// A rose that was asked for was asked for once, whatever came of it.
+/// The kind that was asked for serves one plot. A command that comes to nothing leaves it for the
+/// next.
 class OneTimePlotKind {
 public:
     OneTimePlotKind() = default;
 
-    ~OneTimePlotKind() { gPlotKind = kEqualArea; }
+    ~OneTimePlotKind() { gPlotKind = used_ ? std::int16_t{kEqualArea} : former_; }
 
     OneTimePlotKind(const OneTimePlotKind&) = delete;
     OneTimePlotKind& operator=(const OneTimePlotKind&) = delete;
+
+    /// Passes the outcome of a command on, and takes note of it.
+    [[nodiscard]] std::string After(std::string outcome) {
+        used_ = outcome != kLoadError;
+        return outcome;
+    }
+
+private:
+    std::int16_t former_ = gPlotKind;
+    bool used_ = false;
 };
 
 /// One spelling for each file, so that it is known again.
@@ -200,20 +211,20 @@ std::string OpenByKind(const std::string& command, const std::string& path) {
 } // namespace
 
 std::string OpenPlotFile(const std::string& command, const std::string& path) {
-    const OneTimePlotKind once;
     if (!NeedsNewPlot(command) && (!IsOpenSlot(gActivePlot) || !HasRoomFor(command))) {
         return kLoadError;
     }
     if (path.empty()) {
         return kLoadError;
     }
-    return OpenByKind(command, NormalPath(path));
+    OneTimePlotKind once;
+    return once.After(OpenByKind(command, NormalPath(path)));
 }
 
 std::string OpenPlotFile(const std::string& command) {
-    const OneTimePlotKind once;
     if (command == kBlankCommand) {
-        return OpenNewPlot({});
+        OneTimePlotKind once;
+        return once.After(OpenNewPlot({}));
     }
     if (command.starts_with(kFileCommand)) {
         return OpenPlotFile(kNewCommand, command.substr(kFileCommand.size()));
@@ -247,13 +258,15 @@ bool PrepareNewPlotWindow() {
 }
 
 void ClosePlot(int slot) {
+    // A window that closes brings another one into focus.
+    const bool wasActive = gActivePlot == slot;
     std::unique_ptr<PlotForm>& form = gPlotForm.at(static_cast<std::size_t>(slot));
     if (form != nullptr) {
         form->Close();
     }
     form.reset();
     ReleasePlotSlot(slot);
-    if (gActivePlot != slot) {
+    if (!wasActive) {
         return;
     }
     gSelectionRows.clear();

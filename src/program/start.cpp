@@ -76,10 +76,15 @@ bool IntroStart(int index) {
     if (index == kStartMapLink || index == kStartWorkspace) {
         return false;
     }
+    const std::int16_t formerKind = gPlotKind;
     if (index == kStartRose) {
         gPlotKind = kRose;
     }
-    return OpenPlotFile(kNewCommand) != kLoadError;
+    const bool opened = OpenPlotFile(kNewCommand) != kLoadError;
+    if (!opened) {
+        gPlotKind = formerKind;
+    }
+    return opened;
 }
 
 } // namespace quandrel

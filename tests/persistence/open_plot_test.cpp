@@ -598,10 +598,17 @@ TEST_F(OpenPlot, CancellingTheFileDialogWithNoPlotMakesABlankOne) {
     EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
 }
 
-TEST_F(OpenPlot, ARoseStartThatIsCancelledDoesNotOutliveItself) {
+TEST_F(OpenPlot, AKindThatWasAskedForServesOnePlotAndOutlivesWhatIsCancelled) {
     OpenPlotFile(kBlankCommand);
-    gPlotKind = kRose;
+    gPlotKind = kEqualAngle;
     EXPECT_EQ(OpenPlotFile(kNewCommand), kLoadError);
+    EXPECT_EQ(gPlotKind, kEqualAngle);
+    AcceptFormat({}, 0);
+    EXPECT_EQ(Open("a.txt", "30\t120\n"), kLoadError);
+    EXPECT_EQ(gPlotKind, kEqualAngle);
+    AcceptFormat({}, 1);
+    EXPECT_EQ(Open("a.txt", "30\t120\n"), kNewCommand);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle);
     EXPECT_EQ(gPlotKind, kEqualArea);
 }
 

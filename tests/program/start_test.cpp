@@ -47,6 +47,13 @@ TEST_F(Start, TheRoseStartMakesThatOnePlotARose) {
     EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
 }
 
+TEST_F(Start, ARoseStartThatIsCancelledDoesNotOutliveItself) {
+    EXPECT_TRUE(IntroStart(2));
+    gPlotKind = kEqualAngle;
+    EXPECT_FALSE(IntroStart(1));
+    EXPECT_EQ(gPlotKind, kEqualAngle);
+}
+
 TEST_F(Start, TheBlankStartAsksForNoFile) {
     EXPECT_TRUE(IntroStart(2));
     EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
