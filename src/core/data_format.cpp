@@ -43,7 +43,8 @@ FormatSettings CurrentFormat() {
             gFileColumnSettings,
             gPlotDataKind,
             gPlotKind,
-            gFileHasHeadings};
+            gFileHasHeadings,
+            gSymbolTable};
 }
 
 void RestoreFormat(const FormatSettings& settings) {
@@ -62,6 +63,7 @@ void RestoreFormat(const FormatSettings& settings) {
     gPlotDataKind = settings.plotDataKind;
     gPlotKind = settings.plotKind;
     gFileHasHeadings = settings.hasHeadings;
+    gSymbolTable = settings.symbols;
 }
 
 } // namespace quandrel

@@ -6,6 +6,8 @@
 
 #pragma once
 
+#include "core/style_tables.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -112,6 +114,7 @@ struct FormatSettings {
     std::int16_t plotDataKind = 0;
     std::int16_t plotKind = 0;
     bool hasHeadings = false;
+    std::array<SymbolRow, kSymbolRowCount> symbols{}; ///< the dialog chooses those of the rows
 };
 
 [[nodiscard]] FormatSettings CurrentFormat();

@@ -69,7 +69,7 @@ public:
 
     [[nodiscard]] bool Truth(const char* section, const std::string& key, bool otherwise) const {
         const std::string text = Text(section, key, otherwise ? "True" : "False");
-        return text == "True" || text == "true" || text == "-1" || text == "1";
+        return TruthOfSetting(text);
     }
 
     void Write(const char* section, const std::string& key, const std::string& value) const {
@@ -393,6 +393,10 @@ void SetDefaultSettings() {
     gFileHasHeadings = false;
     gStatsBoxKind = 0;
     gStatisticsShown = true;
+}
+
+bool TruthOfSetting(const std::string& text) {
+    return text == "True" || text == "true" || text == "-1" || text == "1";
 }
 
 void LoadSettings() {

@@ -110,6 +110,9 @@ extern Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 /// Gives every setting its value of a first run.
 void SetDefaultSettings();
 
+/// What a text of the store means as a truth.
+[[nodiscard]] bool TruthOfSetting(const std::string& text);
+
 /// Reads the settings. A key that is missing or cannot be read takes its default. Settings of the
 /// earlier generation are read when there are none of this one, and saved again at once.
 void LoadSettings();

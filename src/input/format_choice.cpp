@@ -79,7 +79,7 @@ double SavedNumber(const std::string& key, double otherwise) {
 }
 
 bool SavedTruth(const std::string& key) {
-    return gPlatform.settings->Read(kApplicationName, kDataFormats, key, "False") == "True";
+    return TruthOfSetting(gPlatform.settings->Read(kApplicationName, kDataFormats, key, "False"));
 }
 
 } // namespace

@@ -136,6 +136,16 @@ private:
             }));
     }
 
+    /// Cells at whose ends no other delimiter is left over.
+    [[nodiscard]] static std::size_t CleanCells(const std::vector<std::string>& cells) {
+        constexpr std::string_view kLeftOver = ",; \t";
+        return static_cast<std::size_t>(
+            std::count_if(cells.begin(), cells.end(), [&](const std::string& cell) {
+                return !cell.empty() && kLeftOver.find(cell.front()) == kLeftOver.npos
+                       && kLeftOver.find(cell.back()) == kLeftOver.npos;
+            }));
+    }
+
     /// True when the delimiter leaves the lines in one piece.
     bool DoubtDelimiter() {
         if (format_.neededColumns < 2 || NarrowLines(2) < rows_.size()) {
@@ -144,6 +154,7 @@ private:
         std::string reason = "With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
                              + " each line is one column";
         std::size_t best = 1;
+        std::size_t mostClean = 0;
         std::string better;
         for (const DelimiterName& entry : kDelimiters) {
             FormatChoice other = choice_;
@@ -151,8 +162,12 @@ private:
             const std::vector<std::string> line = {preview_.lines[rows_.front()].line};
             other.columnHeadings = false;
             const FormatPreview split = SplitPreview(line, other);
-            if (const std::size_t columns = split.lines.front().cells.size(); columns > best) {
+            const std::vector<std::string>& cells = split.lines.front().cells;
+            const std::size_t columns = cells.size();
+            const std::size_t clean = CleanCells(cells);
+            if (columns > 1 && (clean > mostClean || (clean == mostClean && columns > best))) {
                 best = columns;
+                mostClean = clean;
                 better = "; with " + Quoted(entry.name) + " there are " + std::to_string(columns);
             }
         }
