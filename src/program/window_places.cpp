@@ -23,15 +23,19 @@ bool LiesOn(const WindowRect& rect, const WindowRect& screen) {
 
 } // namespace
 
-MainWindowStart StartOfMainWindow(const WindowRect& screen) {
+WindowRect KeptMainWindowRect() {
     const WindowPlace& kept = gMainWindowPlace;
+    return {kept.left / kUnitsPerPixel, kept.top / kUnitsPerPixel, kept.width / kUnitsPerPixel,
+            kept.height / kUnitsPerPixel};
+}
+
+MainWindowStart StartOfMainWindow(const WindowRect& screen) {
     MainWindowStart start;
-    start.rect = {kept.left / kUnitsPerPixel, kept.top / kUnitsPerPixel,
-                  kept.width / kUnitsPerPixel, kept.height / kUnitsPerPixel};
+    start.rect = KeptMainWindowRect();
     const bool isLarge =
         start.rect.width >= kSmallestMainWidth && start.rect.height >= kSmallestMainHeight;
     const bool isUsable = isLarge && LiesOn(start.rect, screen);
-    start.state = kept.state == static_cast<int>(WindowState::Normal) && isUsable
+    start.state = gMainWindowPlace.state == static_cast<int>(WindowState::Normal) && isUsable
                       ? WindowState::Normal
                       : WindowState::Maximised;
     return start;

@@ -30,6 +30,9 @@ struct MainWindowStart {
     WindowRect rect;
 };
 
+/// The last place of the main window, as the settings keep it.
+[[nodiscard]] WindowRect KeptMainWindowRect();
+
 /// Where the main window opens. It is maximised where its last place lies off the screen or is too
 /// small to work in.
 [[nodiscard]] MainWindowStart StartOfMainWindow(const WindowRect& screen);

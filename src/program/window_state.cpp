@@ -123,6 +123,7 @@ ToolbarState StateOfToolbar() {
     state.hasRows = record.NumValidData > 0;
     state.isStereo = record.PlotKind != kRose;
     state.hasSeveralPlots = CountOpenPlots() > 1;
+    state.showsLegend = IsPlotPartShown(kShowLegend);
     SetTypeButtons(state, record.PlotKind, record.DataKind, record.PrimaryFormat <= kDirections);
     SetModeButtons(state, record);
     SetSecondaryButtons(state, record);
@@ -151,13 +152,8 @@ MenuCaptions CaptionsOfMenus() {
 
 EditMenuState StateOfEditMenu() {
     EditMenuState state;
-    state.pasteCaption = "&Paste";
     if (!IsOpenSlot(gActivePlot)) {
         return state;
-    }
-    if (const std::optional<std::string> text = gPlatform.clipboard->Text()) {
-        state.paste = true;
-        state.pasteCaption = PasteCaption(*text);
     }
     const PlotRecord& record = ActiveRecord();
     state.changeSymbol = record.OverlayRows[0] >= 1;
@@ -165,6 +161,18 @@ EditMenuState StateOfEditMenu() {
     state.removeOverlay =
         record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
     state.removeAnnotation = HasAnnotations(record);
+    return state;
+}
+
+PasteState StateOfPaste() {
+    PasteState state;
+    if (!IsOpenSlot(gActivePlot)) {
+        return state;
+    }
+    if (const std::optional<std::string> text = gPlatform.clipboard->Text()) {
+        state.enabled = true;
+        state.caption = PasteCaption(*text);
+    }
     return state;
 }
 

@@ -38,6 +38,7 @@ struct ToolbarState {
     bool hasRows = false;       ///< it has valid rows
     bool isStereo = false;      ///< it is no rose
     bool hasSeveralPlots = false;
+    bool showsLegend = false;
 };
 
 /// The state for the active plot, or for none. Without a plot the types are those of the next new
@@ -56,16 +57,22 @@ struct MenuCaptions {
 
 /// What the Edit menu can do with the active plot.
 struct EditMenuState {
-    std::string pasteCaption; ///< says what kind of text is on the clipboard
-    bool paste = false;
     bool changeSymbol = false;
     bool selectAll = false;
     bool removeOverlay = false;
     bool removeAnnotation = false;
 };
 
-/// Reads the clipboard.
 [[nodiscard]] EditMenuState StateOfEditMenu();
+
+/// What "Paste" would do.
+struct PasteState {
+    std::string caption = "&Paste"; ///< says what kind of text is on the clipboard
+    bool enabled = false;
+};
+
+/// Reads the clipboard, whose owner may take its time.
+[[nodiscard]] PasteState StateOfPaste();
 
 /// Makes a kind of plot that of the active plot, or without one of the next new plot.
 void PressPlotType(int button);

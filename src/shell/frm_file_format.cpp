@@ -10,6 +10,7 @@
 #include "platform/platform.h"
 #include "shell/format_grid.h"
 #include "shell/picture_box.h"
+#include "shell/plain_tip.h"
 #include "stereo/symbols.h"
 
 #include <QAbstractItemView>
@@ -103,7 +104,7 @@ void frmFileFormat::ReadFirstLines() {
         } else {
             shown = title + ": " + QString::fromStdString(lines.Error());
         }
-        lblPreview->setToolTip(QString::fromStdString(question_.path));
+        lblPreview->setToolTip(PlainTip(QString::fromStdString(question_.path)));
     }
     lblPreview->setText(shown);
 }

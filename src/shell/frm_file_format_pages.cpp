@@ -55,8 +55,7 @@ constexpr OptionText kSecondaryOptions[] = {
 };
 
 constexpr OptionText kAppendedOptions[] = {
-    {"Line (fold axis, sample line, etc",
-     "Two further columns hold a line that goes with the row"},
+    {"Line (fold axis, sample line, etc", "Two further columns hold a line that goes with the row"},
     {"Numeric value", "A further column holds a number that goes with the row"},
     {"Alphanumeric", "A further column holds a text that goes with the row"},
 };

@@ -7,6 +7,7 @@
 #include "program/start.h"
 #include "program/window_state.h"
 #include "shell/icons.h"
+#include "shell/plain_tip.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -101,7 +102,7 @@ void frmIntro::Refresh() {
         auto* button = new QPushButton(CaptionOfFile(gRecentFiles[i]));
         button->setObjectName("cmdRecent_" + QString::number(i + 1));
         button->setFlat(true);
-        button->setToolTip(QString::fromStdString(gRecentFiles[i]));
+        button->setToolTip(PlainTip(QString::fromStdString(gRecentFiles[i])));
         button->setCursor(Qt::PointingHandCursor);
         const int index = kFirstRecentFile + static_cast<int>(i);
         // Pressing it may take the button away: the list changes.

@@ -14,6 +14,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QToolButton>
@@ -59,12 +60,12 @@ void UseFont(QWidget& box, PlotFontPlace place) {
 
 } // namespace
 
-frmPlotForms::frmPlotForms(int slot)
-    : body_(new QWidget) {
+frmPlotForms::frmPlotForms(int slot) {
     setObjectName("frmPlotForms_" + QString::number(slot));
     setProperty(kTag, QString::number(slot));
     setWindowIcon(IconOf("equal_area"));
     setAttribute(Qt::WA_DeleteOnClose, false);
+    body_ = new QWidget;
     setWidget(body_);
     MakePictures();
     MakeTexts();
@@ -73,6 +74,10 @@ frmPlotForms::frmPlotForms(int slot)
     ApplyFonts();
     body_->installEventFilter(this);
     setMinimumSize(240, 200);
+    // The keys of the window's own menu belong to the commands of the main window.
+    for (QAction* action : systemMenu()->actions()) {
+        action->setShortcuts(QList<QKeySequence>());
+    }
 }
 
 int frmPlotForms::Slot() const {
@@ -108,8 +113,10 @@ void frmPlotForms::MakeTexts() {
     txtDescBox = MakeTextBox("txtDescBox", "Data description");
     txtDescBox->setPlaceholderText("Data description");
     txtDescBox->setToolTip(kDescriptionHint);
-    connect(txtDescBox, &QPlainTextEdit::textChanged, this,
-            [this] { DescribePlot(Slot(), txtDescBox->toPlainText().toStdString()); });
+    connect(txtDescBox, &QPlainTextEdit::textChanged, this, [this] {
+        description_ = txtDescBox->toPlainText().toStdString();
+        DescribePlot(Slot(), description_);
+    });
     txtStatsBox[0] = MakeTextBox("txtStatsBox_0", "Statistics");
     txtStatsBox[1] = MakeTextBox("txtStatsBox_1", "Advanced statistics");
     for (QPlainTextEdit* box : txtStatsBox) {
@@ -124,8 +131,10 @@ void frmPlotForms::MakeTexts() {
     txtFabricBox->setToolTip(kFabricHint);
     txtFabricBox->setAcceptDrops(false);
     txtFabricBox->installEventFilter(this);
-    connect(txtFabricBox, &QLineEdit::textChanged, this,
-            [this](const QString& text) { NameFabric(Slot(), text.toStdString()); });
+    connect(txtFabricBox, &QLineEdit::textEdited, this, [this](const QString& text) {
+        fabric_ = text.toStdString();
+        NameFabric(Slot(), fabric_);
+    });
     lblNumBox = new QLabel("0 Pts", body_);
     lblNumBox->setObjectName("lblNumBox");
     lblNumBox->setTextFormat(Qt::PlainText);
@@ -204,9 +213,12 @@ void frmPlotForms::SetBoxText(PlotBox box, const std::string& text) {
     case PlotBox::Fabric:
         txtFabricBox->setText(shown);
         break;
-    case PlotBox::Description:
+    case PlotBox::Description: {
+        // What the user writes is a change of the plot; what is shown is none.
+        const QSignalBlocker quiet(*txtDescBox);
         txtDescBox->setPlainText(shown);
         break;
+    }
     case PlotBox::StatsNormal:
         txtStatsBox[0]->setPlainText(shown);
         break;
@@ -266,11 +278,13 @@ PlotParts frmPlotForms::ShownParts() const {
 
 void frmPlotForms::FollowRecord() {
     const PlotRecord& record = RecordOf(Slot());
-    if (BoxText(PlotBox::Description) != record.DescriptionText) {
-        SetBoxText(PlotBox::Description, record.DescriptionText);
+    if (description_ != record.DescriptionText) {
+        description_ = record.DescriptionText;
+        SetBoxText(PlotBox::Description, description_);
     }
-    if (BoxText(PlotBox::Fabric) != record.FabricText) {
-        SetBoxText(PlotBox::Fabric, record.FabricText);
+    if (fabric_ != record.FabricText) {
+        fabric_ = record.FabricText;
+        SetBoxText(PlotBox::Fabric, fabric_);
     }
     LayOut();
 }
@@ -340,6 +354,9 @@ void frmPlotForms::resizeEvent(QResizeEvent* event) {
 }
 
 bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
+    if (lblNumBox == nullptr) { // the boxes are being made
+        return QMdiSubWindow::eventFilter(object, event);
+    }
     if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {
         LayOut();
     }

@@ -55,15 +55,15 @@ public:
     /// Takes the layer of this window as the one under edit.
     void UseOwnLayer();
 
-    PictureBox* picStereoArea;
-    PictureBox* picLegendBox;
-    QPlainTextEdit* txtDescBox;
-    std::array<QPlainTextEdit*, 2> txtStatsBox; ///< normal, advanced
-    QTabBar* tabLayers;
-    QLineEdit* txtFabricBox;
-    QToolButton* cmdResizeButton;
-    QLabel* shpAnnUp;
-    QLabel* lblNumBox;
+    PictureBox* picStereoArea = nullptr;
+    PictureBox* picLegendBox = nullptr;
+    QPlainTextEdit* txtDescBox = nullptr;
+    std::array<QPlainTextEdit*, 2> txtStatsBox{}; ///< normal, advanced
+    QTabBar* tabLayers = nullptr;
+    QLineEdit* txtFabricBox = nullptr;
+    QToolButton* cmdResizeButton = nullptr;
+    QLabel* shpAnnUp = nullptr;
+    QLabel* lblNumBox = nullptr;
 
 Q_SIGNALS:
     /// The user wants the window closed.
@@ -90,7 +90,9 @@ private:
     [[nodiscard]] PlotParts ShownParts() const;
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);
 
-    QWidget* body_;
+    QWidget* body_ = nullptr;
+    std::string description_; ///< as the record had it when it was last shown
+    std::string fabric_;
     bool placing_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "shell/geol_plot_main.h"
 
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
@@ -21,6 +22,7 @@
 #include "shell/tool_strip.h"
 #include "shell/window_arrangement.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -59,6 +61,41 @@ WindowState StateOf(const QWidget& window) {
                                                          : WindowState::Normal;
 }
 
+/// What a command needs so that it can be used.
+struct CommandNeed {
+    const char* command;
+    bool ToolbarState::*condition;
+};
+
+constexpr CommandNeed kCommandNeeds[] = {
+    {"mnuFileLoad_1", &ToolbarState::hasPlot},
+    {"mnuFileLoad_2", &ToolbarState::hasPlot},
+    {"mnuFileSave_0", &ToolbarState::hasPlot},
+    {"mnuFileSave_1", &ToolbarState::hasPlot},
+    {"mnuFileSave_2", &ToolbarState::hasSeveralPlots},
+    {"mnuFileSave_3", &ToolbarState::hasPlot},
+    {"mnuFileClose_0", &ToolbarState::hasPlot},
+    {"mnuFileClose_1", &ToolbarState::hasPlot},
+    {"mnuFileExport", &ToolbarState::hasPlot},
+    {"mnuFileCopyImage_0", &ToolbarState::hasPlot},
+    {"mnuFileCopyImage_1", &ToolbarState::showsLegend},
+    {"mnuFilePrint_0", &ToolbarState::hasPlot},
+    {"mnuEditRefresh", &ToolbarState::hasPlot},
+    {"mnuEditReCalculate", &ToolbarState::hasPlot},
+    {"mnuEditSmallCircles", &ToolbarState::isStereo},
+    {"mnuEditGirdles", &ToolbarState::isStereo},
+    {"mnuPlotIntersection", &ToolbarState::intersections},
+    {"mnuPlotRotate", &ToolbarState::hasRows},
+    {"mnuKinematicPlots_0", &ToolbarState::hasRows},
+    {"mnuKinematicPlots_1", &ToolbarState::hasRows},
+    {"mnuKinematicPlots_2", &ToolbarState::hasRows},
+    {"mnuViewClassification", &ToolbarState::hasRows},
+    {"mnuWindow_0", &ToolbarState::hasPlot},
+    {"mnuWindow_1", &ToolbarState::hasPlot},
+    {"mnuWindow_2", &ToolbarState::hasPlot},
+    {"mnuWindow_3", &ToolbarState::hasPlot},
+};
+
 /// The files among what is dragged.
 QStringList FilesOf(const QMimeData& data) {
     QStringList files;
@@ -78,6 +115,8 @@ GeolPlotMain::GeolPlotMain()
     setWindowTitle(gCaption);
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
+    // The built-in menu would show and hide bars behind the back of the View menu.
+    setContextMenuPolicy(Qt::NoContextMenu);
     MakeStatusBar();
     MakeToolBars();
     MakePlotRoom();
@@ -95,6 +134,9 @@ GeolPlotMain::GeolPlotMain()
     ConnectWindowCommands();
     ConnectSlider();
     connect(commands_, &Commands::Done, this, [this] { UpdatePlotState(); });
+    connect(menus_->mnuEdit, &QMenu::aboutToShow, this, [this] { UpdatePaste(); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            [this] { UpdatePaste(); });
     ShowMenusFor(false);
     UpdatePlotState();
     resize(1200, 760);
@@ -106,6 +148,8 @@ GeolPlotMain::~GeolPlotMain() {
         form.reset();
     }
     gPlatform.makePlotForm = {};
+    gPlatform.prompts = nullptr;
+    gPlatform.status = nullptr;
 }
 
 void GeolPlotMain::MakeStatusBar() {
@@ -174,7 +218,7 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
     connect(window, &frmPlotForms::ViewMenuWanted, this,
             [this](const QPoint& at) { menus_->mnuView->popup(at); });
     connect(window, &frmPlotForms::Hint, this,
-            [this](const QString& hint) { panInfoLine->setText(hint.isEmpty() ? info_ : hint); });
+            [this](const QString& hint) { status_->ShowHint(hint); });
     connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {
         KeepPlotWindowSize(size.width(), size.height(), width());
     });
@@ -184,9 +228,12 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
 }
 
 void GeolPlotMain::ShowAtLastPlace() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const MainWindowStart start =
-        StartOfMainWindow(screen != nullptr ? RectOf(screen->availableGeometry()) : WindowRect{});
+    const QRect kept = QtRect(KeptMainWindowRect());
+    const QScreen* screen = QGuiApplication::screenAt(kept.center());
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    const MainWindowStart start = StartOfMainWindow(RectOf(screen->availableGeometry()));
     if (start.state == WindowState::Normal) {
         setGeometry(QtRect(start.rect));
         show();
@@ -196,8 +243,7 @@ void GeolPlotMain::ShowAtLastPlace() {
 }
 
 void GeolPlotMain::SetStatusText(const QString& text) {
-    info_ = text;
-    panInfoLine->setText(text);
+    status_->SetText(text.toStdString());
 }
 
 void GeolPlotMain::IntroButtonStart(int index) {
@@ -247,20 +293,28 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
         return;
     }
     KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
-    if (!SaveSettings(6)) {
-        SetStatusText("The settings could not be saved");
+    constexpr int kSessionGroup = 6;
+    if (!SaveSettings(kSessionGroup)) {
+        Tell("The settings of this session could not be saved.");
     }
     event->accept();
 }
 
 void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
     if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
+        // The files stay where they are, whatever the source proposes.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
     }
 }
 
 void GeolPlotMain::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    if (gBusy) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     const QStringList files = FilesOf(*event->mimeData());
     // The place that the files come from waits for the drop to end; questions come after that.
     QMetaObject::invokeMethod(
@@ -275,6 +329,9 @@ void GeolPlotMain::changeEvent(QEvent* event) {
 }
 
 bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
+    if (intro_ == nullptr) { // the window is being made
+        return QMainWindow::eventFilter(object, event);
+    }
     if (object == room_->viewport() && event->type() == QEvent::Resize) {
         PlaceIntro();
     }
@@ -301,6 +358,9 @@ void GeolPlotMain::UpdatePlotState() {
     const bool hasPlots = CountOpenPlots() > 0;
     if (hasPlots != menusHavePlots_) {
         ShowMenusFor(hasPlots);
+        if (!hasPlots) {
+            SetStatusText({});
+        }
     }
     FollowGridOfPlot();
     UpdateToolbar();
@@ -313,10 +373,13 @@ void GeolPlotMain::UpdatePlotState() {
     if (!hasPlots) {
         intro_->Refresh();
         PlaceIntro();
-        SetStatusText({});
     }
     if (frmPlotForms* form = ActiveForm()) {
         form->FollowRecord();
+        if (room_->activeSubWindow() != form) {
+            // The plot that the engine went back to comes to the front.
+            room_->setActiveSubWindow(form);
+        }
     }
 }
 
@@ -339,35 +402,26 @@ void GeolPlotMain::UpdateToolbar() {
     }
     set("mnuPlotSecondary", state.secondary[0]);
     set("mnuPlotAnnotation", state.annotations);
-    commands_->Enable("mnuPlotIntersection", state.intersections);
-    for (const char* name :
-         {"mnuFileLoad_1", "mnuFileLoad_2", "mnuFileSave_0", "mnuFileSave_1", "mnuFileSave_3",
-          "mnuFileClose_0", "mnuFileClose_1", "mnuFileExport", "mnuFileCopyImage_0",
-          "mnuFilePrint_0", "mnuEditRefresh", "mnuEditReCalculate", "mnuWindow_0", "mnuWindow_1",
-          "mnuWindow_2", "mnuWindow_3"}) {
-        commands_->Enable(name, state.hasPlot);
+    for (const CommandNeed& need : kCommandNeeds) {
+        commands_->Enable(need.command, state.*need.condition);
     }
-    commands_->Enable("mnuFileSave_2", state.hasSeveralPlots);
-    commands_->Enable("mnuFileCopyImage_1", state.hasPlot && state.display[kShowLegend].down);
-    for (const char* name : {"mnuPlotRotate", "mnuKinematicPlots_0", "mnuKinematicPlots_1",
-                             "mnuKinematicPlots_2", "mnuViewClassification"}) {
-        commands_->Enable(name, state.hasRows);
-    }
-    commands_->Enable("mnuEditSmallCircles", state.hasPlot && state.isStereo);
-    commands_->Enable("mnuEditGirdles", state.hasPlot && state.isStereo);
     panToolbarBox_->panGridDensity->setEnabled(state.gridDensity);
     panToolbarBox_->ShowGrid();
 }
 
 void GeolPlotMain::UpdateEditMenus() {
     const EditMenuState state = StateOfEditMenu();
-    commands_->Of("mnuEditSelection_4").setText(QString::fromStdString(state.pasteCaption));
-    commands_->Enable("mnuEditSelection_4", state.paste);
     commands_->Enable("mnuEditSelection_6", state.changeSymbol);
     commands_->Enable("mnuEditSelection_7", state.selectAll);
     commands_->Enable("mnuEditRemoveOverlay", state.removeOverlay);
     commands_->Enable("mnuEditRemoveAnnotation", state.removeAnnotation);
     commands_->Enable("mnuViewAnnotations", state.removeAnnotation);
+}
+
+void GeolPlotMain::UpdatePaste() {
+    const PasteState state = StateOfPaste();
+    commands_->Of("mnuEditSelection_4").setText(QString::fromStdString(state.caption));
+    commands_->Enable("mnuEditSelection_4", state.enabled);
 }
 
 void GeolPlotMain::UpdatePlotMenus() {
@@ -404,7 +458,10 @@ void GeolPlotMain::RefreshWindowMenu() {
     QMenu& menu = *menus_->mnuWindow;
     for (QAction* action : menu.actions()) {
         if (action->objectName().startsWith("mnuWindowPlot_")) {
-            delete action;
+            // It may be the one that is at work.
+            action->setObjectName({});
+            menu.removeAction(action);
+            action->deleteLater();
         }
     }
     for (QMdiSubWindow* window : room_->subWindowList()) {
@@ -418,8 +475,11 @@ void GeolPlotMain::RefreshWindowMenu() {
         action->setCheckable(true);
         action->setChecked(form->Slot() == gActivePlot);
         connect(action, &QAction::triggered, this, [this, window] {
+            if (window->isMinimized()) {
+                window->showNormal();
+            }
             room_->setActiveSubWindow(window);
-            window->showNormal();
+            UpdatePlotState();
         });
     }
 }

@@ -63,9 +63,9 @@ public:
 
     [[nodiscard]] Commands& AllCommands() { return *commands_; }
 
-    QLabel* panInfoLine;
-    QProgressBar* progBar;
-    QLabel* panDipAzBox;
+    QLabel* panInfoLine = nullptr;
+    QProgressBar* progBar = nullptr;
+    QLabel* panDipAzBox = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -100,22 +100,22 @@ private:
     void Activated(QMdiSubWindow* window);
     void UpdateToolbar();
     void UpdateEditMenus();
+    void UpdatePaste();
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
     void ShowMenusFor(bool hasPlots);
     [[nodiscard]] frmPlotForms* ActiveForm() const;
 
-    Commands* commands_;
+    Commands* commands_ = nullptr;
     std::unique_ptr<MainMenus> menus_;
-    ToolStrip* panToolbarBox_;
-    QToolBar* toolMapInfo_;
-    GirdlePanel* panGirdleBox_;
-    QMdiArea* room_;
-    frmIntro* intro_;
+    ToolStrip* panToolbarBox_ = nullptr;
+    QToolBar* toolMapInfo_ = nullptr;
+    GirdlePanel* panGirdleBox_ = nullptr;
+    QMdiArea* room_ = nullptr;
+    frmIntro* intro_ = nullptr;
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
-    QString info_; ///< what the information line goes back to after a hint
     bool menusHavePlots_ = false;
 };
 

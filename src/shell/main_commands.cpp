@@ -166,7 +166,10 @@ void GeolPlotMain::ConnectSlider() {
             ReleaseGridSlider();
         }
     });
-    connect(slider, &QSlider::sliderReleased, this, [] { ReleaseGridSlider(); });
+    connect(slider, &QSlider::sliderReleased, this, [this] {
+        panToolbarBox_->ShowGrid();
+        ReleaseGridSlider();
+    });
 }
 
 void GeolPlotMain::EditFormat() {
@@ -186,7 +189,10 @@ void GeolPlotMain::ChooseDataFolder() {
     frmDirectoryDialog dialog(QString::fromStdString(gFilesDirectory), this);
     if (dialog.exec() == QDialog::Accepted) {
         gFilesDirectory = dialog.Folder().toStdString();
-        static_cast<void>(SaveSettings(7));
+        constexpr int kFolderGroup = 7;
+        if (!SaveSettings(kFolderGroup)) {
+            Tell("The data folder holds for this session, but it could not be saved.");
+        }
     }
 }
 
@@ -198,8 +204,7 @@ void GeolPlotMain::ExportImage() {
     PathQuestion question;
     question.title = "Export Image";
     question.folder = gLastUsedPath;
-    const std::string& title = ActiveRecord().FileTitle;
-    question.fileName = title.substr(0, title.rfind('.')) + ".png";
+    question.fileName = PictureName(ActiveRecord());
     question.filter = kPictureFilter;
     const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
     if (!path) {

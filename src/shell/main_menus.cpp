@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/settings.h"
 #include "shell/commands.h"
+#include "shell/plain_tip.h"
 
 #include <QMenuBar>
 
@@ -174,7 +175,7 @@ void MainMenus::RefreshRecent() const {
             // The path stands apart from the caption, in which "&" marks a key.
             const QString name = QString::fromStdString(FileTitleOf(gRecentFiles[i]));
             item.setText("&" + QString::number(i + 1) + " " + QString(name).replace("&", "&&"));
-            item.setToolTip(QString::fromStdString(gRecentFiles[i]));
+            item.setToolTip(PlainTip(QString::fromStdString(gRecentFiles[i])));
             item.setData(QString::fromStdString(gRecentFiles[i]));
         }
     }

@@ -56,18 +56,25 @@ private:
 } // namespace
 
 MainStatusLine::MainStatusLine(QLabel& text, QProgressBar& bar)
-    : text_(text)
+    : label_(text)
     , bar_(bar) {
     bar_.setMaximum(kBarSteps);
     bar_.hide();
 }
 
 void MainStatusLine::SetText(std::string_view text) {
-    text_.setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    text_ = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    hint_.clear();
+    label_.setText(text_);
     if (gBusy) {
         // The event loop does not run during a step.
-        text_.repaint();
+        label_.repaint();
     }
+}
+
+void MainStatusLine::ShowHint(const QString& hint) {
+    hint_ = hint;
+    label_.setText(hint_.isEmpty() ? text_ : hint_);
 }
 
 void MainStatusLine::SetProgress(std::int64_t done, std::int64_t maximum) {

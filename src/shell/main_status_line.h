@@ -6,6 +6,8 @@
 
 #include "platform/status_line.h"
 
+#include <QString>
+
 class QLabel;
 class QProgressBar;
 
@@ -17,6 +19,9 @@ public:
     MainStatusLine(QLabel& text, QProgressBar& bar);
 
     void SetText(std::string_view text) override;
+
+    /// Lays a hint over the text; an empty one brings the text back.
+    void ShowHint(const QString& hint);
     void SetProgress(std::int64_t done, std::int64_t maximum) override;
     void SetBusy(bool busy) override;
 
@@ -25,7 +30,9 @@ public:
     [[nodiscard]] bool CancelRequested() override;
 
 private:
-    QLabel& text_;
+    QLabel& label_;
+    QString text_;
+    QString hint_;
     QProgressBar& bar_;
 };
 

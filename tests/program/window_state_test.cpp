@@ -297,18 +297,18 @@ TEST_F(Toolbar, CaptionsNameWhatThePressWillDo) {
 }
 
 TEST_F(Toolbar, PasteSaysWhatIsOnTheClipboard) {
-    EXPECT_FALSE(StateOfEditMenu().paste);
+    EXPECT_FALSE(StateOfPaste().enabled);
     PlotWithRows();
-    EXPECT_FALSE(StateOfEditMenu().paste);
-    EXPECT_EQ(StateOfEditMenu().pasteCaption, "&Paste");
+    EXPECT_FALSE(StateOfPaste().enabled);
+    EXPECT_EQ(StateOfPaste().caption, "&Paste");
     const char* texts[][2] = {{";Qndr 1", "&Paste selection"},
                               {";VLMX", "&Paste from Velmixoration"},
                               {";QND", "&Paste external data"},
                               {"30\t120", "&Paste external data"}};
     for (const auto& [text, caption] : texts) {
         clipboard.SetText(text);
-        EXPECT_TRUE(StateOfEditMenu().paste);
-        EXPECT_EQ(StateOfEditMenu().pasteCaption, caption);
+        EXPECT_TRUE(StateOfPaste().enabled);
+        EXPECT_EQ(StateOfPaste().caption, caption);
     }
 }
 

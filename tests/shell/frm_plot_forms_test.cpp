@@ -22,8 +22,6 @@ protected:
         form = &FormOfSlot(OpenFile("a.txt"));
     }
 
-    [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
-
     frmPlotForms* form = nullptr;
 };
 
@@ -96,7 +94,7 @@ TEST_F(PlotWindow, EachWindowHasItsOwnLayer) {
     form->tabLayers->setCurrentIndex(0);
     OpenFile("b.txt");
     EXPECT_EQ(gActiveLayer, kDataLayer);
-    ControlOf<QMdiArea>(*main, "mdiPlots").setActiveSubWindow(form);
+    Room().setActiveSubWindow(form);
     EXPECT_EQ(gActiveLayer, kAnnotationLayer);
 }
 
@@ -178,6 +176,29 @@ TEST_F(PlotWindow, MinimisingAndRestoringKeepsThePicture) {
     form->showNormal();
     form->grab();
     EXPECT_EQ(form->picStereoArea->Image(), before);
+}
+
+TEST_F(PlotWindow, ShowingATextIsNoChangeOfThePlot) {
+    PlotRecord& record = ActiveRecord();
+    record.DescriptionText = "two\r\nlines";
+    record.FabricText = "with\na break";
+    record.Modified = 0;
+    form->Show();
+    form->Show();
+    EXPECT_EQ(record.Modified, 0);
+    EXPECT_EQ(record.DescriptionText, "two\r\nlines");
+    EXPECT_EQ(record.FabricText, "with\na break");
+}
+
+TEST_F(PlotWindow, TextsOfThePlotAreSavedWithIt) {
+    QTest::keyClicks(form->txtDescBox, "Northern limb");
+    QTest::keyClicks(form->txtFabricBox, "S1");
+    prompts.QueueSavePath((folder / "saved.txt").string());
+    Press("mnuFileSave_0");
+    std::ifstream file(folder / "saved.txt");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(text.find("; Fabric: S1\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("; Description: Northern limb\r\n"), std::string::npos);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The main window from end to end: every command, by its menu item and by its button.
+// The main window: its controls, menus and keys, the start, the windows of the plots and the end.
 
 #include "core/style_tables.h"
 #include "program/closing.h"
@@ -36,12 +36,6 @@ namespace {
 
 class MainWindow : public MainWindowTest {
 protected:
-    [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
-
-    [[nodiscard]] QToolButton& ToolButton(const std::string& name) const {
-        return ControlOf<QToolButton>(*main, name);
-    }
-
     [[nodiscard]] std::vector<QString> MenusInBar() const {
         std::vector<QString> names;
         for (const QAction* action : main->menuBar()->actions()) {
@@ -49,8 +43,6 @@ protected:
         }
         return names;
     }
-
-    static QPoint CentreOf(const QWidget& widget) { return widget.rect().center(); }
 };
 
 TEST_F(MainWindow, EveryControlHasItsName) {
@@ -302,39 +294,6 @@ TEST_F(MainWindow, PlotCommandsNeedAPlot) {
     EXPECT_TRUE(Action("mnuFileSave_2").isEnabled());
 }
 
-TEST_F(MainWindow, NewOpensAFileWithItsTitleRowsAndPicture) {
-    const int slot = OpenFile("beds.txt");
-    const frmPlotForms& form = FormOfSlot(slot);
-    EXPECT_EQ(form.windowTitle(), "beds.txt: 1   [Planes]     ");
-    EXPECT_EQ(form.lblNumBox->text(), "3");
-    EXPECT_EQ(form.tabLayers->tabText(1), "Data layer");
-    EXPECT_EQ(Info(), "3 rows read, 3 of them data; 0 lines without data, 0 invalid.");
-    EXPECT_FALSE(form.picStereoArea->Image().isNull());
-    EXPECT_EQ(form.picStereoArea->Image().pixelColor(2, 2), QColor(0xc0, 0xc0, 0xc0));
-    EXPECT_EQ(CountOpenPlots(), 1);
-}
-
-TEST_F(MainWindow, MergeOverlayAndBlankDoWhatTheyAreCalled) {
-    OpenFile("a.txt");
-    prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
-    QTest::mouseClick(&ToolButton("cmdMergeButton"), Qt::LeftButton);
-    EXPECT_EQ(ActiveRecord().NumData, 4);
-    prompts.QueueOpenPath(WriteFile("c.txt", "10\t20\n12\t30\n"));
-    QTest::mouseClick(&ToolButton("cmdOverlayButton"), Qt::LeftButton);
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
-    EXPECT_EQ(ActiveRecord().OverlayRows[1], 2);
-    EXPECT_TRUE(Action("mnuEditRemoveOverlay").isEnabled());
-    Press("mnuEditRemoveOverlay");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
-    EXPECT_FALSE(Action("mnuEditRemoveOverlay").isEnabled());
-    QTest::mouseClick(&ToolButton("cmdBlankButton"), Qt::LeftButton);
-    EXPECT_EQ(CountOpenPlots(), 2);
-    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 2: Untitled");
-    prompts.QueueOpenPath(WriteFile("d.txt", "10\t20\n"));
-    QTest::mouseClick(&ToolButton("cmdOpenButton"), Qt::LeftButton);
-    EXPECT_EQ(CountOpenPlots(), 3);
-}
-
 TEST_F(MainWindow, TheIntroScreenStartsASession) {
     auto& intro = ControlOf<frmIntro>(*main, "frmIntro");
     EXPECT_EQ(intro.cmdStart[0]->text(), "&Stereographic projection");
@@ -392,111 +351,6 @@ TEST_F(MainWindow, RecentFilesStandOnTheIntroScreen) {
     EXPECT_EQ(ActiveRecord().FileTitle, "c.txt");
 }
 
-TEST_F(MainWindow, TypesChangeThePlotByMenuAndButton) {
-    OpenFile("a.txt");
-    QTest::mouseClick(&ToolButton("grpPlotTypeButton_1"), Qt::LeftButton);
-    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle);
-    EXPECT_TRUE(Action("mnuPlotType_1").isChecked());
-    EXPECT_FALSE(Action("mnuPlotType_0").isChecked());
-    Press("mnuPlotType_0");
-    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
-    Press("mnuPlotType_0");
-    EXPECT_TRUE(Action("mnuPlotType_0").isChecked()) << "pressing it again does not release it";
-    Expect("This will replot the data in the active plot:", Button::Ok);
-    QTest::mouseClick(&ToolButton("grpDataTypeButton_1"), Qt::LeftButton);
-    EXPECT_EQ(ActiveRecord().DataKind, kLines);
-    Expect("This will replot the data in the active plot:", Button::Cancel);
-    Press("mnuPlotDataType_0");
-    EXPECT_EQ(ActiveRecord().DataKind, kLines);
-    EXPECT_TRUE(Action("mnuPlotDataType_1").isChecked()) << "the buttons show what is";
-    EXPECT_FALSE(Action("mnuPlotDataType_0").isChecked());
-}
-
-TEST_F(MainWindow, PolarLinesOfPlanesAreAskedAbout) {
-    OpenFile("a.txt");
-    Expect("You are trying to plot polar lines with plane data\nContinue anyway?", Button::Cancel);
-    Press("mnuPlotDataType_2");
-    EXPECT_EQ(ActiveRecord().DataKind, kPlanes);
-}
-
-TEST_F(MainWindow, TypesOfTheNextPlotAreChosenBeforehand) {
-    Press("mnuPlotType_1");
-    EXPECT_TRUE(Action("mnuPlotType_1").isChecked());
-    OpenFile("a.txt");
-    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle);
-}
-
-TEST_F(MainWindow, SymbolButtonsSetTheMode) {
-    OpenFile("a.txt");
-    const std::pair<const char*, int> buttons[] = {
-        {"grpSymbolButton_0", kGreatCircles},
-        {"grpSymbolButton_2", kBetaIntersections},
-        {"grpSymbolButton_1", kPointSymbols},
-    };
-    for (const auto& [name, mode] : buttons) {
-        const QImage before = FormOfSlot(1).picStereoArea->Image().copy();
-        QTest::mouseClick(&ToolButton(name), Qt::LeftButton);
-        EXPECT_EQ(ActiveRecord().PlotSymbolMode, mode);
-        EXPECT_TRUE(ToolButton(name).isChecked());
-        EXPECT_NE(FormOfSlot(1).picStereoArea->Image(), before) << name;
-    }
-}
-
-TEST_F(MainWindow, DisplayButtonsShowAndHideTheBoxes) {
-    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
-    const std::pair<const char*, QWidget*> boxes[] = {
-        {"grpDisplayButton_1", form.txtFabricBox},
-        {"grpDisplayButton_2", form.txtDescBox},
-        {"grpDisplayButton_3", form.picLegendBox},
-        {"grpDisplayButton_4", form.lblNumBox},
-    };
-    for (const auto& [name, box] : boxes) {
-        EXPECT_TRUE(box->isVisible()) << name;
-        EXPECT_TRUE(ToolButton(name).isChecked());
-        QTest::mouseClick(&ToolButton(name), Qt::LeftButton);
-        EXPECT_FALSE(box->isVisible()) << name;
-        EXPECT_FALSE(ToolButton(name).isChecked());
-    }
-    Press("mnuViewLegends_3");
-    EXPECT_TRUE(form.picLegendBox->isVisible());
-    EXPECT_EQ(ActiveRecord().LayerVisible[kLegendLayer], kTrue);
-}
-
-TEST_F(MainWindow, StatisticsSwapTheirBoxes) {
-    gPlotStages.writeStatistics = [] {
-        FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, "normal");
-        FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, "advanced");
-    };
-    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
-    EXPECT_TRUE(form.txtStatsBox[0]->isVisible());
-    EXPECT_FALSE(form.txtStatsBox[1]->isVisible());
-    EXPECT_EQ(Action("mnuViewAdvStats").text(), "Use Advanced Statistics Box");
-    Press("mnuViewAdvStats");
-    EXPECT_FALSE(form.txtStatsBox[0]->isVisible());
-    EXPECT_TRUE(form.txtStatsBox[1]->isVisible());
-    EXPECT_EQ(Action("mnuViewAdvStats").text(), "Use Normal Statistics Box");
-    Press("mnuFileCopyStats_1");
-    EXPECT_EQ(clipboard.Text(), "advanced");
-    Press("mnuFileCopyStats_0");
-    EXPECT_EQ(clipboard.Text(), "normal");
-    Press("mnuViewLegends_5");
-    EXPECT_FALSE(form.txtStatsBox[1]->isVisible());
-}
-
-TEST_F(MainWindow, TheGirdlePanelFollowsItsButton) {
-    auto& panel = ControlOf<QDockWidget>(*main, "panGirdleBox");
-    EXPECT_FALSE(panel.isVisible());
-    OpenFile("a.txt");
-    ActiveRecord().AxisItems[2][1] = std::string("45/120");
-    Press("mnuEditGirdles");
-    EXPECT_TRUE(panel.isVisible());
-    EXPECT_EQ(ControlOf<QLineEdit>(panel, "txtGirdle_2").text(), "45/120");
-    EXPECT_TRUE(Action("mnuViewLegends_0").isChecked());
-    panel.close();
-    EXPECT_FALSE(Action("mnuViewLegends_0").isChecked());
-    EXPECT_EQ(ActiveRecord().LayerVisible[kGirdleLayer], 0);
-}
-
 TEST_F(MainWindow, TheToolbarHidesAndComesBack) {
     OpenFile("a.txt");
     auto& strip = ControlOf<QToolBar>(*main, "panToolbarBox");
@@ -505,44 +359,6 @@ TEST_F(MainWindow, TheToolbarHidesAndComesBack) {
     EXPECT_EQ(Action("mnuViewToolbar").text(), "Show &Toolbar");
     Press("mnuViewToolbar");
     EXPECT_TRUE(strip.isVisible());
-}
-
-TEST_F(MainWindow, TheGridSliderSnapsAndReplotsWhenLetGo) {
-    gPlotStages.computePointDensities = [] {};
-    int grids = 0;
-    gPlotStages.computeGridDensity = [&grids] {
-        ++grids;
-        ActiveRecord().GridSize = static_cast<std::int16_t>(gGridDensitySlider);
-        ActiveRecord().DensityCount = ActiveRecord().NumValidData;
-    };
-    gPlotStages.drawGridSymbols = [] {};
-    gPlotStages.traceContours = [] {};
-    OpenFile("a.txt");
-    auto& slider = ControlOf<QSlider>(*main, "sldGridDensity");
-    EXPECT_FALSE(slider.isEnabled());
-    Press("mnuPlotSymbols_5");
-    EXPECT_TRUE(slider.isEnabled());
-    EXPECT_EQ(grids, 1);
-    slider.setSliderDown(true);
-    slider.setValue(87);
-    EXPECT_EQ(gGridDensitySlider, 80);
-    EXPECT_EQ(grids, 1) << "still held";
-    slider.setSliderDown(false);
-    EXPECT_EQ(grids, 2);
-    EXPECT_EQ(ActiveRecord().GridSize, 80);
-    QTest::keyClick(&slider, Qt::Key_Right);
-    EXPECT_EQ(ActiveRecord().GridSize, 90);
-}
-
-TEST_F(MainWindow, RefreshDrawsAndRecalculateWorksOut) {
-    int statistics = 0;
-    gPlotStages.computeFabricStatistics = [&statistics] { ++statistics; };
-    OpenFile("a.txt");
-    EXPECT_EQ(statistics, 1);
-    Press("mnuEditRefresh");
-    EXPECT_EQ(statistics, 1);
-    Press("mnuEditReCalculate");
-    EXPECT_EQ(statistics, 2);
 }
 
 TEST_F(MainWindow, CommandsDoNothingWhileALoopRuns) {
@@ -566,8 +382,11 @@ TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(main.get(), &enter);
     EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                    Qt::ShiftModifier);
+    drop.setDropAction(Qt::MoveAction);
     QApplication::sendEvent(main.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the files stay where they are";
     QApplication::processEvents();
     EXPECT_EQ(CountOpenPlots(), 2) << "a folder is no file";
     QMimeData text;
@@ -576,112 +395,6 @@ TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     other.ignore();
     QApplication::sendEvent(main.get(), &other);
     EXPECT_FALSE(other.isAccepted());
-}
-
-TEST_F(MainWindow, CopiedPicturesAreOnWhiteAndLeaveTheWindowAsItIs) {
-    const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
-    const QImage before = form.picStereoArea->Image().copy();
-    Press("mnuFileCopyImage_0");
-    const QImage plot = QApplication::clipboard()->image();
-    EXPECT_GE(plot.width(), form.picStereoArea->width());
-    EXPECT_EQ(plot.width(), plot.height());
-    EXPECT_EQ(plot.pixelColor(1, 1), QColor(Qt::white));
-    EXPECT_EQ(form.picStereoArea->Image(), before);
-    Press("mnuFileCopyImage_1");
-    const QImage legend = QApplication::clipboard()->image();
-    EXPECT_EQ(legend.size(), form.picLegendBox->PictureSize() * 3);
-    EXPECT_NE(legend, QImage(legend.size(), legend.format())) << "it is not empty";
-    Press("mnuViewLegends_3");
-    EXPECT_FALSE(Action("mnuFileCopyImage_1").isEnabled()) << "a hidden legend";
-}
-
-TEST_F(MainWindow, ExportWritesThePictureThatWasAskedFor) {
-    OpenFile("a.txt");
-    const std::string path = (folder / "net.png").string();
-    prompts.QueueSavePath(path);
-    QTimer::singleShot(0, [] {
-        QWidget& dialog = *QApplication::activeModalWidget();
-        ASSERT_EQ(dialog.objectName(), "frmExportImage");
-        ControlOf<QAbstractButton>(dialog, "optPart_1").click();
-        ControlOf<QSpinBox>(dialog, "spnSize").setValue(300);
-        ControlOf<QPushButton>(dialog, "cmdOK").click();
-    });
-    Press("mnuFileExport");
-    const QImage picture(QString::fromStdString(path));
-    EXPECT_EQ(picture.size(), QSize(300, 300));
-    EXPECT_TRUE(Info().contains("net.png"));
-}
-
-TEST_F(MainWindow, ExportCanBeCancelledAtBothQuestions) {
-    OpenFile("a.txt");
-    QTimer::singleShot(0,
-                       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    Press("mnuFileExport");
-    QTimer::singleShot(
-        0, [] { ControlOf<QPushButton>(*QApplication::activeModalWidget(), "cmdOK").click(); });
-    Press("mnuFileExport"); // no path is queued: the second question is cancelled
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
-}
-
-TEST_F(MainWindow, AFailedExportIsTold) {
-    OpenFile("a.txt");
-    prompts.QueueSavePath((folder / "missing" / "net.png").string());
-    QTimer::singleShot(
-        0, [] { ControlOf<QPushButton>(*QApplication::activeModalWidget(), "cmdOK").click(); });
-    Expect("missing");
-    Press("mnuFileExport");
-}
-
-TEST_F(MainWindow, TheFormatCommandAsksForNoLoad) {
-    OpenFile("a.txt");
-    formatQuestions.clear();
-    for (const char* name : {"mnuFileFormat", "mnuEditFileFormat"}) {
-        Press(name);
-        EXPECT_EQ(formatQuestions.back().command, "None");
-        EXPECT_EQ(formatQuestions.back().path, (folder / "a.txt").string());
-    }
-    Press("mnuFileClose_0");
-    Press("mnuFileStruct");
-    EXPECT_EQ(formatQuestions.back().path, "");
-}
-
-TEST_F(MainWindow, TheDataFolderIsChosenAndSaved) {
-    QTimer::singleShot(0, [this] {
-        QWidget& dialog = *QApplication::activeModalWidget();
-        ASSERT_EQ(dialog.objectName(), "frmDirectoryDialog");
-        auto& text = ControlOf<QLineEdit>(dialog, "txtDirectory");
-        text.setText("/no such folder");
-        EXPECT_FALSE(ControlOf<QPushButton>(dialog, "cmdOK").isEnabled());
-        text.setText(QString::fromStdString(folder.string()));
-        ControlOf<QPushButton>(dialog, "cmdOK").click();
-    });
-    Press("mnuFileDirectory");
-    EXPECT_EQ(gFilesDirectory, folder.string());
-    EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "FilesDirectory", ""), folder.string());
-    QTimer::singleShot(0, [] {
-        QWidget& dialog = *QApplication::activeModalWidget();
-        ControlOf<QPushButton>(dialog, "cmdUseLast").click();
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    Press("mnuFileDirectory");
-    EXPECT_EQ(gFilesDirectory, folder.string()) << "cancelled";
-}
-
-TEST_F(MainWindow, UnplottedLinesAreListed) {
-    OpenFile("a.txt");
-    EXPECT_FALSE(Action("mnuViewUnplotted").isEnabled());
-    prompts.ExpectAny("non-data");
-    OpenFile("b.txt", "30\t120\nno data here\n");
-    QString text;
-    QTimer::singleShot(0, [&text] {
-        QWidget& window = *QApplication::activeModalWidget();
-        text = ControlOf<QPlainTextEdit>(window, "txtText").toPlainText();
-        ControlOf<QPushButton>(window, "cmdCopy").click();
-        QTest::keyClick(&window, Qt::Key_Escape);
-    });
-    Press("mnuViewUnplotted");
-    EXPECT_TRUE(text.contains("2\tno data here"));
-    EXPECT_EQ(QApplication::clipboard()->text(), text);
 }
 
 TEST_F(MainWindow, TheAboutBoxNamesTheVersion) {
@@ -696,30 +409,11 @@ TEST_F(MainWindow, TheAboutBoxNamesTheVersion) {
     EXPECT_EQ(shown, "Quandrel, ver 9.5.1\nVersion Date: 21 November 2026");
 }
 
-TEST_F(MainWindow, SavingTellsWhereAndClearsTheChange) {
-    const int slot = OpenChanged("a.txt");
-    const std::string path = (folder / "saved.txt").string();
-    prompts.QueueSavePath(path);
-    QTest::mouseClick(&ToolButton("cmdSaveButton"), Qt::LeftButton);
-    EXPECT_TRUE(std::filesystem::exists(path));
-    EXPECT_EQ(RecordOf(slot).Modified, 0);
-    EXPECT_EQ(Info(), "Saved as saved.txt");
-    EXPECT_EQ(FormOfSlot(slot).windowTitle().left(12), "saved.txt: 1");
-    prompts.QueueSavePath((folder / "other.txt").string());
-    Press("mnuFileSave_1");
-    EXPECT_TRUE(std::filesystem::exists(folder / "other.txt"));
-    OpenChanged("b.txt");
-    prompts.QueueSavePath((folder / "all.txt").string());
-    Press("mnuFileSave_2");
-    EXPECT_TRUE(std::filesystem::exists(folder / "all.txt"));
-    EXPECT_EQ(Info(), "All plots are saved");
-}
-
 TEST_F(MainWindow, ActivatingAWindowMakesItsPlotTheActiveOne) {
     OpenFile("a.txt");
     OpenFile("b.txt");
     Press("mnuPlotSymbols_0");
-    auto& room = ControlOf<QMdiArea>(*main, "mdiPlots");
+    QMdiArea& room = Room();
     room.setActiveSubWindow(&FormOfSlot(1));
     EXPECT_EQ(gActivePlot, 1);
     EXPECT_TRUE(Action("mnuPlotSymbols_1").isChecked());
@@ -750,7 +444,7 @@ TEST_F(MainWindow, WindowsAreArranged) {
     FormOfSlot(1).showMinimized();
     Press("mnuWindow_3");
     EXPECT_TRUE(FormOfSlot(1).isMinimized());
-    const QRect room = ControlOf<QMdiArea>(*main, "mdiPlots").viewport()->rect();
+    const QRect room = Room().viewport()->rect();
     EXPECT_EQ(FormOfSlot(1).geometry().bottom(), room.bottom());
 }
 
@@ -779,9 +473,9 @@ TEST_F(MainWindow, EscEndsAStepAndNothingElseIsHeardMeanwhile) {
     gBusy = true;
     QToolButton& button = ToolButton("grpPlotTypeButton_1");
     QApplication::postEvent(&button,
-                            new QMouseEvent(QEvent::MouseButtonPress, CentreOf(button),
-                                            button.mapToGlobal(CentreOf(button)), Qt::LeftButton,
-                                            Qt::LeftButton, Qt::NoModifier));
+                            new QMouseEvent(QEvent::MouseButtonPress, button.rect().center(),
+                                            button.mapToGlobal(button.rect().center()),
+                                            Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
     EXPECT_FALSE(gPlatform.status->CancelRequested());
     EXPECT_FALSE(button.isDown()) << "the press did not reach the button";
     QApplication::postEvent(main.get(),
@@ -803,7 +497,7 @@ TEST_F(MainWindow, ClosingAWindowByItsButtonAsksAndCloses) {
     QApplication::processEvents();
     EXPECT_FALSE(IsOpenSlot(1));
     EXPECT_EQ(gActivePlot, 0);
-    EXPECT_TRUE(ControlOf<QMdiArea>(*main, "mdiPlots").subWindowList().isEmpty());
+    EXPECT_TRUE(Room().subWindowList().isEmpty());
 }
 
 TEST_F(MainWindow, ClosingTheFocusedWindowActivatesAnother) {
@@ -812,7 +506,7 @@ TEST_F(MainWindow, ClosingTheFocusedWindowActivatesAnother) {
     Press("mnuFileClose_0");
     EXPECT_EQ(CountOpenPlots(), 1);
     EXPECT_EQ(gActivePlot, 1);
-    EXPECT_EQ(ControlOf<QMdiArea>(*main, "mdiPlots").activeSubWindow(), &FormOfSlot(1));
+    EXPECT_EQ(Room().activeSubWindow(), &FormOfSlot(1));
 }
 
 TEST_F(MainWindow, CloseAllAsksOneByOne) {
@@ -862,20 +556,31 @@ TEST_F(MainWindow, TooManyPlotsAreTold) {
     EXPECT_EQ(CountOpenPlots(), 10);
 }
 
-TEST_F(MainWindow, ACancelledLoadLeavesNoWindow) {
-    AcceptFormat({}, 0);
-    prompts.QueueOpenPath(WriteFile("a.txt", "1\t2\n"));
-    Press("mnuFileLoad_0");
-    EXPECT_EQ(CountOpenPlots(), 0);
-    EXPECT_TRUE(ControlOf<QMdiArea>(*main, "mdiPlots").subWindowList().isEmpty());
-    EXPECT_TRUE(ControlOf<frmIntro>(*main, "frmIntro").isVisible());
+TEST_F(MainWindow, TheWindowMenuLeavesMaximisedWindowsSo) {
+    OpenFile("a.txt");
+    OpenFile("b.txt");
+    FormOfSlot(2).showMaximized();
+    main->findChild<QAction*>("mnuWindowPlot_1")->trigger();
+    EXPECT_EQ(gActivePlot, 1);
+    EXPECT_TRUE(FormOfSlot(1).isMaximized()) << "all are, while one is";
+    main->findChild<QAction*>("mnuWindowPlot_1")->trigger();
+    EXPECT_TRUE(main->findChild<QAction*>("mnuWindowPlot_1")->isChecked());
+    FormOfSlot(2).showMinimized();
+    main->findChild<QAction*>("mnuWindowPlot_2")->trigger();
+    EXPECT_FALSE(FormOfSlot(2).isMinimized());
 }
 
-TEST_F(MainWindow, CancellingTheFileDialogOfASessionWithoutPlotsMakesABlankPlot) {
-    Press("mnuFileLoad_0");
-    EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
-    Press("mnuFileLoad_0");
-    EXPECT_EQ(CountOpenPlots(), 1);
+TEST_F(MainWindow, HasNoMenuOfItsOwnMaking) {
+    EXPECT_EQ(main->contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+TEST_F(MainWindow, TwoRequestsToCloseAskOnce) {
+    OpenChanged("a.txt");
+    Expect("has not been saved", Button::No);
+    FormOfSlot(1).close();
+    FormOfSlot(1).close();
+    QApplication::processEvents();
+    EXPECT_EQ(CountOpenPlots(), 0);
 }
 
 } // namespace

@@ -13,8 +13,10 @@
 #include "support/shell_test.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMdiArea>
 #include <QTest>
+#include <QToolButton>
 
 #include <memory>
 #include <string>
@@ -67,6 +69,15 @@ protected:
     [[nodiscard]] static frmPlotForms& FormOfSlot(int slot) {
         return static_cast<frmPlotForms&>(FormOf(slot));
     }
+
+    /// The information line.
+    [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
+
+    [[nodiscard]] QToolButton& ToolButton(const std::string& name) const {
+        return ControlOf<QToolButton>(*main, name);
+    }
+
+    [[nodiscard]] QMdiArea& Room() const { return ControlOf<QMdiArea>(*main, "mdiPlots"); }
 
     std::unique_ptr<GeolPlotMain> main;
 };

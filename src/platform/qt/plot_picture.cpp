@@ -116,6 +116,19 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
 
 } // namespace
 
+std::string PictureName(const PlotRecord& record) {
+    std::string name = record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
+    if (const std::size_t ending = name.rfind('.'); ending != 0 && ending != name.npos) {
+        name.resize(ending);
+    }
+    for (char& c : name) {
+        if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos) {
+            c = '-';
+        }
+    }
+    return (name.empty() ? std::string("plot") : name) + ".png";
+}
+
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
     const QSizeF size = LayOut(options.part).size;
     const PictureSize picture{size.width(), size.height(),

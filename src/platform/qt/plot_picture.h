@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "core/plot_record.h"
+
 #include <QImage>
 
 #include <string>
@@ -20,6 +22,9 @@ struct PictureOptions {
 
 /// Height of every picture in logical pixels; a vector file is this large, 96 to the inch.
 inline constexpr int kPictureHeight = 600;
+
+/// A file's name for the picture of a plot: that of its data with the ending .png, or its title.
+[[nodiscard]] std::string PictureName(const PlotRecord& record);
 
 /// Draws gActivePlot into a file whose ending says what it is: .png, .svg, .pdf. Nothing is worked
 /// out anew.
