@@ -323,8 +323,12 @@ private:
                 return false;
             }
         }
+        if (gLastLoad.rowsValid == 0) {
+            DropRows();
+            return false;
+        }
         CountRows();
-        return gLastLoad.rowsValid > 0 || !IsNew();
+        return true;
     }
 
     /// Takes the rows of the last pass into the plot's counts.
@@ -399,6 +403,7 @@ std::string ReadTextFile(const std::string& command, const std::string& path) {
     }
     RestoreFormat(formerFormat);
     RestoreState(ActiveRecord(), formerState);
+    gPlatform.status->SetText("Nothing was loaded from " + FileTitleOf(path));
     return kLoadError;
 }
 

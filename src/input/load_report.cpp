@@ -185,8 +185,11 @@ void ReportLoadFailure(const LoadCounters& counters, const std::string& error) {
 }
 
 std::string LoadText(const LoadCounters& counters) {
-    return std::to_string(counters.rowsRead) + " rows read, " + std::to_string(counters.rowsValid)
-           + " of them data; " + std::to_string(counters.blankLines) + " lines without data, "
+    const std::string end =
+        counters.cancelled ? "Ended by you, the file is not read to its end: " : "";
+    return end + std::to_string(counters.rowsRead) + " rows read, "
+           + std::to_string(counters.rowsValid) + " of them data; "
+           + std::to_string(counters.blankLines) + " lines without data, "
            + std::to_string(counters.invalidLines) + " invalid.";
 }
 

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 
 namespace quandrel {
@@ -187,6 +188,25 @@ void TellFailure(const PlotRecord& record, const std::string& reason, SaveKind k
     Tell(text);
 }
 
+/// Where the plot's own file is, or the last one that was opened.
+std::string FolderOfPlot(const PlotRecord& record) {
+    return record.MainFiles.empty()
+               ? gLastUsedPath
+               : std::filesystem::path(record.MainFiles.front()).parent_path().string();
+}
+
+/// A name that is not that of the measurements: a plot may hold less than their file.
+std::string ProposedName(const PlotRecord& record) {
+    constexpr std::string_view kMark = "_plot";
+    std::string stem = record.FileTitle.empty()
+                           ? "Plot" + std::to_string(gActivePlot)
+                           : std::filesystem::path(record.FileTitle).stem().string();
+    if (!stem.ends_with(kMark)) {
+        stem += kMark;
+    }
+    return stem + ".txt";
+}
+
 /// The plot goes by the name of the file that it was saved to.
 void TakeNameOf(PlotRecord& record, const std::string& path) {
     record.FileTitle = FileTitleOf(path);
@@ -224,8 +244,8 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     }
     PathQuestion question;
     question.title = "Save As";
-    question.folder = gLastUsedPath;
-    question.fileName = record.FileTitle;
+    question.folder = FolderOfPlot(record);
+    question.fileName = ProposedName(record);
     question.filter = gDataFileFilter;
     question.filterIndex = 2;
     const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);

@@ -202,5 +202,14 @@ TEST_F(FileLoading, AskedAgainTheFormatDialogStandsAsItWasLeft) {
     EXPECT_TRUE(formatQuestions[1].frequencyColumn);
 }
 
+TEST_F(FileLoading, ALoadThatTheUserEndedSaysSo) {
+    LoadCounters counters;
+    counters.rowsRead = 7;
+    counters.rowsValid = 7;
+    EXPECT_EQ(LoadText(counters), "7 rows read, 7 of them data; 0 lines without data, 0 invalid.");
+    counters.cancelled = true;
+    EXPECT_EQ(LoadText(counters).rfind("Ended by you, the file is not read to its end: ", 0), 0U);
+}
+
 } // namespace
 } // namespace quandrel

@@ -664,5 +664,22 @@ TEST_F(OpenPlot, ClosingFreesTheSlotAndFocusesAnOpenPlot) {
     EXPECT_EQ(FindFreePlotSlot(), 2);
 }
 
+TEST_F(OpenPlot, AnAbortedOverlayOrMergeLeavesNoTraceOfItsFile) {
+    Open("a.txt", "30\t120\n45\t270\n");
+    const std::string title = ActiveRecord().PlotTitle;
+    for (const char* command : {kOverlayCommand, kMergeCommand}) {
+        Expect("The following line of invalid orientation data", Button::Abort);
+        EXPECT_EQ(OpenPlotFile(command, WriteFile("b.txt", "130\t20\n140\t30\n")), kLoadError);
+        const PlotRecord& record = ActiveRecord();
+        EXPECT_EQ(record.PlotTitle, title) << command;
+        EXPECT_EQ(record.NumFiles, 1) << command;
+        EXPECT_EQ(record.OverlayRows[0], 0) << command;
+        EXPECT_EQ(record.NumLoadedData, 2) << command;
+        EXPECT_EQ(record.Modified, 0) << command;
+        EXPECT_EQ(TableOf(gActivePlot).size(), 2U) << command;
+    }
+    EXPECT_EQ(status.Text(), "2 data in " + title) << "no step is under way";
+}
+
 } // namespace
 } // namespace quandrel
