@@ -172,7 +172,8 @@ Commands::Commands(QObject* parent)
         const QKeySequence shortcut(spec.shortcut);
         action->setShortcut(shortcut);
         action->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut.toString() + ")");
-        action->setStatusTip(tip);
+        // Not a status tip: that would cover the information line while the pointer rests.
+        action->setWhatsThis(tip);
         action->setCheckable(spec.kind == Kind::OnOff);
         action->setEnabled(false);
         actions_[spec.name] = action;

@@ -111,7 +111,10 @@ void frmIntro::Refresh() {
             Qt::QueuedConnection);
         recent_->addWidget(button);
     }
-    adjustSize();
+    // The buttons that went are still in the layout's mind.
+    layout()->invalidate();
+    layout()->activate();
+    resize(sizeHint());
 }
 
 } // namespace quandrel

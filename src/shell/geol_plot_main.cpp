@@ -343,7 +343,7 @@ bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
 }
 
 void GeolPlotMain::PlaceIntro() {
-    intro_->adjustSize();
+    intro_->resize(intro_->sizeHint());
     const QSize room = room_->viewport()->size();
     intro_->move((room.width() - intro_->width()) / 2,
                  std::max((room.height() - intro_->height()) / 2, 0));

@@ -26,6 +26,7 @@
 #include "shell/picture_box.h"
 #include "shell/tool_strip.h"
 #include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -70,7 +71,10 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
     const auto load = gPlotLoads.find(gActivePlot);
     if (record.NumFiles > 0 && load != gPlotLoads.end()) {
-        SetStatusText(QString::fromStdString(LoadText(load->second)));
+        const bool isMissing = record.PlotKind == kRose && !gPlotStages.drawRose;
+        const QString text = QString::fromStdString(LoadText(load->second));
+        SetStatusText(isMissing ? text + " This version draws no roses; a net can show them."
+                                : text);
     }
 }
 
@@ -80,6 +84,7 @@ void GeolPlotMain::Save(int kind) {
         return;
     }
     if (SaveAsciiPlot(static_cast<SaveKind>(kind)) == SaveOutcome::Saved) {
+        RedrawPlot(gActivePlot); // the legend names the file
         SetStatusText("Saved as " + QString::fromStdString(ActiveRecord().FileTitle));
     }
 }

@@ -97,7 +97,7 @@ void ToolStrip::AddButton(const Commands& commands, const char* name, const char
     auto* button = new QToolButton;
     button->setObjectName(name);
     button->setDefaultAction(&commands.Of(command));
-    button->setAccessibleName(commands.Of(command).statusTip());
+    button->setAccessibleName(commands.Of(command).whatsThis());
     button->setAutoRaise(true);
     addWidget(button);
 }

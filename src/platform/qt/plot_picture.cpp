@@ -11,6 +11,9 @@
 
 #include <QPainter>
 
+#include <sstream>
+#include <vector>
+
 namespace quandrel {
 
 namespace {
@@ -50,6 +53,26 @@ PictureLayout LayOut(PicturePart part) {
     return layout;
 }
 
+/// The lines of a text, broken at blanks so that each is as wide as asked for or a single word.
+std::vector<std::string> WrappedLines(const Surface& surface, const std::string& text,
+                                      double width) {
+    std::vector<std::string> lines;
+    std::istringstream paragraphs(text);
+    for (std::string paragraph; std::getline(paragraphs, paragraph);) {
+        std::string line;
+        std::istringstream words(surface.TextWidth(paragraph) > width ? paragraph : "");
+        for (std::string word; words >> word;) {
+            if (!line.empty() && surface.TextWidth(line + " " + word) > width) {
+                lines.push_back(line);
+                line.clear();
+            }
+            line += (line.empty() ? "" : " ") + word;
+        }
+        lines.push_back(line.empty() ? paragraph : line);
+    }
+    return lines;
+}
+
 /// Lines of text from the top of a box down; what does not fit is left out.
 void DrawTextBox(QPainter& painter, const QRectF& box, double factor, Medium medium,
                  const PlotFont& font, const std::string& text) {
@@ -60,14 +83,12 @@ void DrawTextBox(QPainter& painter, const QRectF& box, double factor, Medium med
     state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     surface.SetState(state);
     double top = 0;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
+    for (const std::string& line : WrappedLines(surface, text, box.width())) {
         if (top + surface.TextHeight() > box.height()) {
             return;
         }
-        surface.Text({0, -top}, std::string_view(text).substr(start, end - start));
+        surface.Text({0, -top}, line);
         top += surface.TextHeight();
-        start = end + 1;
     }
 }
 
