@@ -110,10 +110,8 @@ void frmIntro::Refresh() {
             button, &QPushButton::clicked, this, [this, index] { Q_EMIT StartWanted(index); },
             Qt::QueuedConnection);
         recent_->addWidget(button);
+        button->show(); // a button that is still hidden takes no room in the layout
     }
-    // The buttons that went are still in the layout's mind.
-    layout()->invalidate();
-    layout()->activate();
     resize(sizeHint());
 }
 

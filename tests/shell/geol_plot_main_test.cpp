@@ -346,6 +346,9 @@ TEST_F(MainWindow, RecentFilesStandOnTheIntroScreen) {
     Press("mnuFileClose_0");
     auto& recent = ControlOf<QPushButton>(*main, "cmdRecent_1");
     EXPECT_EQ(recent.text(), "c.txt");
+    auto& intro = ControlOf<frmIntro>(*main, "frmIntro");
+    EXPECT_EQ(intro.size(), intro.sizeHint()) << "nothing is squeezed";
+    EXPECT_GE(intro.sizeHint().height(), intro.cmdStart[2]->geometry().bottom() + recent.height());
     QTest::mouseClick(&recent, Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_EQ(ActiveRecord().FileTitle, "c.txt");
