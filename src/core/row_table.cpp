@@ -39,6 +39,12 @@ std::vector<std::uint32_t> OrderByX(const std::vector<std::int16_t>& x, std::siz
     return order;
 }
 
+std::uint64_t lastVersion = 0;
+
+void MarkChanged(RowTable& table) {
+    table.version = ++lastVersion;
+}
+
 } // namespace
 
 bool IsErrorRow(double plunge) {
@@ -55,6 +61,7 @@ void AppendRow(RowTable& table, const PlottedRow& row) {
     table.y.push_back(row.y);
     table.plunge.push_back(row.plunge);
     table.trend.push_back(row.trend);
+    MarkChanged(table);
 }
 
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row) {
@@ -63,6 +70,7 @@ void SetRow(RowTable& table, std::size_t place, const PlottedRow& row) {
     table.y[place] = row.y;
     table.plunge[place] = row.plunge;
     table.trend[place] = row.trend;
+    MarkChanged(table);
 }
 
 void ReserveRows(RowTable& table, std::size_t rows) {
@@ -84,6 +92,7 @@ void ResizeRowTable(RowTable& table, std::size_t rows) {
     table.y.resize(rows);
     table.plunge.resize(rows);
     table.trend.resize(rows);
+    MarkChanged(table);
 }
 
 void SortRowTable(RowTable& table, std::size_t rows) {

@@ -29,6 +29,7 @@ struct RowTable {
     std::vector<std::int16_t> y;
     std::vector<double> plunge;
     std::vector<double> trend;
+    std::uint64_t version = 0; ///< another one after each change of a line, never the same again
 
     [[nodiscard]] std::size_t size() const { return index.size(); }
 

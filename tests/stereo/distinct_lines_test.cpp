@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "orientation/angles.h"
+#include "stereo/distinct_lines.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <random>
+
+namespace quandrel {
+namespace {
+
+class DistinctLines : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kPolarLines;
+        NewPlot();
+    }
+};
+
+TEST_F(DistinctLines, EveryWholeDegreeLineHasItsOwnNumber) {
+    for (int plunge = -90; plunge <= 90; ++plunge) {
+        for (int trend = 0; trend <= 360; ++trend) {
+            const int key = LineKeyOfDegrees(plunge, trend);
+            ASSERT_GE(key, 0);
+            ASSERT_LT(key, kLineKeys);
+            ASSERT_EQ(LineKey(DegToRad(plunge), DegToRad(trend)), key) << plunge << " " << trend;
+        }
+    }
+}
+
+TEST_F(DistinctLines, RowsOfOneLineAreOne) {
+    AddRow(30, 120);
+    AddRow(-30, 120);
+    AddRow(30, 120);
+    AddRow(kErrorRow, 0);
+    AddRow(0, 0);
+    const std::vector<DistinctLine> expected = {{-30, 120, 1}, {0, 0, 1}, {30, 120, 2}};
+    EXPECT_EQ(DistinctLinesOf(TableOf(gActivePlot), ActiveRecord().NumData), expected);
+}
+
+TEST_F(DistinctLines, OverlaysTakeNoPart) {
+    AddRow(30, 120);
+    AddOverlay(kOverlayLines, 40, 10, CodeOfStyleRow(2));
+    EXPECT_EQ(DistinctLinesOf(TableOf(gActivePlot), ActiveRecord().NumData),
+              (std::vector<DistinctLine>{{30, 120, 1}}));
+}
+
+TEST_F(DistinctLines, CountsAddUpToTheRows) {
+    std::mt19937 random(7);
+    for (int i = 0; i < 500; ++i) {
+        AddRow(static_cast<std::int32_t>(random() % 10), static_cast<std::int32_t>(random() % 20));
+    }
+    std::int32_t sum = 0;
+    for (const DistinctLine& line : DistinctLinesOfActivePlot()) {
+        sum += line.rows;
+    }
+    EXPECT_EQ(sum, 500);
+    EXPECT_LE(DistinctLinesOfActivePlot().size(), 200U);
+}
+
+TEST_F(DistinctLines, ChangedRowsAndOtherPlotsAreSeen) {
+    AddRow(30, 120);
+    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 1U);
+    AddRow(40, 120);
+    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+    const int first = gActivePlot;
+    NewPlot();
+    EXPECT_TRUE(DistinctLinesOfActivePlot().empty());
+    gActivePlot = first;
+    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+    SortRowTable(TableOf(first), 2);
+    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+}
+
+} // namespace
+} // namespace quandrel
