@@ -160,6 +160,7 @@ struct PlotRecord {
     std::array<std::string, kMaxFiles + 1> FileNames; ///< [1] is the first
     std::vector<std::string> MainFiles; ///< paths of the files of the main rows, in their order
     std::array<std::vector<std::string>, kMaxOverlays + 1> OverlayFiles; ///< [k] paths of overlay k
+    bool ShowConfidenceCone = false; ///< of the principal axis; files do not keep it
     std::int64_t BetaCount = 0; ///< intersections in the last drawing of a beta plot
     std::array<TaggedValue, 10> KinematicBlock;
     std::int16_t KinematicState = 0;

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/cones.h"
+
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kSteps = 360;
+constexpr int kHalvings = 50;
+
+/// The cone as directions by the angle about its axis.
+class Cone {
+public:
+    Cone(double plunge, double trend, double halfAngle)
+        : axis_(LineToCosines(plunge, trend))
+        , halfAngle_(halfAngle) {
+        // The turn begins at the steepest place, as far from the primitive as can be.
+        across_ = LineToCosines(0, trend + kPi / 2);
+        up_ = {axis_.m * across_.n - axis_.n * across_.m, axis_.n * across_.l - axis_.l * across_.n,
+               axis_.l * across_.m - axis_.m * across_.l};
+    }
+
+    [[nodiscard]] Direction At(double turn) const {
+        const double along = std::cos(halfAngle_);
+        const double a = std::sin(halfAngle_) * std::sin(turn);
+        const double b = std::sin(halfAngle_) * std::cos(turn);
+        return {along * axis_.l + a * across_.l + b * up_.l,
+                along * axis_.m + a * across_.m + b * up_.m,
+                along * axis_.n + a * across_.n + b * up_.n};
+    }
+
+    /// The turn between two at which the cone passes the horizontal.
+    [[nodiscard]] double Crossing(double from, double to) const {
+        const bool startsDown = At(from).n >= 0;
+        for (int i = 0; i < kHalvings; ++i) {
+            const double middle = (from + to) / 2;
+            ((At(middle).n >= 0) == startsDown ? from : to) = middle;
+        }
+        return from;
+    }
+
+private:
+    Direction axis_;
+    double halfAngle_;
+    Direction across_;
+    Direction up_;
+};
+
+/// The plotted place of a direction: that of its other end where it points up.
+Point PlaceOf(int plotKind, const Direction& direction, bool isDown) {
+    const double sign = isDown ? 1 : -1;
+    // On the horizontal itself rounding must not turn the direction round.
+    const Direction plotted{sign * direction.l, sign * direction.m,
+                            std::max(sign * direction.n, 0.0)};
+    const NetPosition place = PositionOfDirection(plotKind, plotted);
+    return {place.x, place.y};
+}
+
+} // namespace
+
+std::vector<std::vector<Point>> ConeTrace(int plotKind, double plunge, double trend,
+                                          double halfAngle) {
+    const Cone cone(plunge, trend, halfAngle);
+    std::vector<std::vector<Point>> lines(1);
+    bool isDown = cone.At(0).n >= 0;
+    double before = 0;
+    for (int step = 0; step <= kSteps; ++step) {
+        const double turn = kTwoPi * step / kSteps;
+        if ((cone.At(turn).n >= 0) != isDown) {
+            const Direction rim = cone.At(cone.Crossing(before, turn));
+            lines.back().push_back(PlaceOf(plotKind, rim, isDown));
+            isDown = !isDown;
+            lines.push_back({PlaceOf(plotKind, rim, isDown)});
+        }
+        lines.back().push_back(PlaceOf(plotKind, cone.At(turn), isDown));
+        before = turn;
+    }
+    return lines;
+}
+
+void DrawCone(Surface& surface, int plotKind, double plunge, double trend, double halfAngle,
+              Colour colour) {
+    for (const std::vector<Point>& line : ConeTrace(plotKind, plunge, trend, halfAngle)) {
+        surface.Polyline(line, colour);
+    }
+}
+
+} // namespace quandrel
