@@ -5,9 +5,16 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "density/contours.h"
+#include "density/density_legend.h"
+#include "density/grid_density.h"
+#include "density/point_density.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
+#include "statistics/confidence_cone.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/statistics_texts.h"
 #include "stereo/plot_stages.h"
 
 #include <filesystem>
@@ -26,6 +33,18 @@ constexpr int kStartWorkspace = 6;
 /// Each stage of a drawing gets its procedure. A stage without one is passed over.
 void ConnectPlotStages() {
     gPlotStages = {};
+    gPlotStages.computePointDensities = ComputePointDensities;
+    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
+    gPlotStages.computeGridDensity = ComputeGridDensity;
+    gPlotStages.drawGridSymbols = DrawGridSymbols;
+    gPlotStages.traceContours = TraceContours;
+    gPlotStages.traceContoursClassified = TraceContoursClassified;
+    gPlotStages.bandLegend = BandLegendLines;
+    gPlotStages.drawSmallCircles = DrawConfidenceCone;
+    gPlotStages.writeStatistics = [] {
+        WriteStatsBox();
+        WriteFabricBox();
+    };
 }
 
 bool OpenRecentFile(std::size_t number) {

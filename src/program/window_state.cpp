@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "platform/platform.h"
+#include "statistics/confidence_cone.h"
 #include "stereo/plot_stages.h"
 
 #include <cctype>
@@ -129,6 +130,8 @@ ToolbarState StateOfToolbar() {
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
+    state.confidenceCone = {state.isStereo && ConfidenceConeAngle(record).has_value(),
+                            record.ShowConfidenceCone};
     state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
                           && record.SecondaryFormat == kSecondaryPlane;
     state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode)

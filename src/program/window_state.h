@@ -32,6 +32,7 @@ struct ToolbarState {
     std::array<ControlState, kDisplayButtons> display;
     std::array<ControlState, 2> secondary; ///< as the base plot, as an overlay
     ControlState annotations;
+    ControlState confidenceCone;
     bool intersections = false; ///< each row holds two planes
     bool gridDensity = false;   ///< the mode in force counts on the grid
     bool hasPlot = false;       ///< a plot is open

@@ -29,7 +29,8 @@ const std::map<std::string, Folders>& AllowedIncludes() {
     static const Folders onStereo = above(onCore, {"stereo"});
     static const Folders onInput = above(onStereo, {"input"});
     static const Folders onPersistence = above(onInput, {"persistence"});
-    static const Folders engine = above(onPersistence, {"program"});
+    static const Folders onAll = above(onPersistence, {"statistics", "density"});
+    static const Folders engine = above(onAll, {"program"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"orientation", {}},
@@ -37,7 +38,9 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"stereo", onCore},
         {"input", onStereo},
         {"persistence", onInput},
-        {"program", onPersistence},
+        {"statistics", onStereo},
+        {"density", onStereo},
+        {"program", onAll},
         {"platform/qt", engine},
         {"batch", above(engine, {"platform/qt"})},
         {"shell", above(engine, {"platform/qt"})},

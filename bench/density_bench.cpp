@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+//
+// Densities of plots of whole-degree rows: about each row, and on the finest grid. The rows taken
+// one by one are the yardstick.
+
+#include "core/plot_store.h"
+#include "density/cone_counts.h"
+#include "density/grid_density.h"
+#include "density/grid_geometry.h"
+#include "density/point_density.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "platform/memory_settings_store.h"
+#include "platform/platform.h"
+#include "platform/quiet_status_line.h"
+#include "platform/recording_form.h"
+#include "platform/scripted_prompts.h"
+#include "program/start.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <random>
+#include <vector>
+
+namespace quandrel {
+namespace {
+
+/// A plot of random lines over the whole net, sorted as a drawing leaves it.
+class PlotOfLines {
+public:
+    explicit PlotOfLines(std::int64_t rows) {
+        gPlatform = {};
+        gPlatform.prompts = &prompts_;
+        gPlatform.status = &status_;
+        gPlatform.settings = &settings_;
+        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
+        InitialiseApplication();
+        gActivePlot = FindFreePlotSlot();
+        ResetPlotRecord(gActivePlot);
+        PlotRecord& record = ActiveRecord();
+        record.PlotKind = 1;
+        record.NumData = record.NumValidData = record.NumLoadedData = static_cast<int>(rows);
+        int secondary = 0;
+        GrowDataColumns(secondary, record.NumData);
+        std::mt19937 random(1);
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            gDataDip.At(gActivePlot, row) = static_cast<std::int32_t>(random() % 91);
+            gDataAz.At(gActivePlot, row) = static_cast<std::int32_t>(random() % 361);
+        }
+        RebuildRowTable(gActivePlot);
+        SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(rows));
+        gGridDensitySlider = kLargestGridSize;
+    }
+
+    ~PlotOfLines() {
+        MakeStoreTables();
+        gPlatform = {};
+    }
+
+    PlotOfLines(const PlotOfLines&) = delete;
+    PlotOfLines& operator=(const PlotOfLines&) = delete;
+
+    /// Lets the next count look at the rows anew.
+    static void TouchRows() {
+        RowTable& table = TableOf(gActivePlot);
+        SetRow(table, 0, table[0]);
+    }
+
+private:
+    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
+    QuietStatusLine status_;
+    MemorySettingsStore settings_;
+};
+
+/// With the pass over the rows that finds the distinct lines.
+void PointDensities(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
+        ComputePointDensities();
+    }
+}
+
+void GridOf150(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
+        ComputeGridDensity();
+    }
+}
+
+/// Once the distinct lines are known, as in a replot after the slider was moved.
+void GridOf150Again(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    for (auto _ : state) {
+        ComputeGridDensity();
+    }
+}
+
+/// How many times longer the rows one by one take than `fast`.
+template <class Fast>
+void PrintRatio(benchmark::State& state, std::chrono::steady_clock::time_point start, Fast fast) {
+    const auto half = std::chrono::steady_clock::now();
+    PlotOfLines::TouchRows();
+    fast();
+    const auto end = std::chrono::steady_clock::now();
+    state.counters["ratio"] = std::chrono::duration<double>(half - start)
+                              / static_cast<double>(state.iterations())
+                              / std::chrono::duration<double>(end - half);
+}
+
+void PointDensitiesOneByOne(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    const RowTable& table = TableOf(gActivePlot);
+    ComputePointDensities(); // makes its tables
+    const auto start = std::chrono::steady_clock::now();
+    for (auto _ : state) {
+        std::int64_t sum = 0;
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            for (std::size_t j = 0; j < table.size(); ++j) {
+                double angle = 0;
+                AngleBetweenLines(table.plunge[i], table.trend[i], table.plunge[j], table.trend[j],
+                                  angle, LineAngle::kAcute);
+                sum += angle <= kCountCone ? 1 : 0;
+            }
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    PrintRatio(state, start, ComputePointDensities);
+}
+
+void GridOf150OneByOne(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    const RowTable& table = TableOf(gActivePlot);
+    const int step = GridStep(kLargestGridSize);
+    ComputeGridDensity();
+    const auto start = std::chrono::steady_clock::now();
+    for (auto _ : state) {
+        std::int64_t sum = 0;
+        for (int node = 0; node < kGridNodes * kGridNodes; ++node) {
+            double plunge = 0;
+            double trend = 0;
+            UnprojectPoint(1, NodePosition(node / kGridNodes, step),
+                           NodePosition(node % kGridNodes, step), plunge, trend);
+            for (std::size_t row = 0; row < table.size(); ++row) {
+                double angle = 0;
+                AngleBetweenLines(plunge, trend, table.plunge[row], table.trend[row], angle,
+                                  LineAngle::kAcute);
+                sum += angle <= kGridCountCone ? 1 : 0;
+            }
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    PrintRatio(state, start, ComputeGridDensity);
+}
+
+void AllSizes(benchmark::internal::Benchmark* bench) {
+    bench->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(PointDensities)->Apply(AllSizes);
+BENCHMARK(GridOf150)->Apply(AllSizes);
+BENCHMARK(GridOf150Again)->Apply(AllSizes);
+BENCHMARK(PointDensitiesOneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(GridOf150OneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace quandrel

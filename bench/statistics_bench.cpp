@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+//
+// The fabric statistics of a plot, from its different lines on and with the gathering of them, and
+// the yardstick: row by row with the cosines of each.
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "platform/memory_settings_store.h"
+#include "platform/platform.h"
+#include "platform/quiet_status_line.h"
+#include "platform/recording_form.h"
+#include "platform/scripted_prompts.h"
+#include "statistics/fabric_kernels.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/statistics_texts.h"
+#include "stereo/distinct_lines.h"
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <random>
+
+namespace quandrel {
+namespace {
+
+/// A plot of random lines as the active one.
+class PlotOfLines {
+public:
+    explicit PlotOfLines(std::int64_t rows) {
+        gPlatform = {};
+        gPlatform.prompts = &prompts_;
+        gPlatform.status = &status_;
+        gPlatform.settings = &settings_;
+        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
+        LoadSettings();
+        MakeStoreTables();
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kPolarLines;
+        gActivePlot = FindFreePlotSlot();
+        ResetPlotRecord(gActivePlot);
+        PlotRecord& record = ActiveRecord();
+        record.NumData = record.NumValidData = record.NumLoadedData =
+            static_cast<std::int32_t>(rows);
+        std::mt19937 random(1);
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            const auto plunge = static_cast<int>(random() % 181) - 90;
+            const auto trend = static_cast<int>(random() % 361);
+            AppendRow(TableOf(gActivePlot), {row, 0, 0, DegToRad(plunge), DegToRad(trend)});
+        }
+    }
+
+    ~PlotOfLines() {
+        MakeStoreTables();
+        gPlatform = {};
+    }
+
+    PlotOfLines(const PlotOfLines&) = delete;
+    PlotOfLines& operator=(const PlotOfLines&) = delete;
+
+private:
+    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
+    QuietStatusLine status_;
+    MemorySettingsStore settings_;
+};
+
+void StatisticsOfKnownLines(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    ComputeFabricStatistics();
+    for (auto _ : state) {
+        ComputeFabricStatistics();
+        WriteStatsBox();
+        WriteFabricBox();
+    }
+}
+
+void StatisticsOfChangedRows(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    for (auto _ : state) {
+        SetRow(TableOf(gActivePlot), 0, TableOf(gActivePlot)[0]);
+        ComputeFabricStatistics();
+    }
+}
+
+void RowByRow(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    const RowTable& table = TableOf(gActivePlot);
+    for (auto _ : state) {
+        std::vector<Direction> directions(table.size());
+        for (std::size_t place = 0; place < table.size(); ++place) {
+            directions[place] = LineToCosines(std::abs(table.plunge[place]), table.trend[place]);
+        }
+        const std::vector<double> weights(table.size(), 1);
+        benchmark::DoNotOptimize(OrientationTensor(directions, weights));
+        benchmark::DoNotOptimize(FourthMoment(directions, weights, {1, 0, 0}));
+    }
+}
+
+BENCHMARK(StatisticsOfKnownLines)
+    ->RangeMultiplier(10)
+    ->Range(1000, 1000000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(StatisticsOfChangedRows)
+    ->RangeMultiplier(10)
+    ->Range(1000, 1000000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(RowByRow)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace quandrel

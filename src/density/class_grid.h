@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+//
+// Grids of the appended numbers: sum and mean over the rows that the density grid counts at a node.
+
+#pragma once
+
+#include "density/cone_scan.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+namespace quandrel {
+
+/// Layers of gGridValues.
+enum GridLayer : std::size_t { kCumulativeLayer = 0, kMeanLayer = 1 };
+
+/// Sum of some values.
+struct ValueSum {
+    double sum = 0;
+    std::int32_t values = 0;
+};
+
+/// Values by the lines of whole degrees that they belong to. 0.5 MB.
+class LineValues {
+public:
+    LineValues();
+
+    /// @param plunge  degrees; the sign is ignored
+    /// @param trend   degrees, 0 to 360
+    void Add(int plunge, int trend, double value);
+
+    /// Values of a line, plunge 0 to 90 and trend 0 to 360 apart from 0.
+    [[nodiscard]] const ValueSum& At(int plunge, int trend) const {
+        return (*sums_)[static_cast<std::size_t>(plunge)][static_cast<std::size_t>(trend)];
+    }
+
+private:
+    std::unique_ptr<std::array<std::array<ValueSum, kRingTrends>, kRings>> sums_;
+};
+
+/// Sum of the values within a cone. The arguments are those of CountWithin.
+[[nodiscard]] ValueSum ValuesWithin(const LineValues& values, double plunge, double trend,
+                                    double cone);
+
+/// Fills gGridValues of a gActivePlot that is classified by its appended numbers, on the nodes of
+/// its density grid: kUnsetValue where no row with a number lies within the cone. Rows with an
+/// invalid number do not count. For any other plot gGridCount becomes 0.
+void ComputeGridValues();
+
+} // namespace quandrel

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// The levels of density contours, in per cent of the data per 1% of the area.
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace quandrel {
+
+inline constexpr int kMostContourLevels = 9;
+
+/// Levels, rising; those from `count` on are 0.
+struct ContourLevelSet {
+    std::array<std::int16_t, kMostContourLevels> levels{};
+    std::int16_t count = 0;
+
+    friend bool operator==(const ContourLevelSet&, const ContourLevelSet&) = default;
+};
+
+/// Density of one row among n, per cent.
+[[nodiscard]] constexpr double DensityOfOneRow(std::int32_t n) {
+    return 100.0 / n;
+}
+
+/// The levels of n rows: the density of one row, rounded up to a whole per cent (GridBandBase), and
+/// its doubles, up to the greatest density.
+///
+/// @param n            rows counted; below 1 there are no levels
+/// @param mostDensity  greatest density of the grid, per cent; only its whole part counts
+[[nodiscard]] ContourLevelSet ContourLevelsOf(std::int32_t n, double mostDensity);
+
+} // namespace quandrel

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/contours.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "density/cone_counts.h"
+#include "density/contour_levels.h"
+#include "density/grid_geometry.h"
+#include "density/point_density.h"
+#include "density/told_step.h"
+#include "stereo/distinct_lines.h"
+#include "stereo/draw_target.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kFirstClassSymbol = 39;
+
+// Each level has the colour of the band symbols that it encloses, the sixth one more.
+constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
+    {18, kSolidLine, 1},
+    {15, kSolidLine, 1},
+    {10, kSolidLine, 1},
+    {8, kSolidLine, 1},
+    {6, kSolidLine, 1},
+    {24, kSolidLine, 1},
+}};
+
+/// Densities of the nodes of a plot's grid, per cent.
+std::vector<double> DensitiesOfGrid(const PlotRecord& record, int nodes, std::int32_t rows) {
+    std::vector<double> densities;
+    const auto side = static_cast<std::size_t>(nodes);
+    densities.reserve(side * side);
+    for (std::size_t i = 0; i < side; ++i) {
+        for (std::size_t j = 0; j < side; ++j) {
+            densities.push_back(100.0 * (*record.DensityGrid)[i][j] / rows);
+        }
+    }
+    return densities;
+}
+
+void DrawContour(Surface& surface, const LevelContour& contour, const AxisStyle& style) {
+    DrawState state = surface.State();
+    state.drawStyle = style[1];
+    state.drawWidth = style[2];
+    surface.SetState(state);
+    for (const std::vector<Point>& line : ChainSegments(contour.segments)) {
+        surface.Polyline(line, TableColour(style[0]));
+    }
+}
+
+void DrawIsolatedRows(Surface& surface) {
+    const RowTable& table = TableOf(gActivePlot);
+    std::vector<Point> places;
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        const std::int32_t row = table.index[place];
+        if (row <= ActiveRecord().NumData && !IsErrorRow(table.plunge[place])
+            && gPointDensity(gActivePlot, row) == kIsolatedBand
+            && CodeSymbol(gDataSymbol(gActivePlot, row)) != kNoSymbol) {
+            places.push_back(
+                {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
+        }
+    }
+    if (!places.empty()) {
+        DrawSymbols(surface, places, CodeOfStyleRow(kFirstBandSymbol));
+    }
+}
+
+void FindLevels(PlotRecord& record) {
+    const ContourLevelSet set =
+        ContourLevelsOf(RowsOf(DistinctLinesOfActivePlot()), record.GridDensityMax);
+    record.ContourLevels = set.levels;
+    record.NumContours = set.count;
+}
+
+void DrawContours(ContourStyleSource source) {
+    PlotRecord& record = ActiveRecord();
+    FindLevels(record);
+    Surface& surface = PlotSurface();
+    const SavedState saved(surface);
+    int level = 0;
+    for (const LevelContour& contour : ContoursOfActivePlot()) {
+        DrawContour(surface, contour, ContourStyleOf(level++, source));
+    }
+}
+
+} // namespace
+
+std::array<AxisStyle, kContourStyles> gContourStyleTable = kStartContourStyles;
+
+void BuildContourStyles() {
+    gContourStyleTable = kStartContourStyles;
+}
+
+AxisStyle ContourStyleOf(int level, ContourStyleSource source) {
+    if (source == ContourStyleSource::Classes) {
+        const int row = std::min(kFirstClassSymbol + level, kSymbolRowCount - 1);
+        return {gSymbolTable[static_cast<std::size_t>(row)][kPlaceColour], kSolidLine, 1};
+    }
+    return gContourStyleTable[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
+}
+
+std::vector<LevelContour> ContoursOfActivePlot() {
+    const PlotRecord& record = ActiveRecord();
+    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
+    std::vector<LevelContour> contours;
+    if (rows < 1 || !record.DensityGrid || record.GridSize < kSmallestGridSize
+        || record.GridSize > kLargestGridSize) {
+        return contours;
+    }
+    const int nodes = GridNodes(record.GridSize);
+    const int step = GridStep(record.GridSize);
+    const std::vector<double> densities = DensitiesOfGrid(record, nodes, rows);
+    const NodeValues grid = {densities, nodes, static_cast<double>(NodePosition(0, step)),
+                             static_cast<double>(step)};
+    ToldStep told(" Please wait - calculating contours", record.NumContours);
+    for (std::int16_t k = 0; k < record.NumContours; ++k) {
+        told.Reach(k);
+        const std::int16_t level = record.ContourLevels.at(static_cast<std::size_t>(k));
+        contours.push_back({level, TraceContour(grid, level, JitterOfLevel(level))});
+    }
+    return contours;
+}
+
+void TraceContours() {
+    DrawContours(ContourStyleSource::Levels);
+    if (gShowIsolatedPts != 0) {
+        DrawIsolatedRows(PlotSurface());
+    }
+}
+
+void TraceContoursClassified() {
+    DrawContours(ContourStyleSource::Classes);
+}
+
+} // namespace quandrel

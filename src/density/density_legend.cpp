@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/density_legend.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "density/cone_counts.h"
+#include "density/contour_levels.h"
+#include "density/contours.h"
+#include "density/grid_density.h"
+#include "density/point_density.h"
+#include "orientation/number_text.h"
+#include "stereo/distinct_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+namespace quandrel {
+
+namespace {
+
+/// A band of symbols: it holds densities from `bound` on, up to that of the next one.
+struct Band {
+    int number = 1;
+    double bound = 0; ///< per cent
+};
+
+constexpr int kLastBand = kLastBandSymbol - kFirstBandSymbol + 1;
+
+/// Which densities the active plot shows.
+struct DensitiesShown {
+    bool points = false;
+    bool gridSymbols = false;
+    bool contours = false;
+    ContourStyleSource styles = ContourStyleSource::Levels;
+
+    [[nodiscard]] bool Any() const { return points || gridSymbols || contours; }
+};
+
+DensitiesShown ShownBy(const PlotRecord& record) {
+    DensitiesShown shown;
+    if (record.ClassMode == 1 && record.NumClasses >= 1) {
+        // The grid's symbols are those of classes then, which have lines of their own.
+        shown.contours = record.NumClasses > 1;
+        shown.styles = ContourStyleSource::Classes;
+        return shown;
+    }
+    const std::int16_t mode = record.PlotSymbolMode;
+    shown.points = mode == kPointDensitySymbols;
+    shown.gridSymbols = mode == kGridDensitySymbols || mode == kContoursAndGrid;
+    shown.contours = mode == kContours || mode == kContoursAndGrid;
+    return shown;
+}
+
+/// Bands of rows, behind the first, that two or more of n rows can make.
+std::vector<Band> PointBands(std::int32_t n, double most) {
+    const double unit = DensityOfOneRow(n);
+    const double base = std::max(std::floor(unit), 1.0);
+    std::vector<Band> bands;
+    if (2 * unit < base && most > 1.5 * unit) {
+        bands.push_back({2, unit});
+    }
+    double bound = base;
+    for (int number = 3; number <= kLastBand && bound <= most; ++number, bound *= 2) {
+        // A band that is wider than one row counts has room for some number of them; it has to end
+        // above two.
+        if (bound > unit) {
+            bands.push_back({number, bound});
+        }
+    }
+    return bands;
+}
+
+/// Bands of the grid's nodes behind the first.
+std::vector<Band> GridBands(std::int32_t n, double most) {
+    std::vector<Band> bands;
+    double bound = GridBandBase(n);
+    for (int number = 2; number <= kLastBand && bound <= most; ++number, bound *= 2) {
+        bands.push_back({number, bound});
+    }
+    return bands;
+}
+
+SymbolCode CodeOfBand(int number) {
+    return CodeOfStyleRow(kFirstBandSymbol + number - 1);
+}
+
+std::string BoundText(double bound, bool isFirst) {
+    return " > " + FormatNumber(bound, isFirst ? "Fixed" : "##") + "%";
+}
+
+void AddBands(std::vector<LegendLine>& lines, const std::vector<Band>& bands) {
+    for (const Band& band : bands) {
+        lines.push_back({LegendSample::Symbol, CodeOfBand(band.number),
+                         BoundText(band.bound, &band == &bands.front())});
+    }
+}
+
+void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record,
+                 ContourStyleSource source) {
+    for (int k = 0; k < record.NumContours; ++k) {
+        const AxisStyle style = ContourStyleOf(k, source);
+        const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
+        lines.push_back({LegendSample::GreatCircle, MakeSymbolCode(style[0], style[1], style[2]),
+                         BoundText(level, k == 0)});
+    }
+}
+
+/// What one point counts, with the symbol of one point where there are such.
+LegendLine OnePointLine(const DensitiesShown& shown, std::int32_t n) {
+    const double unit = DensityOfOneRow(n);
+    const bool hasSymbol =
+        shown.points || (shown.gridSymbols && unit < GridBandBase(n))
+        || (shown.contours && shown.styles == ContourStyleSource::Levels && gShowIsolatedPts != 0);
+    return {hasSymbol ? LegendSample::Symbol : LegendSample::Indent,
+            hasSymbol ? CodeOfBand(kIsolatedBand) : 0,
+            " 1 pt. (" + FormatNumber(unit, "Fixed") + "%)"};
+}
+
+} // namespace
+
+std::vector<LegendLine> BandLegendLines() {
+    const PlotRecord& record = ActiveRecord();
+    const DensitiesShown shown = ShownBy(record);
+    const std::int32_t n = shown.Any() ? RowsOf(DistinctLinesOfActivePlot()) : 0;
+    std::vector<LegendLine> lines;
+    if (n < 1) {
+        return lines;
+    }
+    const double most = shown.points ? record.PointDensityMax : record.GridDensityMax;
+    lines.push_back(OnePointLine(shown, n));
+    if (shown.points) {
+        AddBands(lines, PointBands(n, most));
+    }
+    if (shown.gridSymbols) {
+        AddBands(lines, GridBands(n, most));
+    }
+    if (shown.contours) {
+        AddContours(lines, record, shown.styles);
+    }
+    lines.push_back({LegendSample::Indent, 0, "(Max. =" + FormatNumber(most, "Fixed") + "%)"});
+    return lines;
+}
+
+} // namespace quandrel

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/grid_density.h"
+
+#include "core/plot_store.h"
+#include "density/class_grid.h"
+#include "density/grid_geometry.h"
+#include "density/told_step.h"
+#include "orientation/projection.h"
+#include "stereo/distinct_lines.h"
+#include "stereo/draw_target.h"
+#include "stereo/plot_driver.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kCountingText = " Please wait - calculating grid value densities";
+constexpr const char* kDrawingText = " Please wait - plotting grid densities";
+constexpr int kSquaredRim = 1000000;
+
+using DensityTable = std::remove_reference_t<decltype(*PlotRecord::DensityGrid)>;
+using GridCount = DensityTable::value_type::value_type;
+
+/// A count as the table holds it; one too large for a cell is the cell's largest.
+GridCount CellOf(std::int32_t count) {
+    constexpr std::int32_t kMost = std::numeric_limits<GridCount>::max();
+    return static_cast<GridCount>(std::min(count, kMost));
+}
+
+/// The emptied table of a plot, made on first use.
+DensityTable& EmptyGrid(PlotRecord& record) {
+    if (record.DensityGrid == nullptr) {
+        record.DensityGrid = std::make_unique<DensityTable>();
+    }
+    for (auto& column : *record.DensityGrid) {
+        column.fill(0);
+    }
+    return *record.DensityGrid;
+}
+
+/// Fills the table and gives the greatest count.
+std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows) {
+    const int gridSize = record.GridSize;
+    const int nodes = GridNodes(gridSize);
+    DensityTable& grid = EmptyGrid(record);
+    std::vector<std::int32_t> counts(static_cast<std::size_t>(nodes));
+    std::int32_t greatest = 0;
+    ToldStep step(kCountingText, (gridSize + 2) * (gridSize + 2) + 1);
+    for (int column = 0; column < nodes; ++column) {
+        step.Reach(column * nodes);
+        CountGridColumn(rows, record.PlotKind, gridSize, column, counts);
+        std::transform(counts.begin(), counts.end(), grid[static_cast<std::size_t>(column)].begin(),
+                       CellOf);
+        greatest = std::max(greatest, *std::max_element(counts.begin(), counts.end()));
+    }
+    return greatest;
+}
+
+/// A node that shows a symbol.
+struct DrawnNode {
+    Point at;
+    int band = 0;
+};
+
+std::vector<DrawnNode> NodesToDraw(const PlotRecord& record, std::int32_t rows) {
+    const int nodes = GridNodes(record.GridSize);
+    const int step = GridStep(record.GridSize);
+    std::vector<DrawnNode> drawn;
+    for (int column = 0; column < nodes; ++column) {
+        const int x = NodePosition(column, step);
+        for (int row = 0; row < nodes; ++row) {
+            const int y = NodePosition(row, step);
+            const std::int32_t count = (*record.DensityGrid)[static_cast<std::size_t>(column)]
+                                                            [static_cast<std::size_t>(row)];
+            if (count >= 1 && x * x + y * y <= kSquaredRim) {
+                drawn.push_back(
+                    {{static_cast<double>(x), static_cast<double>(y)}, GridBand(count, rows)});
+            }
+        }
+    }
+    return drawn;
+}
+
+SymbolCode CodeOfBand(int band) {
+    return CodeOfStyleRow(std::min(kFirstBandSymbol + band - 1, kLastBandSymbol));
+}
+
+} // namespace
+
+void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int column,
+                     std::span<std::int32_t> counts) {
+    const int step = GridStep(gridSize);
+    const int x = NodePosition(column, step);
+    for (std::size_t row = 0; row < counts.size(); ++row) {
+        double plunge = 0;
+        double trend = 0;
+        UnprojectPoint(plotKind, x, NodePosition(static_cast<int>(row), step), plunge, trend);
+        counts[row] = CountWithin(rows, plunge, trend, kGridCountCone);
+    }
+}
+
+int GridBandBase(std::int32_t rows) {
+    const double unit = 100.0 / rows;
+    // Kept: rounded up, unlike the base of the bands of points.
+    return unit < 1 ? 1 : std::max(static_cast<int>(RoundToEven(unit + 0.4999)), 1);
+}
+
+int GridBand(std::int32_t count, std::int32_t rows) {
+    const int base = GridBandBase(rows);
+    const double density = 100.0 * count / rows;
+    return density < base ? 1 : std::ilogb(density / base) + 2;
+}
+
+void ComputeGridDensity() {
+    PlotRecord& record = ActiveRecord();
+    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+    const std::int32_t rows = RowsOf(lines);
+    record.GridSize = static_cast<std::int16_t>(
+        std::clamp(gGridDensitySlider, kSmallestGridSize, kLargestGridSize));
+    const std::int32_t greatest = CountGrid(record, LineHistogram(lines));
+    record.GridDensityMax = rows > 0 ? static_cast<float>(100.0 * greatest / rows) : 0;
+    record.DensityCount = record.NumValidData;
+    ComputeGridValues();
+}
+
+void DrawGridSymbols() {
+    const PlotRecord& record = ActiveRecord();
+    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
+    if (record.DensityGrid == nullptr || rows == 0) {
+        return;
+    }
+    const std::vector<DrawnNode> nodes = NodesToDraw(record, rows);
+    ToldStep step(kDrawingText, static_cast<std::int64_t>(nodes.size()));
+    // Nodes behind one another with one band go to the surface together.
+    std::vector<Point> places;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        places.push_back(nodes[i].at);
+        if (i + 1 == nodes.size() || nodes[i + 1].band != nodes[i].band) {
+            step.Reach(static_cast<std::int64_t>(i));
+            DrawSymbols(PlotSurface(), places, CodeOfBand(nodes[i].band));
+            places.clear();
+        }
+    }
+}
+
+ConeDensity DensityAt(double plunge, double trend) {
+    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+    const std::int32_t rows = RowsOf(lines);
+    if (rows == 0) {
+        return {};
+    }
+    const std::int32_t count = CountWithin(LineHistogram(lines), plunge, trend, kGridCountCone);
+    return {count, 100.0 * count / rows};
+}
+
+} // namespace quandrel

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+//
+// Densities on a grid over the net: what gridded symbols show and contours follow.
+//
+// The value of a node is the number of rows within kGridCountCone of the line under it. A node
+// outside the primitive stands for the other end of a line that leaves the net on this side, so
+// that the grid goes on smoothly beyond the rim. Nodes are indexed [column][row].
+
+#pragma once
+
+#include "density/cone_counts.h"
+
+#include <cstdint>
+#include <span>
+
+namespace quandrel {
+
+/// Counts the rows at the nodes of a column of the grid.
+///
+/// @param plotKind     projection, as for UnprojectPoint
+/// @param gridSize     kSmallestGridSize to kLargestGridSize
+/// @param column       0 to GridNodes - 1
+/// @param[out] counts  GridNodes values, from south to north
+void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int column,
+                     std::span<std::int32_t> counts);
+
+/// What a node of the lowest band but one begins at: the density of one row in per cent, rounded
+/// up, and at least 1.
+///
+/// @param rows  rows of the plot, above 0
+[[nodiscard]] int GridBandBase(std::int32_t rows);
+
+/// Band of a node: 1 below the base, 2 from the base on, and one more with each doubling.
+///
+/// @param count  rows counted at the node, above 0
+/// @param rows   rows of the plot, above 0
+[[nodiscard]] int GridBand(std::int32_t count, std::int32_t rows);
+
+/// Counts the grid of gActivePlot: GridSize as the slider has it, DensityGrid, GridDensityMax and
+/// DensityCount; also the class grid of a plot that is classified by its appended numbers.
+void ComputeGridDensity();
+
+/// Draws the symbol of its band at each node on the net that has rows within its cone. A plot
+/// without a grid draws nothing.
+void DrawGridSymbols();
+
+/// Rows about a line.
+struct ConeDensity {
+    std::int32_t count = 0;
+    double perCent = 0; ///< of all rows
+};
+
+/// Density of gActivePlot about any line: what a node of the grid there would hold.
+///
+/// @param plunge, trend  radians; the sign of the plunge is ignored
+[[nodiscard]] ConeDensity DensityAt(double plunge, double trend);
+
+} // namespace quandrel

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/point_density.h"
+
+#include "core/plot_store.h"
+#include "density/cone_counts.h"
+#include "density/told_step.h"
+#include "stereo/distinct_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kStepText = " Please wait - calculating point densities ";
+constexpr int kFirstDoublingBand = 3;
+
+// Kept: here the density of one row is rounded down; grids and contours round it up.
+int BaseOf(std::int32_t rows) {
+    const float unit = 100.0F / static_cast<float>(rows);
+    return unit < 1 ? 1 : static_cast<int>(unit);
+}
+
+/// The band of each line that has rows, by the number of the line.
+std::vector<std::int32_t> BandsByLine(std::span<const DistinctLine> lines,
+                                      std::span<const std::int32_t> counts, std::int32_t rows) {
+    std::vector<std::int32_t> bands(kLineKeys, 0);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const int key = LineKeyOfDegrees(lines[i].plunge, lines[i].trend);
+        bands[static_cast<std::size_t>(key)] = PointDensityBand(counts[i], rows);
+    }
+    return bands;
+}
+
+/// Writes the bands of the main rows of gActivePlot.
+void StoreBands(const std::vector<std::int32_t>& bandsByLine) {
+    constexpr std::size_t kRowsAtOnce = 0x10000;
+    const RowTable& table = TableOf(gActivePlot);
+    const std::int32_t last =
+        std::min(ActiveRecord().NumData, gPointDensity.RowCount(gActivePlot) - 1);
+    if (last < 1) {
+        return;
+    }
+    std::int32_t* const bands = &gPointDensity.At(gActivePlot, 0);
+    ToldStep step(kStepText, static_cast<std::int64_t>(table.size()));
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        if (place % kRowsAtOnce == 0) {
+            step.Reach(static_cast<std::int64_t>(place));
+        }
+        const std::int32_t index = table.index[place];
+        if (index < 1 || index > last) {
+            continue;
+        }
+        const double plunge = table.plunge[place];
+        bands[index] =
+            IsErrorRow(plunge)
+                ? 0
+                : bandsByLine[static_cast<std::size_t>(LineKey(plunge, table.trend[place]))];
+    }
+}
+
+} // namespace
+
+float PointDensity(std::int32_t count, std::int32_t rows) {
+    return static_cast<float>(100.0 * count / rows);
+}
+
+int PointDensityBand(std::int32_t count, std::int32_t rows) {
+    if (count <= 1) {
+        return kIsolatedBand;
+    }
+    const int base = BaseOf(rows);
+    const float density = PointDensity(count, rows);
+    if (density < static_cast<float>(base)) {
+        return kFirstDoublingBand - 1;
+    }
+    // The exponent of a floating number is the whole part of its logarithm to the base of 2.
+    return std::ilogb(static_cast<double>(density) / base) + kFirstDoublingBand;
+}
+
+void ComputePointDensities() {
+    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+    const std::vector<std::int32_t> counts = CountsOfLines(lines);
+    const std::int32_t rows = RowsOf(lines);
+    const auto greatest = std::max_element(counts.begin(), counts.end());
+    ActiveRecord().PointDensityMax = counts.empty() ? 0 : PointDensity(*greatest, rows);
+    StoreBands(BandsByLine(lines, counts, rows));
+}
+
+} // namespace quandrel

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+//
+// How densely the rows of a plot lie about each row.
+
+#pragma once
+
+#include <cstdint>
+
+namespace quandrel {
+
+/// Band of a row that has no other within its cone.
+inline constexpr int kIsolatedBand = 1;
+
+/// Density of a count, in per cent of all rows.
+///
+/// @param rows  rows of the plot, above 0
+[[nodiscard]] float PointDensity(std::int32_t count, std::int32_t rows);
+
+/// Band of a row by its count.
+///
+/// @param count  rows within its cone, itself included
+/// @param rows   rows of the plot, above 0
+/// @return kIsolatedBand for a row alone; 2 below the base, which is the density of one row rounded
+///         down (1% where that is less than 1); 3 from the base on, and one more with each doubling
+[[nodiscard]] int PointDensityBand(std::int32_t count, std::int32_t rows);
+
+/// Counts the rows within kCountCone of each main row of gActivePlot: PointDensityMax, and the band
+/// of each row in gPointDensity, 0 for an error row. Rows of overlays are left alone. The densities
+/// are shares of the rows that were counted. O(rows), once for each line of whole degrees.
+void ComputePointDensities();
+
+} // namespace quandrel

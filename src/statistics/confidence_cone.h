@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+//
+// The 95% confidence cone of the principal axis, on the net.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <optional>
+
+namespace quandrel {
+
+/// Semi-angle of the cone, radians, from the spherical standard error; nothing where the
+/// distribution is not symmetric about its axis, or the error is too large for a cone.
+[[nodiscard]] std::optional<double> ConfidenceConeAngle(const PlotRecord& record);
+
+/// Draws the cone about the principal axis of gActivePlot, if it is to be shown and there is one.
+void DrawConfidenceCone();
+
+} // namespace quandrel

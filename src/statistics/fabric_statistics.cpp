@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/fabric_statistics.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "statistics/fabric_kernels.h"
+#include "statistics/orientation_notation.h"
+#include "stereo/distinct_lines.h"
+
+#include <array>
+
+namespace quandrel {
+
+namespace {
+
+/// A mean of directions.
+struct MeanDirection {
+    double plunge = kNoDirection;
+    double trend = kNoDirection;
+    double length = 0; ///< R/n
+};
+
+/// @param toLine  AxisToLine or DirectedLine
+MeanDirection MeanOf(const WeightedDirections& rows,
+                     void (*toLine)(const Direction&, double&, double&)) {
+    MeanDirection mean;
+    const Direction resultant = ResultantOf(rows.directions, rows.weights);
+    mean.length = LengthOf(resultant) / TotalWeight(rows.weights);
+    if (mean.length < kLeastMeanLength) {
+        mean.length = 0;
+    } else {
+        toLine(resultant, mean.plunge, mean.trend);
+    }
+    return mean;
+}
+
+/// The means; those of polar lines tell the senses, the others lie in the lower hemisphere.
+void StoreMeans(PlotRecord& record, const std::vector<DistinctLine>& lines,
+                const WeightedDirections& axes) {
+    const MeanDirection axial = MeanOf(axes, AxisToLine);
+    MeanDirection mean = axial;
+    if (record.DataKind == kPolarLines) {
+        mean = MeanOf(DirectionsOf(lines, LineSense::kDirected), DirectedLine);
+    }
+    record.FabricValueA = static_cast<float>(mean.plunge);
+    record.FabricValueB = static_cast<float>(mean.trend);
+    record.FabricValueD = static_cast<float>(axial.plunge);
+    record.FabricValueE = static_cast<float>(axial.trend);
+    record.FabricValueF = static_cast<float>(1 - mean.length);
+    record.RoseResultant[0] = mean.length;
+}
+
+void StoreTensor(PlotRecord& record, const Matrix3& tensor) {
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) {
+            record.FabricResults[row + 1][column + 1] = static_cast<float>(tensor[row][column]);
+        }
+    }
+}
+
+EigenSystem3 SystemOf(const EigenTable& table) {
+    EigenSystem3 system;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) {
+            system.vectors[row][column] = static_cast<double>(table[row + 1][column + 1]);
+        }
+        system.values[row] = static_cast<double>(table[row + 1][0]);
+    }
+    return system;
+}
+
+/// Puts eigenvalues and axes in the place of the tensor that they are of.
+void StoreAxes(PlotRecord& record) {
+    EigenTable table{};
+    JacobiEigen3(record.FabricResults, table);
+    const FabricAxes sorted = SortedAxes(SystemOf(table));
+    for (std::size_t i = 0; i < 3; ++i) {
+        const Direction& axis = sorted.axes[i];
+        record.FabricResults[i + 1][0] = static_cast<float>(sorted.values[i]);
+        record.FabricResults[1][i + 1] = static_cast<float>(axis.l);
+        record.FabricResults[2][i + 1] = static_cast<float>(axis.m);
+        record.FabricResults[3][i + 1] = static_cast<float>(axis.n);
+        double plunge = 0;
+        double trend = 0;
+        AxisToLine(axis, plunge, trend);
+        record.EigenResults[i + 1][kAxisPlunge] = static_cast<float>(plunge);
+        record.EigenResults[i + 1][kAxisTrend] = static_cast<float>(trend);
+    }
+}
+
+void StorePlaneItem(PlotRecord& record, std::size_t item, const AxisLine& pole) {
+    record.AxisItems[item][1] = TextOfPlaneOfPole(pole.plunge, pole.trend);
+    record.AxisItems[item][2] = pole.plunge;
+    record.AxisItems[item][3] = pole.trend;
+}
+
+/// The statistical rows of the axis items; which of them are shown is the user's matter.
+void StoreAxisItems(PlotRecord& record) {
+    auto& mean = record.AxisItems[kMeanItem];
+    mean[2] = TaggedValue();
+    mean[3] = TaggedValue();
+    if (HasMeanDirection(record)) {
+        mean[2] = static_cast<double>(record.FabricValueA);
+        mean[3] = static_cast<double>(record.FabricValueB);
+    }
+    StorePlaneItem(record, kMeanPlaneItem, FabricAxis(record, 3));
+    StorePlaneItem(record, kGirdleItem, FabricAxis(record, 1));
+}
+
+void Derive(PlotRecord& record, const WeightedDirections& axes) {
+    AxisSample sample;
+    sample.count = TotalWeight(axes.weights);
+    for (std::size_t i = 0; i < 3; ++i) {
+        sample.eigenvalues[i] = static_cast<double>(record.FabricResults[i + 1][0]);
+    }
+    const Direction greatest = {static_cast<double>(record.FabricResults[1][3]),
+                                static_cast<double>(record.FabricResults[2][3]),
+                                static_cast<double>(record.FabricResults[3][3])};
+    sample.fourthMoment = FourthMoment(axes.directions, axes.weights, greatest).value_or(0);
+    const FabricShape shape = ShapeOf(sample.eigenvalues);
+    const double symmetry = SymmetryStatistic(sample);
+    record.EigenResults[1][kShapeNumber] = static_cast<float>(shape.gamma);
+    record.EigenResults[2][kShapeNumber] = static_cast<float>(shape.zeta);
+    record.EigenResults[3][kShapeNumber] = static_cast<float>(sample.fourthMoment);
+    record.EigenResults[1][kLogRatio] = static_cast<float>(shape.ratio12);
+    record.EigenResults[2][kLogRatio] = static_cast<float>(shape.ratio23);
+    record.EigenResults[3][kLogRatio] = static_cast<float>(symmetry);
+    record.FabricValueC =
+        symmetry > kSymmetryLimit ? kNotSymmetric : SphericalStandardError(sample);
+}
+
+} // namespace
+
+void ComputeFabricStatistics() {
+    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+    const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
+    const auto tensor = OrientationTensor(axes.directions, axes.weights);
+    if (!tensor) {
+        return;
+    }
+    PlotRecord& record = ActiveRecord();
+    StoreMeans(record, lines, axes);
+    StoreTensor(record, *tensor);
+    StoreAxes(record);
+    StoreAxisItems(record);
+    Derive(record, axes);
+}
+
+void ComputeFabricDerived() {
+    const WeightedDirections axes = DirectionsOf(DistinctLinesOfActivePlot(), LineSense::kAxial);
+    if (!axes.directions.empty()) {
+        Derive(ActiveRecord(), axes);
+    }
+}
+
+AxisLine FabricAxis(const PlotRecord& record, std::size_t axis) {
+    return {static_cast<double>(record.EigenResults.at(axis)[kAxisPlunge]),
+            static_cast<double>(record.EigenResults.at(axis)[kAxisTrend])};
+}
+
+bool HasMeanDirection(const PlotRecord& record) {
+    return static_cast<double>(record.FabricValueA) != kNoDirection;
+}
+
+} // namespace quandrel

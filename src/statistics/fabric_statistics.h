@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+//
+// The fabric statistics of a plot, worked out from its main rows into its record.
+//
+// Angles are radians. Where the results stand in PlotRecord:
+//   FabricResults[i][0]     eigenvalue i of the orientation tensor, 1 least to 3 greatest
+//   FabricResults[1..3][i]  its axis along north, east and down, of unit length, pointing down
+//   EigenResults            see EigenPlace
+//   FabricValueA, B         plunge and trend of the mean direction: of polar lines the directed one
+//                           (a negative plunge points up toward the trend), else that of the axes
+//   FabricValueC            spherical standard error, kNotSymmetric or kFailedResult
+//   FabricValueD, E         plunge and trend of the resultant of the axes
+//   FabricValueF            variance, 1 - R/n, of the mean in A and B
+//   RoseResultant[0]        mean resultant length R/n of the same (a rose has its own there)
+//   AxisItems[0][2..3]      the mean direction
+//   AxisItems[9], [10]      the planes normal to the greatest and to the least axis
+// A mean without a direction has kNoDirection as plunge and trend.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <cstddef>
+
+namespace quandrel {
+
+/// Rows of AxisItems that belong to the statistics.
+inline constexpr std::size_t kMeanItem = 0;
+inline constexpr std::size_t kMeanPlaneItem = 9;
+inline constexpr std::size_t kGirdleItem = 10;
+
+/// Places of EigenResults: axis i has its plunge in [i][kAxisPlunge] and its trend in
+/// [i][kAxisTrend]; the numbers of the shape stand about them.
+enum EigenPlace : std::size_t {
+    kShapeNumber = 0, ///< [1] gamma, [2] zeta, [3] the fourth moment about the greatest axis
+    kAxisPlunge = 1,
+    kAxisTrend = 2,
+    kLogRatio = 3, ///< [1] ln(E2/E1), [2] ln(E3/E2), [3] the statistic of the symmetry test
+};
+
+/// Works out the fabric statistics of gActivePlot. Without a valid row the old ones stay.
+///
+/// The rows summed decide n: in a plot of P & T axes NumValidData counts faults.
+void ComputeFabricStatistics();
+
+/// The part of ComputeFabricStatistics that follows from eigenvalues and axes in the record.
+void ComputeFabricDerived();
+
+/// Axis 1 (least) to 3 (greatest) of a record.
+struct AxisLine {
+    double plunge = 0;
+    double trend = 0;
+};
+
+[[nodiscard]] AxisLine FabricAxis(const PlotRecord& record, std::size_t axis);
+
+/// True when the record has a mean direction.
+[[nodiscard]] bool HasMeanDirection(const PlotRecord& record);
+
+} // namespace quandrel

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/orientation_notation.h"
+
+#include "core/data_format.h"
+#include "orientation/angles.h"
+#include "orientation/notation.h"
+
+#include <cstdlib>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kTrendFirst = 10;
+
+OrientationOptions OptionsInForce(OrientationKind kind) {
+    OrientationOptions options;
+    options.kind = kind;
+    options.planeConvention = std::abs(int{gConventions}) % kTrendFirst;
+    // Kept: quadrant notation, a negative code, always has the plunge first.
+    options.lineOrder =
+        gConventions > kTrendFirst ? LineOrder::kTrendPlunge : LineOrder::kPlungeTrend;
+    options.notation = gConventions < 0 ? AzimuthNotation::kQuadrant : AzimuthNotation::kAzimuth;
+    options.separator = kind == OrientationKind::kPlane ? gPlaneSeparator : gLineSeparator;
+    return options;
+}
+
+std::string TextOfPair(double first, double second, OrientationKind kind) {
+    return OrientationText(RadToDegText(first), RadToDegText(second), OptionsInForce(kind));
+}
+
+} // namespace
+
+std::string TextOfLine(double plunge, double trend) {
+    return TextOfPair(plunge, trend, OrientationKind::kLine);
+}
+
+std::string TextOfPlaneOfPole(double polePlunge, double poleTrend) {
+    double dip = 0;
+    double dipDirection = 0;
+    PoleOfPlane(polePlunge, poleTrend, dip, dipDirection);
+    return TextOfPair(dip, dipDirection, OrientationKind::kPlane);
+}
+
+} // namespace quandrel

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+//
+// Fabric statistics in full precision, with formulas as in textbooks: what the printed statistics
+// are to be compared with, and what they do not print.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "orientation/angles.h"
+#include "stereo/distinct_lines.h"
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+/// Statistics of directions by R. A. Fisher (1953), Proc. R. Soc. London A 217, 295-305.
+struct FisherStatistics {
+    double plunge = 0;    ///< of the mean direction, radians, negative upward; kNoDirection without
+    double trend = 0;     ///< radians, of an upward mean the azimuth that it points to
+    double resultant = 0; ///< R, 0 to n
+
+    /// Precision parameter, the estimate (n - 1) / (n - R); nothing when all rows share a line.
+    std::optional<double> kappa;
+
+    /// Maximum likelihood: coth(kappa) - 1/kappa = R/n; nothing when all rows share a line.
+    std::optional<double> kappaMaximumLikelihood;
+};
+
+/// 95% confidence region of the principal axis, an ellipse for large samples, of any distribution.
+///
+/// Formula: M. J. Prentice (1984), Biometrika 71, 147-154; N. I. Fisher, T. Lewis,
+/// B. J. J. Embleton, Statistical Analysis of Spherical Data (1987), ch. 6.
+struct ConfidenceEllipse {
+    double major = 0;         ///< semi-axis, radians, kPi/2 when it reaches all round
+    double minor = 0;         ///< semi-axis, radians
+    Direction majorDirection; ///< at right angles to the principal axis, pointing down
+};
+
+struct ReferenceStatistics {
+    double count = 0;                    ///< rows
+    std::array<double, 3> eigenvalues{}; ///< ascending, true to 1e-12
+    std::array<Direction, 3> axes{};     ///< of unit length, pointing down
+    double axialResultantLength = 0;     ///< R/n of the rows as downward axes
+    std::optional<double> logRatio12;    ///< nothing where a logarithm or a quotient fails
+    std::optional<double> logRatio23;
+    std::optional<double> gamma;
+    std::optional<double> zeta;
+    double fourthMoment = 0;             ///< about the principal axis
+    double printedSymmetryStatistic = 0; ///< with 1 - E3 + m4, as the printed texts judge by it
+    double symmetryStatistic = 0;        ///< with 1 - 2 E3 + m4
+    std::optional<double> standardError; ///< of the principal axis, rotational symmetry taken
+    std::optional<ConfidenceEllipse> ellipse; ///< nothing without a single principal axis
+    std::optional<FisherStatistics> fisher;   ///< of polar lines
+};
+
+/// How the rows are meant.
+enum class RowSense { kAxes, kPolarLines };
+
+/// @param lines  the different lines with their rows
+/// @return nothing without rows. O(lines).
+[[nodiscard]] std::optional<ReferenceStatistics>
+ComputeReferenceStatistics(std::span<const DistinctLine> lines, RowSense sense);
+
+/// The reference of the main rows of gActivePlot.
+[[nodiscard]] std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot();
+
+/// coth(kappa) - 1/kappa solved for kappa.
+///
+/// @param meanLength  R/n, 0 to below 1
+[[nodiscard]] double FisherKappaOf(double meanLength);
+
+/// One number of the reference.
+struct ReferenceEntry {
+    std::string_view name; ///< "eigenvalue 1", "Fisher R"
+    double value = 0;      ///< angles in degrees; may be infinite
+    std::string printed;   ///< what the advanced text has, where it rounds to something else
+};
+
+/// The numbers in their order; what could not be worked out is left out.
+///
+/// @param record  of the same rows, with its statistics worked out
+[[nodiscard]] std::vector<ReferenceEntry> ReferenceEntries(const ReferenceStatistics& statistics,
+                                                           const PlotRecord& record);
+
+/// The entries as lines "name = value", with " (printed ...)" where the two differ.
+[[nodiscard]] std::string ReferenceText(const std::vector<ReferenceEntry>& entries);
+
+} // namespace quandrel

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/statistics_texts.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "statistics/fabric_kernels.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/orientation_notation.h"
+#include "stereo/distinct_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kFixed = "Fixed";
+constexpr const char* kThreeDecimals = "0.000";
+constexpr std::size_t kLastUserGirdle = 8;
+
+std::string Line(const std::string& text) {
+    return text + kLineEnd;
+}
+
+std::string Line(const char* label, double value, const char* format, const char* behind = "") {
+    return label + FormatNumber(value, format) + behind + kLineEnd;
+}
+
+std::string NumberLine(const PlotRecord& record) {
+    return Line("No. of Data = " + std::to_string(record.NumValidData));
+}
+
+/// True when there is nothing to tell of but the number of data. A rose writes its own statistics.
+bool HasStereoStatistics(const PlotRecord& record) {
+    return record.PlotKind < kRose && !DistinctLinesOfActivePlot().empty();
+}
+
+/// A pair of angles in degrees with two decimals.
+std::string DegreePair(double first, double second) {
+    return FormatNumber(RadToDeg(first), kFixed) + " - " + FormatNumber(RadToDeg(second), kFixed);
+}
+
+/// The plane of a pole as DegreePair.
+std::string DegreesOfPlaneOfPole(const AxisLine& pole) {
+    double dip = 0;
+    double dipDirection = 0;
+    PoleOfPlane(pole.plunge, pole.trend, dip, dipDirection);
+    return DegreePair(dip, dipDirection);
+}
+
+std::string NoDirectionText() {
+    return FormatNumber(kNoDirection, "0");
+}
+
+std::string MeanText(const PlotRecord& record) {
+    return HasMeanDirection(record) ? TextOfLine(static_cast<double>(record.FabricValueA),
+                                                 static_cast<double>(record.FabricValueB))
+                                    : NoDirectionText();
+}
+
+std::string MeanLines(const PlotRecord& record) {
+    const AxisLine principal = FabricAxis(record, 3);
+    const AxisLine least = FabricAxis(record, 1);
+    const double length = record.RoseResultant[0];
+    const char* const what = record.DataKind == kPolarLines ? "Mean Principal Direction = "
+                                                            : "Mean Principal Orientation = ";
+    return Line(what + TextOfLine(principal.plunge, principal.trend))
+           + Line("Mean Resultant dir'n = " + MeanText(record))
+           + Line("Mean Resultant length = ", length, kFixed)
+           + Line("         (Variance = ", 1 - length, kFixed, ")")
+           + Line("Calculated. girdle: " + TextOfPlaneOfPole(least.plunge, least.trend))
+           + Line("Calculated beta axis: " + TextOfLine(least.plunge, least.trend));
+}
+
+std::string GirdleLines(const PlotRecord& record) {
+    std::string lines;
+    for (std::size_t item = 1; item <= kLastUserGirdle; ++item) {
+        const auto& values = record.AxisItems[item];
+        if (NumberOf(values[0]) != 0) {
+            const double plunge = NumberOf(values[2]);
+            const double trend = NumberOf(values[3]);
+            lines += Line("Girdle" + std::to_string(item) + ": " + TextOfPlaneOfPole(plunge, trend)
+                          + " [axis: " + TextOfLine(plunge, trend) + "]");
+        }
+    }
+    return lines;
+}
+
+std::string AppendedLines(const PlotRecord& record) {
+    if (record.HasAppendedNumeric == 0) {
+        return {};
+    }
+    const auto appended = AppendedStatisticsOfActivePlot();
+    if (!appended) {
+        return {};
+    }
+    return Line("Min.Appended value: ", appended->least, "0.####")
+           + Line("Max.Appended value: ", appended->greatest, "0.####")
+           + Line("Mean Appended value: ", appended->mean, "0.####")
+           + Line("StdDev. of Appended values: ", appended->standardDeviation, "0.##");
+}
+
+struct Range {
+    double least = 0;
+    double greatest = 0;
+};
+
+/// The least and the greatest value of a layer of the class grid, nodes without one apart.
+std::optional<Range> RangeOfGrid(const GridValues& grid, std::size_t layer, int gridSize) {
+    std::optional<Range> range;
+    const auto nodes = static_cast<std::size_t>(std::clamp(gridSize + 3, 0, kGridNodes));
+    for (std::size_t i = 0; i < nodes; ++i) {
+        for (std::size_t j = 0; j < nodes; ++j) {
+            const double value = grid[layer][i][j];
+            if (value == kUnsetValue) {
+                continue;
+            }
+            range = range ? Range{std::min(range->least, value), std::max(range->greatest, value)}
+                          : Range{value, value};
+        }
+    }
+    return range;
+}
+
+std::string GridLines(const PlotRecord& record) {
+    const auto slot = static_cast<std::size_t>(gActivePlot);
+    if (slot >= gGridCount.size() || gGridCount[slot] == 0 || !gGridValues[slot]) {
+        return {};
+    }
+    const auto means = RangeOfGrid(*gGridValues[slot], 0, record.GridSize);
+    const auto sums = RangeOfGrid(*gGridValues[slot], 1, record.GridSize);
+    std::string lines = Line("______________");
+    if (means) {
+        lines += Line("Min. mean grid value: ", means->least, "0.#")
+                 + Line("Max. mean grid value: ", means->greatest, "0.#");
+    }
+    if (sums) {
+        lines += Line("Min. cumulative grid value: ", sums->least, "0.#")
+                 + Line("Max. cumulative grid value: ", sums->greatest, "0.#");
+    }
+    return lines;
+}
+
+std::string StandardErrorLines(const PlotRecord& record) {
+    if (record.FabricValueC == kNotSymmetric) {
+        return Line("(non-symmetric distribution)") + kLineEnd;
+    }
+    const double cone = RadToDeg(ArcSin(kConeFactor * record.FabricValueC));
+    return Line("Spherical standard error: ", record.FabricValueC, kThreeDecimals)
+           + Line("95% conf. cone semi-angle: ", cone, kFixed, "°") + kLineEnd;
+}
+
+std::string PrincipalLines(const PlotRecord& record) {
+    const AxisLine principal = FabricAxis(record, 3);
+    return Line("Principal Eigenvector: " + DegreePair(principal.plunge, principal.trend))
+           + Line("(i.e. normal to plane dipping: " + DegreesOfPlaneOfPole(principal) + ")")
+           + StandardErrorLines(record);
+}
+
+std::string ResultantLines(const PlotRecord& record) {
+    const std::string mean = HasMeanDirection(record)
+                                 ? DegreePair(static_cast<double>(record.FabricValueB),
+                                              static_cast<double>(record.FabricValueA))
+                                 : NoDirectionText();
+    const double length = record.RoseResultant[0];
+    return Line("Mean Direction:  " + mean) + Line("Mean Resultant = ", length, kThreeDecimals)
+           + Line("('Variance' = ", 1 - length, kThreeDecimals, ")")
+           + Line("E2-E3 (girdle) plane: " + DegreesOfPlaneOfPole(FabricAxis(record, 1)))
+           + kLineEnd;
+}
+
+/// A row for each axis: its components, n E, and E in brackets.
+std::string EigenvectorLines(const PlotRecord& record) {
+    double count = 0;
+    for (const DistinctLine& line : DistinctLinesOfActivePlot()) {
+        count += line.rows;
+    }
+    std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
+    for (std::size_t axis = 1; axis <= 3; ++axis) {
+        for (std::size_t component = 1; component <= 3; ++component) {
+            const auto value = static_cast<double>(record.FabricResults[component][axis]);
+            lines += FormatNumber(value, "#0.000") + "\t";
+        }
+        const auto eigenvalue = static_cast<double>(record.FabricResults[axis][0]);
+        lines += FormatNumber(count * eigenvalue, "##0.000") + " ("
+                 + FormatNumber(eigenvalue, kThreeDecimals) + ")" + kLineEnd;
+    }
+    return lines;
+}
+
+std::string ShapeLines(const PlotRecord& record) {
+    const auto& results = record.EigenResults;
+    const auto ratio = [&results](std::size_t row) {
+        return FormatNumber(static_cast<double>(results[row][kLogRatio]), kFixed);
+    };
+    return Line("Shape parameter, gamma = ", static_cast<double>(results[1][kShapeNumber]), kFixed)
+           + Line("Strength parameter, zeta   = ", static_cast<double>(results[2][kShapeNumber]),
+                  kFixed)
+           + Line("Eigenvalue log ratios:") + Line("(E2/E1\t|    E3/E2)")
+           + Line(ratio(1) + " \t|      " + ratio(2));
+}
+
+} // namespace
+
+std::optional<AppendedStatistics> AppendedStatisticsOfActivePlot() {
+    const std::span<const float> numbers = gAppNumeric.Rows(gActivePlot);
+    const std::span<const std::int32_t> dips = gDataDip.Rows(gActivePlot);
+    const std::size_t rows = std::min(
+        {numbers.size(), dips.size(), static_cast<std::size_t>(ActiveRecord().NumData) + 1});
+    AppendedStatistics result;
+    double count = 0;
+    double squares = 0;
+    for (std::size_t row = 1; row < rows; ++row) {
+        if (dips[row] == kErrorRow || numbers[row] == kInvalidNumber) {
+            continue;
+        }
+        // The sums run along with the mean, so that large numbers close to each other keep theirs
+        // (B. P. Welford 1962, Technometrics 4, 419-420).
+        const auto number = static_cast<double>(numbers[row]);
+        count += 1;
+        const double step = number - result.mean;
+        result.mean += step / count;
+        squares += step * (number - result.mean);
+        result.least = count == 1 ? number : std::min(result.least, number);
+        result.greatest = count == 1 ? number : std::max(result.greatest, number);
+    }
+    if (count == 0) {
+        return std::nullopt;
+    }
+    result.standardDeviation = count > 1 ? std::sqrt(squares / (count - 1)) : 0;
+    return result;
+}
+
+std::string StatsBoxText() {
+    const PlotRecord& record = ActiveRecord();
+    if (!HasStereoStatistics(record)) {
+        return NumberLine(record);
+    }
+    return NumberLine(record) + MeanLines(record) + GirdleLines(record) + kLineEnd
+           + AppendedLines(record) + GridLines(record);
+}
+
+std::string FabricBoxText() {
+    const PlotRecord& record = ActiveRecord();
+    if (!HasStereoStatistics(record)) {
+        return {};
+    }
+    return PrincipalLines(record) + ResultantLines(record) + EigenvectorLines(record)
+           + ShapeLines(record);
+}
+
+void WriteStatsBox() {
+    FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, StatsBoxText());
+}
+
+void WriteFabricBox() {
+    FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, FabricBoxText());
+}
+
+} // namespace quandrel

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// The two texts of the statistics beside a stereo plot. Lines end in CR LF. Orientations are in the
+// notation in force in the normal text, in degrees with two decimals in the advanced one; results
+// that could not be worked out are written as they stand (99999).
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <optional>
+#include <string>
+
+namespace quandrel {
+
+/// The end of a line.
+inline constexpr const char* kLineEnd = "\r\n";
+
+/// The appended numbers of the main rows of gActivePlot that are no error rows.
+struct AppendedStatistics {
+    double least = 0;
+    double greatest = 0;
+    double mean = 0;
+    double standardDeviation = 0; ///< of a sample: over n - 1; 0 for a single number
+};
+
+/// @return nothing when there is no valid number. O(rows).
+[[nodiscard]] std::optional<AppendedStatistics> AppendedStatisticsOfActivePlot();
+
+/// The normal text of gActivePlot: means, girdles, appended numbers, gridded values. Only the
+/// number of data without rows, and for a rose.
+[[nodiscard]] std::string StatsBoxText();
+
+/// The advanced text: principal axis, means, eigenvectors, shape. Empty without rows, and for a
+/// rose.
+[[nodiscard]] std::string FabricBoxText();
+
+/// Writes StatsBoxText into the plot's window.
+void WriteStatsBox();
+
+/// Writes FabricBoxText into the plot's window.
+void WriteFabricBox();
+
+} // namespace quandrel

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/contours.h"
+#include "density/grid_geometry.h"
+#include "stereo/draw_target.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+
+namespace quandrel {
+namespace {
+
+using Kind = DrawOperation::Kind;
+
+class Contours : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        BuildStyleTables();
+        BuildContourStyles();
+        gShowIsolatedPts = 0;
+        NewPlot();
+    }
+
+    /// Rows, and a grid with a hill of counts: 0 to `most` from its foot 600 units from the centre
+    /// to its top.
+    static void MakeHill(int rows, int most) {
+        for (int row = 0; row < rows; ++row) {
+            AddRow(row % 90, 4 * row % 360);
+        }
+        PlotRecord& record = ActiveRecord();
+        record.GridSize = 50;
+        record.DensityGrid = std::make_unique<Table<std::int16_t, kGridNodes, kGridNodes>>();
+        const int step = GridStep(50);
+        for (int i = 0; i < GridNodes(50); ++i) {
+            for (int j = 0; j < GridNodes(50); ++j) {
+                const double r = std::hypot(NodePosition(i, step), NodePosition(j, step));
+                (*record.DensityGrid)[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] =
+                    static_cast<std::int16_t>(std::max(0.0, std::round(most * (1 - r / 600))));
+            }
+        }
+        record.GridDensityMax = static_cast<float>(100.0 * most / rows);
+    }
+
+    static const RecordingSurface& Net() { return Form(gActivePlot).Plot(); }
+
+    static std::vector<DrawOperation> Trace() {
+        PlotSurface().Clear(kWhite);
+        TraceContours();
+        return DrawnOn(Net());
+    }
+};
+
+TEST_F(Contours, AreFoundAtTheDoublingLevelsOfTheGrid) {
+    MakeHill(60, 12); // up to 20%
+    Trace();
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.NumContours, 4);
+    EXPECT_EQ(record.ContourLevels, (std::array<std::int16_t, 9>{2, 4, 8, 16}));
+}
+
+TEST_F(Contours, StandWhereTheGridHasTheirDensity) {
+    MakeHill(200, 100); // up to 50%, whole counts are half per cents
+    Trace();
+    const auto contours = ContoursOfActivePlot();
+    ASSERT_EQ(contours.size(), 6U);
+    for (const LevelContour& contour : contours) {
+        ASSERT_FALSE(contour.segments.empty());
+        for (const ContourSegment& segment : contour.segments) {
+            const double density = 50 * (1 - std::hypot(segment.from.x, segment.from.y) / 600);
+            EXPECT_NEAR(density, contour.level, 0.9); // half a count of rounding, and a cell
+        }
+    }
+}
+
+TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
+    MakeHill(60, 12);
+    gContourStyleTable[1] = {7, kDashedLine, 3};
+    const auto drawn = Trace();
+    ASSERT_EQ(drawn.size(), 4U) << "a closed line a level";
+    const auto contours = ContoursOfActivePlot();
+    for (std::size_t k = 0; k < drawn.size(); ++k) {
+        EXPECT_EQ(drawn[k].kind, Kind::Polyline);
+        EXPECT_EQ(drawn[k].colour, TableColour(gContourStyleTable[k][0]));
+        EXPECT_EQ(drawn[k].state.drawStyle, gContourStyleTable[k][1]);
+        EXPECT_EQ(drawn[k].state.drawWidth, gContourStyleTable[k][2]);
+        EXPECT_EQ(drawn[k].points.size(), contours[k].segments.size() + 1);
+        EXPECT_EQ(drawn[k].points.front(), drawn[k].points.back());
+    }
+}
+
+TEST_F(Contours, LeaveTheSurfaceAsItWas) {
+    MakeHill(60, 12);
+    gContourStyleTable[3] = {7, kDottedLine, 4};
+    const DrawState before = PlotSurface().State();
+    Trace();
+    EXPECT_EQ(PlotSurface().State(), before);
+}
+
+TEST_F(Contours, AreTheSameInTwoDrawings) {
+    MakeHill(60, 12);
+    const auto first = Trace();
+    const auto second = Trace();
+    ASSERT_EQ(first.size(), second.size());
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        EXPECT_EQ(first[i].points, second[i].points);
+    }
+}
+
+TEST_F(Contours, NeedALevelWithinTheGrid) {
+    MakeHill(60, 1); // one row of 60 is less than the first level, 2%
+    EXPECT_TRUE(Trace().empty());
+    EXPECT_EQ(ActiveRecord().NumContours, 0);
+}
+
+TEST_F(Contours, NeedRows) {
+    MakeHill(60, 12);
+    ClearRowTable(TableOf(gActivePlot));
+    EXPECT_TRUE(Trace().empty());
+    EXPECT_EQ(ActiveRecord().NumContours, 0);
+}
+
+TEST_F(Contours, NeedAGrid) {
+    MakeHill(60, 12);
+    ActiveRecord().DensityGrid.reset();
+    EXPECT_TRUE(Trace().empty());
+    MakeHill(60, 12);
+    for (const int gridSize : {0, -5, 151}) {
+        ActiveRecord().GridSize = static_cast<std::int16_t>(gridSize);
+        EXPECT_TRUE(Trace().empty()) << gridSize;
+    }
+}
+
+TEST_F(Contours, CountTheRowsOfTheTableAndNotTheFaultsBehindThem) {
+    MakeHill(60, 12);
+    ActiveRecord().NumValidData = 30; // two axes a fault
+    Trace();
+    EXPECT_EQ(ActiveRecord().ContourLevels[0], 2) << "100 / 60 rounded up, not 100 / 30";
+    AddRow(kErrorRow, kErrorRow);
+    Trace();
+    EXPECT_EQ(ActiveRecord().ContourLevels[0], 2);
+}
+
+TEST_F(Contours, EndOnThePrimitive) {
+    MakeHill(60, 12);
+    for (auto& column : *ActiveRecord().DensityGrid) {
+        for (std::size_t j = 0; j < column.size(); ++j) {
+            column[j] = static_cast<std::int16_t>(j / 5);
+        }
+    }
+    ActiveRecord().GridDensityMax = 17;
+    const auto drawn = Trace();
+    ASSERT_EQ(drawn.size(), 4U);
+    for (const DrawOperation& line : drawn) {
+        EXPECT_NEAR(std::hypot(line.points.front().x, line.points.front().y), 1000, 1e-9);
+        EXPECT_NEAR(std::hypot(line.points.back().x, line.points.back().y), 1000, 1e-9);
+    }
+}
+
+TEST_F(Contours, BeyondTheSixthLevelTakeTheLastStyle) {
+    EXPECT_EQ(ContourStyleOf(5, ContourStyleSource::Levels), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(6, ContourStyleSource::Levels), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(8, ContourStyleSource::Levels), gContourStyleTable[5]);
+}
+
+TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {
+    for (std::size_t i = 0; i < gContourStyleTable.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            EXPECT_NE(gContourStyleTable[i][0], gContourStyleTable[j][0]);
+        }
+    }
+}
+
+TEST_F(Contours, OfClassesTakeTheColoursOfTheClasses) {
+    MakeHill(60, 12);
+    PlotSurface().Clear(kWhite);
+    TraceContoursClassified();
+    const auto classified = DrawnOn(Net());
+    const auto plain = Trace();
+    ASSERT_EQ(classified.size(), plain.size());
+    for (std::size_t k = 0; k < plain.size(); ++k) {
+        EXPECT_EQ(classified[k].points, plain[k].points);
+        EXPECT_EQ(classified[k].colour, TableColour(gSymbolTable[39 + k][kPlaceColour]));
+        EXPECT_EQ(classified[k].state.drawStyle, kSolidLine);
+    }
+}
+
+TEST_F(Contours, ShowIsolatedRowsOnDemand) {
+    MakeHill(60, 12);
+    for (int row = 1; row <= 60; ++row) {
+        gPointDensity.At(gActivePlot, row) = row == 7 || row == 9 ? 1 : 3;
+    }
+    AddRow(kErrorRow, kErrorRow);
+    AddOverlay(kOverlayPoles, 10, 10, CodeOfStyleRow(3));
+    gPointDensity.At(gActivePlot, 61) = 1;
+    gPointDensity.At(gActivePlot, 62) = 1;
+    EXPECT_EQ(Trace().size(), 4U);
+    gShowIsolatedPts = 1;
+    const auto drawn = Trace();
+    ASSERT_EQ(drawn.size(), 5U);
+    const RowTable& table = TableOf(gActivePlot);
+    EXPECT_EQ(drawn[4].kind, Kind::Markers);
+    EXPECT_EQ(drawn[4].colour, TableColour(gSymbolTable[kFirstBandSymbol][kPlaceColour]));
+    const auto at = [&table](std::size_t place) {
+        return Point{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
+    };
+    EXPECT_EQ(drawn[4].points, (std::vector<Point>{at(6), at(8)}));
+}
+
+TEST_F(Contours, HideIsolatedRowsWithoutASymbol) {
+    MakeHill(60, 1);
+    gShowIsolatedPts = 1;
+    gPointDensity.At(gActivePlot, 7) = 1;
+    ASSERT_EQ(Trace().size(), 1U) << "isolated rows need no contours";
+    gDataSymbol.At(gActivePlot, 7) = MakeSymbolCode(5, 0, 2);
+    EXPECT_TRUE(Trace().empty());
+}
+
+TEST_F(Contours, OfAQuickStepLeaveTheStatusLineAlone) {
+    MakeHill(60, 12);
+    status.SetText("as it was");
+    Trace();
+    EXPECT_EQ(status.Text(), "as it was");
+    EXPECT_FALSE(status.ProgressIsShown());
+}
+
+} // namespace
+} // namespace quandrel

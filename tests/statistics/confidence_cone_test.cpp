@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "orientation/angles.h"
+#include "statistics/confidence_cone.h"
+#include "statistics/fabric_statistics.h"
+#include "stereo/plot_driver.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+
+namespace quandrel {
+namespace {
+
+class ConfidenceCone : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kLines;
+        NewPlot();
+    }
+
+    std::size_t LinesDrawn() {
+        Form(gActivePlot).PlotSurface().Clear(kWhite);
+        const std::size_t before = DrawnOn(Form(gActivePlot).Plot()).size();
+        DrawConfidenceCone();
+        return DrawnOn(Form(gActivePlot).Plot()).size() - before;
+    }
+};
+
+TEST_F(ConfidenceCone, ItsAngleIsThatOfTheStandardError) {
+    PlotRecord& record = ActiveRecord();
+    record.NumValidData = 40;
+    record.FabricValueC = 0.1;
+    ASSERT_TRUE(ConfidenceConeAngle(record));
+    // sin q = sqrt(-ln 0.05) x 0.1, the root rounded to three places
+    EXPECT_NEAR(std::sin(*ConfidenceConeAngle(record)), std::sqrt(-std::log(0.05)) * 0.1, 1e-4);
+}
+
+TEST_F(ConfidenceCone, ThereIsNoneWithoutSymmetryErrorOrRows) {
+    PlotRecord& record = ActiveRecord();
+    record.NumValidData = 40;
+    for (const double none : {-1.0, 0.0, 0.6, 99999.0}) {
+        record.FabricValueC = none;
+        EXPECT_FALSE(ConfidenceConeAngle(record)) << none;
+    }
+    record.FabricValueC = 0.1;
+    record.NumValidData = 1;
+    EXPECT_FALSE(ConfidenceConeAngle(record));
+}
+
+TEST_F(ConfidenceCone, IsDrawnWhenItIsAskedFor) {
+    for (int i = 0; i < 12; ++i) {
+        AddRow(60, i * 30); // a ring about the vertical
+    }
+    ComputeFabricStatistics();
+    ASSERT_TRUE(ConfidenceConeAngle(ActiveRecord()));
+    EXPECT_EQ(LinesDrawn(), 0U);
+    ActiveRecord().ShowConfidenceCone = true;
+    EXPECT_EQ(LinesDrawn(), 1U) << "the axis is vertical, so the cone is one closed line";
+    ActiveRecord().FabricValueC = -1;
+    EXPECT_EQ(LinesDrawn(), 0U);
+}
+
+} // namespace
+} // namespace quandrel

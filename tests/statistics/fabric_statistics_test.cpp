@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "orientation/angles.h"
+#include "orientation/vectors.h"
+#include "statistics/fabric_kernels.h"
+#include "statistics/fabric_statistics.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "stereo/row_positions.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
+
+namespace quandrel {
+namespace {
+
+using testing::Radians;
+
+constexpr unsigned kSeed = 77;
+constexpr double kTolerance = 1e-6;
+
+struct Orientation {
+    int plunge;
+    int trend;
+};
+
+using Rows = std::vector<Orientation>;
+
+class FabricStatistics : public EngineTest {
+protected:
+    void TearDown() override {
+        gPlotStages = {};
+        EngineTest::TearDown();
+    }
+
+    /// A new plot with these rows and its statistics.
+    const PlotRecord& StatisticsOf(std::int16_t kind, const Rows& rows) {
+        gPrimaryDataType = kind == kPlanes ? kPrimaryPlane : kPrimaryLine;
+        gPlotDataKind = kind;
+        MakeStoreTables();
+        NewPlot();
+        for (const Orientation& row : rows) {
+            AddRow(row.plunge, row.trend);
+        }
+        ComputeFabricStatistics();
+        return ActiveRecord();
+    }
+
+    static double Eigenvalue(const PlotRecord& record, std::size_t i) {
+        return static_cast<double>(record.FabricResults[i][0]);
+    }
+
+    static void ExpectEigenvalues(const PlotRecord& record, double e1, double e2, double e3) {
+        EXPECT_NEAR(Eigenvalue(record, 1), e1, kTolerance);
+        EXPECT_NEAR(Eigenvalue(record, 2), e2, kTolerance);
+        EXPECT_NEAR(Eigenvalue(record, 3), e3, kTolerance);
+    }
+
+    /// The axis must be the line; plunge and trend in degrees.
+    static void ExpectAxis(const PlotRecord& record, std::size_t axis, double plunge,
+                           double trend) {
+        const AxisLine found = FabricAxis(record, axis);
+        EXPECT_LT(testing::AcuteAngleOf(testing::LineVector(found.plunge, found.trend),
+                                        testing::LineVector(Radians(plunge), Radians(trend))),
+                  kTolerance)
+            << axis;
+        EXPECT_GE(found.plunge, 0);
+    }
+};
+
+/// Rows about a line, a girdle, or anywhere.
+Rows RandomRows(std::mt19937& random, int count, int spread) {
+    Rows rows;
+    for (int i = 0; i < count; ++i) {
+        const int plunge = 20 + static_cast<int>(random() % static_cast<unsigned>(spread));
+        const int trend = static_cast<int>(random() % static_cast<unsigned>(4 * spread));
+        rows.push_back({plunge, trend});
+    }
+    return rows;
+}
+
+/// All numbers that the statistics leave in the record.
+std::vector<double> ResultsOf(const PlotRecord& record) {
+    std::vector<double> results;
+    for (std::size_t i = 1; i <= 3; ++i) {
+        for (std::size_t j = 0; j <= 3; ++j) {
+            results.push_back(static_cast<double>(record.FabricResults[i][j]));
+            results.push_back(static_cast<double>(record.EigenResults[i][j]));
+        }
+    }
+    for (const float value : {record.FabricValueA, record.FabricValueB, record.FabricValueD,
+                              record.FabricValueE, record.FabricValueF}) {
+        results.push_back(static_cast<double>(value));
+    }
+    results.push_back(record.FabricValueC);
+    results.push_back(record.RoseResultant[0]);
+    return results;
+}
+
+void ExpectEqualResults(const std::vector<double>& left, const std::vector<double>& right) {
+    ASSERT_EQ(left.size(), right.size());
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        EXPECT_NEAR(left[i], right[i], kTolerance) << i;
+    }
+}
+
+// Done by hand: (60/000), (60/180), (90/000), (00/090) have the tensor diag(1/8, 1/4, 5/8).
+const Rows kFourLines = {{60, 0}, {60, 180}, {90, 0}, {0, 90}};
+
+TEST_F(FabricStatistics, FourLinesAsDoneByHand) {
+    const PlotRecord& record = StatisticsOf(kLines, kFourLines);
+    ExpectEigenvalues(record, 0.125, 0.25, 0.625);
+    ExpectAxis(record, 1, 0, 0);
+    ExpectAxis(record, 2, 0, 90);
+    ExpectAxis(record, 3, 90, 0);
+    EXPECT_NEAR(record.EigenResults[1][kShapeNumber], std::log(2.5) / std::log(2.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[2][kShapeNumber], std::log(5.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[1][kLogRatio], std::log(2.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[2][kLogRatio], std::log(2.5), 1e-5);
+    // m4 = (2 (3/4)^2 + 1) / 4 = 17/32, and the standard error follows.
+    EXPECT_NEAR(record.FabricValueC, std::sqrt((0.625 - 0.53125) / 4) / 0.375, kTolerance);
+    // The resultant is (0, 1, 1 + sqrt 3).
+    const double down = 1 + std::numbers::sqrt3;
+    EXPECT_NEAR(record.FabricValueA, std::atan(down), kTolerance);
+    EXPECT_NEAR(record.FabricValueB, std::numbers::pi / 2, kTolerance);
+    EXPECT_EQ(record.FabricValueD, record.FabricValueA);
+    EXPECT_EQ(record.FabricValueE, record.FabricValueB);
+    EXPECT_NEAR(record.RoseResultant[0], std::hypot(1, down) / 4, kTolerance);
+    EXPECT_NEAR(record.FabricValueF, 1 - std::hypot(1, down) / 4, kTolerance);
+}
+
+TEST_F(FabricStatistics, EigenvectorsStandInColumns) {
+    const PlotRecord& record = StatisticsOf(kLines, {{30, 120}, {30, 120}, {30, 120}});
+    const testing::Vector axis = testing::LineVector(Radians(30), Radians(120));
+    EXPECT_NEAR(record.FabricResults[1][3], axis.north, kTolerance);
+    EXPECT_NEAR(record.FabricResults[2][3], axis.east, kTolerance);
+    EXPECT_NEAR(record.FabricResults[3][3], axis.down, kTolerance);
+}
+
+TEST_F(FabricStatistics, OneRowIsAllInOneAxis) {
+    const PlotRecord& record = StatisticsOf(kLines, {{37, 222}});
+    ExpectEigenvalues(record, 0, 0, 1);
+    ExpectAxis(record, 3, 37, 222);
+    EXPECT_EQ(record.EigenResults[1][kShapeNumber], 99999.0F);
+    EXPECT_EQ(record.EigenResults[2][kShapeNumber], 99999.0F);
+    EXPECT_EQ(record.FabricValueC, 99999.0);
+    EXPECT_NEAR(record.FabricValueF, 0, kTolerance);
+}
+
+TEST_F(FabricStatistics, RowsInOnePlaneHaveItAsGirdle) {
+    // All in the plane that dips 40 toward 075, by their pitches.
+    Rows rows;
+    for (const int trend : {0, 20, 45, 75, 100, 140}) {
+        const double plunge = std::atan(std::tan(Radians(40)) * std::cos(Radians(trend - 75))) * 180
+                              / std::numbers::pi;
+        rows.push_back({static_cast<int>(std::lround(plunge)), trend});
+    }
+    const PlotRecord& record = StatisticsOf(kLines, rows);
+    // Whole degrees leave a little out of the plane.
+    EXPECT_LT(Eigenvalue(record, 1), 1e-4);
+    EXPECT_NEAR(NumberOf(record.AxisItems[10][2]), Radians(50), 0.01);
+    EXPECT_NEAR(NumberOf(record.AxisItems[10][3]), Radians(255), 0.01);
+}
+
+TEST_F(FabricStatistics, RowsInOneVerticalPlaneHaveNoShape) {
+    const PlotRecord& record = StatisticsOf(kLines, {{10, 30}, {40, 30}, {70, 210}, {5, 30}});
+    EXPECT_NEAR(Eigenvalue(record, 1), 0, kTolerance);
+    EXPECT_EQ(record.EigenResults[1][kLogRatio], 99999.0F);
+    EXPECT_EQ(record.EigenResults[2][kShapeNumber], 99999.0F);
+    EXPECT_LT(record.EigenResults[2][kLogRatio], 99999.0F);
+    ExpectAxis(record, 1, 0, 120);
+}
+
+TEST_F(FabricStatistics, TwoRowsAtARightAngleShareTheirEigenvalue) {
+    const PlotRecord& record = StatisticsOf(kLines, {{30, 40}, {60, 220}});
+    ExpectEigenvalues(record, 0, 0.5, 0.5);
+    ExpectAxis(record, 1, 0, 130);
+    EXPECT_EQ(record.FabricValueC, 99999.0);
+}
+
+TEST_F(FabricStatistics, PlanesCountByTheirPoles) {
+    const PlotRecord& record = StatisticsOf(kPlanes, {{30, 120}, {30, 120}});
+    ExpectAxis(record, 3, 60, 300);
+    EXPECT_NEAR(record.FabricValueA, Radians(60), kTolerance);
+    EXPECT_NEAR(record.FabricValueB, Radians(300), kTolerance);
+}
+
+TEST_F(FabricStatistics, ErrorRowsTakeNoPart) {
+    const std::vector<double> expected = ResultsOf(StatisticsOf(kLines, kFourLines));
+    Rows rows = kFourLines;
+    rows.insert(rows.begin() + 1, {kErrorRow, 0});
+    rows.push_back({kErrorRow, 17});
+    ExpectEqualResults(ResultsOf(StatisticsOf(kLines, rows)), expected);
+}
+
+TEST_F(FabricStatistics, RowsSummedDecideTheNumberOfRows) {
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kPolarLines;
+    NewPlot();
+    for (const Orientation& row : kFourLines) {
+        AddRow(row.plunge, row.trend);
+    }
+    // A plot of P and T axes counts its faults, two rows each.
+    ActiveRecord().AxesTitle = "P & T";
+    ActiveRecord().NumValidData = 2;
+    ComputeFabricStatistics();
+    ExpectEigenvalues(ActiveRecord(), 0.125, 0.25, 0.625);
+    EXPECT_NEAR(ActiveRecord().RoseResultant[0], std::hypot(1, 1 + std::numbers::sqrt3) / 4,
+                kTolerance);
+}
+
+TEST_F(FabricStatistics, WithoutAValidRowTheOldResultsStay) {
+    StatisticsOf(kLines, kFourLines);
+    PlotRecord& record = ActiveRecord();
+    const std::vector<double> expected = ResultsOf(record);
+    for (std::size_t place = 0; place < 4; ++place) {
+        SetRow(TableOf(gActivePlot), place,
+               {static_cast<std::int32_t>(place) + 1, 0, 0, kErrorRow, 0});
+    }
+    record.NumValidData = 0;
+    ComputeFabricStatistics();
+    ComputeFabricDerived();
+    ExpectEqualResults(ResultsOf(record), expected);
+}
+
+TEST_F(FabricStatistics, OverlaysTakeNoPart) {
+    const std::vector<double> expected = ResultsOf(StatisticsOf(kLines, kFourLines));
+    StatisticsOf(kLines, kFourLines);
+    AddOverlay(kOverlayLines, 10, 200, CodeOfStyleRow(2));
+    ComputeFabricStatistics();
+    ExpectEqualResults(ResultsOf(ActiveRecord()), expected);
+}
+
+TEST_F(FabricStatistics, APlotWithOverlaysKeepsThemWhenItIsDrawn) {
+    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
+    StatisticsOf(kLines, kFourLines);
+    const std::vector<double> expected = ResultsOf(ActiveRecord());
+    AddOverlay(kOverlayLines, 10, 200, CodeOfStyleRow(2));
+    ReplotActivePlot(true);
+    ReplotActivePlot(false);
+    ExpectEqualResults(ResultsOf(ActiveRecord()), expected);
+}
+
+// Polar lines.
+
+TEST_F(FabricStatistics, PolarLinesHaveADirectedMean) {
+    // Up and down by 30 toward north cancel in the vertical: the mean is horizontal.
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 0}, {-30, 0}});
+    EXPECT_NEAR(record.FabricValueA, 0, kTolerance);
+    EXPECT_NEAR(std::cos(static_cast<double>(record.FabricValueB)), 1, kTolerance);
+    EXPECT_NEAR(record.RoseResultant[0], std::cos(Radians(30)), kTolerance);
+    EXPECT_NEAR(record.FabricValueF, 1 - std::cos(Radians(30)), kTolerance);
+    // As axes the two are one line.
+    EXPECT_NEAR(record.FabricValueD, Radians(30), kTolerance);
+    ExpectEigenvalues(record, 0, 0, 1);
+}
+
+TEST_F(FabricStatistics, AnUpwardMeanPointsTowardItsTrend) {
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{-30, 120}, {-30, 120}});
+    EXPECT_NEAR(record.FabricValueA, Radians(-30), kTolerance);
+    EXPECT_NEAR(record.FabricValueB, Radians(120), kTolerance);
+    EXPECT_NEAR(record.FabricValueF, 0, kTolerance);
+}
+
+TEST_F(FabricStatistics, OpposedDirectionsHaveNoMeanDirection) {
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 10}, {-30, 190}, {0, 90}, {0, 270}});
+    EXPECT_FALSE(HasMeanDirection(record));
+    EXPECT_EQ(record.FabricValueA, 9999.0F);
+    EXPECT_EQ(record.FabricValueB, 9999.0F);
+    EXPECT_EQ(record.FabricValueF, 1.0F);
+    EXPECT_TRUE(IsEmpty(record.AxisItems[0][3]));
+}
+
+TEST_F(FabricStatistics, AxialMeansOfLinesIgnoreTheSense) {
+    const PlotRecord& record = StatisticsOf(kLines, {{-30, 120}, {30, 120}});
+    EXPECT_NEAR(record.FabricValueA, Radians(30), kTolerance);
+    EXPECT_NEAR(record.FabricValueB, Radians(120), kTolerance);
+    EXPECT_NEAR(record.FabricValueF, 0, kTolerance);
+}
+
+// Properties.
+
+TEST_F(FabricStatistics, TheOrderOfTheRowsDoesNotMatter) {
+    std::mt19937 random(kSeed);
+    for (const int spread : {3, 15, 65}) {
+        Rows rows = RandomRows(random, 200, spread);
+        const std::vector<double> expected = ResultsOf(StatisticsOf(kPolarLines, rows));
+        for (int i = 0; i < 5; ++i) {
+            std::shuffle(rows.begin(), rows.end(), random);
+            ExpectEqualResults(ResultsOf(StatisticsOf(kPolarLines, rows)), expected);
+        }
+    }
+}
+
+TEST_F(FabricStatistics, AntipodesChangeNoAxialResult) {
+    std::mt19937 random(kSeed);
+    for (const int spread : {3, 15, 65}) {
+        Rows rows = RandomRows(random, 200, spread);
+        const std::vector<double> expected = ResultsOf(StatisticsOf(kLines, rows));
+        for (Orientation& row : rows) {
+            row.plunge = -row.plunge;
+        }
+        ExpectEqualResults(ResultsOf(StatisticsOf(kLines, rows)), expected);
+    }
+}
+
+TEST_F(FabricStatistics, ARowTwiceCountsTwice) {
+    Rows rows = kFourLines;
+    rows.insert(rows.end(), kFourLines.begin(), kFourLines.end());
+    const PlotRecord& record = StatisticsOf(kLines, rows);
+    ExpectEigenvalues(record, 0.125, 0.25, 0.625);
+    EXPECT_NEAR(record.FabricValueC, std::sqrt((0.625 - 0.53125) / 8) / 0.375, kTolerance);
+}
+
+TEST_F(FabricStatistics, AnUnsymmetricDistributionIsMarked) {
+    // Tensor diag(0, 1/3, 2/3), m4 = 2/3: the statistic is 2 n / 9, and the limit lies at 5.99.
+    Rows rows;
+    for (int i = 0; i < 8; ++i) {
+        rows.insert(rows.end(), {{90, 0}, {90, 0}, {0, 90}});
+    }
+    EXPECT_EQ(StatisticsOf(kLines, rows).FabricValueC, 0); // 5.3
+    rows.insert(rows.end(), {{90, 0}, {90, 0}, {0, 90}});
+    EXPECT_EQ(StatisticsOf(kLines, rows).FabricValueC, kNotSymmetric);
+}
+
+TEST_F(FabricStatistics, DerivedValuesFollowFromTheRecord) {
+    StatisticsOf(kLines, kFourLines);
+    const std::vector<double> expected = ResultsOf(ActiveRecord());
+    PlotRecord& record = ActiveRecord();
+    record.FabricValueC = 0;
+    record.EigenResults[1][kShapeNumber] = 0;
+    record.EigenResults[2][kShapeNumber] = 0;
+    ComputeFabricDerived();
+    ExpectEqualResults(ResultsOf(record), expected);
+}
+
+// Rows of the girdle panel.
+
+TEST_F(FabricStatistics, AxisItemsHoldPlanesPolesAndTexts) {
+    const PlotRecord& record = StatisticsOf(kLines, kFourLines);
+    EXPECT_NEAR(NumberOf(record.AxisItems[0][2]), std::atan(1 + std::numbers::sqrt3), kTolerance);
+    EXPECT_NEAR(NumberOf(record.AxisItems[0][3]), std::numbers::pi / 2, kTolerance);
+    EXPECT_NEAR(NumberOf(record.AxisItems[9][2]), std::numbers::pi / 2, kTolerance);
+    EXPECT_EQ(TextOf(record.AxisItems[9][1]), "0/180");
+    EXPECT_NEAR(NumberOf(record.AxisItems[10][2]), 0, kTolerance);
+    EXPECT_EQ(TextOf(record.AxisItems[10][1]), "90/180");
+}
+
+TEST_F(FabricStatistics, AxisItemsAreWrittenInTheNotationInForce) {
+    gConventions = kStrikeDipSense;
+    const PlotRecord& record = StatisticsOf(kLines, {{60, 210}, {60, 210}});
+    EXPECT_EQ(TextOf(record.AxisItems[9][1]), "300/30N"); // 30/030: strike 300, to the north
+}
+
+TEST_F(FabricStatistics, TheUserDecidesWhichAxisItemsAreShown) {
+    StatisticsOf(kLines, kFourLines);
+    PlotRecord& record = ActiveRecord();
+    record.AxisItems[0][0] = true;
+    record.AxisItems[9][0] = false;
+    record.AxisItems[10][0] = true;
+    record.AxisItems[10][4] = std::int16_t{13};
+    ComputeFabricStatistics();
+    EXPECT_NE(NumberOf(record.AxisItems[0][0]), 0);
+    EXPECT_EQ(NumberOf(record.AxisItems[9][0]), 0);
+    EXPECT_NE(NumberOf(record.AxisItems[10][0]), 0);
+    EXPECT_EQ(NumberOf(record.AxisItems[10][4]), 13);
+}
+
+TEST_F(FabricStatistics, RowTenHasATextOnlyFromTheStatistics) {
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    NewPlot();
+    ComputeFabricStatistics();
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[10][1]), "");
+    AddRow(30, 40);
+    ComputeFabricStatistics();
+    EXPECT_NE(TextOf(ActiveRecord().AxisItems[10][1]), "");
+}
+
+} // namespace
+} // namespace quandrel
