@@ -17,6 +17,7 @@
 #include "platform/qt/plot_picture.h"
 #include "platform/recording_form.h"
 #include "program/start.h"
+#include "statistics/reference_statistics.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"
@@ -112,6 +113,16 @@ std::string RefusalOf(const std::string& field, const std::string& value) {
     return {};
 }
 
+/// The statistics of a kind as they stand.
+std::string StatisticsText(const std::string& kind) {
+    if (kind == "reference") {
+        const std::optional<ReferenceStatistics> reference = ReferenceStatisticsOfActivePlot();
+        return reference ? ReferenceText(ReferenceEntries(*reference, ActiveRecord())) : "";
+    }
+    const PlotForm& form = FormOf(gActivePlot);
+    return form.BoxText(kind == "advanced" ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+}
+
 } // namespace
 
 BatchSession::BatchSession(std::ostream& out, std::ostream& log)
@@ -162,6 +173,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
         {"format", {&BatchSession::Format, its}},
         {"get", {&BatchSession::Get, one}},
+        {"griddensity", {&BatchSession::GridDensity, one}},
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},
@@ -408,12 +420,10 @@ std::string BatchSession::Stats(const Command& command) {
         return error;
     }
     const std::string kind = command.Bare(0).value_or("normal");
-    if (kind != "normal" && kind != "advanced") {
-        return "'" + kind + "' is none of normal, advanced";
+    if (kind != "normal" && kind != "advanced" && kind != "reference") {
+        return "'" + kind + "' is none of normal, advanced, reference";
     }
-    const bool advanced = kind == "advanced";
-    const PlotForm& form = FormOf(gActivePlot);
-    const std::string text = form.BoxText(advanced ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+    const std::string text = StatisticsText(kind);
     if (const auto load = gPlotLoads.find(gActivePlot);
         load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
         out_ << LoadText(load->second) << '\n';
@@ -424,15 +434,26 @@ std::string BatchSession::Stats(const Command& command) {
 }
 
 std::string BatchSession::Symbols(const Command& command) {
-    const std::optional<int> button = WholeArgument(command.Bare(0), 0, 2);
+    const std::optional<int> button = WholeArgument(command.Bare(0), 0, kLastModeButton);
     if (!button) {
         return "'" + command.Words()
-               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections";
+               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections, 3 point "
+                 "density, 4 gridded density, 5 contours, 6 contours and gridded density";
     }
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
     }
     SetPlotSymbol(*button);
+    return {};
+}
+
+std::string BatchSession::GridDensity(const Command& command) {
+    const std::optional<int> value = WholeArgument(command.Bare(0), kCoarsestGrid, kFinestGrid);
+    if (!value) {
+        return "'" + command.Words() + "' is no grid density from 10 to 150";
+    }
+    MoveGridSlider(*value);
+    ReleaseGridSlider();
     return {};
 }
 

@@ -66,6 +66,7 @@ private:
     std::string Set(const Command& command);
     std::string Stats(const Command& command);
     std::string Symbols(const Command& command);
+    std::string GridDensity(const Command& command);
 
     std::ostream& out_;
     std::ostream& log_;

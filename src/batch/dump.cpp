@@ -4,11 +4,16 @@
 
 #include "batch/field_access.h"
 #include "core/plot_store.h"
+#include "density/contours.h"
+#include "density/grid_geometry.h"
 #include "input/load_report.h"
+#include "statistics/reference_statistics.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 
 #include <nlohmann/json.hpp>
+
+#include <optional>
 
 namespace quandrel {
 
@@ -88,6 +93,58 @@ Json LegendJson() {
     return lines;
 }
 
+Json DensityGridJson(const PlotRecord& record) {
+    const int nodes = GridNodes(record.GridSize);
+    const int step = GridStep(record.GridSize);
+    Json counts = Json::array();
+    for (int i = 0; i < nodes; ++i) {
+        const auto& column = (*record.DensityGrid)[static_cast<std::size_t>(i)];
+        counts.push_back(std::vector<std::int16_t>(column.begin(), column.begin() + nodes));
+    }
+    return {{"size", record.GridSize},
+            {"step", step},
+            {"first", NodePosition(0, step)},
+            {"counts", counts}};
+}
+
+Json ContoursJson() {
+    Json levels = Json::array();
+    Json segments = Json::array();
+    for (const LevelContour& contour : ContoursOfActivePlot()) {
+        levels.push_back(contour.level);
+        for (const ContourSegment& segment : contour.segments) {
+            segments.push_back(
+                {contour.level, segment.from.x, segment.from.y, segment.to.x, segment.to.y});
+        }
+    }
+    return {{"levels", levels}, {"segments", segments}};
+}
+
+Json ReferenceJson(const ReferenceStatistics& reference) {
+    Json json = Json::object();
+    for (const ReferenceEntry& entry : ReferenceEntries(reference, ActiveRecord())) {
+        json[std::string(entry.name)] = entry.value;
+    }
+    return json;
+}
+
+/// Densities, contours and statistics of a stereo plot, as far as they were worked out.
+void AddResults(Json& json) {
+    const PlotRecord& record = ActiveRecord();
+    const PlotForm& form = FormOf(gActivePlot);
+    if (record.DensityGrid != nullptr && record.GridSize > 0) {
+        json["densityGrid"] = DensityGridJson(record);
+    }
+    if (record.PlotSymbolMode == kContours || record.PlotSymbolMode == kContoursAndGrid) {
+        json["contours"] = ContoursJson();
+    }
+    json["statsNormal"] = form.BoxText(PlotBox::StatsNormal);
+    json["statsAdvanced"] = form.BoxText(PlotBox::StatsAdvanced);
+    if (const std::optional<ReferenceStatistics> reference = ReferenceStatisticsOfActivePlot()) {
+        json["statsReference"] = ReferenceJson(*reference);
+    }
+}
+
 Json PromptsJson(const ScriptedPrompts& prompts) {
     Json boxes = Json::array();
     for (const ShownBox& box : prompts.Shown()) {
@@ -118,6 +175,9 @@ Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
     const auto load = gPlotLoads.find(gActivePlot);
     if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
         json["load"] = LoadJson(load->second);
+    }
+    if (ActiveRecord().PlotKind != kRose) {
+        AddResults(json);
     }
     json["legend"] = LegendJson();
     json["prompts"] = PromptsJson(prompts);

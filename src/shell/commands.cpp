@@ -131,6 +131,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuViewLegends_8", "Show Rose Mean.Dev. &Arc", "Show 95% confidence arc for mean direction",
      "rose_arc", kNone, Kind::OnOff},
     {"mnuViewAnnotations", "Show Ann&otations", kNone, "annotations", kNone},
+    {"mnuViewConfidence", "S&how 95% confidence cone",
+     "Draw the 95% confidence cone of the principal axis", "small_circle", kNone, Kind::OnOff},
     {"mnuViewAdvStats", "Use Advanced Statistics Box", kNone, "advanced_stats", kNone},
     {"mnuViewClassification", "&Classification", "Toggle the stereo classification dialog",
      "classify", kNone, Kind::OnOff},

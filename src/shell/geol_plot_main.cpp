@@ -402,6 +402,7 @@ void GeolPlotMain::UpdateToolbar() {
     }
     set("mnuPlotSecondary", state.secondary[0]);
     set("mnuPlotAnnotation", state.annotations);
+    set("mnuViewConfidence", state.confidenceCone);
     for (const CommandNeed& need : kCommandNeeds) {
         commands_->Enable(need.command, state.*need.condition);
     }

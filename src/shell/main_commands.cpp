@@ -150,6 +150,10 @@ void GeolPlotMain::ConnectViewCommands() {
     }
     commands_->Connect("mnuViewAdvStats",
                        [] { UseAdvancedStatistics(ActiveRecord().StatsBoxKind == 0); });
+    commands_->Connect("mnuViewConfidence", [] {
+        ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
+        ReplotActivePlot(false);
+    });
     commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });

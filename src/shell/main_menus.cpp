@@ -130,6 +130,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          "mnuViewLegends_8",
          "mnuViewAnnotations",
          kGap,
+         "mnuViewConfidence",
          "mnuViewAdvStats",
          "mnuViewClassification",
          kGap,

@@ -16,8 +16,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kLastModeButton = 6;
-
 std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     if (kind == kPolarLines && ShowsPlaneData(record)) {
         return "You are trying to plot polar lines with plane data\nContinue anyway?";

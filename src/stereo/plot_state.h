@@ -20,6 +20,8 @@ bool ChangeDataKind(std::int16_t kind);
 /// As ChangeDataKind, without the question.
 void SetDataType(std::int16_t kind);
 
+inline constexpr int kLastModeButton = 6;
+
 /// Presses symbol button 0 to 6: great circles, points, beta intersections, point density, gridded
 /// density, contours, contours and grid. In a plot with overlays the first two act on the top
 /// overlay and the others do nothing.

@@ -125,7 +125,7 @@ TEST_F(Batch, WordsThatACommandDoesNotKnowAreRefusedByName) {
         {"replot x", "'x' is a word too many"},
         {"recalculate now=yes",
          "'now=yes' is no argument of the command; words with '=' stand in quotes"},
-        {"stats foo", "'foo' is none of normal, advanced"},
+        {"stats foo", "'foo' is none of normal, advanced, reference"},
         {"stats normal advanced", "'advanced' is a word too many"},
         {"save a.txt b.txt", "'b.txt' is a word too many"},
         {"dump a.json b.json", "'b.json' is a word too many"},
@@ -356,6 +356,41 @@ TEST_F(Batch, AllExamplesDrawInBothNets) {
         EXPECT_EQ(Run(command + "\nplot equalangle\nexport \"FOLDER/p.png\" size=200\n"), "")
             << command;
     }
+}
+
+TEST_F(Batch, DensitiesAndStatisticsAreInTheDump) {
+    std::string cluster;
+    for (int i = 0; i < 20; ++i) {
+        cluster += std::to_string(30 + i % 3) + "\t120\n";
+    }
+    Write("cluster.txt", cluster);
+    const nlohmann::json json = Dump("open \"FOLDER/cluster.txt\"; griddensity 35; symbols 5");
+    EXPECT_EQ(json["densityGrid"]["size"], 30) << "the slider snaps down to tens";
+    EXPECT_EQ(json["densityGrid"]["step"], 66);
+    EXPECT_EQ(json["densityGrid"]["first"], -1066);
+    EXPECT_EQ(json["densityGrid"]["counts"].size(), 33U);
+    EXPECT_EQ(json["contours"]["levels"], (std::vector<int>{5, 10, 20, 40, 80}))
+        << "one of twenty is five per cent";
+    EXPECT_FALSE(json["contours"]["segments"].empty());
+    EXPECT_NE(json["statsNormal"].get<std::string>().find("No. of Data = 20"), std::string::npos);
+    EXPECT_NE(json["statsAdvanced"].get<std::string>().find("Shape parameter, gamma"),
+              std::string::npos);
+    const double sum = json["statsReference"]["eigenvalue 1"].get<double>()
+                       + json["statsReference"]["eigenvalue 2"].get<double>()
+                       + json["statsReference"]["eigenvalue 3"].get<double>();
+    EXPECT_NEAR(sum, 1, 1e-12);
+}
+
+TEST_F(Batch, AGridDensityOutsideTheSliderIsRefused) {
+    EXPECT_NE(Run("open \"FOLDER/planes.txt\"; griddensity 5"), "");
+    EXPECT_NE(Run("open \"FOLDER/planes.txt\"; griddensity 151"), "");
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; griddensity 150"), "");
+}
+
+TEST_F(Batch, TheReferenceIsPrintedInFull) {
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; stats reference"), "");
+    EXPECT_NE(out.str().find("n = 3\n"), std::string::npos) << out.str();
+    EXPECT_NE(out.str().find("eigenvalue 3 = 0."), std::string::npos);
 }
 
 } // namespace

@@ -59,6 +59,7 @@ std::vector<std::string> WrappedLines(const Surface& surface, const std::string&
     std::vector<std::string> lines;
     std::istringstream paragraphs(text);
     for (std::string paragraph; std::getline(paragraphs, paragraph);) {
+        std::erase(paragraph, '\r');
         std::string line;
         std::istringstream words(surface.TextWidth(paragraph) > width ? paragraph : "");
         for (std::string word; words >> word;) {
