@@ -99,7 +99,7 @@ Json DensityGridJson(const PlotRecord& record) {
     Json counts = Json::array();
     for (int i = 0; i < nodes; ++i) {
         const auto& column = (*record.DensityGrid)[static_cast<std::size_t>(i)];
-        counts.push_back(std::vector<std::int16_t>(column.begin(), column.begin() + nodes));
+        counts.push_back(std::vector<std::int32_t>(column.begin(), column.begin() + nodes));
     }
     return {{"size", record.GridSize},
             {"step", step},

@@ -105,7 +105,7 @@ struct PlotRecord {
     float PointDensityMax = 0;
     float GridDensityMax = 0;
     std::int16_t GridSize = 0;
-    std::unique_ptr<Table<std::int16_t, kGridNodes, kGridNodes>> DensityGrid; ///< made on first use
+    std::unique_ptr<Table<std::int32_t, kGridNodes, kGridNodes>> DensityGrid; ///< made on first use
     std::array<std::int16_t, 9> ContourLevels{};
     std::int16_t NumContours = 0;
     Table<float, 4, 4> EigenResults{};

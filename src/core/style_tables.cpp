@@ -10,6 +10,7 @@ namespace quandrel {
 std::array<std::uint32_t, kColourCount> gColourTable{};
 std::array<SymbolRow, kSymbolRowCount> gSymbolTable{};
 std::array<AxisStyle, 5> gAxisStyleTable{};
+std::array<AxisStyle, kContourStyles> gContourStyleTable{};
 
 namespace {
 
@@ -53,12 +54,23 @@ constexpr std::array<AxisStyle, 5> kStartAxisStyles = {{
     {20, 0, 1} // small circles
 }};
 
+// Each level has the colour of the band symbols that it encloses, the sixth one more.
+constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
+    {18, kSolidLine, 1},
+    {15, kSolidLine, 1},
+    {10, kSolidLine, 1},
+    {8, kSolidLine, 1},
+    {6, kSolidLine, 1},
+    {24, kSolidLine, 1},
+}};
+
 } // namespace
 
 void BuildStyleTables() {
     gColourTable = kStartColours;
     gSymbolTable = kStartSymbols;
     gAxisStyleTable = kStartAxisStyles;
+    gContourStyleTable = kStartContourStyles;
 }
 
 Colour TableColour(int index) {

@@ -36,6 +36,11 @@ inline constexpr int kFirstOverlaySymbol = 2;
 inline constexpr int kOverlaySymbols = 7;
 inline constexpr int kFirstBandSymbol = 10;
 inline constexpr int kLastBandSymbol = 15;
+inline constexpr int kRoseStyle = 16;           ///< wedges of a rose: colour and fill style
+inline constexpr int kRoseBackgroundStyle = 17; ///< its blank parts; in the symbol's place the
+                                                ///< colour of outlines
+inline constexpr int kFirstRoseClassStyle = 24; ///< fills of the classes of a rose
+inline constexpr int kOverlaidRoseStyle = 38;   ///< fill of overlaid rose i is row 38 - i
 inline constexpr int kDerivedSymbol = 19;
 inline constexpr int kDerivedUpSymbol = 20;
 
@@ -53,6 +58,12 @@ enum AxisStyleRow : int {
 };
 
 extern std::array<AxisStyle, 5> gAxisStyleTable;
+
+inline constexpr int kContourStyles = 6;
+
+/// Styles of density contours, by level: colour index, draw style, draw width. Levels beyond take
+/// the last.
+extern std::array<AxisStyle, kContourStyles> gContourStyleTable;
 
 /// Fills the tables with what the program starts with.
 void BuildStyleTables();

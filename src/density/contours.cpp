@@ -21,16 +21,6 @@ namespace {
 
 constexpr int kFirstClassSymbol = 39;
 
-// Each level has the colour of the band symbols that it encloses, the sixth one more.
-constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
-    {18, kSolidLine, 1},
-    {15, kSolidLine, 1},
-    {10, kSolidLine, 1},
-    {8, kSolidLine, 1},
-    {6, kSolidLine, 1},
-    {24, kSolidLine, 1},
-}};
-
 /// Densities of the nodes of a plot's grid, per cent.
 std::vector<double> DensitiesOfGrid(const PlotRecord& record, int nodes, std::int32_t rows) {
     std::vector<double> densities;
@@ -90,12 +80,6 @@ void DrawContours(ContourStyleSource source) {
 }
 
 } // namespace
-
-std::array<AxisStyle, kContourStyles> gContourStyleTable = kStartContourStyles;
-
-void BuildContourStyles() {
-    gContourStyleTable = kStartContourStyles;
-}
 
 AxisStyle ContourStyleOf(int level, ContourStyleSource source) {
     if (source == ContourStyleSource::Classes) {

@@ -13,14 +13,6 @@
 
 namespace quandrel {
 
-inline constexpr int kContourStyles = 6;
-
-/// Styles of contours, by level: colour index, draw style, draw width. Levels beyond take the last.
-extern std::array<AxisStyle, kContourStyles> gContourStyleTable;
-
-/// Gives the contours the styles that the program starts with.
-void BuildContourStyles();
-
 /// Where contours take their styles from.
 enum class ContourStyleSource {
     Levels,  ///< gContourStyleTable

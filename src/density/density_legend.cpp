@@ -103,7 +103,7 @@ void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record,
     for (int k = 0; k < record.NumContours; ++k) {
         const AxisStyle style = ContourStyleOf(k, source);
         const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
-        lines.push_back({LegendSample::GreatCircle, MakeSymbolCode(style[0], style[1], style[2]),
+        lines.push_back({LegendSample::Line, MakeSymbolCode(style[0], style[1], style[2]),
                          BoundText(level, k == 0)});
     }
 }

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <type_traits>
 #include <vector>
 
@@ -27,13 +26,6 @@ constexpr const char* kDrawingText = " Please wait - plotting grid densities";
 constexpr int kSquaredRim = 1000000;
 
 using DensityTable = std::remove_reference_t<decltype(*PlotRecord::DensityGrid)>;
-using GridCount = DensityTable::value_type::value_type;
-
-/// A count as the table holds it; one too large for a cell is the cell's largest.
-GridCount CellOf(std::int32_t count) {
-    constexpr std::int32_t kMost = std::numeric_limits<GridCount>::max();
-    return static_cast<GridCount>(std::min(count, kMost));
-}
 
 /// The emptied table of a plot, made on first use.
 DensityTable& EmptyGrid(PlotRecord& record) {
@@ -57,8 +49,7 @@ std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows) {
     for (int column = 0; column < nodes; ++column) {
         step.Reach(column * nodes);
         CountGridColumn(rows, record.PlotKind, gridSize, column, counts);
-        std::transform(counts.begin(), counts.end(), grid[static_cast<std::size_t>(column)].begin(),
-                       CellOf);
+        std::copy(counts.begin(), counts.end(), grid[static_cast<std::size_t>(column)].begin());
         greatest = std::max(greatest, *std::max_element(counts.begin(), counts.end()));
     }
     return greatest;

@@ -20,16 +20,16 @@ struct KnownLines {
 
 KnownLines known;
 
-/// The nearest whole number; there are no halves here.
-int Nearest(double value) {
-    return static_cast<int>(value < 0 ? value - 0.5 : value + 0.5);
-}
+/// Degrees lifted above 0, so that cutting their half more rounds them without looking at a sign.
+constexpr double kLift = 90;
 
 } // namespace
 
 int LineKey(double plunge, double trend) {
     constexpr double kDegrees = 180 / kPi;
-    return LineKeyOfDegrees(Nearest(plunge * kDegrees), Nearest(trend * kDegrees));
+    const auto lifted = static_cast<int>(plunge * kDegrees + (kLift + 0.5));
+    return LineKeyOfDegrees(lifted - static_cast<int>(kLift),
+                            static_cast<int>(trend * kDegrees + 0.5));
 }
 
 std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t lastIndex) {

@@ -13,6 +13,9 @@
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
+#include <iterator>
 
 namespace quandrel {
 
@@ -133,6 +136,13 @@ void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
     }
 }
 
+void AddStage(std::vector<LegendLine>& lines,
+              const std::function<std::vector<LegendLine>()>& stage) {
+    if (stage) {
+        std::ranges::move(stage(), std::back_inserter(lines));
+    }
+}
+
 /// The text, cut with a mark so that it is no wider than asked for.
 std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
     if (surface.TextWidth(text) <= width) {
@@ -179,15 +189,55 @@ LegendLayout LayOut(Surface& box) {
     return layout;
 }
 
+void DrawLineSample(Surface& box, SymbolCode code, double left, double right, double middle) {
+    const SavedState saved(box);
+    DrawState state = box.State();
+    state.drawStyle = CodeSymbol(code);
+    state.drawWidth = CodeSize(code);
+    box.SetState(state);
+    box.Line({left, middle}, {right, middle}, TableColour(CodeColour(code)));
+}
+
+void DrawPatch(Surface& box, SymbolCode code, double left, double right, double middle,
+               double halfHeight) {
+    const SavedState saved(box);
+    DrawState state = box.State();
+    state.fillStyle = CodeSymbol(code);
+    state.fillColour = TableColour(CodeColour(code));
+    box.SetState(state);
+    const double share = CodeSize(code) == 0 ? 1 : CodeSize(code) / 100.0;
+    const double centre = (left + right) / 2;
+    const double half = (right - left) / 2 * share;
+    const std::array<Point, 4> corners = {{{centre - half, middle + halfHeight},
+                                           {centre + half, middle + halfHeight},
+                                           {centre + half, middle - halfHeight},
+                                           {centre - half, middle - halfHeight}}};
+    box.Polygon(corners, TableColour(gSymbolTable[kRoseBackgroundStyle][kPlaceSymbol]));
+}
+
 void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
     const double middle = top - layout.lineHeight / 2;
     const double centre = layout.sampleWidth / 2.5;
-    if (line.sample == LegendSample::Symbol) {
+    const double left = 0.2 * centre;
+    const double right = 1.8 * centre;
+    switch (line.sample) {
+    case LegendSample::None:
+    case LegendSample::Indent:
+        return;
+    case LegendSample::Symbol: {
         const Point at{centre, middle};
         DrawSymbols(box, std::span(&at, 1), line.code);
-    } else if (line.sample == LegendSample::GreatCircle) {
-        box.Line({0.2 * centre, middle}, {1.8 * centre, middle},
-                 TableColour(CodeColour(line.code)));
+        return;
+    }
+    case LegendSample::GreatCircle:
+        box.Line({left, middle}, {right, middle}, TableColour(CodeColour(line.code)));
+        return;
+    case LegendSample::Line:
+        DrawLineSample(box, line.code, left, right, middle);
+        return;
+    case LegendSample::Patch:
+        DrawPatch(box, line.code, left, right, middle, 0.35 * layout.lineHeight);
+        return;
     }
 }
 
@@ -205,16 +255,15 @@ std::vector<LegendLine> LegendLines() {
     std::vector<LegendLine> lines;
     AddDataNames(lines, record);
     if (record.PlotKind == kRose) {
+        AddStage(lines, gPlotStages.roseLegend);
         return lines;
     }
-    if (record.NumValidData > 0) {
+    if (record.ClassMode > 0) {
+        AddStage(lines, gPlotStages.classLegend);
+    } else if (record.NumValidData > 0) {
         AddMainRows(lines, record);
     }
-    if (gPlotStages.bandLegend) {
-        for (LegendLine& line : gPlotStages.bandLegend()) {
-            lines.push_back(std::move(line));
-        }
-    }
+    AddStage(lines, gPlotStages.bandLegend);
     AddOverlays(lines, record);
     return lines;
 }

@@ -19,6 +19,9 @@ enum class LegendSample {
     Indent, ///< nothing, but the text stands below those with samples
     Symbol,
     GreatCircle,
+    Line,  ///< code: colour, draw style in the symbol's place, draw width in the size's
+    Patch, ///< code: colour, fill style in the symbol's place, width in per cent in the size's; 0
+           ///< is the full width
 };
 
 struct LegendLine {

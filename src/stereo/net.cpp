@@ -115,7 +115,8 @@ void DrawPlotBase() {
 void DrawPlotFurniture() {
     const PlotRecord& record = ActiveRecord();
     const auto& mean = record.AxisItems[0];
-    if (NumberOf(mean[0]) == 0 || record.PlotKind >= kRose || record.OverlayRows[0] > 0) {
+    if (NumberOf(mean[0]) == 0 || IsEmpty(mean[3]) || record.PlotKind >= kRose
+        || record.OverlayRows[0] > 0) {
         return;
     }
     Surface& surface = PlotSurface();

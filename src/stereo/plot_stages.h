@@ -27,6 +27,8 @@ struct PlotStages {
     std::function<void(bool recalculate)> drawRose;         ///< the whole of a rose
     std::function<double(std::int32_t row)> slipArrowAngle; ///< azimuth of a row's arrow, radians
     std::function<std::vector<LegendLine>()> bandLegend;    ///< density bands and contours
+    std::function<std::vector<LegendLine>()> classLegend;   ///< classes of a classified plot
+    std::function<std::vector<LegendLine>()> roseLegend;    ///< kind, classes and bias of a rose
 };
 
 extern PlotStages gPlotStages;

@@ -18,7 +18,6 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         BuildStyleTables();
-        BuildContourStyles();
         gShowIsolatedPts = 0;
         NewPlot();
     }
@@ -31,13 +30,13 @@ protected:
         }
         PlotRecord& record = ActiveRecord();
         record.GridSize = 50;
-        record.DensityGrid = std::make_unique<Table<std::int16_t, kGridNodes, kGridNodes>>();
+        record.DensityGrid = std::make_unique<Table<std::int32_t, kGridNodes, kGridNodes>>();
         const int step = GridStep(50);
         for (int i = 0; i < GridNodes(50); ++i) {
             for (int j = 0; j < GridNodes(50); ++j) {
                 const double r = std::hypot(NodePosition(i, step), NodePosition(j, step));
                 (*record.DensityGrid)[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] =
-                    static_cast<std::int16_t>(std::max(0.0, std::round(most * (1 - r / 600))));
+                    static_cast<std::int32_t>(std::max(0.0, std::round(most * (1 - r / 600))));
             }
         }
         record.GridDensityMax = static_cast<float>(100.0 * most / rows);

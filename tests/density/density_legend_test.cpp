@@ -19,7 +19,6 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         BuildStyleTables();
-        BuildContourStyles();
         gShowIsolatedPts = 0;
         NewPlot();
     }
@@ -113,7 +112,7 @@ TEST_F(DensityLegend, OfContoursHasALineForEachLevelInItsStyle) {
     EXPECT_EQ(Texts(), (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4%", " > 8%", "(Max. =9.00%)"}));
     const auto lines = BandLegendLines();
     EXPECT_EQ(lines[0].sample, LegendSample::Indent);
-    EXPECT_EQ(lines[2].sample, LegendSample::GreatCircle);
+    EXPECT_EQ(lines[2].sample, LegendSample::Line);
     EXPECT_EQ(lines[2].code, MakeSymbolCode(7, kDashedLine, 3));
     EXPECT_EQ(CodeColour(lines[3].code), gContourStyleTable[2][0]);
 }

@@ -115,9 +115,18 @@ TEST_F(Net, TheMeanArrowStandsAtTheTrueAzimuthInBothNets) {
     }
 }
 
+TEST_F(Net, WithoutAMeanDirectionThereIsNoMeanArrow) {
+    Draw(9);
+    ActiveRecord().AxisItems[0][0] = true;
+    ActiveRecord().AxisItems[0][3] = TaggedValue();
+    DrawPlotFurniture();
+    EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
+}
+
 TEST_F(Net, AnOverlayHidesTheMeanArrow) {
     Draw(9);
     ActiveRecord().AxisItems[0][0] = true;
+    ActiveRecord().AxisItems[0][3] = 1.0;
     ActiveRecord().OverlayRows[0] = 1;
     DrawPlotFurniture();
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);

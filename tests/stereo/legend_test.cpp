@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/settings.h"
+#include "stereo/legend.h"
+#include "stereo/plot_stages.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <algorithm>
+
+namespace quandrel {
+namespace {
+
+using Kind = DrawOperation::Kind;
+
+class Legend : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        NewPlot();
+        ActiveRecord().LayerVisible[kLegendLayer] = kTrue;
+    }
+
+    void TearDown() override {
+        gPlotStages = {};
+        EngineTest::TearDown();
+    }
+
+    /// What the legend draws for one line of the bands.
+    std::vector<DrawOperation> Drawn(const LegendLine& line, Kind kind) {
+        gPlotStages.bandLegend = [line] { return std::vector<LegendLine>{line}; };
+        DrawLegend();
+        std::vector<DrawOperation> found;
+        std::ranges::copy_if(
+            DrawnOn(Form(gActivePlot).Legend()), std::back_inserter(found),
+            [kind](const DrawOperation& operation) { return operation.kind == kind; });
+        return found;
+    }
+
+    static std::vector<std::string> Texts() {
+        std::vector<std::string> texts;
+        for (const LegendLine& line : LegendLines()) {
+            texts.push_back(line.text);
+        }
+        return texts;
+    }
+};
+
+TEST_F(Legend, ALineHasColourPatternAndWidthOfWhatItStandsFor) {
+    const auto lines =
+        Drawn({LegendSample::Line, MakeSymbolCode(7, kDashedLine, 3), "level"}, Kind::Line);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].colour, TableColour(7));
+    EXPECT_EQ(lines[0].state.drawStyle, kDashedLine);
+    EXPECT_EQ(lines[0].state.drawWidth, 3);
+    EXPECT_EQ(Form(gActivePlot).LegendSurface().State().drawStyle, kSolidLine) << "put back";
+}
+
+TEST_F(Legend, APatchHasFillAndShareOfTheWidthOfWhatItStandsFor) {
+    const auto full =
+        Drawn({LegendSample::Patch, MakeSymbolCode(15, kCrossHatch, 0), "all"}, Kind::Polygon);
+    const auto half =
+        Drawn({LegendSample::Patch, MakeSymbolCode(15, kCrossHatch, 50), "half"}, Kind::Polygon);
+    ASSERT_EQ(full.size(), 1U);
+    ASSERT_EQ(half.size(), 1U);
+    EXPECT_EQ(full[0].state.fillStyle, kCrossHatch);
+    EXPECT_EQ(full[0].state.fillColour, TableColour(15));
+    const auto width = [](const DrawOperation& patch) {
+        return patch.points[1].x - patch.points[0].x;
+    };
+    EXPECT_NEAR(width(half[0]), width(full[0]) / 2, 1e-9);
+}
+
+TEST_F(Legend, OfAClassifiedPlotListsClassesInThePlaceOfRows) {
+    AddRow(30, 120);
+    gPlotStages.classLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "C"}}; };
+    EXPECT_EQ(Texts().back(), "Poles to planes");
+    ActiveRecord().ClassMode = 1;
+    EXPECT_EQ(Texts().back(), "C");
+    EXPECT_EQ(Texts().size(), 2U);
+}
+
+TEST_F(Legend, OfARoseIsTheRosesOwn) {
+    AddRow(30, 120);
+    gPlotStages.roseLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "R"}}; };
+    gPlotStages.bandLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "B"}}; };
+    ActiveRecord().PlotKind = kRose;
+    EXPECT_EQ(Texts().back(), "R");
+    EXPECT_EQ(Texts().size(), 2U);
+}
+
+} // namespace
+} // namespace quandrel
