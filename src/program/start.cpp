@@ -30,23 +30,6 @@ constexpr int kStartBlank = 2;
 constexpr int kStartMapLink = 3;
 constexpr int kStartWorkspace = 6;
 
-/// Each stage of a drawing gets its procedure. A stage without one is passed over.
-void ConnectPlotStages() {
-    gPlotStages = {};
-    gPlotStages.computePointDensities = ComputePointDensities;
-    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
-    gPlotStages.computeGridDensity = ComputeGridDensity;
-    gPlotStages.drawGridSymbols = DrawGridSymbols;
-    gPlotStages.traceContours = TraceContours;
-    gPlotStages.traceContoursClassified = TraceContoursClassified;
-    gPlotStages.bandLegend = BandLegendLines;
-    gPlotStages.drawSmallCircles = DrawConfidenceCone;
-    gPlotStages.writeStatistics = [] {
-        WriteStatsBox();
-        WriteFabricBox();
-    };
-}
-
 bool OpenRecentFile(std::size_t number) {
     if (number < 1 || number > gRecentFiles.size()) {
         return false;
@@ -64,6 +47,22 @@ bool OpenRecentFile(std::size_t number) {
 }
 
 } // namespace
+
+void ConnectPlotStages() {
+    gPlotStages = {};
+    gPlotStages.computePointDensities = ComputePointDensities;
+    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
+    gPlotStages.computeGridDensity = ComputeGridDensity;
+    gPlotStages.drawGridSymbols = DrawGridSymbols;
+    gPlotStages.traceContours = TraceContours;
+    gPlotStages.traceContoursClassified = TraceContoursClassified;
+    gPlotStages.bandLegend = BandLegendLines;
+    gPlotStages.drawSmallCircles = DrawConfidenceCone;
+    gPlotStages.writeStatistics = [] {
+        WriteStatsBox();
+        WriteFabricBox();
+    };
+}
 
 void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;

@@ -13,6 +13,9 @@ namespace quandrel {
 /// what the plot driver calls in the folders above it. gPlatform must be set.
 void InitialiseApplication();
 
+/// Gives each stage of a drawing its procedure.
+void ConnectPlotStages();
+
 /// The path of an existing file among the arguments of the command line (without the program's
 /// name), which may have been cut at its blanks, or an empty text.
 [[nodiscard]] std::string GetCommandLineFile(const std::vector<std::string>& arguments);

@@ -11,6 +11,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
 #include <sstream>
 #include <vector>
 
@@ -31,29 +33,8 @@ struct PictureLayout {
     QRectF number;
 };
 
-PictureLayout LayOut(PicturePart part) {
-    constexpr double kSide = kPictureHeight;
-    constexpr double kColumn = 290;
-    constexpr double kMargin = 10;
-    constexpr double kLine = 24;
-    PictureLayout layout;
-    layout.net = QRectF(0, 0, kSide, kSide);
-    layout.size = QSizeF(kSide, kSide);
-    if (part == PicturePart::NetAlone) {
-        return layout;
-    }
-    layout.size.setWidth(kSide + kColumn);
-    const double left = kSide + kMargin;
-    const double width = kColumn - 2 * kMargin;
-    layout.legend = QRectF(left, 2 * kMargin, width, 300);
-    layout.description = QRectF(left, 330, width, 4 * kLine);
-    layout.statistics = QRectF(left, 330 + 4 * kLine, width, kSide - 340 - 4 * kLine);
-    layout.fabric = QRectF(kMargin, kMargin, 150, kLine);
-    layout.number = QRectF(kMargin, kSide - kMargin - kLine, 150, kLine);
-    return layout;
-}
-
-/// The lines of a text, broken at blanks so that each is as wide as asked for or a single word.
+/// The lines of a text, broken at blanks so that each is as wide as asked for or a single word. The
+/// rows of a table, which have tabs, stay whole.
 std::vector<std::string> WrappedLines(const Surface& surface, const std::string& text,
                                       double width) {
     std::vector<std::string> lines;
@@ -61,7 +42,9 @@ std::vector<std::string> WrappedLines(const Surface& surface, const std::string&
     for (std::string paragraph; std::getline(paragraphs, paragraph);) {
         std::erase(paragraph, '\r');
         std::string line;
-        std::istringstream words(surface.TextWidth(paragraph) > width ? paragraph : "");
+        const bool isTooWide =
+            paragraph.find('\t') == std::string::npos && surface.TextWidth(paragraph) > width;
+        std::istringstream words(isTooWide ? paragraph : "");
         for (std::string word; words >> word;) {
             if (!line.empty() && surface.TextWidth(line + " " + word) > width) {
                 lines.push_back(line);
@@ -74,23 +57,88 @@ std::vector<std::string> WrappedLines(const Surface& surface, const std::string&
     return lines;
 }
 
+DrawState StateOfFont(const PlotFont& font) {
+    DrawState state;
+    state.font = font.font;
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
+    return state;
+}
+
+/// A line at a height of its box, with tab stops for columns of numbers.
+void DrawTabbedLine(Surface& surface, double top, const std::string& line) {
+    const double tab = surface.TextWidth("-0.0000 ");
+    double left = 0;
+    std::istringstream cells(line);
+    for (std::string cell; std::getline(cells, cell, '\t');) {
+        surface.Text({left, top}, cell);
+        left = tab * (std::floor((left + surface.TextWidth(cell)) / tab) + 1);
+    }
+}
+
 /// Lines of text from the top of a box down; what does not fit is left out.
 void DrawTextBox(QPainter& painter, const QRectF& box, double factor, Medium medium,
                  const PlotFont& font, const std::string& text) {
     const QRectF area(box.topLeft() * factor, box.size() * factor);
     PainterSurface surface(painter, area, factor, medium);
-    DrawState state;
-    state.font = font.font;
-    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
-    surface.SetState(state);
+    surface.SetState(StateOfFont(font));
     double top = 0;
     for (const std::string& line : WrappedLines(surface, text, box.width())) {
         if (top + surface.TextHeight() > box.height()) {
             return;
         }
-        surface.Text({0, -top}, line);
+        DrawTabbedLine(surface, -top, line);
         top += surface.TextHeight();
     }
+}
+
+/// The statistics text that the plot shows; empty when it shows none.
+std::string StatisticsShown(const PlotRecord& record, const PlotForm& form) {
+    if (record.LayerVisible[kStatisticsLayer] == 0) {
+        return {};
+    }
+    return form.BoxText(record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+}
+
+/// Height of a text in a column of a width, logical pixels.
+double HeightOfText(const PlotFont& font, const std::string& text, double width) {
+    ImageSurface unseen({kUnseenSide, kUnseenSide}, 1, kWhite);
+    Surface& surface = unseen.Drawing();
+    surface.SetState(StateOfFont(font));
+    return static_cast<double>(WrappedLines(surface, text, width).size()) * surface.TextHeight();
+}
+
+/// Statistics stand at the foot of the column and take what they need, the description above them;
+/// the legend has the rest.
+PictureLayout LayOut(PicturePart part) {
+    constexpr double kSide = kPictureHeight;
+    constexpr double kColumn = 290;
+    constexpr double kMargin = 10;
+    constexpr double kLine = 24;
+    constexpr double kLeastLegend = 120;
+    PictureLayout layout;
+    layout.net = QRectF(0, 0, kSide, kSide);
+    layout.size = QSizeF(kSide, kSide);
+    if (part == PicturePart::NetAlone) {
+        return layout;
+    }
+    layout.size.setWidth(kSide + kColumn);
+    const PlotRecord& record = ActiveRecord();
+    const double left = kSide + kMargin;
+    const double width = kColumn - 2 * kMargin;
+    const bool isDescribed =
+        record.LayerVisible[kDescriptionLayer] != 0 && !record.DescriptionText.empty();
+    const double description = isDescribed ? 4 * kLine : 0;
+    const double room = kSide - 3 * kMargin - description - kLeastLegend;
+    const double needed =
+        HeightOfText(gPlotFonts[kStatsFont], StatisticsShown(record, FormOf(gActivePlot)), width);
+    const double statistics = std::min(needed + 1, room);
+    const double top = kSide - kMargin - statistics;
+    layout.statistics = QRectF(left, top, width, statistics);
+    layout.description = QRectF(left, top - description, width, description);
+    layout.legend = QRectF(left, 2 * kMargin, width, top - description - 3 * kMargin);
+    layout.fabric = QRectF(kMargin, kMargin, 150, kLine);
+    layout.number = QRectF(kMargin, kSide - kMargin - kLine, 150, kLine);
+    return layout;
 }
 
 /// Everything about the net: what the plot's window shows in its boxes.
@@ -109,11 +157,7 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     if (record.LayerVisible[kNumberLayer] != 0) {
         draw(layout.number, kGeneralFont, "n = " + NumberBoxText());
     }
-    if (record.LayerVisible[kStatisticsLayer] != 0) {
-        const PlotBox box =
-            record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal;
-        draw(layout.statistics, kStatsFont, form.BoxText(box));
-    }
+    draw(layout.statistics, kStatsFont, StatisticsShown(record, form));
 }
 
 /// Draws the whole picture with `factor` painter units to the logical pixel.
