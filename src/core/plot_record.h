@@ -106,6 +106,7 @@ struct PlotRecord {
     float GridDensityMax = 0;
     std::int16_t GridSize = 0;
     std::unique_ptr<Table<std::int32_t, kGridNodes, kGridNodes>> DensityGrid; ///< made on first use
+    bool DensityGridFromFile = false; ///< it was not counted here; files do not keep this
     std::array<std::int16_t, 9> ContourLevels{};
     std::int16_t NumContours = 0;
     Table<float, 4, 4> EigenResults{};
@@ -161,7 +162,7 @@ struct PlotRecord {
     std::vector<std::string> MainFiles; ///< paths of the files of the main rows, in their order
     std::array<std::vector<std::string>, kMaxOverlays + 1> OverlayFiles; ///< [k] paths of overlay k
     bool ShowConfidenceCone = false; ///< of the principal axis; files do not keep it
-    std::int64_t BetaCount = 0; ///< intersections in the last drawing of a beta plot
+    std::int64_t BetaCount = 0;      ///< intersections in the last drawing of a beta plot
     std::array<TaggedValue, 10> KinematicBlock;
     std::int16_t KinematicState = 0;
     std::int16_t MapInfoLinked = 0;

@@ -268,8 +268,7 @@ void ReleasePlotSlot(int slot) {
     ForEachColumn([slot](auto& column) { column.Release(slot); });
 }
 
-void SetNewFVariables(int slot) {
-    const int plot = slot == 0 ? gActivePlot : slot;
+PlotRecord NewPlotRecord() {
     PlotRecord record;
     record.AppNumName = gFileAppNumName;
     record.AppNonNumName = gFileAppNonNumName;
@@ -285,7 +284,12 @@ void SetNewFVariables(int slot) {
     SetDefaultRose(record);
     SetStandingSmallCircles(record);
     SetEmptyAxisItems(record);
-    RecordOf(plot) = std::move(record);
+    return record;
+}
+
+void SetNewFVariables(int slot) {
+    const int plot = slot == 0 ? gActivePlot : slot;
+    RecordOf(plot) = NewPlotRecord();
     ClearRowTable(TableOf(plot));
     gErrorLines[static_cast<std::size_t>(plot)].clear();
 }

@@ -33,7 +33,10 @@ extern std::deque<PlotRecord> gPlots;                    ///< slot 0 is never a 
 extern std::vector<std::unique_ptr<PlotForm>> gPlotForm; ///< empty where no window was made
 extern std::deque<RowTable> grdData;                     ///< the plotted rows of each slot
 
-/// Density grids of real values, [layer][row][column].
+/// Layers of gGridValues.
+enum GridLayer : std::size_t { kMeanLayer = 0, kCumulativeLayer = 1 };
+
+/// Grids of appended numbers over the net: mean and sum at each node, [layer][column][row].
 using GridValues = std::array<Table<double, kGridNodes, kGridNodes>, 2>;
 extern std::vector<std::unique_ptr<GridValues>> gGridValues; ///< made on first use
 extern std::vector<std::int16_t> gGridCount; ///< non-zero where gGridValues of the slot holds data
@@ -60,6 +63,7 @@ extern std::vector<std::int32_t> gSelectionRows;
 
 /// The layer that the mouse edits.
 enum LayerCode : std::int16_t { kAnnotationLayer = 1, kDataLayer = 2 };
+
 extern std::int16_t gActiveLayer; ///< LayerCode
 
 /// A set flag makes button events do nothing while a long loop runs.
@@ -112,6 +116,9 @@ void MakeStoreTables();
 
 /// Marks a slot free and takes its rows out of use. The rows' memory is given back.
 void ReleasePlotSlot(int slot);
+
+/// The record of an empty plot, by the settings of the moment.
+[[nodiscard]] PlotRecord NewPlotRecord();
 
 /// Gives a slot the values of an empty plot: every field of the record. An old number of the slot's
 /// settings is never inherited. `slot` 0 is gActivePlot.

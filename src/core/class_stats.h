@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+//
+// What the rows of ClassStats hold: figures of the classified number, and how its grids are shown.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <cstddef>
+#include <optional>
+
+namespace quandrel {
+
+/// Rows of ClassStats.
+enum ClassStatsRow : std::size_t {
+    kRawRange = 0,        ///< least and greatest value of the rows
+    kRawMean = 1,         ///< their mean and standard deviation
+    kMeansRange = 2,      ///< least and greatest node of the grid of means
+    kCumulativeRange = 3, ///< the same of the grid of sums
+    kGridChoice = 4,      ///< the grid shown, a ClassGridValue; and its background
+};
+
+/// Which grid of a plot that is classified by its appended numbers is shown.
+enum class ClassGridValue { Mean = 0, Cumulative = 1 };
+
+[[nodiscard]] inline ClassGridValue GridValueShown(const PlotRecord& record) {
+    return record.ClassStats[kGridChoice][0] == static_cast<double>(ClassGridValue::Cumulative)
+               ? ClassGridValue::Cumulative
+               : ClassGridValue::Mean;
+}
+
+/// The value of nodes without rows when the grid is contoured; nothing when they have none, so that
+/// contours end at them. 0 for a plot that was never classified.
+[[nodiscard]] inline std::optional<double> GridBackground(const PlotRecord& record) {
+    const double value = record.ClassStats[kGridChoice][1];
+    return value == kUnsetValue ? std::nullopt : std::optional(value);
+}
+
+} // namespace quandrel
