@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Contours of a density grid, all levels: tracing, joining, and drawing on 1000 pixels.
+// Contours of a density grid, all levels: tracing, joining, and drawing on 1000 pixels. Every
+// triangle of every cell traced, and each segment drawn for itself, is the yardstick.
 
 #include "core/plot_store.h"
 #include "core/settings.h"
@@ -29,7 +30,11 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
+#include <optional>
 #include <random>
+#include <vector>
 
 namespace quandrel {
 namespace {
@@ -97,6 +102,81 @@ void TellSegments(benchmark::State& state) {
     state.counters["levels"] = ActiveRecord().NumContours;
 }
 
+/// The segments of the four triangles of a cell, from its corners in turn.
+template <class Take>
+void TraceCell(const std::array<TriangleVertex, 4>& corners, Take take) {
+    TriangleVertex centre;
+    for (const TriangleVertex& corner : corners) {
+        centre.at.x += corner.at.x / 4;
+        centre.at.y += corner.at.y / 4;
+        centre.height += corner.height / 4;
+    }
+    for (std::size_t side = 0; side < 4; ++side) {
+        const auto segment = TriangleSegment({corners[side], centre, corners[(side + 1) % 4]});
+        const auto clipped = segment ? ClippedToPrimitive(*segment) : std::nullopt;
+        if (clipped) {
+            take(*clipped);
+        }
+    }
+}
+
+/// All levels of the active plot, without a look at a cell as a whole. Calls take(level number,
+/// segment).
+template <class Take>
+void TraceEveryTriangle(Take take) {
+    const PlotRecord& record = ActiveRecord();
+    const int nodes = GridNodes(record.GridSize);
+    const int step = GridStep(record.GridSize);
+    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
+    for (int k = 0; k < record.NumContours; ++k) {
+        const double level = record.ContourLevels[static_cast<std::size_t>(k)];
+        const auto vertex = [&](int i, int j) -> TriangleVertex {
+            const std::int32_t count =
+                (*record.DensityGrid)[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+            return {{static_cast<double>(NodePosition(i, step)),
+                     static_cast<double>(NodePosition(j, step))},
+                    100.0 * count / rows - level + JitterOfLevel(level)};
+        };
+        const auto takeOfLevel = [&](const ContourSegment& segment) { take(k, segment); };
+        for (int i = 1; i < nodes; ++i) {
+            for (int j = 1; j < nodes; ++j) {
+                TraceCell({vertex(i - 1, j - 1), vertex(i, j - 1), vertex(i, j), vertex(i - 1, j)},
+                          takeOfLevel);
+            }
+        }
+    }
+}
+
+using Clock = std::chrono::steady_clock;
+
+/// How many times longer one turn of the yardstick took than `fast` takes.
+template <class Fast>
+void TellRatio(benchmark::State& state, Clock::time_point start, Fast fast) {
+    constexpr int kRepeats = 20;
+    const auto end = Clock::now();
+    fast(); // warms up
+    const auto half = Clock::now();
+    for (int i = 0; i < kRepeats; ++i) {
+        fast();
+    }
+    const std::chrono::duration<double> slow = end - start;
+    const std::chrono::duration<double> quick = Clock::now() - half;
+    state.counters["ratio"] =
+        slow / static_cast<double>(state.iterations()) / (quick / static_cast<double>(kRepeats));
+}
+
+void TraceOneByOne(benchmark::State& state, Spread spread) {
+    const PlotWithGrid plot(state.range(0), spread);
+    const auto start = Clock::now();
+    for (auto _ : state) {
+        std::vector<ContourSegment> segments;
+        TraceEveryTriangle(
+            [&](int, const ContourSegment& segment) { segments.push_back(segment); });
+        benchmark::DoNotOptimize(segments.data());
+    }
+    TellRatio(state, start, [] { benchmark::DoNotOptimize(ContoursOfActivePlot()); });
+}
+
 void Trace(benchmark::State& state, Spread spread) {
     const PlotWithGrid plot(state.range(0), spread);
     for (auto _ : state) {
@@ -116,19 +196,48 @@ void TraceAndJoin(benchmark::State& state, Spread spread) {
 }
 
 #ifdef QUANDREL_WITH_QT
+/// Draws on 1000 pixels while it lives.
+class OnImage {
+public:
+    OnImage() {
+        image_.fill(Qt::white);
+        net_.SetUserScale(kPlotScale);
+    }
+
+    Surface& Net() { return net_; }
+
+private:
+    QImage image_{1000, 1000, QImage::Format_RGB32};
+    QPainter painter_{&image_};
+    PainterSurface net_{painter_, QRectF(0, 0, 1000, 1000), 1, Medium::Raster};
+    PainterSurface legend_{painter_, QRectF(0, 0, 200, 200), 1, Medium::Raster};
+    DrawElsewhere elsewhere_{net_, legend_};
+};
+
 void Draw(benchmark::State& state, Spread spread) {
     const PlotWithGrid plot(state.range(0), spread);
-    QImage image(1000, 1000, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    PainterSurface net(painter, QRectF(0, 0, 1000, 1000), 1, Medium::Raster);
-    net.SetUserScale(kPlotScale);
-    PainterSurface legend(painter, QRectF(0, 0, 200, 200), 1, Medium::Raster);
-    const DrawElsewhere elsewhere(net, legend);
+    const OnImage image;
     for (auto _ : state) {
         TraceContours();
     }
     TellSegments(state);
+}
+
+void DrawOneByOne(benchmark::State& state, Spread spread) {
+    const PlotWithGrid plot(state.range(0), spread);
+    OnImage image;
+    const auto start = Clock::now();
+    for (auto _ : state) {
+        TraceEveryTriangle([&](int level, const ContourSegment& segment) {
+            const AxisStyle style = ContourStyleOf(level);
+            DrawState drawing = image.Net().State();
+            drawing.drawStyle = style[1];
+            drawing.drawWidth = style[2];
+            image.Net().SetState(drawing);
+            image.Net().Line(segment.from, segment.to, TableColour(style[0]));
+        });
+    }
+    TellRatio(state, start, TraceContours);
 }
 #endif
 
@@ -138,11 +247,15 @@ void Sizes(benchmark::internal::Benchmark* bench) {
 
 BENCHMARK_CAPTURE(Trace, Anywhere, kAnywhere)->Apply(Sizes);
 BENCHMARK_CAPTURE(Trace, Clustered, kClustered)->Apply(Sizes);
+BENCHMARK_CAPTURE(TraceOneByOne, Anywhere, kAnywhere)->Apply(Sizes);
+BENCHMARK_CAPTURE(TraceOneByOne, Clustered, kClustered)->Apply(Sizes);
 BENCHMARK_CAPTURE(TraceAndJoin, Anywhere, kAnywhere)->Apply(Sizes);
 BENCHMARK_CAPTURE(TraceAndJoin, Clustered, kClustered)->Apply(Sizes);
 #ifdef QUANDREL_WITH_QT
 BENCHMARK_CAPTURE(Draw, Anywhere, kAnywhere)->Apply(Sizes);
 BENCHMARK_CAPTURE(Draw, Clustered, kClustered)->Apply(Sizes);
+BENCHMARK_CAPTURE(DrawOneByOne, Anywhere, kAnywhere)->Apply(Sizes);
+BENCHMARK_CAPTURE(DrawOneByOne, Clustered, kClustered)->Apply(Sizes);
 #endif
 
 } // namespace

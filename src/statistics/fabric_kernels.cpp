@@ -17,6 +17,16 @@ constexpr std::size_t kTrends = 361;
 /// Components smaller than this are what rounding has left of 0.
 constexpr double kLeastComponent = 1e-12;
 
+/// @param whole  what the component is a part of
+double WithoutRounding(double component, double whole = 1) {
+    return std::abs(component) < kLeastComponent * whole ? 0 : component;
+}
+
+Direction WithoutRounding(const Direction& vector, double whole = 1) {
+    return {WithoutRounding(vector.l, whole), WithoutRounding(vector.m, whole),
+            WithoutRounding(vector.n, whole)};
+}
+
 /// The parts that direction cosines of whole degrees are made of.
 struct DegreeCosines {
     std::array<Direction, kPlunges> toNorth; ///< lines that plunge to the north
@@ -27,10 +37,12 @@ const DegreeCosines& CosinesOfDegrees() {
     static const DegreeCosines cosines = [] {
         DegreeCosines made;
         for (std::size_t plunge = 0; plunge < kPlunges; ++plunge) {
-            made.toNorth[plunge] = LineToCosines(DegToRad(static_cast<double>(plunge)), 0);
+            made.toNorth[plunge] =
+                WithoutRounding(LineToCosines(DegToRad(static_cast<double>(plunge)), 0));
         }
         for (std::size_t trend = 0; trend < kTrends; ++trend) {
-            made.level[trend] = LineToCosines(0, DegToRad(static_cast<double>(trend)));
+            made.level[trend] =
+                WithoutRounding(LineToCosines(0, DegToRad(static_cast<double>(trend))));
         }
         return made;
     }();
@@ -73,15 +85,11 @@ std::array<std::size_t, 3> AscendingPlaces(const std::array<double, 3>& values) 
     return {least, 3 - greatest - least, greatest};
 }
 
-double WithoutRounding(double component) {
-    return std::abs(component) < kLeastComponent ? 0 : component;
-}
-
 /// A vector as a unit vector that points down; north or east when it is horizontal.
 Direction Downward(const Direction& vector) {
     const double length = LengthOf(vector);
-    const Direction unit = {WithoutRounding(vector.l / length), WithoutRounding(vector.m / length),
-                            WithoutRounding(vector.n / length)};
+    const Direction unit =
+        WithoutRounding({vector.l / length, vector.m / length, vector.n / length});
     const double sense = unit.n != 0 ? unit.n : unit.l != 0 ? unit.l : unit.m;
     const double sign = sense < 0 ? -1 : 1;
     // The sums make a plain 0 of -0.
@@ -128,7 +136,7 @@ Direction ResultantOf(std::span<const Direction> directions, std::span<const dou
         sum.m += weights[i] * directions[i].m;
         sum.n += weights[i] * directions[i].n;
     }
-    return sum;
+    return WithoutRounding(sum, TotalWeight(weights));
 }
 
 double LengthOf(const Direction& vector) {

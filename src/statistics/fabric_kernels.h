@@ -56,7 +56,8 @@ enum class LineSense {
 /// The sum of the weights.
 [[nodiscard]] double TotalWeight(std::span<const double> weights);
 
-/// The resultant: the weighted sum of directions.
+/// The resultant: the weighted sum of directions. Components that are nothing but rounding of the
+/// sum are 0: directions that cancel, or are all vertical, leave none.
 ///
 /// @param weights  one for each direction
 [[nodiscard]] Direction ResultantOf(std::span<const Direction> directions,

@@ -26,11 +26,16 @@ OrientationOptions OptionsInForce(OrientationKind kind) {
     return options;
 }
 
-std::string TextOfPair(double first, double second, OrientationKind kind) {
-    return OrientationText(RadToDegText(first), RadToDegText(second), OptionsInForce(kind));
+std::string TextOfPair(double first, double azimuth, OrientationKind kind) {
+    return OrientationText(RadToDegText(first), WholeAzimuthText(azimuth), OptionsInForce(kind));
 }
 
 } // namespace
+
+std::string WholeAzimuthText(double azimuth) {
+    const std::string degrees = RadToDegText(azimuth);
+    return degrees == "360" ? "0" : degrees;
+}
 
 std::string TextOfLine(double plunge, double trend) {
     return TextOfPair(plunge, trend, OrientationKind::kLine);

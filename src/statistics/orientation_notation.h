@@ -8,6 +8,12 @@
 
 namespace quandrel {
 
+/// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: what rounds to
+/// a full turn is north, "0".
+///
+/// @param azimuth  radians
+[[nodiscard]] std::string WholeAzimuthText(double azimuth);
+
 /// A line in whole degrees.
 ///
 /// @param plunge  radians; negative upward

@@ -5,31 +5,73 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/eigen.h"
-#include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
-#include "statistics/fabric_statistics.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <utility>
 
 namespace quandrel {
 
 namespace {
 
-/// Eigenvalues, and their differences, below this are rounding of doubles.
+/// What lies below this beside 1 is rounding of doubles.
 constexpr double kRounding = 1e-12;
+
+double WithoutRounding(double value) {
+    return std::abs(value) < kRounding ? 0 : value;
+}
+
+/// A value that is 1 but for rounding as 1.
+double SettledAtOne(double value) {
+    return 1 - WithoutRounding(1 - value);
+}
 
 double Dot(const Direction& a, const Direction& b) {
     return a.l * b.l + a.m * b.m + a.n * b.n;
 }
 
+/// Eigenvalues that differ by less than the printed ones can tell count as equal.
+bool Tie(double e, double greater) {
+    return greater - e < kLeastEigenvalue;
+}
+
 std::optional<double> LogOfQuotient(double above, double below) {
-    if (above < kRounding || below < kRounding) {
+    if (below == 0 || Tie(below, above)) {
         return std::nullopt;
     }
     return std::log(above / below);
+}
+
+/// Takes rounding off ascending eigenvalues: from 0 and 1, and between equal ones.
+std::array<double, 3> SettledEigenvalues(std::array<double, 3> values) {
+    for (double& value : values) {
+        value = WithoutRounding(SettledAtOne(value));
+    }
+    for (std::size_t i = 1; i < values.size(); ++i) {
+        if (WithoutRounding(values[i] - values[i - 1]) == 0) {
+            values[i] = values[i - 1];
+        }
+    }
+    return values;
+}
+
+void FindAxes(ReferenceStatistics& result, const Matrix3& tensor) {
+    const FabricAxes sorted = SortedAxes(SymmetricEigen3(tensor));
+    result.eigenvalues = SettledEigenvalues(sorted.values);
+    result.axes = sorted.axes;
+    const bool lowTie = Tie(result.eigenvalues[0], result.eigenvalues[1]);
+    const bool highTie = Tie(result.eigenvalues[1], result.eigenvalues[2]);
+    result.hasAxis = {!lowTie, !lowTie && !highTie, !highTie};
+}
+
+void FindAxialMean(ReferenceStatistics& result, const WeightedDirections& axes) {
+    const Direction resultant = ResultantOf(axes.directions, axes.weights);
+    result.axialResultantLength = SettledAtOne(LengthOf(resultant) / result.count);
+    result.axialPlunge = kNoDirection;
+    result.axialTrend = kNoDirection;
+    if (result.axialResultantLength >= kLeastMeanLength) {
+        AxisToLine(resultant, result.axialPlunge, result.axialTrend);
+    }
 }
 
 void FindShape(ReferenceStatistics& result) {
@@ -37,19 +79,27 @@ void FindShape(ReferenceStatistics& result) {
     result.logRatio12 = LogOfQuotient(e2, e1);
     result.logRatio23 = LogOfQuotient(e3, e2);
     result.zeta = LogOfQuotient(e3, e1);
-    if (result.logRatio12 && result.logRatio23 && e2 - e1 > kRounding) {
+    if (result.logRatio12 && result.logRatio23) {
         result.gamma = *result.logRatio23 / *result.logRatio12;
     }
 }
 
-void FindSymmetry(ReferenceStatistics& result) {
-    const AxisSample sample{result.count, result.eigenvalues, result.fourthMoment};
-    result.printedSymmetryStatistic = SymmetryStatistic(sample);
-    result.symmetryStatistic = TextbookSymmetryStatistic(sample);
-    const double difference = result.eigenvalues[2] - result.eigenvalues[1];
-    if (result.count > 1 && difference > kRounding) {
-        const double scatter = std::max(result.eigenvalues[2] - result.fourthMoment, 0.0);
-        result.standardError = std::sqrt(scatter / result.count) / difference;
+void FindSymmetry(ReferenceStatistics& result, const WeightedDirections& axes) {
+    if (!result.hasAxis[2]) {
+        return;
+    }
+    const double moment = FourthMoment(axes.directions, axes.weights, result.axes[2]).value_or(0);
+    result.fourthMoment = moment;
+    result.symmetryStatistic =
+        TextbookSymmetryStatistic({result.count, result.eigenvalues, moment});
+    if (result.count > 1) {
+        const double scatter = std::max(WithoutRounding(result.eigenvalues[2] - moment), 0.0);
+        result.standardError =
+            std::sqrt(scatter / result.count) / (result.eigenvalues[2] - result.eigenvalues[1]);
+        const double sine = std::sqrt(kSymmetryLimit / 2) * *result.standardError;
+        if (sine < 1) {
+            result.coneAngle = std::asin(sine);
+        }
     }
 }
 
@@ -80,7 +130,7 @@ AxisCovariance CovarianceOf(const WeightedDirections& rows, const ReferenceStati
 
 /// The ellipse that holds the axis at 95%: chi-square with two degrees of freedom.
 void FindEllipse(ReferenceStatistics& result, const WeightedDirections& rows) {
-    if (result.count <= 1 || result.eigenvalues[2] - result.eigenvalues[1] <= kRounding) {
+    if (result.count <= 1 || !result.hasAxis[2]) {
         return;
     }
     const AxisCovariance covariance = CovarianceOf(rows, result);
@@ -89,7 +139,8 @@ void FindEllipse(ReferenceStatistics& result, const WeightedDirections& rows) {
     const double radius = std::hypot(half, covariance.mixed);
     ConfidenceEllipse ellipse;
     ellipse.major = ArcSin(std::sqrt(kSymmetryLimit * (mean + radius)));
-    ellipse.minor = ArcSin(std::sqrt(kSymmetryLimit * std::max(mean - radius, 0.0)));
+    const double least = mean - radius > kRounding * mean ? mean - radius : 0;
+    ellipse.minor = ArcSin(std::sqrt(kSymmetryLimit * least));
     const double turn = std::atan2(covariance.mixed, half) / 2;
     const Direction& axis1 = result.axes[0];
     const Direction& axis2 = result.axes[1];
@@ -108,10 +159,10 @@ FisherStatistics FisherOf(const WeightedDirections& rows, double count) {
     const Direction resultant = ResultantOf(rows.directions, rows.weights);
     const double length = LengthOf(resultant);
     if (length >= kLeastMeanLength * count) {
-        fisher.resultant = length;
+        fisher.resultant = SettledAtOne(length / count) * count;
         DirectedLine(resultant, fisher.plunge, fisher.trend);
     }
-    if (count - fisher.resultant > kRounding * count) {
+    if (fisher.resultant < count) {
         fisher.kappa = (count - 1) / (count - fisher.resultant);
         fisher.kappaMaximumLikelihood = FisherKappaOf(fisher.resultant / count);
     }
@@ -126,100 +177,6 @@ double MeanLengthOf(double kappa) {
     return 1 / std::tanh(kappa) - 1 / kappa;
 }
 
-/// The shortest digits that read back as the value.
-std::string AllDigits(double value) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    return std::string(digits.data(), end);
-}
-
-/// Gathers entries, and notes where the printed text has another number.
-class EntryList {
-public:
-    void Add(std::string_view name, std::optional<double> value) {
-        if (value) {
-            entries_.push_back({name, *value, {}});
-        }
-    }
-
-    /// @param printed  the number behind the printed text, which rounds by `format`
-    void Add(std::string_view name, std::optional<double> value, double printed,
-             std::string_view format) {
-        if (value) {
-            const std::string text = FormatNumber(printed, format);
-            const bool agree = text == FormatNumber(*value, format);
-            entries_.push_back({name, *value, agree ? std::string() : text});
-        }
-    }
-
-    void AddAngle(std::string_view name, double radians) { Add(name, RadToDeg(radians)); }
-
-    [[nodiscard]] std::vector<ReferenceEntry> Take() { return std::move(entries_); }
-
-private:
-    std::vector<ReferenceEntry> entries_;
-};
-
-constexpr std::string_view kThreeDecimals = "0.000";
-
-void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
-    constexpr std::array<std::array<std::string_view, 3>, 3> kNames = {{
-        {"eigenvalue 1", "axis 1 plunge", "axis 1 trend"},
-        {"eigenvalue 2", "axis 2 plunge", "axis 2 trend"},
-        {"eigenvalue 3", "axis 3 plunge", "axis 3 trend"},
-    }};
-    for (std::size_t i = 0; i < 3; ++i) {
-        list.Add(kNames[i][0], statistics.eigenvalues[i],
-                 static_cast<double>(record.FabricResults[i + 1][0]), kThreeDecimals);
-        double plunge = 0;
-        double trend = 0;
-        AxisToLine(statistics.axes[i], plunge, trend);
-        list.AddAngle(kNames[i][1], plunge);
-        list.AddAngle(kNames[i][2], trend);
-    }
-}
-
-void AddShape(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
-    const auto printed = [&record](std::size_t row, std::size_t place) {
-        return static_cast<double>(record.EigenResults[row][place]);
-    };
-    list.Add("ln(E2/E1)", statistics.logRatio12, printed(1, kLogRatio), "Fixed");
-    list.Add("ln(E3/E2)", statistics.logRatio23, printed(2, kLogRatio), "Fixed");
-    list.Add("gamma", statistics.gamma, printed(1, kShapeNumber), "Fixed");
-    list.Add("zeta", statistics.zeta, printed(2, kShapeNumber), "Fixed");
-}
-
-void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
-                      const PlotRecord& record) {
-    list.Add("fourth moment", statistics.fourthMoment);
-    list.Add("symmetry statistic, 1 - 2 E3 + m4", statistics.symmetryStatistic);
-    list.Add("symmetry statistic, 1 - E3 + m4 (printed judgement)",
-             statistics.printedSymmetryStatistic);
-    list.Add("symmetry limit", kSymmetryLimit);
-    if (record.FabricValueC == kNotSymmetric) {
-        list.Add("spherical standard error", statistics.standardError);
-    } else {
-        list.Add("spherical standard error", statistics.standardError, record.FabricValueC,
-                 kThreeDecimals);
-    }
-    if (statistics.ellipse) {
-        list.AddAngle("95% ellipse major semi-axis", statistics.ellipse->major);
-        list.AddAngle("95% ellipse minor semi-axis", statistics.ellipse->minor);
-    }
-}
-
-void AddFisher(EntryList& list, const FisherStatistics& fisher, double count,
-               const PlotRecord& record) {
-    if (fisher.plunge != kNoDirection) {
-        list.AddAngle("Fisher mean plunge", fisher.plunge);
-        list.AddAngle("Fisher mean trend", fisher.trend);
-    }
-    list.Add("Fisher R", fisher.resultant);
-    list.Add("Fisher R/n", fisher.resultant / count, record.RoseResultant[0], kThreeDecimals);
-    list.Add("Fisher kappa", fisher.kappa);
-    list.Add("Fisher kappa, maximum likelihood", fisher.kappaMaximumLikelihood);
-}
-
 } // namespace
 
 std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const DistinctLine> lines,
@@ -231,14 +188,10 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
     }
     ReferenceStatistics result;
     result.count = TotalWeight(axes.weights);
-    const FabricAxes sorted = SortedAxes(SymmetricEigen3(*tensor));
-    result.eigenvalues = sorted.values;
-    result.axes = sorted.axes;
-    result.axialResultantLength =
-        LengthOf(ResultantOf(axes.directions, axes.weights)) / result.count;
-    result.fourthMoment = FourthMoment(axes.directions, axes.weights, result.axes[2]).value_or(0);
+    FindAxes(result, *tensor);
+    FindAxialMean(result, axes);
     FindShape(result);
-    FindSymmetry(result);
+    FindSymmetry(result, axes);
     FindEllipse(result, axes);
     if (sense == RowSense::kPolarLines) {
         result.fisher = FisherOf(DirectionsOf(lines, LineSense::kDirected), result.count);
@@ -264,35 +217,6 @@ double FisherKappaOf(double meanLength) {
         (MeanLengthOf(middle) < meanLength ? low : high) = middle;
     }
     return (low + high) / 2;
-}
-
-std::vector<ReferenceEntry> ReferenceEntries(const ReferenceStatistics& statistics,
-                                             const PlotRecord& record) {
-    EntryList list;
-    list.Add("n", statistics.count);
-    AddAxes(list, statistics, record);
-    AddShape(list, statistics, record);
-    AddPrincipalAxis(list, statistics, record);
-    if (statistics.fisher) {
-        list.Add("axial R/n", statistics.axialResultantLength);
-        AddFisher(list, *statistics.fisher, statistics.count, record);
-    } else {
-        list.Add("axial R/n", statistics.axialResultantLength, record.RoseResultant[0],
-                 kThreeDecimals);
-    }
-    return list.Take();
-}
-
-std::string ReferenceText(const std::vector<ReferenceEntry>& entries) {
-    std::string text;
-    for (const ReferenceEntry& entry : entries) {
-        text += std::string(entry.name) + " = " + AllDigits(entry.value);
-        if (!entry.printed.empty()) {
-            text += " (printed " + entry.printed + ")";
-        }
-        text += '\n';
-    }
-    return text;
 }
 
 } // namespace quandrel

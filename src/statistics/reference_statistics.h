@@ -5,16 +5,12 @@
 
 #pragma once
 
-#include "core/plot_record.h"
 #include "orientation/angles.h"
 #include "stereo/distinct_lines.h"
 
 #include <array>
 #include <optional>
 #include <span>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace quandrel {
 
@@ -41,19 +37,27 @@ struct ConfidenceEllipse {
     Direction majorDirection; ///< at right angles to the principal axis, pointing down
 };
 
+/// Nothing stands where a logarithm or a quotient fails, and where equal eigenvalues leave open
+/// what is asked for.
 struct ReferenceStatistics {
     double count = 0;                    ///< rows
     std::array<double, 3> eigenvalues{}; ///< ascending, true to 1e-12
     std::array<Direction, 3> axes{};     ///< of unit length, pointing down
-    double axialResultantLength = 0;     ///< R/n of the rows as downward axes
-    std::optional<double> logRatio12;    ///< nothing where a logarithm or a quotient fails
-    std::optional<double> logRatio23;
+    std::array<bool, 3> hasAxis{};       ///< false where another eigenvalue is as great
+
+    double axialPlunge = 0;          ///< of the mean of the rows as downward axes, radians
+    double axialTrend = 0;           ///< radians; both are kNoDirection without a direction
+    double axialResultantLength = 0; ///< R/n of the same
+
+    std::optional<double> logRatio12; ///< ln(E2/E1)
+    std::optional<double> logRatio23; ///< ln(E3/E2)
     std::optional<double> gamma;
     std::optional<double> zeta;
-    double fourthMoment = 0;             ///< about the principal axis
-    double printedSymmetryStatistic = 0; ///< with 1 - E3 + m4, as the printed texts judge by it
-    double symmetryStatistic = 0;        ///< with 1 - 2 E3 + m4
-    std::optional<double> standardError; ///< of the principal axis, rotational symmetry taken
+
+    std::optional<double> fourthMoment;       ///< about the principal axis
+    std::optional<double> symmetryStatistic;  ///< with 1 - 2 E3 + m4; may be infinite
+    std::optional<double> standardError;      ///< of the principal axis, rotational symmetry taken
+    std::optional<double> coneAngle;          ///< semi-angle of its 95% cone, radians
     std::optional<ConfidenceEllipse> ellipse; ///< nothing without a single principal axis
     std::optional<FisherStatistics> fisher;   ///< of polar lines
 };
@@ -73,21 +77,5 @@ ComputeReferenceStatistics(std::span<const DistinctLine> lines, RowSense sense);
 ///
 /// @param meanLength  R/n, 0 to below 1
 [[nodiscard]] double FisherKappaOf(double meanLength);
-
-/// One number of the reference.
-struct ReferenceEntry {
-    std::string_view name; ///< "eigenvalue 1", "Fisher R"
-    double value = 0;      ///< angles in degrees; may be infinite
-    std::string printed;   ///< what the advanced text has, where it rounds to something else
-};
-
-/// The numbers in their order; what could not be worked out is left out.
-///
-/// @param record  of the same rows, with its statistics worked out
-[[nodiscard]] std::vector<ReferenceEntry> ReferenceEntries(const ReferenceStatistics& statistics,
-                                                           const PlotRecord& record);
-
-/// The entries as lines "name = value", with " (printed ...)" where the two differ.
-[[nodiscard]] std::string ReferenceText(const std::vector<ReferenceEntry>& entries);
 
 } // namespace quandrel

@@ -22,6 +22,7 @@ namespace {
 constexpr const char* kFixed = "Fixed";
 constexpr const char* kThreeDecimals = "0.000";
 constexpr std::size_t kLastUserGirdle = 8;
+constexpr std::int16_t kByAppendedNumber = 1; ///< ClassMode of a plot with value grids
 
 std::string Line(const std::string& text) {
     return text + kLineEnd;
@@ -129,11 +130,12 @@ std::optional<Range> RangeOfGrid(const GridValues& grid, std::size_t layer, int 
 
 std::string GridLines(const PlotRecord& record) {
     const auto slot = static_cast<std::size_t>(gActivePlot);
-    if (slot >= gGridCount.size() || gGridCount[slot] == 0 || !gGridValues[slot]) {
+    if (record.ClassMode != kByAppendedNumber || slot >= gGridCount.size() || gGridCount[slot] == 0
+        || !gGridValues[slot]) {
         return {};
     }
-    const auto means = RangeOfGrid(*gGridValues[slot], 0, record.GridSize);
-    const auto sums = RangeOfGrid(*gGridValues[slot], 1, record.GridSize);
+    const auto means = RangeOfGrid(*gGridValues[slot], kMeanLayer, record.GridSize);
+    const auto sums = RangeOfGrid(*gGridValues[slot], kCumulativeLayer, record.GridSize);
     std::string lines = Line("______________");
     if (means) {
         lines += Line("Min. mean grid value: ", means->least, "0.#")
@@ -150,6 +152,8 @@ std::string StandardErrorLines(const PlotRecord& record) {
     if (record.FabricValueC == kNotSymmetric) {
         return Line("(non-symmetric distribution)") + kLineEnd;
     }
+    // Kept: a standard error that is too large for a cone, the one that failed included, has a
+    // semi-angle of 90.
     const double cone = RadToDeg(ArcSin(kConeFactor * record.FabricValueC));
     return Line("Spherical standard error: ", record.FabricValueC, kThreeDecimals)
            + Line("95% conf. cone semi-angle: ", cone, kFixed, "°") + kLineEnd;

@@ -9,6 +9,7 @@
 #include "support/test_platform.h"
 
 #include <cmath>
+#include <utility>
 
 namespace quandrel {
 namespace {
@@ -62,6 +63,49 @@ TEST_F(ConfidenceCone, IsDrawnWhenItIsAskedFor) {
     EXPECT_EQ(LinesDrawn(), 1U) << "the axis is vertical, so the cone is one closed line";
     ActiveRecord().FabricValueC = -1;
     EXPECT_EQ(LinesDrawn(), 0U);
+}
+
+TEST_F(ConfidenceCone, GoesOnAtTheFarSideWhereItPassesThePrimitive) {
+    // Rows all round the line 3/040, some 40 away from it, have their axis near there; the cone
+    // about it is wider than its plunge.
+    for (const auto& [plunge, trend] : {std::pair{43, 40},
+                                        {37, 220},
+                                        {2, 80},
+                                        {2, 0},
+                                        {30, 67},
+                                        {26, 246},
+                                        {30, 13},
+                                        {26, 194}}) {
+        AddRow(plunge, trend);
+    }
+    ActiveRecord().ShowConfidenceCone = true;
+    for (const std::int16_t kind : {kEqualArea, kEqualAngle}) {
+        ActiveRecord().PlotKind = kind;
+        RebuildRowTable(gActivePlot);
+        ComputeFabricStatistics();
+        const auto angle = ConfidenceConeAngle(ActiveRecord());
+        const AxisLine axis = FabricAxis(ActiveRecord(), 3);
+        ASSERT_TRUE(angle);
+        ASSERT_GT(*angle, axis.plunge);
+        Form(gActivePlot).PlotSurface().Clear(kWhite);
+        DrawConfidenceCone();
+        int ends = 0;
+        int nearSide = 0;
+        int farSide = 0;
+        for (const DrawOperation& line : DrawnOn(Form(gActivePlot).Plot())) {
+            for (const Point& point : line.points) {
+                const double radius = std::hypot(point.x, point.y);
+                EXPECT_LE(radius, 1000.01);
+                ends += radius > 999.99 ? 1 : 0;
+                const double toward =
+                    point.x * std::sin(axis.trend) + point.y * std::cos(axis.trend);
+                (toward > 0 ? nearSide : farSide) += 1;
+            }
+        }
+        EXPECT_GE(ends, 4) << "leaves the net twice and comes back twice";
+        EXPECT_GT(nearSide, 0);
+        EXPECT_GT(farSide, 0) << "the part that points up";
+    }
 }
 
 } // namespace

@@ -45,13 +45,33 @@ TEST(DirectionsOf, AxesAreTheCosinesOfTheirLines) {
     const WeightedDirections rows = DirectionsOf(lines, LineSense::kAxial);
     ASSERT_EQ(rows.directions.size(), lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        const Direction expected =
-            LineToCosines(DegToRad(std::abs(lines[i].plunge)), DegToRad(lines[i].trend));
-        ASSERT_EQ(rows.directions[i].l, expected.l);
-        ASSERT_EQ(rows.directions[i].m, expected.m);
-        ASSERT_EQ(rows.directions[i].n, expected.n);
+        const testing::Vector expected = testing::LineVector(
+            testing::Radians(std::abs(lines[i].plunge)), testing::Radians(lines[i].trend));
+        ASSERT_NEAR(rows.directions[i].l, expected.north, 1e-14);
+        ASSERT_NEAR(rows.directions[i].m, expected.east, 1e-14);
+        ASSERT_NEAR(rows.directions[i].n, expected.down, 1e-14);
         ASSERT_EQ(rows.weights[i], lines[i].rows);
     }
+}
+
+TEST(DirectionsOf, QuarterTurnsHaveCosinesOfZero) {
+    const std::vector<DistinctLine> lines = {{90, 0, 1}, {90, 37, 1}, {-90, 250, 1}, {0, 0, 1},
+                                             {0, 90, 1}, {0, 180, 1}, {0, 270, 1},   {0, 360, 1}};
+    for (const Direction& direction : DirectionsOf(lines, LineSense::kDirected).directions) {
+        EXPECT_EQ((direction.l == 0) + (direction.m == 0) + (direction.n == 0), 2);
+    }
+}
+
+TEST(ResultantOf, DirectionsThatCancelLeaveNothing) {
+    std::vector<DistinctLine> lines;
+    for (std::int16_t trend = 0; trend < 360; ++trend) {
+        lines.push_back({45, trend, 100003});
+    }
+    const WeightedDirections rows = DirectionsOf(lines, LineSense::kAxial);
+    const Direction resultant = ResultantOf(rows.directions, rows.weights);
+    EXPECT_EQ(resultant.l, 0);
+    EXPECT_EQ(resultant.m, 0);
+    EXPECT_NEAR(resultant.n, 360 * 100003 * std::sqrt(0.5), 1e-5);
 }
 
 TEST(DirectionsOf, ANegativePlungePointsUpTowardItsTrend) {

@@ -190,6 +190,27 @@ TEST_F(FabricStatistics, PlanesCountByTheirPoles) {
     EXPECT_NEAR(record.FabricValueB, Radians(300), kTolerance);
 }
 
+TEST_F(FabricStatistics, VerticalRowsOfDifferentTrendsAreVertical) {
+    const Rows rows = {{90, 0}, {90, 120}, {90, 250}, {90, 301}, {90, 360}};
+    for (const std::int16_t kind : {kLines, kPolarLines}) {
+        const PlotRecord& record = StatisticsOf(kind, rows);
+        EXPECT_EQ(record.FabricValueA, static_cast<float>(std::numbers::pi / 2));
+        EXPECT_EQ(record.FabricValueB, 0.0F) << "a vertical line has the trend of north";
+        EXPECT_EQ(FabricAxis(record, 3).trend, 0);
+        EXPECT_EQ(record.FabricResults[1][3], 0.0F);
+        EXPECT_EQ(record.FabricResults[2][3], 0.0F);
+        EXPECT_EQ(TextOf(record.AxisItems[9][1]), "0/180");
+        EXPECT_EQ(TextOf(record.AxisItems[10][1]), "90/180") << "the first axis is north";
+        ExpectEigenvalues(record, 0, 0, 1);
+    }
+}
+
+TEST_F(FabricStatistics, RowsStraightUpHaveAMeanStraightUp) {
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{-90, 0}, {-90, 120}, {-90, 250}});
+    EXPECT_EQ(record.FabricValueA, static_cast<float>(-std::numbers::pi / 2));
+    EXPECT_EQ(record.FabricValueB, 0.0F);
+}
+
 TEST_F(FabricStatistics, ErrorRowsTakeNoPart) {
     const std::vector<double> expected = ResultsOf(StatisticsOf(kLines, kFourLines));
     Rows rows = kFourLines;

@@ -176,6 +176,34 @@ TEST_F(StatisticsTexts, OneRowPrintsWhatFailed) {
     EXPECT_TRUE(HasLine(StatsBoxText(), "No. of Data = 1"));
 }
 
+TEST_F(StatisticsTexts, VerticalRowsOfDifferentTrendsHaveTheTrendOfNorth) {
+    NewPlotOf(kLines);
+    AddRow(90, 0);
+    AddRow(90, 120);
+    AddRow(90, 250);
+    ComputeFabricStatistics();
+    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Principal Orientation = 90-000"));
+    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 90-000"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  0.00 - 90.00"));
+}
+
+TEST_F(StatisticsTexts, AnErrorTooLargeForAConeHasASemiAngleOf90) {
+    NewPlotOf(kLines);
+    // Three lines about the vertical, s = sin^2 38 = 0.379: the standard error is
+    // sqrt((s - s^2) / 3) / (s - (1 - s) / 2) = 4.086.
+    AddRow(38, 0);
+    AddRow(38, 120);
+    AddRow(38, 240);
+    ComputeFabricStatistics();
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Spherical standard error: 4.086"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "95% conf. cone semi-angle: 90.00°"));
+    NewPlotOf(kLines);
+    AddRow(40, 200); // the error of a single row fails
+    ComputeFabricStatistics();
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Spherical standard error: 99999.000"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "95% conf. cone semi-angle: 90.00°"));
+}
+
 TEST_F(StatisticsTexts, AnUnsymmetricDistributionHasNoCone) {
     NewPlotOf(kLines);
     // Tensor diag(0, 1/3, 2/3), m4 = 2/3: the statistic is 2 * 60 / 9 = 13.3.
@@ -292,13 +320,15 @@ TEST_F(StatisticsTexts, AClassGridShowsItsRanges) {
             row.fill(kUnsetValue);
         }
     }
-    (*gGridValues[slot])[0][3][4] = 1.25;
-    (*gGridValues[slot])[0][12][12] = 7;
-    (*gGridValues[slot])[1][3][4] = 0;
-    (*gGridValues[slot])[1][5][5] = 42;
-    (*gGridValues[slot])[1][13][5] = 1000; // behind the grid
+    (*gGridValues[slot])[kMeanLayer][3][4] = 1.25;
+    (*gGridValues[slot])[kMeanLayer][12][12] = 7;
+    (*gGridValues[slot])[kCumulativeLayer][3][4] = 0;
+    (*gGridValues[slot])[kCumulativeLayer][5][5] = 42;
+    (*gGridValues[slot])[kCumulativeLayer][13][5] = 1000; // behind the grid
     EXPECT_EQ(StatsBoxText().find("grid value"), std::string::npos);
     gGridCount[slot] = 1;
+    EXPECT_EQ(StatsBoxText().find("grid value"), std::string::npos) << "not classified by numbers";
+    ActiveRecord().ClassMode = 1;
     const std::string text = StatsBoxText();
     EXPECT_NE(text.find("\r\n______________\r\nMin. mean grid value: 1.3\r\n"
                         "Max. mean grid value: 7\r\nMin. cumulative grid value: 0\r\n"

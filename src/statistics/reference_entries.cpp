@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/reference_entries.h"
+
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "statistics/fabric_kernels.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/orientation_notation.h"
+
+#include <array>
+#include <charconv>
+#include <initializer_list>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// The shortest digits that read back as the value; "inf" of an infinite one.
+template <class Number>
+std::string AllDigits(Number value) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return std::string(digits.data(), end);
+}
+
+// The formats of the texts. Angles come in radians.
+
+std::string Whole(double value) {
+    return FormatNumber(value, "0");
+}
+
+std::string Fixed(double value) {
+    return FormatNumber(value, "Fixed");
+}
+
+std::string ThreeDecimals(double value) {
+    return FormatNumber(value, "0.000");
+}
+
+std::string FixedDegrees(double radians) {
+    return Fixed(RadToDeg(radians));
+}
+
+/// One place of the texts that has the number of an entry.
+struct Printing {
+    std::string (*text)(double) = nullptr;
+    double number = 0; ///< behind the printed text
+};
+
+using Printings = std::initializer_list<Printing>;
+
+/// Gathers entries, and notes where the texts print something else.
+class EntryList {
+public:
+    /// @param value  in the unit of the printings
+    void Add(std::string name, std::optional<double> value, Printings printings = {}) {
+        ReferenceLine entry{std::move(name), value, {}};
+        for (const auto& [text, number] : printings) {
+            const std::string printed = text(number);
+            if (!value || text(*value) != printed) {
+                entry.printed += (entry.printed.empty() ? "" : ", ") + printed;
+            }
+        }
+        entries_.push_back(std::move(entry));
+    }
+
+    /// @param radians  as of the printings; the entry has degrees
+    void AddAngle(std::string name, std::optional<double> radians, Printings printings = {}) {
+        Add(std::move(name), radians, printings);
+        if (radians) {
+            entries_.back().value = RadToDeg(*radians);
+        }
+    }
+
+    /// A value for which the texts have words.
+    void AddBesideWords(std::string name, std::optional<double> value, std::string words) {
+        entries_.push_back({std::move(name), value, std::move(words)});
+    }
+
+    [[nodiscard]] std::vector<ReferenceLine> Take() { return std::move(entries_); }
+
+private:
+    std::vector<ReferenceLine> entries_;
+};
+
+/// A line or a plane, radians, or nothing.
+struct Pair {
+    std::optional<double> first;
+    std::optional<double> azimuth;
+};
+
+Pair LineOfAxis(const ReferenceStatistics& statistics, std::size_t axis) {
+    if (!statistics.hasAxis.at(axis - 1)) {
+        return {};
+    }
+    double plunge = 0;
+    double trend = 0;
+    AxisToLine(statistics.axes.at(axis - 1), plunge, trend);
+    return {plunge, trend};
+}
+
+Pair PlaneOfPole(const Pair& pole) {
+    if (!pole.first) {
+        return {};
+    }
+    double dip = 0;
+    double dipDirection = 0;
+    PoleOfPlane(*pole.first, *pole.azimuth, dip, dipDirection);
+    return {dip, dipDirection};
+}
+
+Pair PrintedAxis(const PlotRecord& record, std::size_t axis) {
+    const AxisLine line = FabricAxis(record, axis);
+    return {line.plunge, line.trend};
+}
+
+/// A pair that the advanced text has with decimals and the normal one in whole degrees.
+void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pair& value,
+             const Pair& printed) {
+    list.AddAngle(names[0], value.first,
+                  {{FixedDegrees, *printed.first}, {RadToDegText, *printed.first}});
+    list.AddAngle(names[1], value.azimuth,
+                  {{FixedDegrees, *printed.azimuth}, {WholeAzimuthText, *printed.azimuth}});
+}
+
+void AddEigenvalues(EntryList& list, const ReferenceStatistics& statistics,
+                    const PlotRecord& record) {
+    for (std::size_t axis = 1; axis <= 3; ++axis) {
+        const std::string number = std::to_string(axis);
+        const double value = statistics.eigenvalues.at(axis - 1);
+        const auto printed = static_cast<double>(record.FabricResults.at(axis)[0]);
+        list.Add("eigenvalue " + number, value, {{ThreeDecimals, printed}});
+        list.Add("n x eigenvalue " + number, statistics.count * value,
+                 {{ThreeDecimals, statistics.count * printed}});
+    }
+}
+
+void AddComponents(EntryList& list, const ReferenceStatistics& statistics, std::size_t axis,
+                   const PlotRecord& record) {
+    const std::string name = "axis " + std::to_string(axis);
+    const Direction& direction = statistics.axes.at(axis - 1);
+    const auto add = [&](const char* component, double value, std::size_t row) {
+        list.Add(name + component,
+                 statistics.hasAxis.at(axis - 1) ? std::optional(value) : std::nullopt,
+                 {{ThreeDecimals, static_cast<double>(record.FabricResults.at(row).at(axis))}});
+    };
+    add(" north", direction.l, 1);
+    add(" east", direction.m, 2);
+    add(" down", direction.n, 3);
+}
+
+void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
+    for (std::size_t axis = 1; axis <= 3; ++axis) {
+        AddComponents(list, statistics, axis, record);
+    }
+    const Pair least = LineOfAxis(statistics, 1);
+    const Pair middle = LineOfAxis(statistics, 2);
+    const Pair greatest = LineOfAxis(statistics, 3);
+    const Pair printedLeast = PrintedAxis(record, 1);
+    const Pair printedGreatest = PrintedAxis(record, 3);
+    list.AddAngle("axis 1 plunge", least.first, {{RadToDegText, *printedLeast.first}});
+    list.AddAngle("axis 1 trend", least.azimuth, {{WholeAzimuthText, *printedLeast.azimuth}});
+    list.AddAngle("axis 2 plunge", middle.first);
+    list.AddAngle("axis 2 trend", middle.azimuth);
+    AddPair(list, {"axis 3 plunge", "axis 3 trend"}, greatest, printedGreatest);
+    const Pair normal = PlaneOfPole(greatest);
+    const Pair printedNormal = PlaneOfPole(printedGreatest);
+    list.AddAngle("plane normal to axis 3, dip", normal.first,
+                  {{FixedDegrees, *printedNormal.first}});
+    list.AddAngle("plane normal to axis 3, dip direction", normal.azimuth,
+                  {{FixedDegrees, *printedNormal.azimuth}});
+    AddPair(list, {"girdle dip", "girdle dip direction"}, PlaneOfPole(least),
+            PlaneOfPole(printedLeast));
+}
+
+void AddShape(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
+    const auto printed = [&record](std::size_t row, std::size_t place) -> Printing {
+        return {Fixed, static_cast<double>(record.EigenResults.at(row).at(place))};
+    };
+    list.Add("ln(E2/E1)", statistics.logRatio12, {printed(1, kLogRatio)});
+    list.Add("ln(E3/E2)", statistics.logRatio23, {printed(2, kLogRatio)});
+    list.Add("gamma", statistics.gamma, {printed(1, kShapeNumber)});
+    list.Add("zeta", statistics.zeta, {printed(2, kShapeNumber)});
+}
+
+/// The statistic that decides what the texts say, in the digits of its 32 bits.
+std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& record) {
+    const float statistic = record.EigenResults[3][kLogRatio];
+    // What a difference of eigenvalues that counts as 0 leads to.
+    const double least = 2 * count * kLeastEigenvalue * kLeastEigenvalue;
+    return static_cast<double>(statistic) < least ? 0 : ReadNumber(AllDigits(statistic));
+}
+
+void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
+                      const PlotRecord& record) {
+    list.Add("fourth moment", statistics.fourthMoment);
+    list.Add("symmetry statistic, 1 - 2 E3 + m4", statistics.symmetryStatistic);
+    list.Add("symmetry statistic, 1 - E3 + m4 (printed judgement)",
+             PrintedSymmetryStatistic(statistics.count, record));
+    list.Add("symmetry limit", kSymmetryLimit);
+    const double error = record.FabricValueC;
+    if (error == kNotSymmetric) {
+        list.AddBesideWords("spherical standard error", statistics.standardError,
+                            "non-symmetric distribution");
+        list.AddAngle("95% cone semi-angle", statistics.coneAngle);
+    } else {
+        list.Add("spherical standard error", statistics.standardError, {{ThreeDecimals, error}});
+        list.AddAngle("95% cone semi-angle", statistics.coneAngle,
+                      {{FixedDegrees, ArcSin(kConeFactor * error)}});
+    }
+    const auto& ellipse = statistics.ellipse;
+    list.AddAngle("95% ellipse major semi-axis",
+                  ellipse ? std::optional(ellipse->major) : std::nullopt);
+    list.AddAngle("95% ellipse minor semi-axis",
+                  ellipse ? std::optional(ellipse->minor) : std::nullopt);
+}
+
+/// A mean direction as the texts print it.
+void AddMean(EntryList& list, const std::string& what, const Pair& mean, double length,
+             const PlotRecord& record) {
+    if (HasMeanDirection(record)) {
+        AddPair(
+            list, {what + " mean plunge", what + " mean trend"}, mean,
+            {static_cast<double>(record.FabricValueA), static_cast<double>(record.FabricValueB)});
+    } else {
+        const Printing none = {Whole, kNoDirection};
+        list.AddAngle(what + " mean plunge", mean.first, {none});
+        list.AddAngle(what + " mean trend", mean.azimuth, {none});
+    }
+    const double printed = record.RoseResultant[0];
+    list.Add(what + " R/n", length, {{ThreeDecimals, printed}, {Fixed, printed}});
+    list.Add(what + " variance", 1 - length, {{ThreeDecimals, 1 - printed}, {Fixed, 1 - printed}});
+}
+
+Pair MeanPair(double plunge, double trend) {
+    return plunge == kNoDirection ? Pair{} : Pair{plunge, trend};
+}
+
+void AddMeans(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
+    const Pair axial = MeanPair(statistics.axialPlunge, statistics.axialTrend);
+    if (!statistics.fisher) {
+        AddMean(list, "axial", axial, statistics.axialResultantLength, record);
+        return;
+    }
+    list.AddAngle("axial mean plunge", axial.first);
+    list.AddAngle("axial mean trend", axial.azimuth);
+    list.Add("axial R/n", statistics.axialResultantLength);
+    const FisherStatistics& fisher = *statistics.fisher;
+    AddMean(list, "Fisher", MeanPair(fisher.plunge, fisher.trend),
+            fisher.resultant / statistics.count, record);
+    list.Add("Fisher R", fisher.resultant);
+    list.Add("Fisher kappa", fisher.kappa);
+    list.Add("Fisher kappa, maximum likelihood", fisher.kappaMaximumLikelihood);
+}
+
+} // namespace
+
+std::vector<ReferenceLine> ReferenceEntries(const ReferenceStatistics& statistics,
+                                            const PlotRecord& record) {
+    EntryList list;
+    list.Add("n", statistics.count, {{Whole, static_cast<double>(record.NumValidData)}});
+    AddEigenvalues(list, statistics, record);
+    AddAxes(list, statistics, record);
+    AddShape(list, statistics, record);
+    AddPrincipalAxis(list, statistics, record);
+    AddMeans(list, statistics, record);
+    return list.Take();
+}
+
+} // namespace quandrel

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+//
+// The reference statistics as a list of named numbers, each beside what the statistics texts of the
+// plot have for it.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "core/reference_lines.h"
+#include "statistics/reference_statistics.h"
+
+#include <vector>
+
+namespace quandrel {
+
+/// The numbers in their order.
+///
+/// @param record  of the same rows, with its statistics worked out
+[[nodiscard]] std::vector<ReferenceLine> ReferenceEntries(const ReferenceStatistics& statistics,
+                                                          const PlotRecord& record);
+
+} // namespace quandrel
