@@ -12,9 +12,6 @@
 
 namespace quandrel {
 
-/// Layers of gGridValues.
-enum GridLayer : std::size_t { kCumulativeLayer = 0, kMeanLayer = 1 };
-
 /// Sum of some values.
 struct ValueSum {
     double sum = 0;

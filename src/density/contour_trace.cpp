@@ -226,7 +226,8 @@ std::vector<ContourSegment> TraceContour(const NodeValues& grid, double level, d
         for (std::size_t j = 1; j < nodes; ++j) {
             const int below = (left[j - 1] < 0 ? 1 : 0) + (right[j - 1] < 0 ? 1 : 0)
                               + (right[j] < 0 ? 1 : 0) + (left[j] < 0 ? 1 : 0);
-            if (below == 0 || below == 4) {
+            const bool hasGap = std::isnan(left[j - 1] + right[j - 1] + right[j] + left[j]);
+            if (below == 0 || below == 4 || hasGap) {
                 continue;
             }
             const double x1 = grid.first + static_cast<double>(i - 1) * grid.step;

@@ -65,7 +65,8 @@ TriangleSegment(const std::array<TriangleVertex, 3>& triangle);
 
 /// The contour of one level, clipped to the primitive, cell by cell: across, then up.
 ///
-/// @param grid    the values; all of them finite
+/// @param grid    the values, finite; the cells about a node without a value, which is not a
+///                number, have no contour
 /// @param level   in the unit of the values
 /// @param jitter  range of a small offset that each node has, always the same one. The level is
 ///                lowered by as much, so that a node with the level's own value lies inside of the

@@ -19,8 +19,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kFirstClassSymbol = 39;
-
 /// Densities of the nodes of a plot's grid, per cent.
 std::vector<double> DensitiesOfGrid(const PlotRecord& record, int nodes, std::int32_t rows) {
     std::vector<double> densities;
@@ -32,16 +30,6 @@ std::vector<double> DensitiesOfGrid(const PlotRecord& record, int nodes, std::in
         }
     }
     return densities;
-}
-
-void DrawContour(Surface& surface, const LevelContour& contour, const AxisStyle& style) {
-    DrawState state = surface.State();
-    state.drawStyle = style[1];
-    state.drawWidth = style[2];
-    surface.SetState(state);
-    for (const std::vector<Point>& line : ChainSegments(contour.segments)) {
-        surface.Polyline(line, TableColour(style[0]));
-    }
 }
 
 void DrawIsolatedRows(Surface& surface) {
@@ -68,24 +56,20 @@ void FindLevels(PlotRecord& record) {
     record.NumContours = set.count;
 }
 
-void DrawContours(ContourStyleSource source) {
-    PlotRecord& record = ActiveRecord();
-    FindLevels(record);
-    Surface& surface = PlotSurface();
-    const SavedState saved(surface);
-    int level = 0;
-    for (const LevelContour& contour : ContoursOfActivePlot()) {
-        DrawContour(surface, contour, ContourStyleOf(level++, source));
+} // namespace
+
+void DrawContourLine(Surface& surface, const std::vector<ContourSegment>& segments,
+                     const AxisStyle& style) {
+    DrawState state = surface.State();
+    state.drawStyle = style[1];
+    state.drawWidth = style[2];
+    surface.SetState(state);
+    for (const std::vector<Point>& line : ChainSegments(segments)) {
+        surface.Polyline(line, TableColour(style[0]));
     }
 }
 
-} // namespace
-
-AxisStyle ContourStyleOf(int level, ContourStyleSource source) {
-    if (source == ContourStyleSource::Classes) {
-        const int row = std::min(kFirstClassSymbol + level, kSymbolRowCount - 1);
-        return {gSymbolTable[static_cast<std::size_t>(row)][kPlaceColour], kSolidLine, 1};
-    }
+AxisStyle ContourStyleOf(int level) {
     return gContourStyleTable[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
 }
 
@@ -112,14 +96,18 @@ std::vector<LevelContour> ContoursOfActivePlot() {
 }
 
 void TraceContours() {
-    DrawContours(ContourStyleSource::Levels);
-    if (gShowIsolatedPts != 0) {
-        DrawIsolatedRows(PlotSurface());
+    FindLevels(ActiveRecord());
+    Surface& surface = PlotSurface();
+    {
+        const SavedState saved(surface);
+        int level = 0;
+        for (const LevelContour& contour : ContoursOfActivePlot()) {
+            DrawContourLine(surface, contour.segments, ContourStyleOf(level++));
+        }
     }
-}
-
-void TraceContoursClassified() {
-    DrawContours(ContourStyleSource::Classes);
+    if (gShowIsolatedPts != 0) {
+        DrawIsolatedRows(surface);
+    }
 }
 
 } // namespace quandrel

@@ -13,14 +13,14 @@
 
 namespace quandrel {
 
-/// Where contours take their styles from.
-enum class ContourStyleSource {
-    Levels,  ///< gContourStyleTable
-    Classes, ///< the colours of the classes in gSymbolTable, as thin solid lines
-};
-
 /// The style of level number k, from 0.
-[[nodiscard]] AxisStyle ContourStyleOf(int level, ContourStyleSource source);
+[[nodiscard]] AxisStyle ContourStyleOf(int level);
+
+/// Draws a contour as lines. The surface keeps the style.
+///
+/// @param style  colour index, draw style, draw width
+void DrawContourLine(Surface& surface, const std::vector<ContourSegment>& segments,
+                     const AxisStyle& style);
 
 /// One level with its contour within the primitive.
 struct LevelContour {
@@ -36,8 +36,5 @@ struct LevelContour {
 /// the style of its level. With gShowIsolatedPts, rows that have no other row within the counting
 /// cone are drawn too. A plot without rows or without a grid draws nothing.
 void TraceContours();
-
-/// TraceContours in the colours of the classes.
-void TraceContoursClassified();
 
 } // namespace quandrel

@@ -34,7 +34,6 @@ struct DensitiesShown {
     bool points = false;
     bool gridSymbols = false;
     bool contours = false;
-    ContourStyleSource styles = ContourStyleSource::Levels;
 
     [[nodiscard]] bool Any() const { return points || gridSymbols || contours; }
 };
@@ -42,10 +41,7 @@ struct DensitiesShown {
 DensitiesShown ShownBy(const PlotRecord& record) {
     DensitiesShown shown;
     if (record.ClassMode == 1 && record.NumClasses >= 1) {
-        // The grid's symbols are those of classes then, which have lines of their own.
-        shown.contours = record.NumClasses > 1;
-        shown.styles = ContourStyleSource::Classes;
-        return shown;
+        return shown; // the grid shows values, whose classes have lines of their own
     }
     const std::int16_t mode = record.PlotSymbolMode;
     shown.points = mode == kPointDensitySymbols;
@@ -98,10 +94,9 @@ void AddBands(std::vector<LegendLine>& lines, const std::vector<Band>& bands) {
     }
 }
 
-void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record,
-                 ContourStyleSource source) {
+void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record) {
     for (int k = 0; k < record.NumContours; ++k) {
-        const AxisStyle style = ContourStyleOf(k, source);
+        const AxisStyle style = ContourStyleOf(k);
         const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
         lines.push_back({LegendSample::Line, MakeSymbolCode(style[0], style[1], style[2]),
                          BoundText(level, k == 0)});
@@ -111,9 +106,8 @@ void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record,
 /// What one point counts, with the symbol of one point where there are such.
 LegendLine OnePointLine(const DensitiesShown& shown, std::int32_t n) {
     const double unit = DensityOfOneRow(n);
-    const bool hasSymbol =
-        shown.points || (shown.gridSymbols && unit < GridBandBase(n))
-        || (shown.contours && shown.styles == ContourStyleSource::Levels && gShowIsolatedPts != 0);
+    const bool hasSymbol = shown.points || (shown.gridSymbols && unit < GridBandBase(n))
+                           || (shown.contours && gShowIsolatedPts != 0);
     return {hasSymbol ? LegendSample::Symbol : LegendSample::Indent,
             hasSymbol ? CodeOfBand(kIsolatedBand) : 0,
             " 1 pt. (" + FormatNumber(unit, "Fixed") + "%)"};
@@ -138,7 +132,7 @@ std::vector<LegendLine> BandLegendLines() {
         AddBands(lines, GridBands(n, most));
     }
     if (shown.contours) {
-        AddContours(lines, record, shown.styles);
+        AddContours(lines, record);
     }
     lines.push_back({LegendSample::Indent, 0, "(Max. =" + FormatNumber(most, "Fixed") + "%)"});
     return lines;

@@ -119,13 +119,15 @@ void ComputeGridDensity() {
     const std::int32_t greatest = CountGrid(record, LineHistogram(lines));
     record.GridDensityMax = rows > 0 ? static_cast<float>(100.0 * greatest / rows) : 0;
     record.DensityCount = record.NumValidData;
+    record.DensityGridFromFile = false;
     ComputeGridValues();
 }
 
 void DrawGridSymbols() {
     const PlotRecord& record = ActiveRecord();
     const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
-    if (record.DensityGrid == nullptr || rows == 0) {
+    if (record.DensityGrid == nullptr || rows == 0 || record.GridSize < kSmallestGridSize
+        || record.GridSize > kLargestGridSize) {
         return;
     }
     const std::vector<DrawnNode> nodes = NodesToDraw(record, rows);

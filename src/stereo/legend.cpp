@@ -212,7 +212,10 @@ void DrawPatch(Surface& box, SymbolCode code, double left, double right, double 
                                            {centre + half, middle + halfHeight},
                                            {centre + half, middle - halfHeight},
                                            {centre - half, middle - halfHeight}}};
-    box.Polygon(corners, TableColour(gSymbolTable[kRoseBackgroundStyle][kPlaceSymbol]));
+    // Without a fill the outline alone shows the colour.
+    box.Polygon(corners, CodeSymbol(code) == kNoFill
+                             ? state.fillColour
+                             : TableColour(gSymbolTable[kRoseBackgroundStyle][kPlaceSymbol]));
 }
 
 void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {

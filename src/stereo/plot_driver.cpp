@@ -53,9 +53,15 @@ RowRange OverlayRange(const PlotRecord& record, int overlay) {
     return {first, first + record.OverlayRows[static_cast<std::size_t>(overlay)] - 1};
 }
 
+bool IsClassifiedByNumber(const PlotRecord& record) {
+    return record.ClassMode == 1;
+}
+
 bool GridIsStale(const PlotRecord& record) {
+    const bool hasValues = gGridCount[static_cast<std::size_t>(gActivePlot)] != 0;
     return gGridDensitySlider != record.GridSize || record.DensityCount != record.NumValidData
-           || record.RowsChanged != 0;
+           || record.RowsChanged != 0 || record.DensityGridFromFile
+           || hasValues != (IsClassifiedByNumber(record) && record.HasAppendedNumeric != 0);
 }
 
 void ComputeGridIfStale(const PlotRecord& record) {
@@ -68,7 +74,7 @@ void ComputeGridIfStale(const PlotRecord& record) {
 void DrawClassifiedGrid(const PlotRecord& record) {
     ComputeGridIfStale(record);
     if (record.NumClasses == 1 || record.NumClasses == 3) {
-        Run(gPlotStages.drawGridSymbols);
+        Run(gPlotStages.drawValueGrid);
     }
     if (record.NumClasses > 1) {
         Run(gPlotStages.traceContoursClassified);
@@ -151,6 +157,26 @@ void DrawPlot(bool recalculate) {
     }
 }
 
+/// The slider shows the grid of the plot in focus. Another plot that is drawn meanwhile keeps its
+/// own.
+class GridOfPlotInWork {
+public:
+    explicit GridOfPlotInWork(int gridSize)
+        : former_(gGridDensitySlider) {
+        if (gridSize > 0) {
+            gGridDensitySlider = gridSize;
+        }
+    }
+
+    ~GridOfPlotInWork() { gGridDensitySlider = former_; }
+
+    GridOfPlotInWork(const GridOfPlotInWork&) = delete;
+    GridOfPlotInWork& operator=(const GridOfPlotInWork&) = delete;
+
+private:
+    int former_;
+};
+
 std::string StatusOfPlot(const PlotRecord& record) {
     if (record.NumValidData == 0) {
         return gHintText;
@@ -180,6 +206,7 @@ void ReplotActivePlot(bool recalculate) {
 void RedrawPlot(int slot) {
     if (IsOpenSlot(slot)) {
         const PlotInWork work(slot);
+        const GridOfPlotInWork grid(RecordOf(slot).GridSize);
         DrawPlot(false);
         FormOf(slot).Show();
     }
@@ -199,7 +226,7 @@ void DrawStereoPlot(bool recalculate) {
     if (record.NumSymbolsInPlot > 0) {
         record.DensityInvalid = kTrue;
     }
-    const bool isClassified = record.ClassMode == 1;
+    const bool isClassified = IsClassifiedByNumber(record);
     if (isClassified && record.NumClasses >= 1) {
         DrawClassifiedGrid(record);
     }

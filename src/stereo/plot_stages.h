@@ -20,12 +20,14 @@ struct PlotStages {
     std::function<void()> computeGridDensity;
     std::function<void()> drawGridSymbols;
     std::function<void()> traceContours;
-    std::function<void()> traceContoursClassified;
+    std::function<void()> drawValueGrid;           ///< gridded values of a classified plot
+    std::function<void()> traceContoursClassified; ///< and their contours
     std::function<void()> drawAnnotations;
     std::function<void()> drawSmallCircles;
     std::function<void()> writeStatistics;                  ///< both statistics texts
     std::function<void(bool recalculate)> drawRose;         ///< the whole of a rose
-    std::function<double(std::int32_t row)> slipArrowAngle; ///< azimuth of a row's arrow, radians
+    std::function<void()> acceptRoseSectors;                ///< of a file: they are not asked about
+    std::function<double(std::int32_t row)> slipArrowAngle; ///< azimuth of a row's arrow, or NaN
     std::function<std::vector<LegendLine>()> bandLegend;    ///< density bands and contours
     std::function<std::vector<LegendLine>()> classLegend;   ///< classes of a classified plot
     std::function<std::vector<LegendLine>()> roseLegend;    ///< kind, classes and bias of a rose

@@ -158,9 +158,9 @@ TEST_F(Contours, EndOnThePrimitive) {
 }
 
 TEST_F(Contours, BeyondTheSixthLevelTakeTheLastStyle) {
-    EXPECT_EQ(ContourStyleOf(5, ContourStyleSource::Levels), gContourStyleTable[5]);
-    EXPECT_EQ(ContourStyleOf(6, ContourStyleSource::Levels), gContourStyleTable[5]);
-    EXPECT_EQ(ContourStyleOf(8, ContourStyleSource::Levels), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(5), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(6), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(8), gContourStyleTable[5]);
 }
 
 TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {
@@ -168,20 +168,6 @@ TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {
         for (std::size_t j = 0; j < i; ++j) {
             EXPECT_NE(gContourStyleTable[i][0], gContourStyleTable[j][0]);
         }
-    }
-}
-
-TEST_F(Contours, OfClassesTakeTheColoursOfTheClasses) {
-    MakeHill(60, 12);
-    PlotSurface().Clear(kWhite);
-    TraceContoursClassified();
-    const auto classified = DrawnOn(Net());
-    const auto plain = Trace();
-    ASSERT_EQ(classified.size(), plain.size());
-    for (std::size_t k = 0; k < plain.size(); ++k) {
-        EXPECT_EQ(classified[k].points, plain[k].points);
-        EXPECT_EQ(classified[k].colour, TableColour(gSymbolTable[39 + k][kPlaceColour]));
-        EXPECT_EQ(classified[k].state.drawStyle, kSolidLine);
     }
 }
 

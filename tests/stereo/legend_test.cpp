@@ -69,6 +69,10 @@ TEST_F(Legend, APatchHasFillAndShareOfTheWidthOfWhatItStandsFor) {
         return patch.points[1].x - patch.points[0].x;
     };
     EXPECT_NEAR(width(half[0]), width(full[0]) / 2, 1e-9);
+    EXPECT_EQ(full[0].colour, kBlack);
+    const auto open =
+        Drawn({LegendSample::Patch, MakeSymbolCode(15, kNoFill, 0), "open"}, Kind::Polygon);
+    EXPECT_EQ(open.at(0).colour, TableColour(15)) << "nothing else shows the colour";
 }
 
 TEST_F(Legend, OfAClassifiedPlotListsClassesInThePlaceOfRows) {

@@ -65,7 +65,8 @@ protected:
         };
         gPlotStages.drawGridSymbols = note("grid symbols");
         gPlotStages.traceContours = note("contours");
-        gPlotStages.traceContoursClassified = note("classified contours");
+        gPlotStages.drawValueGrid = note("value grid");
+        gPlotStages.traceContoursClassified = note("value contours");
         gPlotStages.drawAnnotations = note("annotations");
         gPlotStages.drawSmallCircles = note("small circles");
         gPlotStages.writeStatistics = note("texts");
@@ -139,12 +140,46 @@ TEST_F(PlotDriver, ClassifiedGridsTakeThePlaceOfTheRows) {
     AddRow(30, 120);
     ActiveRecord().ClassMode = 1;
     ActiveRecord().NumClasses = 3;
-    EXPECT_EQ(Replot(), (Calls{"densities", "statistics", "classes", "grid", "grid symbols",
-                               "classified contours", "annotations", "small circles", "texts"}));
+    EXPECT_EQ(Replot(), (Calls{"densities", "statistics", "classes", "grid", "value grid",
+                               "value contours", "annotations", "small circles", "texts"}));
     EXPECT_TRUE(Drawn(Kind::Markers).empty());
     ActiveRecord().NumClasses = 4;
     Replot();
     EXPECT_EQ(Drawn(Kind::Markers).size(), 1U);
+}
+
+TEST_F(PlotDriver, AnotherPlotThatIsDrawnAnewKeepsItsGrid) {
+    RecordStages();
+    AddRow(30, 120);
+    const int first = gActivePlot;
+    ActiveRecord().PlotSymbolMode = kContours;
+    gGridDensitySlider = 100;
+    Replot();
+    ASSERT_EQ(ActiveRecord().GridSize, 100);
+    gGridCount[static_cast<std::size_t>(first)] = 0;
+    NewPlot();
+    gGridDensitySlider = 50;
+    calls.clear();
+    RedrawPlot(first);
+    EXPECT_EQ(std::ranges::count(calls, "grid"), 0);
+    EXPECT_EQ(RecordOf(first).GridSize, 100);
+    EXPECT_EQ(gGridDensitySlider, 50);
+}
+
+TEST_F(PlotDriver, AClassificationThatComesOrGoesCountsTheGridAnew) {
+    RecordStages();
+    AddRow(30, 120);
+    ActiveRecord().PlotSymbolMode = kContours;
+    ActiveRecord().HasAppendedNumeric = kTrue;
+    Replot();
+    EXPECT_EQ(std::ranges::count(Replot(), "grid"), 0);
+    ActiveRecord().ClassMode = 1;
+    ActiveRecord().NumClasses = 1;
+    EXPECT_EQ(std::ranges::count(Replot(), "grid"), 1);
+    gGridCount[static_cast<std::size_t>(gActivePlot)] = kTrue;
+    EXPECT_EQ(std::ranges::count(Replot(), "grid"), 0);
+    ActiveRecord().ClassMode = 0;
+    EXPECT_EQ(std::ranges::count(Replot(), "grid"), 1);
 }
 
 TEST_F(PlotDriver, ARoseIsDrawnByItsOwnStage) {
