@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+
+#include "classify/class_limits.h"
+
+#include "core/appended_number.h"
+#include "core/messages.h"
+#include "orientation/number_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kTooFewClasses = "You must select at least two classes for this option.";
+constexpr int kShownDigits = 7; ///< what a narrow number can hold
+constexpr int kShortDigits = 5;
+
+std::size_t At(int place) {
+    return static_cast<std::size_t>(place);
+}
+
+/// A value with so many significant digits, but its whole part in full.
+std::string TextOfDigits(double value, int digits) {
+    const int whole = value == 0 ? 0 : static_cast<int>(std::floor(std::log10(std::abs(value))));
+    constexpr int kMostDecimals = 15;
+    if (whole >= kMostDecimals) {
+        return FormatNumber(value, "General Number");
+    }
+    const int decimals = std::clamp(digits - 1 - whole, 0, kMostDecimals);
+    return FormatNumber(value, "0." + std::string(At(decimals), '#'));
+}
+
+/// Digits of a written number without leading zeros.
+int SignificantDigits(const std::string& text) {
+    const std::size_t first = text.find_first_of("123456789");
+    if (first == std::string::npos) {
+        return 0;
+    }
+    return static_cast<int>(std::count_if(text.begin() + static_cast<std::ptrdiff_t>(first),
+                                          text.end(), [](char c) { return c >= '0' && c <= '9'; }));
+}
+
+/// A name with what it is ordered by.
+struct OrderedName {
+    std::string name;
+    std::string folded;
+    std::optional<double> number;
+};
+
+bool StandsBefore(const OrderedName& a, const OrderedName& b) {
+    if (a.number && b.number) {
+        return *a.number < *b.number;
+    }
+    if (a.number.has_value() != b.number.has_value()) {
+        return a.number.has_value();
+    }
+    return a.folded < b.folded;
+}
+
+} // namespace
+
+double LowerLimit(const ClassLimits& limits, int k) {
+    return limits.limits[At(std::clamp(k - 1, 0, kMostRanges - 1))];
+}
+
+double UpperLimit(const ClassLimits& limits, int k) {
+    return k >= limits.base ? limits.top : limits.limits[At(std::clamp(k, 0, kMostRanges - 1))];
+}
+
+ClassLimits EqualRanges(double least, double greatest, int classes) {
+    ClassLimits result;
+    result.base = std::clamp(classes, 1, kMostRanges);
+    for (int k = 0; k < result.base; ++k) {
+        result.limits[At(k)] = least + k * (greatest - least) / result.base;
+    }
+    result.top = greatest;
+    return result;
+}
+
+Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes) {
+    if (classes < 2) {
+        return Failure{kTooFewClasses};
+    }
+    ClassLimits result;
+    result.base = std::min(classes, kMostRanges);
+    const auto limit = [&](int k) { return mean + (k - result.base / 2.0) * deviation; };
+    for (int k = 0; k < result.base; ++k) {
+        result.limits[At(k)] = limit(k);
+    }
+    result.top = limit(result.base);
+    return result;
+}
+
+ClassLimits ValueRanges(std::span<const double> values) {
+    std::vector<double> sorted(values.begin(), values.end());
+    sorted.resize(std::clamp(sorted.size(), At(1), At(kMostRanges)));
+    std::ranges::sort(sorted);
+    ClassLimits result;
+    result.base = static_cast<int>(sorted.size());
+    std::ranges::copy(sorted, result.limits.begin());
+    result.top = sorted.back();
+    return result;
+}
+
+std::vector<std::string> OrderNames(std::vector<std::string> names, NameOrder order) {
+    if (order == NameOrder::FirstFound) {
+        return names;
+    }
+    std::vector<OrderedName> ordered;
+    for (std::string& name : names) {
+        const std::optional<double> number = ParseAppendedNumber(name);
+        std::string folded = LowerCase(name);
+        ordered.push_back({std::move(name), std::move(folded), number});
+    }
+    std::ranges::stable_sort(ordered, [order](const OrderedName& a, const OrderedName& b) {
+        return order == NameOrder::Ascending ? StandsBefore(a, b) : StandsBefore(b, a);
+    });
+    std::ranges::transform(ordered, names.begin(), [](OrderedName& held) { return held.name; });
+    return names;
+}
+
+ClassTableCells DefaultClassTable(double lowestNumber, double lowestTextNumber) {
+    ClassTableCells table;
+    table[0][kNumberClasses] = std::int16_t{0};
+    table[0][kTextNumberClasses] = std::int16_t{0};
+    table[1][kNumberClasses] = lowestNumber;
+    table[1][kTextNumberClasses] = lowestTextNumber;
+    table[11][kNumberClasses] = kOpenTop;
+    table[11][kTextNumberClasses] = kOpenTop;
+    table[12][kNumberClasses] = std::int16_t{1};
+    return table;
+}
+
+std::string LimitText(double limit) {
+    std::string text = TextOfDigits(limit, kShownDigits);
+    return SignificantDigits(text) < kShownDigits ? text : TextOfDigits(limit, kShortDigits);
+}
+
+std::string DeviationLimitText(double limit, double deviation) {
+    constexpr double kCoarse = 10;
+    constexpr double kFinest = 0.01;
+    if (std::abs(deviation) < kFinest) {
+        return LimitText(limit);
+    }
+    return FormatNumber(limit, std::abs(deviation) < kCoarse ? "0.0##" : "0.0");
+}
+
+} // namespace quandrel

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+//
+// Where classes part: the procedures that propose limits and names, and the text of a limit.
+//
+// Limits are never rounded to what is shown, so that no value falls out of the outer classes by the
+// rounding of a text.
+
+#pragma once
+
+#include "classify/class_rule.h"
+#include "core/result.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+/// Limits of ranges.
+struct ClassLimits {
+    int base = 0;                             ///< classes, 0 to kMostRanges
+    std::array<double, kMostRanges> limits{}; ///< [0] the lowest, [k] the upper one of class k; of
+                                              ///< classes before the last alone
+    double top = 0;                           ///< upper limit of the last class
+};
+
+/// Lower and upper limit of class k, 1 to base. The one class of base 0 reaches from the lowest to
+/// the top limit.
+[[nodiscard]] double LowerLimit(const ClassLimits& limits, int k);
+[[nodiscard]] double UpperLimit(const ClassLimits& limits, int k);
+
+/// Classes of one width from the least value to the greatest.
+///
+/// @param classes  clamped to 1 to kMostRanges
+[[nodiscard]] ClassLimits EqualRanges(double least, double greatest, int classes);
+
+/// Classes one standard deviation wide, as many below the mean as above it.
+///
+/// @param classes  clamped to kMostRanges
+/// @return below 2 classes, a text for the user
+[[nodiscard]] Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes);
+
+/// Classes that begin at the values given, in ascending order whatever theirs is, so that each of
+/// them has a class. The last class is its value alone.
+///
+/// @param values  of which the first kMostRanges count; none gives one class at 0
+[[nodiscard]] ClassLimits ValueRanges(std::span<const double> values);
+
+enum class NameOrder { FirstFound, Ascending, Descending };
+
+/// Names in an order.
+///
+/// @param names  in the order in which they were found
+/// Without case; names alike but for case keep the order found. Names that are numbers, by the
+/// regional delimiter, stand by their value and before the others in ascending order.
+[[nodiscard]] std::vector<std::string> OrderNames(std::vector<std::string> names, NameOrder order);
+
+/// The table of a plot that was not classified yet: the lowest limits, a top that no datum reaches,
+/// and low values of appended numbers kept as a class.
+[[nodiscard]] ClassTableCells DefaultClassTable(double lowestNumber, double lowestTextNumber);
+
+inline constexpr double kOpenTop = 999999; ///< top limit of DefaultClassTable
+
+/// A limit as a box and the legend show it: as short as seven digits allow without loss, else with
+/// five digits, the whole part never cut: "2.1", "3.3333", "0.00012", "1234567".
+[[nodiscard]] std::string LimitText(double limit);
+
+/// A limit of DeviationSplits as a box shows it: one decimal, up to three when the deviation is
+/// below 10, and as LimitText when it is so small that limits would look alike.
+[[nodiscard]] std::string DeviationLimitText(double limit, double deviation);
+
+} // namespace quandrel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+//
+// The classification dialog without its window: what it shows of the active plot, how its
+// procedures fill limits and names, what may be chosen, and what OK does.
+//
+// Settings are a copy: nothing changes in the plot before ApplyClassSettings.
+
+#pragma once
+
+#include "classify/class_limits.h"
+#include "classify/class_rule.h"
+#include "classify/classification.h"
+#include "core/class_stats.h"
+#include "core/plot_record.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quandrel {
+
+/// What a plot that is classified by its appended numbers shows: NumClasses.
+enum ClassPlotType : std::int16_t {
+    kClassifiedPoints = 0,
+    kGriddedValues = 1,
+    kContouredGriddedValues = 2,
+    kContoursWithGridPoints = 3,
+    kContoursWithDataPoints = 4,
+};
+
+/// Ranges of a column of numbers and the classes outside of them.
+struct ClassRanges {
+    ClassLimits limits;
+    bool keepLow = false;
+    bool keepHigh = false;
+};
+
+struct ClassSettings {
+    std::int16_t mode = kNotClassified;        ///< ClassModeCode
+    std::int16_t plotType = kClassifiedPoints; ///< ClassPlotType, of kClassesByNumber alone
+    ClassRanges numbers;                       ///< of appended numbers
+    ClassRanges textNumbers;                   ///< of texts read as numbers
+    int types = 0;                             ///< names that are classes, 0 to kMostNames
+    std::array<std::string, kMostNames> names;
+    bool keepOthers = false;     ///< names that fit none are a class
+    bool treatAsNumeric = false; ///< texts are numbers; modes 2 and 3 decide it
+    bool caseSensitive = false;
+    ClassGridValue gridValue = ClassGridValue::Mean;
+    std::optional<double> background = 0; ///< of nodes without rows; none: contours end there
+};
+
+/// The settings of gActivePlot. A plot that was never classified shows its lowest value as lowest
+/// limit. Texts have one number of classes and one pair of flags in the record: what is shared
+/// shows in both textNumbers and names.
+[[nodiscard]] ClassSettings SettingsOfActivePlot();
+
+/// A class table with the settings written in. Cells that no setting stands for keep their values.
+[[nodiscard]] ClassTableCells TableOfSettings(const ClassSettings& settings,
+                                              const ClassTableCells& former);
+
+enum class RangeProcedure { EqualRanges, DeviationSplits, LastUsed, Custom };
+enum class TypeProcedure { FirstFound, Ascending, Descending, LastUsed, Custom };
+
+/// Captions of the procedures, in the order of their values.
+inline constexpr std::array<std::string_view, 4> kRangeProcedures = {
+    "Equal Ranges", "StdDev splits", "Last Used", "Custom!"};
+inline constexpr std::array<std::string_view, 5> kTypeProcedures = {
+    "First found", "Ascending", "Descending", "Last Used", "Custom!"};
+
+/// Fills settings.numbers from the appended numbers of gActivePlot; LastUsed and Custom change
+/// nothing but the number of classes. A column without numbers gives 0 to 0.
+///
+/// @param classes  base classes, clamped to 1 to kMostRanges
+/// @return empty, or why nothing was changed
+[[nodiscard]] std::string FillRanges(ClassSettings& settings, RangeProcedure procedure,
+                                     int classes);
+
+/// Fills names and settings.textNumbers from the appended texts of gActivePlot: the first eleven
+/// different ones, ordered, then as many as there are classes. Ranges are of those texts that are
+/// numbers. LastUsed and Custom change nothing but the number of classes.
+///
+/// @param classes  clamped to 1 to kMostNames
+void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
+
+/// Takes another number of classes without moving a limit: the top stays the top.
+void SetNumberOfRanges(ClassLimits& limits, int classes);
+
+/// What the user typed into the box of a limit. A box that shows what it was given keeps the held
+/// value in full; an empty one and one that is no number give nothing.
+///
+/// @param shown  the text that the box was given for `held`
+[[nodiscard]] std::optional<double> LimitOfBox(std::string_view text, std::string_view shown,
+                                               double held);
+
+/// What of the dialog can be used.
+struct ClassChoices {
+    bool byNumber = false; ///< the plot has appended numbers
+    bool byType = false;   ///< it has appended texts
+    bool ranges = false;   ///< limits and procedures of numbers
+    bool types = false;    ///< names, or ranges of texts, and their procedures
+    bool treatAsNumeric = false;
+    bool caseSensitive = false;
+    bool plotType = false;
+    bool gridValues = false; ///< mean or cumulative
+    bool background = false;
+};
+
+/// @param record  which columns there are
+[[nodiscard]] ClassChoices ChoicesOf(const ClassSettings& settings, const PlotRecord& record);
+
+/// The OK of the dialog: writes the settings into gActivePlot, classifies its rows, draws it anew,
+/// and warns when hardly any number could be read.
+///
+/// @return empty, or why the settings were refused; then nothing has changed
+[[nodiscard]] std::string ApplyClassSettings(const ClassSettings& settings);
+
+} // namespace quandrel

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+
+#include "classify/classification.h"
+
+#include "classify/class_limits.h"
+#include "classify/column_statistics.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "stereo/symbols.h"
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kFirstShape = 2; ///< symbol codes of the shapes
+constexpr int kShapes = 16;
+constexpr double kShareWithoutWarning = 0.7;
+constexpr const char* kOtherData = "Other data";
+
+/// A shape some steps further on. Codes that are no shape stay.
+int LaterShape(int symbol, int steps) {
+    const bool isShape = symbol >= kFirstShape && symbol < kFirstShape + kShapes;
+    return isShape ? (symbol - kFirstShape + steps) % kShapes + kFirstShape : symbol;
+}
+
+int ClassOfValue(const ClassRule& rule, const std::optional<double>& value) {
+    if (!value) {
+        return rule.keepLow ? 1 : 0;
+    }
+    return ClassOfNumber(rule, *value);
+}
+
+std::optional<double> NumberOfRow(ClassColumn column, std::int32_t row) {
+    return column == kNumberClasses ? AppendedNumberOfRow(row) : AppendedTextNumberOfRow(row);
+}
+
+void RestoreSymbols(const PlotRecord& record) {
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        gDataSymbol.At(gActivePlot, row) = gDataSymbolBase(gActivePlot, row);
+    }
+}
+
+std::string LimitLabel(const ClassTableCells& table, std::size_t row, ClassColumn column) {
+    return LimitText(NumberOf(table[row][column]));
+}
+
+/// "lo-hi" of a base class, counted from 1; a class of one value is that value.
+std::string RangeLabel(const ClassTableCells& table, ClassColumn column, int base, int k) {
+    constexpr std::size_t kTopRow = 11;
+    const std::string low = LimitLabel(table, static_cast<std::size_t>(k), column);
+    const std::string high =
+        LimitLabel(table, k < base ? static_cast<std::size_t>(k) + 1 : kTopRow, column);
+    return low == high ? low : low + "-" + high;
+}
+
+} // namespace
+
+std::optional<ClassColumn> ColumnOfClassMode(int mode) {
+    switch (mode) {
+    case kClassesByNumber:
+        return kNumberClasses;
+    case kClassesByTextNumber:
+        return kTextNumberClasses;
+    case kClassesByName:
+        return kNameClasses;
+    default:
+        return std::nullopt;
+    }
+}
+
+int ClassOfRow(const ClassRule& rule, std::int32_t row) {
+    if (gDataDip(gActivePlot, row) == kErrorRow) {
+        return 0;
+    }
+    if (rule.column == kNameClasses) {
+        const bool hasTexts = ActiveRecord().HasAppendedText != 0;
+        return ClassOfName(rule, hasTexts ? gAppText(gActivePlot, row) : std::string_view());
+    }
+    return ClassOfValue(rule, NumberOfRow(rule.column, row));
+}
+
+int ClassifyRow(std::int32_t row, int mode) {
+    const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
+    return column ? ClassOfRow(RuleOfClassTable(ActiveRecord().ClassTable, *column), row) : 0;
+}
+
+std::vector<std::int32_t> RowsOfClasses(int mode) {
+    const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
+    if (!column) {
+        return {};
+    }
+    const PlotRecord& record = ActiveRecord();
+    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    std::vector<std::int32_t> rows(static_cast<std::size_t>(LastClass(rule)) + 1);
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        if (gDataDip(gActivePlot, row) != kErrorRow) {
+            ++rows[static_cast<std::size_t>(ClassOfRow(rule, row))];
+        }
+    }
+    return rows;
+}
+
+SymbolCode CodeOfClass(int classNumber) {
+    const int place = classNumber - 1;
+    const SymbolCode code = CodeOfStyleRow(kFirstClassStyle + place % kClassStyles);
+    const int rounds = place / kClassStyles;
+    return MakeSymbolCode(CodeColour(code), LaterShape(CodeSymbol(code), rounds), CodeSize(code));
+}
+
+void ApplyClassification(std::int16_t mode) {
+    PlotRecord& record = ActiveRecord();
+    record.NumClassified = 0;
+    const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
+    if (!column) {
+        RestoreSymbols(record);
+        return;
+    }
+    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    std::vector<SymbolCode> codes = {0};
+    for (int classNumber = 1; classNumber <= LastClass(rule); ++classNumber) {
+        codes.push_back(CodeOfClass(classNumber));
+    }
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        const auto classNumber = static_cast<std::size_t>(ClassOfRow(rule, row));
+        gDataSymbol.At(gActivePlot, row) = codes[classNumber];
+        record.NumClassified += classNumber > 0 ? 1 : 0;
+    }
+}
+
+void RefreshClassification() {
+    if (ActiveRecord().ClassMode > kNotClassified) {
+        ApplyClassification(ActiveRecord().ClassMode);
+    }
+}
+
+std::string ClassLabel(const ClassTableCells& table, ClassColumn column, int classNumber) {
+    const ClassRule rule = RuleOfClassTable(table, column);
+    if (column == kNameClasses) {
+        return classNumber == 1 ? kOtherData
+                                : TextOf(table[static_cast<std::size_t>(classNumber) - 1][column]);
+    }
+    if (classNumber == 1) {
+        return rule.base > 0 ? "< " + LimitLabel(table, 1, column)
+                             : RangeLabel(table, column, 1, 1);
+    }
+    if (classNumber > rule.base + 1) {
+        return "> " + LimitLabel(table, 11, column);
+    }
+    return RangeLabel(table, column, rule.base, classNumber - 1);
+}
+
+bool DecimalWarningNeeded(ClassColumn column) {
+    const PlotRecord& record = ActiveRecord();
+    if (column == kNameClasses || record.NumValidData < 1
+        || static_cast<double>(record.NumClassified) / record.NumValidData
+               >= kShareWithoutWarning) {
+        return false;
+    }
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        if (gDataDip(gActivePlot, row) != kErrorRow && !NumberOfRow(column, row)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string DecimalWarningText() {
+    const PlotRecord& record = ActiveRecord();
+    const double share =
+        record.NumValidData > 0 ? 100.0 * record.NumClassified / record.NumValidData : 0;
+    return "Only " + FormatNumber(share, "#0.0")
+           + "% of your Appended data contributed valid values to the classification. \n"
+             "The problem appears to be that the decimal values in your Appended data "
+             "do not appear to use "
+           + (gDecimalIsComma ? "comma " : "period ")
+           + "decimal delimiters consistent with your Windows Regional Settings.\n"
+             "If this is a problem then you either need to change the delimiter in your data "
+             "or reset the Regional Settings from the Windows Control Panel.";
+}
+
+} // namespace quandrel
