@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+//
+// Counting rows into the sectors of a rose: from columns of a plot to the tables of rose_tables.h.
+
+#pragma once
+
+#include "rose/bias_weights.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_tables.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+/// The most observations whose azimuths are listed: beyond it the list stays empty, and there is no
+/// median.
+inline constexpr double kMostListedAngles = 1e7;
+
+/// Values of a larger size are no valid values: their sums and squares would leave all numbers.
+inline constexpr double kLargestRoseValue = 1e100;
+
+/// Class of a row that has no valid value to be classified by; 0 is a value in no class.
+inline constexpr std::int16_t kNoClassValue = -1;
+
+struct RoseCountSettings {
+    int kind = kRoseFrequency; ///< RoseKindCode
+    SectorLayout layout;
+    bool strikes = false;  ///< azimuths are dip directions, and the rose shows strikes
+    bool grouped = false;  ///< the number of a row is its count of observations
+    int classes = 1;       ///< m
+    BiasSettings bias;     ///< plays a part in the first three kinds
+    DegreeLine sampleLine; ///< of all rows, unless each has its own
+};
+
+/// The columns of the rows to count. All hold dips.size() values; those behind the first two may
+/// also be empty.
+struct RoseRows {
+    std::span<const std::int32_t> dips;        ///< or plunges; kErrorRow is not counted
+    std::span<const std::int32_t> azimuths;    ///< whole degrees
+    std::span<const float> numbers;            ///< appended numbers; kInvalidNumber is no value
+    std::span<const double> textNumbers;       ///< wind speeds; NaN is no value
+    std::span<const std::int16_t> classes;     ///< 1 to m, 0 or kNoClassValue; empty: all are in 1
+    std::span<const std::int32_t> linePlunges; ///< appended lines; below -90 is no line
+    std::span<const std::int32_t> lineTrends;
+};
+
+/// What a rose is drawn and described from.
+struct RoseTables {
+    RoseSectorTable sectors;
+    RoseSectorStats stats;
+    RoseTrigSums trigSums{};
+    std::vector<double> angles{0.0};
+    Table<double, 7, 3> totals{}; ///< RoseStats of the record
+    std::int32_t leftOut = 0;     ///< rows without a value that the kind needs
+    std::int32_t rowsCounted = 0; ///< rows that stand in a class
+};
+
+/// Counts rows into the sectors of a layout.
+///
+/// Kinds that draw a value leave out rows without a valid one. A negative count of observations is
+/// not valid; the fraction of a count is cut off. In grouped data each observation has the azimuth
+/// and the value of its row, and means are over observations. Under bias weights the mean is
+/// sum(w v) / sum(w), and the variance N / (N - 1) sum(w (v - mean)^2) / sum(w), N the number of
+/// observations.
+///
+/// O(rows); deviations by a running mean (D. H. D. West, Updating mean and variance estimates,
+/// Comm. ACM 22 (1979)).
+[[nodiscard]] RoseTables CountRoseRows(const RoseCountSettings& settings, const RoseRows& rows);
+
+} // namespace quandrel

@@ -1,0 +1,373 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_sectors.h"
+
+#include "classify/class_rule.h"
+#include "core/appended_number.h"
+#include "core/data_format.h"
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "rose/rose_count.h"
+#include "rose/rose_tables.h"
+#include "stereo/draw_target.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kFullTurn = 360;
+constexpr double kHalfTurn = 180;
+
+// Sizes such as 360 / 7 meet their edges only but for rounding: so near, an edge is met.
+constexpr double kEdgeTolerance = 1e-9;
+
+constexpr const char* kOddSizeQuestion =
+    "Because you have chosen an odd sector size\n"
+    "one sector will be smaller than the others.Continue anyway?";
+constexpr const char* kNoLinesText =
+    "These data have no appended lines to be used as sample lines.\n"
+    "The rose is drawn without a bias correction.";
+
+/// RoseSamplePlunge when each row has its own sample line.
+constexpr std::int16_t kOwnPlunge = -9999;
+
+/// Different texts whose classes are remembered.
+constexpr std::size_t kRememberedNames = 1000;
+
+/// Sizes of a smaller last sector that the user accepted, by slot.
+std::map<int, double>& AcceptedSizes() {
+    static std::map<int, double> sizes;
+    return sizes;
+}
+
+/// The value, or the whole number that it is but for rounding.
+double Snapped(double value) {
+    const double whole = RoundToEven(value);
+    return std::abs(value - whole) < kEdgeTolerance ? whole : value;
+}
+
+double StartMath(double startAzimuth, double size) {
+    const double start = (startAzimuth <= 90 ? 90 : 450) - startAzimuth - size;
+    return start < 0 ? start + kFullTurn : start;
+}
+
+/// The one of a sector and its opposite that both are counted in.
+int SectorOfPair(const SectorLayout& layout, int sector) {
+    const int half = layout.sectors / 2;
+    const int lower = sector > half ? sector - half : sector;
+    // Sector 1 ends one size clockwise from the start.
+    const double end = layout.startAzimuth + (2 - lower) * layout.size;
+    const double turns = Snapped(end / kHalfTurn);
+    // Above 0 and at 180 at most, after whole turns: the first half, its end included.
+    const auto halfTurns = static_cast<long>(std::ceil(turns));
+    return halfTurns % 2 != 0 ? lower : lower + half;
+}
+
+/// True when the user has accepted a smaller last sector, or need not be asked.
+bool AcceptsDivision(const SectorDivision& division) {
+    if (division.oddSize == 0 || gRoseOddAsked || IsDrawingElsewhere()) {
+        return true;
+    }
+    const auto accepted = AcceptedSizes().find(gActivePlot);
+    if (accepted != AcceptedSizes().end() && accepted->second == division.size) {
+        return true;
+    }
+    gRoseOddAsked = AskToGoOn(kOddSizeQuestion);
+    if (gRoseOddAsked) {
+        AcceptedSizes()[gActivePlot] = division.size;
+    }
+    return gRoseOddAsked;
+}
+
+bool DrawsWind(const PlotRecord& record) {
+    const int kind = RoseKindOf(record.RoseType);
+    return kind >= kRoseWindSpeed && kind <= kRoseOverlaidWind;
+}
+
+std::optional<ClassColumn> ClassColumnOf(const PlotRecord& record) {
+    switch (RoseClassOf(record.RoseType)) {
+    case kRoseByLength:
+        return kNumberClasses;
+    case kRoseByType:
+        return NumberOf(record.ClassTable[0][kNameClasses]) == 1 ? kTextNumberClasses
+                                                                 : kNameClasses;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// Cells 1 to `count` of a column; behind the rows that it has grown to they are copied to
+/// `storage`.
+template <class T>
+std::span<const T> RowsOf(const DataColumn<T>& column, std::size_t count, std::vector<T>& storage) {
+    const std::span<const T> cells = column.Rows(gActivePlot);
+    if (cells.size() > count) {
+        return cells.subspan(1, count);
+    }
+    storage.assign(count, T{});
+    if (cells.size() > 1) {
+        std::copy(cells.begin() + 1, cells.end(), storage.begin());
+    }
+    return storage;
+}
+
+/// The columns of the main rows of gActivePlot, as far as its rose needs them.
+class GatheredRows {
+public:
+    explicit GatheredRows(const PlotRecord& record)
+        : count_(static_cast<std::size_t>(std::max(record.NumData, 0))) {
+        GatherOrientations(record);
+        if (record.HasAppendedNumeric != 0) {
+            rows_.numbers = RowsOf(gAppNumeric, count_, numbers_);
+        }
+        if (record.HasAppendedLine != 0) {
+            rows_.linePlunges = RowsOf(gAppLineDip, count_, linePlunges_);
+            rows_.lineTrends = RowsOf(gAppLineAz, count_, lineTrends_);
+        }
+        const std::optional<ClassColumn> column = ClassColumnOf(record);
+        if (DrawsWind(record) || column == kTextNumberClasses) {
+            ReadTexts();
+        }
+        if (column) {
+            Classify(RuleOfClassTable(record.ClassTable, *column));
+        }
+    }
+
+    GatheredRows(const GatheredRows&) = delete;
+    GatheredRows& operator=(const GatheredRows&) = delete;
+
+    [[nodiscard]] const RoseRows& Rows() const { return rows_; }
+
+private:
+    void GatherOrientations(const PlotRecord& record);
+    void ReadTexts();
+    void Classify(const ClassRule& rule);
+    [[nodiscard]] int ClassOfRow(const ClassRule& rule, std::size_t row);
+    [[nodiscard]] int RememberedClass(const ClassRule& rule, std::string_view text);
+
+    std::size_t count_;
+    RoseRows rows_;
+    std::vector<std::int32_t> dips_;
+    std::vector<std::int32_t> azimuths_;
+    std::vector<float> numbers_;
+    std::vector<double> textNumbers_;
+    std::vector<std::int16_t> classes_;
+    std::vector<std::int32_t> linePlunges_;
+    std::vector<std::int32_t> lineTrends_;
+    std::unordered_map<std::string_view, int> classOfText_;
+};
+
+void GatheredRows::GatherOrientations(const PlotRecord& record) {
+    if (record.ShowSecondary == 0) {
+        rows_.dips = RowsOf(gDataDip, count_, dips_);
+        rows_.azimuths = RowsOf(gDataAz, count_, azimuths_);
+        return;
+    }
+    dips_.resize(count_);
+    azimuths_.resize(count_);
+    for (std::size_t row = 0; row < count_; ++row) {
+        const ShownOrientation shown =
+            OrientationShown(gActivePlot, static_cast<std::int32_t>(row) + 1);
+        dips_[row] = shown.dip;
+        azimuths_[row] = shown.azimuth;
+    }
+    rows_.dips = dips_;
+    rows_.azimuths = azimuths_;
+}
+
+void GatheredRows::ReadTexts() {
+    textNumbers_.resize(count_);
+    for (std::size_t row = 0; row < count_; ++row) {
+        textNumbers_[row] =
+            ParseAppendedNumber(gAppText(gActivePlot, static_cast<std::int32_t>(row) + 1))
+                .value_or(std::numeric_limits<double>::quiet_NaN());
+    }
+    rows_.textNumbers = textNumbers_;
+}
+
+void GatheredRows::Classify(const ClassRule& rule) {
+    classes_.resize(count_);
+    for (std::size_t row = 0; row < count_; ++row) {
+        classes_[row] = static_cast<std::int16_t>(ClassOfRow(rule, row));
+    }
+    rows_.classes = classes_;
+}
+
+int GatheredRows::ClassOfRow(const ClassRule& rule, std::size_t row) {
+    switch (rule.column) {
+    case kNumberClasses: {
+        const float number = rows_.numbers.empty() ? kInvalidNumber : rows_.numbers[row];
+        if (number == kInvalidNumber) {
+            return rule.keepLow ? 1 : kNoClassValue; // what is not known is with the low ones
+        }
+        return ClassOfNumber(rule, static_cast<double>(number));
+    }
+    case kTextNumberClasses:
+        return std::isnan(textNumbers_[row]) ? kNoClassValue
+                                             : ClassOfNumber(rule, textNumbers_[row]);
+    default:
+        return RememberedClass(rule, gAppText(gActivePlot, static_cast<std::int32_t>(row) + 1));
+    }
+}
+
+/// The class of a name; there are few different ones as a rule, and comparing takes its time.
+int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) {
+    const auto known = classOfText_.find(text);
+    if (known != classOfText_.end()) {
+        return known->second;
+    }
+    const int classNumber = ClassOfName(rule, text);
+    if (classOfText_.size() < kRememberedNames) {
+        classOfText_.emplace(text, classNumber);
+    }
+    return classNumber;
+}
+
+bool IsCorrectedForBias(const PlotRecord& record) {
+    return record.RoseBiasMode != kNoBias && RoseKindOf(record.RoseType) <= kRoseMeanValue;
+}
+
+/// Takes back a bias correction that the rows do not allow.
+void CheckBias(PlotRecord& record) {
+    if (!IsCorrectedForBias(record)) {
+        return;
+    }
+    if (record.RoseSamplePlunge == kOwnPlunge && record.HasAppendedLine == 0) {
+        record.RoseBiasMode = kNoBias;
+        if (!IsDrawingElsewhere()) {
+            Tell(kNoLinesText);
+        }
+    } else if (record.ShowSecondary == 0 && record.PrimaryFormat <= kDirections) {
+        record.RoseBiasMode = kHorizontalAngle; // there is no dip to make an angle in space
+    }
+}
+
+RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layout) {
+    RoseCountSettings settings;
+    settings.kind = RoseKindOf(record.RoseType);
+    settings.layout = layout;
+    settings.strikes = record.DataKind == kPlanes;
+    settings.grouped = record.HasFrequencyColumn != 0;
+    if (const std::optional<ClassColumn> column = ClassColumnOf(record)) {
+        settings.classes = LastClass(RuleOfClassTable(record.ClassTable, *column));
+    }
+    settings.bias = {record.RoseBiasMode, settings.strikes, record.RoseMinBiasAngle,
+                     record.RoseSamplePlunge == kOwnPlunge};
+    settings.sampleLine = {record.RoseSamplePlunge, record.RoseSampleTrend};
+    return settings;
+}
+
+void Store(RoseTables tables, const SectorLayout& layout, PlotRecord& record) {
+    gRoseSectors = std::move(tables.sectors);
+    gRoseSectorStats = std::move(tables.stats);
+    gRoseTrigSums = tables.trigSums;
+    gRoseAngles = std::move(tables.angles);
+    gRoseDirectional = layout.directional;
+    gRoseStartMath = layout.startMath;
+    gRoseLeftOut = tables.leftOut;
+    gRoseTablesSlot = gActivePlot;
+    record.RoseStats = tables.totals;
+    if (RoseClassOf(record.RoseType) != kRoseUnclassified) {
+        record.NumClassified = tables.rowsCounted;
+    }
+}
+
+} // namespace
+
+double WrapDegrees(double azimuth) {
+    if (!std::isfinite(azimuth) || (azimuth >= 0 && azimuth <= kFullTurn)) {
+        return azimuth;
+    }
+    const double turned = std::fmod(azimuth, kFullTurn);
+    if (azimuth > kFullTurn) {
+        return turned == 0 ? kFullTurn : turned; // Kept: a full turn does not become 0
+    }
+    return turned == 0 ? 0 : turned + kFullTurn;
+}
+
+SectorDivision DivideCircle(double size) {
+    SectorDivision division;
+    division.size = size >= 1 ? std::min(size, kFullTurn) : 1.0;
+    division.sectors = static_cast<int>(Snapped(kFullTurn / division.size));
+    division.oddSize = RoundToEven(kFullTurn - division.sectors * division.size);
+    if (division.oddSize != 0) {
+        ++division.sectors;
+    }
+    return division;
+}
+
+SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth, bool directional) {
+    SectorLayout layout;
+    layout.size = division.size;
+    layout.sectors = division.sectors;
+    layout.startAzimuth = std::isfinite(startAzimuth) ? WrapDegrees(startAzimuth) : 0;
+    layout.startMath = StartMath(layout.startAzimuth, layout.size);
+    layout.directional = directional;
+    layout.pairs = !directional && division.oddSize == 0 && division.sectors % 2 == 0;
+    return layout;
+}
+
+SectorLayout LayoutOfRose(const PlotRecord& record) {
+    return LayOutSectors(DivideCircle(record.RoseSectorSize), record.RoseStartAngle,
+                         record.DataKind == kPolarLines);
+}
+
+double FoldedAzimuth(double azimuth, bool directional) {
+    const double wrapped = WrapDegrees(azimuth);
+    return directional ? wrapped : std::fmod(wrapped, kHalfTurn);
+}
+
+int SectorOfAzimuth(const SectorLayout& layout, double azimuth) {
+    const double folded = FoldedAzimuth(azimuth, layout.directional);
+    double beyondStart = (folded <= 90 ? 90 : 450) - folded - layout.startMath;
+    if (beyondStart < -kEdgeTolerance) {
+        beyondStart += kFullTurn;
+    }
+    const int sector = static_cast<int>(Snapped(beyondStart / layout.size)) + 1;
+    const int counted = std::clamp(sector, 1, layout.sectors);
+    return layout.pairs ? SectorOfPair(layout, counted) : counted;
+}
+
+bool RoseCountSectors() {
+    PlotRecord& record = ActiveRecord();
+    if (record.NumValidData <= 0) {
+        return true;
+    }
+    const SectorDivision division = DivideCircle(record.RoseSectorSize);
+    if (!AcceptsDivision(division)) {
+        return false;
+    }
+    record.RoseSectorSize = division.size;
+    if (division.oddSize != 0) {
+        record.RoseOddSectorSize = division.oddSize; // Kept: not cleared when all are equal
+    }
+    CheckBias(record);
+    const SectorLayout layout = LayoutOfRose(record);
+    const GatheredRows rows(record);
+    Store(CountRoseRows(SettingsOf(record, layout), rows.Rows()), layout, record);
+    gRoseOddAsked = false;
+    return true;
+}
+
+void AcceptSectorSize() {
+    AcceptedSizes()[gActivePlot] = DivideCircle(ActiveRecord().RoseSectorSize).size;
+}
+
+void ForgetAcceptedSectorSize(int slot) {
+    AcceptedSizes().erase(slot == 0 ? gActivePlot : slot);
+}
+
+} // namespace quandrel

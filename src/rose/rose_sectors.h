@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+//
+// The sectors of a rose and the pass that fills its tables with the rows of a plot.
+//
+// Degrees throughout. Azimuths run clockwise from north; math angles run counter-clockwise from
+// east, and so do the sectors: sector 1 is the first one clockwise from the start azimuth, sector 2
+// the first one counter-clockwise from it. A datum on an edge belongs to the sector that ends there
+// in azimuth: 10 lies in the sector from 0 to 10.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+namespace quandrel {
+
+/// Brings an azimuth in degrees into 0 to 360 by whole turns. Exactly 360 stays 360; a value that
+/// is not finite is left alone.
+[[nodiscard]] double WrapDegrees(double azimuth);
+
+/// How a sector size divides the circle.
+struct SectorDivision {
+    double size = 10;   ///< 1 to 360
+    int sectors = 36;   ///< the smaller last one included
+    double oddSize = 0; ///< whole degrees of the smaller last sector, 0 when there is none
+};
+
+/// Division by a size; one below 1 counts as 1, one above 360 as 360. A remainder is rounded to
+/// whole degrees, half-way cases to even: one of at most half a degree counts as none.
+[[nodiscard]] SectorDivision DivideCircle(double size);
+
+/// Where the sectors of a rose lie.
+struct SectorLayout {
+    double size = 10;
+    int sectors = 36;
+    double startAzimuth = 0;
+    double startMath = 80;    ///< math angle where sector 1 starts, 0 to 360
+    bool directional = false; ///< polar lines: a direction is not its opposite
+    bool pairs = true;        ///< a sector and the one opposite to it are one bin
+};
+
+/// Lays sectors out from a start azimuth. Sectors of axial data in even number and without a
+/// smaller one make pairs.
+[[nodiscard]] SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth,
+                                         bool directional);
+
+/// The layout by the settings of a record.
+[[nodiscard]] SectorLayout LayoutOfRose(const PlotRecord& record);
+
+/// The azimuth as it counts: of axial data from 0 to below 180, else from 0 to 360.
+[[nodiscard]] double FoldedAzimuth(double azimuth, bool directional);
+
+/// The sector, 1 to the number of sectors, that a finite azimuth is counted in. Of a pair it is the
+/// one that ends above 0 and at 180 at most. What lies beyond the last sector, by a size such as
+/// 359.9, is counted in the last one.
+[[nodiscard]] int SectorOfAzimuth(const SectorLayout& layout, double azimuth);
+
+/// Fills the tables of the rose (rose_tables.h) and the totals in the record with the main rows of
+/// gActivePlot: RoseStats, RoseSectorSize (brought into 1 to 360), RoseOddSectorSize (left as it is
+/// when all sectors are equal), RoseBiasMode (where the rows allow no other) and, of a classified
+/// rose, NumClassified.
+///
+/// Asks before it makes a smaller last sector, unless gRoseOddAsked is set, the size was accepted
+/// for this plot before, or the drawing goes elsewhere than to the plot's window.
+///
+/// @return false when the user thinks better of it: the tables and the record are as they were
+///
+/// A plot without valid rows leaves everything as it was. O(rows), no sorting.
+[[nodiscard]] bool RoseCountSectors();
+
+/// Takes the sector size of gActivePlot as accepted, a smaller last sector included: it comes from
+/// a file, where it was drawn before.
+void AcceptSectorSize();
+
+/// Lets the next pass ask again about a smaller last sector of a plot: to be called when its
+/// settings are applied anew, when it is loaded, and when it is recalculated. `slot` 0 is
+/// gActivePlot.
+void ForgetAcceptedSectorSize(int slot = 0);
+
+} // namespace quandrel
