@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+//
+// The circular median, and the mean deviation about it. Angles are radians; axial data are worked
+// on in doubled angles.
+//
+// The circle is cut open at the antipode of the mean direction. The median is the middle one of the
+// angles on the way from there clockwise, through the mean, back to the antipode.
+
+#pragma once
+
+#include "rose/circular_statistics.h"
+
+#include <span>
+
+namespace quandrel {
+
+/// The answer when there is no median.
+inline constexpr double kNoMedian = -1;
+
+/// An angle that stands for several.
+struct AngleCount {
+    double angle = 0;
+    double count = 0; ///< any weight of 0 or more
+};
+
+/// The way from an antipode clockwise to an angle.
+///
+/// @param antipode  0 to kTwoPi
+/// @param angle     0 to kTwoPi
+/// @return 0 to below kTwoPi; an angle that lies before the antipode by no more than rounding is
+///         at the antipode
+[[nodiscard]] double WayFromAntipode(double antipode, double angle);
+
+/// Median of angles.
+///
+/// @param angles         0 to kTwoPi, in any order; of axial data below kPi
+/// @param meanDirection  of axial data not doubled
+/// @return above 0 to kTwoPi, of axial data to kPi; a median at north is kTwoPi. kNoMedian without
+///         angles
+///
+/// An even number of angles has its median half-way between the two in the middle. O(n).
+[[nodiscard]] double CircularMedian(std::span<const double> angles, double meanDirection,
+                                    AngleSense sense);
+
+/// Median of grouped angles: the group in which the count passes half of the whole.
+///
+/// @return as CircularMedian; kNoMedian when half of the count is reached between two groups, or
+///         there is none. O(n log n).
+[[nodiscard]] double GroupedCircularMedian(std::span<const AngleCount> groups, double meanDirection,
+                                           AngleSense sense);
+
+/// Mean of the distances of angles from a median, 0 to kPi, of axial data to kPi/2.
+///
+/// Formula: pi - |pi - |angle - median||, of axial data half of that of the doubled angles.
+/// N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3.2. 0 without angles.
+[[nodiscard]] double CircularMeanDeviation(std::span<const double> angles, double median,
+                                           AngleSense sense);
+
+/// CircularMeanDeviation of grouped angles.
+[[nodiscard]] double CircularMeanDeviation(std::span<const AngleCount> groups, double median,
+                                           AngleSense sense);
+
+} // namespace quandrel

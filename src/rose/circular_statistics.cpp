@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/circular_statistics.h"
+
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "platform/platform.h"
+#include "rose/circular_median.h"
+#include "rose/rose_radii.h"
+#include "rose/rose_tables.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kAxisWidth = 1e-10;       ///< about an axis of AngleFromSinCos
+constexpr double kResultantMargin = 1e-12; ///< resultants so near 0 and 1 are meant to be there
+constexpr double kThreeRightAngles = 4.712388980384685;
+
+constexpr const char* kMedianTitle = "Quandrel";
+constexpr const char* kMedianQuestion = "Skip calculation of the median?\n"
+                                        "(It will take a long time with this large data set)\n"
+                                        "The median will be set to zero if you press Yes";
+
+/// Length of a mean vector. Identical angles never come out at exactly 1, nor opposite ones at 0.
+double MeanLength(double cosine, double sine) {
+    const double length = std::sqrt(cosine * cosine + sine * sine);
+    if (length > 1 - kResultantMargin) {
+        return 1;
+    }
+    return length < kResultantMargin ? 0 : length;
+}
+
+/// Kept: identical angles give 0, and concentrated ones 1 / (2 (1 - R)).
+double KappaOf(double r) {
+    if (r < 0.53) {
+        return 2 * r + std::pow(r, 3) + 5.0 / 6 * std::pow(r, 5);
+    }
+    if (r == 1) { // exactly: MeanLength sees to it
+        return 0;
+    }
+    return r < 0.85 ? 0.43 / (1 - r) + 1.39 * r - 0.4 : 1 / (2 * (1 - r));
+}
+
+double StandardDeviationOf(double r, AngleSense sense) {
+    const double deviation = r == 0 ? kPi : std::sqrt(-2 * std::log(r));
+    return sense == AngleSense::kAxial ? deviation / 2 : deviation;
+}
+
+/// Skewness and kurtosis go with 1 - R1, of axial data too: R2 belongs to the doubled angles.
+void FindShape(CircularResults& results, double theta1, double theta2) {
+    const auto [r1, r2] = results.resultant;
+    const double variance = 1 - r1;
+    if (variance == 0) {
+        return;
+    }
+    const double difference = theta2 - 2 * theta1;
+    results.skewness = r2 * std::sin(difference) / std::pow(variance, 1.5);
+    results.kurtosis = (r2 * std::cos(difference) - std::pow(r1, 4)) / (variance * variance);
+}
+
+void ClearCircularStatistics(PlotRecord& record) {
+    record.RoseMedian = 0;
+    record.RoseMeanDev = 0;
+    record.RoseDispersion = 0;
+    record.RoseMoments = {};
+    record.RoseResultant = {};
+    record.RoseKappa = 0;
+    record.RoseSkewness = 0;
+    record.RoseKurtosis = 0;
+    record.RoseMeanDir = {};
+    record.RoseVariance = 0;
+    record.RoseStdDev = 0;
+}
+
+void Store(PlotRecord& record, const CircularResults& results) {
+    record.RoseMoments = results.moments;
+    record.RoseResultant = results.resultant;
+    record.RoseMeanDir = results.meanDirection;
+    record.RoseVariance = results.variance;
+    record.RoseStdDev = results.standardDeviation;
+    record.RoseKappa = results.kappa;
+    record.RoseDispersion = results.dispersion;
+    record.RoseSkewness = results.skewness;
+    record.RoseKurtosis = results.kurtosis;
+}
+
+/// The layer of the tables that a measure is of; nothing for means and deviations.
+std::optional<RoseLayer> LayerOfMeasure(int measure) {
+    if (measure == kRoseMeanValue || measure == kRoseVariance) {
+        return std::nullopt;
+    }
+    return measure == kRoseFrequency ? kRoseFrequencyLayer : kRoseValueLayer;
+}
+
+double WeightOfLayer(RoseLayer layer) {
+    return gRoseSectors(0, layer == kRoseFrequencyLayer ? 0 : 1, kRoseValueLayer);
+}
+
+/// Each sector as an azimuth, that of its middle, and its weighted count.
+std::vector<AngleCount> SectorAngles(const PlotRecord& record) {
+    std::vector<AngleCount> angles;
+    const double first = record.RoseStartAngle + record.RoseSectorSize / 2;
+    for (int i = 0; i < gRoseSectors.Sectors(); ++i) {
+        const double middle = WrappedAngle(DegToRad(first - i * record.RoseSectorSize));
+        angles.push_back({middle, gRoseSectors(i + 1, 0, kRoseFrequencyLayer)});
+    }
+    return angles;
+}
+
+bool IsMedianSkipped(const PlotRecord& record) {
+    if (record.RoseStats[kRoseCount][0] <= kMedianWithoutQuestion) {
+        return false;
+    }
+    const Message question{kMedianTitle, kMedianQuestion, Icon::Question, Buttons::YesNo};
+    return gPlatform.prompts->Ask(question) == Button::Yes;
+}
+
+void FindGroupedMedian(PlotRecord& record, AngleSense sense) {
+    const std::vector<AngleCount> sectors = SectorAngles(record);
+    const double median = GroupedCircularMedian(sectors, record.RoseMeanDir[0], sense);
+    if (median > 0) {
+        record.RoseMedian = median;
+        record.RoseMeanDev = CircularMeanDeviation(sectors, median, sense);
+    }
+}
+
+void FindMedian(PlotRecord& record, AngleSense sense) {
+    if (record.HasFrequencyColumn != 0 && OddSectorOfRose(record, gRoseSectors.Sectors()) == 0) {
+        FindGroupedMedian(record, sense);
+    }
+    // Without a list of azimuths there is nothing to ask about.
+    if (record.RoseMedian > 0 || gRoseAngles.size() < 2 || IsMedianSkipped(record)) {
+        return;
+    }
+    const std::span<const double> angles = std::span<const double>(gRoseAngles).subspan(1);
+    record.RoseMedian = std::max(CircularMedian(angles, record.RoseMeanDir[0], sense), 0.0);
+    if (record.RoseMedian > 0) {
+        record.RoseMeanDev = CircularMeanDeviation(angles, record.RoseMedian, sense);
+    }
+}
+
+} // namespace
+
+double AngleFromSinCos(double y, double x) {
+    if (std::abs(x) < kAxisWidth) {
+        if (std::abs(y) < kAxisWidth) {
+            return 0;
+        }
+        return y > 0 ? kPi : kThreeRightAngles; // Kept: pi, not pi/2
+    }
+    const double angle = std::atan(y / x);
+    if (angle > 0) {
+        return y >= 0 ? angle : angle + kPi;
+    }
+    return y <= 0 ? angle + kTwoPi : angle + kPi; // Kept: 2 pi for a y of exactly 0
+}
+
+CircularResults CircularStatistics(const std::array<double, 4>& sums, double n, AngleSense sense) {
+    CircularResults results;
+    const double sine = sums[0] / n;
+    const double cosine = sums[1] / n;
+    const double sineOfDouble = sums[2] / n;
+    const double cosineOfDouble = sums[3] / n;
+    const double r1 = MeanLength(cosine, sine);
+    const double r2 = MeanLength(cosineOfDouble, sineOfDouble);
+    const double theta1 = AngleFromSinCos(sine, cosine);
+    const double theta2 = AngleFromSinCos(sineOfDouble, cosineOfDouble);
+    const bool isAxial = sense == AngleSense::kAxial;
+    results.moments = {cosine, sine};
+    results.resultant = {r1, r2};
+    results.meanDirection = {isAxial ? theta1 / 2 : theta1, isAxial ? theta2 / 2 : theta2};
+    results.variance = isAxial ? 1 - std::pow(r1, 0.25) : 1 - r1;
+    results.standardDeviation = StandardDeviationOf(r1, sense);
+    results.kappa = KappaOf(r1);
+    results.dispersion = r1 == 0 ? kNoDispersion : (1 - r2) / (2 * r1 * r1);
+    FindShape(results, theta1, theta2);
+    return results;
+}
+
+void RoseCircularStats(int measure) {
+    PlotRecord& record = ActiveRecord();
+    ClearCircularStatistics(record);
+    const std::optional<RoseLayer> layer = LayerOfMeasure(measure);
+    if (!layer) {
+        return;
+    }
+    const double weight = WeightOfLayer(*layer);
+    if (weight == 0 || !std::isfinite(weight)) {
+        return;
+    }
+    const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
+    Store(record, CircularStatistics(gRoseTrigSums[*layer], weight, sense));
+    FindMedian(record, sense);
+}
+
+bool HasCircularStatistics(const PlotRecord& record) {
+    return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
+}
+
+double WeightOfStatistics(const PlotRecord& record) {
+    const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
+    return record.RoseStats[isFrequency ? kRoseCount : kRoseValueSum][1];
+}
+
+} // namespace quandrel

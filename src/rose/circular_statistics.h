@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+//
+// Circular statistics of a rose, from its trigonometric sums and the azimuths of its observations.
+//
+// Angles are radians; azimuths run clockwise from north. Axial data are worked on in doubled
+// angles: their first resultant is that of twice the azimuths, their second that of four times, and
+// what comes out as an angle is halved.
+
+#pragma once
+
+#include "core/plot_record.h"
+
+#include <array>
+
+namespace quandrel {
+
+/// Whether a direction and its opposite are the same.
+enum class AngleSense { kDirected, kAxial };
+
+/// The dispersion of angles without a resultant.
+inline constexpr double kNoDispersion = 99999;
+
+/// The angle of a vector, 0 to kTwoPi, with a leaning of its own at the axes.
+///
+/// @param y,x  sine and cosine, of any common length
+/// @return 0 when both are below 1e-10; pi for a positive y and an x about 0; 2 pi for a y of
+///         exactly 0, whatever the sign of x
+[[nodiscard]] double AngleFromSinCos(double y, double x);
+
+/// Circular statistics of a sample. All but the mean directions, the variance and the standard
+/// deviation of axial data belong to the doubled angles.
+struct CircularResults {
+    std::array<double, 2> moments{};       ///< Cbar, Sbar
+    std::array<double, 2> resultant{};     ///< R1 and R2, 0 to 1
+    std::array<double, 2> meanDirection{}; ///< of the angles and of their doubles, 0 to kTwoPi
+    double variance = 0;                   ///< 0 to 1
+    double standardDeviation = 0;          ///< pi, or pi/2 of axial data, without a resultant
+    double kappa = 0;                      ///< estimate of the von Mises concentration
+    double dispersion = 0;                 ///< kNoDispersion without a resultant
+    double skewness = 0;
+    double kurtosis = 0;
+};
+
+/// Statistics of weighted angles from their sums.
+///
+/// @param sums  sin a, cos a, sin b, cos b; b is twice a, and a is the angle, or twice an axial one
+/// @param n     sum of the weights, not 0
+///
+/// Resultants beyond 1, as rounding and negative weights make them, count as 1. Formulas:
+/// N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3 and 4.5.5; variance and standard
+/// deviation of axial data by K. V. Mardia, Statistics of Directional Data (1972), 2.6.
+[[nodiscard]] CircularResults CircularStatistics(const std::array<double, 4>& sums, double n,
+                                                 AngleSense sense);
+
+/// Above so many data the confidence interval of the mean is told.
+inline constexpr double kLargeSample = 25;
+
+/// Above so many data the median is worked out only when the user wants it.
+inline constexpr double kMedianWithoutQuestion = 2000;
+
+/// Works out the circular statistics of the rose of gActivePlot, from the tables of its data pass,
+/// into the record.
+///
+/// @param measure  RoseKindCode: frequencies are weighted by the count of observations, means and
+///                 deviations have no statistics, all others are weighted by the value of a row
+///
+/// Without statistics, and without weight, all of the fields are 0. Asks whether to leave the
+/// median out when there are more than kMedianWithoutQuestion data. The median and the deviation
+/// about it are 0 when they were not worked out. O(rows).
+void RoseCircularStats(int measure);
+
+/// Whether RoseCircularStats had something to work on: a kind with statistics, and a weight.
+[[nodiscard]] bool HasCircularStatistics(const PlotRecord& record);
+
+/// The weight that the statistics of a rose are over: of frequencies the number of observations, of
+/// other kinds the sum of the values, under the weights of a bias correction.
+[[nodiscard]] double WeightOfStatistics(const PlotRecord& record);
+
+} // namespace quandrel

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_reference.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "rose/rose_mean.h"
+#include "rose/rose_radii.h"
+#include "rose/rose_tables.h"
+
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kFixed = "Fixed";
+constexpr const char* kOneDecimal = "0.0";
+constexpr const char* kFourDecimals = "0.0###";
+constexpr const char* kErrorFormat = "##0.0###";
+
+double PeriodOf(const PlotRecord& record) {
+    return record.DataKind == kPolarLines ? kTwoPi : kPi;
+}
+
+void AddMoments(ReferenceLines& lines, const CircularReference& reference,
+                const PlotRecord& record) {
+    lines.AddDirection("mean direction", reference.meanDirection, record.RoseMeanDir[0],
+                       kOneDecimal, PeriodOf(record));
+    lines.Add("mean resultant length R1", reference.resultant[0], record.RoseResultant[0],
+              kFourDecimals);
+    lines.Add("mean resultant length R2", reference.resultant[1], record.RoseResultant[1],
+              kFourDecimals);
+    lines.Add("circular variance", reference.variance, record.RoseVariance, kFixed);
+    lines.AddAngle("circular standard deviation", reference.standardDeviation, record.RoseStdDev,
+                   kFixed);
+    lines.Add("circular dispersion", reference.dispersion, record.RoseDispersion, kFixed);
+    lines.Add("circular skewness", reference.skewness, record.RoseSkewness, kFixed);
+    lines.Add("circular kurtosis", reference.kurtosis, record.RoseKurtosis, kFixed);
+}
+
+void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
+                  const PlotRecord& record) {
+    const double printedError = std::sqrt(record.RoseDispersion / record.RoseStats[kRoseCount][1]);
+    lines.Add("circular standard error", reference.standardError, printedError, kErrorFormat);
+    constexpr const char* kHalfWidth = "95% confidence half-width";
+    const std::optional<double> printed = RoseConfidenceHalfWidth(record);
+    if (printed && record.RoseStats[kRoseCount][1] > kLargeSample) {
+        lines.AddAngle(kHalfWidth, reference.confidenceHalfWidth, *printed, kOneDecimal);
+    } else if (reference.confidenceHalfWidth) {
+        lines.Add(kHalfWidth, RadToDeg(*reference.confidenceHalfWidth));
+    } else {
+        lines.Add(kHalfWidth, std::nullopt);
+    }
+    lines.Add("kappa, maximum likelihood", reference.kappa, record.RoseKappa, kFixed);
+    lines.Add("kappa, corrected for small samples", reference.correctedKappa, record.RoseKappa,
+              kFixed);
+}
+
+void AddMedian(ReferenceLines& lines, const LeastDeviation& least, const PlotRecord& record) {
+    constexpr const char* kMedian = "median of least mean deviation";
+    constexpr const char* kDeviation = "least mean deviation";
+    constexpr const char* kNotCalculated = "not calculated";
+    if (record.RoseMedian > 0) {
+        lines.AddDirection(kMedian, least.median, record.RoseMedian, kOneDecimal, PeriodOf(record));
+        lines.AddAngle(kDeviation, least.deviation, record.RoseMeanDev, kOneDecimal);
+    } else {
+        lines.AddBesideWords(kMedian, RadToDeg(least.median), kNotCalculated);
+        lines.AddBesideWords(kDeviation, RadToDeg(least.deviation), kNotCalculated);
+    }
+}
+
+void AddTests(ReferenceLines& lines, const CircularReference& reference) {
+    if (reference.rayleigh) {
+        lines.Add("Rayleigh n R^2", reference.rayleigh->statistic);
+        lines.Add("Rayleigh p", reference.rayleigh->probability);
+    }
+    if (reference.kuiper) {
+        lines.Add("Kuiper V", reference.kuiper->range);
+        lines.Add("Kuiper V, for any n", reference.kuiper->test.statistic);
+        lines.Add("Kuiper p", reference.kuiper->test.probability);
+    }
+}
+
+} // namespace
+
+std::optional<CircularReference> RoseReferenceOfActivePlot() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind != kRose || gRoseTablesSlot != gActivePlot
+        || !HasCircularStatistics(record)) {
+        return std::nullopt;
+    }
+    const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
+    CircularSample sample;
+    sample.sums = gRoseTrigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
+    sample.weight = WeightOfStatistics(record);
+    sample.count = record.RoseStats[kRoseCount][1];
+    sample.angles = std::span<const double>(gRoseAngles).subspan(gRoseAngles.empty() ? 0 : 1);
+    sample.sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
+    return ComputeCircularReference(sample);
+}
+
+std::vector<ReferenceLine> RoseReferenceLines(const CircularReference& reference,
+                                              const PlotRecord& record) {
+    ReferenceLines lines;
+    lines.Add("n", reference.count);
+    AddMoments(lines, reference, record);
+    AddPrecision(lines, reference, record);
+    if (reference.median) {
+        AddMedian(lines, *reference.median, record);
+    }
+    AddTests(lines, reference);
+    return lines.Take();
+}
+
+} // namespace quandrel

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_statistics_texts.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "rose/circular_statistics.h"
+#include "rose/rose_legend.h"
+#include "rose/rose_mean.h"
+#include "rose/rose_radii.h"
+#include "rose/rose_scale.h"
+#include "rose/rose_tables.h"
+
+#include <cmath>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kFixed = "Fixed";
+constexpr const char* kFourDecimals = "0.0###";
+constexpr const char* kAzimuthFormat = "000.0";
+constexpr const char* kDegreeFormat = "##0.0";
+constexpr const char* kDegreeSign = "°";
+
+std::string Line(const std::string& text) {
+    return text + kLineEnd;
+}
+
+std::string Line(const char* label, double value, const char* format, const char* behind = "") {
+    return label + FormatNumber(value, format) + behind + kLineEnd;
+}
+
+bool IsAxial(const PlotRecord& record) {
+    return record.DataKind != kPolarLines;
+}
+
+std::string ValueName(const PlotRecord& record) {
+    return RoseValueLabel(record.AppNumName);
+}
+
+/// What a measure counts.
+std::string UnitOf(const PlotRecord& record, int measure) {
+    switch (measure) {
+    case kRoseFrequency:
+        return "No.of data";
+    case kRoseWindSpeed:
+        return "Speed";
+    case kRoseWindEnergy:
+        return "Energy";
+    default:
+        return ValueName(record);
+    }
+}
+
+/// An amount of a measure, behind per cents: "  [12 data]", "  [3.5: Speed]".
+std::string AmountText(const PlotRecord& record, int measure, double amount) {
+    const bool isFrequency = measure == kRoseFrequency;
+    return "  [" + FormatNumber(amount, isFrequency ? "0.##" : "0.####")
+           + (isFrequency ? " data]" : ": " + UnitOf(record, measure) + "]");
+}
+
+std::string LeftOutLine() {
+    if (gRoseTablesSlot != gActivePlot || gRoseLeftOut == 0) {
+        return {};
+    }
+    return Line(std::to_string(gRoseLeftOut) + (gRoseLeftOut == 1 ? " row" : " rows")
+                + " without a valid value left out");
+}
+
+std::string DataLines(const PlotRecord& record) {
+    const auto& counts = record.RoseStats[kRoseCount];
+    const bool isCorrected = IsRoseBiasCorrected(record);
+    std::string lines;
+    if (IsAxial(record)) {
+        lines += Line("Axial (non-polar) data");
+    }
+    lines += Line(isCorrected ? "Observed no. of Data = " : "No. of Data = ", counts[0], "0",
+                  record.HasFrequencyColumn != 0 ? " (grouped)" : "");
+    if (isCorrected) {
+        lines += Line("(Bias-corrected total = ", counts[1], kFixed, ")");
+    }
+    return lines + LeftOutLine() + Line("Sector angle = ", record.RoseSectorSize, "#0", kDegreeSign)
+           + kLineEnd;
+}
+
+std::string MaximumLine(const PlotRecord& record, std::size_t layer, int measure) {
+    const auto& range = record.RoseRangeB[layer];
+    return Line("Maximum = " + FormatNumber(range[0], "0.0") + "%"
+                + AmountText(record, measure, range[1]));
+}
+
+std::string TopHeading(const PlotRecord& record) {
+    switch (RoseKindOf(record.RoseType)) {
+    case kRoseOverlaidWind:
+        return Line("Top Plot [ Wind Energy]");
+    case kRoseValueOverFrequency:
+    case kRoseValueOverMean:
+        return Line("Top Plot [ " + ValueName(record) + "]");
+    default:
+        return {};
+    }
+}
+
+std::string ScaleLines(const PlotRecord& record) {
+    const int measure = MeasureOfRose(record.RoseType);
+    const double interval = RoseScaleInterval(record);
+    const double total = record.RoseStats[static_cast<std::size_t>(measure)][1];
+    return TopHeading(record)
+           + Line("Scale: tick interval = " + FormatNumber(interval, "0.####") + "%")
+           + Line(AmountText(record, measure, interval * total / 100))
+           + MaximumLine(record, 0, measure)
+           + Line("Total " + UnitOf(record, measure) + " = " + FormatNumber(total, kFixed));
+}
+
+/// An azimuth in whole degrees, of axial data with the opposite one behind it.
+std::string WholeAzimuth(const PlotRecord& record, double azimuth) {
+    std::string text = RadToAzimuthText(azimuth);
+    if (IsAxial(record)) {
+        text += "-" + RadToAzimuthText(WrappedAngle(azimuth + kPi));
+    }
+    return text;
+}
+
+/// WholeAzimuth with a decimal.
+std::string FineAzimuth(const PlotRecord& record, double azimuth) {
+    std::string text = FormatNumber(RadToDeg(azimuth), kAzimuthFormat);
+    if (IsAxial(record)) {
+        text += " - " + FormatNumber(RadToDeg(WrappedAngle(azimuth + kPi)), kAzimuthFormat);
+    }
+    return text;
+}
+
+std::string MeanLines(const PlotRecord& record) {
+    if (!HasCircularStatistics(record)) {
+        return {};
+    }
+    std::string lines =
+        Line("Mean Resultant dir'n  = " + WholeAzimuth(record, record.RoseMeanDir[0]));
+    const std::optional<double> halfWidth = RoseConfidenceHalfWidth(record);
+    if (record.RoseStats[kRoseCount][1] > kLargeSample && halfWidth) {
+        lines +=
+            Line("[Approx. 95% Confidence interval = ±", RadToDeg(*halfWidth), kDegreeFormat, "°]")
+            + Line("  (valid only for unimodal data)");
+    }
+    return lines;
+}
+
+std::string LowerLayerLines(const PlotRecord& record) {
+    switch (RoseKindOf(record.RoseType)) {
+    case kRoseOverlaidWind:
+        return Line("Middle plot [Mean Wind Speed]") + MaximumLine(record, 1, kRoseWindSpeed)
+               + Line("Base plot [Mean Wind Frequency]")
+               + MaximumLine(record, 2, kRoseOverlaidWind);
+    case kRoseValueOverFrequency:
+        return Line("Base plot [Data Frequency]") + MaximumLine(record, 1, kRoseFrequency);
+    case kRoseValueOverMean:
+        return Line("Base plot [Mean " + ValueName(record) + "]")
+               + MaximumLine(record, 1, kRoseMeanValue);
+    default:
+        return {};
+    }
+}
+
+std::string MedianLines(const PlotRecord& record) {
+    if (!(record.RoseMedian > 0)) {
+        return Line("Circ.Median = not calculated")
+               + Line("Circ.Mean Dev.about median = not calculated")
+               + Line("(Not calculated if too many data, or data are")
+               + Line("axial (non-polar), and too coarsely grouped");
+    }
+    const char* const deviation = record.HasFrequencyColumn != 0 ? "Approx.Circ.Mean Dev. = "
+                                                                 : "Circ.Mean Dev.about median = ";
+    return Line("Circ.Median = " + FineAzimuth(record, record.RoseMedian))
+           + Line(deviation, RadToDeg(record.RoseMeanDev), kDegreeFormat, kDegreeSign);
+}
+
+std::string SpreadLines(const PlotRecord& record) {
+    const double count = record.RoseStats[kRoseCount][1];
+    return Line("Circ. Variance = ", record.RoseVariance, kFixed)
+           + Line("Circular Std.Dev. = ", RadToDeg(record.RoseStdDev), kFixed, kDegreeSign)
+           + Line("Circ. Dispersion = ", record.RoseDispersion, kFixed)
+           + Line("Circ.Std Error = ", std::sqrt(record.RoseDispersion / count), "##0.0###")
+           + Line("Circ.Skewness = ", record.RoseSkewness, kFixed)
+           + Line("Circ.Kurtosis = ", record.RoseKurtosis, kFixed)
+           + Line("kappa = ", record.RoseKappa, kFixed)
+           + Line("     (von Mises concentration param. estimate)");
+}
+
+/// Two numbers on a line.
+std::string PairLine(const char* label, double first, double second) {
+    return Line(label + FormatNumber(first, kFourDecimals)
+                + "; Sbar = " + FormatNumber(second, kFourDecimals));
+}
+
+std::string ResultantLines(const PlotRecord& record) {
+    const double weight = WeightOfStatistics(record);
+    const double length = record.RoseResultant[0];
+    const auto [cosine, sine] = record.RoseMoments;
+    std::string lines = Line("Resultant length = ", weight * length, kFixed)
+                        + Line("Mean Resultant length = ", length, kFourDecimals)
+                        + PairLine("'Mean' Moments: Cbar = ", cosine, sine);
+    // Kept: the second sum is called Sbar.
+    lines += PairLine("'Full' trig. sums: SumCos = ", weight * cosine, weight * sine);
+    if (IsAxial(record)) {
+        const double doubled = WrappedAngle(2 * record.RoseMeanDir[0]);
+        lines += Line("Mean resultant of doubled angles = ", length, kFourDecimals)
+                 + Line("Mean direction of doubled angles = " + RadToAzimuthText(doubled));
+    }
+    return lines;
+}
+
+std::string SourceLines() {
+    return kLineEnd + Line("Formulas follow:") + Line("  K.V. Mardia (1972),")
+           + Line("    Statistics of Directional Data") + Line("  N.I. Fisher (1993),")
+           + Line("    Statistical Analysis of Circular Data")
+           + Line("The confidence interval is by the method") + Line("for large samples.");
+}
+
+} // namespace
+
+std::string RoseStatsShort() {
+    const PlotRecord& record = ActiveRecord();
+    return DataLines(record) + ScaleLines(record) + MeanLines(record) + LowerLayerLines(record);
+}
+
+std::string RoseStatsFull() {
+    const PlotRecord& record = ActiveRecord();
+    std::string text = RoseStatsShort() + Line("_________________________");
+    if (!HasCircularStatistics(record)) {
+        return text + Line("(no circular statistics of this kind of rose)");
+    }
+    return text + Line("Mean Resultant dir'n  = " + FineAzimuth(record, record.RoseMeanDir[0]))
+           + MedianLines(record) + SpreadLines(record) + ResultantLines(record) + SourceLines();
+}
+
+} // namespace quandrel

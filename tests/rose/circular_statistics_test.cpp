@@ -1,0 +1,405 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "rose/circular_median.h"
+#include "rose/circular_statistics.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_tables.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <random>
+
+namespace quandrel {
+namespace {
+
+using std::numbers::pi;
+
+constexpr unsigned kSeed = 1993;
+
+TEST(AngleFromSinCos, IsTheAngleOfTheVectorOffTheAxes) {
+    for (int degrees = 1; degrees < 360; ++degrees) {
+        if (degrees % 90 != 0) {
+            const double angle = degrees * pi / 180;
+            EXPECT_NEAR(AngleFromSinCos(3 * std::sin(angle), 3 * std::cos(angle)), angle, 1e-12)
+                << degrees;
+        }
+    }
+}
+
+struct AxisCase {
+    double y;
+    double x;
+    double angle;
+};
+
+TEST(AngleFromSinCos, KeepsItsLeaningsAtTheAxes) {
+    const std::vector<AxisCase> cases = {
+        {0, 0, 0},
+        {9e-11, -9e-11, 0},
+        {1, 0, kPi}, // not pi/2
+        {1, -9e-11, kPi},
+        {-1, 0, 4.712388980384685},
+        {-1, 9e-11, 4.712388980384685},
+        {0, 1, kTwoPi},  // not 0
+        {0, -1, kTwoPi}, // not pi
+        {1, 2e-10, std::atan(1 / 2e-10)},
+    };
+    for (const AxisCase& test : cases) {
+        EXPECT_EQ(AngleFromSinCos(test.y, test.x), test.angle) << test.y << ", " << test.x;
+    }
+}
+
+/// The sums of angles in radians, each counted once.
+std::array<double, 4> SumsOf(const std::vector<double>& angles, AngleSense sense) {
+    const double factor = sense == AngleSense::kAxial ? 2 : 1;
+    std::array<double, 4> sums{};
+    for (const double angle : angles) {
+        sums[0] += std::sin(factor * angle);
+        sums[1] += std::cos(factor * angle);
+        sums[2] += std::sin(2 * factor * angle);
+        sums[3] += std::cos(2 * factor * angle);
+    }
+    return sums;
+}
+
+CircularResults StatisticsOf(const std::vector<double>& angles, AngleSense sense) {
+    return CircularStatistics(SumsOf(angles, sense), static_cast<double>(angles.size()), sense);
+}
+
+/// Mean of exp(i p angle).
+std::complex<double> MomentOf(const std::vector<double>& angles, double p) {
+    std::complex<double> sum;
+    for (const double angle : angles) {
+        sum += std::polar(1.0, p * angle);
+    }
+    return sum / static_cast<double>(angles.size());
+}
+
+double TurnDistance(double a, double b, double turn) {
+    return std::abs(std::remainder(a - b, turn));
+}
+
+TEST(CircularStatistics, OfRandomAnglesAgreeWithComplexMoments) {
+    std::mt19937 random(kSeed);
+    for (int sample = 0; sample < 200; ++sample) {
+        const bool isAxial = sample % 2 == 1;
+        const double p = isAxial ? 2 : 1;
+        std::normal_distribution<double> spread(sample * 0.1, 0.05 + sample * 0.01);
+        std::vector<double> angles(5 + random() % 60);
+        for (double& angle : angles) {
+            angle = spread(random);
+        }
+        const std::complex<double> m1 = MomentOf(angles, p);
+        const std::complex<double> m2 = MomentOf(angles, 2 * p);
+        const double r1 = std::abs(m1);
+        const CircularResults found =
+            StatisticsOf(angles, isAxial ? AngleSense::kAxial : AngleSense::kDirected);
+        SCOPED_TRACE(testing::Message() << "seed " << kSeed << " sample " << sample);
+        EXPECT_NEAR(found.moments[0], m1.real(), 1e-12);
+        EXPECT_NEAR(found.moments[1], m1.imag(), 1e-12);
+        EXPECT_NEAR(found.resultant[0], r1, 1e-12);
+        EXPECT_NEAR(found.resultant[1], std::abs(m2), 1e-12);
+        EXPECT_LT(TurnDistance(found.meanDirection[0], std::arg(m1) / p, 2 * pi / p), 1e-9);
+        EXPECT_LT(TurnDistance(found.meanDirection[1], std::arg(m2) / p, 2 * pi / p), 1e-9);
+        EXPECT_NEAR(found.variance, isAxial ? 1 - std::sqrt(std::sqrt(r1)) : 1 - r1, 1e-12);
+        EXPECT_NEAR(found.standardDeviation, std::sqrt(-2 * std::log(r1)) / p, 1e-9);
+        EXPECT_NEAR(found.dispersion, (1 - std::abs(m2)) / (2 * r1 * r1), 1e-9 / (r1 * r1));
+        // m2 turned back by twice the mean has both as its parts.
+        const std::complex<double> turned = m2 * std::polar(1.0, -2 * std::arg(m1));
+        EXPECT_NEAR(found.skewness * std::pow(1 - r1, 1.5), turned.imag(), 1e-9);
+        EXPECT_NEAR(found.kurtosis * std::pow(1 - r1, 2) + std::pow(r1, 4), turned.real(), 1e-9);
+    }
+}
+
+TEST(CircularStatistics, OfIdenticalAnglesHaveNoSpread) {
+    for (const AngleSense sense : {AngleSense::kDirected, AngleSense::kAxial}) {
+        for (int degrees = 1; degrees < 180; ++degrees) {
+            const std::vector<double> angles(7, degrees * pi / 180);
+            const CircularResults found = StatisticsOf(angles, sense);
+            EXPECT_EQ(found.resultant[0], 1) << degrees;
+            EXPECT_EQ(found.variance, 0) << degrees;
+            EXPECT_EQ(found.standardDeviation, 0) << degrees;
+            EXPECT_EQ(found.kappa, 0) << degrees << ": kept";
+            EXPECT_EQ(found.skewness, 0) << degrees;
+            EXPECT_EQ(found.kurtosis, 0) << degrees;
+            EXPECT_EQ(found.dispersion, 0) << degrees;
+        }
+    }
+}
+
+TEST(CircularStatistics, OfOppositeAnglesHaveNoResultant) {
+    for (int degrees = 0; degrees < 180; ++degrees) {
+        const double angle = degrees * pi / 180;
+        const CircularResults found = StatisticsOf({angle, angle + pi}, AngleSense::kDirected);
+        EXPECT_EQ(found.resultant[0], 0) << degrees;
+        EXPECT_EQ(found.resultant[1], 1) << degrees;
+        EXPECT_EQ(found.variance, 1) << degrees;
+        EXPECT_EQ(found.standardDeviation, kPi) << degrees;
+        EXPECT_EQ(found.dispersion, kNoDispersion) << degrees;
+        EXPECT_EQ(found.kappa, 0) << degrees;
+    }
+}
+
+TEST(CircularStatistics, OfAxesAtRightAnglesHaveHalfTheDeviationOfOppositeOnes) {
+    const CircularResults found = StatisticsOf({0.3, 0.3 + pi / 2}, AngleSense::kAxial);
+    EXPECT_EQ(found.resultant[0], 0);
+    EXPECT_EQ(found.standardDeviation, kPi / 2);
+    EXPECT_EQ(found.dispersion, kNoDispersion);
+}
+
+TEST(CircularStatistics, KeepTheMeanOfEastAtSouthAndOfNorthAtAFullTurn) {
+    const CircularResults east = StatisticsOf({pi / 2, pi / 2}, AngleSense::kDirected);
+    EXPECT_EQ(east.meanDirection[0], kPi);
+    const CircularResults north = StatisticsOf({0, 0}, AngleSense::kDirected);
+    EXPECT_EQ(north.meanDirection[0], kTwoPi);
+    const CircularResults axis = StatisticsOf({0, 0}, AngleSense::kAxial);
+    EXPECT_EQ(axis.meanDirection[0], kPi);
+}
+
+TEST(CircularStatistics, KeepTheThreeFormulasOfKappa) {
+    struct KappaCase {
+        double r;
+        double kappa;
+    };
+
+    // Worked out by hand from the three formulas.
+    const std::vector<KappaCase> cases = {
+        {0, 0},
+        {0.2, 0.40826666666666667},
+        {0.5, 1.1510416666666667},
+        {0.52, 1.2122916693333333},
+        {0.53, 1.2515936170212766}, // 0.43 / 0.47 + 0.7367 - 0.4
+        {0.8, 2.862},
+        {0.9, 5},
+        {0.85, 10.0 / 3},
+        {0.99, 50},
+        {1, 0},
+    };
+    for (const KappaCase& test : cases) {
+        const CircularResults found =
+            CircularStatistics({0, test.r, 0, 1}, 1, AngleSense::kDirected);
+        EXPECT_NEAR(found.kappa, test.kappa, 1e-9) << test.r;
+    }
+}
+
+TEST(CircularStatistics, OfMixedSignsStayNumbers) {
+    // 3 times north less 1 times east, over a weight of 2.
+    const CircularResults found = CircularStatistics({-1, 3, 0, 4}, 2, AngleSense::kDirected);
+    EXPECT_EQ(found.resultant[0], 1);
+    EXPECT_EQ(found.resultant[1], 1);
+    EXPECT_EQ(found.standardDeviation, 0);
+    EXPECT_EQ(found.dispersion, 0);
+}
+
+constexpr const char* kQuestion = "Skip calculation of the median?";
+
+class RoseCircularStatistics : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gRoseOddAsked = false;
+        NewRose(kPolarLines);
+    }
+
+    void NewRose(std::int16_t kind) {
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kind;
+        NewPlot();
+        ActiveRecord().PlotKind = kRose;
+        ActiveRecord().RoseSectorSize = 10;
+    }
+
+    static void AddRows(const std::vector<std::int32_t>& azimuths) {
+        for (const std::int32_t azimuth : azimuths) {
+            AddRow(0, azimuth);
+        }
+    }
+
+    static void AddNumbers(const std::vector<float>& numbers) {
+        ActiveRecord().HasAppendedNumeric = kTrue;
+        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+        std::int32_t row = 0;
+        for (const float number : numbers) {
+            gAppNumeric.At(gActivePlot, ++row) = number;
+        }
+    }
+
+    static void Work(int measure = kRoseFrequency) {
+        ActiveRecord().RoseType = static_cast<std::int16_t>(measure);
+        ASSERT_TRUE(RoseCountSectors());
+        RoseCircularStats(measure);
+    }
+};
+
+TEST_F(RoseCircularStatistics, OfFrequenciesGoByTheRows) {
+    AddRows({10, 20, 60});
+    Work();
+    const PlotRecord& record = ActiveRecord();
+    const std::complex<double> mean = MomentOf({pi / 18, pi / 9, pi / 3}, 1);
+    EXPECT_NEAR(record.RoseMeanDir[0], std::arg(mean), 1e-12);
+    EXPECT_NEAR(record.RoseResultant[0], std::abs(mean), 1e-12);
+    EXPECT_NEAR(record.RoseMedian, pi / 9, 1e-12);
+    EXPECT_NEAR(record.RoseMeanDev, (10 + 40) / 3.0 * pi / 180, 1e-12);
+    EXPECT_TRUE(HasCircularStatistics(record));
+    EXPECT_EQ(WeightOfStatistics(record), 3);
+}
+
+TEST_F(RoseCircularStatistics, OfAxialDataAreHalvedBack) {
+    NewRose(kLines);
+    AddRows({350, 10, 200}); // as axes 170, 10 and 20
+    Work();
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_NEAR(RadToDeg(record.RoseMedian), 10, 1e-9);
+    EXPECT_NEAR(RadToDeg(record.RoseMeanDev), 30 / 3.0, 1e-9);
+    const std::complex<double> mean = MomentOf({-pi / 18, pi / 18, pi / 9}, 2);
+    EXPECT_NEAR(record.RoseMeanDir[0], std::arg(mean) / 2, 1e-12);
+    EXPECT_NEAR(record.RoseStdDev, std::sqrt(-2 * std::log(std::abs(mean))) / 2, 1e-12);
+}
+
+TEST_F(RoseCircularStatistics, OfValuesGoByTheValues) {
+    AddRows({0, 90});
+    AddNumbers({1, 3});
+    Work(kRoseValue);
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_NEAR(record.RoseMeanDir[0], std::atan(3), 1e-12);
+    EXPECT_NEAR(record.RoseResultant[0], std::sqrt(10) / 4, 1e-12);
+    EXPECT_EQ(WeightOfStatistics(record), 4);
+}
+
+TEST_F(RoseCircularStatistics, OfMeansAndDeviationsAreNone) {
+    AddRows({10, 20, 60});
+    AddNumbers({1, 2, 3});
+    for (const int measure : {kRoseMeanValue, kRoseVariance}) {
+        Work(kRoseValue);
+        EXPECT_GT(ActiveRecord().RoseMedian, 0);
+        Work(measure);
+        const PlotRecord& record = ActiveRecord();
+        EXPECT_EQ(record.RoseMeanDir[0], 0);
+        EXPECT_EQ(record.RoseVariance, 0);
+        EXPECT_EQ(record.RoseStdDev, 0);
+        EXPECT_EQ(record.RoseMedian, 0);
+        EXPECT_EQ(record.RoseKappa, 0);
+        EXPECT_FALSE(HasCircularStatistics(record));
+    }
+}
+
+TEST_F(RoseCircularStatistics, WithoutWeightAreNone) {
+    AddRows({10, 20});
+    AddNumbers({2, -2});
+    Work(kRoseValue);
+    EXPECT_EQ(ActiveRecord().RoseMeanDir[0], 0);
+    EXPECT_EQ(ActiveRecord().RoseMedian, 0);
+    EXPECT_FALSE(HasCircularStatistics(ActiveRecord()));
+}
+
+TEST_F(RoseCircularStatistics, TakeAMedianAtNorthForAFullTurn) {
+    AddRows({350, 0, 10});
+    Work();
+    EXPECT_EQ(ActiveRecord().RoseMedian, kTwoPi);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), 20 / 3.0, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, OfTwoThousandDataAskNothing) {
+    for (int i = 0; i < 2000; ++i) {
+        AddRow(0, i % 90);
+    }
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 44, 1e-9); // 0 to 19 have 23 rows
+}
+
+TEST_F(RoseCircularStatistics, OfMoreThanTwoThousandDataAskForTheMedian) {
+    for (int i = 0; i < 2001; ++i) {
+        AddRow(0, i % 3);
+    }
+    Expect(kQuestion, Button::Yes);
+    Work();
+    EXPECT_EQ(ActiveRecord().RoseMedian, 0);
+    EXPECT_EQ(ActiveRecord().RoseMeanDev, 0);
+    EXPECT_GT(ActiveRecord().RoseResultant[0], 0.9);
+    Expect(kQuestion, Button::No);
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 1, 1e-9);
+    EXPECT_EQ(prompts.Shown().back().message.title, "Quandrel");
+    EXPECT_EQ(prompts.Shown().back().message.text,
+              "Skip calculation of the median?\n"
+              "(It will take a long time with this large data set)\n"
+              "The median will be set to zero if you press Yes");
+}
+
+TEST_F(RoseCircularStatistics, OfGroupedDataHaveTheMedianOfTheSectors) {
+    AddRows({5, 15, 25});
+    AddNumbers({1, 4, 2});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    // Middles of the sectors 0-10, 10-20, 20-30.
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 15, 1e-9);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), (10 + 20) / 7.0, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, OfGroupedDataStartWhereTheSectorsDo) {
+    ActiveRecord().RoseStartAngle = 97;
+    ActiveRecord().RoseSectorSize = 30;
+    AddRows({100, 190, 100, 250});
+    AddNumbers({3, 1, 6, 1});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 112, 1e-9); // of 97-127
+}
+
+TEST_F(RoseCircularStatistics, OfGroupedAxialDataLeaveNoSectorOut) {
+    NewRose(kLines);
+    AddRows({5, 95, 175});
+    AddNumbers({2, 1, 4});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_NEAR(std::fmod(RadToDeg(ActiveRecord().RoseMedian), 180), 175, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, OfDataTooCoarselyGroupedHaveTheMedianOfTheRows) {
+    AddRows({12, 38});
+    AddNumbers({2, 2});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), 13, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, OfGroupedDataAskOnlyWhenTheSectorsHaveNoMedian) {
+    AddRows({12, 38});
+    AddNumbers({2000, 1});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 15, 1e-9);
+    AddNumbers({2000, 2000});
+    Expect(kQuestion, Button::No);
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, OfGroupedDataWithASmallerLastSectorGoByTheRows) {
+    ActiveRecord().RoseSectorSize = 7;
+    gRoseOddAsked = true;
+    AddRows({12, 13});
+    AddNumbers({1, 2});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 13, 1e-9);
+}
+
+TEST_F(RoseCircularStatistics, WithoutListedAzimuthsAskNothing) {
+    AddRows({12, 38});
+    AddNumbers({1e8F, 1e8F});
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    Work();
+    EXPECT_EQ(ActiveRecord().RoseMedian, 0);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDir[0]), 25, 1e-9);
+}
+
+} // namespace
+} // namespace quandrel
