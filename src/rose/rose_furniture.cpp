@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_furniture.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "rose/rose_mean.h"
+#include "rose/rose_scale.h"
+#include "stereo/draw_target.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kFullTurn = 6.28308530717958; // Kept: a hair short of a whole turn
+constexpr double kCompassTick = 1020;
+constexpr double kOuterTick = 1040;
+constexpr double kLabelRadius = 1040;
+constexpr double kScaleTick = 15; // half of a tick across an axis
+constexpr double kLeastLabelPoints = 5;
+constexpr int kShapes = 5;
+
+/// The half circles: the arc of each, and the azimuth of its middle.
+struct Half {
+    RoseArc shown;
+    RoseArc hidden;
+    double middle = 0;
+    std::array<int, 9> compassPoints{}; ///< clockwise
+};
+
+constexpr std::array<Half, kShapes> kHalves = {{
+    {},
+    {{0, kPi}, {kPi, kTwoPi}, 0, {12, 13, 14, 15, 0, 1, 2, 3, 4}},
+    {{3 * kPi / 2, kPi / 2}, {kPi / 2, 3 * kPi / 2}, kPi / 2, {0, 1, 2, 3, 4, 5, 6, 7, 8}},
+    {{kPi, 0}, {kTwoPi, kPi}, kPi, {4, 5, 6, 7, 8, 9, 10, 11, 12}},
+    {{kPi / 2, 3 * kPi / 2},
+     {3 * kPi / 2, kPi / 2},
+     3 * kPi / 2,
+     {8, 9, 10, 11, 12, 13, 14, 15, 0}},
+}};
+
+const Half& HalfOf(int shape) {
+    return kHalves[IsHalfRose(shape) ? static_cast<std::size_t>(shape) : 0];
+}
+
+/// The compass points shown, those of fewer letters first: where there is no room for all, they are
+/// the ones that stay.
+std::vector<int> CompassPointsShown(int shape) {
+    std::vector<int> points(16);
+    for (int i = 0; i < 16; ++i) {
+        points[static_cast<std::size_t>(i)] = i;
+    }
+    if (IsHalfRose(shape)) {
+        points.assign(HalfOf(shape).compassPoints.begin(), HalfOf(shape).compassPoints.end());
+    }
+    std::stable_sort(points.begin(), points.end(),
+                     [](int a, int b) { return CompassName(a).size() < CompassName(b).size(); });
+    return points;
+}
+
+Point AtCompassPoint(double radius, int i) {
+    const double azimuth = i * kPi / 8;
+    return {RoundToEven(radius * std::sin(azimuth)), RoundToEven(radius * std::cos(azimuth))};
+}
+
+/// The azimuths of the axes that end at the rim: 0 north to 3 west.
+std::vector<int> AxesShown(int shape) {
+    std::vector<int> axes;
+    for (int axis = 0; axis < 4; ++axis) {
+        if (IsAzimuthShown(shape, axis * kPi / 2)) {
+            axes.push_back(axis);
+        }
+    }
+    return axes;
+}
+
+Point AlongAxis(int axis, double radius, double across = 0) {
+    constexpr std::array<Point, 4> kAxes = {{{0, 1}, {1, 0}, {0, -1}, {-1, 0}}};
+    const Point along = kAxes[static_cast<std::size_t>(axis)];
+    return {along.x * radius + along.y * across, along.y * radius - along.x * across};
+}
+
+void DrawAxes(Surface& surface, int shape) {
+    const bool ticks = gRoseAxesStyle == 1 || gRoseAxesStyle == 3;
+    if (!ticks && gRoseAxesStyle != 0) {
+        return;
+    }
+    for (const int axis : AxesShown(shape)) {
+        if (ticks) {
+            surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick), kBlack);
+        } else if (IsHalfRose(shape)) {
+            surface.Line({}, AlongAxis(axis, kNetRadius), kBlack);
+        } else if (axis < 2) {
+            surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius), kBlack);
+        }
+    }
+}
+
+/// A rectangle on the plot: +y is up.
+struct LabelBox {
+    double left = 0;
+    double bottom = 0;
+    double right = 0;
+    double top = 0;
+};
+
+bool Meet(const LabelBox& a, const LabelBox& b) {
+    return a.left < b.right && b.left < a.right && a.bottom < b.top && b.bottom < a.top;
+}
+
+/// Puts the names of compass points about the rim, each clear of the arrows of the mean and of the
+/// others.
+class CompassLabels {
+public:
+    CompassLabels(Surface& surface, const PlotRecord& record)
+        : surface_(surface)
+        , arrows_(RoseArrowAzimuths(record)) {
+        // Between the ticks and the edge of the surface is little room, and less in a small window.
+        const double room = surface.Scale().top - kLabelRadius;
+        DrawState state = surface.State();
+        const double height = surface.TextHeight();
+        if (height > room && height > 0) {
+            state.font.points = std::max(state.font.points * room / height, kLeastLabelPoints);
+            surface.SetState(state);
+        }
+    }
+
+    void Draw(int i) {
+        const std::string name = CompassName(i);
+        const LabelBox box = ClearOfArrows(name, i * kPi / 8);
+        const bool isTaken = std::any_of(taken_.begin(), taken_.end(),
+                                         [&box](const LabelBox& t) { return Meet(t, box); });
+        if (!isTaken && !ReachesIntoCircle(box)) {
+            taken_.push_back(box);
+            surface_.Text({box.left, box.top}, name);
+        }
+    }
+
+private:
+    /// The box of a name that touches the circle of the labels from outside.
+    [[nodiscard]] LabelBox BoxAt(const std::string& name, double azimuth) const {
+        const double width = surface_.TextWidth(name);
+        const double height = surface_.TextHeight();
+        const UserScale scale = surface_.Scale();
+        const double x = std::sin(azimuth);
+        const double y = std::cos(azimuth);
+        const double left = std::clamp(kLabelRadius * x + (x - 1) * width / 2, scale.left,
+                                       std::max(scale.right - width, scale.left));
+        const double top = std::clamp(kLabelRadius * y + (y + 1) * height / 2,
+                                      std::min(scale.bottom + height, scale.top), scale.top);
+        return {left, top - height, left + width, top};
+    }
+
+    /// In a tiny window a name has no room beside the circle.
+    [[nodiscard]] static bool ReachesIntoCircle(const LabelBox& box) {
+        return std::hypot(std::clamp(0.0, box.left, box.right),
+                          std::clamp(0.0, box.bottom, box.top))
+               < kNetRadius;
+    }
+
+    [[nodiscard]] bool IsCrossed(const LabelBox& box) const {
+        return std::any_of(arrows_.begin(), arrows_.end(), [&box](double azimuth) {
+            const Point along{std::sin(azimuth), std::cos(azimuth)};
+            for (double r = kNetRadius; r <= kNetRadius + kArrowLength; r += kArrowHalfWidth / 2) {
+                const Point at{r * along.x, r * along.y};
+                const LabelBox shaft{at.x - kArrowHalfWidth, at.y - kArrowHalfWidth,
+                                     at.x + kArrowHalfWidth, at.y + kArrowHalfWidth};
+                if (Meet(box, shaft)) {
+                    return true;
+                }
+            }
+            return false;
+        });
+    }
+
+    /// The box nearest to its place that no arrow crosses.
+    [[nodiscard]] LabelBox ClearOfArrows(const std::string& name, double azimuth) const {
+        constexpr int kMostDegrees = 11; // half way to the next compass point
+        for (int degrees = 0; degrees <= kMostDegrees; ++degrees) {
+            for (const int side : {1, -1}) {
+                const LabelBox box = BoxAt(name, azimuth + side * degrees * kPi / 180);
+                if (!IsCrossed(box)) {
+                    return box;
+                }
+            }
+        }
+        return BoxAt(name, azimuth);
+    }
+
+    Surface& surface_;
+    std::vector<double> arrows_;
+    std::vector<LabelBox> taken_;
+};
+
+void DrawCompassPoints(Surface& surface, const PlotRecord& record) {
+    const SavedState saved(surface);
+    CompassLabels labels(surface, record);
+    for (const int i : CompassPointsShown(record.RoseShape)) {
+        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i), kBlack);
+        labels.Draw(i);
+    }
+}
+
+void DrawShownArc(Surface& surface, int shape, double radius) {
+    const RoseArc arc = ShownArc(shape);
+    surface.Arc({}, radius, arc.start, arc.end, kBlack);
+}
+
+/// A tick across each axis that carries the scale: all four, or the middle one of a half.
+void DrawTicks(Surface& surface, int shape, double radius) {
+    for (const int axis : AxesShown(shape)) {
+        if (IsHalfRose(shape) && std::abs(axis * kPi / 2 - HalfOf(shape).middle) > 0.1) {
+            continue;
+        }
+        surface.Line(AlongAxis(axis, radius, -kScaleTick), AlongAxis(axis, radius, kScaleTick),
+                     kBlack);
+        if (gRoseAxesStyle != 0) {
+            // There is no axis that the tick could stand on.
+            surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick), kBlack);
+        }
+    }
+}
+
+void DrawMarks(Surface& surface, const PlotRecord& record) {
+    const RoseScaleSettings scale = ScaleOfRose(record);
+    for (const RoseScaleMark& mark : MarksOfScale(scale)) {
+        if (scale.circles) {
+            DrawShownArc(surface, record.RoseShape, mark.radius);
+        } else {
+            DrawTicks(surface, record.RoseShape, mark.radius);
+        }
+    }
+}
+
+} // namespace
+
+bool IsHalfRose(int shape) {
+    return shape > 0 && shape < kShapes;
+}
+
+RoseArc ShownArc(int shape) {
+    return IsHalfRose(shape) ? HalfOf(shape).shown : RoseArc{0, kFullTurn};
+}
+
+RoseArc HiddenArc(int shape) {
+    return HalfOf(shape).hidden;
+}
+
+bool IsAzimuthShown(int shape, double azimuth) {
+    return !IsHalfRose(shape) || std::cos(azimuth - HalfOf(shape).middle) > -1e-9;
+}
+
+RoseArc ClippedArc(int shape, double middle, double halfWidth) {
+    double before = halfWidth; // anticlockwise of the middle
+    double behind = halfWidth;
+    if (IsHalfRose(shape)) {
+        const double offset = std::remainder(middle - HalfOf(shape).middle, kTwoPi);
+        before = std::min(halfWidth, kPi / 2 + offset);
+        behind = std::min(halfWidth, kPi / 2 - offset);
+    }
+    if (before + behind <= 0) {
+        return {};
+    }
+    return {AzimuthToMathAngle(WrappedAngle(middle + behind)),
+            AzimuthToMathAngle(WrappedAngle(middle - before))};
+}
+
+std::string CompassName(int i) {
+    constexpr std::array<const char*, 16> kNames = {"N",  "NNE", "NE", "ENE", "E",  "ESE",
+                                                    "SE", "SSE", "S",  "SSW", "SW", "WSW",
+                                                    "W",  "WNW", "NW", "NNW"};
+    return kNames.at(static_cast<std::size_t>(i));
+}
+
+void DrawRoseScale() {
+    const PlotRecord& record = ActiveRecord();
+    Surface& surface = PlotSurface();
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.fillStyle = kNoFill;
+    state.drawStyle = kSolidLine;
+    state.drawWidth = 1;
+    surface.SetState(state);
+    DrawAxes(surface, record.RoseShape);
+    if (gShowCompassPoints) {
+        DrawCompassPoints(surface, record);
+    }
+    if (!IsDrawingElsewhere()) {
+        StoreRoseInterval();
+    }
+    if (record.RoseDisplay6 != 0) {
+        DrawMarks(surface, record);
+    }
+    if (gRoseOuterCircle) {
+        DrawShownArc(surface, record.RoseShape, kNetRadius);
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_go.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "rose/rose_radii.h"
+#include "rose/rose_scale.h"
+#include "rose/rose_sectors.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kClassDigit = 10;
+
+std::int16_t Truth(bool value) {
+    return value ? kTrue : std::int16_t{0};
+}
+
+bool IsWithin(double value, double least, double most) {
+    return value >= least && value <= most;
+}
+
+/// A setting that must lie between two values.
+struct Bounds {
+    RoseField field;
+    double value;
+    double least;
+    double most;
+    const char* reason;
+};
+
+std::optional<RoseRefusal> CheckBounds(const RoseSettings& settings) {
+    const bool ownLine = settings.ownLines;
+    const Bounds bounds[] = {
+        {RoseField::Kind, static_cast<double>(settings.kind), 0, 8,
+         "There is no such kind of rose."},
+        {RoseField::Classes, static_cast<double>(settings.classes), 0, 2,
+         "There is no such classification of a rose."},
+        {RoseField::Shape, static_cast<double>(settings.shape), 0, 4,
+         "There is no such shape of a rose."},
+        {RoseField::SectorSize, settings.sectorSize, 1, 360,
+         "The sector size must be between 1 and 360 degrees."},
+        {RoseField::StartAngle, settings.startAngle, 0, 360,
+         "The starting azimuth must be between 0 and 360 degrees."},
+        {RoseField::SectorFraction, static_cast<double>(settings.sectorFraction), 1, 100,
+         "The sector width must be between 1 and 100 %."},
+        {RoseField::ZeroCircle, static_cast<double>(settings.zeroCircle), 0, 90,
+         "The zero circle must be between 0 and 90 %."},
+        {RoseField::BiasMode, static_cast<double>(settings.biasMode), 0, 3,
+         "There is no such bias correction."},
+        {RoseField::SamplePlunge, ownLine ? 0.0 : settings.samplePlunge, 0, 90,
+         "The plunge of the sampling line must be between 0 and 90 degrees."},
+        {RoseField::SampleTrend, ownLine ? 0.0 : settings.sampleTrend, 0, 360,
+         "The trend of the sampling line must be between 0 and 360 degrees."},
+        {RoseField::MinBiasAngle, static_cast<double>(settings.minBiasAngle), 1, 90,
+         "The minimum angle used must be between 1 and 90 degrees."},
+    };
+    for (const Bounds& bound : bounds) {
+        if (!IsWithin(bound.value, bound.least, bound.most)) {
+            return RoseRefusal{bound.field, bound.reason};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const PlotRecord& record) {
+    if (!settings.interval) {
+        return std::nullopt;
+    }
+    if (!(*settings.interval >= 0) || !std::isfinite(*settings.interval)) {
+        return RoseRefusal{RoseField::ScaleInterval,
+                           "The scale interval must be a number above 0, or auto."};
+    }
+    if (*settings.interval > 0
+        && record.RoseRangeB[0][0] > *settings.interval * kMostRoseMarks * (1 + 1e-9)) {
+        return RoseRefusal{RoseField::ScaleInterval,
+                           "The scale interval is too small: it would give more than "
+                               + std::to_string(kMostRoseMarks) + " marks."};
+    }
+    return std::nullopt;
+}
+
+std::string TextOfScale(const RoseSettings& settings) {
+    return (settings.circles ? "circ" : "tick")
+           + (settings.interval ? FormatNumber(*settings.interval, "General Number")
+                                : std::string("auto"));
+}
+
+int TypeOf(const RoseSettings& settings) {
+    const int type = settings.kind + settings.classes * kClassDigit;
+    // Means and deviations have no classes.
+    return HasRoseClasses(type) ? type : settings.kind;
+}
+
+void WriteBias(const RoseSettings& settings, PlotRecord& record) {
+    record.RoseBiasMode = static_cast<std::int16_t>(settings.biasMode);
+    record.RoseSamplePlunge =
+        settings.ownLines ? kOwnSampleLine : static_cast<std::int16_t>(settings.samplePlunge);
+    record.RoseSampleTrend = static_cast<std::int16_t>(settings.sampleTrend);
+    record.RoseMinBiasAngle = static_cast<std::int16_t>(settings.minBiasAngle);
+}
+
+void Write(const RoseSettings& settings, PlotRecord& record) {
+    record.RoseShape = static_cast<std::int16_t>(settings.shape);
+    record.RoseEqualArea = Truth(settings.equalArea);
+    record.RoseStartAngle = settings.startAngle;
+    record.RoseSectorSize = settings.sectorSize;
+    record.RoseOddSectorSize = 0;
+    record.RoseSectorFraction = static_cast<std::int16_t>(settings.sectorFraction);
+    record.RoseZeroCircle = static_cast<std::int16_t>(settings.zeroCircle);
+    record.RoseType = static_cast<std::int16_t>(TypeOf(settings));
+    if (settings.table) {
+        record.ClassTable = *settings.table;
+    }
+    record.RoseScaleType = TextOfScale(settings);
+    record.RoseHistStyle = static_cast<std::int16_t>(settings.histStyle);
+    record.RoseSegShape = static_cast<std::int16_t>(settings.segShape);
+    WriteBias(settings, record);
+    record.Modified = kTrue;
+}
+
+} // namespace
+
+RoseSettings RoseSettingsOfActivePlot() {
+    const PlotRecord& record = ActiveRecord();
+    RoseSettings settings;
+    settings.kind = IsRoseKind(RoseKindOf(record.RoseType)) ? RoseKindOf(record.RoseType)
+                                                            : static_cast<int>(kRoseFrequency);
+    settings.classes = std::min<int>(RoseClassOf(record.RoseType), kRoseByType);
+    settings.shape = record.RoseShape;
+    settings.equalArea = record.RoseEqualArea != 0;
+    settings.sectorSize = record.RoseSectorSize;
+    settings.startAngle = record.RoseStartAngle;
+    settings.sectorFraction = record.RoseSectorFraction;
+    settings.zeroCircle = record.RoseZeroCircle;
+    settings.histStyle = record.RoseHistStyle;
+    settings.segShape = record.RoseSegShape;
+    settings.circles = HasScaleCircles(record.RoseScaleType);
+    if (!IsRoseIntervalAutomatic()) {
+        settings.interval = RoseScaleInterval(record);
+    }
+    settings.outerCircle = gRoseOuterCircle;
+    settings.biasMode = record.RoseBiasMode;
+    settings.ownLines = record.RoseSamplePlunge == kOwnSampleLine;
+    settings.samplePlunge = settings.ownLines ? 0 : record.RoseSamplePlunge;
+    settings.sampleTrend = record.RoseSampleTrend;
+    settings.minBiasAngle = record.RoseMinBiasAngle;
+    return settings;
+}
+
+std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings) {
+    const PlotRecord& record = ActiveRecord();
+    if (std::optional<RoseRefusal> refusal = CheckBounds(settings)) {
+        return refusal;
+    }
+    if (settings.ownLines && settings.biasMode != 0 && record.HasAppendedLine == 0) {
+        return RoseRefusal{RoseField::OwnLines,
+                           "These data have no appended lines to correct their bias with."};
+    }
+    return CheckInterval(settings, record);
+}
+
+std::optional<RoseRefusal> ApplyRoseSettings(const RoseSettings& settings) {
+    if (std::optional<RoseRefusal> refusal = CheckRoseSettings(settings)) {
+        return refusal;
+    }
+    PlotRecord& record = ActiveRecord();
+    if (record.PlotKind != kRose) {
+        record.PlotKind = kRose;
+        RebuildRowTable(gActivePlot);
+    }
+    Write(settings, record);
+    gRoseOuterCircle = settings.outerCircle;
+    gRoseSectorSize = record.RoseSectorSize;
+    gRoseSectorFraction = record.RoseSectorFraction;
+    gRoseScaleType = record.RoseScaleType;
+    ForgetAcceptedSectorSize();
+    ReplotActivePlot(true);
+    return std::nullopt;
+}
+
+int CorrectedBiasValue(BiasBox box, double typed) {
+    const double least = box == BiasBox::MinAngle ? 1 : 0;
+    const double most = box == BiasBox::Trend ? 360 : 90;
+    return static_cast<int>(
+        RoundToEven(std::clamp(std::isnan(typed) ? least : typed, least, most)));
+}
+
+std::optional<double> NumberOfRoseBox(std::string_view text) {
+    const std::string_view typed = WithoutBlanks(text);
+    if (typed.empty()) {
+        return 0.0;
+    }
+    const bool isNumber = ReadNumber(typed).has_value();
+    return isNumber ? std::optional(NumberFromText(typed, gDecimalIsComma)) : std::nullopt;
+}
+
+double SizeOfSectors(int sectors) {
+    return 360.0 / std::max(sectors, 1);
+}
+
+bool DividesCircle(double sectorSize) {
+    return DivideCircle(sectorSize).oddSize == 0;
+}
+
+} // namespace quandrel

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_plot.h"
+
+#include "classify/classification.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "platform/platform.h"
+#include "rose/circular_statistics.h"
+#include "rose/rose_furniture.h"
+#include "rose/rose_legend.h"
+#include "rose/rose_mean.h"
+#include "rose/rose_radii.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_shown.h"
+#include "rose/rose_statistics_texts.h"
+#include "rose/rose_tables.h"
+#include "rose/rose_wedges.h"
+#include "stereo/draw_target.h"
+
+#include <string>
+
+namespace quandrel {
+
+std::function<void(int fault)> gRoseFaultHook;
+bool gRoseClassWarned = false;
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kCountingText = "Please wait - calculating rose diagram sectors";
+
+void Stop(const std::string& text) {
+    (void)gPlatform.prompts->Ask({gCaption, text, Icon::Stop, Buttons::Ok});
+}
+
+std::string FaultText(const PlotRecord& record, int fault) {
+    const bool isText = fault == kNoRoseClasses || MeasureOfRose(record.RoseType) == kRoseWindSpeed;
+    std::string text = "No appended " + (isText ? record.AppNonNumName : record.AppNumName)
+                       + " data were found in this data set.";
+    if (RoseClassOf(record.RoseType) != kRoseUnclassified) {
+        text += "\n(Try checking your classification range settings)";
+    }
+    return text + "\nThese data will only be plotted as Frequency-Azimuth roses.";
+}
+
+/// Turns a rose that the data cannot show into one of frequencies.
+void MendFault(PlotRecord& record) {
+    const int fault = FaultOfRose();
+    if (fault == kNoRoseFault) {
+        return;
+    }
+    Stop(FaultText(record, fault));
+    record.RoseType = kRoseFrequency;
+    if (gRoseFaultHook) {
+        gRoseFaultHook(fault);
+    }
+    gRoseOddAsked = true; // the size has been accepted a moment ago
+    (void)RoseCountSectors();
+}
+
+/// Warns once when hardly any number of a classified rose could be read.
+void CheckClasses(PlotRecord& record) {
+    if (record.ClassifyCheckPending == 0 || gRoseClassWarned) {
+        return;
+    }
+    const std::optional<ClassColumn> column = RoseClassColumn(record);
+    if (!column || *column == kNameClasses) {
+        return;
+    }
+    record.ClassifyCheckPending = 0;
+    if (DecimalWarningNeeded(*column)) {
+        gRoseClassWarned = true;
+        Stop(DecimalWarningText());
+    }
+}
+
+/// Counts rows and works out statistics after a change. False when the user wants none of it.
+bool CountAnew(PlotRecord& record) {
+    gPlatform.status->SetText(kCountingText);
+    if (!RoseCountSectors()) {
+        gPlatform.status->SetText({});
+        return false;
+    }
+    MendFault(record);
+    CheckClasses(record);
+    RoseCircularStats(MeasureOfRose(record.RoseType));
+    gPlatform.status->SetText({});
+    record.RowsChanged = 0;
+    RememberRose();
+    return true;
+}
+
+/// Fills the tables from rows and settings that have not changed.
+void CountAgain() {
+    gRoseOddAsked = true;
+    (void)RoseCountSectors();
+    gRoseOddAsked = false;
+}
+
+/// Brings the tables up to date with the plot. False when there is nothing to draw.
+bool PrepareTables(PlotRecord& record, bool recalculate) {
+    if (IsDrawingElsewhere()) {
+        if (IsRoseRefused()) {
+            return false;
+        }
+        if (gRoseTablesSlot != gActivePlot || IsRoseStale()) {
+            CountAgain();
+        }
+        return true;
+    }
+    if (!recalculate && IsRoseRefused()) {
+        return false;
+    }
+    if (recalculate || record.RoseRangeA[0][0] == 0 || IsRoseStale()) {
+        if (CountAnew(record)) {
+            return true;
+        }
+        if (!RestoreRose()) {
+            RefuseRose();
+            return false;
+        }
+    }
+    if (gRoseTablesSlot != gActivePlot) {
+        CountAgain();
+    }
+    return true;
+}
+
+/// Keeps scale and largest sector of the layer in gRoseRadii.
+void StoreLayerScale(PlotRecord& record, std::size_t layer) {
+    const double largest = gRoseRadii(0, 0);
+    const double scale = gRoseRadii(0, 1);
+    record.RoseRangeB[layer] = {gRoseTotal != 0 ? largest * 100 / gRoseTotal : 0, largest};
+    record.RoseRangeA[layer] = {gRoseTotal * scale / 100, scale};
+}
+
+void DrawLayer(PlotRecord& record, int measure, int layer) {
+    RoseRadii(measure, layer);
+    StoreLayerScale(record, static_cast<std::size_t>(layer));
+    DrawRoseWedges(record.RoseHistStyle, layer);
+}
+
+void DrawLayers(PlotRecord& record) {
+    const int kind = RoseKindOf(record.RoseType);
+    switch (kind) {
+    case kRoseOverlaidWind:
+        DrawLayer(record, kRoseOverlaidWind, 2);
+        DrawLayer(record, kRoseWindSpeed, 1);
+        DrawLayer(record, kRoseWindEnergy, 0);
+        break;
+    case kRoseValueOverFrequency:
+    case kRoseValueOverMean:
+        DrawLayer(record, kind == kRoseValueOverMean ? kRoseMeanValue : kRoseFrequency, 1);
+        DrawLayer(record, kRoseValue, 0);
+        break;
+    default:
+        DrawLayer(record, MeasureOfRose(record.RoseType), 0);
+        break;
+    }
+}
+
+void WriteTexts(const std::string& normal, const std::string& advanced) {
+    PlotForm& form = FormOf(gActivePlot);
+    form.SetBoxText(PlotBox::StatsNormal, normal);
+    form.SetBoxText(PlotBox::StatsAdvanced, advanced);
+}
+
+/// The texts of a plot that shows no rose.
+void WriteNumberAlone(const PlotRecord& record) {
+    WriteTexts("No. of Data = " + std::to_string(record.NumValidData) + kLineEnd, {});
+}
+
+} // namespace
+
+int FaultOfRose() {
+    const PlotRecord& record = ActiveRecord();
+    const int measure = MeasureOfRose(record.RoseType);
+    const bool needsRows = measure == kRoseMeanValue || measure == kRoseVariance;
+    const std::size_t row = needsRows ? kRoseCount : static_cast<std::size_t>(measure);
+    if (record.RoseStats[row][0] != 0) {
+        return kNoRoseFault;
+    }
+    if (RoseClassOf(record.RoseType) == kRoseByType && gRoseSectors(0, 0, kRoseValueLayer) == 0) {
+        return kNoRoseClasses;
+    }
+    return measure != kRoseFrequency ? kNoRoseValues : kNoRoseFault;
+}
+
+void RosePlot(bool recalculate) {
+    PlotRecord& record = ActiveRecord();
+    gRoseWedges.clear();
+    if (record.NumValidData == 0 || !PrepareTables(record, recalculate)) {
+        if (!IsDrawingElsewhere()) {
+            WriteNumberAlone(record);
+        }
+        return;
+    }
+    DrawLayers(record);
+    DrawRoseScale();
+    DrawRoseMean();
+    if (!IsDrawingElsewhere()) {
+        WriteTexts(RoseStatsShort(), RoseStatsFull());
+    }
+}
+
+} // namespace quandrel

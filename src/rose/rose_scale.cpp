@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/rose_scale.h"
+
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "rose/rose_radii.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::size_t kFormLength = 4;
+constexpr const char* kCircleForm = "circ";
+constexpr const char* kTickForm = "tick";
+
+/// What drawings put in the place of "auto", by slot.
+std::unordered_map<int, std::string> automaticTexts;
+
+std::string_view IntervalText(std::string_view scaleType) {
+    return scaleType.substr(std::min(kFormLength, scaleType.size()));
+}
+
+} // namespace
+
+double AutomaticRoseInterval(double largestPerCent) {
+    if (largestPerCent < 7) {
+        return 1;
+    }
+    if (largestPerCent <= 13) {
+        return 2;
+    }
+    if (largestPerCent <= 18) {
+        return 3;
+    }
+    if (largestPerCent <= 30) {
+        return 5;
+    }
+    return largestPerCent <= 60 ? 10 : 20;
+}
+
+bool HasAutomaticInterval(std::string_view scaleType) {
+    const std::string_view interval = IntervalText(scaleType);
+    return !interval.empty() && (interval.front() == 'a' || interval.front() == 'A');
+}
+
+bool HasScaleCircles(std::string_view scaleType) {
+    return scaleType.substr(0, kFormLength) == kCircleForm;
+}
+
+double IntervalOfScale(std::string_view scaleType, double largestPerCent) {
+    if (HasAutomaticInterval(scaleType)) {
+        return AutomaticRoseInterval(largestPerCent);
+    }
+    const double interval = ParseNumber(IntervalText(scaleType));
+    if (!(interval > 0)) {
+        return largestPerCent > 4 ? RoundToEven(largestPerCent / 4) : 1;
+    }
+    return std::max(interval, largestPerCent / kMostRoseMarks);
+}
+
+double RoseScaleInterval(const PlotRecord& record) {
+    return IntervalOfScale(record.RoseScaleType, record.RoseRangeB[0][0]);
+}
+
+std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings) {
+    // Multiples of a fraction miss the largest sector by rounding.
+    const double tolerance = 1e-9 * settings.largestPerCent;
+    const double last = settings.largestPerCent + (settings.circles ? -tolerance : tolerance);
+    const double r0 = settings.zeroRadius;
+    std::vector<RoseScaleMark> marks;
+    if (!(settings.interval > 0)) {
+        return marks;
+    }
+    for (int i = 1; i <= kMostRoseMarks; ++i) {
+        const double perCent = i * settings.interval;
+        if (!(perCent <= last)) {
+            break;
+        }
+        const double length = settings.unitsPerCent * perCent;
+        marks.push_back({perCent, settings.equalArea ? std::sqrt(length + r0 * r0) : r0 + length});
+    }
+    return marks;
+}
+
+RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
+    RoseScaleSettings settings;
+    settings.interval = RoseScaleInterval(record);
+    settings.largestPerCent = record.RoseRangeB[0][0];
+    settings.unitsPerCent = record.RoseRangeA[0][0];
+    settings.zeroRadius = ZeroRadiusOfRose(record);
+    settings.equalArea = record.RoseEqualArea != 0;
+    settings.circles = HasScaleCircles(record.RoseScaleType);
+    return settings;
+}
+
+void StoreRoseInterval() {
+    PlotRecord& record = ActiveRecord();
+    const bool isAutomatic = HasAutomaticInterval(record.RoseScaleType);
+    const char* const form = HasScaleCircles(record.RoseScaleType) ? kCircleForm : kTickForm;
+    record.RoseScaleType = form + FormatNumber(RoseScaleInterval(record), "General Number");
+    if (isAutomatic) {
+        automaticTexts[gActivePlot] = record.RoseScaleType;
+    }
+}
+
+bool IsRoseIntervalAutomatic() {
+    const std::string& text = ActiveRecord().RoseScaleType;
+    const auto written = automaticTexts.find(gActivePlot);
+    return HasAutomaticInterval(text)
+           || (written != automaticTexts.end() && written->second == text);
+}
+
+} // namespace quandrel

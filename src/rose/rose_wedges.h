@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+//
+// The petals of a rose as wedges: their geometry, and their drawing.
+//
+// Angles of wedges are radians, counter-clockwise from east; a wedge runs counter-clockwise from
+// its start to its end, once round when both are equal. Radii are plot units; all wedges begin at
+// the centre, an inner one lies on top of an outer one.
+
+#pragma once
+
+#include "platform/surface.h"
+#include "rose/rose_tables.h"
+
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+struct RoseWedge {
+    double start = 0; ///< 0 to 2 pi
+    double end = 0;   ///< 0 to 2 pi
+    double radius = 0;
+    int sector = 1;
+    int classNumber = 0; ///< 0: the whole sector, which has no classes
+    int layer = 0;       ///< of an overlaid rose: 0 on top
+    bool mirror = false; ///< the opposite of an axial sector
+};
+
+/// The wedges of the rose drawn last, in the order of their drawing. Empty when there is none.
+extern std::vector<RoseWedge> gRoseWedges;
+
+struct RoseWedgeSettings {
+    double startMath = 80;    ///< degrees counter-clockwise from east, where sector 1 starts
+    double sectorSize = 10;   ///< degrees
+    double oddSectorSize = 0; ///< of the smaller last sector, degrees; 0: there is none
+    double fraction = 1;      ///< of the sector that its wedge fills, above 0
+    double zeroRadius = 0;
+    bool stepped = false; ///< classes differ in width too
+    bool mirror = false;  ///< a second wedge opposite to each
+    int layer = 0;
+};
+
+/// The angle that a wedge takes in its sector: in its middle. The smaller last sector ends where
+/// the first one begins; its gaps are whole numbers of degrees where there is room for them.
+struct RoseSpan {
+    double start = 0; ///< radians, not wrapped
+    double end = 0;
+};
+
+/// The span of a sector, 1 to `sectors`, before classes narrow it.
+[[nodiscard]] RoseSpan SpanOfSector(const RoseWedgeSettings& settings, int sectors, int sector);
+
+/// The wedges of all sectors that are longer than 0, each with its mirror behind it: the whole
+/// sector, or its classes from the outermost to the innermost. Classes of a width of their own
+/// widen outward in equal steps: class c of m is (2 c - 1) / (2 m - 1) as wide as its sector.
+[[nodiscard]] std::vector<RoseWedge> WedgesOfRose(const RoseRadiiTable& radii,
+                                                  const RoseWedgeSettings& settings);
+
+/// The wedge on top at a position, or nothing.
+[[nodiscard]] const RoseWedge* WedgeAt(std::span<const RoseWedge> wedges, Point at);
+
+/// How petals of a class, or of a layer of an overlaid rose, are filled.
+struct RoseFill {
+    int colour = 0;  ///< index of gColourTable
+    int pattern = 0; ///< FillStyle
+};
+
+/// Of a class, 1 or more. Classes beyond the table have the colours of the first ones, hatched.
+[[nodiscard]] RoseFill FillOfRoseClass(int classNumber);
+
+/// Of a layer 0 to 2; 0 is also a rose that has no layers and no classes.
+[[nodiscard]] RoseFill FillOfRoseLayer(int layer);
+
+/// Width of a wedge in the layers of an overlaid rose, of the width set: the middle layer is a
+/// quarter of its sector narrower, but never without width.
+[[nodiscard]] double FractionOfLayer(double fraction, int layer);
+
+/// Draws the wedges of gRoseRadii and adds them to gRoseWedges. Layer 0 is the last one: behind it
+/// come the outlines of the layers below it, the zero circle, and the blank of a half rose.
+///
+/// @param style  RoseHistStyle. Kept: it plays no part, wedges are always drawn
+/// @param layer  0 to 2; above counts as 0
+void DrawRoseWedges(int style, int layer = 0);
+
+} // namespace quandrel

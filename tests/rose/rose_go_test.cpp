@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "core/settings.h"
+#include "rose/rose_go.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_scale.h"
+#include "stereo/plot_stages.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <limits>
+#include <vector>
+
+namespace quandrel {
+
+class RoseGoTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPlotKind = kRose;
+        NewPlot();
+        Record().DataKind = kLines;
+        Record().PrimaryFormat = kPrimaryLine;
+        for (const int azimuth : {12, 15, 33, 35, 38, 120}) {
+            AddRow(10, azimuth);
+        }
+        gPlotStages = {};
+        gPlotStages.drawRose = [this](bool recalculate) {
+            recalculated.push_back(recalculate);
+            RosePlot(recalculate);
+        };
+    }
+
+    void TearDown() override {
+        gPlotStages = {};
+        gPlotKind = kEqualArea;
+        EngineTest::TearDown();
+    }
+
+    static PlotRecord& Record() { return ActiveRecord(); }
+
+    std::vector<bool> recalculated;
+};
+
+TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
+    RoseSettings rose;
+    rose.kind = kRoseFrequency;
+    rose.classes = kRoseByLength;
+    rose.shape = 3;
+    rose.equalArea = true;
+    rose.sectorSize = 360.0 / 7; // in full
+    rose.startAngle = 12.5;
+    rose.sectorFraction = 80;
+    rose.zeroCircle = 25;
+    rose.histStyle = 2;
+    rose.segShape = 1;
+    rose.circles = true;
+    rose.interval = 2.5;
+    rose.outerCircle = false;
+    rose.biasMode = 2;
+    rose.samplePlunge = 30;
+    rose.sampleTrend = 270;
+    rose.minBiasAngle = 7;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    const PlotRecord& record = Record();
+    EXPECT_EQ(record.RoseType, 10);
+    EXPECT_EQ(record.RoseShape, 3);
+    EXPECT_EQ(record.RoseEqualArea, kTrue);
+    EXPECT_EQ(record.RoseSectorSize, 360.0 / 7);
+    EXPECT_EQ(record.RoseScaleType, "circ2.5");
+    EXPECT_EQ(record.RoseHistStyle, 2);
+    EXPECT_EQ(record.Modified, kTrue);
+    EXPECT_EQ(recalculated, std::vector<bool>{true});
+    const RoseSettings read = RoseSettingsOfActivePlot();
+    EXPECT_EQ(read.kind, rose.kind);
+    EXPECT_EQ(read.classes, rose.classes);
+    EXPECT_EQ(read.shape, rose.shape);
+    EXPECT_EQ(read.equalArea, rose.equalArea);
+    EXPECT_EQ(read.sectorSize, rose.sectorSize);
+    EXPECT_EQ(read.startAngle, rose.startAngle);
+    EXPECT_EQ(read.sectorFraction, rose.sectorFraction);
+    EXPECT_EQ(read.zeroCircle, rose.zeroCircle);
+    EXPECT_EQ(read.histStyle, rose.histStyle);
+    EXPECT_EQ(read.segShape, rose.segShape);
+    EXPECT_EQ(read.circles, rose.circles);
+    EXPECT_EQ(read.interval, rose.interval);
+    EXPECT_EQ(read.outerCircle, rose.outerCircle);
+    EXPECT_EQ(read.biasMode, rose.biasMode);
+    EXPECT_EQ(read.ownLines, rose.ownLines);
+    EXPECT_EQ(read.samplePlunge, rose.samplePlunge);
+    EXPECT_EQ(read.sampleTrend, rose.sampleTrend);
+    EXPECT_EQ(read.minBiasAngle, rose.minBiasAngle);
+}
+
+TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {
+    RoseSettings rose;
+    rose.sectorSize = 15;
+    rose.sectorFraction = 70;
+    rose.circles = true;
+    rose.outerCircle = false;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(gRoseSectorSize, 15);
+    EXPECT_EQ(gRoseSectorFraction, 70);
+    EXPECT_EQ(gRoseScaleType, "circauto");
+    EXPECT_FALSE(gRoseOuterCircle);
+}
+
+TEST_F(RoseGoTest, StillShowsAutoAfterADrawing) {
+    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(Record().RoseScaleType, "tick10"); // three of six in one sector: 50 %
+    EXPECT_FALSE(RoseSettingsOfActivePlot().interval);
+    EXPECT_FALSE(ApplyRoseSettings(RoseSettingsOfActivePlot()));
+    EXPECT_EQ(gRoseScaleType, "tickauto");
+    RoseSettings rose = RoseSettingsOfActivePlot();
+    rose.interval = 10;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(Record().RoseScaleType, "tick10");
+}
+
+TEST_F(RoseGoTest, MakesARoseOfAStereoPlot) {
+    Record().PlotKind = kEqualAngle;
+    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(Record().PlotKind, kRose);
+    EXPECT_EQ(recalculated.size(), 1U);
+}
+
+TEST_F(RoseGoTest, ForgetsTheSmallerSectorOfTheLastSize) {
+    Record().RoseOddSectorSize = 3;
+    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(Record().RoseOddSectorSize, 0);
+}
+
+TEST_F(RoseGoTest, AsksAboutASmallerSectorAtEachGo) {
+    RoseSettings rose;
+    rose.sectorSize = 7;
+    Expect("odd sector size");
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(Record().RoseOddSectorSize, 3);
+    Expect("odd sector size");
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+}
+
+TEST_F(RoseGoTest, LeavesClassesOutOfMeansAndDeviations) {
+    Record().HasAppendedNumeric = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+    for (std::int32_t row = 1; row <= Record().NumData; ++row) {
+        gAppNumeric.At(gActivePlot, row) = static_cast<float>(row);
+    }
+    RoseSettings rose;
+    rose.kind = kRoseMeanValue;
+    rose.classes = kRoseByType;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(Record().RoseType, kRoseMeanValue);
+}
+
+TEST_F(RoseGoTest, WritesAClassTableWhenItIsGivenOne) {
+    RoseSettings rose;
+    Record().ClassTable[1][0] = 5.0;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 5);
+    rose.table = Record().ClassTable;
+    (*rose.table)[1][0] = 6.0;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 6);
+}
+
+TEST_F(RoseGoTest, WritesOwnLinesAsAMark) {
+    Record().HasAppendedLine = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Line));
+    RoseSettings rose;
+    rose.biasMode = 1;
+    rose.ownLines = true;
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(Record().RoseSamplePlunge, -9999);
+    EXPECT_TRUE(RoseSettingsOfActivePlot().ownLines);
+}
+
+TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
+    struct Case {
+        std::function<void(RoseSettings&)> change;
+        RoseField field;
+    };
+
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<Case> cases = {
+        {[](RoseSettings& s) { s.sectorSize = 0.99; }, RoseField::SectorSize},
+        {[](RoseSettings& s) { s.sectorSize = 360.01; }, RoseField::SectorSize},
+        {[nan](RoseSettings& s) { s.sectorSize = nan; }, RoseField::SectorSize},
+        {[](RoseSettings& s) { s.startAngle = -1; }, RoseField::StartAngle},
+        {[](RoseSettings& s) { s.startAngle = 361; }, RoseField::StartAngle},
+        {[](RoseSettings& s) { s.sectorFraction = 0; }, RoseField::SectorFraction},
+        {[](RoseSettings& s) { s.sectorFraction = 101; }, RoseField::SectorFraction},
+        {[](RoseSettings& s) { s.zeroCircle = -1; }, RoseField::ZeroCircle},
+        {[](RoseSettings& s) { s.zeroCircle = 91; }, RoseField::ZeroCircle},
+        {[](RoseSettings& s) { s.interval = -1; }, RoseField::ScaleInterval},
+        {[nan](RoseSettings& s) { s.interval = nan; }, RoseField::ScaleInterval},
+        {[](RoseSettings& s) { s.samplePlunge = -5; }, RoseField::SamplePlunge},
+        {[](RoseSettings& s) { s.samplePlunge = 91; }, RoseField::SamplePlunge},
+        {[](RoseSettings& s) { s.sampleTrend = 361; }, RoseField::SampleTrend},
+        {[](RoseSettings& s) { s.minBiasAngle = 0; }, RoseField::MinBiasAngle},
+        {[](RoseSettings& s) { s.biasMode = 4; }, RoseField::BiasMode},
+        {[](RoseSettings& s) { s.kind = 9; }, RoseField::Kind},
+        {[](RoseSettings& s) { s.classes = 3; }, RoseField::Classes},
+        {[](RoseSettings& s) { s.shape = 5; }, RoseField::Shape},
+        {[](RoseSettings& s) {
+             s.biasMode = 1;
+             s.ownLines = true;
+         },
+         RoseField::OwnLines},
+    };
+    for (const Case& c : cases) {
+        RoseSettings rose;
+        c.change(rose);
+        const auto refusal = ApplyRoseSettings(rose);
+        ASSERT_TRUE(refusal) << static_cast<int>(c.field);
+        EXPECT_EQ(refusal->field, c.field);
+        EXPECT_FALSE(refusal->reason.empty());
+    }
+    EXPECT_TRUE(recalculated.empty());
+    EXPECT_EQ(Record().Modified, 0);
+}
+
+TEST_F(RoseGoTest, AcceptsTheEndsOfEachRange) {
+    for (const double size : {1.0, 360.0}) {
+        RoseSettings rose;
+        rose.sectorSize = size;
+        rose.sectorFraction = size == 1 ? 1 : 100;
+        rose.zeroCircle = size == 1 ? 0 : 90;
+        rose.startAngle = size == 1 ? 0 : 360;
+        rose.samplePlunge = size == 1 ? 0 : 90;
+        rose.minBiasAngle = size == 1 ? 1 : 90;
+        EXPECT_FALSE(CheckRoseSettings(rose)) << size;
+    }
+}
+
+TEST_F(RoseGoTest, RefusesAnIntervalOfTooManyMarks) {
+    Record().RoseRangeB[0][0] = 50;
+    RoseSettings rose;
+    rose.interval = 0.49;
+    ASSERT_TRUE(CheckRoseSettings(rose));
+    EXPECT_EQ(CheckRoseSettings(rose)->field, RoseField::ScaleInterval);
+    rose.interval = 0.5;
+    EXPECT_FALSE(CheckRoseSettings(rose));
+    rose.interval = 0; // leaves it to the drawing
+    EXPECT_FALSE(CheckRoseSettings(rose));
+}
+
+TEST_F(RoseGoTest, KeepsTheOldRoseWhenTheSizeIsNotWanted) {
+    EXPECT_FALSE(ApplyRoseSettings({}));
+    const auto before = gRoseSectors.Sectors();
+    RoseSettings rose;
+    rose.sectorSize = 7;
+    rose.shape = 2;
+    rose.startAngle = 5;
+    Expect("odd sector size", Button::Cancel);
+    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(gRoseSectors.Sectors(), before);
+    EXPECT_EQ(Record().RoseSectorSize, 10);
+    EXPECT_EQ(Record().RoseShape, 0);
+    EXPECT_EQ(Record().RoseStartAngle, 0);
+    RosePlot(false); // nothing is asked
+    EXPECT_EQ(gRoseSectors.Sectors(), before);
+}
+
+TEST(CorrectedBiasValue, IsTheNearestThatCounts) {
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::Plunge, 95), 90);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::Plunge, -3), 0);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::Plunge, 45), 45);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::Trend, 400), 360);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::Trend, 359), 359);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::MinAngle, 0), 1);
+    EXPECT_EQ(CorrectedBiasValue(BiasBox::MinAngle, 5), 5);
+}
+
+TEST_F(RoseGoTest, ReadsBoxesByTheRegionalDelimiter) {
+    EXPECT_EQ(NumberOfRoseBox(""), 0);
+    EXPECT_EQ(NumberOfRoseBox("  "), 0);
+    EXPECT_EQ(NumberOfRoseBox("7.5"), 7.5);
+    EXPECT_EQ(NumberOfRoseBox("ten"), std::nullopt);
+    gDecimalIsComma = true;
+    EXPECT_EQ(NumberOfRoseBox("7,5"), 7.5);
+    gDecimalIsComma = false;
+}
+
+TEST(SizeOfSectors, IsKeptInFull) {
+    EXPECT_EQ(SizeOfSectors(7), 360.0 / 7);
+    EXPECT_TRUE(DividesCircle(SizeOfSectors(7)));
+    EXPECT_TRUE(DividesCircle(7.2));
+    EXPECT_FALSE(DividesCircle(7));
+}
+
+} // namespace quandrel

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "rose/rose_mean.h"
+#include "rose/rose_tables.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kClose = 1e-9;
+
+double Degrees(double radians) {
+    return radians * 180 / std::acos(-1.0);
+}
+
+double Radians(double degrees) {
+    return degrees * std::acos(-1.0) / 180;
+}
+
+} // namespace
+
+class RoseMeanTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        NewPlot();
+        PlotRecord& record = ActiveRecord();
+        record.RoseDisplay7 = kTrue;
+        record.RoseDisplay8 = 0;
+        record.RoseStats[0] = {100, 100, 20};
+        record.RoseMeanDir[0] = Radians(60);
+        record.RoseResultant = {0.8, 0.5};
+        record.RoseDispersion = 0.25;
+        gRoseSectors = RoseSectorTable(4, 1);
+        gRoseSectors(0, 0, kRoseValueLayer) = 100;
+        gRoseDirectional = false;
+    }
+
+    std::vector<DrawOperation> Draw() {
+        Form(gActivePlot).PlotSurface().Clear(kWhite);
+        DrawRoseMean();
+        return DrawnOn(Form(gActivePlot).Plot());
+    }
+};
+
+TEST_F(RoseMeanTest, PointsBothWaysForAxialData) {
+    const auto ends = RoseArrowAzimuths(ActiveRecord());
+    ASSERT_EQ(ends.size(), 2U);
+    EXPECT_NEAR(Degrees(ends[0]), 60, kClose);
+    EXPECT_NEAR(Degrees(ends[1]), 240, kClose);
+    gRoseDirectional = true;
+    ASSERT_EQ(RoseArrowAzimuths(ActiveRecord()).size(), 1U);
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 60, kClose);
+}
+
+TEST_F(RoseMeanTest, ShowsNoArrowWhereThereIsNoMean) {
+    PlotRecord& record = ActiveRecord();
+    record.RoseDisplay7 = 0;
+    EXPECT_TRUE(RoseArrowAzimuths(record).empty());
+    record.RoseDisplay7 = kTrue;
+    record.RoseResultant[0] = 0;
+    EXPECT_TRUE(RoseArrowAzimuths(record).empty());
+    EXPECT_FALSE(RoseConfidenceHalfWidth(record));
+    record.RoseResultant[0] = 0.8;
+    for (const std::int16_t kind : std::array<std::int16_t, 2>{2, 3}) {
+        record.RoseType = kind;
+        EXPECT_TRUE(RoseArrowAzimuths(record).empty()) << kind;
+        EXPECT_FALSE(RoseConfidenceHalfWidth(record)) << kind;
+    }
+}
+
+TEST_F(RoseMeanTest, ShowsTheEndsInTheHalfDrawn) {
+    const std::array<double, 5> ends = {0, 60, 60, 240, 240};
+    for (std::int16_t shape = 1; shape <= 4; ++shape) {
+        ActiveRecord().RoseShape = shape;
+        const auto shown = RoseArrowAzimuths(ActiveRecord());
+        ASSERT_EQ(shown.size(), 1U) << shape;
+        EXPECT_NEAR(Degrees(shown[0]), ends[static_cast<std::size_t>(shape)], kClose) << shape;
+    }
+}
+
+TEST_F(RoseMeanTest, DrawsArrowsOutsideTheRim) {
+    const auto drawn = Draw();
+    ASSERT_EQ(drawn.size(), 6U); // shaft and two barbs, twice
+    for (const DrawOperation& line : drawn) {
+        EXPECT_EQ(line.kind, DrawOperation::Kind::Line);
+        EXPECT_EQ(line.state.drawWidth, 2);
+        for (const Point& end : line.points) {
+            EXPECT_GE(std::hypot(end.x, end.y), 1000 - kClose);
+            EXPECT_LE(std::hypot(end.x, end.y), 1100);
+        }
+    }
+    const Point tip = drawn[0].points[1];
+    EXPECT_NEAR(Degrees(std::atan2(tip.x, tip.y)), 60, kClose);
+    EXPECT_EQ(drawn[1].points[0], tip);
+    EXPECT_EQ(drawn[2].points[0], tip);
+}
+
+TEST_F(RoseMeanTest, HasAnIntervalFromTheStandardError) {
+    // Standard error 0.05: asin(0.09802) is 5.625 degrees; axial data have half of it.
+    PlotRecord& record = ActiveRecord();
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 5.62514 / 2, 1e-4);
+    gRoseDirectional = true;
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 5.62514, 1e-4);
+    record.RoseDispersion = 1000;
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
+}
+
+TEST_F(RoseMeanTest, CountsTheWeightedDataUnderABiasCorrection) {
+    gRoseDirectional = true;
+    ActiveRecord().RoseStats[0] = {100, 400, 20}; // 400 weighted: half the standard error
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActiveRecord())), 1.9604 * 0.025, 1e-12);
+}
+
+TEST_F(RoseMeanTest, DrawsTheArcOnTheRimAboutBothEnds) {
+    PlotRecord& record = ActiveRecord();
+    record.RoseDisplay7 = 0;
+    record.RoseDisplay8 = kTrue;
+    const double half = Degrees(*RoseConfidenceHalfWidth(record));
+    const auto drawn = Draw();
+    ASSERT_EQ(drawn.size(), 2U);
+    const std::array<double, 2> middles = {30, 210}; // azimuths 60 and 240
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(drawn[i].kind, DrawOperation::Kind::Arc);
+        EXPECT_EQ(drawn[i].radius, 1000);
+        EXPECT_NEAR(Degrees(drawn[i].start), middles[i] - half, 1e-6);
+        EXPECT_NEAR(Degrees(drawn[i].end), middles[i] + half, 1e-6);
+    }
+    record.RoseShape = 1;
+    EXPECT_EQ(Draw().size(), 1U);
+}
+
+TEST_F(RoseMeanTest, LeavesTheSurfaceAsItWas) {
+    Surface& surface = Form(gActivePlot).PlotSurface();
+    const DrawState before = surface.State();
+    ActiveRecord().RoseDisplay8 = kTrue;
+    DrawRoseMean();
+    EXPECT_EQ(surface.State(), before);
+}
+
+} // namespace quandrel

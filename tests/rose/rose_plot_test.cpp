@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "core/settings.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_tables.h"
+#include "rose/rose_wedges.h"
+#include "stereo/draw_target.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+struct RoseRow {
+    int azimuth;
+    float number;
+    const char* text;
+};
+
+double Degrees(double radians) {
+    return radians * 180 / std::acos(-1.0);
+}
+
+} // namespace
+
+class RosePlotTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        BuildStyleTables();
+        gPlotKind = kRose;
+        gRoseClassWarned = false;
+        gRoseFaultHook = {};
+        gRoseOddAsked = false;
+        NewRose();
+    }
+
+    void TearDown() override {
+        gPlotKind = kEqualArea;
+        gRoseFaultHook = {};
+        EngineTest::TearDown();
+    }
+
+    /// A rose of polar lines without rows.
+    void NewRose() {
+        NewPlot();
+        ForgetAcceptedSectorSize();
+        Record().DataKind = kPolarLines;
+        Record().PrimaryFormat = kPrimaryLine;
+        Record().AppNumName = "Length";
+        Record().AppNonNumName = "Speed";
+        Record().FileNames[1] = "slot" + std::to_string(gActivePlot);
+    }
+
+    static void AddRows(const std::vector<RoseRow>& rows) {
+        PlotRecord& record = ActiveRecord();
+        record.HasAppendedNumeric = kTrue;
+        record.HasAppendedText = kTrue;
+        for (const RoseRow& row : rows) {
+            AddRow(10, row.azimuth);
+            ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+            ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Text));
+            gAppNumeric.At(gActivePlot, record.NumData) = row.number;
+            gAppText.Set(gActivePlot, record.NumData, row.text);
+        }
+    }
+
+    /// Three in the sector to 10, one in that to 100.
+    static void AddFourRows() { AddRows({{5, 1, "2"}, {8, 2, "3"}, {10, 3, "1"}, {95, 10, "4"}}); }
+
+    static PlotRecord& Record() { return ActiveRecord(); }
+
+    [[nodiscard]] static const RoseWedge* WedgeEndingAt(double azimuth) {
+        for (const RoseWedge& wedge : gRoseWedges) {
+            if (std::abs(std::remainder(90 - azimuth - Degrees(wedge.start), 360)) < 1e-6) {
+                return &wedge;
+            }
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(RosePlotTest, DrawsNothingWithoutRows) {
+    gRoseWedges.resize(3);
+    RosePlot();
+    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(DrawnOn(Form(gActivePlot).Plot()).empty());
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "No. of Data = 0\r\n");
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsAdvanced), "");
+}
+
+TEST_F(RosePlotTest, GivesEachDirectionItsPetal) {
+    AddFourRows();
+    RosePlot();
+    ASSERT_EQ(gRoseWedges.size(), 2U);
+    const RoseWedge* north = WedgeEndingAt(10);
+    const RoseWedge* east = WedgeEndingAt(100);
+    ASSERT_TRUE(north != nullptr && east != nullptr);
+    EXPECT_NEAR(north->radius, 1000, 1e-9);
+    EXPECT_NEAR(east->radius, 1000 / 3.0, 1e-9);
+    EXPECT_EQ(Record().RoseRangeB[0][0], 75);
+    EXPECT_EQ(Record().RoseRangeB[0][1], 3);
+    EXPECT_NEAR(Record().RoseRangeA[0][0], 1000 / 75.0, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeA[0][1], 1000 / 3.0, 1e-9);
+    EXPECT_EQ(Record().RoseScaleType, "tick20");
+    EXPECT_EQ(Record().RowsChanged, 0);
+}
+
+TEST_F(RosePlotTest, DrawsTheScaleOverThePetals) {
+    AddFourRows();
+    gRoseOuterCircle = true;
+    Record().RoseDisplay7 = 0;
+    RosePlot();
+    const auto drawn = DrawnOn(Form(gActivePlot).Plot());
+    EXPECT_EQ(drawn.front().kind, DrawOperation::Kind::Wedge);
+    EXPECT_EQ(drawn.back().kind, DrawOperation::Kind::Arc);
+    EXPECT_EQ(drawn.back().radius, 1000);
+}
+
+TEST_F(RosePlotTest, MirrorsLines) {
+    AddFourRows();
+    Record().DataKind = kLines;
+    RosePlot();
+    EXPECT_EQ(gRoseWedges.size(), 4U);
+}
+
+TEST_F(RosePlotTest, WritesBothStatisticsTexts) {
+    AddFourRows();
+    RosePlot();
+    EXPECT_NE(Form(gActivePlot).BoxText(PlotBox::StatsNormal).find("No. of Data = 4"),
+              std::string::npos);
+    EXPECT_NE(Form(gActivePlot).BoxText(PlotBox::StatsAdvanced).find("kappa"), std::string::npos);
+}
+
+TEST_F(RosePlotTest, CountsAgainWhenRowsOrSettingsChange) {
+    AddFourRows();
+    RosePlot();
+    AddRows({{200, 1, "1"}});
+    RosePlot(false);
+    EXPECT_EQ(gRoseWedges.size(), 3U);
+    Record().RoseSectorSize = 120;
+    RosePlot(false);
+    EXPECT_EQ(gRoseSectors.Sectors(), 3);
+    Record().RoseType = kRoseValue;
+    RosePlot(false);
+    EXPECT_EQ(gRoseTotal, 17);
+}
+
+TEST_F(RosePlotTest, TakesTheTablesAsTheyStandOtherwise) {
+    AddFourRows();
+    RosePlot();
+    gRoseSectors(1, 0, kRoseFrequencyLayer) = 99; // would not survive a count
+    Record().RoseSectorFraction = 50;
+    RosePlot(false);
+    EXPECT_EQ(gRoseSectors(1, 0, kRoseFrequencyLayer), 99);
+    RosePlot(true);
+    EXPECT_NE(gRoseSectors(1, 0, kRoseFrequencyLayer), 99);
+}
+
+TEST_F(RosePlotTest, DrawsEachPlotFromItsOwnRows) {
+    AddFourRows();
+    RosePlot();
+    const int first = gActivePlot;
+    NewRose();
+    AddRows({{300, 1, "1"}});
+    RosePlot();
+    EXPECT_EQ(gRoseWedges.size(), 1U);
+    gActivePlot = first;
+    const double median = Record().RoseMedian;
+    RosePlot(false);
+    EXPECT_EQ(gRoseTablesSlot, first);
+    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(Record().RoseMedian, median);
+}
+
+TEST_F(RosePlotTest, StacksTheLayersOfAWindRose) {
+    AddRows({{5, 2, "3"}, {95, 1, "4"}}); // energies 54 and 64, speeds 3 and 4
+    Record().RoseType = kRoseOverlaidWind;
+    RosePlot();
+    ASSERT_EQ(gRoseWedges.size(), 6U);
+    const std::array<int, 6> layers = {2, 2, 1, 1, 0, 0};
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(gRoseWedges[i].layer, layers[i]);
+    }
+    EXPECT_NEAR(Record().RoseRangeB[0][1], 64, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[0][0], 6400 / 118.0, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[1][1], 4, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[2][1], 2, 1e-9);
+}
+
+TEST_F(RosePlotTest, LaysValuesOverFrequenciesAndMeans) {
+    AddRows({{5, 2, ""}, {6, 4, ""}, {95, 5, ""}});
+    Record().RoseType = kRoseValueOverFrequency;
+    RosePlot();
+    EXPECT_EQ(gRoseWedges.size(), 4U);
+    EXPECT_NEAR(Record().RoseRangeB[1][1], 2, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[0][1], 6, 1e-9);
+    Record().RoseType = kRoseValueOverMean;
+    RosePlot();
+    EXPECT_NEAR(Record().RoseRangeB[1][1], 5, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[0][1], 6, 1e-9);
+}
+
+TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
+    const std::vector<RoseRow> rows = {{5, kInvalidNumber, ""}, {95, kInvalidNumber, ""}};
+    AddRows(rows);
+    std::vector<int> faults;
+    gRoseFaultHook = [&faults](int fault) { faults.push_back(fault); };
+    for (std::int16_t kind = 1; kind <= 8; ++kind) {
+        Record().RoseType = kind;
+        const bool isText = kind == kRoseWindSpeed;
+        Expect(std::string("No appended ") + (isText ? "Speed" : "Length")
+               + " data were found in this data set.\nThese data will only be plotted as "
+                 "Frequency-Azimuth roses.");
+        RosePlot();
+        EXPECT_EQ(Record().RoseType, 0) << kind;
+        EXPECT_EQ(gRoseWedges.size(), 2U) << kind;
+        ASSERT_EQ(faults.size(), static_cast<std::size_t>(kind)) << kind;
+        EXPECT_EQ(faults.back(), kNoRoseValues) << kind;
+    }
+    RosePlot(); // says nothing any more
+}
+
+TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {
+    AddFourRows();
+    Record().RoseType = 20;
+    Record().ClassTable[0][1] = std::int16_t{1};
+    Record().ClassTable[0][2] = std::int16_t{0};
+    Record().ClassTable[1][2] = std::string("nothing has this name");
+    Record().ClassTable[12][1] = std::int16_t{0};
+    int fault = 0;
+    gRoseFaultHook = [&fault](int number) { fault = number; };
+    Expect("No appended Speed data were found in this data set.\n(Try checking your "
+           "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
+           "roses.");
+    RosePlot();
+    EXPECT_EQ(fault, kNoRoseClasses);
+    EXPECT_EQ(Record().RoseType, 0);
+}
+
+TEST_F(RosePlotTest, LeavesDeviationsWithoutSpreadEmpty) {
+    AddRows({{5, 2, ""}, {95, 5, ""}});
+    Record().RoseType = kRoseVariance;
+    RosePlot();
+    EXPECT_EQ(Record().RoseType, kRoseVariance);
+    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_EQ(Record().RoseRangeA[0][0], 0);
+}
+
+TEST_F(RosePlotTest, WarnsOnceAboutDelimiters) {
+    AddRows({{5, kInvalidNumber, ""}, {15, kInvalidNumber, ""}, {95, 5, ""}});
+    Record().RoseType = 10;
+    Record().ClassifyCheckPending = kTrue;
+    Record().ClassTable[0][0] = std::int16_t{1};
+    Record().ClassTable[1][0] = 0.0;
+    Record().ClassTable[11][0] = 10.0;
+    Record().ClassTable[12][0] = std::int16_t{0};
+    Expect("of your Appended data contributed valid values");
+    RosePlot();
+    EXPECT_TRUE(gRoseClassWarned);
+    EXPECT_EQ(Record().ClassifyCheckPending, 0);
+    Record().ClassifyCheckPending = kTrue;
+    RosePlot(); // no second time
+}
+
+TEST_F(RosePlotTest, DrawsNoRoseThatTheUserDoesNotWant) {
+    AddFourRows();
+    Record().RoseSectorSize = 7;
+    Expect("odd sector size", Button::Cancel);
+    RosePlot();
+    EXPECT_TRUE(gRoseWedges.empty());
+    RosePlot(false); // does not ask again
+    EXPECT_TRUE(gRoseWedges.empty());
+    Record().RoseSectorSize = 10;
+    RosePlot(false);
+    EXPECT_EQ(gRoseWedges.size(), 2U);
+}
+
+TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
+    AddFourRows();
+    RosePlot();
+    const int first = gActivePlot;
+    NewRose();
+    AddRows({{300, kInvalidNumber, ""}});
+    Record().RoseType = kRoseValue;
+    Record().RoseSectorSize = 7;
+    RecordingSurface page(600, 600);
+    RecordingSurface legend(100, 100);
+    {
+        const DrawElsewhere elsewhere(page, legend);
+        RosePlot(false); // neither the question nor the fault
+    }
+    EXPECT_EQ(Record().RoseType, kRoseValue);
+    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "");
+    gActivePlot = first;
+    {
+        const DrawElsewhere elsewhere(page, legend);
+        RosePlot(false);
+    }
+    EXPECT_EQ(gRoseWedges.size(), 2U);
+}
+
+} // namespace quandrel
