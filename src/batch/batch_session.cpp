@@ -2,8 +2,10 @@
 
 #include "batch/batch_session.h"
 
+#include "batch/classify_command.h"
 #include "batch/dump.h"
 #include "batch/field_access.h"
+#include "batch/rose_command.h"
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -16,8 +18,8 @@
 #include "platform/no_printers.h"
 #include "platform/qt/plot_picture.h"
 #include "platform/recording_form.h"
+#include "program/reference.h"
 #include "program/start.h"
-#include "statistics/reference_statistics.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"
@@ -84,8 +86,9 @@ const std::map<std::string, FieldRange>& FieldRanges() {
 /// Fields that keep account of the rows; they follow from what is loaded.
 bool KeepsAccount(const std::string& name) {
     static const std::set<std::string> names = {
-        "NumData",  "NumValidData",    "NumLoadedData", "NumFiles",       "OverlayRows",
-        "SlotFree", "SelectedOverlay", "NumContours",   "KinematicState", "IntersectionState"};
+        "NumData",  "NumValidData",    "NumLoadedData",  "NumFiles",        "OverlayRows",
+        "SlotFree", "SelectedOverlay", "NumContours",    "KinematicState",  "IntersectionState",
+        "GridSize", "DensityCount",    "GridDensityMax", "PointDensityMax", "NumClassified"};
     return names.contains(name);
 }
 
@@ -116,8 +119,7 @@ std::string RefusalOf(const std::string& field, const std::string& value) {
 /// The statistics of a kind as they stand.
 std::string StatisticsText(const std::string& kind) {
     if (kind == "reference") {
-        const std::optional<ReferenceStatistics> reference = ReferenceStatisticsOfActivePlot();
-        return reference ? ReferenceText(ReferenceEntries(*reference, ActiveRecord())) : "";
+        return TextOfReference(ReferenceOfActivePlot());
     }
     const PlotForm& form = FormOf(gActivePlot);
     return form.BoxText(kind == "advanced" ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
@@ -167,7 +169,9 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"activate", {&BatchSession::Activate, one}},
         {"answer", {&BatchSession::Answer, its}},
         {"blank", {&BatchSession::Blank, none}},
+        {"classify", {&BatchSession::Classify, its}},
         {"close", {&BatchSession::Close, none}},
+        {"cone", {&BatchSession::Cone, one}},
         {"data", {&BatchSession::Data, one}},
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
@@ -180,6 +184,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"plot", {&BatchSession::Plot, one}},
         {"recalculate", {&BatchSession::Recalculate, none}},
         {"replot", {&BatchSession::Replot, none}},
+        {"rose", {&BatchSession::Rose, its}},
         {"save", {&BatchSession::Save, one}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},
@@ -213,6 +218,14 @@ std::string BatchSession::NeedPlot() const {
     return IsOpenSlot(gActivePlot) ? std::string() : "no plot is open";
 }
 
+std::string BatchSession::NeedPlotAsSet() {
+    const std::string error = NeedPlot();
+    if (error.empty() && setPlots_.erase(gActivePlot) != 0) {
+        ReplotActivePlot(false);
+    }
+    return error;
+}
+
 std::string BatchSession::OpenFile(const char* engineCommand, const Command& command) {
     const std::optional<std::string> path = command.Bare(0);
     if (!path) {
@@ -232,6 +245,7 @@ std::string BatchSession::Activate(const Command& command) {
     }
     gActivePlot = *slot;
     gSelectionRows.clear();
+    FollowGridOfPlot();
     return {};
 }
 
@@ -254,12 +268,30 @@ std::string BatchSession::Blank(const Command&) {
     return OpenPlotFile(kBlankCommand) == kLoadError ? "no plot could be made" : std::string();
 }
 
+std::string BatchSession::Classify(const Command& command) {
+    const std::string error = NeedPlot();
+    return error.empty() ? ApplyClassArguments(command.arguments) : error;
+}
+
 std::string BatchSession::Close(const Command&) {
     const std::string error = NeedPlot();
     if (error.empty()) {
         ClosePlot(gActivePlot);
     }
     return error;
+}
+
+std::string BatchSession::Cone(const Command& command) {
+    const std::string state = command.Words();
+    if (state != "on" && state != "off") {
+        return "'" + state + "' is none of on, off";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    ActiveRecord().ShowConfidenceCone = state == "on";
+    ReplotActivePlot(false);
+    return {};
 }
 
 std::string BatchSession::Data(const Command& command) {
@@ -280,7 +312,7 @@ std::string BatchSession::Dump(const Command& command) {
     if (!path) {
         return "a path is missing";
     }
-    if (const std::string error = NeedPlot(); !error.empty()) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
         return error;
     }
     auto& form = static_cast<RecordingForm&>(FormOf(gActivePlot));
@@ -295,7 +327,7 @@ std::string BatchSession::Export(const Command& command) {
     if (!path) {
         return "a path is missing";
     }
-    if (const std::string error = NeedPlot(); !error.empty()) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
         return error;
     }
     PictureOptions options;
@@ -311,12 +343,7 @@ std::string BatchSession::Export(const Command& command) {
         return "'" + part + "' is none of whole, net";
     }
     options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
-    const std::string error = SavePlotPicture(*path, options);
-    if (error.empty() && ActiveRecord().PlotKind == kRose && !gPlotStages.drawRose) {
-        log_ << "export: '" << *path
-             << "' holds no rose: this version draws none, only the legend and the boxes\n";
-    }
-    return error;
+    return SavePlotPicture(*path, options);
 }
 
 std::string BatchSession::Format(const Command& command) {
@@ -379,6 +406,11 @@ std::string BatchSession::Replot(const Command&) {
     return error;
 }
 
+std::string BatchSession::Rose(const Command& command) {
+    const std::string error = NeedPlot();
+    return error.empty() ? ApplyRoseArguments(command.arguments) : error;
+}
+
 std::string BatchSession::Save(const Command& command) {
     const std::optional<std::string> path = command.Bare(0);
     if (!path) {
@@ -406,6 +438,9 @@ std::string BatchSession::Set(const Command& command) {
     if (error.empty()) {
         error = SetField(ActiveRecord(), *field, *value);
     }
+    if (error.empty()) {
+        setPlots_.insert(gActivePlot);
+    }
     if (showedSecondary != (ActiveRecord().ShowSecondary != 0)) {
         FollowShownSet(ActiveRecord());
     }
@@ -416,7 +451,7 @@ std::string BatchSession::Set(const Command& command) {
 }
 
 std::string BatchSession::Stats(const Command& command) {
-    if (const std::string error = NeedPlot(); !error.empty()) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
         return error;
     }
     const std::string kind = command.Bare(0).value_or("normal");

@@ -15,6 +15,7 @@
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -47,10 +48,16 @@ private:
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
     [[nodiscard]] std::string NeedPlot() const;
 
+    /// NeedPlot for commands that show results: a plot with fields set since it was drawn is drawn
+    /// anew, so that nothing older than its fields is shown.
+    [[nodiscard]] std::string NeedPlotAsSet();
+
     std::string Activate(const Command& command);
     std::string Answer(const Command& command);
     std::string Blank(const Command& command);
+    std::string Classify(const Command& command);
     std::string Close(const Command& command);
+    std::string Cone(const Command& command);
     std::string Data(const Command& command);
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
@@ -62,6 +69,7 @@ private:
     std::string Plot(const Command& command);
     std::string Recalculate(const Command& command);
     std::string Replot(const Command& command);
+    std::string Rose(const Command& command);
     std::string Save(const Command& command);
     std::string Set(const Command& command);
     std::string Stats(const Command& command);
@@ -76,6 +84,7 @@ private:
     ScriptedPrompts prompts_;
     Platform formerPlatform_;
     StatedFormat stated_;
+    std::set<int> setPlots_;  ///< slots of plots with fields set since results were last shown
     int formatQuestions_ = 0; ///< times that the load in work has asked for the format
 };
 

@@ -3,16 +3,20 @@
 #include "batch/dump.h"
 
 #include "batch/field_access.h"
+#include "batch/rose_dump.h"
+#include "classify/value_grid.h"
+#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "density/contours.h"
 #include "density/grid_geometry.h"
 #include "input/load_report.h"
-#include "statistics/reference_statistics.h"
+#include "program/reference.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
 #include <optional>
 
 namespace quandrel {
@@ -120,18 +124,70 @@ Json ContoursJson() {
     return {{"levels", levels}, {"segments", segments}};
 }
 
-Json ReferenceJson(const ReferenceStatistics& reference) {
+/// A number, "inf", or null for one that is undetermined.
+Json NumberJson(const std::optional<double>& value) {
+    if (!value) {
+        return nullptr;
+    }
+    return std::isinf(*value) ? Json("inf") : Json(*value);
+}
+
+Json ReferenceJson(const std::vector<ReferenceLine>& lines) {
     Json json = Json::object();
-    for (const ReferenceEntry& entry : ReferenceEntries(reference, ActiveRecord())) {
-        json[std::string(entry.name)] = entry.value;
+    for (const ReferenceLine& entry : lines) {
+        const Json value = NumberJson(entry.value);
+        json[entry.name] =
+            entry.printed.empty() ? value : Json{{"value", value}, {"printed", entry.printed}};
     }
     return json;
 }
 
-/// Densities, contours and statistics of a stereo plot, as far as they were worked out.
+/// Contours of the gridded values of a classified plot: limits, then class and ends of segments.
+Json ValueContoursJson() {
+    Json limits = Json::array();
+    Json segments = Json::array();
+    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+        limits.push_back(contour.limit);
+        for (const ContourSegment& segment : contour.segments) {
+            segments.push_back(
+                {contour.classNumber, segment.from.x, segment.from.y, segment.to.x, segment.to.y});
+        }
+    }
+    return {{"limits", limits}, {"segments", segments}};
+}
+
+/// Mean and sum of the appended numbers at each node, null where there is none.
+Json ValueGridJson(const PlotRecord& record) {
+    const GridValues& values = *gGridValues[static_cast<std::size_t>(gActivePlot)];
+    const auto nodes = static_cast<std::size_t>(GridNodes(record.GridSize));
+    const auto layerJson = [&](GridLayer layer) {
+        Json columns = Json::array();
+        for (std::size_t i = 0; i < nodes; ++i) {
+            Json column = Json::array();
+            for (std::size_t j = 0; j < nodes; ++j) {
+                const double value = values[layer][i][j];
+                column.push_back(value == kUnsetValue ? Json(nullptr) : Json(value));
+            }
+            columns.push_back(std::move(column));
+        }
+        return columns;
+    };
+    return {{"mean", layerJson(kMeanLayer)},
+            {"cumulative", layerJson(kCumulativeLayer)},
+            {"contours", ValueContoursJson()}};
+}
+
+/// Densities, contours and statistics of a plot, or the tables of a rose, as far as they were
+/// worked out.
 void AddResults(Json& json) {
     const PlotRecord& record = ActiveRecord();
     const PlotForm& form = FormOf(gActivePlot);
+    if (record.PlotKind == kRose) {
+        json["rose"] = RoseJson();
+    }
+    if (gGridCount[static_cast<std::size_t>(gActivePlot)] != 0 && record.GridSize > 0) {
+        json["valueGrid"] = ValueGridJson(record);
+    }
     if (record.DensityGrid != nullptr && record.GridSize > 0) {
         json["densityGrid"] = DensityGridJson(record);
     }
@@ -140,8 +196,8 @@ void AddResults(Json& json) {
     }
     json["statsNormal"] = form.BoxText(PlotBox::StatsNormal);
     json["statsAdvanced"] = form.BoxText(PlotBox::StatsAdvanced);
-    if (const std::optional<ReferenceStatistics> reference = ReferenceStatisticsOfActivePlot()) {
-        json["statsReference"] = ReferenceJson(*reference);
+    if (const std::vector<ReferenceLine> lines = ReferenceOfActivePlot(); !lines.empty()) {
+        json["statsReference"] = ReferenceJson(lines);
     }
 }
 

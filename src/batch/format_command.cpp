@@ -2,21 +2,17 @@
 
 #include "batch/format_command.h"
 
+#include "batch/key_values.h"
 #include "core/data_format.h"
 #include "core/settings.h"
-#include "orientation/number_text.h"
 
 #include <cmath>
-#include <functional>
 #include <map>
 #include <optional>
-#include <set>
 
 namespace quandrel {
 
 namespace {
-
-using Names = std::map<std::string, int>;
 
 const Names kPrimaryNames = {
     {"directions", kDirections}, {"plane", kPrimaryPlane}, {"line", kPrimaryLine}};
@@ -24,39 +20,8 @@ const Names kSecondaryNames = {{"none", kNoSecondary},     {"pitch", kPitchInPla
                                {"trend", kTrendInPlane},   {"line", kSecondaryLine},
                                {"plane", kSecondaryPlane}, {"hade", kHadeInPlane}};
 const Names kDataNames = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
-const Names kTruths = {{"yes", 1}, {"no", 0}};
 const std::map<std::string, std::string> kDelimiters = {
     {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
-
-/// The names of a table, for messages.
-template <class Value>
-std::string ListOf(const std::map<std::string, Value>& names) {
-    std::string list;
-    for (const auto& [name, value] : names) {
-        list += (list.empty() ? "" : ", ") + name;
-    }
-    return list;
-}
-
-std::vector<std::string> SplitAtCommas(const std::string& text) {
-    std::vector<std::string> parts(1);
-    for (const char c : text) {
-        if (c == ',') {
-            parts.emplace_back();
-        } else {
-            parts.back() += c;
-        }
-    }
-    return parts;
-}
-
-std::optional<int> WholeNumber(const std::string& text, int lowest, int highest) {
-    const std::optional<double> value = ReadNumber(text);
-    if (!value || *value != std::floor(*value) || *value < lowest || *value > highest) {
-        return std::nullopt;
-    }
-    return static_cast<int>(*value);
-}
 
 /// A format being put together: applied when all arguments were good.
 struct Draft {
@@ -68,17 +33,6 @@ struct Draft {
     bool quadrant = false;
     bool conventionsByParts = false;
 };
-
-/// Takes a value by its name in a table.
-template <class Field>
-std::string TakeName(const Names& names, const std::string& value, Field& field) {
-    const auto found = names.find(value);
-    if (found == names.end()) {
-        return "'" + value + "' is none of " + ListOf(names);
-    }
-    field = static_cast<Field>(found->second);
-    return {};
-}
 
 std::string TakeConventions(const std::string& value, Draft& draft) {
     const std::optional<int> code = WholeNumber(value, -16, 16);
@@ -154,10 +108,8 @@ std::string TakeAppended(const std::string& value, Draft& draft) {
     return {};
 }
 
-using Taker = std::function<std::string(const std::string&, Draft&)>;
-
-const std::map<std::string, Taker>& Takers() {
-    static const std::map<std::string, Taker> takers = {
+const Takers<Draft>& FormatTakers() {
+    static const Takers<Draft> takers = {
         {"primary", [](auto& v, Draft& d) { return TakeName(kPrimaryNames, v, d.format.primary); }},
         {"secondary",
          [](auto& v, Draft& d) { return TakeName(kSecondaryNames, v, d.format.secondary); }},
@@ -199,36 +151,16 @@ void Apply(const Draft& draft, StatedFormat& stated) {
     stated = draft.stated;
 }
 
-std::string LackOfValue(const std::string& key) {
-    return "'" + key + "' lacks a value: " + key + "=...";
-}
-
 } // namespace
 
 std::string ApplyFormatArguments(const std::vector<Argument>& arguments, StatedFormat& stated) {
     Draft draft;
     draft.stated = stated;
-    std::set<std::string> given;
-    for (const Argument& argument : arguments) {
-        if (!argument.name.empty() && !given.insert(argument.name).second) {
-            return "'" + argument.name + "' is given twice";
-        }
-        const auto taker = Takers().find(argument.name);
-        if (argument.name.empty() && Takers().contains(argument.value)) {
-            return LackOfValue(argument.value);
-        }
-        if (taker == Takers().end()) {
-            return "'" + (argument.name.empty() ? argument.value : argument.name)
-                   + "' is no key of a format: " + ListOf(Takers());
-        }
-        const std::string error = taker->second(argument.value, draft);
-        if (!error.empty()) {
-            return argument.value.empty() ? LackOfValue(argument.name)
-                                          : argument.name + ": " + error;
-        }
+    const std::string error = TakeArguments(arguments, FormatTakers(), "a format", draft);
+    if (error.empty()) {
+        Apply(draft, stated);
     }
-    Apply(draft, stated);
-    return {};
+    return error;
 }
 
 } // namespace quandrel

@@ -2,6 +2,9 @@
 
 #include "program/start.h"
 
+#include "classify/class_legend.h"
+#include "classify/classification.h"
+#include "classify/value_grid.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
@@ -12,6 +15,9 @@
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
+#include "rose/rose_legend.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_sectors.h"
 #include "statistics/confidence_cone.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
@@ -55,12 +61,20 @@ void ConnectPlotStages() {
     gPlotStages.computeGridDensity = ComputeGridDensity;
     gPlotStages.drawGridSymbols = DrawGridSymbols;
     gPlotStages.traceContours = TraceContours;
+    gPlotStages.drawValueGrid = DrawValueGrid;
     gPlotStages.traceContoursClassified = TraceContoursClassified;
+    gPlotStages.refreshClassification = RefreshClassification;
+    gPlotStages.classLegend = ClassLegendLines;
     gPlotStages.bandLegend = BandLegendLines;
     gPlotStages.drawSmallCircles = DrawConfidenceCone;
+    gPlotStages.drawRose = RosePlot;
+    gPlotStages.roseLegend = RoseLegendLines;
+    gPlotStages.acceptRoseSectors = AcceptSectorSize;
     gPlotStages.writeStatistics = [] {
-        WriteStatsBox();
-        WriteFabricBox();
+        if (ActiveRecord().PlotKind != kRose) { // a rose writes its own as it is drawn
+            WriteStatsBox();
+            WriteFabricBox();
+        }
     };
 }
 

@@ -78,8 +78,7 @@ void SetSecondaryButtons(ToolbarState& state, const PlotRecord& record) {
 void SetDisplayButtons(ToolbarState& state) {
     for (int button = 0; button < kDisplayButtons; ++button) {
         const bool isOfRose = button >= kShowRoseScale;
-        const bool fits = isOfRose ? !state.isStereo && gPlotStages.drawRose
-                                   : button != kShowGirdles || state.isStereo;
+        const bool fits = isOfRose ? !state.isStereo : button != kShowGirdles || state.isStereo;
         const bool exists = button != kShowStatistics || gPlotStages.writeStatistics;
         state.display[static_cast<std::size_t>(button)] = {fits && exists, IsPlotPartShown(button)};
     }
@@ -87,8 +86,7 @@ void SetDisplayButtons(ToolbarState& state) {
 
 void SetTypeButtons(ToolbarState& state, int plotKind, int dataKind, bool isOfDirections) {
     for (int kind = kEqualArea; kind <= kRose; ++kind) {
-        const bool exists = kind != kRose || gPlotStages.drawRose;
-        state.plotTypes[static_cast<std::size_t>(kind - 1)] = {exists, kind == plotKind};
+        state.plotTypes[static_cast<std::size_t>(kind - 1)] = {true, kind == plotKind};
     }
     for (int kind = kPlanes; kind <= kPolarLines; ++kind) {
         state.dataTypes[static_cast<std::size_t>(kind - 1)] = {kind != kPlanes || !isOfDirections,

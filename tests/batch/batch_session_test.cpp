@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "batch/batch_session.h"
+#include "batch_fixture.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "stereo/plot_stages.h"
@@ -20,48 +20,7 @@ namespace {
 const ::testing::Environment* const application =
     ::testing::AddGlobalTestEnvironment(new QtApplication);
 
-class Batch : public ::testing::Test {
-protected:
-    void SetUp() override {
-        folder = std::filesystem::temp_directory_path()
-                 / ("quandrel batch " + std::to_string(::getpid()));
-        std::filesystem::create_directories(folder);
-        Write("planes.txt", "30\t120\n45\t270\n60\t10\n");
-    }
-
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    std::string Write(const std::string& name, const std::string& text) const {
-        std::ofstream(folder / name, std::ios::binary) << text;
-        return (folder / name).string();
-    }
-
-    /// Runs commands; FOLDER in them is the test's folder. Gives the error.
-    std::string Run(std::string commands) {
-        for (std::size_t at = 0; (at = commands.find("FOLDER", at)) != std::string::npos;) {
-            commands.replace(at, 6, folder.string());
-        }
-        const auto parsed = ParseScript(commands, CommandBreak::SemicolonToo);
-        if (!parsed) {
-            return parsed.Error();
-        }
-        out.str("");
-        log.str("");
-        BatchSession session(out, log);
-        return session.Run(*parsed);
-    }
-
-    /// The dump of a session's active plot.
-    nlohmann::json Dump(const std::string& commands) {
-        EXPECT_EQ(Run(commands + "; dump \"FOLDER/dump.json\""), "");
-        std::ifstream stream(folder / "dump.json");
-        return nlohmann::json::parse(stream);
-    }
-
-    std::filesystem::path folder;
-    std::ostringstream out;
-    std::ostringstream log;
-};
+class Batch : public BatchTest {};
 
 TEST_F(Batch, DumpsAPlotWhole) {
     const nlohmann::json json = Dump("open \"FOLDER/planes.txt\"");
@@ -175,26 +134,6 @@ TEST_F(Batch, TheSetThatIsShownIsPlottedAsWhatItIs) {
     EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set ShowSecondary 1"),
               "line 1: set: the plot holds no secondary set");
     EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set ShowSecondary 0"), "");
-}
-
-TEST_F(Batch, ARoseThatIsNotDrawnIsTold) {
-    const auto commands = ParseScript("blank\nplot rose\nexport \"" + (folder / "r.png").string()
-                                          + "\" size=100\nplot equalarea\nexport \""
-                                          + (folder / "n.png").string() + "\" size=100\n",
-                                      CommandBreak::LineOnly);
-    ASSERT_TRUE(commands);
-    BatchSession session(out, log);
-    const PlotStages former = gPlotStages;
-    gPlotStages.drawRose = nullptr;
-    EXPECT_EQ(session.Run(*commands), "");
-    EXPECT_EQ(log.str(), "export: '" + (folder / "r.png").string()
-                             + "' holds no rose: this version draws none, only the legend and the "
-                               "boxes\n");
-    log.str("");
-    gPlotStages.drawRose = [](bool) {};
-    EXPECT_EQ(session.Run(*commands), "");
-    EXPECT_EQ(log.str(), "");
-    gPlotStages = former;
 }
 
 TEST_F(Batch, ADumpThatCannotBeWrittenNamesItsPath) {
@@ -385,6 +324,98 @@ TEST_F(Batch, AGridDensityOutsideTheSliderIsRefused) {
     EXPECT_NE(Run("open \"FOLDER/planes.txt\"; griddensity 5"), "");
     EXPECT_NE(Run("open \"FOLDER/planes.txt\"; griddensity 151"), "");
     EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; griddensity 150"), "");
+}
+
+TEST_F(Batch, ResultsFollowTheFieldsThatWereSet) {
+    Write("lines.txt", "30\t120\n45\t270\n60\t10\n-20\t40\n");
+    const std::string open = "format primary=line data=lines; open \"FOLDER/lines.txt\"; ";
+
+    struct Case {
+        const char* set;
+        const char* pressed;
+    };
+
+    const Case cases[] = {
+        {"set DataKind 3", "data polar"},      {"set DataKind 1", "data planes"},
+        {"set PlotKind 2", "plot equalangle"}, {"set PlotSymbolMode 6", "symbols 5"},
+        {"set PlotSymbolMode 4", "symbols 3"},
+    };
+    for (const Case& c : cases) {
+        const auto set = Dump(open + c.set);
+        const auto pressed = Dump(open + c.pressed);
+        for (const char* const part : {"statsNormal", "statsAdvanced", "statsReference",
+                                       "operations", "legend", "table", "rows"}) {
+            EXPECT_EQ(set[part], pressed[part]) << c.set << ": " << part;
+        }
+        for (const char* const kind : {"normal", "advanced", "reference"}) {
+            const std::string stats = std::string("; stats ") + kind;
+            EXPECT_EQ(Run(open + c.set + stats), "");
+            const std::string afterSet = out.str();
+            EXPECT_EQ(Run(open + c.pressed + stats), "");
+            EXPECT_EQ(afterSet, out.str()) << c.set << stats;
+        }
+    }
+}
+
+TEST_F(Batch, APictureFollowsTheFieldsThatWereSet) {
+    const auto pixels = [this](const std::string& commands) {
+        EXPECT_EQ(
+            Run("open \"FOLDER/planes.txt\"; " + commands + "; export \"FOLDER/p.png\" size=200"),
+            "");
+        return QImage(QString::fromStdString((folder / "p.png").string()));
+    };
+    EXPECT_EQ(pixels("set PlotSymbolMode 5"), pixels("symbols 4"));
+    EXPECT_NE(pixels("set PlotSymbolMode 5"), pixels("replot"));
+    EXPECT_EQ(pixels("set PlotKind 2"), pixels("plot equalangle"));
+    EXPECT_NE(pixels("set PlotKind 2"), pixels("replot"));
+}
+
+/// Lines in a ring about the vertical, which have a cone of some 25 degrees.
+constexpr const char* kRing = "60\t0\n60\t40\n60\t80\n60\t120\n60\t160\n60\t200\n60\t240\n"
+                              "60\t280\n60\t320\n";
+
+TEST_F(Batch, TheConeIsDrawnWhenItIsOn) {
+    Write("ring.txt", kRing);
+    const std::string open = "format primary=line data=lines; open \"FOLDER/ring.txt\"";
+    const std::size_t without = Dump(open)["operations"].size();
+    EXPECT_GT(Dump(open + "; cone on")["operations"].size(), without);
+    EXPECT_EQ(Dump(open + "; cone on; cone off")["operations"].size(), without);
+    EXPECT_EQ(Run("blank; cone perhaps"), "line 1: cone: 'perhaps' is none of on, off");
+    EXPECT_EQ(Run("cone on"), "line 1: cone: no plot is open");
+}
+
+TEST_F(Batch, TheConeIsNotSaved) {
+    Write("ring.txt", kRing);
+    const std::string folderName = folder.string();
+    const auto commands =
+        ParseScript("format primary=line data=lines\nopen \"" + folderName
+                        + "/ring.txt\"\ncone on\nsave \"" + folderName + "/saved.txt\"\n",
+                    CommandBreak::LineOnly);
+    const auto reading =
+        ParseScript("open \"" + folderName + "/saved.txt\"\n", CommandBreak::LineOnly);
+    ASSERT_TRUE(commands && reading);
+    BatchSession session(out, log);
+    ASSERT_EQ(session.Run(*commands), "");
+    EXPECT_TRUE(ActiveRecord().ShowConfidenceCone);
+    ASSERT_EQ(session.Run(*reading), "");
+    EXPECT_EQ(ActiveRecord().NumValidData, 9);
+    EXPECT_FALSE(ActiveRecord().ShowConfidenceCone);
+}
+
+TEST_F(Batch, TheReferenceTellsWhatIsPrintedOtherwise) {
+    Write("right_angle.txt", "0\t0\n0\t90\n");
+    const auto json =
+        Dump("format primary=line data=lines; open \"FOLDER/right_angle.txt\"")["statsReference"];
+    EXPECT_EQ(json["n"], 2);
+    EXPECT_EQ(json["eigenvalue 3"], 0.5) << "a plain number where both agree";
+    EXPECT_TRUE(json["axis 2 plunge"].is_null());
+    EXPECT_TRUE(json["zeta"]["value"].is_null());
+    EXPECT_EQ(json["zeta"]["printed"], "99999.00");
+    EXPECT_EQ(Run("format primary=line data=lines; open \"FOLDER/right_angle.txt\"; "
+                  "stats reference"),
+              "");
+    EXPECT_NE(out.str().find("\nzeta = undetermined (printed 99999.00)\n"), std::string::npos)
+        << out.str();
 }
 
 TEST_F(Batch, TheReferenceIsPrintedInFull) {

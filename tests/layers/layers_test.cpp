@@ -29,7 +29,9 @@ const std::map<std::string, Folders>& AllowedIncludes() {
     static const Folders onStereo = above(onCore, {"stereo"});
     static const Folders onInput = above(onStereo, {"input"});
     static const Folders onPersistence = above(onInput, {"persistence"});
-    static const Folders onAll = above(onPersistence, {"statistics", "density"});
+    static const Folders onDensity = above(onStereo, {"density"});
+    static const Folders onAll =
+        above(onPersistence, {"statistics", "density", "classify", "rose"});
     static const Folders engine = above(onAll, {"program"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
@@ -40,6 +42,8 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"persistence", onInput},
         {"statistics", onStereo},
         {"density", onStereo},
+        {"classify", onDensity},
+        {"rose", above(onDensity, {"classify"})},
         {"program", onAll},
         {"platform/qt", engine},
         {"batch", above(engine, {"platform/qt"})},

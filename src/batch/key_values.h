@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+//
+// Arguments of the form key=value, each taken by what its key stands for.
+
+#pragma once
+
+#include "batch/script.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// The names of a table, for messages.
+template <class Value>
+std::string ListOf(const std::map<std::string, Value>& names) {
+    std::string list;
+    for (const auto& [name, value] : names) {
+        list += (list.empty() ? "" : ", ") + name;
+    }
+    return list;
+}
+
+[[nodiscard]] std::vector<std::string> SplitAtCommas(const std::string& text);
+
+/// A text as a whole number within bounds, or nothing.
+[[nodiscard]] std::optional<int> WholeNumber(const std::string& text, int lowest, int highest);
+
+using Names = std::map<std::string, int>;
+
+/// yes and no.
+extern const Names kTruths;
+
+/// Takes a value by its name in a table. Gives what is wrong, or nothing.
+template <class Field>
+std::string TakeName(const Names& names, const std::string& value, Field& field) {
+    const auto found = names.find(value);
+    if (found == names.end()) {
+        return "'" + value + "' is none of " + ListOf(names);
+    }
+    field = static_cast<Field>(found->second);
+    return {};
+}
+
+/// Takes a whole number within bounds.
+template <class Field>
+std::string TakeWhole(const std::string& value, int lowest, int highest, Field& field) {
+    const std::optional<int> number = WholeNumber(value, lowest, highest);
+    if (!number) {
+        return "'" + value + "' is no whole number from " + std::to_string(lowest) + " to "
+               + std::to_string(highest);
+    }
+    field = static_cast<Field>(*number);
+    return {};
+}
+
+/// Takes any number.
+[[nodiscard]] std::string TakeNumber(const std::string& value, double& field);
+
+/// What the keys of a command do to its draft. Each gives what is wrong with its value, or nothing.
+template <class Draft>
+using Takers = std::map<std::string, std::function<std::string(const std::string&, Draft&)>>;
+
+[[nodiscard]] std::string LackOfValue(const std::string& key);
+
+/// Gives each argument to the taker of its key, in their order.
+///
+/// @param what  that the keys are of, for messages: "a format"
+/// @return empty, or what is wrong with the first that is
+template <class Draft>
+std::string TakeArguments(const std::vector<Argument>& arguments, const Takers<Draft>& takers,
+                          const std::string& what, Draft& draft) {
+    std::set<std::string> given;
+    for (const Argument& argument : arguments) {
+        if (!argument.name.empty() && !given.insert(argument.name).second) {
+            return "'" + argument.name + "' is given twice";
+        }
+        const auto taker = takers.find(argument.name);
+        if (argument.name.empty() && takers.contains(argument.value)) {
+            return LackOfValue(argument.value);
+        }
+        if (taker == takers.end()) {
+            return "'" + (argument.name.empty() ? argument.value : argument.name)
+                   + "' is no key of " + what + ": " + ListOf(takers);
+        }
+        const std::string error = taker->second(argument.value, draft);
+        if (!error.empty()) {
+            return argument.value.empty() ? LackOfValue(argument.name)
+                                          : argument.name + ": " + error;
+        }
+    }
+    return {};
+}
+
+} // namespace quandrel
