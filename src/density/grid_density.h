@@ -3,8 +3,9 @@
 // Densities on a grid over the net: what gridded symbols show and contours follow.
 //
 // The value of a node is the number of rows within kGridCountCone of the line under it. A node
-// outside the primitive stands for the other end of a line that leaves the net on this side, so
-// that the grid goes on smoothly beyond the rim. Nodes are indexed [column][row].
+// outside the primitive stands for a line that left the net on this side and came in on the other,
+// at its distance from the rim mirrored; contours are clipped before that matters. Nodes are indexed
+// [column][row].
 
 #pragma once
 

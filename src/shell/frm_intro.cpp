@@ -91,9 +91,6 @@ frmIntro::frmIntro(QWidget* parent)
 }
 
 void frmIntro::Refresh() {
-    const bool hasRoses = StateOfToolbar().plotTypes[2].enabled;
-    cmdStart[1]->setEnabled(hasRoses);
-    cmdStart[1]->setToolTip(hasRoses ? kStarts[1].tip : "This version draws no roses yet");
     while (QLayoutItem* item = recent_->takeAt(0)) {
         delete item->widget();
         delete item;

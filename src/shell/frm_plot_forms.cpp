@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "rose/petal_tip.h"
 #include "shell/icons.h"
 #include "shell/picture_box.h"
 #include "stereo/plot_driver.h"
@@ -96,6 +97,11 @@ void frmPlotForms::MakePictures() {
     picLegendBox->installEventFilter(this);
     const auto redraw = [this] { RedrawPlot(Slot()); };
     picStereoArea->onStale = redraw;
+    picStereoArea->onTip = [this](QPointF share) {
+        const double x = kPlotScale.left + share.x() * (kPlotScale.right - kPlotScale.left);
+        const double y = kPlotScale.top + share.y() * (kPlotScale.bottom - kPlotScale.top);
+        return Slot() == gActivePlot ? QString::fromStdString(PetalTip({x, y})) : QString();
+    };
     picLegendBox->onStale = redraw;
 }
 

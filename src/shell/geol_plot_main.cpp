@@ -19,6 +19,7 @@
 #include "shell/girdle_panel.h"
 #include "shell/icons.h"
 #include "shell/main_menus.h"
+#include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
 #include "shell/window_arrangement.h"
 
@@ -89,7 +90,6 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuKinematicPlots_0", &ToolbarState::hasRows},
     {"mnuKinematicPlots_1", &ToolbarState::hasRows},
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
-    {"mnuViewClassification", &ToolbarState::hasRows},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},
     {"mnuWindow_2", &ToolbarState::hasPlot},
@@ -192,6 +192,7 @@ void GeolPlotMain::MakePlotRoom() {
     room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(room_);
+    dialogs_ = std::make_unique<PlotDialogs>(*this, [this] { UpdateToolbar(); });
     intro_ = new frmIntro(room_->viewport());
     room_->viewport()->installEventFilter(this);
     connect(room_, &QMdiArea::subWindowActivated, this,
@@ -362,6 +363,7 @@ void GeolPlotMain::UpdatePlotState() {
             SetStatusText({});
         }
     }
+    dialogs_->FollowActivePlot();
     FollowGridOfPlot();
     UpdateToolbar();
     UpdateEditMenus();
@@ -403,6 +405,7 @@ void GeolPlotMain::UpdateToolbar() {
     set("mnuPlotSecondary", state.secondary[0]);
     set("mnuPlotAnnotation", state.annotations);
     set("mnuViewConfidence", state.confidenceCone);
+    set("mnuViewClassification", {state.hasPlot, dialogs_->IsClassificationShown()});
     for (const CommandNeed& need : kCommandNeeds) {
         commands_->Enable(need.command, state.*need.condition);
     }

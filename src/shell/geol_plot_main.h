@@ -25,6 +25,7 @@ class GirdlePanel;
 class MainMenus;
 class PlotForm;
 class ToolStrip;
+class PlotDialogs;
 class frmIntro;
 class frmPlotForms;
 
@@ -114,6 +115,7 @@ private:
     GirdlePanel* panGirdleBox_ = nullptr;
     QMdiArea* room_ = nullptr;
     frmIntro* intro_ = nullptr;
+    std::unique_ptr<PlotDialogs> dialogs_;
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;

@@ -24,6 +24,7 @@
 #include "shell/geol_plot_main.h"
 #include "shell/main_menus.h"
 #include "shell/picture_box.h"
+#include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
@@ -71,10 +72,7 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
     const auto load = gPlotLoads.find(gActivePlot);
     if (record.NumFiles > 0 && load != gPlotLoads.end()) {
-        const bool isMissing = record.PlotKind == kRose && !gPlotStages.drawRose;
-        const QString text = QString::fromStdString(LoadText(load->second));
-        SetStatusText(isMissing ? text + " This version draws no roses; a net can show them."
-                                : text);
+        SetStatusText(QString::fromStdString(LoadText(load->second)));
     }
 }
 
@@ -135,7 +133,12 @@ void GeolPlotMain::ConnectEditCommands() {
 
 void GeolPlotMain::ConnectPlotCommands() {
     for (int i = 0; i < 3; ++i) {
-        commands_->Connect(Numbered("mnuPlotType", i), [i] { PressPlotType(i); });
+        commands_->Connect(Numbered("mnuPlotType", i), [this, i] {
+            PressPlotType(i);
+            if (i + 1 == kRose) {
+                dialogs_->ShowRose();
+            }
+        });
         commands_->Connect(Numbered("mnuPlotDataType", i), [i] { PressDataType(i); });
     }
     for (int i = 0; i < kOverlaySecondaryButton; ++i) {
@@ -154,6 +157,7 @@ void GeolPlotMain::ConnectViewCommands() {
         ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
         ReplotActivePlot(false);
     });
+    commands_->Connect("mnuViewClassification", [this] { dialogs_->ToggleClassification(); });
     commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });

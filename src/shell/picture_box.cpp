@@ -2,7 +2,11 @@
 
 #include "shell/picture_box.h"
 
+#include "shell/plain_tip.h"
 #include "stereo/draw_target.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -48,6 +52,21 @@ Surface& PictureBox::Picture() {
 
 QImage PictureBox::Image() const {
     return drawing_ != nullptr ? drawing_->Image() : QImage();
+}
+
+bool PictureBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !onTip) {
+        return QWidget::event(event);
+    }
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QPointF at = help.pos() - QPoint(margin_, margin_);
+    const QString tip = onTip({at.x() / PictureSize().width(), at.y() / PictureSize().height()});
+    if (tip.isEmpty()) {
+        QToolTip::hideText();
+    } else {
+        QToolTip::showText(help.globalPos(), PlainTip(tip), this);
+    }
+    return true;
 }
 
 void PictureBox::paintEvent(QPaintEvent*) {

@@ -7,6 +7,7 @@
 
 #include "platform/qt/image_surface.h"
 
+#include <QString>
 #include <QWidget>
 
 #include <functional>
@@ -34,7 +35,12 @@ public:
     /// Called before a painting that finds the drawing stale.
     std::function<void()> onStale;
 
+    /// The tip at a position of the drawing, in shares of its width and height from the top left
+    /// corner; an empty one is none.
+    std::function<QString(QPointF)> onTip;
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
 #include "stereo/draw_target.h"
@@ -17,6 +18,7 @@
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quandrel {
@@ -184,6 +186,16 @@ std::string StatusOfPlot(const PlotRecord& record) {
     return std::to_string(record.NumValidData) + " data in " + record.PlotTitle;
 }
 
+constexpr std::int16_t kFirstClassedRose = 10; ///< RoseType; below it are the kinds without classes
+
+/// What all petals of a rose without classes make up: observations, or the sum of its values.
+double TotalOfRose(const PlotRecord& record) {
+    constexpr std::array<std::size_t, 10> kMeasureOfKind = {0, 1, 2, 3, 4, 5, 5, 1, 1, 0};
+    return record
+        .RoseStats[kMeasureOfKind[static_cast<std::size_t>(std::clamp<int>(record.RoseType, 0, 9))]]
+                  [0];
+}
+
 } // namespace
 
 void ReplotActivePlot(bool recalculate) {
@@ -277,11 +289,13 @@ void DrawAxisItemSymbol(int item) {
 
 std::string NumberBoxText() {
     const PlotRecord& record = ActiveRecord();
-    if (record.ClassMode > 0) {
-        return std::to_string(record.NumClassified) + " (/" + std::to_string(record.NumValidData)
-               + ")";
+    const bool isRose = record.PlotKind == kRose;
+    const std::string rows = std::to_string(record.NumValidData);
+    if (isRose ? record.RoseType >= kFirstClassedRose : record.ClassMode > 0) {
+        return std::to_string(record.NumClassified) + " (/" + rows + ")";
     }
-    return std::to_string(record.NumValidData);
+    const std::string total = isRose ? FormatNumber(TotalOfRose(record), "0.##") : rows;
+    return total == rows ? rows : total + " (" + rows + ")";
 }
 
 std::string TitleOfPlot() {

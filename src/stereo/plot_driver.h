@@ -38,7 +38,8 @@ void DrawGirdle(int item);
 /// Draws the symbol of a statistical axis, rows 9 and 10 of AxisItems.
 void DrawAxisItemSymbol(int item);
 
-/// The text of the number box: the valid rows, or the classified ones of them.
+/// The text of the number box: the valid rows, or the classified ones of them; of a rose what its
+/// petals make up, with the rows behind it where that is something else.
 [[nodiscard]] std::string NumberBoxText();
 
 /// The caption of the plot's window: its title, the set shown, the kind of data.

@@ -16,7 +16,7 @@ class BatchClasses : public BatchTest {
 protected:
     void SetUp() override {
         BatchTest::SetUp();
-        Write("v.txt", "10\t20\t1\tslate\n20\t40\t3\tmarl\n30\t60\t5\tSlate\n40\t80\t7\tchert\n");
+        Write("v.txt", "10\t20\t1\tslate\n20\t140\t3\tmarl\n30\t260\t5\tSlate\n80\t80\t7\tchert\n");
     }
 
     const std::string open = kRockFormat;
@@ -42,7 +42,7 @@ TEST_F(BatchClasses, AreThoseOfAProcedure) {
 }
 
 TEST_F(BatchClasses, OfNamesHeedCaseOnDemand) {
-    EXPECT_EQ(Run(Open()
+    EXPECT_EQ(Run(open
                   + "classify mode=3 names=slate low=no; get NumClassified; "
                     "classify mode=3 casesensitive=yes; get NumClassified"),
               "");
@@ -50,14 +50,14 @@ TEST_F(BatchClasses, OfNamesHeedCaseOnDemand) {
 }
 
 TEST_F(BatchClasses, GoAndLeaveTheSymbolsAsTheyWere) {
-    const auto before = Dump(Open());
+    const auto before = Dump(open);
     const auto after = Dump(open + "classify mode=3 procedure=first; classify mode=0");
     EXPECT_EQ(before["rows"], after["rows"]);
     EXPECT_EQ(after["record"]["NumClassified"], 0);
 }
 
 TEST_F(BatchClasses, ShowTheGridOfTheirValues) {
-    const auto dump = Dump(Open()
+    const auto dump = Dump(open
                            + "griddensity 20; classify mode=1 limits=0,4,8 plottype=3 "
                              "gridvalues=cumulative background=none");
     EXPECT_EQ(dump["valueGrid"]["contours"]["limits"], (std::vector<double>{0, 4}));

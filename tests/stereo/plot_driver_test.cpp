@@ -417,6 +417,22 @@ TEST_F(PlotDriver, TheCaptionTellsTheSetAndTheKindOfData) {
     EXPECT_EQ(TitleOfPlot(), "a.txt: 1   [P & T axes]");
 }
 
+TEST_F(PlotDriver, TheNumberBoxOfARoseTellsWhatItsPetalsMakeUp) {
+    PlotRecord& record = ActiveRecord();
+    record.PlotKind = kRose;
+    record.NumValidData = 40;
+    record.RoseStats[0][0] = 40;
+    record.RoseStats[1][0] = 12.5;
+    EXPECT_EQ(NumberBoxText(), "40");
+    record.RoseStats[0][0] = 170; // grouped rows
+    EXPECT_EQ(NumberBoxText(), "170 (40)");
+    record.RoseType = 8;
+    EXPECT_EQ(NumberBoxText(), "12.5 (40)");
+    record.RoseType = 21;
+    record.NumClassified = 31;
+    EXPECT_EQ(NumberBoxText(), "31 (/40)");
+}
+
 TEST_F(PlotDriver, TheNumberBoxTellsClassifiedRowsOfAll) {
     AddRow(30, 120);
     ActiveRecord().ClassMode = 2;

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+//
+// A patch that shows a style as it is drawn, and can be picked by mouse or key.
+
+#pragma once
+
+#include "core/style_tables.h"
+#include "platform/surface.h"
+
+#include <QAbstractButton>
+
+class QImage;
+
+namespace quandrel {
+
+/// What the second place of a style is.
+enum class StyleKind {
+    Symbol, ///< a symbol code; the third place is its size
+    Fill,   ///< a fill style
+};
+
+/// How large a symbol is shown.
+enum class PatchScale {
+    Plot, ///< as in a plot; smaller when the patch has no room for it
+    Fit,  ///< all of one size
+};
+
+class StylePatch : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    StylePatch(StyleKind kind, QSize room, PatchScale scale = PatchScale::Plot);
+
+    void SetStyle(const SymbolRow& style);
+
+    [[nodiscard]] const SymbolRow& Style() const { return style_; }
+
+    [[nodiscard]] QSize sizeHint() const override { return room_; }
+
+Q_SIGNALS:
+    /// @param button  left or right for the mouse, none for a key
+    void Picked(Qt::MouseButton button);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void DrawFill(Surface& surface) const;
+    void DrawSample(Surface& surface) const;
+    void DrawFrame(Surface& surface) const;
+    [[nodiscard]] double UnitsPerPixel() const;
+
+    StyleKind kind_;
+    QSize room_;
+    PatchScale scale_;
+    SymbolRow style_{};
+    bool byMouse_ = false;
+};
+
+} // namespace quandrel
