@@ -33,7 +33,7 @@ std::optional<NumberStatistics> StatisticsOfNumbers(std::span<const double> numb
 std::size_t CountDistinctNumbers(std::span<const double> numbers) {
     std::vector<double> sorted(numbers.begin(), numbers.end());
     std::ranges::sort(sorted);
-    return static_cast<std::size_t>(std::ranges::unique(sorted).begin() - sorted.begin());
+    return static_cast<std::size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
 }
 
 } // namespace quandrel

@@ -7,6 +7,7 @@
 
 #include "core/plot_record.h"
 #include "platform/surface.h"
+#include "platform/window_place.h"
 
 #include <array>
 #include <cstdint>
@@ -39,15 +40,6 @@ inline constexpr const char* gHintText =
 
 /// Non-zero when the regional decimal delimiter is a comma.
 extern bool gDecimalIsComma;
-
-/// The main window, in 1/1440 inch. State 0 normal, 1 minimised, 2 maximised.
-struct WindowPlace {
-    std::int32_t state = 2;
-    std::int32_t top = 0;
-    std::int32_t left = 0;
-    std::int32_t width = 10000;
-    std::int32_t height = 3000;
-};
 
 extern WindowPlace gMainWindowPlace;
 extern bool gPlotWinLast;              ///< a new plot window takes the size of the last one

@@ -50,6 +50,11 @@ std::int16_t KindOfOverlay(const PlotRecord& record) {
     return isSecondaryLine ? std::int16_t{kOverlayLines} : gPlotDataKind;
 }
 
+/// How the text files begin that the program writes.
+constexpr std::string_view kOwnFileMark = ";Quandrel";
+
+int ownFilesWithoutDialog = 0;
+
 /// A load of a text file, from its parameter lines to its rows.
 class TextLoad {
 public:
@@ -66,6 +71,7 @@ public:
             return false;
         }
         items_ = ReadParameterLines(*text);
+        saysAll_ = ownFilesWithoutDialog > 0 && text->starts_with(kOwnFileMark);
         ApplyParameterItems();
         if (!AskFormat() || !Accept()) {
             return false;
@@ -100,8 +106,12 @@ private:
         question.showSecondary = asked_ ? answer_.plotSecondary : items_.S.value_or(false);
         question.frequencyColumn = answer_.frequencyColumn;
         question.columnHeadings = gFileHasHeadings;
+        const bool isClear = saysAll_ && !asked_;
         asked_ = true;
-        const std::optional<FormatAnswer> answer = gPlatform.prompts->AskFormat(question);
+        const std::optional<FormatAnswer> answer =
+            isClear ? FormatAnswer{question.showSecondary, question.columnHeadings,
+                                   question.frequencyColumn}
+                    : gPlatform.prompts->AskFormat(question);
         if (answer) {
             answer_ = *answer;
             gFileHasHeadings = answer->columnHeadings;
@@ -386,12 +396,21 @@ private:
     ParameterItems items_;
     FormatAnswer answer_;
     bool asked_ = false;
+    bool saysAll_ = false; ///< the format is not asked for
     PlotBeforeLoad before_ = StateOf(ActiveRecord());
     bool fillsEmptyPlot_ = false;
     bool goOn_ = true; ///< further files may follow
 };
 
 } // namespace
+
+OwnFilesWithoutDialog::OwnFilesWithoutDialog() {
+    ++ownFilesWithoutDialog;
+}
+
+OwnFilesWithoutDialog::~OwnFilesWithoutDialog() {
+    --ownFilesWithoutDialog;
+}
 
 std::string ReadTextFile(const std::string& command, const std::string& path) {
     const FormatSettings formerFormat = CurrentFormat();

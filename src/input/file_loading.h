@@ -18,6 +18,7 @@ inline constexpr const char* kNewCommand = "New";
 inline constexpr const char* kBlankCommand = "Blank";
 inline constexpr const char* kMergeCommand = "Merge";
 inline constexpr const char* kOverlayCommand = "Overlay";
+inline constexpr const char* kBinaryCommand = "Binary"; ///< what opening a binary plot file reports
 
 /// Loads a text file into gActivePlot: parameter lines, data format dialog, rows, summary. The
 /// format globals change as the file and the user say; on failure they are put back.
@@ -25,6 +26,16 @@ inline constexpr const char* kOverlayCommand = "Overlay";
 /// @param command  "New", "Merge" or "Overlay"
 /// @return the command, or kLoadError
 [[nodiscard]] std::string ReadTextFile(const std::string& command, const std::string& path);
+
+/// While one lives, text files that the program wrote are loaded without the data format dialog:
+/// their parameter line says all of it.
+class OwnFilesWithoutDialog {
+public:
+    OwnFilesWithoutDialog();
+    ~OwnFilesWithoutDialog();
+    OwnFilesWithoutDialog(const OwnFilesWithoutDialog&) = delete;
+    OwnFilesWithoutDialog& operator=(const OwnFilesWithoutDialog&) = delete;
+};
 
 /// Copies the format globals into the record of gActivePlot.
 void SetPlotFormatFromGlobals();

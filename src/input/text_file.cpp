@@ -2,12 +2,13 @@
 
 #include "input/text_file.h"
 
+#include "input/text_encoding.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -98,101 +99,6 @@ Encoding EncodingOf(std::string_view bytes) {
         return Encoding::Utf16Little;
     }
     return bytes.substr(0, 2) == "\xfe\xff" ? Encoding::Utf16Big : Encoding::Utf8;
-}
-
-bool IsAscii(const char* start, std::size_t count) {
-    unsigned char all = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        all = static_cast<unsigned char>(all | static_cast<unsigned char>(start[i]));
-    }
-    return all < 0x80;
-}
-
-// The length of the UTF-8 character at the start, 0 when it is none. Follows the table of
-// well-formed sequences in the Unicode standard (3.9, D92).
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char first = byte(0);
-    if (first < 0x80) {
-        return 1;
-    }
-    const std::size_t length = first >= 0xC2 && first <= 0xDF   ? 2
-                               : first >= 0xE0 && first <= 0xEF ? 3
-                               : first >= 0xF0 && first <= 0xF4 ? 4
-                                                                : 0;
-    if (length == 0 || text.size() < length) {
-        return 0;
-    }
-    const unsigned char low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-    const unsigned char high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-    if (byte(1) < low || byte(1) > high) {
-        return 0;
-    }
-    for (std::size_t i = 2; i < length; ++i) {
-        if (byte(i) < 0x80 || byte(i) > 0xBF) {
-            return 0;
-        }
-    }
-    return length;
-}
-
-// The bytes up to the first one that is not UTF-8.
-std::size_t LengthOfUtf8(std::string_view text) {
-    constexpr std::size_t kBlock = 256;
-    std::size_t i = 0;
-    while (i < text.size()) {
-        if (text.size() - i >= kBlock && IsAscii(text.data() + i, kBlock)) {
-            i += kBlock;
-            continue;
-        }
-        const std::size_t stop = std::min(text.size(), i + kBlock);
-        while (i < stop) {
-            const std::size_t length = CharacterLength(text.substr(i));
-            if (length == 0) {
-                return i;
-            }
-            i += length;
-        }
-    }
-    return i;
-}
-
-void AppendCharacter(char32_t character, std::string& text) {
-    const auto low = [&](int shift) {
-        return static_cast<char>(0x80U | ((character >> shift) & 0x3FU));
-    };
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xC0U | (character >> 6));
-        text += low(0);
-    } else if (character < 0x10000) {
-        text += static_cast<char>(0xE0U | (character >> 12));
-        text += low(6);
-        text += low(0);
-    } else {
-        text += static_cast<char>(0xF0U | (character >> 18));
-        text += low(12);
-        text += low(6);
-        text += low(0);
-    }
-}
-
-// Windows-1252 from 0x80 to 0x9F; the five bytes without a character keep their number.
-constexpr std::array<char32_t, 32> kWindows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-std::string FromWindows1252(std::string_view bytes) {
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isInTable = byte >= 0x80 && byte < 0x80 + kWindows1252.size();
-        AppendCharacter(isInTable ? kWindows1252[byte - 0x80U] : char32_t{byte}, text);
-    }
-    return text;
 }
 
 // UTF-16 without its mark. Halves of surrogate pairs, and half a unit at the end, become U+FFFD.

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/surface.h"
+#include "platform/window_place.h"
 
 #include <string>
 
@@ -29,6 +30,12 @@ public:
 
     virtual void SetBoxText(PlotBox box, const std::string& text) = 0;
     [[nodiscard]] virtual std::string BoxText(PlotBox box) const = 0;
+
+    /// Where the window stands.
+    [[nodiscard]] virtual WindowPlace Place() const = 0;
+
+    /// Moves the window. A place that the screen cannot have is passed over.
+    virtual void SetPlace(const WindowPlace& place) = 0;
 
     /// Called at the end of a drawing, when what is on the surfaces may be shown.
     virtual void Show() = 0;

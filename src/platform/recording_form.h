@@ -28,6 +28,10 @@ public:
         return text == boxes_.end() ? std::string() : text->second;
     }
 
+    [[nodiscard]] WindowPlace Place() const override { return place_; }
+
+    void SetPlace(const WindowPlace& place) override { place_ = place; }
+
     void Show() override { ++timesShown_; }
 
     void Close() override {}
@@ -43,6 +47,7 @@ private:
     RecordingSurface legend_{220, 400};
     std::string caption_;
     std::map<PlotBox, std::string> boxes_;
+    WindowPlace place_{0, 0, 0, 0, 0};
     int timesShown_ = 0;
 };
 
