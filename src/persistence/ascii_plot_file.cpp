@@ -10,6 +10,7 @@
 #include "core/tagged_value.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
+#include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
 
@@ -22,7 +23,8 @@ namespace quandrel {
 
 namespace {
 
-constexpr const char* kBinaryEnding = ".qpx";
+/// The pair of gDataFileFilter for binary plot files: they keep all of a plot.
+constexpr int kBinaryFilter = 3;
 
 ParameterItems ItemsOf(const PlotRecord& record) {
     ParameterItems items;
@@ -195,16 +197,11 @@ std::string FolderOfPlot(const PlotRecord& record) {
                : std::filesystem::path(record.MainFiles.front()).parent_path().string();
 }
 
-/// A name that is not that of the measurements: a plot may hold less than their file.
 std::string ProposedName(const PlotRecord& record) {
-    constexpr std::string_view kMark = "_plot";
-    std::string stem = record.FileTitle.empty()
-                           ? "Plot" + std::to_string(gActivePlot)
-                           : std::filesystem::path(record.FileTitle).stem().string();
-    if (!stem.ends_with(kMark)) {
-        stem += kMark;
-    }
-    return stem + ".txt";
+    const std::string stem = record.FileTitle.empty()
+                                 ? "Plot" + std::to_string(gActivePlot)
+                                 : std::filesystem::path(record.FileTitle).stem().string();
+    return stem + kBinaryEnding;
 }
 
 /// The plot goes by the name of the file that it was saved to.
@@ -247,7 +244,7 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     question.folder = FolderOfPlot(record);
     question.fileName = ProposedName(record);
     question.filter = gDataFileFilter;
-    question.filterIndex = 2;
+    question.filterIndex = kBinaryFilter;
     const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
     return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
 }
@@ -255,17 +252,21 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
 SaveOutcome SavePlotAs(const std::string& path, SaveKind kind) {
     PlotRecord& record = ActiveRecord();
     const std::string name = FileTitleOf(path);
-    if (HasEnding(path, kBinaryEnding)) {
-        TellFailure(record, "binary plot files cannot be written by this version", kind);
-        return SaveOutcome::Failed;
-    }
-    if (!AcceptSeveralFiles(record, name) || !AcceptLossOfOverlays(record, name)) {
+    const bool isBinary = HasEnding(path, kBinaryEnding);
+    // A file of its own has been agreed to before.
+    const bool isOwnFile = isBinary && path == record.SaveFileName;
+    if ((!isOwnFile && !AcceptSeveralFiles(record, name))
+        || (!isBinary && !AcceptLossOfOverlays(record, name))) {
         return SaveOutcome::Cancelled;
     }
-    const std::string error = WriteFileAtomically(path, AsciiPlotText());
+    const std::string error =
+        isBinary ? SaveBinaryPlot(path, gActivePlot) : WriteFileAtomically(path, AsciiPlotText());
     if (!error.empty()) {
         TellFailure(record, error, kind);
         return SaveOutcome::Failed;
+    }
+    if (isBinary) {
+        record.SaveFileName = path;
     }
     TakeNameOf(record, path);
     return SaveOutcome::Saved;

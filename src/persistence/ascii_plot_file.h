@@ -22,8 +22,8 @@ enum class SaveKind { Save, SaveAs, SaveAll };
 
 enum class SaveOutcome { Saved, Cancelled, Failed };
 
-/// Saves gActivePlot, after the questions that its files and overlays call for. A path is asked for
-/// unless the plot has one.
+/// Saves gActivePlot, after the questions that its files and overlays call for: as a binary plot
+/// file where the path ends so, else as text. A path is asked for unless the plot has a binary one.
 [[nodiscard]] SaveOutcome SaveAsciiPlot(SaveKind kind);
 
 /// As SaveAsciiPlot, to a path that is known.

@@ -9,11 +9,16 @@
 #include "input/decimal_delimiter.h"
 #include "input/file_loading.h"
 #include "input/text_file.h"
+#include "persistence/binary_plot_file.h"
+#include "persistence/workspace_file.h"
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "stereo/plot_state.h"
 
 #include <filesystem>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quandrel {
@@ -101,7 +106,7 @@ std::string NormalPath(const std::string& path) {
 void RememberPath(const std::string& path) {
     openedBefore = true;
     gLastUsedPath = std::filesystem::path(path).parent_path().string();
-    filterIndex = HasEnding(path, ".qpx") ? 3 : HasEnding(path, ".txt") ? 2 : 1;
+    filterIndex = HasEnding(path, kBinaryEnding) ? 3 : HasEnding(path, ".txt") ? 2 : 1;
 }
 
 void WarnOfDecimalMismatch() {
@@ -135,6 +140,48 @@ void FinishOpening(const std::string& path) {
     }
 }
 
+/// The plot in work is given up, and another one comes into focus: the former one if it is there.
+void GiveUpPlot(std::int32_t formerPlot) {
+    ClosePlot(gActivePlot);
+    gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
+}
+
+void TellUnreadable(const std::string& path, const std::string& reason) {
+    Tell("The indicated file cannot be opened\n" + path + "\n" + reason, Icon::Exclamation);
+}
+
+/// Binary plot files cannot join a plot.
+[[nodiscard]] bool AcceptAsSeparatePlot(const std::string& command) {
+    return AskToGoOn("You can't " + command
+                     + " this type of file with this plot.\nLoad file as a separate plot?");
+}
+
+/// The file is read and found good before anything of the program changes.
+std::string OpenBinaryPlot(const std::string& path) {
+    Result<BinaryPlot> plot = ReadBinaryPlotFile(path);
+    if (!plot) {
+        TellUnreadable(path, plot.Error());
+        return kLoadError;
+    }
+    const std::int32_t formerPlot = gActivePlot;
+    const bool isWeighted = plot->hasWeightedRose;
+    if (!PrepareNewPlotWindow()) {
+        return kLoadError;
+    }
+    if (!StoreBinaryPlot(std::move(*plot), path, gActivePlot)) {
+        GiveUpPlot(formerPlot);
+        TellUnreadable(path, "There is not enough memory for it.");
+        return kLoadError;
+    }
+    TellOfEarlierRose(isWeighted);
+    FollowGridOfPlot();
+    if (gPlotStages.acceptRoseSectors && ActiveRecord().PlotKind == kRose) {
+        gPlotStages.acceptRoseSectors();
+    }
+    FinishOpening(path);
+    return kBinaryCommand;
+}
+
 /// A plot that is to be filled is given up when the load comes to nothing.
 std::string OpenNewPlot(const std::string& path) {
     const std::int32_t formerPlot = gActivePlot;
@@ -144,8 +191,7 @@ std::string OpenNewPlot(const std::string& path) {
     if (path.empty()) {
         MakeBlankPlot();
     } else if (ReadTextFile(kNewCommand, path) == kLoadError) {
-        ClosePlot(gActivePlot);
-        gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
+        GiveUpPlot(formerPlot);
         return kLoadError;
     } else {
         WarnOfDecimalMismatch();
@@ -171,17 +217,37 @@ enum class FileKind { Text, BinaryPlot, Workspace, Unreadable };
 FileKind KindOfFile(const std::string& path) {
     const Result<std::string> start = FirstBytes(path, 4096);
     if (!start) {
-        Tell("The indicated file cannot be opened\n" + path + "\n" + start.Error(),
-             Icon::Exclamation);
+        TellUnreadable(path, start.Error());
         return FileKind::Unreadable;
     }
-    if (IsBinaryPlotSignature(*start)) {
+    if (IsBinaryPlotSignature(*start)
+        || (HasEnding(path, kBinaryEnding) && start->starts_with("bin"))) {
         return FileKind::BinaryPlot;
     }
     const std::string_view firstLine =
         std::string_view(*start).substr(0, start->find_first_of("\r\n"));
-    return HasEnding(path, ".qwo") || LooksLikeWorkspace(firstLine) ? FileKind::Workspace
-                                                                    : FileKind::Text;
+    const bool isWorkspace = HasEnding(path, kWorkspaceEnding)
+                             || (LooksLikeWorkspace(firstLine) && HasFilesList(*start));
+    return isWorkspace ? FileKind::Workspace : FileKind::Text;
+}
+
+/// A workspace among the files of a workspace is passed over: it might list itself.
+std::string OpenListedPlots(const std::string& path) {
+    static bool isOpening = false;
+    if (std::exchange(isOpening, true)) {
+        return kLoadError;
+    }
+    const std::optional<int> opened = OpenWorkspace(path);
+    isOpening = false;
+    if (!opened) {
+        return kLoadError;
+    }
+    AddRecentFile(path);
+    if (*opened == 0) {
+        Tell("None of the files that this workspace lists was opened\n" + path, Icon::Information);
+        return kLoadError;
+    }
+    return kNewCommand;
 }
 
 std::string OpenByKind(const std::string& command, const std::string& path) {
@@ -193,15 +259,10 @@ std::string OpenByKind(const std::string& command, const std::string& path) {
     case FileKind::Text:
         return NeedsNewPlot(command) ? OpenNewPlot(path) : AddToPlot(command, path);
     case FileKind::BinaryPlot:
-        Tell("The indicated file cannot be opened\n" + path
-                 + "\nBinary plot files cannot be read by this version.",
-             Icon::Exclamation);
-        return kLoadError;
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenBinaryPlot(path)
+                                                                      : kLoadError;
     case FileKind::Workspace:
-        Tell("The indicated file cannot be opened\n" + path
-                 + "\nWorkspace files cannot be read by this version.",
-             Icon::Exclamation);
-        return kLoadError;
+        return OpenListedPlots(path);
     case FileKind::Unreadable:
         break;
     }

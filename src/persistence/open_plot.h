@@ -13,7 +13,8 @@ namespace quandrel {
 /// @param command  "New", "Merge", "Overlay" ask for the path; "Blank" needs none; "File" and a
 /// path
 ///     behind it opens that path as a new plot
-/// @return the command, or kLoadError when nothing was opened or added
+/// @return the command, kBinaryCommand for a binary plot file, or kLoadError when nothing was
+///     opened or added
 std::string OpenPlotFile(const std::string& command);
 
 /// As OpenPlotFile with "New", "Merge" or "Overlay", with a path that is known.

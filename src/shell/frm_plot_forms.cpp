@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "program/window_places.h"
 #include "rose/petal_tip.h"
 #include "shell/icons.h"
 #include "shell/picture_box.h"
@@ -248,6 +249,33 @@ std::string frmPlotForms::BoxText(PlotBox box) const {
         return txtStatsBox[1]->toPlainText().toStdString();
     }
     return {};
+}
+
+WindowPlace frmPlotForms::Place() const {
+    const WindowState state = isMaximized()   ? WindowState::Maximised
+                              : isMinimized() ? WindowState::Minimised
+                                              : WindowState::Normal;
+    WindowPlace place;
+    place.state = static_cast<std::int32_t>(state);
+    place.top = y() * kUnitsPerPixel;
+    place.left = x() * kUnitsPerPixel;
+    place.width = width() * kUnitsPerPixel;
+    place.height = height() * kUnitsPerPixel;
+    return place;
+}
+
+void frmPlotForms::SetPlace(const WindowPlace& place) {
+    const QWidget* room = parentWidget();
+    const QPoint corner(place.left / kUnitsPerPixel, place.top / kUnitsPerPixel);
+    const QSize size(place.width / kUnitsPerPixel, place.height / kUnitsPerPixel);
+    if (room != nullptr && room->rect().contains(corner)) {
+        Place(QRect(corner, size.boundedTo(room->size()).expandedTo(minimumSize())));
+    }
+    if (place.state == static_cast<int>(WindowState::Maximised)) {
+        showMaximized();
+    } else if (place.state == static_cast<int>(WindowState::Minimised)) {
+        showMinimized();
+    }
 }
 
 void frmPlotForms::Show() {

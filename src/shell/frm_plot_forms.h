@@ -37,6 +37,8 @@ public:
     [[nodiscard]] std::string Caption() const override;
     void SetBoxText(PlotBox box, const std::string& text) override;
     [[nodiscard]] std::string BoxText(PlotBox box) const override;
+    [[nodiscard]] WindowPlace Place() const override;
+    void SetPlace(const WindowPlace& place) override;
     void Show() override;
     void Close() override;
 

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+//
+// Plots whole in one file, with the extension .qpx: rows, settings, results, annotations, small
+// circles, and the place of the window. The format is told in docs/file_formats.md.
+
+#pragma once
+
+#include "persistence/binary_plot.h"
+
+#include <string>
+
+namespace quandrel {
+
+inline constexpr const char* kBinaryEnding = ".qpx";
+
+/// Writes a slot to a file. What was there stays until the new file is whole. The record is not
+/// touched.
+///
+/// @return empty on success, else why not
+[[nodiscard]] std::string SaveBinaryPlot(const std::string& path, int slot);
+
+/// The plot of a file; nothing of it goes into the store. A failure is a text for the user.
+[[nodiscard]] Result<BinaryPlot> ReadBinaryPlotFile(const std::string& path);
+
+/// Puts a plot into an empty slot, under the name of its file: all of it, or nothing when memory
+/// runs out. The drawing to come counts anew what it needs.
+[[nodiscard]] bool StoreBinaryPlot(BinaryPlot plot, const std::string& path, int slot);
+
+/// Loads a file into an empty slot, which stays as it is when anything is wrong with the file.
+///
+/// @param[out] version  of the file, "9.5", or "Error"
+void LoadBinaryPlot(const std::string& path, int slot, std::string& version);
+
+/// Tells the user of a file that asks for a rose that is no more.
+void TellOfEarlierRose(bool isWeighted);
+
+} // namespace quandrel

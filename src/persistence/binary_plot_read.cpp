@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/binary_plot_fields.h"
+
+#include <cmath>
+#include <new>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kNoBinaryPlot = "It is no binary plot file.";
+constexpr double kFirstVersion = 7.0;
+constexpr double kVersionsEnd = 100;
+
+/// Reads what stands in front of the fields.
+void ReadHeading(BinaryReader& reader, BinaryPlot& plot, std::string& error) {
+    std::string mark;
+    reader.Fixed(mark, std::char_traits<char>::length(kBinaryMark));
+    reader.Fixed(plot.versionText, kShortVersion);
+    const std::optional<double> version = ReadNumber(plot.versionText);
+    if (mark != kBinaryMark || !version || *version >= kVersionsEnd) {
+        error = kNoBinaryPlot;
+    } else if (*version < kFirstVersion) {
+        error = "It was saved by version " + plot.versionText
+                + "; files from version 7.0 on can be read.";
+    } else {
+        plot.version = static_cast<int>(std::lround(10 * *version));
+    }
+}
+
+/// Names and values that files of before version 9.0 and 7.2 lack.
+void TakeEarlierValues(BinaryPlot& plot) {
+    PlotRecord& record = plot.record;
+    if (plot.version <= 71) {
+        record.FabricValueD = record.FabricValueA;
+        record.FabricValueE = record.FabricValueB;
+        record.FabricValueC = static_cast<double>(record.FabricValueA);
+    }
+    if (plot.version < 90) {
+        record.AppNumName = "Length";
+        record.AppNonNumName = "Type";
+    }
+}
+
+Result<BinaryPlot> Read(std::string_view bytes) {
+    BinaryPlot plot;
+    plot.record = NewPlotRecord();
+    BinaryReader reader(bytes);
+    std::string error;
+    ReadHeading(reader, plot, error);
+    if (!error.empty()) {
+        return Failure{error};
+    }
+    BinaryPlotFields(reader, plot).VisitAll();
+    RequirePossibleSettings(reader, plot.record);
+    if (reader.HasFailed()) {
+        return Failure{reader.Error()};
+    }
+    plot.record.DensityGridFromFile = plot.record.DensityGrid != nullptr;
+    plot.record.NumLoadedData = static_cast<std::int32_t>(plot.rows.size());
+    TakeEarlierValues(plot);
+    return plot;
+}
+
+} // namespace
+
+Result<BinaryPlot> ReadBinaryPlot(std::string_view bytes) {
+    try {
+        return Read(bytes);
+    } catch (const std::bad_alloc&) {
+        return Failure{"There is not enough memory for it."};
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/binary_plot_fields.h"
+
+#include <new>
+
+namespace quandrel {
+
+namespace {
+
+/// A slot of the store in the shape of a BinaryPlot.
+struct PlotToWrite {
+    explicit PlotToWrite(int slot)
+        : record(RecordOf(slot))
+        , lines(TableOf(slot)) {}
+
+    const PlotRecord& record;
+    const RowTable& lines;
+    int version = 95;
+    bool hasFrequencyField = true;
+    std::vector<BinaryRow> rows;
+    std::vector<std::string_view> texts;
+    std::int16_t gridCount = 0;
+    const GridValues* gridValues = nullptr;
+    WindowPlace place;
+
+    [[nodiscard]] std::string Cell(std::int32_t line, std::size_t column) const {
+        const auto at = static_cast<std::size_t>(line);
+        return at < lines.size() ? RowTableText(lines, at, static_cast<int>(column))
+                                 : std::string();
+    }
+};
+
+std::int32_t RowsOf(const PlotRecord& record) {
+    std::int32_t rows = record.NumData;
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[0]); ++k) {
+        rows += record.OverlayRows[k];
+    }
+    return rows;
+}
+
+BinaryRow RowInStore(int slot, std::int32_t row) {
+    BinaryRow stored;
+    stored.dip = gDataDip(slot, row);
+    stored.azimuth = gDataAz(slot, row);
+    stored.density = gPointDensity(slot, row);
+    stored.order = gDataOrder(slot, row);
+    stored.code = gDataSymbol(slot, row);
+    stored.dip2 = gData2Dip(slot, row);
+    stored.azimuth2 = gData2Az(slot, row);
+    stored.lineDip = gAppLineDip(slot, row);
+    stored.lineAzimuth = gAppLineAz(slot, row);
+    stored.number = gAppNumeric(slot, row);
+    return stored;
+}
+
+PlotToWrite PlotOfSlot(int slot) {
+    const auto place = static_cast<std::size_t>(slot);
+    PlotToWrite plot(slot);
+    const std::int32_t rows = RowsOf(plot.record);
+    plot.rows.reserve(static_cast<std::size_t>(rows));
+    for (std::int32_t row = 1; row <= rows; ++row) {
+        plot.rows.push_back(RowInStore(slot, row));
+    }
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        plot.texts.push_back(gAppText(slot, row));
+    }
+    plot.gridCount = gGridCount[place];
+    plot.gridValues = plot.gridCount != 0 ? gGridValues[place].get() : nullptr;
+    plot.place = FormOf(slot).Place();
+    return plot;
+}
+
+std::string Heading() {
+    return kBinaryMark + std::string(kVersionText, kShortVersion);
+}
+
+void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
+    constexpr std::int32_t kMostRows = std::numeric_limits<std::int16_t>::max();
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[0]); ++k) {
+        if (record.OverlayRows[k] > kMostRows) {
+            writer.Fail("overlay " + std::to_string(k) + " has "
+                        + std::to_string(record.OverlayRows[k])
+                        + " rows; a binary plot file holds overlays of " + std::to_string(kMostRows)
+                        + " at most");
+        }
+    }
+}
+
+Result<std::string> Bytes(int slot) {
+    PlotToWrite plot = PlotOfSlot(slot);
+    BinaryWriter writer;
+    CheckOverlays(writer, plot.record);
+    writer.Fixed(Heading());
+    BinaryPlotFields(writer, plot).VisitAll();
+    if (!writer.Error().empty()) {
+        return Failure{writer.Error()};
+    }
+    return std::move(writer.Bytes());
+}
+
+} // namespace
+
+Result<std::string> BinaryPlotBytes(int slot) {
+    try {
+        Result<std::string> bytes = Bytes(slot);
+        if (!bytes) {
+            return bytes;
+        }
+        // A script can give fields values that no plot has; they are not to be lost in a file that
+        // nobody opens again.
+        const Result<BinaryPlot> again = ReadBinaryPlot(*bytes);
+        if (!again) {
+            return Failure{"the file could not be opened again: " + again.Error()};
+        }
+        return bytes;
+    } catch (const std::bad_alloc&) {
+        return Failure{"there is not enough memory"};
+    }
+}
+
+} // namespace quandrel

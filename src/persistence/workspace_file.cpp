@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/workspace_file.h"
+
+#include "core/atomic_file.h"
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/file_loading.h"
+#include "input/text_file.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kListBegin = "[Files List]";
+constexpr std::string_view kListEnd = "[End Files List]";
+constexpr const char* kLineEnd = "\r\n";
+
+/// Relative to the folder where the path is in or below it.
+std::string ListedPath(const fs::path& path, const fs::path& folder) {
+    const fs::path relative = path.lexically_normal().lexically_relative(folder.lexically_normal());
+    const bool isBelow = !relative.empty() && *relative.begin() != "..";
+    return (isBelow ? relative : path).generic_string();
+}
+
+std::string_view Trimmed(std::string_view line) {
+    constexpr std::string_view kBlanks = " \t\r";
+    const std::size_t first = line.find_first_not_of(kBlanks);
+    return first == line.npos ? std::string_view()
+                              : line.substr(first, line.find_last_not_of(kBlanks) + 1 - first);
+}
+
+/// The file that a plot was saved to just now: binary, or text.
+std::string SavedFileOf(const PlotRecord& record) {
+    if (!record.SaveFileName.empty()) {
+        return record.SaveFileName;
+    }
+    return record.MainFiles.size() == 1 ? record.MainFiles.front() : std::string();
+}
+
+/// The file that a plot is listed by; nothing for one that is left out.
+std::optional<std::string> FileToList(int slot) {
+    PlotInWork work(slot);
+    const PlotRecord& record = ActiveRecord();
+    const bool hasFile = !record.SaveFileName.empty();
+    if (hasFile && record.Modified == 0) {
+        return record.SaveFileName;
+    }
+    const std::string unsaved = "has not yet been saved as a .qpx file";
+    std::string state = record.Modified != 0 ? " has unsaved edits" : " " + unsaved;
+    if (record.Modified != 0 && !hasFile) {
+        state += " and " + unsaved;
+    }
+    const Message question{"Quandrel",
+                           "Plot " + std::to_string(slot) + ": " + record.PlotTitle + state
+                               + "\nSave it now?\n"
+                                 "(If the answer is No it will be omitted from the workspace)",
+                           Icon::Question, Buttons::YesNo};
+    if (gPlatform.prompts->Ask(question) != Button::Yes
+        || SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
+        return std::nullopt;
+    }
+    return SavedFileOf(record);
+}
+
+std::vector<std::string> PathsToList() {
+    std::vector<std::string> paths;
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (!IsOpenSlot(slot)) {
+            continue;
+        }
+        if (const std::optional<std::string> file = FileToList(slot); file && !file->empty()) {
+            paths.push_back(*file);
+        }
+    }
+    return paths;
+}
+
+void Remember(const std::string& path) {
+    gLastUsedWorkSpacePath = fs::path(path).parent_path().string();
+    gLastUsedWorkSpaceFileName = path;
+    gLastUsedWSpaceFileTitle = FileTitleOf(path);
+}
+
+fs::path FolderOf(const std::string& path) {
+    std::error_code failed;
+    const fs::path whole = fs::absolute(path, failed);
+    return (failed ? fs::path(path) : whole).parent_path();
+}
+
+} // namespace
+
+std::string WorkspaceText(std::span<const std::string> paths, const fs::path& folder) {
+    std::string text;
+    const auto line = [&text](const std::string& content) { text += content + kLineEnd; };
+    line("Quandrel Workspace");
+    line("[Version]: 9.5.1");
+    line("");
+    line("The following file paths can be edited as required. ");
+    line("Pathnames are relative for files in or below the folder of this workspace file");
+    line("Files above this folder require the full pathname");
+    line("");
+    line("[Files List]:");
+    for (const std::string& path : paths) {
+        line("     " + ListedPath(path, folder));
+    }
+    line("[End Files List]: ");
+    return text;
+}
+
+std::vector<std::string> PathsOfWorkspace(std::string_view text, const fs::path& folder) {
+    std::vector<std::string> paths;
+    LineReader lines(text);
+    bool isInList = false;
+    for (std::string_view line; lines.Next(line);) {
+        if (!isInList) {
+            isInList = line.starts_with(kListBegin);
+            continue;
+        }
+        if (line.starts_with(kListEnd)) {
+            break;
+        }
+        std::string listed(Trimmed(line));
+        std::ranges::replace(listed, '\\', '/');
+        if (!listed.empty()) {
+            paths.push_back((folder / listed).lexically_normal().string());
+        }
+    }
+    return paths;
+}
+
+bool HasFilesList(std::string_view text) {
+    LineReader lines(text);
+    for (std::string_view line; lines.Next(line);) {
+        if (line.starts_with(kListBegin)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<std::string> WorkspaceFileDialog(WorkspaceDialog mode) {
+    const bool isOpening = mode == WorkspaceDialog::Open;
+    PathQuestion question;
+    question.title = isOpening ? "Open WorkSpace:" : "Save WorkSpace as:";
+    question.folder = gLastUsedWorkSpacePath;
+    question.fileName = isOpening ? std::string() : gLastUsedWSpaceFileTitle;
+    question.filter = gWorkspaceFilter;
+    const std::optional<std::string> path = isOpening ? gPlatform.prompts->AskOpenPath(question)
+                                                      : gPlatform.prompts->AskSavePath(question);
+    if (!path || path->empty()) {
+        return std::nullopt;
+    }
+    Remember(*path);
+    return path;
+}
+
+WorkspaceOutcome SaveWorkspace() {
+    const std::optional<std::string> path = WorkspaceFileDialog(WorkspaceDialog::Save);
+    return path ? SaveWorkspaceAs(*path) : WorkspaceOutcome::Cancelled;
+}
+
+WorkspaceOutcome SaveWorkspaceAs(const std::string& path) {
+    const std::vector<std::string> paths = PathsToList();
+    const std::string error = WriteFileAtomically(path, WorkspaceText(paths, FolderOf(path)));
+    if (!error.empty()) {
+        Tell("The workspace could not be saved\n" + path + "\n" + error);
+        return WorkspaceOutcome::Failed;
+    }
+    Remember(path);
+    return WorkspaceOutcome::Saved;
+}
+
+std::optional<int> OpenWorkspace(const std::string& path) {
+    const Result<std::string> text = ReadTextBytes(path);
+    if (!text) {
+        Tell("The indicated file cannot be opened\n" + path + "\n" + text.Error());
+        return std::nullopt;
+    }
+    Remember(path);
+    const OwnFilesWithoutDialog own;
+    int opened = 0;
+    for (const std::string& listed : PathsOfWorkspace(*text, FolderOf(path))) {
+        std::error_code unreadable;
+        if (fs::is_regular_file(listed, unreadable)
+            && OpenPlotFile("File" + listed) != kLoadError) {
+            ++opened;
+        }
+    }
+    return opened;
+}
+
+} // namespace quandrel

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+//
+// Workspaces: a text file that lists the plots of a session, so that they open in one step.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+inline constexpr const char* kWorkspaceEnding = ".qwo";
+
+/// The text of a workspace. Lines end in CR LF; paths have "/" between their parts, and are
+/// relative in or below the folder.
+///
+/// @param paths   absolute, in the order of the plots
+/// @param folder  where the workspace will be, absolute
+[[nodiscard]] std::string WorkspaceText(std::span<const std::string> paths,
+                                        const std::filesystem::path& folder);
+
+/// The paths that a workspace lists, made absolute; those of files that do not exist too. Both
+/// kinds of separator are read.
+///
+/// @param folder  where the workspace is, absolute
+[[nodiscard]] std::vector<std::string> PathsOfWorkspace(std::string_view text,
+                                                        const std::filesystem::path& folder);
+
+/// True for a text with a list of files, which a workspace is beside its ending or first line.
+[[nodiscard]] bool HasFilesList(std::string_view text);
+
+enum class WorkspaceDialog { Open, Save };
+
+/// Asks for a workspace's path and remembers it (gLastUsedWorkSpacePath and what belongs to it).
+[[nodiscard]] std::optional<std::string> WorkspaceFileDialog(WorkspaceDialog mode);
+
+enum class WorkspaceOutcome { Saved, Cancelled, Failed };
+
+/// Saves the list of the open plots, after a dialog for its path and a question for each plot that
+/// has unsaved data: it is saved or left out.
+WorkspaceOutcome SaveWorkspace();
+
+/// As SaveWorkspace, to a path that is known.
+WorkspaceOutcome SaveWorkspaceAs(const std::string& path);
+
+/// Opens the plots of a workspace. Files that do not exist are passed over.
+///
+/// @return plots opened; nothing, with a message, when the workspace cannot be read
+std::optional<int> OpenWorkspace(const std::string& path);
+
+} // namespace quandrel
