@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+
+#include "rotation/rotation_kernels.h"
+
+#include "orientation/angles.h"
+
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kRightAngle = kPi / 2;
+constexpr double kThreeQuarterTurn = 9.42477796076937 / 2;
+constexpr double kTiltTolerance = 1e-06; // of directions that count as horizontal or vertical
+constexpr double kVerticalAxis = 1e-07;  // an axis as steep as this is vertical
+
+bool IsAbout(double angle, double other) {
+    return std::abs(angle - other) < kTiltTolerance;
+}
+
+// True for a line on the horizontal axis that a tilt towards axisTrend turns about.
+bool LiesOnHinge(double plunge, double trend, double axisTrend) {
+    return std::abs(plunge) < kTiltTolerance
+           && (IsAbout(trend, WrappedAngle(axisTrend + kRightAngle))
+               || IsAbout(trend, WrappedAngle(axisTrend + kThreeQuarterTurn)));
+}
+
+// A line within the tolerance of horizontal or vertical becomes exactly that, and keeps its sense.
+void SettleLine(double down, double& plunge, double& trend) {
+    if (std::abs(plunge) < kTiltTolerance) {
+        if (plunge < 0) {
+            // What was the upward end now is the end that the trend has to name.
+            trend = WrappedAngle(trend + kPi);
+        }
+        plunge = 0;
+    } else if (IsAbout(std::abs(plunge), kRightAngle)) {
+        plunge = down < 0 ? -kRightAngle : kRightAngle;
+    }
+}
+
+} // namespace
+
+void TiltLine(double plunge, double trend, double axisPlunge, double axisTrend, double& outPlunge,
+              double& outTrend) {
+    if (LiesOnHinge(plunge, trend, axisTrend)) {
+        outPlunge = plunge;
+        outTrend = trend;
+        return;
+    }
+    const Direction line = LineToCosines(plunge, trend);
+    const double sinPlunge = std::sin(std::abs(axisPlunge));
+    const double cosPlunge = std::cos(std::abs(axisPlunge));
+    const double sinTrend = std::sin(axisTrend);
+    const double cosTrend = std::cos(axisTrend);
+    const double along =
+        sinPlunge * cosTrend * line.l + sinPlunge * sinTrend * line.m - cosPlunge * line.n;
+    const double across = line.m * cosTrend - line.l * sinTrend;
+    const double down =
+        cosPlunge * cosTrend * line.l + cosPlunge * sinTrend * line.m + sinPlunge * line.n;
+    CosinesToLine(along, across, down, outPlunge, outTrend);
+    outTrend = WrappedAngle(outTrend + axisTrend - kTwoPi);
+    SettleLine(down, outPlunge, outTrend);
+}
+
+void RotateLineAboutAxis(double plunge, double trend, double angle, double axisPlunge,
+                         double axisTrend, double& outPlunge, double& outTrend) {
+    const double downward = std::abs(axisPlunge);
+    if (std::abs(kRightAngle - downward) < kVerticalAxis) {
+        outPlunge = plunge;
+        outTrend = WrappedAngle(trend + angle);
+        return;
+    }
+    double tiltedPlunge = 0;
+    double tiltedTrend = 0;
+    TiltLine(plunge, trend, downward, axisTrend, tiltedPlunge, tiltedTrend);
+    TiltLine(tiltedPlunge, WrappedAngle(tiltedTrend + angle), downward,
+             WrappedAngle(axisTrend + kPi), outPlunge, outTrend);
+}
+
+void RotatePlaneAboutAxis(double dip, double dipDir, double axisPlunge, double axisTrend,
+                          double angle, double& outDip, double& outDipDir) {
+    double polePlunge = 0;
+    double poleTrend = 0;
+    PoleOfPlane(dip, dipDir, polePlunge, poleTrend);
+    RotateLineAboutAxis(polePlunge, poleTrend, angle, axisPlunge, axisTrend, polePlunge, poleTrend);
+    PoleOfPlane(polePlunge, poleTrend, outDip, outDipDir);
+}
+
+void RotatePlaneToVertical(double plunge, double trend, double strikeAz, double axisPlunge,
+                           double axisTrend, double pitch, double newAz, double& outPlunge,
+                           double& outTrend) {
+    double tiltedPlunge = 0;
+    double tiltedTrend = 0;
+    TiltLine(plunge, trend, std::abs(axisPlunge), axisTrend, tiltedPlunge, tiltedTrend);
+    const double turnedTrend = WrappedAngle(tiltedTrend + (newAz - strikeAz));
+    // The line that is now at right angles to the pitched one goes to the vertical; it plunges to
+    // the other end of the strike.
+    const double away = pitch < 0 ? WrappedAngle(newAz) : WrappedAngle(newAz - kPi);
+    TiltLine(tiltedPlunge, turnedTrend, kRightAngle - std::abs(pitch), away, outPlunge, outTrend);
+}
+
+void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, double plunge,
+               double trend, double& outPlunge, double& outTrend) {
+    outPlunge = plunge;
+    outTrend = trend;
+    if (dip == 0) {
+        return;
+    }
+    // The line at right angles to the fold axis, above it, goes to the vertical: the axis itself
+    // then is horizontal.
+    const double above = kRightAngle - std::abs(axisPlunge);
+    const double aboveTrend = WrappedAngle(axisTrend + kPi);
+    double polePlunge = 0;
+    double poleTrend = 0;
+    PoleOfPlane(dip, dipDir, polePlunge, poleTrend);
+    TiltLine(polePlunge, poleTrend, above, aboveTrend, polePlunge, poleTrend);
+    TiltLine(outPlunge, outTrend, above, aboveTrend, outPlunge, outTrend);
+    TiltLine(outPlunge, outTrend, std::abs(polePlunge), poleTrend, outPlunge, outTrend);
+    if (dip < 0) {
+        // The long way ends half a turn about the strike from the short one.
+        // A bed that already lies flat is turned about the strike that it came with.
+        const double across = polePlunge == kRightAngle ? dipDir : poleTrend;
+        RotateLineAboutAxis(outPlunge, outTrend, kPi, 0, WrappedAngle(across + kRightAngle),
+                            outPlunge, outTrend);
+    }
+}
+
+void RotationBetweenPlanes(double dip1, double dipDir1, double dip2, double dipDir2,
+                           double& axisPlunge, double& axisTrend, double& angle) {
+    double plunge1 = 0;
+    double trend1 = 0;
+    double plunge2 = 0;
+    double trend2 = 0;
+    PoleOfPlane(dip1, dipDir1, plunge1, trend1);
+    PoleOfPlane(dip2, dipDir2, plunge2, trend2);
+    const Direction a = LineToCosines(plunge1, trend1);
+    Direction b = LineToCosines(plunge2, trend2);
+    if (a.l * b.l + a.m * b.m + a.n * b.n < 0) {
+        b = {-b.l, -b.m, -b.n};
+    }
+    Direction axis = {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
+    const double length = std::sqrt(axis.l * axis.l + axis.m * axis.m + axis.n * axis.n);
+    if (length < kParallelLength) {
+        axisPlunge = 0;
+        axisTrend = WrappedAngle(dipDir1 - kRightAngle);
+        angle = 0;
+        return;
+    }
+    angle = ArcSin(length);
+    if (axis.n < 0) {
+        // Axes are read as pointing down; from there the same turn goes the other way.
+        axis = {-axis.l, -axis.m, -axis.n};
+        angle = -angle;
+    }
+    CosinesToLine(axis, axisPlunge, axisTrend);
+}
+
+} // namespace quandrel

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+
+#include "rotation/rotation_undo.h"
+
+#include "core/plot_store.h"
+#include "rotation/rotate_data.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+std::optional<RotationMemory> gLastRotation;
+
+std::array<DataColumn<std::int32_t>*, 6> OrientationColumns() {
+    return {&gDataDip, &gDataAz, &gData2Dip, &gData2Az, &gAppLineDip, &gAppLineAz};
+}
+
+/// The cells of rows 0 to the last row in use; fewer where a column is shorter.
+std::span<const std::int32_t> CellsInUse(const DataColumn<std::int32_t>& column, int slot) {
+    const std::span<const std::int32_t> cells = column.Rows(slot);
+    const auto inUse = static_cast<std::size_t>(RecordOf(slot).NumLoadedData) + 1;
+    return cells.first(std::min(cells.size(), inUse));
+}
+
+void MixCells(std::span<const std::int32_t> cells, std::uint64_t& mix) {
+    // The prime and the start value of the FNV hash of 64 bits, a cell instead of a byte at a time.
+    constexpr std::uint64_t kPrime = 1099511628211U;
+    mix = (mix ^ cells.size()) * kPrime;
+    for (const std::int32_t cell : cells) {
+        mix = (mix ^ static_cast<std::uint32_t>(cell)) * kPrime;
+        mix ^= mix >> 32;
+    }
+}
+
+/// A number that another state of the columns has not.
+std::uint64_t FingerprintOf(int slot) {
+    std::uint64_t mix = 14695981039346656037U;
+    for (const DataColumn<std::int32_t>* column : OrientationColumns()) {
+        MixCells(CellsInUse(*column, slot), mix);
+    }
+    return mix;
+}
+
+void WriteBack(const std::vector<std::int32_t>& cells, DataColumn<std::int32_t>& column, int slot) {
+    for (std::size_t row = 1; row < cells.size(); ++row) {
+        column.At(slot, static_cast<std::int32_t>(row)) = cells[row];
+    }
+}
+
+/// Gives a row its former style, unless it has got another one since.
+void WriteBack(const SymbolChange& change, int slot) {
+    SymbolCode& drawn = gDataSymbol.At(slot, change.row);
+    SymbolCode& base = gDataSymbolBase.At(slot, change.row);
+    drawn = drawn == change.drawn ? change.formerDrawn : drawn;
+    base = base == change.base ? change.formerBase : base;
+}
+
+} // namespace
+
+RotationMemory RememberRows(int slot) {
+    RotationMemory memory;
+    memory.slot = slot;
+    memory.rotationState = RecordOf(slot).RotationState;
+    memory.modified = RecordOf(slot).Modified;
+    for (const DataColumn<std::int32_t>* column : OrientationColumns()) {
+        const auto cells = CellsInUse(*column, slot);
+        memory.orientations.emplace_back(cells.begin(), cells.end());
+    }
+    return memory;
+}
+
+void KeepForUndo(RotationMemory memory) {
+    memory.fingerprint = FingerprintOf(memory.slot);
+    gLastRotation = std::move(memory);
+}
+
+bool CanUndoRotation() {
+    return gLastRotation && gLastRotation->slot == gActivePlot && IsOpenSlot(gActivePlot)
+           && gLastRotation->fingerprint == FingerprintOf(gActivePlot);
+}
+
+bool UndoRotation() {
+    if (gBusy || !CanUndoRotation()) {
+        return false;
+    }
+    const RotationMemory memory = std::move(*gLastRotation);
+    gLastRotation.reset();
+    PlotRecord& record = ActiveRecord();
+    const auto columns = OrientationColumns();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        WriteBack(memory.orientations[i], *columns[i], memory.slot);
+    }
+    for (const SymbolChange& change : memory.symbols) {
+        WriteBack(change, memory.slot);
+    }
+    record.RotationState = memory.rotationState;
+    // Rows that were saved since differ from their file again.
+    record.Modified = record.Modified != 0 ? memory.modified : kTrue;
+    RebuildRowTable(gActivePlot);
+    ReplotActivePlot(true);
+    return true;
+}
+
+void ForgetRotation() {
+    gLastRotation.reset();
+}
+
+} // namespace quandrel

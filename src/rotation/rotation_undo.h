@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// The rows as they were before the last rotation. CanUndoRotation, UndoRotation and ForgetRotation
+// of rotate_data.h work on what is kept here.
+
+#pragma once
+
+#include "core/style_tables.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace quandrel {
+
+/// A row that took the style of its new sense.
+struct SymbolChange {
+    std::int32_t row = 0;
+    SymbolCode formerDrawn = 0; ///< of gDataSymbol
+    SymbolCode formerBase = 0;  ///< of gDataSymbolBase
+    SymbolCode drawn = 0;
+    SymbolCode base = 0;
+};
+
+/// The columns of a plot that a rotation changes, as they were, cell for cell from row 0.
+struct RotationMemory {
+    int slot = 0;
+    std::int16_t rotationState = 0;
+    std::int16_t modified = 0;
+    std::vector<std::vector<std::int32_t>> orientations; ///< in the order of the columns
+    std::vector<SymbolChange> symbols;
+    std::uint64_t fingerprint = 0; ///< of the columns as the rotation left them
+};
+
+/// The columns of a plot as they stand. Throws std::bad_alloc.
+[[nodiscard]] RotationMemory RememberRows(int slot);
+
+/// Keeps the rows of gActivePlot as they were before the rotation that was just made.
+void KeepForUndo(RotationMemory memory);
+
+} // namespace quandrel

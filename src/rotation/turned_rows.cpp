@@ -1,0 +1,361 @@
+// SPDX-License-Identifier: MIT
+
+#include "rotation/turned_rows.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/angles.h"
+#include "rotation/rotation_kernels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kRightAngle = kPi / 2;
+
+/// A line in radians, plunge negative when it points upward.
+struct Line {
+    double plunge = 0;
+    double trend = 0;
+};
+
+Line LineOf(ShownOrientation degrees) {
+    return {DegToRad(degrees.dip), DegToRad(degrees.azimuth)};
+}
+
+Line PoleOf(ShownOrientation plane) {
+    Line pole;
+    PoleOfPlane(DegToRad(plane.dip), DegToRad(plane.azimuth), pole.plunge, pole.trend);
+    return pole;
+}
+
+Line OppositeOf(Line line) {
+    // A horizontal line has no sign to turn: its trend names the end.
+    return line.plunge == 0 ? Line{0, WrappedAngle(line.trend + kPi)}
+                            : Line{-line.plunge, line.trend};
+}
+
+std::int32_t WholeDegrees(double radians) {
+    return static_cast<std::int32_t>(RoundToEven(RadToDeg(radians)));
+}
+
+/// 0 to 359.
+std::int32_t WholeAzimuth(double radians) {
+    return WholeDegrees(WrappedAngle(radians)) % 360;
+}
+
+bool IsSameAzimuth(std::int32_t a, std::int32_t b) {
+    return (a - b) % 360 == 0;
+}
+
+ShownOrientation RoundedLine(Line line, LineSense sense, ShownOrientation former) {
+    const bool isVertical = std::abs(line.plunge) == kRightAngle;
+    ShownOrientation rounded;
+    rounded.dip = sense == LineSense::Level ? 0 : WholeDegrees(line.plunge);
+    if (rounded.dip == 0 && line.plunge < 0) {
+        line.trend += kPi;
+    }
+    rounded.azimuth = isVertical ? 0 : WholeAzimuth(line.trend);
+    if (sense == LineSense::None) {
+        rounded.dip = std::abs(rounded.dip);
+    } else if (sense == LineSense::Kept) {
+        rounded.dip = former.dip < 0 ? -std::abs(rounded.dip) : std::abs(rounded.dip);
+    }
+    const bool hasTrend = std::abs(rounded.dip) != 90 && !(sense == LineSense::Level && isVertical);
+    const bool isSame =
+        rounded.dip == former.dip && (!hasTrend || IsSameAzimuth(rounded.azimuth, former.azimuth));
+    return isSame ? former : rounded;
+}
+
+/// The plane of a pole, with the sign that the dip had.
+ShownOrientation RoundedPlane(Line pole, ShownOrientation former) {
+    const std::int32_t dip = WholeDegrees(kRightAngle - std::abs(pole.plunge));
+    ShownOrientation rounded{former.dip < 0 ? -dip : dip, 0};
+    if (std::abs(pole.plunge) != kRightAngle) {
+        rounded.azimuth = WholeAzimuth(pole.trend + kPi);
+    }
+    const bool isSame =
+        rounded.dip == former.dip && (dip == 0 || IsSameAzimuth(rounded.azimuth, former.azimuth));
+    return isSame ? former : rounded;
+}
+
+/// A line through a rotation that does not unfold.
+Line Turned(const Rotation& rotation, Line line) {
+    Line turned;
+    switch (rotation.operation) {
+    case kPlaneToVertical:
+        RotatePlaneToVertical(line.plunge, line.trend, rotation.strike, rotation.inclination,
+                              rotation.azimuth, rotation.pitch, rotation.angle, turned.plunge,
+                              turned.trend);
+        break;
+    case kLineToVertical:
+        TiltLine(line.plunge, line.trend, rotation.inclination, rotation.azimuth, turned.plunge,
+                 turned.trend);
+        break;
+    default:
+        RotateLineAboutAxis(line.plunge, line.trend, rotation.angle, rotation.inclination,
+                            rotation.azimuth, turned.plunge, turned.trend);
+        break;
+    }
+    return turned;
+}
+
+/// How the rows of a set are read.
+struct SetRule {
+    bool isPlane = false;
+    LineSense sense = LineSense::None;
+};
+
+ShownOrientation TurnedOrientation(const Rotation& rotation, SetRule rule, ShownOrientation row) {
+    return rule.isPlane ? RoundedPlane(Turned(rotation, PoleOf(row)), row)
+                        : RoundedLine(Turned(rotation, LineOf(row)), rule.sense, row);
+}
+
+/// The slip line of a fault: of the other block when the fault is turned over.
+ShownOrientation TurnedSlip(const Rotation& rotation, ShownOrientation fault,
+                            ShownOrientation slip) {
+    const Line line = Turned(rotation, LineOf(slip));
+    const bool turnsOver = Turned(rotation, PoleOf(fault)).plunge < 0;
+    return RoundedLine(turnsOver ? OppositeOf(line) : line, LineSense::Directed, slip);
+}
+
+bool HasUpward(const DataColumn<std::int32_t>& column, int slot, std::int32_t first,
+               std::int32_t last) {
+    for (std::int32_t row = first; row <= last; ++row) {
+        const std::int32_t plunge = column(slot, row);
+        if (plunge < 0 && plunge >= -90 && gDataDip(slot, row) != kErrorRow) {
+            return true;
+        }
+    }
+    return false;
+}
+
+LineSense Directed(bool isDirected) {
+    return isDirected ? LineSense::Directed : LineSense::None;
+}
+
+SetRule RuleOfPrimary(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    const bool isPlane = record.ShowSecondary != 0 ? record.PrimaryFormat == kPrimaryPlane
+                                                   : IsPlottedAsPole(record, 0);
+    return {isPlane, SenseOfPrimaryLines(slot)};
+}
+
+SetRule RuleOfSecondary(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    const bool isPlane = record.ShowSecondary != 0 ? IsPlottedAsPole(record, 0)
+                                                   : record.SecondaryFormat == kSecondaryPlane;
+    return {isPlane, SenseOfSecondaryLines(slot)};
+}
+
+SetRule RuleOfOverlay(int slot, int overlay, std::int32_t first, std::int32_t last) {
+    const PlotRecord& record = RecordOf(slot);
+    const bool isPolar =
+        record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
+    return {IsPlottedAsPole(record, overlay),
+            Directed(isPolar || HasUpward(gDataDip, slot, first, last))};
+}
+
+/// Turns the rows of one plot.
+class RowTurner {
+public:
+    RowTurner(int slot, const Rotation& rotation)
+        : slot_(slot)
+        , rotation_(rotation)
+        , record_(RecordOf(slot))
+        , primary_(RuleOfPrimary(slot))
+        , secondary_(RuleOfSecondary(slot)) {}
+
+    TurnedRows Turn() {
+        CopyRows();
+        TurnRange(1, record_.NumData, primary_);
+        for (int overlay = 1; overlay <= record_.OverlayRows[0]; ++overlay) {
+            TurnOverlay(overlay);
+        }
+        return std::move(rows_);
+    }
+
+private:
+    using Rows = std::vector<ShownOrientation>;
+
+    static ShownOrientation& At(Rows& rows, std::int32_t row) {
+        return rows[static_cast<std::size_t>(row)];
+    }
+
+    static bool IsError(Rows& rows, std::int32_t row) { return At(rows, row).dip == kErrorRow; }
+
+    Rows Copied(const DataColumn<std::int32_t>& dips, const DataColumn<std::int32_t>& azimuths) {
+        Rows rows(static_cast<std::size_t>(record_.NumLoadedData) + 1);
+        for (std::int32_t row = 1; row <= record_.NumLoadedData; ++row) {
+            At(rows, row) = {dips(slot_, row), azimuths(slot_, row)};
+        }
+        return rows;
+    }
+
+    void CopyRows() {
+        rows_.primary = Copied(gDataDip, gDataAz);
+        if (record_.SecondaryFormat != kNoSecondary) {
+            rows_.secondary = Copied(gData2Dip, gData2Az);
+        }
+        if (record_.HasAppendedLine != 0 && !IsUnfolding(rotation_.operation)) {
+            rows_.appended = Copied(gAppLineDip, gAppLineAz);
+            appendedSense_ = Directed(HasUpward(gAppLineDip, slot_, 1, record_.NumData));
+        }
+    }
+
+    [[nodiscard]] bool HasSecondary(std::int32_t row) {
+        return !rows_.secondary.empty() && !IsError(rows_.secondary, row);
+    }
+
+    void TurnRange(std::int32_t first, std::int32_t last, SetRule rule) {
+        for (std::int32_t row = first; row <= last; ++row) {
+            if (IsError(rows_.primary, row)) {
+                continue;
+            }
+            if (IsUnfolding(rotation_.operation)) {
+                Unfold(row, rule);
+            } else {
+                TurnRow(row, rule);
+            }
+        }
+    }
+
+    void TurnRow(std::int32_t row, SetRule rule) {
+        ShownOrientation& main = At(rows_.primary, row);
+        if (HasSecondary(row)) {
+            ShownOrientation& second = At(rows_.secondary, row);
+            const bool isSlip =
+                rule.isPlane && !secondary_.isPlane && secondary_.sense == LineSense::Directed;
+            second = isSlip ? TurnedSlip(rotation_, main, second)
+                            : TurnedOrientation(rotation_, secondary_, second);
+        }
+        main = TurnedOrientation(rotation_, rule, main);
+        TurnAppended(row);
+        ++rows_.turned;
+    }
+
+    void TurnAppended(std::int32_t row) {
+        if (!rows_.appended.empty() && At(rows_.appended, row).dip != kInvalidAppendedLine) {
+            At(rows_.appended, row) =
+                TurnedOrientation(rotation_, {false, appendedSense_}, At(rows_.appended, row));
+        }
+    }
+
+    /// The fold axis of a row, or kInvalidAppendedLine for its plunge.
+    [[nodiscard]] ShownOrientation OwnAxis(std::int32_t row) const {
+        return {gAppLineDip(slot_, row), gAppLineAz(slot_, row)};
+    }
+
+    void Unfold(std::int32_t row, SetRule rule) {
+        const bool hasOwnAxis = rotation_.operation == kUnfoldAboutAppended;
+        if (!rule.isPlane) {
+            ++rows_.withoutPlane;
+            return;
+        }
+        if (hasOwnAxis && OwnAxis(row).dip == kInvalidAppendedLine) {
+            ++rows_.withoutAxis;
+            return;
+        }
+        const Line axis =
+            hasOwnAxis ? LineOf(OwnAxis(row)) : Line{rotation_.inclination, rotation_.azimuth};
+        ShownOrientation& bed = At(rows_.primary, row);
+        if (HasSecondary(row)) {
+            At(rows_.secondary, row) = UnfoldedSecondary(bed, axis, At(rows_.secondary, row));
+        }
+        bed.dip = 0;
+        ++rows_.turned;
+    }
+
+    [[nodiscard]] ShownOrientation UnfoldedSecondary(ShownOrientation bed, Line axis,
+                                                     ShownOrientation second) const {
+        const Line line = secondary_.isPlane ? PoleOf(second) : LineOf(second);
+        Line unfolded;
+        UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), axis.plunge, axis.trend, line.plunge,
+                  line.trend, unfolded.plunge, unfolded.trend);
+        if (secondary_.isPlane) {
+            return RoundedPlane(unfolded, second);
+        }
+        return RoundedLine(unfolded, rotation_.forced ? LineSense::Level : secondary_.sense,
+                           second);
+    }
+
+    void TurnOverlay(int overlay) {
+        const std::int32_t first = FirstRowOfOverlay(record_, overlay);
+        const std::int32_t count = record_.OverlayRows[static_cast<std::size_t>(overlay)];
+        const std::int32_t last = std::min(first + count - 1, record_.NumLoadedData);
+        if (overlay == record_.SelectedOverlay && count == record_.NumData
+            && !rows_.secondary.empty()) {
+            for (std::int32_t row = first; row <= last; ++row) {
+                FollowSecondary(row, row - first + 1);
+            }
+            return;
+        }
+        TurnRange(first, last, RuleOfOverlay(slot_, overlay, first, last));
+    }
+
+    void FollowSecondary(std::int32_t overlaid, std::int32_t row) {
+        if (!IsError(rows_.primary, overlaid) && !IsError(rows_.primary, row)
+            && HasSecondary(row)) {
+            At(rows_.primary, overlaid) = At(rows_.secondary, row);
+        }
+    }
+
+    int slot_;
+    const Rotation& rotation_;
+    const PlotRecord& record_;
+    SetRule primary_;
+    SetRule secondary_;
+    LineSense appendedSense_ = LineSense::None;
+    TurnedRows rows_;
+};
+
+} // namespace
+
+Rotation RotationOf(const RotationSettings& settings) {
+    Rotation rotation;
+    rotation.operation = settings.operation;
+    rotation.forced = RotationStateOf(settings) < 0;
+    if (settings.operation == kUnfoldAboutAppended) {
+        return rotation;
+    }
+    rotation.inclination = DegToRad(*settings.inclination);
+    rotation.azimuth = DegToRad(*settings.azimuth);
+    if (settings.operation == kRotateAboutAxis || settings.operation == kPlaneToVertical) {
+        rotation.angle = DegToRad(*settings.angle);
+    }
+    if (settings.operation == kPlaneToVertical) {
+        rotation.strike = DegToRad(NearerStrike(*settings.azimuth, *settings.angle));
+        rotation.pitch = DegToRad(PitchFromStrike(settings));
+    }
+    return rotation;
+}
+
+LineSense SenseOfPrimaryLines(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    if (record.PrimaryFormat <= kDirections) {
+        return LineSense::Level;
+    }
+    if (!record.AxesTitle.empty()) {
+        return LineSense::Kept;
+    }
+    return Directed((record.ShowSecondary == 0 && record.DataKind == kPolarLines)
+                    || HasUpward(gDataDip, slot, 1, record.NumData));
+}
+
+LineSense SenseOfSecondaryLines(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    return Directed(record.NumSymbolsInPlot > 0
+                    || (record.ShowSecondary != 0 && record.DataKind == kPolarLines)
+                    || HasUpward(gData2Dip, slot, 1, record.NumData));
+}
+
+TurnedRows TurnRows(int slot, const Rotation& rotation) {
+    return RowTurner(slot, rotation).Turn();
+}
+
+} // namespace quandrel
