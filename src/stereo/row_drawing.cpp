@@ -119,8 +119,11 @@ void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range,
         }
         const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
         DrawSymbols(surface, std::span(&at, 1), code);
-        DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), kSlipArrowSymbol,
-                   CodeSize(code), gPlotStages.slipArrowAngle(index));
+        const double angle = gPlotStages.slipArrowAngle(index);
+        if (std::isfinite(angle)) {
+            DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), kSlipArrowSymbol,
+                       CodeSize(code), angle);
+        }
     }
 }
 

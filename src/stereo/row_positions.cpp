@@ -56,6 +56,13 @@ bool IsWholeDegreeLine(ShownOrientation line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
 }
 
+/// True when a plunge marks a row of intersections whose planes do not meet in a line.
+bool MarksParallelPlanes(int slot, std::int32_t plunge) {
+    constexpr std::int32_t kNoLine = -90;
+    const int source = RecordOf(slot).KinematicState;
+    return plunge == kNoLine && IsOpenSlot(source) && RecordOf(source).IntersectionState == slot;
+}
+
 } // namespace
 
 ShownOrientation PoleInDegrees(ShownOrientation plane) {
@@ -102,6 +109,9 @@ ShownOrientation OrientationShown(int slot, std::int32_t row) {
     ShownOrientation shown{gDataDip(slot, row), gDataAz(slot, row)};
     if (record.ShowSecondary != 0 && row <= record.NumData && shown.dip != kErrorRow) {
         shown = {gData2Dip(slot, row), gData2Az(slot, row)};
+    }
+    if (row <= record.NumData && MarksParallelPlanes(slot, shown.dip)) {
+        shown.dip = kErrorRow;
     }
     return shown;
 }

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+
+#include "derive/fault_rows.h"
+
+#include "core/plot_store.h"
+
+#include <cmath>
+
+namespace quandrel {
+
+bool IsReadable(ShownOrientation orientation) {
+    return orientation.dip != kErrorRow && std::abs(orientation.dip) <= 90
+           && orientation.azimuth >= 0 && orientation.azimuth <= 360;
+}
+
+Fault FaultOfRow(int slot, std::int32_t row) {
+    Fault fault;
+    fault.plane = {gDataDip(slot, row), gDataAz(slot, row)};
+    fault.line = {gData2Dip(slot, row), gData2Az(slot, row)};
+    if (fault.plane.dip == kErrorRow) {
+        fault.line = {kErrorRow, 0}; // nothing was read of such a row
+    }
+    return fault;
+}
+
+Direction PoleOfFault(const Fault& fault) {
+    double plunge = 0;
+    double trend = 0;
+    OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), plunge,
+                    trend);
+    return LineToCosines(plunge, trend);
+}
+
+Direction SlipLineOfFault(const Fault& fault) {
+    return LineToCosines(DegToRad(std::abs(fault.line.dip)), DegToRad(fault.line.azimuth));
+}
+
+} // namespace quandrel

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// Rows as faults: the plane of a row is its primary orientation, the slip line its secondary one.
+// Both are read from the data columns, never from the table of plotted rows, which may show either.
+
+#pragma once
+
+#include "orientation/angles.h"
+#include "stereo/row_positions.h"
+
+#include <cstdint>
+
+namespace quandrel {
+
+/// A fault in whole degrees. A negative plunge of the line is upward polarity: the hanging wall
+/// moves up along it; the trend is that of its downward end all the same.
+struct Fault {
+    ShownOrientation plane;
+    ShownOrientation line;
+};
+
+/// True when an orientation was read: no marker, dip -90 to 90, azimuth 0 to 360.
+[[nodiscard]] bool IsReadable(ShownOrientation orientation);
+
+/// The fault of a main row. What the row lacks is not readable.
+[[nodiscard]] Fault FaultOfRow(int slot, std::int32_t row);
+
+/// The downward unit normal of the fault plane. The sign of the dip plays no part.
+[[nodiscard]] Direction PoleOfFault(const Fault& fault);
+
+/// The slip line as a unit vector: downward, or horizontal along its trend.
+[[nodiscard]] Direction SlipLineOfFault(const Fault& fault);
+
+} // namespace quandrel

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+
+#include "derive/secondary_rows.h"
+
+#include "core/plot_store.h"
+#include "derive/fault_rows.h"
+#include "input/data_rows.h"
+#include "orientation/angles.h"
+#include "stereo/row_positions.h"
+
+#include <string>
+
+namespace quandrel {
+
+namespace {
+
+/// The secondary orientation of a main row; of one that lacks either the marker.
+ShownOrientation SecondaryOfRow(std::int32_t row) {
+    const ShownOrientation line = FaultOfRow(gActivePlot, row).line;
+    return IsReadable(line) ? line : ShownOrientation{kErrorRow, 0};
+}
+
+void CopyAppended(std::int32_t row, const PlotRecord& record, ParsedRow& parsed) {
+    if (record.HasAppendedLine != 0 && gAppLineDip(gActivePlot, row) != kInvalidAppendedLine) {
+        parsed.lineStatus = AppendedLineStatus::Good;
+        parsed.linePlunge = gAppLineDip(gActivePlot, row);
+        parsed.lineTrend = gAppLineAz(gActivePlot, row);
+    }
+    if (record.HasAppendedNumeric != 0 && gAppNumeric(gActivePlot, row) != kInvalidNumber) {
+        parsed.numberStatus = NumberStatus::Good;
+        parsed.number = static_cast<double>(gAppNumeric(gActivePlot, row));
+    }
+    if (record.HasAppendedText != 0) {
+        parsed.textStatus = TextStatus::Good;
+        parsed.text.Keep(std::string(gAppText(gActivePlot, row)));
+    }
+}
+
+ParsedRow OverlayRowOf(std::int32_t row, const PlotRecord& record) {
+    ParsedRow parsed;
+    const ShownOrientation secondary = SecondaryOfRow(row);
+    if (secondary.dip == kErrorRow) {
+        return parsed;
+    }
+    parsed.status = LineStatus::Row;
+    parsed.dip = secondary.dip;
+    parsed.az = secondary.azimuth;
+    CopyAppended(row, record, parsed);
+    return parsed;
+}
+
+} // namespace
+
+bool AppendSecondaryOverlay(std::int16_t kind) {
+    PlotRecord& record = ActiveRecord();
+    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[0]);
+    record.OverlayKind[overlay] = kind;
+    record.OverlayRows[overlay] = 0;
+    record.OverlayFiles[overlay].clear();
+    record.Modified = kTrue;
+    const RowTarget target{static_cast<int>(overlay), record.SecondaryFormat, false, false};
+    const std::int32_t before = record.NumLoadedData;
+    MakeRoomForRows(before + record.NumData, target);
+    bool isWhole = true;
+    std::int32_t done = 0;
+    RowFaults faults;
+    while (isWhole && done < record.NumData) {
+        isWhole = StoreDataRow(OverlayRowOf(done + 1, record), before + done + 1, target, faults);
+        done += isWhole ? 1 : 0;
+    }
+    record.OverlayRows[overlay] = done;
+    record.NumLoadedData = before + done;
+    record.SelectedOverlay = static_cast<std::int16_t>(overlay);
+    return isWhole;
+}
+
+void RewriteSecondaryOverlay(int overlay) {
+    const PlotRecord& record = ActiveRecord();
+    const std::int32_t first = FirstRowOfOverlay(record, overlay);
+    const std::int32_t rows = record.OverlayRows[static_cast<std::size_t>(overlay)];
+    for (std::int32_t i = 0; i < rows; ++i) {
+        const std::int32_t row = first + i;
+        const ShownOrientation line = SecondaryOfRow(i + 1);
+        gDataDip.At(gActivePlot, row) = line.dip;
+        gDataAz.At(gActivePlot, row) = line.azimuth;
+        StoreRowPosition(gActivePlot, static_cast<std::size_t>(row) - 1, row, line,
+                         IsPlottedAsPole(record, overlay));
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+
+#include "derive/slip_arrows.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "derive/fault_rows.h"
+#include "stereo/row_positions.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+Direction CrossProduct(const Direction& a, const Direction& b) {
+    return {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
+}
+
+bool IsTooShort(const Direction& vector) {
+    return std::hypot(vector.l, vector.m, vector.n) < kParallelLength;
+}
+
+/// The azimuth on the net of a step from a place. The place is at (m, l) / (1 + n) in the equal
+/// angle net, (m, l) / sqrt(1 + n) in the equal area one; these are their differentials, less a
+/// positive factor.
+double AzimuthOfStep(int plotKind, const Direction& at, const Direction& step) {
+    const double inward = step.n / ((plotKind == kEqualAngle ? 1 : 2) * (1 + at.n));
+    return AzimuthBetweenPoints(0, 0, step.m - inward * at.m, step.l - inward * at.l);
+}
+
+/// The fault that a row shows. A row of an overlay that was loaded while the secondary data were
+/// shown has its pairs exchanged.
+Fault FaultOfShownRow(int slot, std::int32_t row) {
+    const PlotRecord& record = RecordOf(slot);
+    const int overlay = OverlayOfRow(record, row);
+    if (overlay > 0 && overlay == record.SelectedOverlay) {
+        return FaultOfRow(slot, row - FirstRowOfOverlay(record, overlay) + 1);
+    }
+    Fault fault = FaultOfRow(slot, row);
+    if (overlay > 0 && record.ShowSecondary != 0) {
+        std::swap(fault.plane, fault.line);
+    }
+    return fault;
+}
+
+} // namespace
+
+std::optional<double> SlipArrowAzimuth(int plotKind, const Direction& pole, const Direction& slip,
+                                       bool upward, const Direction& at) {
+    const Direction axis = CrossProduct(pole, slip); // the slip turns the pole into the line
+    if (IsTooShort(axis)) {
+        return std::nullopt;
+    }
+    Direction step = CrossProduct(axis, at);
+    if (IsTooShort(step)) {
+        return std::nullopt;
+    }
+    if (upward) {
+        step = {-step.l, -step.m, -step.n};
+    }
+    return AzimuthOfStep(plotKind, at, step);
+}
+
+float SlipArrowAngle(int slot, std::int32_t row) {
+    constexpr float kNoArrow = std::numeric_limits<float>::quiet_NaN();
+    const PlotRecord& record = RecordOf(slot);
+    const Fault fault = FaultOfShownRow(slot, row);
+    const PlottedRow place =
+        PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, OverlayOfRow(record, row)), row,
+                           OrientationShown(slot, row));
+    if (!IsReadable(fault.plane) || !IsReadable(fault.line) || IsErrorRow(place.plunge)) {
+        return kNoArrow;
+    }
+    const std::optional<double> azimuth =
+        SlipArrowAzimuth(record.PlotKind, PoleOfFault(fault), SlipLineOfFault(fault),
+                         fault.line.dip < 0, LineToCosines(std::abs(place.plunge), place.trend));
+    return azimuth ? static_cast<float>(*azimuth) : kNoArrow;
+}
+
+double DrawnSlipArrowAngle(std::int32_t row) {
+    const auto angle = static_cast<double>(SlipArrowAngle(gActivePlot, row));
+    return std::isfinite(angle) ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;
+}
+
+} // namespace quandrel
