@@ -2,10 +2,9 @@
 
 #include "batch/batch_session.h"
 
-#include "batch/classify_command.h"
 #include "batch/dump.h"
 #include "batch/field_access.h"
-#include "batch/rose_command.h"
+#include "batch/plot_commands.h"
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -15,9 +14,11 @@
 #include "orientation/number_text.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
+#include "persistence/workspace_file.h"
 #include "platform/no_printers.h"
 #include "platform/qt/plot_picture.h"
 #include "platform/recording_form.h"
+#include "program/closing.h"
 #include "program/reference.h"
 #include "program/start.h"
 #include "stereo/plot_driver.h"
@@ -137,6 +138,10 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log)
              << ButtonName(box.answer) << '\n';
     });
     prompts_.OnFormat([this](const FormatQuestion& question) -> std::optional<FormatAnswer> {
+        if (question.path != formatPath_) { // the next file of a workspace
+            formatPath_ = question.path;
+            formatQuestions_ = 0;
+        }
         if (++formatQuestions_ > 1) {
             return std::nullopt;
         }
@@ -169,26 +174,18 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"activate", {&BatchSession::Activate, one}},
         {"answer", {&BatchSession::Answer, its}},
         {"blank", {&BatchSession::Blank, none}},
-        {"classify", {&BatchSession::Classify, its}},
         {"close", {&BatchSession::Close, none}},
-        {"cone", {&BatchSession::Cone, one}},
-        {"data", {&BatchSession::Data, one}},
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
         {"format", {&BatchSession::Format, its}},
         {"get", {&BatchSession::Get, one}},
-        {"griddensity", {&BatchSession::GridDensity, one}},
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},
-        {"plot", {&BatchSession::Plot, one}},
-        {"recalculate", {&BatchSession::Recalculate, none}},
-        {"replot", {&BatchSession::Replot, none}},
-        {"rose", {&BatchSession::Rose, its}},
         {"save", {&BatchSession::Save, one}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},
-        {"symbols", {&BatchSession::Symbols, one}},
+        {"workspace", {&BatchSession::Workspace, {2, {}}}},
     };
     return handlers;
 }
@@ -206,6 +203,11 @@ std::string BatchSession::Run(const std::vector<Command>& commands) {
 }
 
 std::string BatchSession::RunCommand(const Command& command) {
+    if (const PlotCommand* const own = FindPlotCommand(command.name)) {
+        std::string error = RefusedWord(command, own->shape);
+        error = error.empty() ? NeedPlot() : error;
+        return error.empty() ? own->act(command, log_) : error;
+    }
     const auto handler = Handlers().find(command.name);
     if (handler == Handlers().end()) {
         return "there is no such command";
@@ -268,43 +270,12 @@ std::string BatchSession::Blank(const Command&) {
     return OpenPlotFile(kBlankCommand) == kLoadError ? "no plot could be made" : std::string();
 }
 
-std::string BatchSession::Classify(const Command& command) {
-    const std::string error = NeedPlot();
-    return error.empty() ? ApplyClassArguments(command.arguments) : error;
-}
-
 std::string BatchSession::Close(const Command&) {
     const std::string error = NeedPlot();
     if (error.empty()) {
-        ClosePlot(gActivePlot);
+        CloseWithLinks(gActivePlot);
     }
     return error;
-}
-
-std::string BatchSession::Cone(const Command& command) {
-    const std::string state = command.Words();
-    if (state != "on" && state != "off") {
-        return "'" + state + "' is none of on, off";
-    }
-    if (const std::string error = NeedPlot(); !error.empty()) {
-        return error;
-    }
-    ActiveRecord().ShowConfidenceCone = state == "on";
-    ReplotActivePlot(false);
-    return {};
-}
-
-std::string BatchSession::Data(const Command& command) {
-    static const std::map<std::string, std::int16_t> kinds = {
-        {"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
-    const auto kind = kinds.find(command.Words());
-    if (kind == kinds.end()) {
-        return "'" + command.Words() + "' is none of planes, lines, polar";
-    }
-    if (const std::string error = NeedPlot(); !error.empty()) {
-        return error;
-    }
-    return ChangeDataKind(kind->second) ? std::string() : "the question was answered no";
 }
 
 std::string BatchSession::Dump(const Command& command) {
@@ -376,41 +347,6 @@ std::string BatchSession::Overlay(const Command& command) {
     return error.empty() ? OpenFile(kOverlayCommand, command) : error;
 }
 
-std::string BatchSession::Plot(const Command& command) {
-    static const std::map<std::string, std::int16_t> kinds = {
-        {"equalarea", kEqualArea}, {"equalangle", kEqualAngle}, {"rose", kRose}};
-    const auto kind = kinds.find(command.Words());
-    if (kind == kinds.end()) {
-        return "'" + command.Words() + "' is none of equalarea, equalangle, rose";
-    }
-    if (const std::string error = NeedPlot(); !error.empty()) {
-        return error;
-    }
-    ChangePlotKind(kind->second);
-    return {};
-}
-
-std::string BatchSession::Recalculate(const Command&) {
-    const std::string error = NeedPlot();
-    if (error.empty()) {
-        ReplotActivePlot(true);
-    }
-    return error;
-}
-
-std::string BatchSession::Replot(const Command&) {
-    const std::string error = NeedPlot();
-    if (error.empty()) {
-        ReplotActivePlot(false);
-    }
-    return error;
-}
-
-std::string BatchSession::Rose(const Command& command) {
-    const std::string error = NeedPlot();
-    return error.empty() ? ApplyRoseArguments(command.arguments) : error;
-}
-
 std::string BatchSession::Save(const Command& command) {
     const std::optional<std::string> path = command.Bare(0);
     if (!path) {
@@ -468,28 +404,19 @@ std::string BatchSession::Stats(const Command& command) {
     return {};
 }
 
-std::string BatchSession::Symbols(const Command& command) {
-    const std::optional<int> button = WholeArgument(command.Bare(0), 0, kLastModeButton);
-    if (!button) {
-        return "'" + command.Words()
-               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections, 3 point "
-                 "density, 4 gridded density, 5 contours, 6 contours and gridded density";
+std::string BatchSession::Workspace(const Command& command) {
+    const std::string what = command.Bare(0).value_or("");
+    const std::optional<std::string> path = command.Bare(1);
+    if ((what != "open" && what != "save") || !path) {
+        return "'" + command.Words() + "' is none of open PATH, save PATH";
     }
-    if (const std::string error = NeedPlot(); !error.empty()) {
-        return error;
+    if (what == "save") {
+        return SaveWorkspaceAs(*path) == WorkspaceOutcome::Saved ? std::string()
+                                                                 : "'" + *path + "' was not saved";
     }
-    SetPlotSymbol(*button);
-    return {};
-}
-
-std::string BatchSession::GridDensity(const Command& command) {
-    const std::optional<int> value = WholeArgument(command.Bare(0), kCoarsestGrid, kFinestGrid);
-    if (!value) {
-        return "'" + command.Words() + "' is no grid density from 10 to 150";
-    }
-    MoveGridSlider(*value);
-    ReleaseGridSlider();
-    return {};
+    formatQuestions_ = 0;
+    return OpenPlotFile(kNewCommand, *path) == kLoadError ? "'" + *path + "' opened no plot"
+                                                          : std::string();
 }
 
 } // namespace quandrel

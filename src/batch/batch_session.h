@@ -55,10 +55,7 @@ private:
     std::string Activate(const Command& command);
     std::string Answer(const Command& command);
     std::string Blank(const Command& command);
-    std::string Classify(const Command& command);
     std::string Close(const Command& command);
-    std::string Cone(const Command& command);
-    std::string Data(const Command& command);
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
     std::string Format(const Command& command);
@@ -66,15 +63,10 @@ private:
     std::string MergeFile(const Command& command);
     std::string Open(const Command& command);
     std::string Overlay(const Command& command);
-    std::string Plot(const Command& command);
-    std::string Recalculate(const Command& command);
-    std::string Replot(const Command& command);
-    std::string Rose(const Command& command);
     std::string Save(const Command& command);
     std::string Set(const Command& command);
     std::string Stats(const Command& command);
-    std::string Symbols(const Command& command);
-    std::string GridDensity(const Command& command);
+    std::string Workspace(const Command& command);
 
     std::ostream& out_;
     std::ostream& log_;
@@ -85,6 +77,7 @@ private:
     Platform formerPlatform_;
     StatedFormat stated_;
     std::set<int> setPlots_;  ///< slots of plots with fields set since results were last shown
+    std::string formatPath_;  ///< the file that was last asked about
     int formatQuestions_ = 0; ///< times that the load in work has asked for the format
 };
 

@@ -232,9 +232,7 @@ Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
     if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
         json["load"] = LoadJson(load->second);
     }
-    if (ActiveRecord().PlotKind != kRose) {
-        AddResults(json);
-    }
+    AddResults(json);
     json["legend"] = LegendJson();
     json["prompts"] = PromptsJson(prompts);
     json["operations"] = OperationsJson(operations);

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "derive/derived_plots.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
@@ -115,6 +116,11 @@ bool HoldsUnsavedData(int slot) {
     return record.AxesTitle.empty() && record.NumFiles == 0 && record.NumValidData > 0;
 }
 
+void CloseWithLinks(int slot) {
+    BreakDerivedLinks(slot);
+    ClosePlot(slot);
+}
+
 bool QueryClose(int slot, Closing closing) {
     StandingAnswers standing;
     return Query(slot, closing, standing);
@@ -128,7 +134,7 @@ bool ClosePlotWindow(int slot) {
     if (!QueryClose(slot)) {
         return false;
     }
-    ClosePlot(slot);
+    CloseWithLinks(slot);
     return true;
 }
 
@@ -144,7 +150,7 @@ bool CloseAllPlots(Closing closing) {
         }
     }
     for (const int slot : OpenSlots()) {
-        ClosePlot(slot);
+        CloseWithLinks(slot);
     }
     return true;
 }

@@ -24,6 +24,9 @@ enum class Closing {
 /// @return false when the plot has to stay open: the user cancelled, or the plot was not saved
 [[nodiscard]] bool QueryClose(int slot, Closing closing = Closing::OneWindow);
 
+/// Closes a plot without asking; plots that were worked out from it stand on their own then.
+void CloseWithLinks(int slot);
+
 /// Asks about a plot, then closes it. False when it stays open.
 bool ClosePlotWindow(int slot);
 

@@ -12,8 +12,10 @@
 #include "density/density_legend.h"
 #include "density/grid_density.h"
 #include "density/point_density.h"
+#include "derive/slip_arrows.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
+#include "persistence/workspace_file.h"
 #include "platform/platform.h"
 #include "rose/rose_legend.h"
 #include "rose/rose_plot.h"
@@ -67,6 +69,7 @@ void ConnectPlotStages() {
     gPlotStages.classLegend = ClassLegendLines;
     gPlotStages.bandLegend = BandLegendLines;
     gPlotStages.drawSmallCircles = DrawConfidenceCone;
+    gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
     gPlotStages.drawRose = RosePlot;
     gPlotStages.roseLegend = RoseLegendLines;
     gPlotStages.acceptRoseSectors = AcceptSectorSize;
@@ -105,7 +108,11 @@ bool IntroStart(int index) {
     if (index == kStartBlank) {
         return OpenPlotFile(kBlankCommand) != kLoadError;
     }
-    if (index == kStartMapLink || index == kStartWorkspace) {
+    if (index == kStartWorkspace) {
+        const std::optional<std::string> path = WorkspaceFileDialog(WorkspaceDialog::Open);
+        return path && OpenPlotFile("File" + *path) != kLoadError;
+    }
+    if (index == kStartMapLink) {
         return false;
     }
     const std::int16_t formerKind = gPlotKind;

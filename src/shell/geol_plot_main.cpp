@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "derive/derived_plots.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
@@ -126,6 +127,7 @@ GeolPlotMain::GeolPlotMain()
     gPlatform.prompts = prompts_.get();
     gPlatform.status = status_.get();
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
+    gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
     ConnectFileCommands();
     ConnectCopyCommands();
     ConnectEditCommands();
@@ -148,6 +150,7 @@ GeolPlotMain::~GeolPlotMain() {
         form.reset();
     }
     gPlatform.makePlotForm = {};
+    gPlaceBeside = {};
     gPlatform.prompts = nullptr;
     gPlatform.status = nullptr;
 }
@@ -486,6 +489,15 @@ void GeolPlotMain::RefreshWindowMenu() {
             UpdatePlotState();
         });
     }
+}
+
+void GeolPlotMain::PlaceBeside(int slot, int neighbour) {
+    auto& form = static_cast<frmPlotForms&>(FormOf(slot));
+    const QRect beside = static_cast<const frmPlotForms&>(FormOf(neighbour)).geometry();
+    QRect place = form.geometry();
+    place.moveTopLeft(
+        {LeftBeside(beside.left(), beside.width(), place.width(), room_->width()), beside.top()});
+    form.Place(place);
 }
 
 void GeolPlotMain::ArrangeWindows(int way) {

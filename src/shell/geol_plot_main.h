@@ -105,6 +105,7 @@ private:
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
+    void PlaceBeside(int slot, int neighbour);
     void ShowMenusFor(bool hasPlots);
     [[nodiscard]] frmPlotForms* ActiveForm() const;
 

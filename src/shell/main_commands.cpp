@@ -5,13 +5,18 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "derive/intersection_lines.h"
+#include "derive/kinematic_plots.h"
+#include "derive/secondary_data.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
+#include "persistence/workspace_file.h"
 #include "platform/platform.h"
 #include "platform/qt/plot_picture.h"
 #include "program/closing.h"
+#include "program/recalculate.h"
 #include "program/start.h"
 #include "program/unplotted_lines.h"
 #include "program/window_state.h"
@@ -95,6 +100,16 @@ void GeolPlotMain::ConnectFileCommands() {
     for (int kind = 0; kind < 3; ++kind) {
         commands_->Connect(Numbered("mnuFileSave", kind), [this, kind] { Save(kind); });
     }
+    commands_->Connect("mnuFileLoad_4", [this] {
+        if (const auto path = WorkspaceFileDialog(WorkspaceDialog::Open)) {
+            OpenFiles({QString::fromStdString(*path)});
+        }
+    });
+    commands_->Connect("mnuFileSave_3", [this] {
+        if (SaveWorkspace() == WorkspaceOutcome::Saved) {
+            SetStatusText("Saved as " + QString::fromStdString(gLastUsedWSpaceFileTitle));
+        }
+    });
     commands_->Connect("mnuFileClose_0", [] { ClosePlotWindow(gActivePlot); });
     commands_->Connect("mnuFileClose_1", [] { CloseAllPlots(Closing::AllWindows); });
     commands_->Connect("mnuFileFormat", [this] { EditFormat(); });
@@ -123,7 +138,7 @@ void GeolPlotMain::ConnectCopyCommands() {
 
 void GeolPlotMain::ConnectEditCommands() {
     commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
-    commands_->Connect("mnuEditReCalculate", [] { ReplotActivePlot(true); });
+    commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
     commands_->Connect("mnuEditRemoveOverlay", [] {
         RemoveLastOverlay(gActivePlot);
         ReplotActivePlot(false);
@@ -144,6 +159,18 @@ void GeolPlotMain::ConnectPlotCommands() {
     for (int i = 0; i < kOverlaySecondaryButton; ++i) {
         commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
     }
+    for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
+        // The menu has a separator in front of these.
+        commands_->Connect(Numbered("mnuPlotSymbols", button + 1), [button] {
+            SetSecondaryButton(button, !IsSecondaryButtonDown(button));
+        });
+    }
+    commands_->Connect("mnuPlotSecondary", [] { ToggleSecondaryData(); });
+    for (int index = 0; index < 3; ++index) {
+        commands_->Connect(Numbered("mnuKinematicPlots", index),
+                           [index] { MakeKinematicPlots(index); });
+    }
+    commands_->Connect("mnuPlotIntersection", [] { MakeIntersectionPlot(); });
 }
 
 void GeolPlotMain::ConnectViewCommands() {

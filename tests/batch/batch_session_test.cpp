@@ -380,7 +380,7 @@ TEST_F(Batch, TheConeIsDrawnWhenItIsOn) {
     const std::size_t without = Dump(open)["operations"].size();
     EXPECT_GT(Dump(open + "; cone on")["operations"].size(), without);
     EXPECT_EQ(Dump(open + "; cone on; cone off")["operations"].size(), without);
-    EXPECT_EQ(Run("blank; cone perhaps"), "line 1: cone: 'perhaps' is none of on, off");
+    EXPECT_EQ(Run("blank; cone perhaps"), "line 1: cone: 'perhaps' is none of off, on");
     EXPECT_EQ(Run("cone on"), "line 1: cone: no plot is open");
 }
 
@@ -422,6 +422,39 @@ TEST_F(Batch, TheReferenceIsPrintedInFull) {
     EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; stats reference"), "");
     EXPECT_NE(out.str().find("n = 3\n"), std::string::npos) << out.str();
     EXPECT_NE(out.str().find("eigenvalue 3 = 0."), std::string::npos);
+}
+
+TEST_F(Batch, AWorkspaceBringsItsPlotsBack) {
+    const std::string open = "format data=planes; open \"FOLDER/planes.txt\"; ";
+    ASSERT_EQ(Run(open + "save \"FOLDER/a.qpx\"; " + open
+                  + "plot equalangle; save \"FOLDER/b.qpx\"; "
+                    "workspace save \"FOLDER/w.qwo\""),
+              "");
+    EXPECT_EQ(Run("workspace open \"FOLDER/w.qwo\"; get PlotKind; activate 1; get PlotKind; "
+                  "get NumValidData"),
+              "");
+    EXPECT_EQ(out.str(), "2\n1\n3\n");
+    EXPECT_NE(Run("workspace open \"FOLDER/none.qwo\""), "");
+    EXPECT_NE(Run("workspace mend \"FOLDER/w.qwo\""), "");
+}
+
+TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
+    Write("faults.txt", "60\t90\t60\t90\n50\t270\t50\t270\n");
+    const std::string open =
+        "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
+        "open \"FOLDER/faults.txt\"; ";
+    ASSERT_EQ(Run(open + "kinematic 0; get NumData; get AxesTitle"), "");
+    EXPECT_EQ(out.str(), "4\nP & T\n");
+    ASSERT_EQ(Run(open
+                  + "overlaysecondary on; get SelectedOverlay; symbols 10; "
+                    "get NumSymbolsInPlot"),
+              "");
+    EXPECT_EQ(out.str(), "1\n3\n");
+    ASSERT_EQ(Run(open + "secondary; get ShowSecondary; get DataKind"), "");
+    EXPECT_EQ(out.str(), "-1\n2\n");
+    const auto dump = Dump(open + "rotate op=3 axis=0,0 angle=90");
+    EXPECT_EQ(dump["record"]["Modified"], -1);
+    EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
 }
 
 } // namespace

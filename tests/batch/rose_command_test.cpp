@@ -105,11 +105,11 @@ TEST_F(BatchRose, AsksBeforeItMakesASmallerSector) {
     EXPECT_EQ(
         Run(Open("polar") + "; rose sector=10; answer Cancel; rose sector=7; get RoseSectorSize"),
         "");
-    EXPECT_EQ(out.str(), "10\n");
+    EXPECT_EQ(out.str(), "10.0\n");
     EXPECT_NE(log.str().find("one sector will be smaller than the others.Continue anyway?"),
               std::string::npos);
     EXPECT_EQ(Run(Open("polar") + "; rose sector=7; get RoseOddSectorSize"), "");
-    EXPECT_EQ(out.str(), "3\n");
+    EXPECT_EQ(out.str(), "3.0\n");
 }
 
 TEST_F(BatchRose, PrintsItsOwnStatistics) {

@@ -31,7 +31,7 @@ const std::map<std::string, Folders>& AllowedIncludes() {
     static const Folders onPersistence = above(onInput, {"persistence"});
     static const Folders onDensity = above(onStereo, {"density"});
     static const Folders onAll =
-        above(onPersistence, {"statistics", "density", "classify", "rose"});
+        above(onPersistence, {"rotation", "derive", "statistics", "density", "classify", "rose"});
     static const Folders engine = above(onAll, {"program"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
@@ -39,7 +39,9 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"core", ground},
         {"stereo", onCore},
         {"input", onStereo},
+        {"rotation", onInput},
         {"persistence", onInput},
+        {"derive", onPersistence},
         {"statistics", onStereo},
         {"density", onStereo},
         {"classify", onDensity},

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/derive_commands.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "derive/intersection_lines.h"
+#include "derive/kinematic_plots.h"
+#include "derive/secondary_data.h"
+
+namespace quandrel {
+
+namespace {
+
+/// What keeps the buttons of the secondary data from acting on the active plot, or nothing.
+std::string LackOfSecondarySet() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.SecondaryFormat == kNoSecondary) {
+        return "the plot holds no secondary set";
+    }
+    if (record.NumValidData == 0) {
+        return "the plot holds no valid rows";
+    }
+    return record.PlotKind == kRose ? "a rose shows no secondary set beside its own" : "";
+}
+
+std::string SetButton(int button, bool down) {
+    SetSecondaryButton(button, down);
+    return IsSecondaryButtonDown(button) == down ? "" : "refused: see the message";
+}
+
+} // namespace
+
+std::string MakeAxes(const std::string& index) {
+    if (index.size() != 1 || index[0] < '0' || index[0] > '2') {
+        return "'" + index + "' is none of 0 (one plot), 1 (two plots), 2 (one plot for contours)";
+    }
+    return MakeKinematicPlots(index[0] - '0') ? "" : "no axes were made: see the message";
+}
+
+std::string MakeIntersections() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.PrimaryFormat != kPrimaryPlane || record.SecondaryFormat != kSecondaryPlane) {
+        return "the rows of the plot do not hold two planes each";
+    }
+    return MakeIntersectionPlot() ? "" : "no intersections were made: their plot has been changed";
+}
+
+std::string PlotOtherSet() {
+    if (ActiveRecord().SecondaryFormat == kNoSecondary) {
+        return "the plot holds no secondary set";
+    }
+    if (ActiveRecord().OverlayRows[0] > 0) {
+        return "the set of a plot with overlays cannot change";
+    }
+    ToggleSecondaryData();
+    return {};
+}
+
+std::string OverlaySecondarySet(const std::string& state) {
+    if (state != "on" && state != "off") {
+        return "'" + state + "' is none of on, off";
+    }
+    const std::string lack = LackOfSecondarySet();
+    return lack.empty() ? SetButton(kOverlaySecondary, state == "on") : lack;
+}
+
+std::string PressSecondaryButton(int button) {
+    const std::string lack = LackOfSecondarySet();
+    return lack.empty() ? SetButton(button, !IsSecondaryButtonDown(button)) : lack;
+}
+
+} // namespace quandrel

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/plot_commands.h"
+
+#include "batch/classify_command.h"
+#include "batch/derive_commands.h"
+#include "batch/key_values.h"
+#include "batch/rose_command.h"
+#include "batch/rotate_command.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "derive/secondary_data.h"
+#include "program/recalculate.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_state.h"
+
+#include <map>
+#include <ostream>
+
+namespace quandrel {
+
+namespace {
+
+const Names kPlotKinds = {{"equalarea", kEqualArea}, {"equalangle", kEqualAngle}, {"rose", kRose}};
+const Names kDataKinds = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
+const Names kSwitch = {{"on", 1}, {"off", 0}};
+
+std::string ShowCone(const Command& command, std::ostream&) {
+    const std::string error = TakeName(kSwitch, command.Words(), ActiveRecord().ShowConfidenceCone);
+    if (error.empty()) {
+        ReplotActivePlot(false);
+    }
+    return error;
+}
+
+std::string TakeDataKind(const Command& command, std::ostream&) {
+    std::int16_t kind = kPlanes;
+    const std::string error = TakeName(kDataKinds, command.Words(), kind);
+    if (!error.empty()) {
+        return error;
+    }
+    return ChangeDataKind(kind) ? std::string() : "the question was answered no";
+}
+
+std::string TakePlotKind(const Command& command, std::ostream&) {
+    std::int16_t kind = kEqualArea;
+    const std::string error = TakeName(kPlotKinds, command.Words(), kind);
+    if (error.empty()) {
+        ChangePlotKind(kind);
+    }
+    return error;
+}
+
+std::string PressSymbolButton(const Command& command, std::ostream&) {
+    const std::optional<int> button = WholeNumber(command.Words(), 0, kSlipArrowsOnPoles);
+    if (!button) {
+        return "'" + command.Words()
+               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections, 3 point "
+                 "density, 4 gridded density, 5 contours, 6 contours and gridded density, 7 "
+                 "secondary data over primary, 8 slip arrows alone, 9 on planes, 10 on poles";
+    }
+    if (*button > kLastModeButton) {
+        return PressSecondaryButton(*button);
+    }
+    SetPlotSymbol(*button);
+    return {};
+}
+
+std::string MoveSlider(const Command& command, std::ostream&) {
+    const std::optional<int> value = WholeNumber(command.Words(), kCoarsestGrid, kFinestGrid);
+    if (!value) {
+        return "'" + command.Words() + "' is no grid density from 10 to 150";
+    }
+    MoveGridSlider(*value);
+    ReleaseGridSlider();
+    return {};
+}
+
+std::string Recalculate(const Command&, std::ostream&) {
+    RecalculateActivePlot();
+    return {};
+}
+
+std::string Replot(const Command&, std::ostream&) {
+    ReplotActivePlot(false);
+    return {};
+}
+
+std::string Rotate(const Command& command, std::ostream& log) {
+    std::string note;
+    const std::string error = ApplyRotateArguments(command.arguments, note);
+    if (error.empty() && !note.empty()) {
+        log << "rotate: " << note << '\n';
+    }
+    return error;
+}
+
+const std::map<std::string, PlotCommand>& PlotCommands() {
+    static const CommandShape none;
+    static const CommandShape one{1, {}};
+    static const CommandShape its{0, {}, true};
+    static const std::map<std::string, PlotCommand> commands = {
+        {"classify",
+         {its, [](const Command& c, std::ostream&) { return ApplyClassArguments(c.arguments); }}},
+        {"cone", {one, ShowCone}},
+        {"data", {one, TakeDataKind}},
+        {"griddensity", {one, MoveSlider}},
+        {"intersections",
+         {none, [](const Command&, std::ostream&) { return MakeIntersections(); }}},
+        {"kinematic", {one, [](const Command& c, std::ostream&) { return MakeAxes(c.Words()); }}},
+        {"overlaysecondary",
+         {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
+        {"plot", {one, TakePlotKind}},
+        {"recalculate", {none, Recalculate}},
+        {"replot", {none, Replot}},
+        {"rose",
+         {its, [](const Command& c, std::ostream&) { return ApplyRoseArguments(c.arguments); }}},
+        {"rotate", {its, Rotate}},
+        {"secondary", {none, [](const Command&, std::ostream&) { return PlotOtherSet(); }}},
+        {"symbols", {one, PressSymbolButton}},
+    };
+    return commands;
+}
+
+} // namespace
+
+const PlotCommand* FindPlotCommand(const std::string& name) {
+    const auto found = PlotCommands().find(name);
+    return found == PlotCommands().end() ? nullptr : &found->second;
+}
+
+} // namespace quandrel
