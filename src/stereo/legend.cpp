@@ -68,11 +68,15 @@ LegendLine GreatCircleLine(std::int32_t first, std::int32_t last, std::string te
             std::move(text)};
 }
 
-/// What an overlay shows: its files, or its number when it has none.
+/// What an overlay shows: its files, or the other set of the rows, or its number.
 std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay) {
     std::string text;
     for (const std::string& path : record.OverlayFiles[overlay]) {
         text += (text.empty() ? "" : " + ") + FileTitleOf(path);
+    }
+    if (text.empty() && static_cast<std::int16_t>(overlay) == record.SelectedOverlay) {
+        return record.OverlayKind[overlay] <= kOverlayPoles ? "Secondary planes"
+                                                            : "Secondary lines";
     }
     return text.empty() ? "Overlay " + std::to_string(overlay) : text;
 }

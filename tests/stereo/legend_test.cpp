@@ -84,6 +84,16 @@ TEST_F(Legend, OfAClassifiedPlotListsClassesInThePlaceOfRows) {
     EXPECT_EQ(Texts().size(), 2U);
 }
 
+TEST_F(Legend, CallsTheOtherSetOfTheRowsByWhatItIs) {
+    AddRow(30, 120);
+    AddOverlay(kOverlayLines, 10, 10, CodeOfStyleRow(3));
+    EXPECT_EQ(Texts().back(), "Overlay 1");
+    ActiveRecord().SelectedOverlay = 1;
+    EXPECT_EQ(Texts().back(), "Secondary lines");
+    ActiveRecord().OverlayKind[1] = kOverlayPoles;
+    EXPECT_EQ(Texts().back(), "Secondary planes");
+}
+
 TEST_F(Legend, OfARoseIsTheRosesOwn) {
     AddRow(30, 120);
     gPlotStages.roseLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "R"}}; };
