@@ -3,15 +3,9 @@
 // The circular statistics of a rose, its median and its reference; and the yardstick: the median by
 // walking from angle to angle.
 
+#include "bench_engine.h"
 #include "core/data_format.h"
-#include "core/plot_store.h"
-#include "core/settings.h"
 #include "orientation/angles.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
 #include "rose/circular_median.h"
 #include "rose/circular_reference.h"
 #include "rose/circular_statistics.h"
@@ -30,36 +24,20 @@ namespace quandrel {
 namespace {
 
 /// A rose of random lines as the active plot, its rows counted. The median is never skipped.
-class RoseOfLines {
+class RoseOfLines : public BenchEngine {
 public:
     explicit RoseOfLines(std::int64_t rows) {
-        gPlatform = {};
-        gPlatform.prompts = &prompts_;
-        gPlatform.status = &status_;
-        gPlatform.settings = &settings_;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        LoadSettings();
-        MakeStoreTables();
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kLines;
-        gActivePlot = FindFreePlotSlot();
-        ResetPlotRecord(gActivePlot);
+        NewPlotWithColumns(rows);
         FillColumns(static_cast<std::int32_t>(rows));
         if (!RoseCountSectors()) {
             std::abort();
         }
     }
 
-    ~RoseOfLines() {
-        MakeStoreTables();
-        gPlatform = {};
-    }
-
-    RoseOfLines(const RoseOfLines&) = delete;
-    RoseOfLines& operator=(const RoseOfLines&) = delete;
-
     void Work() {
-        prompts_.QueueAnswer(Button::No);
+        Prompts().QueueAnswer(Button::No);
         RoseCircularStats(kRoseFrequency);
     }
 
@@ -67,18 +45,11 @@ private:
     static void FillColumns(std::int32_t rows) {
         PlotRecord& record = ActiveRecord();
         record.PlotKind = kRose;
-        record.NumData = record.NumValidData = record.NumLoadedData = rows;
-        int secondary = 0;
-        GrowDataColumns(secondary, rows);
         std::mt19937 random(1);
         for (std::int32_t row = 1; row <= rows; ++row) {
             gDataAz.At(gActivePlot, row) = static_cast<std::int32_t>(random() % 361);
         }
     }
-
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    QuietStatusLine status_;
-    MemorySettingsStore settings_;
 };
 
 void StatisticsOfARose(benchmark::State& state) {

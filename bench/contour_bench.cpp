@@ -3,18 +3,12 @@
 // Contours of a density grid, all levels: tracing, joining, and drawing on 1000 pixels. Every
 // triangle of every cell traced, and each segment drawn for itself, is the yardstick.
 
-#include "core/plot_store.h"
-#include "core/settings.h"
+#include "bench_engine.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/contours.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/draw_target.h"
 #include "stereo/plot_driver.h"
@@ -42,22 +36,10 @@ namespace {
 enum Spread : int { kAnywhere, kClustered };
 
 /// A plot of planes with its grid of the finest kind.
-class PlotWithGrid {
+class PlotWithGrid : public BenchEngine {
 public:
     PlotWithGrid(std::int64_t rows, Spread spread) {
-        gPlatform = {};
-        gPlatform.prompts = &prompts_;
-        gPlatform.status = &status_;
-        gPlatform.settings = &settings_;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        LoadSettings();
-        MakeStoreTables();
-        gActivePlot = FindFreePlotSlot();
-        ResetPlotRecord(gActivePlot);
-        PlotRecord& record = ActiveRecord();
-        record.NumData = record.NumValidData = record.NumLoadedData = static_cast<int>(rows);
-        int secondary = 0;
-        GrowDataColumns(secondary, record.NumData);
+        PlotRecord& record = NewPlotWithColumns(rows);
         std::mt19937 random(1);
         std::normal_distribution<double> dips(40, 15);
         std::normal_distribution<double> azimuths(120, 40);
@@ -78,19 +60,6 @@ public:
         record.ContourLevels = set.levels;
         record.NumContours = set.count;
     }
-
-    ~PlotWithGrid() {
-        MakeStoreTables();
-        gPlatform = {};
-    }
-
-    PlotWithGrid(const PlotWithGrid&) = delete;
-    PlotWithGrid& operator=(const PlotWithGrid&) = delete;
-
-private:
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    QuietStatusLine status_;
-    MemorySettingsStore settings_;
 };
 
 void TellSegments(benchmark::State& state) {

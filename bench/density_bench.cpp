@@ -3,18 +3,13 @@
 // Densities of plots of whole-degree rows: about each row, and on the finest grid. The rows taken
 // one by one are the yardstick.
 
-#include "core/plot_store.h"
+#include "bench_engine.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
 #include "program/start.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
@@ -29,22 +24,11 @@ namespace quandrel {
 namespace {
 
 /// A plot of random lines over the whole net, sorted as a drawing leaves it.
-class PlotOfLines {
+class PlotOfLines : public BenchEngine {
 public:
     explicit PlotOfLines(std::int64_t rows) {
-        gPlatform = {};
-        gPlatform.prompts = &prompts_;
-        gPlatform.status = &status_;
-        gPlatform.settings = &settings_;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        InitialiseApplication();
-        gActivePlot = FindFreePlotSlot();
-        ResetPlotRecord(gActivePlot);
-        PlotRecord& record = ActiveRecord();
+        PlotRecord& record = NewPlotWithColumns(rows);
         record.PlotKind = 1;
-        record.NumData = record.NumValidData = record.NumLoadedData = static_cast<int>(rows);
-        int secondary = 0;
-        GrowDataColumns(secondary, record.NumData);
         std::mt19937 random(1);
         for (std::int32_t row = 1; row <= record.NumData; ++row) {
             gDataDip.At(gActivePlot, row) = static_cast<std::int32_t>(random() % 91);
@@ -55,24 +39,11 @@ public:
         gGridDensitySlider = kLargestGridSize;
     }
 
-    ~PlotOfLines() {
-        MakeStoreTables();
-        gPlatform = {};
-    }
-
-    PlotOfLines(const PlotOfLines&) = delete;
-    PlotOfLines& operator=(const PlotOfLines&) = delete;
-
     /// Lets the next count look at the rows anew.
     static void TouchRows() {
         RowTable& table = TableOf(gActivePlot);
         SetRow(table, 0, table[0]);
     }
-
-private:
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    QuietStatusLine status_;
-    MemorySettingsStore settings_;
 };
 
 /// With the pass over the rows that finds the distinct lines.

@@ -3,14 +3,8 @@
 // The data pass of a rose: bare rows, values, names as classes, winds, and both kinds of sample
 // line.
 
+#include "bench_engine.h"
 #include "core/data_format.h"
-#include "core/plot_store.h"
-#include "core/settings.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
 #include "rose/bias_weights.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
@@ -26,38 +20,19 @@ namespace quandrel {
 namespace {
 
 /// A plot of random planes with all appended columns as the active one.
-class PlotOfPlanes {
+class PlotOfPlanes : public BenchEngine {
 public:
     explicit PlotOfPlanes(std::int64_t rows) {
-        gPlatform = {};
-        gPlatform.prompts = &prompts_;
-        gPlatform.status = &status_;
-        gPlatform.settings = &settings_;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        LoadSettings();
-        MakeStoreTables();
         gPrimaryDataType = kPrimaryPlane;
         gPlotDataKind = kPlanes;
-        gActivePlot = FindFreePlotSlot();
-        ResetPlotRecord(gActivePlot);
+        NewPlotWithColumns(rows);
         FillColumns(static_cast<std::int32_t>(rows));
     }
-
-    ~PlotOfPlanes() {
-        MakeStoreTables();
-        gPlatform = {};
-    }
-
-    PlotOfPlanes(const PlotOfPlanes&) = delete;
-    PlotOfPlanes& operator=(const PlotOfPlanes&) = delete;
 
 private:
     static void FillColumns(std::int32_t rows) {
         PlotRecord& record = ActiveRecord();
         record.PlotKind = kRose;
-        record.NumData = record.NumValidData = record.NumLoadedData = rows;
-        int secondary = 0;
-        GrowDataColumns(secondary, rows);
         for (const auto column :
              {AppendedColumn::Line, AppendedColumn::Number, AppendedColumn::Text}) {
             if (!GrowAppendedColumn(column)) {
@@ -77,10 +52,6 @@ private:
             gAppText.Set(gActivePlot, row, std::to_string(below(100)) + ".5");
         }
     }
-
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    QuietStatusLine status_;
-    MemorySettingsStore settings_;
 };
 
 void Pass(benchmark::State& state) {

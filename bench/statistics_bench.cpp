@@ -3,15 +3,9 @@
 // The fabric statistics of a plot, from its different lines on and with the gathering of them, and
 // the yardstick: row by row with the cosines of each, and how many times longer that takes.
 
+#include "bench_engine.h"
 #include "core/data_format.h"
-#include "core/plot_store.h"
-#include "core/settings.h"
 #include "orientation/angles.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
@@ -31,23 +25,12 @@ using Clock = std::chrono::steady_clock;
 constexpr int kRepeats = 20;
 
 /// A plot of random lines as the active one.
-class PlotOfLines {
+class PlotOfLines : public BenchEngine {
 public:
     explicit PlotOfLines(std::int64_t rows) {
-        gPlatform = {};
-        gPlatform.prompts = &prompts_;
-        gPlatform.status = &status_;
-        gPlatform.settings = &settings_;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        LoadSettings();
-        MakeStoreTables();
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;
-        gActivePlot = FindFreePlotSlot();
-        ResetPlotRecord(gActivePlot);
-        PlotRecord& record = ActiveRecord();
-        record.NumData = record.NumValidData = record.NumLoadedData =
-            static_cast<std::int32_t>(rows);
+        const PlotRecord& record = NewPlot(rows);
         std::mt19937 random(1);
         for (std::int32_t row = 1; row <= record.NumData; ++row) {
             const auto plunge = static_cast<int>(random() % 181) - 90;
@@ -55,19 +38,6 @@ public:
             AppendRow(TableOf(gActivePlot), {row, 0, 0, DegToRad(plunge), DegToRad(trend)});
         }
     }
-
-    ~PlotOfLines() {
-        MakeStoreTables();
-        gPlatform = {};
-    }
-
-    PlotOfLines(const PlotOfLines&) = delete;
-    PlotOfLines& operator=(const PlotOfLines&) = delete;
-
-private:
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    QuietStatusLine status_;
-    MemorySettingsStore settings_;
 };
 
 void StatisticsOfKnownLines(benchmark::State& state) {
