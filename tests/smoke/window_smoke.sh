@@ -61,9 +61,10 @@ window() {
 press_until() {
     local key=$1
     shift
-    for _ in $(seq 60); do
+    for _ in $(seq 15); do
         xdotool key "$key"
-        for _ in $(seq 5); do
+        # On a busy machine the answer takes a while, and a second key would go to what comes next.
+        for _ in $(seq 20); do
             "$@" && return
             sleep 0.1
         done
