@@ -56,6 +56,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuFileQuit", "&Quit", "Leave the program", "quit", "Ctrl+Q"},
     // Edit
     {"mnuEditUndo", "&Undo", "Take the last edit back", "undo", "Ctrl+Z"},
+    {"mnuEditUndoRotation", "U&ndo Rotation", "Put the data back as they were before the rotation",
+     kNone, kNone},
     {"mnuEditSelection_1", "Cu&t", kNone, "cut", "Ctrl+X"},
     {"mnuEditSelection_2", "&Copy pts", kNone, "copy", "Ctrl+C"},
     {"mnuEditSelection_3", "Copy all &fields", kNone, kNone, kNone},
@@ -70,7 +72,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuEditSmallCircles", "S&mall Circles...", "Open small circle dialog box", "small_circle",
      kNone},
     {"mnuEditRemoveOverlay", "&Remove Last Overlay", kNone, kNone, kNone},
-    {"mnuEditRemoveAnnotation", "Remove A&nnotations", kNone, kNone, kNone},
+    {"mnuEditRemoveAnnotation", "Remo&ve Annotations", kNone, kNone, kNone},
     {"mnuEditRefresh", "Refres&h", "Draw this plot anew", "refresh", "F5"},
     {"mnuEditReCalculate", "R&ecalculate", "Work this plot out anew and draw it", "recalculate",
      "Ctrl+F5"},

@@ -14,6 +14,7 @@
 #include "program/unplotted_lines.h"
 #include "program/window_places.h"
 #include "program/window_state.h"
+#include "rotation/rotate_data.h"
 #include "shell/commands.h"
 #include "shell/frm_intro.h"
 #include "shell/frm_plot_forms.h"
@@ -195,7 +196,13 @@ void GeolPlotMain::MakePlotRoom() {
     room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(room_);
-    dialogs_ = std::make_unique<PlotDialogs>(*this, [this] { UpdateToolbar(); });
+    dialogs_ = std::make_unique<PlotDialogs>(
+        *this,
+        [this] {
+            UpdateToolbar();
+            UpdateEditMenus();
+        },
+        [this](const QString& hint) { status_->ShowHint(hint); });
     intro_ = new frmIntro(room_->viewport());
     room_->viewport()->installEventFilter(this);
     connect(room_, &QMdiArea::subWindowActivated, this,
@@ -226,6 +233,7 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
     connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {
         KeepPlotWindowSize(size.width(), size.height(), width());
     });
+    dialogs_->Watch(*window);
     intro_->hide();
     window->show();
     return form;
@@ -418,6 +426,7 @@ void GeolPlotMain::UpdateToolbar() {
 
 void GeolPlotMain::UpdateEditMenus() {
     const EditMenuState state = StateOfEditMenu();
+    commands_->Enable("mnuEditUndoRotation", CanUndoRotation());
     commands_->Enable("mnuEditSelection_6", state.changeSymbol);
     commands_->Enable("mnuEditSelection_7", state.selectAll);
     commands_->Enable("mnuEditRemoveOverlay", state.removeOverlay);

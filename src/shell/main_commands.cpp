@@ -20,6 +20,7 @@
 #include "program/start.h"
 #include "program/unplotted_lines.h"
 #include "program/window_state.h"
+#include "rotation/rotate_data.h"
 #include "shell/commands.h"
 #include "shell/frm_about.h"
 #include "shell/frm_directory_dialog.h"
@@ -137,6 +138,7 @@ void GeolPlotMain::ConnectCopyCommands() {
 }
 
 void GeolPlotMain::ConnectEditCommands() {
+    commands_->Connect("mnuEditUndoRotation", [] { UndoRotation(); });
     commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
     commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
     commands_->Connect("mnuEditRemoveOverlay", [] {
@@ -170,6 +172,7 @@ void GeolPlotMain::ConnectPlotCommands() {
         commands_->Connect(Numbered("mnuKinematicPlots", index),
                            [index] { MakeKinematicPlots(index); });
     }
+    commands_->Connect("mnuPlotRotate", [this] { dialogs_->ShowRotation(); });
     commands_->Connect("mnuPlotIntersection", [] { MakeIntersectionPlot(); });
 }
 

@@ -73,6 +73,7 @@ void MainMenus::MakeEditMenu(const Commands& commands) {
     mnuEdit = MakeMenu("mnuEdit", "&Edit");
     Add(*mnuEdit, commands,
         {"mnuEditUndo",
+         "mnuEditUndoRotation",
          kGap,
          "mnuEditSelection_1",
          "mnuEditSelection_2",

@@ -6,6 +6,7 @@
 #include "stereo/draw_target.h"
 
 #include <QHelpEvent>
+#include <QMouseEvent>
 #include <QToolTip>
 
 #include <algorithm>
@@ -59,8 +60,7 @@ bool PictureBox::event(QEvent* event) {
         return QWidget::event(event);
     }
     const auto& help = static_cast<const QHelpEvent&>(*event);
-    const QPointF at = help.pos() - QPoint(margin_, margin_);
-    const QString tip = onTip({at.x() / PictureSize().width(), at.y() / PictureSize().height()});
+    const QString tip = onTip(ShareAt(help.pos()));
     if (tip.isEmpty()) {
         QToolTip::hideText();
     } else {
@@ -73,9 +73,52 @@ void PictureBox::paintEvent(QPaintEvent*) {
     if (IsStale() && onStale) {
         onStale();
     }
-    if (drawing_ != nullptr) {
-        PaintImage(*this, QRect(QPoint(margin_, margin_), PictureSize()), drawing_->Image());
+    if (drawing_ == nullptr) {
+        return;
     }
+    if (!onOverlay) {
+        PaintDrawing(drawing_->Image());
+        return;
+    }
+    ImageSurface both(drawing_->Image(), devicePixelRatioF());
+    both.Drawing().SetUserScale(kPlotScale);
+    onOverlay(both.Drawing());
+    PaintDrawing(both.Image());
+}
+
+void PictureBox::PaintDrawing(const QImage& drawing) {
+    PaintImage(*this, QRect(QPoint(margin_, margin_), PictureSize()), drawing);
+}
+
+QPointF PictureBox::ShareAt(QPointF position) const {
+    const QPointF at = position - QPointF(margin_, margin_);
+    return {at.x() / PictureSize().width(), at.y() / PictureSize().height()};
+}
+
+Point PictureBox::PlotPointAt(QPointF position) const {
+    const QPointF share = ShareAt(position);
+    return {kPlotScale.left + share.x() * (kPlotScale.right - kPlotScale.left),
+            kPlotScale.top + share.y() * (kPlotScale.bottom - kPlotScale.top)};
+}
+
+void PictureBox::mousePressEvent(QMouseEvent* event) {
+    if (!onPress || !onPress(PlotPointAt(event->position()), *event)) {
+        QWidget::mousePressEvent(event);
+    }
+}
+
+void PictureBox::mouseMoveEvent(QMouseEvent* event) {
+    if (onMove) {
+        onMove(PlotPointAt(event->position()), *event);
+    }
+    QWidget::mouseMoveEvent(event);
+}
+
+void PictureBox::leaveEvent(QEvent* event) {
+    if (onLeave) {
+        onLeave();
+    }
+    QWidget::leaveEvent(event);
 }
 
 } // namespace quandrel

@@ -39,11 +39,31 @@ public:
     /// corner; an empty one is none.
     std::function<QString(QPointF)> onTip;
 
+    /// Draws, in plot scale, over what the box shows. It leaves no trace in the drawing. An empty
+    /// one costs nothing; whoever sets or changes it calls update().
+    std::function<void(Surface&)> onOverlay;
+
+    /// Called when a button of the mouse goes down, with the position in plot units. False leaves
+    /// the press to the widgets behind the box.
+    std::function<bool(Point, const QMouseEvent&)> onPress;
+
+    /// Called when the mouse moves over the box, and while a button that went down there is held.
+    std::function<void(Point, const QMouseEvent&)> onMove;
+
+    /// Called when the mouse leaves the box.
+    std::function<void()> onLeave;
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
+    [[nodiscard]] QPointF ShareAt(QPointF position) const;
+    [[nodiscard]] Point PlotPointAt(QPointF position) const;
+    void PaintDrawing(const QImage& drawing);
     [[nodiscard]] QSize SizeInPixels() const;
 
     int margin_;

@@ -5,29 +5,43 @@
 
 #pragma once
 
+#include "platform/surface.h"
+
 #include <QObject>
+#include <QString>
 
 #include <functional>
 
 class QDialog;
+class QMouseEvent;
 class QWidget;
 
 namespace quandrel {
 
 class frmDataClassification;
+class frmPlotForms;
 class frmRoseDiag;
+class frmRotationMenu;
 
 class PlotDialogs : public QObject {
 public:
     /// @param window   that the dialogs belong to
     /// @param changed  called when a dialog has come up or gone
-    PlotDialogs(QWidget& window, std::function<void()> changed);
+    /// @param hint     shows a text for the information line; an empty one puts the usual one back
+    PlotDialogs(QWidget& window, std::function<void()> changed,
+                std::function<void(const QString&)> hint);
 
     PlotDialogs(const PlotDialogs&) = delete;
     PlotDialogs& operator=(const PlotDialogs&) = delete;
 
     /// Brings the rose dialog up, if the active plot is a rose.
     void ShowRose();
+
+    /// Brings the rotation dialog up, if there is an active plot.
+    void ShowRotation();
+
+    /// Lets the dialogs take what is pressed on the net of a plot's window.
+    void Watch(frmPlotForms& form);
 
     /// Brings up the dialog in which the active plot's classes are edited, or takes it away: that
     /// of the classification, or that of the rose for a rose.
@@ -48,11 +62,18 @@ private:
     [[nodiscard]] QDialog* ClassDialog() const;
     void Show(QDialog& dialog);
     void FollowInClassification();
+    [[nodiscard]] bool TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event);
+    void HintAt(const frmPlotForms& form, Point at, const QMouseEvent& event);
+    void ShowHint(const QString& hint);
+    void ShowPreview();
 
     QWidget& window_;
     std::function<void()> changed_;
+    std::function<void(const QString&)> hint_;
+    QString hinted_; ///< what stands on the information line for a dialog
     frmRoseDiag* rose_ = nullptr;
     frmDataClassification* classification_ = nullptr;
+    frmRotationMenu* rotation_ = nullptr;
 };
 
 } // namespace quandrel

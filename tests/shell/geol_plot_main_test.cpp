@@ -269,8 +269,8 @@ TEST_F(MainWindow, CommandsWithoutWorkAreDisabledWhateverThePlot) {
     OpenFile("a.txt");
     for (const char* name :
          {"mnuFilePrint_0", "mnuFilePrint_1", "mnuEditUndo", "mnuEditSelection_1", "mnuEditAdd",
-          "mnuEditPreferences", "mnuPlotSymbols_3", "mnuPlotSymbols_5", "mnuPlotRotate",
-          "mnuViewRawData", "mnuMapinfo_0", "mnuHelpQuandrel_0"}) {
+          "mnuEditPreferences", "mnuPlotSymbols_3", "mnuPlotSymbols_5", "mnuViewRawData",
+          "mnuMapinfo_0", "mnuHelpQuandrel_0"}) {
         EXPECT_FALSE(Action(name).isEnabled()) << name;
     }
 }

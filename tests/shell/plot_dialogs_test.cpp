@@ -118,7 +118,8 @@ TEST_F(PlotDialogsTest, DialogsCloseWithTheLastPlot) {
 }
 
 TEST_F(PlotDialogsTest, ThePartsOfARoseAreShownAndHidden) {
-    OpenFile("a.txt");
+    // Strikes close together, so that the mean has an interval.
+    OpenFile("a.txt", "30\t120\n30\t124\n45\t118\n60\t121\n50\t116\n40\t125\n");
     Press("mnuPlotType_2");
     Rose()->close();
     const auto picture = [] { return FormOfSlot(gActivePlot).picStereoArea->grab().toImage(); };

@@ -20,6 +20,9 @@ public:
     /// @param background  what it is filled with
     ImageSurface(QSize pixels, double density, Colour background);
 
+    /// A copy of a drawing, to draw more on.
+    ImageSurface(const QImage& drawing, double density);
+
     [[nodiscard]] Surface& Drawing() { return *surface_; }
 
     /// The drawing as it stands.
