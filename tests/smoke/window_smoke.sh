@@ -20,7 +20,7 @@ fail() {
     exit 1
 }
 
-export XDG_CONFIG_HOME=$folder XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
+export XDG_CONFIG_HOME=$folder XDG_STATE_HOME=$folder XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
 # The leak of a connection that a library keeps is not ours.
 echo "leak:libdbus-1" >"$folder/leaks"
 export LSAN_OPTIONS=suppressions=$folder/leaks

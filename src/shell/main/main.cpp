@@ -9,6 +9,7 @@
 #include "platform/qt/qt_start.h"
 #include "program/start.h"
 #include "shell/geol_plot_main.h"
+#include "shell/recovery_timer.h"
 
 #include <QApplication>
 #include <QDate>
@@ -33,6 +34,9 @@ int main(int argc, char** argv) {
 
     quandrel::GeolPlotMain window;
     window.ShowAtLastPlace();
+    quandrel::RecoveryTimer recovery(window, quandrel::RecoveryFolder());
+    QMetaObject::invokeMethod(
+        &recovery, [&recovery] { recovery.Offer(); }, Qt::QueuedConnection);
     std::vector<std::string> arguments;
     for (const QString& argument : QApplication::arguments().mid(1)) {
         arguments.push_back(argument.toStdString());
