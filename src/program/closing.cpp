@@ -8,6 +8,7 @@
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
+#include "rose/rose_shown.h"
 
 #include <vector>
 
@@ -119,6 +120,7 @@ bool HoldsUnsavedData(int slot) {
 void CloseWithLinks(int slot) {
     BreakDerivedLinks(slot);
     ClosePlot(slot);
+    ForgetRoseOfPlot(slot);
 }
 
 bool QueryClose(int slot, Closing closing) {

@@ -17,7 +17,7 @@ namespace {
 constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kHalfTurn = std::numbers::pi;
 
-/// Mean lengths nearer to 0 and 1 are there.
+/// Angles nearer to a full turn are there.
 constexpr double kRounding = 1e-12;
 
 /// Mean distances that differ by less are equal.
@@ -32,7 +32,8 @@ constexpr double kSmallestLargeSample = 16;
 double InTurn(double angle) {
     const double within = std::fmod(angle, kTurn);
     const double positive = within < 0 ? within + kTurn : within;
-    return positive < kTurn ? positive : 0;
+    // Just below a turn is north, which in degrees would come out as 360 and more.
+    return positive < kTurn - kRounding ? positive : 0;
 }
 
 double DistanceBetween(double a, double b) {
@@ -161,18 +162,19 @@ double KuiperProbability(double statistic) {
     return ClampedProbability(sum);
 }
 
-double MeanLength(double sine, double cosine) {
-    const double length = std::hypot(sine, cosine);
-    return length > 1 - kRounding ? 1 : (length < kRounding ? 0 : length);
-}
-
-void FindMoments(CircularReference& result, const CircularSample& sample) {
+/// False when a resultant is longer than 1.
+[[nodiscard]] bool FindMoments(CircularReference& result, const CircularSample& sample) {
     const auto [sine1, cosine1, sine2, cosine2] = sample.sums;
     // A negative weight turns the vector round.
     const double theta1 = std::atan2(sine1 / sample.weight, cosine1 / sample.weight);
     const double theta2 = std::atan2(sine2 / sample.weight, cosine2 / sample.weight);
-    const double r1 = MeanLength(sine1 / sample.weight, cosine1 / sample.weight);
-    const double r2 = MeanLength(sine2 / sample.weight, cosine2 / sample.weight);
+    const auto first = MeanResultantLength(cosine1 / sample.weight, sine1 / sample.weight);
+    const auto second = MeanResultantLength(cosine2 / sample.weight, sine2 / sample.weight);
+    if (!first || !second) {
+        return false;
+    }
+    const double r1 = *first;
+    const double r2 = *second;
     const bool isAxial = sample.sense == AngleSense::kAxial;
     result.resultant = {r1, r2};
     result.variance = isAxial ? 1 - std::pow(r1, 0.25) : 1 - r1;
@@ -187,6 +189,7 @@ void FindMoments(CircularReference& result, const CircularSample& sample) {
         result.skewness = r2 * std::sin(difference) / std::pow(1 - r1, 1.5);
         result.kurtosis = (r2 * std::cos(difference) - std::pow(r1, 4)) / std::pow(1 - r1, 2);
     }
+    return true;
 }
 
 void FindPrecision(CircularReference& result, AngleSense sense) {
@@ -212,7 +215,7 @@ void FindTests(CircularReference& result, std::span<const double> angles) {
         cosine += std::cos(angle);
     }
     const auto n = static_cast<double>(angles.size());
-    result.rayleigh = RayleighTest(n, MeanLength(sine / n, cosine / n));
+    result.rayleigh = RayleighTest(n, MeanResultantLength(cosine / n, sine / n).value_or(1));
     result.kuiper = KuiperTest(angles);
 }
 
@@ -301,7 +304,9 @@ std::optional<CircularReference> ComputeCircularReference(const CircularSample& 
     }
     CircularReference result;
     result.count = sample.count;
-    FindMoments(result, sample);
+    if (!FindMoments(result, sample)) {
+        return std::nullopt;
+    }
     FindPrecision(result, sample.sense);
     if (sample.angles.empty()) {
         return result;

@@ -98,7 +98,8 @@ struct CircularReference {
     std::optional<KuiperResult> kuiper;
 };
 
-/// @return nothing when the weight or the count is 0. O(n log n).
+/// @return nothing when the weight or the count is 0, or weights of both signs make a resultant
+///         longer than 1. O(n log n).
 [[nodiscard]] std::optional<CircularReference>
 ComputeCircularReference(const CircularSample& sample);
 

@@ -28,21 +28,12 @@ constexpr const char* kMedianQuestion = "Skip calculation of the median?\n"
                                         "(It will take a long time with this large data set)\n"
                                         "The median will be set to zero if you press Yes";
 
-/// Length of a mean vector. Identical angles never come out at exactly 1, nor opposite ones at 0.
-double MeanLength(double cosine, double sine) {
-    const double length = std::sqrt(cosine * cosine + sine * sine);
-    if (length > 1 - kResultantMargin) {
-        return 1;
-    }
-    return length < kResultantMargin ? 0 : length;
-}
-
 /// Kept: identical angles give 0, and concentrated ones 1 / (2 (1 - R)).
 double KappaOf(double r) {
     if (r < 0.53) {
         return 2 * r + std::pow(r, 3) + 5.0 / 6 * std::pow(r, 5);
     }
-    if (r == 1) { // exactly: MeanLength sees to it
+    if (r == 1) { // exactly: MeanResultantLength sees to it
         return 0;
     }
     return r < 0.85 ? 0.43 / (1 - r) + 1.39 * r - 0.4 : 1 / (2 * (1 - r));
@@ -101,6 +92,11 @@ std::optional<RoseLayer> LayerOfMeasure(int measure) {
 
 double WeightOfLayer(RoseLayer layer) {
     return gRoseSectors(0, layer == kRoseFrequencyLayer ? 0 : 1, kRoseValueLayer);
+}
+
+/// A kind with statistics, and a weight.
+bool IsWorkedOn(const PlotRecord& record) {
+    return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
 }
 
 /// Each sector as an azimuth, that of its middle, and its weighted count.
@@ -162,14 +158,31 @@ double AngleFromSinCos(double y, double x) {
     return y <= 0 ? angle + kTwoPi : angle + kPi; // Kept: 2 pi for a y of exactly 0
 }
 
-CircularResults CircularStatistics(const std::array<double, 4>& sums, double n, AngleSense sense) {
+std::optional<double> MeanResultantLength(double cosine, double sine) {
+    const double length = std::sqrt(cosine * cosine + sine * sine);
+    if (length > 1 + kResultantMargin) {
+        return std::nullopt;
+    }
+    if (length > 1 - kResultantMargin) {
+        return 1;
+    }
+    return length < kResultantMargin ? 0 : length;
+}
+
+std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums, double n,
+                                                  AngleSense sense) {
     CircularResults results;
     const double sine = sums[0] / n;
     const double cosine = sums[1] / n;
     const double sineOfDouble = sums[2] / n;
     const double cosineOfDouble = sums[3] / n;
-    const double r1 = MeanLength(cosine, sine);
-    const double r2 = MeanLength(cosineOfDouble, sineOfDouble);
+    const std::optional<double> first = MeanResultantLength(cosine, sine);
+    const std::optional<double> second = MeanResultantLength(cosineOfDouble, sineOfDouble);
+    if (!first || !second) {
+        return std::nullopt;
+    }
+    const double r1 = *first;
+    const double r2 = *second;
     const double theta1 = AngleFromSinCos(sine, cosine);
     const double theta2 = AngleFromSinCos(sineOfDouble, cosineOfDouble);
     const bool isAxial = sense == AngleSense::kAxial;
@@ -196,12 +209,20 @@ void RoseCircularStats(int measure) {
         return;
     }
     const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
-    Store(record, CircularStatistics(gRoseTrigSums[*layer], weight, sense));
-    FindMedian(record, sense);
+    if (const std::optional<CircularResults> results =
+            CircularStatistics(gRoseTrigSums[*layer], weight, sense)) {
+        Store(record, *results);
+        FindMedian(record, sense);
+    }
 }
 
 bool HasCircularStatistics(const PlotRecord& record) {
-    return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
+    return IsWorkedOn(record) && !IsResultantTooLong(record);
+}
+
+bool IsResultantTooLong(const PlotRecord& record) {
+    // A resultant of 0 has the dispersion kNoDispersion.
+    return IsWorkedOn(record) && record.RoseResultant[0] == 0 && record.RoseDispersion == 0;
 }
 
 double WeightOfStatistics(const PlotRecord& record) {

@@ -11,6 +11,7 @@
 #include "core/plot_record.h"
 
 #include <array>
+#include <optional>
 
 namespace quandrel {
 
@@ -26,6 +27,13 @@ inline constexpr double kNoDispersion = 99999;
 /// @return 0 when both are below 1e-10; pi for a positive y and an x about 0; 2 pi for a y of
 ///         exactly 0, whatever the sign of x
 [[nodiscard]] double AngleFromSinCos(double y, double x);
+
+/// Length of a mean vector.
+///
+/// @return 0 to 1; what is within 1e-12 of 0 or 1 is there, as identical angles never come out at
+///         exactly 1, nor opposite ones at 0. Nothing when it is longer: weights of both signs have
+///         no mean direction
+[[nodiscard]] std::optional<double> MeanResultantLength(double cosine, double sine);
 
 /// Circular statistics of a sample. All but the mean directions, the variance and the standard
 /// deviation of axial data belong to the doubled angles.
@@ -46,11 +54,13 @@ struct CircularResults {
 /// @param sums  sin a, cos a, sin b, cos b; b is twice a, and a is the angle, or twice an axial one
 /// @param n     sum of the weights, not 0
 ///
-/// Resultants beyond 1, as rounding and negative weights make them, count as 1. Formulas:
-/// N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3 and 4.5.5; variance and standard
-/// deviation of axial data by K. V. Mardia, Statistics of Directional Data (1972), 2.6.
-[[nodiscard]] CircularResults CircularStatistics(const std::array<double, 4>& sums, double n,
-                                                 AngleSense sense);
+/// @return nothing when a resultant is longer than MeanResultantLength allows
+///
+/// Formulas: N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3 and 4.5.5; variance
+/// and standard deviation of axial data by K. V. Mardia, Statistics of Directional Data
+/// (1972), 2.6.
+[[nodiscard]] std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums,
+                                                                double n, AngleSense sense);
 
 /// Above so many data the confidence interval of the mean is told.
 inline constexpr double kLargeSample = 25;
@@ -64,13 +74,18 @@ inline constexpr double kMedianWithoutQuestion = 2000;
 /// @param measure  RoseKindCode: frequencies are weighted by the count of observations, means and
 ///                 deviations have no statistics, all others are weighted by the value of a row
 ///
-/// Without statistics, and without weight, all of the fields are 0. Asks whether to leave the
+/// Without statistics, without weight, and when values of both signs make a resultant longer than
+/// 1, all of the fields are 0. Asks whether to leave the
 /// median out when there are more than kMedianWithoutQuestion data. The median and the deviation
 /// about it are 0 when they were not worked out. O(rows).
 void RoseCircularStats(int measure);
 
-/// Whether RoseCircularStats had something to work on: a kind with statistics, and a weight.
+/// Whether RoseCircularStats had something to work on: a kind with statistics, a weight, and
+/// resultants of 1 at most.
 [[nodiscard]] bool HasCircularStatistics(const PlotRecord& record);
+
+/// Whether it had not because values of both signs made a resultant longer than 1.
+[[nodiscard]] bool IsResultantTooLong(const PlotRecord& record);
 
 /// The weight that the statistics of a rose are over: of frequencies the number of observations, of
 /// other kinds the sum of the values, under the weights of a bias correction.

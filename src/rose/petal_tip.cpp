@@ -7,6 +7,7 @@
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "rose/rose_legend.h"
+#include "rose/rose_radii.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
@@ -68,10 +69,14 @@ std::string ClassLine(const PlotRecord& record, const RoseWedge& wedge) {
     if (!column || wedge.classNumber == 0) {
         return {};
     }
+    // The whole of a sector counts observations, its classes count rows.
+    double all = 0;
+    for (int c = 1; c <= gRoseSectors.Classes(); ++c) {
+        all += gRoseSectors(wedge.sector, c, kRoseFrequencyLayer);
+    }
     const double rows = gRoseSectors(wedge.sector, wedge.classNumber, kRoseFrequencyLayer);
     return "\n" + ClassLabel(record.ClassTable, *column, wedge.classNumber) + ": "
-           + FormatNumber(rows, "0.##")
-           + ShareText(rows, gRoseSectors(wedge.sector, 0, kRoseFrequencyLayer));
+           + FormatNumber(rows, "0.##") + ShareText(rows, all);
 }
 
 } // namespace
@@ -80,8 +85,8 @@ std::string SectorBoundsText(int sector) {
     const PlotRecord& record = ActiveRecord();
     const bool isLast = sector == gRoseSectors.Sectors() && sector > 1;
     const double size = record.RoseSectorSize;
-    const double width =
-        isLast && record.RoseOddSectorSize > 0 ? record.RoseOddSectorSize : size;
+    const double oddSize = OddSectorOfRose(record, gRoseSectors.Sectors());
+    const double width = isLast && oddSize > 0 ? oddSize : size;
     const double end = 90 - gRoseStartMath - (sector - 1) * size;
     const std::string bounds = Bounds(end - width, end);
     return gRoseDirectional ? bounds : bounds + ", " + Bounds(end - width + 180, end + 180);

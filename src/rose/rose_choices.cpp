@@ -134,14 +134,13 @@ ClassSettings ClassSettingsOfRose() {
     return settings;
 }
 
-std::optional<RoseRefusal> ApplyRose(const RoseSettings& settings, const ClassStyles& fills) {
-    const ClassStyles former = StylesOfClasses(kFirstRoseClassStyle);
-    WriteStylesOfClasses(fills, kFirstRoseClassStyle);
-    std::optional<RoseRefusal> refusal = ApplyRoseSettings(settings);
-    if (refusal) {
-        WriteStylesOfClasses(former, kFirstRoseClassStyle);
+RoseOutcome ApplyRose(const RoseSettings& settings, const ClassStyles& fills) {
+    RoseOutcome outcome = TryRoseSettings(settings);
+    if (outcome.verdict == RoseVerdict::Done) {
+        WriteStylesOfClasses(fills, kFirstRoseClassStyle);
+        PlotRoseSettings(settings);
     }
-    return refusal;
+    return outcome;
 }
 
 } // namespace quandrel

@@ -45,9 +45,7 @@ void FollowRoseFault(RoseSettings& settings, int fault);
 /// The classes of the rose of gActivePlot, as boxes edit them.
 [[nodiscard]] ClassSettings ClassSettingsOfRose();
 
-/// ApplyRoseSettings with the fills of its classes: these come first, and go back when the settings
-/// are refused.
-[[nodiscard]] std::optional<RoseRefusal> ApplyRose(const RoseSettings& settings,
-                                                   const ClassStyles& fills);
+/// ApplyRoseSettings with the fills of its classes: they stand before it is drawn.
+[[nodiscard]] RoseOutcome ApplyRose(const RoseSettings& settings, const ClassStyles& fills);
 
 } // namespace quandrel

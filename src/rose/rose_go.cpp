@@ -7,6 +7,8 @@
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "rose/rose_count.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quandrel {
 
@@ -73,23 +76,6 @@ std::optional<RoseRefusal> CheckBounds(const RoseSettings& settings) {
     return std::nullopt;
 }
 
-std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const PlotRecord& record) {
-    if (!settings.interval) {
-        return std::nullopt;
-    }
-    if (!(*settings.interval >= 0) || !std::isfinite(*settings.interval)) {
-        return RoseRefusal{RoseField::ScaleInterval,
-                           "The scale interval must be a number above 0, or auto."};
-    }
-    if (*settings.interval > 0
-        && record.RoseRangeB[0][0] > *settings.interval * kMostRoseMarks * (1 + 1e-9)) {
-        return RoseRefusal{RoseField::ScaleInterval,
-                           "The scale interval is too small: it would give more than "
-                               + std::to_string(kMostRoseMarks) + " marks."};
-    }
-    return std::nullopt;
-}
-
 std::string TextOfScale(const RoseSettings& settings) {
     return (settings.circles ? "circ" : "tick")
            + (settings.interval ? FormatNumber(*settings.interval, "General Number")
@@ -115,7 +101,7 @@ void Write(const RoseSettings& settings, PlotRecord& record) {
     record.RoseEqualArea = Truth(settings.equalArea);
     record.RoseStartAngle = settings.startAngle;
     record.RoseSectorSize = settings.sectorSize;
-    record.RoseOddSectorSize = 0;
+    record.RoseOddSectorSize = DivideCircle(settings.sectorSize).oddSize;
     record.RoseSectorFraction = static_cast<std::int16_t>(settings.sectorFraction);
     record.RoseZeroCircle = static_cast<std::int16_t>(settings.zeroCircle);
     record.RoseType = static_cast<std::int16_t>(TypeOf(settings));
@@ -126,7 +112,48 @@ void Write(const RoseSettings& settings, PlotRecord& record) {
     record.RoseHistStyle = static_cast<std::int16_t>(settings.histStyle);
     record.RoseSegShape = static_cast<std::int16_t>(settings.segShape);
     WriteBias(settings, record);
-    record.Modified = kTrue;
+}
+
+/// What the largest sector of a rose would be, per cent of all.
+double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) {
+    PlotRecord asked;
+    asked.DataKind = record.DataKind;
+    asked.PrimaryFormat = record.PrimaryFormat;
+    asked.ShowSecondary = record.ShowSecondary;
+    asked.HasFrequencyColumn = record.HasFrequencyColumn;
+    asked.HasAppendedLine = record.HasAppendedLine;
+    asked.HasAppendedNumeric = record.HasAppendedNumeric;
+    asked.HasAppendedText = record.HasAppendedText;
+    asked.NumData = record.NumData;
+    asked.ClassTable = record.ClassTable;
+    Write(settings, asked);
+    RoseTables tables = TablesOfRose(asked);
+    if (FaultOfTotals(asked.RoseType, tables.totals, tables.sectors(0, 0, kRoseValueLayer))
+        != kNoRoseFault) {
+        asked.RoseType = kRoseFrequency; // as the drawing makes it
+        tables = TablesOfRose(asked);
+    }
+    return LargestPerCent(tables.totals, MeasureOfRose(asked.RoseType));
+}
+
+std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const PlotRecord& record) {
+    if (!settings.interval) {
+        return std::nullopt;
+    }
+    const double interval = *settings.interval;
+    if (!(interval >= 0) || !std::isfinite(interval)) {
+        return RoseRefusal{RoseField::ScaleInterval,
+                           "The scale interval must be a number above 0, or auto."};
+    }
+    const double largest = interval * kMostRoseMarks * (1 + 1e-9);
+    // No frequency is above 100 %; sums of values of both signs may be.
+    const bool fitsAny = settings.kind == kRoseFrequency && largest >= 100;
+    if (interval > 0 && !fitsAny && LargestPerCentOf(settings, record) > largest) {
+        return RoseRefusal{RoseField::ScaleInterval,
+                           "The scale interval is too small: it would give more than "
+                               + std::to_string(kMostRoseMarks) + " marks."};
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -170,23 +197,37 @@ std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings) {
     return CheckInterval(settings, record);
 }
 
-std::optional<RoseRefusal> ApplyRoseSettings(const RoseSettings& settings) {
+RoseOutcome TryRoseSettings(const RoseSettings& settings) {
     if (std::optional<RoseRefusal> refusal = CheckRoseSettings(settings)) {
-        return refusal;
+        return {RoseVerdict::Refused, std::move(refusal)};
     }
+    if (!AskForSectorSize(settings.sectorSize)) {
+        return {RoseVerdict::Cancelled, std::nullopt};
+    }
+    return {};
+}
+
+void PlotRoseSettings(const RoseSettings& settings) {
     PlotRecord& record = ActiveRecord();
     if (record.PlotKind != kRose) {
         record.PlotKind = kRose;
         RebuildRowTable(gActivePlot);
     }
     Write(settings, record);
+    record.Modified = kTrue;
     gRoseOuterCircle = settings.outerCircle;
     gRoseSectorSize = record.RoseSectorSize;
     gRoseSectorFraction = record.RoseSectorFraction;
     gRoseScaleType = record.RoseScaleType;
-    ForgetAcceptedSectorSize();
     ReplotActivePlot(true);
-    return std::nullopt;
+}
+
+RoseOutcome ApplyRoseSettings(const RoseSettings& settings) {
+    RoseOutcome outcome = TryRoseSettings(settings);
+    if (outcome.verdict == RoseVerdict::Done) {
+        PlotRoseSettings(settings);
+    }
+    return outcome;
 }
 
 int CorrectedBiasValue(BiasBox box, double typed) {

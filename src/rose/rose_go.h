@@ -6,6 +6,7 @@
 #pragma once
 
 #include "classify/class_rule.h"
+#include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 
 #include <cstdint>
@@ -14,9 +15,6 @@
 #include <string_view>
 
 namespace quandrel {
-
-/// RoseSamplePlunge when each row has its own sample line.
-inline constexpr std::int16_t kOwnSampleLine = -9999;
 
 struct RoseSettings {
     int kind = kRoseFrequency;            ///< RoseKindCode
@@ -65,14 +63,36 @@ struct RoseRefusal {
     std::string reason; ///< a sentence for the status line
 };
 
-/// The first setting that cannot be used for gActivePlot, and why.
+/// The first setting that cannot be used for gActivePlot, and why. A scale interval below 1 % is
+/// tried on the rose asked for, which takes a pass over the rows.
 [[nodiscard]] std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings);
 
-/// Go: writes the settings into gActivePlot, makes a rose of a stereo plot, counts its rows and
-/// draws it. Sector size, width and scale are the defaults of new plots from then on.
-///
-/// @return the refusal, if there is one: then nothing has changed
-[[nodiscard]] std::optional<RoseRefusal> ApplyRoseSettings(const RoseSettings& settings);
+/// How a Go ended.
+enum class RoseVerdict {
+    Done,
+    Refused,
+    Cancelled, ///< the user does not want the smaller last sector that the size makes
+};
+
+struct RoseOutcome {
+    RoseVerdict verdict = RoseVerdict::Done;
+    std::optional<RoseRefusal> refusal; ///< of Refused
+
+    /// For those to whom a Go that the user cancelled is none that failed.
+    operator std::optional<RoseRefusal>() const { return refusal; }
+};
+
+/// The first half of Go: checks the settings for gActivePlot, and asks about a smaller last sector.
+/// Whatever it ends with, plot and defaults are as they were.
+[[nodiscard]] RoseOutcome TryRoseSettings(const RoseSettings& settings);
+
+/// The second half, once the first is Done: writes the settings into gActivePlot, makes a rose of a
+/// stereo plot, counts its rows and draws it. Sector size, width and scale are the defaults of new
+/// plots from then on.
+void PlotRoseSettings(const RoseSettings& settings);
+
+/// Go: both halves. Unless it is Done nothing has changed.
+[[nodiscard]] RoseOutcome ApplyRoseSettings(const RoseSettings& settings);
 
 /// The boxes of the sampling line.
 enum class BiasBox { Plunge = 0, Trend = 1, MinAngle = 2 };

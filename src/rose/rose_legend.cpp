@@ -97,22 +97,6 @@ std::string RoseValueLabel(std::string_view name) {
     return FirstCharacters(name, kLabelLength);
 }
 
-bool IsRoseBiasCorrected(const PlotRecord& record) {
-    return record.RoseBiasMode != 0 && RoseKindOf(record.RoseType) <= kRoseMeanValue;
-}
-
-std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record) {
-    switch (RoseClassOf(record.RoseType)) {
-    case kRoseByLength:
-        return kNumberClasses;
-    case kRoseByType:
-        return NumberOf(record.ClassTable[0][kNameClasses]) == 1 ? kTextNumberClasses
-                                                                 : kNameClasses;
-    default:
-        return std::nullopt;
-    }
-}
-
 std::vector<LegendLine> RoseTitleLines(const PlotRecord& record) {
     const std::string name = RoseValueLabel(record.AppNumName);
     switch (RoseKindOf(record.RoseType)) {

@@ -4,11 +4,10 @@
 
 #pragma once
 
-#include "classify/class_rule.h"
 #include "core/plot_record.h"
+#include "rose/rose_sectors.h"
 #include "stereo/legend.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,13 +17,6 @@ namespace quandrel {
 /// The short name of an appended number in a legend and in statistics: the first 12 characters, or
 /// for the usual names, in any case: "Wghted freq" of "weighting", "Wind freq" and "Wind speed".
 [[nodiscard]] std::string RoseValueLabel(std::string_view name);
-
-/// True when the rows of a rose are weighted against the bias of a sampling line. Only frequencies,
-/// values and their means are.
-[[nodiscard]] bool IsRoseBiasCorrected(const PlotRecord& record);
-
-/// The column of the class table that a rose is classified by, nothing without classes.
-[[nodiscard]] std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record);
 
 /// The lines that tell the kind of a rose; the layers of an overlaid one have samples.
 [[nodiscard]] std::vector<LegendLine> RoseTitleLines(const PlotRecord& record);

@@ -53,9 +53,18 @@ void DrawArrow(Surface& surface, double azimuth) {
     surface.Line(tip, AtAzimuth(kArrowBarb, azimuth + kBarbAngle), kBlack);
 }
 
+/// Sine of half the confidence interval; above 1 there is none.
+std::optional<double> SineOfConfidence(const PlotRecord& record) {
+    const double count = record.RoseStats[kRoseCount][1];
+    if (!HasMeanDirection(record) || !(count > 0)) {
+        return std::nullopt;
+    }
+    return kConfidenceFactor * std::sqrt(record.RoseDispersion / count);
+}
+
 void DrawConfidenceArcs(Surface& surface, const PlotRecord& record) {
     const std::optional<double> halfWidth = RoseConfidenceHalfWidth(record);
-    if (!halfWidth) {
+    if (!halfWidth || SineOfConfidence(record) > 1) {
         return;
     }
     for (const double end : MeanEnds(record)) {
@@ -79,12 +88,11 @@ std::vector<double> RoseArrowAzimuths(const PlotRecord& record) {
 }
 
 std::optional<double> RoseConfidenceHalfWidth(const PlotRecord& record) {
-    const double count = record.RoseStats[kRoseCount][1];
-    if (!HasMeanDirection(record) || !(count > 0)) {
+    const std::optional<double> sine = SineOfConfidence(record);
+    if (!sine) {
         return std::nullopt;
     }
-    const double error = std::sqrt(record.RoseDispersion / count);
-    const double halfWidth = ArcSin(kConfidenceFactor * error);
+    const double halfWidth = ArcSin(*sine); // Kept: a right angle where there is no interval
     return gRoseDirectional ? halfWidth : halfWidth / 2;
 }
 

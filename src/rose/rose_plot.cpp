@@ -12,6 +12,7 @@
 #include "rose/rose_legend.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_radii.h"
+#include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_shown.h"
 #include "rose/rose_statistics_texts.h"
@@ -78,6 +79,9 @@ void CheckClasses(PlotRecord& record) {
 
 /// Counts rows and works out statistics after a change. False when the user wants none of it.
 bool CountAnew(PlotRecord& record) {
+    if (record.RoseStats[kRoseCount][0] == 0) {
+        ForgetAutomaticInterval(gActivePlot); // the slot may have held another plot
+    }
     gPlatform.status->SetText(kCountingText);
     if (!RoseCountSectors()) {
         gPlatform.status->SetText({});
@@ -174,18 +178,22 @@ void WriteNumberAlone(const PlotRecord& record) {
 
 } // namespace
 
-int FaultOfRose() {
-    const PlotRecord& record = ActiveRecord();
-    const int measure = MeasureOfRose(record.RoseType);
+int FaultOfTotals(int roseType, const Table<double, 7, 3>& totals, double classed) {
+    const int measure = MeasureOfRose(roseType);
     const bool needsRows = measure == kRoseMeanValue || measure == kRoseVariance;
     const std::size_t row = needsRows ? kRoseCount : static_cast<std::size_t>(measure);
-    if (record.RoseStats[row][0] != 0) {
+    if (totals[row][0] != 0) {
         return kNoRoseFault;
     }
-    if (RoseClassOf(record.RoseType) == kRoseByType && gRoseSectors(0, 0, kRoseValueLayer) == 0) {
+    if (RoseClassOf(roseType) == kRoseByType && classed == 0) {
         return kNoRoseClasses;
     }
     return measure != kRoseFrequency ? kNoRoseValues : kNoRoseFault;
+}
+
+int FaultOfRose() {
+    const PlotRecord& record = ActiveRecord();
+    return FaultOfTotals(record.RoseType, record.RoseStats, gRoseSectors(0, 0, kRoseValueLayer));
 }
 
 void RosePlot(bool recalculate) {

@@ -17,6 +17,12 @@ enum RoseFault : int {
     kNoRoseClasses = 2, ///< no row falls in a class by type
 };
 
+/// The fault of a rose by what was counted for it.
+///
+/// @param totals   as RoseStats of the record
+/// @param classed  weighted count of the observations, cell (0, 0) of the value layer
+[[nodiscard]] int FaultOfTotals(int roseType, const Table<double, 7, 3>& totals, double classed);
+
 /// The fault of the rose of gActivePlot after its data pass. Kinds of means and deviations need a
 /// row with a value; without spread they are merely empty.
 [[nodiscard]] int FaultOfRose();

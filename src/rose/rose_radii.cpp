@@ -137,6 +137,11 @@ RoseRadiiResult RadiiOfRose(const RoseSectorTable& sectors, const RoseSectorStat
     return result;
 }
 
+double LargestPerCent(const Table<double, 7, 3>& totals, int measure) {
+    const double total = TotalOf(totals, measure);
+    return total != 0 ? totals[StatsRow(measure)][2] * 100 / total : 0;
+}
+
 int MeasureOfRose(int roseType) {
     switch (RoseKindOf(roseType)) {
     case kRoseOverlaidWind:

@@ -41,6 +41,9 @@ struct RoseRadiiResult {
                                           const Table<double, 7, 3>& totals,
                                           const RoseRadiiSettings& settings);
 
+/// The largest sector of a measure, per cent of its total; 0 without a total.
+[[nodiscard]] double LargestPerCent(const Table<double, 7, 3>& totals, int measure);
+
 [[nodiscard]] bool IsRoseKind(int kind);
 
 /// The measure that stands for a rose in its statistics: of overlaid roses that of the top one. A

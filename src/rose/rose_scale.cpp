@@ -5,6 +5,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "orientation/projection.h"
 #include "rose/rose_radii.h"
 
 #include <algorithm>
@@ -24,6 +25,15 @@ std::unordered_map<int, std::string> automaticTexts;
 
 std::string_view IntervalText(std::string_view scaleType) {
     return scaleType.substr(std::min(kFormLength, scaleType.size()));
+}
+
+/// By what the petals of a rose of equal area were shortened: the scale is, too, where otherwise
+/// the largest value would fill the ring.
+double ShorteningOfRose(const PlotRecord& record, double zeroRadius) {
+    const double ring = kNetRadius * kNetRadius - zeroRadius * zeroRadius;
+    const double filled = record.RoseRangeA[0][1] * record.RoseRangeB[0][1];
+    const bool isShorter = record.RoseEqualArea != 0 && filled > 0 && filled < ring * (1 - 1e-9);
+    return isShorter ? filled / ring : 1;
 }
 
 } // namespace
@@ -83,7 +93,11 @@ std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings) {
             break;
         }
         const double length = settings.unitsPerCent * perCent;
-        marks.push_back({perCent, settings.equalArea ? std::sqrt(length + r0 * r0) : r0 + length});
+        marks.push_back(
+            {perCent,
+             r0
+                 + (settings.equalArea ? settings.shortening * (std::sqrt(length + r0 * r0) - r0)
+                                       : length)});
     }
     return marks;
 }
@@ -92,8 +106,9 @@ RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
     RoseScaleSettings settings;
     settings.interval = RoseScaleInterval(record);
     settings.largestPerCent = record.RoseRangeB[0][0];
-    settings.unitsPerCent = record.RoseRangeA[0][0];
     settings.zeroRadius = ZeroRadiusOfRose(record);
+    settings.shortening = ShorteningOfRose(record, settings.zeroRadius);
+    settings.unitsPerCent = record.RoseRangeA[0][0] / settings.shortening;
     settings.equalArea = record.RoseEqualArea != 0;
     settings.circles = HasScaleCircles(record.RoseScaleType);
     return settings;
@@ -107,6 +122,10 @@ void StoreRoseInterval() {
     if (isAutomatic) {
         automaticTexts[gActivePlot] = record.RoseScaleType;
     }
+}
+
+void ForgetAutomaticInterval(int slot) {
+    automaticTexts.erase(slot);
 }
 
 bool IsRoseIntervalAutomatic() {

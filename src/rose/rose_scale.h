@@ -46,6 +46,7 @@ struct RoseScaleSettings {
     double zeroRadius = 0;     ///< where 0 % is
     bool equalArea = false;
     bool circles = false;
+    double shortening = 1; ///< of equal area: that of all petals, to make room for the last one
 };
 
 /// A mark of the scale.
@@ -58,11 +59,15 @@ struct RoseScaleMark {
 /// for circles, up to it for tick marks. None for an interval that is not above 0.
 [[nodiscard]] std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings);
 
-/// The scale of the rose of a plot as last drawn.
+/// The scale of the rose of a plot as last drawn: its marks stand where petals of their value end,
+/// but for the smaller last sector of equal area, which is longer.
 [[nodiscard]] RoseScaleSettings ScaleOfRose(const PlotRecord& record);
 
 /// Writes the interval behind the form in RoseScaleType of gActivePlot, in place of "auto" too.
 void StoreRoseInterval();
+
+/// Forgets that a drawing has put an interval in the place of "auto" in the plot of a slot.
+void ForgetAutomaticInterval(int slot);
 
 /// True when the interval in RoseScaleType of gActivePlot is "auto", or was put in its place by a
 /// drawing and has not been changed since.

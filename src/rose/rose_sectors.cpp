@@ -9,6 +9,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/rose_count.h"
+#include "rose/rose_shown.h"
 #include "rose/rose_tables.h"
 #include "stereo/draw_target.h"
 #include "stereo/row_positions.h"
@@ -40,9 +41,6 @@ constexpr const char* kOddSizeQuestion =
 constexpr const char* kNoLinesText =
     "These data have no appended lines to be used as sample lines.\n"
     "The rose is drawn without a bias correction.";
-
-/// RoseSamplePlunge when each row has its own sample line.
-constexpr std::int16_t kOwnPlunge = -9999;
 
 /// Different texts whose classes are remembered.
 constexpr std::size_t kRememberedNames = 1000;
@@ -82,7 +80,9 @@ bool AcceptsDivision(const SectorDivision& division) {
         return true;
     }
     const auto accepted = AcceptedSizes().find(gActivePlot);
-    if (accepted != AcceptedSizes().end() && accepted->second == division.size) {
+    // Another plot may have had the slot: of a new one there is no smaller sector yet.
+    if (accepted != AcceptedSizes().end() && accepted->second == division.size
+        && ActiveRecord().RoseOddSectorSize == division.oddSize) {
         return true;
     }
     gRoseOddAsked = AskToGoOn(kOddSizeQuestion);
@@ -95,18 +95,6 @@ bool AcceptsDivision(const SectorDivision& division) {
 bool DrawsWind(const PlotRecord& record) {
     const int kind = RoseKindOf(record.RoseType);
     return kind >= kRoseWindSpeed && kind <= kRoseOverlaidWind;
-}
-
-std::optional<ClassColumn> ClassColumnOf(const PlotRecord& record) {
-    switch (RoseClassOf(record.RoseType)) {
-    case kRoseByLength:
-        return kNumberClasses;
-    case kRoseByType:
-        return NumberOf(record.ClassTable[0][kNameClasses]) == 1 ? kTextNumberClasses
-                                                                 : kNameClasses;
-    default:
-        return std::nullopt;
-    }
 }
 
 /// Cells 1 to `count` of a column; behind the rows that it has grown to they are copied to
@@ -137,7 +125,7 @@ public:
             rows_.linePlunges = RowsOf(gAppLineDip, count_, linePlunges_);
             rows_.lineTrends = RowsOf(gAppLineAz, count_, lineTrends_);
         }
-        const std::optional<ClassColumn> column = ClassColumnOf(record);
+        const std::optional<ClassColumn> column = RoseClassColumn(record);
         if (DrawsWind(record) || column == kTextNumberClasses) {
             ReadTexts();
         }
@@ -236,23 +224,19 @@ int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) 
     return classNumber;
 }
 
-bool IsCorrectedForBias(const PlotRecord& record) {
-    return record.RoseBiasMode != kNoBias && RoseKindOf(record.RoseType) <= kRoseMeanValue;
-}
-
-/// Takes back a bias correction that the rows do not allow.
-void CheckBias(PlotRecord& record) {
-    if (!IsCorrectedForBias(record)) {
-        return;
+/// Takes back a bias correction that the rows do not allow. False when there is none then.
+[[nodiscard]] bool MendBias(PlotRecord& record) {
+    if (!IsRoseBiasCorrected(record)) {
+        return true;
     }
-    if (record.RoseSamplePlunge == kOwnPlunge && record.HasAppendedLine == 0) {
+    if (record.RoseSamplePlunge == kOwnSampleLine && record.HasAppendedLine == 0) {
         record.RoseBiasMode = kNoBias;
-        if (!IsDrawingElsewhere()) {
-            Tell(kNoLinesText);
-        }
-    } else if (record.ShowSecondary == 0 && record.PrimaryFormat <= kDirections) {
+        return false;
+    }
+    if (record.ShowSecondary == 0 && record.PrimaryFormat <= kDirections) {
         record.RoseBiasMode = kHorizontalAngle; // there is no dip to make an angle in space
     }
+    return true;
 }
 
 RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layout) {
@@ -261,11 +245,11 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
     settings.layout = layout;
     settings.strikes = record.DataKind == kPlanes;
     settings.grouped = record.HasFrequencyColumn != 0;
-    if (const std::optional<ClassColumn> column = ClassColumnOf(record)) {
+    if (const std::optional<ClassColumn> column = RoseClassColumn(record)) {
         settings.classes = LastClass(RuleOfClassTable(record.ClassTable, *column));
     }
     settings.bias = {record.RoseBiasMode, settings.strikes, record.RoseMinBiasAngle,
-                     record.RoseSamplePlunge == kOwnPlunge};
+                     record.RoseSamplePlunge == kOwnSampleLine};
     settings.sampleLine = {record.RoseSamplePlunge, record.RoseSampleTrend};
     return settings;
 }
@@ -341,6 +325,22 @@ int SectorOfAzimuth(const SectorLayout& layout, double azimuth) {
     return layout.pairs ? SectorOfPair(layout, counted) : counted;
 }
 
+bool IsRoseBiasCorrected(const PlotRecord& record) {
+    return record.RoseBiasMode != kNoBias && RoseKindOf(record.RoseType) <= kRoseMeanValue;
+}
+
+std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record) {
+    switch (RoseClassOf(record.RoseType)) {
+    case kRoseByLength:
+        return kNumberClasses;
+    case kRoseByType:
+        return NumberOf(record.ClassTable[0][kNameClasses]) == 1 ? kTextNumberClasses
+                                                                 : kNameClasses;
+    default:
+        return std::nullopt;
+    }
+}
+
 bool RoseCountSectors() {
     PlotRecord& record = ActiveRecord();
     if (record.NumValidData <= 0) {
@@ -354,7 +354,9 @@ bool RoseCountSectors() {
     if (division.oddSize != 0) {
         record.RoseOddSectorSize = division.oddSize; // Kept: not cleared when all are equal
     }
-    CheckBias(record);
+    if (!MendBias(record) && !IsDrawingElsewhere()) {
+        Tell(kNoLinesText);
+    }
     const SectorLayout layout = LayoutOfRose(record);
     const GatheredRows rows(record);
     Store(CountRoseRows(SettingsOf(record, layout), rows.Rows()), layout, record);
@@ -362,8 +364,34 @@ bool RoseCountSectors() {
     return true;
 }
 
+RoseTables TablesOfRose(PlotRecord& asked) {
+    asked.RoseSectorSize = DivideCircle(asked.RoseSectorSize).size;
+    (void)MendBias(asked);
+    const GatheredRows rows(asked);
+    return CountRoseRows(SettingsOf(asked, LayoutOfRose(asked)), rows.Rows());
+}
+
+bool AskForSectorSize(double size) {
+    const SectorDivision division = DivideCircle(size);
+    if (division.oddSize == 0 || ActiveRecord().NumValidData <= 0) {
+        ForgetAcceptedSectorSize();
+        return true;
+    }
+    if (!AskToGoOn(kOddSizeQuestion)) {
+        return false;
+    }
+    AcceptedSizes()[gActivePlot] = division.size;
+    return true;
+}
+
 void AcceptSectorSize() {
-    AcceptedSizes()[gActivePlot] = DivideCircle(ActiveRecord().RoseSectorSize).size;
+    PlotRecord& record = ActiveRecord();
+    ForgetRoseOfPlot(gActivePlot);
+    const SectorDivision division = DivideCircle(record.RoseSectorSize);
+    AcceptedSizes()[gActivePlot] = division.size;
+    if (division.oddSize != 0) {
+        record.RoseOddSectorSize = division.oddSize;
+    }
 }
 
 void ForgetAcceptedSectorSize(int slot) {

@@ -9,9 +9,18 @@
 
 #pragma once
 
+#include "classify/class_rule.h"
 #include "core/plot_record.h"
 
+#include <cstdint>
+#include <optional>
+
 namespace quandrel {
+
+struct RoseTables;
+
+/// RoseSamplePlunge when each row has its own sample line.
+inline constexpr std::int16_t kOwnSampleLine = -9999;
 
 /// Brings an azimuth in degrees into 0 to 360 by whole turns. Exactly 360 stays 360; a value that
 /// is not finite is left alone.
@@ -54,6 +63,13 @@ struct SectorLayout {
 /// 359.9, is counted in the last one.
 [[nodiscard]] int SectorOfAzimuth(const SectorLayout& layout, double azimuth);
 
+/// True when the rows of a rose are weighted against the bias of a sampling line. Only frequencies,
+/// values and their means are.
+[[nodiscard]] bool IsRoseBiasCorrected(const PlotRecord& record);
+
+/// The column of the class table that a rose is classified by, nothing without classes.
+[[nodiscard]] std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record);
+
 /// Fills the tables of the rose (rose_tables.h) and the totals in the record with the main rows of
 /// gActivePlot: RoseStats, RoseSectorSize (brought into 1 to 360), RoseOddSectorSize (left as it is
 /// when all sectors are equal), RoseBiasMode (where the rows allow no other) and, of a classified
@@ -66,6 +82,21 @@ struct SectorLayout {
 ///
 /// A plot without valid rows leaves everything as it was. O(rows), no sorting.
 [[nodiscard]] bool RoseCountSectors();
+
+/// The tables that the main rows of gActivePlot would have under other settings. Nothing is kept,
+/// asked or told.
+///
+/// @param[in,out] asked  the settings, and what tells the columns: kinds of data, the columns there
+///                       are, and the number of rows; sector size and bias are mended as by
+///                       RoseCountSectors
+[[nodiscard]] RoseTables TablesOfRose(PlotRecord& asked);
+
+/// Asks whether gActivePlot may get a smaller last sector by a size, whatever was accepted before;
+/// a size that makes none, and a plot without valid rows, need no question. A size accepted so is
+/// not asked about by the next passes, once the record has its RoseOddSectorSize.
+///
+/// @return false when the user thinks better of it: nothing has changed
+[[nodiscard]] bool AskForSectorSize(double size);
 
 /// Takes the sector size of gActivePlot as accepted, a smaller last sector included: it comes from
 /// a file, where it was drawn before.

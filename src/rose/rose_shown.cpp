@@ -4,7 +4,10 @@
 
 #include "classify/class_rule.h"
 #include "core/plot_store.h"
+#include "rose/rose_scale.h"
+#include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
+#include "rose/rose_wedges.h"
 
 #include <array>
 #include <string>
@@ -42,8 +45,13 @@ struct RoseSettingsShown {
     std::string scaleType;
 };
 
+struct RoseRefused {
+    std::string file; ///< likewise
+    CountedFrom counted;
+};
+
 std::unordered_map<int, RoseSettingsShown> shownRoses;
-std::unordered_map<int, CountedFrom> refusedRoses;
+std::unordered_map<int, RoseRefused> refusedRoses;
 
 std::string FileOf(const PlotRecord& record) {
     return record.FileNames[1] + "\n" + record.FileTitle;
@@ -123,13 +131,27 @@ bool RestoreRose() {
 }
 
 void RefuseRose() {
-    refusedRoses[gActivePlot] = CountOf(ActiveRecord());
+    const PlotRecord& record = ActiveRecord();
+    refusedRoses[gActivePlot] = {FileOf(record), CountOf(record)};
     shownRoses.erase(gActivePlot);
 }
 
 bool IsRoseRefused() {
+    const PlotRecord& record = ActiveRecord();
     const auto refused = refusedRoses.find(gActivePlot);
-    return refused != refusedRoses.end() && refused->second == CountOf(ActiveRecord());
+    return refused != refusedRoses.end() && refused->second.file == FileOf(record)
+           && refused->second.counted == CountOf(record);
+}
+
+void ForgetRoseOfPlot(int slot) {
+    shownRoses.erase(slot);
+    refusedRoses.erase(slot);
+    ForgetAcceptedSectorSize(slot);
+    ForgetAutomaticInterval(slot);
+    if (gRoseTablesSlot == slot) {
+        gRoseTablesSlot = 0;
+        gRoseWedges.clear();
+    }
 }
 
 } // namespace quandrel

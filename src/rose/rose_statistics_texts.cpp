@@ -135,7 +135,12 @@ std::string FineAzimuth(const PlotRecord& record, double azimuth) {
     return text;
 }
 
+constexpr const char* kBothSignsText = "(no circular statistics: values of both signs)";
+
 std::string MeanLines(const PlotRecord& record) {
+    if (IsResultantTooLong(record)) {
+        return Line(kBothSignsText);
+    }
     if (!HasCircularStatistics(record)) {
         return {};
     }
@@ -232,7 +237,9 @@ std::string RoseStatsFull() {
     const PlotRecord& record = ActiveRecord();
     std::string text = RoseStatsShort() + Line("_________________________");
     if (!HasCircularStatistics(record)) {
-        return text + Line("(no circular statistics of this kind of rose)");
+        return text
+               + Line(IsResultantTooLong(record) ? kBothSignsText
+                                                 : "(no circular statistics of this kind of rose)");
     }
     return text + Line("Mean Resultant dir'n  = " + FineAzimuth(record, record.RoseMeanDir[0]))
            + MedianLines(record) + SpreadLines(record) + ResultantLines(record) + SourceLines();

@@ -343,20 +343,20 @@ void frmRoseDiag::Go() {
         }
     }
     settings.table = TableOfSettings(classBoxes->Settings(), ActiveRecord().ClassTable);
-    if (const std::optional<RoseRefusal> refusal = ApplyRose(settings, classBoxes->Styles())) {
-        Mark(refusal->field, refusal->reason);
+    const RoseOutcome outcome = ApplyRose(settings, classBoxes->Styles());
+    if (outcome.refusal) {
+        Mark(outcome.refusal->field, outcome.refusal->reason);
         return;
     }
-    // The question about a smaller last sector was answered no: the plot has its old settings.
-    changed_ = ActiveRecord().RoseSectorSize != settings.sectorSize;
+    changed_ = outcome.verdict == RoseVerdict::Cancelled;
     if (changed_) {
         SetStatus(kPressGo);
-    } else {
-        const QScopedValueRollback loading(loading_, true);
-        lblRoseStatus->clear();
-        Choose(optBias, ActiveRecord().RoseBiasMode); // directions have had another one
-        SetBiasOptButtons();
+        return;
     }
+    const QScopedValueRollback loading(loading_, true);
+    lblRoseStatus->clear();
+    Choose(optBias, ActiveRecord().RoseBiasMode); // directions have had another one
+    SetBiasOptButtons();
 }
 
 QWidget* frmRoseDiag::BoxOf(RoseField field) const {

@@ -3,6 +3,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "rose/rose_sectors.h"
+#include "rose/rose_shown.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -29,6 +30,24 @@ TEST_F(AcceptedSectors, OfAFileAreDrawnWithoutAQuestion) {
     AcceptSectorSize();
     EXPECT_TRUE(RoseCountSectors());
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 3);
+}
+
+TEST_F(AcceptedSectors, OfAFileTakeThePlaceOfWhatTheSlotHadBefore) {
+    RefuseRose();
+    ASSERT_TRUE(IsRoseRefused());
+    AcceptSectorSize();
+    EXPECT_FALSE(IsRoseRefused());
+    EXPECT_TRUE(RoseCountSectors());
+}
+
+TEST_F(AcceptedSectors, AskWhateverWasAcceptedOnceGoDoes) {
+    AcceptSectorSize();
+    Expect("Because you have chosen an odd sector size", Button::Cancel);
+    EXPECT_FALSE(AskForSectorSize(7));
+    EXPECT_TRUE(RoseCountSectors()) << "the size that the rose has stays accepted";
+    EXPECT_TRUE(AskForSectorSize(10)) << "equal sectors need no question";
+    ActiveRecord().NumValidData = 0;
+    EXPECT_TRUE(AskForSectorSize(7)) << "nor does a plot without rows";
 }
 
 TEST_F(AcceptedSectors, HoldForTheirSizeAlone) {

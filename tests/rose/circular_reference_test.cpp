@@ -295,6 +295,36 @@ TEST(CircularReference, HasNoLeaningsAtTheAxes) {
     }
 }
 
+TEST(CircularReference, StaysBelowAFullTurnInDegrees) {
+    for (int spread = 1; spread < 90; ++spread) {
+        for (int turn = 0; turn <= 1; ++turn) {
+            // North in the middle, by different roundings.
+            const std::vector<double> angles = {DegToRad(360 - spread), DegToRad(spread),
+                                                DegToRad(360.0 * turn + spread)};
+            const std::vector<double> pair = {angles[0], angles[1]};
+            for (const auto& sample : {angles, pair}) {
+                const auto n = static_cast<double>(sample.size());
+                const auto found = ComputeCircularReference(
+                    {SumsOf(sample, 1), n, n, sample, AngleSense::kDirected});
+                ASSERT_TRUE(found && found->meanDirection && found->median);
+                EXPECT_LT(RadToDeg(*found->meanDirection), 360) << spread;
+                EXPECT_LT(RadToDeg(found->median->median), 360) << spread;
+                const auto axes =
+                    ComputeCircularReference({SumsOf(sample, 2), n, n, sample, AngleSense::kAxial});
+                ASSERT_TRUE(axes && axes->median);
+                EXPECT_LT(RadToDeg(axes->median->median), 180) << spread;
+            }
+        }
+    }
+}
+
+TEST(CircularReference, OfWeightsOfBothSignsIsNoneWhenTheResultantIsTooLong) {
+    // 3 times north less 1 times east.
+    const std::vector<double> angles = Radians({0, 90});
+    EXPECT_FALSE(ComputeCircularReference({{-1, 3, 0, 4}, 2, 2, angles, AngleSense::kDirected}));
+    EXPECT_TRUE(ComputeCircularReference({{1, 3, 0, 2}, 4, 2, angles, AngleSense::kDirected}));
+}
+
 TEST(CircularReference, OfAxesIsThatOfTheDoubledAnglesHalved) {
     const std::vector<double> axes = Radians({170, 10, 20, 35});
     std::vector<double> doubled = axes;

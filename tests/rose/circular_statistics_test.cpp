@@ -69,7 +69,7 @@ std::array<double, 4> SumsOf(const std::vector<double>& angles, AngleSense sense
 }
 
 CircularResults StatisticsOf(const std::vector<double>& angles, AngleSense sense) {
-    return CircularStatistics(SumsOf(angles, sense), static_cast<double>(angles.size()), sense);
+    return *CircularStatistics(SumsOf(angles, sense), static_cast<double>(angles.size()), sense);
 }
 
 /// Mean of exp(i p angle).
@@ -183,18 +183,30 @@ TEST(CircularStatistics, KeepTheThreeFormulasOfKappa) {
     };
     for (const KappaCase& test : cases) {
         const CircularResults found =
-            CircularStatistics({0, test.r, 0, 1}, 1, AngleSense::kDirected);
+            *CircularStatistics({0, test.r, 0, 1}, 1, AngleSense::kDirected);
         EXPECT_NEAR(found.kappa, test.kappa, 1e-9) << test.r;
     }
 }
 
-TEST(CircularStatistics, OfMixedSignsStayNumbers) {
-    // 3 times north less 1 times east, over a weight of 2.
-    const CircularResults found = CircularStatistics({-1, 3, 0, 4}, 2, AngleSense::kDirected);
-    EXPECT_EQ(found.resultant[0], 1);
-    EXPECT_EQ(found.resultant[1], 1);
-    EXPECT_EQ(found.standardDeviation, 0);
-    EXPECT_EQ(found.dispersion, 0);
+TEST(MeanResultantLength, IsTakenForOneWithinRoundingAlone) {
+    EXPECT_EQ(MeanResultantLength(1 + 9e-13, 0), 1);
+    EXPECT_EQ(MeanResultantLength(0, 1 - 9e-13), 1);
+    EXPECT_EQ(MeanResultantLength(0.6, -0.8), 1);
+    EXPECT_EQ(MeanResultantLength(9e-13, 0), 0);
+    EXPECT_DOUBLE_EQ(*MeanResultantLength(0.3, 0.4), 0.5);
+    EXPECT_FALSE(MeanResultantLength(1 + 2e-12, 0));
+    EXPECT_FALSE(MeanResultantLength(-1, 1));
+}
+
+TEST(CircularStatistics, AreNoneWhenMixedSignsMakeALongResultant) {
+    // 3 times north less 1 times east, over a weight of 2: the vector (-1, 3) / 2.
+    EXPECT_FALSE(CircularStatistics({-1, 3, 0, 4}, 2, AngleSense::kDirected));
+    // 2 times north, 2 times south less 1 times east, over 3: R1 is 1/3, R2 is 5/3.
+    EXPECT_FALSE(CircularStatistics({-1, 0, 0, 5}, 3, AngleSense::kDirected));
+    // All negative: north again.
+    const auto north = CircularStatistics({0, -3, 0, -3}, -3, AngleSense::kDirected);
+    ASSERT_TRUE(north);
+    EXPECT_EQ(north->resultant[0], 1);
 }
 
 constexpr const char* kQuestion = "Skip calculation of the median?";
@@ -289,6 +301,25 @@ TEST_F(RoseCircularStatistics, OfMeansAndDeviationsAreNone) {
     }
 }
 
+TEST_F(RoseCircularStatistics, OfBothSignsAreNoneOnceTheResultantIsTooLong) {
+    AddRows({0, 90});
+    AddNumbers({3, -1}); // (3, -1) over 2 is longer than 1
+    Work(kRoseValue);
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_TRUE(IsResultantTooLong(record));
+    EXPECT_FALSE(HasCircularStatistics(record));
+    EXPECT_EQ(record.RoseMeanDir[0], 0);
+    EXPECT_EQ(record.RoseResultant[0], 0);
+    EXPECT_EQ(record.RoseStdDev, 0);
+    EXPECT_EQ(record.RoseDispersion, 0);
+    EXPECT_EQ(record.RoseMedian, 0);
+    AddNumbers({3, 1});
+    Work(kRoseValue);
+    EXPECT_FALSE(IsResultantTooLong(record));
+    EXPECT_TRUE(HasCircularStatistics(record));
+    EXPECT_NEAR(record.RoseResultant[0], std::sqrt(10) / 4, 1e-12);
+}
+
 TEST_F(RoseCircularStatistics, WithoutWeightAreNone) {
     AddRows({10, 20});
     AddNumbers({2, -2});
@@ -296,6 +327,7 @@ TEST_F(RoseCircularStatistics, WithoutWeightAreNone) {
     EXPECT_EQ(ActiveRecord().RoseMeanDir[0], 0);
     EXPECT_EQ(ActiveRecord().RoseMedian, 0);
     EXPECT_FALSE(HasCircularStatistics(ActiveRecord()));
+    EXPECT_FALSE(IsResultantTooLong(ActiveRecord()));
 }
 
 TEST_F(RoseCircularStatistics, TakeAMedianAtNorthForAFullTurn) {

@@ -2,6 +2,7 @@
 
 #include "core/data_format.h"
 #include "rose/rose_choices.h"
+#include "support/plot_rows.h"
 #include "support/test_platform.h"
 
 #include <string>
@@ -177,10 +178,15 @@ TEST_F(RoseChoicesEngineTest, FillsStandOnceTheSettingsDo) {
     fills[2] = {7, kCrossHatch, 0};
     RoseSettings rose;
     rose.sectorSize = 0;
-    ASSERT_TRUE(ApplyRose(rose, fills));
+    ASSERT_TRUE(ApplyRose(rose, fills).refusal);
+    EXPECT_EQ(StylesOfClasses(kFirstRoseClassStyle), before);
+    AddRow(10, 10);
+    rose.sectorSize = 7;
+    Expect("odd sector size", Button::Cancel);
+    ASSERT_EQ(ApplyRose(rose, fills).verdict, RoseVerdict::Cancelled);
     EXPECT_EQ(StylesOfClasses(kFirstRoseClassStyle), before);
     rose.sectorSize = 20;
-    ASSERT_FALSE(ApplyRose(rose, fills));
+    ASSERT_EQ(ApplyRose(rose, fills).verdict, RoseVerdict::Done);
     EXPECT_EQ(StylesOfClasses(kFirstRoseClassStyle), fills);
     EXPECT_EQ(gSymbolTable[kFirstRoseClassStyle + 2][kPlaceSymbol], kCrossHatch);
 }

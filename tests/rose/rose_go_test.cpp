@@ -5,7 +5,9 @@
 #include "rose/rose_go.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
+#include "rose/rose_wedges.h"
 #include "stereo/plot_stages.h"
+#include "stereo/row_positions.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -14,6 +16,7 @@
 #include <array>
 #include <functional>
 #include <limits>
+#include <string>
 #include <vector>
 
 namespace quandrel {
@@ -66,7 +69,7 @@ TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
     rose.samplePlunge = 30;
     rose.sampleTrend = 270;
     rose.minBiasAngle = 7;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     const PlotRecord& record = Record();
     EXPECT_EQ(record.RoseType, 10);
     EXPECT_EQ(record.RoseShape, 3);
@@ -103,7 +106,7 @@ TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {
     rose.sectorFraction = 70;
     rose.circles = true;
     rose.outerCircle = false;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(gRoseSectorSize, 15);
     EXPECT_EQ(gRoseSectorFraction, 70);
     EXPECT_EQ(gRoseScaleType, "circauto");
@@ -111,27 +114,27 @@ TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {
 }
 
 TEST_F(RoseGoTest, StillShowsAutoAfterADrawing) {
-    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick10"); // three of six in one sector: 50 %
     EXPECT_FALSE(RoseSettingsOfActivePlot().interval);
-    EXPECT_FALSE(ApplyRoseSettings(RoseSettingsOfActivePlot()));
+    EXPECT_EQ(ApplyRoseSettings(RoseSettingsOfActivePlot()).verdict, RoseVerdict::Done);
     EXPECT_EQ(gRoseScaleType, "tickauto");
     RoseSettings rose = RoseSettingsOfActivePlot();
     rose.interval = 10;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick10");
 }
 
 TEST_F(RoseGoTest, MakesARoseOfAStereoPlot) {
     Record().PlotKind = kEqualAngle;
-    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().PlotKind, kRose);
     EXPECT_EQ(recalculated.size(), 1U);
 }
 
 TEST_F(RoseGoTest, ForgetsTheSmallerSectorOfTheLastSize) {
     Record().RoseOddSectorSize = 3;
-    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseOddSectorSize, 0);
 }
 
@@ -139,10 +142,10 @@ TEST_F(RoseGoTest, AsksAboutASmallerSectorAtEachGo) {
     RoseSettings rose;
     rose.sectorSize = 7;
     Expect("odd sector size");
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseOddSectorSize, 3);
     Expect("odd sector size");
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
 }
 
 TEST_F(RoseGoTest, LeavesClassesOutOfMeansAndDeviations) {
@@ -154,18 +157,18 @@ TEST_F(RoseGoTest, LeavesClassesOutOfMeansAndDeviations) {
     RoseSettings rose;
     rose.kind = kRoseMeanValue;
     rose.classes = kRoseByType;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseType, kRoseMeanValue);
 }
 
 TEST_F(RoseGoTest, WritesAClassTableWhenItIsGivenOne) {
     RoseSettings rose;
     Record().ClassTable[1][0] = 5.0;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 5);
     rose.table = Record().ClassTable;
     (*rose.table)[1][0] = 6.0;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 6);
 }
 
@@ -175,7 +178,7 @@ TEST_F(RoseGoTest, WritesOwnLinesAsAMark) {
     RoseSettings rose;
     rose.biasMode = 1;
     rose.ownLines = true;
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseSamplePlunge, -9999);
     EXPECT_TRUE(RoseSettingsOfActivePlot().ownLines);
 }
@@ -216,7 +219,9 @@ TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
     for (const Case& c : cases) {
         RoseSettings rose;
         c.change(rose);
-        const auto refusal = ApplyRoseSettings(rose);
+        const RoseOutcome outcome = ApplyRoseSettings(rose);
+        EXPECT_EQ(outcome.verdict, RoseVerdict::Refused);
+        const auto refusal = outcome.refusal;
         ASSERT_TRUE(refusal) << static_cast<int>(c.field);
         EXPECT_EQ(refusal->field, c.field);
         EXPECT_FALSE(refusal->reason.empty());
@@ -239,8 +244,7 @@ TEST_F(RoseGoTest, AcceptsTheEndsOfEachRange) {
 }
 
 TEST_F(RoseGoTest, RefusesAnIntervalOfTooManyMarks) {
-    Record().RoseRangeB[0][0] = 50;
-    RoseSettings rose;
+    RoseSettings rose; // three of six lines in one sector: 50 %
     rose.interval = 0.49;
     ASSERT_TRUE(CheckRoseSettings(rose));
     EXPECT_EQ(CheckRoseSettings(rose)->field, RoseField::ScaleInterval);
@@ -250,15 +254,124 @@ TEST_F(RoseGoTest, RefusesAnIntervalOfTooManyMarks) {
     EXPECT_FALSE(CheckRoseSettings(rose));
 }
 
+TEST_F(RoseGoTest, JudgesTheIntervalByTheRoseAskedFor) {
+    RoseSettings whole;
+    whole.sectorSize = 360; // all six in one sector: 100 %
+    RoseSettings fine;
+    fine.sectorSize = 10;
+    EXPECT_EQ(ApplyRoseSettings(whole).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().RoseRangeB[0][0], 100);
+    fine.interval = 0.5;
+    EXPECT_EQ(ApplyRoseSettings(fine).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().RoseRangeB[0][0], 50);
+    EXPECT_EQ(Record().RoseScaleType, "tick0.5");
+    whole.interval = 0.5;
+    const RoseOutcome outcome = ApplyRoseSettings(whole);
+    ASSERT_TRUE(outcome.refusal);
+    EXPECT_EQ(outcome.refusal->field, RoseField::ScaleInterval);
+    EXPECT_EQ(Record().RoseSectorSize, 10);
+}
+
+TEST_F(RoseGoTest, JudgesTheIntervalByTheFrequenciesThatAFaultLeaves) {
+    RoseSettings rose;
+    rose.kind = kRoseValue; // there are no values
+    rose.interval = 0.49;
+    EXPECT_TRUE(CheckRoseSettings(rose));
+    rose.interval = 0.5;
+    EXPECT_FALSE(CheckRoseSettings(rose));
+    EXPECT_TRUE(prompts.Shown().empty());
+}
+
+/// All that a Go may change beside the tables.
+struct RoseTraces {
+    std::string fields;
+    double sectorSize = gRoseSectorSize;
+    int fraction = gRoseSectorFraction;
+    std::string scale = gRoseScaleType;
+    bool outerCircle = gRoseOuterCircle;
+
+    friend bool operator==(const RoseTraces&, const RoseTraces&) = default;
+};
+
+RoseTraces TracesOf(const PlotRecord& record) {
+    RoseTraces traces;
+    for (const double field :
+         {double(record.PlotKind), double(record.Modified), double(record.RoseType),
+          double(record.RoseShape), double(record.RoseEqualArea), record.RoseSectorSize,
+          record.RoseOddSectorSize, record.RoseStartAngle, double(record.RoseSectorFraction),
+          double(record.RoseZeroCircle), double(record.RoseSegShape), double(record.RoseHistStyle),
+          double(record.RoseBiasMode), double(record.RoseSamplePlunge),
+          double(record.RoseMinBiasAngle), double(record.RowsChanged), record.RoseRangeA[0][0],
+          NumberOf(record.ClassTable[1][0])}) {
+        traces.fields += std::to_string(field) + ' ';
+    }
+    traces.fields += record.RoseScaleType;
+    return traces;
+}
+
+RoseSettings UnwantedRose() {
+    RoseSettings rose;
+    rose.sectorSize = 7;
+    rose.kind = kRoseFrequency;
+    rose.classes = kRoseByLength;
+    rose.table = ActiveRecord().ClassTable;
+    (*rose.table)[1][0] = 77.0;
+    rose.shape = 2;
+    rose.equalArea = true;
+    rose.startAngle = 5;
+    rose.sectorFraction = 60;
+    rose.zeroCircle = 30;
+    rose.segShape = 1;
+    rose.histStyle = 2;
+    rose.circles = true;
+    rose.interval = 3;
+    rose.outerCircle = !gRoseOuterCircle;
+    rose.biasMode = 2;
+    rose.samplePlunge = 12;
+    rose.minBiasAngle = 8;
+    return rose;
+}
+
+TEST_F(RoseGoTest, LeavesNoTraceWhenTheSizeIsNotWanted) {
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
+    Record().Modified = 0;
+    const RoseTraces before = TracesOf(Record());
+    const std::vector<RoseWedge> petals = gRoseWedges;
+    Expect("odd sector size", Button::Cancel);
+    EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Cancelled);
+    EXPECT_EQ(TracesOf(Record()), before);
+    EXPECT_EQ(gRoseWedges.size(), petals.size());
+    EXPECT_EQ(recalculated.size(), 1U);
+    Expect("odd sector size");
+    EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Done);
+    EXPECT_NE(TracesOf(Record()), before);
+    EXPECT_EQ(Record().Modified, kTrue);
+}
+
+TEST_F(RoseGoTest, LeavesAStereoPlotWhenTheSizeIsNotWanted) {
+    Record().PlotKind = kEqualAngle;
+    RebuildRowTable(gActivePlot);
+    Record().RowsChanged = 0;
+    const RoseTraces before = TracesOf(Record());
+    const std::vector<double> plunges = TableOf(gActivePlot).plunge;
+    const std::uint64_t version = TableOf(gActivePlot).version;
+    Expect("odd sector size", Button::Cancel);
+    EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Cancelled);
+    EXPECT_EQ(TracesOf(Record()), before);
+    EXPECT_EQ(TableOf(gActivePlot).plunge, plunges);
+    EXPECT_EQ(TableOf(gActivePlot).version, version);
+    EXPECT_TRUE(recalculated.empty());
+}
+
 TEST_F(RoseGoTest, KeepsTheOldRoseWhenTheSizeIsNotWanted) {
-    EXPECT_FALSE(ApplyRoseSettings({}));
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     const auto before = gRoseSectors.Sectors();
     RoseSettings rose;
     rose.sectorSize = 7;
     rose.shape = 2;
     rose.startAngle = 5;
     Expect("odd sector size", Button::Cancel);
-    EXPECT_FALSE(ApplyRoseSettings(rose));
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Cancelled);
     EXPECT_EQ(gRoseSectors.Sectors(), before);
     EXPECT_EQ(Record().RoseSectorSize, 10);
     EXPECT_EQ(Record().RoseShape, 0);

@@ -116,6 +116,23 @@ TEST_F(RoseMeanTest, HasAnIntervalFromTheStandardError) {
     EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
 }
 
+TEST_F(RoseMeanTest, KeepsTheRightAngleOfAnIntervalThatDoesNotExistAndDrawsNoArc) {
+    PlotRecord& record = ActiveRecord();
+    gRoseDirectional = true;
+    record.RoseDisplay7 = 0;
+    record.RoseDisplay8 = kTrue;
+    record.RoseDispersion = 26.1; // 1.9604 x sqrt(0.261) is 1.0015
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
+    EXPECT_TRUE(Draw().empty());
+    record.RoseDispersion = 26; // and of 0.26 it is 0.9996
+    EXPECT_LT(Degrees(*RoseConfidenceHalfWidth(record)), 90);
+    EXPECT_EQ(Draw().size(), 1U);
+    gRoseDirectional = false;
+    record.RoseDispersion = 26.1;
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 45, kClose);
+    EXPECT_TRUE(Draw().empty());
+}
+
 TEST_F(RoseMeanTest, CountsTheWeightedDataUnderABiasCorrection) {
     gRoseDirectional = true;
     ActiveRecord().RoseStats[0] = {100, 400, 20}; // 400 weighted: half the standard error

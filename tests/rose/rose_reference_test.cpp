@@ -131,6 +131,29 @@ TEST_F(RoseReference, OfValuesIsWeighedByThem) {
     ExpectLine(lines, "Rayleigh n R^2", 1, ""); // of the two directions
 }
 
+TEST_F(RoseReference, OfValuesOfBothSignsIsNone) {
+    NewRose(kPolarLines, {0, 90});
+    PlotRecord& record = ActiveRecord();
+    record.RoseType = kRoseValue;
+    record.HasAppendedNumeric = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+    gAppNumeric.At(gActivePlot, 1) = 3;
+    gAppNumeric.At(gActivePlot, 2) = -1;
+    EXPECT_TRUE(Work().empty());
+}
+
+TEST_F(RoseReference, HasNoIntervalWhereThePrintedOneIsARightAngle) {
+    std::vector<std::int32_t> azimuths = {1, 2}; // a weak mean of thirty-eight directions
+    for (int i = 0; i < 36; ++i) {
+        azimuths.push_back(i * 10);
+    }
+    NewRose(kPolarLines, azimuths);
+    const auto line = Find(Work(), "95% confidence half-width");
+    ASSERT_TRUE(line);
+    EXPECT_FALSE(line->value);
+    EXPECT_EQ(line->printed, "90.0");
+}
+
 TEST_F(RoseReference, IsOfRosesWithStatisticsAlone) {
     NewRose(kPolarLines, {10, 20});
     EXPECT_FALSE(Work().empty());

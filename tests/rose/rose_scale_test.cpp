@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/data_format.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_tables.h"
+#include "rose/rose_wedges.h"
+#include "support/plot_rows.h"
 #include "support/test_platform.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
@@ -115,7 +122,69 @@ TEST(MarksOfScale, HasNoneForAnEmptyRose) {
     EXPECT_TRUE(MarksOfScale({0, 10, 100, 0, false, false}).empty());
 }
 
-class RoseScaleOfPlot : public EngineTest {};
+class RoseScaleOfPlot : public EngineTest {
+protected:
+    /// A rose of polar lines, counted and with its petals, whose first sector has 4 of 10 and whose
+    /// last one, of 10 degrees after seven of 50, has 3 of 10.
+    void MakeRose(int zeroCircle, std::vector<std::int32_t> azimuths) {
+        NewPlot();
+        PlotRecord& record = ActiveRecord();
+        record.PlotKind = kRose;
+        record.DataKind = kPolarLines;
+        record.RoseType = kRoseFrequency;
+        record.RoseSectorSize = 50;
+        record.RoseStartAngle = 0;
+        record.RoseEqualArea = kTrue;
+        record.RoseZeroCircle = static_cast<std::int16_t>(zeroCircle);
+        for (const std::int32_t azimuth : azimuths) {
+            AddRow(0, azimuth);
+        }
+        gRoseOddAsked = true;
+        RosePlot();
+    }
+
+    static double LargestRadius() {
+        double largest = 0;
+        for (const RoseWedge& wedge : gRoseWedges) {
+            if (wedge.sector != gRoseSectors.Sectors()) {
+                largest = std::max(largest, wedge.radius);
+            }
+        }
+        return largest;
+    }
+};
+
+TEST_F(RoseScaleOfPlot, HasItsMarkOfTheLargestSectorAtTheEndOfItsPetal) {
+    const std::vector<std::int32_t> noneInLast = {20, 25, 30, 35, 120, 220, 225, 230, 270, 275};
+    const std::vector<std::int32_t> someInLast = {20, 25, 30, 35, 55, 56, 57, 220, 225, 270};
+    for (const int zeroCircle : {0, 20, 50}) {
+        for (const auto& azimuths : {noneInLast, someInLast}) {
+            MakeRose(zeroCircle, azimuths);
+            PlotRecord& record = ActiveRecord();
+            ASSERT_EQ(record.RoseRangeB[0][0], 40);
+            ASSERT_EQ(record.RoseOddSectorSize, 10);
+            const bool isLastFilled = gRoseSectors(8, 0, kRoseFrequencyLayer) > 0;
+            ASSERT_EQ(isLastFilled, azimuths == someInLast);
+            record.RoseScaleType = "tick10";
+            const auto marks = MarksOfScale(ScaleOfRose(record));
+            ASSERT_EQ(marks.size(), 4U);
+            EXPECT_NEAR(marks[3].radius, LargestRadius(), 1e-6) << zeroCircle;
+            if (isLastFilled) {
+                EXPECT_LT(LargestRadius(), 999) << "all are shortened";
+            } else {
+                EXPECT_NEAR(LargestRadius(), 1000, 1e-6);
+            }
+            // A petal of 20 % ends at the mark of 20 %, one of 10 % at that of 10 %.
+            for (const RoseWedge& wedge : gRoseWedges) {
+                const auto count =
+                    static_cast<std::size_t>(gRoseSectors(wedge.sector, 0, kRoseFrequencyLayer));
+                if (wedge.sector != 8) {
+                    EXPECT_NEAR(wedge.radius, marks[count - 1].radius, 1e-6) << wedge.sector;
+                }
+            }
+        }
+    }
+}
 
 TEST_F(RoseScaleOfPlot, WritesTheIntervalInPlaceOfAuto) {
     NewPlot();

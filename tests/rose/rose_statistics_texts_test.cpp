@@ -293,6 +293,18 @@ TEST_F(RoseStatisticsTexts, OfMeansTellNoDirection) {
     EXPECT_TRUE(text.ends_with("(no circular statistics of this kind of rose)\r\n"));
 }
 
+TEST_F(RoseStatisticsTexts, SayThatValuesOfBothSignsHaveNoStatistics) {
+    NewRose(kPolarLines, kRoseValue);
+    AddRows({0, 90});
+    AddNumbers({3, -1}, "length"); // (3, -1) over 2 is longer than 1
+    Work({{150, 3}});
+    const char* const line = "(no circular statistics: values of both signs)";
+    EXPECT_TRUE(HasLine(RoseStatsShort(), line));
+    EXPECT_TRUE(RoseStatsFull().ends_with(std::string(line) + "\r\n"));
+    EXPECT_EQ(RoseStatsFull().find("Mean Resultant"), std::string::npos);
+    EXPECT_EQ(RoseStatsFull().find("of this kind"), std::string::npos);
+}
+
 TEST_F(RoseStatisticsTexts, SayThatTheMedianWasNotCalculated) {
     NewRose(kPolarLines);
     for (int i = 0; i < 2001; ++i) {

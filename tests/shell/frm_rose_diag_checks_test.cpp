@@ -2,6 +2,7 @@
 //
 // What the rose dialog refuses, corrects and closes.
 
+#include "program/closing.h"
 #include "rose/rose_tables.h"
 #include "shell/class_boxes.h"
 #include "shell/rose_dialog_fixture.h"
@@ -276,6 +277,35 @@ TEST_F(RoseDialogTest, KeepsASizeThatTheUserThinksBetterOf) {
     Expect("one sector will be smaller than the others.");
     Go();
     EXPECT_EQ(Record().RoseSectorSize, 7);
+}
+
+TEST_F(RoseDialogTest, StillWantsGoAfterACancelledOneOfTheSameSize) {
+    Type("txtRoseSectSize", "7");
+    Expect("one sector will be smaller than the others.");
+    Go();
+    EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "");
+    Type("txtRoseStartAz", "25");
+    Expect("one sector will be smaller than the others.", Button::Cancel);
+    Go();
+    EXPECT_EQ(Record().RoseStartAngle, 0) << "the old rose stays";
+    EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), kPressGo);
+    dialog->FollowActivePlot();
+    EXPECT_EQ(Text("txtRoseStartAz"), "25") << "what was typed is not plotted yet";
+    Expect("one sector will be smaller than the others.");
+    Go();
+    EXPECT_EQ(Record().RoseStartAngle, 25);
+    EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "");
+}
+
+TEST_F(RoseDialogTest, ShowsNoAutomaticIntervalOfAPlotThatWasClosed) {
+    const int slot = gActivePlot;
+    Go();
+    ASSERT_TRUE(RoseSettingsOfActivePlot().interval == std::nullopt);
+    const std::string drawn = Record().RoseScaleType;
+    CloseWithLinks(slot);
+    ASSERT_EQ(AddPlot("others"), slot);
+    Record().RoseScaleType = drawn;
+    EXPECT_TRUE(RoseSettingsOfActivePlot().interval.has_value());
 }
 
 } // namespace

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_scale.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_shown.h"
+#include "rose/rose_tables.h"
+#include "rose/rose_wedges.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+namespace quandrel {
+namespace {
+
+constexpr const char* kOddQuestion = "odd sector size";
+
+class RoseShown : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gRoseOddAsked = false;
+        slot = NewRose();
+    }
+
+    void TearDown() override {
+        for (int each = 1; each <= HighestSlot(); ++each) {
+            ForgetRoseOfPlot(each);
+        }
+        EngineTest::TearDown();
+    }
+
+    int NewRose() {
+        const int made = NewPlot();
+        ActiveRecord().PlotKind = kRose;
+        ActiveRecord().DataKind = kPolarLines;
+        ActiveRecord().RoseSectorSize = 10;
+        for (const int azimuth : {12, 15, 120}) {
+            AddRow(0, azimuth);
+        }
+        return made;
+    }
+
+    /// A new plot of the same rows in the slot of the first one, as after a load that failed.
+    void ReuseSlot() {
+        ReleasePlotSlot(slot);
+        ASSERT_EQ(NewRose(), slot);
+    }
+
+    static PlotRecord& Record() { return ActiveRecord(); }
+
+    int slot = 0;
+};
+
+TEST_F(RoseShown, IsStaleOnceRowsOrSettingsOfTheCountChange) {
+    EXPECT_TRUE(IsRoseStale()) << "none was noted";
+    RosePlot();
+    EXPECT_FALSE(IsRoseStale());
+    Record().RoseShape = 2;
+    EXPECT_FALSE(IsRoseStale()) << "the count does not depend on it";
+    Record().RoseStartAngle = 5;
+    EXPECT_TRUE(IsRoseStale());
+    Record().RoseStartAngle = 0;
+    EXPECT_FALSE(IsRoseStale());
+    AddRow(0, 200);
+    EXPECT_TRUE(IsRoseStale());
+}
+
+TEST_F(RoseShown, RestoresTheSettingsNoted) {
+    Record().RoseShape = 1;
+    Record().RoseScaleType = "circ7";
+    RosePlot();
+    Record().RoseShape = 3;
+    Record().RoseSectorSize = 30;
+    Record().RoseStartAngle = 15;
+    Record().RoseZeroCircle = 40;
+    Record().RoseScaleType = "tick2";
+    Record().RowsChanged = kTrue;
+    ASSERT_TRUE(RestoreRose());
+    EXPECT_EQ(Record().RoseShape, 1);
+    EXPECT_EQ(Record().RoseSectorSize, 10);
+    EXPECT_EQ(Record().RoseStartAngle, 0);
+    EXPECT_EQ(Record().RoseZeroCircle, 0);
+    EXPECT_EQ(Record().RoseScaleType, "circ7");
+    EXPECT_EQ(Record().RowsChanged, 0);
+    EXPECT_FALSE(IsRoseStale());
+}
+
+TEST_F(RoseShown, RestoresNothingOfAnotherPlot) {
+    RosePlot();
+    ReuseSlot();
+    EXPECT_FALSE(RestoreRose());
+    Record().RoseRangeA[0][0] = 20; // of a file
+    Record().FileTitle = "other";
+    EXPECT_FALSE(RestoreRose());
+}
+
+TEST_F(RoseShown, IsRefusedUntilRowsOrSizeChange) {
+    RefuseRose();
+    EXPECT_TRUE(IsRoseRefused());
+    Record().RoseSectorSize = 20;
+    EXPECT_FALSE(IsRoseRefused());
+    Record().RoseSectorSize = 10;
+    EXPECT_TRUE(IsRoseRefused());
+    Record().FileTitle = "another plot in the slot";
+    EXPECT_FALSE(IsRoseRefused());
+    Record().FileTitle.clear();
+    RosePlot();
+    EXPECT_FALSE(IsRoseRefused()) << "there is one now";
+}
+
+TEST_F(RoseShown, AsksAboutTheSizeOfANewPlotInASlot) {
+    Record().RoseSectorSize = 7;
+    Expect(kOddQuestion);
+    RosePlot();
+    RosePlot(); // not asked again
+    ReuseSlot();
+    Record().RoseSectorSize = 7;
+    Expect(kOddQuestion);
+    RosePlot();
+    EXPECT_EQ(prompts.Shown().size(), 2U);
+}
+
+TEST_F(RoseShown, AsksAboutASizeThatWasForgotten) {
+    Record().RoseSectorSize = 7;
+    Expect(kOddQuestion);
+    RosePlot();
+    ForgetRoseOfPlot(slot);
+    Expect(kOddQuestion);
+    RosePlot();
+    EXPECT_EQ(prompts.Shown().size(), 2U);
+}
+
+TEST_F(RoseShown, TakesNoIntervalOfANewPlotForAnAutomaticOne) {
+    Record().RoseScaleType = "tickauto";
+    RosePlot();
+    EXPECT_EQ(Record().RoseScaleType, "tick20"); // two of three are 67 %
+    EXPECT_TRUE(IsRoseIntervalAutomatic());
+    ReuseSlot();
+    Record().RoseScaleType = "tick20";
+    RosePlot();
+    EXPECT_FALSE(IsRoseIntervalAutomatic());
+}
+
+TEST_F(RoseShown, IsForgottenWhole) {
+    Record().RoseScaleType = "tickauto";
+    RosePlot();
+    ASSERT_EQ(gRoseTablesSlot, slot);
+    ASSERT_FALSE(gRoseWedges.empty());
+    ForgetRoseOfPlot(slot + 1);
+    EXPECT_EQ(gRoseTablesSlot, slot);
+    EXPECT_FALSE(IsRoseStale());
+    ForgetRoseOfPlot(slot);
+    EXPECT_EQ(gRoseTablesSlot, 0);
+    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(IsRoseStale());
+    EXPECT_FALSE(RestoreRose());
+    EXPECT_FALSE(IsRoseIntervalAutomatic());
+    RefuseRose();
+    ForgetRoseOfPlot(slot);
+    EXPECT_FALSE(IsRoseRefused());
+}
+
+} // namespace
+} // namespace quandrel
