@@ -24,6 +24,7 @@ struct Draft {
     std::string procedure;
     std::vector<double> limits;
     std::vector<std::string> names;
+    bool hasNames = false; ///< the key was given
     std::optional<bool> low;
     std::optional<bool> high;
 };
@@ -67,6 +68,7 @@ std::string TakeLimits(const std::string& value, Draft& draft) {
 
 std::string TakeNames(const std::string& value, Draft& draft) {
     draft.names = SplitAtCommas(value);
+    draft.hasNames = true;
     return draft.names.size() > kMostNames ? "there are eleven names at most" : "";
 }
 
@@ -102,6 +104,30 @@ const Takers<Draft>& ClassTakers() {
     return takers;
 }
 
+/// What cannot be given one by one in the mode that is chosen.
+std::string MisfitOf(const Draft& draft) {
+    const int mode = draft.settings.mode;
+    if (draft.hasNames && mode != kClassesByName) {
+        return "names are of mode 3 alone";
+    }
+    if (mode == kClassesByName && !draft.limits.empty()) {
+        return "limits are of modes 1 and 2";
+    }
+    if (mode == kClassesByName && draft.high) {
+        return "high is of modes 1 and 2: names that fit none are low";
+    }
+    return {};
+}
+
+/// The procedure for a number of classes without a procedure: what a plot without classes would
+/// begin with, else the limits or names that it has.
+std::string ProcedureOr(const Draft& draft, int formerClasses, const char* first) {
+    if (!draft.procedure.empty()) {
+        return draft.procedure;
+    }
+    return formerClasses == 0 ? first : "lastused";
+}
+
 /// Lets the procedure fill limits or names, with as many classes as there are unless told.
 std::string FillByProcedure(Draft& draft) {
     ClassSettings& settings = draft.settings;
@@ -109,14 +135,15 @@ std::string FillByProcedure(Draft& draft) {
         return {};
     }
     if (settings.mode == kClassesByNumber) {
-        const auto procedure =
-            kRangeWords.find(draft.procedure.empty() ? "lastused" : draft.procedure);
+        const int former = settings.numbers.limits.base;
+        const auto procedure = kRangeWords.find(ProcedureOr(draft, former, "equal"));
         return procedure == kRangeWords.end()
                    ? "'" + draft.procedure + "' is a procedure of types"
-                   : FillRanges(settings, procedure->second,
-                                draft.classes.value_or(settings.numbers.limits.base));
+                   : FillRanges(settings, procedure->second, draft.classes.value_or(former));
     }
-    const auto procedure = kTypeWords.find(draft.procedure.empty() ? "lastused" : draft.procedure);
+    const int former =
+        settings.mode == kClassesByTextNumber ? settings.textNumbers.limits.base : settings.types;
+    const auto procedure = kTypeWords.find(ProcedureOr(draft, former, "first"));
     if (procedure == kTypeWords.end()) {
         return "'" + draft.procedure + "' is a procedure of ranges";
     }
@@ -169,6 +196,9 @@ std::string ApplyClassArguments(const std::vector<Argument>& arguments) {
     Draft draft;
     draft.settings = SettingsOfActivePlot();
     std::string error = TakeArguments(arguments, ClassTakers(), "a classification", draft);
+    if (error.empty()) {
+        error = MisfitOf(draft);
+    }
     if (error.empty()) {
         error = FillByProcedure(draft);
     }

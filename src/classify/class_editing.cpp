@@ -2,9 +2,11 @@
 
 #include "classify/class_editing.h"
 
+#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
+#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -32,6 +34,19 @@ std::string WithRegionalDelimiter(std::string text) {
 void FillFirstTypes(ClassSettings& settings) {
     const std::size_t found = DistinctTexts(settings.caseSensitive).size();
     FillTypes(settings, TypeProcedure::FirstFound, static_cast<int>(found));
+}
+
+/// Gives the rows of a plot other than the active one the styles that their classes have now.
+void TakeClassStyles(int slot) {
+    const PlotInWork work(slot);
+    PlotRecord& record = ActiveRecord();
+    const std::int32_t counted = record.NumClassified;
+    ApplyClassification(record.ClassMode);
+    if (record.PlotKind == kRose) {
+        record.NumClassified = counted; // what the rose counted; it shows none of the symbols
+    } else {
+        RedrawPlot(slot);
+    }
 }
 
 } // namespace
@@ -199,8 +214,14 @@ std::string ApplyClasses(const ClassSettings& settings, const ClassStyles& style
     std::string refusal = ApplyClassSettings(settings);
     if (!refusal.empty()) {
         WriteStylesOfClasses(former, kFirstClassStyle);
+        return refusal;
     }
-    return refusal;
+    for (int slot = 1; styles != former && slot <= HighestSlot(); ++slot) {
+        if (slot != gActivePlot && IsOpenSlot(slot) && RecordOf(slot).ClassMode > kNotClassified) {
+            TakeClassStyles(slot);
+        }
+    }
+    return {};
 }
 
 } // namespace quandrel

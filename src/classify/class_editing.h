@@ -95,7 +95,8 @@ using ClassStyles = std::array<SymbolRow, kClassStyles>;
 void WriteStylesOfClasses(const ClassStyles& styles, int firstRow);
 
 /// ApplyClassSettings with symbols of classes: these come first, and go back when the settings are
-/// refused.
+/// refused. All plots share them: when they have changed, every other classified plot is drawn anew
+/// in them.
 ///
 /// @return empty, or why nothing has changed
 [[nodiscard]] std::string ApplyClasses(const ClassSettings& settings, const ClassStyles& styles);

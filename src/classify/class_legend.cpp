@@ -4,16 +4,55 @@
 
 #include "classify/class_settings.h"
 #include "classify/classification.h"
+#include "classify/value_grid.h"
+#include "core/data_format.h"
 #include "core/plot_store.h"
+#include "stereo/row_drawing.h"
+
+#include <algorithm>
 
 namespace quandrel {
 
 namespace {
 
-/// A class that is shown by the contour where it begins alone; the lowest has none.
-void ShowAsLine(LegendLine& line, int classNumber) {
-    line.sample = classNumber > 1 ? LegendSample::Line : LegendSample::Indent;
-    line.code = MakeSymbolCode(CodeColour(line.code), kSolidLine, 1);
+/// What the active plot draws in the styles of its classes.
+struct ClassesShown {
+    bool rows = false;
+    bool nodes = false;
+    bool contours = false;
+
+    [[nodiscard]] bool Any() const { return rows || nodes || contours; }
+};
+
+ClassesShown ShownBy(const PlotRecord& record) {
+    const std::int16_t mode = record.PlotSymbolMode;
+    ClassesShown shown;
+    shown.rows = ShowsMainRows(record)
+                 && (mode == kGreatCircles || mode == kPointSymbols || mode == kPointSymbolsToo);
+    if (record.ClassMode == kClassesByNumber) {
+        const std::int16_t type = record.NumClasses;
+        shown.nodes = type == kGriddedValues || type == kContoursWithGridPoints;
+        shown.contours = type >= kContouredGriddedValues;
+    }
+    return shown;
+}
+
+/// True for each class that symbols or great circles show.
+std::vector<bool> ClassesWithSamples(const PlotRecord& record, const ClassesShown& shown) {
+    if (shown.nodes) {
+        return ClassesOfValueNodes();
+    }
+    std::vector<bool> classes;
+    if (shown.rows) {
+        for (const std::int32_t rows : RowsOfClasses(record.ClassMode)) {
+            classes.push_back(rows > 0);
+        }
+    }
+    return classes;
+}
+
+bool Has(const std::vector<bool>& classes, std::size_t place) {
+    return place < classes.size() && classes[place];
 }
 
 } // namespace
@@ -21,23 +60,27 @@ void ShowAsLine(LegendLine& line, int classNumber) {
 std::vector<LegendLine> ClassLegendLines() {
     const PlotRecord& record = ActiveRecord();
     const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
+    const ClassesShown shown = ShownBy(record);
     std::vector<LegendLine> lines;
-    if (!column) {
+    if (!column || !shown.Any()) {
         return lines;
     }
     const std::string& name = *column == kNumberClasses ? record.AppNumName : record.AppNonNumName;
     lines.push_back({LegendSample::None, 0, "Classified by: " + name});
-    const bool showsLines =
-        record.ClassMode == kClassesByNumber && record.NumClasses == kContouredGriddedValues;
-    const std::vector<std::int32_t> rows = RowsOfClasses(record.ClassMode);
-    for (std::size_t c = 1; c < rows.size(); ++c) {
-        if (rows[c] > 0) {
-            const int classNumber = static_cast<int>(c);
-            lines.push_back({LegendSample::Symbol, CodeOfClass(classNumber),
-                             ClassLabel(record.ClassTable, *column, classNumber)});
-            if (showsLines) {
-                ShowAsLine(lines.back(), classNumber);
-            }
+    const std::vector<bool> samples = ClassesWithSamples(record, shown);
+    const std::vector<bool> contours =
+        shown.contours ? ClassesOfValueContours() : std::vector<bool>();
+    const bool areCircles = shown.rows && record.PlotSymbolMode == kGreatCircles;
+    for (std::size_t c = 1; c < std::max(samples.size(), contours.size()); ++c) {
+        const int classNumber = static_cast<int>(c);
+        const SymbolCode code = CodeOfClass(classNumber);
+        const std::string label = ClassLabel(record.ClassTable, *column, classNumber);
+        if (Has(samples, c)) {
+            lines.push_back(
+                {areCircles ? LegendSample::GreatCircle : LegendSample::Symbol, code, label});
+        } else if (Has(contours, c)) {
+            lines.push_back(
+                {LegendSample::Line, MakeSymbolCode(CodeColour(code), kSolidLine, 1), label});
         }
     }
     return lines;

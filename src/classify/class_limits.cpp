@@ -18,13 +18,33 @@ namespace {
 constexpr const char* kTooFewClasses = "You must select at least two classes for this option.";
 constexpr int kShownDigits = 7; ///< what a narrow number can hold
 constexpr int kShortDigits = 5;
+constexpr double kLeastPlain = 1e-7; ///< smaller numbers are written with their power of ten
 
 std::size_t At(int place) {
     return static_cast<std::size_t>(place);
 }
 
+/// A value with so many significant digits at most, as "1.25E-9".
+std::string ScientificText(double value, int digits) {
+    const int power = static_cast<int>(std::floor(std::log10(std::abs(value))));
+    // Of the smallest numbers ten to that power is none any more.
+    constexpr int kHalfWay = 150;
+    const int most = std::max(power, -kHalfWay);
+    double mantissa = value / std::pow(10.0, most) / std::pow(10.0, power - most);
+    int shown = power;
+    const std::string format = "0." + std::string(At(digits - 1), '#');
+    if (std::abs(ReadNumber(FormatNumber(mantissa, format)).value_or(0)) >= 10) {
+        mantissa /= 10; // rounded up to the next power
+        ++shown;
+    }
+    return FormatNumber(mantissa, format) + "E" + std::to_string(shown);
+}
+
 /// A value with so many significant digits, but its whole part in full.
 std::string TextOfDigits(double value, int digits) {
+    if (value != 0 && std::abs(value) < kLeastPlain) {
+        return ScientificText(value, digits);
+    }
     const int whole = value == 0 ? 0 : static_cast<int>(std::floor(std::log10(std::abs(value))));
     constexpr int kMostDecimals = 15;
     if (whole >= kMostDecimals) {
@@ -34,14 +54,15 @@ std::string TextOfDigits(double value, int digits) {
     return FormatNumber(value, "0." + std::string(At(decimals), '#'));
 }
 
-/// Digits of a written number without leading zeros.
+/// Digits of a written number without leading zeros and power of ten.
 int SignificantDigits(const std::string& text) {
     const std::size_t first = text.find_first_of("123456789");
     if (first == std::string::npos) {
         return 0;
     }
-    return static_cast<int>(std::count_if(text.begin() + static_cast<std::ptrdiff_t>(first),
-                                          text.end(), [](char c) { return c >= '0' && c <= '9'; }));
+    const std::string_view digits = std::string_view(text).substr(first, text.find('E') - first);
+    return static_cast<int>(
+        std::ranges::count_if(digits, [](char c) { return c >= '0' && c <= '9'; }));
 }
 
 /// A name with what it is ordered by.
@@ -97,11 +118,11 @@ Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes) 
 
 ClassLimits ValueRanges(std::span<const double> values) {
     std::vector<double> sorted(values.begin(), values.end());
-    sorted.resize(std::clamp(sorted.size(), At(1), At(kMostRanges)));
+    sorted.resize(std::max(sorted.size(), At(1)));
     std::ranges::sort(sorted);
     ClassLimits result;
-    result.base = static_cast<int>(sorted.size());
-    std::ranges::copy(sorted, result.limits.begin());
+    result.base = static_cast<int>(std::min(sorted.size(), At(kMostRanges)));
+    std::copy_n(sorted.begin(), result.base, result.limits.begin());
     result.top = sorted.back();
     return result;
 }

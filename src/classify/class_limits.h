@@ -43,9 +43,10 @@ struct ClassLimits {
 [[nodiscard]] Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes);
 
 /// Classes that begin at the values given, in ascending order whatever theirs is, so that each of
-/// them has a class. The last class is its value alone.
+/// them has a class. The last class is its value alone; where there are more values than classes,
+/// it reaches up to the greatest.
 ///
-/// @param values  of which the first kMostRanges count; none gives one class at 0
+/// @param values  none gives one class at 0
 [[nodiscard]] ClassLimits ValueRanges(std::span<const double> values);
 
 enum class NameOrder { FirstFound, Ascending, Descending };
@@ -64,7 +65,8 @@ enum class NameOrder { FirstFound, Ascending, Descending };
 inline constexpr double kOpenTop = 999999; ///< top limit of DefaultClassTable
 
 /// A limit as a box and the legend show it: as short as seven digits allow without loss, else with
-/// five digits, the whole part never cut: "2.1", "3.3333", "0.00012", "1234567".
+/// five digits, the whole part never cut: "2.1", "3.3333", "0.00012", "1234567". Below 1e-7 with a
+/// power of ten: "1.5E-9".
 [[nodiscard]] std::string LimitText(double limit);
 
 /// A limit of DeviationSplits as a box shows it: one decimal, up to three when the deviation is

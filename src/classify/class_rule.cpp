@@ -46,13 +46,18 @@ void ReadLimits(ClassRule& rule, const ClassTableCells& table) {
 void ReadNames(ClassRule& rule, const ClassTableCells& table) {
     rule.caseSensitive = NumberOf(table[kFlagRow][kNameClasses]) == 1;
     for (std::size_t k = 0; k < rule.names.size(); ++k) {
-        std::string name = TextOf(table[kLowestRow + k][kNameClasses]);
+        std::string name = NameOfCell(table[kLowestRow + k][kNameClasses]);
         rule.names[k] = rule.caseSensitive ? std::move(name) : LowerCase(std::move(name));
     }
     rule.keepLow = NumberOf(table[kFlagRow][kTextNumberClasses]) > 0;
 }
 
 } // namespace
+
+std::string NameOfCell(const TaggedValue& cell) {
+    const auto* const name = std::get_if<std::string>(&cell);
+    return name != nullptr ? *name : std::string();
+}
 
 ClassRule RuleOfClassTable(const ClassTableCells& table, ClassColumn column) {
     ClassRule rule;

@@ -41,6 +41,10 @@ struct ClassRule {
     bool caseSensitive = false;
 };
 
+/// The name that a cell of kNameClasses holds. Only texts are names: the cells of a new plot hold
+/// numbers.
+[[nodiscard]] std::string NameOfCell(const TaggedValue& cell);
+
 /// The rule in a column of a class table. Names and ranges of texts share the number of classes and
 /// the flags of column 1. Limits of appended numbers are rounded as their column rounds the values.
 /// No class of low numbers is kept beside no base class.

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace quandrel {
@@ -101,6 +102,12 @@ std::string RefusalOf(const ClassSettings& settings, const PlotRecord& record) {
     return {};
 }
 
+/// Width of classes that share the limits' range evenly, finite however far that reaches.
+double MeanWidth(const ClassLimits& limits) {
+    constexpr double kMost = std::numeric_limits<double>::max();
+    return std::clamp((limits.top - limits.limits[0]) / limits.base, -kMost, kMost);
+}
+
 void WriteSettings(PlotRecord& record, const ClassSettings& settings) {
     record.ClassTable = TableOfSettings(settings, record.ClassTable);
     record.ClassMode = settings.mode;
@@ -114,8 +121,7 @@ void WriteSettings(PlotRecord& record, const ClassSettings& settings) {
         column == kTextNumberClasses ? settings.textNumbers.limits : settings.numbers.limits;
     record.ClassLow = hasRanges ? limits.limits[0] : 0;
     record.ClassHigh = hasRanges ? limits.top : 0;
-    record.ClassWidth =
-        hasRanges && limits.base > 0 ? (limits.top - limits.limits[0]) / limits.base : kUnsetValue;
+    record.ClassWidth = hasRanges && limits.base > 0 ? MeanWidth(limits) : kUnsetValue;
     record.Modified = kTrue;
 }
 
@@ -135,7 +141,7 @@ ClassSettings SettingsOfActivePlot() {
     }
     settings.types = WholeOf(table[kBaseRow][kTextNumberClasses], kMostNames);
     for (std::size_t k = 0; k < settings.names.size(); ++k) {
-        settings.names[k] = TextOf(table[kFirstRow + k][kNameClasses]);
+        settings.names[k] = NameOfCell(table[kFirstRow + k][kNameClasses]);
     }
     settings.keepOthers = NumberOf(table[kFlagRow][kTextNumberClasses]) > 0;
     settings.treatAsNumeric = NumberOf(table[kBaseRow][kNameClasses]) == kOn;

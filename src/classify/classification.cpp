@@ -138,8 +138,9 @@ void RefreshClassification() {
 std::string ClassLabel(const ClassTableCells& table, ClassColumn column, int classNumber) {
     const ClassRule rule = RuleOfClassTable(table, column);
     if (column == kNameClasses) {
-        return classNumber == 1 ? kOtherData
-                                : TextOf(table[static_cast<std::size_t>(classNumber) - 1][column]);
+        return classNumber == 1
+                   ? kOtherData
+                   : NameOfCell(table[static_cast<std::size_t>(classNumber) - 1][column]);
     }
     if (classNumber == 1) {
         return rule.base > 0 ? "< " + LimitLabel(table, 1, column)

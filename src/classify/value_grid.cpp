@@ -74,21 +74,35 @@ std::vector<std::vector<Point>> NodesOfClasses(const GridValues::value_type& lay
     return places;
 }
 
+/// Those of the active plot, none without grids of values.
+std::vector<std::vector<Point>> PlacesShown() {
+    const GridValues::value_type* const layer = LayerShown();
+    if (layer == nullptr) {
+        return {};
+    }
+    const PlotRecord& record = ActiveRecord();
+    return NodesOfClasses(*layer, RuleOfClassTable(record.ClassTable, kNumberClasses),
+                          record.GridSize);
+}
+
 } // namespace
 
 void DrawValueGrid() {
-    const GridValues::value_type* const layer = LayerShown();
-    if (layer == nullptr) {
-        return;
-    }
-    const PlotRecord& record = ActiveRecord();
-    const ClassRule rule = RuleOfClassTable(record.ClassTable, kNumberClasses);
-    const auto places = NodesOfClasses(*layer, rule, record.GridSize);
+    const auto places = PlacesShown();
     for (std::size_t c = 1; c < places.size(); ++c) {
         if (!places[c].empty()) {
             DrawSymbols(PlotSurface(), places[c], CodeOfClass(static_cast<int>(c)));
         }
     }
+}
+
+std::vector<bool> ClassesOfValueNodes() {
+    const auto places = PlacesShown();
+    std::vector<bool> classes;
+    for (const std::vector<Point>& nodes : places) {
+        classes.push_back(!classes.empty() && !nodes.empty());
+    }
+    return classes;
 }
 
 std::vector<ValueContour> ValueContoursOfActivePlot() {
@@ -111,6 +125,15 @@ std::vector<ValueContour> ValueContoursOfActivePlot() {
         contours.push_back({c, limit, TraceContour(grid, limit, 0)});
     }
     return contours;
+}
+
+std::vector<bool> ClassesOfValueContours() {
+    std::vector<bool> classes;
+    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+        classes.resize(static_cast<std::size_t>(contour.classNumber) + 1);
+        classes.back() = !contour.segments.empty();
+    }
+    return classes;
 }
 
 void TraceContoursClassified() {

@@ -15,6 +15,10 @@ namespace quandrel {
 /// grids nothing is drawn.
 void DrawValueGrid();
 
+/// True for each class that DrawValueGrid draws a node of: [c] for class c to the last one. Empty
+/// without value grids.
+[[nodiscard]] std::vector<bool> ClassesOfValueNodes();
+
 /// Where a class begins.
 struct ValueContour {
     int classNumber = 0; ///< of the values from the limit on
@@ -25,6 +29,9 @@ struct ValueContour {
 /// Contours of the grid shown at the lower limits of the classes of gActivePlot, within the
 /// primitive. Nodes without rows have the plot's background value; without one contours end there.
 [[nodiscard]] std::vector<ValueContour> ValueContoursOfActivePlot();
+
+/// True for each class with a contour, as ClassesOfValueNodes. O(classes * nodes^2).
+[[nodiscard]] std::vector<bool> ClassesOfValueContours();
 
 /// Draws them in the colours of their classes.
 void TraceContoursClassified();

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/letter_case.h"
 #include "platform/prompts.h"
 
 #include <string>
@@ -19,12 +20,6 @@ void Tell(const std::string& text, Icon icon = Icon::Exclamation);
 
 /// A path's last component.
 [[nodiscard]] std::string FileTitleOf(const std::string& path);
-
-/// ASCII letters in lower case.
-[[nodiscard]] std::string LowerCase(std::string text);
-
-/// True when two texts are alike but for the case of ASCII letters.
-[[nodiscard]] bool EqualWithoutCase(std::string_view a, std::string_view b);
 
 /// True when a path ends so, in any case.
 [[nodiscard]] bool HasEnding(const std::string& path, std::string_view ending);

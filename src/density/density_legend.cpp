@@ -11,6 +11,7 @@
 #include "density/point_density.h"
 #include "orientation/number_text.h"
 #include "stereo/distinct_lines.h"
+#include "stereo/row_drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,7 +41,7 @@ struct DensitiesShown {
 
 DensitiesShown ShownBy(const PlotRecord& record) {
     DensitiesShown shown;
-    if (record.ClassMode == 1 && record.NumClasses >= 1) {
+    if (!ShowsMainRows(record)) {
         return shown; // the grid shows values, whose classes have lines of their own
     }
     const std::int16_t mode = record.PlotSymbolMode;

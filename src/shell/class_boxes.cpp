@@ -116,8 +116,8 @@ void ClassBoxes::ChooseStyle(int classNumber) {
         QString("%1 of class %2: %3").arg(what).arg(classNumber).arg(LabelOfClass(classNumber));
     question.kind = patches_;
     question.down = style;
-    if (const std::optional<SymbolRow> chosen = AskStyle(question, window())) {
-        style = *chosen;
+    if (const std::optional<ChosenStyles> chosen = AskStyle(question, window())) {
+        style = chosen->down;
         ShowPatches();
         Q_EMIT Changed();
     }

@@ -9,6 +9,7 @@
 #include "input/text_file.h"
 #include "platform/platform.h"
 #include "shell/format_grid.h"
+#include "shell/frm_symbol_select.h"
 #include "shell/picture_box.h"
 #include "shell/plain_tip.h"
 #include "stereo/symbols.h"
@@ -457,6 +458,17 @@ void frmFileFormat::RestoreSymbols() {
         symbols_[i] = FirstSymbol(symbolRows_[i]);
     }
     DrawSymbols();
+}
+
+void frmFileFormat::ChangeSymbols() {
+    StyleQuestion question;
+    question.title = "Rows to come";
+    question.down = symbols_[0];
+    question.up = symbols_[1];
+    if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
+        symbols_ = {chosen->down, chosen->up};
+        DrawSymbols();
+    }
 }
 
 void frmFileFormat::changeEvent(QEvent* event) {

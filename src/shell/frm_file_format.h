@@ -162,6 +162,7 @@ private:
     void ColourLabels();
     void DrawSymbols();
     void RestoreSymbols();
+    void ChangeSymbols();
     void GoToSelector(int slot);
     [[nodiscard]] bool CheckPlotType();
 

@@ -425,8 +425,7 @@ QGroupBox* frmFileFormat::MakeSymbolBox() {
     }
     auto* buttons = new QVBoxLayout;
     cmdButtons[3] = new QPushButton("C&hange...");
-    cmdButtons[3]->setEnabled(false);
-    cmdButtons[3]->setToolTip("Symbols can be changed once their dialog is there");
+    cmdButtons[3]->setToolTip("Chooses symbol, colour and size of both");
     cmdButtons[2] = new QPushButton("Defaul&ts");
     cmdButtons[2]->setToolTip("Puts both symbols back to those of the first start");
     for (const std::size_t i : {std::size_t{3}, std::size_t{2}}) {

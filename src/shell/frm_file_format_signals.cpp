@@ -104,6 +104,7 @@ void frmFileFormat::ConnectPlotAndButtons() {
     connect(cmdButtons[0], &QPushButton::clicked, this, &frmFileFormat::accept);
     connect(cmdButtons[1], &QPushButton::clicked, this, &frmFileFormat::reject);
     connect(cmdButtons[2], &QPushButton::clicked, this, &frmFileFormat::RestoreSymbols);
+    connect(cmdButtons[3], &QPushButton::clicked, this, &frmFileFormat::ChangeSymbols);
 }
 
 } // namespace quandrel

@@ -274,9 +274,12 @@ void frmSymbolSelect::ShowChoice() {
     }
 }
 
-std::optional<SymbolRow> AskStyle(const StyleQuestion& question, QWidget* parent) {
+std::optional<ChosenStyles> AskStyle(const StyleQuestion& question, QWidget* parent) {
     frmSymbolSelect dialog(question, parent);
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Down()) : std::nullopt;
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return ChosenStyles{dialog.Down(), dialog.Up()};
 }
 
 } // namespace quandrel

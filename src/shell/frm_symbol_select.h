@@ -87,9 +87,15 @@ private:
     QButtonGroup* colours_;
 };
 
-/// Shows the picker for one style.
+/// What was chosen in the picker.
+struct ChosenStyles {
+    SymbolRow down{};
+    SymbolRow up{}; ///< what was asked with, when only one style was asked for
+};
+
+/// Shows the picker.
 ///
-/// @return the new style, nothing on Cancel
-[[nodiscard]] std::optional<SymbolRow> AskStyle(const StyleQuestion& question, QWidget* parent);
+/// @return the new styles, nothing on Cancel
+[[nodiscard]] std::optional<ChosenStyles> AskStyle(const StyleQuestion& question, QWidget* parent);
 
 } // namespace quandrel

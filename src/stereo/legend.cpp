@@ -9,6 +9,7 @@
 #include "orientation/angles.h"
 #include "stereo/draw_target.h"
 #include "stereo/plot_stages.h"
+#include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
 
@@ -126,6 +127,22 @@ void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
     }
 }
 
+void AddStage(std::vector<LegendLine>& lines,
+              const std::function<std::vector<LegendLine>()>& stage) {
+    if (stage) {
+        std::ranges::move(stage(), std::back_inserter(lines));
+    }
+}
+
+/// The classes of a classified plot, and what its rows show beside them.
+void AddClassifiedRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    AddStage(lines, gPlotStages.classLegend);
+    if (record.PlotSymbolMode == kBetaIntersections && ShowsMainRows(record)
+        && record.NumValidData > 0) {
+        AddBetaLines(lines, record);
+    }
+}
+
 void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
     for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
         const auto k = static_cast<std::size_t>(overlay);
@@ -137,13 +154,6 @@ void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
         } else {
             AddSignedSamples(lines, first, last, text);
         }
-    }
-}
-
-void AddStage(std::vector<LegendLine>& lines,
-              const std::function<std::vector<LegendLine>()>& stage) {
-    if (stage) {
-        std::ranges::move(stage(), std::back_inserter(lines));
     }
 }
 
@@ -266,7 +276,7 @@ std::vector<LegendLine> LegendLines() {
         return lines;
     }
     if (record.ClassMode > 0) {
-        AddStage(lines, gPlotStages.classLegend);
+        AddClassifiedRows(lines, record);
     } else if (record.NumValidData > 0) {
         AddMainRows(lines, record);
     }

@@ -26,6 +26,10 @@ namespace {
 /// A read-back pole that points up by more than this has left the net; it has no great circle.
 constexpr double kSteepestUpwardPole = 0.05;
 
+constexpr std::int16_t kByNumbers = 1;      ///< ClassMode of a plot that may show a grid of values
+constexpr std::int16_t kPointsAlone = 0;    ///< NumClasses that show rows: these without a grid,
+constexpr std::int16_t kContoursOnRows = 4; ///< these with contours of the values
+
 /// Which places of the net were taken, by whole plot units.
 class TakenPlaces {
 public:
@@ -66,8 +70,8 @@ SymbolCode CodeOfRow(std::int32_t index, RowStyle style) {
     return CodeOfStyleRow(row);
 }
 
-/// The rows of a range in the order of the table, without those that a later one of the same style
-/// and place covers.
+/// The rows of a range in the order of the table, without hidden ones and those that a later one of
+/// the same style and place covers.
 std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyle style) {
     std::unordered_map<SymbolCode, TakenPlaces> taken;
     std::vector<StyledRow> rows;
@@ -79,6 +83,9 @@ std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyl
             continue;
         }
         const SymbolCode code = CodeOfRow(index, style);
+        if (CodeSymbol(code) == kNoSymbol) {
+            continue;
+        }
         if (code != currentCode) {
             current = &taken[code];
             currentCode = code;
@@ -152,6 +159,11 @@ DistinctPlanes PlanesOfMainRows() {
 }
 
 } // namespace
+
+bool ShowsMainRows(const PlotRecord& record) {
+    return record.ClassMode != kByNumbers || record.NumClasses == kPointsAlone
+           || record.NumClasses == kContoursOnRows;
+}
 
 void DrawRowSymbols(RowRange range, RowStyle style) {
     Surface& surface = PlotSurface();

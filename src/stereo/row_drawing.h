@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include "core/plot_record.h"
 #include "core/row_table.h"
 #include "core/style_tables.h"
 #include "orientation/angles.h"
@@ -18,6 +19,10 @@
 #include <vector>
 
 namespace quandrel {
+
+/// True when the main rows of a plot are drawn, in whatever mode it has. A plot that is classified
+/// by appended numbers may show their grid instead.
+[[nodiscard]] bool ShowsMainRows(const PlotRecord& record);
 
 /// Rows to draw: those of the active plot's table whose point index lies from `first` to `last`.
 struct RowRange {
@@ -36,11 +41,12 @@ enum class RowStyle {
 void DrawRowSymbols(RowRange range, RowStyle style = RowStyle::Own);
 
 /// The great circle of each row: of the plane whose pole stands in the table, in the colour of the
-/// row. A row of a line shows the plane at right angles to it.
+/// row. A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.
 void DrawRowGreatCircles(RowRange range);
 
-/// A symbol where the planes of each pair of valid main rows meet, in the style of row 0. Parallel
-/// planes have no intersection. Returns how many there are. n different planes cost n (n - 1) / 2.
+/// A symbol where the planes of each pair of valid main rows meet, hidden ones too, in the style of
+/// row 0. Parallel planes have no intersection. Returns how many there are. n different planes cost
+/// n (n - 1) / 2.
 std::int64_t DrawBetaIntersections();
 
 /// Positions, without repeats, of the intersections of all pairs of planes.

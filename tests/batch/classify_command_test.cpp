@@ -74,9 +74,32 @@ TEST_F(BatchClasses, RefuseWhatTheDialogRefuses) {
     for (const char* const wrong :
          {"mode=4", "mode=1 procedure=first", "mode=3 procedure=equal", "mode=1 limits=1",
           "mode=1 limits=a,b", "plottype=5", "procedure=best", "background=low",
-          "mode=1 procedure=stddev classes=1"}) {
+          "mode=1 procedure=stddev classes=1", "mode=1 names=slate", "mode=2 names=1",
+          "mode=2 limits=1,2 names=", "mode=3 limits=1,2", "mode=3 high=yes",
+          "mode=3 names=slate high=no"}) {
         EXPECT_NE(Run(open + "classify " + wrong), "") << wrong;
     }
+}
+
+TEST_F(BatchClasses, OfAPlotWithoutAnyBeginAsInTheDialog) {
+    EXPECT_EQ(Run(open
+                  + "classify mode=1 classes=3; get ClassTable; get NumClassified; "
+                    "classify mode=1 classes=2; get NumClassified; "
+                    "classify mode=3 classes=2 low=no; get NumClassified"),
+              "");
+    const auto dump = Dump(open + "classify mode=1 classes=3");
+    const auto& table = dump["record"]["ClassTable"];
+    EXPECT_EQ(table[0][0], 3);
+    EXPECT_EQ(table[1][0], 1);
+    EXPECT_EQ(table[2][0], 3);
+    EXPECT_EQ(table[3][0], 5);
+    EXPECT_EQ(table[11][0], 7);
+    const auto again = Dump(open + "classify mode=1 limits=0,1,9; classify mode=1 classes=2");
+    EXPECT_EQ(again["record"]["ClassTable"][2][0], 1) << "limits that are there stay";
+    const auto types = Dump(open + "classify mode=3 classes=2 low=no");
+    EXPECT_EQ(types["record"]["ClassTable"][1][2], "slate");
+    EXPECT_EQ(types["record"]["ClassTable"][2][2], "marl");
+    EXPECT_EQ(types["record"]["NumClassified"], 3);
 }
 
 } // namespace

@@ -2,7 +2,10 @@
 
 #include "class_fixture.h"
 #include "classify/class_editing.h"
+#include "core/data_format.h"
 #include "stereo/plot_stages.h"
+
+#include <algorithm>
 
 namespace quandrel {
 namespace {
@@ -12,6 +15,19 @@ protected:
     void TearDown() override {
         gPlotStages = {};
         ClassTest::TearDown();
+    }
+
+    /// A plot with a row of class 2 by number, in the styles that classes have now.
+    int MakeClassifiedPlot() {
+        NewPlot();
+        AddRow(45, 90, 50302);
+        EXPECT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+        gAppNumeric.At(gActivePlot, 1) = 1;
+        ActiveRecord().HasAppendedNumeric = kTrue;
+        ActiveRecord().ClassMode = kClassesByNumber;
+        ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {0, 2, 4}, 0);
+        ApplyClassification(kClassesByNumber);
+        return gActivePlot;
     }
 };
 
@@ -266,6 +282,38 @@ TEST_F(ClassEditingTest, StylesAreReadAndWrittenInTheirRowsAlone) {
         EXPECT_EQ(gSymbolTable[row] != before[row], isWritten) << row;
     }
     EXPECT_EQ(StylesOfClasses(kFirstRoseClassStyle), styles);
+}
+
+TEST_F(ClassEditingTest, NewStylesShowInEveryClassifiedPlot) {
+    const int active = gActivePlot;
+    AddNumbers({1, 3});
+    const int other = MakeClassifiedPlot();
+    const int rose = MakeClassifiedPlot();
+    ActiveRecord().PlotKind = kRose;
+    ActiveRecord().NumClassified = 77;
+    NewPlot();
+    AddRow(45, 90, 50302);
+    const int plain = gActivePlot;
+    gActivePlot = active;
+    ClassSettings chosen;
+    chosen.mode = kClassesByNumber;
+    chosen.numbers.limits = Limits({0, 2, 4});
+    ClassStyles styles = StylesOfClasses(kFirstClassStyle);
+    const int shown = Form(other).TimesShown();
+    ASSERT_EQ(ApplyClasses(chosen, styles), "");
+    EXPECT_EQ(Form(other).TimesShown(), shown) << "no style has changed";
+    styles[1] = {8, 13, 7}; // class 2
+    ASSERT_EQ(ApplyClasses(chosen, styles), "");
+    EXPECT_EQ(gActivePlot, active);
+    EXPECT_EQ(gDataSymbol(other, 1), MakeSymbolCode(8, 13, 7));
+    EXPECT_EQ(gDataSymbolBase(other, 1), 50302U);
+    EXPECT_EQ(Form(other).TimesShown(), shown + 1);
+    const auto drawn = DrawnOn(Form(other).Plot());
+    EXPECT_TRUE(std::ranges::any_of(
+        drawn, [](const DrawOperation& operation) { return operation.colour == TableColour(8); }));
+    EXPECT_EQ(gDataSymbol(rose, 1), MakeSymbolCode(8, 13, 7));
+    EXPECT_EQ(RecordOf(rose).NumClassified, 77) << "what the rose counted";
+    EXPECT_EQ(gDataSymbol(plain, 1), 50302U);
 }
 
 } // namespace

@@ -2,7 +2,11 @@
 
 #include "class_fixture.h"
 #include "classify/class_legend.h"
+#include "classify/class_settings.h"
 #include "classify/classification.h"
+#include "core/class_stats.h"
+#include "density/grid_density.h"
+#include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 
 namespace quandrel {
@@ -76,6 +80,91 @@ TEST_F(ClassLegend, StandsInTheLegendOfAClassifiedPlot) {
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1].text, "Classified by: Thickness");
     EXPECT_EQ(lines[2].text, "2-4");
+}
+
+/// Two rows on one place, with values in the outermost classes and a mean amid them.
+class GridLegend : public ClassLegend {
+protected:
+    void SetUp() override {
+        ClassLegend::SetUp();
+        AddNumbers({1, 9});
+        PlotRecord& record = ActiveRecord();
+        record.ClassMode = kClassesByNumber;
+        record.ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6, 8}, 3);
+        record.ClassStats[kGridChoice] = {static_cast<double>(ClassGridValue::Mean), 0};
+        gGridDensitySlider = 40;
+        ComputeGridDensity();
+    }
+
+    void TearDown() override {
+        gGridDensitySlider = 50;
+        ClassLegend::TearDown();
+    }
+
+    static std::vector<LegendSample> Samples() {
+        std::vector<LegendSample> samples;
+        for (const LegendLine& line : ClassLegendLines()) {
+            samples.push_back(line.sample);
+        }
+        return samples;
+    }
+};
+
+using SampleList = std::vector<LegendSample>;
+constexpr LegendSample kText = LegendSample::None;
+constexpr LegendSample kSymbol = LegendSample::Symbol;
+constexpr LegendSample kLine = LegendSample::Line;
+
+TEST_F(GridLegend, ListsTheClassesThatThePlotTypeShows) {
+    // Nodes have the mean 5 about the rows and the background 0 elsewhere: contours lie at 2 and 4.
+    const struct {
+        ClassPlotType type;
+        Lines texts;
+        SampleList samples;
+    } cases[] = {
+        {kClassifiedPoints, {"< 2", "> 8"}, {kText, kSymbol, kSymbol}},
+        {kGriddedValues, {"4-6"}, {kText, kSymbol}},
+        {kContouredGriddedValues, {"2-4", "4-6"}, {kText, kLine, kLine}},
+        {kContoursWithGridPoints, {"2-4", "4-6"}, {kText, kLine, kSymbol}},
+        {kContoursWithDataPoints,
+         {"< 2", "2-4", "4-6", "> 8"},
+         {kText, kSymbol, kLine, kLine, kSymbol}},
+    };
+
+    for (const auto& row : cases) {
+        ActiveRecord().NumClasses = row.type;
+        Lines expected = {"Classified by: Thickness"};
+        expected.insert(expected.end(), row.texts.begin(), row.texts.end());
+        EXPECT_EQ(Texts(), expected) << row.type;
+        EXPECT_EQ(Samples(), row.samples) << row.type;
+    }
+}
+
+TEST_F(GridLegend, LinesHaveTheColoursOfTheContours) {
+    ActiveRecord().NumClasses = kContouredGriddedValues;
+    EXPECT_EQ(ClassLegendLines()[2].code,
+              MakeSymbolCode(CodeColour(CodeOfClass(3)), kSolidLine, 1));
+}
+
+TEST_F(GridLegend, ShowsNoSamplesOfRowsThatAreNotDrawnInTheirStyles) {
+    for (const std::int16_t mode : {kBetaIntersections, kPointDensitySymbols, kGridDensitySymbols,
+                                    kContours, kContoursAndGrid}) {
+        ActiveRecord().PlotSymbolMode = mode;
+        ActiveRecord().NumClasses = kClassifiedPoints;
+        EXPECT_TRUE(Texts().empty()) << mode;
+        ActiveRecord().NumClasses = kContoursWithDataPoints;
+        EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "2-4", "4-6"})) << mode;
+        ActiveRecord().NumClasses = kGriddedValues;
+        EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "4-6"})) << mode;
+    }
+}
+
+TEST_F(GridLegend, OfGreatCirclesShowsLinesInTheirColours) {
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    const std::vector<LegendLine> lines = ClassLegendLines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1].sample, LegendSample::GreatCircle);
+    EXPECT_EQ(lines[2].code, CodeOfClass(5));
 }
 
 } // namespace

@@ -2,9 +2,11 @@
 
 #include "classify/class_limits.h"
 #include "core/settings.h"
+#include "orientation/number_text.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace quandrel {
@@ -75,7 +77,7 @@ TEST(ValueRanges, GiveEachValueItsClass) {
 TEST(ValueRanges, HaveAtMostTenClassesAndAtLeastOne) {
     const std::vector<double> many = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
     EXPECT_EQ(ValueRanges(many).base, 10);
-    EXPECT_EQ(ValueRanges(many).top, 10);
+    EXPECT_EQ(ValueRanges(many).top, 11);
     EXPECT_EQ(ValueRanges({}).base, 1);
     EXPECT_EQ(ValueRanges({}).top, 0);
 }
@@ -126,6 +128,14 @@ TEST(LimitText, IsShortAndLosesNothingThatAUserTyped) {
         {-10.0 / 3, "-3.3333"},
         {200.0 / 3, "66.667"},
         {0.00012, "0.00012"},
+        {1e-7, "0.0000001"},
+        {9.5e-8, "9.5E-8"},
+        {-2e-9, "-2E-9"},
+        {1.5e-16, "1.5E-16"},
+        {1e-8 / 3, "3.3333E-9"},
+        {9.99999999e-9, "1E-8"},
+        {1e-300, "1E-300"},
+        {5e-324, "4.9407E-324"},
         {0.0123456789, "0.012346"},
         {1234567, "1234567"},
         {1234567.75, "1234568"},
@@ -143,6 +153,27 @@ TEST(DeviationLimitText, HasOneDecimalAtLeast) {
     EXPECT_EQ(DeviationLimitText(7.12345, 2), "7.123");
     EXPECT_EQ(DeviationLimitText(712.3456, 20), "712.3");
     EXPECT_EQ(DeviationLimitText(0.00012, 0.00001), "0.00012");
+}
+
+TEST(ValueRanges, OfElevenValuesKeepTheGreatestWhateverTheirOrder) {
+    const std::vector<double> values = {11, 3, 7, 1, 9, 5, 2, 10, 4, 8, 6};
+    const ClassLimits limits = ValueRanges(values);
+    EXPECT_EQ(AllLimits(limits), (std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
+    ClassRule rule;
+    rule.column = kTextNumberClasses;
+    rule.base = limits.base;
+    rule.limits = limits.limits;
+    rule.top = limits.top;
+    for (const double value : values) {
+        EXPECT_EQ(ClassOfNumber(rule, value), std::min(static_cast<int>(value) + 1, 11)) << value;
+    }
+}
+
+TEST(LimitText, OfSmallLimitsReadsBackAsWhatItShows) {
+    for (const double limit : {9.5e-8, -2e-9, 1.25e-30}) {
+        EXPECT_EQ(ReadNumber(LimitText(limit)), limit);
+    }
+    EXPECT_EQ(DeviationLimitText(2.5e-9, 1e-9), "2.5E-9");
 }
 
 } // namespace

@@ -181,5 +181,19 @@ TEST(ClassOfName, KeepsOthersForAnyFlagAboveNone) {
     }
 }
 
+TEST(ClassOfName, KnowsCaseBeyondAscii) {
+    const ClassTableCells table =
+        TableOfNames({"Ärmelsand", "GRÈS", "Øyegneis", "Яшма"}, true, false);
+    const ClassRule rule = RuleOfClassTable(table, kNameClasses);
+    EXPECT_EQ(ClassOfName(rule, "ärmelSAND"), 2);
+    EXPECT_EQ(ClassOfName(rule, "grès"), 3);
+    EXPECT_EQ(ClassOfName(rule, "gres"), 1) << "an accent is no matter of case";
+    EXPECT_EQ(ClassOfName(rule, "øyegneis"), 4);
+    EXPECT_EQ(ClassOfName(rule, "ЯШМА"), 5);
+    const ClassRule strict =
+        RuleOfClassTable(TableOfNames({"Ärmelsand"}, true, true), kNameClasses);
+    EXPECT_EQ(ClassOfName(strict, "ärmelsand"), 1);
+}
+
 } // namespace
 } // namespace quandrel

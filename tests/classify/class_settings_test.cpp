@@ -330,5 +330,27 @@ TEST_F(ClassSettingsTest, OpenWhatTheColumnsAndTheModeAllow) {
     }
 }
 
+TEST_F(ClassSettingsTest, OfANewPlotHaveNoNames) {
+    ASSERT_FALSE(IsEmpty(ActiveRecord().ClassTable[1][kNameClasses])) << "a number";
+    AddTexts({"0", "slate"});
+    EXPECT_EQ(SettingsOfActivePlot().names, (std::array<std::string, kMostNames>{}));
+    ActiveRecord().ClassTable[0][kTextNumberClasses] = std::int16_t{1};
+    const ClassRule rule = RuleOfClassTable(ActiveRecord().ClassTable, kNameClasses);
+    EXPECT_EQ(ClassOfName(rule, "0"), 0);
+    EXPECT_EQ(ClassLabel(ActiveRecord().ClassTable, kNameClasses, 2), "");
+}
+
+TEST_F(ClassSettingsTest, HaveAFiniteWidthHoweverFarTheLimitsLie) {
+    AddNumbers({3});
+    ClassSettings chosen;
+    chosen.mode = kClassesByNumber;
+    chosen.numbers.limits.base = 2;
+    chosen.numbers.limits.limits[0] = -1.7e308;
+    chosen.numbers.limits.top = 1.7e308;
+    ASSERT_EQ(ApplyClassSettings(chosen), "");
+    EXPECT_TRUE(std::isfinite(ActiveRecord().ClassWidth));
+    EXPECT_GT(ActiveRecord().ClassWidth, 1e308 / 2);
+}
+
 } // namespace
 } // namespace quandrel

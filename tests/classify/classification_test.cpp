@@ -2,6 +2,8 @@
 
 #include "class_fixture.h"
 #include "classify/classification.h"
+#include "stereo/plot_driver.h"
+#include "stereo/symbols.h"
 
 #include <algorithm>
 #include <numeric>
@@ -267,6 +269,32 @@ TEST_F(Classification, WarningNamesTheShareAndTheDelimiter) {
               "your data or reset the Regional Settings from the Windows Control Panel.");
     gDecimalIsComma = true;
     EXPECT_NE(DecimalWarningText().find("to use comma decimal"), std::string::npos);
+}
+
+TEST_F(Classification, GreatCirclesAreThoseOfRowsWithAClassAndASymbol) {
+    const std::int32_t directions[] = {10, 130, 250};
+    const float values[] = {1, 3, 5}; // of no class, of class 2, of class 3
+    for (std::size_t i = 0; i < 3; ++i) {
+        AddRow(50, directions[i], 50302);
+        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+        gAppNumeric.At(gActivePlot, ActiveRecord().NumData) = values[i];
+    }
+    PlotRecord& record = ActiveRecord();
+    record.ClassMode = kClassesByNumber;
+    record.ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6}, 0);
+    record.PlotSymbolMode = kGreatCircles;
+    const SymbolRow former = gSymbolTable[41];
+    gSymbolTable[41][kPlaceSymbol] = kNoSymbol; // class 3
+    ApplyClassification(kClassesByNumber);
+    ReplotActivePlot(true);
+    std::vector<Colour> arcs;
+    for (const DrawOperation& operation : DrawnOn(Form(gActivePlot).Plot())) {
+        if (operation.kind == DrawOperation::Kind::Arc) {
+            arcs.push_back(operation.colour);
+        }
+    }
+    gSymbolTable[41] = former;
+    EXPECT_EQ(arcs, std::vector<Colour>{TableColour(CodeColour(CodeOfClass(2)))});
 }
 
 } // namespace

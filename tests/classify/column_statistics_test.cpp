@@ -106,5 +106,12 @@ TEST_F(ColumnStatisticsTest, HaveNoBackgroundWhereItIsUnset) {
     EXPECT_EQ(GridBackground(ActiveRecord()), std::nullopt);
 }
 
+TEST_F(ColumnStatisticsTest, TypesAreAlikeButForCaseInAnyAlphabet) {
+    AddTexts({"Élite", "élite", "ÉLITE", "Яшма", "яшма"});
+    EXPECT_EQ(DistinctTexts(false), (std::vector<std::string>{"Élite", "Яшма"}));
+    EXPECT_EQ(DistinctTexts(true).size(), 5U);
+    EXPECT_EQ(StatisticsOfColumn(kNameClasses).distinct, 2U);
+}
+
 } // namespace
 } // namespace quandrel

@@ -152,10 +152,14 @@ TEST_F(DensityLegend, IsEmptyWhereTheGridShowsValuesOfClasses) {
     ActiveRecord().ClassMode = 1;
     SetLevels({2, 4});
     EXPECT_EQ(BandLegendLines().size(), 4U) << "densities of a plot of classified points";
-    for (std::int16_t type = 1; type <= 4; ++type) {
+    for (std::int16_t type = 1; type <= 3; ++type) {
         ActiveRecord().NumClasses = type;
         EXPECT_TRUE(BandLegendLines().empty()) << type;
     }
+    ActiveRecord().NumClasses = 4;
+    EXPECT_EQ(BandLegendLines().size(), 4U) << "contours of values over the densities";
+    ActiveRecord().PlotSymbolMode = kPointSymbols;
+    EXPECT_TRUE(BandLegendLines().empty()) << "and over points";
 }
 
 /// The styles of the bands that counts from `least` to n fall into.

@@ -2,8 +2,10 @@
 
 #include "shell/file_format_fixture.h"
 #include "shell/format_grid.h"
+#include "shell/frm_symbol_select.h"
 #include "shell/picture_box.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -11,6 +13,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <map>
 #include <set>
@@ -513,10 +516,36 @@ TEST_F(FileFormatTest, DrawsTheSymbolsAndPutsThemBack) {
     EXPECT_EQ(gSymbolTable[kRowSymbol], first);
 }
 
-TEST_F(FileFormatTest, CannotChangeSymbolsYet) {
+TEST_F(FileFormatTest, ChangesBothSymbolsInThePicker) {
+    const auto table = gSymbolTable;
+    gSymbolTable[kRowSymbol] = {5, 3, 4};
+    gSymbolTable[kUpRowSymbol] = {8, 7, 4};
     Open();
-    EXPECT_FALSE(Of<QWidget>("cmdButtons_3").isEnabled());
-    EXPECT_FALSE(Of<QWidget>("cmdButtons_3").toolTip().isEmpty());
+    EXPECT_TRUE(Of<QWidget>("cmdButtons_3").isEnabled());
+    std::pair<SymbolRow, SymbolRow> asked;
+    const auto answer = [&](bool takes) {
+        QTimer::singleShot(0, dialog_.get(), [&asked, takes] {
+            auto* picker = static_cast<frmSymbolSelect*>(QApplication::activeModalWidget());
+            asked = {picker->Down(), picker->Up()};
+            QTest::mouseClick(picker->picColour[19], Qt::LeftButton);
+            QTest::mouseClick(picker->picSymbolTypes[13], Qt::RightButton);
+            takes ? picker->accept() : picker->reject();
+        });
+        Press("cmdButtons_3");
+    };
+    const auto blue = [this] {
+        return Count(dialog_->picCurrentSymbol[0]->grab().toImage(), QColor(0, 0, 255));
+    };
+    answer(false);
+    EXPECT_EQ(asked, std::pair(SymbolRow{5, 3, 4}, SymbolRow{8, 7, 4}));
+    EXPECT_EQ(blue(), 0);
+    answer(true);
+    EXPECT_GT(blue(), 5);
+    EXPECT_EQ(gSymbolTable[kRowSymbol], (SymbolRow{5, 3, 4})) << "before OK";
+    PressOk();
+    EXPECT_EQ(gSymbolTable[kRowSymbol], (SymbolRow{19, 3, 4}));
+    EXPECT_EQ(gSymbolTable[kUpRowSymbol], (SymbolRow{8, 13, 4}));
+    gSymbolTable = table;
 }
 
 // The keyboard.
@@ -613,8 +642,9 @@ TEST_F(FileFormatTest, GoesThroughAllControlsByTab) {
         "chkAppended_2",     "cboAppName_1",      "chkFreqIsAppended", "cboColumns_6",
         "cboColumns_7",      "cboColumns_8",      "cboColumns_9",      "cmdInitialColumns",
         "chkSaveSettings_0", "chkSaveSettings_2", "cmdDataType_1",     "cmdDataType_2",
-        "cmdDataType_3",     "chkSecondaryData",  "cmdButtons_2",      "cboDelim",
-        "chkTableHeadings",  "grdDataFormat",     "cmdButtons_0",      "cmdButtons_1"};
+        "cmdDataType_3",     "chkSecondaryData",  "cmdButtons_3",      "cmdButtons_2",
+        "cboDelim",          "chkTableHeadings",  "grdDataFormat",     "cmdButtons_0",
+        "cmdButtons_1"};
     for (std::size_t i = 1; i < std::size(order); ++i) {
         EXPECT_LT(at(order[i - 1]), at(order[i])) << order[i];
     }

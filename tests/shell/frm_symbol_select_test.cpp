@@ -3,12 +3,14 @@
 #include "shell/frm_symbol_select.h"
 #include "support/shell_test.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -273,6 +275,27 @@ TEST_F(SymbolSelectTest, NamesEveryCellForScreenReaders) {
         EXPECT_FALSE(cell->toolTip().isEmpty());
     }
     EXPECT_EQ(ColourCell(8).accessibleName(), "Colour 8: red 255, green 0, blue 0");
+}
+
+TEST_F(SymbolSelectTest, AskingGivesBothStylesOrNothing) {
+    StyleQuestion question;
+    question.title = "Rows";
+    question.down = kDown;
+    question.up = kUp;
+    const auto answer = [&question](bool takes) {
+        QTimer::singleShot(0, [takes] {
+            auto* picker = static_cast<frmSymbolSelect*>(QApplication::activeModalWidget());
+            Click(*picker->picSymbolTypes[4], Qt::LeftButton);
+            Click(*picker->picColour[9], Qt::RightButton);
+            takes ? picker->accept() : picker->reject();
+        });
+        return AskStyle(question, nullptr);
+    };
+    EXPECT_FALSE(answer(false));
+    const std::optional<ChosenStyles> both = answer(true);
+    ASSERT_TRUE(both);
+    EXPECT_EQ(both->down, (SymbolRow{5, 4, 2}));
+    EXPECT_EQ(both->up, (SymbolRow{9, 7, 4}));
 }
 
 } // namespace

@@ -103,5 +103,28 @@ TEST_F(Legend, OfARoseIsTheRosesOwn) {
     EXPECT_EQ(Texts().size(), 2U);
 }
 
+TEST_F(Legend, OfAClassifiedPlotTellsOfIntersectionsWhereTheyAreDrawn) {
+    AddRow(30, 120, 0);
+    AddRow(60, 250, 0);
+    PlotRecord& record = ActiveRecord();
+    record.PlotSymbolMode = kBetaIntersections;
+    record.BetaCount = 1;
+    gPlotStages.classLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "C"}}; };
+    const auto tells = [] {
+        const auto texts = Texts();
+        return std::ranges::count(texts, "1 intersections of") == 1
+               && std::ranges::count(texts, "2 planes") == 1;
+    };
+    for (std::int16_t mode = 1; mode <= 3; ++mode) {
+        record.ClassMode = mode;
+        EXPECT_TRUE(tells()) << mode;
+    }
+    record.ClassMode = 1;
+    for (std::int16_t type = 0; type <= 4; ++type) {
+        record.NumClasses = type;
+        EXPECT_EQ(tells(), type == 0 || type == 4) << type;
+    }
+}
+
 } // namespace
 } // namespace quandrel
