@@ -4,8 +4,8 @@
 //
 // The value of a node is the number of rows within kGridCountCone of the line under it. A node
 // outside the primitive stands for a line that left the net on this side and came in on the other,
-// at its distance from the rim mirrored; contours are clipped before that matters. Nodes are indexed
-// [column][row].
+// at its distance from the rim mirrored; contours are clipped before that matters. Nodes are
+// indexed [column][row].
 
 #pragma once
 

@@ -26,9 +26,9 @@ extern std::vector<std::string> gPrinters;
 /// The start command of the first recent file; the others follow it.
 inline constexpr int kFirstRecentFile = 91;
 
-/// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 6 a workspace, 91
-/// and above recent file number `index` modulo 10, any other a stereographic plot of a file. False
-/// when nothing was opened.
+/// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 6 a
+/// workspace, 91 and above recent file number `index` modulo 10, any other a stereographic plot of
+/// a file. False when nothing was opened.
 bool IntroStart(int index);
 
 } // namespace quandrel
