@@ -107,7 +107,7 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     app.add_option("--size", options.size, "height of a PNG in pixels")
         ->check(CLI::Range(50, 20000))
         ->needs(picture);
-    app.add_option("--save", options.save, "file to save the plot to: .txt")->needs(data);
+    app.add_option("--save", options.save, "file to save the plot to: .qpx or .txt")->needs(data);
     app.add_option("--json", options.json, "file for all data and results of the plot")
         ->needs(data);
     app.add_option("--format", options.format, "format of the data, as for the command 'format'")

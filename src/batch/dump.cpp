@@ -219,6 +219,60 @@ Json OperationsJson(const RecordingSurface& surface) {
     return operations;
 }
 
+Json AnnotationsJson(const PlotRecord& record) {
+    Json marks = Json::array();
+    if (record.PlotAnnotations == nullptr) {
+        return marks;
+    }
+    for (const Annotation& mark : *record.PlotAnnotations) {
+        Json nodes = Json::array();
+        for (const LineNode& node : mark.LineNodes) {
+            nodes.push_back({node.X, node.Y});
+        }
+        marks.push_back({{"X", mark.X},
+                         {"Y", mark.Y},
+                         {"SymbolType", mark.SymbolType},
+                         {"Colour", mark.Colour},
+                         {"Size", mark.Size},
+                         {"lineStyle", mark.lineStyle},
+                         {"Tag", mark.Tag},
+                         {"LineNodes", nodes}});
+    }
+    return marks;
+}
+
+Json SmallCirclesJson(const PlotRecord& record) {
+    Json circles = Json::array();
+    if (record.PlotSmallCircles == nullptr) {
+        return circles;
+    }
+    for (const SmallCircle& circle : *record.PlotSmallCircles) {
+        circles.push_back({{"LineColour", circle.LineColour},
+                           {"lineStyle", circle.lineStyle},
+                           {"LineWidth", circle.LineWidth},
+                           {"Visible", circle.Visible},
+                           {"LastPlotSects", circle.LastPlotSects},
+                           {"Angle", circle.Angle},
+                           {"AxisAz", circle.AxisAz},
+                           {"AxisPl", circle.AxisPl}});
+    }
+    return circles;
+}
+
+/// What of a plot stands beside its record and its rows.
+void AddParts(Json& json) {
+    const PlotRecord& record = ActiveRecord();
+    json["annotations"] = AnnotationsJson(record);
+    json["smallCircles"] = SmallCirclesJson(record);
+    json["gridCount"] = gGridCount[static_cast<std::size_t>(gActivePlot)];
+    const WindowPlace place = FormOf(gActivePlot).Place();
+    json["window"] = {{"state", place.state},
+                      {"top", place.top},
+                      {"left", place.left},
+                      {"width", place.width},
+                      {"height", place.height}};
+}
+
 } // namespace
 
 Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& operations) {
@@ -228,6 +282,7 @@ Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
     json["record"] = RecordJson(ActiveRecord());
     json["rows"] = RowsJson();
     json["table"] = TableJson();
+    AddParts(json);
     const auto load = gPlotLoads.find(gActivePlot);
     if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
         json["load"] = LoadJson(load->second);

@@ -5,6 +5,8 @@
 #include "core/settings.h"
 #include "platform/platform.h"
 
+#include <filesystem>
+
 namespace quandrel {
 
 void Tell(const std::string& text, Icon icon) {
@@ -24,6 +26,12 @@ std::string FileTitleOf(const std::string& path) {
 bool HasEnding(const std::string& path, std::string_view ending) {
     return path.size() >= ending.size()
            && EqualWithoutCase(std::string_view(path).substr(path.size() - ending.size()), ending);
+}
+
+std::string NormalPath(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
+    return failed ? path : whole.lexically_normal().string();
 }
 
 } // namespace quandrel

@@ -21,6 +21,10 @@ void Tell(const std::string& text, Icon icon = Icon::Exclamation);
 /// A path's last component.
 [[nodiscard]] std::string FileTitleOf(const std::string& path);
 
+/// One spelling for each file, so that it is known again wherever it is named from: its absolute
+/// path.
+[[nodiscard]] std::string NormalPath(const std::string& path);
+
 /// True when a path ends so, in any case.
 [[nodiscard]] bool HasEnding(const std::string& path, std::string_view ending);
 

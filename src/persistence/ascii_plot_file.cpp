@@ -249,8 +249,9 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
 }
 
-SaveOutcome SavePlotAs(const std::string& path, SaveKind kind) {
+SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
     PlotRecord& record = ActiveRecord();
+    const std::string path = NormalPath(target);
     const std::string name = FileTitleOf(path);
     const bool isBinary = HasEnding(path, kBinaryEnding);
     // A file of its own has been agreed to before.
@@ -265,9 +266,8 @@ SaveOutcome SavePlotAs(const std::string& path, SaveKind kind) {
         TellFailure(record, error, kind);
         return SaveOutcome::Failed;
     }
-    if (isBinary) {
-        record.SaveFileName = path;
-    }
+    // A text holds less than the plot: a binary file from before is not this plot any more.
+    record.SaveFileName = isBinary ? path : std::string();
     TakeNameOf(record, path);
     return SaveOutcome::Saved;
 }

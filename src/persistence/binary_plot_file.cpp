@@ -62,8 +62,9 @@ void StoreRow(const PlotRecord& record, std::int32_t row, const BinaryRow& store
     }
     gDataSymbolBase.At(gActivePlot, row) = PlainCode(record, row, stored);
     if (record.HasAppendedLine != 0) {
-        gAppLineDip.At(gActivePlot, row) = stored.lineDip;
-        gAppLineAz.At(gActivePlot, row) = stored.lineAzimuth;
+        const bool isMain = row <= record.NumData; // files keep none of overlay rows
+        gAppLineDip.At(gActivePlot, row) = isMain ? stored.lineDip : kInvalidAppendedLine;
+        gAppLineAz.At(gActivePlot, row) = isMain ? stored.lineAzimuth : 0;
     }
     if (record.HasAppendedNumeric != 0) {
         gAppNumeric.At(gActivePlot, row) = row <= record.NumData ? stored.number : kInvalidNumber;

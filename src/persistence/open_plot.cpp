@@ -96,13 +96,6 @@ private:
     bool used_ = false;
 };
 
-/// One spelling for each file, so that it is known again.
-std::string NormalPath(const std::string& path) {
-    std::error_code failed;
-    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
-    return failed ? path : whole.lexically_normal().string();
-}
-
 void RememberPath(const std::string& path) {
     openedBefore = true;
     gLastUsedPath = std::filesystem::path(path).parent_path().string();

@@ -25,7 +25,8 @@ constexpr std::string_view kListEnd = "[End Files List]";
 constexpr const char* kLineEnd = "\r\n";
 
 /// Relative to the folder where the path is in or below it.
-std::string ListedPath(const fs::path& path, const fs::path& folder) {
+std::string ListedPath(const std::string& file, const fs::path& folder) {
+    const fs::path path = NormalPath(file);
     const fs::path relative = path.lexically_normal().lexically_relative(folder.lexically_normal());
     const bool isBelow = !relative.empty() && *relative.begin() != "..";
     return (isBelow ? relative : path).generic_string();
@@ -46,8 +47,9 @@ std::string SavedFileOf(const PlotRecord& record) {
     return record.MainFiles.size() == 1 ? record.MainFiles.front() : std::string();
 }
 
-/// The file that a plot is listed by; nothing for one that is left out.
-std::optional<std::string> FileToList(int slot) {
+/// The file that a plot is listed by, an empty text for one that the user leaves out; a failure
+/// when it was to be saved and was not.
+Result<std::string> FileToList(int slot) {
     PlotInWork work(slot);
     const PlotRecord& record = ActiveRecord();
     const bool hasFile = !record.SaveFileName.empty();
@@ -64,20 +66,28 @@ std::optional<std::string> FileToList(int slot) {
                                + "\nSave it now?\n"
                                  "(If the answer is No it will be omitted from the workspace)",
                            Icon::Question, Buttons::YesNo};
-    if (gPlatform.prompts->Ask(question) != Button::Yes
-        || SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
-        return std::nullopt;
+    if (gPlatform.prompts->Ask(question) != Button::Yes) {
+        return std::string();
+    }
+    if (SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
+        return Failure{record.PlotTitle + " was not saved"};
     }
     return SavedFileOf(record);
 }
 
-std::vector<std::string> PathsToList() {
+/// The files of all plots that are to be listed; nothing when the user thinks better of a save, or
+/// one fails.
+std::optional<std::vector<std::string>> PathsToList() {
     std::vector<std::string> paths;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {
         if (!IsOpenSlot(slot)) {
             continue;
         }
-        if (const std::optional<std::string> file = FileToList(slot); file && !file->empty()) {
+        const Result<std::string> file = FileToList(slot);
+        if (!file) {
+            return std::nullopt;
+        }
+        if (!file->empty()) {
             paths.push_back(*file);
         }
     }
@@ -169,8 +179,11 @@ WorkspaceOutcome SaveWorkspace() {
 }
 
 WorkspaceOutcome SaveWorkspaceAs(const std::string& path) {
-    const std::vector<std::string> paths = PathsToList();
-    const std::string error = WriteFileAtomically(path, WorkspaceText(paths, FolderOf(path)));
+    const std::optional<std::vector<std::string>> paths = PathsToList();
+    if (!paths) {
+        return WorkspaceOutcome::Cancelled;
+    }
+    const std::string error = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path)));
     if (!error.empty()) {
         Tell("The workspace could not be saved\n" + path + "\n" + error);
         return WorkspaceOutcome::Failed;

@@ -41,7 +41,8 @@ enum class WorkspaceDialog { Open, Save };
 enum class WorkspaceOutcome { Saved, Cancelled, Failed };
 
 /// Saves the list of the open plots, after a dialog for its path and a question for each plot that
-/// has unsaved data: it is saved or left out.
+/// has unsaved data: it is saved or left out. Cancelled when such a save comes to nothing: then no
+/// workspace is written.
 WorkspaceOutcome SaveWorkspace();
 
 /// As SaveWorkspace, to a path that is known.

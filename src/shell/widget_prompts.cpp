@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <map>
 
 namespace quandrel {
@@ -137,6 +138,29 @@ QString EndingOfFilter(const QString& filter) {
     return ending.match(filter).captured(1);
 }
 
+/// The dialog takes what follows a point in a name for its ending. A name whose last part is none
+/// that the filters know gets the chosen filter's; nothing when that file exists and is to stay.
+std::optional<std::string> WithEnding(const std::string& path, const PathQuestion& question,
+                                      const QString& filter, QWidget* parent) {
+    const QString ending = EndingOfFilter(filter);
+    const QString suffix = QFileInfo(QString::fromStdString(path)).suffix();
+    const QStringList filters = FiltersOf(question.filter);
+    const bool isKnown = std::any_of(filters.begin(), filters.end(), [&suffix](const QString& f) {
+        return EndingOfFilter(f).compare(suffix, Qt::CaseInsensitive) == 0;
+    });
+    if (ending.isEmpty() || suffix.isEmpty() || isKnown) {
+        return path;
+    }
+    const QString whole = QString::fromStdString(path) + "." + ending;
+    const bool mayWrite =
+        !QFileInfo::exists(whole)
+        || QMessageBox::question(parent, QString::fromStdString(question.title),
+                                 QFileInfo(whole).fileName()
+                                     + " already exists.\nDo you want to replace it?")
+               == QMessageBox::Yes;
+    return mayWrite ? std::optional(whole.toStdString()) : std::nullopt;
+}
+
 } // namespace
 
 QWidget* WidgetPrompts::Parent() const {
@@ -182,7 +206,8 @@ std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& questi
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useEnding);
     useEnding(dialog.selectedNameFilter());
     dialog.selectFile(QString::fromStdString(question.fileName));
-    return dialog.Path();
+    const std::optional<std::string> path = dialog.Path();
+    return path ? WithEnding(*path, question, dialog.selectedNameFilter(), &dialog) : path;
 }
 
 std::optional<FormatAnswer> WidgetPrompts::AskFormat(const FormatQuestion& question) {

@@ -457,5 +457,15 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
 }
 
+TEST_F(Batch, ADumpOfAPlotFileShowsWhatStandsBesideItsRows) {
+    const auto dump =
+        Dump("open \"" + std::string(QUANDREL_TEST_DATA) + "/persistence/version_9_5.qpx\"");
+    EXPECT_FALSE(dump.at("annotations").empty());
+    EXPECT_FALSE(dump["annotations"][0].at("LineNodes").is_null());
+    EXPECT_EQ(dump.at("smallCircles").size(), 5U);
+    EXPECT_TRUE(dump.at("gridCount").is_number());
+    EXPECT_GT(dump.at("window").at("width"), 0);
+}
+
 } // namespace
 } // namespace quandrel

@@ -72,6 +72,17 @@ TEST_F(BinarySaving, APlotTakesTheNameOfItsFileAndIsUnchanged) {
     EXPECT_EQ(FilesBeside(), 2U);
 }
 
+TEST_F(BinarySaving, APlotThatIsSavedAsTextHasNoPlotFileAnyMore) {
+    OpenPlanes();
+    const std::string plotFile = (folder / "beds.qpx").string();
+    ASSERT_EQ(SavePlotAs(plotFile, SaveKind::SaveAs), SaveOutcome::Saved);
+    EXPECT_EQ(ActiveRecord().SaveFileName, plotFile);
+    gDataAz.At(gActivePlot, 1) = 200;
+    ActiveRecord().Modified = kTrue;
+    ASSERT_EQ(SavePlotAs((folder / "beds.txt").string(), SaveKind::SaveAs), SaveOutcome::Saved);
+    EXPECT_EQ(ActiveRecord().SaveFileName, "") << "it holds the rows as they were";
+}
+
 TEST_F(BinarySaving, SaveWritesAgainWithoutAWord) {
     OpenPlanes();
     const std::string path = Path("beds.qpx");
@@ -95,6 +106,21 @@ TEST_F(BinarySaving, SeveralFilesAreAskedAboutAndOverlaysAreKept) {
     Result<BinaryPlot> plot = ReadBinaryPlotFile(Path("all.qpx"));
     ASSERT_TRUE(plot);
     EXPECT_EQ(plot->record.OverlayRows[1], 1);
+}
+
+TEST_F(BinarySaving, OverlayRowsComeBackWithoutAppendedLines) {
+    OpenPlanes();
+    OpenPlotFile(kOverlayCommand, WriteFile("more.txt", "10\t20\n"));
+    ActiveRecord().HasAppendedLine = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Line));
+    const std::int32_t last = ActiveRecord().NumLoadedData;
+    gAppLineDip.At(gActivePlot, 1) = 14;
+    gAppLineDip.At(gActivePlot, last) = 14;
+    Expect("This plot contains data from more than one file.", Button::Ok);
+    ASSERT_EQ(SavePlotAs(Path("all.qpx"), SaveKind::SaveAs), SaveOutcome::Saved);
+    ASSERT_NE(OpenPlotFile(kNewCommand, Path("all.qpx")), kLoadError);
+    EXPECT_EQ(gAppLineDip(gActivePlot, 1), 14);
+    EXPECT_EQ(gAppLineDip(gActivePlot, last), kInvalidAppendedLine);
 }
 
 TEST_F(BinarySaving, AFailureIsToldAndLeavesThePlotChanged) {

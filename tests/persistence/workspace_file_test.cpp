@@ -2,6 +2,7 @@
 
 #include "core/settings.h"
 #include "input/file_loading.h"
+#include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
 #include "support/plot_rows.h"
@@ -111,6 +112,27 @@ TEST_F(Workspace, ListsWhatIsSavedOnTheWay) {
     prompts.QueueSavePath(Path("beds.txt"));
     EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
     EXPECT_EQ(PathsOfWorkspace(TextOf(Path("w.qwo")), folder), Paths{Path("beds.txt")});
+}
+
+TEST_F(Workspace, IsNotWrittenWhenASaveComesToNothing) {
+    PlotWith("", true);
+    WriteFile("w.qwo", "the former one");
+    Expect("Save it now?", Button::Yes);
+    prompts.QueueSavePath(Path("missing/beds.qpx"));
+    Expect("unknown error trying to save");
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Cancelled);
+    EXPECT_EQ(TextOf(Path("w.qwo")), "the former one");
+}
+
+TEST_F(Workspace, ListsAPlotSavedUnderARelativePath) {
+    const std::filesystem::path former = std::filesystem::current_path();
+    std::filesystem::create_directories(folder / "s");
+    std::filesystem::current_path(folder);
+    PlotWith("", true);
+    EXPECT_EQ(SavePlotAs("s/a.qpx", SaveKind::SaveAs), SaveOutcome::Saved);
+    EXPECT_EQ(SaveWorkspaceAs("s/w.qwo"), WorkspaceOutcome::Saved);
+    std::filesystem::current_path(former);
+    EXPECT_EQ(PathsOfWorkspace(TextOf(Path("s/w.qwo")), folder / "s"), Paths{Path("s/a.qpx")});
 }
 
 TEST_F(Workspace, ThatCannotBeWrittenIsTold) {

@@ -145,6 +145,22 @@ TEST_F(WidgetQuestions, ASavedFileGetsTheEndingOfItsKind) {
     }
 }
 
+TEST_F(WidgetQuestions, APointInANameIsNoEnding) {
+    const std::pair<const char*, const char*> names[] = {
+        {"site1.2", "site1.2.qpx"}, {"a.txt", "a.txt"}, {"b.QPX", "b.QPX"}};
+    for (const auto& [name, expected] : names) {
+        WhenShown([name = name](QWidget& dialog) {
+            ControlOf<QLineEdit>(dialog, "fileNameEdit").setText(name);
+            QTest::keyClick(&ControlOf<QLineEdit>(dialog, "fileNameEdit"), Qt::Key_Return);
+        });
+        PathQuestion question;
+        question.folder = folder.string();
+        question.filter = gDataFileFilter;
+        question.filterIndex = 3;
+        EXPECT_EQ(widgetPrompts.AskSavePath(question), (folder / expected).string());
+    }
+}
+
 TEST_F(WidgetQuestions, AFileThatExistsIsAskedAbout) {
     WriteFile("x.txt", "1\t2\n");
     WhenShown([](QWidget& dialog) {
