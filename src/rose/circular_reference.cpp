@@ -3,6 +3,7 @@
 #include "rose/circular_reference.h"
 
 #include "orientation/angles.h"
+#include "orientation/concentration.h"
 
 #include <algorithm>
 #include <cmath>
@@ -237,17 +238,7 @@ double VonMisesLength(double kappa) {
 }
 
 double VonMisesKappa(double meanLength) {
-    if (meanLength <= 0) {
-        return 0;
-    }
-    // The length grows with kappa, and is above kappa / (1 + sqrt(1 + kappa^2)).
-    double low = 0;
-    double high = 1 / (1 - meanLength) + 1;
-    for (int step = 0; step < 200 && high - low > 1e-15 * high; ++step) {
-        const double middle = (low + high) / 2;
-        (VonMisesLength(middle) < meanLength ? low : high) = middle;
-    }
-    return (low + high) / 2;
+    return ConcentrationOf(VonMisesLength, meanLength);
 }
 
 double CorrectedKappa(double kappa, double n) {

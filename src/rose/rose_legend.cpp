@@ -3,6 +3,7 @@
 #include "rose/rose_legend.h"
 
 #include "classify/classification.h"
+#include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "rose/rose_radii.h"
@@ -10,7 +11,6 @@
 #include "rose/rose_wedges.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace quandrel {
 
@@ -21,13 +21,6 @@ constexpr int kStepped = 1;
 
 LegendLine TextLine(std::string text) {
     return {LegendSample::None, 0, std::move(text)};
-}
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return lower;
 }
 
 /// The first characters of a text, those of several bytes whole.
@@ -84,7 +77,7 @@ int PatchWidth(const PlotRecord& record, int classNumber, int classes) {
 } // namespace
 
 std::string RoseValueLabel(std::string_view name) {
-    const std::string lower = LowerCase(name);
+    const std::string lower = LowerCase(std::string(name));
     if (lower == "weighting") {
         return "Wghted freq";
     }

@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "orientation/concentration.h"
 #include "orientation/eigen.h"
 #include "statistics/fabric_kernels.h"
 
@@ -206,17 +207,7 @@ std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {
 }
 
 double FisherKappaOf(double meanLength) {
-    if (meanLength <= 0) {
-        return 0;
-    }
-    // The mean length grows with kappa, and is above 1 - 1/kappa.
-    double low = 0;
-    double high = 1 / (1 - meanLength) + 1;
-    for (int step = 0; step < 200 && high - low > 1e-15 * high; ++step) {
-        const double middle = (low + high) / 2;
-        (MeanLengthOf(middle) < meanLength ? low : high) = middle;
-    }
-    return (low + high) / 2;
+    return ConcentrationOf(MeanLengthOf, meanLength);
 }
 
 } // namespace quandrel

@@ -238,12 +238,11 @@ void DrawStereoPlot(bool recalculate) {
     if (record.NumSymbolsInPlot > 0) {
         record.DensityInvalid = kTrue;
     }
-    const bool isClassified = IsClassifiedByNumber(record);
-    if (isClassified && record.NumClasses >= 1) {
+    if (IsClassifiedByNumber(record) && record.NumClasses >= 1) {
         DrawClassifiedGrid(record);
     }
     record.BetaCount = 0;
-    if (!isClassified || record.NumClasses == 0 || record.NumClasses == 4) {
+    if (ShowsMainRows(record)) {
         record.BetaCount = DrawMainRows(record);
     }
     if (!IsDrawingElsewhere()) {
