@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -191,7 +192,7 @@ ClassFigures FiguresOfActivePlot() {
 bool HasNumericTypes() {
     const std::int32_t rows = ActiveRecord().NumData;
     for (std::int32_t row = 1; row <= rows; ++row) {
-        if (gDataDip(gActivePlot, row) != kErrorRow && AppendedTextNumberOfRow(row)) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow && AppendedTextNumberOfRow(row)) {
             return true;
         }
     }

@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "stereo/row_positions.h"
 #include "stereo/symbols.h"
 
 namespace quandrel {
@@ -71,7 +72,7 @@ std::optional<ClassColumn> ColumnOfClassMode(int mode) {
 }
 
 int ClassOfRow(const ClassRule& rule, std::int32_t row) {
-    if (gDataDip(gActivePlot, row) == kErrorRow) {
+    if (DipOfRow(gActivePlot, row) == kErrorRow) {
         return 0;
     }
     if (rule.column == kNameClasses) {
@@ -95,7 +96,7 @@ std::vector<std::int32_t> RowsOfClasses(int mode) {
     const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
     std::vector<std::int32_t> rows(static_cast<std::size_t>(LastClass(rule)) + 1);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (gDataDip(gActivePlot, row) != kErrorRow) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow) {
             ++rows[static_cast<std::size_t>(ClassOfRow(rule, row))];
         }
     }
@@ -160,7 +161,7 @@ bool DecimalWarningNeeded(ClassColumn column) {
         return false;
     }
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (gDataDip(gActivePlot, row) != kErrorRow && !NumberOfRow(column, row)) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow && !NumberOfRow(column, row)) {
             return true;
         }
     }

@@ -8,6 +8,7 @@
 #include "density/class_grid.h"
 #include "density/grid_geometry.h"
 #include "orientation/angles.h"
+#include "stereo/row_positions.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -21,7 +22,7 @@ template <class Visit>
 void VisitRows(Visit visit) {
     const std::int32_t last = ActiveRecord().NumData;
     for (std::int32_t row = 1; row <= last; ++row) {
-        if (gDataDip(gActivePlot, row) != kErrorRow && !visit(row)) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow && !visit(row)) {
             return;
         }
     }

@@ -12,6 +12,7 @@
 #include "stereo/plot_driver.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quandrel {
 
@@ -102,7 +103,7 @@ bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend) {
     ParsedRow line;
     line.status = LineStatus::Row;
     line.dip = RoundToEven(RadToDeg(plunge));
-    line.az = RoundToEven(RadToDeg(trend));
+    line.az = std::fmod(RoundToEven(RadToDeg(trend)), 360);
     RowFaults faults;
     return StoreDataRow(line, row, RowTarget{}, faults);
 }

@@ -13,6 +13,7 @@
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -227,7 +228,7 @@ std::string AsciiPlotText() {
     const PlotRecord& record = ActiveRecord();
     std::string text = HeadLines(record) + BuildParameterLine(true);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (gDataDip(gActivePlot, row) != kErrorRow) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow) {
             text += TextOfRow(record, row);
         }
     }

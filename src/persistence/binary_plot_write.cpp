@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "persistence/binary_plot_fields.h"
+#include "stereo/row_positions.h"
 
 #include <new>
 
@@ -41,7 +42,7 @@ std::int32_t RowsOf(const PlotRecord& record) {
 
 BinaryRow RowInStore(int slot, std::int32_t row) {
     BinaryRow stored;
-    stored.dip = gDataDip(slot, row);
+    stored.dip = DipOfRow(slot, row); // a file knows nothing of the links that mark rows
     stored.azimuth = gDataAz(slot, row);
     stored.density = gPointDensity(slot, row);
     stored.order = gDataOrder(slot, row);

@@ -159,7 +159,8 @@ private:
 };
 
 void GatheredRows::GatherOrientations(const PlotRecord& record) {
-    if (record.ShowSecondary == 0) {
+    // A child's rows may be marked as none; the columns alone do not tell.
+    if (record.ShowSecondary == 0 && record.KinematicState == 0) {
         rows_.dips = RowsOf(gDataDip, count_, dips_);
         rows_.azimuths = RowsOf(gDataAz, count_, azimuths_);
         return;

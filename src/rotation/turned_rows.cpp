@@ -128,7 +128,7 @@ bool HasUpward(const DataColumn<std::int32_t>& column, int slot, std::int32_t fi
                std::int32_t last) {
     for (std::int32_t row = first; row <= last; ++row) {
         const std::int32_t plunge = column(slot, row);
-        if (plunge < 0 && plunge >= -90 && gDataDip(slot, row) != kErrorRow) {
+        if (plunge < 0 && plunge >= -90 && DipOfRow(slot, row) != kErrorRow) {
             return true;
         }
     }
@@ -161,6 +161,17 @@ SetRule RuleOfOverlay(int slot, int overlay, std::int32_t first, std::int32_t la
             Directed(isPolar || HasUpward(gDataDip, slot, first, last))};
 }
 
+/// True when an open plot shows the P or T axes of these faults.
+bool HasKinematicAxes(int slot) {
+    for (int other = 1; other <= HighestSlot(); ++other) {
+        if (IsOpenSlot(other) && RecordOf(other).KinematicState == slot
+            && !RecordOf(other).AxesTitle.empty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Turns the rows of one plot.
 class RowTurner {
 public:
@@ -169,7 +180,8 @@ public:
         , rotation_(rotation)
         , record_(RecordOf(slot))
         , primary_(RuleOfPrimary(slot))
-        , secondary_(RuleOfSecondary(slot)) {}
+        , secondary_(RuleOfSecondary(slot))
+        , hasAxes_(HasKinematicAxes(slot)) {}
 
     TurnedRows Turn() {
         CopyRows();
@@ -188,6 +200,9 @@ private:
     }
 
     static bool IsError(Rows& rows, std::int32_t row) { return At(rows, row).dip == kErrorRow; }
+
+    /// True for a row that stays as it is.
+    [[nodiscard]] bool IsNoRow(std::int32_t row) const { return DipOfRow(slot_, row) == kErrorRow; }
 
     Rows Copied(const DataColumn<std::int32_t>& dips, const DataColumn<std::int32_t>& azimuths) {
         Rows rows(static_cast<std::size_t>(record_.NumLoadedData) + 1);
@@ -214,7 +229,7 @@ private:
 
     void TurnRange(std::int32_t first, std::int32_t last, SetRule rule) {
         for (std::int32_t row = first; row <= last; ++row) {
-            if (IsError(rows_.primary, row)) {
+            if (IsNoRow(row)) {
                 continue;
             }
             if (IsUnfolding(rotation_.operation)) {
@@ -229,8 +244,8 @@ private:
         ShownOrientation& main = At(rows_.primary, row);
         if (HasSecondary(row)) {
             ShownOrientation& second = At(rows_.secondary, row);
-            const bool isSlip =
-                rule.isPlane && !secondary_.isPlane && secondary_.sense == LineSense::Directed;
+            const bool isSlip = rule.isPlane && !secondary_.isPlane
+                                && (hasAxes_ || secondary_.sense == LineSense::Directed);
             second = isSlip ? TurnedSlip(rotation_, main, second)
                             : TurnedOrientation(rotation_, secondary_, second);
         }
@@ -310,6 +325,7 @@ private:
     const PlotRecord& record_;
     SetRule primary_;
     SetRule secondary_;
+    bool hasAxes_; ///< the lines tell of slip: a fault that turns over keeps its movement
     LineSense appendedSense_ = LineSense::None;
     TurnedRows rows_;
 };

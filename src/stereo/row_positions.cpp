@@ -65,6 +65,11 @@ bool MarksParallelPlanes(int slot, std::int32_t plunge) {
 
 } // namespace
 
+std::int32_t DipOfRow(int slot, std::int32_t row) {
+    const std::int32_t dip = gDataDip(slot, row);
+    return MarksParallelPlanes(slot, dip) ? kErrorRow : dip;
+}
+
 ShownOrientation PoleInDegrees(ShownOrientation plane) {
     const std::int32_t trend = plane.azimuth < 180 ? plane.azimuth + 180 : plane.azimuth - 180;
     return {90 - std::abs(plane.dip), trend};

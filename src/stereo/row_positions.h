@@ -32,6 +32,11 @@ struct ShownOrientation {
     std::int32_t azimuth = 0;
 };
 
+/// The primary dip or plunge of a row as it counts: kErrorRow also for a row of a plot of
+/// intersections whose planes do not meet in a line, which the columns mark with -90. Everyone who
+/// takes rows from the columns asks here which of them are rows.
+[[nodiscard]] std::int32_t DipOfRow(int slot, std::int32_t row);
+
 /// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip plays no part.
 [[nodiscard]] ShownOrientation PoleInDegrees(ShownOrientation plane);
 

@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -465,6 +466,40 @@ TEST_F(Batch, ADumpOfAPlotFileShowsWhatStandsBesideItsRows) {
     EXPECT_EQ(dump.at("smallCircles").size(), 5U);
     EXPECT_TRUE(dump.at("gridCount").is_number());
     EXPECT_GT(dump.at("window").at("width"), 0);
+}
+
+TEST_F(Batch, ParallelPlanesAreNoRowsWhateverBecomesOfTheirPlot) {
+    Write("pairs.txt", "45\t0\t45\t90\n0\t10\t30\t90\n45\t360\t45\t0\n70\t20\t50\t200\n");
+    const std::string made =
+        "format primary=plane secondary=plane delimiter=tab columns=0,1,2,2,3 data=planes; "
+        "open \"FOLDER/pairs.txt\"; intersections; ";
+    const auto turned = Dump(made + "rotate op=3 axis=10,20 angle=100");
+    EXPECT_EQ(turned["record"]["NumValidData"], 3);
+    const std::vector<int> plunges = turned["rows"]["gDataDip"];
+    EXPECT_EQ(std::ranges::count(plunges, -90), 1) << "the mark stays";
+    EXPECT_EQ(std::ranges::count_if(plunges, [](int plunge) { return plunge >= 0; }), 3)
+        << "lines have no sense";
+    ASSERT_EQ(Run(made + "plot rose; stats"), "");
+    EXPECT_NE(out.str().find("No. of Data = 3\r\n"), std::string::npos) << out.str();
+    for (const char* const name : {"i.qpx", "i.txt"}) {
+        const std::string path = "\"FOLDER/" + std::string(name) + "\"";
+        ASSERT_EQ(Run(made + "save " + path + "; close; open " + path + "; get NumValidData"), "");
+        EXPECT_EQ(out.str(), "3\n") << name;
+    }
+}
+
+TEST_F(Batch, FaultsWithAxesKeepTheirMovementWhenTheyTurnOver) {
+    Write("faults.txt", "30\t90\t30\t90\n");
+    const std::string open =
+        "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
+        "open \"FOLDER/faults.txt\"; ";
+    // The plane dips 70 to the west then, its other side up: what went down goes up.
+    const auto plain = Dump(open + "rotate op=3 axis=0,0 angle=100");
+    EXPECT_EQ(std::abs(plain["rows"]["gDataDip"][0].get<int>()),
+              std::abs(plain["rows"]["gData2Dip"][0].get<int>()));
+    EXPECT_GE(plain["rows"]["gData2Dip"][0], 0) << "a line without sense";
+    const auto slip = Dump(open + "kinematic 0; activate 1; rotate op=3 axis=0,0 angle=100");
+    EXPECT_EQ(slip["rows"]["gData2Dip"][0].get<int>(), -plain["rows"]["gData2Dip"][0].get<int>());
 }
 
 } // namespace
