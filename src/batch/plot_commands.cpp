@@ -11,6 +11,7 @@
 #include "core/plot_store.h"
 #include "derive/secondary_data.h"
 #include "program/recalculate.h"
+#include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 
@@ -87,6 +88,13 @@ std::string Replot(const Command&, std::ostream&) {
 }
 
 std::string Rotate(const Command& command, std::ostream& log) {
+    if (command.Words() == "undo") {
+        if (!CanUndoRotation()) {
+            return "there is no rotation to undo";
+        }
+        UndoRotation();
+        return {};
+    }
     std::string note;
     const std::string error = ApplyRotateArguments(command.arguments, note);
     if (error.empty() && !note.empty()) {

@@ -502,5 +502,13 @@ TEST_F(Batch, FaultsWithAxesKeepTheirMovementWhenTheyTurnOver) {
     EXPECT_EQ(slip["rows"]["gData2Dip"][0].get<int>(), -plain["rows"]["gData2Dip"][0].get<int>());
 }
 
+TEST_F(Batch, AUndoneRotationLeavesTheRowsAsTheyWere) {
+    const std::string open = "format data=planes; open \"FOLDER/planes.txt\"; ";
+    const auto before = Dump(open);
+    const auto after = Dump(open + "rotate op=3 axis=10,20 angle=33; rotate undo");
+    EXPECT_EQ(before["rows"], after["rows"]);
+    EXPECT_EQ(Run(open + "rotate undo"), "line 1: rotate: there is no rotation to undo");
+}
+
 } // namespace
 } // namespace quandrel
