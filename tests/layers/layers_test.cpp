@@ -32,7 +32,7 @@ const std::map<std::string, Folders>& AllowedIncludes() {
     static const Folders onDensity = above(onStereo, {"density"});
     static const Folders onAll =
         above(onPersistence, {"rotation", "derive", "statistics", "density", "classify", "rose"});
-    static const Folders engine = above(onAll, {"program"});
+    static const Folders engine = above(onAll, {"edit", "program"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"orientation", {}},
@@ -46,6 +46,7 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"density", onStereo},
         {"classify", onDensity},
         {"rose", above(onDensity, {"classify"})},
+        {"edit", onAll},
         {"program", onAll},
         {"platform/qt", engine},
         {"batch", above(engine, {"platform/qt"})},

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/add_point.h"
+
+#include "core/data_format.h"
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/derived_plots.h"
+#include "edit/annotations.h"
+#include "edit/readout.h"
+#include "edit/undo.h"
+#include "input/data_rows.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "platform/platform.h"
+#include "rotation/rotate_data.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <optional>
+#include <utility>
+
+namespace quandrel {
+
+std::function<void(std::int32_t slot)> gRemoveGeoLink;
+
+namespace {
+
+constexpr const char* kContinueQuestion = "\nContinue and add the new data point?";
+
+[[nodiscard]] bool AskYes(const std::string& text) {
+    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
+}
+
+std::string QuestionOfAxes(const PlotRecord& record) {
+    std::string text = "If you manually add points to this plot of kinematic axes you will break "
+                       "its link to the parent fault data plot.";
+    if (record.AxesTitle == kBothAxes) {
+        text += "\nThe P & T data will then be treated as a single dataset of lines.";
+    }
+    return text + kContinueQuestion;
+}
+
+/// True when the user lets go of the links that a new row would break.
+[[nodiscard]] bool AcceptLossOfLinks(const PlotRecord& record) {
+    if (record.MapInfoLinked != 0
+        && !AskYes(std::string("If you manually add points to this plot you will break its link "
+                               "to the MapInfo Table")
+                   + kContinueQuestion)) {
+        return false;
+    }
+    return record.AxesTitle.empty() || AskYes(QuestionOfAxes(record));
+}
+
+void BreakLinks(PlotRecord& record) {
+    if (record.MapInfoLinked != 0) {
+        record.MapInfoLinked = 0;
+        if (gRemoveGeoLink) {
+            gRemoveGeoLink(gActivePlot);
+        }
+    }
+    if (!record.AxesTitle.empty()) {
+        TakeAxesAsLines(record);
+    }
+}
+
+/// Rows go over the main data: these are secondary ones, or have others laid over them.
+bool GoesOverMainRows(const PlotRecord& record) {
+    return record.OverlayRows[0] > 0 || record.ShowSecondary != 0;
+}
+
+/// The overlay that takes a new row, made if need be; nothing when there are too many.
+std::optional<int> OverlayForRow(PlotRecord& record) {
+    const std::int32_t top = record.OverlayRows[0];
+    if (IsOverlayMadeByHand(record, top)) {
+        return top;
+    }
+    if (top >= kMaxOverlays) {
+        Tell("You can't overlay any more points on this plot");
+        return std::nullopt;
+    }
+    const auto overlay = static_cast<std::size_t>(top) + 1;
+    record.OverlayRows[0] = top + 1;
+    record.OverlayRows[overlay] = 0;
+    record.OverlayKind[overlay] = kOverlayPolarLines;
+    record.OverlayFiles[overlay].clear();
+    return top + 1;
+}
+
+/// Counts a row of an overlay, or a main row, in or out.
+void CountRow(PlotRecord& record, int overlay, int step) {
+    record.NumLoadedData += step;
+    if (overlay > 0) {
+        std::int32_t& rows = record.OverlayRows[static_cast<std::size_t>(overlay)];
+        rows += step;
+        if (rows == 0) {
+            record.OverlayKind[static_cast<std::size_t>(overlay)] = 0;
+            record.OverlayRows[0] -= 1;
+        }
+        return;
+    }
+    record.NumValidData += step;
+    record.NumData += step;
+}
+
+/// Stores a row behind the others of gActivePlot. Counts it first, as the store asks for its place.
+[[nodiscard]] bool StorePoint(PlotRecord& record, int overlay, double dip, double azimuth) {
+    CountRow(record, overlay, 1);
+    ParsedRow row;
+    row.status = LineStatus::Row;
+    row.dip = dip;
+    row.az = azimuth;
+    if (overlay > 0 && record.ShowSecondary != 0 && record.SecondaryFormat != kNoSecondary) {
+        // The store lets both orientations of such a row change places.
+        row.secondaryPresent = true;
+        row.dip2 = std::exchange(row.dip, kErrorRow);
+        row.az2 = std::exchange(row.az, 0);
+    }
+    const RowTarget target{overlay, record.SecondaryFormat, false, false};
+    RowFaults faults;
+    if (StoreDataRow(row, record.NumLoadedData, target, faults)) {
+        return true;
+    }
+    CountRow(record, overlay, -1);
+    return false;
+}
+
+/// The texts of a new row for the line under a position: of the plane where that is its pole.
+void TextsOfPoint(const NetLine& line, bool isUpward, std::string& dipText, std::string& azText) {
+    const PlotRecord& record = ActiveRecord();
+    double dip = line.plunge;
+    double azimuth = line.trend;
+    if (!GoesOverMainRows(record) && IsPlottedAsPole(record, 0)) {
+        PoleOfPlane(line.plunge, line.trend, dip, azimuth);
+    }
+    dipText = RadToDegText(isUpward ? -dip : dip);
+    azText = RadToDegText(azimuth);
+}
+
+} // namespace
+
+bool IsOverlayMadeByHand(const PlotRecord& record, int overlay) {
+    const auto place = static_cast<std::size_t>(overlay);
+    return overlay >= 1 && overlay <= record.OverlayRows[0] && overlay != record.SelectedOverlay
+           && record.OverlayKind[place] == kOverlayPolarLines && record.OverlayFiles[place].empty();
+}
+
+void AddStereoPoint(int button, double x, double y) {
+    if (gBusy || !IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    const std::optional<NetLine> line = LineUnder(ActiveRecord().PlotKind, x, y);
+    if (!line) {
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer) {
+        (void)AddAnnotation(button, x, y);
+        return;
+    }
+    std::string dipText;
+    std::string azText;
+    TextsOfPoint(*line, button == kRightMouseButton, dipText, azText);
+    (void)AddPointToPlot(dipText, azText);
+}
+
+bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
+    if (gBusy || !IsOpenSlot(gActivePlot) || ActiveRecord().PlotKind == kRose) {
+        return false;
+    }
+    PlotRecord& record = ActiveRecord();
+    if (!AcceptLossOfLinks(record)) {
+        return false;
+    }
+    int overlay = 0;
+    if (GoesOverMainRows(record)) {
+        const std::optional<int> taker = OverlayForRow(record);
+        if (!taker) {
+            return false;
+        }
+        overlay = *taker;
+        record.SelectedOverlay = 0;
+    }
+    BreakLinks(record);
+    if (!StorePoint(record, overlay, ParseNumber(dipText), ParseNumber(azText))) {
+        return false;
+    }
+    record.Modified = kTrue;
+    record.RowsChanged = kTrue;
+    ForgetRotation();
+    KeepAddedForUndo(kAddEdit, record.NumLoadedData, 1);
+    ReplotActivePlot(true);
+    return true;
+}
+
+} // namespace quandrel

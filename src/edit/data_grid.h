@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+//
+// The rows of a plot as a grid: its columns, the texts of its cells, and the edits that wait in it.
+//
+// Cells of orientations are dip or plunge and azimuth in whole degrees, whatever the convention in
+// force. The main rows come in the order in which they were loaded, those of the overlays follow
+// and cannot be edited. Grid rows and columns count from 0; texts are made when they are asked for.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "stereo/row_positions.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+enum class GridAlign { Left, Right, Centre };
+
+/// What a column of the grid shows.
+enum class GridColumnKind {
+    RowNumber,
+    Dip, ///< or plunge
+    Azimuth,
+    SecondaryDip,
+    SecondaryAzimuth,
+    LinePlunge,
+    LineTrend,
+    Number,
+    Text,
+    Edited, ///< kEditedMark in rows with edits
+};
+
+struct GridColumn {
+    GridColumnKind kind = GridColumnKind::RowNumber;
+    std::string header;
+    GridAlign align = GridAlign::Left;
+};
+
+inline constexpr std::string_view kEditedMark = "*";
+inline constexpr std::string_view kDeletedRow = "deleted"; ///< in the first data cell
+inline constexpr std::string_view kNonDataRow = "non-data";
+
+/// The heads of a plot's columns in one text: each behind a "|" but the first, with ">" in front
+/// where it is right-aligned and "^" where it is centred.
+[[nodiscard]] std::string GridFormatOf(const PlotRecord& record);
+
+/// The columns of GridFormatOf.
+[[nodiscard]] std::vector<GridColumn> GridColumnsOf(const PlotRecord& record);
+
+/// The caption of the grid of a plot.
+[[nodiscard]] std::string DataGridCaption(const PlotRecord& record);
+
+/// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, as the parser of
+/// files reads dip, dip direction or plunge, trend. Nothing when they are none.
+[[nodiscard]] std::optional<ShownOrientation> ReadGridPair(std::string_view dip,
+                                                           std::string_view azimuth, bool isPlane);
+
+/// A cell as an appended number; nothing when it is none that a column can hold.
+[[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);
+
+class DataGrid {
+public:
+    /// The grid of an open plot, filled.
+    explicit DataGrid(int slot);
+
+    /// Fills the grid from the store anew: edits and marks of deleted rows are gone. O(rows log
+    /// rows).
+    void Fill();
+
+    [[nodiscard]] int Slot() const { return slot_; }
+
+    [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
+
+    [[nodiscard]] std::size_t RowCount() const { return lines_.size(); }
+
+    /// What a cell shows: its edit, or what the store holds. Secondary orientations, lines and
+    /// numbers that are missing are empty.
+    [[nodiscard]] std::string CellText(std::size_t row, std::size_t column) const;
+
+    /// What the editor of a cell begins with: as CellText, but no "non-data".
+    [[nodiscard]] std::string EditText(std::size_t row, std::size_t column) const;
+
+    /// The line of a file that stands behind an error row, or nothing.
+    [[nodiscard]] std::string LineBehind(std::size_t row) const;
+
+    /// True for the data cells of main rows that are there, and of new ones.
+    [[nodiscard]] bool IsEditable(std::size_t row, std::size_t column) const;
+
+    /// Takes a new text for a cell; the store is not touched. False when it cannot be edited, or
+    /// holds this text already.
+    bool SetCell(std::size_t row, std::size_t column, std::string_view text);
+
+    /// True for an edited cell that holds no number, or whose pair is no orientation. Appended
+    /// lines and secondary orientations, but not primary ones, may be left empty.
+    [[nodiscard]] bool IsBad(std::size_t row, std::size_t column) const;
+
+    [[nodiscard]] bool IsEdited(std::size_t row) const;
+
+    [[nodiscard]] bool HasEdits() const { return !edits_.empty(); }
+
+    /// Rows with edits, ascending.
+    [[nodiscard]] std::vector<std::size_t> EditedRows() const;
+
+    /// True when a cell of a kind has an edit.
+    [[nodiscard]] bool HasEdit(std::size_t row, GridColumnKind kind) const;
+
+    /// The text of the cell of a kind in a row; empty when the plot has no such column.
+    [[nodiscard]] std::string TextOfKind(std::size_t row, GridColumnKind kind) const;
+
+    /// Forgets the edits of all rows, and new rows.
+    void DiscardEdits();
+
+    /// Adds an empty row for one that is to be typed, behind the last. A rose, a plot with
+    /// overlays, and one that shows its secondary data take none.
+    /// @return true when there is a new row now
+    bool AddRow();
+
+    /// True for a row of AddRow.
+    [[nodiscard]] bool IsNew(std::size_t row) const;
+
+    /// The point index of a grid row; 0 for a deleted or a new one.
+    [[nodiscard]] std::int32_t PointOfRow(std::size_t row) const;
+
+    /// The grid row of a point index, or nothing.
+    [[nodiscard]] std::optional<std::size_t> RowOfPoint(std::int32_t point) const;
+
+    /// Tells that rows were taken out of the plot: they show "deleted" until the grid is filled,
+    /// and the others follow.
+    /// @param points  their point indices before that, ascending
+    void RowsRemoved(std::span<const std::int32_t> points);
+
+    /// True when the plot has other rows or columns than the grid knows of, or is closed.
+    [[nodiscard]] bool IsStale() const;
+
+private:
+    struct GridLine {
+        std::int32_t point = 0; ///< 0 for no row of the plot
+        bool isDeleted = false;
+    };
+
+    [[nodiscard]] std::string StoredText(const GridLine& line, GridColumnKind kind) const;
+    [[nodiscard]] std::string NumberText(std::size_t row) const;
+    [[nodiscard]] bool IsMainRow(const GridLine& line) const;
+    [[nodiscard]] bool IsBadPair(std::size_t row, GridColumnKind dip, GridColumnKind azimuth) const;
+    void FindPoints();
+
+    int slot_;
+    std::string format_;
+    std::vector<GridColumn> columns_;
+    std::vector<GridLine> lines_;
+    std::vector<std::size_t> rowOfPoint_; ///< by point index; RowCount() where there is none
+    std::map<std::size_t, std::map<GridColumnKind, std::string>> edits_;
+    std::int32_t rowsKnown_ = 0;
+};
+
+/// Makes grid rows the selection, on the plot and in all that follows it. Error rows and rows that
+/// are gone have no place on the net and are left out.
+void SelectRowsOfGrid(const DataGrid& grid, std::span<const std::size_t> rows);
+
+/// The grid rows of what is selected in the plot of a grid, ascending.
+[[nodiscard]] std::vector<std::size_t> SelectedRowsOfGrid(const DataGrid& grid);
+
+/// What an application of edits did.
+struct GridEditReport {
+    std::int32_t changed = 0; ///< rows that stand otherwise now
+    std::int32_t added = 0;
+    std::int32_t spoilt = 0; ///< those of `changed` that became error rows
+};
+
+/// Writes the edits of a grid into its plot, draws it and fills the grid anew.
+///
+/// Only pairs with an edit are parsed. A row with a bad pair, of the primary or of the secondary
+/// orientation, becomes an error row; its cells stand behind it as its line. An appended line or
+/// number that cannot be read is stored as invalid. A new row is added by AddPointToPlot, which may
+/// ask. One undo takes the changes of all rows back; new rows that came with them stay. Does
+/// nothing without edits or while a long loop runs (gBusy).
+GridEditReport ApplyGridEdits(DataGrid& grid);
+
+} // namespace quandrel

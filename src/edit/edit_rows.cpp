@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/edit_rows.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "edit/annotations.h"
+#include "edit/kept_rows.h"
+#include "edit/marquee.h"
+#include "edit/undo.h"
+#include "input/plot_files.h"
+#include "orientation/angles.h"
+#include "platform/platform.h"
+#include "rotation/rotate_data.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <new>
+
+namespace quandrel {
+
+std::function<void(std::int32_t slot, std::span<const std::int32_t> rows)> gRowsLeaveLink;
+
+namespace {
+
+bool CanEdit() {
+    return !gBusy && IsOpenSlot(gActivePlot);
+}
+
+/// True when rows cannot be changed as those that are seen are intersections; tells so.
+[[nodiscard]] bool RefusesBetaPlot() {
+    if (ActiveRecord().PlotSymbolMode != kBetaIntersections) {
+        return false;
+    }
+    Tell("Can't perform this action on a beta intersection plot");
+    return true;
+}
+
+void RemoveSelection(EditKind kind) {
+    const std::vector<std::int32_t> rows = RowsToRemove(gActivePlot, SelectedRowsOf(gActivePlot));
+    if (rows.empty()) {
+        return;
+    }
+    KeepForUndo(kind, rows);
+    PlotRecord& record = ActiveRecord();
+    if (record.MapInfoLinked != 0 && gRowsLeaveLink) {
+        gRowsLeaveLink(gActivePlot, rows);
+    }
+    const std::int16_t secondaryOverlay = record.SelectedOverlay;
+    RemoveRows(gActivePlot, rows);
+    // An overlay that no longer follows the main rows row by row is one like any other.
+    if (secondaryOverlay > 0 && record.SelectedOverlay > 0
+        && record.OverlayRows[static_cast<std::size_t>(record.SelectedOverlay)] != record.NumData) {
+        record.SelectedOverlay = 0;
+    }
+    ClearSelectionOf(gActivePlot);
+    SealUndo();
+    ReplotActivePlot(true);
+}
+
+/// Cut, copy and delete.
+void TakeSelection(int index) {
+    if (index != kCopyItem && index != kCopyAllItem && RefusesBetaPlot()) {
+        return;
+    }
+    const bool isCopied = index != kDeleteItem;
+    if (isCopied && !CopyRows(index == kCopyItem ? CopiedFields::Points : CopiedFields::All)) {
+        return;
+    }
+    if (index == kCutItem || index == kDeleteItem) {
+        RemoveSelection(index == kCutItem ? kCutEdit : kDeleteEdit);
+    }
+}
+
+SymbolRow StyleOfCode(SymbolCode code) {
+    return {static_cast<std::int16_t>(CodeColour(code)),
+            static_cast<std::int16_t>(CodeSymbol(code)), static_cast<std::int16_t>(CodeSize(code))};
+}
+
+bool PointsUp(std::int32_t row) {
+    return OrientationShown(gActivePlot, row).dip < 0;
+}
+
+bool IsValid(std::int32_t row) {
+    return OrientationShown(gActivePlot, row).dip != kErrorRow;
+}
+
+/// The plot of the rows to copy: that of the selection, for points also when it is another one.
+int SlotToCopy(CopiedFields fields) {
+    if (!SelectedRowsOf(gActivePlot).empty() || fields == CopiedFields::All) {
+        return gActivePlot;
+    }
+    return IsOpenSlot(gMarqueeSlot) ? gMarqueeSlot : gActivePlot;
+}
+
+/// The top overlay can be taken off, as it does not hold the secondary data.
+bool HasOverlayToRemove(const PlotRecord& record) {
+    return record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
+}
+
+} // namespace
+
+void EditSelection(int index) {
+    if (!CanEdit()) {
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer) {
+        EditAnnotations(index);
+        return;
+    }
+    switch (index) {
+    case kCutItem:
+    case kCopyItem:
+    case kCopyAllItem:
+    case kDeleteItem:
+        try {
+            TakeSelection(index);
+        } catch (const std::bad_alloc&) {
+            Tell("There is not enough memory for this.");
+        }
+        return;
+    case kPasteItem:
+        PasteData();
+        return;
+    case kChangeSymbolItem:
+        (void)RefusesBetaPlot();
+        return;
+    case kSelectAllItem:
+        SelectAll();
+        return;
+    case kUnselectItem:
+        ClearSelection();
+        return;
+    default:
+        return;
+    }
+}
+
+bool CopyRows(CopiedFields fields) {
+    if (!CanEdit()) {
+        return false;
+    }
+    const int slot = SlotToCopy(fields);
+    const std::span<const std::int32_t> rows = SelectedRowsOf(slot);
+    if (rows.empty()) {
+        return false;
+    }
+    if (RecordOf(slot).PlotSymbolMode == kBetaIntersections
+        && PairsOfRows(slot, rows) > kMostCopiedIntersections) {
+        Tell("There are " + std::to_string(PairsOfRows(slot, rows))
+             + " intersections between these planes: too many to be copied.");
+        return false;
+    }
+    gPlatform.clipboard->SetText(TextOfRows(slot, rows, fields));
+    return true;
+}
+
+std::vector<std::int32_t> RowsToRemove(int slot, std::span<const std::int32_t> rows) {
+    const PlotRecord& record = RecordOf(slot);
+    std::vector<std::int32_t> removed;
+    const auto secondary =
+        static_cast<std::size_t>(std::max<std::int16_t>(record.SelectedOverlay, 0));
+    const bool hasPartners = secondary > 0 && record.OverlayRows[secondary] == record.NumData;
+    const std::int32_t partners =
+        hasPartners ? FirstRowOfOverlay(record, static_cast<int>(secondary)) : 0;
+    for (const std::int32_t row : rows) {
+        if (row < 1 || row > record.NumLoadedData) {
+            continue;
+        }
+        removed.push_back(row);
+        if (hasPartners && row <= record.NumData) {
+            removed.push_back(partners + row - 1);
+        }
+    }
+    std::sort(removed.begin(), removed.end());
+    removed.erase(std::unique(removed.begin(), removed.end()), removed.end());
+    return removed;
+}
+
+std::vector<std::int32_t> RowsToRestyle() {
+    const std::span<const std::int32_t> selected = SelectedRowsOf(gActivePlot);
+    std::vector<std::int32_t> rows(selected.begin(), selected.end());
+    const PlotRecord& record = ActiveRecord();
+    if (rows.empty() && record.OverlayRows[0] >= 1) {
+        for (std::int32_t row = FirstRowOfOverlay(record, record.OverlayRows[0]);
+             row <= record.NumLoadedData; ++row) {
+            rows.push_back(row);
+        }
+    }
+    std::erase_if(rows, [](std::int32_t row) { return !IsValid(row); });
+    return rows;
+}
+
+std::optional<RowStyles> StylesOfSelection() {
+    if (!CanEdit() || RefusesBetaPlot()) {
+        return std::nullopt;
+    }
+    const std::vector<std::int32_t> rows = RowsToRestyle();
+    if (rows.empty()) {
+        return std::nullopt;
+    }
+    const auto up = std::find_if(rows.begin(), rows.end(), PointsUp);
+    const auto down = std::find_if_not(rows.begin(), rows.end(), PointsUp);
+    const auto styleOf = [&](auto place, auto other) {
+        return StyleOfCode(gDataSymbolBase(gActivePlot, place != rows.end() ? *place : *other));
+    };
+    return RowStyles{styleOf(down, up), styleOf(up, down)};
+}
+
+void ChangeSymbols(const RowStyles& styles) {
+    if (!CanEdit() || RefusesBetaPlot()) {
+        return;
+    }
+    const std::vector<std::int32_t> rows = RowsToRestyle();
+    if (rows.empty()) {
+        return;
+    }
+    KeepForUndo(kSymbolEdit, rows);
+    for (const std::int32_t row : rows) {
+        const SymbolRow& style = PointsUp(row) ? styles.up : styles.down;
+        const SymbolCode code =
+            MakeSymbolCode(style[kPlaceColour], style[kPlaceSymbol], style[kPlaceSize]);
+        SymbolCode& base = gDataSymbolBase.At(gActivePlot, row);
+        SymbolCode& drawn = gDataSymbol.At(gActivePlot, row);
+        // The colour of a class stays on a row that shows one.
+        drawn = drawn == base ? code : drawn;
+        base = code;
+    }
+    ActiveRecord().Modified = kTrue;
+    SealUndo();
+    ReplotActivePlot(false);
+}
+
+void RemoveOverlay() {
+    if (!CanEdit() || !HasOverlayToRemove(ActiveRecord())) {
+        return;
+    }
+    ForgetUndo();
+    ForgetRotation();
+    ClearSelectionOf(gActivePlot);
+    RemoveLastOverlay(gActivePlot);
+    ReplotActivePlot(false);
+}
+
+void UndoEdits() {
+    UndoLastEdit();
+}
+
+void RedoEdits() {
+    RedoLastEdit();
+}
+
+} // namespace quandrel

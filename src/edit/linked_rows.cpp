@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/linked_rows.h"
+
+#include "core/plot_store.h"
+#include "derive/derived_plots.h"
+#include "derive/fault_rows.h"
+#include "derive/kinematic_axes.h"
+#include "edit/marquee.h"
+#include "orientation/angles.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::int32_t kFullTurn = 360;
+
+/// A line in whole degrees, north as 0.
+using Numbers = std::pair<std::int32_t, std::int32_t>;
+
+Numbers NumbersOf(double plunge, double trend) {
+    return {static_cast<std::int32_t>(RoundToEven(RadToDeg(plunge))),
+            static_cast<std::int32_t>(RoundToEven(RadToDeg(trend))) % kFullTurn};
+}
+
+Numbers NumbersOfRow(std::int32_t slot, std::int32_t row) {
+    return {gDataDip(slot, row), gDataAz(slot, row) % kFullTurn};
+}
+
+/// The axes of a fault that a plot holds, by the title of its axes; none for a fault without.
+std::vector<Numbers> AxesOfFault(std::int32_t slot, std::int32_t row, const std::string& title) {
+    const Fault fault = FaultOfRow(slot, row);
+    if (!IsReadable(fault.plane) || !IsReadable(fault.line)) {
+        return {};
+    }
+    double polePlunge = 0;
+    double poleTrend = 0;
+    OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), polePlunge,
+                    poleTrend);
+    double pPlunge = kErrorRow;
+    double pTrend = 0;
+    double tPlunge = 0;
+    double tTrend = 0;
+    ComputePTAxes(polePlunge, poleTrend, DegToRad(fault.line.dip), DegToRad(fault.line.azimuth),
+                  kKinematicTolerance, pPlunge, pTrend, tPlunge, tTrend);
+    if (pPlunge == kErrorRow) {
+        return {};
+    }
+    std::vector<Numbers> axes;
+    if (title != kExtensionAxes) {
+        axes.push_back(NumbersOf(pPlunge, pTrend));
+    }
+    if (title != kShorteningAxes) {
+        axes.push_back(NumbersOf(tPlunge, tTrend));
+    }
+    return axes;
+}
+
+bool HoldsAxesOf(std::int32_t slot, std::int32_t parent) {
+    const PlotRecord& record = RecordOf(slot);
+    return !record.AxesTitle.empty() && record.KinematicState == parent;
+}
+
+std::vector<std::int32_t> AxesOfFaults(std::int32_t slot, std::int32_t parent,
+                                       std::span<const std::int32_t> faults) {
+    const PlotRecord& record = RecordOf(slot);
+    std::set<Numbers> wanted;
+    for (const std::int32_t row : faults) {
+        if (row <= RecordOf(parent).NumData) {
+            const std::vector<Numbers> axes = AxesOfFault(parent, row, record.AxesTitle);
+            wanted.insert(axes.begin(), axes.end());
+        }
+    }
+    std::vector<std::int32_t> found;
+    for (std::int32_t row = 1; row <= record.NumData && !wanted.empty(); ++row) {
+        if (wanted.contains(NumbersOfRow(slot, row))) {
+            found.push_back(row);
+        }
+    }
+    return found;
+}
+
+std::vector<std::int32_t> FaultsOfAxes(std::int32_t slot, std::int32_t child,
+                                       std::span<const std::int32_t> rows) {
+    std::set<Numbers> wanted;
+    for (const std::int32_t row : rows) {
+        if (row <= RecordOf(child).NumData) {
+            wanted.insert(NumbersOfRow(child, row));
+        }
+    }
+    const std::string& title = RecordOf(child).AxesTitle;
+    std::vector<std::int32_t> found;
+    for (std::int32_t row = 1; row <= RecordOf(slot).NumData && !wanted.empty(); ++row) {
+        const std::vector<Numbers> axes = AxesOfFault(slot, row, title);
+        if (std::any_of(axes.begin(), axes.end(),
+                        [&](const Numbers& axis) { return wanted.contains(axis); })) {
+            found.push_back(row);
+        }
+    }
+    return found;
+}
+
+/// True for the plots of P and of T of one parent.
+bool AreSiblings(std::int32_t slot, std::int32_t other) {
+    const PlotRecord& record = RecordOf(slot);
+    return record.KinematicState != 0 && HoldsAxesOf(other, record.KinematicState)
+           && !record.AxesTitle.empty() && record.AxesTitle != kBothAxes
+           && RecordOf(other).AxesTitle != kBothAxes
+           && RecordOf(other).AxesTitle != record.AxesTitle;
+}
+
+std::vector<std::int32_t> MainRowsOf(std::int32_t slot, std::span<const std::int32_t> rows) {
+    std::vector<std::int32_t> found(rows.begin(), rows.end());
+    const std::int32_t last = RecordOf(slot).NumData;
+    std::erase_if(found, [last](std::int32_t row) { return row > last; });
+    return found;
+}
+
+/// What a list of places was made from.
+struct LitKey {
+    std::int32_t slot = 0;
+    std::int32_t source = 0;
+    std::uint64_t version = 0;
+    std::uint64_t sourceVersion = 0;
+    std::vector<std::int32_t> rows;
+
+    bool operator==(const LitKey&) const = default;
+};
+
+} // namespace
+
+std::vector<std::int32_t> RowsLinkedTo(std::int32_t slot, std::int32_t source,
+                                       std::span<const std::int32_t> rows) {
+    if (slot == source || rows.empty() || !IsOpenSlot(slot) || !IsOpenSlot(source)) {
+        return {};
+    }
+    if (HoldsAxesOf(slot, source)) {
+        return AxesOfFaults(slot, source, rows);
+    }
+    if (HoldsAxesOf(source, slot)) {
+        return FaultsOfAxes(slot, source, rows);
+    }
+    return AreSiblings(slot, source) ? MainRowsOf(slot, rows) : std::vector<std::int32_t>();
+}
+
+std::vector<std::int32_t> LitRows(std::int32_t slot) {
+    const std::span<const std::int32_t> own = SelectedRowsOf(slot);
+    return own.empty() ? RowsLinkedTo(slot, gMarqueeSlot, SelectedRowsOf(gMarqueeSlot))
+                       : std::vector<std::int32_t>(own.begin(), own.end());
+}
+
+const std::vector<Point>& LitPlaces(std::int32_t slot) {
+    static LitKey known;
+    static std::vector<Point> places;
+    LitKey key;
+    if (IsOpenSlot(slot) && IsOpenSlot(gMarqueeSlot)) {
+        key = {slot, gMarqueeSlot, TableOf(slot).version, TableOf(gMarqueeSlot).version,
+               gSelectionRows};
+    }
+    if (!(key == known)) {
+        places = PlacesOfRows(slot, key.slot != 0 ? LitRows(slot) : std::vector<std::int32_t>());
+        known = std::move(key);
+    }
+    return places;
+}
+
+} // namespace quandrel

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+//
+// The marquee and the selection: which rows of a plot the next edit is about.
+//
+// A marquee is a rectangle on the net, or a lasso, whose record is that of the rectangle about it.
+// The rows that it holds are put into gSelectionRows once it stands. Rows can also be selected one
+// by one, without a marquee. There is one selection, in one plot; it stays when another plot
+// becomes the active one. Positions are plot units.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "core/row_table.h"
+#include "platform/surface.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+/// Places of gMarquee.
+enum MarqueePlace : std::size_t {
+    kMarqueeState = 0, ///< not 0 while the marquee is drawn or moved
+    kMarqueeX = 1,     ///< first corner
+    kMarqueeY = 2,
+    kMarqueeWidth = 3,    ///< from the first corner to the opposite one, negative to the left
+    kMarqueeHeight = 4,   ///< negative downward
+    kMarqueeDragging = 5, ///< kMarqueeSet while the mouse holds it
+    kMarqueeStanding = 6, ///< kMarqueeSet while a finished marquee stands
+};
+
+/// What the last two places hold when they are set; otherwise 0.
+inline constexpr float kMarqueeSet = 9999.0F;
+
+/// How far about a corner a press takes it: plot units, and logical pixels where these are more.
+inline constexpr double kHandleUnits = 10;
+inline constexpr double kHandlePixels = 8;
+
+extern std::array<float, 7> gMarquee;
+
+/// The plot of the marquee and of gSelectionRows, 0 for none.
+extern std::int32_t gMarqueeSlot;
+
+/// Corners of the lasso; empty while the marquee is a rectangle.
+extern std::vector<Point> gLasso;
+
+/// Told after each change of the selection, and of a marquee that stands. May be empty.
+extern std::function<void()> gSelectionChanged;
+
+/// A rectangle with its edges.
+struct PlotRectangle {
+    double left = 0;
+    double bottom = 0;
+    double right = 0;
+    double top = 0;
+};
+
+/// The rectangle between two opposite corners, in whatever order.
+[[nodiscard]] PlotRectangle RectangleBetween(Point corner, Point opposite);
+
+/// True for a position in a rectangle or on its edge.
+[[nodiscard]] bool IsWithin(const PlotRectangle& rectangle, Point at);
+
+/// True for a position in a polygon, by the even-odd rule, or on its edge. O(corners).
+[[nodiscard]] bool IsWithin(std::span<const Point> polygon, Point at);
+
+/// The four corners of a rectangle with a first corner and an extent: the first corner, then the
+/// others around, so that the opposite of corner i is corner (i + 2) % 4.
+[[nodiscard]] std::array<Point, 4> CornersOfMarquee();
+
+/// The corner 0 to 3 whose handle holds a position, the first of several, or -1.
+///
+/// @param pixel  length of a logical pixel in plot units, across and up
+[[nodiscard]] int HandleAt(Point at, Point pixel);
+
+/// True while a finished marquee stands; on a certain plot.
+[[nodiscard]] bool MarqueeStands();
+[[nodiscard]] bool MarqueeStandsOn(std::int32_t slot);
+
+/// The rectangle of gMarquee.
+[[nodiscard]] PlotRectangle RectangleOfMarquee();
+
+/// True for a position in the marquee that stands, lasso or rectangle.
+[[nodiscard]] bool IsInMarquee(Point at);
+
+/// Stands a rectangle on a plot. Selects nothing.
+void StandMarquee(std::int32_t slot, Point corner, Point opposite);
+
+/// Stands a lasso on a plot, closed from its last corner to the first. Selects nothing.
+void StandLasso(std::int32_t slot, std::vector<Point> corners);
+
+/// Moves the marquee that stands; the rows stay.
+void ShiftMarquee(double dx, double dy);
+
+/// Wipes marquee and selection.
+void ClearSelection();
+
+/// Wipes those of a plot that closes, or whose rows are no longer the same.
+void ClearSelectionOf(std::int32_t slot);
+
+/// Marquee and selection at a moment.
+struct KeptSelection {
+    std::array<float, 7> marquee{};
+    std::vector<Point> lasso;
+    std::vector<std::int32_t> rows;
+    std::int32_t slot = 0;
+};
+
+[[nodiscard]] KeptSelection KeepSelection();
+
+/// Makes marquee and selection what they were. Rows that are no longer there are left out.
+void PutSelectionBack(KeptSelection kept);
+
+/// The rows of a table that a marquee takes: valid ones with a symbol, rows of overlays too, in
+/// ascending order of their point indices. O(rows).
+///
+/// @param isInside  whether a position is taken
+[[nodiscard]] std::vector<std::int32_t>
+RowsInside(const RowTable& table, const std::function<bool(Point)>& isInside,
+           const std::function<bool(std::int32_t)>& isVisible);
+
+/// Fills gSelectionRows with what the marquee that stands holds. On the annotation layer the list
+/// stays empty. A rose has no rows to select.
+void SelectRowsInMarquee();
+
+/// A marquee over the whole net of gActivePlot, with all that it holds: -1000, 1000, 2000, -2000.
+void SelectAll();
+
+/// Selects rows of a plot without a marquee. Indices that are no rows are left out.
+void SelectRows(std::int32_t slot, std::vector<std::int32_t> rows);
+
+/// Stands the marquee about the selected rows, where they are plotted.
+void FitMarqueeToRows();
+
+/// The selected rows of a plot; empty for any other.
+[[nodiscard]] std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot);
+
+/// Where the rows of a list are plotted, each place once. Error rows have no place. O(rows).
+[[nodiscard]] std::vector<Point> PlacesOfRows(std::int32_t slot,
+                                              std::span<const std::int32_t> rows);
+
+} // namespace quandrel

@@ -1,0 +1,444 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/paste_rows.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/derived_plots.h"
+#include "edit/add_point.h"
+#include "edit/annotations.h"
+#include "edit/kept_rows.h"
+#include "edit/undo.h"
+#include "input/decimal_delimiter.h"
+#include "input/file_loading.h"
+#include "input/load_report.h"
+#include "input/text_file.h"
+#include "orientation/angles.h"
+#include "platform/platform.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+/// What a load of foreign text is called.
+constexpr const char* kPasteCommand = "Paste";
+
+/// The format that was last accepted for foreign text.
+std::optional<FormatSettings> gPasteFormat;
+bool gPasteShowsSecondary = false;
+
+[[nodiscard]] bool AskYes(const std::string& text) {
+    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
+}
+
+const char* NameOfKind(std::int16_t dataKind) {
+    return dataKind == kPolarLines ? "polar lines" : dataKind == kLines ? "lines" : "planes";
+}
+
+/// True when the primary orientations of a text are planes, or lines that are plotted as planes.
+bool HoldsPlanes(const PastedFormat& format) {
+    return format.settings.primary == kPrimaryPlane
+           || (format.settings.primary == kPrimaryLine && !format.showsSecondary
+               && format.dataKind == kPlanes);
+}
+
+/// True when the primary columns of the main rows hold planes.
+bool MainRowsArePlanes(const PlotRecord& record) {
+    return record.ShowSecondary != 0 ? record.PrimaryFormat == kPrimaryPlane
+                                     : IsPlottedAsPole(record, 0);
+}
+
+/// The format in force for the length of a block.
+class FormatInWork {
+public:
+    explicit FormatInWork(const FormatSettings& settings)
+        : former_(CurrentFormat()) {
+        RestoreFormat(settings);
+    }
+
+    ~FormatInWork() { RestoreFormat(former_); }
+
+    FormatInWork(const FormatInWork&) = delete;
+    FormatInWork& operator=(const FormatInWork&) = delete;
+
+private:
+    FormatSettings former_;
+};
+
+/// The overlay made by hand on the top of a plot, made if need be; nothing when there are too many.
+std::optional<int> OverlayForRows(PlotRecord& record) {
+    const std::int32_t top = record.OverlayRows[0];
+    if (IsOverlayMadeByHand(record, top)) {
+        return top;
+    }
+    if (top >= kMaxOverlays) {
+        Tell("You can't overlay any more points on this plot");
+        return std::nullopt;
+    }
+    const auto overlay = static_cast<std::size_t>(top) + 1;
+    record.OverlayRows[0] = top + 1;
+    record.OverlayRows[overlay] = 0;
+    record.OverlayKind[overlay] = kOverlayPolarLines;
+    record.OverlayFiles[overlay].clear();
+    return top + 1;
+}
+
+/// An empty plot takes the form of the text. Its titles and files stay.
+void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
+    const FormatInWork work(format.settings);
+    const std::int16_t files = record.NumFiles;
+    SetPlotFormatFromGlobals();
+    record.NumFiles = files;
+    record.NumValidData = 0;
+    record.DataKind = format.dataKind;
+    const bool isSecondary = format.showsSecondary && format.settings.secondary != kNoSecondary;
+    record.ShowSecondary = isSecondary ? kTrue : std::int16_t{0};
+    if (format.settings.primary <= kDirections) {
+        record.PlotKind = kRose;
+    }
+    ResetAppendedRange();
+}
+
+/// True for a line that should be a row and is none.
+bool IsRefused(LineStatus status) {
+    return status != LineStatus::Row && status != LineStatus::Blank && status != LineStatus::Comment
+           && status != LineStatus::ParameterLine;
+}
+
+/// Reads the rows of a text into gActivePlot.
+class RowPaste {
+public:
+    RowPaste(const PastedFormat& format, int overlay)
+        : format_(format)
+        , record_(ActiveRecord())
+        , overlay_(overlay)
+        , target_(TargetOfPaste(record_, format, overlay))
+        , lines_(LineFormatOf(format)) {}
+
+    PasteReport Run(std::string_view text) {
+        LineReader reader(text);
+        bool headingIsDue = format_.settings.hasHeadings;
+        for (std::string_view line; reader.Next(line);) {
+            ParsedRow row = ParseLine(line, lines_);
+            if (headingIsDue && (IsRefused(row.status) || row.status == LineStatus::Row)) {
+                headingIsDue = false;
+                continue;
+            }
+            if (IsRefused(row.status)) {
+                ++report_.refused;
+            } else if (row.status == LineStatus::Row && !Take(line, row)) {
+                break;
+            }
+        }
+        return report_;
+    }
+
+private:
+    [[nodiscard]] LineFormat LineFormatOf(const PastedFormat& format) const {
+        const FormatInWork work(format.settings);
+        LineFormat lines = LineFormatFromGlobals(overlay_ > 0 && !format.isOwn);
+        if (record_.SecondaryFormat == kNoSecondary) {
+            lines.secondary = kNoSecondary;
+        }
+        lines.wantLine = format.settings.lineAppended && record_.HasAppendedLine != 0;
+        lines.wantNumber = format.settings.numericAppended && record_.HasAppendedNumeric != 0;
+        lines.wantText = format.settings.nonNumericAppended && record_.HasAppendedText != 0;
+        if (format.isOwn) {
+            lines.secondaryMayBeMissing = true;
+            lines.decimalIsComma = false;
+        }
+        lines.neededColumns = HighestColumnNeeded(lines) + 1;
+        return lines;
+    }
+
+    /// Stores a row. False when the paste ends with it.
+    [[nodiscard]] bool Take(std::string_view line, ParsedRow& row) {
+        if (row.numberStatus == NumberStatus::WrongDelimiter && !asked_
+            && !AnswerDelimiter(line, row)) {
+            report_.aborted = true;
+            return false;
+        }
+        RowFaults faults;
+        const std::int32_t index = record_.NumLoadedData + 1;
+        if (!StoreDataRow(row, index, target_, faults)) {
+            report_.outOfMemory = true;
+            return false;
+        }
+        ++report_.pasted;
+        record_.NumLoadedData = index;
+        if (overlay_ > 0) {
+            ++record_.OverlayRows[static_cast<std::size_t>(overlay_)];
+        } else {
+            ++record_.NumData;
+            ++record_.NumValidData;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool AnswerDelimiter(std::string_view line, ParsedRow& row) {
+        asked_ = true;
+        const LineAnswer answer = ReportWrongDelimiter(line);
+        if (answer == LineAnswer::Retry) {
+            gConvertDecimals = true;
+            lines_.convertDecimals = true;
+            row = ParseLine(line, lines_);
+        }
+        return answer != LineAnswer::Leave;
+    }
+
+    const PastedFormat& format_;
+    PlotRecord& record_;
+    int overlay_;
+    RowTarget target_;
+    LineFormat lines_;
+    bool asked_ = false;
+    PasteReport report_;
+};
+
+/// Tells when the texts of the last rows have the other decimal delimiter.
+void WarnOfDecimalMismatch(std::int32_t pasted) {
+    const std::int32_t last = ActiveRecord().NumLoadedData;
+    std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(pasted));
+    for (std::int32_t row = last - pasted + 1; row <= last; ++row) {
+        texts.emplace_back(gAppText(gActivePlot, row));
+    }
+    if (DetectDecimalMismatch(texts, gDecimalIsComma) != 0) {
+        Tell(std::string("Apparent decimal values entered into your Appended data do not appear to "
+                         "use ")
+             + (gDecimalIsComma ? "comma " : "period ")
+             + "decimal delimiters as indicated in your Windows regional settings.\nThese may give "
+               "unexpected results if used as numeric values in certain types of plots!\n"
+               "[Use the Preferences dialog to set automatic conversion of such data]");
+    }
+}
+
+/// The format of a text, asked for where the text does not tell it and none was accepted before.
+/// Nothing when the user cancels.
+std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind kind) {
+    ParameterItems items = ReadParameterLines(text);
+    items.isOwnText = kind != ClipboardKind::Foreign;
+    if (kind == ClipboardKind::OwnRows
+        || (kind == ClipboardKind::Companion && TellsItsFormat(items))) {
+        return FormatOfPastedText(CurrentFormat(), items, true);
+    }
+    if (!gPasteFormat) {
+        RestoreFormat(WithFormatItems(CurrentFormat(), items));
+        FormatQuestion question;
+        question.command = kPasteCommand;
+        question.plotKindFromFile = items.T.value_or(0);
+        question.columnHeadings = gFileHasHeadings;
+        const std::optional<FormatAnswer> answer = gPlatform.prompts->AskFormat(question);
+        if (!answer) {
+            return std::nullopt;
+        }
+        gFileHasHeadings = answer->columnHeadings;
+        gPasteShowsSecondary = answer->plotSecondary;
+        gPasteFormat = CurrentFormat();
+    }
+    PastedFormat format = FormatOfPastedText(*gPasteFormat, {}, false);
+    format.showsSecondary = gPasteShowsSecondary && gPasteFormat->secondary != kNoSecondary;
+    return format;
+}
+
+/// What is done once rows stand in the plot.
+void FinishPaste(PlotRecord& record) {
+    if (!record.AxesTitle.empty()) {
+        TakeAxesAsLines(record);
+    }
+    record.Modified = kTrue;
+    record.RowsChanged = kTrue;
+    record.ClassifyCheckPending = kTrue;
+    SealUndo();
+    ReplotActivePlot(true);
+}
+
+/// Pastes rows of a known format. Gives up, and leaves the plot as it was, when none is read.
+PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
+    PlotRecord& record = ActiveRecord();
+    const KeptRows before = KeepRows(gActivePlot);
+    if (record.NumLoadedData == 0) {
+        TakeFormatOfText(record, format);
+    }
+    int overlay = 0;
+    if (GoesIntoOverlay(record, format)) {
+        const std::optional<int> taker = OverlayForRows(record);
+        if (!taker) {
+            return {};
+        }
+        overlay = *taker;
+        record.SelectedOverlay = 0;
+    }
+    const BusyPointer busy(*gPlatform.status);
+    gBusy = true;
+    PasteReport report;
+    try {
+        report = RowPaste(format, overlay).Run(text);
+    } catch (const std::exception&) {
+        report.outOfMemory = true;
+    }
+    gBusy = false;
+    if (report.pasted == 0) {
+        const std::int16_t modified = record.Modified;
+        PutRowsBack(gActivePlot, before);
+        record.Modified = modified;
+        return report;
+    }
+    KeepStateForUndo(kPasteEdit, before);
+    FinishPaste(record);
+    return report;
+}
+
+void PasteRowText(const std::string& text, ClipboardKind kind) {
+    const FormatSettings former = CurrentFormat();
+    const std::optional<PastedFormat> format = FindFormat(text, kind);
+    if (!format) {
+        RestoreFormat(former);
+        return;
+    }
+    const std::optional<std::string> question = QuestionBeforePaste(ActiveRecord(), *format);
+    if (question && !AskYes(*question)) {
+        return;
+    }
+    const PasteReport report = PasteRows(text, *format);
+    if (report.pasted == 0 && !format->isOwn) {
+        ForgetPasteFormat();
+    }
+    if (const std::string note = NoteOnPaste(report); !note.empty()) {
+        Tell(note);
+    }
+    if (report.pasted > 0 && ActiveRecord().HasAppendedText != 0) {
+        WarnOfDecimalMismatch(report.pasted);
+    }
+}
+
+} // namespace
+
+PastedFormat FormatOfPastedText(const FormatSettings& settings, const ParameterItems& items,
+                                bool isOwn) {
+    PastedFormat format;
+    format.settings = WithNewPlotItems(WithFormatItems(settings, items), items);
+    if (isOwn) {
+        // What a text does not name it does not hold.
+        format.settings.lineAppended = items.A.value_or(false);
+        format.settings.numericAppended = items.L.value_or(false);
+        format.settings.nonNumericAppended = items.W.value_or(false);
+        format.settings.hasHeadings = false;
+    }
+    format.isOwn = isOwn;
+    format.showsSecondary = items.S.value_or(false);
+    format.namesSet = items.S.has_value() && format.settings.secondary != kNoSecondary;
+    format.dataKind = format.settings.plotDataKind;
+    if (isOwn && !items.T) {
+        format.dataKind = format.settings.primary == kPrimaryPlane ? kPlanes : kLines;
+    }
+    return format;
+}
+
+bool TellsItsFormat(const ParameterItems& items) {
+    return items.one.has_value() || items.I.has_value();
+}
+
+std::optional<std::string> QuestionBeforePaste(const PlotRecord& record,
+                                               const PastedFormat& format) {
+    if (record.NumLoadedData == 0 || record.DataKind == format.dataKind) {
+        return std::nullopt;
+    }
+    const char* set = !format.namesSet ? "" : format.showsSecondary ? "Secondary " : "Primary ";
+    std::string text = std::string("You are trying to paste ") + set + NameOfKind(format.dataKind)
+                       + " into a plot containing " + NameOfKind(record.DataKind)
+                       + ".\nThe pasted data will be transformed into the new format.";
+    if (record.SecondaryFormat > kNoSecondary) {
+        text += "\n(This may have unwanted side effects if you try to use the data in this new "
+                "data set)";
+    }
+    return text + "\nContinue pasting?";
+}
+
+bool GoesIntoOverlay(const PlotRecord& record, const PastedFormat& format) {
+    return record.OverlayRows[0] > 0
+           || (record.ShowSecondary != 0 && format.settings.secondary == kNoSecondary);
+}
+
+RowTarget TargetOfPaste(const PlotRecord& record, const PastedFormat& format, int overlay) {
+    RowTarget target;
+    target.overlay = overlay;
+    const bool hasSecondary = format.settings.secondary != kNoSecondary;
+    const bool secondaryIsPlane = format.settings.secondary == kSecondaryPlane;
+    // Where the plot has a second set and the text has none, it is stored as missing.
+    target.secondaryFormat = record.SecondaryFormat;
+    if (overlay == 0) {
+        target.turnToPole = HoldsPlanes(format) != MainRowsArePlanes(record);
+        target.turnSecondary =
+            hasSecondary && secondaryIsPlane != (record.SecondaryFormat == kSecondaryPlane);
+        return target;
+    }
+    const bool showsSecondary = record.ShowSecondary != 0;
+    if (showsSecondary && hasSecondary) {
+        // An overlay holds the set that is shown in the place of the primary one.
+        target.turnSecondary = secondaryIsPlane != IsPlottedAsPole(record, overlay);
+        target.turnToPole = HoldsPlanes(format) != (record.PrimaryFormat == kPrimaryPlane);
+        return target;
+    }
+    target.turnToPole = HoldsPlanes(format) != IsPlottedAsPole(record, overlay);
+    if (showsSecondary) {
+        target.secondaryFormat = kNoSecondary;
+    } else {
+        target.turnSecondary =
+            hasSecondary && secondaryIsPlane != (record.SecondaryFormat == kSecondaryPlane);
+    }
+    return target;
+}
+
+std::string NoteOnPaste(const PasteReport& report) {
+    std::string note;
+    if (report.refused > 0) {
+        note = Counted(report.refused, "line")
+               + (report.refused == 1 ? " of the text is no data and was not pasted."
+                                      : " of the text are no data and were not pasted.");
+    }
+    if (report.outOfMemory) {
+        note += std::string(note.empty() ? "" : "\n") + "There is no memory for more than "
+                + Counted(report.pasted, "row") + " of the text.";
+    }
+    return note;
+}
+
+void PasteData() {
+    if (gBusy || !IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    const std::string text = gPlatform.clipboard->Text().value_or("");
+    const ClipboardKind kind = KindOfClipboardText(text);
+    if (kind == ClipboardKind::Empty) {
+        return;
+    }
+    if (kind != ClipboardKind::Marks) {
+        try {
+            PasteRowText(text, kind);
+        } catch (const std::bad_alloc&) {
+            Tell("There is not enough memory to paste these data.");
+        }
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer
+        || AskYes("The data on the clipboard is annotation data. Plot it in the annotation "
+                  "layer?")) {
+        gActiveLayer = kAnnotationLayer;
+        PasteAnnotationText(text);
+    }
+}
+
+void ForgetPasteFormat() {
+    gPasteFormat.reset();
+}
+
+} // namespace quandrel

@@ -1,0 +1,420 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/plot_mouse.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "edit/add_point.h"
+#include "edit/annotations.h"
+#include "edit/linked_rows.h"
+#include "edit/move_rows.h"
+#include "edit/net_line.h"
+#include "edit/readout.h"
+#include "orientation/projection.h"
+#include "stereo/plot_driver.h"
+
+#include <cmath>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kGirdleHint =
+    "<Shift>+Left or <Shift>+Right mousebutton to change orientation of active girdle";
+
+/// Plots of fewer rows are drawn anew at once.
+constexpr std::int32_t kFewRows = 400;
+
+/// Corners of a lasso lie this far apart at least, plot units.
+constexpr double kLassoStep = 4;
+
+constexpr float kDragState = -1;
+constexpr double kRingRadius = 16;
+constexpr double kHandleHalfSize = 3; // logical pixels
+constexpr int kMarqueeColour = 5;
+
+Point PlaceOf(const MouseEvent& event) {
+    return {event.x, event.y};
+}
+
+bool IsStereo() {
+    return IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind != kRose;
+}
+
+bool IsActiveGirdle(std::int16_t girdle) {
+    constexpr std::int16_t kUserGirdles = 8;
+    return girdle >= 1 && girdle <= kUserGirdles;
+}
+
+Point Shifted(Point at, Point offset) {
+    return {at.x + offset.x, at.y + offset.y};
+}
+
+Glyph RingGlyph() {
+    GlyphPart ring;
+    ring.kind = GlyphPart::Kind::Circle;
+    ring.points = {{0, 0}};
+    ring.radius = kRingRadius;
+    return {"selection ring", {ring}};
+}
+
+void DrawRings(Surface& surface, std::vector<Point> places, Point offset, Colour highlight) {
+    if (places.empty()) {
+        return;
+    }
+    for (Point& at : places) {
+        const Point to = Shifted(at, offset);
+        at = IsOnNet(to.x, to.y) ? to : at;
+    }
+    const SavedState saved(surface);
+    DrawState state;
+    state.drawWidth = 2;
+    surface.SetState(state);
+    surface.Markers(RingGlyph(), highlight, places);
+}
+
+DrawState MarqueeState() {
+    DrawState state;
+    state.drawMode = kDrawNotXor;
+    state.drawStyle = kDashedLine;
+    state.drawWidth = 1;
+    return state;
+}
+
+void DrawHandles(Surface& surface, Point offset, Colour highlight) {
+    const SavedState saved(surface);
+    surface.SetState({});
+    const Point pixel = surface.PixelSize();
+    for (const Point& corner : CornersOfMarquee()) {
+        const Point at = Shifted(corner, offset);
+        surface.FilledBox({at.x - kHandleHalfSize * pixel.x, at.y + kHandleHalfSize * pixel.y},
+                          {at.x + kHandleHalfSize * pixel.x, at.y - kHandleHalfSize * pixel.y},
+                          highlight);
+    }
+}
+
+void DrawLasso(Surface& surface, std::vector<Point> corners, Point offset) {
+    for (Point& at : corners) {
+        at = Shifted(at, offset);
+    }
+    corners.push_back(corners.front());
+    const SavedState saved(surface);
+    surface.SetState(MarqueeState());
+    surface.Polyline(corners, TableColour(kMarqueeColour));
+}
+
+void DrawStandingMarquee(Surface& surface, Point offset, Colour highlight) {
+    if (!gLasso.empty()) {
+        DrawLasso(surface, gLasso, offset);
+        return;
+    }
+    const std::array<Point, 4> corners = CornersOfMarquee();
+    DrawMarquee(surface, Shifted(corners[0], offset), Shifted(corners[2], offset));
+    DrawHandles(surface, offset, highlight);
+}
+
+/// The pointer of a corner: along the diagonal that it is pulled on.
+PointerShape ShapeOfHandle(int corner) {
+    const std::array<Point, 4> corners = CornersOfMarquee();
+    const Point& at = corners[static_cast<std::size_t>(corner)];
+    const Point& opposite = corners[static_cast<std::size_t>(corner + 2) % corners.size()];
+    return (at.x - opposite.x) * (at.y - opposite.y) >= 0 ? PointerShape::HandleRising
+                                                          : PointerShape::HandleFalling;
+}
+
+/// An active girdle is drawn at once where that is quick.
+void ReplotAfterGirdle() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.NumLoadedData < kFewRows && record.PlotSymbolMode < kContours) {
+        ReplotActivePlot(false);
+    }
+}
+
+} // namespace
+
+void DrawMarquee(Surface& surface, Point corner, Point opposite) {
+    const SavedState saved(surface);
+    surface.SetState(MarqueeState());
+    surface.Box(corner, opposite, TableColour(kMarqueeColour));
+}
+
+MouseReport PlotMouse::Press(const MouseEvent& event, const MouseModes& modes) {
+    if (drag_ == Drag::None && !gBusy && IsOpenSlot(gActivePlot)) {
+        button_ = event.button;
+        shift_ = event.shift;
+        slot_ = gActivePlot;
+        start_ = PlaceOf(event);
+        last_ = start_;
+        Begin(event, modes);
+    }
+    MouseReport report = ReportAt(event, modes);
+    report.overlayChanged = true;
+    return report;
+}
+
+MouseReport PlotMouse::Move(const MouseEvent& event, const MouseModes& modes) {
+    const bool isDragging = drag_ != Drag::None;
+    if (isDragging && (slot_ != gActivePlot || gBusy)) {
+        Cancel();
+    } else if (isDragging) {
+        Follow(event);
+    }
+    MouseReport report = ReportAt(event, modes);
+    report.overlayChanged = isDragging;
+    return report;
+}
+
+MouseReport PlotMouse::Release(const MouseEvent& event, const MouseModes& modes) {
+    const bool wasDragging = drag_ != Drag::None;
+    if (wasDragging && (slot_ != gActivePlot || gBusy)) {
+        Cancel();
+    } else if (wasDragging && event.button == button_) {
+        End(event, modes);
+    }
+    MouseReport report = ReportAt(event, modes);
+    report.overlayChanged = wasDragging;
+    report.opensEditMenu = !wasDragging && !gBusy && event.button == kRightMouseButton
+                           && event.shift == 0 && IsOpenSlot(gActivePlot);
+    return report;
+}
+
+MouseReport PlotMouse::Leave(const MouseModes& modes) {
+    MouseReport report;
+    report.information = IsActiveGirdle(modes.girdle) ? kGirdleHint : gHintText;
+    return report;
+}
+
+bool PlotMouse::Key(PlotKey key) {
+    if (key == PlotKey::Escape) {
+        const bool meansSomething = IsDragging() || gMarqueeSlot != 0;
+        if (IsDragging()) {
+            Cancel();
+        } else if (meansSomething) {
+            ClearSelection();
+        }
+        return meansSomething;
+    }
+    if (IsDragging() || gActiveLayer != kDataLayer || SelectedRowsOf(gActivePlot).empty()) {
+        return false;
+    }
+    const int plungeStep = (key == PlotKey::Up ? 1 : 0) - (key == PlotKey::Down ? 1 : 0);
+    const int trendStep = (key == PlotKey::Right ? 1 : 0) - (key == PlotKey::Left ? 1 : 0);
+    (void)NudgeSelection(plungeStep, trendStep);
+    return true;
+}
+
+void PlotMouse::Cancel() {
+    const Drag former = drag_;
+    drag_ = Drag::None;
+    lasso_.clear();
+    if (former == Drag::Marquee || former == Drag::Lasso || former == Drag::Selection) {
+        PutSelectionBack(std::move(kept_));
+    }
+    kept_ = {};
+}
+
+Point PlotMouse::DragOffset() const {
+    return drag_ == Drag::Selection ? Point{last_.x - start_.x, last_.y - start_.y} : Point{};
+}
+
+void PlotMouse::OverlayShapes(Surface& surface, std::int32_t slot, Colour highlight) const {
+    if (!IsOpenSlot(slot) || RecordOf(slot).PlotKind == kRose) {
+        return;
+    }
+    const bool isOwn = slot == gMarqueeSlot;
+    const Point offset = isOwn ? DragOffset() : Point{};
+    const bool movesRows = gActiveLayer == kDataLayer;
+    DrawRings(surface, LitPlaces(slot), movesRows ? offset : Point{}, highlight);
+    if (isOwn && MarqueeStands()) {
+        DrawStandingMarquee(surface, offset, highlight);
+    }
+    if (slot == slot_ && drag_ == Drag::Marquee) {
+        DrawMarquee(surface, anchor_, last_);
+    }
+    if (slot == slot_ && drag_ == Drag::Lasso) {
+        DrawLasso(surface, lasso_, {});
+    }
+}
+
+MouseReport PlotMouse::ReportAt(const MouseEvent& event, const MouseModes& modes) const {
+    MouseReport report = {};
+    report.pointer = ShapeAt(event, modes);
+    report.readout = ReadoutText(event.x, event.y);
+    report.information = IsActiveGirdle(modes.girdle) ? kGirdleHint : gHintText;
+    return report;
+}
+
+PointerShape PlotMouse::ShapeAt(const MouseEvent& event, const MouseModes& modes) const {
+    if (!IsStereo()) {
+        return PointerShape::Arrow;
+    }
+    if (drag_ == Drag::Selection) {
+        return PointerShape::Move;
+    }
+    const PointerShape plain =
+        IsOnNet(event.x, event.y) ? PointerShape::Cross : PointerShape::Arrow;
+    if (drag_ != Drag::None) {
+        return plain;
+    }
+    if (IsAddPress(event, modes)) {
+        return IsOnNet(event.x, event.y) ? PointerShape::Add : PointerShape::Arrow;
+    }
+    if (event.shift != 0 || modes.picksSmallCircle || !MarqueeStandsOn(gActivePlot)) {
+        return plain;
+    }
+    const int handle = HandleAt(PlaceOf(event), modes.pixel);
+    if (handle >= 0) {
+        return ShapeOfHandle(handle);
+    }
+    return IsInMarquee(PlaceOf(event)) ? PointerShape::Move : plain;
+}
+
+bool PlotMouse::IsAddPress(const MouseEvent& event, const MouseModes& modes) const {
+    const bool isAsked = event.shift == kAltKey || (modes.addsPoints && event.shift == 0);
+    return isAsked && IsStereo() && !modes.roseDialog
+           && !(modes.picksSmallCircle && event.shift == 0);
+}
+
+void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
+    const bool isLeft = event.button == kLeftMouseButton;
+    const bool hasShift = event.shift == kShiftKey || event.shift == kShiftKey + kCtrlKey;
+    if (!IsStereo()) {
+        return;
+    }
+    if (hasShift && IsActiveGirdle(modes.girdle)) {
+        drag_ = Drag::Girdle;
+        if (onGirdle) {
+            onGirdle(event.button, event.shift, event.x, event.y);
+        }
+    } else if (IsAddPress(event, modes)) {
+        const bool isAnnotation = gActiveLayer == kAnnotationLayer;
+        drag_ = isAnnotation ? Drag::Polyline : Drag::Point;
+        if (isAnnotation) {
+            AddStereoPoint(event.button, event.x, event.y);
+        }
+    } else if (isLeft && event.shift == 0 && modes.picksSmallCircle) {
+        drag_ = Drag::Pick;
+        if (onPickPress) {
+            onPickPress(event);
+        }
+    } else if (isLeft && (event.shift == 0 || event.shift == kShiftKey)) {
+        BeginMarquee(event, modes);
+    }
+}
+
+void PlotMouse::BeginMarquee(const MouseEvent& event, const MouseModes& modes) {
+    kept_ = KeepSelection();
+    const bool stands = MarqueeStandsOn(gActivePlot) && event.shift == 0;
+    const int handle = stands ? HandleAt(start_, modes.pixel) : -1;
+    if (stands && handle < 0 && IsInMarquee(start_)) {
+        drag_ = Drag::Selection;
+        gMarquee[kMarqueeDragging] = kMarqueeSet;
+        return;
+    }
+    anchor_ = start_;
+    if (handle >= 0) {
+        anchor_ = CornersOfMarquee()[static_cast<std::size_t>(handle + 2) % 4];
+    }
+    ClearSelection();
+    drag_ = modes.lasso && handle < 0 ? Drag::Lasso : Drag::Marquee;
+    lasso_ = {start_};
+    gMarquee[kMarqueeState] = kDragState;
+    gMarquee[kMarqueeDragging] = kMarqueeSet;
+}
+
+void PlotMouse::Follow(const MouseEvent& event) {
+    last_ = PlaceOf(event);
+    switch (drag_) {
+    case Drag::Lasso:
+        if (std::hypot(last_.x - lasso_.back().x, last_.y - lasso_.back().y) >= kLassoStep) {
+            lasso_.push_back(last_);
+        }
+        break;
+    case Drag::Girdle:
+        if (onGirdle) {
+            onGirdle(button_, shift_, event.x, event.y);
+        }
+        break;
+    case Drag::Polyline:
+        (void)ExtendAnnotation(event.x, event.y);
+        break;
+    case Drag::Pick:
+        if (onPickMove) {
+            onPickMove(event);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void PlotMouse::End(const MouseEvent& event, const MouseModes& modes) {
+    const Drag former = std::exchange(drag_, Drag::None);
+    last_ = PlaceOf(event);
+    const bool isClick = IsClick(event, modes);
+    switch (former) {
+    case Drag::Marquee:
+    case Drag::Lasso:
+        EndMarquee(event, isClick, former == Drag::Lasso);
+        break;
+    case Drag::Selection:
+        EndSelection(event, isClick);
+        break;
+    case Drag::Point:
+        AddStereoPoint(button_, event.x, event.y);
+        break;
+    case Drag::Girdle:
+        if (button_ == kLeftMouseButton) {
+            ReplotAfterGirdle();
+        }
+        break;
+    case Drag::Pick:
+        if (onPickRelease) {
+            onPickRelease(event);
+        }
+        break;
+    default:
+        break;
+    }
+    lasso_.clear();
+    kept_ = {};
+}
+
+void PlotMouse::EndMarquee(const MouseEvent& event, bool isClick, bool isLasso) {
+    constexpr std::size_t kLeastCorners = 3;
+    gMarquee = {};
+    if (isClick || (isLasso && lasso_.size() < kLeastCorners)) {
+        ClearSelection();
+        return;
+    }
+    if (isLasso) {
+        StandLasso(slot_, lasso_);
+    } else {
+        StandMarquee(slot_, anchor_, PlaceOf(event));
+    }
+    SelectRowsInMarquee();
+}
+
+void PlotMouse::EndSelection(const MouseEvent& event, bool isClick) {
+    gMarquee[kMarqueeDragging] = 0;
+    if (isClick) {
+        ClearSelection();
+        return;
+    }
+    const double dx = event.x - start_.x;
+    const double dy = event.y - start_.y;
+    const bool hasMoved =
+        gActiveLayer == kAnnotationLayer ? MoveAnnotations(dx, dy) : MoveSelection(dx, dy) > 0;
+    if (hasMoved) {
+        ShiftMarquee(dx, dy);
+    }
+}
+
+bool PlotMouse::IsClick(const MouseEvent& event, const MouseModes& modes) const {
+    return lasso_.size() < 2 && std::abs(event.x - start_.x) < modes.pixel.x
+           && std::abs(event.y - start_.y) < modes.pixel.y;
+}
+
+} // namespace quandrel

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+//
+// One level of undo for edits of rows and of annotations, with its inverse.
+//
+// An edit of rows calls KeepForUndo before it changes them, or KeepAddedForUndo behind an addition,
+// then SealUndo. What is kept is the rows of the plot as they were, every field of them with their
+// order and overlays; the clipboard has no part in it. An edit that is not kept calls ForgetUndo;
+// one that does not is found out by the seal.
+
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace quandrel {
+
+/// Codes of gLastEditKind. From 101 on the edit was made on the annotation layer.
+enum EditKind : std::int16_t {
+    kNoEdit = 0,
+    kCutEdit = 1,
+    kPasteEdit = 4,
+    kDeleteEdit = 5,
+    kSymbolEdit = 6,
+    kMoveEdit = 9,
+    kAddEdit = 10,  ///< points added with the mouse
+    kGridEdit = 11, ///< cells of the data grid
+    kAnnotationCut = 101,
+    kAnnotationPaste = 104,
+    kAnnotationDelete = 105,
+    kAnnotationSymbol = 106,
+    kAnnotationMove = 109,
+    kAnnotationAdd = 110,
+};
+
+extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be taken back
+
+/// Keeps the rows of gActivePlot before some of them change or go.
+/// @param rows  point indices of those that the edit is about; an empty list keeps nothing
+void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows);
+
+/// Keeps what is needed to take back rows that were just added at the end of gActivePlot, without
+/// appended values, and seals it. An overlay that holds nothing but these rows goes with them.
+/// @param firstRow  the first of them
+void KeepAddedForUndo(EditKind kind, std::int32_t firstRow, std::int32_t count);
+
+struct KeptRows;
+
+/// Keeps the rows of gActivePlot as they were before an edit that has been made. Not sealed.
+void KeepStateForUndo(EditKind kind, KeptRows before);
+
+/// Keeps the annotations of gActivePlot before some of them change, come or go.
+void KeepAnnotationsForUndo(EditKind kind);
+
+/// The edit that was kept is complete: from now on another change of its rows ends the undo.
+void SealUndo();
+
+/// From now on the last edit can be neither taken back nor made again. Called by every edit that is
+/// not kept, by a load, and when a plot closes.
+void ForgetUndo();
+
+/// As ForgetUndo, when the edit that is kept is one of this slot.
+void ForgetUndo(int slot);
+
+/// True while the plot of the last edit stands as the edit left it. O(rows) of that plot.
+[[nodiscard]] bool CanUndo();
+
+/// Makes the plot of the last edit the active one, puts its rows or annotations back exactly as
+/// they were and draws it. Does nothing when CanUndo is false or while a long loop runs.
+void UndoLastEdit();
+
+/// True while the plot stands as the last undo left it.
+[[nodiscard]] bool CanRedo();
+
+/// Makes the edit that was taken back once more.
+void RedoLastEdit();
+
+/// The slot of the plot whose edit is kept, 0 for none.
+[[nodiscard]] int UndoSlot();
+
+/// Caption of the undo item: "&Undo Cut" and the like, "&Undo" when there is nothing to take back.
+[[nodiscard]] std::string UndoCaption();
+
+/// Caption of the redo item: "&Redo Cut" and the like, "&Redo" when there is nothing.
+[[nodiscard]] std::string RedoCaption();
+
+} // namespace quandrel

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/girdle_commands.h"
+#include "edit/girdles.h"
+#include "edit/small_circles.h"
+#include "stereo/plot_stages.h"
+#include "support/test_platform.h"
+
+#include <numbers>
+
+namespace quandrel {
+namespace {
+
+class GirdleCommands : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        gPlotStages = {};
+        gPlotKind = kEqualArea;
+        gConventions = 1;
+        slot = NewPlot();
+    }
+
+    static std::string Run(const std::string& line) {
+        const auto commands = ParseScript(line, CommandBreak::LineOnly);
+        EXPECT_TRUE(commands);
+        const Command& command = (*commands)[0];
+        return command.name == "girdle" ? ApplyGirdleArguments(command.arguments)
+                                        : ApplySmallCircleArguments(command.arguments);
+    }
+
+    int slot = 0;
+};
+
+TEST_F(GirdleCommands, LayAGirdleAndHideAndShowIt) {
+    EXPECT_EQ(Run("girdle 2 45/120"), "");
+    EXPECT_TRUE(IsGirdleShown(2));
+    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][2]), std::numbers::pi / 4, 1e-12);
+    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][3]), std::numbers::pi * 5 / 3, 1e-12);
+    EXPECT_EQ(Run("girdle 2 off"), "");
+    EXPECT_FALSE(IsGirdleShown(2));
+    EXPECT_EQ(Run("girdle 2 45/120"), "") << "its own text shows it again";
+    EXPECT_TRUE(IsGirdleShown(2));
+    EXPECT_EQ(Run("girdle 2 off"), "");
+    EXPECT_EQ(Run("girdle 2 on"), "");
+    EXPECT_TRUE(IsGirdleShown(2));
+}
+
+TEST_F(GirdleCommands, DrawASmallCircleAndHideAndShowIt) {
+    EXPECT_EQ(Run("smallcircle 4 -45 N30E 150"), "");
+    EXPECT_TRUE(IsSmallCircleShown(4));
+    EXPECT_EQ(SmallCircleOfSet(4)->AxisPl, "-45");
+    EXPECT_EQ(SmallCircleOfSet(4)->AxisAz, "N30E");
+    EXPECT_EQ(SmallCircleOfSet(4)->Angle, "150");
+    EXPECT_EQ(Run("smallcircle 4 off"), "");
+    EXPECT_FALSE(IsSmallCircleShown(4));
+    EXPECT_EQ(Run("smallcircle 4 on"), "");
+    EXPECT_TRUE(IsSmallCircleShown(4));
+}
+
+struct RefusedRow {
+    const char* line;
+    const char* fragment;
+};
+
+constexpr RefusedRow kRefused[] = {
+    {"girdle", "a row from 1 to 8"},
+    {"girdle 1", "a row from 1 to 8"},
+    {"girdle 1 45 120", "a row from 1 to 8"},
+    {"girdle row=1 45/120", "a row from 1 to 8"},
+    {"girdle 0 on", "'0' is no girdle"},
+    {"girdle 11 45/120", "'11' is no girdle"},
+    {"girdle 9 45/120", "that of the statistics"},
+    {"girdle 10 on", "no girdle 10 yet"},
+    {"girdle 1 on", "no girdle 1 yet"},
+    {"girdle 1 45:120", "Can't recognize the character"},
+    {"girdle 1 95/120", "is not a recognizable orientation"},
+    {"smallcircle", "a number from 1 to 4"},
+    {"smallcircle 1 45 120", "a number from 1 to 4"},
+    {"smallcircle 5 45 120 30", "'5' is no small circle"},
+    {"smallcircle 1 91 120 30", "'91': The plunge"},
+    {"smallcircle 1 45 400 30", "'400': The azimuth"},
+    {"smallcircle 1 45 120 181", "'181': The angle"},
+    {"smallcircle 1 on", "The plunge"},
+};
+
+TEST_F(GirdleCommands, TellWhatIsWrongAndChangeNothing) {
+    for (const RefusedRow& row : kRefused) {
+        EXPECT_NE(Run(row.line).find(row.fragment), std::string::npos)
+            << row.line << ": " << Run(row.line);
+    }
+    for (int item = 0; item < kAxisItems; ++item) {
+        EXPECT_EQ(GirdleText(item), "");
+        EXPECT_FALSE(IsGirdleShown(item));
+    }
+    for (int set = 1; set <= kUserCircles; ++set) {
+        EXPECT_EQ(SmallCircleOfSet(set)->AxisPl, "");
+        EXPECT_FALSE(IsSmallCircleShown(set));
+    }
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+}
+
+TEST_F(GirdleCommands, NeedAStereoPlot) {
+    ActiveRecord().PlotKind = kRose;
+    EXPECT_EQ(Run("girdle 1 45/120"), "a rose has no girdles");
+    EXPECT_EQ(Run("smallcircle 1 45 120 30"), "a rose has no small circles");
+    gActivePlot = 0;
+    EXPECT_EQ(Run("girdle 1 45/120"), "no plot is open");
+    EXPECT_EQ(Run("smallcircle 1 45 120 30"), "no plot is open");
+    gActivePlot = slot;
+}
+
+} // namespace
+} // namespace quandrel

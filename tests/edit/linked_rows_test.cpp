@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/data_format.h"
+#include "derive/kinematic_plots.h"
+#include "edit/linked_rows.h"
+#include "edit/marquee.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+namespace quandrel {
+namespace {
+
+using namespace testing;
+
+using Rows = std::vector<std::int32_t>;
+
+class LinkedRows : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        ClearSelection();
+        parent = NewPlot();
+        PlotRecord& record = ActiveRecord();
+        record.PrimaryFormat = kPrimaryPlane;
+        record.DataKind = kPlanes;
+        record.SecondaryFormat = kSecondaryLine;
+        // Slip down the dip of each plane; the third has no slip line, and so no axes.
+        AddFault(60, 90, 60, 90);
+        AddFault(30, 200, 30, 200);
+        AddFault(45, 10, kErrorRow, 0);
+        AddFault(70, 320, 70, 320);
+    }
+
+    void TearDown() override {
+        ClearSelection();
+        EngineTest::TearDown();
+    }
+
+    static void AddFault(int dip, int direction, int plunge, int trend) {
+        AddRow(dip, direction);
+        int secondary = 1;
+        const std::int32_t row = ActiveRecord().NumData;
+        GrowDataColumns(secondary, row);
+        gData2Dip.At(gActivePlot, row) = plunge;
+        gData2Az.At(gActivePlot, row) = trend;
+    }
+
+    int parent = 0;
+};
+
+TEST_F(LinkedRows, FaultsAndTheirAxesLightEachOther) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    const int axes = gActivePlot;
+    ASSERT_NE(axes, parent);
+    ASSERT_EQ(RecordOf(axes).NumData, 6);
+    // The normal fault dipping 60 to the east has P plunging 75 to the west and T 15 to the east.
+    const Rows faults = {1};
+    const Rows lit = RowsLinkedTo(axes, parent, faults);
+    ASSERT_EQ(lit.size(), 2U);
+    for (const std::int32_t row : lit) {
+        const std::pair<int, int> line{gDataDip(axes, row), gDataAz(axes, row)};
+        EXPECT_TRUE(line == std::pair(75, 270) || line == std::pair(-15, 90)) << line.first;
+    }
+    EXPECT_EQ(RowsLinkedTo(parent, axes, lit), faults);
+    EXPECT_EQ(RowsLinkedTo(axes, parent, Rows{3}), Rows{});
+    EXPECT_EQ(RowsLinkedTo(axes, parent, Rows{1, 2, 4}).size(), 6U);
+}
+
+TEST_F(LinkedRows, TheMarqueeInOnePlotLightsTheOthers) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    const int axes = gActivePlot;
+    SelectRows(parent, {4});
+    EXPECT_EQ(LitRows(parent), Rows{4});
+    EXPECT_EQ(LitRows(axes).size(), 2U);
+    EXPECT_EQ(LitPlaces(axes).size(), 2U);
+    ClearSelection();
+    EXPECT_TRUE(LitPlaces(axes).empty());
+    EXPECT_TRUE(LitPlaces(parent).empty());
+}
+
+TEST_F(LinkedRows, TheTwoPlotsOfAxesGoByTheirNumbers) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnTwoPlots));
+    const int extension = gActivePlot;
+    int shortening = 0;
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        shortening = IsOpenSlot(slot) && RecordOf(slot).AxesTitle == "P" ? slot : shortening;
+    }
+    ASSERT_NE(shortening, 0);
+    EXPECT_EQ(RowsLinkedTo(extension, shortening, Rows{2, 3}), (Rows{2, 3}));
+    EXPECT_EQ(RowsLinkedTo(extension, parent, Rows{1}).size(), 1U);
+    EXPECT_EQ(RowsLinkedTo(shortening, parent, Rows{1}).size(), 1U);
+}
+
+TEST_F(LinkedRows, StrangersLightNothing) {
+    const int other = NewPlot();
+    AddRow(60, 90);
+    SelectRows(parent, {1});
+    EXPECT_TRUE(LitRows(other).empty());
+    EXPECT_TRUE(RowsLinkedTo(parent, parent, Rows{1}).empty());
+}
+
+} // namespace
+} // namespace quandrel
