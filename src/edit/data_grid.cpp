@@ -83,6 +83,43 @@ std::string RegionalText(float number) {
     return text;
 }
 
+/// The columns of an orientation.
+struct PairKinds {
+    GridColumnKind dip;
+    GridColumnKind azimuth;
+};
+
+/// The pair that a column belongs to, or nothing.
+std::optional<PairKinds> PairOf(GridColumnKind kind) {
+    using Kind = GridColumnKind;
+    switch (kind) {
+    case Kind::Dip:
+    case Kind::Azimuth:
+        return PairKinds{Kind::Dip, Kind::Azimuth};
+    case Kind::SecondaryDip:
+    case Kind::SecondaryAzimuth:
+        return PairKinds{Kind::SecondaryDip, Kind::SecondaryAzimuth};
+    case Kind::LinePlunge:
+    case Kind::LineTrend:
+        return PairKinds{Kind::LinePlunge, Kind::LineTrend};
+    default:
+        return std::nullopt;
+    }
+}
+
+/// True for a pair that is no orientation; all but the primary one may be empty.
+bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
+               std::string_view azimuth) {
+    const bool isPrimary = pair.dip == GridColumnKind::Dip;
+    if (!isPrimary && WithoutBlanks(dip).empty() && WithoutBlanks(azimuth).empty()) {
+        return false;
+    }
+    const bool isPlane = isPrimary ? record.PrimaryFormat == kPrimaryPlane
+                                   : pair.dip == GridColumnKind::SecondaryDip
+                                         && record.SecondaryFormat == kSecondaryPlane;
+    return !ReadGridPair(dip, azimuth, isPlane);
+}
+
 bool IsDataKind(GridColumnKind kind) {
     return kind != GridColumnKind::RowNumber && kind != GridColumnKind::Edited;
 }
@@ -164,9 +201,57 @@ void DataGrid::Fill() {
     std::ranges::stable_sort(points.begin(), points.begin() + std::min(record.NumData, rowsKnown_),
                              {}, [this](std::int32_t point) { return gDataOrder(slot_, point); });
     for (const std::int32_t point : points) {
-        lines_.push_back({point, false});
+        lines_.push_back({point, false, gDataOrder(slot_, point)});
     }
     FindPoints();
+}
+
+std::size_t DataGrid::FirstOfOrder(std::size_t row) const {
+    while (row > 0 && lines_[row - 1].order == lines_[row].order) {
+        --row;
+    }
+    return row;
+}
+
+void DataGrid::Refill() {
+    /// Rows of one order stand together, so that a row is known by its place among them.
+    struct KeptEdits {
+        std::int32_t order;
+        std::size_t place;
+        CellEdits cells;
+    };
+
+    std::vector<KeptEdits> kept;
+    std::vector<CellEdits> ofNewRows;
+    for (auto& [row, cells] : edits_) {
+        if (IsNew(row)) {
+            ofNewRows.push_back(std::move(cells));
+        } else {
+            kept.push_back({lines_[row].order, row - FirstOfOrder(row), std::move(cells)});
+        }
+    }
+    Fill();
+    const auto put = [this](std::size_t row, const CellEdits& cells) {
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            if (const auto cell = cells.find(columns_[column].kind); cell != cells.end()) {
+                SetCell(row, column, cell->second);
+            }
+        }
+    };
+    const auto behindMain =
+        std::ranges::find_if_not(lines_, [this](const GridLine& line) { return IsMainRow(line); });
+    for (const KeptEdits& edits : kept) {
+        const auto same =
+            std::ranges::equal_range(lines_.begin(), behindMain, edits.order, {}, &GridLine::order);
+        if (edits.place < same.size()) {
+            put(static_cast<std::size_t>(same.begin() - lines_.begin()) + edits.place, edits.cells);
+        }
+    }
+    for (const CellEdits& cells : ofNewRows) {
+        if (AddRow()) {
+            put(lines_.size() - 1, cells);
+        }
+    }
 }
 
 void DataGrid::FindPoints() {
@@ -300,46 +385,32 @@ std::vector<std::size_t> DataGrid::EditedRows() const {
     return rows;
 }
 
-bool DataGrid::IsBadPair(std::size_t row, GridColumnKind dip, GridColumnKind azimuth) const {
-    if (!HasEdit(row, dip) && !HasEdit(row, azimuth)) {
-        return false;
-    }
-    const std::string dipText = TextOfKind(row, dip);
-    const std::string azimuthText = TextOfKind(row, azimuth);
-    if (dip != GridColumnKind::Dip && WithoutBlanks(dipText).empty()
-        && WithoutBlanks(azimuthText).empty()) {
-        return false;
-    }
-    const PlotRecord& record = RecordOf(slot_);
-    const bool isPlane =
-        dip == GridColumnKind::Dip
-            ? record.PrimaryFormat == kPrimaryPlane
-            : dip == GridColumnKind::SecondaryDip && record.SecondaryFormat == kSecondaryPlane;
-    return !ReadGridPair(dipText, azimuthText, isPlane);
-}
-
 bool DataGrid::IsBad(std::size_t row, std::size_t column) const {
     if (!IsEditable(row, column)) {
         return false;
     }
-    using Kind = GridColumnKind;
-    switch (columns_[column].kind) {
-    case Kind::Dip:
-    case Kind::Azimuth:
-        return IsBadPair(row, Kind::Dip, Kind::Azimuth);
-    case Kind::SecondaryDip:
-    case Kind::SecondaryAzimuth:
-        return IsBadPair(row, Kind::SecondaryDip, Kind::SecondaryAzimuth);
-    case Kind::LinePlunge:
-    case Kind::LineTrend:
-        return IsBadPair(row, Kind::LinePlunge, Kind::LineTrend);
-    case Kind::Number: {
-        const std::string text = TextOfKind(row, Kind::Number);
-        return HasEdit(row, Kind::Number) && !WithoutBlanks(text).empty() && !ReadGridNumber(text);
-    }
-    default:
+    const GridColumnKind kind = columns_[column].kind;
+    const std::optional<PairKinds> pair = PairOf(kind);
+    const bool isEdited =
+        pair ? HasEdit(row, pair->dip) || HasEdit(row, pair->azimuth) : HasEdit(row, kind);
+    return isEdited && IsBadText(row, column, TextOfKind(row, kind));
+}
+
+bool DataGrid::IsBadText(std::size_t row, std::size_t column, std::string_view text) const {
+    if (!IsEditable(row, column)) {
         return false;
     }
+    const GridColumnKind kind = columns_[column].kind;
+    if (kind == GridColumnKind::Number) {
+        return !WithoutBlanks(text).empty() && !ReadGridNumber(text);
+    }
+    const std::optional<PairKinds> pair = PairOf(kind);
+    if (!pair) {
+        return false;
+    }
+    const bool isDip = kind == pair->dip;
+    const std::string other = TextOfKind(row, isDip ? pair->azimuth : pair->dip);
+    return IsBadPair(RecordOf(slot_), *pair, isDip ? text : other, isDip ? other : text);
 }
 
 void DataGrid::DiscardEdits() {
@@ -382,7 +453,8 @@ void DataGrid::RowsRemoved(std::span<const std::int32_t> points) {
         }
         const auto [first, behind] = std::ranges::equal_range(points, line.point);
         if (first != behind) {
-            line = {0, true};
+            line.point = 0;
+            line.isDeleted = true;
             edits_.erase(row);
         } else {
             line.point -= static_cast<std::int32_t>(first - points.begin());
@@ -390,6 +462,25 @@ void DataGrid::RowsRemoved(std::span<const std::int32_t> points) {
     }
     rowsKnown_ -= static_cast<std::int32_t>(points.size());
     FindPoints();
+}
+
+std::optional<std::vector<std::int32_t>> DataGrid::LostRows() const {
+    if (!IsOpenSlot(slot_) || GridFormatOf(RecordOf(slot_)) != format_) {
+        return std::nullopt;
+    }
+    const std::int32_t left = RecordOf(slot_).NumLoadedData;
+    std::vector<std::int32_t> lost;
+    std::int32_t next = 1;
+    for (std::int32_t point = 1; point <= rowsKnown_; ++point) {
+        const std::optional<std::size_t> row = RowOfPoint(point);
+        const bool isLeft = row && next <= left && lines_[*row].order == gDataOrder(slot_, next);
+        if (isLeft) {
+            ++next;
+        } else {
+            lost.push_back(point);
+        }
+    }
+    return next > left && !lost.empty() ? std::optional(lost) : std::nullopt;
 }
 
 bool DataGrid::IsStale() const {

@@ -75,6 +75,11 @@ public:
     /// rows).
     void Fill();
 
+    /// Fills the grid anew from a plot that has gained or lost rows. Edits go with their rows,
+    /// which are known by their order; new rows that hold something stay where the plot still takes
+    /// them. O(rows log rows).
+    void Refill();
+
     [[nodiscard]] int Slot() const { return slot_; }
 
     [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
@@ -101,6 +106,9 @@ public:
     /// True for an edited cell that holds no number, or whose pair is no orientation. Appended
     /// lines and secondary orientations, but not primary ones, may be left empty.
     [[nodiscard]] bool IsBad(std::size_t row, std::size_t column) const;
+
+    /// True when a cell would be bad if it held this text.
+    [[nodiscard]] bool IsBadText(std::size_t row, std::size_t column, std::string_view text) const;
 
     [[nodiscard]] bool IsEdited(std::size_t row) const;
 
@@ -137,6 +145,11 @@ public:
     /// @param points  their point indices before that, ascending
     void RowsRemoved(std::span<const std::int32_t> points);
 
+    /// The point indices, ascending, of the rows that the plot has lost since the grid learnt of
+    /// them, known by the order of those that are left; nothing when it has lost none, or when
+    /// something else has happened to it. O(rows).
+    [[nodiscard]] std::optional<std::vector<std::int32_t>> LostRows() const;
+
     /// True when the plot has other rows or columns than the grid knows of, or is closed.
     [[nodiscard]] bool IsStale() const;
 
@@ -144,12 +157,15 @@ private:
     struct GridLine {
         std::int32_t point = 0; ///< 0 for no row of the plot
         bool isDeleted = false;
+        std::int32_t order = 0; ///< in which it was loaded
     };
+
+    using CellEdits = std::map<GridColumnKind, std::string>;
 
     [[nodiscard]] std::string StoredText(const GridLine& line, GridColumnKind kind) const;
     [[nodiscard]] std::string NumberText(std::size_t row) const;
     [[nodiscard]] bool IsMainRow(const GridLine& line) const;
-    [[nodiscard]] bool IsBadPair(std::size_t row, GridColumnKind dip, GridColumnKind azimuth) const;
+    [[nodiscard]] std::size_t FirstOfOrder(std::size_t row) const;
     void FindPoints();
 
     int slot_;
@@ -157,7 +173,7 @@ private:
     std::vector<GridColumn> columns_;
     std::vector<GridLine> lines_;
     std::vector<std::size_t> rowOfPoint_; ///< by point index; RowCount() where there is none
-    std::map<std::size_t, std::map<GridColumnKind, std::string>> edits_;
+    std::map<std::size_t, CellEdits> edits_;
     std::int32_t rowsKnown_ = 0;
 };
 

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/projection.h"
+#include "stereo/row_positions.h"
 
 #include <algorithm>
 #include <cmath>
@@ -229,8 +230,26 @@ void SelectRowsInMarquee() {
     TellSelection();
 }
 
+namespace {
+
+std::vector<std::int32_t> ValidRowsOf(int slot) {
+    std::vector<std::int32_t> rows;
+    for (std::int32_t row = 1; row <= RecordOf(slot).NumLoadedData; ++row) {
+        if (OrientationShown(slot, row).dip != kErrorRow) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+} // namespace
+
 void SelectAll() {
     if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    if (ActiveRecord().PlotKind == kRose) {
+        SelectRows(gActivePlot, ValidRowsOf(gActivePlot));
         return;
     }
     StandMarquee(gActivePlot, {-kNetRadius, kNetRadius}, {kNetRadius, -kNetRadius});

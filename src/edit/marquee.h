@@ -126,7 +126,8 @@ RowsInside(const RowTable& table, const std::function<bool(Point)>& isInside,
 /// stays empty. A rose has no rows to select.
 void SelectRowsInMarquee();
 
-/// A marquee over the whole net of gActivePlot, with all that it holds: -1000, 1000, 2000, -2000.
+/// A marquee over the whole net of gActivePlot, with all that it holds: -1000, 1000, 2000, -2000. Of
+/// a rose all valid rows, without a marquee.
 void SelectAll();
 
 /// Selects rows of a plot without a marquee. Indices that are no rows are left out.

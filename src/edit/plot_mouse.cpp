@@ -4,15 +4,15 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "edit/add_point.h"
 #include "edit/annotations.h"
+#include "edit/girdle_pull.h"
 #include "edit/linked_rows.h"
 #include "edit/move_rows.h"
 #include "edit/net_line.h"
 #include "edit/readout.h"
+#include "edit/small_circle_pick.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
 
 #include <cmath>
 #include <utility>
@@ -20,12 +20,6 @@
 namespace quandrel {
 
 namespace {
-
-constexpr const char* kGirdleHint =
-    "<Shift>+Left or <Shift>+Right mousebutton to change orientation of active girdle";
-
-/// Plots of fewer rows are drawn anew at once.
-constexpr std::int32_t kFewRows = 400;
 
 /// Corners of a lasso lie this far apart at least, plot units.
 constexpr double kLassoStep = 4;
@@ -41,11 +35,6 @@ Point PlaceOf(const MouseEvent& event) {
 
 bool IsStereo() {
     return IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind != kRose;
-}
-
-bool IsActiveGirdle(std::int16_t girdle) {
-    constexpr std::int16_t kUserGirdles = 8;
-    return girdle >= 1 && girdle <= kUserGirdles;
 }
 
 Point Shifted(Point at, Point offset) {
@@ -124,12 +113,12 @@ PointerShape ShapeOfHandle(int corner) {
                                                           : PointerShape::HandleFalling;
 }
 
-/// An active girdle is drawn at once where that is quick.
-void ReplotAfterGirdle() {
-    const PlotRecord& record = ActiveRecord();
-    if (record.NumLoadedData < kFewRows && record.PlotSymbolMode < kContours) {
-        ReplotActivePlot(false);
+/// What there is to know of a press while a girdle or a small circle waits for the mouse.
+std::string InformationNow() {
+    if (PickedSet() != 0) {
+        return kPickCircleHint;
     }
+    return CanPullGirdle() ? kGirdleHint : "";
 }
 
 } // namespace
@@ -180,21 +169,24 @@ MouseReport PlotMouse::Release(const MouseEvent& event, const MouseModes& modes)
     return report;
 }
 
-MouseReport PlotMouse::Leave(const MouseModes& modes) {
+MouseReport PlotMouse::Leave() {
     MouseReport report;
-    report.information = IsActiveGirdle(modes.girdle) ? kGirdleHint : gHintText;
+    report.information = InformationNow();
     return report;
 }
 
 bool PlotMouse::Key(PlotKey key) {
     if (key == PlotKey::Escape) {
-        const bool meansSomething = IsDragging() || gMarqueeSlot != 0;
         if (IsDragging()) {
             Cancel();
-        } else if (meansSomething) {
+        } else if (PickedSet() != 0) {
+            EndSmallCirclePick();
+        } else if (gMarqueeSlot != 0) {
             ClearSelection();
+        } else {
+            return false;
         }
-        return meansSomething;
+        return true;
     }
     if (IsDragging() || gActiveLayer != kDataLayer || SelectedRowsOf(gActivePlot).empty()) {
         return false;
@@ -211,6 +203,10 @@ void PlotMouse::Cancel() {
     lasso_.clear();
     if (former == Drag::Marquee || former == Drag::Lasso || former == Drag::Selection) {
         PutSelectionBack(std::move(kept_));
+    } else if (former == Drag::Girdle) {
+        CancelGirdlePull();
+    } else if (former == Drag::Pick) {
+        EndSmallCirclePick();
     }
     kept_ = {};
 }
@@ -236,13 +232,17 @@ void PlotMouse::OverlayShapes(Surface& surface, std::int32_t slot, Colour highli
     if (slot == slot_ && drag_ == Drag::Lasso) {
         DrawLasso(surface, lasso_, {});
     }
+    if (slot == gActivePlot) {
+        DrawPulledGirdle(surface);
+        DrawPickedCircle(surface);
+    }
 }
 
 MouseReport PlotMouse::ReportAt(const MouseEvent& event, const MouseModes& modes) const {
     MouseReport report = {};
     report.pointer = ShapeAt(event, modes);
     report.readout = ReadoutText(event.x, event.y);
-    report.information = IsActiveGirdle(modes.girdle) ? kGirdleHint : gHintText;
+    report.information = InformationNow();
     return report;
 }
 
@@ -261,7 +261,7 @@ PointerShape PlotMouse::ShapeAt(const MouseEvent& event, const MouseModes& modes
     if (IsAddPress(event, modes)) {
         return IsOnNet(event.x, event.y) ? PointerShape::Add : PointerShape::Arrow;
     }
-    if (event.shift != 0 || modes.picksSmallCircle || !MarqueeStandsOn(gActivePlot)) {
+    if (event.shift != 0 || PickedSet() != 0 || !MarqueeStandsOn(gActivePlot)) {
         return plain;
     }
     const int handle = HandleAt(PlaceOf(event), modes.pixel);
@@ -273,8 +273,7 @@ PointerShape PlotMouse::ShapeAt(const MouseEvent& event, const MouseModes& modes
 
 bool PlotMouse::IsAddPress(const MouseEvent& event, const MouseModes& modes) const {
     const bool isAsked = event.shift == kAltKey || (modes.addsPoints && event.shift == 0);
-    return isAsked && IsStereo() && !modes.roseDialog
-           && !(modes.picksSmallCircle && event.shift == 0);
+    return isAsked && IsStereo() && !modes.roseDialog && !(PickedSet() != 0 && event.shift == 0);
 }
 
 void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
@@ -283,22 +282,17 @@ void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
     if (!IsStereo()) {
         return;
     }
-    if (hasShift && IsActiveGirdle(modes.girdle)) {
+    if (hasShift && CanPullGirdle()) {
         drag_ = Drag::Girdle;
-        if (onGirdle) {
-            onGirdle(event.button, event.shift, event.x, event.y);
-        }
+        ChangeUserGirdle(event.button, event.shift, event.x, event.y);
     } else if (IsAddPress(event, modes)) {
         const bool isAnnotation = gActiveLayer == kAnnotationLayer;
         drag_ = isAnnotation ? Drag::Polyline : Drag::Point;
         if (isAnnotation) {
             AddStereoPoint(event.button, event.x, event.y);
         }
-    } else if (isLeft && event.shift == 0 && modes.picksSmallCircle) {
+    } else if (isLeft && event.shift == 0 && PressSmallCircle(event.x, event.y)) {
         drag_ = Drag::Pick;
-        if (onPickPress) {
-            onPickPress(event);
-        }
     } else if (isLeft && (event.shift == 0 || event.shift == kShiftKey)) {
         BeginMarquee(event, modes);
     }
@@ -333,17 +327,13 @@ void PlotMouse::Follow(const MouseEvent& event) {
         }
         break;
     case Drag::Girdle:
-        if (onGirdle) {
-            onGirdle(button_, shift_, event.x, event.y);
-        }
+        DragGirdle(event.x, event.y);
         break;
     case Drag::Polyline:
         (void)ExtendAnnotation(event.x, event.y);
         break;
     case Drag::Pick:
-        if (onPickMove) {
-            onPickMove(event);
-        }
+        DragSmallCircle(event.x, event.y);
         break;
     default:
         break;
@@ -366,14 +356,10 @@ void PlotMouse::End(const MouseEvent& event, const MouseModes& modes) {
         AddStereoPoint(button_, event.x, event.y);
         break;
     case Drag::Girdle:
-        if (button_ == kLeftMouseButton) {
-            ReplotAfterGirdle();
-        }
+        ReleaseGirdle();
         break;
     case Drag::Pick:
-        if (onPickRelease) {
-            onPickRelease(event);
-        }
+        ReleaseSmallCircle(event.x, event.y);
         break;
     default:
         break;

@@ -12,7 +12,6 @@
 #include "platform/surface.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -33,12 +32,10 @@ enum class PointerShape {
 
 /// The state of the program that decides what a press means.
 struct MouseModes {
-    bool roseDialog = false;       ///< the rose dialog is open
-    bool picksSmallCircle = false; ///< a press belongs to the small circle dialog
-    bool addsPoints = false;       ///< a plain press does what Alt and a press does
-    bool lasso = false;            ///< a marquee is drawn as a lasso
-    std::int16_t girdle = 0;       ///< gActiveGirdle
-    Point pixel{1, 1};             ///< length of a logical pixel in plot units, across and up
+    bool roseDialog = false; ///< the rose dialog is open
+    bool addsPoints = false; ///< a plain press does what Alt and a press does
+    bool lasso = false;      ///< a marquee is drawn as a lasso
+    Point pixel{1, 1};       ///< length of a logical pixel in plot units, across and up
 };
 
 /// An event of the mouse.
@@ -53,7 +50,7 @@ struct MouseEvent {
 struct MouseReport {
     PointerShape pointer = PointerShape::Arrow;
     std::string readout;         ///< text of panDipAzBox
-    std::string information;     ///< text of the information line
+    std::string information;     ///< what the information line says of it; mostly empty
     bool overlayChanged = false; ///< paint OverlayShapes anew
     bool opensEditMenu = false;  ///< mnuEdit as a popup at the pointer
 };
@@ -64,20 +61,12 @@ enum class PlotKey { Left, Right, Up, Down, Escape };
 /// The mouse over the pictures of the plots. There is one for all windows, as there is one mouse.
 class PlotMouse {
 public:
-    /// Sets the active girdle at a place (ChangeUserGirdle): button, keys, place. May be empty.
-    std::function<void(int button, int shift, double x, double y)> onGirdle;
-
-    /// Events that belong to the small circle dialog. May be empty.
-    std::function<void(const MouseEvent& event)> onPickMove;
-    std::function<void(const MouseEvent& event)> onPickRelease;
-    std::function<void(const MouseEvent& event)> onPickPress;
-
     [[nodiscard]] MouseReport Press(const MouseEvent& event, const MouseModes& modes);
     [[nodiscard]] MouseReport Move(const MouseEvent& event, const MouseModes& modes);
     [[nodiscard]] MouseReport Release(const MouseEvent& event, const MouseModes& modes);
 
     /// The pointer has left the picture: the readout is empty.
-    [[nodiscard]] MouseReport Leave(const MouseModes& modes);
+    [[nodiscard]] static MouseReport Leave();
 
     /// A key on the plot. Arrows turn the selected rows by a degree: up and down the plunge or dip,
     /// left and right the azimuth; Esc ends a drag, or wipes marquee and selection.
@@ -95,7 +84,8 @@ public:
 
     /// Draws what stands above the picture of a plot: rings about the rows that are selected, or
     /// are the same as selected ones of another plot; the marquee with its handles, or the lasso;
-    /// while the selection is dragged, both where they would come to lie.
+    /// while the selection is dragged, both where they would come to lie. Over the active plot also
+    /// the girdle or the small circle that the mouse holds.
     ///
     /// @param surface    in plot scale; its state is left as it was
     /// @param highlight  colour of rings and handles

@@ -88,14 +88,14 @@ std::string RawDataCaption(int slot) {
 Result<RawData> RawData::Read(int slot) {
     const std::vector<std::string> paths = PathsOf(RecordOf(slot));
     if (paths.empty()) {
-        return Failure(std::string(kNoFile) + kNotShown);
+        return Failure{std::string(kNoFile) + kNotShown};
     }
     RawData raw(slot);
     raw.heading_ = RecordOf(slot).FileHeadLine;
     for (const std::string& path : paths) {
         Result<std::string> text = ReadTextBytes(path);
         if (!text) {
-            return Failure(std::string(kNotShown) + "\n" + FileTitleOf(path) + ": " + text.Error());
+            return Failure{std::string(kNotShown) + "\n" + FileTitleOf(path) + ": " + text.Error()};
         }
         const char delimiter = DelimiterOf(*text);
         raw.AddFile({FileTitleOf(path), std::move(*text), delimiter});
@@ -202,8 +202,7 @@ void SelectRowsOfRawData(const RawData& raw, std::span<const std::size_t> rows) 
     std::erase_if(points, [&raw](std::int32_t point) {
         return OrientationShown(raw.Slot(), point).dip == kErrorRow;
     });
-    const auto repeats = std::ranges::unique(points);
-    points.erase(repeats.begin(), repeats.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
     SelectRows(raw.Slot(), std::move(points));
 }
 

@@ -92,6 +92,8 @@ struct CircleStyle {
     int colour = 0;    ///< index of gColourTable
     int lineStyle = 0; ///< a DrawStyle
     int width = 1;     ///< logical pixels, 1 to kWidestCircle
+
+    friend bool operator==(const CircleStyle&, const CircleStyle&) = default;
 };
 
 /// The style of a set, with values that cannot be drawn brought into their ranges.

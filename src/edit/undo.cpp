@@ -230,7 +230,7 @@ std::string UndoCaption() {
 }
 
 std::string RedoCaption() {
-    return CanRedo() ? std::string("&Redo") + NameOf(gMemory->kind) : "&Redo";
+    return CanRedo() ? std::string("Redo") + NameOf(gMemory->kind) : "Redo";
 }
 
 } // namespace quandrel

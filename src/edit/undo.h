@@ -81,7 +81,7 @@ void RedoLastEdit();
 /// Caption of the undo item: "&Undo Cut" and the like, "&Undo" when there is nothing to take back.
 [[nodiscard]] std::string UndoCaption();
 
-/// Caption of the redo item: "&Redo Cut" and the like, "&Redo" when there is nothing.
+/// Caption of the redo item: "Redo Cut" and the like, "Redo" when there is nothing.
 [[nodiscard]] std::string RedoCaption();
 
 } // namespace quandrel

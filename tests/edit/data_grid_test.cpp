@@ -560,6 +560,108 @@ TEST_F(Grid, RemovedRowsShowDeletedUntilItIsFilled) {
     EXPECT_EQ(grid.RowCount(), 3U);
 }
 
+TEST_F(Grid, KeepsItsEditsWhenItIsFilledWithOtherRows) {
+    for (int i = 1; i <= 4; ++i) {
+        Load(10 * i, 0);
+    }
+    DataGrid grid(gActivePlot);
+    grid.SetCell(1, 1, "21");
+    grid.SetCell(3, 2, "99");
+    ASSERT_TRUE(grid.AddRow());
+    grid.SetCell(4, 1, "77");
+    SelectRows(gActivePlot, {1, 2});
+    EditSelection(kDeleteItem);
+    Load(50, 0);
+    gDataOrder.At(gActivePlot, 3) = 5;
+    ASSERT_TRUE(grid.IsStale());
+    grid.Refill();
+    EXPECT_FALSE(grid.IsStale());
+    ASSERT_EQ(grid.RowCount(), 4U);
+    EXPECT_EQ(RowTexts(grid, 0), (Texts{"1", "30", "000", ""}));
+    EXPECT_EQ(RowTexts(grid, 1), (Texts{"2", "40", "99", "*"})) << "the edit goes with its row";
+    EXPECT_EQ(RowTexts(grid, 2), (Texts{"3", "50", "000", ""}));
+    EXPECT_EQ(RowTexts(grid, 3), (Texts{"4", "77", "", "*"})) << "the new row stays the last";
+    EXPECT_TRUE(grid.IsNew(3));
+}
+
+TEST_F(Grid, FindsOutWhichRowsThePlotHasLost) {
+    for (int i = 1; i <= 6; ++i) {
+        Load(10 * i, 0);
+    }
+    DataGrid grid(gActivePlot);
+    EXPECT_FALSE(grid.LostRows());
+    const std::vector<std::int32_t> gone = {2, 3, 6};
+    SelectRows(gActivePlot, gone);
+    EditSelection(kDeleteItem);
+    EXPECT_EQ(grid.LostRows(), gone);
+    grid.RowsRemoved(gone);
+    EXPECT_FALSE(grid.LostRows());
+    UndoEdits();
+    EXPECT_TRUE(grid.IsStale());
+    EXPECT_FALSE(grid.LostRows()) << "it has gained rows";
+    grid.Refill();
+    SelectRows(gActivePlot, gone);
+    EditSelection(kDeleteItem);
+    Load(70, 0);
+    gDataOrder.At(gActivePlot, 4) = 9;
+    EXPECT_FALSE(grid.LostRows()) << "it has lost some and gained another";
+    Record().HasAppendedText = kTrue;
+    EXPECT_FALSE(grid.LostRows());
+    Record().HasAppendedText = 0;
+    ReleasePlotSlot(gActivePlot);
+    EXPECT_FALSE(grid.LostRows());
+}
+
+TEST_F(Grid, RowsOfOneOrderAreKnownByTheirPlaceAmongThem) {
+    for (int i = 1; i <= 3; ++i) {
+        Load(10 * i, 0);
+        gDataOrder.At(gActivePlot, i) = i == 1 ? 1 : 2;
+    }
+    DataGrid grid(gActivePlot);
+    grid.SetCell(2, 1, "31");
+    Load(40, 0);
+    grid.Refill();
+    EXPECT_EQ(RowTexts(grid, 1), (Texts{"2", "20", "000", ""}));
+    EXPECT_EQ(RowTexts(grid, 2), (Texts{"3", "31", "000", "*"}));
+}
+
+TEST_F(Grid, AClosedPlotLeavesNothingToRefill) {
+    Load(30, 120);
+    DataGrid grid(gActivePlot);
+    grid.SetCell(0, 1, "31");
+    ReleasePlotSlot(gActivePlot);
+    grid.Refill();
+    EXPECT_EQ(grid.RowCount(), 0U);
+    EXPECT_FALSE(grid.HasEdits());
+}
+
+TEST_F(Grid, TellsOfATextBeforeItIsTaken) {
+    Load(30, 120);
+    AddAllColumns();
+    Fill(1, {10, 20}, {30, 40}, 1.5F, "red");
+    DataGrid grid(gActivePlot);
+
+    struct Case {
+        std::size_t column;
+        const char* text;
+        bool isBad;
+    };
+
+    const Case cases[] = {
+        {1, "89", false}, {1, "91", true},  {1, "", true},   {2, "200", false}, {2, "x", true},
+        {3, "x", true},   {5, "45", false}, {7, "x", true},  {7, "", false},    {7, "2.5", false},
+        {8, "x", false},  {0, "x", false},  {9, "x", false},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(grid.IsBadText(0, c.column, c.text), c.isBad) << c.column << " " << c.text;
+        EXPECT_FALSE(grid.IsBad(0, c.column)) << "nothing was taken";
+    }
+    EXPECT_FALSE(grid.HasEdits());
+    grid.SetCell(0, 5, "");
+    EXPECT_FALSE(grid.IsBadText(0, 6, "")) << "an appended line may be left empty";
+    EXPECT_TRUE(grid.IsBadText(0, 6, "30"));
+}
+
 TEST_F(Grid, IsStaleOnceThePlotHasOtherColumns) {
     Load(30, 120);
     const DataGrid grid(gActivePlot);

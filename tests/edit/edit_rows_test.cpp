@@ -118,7 +118,7 @@ TEST_F(EditRows, UndoAndRedoGoBackAndForth) {
         UndoEdits();
         EXPECT_EQ(Rows(slot), before);
         EXPECT_EQ(std::vector(gSelectionRows), std::vector<std::int32_t>{2});
-        EXPECT_EQ(RedoCaption(), "&Redo deletion");
+        EXPECT_EQ(RedoCaption(), "Redo deletion");
         RedoEdits();
         EXPECT_EQ(Rows(slot), behind);
         EXPECT_EQ(gLastEditKind, kDeleteEdit);

@@ -97,15 +97,24 @@ TEST_F(MarqueeTest, TheSelectionIsInTheOrderOfTheRowsWhateverTheTableIs) {
     EXPECT_EQ(gSelectionRows, (Rows{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
 }
 
-TEST_F(MarqueeTest, TheAnnotationLayerAndRosesSelectNoRows) {
+TEST_F(MarqueeTest, TheAnnotationLayerSelectsNoRows) {
     AddRow(45, 45);
     gActiveLayer = kAnnotationLayer;
     SelectAll();
     EXPECT_EQ(gSelectionRows, Rows{});
     EXPECT_TRUE(MarqueeStandsOn(gActivePlot));
-    gActiveLayer = kDataLayer;
+}
+
+TEST_F(MarqueeTest, ARoseSelectsAllItsValidRowsWithoutARectangle) {
+    AddRow(45, 45);
+    AddRow(kErrorRow, 0);
+    AddRow(30, 300);
     ActiveRecord().PlotKind = kRose;
     SelectAll();
+    EXPECT_EQ(gSelectionRows, (Rows{1, 3}));
+    EXPECT_FALSE(MarqueeStands());
+    StandMarquee(gActivePlot, {-1000, 1000}, {1000, -1000});
+    SelectRowsInMarquee();
     EXPECT_EQ(gSelectionRows, Rows{});
 }
 

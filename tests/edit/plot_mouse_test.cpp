@@ -3,8 +3,11 @@
 #include "core/data_format.h"
 #include "core/settings.h"
 #include "edit/annotations.h"
+#include "edit/girdle_pull.h"
 #include "edit/marquee.h"
 #include "edit/plot_mouse.h"
+#include "edit/small_circle_pick.h"
+#include "edit/small_circles.h"
 #include "edit/undo.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -29,15 +32,16 @@ protected:
         EngineTest::SetUp();
         ClearSelection();
         ForgetUndo();
+        gActiveGirdle = 0;
         NewPlot();
         ActiveRecord().PrimaryFormat = kPrimaryLine;
         ActiveRecord().DataKind = kLines;
-        mouse.onGirdle = [this](int button, int shift, double x, double) {
-            girdles.push_back({button, shift, static_cast<int>(x)});
-        };
     }
 
     void TearDown() override {
+        CancelGirdlePull();
+        EndSmallCirclePick();
+        gActiveGirdle = 0;
         ClearSelection();
         ForgetUndo();
         EngineTest::TearDown();
@@ -89,17 +93,8 @@ protected:
         return {};
     }
 
-    struct GirdleCall {
-        int button;
-        int shift;
-        int x;
-
-        bool operator==(const GirdleCall&) const = default;
-    };
-
     PlotMouse mouse;
-    MouseModes modes{false, false, false, false, 0, {2, 2}};
-    std::vector<GirdleCall> girdles;
+    MouseModes modes{false, false, false, {2, 2}};
 };
 
 TEST_F(PlotMouseTest, ADragSelectsWhatItsRectangleHolds) {
@@ -277,46 +272,45 @@ TEST_F(PlotMouseTest, AnnotationsAreMovedOnTheirLayer) {
 }
 
 TEST_F(PlotMouseTest, ShiftPullsTheActiveGirdleWhileTheButtonIsHeld) {
-    modes.girdle = 3;
+    FocusGirdle(3);
     AddRow(45, 45);
     const int shown = Form(gActivePlot).TimesShown();
-    EXPECT_EQ(Press(100, 0, kLeftMouseButton, kShiftKey).information,
-              "<Shift>+Left or <Shift>+Right mousebutton to change orientation of active girdle");
+    EXPECT_EQ(Press(100, 0, kLeftMouseButton, kShiftKey).information, kGirdleHint);
+    EXPECT_EQ(PulledGirdle(), 3);
+    const std::string pressed = GirdleText(3);
     (void)Move(200, 0, kShiftKey);
+    EXPECT_NE(GirdleText(3), pressed);
+    EXPECT_EQ(Form(gActivePlot).TimesShown(), shown);
     (void)Release(200, 0, kLeftMouseButton, kShiftKey);
-    (void)Move(300, 0, kShiftKey);
-    EXPECT_EQ(girdles, (std::vector<GirdleCall>{{1, 1, 100}, {1, 1, 200}}));
     EXPECT_EQ(Form(gActivePlot).TimesShown(), shown + 1);
+    const std::string released = GirdleText(3);
+    (void)Move(300, 0, kShiftKey);
+    EXPECT_EQ(GirdleText(3), released);
+    EXPECT_TRUE(IsGirdleShown(3));
     EXPECT_FALSE(MarqueeStands());
-    girdles.clear();
-    Drag({100, 0}, {200, 0}, kLeftMouseButton, kShiftKey + kCtrlKey);
-    EXPECT_EQ(girdles.size(), 3U);
-    EXPECT_EQ(girdles[0].shift, 3);
 }
 
-TEST_F(PlotMouseTest, ManyRowsAndContoursAreNotDrawnAnewForAGirdle) {
-    modes.girdle = 1;
-    AddRow(45, 45);
-    ActiveRecord().PlotSymbolMode = kContours;
-    const int shown = Form(gActivePlot).TimesShown();
-    Drag({100, 0}, {200, 0}, kLeftMouseButton, kShiftKey);
-    ActiveRecord().PlotSymbolMode = kPointSymbols;
-    for (int row = 2; row <= 400; ++row) {
-        AddRow(45, row % 360);
-    }
-    Drag({100, 0}, {200, 0}, kLeftMouseButton, kShiftKey);
-    EXPECT_EQ(Form(gActivePlot).TimesShown(), shown);
+TEST_F(PlotMouseTest, EscapeGivesTheGirdleBack) {
+    FocusGirdle(3);
+    UpdateGirdle(3, "40/120");
+    (void)Press(100, 0, kLeftMouseButton, kShiftKey);
+    (void)Move(200, 300, kShiftKey);
+    EXPECT_NE(GirdleText(3), "40/120");
+    EXPECT_TRUE(mouse.Key(PlotKey::Escape));
+    EXPECT_EQ(GirdleText(3), "40/120");
+    (void)Release(200, 300, kLeftMouseButton, kShiftKey);
+    EXPECT_EQ(GirdleText(3), "40/120");
 }
 
 TEST_F(PlotMouseTest, ShiftWithoutAnActiveGirdleDrawsAMarquee) {
     AddRow(80, 90);
     for (const int girdle : {0, 9, 10}) {
-        modes.girdle = static_cast<std::int16_t>(girdle);
+        FocusGirdle(girdle);
         ClearSelection();
         Drag({-500, 500}, {500, -500}, kLeftMouseButton, kShiftKey);
         EXPECT_EQ(gSelectionRows, Rows{1}) << girdle;
+        EXPECT_EQ(PulledGirdle(), 0);
     }
-    EXPECT_TRUE(girdles.empty());
 }
 
 TEST_F(PlotMouseTest, TheRightButtonOpensTheEditMenu) {
@@ -339,17 +333,21 @@ TEST_F(PlotMouseTest, ASecondButtonDoesNotDisturbADrag) {
     EXPECT_EQ(gSelectionRows, Rows{1});
 }
 
-TEST_F(PlotMouseTest, PressesBelongToTheSmallCircleDialogWhileItPicks) {
-    std::vector<std::string> calls;
-    mouse.onPickPress = [&](const MouseEvent&) { calls.emplace_back("press"); };
-    mouse.onPickMove = [&](const MouseEvent&) { calls.emplace_back("move"); };
-    mouse.onPickRelease = [&](const MouseEvent&) { calls.emplace_back("release"); };
-    modes.picksSmallCircle = true;
+TEST_F(PlotMouseTest, PressesBelongToTheSmallCircleThatIsPicked) {
+    ASSERT_TRUE(BeginSmallCirclePick(2));
     modes.addsPoints = true;
-    Drag({0, 0}, {100, 0});
-    EXPECT_EQ(calls, (std::vector<std::string>{"press", "move", "move", "release"}));
+    EXPECT_EQ(Move(10, 10).information, kPickCircleHint);
+    Drag({0, 0}, {300, 0});
     EXPECT_FALSE(MarqueeStands());
     EXPECT_EQ(ActiveRecord().NumData, 0);
+    EXPECT_TRUE(IsSmallCircleShown(2));
+    EXPECT_EQ(PickedSet(), 0);
+    ASSERT_TRUE(BeginSmallCirclePick(2));
+    (void)Press(500, 0);
+    (void)Move(700, 0);
+    EXPECT_TRUE(mouse.Key(PlotKey::Escape));
+    EXPECT_EQ(SmallCircleOfSet(2)->AxisPl, "90");
+    EXPECT_EQ(PickedSet(), 0);
 }
 
 TEST_F(PlotMouseTest, EscapeEndsADragAndGivesTheSelectionBack) {
@@ -458,10 +456,10 @@ TEST_F(PlotMouseTest, ReadoutAndInformationComeWithEachMove) {
     gLineSeparator = "/";
     const MouseReport on = Move(0, 0);
     EXPECT_EQ(on.readout, "90/000");
-    EXPECT_EQ(on.information, gHintText);
+    EXPECT_EQ(on.information, "");
     EXPECT_FALSE(on.overlayChanged);
     EXPECT_EQ(Move(0, 1001).readout, "");
-    EXPECT_EQ(mouse.Leave(modes).readout, "");
+    EXPECT_EQ(PlotMouse::Leave().readout, "");
 }
 
 TEST_F(PlotMouseTest, SelectedRowsWearARingAboveThePicture) {
@@ -508,7 +506,7 @@ TEST_F(PlotMouseTest, RandomEventsKeepTheStoreWhole) {
     for (int step = 0; step < 3000; ++step) {
         modes.lasso = any(random) == 0;
         modes.addsPoints = any(random) == 0;
-        modes.girdle = static_cast<std::int16_t>(any(random) == 0 ? 2 : 0);
+        gActiveGirdle = static_cast<std::int16_t>(any(random) == 0 ? 2 : 0);
         gActiveLayer = any(random) == 0 ? kAnnotationLayer : kDataLayer;
         const int button = any(random) < 5 ? kLeftMouseButton : kRightMouseButton;
         const int shift = any(random) < 4 ? 0 : any(random);
