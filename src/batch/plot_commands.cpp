@@ -2,8 +2,11 @@
 
 #include "batch/plot_commands.h"
 
+#include "batch/annotate_commands.h"
 #include "batch/classify_command.h"
 #include "batch/derive_commands.h"
+#include "batch/edit_commands.h"
+#include "batch/girdle_commands.h"
 #include "batch/key_values.h"
 #include "batch/rose_command.h"
 #include "batch/rotate_command.h"
@@ -107,25 +110,44 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
     static const CommandShape none;
     static const CommandShape one{1, {}};
     static const CommandShape its{0, {}, true};
+    static const CommandShape two{2, {}};
+    static const CommandShape three{3, {}};
+    static const CommandShape four{4, {}};
     static const std::map<std::string, PlotCommand> commands = {
+        {"addpoint",
+         {two,
+          [](const Command& c, std::ostream&) { return ApplyAddPointArguments(c.arguments); }}},
+        {"annotate",
+         {three,
+          [](const Command& c, std::ostream&) { return ApplyAnnotateArguments(c.arguments); }}},
         {"classify",
          {its, [](const Command& c, std::ostream&) { return ApplyClassArguments(c.arguments); }}},
         {"cone", {one, ShowCone}},
         {"data", {one, TakeDataKind}},
+        {"edit", {one, [](const Command& c, std::ostream&) { return EditByWords(c.Words()); }}},
+        {"girdle",
+         {two, [](const Command& c, std::ostream&) { return ApplyGirdleArguments(c.arguments); }}},
         {"griddensity", {one, MoveSlider}},
         {"intersections",
          {none, [](const Command&, std::ostream&) { return MakeIntersections(); }}},
         {"kinematic", {one, [](const Command& c, std::ostream&) { return MakeAxes(c.Words()); }}},
+        {"layer", {one, [](const Command& c, std::ostream&) { return ChooseLayer(c.Words()); }}},
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},
         {"recalculate", {none, Recalculate}},
+        {"redo", {none, [](const Command&, std::ostream&) { return MakeEditAgain(); }}},
         {"replot", {none, Replot}},
         {"rose",
          {its, [](const Command& c, std::ostream&) { return ApplyRoseArguments(c.arguments); }}},
         {"rotate", {its, Rotate}},
         {"secondary", {none, [](const Command&, std::ostream&) { return PlotOtherSet(); }}},
+        {"select", {one, [](const Command& c, std::ostream&) { return SelectByWords(c.Words()); }}},
+        {"smallcircle",
+         {four,
+          [](const Command& c, std::ostream&) { return ApplySmallCircleArguments(c.arguments); }}},
         {"symbols", {one, PressSymbolButton}},
+        {"undo", {none, [](const Command&, std::ostream&) { return TakeEditBack(); }}},
     };
     return commands;
 }

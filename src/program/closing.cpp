@@ -5,6 +5,10 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
+#include "edit/girdle_pull.h"
+#include "edit/marquee.h"
+#include "edit/small_circle_pick.h"
+#include "edit/undo.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
@@ -106,6 +110,16 @@ std::vector<int> OpenSlots() {
     return slots;
 }
 
+/// What is under way on a plot, or kept of it, ends.
+void LeaveEditsOf(int slot) {
+    if (slot == gActivePlot) {
+        CancelGirdlePull();
+        EndSmallCirclePick();
+    }
+    ClearSelectionOf(slot);
+    ForgetUndo(slot);
+}
+
 } // namespace
 
 bool HoldsUnsavedData(int slot) {
@@ -118,6 +132,7 @@ bool HoldsUnsavedData(int slot) {
 }
 
 void CloseWithLinks(int slot) {
+    LeaveEditsOf(slot);
     BreakDerivedLinks(slot);
     ClosePlot(slot);
     ForgetRoseOfPlot(slot);

@@ -13,6 +13,8 @@
 #include "density/grid_density.h"
 #include "density/point_density.h"
 #include "derive/slip_arrows.h"
+#include "edit/annotations.h"
+#include "edit/small_circles.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
@@ -20,7 +22,6 @@
 #include "rose/rose_legend.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
-#include "statistics/confidence_cone.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
 #include "stereo/plot_stages.h"
@@ -68,7 +69,8 @@ void ConnectPlotStages() {
     gPlotStages.refreshClassification = RefreshClassification;
     gPlotStages.classLegend = ClassLegendLines;
     gPlotStages.bandLegend = BandLegendLines;
-    gPlotStages.drawSmallCircles = DrawConfidenceCone;
+    gPlotStages.drawSmallCircles = DrawSmallCircles;
+    gPlotStages.drawAnnotations = DrawAnnotations;
     gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
     gPlotStages.drawRose = RosePlot;
     gPlotStages.roseLegend = RoseLegendLines;

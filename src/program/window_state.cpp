@@ -3,13 +3,15 @@
 #include "program/window_state.h"
 
 #include "core/data_format.h"
+#include "core/letter_case.h"
 #include "core/plot_store.h"
+#include "edit/clipboard_text.h"
+#include "edit/marquee.h"
+#include "edit/undo.h"
+#include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
 #include "statistics/confidence_cone.h"
 #include "stereo/plot_stages.h"
-
-#include <cctype>
-#include <optional>
 
 namespace quandrel {
 
@@ -98,15 +100,40 @@ bool HasAnnotations(const PlotRecord& record) {
     return record.PlotAnnotations != nullptr && !record.PlotAnnotations->empty();
 }
 
-std::string PasteCaption(const std::string& text) {
-    std::string head = text.substr(0, 5);
-    for (char& c : head) {
-        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    }
-    if (head == ";QNDR") {
+std::string PasteCaption(ClipboardKind kind) {
+    switch (kind) {
+    case ClipboardKind::OwnRows:
+    case ClipboardKind::Marks:
         return "&Paste selection";
+    case ClipboardKind::Companion:
+        return "&Paste from Velmixoration";
+    default:
+        return "&Paste external data";
     }
-    return head == ";VLMX" ? "&Paste from Velmixoration" : "&Paste external data";
+}
+
+bool HasSelectionOn(int slot) {
+    return MarqueeStandsOn(slot) || !SelectedRowsOf(slot).empty();
+}
+
+/// Rows of the overlay of the secondary data belong to the main rows, those of a linked plot to a
+/// table: neither are taken out here.
+bool KeepsItsRows(const PlotRecord& record) {
+    const bool hasSecondaryBelow =
+        record.SelectedOverlay > 0 && record.SelectedOverlay != record.OverlayRows[0];
+    return hasSecondaryBelow || record.MapInfoLinked != 0;
+}
+
+/// The items that are about the selection of the active plot.
+void SetSelectionItems(EditMenuState& state, const PlotRecord& record) {
+    const bool isRows = gActiveLayer == kDataLayer;
+    const bool isBeta = isRows && record.PlotSymbolMode == kBetaIntersections;
+    const bool keepsRows = isRows && KeepsItsRows(record);
+    state.copy = true;
+    state.copyAllFields = HasFurtherFields(gActivePlot);
+    state.cut = !isBeta && !keepsRows;
+    state.remove = state.cut;
+    state.changeSymbol = !isBeta;
 }
 
 } // namespace
@@ -158,10 +185,33 @@ EditMenuState StateOfEditMenu() {
     }
     const PlotRecord& record = ActiveRecord();
     state.changeSymbol = record.OverlayRows[0] >= 1;
+    state.unselect = HasSelectionOn(gMarqueeSlot);
+    if (HasSelectionOn(gActivePlot)) {
+        SetSelectionItems(state, record);
+    } else {
+        state.copy = state.unselect; // from the plot where the selection is
+    }
     state.selectAll = record.NumLoadedData > 0 || HasAnnotations(record);
     state.removeOverlay =
         record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
     state.removeAnnotation = HasAnnotations(record);
+    return state;
+}
+
+bool HasRawFiles() {
+    if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles < 1) {
+        return false;
+    }
+    const std::string& path = ActiveRecord().FileNames[1];
+    return !path.empty() && !LowerCase(path).ends_with(kBinaryEnding);
+}
+
+UndoState StateOfUndo() {
+    UndoState state;
+    state.undo.enabled = CanUndo();
+    state.redo.enabled = CanRedo();
+    state.undoCaption = UndoCaption();
+    state.redoCaption = RedoCaption();
     return state;
 }
 
@@ -170,9 +220,9 @@ PasteState StateOfPaste() {
     if (!IsOpenSlot(gActivePlot)) {
         return state;
     }
-    if (const std::optional<std::string> text = gPlatform.clipboard->Text()) {
+    if (const ClipboardKind kind = KindOfClipboard(); kind != ClipboardKind::Empty) {
         state.enabled = true;
-        state.caption = PasteCaption(*text);
+        state.caption = PasteCaption(kind);
     }
     return state;
 }

@@ -56,15 +56,34 @@ struct MenuCaptions {
 
 [[nodiscard]] MenuCaptions CaptionsOfMenus();
 
-/// What the Edit menu can do with the active plot.
+/// What the Edit menu can do with the active plot and the selection.
 struct EditMenuState {
+    bool cut = false;
+    bool copy = false;
+    bool copyAllFields = false;
+    bool remove = false;
     bool changeSymbol = false;
     bool selectAll = false;
+    bool unselect = false;
     bool removeOverlay = false;
     bool removeAnnotation = false;
 };
 
 [[nodiscard]] EditMenuState StateOfEditMenu();
+
+/// True when the files of the active plot are texts whose lines can be shown.
+[[nodiscard]] bool HasRawFiles();
+
+/// What "Undo" and "Redo" would do.
+struct UndoState {
+    ControlState undo;
+    ControlState redo;
+    std::string undoCaption;
+    std::string redoCaption;
+};
+
+/// Looks whether the plot of the last edit stands as it was left. O(rows) of that plot.
+[[nodiscard]] UndoState StateOfUndo();
 
 /// What "Paste" would do.
 struct PasteState {

@@ -47,7 +47,7 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"classify", onDensity},
         {"rose", above(onDensity, {"classify"})},
         {"edit", onAll},
-        {"program", onAll},
+        {"program", above(onAll, {"edit"})},
         {"platform/qt", engine},
         {"batch", above(engine, {"platform/qt"})},
         {"shell", above(engine, {"platform/qt"})},

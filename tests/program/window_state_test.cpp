@@ -297,9 +297,9 @@ TEST_F(Toolbar, PasteSaysWhatIsOnTheClipboard) {
     PlotWithRows();
     EXPECT_FALSE(StateOfPaste().enabled);
     EXPECT_EQ(StateOfPaste().caption, "&Paste");
-    const char* texts[][2] = {{";Qndr 1", "&Paste selection"},
-                              {";VLMX", "&Paste from Velmixoration"},
-                              {";QND", "&Paste external data"},
+    const char* texts[][2] = {{";quandrel 1", "&Paste selection"},
+                              {";VELMIXOR", "&Paste from Velmixoration"},
+                              {";Quandre", "&Paste external data"},
                               {"30\t120", "&Paste external data"}};
     for (const auto& [text, caption] : texts) {
         clipboard.SetText(text);

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/edit_commands.h"
+
+#include "batch/key_values.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "edit/annotations.h"
+#include "edit/edit_rows.h"
+#include "edit/marquee.h"
+#include "edit/undo.h"
+#include "platform/platform.h"
+
+#include <array>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+const Names kItems = {{"cut", kCutItem},
+                      {"copy", kCopyItem},
+                      {"copyall", kCopyAllItem},
+                      {"paste", kPasteItem},
+                      {"delete", kDeleteItem}};
+
+const Names kLayers = {{"data", kDataLayer}, {"annotations", kAnnotationLayer}};
+
+constexpr std::size_t kCornerNumbers = 4;
+
+bool HasSelection() {
+    return gActiveLayer == kAnnotationLayer ? !SelectedAnnotations().empty()
+                                            : !SelectedRowsOf(gActivePlot).empty();
+}
+
+} // namespace
+
+std::string SelectByWords(const std::string& words) {
+    if (words == "all") {
+        SelectAll();
+        return {};
+    }
+    if (words == "none") {
+        ClearSelection();
+        return {};
+    }
+    const std::vector<std::string> parts = SplitAtCommas(words);
+    std::array<double, kCornerNumbers> corners{};
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        if (parts.size() != corners.size() || !TakeNumber(parts[i], corners[i]).empty()) {
+            return "'" + words + "' is none of all, none, and two corners X1,Y1,X2,Y2";
+        }
+    }
+    if (ActiveRecord().PlotKind == kRose) {
+        return "a rose has no places to select by: take all";
+    }
+    StandMarquee(gActivePlot, {corners[0], corners[1]}, {corners[2], corners[3]});
+    SelectRowsInMarquee();
+    return {};
+}
+
+std::string EditByWords(const std::string& words) {
+    int item = 0;
+    if (std::string error = TakeName(kItems, words, item); !error.empty()) {
+        return error;
+    }
+    if (item != kPasteItem && !HasSelection()) {
+        return "nothing is selected";
+    }
+    if (item == kPasteItem && !gPlatform.clipboard->Text()) {
+        return "there is nothing to paste";
+    }
+    EditSelection(item);
+    return {};
+}
+
+std::string ChooseLayer(const std::string& words) {
+    return TakeName(kLayers, words, gActiveLayer);
+}
+
+std::string TakeEditBack() {
+    if (!CanUndo()) {
+        return "there is no edit to take back";
+    }
+    UndoEdits();
+    return {};
+}
+
+std::string MakeEditAgain() {
+    if (!CanRedo()) {
+        return "there is no edit to make again";
+    }
+    RedoEdits();
+    return {};
+}
+
+} // namespace quandrel

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch_fixture.h"
+
+namespace quandrel {
+namespace {
+
+class EditCommands : public BatchTest {
+protected:
+    /// The dips of the rows behind commands on three planes.
+    std::vector<int> DipsAfter(const std::string& commands) {
+        const auto dump = Dump("open \"FOLDER/planes.txt\"; " + commands);
+        std::vector<int> dips;
+        for (const auto& dip : dump["rows"]["gDataDip"]) {
+            dips.push_back(dip.get<int>());
+        }
+        return dips;
+    }
+};
+
+TEST_F(EditCommands, SelectAllAndCutLeavesAnEmptyPlotThatUndoFills) {
+    EXPECT_TRUE(DipsAfter("select all; edit cut").empty());
+    EXPECT_EQ(DipsAfter("select all; edit cut; undo"), (std::vector<int>{30, 45, 60}));
+    EXPECT_TRUE(DipsAfter("select all; edit cut; undo; redo").empty());
+}
+
+TEST_F(EditCommands, ARectangleSelectsByPlaceOnTheNet) {
+    // The pole of 45/270 plunges 45 to 090: it lies in the east, on the horizontal axis.
+    EXPECT_EQ(DipsAfter("select 300,200,900,-200; edit delete"), (std::vector<int>{30, 60}));
+    EXPECT_EQ(DipsAfter("select 900,-200,300,200; edit delete"), (std::vector<int>{30, 60}));
+}
+
+TEST_F(EditCommands, CutRowsArePastedIntoAnotherPlot) {
+    EXPECT_EQ(DipsAfter("select all; edit copyall; blank; edit paste"),
+              (std::vector<int>{30, 45, 60}));
+    EXPECT_EQ(DipsAfter("select all; edit cut; edit paste; edit paste"),
+              (std::vector<int>{30, 45, 60, 30, 45, 60}));
+}
+
+TEST_F(EditCommands, TheLayerOfAnnotationsIsEditedApart) {
+    const auto dump = Dump("open \"FOLDER/planes.txt\"; annotate 100 100; annotate -300 0 right; "
+                           "layer annotations; select -400,100,-200,-100; edit delete");
+    ASSERT_EQ(dump["annotations"].size(), 1U);
+    EXPECT_EQ(dump["annotations"][0]["X"], 100);
+    EXPECT_EQ(dump["rows"]["gDataDip"].size(), 3U);
+}
+
+TEST_F(EditCommands, GirdlesCirclesAndPointsAreSetByWords) {
+    const auto dump = Dump("open \"FOLDER/planes.txt\"; girdle 1 45/120; smallcircle 2 10 20 30; "
+                           "addpoint 80 200");
+    EXPECT_EQ(dump["rows"]["gDataDip"].back(), 80);
+    EXPECT_EQ(dump["record"]["AxisItems"][1][1], "45/120");
+    EXPECT_NE(dump["smallCircles"].dump().find("\"30\""), std::string::npos);
+}
+
+TEST_F(EditCommands, WhatIsWrongIsNamed) {
+    struct Case {
+        const char* commands;
+        const char* error;
+    };
+
+    for (const Case c : {
+             Case{"select some", "'some' is none of all, none"},
+             Case{"select 1,2,3", "two corners"},
+             Case{"select 1,2,3,x", "two corners"},
+             Case{"plot rose; select 1,2,3,4", "a rose has no places"},
+             Case{"edit cut", "nothing is selected"},
+             Case{"edit paste", "there is nothing to paste"},
+             Case{"edit bend", "'bend' is none of copy, copyall, cut, delete, paste"},
+             Case{"undo", "there is no edit to take back"},
+             Case{"redo", "there is no edit to make again"},
+             Case{"layer top", "'top' is none of annotations, data"},
+         }) {
+        const std::string error = Run(std::string("open \"FOLDER/planes.txt\"; ") + c.commands);
+        EXPECT_NE(error.find(c.error), std::string::npos) << c.commands << ": " << error;
+    }
+    EXPECT_NE(Run("select all").find("no plot is open"), std::string::npos);
+}
+
+} // namespace
+} // namespace quandrel
