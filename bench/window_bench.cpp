@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "edit/marquee.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
@@ -13,8 +14,10 @@
 #include "program/start.h"
 #include "shell/frm_plot_forms.h"
 #include "shell/geol_plot_main.h"
+#include "shell/picture_box.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -109,6 +112,72 @@ void ResizeFrame(benchmark::State& state) {
     }
 }
 
+/// A plot under the mouse.
+class Hand {
+public:
+    explicit Hand(PictureBox& net)
+        : net_(net) {}
+
+    void Send(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, QPoint at) {
+        QMouseEvent event(type, QPointF(at), net_.mapToGlobal(QPointF(at)), button, held, {});
+        QCoreApplication::sendEvent(&net_, &event);
+    }
+
+    /// Moves by a step, a button held or not, and paints what has become stale.
+    void Move(int step, Qt::MouseButtons held) {
+        Send(QEvent::MouseMove, Qt::NoButton, held,
+             net_.rect().center() + QPoint(step % 60, step % 40));
+        QApplication::processEvents();
+    }
+
+    void Press() { Send(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, Centre()); }
+
+    void Release() { Send(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, Centre()); }
+
+private:
+    [[nodiscard]] QPoint Centre() const { return net_.rect().center(); }
+
+    PictureBox& net_;
+};
+
+/// What is under way while the mouse moves.
+enum class Held { Nothing, Marquee, AllRows };
+
+void MouseFrame(benchmark::State& state, Held held) {
+    const PlanesFile file(state.range(0));
+    Program program;
+    program.window->OpenFiles({file.Path()});
+    auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    form.Place(QRect(0, 0, 1000, 700));
+    program.window->grab();
+    Hand hand(*form.picStereoArea);
+    if (held == Held::AllRows) {
+        SelectAll();
+    }
+    if (held != Held::Nothing) {
+        hand.Press();
+    }
+    int step = 0;
+    for (auto _ : state) {
+        hand.Move(++step, held == Held::Nothing ? Qt::NoButton : Qt::LeftButton);
+    }
+    if (held != Held::Nothing) {
+        hand.Release();
+    }
+}
+
+BENCHMARK_CAPTURE(MouseFrame, readout, Held::Nothing)
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MouseFrame, marquee, Held::Marquee)
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MouseFrame, drag_all, Held::AllRows)
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenToPicture)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ResizeFrame)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 

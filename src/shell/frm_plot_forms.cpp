@@ -368,6 +368,11 @@ void frmPlotForms::ReplotIntoWindow() {
     ReplotActivePlot(false);
 }
 
+void frmPlotForms::ShowLayer(int layer) {
+    tabLayers->setCurrentIndex(layer == kAnnotationLayer ? kAnnotationTab : kDataTab);
+    UseOwnLayer();
+}
+
 void frmPlotForms::UseOwnLayer() {
     const bool isAnnotations = tabLayers->currentIndex() == kAnnotationTab;
     gActiveLayer = isAnnotations ? kAnnotationLayer : kDataLayer;

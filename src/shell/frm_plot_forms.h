@@ -54,6 +54,9 @@ public:
     /// Lays the boxes out anew and draws the plot into the present size.
     void ReplotIntoWindow();
 
+    /// Makes a layer, kAnnotationLayer or kDataLayer, that of this window.
+    void ShowLayer(int layer);
+
     /// Takes the layer of this window as the one under edit.
     void UseOwnLayer();
 

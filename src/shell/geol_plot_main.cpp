@@ -2,10 +2,15 @@
 
 #include "shell/geol_plot_main.h"
 
+#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
+#include "edit/girdle_pull.h"
+#include "edit/girdles.h"
+#include "edit/marquee.h"
+#include "edit/small_circle_pick.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
@@ -16,11 +21,13 @@
 #include "program/window_state.h"
 #include "rotation/rotate_data.h"
 #include "shell/commands.h"
+#include "shell/data_displays.h"
 #include "shell/frm_intro.h"
 #include "shell/frm_plot_forms.h"
 #include "shell/girdle_panel.h"
 #include "shell/icons.h"
 #include "shell/main_menus.h"
+#include "shell/net_mouse.h"
 #include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
 #include "shell/window_arrangement.h"
@@ -83,6 +90,10 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuFileCopyImage_0", &ToolbarState::hasPlot},
     {"mnuFileCopyImage_1", &ToolbarState::showsLegend},
     {"mnuFilePrint_0", &ToolbarState::hasPlot},
+    {"mnuEditAdd", &ToolbarState::isStereo},
+    {"mnuEditAddMode", &ToolbarState::isStereo},
+    {"mnuEditLasso", &ToolbarState::isStereo},
+    {"mnuEditGirdle", &ToolbarState::isStereo},
     {"mnuEditRefresh", &ToolbarState::hasPlot},
     {"mnuEditReCalculate", &ToolbarState::hasPlot},
     {"mnuEditSmallCircles", &ToolbarState::isStereo},
@@ -92,6 +103,7 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuKinematicPlots_0", &ToolbarState::hasRows},
     {"mnuKinematicPlots_1", &ToolbarState::hasRows},
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
+    {"mnuViewPlotData", &ToolbarState::hasPlot},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},
     {"mnuWindow_2", &ToolbarState::hasPlot},
@@ -129,9 +141,12 @@ GeolPlotMain::GeolPlotMain()
     gPlatform.status = status_.get();
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
     gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
+    gSelectionChanged = [this] { SelectionChanged(); };
     ConnectFileCommands();
     ConnectCopyCommands();
     ConnectEditCommands();
+    ConnectSelectionCommands();
+    ConnectAnnotationCommands();
     ConnectPlotCommands();
     ConnectViewCommands();
     ConnectWindowCommands();
@@ -152,6 +167,7 @@ GeolPlotMain::~GeolPlotMain() {
     }
     gPlatform.makePlotForm = {};
     gPlaceBeside = {};
+    gSelectionChanged = {};
     gPlatform.prompts = nullptr;
     gPlatform.status = nullptr;
 }
@@ -188,6 +204,7 @@ void GeolPlotMain::MakeToolBars() {
     // Closing the panel by its own button is pressing the button that shows it.
     panGirdleBox_->toggleViewAction()->setVisible(false);
     panGirdleBox_->installEventFilter(this);
+    panGirdleBox_->onChanged = [this] { UpdatePlotState(); };
 }
 
 void GeolPlotMain::MakePlotRoom() {
@@ -196,18 +213,32 @@ void GeolPlotMain::MakePlotRoom() {
     room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(room_);
-    dialogs_ = std::make_unique<PlotDialogs>(
-        *this,
-        [this] {
-            UpdateToolbar();
-            UpdateEditMenus();
-        },
-        [this](const QString& hint) { status_->ShowHint(hint); });
+    dialogs_ = std::make_unique<PlotDialogs>(*this, [this] {
+        mouse_->ClearHint();
+        UpdateToolbar();
+        UpdateEditMenus();
+    });
+    MakeMouse();
+    displays_ = std::make_unique<DataDisplays>(*this, [this] { UpdatePlotState(); });
     intro_ = new frmIntro(room_->viewport());
     room_->viewport()->installEventFilter(this);
     connect(room_, &QMdiArea::subWindowActivated, this,
             [this](QMdiSubWindow* window) { Activated(window); });
     connect(intro_, &frmIntro::StartWanted, this, [this](int index) { IntroButtonStart(index); });
+}
+
+void GeolPlotMain::MakeMouse() {
+    NetMouseSigns signs;
+    signs.readout = [this](const QString& text) { panDipAzBox->setText(text); };
+    signs.hint = [this](const QString& hint) { status_->ShowHint(hint); };
+    signs.editMenu = [this](const QPoint& at) { menus_->mnuEdit->popup(at); };
+    signs.dragged = [this] {
+        UpdateGirdles();
+        dialogs_->FollowSmallCircles();
+    };
+    signs.done = [this] { UpdatePlotState(); };
+    mouse_ = std::make_unique<NetMouse>(*dialogs_, commands_->Of("mnuEditAddMode"),
+                                        commands_->Of("mnuEditLasso"), std::move(signs));
 }
 
 std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
@@ -221,7 +252,7 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
         window, &frmPlotForms::CloseWanted, this,
         [this](int closing) {
             if (!gBusy) {
-                ClosePlotWindow(closing);
+                CloseOne(closing);
                 UpdatePlotState();
             }
         },
@@ -233,7 +264,9 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
     connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {
         KeepPlotWindowSize(size.width(), size.height(), width());
     });
-    dialogs_->Watch(*window);
+    mouse_->Watch(*window);
+    // The slot may be in use again before anybody looks.
+    connect(window, &QObject::destroyed, this, [this, slot] { displays_->PlotClosed(slot); });
     intro_->hide();
     window->show();
     return form;
@@ -293,13 +326,18 @@ void GeolPlotMain::Activated(QMdiSubWindow* window) {
     if (form == nullptr || !IsOpenSlot(form->Slot())) {
         return;
     }
-    gActivePlot = form->Slot();
+    if (gActivePlot != form->Slot()) {
+        mouse_->Cancel();
+        CancelGirdlePull();
+        EndSmallCirclePick();
+        gActivePlot = form->Slot();
+    }
     form->UseOwnLayer();
     UpdatePlotState();
 }
 
 void GeolPlotMain::closeEvent(QCloseEvent* event) {
-    if (gBusy || !CloseAllPlots(Closing::Application)) {
+    if (gBusy || !CloseAll(Closing::Application)) {
         event->ignore();
         UpdatePlotState();
         return;
@@ -375,9 +413,11 @@ void GeolPlotMain::UpdatePlotState() {
         }
     }
     dialogs_->FollowActivePlot();
+    displays_->FollowPlots();
     FollowGridOfPlot();
     UpdateToolbar();
     UpdateEditMenus();
+    UpdateUndo();
     UpdatePlotMenus();
     menus_->RefreshRecent();
     RefreshWindowMenu();
@@ -427,11 +467,30 @@ void GeolPlotMain::UpdateToolbar() {
 void GeolPlotMain::UpdateEditMenus() {
     const EditMenuState state = StateOfEditMenu();
     commands_->Enable("mnuEditUndoRotation", CanUndoRotation());
+    commands_->Enable("mnuEditSelection_1", state.cut);
+    commands_->Enable("mnuEditSelection_2", state.copy);
+    commands_->Enable("mnuEditSelection_3", state.copyAllFields);
+    commands_->Enable("mnuEditSelection_5", state.remove);
     commands_->Enable("mnuEditSelection_6", state.changeSymbol);
     commands_->Enable("mnuEditSelection_7", state.selectAll);
+    commands_->Enable("mnuEditSelection_8", state.unselect);
     commands_->Enable("mnuEditRemoveOverlay", state.removeOverlay);
     commands_->Enable("mnuEditRemoveAnnotation", state.removeAnnotation);
     commands_->Enable("mnuViewAnnotations", state.removeAnnotation);
+}
+
+void GeolPlotMain::UpdateUndo() {
+    const UndoState state = StateOfUndo();
+    commands_->Of("mnuEditUndo").setText(QString::fromStdString(state.undoCaption));
+    commands_->Enable("mnuEditUndo", state.undo.enabled);
+    commands_->Of("mnuEditRedo").setText(QString::fromStdString(state.redoCaption));
+    commands_->Enable("mnuEditRedo", state.redo.enabled);
+}
+
+void GeolPlotMain::SelectionChanged() {
+    NetMouse::UpdateOverlays();
+    displays_->SelectionChanged();
+    UpdateEditMenus();
 }
 
 void GeolPlotMain::UpdatePaste() {
@@ -456,10 +515,12 @@ void GeolPlotMain::UpdatePlotMenus() {
     commands_->Enable("mnuFileCopyStats_1",
                       form != nullptr && !form->BoxText(PlotBox::StatsAdvanced).empty());
     commands_->Enable("mnuViewUnplotted", HasUnplottedLines());
+    commands_->Enable("mnuViewRawData", HasRawFiles());
 }
 
 void GeolPlotMain::GirdleBoxDisplay() {
-    const bool shown = IsOpenSlot(gActivePlot) && IsPlotPartShown(kShowGirdles);
+    const bool shown = IsOpenSlot(gActivePlot) && IsPlotPartShown(kShowGirdles)
+                       && ActiveRecord().PlotKind != kRose;
     if (shown) {
         UpdateGirdles();
     }

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "program/closing.h"
 #include "shell/main_status_line.h"
 #include "shell/widget_prompts.h"
 
@@ -21,8 +22,10 @@ class QToolBar;
 namespace quandrel {
 
 class Commands;
+class DataDisplays;
 class GirdlePanel;
 class MainMenus;
+class NetMouse;
 class PlotForm;
 class ToolStrip;
 class PlotDialogs;
@@ -79,9 +82,12 @@ private:
     void MakeStatusBar();
     void MakeToolBars();
     void MakePlotRoom();
+    void MakeMouse();
     void ConnectFileCommands();
     void ConnectCopyCommands();
     void ConnectEditCommands();
+    void ConnectSelectionCommands();
+    void ConnectAnnotationCommands();
     void ConnectPlotCommands();
     void ConnectViewCommands();
     void ConnectWindowCommands();
@@ -90,18 +96,28 @@ private:
     void Open(const char* command);
     void AfterOpening(const QString& command);
     void Save(int kind);
+    void CloseOne(int slot);
+    void ApplyAllEdits();
+    [[nodiscard]] bool CloseAll(Closing closing);
     void ExportImage();
     void CopyImage(bool legend);
     void EditFormat();
     void ChooseDataFolder();
     void ShowUnplottedLines();
+    void Edit(int item);
+    void FollowLayer();
+    void ChangeSymbolsOfSelection();
+    void ChangeSymbolsOfAnnotations();
+    void ShowHowToAddPoints();
     void ShowAbout();
     void RefreshWindowMenu();
 
     void Activated(QMdiSubWindow* window);
     void UpdateToolbar();
     void UpdateEditMenus();
+    void UpdateUndo();
     void UpdatePaste();
+    void SelectionChanged();
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
@@ -117,6 +133,8 @@ private:
     QMdiArea* room_ = nullptr;
     frmIntro* intro_ = nullptr;
     std::unique_ptr<PlotDialogs> dialogs_;
+    std::unique_ptr<NetMouse> mouse_;
+    std::unique_ptr<DataDisplays> displays_;
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;

@@ -4,9 +4,10 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/tagged_value.h"
+#include "edit/girdles.h"
 
 #include <QCheckBox>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,20 +17,12 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kMeanPlaneRow = 9;
-constexpr int kAxisRow = 10;
+constexpr int kTextWidth = 110;
 
-QString CaptionOfRow(int row, bool isOfPlanes) {
-    switch (row) {
-    case 0:
-        return "Mean arrow";
-    case kMeanPlaneRow:
-        return isOfPlanes ? "Mean S" : "Mean equiv S";
-    case kAxisRow:
-        return isOfPlanes ? "Beta axis" : "Girdle normal";
-    default:
-        return "Girdle &" + QString::number(row);
-    }
+QString MarkedCaption(int row, std::int16_t dataKind) {
+    QString caption = QString::fromStdString(GirdleCaption(row, dataKind));
+    // The digit is the key of a row of the user's.
+    return IsUserGirdle(row) ? caption.insert(caption.size() - 1, '&') : caption;
 }
 
 } // namespace
@@ -44,40 +37,130 @@ GirdlePanel::GirdlePanel(QWidget* parent)
     label->setObjectName("lblGirdle");
     grid->addWidget(label, 0, 1);
     for (int row = 0; row < kGirdleRows; ++row) {
-        auto* check = new QCheckBox(CaptionOfRow(row, true));
-        check->setObjectName("chkGirdle_" + QString::number(row));
-        auto* text = new QLineEdit;
-        text->setObjectName("txtGirdle_" + QString::number(row));
-        text->setAccessibleName(CaptionOfRow(row, true).remove('&'));
-        text->setMaximumWidth(110);
-        grid->addWidget(check, row + 1, 0);
-        grid->addWidget(text, row + 1, 1);
-        chkGirdle[static_cast<std::size_t>(row)] = check;
-        txtGirdle[static_cast<std::size_t>(row)] = text;
+        AddRow(*grid, row);
     }
-    const std::array<const char*, 2> captions = {"&Help...", "&Style..."};
-    for (int i = 0; i < 2; ++i) {
-        auto* button = new QPushButton(captions[static_cast<std::size_t>(i)]);
-        button->setObjectName("cmdGirdle_" + QString::number(i));
-        grid->addWidget(button, kGirdleRows + 1, i);
-    }
+    AddButtons(*grid);
     grid->setRowStretch(kGirdleRows + 2, 1);
-    // Girdles cannot be laid yet: the panel shows those that files bring.
-    body->setEnabled(false);
     setWidget(body);
     hide();
 }
 
+void GirdlePanel::AddRow(QGridLayout& grid, int row) {
+    const QString number = QString::number(row);
+    auto* check = new QCheckBox(MarkedCaption(row, kPlanes));
+    check->setObjectName("chkGirdle_" + number);
+    check->setToolTip("Hide/show this girdle");
+    auto* text = new QLineEdit;
+    text->setObjectName("txtGirdle_" + number);
+    text->setAccessibleName(QString::fromStdString(GirdleCaption(row, kPlanes)));
+    text->setMaximumWidth(kTextWidth);
+    if (IsUserGirdle(row)) {
+        text->setToolTip(
+            "Dip and direction of the girdle. Enter draws it; Shift and a mouse button "
+            "on the net set it while this box is the active one");
+        text->installEventFilter(this);
+        connect(text, &QLineEdit::editingFinished, this, [this, row] { Take(row); });
+    } else {
+        text->setReadOnly(true);
+        text->setFocusPolicy(Qt::NoFocus);
+    }
+    connect(check, &QCheckBox::clicked, this, [this, row](bool on) { Tick(row, on); });
+    grid.addWidget(check, row + 1, 0);
+    grid.addWidget(text, row + 1, 1);
+    chkGirdle[static_cast<std::size_t>(row)] = check;
+    txtGirdle[static_cast<std::size_t>(row)] = text;
+}
+
+void GirdlePanel::AddButtons(QGridLayout& grid) {
+    const std::array<const char*, 2> captions = {"&Help...", "&Style..."};
+    const std::array<const char*, 2> tips = {"How girdles are set with the mouse",
+                                             "Colours and lines of girdles"};
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        auto* button = new QPushButton(captions[i]);
+        button->setObjectName("cmdGirdle_" + QString::number(i));
+        button->setToolTip(tips[i]);
+        grid.addWidget(button, kGirdleRows + 1, static_cast<int>(i));
+        connect(button, &QPushButton::clicked, this, [this, i] {
+            if (i == 0) {
+                ShowGirdleHelp();
+            } else if (onStyle) {
+                onStyle();
+            }
+        });
+    }
+}
+
 void GirdlePanel::Refresh() {
     const bool hasPlot = IsOpenSlot(gActivePlot);
-    const bool isOfPlanes = !hasPlot || ActiveRecord().DataKind == kPlanes;
+    const std::int16_t dataKind = hasPlot ? ActiveRecord().DataKind : std::int16_t{kPlanes};
     for (int row = 0; row < kGirdleRows; ++row) {
         const auto i = static_cast<std::size_t>(row);
-        chkGirdle[i]->setText(CaptionOfRow(row, isOfPlanes));
-        chkGirdle[i]->setChecked(hasPlot && NumberOf(ActiveRecord().AxisItems[i][0]) != 0);
-        txtGirdle[i]->setText(
-            hasPlot ? QString::fromStdString(TextOf(ActiveRecord().AxisItems[i][1])) : QString());
+        chkGirdle[i]->setText(MarkedCaption(row, dataKind));
+        chkGirdle[i]->setChecked(IsGirdleShown(row));
+        const bool isTyped = txtGirdle[i]->hasFocus() && txtGirdle[i]->isModified();
+        const QString text = QString::fromStdString(GirdleText(row));
+        if (!isTyped && txtGirdle[i]->text() != text) {
+            txtGirdle[i]->setText(text);
+        }
     }
+    widget()->setEnabled(hasPlot);
+    MarkActiveRow();
+}
+
+void GirdlePanel::MarkActiveRow() {
+    for (int row = kFirstUserGirdle; row <= kLastUserGirdle; ++row) {
+        QPalette colours = QWidget::palette();
+        if (row == gActiveGirdle) {
+            colours.setColor(QPalette::Base, colours.color(QPalette::Highlight));
+            colours.setColor(QPalette::Text, colours.color(QPalette::HighlightedText));
+            // A selected part of the text has to show in it.
+            colours.setColor(QPalette::Highlight, colours.color(QPalette::Window));
+            colours.setColor(QPalette::HighlightedText, colours.color(QPalette::WindowText));
+        }
+        txtGirdle[static_cast<std::size_t>(row)]->setPalette(colours);
+    }
+}
+
+void GirdlePanel::Take(int row) {
+    QLineEdit& box = *txtGirdle[static_cast<std::size_t>(row)];
+    if (gBusy || !box.isModified()) {
+        return;
+    }
+    box.setModified(false);
+    UpdateGirdle(row, box.text().toStdString());
+    Changed();
+}
+
+void GirdlePanel::Tick(int row, bool on) {
+    if (!gBusy) {
+        (void)ShowGirdle(row, on);
+    }
+    Changed();
+}
+
+void GirdlePanel::Changed() {
+    Refresh();
+    if (onChanged) {
+        onChanged();
+    }
+}
+
+bool GirdlePanel::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        for (int row = kFirstUserGirdle; row <= kLastUserGirdle; ++row) {
+            if (object == txtGirdle[static_cast<std::size_t>(row)]) {
+                FocusGirdle(row);
+                MarkActiveRow();
+            }
+        }
+    }
+    return QDockWidget::eventFilter(object, event);
+}
+
+void GirdlePanel::hideEvent(QHideEvent* event) {
+    LeaveGirdles();
+    MarkActiveRow();
+    QDockWidget::hideEvent(event);
 }
 
 } // namespace quandrel

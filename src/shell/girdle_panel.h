@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// The girdle panel: the great circles laid over the active plot.
+// The girdle panel: the great circles laid over the active plot, one row each. Row 0 is the mean,
+// rows 1 to 8 are the user's, rows 9 and 10 are those of the statistics.
 
 #pragma once
 
 #include <QDockWidget>
 
 #include <array>
+#include <functional>
 
 class QCheckBox;
+class QGridLayout;
 class QLineEdit;
 
 namespace quandrel {
@@ -22,8 +25,26 @@ public:
     /// Shows the girdles of the active plot.
     void Refresh();
 
-    std::array<QCheckBox*, kGirdleRows> chkGirdle;
-    std::array<QLineEdit*, kGirdleRows> txtGirdle;
+    /// The styles of girdles are to be chosen. May be empty.
+    std::function<void()> onStyle;
+
+    /// A girdle has changed. May be empty.
+    std::function<void()> onChanged;
+
+    std::array<QCheckBox*, kGirdleRows> chkGirdle{};
+    std::array<QLineEdit*, kGirdleRows> txtGirdle{};
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void AddRow(QGridLayout& grid, int row);
+    void AddButtons(QGridLayout& grid);
+    void Take(int row);
+    void Tick(int row, bool on);
+    void Changed();
+    void MarkActiveRow();
 };
 
 } // namespace quandrel

@@ -8,6 +8,10 @@
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
 #include "derive/secondary_data.h"
+#include "edit/annotations.h"
+#include "edit/edit_rows.h"
+#include "edit/girdles.h"
+#include "edit/undo.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
 #include "persistence/ascii_plot_file.h"
@@ -22,10 +26,12 @@
 #include "program/window_state.h"
 #include "rotation/rotate_data.h"
 #include "shell/commands.h"
+#include "shell/data_displays.h"
 #include "shell/frm_about.h"
 #include "shell/frm_directory_dialog.h"
 #include "shell/frm_export_image.h"
 #include "shell/frm_plot_forms.h"
+#include "shell/frm_symbol_select.h"
 #include "shell/frm_text_window.h"
 #include "shell/geol_plot_main.h"
 #include "shell/main_menus.h"
@@ -74,6 +80,7 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     if (form == nullptr) {
         return;
     }
+    ForgetUndo();
     const PlotRecord& record = ActiveRecord();
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
     const auto load = gPlotLoads.find(gActivePlot);
@@ -82,7 +89,26 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     }
 }
 
+void GeolPlotMain::CloseOne(int slot) {
+    displays_->ApplyEdits(slot);
+    ClosePlotWindow(slot);
+}
+
+bool GeolPlotMain::CloseAll(Closing closing) {
+    ApplyAllEdits();
+    return CloseAllPlots(closing);
+}
+
+void GeolPlotMain::ApplyAllEdits() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            displays_->ApplyEdits(slot);
+        }
+    }
+}
+
 void GeolPlotMain::Save(int kind) {
+    ApplyAllEdits();
     if (kind == static_cast<int>(SaveKind::SaveAll)) {
         SetStatusText(SaveAllPlots() ? "All plots are saved" : "Not all plots are saved");
         return;
@@ -107,12 +133,14 @@ void GeolPlotMain::ConnectFileCommands() {
         }
     });
     commands_->Connect("mnuFileSave_3", [this] {
+        ApplyAllEdits();
         if (SaveWorkspace() == WorkspaceOutcome::Saved) {
             SetStatusText("Saved as " + QString::fromStdString(gLastUsedWSpaceFileTitle));
         }
     });
-    commands_->Connect("mnuFileClose_0", [] { ClosePlotWindow(gActivePlot); });
-    commands_->Connect("mnuFileClose_1", [] { CloseAllPlots(Closing::AllWindows); });
+    commands_->Connect("mnuFileClose_0", [this] { CloseOne(gActivePlot); });
+    commands_->Connect("mnuFileClose_1",
+                       [this] { static_cast<void>(CloseAll(Closing::AllWindows)); });
     commands_->Connect("mnuFileFormat", [this] { EditFormat(); });
     commands_->Connect("mnuFileStruct", [this] { EditFormat(); });
     commands_->Connect("mnuEditFileFormat", [this] { EditFormat(); });
@@ -141,11 +169,84 @@ void GeolPlotMain::ConnectEditCommands() {
     commands_->Connect("mnuEditUndoRotation", [] { UndoRotation(); });
     commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
     commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
-    commands_->Connect("mnuEditRemoveOverlay", [] {
-        RemoveLastOverlay(gActivePlot);
-        ReplotActivePlot(false);
-    });
+    commands_->Connect("mnuEditRemoveOverlay", [] { RemoveOverlay(); });
+    commands_->Connect("mnuEditAdd", [this] { ShowHowToAddPoints(); });
+    commands_->Connect("mnuEditAddMode", [] {});
+    commands_->Connect("mnuEditLasso", [] {});
+    commands_->Connect("mnuEditGirdle", [] { ShowGirdleHelp(); });
+    commands_->Connect("mnuEditSmallCircles", [this] { dialogs_->ShowSmallCircles(); });
     commands_->Connect("mnuEditGirdles", [this] { commands_->Of("mnuViewLegends_0").trigger(); });
+}
+
+void GeolPlotMain::ConnectSelectionCommands() {
+    for (int item = kCutItem; item <= kUnselectItem; ++item) {
+        commands_->Connect(Numbered("mnuEditSelection", item), [this, item] { Edit(item); });
+    }
+    commands_->Connect("mnuEditUndo", [this] {
+        UndoEdits();
+        FollowLayer();
+    });
+    commands_->Connect("mnuEditRedo", [this] {
+        RedoEdits();
+        FollowLayer();
+    });
+}
+
+void GeolPlotMain::ConnectAnnotationCommands() {
+    const auto toggle = [] { SetAnnotationsShown(ActiveRecord().ShowAnnotations == 0); };
+    commands_->Connect("mnuPlotAnnotation", toggle);
+    commands_->Connect("mnuViewAnnotations", toggle);
+    commands_->Connect("mnuEditRemoveAnnotation", [] { RemoveAllAnnotations(); });
+}
+
+void GeolPlotMain::FollowLayer() {
+    if (frmPlotForms* form = ActiveForm()) {
+        form->ShowLayer(gActiveLayer);
+    }
+}
+
+void GeolPlotMain::Edit(int item) {
+    if (item != kChangeSymbolItem) {
+        EditSelection(item);
+        FollowLayer();
+    } else if (gActiveLayer == kAnnotationLayer) {
+        ChangeSymbolsOfAnnotations();
+    } else {
+        ChangeSymbolsOfSelection();
+    }
+}
+
+void GeolPlotMain::ChangeSymbolsOfSelection() {
+    if (const std::optional<RowStyles> styles = StylesOfSelection()) {
+        const StyleQuestion question{"Symbols of the selected data", StyleKind::Symbol,
+                                     styles->down, styles->up};
+        if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
+            ChangeSymbols({chosen->down, chosen->up});
+        }
+    }
+}
+
+void GeolPlotMain::ChangeSymbolsOfAnnotations() {
+    const std::optional<AnnotationStyles> styles = StylesOfSelectedAnnotations();
+    if (!styles) {
+        Tell("No annotations were selected for editing from the chosen annotation layer!");
+        return;
+    }
+    const StyleQuestion question{"Symbols of the selected annotations", StyleKind::Symbol,
+                                 styles->down, styles->up};
+    if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
+        ChangeAnnotationSymbols({chosen->down, chosen->up});
+    }
+}
+
+void GeolPlotMain::ShowHowToAddPoints() {
+    (void)gPlatform.prompts->Ask(
+        {"To add (or delete) data points",
+         "Alt+Left mouse button:  to insert a new data point under the mouse pointer\n"
+         "(Alt+Right mouse button:  to insert a new data point with 'upward' polarity)\n\n"
+         "Drag and select points to delete them.\n"
+         "Remember to SAVE the data to make any changes permanent.",
+         Icon::Information, Buttons::Ok});
 }
 
 void GeolPlotMain::ConnectPlotCommands() {
@@ -189,6 +290,8 @@ void GeolPlotMain::ConnectViewCommands() {
     });
     commands_->Connect("mnuViewClassification", [this] { dialogs_->ToggleClassification(); });
     commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
+    commands_->Connect("mnuViewRawData", [this] { displays_->ShowRawData(); });
+    commands_->Connect("mnuViewPlotData", [this] { displays_->ShowPlotData(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
 }

@@ -73,6 +73,7 @@ void MainMenus::MakeEditMenu(const Commands& commands) {
     mnuEdit = MakeMenu("mnuEdit", "&Edit");
     Add(*mnuEdit, commands,
         {"mnuEditUndo",
+         "mnuEditRedo",
          "mnuEditUndoRotation",
          kGap,
          "mnuEditSelection_1",
@@ -85,6 +86,8 @@ void MainMenus::MakeEditMenu(const Commands& commands) {
          "mnuEditSelection_8",
          kGap,
          "mnuEditAdd",
+         "mnuEditAddMode",
+         "mnuEditLasso",
          "mnuEditGirdle",
          "mnuEditGirdles",
          "mnuEditSmallCircles",

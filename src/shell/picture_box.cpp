@@ -6,6 +6,7 @@
 #include "stereo/draw_target.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QToolTip>
 
@@ -45,8 +46,7 @@ bool PictureBox::IsStale() const {
 
 Surface& PictureBox::Picture() {
     if (IsStale()) {
-        drawing_ =
-            std::make_unique<ImageSurface>(SizeInPixels(), devicePixelRatioF(), kWindowBackground);
+        drawing_ = std::make_unique<ImageSurface>(SizeInPixels(), devicePixelRatioF(), kWhite);
     }
     return drawing_->Drawing();
 }
@@ -112,6 +112,25 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
         onMove(PlotPointAt(event->position()), *event);
     }
     QWidget::mouseMoveEvent(event);
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (onRelease) {
+        onRelease(PlotPointAt(event->position()), *event);
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void PictureBox::keyPressEvent(QKeyEvent* event) {
+    if (!onKey || !onKey(*event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void PictureBox::keyReleaseEvent(QKeyEvent* event) {
+    if (!onKey || !onKey(*event)) {
+        QWidget::keyReleaseEvent(event);
+    }
 }
 
 void PictureBox::leaveEvent(QEvent* event) {

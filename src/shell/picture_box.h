@@ -50,6 +50,12 @@ public:
     /// Called when the mouse moves over the box, and while a button that went down there is held.
     std::function<void(Point, const QMouseEvent&)> onMove;
 
+    /// Called when a button goes up that went down over the box.
+    std::function<void(Point, const QMouseEvent&)> onRelease;
+
+    /// Called when a key goes down or up while the box has the focus. False leaves it to others.
+    std::function<bool(const QKeyEvent&)> onKey;
+
     /// Called when the mouse leaves the box.
     std::function<void()> onLeave;
 
@@ -58,6 +64,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
 private:

@@ -8,7 +8,8 @@
 #include "shell/frm_plot_forms.h"
 #include "shell/frm_rose_diag.h"
 #include "shell/frm_rotation_menu.h"
-#include "shell/picture_box.h"
+#include "shell/frm_small_circle.h"
+#include "shell/net_mouse.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -17,7 +18,7 @@ namespace quandrel {
 
 namespace {
 
-// Room between the rotation dialog and the window's edges, logical pixels: the second clears the
+// Room between a dialog and the window's edges, logical pixels: the second clears the
 // menus and the tool strip.
 constexpr int kGapToEdge = 24;
 constexpr int kGapToTop = 110;
@@ -32,11 +33,9 @@ bool IsShown(const QDialog* dialog) {
 
 } // namespace
 
-PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed,
-                         std::function<void(const QString&)> hint)
+PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed)
     : window_(window)
-    , changed_(std::move(changed))
-    , hint_(std::move(hint)) {}
+    , changed_(std::move(changed)) {}
 
 void PlotDialogs::Show(QDialog& dialog) {
     dialog.installEventFilter(this);
@@ -56,27 +55,25 @@ void PlotDialogs::ShowRose() {
     Show(*rose_);
 }
 
+void PlotDialogs::PlaceBesideNet(QDialog& dialog) const {
+    dialog.adjustSize();
+    const QRect room = window_.geometry();
+    dialog.move(room.right() - dialog.width() - kGapToEdge, room.top() + kGapToTop);
+}
+
 void PlotDialogs::ShowRotation() {
     if (!IsOpenSlot(gActivePlot)) {
         return;
     }
     if (rotation_ == nullptr) {
-        rotation_ = new frmRotationMenu(&window_, [this] { ShowPreview(); });
-        // Beside the net rather than over it: the net is to be seen, and pressed.
-        rotation_->adjustSize();
-        const QRect room = window_.geometry();
-        rotation_->move(room.right() - rotation_->width() - kGapToEdge, room.top() + kGapToTop);
+        rotation_ = new frmRotationMenu(&window_, [] { NetMouse::UpdateOverlays(); });
+        PlaceBesideNet(*rotation_);
     }
     Show(*rotation_);
 }
 
-void PlotDialogs::Watch(frmPlotForms& form) {
-    PictureBox& net = *form.picStereoArea;
-    net.onPress = [this, &form](Point at, const QMouseEvent& event) {
-        return TakePress(form, at, event);
-    };
-    net.onMove = [this, &form](Point at, const QMouseEvent& event) { HintAt(form, at, event); };
-    net.onLeave = [this] { ShowHint({}); };
+bool PlotDialogs::IsRoseShown() const {
+    return IsShown(rose_);
 }
 
 bool PlotDialogs::TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event) {
@@ -89,33 +86,32 @@ bool PlotDialogs::TakePress(const frmPlotForms& form, Point at, const QMouseEven
     return true;
 }
 
-void PlotDialogs::HintAt(const frmPlotForms& form, Point at, const QMouseEvent& event) {
+QString PlotDialogs::HintAt(const frmPlotForms& form, Point at, const QMouseEvent& event) const {
     const bool isHinted = IsShown(rotation_) && form.Slot() == gActivePlot && !gBusy;
-    ShowHint(isHinted ? rotation_->HintAt(at, event.modifiers()) : QString());
+    return isHinted ? rotation_->HintAt(at, event.modifiers()) : QString();
 }
 
-void PlotDialogs::ShowHint(const QString& hint) {
-    if (hint != hinted_) {
-        hinted_ = hint;
-        hint_(hint);
+void PlotDialogs::DrawPreview(Surface& surface, int slot) const {
+    if (rotation_ != nullptr && slot == gActivePlot && rotation_->HasPreview()) {
+        rotation_->DrawPreview(surface);
     }
 }
 
-void PlotDialogs::ShowPreview() {
-    for (int slot = 1; slot <= HighestSlot(); ++slot) {
-        auto* form = static_cast<frmPlotForms*>(gPlotForm[static_cast<std::size_t>(slot)].get());
-        if (form == nullptr) {
-            continue;
-        }
-        PictureBox& net = *form->picStereoArea;
-        const bool wasShown = static_cast<bool>(net.onOverlay);
-        net.onOverlay = {};
-        if (slot == gActivePlot && rotation_->HasPreview()) {
-            net.onOverlay = [this](Surface& surface) { rotation_->DrawPreview(surface); };
-        }
-        if (wasShown || net.onOverlay) {
-            net.update();
-        }
+void PlotDialogs::ShowSmallCircles() {
+    if (!IsOpenSlot(gActivePlot) || IsRoseActive()) {
+        return;
+    }
+    if (circles_ == nullptr) {
+        circles_ = new frmSmallCircle(&window_);
+        PlaceBesideNet(*circles_);
+    }
+    circles_->FollowActivePlot();
+    Show(*circles_);
+}
+
+void PlotDialogs::FollowSmallCircles() {
+    if (IsShown(circles_)) {
+        circles_->Refresh();
     }
 }
 
@@ -162,11 +158,15 @@ void PlotDialogs::FollowActivePlot() {
         IsOpenSlot(gActivePlot) ? rotation_->FollowActivePlot()
                                 : static_cast<void>(rotation_->close());
     }
+    if (IsShown(circles_)) {
+        IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()
+                                : static_cast<void>(circles_->close());
+    }
 }
 
 bool PlotDialogs::eventFilter(QObject* object, QEvent* event) {
     if (object == rotation_ && event->type() == QEvent::Hide) {
-        ShowHint({});
+        NetMouse::UpdateOverlays();
     }
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
         changed_();

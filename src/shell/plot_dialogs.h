@@ -22,14 +22,13 @@ class frmDataClassification;
 class frmPlotForms;
 class frmRoseDiag;
 class frmRotationMenu;
+class frmSmallCircle;
 
 class PlotDialogs : public QObject {
 public:
     /// @param window   that the dialogs belong to
     /// @param changed  called when a dialog has come up or gone
-    /// @param hint     shows a text for the information line; an empty one puts the usual one back
-    PlotDialogs(QWidget& window, std::function<void()> changed,
-                std::function<void(const QString&)> hint);
+    PlotDialogs(QWidget& window, std::function<void()> changed);
 
     PlotDialogs(const PlotDialogs&) = delete;
     PlotDialogs& operator=(const PlotDialogs&) = delete;
@@ -40,8 +39,25 @@ public:
     /// Brings the rotation dialog up, if there is an active plot.
     void ShowRotation();
 
-    /// Lets the dialogs take what is pressed on the net of a plot's window.
-    void Watch(frmPlotForms& form);
+    /// Brings the small circle dialog up, if the active plot has a net.
+    void ShowSmallCircles();
+
+    /// Shows what the small circles of the active plot have become, if their dialog is open.
+    void FollowSmallCircles();
+
+    /// True while the rose dialog is open.
+    [[nodiscard]] bool IsRoseShown() const;
+
+    /// Offers a press on the picture of a plot's window to the dialogs.
+    /// @return true when one has taken it
+    [[nodiscard]] bool TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event);
+
+    /// What a press would do for the dialogs, in words; empty where it would do nothing.
+    [[nodiscard]] QString HintAt(const frmPlotForms& form, Point at,
+                                 const QMouseEvent& event) const;
+
+    /// Draws what the dialogs show above the picture of a plot.
+    void DrawPreview(Surface& surface, int slot) const;
 
     /// Brings up the dialog in which the active plot's classes are edited, or takes it away: that
     /// of the classification, or that of the rose for a rose.
@@ -61,19 +77,16 @@ private:
     /// The dialog of the active plot's classes as far as it was made.
     [[nodiscard]] QDialog* ClassDialog() const;
     void Show(QDialog& dialog);
-    void FollowInClassification();
-    [[nodiscard]] bool TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event);
-    void HintAt(const frmPlotForms& form, Point at, const QMouseEvent& event);
-    void ShowHint(const QString& hint);
-    void ShowPreview();
 
+    /// Places a dialog so that the net can be seen, and pressed.
+    void PlaceBesideNet(QDialog& dialog) const;
+    void FollowInClassification();
     QWidget& window_;
     std::function<void()> changed_;
-    std::function<void(const QString&)> hint_;
-    QString hinted_; ///< what stands on the information line for a dialog
     frmRoseDiag* rose_ = nullptr;
     frmDataClassification* classification_ = nullptr;
     frmRotationMenu* rotation_ = nullptr;
+    frmSmallCircle* circles_ = nullptr;
 };
 
 } // namespace quandrel

@@ -63,6 +63,8 @@ constexpr StripButton kButtons[] = {
     {"grpDisplayButton_8", "mnuViewLegends_8"},
     {"grpAnnotationButton", "mnuPlotAnnotation"},
     {"", ""},
+    {"cmdAddPoints", "mnuEditAddMode"},
+    {"cmdLasso", "mnuEditLasso"},
     {"cmdRotateButton", "mnuPlotRotate"},
     {"cmdSmallCircle", "mnuEditSmallCircles"},
     {"cmdIntersecLinButton", "mnuPlotIntersection"},

@@ -465,7 +465,7 @@ TEST_F(MainCommands, ThePictureOfANewPlotIsOfferedUnderItsTitle) {
 
 TEST_F(MainCommands, WhatThePasteItemSaysFollowsTheClipboard) {
     OpenFile("a.txt");
-    clipboard.SetText(";QNDR");
+    clipboard.SetText(";Quandrel, ver 9.5.1\r\n");
     main->findChild<QMenu*>("mnuEdit")->popup(QPoint(0, 0));
     EXPECT_EQ(Action("mnuEditSelection_4").text(), "&Paste selection");
     main->findChild<QMenu*>("mnuEdit")->close();

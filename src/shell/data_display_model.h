@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+//
+// The two grids of a plot's data as a table shows them: the rows of the plot, and the lines of its
+// files. Nothing is made of a row until it is to be seen.
+
+#pragma once
+
+#include "edit/data_grid.h"
+#include "edit/raw_data.h"
+
+#include <QAbstractTableModel>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quandrel {
+
+class DataDisplayModel : public QAbstractTableModel {
+public:
+    /// The plot that the data are of.
+    [[nodiscard]] virtual int Slot() const = 0;
+
+    [[nodiscard]] virtual QString Caption() const = 0;
+
+    /// Makes rows of the grid the selection.
+    virtual void Select(std::span<const std::size_t> rows) const = 0;
+
+    /// The rows of the grid whose points are lit in its plot: selected there, or linked to what is
+    /// selected in another. Ascending.
+    [[nodiscard]] virtual std::vector<std::size_t> LitRowsOfGrid() const = 0;
+
+    /// What a cell holds, of any length.
+    [[nodiscard]] virtual QString FullText(int row, int column) const = 0;
+
+    /// True for columns that are there to be copied.
+    [[nodiscard]] virtual bool IsDataColumn(int column) const = 0;
+
+    /// Tells the view that cells may show something else now.
+    void CellsChanged();
+};
+
+class PlotDataModel : public DataDisplayModel {
+public:
+    /// @param slot  an open plot
+    explicit PlotDataModel(int slot)
+        : grid_(slot) {}
+
+    [[nodiscard]] const DataGrid& Grid() const { return grid_; }
+
+    /// As DataGrid::SetCell.
+    bool SetText(const QModelIndex& cell, const QString& text);
+
+    /// As DataGrid::AddRow.
+    bool AddGridRow();
+
+    /// As the procedures of the same name.
+    void Refill();
+    void DiscardEdits();
+    void RowsRemoved(std::span<const std::int32_t> points);
+    GridEditReport Apply();
+
+    [[nodiscard]] bool IsEditable(const QModelIndex& cell) const;
+    [[nodiscard]] QString EditText(const QModelIndex& cell) const;
+
+    /// True when a cell is bad with a text that is being typed.
+    [[nodiscard]] bool IsBadText(const QModelIndex& cell, const QString& text) const;
+
+    /// Edited rows with a cell that cannot be read.
+    [[nodiscard]] int BadRows() const;
+
+    [[nodiscard]] int Slot() const override { return grid_.Slot(); }
+
+    [[nodiscard]] QString Caption() const override;
+    void Select(std::span<const std::size_t> rows) const override;
+    [[nodiscard]] std::vector<std::size_t> LitRowsOfGrid() const override;
+    [[nodiscard]] QString FullText(int row, int column) const override;
+    [[nodiscard]] bool IsDataColumn(int column) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& cell, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+
+private:
+    [[nodiscard]] QVariant Ink(std::size_t row, std::size_t column) const;
+
+    DataGrid grid_;
+};
+
+class RawDataModel : public DataDisplayModel {
+public:
+    explicit RawDataModel(RawData raw)
+        : raw_(std::move(raw)) {}
+
+    [[nodiscard]] int Slot() const override { return raw_.Slot(); }
+
+    [[nodiscard]] QString Caption() const override;
+    void Select(std::span<const std::size_t> rows) const override;
+    [[nodiscard]] std::vector<std::size_t> LitRowsOfGrid() const override;
+
+    [[nodiscard]] QString FullText(int row, int column) const override;
+
+    [[nodiscard]] bool IsDataColumn(int column) const override { return column > 0; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& cell, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+
+private:
+    RawData raw_;
+};
+
+} // namespace quandrel

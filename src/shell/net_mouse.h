@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+//
+// The mouse and the keys on the pictures of the plot windows: events go to the open dialogs that
+// wait for them, else to the engine's mouse; what comes back is shown. There is one for all
+// windows.
+
+#pragma once
+
+#include "edit/plot_mouse.h"
+
+#include <QPoint>
+#include <QString>
+
+#include <functional>
+
+class QAction;
+class QKeyEvent;
+class QMouseEvent;
+
+namespace quandrel {
+
+class PictureBox;
+class PlotDialogs;
+class frmPlotForms;
+
+/// What the main window does with what the mouse tells.
+struct NetMouseSigns {
+    std::function<void(const QString&)> readout;
+    std::function<void(const QString&)> hint; ///< for the information line; empty for the usual
+    std::function<void(const QPoint&)> editMenu;
+    std::function<void()> dragged; ///< the mouse has moved a girdle or a small circle
+    std::function<void()> done;    ///< a button or a key may have changed the plot
+};
+
+class NetMouse {
+public:
+    /// @param dialogs   that may wait for presses; outlives the mouse
+    /// @param addsMode  is down while a plain press adds points
+    /// @param lasso     is down while marquees are lassos
+    NetMouse(PlotDialogs& dialogs, const QAction& addsMode, const QAction& lasso,
+             NetMouseSigns signs);
+
+    /// Takes over the picture of a window.
+    void Watch(frmPlotForms& form);
+
+    /// Paints what stands above the pictures of all plots anew.
+    static void UpdateOverlays();
+
+    /// Takes what the mouse or a dialog has said off the information line.
+    void ClearHint() { ShowHint({}); }
+
+    /// Another plot comes to the front, or a window goes: what the mouse was about ends.
+    void Cancel();
+
+private:
+    bool Press(const frmPlotForms& form, Point at, const QMouseEvent& event);
+    void Move(const frmPlotForms& form, Point at, const QMouseEvent& event);
+    void Release(const frmPlotForms& form, Point at, const QMouseEvent& event);
+    bool Key(const frmPlotForms& form, const QKeyEvent& event);
+    void Leave(const frmPlotForms& form);
+    void Show(const frmPlotForms& form, const MouseReport& report);
+    void ShowHint(const QString& hint);
+    void Overlay(Surface& surface, int slot) const;
+    [[nodiscard]] MouseModes ModesOf(const frmPlotForms& form) const;
+
+    PlotDialogs& dialogs_;
+    const QAction& addsMode_;
+    const QAction& lasso_;
+    NetMouseSigns signs_;
+    PlotMouse mouse_;
+    bool lassoKey_ = false; ///< L is held
+    QString hinted_;        ///< what stands on the information line for the mouse
+};
+
+} // namespace quandrel
