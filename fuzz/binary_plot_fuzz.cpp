@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a binary plot file. What is a plot is stored, drawn, written and read again.
+// Any bytes as a binary plot file, or changes to a whole one. What is a plot is stored, drawn,
+// written and read again.
 
 #include "core/plot_store.h"
+#include "patched_plot.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
@@ -60,8 +62,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace quandrel;
     static const bool isReady = (UseEngine(), true);
     (void)isReady;
-    Result<BinaryPlot> plot =
-        ReadBinaryPlot(std::string_view(reinterpret_cast<const char*>(data), size));
+    const std::string file =
+        PlotFileOfInput(std::string_view(reinterpret_cast<const char*>(data), size));
+    Result<BinaryPlot> plot = ReadBinaryPlot(file);
     if (!plot) {
         return 0;
     }

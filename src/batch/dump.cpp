@@ -3,6 +3,7 @@
 #include "batch/dump.h"
 
 #include "batch/field_access.h"
+#include "batch/file_dump.h"
 #include "batch/rose_dump.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
@@ -10,6 +11,7 @@
 #include "density/contours.h"
 #include "density/grid_geometry.h"
 #include "input/load_report.h"
+#include "input/text_file.h"
 #include "program/reference.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
@@ -273,6 +275,19 @@ void AddParts(Json& json) {
                       {"height", place.height}};
 }
 
+/// The binary plot file that a plot was opened from or saved to, null without one.
+Json FileJson(const PlotRecord& record) {
+    if (record.SaveFileName.empty()) {
+        return nullptr;
+    }
+    const Result<std::string> bytes = FirstBytes(record.SaveFileName, kLargestTextFile);
+    if (!bytes) {
+        return {{"problem", bytes.Error()}};
+    }
+    Result<Json> fields = BinaryFileJson(*bytes);
+    return fields ? std::move(*fields) : Json{{"problem", fields.Error()}};
+}
+
 } // namespace
 
 Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& operations) {
@@ -288,6 +303,9 @@ Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
         json["load"] = LoadJson(load->second);
     }
     AddResults(json);
+    if (Json file = FileJson(ActiveRecord()); !file.is_null()) {
+        json["file"] = std::move(file);
+    }
     json["legend"] = LegendJson();
     json["prompts"] = PromptsJson(prompts);
     json["operations"] = OperationsJson(operations);

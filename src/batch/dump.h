@@ -12,7 +12,8 @@
 namespace quandrel {
 
 /// The active plot: slot, title, record, rows, table, load, legend, and what was asked and drawn.
-/// Parts that do not apply are absent. Numbers read back exactly.
+/// Parts that do not apply are absent. Numbers read back exactly. Of a plot that has a binary plot
+/// file, "file" is every field of it as it stands in the file now (batch/file_dump.h).
 ///
 /// @param prompts     boxes shown so far
 /// @param operations  of the last drawing

@@ -39,6 +39,8 @@ struct BinaryPlot {
     int version = 0;                 ///< ten times the version: 70, 71, ... 95
     bool hasFrequencyField = false;  ///< versions from 9.44 on
     std::string versionText;         ///< "9.5"
+    std::string fullVersion;         ///< "9.51", without blanks; empty before 9.4 or left blank
+    bool isLater = false;            ///< saved by a version later than this one
     PlotRecord record;               ///< what the file does not tell is that of an empty plot
     std::vector<BinaryRow> rows;     ///< the main rows, then those of the overlays
     std::vector<std::string> texts;  ///< appended texts of the main rows, or empty
@@ -51,10 +53,13 @@ struct BinaryPlot {
 
 /// The plot that a file's bytes hold.
 ///
-/// Every version from 7.0 on is read. A file that is damaged, or holds what no plot can have, is a
-/// failure. Memory taken is at most a small multiple of the bytes. What a version does not tell is
-/// as in NewPlotRecord.
+/// Every version from 7.0 on is read; a file of a later version than this one is read as one of
+/// this. A file that is damaged, or holds what no plot can have, is a failure. Memory taken is at
+/// most a small multiple of the bytes. What a version does not tell is as in NewPlotRecord.
 [[nodiscard]] Result<BinaryPlot> ReadBinaryPlot(std::string_view bytes);
+
+/// The version that saved a file, in full where the file tells it so.
+[[nodiscard]] std::string VersionToTell(const BinaryPlot& plot);
 
 /// A slot as the bytes of a binary plot file of the present version; a failure when a text or an
 /// overlay is too large for it.

@@ -156,6 +156,14 @@ std::int32_t RowOfCell(std::string_view text) {
     return fault == std::errc() && end == text.data() + text.size() ? row : 0;
 }
 
+std::string WithoutPadding(std::string_view text) {
+    constexpr std::string_view kPadding(" \0", 2);
+    const std::size_t first = text.find_first_not_of(kPadding);
+    return first == std::string_view::npos
+               ? std::string()
+               : std::string(text.substr(first, text.find_last_not_of(kPadding) - first + 1));
+}
+
 std::int16_t ShortNumberOf(const std::string& text) {
     using Limits = std::numeric_limits<std::int16_t>;
     const double number = RoundToEven(ParseNumber(text));

@@ -46,6 +46,9 @@ void RequirePossibleSettings(BinaryReader& reader, PlotRecord& record);
 /// The row that a cell of the table's first column names, 0 for any other text.
 [[nodiscard]] std::int32_t RowOfCell(std::string_view text);
 
+/// A text of fixed length without the blanks or zero bytes that fill it.
+[[nodiscard]] std::string WithoutPadding(std::string_view text);
+
 /// A text as a number of 16 bits, 0 when it is none.
 [[nodiscard]] std::int16_t ShortNumberOf(const std::string& text);
 

@@ -30,6 +30,7 @@ namespace quandrel {
 inline constexpr const char* kBinaryMark = "bin";
 inline constexpr std::size_t kShortVersion = 3;
 inline constexpr std::size_t kFullVersion = 5;
+inline constexpr double kFirstWithFrequency = 9.44;
 
 // The fewest bytes of what is counted.
 inline constexpr std::size_t kLeastMainRow = 4 * 4 + 2;
@@ -490,8 +491,11 @@ private:
         if constexpr (kReads) {
             std::string text;
             stream_.Fixed(text, kFullVersion);
-            constexpr double kFirstWithFrequency = 9.44;
-            const std::optional<double> version = ReadNumber(text);
+            plot_.fullVersion = WithoutPadding(text);
+            // Left blank, the version is that of the beginning.
+            const bool isBlank = plot_.fullVersion.empty();
+            const std::optional<double> version =
+                ReadNumber(isBlank ? plot_.versionText : plot_.fullVersion);
             stream_.Require(version.has_value());
             plot_.hasFrequencyField = version.value_or(0) >= kFirstWithFrequency;
         } else {

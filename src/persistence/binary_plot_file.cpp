@@ -150,6 +150,15 @@ void StoreRows(const BinaryPlot& plot, const PlotRecord& record) {
     }
 }
 
+/// True for a rose whose classes are ranges of numbers. Its rows were checked before it was drawn,
+/// and so before it was saved.
+bool IsRoseOfRanges(const PlotRecord& record) {
+    constexpr std::int16_t kFirstByLength = 10;
+    constexpr std::int16_t kFirstByText = 20;
+    return record.PlotKind == kRose && record.RoseType >= kFirstByLength
+           && (record.RoseType < kFirstByText || NumberOf(record.ClassTable[0][2]) == 1);
+}
+
 void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     const auto slot = static_cast<std::size_t>(gActivePlot);
     const std::vector<std::int32_t> order = OrderOfTable(plot);
@@ -169,6 +178,7 @@ void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     gErrorLines[slot].clear();
     gPlotLoads.erase(gActivePlot);
     record.RowsChanged = kTrue;
+    record.ClassifyCheckPending = IsRoseOfRanges(record) ? std::int16_t{0} : kTrue;
     if (plot.place) {
         FormOf(gActivePlot).SetPlace(*plot.place);
     }
@@ -209,16 +219,26 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version) {
     if (!plot) {
         return;
     }
-    const bool isWeighted = plot->hasWeightedRose;
+    const BinaryPlotRemarks remarks = RemarksOn(*plot);
     std::string read = plot->versionText;
     if (StoreBinaryPlot(std::move(*plot), path, slot)) {
         version = std::move(read);
-        TellOfEarlierRose(isWeighted);
+        TellRemarks(remarks);
     }
 }
 
-void TellOfEarlierRose(bool isWeighted) {
-    if (isWeighted) {
+BinaryPlotRemarks RemarksOn(const BinaryPlot& plot) {
+    return {plot.hasWeightedRose, plot.isLater ? VersionToTell(plot) : std::string()};
+}
+
+void TellRemarks(const BinaryPlotRemarks& remarks) {
+    if (!remarks.laterVersion.empty()) {
+        Tell("This .qpx file was saved by a later version of Quandrel, " + remarks.laterVersion
+                 + ".\nWhat only that version knows was left out, and is lost if the plot is saved "
+                   "under the same name.",
+             Icon::Exclamation);
+    }
+    if (remarks.hasWeightedRose) {
         Tell("This .qpx file was saved in a previous version of Quandrel.\n"
              "To repeat the weighting used on the original plot you will have to replot the "
              "diagram.",

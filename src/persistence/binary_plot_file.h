@@ -31,7 +31,15 @@ inline constexpr const char* kBinaryEnding = ".qpx";
 /// @param[out] version  of the file, "9.5", or "Error"
 void LoadBinaryPlot(const std::string& path, int slot, std::string& version);
 
-/// Tells the user of a file that asks for a rose that is no more.
-void TellOfEarlierRose(bool isWeighted);
+/// What the user is to know of a file once it is open.
+struct BinaryPlotRemarks {
+    bool hasWeightedRose = false; ///< it asks for a rose that is no more
+    std::string laterVersion;     ///< that saved it, empty when it is not later than this one
+};
+
+[[nodiscard]] BinaryPlotRemarks RemarksOn(const BinaryPlot& plot);
+
+/// Tells the user, one box for each remark.
+void TellRemarks(const BinaryPlotRemarks& remarks);
 
 } // namespace quandrel

@@ -29,6 +29,18 @@ void ReadHeading(BinaryReader& reader, BinaryPlot& plot, std::string& error) {
     }
 }
 
+[[nodiscard]] bool IsLaterThanThis(const BinaryPlot& plot) {
+    constexpr int kThisVersion = 95;
+    return plot.version > kThisVersion || ParseNumber(plot.fullVersion) > ParseNumber(kVersionText);
+}
+
+/// Why a file cannot be read, for the user.
+std::string Reason(const BinaryPlot& plot, const std::string& error) {
+    return plot.isLater ? "It was saved by version " + VersionToTell(plot)
+                              + ", which is later than this one. " + error
+                        : error;
+}
+
 /// Names and values that files of before version 9.0 and 7.2 lack.
 void TakeEarlierValues(BinaryPlot& plot) {
     PlotRecord& record = plot.record;
@@ -54,8 +66,9 @@ Result<BinaryPlot> Read(std::string_view bytes) {
     }
     BinaryPlotFields(reader, plot).VisitAll();
     RequirePossibleSettings(reader, plot.record);
+    plot.isLater = IsLaterThanThis(plot);
     if (reader.HasFailed()) {
-        return Failure{reader.Error()};
+        return Failure{Reason(plot, reader.Error())};
     }
     plot.record.DensityGridFromFile = plot.record.DensityGrid != nullptr;
     plot.record.NumLoadedData = static_cast<std::int32_t>(plot.rows.size());
@@ -64,6 +77,11 @@ Result<BinaryPlot> Read(std::string_view bytes) {
 }
 
 } // namespace
+
+std::string VersionToTell(const BinaryPlot& plot) {
+    const bool isInFull = ParseNumber(plot.fullVersion) >= ParseNumber(plot.versionText);
+    return isInFull ? plot.fullVersion : plot.versionText;
+}
 
 Result<BinaryPlot> ReadBinaryPlot(std::string_view bytes) {
     try {

@@ -157,7 +157,7 @@ std::string OpenBinaryPlot(const std::string& path) {
         return kLoadError;
     }
     const std::int32_t formerPlot = gActivePlot;
-    const bool isWeighted = plot->hasWeightedRose;
+    const BinaryPlotRemarks remarks = RemarksOn(*plot);
     if (!PrepareNewPlotWindow()) {
         return kLoadError;
     }
@@ -166,7 +166,7 @@ std::string OpenBinaryPlot(const std::string& path) {
         TellUnreadable(path, "There is not enough memory for it.");
         return kLoadError;
     }
-    TellOfEarlierRose(isWeighted);
+    TellRemarks(remarks);
     FollowGridOfPlot();
     if (gPlotStages.acceptRoseSectors && ActiveRecord().PlotKind == kRose) {
         gPlotStages.acceptRoseSectors();

@@ -229,6 +229,38 @@ std::vector<int> RecoverySession::PlotsToWrite() const {
 }
 
 std::string RecoverySession::Write(int slot) {
+    std::string error = WriteCopy(slot);
+    if (error.empty()) {
+        failed_.erase(slot);
+        return error;
+    }
+    // Under another title it is another plot in the same slot.
+    const std::string& title = RecordOf(slot).PlotTitle;
+    if (const auto known = failed_.find(slot); known == failed_.end() || known->second != title) {
+        failed_[slot] = title;
+        untold_.push_back(title);
+    }
+    reason_ = error;
+    return error;
+}
+
+std::string RecoverySession::FailuresToTell() {
+    constexpr std::size_t kMostNames = 3;
+    const std::vector<std::string> titles = std::exchange(untold_, {});
+    if (titles.empty()) {
+        return {};
+    }
+    std::string names = titles.front();
+    for (std::size_t i = 1; i < titles.size(); ++i) {
+        names += ", " + titles[i];
+    }
+    if (titles.size() > kMostNames) {
+        names = std::to_string(titles.size()) + " plots";
+    }
+    return names + " cannot be kept for recovery: " + reason_;
+}
+
+std::string RecoverySession::WriteCopy(int slot) {
     if (std::string error = MakeFolder(); !error.empty()) {
         return error;
     }
@@ -256,6 +288,7 @@ void RecoverySession::Adopt(const fs::path& copy, int slot) {
 }
 
 void RecoverySession::DropSettled() {
+    std::erase_if(failed_, [](const auto& plot) { return !IsOpenSlot(plot.first); });
     for (auto copy = copies_.begin(); copy != copies_.end();) {
         const int slot = copy->first;
         if (IsOpenSlot(slot) && HoldsUnsavedData(slot)) {

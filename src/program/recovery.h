@@ -45,6 +45,10 @@ public:
     /// @return empty on success, else why not
     [[nodiscard]] std::string Write(int slot);
 
+    /// What the user is to know of copies that could not be written since this was asked last,
+    /// empty when there is nothing new: a plot is told of once, until a copy of it is written.
+    [[nodiscard]] std::string FailuresToTell();
+
     /// Takes a copy of an earlier session over as that of a slot that was opened from it.
     void Adopt(const std::filesystem::path& copy, int slot);
 
@@ -53,11 +57,15 @@ public:
 
 private:
     [[nodiscard]] std::string MakeFolder();
+    [[nodiscard]] std::string WriteCopy(int slot);
     [[nodiscard]] std::filesystem::path CopyOf(int slot) const;
 
     std::filesystem::path root_;
     std::unique_ptr<SessionFolder> folder_;
     std::map<int, std::uint64_t> copies_; ///< fingerprints of the plots as they were written
+    std::map<int, std::string> failed_;   ///< titles of plots that have no copy of late
+    std::vector<std::string> untold_;     ///< titles of those of them that nobody knows of
+    std::string reason_;                  ///< of the last of them
 };
 
 /// The copies that sessions left that are no more. While this lives no other start sees them.

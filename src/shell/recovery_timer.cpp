@@ -106,13 +106,14 @@ void RecoveryTimer::WriteNext() {
     const int slot = toWrite_.back();
     toWrite_.pop_back();
     if (IsOpenSlot(slot) && HoldsUnsavedData(slot)) {
-        const std::string error = session_.Write(slot);
-        if (!error.empty() && !std::exchange(failureTold_, true)) {
-            gPlatform.status->SetText("Unsaved plots cannot be kept for recovery: " + error);
-        }
+        (void)session_.Write(slot); // what went wrong is told when the round is over
     }
     if (!toWrite_.empty()) {
         idle_.start();
+        return;
+    }
+    if (const std::string failures = session_.FailuresToTell(); !failures.empty()) {
+        gPlatform.status->SetText(failures);
     }
 }
 

@@ -50,7 +50,6 @@ private:
     QTimer idle_; ///< runs out once all events are done
     QElapsedTimer work_;
     bool roundDue_ = false;
-    bool failureTold_ = false;
     std::vector<int> toWrite_;
 };
 

@@ -238,6 +238,106 @@ TEST_F(BinaryVersions, GridsOfValuesComeNodeByNodeInBothLayers) {
     EXPECT_EQ((*gGridValues[slot])[kCumulativeLayer][152][3], -3152);
 }
 
+TEST_F(BinaryVersions, TheFullVersionIsTakenWithoutWhatFillsIt) {
+    using namespace std::string_literals;
+
+    struct Case {
+        const char* what;
+        int tenths;
+        std::string full;
+        bool hasFrequency;
+    };
+
+    const Case cases[] = {
+        {"blanks behind", 94, "9.4  ", false},
+        {"blanks before", 94, "  9.4", false},
+        {"blanks about", 94, " 9.44", true},
+        {"zero bytes behind", 94, "9.44\0"s, true},
+        {"one below", 94, "9.439", false},
+        {"a comma", 94, "9,44 ", true},
+        {"blank, as the beginning", 94, "     ", false},
+        {"blank, as the later beginning", 95, "     ", true},
+        {"zero bytes alone", 95, "\0\0\0\0\0"s, true},
+    };
+    for (const Case& test : cases) {
+        OldPlot plot = SampleOfVersion({test.tenths, test.full, ""});
+        std::string bytes = OldPlotWriter(plot).Bytes();
+        if (test.hasFrequency && test.tenths == 94) {
+            // The writer knows the one spelling of 9.44 only.
+            plot.fullVersion = "9.44 ";
+            bytes = OldPlotWriter(plot).Bytes();
+            bytes.replace(bytes.find(plot.fullVersion), 5, test.full);
+        }
+        ASSERT_NE(Load(bytes), kLoadError) << test.what;
+        EXPECT_EQ(ActiveRecord().HasFrequencyColumn != 0, test.hasFrequency) << test.what;
+        EXPECT_EQ(ActiveRecord().ClassStats[4][1], 9.5) << test.what;
+    }
+}
+
+TEST_F(BinaryVersions, AFullVersionThatIsNoneIsDamage) {
+    EXPECT_EQ(Load(SampleOfVersion({95, "later", ""})), kLoadError);
+    EXPECT_EQ(Load(SampleOfVersion({95, "9.5 1", ""})), kLoadError);
+}
+
+TEST_F(BinaryVersions, FilesOfLaterVersionsOpenWithAWarning) {
+    struct Case {
+        const char* first;
+        const char* full;
+        const char* told; ///< nothing for a version that is not later
+    };
+
+    for (const Case& test :
+         {Case{"9.5", "9.51 ", ""}, Case{"9.5", "9.5  ", ""}, Case{"9.5", "     ", ""},
+          Case{"9.5", "9.52 ", "9.52"}, Case{"9.6", "9.60 ", "9.60"}, Case{"9.6", "     ", "9.6"},
+          Case{"10.", "10.25", "10.25"}, Case{"9.6", "9.51 ", "9.6"}}) {
+        std::string bytes = OldPlotWriter(SampleOfVersion({95, test.full, ""})).Bytes();
+        bytes.replace(3, 3, test.first);
+        if (test.told[0] != 0) {
+            Expect("This .qpx file was saved by a later version of Quandrel, "
+                   + std::string(test.told) + ".\n");
+        }
+        // What a later version adds stands behind the fields of this one.
+        ASSERT_EQ(Load(bytes + "more"), test.first) << test.full;
+        EXPECT_EQ(ActiveRecord().NumData, 4) << test.full;
+        EXPECT_EQ(TextOf(ActiveRecord().AxisItems[8][1]), "item 8") << test.full;
+        EXPECT_EQ(prompts.Problems(), "") << test.full;
+    }
+}
+
+TEST_F(BinaryVersions, ALaterFileThatCannotBeReadSaysWhoSavedIt) {
+    std::string bytes = OldPlotWriter(SampleOfVersion(OldVersions().back())).Bytes();
+    bytes.replace(3, 3, "9.7");
+    bytes.resize(1000);
+    const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
+    ASSERT_FALSE(plot);
+    EXPECT_EQ(plot.Error(), "It was saved by version 9.7, which is later than this one. "
+                            "It ends too early.");
+}
+
+TEST_F(BinaryVersions, ClassesAreToBeCheckedAfterALoadUnlessTheyWereDrawn) {
+    struct Case {
+        const char* what;
+        int plotKind;
+        int roseType;
+        int byNumbers; ///< first cell of the text column of the class table
+        bool pending;
+    };
+
+    for (const Case& test :
+         {Case{"no rose", 1, 10, 1, true}, Case{"a rose without classes", 3, 5, 1, true},
+          Case{"a rose by numbers", 3, 10, 0, false}, Case{"a rose by names", 3, 20, 0, true},
+          Case{"a rose by ranges of texts", 3, 21, 1, false}}) {
+        OldPlot plot = SampleOfVersion({92, "", ""});
+        plot.plotKind = test.plotKind;
+        plot.roseType = test.roseType;
+        plot.textClasses = test.byNumbers;
+        ASSERT_EQ(Load(plot), "9.2");
+        EXPECT_EQ(ActiveRecord().ClassifyCheckPending != 0, test.pending) << test.what;
+    }
+    ASSERT_EQ(Load(SampleOfVersion({80, "", ""})), "8.0");
+    EXPECT_EQ(ActiveRecord().ClassifyCheckPending, kTrue);
+}
+
 TEST_F(BinaryVersions, OtherBeginningsAreRefused) {
     std::string bytes = OldPlotWriter(SampleOfVersion({80, "", ""})).Bytes();
     for (const char* start : {"bIn8.0", "bin6.9", "bin   ", "binabc", "bin1e9", "bin-9."}) {

@@ -49,6 +49,7 @@ struct OldPlot {
     int roseCode = 0; // of field 20
     int roseType = 0; // of field 34
     int classMode = 0;
+    int textClasses = 26; // first cell of the last column of the class table
     int gridCount = 0;
     std::vector<OldMark> marks;
     std::string fabric = "S1";
@@ -359,7 +360,7 @@ private:
         Field();
         for (int i = 0; i < 39; ++i) {
             Short(2);
-            Short(i);
+            Short(i == 26 ? plot_.textClasses : i);
         }
         Field();
         Short(plot_.classMode);

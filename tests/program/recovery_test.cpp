@@ -416,6 +416,72 @@ TEST_F(Recovery, AFolderThatCannotBeMadeIsAnError) {
     EXPECT_EQ(session.Write(slot), "");
 }
 
+TEST_F(Recovery, AFailureIsToldOnceForEachPlot) {
+    const int first = UnsavedPlot();
+    RecordOf(first).PlotTitle = "beds: 1";
+    WriteFile("state", "a file where the folder would be");
+    RecoverySession session(Root());
+    EXPECT_EQ(session.FailuresToTell(), "");
+    const std::string error = session.Write(first);
+    ASSERT_NE(error, "");
+    EXPECT_EQ(session.FailuresToTell(), "beds: 1 cannot be kept for recovery: " + error);
+    ASSERT_NE(session.Write(first), "");
+    EXPECT_EQ(session.FailuresToTell(), "") << "it is known";
+    const int second = UnsavedPlot();
+    RecordOf(second).PlotTitle = "joints: 2";
+    for (const int slot : session.PlotsToWrite()) {
+        ASSERT_NE(session.Write(slot), "");
+    }
+    EXPECT_EQ(session.FailuresToTell(), "joints: 2 cannot be kept for recovery: " + error);
+}
+
+TEST_F(Recovery, AFailureIsNewsAgainAfterACopyOrForAnotherPlot) {
+    const int slot = UnsavedPlot();
+    RecordOf(slot).PlotTitle = "beds: 1";
+    WriteFile("state", "a file where the folder would be");
+    RecoverySession session(Root());
+    const auto isNews = [&session](int plot) {
+        EXPECT_NE(session.Write(plot), "");
+        return !session.FailuresToTell().empty();
+    };
+    EXPECT_TRUE(isNews(slot));
+    EXPECT_FALSE(isNews(slot));
+    CloseWithLinks(slot);
+    session.DropSettled();
+    ASSERT_EQ(UnsavedPlot(), slot);
+    RecordOf(slot).PlotTitle = "beds: 1";
+    EXPECT_TRUE(isNews(slot)) << "another plot under the same title";
+    RecordOf(slot).PlotTitle = "joints: 1";
+    EXPECT_TRUE(isNews(slot)) << "another plot before anybody saw that the first was closed";
+    fs::remove(folder / "state");
+    EXPECT_EQ(session.Write(slot), "");
+    EXPECT_EQ(session.FailuresToTell(), "");
+    fs::remove_all(folder / "state"); // the disk goes away
+    EXPECT_TRUE(isNews(slot));
+}
+
+TEST_F(Recovery, FailuresOfARoundAreToldTogether) {
+    struct Case {
+        int plots;
+        const char* names;
+    };
+
+    WriteFile("state", "a file where the folder would be");
+    for (const Case& test :
+         {Case{2, "plot 1, plot 2"}, Case{3, "plot 1, plot 2, plot 3"}, Case{4, "4 plots"}}) {
+        MakeStoreTables();
+        RecoverySession session(Root());
+        std::string error;
+        for (int i = 1; i <= test.plots; ++i) {
+            const int slot = UnsavedPlot();
+            RecordOf(slot).PlotTitle = "plot " + std::to_string(i);
+            error = session.Write(slot);
+        }
+        EXPECT_EQ(session.FailuresToTell(),
+                  std::string(test.names) + " cannot be kept for recovery: " + error);
+    }
+}
+
 TEST_F(Recovery, ADiskThatIsFullKeepsTheEarlierCopy) {
     const int slot = UnsavedPlot();
     RecoverySession session(Root());

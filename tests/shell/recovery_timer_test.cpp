@@ -166,17 +166,21 @@ TEST_F(RecoveryTimerTest, NothingIsWrittenInTheMiddleOfAStepOrAQuestion) {
     EXPECT_TRUE(CopiesBecome(1));
 }
 
-TEST_F(RecoveryTimerTest, AFolderThatCannotBeMadeIsToldOnce) {
+TEST_F(RecoveryTimerTest, AFailureIsToldOnceForEachPlot) {
     OpenChanged("a.txt");
     WriteFile("state", "a file where the folder would be");
     const RecoveryTimer recovery(*main, Root(), kAfterAnyWork);
     Click();
-    const QString told = "Unsaved plots cannot be kept for recovery: ";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Info().startsWith(told); }));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return Info().startsWith("a.txt: 1 cannot be kept for recovery: "); }));
     main->SetStatusText("else");
     Click();
     LetEventsPass();
     EXPECT_EQ(Info(), "else");
+    OpenChanged("b.txt");
+    Click();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return Info().startsWith("b.txt: 2 cannot be kept for recovery: "); }));
 }
 
 TEST_F(RecoveryTimerTest, AfterACrashPlotsAreOfferedAndOpenUnsaved) {

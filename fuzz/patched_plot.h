@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+//
+// Inputs of a few bytes for whole plot files: a base file and what is changed in it.
+//
+// Files from version 9.4 on hold a table of 375 kB, out of which a fuzzer finds no way to the
+// fields behind it. An input that begins with 'P' names a base by its second byte; the rest are
+// patches, each a field, a place in it and the bytes to put there:
+//
+//     field, low and high byte of the place, count, the bytes
+//
+// Fields are counted from 0 in the order of the file and taken modulo their number, places modulo
+// the length of the field. Of a field longer than 64 kB the places stand further apart, so that
+// they reach its end. A count of 0 cuts the file there. Any other input is the file itself.
+
+#pragma once
+
+#include "persistence/binary_samples.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+struct BasePlotFile {
+    std::string bytes;
+    std::vector<std::size_t> fields; ///< where they begin; the end behind the last
+};
+
+/// Files of versions 9.2, 9.4, 9.44 and 9.5, with both grids of values where the version has them.
+inline const std::vector<BasePlotFile>& BasePlotFiles() {
+    static const std::vector<BasePlotFile> bases = [] {
+        std::vector<BasePlotFile> all;
+        for (const OldVersion& version : OldVersions()) {
+            if (version.tenths >= 92) {
+                OldPlot plot = SampleOfVersion(version);
+                plot.gridCount = -1;
+                const OldPlotWriter writer(plot);
+                all.push_back({writer.Bytes(), writer.Fields()});
+                all.back().fields.push_back(all.back().bytes.size());
+            }
+        }
+        return all;
+    }();
+    return bases;
+}
+
+/// The place in the file that a patch names.
+inline std::size_t PlaceOfPatch(const BasePlotFile& base, std::size_t field, std::size_t place) {
+    constexpr std::size_t kPlaces = 65536;
+    const std::size_t index = field % (base.fields.size() - 1);
+    const std::size_t begin = base.fields[index];
+    const std::size_t length = base.fields[index + 1] - begin;
+    return begin + place * (length / kPlaces + 1) % std::max<std::size_t>(length, 1);
+}
+
+/// The file that an input stands for.
+inline std::string PlotFileOfInput(std::string_view input) {
+    constexpr std::size_t kPatchHead = 4;
+    if (input.size() < 2 || input.front() != 'P') {
+        return std::string(input);
+    }
+    const auto byte = [](char c) { return std::size_t{static_cast<unsigned char>(c)}; };
+    const BasePlotFile& base = BasePlotFiles()[byte(input[1]) % BasePlotFiles().size()];
+    std::string file = base.bytes;
+    for (input.remove_prefix(2); input.size() >= kPatchHead;) {
+        const std::size_t at =
+            PlaceOfPatch(base, byte(input[0]), byte(input[1]) + 256 * byte(input[2]));
+        const std::size_t count = byte(input[3]);
+        input.remove_prefix(kPatchHead);
+        if (count == 0) {
+            file.resize(std::min(at, file.size()));
+            break;
+        }
+        const std::string_view bytes = input.substr(0, count);
+        if (at + bytes.size() <= file.size()) {
+            file.replace(at, bytes.size(), bytes);
+        }
+        input.remove_prefix(bytes.size());
+    }
+    return file;
+}
+
+} // namespace quandrel
