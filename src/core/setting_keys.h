@@ -39,6 +39,24 @@ inline constexpr const char* kNoFontName = "none";
     return "ColourArray" + TwoDigits(index);
 }
 
+/// The keys of a line's style: colour index, draw style, draw width.
+struct LineStyleKeys {
+    std::string colour;
+    std::string style;
+    std::string width;
+};
+
+/// The style of the contours of a level.
+[[nodiscard]] inline LineStyleKeys ContourKeys(std::size_t level) {
+    const std::string number = std::to_string(level);
+    return {"ContourColour" + number, "ContourStyle" + number, "ContourWidth" + number};
+}
+
+/// The style of a kind of girdle, by the name of the kind.
+[[nodiscard]] inline LineStyleKeys GirdleKeys(const std::string& kind) {
+    return {kind + "GirdleStyle0", kind + "GirdleStyle1", kind + "GirdleStyle2"};
+}
+
 /// A cell of the default class table: "00" to "12" the first column, then the second, the third.
 [[nodiscard]] inline std::string ClassKey(std::size_t row, std::size_t column) {
     return TwoDigits(column * 13 + row);

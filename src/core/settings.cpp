@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace quandrel {
 
@@ -34,6 +35,10 @@ std::string gLastUsedWSpaceFileTitle;
 std::string gLastUsedVersion = "9.4";
 bool gMIToolbarShow = true;
 std::int16_t gShowIsolatedPts = 0;
+bool gShowNorth = false;
+std::uint32_t gPlotBackColour = kStartBackColour;
+std::uint32_t gPlotAxesColour = kStartAxesColour;
+bool gSaveNonDataLines = false;
 std::string gRoseScaleType = "tickauto";
 double gRoseSectorSize = 10;
 std::int16_t gRoseSectorFraction = 100;
@@ -49,6 +54,12 @@ Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 namespace {
 
 constexpr double kFirstVersionWithBetaStyle = 9.5;
+constexpr const char* kPlotBackColourKey = "PlotBackColour";
+constexpr const char* kPlotAxesColourKey = "PlotAxesColour";
+
+/// The kinds of girdle by the names that their keys begin with.
+constexpr std::array<std::pair<const char*, std::size_t>, 3> kGirdleKinds = {
+    {{"", kUserGirdleStyle}, {"Mean", kMeanGirdleStyle}, {"Calc", kCalculatedGirdleStyle}}};
 
 /// One application's settings in the store.
 class Settings {
@@ -114,15 +125,13 @@ void ReadWindow(const Settings& settings) {
 void ReadPlotWindowSize(const Settings& settings) {
     // Kept: saved under "PlotWinLast" and read under this key, so the choice ends with the session.
     gPlotWinLast = settings.Truth(kStartUp, "gPlotWinLast", false);
-    const double width = settings.Number(kStartUp, "PlotWinWidth", 50);
-    gPlotWidthPercent = width < 1 ? std::int16_t{50} : ToWhole<std::int16_t>(width, 1, 100);
-    double aspect = settings.Number(kStartUp, "PlotWinAspect", 75);
-    aspect = aspect > 1 ? std::min(aspect / 100, 1.0) : aspect;
-    gPlotAspect = aspect > 0 ? static_cast<float>(aspect) : 0.75F;
+    gPlotWidthPercent = PlotWidthOf(settings.Number(kStartUp, "PlotWinWidth", 50));
+    gPlotAspect = PlotAspectOf(settings.Number(kStartUp, "PlotWinAspect", 75));
 }
 
 void ReadStartUp(const Settings& settings) {
-    gMaxPlots = ToWhole<std::int16_t>(settings.Number(kStartUp, "gMaxPlots", 10), 1, 99);
+    gMaxPlots = ToWhole<std::int16_t>(settings.Number(kStartUp, "gMaxPlots", kStartMaxPlots), 1,
+                                      kMostPlots);
     gLastUsedVersion = settings.Text(kStartUp, "LastUsedVersion", "9.4");
     ReadWindow(settings);
     ReadPlotWindowSize(settings);
@@ -141,6 +150,8 @@ void ReadStartUp(const Settings& settings) {
     gLastUsedWorkSpaceFileName = settings.Text(kStartUp, "LastUsedWorkSpaceFileName", {});
     gLastUsedWSpaceFileTitle = settings.Text(kStartUp, "LastUsedWSpaceFileTitle", {});
     gConvertDecimals = settings.Truth(kStartUp, "ConvertDecimals", false);
+    gShowNorth = settings.Truth(kStartUp, "ShowNorth", false);
+    gSaveNonDataLines = settings.Truth(kStartUp, "SaveNonDataLines", false);
     gMIToolbarShow = settings.Truth(kStartUp, "MIToolbarShow", true);
     gRoseScaleType = settings.Text(kStartUp, "RoseScaleType", "tickauto");
     gRoseSectorSize = settings.Number(kStartUp, "gRoseSectorSize", 10);
@@ -171,6 +182,13 @@ void ReadDataFormats(const Settings& settings) {
     }
 }
 
+/// The 24-bit colour of a key, or `otherwise`.
+std::uint32_t ReadColour(const Settings& settings, const std::string& key,
+                         std::uint32_t otherwise) {
+    const double value = settings.Number(kSymbolArray, key, -1);
+    return value >= 0 && value <= 0xffffff ? static_cast<std::uint32_t>(value) : otherwise;
+}
+
 /// Rows that stand in the store. Row 16 and its like are saved with the preferences, 18 to 23 with
 /// the session; all are read alike.
 void ReadSymbols(const Settings& settings) {
@@ -184,18 +202,25 @@ void ReadSymbols(const Settings& settings) {
         }
     }
     for (std::size_t index = 0; index < gColourTable.size(); ++index) {
-        const double value = settings.Number(kSymbolArray, ColourKey(index), -1);
-        if (value >= 0 && value <= 0xffffff) {
-            gColourTable[index] = static_cast<std::uint32_t>(value);
-        }
+        gColourTable[index] = ReadColour(settings, ColourKey(index), gColourTable[index]);
     }
 }
 
+void ReadLineStyle(const Settings& settings, const LineStyleKeys& keys, AxisStyle& style) {
+    ReadWhole(settings, kSymbolArray, keys.colour, style[0], 0, kColourCount - 1);
+    ReadWhole(settings, kSymbolArray, keys.style, style[1], kSolidLine, kNoLine);
+    ReadWhole(settings, kSymbolArray, keys.width, style[2], 1, kWidestLine);
+}
+
 void ReadAxisStyles(const Settings& settings) {
-    AxisStyle& girdle = gAxisStyleTable[kUserGirdleStyle];
-    ReadWhole(settings, kSymbolArray, "GirdleStyle0", girdle[0], 0, kColourCount - 1);
-    ReadWhole(settings, kSymbolArray, "GirdleStyle1", girdle[1], 0, 5);
-    ReadWhole(settings, kSymbolArray, "GirdleStyle2", girdle[2], 1, 20);
+    for (const auto& [kind, row] : kGirdleKinds) {
+        ReadLineStyle(settings, GirdleKeys(kind), gAxisStyleTable[row]);
+    }
+    for (std::size_t level = 0; level < gContourStyleTable.size(); ++level) {
+        ReadLineStyle(settings, ContourKeys(level), gContourStyleTable[level]);
+    }
+    gPlotBackColour = ReadColour(settings, kPlotBackColourKey, kStartBackColour);
+    gPlotAxesColour = ReadColour(settings, kPlotAxesColourKey, kStartAxesColour);
     if (ParseNumber(gLastUsedVersion) >= kFirstVersionWithBetaStyle) {
         AxisStyle& beta = gAxisStyleTable[kBetaAxisStyle];
         ReadWhole(settings, kSymbolArray, "BetaAxisColor", beta[0], 0, kColourCount - 1);
@@ -276,11 +301,21 @@ void SaveSymbolRows(const Settings& settings, std::size_t first, std::size_t las
     }
 }
 
+void SaveLineStyle(const Settings& settings, const LineStyleKeys& keys, const AxisStyle& style) {
+    settings.WriteNumber(kSymbolArray, keys.colour, style[0]);
+    settings.WriteNumber(kSymbolArray, keys.style, style[1]);
+    settings.WriteNumber(kSymbolArray, keys.width, style[2]);
+}
+
 void SaveAxisStyles(const Settings& settings) {
-    const AxisStyle& girdle = gAxisStyleTable[kUserGirdleStyle];
-    settings.WriteNumber(kSymbolArray, "GirdleStyle0", girdle[0]);
-    settings.WriteNumber(kSymbolArray, "GirdleStyle1", girdle[1]);
-    settings.WriteNumber(kSymbolArray, "GirdleStyle2", girdle[2]);
+    for (const auto& [kind, row] : kGirdleKinds) {
+        SaveLineStyle(settings, GirdleKeys(kind), gAxisStyleTable[row]);
+    }
+    for (std::size_t level = 0; level < gContourStyleTable.size(); ++level) {
+        SaveLineStyle(settings, ContourKeys(level), gContourStyleTable[level]);
+    }
+    settings.WriteNumber(kSymbolArray, kPlotBackColourKey, gPlotBackColour);
+    settings.WriteNumber(kSymbolArray, kPlotAxesColourKey, gPlotAxesColour);
     const AxisStyle& beta = gAxisStyleTable[kBetaAxisStyle];
     settings.WriteNumber(kSymbolArray, "BetaAxisColor", beta[0]);
     settings.WriteNumber(kSymbolArray, "BetaAxisType", beta[1]);
@@ -309,6 +344,8 @@ void SavePreferences(const Settings& settings) {
     settings.WriteTruth(kStartUp, "RoseOuterCircle", gRoseOuterCircle);
     settings.WriteTruth(kStartUp, "ShowCompassPoints", gShowCompassPoints);
     settings.WriteTruth(kStartUp, "ConvertDecimals", gConvertDecimals);
+    settings.WriteTruth(kStartUp, "ShowNorth", gShowNorth);
+    settings.WriteTruth(kStartUp, "SaveNonDataLines", gSaveNonDataLines);
     SaveSymbolRows(settings, 0, 17);
     SaveSymbolRows(settings, 24, 50);
     for (std::size_t index = 0; index < gColourTable.size(); ++index) {
@@ -373,6 +410,15 @@ void SaveSession(const Settings& settings) {
 }
 
 } // namespace
+
+std::int16_t PlotWidthOf(double percent) {
+    return percent < 1 ? std::int16_t{50} : ToWhole<std::int16_t>(percent, 1, 100);
+}
+
+float PlotAspectOf(double aspect) {
+    const double share = aspect > 1 ? std::min(aspect / 100, 1.0) : aspect;
+    return share > 0 ? static_cast<float>(share) : 0.75F;
+}
 
 void SetDefaultSettings() {
     BuildStyleTables();

@@ -58,6 +58,10 @@ extern std::string gLastUsedWSpaceFileTitle;
 extern std::string gLastUsedVersion;
 extern bool gMIToolbarShow;
 extern std::int16_t gShowIsolatedPts;
+extern bool gShowNorth;               ///< nets have an "N" at the top
+extern std::uint32_t gPlotBackColour; ///< behind the net on the screen; red in the low byte
+extern std::uint32_t gPlotAxesColour; ///< of the primitive circle and the axes
+extern bool gSaveNonDataLines;        ///< texts of plots have the lines that are no data too
 
 extern std::string gRoseScaleType;
 extern double gRoseSectorSize;           ///< degrees
@@ -98,6 +102,20 @@ extern std::vector<std::string> gRecentFiles;
 
 /// The class table that new plots start from.
 extern Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
+
+inline constexpr std::uint32_t kStartBackColour = 0xffffff;
+inline constexpr std::uint32_t kStartAxesColour = 0;
+inline constexpr std::int16_t kStartMaxPlots = 10;
+inline constexpr std::int16_t kMostPlots = 99;
+inline constexpr int kWidestLine = 20; ///< draw width of a style, logical pixels
+
+/// The width of a new plot window from a number of the user's, per cent of the main window: 50 for
+/// one below 1, at most 100.
+[[nodiscard]] std::int16_t PlotWidthOf(double percent);
+
+/// Height over width of a new plot window from a number of the user's, above 0 and at most 1: one
+/// above 1 is in per cent, one that is not above 0 gives 0.75.
+[[nodiscard]] float PlotAspectOf(double aspect);
 
 /// Gives every setting its value of a first run.
 void SetDefaultSettings();

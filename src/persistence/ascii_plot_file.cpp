@@ -8,8 +8,11 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "core/tagged_value.h"
+#include "input/data_line.h"
+#include "input/format_model.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
+#include "orientation/number_text.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
 #include "stereo/plot_driver.h"
@@ -19,6 +22,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <unordered_map>
 
 namespace quandrel {
 
@@ -164,6 +168,65 @@ std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
     return fields.Text() + "\r\n";
 }
 
+/// How a reader takes the lines of the text.
+LineFormat FormatOfOwnText() {
+    const FormatSettings inForce = CurrentFormat();
+    ParameterItems items = ParseParameterLine(BuildParameterLine(true));
+    items.isOwnText = true;
+    RestoreFormat(WithNewPlotItems(WithFormatItems(inForce, items), items));
+    const LineFormat format = LineFormatFromGlobals(false);
+    RestoreFormat(inForce);
+    return format;
+}
+
+/// The kept lines of a plot that are no data, row by row.
+class NonDataLines {
+public:
+    NonDataLines(int slot, const PlotRecord& record)
+        : lines_(gErrorLines[static_cast<std::size_t>(slot)])
+        , format_(FormatOfOwnText()) {
+        // A head of our own has been written anew.
+        const bool hasOwnHead = Of(1).starts_with(kOwnTextStart);
+        for (std::int32_t row = 1; hasOwnHead && row <= record.NumData; ++row) {
+            if (DipOfRow(slot, row) != kErrorRow || IsParameterLine(Of(row))) {
+                return;
+            }
+            lastOfHead_ = row;
+        }
+    }
+
+    /// The line of an error row with its line end, as a comment when a reader would take it for
+    /// data; empty where it was blank, or set a format, which is not that of the text to write.
+    [[nodiscard]] std::string TextOfErrorRow(std::int32_t row) const {
+        const std::string_view line = Of(row);
+        if (row <= lastOfHead_ || line.empty() || IsParameterLine(line)) {
+            return {};
+        }
+        // Another format may have kept it from being data.
+        const bool wouldBeData = ParseLine(line, format_).status == LineStatus::Row;
+        return (wouldBeData ? "; " : "") + std::string(line) + "\r\n";
+    }
+
+private:
+    [[nodiscard]] std::string_view Of(std::int32_t row) const {
+        const auto line = lines_.find(row);
+        return line == lines_.end() ? std::string_view() : WithoutLineEnd(line->second);
+    }
+
+    static std::string_view WithoutLineEnd(std::string_view line) {
+        const std::size_t last = line.find_last_not_of("\r\n");
+        return line.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    }
+
+    static bool IsParameterLine(std::string_view line) {
+        return WithoutBlanks(line).starts_with('/');
+    }
+
+    const std::unordered_map<std::int32_t, std::string>& lines_;
+    LineFormat format_;
+    std::int32_t lastOfHead_ = 0;
+};
+
 [[nodiscard]] bool AcceptSeveralFiles(const PlotRecord& record, const std::string& name) {
     return record.NumFiles < 2
            || AskToGoOn("This plot contains data from more than one file.\n"
@@ -227,9 +290,12 @@ std::string BuildParameterLine(bool full) {
 std::string AsciiPlotText() {
     const PlotRecord& record = ActiveRecord();
     std::string text = HeadLines(record) + BuildParameterLine(true);
+    const NonDataLines nonData(gActivePlot, record);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         if (DipOfRow(gActivePlot, row) != kErrorRow) {
             text += TextOfRow(record, row);
+        } else if (gSaveNonDataLines) {
+            text += nonData.TextOfErrorRow(row);
         }
     }
     return text;

@@ -94,11 +94,11 @@ void DrawAxes(Surface& surface, int shape) {
     }
     for (const int axis : AxesShown(shape)) {
         if (ticks) {
-            surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick), kBlack);
+            surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick), AxesColour());
         } else if (IsHalfRose(shape)) {
-            surface.Line({}, AlongAxis(axis, kNetRadius), kBlack);
+            surface.Line({}, AlongAxis(axis, kNetRadius), AxesColour());
         } else if (axis < 2) {
-            surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius), kBlack);
+            surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius), AxesColour());
         }
     }
 }
@@ -122,14 +122,15 @@ public:
     CompassLabels(Surface& surface, const PlotRecord& record)
         : surface_(surface)
         , arrows_(RoseArrowAzimuths(record)) {
+        DrawState state = surface.State();
+        state.foreColour = AxesColour();
         // Between the ticks and the edge of the surface is little room, and less in a small window.
         const double room = surface.Scale().top - kLabelRadius;
-        DrawState state = surface.State();
         const double height = surface.TextHeight();
         if (height > room && height > 0) {
             state.font.points = std::max(state.font.points * room / height, kLeastLabelPoints);
-            surface.SetState(state);
         }
+        surface.SetState(state);
     }
 
     void Draw(int i) {
@@ -203,14 +204,14 @@ void DrawCompassPoints(Surface& surface, const PlotRecord& record) {
     const SavedState saved(surface);
     CompassLabels labels(surface, record);
     for (const int i : CompassPointsShown(record.RoseShape)) {
-        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i), kBlack);
+        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i), AxesColour());
         labels.Draw(i);
     }
 }
 
 void DrawShownArc(Surface& surface, int shape, double radius) {
     const RoseArc arc = ShownArc(shape);
-    surface.Arc({}, radius, arc.start, arc.end, kBlack);
+    surface.Arc({}, radius, arc.start, arc.end, AxesColour());
 }
 
 /// A tick across each axis that carries the scale: all four, or the middle one of a half.
@@ -220,10 +221,11 @@ void DrawTicks(Surface& surface, int shape, double radius) {
             continue;
         }
         surface.Line(AlongAxis(axis, radius, -kScaleTick), AlongAxis(axis, radius, kScaleTick),
-                     kBlack);
+                     AxesColour());
         if (gRoseAxesStyle != 0) {
             // There is no axis that the tick could stand on.
-            surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick), kBlack);
+            surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick),
+                         AxesColour());
         }
     }
 }

@@ -38,10 +38,10 @@ Colour OutlineColour() {
     return TableColour(gSymbolTable[kBackgroundRow][kPlaceSymbol]);
 }
 
-/// White is that of the paper, and what a window has for paper is grey.
+/// White is that of the paper, and a window has its own colour for paper.
 Colour BlankColour() {
     const Colour blank = TableColour(gSymbolTable[kBackgroundRow][kPlaceColour]);
-    return blank == kWhite && !IsDrawingElsewhere() ? kWindowBackground : blank;
+    return blank == kWhite ? PlotBackground() : blank;
 }
 
 /// A wedge between two angles that are not wrapped.

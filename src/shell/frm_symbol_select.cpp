@@ -77,7 +77,16 @@ void NameCell(StylePatch& cell, const QString& name, const QString& text) {
     cell.setCheckable(true);
 }
 
-/// Checks the cell of a value, none for a value without a cell. The tab key enters there.
+} // namespace
+
+QString NameOfSymbol(int code) {
+    return kSymbolNames.at(static_cast<std::size_t>(code));
+}
+
+QString NameOfFill(int pattern) {
+    return kFillNames.at(static_cast<std::size_t>(pattern));
+}
+
 void CheckCell(QButtonGroup& cells, int value) {
     QAbstractButton* chosen = cells.button(value);
     if (chosen != nullptr) {
@@ -92,8 +101,6 @@ void CheckCell(QButtonGroup& cells, int value) {
         cell->setFocusPolicy(cell == entry ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
-
-} // namespace
 
 frmSymbolSelect::frmSymbolSelect(const StyleQuestion& question, QWidget* parent)
     : QDialog(parent)

@@ -32,6 +32,15 @@ inline constexpr int kPickedSymbols = 18; ///< codes 0 to 17
 inline constexpr int kPickedFills = 8;    ///< fill styles 0 to 7
 inline constexpr int kLargestSymbolSize = 20;
 
+/// What a symbol code 0 to kPickedSymbols - 1 is called.
+[[nodiscard]] QString NameOfSymbol(int code);
+
+/// What a fill style 0 to kPickedFills - 1 is called.
+[[nodiscard]] QString NameOfFill(int pattern);
+
+/// Checks the cell of a value, none for a value without a cell. The tab key enters there.
+void CheckCell(QButtonGroup& cells, int value);
+
 /// What the picker is to ask for.
 struct StyleQuestion {
     QString title; ///< what the style is of

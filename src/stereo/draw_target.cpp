@@ -3,6 +3,7 @@
 #include "stereo/draw_target.h"
 
 #include "core/plot_store.h"
+#include "core/settings.h"
 
 namespace quandrel {
 
@@ -10,8 +11,26 @@ namespace {
 
 Surface* plotTarget = nullptr;
 Surface* legendTarget = nullptr;
+DrawnFor targetMedium = DrawnFor::Screen;
+
+/// How bright a colour looks, 0 to 1: the luma of ITU-R Recommendation BT.601 (1982).
+double Brightness(Colour colour) {
+    return (0.299 * colour.red + 0.587 * colour.green + 0.114 * colour.blue) / 255;
+}
+
+constexpr double kTooBrightForPaper = 0.85;
 
 } // namespace
+
+Colour PlotBackground() {
+    return targetMedium == DrawnFor::Paper ? kWhite : ColourFromValue(gPlotBackColour);
+}
+
+Colour AxesColour() {
+    const Colour colour = ColourFromValue(gPlotAxesColour);
+    return targetMedium == DrawnFor::Paper && Brightness(colour) > kTooBrightForPaper ? kBlack
+                                                                                      : colour;
+}
 
 Surface& PlotSurface() {
     return plotTarget != nullptr ? *plotTarget : FormOf(gActivePlot).PlotSurface();
@@ -25,9 +44,11 @@ bool IsDrawingElsewhere() {
     return plotTarget != nullptr;
 }
 
-DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend)
+DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium)
     : formerPlot_(plotTarget)
-    , formerLegend_(legendTarget) {
+    , formerLegend_(legendTarget)
+    , formerMedium_(targetMedium) {
+    targetMedium = medium;
     plotTarget = &plot;
     legendTarget = &legend;
 }
@@ -35,6 +56,7 @@ DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend)
 DrawElsewhere::~DrawElsewhere() {
     plotTarget = formerPlot_;
     legendTarget = formerLegend_;
+    targetMedium = formerMedium_;
 }
 
 } // namespace quandrel

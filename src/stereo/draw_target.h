@@ -8,8 +8,13 @@
 
 namespace quandrel {
 
-/// What a plot's window shows behind the net. Pages and files are white.
-inline constexpr Colour kWindowBackground{0xc0, 0xc0, 0xc0};
+/// What stands behind the net where it is drawn: gPlotBackColour on the screen; pages and files are
+/// white.
+[[nodiscard]] Colour PlotBackground();
+
+/// The colour of the primitive circle and of axes. On pages and files black in place of a colour
+/// that white paper does not show.
+[[nodiscard]] Colour AxesColour();
 
 /// The surface of the net of gActivePlot, in plot scale.
 [[nodiscard]] Surface& PlotSurface();
@@ -20,10 +25,16 @@ inline constexpr Colour kWindowBackground{0xc0, 0xc0, 0xc0};
 /// True while drawing goes elsewhere than to the plot's window.
 [[nodiscard]] bool IsDrawingElsewhere();
 
+/// What a drawing elsewhere stands for.
+enum class DrawnFor {
+    Paper,  ///< pages, files and copies
+    Screen, ///< samples of what windows show
+};
+
 /// Sends all drawing to other surfaces for the length of a block.
 class DrawElsewhere {
 public:
-    DrawElsewhere(Surface& plot, Surface& legend);
+    DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium = DrawnFor::Paper);
     ~DrawElsewhere();
     DrawElsewhere(const DrawElsewhere&) = delete;
     DrawElsewhere& operator=(const DrawElsewhere&) = delete;
@@ -31,6 +42,7 @@ public:
 private:
     Surface* formerPlot_;
     Surface* formerLegend_;
+    DrawnFor formerMedium_;
 };
 
 } // namespace quandrel

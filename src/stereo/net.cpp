@@ -5,10 +5,12 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "core/style_tables.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/draw_target.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quandrel {
@@ -22,20 +24,20 @@ constexpr double kArrowTip = 1091;
 constexpr double kArrowBarb = 1021;
 
 void DrawCentreCross(Surface& surface) {
-    surface.Line({-kCross, 0}, {kCross, 0}, kBlack);
-    surface.Line({0, -kCross}, {0, kCross}, kBlack);
+    surface.Line({-kCross, 0}, {kCross, 0}, AxesColour());
+    surface.Line({0, -kCross}, {0, kCross}, AxesColour());
 }
 
 void DrawRimTicks(Surface& surface) {
     // Kept: the north has no tick.
-    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, kBlack);
-    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, kBlack);
-    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, kBlack);
+    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, AxesColour());
+    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, AxesColour());
+    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, AxesColour());
 }
 
 void DrawDiameters(Surface& surface) {
-    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, kBlack);
-    surface.Line({0, -kNetRadius}, {0, kNetRadius}, kBlack);
+    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, AxesColour());
+    surface.Line({0, -kNetRadius}, {0, kNetRadius}, AxesColour());
 }
 
 /// Ticks across the four half axes at each ten degrees of plunge.
@@ -45,10 +47,10 @@ void DrawAxisTicks(Surface& surface, int plotKind) {
         std::int16_t y = 0;
         ProjectPointInt(plotKind, i * kPi / 18, 0, x, y);
         const double d = y;
-        surface.Line({-kAxisTick, d}, {kAxisTick, d}, kBlack);
-        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, kBlack);
-        surface.Line({d, -kAxisTick}, {d, kAxisTick}, kBlack);
-        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, kBlack);
+        surface.Line({-kAxisTick, d}, {kAxisTick, d}, AxesColour());
+        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, AxesColour());
+        surface.Line({d, -kAxisTick}, {d, kAxisTick}, AxesColour());
+        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, AxesColour());
     }
 }
 
@@ -59,7 +61,7 @@ void DrawEasternRimTicks(Surface& surface) {
         const double x = std::sin(azimuth);
         const double y = std::cos(azimuth);
         surface.Line({kNetRadius * x, kNetRadius * y},
-                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y}, kBlack);
+                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y}, AxesColour());
     }
 }
 
@@ -85,6 +87,22 @@ void DrawAxes(Surface& surface, int plotKind) {
     }
 }
 
+/// An "N" between the top of the circle and the edge of the surface, as small as that asks for.
+void DrawNorth(Surface& surface) {
+    constexpr double kGap = 8; // to the circle
+    constexpr double kLeastPoints = 4;
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.foreColour = AxesColour();
+    const double room = surface.Scale().top - kNetRadius - 2 * kGap;
+    const double height = surface.TextHeight();
+    if (height > room && height > 0) {
+        state.font.points = std::max(state.font.points * room / height, kLeastPoints);
+    }
+    surface.SetState(state);
+    surface.Text({-surface.TextWidth("N") / 2, kNetRadius + kGap + surface.TextHeight()}, "N");
+}
+
 Point AtAzimuth(double radius, double azimuth) {
     return {radius * std::sin(azimuth), radius * std::cos(azimuth)};
 }
@@ -92,8 +110,10 @@ Point AtAzimuth(double radius, double azimuth) {
 } // namespace
 
 void SetPlotDrawMode() {
+    const PlotFont& font = gPlotFonts[kGeneralFont];
     DrawState state;
-    state.font = gPlotFonts[kGeneralFont].font;
+    state.font = font.font;
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     PlotSurface().SetState(state);
 }
 
@@ -102,14 +122,17 @@ void DrawPlotBase() {
     surface.SetUserScale(kPlotScale);
     SetPlotDrawMode();
     if (!IsDrawingElsewhere()) {
-        surface.Clear(kWindowBackground);
+        surface.Clear(PlotBackground());
     }
     const int plotKind = ActiveRecord().PlotKind;
     if (plotKind >= kRose) {
         return;
     }
-    surface.Circle({0, 0}, kNetRadius, kBlack);
+    surface.Circle({0, 0}, kNetRadius, AxesColour());
     DrawAxes(surface, plotKind);
+    if (gShowNorth) {
+        DrawNorth(surface);
+    }
 }
 
 void DrawPlotFurniture() {
@@ -121,14 +144,17 @@ void DrawPlotFurniture() {
     }
     Surface& surface = PlotSurface();
     const SavedState saved(surface);
+    const AxisStyle& style = gAxisStyleTable[kMeanGirdleStyle];
+    const Colour colour = TableColour(style[0]);
     DrawState state = surface.State();
-    state.drawWidth = 2;
+    state.drawStyle = style[1];
+    state.drawWidth = style[2] + 1; // it stands out among lines of the same style
     surface.SetState(state);
     const double trend = NumberOf(mean[3]);
     const Point tip = AtAzimuth(kArrowTip, trend);
-    surface.Line(AtAzimuth(kNetRadius, trend), tip, kBlack);
-    surface.Line(tip, AtAzimuth(kArrowBarb, trend - kPi / 200), kBlack);
-    surface.Line(tip, AtAzimuth(kArrowBarb, trend + kPi / 200), kBlack);
+    surface.Line(AtAzimuth(kNetRadius, trend), tip, colour);
+    surface.Line(tip, AtAzimuth(kArrowBarb, trend - kPi / 200), colour);
+    surface.Line(tip, AtAzimuth(kArrowBarb, trend + kPi / 200), colour);
 }
 
 } // namespace quandrel

@@ -286,5 +286,52 @@ TEST_F(SettingsTest, OverlaysDifferInStyle) {
     EXPECT_EQ(codes.size(), static_cast<std::size_t>(kOverlaySymbols));
 }
 
+TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
+    gContourStyleTable[0] = {9, kDottedLine, 3};
+    gContourStyleTable[5] = {7, kDashedLine, 2};
+    gPlotBackColour = 0x00ff00;
+    gPlotAxesColour = 0xff0000;
+    gSaveNonDataLines = true;
+    gShowNorth = true;
+    EXPECT_TRUE(SaveSettings(4));
+    const std::vector<std::tuple<std::string, std::string, std::string>> keys = {
+        {"SymbolArray", "ContourColour0", "9"},     {"SymbolArray", "ContourStyle0", "2"},
+        {"SymbolArray", "ContourWidth0", "3"},      {"SymbolArray", "ContourColour5", "7"},
+        {"SymbolArray", "ContourStyle5", "1"},      {"SymbolArray", "ContourWidth5", "2"},
+        {"SymbolArray", "PlotBackColour", "65280"}, {"SymbolArray", "PlotAxesColour", "16711680"},
+        {"StartUp", "SaveNonDataLines", "True"},    {"StartUp", "ShowNorth", "True"}};
+    for (const auto& [section, key, value] : keys) {
+        EXPECT_EQ(Stored(section, key), value) << key;
+    }
+    LoadSettings();
+    EXPECT_EQ(gContourStyleTable[0], (AxisStyle{9, kDottedLine, 3}));
+    EXPECT_EQ(gPlotBackColour, 0x00ff00U);
+    EXPECT_TRUE(gSaveNonDataLines);
+}
+
+TEST_F(SettingsTest, StylesAndColoursOutOfTheirRangesAreBroughtBack) {
+    Put("SymbolArray", "ContourColour1", "25");
+    Put("SymbolArray", "ContourStyle1", "17");
+    Put("SymbolArray", "ContourWidth1", "-3");
+    Put("SymbolArray", "PlotBackColour", "99999999");
+    Put("SymbolArray", "PlotAxesColour", "blue");
+    LoadSettings();
+    EXPECT_EQ(gContourStyleTable[1], (AxisStyle{24, kNoLine, 1}));
+    EXPECT_EQ(gPlotBackColour, 0xffffffU);
+    EXPECT_EQ(gPlotAxesColour, 0U);
+}
+
+TEST_F(SettingsTest, EachKindOfGirdleHasItsOwnKeys) {
+    gAxisStyleTable[kUserGirdleStyle] = {1, 2, 3};
+    gAxisStyleTable[kMeanGirdleStyle] = {4, 1, 6};
+    gAxisStyleTable[kCalculatedGirdleStyle] = {7, 3, 9};
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("SymbolArray", "GirdleStyle0"), "1");
+    LoadSettings();
+    EXPECT_EQ(gAxisStyleTable[kUserGirdleStyle], (AxisStyle{1, 2, 3}));
+    EXPECT_EQ(gAxisStyleTable[kMeanGirdleStyle], (AxisStyle{4, 1, 6}));
+    EXPECT_EQ(gAxisStyleTable[kCalculatedGirdleStyle], (AxisStyle{7, 3, 9}));
+}
+
 } // namespace
 } // namespace quandrel

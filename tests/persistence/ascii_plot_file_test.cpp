@@ -207,5 +207,60 @@ TEST_F(AsciiPlotFile, SavingAsksForAPathAndMayBeCancelled) {
     EXPECT_TRUE(std::filesystem::exists(folder / "chosen.txt"));
 }
 
+constexpr const char* kMixedFile = "; measured in May\n30\t120\n\nsecond outcrop\n40\t200\n"
+                                   "95\t200\n/T2\n50\t10\n; the end\n";
+
+class NonDataLines : public AsciiPlotFile {
+protected:
+    void Load(const std::string& text) {
+        prompts.ExpectAny(""); // of the invalid line, then of all
+        prompts.ExpectAny("not been plotted");
+        ASSERT_EQ(OpenPlotFile(kNewCommand, WriteFile("mixed.txt", text)), kNewCommand);
+    }
+
+    /// What stands behind the parameter line.
+    static std::string Body() {
+        const std::string text = AsciiPlotText();
+        return text.substr(text.find("\r\n", text.find("\r\n/") + 2) + 2);
+    }
+};
+
+TEST_F(NonDataLines, AreLeftOutUnlessTheyAreWanted) {
+    Load(kMixedFile);
+    EXPECT_EQ(Body(), "30\t120\r\n40\t200\r\n50\t10\r\n");
+}
+
+TEST_F(NonDataLines, StandInTheirPlacesWhenTheyAreWanted) {
+    Load(kMixedFile);
+    gSaveNonDataLines = true;
+    EXPECT_EQ(Body(), "; measured in May\r\n30\t120\r\nsecond outcrop\r\n40\t200\r\n95\t200\r\n"
+                      "50\t10\r\n; the end\r\n")
+        << "blank lines are no text, and a parameter line is another file's format";
+}
+
+TEST_F(NonDataLines, AreReadBackAsWhatTheyWereAndTheHeadDoesNotGrow) {
+    Load(kMixedFile);
+    gSaveNonDataLines = true;
+    const std::string path = (folder / "saved.txt").string();
+    ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
+    const std::string first = Body();
+    prompts.ExpectAny("");
+    prompts.ExpectAny("non-data");
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kNewCommand);
+    EXPECT_EQ(ActiveRecord().NumValidData, 3);
+    EXPECT_EQ(Body(), first);
+}
+
+TEST_F(NonDataLines, ALineThatTheNewFormatWouldTakeForDataIsAComment) {
+    gConventions = kDipDirectionDip; // a dip of 95 there is none
+    gFileColumnSettings[0] = 1;
+    gFileColumnSettings[1] = 0;
+    Load("30\t60\n45\t95\n40\t70\n");
+    ASSERT_EQ(ActiveRecord().NumValidData, 2);
+    gSaveNonDataLines = true;
+    EXPECT_NE(Body().find("\r\n; 45\t95\r\n"), std::string::npos) << Body();
+    EXPECT_EQ(gConventions, kDipDirectionDip) << "the format in force stays";
+}
+
 } // namespace
 } // namespace quandrel

@@ -155,6 +155,19 @@ TEST_F(DrawRoseScaleTest, DrawsNothingWhenAllIsSwitchedOff) {
     EXPECT_TRUE(Draw().empty());
 }
 
+TEST_F(DrawRoseScaleTest, AllOfItHasTheColourOfAxes) {
+    gPlotAxesColour = 0x0000ff;
+    gRoseAxesStyle = 1;
+    gRoseOuterCircle = true;
+    gShowCompassPoints = true;
+    const auto drawn = Draw();
+    EXPECT_GT(drawn.size(), 20U);
+    for (const DrawOperation& operation : drawn) {
+        const bool isText = operation.kind == DrawOperation::Kind::Text;
+        EXPECT_EQ(isText ? operation.state.foreColour : operation.colour, (Colour{255, 0, 0}));
+    }
+}
+
 TEST_F(DrawRoseScaleTest, DrawsAxesAsLines) {
     gRoseAxesStyle = 0;
     EXPECT_EQ(LinesOf(Draw()), (Lines{{-1000, 0, 1000, 0}, {0, -1000, 0, 1000}}));

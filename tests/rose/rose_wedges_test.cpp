@@ -19,7 +19,7 @@ namespace quandrel {
 namespace {
 
 constexpr double kClose = 1e-9;
-constexpr Colour kBlank = kWindowBackground;
+constexpr Colour kBlank = kWhite;
 
 double Degrees(double radians) {
     return radians * 180 / std::acos(-1.0);
@@ -337,6 +337,17 @@ TEST_F(DrawRoseWedgesTest, BlanksTheZeroCircleLast) {
     EXPECT_EQ(last.radius, 200);
     EXPECT_EQ(last.state.fillStyle, kSolidFill);
     EXPECT_EQ(last.state.fillColour, kBlank);
+}
+
+TEST_F(DrawRoseWedgesTest, BlanksWithTheBackgroundOfTheScreenAndWithWhiteOnPages) {
+    gPlotBackColour = 0x332211;
+    Record().RoseZeroCircle = 20;
+    DrawRoseWedges(0);
+    EXPECT_EQ(Drawn().back().state.fillColour, (Colour{0x11, 0x22, 0x33}));
+    RecordingSurface page(500, 500);
+    const DrawElsewhere elsewhere(page, page);
+    DrawRoseWedges(0);
+    EXPECT_EQ(page.Operations().back().state.fillColour, kWhite);
 }
 
 TEST_F(DrawRoseWedgesTest, BlanksTheHalfThatIsNotShown) {

@@ -2,6 +2,7 @@
 
 #include "core/settings.h"
 #include "orientation/angles.h"
+#include "stereo/draw_target.h"
 #include "stereo/net.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -130,6 +131,126 @@ TEST_F(Net, AnOverlayHidesTheMeanArrow) {
     ActiveRecord().OverlayRows[0] = 1;
     DrawPlotFurniture();
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
+}
+
+/// Gives the settings of the look their defaults again, whatever a test does.
+class NetLook : public Net {
+protected:
+    std::vector<DrawOperation> AllOf(std::int16_t style) {
+        Draw(style);
+        return Form(gActivePlot).Plot().Operations();
+    }
+
+    /// The same net on a page.
+    std::vector<DrawOperation> OnPaper(std::int16_t style) {
+        NewPlot();
+        gPlotAxesStyle = style;
+        RecordingSurface page(500, 500);
+        const DrawElsewhere elsewhere(page, page);
+        DrawPlotBase();
+        return page.Operations();
+    }
+
+    static bool HasText(const std::vector<DrawOperation>& operations, const std::string& text) {
+        for (const DrawOperation& operation : operations) {
+            if (operation.kind == DrawOperation::Kind::Text && operation.text == text) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(NetLook, TheScreenHasTheBackgroundOfThePreferences) {
+    EXPECT_EQ(AllOf(0)[0].colour, kWhite);
+    gPlotBackColour = 0x332211;
+    const auto operations = AllOf(0);
+    EXPECT_EQ(operations[0].kind, DrawOperation::Kind::Clear);
+    EXPECT_EQ(operations[0].colour, (Colour{0x11, 0x22, 0x33}));
+}
+
+TEST_F(NetLook, PagesAreNeverGivenABackground) {
+    gPlotBackColour = 0x332211;
+    for (const DrawOperation& operation : OnPaper(2)) {
+        EXPECT_NE(operation.kind, DrawOperation::Kind::Clear);
+    }
+    RecordingSurface page(500, 500);
+    const DrawElsewhere elsewhere(page, page);
+    EXPECT_EQ(PlotBackground(), kWhite);
+}
+
+TEST_F(NetLook, CircleAndAxesOfEachStyleHaveTheirColour) {
+    gPlotAxesColour = 0x0000ff;
+    for (std::int16_t style = 0; style <= 3; ++style) {
+        for (const DrawOperation& operation : Draw(style)) {
+            EXPECT_EQ(operation.colour, (Colour{255, 0, 0})) << style;
+        }
+        for (const DrawOperation& operation : OnPaper(style)) {
+            EXPECT_EQ(operation.colour, (Colour{255, 0, 0})) << style;
+        }
+    }
+}
+
+TEST_F(NetLook, AxesThatPaperWouldNotShowAreBlackThere) {
+    for (const std::uint32_t bright : {0xffffffU, 0x80ffffU}) {
+        gPlotAxesColour = bright;
+        EXPECT_EQ(Draw(1)[0].colour, ColourFromValue(bright));
+        EXPECT_EQ(OnPaper(1)[0].colour, kBlack);
+    }
+}
+
+TEST_F(NetLook, ASampleOfTheScreenHasItsColours) {
+    gPlotAxesColour = 0xffffff;
+    gPlotBackColour = 0x332211;
+    RecordingSurface sample(500, 500);
+    {
+        const DrawElsewhere elsewhere(sample, sample, DrawnFor::Screen);
+        EXPECT_EQ(AxesColour(), kWhite);
+        EXPECT_EQ(PlotBackground(), (Colour{0x11, 0x22, 0x33}));
+        const DrawElsewhere page(sample, sample);
+        EXPECT_EQ(AxesColour(), kBlack);
+    }
+    EXPECT_EQ(AxesColour(), kWhite);
+}
+
+TEST_F(NetLook, ANorthStandsAboveTheCircleWhenItIsWanted) {
+    EXPECT_FALSE(HasText(Draw(0), "N")) << "off in a first run";
+    gShowNorth = true;
+    for (std::int16_t style = 0; style <= 3; ++style) {
+        const auto operations = Draw(style);
+        ASSERT_TRUE(HasText(operations, "N")) << style;
+        const DrawOperation& north = operations.back();
+        const double width = 2 * -north.points[0].x;
+        EXPECT_GT(width, 0) << "centred: its left edge is west of the middle";
+        EXPECT_GT(north.points[0].y, 1000);
+        EXPECT_LE(north.points[0].y, 1100);
+    }
+    EXPECT_FALSE(HasText(Draw(0, kRose), "N")) << "roses have compass points";
+}
+
+TEST_F(NetLook, TheMeanArrowHasTheStyleOfTheMean) {
+    NewPlot();
+    ActiveRecord().AxisItems[0][0] = true;
+    ActiveRecord().AxisItems[0][3] = 1.0;
+    gAxisStyleTable[kMeanGirdleStyle] = {8, kDashedLine, 3};
+    DrawPlotFurniture();
+    const auto operations = DrawnOn(Form(gActivePlot).Plot());
+    ASSERT_EQ(operations.size(), 3U);
+    for (const DrawOperation& operation : operations) {
+        EXPECT_EQ(operation.colour, (Colour{255, 0, 0}));
+        EXPECT_EQ(operation.state.drawStyle, kDashedLine);
+        EXPECT_EQ(operation.state.drawWidth, 4);
+    }
+}
+
+TEST_F(NetLook, TextsOnTheNetHaveTheGeneralFontAndItsColour) {
+    NewPlot();
+    gPlotFonts[kGeneralFont].font.points = 13;
+    gPlotFonts[kGeneralFont].colour = 0xff;
+    SetPlotDrawMode();
+    const DrawState& state = Form(gActivePlot).Plot().State();
+    EXPECT_EQ(state.font.points, 13);
+    EXPECT_EQ(state.foreColour, (Colour{255, 0, 0}));
 }
 
 } // namespace

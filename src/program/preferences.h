@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+//
+// The preferences: a working copy of the settings that the user changes in one go, and how it takes
+// hold.
+//
+// The copy is the caller's. Nothing changes until ApplyPreferences: a copy that is dropped leaves
+// no trace.
+
+#pragma once
+
+#include "core/settings.h"
+#include "core/style_tables.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quandrel {
+
+struct Preferences {
+    std::array<std::uint32_t, kColourCount> colours{}; ///< gColourTable
+    std::array<SymbolRow, kSymbolRowCount> symbols{};  ///< gSymbolTable
+    std::array<AxisStyle, 5> axes{};                   ///< gAxisStyleTable
+    std::array<AxisStyle, kContourStyles> contours{};  ///< gContourStyleTable
+    std::array<PlotFont, 10> fonts{};                  ///< gPlotFonts, by PlotFontPlace
+    std::uint32_t plotBackColour = kStartBackColour;   ///< red in the low byte
+    std::uint32_t plotAxesColour = kStartAxesColour;
+    std::int16_t plotAxesStyle = 0;
+    bool showNorth = false;
+    std::int16_t roseAxesStyle = 0;
+    bool roseOuterCircle = true;
+    bool showCompassPoints = false;
+    std::int16_t plotWidthPercent = 50; ///< of the main window's width
+    float plotAspect = 0.75F;           ///< height over width
+    bool plotWinLast = false;
+    std::int16_t maxPlots = kStartMaxPlots; ///< of the next run
+    std::string filesDirectory;             ///< empty: the folder of the last file
+    std::string pitchName = "pitch";
+    bool convertDecimals = false;
+    bool saveNonDataLines = false;
+    std::int16_t showIsolatedPts = 0;
+};
+
+/// The preferences in force. Their number of plots is that of the store: the running session keeps
+/// what it began with.
+[[nodiscard]] Preferences CurrentPreferences();
+
+/// Those of a first run.
+[[nodiscard]] Preferences DefaultPreferences();
+
+/// The first of the names that a pitch can have when the text is neither.
+[[nodiscard]] std::string PitchNameOf(std::string_view text);
+
+/// A text of a number of plots: whole, 1 to kMostPlots; nothing readable gives `otherwise`.
+[[nodiscard]] std::int16_t MaxPlotsOf(std::string_view text, std::int16_t otherwise);
+
+enum class KeepSettings { No, Yes };
+
+/// Lets the preferences take hold: copies them into the globals, asks about another number of plots
+/// and saves it at once when the user agrees, saves the settings when asked to, and draws all open
+/// plots anew (RedrawStyles).
+///
+/// The width and the aspect of new windows are brought into their ranges (PlotWidthOf,
+/// PlotAspectOf). The number of plots of the running session stays. A store that cannot be written
+/// is told of.
+void ApplyPreferences(const Preferences& preferences, KeepSettings keep);
+
+/// Another look for the length of a block, for samples.
+class PreviewPreferences {
+public:
+    explicit PreviewPreferences(const Preferences& preferences);
+    ~PreviewPreferences();
+    PreviewPreferences(const PreviewPreferences&) = delete;
+    PreviewPreferences& operator=(const PreviewPreferences&) = delete;
+
+private:
+    Preferences former_;
+};
+
+} // namespace quandrel
