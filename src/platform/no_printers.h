@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A machine without printers.
+// A machine without printers, and without files to print to.
 
 #pragma once
 
@@ -13,6 +13,17 @@ public:
     [[nodiscard]] std::vector<std::string> Printers() const override { return {}; }
 
     [[nodiscard]] std::string DefaultPrinter() const override { return {}; }
+
+    [[nodiscard]] PrinterChoice Chosen() const override { return {}; }
+
+    [[nodiscard]] Sheet Paper() const override { return {}; }
+
+    bool SetUp() override { return false; }
+
+    [[nodiscard]] std::unique_ptr<PrintedPage> StartPage(const std::string&,
+                                                         const std::string&) override {
+        return nullptr;
+    }
 };
 
 } // namespace quandrel

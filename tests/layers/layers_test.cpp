@@ -48,9 +48,10 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"rose", above(onDensity, {"classify"})},
         {"edit", onAll},
         {"program", above(onAll, {"edit"})},
+        {"print", engine},
         {"platform/qt", engine},
-        {"batch", above(engine, {"platform/qt"})},
-        {"shell", above(engine, {"platform/qt"})},
+        {"batch", above(engine, {"print", "platform/qt"})},
+        {"shell", above(engine, {"print", "platform/qt"})},
     };
     return allowed;
 }

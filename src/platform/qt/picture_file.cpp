@@ -71,16 +71,6 @@ bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
     return painter.end();
 }
 
-/// Blanks out the time at which a PDF was made. Blanks keep the places of all else, which the file
-/// lists.
-void ForgetTime(QByteArray& pdf) {
-    const qsizetype start = pdf.indexOf("/CreationDate (D:");
-    const qsizetype end = start < 0 ? -1 : pdf.indexOf(')', start);
-    for (qsizetype i = start; i >= 0 && i <= end; ++i) {
-        pdf[i] = ' ';
-    }
-}
-
 bool EncodePdf(QBuffer& buffer, const Picture& picture) {
     const QSizeF size(picture.size.width, picture.size.height);
     QPdfWriter writer(&buffer);
@@ -118,6 +108,14 @@ bool IsSensible(const PictureSize& size) {
 }
 
 } // namespace
+
+void ForgetTime(QByteArray& pdf) {
+    const qsizetype start = pdf.indexOf("/CreationDate (D:");
+    const qsizetype end = start < 0 ? -1 : pdf.indexOf(')', start);
+    for (qsizetype i = start; i >= 0 && i <= end; ++i) {
+        pdf[i] = ' ';
+    }
+}
 
 std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
                         const DrawPictureOn& draw) {

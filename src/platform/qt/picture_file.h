@@ -6,6 +6,7 @@
 
 #include "platform/qt/painter_surface.h"
 
+#include <QByteArray>
 #include <QPainter>
 #include <QSizeF>
 
@@ -26,6 +27,10 @@ struct PictureSize {
 /// @param painter  a white page of the size
 /// @param factor   painter units in a logical pixel
 using DrawPictureOn = std::function<void(QPainter& painter, double factor, Medium medium)>;
+
+/// Blanks out the time at which a PDF was made, so that the same drawing gives the same bytes.
+/// Blanks keep the places of all else, which the file lists.
+void ForgetTime(QByteArray& pdf);
 
 /// Draws into a file whose ending, in any case, says what it is: .png, .svg, .pdf. A page of a PDF
 /// is as large as the picture. The file is written whole or not at all; what stood there stays

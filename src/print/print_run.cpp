@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+
+#include "print/print_run.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "platform/platform.h"
+#include "platform/recording_surface.h"
+#include "print/print_texts.h"
+#include "print/printer_fonts.h"
+#include "program/start.h"
+#include "stereo/plot_driver.h"
+
+#include <new>
+#include <optional>
+
+namespace quandrel {
+
+int gPrinting = 0;
+
+namespace {
+
+constexpr const char* kFailureText =
+    "There has been an unknown problem printing these plots to your printer.";
+constexpr const char* kNoPrinterText =
+    "The Print Page setup window is not available until a Default Printer is setup in the Windows "
+    "Control Panel.";
+constexpr const char* kNoDefaultText =
+    "Can't detect a default printer.\nYou will need to choose Printer Setup.. from the Files Menu "
+    "before you can print any data.";
+
+/// What has less room than this is left out, millimetres.
+constexpr double kLeastRoom = 8;
+
+/// Pixels each way of a legend that nobody sees.
+constexpr double kUnseenSide = 8;
+
+/// The grid of a plot that is drawn while the slider shows that of another.
+class GridInWork {
+public:
+    explicit GridInWork(int gridSize)
+        : former_(gGridDensitySlider) {
+        if (gridSize > 0) {
+            gGridDensitySlider = gridSize;
+        }
+    }
+
+    ~GridInWork() { gGridDensitySlider = former_; }
+
+    GridInWork(const GridInWork&) = delete;
+    GridInWork& operator=(const GridInWork&) = delete;
+
+private:
+    int former_;
+};
+
+/// A file to print to; nothing when the user names none.
+std::optional<std::string> AskForFile(const std::vector<PlotOnPage>& items) {
+    PathQuestion question;
+    question.title = "Print to a PDF file";
+    question.folder = gLastUsedPath;
+    question.filter = "PDF files (*.pdf)|*.pdf";
+    const std::string& title = RecordOf(items.front().slot).FileTitle;
+    question.fileName = (title.empty() ? "plots" : title.substr(0, title.rfind('.'))) + ".pdf";
+    return gPlatform.prompts->AskSavePath(question);
+}
+
+bool AreAllOpen(const std::vector<PlotOnPage>& items) {
+    for (const PlotOnPage& item : items) {
+        if (!IsOpenSlot(item.slot)) {
+            return false;
+        }
+    }
+    return !items.empty();
+}
+
+/// Draws the active plot without legend and texts.
+void DrawNetAlone(Surface& net) {
+    RecordingSurface unseen(kUnseenSide, kUnseenSide);
+    DrawActivePlotOn(net, unseen);
+}
+
+/// Draws the active plot with what stands about it.
+void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room) {
+    Surface& texts = page.SurfaceIn(room);
+    texts.SetUserScale({0, 0, room.width, -room.height});
+    const TextPlan plan = PlanTexts(texts, room.width, room.height);
+    if (plan.legend.height > 0) {
+        gPlotFonts[kLegendFont].font.points *= plan.fontScale;
+        DrawActivePlotOn(net,
+                         page.SurfaceIn({room.left + plan.legend.left, room.top + plan.legend.top,
+                                         plan.legend.width, plan.legend.height}));
+    } else {
+        DrawNetAlone(net);
+    }
+    DrawPlannedTexts(texts, plan);
+}
+
+} // namespace
+
+void GetPagePrintArea(double& width, double& height, double& margin) {
+    const Sheet paper = gPlatform.printers->Paper();
+    width = paper.width;
+    height = paper.height;
+    margin = paper.margin;
+}
+
+bool PrinterSetup() {
+    if (gPlatform.printers == nullptr) {
+        return false;
+    }
+    const bool isTaken = gPlatform.printers->SetUp();
+    gPrinters = gPlatform.printers->Printers();
+    return isTaken;
+}
+
+bool CanPrint() {
+    const PrinterPort* printers = gPlatform.printers;
+    if (printers == nullptr || (printers->Printers().empty() && printers->Chosen().name.empty())) {
+        Tell(kNoPrinterText);
+        return false;
+    }
+    if (printers->Chosen().name.empty()) {
+        Tell(kNoDefaultText);
+    }
+    return true;
+}
+
+std::string PrinterText(const PrinterChoice& printer) {
+    return printer.port.empty() ? printer.name : printer.name + " on " + printer.port;
+}
+
+std::string PaperText(const Sheet& paper) {
+    return paper.IsLandscape() ? "Landscape" : "Portrait";
+}
+
+PrintRun::PrintRun(const std::vector<PlotOnPage>& items)
+    : items_(items) {
+    gPrinting = 1;
+    if (gPlatform.printers == nullptr || !AreAllOpen(items_)) {
+        GiveUp(PrintOutcome::Failed);
+        return;
+    }
+    std::optional<std::string> path = std::string();
+    if (gPlatform.printers->Chosen().isFile) {
+        path = AskForFile(items_);
+    }
+    if (!path) {
+        GiveUp(PrintOutcome::Cancelled);
+        return;
+    }
+    page_ = gPlatform.printers->StartPage(RecordOf(items_.front().slot).PlotTitle, *path);
+    if (page_ == nullptr) {
+        GiveUp(PrintOutcome::Failed);
+    }
+}
+
+PrintRun::~PrintRun() {
+    gPrinting = 0;
+}
+
+bool PrintRun::HasMore() const {
+    return next_ < items_.size();
+}
+
+void PrintRun::PrintNext() {
+    if (!HasMore()) {
+        return;
+    }
+    const PlotOnPage& item = items_[next_++];
+    if (!IsOpenSlot(item.slot)) {
+        GiveUp(PrintOutcome::Failed);
+        return;
+    }
+    try {
+        DrawItem(item);
+    } catch (const std::bad_alloc&) {
+        GiveUp(PrintOutcome::Failed);
+    }
+}
+
+void PrintRun::DrawItem(const PlotOnPage& item) {
+    const PlotInWork work(item.slot);
+    const GridInWork grid(ActiveRecord().GridSize);
+    const PrinterFonts fonts;
+    // The whole of the square is the net's scale: 1000 units are the radius, 100 are about it.
+    Surface& net = page_->SurfaceIn(NetSquare(item));
+    if (item.texts.width < kLeastRoom || item.texts.height < kLeastRoom) {
+        DrawNetAlone(net);
+    } else {
+        DrawWithTexts(net, *page_, item.texts);
+    }
+}
+
+void PrintRun::GiveUp(PrintOutcome outcome) {
+    outcome_ = outcome;
+    next_ = items_.size();
+    page_.reset();
+}
+
+void PrintRun::Stop() {
+    GiveUp(PrintOutcome::Stopped);
+}
+
+PrintOutcome PrintRun::Finish() {
+    if (outcome_ == PrintOutcome::Printed && (page_ == nullptr || !page_->Send())) {
+        outcome_ = PrintOutcome::Failed;
+    }
+    page_.reset();
+    gPrinting = 0;
+    if (outcome_ == PrintOutcome::Failed) {
+        Tell(kFailureText);
+    }
+    gPlatform.status->SetText(kPrintAnotherText);
+    return outcome_;
+}
+
+PrintOutcome PrintSelectedPlots(const std::vector<PlotOnPage>& items) {
+    PrintRun run(items);
+    while (run.HasMore()) {
+        run.PrintNext();
+        if (run.HasMore() && gPlatform.status->CancelRequested()) {
+            run.Stop();
+        }
+    }
+    return run.Finish();
+}
+
+} // namespace quandrel

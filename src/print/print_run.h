@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+//
+// Printing: plots of a layout are drawn on a page by the procedures that draw them on the screen.
+
+#pragma once
+
+#include "platform/printer_port.h"
+#include "print/print_layout.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// Non-zero while plots are being printed.
+extern int gPrinting;
+
+inline constexpr const char* kLegendNote =
+    "Note that plot area images shown do NOT include legends, etc.";
+inline constexpr const char* kPrintAnotherText =
+    "Print another selection or <Close> to return to main plot";
+
+/// Width, height and blank rim of the page, in millimetres, the unit of all printers.
+void GetPagePrintArea(double& width, double& height, double& margin);
+
+/// Shows the platform's printer dialog and lists the printers in gPrinters. False on Cancel.
+bool PrinterSetup();
+
+/// Whether plots can be printed: there is a printer, or a file to print to. Tells the user when
+/// there is nothing, and when none of the printers is the default one: a printer then has to be
+/// chosen first.
+[[nodiscard]] bool CanPrint();
+
+/// The printer's name, " on ", its port; without a port the name alone.
+[[nodiscard]] std::string PrinterText(const PrinterChoice& printer);
+
+/// "Portrait" or "Landscape".
+[[nodiscard]] std::string PaperText(const Sheet& paper);
+
+enum class PrintOutcome {
+    Printed,
+    Stopped,   ///< by the user; nothing is printed
+    Cancelled, ///< the user named no file
+    Failed,    ///< and the user has been told; nothing is printed
+};
+
+/// A page that is drawn plot by plot, so that whoever drives it can stop it in between. Whatever
+/// happens, gPrinting, gActivePlot, the fonts and the state of the screen's plots are as before
+/// when it is gone.
+class PrintRun {
+public:
+    /// Asks for a path when the page goes to a file, and takes a page.
+    explicit PrintRun(const std::vector<PlotOnPage>& items);
+    ~PrintRun();
+    PrintRun(const PrintRun&) = delete;
+    PrintRun& operator=(const PrintRun&) = delete;
+
+    /// True while there are plots to draw.
+    [[nodiscard]] bool HasMore() const;
+
+    /// Draws the next plot.
+    void PrintNext();
+
+    /// Draws no more, and drops the page.
+    void Stop();
+
+    /// Ends the document; tells a failure. Called once, when there are no more plots.
+    PrintOutcome Finish();
+
+private:
+    void DrawItem(const PlotOnPage& item);
+    void GiveUp(PrintOutcome outcome);
+
+    std::vector<PlotOnPage> items_;
+    std::unique_ptr<PrintedPage> page_;
+    std::size_t next_ = 0;
+    PrintOutcome outcome_ = PrintOutcome::Printed;
+};
+
+/// Prints plots on one page. Esc is heard between them.
+PrintOutcome PrintSelectedPlots(const std::vector<PlotOnPage>& items);
+
+} // namespace quandrel

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+
+#include "print/print_texts.h"
+
+#include "core/plot_store.h"
+#include "stereo/legend.h"
+#include "stereo/plot_driver.h"
+#include "stereo/text_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <sstream>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kSmallestScale = 0.5;
+constexpr double kScaleStep = 0.05;
+constexpr int kMostColumns = 4;
+constexpr double kColumnGap = 4;     ///< millimetres, as all rooms on pages are measured
+constexpr double kNarrowColumn = 32; ///< columns of a room with several are at least as wide
+constexpr double kLegendSpacing = 1.15;
+constexpr double kSampleWidth = 2.5; ///< of a legend's samples, in widths of an M
+
+/// A text that is to be placed.
+struct Section {
+    PlotFontPlace font;
+    std::string text;
+};
+
+std::vector<Section> SectionsOfPlot() {
+    const PlotRecord& record = ActiveRecord();
+    const PlotForm& form = FormOf(gActivePlot);
+    std::vector<Section> sections;
+    const auto add = [&](PlotLayer layer, PlotFontPlace font, const std::string& text) {
+        if (record.LayerVisible[layer] != 0 && !text.empty()) {
+            sections.push_back({font, text});
+        }
+    };
+    add(kFabricLayer, kFabricFont, record.FabricText);
+    add(kDescriptionLayer, kGeneralFont, record.DescriptionText);
+    add(kStatisticsLayer, kStatsFont,
+        form.BoxText(record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal));
+    if (record.LayerVisible[kStatisticsLayer] == 0) {
+        // The statistics begin with the number of data.
+        add(kNumberLayer, kGeneralFont, "n = " + NumberBoxText());
+    }
+    return sections;
+}
+
+void UseFont(Surface& surface, PlotFontPlace font, double scale) {
+    DrawState state;
+    state.font = gPlotFonts[font].font;
+    state.font.points *= scale;
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(gPlotFonts[font].colour));
+    surface.SetState(state);
+}
+
+/// Fills the columns of a room from the top down.
+class ColumnFiller {
+public:
+    ColumnFiller(Surface& surface, double height, double columnWidth, int columns, double scale)
+        : surface_(surface)
+        , height_(height)
+        , columnWidth_(columnWidth)
+        , columns_(columns) {
+        plan_.fontScale = scale;
+    }
+
+    void AddLegend(const std::vector<LegendLine>& lines) {
+        UseFont(surface_, kLegendFont, plan_.fontScale);
+        const double indent = kSampleWidth * surface_.TextWidth("M");
+        for (const LegendLine& line : lines) {
+            const double left = line.sample == LegendSample::None ? 0 : indent;
+            isWhole_ = isWhole_ && left + surface_.TextWidth(line.text) <= columnWidth_;
+        }
+        const double lineHeight = kLegendSpacing * surface_.TextHeight();
+        // A hair more, so that rounding does not cost the last line.
+        const double wanted = (static_cast<double>(lines.size()) + 0.01) * lineHeight;
+        isWhole_ = isWhole_ && wanted <= height_;
+        plan_.legend = {0, 0, columnWidth_, std::min(wanted, height_)};
+        top_ = plan_.legend.height + 0.5 * lineHeight;
+    }
+
+    void AddSection(const Section& section) {
+        UseFont(surface_, section.font, plan_.fontScale);
+        const double lineHeight = surface_.TextHeight();
+        std::vector<std::vector<std::string>> paragraphs;
+        std::size_t lines = 0;
+        std::istringstream stream(section.text);
+        for (std::string paragraph; std::getline(stream, paragraph);) {
+            paragraphs.push_back(WrappedLines(surface_, paragraph, columnWidth_));
+            lines += paragraphs.back().size();
+        }
+        KeepTogether(lines, lineHeight);
+        for (const std::vector<std::string>& paragraph : paragraphs) {
+            KeepTogether(paragraph.size(), lineHeight);
+            for (const std::string& line : paragraph) {
+                AddLine(section.font, line, lineHeight);
+            }
+        }
+        top_ += 0.5 * lineHeight;
+    }
+
+    /// True when everything has found its place.
+    [[nodiscard]] bool IsWhole() const { return isWhole_; }
+
+    [[nodiscard]] const TextPlan& Plan() const { return plan_; }
+
+private:
+    void NextColumn() {
+        ++column_;
+        top_ = 0;
+    }
+
+    /// Lines that would part here, and need not in the next column, go there.
+    void KeepTogether(std::size_t lines, double lineHeight) {
+        const double wanted = static_cast<double>(lines) * lineHeight;
+        if (top_ > 0 && top_ + wanted > height_ && wanted <= height_ && column_ + 1 < columns_) {
+            NextColumn();
+        }
+    }
+
+    void AddLine(PlotFontPlace font, const std::string& line, double lineHeight) {
+        if (top_ + lineHeight > height_ && column_ + 1 < columns_) {
+            NextColumn();
+        }
+        if (top_ == 0 && column_ > 0 && line.find_first_not_of(" \t") == std::string::npos) {
+            return; // a gap has no use at the head of a column
+        }
+        if (isCut_ || top_ + lineHeight > height_) {
+            Cut();
+            return;
+        }
+        isWhole_ = isWhole_ && TabbedWidth(surface_, line) <= columnWidth_;
+        const double left = column_ * (columnWidth_ + kColumnGap);
+        plan_.texts.push_back({{left, top_, columnWidth_, lineHeight}, font, line});
+        top_ += lineHeight;
+    }
+
+    void Cut() {
+        if (!isCut_ && !plan_.texts.empty()) {
+            plan_.texts.back().text = "...";
+        }
+        isCut_ = true;
+        isWhole_ = false;
+    }
+
+    Surface& surface_;
+    double height_;
+    double columnWidth_;
+    int columns_;
+    int column_ = 0;
+    double top_ = 0;
+    bool isWhole_ = true;
+    bool isCut_ = false;
+    TextPlan plan_;
+};
+
+} // namespace
+
+TextPlan PlanTexts(Surface& surface, double width, double height) {
+    const std::vector<LegendLine> legend =
+        ActiveRecord().LayerVisible[kLegendLayer] != 0 ? LegendLines() : std::vector<LegendLine>();
+    const std::vector<Section> sections = SectionsOfPlot();
+    std::optional<TextPlan> plan;
+    const int steps = static_cast<int>(std::lround((1 - kSmallestScale) / kScaleStep));
+    for (int step = 0; step <= steps; ++step) {
+        for (int columns = 1; columns <= kMostColumns; ++columns) {
+            const double columnWidth = (width - kColumnGap * (columns - 1)) / columns;
+            if (columns > 1 && columnWidth < kNarrowColumn) {
+                break;
+            }
+            ColumnFiller filler(surface, height, columnWidth, columns, 1 - kScaleStep * step);
+            if (!legend.empty()) {
+                filler.AddLegend(legend);
+            }
+            for (const Section& section : sections) {
+                filler.AddSection(section);
+            }
+            plan = filler.Plan();
+            if (filler.IsWhole()) {
+                return *plan;
+            }
+        }
+    }
+    return plan.value_or(TextPlan{});
+}
+
+void DrawPlannedTexts(Surface& surface, const TextPlan& plan) {
+    for (const PlacedText& placed : plan.texts) {
+        UseFont(surface, placed.font, plan.fontScale);
+        DrawTabbedLine(surface, {placed.where.left, -placed.where.top}, placed.text);
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+//
+// The print layout dialog: plots are placed on a page at the size that they are to have on paper,
+// and printed.
+//
+// The plot that cboPlotName names is the one whose size and place the boxes and sliders show, if it
+// is on the page. Sliders count tenths of a millimetre. Centre boxes: 0 from the left, 1 from the
+// top. optScale, cmdSelect, cmdOK: 0 and 1 as their captions tell.
+
+#pragma once
+
+#include "print/print_layout.h"
+#include "print/print_run.h"
+
+#include <QDialog>
+#include <QPoint>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QComboBox;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QSlider;
+
+namespace quandrel {
+
+class frmPrintDialog : public QDialog {
+public:
+    /// Begins with the active plot, fitted to the page.
+    explicit frmPrintDialog(QWidget* parent);
+    ~frmPrintDialog() override;
+
+    frmPrintDialog(const frmPrintDialog&) = delete;
+    frmPrintDialog& operator=(const frmPrintDialog&) = delete;
+
+    /// What will be printed.
+    [[nodiscard]] const PrintLayout& Layout() const { return layout_; }
+
+    /// True while plots are being printed.
+    [[nodiscard]] bool IsPrinting() const { return run_ != nullptr; }
+
+    void reject() override;
+
+    QGroupBox* frmSelection = nullptr;
+    QComboBox* cboPlotName = nullptr;
+    std::array<QPushButton*, 2> cmdSelect{};
+    QWidget* picPage = nullptr;
+    std::vector<QLabel*> picPlotCircle; ///< by the place in the layout; those beyond are hidden
+    std::vector<QLabel*> PlotNo;
+    std::vector<QFrame*> shpLegend;
+    QGroupBox* frmScaleBox = nullptr;
+    std::array<QRadioButton*, 2> optScale{};
+    QLineEdit* txtScale = nullptr;
+    QSlider* sldScale = nullptr;
+    QComboBox* cboScaleUnits = nullptr;
+    std::array<QLineEdit*, 2> txtCentre{};
+    std::array<QSlider*, 2> SldCentre{};
+    std::array<QLabel*, 2> lblXY{};
+    QLabel* lblCentre = nullptr;
+    QGroupBox* fraDestination = nullptr;
+    QLabel* lblDefaultPrinter = nullptr;
+    QLabel* lblPrinterName = nullptr;
+    QLabel* lblOrientation = nullptr;
+    QPushButton* cmdPrinterSetup = nullptr;
+    std::array<QPushButton*, 2> cmdOK{};
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void MakeControls();
+    [[nodiscard]] QWidget* MakePage();
+    void MakeSelection();
+    void MakeScale();
+    void MakeDestination();
+    [[nodiscard]] QWidget* MakeButtons();
+    void SetOrder();
+    void Connect();
+
+    void ListPlots();
+    void ShowAll();
+    void ShowPage();
+    void ShowBoxes();
+    void ShowSliders();
+    void ShowDestination();
+    void EnableControls();
+    void AddPageMarks();
+    void ShowMark(std::size_t index, double scale);
+
+    [[nodiscard]] std::optional<std::size_t> Current() const;
+    void SetCurrent(std::size_t index);
+    void Select();
+    void Remove();
+    void TakeScaleBox();
+    void TakeCentreBox(std::size_t box);
+    void MoveByMouse(std::size_t index, QPoint position);
+    [[nodiscard]] bool TakeMouse(std::size_t index, QEvent& event);
+    void ChoosePrinter();
+    void PrintOrStop();
+    void PrintOn();
+    void EndRun();
+
+    PrintLayout layout_;
+    std::unique_ptr<PrintRun> run_;
+    QPoint grip_; ///< from the corner of the circle that is dragged
+};
+
+/// Shows the dialog, if there is an active plot and anything to print on.
+void ShowPrintDialog(QWidget* parent);
+
+} // namespace quandrel
