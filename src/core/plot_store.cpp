@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/messages.h"
+#include "core/row_links.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -258,6 +259,9 @@ int FindFreePlotSlot() {
 }
 
 void ReleasePlotSlot(int slot) {
+    if (gRowFollower.closed) {
+        gRowFollower.closed(slot);
+    }
     SetNewFVariables(slot);
     RecordOf(slot).PlotAnnotations.reset();
     RecordOf(slot).PlotSmallCircles.reset();

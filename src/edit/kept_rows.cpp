@@ -3,6 +3,7 @@
 #include "edit/kept_rows.h"
 
 #include "core/plot_store.h"
+#include "core/row_links.h"
 #include "derive/derived_plots.h"
 #include "orientation/angles.h"
 #include "stereo/row_positions.h"
@@ -263,6 +264,7 @@ KeptRows KeepRows(int slot) {
         kept.texts.emplace_back(gAppText(slot, row));
     }
     kept.errorLines = gErrorLines[static_cast<std::size_t>(slot)];
+    kept.links = gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
     return kept;
 }
 
@@ -315,6 +317,9 @@ void PutRowsBack(int slot, const KeptRows& rows) {
     }
     gErrorLines[static_cast<std::size_t>(slot)] = rows.errorLines;
     TakeSettings(record, rows.settings);
+    if (gRowFollower.putBack) {
+        gRowFollower.putBack(slot, rows.links);
+    }
     RebuildRowTable(slot);
 }
 

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -53,6 +54,7 @@ struct KeptRows {
     std::vector<float> numbers;
     std::vector<std::string> texts;
     std::unordered_map<std::int32_t, std::string> errorLines;
+    std::shared_ptr<const void> links; ///< what gRowFollower knew of them
 };
 
 /// The rows of a plot as they stand. Throws std::bad_alloc. O(rows).

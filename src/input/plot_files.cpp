@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/row_links.h"
 
 #include <algorithm>
 
@@ -99,6 +100,9 @@ void RemoveLastOverlay(int slot) {
     }
     ResizeRowTable(TableOf(slot), static_cast<std::size_t>(record.NumLoadedData));
     DropErrorLines(slot, record.NumLoadedData);
+    if (gRowFollower.cut) {
+        gRowFollower.cut(slot, record.NumLoadedData);
+    }
     record.Modified = kTrue;
 }
 

@@ -32,10 +32,12 @@ const std::map<std::string, Folders>& AllowedIncludes() {
     static const Folders onDensity = above(onStereo, {"density"});
     static const Folders onAll =
         above(onPersistence, {"rotation", "derive", "statistics", "density", "classify", "rose"});
-    static const Folders engine = above(onAll, {"edit", "program"});
+    static const Folders engine = above(onAll, {"edit", "mapinfo", "program"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"orientation", {}},
+        {"mapsession", {"platform"}},
+        {"mapsession/gdal", {"mapsession"}},
         {"core", ground},
         {"stereo", onCore},
         {"input", onStereo},
@@ -47,11 +49,12 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"classify", onDensity},
         {"rose", above(onDensity, {"classify"})},
         {"edit", onAll},
-        {"program", above(onAll, {"edit"})},
+        {"mapinfo", above(onAll, {"edit"})},
+        {"program", above(onAll, {"edit", "mapinfo"})},
         {"print", engine},
         {"platform/qt", engine},
         {"batch", above(engine, {"print", "platform/qt"})},
-        {"shell", above(engine, {"print", "platform/qt"})},
+        {"shell", above(engine, {"print", "platform/qt", "mapsession"})},
     };
     return allowed;
 }

@@ -1,0 +1,341 @@
+// SPDX-License-Identifier: MIT
+
+#include "mapinfo/map_link.h"
+
+#include "core/messages.h"
+#include "core/settings.h"
+#include "mapinfo/geo_link.h"
+#include "mapinfo/map_commands.h"
+#include "mapinfo/map_windows.h"
+#include "mapinfo/selection_link.h"
+#include "orientation/number_text.h"
+#include "platform/platform.h"
+
+#include <cmath>
+#include <utility>
+
+namespace quandrel {
+
+std::unique_ptr<MapInfoLink> gMapInfo;
+std::vector<std::string> gMITables = {""};
+
+namespace {
+
+/// Whole numbers beyond this are no longer exact.
+constexpr double kMostWhole = 9007199254740992.0;
+
+constexpr const char* kCustomTools =
+    "Create ButtonPad \"Custom Tools\" As "
+    "ToolButton ID 2001 DrawMode 34 Calling OLE \"HandleToolButton\" "
+    "ToolButton ID 2002 DrawMode 32 Calling OLE \"HandleToolButton\"";
+
+constexpr const char* kShortcutMenu = "Create Menu \"MapperShortcut\" ID 17 As "
+                                      "\"Selector\" Calling 1701, "
+                                      "\"Marquee Select\" Calling 1722, "
+                                      "\"Zoom-in\" Calling 1705, "
+                                      "\"Zoom-out\" Calling 1706, "
+                                      "\"Grabber\" Calling 1702, "
+                                      "\"Find Selection\" Calling 306, "
+                                      "\"Layer Control...\" Calling 801 ";
+
+/// The action in work.
+struct ActionState {
+    int depth = 0;
+    bool refreshes = false; ///< captions and menus at its end
+    std::string lastWords;  ///< what is told once the link of a dead session has gone
+    int callbacks = 0;      ///< of the session that have not returned
+};
+
+ActionState gAction;
+
+/// A session that has ended while it was calling. It goes once it cannot be at work any more.
+std::unique_ptr<MapSession> gEndedSession;
+
+void DropSession(std::unique_ptr<MapSession> session) {
+    if (session == nullptr) {
+        return;
+    }
+    session->SetCallback(nullptr);
+    if (gAction.callbacks > 0) {
+        gEndedSession = std::move(session);
+    }
+}
+
+/// Takes the link and its window away.
+void DropLink() {
+    std::unique_ptr<MapInfoLink> link = std::exchange(gMapInfo, nullptr);
+    gMITables = {""};
+    ForgetMapSelection();
+    gAction.refreshes = false;
+    if (link == nullptr) {
+        return;
+    }
+    link->LinkType = kLinkClosed;
+    if (link->window != nullptr) {
+        link->window->Close();
+        link->window.reset();
+    }
+    DropSession(std::move(link->MILink));
+    if (gMapLinkPort.showToolbar) {
+        gMapLinkPort.showToolbar(false);
+    }
+}
+
+/// The end of the last action: what has to wait for it.
+void EndAction() {
+    if (gMapInfo != nullptr && gMapInfo->LinkType == kLinkOpen
+        && std::exchange(gAction.refreshes, false)) {
+        CheckMICaptions();
+        UpdateMIMenus();
+    }
+    if (gMapInfo == nullptr || gMapInfo->LinkType == kLinkOpen) {
+        return;
+    }
+    const bool hasDied = gMapInfo->LinkType == kLinkDead;
+    std::string lastWords = std::exchange(gAction.lastWords, {});
+    if (hasDied && lastWords.empty()) {
+        lastWords = kLinkAbandoned;
+    }
+    DropLink();
+    if (hasDied) {
+        RemoveAllGeoLinks();
+    }
+    if (!lastWords.empty()) {
+        Tell(lastWords);
+    }
+}
+
+/// Notes how a call ended. True when it was done.
+[[nodiscard]] bool TakeReply(const MapReply& reply) {
+    if (reply.kind == MapReplyKind::Dead && gMapInfo != nullptr
+        && gMapInfo->LinkType == kLinkOpen) {
+        gMapInfo->LinkType = kLinkDead;
+    }
+    return reply.IsDone() && IsMapInfoLinked();
+}
+
+void TellOfNoSession(const char* reason) {
+    (void)gPlatform.prompts->Ask({"MapInfo Linking...",
+                                  std::string(reason) + "\nThe link will have to be abandoned.",
+                                  Icon::Stop, Buttons::Ok});
+}
+
+std::uint64_t MainWindowHandle() {
+    return gMapLinkPort.mainWindow ? gMapLinkPort.mainWindow() : 0;
+}
+
+/// Gives the session its place, the custom tools and the shortcut menu.
+void SetUpSession() {
+    if (!MIDo("Set Application Window " + std::to_string(MainWindowHandle())) || !MIDo(kCustomTools)
+        || !MIDo(kShortcutMenu)) {
+        TellInMapAction(kCommandFailed);
+    }
+}
+
+[[nodiscard]] bool OpenLinkWindow() {
+    if (gMapLinkPort.openLinkWindow) {
+        gMapInfo->window = gMapLinkPort.openLinkWindow(MainWindowHandle());
+    }
+    return gMapInfo->window != nullptr;
+}
+
+void GreetUser() {
+    SetMIStatus(gMITables.size() > 1
+                    ? "Either use 'Window_Open New Mapper/Browser' or 'File_Open' menu to select a "
+                      "MapInfo Table for linking"
+                    : "Use 'File_Open' to select a MapInfo Table for linking");
+    if (gMIToolbarShow && gMapLinkPort.showToolbar) {
+        gMapLinkPort.showToolbar(true);
+    }
+}
+
+/// An action is at work within one of these.
+class ActionInWork {
+public:
+    ActionInWork() { ++gAction.depth; }
+
+    ~ActionInWork() { --gAction.depth; }
+
+    ActionInWork(const ActionInWork&) = delete;
+    ActionInWork& operator=(const ActionInWork&) = delete;
+};
+
+/// What the session calls is answered within one of these.
+class CallbackInWork {
+public:
+    CallbackInWork() { ++gAction.callbacks; }
+
+    ~CallbackInWork() { --gAction.callbacks; }
+
+    CallbackInWork(const CallbackInWork&) = delete;
+    CallbackInWork& operator=(const CallbackInWork&) = delete;
+};
+
+} // namespace
+
+MapInfoLink::MapInfoLink(std::unique_ptr<MapSession> session)
+    : MILink(std::move(session)) {}
+
+void MapInfoLink::TakeCallbacks() {
+    MILink->SetCallback(this);
+}
+
+void MapInfoLink::HandleToolButton(const std::string& message) {
+    const CallbackInWork work;
+    if (!IsInMapAction()) {
+        quandrel::HandleToolButton(message);
+    }
+}
+
+void MapInfoLink::SetStatusText(const std::string& text) {
+    const CallbackInWork work;
+    SetMIStatus(text);
+}
+
+void MapInfoLink::WindowContentsChanged(std::int64_t /*windowId*/) {
+    const CallbackInWork work;
+    RefreshAfterMapAction();
+    InMapAction([] {});
+}
+
+void MapInfoLink::SessionEnded() {
+    const CallbackInWork work;
+    if (LinkType == kLinkOpen) {
+        LinkType = kLinkDead;
+    }
+    if (!IsInMapAction()) {
+        EndAction(); // this link goes; nothing of it is touched behind
+    }
+}
+
+bool StartMapInfoLink() {
+    if (gMapInfo != nullptr) {
+        Tell("You already are linked to a MapInfo session");
+        return false;
+    }
+    CloseMapInfoLink(); // what is left of a former one
+    gMapInfo = OpenMapInfoSession();
+    if (gMapInfo == nullptr) {
+        return false;
+    }
+    InMapAction([] {
+        SetUpSession();
+        gMapInfo->TakeCallbacks();
+        if (!IsMapInfoLinked()) {
+            return;
+        }
+        if (!OpenLinkWindow()) {
+            gMapInfo->LinkType = kLinkClosed;
+            TellInMapAction(std::string("An error has occurred trying to open a new MapInfo "
+                                        "Window.\n")
+                            + kLinkAbandoned + "\nThe new window will not be opened.");
+            return;
+        }
+        if (!RefreshMITables()) {
+            TellInMapAction(kCommandFailed);
+        }
+        GreetUser();
+        RefreshAfterMapAction();
+    });
+    return gMapInfo != nullptr;
+}
+
+std::unique_ptr<MapInfoLink> OpenMapInfoSession() {
+    MapSessions* sessions = gMapLinkPort.sessions;
+    std::unique_ptr<MapSession> session;
+    if (sessions != nullptr) {
+        session = sessions->FindRunning();
+        if (session == nullptr) {
+            session = sessions->Start();
+        }
+    }
+    if (session != nullptr) {
+        return std::make_unique<MapInfoLink>(std::move(session));
+    }
+    TellOfNoSession(sessions == nullptr || !sessions->IsRegistered()
+                        ? "Could not find a Registered MapInfo Application"
+                        : "Could not open or link to a MapInfo session.");
+    return nullptr;
+}
+
+void CloseMapInfoLink() {
+    if (IsInMapAction()) {
+        if (gMapInfo != nullptr) {
+            gMapInfo->LinkType = kLinkClosed; // the action ends without it, and then the link
+        }
+        return;
+    }
+    if (gMapInfo != nullptr) {
+        DropLink();
+    }
+    if (gAction.callbacks == 0) {
+        gEndedSession.reset();
+    }
+}
+
+bool IsMapInfoLinked() {
+    return gMapInfo != nullptr && gMapInfo->LinkType == kLinkOpen;
+}
+
+void InMapAction(const std::function<void()>& body) {
+    if (!IsMapInfoLinked()) {
+        return;
+    }
+    if (gAction.depth == 0) {
+        gAction.lastWords.clear();
+    }
+    const ActionInWork work;
+    body();
+    if (gAction.depth == 1) {
+        EndAction();
+    }
+}
+
+bool IsInMapAction() {
+    return gAction.depth > 0;
+}
+
+void TellInMapAction(const std::string& text) {
+    if (IsMapInfoLinked()) {
+        Tell(text);
+    } else if (gAction.lastWords.empty()) {
+        gAction.lastWords = text;
+    }
+}
+
+void RefreshAfterMapAction() {
+    gAction.refreshes = true;
+}
+
+bool MIDo(const std::string& command) {
+    return IsMapInfoLinked() && TakeReply(gMapInfo->MILink->Do(command));
+}
+
+std::optional<std::string> MIEval(const std::string& expression) {
+    if (!IsMapInfoLinked()) {
+        return std::nullopt;
+    }
+    MapReply reply = gMapInfo->MILink->Eval(expression);
+    return TakeReply(reply) ? std::optional(std::move(reply.text)) : std::nullopt;
+}
+
+std::optional<std::int64_t> MIEvalNumber(const std::string& expression) {
+    const std::optional<std::string> text = MIEval(expression);
+    const std::optional<double> number = text ? ReadNumber(*text) : std::nullopt;
+    if (!number || !IsWholeNumber(*number) || std::abs(*number) > kMostWhole) {
+        return std::nullopt;
+    }
+    return static_cast<std::int64_t>(*number);
+}
+
+bool MIRunMenuCommand(int id) {
+    return IsMapInfoLinked() && TakeReply(gMapInfo->MILink->RunMenuCommand(id));
+}
+
+void SetMIStatus(const std::string& text) {
+    if (gMapInfo != nullptr && gMapInfo->window != nullptr) {
+        gMapInfo->window->SetStatusText(text);
+    }
+}
+
+} // namespace quandrel
