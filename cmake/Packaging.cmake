@@ -1,0 +1,104 @@
+# What an installation holds besides the programs, and the packages made of it: a Debian package and
+# a tarball of the sources.
+if(QUANDREL_FUZZ OR NOT QUANDREL_QT)
+    return()
+endif()
+include(GNUInstallDirs)
+
+set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/quandrel)
+
+# The program looks for its help under this name.
+install(DIRECTORY docs/help/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quandrel/Quandrel_Help)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quandrel/examples)
+install(FILES docs/file_formats.md ${packaging}/copyright DESTINATION ${documents})
+
+# Files that a desktop finds the program and its kinds of file by.
+install(FILES ${packaging}/quandrel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${packaging}/quandrel.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+        RENAME org.quandrel.quandrel.metainfo.xml)
+install(FILES ${packaging}/quandrel.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages
+        RENAME quandrel.xml)
+set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES ${packaging}/icons/quandrel.svg DESTINATION ${icons}/scalable/apps)
+foreach(size 16 22 24 32 48 64 128 256)
+    install(FILES ${packaging}/icons/quandrel-${size}.png DESTINATION ${icons}/${size}x${size}/apps
+            RENAME quandrel.png)
+endforeach()
+
+# Manual pages and lists of changes are installed packed, always to the same bytes.
+find_program(QUANDREL_GZIP gzip)
+function(quandrel_install_packed source folder name)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+    if(QUANDREL_GZIP)
+        set(packed ${PROJECT_BINARY_DIR}/packed/${name}.gz)
+        file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/packed)
+        execute_process(COMMAND ${QUANDREL_GZIP} -9nc ${source} OUTPUT_FILE ${packed}
+                        COMMAND_ERROR_IS_FATAL ANY)
+        install(FILES ${packed} DESTINATION ${folder})
+    else()
+        install(FILES ${source} DESTINATION ${folder} RENAME ${name})
+    endif()
+endfunction()
+foreach(page quandrel.1 quandrel-batch.1)
+    quandrel_install_packed(${packaging}/man/${page} ${CMAKE_INSTALL_MANDIR}/man1 ${page})
+endforeach()
+quandrel_install_packed(${packaging}/changelog ${documents} changelog)
+quandrel_install_packed(${PROJECT_SOURCE_DIR}/NEWS.md ${documents} NEWS.md)
+
+set(CPACK_PACKAGE_NAME quandrel)
+set(CPACK_PACKAGE_VENDOR "The Quandrel developers")
+set(CPACK_PACKAGE_CONTACT "The Quandrel developers <quandrel@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "stereonets and rose diagrams for structural geologists")
+set(CPACK_PACKAGE_DESCRIPTION
+"Quandrel reads orientation measurements (planes, lines, polar lines,
+directions) from text files in almost any layout, draws them as stereonets
+and rose diagrams, and works out their statistics: densities and contours,
+fabric statistics, circular statistics, P and T axes of faults, rotation and
+unfolding. Pages are printed at true scale, pictures written as PNG, SVG and
+PDF. The program quandrel-batch does all of it from scripts.")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Drawings of icons come from a plug-in, which the programs' libraries do not tell.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, hicolor-icon-theme")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
+
+set(CPACK_SOURCE_GENERATOR TGZ)
+set(CPACK_SOURCE_PACKAGE_FILE_NAME quandrel-${PROJECT_VERSION})
+set(CPACK_SOURCE_IGNORE_FILES "/build/" "/\\\\.git/" "/\\\\.cache/" "/\\\\.issues/" "\\\\.user$"
+                              "/compile_commands\\\\.json$")
+include(CPack)
+
+if(BUILD_TESTING)
+    # Each check is there where its tool is.
+    set(checks ${PROJECT_SOURCE_DIR}/tests/packaging)
+    function(quandrel_check name tool)
+        find_program(QUANDREL_TOOL_${tool} ${tool})
+        if(NOT QUANDREL_TOOL_${tool})
+            message(STATUS "No ${tool}: ${name} is left out")
+            return()
+        endif()
+        add_test(NAME ${name} COMMAND ${ARGN})
+        set_tests_properties(${name} PROPERTIES LABELS package TIMEOUT 300
+                                                ENVIRONMENT "LC_ALL=C.UTF-8")
+    endfunction()
+    quandrel_check(package_desktop_entry desktop-file-validate
+        desktop-file-validate --warn-kde ${packaging}/quandrel.desktop)
+    quandrel_check(package_metainfo appstreamcli
+        appstreamcli validate --no-net ${packaging}/quandrel.metainfo.xml)
+    quandrel_check(package_file_kinds update-mime-database
+        ${checks}/file_kinds.sh ${PROJECT_SOURCE_DIR})
+    quandrel_check(package_manuals man ${checks}/manuals.sh ${packaging}/man)
+    if(NOT QUANDREL_SANITIZE AND NOT QUANDREL_COVERAGE)
+        quandrel_check(package_installs dpkg-deb
+            ${checks}/package_installs.sh ${CMAKE_CPACK_COMMAND} ${PROJECT_BINARY_DIR}
+            ${PROJECT_SOURCE_DIR})
+    endif()
+endif()
