@@ -8,6 +8,7 @@
 #include "batch/edit_commands.h"
 #include "batch/girdle_commands.h"
 #include "batch/key_values.h"
+#include "batch/print_command.h"
 #include "batch/rose_command.h"
 #include "batch/rotate_command.h"
 #include "core/data_format.h"
@@ -135,6 +136,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},
+        {"print", {its, [](const Command& c, std::ostream&) { return PrintToFile(c); }}},
         {"recalculate", {none, Recalculate}},
         {"redo", {none, [](const Command&, std::ostream&) { return MakeEditAgain(); }}},
         {"replot", {none, Replot}},

@@ -241,10 +241,12 @@ void DataGrid::Refill() {
     const auto behindMain =
         std::ranges::find_if_not(lines_, [this](const GridLine& line) { return IsMainRow(line); });
     for (const KeptEdits& edits : kept) {
+        const auto first =
+            std::ranges::lower_bound(lines_.begin(), behindMain, edits.order, {}, &GridLine::order);
         const auto same =
-            std::ranges::equal_range(lines_.begin(), behindMain, edits.order, {}, &GridLine::order);
-        if (edits.place < same.size()) {
-            put(static_cast<std::size_t>(same.begin() - lines_.begin()) + edits.place, edits.cells);
+            first + std::min(behindMain - first, static_cast<std::ptrdiff_t>(edits.place));
+        if (same != behindMain && same->order == edits.order) {
+            put(static_cast<std::size_t>(same - lines_.begin()), edits.cells);
         }
     }
     for (const CellEdits& cells : ofNewRows) {
@@ -451,8 +453,8 @@ void DataGrid::RowsRemoved(std::span<const std::int32_t> points) {
         if (line.point == 0) {
             continue;
         }
-        const auto [first, behind] = std::ranges::equal_range(points, line.point);
-        if (first != behind) {
+        const auto first = std::lower_bound(points.begin(), points.end(), line.point);
+        if (first != points.end() && *first == line.point) {
             line.point = 0;
             line.isDeleted = true;
             edits_.erase(row);
@@ -497,8 +499,7 @@ void SelectRowsOfGrid(const DataGrid& grid, std::span<const std::size_t> rows) {
         }
     }
     std::ranges::sort(points);
-    const auto repeats = std::ranges::unique(points);
-    points.erase(repeats.begin(), repeats.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
     SelectRows(grid.Slot(), std::move(points));
 }
 

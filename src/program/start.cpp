@@ -16,6 +16,8 @@
 #include "edit/annotations.h"
 #include "edit/small_circles.h"
 #include "input/file_loading.h"
+#include "mapinfo/geo_link.h"
+#include "mapinfo/map_link.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
@@ -86,6 +88,7 @@ void ConnectPlotStages() {
 void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectPlotStages();
+    FollowRowsOfPlots();
     LoadSettings();
     gPrinters =
         gPlatform.printers != nullptr ? gPlatform.printers->Printers() : std::vector<std::string>();
@@ -115,7 +118,8 @@ bool IntroStart(int index) {
         return path && OpenPlotFile("File" + *path) != kLoadError;
     }
     if (index == kStartMapLink) {
-        return false;
+        static_cast<void>(StartMapInfoLink());
+        return false; // no plot has come of it yet
     }
     const std::int16_t formerKind = gPlotKind;
     if (index == kStartRose) {

@@ -54,6 +54,9 @@ public:
     /// Lays the boxes out anew and draws the plot into the present size.
     void ReplotIntoWindow();
 
+    /// Takes the fonts in force for the boxes.
+    void ApplyFonts();
+
     /// Makes a layer, kAnnotationLayer or kDataLayer, that of this window.
     void ShowLayer(int layer);
 
@@ -90,7 +93,6 @@ private:
     void MakeTexts();
     void MakeTabs();
     void SetOrder();
-    void ApplyFonts();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);

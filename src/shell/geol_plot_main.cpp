@@ -22,8 +22,10 @@
 #include "rotation/rotate_data.h"
 #include "shell/commands.h"
 #include "shell/data_displays.h"
+#include "shell/frm_help.h"
 #include "shell/frm_intro.h"
 #include "shell/frm_plot_forms.h"
+#include "shell/frm_preferences.h"
 #include "shell/girdle_panel.h"
 #include "shell/icons.h"
 #include "shell/main_menus.h"
@@ -190,6 +192,7 @@ void GeolPlotMain::MakeStatusBar() {
     statusBar()->addWidget(panDipAzBox);
     statusBar()->addWidget(panInfoLine, 1);
     statusBar()->addPermanentWidget(progBar);
+    UseInfoFonts(*panInfoLine, *panDipAzBox);
 }
 
 void GeolPlotMain::MakeToolBars() {
@@ -205,6 +208,10 @@ void GeolPlotMain::MakeToolBars() {
     panGirdleBox_->toggleViewAction()->setVisible(false);
     panGirdleBox_->installEventFilter(this);
     panGirdleBox_->onChanged = [this] { UpdatePlotState(); };
+    panGirdleBox_->onStyle = [this] {
+        EditPreferences(kLinesPage);
+        UpdatePlotState();
+    };
 }
 
 void GeolPlotMain::MakePlotRoom() {
@@ -213,11 +220,17 @@ void GeolPlotMain::MakePlotRoom() {
     room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(room_);
-    dialogs_ = std::make_unique<PlotDialogs>(*this, [this] {
-        mouse_->ClearHint();
-        UpdateToolbar();
-        UpdateEditMenus();
-    });
+    dialogs_ = std::make_unique<PlotDialogs>(
+        *this,
+        [this] {
+            mouse_->ClearHint();
+            UpdateToolbar();
+            UpdateEditMenus();
+        },
+        [this](int tab) {
+            EditPreferences(tab);
+            UpdatePlotState();
+        });
     MakeMouse();
     displays_ = std::make_unique<DataDisplays>(*this, [this] { UpdatePlotState(); });
     intro_ = new frmIntro(room_->viewport());
@@ -347,6 +360,7 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
     if (!SaveSettings(kSessionGroup)) {
         Tell("The settings of this session could not be saved.");
     }
+    CloseHelp();
     event->accept();
 }
 

@@ -103,6 +103,7 @@ private:
     void CopyImage(bool legend);
     void EditFormat();
     void ChooseDataFolder();
+    void EditPreferences(int tab);
     void ShowUnplottedLines();
     void Edit(int item);
     void FollowLayer();

@@ -19,6 +19,7 @@
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
 #include "platform/qt/plot_picture.h"
+#include "print/print_run.h"
 #include "program/closing.h"
 #include "program/recalculate.h"
 #include "program/start.h"
@@ -30,7 +31,10 @@
 #include "shell/frm_about.h"
 #include "shell/frm_directory_dialog.h"
 #include "shell/frm_export_image.h"
+#include "shell/frm_help.h"
 #include "shell/frm_plot_forms.h"
+#include "shell/frm_preferences.h"
+#include "shell/frm_print_dialog.h"
 #include "shell/frm_symbol_select.h"
 #include "shell/frm_text_window.h"
 #include "shell/geol_plot_main.h"
@@ -146,6 +150,11 @@ void GeolPlotMain::ConnectFileCommands() {
     commands_->Connect("mnuEditFileFormat", [this] { EditFormat(); });
     commands_->Connect("mnuFileDirectory", [this] { ChooseDataFolder(); });
     commands_->Connect("mnuFileExport", [this] { ExportImage(); });
+    commands_->Connect("mnuFilePrint_0", [this] {
+        ShowPrintDialog(this);
+        SetStatusText({});
+    });
+    commands_->Connect("mnuFilePrint_1", [] { static_cast<void>(PrinterSetup()); });
     commands_->Connect("mnuFileQuit", [this] { close(); });
     for (std::size_t i = 0; i < menus_->mnuFilePrevious.size(); ++i) {
         const int index = kFirstRecentFile + static_cast<int>(i);
@@ -175,6 +184,9 @@ void GeolPlotMain::ConnectEditCommands() {
     commands_->Connect("mnuEditLasso", [] {});
     commands_->Connect("mnuEditGirdle", [] { ShowGirdleHelp(); });
     commands_->Connect("mnuEditSmallCircles", [this] { dialogs_->ShowSmallCircles(); });
+    for (const char* name : {"mnuEditPreferences", "mnuViewPreferences"}) {
+        commands_->Connect(name, [this] { EditPreferences(kSymbolsPage); });
+    }
     commands_->Connect("mnuEditGirdles", [this] { commands_->Of("mnuViewLegends_0").trigger(); });
 }
 
@@ -300,6 +312,8 @@ void GeolPlotMain::ConnectWindowCommands() {
     for (int way = 0; way < 4; ++way) {
         commands_->Connect(Numbered("mnuWindow", way), [this, way] { ArrangeWindows(way); });
     }
+    commands_->Connect("mnuHelpQuandrel_0", [] { ShowHelp(); });
+    commands_->Connect("mnuHelpQuandrel_1", [] { ShowHelp(kHowToUseHelpPage); });
     commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });
 }
 
@@ -370,6 +384,18 @@ void GeolPlotMain::CopyImage(bool legend) {
     QGuiApplication::clipboard()->setImage(
         PlotImage(legend ? PlotImagePart::Legend : PlotImagePart::Net, boxes, kCopyDensity));
     SetStatusText(legend ? "The legend is on the clipboard" : "The plot is on the clipboard");
+}
+
+void GeolPlotMain::EditPreferences(int tab) {
+    if (!ShowPreferences(this, tab)) {
+        return;
+    }
+    UseInfoFonts(*panInfoLine, *panDipAzBox);
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            static_cast<frmPlotForms&>(FormOf(slot)).ApplyFonts();
+        }
+    }
 }
 
 void GeolPlotMain::ShowUnplottedLines() {

@@ -33,9 +33,11 @@ bool IsShown(const QDialog* dialog) {
 
 } // namespace
 
-PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed)
+PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed,
+                         std::function<void(int tab)> preferences)
     : window_(window)
-    , changed_(std::move(changed)) {}
+    , changed_(std::move(changed))
+    , preferences_(std::move(preferences)) {}
 
 void PlotDialogs::Show(QDialog& dialog) {
     dialog.installEventFilter(this);
@@ -49,7 +51,7 @@ void PlotDialogs::ShowRose() {
         return;
     }
     if (rose_ == nullptr) {
-        rose_ = new frmRoseDiag(&window_);
+        rose_ = new frmRoseDiag(&window_, preferences_);
     }
     rose_->FollowActivePlot();
     Show(*rose_);
@@ -122,7 +124,7 @@ void PlotDialogs::ToggleClassification() {
         ShowRose();
     } else if (IsOpenSlot(gActivePlot)) {
         if (classification_ == nullptr) {
-            classification_ = new frmDataClassification(&window_);
+            classification_ = new frmDataClassification(&window_, preferences_);
         }
         FollowInClassification();
         Show(*classification_);

@@ -28,7 +28,9 @@ class PlotDialogs : public QObject {
 public:
     /// @param window   that the dialogs belong to
     /// @param changed  called when a dialog has come up or gone
-    PlotDialogs(QWidget& window, std::function<void()> changed);
+    /// @param preferences  shows a page of the preferences
+    PlotDialogs(QWidget& window, std::function<void()> changed,
+                std::function<void(int tab)> preferences);
 
     PlotDialogs(const PlotDialogs&) = delete;
     PlotDialogs& operator=(const PlotDialogs&) = delete;
@@ -83,6 +85,7 @@ private:
     void FollowInClassification();
     QWidget& window_;
     std::function<void()> changed_;
+    std::function<void(int)> preferences_;
     frmRoseDiag* rose_ = nullptr;
     frmDataClassification* classification_ = nullptr;
     frmRotationMenu* rotation_ = nullptr;

@@ -60,6 +60,9 @@ TEST_F(Start, TheBlankStartAsksForNoFile) {
 }
 
 TEST_F(Start, TheMapLinkAndWorkspacesOpenNoDataFile) {
+    prompts.Expect("Could not find a Registered MapInfo Application\n"
+                   "The link will have to be abandoned.",
+                   Button::Ok);
     EXPECT_FALSE(IntroStart(3));
     EXPECT_FALSE(IntroStart(6));
     EXPECT_EQ(CountOpenPlots(), 0);

@@ -2,14 +2,15 @@
 //
 // quandrel: the program with its windows.
 
-#include "platform/no_printers.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_start.h"
 #include "program/start.h"
 #include "shell/geol_plot_main.h"
+#include "shell/help_keys.h"
 #include "shell/recovery_timer.h"
+#include "shell/widget_printers.h"
 
 #include <QApplication>
 #include <QDate>
@@ -21,10 +22,11 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     quandrel::UseNeutralNumbers();
     QApplication::setDesktopFileName("quandrel");
+    new quandrel::HelpKeys(qApp);
 
     quandrel::QtSettingsStore settings;
     quandrel::QtClipboard clipboard;
-    quandrel::NoPrinters printers;
+    quandrel::WidgetPrinters printers;
     quandrel::gPlatform.settings = &settings;
     quandrel::gPlatform.clipboard = &clipboard;
     quandrel::gPlatform.printers = &printers;
