@@ -51,10 +51,11 @@ std::vector<Section> SectionsOfPlot() {
 }
 
 void UseFont(Surface& surface, PlotFontPlace font, double scale) {
+    const PlotFont& chosen = gPlotFonts[static_cast<std::size_t>(font)];
     DrawState state;
-    state.font = gPlotFonts[font].font;
+    state.font = chosen.font;
     state.font.points *= scale;
-    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(gPlotFonts[font].colour));
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(chosen.colour));
     surface.SetState(state);
 }
 

@@ -136,7 +136,7 @@ double HelpSearch::RarityOf(const std::string& start) const {
 std::vector<HelpHit> HelpSearch::Find(std::string_view query) const {
     std::vector<std::string> words = HelpWords(query);
     std::ranges::sort(words);
-    words.erase(std::ranges::unique(words).begin(), words.end());
+    words.erase(std::unique(words.begin(), words.end()), words.end());
     if (words.empty()) {
         return {};
     }

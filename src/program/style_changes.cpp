@@ -20,7 +20,8 @@ constexpr std::size_t kMeanItem = 0;
 constexpr std::size_t kLastUserItem = 8;
 constexpr std::size_t kFirstStyleValue = 4; ///< of a row of AxisItems
 
-AxisStyleRow StyleOfItem(std::size_t item) {
+/// The row of gAxisStyleTable that a girdle of the panel is drawn in.
+std::size_t StyleOfItem(std::size_t item) {
     if (item == kMeanItem) {
         return kMeanGirdleStyle;
     }

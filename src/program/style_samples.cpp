@@ -109,7 +109,7 @@ void DrawContourSamples(Surface& surface) {
 }
 
 void DrawGirdleSamples(Surface& surface) {
-    constexpr std::array<AxisStyleRow, 2> kKinds = {kUserGirdleStyle, kCalculatedGirdleStyle};
+    constexpr std::array<std::size_t, 2> kKinds = {kUserGirdleStyle, kCalculatedGirdleStyle};
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
         const AxisStyle& style = gAxisStyleTable[kKinds[i]];
         const double plunge = DegToRad(38.0 - 16.0 * static_cast<double>(i));
