@@ -1,28 +1,35 @@
 // SPDX-License-Identifier: MIT
 //
 // Pictures of the windows for the documents, made from the examples: the main window with two tiled
-// plots and the format dialog on three files, in a light and a dark theme. QT_SCALE_FACTOR gives
-// them another density.
+// plots and the format dialog on three files, in a light and a dark theme; edits by hand and
+// further dialogs in a light one. QT_SCALE_FACTOR gives them another density.
 //
 // usage: make_screenshots EXAMPLES FOLDER
 
 #include "batch/format_command.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "edit/girdles.h"
+#include "edit/small_circles.h"
 #include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
-#include "platform/no_printers.h"
 #include "platform/platform.h"
 #include "platform/scripted_prompts.h"
 #include "program/start.h"
 #include "shell/commands.h"
 #include "shell/frm_file_format.h"
 #include "shell/frm_plot_forms.h"
+#include "shell/frm_preferences.h"
+#include "shell/frm_print_dialog.h"
 #include "shell/geol_plot_main.h"
+#include "shell/picture_box.h"
+#include "shell/widget_printers.h"
+#include "stereo/draw_target.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -31,6 +38,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -162,7 +170,7 @@ private:
     QString theme_;
     MemorySettingsStore settings_;
     MemoryClipboard clipboard_;
-    NoPrinters printers_;
+    WidgetPrinters printers_;
     ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
 };
 
@@ -182,6 +190,106 @@ void MakePictures(const QString& examples, const QString& folder, const QString&
     show.Picture(*show.window, "window");
 }
 
+/// A hand at the mouse over the net of the active plot; places are plot units.
+class Hand {
+public:
+    static void Drag(Point from, Point to, Qt::KeyboardModifiers keys = {},
+                     Qt::MouseButton button = Qt::LeftButton) {
+        Trace({from, to}, keys, button);
+    }
+
+    static void Press(Point at, Qt::KeyboardModifiers keys, Qt::MouseButton button) {
+        Trace({at}, keys, button);
+    }
+
+    /// Presses at the first place, passes through the others, and lets go at the last.
+    static void Trace(const std::vector<Point>& places, Qt::KeyboardModifiers keys = {},
+                      Qt::MouseButton button = Qt::LeftButton) {
+        Send(QEvent::MouseButtonPress, places.front(), button, button, keys);
+        for (const Point& at : places) {
+            Send(QEvent::MouseMove, at, Qt::NoButton, button, keys);
+        }
+        Send(QEvent::MouseButtonRelease, places.back(), button, Qt::NoButton, keys);
+    }
+
+private:
+    static void Send(QEvent::Type type, Point place, Qt::MouseButton button, Qt::MouseButtons held,
+                     Qt::KeyboardModifiers keys) {
+        PictureBox& net = *static_cast<frmPlotForms&>(FormOf(gActivePlot)).picStereoArea;
+        const QSize size = net.PictureSize();
+        const QPointF at(
+            (place.x - kPlotScale.left) / (kPlotScale.right - kPlotScale.left) * size.width(),
+            (place.y - kPlotScale.top) / (kPlotScale.bottom - kPlotScale.top) * size.height());
+        QMouseEvent event(type, at, net.mapToGlobal(at), button, held, keys);
+        QCoreApplication::sendEvent(&net, &event);
+    }
+};
+
+/// The first top-level window of a class, by its object name.
+QWidget* TopLevel(const QString& name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == name && widget->isVisible()) {
+            return widget;
+        }
+    }
+    std::cerr << "no window " << name.toStdString() << "\n";
+    return nullptr;
+}
+
+void PictureOf(Show& show, const QString& name, const QString& picture) {
+    if (QWidget* widget = TopLevel(name)) {
+        show.Picture(*widget, picture);
+    }
+}
+
+/// What is done by hand: selection, annotations and girdles, lasso, grid and small circles.
+void MakeEditingPictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Open("folded_bedding.txt");
+    auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    form.showMaximized();
+    show.Press("mnuEditGirdles");
+    QApplication::processEvents();
+    form.ReplotIntoWindow();
+    FocusGirdle(1);
+    Hand::Drag({300, -500}, {420, -330}, Qt::ShiftModifier);
+    form.ShowLayer(kAnnotationLayer);
+    Hand::Press({-330, 120}, Qt::AltModifier, Qt::LeftButton);
+    Hand::Trace({{150, 820}, {260, 700}, {400, 640}}, Qt::AltModifier, Qt::RightButton);
+    form.ShowLayer(kDataLayer);
+    Hand::Drag({-820, 330}, {-320, -420});
+    show.Picture(*show.window, "editing");
+
+    Hand::Press({900, 900}, {}, Qt::LeftButton);
+    show.Press("mnuEditLasso");
+    Hand::Trace({{-800, 300}, {-350, 380}, {-200, 60}, {-420, -330}, {-760, -250}});
+    show.Picture(*form.picStereoArea, "lasso");
+    show.Press("mnuEditLasso");
+
+    show.Press("mnuViewPlotData");
+    PictureOf(show, "frmDataDisplay", "plotted_data");
+    show.Press("mnuEditSmallCircles");
+    TypeCircleText(1, CirclePart::kPlunge, "10");
+    TypeCircleText(1, CirclePart::kAzimuth, "330");
+    TypeCircleText(1, CirclePart::kAngle, "35");
+    static_cast<void>(ShowSmallCircle(1, true));
+    show.window->UpdatePlotState();
+    PictureOf(show, "frmSmallCircle", "small_circles");
+    show.Picture(*form.picStereoArea, "small_circle_on_net");
+}
+
+void MakeDialogPictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Open("folded_bedding.txt");
+    show.Open("fold_hinges_polar.txt");
+    frmPreferences preferences(show.window.get(), kPlotStylePage);
+    preferences.show();
+    show.Picture(preferences, "preferences");
+    frmPrintDialog print(show.window.get());
+    print.show();
+    show.Picture(print, "printing");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -194,6 +302,8 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     const QPalette light = QApplication::palette();
     MakePictures(argv[1], argv[2], "light");
+    MakeEditingPictures(argv[1], argv[2], "light");
+    MakeDialogPictures(argv[1], argv[2], "light");
     QApplication::setPalette(DarkPalette());
     MakePictures(argv[1], argv[2], "dark");
     QApplication::setPalette(light);
