@@ -53,8 +53,9 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"program", above(onAll, {"edit", "mapinfo"})},
         {"print", engine},
         {"platform/qt", engine},
+        {"platform/windows", {"platform"}},
         {"batch", above(engine, {"print", "platform/qt"})},
-        {"shell", above(engine, {"print", "platform/qt", "mapsession"})},
+        {"shell", above(engine, {"print", "platform/qt", "platform/windows", "mapsession"})},
     };
     return allowed;
 }

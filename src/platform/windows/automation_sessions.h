@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// Sessions of the map program that is installed on a Windows machine, driven by automation. Built
+// on Windows alone.
+
+#pragma once
+
+#include "platform/map_session.h"
+
+#include <memory>
+
+namespace quandrel {
+
+/// All calls have to come from the thread that made this, which is that of the windows.
+class AutomationSessions : public MapSessions {
+public:
+    AutomationSessions();
+    ~AutomationSessions() override;
+
+    AutomationSessions(const AutomationSessions&) = delete;
+    AutomationSessions& operator=(const AutomationSessions&) = delete;
+
+    [[nodiscard]] std::unique_ptr<MapSession> FindRunning() override;
+    [[nodiscard]] std::unique_ptr<MapSession> Start() override;
+    [[nodiscard]] bool IsRegistered() override;
+
+private:
+    bool initialised_;
+};
+
+} // namespace quandrel
