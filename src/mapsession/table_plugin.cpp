@@ -60,7 +60,7 @@ std::vector<fs::path> TablePluginFolders(const fs::path& programFolder) {
         folders.emplace_back(own);
     }
     folders.push_back(programFolder);
-    folders.push_back(programFolder.parent_path() / "lib" / "quandrel");
+    folders.push_back(programFolder.parent_path() / "lib" / "quandrel" / "plugins");
     return folders;
 }
 

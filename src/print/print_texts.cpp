@@ -18,6 +18,7 @@ namespace {
 
 constexpr double kSmallestScale = 0.5;
 constexpr double kScaleStep = 0.05;
+constexpr double kUncutLegend = 0.75; ///< in smaller sizes a legend that is too wide is cut instead
 constexpr int kMostColumns = 4;
 constexpr double kColumnGap = 4;     ///< millimetres, as all rooms on pages are measured
 constexpr double kNarrowColumn = 32; ///< columns of a room with several are at least as wide
@@ -75,7 +76,7 @@ public:
         const double indent = kSampleWidth * surface_.TextWidth("M");
         for (const LegendLine& line : lines) {
             const double left = line.sample == LegendSample::None ? 0 : indent;
-            isWhole_ = isWhole_ && left + surface_.TextWidth(line.text) <= columnWidth_;
+            cutsLegend_ = cutsLegend_ || left + surface_.TextWidth(line.text) > columnWidth_;
         }
         const double lineHeight = kLegendSpacing * surface_.TextHeight();
         // A hair more, so that rounding does not cost the last line.
@@ -105,8 +106,20 @@ public:
         top_ += 0.5 * lineHeight;
     }
 
-    /// True when everything has found its place.
+    void AddAll(const std::vector<LegendLine>& legend, const std::vector<Section>& sections) {
+        if (!legend.empty()) {
+            AddLegend(legend);
+        }
+        for (const Section& section : sections) {
+            AddSection(section);
+        }
+    }
+
+    /// True when everything has found its place, the ends of wide legend lines aside.
     [[nodiscard]] bool IsWhole() const { return isWhole_; }
+
+    /// True when a line of the legend is wider than its column.
+    [[nodiscard]] bool CutsLegend() const { return cutsLegend_; }
 
     [[nodiscard]] const TextPlan& Plan() const { return plan_; }
 
@@ -156,6 +169,7 @@ private:
     int column_ = 0;
     double top_ = 0;
     bool isWhole_ = true;
+    bool cutsLegend_ = false;
     bool isCut_ = false;
     TextPlan plan_;
 };
@@ -166,28 +180,31 @@ TextPlan PlanTexts(Surface& surface, double width, double height) {
     const std::vector<LegendLine> legend =
         ActiveRecord().LayerVisible[kLegendLayer] != 0 ? LegendLines() : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
-    std::optional<TextPlan> plan;
+    TextPlan plan;
+    std::optional<TextPlan> cut; // the largest whose only fault is a legend that is cut
     const int steps = static_cast<int>(std::lround((1 - kSmallestScale) / kScaleStep));
     for (int step = 0; step <= steps; ++step) {
+        const double scale = 1 - kScaleStep * step;
+        if (cut && scale < kUncutLegend) {
+            return *cut;
+        }
         for (int columns = 1; columns <= kMostColumns; ++columns) {
             const double columnWidth = (width - kColumnGap * (columns - 1)) / columns;
             if (columns > 1 && columnWidth < kNarrowColumn) {
                 break;
             }
-            ColumnFiller filler(surface, height, columnWidth, columns, 1 - kScaleStep * step);
-            if (!legend.empty()) {
-                filler.AddLegend(legend);
-            }
-            for (const Section& section : sections) {
-                filler.AddSection(section);
-            }
+            ColumnFiller filler(surface, height, columnWidth, columns, scale);
+            filler.AddAll(legend, sections);
             plan = filler.Plan();
-            if (filler.IsWhole()) {
-                return *plan;
+            if (filler.IsWhole() && !filler.CutsLegend()) {
+                return plan;
+            }
+            if (filler.IsWhole() && !cut) {
+                cut = plan;
             }
         }
     }
-    return plan.value_or(TextPlan{});
+    return cut.value_or(plan);
 }
 
 void DrawPlannedTexts(Surface& surface, const TextPlan& plan) {

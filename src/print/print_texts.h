@@ -3,7 +3,8 @@
 // What stands about a printed plot: its legend, and under it fabric, description and statistics.
 //
 // The texts run down the columns of their room. They have the sizes of their fonts as long as the
-// room allows, and are set smaller where it is narrow.
+// room allows, and are set smaller where it is narrow. A line of the legend that is far too wide
+// for it, such as a long name of a file, is cut as on the screen and leaves the sizes as they are.
 
 #pragma once
 

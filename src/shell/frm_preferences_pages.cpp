@@ -343,8 +343,9 @@ QWidget* frmPreferences::MakeGeneralPage() {
     chkSaveLinesOption =
         NamedCheck("&Include non-data lines in ASCII Saves [default = No]", "chkSaveLinesOption",
                    "Texts of plots keep comments and other lines that are no data");
-    chkIsolatedPts = NamedCheck("&Show single isolated pts with contours", "chkIsolatedPts",
-                                "Points that no contour encloses are drawn");
+    chkIsolatedPts =
+        NamedCheck("&Show single isolated pts with contours", "chkIsolatedPts",
+                   "Contour plots mark each point that has no other one within its counting cone");
     for (QCheckBox* box : {chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
         layout->addWidget(box);
     }

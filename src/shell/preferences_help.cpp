@@ -51,7 +51,8 @@ GENERAL
   the other decimal delimiter is read as a number.
 - Include non-data lines: a plot that is saved as text keeps comments,
   headings and other lines of its files that are no data, in their places.
-- Single isolated points are drawn where contours enclose nothing.
+- Single isolated points: contour plots mark each point that has no other one
+  within its counting cone.
 )";
 }
 

@@ -6,13 +6,18 @@
 #include "platform/qt/pdf_printer.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QLocale>
-#include <QPageSetupDialog>
+#include <QPageLayout>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QRadioButton>
+
+#include <array>
 
 namespace quandrel {
 
@@ -56,6 +61,64 @@ private:
 bool GoesToFile(const QPrinter& printer) {
     return printer.outputFormat() == QPrinter::PdfFormat;
 }
+
+/// Asks for the paper of pages that go to a file.
+class PaperDialog : public QDialog {
+public:
+    PaperDialog(const QPageLayout& layout, QWidget* parent)
+        : QDialog(parent)
+        , layout_(layout) {
+        setObjectName("frmPrinterSetup");
+        setWindowTitle("Printer Setup");
+        auto* form = new QFormLayout(this);
+        form->addRow("&Paper", MakePapers());
+        constexpr std::array<const char*, 2> kOrientations = {"P&ortrait", "&Landscape"};
+        for (std::size_t i = 0; i < optOrientation_.size(); ++i) {
+            optOrientation_[i] = new QRadioButton(kOrientations[i]);
+            optOrientation_[i]->setObjectName(QString("optOrientation_%1").arg(i));
+            form->addRow(i == 0 ? "Orientation" : "", optOrientation_[i]);
+        }
+        optOrientation_[layout.orientation() == QPageLayout::Landscape ? 1 : 0]->setChecked(true);
+        auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+        form->addRow(buttons);
+    }
+
+    [[nodiscard]] QPageLayout Layout() const {
+        QPageLayout chosen = layout_;
+        const int size = cboPaper_->currentData().toInt();
+        if (size != layout_.pageSize().id()) {
+            chosen.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(size)));
+        }
+        chosen.setOrientation(optOrientation_[1]->isChecked() ? QPageLayout::Landscape
+                                                              : QPageLayout::Portrait);
+        return chosen;
+    }
+
+private:
+    [[nodiscard]] QComboBox* MakePapers() {
+        constexpr std::array kSizes = {QPageSize::A0,     QPageSize::A1,    QPageSize::A2,
+                                       QPageSize::A3,     QPageSize::A4,    QPageSize::A5,
+                                       QPageSize::A6,     QPageSize::B4,    QPageSize::B5,
+                                       QPageSize::Letter, QPageSize::Legal, QPageSize::Tabloid};
+        cboPaper_ = new QComboBox;
+        cboPaper_->setObjectName("cboPaper");
+        for (const QPageSize::PageSizeId size : kSizes) {
+            cboPaper_->addItem(QPageSize::name(size), size);
+        }
+        const QPageSize now = layout_.pageSize();
+        if (cboPaper_->findData(now.id()) < 0) {
+            cboPaper_->addItem(now.name(), now.id());
+        }
+        cboPaper_->setCurrentIndex(cboPaper_->findData(now.id()));
+        return cboPaper_;
+    }
+
+    QPageLayout layout_;
+    QComboBox* cboPaper_ = nullptr;
+    std::array<QRadioButton*, 2> optOrientation_{};
+};
 
 } // namespace
 
@@ -110,9 +173,8 @@ bool WidgetPrinters::SetUp() {
     QPrinter& printer = Printer();
     QWidget* parent = QApplication::activeWindow();
     if (Printers().empty()) {
-        QPageSetupDialog dialog(&printer, parent);
-        dialog.setWindowTitle("Printer Setup");
-        return dialog.exec() == QDialog::Accepted;
+        PaperDialog dialog(printer.pageLayout(), parent);
+        return dialog.exec() == QDialog::Accepted && printer.setPageLayout(dialog.Layout());
     }
     QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle("Printer Setup");

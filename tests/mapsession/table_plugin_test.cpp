@@ -40,8 +40,8 @@ TEST(TablePlugin, IsLookedForBesideTheProgramAndInItsLibraries) {
     const ScratchFolder scratch;
     const std::vector<fs::path> folders = TablePluginFolders(scratch.path / "bin");
     EXPECT_TRUE(FindTablePlugin(folders).empty());
-    WriteFile(scratch.path / "lib" / "quandrel" / kFile, "");
-    EXPECT_EQ(FindTablePlugin(folders), scratch.path / "lib" / "quandrel" / kFile);
+    WriteFile(scratch.path / "lib" / "quandrel" / "plugins" / kFile, "");
+    EXPECT_EQ(FindTablePlugin(folders), scratch.path / "lib" / "quandrel" / "plugins" / kFile);
     WriteFile(scratch.path / "bin" / kFile, "");
     EXPECT_EQ(FindTablePlugin(folders), scratch.path / "bin" / kFile);
 }

@@ -192,6 +192,24 @@ TEST_F(PrintTest, SetsTextsSmallerWhereTheRoomIsNarrow) {
     EXPECT_EQ(PartWith("...").surface.Operations().back().text, "...");
 }
 
+TEST_F(PrintTest, CutsAnEndlessNameInTheLegendRatherThanMakeAllTextsTiny) {
+    const int slot = MakePlot("Bedding");
+    const double points = gPlotFonts[kPrintStatsFont].font.points;
+    bool wasSmaller = false;
+    for (std::size_t length = 10; length <= 200; length += 2) {
+        const std::string name(length, 'x');
+        RecordOf(slot).FileTitle = name;
+        EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
+        const auto& texts = PartWith("Mean = 12 - 345").surface.Operations();
+        EXPECT_GE(texts.back().state.font.points, 0.75 * points - 1e-9) << length;
+        if (texts.back().state.font.points < points) {
+            wasSmaller = true;
+            EXPECT_FALSE(PartWith("Data: " + name).surface.Operations().empty());
+        }
+    }
+    EXPECT_TRUE(wasSmaller) << "a name that is a little too long is shown whole";
+}
+
 TEST_F(PrintTest, LeavesNothingOverlappingOnAFittedPageOfThreePlots) {
     const std::vector<int> plots = {MakePlot("One"), MakePlot("Two"), MakePlot("Three")};
     for (const Sheet& paper : {Sheet{210, 297, 5}, Sheet{297, 210, 5}, Sheet{215.9, 279.4, 5}}) {

@@ -168,6 +168,9 @@ TEST(HelpLibrary, FindsWhatAReaderLooksFor) {
         {"rayleigh", "statistics_rose.html"},
         {"unfold", "dialog_rotation.html"},
         {"preferences fonts", "dialog_preferences.html"},
+        {"measured faults Angelier", "tutorial_measured.html"},
+        {"stop printing", "dialog_printing.html"},
+        {"default printer", "dialog_printing.html"},
     };
     for (const auto& [query, file] : wanted) {
         const auto hits = library->Find(query);

@@ -5,7 +5,14 @@
 #include "support/pdf_shapes.h"
 #include "support/shell_test.h"
 
+#include <QComboBox>
+#include <QDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
+#include <QRadioButton>
+#include <QTimer>
+
+#include <functional>
 
 namespace quandrel {
 namespace {
@@ -58,6 +65,49 @@ TEST_F(WidgetPrintersTest, ChooseAPrinterOfTheListOrAFile) {
     }
     EXPECT_GT(printers.Paper().width, 100);
     EXPECT_LT(printers.Paper().width, printers.Paper().height);
+}
+
+/// Does something with the next dialog that is shown.
+void WhenAsked(const std::function<void(QDialog&)>& answer) {
+    QTimer::singleShot(0, [answer] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        answer(*dialog);
+    });
+}
+
+TEST_F(WidgetPrintersTest, TakeThePaperOfFilesFromTheSetup) {
+    if (!QPrinterInfo::availablePrinterNames().empty()) {
+        return; // the desktop's own dialog asks
+    }
+    WidgetPrinters printers;
+    const Sheet former = printers.Paper();
+    WhenAsked([](QDialog& dialog) {
+        EXPECT_EQ(dialog.objectName(), "frmPrinterSetup");
+        EXPECT_TRUE(ControlOf<QRadioButton>(dialog, "optOrientation_0").isChecked());
+        ControlOf<QRadioButton>(dialog, "optOrientation_1").setChecked(true);
+        auto& papers = ControlOf<QComboBox>(dialog, "cboPaper");
+        papers.setCurrentIndex(papers.findText("A3"));
+        dialog.reject();
+    });
+    EXPECT_FALSE(printers.SetUp());
+    EXPECT_EQ(printers.Paper(), former) << "Cancel";
+    WhenAsked([](QDialog& dialog) {
+        ControlOf<QRadioButton>(dialog, "optOrientation_1").setChecked(true);
+        auto& papers = ControlOf<QComboBox>(dialog, "cboPaper");
+        papers.setCurrentIndex(papers.findText("A3"));
+        dialog.accept();
+    });
+    EXPECT_TRUE(printers.SetUp());
+    EXPECT_NEAR(printers.Paper().width, 420, 0.5);
+    EXPECT_NEAR(printers.Paper().height, 297, 0.5);
+    WhenAsked([](QDialog& dialog) {
+        EXPECT_TRUE(ControlOf<QRadioButton>(dialog, "optOrientation_1").isChecked());
+        EXPECT_EQ(ControlOf<QComboBox>(dialog, "cboPaper").currentText(), "A3");
+        dialog.accept();
+    });
+    EXPECT_TRUE(printers.SetUp());
+    EXPECT_NEAR(printers.Paper().width, 420, 0.5);
 }
 
 } // namespace

@@ -8,13 +8,12 @@
 #include "platform/qt/painter_surface.h"
 #include "platform/qt/picture_file.h"
 #include "stereo/plot_driver.h"
+#include "stereo/text_lines.h"
 
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
-#include <sstream>
-#include <vector>
+#include <string_view>
 
 namespace quandrel {
 
@@ -33,46 +32,11 @@ struct PictureLayout {
     QRectF number;
 };
 
-/// The lines of a text, broken at blanks so that each is as wide as asked for or a single word. The
-/// rows of a table, which have tabs, stay whole.
-std::vector<std::string> WrappedLines(const Surface& surface, const std::string& text,
-                                      double width) {
-    std::vector<std::string> lines;
-    std::istringstream paragraphs(text);
-    for (std::string paragraph; std::getline(paragraphs, paragraph);) {
-        std::erase(paragraph, '\r');
-        std::string line;
-        const bool isTooWide =
-            paragraph.find('\t') == std::string::npos && surface.TextWidth(paragraph) > width;
-        std::istringstream words(isTooWide ? paragraph : "");
-        for (std::string word; words >> word;) {
-            if (!line.empty() && surface.TextWidth(line + " " + word) > width) {
-                lines.push_back(line);
-                line.clear();
-            }
-            line += (line.empty() ? "" : " ") + word;
-        }
-        lines.push_back(line.empty() ? paragraph : line);
-    }
-    return lines;
-}
-
 DrawState StateOfFont(const PlotFont& font) {
     DrawState state;
     state.font = font.font;
     state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     return state;
-}
-
-/// A line at a height of its box, with tab stops for columns of numbers.
-void DrawTabbedLine(Surface& surface, double top, const std::string& line) {
-    const double tab = surface.TextWidth("-0.0000 ");
-    double left = 0;
-    std::istringstream cells(line);
-    for (std::string cell; std::getline(cells, cell, '\t');) {
-        surface.Text({left, top}, cell);
-        left = tab * (std::floor((left + surface.TextWidth(cell)) / tab) + 1);
-    }
 }
 
 /// Lines of text from the top of a box down; what does not fit is left out.
@@ -86,7 +50,7 @@ void DrawTextBox(QPainter& painter, const QRectF& box, double factor, Medium med
         if (top + surface.TextHeight() > box.height()) {
             return;
         }
-        DrawTabbedLine(surface, -top, line);
+        DrawTabbedLine(surface, {0, -top}, line);
         top += surface.TextHeight();
     }
 }
