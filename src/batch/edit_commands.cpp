@@ -75,7 +75,10 @@ std::string EditByWords(const std::string& words) {
 }
 
 std::string ChooseLayer(const std::string& words) {
-    return TakeName(kLayers, words, gActiveLayer);
+    std::int16_t layer = gActiveLayer;
+    std::string error = TakeName(kLayers, words, layer);
+    UseLayer(layer);
+    return error;
 }
 
 std::string TakeEditBack() {

@@ -70,24 +70,6 @@ bool GoesOverMainRows(const PlotRecord& record) {
     return record.OverlayRows[0] > 0 || record.ShowSecondary != 0;
 }
 
-/// The overlay that takes a new row, made if need be; nothing when there are too many.
-std::optional<int> OverlayForRow(PlotRecord& record) {
-    const std::int32_t top = record.OverlayRows[0];
-    if (IsOverlayMadeByHand(record, top)) {
-        return top;
-    }
-    if (top >= kMaxOverlays) {
-        Tell("You can't overlay any more points on this plot");
-        return std::nullopt;
-    }
-    const auto overlay = static_cast<std::size_t>(top) + 1;
-    record.OverlayRows[0] = top + 1;
-    record.OverlayRows[overlay] = 0;
-    record.OverlayKind[overlay] = kOverlayPolarLines;
-    record.OverlayFiles[overlay].clear();
-    return top + 1;
-}
-
 /// Counts a row of an overlay, or a main row, in or out.
 void CountRow(PlotRecord& record, int overlay, int step) {
     record.NumLoadedData += step;
@@ -146,6 +128,23 @@ bool IsOverlayMadeByHand(const PlotRecord& record, int overlay) {
            && record.OverlayKind[place] == kOverlayPolarLines && record.OverlayFiles[place].empty();
 }
 
+std::optional<int> OverlayForAddedRows(PlotRecord& record) {
+    const std::int32_t top = record.OverlayRows[0];
+    if (IsOverlayMadeByHand(record, top)) {
+        return top;
+    }
+    if (top >= kMaxOverlays) {
+        Tell("You can't overlay any more points on this plot");
+        return std::nullopt;
+    }
+    const auto overlay = static_cast<std::size_t>(top) + 1;
+    record.OverlayRows[0] = top + 1;
+    record.OverlayRows[overlay] = 0;
+    record.OverlayKind[overlay] = kOverlayPolarLines;
+    record.OverlayFiles[overlay].clear();
+    return top + 1;
+}
+
 void AddStereoPoint(int button, double x, double y) {
     if (gBusy || !IsOpenSlot(gActivePlot)) {
         return;
@@ -172,9 +171,11 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
     if (!AcceptLossOfLinks(record)) {
         return false;
     }
+    std::optional<KeptRows> before = RowsBeforeEdit();
+    const std::int16_t secondaryOverlay = record.SelectedOverlay;
     int overlay = 0;
     if (GoesOverMainRows(record)) {
-        const std::optional<int> taker = OverlayForRow(record);
+        const std::optional<int> taker = OverlayForAddedRows(record);
         if (!taker) {
             return false;
         }
@@ -183,12 +184,14 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
     }
     BreakLinks(record);
     if (!StorePoint(record, overlay, ParseNumber(dipText), ParseNumber(azText))) {
+        record.SelectedOverlay = secondaryOverlay;
         return false;
     }
     record.Modified = kTrue;
     record.RowsChanged = kTrue;
     ForgetRotation();
-    KeepAddedForUndo(kAddEdit, record.NumLoadedData, 1);
+    KeepStateForUndo(kAddEdit, std::move(before));
+    SealUndo();
     ReplotActivePlot(true);
     return true;
 }

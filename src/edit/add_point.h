@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace quandrel {
@@ -38,5 +39,9 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText);
 
 /// True for an overlay of points set by hand.
 [[nodiscard]] bool IsOverlayMadeByHand(const PlotRecord& record, int overlay);
+
+/// The overlay on the top of a plot that takes rows added by hand or pasted, made if need be;
+/// nothing when there are too many, which is told.
+[[nodiscard]] std::optional<int> OverlayForAddedRows(PlotRecord& record);
 
 } // namespace quandrel

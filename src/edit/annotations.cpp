@@ -203,7 +203,7 @@ void Paste() {
     case AnnotationTextKind::Rows:
         if (gPlatform.prompts->Ask({gCaption, kOtherData, Icon::Question, Buttons::YesNo})
             == Button::Yes) {
-            gActiveLayer = kDataLayer;
+            UseLayer(kDataLayer);
             PasteData();
         }
         return;

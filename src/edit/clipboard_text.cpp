@@ -9,6 +9,7 @@
 #include "edit/annotation_text.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
+#include "orientation/number_text.h"
 #include "platform/platform.h"
 #include "stereo/row_positions.h"
 
@@ -38,6 +39,12 @@ std::string FieldOfText(std::string_view text) {
         quoted.append(c == '"' ? 2 : 1, c);
     }
     return quoted + "\"";
+}
+
+/// An orientation among others: of two digits at least, so that the columns of a text stand
+/// straight.
+std::string FieldPairText(ShownOrientation pair, bool present) {
+    return present ? FormatNumber(pair.dip, "00") + "\t" + FormatNumber(pair.azimuth, "00") : "\t";
 }
 
 std::string PairText(ShownOrientation pair, bool present) {
@@ -158,15 +165,16 @@ private:
 
     [[nodiscard]] std::string FullLine(std::int32_t row) const {
         const auto [primary, secondary] = BothOf(row);
-        std::string line =
-            IsDirections() ? TextOf(primary.azimuth) : PairText(primary, primary.dip != kErrorRow);
+        std::string line = IsDirections() ? TextOf(primary.azimuth)
+                                          : FieldPairText(primary, primary.dip != kErrorRow);
         if (record_.SecondaryFormat != kNoSecondary) {
-            line += "\t" + PairText(secondary, secondary.dip != kErrorRow);
+            line += "\t" + FieldPairText(secondary, secondary.dip != kErrorRow);
         }
         if (record_.HasAppendedLine != 0) {
             const std::int32_t plunge = gAppLineDip(slot_, row);
             line +=
-                "\t" + PairText({plunge, gAppLineAz(slot_, row)}, plunge != kInvalidAppendedLine);
+                "\t"
+                + FieldPairText({plunge, gAppLineAz(slot_, row)}, plunge != kInvalidAppendedLine);
         }
         if (record_.HasAppendedNumeric != 0) {
             const float number = gAppNumeric(slot_, row);

@@ -16,6 +16,7 @@
 #include "stereo/plot_driver.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quandrel {
 
@@ -236,11 +237,9 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
     for (const std::size_t row : rows) {
         points.push_back(grid.PointOfRow(row));
     }
+    std::optional<KeptRows> before = RowsBeforeEdit();
     AddNewRows(grid, report);
     if (!points.empty() && GrowColumns(ActiveRecord())) {
-        std::vector<std::int32_t> ascending = points;
-        std::ranges::sort(ascending);
-        KeepForUndo(kGridEdit, ascending);
         for (std::size_t i = 0; i < rows.size(); ++i) {
             ApplyRow(grid, rows[i], points[i], report);
         }
@@ -251,6 +250,7 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
         ActiveRecord().Modified = kTrue;
         RebuildRowTable(gActivePlot);
         RefreshSecondaryOverlay();
+        KeepStateForUndo(report.changed > 0 ? kGridEdit : kAddEdit, std::move(before));
         ReplotActivePlot(true);
         SealUndo();
     }

@@ -105,8 +105,7 @@ void TakeSettings(PlotRecord& record, const RowSettings& settings) {
     record.NumLoadedData = settings.numLoadedData;
     record.SelectedOverlay = settings.selectedOverlay;
     record.DataFull = settings.dataFull;
-    // Rows that were saved since differ from their file again.
-    record.Modified = record.Modified != 0 ? settings.modified : kTrue;
+    record.Modified = ModifiedWithout(record.Modified, settings.modified);
     record.AxesTitle = settings.axesTitle;
     record.OverlayRows = settings.overlayRows;
     record.OverlayKind = settings.overlayKind;
@@ -246,6 +245,11 @@ void CountRowsOut(int slot, std::span<const std::int32_t> rows) {
 
 } // namespace
 
+std::int16_t ModifiedWithout(std::int16_t now, std::int16_t kept) {
+    // What was saved since differs from its file again; what else has changed is still there.
+    return now == kModifiedByLastEdit ? kept : kTrue;
+}
+
 KeptRows KeepRows(int slot) {
     KeptRows kept;
     kept.settings = SettingsOf(RecordOf(slot));
@@ -266,33 +270,6 @@ KeptRows KeepRows(int slot) {
     kept.errorLines = gErrorLines[static_cast<std::size_t>(slot)];
     kept.links = gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
     return kept;
-}
-
-void DropRowsFrom(KeptRows& rows, std::int32_t first, std::int32_t count) {
-    RowSettings& settings = rows.settings;
-    const auto inUse = static_cast<std::size_t>(first);
-    const auto top = static_cast<std::size_t>(settings.overlayRows[0]);
-    if (top == 0) {
-        const std::vector<std::int32_t>& dips = rows.whole[0];
-        const auto valid = std::count_if(dips.begin() + first, dips.end(),
-                                         [](std::int32_t dip) { return dip != kErrorRow; });
-        settings.numValidData -= static_cast<std::int32_t>(valid);
-        settings.numData -= count;
-    } else if (settings.overlayRows[top] -= count; settings.overlayRows[top] == 0) {
-        settings.overlayKind[top] = 0;
-        --settings.overlayRows[0];
-    }
-    settings.numLoadedData -= count;
-    const auto shorten = [inUse](auto& cells) { cells.resize(std::min(cells.size(), inUse)); };
-    for (auto& cells : rows.whole) {
-        shorten(cells);
-    }
-    for (auto& cells : rows.symbols) {
-        shorten(cells);
-    }
-    shorten(rows.numbers);
-    shorten(rows.texts);
-    std::erase_if(rows.errorLines, [first](const auto& held) { return held.first >= first; });
 }
 
 void PutRowsBack(int slot, const KeptRows& rows) {
@@ -356,7 +333,7 @@ void PutAnnotationsBack(int slot, const KeptAnnotations& kept) {
         record.PlotAnnotations = std::make_unique<Annotations>(kept.annotations);
     }
     record.ShowAnnotations = kept.shown;
-    record.Modified = record.Modified != 0 ? kept.modified : kTrue;
+    record.Modified = ModifiedWithout(record.Modified, kept.modified);
 }
 
 std::uint64_t FingerprintOfAnnotations(int slot) {

@@ -18,6 +18,15 @@
 
 namespace quandrel {
 
+/// Modified of a plot that nothing has changed since the edit that can be taken back was made. Any
+/// other change writes kTrue, saving 0.
+inline constexpr std::int16_t kModifiedByLastEdit = 1;
+
+/// What Modified is once the last edit is taken back, or made again.
+/// @param now   of the plot, before that
+/// @param kept  of the plot on the other side of the edit
+[[nodiscard]] std::int16_t ModifiedWithout(std::int16_t now, std::int16_t kept);
+
 /// What the record of a plot says of its rows.
 struct RowSettings {
     std::int32_t numValidData = 0;
@@ -60,13 +69,9 @@ struct KeptRows {
 /// The rows of a plot as they stand. Throws std::bad_alloc. O(rows).
 [[nodiscard]] KeptRows KeepRows(int slot);
 
-/// Takes the last rows out of those that are kept, with the top overlay when it has no others. The
-/// range of the appended data stays.
-/// @param first  the first of them, count as many as there are behind it
-void DropRowsFrom(KeptRows& rows, std::int32_t first, std::int32_t count);
-
 /// Gives a plot the rows that were kept, and makes its table anew. Modified says that the plot
-/// differs from its file when it was saved since. Throws std::bad_alloc. O(rows).
+/// differs from its file when it was saved, or changed in other ways, since. Throws std::bad_alloc.
+/// O(rows).
 void PutRowsBack(int slot, const KeptRows& rows);
 
 /// A number that other rows of a plot have not: of its orientations, appended values, symbols, and

@@ -34,11 +34,7 @@ Numbers NumbersOfRow(std::int32_t slot, std::int32_t row) {
 }
 
 /// The axes of a fault that a plot holds, by the title of its axes; none for a fault without.
-std::vector<Numbers> AxesOfFault(std::int32_t slot, std::int32_t row, const std::string& title) {
-    const Fault fault = FaultOfRow(slot, row);
-    if (!IsReadable(fault.plane) || !IsReadable(fault.line)) {
-        return {};
-    }
+std::vector<Numbers> AxesOfFault(const Fault& fault, const std::string& title) {
     double polePlunge = 0;
     double poleTrend = 0;
     OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), polePlunge,
@@ -62,19 +58,39 @@ std::vector<Numbers> AxesOfFault(std::int32_t slot, std::int32_t row, const std:
     return axes;
 }
 
-bool HoldsAxesOf(std::int32_t slot, std::int32_t parent) {
-    const PlotRecord& record = RecordOf(slot);
-    return !record.AxesTitle.empty() && record.KinematicState == parent;
+/// The line in which the two planes of a row meet; none for parallel ones.
+std::vector<Numbers> LineOfPlanes(const Fault& planes) {
+    double plunge = 0;
+    double trend = 0;
+    IntersectPlanes(DegToRad(planes.plane.dip), DegToRad(planes.plane.azimuth),
+                    DegToRad(planes.line.dip), DegToRad(planes.line.azimuth), plunge, trend);
+    return plunge < 0 ? std::vector<Numbers>() : std::vector{NumbersOf(plunge, trend)};
 }
 
-std::vector<std::int32_t> AxesOfFaults(std::int32_t slot, std::int32_t parent,
-                                       std::span<const std::int32_t> faults) {
+/// The lines of a derived plot that are made from a row of its parent.
+std::vector<Numbers> LinesOfRow(std::int32_t derived, std::int32_t parent, std::int32_t row) {
+    const Fault fault = FaultOfRow(parent, row);
+    if (!IsReadable(fault.plane) || !IsReadable(fault.line)) {
+        return {};
+    }
+    const std::string& title = RecordOf(derived).AxesTitle;
+    return title.empty() ? LineOfPlanes(fault) : AxesOfFault(fault, title);
+}
+
+bool IsDerivedFrom(std::int32_t slot, std::int32_t parent) {
+    const PlotRecord& record = RecordOf(slot);
+    const bool holdsIntersections = RecordOf(parent).IntersectionState == slot;
+    return record.KinematicState == parent && (!record.AxesTitle.empty() || holdsIntersections);
+}
+
+std::vector<std::int32_t> LinesOfRows(std::int32_t slot, std::int32_t parent,
+                                      std::span<const std::int32_t> rows) {
     const PlotRecord& record = RecordOf(slot);
     std::set<Numbers> wanted;
-    for (const std::int32_t row : faults) {
+    for (const std::int32_t row : rows) {
         if (row <= RecordOf(parent).NumData) {
-            const std::vector<Numbers> axes = AxesOfFault(parent, row, record.AxesTitle);
-            wanted.insert(axes.begin(), axes.end());
+            const std::vector<Numbers> lines = LinesOfRow(slot, parent, row);
+            wanted.insert(lines.begin(), lines.end());
         }
     }
     std::vector<std::int32_t> found;
@@ -86,20 +102,19 @@ std::vector<std::int32_t> AxesOfFaults(std::int32_t slot, std::int32_t parent,
     return found;
 }
 
-std::vector<std::int32_t> FaultsOfAxes(std::int32_t slot, std::int32_t child,
-                                       std::span<const std::int32_t> rows) {
+std::vector<std::int32_t> RowsOfLines(std::int32_t slot, std::int32_t child,
+                                      std::span<const std::int32_t> rows) {
     std::set<Numbers> wanted;
     for (const std::int32_t row : rows) {
         if (row <= RecordOf(child).NumData) {
             wanted.insert(NumbersOfRow(child, row));
         }
     }
-    const std::string& title = RecordOf(child).AxesTitle;
     std::vector<std::int32_t> found;
     for (std::int32_t row = 1; row <= RecordOf(slot).NumData && !wanted.empty(); ++row) {
-        const std::vector<Numbers> axes = AxesOfFault(slot, row, title);
-        if (std::any_of(axes.begin(), axes.end(),
-                        [&](const Numbers& axis) { return wanted.contains(axis); })) {
+        const std::vector<Numbers> lines = LinesOfRow(child, slot, row);
+        if (std::any_of(lines.begin(), lines.end(),
+                        [&](const Numbers& line) { return wanted.contains(line); })) {
             found.push_back(row);
         }
     }
@@ -109,10 +124,11 @@ std::vector<std::int32_t> FaultsOfAxes(std::int32_t slot, std::int32_t child,
 /// True for the plots of P and of T of one parent.
 bool AreSiblings(std::int32_t slot, std::int32_t other) {
     const PlotRecord& record = RecordOf(slot);
-    return record.KinematicState != 0 && HoldsAxesOf(other, record.KinematicState)
+    const PlotRecord& partner = RecordOf(other);
+    return record.KinematicState != 0 && partner.KinematicState == record.KinematicState
            && !record.AxesTitle.empty() && record.AxesTitle != kBothAxes
-           && RecordOf(other).AxesTitle != kBothAxes
-           && RecordOf(other).AxesTitle != record.AxesTitle;
+           && !partner.AxesTitle.empty() && partner.AxesTitle != kBothAxes
+           && partner.AxesTitle != record.AxesTitle;
 }
 
 std::vector<std::int32_t> MainRowsOf(std::int32_t slot, std::span<const std::int32_t> rows) {
@@ -140,11 +156,11 @@ std::vector<std::int32_t> RowsLinkedTo(std::int32_t slot, std::int32_t source,
     if (slot == source || rows.empty() || !IsOpenSlot(slot) || !IsOpenSlot(source)) {
         return {};
     }
-    if (HoldsAxesOf(slot, source)) {
-        return AxesOfFaults(slot, source, rows);
+    if (IsDerivedFrom(slot, source)) {
+        return LinesOfRows(slot, source, rows);
     }
-    if (HoldsAxesOf(source, slot)) {
-        return FaultsOfAxes(slot, source, rows);
+    if (IsDerivedFrom(source, slot)) {
+        return RowsOfLines(slot, source, rows);
     }
     return AreSiblings(slot, source) ? MainRowsOf(slot, rows) : std::vector<std::int32_t>();
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows of different plots that belong together: the faults of a plot and the kinematic axes made
-// of them. What is selected in one is lit in the others.
+// Rows of different plots that belong together: the rows of a plot and what is made of them, the
+// kinematic axes of faults or the lines in which two planes meet. What is selected in one is lit in
+// the others.
 
 #pragma once
 
@@ -16,9 +17,9 @@ namespace quandrel {
 /// The rows of a plot that belong to rows of another one. Ascending; none for plots that have
 /// nothing to do with each other, or whose parent has been closed.
 ///
-/// Axes are known by their orientation: those of a fault, as they are worked out from it, are the
-/// rows of its axes' plot, and faults whose axes fall together share them. Of two plots of axes of
-/// one parent, the rows of P and T with one number belong together.
+/// Derived lines are known by their orientation: those of a row, as they are worked out from it,
+/// are the rows of the derived plot, and rows whose lines fall together share them. Of two plots of
+/// axes of one parent, the rows of P and T with one number belong together.
 [[nodiscard]] std::vector<std::int32_t> RowsLinkedTo(std::int32_t slot, std::int32_t source,
                                                      std::span<const std::int32_t> rows);
 

@@ -230,6 +230,15 @@ void SelectRowsInMarquee() {
     TellSelection();
 }
 
+void UseLayer(std::int16_t layer) {
+    if (gActiveLayer != layer) {
+        gActiveLayer = layer;
+        if (MarqueeStandsOn(gActivePlot)) {
+            SelectRowsInMarquee();
+        }
+    }
+}
+
 namespace {
 
 std::vector<std::int32_t> ValidRowsOf(int slot) {

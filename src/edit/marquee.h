@@ -126,8 +126,13 @@ RowsInside(const RowTable& table, const std::function<bool(Point)>& isInside,
 /// stays empty. A rose has no rows to select.
 void SelectRowsInMarquee();
 
-/// A marquee over the whole net of gActivePlot, with all that it holds: -1000, 1000, 2000, -2000. Of
-/// a rose all valid rows, without a marquee.
+/// Lets edits of gActivePlot be about a layer. A marquee that stands on the plot holds what that
+/// layer has in it.
+/// @param layer  kAnnotationLayer or kDataLayer
+void UseLayer(std::int16_t layer);
+
+/// A marquee over the whole net of gActivePlot, with all that it holds: -1000, 1000, 2000, -2000.
+/// Of a rose all valid rows, without a marquee.
 void SelectAll();
 
 /// Selects rows of a plot without a marquee. Indices that are no rows are left out.

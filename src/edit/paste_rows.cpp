@@ -9,6 +9,7 @@
 #include "edit/add_point.h"
 #include "edit/annotations.h"
 #include "edit/kept_rows.h"
+#include "edit/marquee.h"
 #include "edit/undo.h"
 #include "input/decimal_delimiter.h"
 #include "input/file_loading.h"
@@ -72,24 +73,6 @@ public:
 private:
     FormatSettings former_;
 };
-
-/// The overlay made by hand on the top of a plot, made if need be; nothing when there are too many.
-std::optional<int> OverlayForRows(PlotRecord& record) {
-    const std::int32_t top = record.OverlayRows[0];
-    if (IsOverlayMadeByHand(record, top)) {
-        return top;
-    }
-    if (top >= kMaxOverlays) {
-        Tell("You can't overlay any more points on this plot");
-        return std::nullopt;
-    }
-    const auto overlay = static_cast<std::size_t>(top) + 1;
-    record.OverlayRows[0] = top + 1;
-    record.OverlayRows[overlay] = 0;
-    record.OverlayKind[overlay] = kOverlayPolarLines;
-    record.OverlayFiles[overlay].clear();
-    return top + 1;
-}
 
 /// An empty plot takes the form of the text. Its titles and files stay.
 void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
@@ -264,13 +247,13 @@ void FinishPaste(PlotRecord& record) {
 /// Pastes rows of a known format. Gives up, and leaves the plot as it was, when none is read.
 PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
     PlotRecord& record = ActiveRecord();
-    const KeptRows before = KeepRows(gActivePlot);
+    KeptRows before = KeepRows(gActivePlot);
     if (record.NumLoadedData == 0) {
         TakeFormatOfText(record, format);
     }
     int overlay = 0;
     if (GoesIntoOverlay(record, format)) {
-        const std::optional<int> taker = OverlayForRows(record);
+        const std::optional<int> taker = OverlayForAddedRows(record);
         if (!taker) {
             return {};
         }
@@ -292,7 +275,7 @@ PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
         record.Modified = modified;
         return report;
     }
-    KeepStateForUndo(kPasteEdit, before);
+    KeepStateForUndo(kPasteEdit, std::move(before));
     FinishPaste(record);
     return report;
 }
@@ -429,10 +412,14 @@ void PasteData() {
         }
         return;
     }
+    if (ActiveRecord().PlotKind == kRose) {
+        Tell("The data on the clipboard is annotation data, and a rose has no annotations.");
+        return;
+    }
     if (gActiveLayer == kAnnotationLayer
         || AskYes("The data on the clipboard is annotation data. Plot it in the annotation "
                   "layer?")) {
-        gActiveLayer = kAnnotationLayer;
+        UseLayer(kAnnotationLayer);
         PasteAnnotationText(text);
     }
 }

@@ -286,16 +286,19 @@ void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
         drag_ = Drag::Girdle;
         ChangeUserGirdle(event.button, event.shift, event.x, event.y);
     } else if (IsAddPress(event, modes)) {
-        const bool isAnnotation = gActiveLayer == kAnnotationLayer;
-        drag_ = isAnnotation ? Drag::Polyline : Drag::Point;
-        if (isAnnotation) {
-            AddStereoPoint(event.button, event.x, event.y);
-        }
+        drag_ = gActiveLayer == kAnnotationLayer ? BeginAnnotation(event) : Drag::Point;
     } else if (isLeft && event.shift == 0 && PressSmallCircle(event.x, event.y)) {
         drag_ = Drag::Pick;
     } else if (isLeft && (event.shift == 0 || event.shift == kShiftKey)) {
         BeginMarquee(event, modes);
     }
+}
+
+PlotMouse::Drag PlotMouse::BeginAnnotation(const MouseEvent& event) {
+    const std::size_t former = AnnotationsOf(gActivePlot).size();
+    AddStereoPoint(event.button, event.x, event.y);
+    // Where none was added, as outside the net, there is none to draw on.
+    return AnnotationsOf(gActivePlot).size() > former ? Drag::Polyline : Drag::None;
 }
 
 void PlotMouse::BeginMarquee(const MouseEvent& event, const MouseModes& modes) {

@@ -98,6 +98,7 @@ private:
     [[nodiscard]] PointerShape ShapeAt(const MouseEvent& event, const MouseModes& modes) const;
     [[nodiscard]] bool IsAddPress(const MouseEvent& event, const MouseModes& modes) const;
     void Begin(const MouseEvent& event, const MouseModes& modes);
+    [[nodiscard]] static Drag BeginAnnotation(const MouseEvent& event);
     void BeginMarquee(const MouseEvent& event, const MouseModes& modes);
     void Follow(const MouseEvent& event);
     void End(const MouseEvent& event, const MouseModes& modes);

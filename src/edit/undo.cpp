@@ -9,9 +9,7 @@
 #include "stereo/plot_driver.h"
 
 #include <new>
-#include <optional>
 #include <utility>
-#include <vector>
 
 namespace quandrel {
 
@@ -28,7 +26,7 @@ struct EditMemory {
     EditKind kind = kNoEdit;
     std::optional<KeptRows> rows; ///< or else
     KeptAnnotations annotations;
-    std::vector<std::int32_t> selection;
+    KeptSelection selection;  ///< nothing where it was that of another plot
     bool isTakenBack = false; ///< the edit was undone: what is kept is the state behind it
     std::optional<std::uint64_t> seal;
 };
@@ -44,6 +42,10 @@ std::uint64_t FingerprintOf(const EditMemory& memory) {
                                         : FingerprintOfRows(memory.slot);
 }
 
+KeptSelection SelectionOf(int slot) {
+    return gMarqueeSlot == slot ? KeepSelection() : KeptSelection{};
+}
+
 EditMemory StateOfPlot(int slot, EditKind kind) {
     EditMemory memory;
     memory.slot = slot;
@@ -53,8 +55,7 @@ EditMemory StateOfPlot(int slot, EditKind kind) {
     } else {
         memory.rows = KeepRows(slot);
     }
-    const std::span<const std::int32_t> selected = SelectedRowsOf(slot);
-    memory.selection.assign(selected.begin(), selected.end());
+    memory.selection = SelectionOf(slot);
     return memory;
 }
 
@@ -81,15 +82,12 @@ bool StandsAsLeft() {
            && (!gMemory->seal || *gMemory->seal == FingerprintOf(*gMemory));
 }
 
-/// Selects the rows that were selected, the marquee about them where they were moved.
+/// Selects what was selected, and puts the marquee back where it was.
 void TakeSelection(const EditMemory& memory) {
-    if (memory.selection.empty()) {
-        ClearSelectionOf(memory.slot);
-        return;
-    }
-    SelectRows(memory.slot, memory.selection);
-    if (memory.kind == kMoveEdit) {
-        FitMarqueeToRows();
+    if (memory.selection.slot != 0) {
+        PutSelectionBack(memory.selection);
+    } else if (!IsOfAnnotations(memory.kind)) {
+        ClearSelectionOf(memory.slot); // its rows are no longer the same
     }
 }
 
@@ -105,9 +103,7 @@ void ChangePlaces() {
         } else {
             PutAnnotationsBack(gMemory->slot, gMemory->annotations);
         }
-        if (gMemory->rows) {
-            TakeSelection(*gMemory);
-        }
+        TakeSelection(*gMemory);
         gMemory = std::move(other);
     } catch (const std::bad_alloc&) {
         ForgetUndo();
@@ -157,25 +153,26 @@ void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows) {
     }
 }
 
-void KeepAddedForUndo(EditKind kind, std::int32_t firstRow, std::int32_t count) {
-    if (count <= 0) {
-        return;
+std::optional<KeptRows> RowsBeforeEdit() {
+    try {
+        return KeepRows(gActivePlot);
+    } catch (const std::bad_alloc&) {
+        // An edit that cannot be kept is made all the same.
+        return std::nullopt;
     }
-    Keep(kind);
-    if (!gMemory || !gMemory->rows) {
-        return;
-    }
-    DropRowsFrom(*gMemory->rows, firstRow, count);
-    SealUndo();
 }
 
-void KeepStateForUndo(EditKind kind, KeptRows before) {
+void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before) {
     ForgetUndo();
     ForgetRotation();
+    if (!before) {
+        return;
+    }
     EditMemory memory;
     memory.slot = gActivePlot;
     memory.kind = kind;
     memory.rows = std::move(before);
+    memory.selection = SelectionOf(gActivePlot);
     gMemory = std::move(memory);
     gLastEditKind = kind;
 }
@@ -187,6 +184,8 @@ void KeepAnnotationsForUndo(EditKind kind) {
 void SealUndo() {
     if (gMemory && IsOpenSlot(gMemory->slot)) {
         gMemory->seal = FingerprintOf(*gMemory);
+        std::int16_t& modified = RecordOf(gMemory->slot).Modified;
+        modified = modified != 0 ? kModifiedByLastEdit : modified;
     }
 }
 

@@ -2,14 +2,17 @@
 //
 // One level of undo for edits of rows and of annotations, with its inverse.
 //
-// An edit of rows calls KeepForUndo before it changes them, or KeepAddedForUndo behind an addition,
-// then SealUndo. What is kept is the rows of the plot as they were, every field of them with their
-// order and overlays; the clipboard has no part in it. An edit that is not kept calls ForgetUndo;
-// one that does not is found out by the seal.
+// An edit of rows calls KeepForUndo before it changes them, or RowsBeforeEdit before and
+// KeepStateForUndo behind it, then SealUndo. What is kept is the rows of the plot as they were,
+// every field of them with their order and overlays, and the marquee; the clipboard has no part in
+// it. An edit that is not kept calls ForgetUndo; one that does not is found out by the seal.
 
 #pragma once
 
+#include "edit/kept_rows.h"
+
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -39,15 +42,13 @@ extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be
 /// @param rows  point indices of those that the edit is about; an empty list keeps nothing
 void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows);
 
-/// Keeps what is needed to take back rows that were just added at the end of gActivePlot, without
-/// appended values, and seals it. An overlay that holds nothing but these rows goes with them.
-/// @param firstRow  the first of them
-void KeepAddedForUndo(EditKind kind, std::int32_t firstRow, std::int32_t count);
+/// The rows of gActivePlot for an edit that may come to nothing, to be handed to KeepStateForUndo
+/// once it has been made; nothing when there is no memory for them. O(rows).
+[[nodiscard]] std::optional<KeptRows> RowsBeforeEdit();
 
-struct KeptRows;
-
-/// Keeps the rows of gActivePlot as they were before an edit that has been made. Not sealed.
-void KeepStateForUndo(EditKind kind, KeptRows before);
+/// Keeps the rows of gActivePlot as they were before an edit that has been made, with the selection
+/// of the moment. Not sealed. Without rows there is nothing to take back.
+void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before);
 
 /// Keeps the annotations of gActivePlot before some of them change, come or go.
 void KeepAnnotationsForUndo(EditKind kind);

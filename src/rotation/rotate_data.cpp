@@ -130,7 +130,7 @@ RotationReport RotateData(std::int16_t state, const RotationSettings& settings) 
     RotationMemory memory = RememberRows(gActivePlot);
     StoreRows(rows, memory.symbols);
     record.RotationState = state;
-    record.Modified = kTrue;
+    record.Modified = kModifiedByRotation;
     RebuildRowTable(gActivePlot);
     KeepForUndo(std::move(memory));
     return {rows.turned, rows.withoutAxis, rows.withoutPlane};

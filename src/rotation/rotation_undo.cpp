@@ -102,8 +102,8 @@ bool UndoRotation() {
         WriteBack(change, memory.slot);
     }
     record.RotationState = memory.rotationState;
-    // Rows that were saved since differ from their file again.
-    record.Modified = record.Modified != 0 ? memory.modified : kTrue;
+    // Rows that were saved since differ from their file again, and other changes are still there.
+    record.Modified = record.Modified == kModifiedByRotation ? memory.modified : kTrue;
     RebuildRowTable(gActivePlot);
     ReplotActivePlot(true);
     return true;

@@ -21,11 +21,15 @@ struct SymbolChange {
     SymbolCode base = 0;
 };
 
+/// PlotRecord::Modified while nothing has changed the plot since a rotation: taking that back makes
+/// it what it was. Every other change writes kTrue.
+inline constexpr std::int16_t kModifiedByRotation = 2;
+
 /// The columns of a plot that a rotation changes, as they were, cell for cell from row 0.
 struct RotationMemory {
     int slot = 0;
     std::int16_t rotationState = 0;
-    std::int16_t modified = 0;
+    std::int16_t modified = 0;                           ///< PlotRecord::Modified
     std::vector<std::vector<std::int32_t>> orientations; ///< in the order of the columns
     std::vector<SymbolChange> symbols;
     std::uint64_t fingerprint = 0; ///< of the columns as the rotation left them

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "edit/marquee.h"
 #include "program/window_places.h"
 #include "rose/petal_tip.h"
 #include "shell/icons.h"
@@ -375,7 +376,7 @@ void frmPlotForms::ShowLayer(int layer) {
 
 void frmPlotForms::UseOwnLayer() {
     const bool isAnnotations = tabLayers->currentIndex() == kAnnotationTab;
-    gActiveLayer = isAnnotations ? kAnnotationLayer : kDataLayer;
+    UseLayer(isAnnotations ? kAnnotationLayer : kDataLayer);
     shpAnnUp->setVisible(isAnnotations);
 }
 

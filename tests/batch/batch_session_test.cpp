@@ -454,7 +454,7 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     ASSERT_EQ(Run(open + "secondary; get ShowSecondary; get DataKind"), "");
     EXPECT_EQ(out.str(), "-1\n2\n");
     const auto dump = Dump(open + "rotate op=3 axis=0,0 angle=90");
-    EXPECT_EQ(dump["record"]["Modified"], -1);
+    EXPECT_NE(dump["record"]["Modified"], 0);
     EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
 }
 

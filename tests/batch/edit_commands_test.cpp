@@ -45,6 +45,11 @@ TEST_F(EditCommands, TheLayerOfAnnotationsIsEditedApart) {
     EXPECT_EQ(dump["rows"]["gDataDip"].size(), 3U);
 }
 
+TEST_F(EditCommands, AMarqueeHoldsWhatTheLayerHasInIt) {
+    EXPECT_EQ(DipsAfter("layer annotations; select 300,200,900,-200; layer data; edit delete"),
+              (std::vector<int>{30, 60}));
+}
+
 TEST_F(EditCommands, GirdlesCirclesAndPointsAreSetByWords) {
     const auto dump = Dump("open \"FOLDER/planes.txt\"; girdle 1 45/120; smallcircle 2 10 20 30; "
                            "addpoint 80 200");

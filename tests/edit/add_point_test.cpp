@@ -261,6 +261,43 @@ TEST_F(AddPoint, UndoTakesThePointOffAgain) {
     EXPECT_EQ(TableOf(gActivePlot).size(), 1U);
 }
 
+TEST_F(AddPoint, UndoGivesBackTheOverlayOfTheSecondaryData) {
+    ActiveRecord().SecondaryFormat = kSecondaryLine;
+    AddRow(45, 45);
+    AddOverlay(kOverlayPolarLines, 30, 30, CodeOfStyleRow(2));
+    ActiveRecord().SelectedOverlay = 1;
+    EXPECT_TRUE(AddPointToPlot("10", "20"));
+    UndoLastEdit();
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().SelectedOverlay, 1);
+    RedoLastEdit();
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 2);
+    EXPECT_EQ(ActiveRecord().SelectedOverlay, 0);
+}
+
+TEST_F(AddPoint, UndoMakesAxesOfTheFaultsAgain) {
+    AddRow(45, 45);
+    AddRow(30, 30);
+    ActiveRecord().AxesTitle = "P & T";
+    ActiveRecord().NumValidData = 1;
+    prompts.Expect("break its link to the parent", Button::Yes);
+    EXPECT_TRUE(AddPointToPlot("10", "20"));
+    EXPECT_EQ(ActiveRecord().AxesTitle, "");
+    EXPECT_EQ(ActiveRecord().NumValidData, 3);
+    UndoLastEdit();
+    EXPECT_EQ(ActiveRecord().AxesTitle, "P & T");
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(ActiveRecord().NumData, 2);
+}
+
+TEST_F(AddPoint, UndoOfTheOnlyChangeLeavesNothingToSave) {
+    AddRow(45, 45);
+    ActiveRecord().Modified = 0;
+    EXPECT_TRUE(AddPointToPlot("10", "20"));
+    UndoLastEdit();
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+}
+
 TEST_F(AddPoint, TheAnnotationLayerGetsAMark) {
     gActiveLayer = kAnnotationLayer;
     AddStereoPoint(kRightMouseButton, 100, -50);

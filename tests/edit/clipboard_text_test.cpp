@@ -29,7 +29,7 @@ TEST_F(ClipboardText, IsInConventionOneWhateverIsInForce) {
 }
 
 TEST_F(ClipboardText, OfAllFieldsHasThemInOrder) {
-    const int slot = NewPlanes({{30, 120}, {45, 7}});
+    const int slot = NewPlanes({{30, 120}, {-5, 7}});
     AddFields();
     gData2Dip.At(slot, 2) = kErrorRow;
     gAppLineDip.At(slot, 2) = kInvalidAppendedLine;
@@ -40,7 +40,7 @@ TEST_F(ClipboardText, OfAllFieldsHasThemInOrder) {
               ";Quandrel, ver 9.5.1\r\n"
               "/T1\t/P0\t/N1\t/I2\t/C1\t/12\t/23\t/S0\t/A1\t/L1\t/W1\t/FLength\t/DRock\r\n"
               "30\t120\t11\t101\t21\t201\t1.5\trock 1\r\n"
-              "45\t7\t\t\t\t\t\t\"\"\"a\"\" b\"\r\n");
+              "-05\t07\t\t\t\t\t\t\"\"\"a\"\" b\"\r\n");
 }
 
 TEST_F(ClipboardText, LeavesErrorRowsOut) {

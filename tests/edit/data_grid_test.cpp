@@ -462,6 +462,40 @@ TEST_F(Grid, ThePlainSymbolFollowsTheSense) {
     EXPECT_EQ(gDataSymbol(gActivePlot, 2), MakeSymbolCode(6, 5, 4)) << "a symbol of the user's";
 }
 
+TEST_F(Grid, UndoTakesAllThatWasAppliedBackAtOnce) {
+    Load(30, 120);
+    DataGrid grid(gActivePlot);
+    grid.SetCell(0, 1, "35");
+    for (std::size_t row = 1; row <= 2; ++row) {
+        ASSERT_TRUE(grid.AddRow());
+        grid.SetCell(row, 1, "45");
+        grid.SetCell(row, 2, "300");
+    }
+    EXPECT_EQ(ApplyGridEdits(grid).added, 2);
+    ASSERT_EQ(Record().NumData, 3);
+    EXPECT_EQ(UndoCaption(), "&Undo Edit");
+    UndoLastEdit();
+    EXPECT_EQ(Record().NumData, 1);
+    EXPECT_EQ(Stored(1), Pair(30, 120));
+    RedoLastEdit();
+    EXPECT_EQ(Record().NumData, 3);
+    EXPECT_EQ(Stored(1), Pair(35, 120));
+}
+
+TEST_F(Grid, UndoOfNewRowsAloneTakesThemAll) {
+    Load(30, 120);
+    DataGrid grid(gActivePlot);
+    for (std::size_t row = 1; row <= 2; ++row) {
+        ASSERT_TRUE(grid.AddRow());
+        grid.SetCell(row, 1, "45");
+        grid.SetCell(row, 2, "300");
+    }
+    ApplyGridEdits(grid);
+    EXPECT_EQ(UndoCaption(), "&Undo Add");
+    UndoLastEdit();
+    EXPECT_EQ(Record().NumData, 1);
+}
+
 TEST_F(Grid, ANewRowIsAddedWithItsValues) {
     Load(30, 120);
     AddAllColumns();

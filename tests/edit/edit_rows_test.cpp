@@ -72,7 +72,7 @@ TEST_F(EditRows, CutOfAllRowsLeavesAnEmptyPlotAndUndoPutsThemBack) {
     EditSelection(kCutItem);
     const PlotRecord& record = RecordOf(slot);
     EXPECT_EQ(record.NumValidData, 0);
-    EXPECT_EQ(record.Modified, kTrue);
+    EXPECT_NE(record.Modified, 0);
     EXPECT_EQ(gLastEditKind, kCutEdit);
     EXPECT_EQ(UndoCaption(), "&Undo Cut");
     UndoEdits();
@@ -181,7 +181,7 @@ TEST_F(EditRows, UndoPutsTheStateOfTheFileBack) {
     RedoEdits();
     RecordOf(slot).Modified = 0; // saved
     UndoEdits();
-    EXPECT_EQ(RecordOf(slot).Modified, kTrue);
+    EXPECT_NE(RecordOf(slot).Modified, 0);
 }
 
 TEST_F(EditRows, CutOfTheLastOverlayRowsRemovesTheOverlay) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
 #include "edit/linked_rows.h"
 #include "edit/marquee.h"
@@ -89,6 +90,28 @@ TEST_F(LinkedRows, TheTwoPlotsOfAxesGoByTheirNumbers) {
     EXPECT_EQ(RowsLinkedTo(extension, shortening, Rows{2, 3}), (Rows{2, 3}));
     EXPECT_EQ(RowsLinkedTo(extension, parent, Rows{1}).size(), 1U);
     EXPECT_EQ(RowsLinkedTo(shortening, parent, Rows{1}).size(), 1U);
+}
+
+TEST_F(LinkedRows, PairsOfPlanesAndTheirIntersectionsLightEachOther) {
+    const int source = NewPlot();
+    ActiveRecord().PrimaryFormat = kPrimaryPlane;
+    ActiveRecord().SecondaryFormat = kSecondaryPlane;
+    ActiveRecord().DataKind = kPlanes;
+    // Two planes that dip as much to the east and to the west meet in a level line to the north;
+    // upright ones to the east and to the north in the plumb line.
+    AddFault(45, 90, 45, 270);
+    AddFault(90, 90, 90, 0);
+    AddFault(30, 120, 30, 120); // parallel
+    ASSERT_TRUE(MakeIntersectionPlot());
+    const int lines = gActivePlot;
+    ASSERT_NE(lines, source);
+    EXPECT_EQ(RowsLinkedTo(lines, source, Rows{1}), Rows{1});
+    EXPECT_EQ(RowsLinkedTo(lines, source, Rows{2}), Rows{2});
+    EXPECT_EQ(RowsLinkedTo(lines, source, Rows{3}), Rows{});
+    EXPECT_EQ(RowsLinkedTo(source, lines, Rows{2}), Rows{2});
+    EXPECT_TRUE(RowsLinkedTo(parent, lines, Rows{1}).empty());
+    SelectRows(lines, {1});
+    EXPECT_EQ(LitPlaces(source).size(), 1U);
 }
 
 TEST_F(LinkedRows, StrangersLightNothing) {

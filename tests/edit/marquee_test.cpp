@@ -221,6 +221,23 @@ TEST_F(MarqueeTest, TheMarqueeFitsAboutTheRows) {
     EXPECT_EQ(about.top, 10);
 }
 
+TEST_F(MarqueeTest, TheMarqueeHoldsWhatTheLayerHasInIt) {
+    AddRow(45, 90);
+    UseLayer(kAnnotationLayer);
+    StandMarquee(gActivePlot, {400, 200}, {700, -200});
+    SelectRowsInMarquee();
+    ASSERT_TRUE(gSelectionRows.empty());
+    UseLayer(kDataLayer);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    UseLayer(kAnnotationLayer);
+    EXPECT_TRUE(gSelectionRows.empty());
+    EXPECT_TRUE(MarqueeStands());
+    // Rows that were picked one by one are not about a place.
+    SelectRows(gActivePlot, {1});
+    UseLayer(kDataLayer);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+}
+
 TEST_F(MarqueeTest, EachPlaceIsGivenOnce) {
     AddRow(0, 90);
     AddRow(0, 90);

@@ -38,7 +38,7 @@ TEST_F(PasteRows, IntoAnEmptyPlotTakesTheKindOfTheTextAndAsksNothing) {
         EXPECT_EQ(record.PrimaryFormat, kind == kPlanes ? kPrimaryPlane : kPrimaryLine);
         EXPECT_EQ(record.NumValidData, 1);
         EXPECT_EQ(record.NumLoadedData, 1);
-        EXPECT_EQ(record.Modified, kTrue);
+        EXPECT_NE(record.Modified, 0);
         EXPECT_EQ(gDataDip(slot, 1), 30);
         EXPECT_EQ(gDataAz(slot, 1), 120);
         EXPECT_EQ(gLastEditKind, kPasteEdit);
@@ -506,6 +506,16 @@ TEST_F(PasteRows, AppendedNumbersWithTheOtherDelimiterCanEndThePaste) {
         ReleasePlotSlot(slot);
     }
     gConvertDecimals = false;
+}
+
+TEST_F(PasteRows, ARoseIsNotAskedAboutAnnotations) {
+    const int slot = NewPlanes({{30, 120}});
+    RecordOf(slot).PlotKind = kRose;
+    clipboard.SetText(";Quandrel, ver 9.5.1\r\n/Annotations 1\r\n10\t20\t21\t3\t4\t0\t1\r\n");
+    Expect("a rose has no annotations");
+    PasteData();
+    EXPECT_EQ(gActiveLayer, kDataLayer);
+    EXPECT_EQ(RecordOf(slot).PlotAnnotations, nullptr);
 }
 
 } // namespace

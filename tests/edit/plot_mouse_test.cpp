@@ -257,6 +257,18 @@ TEST_F(PlotMouseTest, AltAndDragOnTheAnnotationLayerMakesAPolyline) {
     EXPECT_EQ(ActiveRecord().NumData, 0);
 }
 
+TEST_F(PlotMouseTest, ADragFromOutsideTheNetDrawsOnNoOtherAnnotation) {
+    gActiveLayer = kAnnotationLayer;
+    ASSERT_TRUE(AddAnnotation(kLeftMouseButton, 10, 20));
+    for (const Point& from : {Point{1050, 0}, Point{-900, 900}}) {
+        (void)mouse.Press({kLeftMouseButton, kAltKey, from.x, from.y}, modes);
+        (void)mouse.Move({0, kAltKey, 300, 0}, modes);
+        (void)mouse.Release({kLeftMouseButton, kAltKey, 200, 0}, modes);
+    }
+    ASSERT_EQ(AnnotationsOf(gActivePlot).size(), 1U);
+    EXPECT_TRUE(AnnotationsOf(gActivePlot)[0].LineNodes.empty());
+}
+
 TEST_F(PlotMouseTest, AnnotationsAreMovedOnTheirLayer) {
     gActiveLayer = kAnnotationLayer;
     ASSERT_TRUE(AddAnnotation(kLeftMouseButton, 10, 20));

@@ -49,9 +49,11 @@ TEST_F(Undo, OfAnAddedRowTakesItAway) {
     const int slot = NewPlanes({{31, 121}});
     AddFields();
     const Texts before = Rows(slot);
+    std::optional<KeptRows> alone = RowsBeforeEdit();
     AddRow(5, 6);
     const Texts behind = Rows(slot);
-    KeepAddedForUndo(kAddEdit, 2, 1);
+    KeepStateForUndo(kAddEdit, std::move(alone));
+    SealUndo();
     EXPECT_EQ(Rows(slot), behind);
     UndoLastEdit();
     EXPECT_EQ(Rows(slot), before);
@@ -62,8 +64,10 @@ TEST_F(Undo, OfAnAddedRowTakesItAway) {
 TEST_F(Undo, OfAnAddedRowTakesAnOverlayThatHoldsNothingElse) {
     const int slot = NewPlanes({{31, 121}});
     const Texts before = Rows(slot);
+    std::optional<KeptRows> alone = RowsBeforeEdit();
     AddOverlay(kOverlayPolarLines, 5, 6, CodeOfStyleRow(2));
-    KeepAddedForUndo(kAddEdit, 2, 1);
+    KeepStateForUndo(kAddEdit, std::move(alone));
+    SealUndo();
     UndoLastEdit();
     EXPECT_EQ(Rows(slot), before);
     EXPECT_EQ(RecordOf(slot).OverlayRows[0], 0);
@@ -79,11 +83,50 @@ TEST_F(Undo, AfterADisplayChangeStillGivesTheRowsBack) {
     EXPECT_EQ(RecordOf(slot).PlotKind, kEqualAngle);
 }
 
+TEST_F(Undo, OfAMovePutsTheMarqueeBackWhereItWas) {
+    const int slot = NewLines({{45, 90}});
+    StandMarquee(slot, {400, 100}, {700, -100});
+    SelectRowsInMarquee();
+    ASSERT_EQ(gSelectionRows, (std::vector<std::int32_t>{1}));
+    Move(slot, 1, 60);
+    ShiftMarquee(-200, 50);
+    const std::array<float, 7> moved = gMarquee;
+    UndoLastEdit();
+    EXPECT_EQ(gMarquee, (std::array<float, 7>{0, 400, 100, 300, -200, 0, 9999}));
+    EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1}));
+    RedoLastEdit();
+    EXPECT_EQ(gMarquee, moved);
+}
+
+TEST_F(Undo, OfAMovePutsALassoBack) {
+    const int slot = NewLines({{45, 90}});
+    StandLasso(slot, {{400, 100}, {700, 100}, {550, -300}});
+    SelectRowsInMarquee();
+    Move(slot, 1, 60);
+    ShiftMarquee(-200, 50);
+    UndoLastEdit();
+    ASSERT_EQ(gLasso.size(), 3U);
+    EXPECT_EQ(gLasso[2].x, 550);
+    EXPECT_EQ(gLasso[2].y, -300);
+}
+
+TEST_F(Undo, LeavesWhatElseHasChangedToBeSaved) {
+    const int slot = NewPlanes({{31, 121}});
+    RecordOf(slot).Modified = 0;
+    Move(slot, 1, 77);
+    RecordOf(slot).Modified = kTrue; // a girdle is drawn
+    UndoLastEdit();
+    EXPECT_NE(RecordOf(slot).Modified, 0);
+    RedoLastEdit();
+    UndoLastEdit();
+    EXPECT_NE(RecordOf(slot).Modified, 0);
+}
+
 TEST_F(Undo, AnEmptyListKeepsNothing) {
     NewPlanes({{31, 121}});
     KeepForUndo(kMoveEdit, {});
     EXPECT_FALSE(CanUndo());
-    KeepAddedForUndo(kAddEdit, 2, 0);
+    KeepStateForUndo(kAddEdit, std::nullopt);
     EXPECT_FALSE(CanUndo());
 }
 

@@ -120,5 +120,14 @@ TEST_F(UndoOfRotation, OfRowsThatWereSavedMakesThemUnsavedAgain) {
     EXPECT_NE(ActiveRecord().Modified, 0);
 }
 
+TEST_F(UndoOfRotation, LeavesAnotherChangeUnsaved) {
+    PlotOf(kPrimaryPlane, kPlanes, {{60, 90}});
+    ActiveRecord().Modified = 0;
+    Rotate(AboutAxis(33, 71, 101));
+    ActiveRecord().Modified = kTrue; // a girdle, or a description
+    EXPECT_TRUE(UndoRotation());
+    EXPECT_NE(ActiveRecord().Modified, 0);
+}
+
 } // namespace
 } // namespace quandrel

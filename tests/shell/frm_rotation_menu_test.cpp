@@ -281,7 +281,7 @@ TEST_F(RotationMenuTest, RotatesThePlotAndCloses) {
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(RowsNow(), (Rows{{0, 30}, {30, 150}, {60, 20}}));
     EXPECT_EQ(ActiveRecord().RotationState, kRotateAboutAxis);
-    EXPECT_EQ(ActiveRecord().Modified, kTrue);
+    EXPECT_NE(ActiveRecord().Modified, 0);
     EXPECT_TRUE(CanUndoRotation());
     EXPECT_FALSE(dialog->HasPreview());
     EXPECT_EQ(gRotFocusBox, kNoRotationFocus);
