@@ -5,5 +5,6 @@
 namespace quandrel {
 
 RowFollower gRowFollower;
+std::function<std::string(int slot)> gLinkedTable;
 
 } // namespace quandrel

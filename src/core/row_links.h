@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace quandrel {
 
@@ -28,5 +29,8 @@ struct RowFollower {
 };
 
 extern RowFollower gRowFollower;
+
+/// The table that a plot is linked to; empty for none. May be empty.
+extern std::function<std::string(int slot)> gLinkedTable;
 
 } // namespace quandrel

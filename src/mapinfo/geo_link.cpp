@@ -110,6 +110,10 @@ int MIGeoLinks::SlotOfTable(std::string_view table) const {
 }
 
 void FollowRowsOfPlots() {
+    gLinkedTable = [](int slot) {
+        const MIGeoLink* link = gMIGeoLinks.Item(slot);
+        return link != nullptr ? link->MITableName : std::string();
+    };
     gRowsLeaveLink = [](std::int32_t slot, std::span<const std::int32_t> rows) {
         if (MIGeoLink* link = gMIGeoLinks.Item(slot)) {
             link->RemoveGeoRows(rows);

@@ -115,9 +115,12 @@ void EndAction() {
 }
 
 void TellOfNoSession(const char* reason) {
-    (void)gPlatform.prompts->Ask({"MapInfo Linking...",
-                                  std::string(reason) + "\nThe link will have to be abandoned.",
-                                  Icon::Stop, Buttons::Ok});
+    std::string text = std::string(reason) + "\nThe link will have to be abandoned.";
+    if (gMapLinkPort.sessions != nullptr) {
+        const std::string help = gMapLinkPort.sessions->Help();
+        text += help.empty() ? "" : "\n\n" + help;
+    }
+    (void)gPlatform.prompts->Ask({"MapInfo Linking...", text, Icon::Stop, Buttons::Ok});
 }
 
 std::uint64_t MainWindowHandle() {

@@ -138,6 +138,9 @@ public:
 
     /// True when there is a map program that could be started.
     [[nodiscard]] virtual bool IsRegistered() = 0;
+
+    /// What would help when Start gave nothing; empty for nothing.
+    [[nodiscard]] virtual std::string Help() { return {}; }
 };
 
 } // namespace quandrel

@@ -12,6 +12,9 @@
 #include "edit/marquee.h"
 #include "edit/small_circle_pick.h"
 #include "input/file_loading.h"
+#include "mapinfo/map_commands.h"
+#include "mapinfo/map_link.h"
+#include "mapinfo/selection_link.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "program/closing.h"
@@ -24,11 +27,13 @@
 #include "shell/data_displays.h"
 #include "shell/frm_help.h"
 #include "shell/frm_intro.h"
+#include "shell/frm_mapinfo.h"
 #include "shell/frm_plot_forms.h"
 #include "shell/frm_preferences.h"
 #include "shell/girdle_panel.h"
 #include "shell/icons.h"
 #include "shell/main_menus.h"
+#include "shell/map_link_windows.h"
 #include "shell/net_mouse.h"
 #include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
@@ -144,6 +149,7 @@ GeolPlotMain::GeolPlotMain()
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
     gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
     gSelectionChanged = [this] { SelectionChanged(); };
+    MakeMapLink();
     ConnectFileCommands();
     ConnectCopyCommands();
     ConnectEditCommands();
@@ -163,6 +169,7 @@ GeolPlotMain::GeolPlotMain()
 }
 
 GeolPlotMain::~GeolPlotMain() {
+    mapLink_.reset();
     // Plot windows belong to the store, and must not outlive the room that they stand in.
     for (auto& form : gPlotForm) {
         form.reset();
@@ -252,6 +259,15 @@ void GeolPlotMain::MakeMouse() {
     signs.done = [this] { UpdatePlotState(); };
     mouse_ = std::make_unique<NetMouse>(*dialogs_, commands_->Of("mnuEditAddMode"),
                                         commands_->Of("mnuEditLasso"), std::move(signs));
+}
+
+void GeolPlotMain::MakeMapLink() {
+    MapLinkSigns signs;
+    signs.plotted = [this](const std::string& command) {
+        AfterOpening(QString::fromStdString(command));
+    };
+    signs.done = [this] { UpdatePlotState(); };
+    mapLink_ = std::make_unique<MapLinkWindows>(*this, *room_, *toolMapInfo_, std::move(signs));
 }
 
 std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
@@ -360,6 +376,7 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
     if (!SaveSettings(kSessionGroup)) {
         Tell("The settings of this session could not be saved.");
     }
+    CloseMapInfoLink();
     CloseHelp();
     event->accept();
 }
@@ -436,15 +453,17 @@ void GeolPlotMain::UpdatePlotState() {
     menus_->RefreshRecent();
     RefreshWindowMenu();
     GirdleBoxDisplay();
-    intro_->setVisible(!hasPlots);
+    UpdateMapLink();
+    intro_->setVisible(!hasPlots && !IsMapInfoLinked());
     if (!hasPlots) {
         intro_->Refresh();
         PlaceIntro();
     }
     if (frmPlotForms* form = ActiveForm()) {
         form->FollowRecord();
-        if (room_->activeSubWindow() != form) {
-            // The plot that the engine went back to comes to the front.
+        const QMdiSubWindow* front = room_->activeSubWindow();
+        if (front != form && dynamic_cast<const frmMapinfo*>(front) == nullptr) {
+            // The plot that the engine went back to comes to the front, but not before the map.
             room_->setActiveSubWindow(form);
         }
     }
@@ -505,6 +524,13 @@ void GeolPlotMain::SelectionChanged() {
     NetMouse::UpdateOverlays();
     displays_->SelectionChanged();
     UpdateEditMenus();
+    FollowSelectionInMap();
+}
+
+void GeolPlotMain::UpdateMapLink() {
+    commands_->Enable("mnuMapinfo_1", IsMapInfoLinked());
+    commands_->Enable("mnuMapinfoToolbar", true, gMIToolbarShow);
+    UpdateMIMenus();
 }
 
 void GeolPlotMain::UpdatePaste() {

@@ -25,6 +25,7 @@ class Commands;
 class DataDisplays;
 class GirdlePanel;
 class MainMenus;
+class MapLinkWindows;
 class NetMouse;
 class PlotForm;
 class ToolStrip;
@@ -83,6 +84,8 @@ private:
     void MakeToolBars();
     void MakePlotRoom();
     void MakeMouse();
+    void MakeMapLink();
+    void UpdateMapLink();
     void ConnectFileCommands();
     void ConnectCopyCommands();
     void ConnectEditCommands();
@@ -139,6 +142,7 @@ private:
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;
+    std::unique_ptr<MapLinkWindows> mapLink_;
 };
 
 } // namespace quandrel

@@ -14,6 +14,8 @@
 #include "edit/undo.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
+#include "mapinfo/map_commands.h"
+#include "mapinfo/map_link.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
@@ -312,6 +314,11 @@ void GeolPlotMain::ConnectWindowCommands() {
     for (int way = 0; way < 4; ++way) {
         commands_->Connect(Numbered("mnuWindow", way), [this, way] { ArrangeWindows(way); });
     }
+    for (const char* name : {"mnuFileMILink", "mnuMapinfo_0"}) {
+        commands_->Connect(name, [] { static_cast<void>(StartMapInfoLink()); });
+    }
+    commands_->Connect("mnuMapinfo_1", [] { CloseMapInfoLink(); });
+    commands_->Connect("mnuMapinfoToolbar", [] { ShowMIToolbar(!gMIToolbarShow); });
     commands_->Connect("mnuHelpQuandrel_0", [] { ShowHelp(); });
     commands_->Connect("mnuHelpQuandrel_1", [] { ShowHelp(kHowToUseHelpPage); });
     commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });

@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/row_links.h"
 #include "core/settings.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
@@ -320,7 +321,11 @@ std::string TitleOfPlot() {
 }
 
 void UpdateTitle() {
-    FormOf(gActivePlot).SetCaption(TitleOfPlot());
+    std::string title = TitleOfPlot();
+    if (ActiveRecord().MapInfoLinked != 0 && gLinkedTable) {
+        title += " {Linked to: " + gLinkedTable(gActivePlot) + "}";
+    }
+    FormOf(gActivePlot).SetCaption(title);
 }
 
 } // namespace quandrel
