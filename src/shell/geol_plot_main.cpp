@@ -583,14 +583,18 @@ void GeolPlotMain::RefreshWindowMenu() {
     }
     for (QMdiSubWindow* window : room_->subWindowList()) {
         const auto* form = dynamic_cast<frmPlotForms*>(window);
-        if (form == nullptr || !IsOpenSlot(form->Slot())) {
+        if (form != nullptr && !IsOpenSlot(form->Slot())) {
             continue;
         }
-        const QString title = QString::fromStdString(RecordOf(form->Slot()).PlotTitle);
+        // Of the windows that are not plots' there is that of the map link.
+        const QString title = form != nullptr
+                                  ? QString::fromStdString(RecordOf(form->Slot()).PlotTitle)
+                                  : window->windowTitle();
         QAction* action = menu.addAction(QString(title).replace("&", "&&"));
-        action->setObjectName("mnuWindowPlot_" + QString::number(form->Slot()));
+        action->setObjectName("mnuWindowPlot_"
+                              + QString::number(form != nullptr ? form->Slot() : 0));
         action->setCheckable(true);
-        action->setChecked(form->Slot() == gActivePlot);
+        action->setChecked(window == room_->activeSubWindow());
         connect(action, &QAction::triggered, this, [this, window] {
             if (window->isMinimized()) {
                 window->showNormal();
@@ -611,12 +615,7 @@ void GeolPlotMain::PlaceBeside(int slot, int neighbour) {
 }
 
 void GeolPlotMain::ArrangeWindows(int way) {
-    QList<frmPlotForms*> windows;
-    for (QMdiSubWindow* window : room_->subWindowList(QMdiArea::CreationOrder)) {
-        if (auto* form = dynamic_cast<frmPlotForms*>(window)) {
-            windows << form;
-        }
-    }
+    const QList<QMdiSubWindow*> windows = room_->subWindowList(QMdiArea::CreationOrder);
     Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size());
 }
 

@@ -51,9 +51,17 @@ QList<QRect> Tiles(qsizetype count, bool across, QSize room) {
     return places;
 }
 
-void ArrangeIcons(const QList<frmPlotForms*>& icons, QSize room) {
+void PlaceWindow(QMdiSubWindow& window, const QRect& place) {
+    if (auto* form = dynamic_cast<frmPlotForms*>(&window)) {
+        form->Place(place); // not the user's doing
+    } else {
+        window.setGeometry(place);
+    }
+}
+
+void ArrangeIcons(const QList<QMdiSubWindow*>& icons, QSize room) {
     int left = 0;
-    for (frmPlotForms* icon : icons) {
+    for (QMdiSubWindow* icon : icons) {
         icon->move(left, room.height() - icon->height());
         left += icon->width();
     }
@@ -72,10 +80,10 @@ QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room) {
     return places;
 }
 
-void Arrange(const QList<frmPlotForms*>& windows, Arrangement way, QSize room) {
-    QList<frmPlotForms*> open;
-    QList<frmPlotForms*> icons;
-    for (frmPlotForms* window : windows) {
+void Arrange(const QList<QMdiSubWindow*>& windows, Arrangement way, QSize room) {
+    QList<QMdiSubWindow*> open;
+    QList<QMdiSubWindow*> icons;
+    for (QMdiSubWindow* window : windows) {
         (window->isMinimized() ? icons : open) << window;
     }
     if (way != Arrangement::Icons) {
@@ -86,7 +94,7 @@ void Arrange(const QList<frmPlotForms*>& windows, Arrangement way, QSize room) {
             if (open[i]->isMaximized()) {
                 open[i]->showNormal();
             }
-            open[i]->Place(places[i]);
+            PlaceWindow(*open[i], places[i]);
             if (way == Arrangement::Cascade) {
                 open[i]->raise();
             }

@@ -8,9 +8,9 @@
 #include <QRect>
 #include <QSize>
 
-namespace quandrel {
+class QMdiSubWindow;
 
-class frmPlotForms;
+namespace quandrel {
 
 /// In the order of the Window menu.
 enum class Arrangement { Cascade = 0, TileVertically = 1, TileHorizontally = 2, Icons = 3 };
@@ -26,6 +26,6 @@ enum class Arrangement { Cascade = 0, TileVertically = 1, TileHorizontally = 2, 
 [[nodiscard]] QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room);
 
 /// Arranges windows. Minimised ones stay so, along the lower edge of the room.
-void Arrange(const QList<frmPlotForms*>& windows, Arrangement way, QSize room);
+void Arrange(const QList<QMdiSubWindow*>& windows, Arrangement way, QSize room);
 
 } // namespace quandrel
