@@ -18,6 +18,10 @@ bool AskToGoOn(const std::string& text) {
            == Button::Ok;
 }
 
+bool AskYes(const std::string& text) {
+    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
+}
+
 std::string FileTitleOf(const std::string& path) {
     const std::size_t slash = path.find_last_of("/\\");
     return slash == std::string::npos ? path : path.substr(slash + 1);

@@ -18,6 +18,9 @@ void Tell(const std::string& text, Icon icon = Icon::Exclamation);
 /// Asks with OK and Cancel; true for OK.
 [[nodiscard]] bool AskToGoOn(const std::string& text);
 
+/// Asks with Yes and No; true for Yes.
+[[nodiscard]] bool AskYes(const std::string& text);
+
 /// A path's last component.
 [[nodiscard]] std::string FileTitleOf(const std::string& path);
 

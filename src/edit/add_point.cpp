@@ -29,10 +29,6 @@ namespace {
 
 constexpr const char* kContinueQuestion = "\nContinue and add the new data point?";
 
-[[nodiscard]] bool AskYes(const std::string& text) {
-    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
-}
-
 std::string QuestionOfAxes(const PlotRecord& record) {
     std::string text = "If you manually add points to this plot of kinematic axes you will break "
                        "its link to the parent fault data plot.";

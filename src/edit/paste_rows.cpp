@@ -36,10 +36,6 @@ constexpr const char* kPasteCommand = "Paste";
 std::optional<FormatSettings> gPasteFormat;
 bool gPasteShowsSecondary = false;
 
-[[nodiscard]] bool AskYes(const std::string& text) {
-    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
-}
-
 const char* NameOfKind(std::int16_t dataKind) {
     return dataKind == kPolarLines ? "polar lines" : dataKind == kLines ? "lines" : "planes";
 }

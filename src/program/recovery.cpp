@@ -123,22 +123,18 @@ std::string CopyName(int slot) {
     return std::string(kCopyBegin) + std::to_string(slot) + kBinaryEnding;
 }
 
-[[nodiscard]] bool AskYesNo(const std::string& text) {
-    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
-}
-
 [[nodiscard]] bool WantsThemBack(std::size_t count) {
-    return AskYesNo(count == 1 ? "Quandrel was not closed properly. 1 plot was not saved.\n"
-                                 "Open it again?"
-                               : "Quandrel was not closed properly. " + std::to_string(count)
-                                     + " plots were not saved.\nOpen them again?");
+    return AskYes(count == 1 ? "Quandrel was not closed properly. 1 plot was not saved.\n"
+                               "Open it again?"
+                             : "Quandrel was not closed properly. " + std::to_string(count)
+                                   + " plots were not saved.\nOpen them again?");
 }
 
 [[nodiscard]] bool MayRemove(std::size_t count) {
-    return AskYesNo(count == 1 ? "Remove the unsaved plot for good?\n"
-                                 "If the answer is No it is offered again at the next start."
-                               : "Remove the unsaved plots for good?\n"
-                                 "If the answer is No they are offered again at the next start.");
+    return AskYes(count == 1 ? "Remove the unsaved plot for good?\n"
+                               "If the answer is No it is offered again at the next start."
+                             : "Remove the unsaved plots for good?\n"
+                               "If the answer is No they are offered again at the next start.");
 }
 
 } // namespace

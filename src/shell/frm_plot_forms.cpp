@@ -9,6 +9,7 @@
 #include "rose/petal_tip.h"
 #include "shell/icons.h"
 #include "shell/picture_box.h"
+#include "shell/widget_font.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 
@@ -35,18 +36,6 @@ constexpr int kLegendMargin = 5;
 constexpr const char* kDescriptionHint = "Enter description of data if required";
 constexpr const char* kFabricHint = "Enter name of structural fabric";
 
-QFont FontOf(const PlotFont& font) {
-    QFont made;
-    if (!font.font.family.empty()) {
-        made.setFamily(QString::fromStdString(font.font.family));
-    }
-    made.setPointSizeF(std::max(font.font.points, 1.0));
-    made.setBold(font.font.bold);
-    made.setItalic(font.font.italic);
-    made.setUnderline(font.font.underline);
-    return made;
-}
-
 /// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
 void UseFont(QWidget& box, PlotFontPlace place) {
     const PlotFont& font = gPlotFonts[place];
@@ -58,7 +47,7 @@ void UseFont(QWidget& box, PlotFontPlace place) {
     palette.setColor(QPalette::WindowText, colour);
     palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
     box.setPalette(palette);
-    box.setFont(FontOf(font));
+    box.setFont(WidgetFont(font));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "shell/frm_preferences.h"
 #include "shell/sample_button.h"
+#include "shell/widget_font.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -76,18 +77,6 @@ constexpr std::array<FontCaption, 10> kFontCaptions = {{
 QColor ColourOfValue(std::uint32_t value) {
     const Colour colour = ColourFromValue(value);
     return {colour.red, colour.green, colour.blue};
-}
-
-QFont FontOf(const PlotFont& font) {
-    QFont made;
-    if (!font.font.family.empty()) {
-        made.setFamily(QString::fromStdString(font.font.family));
-    }
-    made.setPointSizeF(std::max(font.font.points, 1.0));
-    made.setBold(font.font.bold);
-    made.setItalic(font.font.italic);
-    made.setUnderline(font.font.underline);
-    return made;
 }
 
 QString NameOf(const PlotFont& font) {
@@ -357,7 +346,7 @@ void frmPreferences::ShowFonts() {
     for (std::size_t i = 0; i < txtFontBox.size(); ++i) {
         const PlotFont& font = now_.fonts[i];
         const auto value = static_cast<std::uint32_t>(font.colour);
-        QFont sample = FontOf(font);
+        QFont sample = WidgetFont(font);
         sample.setPointSizeF(std::min(sample.pointSizeF(), kLargestSample));
         QPalette paper = txtFontBox[i]->palette();
         paper.setColor(QPalette::Base, Qt::white);
@@ -373,7 +362,7 @@ void frmPreferences::ShowFonts() {
 }
 
 void frmPreferences::ChooseFont(std::size_t font) {
-    const auto chosen = askFont(FontOf(now_.fonts[font]));
+    const auto chosen = askFont(WidgetFont(now_.fonts[font]));
     if (!chosen) {
         return;
     }
@@ -430,7 +419,7 @@ void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox) {
     const auto use = [](QLabel& label, PlotFontPlace place) {
         const PlotFont& font = gPlotFonts[place];
         const bool isChosen = !(font.font == FontSpec{});
-        label.setFont(isChosen ? FontOf(font) : QFont());
+        label.setFont(isChosen ? WidgetFont(font) : QFont());
         QPalette colours;
         if (font.colour != 0) { // black stands for the colour of the desktop's texts
             colours.setColor(QPalette::WindowText,

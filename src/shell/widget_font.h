@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+//
+// The fonts of the settings as widgets take them.
+
+#pragma once
+
+#include "core/settings.h"
+
+#include <QFont>
+
+namespace quandrel {
+
+/// A font of gPlotFonts; that of the program where no family was chosen.
+[[nodiscard]] QFont WidgetFont(const PlotFont& font);
+
+} // namespace quandrel
