@@ -17,6 +17,7 @@
 #include <QPdfWriter>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
@@ -26,7 +27,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 
 namespace quandrel {
@@ -316,17 +316,15 @@ std::string ReadWhole(const fs::path& path) {
 }
 
 TEST(HelpTopicsOfWindows, CoverEveryDialogOfTheProgramByItsName) {
-    const std::regex dialog(R"(class (\w+) : public Q(?:Dialog|MainWindow|MdiSubWindow))");
+    const QRegularExpression dialog("class (\\w+) : public Q(?:Dialog|MainWindow|MdiSubWindow)");
     int count = 0;
     for (const auto& file : fs::directory_iterator(fs::path(QUANDREL_SOURCE_DIR) / "src/shell")) {
         if (file.path().extension() != ".h") {
             continue;
         }
-        const std::string header = ReadWhole(file.path());
-        const std::sregex_iterator end;
-        for (std::sregex_iterator found(header.begin(), header.end(), dialog); found != end;
-             ++found) {
-            const std::string name = (*found)[1];
+        const QString header = QString::fromStdString(ReadWhole(file.path()));
+        for (auto found = dialog.globalMatch(header); found.hasNext();) {
+            const std::string name = found.next().captured(1).toStdString();
             ++count;
             EXPECT_FALSE(HelpPageOf(name).empty()) << "no page for " << name;
             fs::path source = file.path();
