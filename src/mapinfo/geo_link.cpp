@@ -7,6 +7,7 @@
 #include "core/row_links.h"
 #include "edit/add_point.h"
 #include "edit/edit_rows.h"
+#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <memory>
@@ -42,6 +43,13 @@ void PutLinkBack(int slot, const std::shared_ptr<const void>& kept) {
     }
     *link = *former;
     link->CutGeoRows(RecordOf(slot).NumLoadedData);
+}
+
+/// Brings the caption of a plot up to date, whichever is the active one.
+void ShowTitleOf(int slot) {
+    const std::int32_t formerPlot = std::exchange(gActivePlot, slot);
+    UpdateTitle();
+    gActivePlot = formerPlot;
 }
 
 } // namespace
@@ -135,8 +143,9 @@ void FollowRowsOfPlots() {
 
 void RemoveGeoLink(int slot) {
     gMIGeoLinks.Remove(slot);
-    if (IsOpenSlot(slot)) {
+    if (IsOpenSlot(slot) && RecordOf(slot).MapInfoLinked != 0) {
         RecordOf(slot).MapInfoLinked = 0;
+        ShowTitleOf(slot);
     }
 }
 

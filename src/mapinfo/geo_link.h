@@ -83,7 +83,7 @@ extern MIGeoLinks gMIGeoLinks;
 /// From now on the links follow the rows of their plots, and go with them. Called at start.
 void FollowRowsOfPlots();
 
-/// Takes the link of a plot away, with its mark in the plot.
+/// Takes the link of a plot away, with its mark in the plot and in the plot's caption.
 void RemoveGeoLink(int slot);
 
 /// Takes all links away.

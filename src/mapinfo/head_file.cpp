@@ -37,7 +37,7 @@ std::string FileNameOf(const std::string& table) {
         name += isPlain ? c : '_';
     }
     constexpr std::size_t kLongestName = 100;
-    return (name.empty() ? "table" : name.substr(0, kLongestName)) + ".txt";
+    return name.empty() ? "table" : name.substr(0, kLongestName);
 }
 
 } // namespace

@@ -121,7 +121,9 @@ void RunInSession(const MapCommand& command) {
                             ? MIDo("Run Menu Command ID " + std::to_string(command.id))
                             : MIRunMenuCommand(command.id);
     if (!isDone) {
-        TellInMapAction(command.kind == Kind::Menu ? kCommandFailed : kToolFailed);
+        const std::string failure = command.kind == Kind::Menu ? kCommandFailed : kToolFailed;
+        const std::string& reason = MIRefusal();
+        TellInMapAction(reason.empty() ? failure : failure + "\n\n" + reason);
     }
     if (command.kind == Kind::Menu) {
         RefreshAfterMapAction();
@@ -141,7 +143,7 @@ const char* NameOf(MapMenu menu) {
 }
 
 const char* CaptionOf(MapMenu menu) {
-    constexpr std::array kCaptions = {"&File", "&Map", "&Query", "&Select", "&Window", "Qua&ndrel"};
+    constexpr std::array kCaptions = {"F&ile", "M&ap", "&Query", "&Select", "Win&dow", "Qua&ndrel"};
     return kCaptions[static_cast<std::size_t>(menu)];
 }
 

@@ -61,7 +61,7 @@ inline constexpr const char* kCloseMILink = "CloseMILink";
 /// The name of the menu of the link window: "mnuFile", "mnuMap" and so on.
 [[nodiscard]] const char* NameOf(MapMenu menu);
 
-/// The caption of a menu, with its mnemonic.
+/// The caption of a menu, with its mnemonic: none of the main window's.
 [[nodiscard]] const char* CaptionOf(MapMenu menu);
 
 /// Does what a command does, by its name; failures are told. Does nothing without a link.

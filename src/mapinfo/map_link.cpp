@@ -43,6 +43,7 @@ struct ActionState {
     int depth = 0;
     bool refreshes = false; ///< captions and menus at its end
     std::string lastWords;  ///< what is told once the link of a dead session has gone
+    std::string refusal;    ///< why the last call was refused
     int callbacks = 0;      ///< of the session that have not returned
 };
 
@@ -111,6 +112,7 @@ void EndAction() {
         && gMapInfo->LinkType == kLinkOpen) {
         gMapInfo->LinkType = kLinkDead;
     }
+    gAction.refusal = reply.kind == MapReplyKind::Refused ? reply.text : std::string();
     return reply.IsDone() && IsMapInfoLinked();
 }
 
@@ -333,6 +335,10 @@ std::optional<std::int64_t> MIEvalNumber(const std::string& expression) {
 
 bool MIRunMenuCommand(int id) {
     return IsMapInfoLinked() && TakeReply(gMapInfo->MILink->RunMenuCommand(id));
+}
+
+const std::string& MIRefusal() {
+    return gAction.refusal;
 }
 
 void SetMIStatus(const std::string& text) {

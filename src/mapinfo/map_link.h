@@ -101,6 +101,10 @@ void RefreshAfterMapAction();
 /// Runs a menu command. False as MIDo.
 [[nodiscard]] bool MIRunMenuCommand(int id);
 
+/// Why the session refused the call before, in its own words; empty when it did not, or does not
+/// say.
+[[nodiscard]] const std::string& MIRefusal();
+
 /// The status line of the link window.
 void SetMIStatus(const std::string& text);
 

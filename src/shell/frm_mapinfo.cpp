@@ -27,10 +27,6 @@ namespace quandrel {
 
 namespace {
 
-/// In the order of MapMenu. None of the mnemonics is one of the main window's menus.
-constexpr const char* kMenuCaptions[] = {"F&ile",   "M&ap",    "&Query",
-                                         "&Select", "Win&dow", "Qua&ndrel"};
-
 /// Per cent of the width that maps have beside tables.
 constexpr int kMapShare = 58;
 
@@ -91,12 +87,12 @@ frmMapinfo::frmMapinfo(const MapActions& actions)
     signs_.position = [this](const QString& position) { lblPosition_->setText(position); };
     auto* bar = new QMenuBar;
     bar->setNativeMenuBar(false);
-    mnuFile = MakeMenu(static_cast<int>(MapMenu::File), *bar);
-    mnuMap = MakeMenu(static_cast<int>(MapMenu::Map), *bar);
-    mnuQuery = MakeMenu(static_cast<int>(MapMenu::Query), *bar);
-    mnuSelect = MakeMenu(static_cast<int>(MapMenu::Select), *bar);
-    mnuWindow = MakeMenu(static_cast<int>(MapMenu::Window), *bar);
-    mnuQuandrel = MakeMenu(static_cast<int>(MapMenu::Quandrel), *bar);
+    mnuFile = MakeMenu(MapMenu::File, *bar);
+    mnuMap = MakeMenu(MapMenu::Map, *bar);
+    mnuQuery = MakeMenu(MapMenu::Query, *bar);
+    mnuSelect = MakeMenu(MapMenu::Select, *bar);
+    mnuWindow = MakeMenu(MapMenu::Window, *bar);
+    mnuQuandrel = MakeMenu(MapMenu::Quandrel, *bar);
     mnuQuandrel->addSeparator();
     mnuQuandrel->addAction(mnuShowMIToolbar);
     MakeBody(*bar);
@@ -115,11 +111,11 @@ frmMapinfo::frmMapinfo(const MapActions& actions)
             });
 }
 
-QMenu* frmMapinfo::MakeMenu(int menu, QMenuBar& bar) {
-    auto* made = new QMenu(kMenuCaptions[menu], this);
-    made->setObjectName(NameOf(static_cast<MapMenu>(menu)));
+QMenu* frmMapinfo::MakeMenu(MapMenu menu, QMenuBar& bar) {
+    auto* made = new QMenu(CaptionOf(menu), this);
+    made->setObjectName(NameOf(menu));
     made->setToolTipsVisible(true);
-    actions_.AddItems(static_cast<MapMenu>(menu), *made);
+    actions_.AddItems(menu, *made);
     bar.addMenu(made);
     return made;
 }

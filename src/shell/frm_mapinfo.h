@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "mapinfo/map_commands.h"
 #include "shell/map_document.h"
 
 #include <QMdiSubWindow>
@@ -76,7 +77,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    [[nodiscard]] QMenu* MakeMenu(int menu, QMenuBar& bar);
+    [[nodiscard]] QMenu* MakeMenu(MapMenu menu, QMenuBar& bar);
     [[nodiscard]] QTabWidget* MakePages(const char* name, const char* title);
     [[nodiscard]] QTabWidget& PagesOf(SessionWindowKind kind) const;
     void MakeBody(QMenuBar& bar);

@@ -41,7 +41,7 @@ constexpr const char* kPackageHint =
 constexpr const char* kLibraryHint = ". The package libgdal32 is needed.";
 
 /// The room that the window takes at first.
-constexpr double kWidthShare = 0.58;
+constexpr double kWidthShare = 0.5;
 constexpr double kHeightShare = 0.85;
 
 QString PlainText(const std::string& text) {

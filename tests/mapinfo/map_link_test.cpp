@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "link_test_base.h"
 #include "mapinfo/map_commands.h"
@@ -187,6 +188,24 @@ TEST_F(MapLink, ASessionThatEndsByItselfClosesTheWindowAndClearsTheMarks) {
     EXPECT_FALSE(script.isAlive);
 }
 
+TEST_F(MapLink, ADeadSessionIsNamedInNoCaptionAnyMore) {
+    script.tables = {Joints(), Joints()};
+    script.tables.back().name = "Veins";
+    Link();
+    const int first = PasteNew("Joints");
+    const int second = PasteNew("Veins");
+    const auto isNamed = [](int slot) {
+        return FormOf(slot).Caption().find("{Linked to: ") != std::string::npos;
+    };
+    ASSERT_NE(first, second);
+    ASSERT_TRUE(isNamed(first) && isNamed(second));
+    Expect("The MapInfo link will have to be abandoned.");
+    script.callback->SessionEnded();
+    EXPECT_FALSE(isNamed(first)) << "of a plot that is not the active one";
+    EXPECT_FALSE(isNamed(second));
+    EXPECT_EQ(gActivePlot, second);
+}
+
 TEST_F(MapLink, ASessionThatEndsWithinAnActionLetsTheActionTell) {
     script.tables = {Joints()};
     Link();
@@ -249,11 +268,12 @@ TEST_F(MapLink, EveryCommandHasNamesOfItsOwn) {
 TEST_F(MapLink, ARefusedCommandOrToolIsToldAndLeavesTheLinkOpen) {
     Link();
     script.refused = {"Menu 102", "Menu 1701", "Run Menu Command ID 2001"};
-    Expect("Sorry - this MapInfo command has not been able to be processed properly");
+    const std::string reason = "\n\nnot understood";
+    Expect("Sorry - this MapInfo command has not been able to be processed properly" + reason);
     RunMICommand("OpenMITable");
-    Expect("Sorry - this tool has not been able to be accessed from MapInfo properly");
+    Expect("Sorry - this tool has not been able to be accessed from MapInfo properly" + reason);
     RunMICommand("SelectTool");
-    Expect("Sorry - this tool has not been able to be accessed from MapInfo properly");
+    Expect("Sorry - this tool has not been able to be accessed from MapInfo properly" + reason);
     RunMICommand("PointLink");
     EXPECT_TRUE(IsMapInfoLinked());
 }

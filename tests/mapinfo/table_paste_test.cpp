@@ -112,7 +112,9 @@ TEST_F(TablePaste, ShowsTheTableToTheFormatDialogAsAFileWithNamedColumns) {
     EXPECT_EQ(delimiter, "\t");
     EXPECT_EQ(gFileDelimiter, ",") << "what is set for a table does not stay";
     EXPECT_FALSE(gFileHasHeadings);
-    EXPECT_FALSE(std::filesystem::exists(formatQuestions.at(0).path));
+    const std::filesystem::path shown = formatQuestions.at(0).path;
+    EXPECT_EQ(shown.filename(), "Joints") << "the dialog names the table, not a file of it";
+    EXPECT_FALSE(std::filesystem::exists(shown));
     EXPECT_EQ(gActivePlot, 0) << "the window that was opened for it is closed";
     EXPECT_EQ(CountOpenPlots(), 0);
 }

@@ -169,6 +169,7 @@ TEST(HelpLibrary, FindsWhatAReaderLooksFor) {
         {"unfold", "dialog_rotation.html"},
         {"preferences fonts", "dialog_preferences.html"},
         {"measured faults Angelier", "tutorial_measured.html"},
+        {"fold outcrops map tutorial", "tutorial_map.html"},
         {"stop printing", "dialog_printing.html"},
         {"default printer", "dialog_printing.html"},
     };
