@@ -32,6 +32,15 @@ bool HasEnding(const std::string& path, std::string_view ending) {
            && EqualWithoutCase(std::string_view(path).substr(path.size() - ending.size()), ending);
 }
 
+std::string FileNameOf(std::string text) {
+    for (char& c : text) {
+        if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos) {
+            c = '-';
+        }
+    }
+    return text;
+}
+
 std::string NormalPath(const std::string& path) {
     std::error_code failed;
     const std::filesystem::path whole = std::filesystem::absolute(path, failed);

@@ -24,6 +24,9 @@ void Tell(const std::string& text, Icon icon = Icon::Exclamation);
 /// A path's last component.
 [[nodiscard]] std::string FileTitleOf(const std::string& path);
 
+/// A text as the name of a file: what no name may hold on one system or another becomes "-".
+[[nodiscard]] std::string FileNameOf(std::string text);
+
 /// One spelling for each file, so that it is known again wherever it is named from: its absolute
 /// path.
 [[nodiscard]] std::string NormalPath(const std::string& path);

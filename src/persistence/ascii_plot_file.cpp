@@ -265,7 +265,7 @@ std::string ProposedName(const PlotRecord& record) {
     const std::string stem = record.FileTitle.empty()
                                  ? "Plot" + std::to_string(gActivePlot)
                                  : std::filesystem::path(record.FileTitle).stem().string();
-    return stem + kBinaryEnding;
+    return FileNameOf(stem) + kBinaryEnding;
 }
 
 /// The plot goes by the name of the file that it was saved to.

@@ -2,6 +2,7 @@
 
 #include "platform/qt/plot_picture.h"
 
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/qt/image_surface.h"
@@ -151,12 +152,7 @@ std::string PictureName(const PlotRecord& record) {
     if (const std::size_t ending = name.rfind('.'); ending != 0 && ending != name.npos) {
         name.resize(ending);
     }
-    for (char& c : name) {
-        if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos) {
-            c = '-';
-        }
-    }
-    return (name.empty() ? std::string("plot") : name) + ".png";
+    return FileNameOf(name.empty() ? std::string("plot") : name) + ".png";
 }
 
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
