@@ -15,8 +15,8 @@
 namespace quandrel {
 
 /// The folders where the library may be, the first one first: that of the environment variable
-/// QUANDREL_PLUGIN_DIR if it is set, the program's own, and lib/quandrel/plugins in the folder above
-/// the program's.
+/// QUANDREL_PLUGIN_DIR if it is set, the program's own, and lib/quandrel/plugins in the folder
+/// above the program's.
 [[nodiscard]] std::vector<std::filesystem::path>
 TablePluginFolders(const std::filesystem::path& programFolder);
 
