@@ -2,32 +2,24 @@
 
 #include "shell/geol_plot_main.h"
 
-#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/girdle_pull.h"
-#include "edit/girdles.h"
 #include "edit/marquee.h"
 #include "edit/small_circle_pick.h"
 #include "input/file_loading.h"
-#include "mapinfo/map_commands.h"
 #include "mapinfo/map_link.h"
-#include "mapinfo/selection_link.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "program/closing.h"
 #include "program/start.h"
-#include "program/unplotted_lines.h"
 #include "program/window_places.h"
-#include "program/window_state.h"
-#include "rotation/rotate_data.h"
 #include "shell/commands.h"
 #include "shell/data_displays.h"
 #include "shell/frm_help.h"
 #include "shell/frm_intro.h"
-#include "shell/frm_mapinfo.h"
 #include "shell/frm_plot_forms.h"
 #include "shell/frm_preferences.h"
 #include "shell/girdle_panel.h"
@@ -38,6 +30,7 @@
 #include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
 #include "shell/window_arrangement.h"
+#include "stereo/plot_state.h"
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -77,45 +70,6 @@ WindowState StateOf(const QWidget& window) {
     return window.isMaximized() || window.isFullScreen() ? WindowState::Maximised
                                                          : WindowState::Normal;
 }
-
-/// What a command needs so that it can be used.
-struct CommandNeed {
-    const char* command;
-    bool ToolbarState::*condition;
-};
-
-constexpr CommandNeed kCommandNeeds[] = {
-    {"mnuFileLoad_1", &ToolbarState::hasPlot},
-    {"mnuFileLoad_2", &ToolbarState::hasPlot},
-    {"mnuFileSave_0", &ToolbarState::hasPlot},
-    {"mnuFileSave_1", &ToolbarState::hasPlot},
-    {"mnuFileSave_2", &ToolbarState::hasSeveralPlots},
-    {"mnuFileSave_3", &ToolbarState::hasPlot},
-    {"mnuFileClose_0", &ToolbarState::hasPlot},
-    {"mnuFileClose_1", &ToolbarState::hasPlot},
-    {"mnuFileExport", &ToolbarState::hasPlot},
-    {"mnuFileCopyImage_0", &ToolbarState::hasPlot},
-    {"mnuFileCopyImage_1", &ToolbarState::showsLegend},
-    {"mnuFilePrint_0", &ToolbarState::hasPlot},
-    {"mnuEditAdd", &ToolbarState::isStereo},
-    {"mnuEditAddMode", &ToolbarState::isStereo},
-    {"mnuEditLasso", &ToolbarState::isStereo},
-    {"mnuEditGirdle", &ToolbarState::isStereo},
-    {"mnuEditRefresh", &ToolbarState::hasPlot},
-    {"mnuEditReCalculate", &ToolbarState::hasPlot},
-    {"mnuEditSmallCircles", &ToolbarState::isStereo},
-    {"mnuEditGirdles", &ToolbarState::isStereo},
-    {"mnuPlotIntersection", &ToolbarState::intersections},
-    {"mnuPlotRotate", &ToolbarState::hasRows},
-    {"mnuKinematicPlots_0", &ToolbarState::hasRows},
-    {"mnuKinematicPlots_1", &ToolbarState::hasRows},
-    {"mnuKinematicPlots_2", &ToolbarState::hasRows},
-    {"mnuViewPlotData", &ToolbarState::hasPlot},
-    {"mnuWindow_0", &ToolbarState::hasPlot},
-    {"mnuWindow_1", &ToolbarState::hasPlot},
-    {"mnuWindow_2", &ToolbarState::hasPlot},
-    {"mnuWindow_3", &ToolbarState::hasPlot},
-};
 
 /// The files among what is dragged.
 QStringList FilesOf(const QMimeData& data) {
@@ -160,7 +114,11 @@ GeolPlotMain::GeolPlotMain()
     ConnectWindowCommands();
     ConnectSlider();
     connect(commands_, &Commands::Done, this, [this] { UpdatePlotState(); });
-    connect(menus_->mnuEdit, &QMenu::aboutToShow, this, [this] { UpdatePaste(); });
+    connect(menus_->mnuEdit, &QMenu::aboutToShow, this, [this] {
+        UpdateEditMenus();
+        UpdateUndo();
+        UpdatePaste();
+    });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             [this] { UpdatePaste(); });
     ShowMenusFor(false);
@@ -433,176 +391,6 @@ void GeolPlotMain::PlaceIntro() {
 void GeolPlotMain::ShowMenusFor(bool hasPlots) {
     menusHavePlots_ = hasPlots;
     menus_->FillBar(*menuBar(), hasPlots);
-}
-
-void GeolPlotMain::UpdatePlotState() {
-    const bool hasPlots = CountOpenPlots() > 0;
-    if (hasPlots != menusHavePlots_) {
-        ShowMenusFor(hasPlots);
-        if (!hasPlots) {
-            SetStatusText({});
-        }
-    }
-    dialogs_->FollowActivePlot();
-    displays_->FollowPlots();
-    FollowGridOfPlot();
-    UpdateToolbar();
-    UpdateEditMenus();
-    UpdateUndo();
-    UpdatePlotMenus();
-    menus_->RefreshRecent();
-    RefreshWindowMenu();
-    GirdleBoxDisplay();
-    UpdateMapLink();
-    intro_->setVisible(!hasPlots && !IsMapInfoLinked());
-    if (!hasPlots) {
-        intro_->Refresh();
-        PlaceIntro();
-    }
-    if (frmPlotForms* form = ActiveForm()) {
-        form->FollowRecord();
-        const QMdiSubWindow* front = room_->activeSubWindow();
-        if (front != form && dynamic_cast<const frmMapinfo*>(front) == nullptr) {
-            // The plot that the engine went back to comes to the front, but not before the map.
-            room_->setActiveSubWindow(form);
-        }
-    }
-}
-
-void GeolPlotMain::UpdateToolbar() {
-    const ToolbarState state = StateOfToolbar();
-    const auto set = [this](const QString& name, const ControlState& control) {
-        commands_->Enable(name, control.enabled, control.down);
-    };
-    for (int i = 0; i < 3; ++i) {
-        set("mnuPlotType_" + QString::number(i), state.plotTypes[static_cast<std::size_t>(i)]);
-        set("mnuPlotDataType_" + QString::number(i), state.dataTypes[static_cast<std::size_t>(i)]);
-    }
-    for (int i = 0; i < kSymbolButtons; ++i) {
-        // The menu has a separator in front of the items of the secondary data.
-        const int item = i < kOverlaySecondaryButton ? i : i + 1;
-        set("mnuPlotSymbols_" + QString::number(item), state.symbols[static_cast<std::size_t>(i)]);
-    }
-    for (int i = 0; i < kDisplayButtons; ++i) {
-        set("mnuViewLegends_" + QString::number(i), state.display[static_cast<std::size_t>(i)]);
-    }
-    set("mnuPlotSecondary", state.secondary[0]);
-    set("mnuPlotAnnotation", state.annotations);
-    set("mnuViewConfidence", state.confidenceCone);
-    set("mnuViewClassification", {state.hasPlot, dialogs_->IsClassificationShown()});
-    for (const CommandNeed& need : kCommandNeeds) {
-        commands_->Enable(need.command, state.*need.condition);
-    }
-    panToolbarBox_->panGridDensity->setEnabled(state.gridDensity);
-    panToolbarBox_->ShowGrid();
-}
-
-void GeolPlotMain::UpdateEditMenus() {
-    const EditMenuState state = StateOfEditMenu();
-    commands_->Enable("mnuEditUndoRotation", CanUndoRotation());
-    commands_->Enable("mnuEditSelection_1", state.cut);
-    commands_->Enable("mnuEditSelection_2", state.copy);
-    commands_->Enable("mnuEditSelection_3", state.copyAllFields);
-    commands_->Enable("mnuEditSelection_5", state.remove);
-    commands_->Enable("mnuEditSelection_6", state.changeSymbol);
-    commands_->Enable("mnuEditSelection_7", state.selectAll);
-    commands_->Enable("mnuEditSelection_8", state.unselect);
-    commands_->Enable("mnuEditRemoveOverlay", state.removeOverlay);
-    commands_->Enable("mnuEditRemoveAnnotation", state.removeAnnotation);
-    commands_->Enable("mnuViewAnnotations", state.removeAnnotation);
-}
-
-void GeolPlotMain::UpdateUndo() {
-    const UndoState state = StateOfUndo();
-    commands_->Of("mnuEditUndo").setText(QString::fromStdString(state.undoCaption));
-    commands_->Enable("mnuEditUndo", state.undo.enabled);
-    commands_->Of("mnuEditRedo").setText(QString::fromStdString(state.redoCaption));
-    commands_->Enable("mnuEditRedo", state.redo.enabled);
-}
-
-void GeolPlotMain::SelectionChanged() {
-    NetMouse::UpdateOverlays();
-    displays_->SelectionChanged();
-    UpdateEditMenus();
-    FollowSelectionInMap();
-}
-
-void GeolPlotMain::UpdateMapLink() {
-    commands_->Enable("mnuMapinfo_1", IsMapInfoLinked());
-    commands_->Enable("mnuMapinfoToolbar", true, gMIToolbarShow);
-    UpdateMIMenus();
-}
-
-void GeolPlotMain::UpdatePaste() {
-    const PasteState state = StateOfPaste();
-    commands_->Of("mnuEditSelection_4").setText(QString::fromStdString(state.caption));
-    commands_->Enable("mnuEditSelection_4", state.enabled);
-}
-
-void GeolPlotMain::UpdatePlotMenus() {
-    const MenuCaptions captions = CaptionsOfMenus();
-    commands_->Of("mnuPlotSecondary").setText(QString::fromStdString(captions.plotSecondary));
-    commands_->Of("mnuViewAdvStats").setText(QString::fromStdString(captions.viewAdvStats));
-    commands_->Of("mnuViewAnnotations").setText(QString::fromStdString(captions.viewAnnotations));
-    commands_->Of("mnuPlotAnnotation").setToolTip(QString::fromStdString(captions.annotationTip));
-    commands_->Of("mnuViewToolbar")
-        .setText(panToolbarBox_->isHidden() ? "Show &Toolbar" : "Hide &Toolbar");
-    const frmPlotForms* form = ActiveForm();
-    commands_->Enable("mnuViewAdvStats",
-                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
-    commands_->Enable("mnuFileCopyStats_0",
-                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
-    commands_->Enable("mnuFileCopyStats_1",
-                      form != nullptr && !form->BoxText(PlotBox::StatsAdvanced).empty());
-    commands_->Enable("mnuViewUnplotted", HasUnplottedLines());
-    commands_->Enable("mnuViewRawData", HasRawFiles());
-}
-
-void GeolPlotMain::GirdleBoxDisplay() {
-    const bool shown = IsOpenSlot(gActivePlot) && IsPlotPartShown(kShowGirdles)
-                       && ActiveRecord().PlotKind != kRose;
-    if (shown) {
-        UpdateGirdles();
-    }
-    panGirdleBox_->setVisible(shown);
-}
-
-void GeolPlotMain::UpdateGirdles() {
-    panGirdleBox_->Refresh();
-}
-
-void GeolPlotMain::RefreshWindowMenu() {
-    QMenu& menu = *menus_->mnuWindow;
-    for (QAction* action : menu.actions()) {
-        if (action->objectName().startsWith("mnuWindowPlot_")) {
-            // It may be the one that is at work.
-            action->setObjectName({});
-            menu.removeAction(action);
-            action->deleteLater();
-        }
-    }
-    for (QMdiSubWindow* window : room_->subWindowList()) {
-        const auto* form = dynamic_cast<frmPlotForms*>(window);
-        if (form != nullptr && !IsOpenSlot(form->Slot())) {
-            continue;
-        }
-        // Of the windows that are not plots' there is that of the map link.
-        const QString title = form != nullptr
-                                  ? QString::fromStdString(RecordOf(form->Slot()).PlotTitle)
-                                  : window->windowTitle();
-        QAction* action = menu.addAction(QString(title).replace("&", "&&"));
-        action->setObjectName("mnuWindowPlot_"
-                              + QString::number(form != nullptr ? form->Slot() : 0));
-        action->setCheckable(true);
-        action->setChecked(window == room_->activeSubWindow());
-        connect(action, &QAction::triggered, this, [this, window] {
-            if (window->isMinimized()) {
-                window->showNormal();
-            }
-            room_->setActiveSubWindow(window);
-            UpdatePlotState();
-        });
-    }
 }
 
 void GeolPlotMain::PlaceBeside(int slot, int neighbour) {

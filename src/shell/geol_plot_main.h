@@ -99,6 +99,7 @@ private:
     void Open(const char* command);
     void AfterOpening(const QString& command);
     void Save(int kind);
+    void RedrawAllPlots();
     void CloseOne(int slot);
     void ApplyAllEdits();
     [[nodiscard]] bool CloseAll(Closing closing);
