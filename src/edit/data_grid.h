@@ -191,6 +191,9 @@ struct GridEditReport {
     std::int32_t spoilt = 0; ///< those of `changed` that became error rows
 };
 
+/// A sentence on rows that became error rows; empty when there are none.
+[[nodiscard]] std::string NoteOnGridEdits(const GridEditReport& report);
+
 /// Writes the edits of a grid into its plot, draws it and fills the grid anew.
 ///
 /// Only pairs with an edit are parsed. A row with a bad pair, of the primary or of the secondary

@@ -225,6 +225,17 @@ void AddNewRows(const DataGrid& grid, GridEditReport& report) {
 
 } // namespace
 
+std::string NoteOnGridEdits(const GridEditReport& report) {
+    if (report.spoilt == 0) {
+        return {};
+    }
+    const std::string rows = report.spoilt == 1
+                                 ? "1 edited row could not be read and holds no data now."
+                                 : std::to_string(report.spoilt)
+                                       + " edited rows could not be read and hold no data now.";
+    return rows + " Undo takes the edits back.";
+}
+
 GridEditReport ApplyGridEdits(DataGrid& grid) {
     GridEditReport report;
     if (gBusy || !IsOpenSlot(grid.Slot()) || !grid.HasEdits()) {

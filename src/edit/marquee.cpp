@@ -285,6 +285,17 @@ void FitMarqueeToRows() {
     }
 }
 
+void FollowMovedRows() {
+    if (!MarqueeStandsOn(gActivePlot)) {
+        return;
+    }
+    if (gSelectionRows.empty()) {
+        ClearSelection();
+    } else {
+        FitMarqueeToRows();
+    }
+}
+
 std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot) {
     return slot == gMarqueeSlot && slot != 0 ? std::span<const std::int32_t>(gSelectionRows)
                                              : std::span<const std::int32_t>();

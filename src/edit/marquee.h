@@ -141,6 +141,10 @@ void SelectRows(std::int32_t slot, std::vector<std::int32_t> rows);
 /// Stands the marquee about the selected rows, where they are plotted.
 void FitMarqueeToRows();
 
+/// Fits the marquee that stands on gActivePlot to its rows after these have moved, as in a
+/// rotation. Without selected rows it goes.
+void FollowMovedRows();
+
 /// The selected rows of a plot; empty for any other.
 [[nodiscard]] std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot);
 

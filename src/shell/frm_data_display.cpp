@@ -252,14 +252,18 @@ void frmDataDisplay::ApplyEdits() {
     if (!HasEdits() || applying_ || gBusy) {
         return;
     }
+    GridEditReport report;
     {
         const QScopedValueRollback applying(applying_, true);
-        static_cast<void>(plot_->Apply());
+        report = plot_->Apply();
     }
     SelectionChanged();
     ShowEdits();
     if (editsApplied_) {
         editsApplied_();
+    }
+    if (const std::string note = NoteOnGridEdits(report); !note.empty()) {
+        gPlatform.status->SetText(note);
     }
 }
 

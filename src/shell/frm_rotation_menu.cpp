@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "edit/marquee.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
 #include "stereo/symbols.h"
@@ -275,6 +276,7 @@ void frmRotationMenu::Go() {
         Tell(refusal->reason);
         return;
     }
+    FollowMovedRows();
     accept();
     if (const std::string note = NoteOnRotation(report); !note.empty()) {
         gPlatform.status->SetText(note);

@@ -5,6 +5,8 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "edit/girdles.h"
+#include "input/format_model.h"
+#include "orientation/notation.h"
 
 #include <QCheckBox>
 #include <QFocusEvent>
@@ -18,6 +20,14 @@ namespace quandrel {
 namespace {
 
 constexpr int kTextWidth = 110;
+
+/// The order of a girdle's text in the conventions in force.
+QString OrderOfTexts() {
+    const std::string_view caption =
+        PlaneConventionCaption(LineFormatFromGlobals(false).planeConvention);
+    return QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()))
+        .replace(",", ", ");
+}
 
 QString MarkedCaption(int row, std::int16_t dataKind) {
     QString caption = QString::fromStdString(GirdleCaption(row, dataKind));
@@ -33,9 +43,9 @@ GirdlePanel::GirdlePanel(QWidget* parent)
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     auto* body = new QWidget;
     auto* grid = new QGridLayout(body);
-    auto* label = new QLabel("Dip and direction");
-    label->setObjectName("lblGirdle");
-    grid->addWidget(label, 0, 1);
+    lblGirdle = new QLabel;
+    lblGirdle->setObjectName("lblGirdle");
+    grid->addWidget(lblGirdle, 0, 1);
     for (int row = 0; row < kGirdleRows; ++row) {
         AddRow(*grid, row);
     }
@@ -55,9 +65,8 @@ void GirdlePanel::AddRow(QGridLayout& grid, int row) {
     text->setAccessibleName(QString::fromStdString(GirdleCaption(row, kPlanes)));
     text->setMaximumWidth(kTextWidth);
     if (IsUserGirdle(row)) {
-        text->setToolTip(
-            "Dip and direction of the girdle. Enter draws it; Shift and a mouse button "
-            "on the net set it while this box is the active one");
+        text->setToolTip("The plane of the girdle. Enter draws it; Shift and a mouse button "
+                         "on the net set it while this box is the active one");
         text->installEventFilter(this);
         connect(text, &QLineEdit::editingFinished, this, [this, row] { Take(row); });
     } else {
@@ -103,6 +112,7 @@ void GirdlePanel::Refresh() {
             txtGirdle[i]->setText(text);
         }
     }
+    lblGirdle->setText(OrderOfTexts());
     widget()->setEnabled(hasPlot);
     MarkActiveRow();
 }

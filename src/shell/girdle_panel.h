@@ -12,6 +12,7 @@
 
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 
 namespace quandrel {
@@ -31,6 +32,7 @@ public:
     /// A girdle has changed. May be empty.
     std::function<void()> onChanged;
 
+    QLabel* lblGirdle = nullptr; ///< how the texts are to be written
     std::array<QCheckBox*, kGirdleRows> chkGirdle{};
     std::array<QLineEdit*, kGirdleRows> txtGirdle{};
 

@@ -11,6 +11,7 @@
 #include "edit/annotations.h"
 #include "edit/edit_rows.h"
 #include "edit/girdles.h"
+#include "edit/marquee.h"
 #include "edit/undo.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
@@ -97,7 +98,9 @@ void GeolPlotMain::AfterOpening(const QString& command) {
 
 void GeolPlotMain::CloseOne(int slot) {
     displays_->ApplyEdits(slot);
-    ClosePlotWindow(slot);
+    if (ClosePlotWindow(slot)) {
+        SetStatusText({});
+    }
 }
 
 bool GeolPlotMain::CloseAll(Closing closing) {
@@ -113,14 +116,24 @@ void GeolPlotMain::ApplyAllEdits() {
     }
 }
 
+void GeolPlotMain::RedrawAllPlots() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            RedrawPlot(slot); // legends name the files
+        }
+    }
+}
+
 void GeolPlotMain::Save(int kind) {
     ApplyAllEdits();
     if (kind == static_cast<int>(SaveKind::SaveAll)) {
-        SetStatusText(SaveAllPlots() ? "All plots are saved" : "Not all plots are saved");
+        const bool saved = SaveAllPlots();
+        RedrawAllPlots();
+        SetStatusText(saved ? "All plots are saved" : "Not all plots are saved");
         return;
     }
     if (SaveAsciiPlot(static_cast<SaveKind>(kind)) == SaveOutcome::Saved) {
-        RedrawPlot(gActivePlot); // the legend names the file
+        RedrawPlot(gActivePlot); // its legend names the file
         SetStatusText("Saved as " + QString::fromStdString(ActiveRecord().FileTitle));
     }
 }
@@ -140,7 +153,9 @@ void GeolPlotMain::ConnectFileCommands() {
     });
     commands_->Connect("mnuFileSave_3", [this] {
         ApplyAllEdits();
-        if (SaveWorkspace() == WorkspaceOutcome::Saved) {
+        const WorkspaceOutcome outcome = SaveWorkspace();
+        RedrawAllPlots();
+        if (outcome == WorkspaceOutcome::Saved) {
             SetStatusText("Saved as " + QString::fromStdString(gLastUsedWSpaceFileTitle));
         }
     });
@@ -177,7 +192,10 @@ void GeolPlotMain::ConnectCopyCommands() {
 }
 
 void GeolPlotMain::ConnectEditCommands() {
-    commands_->Connect("mnuEditUndoRotation", [] { UndoRotation(); });
+    commands_->Connect("mnuEditUndoRotation", [] {
+        UndoRotation();
+        FollowMovedRows();
+    });
     commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
     commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
     commands_->Connect("mnuEditRemoveOverlay", [] { RemoveOverlay(); });

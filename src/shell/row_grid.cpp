@@ -80,8 +80,9 @@ void RowPicker::select(const QItemSelection& selection, SelectionFlags command) 
     if (command == NoUpdate) {
         return;
     }
-    const std::vector<bool> before = rows_;
+    // A model that has got its rows only now changes nothing of what is picked.
     rows_.resize(RowCount());
+    const std::vector<bool> before = rows_;
     if (command.testFlag(Clear)) {
         rows_.assign(rows_.size(), false);
         settled_ = rows_;

@@ -728,5 +728,13 @@ TEST_F(Grid, SelectsOnThePlotAndIsSelectedFromIt) {
     EXPECT_TRUE(SelectedRowsOfGrid(grid).empty());
 }
 
+TEST(GridEdits, RowsThatCouldNotBeReadAreTold) {
+    EXPECT_EQ(NoteOnGridEdits({}), "");
+    EXPECT_EQ(NoteOnGridEdits({3, 0, 1}),
+              "1 edited row could not be read and holds no data now. Undo takes the edits back.");
+    EXPECT_EQ(NoteOnGridEdits({3, 0, 2}),
+              "2 edited rows could not be read and hold no data now. Undo takes the edits back.");
+}
+
 } // namespace
 } // namespace quandrel

@@ -246,5 +246,21 @@ TEST_F(MarqueeTest, EachPlaceIsGivenOnce) {
     EXPECT_EQ(PlacesOfRows(gActivePlot, rows), (std::vector<Point>{{1000, 0}}));
 }
 
+TEST_F(MarqueeTest, FollowsRowsThatWereTurned) {
+    AddRow(0, 90); // east
+    StandMarquee(gActivePlot, {900, 100}, {1050, -100});
+    SelectRowsInMarquee();
+    ASSERT_EQ(gSelectionRows, Rows{1});
+    gDataAz.At(gActivePlot, 1) = 0; // north
+    RebuildRowTable(gActivePlot);
+    FollowMovedRows();
+    EXPECT_TRUE(IsInMarquee({0, 1000}));
+    EXPECT_FALSE(IsInMarquee({1000, 0}));
+    ClearSelection();
+    StandMarquee(gActivePlot, {900, 100}, {1050, -100});
+    FollowMovedRows();
+    EXPECT_FALSE(MarqueeStands());
+}
+
 } // namespace
 } // namespace quandrel

@@ -433,5 +433,14 @@ TEST_F(PlotEditingWindows, TheMarqueeThatStandsHoldsWhatTheOtherLayerHasInIt) {
     EXPECT_EQ(Dips(), std::vector<int>{30});
 }
 
+TEST_F(PlotEditingWindows, AGridThatOpensShowsTheSelectionThatStands) {
+    OpenLines("lines.txt", "45\t90\n30\t200\n");
+    Drag({400, 150}, {700, -150});
+    ASSERT_EQ(gSelectionRows, Rows{1});
+    Press("mnuViewPlotData");
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    EXPECT_TRUE(MarqueeStands());
+}
+
 } // namespace
 } // namespace quandrel
