@@ -35,8 +35,6 @@ constexpr int kTagTries = 100;
 
 constexpr const char* kNoTag = "Errors were encountered and the annotation has not been added\nIf "
                                "this error persists please contact Arlen Voss";
-constexpr const char* kNoSelection =
-    "No annotations were selected for editing from the chosen annotation layer!";
 constexpr const char* kNothingCopied = "No annotations have been copied yet";
 constexpr const char* kNoAnnotations = "The data on the clipboard is not annotation data!";
 constexpr const char* kOtherData =
@@ -175,7 +173,7 @@ void CopyMembers(std::span<const std::size_t> members) {
 void CutCopyOrDelete(int index) {
     const std::vector<std::size_t> members = SelectedAnnotations();
     if (members.empty()) {
-        Tell(kNoSelection);
+        Tell(kNoAnnotationsSelected);
         return;
     }
     if (index != kDeleteAnnotations) {
@@ -201,8 +199,7 @@ void Paste() {
         PasteAnnotationText(text);
         return;
     case AnnotationTextKind::Rows:
-        if (gPlatform.prompts->Ask({gCaption, kOtherData, Icon::Question, Buttons::YesNo})
-            == Button::Yes) {
+        if (AskYes(kOtherData)) {
             UseLayer(kDataLayer);
             PasteData();
         }

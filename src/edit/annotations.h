@@ -33,6 +33,10 @@ inline constexpr int kRightMouseButton = 2;
 /// Nodes of a polyline lie this far apart at least.
 inline constexpr double kNodeDistance = 10;
 
+/// What is told when an edit finds none in the marquee.
+inline constexpr const char* kNoAnnotationsSelected =
+    "No annotations were selected for editing from the chosen annotation layer!";
+
 // Kernels.
 
 /// The number for a new annotation: one more than the last one's, 1 without any, and on upward to

@@ -2,6 +2,7 @@
 
 #include "mapinfo/table_paste.h"
 
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/paste_rows.h"
@@ -91,11 +92,9 @@ private:
             target_ = {0, record_.SecondaryFormat, false, false};
             return true;
         }
-        if (const auto question = QuestionBeforePaste(record_, pasted)) {
-            if (gPlatform.prompts->Ask({gCaption, *question, Icon::Question, Buttons::YesNo})
-                != Button::Yes) {
-                return false;
-            }
+        if (const auto question = QuestionBeforePaste(record_, pasted);
+            question && !AskYes(*question)) {
+            return false;
         }
         overlay_ = record_.OverlayRows[0];
         target_ = TargetOfPaste(record_, pasted, overlay_);

@@ -261,7 +261,7 @@ void GeolPlotMain::ChangeSymbolsOfSelection() {
 void GeolPlotMain::ChangeSymbolsOfAnnotations() {
     const std::optional<AnnotationStyles> styles = StylesOfSelectedAnnotations();
     if (!styles) {
-        Tell("No annotations were selected for editing from the chosen annotation layer!");
+        Tell(kNoAnnotationsSelected);
         return;
     }
     const StyleQuestion question{"Symbols of the selected annotations", StyleKind::Symbol,
