@@ -19,6 +19,7 @@ ColumnSettings gFileColumnSettings = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 std::int16_t gPlotDataKind = kPlanes;
 std::int16_t gPlotKind = kEqualArea;
 bool gConvertDecimals = false;
+NegativePlunge gNegativePlunge = NegativePlunge::LowerEnd;
 bool gFileHasHeadings = false;
 
 std::int16_t DataKindOfSet(bool holdsPlanes, std::int16_t formerKind) {
@@ -44,6 +45,7 @@ FormatSettings CurrentFormat() {
             gPlotDataKind,
             gPlotKind,
             gFileHasHeadings,
+            gNegativePlunge,
             gSymbolTable};
 }
 
@@ -63,6 +65,7 @@ void RestoreFormat(const FormatSettings& settings) {
     gPlotDataKind = settings.plotDataKind;
     gPlotKind = settings.plotKind;
     gFileHasHeadings = settings.hasHeadings;
+    gNegativePlunge = settings.negativePlunge;
     gSymbolTable = settings.symbols;
 }
 

@@ -93,6 +93,15 @@ extern std::int16_t gPlotKind;     ///< PlotKindCode of the next new plot
 /// Appended numbers with the other decimal delimiter are converted without a word.
 extern bool gConvertDecimals;
 
+/// What the trend beside a negative plunge names in files to come. In the columns it always names
+/// the lower end: (-p, t) is the line whose lower end is (p, t), pointing the other way.
+enum class NegativePlunge : std::int16_t {
+    LowerEnd = 0, ///< the trend of the line's lower end
+    Vector = 1,   ///< the trend that the line points to, upward
+};
+
+extern NegativePlunge gNegativePlunge;
+
 /// The first row of a file holds column headings (the format dialog's tick, kept from load to
 /// load).
 extern bool gFileHasHeadings;
@@ -114,6 +123,7 @@ struct FormatSettings {
     std::int16_t plotDataKind = 0;
     std::int16_t plotKind = 0;
     bool hasHeadings = false;
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
     std::array<SymbolRow, kSymbolRowCount> symbols{}; ///< the dialog chooses those of the rows
 };
 

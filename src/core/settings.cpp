@@ -3,6 +3,7 @@
 #include "core/settings.h"
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/setting_keys.h"
 #include "core/style_tables.h"
@@ -47,6 +48,7 @@ std::int16_t gRoseSegShape = 0;
 std::int16_t gRoseZeroCircle = 0;
 std::int16_t gStatsBoxKind = 0;
 bool gStatisticsShown = true;
+Formulas gFormulas = Formulas::Own;
 std::array<PlotFont, 10> gPlotFonts;
 std::vector<std::string> gRecentFiles;
 Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
@@ -56,6 +58,8 @@ namespace {
 constexpr double kFirstVersionWithBetaStyle = 9.5;
 constexpr const char* kPlotBackColourKey = "PlotBackColour";
 constexpr const char* kPlotAxesColourKey = "PlotAxesColour";
+constexpr const char* kFormulasKey = "Formulas";
+constexpr const char* kNegativePlungeKey = "NegativePlunge";
 
 /// The kinds of girdle by the names that their keys begin with.
 constexpr std::array<std::pair<const char*, std::size_t>, 3> kGirdleKinds = {
@@ -152,6 +156,9 @@ void ReadStartUp(const Settings& settings) {
     gConvertDecimals = settings.Truth(kStartUp, "ConvertDecimals", false);
     gShowNorth = settings.Truth(kStartUp, "ShowNorth", false);
     gSaveNonDataLines = settings.Truth(kStartUp, "SaveNonDataLines", false);
+    gFormulas = settings.Text(kStartUp, kFormulasKey, {}) == NameOf(Formulas::Textbook)
+                    ? Formulas::Textbook
+                    : Formulas::Own;
     gMIToolbarShow = settings.Truth(kStartUp, "MIToolbarShow", true);
     gRoseScaleType = settings.Text(kStartUp, "RoseScaleType", "tickauto");
     gRoseSectorSize = settings.Number(kStartUp, "gRoseSectorSize", 10);
@@ -170,6 +177,9 @@ void ReadDataFormats(const Settings& settings) {
     gPlaneSeparator = settings.Text(kDataFormats, "PlaneSeparator", "/");
     gLineSeparator = settings.Text(kDataFormats, "LineSeparator", "-");
     gFileDelimiter = settings.Text(kDataFormats, "gFileDelimiter", "\t");
+    gNegativePlunge = settings.Number(kDataFormats, kNegativePlungeKey, 0) == 1
+                          ? NegativePlunge::Vector
+                          : NegativePlunge::LowerEnd;
     ReadWhole(settings, kDataFormats, "gPrimaryDataType", gPrimaryDataType, 0, 3);
     ReadWhole(settings, kDataFormats, "gSecondaryDataType", gSecondaryDataType, 0, 5);
     gFileLineAppended = settings.Truth(kDataFormats, "gFileLineAppended", false);
@@ -276,6 +286,7 @@ void SaveFormat(const Settings& settings) {
     settings.Write(kDataFormats, "PlaneSeparator", gPlaneSeparator);
     settings.Write(kDataFormats, "LineSeparator", gLineSeparator);
     settings.Write(kDataFormats, "gFileDelimiter", gFileDelimiter);
+    settings.WriteNumber(kDataFormats, kNegativePlungeKey, static_cast<double>(gNegativePlunge));
 }
 
 void SaveColumns(const Settings& settings) {
@@ -346,6 +357,7 @@ void SavePreferences(const Settings& settings) {
     settings.WriteTruth(kStartUp, "ConvertDecimals", gConvertDecimals);
     settings.WriteTruth(kStartUp, "ShowNorth", gShowNorth);
     settings.WriteTruth(kStartUp, "SaveNonDataLines", gSaveNonDataLines);
+    settings.Write(kStartUp, kFormulasKey, NameOf(gFormulas));
     SaveSymbolRows(settings, 0, 17);
     SaveSymbolRows(settings, 24, 50);
     for (std::size_t index = 0; index < gColourTable.size(); ++index) {
@@ -437,8 +449,10 @@ void SetDefaultSettings() {
     gPlotKind = kEqualArea;
     gPlotDataKind = kPlanes;
     gFileHasHeadings = false;
+    gNegativePlunge = NegativePlunge::LowerEnd;
     gStatsBoxKind = 0;
     gStatisticsShown = true;
+    gFormulas = Formulas::Own;
 }
 
 bool TruthOfSetting(const std::string& text) {

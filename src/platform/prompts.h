@@ -23,6 +23,9 @@ struct Message {
     std::string text;
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
+    /// The button that Return presses in a window where going on would destroy something; nothing
+    /// is DefaultButton. Scripts go on with DefaultButton all the same.
+    std::optional<Button> safe = std::nullopt;
 };
 
 /// The buttons of a set, from left to right.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/formulas.h"
 #include "core/settings.h"
 #include "core/style_tables.h"
 #include "support/test_platform.h"
@@ -42,6 +43,18 @@ TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
     EXPECT_TRUE(gRecentFiles.empty());
     EXPECT_EQ(gFileColumnSettings[9], 9);
     EXPECT_EQ(NumberOf(gDefaultClassTable[0][0]), 0);
+}
+
+TEST_F(SettingsTest, TheChoiceOfFormulasLastsAndAnUnknownOneIsTheProgramsOwn) {
+    gFormulas = Formulas::Textbook;
+    ASSERT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("StartUp", "Formulas"), "textbook");
+    gFormulas = Formulas::Own;
+    LoadSettings();
+    EXPECT_EQ(gFormulas, Formulas::Textbook);
+    Put("StartUp", "Formulas", "sometimes");
+    LoadSettings();
+    EXPECT_EQ(gFormulas, Formulas::Own);
 }
 
 TEST_F(SettingsTest, PlotWindowWidthFallsBackBelowOneAndStopsAtAHundred) {
