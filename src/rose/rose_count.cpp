@@ -87,7 +87,7 @@ public:
 
 private:
     void CountRow(std::size_t row);
-    [[nodiscard]] std::size_t ShownAzimuth(std::int32_t azimuth) const;
+    [[nodiscard]] std::size_t ShownAzimuth(std::size_t row) const;
     [[nodiscard]] std::optional<RoseRow> ReadRow(std::size_t row) const;
     [[nodiscard]] std::optional<double> WeightOf(std::size_t row);
     void Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight);
@@ -147,7 +147,7 @@ void RoseCounter::CountRows() {
 
 void RoseCounter::CountRow(std::size_t row) {
     const int classNumber = rows_.classes.empty() ? 1 : rows_.classes[row];
-    const std::size_t azimuth = ShownAzimuth(rows_.azimuths[row]);
+    const std::size_t azimuth = ShownAzimuth(row);
     const std::optional<RoseRow> read = ReadRow(row);
     const std::optional<double> weight = isWeighted_ ? WeightOf(row) : 1.0;
     if (!read || !weight || classNumber == kNoClassValue) {
@@ -160,8 +160,10 @@ void RoseCounter::CountRow(std::size_t row) {
 }
 
 /// Azimuth of a row as the rose shows it, 0 to 360.
-std::size_t RoseCounter::ShownAzimuth(std::int32_t azimuth) const {
-    std::int32_t shown = azimuth + (settings_.strikes ? 90 : 0);
+std::size_t RoseCounter::ShownAzimuth(std::size_t row) const {
+    const bool pointsUp = settings_.polar && rows_.dips[row] < 0;
+    const std::int32_t turn = settings_.strikes ? 90 : pointsUp ? 180 : 0;
+    std::int32_t shown = rows_.azimuths[row] + turn;
     if (shown < 0 || shown > 360) {
         shown %= 360;
     }

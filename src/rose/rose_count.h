@@ -28,6 +28,7 @@ struct RoseCountSettings {
     int kind = kRoseFrequency; ///< RoseKindCode
     SectorLayout layout;
     bool strikes = false;  ///< azimuths are dip directions, and the rose shows strikes
+    bool polar = false;    ///< lines that point: one with a negative plunge away from its azimuth
     bool grouped = false;  ///< the number of a row is its count of observations
     int classes = 1;       ///< m
     BiasSettings bias;     ///< plays a part in the first three kinds

@@ -245,6 +245,10 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
     settings.kind = RoseKindOf(record.RoseType);
     settings.layout = layout;
     settings.strikes = record.DataKind == kPlanes;
+    // The sign of a T axis is its mark, level ones have it too: all keep the trend of their lower
+    // end.
+    settings.polar =
+        record.DataKind == kPolarLines && !ShowsPlaneData(record) && record.AxesTitle.empty();
     settings.grouped = record.HasFrequencyColumn != 0;
     if (const std::optional<ClassColumn> column = RoseClassColumn(record)) {
         settings.classes = LastClass(RuleOfClassTable(record.ClassTable, *column));

@@ -117,9 +117,10 @@ WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LineSense s
         const DistinctLine& line = lines[i];
         const Direction& level = cosines.level[static_cast<std::size_t>(line.trend)];
         const Direction& steep = cosines.toNorth[static_cast<std::size_t>(std::abs(line.plunge))];
-        const bool isUpward = sense == LineSense::kDirected && line.plunge < 0;
-        result.directions[i] = {steep.l * level.l, steep.l * level.m,
-                                isUpward ? -steep.n : steep.n};
+        const double sign = sense == LineSense::kDirected && line.plunge < 0 ? -1 : 1;
+        // The sums make a plain 0 of -0.
+        result.directions[i] = {sign * steep.l * level.l + 0.0, sign * steep.l * level.m + 0.0,
+                                sign * steep.n};
         result.weights[i] = line.rows;
     }
     return result;
@@ -207,9 +208,7 @@ void AxisToLine(const Direction& axis, double& plunge, double& trend) {
 
 void DirectedLine(const Direction& direction, double& plunge, double& trend) {
     CosinesToLine(direction, plunge, trend);
-    if (plunge < 0) {
-        WrapAngle(trend -= kPi);
-    } else if (direction.n < 0 && direction.l == 0 && direction.m == 0) {
+    if (direction.n < 0 && direction.l == 0 && direction.m == 0) {
         plunge = -plunge; // straight up, which CosinesToLine does not tell from straight down
     }
 }

@@ -46,7 +46,9 @@ struct WeightedDirections {
 enum class LineSense {
     /// As axes: a negative plunge counts as a positive one, the direction points down.
     kAxial,
-    /// As directions: a negative plunge points up toward its trend.
+    /// As directions: the trend beside a negative plunge is that of the lower end, and the
+    /// direction
+    /// points the other way.
     kDirected,
 };
 
@@ -96,8 +98,8 @@ struct FabricAxes {
 /// Plunge (0 to kPi/2) and trend of a direction as an axis: of an upward one those of its mirror.
 void AxisToLine(const Direction& axis, double& plunge, double& trend);
 
-/// A direction as plunge and trend: a negative plunge points up toward its trend, as in
-/// LineSense::kDirected.
+/// A direction as plunge and trend: one that points up has a negative plunge and the trend of its
+/// lower end, as in LineSense::kDirected.
 void DirectedLine(const Direction& direction, double& plunge, double& trend);
 
 /// Shape and strength of a fabric; kFailedResult where a logarithm of 0 or a division by 0 stood in

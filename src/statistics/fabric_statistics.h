@@ -7,7 +7,8 @@
 //   FabricResults[1..3][i]  its axis along north, east and down, of unit length, pointing down
 //   EigenResults            see EigenPlace
 //   FabricValueA, B         plunge and trend of the mean direction: of polar lines the directed one
-//                           (a negative plunge points up toward the trend), else that of the axes
+//                           (of one that points up the plunge is negative, the trend that of its
+//                           lower end), else that of the axes
 //   FabricValueC            spherical standard error, kNotSymmetric or kFailedResult
 //   FabricValueD, E         plunge and trend of the resultant of the axes
 //   FabricValueF            variance, 1 - R/n, of the mean in A and B

@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 
+#include <cmath>
 #include <cstdlib>
 
 namespace quandrel {
@@ -37,7 +38,16 @@ std::string WholeAzimuthText(double azimuth) {
     return degrees == "360" ? "0" : degrees;
 }
 
+void SettleForPrint(int decimals, double& plunge, double& trend) {
+    const double leastShown = 0.5 * std::pow(10.0, -decimals);
+    if (plunge < 0 && RadToDeg(plunge) >= -leastShown) {
+        plunge = 0;
+        trend = WrappedAngle(trend + kPi);
+    }
+}
+
 std::string TextOfLine(double plunge, double trend) {
+    SettleForPrint(0, plunge, trend);
     return TextOfPair(plunge, trend, OrientationKind::kLine);
 }
 

@@ -8,6 +8,13 @@
 
 namespace quandrel {
 
+/// A line as it is printed with so many decimals of degrees: one that points up by less than they
+/// show lies level and takes the trend that it points to.
+///
+/// @param[in,out] plunge  radians; negative upward, beside the trend of the lower end
+/// @param[in,out] trend   radians
+void SettleForPrint(int decimals, double& plunge, double& trend);
+
 /// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: what rounds to
 /// a full turn is north, "0".
 ///
@@ -17,7 +24,7 @@ namespace quandrel {
 /// A line in whole degrees.
 ///
 /// @param plunge  radians; negative upward
-/// @param trend   radians
+/// @param trend   radians; of an upward line that of its lower end
 [[nodiscard]] std::string TextOfLine(double plunge, double trend);
 
 /// The plane of a pole, in whole degrees.

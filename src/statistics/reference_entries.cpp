@@ -116,13 +116,22 @@ Pair PrintedAxis(const PlotRecord& record, std::size_t axis) {
     return {line.plunge, line.trend};
 }
 
+/// A printed pair with so many decimals.
+AxisLine SettledPair(int decimals, const Pair& printed) {
+    AxisLine settled{*printed.first, *printed.azimuth};
+    SettleForPrint(decimals, settled.plunge, settled.trend);
+    return settled;
+}
+
 /// A pair that the advanced text has with decimals and the normal one in whole degrees.
 void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pair& value,
              const Pair& printed) {
+    const AxisLine fixed = SettledPair(2, printed);
+    const AxisLine whole = SettledPair(0, printed);
     list.AddAngle(names[0], value.first,
-                  {{FixedDegrees, *printed.first}, {RadToDegText, *printed.first}});
+                  {{FixedDegrees, fixed.plunge}, {RadToDegText, whole.plunge}});
     list.AddAngle(names[1], value.azimuth,
-                  {{FixedDegrees, *printed.azimuth}, {WholeAzimuthText, *printed.azimuth}});
+                  {{FixedDegrees, fixed.trend}, {WholeAzimuthText, whole.trend}});
 }
 
 void AddEigenvalues(EntryList& list, const ReferenceStatistics& statistics,

@@ -17,7 +17,7 @@ namespace quandrel {
 /// Statistics of directions by R. A. Fisher (1953), Proc. R. Soc. London A 217, 295-305.
 struct FisherStatistics {
     double plunge = 0;    ///< of the mean direction, radians, negative upward; kNoDirection without
-    double trend = 0;     ///< radians, of an upward mean the azimuth that it points to
+    double trend = 0;     ///< radians, of an upward mean that of its lower end
     double resultant = 0; ///< R, 0 to n
 
     /// Precision parameter, the estimate (n - 1) / (n - R); nothing when all rows share a line.

@@ -167,10 +167,11 @@ std::string PrincipalLines(const PlotRecord& record) {
 }
 
 std::string ResultantLines(const PlotRecord& record) {
-    const std::string mean = HasMeanDirection(record)
-                                 ? DegreePair(static_cast<double>(record.FabricValueB),
-                                              static_cast<double>(record.FabricValueA))
-                                 : NoDirectionText();
+    auto plunge = static_cast<double>(record.FabricValueA);
+    auto trend = static_cast<double>(record.FabricValueB);
+    SettleForPrint(2, plunge, trend);
+    const std::string mean =
+        HasMeanDirection(record) ? DegreePair(trend, plunge) : NoDirectionText();
     const double length = record.RoseResultant[0];
     return Line("Mean Direction:  " + mean) + Line("Mean Resultant = ", length, kThreeDecimals)
            + Line("('Variance' = ", 1 - length, kThreeDecimals, ")")

@@ -313,6 +313,51 @@ TEST_F(RoseSectors, OfPlanesShowStrikesAndAreAxial) {
     EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{20, 20, 20}));
 }
 
+TEST_F(RoseSectors, OfPolarLinesThatPointUpAreOppositeTheirLowerEnds) {
+    AddRow(30, 50);
+    AddRow(-30, 50);
+    AddRow(-1, 355);
+    AddRow(-90, 0);
+    AddRow(0, 5);
+    ASSERT_TRUE(RoseCountSectors());
+    EXPECT_EQ(gRoseAngles,
+              (Sums{0, DegToRad(50), DegToRad(230), DegToRad(175), DegToRad(180), DegToRad(5)}));
+    EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][1],
+                -std::cos(5 * M_PI / 180) - 1 + std::cos(5 * M_PI / 180), 1e-12);
+}
+
+TEST_F(RoseSectors, OfLinesAndOfPlanesTakeNoSenseFromTheSign) {
+    for (const std::int16_t kind : {kLines, kPolarLines}) {
+        NewRose(kind == kLines ? kPrimaryLine : kPrimaryPlane, kind);
+        AddRow(-30, 50);
+        ASSERT_TRUE(RoseCountSectors());
+        EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(50)})) << kind;
+    }
+}
+
+TEST_F(RoseSectors, OfPolarSecondaryLinesFollowTheirSense) {
+    AddRow(30, 5);
+    int withSecondary = 1;
+    GrowDataColumns(withSecondary, 1);
+    gData2Dip.At(gActivePlot, 1) = -10;
+    gData2Az.At(gActivePlot, 1) = 100;
+    ActiveRecord().SecondaryFormat = kSecondaryLine;
+    ActiveRecord().ShowSecondary = kTrue;
+    ASSERT_TRUE(RoseCountSectors());
+    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(280)}));
+}
+
+TEST_F(RoseSectors, OfUpwardPolarLinesAreWeightedAsTheirLowerEnds) {
+    AddRow(-30, 50);
+    PlotRecord& record = ActiveRecord();
+    record.RoseBiasMode = kSpaceAngle;
+    record.RoseSamplePlunge = 90;
+    record.RoseMinBiasAngle = 10;
+    ASSERT_TRUE(RoseCountSectors());
+    // The sample line stands 60 degrees from the line, whichever way that points.
+    EXPECT_NEAR(gRoseSectors(0, 0, kRoseValueLayer), 1 / std::sin(60 * M_PI / 180), 1e-12);
+}
+
 TEST_F(RoseSectors, OfShownSecondaryDataAreTheirs) {
     AddRow(0, 5);
     AddRow(kErrorRow, 5);

@@ -74,16 +74,20 @@ TEST(ResultantOf, DirectionsThatCancelLeaveNothing) {
     EXPECT_NEAR(resultant.n, 360 * 100003 * std::sqrt(0.5), 1e-5);
 }
 
-TEST(DirectionsOf, ANegativePlungePointsUpTowardItsTrend) {
+TEST(DirectionsOf, ANegativePlungePointsAwayFromTheLowerEnd) {
     for (std::int16_t plunge = -90; plunge <= 90; plunge += 5) {
         for (std::int16_t trend = 0; trend <= 360; trend += 5) {
             const std::vector<DistinctLine> line = {{plunge, trend, 1}};
             const Direction direction = DirectionsOf(line, LineSense::kDirected).directions[0];
-            const double dip = Radians(plunge);
-            const double azimuth = Radians(trend);
-            ASSERT_NEAR(direction.l, std::cos(dip) * std::cos(azimuth), 1e-13);
-            ASSERT_NEAR(direction.m, std::cos(dip) * std::sin(azimuth), 1e-13);
-            ASSERT_NEAR(direction.n, std::sin(dip), 1e-13);
+            const Vector expected = testing::LineVector(Radians(plunge), Radians(trend));
+            ASSERT_NEAR(direction.l, expected.north, 1e-13);
+            ASSERT_NEAR(direction.m, expected.east, 1e-13);
+            ASSERT_NEAR(direction.n, expected.down, 1e-13);
+            const Direction axis = DirectionsOf(line, LineSense::kAxial).directions[0];
+            const double sign = plunge < 0 ? -1 : 1;
+            ASSERT_EQ(direction.l, sign * axis.l);
+            ASSERT_EQ(direction.m, sign * axis.m);
+            ASSERT_EQ(direction.n, sign * axis.n);
         }
     }
 }
@@ -107,11 +111,11 @@ TEST(DirectedLine, IsTheInverseOfDirectedDirections) {
         for (int trend = 0; trend < 360; trend += 7) {
             const double dip = Radians(plunge);
             const double azimuth = Radians(trend);
+            const Vector direction = testing::LineVector(dip, azimuth);
             double foundPlunge = 0;
             double foundTrend = 0;
-            DirectedLine({std::cos(dip) * std::cos(azimuth), std::cos(dip) * std::sin(azimuth),
-                          std::sin(dip)},
-                         foundPlunge, foundTrend);
+            DirectedLine({direction.north, direction.east, direction.down}, foundPlunge,
+                         foundTrend);
             ASSERT_NEAR(foundPlunge, dip, 1e-9) << plunge << " " << trend;
             ASSERT_NEAR(std::cos(foundTrend - azimuth), 1, 1e-12) << plunge << " " << trend;
         }

@@ -270,18 +270,27 @@ TEST_F(FabricStatistics, APlotWithOverlaysKeepsThemWhenItIsDrawn) {
 // Polar lines.
 
 TEST_F(FabricStatistics, PolarLinesHaveADirectedMean) {
-    // Up and down by 30 toward north cancel in the vertical: the mean is horizontal.
-    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 0}, {-30, 0}});
+    // Down by 30 toward north, and up by 30 toward north with the lower end in the south, cancel in
+    // the vertical: the mean is horizontal.
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 0}, {-30, 180}});
     EXPECT_NEAR(record.FabricValueA, 0, kTolerance);
     EXPECT_NEAR(std::cos(static_cast<double>(record.FabricValueB)), 1, kTolerance);
     EXPECT_NEAR(record.RoseResultant[0], std::cos(Radians(30)), kTolerance);
     EXPECT_NEAR(record.FabricValueF, 1 - std::cos(Radians(30)), kTolerance);
-    // As axes the two are one line.
-    EXPECT_NEAR(record.FabricValueD, Radians(30), kTolerance);
+    // As axes the two stand 60 degrees from each other, to both sides of the vertical.
+    EXPECT_NEAR(record.FabricValueD, Radians(90), kTolerance);
+    ExpectEigenvalues(record, 0, 0.25, 0.75);
+}
+
+TEST_F(FabricStatistics, OppositeEndsOfALineCancel) {
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 10}, {-30, 10}, {30, 10}});
+    EXPECT_NEAR(record.RoseResultant[0], 1.0 / 3, kTolerance);
+    EXPECT_NEAR(record.FabricValueA, Radians(30), kTolerance);
+    EXPECT_NEAR(record.FabricValueB, Radians(10), kTolerance);
     ExpectEigenvalues(record, 0, 0, 1);
 }
 
-TEST_F(FabricStatistics, AnUpwardMeanPointsTowardItsTrend) {
+TEST_F(FabricStatistics, AnUpwardMeanHasTheTrendOfItsLowerEnd) {
     const PlotRecord& record = StatisticsOf(kPolarLines, {{-30, 120}, {-30, 120}});
     EXPECT_NEAR(record.FabricValueA, Radians(-30), kTolerance);
     EXPECT_NEAR(record.FabricValueB, Radians(120), kTolerance);
@@ -289,7 +298,7 @@ TEST_F(FabricStatistics, AnUpwardMeanPointsTowardItsTrend) {
 }
 
 TEST_F(FabricStatistics, OpposedDirectionsHaveNoMeanDirection) {
-    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 10}, {-30, 190}, {0, 90}, {0, 270}});
+    const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 10}, {-30, 10}, {0, 90}, {0, 270}});
     EXPECT_FALSE(HasMeanDirection(record));
     EXPECT_EQ(record.FabricValueA, 9999.0F);
     EXPECT_EQ(record.FabricValueB, 9999.0F);

@@ -217,7 +217,7 @@ TEST_F(ReferenceEntriesOfPlot, ANumberInTwoFormatsTellsBothTexts) {
 }
 
 TEST_F(ReferenceEntriesOfPlot, AMeanWithoutDirectionIsUndetermined) {
-    const auto entries = EntriesOf(kPolarLines, {{30, 10}, {-30, 190}});
+    const auto entries = EntriesOf(kPolarLines, {{30, 10}, {-30, 10}});
     EXPECT_FALSE(EntryOf(entries, "Fisher mean plunge").value);
     EXPECT_EQ(EntryOf(entries, "Fisher mean plunge").printed, "9999");
     EXPECT_EQ(EntryOf(entries, "Fisher R").value, 0);

@@ -191,7 +191,7 @@ TEST(ReferenceStatistics, TheEllipseHoldsTheTrueAxisInNineteenOfTwentySamples) {
 
 TEST(FisherStatistics, AreThoseOfTheResultant) {
     // Down and up by 30 toward north, twice each: R = 4 cos 30.
-    const Lines lines = {{-30, 0, 2}, {30, 0, 2}};
+    const Lines lines = {{-30, 180, 2}, {30, 0, 2}};
     const auto found = ComputeReferenceStatistics(lines, RowSense::kPolarLines);
     ASSERT_TRUE(found && found->fisher);
     const double resultant = 4 * std::cos(Radians(30));
@@ -210,7 +210,7 @@ TEST(FisherStatistics, RowsOfOneLineHaveNoKappa) {
 }
 
 TEST(FisherStatistics, OpposedDirectionsHaveNoMean) {
-    const Lines lines = {{-30, 190, 5}, {30, 10, 5}};
+    const Lines lines = {{-30, 10, 5}, {30, 10, 5}};
     const auto found = ComputeReferenceStatistics(lines, RowSense::kPolarLines);
     EXPECT_EQ(found->fisher->resultant, 0);
     EXPECT_EQ(found->fisher->plunge, kNoDirection);

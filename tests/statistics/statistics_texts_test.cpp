@@ -125,20 +125,22 @@ TEST_F(StatisticsTexts, PlanesAreToldByTheirPoles) {
 
 TEST_F(StatisticsTexts, PolarLinesAreToldWithTheirSense) {
     NewPlotOf(kPolarLines);
-    // Twice down and once up by 30 toward north: the resultant is (3 cos 30, 0, sin 30), of length
-    // sqrt(7), and plunges arctan(sqrt(3)/9) = 10.89.
+    // Twice down and once up by 30 toward north, where the upward one has its lower end in the
+    // south: the resultant is (3 cos 30, 0, sin 30), of length sqrt(7), and plunges
+    // arctan(sqrt(3)/9) = 10.89. As axes the three have the tensor diag(3/4, 0, 1/4) but for
+    // lm = sqrt(3)/12, and an axis at half of arctan(1/sqrt(3)) below the horizontal.
     AddRow(30, 0);
     AddRow(30, 0);
-    AddRow(-30, 0);
+    AddRow(-30, 180);
     ComputeFabricStatistics();
     const std::string text = StatsBoxText();
-    EXPECT_TRUE(HasLine(text, "Mean Principal Direction = 30-000"));
+    EXPECT_TRUE(HasLine(text, "Mean Principal Direction = 15-000"));
     EXPECT_TRUE(HasLine(text, "Mean Resultant dir'n = 11-000"));
     EXPECT_TRUE(HasLine(text, "Mean Resultant length = 0.88"));
     EXPECT_TRUE(HasLine(text, "         (Variance = 0.12)"));
     const std::string advanced = FabricBoxText();
-    EXPECT_TRUE(HasLine(advanced, "Principal Eigenvector: 30.00 - 0.00"));
-    EXPECT_TRUE(HasLine(advanced, "(i.e. normal to plane dipping: 60.00 - 180.00)"));
+    EXPECT_TRUE(HasLine(advanced, "Principal Eigenvector: 15.00 - 0.00"));
+    EXPECT_TRUE(HasLine(advanced, "(i.e. normal to plane dipping: 75.00 - 180.00)"));
     EXPECT_TRUE(HasLine(advanced, "Mean Direction:  0.00 - 10.89"));
     EXPECT_TRUE(HasLine(advanced, "Mean Resultant = 0.882"));
     EXPECT_TRUE(HasLine(advanced, "('Variance' = 0.118)"));
@@ -153,10 +155,21 @@ TEST_F(StatisticsTexts, AnUpwardMeanHasANegativePlunge) {
     EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  120.00 - -30.00"));
 }
 
+TEST_F(StatisticsTexts, AMeanThatIsLevelAsPrintedHasTheTrendThatItPointsTo) {
+    NewPlotOf(kPolarLines);
+    // The mean rises by arctan(tan(1)/3) = 0.33 toward 040, and its lower end lies toward 220.
+    AddRow(0, 40);
+    AddRow(0, 40);
+    AddRow(-1, 220);
+    ComputeFabricStatistics();
+    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 0-040"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  220.00 - -0.33"));
+}
+
 TEST_F(StatisticsTexts, AMeanWithoutDirectionIsToldAsANumber) {
     NewPlotOf(kPolarLines);
     AddRow(30, 10);
-    AddRow(-30, 190);
+    AddRow(-30, 10);
     ComputeFabricStatistics();
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 9999"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant length = 0.00"));
