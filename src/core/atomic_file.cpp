@@ -48,10 +48,18 @@ std::FILE* OpenBeside(const std::filesystem::path& target, std::filesystem::path
 }
 
 /// Writes, flushes and closes. Empty on success.
-std::string WriteAll(std::FILE* file, std::string_view bytes) {
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()
-                         && std::fflush(file) == 0 && FlushToDisk(file);
-    std::string error = written ? std::string() : LastError();
+std::string WriteAll(std::FILE* file, const MakeBytes& make) {
+    std::string failure; // of the first write that failed
+    std::string error = make([file, &failure](std::string_view bytes) {
+        if (failure.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
+            failure = LastError();
+        }
+        return failure.empty();
+    });
+    error = failure.empty() ? error : failure;
+    if (error.empty() && (std::fflush(file) != 0 || !FlushToDisk(file))) {
+        error = LastError();
+    }
     if (std::fclose(file) != 0 && error.empty()) {
         error = LastError();
     }
@@ -87,7 +95,7 @@ std::filesystem::perms RightsFor(const std::filesystem::file_status& former) {
 
 } // namespace
 
-std::string WriteFileAtomically(const std::string& path, std::string_view bytes) {
+std::string WriteFileAtomically(const std::string& path, const MakeBytes& make) {
     const std::filesystem::path target = TargetOf(path);
     std::error_code failed;
     const std::filesystem::file_status status = std::filesystem::status(target, failed);
@@ -107,7 +115,7 @@ std::string WriteFileAtomically(const std::string& path, std::string_view bytes)
     if (file == nullptr) {
         return LastError();
     }
-    std::string error = WriteAll(file, bytes);
+    std::string error = WriteAll(file, make);
     if (error.empty()) {
         std::filesystem::permissions(temporary, RightsFor(status), failed);
         std::filesystem::rename(temporary, target, failed);
@@ -117,6 +125,13 @@ std::string WriteFileAtomically(const std::string& path, std::string_view bytes)
         std::filesystem::remove(temporary, failed);
     }
     return error;
+}
+
+std::string WriteFileAtomically(const std::string& path, std::string_view bytes) {
+    return WriteFileAtomically(path, [bytes](const PutBytes& put) {
+        put(bytes);
+        return std::string();
+    });
 }
 
 } // namespace quandrel

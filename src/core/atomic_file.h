@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,5 +15,19 @@ namespace quandrel {
 ///
 /// @return empty on success, else a text for the user that says why
 [[nodiscard]] std::string WriteFileAtomically(const std::string& path, std::string_view bytes);
+
+/// Takes the next bytes of a file. False when they could not be written: no more need to come.
+using PutBytes = std::function<bool(std::string_view bytes)>;
+
+/// Makes a file's bytes piece by piece.
+///
+/// @return empty, or why there is no file
+using MakeBytes = std::function<std::string(const PutBytes& put)>;
+
+/// The same for a file that is too large to be held: `make` puts its bytes, in their order. When it
+/// gives a reason, nothing is written. It does not throw.
+///
+/// @return empty on success, else the reason of `make`, or a text for the user
+[[nodiscard]] std::string WriteFileAtomically(const std::string& path, const MakeBytes& make);
 
 } // namespace quandrel

@@ -89,6 +89,52 @@ TEST_F(AtomicFile, ADiskThatFillsUpLeavesTheOldFile) {
     }
 }
 
+TEST_F(AtomicFile, BytesMayComeInPieces) {
+    const auto pieces = [](const PutBytes& put) {
+        for (int i = 0; i < 1000; ++i) {
+            EXPECT_TRUE(put(std::string(1000, static_cast<char>('a' + i % 26))));
+        }
+        return std::string();
+    };
+    EXPECT_EQ(WriteFileAtomically(path, pieces), "");
+    const std::string content = Content();
+    ASSERT_EQ(content.size(), 1000000U);
+    EXPECT_EQ(content[0], 'a');
+    EXPECT_EQ(content[999999], static_cast<char>('a' + 999 % 26));
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+TEST_F(AtomicFile, AReasonAgainstTheFileLeavesTheOldOne) {
+    ASSERT_EQ(WriteFileAtomically(path, "old"), "");
+    EXPECT_EQ(WriteFileAtomically(path,
+                                  [](const PutBytes& put) {
+                                      put("half of");
+                                      return std::string("it was stopped");
+                                  }),
+              "it was stopped");
+    EXPECT_EQ(Content(), "old");
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+TEST_F(AtomicFile, PiecesThatFindNoRoomAreToldAtOnce) {
+    ASSERT_EQ(WriteFileAtomically(path, "old"), "");
+    int taken = 0;
+    std::string error;
+    {
+        const FullDisk full(20000);
+        error = WriteFileAtomically(path, [&taken](const PutBytes& put) {
+            while (taken < 1000 && put(std::string(10000, 'x'))) {
+                ++taken;
+            }
+            return std::string();
+        });
+    }
+    EXPECT_EQ(error, "File too large");
+    EXPECT_LT(taken, 10);
+    EXPECT_EQ(Content(), "old");
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
 TEST_F(AtomicFile, FilesOfOtherNamesBesideItAreLeftAlone) {
     std::ofstream(path + ".saving") << "mine";
     EXPECT_EQ(WriteFileAtomically(path, "new"), "");
