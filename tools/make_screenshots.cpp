@@ -96,6 +96,7 @@ public:
         gPlatform.clipboard = &clipboard_;
         gPlatform.printers = &printers_;
         InitialiseApplication();
+        firstFormat_ = CurrentFormat();
         window = std::make_unique<GeolPlotMain>();
         gPlatform.prompts = &prompts_;
         prompts_.OnFormat([this](const FormatQuestion& question) { return Answer(question); });
@@ -143,18 +144,19 @@ public:
     std::unique_ptr<GeolPlotMain> window;
 
 private:
-    static void Apply(const std::string& format) {
+    void Apply(const std::string& format) const {
         const Result<std::vector<Command>> commands =
             ParseScript("format " + format, CommandBreak::LineOnly);
         StatedFormat stated;
         const std::string wrong =
-            commands ? ApplyFormatArguments(commands->front().arguments, stated) : "bad words";
+            commands ? ApplyFormatArguments(commands->front().arguments, firstFormat_, stated)
+                     : "bad words";
         if (!wrong.empty() && !format.empty()) {
             std::cerr << wrong << "\n";
         }
     }
 
-    static std::optional<FormatAnswer> Answer(const FormatQuestion& question) {
+    std::optional<FormatAnswer> Answer(const FormatQuestion& question) const {
         const auto format = Formats().find(
             QFileInfo(QString::fromStdString(question.path)).fileName().toStdString());
         if (format != Formats().end()) {
@@ -168,6 +170,7 @@ private:
     QString examples_;
     QString folder_;
     QString theme_;
+    FormatSettings firstFormat_;
     MemorySettingsStore settings_;
     MemoryClipboard clipboard_;
     WidgetPrinters printers_;

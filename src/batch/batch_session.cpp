@@ -159,6 +159,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log)
     gPlatform.printers = &noPrinters;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     InitialiseApplication();
+    firstFormat_ = CurrentFormat();
 }
 
 BatchSession::~BatchSession() {
@@ -318,7 +319,7 @@ std::string BatchSession::Export(const Command& command) {
 }
 
 std::string BatchSession::Format(const Command& command) {
-    return ApplyFormatArguments(command.arguments, stated_);
+    return ApplyFormatArguments(command.arguments, firstFormat_, stated_);
 }
 
 std::string BatchSession::Get(const Command& command) {

@@ -75,6 +75,7 @@ private:
     QuietStatusLine status_;
     ScriptedPrompts prompts_;
     Platform formerPlatform_;
+    FormatSettings firstFormat_; ///< that of a first run, from which each `format` starts
     StatedFormat stated_;
     std::set<int> setPlots_;  ///< slots of plots with fields set since results were last shown
     std::string formatPath_;  ///< the file that was last asked about

@@ -5,7 +5,9 @@
 #include "batch/key_values.h"
 #include "core/data_format.h"
 #include "core/settings.h"
+#include "platform/platform.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -23,16 +25,49 @@ const Names kDataNames = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPol
 const std::map<std::string, std::string> kDelimiters = {
     {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
 
+constexpr int kTrendFirst = 10; ///< is added to the code of conventions
+
 /// A format being put together: applied when all arguments were good.
 struct Draft {
-    FormatSettings format = CurrentFormat();
+    FormatSettings format;
     StatedFormat stated;
-    bool decimalIsComma = gDecimalIsComma;
+    bool decimalIsComma = false;
     int plane = 1;
     bool trendFirst = false;
     bool quadrant = false;
-    bool conventionsByParts = false;
 };
+
+void TakeConventionCode(int code, Draft& draft) {
+    draft.plane = std::abs(code) % kTrendFirst;
+    draft.trendFirst = std::abs(code) > kTrendFirst;
+    draft.quadrant = code < 0;
+}
+
+std::int16_t ConventionCode(const Draft& draft) {
+    const int code = draft.plane + (draft.trendFirst ? kTrendFirst : 0);
+    return static_cast<std::int16_t>(draft.quadrant ? -code : code);
+}
+
+/// The defaults of all that the keys state, beside what they do not state.
+Draft FreshDraft(const FormatSettings& defaults) {
+    const FormatSettings current = CurrentFormat();
+    Draft draft;
+    draft.format = defaults;
+    draft.format.planeSeparator = current.planeSeparator;
+    draft.format.lineSeparator = current.lineSeparator;
+    draft.format.plotKind = current.plotKind;
+    draft.format.symbols = current.symbols;
+    draft.decimalIsComma = gPlatform.decimalIsComma;
+    return draft;
+}
+
+Draft DraftInForce(const StatedFormat& stated) {
+    Draft draft;
+    draft.format = CurrentFormat();
+    draft.stated = stated;
+    draft.decimalIsComma = gDecimalIsComma;
+    return draft;
+}
 
 std::string TakeConventions(const std::string& value, Draft& draft) {
     const std::optional<int> code = WholeNumber(value, -16, 16);
@@ -40,7 +75,7 @@ std::string TakeConventions(const std::string& value, Draft& draft) {
     if (plane < 1 || plane > 6) {
         return "'" + value + "' is no convention code: 1 to 6, 11 to 16, or these below 0";
     }
-    draft.format.conventions = static_cast<std::int16_t>(*code);
+    TakeConventionCode(*code, draft);
     return {};
 }
 
@@ -50,17 +85,14 @@ std::string TakePlane(const std::string& value, Draft& draft) {
         return "'" + value + "' is no plane convention: 1 to 6";
     }
     draft.plane = *plane;
-    draft.conventionsByParts = true;
     return {};
 }
 
 std::string TakeLineOrder(const std::string& value, Draft& draft) {
-    draft.conventionsByParts = true;
     return TakeName({{"pt", 0}, {"tp", 1}}, value, draft.trendFirst);
 }
 
 std::string TakeNotation(const std::string& value, Draft& draft) {
-    draft.conventionsByParts = true;
     return TakeName({{"azimuth", 0}, {"quadrant", 1}}, value, draft.quadrant);
 }
 
@@ -143,20 +175,26 @@ const Takers<Draft>& FormatTakers() {
 
 void Apply(const Draft& draft, StatedFormat& stated) {
     RestoreFormat(draft.format);
-    if (draft.conventionsByParts) {
-        const int code = draft.plane + (draft.trendFirst ? 10 : 0);
-        gConventions = static_cast<std::int16_t>(draft.quadrant ? -code : code);
-    }
+    gConventions = ConventionCode(draft);
     gDecimalIsComma = draft.decimalIsComma;
     stated = draft.stated;
 }
 
 } // namespace
 
-std::string ApplyFormatArguments(const std::vector<Argument>& arguments, StatedFormat& stated) {
-    Draft draft;
-    draft.stated = stated;
-    const std::string error = TakeArguments(arguments, FormatTakers(), "a format", draft);
+std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
+                                 const FormatSettings& defaults, StatedFormat& stated) {
+    const auto isAdd = [](const Argument& argument) {
+        return argument.name.empty() && argument.value == kAddToFormat;
+    };
+    const bool adds = !arguments.empty() && isAdd(arguments.front());
+    if (std::count_if(arguments.begin(), arguments.end(), isAdd) > (adds ? 1 : 0)) {
+        return "'add' stands before the keys: format add KEY=VALUE...";
+    }
+    Draft draft = adds ? DraftInForce(stated) : FreshDraft(defaults);
+    TakeConventionCode(draft.format.conventions, draft);
+    const std::vector<Argument> items(arguments.begin() + (adds ? 1 : 0), arguments.end());
+    const std::string error = TakeArguments(items, FormatTakers(), "a format", draft);
     if (error.empty()) {
         Apply(draft, stated);
     }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "batch/script.h"
+#include "core/data_format.h"
 
 #include <string>
 #include <vector>
@@ -17,11 +18,17 @@ struct StatedFormat {
     bool frequencyColumn = false;
 };
 
+/// The first word of a `format` that changes the one in force instead of stating a new one.
+inline constexpr const char* kAddToFormat = "add";
+
 /// Sets the format globals from arguments such as `primary=plane`, `conventions=6`,
-/// `delimiter=tab`, `columns=1,0,2,3,4,5,6,7,8,9`. Nothing changes when one of them is wrong.
+/// `delimiter=tab`, `columns=1,0,2,3,4,5,6,7,8,9`. What is not stated is as in the defaults, or
+/// stays as it is after the word `add`. Nothing changes when one of the arguments is wrong.
 ///
+/// @param defaults  of all that the keys state; the kind of plot, separators and symbols stay
 /// @return empty, or what is wrong
 [[nodiscard]] std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
+                                               const FormatSettings& defaults,
                                                StatedFormat& stated);
 
 } // namespace quandrel
