@@ -27,6 +27,9 @@ extern Formulas gFormulas;
 /// of length 0. Fields and files hold their marker instead, JSON null.
 inline constexpr const char* kUndetermined = "undetermined";
 
+/// What is printed for a number beyond all bounds.
+inline constexpr const char* kInfinite = "infinite";
+
 /// The line below a result of the program's own whose textbook value is printed otherwise:
 /// "(textbook: 045-225)", without a line end.
 [[nodiscard]] inline std::string TextbookNote(std::string_view printed) {

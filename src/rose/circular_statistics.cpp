@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 #include "platform/platform.h"
 #include "rose/circular_median.h"
+#include "rose/circular_reference.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_tables.h"
 
@@ -28,15 +29,12 @@ constexpr const char* kMedianQuestion = "Skip calculation of the median?\n"
                                         "(It will take a long time with this large data set)\n"
                                         "The median will be set to zero if you press Yes";
 
-/// Kept: identical angles give 0, and concentrated ones 1 / (2 (1 - R)).
-double KappaOf(double r) {
-    if (r < 0.53) {
-        return 2 * r + std::pow(r, 3) + 5.0 / 6 * std::pow(r, 5);
+/// An angle from 0, below a turn. What rounding has left below 0 is 0, not a turn.
+double AngleInTurn(double angle) {
+    if (angle >= 0) {
+        return angle;
     }
-    if (r == 1) { // exactly: MeanResultantLength sees to it
-        return 0;
-    }
-    return r < 0.85 ? 0.43 / (1 - r) + 1.39 * r - 0.4 : 1 / (2 * (1 - r));
+    return angle > -kAxisWidth ? 0 : angle + kTwoPi;
 }
 
 double StandardDeviationOf(double r, AngleSense sense) {
@@ -144,11 +142,15 @@ void FindMedian(PlotRecord& record, AngleSense sense) {
 
 } // namespace
 
-double AngleFromSinCos(double y, double x) {
+double AngleFromSinCos(double y, double x, Formulas formulas) {
+    const bool isNull = std::abs(x) < kAxisWidth && std::abs(y) < kAxisWidth;
+    if (isNull) {
+        return 0;
+    }
+    if (formulas == Formulas::Textbook) {
+        return AngleInTurn(std::atan2(y, x));
+    }
     if (std::abs(x) < kAxisWidth) {
-        if (std::abs(y) < kAxisWidth) {
-            return 0;
-        }
         return y > 0 ? kPi : kThreeRightAngles; // Kept: pi, not pi/2
     }
     const double angle = std::atan(y / x);
@@ -156,6 +158,20 @@ double AngleFromSinCos(double y, double x) {
         return y >= 0 ? angle : angle + kPi;
     }
     return y <= 0 ? angle + kTwoPi : angle + kPi; // Kept: 2 pi for a y of exactly 0
+}
+
+double KappaOfLength(double r, Formulas formulas) {
+    if (formulas == Formulas::Textbook) {
+        return r < 1 ? VonMisesKappa(r) : kBoundlessKappa;
+    }
+    if (r < 0.53) {
+        return 2 * r + std::pow(r, 3) + 5.0 / 6 * std::pow(r, 5);
+    }
+    if (r == 1) { // Kept: identical angles give 0; MeanResultantLength makes them exactly 1
+        return 0;
+    }
+    // Kept: concentrated angles give 1 / (2 (1 - R)).
+    return r < 0.85 ? 0.43 / (1 - r) + 1.39 * r - 0.4 : 1 / (2 * (1 - r));
 }
 
 std::optional<double> MeanResultantLength(double cosine, double sine) {
@@ -170,7 +186,7 @@ std::optional<double> MeanResultantLength(double cosine, double sine) {
 }
 
 std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums, double n,
-                                                  AngleSense sense) {
+                                                  AngleSense sense, Formulas formulas) {
     CircularResults results;
     const double sine = sums[0] / n;
     const double cosine = sums[1] / n;
@@ -183,15 +199,15 @@ std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& s
     }
     const double r1 = *first;
     const double r2 = *second;
-    const double theta1 = AngleFromSinCos(sine, cosine);
-    const double theta2 = AngleFromSinCos(sineOfDouble, cosineOfDouble);
+    const double theta1 = AngleFromSinCos(sine, cosine, formulas);
+    const double theta2 = AngleFromSinCos(sineOfDouble, cosineOfDouble, formulas);
     const bool isAxial = sense == AngleSense::kAxial;
     results.moments = {cosine, sine};
     results.resultant = {r1, r2};
     results.meanDirection = {isAxial ? theta1 / 2 : theta1, isAxial ? theta2 / 2 : theta2};
     results.variance = isAxial ? 1 - std::pow(r1, 0.25) : 1 - r1;
     results.standardDeviation = StandardDeviationOf(r1, sense);
-    results.kappa = KappaOf(r1);
+    results.kappa = KappaOfLength(r1, formulas);
     results.dispersion = r1 == 0 ? kNoDispersion : (1 - r2) / (2 * r1 * r1);
     FindShape(results, theta1, theta2);
     return results;
@@ -210,10 +226,34 @@ void RoseCircularStats(int measure) {
     }
     const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     if (const std::optional<CircularResults> results =
-            CircularStatistics(gRoseTrigSums[*layer], weight, sense)) {
+            CircularStatistics(gRoseTrigSums[*layer], weight, sense, gFormulas)) {
         Store(record, *results);
         FindMedian(record, sense);
     }
+}
+
+CircularResults ResultsInRecord(const PlotRecord& record) {
+    CircularResults results;
+    results.moments = record.RoseMoments;
+    results.resultant = record.RoseResultant;
+    results.meanDirection = record.RoseMeanDir;
+    results.variance = record.RoseVariance;
+    results.standardDeviation = record.RoseStdDev;
+    results.kappa = record.RoseKappa;
+    results.dispersion = record.RoseDispersion;
+    results.skewness = record.RoseSkewness;
+    results.kurtosis = record.RoseKurtosis;
+    return results;
+}
+
+std::optional<CircularResults> CircularResultsOfActivePlot(Formulas formulas) {
+    const PlotRecord& record = ActiveRecord();
+    const std::optional<RoseLayer> layer = LayerOfMeasure(MeasureOfRose(record.RoseType));
+    if (gRoseTablesSlot != gActivePlot || !layer || !HasCircularStatistics(record)) {
+        return std::nullopt;
+    }
+    const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
+    return CircularStatistics(gRoseTrigSums[*layer], WeightOfStatistics(record), sense, formulas);
 }
 
 bool HasCircularStatistics(const PlotRecord& record) {

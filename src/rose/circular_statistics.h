@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "core/formulas.h"
 #include "core/plot_record.h"
 
 #include <array>
@@ -21,12 +22,26 @@ enum class AngleSense { kDirected, kAxial };
 /// The dispersion of angles without a resultant.
 inline constexpr double kNoDispersion = 99999;
 
-/// The angle of a vector, 0 to kTwoPi, with a leaning of its own at the axes.
+/// The concentration of identical angles by maximum likelihood, which is infinite: records hold
+/// finite numbers.
+inline constexpr double kBoundlessKappa = 99999;
+
+/// The angle of a vector, 0 to kTwoPi.
 ///
 /// @param y,x  sine and cosine, of any common length
-/// @return 0 when both are below 1e-10; pi for a positive y and an x about 0; 2 pi for a y of
-///         exactly 0, whatever the sign of x
-[[nodiscard]] double AngleFromSinCos(double y, double x);
+/// @return 0 when both are below 1e-10. The textbook's formula is atan2; the program's own has a
+///         leaning at the axes: pi for a positive y and an x about 0; 2 pi for a y of exactly 0,
+///         whatever the sign of x
+[[nodiscard]] double AngleFromSinCos(double y, double x, Formulas formulas = Formulas::Own);
+
+/// Concentration of a von Mises distribution from a mean resultant length.
+///
+/// @param r  0 to 1
+/// @return by maximum likelihood in the textbook (kBoundlessKappa for 1); the program's own is its
+///         approximation in three parts, 1 / (2 (1 - r)) from 0.85 on, and 0 for 1
+///
+/// Formula: N. I. Fisher, Statistical Analysis of Circular Data (1993), 4.5.5.
+[[nodiscard]] double KappaOfLength(double r, Formulas formulas);
 
 /// Length of a mean vector.
 ///
@@ -54,13 +69,16 @@ struct CircularResults {
 /// @param sums  sin a, cos a, sin b, cos b; b is twice a, and a is the angle, or twice an axial one
 /// @param n     sum of the weights, not 0
 ///
+/// @param formulas  decides the mean directions (AngleFromSinCos) and kappa (KappaOfLength)
+///
 /// @return nothing when a resultant is longer than MeanResultantLength allows
 ///
 /// Formulas: N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3 and 4.5.5; variance
 /// and standard deviation of axial data by K. V. Mardia, Statistics of Directional Data
 /// (1972), 2.6.
 [[nodiscard]] std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums,
-                                                                double n, AngleSense sense);
+                                                                double n, AngleSense sense,
+                                                                Formulas formulas = Formulas::Own);
 
 /// Above so many data the confidence interval of the mean is told.
 inline constexpr double kLargeSample = 25;
@@ -69,7 +87,7 @@ inline constexpr double kLargeSample = 25;
 inline constexpr double kMedianWithoutQuestion = 2000;
 
 /// Works out the circular statistics of the rose of gActivePlot, from the tables of its data pass,
-/// into the record.
+/// into the record, by the formulas in force.
 ///
 /// @param measure  RoseKindCode: frequencies are weighted by the count of observations, means and
 ///                 deviations have no statistics, all others are weighted by the value of a row
@@ -86,6 +104,13 @@ void RoseCircularStats(int measure);
 
 /// Whether it had not because values of both signs made a resultant longer than 1.
 [[nodiscard]] bool IsResultantTooLong(const PlotRecord& record);
+
+/// The statistics that a record holds.
+[[nodiscard]] CircularResults ResultsInRecord(const PlotRecord& record);
+
+/// The statistics of the rose of gActivePlot by the given formulas, from the tables of its data
+/// pass; nothing when it has none, or the tables are of another plot.
+[[nodiscard]] std::optional<CircularResults> CircularResultsOfActivePlot(Formulas formulas);
 
 /// The weight that the statistics of a rose are over: of frequencies the number of observations, of
 /// other kinds the sum of the values, under the weights of a bias correction.

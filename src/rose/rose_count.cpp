@@ -92,6 +92,7 @@ private:
     [[nodiscard]] std::optional<double> WeightOf(std::size_t row);
     void Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight);
     void ListAngle(double count, double angle);
+    void ListRow(const RoseRow& row, double angle, double weight);
     void AddAzimuth(const AzimuthSums& sums, std::size_t sector);
     void AddTrigSums(const AzimuthSums& sums, double angle);
     void FinishMeans();
@@ -105,6 +106,7 @@ private:
     bool needsNumber_;
     bool hasValues_;
     bool listsAngles_ = true;
+    bool listsRows_ = true;
     RoseTables tables_;
     std::array<AzimuthSums, kAzimuths> azimuths_{};
     std::array<int, kAzimuths> sectorOf_{};
@@ -156,6 +158,7 @@ void RoseCounter::CountRow(std::size_t row) {
         Add(*read, azimuth, std::min(classNumber, settings_.classes), *weight);
         ++tables_.rowsCounted;
         ListAngle(read->count, radians_[azimuth]);
+        ListRow(*read, radians_[azimuth], *weight);
     }
 }
 
@@ -240,6 +243,20 @@ void RoseCounter::ListAngle(double count, double angle) {
         angles.shrink_to_fit();
     } else {
         angles.insert(angles.end(), static_cast<std::size_t>(count), angle);
+    }
+}
+
+void RoseCounter::ListRow(const RoseRow& row, double angle, double weight) {
+    if (!listsRows_ || row.count == 0) {
+        return;
+    }
+    listsRows_ =
+        tables_.rows.size() < kMostListedRows && row.count <= static_cast<double>(kMostListedRows);
+    if (listsRows_) {
+        const auto count = static_cast<std::size_t>(row.count);
+        tables_.rows.push_back({angle, count, weight, row.value * weight});
+    } else {
+        tables_.rows.clear();
     }
 }
 

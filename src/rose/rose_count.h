@@ -47,15 +47,27 @@ struct RoseRows {
     std::span<const std::int32_t> lineTrends;
 };
 
+/// Rows beyond so many are not listed one by one.
+inline constexpr std::size_t kMostListedRows = 25;
+
+/// A row as the trigonometric sums hold it.
+struct RoseObservation {
+    double angle = 0;       ///< radians, of axial data below kPi
+    std::size_t count = 1;  ///< observations of grouped data
+    double weight = 1;      ///< of each of them
+    double valueWeight = 0; ///< of the row in sums of values
+};
+
 /// What a rose is drawn and described from.
 struct RoseTables {
     RoseSectorTable sectors;
     RoseSectorStats stats;
     RoseTrigSums trigSums{};
     std::vector<double> angles{0.0};
-    Table<double, 7, 3> totals{}; ///< RoseStats of the record
-    std::int32_t leftOut = 0;     ///< rows without a value that the kind needs
-    std::int32_t rowsCounted = 0; ///< rows that stand in a class
+    std::vector<RoseObservation> rows; ///< of small samples; empty above kMostListedRows
+    Table<double, 7, 3> totals{};      ///< RoseStats of the record
+    std::int32_t leftOut = 0;          ///< rows without a value that the kind needs
+    std::int32_t rowsCounted = 0;      ///< rows that stand in a class
 };
 
 /// Counts rows into the sectors of a layout.

@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_tables.h"
 #include "stereo/draw_target.h"
@@ -16,19 +17,14 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kConfidenceFactor = 1.9604;
 constexpr double kArrowBarb = 1021;
 constexpr double kBarbAngle = kPi / 200;
 constexpr double kArrowWidth = 2;
 constexpr double kArcWidth = 4;
 
-bool HasMeanDirection(const PlotRecord& record) {
-    return HasCircularStatistics(record) && record.RoseResultant[0] > 0;
-}
-
 /// The azimuths of the mean: of axial data both ends.
 std::vector<double> MeanEnds(const PlotRecord& record) {
-    if (!HasMeanDirection(record)) {
+    if (!HasRoseMean(record)) {
         return {};
     }
     const double mean = record.RoseMeanDir[0];
@@ -53,22 +49,13 @@ void DrawArrow(Surface& surface, double azimuth) {
     surface.Line(tip, AtAzimuth(kArrowBarb, azimuth + kBarbAngle), kBlack);
 }
 
-/// Sine of half the confidence interval; above 1 there is none.
-std::optional<double> SineOfConfidence(const PlotRecord& record) {
-    const double count = record.RoseStats[kRoseCount][1];
-    if (!HasMeanDirection(record) || !(count > 0)) {
-        return std::nullopt;
-    }
-    return kConfidenceFactor * std::sqrt(record.RoseDispersion / count);
-}
-
 void DrawConfidenceArcs(Surface& surface, const PlotRecord& record) {
-    const std::optional<double> halfWidth = RoseConfidenceHalfWidth(record);
-    if (!halfWidth || SineOfConfidence(record) > 1) {
+    const std::optional<RoseConfidence> confidence = RoseConfidenceOf(record, gFormulas);
+    if (!confidence || !confidence->isInterval) {
         return;
     }
     for (const double end : MeanEnds(record)) {
-        const RoseArc arc = ClippedArc(record.RoseShape, end, *halfWidth);
+        const RoseArc arc = ClippedArc(record.RoseShape, end, *confidence->halfWidth);
         if (arc.start != arc.end) {
             surface.Arc({}, kNetRadius, arc.start, arc.end, kBlack);
         }
@@ -85,15 +72,6 @@ std::vector<double> RoseArrowAzimuths(const PlotRecord& record) {
     std::erase_if(azimuths,
                   [&record](double azimuth) { return !IsAzimuthShown(record.RoseShape, azimuth); });
     return azimuths;
-}
-
-std::optional<double> RoseConfidenceHalfWidth(const PlotRecord& record) {
-    const std::optional<double> sine = SineOfConfidence(record);
-    if (!sine) {
-        return std::nullopt;
-    }
-    const double halfWidth = ArcSin(*sine); // Kept: a right angle where there is no interval
-    return gRoseDirectional ? halfWidth : halfWidth / 2;
 }
 
 void DrawRoseMean() {

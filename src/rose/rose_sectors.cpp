@@ -376,6 +376,11 @@ RoseTables TablesOfRose(PlotRecord& asked) {
     return CountRoseRows(SettingsOf(asked, LayoutOfRose(asked)), rows.Rows());
 }
 
+std::vector<RoseObservation> RowsOfRose(const PlotRecord& record) {
+    const GatheredRows rows(record);
+    return CountRoseRows(SettingsOf(record, LayoutOfRose(record)), rows.Rows()).rows;
+}
+
 bool AskForSectorSize(double size) {
     const SectorDivision division = DivideCircle(size);
     if (division.oddSize == 0 || ActiveRecord().NumValidData <= 0) {

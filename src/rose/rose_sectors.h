@@ -14,9 +14,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace quandrel {
 
+struct RoseObservation;
 struct RoseTables;
 
 /// RoseSamplePlunge when each row has its own sample line.
@@ -90,6 +92,10 @@ struct SectorLayout {
 ///                       are, and the number of rows; sector size and bias are mended as by
 ///                       RoseCountSectors
 [[nodiscard]] RoseTables TablesOfRose(PlotRecord& asked);
+
+/// The rows of the rose of gActivePlot one by one, when there are so few that they are listed
+/// (kMostListedRows). Nothing is kept, asked or told. O(rows).
+[[nodiscard]] std::vector<RoseObservation> RowsOfRose(const PlotRecord& record);
 
 /// Asks whether gActivePlot may get a smaller last sector by a size, whatever was accepted before;
 /// a size that makes none, and a plot without valid rows, need no question. A size accepted so is

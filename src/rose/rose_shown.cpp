@@ -3,6 +3,7 @@
 #include "rose/rose_shown.h"
 
 #include "classify/class_rule.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
@@ -34,6 +35,7 @@ struct CountedFrom {
 struct RoseSettingsShown {
     std::string file; ///< of the plot, as a slot may have held another one
     CountedFrom counted;
+    Formulas formulas = Formulas::Own; ///< of its circular statistics
     ClassTableCells classTable;
     double oddSectorSize = 0;
     std::int16_t shape = 0;
@@ -80,6 +82,7 @@ void RememberRose() {
     RoseSettingsShown& shown = shownRoses[gActivePlot];
     shown.file = FileOf(record);
     shown.counted = CountOf(record);
+    shown.formulas = gFormulas;
     shown.classTable = record.ClassTable;
     shown.oddSectorSize = record.RoseOddSectorSize;
     shown.shape = record.RoseShape;
@@ -96,7 +99,7 @@ bool IsRoseStale() {
     const PlotRecord& record = ActiveRecord();
     const auto shown = shownRoses.find(gActivePlot);
     return record.RowsChanged != 0 || shown == shownRoses.end()
-           || shown->second.counted != CountOf(record);
+           || shown->second.counted != CountOf(record) || shown->second.formulas != gFormulas;
 }
 
 bool RestoreRose() {
@@ -126,6 +129,7 @@ bool RestoreRose() {
     record.RoseScaleType = shown.scaleType;
     // The rose stays as it is although the rows may have changed.
     counted = CountOf(record);
+    shown.formulas = gFormulas;
     record.RowsChanged = 0;
     return true;
 }

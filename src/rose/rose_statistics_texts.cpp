@@ -7,14 +7,11 @@
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "rose/circular_statistics.h"
+#include "rose/circular_texts.h"
 #include "rose/rose_legend.h"
-#include "rose/rose_mean.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_tables.h"
-
-#include <cmath>
-#include <optional>
 
 namespace quandrel {
 
@@ -23,7 +20,6 @@ namespace {
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kFixed = "Fixed";
 constexpr const char* kFourDecimals = "0.0###";
-constexpr const char* kAzimuthFormat = "000.0";
 constexpr const char* kDegreeFormat = "##0.0";
 constexpr const char* kDegreeSign = "°";
 
@@ -37,6 +33,10 @@ std::string Line(const char* label, double value, const char* format, const char
 
 bool IsAxial(const PlotRecord& record) {
     return record.DataKind != kPolarLines;
+}
+
+AngleSense SenseOf(const PlotRecord& record) {
+    return IsAxial(record) ? AngleSense::kAxial : AngleSense::kDirected;
 }
 
 std::string ValueName(const PlotRecord& record) {
@@ -117,24 +117,6 @@ std::string ScaleLines(const PlotRecord& record) {
            + Line("Total " + UnitOf(record, measure) + " = " + FormatNumber(total, kFixed));
 }
 
-/// An azimuth in whole degrees, of axial data with the opposite one behind it.
-std::string WholeAzimuth(const PlotRecord& record, double azimuth) {
-    std::string text = RadToAzimuthText(azimuth);
-    if (IsAxial(record)) {
-        text += "-" + RadToAzimuthText(WrappedAngle(azimuth + kPi));
-    }
-    return text;
-}
-
-/// WholeAzimuth with a decimal.
-std::string FineAzimuth(const PlotRecord& record, double azimuth) {
-    std::string text = FormatNumber(RadToDeg(azimuth), kAzimuthFormat);
-    if (IsAxial(record)) {
-        text += " - " + FormatNumber(RadToDeg(WrappedAngle(azimuth + kPi)), kAzimuthFormat);
-    }
-    return text;
-}
-
 constexpr const char* kBothSignsText = "(no circular statistics: values of both signs)";
 
 std::string MeanLines(const PlotRecord& record) {
@@ -144,15 +126,8 @@ std::string MeanLines(const PlotRecord& record) {
     if (!HasCircularStatistics(record)) {
         return {};
     }
-    std::string lines =
-        Line("Mean Resultant dir'n  = " + WholeAzimuth(record, record.RoseMeanDir[0]));
-    const std::optional<double> halfWidth = RoseConfidenceHalfWidth(record);
-    if (record.RoseStats[kRoseCount][1] > kLargeSample && halfWidth) {
-        lines +=
-            Line("[Approx. 95% Confidence interval = ±", RadToDeg(*halfWidth), kDegreeFormat, "°]")
-            + Line("  (valid only for unimodal data)");
-    }
-    return lines;
+    return ResultLine("Mean Resultant dir'n  = ", CircularTextsOf(record, gFormulas).wholeMean)
+           + ConfidenceLines(record, gFormulas);
 }
 
 std::string LowerLayerLines(const PlotRecord& record) {
@@ -180,19 +155,21 @@ std::string MedianLines(const PlotRecord& record) {
     }
     const char* const deviation = record.HasFrequencyColumn != 0 ? "Approx.Circ.Mean Dev. = "
                                                                  : "Circ.Mean Dev.about median = ";
-    return Line("Circ.Median = " + FineAzimuth(record, record.RoseMedian))
+    if (record.RoseResultant[0] == 0) { // without a mean direction nothing says where to cut
+        return Line(std::string("Circ.Median = ") + kUndetermined)
+               + Line(std::string(deviation) + kUndetermined);
+    }
+    return Line("Circ.Median = " + FineAzimuthOf(record.RoseMedian, SenseOf(record)))
            + Line(deviation, RadToDeg(record.RoseMeanDev), kDegreeFormat, kDegreeSign);
 }
 
-std::string SpreadLines(const PlotRecord& record) {
-    const double count = record.RoseStats[kRoseCount][1];
+std::string SpreadLines(const PlotRecord& record, const CircularTexts& texts) {
     return Line("Circ. Variance = ", record.RoseVariance, kFixed)
-           + Line("Circular Std.Dev. = ", RadToDeg(record.RoseStdDev), kFixed, kDegreeSign)
-           + Line("Circ. Dispersion = ", record.RoseDispersion, kFixed)
-           + Line("Circ.Std Error = ", std::sqrt(record.RoseDispersion / count), "##0.0###")
-           + Line("Circ.Skewness = ", record.RoseSkewness, kFixed)
-           + Line("Circ.Kurtosis = ", record.RoseKurtosis, kFixed)
-           + Line("kappa = ", record.RoseKappa, kFixed)
+           + ResultLine("Circular Std.Dev. = ", texts.deviation)
+           + ResultLine("Circ. Dispersion = ", texts.dispersion)
+           + ResultLine("Circ.Std Error = ", texts.error)
+           + ResultLine("Circ.Skewness = ", texts.skewness)
+           + ResultLine("Circ.Kurtosis = ", texts.kurtosis) + ResultLine("kappa = ", texts.kappa)
            + Line("     (von Mises concentration param. estimate)");
 }
 
@@ -202,7 +179,7 @@ std::string PairLine(const char* label, double first, double second) {
                 + "; Sbar = " + FormatNumber(second, kFourDecimals));
 }
 
-std::string ResultantLines(const PlotRecord& record) {
+std::string ResultantLines(const PlotRecord& record, const CircularTexts& texts) {
     const double weight = WeightOfStatistics(record);
     const double length = record.RoseResultant[0];
     const auto [cosine, sine] = record.RoseMoments;
@@ -212,18 +189,19 @@ std::string ResultantLines(const PlotRecord& record) {
     // Kept: the second sum is called Sbar.
     lines += PairLine("'Full' trig. sums: SumCos = ", weight * cosine, weight * sine);
     if (IsAxial(record)) {
-        const double doubled = WrappedAngle(2 * record.RoseMeanDir[0]);
         lines += Line("Mean resultant of doubled angles = ", length, kFourDecimals)
-                 + Line("Mean direction of doubled angles = " + RadToAzimuthText(doubled));
+                 + ResultLine("Mean direction of doubled angles = ", texts.doubledMean);
     }
     return lines;
 }
 
-std::string SourceLines() {
+std::string SourceLines(const PlotRecord& record) {
+    const bool isSmall = record.RoseStats[kRoseCount][1] <= kLargeSample;
     return kLineEnd + Line("Formulas follow:") + Line("  K.V. Mardia (1972),")
            + Line("    Statistics of Directional Data") + Line("  N.I. Fisher (1993),")
            + Line("    Statistical Analysis of Circular Data")
-           + Line("The confidence interval is by the method") + Line("for large samples.");
+           + Line("The confidence interval is by the method")
+           + Line(isSmall ? "for few data, the bootstrap." : "for large samples.");
 }
 
 } // namespace
@@ -241,8 +219,9 @@ std::string RoseStatsFull() {
                + Line(IsResultantTooLong(record) ? kBothSignsText
                                                  : "(no circular statistics of this kind of rose)");
     }
-    return text + Line("Mean Resultant dir'n  = " + FineAzimuth(record, record.RoseMeanDir[0]))
-           + MedianLines(record) + SpreadLines(record) + ResultantLines(record) + SourceLines();
+    const CircularTexts texts = CircularTextsOf(record, gFormulas);
+    return text + ResultLine("Mean Resultant dir'n  = ", texts.fineMean) + MedianLines(record)
+           + SpreadLines(record, texts) + ResultantLines(record, texts) + SourceLines(record);
 }
 
 } // namespace quandrel

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "rose/circular_statistics.h"
 #include "rose/rose_mean.h"
+#include "rose/rose_sectors.h"
+#include "rose/rose_shown.h"
+#include "rose/rose_statistics_texts.h"
 #include "rose/rose_tables.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -155,6 +161,106 @@ TEST_F(RoseMeanTest, DrawsTheArcOnTheRimAboutBothEnds) {
     }
     record.RoseShape = 1;
     EXPECT_EQ(Draw().size(), 1U);
+}
+
+TEST_F(RoseMeanTest, TakesTheFactorOfTheFormulasInForce) {
+    gRoseDirectional = true;
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(record, Formulas::Textbook)), 1.96 * 0.05, 1e-12);
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(record, Formulas::Own)), 1.9604 * 0.05, 1e-12);
+}
+
+/// A rose of a few rows, drawn with its arcs alone.
+class RoseOfFewData : public EngineTest {
+protected:
+    void Work(std::int16_t kind, const std::vector<std::int32_t>& azimuths) {
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kind;
+        NewPlot();
+        PlotRecord& record = ActiveRecord();
+        record.PlotKind = kRose;
+        record.RoseSectorSize = 10;
+        record.RoseDisplay7 = 0;
+        record.RoseDisplay8 = kTrue;
+        for (const std::int32_t azimuth : azimuths) {
+            AddRow(0, azimuth);
+        }
+        ASSERT_TRUE(RoseCountSectors());
+        RoseCircularStats(kRoseFrequency);
+    }
+
+    static std::vector<DrawOperation> Draw() {
+        Form(gActivePlot).PlotSurface().Clear(kWhite);
+        DrawRoseMean();
+        return DrawnOn(Form(gActivePlot).Plot());
+    }
+
+    void TearDown() override {
+        ForgetRoseOfPlot(gActivePlot);
+        EngineTest::TearDown();
+    }
+};
+
+TEST_F(RoseOfFewData, DrawsTheArcOfTheIntervalThatIsPrinted) {
+    for (const std::int16_t kind : {kPolarLines, kLines}) {
+        Work(kind, {20, 32, 10, 41, 28, 35});
+        const auto confidence = RoseConfidenceOf(ActiveRecord(), Formulas::Own);
+        ASSERT_TRUE(confidence && confidence->halfWidth);
+        EXPECT_EQ(confidence->method, ConfidenceMethod::kBootstrap);
+        EXPECT_EQ(RoseConfidenceOf(ActiveRecord(), Formulas::Textbook)->halfWidth,
+                  confidence->halfWidth);
+        const auto drawn = Draw();
+        ASSERT_EQ(drawn.size(), kind == kLines ? 2U : 1U);
+        EXPECT_NEAR((drawn[0].end - drawn[0].start) / 2, *confidence->halfWidth, 1e-9);
+        const std::string width = FormatNumber(Degrees(*confidence->halfWidth), "##0.0");
+        EXPECT_NE(RoseStatsShort().find("[Bootstrap 95% Confidence interval = ±" + width + "°]"),
+                  std::string::npos)
+            << RoseStatsShort();
+    }
+}
+
+TEST_F(RoseOfFewData, HalvesTheIntervalOfTheDoubledAnglesOfAxes) {
+    Work(kPolarLines, {40, 64, 20, 82, 56, 70});
+    const double ofDoubled = *RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth;
+    Work(kLines, {20, 32, 10, 41, 28, 35});
+    EXPECT_NEAR(*RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, ofDoubled / 2, 1e-9);
+}
+
+TEST_F(RoseOfFewData, DrawsNoArcWhereNoIntervalIsPrinted) {
+    Work(kPolarLines, {20, 60, 100});
+    EXPECT_TRUE(Draw().empty());
+    EXPECT_NE(RoseStatsShort().find("[Bootstrap 95% Confidence interval = undetermined]"),
+              std::string::npos);
+    Work(kPolarLines, {20});
+    EXPECT_TRUE(Draw().empty());
+    Work(kPolarLines, {20, 200});
+    EXPECT_TRUE(Draw().empty());
+    EXPECT_EQ(RoseStatsShort().find("Confidence"), std::string::npos);
+}
+
+TEST_F(RoseOfFewData, CountsGroupedRowsAsOftenAsTheyOccur) {
+    Work(kPolarLines, {10, 10, 20, 30, 30, 30, 40});
+    const auto oneByOne = RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth;
+    Work(kPolarLines, {10, 20, 30, 40});
+    ActiveRecord().HasAppendedNumeric = kTrue;
+    ActiveRecord().HasFrequencyColumn = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+    const std::array<float, 4> counts = {2, 1, 3, 1};
+    for (std::int32_t row = 1; row <= 4; ++row) {
+        gAppNumeric.At(gActivePlot, row) = counts[static_cast<std::size_t>(row - 1)];
+    }
+    ASSERT_TRUE(RoseCountSectors());
+    RoseCircularStats(kRoseFrequency);
+    EXPECT_EQ(RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, oneByOne);
+}
+
+TEST_F(RoseOfFewData, FollowsTheFormulasWithItsArrows) {
+    Work(kLines, {40, 45, 50});
+    ActiveRecord().RoseDisplay7 = kTrue;
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 90, 1e-9);
+    gFormulas = Formulas::Textbook;
+    RoseCircularStats(kRoseFrequency);
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 45, 1e-9);
 }
 
 TEST_F(RoseMeanTest, LeavesTheSurfaceAsItWas) {

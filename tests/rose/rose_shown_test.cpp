@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
@@ -52,6 +53,24 @@ protected:
 
     int slot = 0;
 };
+
+TEST_F(RoseShown, IsStaleUnderOtherFormulas) {
+    RosePlot();
+    gFormulas = Formulas::Textbook;
+    EXPECT_TRUE(IsRoseStale());
+    RosePlot(false);
+    EXPECT_FALSE(IsRoseStale());
+}
+
+TEST_F(RoseShown, ARefusedRoseStaysRefusedUnderOtherFormulas) {
+    Record().RoseSectorSize = 100;
+    Expect(kOddQuestion, Button::Cancel);
+    RosePlot(true);
+    EXPECT_TRUE(IsRoseRefused());
+    gFormulas = Formulas::Textbook;
+    RosePlot(false);
+    EXPECT_TRUE(IsRoseRefused());
+}
 
 TEST_F(RoseShown, IsStaleOnceRowsOrSettingsOfTheCountChange) {
     EXPECT_TRUE(IsRoseStale()) << "none was noted";

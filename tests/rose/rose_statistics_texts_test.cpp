@@ -98,6 +98,8 @@ const std::vector<std::string> kShortOfFourLines = {
     "Maximum = 50.0%  [2 data]",
     "Total No.of data = 4.00",
     "Mean Resultant dir'n  = 050-230",
+    "[Bootstrap 95% Confidence interval = ±12.6°]", // 12.64 by all 256 resamples
+    "  (2000 resamples; unimodal data)",
 };
 
 TEST_F(RoseStatisticsTexts, ShortOfAxialData) {
@@ -125,6 +127,7 @@ TEST_F(RoseStatisticsTexts, FullOfAxialData) {
                                        "Circ.Skewness = 0.00",
                                        "Circ.Kurtosis = -1.88",
                                        "kappa = 16.58",
+                                       "(textbook: 16.84)",
                                        "     (von Mises concentration param. estimate)",
                                        "Resultant length = 3.88",
                                        "Mean Resultant length = 0.9698",
@@ -139,7 +142,7 @@ TEST_F(RoseStatisticsTexts, FullOfAxialData) {
                                        "  N.I. Fisher (1993),",
                                        "    Statistical Analysis of Circular Data",
                                        "The confidence interval is by the method",
-                                       "for large samples.",
+                                       "for few data, the bootstrap.",
                                    }));
 }
 
@@ -157,7 +160,7 @@ TEST_F(RoseStatisticsTexts, OfPolarLinesHaveOneEndAndNoDoubledAngles) {
     EXPECT_TRUE(HasLine(text, "Maximum = 33.3%  [1 data]"));
 }
 
-TEST_F(RoseStatisticsTexts, TellTheConfidenceIntervalAboveTwentyFiveData) {
+TEST_F(RoseStatisticsTexts, TellTheConfidenceIntervalByTheMethodForTheirNumber) {
     for (const int count : {25, 26}) {
         NewRose(kPolarLines);
         for (int i = 0; i < count; ++i) {
@@ -166,13 +169,77 @@ TEST_F(RoseStatisticsTexts, TellTheConfidenceIntervalAboveTwentyFiveData) {
         Work({{50, 13}});
         const std::string text = RoseStatsShort();
         if (count == 25) {
-            EXPECT_EQ(text.find("Confidence"), std::string::npos);
+            EXPECT_EQ(text.find("Approx."), std::string::npos);
+            EXPECT_NE(text.find("\r\n[Bootstrap 95% Confidence interval = ±4."), std::string::npos)
+                << text;
+            EXPECT_TRUE(HasLine(text, "  (2000 resamples; unimodal data)"));
+            EXPECT_TRUE(HasLine(RoseStatsFull(), "for few data, the bootstrap."));
             continue;
         }
         // R1 = cos 10, R2 = cos 20: sin = 1.9604 sqrt((1 - cos 20) / (2 cos^2 10) / 26) = 0.06779.
         EXPECT_TRUE(HasLine(text, "[Approx. 95% Confidence interval = ±3.9°]"));
         EXPECT_TRUE(HasLine(text, "  (valid only for unimodal data)"));
+        EXPECT_TRUE(HasLine(RoseStatsFull(), "for large samples."));
+        EXPECT_EQ(text.find("Bootstrap"), std::string::npos);
     }
+}
+
+TEST_F(RoseStatisticsTexts, TellTheTextbookBelowWhatDiffersFromIt) {
+    NewRose(kLines);
+    AddRows({40, 45, 50});
+    Work({{33.3, 1}});
+    EXPECT_TRUE(
+        HasLine(RoseStatsShort(), "Mean Resultant dir'n  = 090-270\r\n(textbook: 045-225)"));
+    const std::string own = RoseStatsFull();
+    EXPECT_TRUE(HasLine(own, "Mean Resultant dir'n  = 090.0 - 270.0\r\n(textbook: 045.0 - 225.0)"));
+    EXPECT_TRUE(HasLine(own, "Mean direction of doubled angles = 180\r\n(textbook: 090)"));
+    gFormulas = Formulas::Textbook;
+    Work({{33.3, 1}});
+    const std::string textbook = RoseStatsFull();
+    EXPECT_TRUE(HasLine(textbook, "Mean Resultant dir'n  = 045-225"));
+    EXPECT_TRUE(HasLine(textbook, "Mean Resultant dir'n  = 045.0 - 225.0"));
+    EXPECT_TRUE(HasLine(textbook, "Mean direction of doubled angles = 090"));
+    EXPECT_EQ(textbook.find("(textbook:"), std::string::npos) << textbook;
+}
+
+TEST_F(RoseStatisticsTexts, HaveNoNoteWhereADirectionIsTheSameOtherwiseWritten) {
+    // The program's own formula gives north as a full turn.
+    for (const std::int16_t kind : {kPolarLines, kLines}) {
+        NewRose(kind);
+        AddRows({350, 0, 10});
+        Work({{33.3, 1}});
+        const std::string text = RoseStatsFull();
+        EXPECT_TRUE(HasLine(text, kind == kLines ? "Mean Resultant dir'n  = 180-360"
+                                                 : "Mean Resultant dir'n  = 360"))
+            << text;
+        EXPECT_EQ(RoseStatsShort().find("(textbook:"), std::string::npos) << text;
+    }
+}
+
+TEST_F(RoseStatisticsTexts, TellWhatTheTextbookLeavesOpen) {
+    NewRose(kPolarLines);
+    AddRows({70, 70, 70});
+    Work({{100, 3}});
+    const std::string equal = RoseStatsFull();
+    EXPECT_TRUE(HasLine(equal, "kappa = 0.00\r\n(textbook: infinite)"));
+    EXPECT_TRUE(HasLine(equal, "Circ.Skewness = 0.00\r\n(textbook: undetermined)"));
+    gFormulas = Formulas::Textbook;
+    Work({{100, 3}});
+    EXPECT_TRUE(HasLine(RoseStatsFull(), "kappa = infinite"));
+    EXPECT_TRUE(HasLine(RoseStatsFull(), "Circ.Kurtosis = undetermined"));
+}
+
+TEST_F(RoseStatisticsTexts, OppositeRowsHaveUndeterminedDirections) {
+    NewRose(kLines);
+    AddRows({20, 110});
+    Work({{50, 1}});
+    EXPECT_TRUE(HasLine(RoseStatsShort(), "Mean Resultant dir'n  = undetermined"));
+    EXPECT_EQ(RoseStatsShort().find("Confidence"), std::string::npos);
+    const std::string text = RoseStatsFull();
+    EXPECT_TRUE(HasLine(text, "Circ.Median = undetermined"));
+    EXPECT_TRUE(HasLine(text, "Circ.Mean Dev.about median = undetermined"));
+    EXPECT_TRUE(HasLine(text, "Mean direction of doubled angles = undetermined"));
+    EXPECT_EQ(ActiveRecord().RoseMeanDir[0], 0);
 }
 
 TEST_F(RoseStatisticsTexts, HalveTheConfidenceIntervalOfAxialData) {

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+
+#include "rose/circular_texts.h"
+
+#include "core/data_format.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "rose/mean_bootstrap.h"
+#include "rose/rose_confidence.h"
+#include "rose/rose_tables.h"
+
+#include <cmath>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kFixed = "Fixed";
+constexpr const char* kDegreeFormat = "##0.0";
+constexpr const char* kAzimuthFormat = "000.0";
+constexpr const char* kErrorFormat = "##0.0###";
+constexpr const char* kDegreeSign = "°";
+
+AngleSense SenseOf(const PlotRecord& record) {
+    return record.DataKind == kPolarLines ? AngleSense::kDirected : AngleSense::kAxial;
+}
+
+/// The texts of one set of results.
+struct OwnTexts {
+    std::string wholeMean;
+    std::string fineMean;
+    std::string doubledMean;
+    std::string deviation;
+    std::string dispersion;
+    std::string error;
+    std::string skewness;
+    std::string kurtosis;
+    std::string kappa;
+};
+
+void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sense) {
+    if (results.resultant[0] == 0) {
+        texts.wholeMean = texts.fineMean = texts.doubledMean = kUndetermined;
+        return;
+    }
+    const double mean = results.meanDirection[0];
+    texts.wholeMean = WholeAzimuthOf(mean, sense);
+    texts.fineMean = FineAzimuthOf(mean, sense);
+    texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
+}
+
+/// What the textbook leaves open, and the program's own formulas have a number for.
+void OpenTextbookResults(OwnTexts& texts, const CircularResults& results) {
+    if (results.resultant[0] == 0) {
+        texts.deviation = texts.dispersion = texts.error = kUndetermined;
+    }
+    if (results.resultant[0] == 1) {
+        texts.skewness = texts.kurtosis = kUndetermined;
+        texts.kappa = kInfinite;
+    }
+}
+
+/// @param count  of data
+OwnTexts TextsOf(const CircularResults& results, AngleSense sense, Formulas formulas,
+                 double count) {
+    OwnTexts texts;
+    WriteMeans(texts, results, sense);
+    texts.deviation = FormatNumber(RadToDeg(results.standardDeviation), kFixed) + kDegreeSign;
+    texts.dispersion = FormatNumber(results.dispersion, kFixed);
+    texts.error = FormatNumber(std::sqrt(results.dispersion / count), kErrorFormat);
+    texts.skewness = FormatNumber(results.skewness, kFixed);
+    texts.kurtosis = FormatNumber(results.kurtosis, kFixed);
+    texts.kappa = FormatNumber(results.kappa, kFixed);
+    if (formulas == Formulas::Textbook) {
+        OpenTextbookResults(texts, results);
+    }
+    return texts;
+}
+
+/// The mean directions are printed alike, a turn or half of one apart.
+bool IsSameMean(const CircularResults& a, const CircularResults& b, AngleSense sense) {
+    const double period = sense == AngleSense::kAxial ? kPi : kTwoPi;
+    const double distance =
+        std::abs(std::remainder(a.meanDirection[0] - b.meanDirection[0], period));
+    constexpr double kRounding = 1e-9;
+    return distance < kRounding;
+}
+
+std::string HalfWidthText(const RoseConfidence& confidence) {
+    return confidence.halfWidth
+               ? "±" + FormatNumber(RadToDeg(*confidence.halfWidth), kDegreeFormat) + kDegreeSign
+               : kUndetermined;
+}
+
+} // namespace
+
+std::string WholeAzimuthOf(double azimuth, AngleSense sense) {
+    std::string text = RadToAzimuthText(azimuth);
+    if (sense == AngleSense::kAxial) {
+        text += "-" + RadToAzimuthText(WrappedAngle(azimuth + kPi));
+    }
+    return text;
+}
+
+std::string FineAzimuthOf(double azimuth, AngleSense sense) {
+    std::string text = FormatNumber(RadToDeg(azimuth), kAzimuthFormat);
+    if (sense == AngleSense::kAxial) {
+        text += " - " + FormatNumber(RadToDeg(WrappedAngle(azimuth + kPi)), kAzimuthFormat);
+    }
+    return text;
+}
+
+CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
+    const AngleSense sense = SenseOf(record);
+    const double count = record.RoseStats[kRoseCount][1];
+    const CircularResults results = ResultsInRecord(record);
+    const OwnTexts printed = TextsOf(results, sense, formulas, count);
+    OwnTexts textbook = printed;
+    if (formulas != Formulas::Textbook) {
+        if (const auto other = CircularResultsOfActivePlot(Formulas::Textbook)) {
+            textbook = TextsOf(*other, sense, Formulas::Textbook, count);
+            if (IsSameMean(results, *other, sense)) {
+                WriteMeans(textbook, results, sense);
+            }
+        }
+    }
+    return {{printed.wholeMean, textbook.wholeMean},
+            {printed.fineMean, textbook.fineMean},
+            {printed.doubledMean, textbook.doubledMean},
+            {printed.deviation, textbook.deviation},
+            {printed.dispersion, textbook.dispersion},
+            {printed.error, textbook.error},
+            {printed.skewness, textbook.skewness},
+            {printed.kurtosis, textbook.kurtosis},
+            {printed.kappa, textbook.kappa}};
+}
+
+std::string ConfidenceLines(const PlotRecord& record, Formulas formulas) {
+    const std::optional<RoseConfidence> own = RoseConfidenceOf(record, formulas);
+    if (!own) {
+        return {};
+    }
+    if (own->method == ConfidenceMethod::kBootstrap) {
+        const std::string text = HalfWidthText(*own);
+        return ResultLine("[Bootstrap 95% Confidence interval = ", {text, text}, "]") + "  ("
+               + std::to_string(kBootstrapResamples) + " resamples; unimodal data)" + kLineEnd;
+    }
+    const std::optional<RoseConfidence> textbook = RoseConfidenceOf(record, Formulas::Textbook);
+    const PrintedResult printed = {HalfWidthText(*own), textbook && textbook->isInterval
+                                                            ? HalfWidthText(*textbook)
+                                                            : kUndetermined};
+    return ResultLine("[Approx. 95% Confidence interval = ",
+                      formulas == Formulas::Textbook
+                          ? PrintedResult{printed.textbook, printed.textbook}
+                          : printed,
+                      "]")
+           + "  (valid only for unimodal data)" + kLineEnd;
+}
+
+} // namespace quandrel
