@@ -77,6 +77,7 @@ std::string NetReadout(const PlotRecord& record, double x, double y) {
 int SectorDrawnAt(SectorLayout layout, double azimuth) {
     layout.directional = true;
     layout.pairs = false;
+    layout.bothEnds = false;
     return SectorOfAzimuth(layout, azimuth);
 }
 

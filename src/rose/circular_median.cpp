@@ -103,15 +103,21 @@ double GroupedCircularMedian(std::span<const AngleCount> groups, double meanDire
     const double half = total / 2;
     const double margin = kHalfMargin * total;
     double reached = 0;
+    const Place* before = nullptr; // half of the count ends there
     for (const Place& place : places) {
         const AngleCount& group = groups[place.index];
+        if (!(group.count > 0)) {
+            continue;
+        }
+        if (before != nullptr) {
+            const double halfWay = (place.way - before->way) / 2;
+            return AsMedian(Worked(groups[before->index].angle, sense) + halfWay, sense);
+        }
         reached += group.count;
         if (reached > half + margin) {
             return AsMedian(Worked(group.angle, sense), sense);
         }
-        if (group.count > 0 && reached >= half - margin) {
-            return kNoMedian;
-        }
+        before = reached >= half - margin ? &place : nullptr;
     }
     return kNoMedian;
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "rose/circular_statistics.h"
+#include "rose/rose_tables.h"
 
 #include <span>
 
@@ -16,12 +17,6 @@ namespace quandrel {
 
 /// The answer when there is no median.
 inline constexpr double kNoMedian = -1;
-
-/// An angle that stands for several.
-struct AngleCount {
-    double angle = 0;
-    double count = 0; ///< any weight of 0 or more
-};
 
 /// The way from an antipode clockwise to an angle.
 ///
@@ -42,10 +37,11 @@ struct AngleCount {
 [[nodiscard]] double CircularMedian(std::span<const double> angles, double meanDirection,
                                     AngleSense sense);
 
-/// Median of grouped angles: the group in which the count passes half of the whole.
+/// Median of grouped angles: the angle at which the count passes half of the whole, or half-way
+/// between the two that it lies between. Whole counts give the very median of the angles repeated
+/// so often.
 ///
-/// @return as CircularMedian; kNoMedian when half of the count is reached between two groups, or
-///         there is none. O(n log n).
+/// @return as CircularMedian; kNoMedian without a count. O(n log n).
 [[nodiscard]] double GroupedCircularMedian(std::span<const AngleCount> groups, double meanDirection,
                                            AngleSense sense);
 

@@ -97,17 +97,6 @@ bool IsWorkedOn(const PlotRecord& record) {
     return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
 }
 
-/// Each sector as an azimuth, that of its middle, and its weighted count.
-std::vector<AngleCount> SectorAngles(const PlotRecord& record) {
-    std::vector<AngleCount> angles;
-    const double first = record.RoseStartAngle + record.RoseSectorSize / 2;
-    for (int i = 0; i < gRoseSectors.Sectors(); ++i) {
-        const double middle = WrappedAngle(DegToRad(first - i * record.RoseSectorSize));
-        angles.push_back({middle, gRoseSectors(i + 1, 0, kRoseFrequencyLayer)});
-    }
-    return angles;
-}
-
 bool IsMedianSkipped(const PlotRecord& record) {
     if (record.RoseStats[kRoseCount][0] <= kMedianWithoutQuestion) {
         return false;
@@ -116,27 +105,16 @@ bool IsMedianSkipped(const PlotRecord& record) {
     return gPlatform.prompts->Ask(question) == Button::Yes;
 }
 
-void FindGroupedMedian(PlotRecord& record, AngleSense sense) {
-    const std::vector<AngleCount> sectors = SectorAngles(record);
-    const double median = GroupedCircularMedian(sectors, record.RoseMeanDir[0], sense);
-    if (median > 0) {
-        record.RoseMedian = median;
-        record.RoseMeanDev = CircularMeanDeviation(sectors, median, sense);
-    }
-}
-
+/// The median of grouped data is that of the rows repeated as often as they count, and the weights
+/// of a bias correction count as they do for the mean.
 void FindMedian(PlotRecord& record, AngleSense sense) {
-    if (record.HasFrequencyColumn != 0 && OddSectorOfRose(record, gRoseSectors.Sectors()) == 0) {
-        FindGroupedMedian(record, sense);
-    }
-    // Without a list of azimuths there is nothing to ask about.
-    if (record.RoseMedian > 0 || gRoseAngles.size() < 2 || IsMedianSkipped(record)) {
+    if (IsMedianSkipped(record)) {
         return;
     }
-    const std::span<const double> angles = std::span<const double>(gRoseAngles).subspan(1);
-    record.RoseMedian = std::max(CircularMedian(angles, record.RoseMeanDir[0], sense), 0.0);
-    if (record.RoseMedian > 0) {
-        record.RoseMeanDev = CircularMeanDeviation(angles, record.RoseMedian, sense);
+    const double median = GroupedCircularMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
+    if (median > 0) {
+        record.RoseMedian = median;
+        record.RoseMeanDev = CircularMeanDeviation(gRoseAzimuths, median, sense);
     }
 }
 

@@ -89,7 +89,8 @@ std::string SectorBoundsText(int sector) {
     const double width = isLast && oddSize > 0 ? oddSize : size;
     const double end = 90 - gRoseStartMath - (sector - 1) * size;
     const std::string bounds = Bounds(end - width, end);
-    return gRoseDirectional ? bounds : bounds + ", " + Bounds(end - width + 180, end + 180);
+    const bool isOneSided = gRoseDirectional || CountsBothEnds(record);
+    return isOneSided ? bounds : bounds + ", " + Bounds(end - width + 180, end + 180);
 }
 
 std::string PetalTip(Point at) {

@@ -62,7 +62,8 @@ public:
         weight_ += weight;
         const double step = value - mean_;
         mean_ += step * weight / weight_;
-        squares_ += weight * step * (value - mean_);
+        // Rounding lets the mean pass the value, by less than a digit.
+        squares_ += std::max(weight * step * (value - mean_), 0.0);
     }
 
     /// @param count  observations, above 1
@@ -91,9 +92,11 @@ private:
     [[nodiscard]] std::optional<RoseRow> ReadRow(std::size_t row) const;
     [[nodiscard]] std::optional<double> WeightOf(std::size_t row);
     void Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight);
+    void AddToSector(const RoseRow& row, int sector, int classNumber, double weight);
     void ListAngle(double count, double angle);
     void ListRow(const RoseRow& row, double angle, double weight);
-    void AddAzimuth(const AzimuthSums& sums, std::size_t sector);
+    void AddTotals(const AzimuthSums& sums);
+    void AddAzimuth(const AzimuthSums& sums, int sector);
     void AddTrigSums(const AzimuthSums& sums, double angle);
     void FinishMeans();
     void FinishTotals();
@@ -109,7 +112,7 @@ private:
     bool listsRows_ = true;
     RoseTables tables_;
     std::array<AzimuthSums, kAzimuths> azimuths_{};
-    std::array<int, kAzimuths> sectorOf_{};
+    std::array<CountedSectors, kAzimuths> sectorsOf_{};
     std::array<double, kAzimuths> radians_{}; ///< of the folded azimuth
     std::vector<RunningSpread> spreads_;      ///< by sector
     std::vector<double> observedValues_;      ///< by sector: sums of n' v w
@@ -132,7 +135,7 @@ RoseCounter::RoseCounter(const RoseCountSettings& settings, const RoseRows& rows
     observedValues_.resize(sectors + 1);
     for (std::size_t azimuth = 0; azimuth < kAzimuths; ++azimuth) {
         const auto degrees = static_cast<double>(azimuth);
-        sectorOf_[azimuth] = SectorOfAzimuth(settings.layout, degrees);
+        sectorsOf_[azimuth] = SectorsOfAxis(settings.layout, degrees);
         radians_[azimuth] = DegToRad(FoldedAzimuth(degrees, settings.layout.directional));
     }
 }
@@ -211,11 +214,13 @@ std::optional<double> RoseCounter::WeightOf(std::size_t row) {
 
 void RoseCounter::Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight) {
     AzimuthSums& sums = azimuths_[azimuth];
-    const int sector = sectorOf_[azimuth];
+    const CountedSectors& sectors = sectorsOf_[azimuth];
+    AddToSector(row, sectors.first, classNumber, weight);
+    if (sectors.second != 0) {
+        AddToSector(row, sectors.second, classNumber, weight);
+    }
     sums.count += row.count;
     sums.weightedCount += row.count * weight;
-    // Kept: classes count rows, where the whole of a sector counts observations.
-    tables_.sectors(sector, classNumber, kRoseFrequencyLayer) += weight;
     if (!hasValues_) {
         return;
     }
@@ -223,12 +228,19 @@ void RoseCounter::Add(const RoseRow& row, std::size_t azimuth, int classNumber, 
     sums.value += row.value;
     sums.weightedValue += weightedValue;
     sums.observedValue += row.count * weightedValue;
-    tables_.sectors(sector, classNumber, kRoseValueLayer) += weightedValue;
-    spreads_[static_cast<std::size_t>(sector)].Add(row.value, row.count * weight);
     if (IsWind(settings_.kind)) {
         sums.speed += row.speed;
         sums.energy += HasEnergy(settings_.kind) ? row.value : 0;
         sums.windFrequency += row.windFrequency;
+    }
+}
+
+void RoseCounter::AddToSector(const RoseRow& row, int sector, int classNumber, double weight) {
+    // Kept: classes count rows, where the whole of a sector counts observations.
+    tables_.sectors(sector, classNumber, kRoseFrequencyLayer) += weight;
+    if (hasValues_) {
+        tables_.sectors(sector, classNumber, kRoseValueLayer) += row.value * weight;
+        spreads_[static_cast<std::size_t>(sector)].Add(row.value, row.count * weight);
     }
 }
 
@@ -260,19 +272,27 @@ void RoseCounter::ListRow(const RoseRow& row, double angle, double weight) {
     }
 }
 
-void RoseCounter::AddAzimuth(const AzimuthSums& sums, std::size_t sector) {
-    const std::array<double, 7> columns = {sums.count,  sums.value,        0, 0, sums.speed,
-                                           sums.energy, sums.windFrequency};
-    for (std::size_t column = 0; column < columns.size(); ++column) {
-        tables_.stats[sector][column] += columns[column];
-        tables_.stats[0][column] += columns[column];
-    }
-    const auto number = static_cast<int>(sector);
-    tables_.sectors(number, 0, kRoseFrequencyLayer) += sums.weightedCount;
-    tables_.sectors(number, 0, kRoseValueLayer) += sums.weightedValue;
+/// Adds what belongs to the count, to the sum of values, and so on, to the row of a sector.
+void AddColumns(const AzimuthSums& sums, std::array<double, 7>& stats) {
+    stats[kRoseCount] += sums.count;
+    stats[kRoseValueSum] += sums.value;
+    stats[kRoseSpeedSum] += sums.speed;
+    stats[kRoseEnergySum] += sums.energy;
+    stats[kRoseWindFrequencySum] += sums.windFrequency;
+}
+
+void RoseCounter::AddTotals(const AzimuthSums& sums) {
+    AddColumns(sums, tables_.stats[0]);
     tables_.sectors(0, 0, kRoseValueLayer) += sums.weightedCount;
     tables_.sectors(0, 1, kRoseValueLayer) += sums.weightedValue;
-    observedValues_[sector] += sums.observedValue;
+}
+
+void RoseCounter::AddAzimuth(const AzimuthSums& sums, int sector) {
+    const auto place = static_cast<std::size_t>(sector);
+    AddColumns(sums, tables_.stats[place]);
+    tables_.sectors(sector, 0, kRoseFrequencyLayer) += sums.weightedCount;
+    tables_.sectors(sector, 0, kRoseValueLayer) += sums.weightedValue;
+    observedValues_[place] += sums.observedValue;
 }
 
 void RoseCounter::AddTrigSums(const AzimuthSums& sums, double angle) {
@@ -287,8 +307,17 @@ void RoseCounter::AddTrigSums(const AzimuthSums& sums, double angle) {
 
 RoseTables RoseCounter::Finish() {
     for (std::size_t azimuth = 0; azimuth < kAzimuths; ++azimuth) {
-        AddAzimuth(azimuths_[azimuth], static_cast<std::size_t>(sectorOf_[azimuth]));
-        AddTrigSums(azimuths_[azimuth], radians_[azimuth]);
+        const AzimuthSums& sums = azimuths_[azimuth];
+        const CountedSectors& sectors = sectorsOf_[azimuth];
+        AddTotals(sums);
+        AddAzimuth(sums, sectors.first);
+        if (sectors.second != 0) {
+            AddAzimuth(sums, sectors.second);
+        }
+        AddTrigSums(sums, radians_[azimuth]);
+        if (sums.weightedCount > 0) {
+            tables_.azimuths.push_back({radians_[azimuth], sums.weightedCount});
+        }
     }
     if (tables_.stats[0][kRoseCount] > 0) {
         FinishMeans();
@@ -298,6 +327,8 @@ RoseTables RoseCounter::Finish() {
 }
 
 void RoseCounter::FinishMeans() {
+    // Petals of means are shares of their sum, and those opposite to each other count once.
+    const double ends = settings_.layout.bothEnds ? 2 : 1;
     for (std::size_t sector = 1; sector < tables_.stats.size(); ++sector) {
         std::array<double, 7>& stats = tables_.stats[sector];
         const double weightedCount =
@@ -308,8 +339,8 @@ void RoseCounter::FinishMeans() {
         if (stats[kRoseCount] > 1) {
             stats[kRoseDeviation] = spreads_[sector].Deviation(stats[kRoseCount]);
         }
-        tables_.stats[0][kRoseMean] += stats[kRoseMean];
-        tables_.stats[0][kRoseDeviation] += stats[kRoseDeviation];
+        tables_.stats[0][kRoseMean] += stats[kRoseMean] / ends;
+        tables_.stats[0][kRoseDeviation] += stats[kRoseDeviation] / ends;
     }
 }
 

@@ -14,8 +14,7 @@
 
 namespace quandrel {
 
-/// The most observations whose azimuths are listed: beyond it the list stays empty, and there is no
-/// median.
+/// The most observations whose azimuths are listed: beyond it the list stays empty.
 inline constexpr double kMostListedAngles = 1e7;
 
 /// Values of a larger size are no valid values: their sums and squares would leave all numbers.
@@ -65,6 +64,7 @@ struct RoseTables {
     RoseTrigSums trigSums{};
     std::vector<double> angles{0.0};
     std::vector<RoseObservation> rows; ///< of small samples; empty above kMostListedRows
+    std::vector<AngleCount> azimuths;  ///< those with rows, and their weighted counts
     Table<double, 7, 3> totals{};      ///< RoseStats of the record
     std::int32_t leftOut = 0;          ///< rows without a value that the kind needs
     std::int32_t rowsCounted = 0;      ///< rows that stand in a class
@@ -77,6 +77,10 @@ struct RoseTables {
 /// and the value of its row, and means are over observations. Under bias weights the mean is
 /// sum(w v) / sum(w), and the variance N / (N - 1) sum(w (v - mean)^2) / sum(w), N the number of
 /// observations.
+///
+/// Where a layout counts axes at both ends, sectors and their classes count each axis with an end
+/// in them once; totals count each axis once, and those of means and deviations are half the sum
+/// over the sectors.
 ///
 /// O(rows); deviations by a running mean (D. H. D. West, Updating mean and variance estimates,
 /// Comm. ACM 22 (1979)).

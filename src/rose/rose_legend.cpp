@@ -153,6 +153,9 @@ std::vector<LegendLine> RoseLegendLines() {
         lines.insert(lines.end(), std::make_move_iterator(more.begin()),
                      std::make_move_iterator(more.end()));
     };
+    if (CountsBothEnds(record)) {
+        lines.push_back(TextLine("(axes counted at both ends)"));
+    }
     if (HasRoseClasses(record.RoseType)) {
         const bool byLength = RoseClassOf(record.RoseType) == kRoseByLength;
         lines.push_back(

@@ -28,8 +28,8 @@ namespace quandrel {
 /// differ in width. None for a rose without classes.
 [[nodiscard]] std::vector<LegendLine> RoseClassLines(const PlotRecord& record);
 
-/// The lines of the legend of the rose of gActivePlot: its kind, what it is classified by, its bias
-/// correction, and its classes.
+/// The lines of the legend of the rose of gActivePlot: its kind, whether axes are counted at both
+/// ends, what it is classified by, its bias correction, and its classes.
 [[nodiscard]] std::vector<LegendLine> RoseLegendLines();
 
 } // namespace quandrel

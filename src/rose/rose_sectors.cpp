@@ -264,6 +264,7 @@ void Store(RoseTables tables, const SectorLayout& layout, PlotRecord& record) {
     gRoseSectorStats = std::move(tables.stats);
     gRoseTrigSums = tables.trigSums;
     gRoseAngles = std::move(tables.angles);
+    gRoseAzimuths = std::move(tables.azimuths);
     gRoseDirectional = layout.directional;
     gRoseStartMath = layout.startMath;
     gRoseLeftOut = tables.leftOut;
@@ -306,6 +307,7 @@ SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth, 
     layout.startMath = StartMath(layout.startAzimuth, layout.size);
     layout.directional = directional;
     layout.pairs = !directional && division.oddSize == 0 && division.sectors % 2 == 0;
+    layout.bothEnds = !directional && !layout.pairs && division.sectors > 1;
     return layout;
 }
 
@@ -314,13 +316,17 @@ SectorLayout LayoutOfRose(const PlotRecord& record) {
                          record.DataKind == kPolarLines);
 }
 
+bool CountsBothEnds(const PlotRecord& record) {
+    return LayoutOfRose(record).bothEnds;
+}
+
 double FoldedAzimuth(double azimuth, bool directional) {
     const double wrapped = WrapDegrees(azimuth);
     return directional ? wrapped : std::fmod(wrapped, kHalfTurn);
 }
 
 int SectorOfAzimuth(const SectorLayout& layout, double azimuth) {
-    const double folded = FoldedAzimuth(azimuth, layout.directional);
+    const double folded = FoldedAzimuth(azimuth, layout.directional || layout.bothEnds);
     double beyondStart = (folded <= 90 ? 90 : 450) - folded - layout.startMath;
     if (beyondStart < -kEdgeTolerance) {
         beyondStart += kFullTurn;
@@ -328,6 +334,16 @@ int SectorOfAzimuth(const SectorLayout& layout, double azimuth) {
     const int sector = static_cast<int>(Snapped(beyondStart / layout.size)) + 1;
     const int counted = std::clamp(sector, 1, layout.sectors);
     return layout.pairs ? SectorOfPair(layout, counted) : counted;
+}
+
+CountedSectors SectorsOfAxis(const SectorLayout& layout, double azimuth) {
+    CountedSectors counted;
+    counted.first = SectorOfAzimuth(layout, azimuth);
+    if (layout.bothEnds) {
+        const int opposite = SectorOfAzimuth(layout, azimuth + kHalfTurn);
+        counted.second = opposite == counted.first ? 0 : opposite;
+    }
+    return counted;
 }
 
 bool IsRoseBiasCorrected(const PlotRecord& record) {

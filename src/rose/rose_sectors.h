@@ -47,23 +47,39 @@ struct SectorLayout {
     double startMath = 80;    ///< math angle where sector 1 starts, 0 to 360
     bool directional = false; ///< polar lines: a direction is not its opposite
     bool pairs = true;        ///< a sector and the one opposite to it are one bin
+    bool bothEnds = false;    ///< an axis is counted in the sectors of both its ends
 };
 
 /// Lays sectors out from a start azimuth. Sectors of axial data in even number and without a
-/// smaller one make pairs.
+/// smaller one make pairs. Where they do not, an axis is counted at both its ends; of a single
+/// sector that is one and the same.
 [[nodiscard]] SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth,
                                          bool directional);
 
 /// The layout by the settings of a record.
 [[nodiscard]] SectorLayout LayoutOfRose(const PlotRecord& record);
 
+/// True when the rose of a record counts its axes at both ends: its petals are shares of the axes
+/// that have an end in them, and sum to twice the whole.
+[[nodiscard]] bool CountsBothEnds(const PlotRecord& record);
+
 /// The azimuth as it counts: of axial data from 0 to below 180, else from 0 to 360.
 [[nodiscard]] double FoldedAzimuth(double azimuth, bool directional);
 
 /// The sector, 1 to the number of sectors, that a finite azimuth is counted in. Of a pair it is the
-/// one that ends above 0 and at 180 at most. What lies beyond the last sector, by a size such as
-/// 359.9, is counted in the last one.
+/// one that ends above 0 and at 180 at most; of axes counted at both ends it is that of the end at
+/// the azimuth. What lies beyond the last sector, by a size such as 359.9, is counted in the last
+/// one.
 [[nodiscard]] int SectorOfAzimuth(const SectorLayout& layout, double azimuth);
+
+/// The sectors that a datum is counted in.
+struct CountedSectors {
+    int first = 1;
+    int second = 0; ///< of the other end of an axis; 0: there is none, or it lies in the first
+};
+
+/// The sectors of an azimuth: two where the ends of an axis count and lie in different sectors.
+[[nodiscard]] CountedSectors SectorsOfAxis(const SectorLayout& layout, double azimuth);
 
 /// True when the rows of a rose are weighted against the bias of a sampling line. Only frequencies,
 /// values and their means are.

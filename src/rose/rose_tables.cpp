@@ -8,6 +8,7 @@ RoseSectorTable gRoseSectors;
 RoseSectorStats gRoseSectorStats;
 RoseTrigSums gRoseTrigSums{};
 std::vector<double> gRoseAngles;
+std::vector<AngleCount> gRoseAzimuths;
 RoseRadiiTable gRoseRadii;
 double gRoseTotal = 0;
 bool gRoseDirectional = false;

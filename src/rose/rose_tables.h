@@ -128,6 +128,12 @@ private:
     std::vector<double> cells_;
 };
 
+/// An angle that stands for several.
+struct AngleCount {
+    double angle = 0;
+    double count = 0; ///< any weight of 0 or more
+};
+
 using RoseSectorStats = std::vector<std::array<double, 7>>; ///< [sector][RoseStatsColumn]
 using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][sin a, cos a, sin b, cos b]
 
@@ -135,6 +141,7 @@ extern RoseSectorTable gRoseSectors;
 extern RoseSectorStats gRoseSectorStats; ///< row 0: sums over the sectors
 extern RoseTrigSums gRoseTrigSums;
 extern std::vector<double> gRoseAngles; ///< azimuths of the observations, radians; place 0 unused
+extern std::vector<AngleCount> gRoseAzimuths; ///< azimuths, radians, and their weighted counts
 extern RoseRadiiTable gRoseRadii;
 extern double gRoseTotal;         ///< what is 100 % in gRoseRadii
 extern bool gRoseDirectional;     ///< polar lines: a direction is not its opposite

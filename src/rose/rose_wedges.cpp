@@ -7,6 +7,7 @@
 #include "orientation/projection.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_radii.h"
+#include "rose/rose_sectors.h"
 #include "stereo/draw_target.h"
 
 #include <algorithm>
@@ -233,7 +234,7 @@ RoseWedgeSettings SettingsOfLayer(const PlotRecord& record, int layer) {
         FractionOfLayer(std::clamp<int>(record.RoseSectorFraction, 1, 100) / 100.0, layer);
     settings.zeroRadius = ZeroRadiusOfRose(record);
     settings.stepped = record.RoseSegShape == 1;
-    settings.mirror = !gRoseDirectional;
+    settings.mirror = !gRoseDirectional && !CountsBothEnds(record);
     settings.layer = layer;
     return settings;
 }

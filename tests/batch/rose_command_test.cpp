@@ -65,6 +65,19 @@ TEST_F(BatchRose, OfAxialDataHasEachPetalTwice) {
     EXPECT_EQ(static_cast<std::size_t>(2 * mirrored), dump["rose"]["wedges"].size());
 }
 
+TEST_F(BatchRose, OfAxesWithoutPairsOfSectorsCountsBothEnds) {
+    Write("n.txt", "azimuth\n356\n357\n358\n359\n0\n1\n2\n3\n4\n");
+    const auto dump = Dump("format primary=directions columns=0,0,1 header=yes data=lines; "
+                           "open \"FOLDER/n.txt\"; rose sector=40 start=340");
+    EXPECT_EQ(CountIn(dump, "340-020"), 9);
+    EXPECT_EQ(CountIn(dump, "140-180"), 5);
+    EXPECT_EQ(CountIn(dump, "180-220"), 4);
+    EXPECT_EQ(dump["rose"]["stats"][0][0], 9);
+    EXPECT_EQ(dump["record"]["RoseRangeB"][0][0], 100);
+    EXPECT_EQ(dump["rose"]["wedges"].size(), 3U);
+    EXPECT_EQ(dump["legend"][2], "(axes counted at both ends)");
+}
+
 TEST_F(BatchRose, IsClassifiedByTheClassesGiven) {
     const auto dump = Dump(
         Open("polar") + "; rose classify=length; classify mode=1 limits=0,4,8 high=yes low=no");

@@ -199,32 +199,37 @@ TEST(GroupedCircularMedian, IsTheGroupThatPassesHalf) {
         << "355 is 175 too";
 }
 
-TEST(GroupedCircularMedian, IsNoneWhenHalfLiesBetweenGroups) {
-    for (const auto& groups :
-         {Groups({{5, 2}, {15, 2}}), Groups({{5, 2}, {15, 0}, {25, 1}, {35, 1}}),
-          Groups({{5, 0}, {15, 0}}), Groups({{5, 0.1 + 0.2}, {15, 0.3}})}) {
-        EXPECT_EQ(GroupedCircularMedian(groups, 0.2, AngleSense::kDirected), kNoMedian);
-    }
+TEST(GroupedCircularMedian, LiesHalfWayBetweenGroupsThatShareTheCount) {
+    const auto medianOf = [](const std::vector<std::pair<int, double>>& groups, int mean) {
+        return RadToDeg(
+            GroupedCircularMedian(Groups(groups), DegToRad(mean), AngleSense::kDirected));
+    };
+    EXPECT_NEAR(medianOf({{5, 2}, {15, 2}}, 11), 10, 1e-9);
+    EXPECT_NEAR(medianOf({{5, 2}, {15, 0}, {25, 1}, {35, 1}}, 11), 15, 1e-9) << "an empty group";
+    EXPECT_NEAR(medianOf({{5, 0.1 + 0.2}, {15, 0.3}}, 11), 10, 1e-9) << "rounded weights";
+    EXPECT_NEAR(medianOf({{350, 3}, {10, 3}}, 0), 360, 1e-9) << "north is a full turn";
 }
 
-TEST(GroupedCircularMedian, OfAnOddTotalIsTheMedianOfTheAnglesSpelledOut) {
+TEST(GroupedCircularMedian, OfNoCountIsNone) {
+    EXPECT_EQ(GroupedCircularMedian(Groups({{5, 0}, {15, 0}}), 0.2, AngleSense::kDirected),
+              kNoMedian);
+}
+
+TEST(GroupedCircularMedian, IsTheMedianOfTheAnglesSpelledOut) {
     std::mt19937 random(kSeed);
-    for (int sample = 0; sample < 300; ++sample) {
+    for (int sample = 0; sample < 2000; ++sample) {
         std::vector<AngleCount> groups;
         std::vector<double> angles;
         for (int i = 0; i < 18; ++i) {
-            const double angle = DegToRad(10 * i + 5);
+            const double angle = DegToRad(static_cast<int>(random() % 180));
             const std::size_t count = random() % 5;
             groups.push_back({angle, static_cast<double>(count)});
             angles.insert(angles.end(), count, angle);
         }
-        if (angles.size() % 2 == 1) {
-            const AngleSense sense = sample % 4 < 2 ? AngleSense::kDirected : AngleSense::kAxial;
-            const double mean = DegToRad(static_cast<int>(random() % 180));
-            EXPECT_EQ(GroupedCircularMedian(groups, mean, sense),
-                      CircularMedian(angles, mean, sense))
-                << "seed " << kSeed << " sample " << sample;
-        }
+        const AngleSense sense = sample % 4 < 2 ? AngleSense::kDirected : AngleSense::kAxial;
+        const double mean = DegToRad(static_cast<int>(random() % 180));
+        EXPECT_EQ(GroupedCircularMedian(groups, mean, sense), CircularMedian(angles, mean, sense))
+            << "seed " << kSeed << " sample " << sample;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
+#include "rose/bias_weights.h"
 #include "rose/circular_median.h"
 #include "rose/circular_statistics.h"
 #include "rose/rose_sectors.h"
@@ -421,36 +422,84 @@ TEST_F(RoseCircularStatistics, OfMoreThanTwoThousandDataAskForTheMedian) {
               "The median will be set to zero if you press Yes");
 }
 
-TEST_F(RoseCircularStatistics, OfGroupedDataHaveTheMedianOfTheSectors) {
-    AddRows({5, 15, 25});
-    AddNumbers({1, 4, 2});
-    ActiveRecord().HasFrequencyColumn = kTrue;
-    Work();
-    // Middles of the sectors 0-10, 10-20, 20-30.
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 15, 1e-9);
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), (10 + 20) / 7.0, 1e-9);
+/// A grouped row, and what its bias is corrected by.
+struct GroupedRow {
+    std::int32_t azimuth = 0;
+    int count = 0;
+};
+
+TEST_F(RoseCircularStatistics, OfGroupedDataHaveTheMedianOfTheRowsRepeated) {
+    std::mt19937 random(44);
+    for (int sample = 0; sample < 200; ++sample) {
+        std::vector<GroupedRow> rows;
+        for (int i = 0; i < 9; ++i) {
+            rows.push_back({static_cast<int>(random() % 361), static_cast<int>(random() % 6)});
+        }
+        rows.push_back({static_cast<int>(random() % 361), 1});
+        const std::int16_t kind = sample % 2 == 0 ? kPolarLines : kLines;
+        const std::int16_t bias = sample % 3 == 0 ? kHorizontalAngle : kNoBias;
+        std::array<std::array<double, 3>, 2> worked{};
+        for (const bool isGrouped : {true, false}) {
+            NewRose(kind);
+            std::vector<float> counts;
+            for (const GroupedRow& row : rows) {
+                AddRows(std::vector<std::int32_t>(
+                    static_cast<std::size_t>(isGrouped ? 1 : row.count), row.azimuth));
+                counts.push_back(static_cast<float>(row.count));
+            }
+            if (isGrouped) {
+                AddNumbers(counts);
+                ActiveRecord().HasFrequencyColumn = kTrue;
+            }
+            PlotRecord& record = ActiveRecord();
+            record.RoseSectorSize = sample % 5 == 0 ? 40 : 30;
+            record.RoseBiasMode = bias;
+            record.RoseSamplePlunge = 0;
+            record.RoseSampleTrend = 35;
+            record.RoseMinBiasAngle = 5;
+            Work();
+            worked[isGrouped ? 0 : 1] = {record.RoseMedian, record.RoseMeanDev,
+                                         record.RoseMeanDir[0]};
+            ReleasePlotSlot(gActivePlot);
+        }
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_NEAR(worked[0][i], worked[1][i], 1e-9) << sample << " value " << i;
+        }
+    }
 }
 
-TEST_F(RoseCircularStatistics, OfGroupedDataStartWhereTheSectorsDo) {
-    ActiveRecord().RoseStartAngle = 97;
-    ActiveRecord().RoseSectorSize = 30;
-    AddRows({100, 190, 100, 250});
-    AddNumbers({3, 1, 6, 1});
-    ActiveRecord().HasFrequencyColumn = kTrue;
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 112, 1e-9); // of 97-127
+TEST_F(RoseCircularStatistics, OfGroupedDataGoByTheRowsWhereverSectorsLie) {
+    for (const double size : {30.0, 40.0, 24.0, 7.0}) {
+        for (const double start : {0.0, 97.0}) {
+            NewRose(kPolarLines);
+            gRoseOddAsked = true;
+            ActiveRecord().RoseStartAngle = start;
+            ActiveRecord().RoseSectorSize = size;
+            AddRows({100, 190, 100, 250});
+            AddNumbers({3, 1, 6, 1});
+            ActiveRecord().HasFrequencyColumn = kTrue;
+            Work();
+            EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 100, 1e-9);
+            EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), (90 + 150) / 11.0, 1e-9);
+        }
+    }
 }
 
-TEST_F(RoseCircularStatistics, OfGroupedAxialDataLeaveNoSectorOut) {
-    NewRose(kLines);
-    AddRows({5, 95, 175});
-    AddNumbers({2, 1, 4});
-    ActiveRecord().HasFrequencyColumn = kTrue;
+TEST_F(RoseCircularStatistics, OfWeightedDataHaveAWeightedMedian) {
+    // Sampled along 000, 10 counts 1 / sin 10 = 5.76 and 90 counts 1: the two of 10 outweigh.
+    AddRows({10, 10, 90, 90, 90});
+    PlotRecord& record = ActiveRecord();
+    record.RoseBiasMode = kHorizontalAngle;
+    record.RoseSamplePlunge = 0;
+    record.RoseSampleTrend = 0;
+    record.RoseMinBiasAngle = 1;
     Work();
-    EXPECT_NEAR(std::fmod(RadToDeg(ActiveRecord().RoseMedian), 180), 175, 1e-9);
+    EXPECT_NEAR(RadToDeg(record.RoseMedian), 10, 1e-9);
+    const double weight = 1 / std::sin(pi / 18);
+    EXPECT_NEAR(RadToDeg(record.RoseMeanDev), 3 * 80 / (2 * weight + 3), 1e-9);
 }
 
-TEST_F(RoseCircularStatistics, OfDataTooCoarselyGroupedHaveTheMedianOfTheRows) {
+TEST_F(RoseCircularStatistics, OfAnEvenSplitLieHalfWay) {
     AddRows({12, 38});
     AddNumbers({2, 2});
     ActiveRecord().HasFrequencyColumn = kTrue;
@@ -459,34 +508,36 @@ TEST_F(RoseCircularStatistics, OfDataTooCoarselyGroupedHaveTheMedianOfTheRows) {
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), 13, 1e-9);
 }
 
-TEST_F(RoseCircularStatistics, OfGroupedDataAskOnlyWhenTheSectorsHaveNoMedian) {
-    AddRows({12, 38});
-    AddNumbers({2000, 1});
-    ActiveRecord().HasFrequencyColumn = kTrue;
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 15, 1e-9);
-    AddNumbers({2000, 2000});
-    Expect(kQuestion, Button::No);
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
+TEST_F(RoseCircularStatistics, OfAxesCountedAtBothEndsCountEachOnce) {
+    // Nine axes about north: the same statistics whatever the sectors.
+    std::array<int, 2> worked{};
+    for (const double size : {10.0, 40.0}) {
+        NewRose(kLines);
+        ActiveRecord().RoseSectorSize = size;
+        ActiveRecord().RoseStartAngle = 340;
+        AddRows({356, 357, 358, 359, 360, 1, 2, 3, 4});
+        Work();
+        worked[size == 10 ? 0 : 1] = gActivePlot;
+    }
+    const PlotRecord& tens = RecordOf(worked[0]);
+    const PlotRecord& forties = RecordOf(worked[1]);
+    EXPECT_EQ(tens.RoseStats[kRoseCount][0], 9);
+    EXPECT_EQ(forties.RoseStats[kRoseCount][0], 9);
+    EXPECT_EQ(forties.RoseStats[kRoseCount][2], 9) << "all have an end in 340 to 20";
+    EXPECT_EQ(tens.RoseResultant, forties.RoseResultant);
+    EXPECT_EQ(tens.RoseMeanDir, forties.RoseMeanDir);
+    EXPECT_EQ(tens.RoseMedian, forties.RoseMedian);
+    EXPECT_EQ(forties.RoseMedian, kTwoPi);
+    EXPECT_EQ(tens.RoseDispersion, forties.RoseDispersion);
 }
 
-TEST_F(RoseCircularStatistics, OfGroupedDataWithASmallerLastSectorGoByTheRows) {
-    ActiveRecord().RoseSectorSize = 7;
-    gRoseOddAsked = true;
-    AddRows({12, 13});
-    AddNumbers({1, 2});
-    ActiveRecord().HasFrequencyColumn = kTrue;
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 13, 1e-9);
-}
-
-TEST_F(RoseCircularStatistics, WithoutListedAzimuthsAskNothing) {
+TEST_F(RoseCircularStatistics, OfMoreDataThanAreListedHaveAMedian) {
     AddRows({12, 38});
     AddNumbers({1e8F, 1e8F});
     ActiveRecord().HasFrequencyColumn = kTrue;
+    Expect(kQuestion, Button::No);
     Work();
-    EXPECT_EQ(ActiveRecord().RoseMedian, 0);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDir[0]), 25, 1e-9);
 }
 

@@ -408,6 +408,9 @@ TEST(RoseCount, PutsEachRowIntoOneSectorWhateverTheLayout) {
         const double start = i % 3 == 0 ? anyStart(random) : static_cast<double>(random() % 361);
         RoseCountSettings settings = TenDegrees();
         settings.layout = LayOutSectors(DivideCircle(size), start, i % 5 < 3);
+        if (settings.layout.bothEnds) {
+            continue; // two sectors a row
+        }
         const RoseTables tables = Count(settings, {.azimuths = RandomAzimuths(random, 500)});
         const std::vector<double> counts = CountsBySector(tables);
         EXPECT_EQ(std::accumulate(counts.begin(), counts.end(), 0.0), 500) << size << ' ' << start;
@@ -463,6 +466,164 @@ TEST(RoseCount, TurnsWithTheRowsByPairsOfAxialData) {
             std::rotate(counts.begin(), counts.begin() + 1, counts.end());
             EXPECT_EQ(pairs(Turned(azimuths, size)), counts) << size << ' ' << start;
         }
+    }
+}
+
+/// A row of brute force: an axis by its azimuth, and what it counts.
+struct Axis {
+    int azimuth = 0;
+    double value = 0;
+    int classNumber = 1;
+};
+
+/// True when an azimuth lies in a sector, which its clockwise end belongs to. All in tenths of
+/// degrees, so that nothing is rounded.
+bool HoldsTenths(int from, int width, int azimuth) {
+    const int beyond = ((azimuth - from) % 3600 + 3600) % 3600;
+    return beyond == 0 ? width == 3600 : beyond <= width;
+}
+
+/// The sectors as widths counter-clockwise from a first end, in tenths of degrees.
+struct TenthSectors {
+    int firstEnd = 0;
+    std::vector<int> widths{};
+};
+
+TenthSectors TenthsOf(int size, int start) {
+    TenthSectors sectors{start + size, {}};
+    int left = 3600;
+    for (; left >= size; left -= size) {
+        sectors.widths.push_back(size);
+    }
+    if (left > 0) {
+        sectors.widths.push_back(left);
+    }
+    return sectors;
+}
+
+/// What brute force counts in a sector, of all classes and of class 2.
+struct SectorTruth {
+    double count = 0;
+    double values = 0;
+    double countOfTwo = 0;
+    double valuesOfTwo = 0;
+};
+
+SectorTruth TruthOf(const std::vector<Axis>& axes, int from, int width) {
+    SectorTruth truth;
+    for (const Axis& axis : axes) {
+        if (HoldsTenths(from, width, 10 * axis.azimuth)
+            || HoldsTenths(from, width, 10 * axis.azimuth + 1800)) {
+            truth.count += 1;
+            truth.values += axis.value;
+            truth.countOfTwo += axis.classNumber == 2 ? 1 : 0;
+            truth.valuesOfTwo += axis.classNumber == 2 ? axis.value : 0;
+        }
+    }
+    return truth;
+}
+
+Columns ColumnsOf(const std::vector<Axis>& axes) {
+    Columns columns;
+    for (const Axis& axis : axes) {
+        columns.azimuths.push_back(axis.azimuth);
+        columns.numbers.push_back(static_cast<float>(axis.value));
+        columns.classes.push_back(static_cast<std::int16_t>(axis.classNumber));
+    }
+    return columns;
+}
+
+std::vector<Axis> RandomAxes(std::mt19937& random) {
+    std::vector<Axis> axes(200);
+    for (Axis& axis : axes) {
+        axis.azimuth = static_cast<int>(random() % 361);
+        axis.value = 1 + static_cast<double>(random() % 40) / 4;
+        axis.classNumber = 1 + static_cast<int>(random() % 3);
+    }
+    return axes;
+}
+
+TEST(RoseCount, OfAxesWithoutPairsOfSectorsIsThatOfBothEnds) {
+    std::mt19937 random(15);
+    // Odd numbers of sectors, then smaller last ones, some above half of the circle.
+    for (const int size : {240, 400, 720, 1200, 80, 3600 / 25, 3600 / 15, 3600 / 9, 70, 130, 500,
+                           1000, 1010, 2000, 2500, 3590}) {
+        for (const int start : {0, 5, 200, 900, 1234, 1800, 3400, 3600}) {
+            RoseCountSettings settings = TenDegrees(kRoseValue, false);
+            settings.layout = LayOutSectors(DivideCircle(size / 10.0), start / 10.0, false);
+            settings.classes = 3;
+            ASSERT_TRUE(settings.layout.bothEnds) << size;
+            const std::vector<Axis> axes = RandomAxes(random);
+            const RoseTables tables = Count(settings, ColumnsOf(axes));
+            const TenthSectors sectors = TenthsOf(size, start);
+            ASSERT_EQ(tables.sectors.Sectors(), static_cast<int>(sectors.widths.size()));
+            int end = sectors.firstEnd;
+            double ends = 0;
+            double most = 0;
+            for (int s = 1; s <= tables.sectors.Sectors(); ++s) {
+                const int width = sectors.widths.at(static_cast<std::size_t>(s - 1));
+                const SectorTruth truth = TruthOf(axes, end - width, width);
+                end -= width;
+                ends += truth.count;
+                most = std::max(most, truth.count);
+                EXPECT_EQ(StatsOf(tables, s, kRoseCount), truth.count) << size << ' ' << start;
+                EXPECT_EQ(tables.sectors(s, 0, kRoseFrequencyLayer), truth.count);
+                EXPECT_EQ(tables.sectors(s, 2, kRoseFrequencyLayer), truth.countOfTwo);
+                EXPECT_NEAR(StatsOf(tables, s, kRoseValueSum), truth.values, 1e-9);
+                EXPECT_NEAR(tables.sectors(s, 0, kRoseValueLayer), truth.values, 1e-9);
+                EXPECT_NEAR(tables.sectors(s, 2, kRoseValueLayer), truth.valuesOfTwo, 1e-9);
+            }
+            if (size <= 1800) {
+                EXPECT_EQ(ends, 400) << "petals of twice the whole";
+            }
+            EXPECT_EQ(tables.totals[kRoseCount], (std::array<double, 3>{200, 200, most}));
+            EXPECT_NEAR(tables.totals[kRoseValueSum][0], TruthOf(axes, 0, 3600).values, 1e-9);
+            EXPECT_EQ(tables.sectors(0, 0, kRoseValueLayer), 200);
+            EXPECT_EQ(tables.rowsCounted, 200);
+            EXPECT_EQ(tables.angles.size(), 201U);
+        }
+    }
+}
+
+TEST(RoseCount, OfNineAxesAboutNorthFillsThePetalAboutNorth) {
+    RoseCountSettings settings = TenDegrees(kRoseFrequency, false);
+    settings.layout = LayOutSectors(DivideCircle(40), 340, false);
+    const RoseTables tables = Count(settings, {.azimuths = {356, 357, 358, 359, 0, 1, 2, 3, 4}});
+    EXPECT_EQ(tables.totals[kRoseCount], (std::array<double, 3>{9, 9, 9}));
+    EXPECT_EQ(StatsOf(tables, 1, kRoseCount), 9) << "340 to 20";
+    // The other ends, about south: 176 to 180 in 140 to 180, 181 to 184 in 180 to 220.
+    EXPECT_EQ(CountsBySector(tables), (std::vector<double>{9, 0, 0, 0, 4, 5, 0, 0, 0}));
+}
+
+TEST(RoseCount, OfBothEndsHalvesTheSumsOfMeans) {
+    RoseCountSettings settings = TenDegrees(kRoseMeanValue, false);
+    settings.layout = LayOutSectors(DivideCircle(120), 0, false);
+    const RoseTables tables = Count(settings, {.azimuths = {30, 40}, .numbers = {2, 4}});
+    EXPECT_EQ(StatsOf(tables, 1, kRoseMean), 3) << "0 to 120";
+    EXPECT_EQ(StatsOf(tables, 2, kRoseMean), 0);
+    EXPECT_EQ(StatsOf(tables, 3, kRoseMean), 3) << "120 to 240";
+    EXPECT_EQ(tables.totals[kRoseMean], (std::array<double, 3>{3, 3, 3}));
+    EXPECT_NEAR(tables.totals[kRoseDeviation][1], std::sqrt(2), 1e-12);
+}
+
+TEST(RoseCount, OfEqualValuesUnderWeightsHasNoNegativeSpread) {
+    std::mt19937 random(16);
+    std::uniform_real_distribution<double> any(0, 1);
+    for (int sample = 0; sample < 2000; ++sample) {
+        RoseCountSettings settings = TenDegrees(kRoseMeanValue);
+        settings.bias = {kSpaceAngle, false, 1, false};
+        settings.sampleLine = {static_cast<int>(random() % 91), static_cast<int>(random() % 361)};
+        const auto value = static_cast<float>(std::exp(40 * any(random) - 20));
+        Columns columns;
+        for (int i = 0; i < 2 + sample % 5; ++i) {
+            columns.azimuths.push_back(1 + static_cast<int>(random() % 10));
+            columns.dips.push_back(static_cast<int>(random() % 91));
+            columns.numbers.push_back(value);
+        }
+        const RoseTables tables = Count(settings, columns);
+        const double deviation = StatsOf(tables, kEndsAt10, kRoseDeviation);
+        ASSERT_FALSE(std::isnan(deviation)) << sample;
+        EXPECT_NEAR(deviation / static_cast<double>(value), 0, 1e-7);
     }
 }
 

@@ -159,13 +159,34 @@ TEST(SectorOfAzimuth, OfAPairIsTheOneThatEndsInTheEasternHalf) {
     }
 }
 
-TEST(SectorOfAzimuth, OfAxialDataInOddNumberIsThatOfTheEasternEnd) {
-    const SectorLayout axial = LayOutSectors(DivideCircle(40), 0, false);
-    const SectorLayout polar = LayOutSectors(DivideCircle(40), 0, true);
-    for (int azimuth = 0; azimuth < 360; ++azimuth) {
-        EXPECT_EQ(SectorOfAzimuth(axial, azimuth), SectorOfAzimuth(polar, azimuth % 180));
+TEST(SectorLayout, CountsAxesAtBothEndsWhereSectorsMakeNoPairs) {
+    for (const double size : {24.0, 40.0, 72.0, 120.0, 7.0, 50.0, 200.0, 360.0 / 7}) {
+        EXPECT_TRUE(LayOutSectors(DivideCircle(size), 0, false).bothEnds) << size;
+        EXPECT_FALSE(LayOutSectors(DivideCircle(size), 0, true).bothEnds) << "polar " << size;
     }
-    EXPECT_EQ(SectorOfAzimuth(axial, 360), SectorOfAzimuth(axial, 0));
+    for (const double size : {1.0, 10.0, 90.0, 180.0, 360.0 / 14}) {
+        EXPECT_FALSE(LayOutSectors(DivideCircle(size), 0, false).bothEnds) << "pairs " << size;
+    }
+    EXPECT_FALSE(LayOutSectors(DivideCircle(360), 0, false).bothEnds) << "one for both";
+}
+
+TEST(SectorsOfAxis, AreThoseOfBothEnds) {
+    const SectorLayout axial = LayOutSectors(DivideCircle(40), 340, false);
+    const SectorLayout polar = LayOutSectors(DivideCircle(40), 340, true);
+    for (int azimuth = 0; azimuth <= 360; ++azimuth) {
+        const CountedSectors counted = SectorsOfAxis(axial, azimuth);
+        EXPECT_EQ(counted.first, SectorOfAzimuth(polar, azimuth));
+        EXPECT_EQ(counted.second, SectorOfAzimuth(polar, (azimuth + 180) % 360));
+        EXPECT_EQ(SectorsOfAxis(polar, azimuth).second, 0);
+    }
+}
+
+TEST(SectorsOfAxis, AreOneWhereASectorHoldsBothEnds) {
+    // 0 to 200, and 200 to 360, the smaller one.
+    const SectorLayout layout = LayOutSectors(DivideCircle(200), 0, false);
+    EXPECT_EQ(SectorsOfAxis(layout, 10).first, 1);
+    EXPECT_EQ(SectorsOfAxis(layout, 10).second, 0) << "190 lies there too";
+    EXPECT_EQ(SectorsOfAxis(layout, 90).second, 2);
 }
 
 constexpr const char* kOddQuestion =
