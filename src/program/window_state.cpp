@@ -155,7 +155,7 @@ ToolbarState StateOfToolbar() {
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
-    state.confidenceCone = {state.isStereo && ConfidenceConeAngle(record).has_value(),
+    state.confidenceCone = {state.isStereo && ConfidenceConeAngle(record, gFormulas).has_value(),
                             record.ShowConfidenceCone};
     state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
                           && record.SecondaryFormat == kSecondaryPlane;

@@ -19,8 +19,8 @@ constexpr std::size_t kPrincipalAxis = 3;
 
 } // namespace
 
-std::optional<double> ConfidenceConeAngle(const PlotRecord& record) {
-    const double sine = kConeFactor * record.FabricValueC;
+std::optional<double> ConfidenceConeAngle(const PlotRecord& record, Formulas formulas) {
+    const double sine = ConeFactor(formulas) * record.FabricValueC;
     if (record.NumValidData < 2 || !(sine > 0) || sine >= 1) {
         return std::nullopt;
     }
@@ -29,7 +29,7 @@ std::optional<double> ConfidenceConeAngle(const PlotRecord& record) {
 
 void DrawConfidenceCone() {
     const PlotRecord& record = ActiveRecord();
-    const std::optional<double> angle = ConfidenceConeAngle(record);
+    const std::optional<double> angle = ConfidenceConeAngle(record, gFormulas);
     if (!record.ShowConfidenceCone || !angle) {
         return;
     }

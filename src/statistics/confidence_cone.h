@@ -4,15 +4,18 @@
 
 #pragma once
 
+#include "core/formulas.h"
 #include "core/plot_record.h"
 
 #include <optional>
 
 namespace quandrel {
 
-/// Semi-angle of the cone, radians, from the spherical standard error; nothing where the
-/// distribution is not symmetric about its axis, or the error is too large for a cone.
-[[nodiscard]] std::optional<double> ConfidenceConeAngle(const PlotRecord& record);
+/// Semi-angle of the cone by the given formulas, radians, from the spherical standard error;
+/// nothing where the distribution is not symmetric about its axis, or the error is too large for a
+/// cone.
+[[nodiscard]] std::optional<double> ConfidenceConeAngle(const PlotRecord& record,
+                                                        Formulas formulas = Formulas::Own);
 
 /// Draws the cone about the principal axis of gActivePlot, if it is to be shown and there is one.
 void DrawConfidenceCone();

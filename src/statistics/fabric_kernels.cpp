@@ -242,6 +242,28 @@ double TextbookSymmetryStatistic(const AxisSample& sample) {
     return above > kLeastComponent ? std::numeric_limits<double>::infinity() : 0;
 }
 
+bool IsSymmetricAboutAxis(const AxisSample& sample, Formulas formulas) {
+    const double statistic = formulas == Formulas::Textbook ? TextbookSymmetryStatistic(sample)
+                                                            : SymmetryStatistic(sample);
+    return !(statistic > kSymmetryLimit);
+}
+
+std::optional<AxisSample> AxisSampleOf(const WeightedDirections& axes) {
+    const auto tensor = OrientationTensor(axes.directions, axes.weights);
+    if (!tensor) {
+        return std::nullopt;
+    }
+    const FabricAxes sorted = SortedAxes(SymmetricEigen3(*tensor));
+    return AxisSample{TotalWeight(axes.weights), sorted.values,
+                      FourthMoment(axes.directions, axes.weights, sorted.axes[2]).value_or(0)};
+}
+
+bool IsAxisDetermined(const std::array<double, 3>& eigenvalues, std::size_t axis) {
+    const double own = eigenvalues.at(axis - 1);
+    const bool isAboveLower = axis == 1 || own - eigenvalues[axis - 2] >= kLeastEigenvalue;
+    return isAboveLower && (axis == 3 || eigenvalues[axis] - own >= kLeastEigenvalue);
+}
+
 double SphericalStandardError(const AxisSample& sample) {
     const double scatter = sample.eigenvalues[2] - sample.fourthMoment;
     const double divisor = sample.eigenvalues[2] - sample.eigenvalues[1];

@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include "core/formulas.h"
 #include "orientation/angles.h"
 #include "orientation/eigen.h"
 #include "stereo/distinct_lines.h"
@@ -137,6 +138,16 @@ inline constexpr double kSymmetryLimit = 5.99146454710798;
 /// (1987), ch. 6.
 [[nodiscard]] double TextbookSymmetryStatistic(const AxisSample& sample);
 
+/// Whether the hypothesis of rotational symmetry about e3 stands: SymmetryStatistic, in the
+/// textbook TextbookSymmetryStatistic, is kSymmetryLimit at most.
+///
+/// @param sample  for the textbook's statistic in doubles throughout: of concentrated axes what
+///                stands below its stroke is smaller than the rounding of 32 bits
+[[nodiscard]] bool IsSymmetricAboutAxis(const AxisSample& sample, Formulas formulas);
+
+/// The sample of directions in doubles; nothing without weight.
+[[nodiscard]] std::optional<AxisSample> AxisSampleOf(const WeightedDirections& axes);
+
 /// Spherical standard error of e3, sqrt((E3 - m4) / n) / (E3 - E2). Rows that all share one line
 /// have 0.
 ///
@@ -144,7 +155,15 @@ inline constexpr double kSymmetryLimit = 5.99146454710798;
 /// Formula: Fisher, Lewis, Embleton (1987), ch. 6, large samples with rotational symmetry.
 [[nodiscard]] double SphericalStandardError(const AxisSample& sample);
 
-/// Turns a standard error into the sine of the semi-angle of the 95% cone: sqrt(-ln 0.05), rounded.
-inline constexpr double kConeFactor = 1.731;
+/// Turns a standard error into the sine of the semi-angle of the 95% cone: sqrt(-ln 0.05), which
+/// the program's own formula has rounded.
+[[nodiscard]] constexpr double ConeFactor(Formulas formulas) {
+    return formulas == Formulas::Textbook ? 1.7308183826022854 : 1.731;
+}
+
+/// Whether eigenvalues leave no doubt about an axis: none of the others counts as equal to its own.
+///
+/// @param axis  1 of the least to 3 of the greatest
+[[nodiscard]] bool IsAxisDetermined(const std::array<double, 3>& eigenvalues, std::size_t axis);
 
 } // namespace quandrel

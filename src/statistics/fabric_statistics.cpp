@@ -90,7 +90,23 @@ void StoreAxes(PlotRecord& record) {
     }
 }
 
-void StorePlaneItem(PlotRecord& record, std::size_t item, const AxisLine& pole) {
+std::array<double, 3> EigenvaluesOf(const PlotRecord& record) {
+    std::array<double, 3> values{};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = static_cast<double>(record.FabricResults[i + 1][0]);
+    }
+    return values;
+}
+
+/// The plane normal to an axis.
+void StorePlaneItem(PlotRecord& record, std::size_t item, std::size_t axis) {
+    if (!IsAxisDetermined(record, axis)) {
+        record.AxisItems[item][1] = std::string(kUndetermined);
+        record.AxisItems[item][2] = TaggedValue();
+        record.AxisItems[item][3] = TaggedValue();
+        return;
+    }
+    const AxisLine pole = FabricAxis(record, axis);
     record.AxisItems[item][1] = TextOfPlaneOfPole(pole.plunge, pole.trend);
     record.AxisItems[item][2] = pole.plunge;
     record.AxisItems[item][3] = pole.trend;
@@ -105,30 +121,40 @@ void StoreAxisItems(PlotRecord& record) {
         mean[2] = static_cast<double>(record.FabricValueA);
         mean[3] = static_cast<double>(record.FabricValueB);
     }
-    StorePlaneItem(record, kMeanPlaneItem, FabricAxis(record, 3));
-    StorePlaneItem(record, kGirdleItem, FabricAxis(record, 1));
+    StorePlaneItem(record, kMeanPlaneItem, 3);
+    StorePlaneItem(record, kGirdleItem, 1);
 }
 
-void Derive(PlotRecord& record, const WeightedDirections& axes) {
+/// The sample as the record has it, in 32 bits.
+AxisSample SampleInRecord(const PlotRecord& record, const WeightedDirections& axes) {
     AxisSample sample;
     sample.count = TotalWeight(axes.weights);
-    for (std::size_t i = 0; i < 3; ++i) {
-        sample.eigenvalues[i] = static_cast<double>(record.FabricResults[i + 1][0]);
-    }
+    sample.eigenvalues = EigenvaluesOf(record);
     const Direction greatest = {static_cast<double>(record.FabricResults[1][3]),
                                 static_cast<double>(record.FabricResults[2][3]),
                                 static_cast<double>(record.FabricResults[3][3])};
     sample.fourthMoment = FourthMoment(axes.directions, axes.weights, greatest).value_or(0);
+    return sample;
+}
+
+/// The standard error, or kNotSymmetric. Formulas differ in the test of symmetry alone.
+double JudgedStandardError(const AxisSample& sample, const WeightedDirections& axes,
+                           Formulas formulas) {
+    const AxisSample judged =
+        formulas == Formulas::Textbook ? AxisSampleOf(axes).value_or(sample) : sample;
+    return IsSymmetricAboutAxis(judged, formulas) ? SphericalStandardError(sample) : kNotSymmetric;
+}
+
+void Derive(PlotRecord& record, const WeightedDirections& axes) {
+    const AxisSample sample = SampleInRecord(record, axes);
     const FabricShape shape = ShapeOf(sample.eigenvalues);
-    const double symmetry = SymmetryStatistic(sample);
     record.EigenResults[1][kShapeNumber] = static_cast<float>(shape.gamma);
     record.EigenResults[2][kShapeNumber] = static_cast<float>(shape.zeta);
     record.EigenResults[3][kShapeNumber] = static_cast<float>(sample.fourthMoment);
     record.EigenResults[1][kLogRatio] = static_cast<float>(shape.ratio12);
     record.EigenResults[2][kLogRatio] = static_cast<float>(shape.ratio23);
-    record.EigenResults[3][kLogRatio] = static_cast<float>(symmetry);
-    record.FabricValueC =
-        symmetry > kSymmetryLimit ? kNotSymmetric : SphericalStandardError(sample);
+    record.EigenResults[3][kLogRatio] = static_cast<float>(SymmetryStatistic(sample));
+    record.FabricValueC = JudgedStandardError(sample, axes, gFormulas);
 }
 
 } // namespace
@@ -153,6 +179,17 @@ void ComputeFabricDerived() {
     if (!axes.directions.empty()) {
         Derive(ActiveRecord(), axes);
     }
+}
+
+double StandardErrorOfActivePlot(Formulas formulas) {
+    const WeightedDirections axes = DirectionsOf(DistinctLinesOfActivePlot(), LineSense::kAxial);
+    return axes.directions.empty()
+               ? kFailedResult
+               : JudgedStandardError(SampleInRecord(ActiveRecord(), axes), axes, formulas);
+}
+
+bool IsAxisDetermined(const PlotRecord& record, std::size_t axis) {
+    return IsAxisDetermined(EigenvaluesOf(record), axis);
 }
 
 AxisLine FabricAxis(const PlotRecord& record, std::size_t axis) {

@@ -15,10 +15,12 @@
 //   RoseResultant[0]        mean resultant length R/n of the same (a rose has its own there)
 //   AxisItems[0][2..3]      the mean direction
 //   AxisItems[9], [10]      the planes normal to the greatest and to the least axis
-// A mean without a direction has kNoDirection as plunge and trend.
+// A mean without a direction has kNoDirection as plunge and trend. The planes of axes that the
+// eigenvalues leave open have the text kUndetermined and no pole.
 
 #pragma once
 
+#include "core/formulas.h"
 #include "core/plot_record.h"
 
 #include <cstddef>
@@ -36,10 +38,11 @@ enum EigenPlace : std::size_t {
     kShapeNumber = 0, ///< [1] gamma, [2] zeta, [3] the fourth moment about the greatest axis
     kAxisPlunge = 1,
     kAxisTrend = 2,
-    kLogRatio = 3, ///< [1] ln(E2/E1), [2] ln(E3/E2), [3] the statistic of the symmetry test
+    kLogRatio = 3, ///< [1] ln(E2/E1), [2] ln(E3/E2), [3] SymmetryStatistic
 };
 
-/// Works out the fabric statistics of gActivePlot. Without a valid row the old ones stay.
+/// Works out the fabric statistics of gActivePlot, by the formulas in force. Without a valid row
+/// the old ones stay.
 ///
 /// The rows summed decide n: in a plot of P & T axes NumValidData counts faults.
 void ComputeFabricStatistics();
@@ -54,6 +57,13 @@ struct AxisLine {
 };
 
 [[nodiscard]] AxisLine FabricAxis(const PlotRecord& record, std::size_t axis);
+
+/// True when the eigenvalues of a record leave no doubt about an axis, 1 to 3.
+[[nodiscard]] bool IsAxisDetermined(const PlotRecord& record, std::size_t axis);
+
+/// The spherical standard error of gActivePlot by the given formulas: what FabricValueC holds when
+/// they are in force. kFailedResult without rows.
+[[nodiscard]] double StandardErrorOfActivePlot(Formulas formulas);
 
 /// True when the record has a mean direction.
 [[nodiscard]] bool HasMeanDirection(const PlotRecord& record);

@@ -58,4 +58,12 @@ std::string TextOfPlaneOfPole(double polePlunge, double poleTrend) {
     return TextOfPair(dip, dipDirection, OrientationKind::kPlane);
 }
 
+std::string OrderInForce() {
+    const OrientationOptions options = OptionsInForce(OrientationKind::kLine);
+    std::string lines(LineOrderCaption(options.lineOrder));
+    lines.erase(lines.find_last_not_of(' ') + 1);
+    return "planes as " + std::string(PlaneConventionCaption(options.planeConvention))
+           + "; lines as " + lines;
+}
+
 } // namespace quandrel

@@ -33,4 +33,7 @@ void SettleForPrint(int decimals, double& plunge, double& trend);
 /// @param poleTrend   radians
 [[nodiscard]] std::string TextOfPlaneOfPole(double polePlunge, double poleTrend);
 
+/// The order of the values in the texts: "planes as Dip,Dip Dir'n; lines as Plunge,Trend".
+[[nodiscard]] std::string OrderInForce();
+
 } // namespace quandrel

@@ -217,7 +217,7 @@ void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
     } else {
         list.Add("spherical standard error", statistics.standardError, {{ThreeDecimals, error}});
         list.AddAngle("95% cone semi-angle", statistics.coneAngle,
-                      {{FixedDegrees, ArcSin(kConeFactor * error)}});
+                      {{FixedDegrees, ArcSin(ConeFactor(gFormulas) * error)}});
     }
     const auto& ellipse = statistics.ellipse;
     list.AddAngle("95% ellipse major semi-axis",

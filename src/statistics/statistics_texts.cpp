@@ -3,7 +3,9 @@
 #include "statistics/statistics_texts.h"
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/result_lines.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
@@ -21,6 +23,7 @@ namespace {
 
 constexpr const char* kFixed = "Fixed";
 constexpr const char* kThreeDecimals = "0.000";
+constexpr const char* kNotSymmetricText = "(non-symmetric distribution)";
 constexpr std::size_t kLastUserGirdle = 8;
 constexpr std::int16_t kByAppendedNumber = 1; ///< ClassMode of a plot with value grids
 
@@ -46,36 +49,53 @@ std::string DegreePair(double first, double second) {
     return FormatNumber(RadToDeg(first), kFixed) + " - " + FormatNumber(RadToDeg(second), kFixed);
 }
 
-/// The plane of a pole as DegreePair.
-std::string DegreesOfPlaneOfPole(const AxisLine& pole) {
+/// An axis of the record, 1 to 3, in degrees.
+std::string DegreesOfAxis(const PlotRecord& record, std::size_t axis) {
+    if (!IsAxisDetermined(record, axis)) {
+        return kUndetermined;
+    }
+    const AxisLine line = FabricAxis(record, axis);
+    return DegreePair(line.plunge, line.trend) + " (plunge - trend)";
+}
+
+/// The plane normal to it.
+std::string DegreesOfPlane(const PlotRecord& record, std::size_t axis) {
+    if (!IsAxisDetermined(record, axis)) {
+        return kUndetermined;
+    }
+    const AxisLine pole = FabricAxis(record, axis);
     double dip = 0;
     double dipDirection = 0;
     PoleOfPlane(pole.plunge, pole.trend, dip, dipDirection);
-    return DegreePair(dip, dipDirection);
+    return DegreePair(dip, dipDirection) + " (dip - dip dir'n)";
 }
 
-std::string NoDirectionText() {
-    return FormatNumber(kNoDirection, "0");
+/// An axis in the notation in force, or the plane normal to it.
+///
+/// @param text  TextOfLine or TextOfPlaneOfPole
+std::string TextOfAxis(const PlotRecord& record, std::size_t axis,
+                       std::string (*text)(double, double)) {
+    const AxisLine line = FabricAxis(record, axis);
+    return IsAxisDetermined(record, axis) ? text(line.plunge, line.trend)
+                                          : std::string(kUndetermined);
 }
 
 std::string MeanText(const PlotRecord& record) {
     return HasMeanDirection(record) ? TextOfLine(static_cast<double>(record.FabricValueA),
                                                  static_cast<double>(record.FabricValueB))
-                                    : NoDirectionText();
+                                    : std::string(kUndetermined);
 }
 
 std::string MeanLines(const PlotRecord& record) {
-    const AxisLine principal = FabricAxis(record, 3);
-    const AxisLine least = FabricAxis(record, 1);
     const double length = record.RoseResultant[0];
     const char* const what = record.DataKind == kPolarLines ? "Mean Principal Direction = "
                                                             : "Mean Principal Orientation = ";
-    return Line(what + TextOfLine(principal.plunge, principal.trend))
+    return Line(what + TextOfAxis(record, 3, TextOfLine))
            + Line("Mean Resultant dir'n = " + MeanText(record))
            + Line("Mean Resultant length = ", length, kFixed)
            + Line("         (Variance = ", 1 - length, kFixed, ")")
-           + Line("Calculated. girdle: " + TextOfPlaneOfPole(least.plunge, least.trend))
-           + Line("Calculated beta axis: " + TextOfLine(least.plunge, least.trend));
+           + Line("Calculated. girdle: " + TextOfAxis(record, 1, TextOfPlaneOfPole))
+           + Line("Calculated beta axis: " + TextOfAxis(record, 1, TextOfLine));
 }
 
 std::string GirdleLines(const PlotRecord& record) {
@@ -148,21 +168,50 @@ std::string GridLines(const PlotRecord& record) {
     return lines;
 }
 
-std::string StandardErrorLines(const PlotRecord& record) {
-    if (record.FabricValueC == kNotSymmetric) {
-        return Line("(non-symmetric distribution)") + kLineEnd;
+/// What the lines about the precision of the principal axis print.
+struct PrecisionTexts {
+    std::string error;
+    std::string cone;
+};
+
+/// @param error  as FabricValueC
+PrecisionTexts PrecisionBy(Formulas formulas, double error) {
+    if (error == kNotSymmetric) {
+        return {kNotSymmetricText, kNotSymmetricText};
     }
+    const double sine = ConeFactor(formulas) * error;
     // Kept: a standard error that is too large for a cone, the one that failed included, has a
-    // semi-angle of 90.
-    const double cone = RadToDeg(ArcSin(kConeFactor * record.FabricValueC));
-    return Line("Spherical standard error: ", record.FabricValueC, kThreeDecimals)
-           + Line("95% conf. cone semi-angle: ", cone, kFixed, "°") + kLineEnd;
+    // semi-angle of 90 by the program's own formula.
+    const PrecisionTexts texts = {FormatNumber(error, kThreeDecimals),
+                                  FormatNumber(RadToDeg(ArcSin(sine)), kFixed) + "°"};
+    if (formulas == Formulas::Own) {
+        return texts;
+    }
+    return {error == kFailedResult ? kUndetermined : texts.error,
+            sine >= 1 ? kUndetermined : texts.cone};
+}
+
+std::string StandardErrorLines(const PlotRecord& record) {
+    const PrecisionTexts own = PrecisionBy(gFormulas, record.FabricValueC);
+    const PrecisionTexts textbook =
+        gFormulas == Formulas::Textbook
+            ? own
+            : PrecisionBy(Formulas::Textbook, StandardErrorOfActivePlot(Formulas::Textbook));
+    if (own.error == kNotSymmetricText) {
+        return ResultLine({}, {own.error, textbook.error}) + kLineEnd;
+    }
+    if (textbook.error == kNotSymmetricText) { // one note for both lines
+        return ResultLine("Spherical standard error: ", {own.error, own.error})
+               + ResultLine("95% conf. cone semi-angle: ", {own.cone, "non-symmetric distribution"})
+               + kLineEnd;
+    }
+    return ResultLine("Spherical standard error: ", {own.error, textbook.error})
+           + ResultLine("95% conf. cone semi-angle: ", {own.cone, textbook.cone}) + kLineEnd;
 }
 
 std::string PrincipalLines(const PlotRecord& record) {
-    const AxisLine principal = FabricAxis(record, 3);
-    return Line("Principal Eigenvector: " + DegreePair(principal.plunge, principal.trend))
-           + Line("(i.e. normal to plane dipping: " + DegreesOfPlaneOfPole(principal) + ")")
+    return Line("Principal Eigenvector: " + DegreesOfAxis(record, 3))
+           + Line("(i.e. normal to plane dipping: " + DegreesOfPlane(record, 3) + ")")
            + StandardErrorLines(record);
 }
 
@@ -171,12 +220,24 @@ std::string ResultantLines(const PlotRecord& record) {
     auto trend = static_cast<double>(record.FabricValueB);
     SettleForPrint(2, plunge, trend);
     const std::string mean =
-        HasMeanDirection(record) ? DegreePair(trend, plunge) : NoDirectionText();
+        HasMeanDirection(record) ? DegreePair(trend, plunge) + " (trend - plunge)" : kUndetermined;
     const double length = record.RoseResultant[0];
     return Line("Mean Direction:  " + mean) + Line("Mean Resultant = ", length, kThreeDecimals)
            + Line("('Variance' = ", 1 - length, kThreeDecimals, ")")
-           + Line("E2-E3 (girdle) plane: " + DegreesOfPlaneOfPole(FabricAxis(record, 1)))
-           + kLineEnd;
+           + Line("E2-E3 (girdle) plane: " + DegreesOfPlane(record, 1)) + kLineEnd;
+}
+
+/// The components of an axis, each with the tab after it.
+std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
+    if (!IsAxisDetermined(record, axis)) {
+        return std::string(kUndetermined) + "\t\t"; // as wide as two columns
+    }
+    std::string components;
+    for (std::size_t component = 1; component <= 3; ++component) {
+        const auto value = static_cast<double>(record.FabricResults[component][axis]);
+        components += FormatNumber(value, "#0.000") + "\t";
+    }
+    return components;
 }
 
 /// A row for each axis: its components, n E, and E in brackets.
@@ -187,27 +248,33 @@ std::string EigenvectorLines(const PlotRecord& record) {
     }
     std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
     for (std::size_t axis = 1; axis <= 3; ++axis) {
-        for (std::size_t component = 1; component <= 3; ++component) {
-            const auto value = static_cast<double>(record.FabricResults[component][axis]);
-            lines += FormatNumber(value, "#0.000") + "\t";
-        }
         const auto eigenvalue = static_cast<double>(record.FabricResults[axis][0]);
-        lines += FormatNumber(count * eigenvalue, "##0.000") + " ("
+        lines += ComponentsOf(record, axis) + FormatNumber(count * eigenvalue, "##0.000") + " ("
                  + FormatNumber(eigenvalue, kThreeDecimals) + ")" + kLineEnd;
     }
     return lines;
 }
 
+/// A number that failed as the program prints it, and as the textbook has none.
+PrintedResult ShapeNumber(double value) {
+    const std::string text = FormatNumber(value, kFixed);
+    const std::string textbook = value == kFailedResult ? std::string(kUndetermined) : text;
+    return {gFormulas == Formulas::Textbook ? textbook : text, textbook};
+}
+
 std::string ShapeLines(const PlotRecord& record) {
     const auto& results = record.EigenResults;
-    const auto ratio = [&results](std::size_t row) {
-        return FormatNumber(static_cast<double>(results[row][kLogRatio]), kFixed);
+    const auto number = [&results](std::size_t row, EigenPlace place) {
+        return ShapeNumber(static_cast<double>(results[row][place]));
     };
-    return Line("Shape parameter, gamma = ", static_cast<double>(results[1][kShapeNumber]), kFixed)
-           + Line("Strength parameter, zeta   = ", static_cast<double>(results[2][kShapeNumber]),
-                  kFixed)
+    const PrintedResult first = number(1, kLogRatio);
+    const PrintedResult second = number(2, kLogRatio);
+    constexpr const char* kBetween = " \t|      ";
+    return ResultLine("Shape parameter, gamma = ", number(1, kShapeNumber))
+           + ResultLine("Strength parameter, zeta   = ", number(2, kShapeNumber))
            + Line("Eigenvalue log ratios:") + Line("(E2/E1\t|    E3/E2)")
-           + Line(ratio(1) + " \t|      " + ratio(2));
+           + ResultLine({}, {first.value + kBetween + second.value,
+                             first.textbook + kBetween + second.textbook});
 }
 
 } // namespace
@@ -246,14 +313,15 @@ std::string StatsBoxText() {
     if (!HasStereoStatistics(record)) {
         return NumberLine(record);
     }
-    return NumberLine(record) + MeanLines(record) + GirdleLines(record) + kLineEnd
-           + AppendedLines(record) + GridLines(record);
+    return NumberLine(record) + MeanLines(record) + GirdleLines(record)
+           + Line("(" + OrderInForce() + ")") + kLineEnd + AppendedLines(record)
+           + GridLines(record);
 }
 
 std::string FabricBoxText() {
     const PlotRecord& record = ActiveRecord();
     if (!HasStereoStatistics(record)) {
-        return {};
+        return record.PlotKind < kRose ? NumberLine(record) : std::string();
     }
     return PrincipalLines(record) + ResultantLines(record) + EigenvectorLines(record)
            + ShapeLines(record);

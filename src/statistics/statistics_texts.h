@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The two texts of the statistics beside a stereo plot. Lines end in CR LF. Orientations are in the
-// notation in force in the normal text, in degrees with two decimals in the advanced one; results
-// that could not be worked out are written as they stand (99999).
+// notation in force in the normal text, in degrees with two decimals in the advanced one; both say
+// in which order. Directions that the data leave open are undetermined; other results that could
+// not be worked out are written as they stand (99999). Below a result of the program's own formulas
+// stands the textbook's, where it is printed otherwise.
 
 #pragma once
 
@@ -31,8 +33,8 @@ struct AppendedStatistics {
 /// number of data without rows, and for a rose.
 [[nodiscard]] std::string StatsBoxText();
 
-/// The advanced text: principal axis, means, eigenvectors, shape. Empty without rows, and for a
-/// rose.
+/// The advanced text: principal axis, means, eigenvectors, shape. Only the number of data without
+/// rows; empty for a rose.
 [[nodiscard]] std::string FabricBoxText();
 
 /// Writes StatsBoxText into the plot's window.

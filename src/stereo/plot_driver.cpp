@@ -131,8 +131,10 @@ void DrawOverlays(const PlotRecord& record) {
     }
 }
 
+/// What the statistics leave open has no pole, and is not drawn.
 bool IsItemShown(const PlotRecord& record, int item) {
-    return NumberOf(record.AxisItems[static_cast<std::size_t>(item)][0]) != 0;
+    const auto& values = record.AxisItems[static_cast<std::size_t>(item)];
+    return NumberOf(values[0]) != 0 && !IsEmpty(values[3]);
 }
 
 void DrawAxisItems(const PlotRecord& record) {

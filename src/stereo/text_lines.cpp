@@ -13,7 +13,7 @@ namespace {
 /// Tells each cell of a line with its distance from the line's start. Gives the line's width.
 double EachCell(const Surface& surface, const std::string& line,
                 const std::function<void(double left, const std::string& cell)>& tell) {
-    const double tab = surface.TextWidth("-0.0000 ");
+    const double tab = surface.TextWidth(kTabSample);
     double left = 0;
     double right = 0;
     std::istringstream cells(line);

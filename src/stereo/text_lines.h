@@ -11,6 +11,10 @@
 
 namespace quandrel {
 
+/// A text as wide as the distance of tab stops in its font: two of them hold the widest head of the
+/// statistics' columns.
+inline constexpr const char* kTabSample = "-0.0000 ";
+
 /// The lines of a text in the surface's font, broken at blanks so that each is as wide as asked for
 /// or a single word. The rows of a table, which have tabs, stay whole.
 ///

@@ -3,6 +3,7 @@
 #include "core/data_format.h"
 #include "orientation/angles.h"
 #include "orientation/vectors.h"
+#include "statistics/confidence_cone.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "stereo/plot_driver.h"
@@ -200,7 +201,8 @@ TEST_F(FabricStatistics, VerticalRowsOfDifferentTrendsAreVertical) {
         EXPECT_EQ(record.FabricResults[1][3], 0.0F);
         EXPECT_EQ(record.FabricResults[2][3], 0.0F);
         EXPECT_EQ(TextOf(record.AxisItems[9][1]), "0/180");
-        EXPECT_EQ(TextOf(record.AxisItems[10][1]), "90/180") << "the first axis is north";
+        EXPECT_EQ(TextOf(record.AxisItems[10][1]), "undetermined") << "two axes are alike";
+        EXPECT_TRUE(IsEmpty(record.AxisItems[10][3]));
         ExpectEigenvalues(record, 0, 0, 1);
     }
 }
@@ -311,6 +313,64 @@ TEST_F(FabricStatistics, AxialMeansOfLinesIgnoreTheSense) {
     EXPECT_NEAR(record.FabricValueA, Radians(30), kTolerance);
     EXPECT_NEAR(record.FabricValueB, Radians(120), kTolerance);
     EXPECT_NEAR(record.FabricValueF, 0, kTolerance);
+}
+
+TEST_F(FabricStatistics, SetsThreeTimesAsLongAsWideAreNotSymmetricInTheTextbook) {
+    // Lines about the vertical, three times as far to north and south as to east and west. The
+    // program's own test lets them pass, the textbook's does not.
+    Rows rows;
+    for (int step = 0; step < 12; ++step) {
+        const double angle = step * std::numbers::pi / 6;
+        const double north = 12 * std::cos(angle);
+        const double east = 4 * std::sin(angle);
+        const double away = std::hypot(north, east);
+        const double trend = std::atan2(east, north) * 180 / std::numbers::pi;
+        rows.push_back({static_cast<std::int32_t>(std::lround(90 - away)),
+                        static_cast<std::int32_t>(std::lround(trend < 0 ? trend + 360 : trend))});
+    }
+    const PlotRecord& record = StatisticsOf(kLines, rows);
+    EXPECT_GT(record.FabricValueC, 0);
+    EXPECT_EQ(record.FabricValueC, StandardErrorOfActivePlot(Formulas::Own));
+    EXPECT_EQ(StandardErrorOfActivePlot(Formulas::Textbook), kNotSymmetric);
+    EXPECT_TRUE(ConfidenceConeAngle(record, Formulas::Own));
+    gFormulas = Formulas::Textbook;
+    ComputeFabricStatistics();
+    EXPECT_EQ(record.FabricValueC, kNotSymmetric);
+    EXPECT_FALSE(ConfidenceConeAngle(record, Formulas::Textbook));
+    gFormulas = Formulas::Own;
+}
+
+TEST_F(FabricStatistics, SymmetricSetsHaveTheSameErrorByBothFormulas) {
+    // Rings of equal plunge: E1 and E2 are equal.
+    for (const std::int32_t plunge : {40, 70, 89}) {
+        Rows rows;
+        for (std::int32_t trend = 0; trend < 360; trend += 30) {
+            rows.push_back({plunge, trend});
+        }
+        const PlotRecord& record = StatisticsOf(kLines, rows);
+        if (plunge == 40) {
+            continue; // a girdle's axis is not the greatest
+        }
+        EXPECT_NE(StandardErrorOfActivePlot(Formulas::Textbook), kNotSymmetric) << plunge;
+        EXPECT_EQ(StandardErrorOfActivePlot(Formulas::Textbook), record.FabricValueC) << plunge;
+    }
+}
+
+TEST_F(FabricStatistics, AxesOfEqualEigenvaluesAreOpen) {
+    const PlotRecord& one = StatisticsOf(kLines, {{40, 200}});
+    EXPECT_FALSE(IsAxisDetermined(one, 1));
+    EXPECT_FALSE(IsAxisDetermined(one, 2));
+    EXPECT_TRUE(IsAxisDetermined(one, 3));
+    const PlotRecord& rightAngle = StatisticsOf(kLines, {{0, 0}, {0, 90}});
+    EXPECT_TRUE(IsAxisDetermined(rightAngle, 1));
+    EXPECT_FALSE(IsAxisDetermined(rightAngle, 2));
+    EXPECT_FALSE(IsAxisDetermined(rightAngle, 3));
+    EXPECT_EQ(TextOf(rightAngle.AxisItems[9][1]), "undetermined");
+    EXPECT_EQ(TextOf(rightAngle.AxisItems[10][1]), "0/180");
+    const PlotRecord& three = StatisticsOf(kLines, {{0, 0}, {0, 90}, {0, 45}});
+    EXPECT_TRUE(IsAxisDetermined(three, 1));
+    EXPECT_TRUE(IsAxisDetermined(three, 2));
+    EXPECT_TRUE(IsAxisDetermined(three, 3));
 }
 
 // Properties.

@@ -75,6 +75,7 @@ TEST_F(StatisticsTexts, NormalTextOfLines) {
                                   "         (Variance = 0.27)",
                                   "Calculated. girdle: 90/180",
                                   "Calculated beta axis: 0-000",
+                                  "(planes as Dip,Dip Dir'n; lines as Plunge,Trend)",
                                   "",
                               }));
 }
@@ -83,28 +84,30 @@ TEST_F(StatisticsTexts, AdvancedTextOfLines) {
     NewPlotOf(kLines);
     AddFourLines();
     // m4 = 17/32: the standard error is sqrt(0.09375/4) / 0.375, the cone arcsin(1.731 * 0.40825).
-    EXPECT_EQ(FabricBoxText(), Lines({
-                                   "Principal Eigenvector: 90.00 - 0.00",
-                                   "(i.e. normal to plane dipping: 0.00 - 180.00)",
-                                   "Spherical standard error: 0.408",
-                                   "95% conf. cone semi-angle: 44.97°",
-                                   "",
-                                   "Mean Direction:  90.00 - 69.90",
-                                   "Mean Resultant = 0.727",
-                                   "('Variance' = 0.273)",
-                                   "E2-E3 (girdle) plane: 90.00 - 180.00",
-                                   "",
-                                   "\t\t\t(Normalised)",
-                                   " Eigenvectors\t\t(Eigenvalue)",
-                                   "1.000\t0.000\t0.000\t0.500 (0.125)",
-                                   "0.000\t1.000\t0.000\t1.000 (0.250)",
-                                   "0.000\t0.000\t1.000\t2.500 (0.625)",
-                                   "Shape parameter, gamma = 1.32",
-                                   "Strength parameter, zeta   = 1.61",
-                                   "Eigenvalue log ratios:",
-                                   "(E2/E1\t|    E3/E2)",
-                                   "0.69 \t|      0.92",
-                               }));
+    EXPECT_EQ(FabricBoxText(),
+              Lines({
+                  "Principal Eigenvector: 90.00 - 0.00 (plunge - trend)",
+                  "(i.e. normal to plane dipping: 0.00 - 180.00 (dip - dip dir'n))",
+                  "Spherical standard error: 0.408",
+                  "95% conf. cone semi-angle: 44.97°",
+                  "(textbook: 44.96°)", // sqrt(-ln 0.05) is 1.7308
+                  "",
+                  "Mean Direction:  90.00 - 69.90 (trend - plunge)",
+                  "Mean Resultant = 0.727",
+                  "('Variance' = 0.273)",
+                  "E2-E3 (girdle) plane: 90.00 - 180.00 (dip - dip dir'n)",
+                  "",
+                  "\t\t\t(Normalised)",
+                  " Eigenvectors\t\t(Eigenvalue)",
+                  "1.000\t0.000\t0.000\t0.500 (0.125)",
+                  "0.000\t1.000\t0.000\t1.000 (0.250)",
+                  "0.000\t0.000\t1.000\t2.500 (0.625)",
+                  "Shape parameter, gamma = 1.32",
+                  "Strength parameter, zeta   = 1.61",
+                  "Eigenvalue log ratios:",
+                  "(E2/E1\t|    E3/E2)",
+                  "0.69 \t|      0.92",
+              }));
 }
 
 TEST_F(StatisticsTexts, PlanesAreToldByTheirPoles) {
@@ -139,9 +142,10 @@ TEST_F(StatisticsTexts, PolarLinesAreToldWithTheirSense) {
     EXPECT_TRUE(HasLine(text, "Mean Resultant length = 0.88"));
     EXPECT_TRUE(HasLine(text, "         (Variance = 0.12)"));
     const std::string advanced = FabricBoxText();
-    EXPECT_TRUE(HasLine(advanced, "Principal Eigenvector: 15.00 - 0.00"));
-    EXPECT_TRUE(HasLine(advanced, "(i.e. normal to plane dipping: 75.00 - 180.00)"));
-    EXPECT_TRUE(HasLine(advanced, "Mean Direction:  0.00 - 10.89"));
+    EXPECT_TRUE(HasLine(advanced, "Principal Eigenvector: 15.00 - 0.00 (plunge - trend)"));
+    EXPECT_TRUE(
+        HasLine(advanced, "(i.e. normal to plane dipping: 75.00 - 180.00 (dip - dip dir'n))"));
+    EXPECT_TRUE(HasLine(advanced, "Mean Direction:  0.00 - 10.89 (trend - plunge)"));
     EXPECT_TRUE(HasLine(advanced, "Mean Resultant = 0.882"));
     EXPECT_TRUE(HasLine(advanced, "('Variance' = 0.118)"));
 }
@@ -152,7 +156,7 @@ TEST_F(StatisticsTexts, AnUpwardMeanHasANegativePlunge) {
     AddRow(-30, 120);
     ComputeFabricStatistics();
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = -30-120"));
-    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  120.00 - -30.00"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  120.00 - -30.00 (trend - plunge)"));
 }
 
 TEST_F(StatisticsTexts, AMeanThatIsLevelAsPrintedHasTheTrendThatItPointsTo) {
@@ -163,17 +167,17 @@ TEST_F(StatisticsTexts, AMeanThatIsLevelAsPrintedHasTheTrendThatItPointsTo) {
     AddRow(-1, 220);
     ComputeFabricStatistics();
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 0-040"));
-    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  220.00 - -0.33"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  220.00 - -0.33 (trend - plunge)"));
 }
 
-TEST_F(StatisticsTexts, AMeanWithoutDirectionIsToldAsANumber) {
+TEST_F(StatisticsTexts, AMeanWithoutDirectionIsUndetermined) {
     NewPlotOf(kPolarLines);
     AddRow(30, 10);
     AddRow(-30, 10);
     ComputeFabricStatistics();
-    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 9999"));
+    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = undetermined"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant length = 0.00"));
-    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  9999"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  undetermined"));
 }
 
 TEST_F(StatisticsTexts, OneRowPrintsWhatFailed) {
@@ -185,7 +189,7 @@ TEST_F(StatisticsTexts, OneRowPrintsWhatFailed) {
     EXPECT_TRUE(HasLine(text, "Shape parameter, gamma = 99999.00"));
     EXPECT_TRUE(HasLine(text, "Strength parameter, zeta   = 99999.00"));
     EXPECT_TRUE(HasLine(text, "99999.00 \t|      99999.00"));
-    EXPECT_TRUE(HasLine(text, "Principal Eigenvector: 40.00 - 200.00"));
+    EXPECT_TRUE(HasLine(text, "Principal Eigenvector: 40.00 - 200.00 (plunge - trend)"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "No. of Data = 1"));
 }
 
@@ -197,7 +201,7 @@ TEST_F(StatisticsTexts, VerticalRowsOfDifferentTrendsHaveTheTrendOfNorth) {
     ComputeFabricStatistics();
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Principal Orientation = 90-000"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 90-000"));
-    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  0.00 - 90.00"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  0.00 - 90.00 (trend - plunge)"));
 }
 
 TEST_F(StatisticsTexts, AnErrorTooLargeForAConeHasASemiAngleOf90) {
@@ -236,11 +240,75 @@ TEST_F(StatisticsTexts, AnUnsymmetricDistributionHasNoCone) {
 TEST_F(StatisticsTexts, WithoutAValidRowOnlyTheNumberIsTold) {
     NewPlotOf(kLines);
     EXPECT_EQ(StatsBoxText(), Lines({"No. of Data = 0"}));
-    EXPECT_EQ(FabricBoxText(), "");
+    EXPECT_EQ(FabricBoxText(), Lines({"No. of Data = 0"})) << "the box stays";
     AddRow(kErrorRow, 0);
     ComputeFabricStatistics();
     EXPECT_EQ(StatsBoxText(), Lines({"No. of Data = 0"}));
-    EXPECT_EQ(FabricBoxText(), "");
+    EXPECT_EQ(FabricBoxText(), Lines({"No. of Data = 0"})) << "the box stays";
+}
+
+TEST_F(StatisticsTexts, TheTextbookIsToldBelowWhatDiffersFromIt) {
+    NewPlotOf(kLines);
+    // Four steep lines, three times as far apart to north and south as to east and west.
+    AddRow(78, 0);
+    AddRow(78, 180);
+    AddRow(86, 90);
+    AddRow(86, 270);
+    for (int i = 0; i < 8; ++i) {
+        AddRow(78, i % 2 == 0 ? 0 : 180);
+    }
+    ComputeFabricStatistics();
+    const std::string own = FabricBoxText();
+    EXPECT_NE(own.find("\r\nSpherical standard error: 0."), std::string::npos) << own;
+    EXPECT_NE(own.find("°\r\n(textbook: non-symmetric distribution)\r\n\r\nMean Direction:"),
+              std::string::npos)
+        << own;
+    gFormulas = Formulas::Textbook;
+    ComputeFabricStatistics();
+    const std::string textbook = FabricBoxText();
+    EXPECT_NE(textbook.find("\r\n(non-symmetric distribution)\r\n\r\nMean Direction:"),
+              std::string::npos)
+        << textbook;
+    EXPECT_EQ(textbook.find("(textbook:"), std::string::npos) << textbook;
+}
+
+TEST_F(StatisticsTexts, OneRowIsUndeterminedInTheTextbook) {
+    NewPlotOf(kLines);
+    AddRow(40, 200);
+    ComputeFabricStatistics();
+    const std::string own = FabricBoxText();
+    EXPECT_TRUE(HasLine(own, "Spherical standard error: 99999.000\r\n(textbook: undetermined)"));
+    EXPECT_TRUE(HasLine(own, "95% conf. cone semi-angle: 90.00°\r\n(textbook: undetermined)"));
+    EXPECT_TRUE(HasLine(own, "Shape parameter, gamma = 99999.00\r\n(textbook: undetermined)"));
+    gFormulas = Formulas::Textbook;
+    ComputeFabricStatistics();
+    const std::string textbook = FabricBoxText();
+    EXPECT_TRUE(HasLine(textbook, "Spherical standard error: undetermined"));
+    EXPECT_TRUE(HasLine(textbook, "95% conf. cone semi-angle: undetermined"));
+    EXPECT_TRUE(HasLine(textbook, "Strength parameter, zeta   = undetermined"));
+    EXPECT_EQ(textbook.find("99999"), std::string::npos) << textbook;
+    EXPECT_EQ(ActiveRecord().FabricValueC, 99999) << "fields keep their number";
+}
+
+TEST_F(StatisticsTexts, DirectionsThatTheDataLeaveOpenAreUndetermined) {
+    NewPlotOf(kLines);
+    AddRow(40, 200);
+    AddRow(40, 200);
+    ComputeFabricStatistics();
+    const std::string equal = StatsBoxText();
+    EXPECT_TRUE(HasLine(equal, "Mean Principal Orientation = 40-200"));
+    EXPECT_TRUE(HasLine(equal, "Calculated. girdle: undetermined"));
+    EXPECT_TRUE(HasLine(equal, "Calculated beta axis: undetermined"));
+    const std::string advanced = FabricBoxText();
+    EXPECT_TRUE(HasLine(advanced, "E2-E3 (girdle) plane: undetermined"));
+    EXPECT_TRUE(HasLine(advanced, "undetermined\t\t0.000 (0.000)"));
+    NewPlotOf(kLines);
+    AddRow(0, 0);
+    AddRow(0, 90);
+    ComputeFabricStatistics();
+    EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Principal Orientation = undetermined"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "Principal Eigenvector: undetermined"));
+    EXPECT_TRUE(HasLine(FabricBoxText(), "(i.e. normal to plane dipping: undetermined)"));
 }
 
 TEST_F(StatisticsTexts, ARoseHasNoneOfIt) {
@@ -257,6 +325,7 @@ TEST_F(StatisticsTexts, TheNotationInForceIsUsed) {
     gConventions = 10 + kDipDirectionDip;
     gLineSeparator = "-";
     gPlaneSeparator = ":";
+    EXPECT_TRUE(HasLine(StatsBoxText(), "(planes as Dip Dir'n,Dip; lines as Trend,Plunge)"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "Mean Resultant dir'n = 090-70"));
     EXPECT_TRUE(HasLine(StatsBoxText(), "Calculated. girdle: 180:90"));
     gConventions = -kStrikeDipSense;
@@ -280,6 +349,7 @@ TEST_F(StatisticsTexts, ShownGirdlesAreListed) {
     EXPECT_NE(text.find("Calculated beta axis: 0-000\r\n"
                         "Girdle2: 45/120 [axis: 45-300]\r\n"
                         "Girdle8: 70/190 [axis: 20-010]\r\n"
+                        "(planes as Dip,Dip Dir'n; lines as Plunge,Trend)\r\n"
                         "\r\n"),
               std::string::npos)
         << text;
