@@ -13,13 +13,20 @@ void Tell(const std::string& text, Icon icon) {
     (void)gPlatform.prompts->Ask({gCaption, text, icon, Buttons::Ok});
 }
 
-bool AskToGoOn(const std::string& text) {
-    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::OkCancel})
-           == Button::Ok;
+bool AskToGoOn(const std::string& text, AtStake stake) {
+    Message question{gCaption, text, Icon::Question, Buttons::OkCancel};
+    if (stake == AtStake::Work) {
+        question.safe = Button::Cancel;
+    }
+    return gPlatform.prompts->Ask(question) == Button::Ok;
 }
 
-bool AskYes(const std::string& text) {
-    return gPlatform.prompts->Ask({gCaption, text, Icon::Question, Buttons::YesNo}) == Button::Yes;
+bool AskYes(const std::string& text, AtStake stake) {
+    Message question{gCaption, text, Icon::Question, Buttons::YesNo};
+    if (stake == AtStake::Work) {
+        question.safe = Button::No;
+    }
+    return gPlatform.prompts->Ask(question) == Button::Yes;
 }
 
 std::string FileTitleOf(const std::string& path) {

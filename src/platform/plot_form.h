@@ -40,6 +40,10 @@ public:
     /// Called at the end of a drawing, when what is on the surfaces may be shown.
     virtual void Show() = 0;
 
+    /// Brings the window to the front and makes it the active one: a question about its plot
+    /// follows.
+    virtual void Raise() = 0;
+
     /// Closes the window without asking.
     virtual void Close() = 0;
 };

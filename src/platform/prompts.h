@@ -52,6 +52,7 @@ struct PathQuestion {
 /// The data format dialog, as the caller wants it opened.
 struct FormatQuestion {
     std::string path;         ///< the file whose first lines are shown; empty shows none
+    std::string text;         ///< a pasted text whose first lines are shown in place of a file's
     std::string command;      ///< "New", "Merge", "Overlay", "File", "Paste", or "None" for no load
     int plotKindFromFile = 0; ///< data kind that the file's parameter line names; 0 is none
     bool showSecondary = false;

@@ -34,6 +34,8 @@ public:
 
     void Show() override { ++timesShown_; }
 
+    void Raise() override { ++timesRaised_; }
+
     void Close() override {}
 
     [[nodiscard]] const RecordingSurface& Plot() const { return plot_; }
@@ -42,6 +44,8 @@ public:
 
     [[nodiscard]] int TimesShown() const { return timesShown_; }
 
+    [[nodiscard]] int TimesRaised() const { return timesRaised_; }
+
 private:
     RecordingSurface plot_{1000, 1000};
     RecordingSurface legend_{220, 400};
@@ -49,6 +53,7 @@ private:
     std::map<PlotBox, std::string> boxes_;
     WindowPlace place_{0, 0, 0, 0, 0};
     int timesShown_ = 0;
+    int timesRaised_ = 0;
 };
 
 } // namespace quandrel

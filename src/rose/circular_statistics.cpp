@@ -4,7 +4,6 @@
 
 #include "core/plot_store.h"
 #include "orientation/angles.h"
-#include "platform/platform.h"
 #include "rose/circular_median.h"
 #include "rose/circular_reference.h"
 #include "rose/rose_radii.h"
@@ -23,11 +22,6 @@ namespace {
 constexpr double kAxisWidth = 1e-10;       ///< about an axis of AngleFromSinCos
 constexpr double kResultantMargin = 1e-12; ///< resultants so near 0 and 1 are meant to be there
 constexpr double kThreeRightAngles = 4.712388980384685;
-
-constexpr const char* kMedianTitle = "Quandrel";
-constexpr const char* kMedianQuestion = "Skip calculation of the median?\n"
-                                        "(It will take a long time with this large data set)\n"
-                                        "The median will be set to zero if you press Yes";
 
 /// An angle from 0, below a turn. What rounding has left below 0 is 0, not a turn.
 double AngleInTurn(double angle) {
@@ -97,20 +91,9 @@ bool IsWorkedOn(const PlotRecord& record) {
     return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
 }
 
-bool IsMedianSkipped(const PlotRecord& record) {
-    if (record.RoseStats[kRoseCount][0] <= kMedianWithoutQuestion) {
-        return false;
-    }
-    const Message question{kMedianTitle, kMedianQuestion, Icon::Question, Buttons::YesNo};
-    return gPlatform.prompts->Ask(question) == Button::Yes;
-}
-
 /// The median of grouped data is that of the rows repeated as often as they count, and the weights
 /// of a bias correction count as they do for the mean.
 void FindMedian(PlotRecord& record, AngleSense sense) {
-    if (IsMedianSkipped(record)) {
-        return;
-    }
     const double median = GroupedCircularMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
     if (median > 0) {
         record.RoseMedian = median;

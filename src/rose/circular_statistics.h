@@ -83,9 +83,6 @@ struct CircularResults {
 /// Above so many data the confidence interval of the mean is told.
 inline constexpr double kLargeSample = 25;
 
-/// Above so many data the median is worked out only when the user wants it.
-inline constexpr double kMedianWithoutQuestion = 2000;
-
 /// Works out the circular statistics of the rose of gActivePlot, from the tables of its data pass,
 /// into the record, by the formulas in force.
 ///
@@ -93,9 +90,8 @@ inline constexpr double kMedianWithoutQuestion = 2000;
 ///                 deviations have no statistics, all others are weighted by the value of a row
 ///
 /// Without statistics, without weight, and when values of both signs make a resultant longer than
-/// 1, all of the fields are 0. Asks whether to leave the
-/// median out when there are more than kMedianWithoutQuestion data. The median and the deviation
-/// about it are 0 when they were not worked out. O(rows).
+/// 1, all of the fields are 0. The median and the deviation about it are 0 where there is no
+/// median. O(rows).
 void RoseCircularStats(int measure);
 
 /// Whether RoseCircularStats had something to work on: a kind with statistics, a weight, and

@@ -117,7 +117,11 @@ bool PrepareTables(PlotRecord& record, bool recalculate) {
     if (!recalculate && IsRoseRefused()) {
         return false;
     }
-    if (recalculate || record.RoseRangeA[0][0] == 0 || IsRoseStale()) {
+    if (IsRepainting()) {
+        if (IsRoseStale()) {
+            return false; // the command that changed the plot counts, and asks what it has to
+        }
+    } else if (recalculate || record.RoseRangeA[0][0] == 0 || IsRoseStale()) {
         if (CountAnew(record)) {
             return true;
         }
@@ -200,7 +204,7 @@ void RosePlot(bool recalculate) {
     PlotRecord& record = ActiveRecord();
     gRoseWedges.clear();
     if (record.NumValidData == 0 || !PrepareTables(record, recalculate)) {
-        if (!IsDrawingElsewhere()) {
+        if (MayAskWhileDrawing()) {
             WriteNumberAlone(record);
         }
         return;

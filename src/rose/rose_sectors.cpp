@@ -76,7 +76,7 @@ int SectorOfPair(const SectorLayout& layout, int sector) {
 
 /// True when the user has accepted a smaller last sector, or need not be asked.
 bool AcceptsDivision(const SectorDivision& division) {
-    if (division.oddSize == 0 || gRoseOddAsked || IsDrawingElsewhere()) {
+    if (division.oddSize == 0 || gRoseOddAsked || !MayAskWhileDrawing()) {
         return true;
     }
     const auto accepted = AcceptedSizes().find(gActivePlot);
@@ -375,7 +375,7 @@ bool RoseCountSectors() {
     if (division.oddSize != 0) {
         record.RoseOddSectorSize = division.oddSize; // Kept: not cleared when all are equal
     }
-    if (!MendBias(record) && !IsDrawingElsewhere()) {
+    if (!MendBias(record) && MayAskWhileDrawing()) {
         Tell(kNoLinesText);
     }
     const SectorLayout layout = LayoutOfRose(record);

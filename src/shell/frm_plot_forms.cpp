@@ -18,6 +18,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QTabBar>
@@ -86,7 +87,7 @@ void frmPlotForms::MakePictures() {
     picLegendBox->setObjectName("picLegendBox");
     picLegendBox->setAccessibleName("Legend");
     picLegendBox->installEventFilter(this);
-    const auto redraw = [this] { RedrawPlot(Slot()); };
+    const auto redraw = [this] { RepaintPlot(Slot()); };
     picStereoArea->onStale = redraw;
     picStereoArea->onTip = [this](QPointF share) {
         const double x = kPlotScale.left + share.x() * (kPlotScale.right - kPlotScale.left);
@@ -272,6 +273,15 @@ void frmPlotForms::Show() {
     FollowRecord();
     picStereoArea->update();
     picLegendBox->update();
+}
+
+void frmPlotForms::Raise() {
+    if (isMinimized()) {
+        showNormal();
+    }
+    if (mdiArea() != nullptr) {
+        mdiArea()->setActiveSubWindow(this);
+    }
 }
 
 void frmPlotForms::Close() {

@@ -40,6 +40,7 @@ public:
     [[nodiscard]] WindowPlace Place() const override;
     void SetPlace(const WindowPlace& place) override;
     void Show() override;
+    void Raise() override;
     void Close() override;
 
     /// Names the tab of the data when data arrive, and selects it.

@@ -95,6 +95,24 @@ Button EscapeButton(Buttons set) {
     return Button::Cancel;
 }
 
+/// A dialog of a window's, or the window itself.
+bool Belongs(const QWidget& widget, const QWidget& window) {
+    for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
+        if (at == &window) {
+            return true;
+        }
+    }
+    return false;
+}
+
+[[nodiscard]] bool RefusesWhilePainting(const std::string& text) {
+    if (!IsPainting()) {
+        return false;
+    }
+    qCritical("A question within a paint event: %s", text.c_str());
+    return true;
+}
+
 /// The filters of a question, as a file dialog takes them. Endings are met in any case.
 QStringList FiltersOf(const std::string& filter) {
     const QStringList parts = QString::fromStdString(filter).split('|', Qt::SkipEmptyParts);
@@ -156,19 +174,33 @@ std::optional<std::string> WithEnding(const std::string& path, const PathQuestio
         !QFileInfo::exists(whole)
         || QMessageBox::question(parent, QString::fromStdString(question.title),
                                  QFileInfo(whole).fileName()
-                                     + " already exists.\nDo you want to replace it?")
+                                     + " already exists.\nDo you want to replace it?",
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
                == QMessageBox::Yes;
     return mayWrite ? std::optional(whole.toStdString()) : std::nullopt;
 }
 
 } // namespace
 
+bool IsPainting() {
+    const QWidgetList widgets = QApplication::allWidgets();
+    return std::any_of(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+        return widget->testAttribute(Qt::WA_WState_InPaintEvent);
+    });
+}
+
 QWidget* WidgetPrompts::Parent() const {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : &parent_;
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr && Belongs(*active, parent_) ? active : &parent_;
 }
 
 Button WidgetPrompts::Ask(const Message& message) {
+    if (RefusesWhilePainting(message.text)) {
+        return EscapeButton(message.buttons);
+    }
     const PlainPointer pointer;
     QMessageBox box(Parent());
     box.setWindowTitle(QString::fromStdString(message.title));
@@ -181,7 +213,7 @@ Button WidgetPrompts::Ask(const Message& message) {
         made->setObjectName("cmd" + QString::fromStdString(ButtonName(button)));
         buttons[made] = button;
     }
-    box.setDefaultButton(StandardButtonOf(DefaultButton(message.buttons)));
+    box.setDefaultButton(StandardButtonOf(message.safe.value_or(DefaultButton(message.buttons))));
     box.setEscapeButton(StandardButtonOf(EscapeButton(message.buttons)));
     box.exec();
     const auto pressed = buttons.find(box.clickedButton());
@@ -189,6 +221,9 @@ Button WidgetPrompts::Ask(const Message& message) {
 }
 
 std::optional<std::string> WidgetPrompts::AskOpenPath(const PathQuestion& question) {
+    if (RefusesWhilePainting(question.title)) {
+        return std::nullopt;
+    }
     const PlainPointer pointer;
     GetFile dialog(question, Parent());
     dialog.setFileMode(QFileDialog::ExistingFile);
@@ -196,6 +231,9 @@ std::optional<std::string> WidgetPrompts::AskOpenPath(const PathQuestion& questi
 }
 
 std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& question) {
+    if (RefusesWhilePainting(question.title)) {
+        return std::nullopt;
+    }
     const PlainPointer pointer;
     GetFile dialog(question, Parent());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -211,6 +249,9 @@ std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& questi
 }
 
 std::optional<FormatAnswer> WidgetPrompts::AskFormat(const FormatQuestion& question) {
+    if (RefusesWhilePainting(question.command)) {
+        return std::nullopt;
+    }
     const PlainPointer pointer;
     frmFileFormat dialog(question, Parent());
     if (dialog.exec() != QDialog::Accepted) {
@@ -220,6 +261,9 @@ std::optional<FormatAnswer> WidgetPrompts::AskFormat(const FormatQuestion& quest
 }
 
 SaveAnswer WidgetPrompts::AskSavePlots(const std::string& title, const std::string& text) {
+    if (RefusesWhilePainting(title)) {
+        return SaveAnswer::Cancel;
+    }
     const PlainPointer pointer;
     frmSavePlotsDialog dialog(QString::fromStdString(title), QString::fromStdString(text),
                               Parent());

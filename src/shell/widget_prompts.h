@@ -10,9 +10,16 @@ class QWidget;
 
 namespace quandrel {
 
+/// True within the paint event of any widget. Nothing may be asked or told then: the event loop of
+/// a box would paint the half-painted window again.
+[[nodiscard]] bool IsPainting();
+
+/// Each box stands over the dialog that it comes from. One that is raised within a paint event is
+/// a fault of the program's: it is written to the log and answered as if it had been closed.
 class WidgetPrompts : public Prompts {
 public:
-    /// @param parent  the window that the questions stand above; outlives the prompts
+    /// @param parent  the window that the questions stand above where no dialog of its is in use;
+    ///                outlives the prompts
     explicit WidgetPrompts(QWidget& parent)
         : parent_(parent) {}
 

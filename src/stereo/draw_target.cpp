@@ -12,6 +12,7 @@ namespace {
 Surface* plotTarget = nullptr;
 Surface* legendTarget = nullptr;
 DrawnFor targetMedium = DrawnFor::Screen;
+bool repainting = false;
 
 /// How bright a colour looks, 0 to 1: the luma of ITU-R Recommendation BT.601 (1982).
 double Brightness(Colour colour) {
@@ -42,6 +43,23 @@ Surface& LegendSurface() {
 
 bool IsDrawingElsewhere() {
     return plotTarget != nullptr;
+}
+
+bool IsRepainting() {
+    return repainting;
+}
+
+bool MayAskWhileDrawing() {
+    return !IsDrawingElsewhere() && !IsRepainting();
+}
+
+Repainting::Repainting()
+    : former_(repainting) {
+    repainting = true;
+}
+
+Repainting::~Repainting() {
+    repainting = former_;
 }
 
 DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium)

@@ -25,6 +25,25 @@ namespace quandrel {
 /// True while drawing goes elsewhere than to the plot's window.
 [[nodiscard]] bool IsDrawingElsewhere();
 
+/// True while a plot is drawn because its window is painted. Nothing can be asked then, and nothing
+/// is worked out that may have to be asked about: the command that changed the plot does that.
+[[nodiscard]] bool IsRepainting();
+
+/// True when a drawing may show messages and ask: it is a command's, to the plot's window.
+[[nodiscard]] bool MayAskWhileDrawing();
+
+/// A drawing that a window is painted for, for the length of a block.
+class Repainting {
+public:
+    Repainting();
+    ~Repainting();
+    Repainting(const Repainting&) = delete;
+    Repainting& operator=(const Repainting&) = delete;
+
+private:
+    bool former_;
+};
+
 /// What a drawing elsewhere stands for.
 enum class DrawnFor {
     Paper,  ///< pages, files and copies

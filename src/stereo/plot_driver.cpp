@@ -227,6 +227,11 @@ void RedrawPlot(int slot) {
     }
 }
 
+void RepaintPlot(int slot) {
+    const Repainting repainting;
+    RedrawPlot(slot);
+}
+
 void DrawActivePlotOn(Surface& plot, Surface& legend) {
     const DrawElsewhere elsewhere(plot, legend);
     DrawPlot(false);

@@ -21,6 +21,10 @@ void ReplotActivePlot(bool recalculate);
 /// the status line stay as they are.
 void RedrawPlot(int slot);
 
+/// RedrawPlot for a window that is painted: it asks nothing, and a rose whose rows have changed
+/// waits for the command that changed them.
+void RepaintPlot(int slot);
+
 /// Draws the active plot onto other surfaces than its window's, in the state that it is in: nothing
 /// is worked out anew, no text or caption changes.
 void DrawActivePlotOn(Surface& plot, Surface& legend);

@@ -267,8 +267,6 @@ TEST(CircularStatistics, AreNoneWhenMixedSignsMakeALongResultant) {
     EXPECT_EQ(north->resultant[0], 1);
 }
 
-constexpr const char* kQuestion = "Skip calculation of the median?";
-
 class RoseCircularStatistics : public EngineTest {
 protected:
     void SetUp() override {
@@ -395,31 +393,17 @@ TEST_F(RoseCircularStatistics, TakeAMedianAtNorthForAFullTurn) {
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), 20 / 3.0, 1e-9);
 }
 
-TEST_F(RoseCircularStatistics, OfTwoThousandDataAskNothing) {
-    for (int i = 0; i < 2000; ++i) {
-        AddRow(0, i % 90);
+TEST_F(RoseCircularStatistics, OfAnyNumberOfDataHaveTheMedianAndAskNothing) {
+    for (const int rows : {2000, 2001, 50000}) {
+        NewRose(kPolarLines);
+        for (int i = 0; i < rows; ++i) {
+            AddRow(0, i % 3);
+        }
+        Work();
+        EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 1, 1e-9) << rows;
+        EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDev), 2.0 / 3, 1e-3) << rows;
     }
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 44, 1e-9); // 0 to 19 have 23 rows
-}
-
-TEST_F(RoseCircularStatistics, OfMoreThanTwoThousandDataAskForTheMedian) {
-    for (int i = 0; i < 2001; ++i) {
-        AddRow(0, i % 3);
-    }
-    Expect(kQuestion, Button::Yes);
-    Work();
-    EXPECT_EQ(ActiveRecord().RoseMedian, 0);
-    EXPECT_EQ(ActiveRecord().RoseMeanDev, 0);
-    EXPECT_GT(ActiveRecord().RoseResultant[0], 0.9);
-    Expect(kQuestion, Button::No);
-    Work();
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 1, 1e-9);
-    EXPECT_EQ(prompts.Shown().back().message.title, "Quandrel");
-    EXPECT_EQ(prompts.Shown().back().message.text,
-              "Skip calculation of the median?\n"
-              "(It will take a long time with this large data set)\n"
-              "The median will be set to zero if you press Yes");
+    EXPECT_TRUE(prompts.Shown().empty());
 }
 
 /// A grouped row, and what its bias is corrected by.
@@ -535,7 +519,6 @@ TEST_F(RoseCircularStatistics, OfMoreDataThanAreListedHaveAMedian) {
     AddRows({12, 38});
     AddNumbers({1e8F, 1e8F});
     ActiveRecord().HasFrequencyColumn = kTrue;
-    Expect(kQuestion, Button::No);
     Work();
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDir[0]), 25, 1e-9);

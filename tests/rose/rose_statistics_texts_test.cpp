@@ -377,8 +377,8 @@ TEST_F(RoseStatisticsTexts, SayThatTheMedianWasNotCalculated) {
     for (int i = 0; i < 2001; ++i) {
         AddRow(0, i % 90);
     }
-    Expect("Skip calculation of the median?", Button::Yes);
     Work({{11.5, 230}});
+    ActiveRecord().RoseMedian = 0; // skipped in a file of an earlier version
     const std::string lines = Lines({
         "Circ.Median = not calculated",
         "Circ.Mean Dev.about median = not calculated",

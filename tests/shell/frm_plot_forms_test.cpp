@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "program/start.h"
 #include "shell/picture_box.h"
 #include "support/main_window_test.h"
 
@@ -133,6 +134,48 @@ TEST_F(PlotWindow, AWindowThatIsNotActiveDrawsItsOwnPlot) {
     const PlotInWork work(1);
     form->ReplotIntoWindow();
     EXPECT_EQ(form->picStereoArea->Image(), drawn) << "the same plot in the same size";
+}
+
+TEST_F(PlotWindow, APlotFileOfManyDirectionsOpensAndIsPaintedWithoutAQuestion) {
+    ConnectPlotStages();
+    gPrimaryDataType = kDirections;
+    gFileColumnSettings[kSlotDirection] = 0;
+    std::string lines;
+    for (int i = 0; i < 2001; ++i) {
+        lines += std::to_string(i % 30) + "\n";
+    }
+    OpenFile("directions.txt", lines);
+    ASSERT_EQ(ActiveRecord().PlotKind, kRose);
+    prompts.QueueSavePath((folder / "directions.qpx").string());
+    Press("mnuFileSave_1");
+    Press("mnuFileClose_0");
+    prompts.QueueOpenPath((folder / "directions.qpx").string());
+    Press("mnuFileLoad_0");
+    frmPlotForms& opened = FormOfSlot(gActivePlot);
+    ASSERT_EQ(ActiveRecord().NumValidData, 2001);
+    opened.grab();
+    opened.resize(opened.size() + QSize(80, 60)); // painted anew
+    opened.grab();
+    EXPECT_TRUE(prompts.Shown().empty());
+    EXPECT_GT(ActiveRecord().RoseMedian, 0) << "worked out all the same";
+}
+
+TEST_F(PlotWindow, WhatHasToBeAskedWaitsForTheCommand) {
+    ConnectPlotStages();
+    PlotRecord& record = ActiveRecord();
+    Press("mnuPlotType_2");
+    // A step that changes the plot, and comes to its drawing only after the window was painted.
+    record.RoseSectorSize = 100;
+    record.RowsChanged = kTrue;
+    form->resize(form->size() + QSize(80, 60));
+    form->grab();
+    EXPECT_TRUE(prompts.Shown().empty());
+    Expect("sector", Button::Ok);
+    Press("mnuEditRefresh");
+    EXPECT_EQ(prompts.Shown().size(), 1U);
+    form->resize(form->size() + QSize(20, 20));
+    form->grab();
+    EXPECT_EQ(prompts.Shown().size(), 1U);
 }
 
 TEST_F(PlotWindow, TheResizeButtonReplots) {

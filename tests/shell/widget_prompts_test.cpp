@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/messages.h"
 #include "shell/frm_save_plots_dialog.h"
 #include "shell/widget_prompts.h"
 #include "support/shell_test.h"
 
+#include <QDialog>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -62,6 +64,77 @@ TEST_F(WidgetQuestions, EnterGoesOnAndEscapeDoesNot) {
         WhenShown([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         EXPECT_EQ(widgetPrompts.Ask(message), expected.second);
     }
+}
+
+TEST_F(WidgetQuestions, EnterTakesTheSafeAnswerWhereWorkIsAtStake) {
+    gPlatform.prompts = &widgetPrompts;
+    WhenShown([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(AskYes("Remove the unsaved plot for good?", AtStake::Work));
+    WhenShown([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_TRUE(AskYes("Open it again?"));
+    WhenShown([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(AskToGoOn("This will remove the overlayed data", AtStake::Work));
+    WhenShown([](QWidget& box) {
+        EXPECT_TRUE(ControlOf<QPushButton>(box, "cmdCancel").isDefault());
+        auto& go = ControlOf<QPushButton>(box, "cmdOK");
+        go.setFocus();
+        QTest::keyClick(&go, Qt::Key_Return);
+    });
+    EXPECT_TRUE(AskToGoOn("This will remove the overlayed data", AtStake::Work));
+    gPlatform.prompts = &prompts;
+}
+
+/// Asks while it is painted.
+class AskingWidget : public QWidget {
+public:
+    explicit AskingWidget(std::function<void()> ask)
+        : ask_(std::move(ask)) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override { ask_(); }
+
+private:
+    std::function<void()> ask_;
+};
+
+TEST_F(WidgetQuestions, NoneIsShownWithinAPaintEvent) {
+    EXPECT_FALSE(IsPainting());
+    int painted = 0;
+    AskingWidget widget([&] {
+        ++painted;
+        EXPECT_TRUE(IsPainting());
+        const Message message{gCaption, "within a paint event", Icon::None, Buttons::YesNo};
+        EXPECT_EQ(widgetPrompts.Ask(message), Button::No);
+        EXPECT_EQ(widgetPrompts.AskOpenPath({}), std::nullopt);
+        EXPECT_EQ(widgetPrompts.AskSavePath({}), std::nullopt);
+        EXPECT_FALSE(widgetPrompts.AskFormat({}));
+        EXPECT_EQ(widgetPrompts.AskSavePlots("title", "text"), SaveAnswer::Cancel);
+    });
+    widget.grab();
+    EXPECT_GT(painted, 0);
+    EXPECT_FALSE(IsPainting());
+}
+
+TEST_F(WidgetQuestions, StandOverTheDialogInUse) {
+    parent.show();
+    QDialog dialog(&parent);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    WhenShown([&dialog](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), &dialog);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(widgetPrompts.Ask({gCaption, "text", Icon::None, Buttons::Ok}), Button::Ok);
+    QWidget other; // the help, which is nobody's
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    WhenShown([this](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), &parent);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(widgetPrompts.Ask({gCaption, "text", Icon::None, Buttons::Ok}), Button::Ok);
 }
 
 TEST_F(WidgetQuestions, IconsAreThoseOfTheMessage) {

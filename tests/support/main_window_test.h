@@ -9,6 +9,7 @@
 #include "shell/commands.h"
 #include "shell/frm_plot_forms.h"
 #include "shell/geol_plot_main.h"
+#include "shell/widget_prompts.h"
 #include "stereo/plot_stages.h"
 #include "support/shell_test.h"
 
@@ -31,6 +32,9 @@ protected:
         gPlotKind = kEqualArea;
         main = std::make_unique<GeolPlotMain>();
         gPlatform.prompts = &prompts;
+        prompts.OnBox([](const ShownBox& box) {
+            EXPECT_FALSE(IsPainting()) << "asked by a paint event: " << box.message.text;
+        });
         main->resize(1200, 760);
         main->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
