@@ -104,7 +104,8 @@ Family FamilyOfActivePlot() {
     for (const int slot : {family.first, family.second}) {
         if (slot != 0 && RecordOf(slot).OverlayRows[0] > 0) {
             return AskToGoOn("This will remove the overlayed data in this plot.\n"
-                             "Do you want to continue?");
+                             "Do you want to continue?",
+                             AtStake::Work);
         }
     }
     return true;

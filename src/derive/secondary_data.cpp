@@ -41,7 +41,8 @@ bool HasOverlayOfArrows(const PlotRecord& record) {
 [[nodiscard]] bool AcceptLossOfOverlay(const PlotRecord& record, int option) {
     return record.OverlayRows[0] == 0 || option == kArrowsOnPlanes || HasOverlayOfArrows(record)
            || AskToGoOn("This will remove the overlayed data in this plot.\n"
-                        "Do you want to continue?");
+                        "Do you want to continue?",
+                        AtStake::Work);
 }
 
 [[nodiscard]] bool AcceptFormats(const PlotRecord& record) {

@@ -43,10 +43,11 @@ std::string QuestionOfAxes(const PlotRecord& record) {
     if (record.MapInfoLinked != 0
         && !AskYes(std::string("If you manually add points to this plot you will break its link "
                                "to the MapInfo Table")
-                   + kContinueQuestion)) {
+                       + kContinueQuestion,
+                   AtStake::Work)) {
         return false;
     }
-    return record.AxesTitle.empty() || AskYes(QuestionOfAxes(record));
+    return record.AxesTitle.empty() || AskYes(QuestionOfAxes(record), AtStake::Work);
 }
 
 void BreakLinks(PlotRecord& record) {

@@ -231,17 +231,19 @@ private:
     return record.NumFiles < 2
            || AskToGoOn("This plot contains data from more than one file.\n"
                         "Do you wish to store the entire data set in:\n"
-                        + name);
+                            + name,
+                        AtStake::Work);
 }
 
 [[nodiscard]] bool AcceptLossOfOverlays(const PlotRecord& record, const std::string& name) {
     return record.OverlayRows[0] == 0
            || AskToGoOn(name
-                        + ":\nOnly the primary data set will be saved as an ASCII file. \n"
-                          "The added overlayed data in this plot will be not be saved.\n"
-                          "If you wish to preserve the entire plot for later use in Quandrel "
-                          "save it as a binary Quandrel file (*.qpx)\n"
-                          "Continue and save primary dataset only?");
+                            + ":\nOnly the primary data set will be saved as an ASCII file. \n"
+                              "The added overlayed data in this plot will be not be saved.\n"
+                              "If you wish to preserve the entire plot for later use in Quandrel "
+                              "save it as a binary Quandrel file (*.qpx)\n"
+                              "Continue and save primary dataset only?",
+                        AtStake::Work);
 }
 
 void TellFailure(const PlotRecord& record, const std::string& reason, SaveKind kind) {

@@ -47,29 +47,50 @@ std::string SavedFileOf(const PlotRecord& record) {
     return record.MainFiles.size() == 1 ? record.MainFiles.front() : std::string();
 }
 
-/// The file that a plot is listed by, an empty text for one that the user leaves out; a failure
-/// when it was to be saved and was not.
-Result<std::string> FileToList(int slot) {
-    PlotInWork work(slot);
-    const PlotRecord& record = ActiveRecord();
+/// A new plot that nothing was done with: there is nothing to save.
+bool IsEmptyAndUntitled(const PlotRecord& record) {
+    return record.NumLoadedData == 0 && record.NumFiles == 0 && record.SaveFileName.empty()
+           && record.Modified == 0;
+}
+
+/// "Plot 2: beds". The title of a plot without a file begins so already.
+std::string NumberedTitle(int slot, const std::string& title) {
+    const std::string number = "Plot " + std::to_string(slot) + ": ";
+    return title.starts_with(number) ? title : number + title;
+}
+
+Message QuestionAbout(int slot) {
+    const PlotRecord& record = RecordOf(slot);
     const bool hasFile = !record.SaveFileName.empty();
-    if (hasFile && record.Modified == 0) {
-        return record.SaveFileName;
-    }
     const std::string unsaved = "has not yet been saved as a .qpx file";
     std::string state = record.Modified != 0 ? " has unsaved edits" : " " + unsaved;
     if (record.Modified != 0 && !hasFile) {
         state += " and " + unsaved;
     }
-    const Message question{"Quandrel",
-                           "Plot " + std::to_string(slot) + ": " + record.PlotTitle + state
-                               + "\nSave it now?\n"
-                                 "(If the answer is No it will be omitted from the workspace)",
-                           Icon::Question, Buttons::YesNo};
-    if (gPlatform.prompts->Ask(question) != Button::Yes) {
+    return {"Quandrel",
+            NumberedTitle(slot, record.PlotTitle) + state
+                + "\nSave it now?\n"
+                  "(If the answer is No it will be omitted from the workspace)",
+            Icon::Question, Buttons::YesNoCancel};
+}
+
+/// The file that a plot is listed by, an empty text for one that is left out; a failure when it was
+/// to be saved and was not, or the user wants no workspace after all.
+Result<std::string> FileToList(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    if (!record.SaveFileName.empty() && record.Modified == 0) {
+        return record.SaveFileName;
+    }
+    if (IsEmptyAndUntitled(record)) {
         return std::string();
     }
-    if (SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
+    FormOf(slot).Raise();
+    const Button answer = gPlatform.prompts->Ask(QuestionAbout(slot));
+    if (answer == Button::No) {
+        return std::string();
+    }
+    const PlotInWork work(slot);
+    if (answer != Button::Yes || SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
         return Failure{record.PlotTitle + " was not saved"};
     }
     return SavedFileOf(record);

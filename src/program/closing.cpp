@@ -53,6 +53,7 @@ std::string QuestionAbout(int slot) {
 
 /// The question about one plot alone.
 [[nodiscard]] bool AskAboutOne(int slot) {
+    FormOf(slot).Raise();
     const Message question{gCaption, QuestionAbout(slot), Icon::Question, Buttons::YesNoCancel};
     switch (gPlatform.prompts->Ask(question)) {
     case Button::Yes:
@@ -66,6 +67,7 @@ std::string QuestionAbout(int slot) {
 
 /// The question about one of several plots, whose answer may hold for those behind it.
 [[nodiscard]] bool AskAboutOneOfAll(int slot, StandingAnswers& standing) {
+    FormOf(slot).Raise();
     const std::string title = "Quandrel   " + RecordOf(slot).PlotTitle;
     switch (gPlatform.prompts->AskSavePlots(title, QuestionAbout(slot))) {
     case SaveAnswer::SaveAll:

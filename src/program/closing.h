@@ -19,8 +19,8 @@ enum class Closing {
 /// True when the plot of a slot has rows that no file holds, or has been changed.
 [[nodiscard]] bool HoldsUnsavedData(int slot);
 
-/// Asks about the unsaved data of a plot, and saves it if the user wishes. The active plot stays
-/// the active one.
+/// Asks about the unsaved data of a plot, whose window comes to the front, and saves it if the user
+/// wishes.
 /// @return false when the plot has to stay open: the user cancelled, or the plot was not saved
 [[nodiscard]] bool QueryClose(int slot, Closing closing = Closing::OneWindow);
 

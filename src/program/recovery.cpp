@@ -134,7 +134,8 @@ std::string CopyName(int slot) {
     return AskYes(count == 1 ? "Remove the unsaved plot for good?\n"
                                "If the answer is No it is offered again at the next start."
                              : "Remove the unsaved plots for good?\n"
-                               "If the answer is No they are offered again at the next start.");
+                               "If the answer is No they are offered again at the next start.",
+                  AtStake::Work);
 }
 
 } // namespace

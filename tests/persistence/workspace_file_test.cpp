@@ -106,6 +106,40 @@ TEST_F(Workspace, LeavesOutWhatIsNotToBeSavedEvenWithAPath) {
     EXPECT_EQ(TextOf(Path("w.qwo")), WorkspaceText(Paths{}, folder));
 }
 
+TEST_F(Workspace, NamesAPlotWithoutAFileOnceAndBringsItToTheFront) {
+    const int slot = PlotWith("", false);
+    ActiveRecord().PlotTitle = "Plot " + std::to_string(slot) + ": Untitled";
+    const auto& form = static_cast<const RecordingForm&>(FormOf(slot));
+    Expect("Save it now?", Button::No);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
+    EXPECT_TRUE(prompts.Shown()[0].message.text.starts_with("Plot " + std::to_string(slot)
+                                                            + ": Untitled has not yet been saved"))
+        << prompts.Shown()[0].message.text;
+    EXPECT_EQ(form.TimesRaised(), 1);
+}
+
+TEST_F(Workspace, IsNotWrittenWhenAQuestionIsCancelled) {
+    PlotWith(Path("a.qpx"), false);
+    PlotWith("", true);
+    WriteFile("w.qwo", "the former one");
+    Expect("Save it now?", Button::Cancel);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Cancelled);
+    EXPECT_EQ(prompts.Shown()[0].message.buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(TextOf(Path("w.qwo")), "the former one");
+}
+
+TEST_F(Workspace, LeavesOutEmptyUntitledPlotsWithoutAQuestion) {
+    PlotWith(Path("a.qpx"), false);
+    NewPlot();
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
+    EXPECT_TRUE(prompts.Shown().empty());
+    EXPECT_EQ(PathsOfWorkspace(TextOf(Path("w.qwo")), folder), Paths{Path("a.qpx")});
+    NewPlot();
+    ActiveRecord().Modified = kTrue; // a description, an annotation
+    Expect("Save it now?", Button::No);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
+}
+
 TEST_F(Workspace, ListsWhatIsSavedOnTheWay) {
     PlotWith("", true);
     Expect("Save it now?", Button::Yes);

@@ -84,6 +84,29 @@ TEST_F(ClosingPlots, TheQuestionNamesTheWindow) {
     EXPECT_TRUE(IsOpenSlot(slot));
 }
 
+TEST_F(ClosingPlots, EachQuestionBringsThePlotThatItAsksAboutToTheFront) {
+    const int first = OpenChanged("a.txt");
+    const int quiet = OpenFile("b.txt");
+    const int last = OpenChanged("c.txt");
+    const auto raised = [](int slot) {
+        return static_cast<const RecordingForm&>(FormOf(slot)).TimesRaised();
+    };
+    Expect("c.txt", Button::No);
+    Expect("a.txt", Button::Cancel);
+    std::vector<std::pair<int, int>> seen;
+    prompts.OnBox([&](const ShownBox&) { seen.emplace_back(raised(first), raised(last)); });
+    EXPECT_FALSE(CloseAllPlots(Closing::AllWindows));
+    EXPECT_EQ(seen, (std::vector<std::pair<int, int>>{{0, 1}, {1, 1}}));
+    EXPECT_EQ(raised(quiet), 0);
+    prompts.OnBox({});
+    prompts.ExpectSavePlots("a.txt", SaveAnswer::SkipThis);
+    prompts.ExpectSavePlots("c.txt", SaveAnswer::Cancel);
+    gActivePlot = first;
+    EXPECT_FALSE(CloseAllPlots(Closing::Application));
+    EXPECT_EQ(raised(first), 2);
+    EXPECT_EQ(raised(last), 2);
+}
+
 TEST_F(ClosingPlots, NoClosesWithoutSaving) {
     const int slot = OpenChanged("a.txt");
     Expect(kQuestion, Button::No);
