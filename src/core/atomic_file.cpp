@@ -2,136 +2,69 @@
 
 #include "core/atomic_file.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
+#include "core/result.h"
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include <filesystem>
+#include <optional>
+#include <system_error>
 
 namespace quandrel {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-std::string LastError() {
-    return std::strerror(errno);
-}
-
-[[nodiscard]] bool FlushToDisk(std::FILE* file) {
-#ifdef _WIN32
-    return _commit(_fileno(file)) == 0;
-#else
-    return fsync(fileno(file)) == 0;
-#endif
-}
-
-/// Makes a file that was not there beside a target, and tells its name. Null when that fails.
-std::FILE* OpenBeside(const std::filesystem::path& target, std::filesystem::path& name) {
-    std::string pattern = target.string() + ".XXXXXX";
-#ifdef _WIN32
-    if (_mktemp_s(pattern.data(), pattern.size() + 1) != 0) {
-        return nullptr;
-    }
-    name = pattern;
-    return std::fopen(pattern.c_str(), "wbx");
-#else
-    const int descriptor = mkstemp(pattern.data());
-    name = pattern;
-    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
-#endif
-}
-
-/// Writes, flushes and closes. Empty on success.
-std::string WriteAll(std::FILE* file, const MakeBytes& make) {
-    std::string failure; // of the first write that failed
-    std::string error = make([file, &failure](std::string_view bytes) {
-        if (failure.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
-            failure = LastError();
-        }
-        return failure.empty();
-    });
-    error = failure.empty() ? error : failure;
-    if (error.empty() && (std::fflush(file) != 0 || !FlushToDisk(file))) {
-        error = LastError();
-    }
-    if (std::fclose(file) != 0 && error.empty()) {
-        error = LastError();
-    }
-    return error;
-}
-
 /// The file that a chain of links leads to, so that a link stays one.
-std::filesystem::path TargetOf(const std::string& path) {
+Result<fs::path> TargetOf(const std::string& path) {
     std::error_code failed;
-    if (std::filesystem::is_symlink(path, failed)) {
-        const std::filesystem::path target = std::filesystem::canonical(path, failed);
-        if (!failed) {
-            return target;
-        }
+    if (!fs::is_symlink(path, failed)) {
+        return fs::path(path);
     }
-    return path;
+    const fs::path target = fs::canonical(path, failed);
+    if (failed == std::errc::no_such_file_or_directory) {
+        const fs::path named = fs::read_symlink(path, failed);
+        return Failure{"it is a link to '" + named.string() + "', which is not there"};
+    }
+    return failed ? Result<fs::path>(Failure{failed.message()}) : Result<fs::path>(target);
 }
 
-/// The access rights of a new file: those of the one that it takes the place of, or what the user's
-/// mask leaves.
-std::filesystem::perms RightsFor(const std::filesystem::file_status& former) {
-    if (std::filesystem::is_regular_file(former)) {
-        return former.permissions();
+/// Why there can be no new file in the place of another, or nothing.
+std::string RefusalOf(const fs::file_status& status) {
+    if (fs::is_directory(status)) {
+        return "it is a folder";
     }
-#ifdef _WIN32
-    return std::filesystem::perms::all;
-#else
-    const mode_t mask = umask(0);
-    umask(mask);
-    return static_cast<std::filesystem::perms>(0666 & ~mask);
-#endif
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        return "it is no ordinary file";
+    }
+    const bool isWritable = (status.permissions() & fs::perms::owner_write) != fs::perms::none;
+    return fs::is_regular_file(status) && !isWritable ? "it is read-only" : "";
 }
 
 } // namespace
 
-std::string WriteFileAtomically(const std::string& path, const MakeBytes& make) {
-    const std::filesystem::path target = TargetOf(path);
+std::string WriteFileAtomically(const std::string& path, const MakeBytes& make, UnderWay underWay) {
+    const Result<fs::path> target = TargetOf(path);
+    if (!target) {
+        return target.Error();
+    }
     std::error_code failed;
-    const std::filesystem::file_status status = std::filesystem::status(target, failed);
-    if (std::filesystem::is_directory(status)) {
-        return "it is a folder";
+    const fs::file_status status = fs::status(*target, failed);
+    const std::string refusal = RefusalOf(status);
+    if (!refusal.empty()) {
+        return refusal;
     }
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-        return "it is no ordinary file";
-    }
-    if (std::filesystem::is_regular_file(status)
-        && (status.permissions() & std::filesystem::perms::owner_write)
-               == std::filesystem::perms::none) {
-        return "it is read-only";
-    }
-    std::filesystem::path temporary;
-    std::FILE* file = OpenBeside(target, temporary);
-    if (file == nullptr) {
-        return LastError();
-    }
-    std::string error = WriteAll(file, make);
-    if (error.empty()) {
-        std::filesystem::permissions(temporary, RightsFor(status), failed);
-        std::filesystem::rename(temporary, target, failed);
-        error = failed ? failed.message() : std::string();
-    }
-    if (!error.empty()) {
-        std::filesystem::remove(temporary, failed);
-    }
-    return error;
+    const std::optional<fs::perms> rights =
+        fs::is_regular_file(status) ? std::optional(status.permissions()) : std::nullopt;
+    return ReplaceByNewFile(*target, make, rights, underWay);
 }
 
-std::string WriteFileAtomically(const std::string& path, std::string_view bytes) {
-    return WriteFileAtomically(path, [bytes](const PutBytes& put) {
+std::string WriteFileAtomically(const std::string& path, std::string_view bytes,
+                                UnderWay underWay) {
+    const auto make = [bytes](const PutBytes& put) {
         put(bytes);
         return std::string();
-    });
+    };
+    return WriteFileAtomically(path, make, underWay);
 }
 
 } // namespace quandrel

@@ -1,33 +1,29 @@
 // SPDX-License-Identifier: MIT
 //
-// Writing a file so that at any moment either the old or the new one stands there, whole.
+// Writing a file so that at any moment either the old or the new one is there, whole.
 
 #pragma once
 
-#include <functional>
+#include "core/new_file.h"
+
 #include <string>
 #include <string_view>
 
 namespace quandrel {
 
-/// Writes bytes to a file: to a temporary file beside it first, brought to the disk, then renamed
-/// over it. On failure the file that was there is untouched and nothing is left beside it.
+/// Writes bytes to a file: to a new one first, which is brought to the disk and then takes the
+/// place of the old one. On failure the file that was there is untouched and nothing is left beside
+/// it. A link stays a link; one that leads to nothing is a failure.
 ///
 /// @return empty on success, else a text for the user that says why
-[[nodiscard]] std::string WriteFileAtomically(const std::string& path, std::string_view bytes);
-
-/// Takes the next bytes of a file. False when they could not be written: no more need to come.
-using PutBytes = std::function<bool(std::string_view bytes)>;
-
-/// Makes a file's bytes piece by piece.
-///
-/// @return empty, or why there is no file
-using MakeBytes = std::function<std::string(const PutBytes& put)>;
+[[nodiscard]] std::string WriteFileAtomically(const std::string& path, std::string_view bytes,
+                                              UnderWay underWay = UnderWay::Unnamed);
 
 /// The same for a file that is too large to be held: `make` puts its bytes, in their order. When it
 /// gives a reason, nothing is written. It does not throw.
 ///
 /// @return empty on success, else the reason of `make`, or a text for the user
-[[nodiscard]] std::string WriteFileAtomically(const std::string& path, const MakeBytes& make);
+[[nodiscard]] std::string WriteFileAtomically(const std::string& path, const MakeBytes& make,
+                                              UnderWay underWay = UnderWay::Unnamed);
 
 } // namespace quandrel

@@ -246,10 +246,11 @@ private:
                         AtStake::Work);
 }
 
-void TellFailure(const PlotRecord& record, const std::string& reason, SaveKind kind) {
+void TellFailure(const PlotRecord& record, const std::string& path, const std::string& reason,
+                 SaveKind kind) {
     std::string text =
         "There has been an unknown error trying to save\nthis plot: " + record.PlotTitle
-        + "\nand the Save operation has been aborted\n(" + reason + ")";
+        + "\nand the Save operation has been aborted\n(" + path + ": " + reason + ")";
     if (kind == SaveKind::SaveAll) {
         text += "\nWe will continue to try and save any remaining plots";
     }
@@ -332,7 +333,7 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
     const std::string error =
         isBinary ? SaveBinaryPlot(path, gActivePlot) : WriteFileAtomically(path, AsciiPlotText());
     if (!error.empty()) {
-        TellFailure(record, error, kind);
+        TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;
     }
     // A text holds less than the plot: a binary file from before is not this plot any more.

@@ -11,10 +11,12 @@
 #include "program/closing.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <iterator>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #ifdef _WIN32
@@ -123,6 +125,18 @@ std::string CopyName(int slot) {
     return std::string(kCopyBegin) + std::to_string(slot) + kBinaryEnding;
 }
 
+/// Makes a folder that nobody else may look into. False when it was there, or with the reason.
+[[nodiscard]] bool MakePrivateFolder(const fs::path& path, std::error_code& failed) {
+#ifdef _WIN32
+    return fs::create_directory(path, failed);
+#else
+    const bool isMade = mkdir(path.c_str(), 0700) == 0;
+    failed = isMade || errno == EEXIST ? std::error_code()
+                                       : std::error_code(errno, std::generic_category());
+    return isMade;
+#endif
+}
+
 [[nodiscard]] bool WantsThemBack(std::size_t count) {
     return AskYes(count == 1 ? "Quandrel was not closed properly. 1 plot was not saved.\n"
                                "Open it again?"
@@ -190,13 +204,15 @@ std::string RecoverySession::MakeFolder() {
         return {};
     }
     std::error_code failed;
-    fs::create_directories(root_, failed);
+    fs::create_directories(root_.parent_path(), failed);
+    if (!failed) {
+        (void)MakePrivateFolder(root_, failed);
+    }
     for (int i = 1; !failed && i <= kFolderTries; ++i) {
         const fs::path path = root_ / (std::to_string(ProcessNumber()) + "-" + std::to_string(i));
-        if (!fs::create_directory(path, failed)) {
+        if (!MakePrivateFolder(path, failed)) {
             continue;
         }
-        fs::permissions(path, fs::perms::owner_all, failed);
         // Another start may have taken it for one that was left, before it was locked.
         if (auto folder = std::make_unique<SessionFolder>(path); folder->IsOurs()) {
             folder_ = std::move(folder);

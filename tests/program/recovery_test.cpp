@@ -7,7 +7,10 @@
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,6 +18,20 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <map>
+
+namespace {
+
+/// Folders with the rights that they were made with.
+std::map<std::string, mode_t> madeFolders;
+
+} // namespace
+
+// Takes the place of the library's for this program.
+extern "C" int mkdir(const char* path, mode_t rights) noexcept {
+    madeFolders[path] = rights;
+    return static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, rights));
+}
 
 namespace quandrel {
 namespace {
@@ -528,6 +545,23 @@ TEST_F(Recovery, WithoutRoomForItAPlotWaitsForTheNextStart) {
     EXPECT_TRUE(OfferRecovery(session).empty());
     gMaxPlots = former;
     EXPECT_EQ(LeftPlots(Root()).Files().size(), 1U);
+}
+
+TEST_F(Recovery, NobodyElseMayEverLookIntoTheFolder) {
+    UnsavedPlot();
+    const mode_t former = ::umask(0);
+    madeFolders.clear();
+    RecoverySession session(Root());
+    EXPECT_EQ(session.Write(gActivePlot), "");
+    ::umask(former);
+    ASSERT_EQ(madeFolders.count(Root().string()), 1U);
+    EXPECT_EQ(madeFolders.at(Root().string()), 0700U);
+    int folders = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator(Root())) {
+        EXPECT_EQ(madeFolders.at(entry.path().string()), 0700U);
+        ++folders;
+    }
+    EXPECT_EQ(folders, 1);
 }
 
 } // namespace
