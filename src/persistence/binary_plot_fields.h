@@ -14,6 +14,7 @@
 #include "persistence/binary_plot.h"
 #include "persistence/binary_plot_checks.h"
 #include "persistence/binary_stream.h"
+#include "persistence/error_row_text.h"
 
 #include <algorithm>
 #include <array>
@@ -150,11 +151,32 @@ private:
         }
     }
 
+    /// The code that a row is drawn in, or the line of one that is no data.
+    template <class Row>
+    void CodeOrLine(std::size_t index, Row& row) {
+        if (row.dip != kErrorRow) {
+            stream_.Code(row.code);
+            return;
+        }
+        const std::int32_t number = static_cast<std::int32_t>(index) + 1;
+        if constexpr (kReads) {
+            std::string field;
+            stream_.Text(field);
+            ErrorRowText held = ErrorRowOfField(record_, std::move(field));
+            row.code = held.code;
+            if (!held.line.empty()) {
+                plot_.errorLines.emplace(number, std::move(held.line));
+            }
+        } else {
+            stream_.Text(FieldOfErrorRow(record_, {row.code, plot_.ErrorLine(number)}));
+        }
+    }
+
     /// What main and overlay rows have in common.
     template <class Row>
-    void Orientations(Row& row) {
+    void Orientations(std::size_t index, Row& row) {
         Longs(row.dip, row.azimuth, row.density, row.order);
-        stream_.Code(row.code);
+        CodeOrLine(index, row);
         if (record_.SecondaryFormat != 0) {
             Longs(row.dip2, row.azimuth2);
         }
@@ -179,7 +201,7 @@ private:
 
     template <class Row>
     void MainRow(std::size_t index, Row& row) {
-        Orientations(row);
+        Orientations(index, row);
         if (record_.HasAppendedLine != 0) {
             Longs(row.lineDip, row.lineAzimuth);
         }
@@ -236,7 +258,7 @@ private:
                 }
             }
             Rows(first, record_.OverlayRows[k],
-                 [this](std::size_t, auto& row) { this->Orientations(row); });
+                 [this](std::size_t i, auto& row) { this->Orientations(i, row); });
             first += static_cast<std::size_t>(record_.OverlayRows[k]);
         }
     }

@@ -175,7 +175,7 @@ void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     }
     gGridCount[slot] = plot.gridCount;
     gGridValues[slot] = std::move(plot.gridValues);
-    gErrorLines[slot].clear();
+    gErrorLines[slot] = std::move(plot.errorLines);
     gPlotLoads.erase(gActivePlot);
     record.RowsChanged = kTrue;
     record.ClassifyCheckPending = IsRoseOfRanges(record) ? std::int16_t{0} : kTrue;

@@ -21,9 +21,15 @@ struct PlotToWrite {
     bool hasFrequencyField = true;
     std::vector<BinaryRow> rows;
     std::vector<std::string_view> texts;
+    const std::unordered_map<std::int32_t, std::string>* errorLines = nullptr;
     std::int16_t gridCount = 0;
     const GridValues* gridValues = nullptr;
     WindowPlace place;
+
+    [[nodiscard]] std::string ErrorLine(std::int32_t row) const {
+        const auto line = errorLines->find(row);
+        return line == errorLines->end() ? std::string() : line->second;
+    }
 
     [[nodiscard]] std::string Cell(std::int32_t line, std::size_t column) const {
         const auto at = static_cast<std::size_t>(line);
@@ -66,6 +72,7 @@ PlotToWrite PlotOfSlot(int slot) {
     for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
         plot.texts.push_back(gAppText(slot, row));
     }
+    plot.errorLines = &gErrorLines[place];
     plot.gridCount = gGridCount[place];
     plot.gridValues = plot.gridCount != 0 ? gGridValues[place].get() : nullptr;
     plot.place = FormOf(slot).Place();
