@@ -24,6 +24,10 @@ struct RowFollower {
     /// The rows of the plot are again those of the moment of `kept`.
     std::function<void(int slot, const std::shared_ptr<const void>& kept)> putBack;
 
+    /// The edit that broke the link of a plot has been taken back: the link of the moment of `kept`
+    /// is there again, if what it leads to is.
+    std::function<void(int slot, const std::shared_ptr<const void>& kept)> linkAgain;
+
     /// The plot of a slot is closed.
     std::function<void(int slot)> closed;
 };

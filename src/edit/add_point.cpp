@@ -14,7 +14,6 @@
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
-#include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
@@ -186,7 +185,6 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
     }
     record.Modified = kTrue;
     record.RowsChanged = kTrue;
-    ForgetRotation();
     KeepStateForUndo(kAddEdit, std::move(before));
     SealUndo();
     ReplotActivePlot(true);

@@ -11,7 +11,6 @@
 #include "input/plot_files.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
@@ -236,10 +235,11 @@ void RemoveOverlay() {
     if (!CanEdit() || !HasOverlayToRemove(ActiveRecord())) {
         return;
     }
-    ForgetUndo();
-    ForgetRotation();
+    std::optional<KeptRows> before = RowsBeforeEdit();
+    KeepStateForUndo(kOverlayRemoval, std::move(before));
     ClearSelectionOf(gActivePlot);
     RemoveLastOverlay(gActivePlot);
+    SealUndo();
     ReplotActivePlot(false);
 }
 

@@ -68,7 +68,7 @@ struct RowStyles {
 void ChangeSymbols(const RowStyles& styles);
 
 /// Removes the top overlay, after which the plot has one less; nothing happens without overlays, or
-/// when the top one holds the secondary data. This cannot be taken back.
+/// when the top one holds the secondary data. Kept for undo.
 void RemoveOverlay();
 
 /// Takes the last edit back, or makes it again after UndoEdits: its plot is the active one then,

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/style_tables.h"
+#include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "statistics/orientation_notation.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace quandrel {
 
@@ -33,6 +35,7 @@ struct Pull {
     GirdleForm form = GirdleForm::kDipLine;
     GirdlePlane former;  ///< the plane at the press
     GirdleValues before; ///< the row at the press
+    KeptGirdles girdles; ///< all of them, at the press
     bool hasMoved = false;
 };
 
@@ -128,7 +131,8 @@ bool PressGirdle(int button, int shift, double x, double y) {
     if (!MayBePulled(values, *form)) {
         return false;
     }
-    gPull = {gActiveGirdle, gActivePlot, *form, PlaneOf(values), values, false};
+    gPull = {gActiveGirdle, gActivePlot, *form, PlaneOf(values), values, KeepGirdles(gActivePlot),
+             false};
     if (TextOf(values[1]).empty()) {
         CopyGirdleStyle(ActiveRecord(), gActiveGirdle);
     }
@@ -169,7 +173,9 @@ void ReleaseGirdle() {
     }
     if (GirdleValues* const values = PulledValues()) {
         (*values)[0] = true;
+        KeepGirdlesForUndo(gPull.slot, std::move(gPull.girdles));
         RecordOf(gPull.slot).Modified = kTrue;
+        SealUndo();
         EndPull();
     }
     gPull = {};

@@ -12,7 +12,6 @@
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
-#include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"
 
 #include <algorithm>
@@ -256,7 +255,6 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
         }
     }
     if (report.changed + report.added > 0) {
-        ForgetRotation();
         RecountAppendedRange();
         ActiveRecord().Modified = kTrue;
         RebuildRowTable(gActivePlot);

@@ -5,12 +5,12 @@
 #include "core/plot_store.h"
 #include "core/row_links.h"
 #include "derive/derived_plots.h"
+#include "edit/fingerprint.h"
+#include "input/plot_files.h"
 #include "orientation/angles.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
-#include <bit>
-#include <string_view>
 
 namespace quandrel {
 
@@ -50,6 +50,34 @@ void WriteBack(const std::vector<T>& cells, DataColumn<T>& column, int slot) {
     }
 }
 
+/// The names of the files of a plot, in their order.
+std::vector<std::string> NamesOf(const PlotRecord& record) {
+    const auto first = record.FileNames.begin() + 1;
+    return {first, first + record.NumFiles};
+}
+
+/// Files of overlays that come or go take their names with them. What else has become of the names
+/// since, as by a save under another one, stays.
+void TakeOverlayFiles(PlotRecord& record, const RowSettings& settings) {
+    for (std::size_t overlay = 1; overlay < record.OverlayFiles.size(); ++overlay) {
+        const std::vector<std::string>& now = record.OverlayFiles[overlay];
+        const std::vector<std::string>& kept = settings.overlayFiles[overlay];
+        if (now == kept) {
+            continue;
+        }
+        std::ranges::for_each(now,
+                              [&record](const std::string& path) { TakeFileOut(record, path); });
+        std::ranges::for_each(kept,
+                              [&record](const std::string& path) { TakeFileIn(record, path); });
+    }
+    record.OverlayFiles = settings.overlayFiles;
+    const std::vector<std::string> names = NamesOf(record);
+    if (std::ranges::is_permutation(names, settings.fileNames)) {
+        std::ranges::copy(settings.fileNames, record.FileNames.begin() + 1);
+        record.PlotTitle = settings.plotTitle;
+    }
+}
+
 RowSettings SettingsOf(const PlotRecord& record) {
     RowSettings settings;
     settings.numValidData = record.NumValidData;
@@ -66,6 +94,9 @@ RowSettings SettingsOf(const PlotRecord& record) {
     settings.hasAppendedText = record.HasAppendedText;
     settings.dataFull = record.DataFull;
     settings.modified = record.Modified;
+    settings.mapInfoLinked = record.MapInfoLinked;
+    settings.plotTitle = record.PlotTitle;
+    settings.fileNames = NamesOf(record);
     settings.classMode = record.ClassMode;
     settings.numberName = record.AppNumName;
     settings.textName = record.AppNonNumName;
@@ -109,47 +140,12 @@ void TakeSettings(PlotRecord& record, const RowSettings& settings) {
     record.AxesTitle = settings.axesTitle;
     record.OverlayRows = settings.overlayRows;
     record.OverlayKind = settings.overlayKind;
-    record.OverlayFiles = settings.overlayFiles;
+    TakeOverlayFiles(record, settings);
     record.AppendedMin = settings.appendedMin;
     record.AppendedMax = settings.appendedMax;
     record.DistinctValues = settings.distinctValues;
     record.RowsChanged = kTrue;
     record.ClassifyCheckPending = kTrue;
-}
-
-/// Mixes numbers into one: the prime and the start value of the FNV hash of 64 bits, a number
-/// instead of a byte at a time.
-class Fingerprint {
-public:
-    void Add(std::uint64_t number) {
-        constexpr std::uint64_t kPrime = 1099511628211U;
-        mix_ = (mix_ ^ number) * kPrime;
-        mix_ ^= mix_ >> 32;
-    }
-
-    void Add(std::string_view text) {
-        Add(text.size());
-        for (const char c : text) {
-            Add(static_cast<unsigned char>(c));
-        }
-    }
-
-    template <class T>
-    void AddCells(std::span<const T> cells) {
-        Add(cells.size());
-        for (const T cell : cells) {
-            Add(std::bit_cast<std::uint32_t>(cell));
-        }
-    }
-
-    [[nodiscard]] std::uint64_t Value() const { return mix_; }
-
-private:
-    std::uint64_t mix_ = 14695981039346656037U;
-};
-
-std::uint64_t Bits(std::int32_t number) {
-    return static_cast<std::uint32_t>(number);
 }
 
 /// The rows of a plot that stay, in their order.
@@ -303,10 +299,10 @@ void PutRowsBack(int slot, const KeptRows& rows) {
 std::uint64_t FingerprintOfRows(int slot) {
     const PlotRecord& record = RecordOf(slot);
     Fingerprint mix;
-    mix.Add(Bits(record.NumData));
-    mix.Add(Bits(record.NumLoadedData));
+    mix.AddWhole(record.NumData);
+    mix.AddWhole(record.NumLoadedData);
     for (const std::int32_t rows : record.OverlayRows) {
-        mix.Add(Bits(rows));
+        mix.AddWhole(rows);
     }
     for (const DataColumn<std::int32_t>* column :
          {&gDataDip, &gDataAz, &gData2Dip, &gData2Az, &gAppLineDip, &gAppLineAz, &gDataOrder}) {
@@ -342,13 +338,13 @@ std::uint64_t FingerprintOfAnnotations(int slot) {
         for (const std::int16_t value :
              {annotation.X, annotation.Y, annotation.SymbolType, annotation.Colour, annotation.Size,
               annotation.lineStyle}) {
-            mix.Add(Bits(value));
+            mix.AddWhole(value);
         }
         mix.Add(annotation.Tag);
-        mix.Add(annotation.LineNodes.size());
+        mix.Add(std::uint64_t{annotation.LineNodes.size()});
         for (const LineNode& node : annotation.LineNodes) {
-            mix.Add(Bits(node.X));
-            mix.Add(Bits(node.Y));
+            mix.AddWhole(node.X);
+            mix.AddWhole(node.Y);
         }
     }
     return mix.Value();

@@ -43,10 +43,13 @@ struct RowSettings {
     std::int16_t hasAppendedText = 0;
     std::int16_t dataFull = 0;
     std::int16_t modified = 0;
+    std::int16_t mapInfoLinked = 0; ///< put back by those who keep the links
     std::int16_t classMode = 0;
     std::string numberName;
     std::string textName;
     std::string axesTitle;
+    std::string plotTitle;
+    std::vector<std::string> fileNames;
     std::array<std::int32_t, kMaxOverlays + 1> overlayRows{};
     std::array<std::int16_t, kMaxOverlays + 1> overlayKind{};
     std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;

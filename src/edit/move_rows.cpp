@@ -8,7 +8,6 @@
 #include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"
 
 #include <cstdlib>
@@ -95,15 +94,14 @@ std::vector<std::int32_t> RowsOf(const std::vector<Change>& changes) {
     return rows;
 }
 
-std::int32_t Carry(const std::vector<Change>& changes) {
+std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
     if (changes.empty()) {
         return 0;
     }
-    KeepForUndo(kMoveEdit, RowsOf(changes));
+    KeepForUndo(kMoveEdit, RowsOf(changes), run);
     for (const Change& change : changes) {
         StoreOrientation(change);
     }
-    ForgetRotation();
     ActiveRecord().Modified = kTrue;
     RebuildRowTable(gActivePlot);
     SealUndo();
@@ -168,7 +166,8 @@ std::int32_t MoveSelection(double dx, double dy) {
         const PlottedRow to = PlottedOrientation(record.PlotKind, isPole, row, wanted);
         return to.x == at.x && to.y == at.y ? former : wanted;
     };
-    return Carry(dx == 0 && dy == 0 ? std::vector<Change>() : ChangesOfSelection(moved));
+    return Carry(dx == 0 && dy == 0 ? std::vector<Change>() : ChangesOfSelection(moved),
+                 EditRun::Alone);
 }
 
 std::int32_t NudgeSelection(int plungeStep, int trendStep) {
@@ -176,11 +175,11 @@ std::int32_t NudgeSelection(int plungeStep, int trendStep) {
         return 0;
     }
     const PlotRecord& record = ActiveRecord();
-    const std::int32_t changed =
-        Carry(ChangesOfSelection([&](std::int32_t row, ShownOrientation former) {
-            return NudgedOrientation(former, IsDirection(record, row, former) ? 0 : plungeStep,
-                                     trendStep);
-        }));
+    const auto nudged = [&](std::int32_t row, ShownOrientation former) {
+        return NudgedOrientation(former, IsDirection(record, row, former) ? 0 : plungeStep,
+                                 trendStep);
+    };
+    const std::int32_t changed = Carry(ChangesOfSelection(nudged), EditRun::Steps);
     if (changed > 0) {
         FitMarqueeToRows();
     }

@@ -48,7 +48,7 @@ struct PushedLine {
 std::int32_t MoveSelection(double dx, double dy);
 
 /// Turns the selected rows by whole degrees of dip or plunge and of azimuth, and fits the marquee
-/// to them. Kept for undo, drawn anew.
+/// to them. Kept for undo, a run of steps on the same rows as one edit, and drawn anew.
 std::int32_t NudgeSelection(int plungeStep, int trendStep);
 
 } // namespace quandrel

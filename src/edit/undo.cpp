@@ -3,13 +3,16 @@
 #include "edit/undo.h"
 
 #include "core/plot_store.h"
-#include "edit/kept_rows.h"
+#include "core/row_links.h"
+#include "edit/add_point.h"
 #include "edit/marquee.h"
 #include "rotation/rotate_data.h"
+#include "rotation/rotation_undo.h"
 #include "stereo/plot_driver.h"
 
 #include <new>
 #include <utility>
+#include <variant>
 
 namespace quandrel {
 
@@ -20,14 +23,18 @@ namespace {
 /// The first kind of an edit on the annotation layer.
 constexpr std::int16_t kFirstAnnotationEdit = 101;
 
+using KeptState = std::variant<KeptRows, KeptAnnotations, KeptGirdles>;
+
 /// The state of a plot on the other side of the last edit.
 struct EditMemory {
     int slot = 0;
     EditKind kind = kNoEdit;
-    std::optional<KeptRows> rows; ///< or else
-    KeptAnnotations annotations;
-    KeptSelection selection;  ///< nothing where it was that of another plot
-    bool isTakenBack = false; ///< the edit was undone: what is kept is the state behind it
+    KeptState state;
+    KeptSelection selection;                ///< nothing where it was that of another plot
+    std::optional<RotationMemory> rotation; ///< that can be taken back once the edit has been
+    EditRun run = EditRun::Alone;
+    bool breaksLink = false;  ///< the edit ended the link of the plot
+    bool isTakenBack = false; ///< the edit was undone: what is kept is the state after it
     std::optional<std::uint64_t> seal;
 };
 
@@ -37,42 +44,70 @@ bool IsOfAnnotations(EditKind kind) {
     return kind >= kFirstAnnotationEdit;
 }
 
+bool IsOfRows(EditKind kind) {
+    return !IsOfAnnotations(kind) && kind != kGirdleEdit;
+}
+
+KeptState StateOf(int slot, EditKind kind) {
+    if (IsOfAnnotations(kind)) {
+        return KeepAnnotations(slot);
+    }
+    return kind == kGirdleEdit ? KeptState(KeepGirdles(slot)) : KeptState(KeepRows(slot));
+}
+
+void PutBack(int slot, const KeptState& state) {
+    if (const auto* rows = std::get_if<KeptRows>(&state)) {
+        PutRowsBack(slot, *rows);
+    } else if (const auto* annotations = std::get_if<KeptAnnotations>(&state)) {
+        PutAnnotationsBack(slot, *annotations);
+    } else {
+        PutGirdlesBack(slot, std::get<KeptGirdles>(state));
+    }
+}
+
 std::uint64_t FingerprintOf(const EditMemory& memory) {
-    return IsOfAnnotations(memory.kind) ? FingerprintOfAnnotations(memory.slot)
-                                        : FingerprintOfRows(memory.slot);
+    if (IsOfAnnotations(memory.kind)) {
+        return FingerprintOfAnnotations(memory.slot);
+    }
+    return memory.kind == kGirdleEdit ? FingerprintOfGirdles(memory.slot)
+                                      : FingerprintOfRows(memory.slot);
 }
 
 KeptSelection SelectionOf(int slot) {
     return gMarqueeSlot == slot ? KeepSelection() : KeptSelection{};
 }
 
-EditMemory StateOfPlot(int slot, EditKind kind) {
+EditMemory MemoryOf(int slot, EditKind kind, KeptState state) {
     EditMemory memory;
     memory.slot = slot;
     memory.kind = kind;
-    if (IsOfAnnotations(kind)) {
-        memory.annotations = KeepAnnotations(slot);
-    } else {
-        memory.rows = KeepRows(slot);
-    }
+    memory.state = std::move(state);
     memory.selection = SelectionOf(slot);
     return memory;
 }
 
-void Keep(EditKind kind) {
+/// From now on an edit is what can be taken back.
+void Remember(EditMemory memory) {
+    if (IsOfRows(memory.kind)) {
+        memory.rotation = TakeRotation(memory.slot);
+    }
+    gLastEditKind = memory.kind;
+    gMemory = std::move(memory);
+}
+
+void Keep(EditKind kind, EditRun run = EditRun::Alone) {
     ForgetUndo();
     if (!IsOpenSlot(gActivePlot)) {
         return;
     }
-    if (!IsOfAnnotations(kind)) {
-        ForgetRotation();
-    }
     try {
-        gMemory = StateOfPlot(gActivePlot, kind);
-        gLastEditKind = kind;
+        EditMemory memory = MemoryOf(gActivePlot, kind, StateOf(gActivePlot, kind));
+        memory.run = run;
+        Remember(std::move(memory));
     } catch (const std::bad_alloc&) {
         // An edit that cannot be kept is made all the same.
-        gMemory.reset();
+        ForgetUndo();
+        ForgetRotation();
     }
 }
 
@@ -82,37 +117,77 @@ bool StandsAsLeft() {
            && (!gMemory->seal || *gMemory->seal == FingerprintOf(*gMemory));
 }
 
+/// True when the last edit was a step on the same rows, and nothing else has come between: neither
+/// a change that is to be saved nor a save.
+bool IsWithinRun(EditKind kind) {
+    return CanUndo() && gMemory->kind == kind && gMemory->run == EditRun::Steps
+           && gMemory->slot == gActivePlot && ActiveRecord().Modified == kModifiedByLastEdit
+           && gMemory->selection.slot == gMarqueeSlot && gMemory->selection.rows == gSelectionRows;
+}
+
 /// Selects what was selected, and puts the marquee back where it was.
 void TakeSelection(const EditMemory& memory) {
     if (memory.selection.slot != 0) {
         PutSelectionBack(memory.selection);
-    } else if (!IsOfAnnotations(memory.kind)) {
+    } else if (IsOfRows(memory.kind)) {
         ClearSelectionOf(memory.slot); // its rows are no longer the same
     }
 }
 
-/// Lets the plot and what is kept of it change places.
-void ChangePlaces() {
-    try {
-        EditMemory other = StateOfPlot(gMemory->slot, gMemory->kind);
-        other.isTakenBack = !gMemory->isTakenBack;
-        gActivePlot = gMemory->slot;
-        gActiveLayer = IsOfAnnotations(gMemory->kind) ? kAnnotationLayer : kDataLayer;
-        if (gMemory->rows) {
-            PutRowsBack(gMemory->slot, *gMemory->rows);
-        } else {
-            PutAnnotationsBack(gMemory->slot, gMemory->annotations);
-        }
-        TakeSelection(*gMemory);
-        gMemory = std::move(other);
-    } catch (const std::bad_alloc&) {
-        ForgetUndo();
+/// The link that the edit broke comes back with its undo, and goes again with its redo.
+void FollowLink(const EditMemory& memory) {
+    const auto* rows = std::get_if<KeptRows>(&memory.state);
+    if (!memory.breaksLink || rows == nullptr) {
         return;
     }
+    if (memory.isTakenBack) {
+        if (gRemoveGeoLink) {
+            gRemoveGeoLink(memory.slot);
+        }
+    } else if (gRowFollower.linkAgain) {
+        gRowFollower.linkAgain(memory.slot, rows->links);
+    }
+}
+
+void UseLayerOf(EditKind kind) {
+    if (IsOfAnnotations(kind)) {
+        gActiveLayer = kAnnotationLayer;
+    } else if (IsOfRows(kind)) {
+        gActiveLayer = kDataLayer;
+    }
+}
+
+/// What is to be kept while the edit of a memory is taken back, or made again.
+EditMemory OtherSideOf(const EditMemory& memory) {
+    EditMemory other = MemoryOf(memory.slot, memory.kind, StateOf(memory.slot, memory.kind));
+    other.isTakenBack = !memory.isTakenBack;
+    other.breaksLink = memory.breaksLink;
+    return other;
+}
+
+/// Lets the plot and what is kept of it change places.
+void ChangePlaces() {
+    const EditMemory memory = std::move(*gMemory);
+    ForgetUndo();
+    EditMemory other;
+    try {
+        other = OtherSideOf(memory);
+        gActivePlot = memory.slot;
+        UseLayerOf(memory.kind);
+        PutBack(memory.slot, memory.state);
+        FollowLink(memory);
+        TakeSelection(memory);
+    } catch (const std::bad_alloc&) {
+        ForgetRotation();
+        return;
+    }
+    Remember(std::move(other));
+    if (memory.rotation) {
+        OfferRotation(*memory.rotation);
+    }
     gLastEditKind = gMemory->isTakenBack ? kNoEdit : gMemory->kind;
-    ForgetRotation();
     SealUndo();
-    ReplotActivePlot(!IsOfAnnotations(gMemory->kind));
+    ReplotActivePlot(IsOfRows(gMemory->kind));
 }
 
 /// What an edit is called in the menu.
@@ -131,6 +206,11 @@ const char* NameOf(EditKind kind) {
     case kSymbolEdit:
     case kAnnotationSymbol:
         return " Change";
+    case kOverlayRemoval:
+    case kAnnotationRemoval:
+        return " Removal";
+    case kGirdleEdit:
+        return " Girdle";
     case kMoveEdit:
     case kAnnotationMove:
         return " Move";
@@ -147,9 +227,10 @@ const char* NameOf(EditKind kind) {
 
 } // namespace
 
-void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows) {
-    if (!rows.empty()) {
-        Keep(kind);
+void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows, EditRun run) {
+    const bool isStep = run == EditRun::Steps && IsWithinRun(kind);
+    if (!rows.empty() && !isStep) {
+        Keep(kind, run);
     }
 }
 
@@ -164,28 +245,33 @@ std::optional<KeptRows> RowsBeforeEdit() {
 
 void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before) {
     ForgetUndo();
-    ForgetRotation();
     if (!before) {
+        ForgetRotation();
         return;
     }
-    EditMemory memory;
-    memory.slot = gActivePlot;
-    memory.kind = kind;
-    memory.rows = std::move(before);
-    memory.selection = SelectionOf(gActivePlot);
-    gMemory = std::move(memory);
-    gLastEditKind = kind;
+    const bool wasLinked = before->settings.mapInfoLinked != 0;
+    EditMemory memory = MemoryOf(gActivePlot, kind, std::move(*before));
+    memory.breaksLink = wasLinked && ActiveRecord().MapInfoLinked == 0;
+    Remember(std::move(memory));
 }
 
 void KeepAnnotationsForUndo(EditKind kind) {
     Keep(kind);
 }
 
+void KeepGirdlesForUndo(int slot, KeptGirdles before) {
+    ForgetUndo();
+    Remember(MemoryOf(slot, kGirdleEdit, std::move(before)));
+}
+
 void SealUndo() {
     if (gMemory && IsOpenSlot(gMemory->slot)) {
         gMemory->seal = FingerprintOf(*gMemory);
         std::int16_t& modified = RecordOf(gMemory->slot).Modified;
-        modified = modified != 0 ? kModifiedByLastEdit : modified;
+        // After an undo the rotation before it may be all that is to be saved.
+        if (modified != 0 && modified != kModifiedByRotation) {
+            modified = kModifiedByLastEdit;
+        }
     }
 }
 

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// One level of undo for edits of rows and of annotations, with its inverse.
+// One level of undo for edits of rows, of annotations and of girdles, with its inverse.
 //
 // An edit of rows calls KeepForUndo before it changes them, or RowsBeforeEdit before and
-// KeepStateForUndo behind it, then SealUndo. What is kept is the rows of the plot as they were,
+// KeepStateForUndo after it, then SealUndo. What is kept is the rows of the plot as they were,
 // every field of them with their order and overlays, and the marquee; the clipboard has no part in
-// it. An edit that is not kept calls ForgetUndo; one that does not is found out by the seal.
+// it. With them is kept the rotation that the edit came after, which can be taken back once the
+// edit has been, and the link that the edit broke. An edit that is not kept calls ForgetUndo; one
+// that does not is found out by the seal.
 
 #pragma once
 
+#include "edit/kept_girdles.h"
 #include "edit/kept_rows.h"
 
 #include <cstdint>
@@ -28,19 +31,28 @@ enum EditKind : std::int16_t {
     kMoveEdit = 9,
     kAddEdit = 10,  ///< points added with the mouse
     kGridEdit = 11, ///< cells of the data grid
+    kOverlayRemoval = 12,
+    kGirdleEdit = 13, ///< pulled with the mouse
     kAnnotationCut = 101,
     kAnnotationPaste = 104,
     kAnnotationDelete = 105,
     kAnnotationSymbol = 106,
     kAnnotationMove = 109,
     kAnnotationAdd = 110,
+    kAnnotationRemoval = 111, ///< of all of them
+};
+
+/// Whether an edit is taken back with those before it.
+enum class EditRun {
+    Alone,
+    Steps, ///< with the steps before it on the same rows, as long as nothing else came between
 };
 
 extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be taken back
 
 /// Keeps the rows of gActivePlot before some of them change or go.
 /// @param rows  point indices of those that the edit is about; an empty list keeps nothing
-void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows);
+void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows, EditRun run = EditRun::Alone);
 
 /// The rows of gActivePlot for an edit that may come to nothing, to be handed to KeepStateForUndo
 /// once it has been made; nothing when there is no memory for them. O(rows).
@@ -52,6 +64,9 @@ void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before);
 
 /// Keeps the annotations of gActivePlot before some of them change, come or go.
 void KeepAnnotationsForUndo(EditKind kind);
+
+/// Keeps the girdles of a plot as they were before a pull that has been made.
+void KeepGirdlesForUndo(int slot, KeptGirdles before);
 
 /// The edit that was kept is complete: from now on another change of its rows ends the undo.
 void SealUndo();

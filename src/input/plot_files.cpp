@@ -10,29 +10,6 @@
 
 namespace quandrel {
 
-namespace {
-
-/// Takes the last place of a file out of the lists and the title of a plot.
-void TakeFileOut(PlotRecord& record, const std::string& path) {
-    const auto end = record.FileNames.begin() + record.NumFiles + 1;
-    auto place = record.FileNames.end();
-    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
-        place = *name == path ? name : place;
-    }
-    if (place == record.FileNames.end()) {
-        return;
-    }
-    std::rotate(place, place + 1, end);
-    record.FileNames[static_cast<std::size_t>(record.NumFiles--)].clear();
-    const std::string named = " + " + FileTitleOf(path);
-    const std::size_t inTitle = record.PlotTitle.rfind(named);
-    if (!IsInPlot(record, path) && inTitle != std::string::npos) {
-        record.PlotTitle.erase(inTitle, named.size());
-    }
-}
-
-} // namespace
-
 std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path) {
     return std::count(record.FileNames.begin() + 1, record.FileNames.end(), path);
 }
@@ -50,6 +27,31 @@ void AddFileName(PlotRecord& record, const std::string& path) {
     if (record.NumFiles < kMaxFiles) {
         ++record.NumFiles;
         record.FileNames[static_cast<std::size_t>(record.NumFiles)] = path;
+    }
+}
+
+void TakeFileIn(PlotRecord& record, const std::string& path) {
+    if (!IsInPlot(record, path)) {
+        record.PlotTitle += " + " + FileTitleOf(path);
+    }
+    AddFileName(record, path);
+}
+
+void TakeFileOut(PlotRecord& record, const std::string& path) {
+    const auto end = record.FileNames.begin() + record.NumFiles + 1;
+    auto place = record.FileNames.end();
+    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
+        place = *name == path ? name : place;
+    }
+    if (place == record.FileNames.end()) {
+        return;
+    }
+    std::rotate(place, place + 1, end);
+    record.FileNames[static_cast<std::size_t>(record.NumFiles--)].clear();
+    const std::string named = " + " + FileTitleOf(path);
+    const std::size_t inTitle = record.PlotTitle.rfind(named);
+    if (!IsInPlot(record, path) && inTitle != std::string::npos) {
+        record.PlotTitle.erase(inTitle, named.size());
     }
 }
 

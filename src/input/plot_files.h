@@ -22,6 +22,12 @@ namespace quandrel {
 /// Adds a file to the list of a plot. A full list has no place for it, and its name is not kept.
 void AddFileName(PlotRecord& record, const std::string& path);
 
+/// Adds a further file to the list and to the title of a plot, which names each file once.
+void TakeFileIn(PlotRecord& record, const std::string& path);
+
+/// Takes the last place of a file out of the list and the title of a plot.
+void TakeFileOut(PlotRecord& record, const std::string& path);
+
 /// Forgets the texts of error rows behind a row.
 void DropErrorLines(int slot, std::int32_t last);
 

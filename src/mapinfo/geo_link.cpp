@@ -7,6 +7,7 @@
 #include "core/row_links.h"
 #include "edit/add_point.h"
 #include "edit/edit_rows.h"
+#include "mapinfo/map_link.h"
 #include "stereo/plot_driver.h"
 
 #include <algorithm>
@@ -50,6 +51,17 @@ void ShowTitleOf(int slot) {
     const std::int32_t formerPlot = std::exchange(gActivePlot, slot);
     UpdateTitle();
     gActivePlot = formerPlot;
+}
+
+/// A session that has ended meanwhile has taken all links with it.
+void LinkAgain(int slot, const std::shared_ptr<const void>& kept) {
+    if (kept == nullptr || !IsMapInfoLinked() || gMIGeoLinks.Item(slot) != nullptr) {
+        return;
+    }
+    MIGeoLink& link = gMIGeoLinks.Add(slot, *static_cast<const MIGeoLink*>(kept.get()));
+    link.CutGeoRows(RecordOf(slot).NumLoadedData);
+    RecordOf(slot).MapInfoLinked = kTrue;
+    ShowTitleOf(slot);
 }
 
 } // namespace
@@ -137,6 +149,7 @@ void FollowRowsOfPlots() {
         return link == nullptr ? nullptr : std::make_shared<const MIGeoLink>(*link);
     };
     gRowFollower.putBack = PutLinkBack;
+    gRowFollower.linkAgain = LinkAgain;
     gRowFollower.closed = [](int slot) { gMIGeoLinks.Remove(slot); };
     gRemoveGeoLink = [](std::int32_t slot) { RemoveGeoLink(slot); };
 }

@@ -61,8 +61,9 @@ struct PreviewedRow {
 /// them. False when there is nothing to take back.
 bool UndoRotation();
 
-/// From now on the last rotation cannot be taken back. Edits of rows call it; one that does not is
-/// found out all the same.
+/// From now on the last rotation cannot be taken back. Edits of rows that are not kept for undo
+/// call it; one that does not is found out all the same. After those that are kept the rotation can
+/// be taken back once they have been.
 void ForgetRotation();
 
 } // namespace quandrel

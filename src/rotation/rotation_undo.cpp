@@ -82,6 +82,15 @@ void KeepForUndo(RotationMemory memory) {
     gLastRotation = std::move(memory);
 }
 
+std::optional<RotationMemory> TakeRotation(int slot) {
+    return gLastRotation && gLastRotation->slot == slot ? std::exchange(gLastRotation, std::nullopt)
+                                                        : std::nullopt;
+}
+
+void OfferRotation(RotationMemory memory) {
+    gLastRotation = std::move(memory);
+}
+
 bool CanUndoRotation() {
     return gLastRotation && gLastRotation->slot == gActivePlot && IsOpenSlot(gActivePlot)
            && gLastRotation->fingerprint == FingerprintOf(gActivePlot);

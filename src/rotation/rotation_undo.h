@@ -8,6 +8,7 @@
 #include "core/style_tables.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace quandrel {
@@ -40,5 +41,12 @@ struct RotationMemory {
 
 /// Keeps the rows of gActivePlot as they were before the rotation that was just made.
 void KeepForUndo(RotationMemory memory);
+
+/// What is kept for the last rotation, when it was one of this plot; from now on that cannot be
+/// taken back, until OfferRotation.
+[[nodiscard]] std::optional<RotationMemory> TakeRotation(int slot);
+
+/// A rotation can be taken back again: its plot is as it left it.
+void OfferRotation(RotationMemory memory);
 
 } // namespace quandrel

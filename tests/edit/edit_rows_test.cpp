@@ -5,6 +5,7 @@
 #include "edit/edit_rows.h"
 #include "edit/kept_rows.h"
 #include "input/data_rows.h"
+#include "input/plot_files.h"
 #include "rotation/rotate_data.h"
 
 #include <algorithm>
@@ -314,6 +315,44 @@ TEST_F(EditRows, AnEditEndsTheUndoOfARotation) {
     EXPECT_FALSE(CanUndoRotation());
 }
 
+TEST_F(EditRows, TheUndoOfAnEditOffersTheRotationBeforeItAgain) {
+    const int slot = NewPlanes({{30, 120}, {60, 300}});
+    const Texts before = Rows(slot);
+    RecordOf(slot).Modified = 0;
+    RotationSettings turn;
+    turn.angle = 90;
+    (void)RotateData(1, turn);
+    const Texts rotated = Rows(slot);
+    ASSERT_NE(rotated, before);
+    for (const int item : {kDeleteItem, kCutItem}) {
+        SelectRows(slot, {1});
+        EditSelection(item);
+        EXPECT_FALSE(CanUndoRotation());
+        UndoEdits();
+        EXPECT_TRUE(CanUndoRotation()) << item;
+        RedoEdits();
+        EXPECT_FALSE(CanUndoRotation());
+        UndoEdits();
+    }
+    EXPECT_EQ(Rows(slot), rotated);
+    ASSERT_TRUE(UndoRotation());
+    EXPECT_EQ(Rows(slot), before);
+    EXPECT_EQ(RecordOf(slot).Modified, 0);
+    EXPECT_FALSE(CanRedo()) << "the rows are other ones";
+}
+
+TEST_F(EditRows, EditsOfAnotherPlotLeaveTheRotationToBeTakenBack) {
+    const int rotated = NewPlanes({{30, 120}, {60, 300}});
+    RotationSettings turn;
+    turn.angle = 90;
+    (void)RotateData(1, turn);
+    const int other = NewPlanes({{30, 120}});
+    SelectRows(other, {1});
+    EditSelection(kDeleteItem);
+    gActivePlot = rotated;
+    EXPECT_TRUE(CanUndoRotation());
+}
+
 TEST_F(EditRows, SymbolsChangeBySenseAndUndo) {
     const int slot = NewLines({{30, 120}, {-60, 300}, {10, 10}}, kPolarLines);
     const Texts before = Rows(slot);
@@ -342,7 +381,7 @@ TEST_F(EditRows, SymbolsOfTheTopOverlayChangeWithoutASelection) {
     EXPECT_EQ(gDataSymbol(slot, 2), MakeSymbolCode(3, 4, 5));
 }
 
-TEST_F(EditRows, RemovedOverlaysCannotBeTakenBack) {
+TEST_F(EditRows, RemovedOverlaysCanBeTakenBack) {
     const int slot = NewPlanes({{30, 120}});
     AddOverlay(kOverlayLines, 20, 50, CodeOfStyleRow(3));
     SelectRows(slot, {1});
@@ -354,9 +393,50 @@ TEST_F(EditRows, RemovedOverlaysCannotBeTakenBack) {
     RemoveOverlay();
     EXPECT_EQ(RecordOf(slot).OverlayRows[0], 0);
     EXPECT_EQ(RecordOf(slot).NumLoadedData, 1);
-    EXPECT_FALSE(CanUndo());
     RemoveOverlay();
     EXPECT_EQ(RecordOf(slot).NumData, 1);
+    EXPECT_EQ(UndoCaption(), "&Undo Removal");
+    UndoEdits();
+    EXPECT_EQ(RecordOf(slot).OverlayRows[0], 1);
+    EXPECT_EQ(RecordOf(slot).OverlayKind[1], kOverlayLines);
+    EXPECT_EQ(gDataDip(slot, 2), 20);
+    RedoEdits();
+    EXPECT_EQ(RecordOf(slot).NumLoadedData, 1);
+}
+
+TEST_F(EditRows, TheFileOfARemovedOverlayComesBackWithIt) {
+    const int slot = NewPlanes({{30, 120}});
+    PlotRecord& record = RecordOf(slot);
+    const auto open = [&](const std::string& path, int overlay) {
+        TakeFileIn(record, path);
+        if (overlay > 0) {
+            AddOverlay(kOverlayLines, 20, 50, CodeOfStyleRow(3));
+            record.OverlayFiles[static_cast<std::size_t>(overlay)] = {path};
+        }
+    };
+    record.PlotTitle = "Plot 1: main.txt";
+    AddFileName(record, "/data/main.txt");
+    open("/data/over.txt", 1);
+    open("/data/merged.txt", 0);
+    const std::vector<std::string> files(record.FileNames.begin(), record.FileNames.end());
+    const std::string title = record.PlotTitle;
+    record.Modified = 0;
+    RemoveOverlay();
+    EXPECT_FALSE(IsInPlot(record, "/data/over.txt"));
+    UndoEdits();
+    EXPECT_EQ(std::vector<std::string>(record.FileNames.begin(), record.FileNames.end()), files);
+    EXPECT_EQ(record.PlotTitle, title);
+    EXPECT_EQ(record.OverlayFiles[1], std::vector<std::string>{"/data/over.txt"});
+    EXPECT_EQ(record.Modified, 0);
+    RedoEdits();
+    EXPECT_EQ(record.NumFiles, 2);
+    EXPECT_EQ(record.PlotTitle, "Plot 1: main.txt + merged.txt");
+    record.FileNames[1] = "/data/saved_as.qpx";
+    record.PlotTitle = "Plot 1: saved_as.qpx + merged.txt";
+    UndoEdits();
+    EXPECT_EQ(record.FileNames[1], "/data/saved_as.qpx") << "a save since keeps its name";
+    EXPECT_TRUE(IsInPlot(record, "/data/over.txt"));
+    EXPECT_EQ(record.PlotTitle, "Plot 1: saved_as.qpx + merged.txt + over.txt");
 }
 
 TEST_F(EditRows, RangeOfAppendedNumbersFollowsARemoval) {

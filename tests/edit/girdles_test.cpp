@@ -2,6 +2,7 @@
 
 #include "edit/girdle_pull.h"
 #include "edit/girdles.h"
+#include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/plot_driver.h"
@@ -407,6 +408,24 @@ TEST_F(GirdlePullTest, ShiftAndRightSetsThePole) {
     EXPECT_EQ(GirdleText(3), "60/300");
     EXPECT_NEAR(Dot(PoleOf(3), VectorOf(Radians(30.4), Radians(120.3))), 1, 1e-12);
     EXPECT_EQ(statisticsWritten, 1);
+}
+
+TEST_F(GirdlePullTest, APullCanBeTakenBackAndMadeAgain) {
+    UpdateGirdle(3, "40/100");
+    FocusGirdle(3);
+    ActiveRecord().Modified = 0;
+    Click(2, 1, 30.4, 120.3);
+    ASSERT_EQ(GirdleText(3), "60/300");
+    EXPECT_EQ(UndoCaption(), "&Undo Girdle");
+    UndoLastEdit();
+    EXPECT_EQ(GirdleText(3), "40/100");
+    EXPECT_TRUE(IsGirdleShown(3));
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    RedoLastEdit();
+    EXPECT_EQ(GirdleText(3), "60/300");
+    EXPECT_NEAR(Dot(PoleOf(3), VectorOf(Radians(30.4), Radians(120.3))), 1, 1e-12);
+    UpdateGirdle(3, "10/10");
+    EXPECT_FALSE(CanUndo()) << "another change of the girdles";
 }
 
 TEST_F(GirdlePullTest, ShiftCtrlAndLeftHoldsTheFormerDipLineThroughTheWholeDrag) {

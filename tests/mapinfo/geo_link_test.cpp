@@ -150,5 +150,23 @@ TEST_F(GeoLink, EndsWhenTheUserAddsAPoint) {
     EXPECT_EQ(gMIGeoLinks.Item(slot), nullptr);
 }
 
+TEST_F(GeoLink, ComesBackWhenThePointThatEndedItIsTakenBack) {
+    Link();
+    const int slot = NewLinkedPlot(2);
+    Expect("break its link to the MapInfo Table", Button::Yes);
+    ASSERT_TRUE(AddPointToPlot("45", "90"));
+    UndoEdits();
+    ASSERT_NE(gMIGeoLinks.Item(slot), nullptr);
+    EXPECT_NE(RecordOf(slot).MapInfoLinked, 0);
+    EXPECT_EQ(gMIGeoLinks.Item(slot)->RowCount(), 2U);
+    RedoEdits();
+    EXPECT_EQ(gMIGeoLinks.Item(slot), nullptr);
+    EXPECT_EQ(RecordOf(slot).MapInfoLinked, 0);
+    EXPECT_EQ(RecordOf(slot).NumData, 3);
+    CloseMapInfoLink();
+    UndoEdits();
+    EXPECT_EQ(gMIGeoLinks.Item(slot), nullptr) << "the session has gone";
+}
+
 } // namespace
 } // namespace quandrel
