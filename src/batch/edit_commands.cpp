@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace quandrel {
@@ -33,6 +34,18 @@ bool HasSelection() {
                                             : !SelectedRowsOf(gActivePlot).empty();
 }
 
+/// How a frame is selected by, and its corners: "add X1,Y1,X2,Y2".
+std::pair<SelectionWay, std::string> WayOfWords(const std::string& words) {
+    const std::pair<std::string, SelectionWay> ways[] = {{"add ", SelectionWay::Add},
+                                                         {"toggle ", SelectionWay::Toggle}};
+    for (const auto& [word, way] : ways) {
+        if (words.starts_with(word)) {
+            return {way, words.substr(word.size())};
+        }
+    }
+    return {SelectionWay::Replace, words};
+}
+
 } // namespace
 
 std::string SelectByWords(const std::string& words) {
@@ -44,18 +57,25 @@ std::string SelectByWords(const std::string& words) {
         ClearSelection();
         return {};
     }
-    const std::vector<std::string> parts = SplitAtCommas(words);
+    const auto [way, frame] = WayOfWords(words);
+    const std::vector<std::string> parts = SplitAtCommas(frame);
     std::array<double, kCornerNumbers> corners{};
     for (std::size_t i = 0; i < corners.size(); ++i) {
         if (parts.size() != corners.size() || !TakeNumber(parts[i], corners[i]).empty()) {
-            return "'" + words + "' is none of all, none, and two corners X1,Y1,X2,Y2";
+            return "'" + words
+                   + "' is none of all, none, and two corners X1,Y1,X2,Y2, after add or toggle "
+                     "where they join a selection";
         }
     }
     if (ActiveRecord().PlotKind == kRose) {
         return "a rose has no places to select by: take all";
     }
+    KeptSelection former = KeepSelection();
+    if (gActiveLayer == kAnnotationLayer) {
+        former.marks = SelectedAnnotations();
+    }
     StandMarquee(gActivePlot, {corners[0], corners[1]}, {corners[2], corners[3]});
-    SelectRowsInMarquee();
+    SelectInMarquee(way, former);
     return {};
 }
 

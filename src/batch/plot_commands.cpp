@@ -144,7 +144,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
          {its, [](const Command& c, std::ostream&) { return ApplyRoseArguments(c.arguments); }}},
         {"rotate", {its, Rotate}},
         {"secondary", {none, [](const Command&, std::ostream&) { return PlotOtherSet(); }}},
-        {"select", {one, [](const Command& c, std::ostream&) { return SelectByWords(c.Words()); }}},
+        {"select", {two, [](const Command& c, std::ostream&) { return SelectByWords(c.Words()); }}},
         {"smallcircle",
          {four,
           [](const Command& c, std::ostream&) { return ApplySmallCircleArguments(c.arguments); }}},

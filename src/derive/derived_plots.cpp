@@ -61,7 +61,6 @@ int OpenDerivedPlot() {
     if (!PrepareNewPlotWindow()) {
         return 0;
     }
-    gSelectionRows.clear();
     PlotRecord& record = ActiveRecord();
     if (record.PlotKind == kRose) { // what the next file holds says nothing of derived lines
         record.PlotKind = kEqualArea;
@@ -143,9 +142,6 @@ void DescribeDerivation(PlotRecord& record, const std::string& parentTitle,
 }
 
 void ShowDerivedPlot(int slot) {
-    if (gActivePlot != slot) {
-        gSelectionRows.clear();
-    }
     gActivePlot = slot;
     ReplotActivePlot(true);
 }

@@ -23,6 +23,7 @@
 #include <iterator>
 #include <limits>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -32,6 +33,11 @@ namespace quandrel {
 namespace {
 
 constexpr int kTagTries = 100;
+
+/// How far pasted annotations lie from those that were copied, plot units, and how many such steps
+/// are tried.
+constexpr int kPasteOffset = 30;
+constexpr int kMostPasteSteps = 50;
 
 constexpr const char* kNoTag = "Errors were encountered and the annotation has not been added\nIf "
                                "this error persists please contact Arlen Voss";
@@ -153,6 +159,30 @@ bool MoveOne(Annotation& annotation, int dx, int dy) {
         node.Y = movedBy(node.Y, dy);
     }
     return true;
+}
+
+using Place = std::pair<int, int>;
+
+/// How far pasted annotations are set off from where they were copied: in steps to the right and
+/// down, or away from an edge of the picture, until none of them covers one that is there.
+Place OffsetOfPaste(const Annotations& pasted, const Annotations& others) {
+    std::set<Place> taken;
+    for (const Annotation& other : others) {
+        taken.emplace(other.X, other.Y);
+    }
+    for (const Place& way : {Place{1, -1}, {-1, -1}, {-1, 1}, {1, 1}}) {
+        for (int steps = 1; steps <= kMostPasteSteps; ++steps) {
+            const int dx = way.first * steps * kPasteOffset;
+            const int dy = way.second * steps * kPasteOffset;
+            if (std::ranges::all_of(pasted, [&](const Annotation& annotation) {
+                    const Place to{annotation.X + dx, annotation.Y + dy};
+                    return IsInPicture(to.first, to.second) && !taken.contains(to);
+                })) {
+                return {dx, dy};
+            }
+        }
+    }
+    return {kPasteOffset, -kPasteOffset};
 }
 
 void RemoveMembers(std::span<const std::size_t> members) {
@@ -320,27 +350,21 @@ void RemoveAllAnnotations() {
     if (gBusy || !IsOpenSlot(gActivePlot) || AnnotationsOf(gActivePlot).empty()) {
         return;
     }
-    ForgetUndo();
-    PlotRecord& record = ActiveRecord();
+    KeepAnnotationsForUndo(kAnnotationRemoval);
     Collection().clear();
-    record.ShowAnnotations = 0;
-    record.Modified = kTrue;
-    ReplotActivePlot(false);
+    ActiveRecord().ShowAnnotations = 0;
+    FinishEdit();
 }
 
 std::vector<std::size_t> SelectedAnnotations() {
-    std::vector<std::size_t> members;
     if (!IsOpenSlot(gActivePlot) || !MarqueeStandsOn(gActivePlot)
         || ActiveRecord().ShowAnnotations == 0) {
-        return members;
+        return {};
     }
-    const std::span<const Annotation> annotations = AnnotationsOf(gActivePlot);
-    for (std::size_t i = 0; i < annotations.size(); ++i) {
-        if (IsInMarquee(
-                {static_cast<double>(annotations[i].X), static_cast<double>(annotations[i].Y)})) {
-            members.push_back(i);
-        }
-    }
+    std::vector<std::size_t> members = PickedMarks() ? *PickedMarks() : MarksInMarquee();
+    std::erase_if(members, [count = AnnotationsOf(gActivePlot).size()](std::size_t member) {
+        return member >= count;
+    });
     return members;
 }
 
@@ -437,6 +461,7 @@ void PasteAnnotationText(const std::string& text) {
         KeepAnnotationsForUndo(kAnnotationPaste);
         Annotations& annotations = Collection();
         FreeTags tags(annotations);
+        const auto [dx, dy] = OffsetOfPaste(read.annotations, annotations);
         for (Annotation& annotation : read.annotations) {
             const std::optional<int> tag = tags.Next(std::numeric_limits<std::int16_t>::max());
             if (!tag) {
@@ -444,6 +469,7 @@ void PasteAnnotationText(const std::string& text) {
                 continue;
             }
             annotation.Tag = std::to_string(*tag);
+            (void)MoveOne(annotation, dx, dy); // one that has no room stays where it was
             annotations.push_back(std::move(annotation));
         }
         ActiveRecord().ShowAnnotations = kTrue;

@@ -73,7 +73,7 @@ bool ExtendAnnotation(double x, double y);
 /// Shows or hides the layer; its members stay.
 void SetAnnotationsShown(bool shown);
 
-/// Removes all annotations. This cannot be taken back.
+/// Removes all annotations. Kept for undo.
 void RemoveAllAnnotations();
 
 // The selection: the members in the marquee that stands, while they are shown.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -20,6 +21,9 @@ std::vector<Point> gLasso;
 std::function<void()> gSelectionChanged;
 
 namespace {
+
+/// What PickedMarks gives.
+std::optional<std::vector<std::size_t>> gPickedMarks;
 
 Point FirstCorner() {
     return {gMarquee[kMarqueeX], gMarquee[kMarqueeY]};
@@ -53,11 +57,6 @@ void WriteMarquee(Point corner, Point opposite) {
     gMarquee[kMarqueeStanding] = kMarqueeSet;
 }
 
-void WipeMarquee() {
-    gMarquee = {};
-    gLasso.clear();
-}
-
 void DropRowsThatAreGone(std::int32_t slot, std::vector<std::int32_t>& rows) {
     const std::int32_t last = IsOpenSlot(slot) ? RecordOf(slot).NumLoadedData : 0;
     std::erase_if(rows, [last](std::int32_t row) { return row < 1 || row > last; });
@@ -74,6 +73,28 @@ PlotRectangle RectangleAbout(std::span<const Point> positions) {
         about.top = std::max(about.top, at.y);
     }
     return about;
+}
+
+/// The rectangle about the same middle that is nowhere shorter than a frame may be.
+PlotRectangle OfLeastSize(const PlotRectangle& frame) {
+    const double widen = std::max(kLeastFrame - (frame.right - frame.left), 0.0) / 2;
+    const double heighten = std::max(kLeastFrame - (frame.top - frame.bottom), 0.0) / 2;
+    return {frame.left - widen, frame.bottom - heighten, frame.right + widen, frame.top + heighten};
+}
+
+/// What is selected when a frame holds `framed`. Lists are ascending.
+template <class Index>
+std::vector<Index> Combined(SelectionWay way, const std::vector<Index>& former,
+                            const std::vector<Index>& framed) {
+    std::vector<Index> all;
+    if (way == SelectionWay::Add) {
+        std::ranges::set_union(former, framed, std::back_inserter(all));
+    } else if (way == SelectionWay::Toggle) {
+        std::ranges::set_symmetric_difference(former, framed, std::back_inserter(all));
+    } else {
+        all = framed;
+    }
+    return all;
 }
 
 /// True for a position on the straight line between two others.
@@ -121,8 +142,12 @@ int HandleAt(Point at, Point pixel) {
     if (!MarqueeStands() || !gLasso.empty()) {
         return -1;
     }
-    const double reachX = std::max(kHandleUnits, kHandlePixels * pixel.x);
-    const double reachY = std::max(kHandleUnits, kHandlePixels * pixel.y);
+    constexpr double kShareOfHandle = 1.0 / 3;
+    const PlotRectangle frame = RectangleOfMarquee();
+    const double reachX = std::min(std::max(kHandleUnits, kHandlePixels * pixel.x),
+                                   kShareOfHandle * (frame.right - frame.left));
+    const double reachY = std::min(std::max(kHandleUnits, kHandlePixels * pixel.y),
+                                   kShareOfHandle * (frame.top - frame.bottom));
     const std::array<Point, 4> corners = CornersOfMarquee();
     for (std::size_t i = 0; i < corners.size(); ++i) {
         if (std::abs(at.x - corners[i].x) <= reachX && std::abs(at.y - corners[i].y) <= reachY) {
@@ -177,6 +202,12 @@ void ShiftMarquee(double dx, double dy) {
     }
 }
 
+void WipeMarquee() {
+    gMarquee = {};
+    gLasso.clear();
+    gPickedMarks.reset();
+}
+
 void ClearSelection() {
     WipeMarquee();
     gMarqueeSlot = 0;
@@ -191,7 +222,7 @@ void ClearSelectionOf(std::int32_t slot) {
 }
 
 KeptSelection KeepSelection() {
-    return {gMarquee, gLasso, gSelectionRows, gMarqueeSlot};
+    return {gMarquee, gLasso, gSelectionRows, gPickedMarks, gMarqueeSlot};
 }
 
 void PutSelectionBack(KeptSelection kept) {
@@ -199,6 +230,7 @@ void PutSelectionBack(KeptSelection kept) {
     gMarquee = kept.marquee;
     gLasso = std::move(kept.lasso);
     gSelectionRows = std::move(kept.rows);
+    gPickedMarks = std::move(kept.marks);
     gMarqueeSlot = IsOpenSlot(kept.slot) ? kept.slot : 0;
     TellSelection();
 }
@@ -218,16 +250,61 @@ std::vector<std::int32_t> RowsInside(const RowTable& table,
     return rows;
 }
 
+std::vector<std::int32_t> RowsInMarquee() {
+    if (!MarqueeStands() || gActiveLayer != kDataLayer || !IsOpenSlot(gMarqueeSlot)
+        || RecordOf(gMarqueeSlot).PlotKind == kRose) {
+        return {};
+    }
+    const int slot = gMarqueeSlot;
+    return RowsInside(TableOf(slot), IsInMarquee,
+                      [slot](std::int32_t row) { return CodeSymbol(gDataSymbol(slot, row)) != 0; });
+}
+
 void SelectRowsInMarquee() {
-    gSelectionRows.clear();
-    if (MarqueeStands() && gActiveLayer == kDataLayer && IsOpenSlot(gMarqueeSlot)
-        && RecordOf(gMarqueeSlot).PlotKind != kRose) {
-        const int slot = gMarqueeSlot;
-        gSelectionRows = RowsInside(TableOf(slot), IsInMarquee, [slot](std::int32_t row) {
-            return CodeSymbol(gDataSymbol(slot, row)) != 0;
-        });
+    gPickedMarks.reset();
+    gSelectionRows = RowsInMarquee();
+    TellSelection();
+}
+
+void SelectInMarquee(SelectionWay way, const KeptSelection& former) {
+    const bool isSamePlot = former.slot == gMarqueeSlot;
+    if (way == SelectionWay::Replace || !isSamePlot) {
+        SelectRowsInMarquee();
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer) {
+        const std::vector<std::size_t> framed = MarksInMarquee();
+        gPickedMarks = Combined(way, former.marks.value_or(std::vector<std::size_t>()), framed);
+    } else {
+        gSelectionRows = Combined(way, former.rows, RowsInMarquee());
     }
     TellSelection();
+}
+
+const std::optional<std::vector<std::size_t>>& PickedMarks() {
+    return gPickedMarks;
+}
+
+std::vector<std::size_t> MarksInMarquee() {
+    std::vector<std::size_t> marks;
+    if (!MarqueeStands() || !IsOpenSlot(gMarqueeSlot)
+        || RecordOf(gMarqueeSlot).PlotAnnotations == nullptr) {
+        return marks;
+    }
+    const Annotations& annotations = *RecordOf(gMarqueeSlot).PlotAnnotations;
+    for (std::size_t i = 0; i < annotations.size(); ++i) {
+        if (IsInMarquee(
+                {static_cast<double>(annotations[i].X), static_cast<double>(annotations[i].Y)})) {
+            marks.push_back(i);
+        }
+    }
+    return marks;
+}
+
+std::string SelectionText() {
+    const std::size_t rows = gSelectionRows.size();
+    return rows == 0 ? std::string()
+                     : std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
 }
 
 void UseLayer(std::int16_t layer) {
@@ -279,10 +356,16 @@ void FitMarqueeToRows() {
     const std::vector<Point> places = PlacesOfRows(gMarqueeSlot, gSelectionRows);
     WipeMarquee();
     if (!places.empty()) {
-        const PlotRectangle about = RectangleAbout(places);
-        WriteMarquee({about.left - kHandleUnits, about.top + kHandleUnits},
-                     {about.right + kHandleUnits, about.bottom - kHandleUnits});
+        PlotRectangle about = RectangleAbout(places);
+        about = OfLeastSize({about.left - kHandleUnits, about.bottom - kHandleUnits,
+                             about.right + kHandleUnits, about.top + kHandleUnits});
+        WriteMarquee({about.left, about.top}, {about.right, about.bottom});
     }
+}
+
+void WidenMarquee() {
+    const PlotRectangle frame = OfLeastSize(RectangleOfMarquee());
+    WriteMarquee({frame.left, frame.top}, {frame.right, frame.bottom});
 }
 
 void FollowMovedRows() {
@@ -297,8 +380,12 @@ void FollowMovedRows() {
 }
 
 std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot) {
-    return slot == gMarqueeSlot && slot != 0 ? std::span<const std::int32_t>(gSelectionRows)
-                                             : std::span<const std::int32_t>();
+    if (slot != gMarqueeSlot || !IsOpenSlot(slot)) {
+        return {};
+    }
+    // A derived plot that was made anew may have fewer rows than before.
+    const auto end = std::ranges::upper_bound(gSelectionRows, RecordOf(slot).NumLoadedData);
+    return {gSelectionRows.begin(), end};
 }
 
 std::vector<Point> PlacesOfRows(std::int32_t slot, std::span<const std::int32_t> rows) {

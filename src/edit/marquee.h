@@ -3,9 +3,10 @@
 // The marquee and the selection: which rows of a plot the next edit is about.
 //
 // A marquee is a rectangle on the net, or a lasso, whose record is that of the rectangle about it.
-// The rows that it holds are put into gSelectionRows once it stands. Rows can also be selected one
-// by one, without a marquee. There is one selection, in one plot; it stays when another plot
-// becomes the active one. Positions are plot units.
+// The rows that it holds are put into gSelectionRows once it stands; a further one may add to them.
+// Rows can also be selected one by one, without a marquee. gSelectionRows is what is selected;
+// gMarquee is the last frame alone, which the mouse takes hold of. There is one selection, in one
+// plot; it stays when another plot becomes the active one. Positions are plot units.
 
 #pragma once
 
@@ -16,7 +17,9 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace quandrel {
@@ -35,9 +38,21 @@ enum MarqueePlace : std::size_t {
 /// What the last two places hold when they are set; otherwise 0.
 inline constexpr float kMarqueeSet = 9999.0F;
 
-/// How far about a corner a press takes it: plot units, and logical pixels where these are more.
+/// How far about a corner a press takes it: plot units, and logical pixels where these are more; of
+/// a small frame a third of its extent, so that there is a middle left to take hold of.
 inline constexpr double kHandleUnits = 10;
 inline constexpr double kHandlePixels = 8;
+
+/// The least extent of a frame about selected rows, plot units: about 20 pixels in a plot of a
+/// fifth of the screen.
+inline constexpr double kLeastFrame = 100;
+
+/// What a frame does with what was selected before.
+enum class SelectionWay {
+    Replace, ///< what the frame holds is the selection
+    Add,     ///< what the frame holds joins it
+    Toggle,  ///< what the frame holds joins it, and leaves it where it was selected
+};
 
 extern std::array<float, 7> gMarquee;
 
@@ -95,6 +110,9 @@ void StandLasso(std::int32_t slot, std::vector<Point> corners);
 /// Moves the marquee that stands; the rows stay.
 void ShiftMarquee(double dx, double dy);
 
+/// Wipes the frame; the rows stay selected.
+void WipeMarquee();
+
 /// Wipes marquee and selection.
 void ClearSelection();
 
@@ -106,6 +124,7 @@ struct KeptSelection {
     std::array<float, 7> marquee{};
     std::vector<Point> lasso;
     std::vector<std::int32_t> rows;
+    std::optional<std::vector<std::size_t>> marks; ///< as PickedMarks
     std::int32_t slot = 0;
 };
 
@@ -122,9 +141,28 @@ void PutSelectionBack(KeptSelection kept);
 RowsInside(const RowTable& table, const std::function<bool(Point)>& isInside,
            const std::function<bool(std::int32_t)>& isVisible);
 
+/// The rows within the marquee that stands; none on the annotation layer, and of a rose.
+[[nodiscard]] std::vector<std::int32_t> RowsInMarquee();
+
 /// Fills gSelectionRows with what the marquee that stands holds. On the annotation layer the list
 /// stays empty. A rose has no rows to select.
 void SelectRowsInMarquee();
+
+/// As SelectRowsInMarquee for a frame that adds to what was selected, or toggles it; on the
+/// annotation layer the same with its marks.
+///
+/// @param former  the selection before the frame was drawn; that of another plot does not count
+void SelectInMarquee(SelectionWay way, const KeptSelection& former);
+
+/// The annotations that are selected, when frames have added to each other or toggled; nothing
+/// while those within the frame alone are. Ascending.
+[[nodiscard]] const std::optional<std::vector<std::size_t>>& PickedMarks();
+
+/// The annotations of a plot within the marquee that stands. Ascending.
+[[nodiscard]] std::vector<std::size_t> MarksInMarquee();
+
+/// How many rows are selected, for the status line: "3 rows selected"; empty for none.
+[[nodiscard]] std::string SelectionText();
 
 /// Lets edits of gActivePlot be about a layer. A marquee that stands on the plot holds what that
 /// layer has in it.
@@ -140,6 +178,10 @@ void SelectRows(std::int32_t slot, std::vector<std::int32_t> rows);
 
 /// Stands the marquee about the selected rows, where they are plotted.
 void FitMarqueeToRows();
+
+/// Gives the rectangle that stands the least size of a frame about its middle, unless it has more.
+/// Selects nothing.
+void WidenMarquee();
 
 /// Fits the marquee that stands on gActivePlot to its rows after these have moved, as in a
 /// rotation. Without selected rows it goes.

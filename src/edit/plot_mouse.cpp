@@ -14,6 +14,7 @@
 #include "edit/small_circle_pick.h"
 #include "orientation/projection.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -25,8 +26,17 @@ namespace {
 constexpr double kLassoStep = 4;
 
 constexpr float kDragState = -1;
+
+/// Rings of selected rows: plot units, and logical pixels where these are more.
 constexpr double kRingRadius = 16;
-constexpr double kHandleHalfSize = 3; // logical pixels
+constexpr double kRingRadiusPixels = 6;
+constexpr double kDiscRadius = 8;
+constexpr double kDiscPixels = 3;
+constexpr double kRingPixels = 2;
+constexpr double kHaloPixels = 1.5;
+constexpr std::size_t kMostRings = 50; ///< more places are filled
+
+constexpr double kHandleHalfSize = 3; ///< logical pixels
 constexpr int kMarqueeColour = 5;
 
 Point PlaceOf(const MouseEvent& event) {
@@ -41,14 +51,34 @@ Point Shifted(Point at, Point offset) {
     return {at.x + offset.x, at.y + offset.y};
 }
 
-Glyph RingGlyph() {
-    GlyphPart ring;
-    ring.kind = GlyphPart::Kind::Circle;
-    ring.points = {{0, 0}};
-    ring.radius = kRingRadius;
-    return {"selection ring", {ring}};
+/// A circle of a radius in plot units about a marker's position.
+Glyph CircleGlyph(GlyphPart::Ink ink, double radius) {
+    GlyphPart circle;
+    circle.kind = GlyphPart::Kind::Circle;
+    circle.ink = ink;
+    circle.points = {{0, 0}};
+    circle.radius = radius;
+    // Equal names stand for equal parts.
+    return {(ink == GlyphPart::Ink::Filled ? "selection disc " : "selection ring ")
+                + std::to_string(radius),
+            {circle}};
 }
 
+/// Marks with a halo about them, so that they are seen on any ground.
+void DrawWithHalo(Surface& surface, const Glyph& glyph, std::span<const Point> places,
+                  Colour highlight) {
+    const SavedState saved(surface);
+    DrawState state;
+    state.drawWidth = kRingPixels + 2 * kHaloPixels;
+    surface.SetState(state);
+    surface.Markers(glyph, kWhite, places);
+    state.drawWidth = kRingPixels;
+    surface.SetState(state);
+    surface.Markers(glyph, highlight, places);
+}
+
+/// Few rows wear rings, through which their symbols are seen; many are filled, as their rings would
+/// run together.
 void DrawRings(Surface& surface, std::vector<Point> places, Point offset, Colour highlight) {
     if (places.empty()) {
         return;
@@ -57,11 +87,13 @@ void DrawRings(Surface& surface, std::vector<Point> places, Point offset, Colour
         const Point to = Shifted(at, offset);
         at = IsOnNet(to.x, to.y) ? to : at;
     }
-    const SavedState saved(surface);
-    DrawState state;
-    state.drawWidth = 2;
-    surface.SetState(state);
-    surface.Markers(RingGlyph(), highlight, places);
+    const bool isFilled = places.size() > kMostRings;
+    const double pixels = isFilled ? kDiscPixels : kRingRadiusPixels;
+    const double radius =
+        std::max(isFilled ? kDiscRadius : kRingRadius, pixels * surface.PixelSize().x);
+    const Glyph glyph =
+        CircleGlyph(isFilled ? GlyphPart::Ink::Filled : GlyphPart::Ink::Outline, radius);
+    DrawWithHalo(surface, glyph, places, highlight);
 }
 
 DrawState MarqueeState() {
@@ -72,15 +104,36 @@ DrawState MarqueeState() {
     return state;
 }
 
+void DrawHandle(Surface& surface, Point at, double halfSize, Colour colour) {
+    const Point pixel = surface.PixelSize();
+    surface.FilledBox({at.x - halfSize * pixel.x, at.y + halfSize * pixel.y},
+                      {at.x + halfSize * pixel.x, at.y - halfSize * pixel.y}, colour);
+}
+
 void DrawHandles(Surface& surface, Point offset, Colour highlight) {
     const SavedState saved(surface);
     surface.SetState({});
-    const Point pixel = surface.PixelSize();
     for (const Point& corner : CornersOfMarquee()) {
-        const Point at = Shifted(corner, offset);
-        surface.FilledBox({at.x - kHandleHalfSize * pixel.x, at.y + kHandleHalfSize * pixel.y},
-                          {at.x + kHandleHalfSize * pixel.x, at.y - kHandleHalfSize * pixel.y},
-                          highlight);
+        DrawHandle(surface, Shifted(corner, offset), kHandleHalfSize, highlight);
+    }
+}
+
+/// Handles at the selected annotations of gActivePlot: at the mark, and at the end of its line.
+void DrawHandlesOfMarks(Surface& surface, Point offset, Colour highlight) {
+    const SavedState saved(surface);
+    surface.SetState({});
+    const auto draw = [&](std::int16_t x, std::int16_t y) {
+        const Point at = Shifted({static_cast<double>(x), static_cast<double>(y)}, offset);
+        DrawHandle(surface, at, kHandleHalfSize + kHaloPixels, kWhite);
+        DrawHandle(surface, at, kHandleHalfSize, highlight);
+    };
+    const std::span<const Annotation> annotations = AnnotationsOf(gActivePlot);
+    for (const std::size_t member : SelectedAnnotations()) {
+        const Annotation& annotation = annotations[member];
+        draw(annotation.X, annotation.Y);
+        if (!annotation.LineNodes.empty()) {
+            draw(annotation.LineNodes.back().X, annotation.LineNodes.back().Y);
+        }
     }
 }
 
@@ -111,6 +164,26 @@ PointerShape ShapeOfHandle(int corner) {
     const Point& opposite = corners[static_cast<std::size_t>(corner + 2) % corners.size()];
     return (at.x - opposite.x) * (at.y - opposite.y) >= 0 ? PointerShape::HandleRising
                                                           : PointerShape::HandleFalling;
+}
+
+/// What a frame drawn with these keys does.
+SelectionWay WayOfKeys(int shift) {
+    if (shift == kShiftKey) {
+        return SelectionWay::Add;
+    }
+    return shift == kCtrlKey ? SelectionWay::Toggle : SelectionWay::Replace;
+}
+
+/// Takes out of a selection what the frame that stands holds.
+void LeaveOutFrame(KeptSelection& selection) {
+    const std::vector<std::int32_t> rows = RowsInMarquee();
+    std::erase_if(selection.rows,
+                  [&](std::int32_t row) { return std::ranges::binary_search(rows, row); });
+    if (selection.marks) {
+        const std::vector<std::size_t> marks = MarksInMarquee();
+        std::erase_if(*selection.marks,
+                      [&](std::size_t mark) { return std::ranges::binary_search(marks, mark); });
+    }
 }
 
 /// What there is to know of a press while a girdle or a small circle waits for the mouse.
@@ -209,6 +282,7 @@ void PlotMouse::Cancel() {
         EndSmallCirclePick();
     }
     kept_ = {};
+    base_ = {};
 }
 
 Point PlotMouse::DragOffset() const {
@@ -225,6 +299,9 @@ void PlotMouse::OverlayShapes(Surface& surface, std::int32_t slot, Colour highli
     DrawRings(surface, LitPlaces(slot), movesRows ? offset : Point{}, highlight);
     if (isOwn && MarqueeStands()) {
         DrawStandingMarquee(surface, offset, highlight);
+    }
+    if (isOwn && slot == gActivePlot && gActiveLayer == kAnnotationLayer) {
+        DrawHandlesOfMarks(surface, offset, highlight);
     }
     if (slot == slot_ && drag_ == Drag::Marquee) {
         DrawMarquee(surface, anchor_, last_);
@@ -289,7 +366,7 @@ void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
         drag_ = gActiveLayer == kAnnotationLayer ? BeginAnnotation(event) : Drag::Point;
     } else if (isLeft && event.shift == 0 && PressSmallCircle(event.x, event.y)) {
         drag_ = Drag::Pick;
-    } else if (isLeft && (event.shift == 0 || event.shift == kShiftKey)) {
+    } else if (isLeft && (event.shift == 0 || WayOfKeys(event.shift) != SelectionWay::Replace)) {
         BeginMarquee(event, modes);
     }
 }
@@ -314,11 +391,32 @@ void PlotMouse::BeginMarquee(const MouseEvent& event, const MouseModes& modes) {
     if (handle >= 0) {
         anchor_ = CornersOfMarquee()[static_cast<std::size_t>(handle + 2) % 4];
     }
-    ClearSelection();
+    BeginFrame(event, handle);
     drag_ = modes.lasso && handle < 0 ? Drag::Lasso : Drag::Marquee;
     lasso_ = {start_};
     gMarquee[kMarqueeState] = kDragState;
     gMarquee[kMarqueeDragging] = kMarqueeSet;
+}
+
+void PlotMouse::BeginFrame(const MouseEvent& event, int handle) {
+    base_ = kept_;
+    if (gActiveLayer == kAnnotationLayer) {
+        base_.marks = SelectedAnnotations();
+    }
+    way_ = WayOfKeys(event.shift);
+    if (handle >= 0) {
+        // The frame that is pulled lets go of what it holds; what others took stays.
+        LeaveOutFrame(base_);
+        way_ = SelectionWay::Add;
+    }
+    if (way_ == SelectionWay::Replace || gMarqueeSlot != gActivePlot) {
+        ClearSelection();
+        return;
+    }
+    KeptSelection shown = base_;
+    shown.marquee = {};
+    shown.lasso.clear();
+    PutSelectionBack(std::move(shown));
 }
 
 void PlotMouse::Follow(const MouseEvent& event) {
@@ -350,7 +448,7 @@ void PlotMouse::End(const MouseEvent& event, const MouseModes& modes) {
     switch (former) {
     case Drag::Marquee:
     case Drag::Lasso:
-        EndMarquee(event, isClick, former == Drag::Lasso);
+        EndMarquee(event, modes, isClick, former == Drag::Lasso);
         break;
     case Drag::Selection:
         EndSelection(event, isClick);
@@ -369,13 +467,15 @@ void PlotMouse::End(const MouseEvent& event, const MouseModes& modes) {
     }
     lasso_.clear();
     kept_ = {};
+    base_ = {};
 }
 
-void PlotMouse::EndMarquee(const MouseEvent& event, bool isClick, bool isLasso) {
+void PlotMouse::EndMarquee(const MouseEvent& event, const MouseModes& modes, bool isClick,
+                           bool isLasso) {
     constexpr std::size_t kLeastCorners = 3;
     gMarquee = {};
     if (isClick || (isLasso && lasso_.size() < kLeastCorners)) {
-        ClearSelection();
+        SelectUnder(start_, modes.pixel);
         return;
     }
     if (isLasso) {
@@ -383,7 +483,23 @@ void PlotMouse::EndMarquee(const MouseEvent& event, bool isClick, bool isLasso) 
     } else {
         StandMarquee(slot_, anchor_, PlaceOf(event));
     }
-    SelectRowsInMarquee();
+    SelectInMarquee(way_, base_);
+}
+
+void PlotMouse::SelectUnder(Point at, Point pixel) {
+    if (way_ == SelectionWay::Replace) {
+        ClearSelection();
+        return;
+    }
+    const Point reach{std::max(kHandleUnits, kHandlePixels * pixel.x),
+                      std::max(kHandleUnits, kHandlePixels * pixel.y)};
+    StandMarquee(slot_, {at.x - reach.x, at.y + reach.y}, {at.x + reach.x, at.y - reach.y});
+    if (RowsInMarquee().empty() && MarksInMarquee().empty()) {
+        PutSelectionBack(std::move(kept_));
+        return;
+    }
+    SelectInMarquee(way_, base_);
+    WidenMarquee();
 }
 
 void PlotMouse::EndSelection(const MouseEvent& event, bool isClick) {

@@ -5,6 +5,9 @@
 // The window tells each event with its place in plot units, the button, the keys held down and the
 // modes of the program, and gets told what there is to show. All of it works on gActivePlot, which
 // the window has to be when it sends a press.
+//
+// A frame drawn with Shift adds to the selection, unless a girdle is active, which has Shift for
+// itself; one drawn with Ctrl toggles. A click with these keys is about the rows under the pointer.
 
 #pragma once
 
@@ -82,10 +85,11 @@ public:
     /// How far the selection has been dragged, plot units.
     [[nodiscard]] Point DragOffset() const;
 
-    /// Draws what stands above the picture of a plot: rings about the rows that are selected, or
-    /// are the same as selected ones of another plot; the marquee with its handles, or the lasso;
-    /// while the selection is dragged, both where they would come to lie. Over the active plot also
-    /// the girdle or the small circle that the mouse holds.
+    /// Draws what is above the picture of a plot: rings about the rows that are selected, or are
+    /// the same as selected ones of another plot, discs instead where there are many; the marquee
+    /// with its handles, or the lasso; handles at selected annotations; while the selection is
+    /// dragged, all of these where they would come to lie. Over the active plot also the girdle or
+    /// the small circle that the mouse holds.
     ///
     /// @param surface    in plot scale; its state is left as it was
     /// @param highlight  colour of rings and handles
@@ -102,7 +106,9 @@ private:
     void BeginMarquee(const MouseEvent& event, const MouseModes& modes);
     void Follow(const MouseEvent& event);
     void End(const MouseEvent& event, const MouseModes& modes);
-    void EndMarquee(const MouseEvent& event, bool isClick, bool isLasso);
+    void BeginFrame(const MouseEvent& event, int handle);
+    void EndMarquee(const MouseEvent& event, const MouseModes& modes, bool isClick, bool isLasso);
+    void SelectUnder(Point at, Point pixel);
     void EndSelection(const MouseEvent& event, bool isClick);
     [[nodiscard]] bool IsClick(const MouseEvent& event, const MouseModes& modes) const;
 
@@ -115,6 +121,8 @@ private:
     Point last_;               ///< where the pointer is
     std::vector<Point> lasso_; ///< drawn so far
     KeptSelection kept_;       ///< the selection before the drag
+    KeptSelection base_;       ///< what of it the frame adds to, or toggles
+    SelectionWay way_ = SelectionWay::Replace;
 };
 
 /// Draws the frame of a marquee, in a pen that shows on any ground: drawn twice it is gone.

@@ -323,7 +323,6 @@ void ClosePlot(int slot) {
     if (!wasActive) {
         return;
     }
-    gSelectionRows.clear();
     gActivePlot = 0;
     for (int other = HighestSlot(); other >= 1 && gActivePlot == 0; --other) {
         gActivePlot = IsOpenSlot(other) ? other : 0;

@@ -123,6 +123,7 @@ private:
     void UpdateUndo();
     void UpdatePaste();
     void SelectionChanged();
+    void ShowSelectionCount();
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
@@ -143,6 +144,7 @@ private:
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;
+    QString selectionText_; ///< what the status line was last told of the selection
     std::unique_ptr<MapLinkWindows> mapLink_;
 };
 

@@ -30,6 +30,8 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 
+#include <utility>
+
 namespace quandrel {
 
 namespace {
@@ -164,7 +166,16 @@ void GeolPlotMain::SelectionChanged() {
     NetMouse::UpdateOverlays();
     displays_->SelectionChanged();
     UpdateEditMenus();
+    ShowSelectionCount();
     FollowSelectionInMap();
+}
+
+void GeolPlotMain::ShowSelectionCount() {
+    const QString former = std::exchange(selectionText_, QString::fromStdString(SelectionText()));
+    // Texts that others have put there since stay.
+    if (!selectionText_.isEmpty() || (!former.isEmpty() && panInfoLine->text() == former)) {
+        SetStatusText(selectionText_);
+    }
 }
 
 void GeolPlotMain::UpdateMapLink() {

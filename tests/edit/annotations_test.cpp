@@ -214,12 +214,21 @@ TEST_F(AnnotationLayer, HidingKeepsTheMembers) {
     EXPECT_NE(ActiveRecord().ShowAnnotations, 0) << "adding shows them";
 }
 
-TEST_F(AnnotationLayer, RemovingAllCannotBeTakenBack) {
+TEST_F(AnnotationLayer, RemovingAllCanBeTakenBackAndMadeAgain) {
     SelectTwoOfThree();
+    const Pairs before = Places();
+    ActiveRecord().Modified = 0;
     RemoveAllAnnotations();
     EXPECT_TRUE(AnnotationsOf(gActivePlot).empty());
     EXPECT_EQ(ActiveRecord().ShowAnnotations, 0);
-    EXPECT_FALSE(CanUndo());
+    EXPECT_EQ(UndoCaption(), "&Undo Removal");
+    UndoLastEdit();
+    EXPECT_EQ(Places(), before);
+    EXPECT_NE(ActiveRecord().ShowAnnotations, 0);
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    RedoLastEdit();
+    EXPECT_TRUE(AnnotationsOf(gActivePlot).empty());
+    EXPECT_EQ(ActiveRecord().ShowAnnotations, 0);
 }
 
 TEST_F(AnnotationLayer, StylesFallBackOnTheTable) {
@@ -321,18 +330,41 @@ TEST_F(AnnotationLayer, CopiesGoToAnotherPlotWithTagsOfTheirOwn) {
     AddAnnotation(kLeftMouseButton, 0, 0);
     SetAnnotationsShown(false);
     EditAnnotations(kPasteAnnotations);
-    EXPECT_EQ(Places(), (Pairs{{0, 0}, {100, 100}, {200, 150}}));
+    EXPECT_EQ(Places(), (Pairs{{0, 0}, {130, 70}, {230, 120}})) << "30 units off";
     EXPECT_EQ(Tags(), (std::vector<std::string>{"1", "2", "3"}));
     EXPECT_EQ(Marks()[2].SymbolType, 22);
     EXPECT_EQ(Marks()[2].lineStyle, 2);
     ASSERT_EQ(Marks()[2].LineNodes.size(), 2U);
-    EXPECT_EQ(Marks()[2].LineNodes[1].X, -220);
+    EXPECT_EQ(Marks()[2].LineNodes[1].X, -190);
     EXPECT_NE(ActiveRecord().ShowAnnotations, 0);
     EXPECT_EQ(gLastEditKind, kAnnotationPaste);
     EXPECT_EQ(UndoCaption(), "&Undo paste");
     UndoLastEdit();
     EXPECT_EQ(Places(), (Pairs{{0, 0}}));
     EXPECT_EQ(ActiveRecord().ShowAnnotations, 0);
+}
+
+TEST_F(AnnotationLayer, PastedOnesCoverNoneThatAreThereAndKeepTheirOrderAmongThemselves) {
+    clipboard.SetText(AnnotationText({MarkAt(0, 0), MarkAt(30, -30)}));
+    for (int i = 0; i < 3; ++i) {
+        EditAnnotations(kPasteAnnotations);
+    }
+    EXPECT_EQ(Places(),
+              (Pairs{{30, -30}, {60, -60}, {90, -90}, {120, -120}, {150, -150}, {180, -180}}));
+}
+
+TEST_F(AnnotationLayer, PastedOnesStayInThePicture) {
+    for (const auto& at : Pairs{{1090, 0}, {0, -1095}, {1095, -1095}, {-1095, 1095}}) {
+        RemoveAllAnnotations();
+        clipboard.SetText(AnnotationText(
+            {MarkAt(static_cast<std::int16_t>(at.first), static_cast<std::int16_t>(at.second))}));
+        EditAnnotations(kPasteAnnotations);
+        ASSERT_EQ(Places().size(), 1U);
+        const auto [x, y] = Places()[0];
+        EXPECT_EQ(std::abs(x - at.first), 30);
+        EXPECT_EQ(std::abs(y - at.second), 30);
+        EXPECT_LE(std::max(std::abs(x), std::abs(y)), 1100);
+    }
 }
 
 TEST_F(AnnotationLayer, PasteKnowsWhatItGets) {
@@ -391,7 +423,7 @@ TEST_F(AnnotationLayer, BadLinesOfAPasteAreToldOnceAndTheOthersKept) {
                       "-5\t6\t22\t5\t3\t0\t1\t1\t2\n");
     Expect("Errors were encountered while pasting the copied annotations.");
     EditAnnotations(kPasteAnnotations);
-    EXPECT_EQ(Places(), (Pairs{{10, 20}, {-5, 6}}));
+    EXPECT_EQ(Places(), (Pairs{{40, -10}, {25, -24}}));
     EXPECT_EQ(Tags(), (std::vector<std::string>{"1", "2"}));
 }
 

@@ -79,6 +79,36 @@ TEST_F(LinkedRows, TheMarqueeInOnePlotLightsTheOthers) {
     EXPECT_TRUE(LitPlaces(parent).empty());
 }
 
+TEST_F(LinkedRows, MakingAndRefreshingADerivedPlotKeepsTheSelectionAndLightsItsRows) {
+    SelectRows(parent, {1, 4});
+    FitMarqueeToRows();
+    const std::array<float, 7> frame = gMarquee;
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    const int axes = gActivePlot;
+    ASSERT_NE(axes, parent);
+    EXPECT_EQ(gSelectionRows, (Rows{1, 4}));
+    EXPECT_EQ(gMarquee, frame);
+    EXPECT_TRUE(MarqueeStandsOn(parent));
+    EXPECT_EQ(LitRows(axes).size(), 4U);
+    gActivePlot = parent;
+    gDataDip.At(parent, 1) = 50;
+    gData2Dip.At(parent, 1) = 50;
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    EXPECT_EQ(gSelectionRows, (Rows{1, 4}));
+    EXPECT_EQ(LitRows(gActivePlot).size(), 4U);
+}
+
+TEST_F(LinkedRows, ASelectionInADerivedPlotLosesTheRowsThatItsRefreshDrops) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    const int axes = gActivePlot;
+    SelectRows(axes, {2, 6});
+    gData2Dip.At(parent, 4) = kErrorRow; // one fault loses its line
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_EQ(RecordOf(axes).NumData, 4);
+    EXPECT_EQ(SelectedRowsOf(axes).size(), 1U);
+    EXPECT_EQ(LitPlaces(axes).size(), 1U);
+}
+
 TEST_F(LinkedRows, TheTwoPlotsOfAxesGoByTheirNumbers) {
     ASSERT_TRUE(MakeKinematicPlots(kAxesOnTwoPlots));
     const int extension = gActivePlot;

@@ -239,9 +239,13 @@ TEST_F(MoveRows, TheMarqueeFollowsRowsThatAreNudged) {
     EXPECT_EQ(NudgeSelection(1, 0), 1);
     EXPECT_EQ(Row(1), (Pair{46, 10}));
     const PlottedRow row = TableOf(gActivePlot)[0];
-    EXPECT_NEAR(RectangleOfMarquee().left, row.x - 10, 1e-6);
-    EXPECT_NEAR(RectangleOfMarquee().top, row.y + 10, 1e-6);
+    EXPECT_NEAR(RectangleOfMarquee().left, row.x - 50, 1e-6) << "as small as a frame gets";
+    EXPECT_NEAR(RectangleOfMarquee().top, row.y + 50, 1e-6);
     EXPECT_EQ(gSelectionRows.size(), 1U);
+    AddRow(0, 90);
+    SelectAll();
+    EXPECT_EQ(NudgeSelection(0, 1), 2);
+    EXPECT_NEAR(RectangleOfMarquee().right, TableOf(gActivePlot)[1].x + 10, 1e-6);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "edit/annotations.h"
 #include "edit/girdle_pull.h"
 #include "edit/marquee.h"
+#include "edit/move_rows.h"
 #include "edit/plot_mouse.h"
 #include "edit/small_circle_pick.h"
 #include "edit/small_circles.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <random>
 
 namespace quandrel {
@@ -448,6 +450,165 @@ TEST_F(PlotMouseTest, ArrowsTurnTheSelectionByADegree) {
     EXPECT_FALSE(mouse.Key(PlotKey::Up));
 }
 
+TEST_F(PlotMouseTest, ShiftAddsWhatItsFrameHolds) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    AddRow(80, 0);
+    Drag({10, 100}, {300, -100});
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2}));
+    EXPECT_EQ(gMarquee, (std::array<float, 7>{0, -300, 100, 290, -200, 0, 9999}))
+        << "the last frame stands";
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2})) << "rows are added once";
+}
+
+TEST_F(PlotMouseTest, CtrlTogglesWhatItsFrameHolds) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    AddRow(80, 0);
+    Drag({-300, 100}, {300, -100});
+    ASSERT_EQ(gSelectionRows, (Rows{1, 2}));
+    Drag({-300, 300}, {-10, -100}, kLeftMouseButton, kCtrlKey);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    Drag({-300, 300}, {300, -100}, kLeftMouseButton, kCtrlKey);
+    EXPECT_EQ(gSelectionRows, (Rows{2, 3}));
+}
+
+TEST_F(PlotMouseTest, WhileAFrameIsDrawnToAddTheFormerRowsStayLit) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    Drag({10, 100}, {300, -100});
+    (void)Press(-300, 100, kLeftMouseButton, kShiftKey);
+    (void)Move(-200, 0, kShiftKey);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    EXPECT_FALSE(Rings().empty());
+    EXPECT_TRUE(mouse.Key(PlotKey::Escape));
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    EXPECT_EQ(gMarquee[kMarqueeX], 10);
+}
+
+TEST_F(PlotMouseTest, AClickWithShiftOrCtrlIsAboutTheRowsUnderIt) {
+    AddRow(80, 90);  // (123, 0)
+    AddRow(80, 270); // (-123, 0)
+    const auto click = [&](double x, double y, int keys) {
+        (void)Press(x, y, kLeftMouseButton, keys);
+        (void)Release(x, y, kLeftMouseButton, keys);
+    };
+    click(120, 3, kShiftKey);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    click(-120, 0, kShiftKey);
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2}));
+    click(120, 0, kCtrlKey);
+    EXPECT_EQ(gSelectionRows, Rows{2});
+    click(500, 500, kShiftKey);
+    EXPECT_EQ(gSelectionRows, Rows{2}) << "beside all rows";
+    EXPECT_TRUE(MarqueeStands());
+    click(120, 0, 0);
+    EXPECT_EQ(gSelectionRows, Rows{}) << "a plain click clears";
+}
+
+TEST_F(PlotMouseTest, ShiftAddsNothingWhileAGirdleIsActive) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    Drag({10, 100}, {300, -100});
+    FocusGirdle(3);
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
+    EXPECT_EQ(gSelectionRows, Rows{1});
+    EXPECT_TRUE(IsGirdleShown(3));
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kCtrlKey);
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2})) << "Ctrl alone is no key of girdles";
+}
+
+TEST_F(PlotMouseTest, DragsAndKeysActOnAllSelectedRows) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    Drag({10, 100}, {300, -100});
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
+    Drag({-200, 50}, {-200, 250}); // within the last frame
+    EXPECT_GT(gDataAz(gActivePlot, 2), 270);
+    EXPECT_LT(gDataAz(gActivePlot, 1), 90) << "a row outside the last frame";
+    const int dip = gDataDip(gActivePlot, 1);
+    EXPECT_TRUE(mouse.Key(PlotKey::Down));
+    EXPECT_EQ(gDataDip(gActivePlot, 1), dip - 1);
+}
+
+TEST_F(PlotMouseTest, PullingACornerKeepsTheRowsOfOtherFrames) {
+    AddRow(80, 90);
+    AddRow(80, 270);
+    AddRow(80, 0);
+    Drag({10, 100}, {300, -100});
+    Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
+    Drag({-10, 100}, {60, 300});
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2, 3}));
+    Drag({-300, -100}, {-50, 50});
+    EXPECT_EQ(gSelectionRows, (Rows{1, 3})) << "what leaves the last frame goes";
+}
+
+TEST_F(PlotMouseTest, OnTheAnnotationLayerShiftAddsAndCtrlToggles) {
+    gActiveLayer = kAnnotationLayer;
+    for (const int x : {-500, 0, 500}) {
+        ASSERT_TRUE(AddAnnotation(kLeftMouseButton, x, 0));
+    }
+    Drag({-600, 100}, {-400, -100});
+    Drag({400, 100}, {600, -100}, kLeftMouseButton, kShiftKey);
+    EXPECT_EQ(SelectedAnnotations(), (std::vector<std::size_t>{0, 2}));
+    Drag({450, 50}, {450, 150});
+    EXPECT_EQ(AnnotationsOf(gActivePlot)[0].Y, 100) << "outside the last frame";
+    EXPECT_EQ(AnnotationsOf(gActivePlot)[1].Y, 0);
+    EXPECT_EQ(AnnotationsOf(gActivePlot)[2].Y, 100);
+    Drag({-600, 200}, {600, -100}, kLeftMouseButton, kCtrlKey);
+    EXPECT_EQ(SelectedAnnotations(), std::vector<std::size_t>{1});
+    EXPECT_TRUE(gSelectionRows.empty());
+    Drag({-700, 300}, {700, -300});
+    EXPECT_EQ(SelectedAnnotations().size(), 3U) << "a plain frame begins anew";
+}
+
+TEST_F(PlotMouseTest, ARunOfStepsIsTakenBackAsOne) {
+    AddRow(45, 10);
+    AddRow(20, 200);
+    SelectRows(gActivePlot, {1});
+    ActiveRecord().Modified = 0;
+    for (const PlotKey key : {PlotKey::Up, PlotKey::Up, PlotKey::Right}) {
+        ASSERT_TRUE(mouse.Key(key));
+    }
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 47);
+    UndoLastEdit();
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 45);
+    EXPECT_EQ(gDataAz(gActivePlot, 1), 10);
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    RedoLastEdit();
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 47);
+    EXPECT_EQ(gDataAz(gActivePlot, 1), 11);
+}
+
+TEST_F(PlotMouseTest, ARunOfStepsEndsAtAnotherSelectionEditOrSave) {
+    AddRow(45, 10);
+    AddRow(20, 200);
+    SelectRows(gActivePlot, {1});
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    SelectRows(gActivePlot, {2});
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    UndoLastEdit();
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 46) << "the other selection's step is another run";
+    EXPECT_EQ(gDataDip(gActivePlot, 2), 20);
+
+    SelectRows(gActivePlot, {1});
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    ActiveRecord().Modified = 0; // saved
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    UndoLastEdit();
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 47);
+    EXPECT_EQ(ActiveRecord().Modified, 0) << "as it was saved";
+
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    ASSERT_GT(MoveSelection(0, 150), 0);
+    const int moved = gDataDip(gActivePlot, 1);
+    ASSERT_TRUE(mouse.Key(PlotKey::Up));
+    UndoLastEdit();
+    EXPECT_EQ(gDataDip(gActivePlot, 1), moved);
+}
+
 TEST_F(PlotMouseTest, ThePointerTellsWhatAPressWouldDo) {
     AddRow(90, 0);
     EXPECT_EQ(Move(0, 0).pointer, PointerShape::Cross);
@@ -480,9 +641,14 @@ TEST_F(PlotMouseTest, SelectedRowsWearARingAboveThePicture) {
     AddRow(0, 180);
     SelectRows(gActivePlot, {1, 2});
     const std::vector<DrawOperation> shapes = Overlay();
-    ASSERT_EQ(shapes.size(), 1U); // no frame
-    EXPECT_EQ(shapes[0].points, (std::vector<Point>{{1000, 0}}));
-    EXPECT_EQ(shapes[0].colour, kHighlight);
+    ASSERT_EQ(shapes.size(), 2U); // no frame
+    for (const DrawOperation& operation : shapes) {
+        EXPECT_EQ(operation.points, (std::vector<Point>{{1000, 0}}));
+    }
+    EXPECT_EQ(shapes[0].colour, kWhite) << "the halo, below the ring";
+    EXPECT_EQ(shapes[1].colour, kHighlight);
+    EXPECT_EQ(shapes[1].state.drawWidth, 2);
+    EXPECT_GT(shapes[0].state.drawWidth, shapes[1].state.drawWidth);
     StandMarquee(gActivePlot, {900, 100}, {1100, -100});
     for (const DrawOperation& operation : Overlay()) {
         if (operation.kind == Kind::Box) {
@@ -490,7 +656,7 @@ TEST_F(PlotMouseTest, SelectedRowsWearARingAboveThePicture) {
             EXPECT_EQ(operation.state.drawStyle, kDashedLine);
         }
     }
-    EXPECT_EQ(Overlay().size(), 6U); // rings, frame, four handles
+    EXPECT_EQ(Overlay().size(), 7U); // halo, rings, frame, four handles
 }
 
 TEST_F(PlotMouseTest, AHundredThousandRowsDrawOneRingAPlace) {
@@ -503,7 +669,70 @@ TEST_F(PlotMouseTest, AHundredThousandRowsDrawOneRingAPlace) {
     SelectAll();
     EXPECT_EQ(gSelectionRows.size(), 100000U);
     EXPECT_LE(Rings().size(), 91U * 360U);
-    EXPECT_EQ(Overlay().size(), 6U);
+    EXPECT_EQ(Overlay().size(), 7U);
+}
+
+TEST_F(PlotMouseTest, AboveFiftyPlacesTheRingsAreFilled) {
+    const auto glyphOf = [&](std::int32_t rows) {
+        Rows selected(static_cast<std::size_t>(rows));
+        std::iota(selected.begin(), selected.end(), 1);
+        SelectRows(gActivePlot, selected);
+        return Overlay().back().text;
+    };
+    for (int row = 0; row < 51; ++row) {
+        AddRow(30, 7 * row);
+    }
+    EXPECT_TRUE(glyphOf(50).starts_with("selection ring")) << glyphOf(50);
+    EXPECT_TRUE(glyphOf(51).starts_with("selection disc")) << glyphOf(51);
+}
+
+TEST_F(PlotMouseTest, RingsAreSeenInSmallPicturesToo) {
+    AddRow(30, 90);
+    SelectAll();
+    for (const int width : {200, 400, 1100}) {
+        RecordingSurface surface(width, width);
+        surface.SetUserScale(kPlotScale);
+        mouse.OverlayShapes(surface, gActivePlot, kHighlight);
+        const double radius = std::stod(surface.Operations()[0].text.substr(15));
+        EXPECT_GE(radius / surface.PixelSize().x, 6 - 1e-9) << width;
+    }
+}
+
+TEST_F(PlotMouseTest, TheFrameOfARowCanBeTakenHoldOfInSmallPictures) {
+    AddRow(60, 90);
+    for (const double pixel : {1.0, 5.5, 11.0}) {
+        modes.pixel = {pixel, pixel};
+        SelectRows(gActivePlot, {1});
+        FitMarqueeToRows();
+        const PlotRectangle frame = RectangleOfMarquee();
+        const Point middle{(frame.left + frame.right) / 2, (frame.bottom + frame.top) / 2};
+        EXPECT_EQ(Move(middle.x, middle.y).pointer, PointerShape::Move) << pixel;
+        EXPECT_EQ(Move(frame.left, frame.top).pointer, PointerShape::HandleFalling) << pixel;
+    }
+}
+
+TEST_F(PlotMouseTest, SelectedAnnotationsGetHandles) {
+    gActiveLayer = kAnnotationLayer;
+    ASSERT_TRUE(AddAnnotation(kLeftMouseButton, 100, 0));
+    ASSERT_TRUE(AddAnnotation(kLeftMouseButton, -500, 0));
+    StandMarquee(gActivePlot, {0, 200}, {300, -200});
+    SelectRowsInMarquee();
+    const auto handleAt = [&](double x, double y) {
+        const std::vector<DrawOperation> shapes = Overlay();
+        return std::ranges::count_if(shapes, [&](const DrawOperation& operation) {
+            return operation.kind == Kind::FilledBox && operation.points[0].x < x
+                   && operation.points[1].x > x && operation.points[0].y > y
+                   && operation.points[1].y < y;
+        });
+    };
+    EXPECT_EQ(handleAt(100, 0), 2) << "with a halo";
+    EXPECT_EQ(handleAt(-500, 0), 0);
+    (void)Press(100, 100);
+    (void)Move(150, 120);
+    EXPECT_EQ(handleAt(150, 20), 2) << "they follow a drag";
+    (void)Release(100, 100);
+    gActiveLayer = kDataLayer;
+    EXPECT_EQ(handleAt(100, 0), 0);
 }
 
 TEST_F(PlotMouseTest, RandomEventsKeepTheStoreWhole) {

@@ -42,6 +42,47 @@ TEST_F(PlotEditing, AddSelectMoveUndo) {
     EXPECT_EQ(gDataAz(gActivePlot, 3), 0);
 }
 
+TEST_F(PlotEditing, TheStatusLineCountsTheSelectedRows) {
+    OpenLines("lines.txt", "80\t90\n80\t270\n80\t0\n");
+    Drag({10, 100}, {300, -100});
+    EXPECT_EQ(Info(), "1 row selected");
+    Drag({-300, 300}, {-10, -100}, Qt::ShiftModifier);
+    EXPECT_EQ(Info(), "2 rows selected");
+    Drag({-300, 300}, {50, -100}, Qt::ControlModifier);
+    EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1, 3}));
+    Press("mnuEditSelection_8");
+    EXPECT_EQ(Info(), "");
+    Press("mnuEditSelection_7");
+    main->SetStatusText("another text");
+    Press("mnuEditSelection_8");
+    EXPECT_EQ(Info(), "another text");
+}
+
+TEST_F(PlotEditing, GirdlesOverlaysAndAnnotationsComeBackFromTheMenu) {
+    OpenFile("a.txt");
+    prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
+    Press("mnuFileLoad_2");
+    ASSERT_EQ(ActiveRecord().OverlayRows[0], 1);
+    Press("mnuEditRemoveOverlay");
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(Action("mnuEditUndo").text(), "&Undo Removal");
+    Press("mnuEditUndo");
+    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    FormOfSlot(gActivePlot).tabLayers->setCurrentIndex(0);
+    Click(-300, 300, Qt::AltModifier);
+    ASSERT_EQ(AnnotationsOf(gActivePlot).size(), 1U);
+    Press("mnuEditRemoveAnnotation");
+    EXPECT_TRUE(AnnotationsOf(gActivePlot).empty());
+    Press("mnuEditUndo");
+    EXPECT_EQ(AnnotationsOf(gActivePlot).size(), 1U);
+    FocusGirdle(3);
+    Drag({100, 0}, {200, 0}, Qt::ShiftModifier);
+    ASSERT_TRUE(IsGirdleShown(3));
+    EXPECT_EQ(Action("mnuEditUndo").text(), "&Undo Girdle");
+    Press("mnuEditUndo");
+    EXPECT_FALSE(IsGirdleShown(3));
+}
+
 TEST_F(PlotEditing, CutAllAndUndo) {
     OpenFile("a.txt");
     Press("mnuEditSelection_7");
