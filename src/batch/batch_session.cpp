@@ -62,6 +62,20 @@ bool MovesRows(const std::string& field) {
            || field.starts_with("OverlayKind");
 }
 
+/// Fields that are an edit of the plot: its texts, its styles and its marks. What is shown, and
+/// how, is not.
+bool IsEdit(const std::string& name) {
+    static const std::set<std::string> edits = {
+        "DescriptionText", "FabricText",        "AppNumName",         "AppNonNumName",
+        "PlotTitle",       "AxisItems",         "ClassTable",         "ClassStats",
+        "ClassLow",        "ClassHigh",         "ClassWidth",         "ClassMode",
+        "NumClasses",      "RoseShape",         "RoseType",           "RoseEqualArea",
+        "RoseSectorSize",  "RoseOddSectorSize", "RoseStartAngle",     "RoseScaleType",
+        "RoseHistStyle",   "RoseSegShape",      "RoseSectorFraction", "RoseZeroCircle",
+        "RoseBiasMode",    "RoseSamplePlunge",  "RoseSampleTrend",    "RoseMinBiasAngle"};
+    return edits.contains(name);
+}
+
 /// The values that a field may take from a script.
 struct FieldRange {
     double lowest = 0;
@@ -247,7 +261,6 @@ std::string BatchSession::Activate(const Command& command) {
         return "'" + command.Words() + "' is no open plot";
     }
     gActivePlot = *slot;
-    gSelectionRows.clear();
     FollowGridOfPlot();
     return {};
 }
@@ -377,6 +390,9 @@ std::string BatchSession::Set(const Command& command) {
     }
     if (error.empty()) {
         setPlots_.insert(gActivePlot);
+        if (IsEdit(field->substr(0, field->find('[')))) {
+            ActiveRecord().Modified = kTrue;
+        }
     }
     if (showedSecondary != (ActiveRecord().ShowSecondary != 0)) {
         FollowShownSet(ActiveRecord());

@@ -58,11 +58,6 @@ bool HasOverlayOfArrows(const PlotRecord& record) {
                         "Do you want to continue and treat these Secondary data as Lines anyway?");
 }
 
-void SetMode(PlotRecord& record, std::int16_t mode) {
-    record.PlotSymbolMode = mode;
-    record.Modified = kTrue;
-}
-
 void EndArrows(PlotRecord& record) {
     record.DensityInvalid = 0;
     record.NumSymbolsInPlot = 0;
@@ -94,7 +89,6 @@ void ToggleSecondaryData() {
         return;
     }
     record.ShowSecondary = record.ShowSecondary != 0 ? std::int16_t{0} : kTrue;
-    record.Modified = kTrue;
     RebuildRowTable(gActivePlot);
     FollowShownSigns(gActivePlot);
     SetDataType(DataKindOfSet(ShowsPlaneData(record), record.DataKind));
@@ -181,7 +175,7 @@ void SetSlipArrows(int option) {
         RebuildRowTable(gActivePlot);
     }
     ShowSetOfOption(record, option);
-    SetMode(record, option == kArrowsOnPlanes ? kGreatCircles : kPointSymbols);
+    record.PlotSymbolMode = option == kArrowsOnPlanes ? kGreatCircles : kPointSymbols;
     record.SelectedOverlay = 0;
     if (option == kArrowsOnPlanes && !AppendSecondaryOverlay(kOverlayPolarLines)) {
         TellOfError();
@@ -195,7 +189,7 @@ void ReleaseSlipArrows(int option) {
     PlotRecord& record = ActiveRecord();
     EndArrows(record);
     if (option != kArrowsOnPlanes) {
-        SetMode(record, kPointSymbols);
+        record.PlotSymbolMode = kPointSymbols;
     }
     record.SelectedOverlay = 0;
     ReplotActivePlot(false);

@@ -213,8 +213,13 @@ void PlotRoseSettings(const RoseSettings& settings) {
         record.PlotKind = kRose;
         RebuildRowTable(gActivePlot);
     }
+    // A net that becomes a rose is looked at another way; other settings are to be saved.
+    const RoseSettings former = RoseSettingsOfActivePlot();
+    const ClassTableCells formerTable = record.ClassTable;
     Write(settings, record);
-    record.Modified = kTrue;
+    if (!(RoseSettingsOfActivePlot() == former) || record.ClassTable != formerTable) {
+        record.Modified = kTrue;
+    }
     gRoseOuterCircle = settings.outerCircle;
     gRoseSectorSize = record.RoseSectorSize;
     gRoseSectorFraction = record.RoseSectorFraction;

@@ -36,6 +36,8 @@ struct RoseSettings {
     int samplePlunge = 0;           ///< degrees
     int sampleTrend = 0;            ///< degrees
     int minBiasAngle = 5;           ///< degrees
+
+    bool operator==(const RoseSettings&) const = default;
 };
 
 /// The settings of the rose of gActivePlot. The interval is "auto" as long as the program chose it.

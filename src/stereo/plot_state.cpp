@@ -23,21 +23,13 @@ std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     return "This will replot the data in the active plot:\n" + record.PlotTitle + "\nContinue?";
 }
 
-void SetMode(PlotRecord& record, std::int16_t mode) {
-    record.PlotSymbolMode = mode;
-    record.Modified = kTrue;
-}
-
 /// The first two buttons on a plot with overlays: the top one takes the form.
 void SetTopOverlayForm(PlotRecord& record, int button) {
     std::int16_t& kind = record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[0])];
     if (kind > kOverlayPoles) {
         return;
     }
-    if (kind != button) {
-        kind = static_cast<std::int16_t>(button);
-        record.Modified = kTrue;
-    }
+    kind = static_cast<std::int16_t>(button);
     ReplotActivePlot(false);
 }
 
@@ -63,7 +55,6 @@ void ChangePlotKind(std::int16_t kind) {
     PlotRecord& record = ActiveRecord();
     if (record.PlotKind != kind) {
         record.PlotKind = kind;
-        record.Modified = kTrue;
         RebuildRowTable(gActivePlot);
     }
     ReplotActivePlot(false);
@@ -89,7 +80,6 @@ void SetDataType(std::int16_t kind) {
     PlotRecord& record = ActiveRecord();
     if (record.DataKind != kind) {
         record.DataKind = kind;
-        record.Modified = kTrue;
         RebuildRowTable(gActivePlot);
     }
     ReplotActivePlot(false);
@@ -108,15 +98,13 @@ void SetPlotSymbol(int button) {
     if (button >= 2) {
         // There is no button of mode 2.
         if (!hasOverlays && record.PlotSymbolMode != button + 1) {
-            SetMode(record, static_cast<std::int16_t>(button + 1));
+            record.PlotSymbolMode = static_cast<std::int16_t>(button + 1);
             ReplotActivePlot(false);
         }
     } else if (hasOverlays) {
         SetTopOverlayForm(record, button);
     } else {
-        if (record.PlotSymbolMode != button) {
-            SetMode(record, static_cast<std::int16_t>(button));
-        }
+        record.PlotSymbolMode = static_cast<std::int16_t>(button);
         ReplotActivePlot(false);
     }
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What the plot type, data type and symbol buttons do to the active plot. Each does nothing while a
-// long loop runs (gBusy).
+// long loop runs (gBusy). Looking at a plot in another way changes nothing that is to be saved:
+// only texts of the user set Modified here.
 
 #pragma once
 

@@ -30,6 +30,31 @@ TEST_F(EditCommands, ARectangleSelectsByPlaceOnTheNet) {
     EXPECT_EQ(DipsAfter("select 900,-200,300,200; edit delete"), (std::vector<int>{30, 60}));
 }
 
+TEST_F(EditCommands, FurtherRectanglesAddOrToggle) {
+    // The pole of 45/270 is in the east, that of 30/120 in the north-west: (-317, 183).
+    const std::string east = "select 300,200,900,-200; ";
+    EXPECT_EQ(DipsAfter(east + "select add -400,300,-200,100; edit delete"), std::vector<int>{60});
+    EXPECT_EQ(DipsAfter("select all; select toggle 300,200,900,-200; edit delete"),
+              std::vector<int>{45});
+    EXPECT_EQ(DipsAfter(east + "select toggle -400,300,900,-200; edit delete"),
+              (std::vector<int>{45, 60}));
+    EXPECT_NE(Run("open \"FOLDER/planes.txt\"; select join 1,2,3,4"), "");
+}
+
+TEST_F(EditCommands, SettingWhatIsShownIsNoEditAndSettingTextsIs) {
+    const auto modified = [&](const std::string& commands) {
+        return Dump("open \"FOLDER/planes.txt\"; " + commands)["record"]["Modified"].get<int>();
+    };
+    for (const char* view : {"PlotKind 2", "PlotSymbolMode 1", "LayerVisible[3] 0",
+                             "StatsBoxKind -1", "ShowAnnotations -1"}) {
+        EXPECT_EQ(modified(std::string("set ") + view), 0) << view;
+    }
+    EXPECT_EQ(modified("plot equalangle; symbols 3; symbols 6; griddensity 50"), 0);
+    for (const char* edit : {"DescriptionText limb", "FabricText S1", "ClassTable[1][1] 5"}) {
+        EXPECT_NE(modified(std::string("set ") + edit), 0) << edit;
+    }
+}
+
 TEST_F(EditCommands, CutRowsArePastedIntoAnotherPlot) {
     EXPECT_EQ(DipsAfter("select all; edit copyall; blank; edit paste"),
               (std::vector<int>{30, 45, 60}));

@@ -230,6 +230,17 @@ TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
     EXPECT_EQ(Record().Modified, 0);
 }
 
+TEST_F(RoseGoTest, ARoseWithItsSettingsAsTheyWereChangesNothingThatIsToBeSaved) {
+    Record().Modified = 0;
+    RoseSettings rose = RoseSettingsOfActivePlot();
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().PlotKind, kRose);
+    EXPECT_EQ(Record().Modified, 0);
+    rose.sectorSize = 20;
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().Modified, kTrue) << "settings of a rose are its style";
+}
+
 TEST_F(RoseGoTest, AcceptsTheEndsOfEachRange) {
     for (const double size : {1.0, 360.0}) {
         RoseSettings rose;

@@ -500,7 +500,38 @@ TEST_F(PlotDriver, ChangingTheNetMovesTheRowsAndMarksThemChanged) {
     ChangePlotKind(kEqualAngle);
     EXPECT_EQ(TableOf(gActivePlot).x[0], 577);
     EXPECT_EQ(calls.front(), "densities");
-    EXPECT_NE(ActiveRecord().Modified, 0);
+}
+
+TEST_F(PlotDriver, LookingChangesNothingThatIsToBeSaved) {
+    AddRow(60, 270);
+    AddRow(30, 120);
+    ActiveRecord().SecondaryFormat = kSecondaryLine;
+    ActiveRecord().Modified = 0;
+    for (const std::int16_t kind : {kEqualAngle, kRose, kEqualArea}) {
+        ChangePlotKind(kind);
+        EXPECT_EQ(ActiveRecord().Modified, 0) << kind;
+    }
+    for (int button = 0; button <= 6; ++button) {
+        SetPlotSymbol(button);
+        EXPECT_EQ(ActiveRecord().Modified, 0) << button;
+    }
+    for (int button = 0; button < kDisplayButtons; ++button) {
+        ShowPlotPart(button, !IsPlotPartShown(button));
+        EXPECT_EQ(ActiveRecord().Modified, 0) << button;
+    }
+    MoveGridSlider(kFinestGrid);
+    ReleaseGridSlider();
+    UseAdvancedStatistics(true);
+    SetDataType(kLines);
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    AddOverlay(kOverlayPoles, 40, 10, CodeOfStyleRow(3));
+    ActiveRecord().Modified = 0;
+    SetPlotSymbol(0);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayGreatCircles);
+    EXPECT_EQ(ActiveRecord().Modified, 0);
+    ActiveRecord().Modified = kTrue;
+    ChangePlotKind(kEqualAngle);
+    EXPECT_NE(ActiveRecord().Modified, 0) << "an edit before is still to be saved";
 }
 
 TEST_F(PlotDriver, ChangingTheDataTypeOfALoadedPlotAsksFirst) {
