@@ -235,11 +235,11 @@ std::string OpenListedPlots(const std::string& path) {
     if (!opened) {
         return kLoadError;
     }
-    AddRecentFile(path);
     if (*opened == 0) {
         Tell("None of the files that this workspace lists was opened\n" + path, Icon::Information);
         return kLoadError;
     }
+    AddRecentFile(path);
     return kNewCommand;
 }
 

@@ -7,12 +7,15 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
+#include "input/parameter_line.h"
 #include "input/text_file.h"
 #include "persistence/ascii_plot_file.h"
+#include "persistence/listed_path.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quandrel {
 
@@ -23,6 +26,9 @@ namespace fs = std::filesystem;
 constexpr std::string_view kListBegin = "[Files List]";
 constexpr std::string_view kListEnd = "[End Files List]";
 constexpr const char* kLineEnd = "\r\n";
+constexpr std::string_view kEscapesBegin = "[Names]: %";
+constexpr const char* kEscapes =
+    "[Names]: %20 stands for a blank, %5C for a backslash, %25 for a percent sign";
 
 /// Relative to the folder where the path is in or below it.
 std::string ListedPath(const std::string& file, const fs::path& folder) {
@@ -45,6 +51,17 @@ std::string SavedFileOf(const PlotRecord& record) {
         return record.SaveFileName;
     }
     return record.MainFiles.size() == 1 ? record.MainFiles.front() : std::string();
+}
+
+/// The text file of the program's own that a plot was saved to or read from and that still has its
+/// rows; empty when there is none.
+std::string OwnTextOf(const PlotRecord& record) {
+    if (record.Modified != 0 || record.MainFiles.size() != 1) {
+        return {};
+    }
+    const std::string& path = record.MainFiles.front();
+    const Result<std::string> start = FirstBytes(path, kOwnTextStart.size());
+    return start && *start == kOwnTextStart ? path : std::string();
 }
 
 /// A new plot that nothing was done with: there is nothing to save.
@@ -76,13 +93,17 @@ Message QuestionAbout(int slot) {
 
 /// The file that a plot is listed by, an empty text for one that is left out; a failure when it was
 /// to be saved and was not, or the user wants no workspace after all.
-Result<std::string> FileToList(int slot) {
+Result<std::string> FileToList(int slot, PlotsSavedAsText texts) {
     const PlotRecord& record = RecordOf(slot);
     if (!record.SaveFileName.empty() && record.Modified == 0) {
         return record.SaveFileName;
     }
     if (IsEmptyAndUntitled(record)) {
         return std::string();
+    }
+    if (texts == PlotsSavedAsText::List && record.SaveFileName.empty()
+        && !OwnTextOf(record).empty()) {
+        return OwnTextOf(record);
     }
     FormOf(slot).Raise();
     const Button answer = gPlatform.prompts->Ask(QuestionAbout(slot));
@@ -98,13 +119,13 @@ Result<std::string> FileToList(int slot) {
 
 /// The files of all plots that are to be listed; nothing when the user thinks better of a save, or
 /// one fails.
-std::optional<std::vector<std::string>> PathsToList() {
+std::optional<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
     std::vector<std::string> paths;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {
         if (!IsOpenSlot(slot)) {
             continue;
         }
-        const Result<std::string> file = FileToList(slot);
+        const Result<std::string> file = FileToList(slot, texts);
         if (!file) {
             return std::nullopt;
         }
@@ -121,6 +142,8 @@ void Remember(const std::string& path) {
     gLastUsedWSpaceFileTitle = FileTitleOf(path);
 }
 
+OpenedWorkspace lastOpened;
+
 fs::path FolderOf(const std::string& path) {
     std::error_code failed;
     const fs::path whole = fs::absolute(path, failed);
@@ -130,6 +153,11 @@ fs::path FolderOf(const std::string& path) {
 } // namespace
 
 std::string WorkspaceText(std::span<const std::string> paths, const fs::path& folder) {
+    std::vector<std::string> listed;
+    for (const std::string& path : paths) {
+        listed.push_back(ListedPath(path, folder));
+    }
+    const bool hasEscapes = std::ranges::any_of(listed, NeedsEscapes);
     std::string text;
     const auto line = [&text](const std::string& content) { text += content + kLineEnd; };
     line("Quandrel Workspace");
@@ -138,10 +166,13 @@ std::string WorkspaceText(std::span<const std::string> paths, const fs::path& fo
     line("The following file paths can be edited as required. ");
     line("Pathnames are relative for files in or below the folder of this workspace file");
     line("Files above this folder require the full pathname");
+    if (hasEscapes) {
+        line(kEscapes);
+    }
     line("");
     line("[Files List]:");
-    for (const std::string& path : paths) {
-        line("     " + ListedPath(path, folder));
+    for (const std::string& path : listed) {
+        line("     " + (hasEscapes ? WithEscapes(path) : path));
     }
     line("[End Files List]: ");
     return text;
@@ -151,9 +182,11 @@ std::vector<std::string> PathsOfWorkspace(std::string_view text, const fs::path&
     std::vector<std::string> paths;
     LineReader lines(text);
     bool isInList = false;
+    bool hasEscapes = false;
     for (std::string_view line; lines.Next(line);) {
         if (!isInList) {
             isInList = line.starts_with(kListBegin);
+            hasEscapes = hasEscapes || line.starts_with(kEscapesBegin);
             continue;
         }
         if (line.starts_with(kListEnd)) {
@@ -161,6 +194,7 @@ std::vector<std::string> PathsOfWorkspace(std::string_view text, const fs::path&
         }
         std::string listed(Trimmed(line));
         std::ranges::replace(listed, '\\', '/');
+        listed = hasEscapes ? WithoutEscapes(listed) : listed;
         if (!listed.empty()) {
             paths.push_back((folder / listed).lexically_normal().string());
         }
@@ -199,8 +233,8 @@ WorkspaceOutcome SaveWorkspace() {
     return path ? SaveWorkspaceAs(*path) : WorkspaceOutcome::Cancelled;
 }
 
-WorkspaceOutcome SaveWorkspaceAs(const std::string& path) {
-    const std::optional<std::vector<std::string>> paths = PathsToList();
+WorkspaceOutcome SaveWorkspaceAs(const std::string& path, PlotsSavedAsText texts) {
+    const std::optional<std::vector<std::string>> paths = PathsToList(texts);
     if (!paths) {
         return WorkspaceOutcome::Cancelled;
     }
@@ -220,16 +254,29 @@ std::optional<int> OpenWorkspace(const std::string& path) {
         return std::nullopt;
     }
     Remember(path);
+    OpenedWorkspace workspace;
+    workspace.path = path;
     const OwnFilesWithoutDialog own;
-    int opened = 0;
     for (const std::string& listed : PathsOfWorkspace(*text, FolderOf(path))) {
         std::error_code unreadable;
-        if (fs::is_regular_file(listed, unreadable)
-            && OpenPlotFile("File" + listed) != kLoadError) {
-            ++opened;
-        }
+        const bool isOpened =
+            fs::is_regular_file(listed, unreadable) && OpenPlotFile("File" + listed) != kLoadError;
+        (isOpened ? workspace.opened : workspace.missing).push_back(listed);
     }
-    return opened;
+    lastOpened = std::move(workspace);
+    gPlatform.status->SetText(TextOfOpening(lastOpened));
+    return static_cast<int>(lastOpened.opened.size());
+}
+
+const OpenedWorkspace& LastOpenedWorkspace() {
+    return lastOpened;
+}
+
+std::string TextOfOpening(const OpenedWorkspace& workspace) {
+    const std::size_t opened = workspace.opened.size();
+    const std::size_t listed = opened + workspace.missing.size();
+    return std::to_string(opened) + " of " + std::to_string(listed)
+           + (listed == 1 ? " file opened" : " files opened");
 }
 
 } // namespace quandrel

@@ -16,7 +16,7 @@ namespace quandrel {
 inline constexpr const char* kWorkspaceEnding = ".qwo";
 
 /// The text of a workspace. Lines end in CR LF; paths have "/" between their parts, and are
-/// relative in or below the folder.
+/// relative in or below the folder. Where a line cannot hold one of them, all are escaped.
 ///
 /// @param paths   absolute, in the order of the plots
 /// @param folder  where the workspace will be, absolute
@@ -45,12 +45,33 @@ enum class WorkspaceOutcome { Saved, Cancelled, Failed };
 /// workspace is written.
 WorkspaceOutcome SaveWorkspace();
 
-/// As SaveWorkspace, to a path that is known.
-WorkspaceOutcome SaveWorkspaceAs(const std::string& path);
+/// What becomes of plots whose rows a text file of the program's own holds.
+enum class PlotsSavedAsText {
+    Ask,  ///< as of plots without a file
+    List, ///< they are listed by it
+};
 
-/// Opens the plots of a workspace. Files that do not exist are passed over.
+/// As SaveWorkspace, to a path that is known.
+WorkspaceOutcome SaveWorkspaceAs(const std::string& path,
+                                 PlotsSavedAsText texts = PlotsSavedAsText::Ask);
+
+/// Opens the plots of a workspace. Files that do not exist are passed over. The status line says
+/// how many were opened.
 ///
 /// @return plots opened; nothing, with a message, when the workspace cannot be read
 std::optional<int> OpenWorkspace(const std::string& path);
+
+/// What came of the files that a workspace lists, in its order.
+struct OpenedWorkspace {
+    std::string path;
+    std::vector<std::string> opened;
+    std::vector<std::string> missing; ///< do not exist, or did not open
+};
+
+/// The workspace that was opened last in this session; without a path before that.
+[[nodiscard]] const OpenedWorkspace& LastOpenedWorkspace();
+
+/// "3 of 4 files opened".
+[[nodiscard]] std::string TextOfOpening(const OpenedWorkspace& workspace);
 
 } // namespace quandrel

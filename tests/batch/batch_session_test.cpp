@@ -425,6 +425,24 @@ TEST_F(Batch, TheReferenceIsPrintedInFull) {
     EXPECT_NE(out.str().find("eigenvalue 3 = 0."), std::string::npos);
 }
 
+TEST_F(Batch, AWorkspaceOfAPlotSavedAsTextBringsItBack) {
+    EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; save \"FOLDER/beds.txt\"; "
+                  "workspace save \"FOLDER/w.qwo\""),
+              "");
+    EXPECT_EQ(
+        Run("format data=lines; workspace open \"FOLDER/w.qwo\"; get FileTitle; get DataKind"), "");
+    EXPECT_EQ(out.str(), "beds.txt\n1\n");
+}
+
+TEST_F(Batch, AWorkspaceNamesTheFilesThatItMisses) {
+    Write("w.qwo", "[Files List]\nplanes.txt\ngone.txt\n");
+    for (const char* command : {"workspace open", "open"}) {
+        EXPECT_EQ(Run(std::string(command) + " \"FOLDER/w.qwo\""), "");
+        EXPECT_NE(log.str().find("w.qwo: 1 of 2 files opened\nnot opened: "), std::string::npos);
+        EXPECT_NE(log.str().find("/gone.txt\n"), std::string::npos);
+    }
+}
+
 TEST_F(Batch, AWorkspaceBringsItsPlotsBack) {
     const std::string open = "format data=planes; open \"FOLDER/planes.txt\"; ";
     ASSERT_EQ(Run(open + "save \"FOLDER/a.qpx\"; " + open

@@ -57,6 +57,58 @@ TEST(PathsOfWorkspace, WithoutAListIsNothing) {
     EXPECT_TRUE(HasFilesList("x\r\n[Files List]:\r\n"));
 }
 
+/// Names that a line cannot hold as they are.
+const Paths& OddNames() {
+    static const Paths names = {
+        "/d/ leading.qpx", "/d/trailing.qpx ", "/d/back\\slash.qpx", "/d/line\nend.qpx",
+        "/d/return\r.qpx", "/d/\ttab.qpx",     "/d/latin \xe8.qpx",  "/d/cut \xe2\x82",
+        "/d/\x01\x7f.qpx", "/other/ leading",  "/d/sub / %41.qpx",   "/d/gr\xc3\xa8s \xff 100%.qpx",
+    };
+    return names;
+}
+
+TEST(PathsOfWorkspace, ReadsBackNamesOfAllKinds) {
+    for (const std::string& name : OddNames()) {
+        const Paths paths = {"/d/plain.qpx", name, "/d/50% %20.qpx"};
+        const std::string text = WorkspaceText(paths, "/d");
+        EXPECT_EQ(PathsOfWorkspace(text, "/d"), paths) << text;
+        const bool isFitAsListed = name == "/other/ leading" || name == "/d/sub / %41.qpx";
+        EXPECT_EQ(text.find("[Names]: %20 stands for a blank") == std::string::npos, isFitAsListed)
+            << name;
+        EXPECT_NE(text.find("\r\n     plain.qpx\r\n"), std::string::npos);
+    }
+}
+
+TEST(PathsOfWorkspace, EveryByteOfANameComesBack) {
+    for (int byte = 1; byte < 256; ++byte) {
+        if (byte == '/') {
+            continue;
+        }
+        for (const char* form : {"/d/?x", "/d/x?", "/d/x?x"}) {
+            std::string name = form;
+            name[name.find('?')] = static_cast<char>(byte);
+            EXPECT_EQ(PathsOfWorkspace(WorkspaceText(Paths{name}, "/d"), "/d"), Paths{name})
+                << byte;
+        }
+    }
+}
+
+TEST(WorkspaceText, EscapesNothingWhereNoNameNeedsIt) {
+    const Paths paths = {"/d/50% %20.qpx", "/d/gr\xc3\xa8s  b.qpx", "/d/\"a\".txt"};
+    const std::string text = WorkspaceText(paths, "/d");
+    EXPECT_EQ(text.find("[Names]"), std::string::npos);
+    EXPECT_NE(text.find("\r\n     50% %20.qpx\r\n"), std::string::npos);
+    EXPECT_EQ(PathsOfWorkspace(text, "/d"), paths);
+}
+
+TEST(PathsOfWorkspace, LinesAddedByHandAmongEscapedOnesAreRead) {
+    const std::string text =
+        "[Names]: %20\n[Files List]:\n  sub\\a.qpx\n  50% b.qpx\n  c%2\n  %00\n"
+        "  %e8.qpx\n";
+    EXPECT_EQ(PathsOfWorkspace(text, "/w"),
+              (Paths{"/w/sub/a.qpx", "/w/50% b.qpx", "/w/c%2", "/w/%00", "/w/\xe8.qpx"}));
+}
+
 class Workspace : public EngineTest {
 protected:
     static std::string TextOf(const std::string& path) {
@@ -233,6 +285,71 @@ TEST_F(Workspace, DialogRemembersWhereTheUserWent) {
     EXPECT_EQ(WorkspaceFileDialog(WorkspaceDialog::Open), Path("w.qwo"));
     EXPECT_EQ(gLastUsedWorkSpacePath, folder.string());
     EXPECT_EQ(gLastUsedWorkSpaceFileName, Path("w.qwo"));
+}
+
+TEST_F(Workspace, OpensPlotsOfNamesOfAllKinds) {
+    std::filesystem::create_directories(folder / "sub ");
+    Paths saved;
+    for (const std::string& name : OddNames()) {
+        if (!name.starts_with("/d/") || name.ends_with('2')) {
+            continue;
+        }
+        MakeStoreTables();
+        NewPlot();
+        AddRow(30, 120);
+        saved.push_back(Path(name.substr(3)));
+        ASSERT_EQ(SavePlotAs(saved.back() + ".qpx", SaveKind::SaveAs), SaveOutcome::Saved);
+        ASSERT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
+        MakeStoreTables();
+        EXPECT_EQ(OpenWorkspace(Path("w.qwo")), 1) << name;
+    }
+    EXPECT_GE(saved.size(), 9U);
+}
+
+TEST_F(Workspace, SaysHowManyFilesWereOpenedAndWhichAreMissing) {
+    WriteFile("one.txt", "30\t120\n45\t270\n");
+    WriteFile("bad.qpx", "bin9.5");
+    WriteFile("two.txt", "30\t120\n");
+    WriteFile("w.qwo", WorkspaceText(Paths{Path("one.txt"), Path("gone.txt"), Path("bad.qpx"),
+                                           Path("two.txt")},
+                                     folder));
+    AcceptFormat({}, 2);
+    Expect("The indicated file cannot be opened\n" + Path("bad.qpx"));
+    EXPECT_EQ(OpenPlotFile(kNewCommand, Path("w.qwo")), kNewCommand);
+    EXPECT_EQ(status.Text(), "2 of 4 files opened");
+    EXPECT_EQ(LastOpenedWorkspace().path, Path("w.qwo"));
+    EXPECT_EQ(LastOpenedWorkspace().opened, (Paths{Path("one.txt"), Path("two.txt")}));
+    EXPECT_EQ(LastOpenedWorkspace().missing, (Paths{Path("gone.txt"), Path("bad.qpx")}));
+    EXPECT_EQ(gRecentFiles.front(), Path("w.qwo"));
+}
+
+TEST_F(Workspace, ThatOpensNothingIsNoRecentFile) {
+    WriteFile("w.qwo", WorkspaceText(Paths{Path("gone.txt")}, folder));
+    Expect("None of the files that this workspace lists was opened");
+    EXPECT_EQ(OpenPlotFile(kNewCommand, Path("w.qwo")), kLoadError);
+    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_EQ(TextOfOpening({"w.qwo", {}, {"a"}}), "0 of 1 file opened");
+}
+
+TEST_F(Workspace, ListsOwnTextsWithoutAQuestionWhereThatIsAskedFor) {
+    PlotWith("", true);
+    ASSERT_EQ(SavePlotAs(Path("beds.txt"), SaveKind::SaveAs), SaveOutcome::Saved);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
+    EXPECT_EQ(PathsOfWorkspace(TextOf(Path("w.qwo")), folder), Paths{Path("beds.txt")});
+    ActiveRecord().Modified = kTrue;
+    Expect("has unsaved edits and has not yet been saved as a .qpx file", Button::No);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
+    WriteFile("other.txt", "30\t120\n");
+    ActiveRecord().Modified = 0;
+    ActiveRecord().MainFiles = {Path("other.txt")};
+    Expect("has not yet been saved as a .qpx file", Button::No);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
+}
+
+TEST_F(Workspace, APlotThatCannotBeSavedNamesTheFile) {
+    PlotWith("", true);
+    Expect("(" + Path("missing/a.qpx") + ": ");
+    EXPECT_EQ(SavePlotAs(Path("missing/a.qpx"), SaveKind::SaveAs), SaveOutcome::Failed);
 }
 
 } // namespace

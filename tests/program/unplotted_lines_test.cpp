@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "input/file_loading.h"
+#include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "program/unplotted_lines.h"
 #include "support/test_platform.h"
@@ -30,6 +31,30 @@ TEST_F(UnplottedLines, AreListedByRowInTheirOwnWords) {
     EXPECT_TRUE(HasUnplottedLines());
     const std::string text = UnplottedLinesText();
     EXPECT_NE(text.find("row\tline\n2\t; second station\n4\t95\t400\n"), std::string::npos) << text;
+}
+
+TEST_F(UnplottedLines, OfAPlotFileAreThoseOfItsDataFile) {
+    prompts.ExpectAny("line of invalid orientation data");
+    prompts.ExpectAny("invalid data have been detected");
+    Open("30\t120\n; second station\n40\t200\n95\t400\n");
+    const std::string path = (folder / "a.qpx").string();
+    ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kBinaryCommand);
+    EXPECT_TRUE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "row\tline\n2\t; second station\n4\t95\t400\n");
+}
+
+TEST_F(UnplottedLines, NameTheFilesThatAWorkspaceMisses) {
+    AcceptFormat({}, 10);
+    WriteFile("one.txt", "30\t120\n");
+    const std::string path = WriteFile("w.qwo", "[Files List]\none.txt\ngone.txt\nlost.qpx\n");
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kNewCommand);
+    EXPECT_TRUE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "1 of 3 files opened of the workspace " + path
+                                        + ".\nNot opened:\n" + (folder / "gone.txt").string() + "\n"
+                                        + (folder / "lost.qpx").string() + "\n");
+    Open("30\t120\n40\t200\n");
+    EXPECT_FALSE(HasUnplottedLines()) << "another plot has nothing to do with it";
 }
 
 } // namespace
