@@ -2,12 +2,15 @@
 
 #include "core/settings.h"
 
+#include "core/changed_settings.h"
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/recent_files.h"
 #include "core/setting_keys.h"
 #include "core/style_tables.h"
 #include "orientation/number_text.h"
+#include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -50,7 +53,6 @@ std::int16_t gStatsBoxKind = 0;
 bool gStatisticsShown = true;
 Formulas gFormulas = Formulas::Own;
 std::array<PlotFont, 10> gPlotFonts;
-std::vector<std::string> gRecentFiles;
 Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 
 namespace {
@@ -68,12 +70,13 @@ constexpr std::array<std::pair<const char*, std::size_t>, 3> kGirdleKinds = {
 /// One application's settings in the store.
 class Settings {
 public:
-    explicit Settings(const char* application)
-        : application_(application) {}
+    explicit Settings(const char* application, SettingsStore& store = *gPlatform.settings)
+        : application_(application)
+        , store_(store) {}
 
     [[nodiscard]] std::string Text(const char* section, const std::string& key,
                                    const std::string& otherwise) const {
-        return gPlatform.settings->Read(application_, section, key, otherwise);
+        return store_.Read(application_, section, key, otherwise);
     }
 
     /// The number of a key, or `otherwise` when it is missing or no number.
@@ -88,7 +91,7 @@ public:
     }
 
     void Write(const char* section, const std::string& key, const std::string& value) const {
-        gPlatform.settings->Write(application_, section, key, value);
+        store_.Write(application_, section, key, value);
     }
 
     void WriteNumber(const char* section, const std::string& key, double value) const {
@@ -101,6 +104,7 @@ public:
 
 private:
     const char* application_;
+    SettingsStore& store_;
 };
 
 /// The number, brought into the range of its type.
@@ -257,19 +261,6 @@ void ReadFonts(const Settings& settings) {
     }
 }
 
-void ReadRecentFiles(const Settings& settings) {
-    gRecentFiles.clear();
-    const std::string earlierCount = settings.Text(kFileMenuArray, " 1", "None");
-    const std::string count = settings.Text(kFileMenuArray, "0", earlierCount);
-    const double files = std::min(ParseNumber(count), static_cast<double>(kMaxRecentFiles));
-    for (int number = 1; number <= files; ++number) {
-        const std::string path = settings.Text(kFileMenuArray, std::to_string(number), {});
-        if (!path.empty()) {
-            gRecentFiles.push_back(path);
-        }
-    }
-}
-
 void ReadClasses(const Settings& settings) {
     for (std::size_t column = 0; column < 3; ++column) {
         for (std::size_t row = 0; row < gDefaultClassTable.size(); ++row) {
@@ -383,18 +374,6 @@ void SaveWindow(const Settings& settings) {
     }
 }
 
-void SaveRecentFiles(const Settings& settings) {
-    settings.WriteNumber(kFileMenuArray, "0", static_cast<double>(gRecentFiles.size()));
-    for (std::size_t number = 1; number <= kMaxRecentFiles; ++number) {
-        const std::string key = std::to_string(number);
-        if (number <= gRecentFiles.size()) {
-            settings.Write(kFileMenuArray, key, gRecentFiles[number - 1]);
-        } else {
-            gPlatform.settings->Remove(kApplicationName, kFileMenuArray, key);
-        }
-    }
-}
-
 void SaveClasses(const Settings& settings) {
     for (std::size_t column = 0; column < 3; ++column) {
         for (std::size_t row = 0; row < gDefaultClassTable.size(); ++row) {
@@ -411,7 +390,6 @@ void SaveSession(const Settings& settings) {
     settings.Write(kStartUp, "LastUsedWorkSpacePath", gLastUsedWorkSpacePath);
     settings.Write(kStartUp, "LastUsedWorkSpaceFileName", gLastUsedWorkSpaceFileName);
     settings.Write(kStartUp, "LastUsedWSpaceFileTitle", gLastUsedWSpaceFileTitle);
-    SaveRecentFiles(settings);
     SaveSymbolRows(settings, 18, 23);
     SaveClasses(settings);
     settings.Write(kStartUp, "RoseScaleType", gRoseScaleType);
@@ -419,6 +397,46 @@ void SaveSession(const Settings& settings) {
     settings.WriteNumber(kStartUp, "gRoseSectorFraction", gRoseSectorFraction);
     settings.WriteTruth(kStartUp, "MIToolbarShow", gMIToolbarShow);
     SaveWindow(settings);
+}
+
+constexpr int kSessionGroup = 6;
+constexpr int kLastGroup = 7;
+
+void SaveGroup(const Settings& settings, int group) {
+    settings.Write(kStartUp, "LastAccessDate", gPlatform.today);
+    switch (group) {
+    case 0:
+        SaveFormat(settings);
+        break;
+    case 1:
+        SaveColumns(settings);
+        break;
+    case 3:
+        SaveNames(settings);
+        break;
+    case 4:
+        SavePreferences(settings);
+        break;
+    case 5:
+        settings.WriteNumber(kStartUp, "gMaxPlots", gMaxPlots);
+        break;
+    case kSessionGroup:
+        SaveSession(settings);
+        break;
+    case 7:
+        settings.Write(kStartUp, "FilesDirectory", gFilesDirectory);
+        break;
+    default:
+        break;
+    }
+}
+
+void NoteAllGroups() {
+    MemorySettingsStore wouldWrite;
+    for (int group = 0; group <= kLastGroup; ++group) {
+        SaveGroup(Settings(kApplicationName, wouldWrite), group);
+    }
+    NoteLoadedSettings(wouldWrite);
 }
 
 } // namespace
@@ -470,8 +488,9 @@ void LoadSettings() {
     ReadSymbols(settings);
     ReadAxisStyles(settings);
     ReadFonts(settings);
-    ReadRecentFiles(settings);
+    LoadRecentFiles(fromEarlier ? kEarlierApplicationName : kApplicationName);
     ReadClasses(settings);
+    NoteAllGroups();
     if (fromEarlier) {
         for (int group = 0; group <= 4; ++group) {
             SaveSettings(group);
@@ -480,42 +499,12 @@ void LoadSettings() {
 }
 
 bool SaveSettings(int group) {
-    const Settings settings(kApplicationName);
-    settings.Write(kStartUp, "LastAccessDate", gPlatform.today);
-    switch (group) {
-    case 0:
-        SaveFormat(settings);
-        break;
-    case 1:
-        SaveColumns(settings);
-        break;
-    case 3:
-        SaveNames(settings);
-        break;
-    case 4:
-        SavePreferences(settings);
-        break;
-    case 5:
-        settings.WriteNumber(kStartUp, "gMaxPlots", gMaxPlots);
-        break;
-    case 6:
-        SaveSession(settings);
-        break;
-    case 7:
-        settings.Write(kStartUp, "FilesDirectory", gFilesDirectory);
-        break;
-    default:
-        break;
+    MemorySettingsStore wanted;
+    SaveGroup(Settings(kApplicationName, wanted), group);
+    if (group == kSessionGroup) {
+        SaveRecentFiles();
     }
-    return gPlatform.settings->Sync();
-}
-
-void AddRecentFile(const std::string& path) {
-    std::erase(gRecentFiles, path);
-    gRecentFiles.insert(gRecentFiles.begin(), path);
-    if (gRecentFiles.size() > kMaxRecentFiles) {
-        gRecentFiles.resize(kMaxRecentFiles);
-    }
+    return WriteChangedSettings(wanted);
 }
 
 } // namespace quandrel

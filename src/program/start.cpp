@@ -7,6 +7,7 @@
 #include "classify/value_grid.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/recent_files.h"
 #include "core/settings.h"
 #include "density/contours.h"
 #include "density/density_legend.h"
@@ -52,7 +53,7 @@ bool OpenRecentFile(std::size_t number) {
     // A file that has gone was told of, and is not offered again.
     std::error_code unreadable;
     if (!std::filesystem::exists(path, unreadable)) {
-        std::erase(gRecentFiles, path);
+        RemoveRecentFile(path);
     }
     return false;
 }

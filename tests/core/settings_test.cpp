@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/formulas.h"
+#include "core/recent_files.h"
 #include "core/settings.h"
 #include "core/style_tables.h"
 #include "support/test_platform.h"
@@ -344,6 +345,69 @@ TEST_F(SettingsTest, EachKindOfGirdleHasItsOwnKeys) {
     EXPECT_EQ(gAxisStyleTable[kUserGirdleStyle], (AxisStyle{1, 2, 3}));
     EXPECT_EQ(gAxisStyleTable[kMeanGirdleStyle], (AxisStyle{4, 1, 6}));
     EXPECT_EQ(gAxisStyleTable[kCalculatedGirdleStyle], (AxisStyle{7, 3, 9}));
+}
+
+TEST_F(SettingsTest, AnotherWindowsKeysStayAsItWroteThem) {
+    for (int group = 0; group <= 7; ++group) {
+        EXPECT_TRUE(SaveSettings(group));
+    }
+    LoadSettings();
+    Put("StartUp", "PitchName", "rake"); // the other window
+    Put("StartUp", "PlotAxesStyle", "1");
+    gPlotAxesStyle = 3;
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("StartUp", "PitchName"), "rake");
+    EXPECT_EQ(Stored("StartUp", "PlotAxesStyle"), "3") << "both changed it: the last one holds";
+    Put("StartUp", "PlotAxesStyle", "2");
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("StartUp", "PlotAxesStyle"), "2") << "it was not changed again here";
+    gPitchName = "slope";
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(Stored("StartUp", "PitchName"), "slope");
+}
+
+TEST_F(SettingsTest, OfAFirstRunTheKeysOfAnotherWindowStay) {
+    MemorySettingsStore store;
+    gPlatform.settings = &store;
+    LoadSettings();
+    store.Write(kApplicationName, "StartUp", "PlotAxesStyle", "2"); // the other window
+    gPitchName = "rake";
+    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PlotAxesStyle", ""), "2");
+    EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PitchName", ""), "rake");
+    EXPECT_EQ(store.Read(kApplicationName, "StartUp", "RoseAxesStyle", ""), "0")
+        << "what nobody wrote is written";
+    gPlatform.settings = &settings;
+}
+
+TEST_F(SettingsTest, RecentFilesAreWrittenAtOnceAndMerged) {
+    AddRecentFile("/mine");
+    EXPECT_EQ(Stored("FileMenuArray", "1"), "/mine");
+    Put("FileMenuArray", "0", "2"); // the other window
+    Put("FileMenuArray", "1", "/theirs");
+    Put("FileMenuArray", "2", "/mine");
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(Stored("FileMenuArray", "1"), "/theirs") << "nothing was opened here since";
+    AddRecentFile("/next");
+    const std::vector<std::string> expected = {"/next", "/theirs", "/mine"};
+    EXPECT_EQ(gRecentFiles, expected);
+    EXPECT_EQ(Stored("FileMenuArray", "0"), "3");
+    RemoveRecentFile("/theirs");
+    AddRecentFile("/mine");
+    LoadSettings();
+    EXPECT_EQ(gRecentFiles, (std::vector<std::string>{"/mine", "/next"}));
+    EXPECT_EQ(Stored("FileMenuArray", "3"), "(missing)");
+}
+
+TEST_F(SettingsTest, RecentFilesOfTheEarlierGenerationAreTakenOver) {
+    MemorySettingsStore store;
+    gPlatform.settings = &store;
+    store.Write(kEarlierApplicationName, "FileMenuArray", "0", "1");
+    store.Write(kEarlierApplicationName, "FileMenuArray", "1", "/old");
+    LoadSettings();
+    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_EQ(store.Read(kApplicationName, "FileMenuArray", "1", ""), "/old");
+    gPlatform.settings = &settings;
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -111,6 +113,27 @@ TEST_F(QtSettings, AFileThatIsNoIniGivesDefaults) {
     WriteFile("Quandrel 9", std::string("\0\xff\xfe[[[\n=\n==\n]", 13));
     const QtSettingsStore store;
     EXPECT_EQ(store.Read("Quandrel 9", "Options", "Name", "none"), "none");
+}
+
+TEST_F(QtSettings, KeysOfAnotherProcessComeInWithSyncAndStay) {
+    QtSettingsStore store;
+    store.Write("Quandrel 9", "Options", "Mine", "1");
+    ASSERT_TRUE(store.Sync());
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        QtSettingsStore other;
+        other.Write("Quandrel 9", "Options", "Theirs", "a longer text");
+        _exit(other.Sync() ? 0 : 1);
+    }
+    int outcome = 0;
+    ASSERT_EQ(waitpid(child, &outcome, 0), child);
+    ASSERT_EQ(outcome, 0);
+    EXPECT_EQ(store.Read("Quandrel 9", "Options", "Theirs", "none"), "none");
+    store.Write("Quandrel 9", "Options", "Mine", "2");
+    EXPECT_TRUE(store.Sync());
+    EXPECT_EQ(store.Read("Quandrel 9", "Options", "Theirs", "none"), "a longer text");
+    EXPECT_EQ(store.Read("Quandrel 9", "Options", "Mine", "none"), "2");
 }
 
 TEST_F(QtSettings, SyncTellsWhenNothingCanBeWritten) {

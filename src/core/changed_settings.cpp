@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/changed_settings.h"
+
+#include "core/setting_keys.h"
+#include "core/settings.h"
+#include "platform/memory_settings_store.h"
+#include "platform/platform.h"
+
+#include <array>
+#include <string>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::array kSections = {kStartUp, kDataFormats,   kSymbolArray,
+                                  kFonts,   kFileMenuArray, kDataClassifArray};
+
+/// No setting has this value.
+const std::string kMissing = "\x1b(missing)";
+
+MemorySettingsStore noted;
+
+std::string ValueIn(const SettingsStore& store, const char* section, const std::string& key) {
+    return store.Read(kApplicationName, section, key, kMissing);
+}
+
+template <class Act>
+void ForEachKey(const SettingsStore& store, const Act& act) {
+    for (const char* section : kSections) {
+        for (const std::string& key : store.Keys(kApplicationName, section)) {
+            act(section, key, ValueIn(store, section, key));
+        }
+    }
+}
+
+} // namespace
+
+void NoteLoadedSettings(const SettingsStore& wouldWrite) {
+    noted = {};
+    ForEachKey(wouldWrite,
+               [](const char* section, const std::string& key, const std::string& value) {
+                   const std::string found = ValueIn(*gPlatform.settings, section, key);
+                   noted.Write(kApplicationName, section, key, found == kMissing ? value : found);
+               });
+}
+
+bool WriteChangedSettings(const SettingsStore& wanted) {
+    SettingsStore& store = *gPlatform.settings;
+    (void)store.Sync(); // what other sessions wrote comes in; the second one has the verdict
+    ForEachKey(
+        wanted, [&store](const char* section, const std::string& key, const std::string& value) {
+            if (value == ValueIn(noted, section, key) && ValueIn(store, section, key) != kMissing) {
+                return;
+            }
+            store.Write(kApplicationName, section, key, value);
+            noted.Write(kApplicationName, section, key, value);
+        });
+    return store.Sync();
+}
+
+} // namespace quandrel

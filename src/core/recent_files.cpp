@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/recent_files.h"
+
+#include "core/setting_keys.h"
+#include "core/settings.h"
+#include "orientation/number_text.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+std::vector<std::string> gRecentFiles;
+
+namespace {
+
+/// The files as the store of this generation had them when they were last read or written.
+std::vector<std::string> lastKept;
+
+void WriteAll() {
+    SettingsStore& store = *gPlatform.settings;
+    store.Write(kApplicationName, kFileMenuArray, "0", std::to_string(gRecentFiles.size()));
+    for (std::size_t number = 1; number <= kMaxRecentFiles; ++number) {
+        const std::string key = std::to_string(number);
+        if (number <= gRecentFiles.size()) {
+            store.Write(kApplicationName, kFileMenuArray, key, gRecentFiles[number - 1]);
+        } else {
+            store.Remove(kApplicationName, kFileMenuArray, key);
+        }
+    }
+    lastKept = gRecentFiles;
+}
+
+/// A list behind another, without those that are in it.
+void Append(const std::vector<std::string>& more, std::vector<std::string>& files) {
+    for (const std::string& path : more) {
+        if (std::ranges::find(files, path) == files.end()) {
+            files.push_back(path);
+        }
+    }
+}
+
+/// What other windows have opened since goes behind `first`, then what is in gRecentFiles.
+void Merge(const std::string& first) {
+    SettingsStore& store = *gPlatform.settings;
+    (void)store.Sync(); // a store that cannot be written is told of at the end of the session
+    std::vector<std::string> files;
+    if (!first.empty()) {
+        files.push_back(first);
+    }
+    Append(StoredRecentFiles(store, kApplicationName), files);
+    Append(gRecentFiles, files);
+    gRecentFiles = std::move(files);
+}
+
+void CutAndWrite() {
+    gRecentFiles.resize(std::min(gRecentFiles.size(), kMaxRecentFiles));
+    WriteAll();
+    (void)gPlatform.settings->Sync();
+}
+
+} // namespace
+
+std::vector<std::string> StoredRecentFiles(const SettingsStore& store, const char* application) {
+    const auto text = [&](const std::string& key, const std::string& otherwise) {
+        return store.Read(application, kFileMenuArray, key, otherwise);
+    };
+    const std::string count = text("0", text(" 1", "None"));
+    const double files = std::min(ParseNumber(count), static_cast<double>(kMaxRecentFiles));
+    std::vector<std::string> paths;
+    for (int number = 1; number <= files; ++number) {
+        const std::string path = text(std::to_string(number), {});
+        if (!path.empty()) {
+            paths.push_back(path);
+        }
+    }
+    return paths;
+}
+
+void LoadRecentFiles(const char* application) {
+    gRecentFiles = StoredRecentFiles(*gPlatform.settings, application);
+    lastKept = StoredRecentFiles(*gPlatform.settings, kApplicationName);
+}
+
+void SaveRecentFiles() {
+    if (gRecentFiles != lastKept) {
+        WriteAll();
+    }
+}
+
+void AddRecentFile(const std::string& path) {
+    Merge(path);
+    CutAndWrite();
+}
+
+void RemoveRecentFile(const std::string& path) {
+    Merge({});
+    std::erase(gRecentFiles, path);
+    CutAndWrite();
+}
+
+} // namespace quandrel
