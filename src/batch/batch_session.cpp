@@ -7,6 +7,7 @@
 #include "batch/plot_commands.h"
 #include "core/atomic_file.h"
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
@@ -142,7 +143,7 @@ std::string StatisticsText(const std::string& kind) {
 
 } // namespace
 
-BatchSession::BatchSession(std::ostream& out, std::ostream& log)
+BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside)
     : out_(out)
     , log_(log)
     , prompts_(ScriptedPrompts::Mode::Batch)
@@ -173,10 +174,12 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log)
     gPlatform.printers = &noPrinters;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     InitialiseApplication();
+    SetOutsideFiles(outside);
     firstFormat_ = CurrentFormat();
 }
 
 BatchSession::~BatchSession() {
+    SetOutsideFiles(OutsideFiles::Ask);
     MakeStoreTables();
     gPlatform = formerPlatform_;
 }
@@ -252,6 +255,7 @@ std::string BatchSession::OpenFile(const char* engineCommand, const Command& com
     if (OpenPlotFile(engineCommand, *path) == kLoadError) {
         return "'" + *path + "' was not loaded";
     }
+    LogMissingFiles(*path);
     return {};
 }
 
@@ -428,12 +432,27 @@ std::string BatchSession::Workspace(const Command& command) {
         return "'" + command.Words() + "' is none of open PATH, save PATH";
     }
     if (what == "save") {
-        return SaveWorkspaceAs(*path) == WorkspaceOutcome::Saved ? std::string()
-                                                                 : "'" + *path + "' was not saved";
+        return SaveWorkspaceAs(*path, PlotsSavedAsText::List) == WorkspaceOutcome::Saved
+                   ? std::string()
+                   : "'" + *path + "' was not saved";
     }
     formatQuestions_ = 0;
-    return OpenPlotFile(kNewCommand, *path) == kLoadError ? "'" + *path + "' opened no plot"
-                                                          : std::string();
+    if (OpenPlotFile(kNewCommand, *path) == kLoadError) {
+        return "'" + *path + "' opened no plot";
+    }
+    LogMissingFiles(*path);
+    return {};
+}
+
+void BatchSession::LogMissingFiles(const std::string& path) const {
+    const OpenedWorkspace& workspace = LastOpenedWorkspace();
+    if (workspace.path != NormalPath(path) || workspace.missing.empty()) {
+        return;
+    }
+    log_ << path << ": " << TextOfOpening(workspace) << '\n';
+    for (const std::string& missing : workspace.missing) {
+        log_ << "not opened: " << missing << '\n';
+    }
 }
 
 } // namespace quandrel

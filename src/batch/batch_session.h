@@ -6,6 +6,7 @@
 
 #include "batch/format_command.h"
 #include "batch/script.h"
+#include "input/further_files.h"
 #include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
@@ -27,7 +28,8 @@ class BatchSession {
 public:
     /// @param out  what commands print
     /// @param log  the boxes that the program showed, with their answers
-    BatchSession(std::ostream& out, std::ostream& log);
+    /// @param outside  what becomes of files that data files name outside their folder
+    BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside = OutsideFiles::Refuse);
     ~BatchSession();
     BatchSession(const BatchSession&) = delete;
     BatchSession& operator=(const BatchSession&) = delete;
@@ -47,6 +49,9 @@ private:
     [[nodiscard]] std::string RunCommand(const Command& command);
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
     [[nodiscard]] std::string NeedPlot() const;
+
+    /// Names the files of a workspace that did not open, if the file was one.
+    void LogMissingFiles(const std::string& path) const;
 
     /// NeedPlot for commands that show results: a plot with fields set since it was drawn is drawn
     /// anew, so that nothing older than its fields is shown.

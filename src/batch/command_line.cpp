@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <iostream>
 #include <new>
 #include <ostream>
 
@@ -56,12 +57,17 @@ Result<Commands> CommandsOfShortForm(const BatchOptions& options) {
     return commands;
 }
 
-int RunCommands(const Result<Commands>& commands, std::ostream& out, std::ostream& log) {
+OutsideFiles OutsideFilesOf(const BatchOptions& options) {
+    return options.allowOutside ? OutsideFiles::Read : OutsideFiles::Refuse;
+}
+
+int RunCommands(const Result<Commands>& commands, OutsideFiles outside, std::ostream& out,
+                std::ostream& log) {
     if (!commands) {
         log << kProgram << commands.Error() << '\n';
         return kBatchFailed;
     }
-    BatchSession session(out, log);
+    BatchSession session(out, log, outside);
     const std::string error = session.Run(*commands);
     if (!error.empty()) {
         log << kProgram << error << '\n';
@@ -70,13 +76,13 @@ int RunCommands(const Result<Commands>& commands, std::ostream& out, std::ostrea
     return kBatchDone;
 }
 
-int RunScript(const std::string& path, std::ostream& out, std::ostream& log) {
+int RunScript(const std::string& path, OutsideFiles outside, std::ostream& out, std::ostream& log) {
     const Result<std::string> text = ReadScriptFile(path);
     if (!text) {
         log << kProgram << "the script '" << path << "' cannot be read: " << text.Error() << '\n';
         return kBatchBadUsage;
     }
-    return RunCommands(ParseScript(*text, CommandBreak::LineOnly), out, log);
+    return RunCommands(ParseScript(*text, CommandBreak::LineOnly), outside, out, log);
 }
 
 int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& log) {
@@ -87,12 +93,21 @@ int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& l
         return kBatchBadUsage;
     }
     if (!options.script.empty()) {
-        return RunScript(options.script, out, log);
+        return RunScript(options.script, OutsideFilesOf(options), out, log);
     }
     return RunCommands(options.commands.empty()
                            ? CommandsOfShortForm(options)
                            : ParseScript(options.commands, CommandBreak::SemicolonToo),
-                       out, log);
+                       OutsideFilesOf(options), out, log);
+}
+
+/// The exit code of a run that printed what it had to, or that of one whose output is lost.
+int ExitAfter(int exitCode, std::ostream& out, std::ostream& log) {
+    if (out.flush()) {
+        return exitCode;
+    }
+    log << kProgram << "standard output could not be written\n";
+    return exitCode == kBatchDone ? kBatchFailed : exitCode;
 }
 
 } // namespace
@@ -113,20 +128,23 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     app.add_option("--format", options.format, "format of the data, as for the command 'format'")
         ->needs(data);
     app.add_flag("--stats", options.stats, "print the statistics")->needs(data);
+    app.add_flag("--allow-outside", options.allowOutside,
+                 "read files that data files name outside their folder, too");
     app.add_option("--script", options.script,
                    "file of commands, one a line; - reads standard input");
     app.add_option("-c", options.commands, "commands, parted by semicolons");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kBatchDone : kBatchBadUsage;
+        const int exitCode = app.exit(error) == 0 ? kBatchDone : kBatchBadUsage;
+        return exitCode == kBatchDone ? ExitAfter(exitCode, std::cout, std::cerr) : exitCode;
     }
     return std::nullopt;
 }
 
 int RunBatch(const BatchOptions& options, std::ostream& out, std::ostream& log) {
     try {
-        return RunOneSource(options, out, log);
+        return ExitAfter(RunOneSource(options, out, log), out, log);
     } catch (const std::bad_alloc&) {
         log << kProgram << "there is not enough memory\n";
         return kBatchFailed;

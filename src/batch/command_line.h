@@ -22,7 +22,8 @@ struct BatchOptions {
     std::string json;
     std::string format; ///< words as behind the command `format`
     bool stats = false;
-    std::string script; ///< path of a script, or "-"
+    bool allowOutside = false; ///< data files may name files outside their folder
+    std::string script;        ///< path of a script, or "-"
     std::string commands;
 };
 

@@ -8,6 +8,7 @@
 #include "core/result.h"
 #include "core/settings.h"
 #include "input/format_model.h"
+#include "input/further_files.h"
 #include "input/line_loop.h"
 #include "input/parameter_line.h"
 #include "input/plot_files.h"
@@ -17,7 +18,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -71,6 +71,11 @@ public:
             return false;
         }
         items_ = ReadParameterLines(*text);
+        const auto further = FurtherFilesOf(path_, items_.extraFiles);
+        if (!further) {
+            return false;
+        }
+        furtherFiles_ = *further;
         saysAll_ = ownFilesWithoutDialog > 0 && text->starts_with(kOwnFileMark);
         ApplyParameterItems();
         if (!AskFormat() || !Accept()) {
@@ -355,16 +360,12 @@ private:
         record_.ClassifyCheckPending = kTrue;
     }
 
-    /// The files that the parameter lines name go in behind the first one; one that is in the plot
+    /// The files that the parameter lines name go in after the first one; one that is in the plot
     /// already, or cannot be read, is passed over.
     void LoadFurtherFiles() {
         const BusyPointer busy(*gPlatform.status);
-        const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
-        for (const std::string& name : items_.extraFiles) {
-            const std::string further = (folder / name).lexically_normal().string();
-            std::error_code unreadable;
-            if (!goOn_ || record_.NumFiles >= kMaxFiles || IsInPlot(record_, further)
-                || !std::filesystem::is_regular_file(further, unreadable)) {
+        for (const std::string& further : furtherFiles_) {
+            if (!goOn_ || record_.NumFiles >= kMaxFiles || IsInPlot(record_, further)) {
                 continue;
             }
             if (const Result<std::string> text = ReadTextBytes(further)) {
@@ -394,6 +395,7 @@ private:
     std::string path_;
     PlotRecord& record_;
     ParameterItems items_;
+    std::vector<std::string> furtherFiles_;
     FormatAnswer answer_;
     bool asked_ = false;
     bool saysAll_ = false; ///< the format is not asked for

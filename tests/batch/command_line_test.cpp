@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -128,6 +129,59 @@ TEST_F(CommandLine, TheShortFormTellsWhichCommandFailed) {
     EXPECT_EQ(Run({data, "--format", "textname=\"x"}), kBatchFailed);
     EXPECT_TRUE(Logged("--format: a quote is not closed"));
     EXPECT_EQ(Run({data, "--format", "header=no\n  data=lines"}), kBatchDone) << log.str();
+}
+
+/// Takes some bytes, as a device or a pipe that fails then.
+class FailingBuffer : public std::stringbuf {
+public:
+    explicit FailingBuffer(std::streamsize room)
+        : room_(room) {}
+
+protected:
+    std::streamsize xsputn(const char* text, std::streamsize count) override {
+        const std::streamsize taken = std::min(count, room_);
+        room_ -= taken;
+        return std::stringbuf::xsputn(text, taken);
+    }
+
+    int_type overflow(int_type c) override {
+        return room_-- > 0 ? std::stringbuf::overflow(c) : traits_type::eof();
+    }
+
+    int sync() override { return room_ > 0 ? 0 : -1; }
+
+private:
+    std::streamsize room_;
+};
+
+TEST_F(CommandLine, OutputThatCannotBeWrittenIsAFailure) {
+    BatchOptions options;
+    options.commands = "blank; get PlotKind; get DataKind";
+    for (const std::streamsize room : {0, 1, 3}) {
+        FailingBuffer buffer(room);
+        std::ostream full(&buffer);
+        log.str("");
+        EXPECT_EQ(RunBatch(options, full, log), kBatchFailed) << room;
+        EXPECT_TRUE(Logged("standard output could not be written")) << room;
+    }
+    FailingBuffer buffer(1000);
+    std::ostream large(&buffer);
+    EXPECT_EQ(RunBatch(options, large, log), kBatchDone);
+}
+
+TEST_F(CommandLine, FilesOutsideTheFolderAreReadWithLeaveAlone) {
+    std::filesystem::create_directories(folder / "data");
+    Write("secret.txt", "40\t130\n");
+    const std::string data = Write("data/main.txt", "/X../secret.txt\n30\t120\n");
+    EXPECT_EQ(Run({data, "--stats"}), kBatchFailed);
+    EXPECT_TRUE(Logged(In("secret.txt")));
+    EXPECT_TRUE(Logged("--allow-outside"));
+    EXPECT_EQ(Run({data, "--stats", "--allow-outside"}), kBatchDone);
+    EXPECT_NE(out.str().find("3 rows read, 2 of them data"), std::string::npos) << out.str();
+    EXPECT_EQ(Run({"-c", "open \"" + data + "\""}), kBatchFailed);
+    EXPECT_EQ(Run({"--allow-outside", "-c", "open \"" + data + "\"; get NumValidData"}),
+              kBatchDone);
+    EXPECT_EQ(out.str(), "2\n");
 }
 
 } // namespace

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/further_files.h"
+
+#include "core/messages.h"
+#include "core/settings.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace quandrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+OutsideFiles outsideFiles = OutsideFiles::Ask;
+
+/// A folder as it is written may be a link, or have ".." behind one.
+fs::path WhereItLeads(const fs::path& path) {
+    std::error_code failed;
+    const fs::path real = fs::canonical(path.empty() ? fs::path(".") : path, failed);
+    return failed ? fs::path() : real;
+}
+
+/// A path without "..". After a link this may lead elsewhere than beside it.
+fs::path ShortPath(const fs::path& file) {
+    const fs::path plain = file.lexically_normal();
+    std::error_code failed;
+    return fs::equivalent(plain, file, failed) ? plain : WhereItLeads(file);
+}
+
+std::string Lines(std::span<const std::string> paths) {
+    constexpr std::size_t kMostNames = 10;
+    std::string lines;
+    for (const std::string& path : paths.first(std::min(paths.size(), kMostNames))) {
+        lines += "\n" + path;
+    }
+    return paths.size() > kMostNames
+               ? lines + "\nand " + std::to_string(paths.size() - kMostNames) + " more"
+               : lines;
+}
+
+[[nodiscard]] bool WantsThem(const std::string& dataFile, std::span<const std::string> outside) {
+    const Message question{gCaption,
+                           FileTitleOf(dataFile) + " names files outside its folder:"
+                               + Lines(outside) + "\nRead them too?",
+                           Icon::Question, Buttons::YesNo, Button::No};
+    return gPlatform.prompts->Ask(question) == Button::Yes;
+}
+
+} // namespace
+
+void SetOutsideFiles(OutsideFiles outside) {
+    outsideFiles = outside;
+}
+
+bool IsOutside(const fs::path& file, const fs::path& folder) {
+    const fs::path inside = WhereItLeads(folder);
+    const fs::path real = WhereItLeads(file);
+    if (inside.empty() || real.empty()) {
+        return true;
+    }
+    const fs::path relative = real.lexically_relative(inside);
+    return relative.empty() || *relative.begin() == "..";
+}
+
+std::optional<std::vector<std::string>> FurtherFilesOf(const std::string& dataFile,
+                                                       std::span<const std::string> names) {
+    const fs::path folder = fs::path(dataFile).parent_path();
+    std::vector<std::string> files;
+    std::vector<std::string> outside;
+    for (const std::string& name : names) {
+        const fs::path file = folder / name;
+        std::error_code unreadable;
+        if (!fs::is_regular_file(file, unreadable)) {
+            continue;
+        }
+        files.push_back(ShortPath(file).string());
+        if (IsOutside(files.back(), folder)) {
+            outside.push_back(files.back());
+        }
+    }
+    if (outside.empty() || outsideFiles == OutsideFiles::Read) {
+        return files;
+    }
+    if (outsideFiles == OutsideFiles::Refuse) {
+        Tell(FileTitleOf(dataFile) + " names files outside its folder:" + Lines(outside)
+             + "\nThey are read with --allow-outside alone.");
+        return std::nullopt;
+    }
+    if (!WantsThem(dataFile, outside)) {
+        std::erase_if(files, [&outside](const std::string& file) {
+            return std::ranges::find(outside, file) != outside.end();
+        });
+    }
+    return files;
+}
+
+} // namespace quandrel
