@@ -55,8 +55,17 @@ SessionError NotAvailable(const std::string& why) {
 } // namespace
 
 std::vector<fs::path> TablePluginFolders(const fs::path& programFolder) {
+#ifdef QUANDREL_TEST_BUILD
+    return TablePluginFolders(programFolder, PluginVariable::Followed);
+#else
+    return TablePluginFolders(programFolder, PluginVariable::Ignored);
+#endif
+}
+
+std::vector<fs::path> TablePluginFolders(const fs::path& programFolder, PluginVariable variable) {
     std::vector<fs::path> folders;
-    if (const char* const own = std::getenv("QUANDREL_PLUGIN_DIR"); own && *own != '\0') {
+    const char* const own = std::getenv("QUANDREL_PLUGIN_DIR");
+    if (variable == PluginVariable::Followed && own != nullptr && *own != '\0') {
         folders.emplace_back(own);
     }
     folders.push_back(programFolder);

@@ -14,9 +14,17 @@
 
 namespace quandrel {
 
-/// The folders where the library may be, the first one first: that of the environment variable
-/// QUANDREL_PLUGIN_DIR if it is set, the program's own, and lib/quandrel/plugins in the folder
-/// above the program's.
+/// What the environment variable QUANDREL_PLUGIN_DIR means: tests set it, and builds with tests
+/// alone follow it.
+enum class PluginVariable { Ignored, Followed };
+
+/// The folders where the library may be, the first one first: the program's own, and
+/// lib/quandrel/plugins in the folder above it. In front of them that of the variable, if it is
+/// followed and set.
+[[nodiscard]] std::vector<std::filesystem::path>
+TablePluginFolders(const std::filesystem::path& programFolder, PluginVariable variable);
+
+/// The same as this build has it.
 [[nodiscard]] std::vector<std::filesystem::path>
 TablePluginFolders(const std::filesystem::path& programFolder);
 

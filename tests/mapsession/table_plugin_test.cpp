@@ -56,6 +56,18 @@ TEST(TablePlugin, IsTakenFirstFromTheFolderOfTheEnvironment) {
     unsetenv("QUANDREL_PLUGIN_DIR");
 }
 
+TEST(TablePlugin, OfAProgramThatUsersRunIsInItsOwnFoldersAlone) {
+    const ScratchFolder scratch;
+    WriteFile(scratch.path / "own" / kFile, "");
+    setenv("QUANDREL_PLUGIN_DIR", (scratch.path / "own").c_str(), 1);
+    const std::vector<fs::path> folders =
+        TablePluginFolders(scratch.path / "bin", PluginVariable::Ignored);
+    unsetenv("QUANDREL_PLUGIN_DIR");
+    EXPECT_EQ(folders, (std::vector<fs::path>{scratch.path / "bin",
+                                              scratch.path / "lib" / "quandrel" / "plugins"}));
+    EXPECT_TRUE(FindTablePlugin(folders).empty());
+}
+
 TEST(LoadTableSource, SaysWhyThereIsNone) {
     const auto missing = LoadTableSource({});
     ASSERT_FALSE(missing);
