@@ -109,6 +109,15 @@ std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
     return static_cast<std::int32_t>(changes.size());
 }
 
+/// A line that pointed up and has come to lie level, with the trend that it points to: what was its
+/// lower end is behind it.
+ShownOrientation SettledUpward(ShownOrientation now, bool isPlane, ShownOrientation former) {
+    if (!isPlane && former.dip < 0 && now.dip == 0) {
+        now.azimuth = (now.azimuth + kFullTurn / 2) % kFullTurn;
+    }
+    return now;
+}
+
 bool CanMove() {
     return !gBusy && IsOpenSlot(gActivePlot) && gActivePlot == gMarqueeSlot
            && ActiveRecord().PlotKind != kRose;
@@ -133,16 +142,19 @@ ShownOrientation MovedOrientation(const PushedLine& line, bool isPole, ShownOrie
         PoleOfPlane(line.plunge, line.trend, shown.plunge, shown.trend);
     }
     const std::int32_t dip = WholeDegrees(shown.plunge);
-    return {former.dip < 0 ? -dip : dip, WholeDegrees(shown.trend) % kFullTurn};
+    return SettledUpward({former.dip < 0 ? -dip : dip, WholeDegrees(shown.trend) % kFullTurn},
+                         isPole, former);
 }
 
-ShownOrientation NudgedOrientation(ShownOrientation former, int plungeStep, int trendStep) {
+ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane, int plungeStep,
+                                   int trendStep) {
     const std::int32_t dip = std::abs(former.dip) + plungeStep;
     if (dip < 0 || dip > kRightAngle) {
         return former;
     }
     const std::int32_t azimuth = (former.azimuth + trendStep % kFullTurn + kFullTurn) % kFullTurn;
-    return {former.dip < 0 ? -dip : dip, trendStep == 0 ? former.azimuth : azimuth};
+    return SettledUpward({former.dip < 0 ? -dip : dip, trendStep == 0 ? former.azimuth : azimuth},
+                         isPlane, former);
 }
 
 std::int32_t MoveSelection(double dx, double dy) {
@@ -176,7 +188,8 @@ std::int32_t NudgeSelection(int plungeStep, int trendStep) {
     }
     const PlotRecord& record = ActiveRecord();
     const auto nudged = [&](std::int32_t row, ShownOrientation former) {
-        return NudgedOrientation(former, IsDirection(record, row, former) ? 0 : plungeStep,
+        const bool isPlane = IsPlottedAsPole(record, OverlayOfRow(record, row));
+        return NudgedOrientation(former, isPlane, IsDirection(record, row, former) ? 0 : plungeStep,
                                  trendStep);
     };
     const std::int32_t changed = Carry(ChangesOfSelection(nudged), EditRun::Steps);

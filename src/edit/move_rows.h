@@ -30,14 +30,18 @@ struct PushedLine {
 /// The numbers of a row whose plotted line has become another: whole degrees, azimuth 0 to 359.
 ///
 /// @param isPole  the line is the pole of the row's plane
-/// @param former  the row as it was; the sign of its dip stays
+/// @param former  the row as it was; the sign of its dip stays. A line that pointed up and comes to
+///                lie level has the trend that it points to
 [[nodiscard]] ShownOrientation MovedOrientation(const PushedLine& line, bool isPole,
                                                 ShownOrientation former);
 
 /// The numbers of a row after steps in whole degrees. The dip or plunge counts without its sign,
-/// which stays; a step that would lead below 0 or beyond 90 leaves the row as it is.
-[[nodiscard]] ShownOrientation NudgedOrientation(ShownOrientation former, int plungeStep,
-                                                 int trendStep);
+/// which stays; a step that would lead below 0 or beyond 90 leaves the row as it is. A line that
+/// pointed up and comes to lie level has the trend that it points to.
+///
+/// @param isPlane  the row is a plane, whose negative dip is no sense
+[[nodiscard]] ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane,
+                                                 int plungeStep, int trendStep);
 
 /// Moves the selected rows: each plotted position by (dx, dy) plot units. Rows that would come to
 /// lie outside the net stay; directions stay horizontal. The columns of the set that is shown take

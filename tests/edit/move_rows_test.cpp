@@ -89,6 +89,14 @@ TEST_F(MoveRows, TheSignOfThePlungeStays) {
     EXPECT_EQ(Row(2), (Pair{20, 0}));
 }
 
+TEST_F(MoveRows, AnUpwardLineMovedToTheRimPointsAcrossTheNet) {
+    SetKind(kPrimaryLine, kPolarLines);
+    AddRow(-10, 90);
+    SelectAll();
+    EXPECT_EQ(MoveSelection(RadiusOf(0) - RadiusOf(10), 0), 1);
+    EXPECT_EQ(Row(1), (Pair{0, 270})) << "its lower end was at 090";
+}
+
 TEST_F(MoveRows, RowsThrownOutsideStay) {
     AddRow(10, 90);
     AddRow(80, 90);
@@ -219,16 +227,25 @@ TEST_F(MoveRows, StepsOfADegreeStopAtTheEnds) {
         int plungeStep;
         int trendStep;
         Pair wanted;
+        bool isPlane = false;
     } cases[] = {
-        {{45, 10}, 1, 0, {46, 10}},   {{45, 10}, -1, 0, {44, 10}},  {{90, 10}, 1, 0, {90, 10}},
-        {{0, 10}, -1, 0, {0, 10}},    {{-45, 10}, 1, 0, {-46, 10}}, {{-1, 10}, -1, 0, {0, 10}},
-        {{45, 359}, 0, 1, {45, 0}},   {{45, 0}, 0, -1, {45, 359}},  {{45, 360}, 0, 1, {45, 1}},
+        {{45, 10}, 1, 0, {46, 10}},
+        {{45, 10}, -1, 0, {44, 10}},
+        {{90, 10}, 1, 0, {90, 10}},
+        {{0, 10}, -1, 0, {0, 10}},
+        {{-45, 10}, 1, 0, {-46, 10}},
+        {{-1, 10}, -1, 0, {0, 190}},
+        {{45, 359}, 0, 1, {45, 0}},
+        {{45, 0}, 0, -1, {45, 359}},
+        {{45, 360}, 0, 1, {45, 1}},
         {{45, 360}, 1, 0, {46, 360}},
+        {{-1, 270}, -1, 5, {0, 95}},
+        {{-1, 10}, -1, 0, {0, 10}, true}, // an overturned bed has no sense to keep
     };
 
-    for (const auto& [row, plungeStep, trendStep, wanted] : cases) {
+    for (const auto& [row, plungeStep, trendStep, wanted, isPlane] : cases) {
         const ShownOrientation now =
-            NudgedOrientation({row.first, row.second}, plungeStep, trendStep);
+            NudgedOrientation({row.first, row.second}, isPlane, plungeStep, trendStep);
         EXPECT_EQ((Pair{now.dip, now.azimuth}), wanted) << row.first << "/" << row.second;
     }
 }
