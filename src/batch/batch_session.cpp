@@ -160,6 +160,11 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
         if (++formatQuestions_ > 1) {
             return std::nullopt;
         }
+        if (const std::string refusal = TakeDataKind(stated_, question.plotKindFromFile);
+            !refusal.empty()) {
+            log_ << refusal << '\n';
+            return std::nullopt;
+        }
         FormatAnswer answer;
         answer.plotSecondary = stated_.showSecondary || question.showSecondary;
         answer.columnHeadings = question.columnHeadings;

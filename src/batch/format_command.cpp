@@ -26,6 +26,8 @@ const std::map<std::string, std::string> kDelimiters = {
     {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
 
 constexpr int kTrendFirst = 10; ///< is added to the code of conventions
+constexpr const char* kDirectionsAsPlanes = "directions have no dip and cannot be planes: state "
+                                            "data=lines or data=polar, or neither";
 
 /// A format being put together: applied when all arguments were good.
 struct Draft {
@@ -140,6 +142,21 @@ std::string TakeAppended(const std::string& value, Draft& draft) {
     return {};
 }
 
+std::string TakeDataKindName(const std::string& value, Draft& draft) {
+    std::int16_t kind = kPlanes;
+    const std::string error = TakeName(kDataNames, value, kind);
+    if (error.empty()) {
+        draft.stated.dataKind = kind;
+    }
+    return error;
+}
+
+std::string TakeUpward(const std::string& value, Draft& draft) {
+    return TakeName({{"lowerend", static_cast<int>(NegativePlunge::LowerEnd)},
+                     {"vector", static_cast<int>(NegativePlunge::Vector)}},
+                    value, draft.format.negativePlunge);
+}
+
 const Takers<Draft>& FormatTakers() {
     static const Takers<Draft> takers = {
         {"primary", [](auto& v, Draft& d) { return TakeName(kPrimaryNames, v, d.format.primary); }},
@@ -163,7 +180,8 @@ const Takers<Draft>& FormatTakers() {
              return std::string();
          }},
         {"header", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.format.hasHeadings); }},
-        {"data", [](auto& v, Draft& d) { return TakeName(kDataNames, v, d.format.plotDataKind); }},
+        {"data", TakeDataKindName},
+        {"upward", TakeUpward},
         {"frequency",
          [](auto& v, Draft& d) { return TakeName(kTruths, v, d.stated.frequencyColumn); }},
         {"showsecondary",
@@ -173,11 +191,17 @@ const Takers<Draft>& FormatTakers() {
     return takers;
 }
 
+/// The stated kind, or the one that the format in force leads to.
+std::int16_t KindFollowing(const StatedFormat& stated) {
+    return stated.dataKind.value_or(DataKindOfSet(gPrimaryDataType == kPrimaryPlane, kLines));
+}
+
 void Apply(const Draft& draft, StatedFormat& stated) {
     RestoreFormat(draft.format);
     gConventions = ConventionCode(draft);
     gDecimalIsComma = draft.decimalIsComma;
     stated = draft.stated;
+    gPlotDataKind = KindFollowing(stated);
 }
 
 } // namespace
@@ -195,10 +219,27 @@ std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
     TakeConventionCode(draft.format.conventions, draft);
     const std::vector<Argument> items(arguments.begin() + (adds ? 1 : 0), arguments.end());
     const std::string error = TakeArguments(items, FormatTakers(), "a format", draft);
-    if (error.empty()) {
-        Apply(draft, stated);
+    if (!error.empty()) {
+        return error;
     }
-    return error;
+    if (draft.stated.dataKind == kPlanes && draft.format.primary <= kDirections) {
+        return kDirectionsAsPlanes;
+    }
+    Apply(draft, stated);
+    return {};
+}
+
+std::string TakeDataKind(const StatedFormat& stated, int kindFromFile) {
+    const bool isDirections = gPrimaryDataType <= kDirections;
+    if (kindFromFile >= kPlanes && !(isDirections && kindFromFile == kPlanes)) {
+        gPlotDataKind = static_cast<std::int16_t>(kindFromFile);
+        return {};
+    }
+    if (stated.dataKind == kPlanes && isDirections) {
+        return kDirectionsAsPlanes;
+    }
+    gPlotDataKind = KindFollowing(stated);
+    return {};
 }
 
 } // namespace quandrel

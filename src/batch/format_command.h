@@ -7,6 +7,8 @@
 #include "batch/script.h"
 #include "core/data_format.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +18,8 @@ namespace quandrel {
 struct StatedFormat {
     bool showSecondary = false;
     bool frequencyColumn = false;
+    std::optional<std::int16_t>
+        dataKind; ///< a DataKindCode; without one it follows from the format
 };
 
 /// The first word of a `format` that changes the one in force instead of stating a new one.
@@ -30,5 +34,13 @@ inline constexpr const char* kAddToFormat = "add";
 [[nodiscard]] std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
                                                const FormatSettings& defaults,
                                                StatedFormat& stated);
+
+/// Sets the kind in which the data of a file are plotted: the file's own, else the stated one, else
+/// the one that its format leads to: planes, or lines for lines and directions.
+///
+/// @param kindFromFile  DataKindCode, or 0 where the file does not say. Planes count as not said in
+///                      a file of directions
+/// @return empty, or why the stated kind cannot be had
+[[nodiscard]] std::string TakeDataKind(const StatedFormat& stated, int kindFromFile);
 
 } // namespace quandrel

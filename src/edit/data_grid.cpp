@@ -6,7 +6,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/marquee.h"
-#include "input/data_line.h"
+#include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
@@ -58,12 +58,6 @@ GridColumn ColumnOf(std::string_view piece, GridColumnKind kind) {
     }
     column.header = std::string(WithoutBlanks(piece));
     return column;
-}
-
-std::int32_t WholeAzimuth(double degrees) {
-    double azimuth = RoundToEven(degrees);
-    WrapDegrees(azimuth);
-    return static_cast<std::int32_t>(azimuth);
 }
 
 std::string DipText(std::int32_t dip, bool isMissing) {
@@ -160,7 +154,7 @@ std::optional<ShownOrientation> ReadGridPair(std::string_view dip, std::string_v
     if (row.status != LineStatus::Row) {
         return std::nullopt;
     }
-    return ShownOrientation{static_cast<std::int32_t>(RoundToEven(row.dip)), WholeAzimuth(row.az)};
+    return RoundedOrientation(row.dip, row.az, isPlane);
 }
 
 std::optional<float> ReadGridNumber(std::string_view text) {

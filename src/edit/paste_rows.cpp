@@ -210,6 +210,7 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         return FormatOfPastedText(CurrentFormat(), items, true);
     }
     if (!gPasteFormat) {
+        const OwnWordOnUpwardLines own(items);
         RestoreFormat(WithFormatItems(CurrentFormat(), items));
         FormatQuestion question;
         question.command = kPasteCommand;

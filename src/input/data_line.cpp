@@ -17,6 +17,7 @@ namespace quandrel {
 namespace {
 
 constexpr double kSteepest = 90;
+constexpr double kHalfTurn = 180;
 constexpr double kFullTurn = 360;
 constexpr double kSteepestPitch = 180;
 
@@ -348,7 +349,29 @@ void ReadTextItem(const Items& items, ParsedRow& row) {
     }
 }
 
+// Gives a line that points up the trend of its lower end.
+void TakeLowerEnd(NegativePlunge meaning, double plunge, double& trend) {
+    if (meaning == NegativePlunge::Vector && plunge < 0) {
+        trend += trend < kHalfTurn ? kHalfTurn : -kHalfTurn;
+    }
+}
+
+void TakeLowerEnds(const LineFormat& format, ParsedRow& row) {
+    if (!row.isPlane) {
+        TakeLowerEnd(format.negativePlunge, row.dip, row.az);
+    }
+    // Lines that were worked out from angles in a plane have the trends of their lower ends.
+    if (row.secondaryPresent && format.secondary == kSecondaryLine) {
+        TakeLowerEnd(format.negativePlunge, row.dip2, row.az2);
+    }
+    if (row.lineStatus == AppendedLineStatus::Good) {
+        TakeLowerEnd(format.negativePlunge, row.linePlunge, row.lineTrend);
+    }
+}
+
 void ReadRow(const Items& items, ParsedRow& row) {
+    row.isPlane = items.format.primary == kPrimaryPlane;
+    row.isPlane2 = items.format.secondary == kSecondaryPlane;
     row.status = ReadPrimary(items, row);
     if (row.status == LineStatus::Row) {
         row.status = ReadSecondary(items, row);
@@ -365,6 +388,7 @@ void ReadRow(const Items& items, ParsedRow& row) {
     if (items.format.wantText) {
         ReadTextItem(items, row);
     }
+    TakeLowerEnds(items.format, row);
 }
 
 } // namespace

@@ -4,7 +4,8 @@
 //
 // Angles are degrees as the line states them: not rounded, not wrapped. A plane is dip (-90 to 90)
 // and dip direction (-360 to 360, or 0 to 360 when it was turned from another notation), a line
-// plunge and trend in the same ranges. Numbers may have a decimal point or comma.
+// plunge and trend in the same ranges. A line with a negative plunge comes with the trend of its
+// lower end, whatever the format says the trend names. Numbers may have a decimal point or comma.
 //
 // ParseLine is for loops over files; it is pure and takes no memory but for the rare text that has
 // to be changed. ParseDataLine gives the same results as texts.
@@ -72,6 +73,8 @@ private:
 /// A line, read. What a status does not vouch for has no meaning.
 struct ParsedRow {
     LineStatus status = LineStatus::Blank; ///< nothing below counts but for a Row
+    bool isPlane = false;                  ///< dip and az are those of a plane
+    bool isPlane2 = false;                 ///< likewise dip2 and az2
     bool secondaryPresent = false;         ///< false for a format without one, too
     AppendedLineStatus lineStatus = AppendedLineStatus::Absent;
     NumberStatus numberStatus = NumberStatus::Absent;

@@ -3,6 +3,7 @@
 // The parser's results as texts.
 
 #include "input/data_line.h"
+#include "input/data_rows.h"
 #include "input/decimal_delimiter.h"
 #include "input/line_tokens.h"
 #include "orientation/angles.h"
@@ -27,11 +28,6 @@ std::string GeneralText(double value) {
     return FormatNumber(value, "General Number");
 }
 
-// Degrees that were computed are told whole.
-std::string WholeText(double degrees) {
-    return RadToDegText(DegToRad(degrees));
-}
-
 bool IsComputed(std::int16_t secondaryFormat) {
     return secondaryFormat == kPitchInPlane || secondaryFormat == kTrendInPlane
            || secondaryFormat == kHadeInPlane;
@@ -47,9 +43,14 @@ void TellSecondary(const ParsedRow& row, const LineFormat& format, std::string& 
         outAz2 = "0";
         return;
     }
-    const bool isWhole = IsComputed(format.secondary);
-    outDip2 = isWhole ? WholeText(row.dip2) : GeneralText(row.dip2);
-    outAz2 = isWhole ? WholeText(row.az2) : GeneralText(row.az2);
+    if (IsComputed(format.secondary)) {
+        const ShownOrientation whole = RoundedOrientation(row.dip2, row.az2, false);
+        outDip2 = std::to_string(whole.dip);
+        outAz2 = std::to_string(whole.azimuth);
+        return;
+    }
+    outDip2 = GeneralText(row.dip2);
+    outAz2 = GeneralText(row.az2);
 }
 
 void TellAppendedLine(const ParsedRow& row, std::string& outLineDip, std::string& outLineAz) {

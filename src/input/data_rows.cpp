@@ -34,10 +34,6 @@ std::int32_t WholeAzimuth(double degrees) {
     return static_cast<std::int32_t>(azimuth);
 }
 
-ShownOrientation Rounded(double dip, double azimuth) {
-    return {WholeDegrees(dip), WholeAzimuth(azimuth)};
-}
-
 /// True when a column of the active plot has a place for a row.
 template <class Column>
 bool Holds(const Column& column, std::int32_t index) {
@@ -86,14 +82,14 @@ void StoreErrorRow(std::int32_t index) {
 /// Stores both orientations and gives the primary one as it now stands.
 ShownOrientation StoreOrientations(const ParsedRow& row, std::int32_t index,
                                    const RowTarget& target, const PlotRecord& record) {
-    ShownOrientation primary = Rounded(row.dip, row.az);
+    ShownOrientation primary = RoundedOrientation(row.dip, row.az, row.isPlane);
     if (target.turnToPole) {
         primary = PoleInDegrees(primary);
     }
     if (target.secondaryFormat != 0) {
         ShownOrientation secondary{kErrorRow, kErrorRow};
         if (row.secondaryPresent) {
-            secondary = Rounded(row.dip2, row.az2);
+            secondary = RoundedOrientation(row.dip2, row.az2, row.isPlane2);
             secondary = target.turnSecondary ? PoleInDegrees(secondary) : secondary;
         }
         if (target.overlay > 0 && record.ShowSecondary != 0) {
@@ -109,9 +105,11 @@ ShownOrientation StoreOrientations(const ParsedRow& row, std::int32_t index,
 
 void StoreLine(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
     faults.line = row.lineStatus != AppendedLineStatus::Good;
-    gAppLineDip.At(gActivePlot, index) =
-        faults.line ? kInvalidAppendedLine : WholeDegrees(row.linePlunge);
-    gAppLineAz.At(gActivePlot, index) = faults.line ? 0 : WholeAzimuth(row.lineTrend);
+    const ShownOrientation line = faults.line
+                                      ? ShownOrientation{kInvalidAppendedLine, 0}
+                                      : RoundedOrientation(row.linePlunge, row.lineTrend, false);
+    gAppLineDip.At(gActivePlot, index) = line.dip;
+    gAppLineAz.At(gActivePlot, index) = line.azimuth;
 }
 
 void StoreNumber(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
@@ -170,6 +168,14 @@ SymbolCode CodeOfNewRow(int overlay, bool upward) {
         return CodeOfStyleRow(isUp ? kDerivedUpSymbol : kDerivedSymbol);
     }
     return CodeOfStyleRow(upward ? kUpRowSymbol : kRowSymbol);
+}
+
+ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane) {
+    const ShownOrientation rounded{WholeDegrees(dip), WholeAzimuth(azimuth)};
+    if (isPlane || rounded.dip != 0 || !(dip < 0)) {
+        return rounded;
+    }
+    return {0, rounded.azimuth < 180 ? rounded.azimuth + 180 : rounded.azimuth - 180};
 }
 
 bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,

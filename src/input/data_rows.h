@@ -6,6 +6,7 @@
 
 #include "core/style_tables.h"
 #include "input/data_line.h"
+#include "stereo/row_positions.h"
 
 #include <cstdint>
 #include <string_view>
@@ -36,6 +37,10 @@ struct RowFaults {
 /// @return false when memory ran out: the row was not stored and DataFull of the plot is set
 [[nodiscard]] bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
                                 RowFaults& faults);
+
+/// An orientation in whole degrees, halves to even, azimuth 0 to 360. A line that points up by less
+/// than they show lies level with the trend that it points to.
+[[nodiscard]] ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane);
 
 /// Makes room for rows 1 to `last` of the active plot at once, if the memory is there; rows that
 /// come one by one find it otherwise.

@@ -77,6 +77,7 @@ public:
         }
         furtherFiles_ = *further;
         saysAll_ = ownFilesWithoutDialog > 0 && text->starts_with(kOwnFileMark);
+        const OwnWordOnUpwardLines own(items_);
         ApplyParameterItems();
         if (!AskFormat() || !Accept()) {
             return false;
@@ -113,6 +114,9 @@ private:
         question.columnHeadings = gFileHasHeadings;
         const bool isClear = saysAll_ && !asked_;
         asked_ = true;
+        if (isClear && !items_.T) {
+            gPlotDataKind = DataKindOfSet(gPrimaryDataType == kPrimaryPlane, kLines);
+        }
         const std::optional<FormatAnswer> answer =
             isClear ? FormatAnswer{question.showSecondary, question.columnHeadings,
                                    question.frequencyColumn}
@@ -389,6 +393,10 @@ private:
         sum.badNumeric += first.badNumeric;
         sum.badText += first.badText;
         sum.badLine += first.badLine;
+        if (first.upwardLines > 0) {
+            sum.upwardLines += first.upwardLines;
+            sum.negativePlunge = first.negativePlunge;
+        }
     }
 
     std::string command_;

@@ -107,6 +107,7 @@ FormatChoice ChoiceOf(const FormatQuestion& question) {
     choice.numericName = gFileAppNumName;
     choice.nonNumericName = gFileAppNonNumName;
     choice.columns = gFileColumnSettings;
+    choice.negativePlunge = gNegativePlunge;
     choice.columnHeadings = question.columnHeadings;
     const bool joins = JoinsRows(question);
     choice.plotSecondary = joins ? ActiveRecord().ShowSecondary != 0 : question.showSecondary;
@@ -140,6 +141,7 @@ void SetGlobalSettings(const FormatChoice& choice) {
     gFileAppNonNumName = choice.nonNumericName;
     gFileColumnSettings = choice.columns;
     gFileHasHeadings = choice.columnHeadings;
+    gNegativePlunge = choice.negativePlunge;
     if (choice.plotDataKind != kNoDataKind) {
         gPlotDataKind = choice.plotDataKind;
     }
@@ -161,6 +163,7 @@ LineFormat LineFormatOf(const FormatChoice& choice) {
     format.decimalIsComma = gDecimalIsComma;
     format.convertDecimals = gConvertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
+    format.negativePlunge = choice.negativePlunge;
     return format;
 }
 

@@ -33,6 +33,7 @@ struct FormatChoice {
     int planeConvention = kDipDipDirection;
     bool lineIsTrendFirst = false;
     bool isQuadrant = false;
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
     std::string delimiter = "\t"; ///< empty is any
     std::string planeSeparator = "/";
     std::string lineSeparator = "-";

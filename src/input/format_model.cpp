@@ -82,6 +82,7 @@ LineFormat LineFormatFromGlobals(bool hasOverlays) {
     format.decimalIsComma = gDecimalIsComma;
     format.convertDecimals = gConvertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
+    format.negativePlunge = gNegativePlunge;
     return format;
 }
 

@@ -36,6 +36,7 @@ struct LineFormat {
     bool decimalIsComma = false;        ///< the regional decimal delimiter
     bool convertDecimals = false;       ///< numbers with the other one are taken without a word
     int neededColumns = 2;              ///< HighestColumnNeeded + 1
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< what trends beside one name
 };
 
 /// Parts a convention code.

@@ -89,7 +89,7 @@ public:
         }
         ++counters_.rowsRead;
         if (row.status == LineStatus::Row) {
-            CountValid(faults);
+            CountValid(row, faults);
             return true;
         }
         KeepErrorLine(index, line);
@@ -99,8 +99,9 @@ public:
     [[nodiscard]] PassEnd End() const { return end_; }
 
 private:
-    void CountValid(const RowFaults& faults) {
+    void CountValid(const ParsedRow& row, const RowFaults& faults) {
         ++counters_.rowsValid;
+        CountUpwardLine(row, format_, counters_);
         counters_.badNumeric += faults.number ? 1 : 0;
         counters_.badText += faults.text ? 1 : 0;
         counters_.badLine += faults.line ? 1 : 0;

@@ -117,6 +117,11 @@ std::string AppendedText(const LoadCounters& counters) {
     return text;
 }
 
+// One that is plotted as a line may come from data where it was an arrow.
+bool IsPlainLine(const LineFormat& format) {
+    return format.primary == kPrimaryLine && gPlotDataKind == kLines;
+}
+
 std::string OutOfMemoryText(const LoadCounters& counters) {
     return "An 'Out of Memory' error has been encountered after "
            + std::to_string(counters.rowsRead)
@@ -147,6 +152,32 @@ std::string StoppedText(const LoadCounters& counters) {
 }
 
 } // namespace
+
+void CountUpwardLine(const ParsedRow& row, const LineFormat& format, LoadCounters& counters) {
+    if (row.dip < 0 && IsPlainLine(format)) {
+        ++counters.upwardLines;
+        counters.negativePlunge = format.negativePlunge;
+    }
+}
+
+std::string UpwardLinesText(const LoadCounters& counters) {
+    if (counters.upwardLines == 0) {
+        return {};
+    }
+    const bool isOne = counters.upwardLines == 1;
+    const std::string count = std::to_string(counters.upwardLines);
+    std::string text = count + (isOne ? " line has" : " lines have") + " a negative plunge. ";
+    if (counters.negativePlunge == NegativePlunge::Vector) {
+        text += isOne ? "Its trend was taken to name the end that it points to, and was turned to "
+                        "the lower end."
+                      : "Their trends were taken to name the ends that they point to, and were "
+                        "turned to the lower ends.";
+    } else {
+        text += isOne ? "Its trend was taken to name its lower end."
+                      : "Their trends were taken to name their lower ends.";
+    }
+    return text + " Plotted as lines, they count as axes without a sense.";
+}
 
 LineAnswer ReportBadLine(LineStatus status, std::string_view line, std::int32_t rowsSoFar,
                          int neededColumns) {
@@ -213,6 +244,9 @@ std::string LoadSummaryText(const LoadCounters& counters) {
         if (const std::int32_t foreign = counters.blankLines - counters.headLines; foreign > 0) {
             text += std::to_string(foreign)
                     + " non-data (blank, comments, etc.) lines were found in this file.\n";
+        }
+        if (counters.upwardLines > 0) {
+            text += UpwardLinesText(counters) + "\n";
         }
         text += AppendedText(counters);
     }

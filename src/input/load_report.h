@@ -26,6 +26,8 @@ struct LoadCounters {
     std::int32_t badNumeric = 0;   ///< valid rows whose appended number is invalid
     std::int32_t badText = 0;
     std::int32_t badLine = 0;
+    std::int32_t upwardLines = 0; ///< plain lines with a negative plunge
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< how these were read
     std::int64_t stoppedAtLine = 0; ///< line after which a run of bad lines ended the load, or 0
     bool outOfMemory = false;
     bool cancelled = false; ///< the user ended the load
@@ -36,6 +38,13 @@ extern LoadCounters gLastLoad;
 
 /// The counters of the last load into each slot.
 extern std::map<int, LoadCounters> gPlotLoads;
+
+/// Counts the line of a row that was read, where it points up and is not to be plotted with its
+/// sense.
+void CountUpwardLine(const ParsedRow& row, const LineFormat& format, LoadCounters& counters);
+
+/// What was done with plain lines of a negative plunge, in a sentence; empty without any.
+[[nodiscard]] std::string UpwardLinesText(const LoadCounters& counters);
 
 /// What the user wants after a question about a line.
 enum class LineAnswer { GoOn, Leave, Retry };

@@ -56,6 +56,13 @@ std::optional<std::int16_t> ConventionsIn(std::string_view value) {
     return isCode ? code : std::nullopt;
 }
 
+std::optional<NegativePlunge> UpwardIn(std::string_view value) {
+    const std::optional<std::int16_t> code =
+        NumberInRange(value, static_cast<std::int16_t>(NegativePlunge::LowerEnd),
+                      static_cast<std::int16_t>(NegativePlunge::Vector));
+    return code ? std::optional(static_cast<NegativePlunge>(*code)) : std::nullopt;
+}
+
 // At most kLongestItemName characters of a name, which takes one line and no tab.
 std::string NameOf(std::string_view text) {
     std::string name;
@@ -100,6 +107,9 @@ void TakeItem(char item, std::string_view value, ParameterItems& items) {
         break;
     case 'C':
         Take(ConventionsIn(value), items.C);
+        break;
+    case 'U':
+        Take(UpwardIn(value), items.U);
         break;
     case '1':
         Take(FormatCodeIn(value), items.one);
@@ -266,6 +276,7 @@ std::string BuildParameterText(const ParameterItems& items, bool full) {
     writer.AddNumber("N", items.N, "#");
     writer.AddText("I", !full && isDirections ? "1" : "2");
     writer.AddText("C", "1");
+    writer.AddText("U", "0");
     if (!full) {
         writer.AddNumber("1", std::optional<std::int16_t>(kOldFormats));
         return writer.Line();
@@ -294,7 +305,9 @@ FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& it
     if (items.isOwnText) {
         settings.delimiter = "\t";
         settings.hasHeadings = false;
+        settings.negativePlunge = NegativePlunge::LowerEnd;
     }
+    settings.negativePlunge = items.U.value_or(settings.negativePlunge);
     if (HasOldItems(items)) {
         // The columns are those of the file, whether or not the plot takes all of them.
         FormatSettings ofFile = settings;
@@ -314,6 +327,16 @@ FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& i
     settings.numericName = items.F.value_or(settings.numericName);
     settings.nonNumericName = items.D.value_or(settings.nonNumericName);
     return settings;
+}
+
+OwnWordOnUpwardLines::OwnWordOnUpwardLines(const ParameterItems& items)
+    : former_(gNegativePlunge)
+    , ofText_(WithFormatItems(CurrentFormat(), items).negativePlunge) {}
+
+OwnWordOnUpwardLines::~OwnWordOnUpwardLines() {
+    if (gNegativePlunge == ofText_) {
+        gNegativePlunge = former_;
+    }
 }
 
 void ApplyFormatItems(const ParameterItems& items) {

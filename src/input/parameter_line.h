@@ -47,6 +47,7 @@ struct ParameterItems {
     std::optional<std::string> D;        ///< name of the text
     std::optional<std::int16_t> I;       ///< old item code, above 0
     std::optional<std::int16_t> C;       ///< conventions
+    std::optional<NegativePlunge> U;     ///< what the trend beside a negative plunge names
     std::vector<std::string> extraFiles; ///< X: paths of further data files
     bool isOwnText = false;              ///< the file begins with kOwnTextStart
 };
@@ -64,7 +65,8 @@ struct ParameterItems {
 /// @param full  with the formats, the appended values and their names. Otherwise "/15" stands for
 ///              them, and rows hold the primary orientation alone
 ///
-/// P is written as 0, C as 1: rows are written in convention 1. I is 2; 1 for directions without
+/// P is written as 0, C as 1, U as 0: rows are written in convention 1, with the trends of lower
+/// ends. I is 2; 1 for directions without
 /// their formats. Pitches, trends and angles in a plane are written as the lines that they are read
 /// as. Inverse: ParseParameterLine.
 [[nodiscard]] std::string BuildParameterText(const ParameterItems& items, bool full);
@@ -73,12 +75,28 @@ struct ParameterItems {
 ///
 /// Item I above 0, and item 1 of kOldFormats, first set both formats by the old code, and at the
 /// end the column slots follow from the format (ColumnsInOrder). The program's own texts have the
-/// tab for delimiter and no column headings.
+/// tab for delimiter, no column headings and, where they do not say otherwise, the trends of lower
+/// ends.
 [[nodiscard]] FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& items);
 
 /// The format with what the items say of a new plot: its kind, and which values are appended under
 /// which names.
 [[nodiscard]] FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& items);
+
+/// What a text says of the trends beside negative plunges holds for that text alone: at the end of
+/// the block that reads it the setting is as it was, unless the user has changed it meanwhile.
+class OwnWordOnUpwardLines {
+public:
+    /// @param items  those of the text, before they are applied
+    explicit OwnWordOnUpwardLines(const ParameterItems& items);
+    ~OwnWordOnUpwardLines();
+    OwnWordOnUpwardLines(const OwnWordOnUpwardLines&) = delete;
+    OwnWordOnUpwardLines& operator=(const OwnWordOnUpwardLines&) = delete;
+
+private:
+    NegativePlunge former_;
+    NegativePlunge ofText_;
+};
 
 /// WithFormatItems on the format in force.
 void ApplyFormatItems(const ParameterItems& items);

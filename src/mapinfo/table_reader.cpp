@@ -93,6 +93,7 @@ private:
         ++counters.rowsRead;
         if (row.status == LineStatus::Row) {
             Count(faults, counters);
+            CountUpwardLine(row, format_, counters);
             Link(index, tableRow);
             return true;
         }

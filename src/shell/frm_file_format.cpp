@@ -150,6 +150,7 @@ void frmFileFormat::InitialiseOptButtons() {
     optPlaneConv[static_cast<std::size_t>(choice.planeConvention)]->setChecked(true);
     optLineConv[choice.lineIsTrendFirst ? 1 : 0]->setChecked(true);
     optDirnConv[choice.isQuadrant ? 0 : 1]->setChecked(true);
+    optNegativePlunge[static_cast<std::size_t>(choice.negativePlunge)]->setChecked(true);
     ShowInList(*cboSeparator[0], choice.planeSeparator);
     ShowInList(*cboSeparator[1], choice.lineSeparator);
     const QString delimiter = QString::fromStdString(choice.delimiter);
@@ -174,6 +175,8 @@ FormatChoice frmFileFormat::ChoiceOfControls() const {
     choice.planeConvention = Chosen(optPlaneConv);
     choice.lineIsTrendFirst = optLineConv[1]->isChecked();
     choice.isQuadrant = optDirnConv[0]->isChecked();
+    choice.negativePlunge =
+        optNegativePlunge[1]->isChecked() ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
     choice.planeSeparator = cboSeparator[0]->currentText().toStdString();
     choice.lineSeparator = cboSeparator[1]->currentText().toStdString();
     choice.delimiter = cboDelim->currentData().toString().toStdString();

@@ -116,8 +116,9 @@ public:
     std::array<QLabel*, 7> lblPlaneSample{};     ///< how each looks, from 1 on
     std::array<QRadioButton*, 2> optLineConv{};
     std::array<QRadioButton*, 2> optDirnConv{};
-    std::array<QComboBox*, 2> cboSeparator{};  ///< planes, lines
-    std::array<QPushButton*, 4> cmdDataType{}; ///< from 1 on
+    std::array<QRadioButton*, 2> optNegativePlunge{}; ///< lower end, the end it points to
+    std::array<QComboBox*, 2> cboSeparator{};         ///< planes, lines
+    std::array<QPushButton*, 4> cmdDataType{};        ///< from 1 on
     QCheckBox* chkSecondaryData;
     std::array<PictureBox*, 2> picCurrentSymbol{};
     std::array<QLabel*, 2> lblUpSymbol{};
@@ -140,6 +141,7 @@ private:
     [[nodiscard]] QGroupBox* MakeAppendedBox();
     [[nodiscard]] QWidget* MakeConventionsPage();
     [[nodiscard]] QGroupBox* MakePlaneConventionBox();
+    [[nodiscard]] QGroupBox* MakeNegativePlungeBox();
     [[nodiscard]] QGroupBox* MakeSeparatorBox();
     [[nodiscard]] QGroupBox* MakePlotBox();
     [[nodiscard]] QGroupBox* MakeSymbolBox();

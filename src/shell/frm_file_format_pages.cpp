@@ -79,6 +79,14 @@ constexpr OptionText kNotationOptions[] = {
     {"Azimuth notation", "145"},
 };
 
+constexpr OptionText kNegativePlungeOptions[] = {
+    {"the line's lower end",
+     "-30  120 lies in the line 30  120 and points the other way, up toward "
+     "300"},
+    {"the end it points to", "-30  120 points up toward 120: the way of palaeomagnetic directions. "
+                             "It is stored as -30  300, by its lower end"},
+};
+
 constexpr OptionText kKinds[] = {
     {"&Planes", "Planes are plotted by their poles, with great circles"},
     {"&Lines", "Lines are plotted where they pierce the lower hemisphere, upward or not"},
@@ -343,6 +351,19 @@ QGroupBox* frmFileFormat::MakeSeparatorBox() {
     return box;
 }
 
+QGroupBox* frmFileFormat::MakeNegativePlungeBox() {
+    auto* box = MakeBox("fraNegativePlunge", "A negative plunge: the trend names");
+    auto* layout = new QHBoxLayout(box);
+    auto* group = new QButtonGroup(box);
+    for (const int meaning : {0, 1}) {
+        auto* option =
+            MakeOption("optNegativePlunge", meaning, kNegativePlungeOptions[meaning], group);
+        optNegativePlunge[static_cast<std::size_t>(meaning)] = option;
+        layout->addWidget(option);
+    }
+    return box;
+}
+
 QWidget* frmFileFormat::MakeConventionsPage() {
     auto* lines = MakeBox("fraLineConv", "Lines are &written as");
     auto* lineLayout = new QVBoxLayout(lines);
@@ -371,8 +392,9 @@ QWidget* frmFileFormat::MakeConventionsPage() {
     layout->addWidget(lines, 0, 1);
     layout->addWidget(notation, 1, 1);
     layout->addWidget(MakeSeparatorBox(), 2, 1);
-    layout->addWidget(lblConventions, 3, 0);
-    layout->addWidget(chkSaveSettings[1], 3, 1, Qt::AlignRight);
+    layout->addWidget(MakeNegativePlungeBox(), 3, 0, 1, 2);
+    layout->addWidget(lblConventions, 4, 0);
+    layout->addWidget(chkSaveSettings[1], 4, 1, Qt::AlignRight);
     layout->setColumnStretch(0, 1);
     layout->setRowStretch(2, 1);
     return page;

@@ -34,7 +34,8 @@ void frmFileFormat::SetOrder() {
                               chkSaveSettings[2]});
     add(optPlaneConv);
     add(std::vector<QWidget*>{optLineConv[1], optLineConv[0], optDirnConv[0], optDirnConv[1],
-                              cboSeparator[0], cboSeparator[1], chkSaveSettings[1]});
+                              optNegativePlunge[0], optNegativePlunge[1], cboSeparator[0],
+                              cboSeparator[1], chkSaveSettings[1]});
     add(cmdDataType);
     add(std::vector<QWidget*>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboDelim,
                               chkTableHeadings, grdDataFormat, cmdButtons[0], cmdButtons[1]});
@@ -82,6 +83,7 @@ void frmFileFormat::ConnectConventions() {
     FollowOptions(optPlaneConv);
     FollowOptions(optLineConv);
     FollowOptions(optDirnConv);
+    FollowOptions(optNegativePlunge);
     for (QComboBox* list : cboSeparator) {
         connect(list, &QComboBox::currentIndexChanged, this, [this] { FormatChanged(); });
     }

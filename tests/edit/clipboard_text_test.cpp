@@ -15,7 +15,7 @@ TEST_F(ClipboardText, OfPointsHasHeadPartialParametersAndPlanes) {
     const int slot = NewPlanes({{30, 120}, {45, 7}, {60, 300}});
     const std::vector<std::int32_t> rows = {1, 2};
     EXPECT_EQ(TextOfRows(slot, rows, CopiedFields::Points),
-              ";Quandrel, ver 9.5.1\r\n/T1\t/P0\t/N1\t/I2\t/C1\t/15\r\n30\t120\r\n45\t7\r\n");
+              ";Quandrel, ver 9.5.1\r\n/T1\t/P0\t/N1\t/I2\t/C1\t/U0\t/15\r\n30\t120\r\n45\t7\r\n");
 }
 
 TEST_F(ClipboardText, IsInConventionOneWhateverIsInForce) {
@@ -38,7 +38,7 @@ TEST_F(ClipboardText, OfAllFieldsHasThemInOrder) {
     const std::vector<std::int32_t> rows = {1, 2};
     EXPECT_EQ(TextOfRows(slot, rows, CopiedFields::All),
               ";Quandrel, ver 9.5.1\r\n"
-              "/T1\t/P0\t/N1\t/I2\t/C1\t/12\t/23\t/S0\t/A1\t/L1\t/W1\t/FLength\t/DRock\r\n"
+              "/T1\t/P0\t/N1\t/I2\t/C1\t/U0\t/12\t/23\t/S0\t/A1\t/L1\t/W1\t/FLength\t/DRock\r\n"
               "30\t120\t11\t101\t21\t201\t1.5\trock 1\r\n"
               "-05\t07\t\t\t\t\t\t\"\"\"a\"\" b\"\r\n");
 }

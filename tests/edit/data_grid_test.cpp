@@ -213,6 +213,13 @@ TEST_F(Grid, TheNumberAndTheMarkCannotBeEdited) {
     EXPECT_EQ(RowTexts(grid, 0), (Texts{"1", "30", "120", ""}));
 }
 
+TEST_F(Grid, TypedLinesHaveTheTrendsOfTheirLowerEndsWhateverFilesSay) {
+    gNegativePlunge = NegativePlunge::Vector;
+    EXPECT_EQ(ReadGridPair("-30", "120", false)->azimuth, 120);
+    EXPECT_EQ(ReadGridPair("-0.3", "120", false)->azimuth, 300) << "level, as it points";
+    EXPECT_EQ(ReadGridPair("-0.3", "120", true)->azimuth, 120) << "a plane";
+}
+
 TEST(GridPair, IsReadAsTheFilesAre) {
     struct Case {
         const char* dip;

@@ -388,6 +388,35 @@ TEST_F(PasteRows, AHeadingOfForeignTextIsSkipped) {
     gFileHasHeadings = false;
 }
 
+TEST_F(PasteRows, ForeignUpwardLinesAreReadAsTheFormatSays) {
+    const int slot = NewLines({{1, 2}}, kPolarLines);
+    AcceptFormat([](FormatAnswer&) {
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kPolarLines;
+        gFileDelimiter = "";
+        gNegativePlunge = NegativePlunge::Vector;
+    });
+    clipboard.SetText("-30 120\n");
+    PasteData();
+    ASSERT_EQ(RecordOf(slot).NumData, 2);
+    EXPECT_EQ(gDataDip(slot, 2), -30);
+    EXPECT_EQ(gDataAz(slot, 2), 300);
+}
+
+TEST_F(PasteRows, OwnUpwardLinesHaveTheTrendsOfTheirLowerEnds) {
+    const int slot = NewLines({{1, 2}}, kPolarLines);
+    gNegativePlunge = NegativePlunge::Vector;
+    for (const char* word : {"", "/U0\t"}) {
+        clipboard.SetText(std::string(";Quandrel, ver 9.5.1\r\n") + word
+                          + "/T3\t/P0\t/N1\t/I2\t/C1\t/15\r\n-30\t120\r\n");
+        PasteData();
+        EXPECT_EQ(gDataDip(slot, RecordOf(slot).NumData), -30);
+        EXPECT_EQ(gDataAz(slot, RecordOf(slot).NumData), 120);
+    }
+    EXPECT_EQ(RecordOf(slot).NumData, 3);
+    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+}
+
 TEST_F(PasteRows, TextOfTheCompanionTellsItsFormatOrIsAskedFor) {
     const int slot = NewLines({{1, 2}});
     clipboard.SetText(";Velmixor 2\r\n/T2\t/I2\t/C1\t/15\r\n30\t120\r\n");

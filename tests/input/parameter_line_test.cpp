@@ -113,13 +113,13 @@ TEST(BuildParameterText, WritesItemsInTheirOrder) {
     items.F = "grain size";
     items.D = "rock\ttype";
     EXPECT_EQ(BuildParameterText(items, true),
-              "/T1\t/P0\t/N2\t/I2\t/C1\t/12\t/24\t/S0\t/A0\t/L1\t/W1\t/Fgrain size\t/Drock "
+              "/T1\t/P0\t/N2\t/I2\t/C1\t/U0\t/12\t/24\t/S0\t/A0\t/L1\t/W1\t/Fgrain size\t/Drock "
               "type\r\n");
-    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N2\t/I2\t/C1\t/15\r\n");
+    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N2\t/I2\t/C1\t/U0\t/15\r\n");
     items.N = 0;
-    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N\t/I2\t/C1\t/15\r\n");
+    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N\t/I2\t/C1\t/U0\t/15\r\n");
     items.one = 0;
-    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N\t/I1\t/C1\t/15\r\n");
+    EXPECT_EQ(BuildParameterText(items, false), "/T1\t/P0\t/N\t/I1\t/C1\t/U0\t/15\r\n");
     EXPECT_NE(BuildParameterText(items, true).find("\t/11\t"), std::string::npos);
 }
 

@@ -25,6 +25,23 @@ protected:
     }
 };
 
+TEST_F(TablePaste, ReadsUpwardLinesAsTheFormatSaysAndTellsOfPlainOnes) {
+    script.tables = {{"Poles", {"Inc", "Dec"}, {{"-30", "120"}, {"40", "10"}}}};
+    Link();
+    AcceptFormat([](FormatAnswer&) {
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kLines;
+        gSecondaryDataType = kNoSecondary;
+        gFileColumnSettings = {0, 1, 9, 9, 9, 9, 9, 9, 9, 9};
+        gNegativePlunge = NegativePlunge::Vector;
+    });
+    Expect("1 line has a negative plunge. Its trend was taken to name the end that it points to");
+    ASSERT_EQ(PasteMITable("Poles", kNewCommand), kNewCommand);
+    EXPECT_EQ(gDataDip(gActivePlot, 1), -30);
+    EXPECT_EQ(gDataAz(gActivePlot, 1), 300);
+    EXPECT_EQ(gDataAz(gActivePlot, 2), 10);
+}
+
 TEST_F(TablePaste, SaysThisToTheSession) {
     script.tables = {{"Joints", {"Id", "Dip", "DipDir"}, {{"a", "30", "120"}, {"b", "45", "200"}}}};
     Link();

@@ -125,7 +125,7 @@ TEST_F(AsciiPlotFile, TheSavedPlotGoesByTheNameOfItsFile) {
     EXPECT_EQ(ActiveRecord().Modified, 0);
     const std::string text = FileText(path);
     EXPECT_TRUE(text.starts_with(";Quandrel")) << text;
-    EXPECT_NE(text.find("\r\n/T1\t/P0\t/N1\t/I2\t/C1\t/12\t/20\t/S0\t/A0\t/L0\t/W0\r\n"),
+    EXPECT_NE(text.find("\r\n/T1\t/P0\t/N1\t/I2\t/C1\t/U0\t/12\t/20\t/S0\t/A0\t/L0\t/W0\r\n"),
               std::string::npos)
         << text;
     EXPECT_NE(text.find("\r\n30\t120\r\n"), std::string::npos);

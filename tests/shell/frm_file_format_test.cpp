@@ -55,6 +55,8 @@ TEST_F(FileFormatTest, HasEveryControlByItsNameAndCaption) {
         {"optLineConv_1", "Trend, Plunge"},
         {"optDirnConv_0", "Quadrant notation"},
         {"optDirnConv_1", "Azimuth notation"},
+        {"optNegativePlunge_0", "the line's lower end"},
+        {"optNegativePlunge_1", "the end it points to"},
         {"cmdDataType_1", "Planes"},
         {"cmdDataType_2", "Lines"},
         {"cmdDataType_3", "Polar Lines"},
@@ -223,6 +225,25 @@ TEST_F(FileFormatTest, MakesTheCodeOfConventions) {
             }
         }
     }
+}
+
+TEST_F(FileFormatTest, SetsWhatTheTrendBesideANegativePlungeNames) {
+    EXPECT_EQ(Open().findChild<QGroupBox*>("fraNegativePlunge")->title(),
+              "A negative plunge: the trend names");
+    EXPECT_TRUE(dialog_->optNegativePlunge[0]->isChecked());
+    Press("optNegativePlunge_1");
+    Press("cmdButtons_1");
+    EXPECT_EQ(gNegativePlunge, NegativePlunge::LowerEnd) << "cancelled";
+    Open();
+    Press("optNegativePlunge_1");
+    Press("chkSaveSettings_1");
+    PressOk();
+    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+    EXPECT_EQ(Saved("NegativePlunge"), "1");
+    EXPECT_TRUE(Open().optNegativePlunge[1]->isChecked());
+    Press("optNegativePlunge_0");
+    PressOk();
+    EXPECT_EQ(gNegativePlunge, NegativePlunge::LowerEnd);
 }
 
 TEST_F(FileFormatTest, TellsTheConventionsInWords) {
