@@ -159,6 +159,7 @@ private:
             return true;
         }
         counters_.stoppedAtLine = lines_;
+        counters_.invalidInRun = invalidInARow_;
         return false;
     }
 

@@ -147,8 +147,15 @@ std::string NothingReadText(const LoadCounters& counters) {
 }
 
 std::string StoppedText(const LoadCounters& counters) {
-    return "\nReading ended at line " + std::to_string(counters.stoppedAtLine) + ", after "
-           + std::to_string(kMostBadLines) + " lines in a row without data.";
+    const std::string lead = "\nReading ended at line " + std::to_string(counters.stoppedAtLine)
+                             + ", after " + std::to_string(kMostBadLines);
+    if (counters.invalidInRun == 0) {
+        return lead + " lines in a row without data.";
+    }
+    return lead
+           + (counters.invalidInRun < kMostBadLines
+                  ? " lines in a row that are invalid or without data."
+                  : " invalid lines in a row.");
 }
 
 } // namespace

@@ -29,6 +29,7 @@ struct LoadCounters {
     std::int32_t upwardLines = 0; ///< plain lines with a negative plunge
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< how these were read
     std::int64_t stoppedAtLine = 0; ///< line after which a run of bad lines ended the load, or 0
+    std::int32_t invalidInRun = 0;  ///< invalid lines of that run; the others are without data
     bool outOfMemory = false;
     bool cancelled = false; ///< the user ended the load
 };

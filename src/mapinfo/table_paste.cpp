@@ -231,9 +231,7 @@ private:
         return refuse("Couldn't get information from " + table + "\nPlease check your settings");
     }
     if (shape->rows == 0) {
-        gLastLoad = {};
-        ReportLoadSummary(gLastLoad);
-        return std::nullopt;
+        return refuse("The table " + table + " has no rows.");
     }
     if (!MIDo("Fetch First From " + table)) {
         return refuse("Couldn't fetch the first row of " + table);

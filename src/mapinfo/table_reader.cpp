@@ -150,6 +150,7 @@ private:
         counters.badText += faults.text ? 1 : 0;
         counters.badLine += faults.line ? 1 : 0;
         badInARow_ = 0;
+        invalidInARow_ = 0;
     }
 
     [[nodiscard]] bool TakeBadRow(LineStatus status, const std::string& line, std::int32_t tableRow,
@@ -158,6 +159,7 @@ private:
             ++counters.blankLines;
         } else {
             ++counters.invalidLines;
+            ++invalidInARow_;
             if (!std::exchange(isAsked_, true)) {
                 const LineAnswer answer =
                     ReportBadLine(status, line, counters.rowsRead - 1, format_.neededColumns);
@@ -173,6 +175,7 @@ private:
     /// A row that the session cannot give.
     [[nodiscard]] bool PassOver(std::int32_t tableRow, LoadCounters& counters) {
         ++counters.invalidLines;
+        ++invalidInARow_;
         return CountInARow(tableRow, counters);
     }
 
@@ -181,6 +184,7 @@ private:
             return true;
         }
         counters.stoppedAtLine = tableRow;
+        counters.invalidInRun = invalidInARow_;
         return false;
     }
 
@@ -197,6 +201,7 @@ private:
     MIGeoLink& link_;
     std::int32_t firstRow_ = ActiveRecord().NumLoadedData;
     std::int32_t badInARow_ = 0;
+    std::int32_t invalidInARow_ = 0; ///< of those
     bool isAsked_ = false;
     PassEnd end_ = PassEnd::Done;
 };

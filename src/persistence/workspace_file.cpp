@@ -238,6 +238,10 @@ WorkspaceOutcome SaveWorkspaceAs(const std::string& path, PlotsSavedAsText texts
     if (!paths) {
         return WorkspaceOutcome::Cancelled;
     }
+    if (paths->empty()) {
+        Tell("The workspace would list no plot and was not saved\n" + path);
+        return WorkspaceOutcome::Failed;
+    }
     const std::string error = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path)));
     if (!error.empty()) {
         Tell("The workspace could not be saved\n" + path + "\n" + error);

@@ -42,7 +42,7 @@ enum class WorkspaceOutcome { Saved, Cancelled, Failed };
 
 /// Saves the list of the open plots, after a dialog for its path and a question for each plot that
 /// has unsaved data: it is saved or left out. Cancelled when such a save comes to nothing: then no
-/// workspace is written.
+/// workspace is written. Nor is one that would list nothing, which is told.
 WorkspaceOutcome SaveWorkspace();
 
 /// What becomes of plots whose rows a text file of the program's own holds.

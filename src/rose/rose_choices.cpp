@@ -110,7 +110,8 @@ void FollowRoseKind(RoseSettings& settings) {
 
 void FollowRoseFault(RoseSettings& settings, int fault) {
     settings.kind = kRoseFrequency;
-    const int suspect = fault == kNoRoseValues    ? static_cast<int>(kRoseByLength)
+    const bool isOfNumbers = fault == kNoRoseValues || fault == kNoRoseLengths;
+    const int suspect = isOfNumbers               ? static_cast<int>(kRoseByLength)
                         : fault == kNoRoseClasses ? static_cast<int>(kRoseByType)
                                                   : static_cast<int>(kRoseUnclassified);
     if (settings.classes == suspect) {

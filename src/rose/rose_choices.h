@@ -39,7 +39,7 @@ struct RoseChoices {
 void FollowRoseKind(RoseSettings& settings);
 
 /// Makes a rose of frequencies after a fault, and takes away the classes that may have caused it:
-/// those by length after kNoRoseValues, those by type after kNoRoseClasses.
+/// those by length after kNoRoseValues and kNoRoseLengths, those by type after kNoRoseClasses.
 void FollowRoseFault(RoseSettings& settings, int fault);
 
 /// The classes of the rose of gActivePlot, as boxes edit them.

@@ -39,7 +39,7 @@ struct RoseArc {
 /// Draws axes in the style of gRoseAxesStyle (0 lines, 1 and 3 ticks outside the circle, 2 none),
 /// compass points if gShowCompassPoints, the scale of the rose of gActivePlot if its RoseDisplay6,
 /// and the outer circle if gRoseOuterCircle. Writes the interval of the scale into RoseScaleType,
-/// in place of "auto" too, unless the drawing goes elsewhere than to the plot's window.
+/// but for "auto", unless the drawing goes elsewhere than to the plot's window.
 void DrawRoseScale();
 
 } // namespace quandrel

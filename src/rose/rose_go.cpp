@@ -114,6 +114,13 @@ void Write(const RoseSettings& settings, PlotRecord& record) {
     WriteBias(settings, record);
 }
 
+/// The scale of new plots after a Go. An interval that the plot had already, from a file as it may
+/// be, was not typed and is no default.
+std::string DefaultScale(const RoseSettings& settings, const RoseSettings& former) {
+    const bool isTyped = !settings.interval || settings.interval != former.interval;
+    return isTyped ? TextOfScale(settings) : ScaleTypeWithForm(gRoseScaleType, settings.circles);
+}
+
 /// What the largest sector of a rose would be, per cent of all.
 double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) {
     PlotRecord asked;
@@ -128,7 +135,7 @@ double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) 
     asked.ClassTable = record.ClassTable;
     Write(settings, asked);
     RoseTables tables = TablesOfRose(asked);
-    if (FaultOfTotals(asked.RoseType, tables.totals, tables.sectors(0, 0, kRoseValueLayer))
+    if (FaultOfTotals(asked, tables.totals, tables.sectors(0, 0, kRoseValueLayer))
         != kNoRoseFault) {
         asked.RoseType = kRoseFrequency; // as the drawing makes it
         tables = TablesOfRose(asked);
@@ -173,7 +180,7 @@ RoseSettings RoseSettingsOfActivePlot() {
     settings.histStyle = record.RoseHistStyle;
     settings.segShape = record.RoseSegShape;
     settings.circles = HasScaleCircles(record.RoseScaleType);
-    if (!IsRoseIntervalAutomatic()) {
+    if (!HasAutomaticInterval(record.RoseScaleType)) {
         settings.interval = RoseScaleInterval(record);
     }
     settings.outerCircle = gRoseOuterCircle;
@@ -223,7 +230,7 @@ void PlotRoseSettings(const RoseSettings& settings) {
     gRoseOuterCircle = settings.outerCircle;
     gRoseSectorSize = record.RoseSectorSize;
     gRoseSectorFraction = record.RoseSectorFraction;
-    gRoseScaleType = record.RoseScaleType;
+    gRoseScaleType = DefaultScale(settings, former);
     ReplotActivePlot(true);
 }
 

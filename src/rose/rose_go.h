@@ -40,7 +40,7 @@ struct RoseSettings {
     bool operator==(const RoseSettings&) const = default;
 };
 
-/// The settings of the rose of gActivePlot. The interval is "auto" as long as the program chose it.
+/// The settings of the rose of gActivePlot.
 [[nodiscard]] RoseSettings RoseSettingsOfActivePlot();
 
 /// What a refusal is about.
@@ -90,7 +90,7 @@ struct RoseOutcome {
 
 /// The second half, once the first is Done: writes the settings into gActivePlot, makes a rose of a
 /// stereo plot, counts its rows and draws it. Sector size, width and scale are the defaults of new
-/// plots from then on.
+/// plots from then on; of intervals of the scale "auto" and those that Go changes.
 void PlotRoseSettings(const RoseSettings& settings);
 
 /// Go: both halves. Unless it is Done nothing has changed.

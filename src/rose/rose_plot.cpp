@@ -36,11 +36,27 @@ void Stop(const std::string& text) {
     (void)gPlatform.prompts->Ask({gCaption, text, Icon::Stop, Buttons::Ok});
 }
 
+/// True for a fault of the appended texts, false for one of the numbers.
+bool IsFaultOfTexts(const PlotRecord& record, int fault) {
+    switch (MeasureOfRose(record.RoseType)) {
+    case kRoseWindSpeed:
+        return fault != kNoRoseLengths;
+    case kRoseWindEnergy: // needs both
+        return fault == kNoRoseClasses
+               || (record.HasAppendedNumeric != 0 && record.HasAppendedText == 0);
+    default:
+        return fault == kNoRoseClasses;
+    }
+}
+
 std::string FaultText(const PlotRecord& record, int fault) {
-    const bool isText = fault == kNoRoseClasses || MeasureOfRose(record.RoseType) == kRoseWindSpeed;
-    std::string text = "No appended " + (isText ? record.AppNonNumName : record.AppNumName)
-                       + " data were found in this data set.";
-    if (RoseClassOf(record.RoseType) != kRoseUnclassified) {
+    const bool isOfTexts = IsFaultOfTexts(record, fault);
+    const std::string& name = isOfTexts ? record.AppNonNumName : record.AppNumName;
+    const bool hasColumn = (isOfTexts ? record.HasAppendedText : record.HasAppendedNumeric) != 0;
+    std::string text = fault == kNoRoseLengths && hasColumn
+                           ? "No row of this data set falls in a class of " + name + "."
+                           : "No appended " + name + " data were found in this data set.";
+    if (RoseClassOf(record.RoseType) != kRoseUnclassified && hasColumn) {
         text += "\n(Try checking your classification range settings)";
     }
     return text + "\nThese data will only be plotted as Frequency-Azimuth roses.";
@@ -79,9 +95,6 @@ void CheckClasses(PlotRecord& record) {
 
 /// Counts rows and works out statistics after a change. False when the user wants none of it.
 bool CountAnew(PlotRecord& record) {
-    if (record.RoseStats[kRoseCount][0] == 0) {
-        ForgetAutomaticInterval(gActivePlot); // the slot may have held another plot
-    }
     gPlatform.status->SetText(kCountingText);
     if (!RoseCountSectors()) {
         gPlatform.status->SetText({});
@@ -182,8 +195,20 @@ void WriteNumberAlone(const PlotRecord& record) {
 
 } // namespace
 
-int FaultOfTotals(int roseType, const Table<double, 7, 3>& totals, double classed) {
+int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals, double classed) {
+    const int roseType = record.RoseType;
     const int measure = MeasureOfRose(roseType);
+    const bool isByLength = RoseClassOf(roseType) == kRoseByLength;
+    const bool hasNumbers = record.HasAppendedNumeric != 0;
+    if (!hasNumbers && measure != kRoseFrequency && measure != kRoseWindSpeed) {
+        return kNoRoseValues;
+    }
+    if (isByLength && (!hasNumbers || (measure == kRoseFrequency && totals[kRoseCount][0] == 0))) {
+        return kNoRoseLengths;
+    }
+    if (RoseClassOf(roseType) == kRoseByType && record.HasAppendedText == 0) {
+        return kNoRoseClasses;
+    }
     const bool needsRows = measure == kRoseMeanValue || measure == kRoseVariance;
     const std::size_t row = needsRows ? kRoseCount : static_cast<std::size_t>(measure);
     if (totals[row][0] != 0) {
@@ -197,7 +222,7 @@ int FaultOfTotals(int roseType, const Table<double, 7, 3>& totals, double classe
 
 int FaultOfRose() {
     const PlotRecord& record = ActiveRecord();
-    return FaultOfTotals(record.RoseType, record.RoseStats, gRoseSectors(0, 0, kRoseValueLayer));
+    return FaultOfTotals(record, record.RoseStats, gRoseSectors(0, 0, kRoseValueLayer));
 }
 
 void RosePlot(bool recalculate) {

@@ -15,13 +15,16 @@ enum RoseFault : int {
     kNoRoseFault = 0,
     kNoRoseValues = 1,  ///< no row has the value that the kind needs
     kNoRoseClasses = 2, ///< no row falls in a class by type
+    kNoRoseLengths = 3, ///< no row falls in a class by length, or there are no numbers
 };
 
 /// The fault of a rose by what was counted for it.
 ///
+/// @param record   RoseType, and which columns there are
 /// @param totals   as RoseStats of the record
 /// @param classed  weighted count of the observations, cell (0, 0) of the value layer
-[[nodiscard]] int FaultOfTotals(int roseType, const Table<double, 7, 3>& totals, double classed);
+[[nodiscard]] int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals,
+                                double classed);
 
 /// The fault of the rose of gActivePlot after its data pass. Kinds of means and deviations need a
 /// row with a value; without spread they are merely empty.

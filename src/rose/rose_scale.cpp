@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 namespace quandrel {
 
@@ -19,9 +18,6 @@ namespace {
 constexpr std::size_t kFormLength = 4;
 constexpr const char* kCircleForm = "circ";
 constexpr const char* kTickForm = "tick";
-
-/// What drawings put in the place of "auto", by slot.
-std::unordered_map<int, std::string> automaticTexts;
 
 std::string_view IntervalText(std::string_view scaleType) {
     return scaleType.substr(std::min(kFormLength, scaleType.size()));
@@ -116,23 +112,17 @@ RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
 
 void StoreRoseInterval() {
     PlotRecord& record = ActiveRecord();
-    const bool isAutomatic = HasAutomaticInterval(record.RoseScaleType);
+    if (HasAutomaticInterval(record.RoseScaleType)) {
+        return; // "auto" stays, so that files and the next Go have it too
+    }
     const char* const form = HasScaleCircles(record.RoseScaleType) ? kCircleForm : kTickForm;
     record.RoseScaleType = form + FormatNumber(RoseScaleInterval(record), "General Number");
-    if (isAutomatic) {
-        automaticTexts[gActivePlot] = record.RoseScaleType;
-    }
 }
 
-void ForgetAutomaticInterval(int slot) {
-    automaticTexts.erase(slot);
-}
-
-bool IsRoseIntervalAutomatic() {
-    const std::string& text = ActiveRecord().RoseScaleType;
-    const auto written = automaticTexts.find(gActivePlot);
-    return HasAutomaticInterval(text)
-           || (written != automaticTexts.end() && written->second == text);
+std::string ScaleTypeWithForm(std::string_view scaleType, bool circles) {
+    const std::string_view interval = IntervalText(scaleType);
+    return std::string(circles ? kCircleForm : kTickForm)
+           + std::string(interval.empty() ? "auto" : interval);
 }
 
 } // namespace quandrel

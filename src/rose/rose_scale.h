@@ -63,14 +63,11 @@ struct RoseScaleMark {
 /// but for the smaller last sector of equal area, which is longer.
 [[nodiscard]] RoseScaleSettings ScaleOfRose(const PlotRecord& record);
 
-/// Writes the interval behind the form in RoseScaleType of gActivePlot, in place of "auto" too.
+/// Writes the interval behind the form in RoseScaleType of gActivePlot, as far as one was given:
+/// "auto" stays.
 void StoreRoseInterval();
 
-/// Forgets that a drawing has put an interval in the place of "auto" in the plot of a slot.
-void ForgetAutomaticInterval(int slot);
-
-/// True when the interval in RoseScaleType of gActivePlot is "auto", or was put in its place by a
-/// drawing and has not been changed since.
-[[nodiscard]] bool IsRoseIntervalAutomatic();
+/// A scale's text with its interval, or "auto", behind another form.
+[[nodiscard]] std::string ScaleTypeWithForm(std::string_view scaleType, bool circles);
 
 } // namespace quandrel

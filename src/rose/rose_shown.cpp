@@ -5,7 +5,6 @@
 #include "classify/class_rule.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
-#include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
@@ -151,7 +150,6 @@ void ForgetRoseOfPlot(int slot) {
     shownRoses.erase(slot);
     refusedRoses.erase(slot);
     ForgetAcceptedSectorSize(slot);
-    ForgetAutomaticInterval(slot);
     if (gRoseTablesSlot == slot) {
         gRoseTablesSlot = 0;
         gRoseWedges.clear();

@@ -228,6 +228,7 @@ QGroupBox* frmRoseDiag::MakeSizeBox() {
     cboNumSectors->setObjectName("cboNumSectors");
     cboNumSectors->setEditable(true);
     cboNumSectors->setInsertPolicy(QComboBox::NoInsert);
+    cboNumSectors->setCompleter(nullptr); // 7 is not to become 72
     cboNumSectors->setValidator(new QIntValidator(1, kMostSectors, cboNumSectors));
     cboNumSectors->setToolTip("Select  or enter no of sectors");
     cboNumSectors->setAccessibleName("Number of sectors");
@@ -303,6 +304,7 @@ QGroupBox* frmRoseDiag::MakeScaleBox() {
     cboScaleInt->setObjectName("cboScaleInt");
     cboScaleInt->setEditable(true);
     cboScaleInt->setInsertPolicy(QComboBox::NoInsert);
+    cboScaleInt->setCompleter(nullptr);
     for (const char* interval : kIntervals) {
         cboScaleInt->addItem(interval);
     }

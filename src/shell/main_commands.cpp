@@ -424,7 +424,7 @@ void GeolPlotMain::EditPreferences(int tab) {
 }
 
 void GeolPlotMain::ShowUnplottedLines() {
-    frmTextWindow window("Lines without data: " + QString::fromStdString(ActiveRecord().PlotTitle),
+    frmTextWindow window("Unplotted lines: " + QString::fromStdString(ActiveRecord().PlotTitle),
                          QString::fromStdString(UnplottedLinesText()), this);
     window.exec();
 }

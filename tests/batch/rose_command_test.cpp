@@ -65,6 +65,31 @@ TEST_F(BatchRose, OfAxialDataHasEachPetalTwice) {
     EXPECT_EQ(static_cast<std::size_t>(2 * mirrored), dump["rose"]["wedges"].size());
 }
 
+TEST_F(BatchRose, OfAMissingColumnSaysSoAndCountsRows) {
+    const std::string plain = "format data=planes; open \"FOLDER/planes.txt\"; rose ";
+    for (const char* const settings :
+         {"type=1", "type=2", "type=3", "type=8", "type=0 classify=length",
+          "type=4 classify=length", "type=0 classify=type"}) {
+        const auto dump = Dump(plain + settings);
+        EXPECT_EQ(dump["record"]["RoseType"], 0) << settings;
+        EXPECT_FALSE(dump["rose"]["wedges"].empty()) << settings;
+        EXPECT_NE(log.str().find(" data were found in this data set. These data will only be "
+                                 "plotted as Frequency-Azimuth roses."),
+                  std::string::npos)
+            << settings << log.str();
+    }
+}
+
+TEST_F(BatchRose, KeepsAnAutomaticScaleInAPlotFile) {
+    const std::string saved = "save \"FOLDER/auto.qpx\"; close; open \"FOLDER/auto.qpx\"";
+    const auto dump = Dump(Open("polar") + "; rose sector=10 scale=circauto; " + saved);
+    EXPECT_EQ(dump["record"]["RoseScaleType"], "circauto");
+    const auto again = Dump("open \"FOLDER/auto.qpx\"; rose sector=90");
+    EXPECT_EQ(again["record"]["RoseScaleType"], "circauto");
+    const auto typed = Dump("open \"FOLDER/auto.qpx\"; rose scale=circ4; " + saved);
+    EXPECT_EQ(typed["record"]["RoseScaleType"], "circ4");
+}
+
 TEST_F(BatchRose, OfAxesWithoutPairsOfSectorsCountsBothEnds) {
     Write("n.txt", "azimuth\n356\n357\n358\n359\n0\n1\n2\n3\n4\n");
     const auto dump = Dump("format primary=directions columns=0,0,1 header=yes data=lines; "

@@ -170,7 +170,7 @@ TEST_F(EmbeddedLink, TheSelectionIsPlottedWithTheRowsOfItsTable) {
 
 TEST_F(EmbeddedLink, ATableWithoutRowsAndAClosedOneAreTold) {
     Say("Open Table \"none\"");
-    Expect("All datalines were found to contain invalid data and no data were plotted.");
+    Expect("The table none has no rows.");
     EXPECT_EQ(PasteMITable("none", kNewCommand), kLoadError);
     const int slot = Plot("joints");
     Say("Close Table joints");

@@ -220,10 +220,10 @@ TEST_F(TablePaste, ReadsNoMoreThanTheCountSays) {
     EXPECT_EQ(RecordOf(PasteNew("Joints")).NumData, 2);
 }
 
-TEST_F(TablePaste, ATableWithoutRowsEndsAsAFileWithoutData) {
+TEST_F(TablePaste, ATableWithoutRowsIsToldSo) {
     script.tables = {Joints(0)};
     Link();
-    Expect("All datalines were found to contain invalid data and no data were plotted.");
+    Expect("The table Joints has no rows.");
     EXPECT_EQ(PasteMITable("Joints", kNewCommand), kLoadError);
     EXPECT_EQ(CountOpenPlots(), 0);
     EXPECT_EQ(gMIGeoLinks.Count(), 0U);
@@ -433,7 +433,7 @@ TEST_F(TablePaste, AThousandRowsInARowWithoutDataEndThePaste) {
         script.badRows.insert(row);
     }
     Link();
-    Expect("Reading ended at line 1001, after 1000 lines in a row without data.");
+    Expect("Reading ended at line 1001, after 1000 invalid lines in a row.");
     const int slot = PasteNew("Joints");
     EXPECT_EQ(RecordOf(slot).NumData, 1);
     EXPECT_EQ(gLastLoad.invalidLines, 1000);

@@ -105,6 +105,15 @@ TEST_F(OpenPlot, TheHeadingIsTheFirstLineThatIsNoCommentOrBlank) {
     EXPECT_EQ(gLastLoad.rowsRead, 3);
 }
 
+TEST_F(OpenPlot, AThousandInvalidLinesInARowAreCalledSo) {
+    Expect("The following line of invalid orientation data", Button::Ignore);
+    Expect("Reading ended at line 1001, after 1000 invalid lines in a row.");
+    Open("a.txt", "30\t120\n" + Repeated("95\t120\n", 1200) + "40\t100\n");
+    EXPECT_EQ(ActiveRecord().NumValidData, 1);
+    EXPECT_EQ(gLastLoad.invalidLines, 1000);
+    EXPECT_EQ(gLastLoad.blankLines, 0);
+}
+
 TEST_F(OpenPlot, AThousandNonDataLinesInARowEndTheReading) {
     Expect("Reading ended at line 1001, after 1000 lines in a row without data.");
     Open("a.txt", "30\t120\n" + Repeated("no data\n", 1200) + "40\t100\n");

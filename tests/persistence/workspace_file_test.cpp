@@ -154,8 +154,22 @@ TEST_F(Workspace, LeavesOutWhatIsNotToBeSavedEvenWithAPath) {
     Expect("Plot " + std::to_string(both)
                + ": beds has unsaved edits and has not yet been saved as a .qpx file\n",
            Button::No);
+    const int saved = PlotWith(Path("b.qpx"), false);
     EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
-    EXPECT_EQ(TextOf(Path("w.qwo")), WorkspaceText(Paths{}, folder));
+    EXPECT_EQ(TextOf(Path("w.qwo")), WorkspaceText(Paths{Path("b.qpx")}, folder));
+    ReleasePlotSlot(saved);
+}
+
+TEST_F(Workspace, IsNotWrittenWhenItWouldListNothing) {
+    WriteFile("w.qwo", "the former one");
+    const std::string told = "The workspace would list no plot and was not saved\n" + Path("w.qwo");
+    Expect(told);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Failed) << "without plots";
+    PlotWith("", true);
+    Expect("Save it now?", Button::No);
+    Expect(told);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Failed);
+    EXPECT_EQ(TextOf(Path("w.qwo")), "the former one");
 }
 
 TEST_F(Workspace, NamesAPlotWithoutAFileOnceAndBringsItToTheFront) {
@@ -163,7 +177,8 @@ TEST_F(Workspace, NamesAPlotWithoutAFileOnceAndBringsItToTheFront) {
     ActiveRecord().PlotTitle = "Plot " + std::to_string(slot) + ": Untitled";
     const auto& form = static_cast<const RecordingForm&>(FormOf(slot));
     Expect("Save it now?", Button::No);
-    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
+    Expect("The workspace would list no plot and was not saved");
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Failed);
     EXPECT_TRUE(prompts.Shown()[0].message.text.starts_with("Plot " + std::to_string(slot)
                                                             + ": Untitled has not yet been saved"))
         << prompts.Shown()[0].message.text;
@@ -222,6 +237,7 @@ TEST_F(Workspace, ListsAPlotSavedUnderARelativePath) {
 }
 
 TEST_F(Workspace, ThatCannotBeWrittenIsTold) {
+    PlotWith(Path("a.qpx"), false);
     Expect("The workspace could not be saved");
     EXPECT_EQ(SaveWorkspaceAs(Path("missing/w.qwo")), WorkspaceOutcome::Failed);
 }
@@ -337,13 +353,16 @@ TEST_F(Workspace, ListsOwnTextsWithoutAQuestionWhereThatIsAskedFor) {
     EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
     EXPECT_EQ(PathsOfWorkspace(TextOf(Path("w.qwo")), folder), Paths{Path("beds.txt")});
     ActiveRecord().Modified = kTrue;
+    const std::string listsNothing = "The workspace would list no plot and was not saved";
     Expect("has unsaved edits and has not yet been saved as a .qpx file", Button::No);
-    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
+    Expect(listsNothing);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Failed);
     WriteFile("other.txt", "30\t120\n");
     ActiveRecord().Modified = 0;
     ActiveRecord().MainFiles = {Path("other.txt")};
     Expect("has not yet been saved as a .qpx file", Button::No);
-    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Saved);
+    Expect(listsNothing);
+    EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo"), PlotsSavedAsText::List), WorkspaceOutcome::Failed);
 }
 
 TEST_F(Workspace, APlotThatCannotBeSavedNamesTheFile) {

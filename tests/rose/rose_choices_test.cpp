@@ -141,6 +141,8 @@ TEST(RoseChoices, TakeAwayTheClassesThatAFaultMayComeFrom) {
     const std::vector<FaultCase> cases = {
         {kNoRoseValues, kRoseByLength, kRoseUnclassified},
         {kNoRoseValues, kRoseByType, kRoseByType},
+        {kNoRoseLengths, kRoseByLength, kRoseUnclassified},
+        {kNoRoseLengths, kRoseByType, kRoseByType},
         {kNoRoseClasses, kRoseByLength, kRoseByLength},
         {kNoRoseClasses, kRoseByType, kRoseUnclassified},
         {kNoRoseValues, kRoseUnclassified, kRoseUnclassified},

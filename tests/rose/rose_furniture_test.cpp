@@ -273,16 +273,20 @@ TEST_F(DrawRoseScaleTest, HasNoMarksOnAnEmptyRose) {
 
 TEST_F(DrawRoseScaleTest, WritesTheIntervalUnlessItDrawsElsewhere) {
     PlotRecord& record = ActiveRecord();
-    record.RoseScaleType = "tickauto";
+    record.RoseScaleType = "tick0";
     RecordingSurface page(600, 600);
     RecordingSurface legend(100, 100);
     {
         const DrawElsewhere elsewhere(page, legend);
         DrawRoseScale();
     }
-    EXPECT_EQ(record.RoseScaleType, "tickauto");
+    EXPECT_EQ(record.RoseScaleType, "tick0");
     DrawRoseScale();
-    EXPECT_EQ(record.RoseScaleType, "tick5");
+    EXPECT_EQ(record.RoseScaleType.substr(0, 4), "tick");
+    EXPECT_GT(std::stod(record.RoseScaleType.substr(4)), 0);
+    record.RoseScaleType = "tickauto";
+    DrawRoseScale();
+    EXPECT_EQ(record.RoseScaleType, "tickauto");
 }
 
 class CompassPointsTest : public DrawRoseScaleTest {

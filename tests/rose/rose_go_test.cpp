@@ -47,10 +47,24 @@ protected:
 
     static PlotRecord& Record() { return ActiveRecord(); }
 
+    /// Gives each row the length 1, in the only class.
+    static void AddLengths() {
+        PlotRecord& record = Record();
+        record.HasAppendedNumeric = kTrue;
+        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            gAppNumeric.At(gActivePlot, row) = 1;
+        }
+        record.ClassTable[0][0] = std::int16_t{1};
+        record.ClassTable[1][0] = 0.0;
+        record.ClassTable[11][0] = 10.0;
+    }
+
     std::vector<bool> recalculated;
 };
 
 TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
+    AddLengths();
     RoseSettings rose;
     rose.kind = kRoseFrequency;
     rose.classes = kRoseByLength;
@@ -113,16 +127,36 @@ TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {
     EXPECT_FALSE(gRoseOuterCircle);
 }
 
-TEST_F(RoseGoTest, StillShowsAutoAfterADrawing) {
+TEST_F(RoseGoTest, LeavesAutoInThePlot) {
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
-    EXPECT_EQ(Record().RoseScaleType, "tick10"); // three of six in one sector: 50 %
+    EXPECT_EQ(RoseScaleInterval(Record()), 10) << "three of six in one sector: 50 %";
+    EXPECT_EQ(Record().RoseScaleType, "tickauto");
     EXPECT_FALSE(RoseSettingsOfActivePlot().interval);
     EXPECT_EQ(ApplyRoseSettings(RoseSettingsOfActivePlot()).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().RoseScaleType, "tickauto");
     EXPECT_EQ(gRoseScaleType, "tickauto");
     RoseSettings rose = RoseSettingsOfActivePlot();
     rose.interval = 10;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick10");
+    EXPECT_EQ(gRoseScaleType, "tick10") << "typed";
+}
+
+TEST_F(RoseGoTest, MakesNoDefaultOfAnIntervalThatThePlotHad) {
+    gRoseScaleType = "tickauto";
+    Record().RoseScaleType = "tick4"; // of an older file
+    RoseSettings rose = RoseSettingsOfActivePlot();
+    rose.sectorFraction = 60;
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().RoseScaleType, "tick4");
+    EXPECT_EQ(gRoseScaleType, "tickauto");
+    rose.circles = true;
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().RoseScaleType, "circ4");
+    EXPECT_EQ(gRoseScaleType, "circauto") << "the form was chosen, the number was not";
+    rose.interval = 3;
+    EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
+    EXPECT_EQ(gRoseScaleType, "circ3");
 }
 
 TEST_F(RoseGoTest, MakesARoseOfAStereoPlot) {
@@ -344,6 +378,7 @@ RoseSettings UnwantedRose() {
 }
 
 TEST_F(RoseGoTest, LeavesNoTraceWhenTheSizeIsNotWanted) {
+    AddLengths();
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     Record().Modified = 0;
     const RoseTraces before = TracesOf(Record());

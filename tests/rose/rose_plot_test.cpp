@@ -3,6 +3,7 @@
 #include "core/data_format.h"
 #include "core/settings.h"
 #include "rose/rose_plot.h"
+#include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
@@ -113,7 +114,7 @@ TEST_F(RosePlotTest, GivesEachDirectionItsPetal) {
     EXPECT_EQ(Record().RoseRangeB[0][1], 3);
     EXPECT_NEAR(Record().RoseRangeA[0][0], 1000 / 75.0, 1e-9);
     EXPECT_NEAR(Record().RoseRangeA[0][1], 1000 / 3.0, 1e-9);
-    EXPECT_EQ(Record().RoseScaleType, "tick20");
+    EXPECT_EQ(RoseScaleInterval(Record()), 20);
     EXPECT_EQ(Record().RowsChanged, 0);
 }
 
@@ -230,6 +231,77 @@ TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
         EXPECT_EQ(faults.back(), kNoRoseValues) << kind;
     }
     RosePlot(); // says nothing any more
+}
+
+TEST_F(RosePlotTest, WithoutAColumnNamesWhatIsMissing) {
+    AddRow(10, 5);
+    AddRow(10, 95);
+
+    struct Case {
+        std::int16_t type;
+        const char* name;
+        int fault;
+    };
+
+    const std::vector<Case> cases = {
+        {kRoseValue, "Length", kNoRoseValues},
+        {kRoseMeanValue, "Length", kNoRoseValues},
+        {kRoseVariance, "Length", kNoRoseValues},
+        {kRoseWindSpeed, "Speed", kNoRoseValues},
+        {kRoseWindEnergy, "Length", kNoRoseValues},
+        {kRoseOverlaidWind, "Length", kNoRoseValues},
+        {kRoseValueOverMean, "Length", kNoRoseValues},
+        {10, "Length", kNoRoseLengths},
+        {14, "Length", kNoRoseLengths},
+        {20, "Speed", kNoRoseClasses},
+        {12, "Length", kNoRoseValues},
+    };
+    for (const bool keepsLow : {false, true}) {
+        Record().ClassTable[0][0] = Record().ClassTable[0][1] = std::int16_t{1};
+        Record().ClassTable[12][0] = Record().ClassTable[12][1] =
+            static_cast<std::int16_t>(keepsLow ? 1 : 0);
+        for (const Case& test : cases) {
+            int fault = 0;
+            gRoseFaultHook = [&fault](int number) { fault = number; };
+            Record().RoseType = test.type;
+            Expect(std::string("No appended ") + test.name
+                   + " data were found in this data set.\nThese data will only be plotted as "
+                     "Frequency-Azimuth roses.");
+            RosePlot();
+            EXPECT_EQ(fault, test.fault) << test.type;
+            EXPECT_EQ(Record().RoseType, 0) << test.type;
+            EXPECT_EQ(gRoseWedges.size(), 2U) << test.type;
+        }
+    }
+}
+
+TEST_F(RosePlotTest, OfWindEnergyNamesTheTextsWhenTheyAreMissing) {
+    AddFourRows();
+    Record().HasAppendedText = 0;
+    for (const int row : {1, 2, 3, 4}) {
+        gAppText.Set(gActivePlot, row, "");
+    }
+    Record().RoseType = kRoseWindEnergy;
+    Expect("No appended Speed data were found in this data set.\nThese data");
+    RosePlot();
+    EXPECT_EQ(Record().RoseType, 0);
+}
+
+TEST_F(RosePlotTest, NamesTheLengthsWhenNoRowFallsInOne) {
+    AddFourRows();
+    Record().RoseType = 10;
+    Record().ClassTable[0][0] = std::int16_t{1};
+    Record().ClassTable[1][0] = 100.0;
+    Record().ClassTable[11][0] = 200.0;
+    Record().ClassTable[12][0] = std::int16_t{0};
+    int fault = 0;
+    gRoseFaultHook = [&fault](int number) { fault = number; };
+    Expect("No row of this data set falls in a class of Length.\n(Try checking your "
+           "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
+           "roses.");
+    RosePlot();
+    EXPECT_EQ(fault, kNoRoseLengths);
+    EXPECT_EQ(gRoseWedges.size(), 2U) << "never an empty rose";
 }
 
 TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {

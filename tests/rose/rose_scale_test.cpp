@@ -190,8 +190,8 @@ TEST_F(RoseScaleOfPlot, WritesTheIntervalInPlaceOfAuto) {
     NewPlot();
     PlotRecord& record = ActiveRecord();
     record.RoseRangeB[0][0] = 25;
-    const std::array<std::pair<const char*, const char*>, 6> cases = {{{"tickauto", "tick5"},
-                                                                       {"circauto", "circ5"},
+    const std::array<std::pair<const char*, const char*>, 6> cases = {{{"tickauto", "tickauto"},
+                                                                       {"circauto", "circauto"},
                                                                        {"circ2.5", "circ2.5"},
                                                                        {"tick0", "tick6"},
                                                                        {"", "tick6"},
@@ -203,21 +203,11 @@ TEST_F(RoseScaleOfPlot, WritesTheIntervalInPlaceOfAuto) {
     }
 }
 
-TEST_F(RoseScaleOfPlot, RemembersThatTheIntervalWasAutomatic) {
-    NewPlot();
-    PlotRecord& record = ActiveRecord();
-    record.RoseRangeB[0][0] = 25;
-    record.RoseScaleType = "tickauto";
-    EXPECT_TRUE(IsRoseIntervalAutomatic());
-    StoreRoseInterval();
-    EXPECT_EQ(record.RoseScaleType, "tick5");
-    EXPECT_TRUE(IsRoseIntervalAutomatic());
-    StoreRoseInterval(); // drawn again
-    EXPECT_TRUE(IsRoseIntervalAutomatic());
-    record.RoseScaleType = "tick4";
-    EXPECT_FALSE(IsRoseIntervalAutomatic());
-    StoreRoseInterval();
-    EXPECT_FALSE(IsRoseIntervalAutomatic());
+TEST(RoseScaleText, TakesAnotherForm) {
+    EXPECT_EQ(ScaleTypeWithForm("tick5", true), "circ5");
+    EXPECT_EQ(ScaleTypeWithForm("circ2.5", false), "tick2.5");
+    EXPECT_EQ(ScaleTypeWithForm("tickauto", true), "circauto");
+    EXPECT_EQ(ScaleTypeWithForm("", true), "circauto");
 }
 
 } // namespace quandrel

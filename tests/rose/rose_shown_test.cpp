@@ -151,17 +151,6 @@ TEST_F(RoseShown, AsksAboutASizeThatWasForgotten) {
     EXPECT_EQ(prompts.Shown().size(), 2U);
 }
 
-TEST_F(RoseShown, TakesNoIntervalOfANewPlotForAnAutomaticOne) {
-    Record().RoseScaleType = "tickauto";
-    RosePlot();
-    EXPECT_EQ(Record().RoseScaleType, "tick20"); // two of three are 67 %
-    EXPECT_TRUE(IsRoseIntervalAutomatic());
-    ReuseSlot();
-    Record().RoseScaleType = "tick20";
-    RosePlot();
-    EXPECT_FALSE(IsRoseIntervalAutomatic());
-}
-
 TEST_F(RoseShown, IsForgottenWhole) {
     Record().RoseScaleType = "tickauto";
     RosePlot();
@@ -175,7 +164,6 @@ TEST_F(RoseShown, IsForgottenWhole) {
     EXPECT_TRUE(gRoseWedges.empty());
     EXPECT_TRUE(IsRoseStale());
     EXPECT_FALSE(RestoreRose());
-    EXPECT_FALSE(IsRoseIntervalAutomatic());
     RefuseRose();
     ForgetRoseOfPlot(slot);
     EXPECT_FALSE(IsRoseRefused());

@@ -297,15 +297,22 @@ TEST_F(RoseDialogTest, StillWantsGoAfterACancelledOneOfTheSameSize) {
     EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "");
 }
 
-TEST_F(RoseDialogTest, ShowsNoAutomaticIntervalOfAPlotThatWasClosed) {
-    const int slot = gActivePlot;
+TEST_F(RoseDialogTest, TakesNumbersAsTheyAreTyped) {
+    auto& sectors = Of<QComboBox>("cboNumSectors");
+    dialog->tabRose->setCurrentIndex(kRoseSectorPage);
+    sectors.setFocus();
+    sectors.lineEdit()->selectAll();
+    QTest::keyClicks(sectors.lineEdit(), "7");
+    EXPECT_EQ(sectors.currentText(), "7") << "there is a 72 in the list";
+    EXPECT_EQ(Text("txtRoseSectSize"), "51.429");
+    EXPECT_EQ(sectors.completer(), nullptr);
+    auto& interval = Of<QComboBox>("cboScaleInt");
+    interval.lineEdit()->selectAll();
+    QTest::keyClicks(interval.lineEdit(), "1");
+    EXPECT_EQ(interval.currentText(), "1") << "there is a 10 in the list";
     Go();
-    ASSERT_TRUE(RoseSettingsOfActivePlot().interval == std::nullopt);
-    const std::string drawn = Record().RoseScaleType;
-    CloseWithLinks(slot);
-    ASSERT_EQ(AddPlot("others"), slot);
-    Record().RoseScaleType = drawn;
-    EXPECT_TRUE(RoseSettingsOfActivePlot().interval.has_value());
+    EXPECT_EQ(Record().RoseSectorSize, 360.0 / 7);
+    EXPECT_EQ(RoseSettingsOfActivePlot().interval, 1);
 }
 
 } // namespace

@@ -253,7 +253,7 @@ TEST_F(RoseDialogTest, GoesOnShowingAutoAfterADrawing) {
     EXPECT_EQ(interval.currentText(), "auto");
     Check("optScale_1");
     Go();
-    EXPECT_EQ(Record().RoseScaleType, "tick10") << "half of the data lies in one sector";
+    EXPECT_EQ(Record().RoseScaleType, "tickauto");
     dialog->FollowActivePlot();
     EXPECT_EQ(interval.currentText(), "auto");
     Check("optScale_0");
