@@ -38,6 +38,8 @@ LineFormat FormatFrom(const std::uint8_t* bytes) {
     format.hasOverlays = (bytes[3] & 16U) != 0;
     format.decimalIsComma = (bytes[3] & 32U) != 0;
     format.convertDecimals = (bytes[3] & 64U) != 0;
+    format.negativePlunge =
+        (bytes[3] & 128U) != 0 ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
     format.delimiter = kDelimiters[bytes[4] % sizeof kDelimiters];
     for (std::size_t slot = 0; slot < format.slots.size(); ++slot) {
         format.slots[slot] = bytes[5 + slot] % 40;

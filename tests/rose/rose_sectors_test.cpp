@@ -356,6 +356,15 @@ TEST_F(RoseSectors, OfLinesAndOfPlanesTakeNoSenseFromTheSign) {
     }
 }
 
+TEST_F(RoseSectors, OfTAxesHaveTheTrendsOfTheirLowerEnds) {
+    ActiveRecord().AxesTitle = "T-axes";
+    // The sign marks T axes, and a level one cannot have it: both stay on their side.
+    AddRow(-10, 50);
+    AddRow(0, 50);
+    ASSERT_TRUE(RoseCountSectors());
+    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(50), DegToRad(50)}));
+}
+
 TEST_F(RoseSectors, OfPolarSecondaryLinesFollowTheirSense) {
     AddRow(30, 5);
     int withSecondary = 1;
