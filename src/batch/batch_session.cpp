@@ -8,6 +8,7 @@
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/messages.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
@@ -20,6 +21,7 @@
 #include "platform/qt/plot_picture.h"
 #include "platform/recording_form.h"
 #include "program/closing.h"
+#include "program/recalculate.h"
 #include "program/reference.h"
 #include "program/start.h"
 #include "stereo/plot_driver.h"
@@ -201,6 +203,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
         {"format", {&BatchSession::Format, its}},
+        {"formulas", {&BatchSession::ChooseFormulas, one}},
         {"get", {&BatchSession::Get, one}},
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
@@ -342,6 +345,16 @@ std::string BatchSession::Export(const Command& command) {
 
 std::string BatchSession::Format(const Command& command) {
     return ApplyFormatArguments(command.arguments, firstFormat_, stated_);
+}
+
+std::string BatchSession::ChooseFormulas(const Command& command) {
+    for (const Formulas formulas : {Formulas::Own, Formulas::Textbook}) {
+        if (command.Words() == NameOf(formulas)) {
+            UseFormulas(formulas);
+            return {};
+        }
+    }
+    return "'" + command.Words() + "' is none of own, textbook";
 }
 
 std::string BatchSession::Get(const Command& command) {

@@ -64,6 +64,7 @@ private:
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
     std::string Format(const Command& command);
+    std::string ChooseFormulas(const Command& command);
     std::string Get(const Command& command);
     std::string MergeFile(const Command& command);
     std::string Open(const Command& command);

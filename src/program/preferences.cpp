@@ -8,6 +8,7 @@
 #include "core/setting_keys.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
+#include "program/recalculate.h"
 #include "program/style_changes.h"
 
 #include <algorithm>
@@ -107,6 +108,7 @@ Preferences PreferencesInForce() {
     now.convertDecimals = gConvertDecimals;
     now.saveNonDataLines = gSaveNonDataLines;
     now.showIsolatedPts = gShowIsolatedPts;
+    now.formulas = gFormulas;
     return now;
 }
 
@@ -153,6 +155,9 @@ void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
     const StyleChange change;
     UseLooks(preferences);
     UseGeneralOptions(preferences);
+    if (preferences.formulas != gFormulas) {
+        UseFormulas(preferences.formulas);
+    }
     bool saved = KeepMaxPlots(preferences.maxPlots);
     if (keep == KeepSettings::Yes) {
         saved = SaveSettings(4) && saved;

@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "core/formulas.h"
 #include "core/settings.h"
 #include "core/style_tables.h"
 
@@ -40,6 +41,7 @@ struct Preferences {
     bool convertDecimals = false;
     bool saveNonDataLines = false;
     std::int16_t showIsolatedPts = 0;
+    Formulas formulas = Formulas::Own; ///< of statistics
 };
 
 /// The preferences in force. Their number of plots is that of the store: the running session keeps

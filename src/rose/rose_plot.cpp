@@ -190,7 +190,8 @@ void WriteTexts(const std::string& normal, const std::string& advanced) {
 
 /// The texts of a plot that shows no rose.
 void WriteNumberAlone(const PlotRecord& record) {
-    WriteTexts("No. of Data = " + std::to_string(record.NumValidData) + kLineEnd, {});
+    const std::string number = "No. of Data = " + std::to_string(record.NumValidData) + kLineEnd;
+    WriteTexts(number, number);
 }
 
 } // namespace

@@ -12,10 +12,11 @@
 #include "shell/widget_font.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
+#include "stereo/text_lines.h"
 
 #include <QCloseEvent>
 #include <QContextMenuEvent>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -119,7 +120,9 @@ void frmPlotForms::MakeTexts() {
     txtStatsBox[1] = MakeTextBox("txtStatsBox_1", "Advanced statistics");
     for (QPlainTextEdit* box : txtStatsBox) {
         box->setReadOnly(true);
-        box->setLineWrapMode(QPlainTextEdit::NoWrap);
+        // Lines that are too wide go on below rather than behind a bar.
+        box->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+        box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         box->hide();
     }
     txtFabricBox = new QLineEdit(body_);
@@ -182,6 +185,7 @@ void frmPlotForms::ApplyFonts() {
     UseFont(*txtFabricBox, kFabricFont);
     for (QPlainTextEdit* box : txtStatsBox) {
         UseFont(*box, kStatsFont);
+        box->setTabStopDistance(QFontMetricsF(box->font()).horizontalAdvance(kTabSample));
     }
     UseFont(*lblNumBox, kGeneralFont);
 }

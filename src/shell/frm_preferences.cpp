@@ -165,6 +165,7 @@ void frmPreferences::Load() {
         QString::fromStdString(FormatNumber(static_cast<double>(now_.plotAspect), "Fixed")));
     txtNumPlots->setText(QString::fromStdString(FormatNumber(now_.maxPlots, "#0")));
     optPitchName[now_.pitchName == "rake" ? 1 : 0]->setChecked(true);
+    optFormulas[now_.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
     chkDecimalConv->setChecked(now_.convertDecimals);
     chkSaveLinesOption->setChecked(now_.saveNonDataLines);
     chkIsolatedPts->setChecked(now_.showIsolatedPts != 0);
@@ -204,6 +205,7 @@ Preferences frmPreferences::Choice() const {
     choice.plotWinLast = chkPlotLast->isChecked();
     choice.maxPlots = MaxPlotsOf(txtNumPlots->text().toStdString(), now_.maxPlots);
     choice.pitchName = optPitchName[1]->isChecked() ? "rake" : "pitch";
+    choice.formulas = optFormulas[1]->isChecked() ? Formulas::Textbook : Formulas::Own;
     choice.convertDecimals = chkDecimalConv->isChecked();
     choice.saveNonDataLines = chkSaveLinesOption->isChecked();
     const bool showsIsolated = chkIsolatedPts->isChecked();

@@ -100,6 +100,7 @@ public:
     QPushButton* cmdDirectory = nullptr;
     QCheckBox* chkUseLastDirectory = nullptr;
     std::array<QRadioButton*, 2> optPitchName{};
+    std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, the textbook's
     QCheckBox* chkDecimalConv = nullptr;
     QCheckBox* chkSaveLinesOption = nullptr;
     QCheckBox* chkIsolatedPts = nullptr;
@@ -160,6 +161,7 @@ private:
     void AddFont(QGridLayout& grid, int line, std::size_t font, const QString& caption);
     [[nodiscard]] QWidget* MakeGeneralPage();
     [[nodiscard]] QGroupBox* MakeFolderBox();
+    [[nodiscard]] QGroupBox* MakeFormulasBox();
     void ChooseFont(std::size_t font);
     void ChooseFontColour(std::size_t font);
     void ChoosePlotColour(std::size_t which);

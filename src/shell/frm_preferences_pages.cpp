@@ -294,6 +294,25 @@ QGroupBox* frmPreferences::MakeFolderBox() {
     return box;
 }
 
+QGroupBox* frmPreferences::MakeFormulasBox() {
+    auto* box = new QGroupBox("Formulas of statistics:");
+    box->setObjectName("fraFormulas");
+    auto* choices = new QHBoxLayout(box);
+    constexpr std::array<const char*, 2> kCaptions = {"Quandrel's o&wn", "&Textbook"};
+    constexpr std::array<const char*, 2> kTips = {
+        "Statistics, arrows, arcs and cones by the program's own definitions. Where the textbook's "
+        "result is another one it stands below",
+        "Statistics, arrows, arcs and cones by the formulas of the textbooks"};
+    for (std::size_t i = 0; i < kCaptions.size(); ++i) {
+        optFormulas[i] = new QRadioButton(kCaptions[i]);
+        optFormulas[i]->setObjectName(QString("optFormulas_%1").arg(i));
+        optFormulas[i]->setToolTip(kTips[i]);
+        choices->addWidget(optFormulas[i]);
+    }
+    choices->addStretch(1);
+    return box;
+}
+
 QWidget* frmPreferences::MakeGeneralPage() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -325,6 +344,7 @@ QWidget* frmPreferences::MakeGeneralPage() {
     }
     names->addStretch(1);
     layout->addWidget(pitch);
+    layout->addWidget(MakeFormulasBox());
     layout->addSpacing(8);
     chkDecimalConv = NamedCheck(
         "&Convert 'invalid' decimal-like numbers to agree with Regional Settings", "chkDecimalConv",

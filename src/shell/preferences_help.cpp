@@ -47,6 +47,10 @@ GENERAL
 - File dialogs start in the folder of the file that you last opened, or in
   the one that you set here.
 - "pitch" or "rake" is the word for the angle of a line in a plane.
+- Formulas of statistics: some results of the boxes are Quandrel's own by
+  definition; where the textbook has another one, it stands below in brackets.
+  "Textbook" has the boxes, arrows, arcs and cones of all plots by the
+  textbook's formulas instead.
 - Convert 'invalid' decimal-like numbers: a number of an appended column with
   the other decimal delimiter is read as a number.
 - Include non-data lines: a plot that is saved as text keeps comments,

@@ -205,9 +205,13 @@ std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& r
 void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
                       const PlotRecord& record) {
     list.Add("fourth moment", statistics.fourthMoment);
-    list.Add("symmetry statistic, 1 - 2 E3 + m4", statistics.symmetryStatistic);
-    list.Add("symmetry statistic, 1 - E3 + m4 (printed judgement)",
-             PrintedSymmetryStatistic(statistics.count, record));
+    const bool isTextbook = gFormulas == Formulas::Textbook;
+    const auto name = [](const char* what, bool isPrinted) {
+        return std::string("symmetry statistic, ") + what
+               + (isPrinted ? " (printed judgement)" : "");
+    };
+    list.Add(name("1 - 2 E3 + m4", isTextbook), statistics.symmetryStatistic);
+    list.Add(name("1 - E3 + m4", !isTextbook), PrintedSymmetryStatistic(statistics.count, record));
     list.Add("symmetry limit", kSymmetryLimit);
     const double error = record.FabricValueC;
     if (error == kNotSymmetric) {

@@ -158,6 +158,8 @@ const std::vector<Case>& AllPreferences() {
          [] { return gFilesDirectory == "/somewhere"; }},
         {"pitch", [](Preferences& p) { p.pitchName = "rake"; },
          [] { return gPitchName == "rake"; }},
+        {"formulas", [](Preferences& p) { p.formulas = Formulas::Textbook; },
+         [] { return gFormulas == Formulas::Textbook; }},
         {"decimals", [](Preferences& p) { p.convertDecimals = true; },
          [] { return gConvertDecimals; }},
         {"non-data lines", [](Preferences& p) { p.saveNonDataLines = true; },
@@ -248,6 +250,36 @@ TEST_F(PreferencesTest, DefaultsAreThoseOfAFirstRunAndLeaveTheGlobalsAlone) {
     EXPECT_EQ(gColourTable[8], 255U);
     EXPECT_EQ(gSymbolTable[23], (SymbolRow{7, 17, 7}));
     EXPECT_EQ(gPlotBackColour, 0xffffffU);
+}
+
+TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifiedByThem) {
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    const int rose = NewPlot();
+    ActiveRecord().PlotKind = kRose;
+    for (const std::int32_t azimuth : {40, 45, 50}) {
+        AddRow(0, azimuth);
+    }
+    ReplotActivePlot(true);
+    const int fabric = NewPlot();
+    AddRow(40, 200);
+    ReplotActivePlot(true);
+    RecordOf(rose).Modified = 0;
+    RecordOf(fabric).Modified = 0;
+    const auto text = [this](int slot, PlotBox box) { return Form(slot).BoxText(box); };
+    ASSERT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n(textbook: 045-225)\r\n"),
+              std::string::npos);
+    ASSERT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = 99999.00"), std::string::npos);
+    Apply([](Preferences& p) { p.formulas = Formulas::Textbook; });
+    EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 045-225\r\n"), std::string::npos);
+    EXPECT_EQ(text(rose, PlotBox::StatsNormal).find("textbook"), std::string::npos);
+    EXPECT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = undetermined"), std::string::npos);
+    EXPECT_NEAR(RecordOf(rose).RoseMeanDir[0], kPi / 4, 1e-9);
+    EXPECT_EQ(RecordOf(rose).Modified, 0);
+    EXPECT_EQ(RecordOf(fabric).Modified, 0);
+    EXPECT_EQ(gActivePlot, fabric);
+    Apply([](Preferences& p) { p.formulas = Formulas::Own; });
+    EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n"), std::string::npos);
 }
 
 TEST_F(PreferencesTest, UseLastResizeEndsWithTheSession) {

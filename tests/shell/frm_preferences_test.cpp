@@ -464,12 +464,15 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     Turn(kGeneralPage);
     dialog_->txtNumPlots->setText("42");
     dialog_->optPitchName[1]->click();
+    EXPECT_TRUE(dialog_->optFormulas[0]->isChecked());
+    dialog_->optFormulas[1]->click();
     dialog_->chkDecimalConv->click();
     dialog_->chkSaveLinesOption->click();
     dialog_->chkIsolatedPts->click();
     const Preferences choice = Choice();
     EXPECT_EQ(choice.maxPlots, 42);
     EXPECT_EQ(choice.pitchName, "rake");
+    EXPECT_EQ(choice.formulas, Formulas::Textbook);
     EXPECT_TRUE(choice.convertDecimals);
     EXPECT_TRUE(choice.saveNonDataLines);
     EXPECT_EQ(choice.showIsolatedPts, 1);

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+//
+// The choice of formulas in scripts.
+
+#include "batch_fixture.h"
+
+#include <fstream>
+
+namespace quandrel {
+namespace {
+
+class BatchFormulas : public BatchTest {
+protected:
+    void SetUp() override {
+        BatchTest::SetUp();
+        std::ofstream(folder / "axes.txt") << "10\t040\n20\t045\n30\t050\n";
+    }
+
+    static constexpr const char* kOpen =
+        "format data=lines delimiter=tab; open \"FOLDER/axes.txt\"; plot rose; ";
+};
+
+TEST_F(BatchFormulas, ChangeTheStatisticsOfOpenPlots) {
+    ASSERT_EQ(Run(std::string(kOpen) + "stats normal"), "");
+    EXPECT_NE(out.str().find("Mean Resultant dir'n  = 090-270\r\n(textbook: 045-225)\r\n"),
+              std::string::npos)
+        << out.str();
+    out.str({});
+    ASSERT_EQ(Run(std::string(kOpen) + "formulas textbook; stats normal; get RoseMeanDir[0]"), "");
+    EXPECT_NE(out.str().find("Mean Resultant dir'n  = 045-225\r\n"), std::string::npos)
+        << out.str();
+    EXPECT_EQ(out.str().find("(textbook:"), std::string::npos);
+    EXPECT_NE(out.str().find("\n0.785398"), std::string::npos) << "45 degrees: " << out.str();
+    out.str({});
+    ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen + "formulas own; stats normal"), "");
+    EXPECT_NE(out.str().find("Mean Resultant dir'n  = 090-270\r\n"), std::string::npos);
+}
+
+TEST_F(BatchFormulas, HoldForPlotsToComeAndNeedNone) {
+    ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen + "stats normal"), "");
+    EXPECT_NE(out.str().find("Mean Resultant dir'n  = 045-225\r\n"), std::string::npos);
+}
+
+TEST_F(BatchFormulas, RefuseOtherWords) {
+    EXPECT_EQ(Run("formulas"), "line 1: formulas: '' is none of own, textbook");
+    EXPECT_EQ(Run("formulas mine"), "line 1: formulas: 'mine' is none of own, textbook");
+    EXPECT_EQ(Run("formulas own textbook"), "line 1: formulas: 'textbook' is a word too many");
+}
+
+TEST_F(BatchFormulas, DumpsHaveWhatTheFormulasLeaveOpenAsNull) {
+    std::ofstream(folder / "opposite.txt") << "10\t020\n10\t110\n";
+    const std::string open = "format data=lines delimiter=tab; "
+                             "open \"FOLDER/opposite.txt\"; plot rose";
+    const nlohmann::json json = Dump(open);
+    EXPECT_TRUE(json["statsReference"]["mean direction"].is_null()
+                || json["statsReference"]["mean direction"]["value"].is_null())
+        << json["statsReference"];
+    EXPECT_NE(json["statsNormal"].get<std::string>().find("Mean Resultant dir'n  = undetermined"),
+              std::string::npos);
+    EXPECT_EQ(json["record"]["RoseMeanDir"][0], 0) << "fields keep their number";
+}
+
+} // namespace
+} // namespace quandrel
