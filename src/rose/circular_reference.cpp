@@ -48,18 +48,32 @@ std::vector<double> SortedTurn(std::span<const double> angles) {
     return sorted;
 }
 
+/// Groups that count, ascending.
+std::vector<AngleCount> SortedGroups(std::span<const AngleCount> groups) {
+    std::vector<AngleCount> sorted;
+    for (const auto& [angle, count] : groups) {
+        if (count > 0) {
+            sorted.push_back({InTurn(angle), count});
+        }
+    }
+    std::sort(sorted.begin(), sorted.end(),
+              [](const AngleCount& a, const AngleCount& b) { return a.angle < b.angle; });
+    return sorted;
+}
+
 /// Mean distance of angles from any direction, in O(log n) each.
 class MeanDistances {
 public:
-    explicit MeanDistances(std::span<const double> angles) {
-        for (const double angle : SortedTurn(angles)) {
+    /// @param groups  ascending from 0, below a turn
+    explicit MeanDistances(std::span<const AngleCount> groups) {
+        for (const auto& [angle, count] : groups) {
             if (angles_.empty() || angle > angles_.back()) {
                 angles_.push_back(angle);
                 counts_.push_back(0);
             }
-            counts_.back() += 1;
+            counts_.back() += count;
+            total_ += count;
         }
-        total_ = static_cast<double>(angles.size());
         SumUp();
     }
 
@@ -276,7 +290,17 @@ KuiperResult KuiperTest(std::span<const double> angles) {
 
 LeastDeviation MedianOfLeastDeviation(std::span<const double> angles,
                                       std::optional<double> meanDirection) {
-    const MeanDistances distances(angles);
+    std::vector<AngleCount> groups;
+    groups.reserve(angles.size());
+    for (const double angle : angles) {
+        groups.push_back({angle, 1});
+    }
+    return MedianOfLeastDeviation(groups, meanDirection);
+}
+
+LeastDeviation MedianOfLeastDeviation(std::span<const AngleCount> groups,
+                                      std::optional<double> meanDirection) {
+    const MeanDistances distances(SortedGroups(groups));
     const std::vector<double> found = LeastDirections(distances);
     double median = found.front();
     for (const double direction : found) {
@@ -287,6 +311,24 @@ LeastDeviation MedianOfLeastDeviation(std::span<const double> angles,
         }
     }
     return {median, distances.From(median)};
+}
+
+LeastDeviation TextbookMedian(std::span<const AngleCount> groups, double meanDirection,
+                              AngleSense sense) {
+    const double factor = sense == AngleSense::kAxial ? 2 : 1;
+    std::vector<AngleCount> worked;
+    for (const auto& [angle, count] : groups) {
+        if (count > 0) {
+            worked.push_back({factor * angle, count});
+        }
+    }
+    if (worked.empty()) {
+        return {};
+    }
+    LeastDeviation least = MedianOfLeastDeviation(worked, factor * meanDirection);
+    least.median = least.median > 0 ? least.median / factor : kTwoPi;
+    least.deviation /= factor;
+    return least;
 }
 
 std::optional<CircularReference> ComputeCircularReference(const CircularSample& sample) {

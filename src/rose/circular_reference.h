@@ -9,6 +9,7 @@
 #pragma once
 
 #include "rose/circular_statistics.h"
+#include "rose/rose_tables.h"
 
 #include <array>
 #include <optional>
@@ -68,6 +69,22 @@ struct LeastDeviation {
 /// Where all directions between two angles are medians it is the middle of them. O(n log n).
 [[nodiscard]] LeastDeviation MedianOfLeastDeviation(std::span<const double> angles,
                                                     std::optional<double> meanDirection);
+
+/// MedianOfLeastDeviation of grouped angles: each counts as its group does.
+///
+/// @param groups  with a count above 0 in all
+[[nodiscard]] LeastDeviation MedianOfLeastDeviation(std::span<const AngleCount> groups,
+                                                    std::optional<double> meanDirection);
+
+/// The median of grouped azimuths by the textbook: that of least mean deviation, of axial data
+/// found on doubled angles and halved.
+///
+/// @param meanDirection  of axial data not doubled
+/// @return a median above 0 as of GroupedCircularMedian: at north it is kTwoPi. Both are 0 without
+/// a
+///         count
+[[nodiscard]] LeastDeviation TextbookMedian(std::span<const AngleCount> groups,
+                                            double meanDirection, AngleSense sense);
 
 /// What the reference of a sample is worked out from.
 struct CircularSample {

@@ -94,6 +94,12 @@ bool IsWorkedOn(const PlotRecord& record) {
 /// The median of grouped data is that of the rows repeated as often as they count, and the weights
 /// of a bias correction count as they do for the mean.
 void FindMedian(PlotRecord& record, AngleSense sense) {
+    if (gFormulas == Formulas::Textbook) {
+        const LeastDeviation least = TextbookMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
+        record.RoseMedian = least.median;
+        record.RoseMeanDev = least.deviation;
+        return;
+    }
     const double median = GroupedCircularMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
     if (median > 0) {
         record.RoseMedian = median;

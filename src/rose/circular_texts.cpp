@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "rose/circular_reference.h"
 #include "rose/mean_bootstrap.h"
 #include "rose/rose_confidence.h"
 #include "rose/rose_tables.h"
@@ -32,6 +33,8 @@ struct OwnTexts {
     std::string wholeMean;
     std::string fineMean;
     std::string doubledMean;
+    std::string median;
+    std::string medianDeviation;
     std::string deviation;
     std::string dispersion;
     std::string error;
@@ -49,6 +52,32 @@ void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sens
     texts.wholeMean = WholeAzimuthOf(mean, sense);
     texts.fineMean = FineAzimuthOf(mean, sense);
     texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
+}
+
+/// Without a resultant nothing says where the circle is to be cut, or which of several medians is
+/// meant.
+void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularResults& results,
+                 AngleSense sense) {
+    if (results.resultant[0] == 0) {
+        texts.median = texts.medianDeviation = kUndetermined;
+        return;
+    }
+    texts.median = FineAzimuthOf(median.median, sense);
+    texts.medianDeviation = FormatNumber(RadToDeg(median.deviation), kDegreeFormat) + kDegreeSign;
+}
+
+/// The textbook's median beside the program's own. Halves of the last digit are rounded alike.
+void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const PlotRecord& record,
+                         AngleSense sense) {
+    constexpr double kRounding = 1e-9;
+    LeastDeviation median = TextbookMedian(gRoseAzimuths, results.meanDirection[0], sense);
+    if (std::abs(median.median - record.RoseMedian) < kRounding) {
+        median.median = record.RoseMedian;
+    }
+    if (std::abs(median.deviation - record.RoseMeanDev) < kRounding) {
+        median.deviation = record.RoseMeanDev;
+    }
+    WriteMedian(texts, median, results, sense);
 }
 
 /// What the textbook leaves open, and the program's own formulas have a number for.
@@ -116,11 +145,13 @@ CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
     const AngleSense sense = SenseOf(record);
     const double count = record.RoseStats[kRoseCount][1];
     const CircularResults results = ResultsInRecord(record);
-    const OwnTexts printed = TextsOf(results, sense, formulas, count);
+    OwnTexts printed = TextsOf(results, sense, formulas, count);
+    WriteMedian(printed, {record.RoseMedian, record.RoseMeanDev}, results, sense);
     OwnTexts textbook = printed;
     if (formulas != Formulas::Textbook) {
         if (const auto other = CircularResultsOfActivePlot(Formulas::Textbook)) {
             textbook = TextsOf(*other, sense, Formulas::Textbook, count);
+            WriteTextbookMedian(textbook, *other, record, sense);
             if (IsSameMean(results, *other, sense)) {
                 WriteMeans(textbook, results, sense);
             }
@@ -129,6 +160,8 @@ CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
     return {{printed.wholeMean, textbook.wholeMean},
             {printed.fineMean, textbook.fineMean},
             {printed.doubledMean, textbook.doubledMean},
+            {printed.median, textbook.median},
+            {printed.medianDeviation, textbook.medianDeviation},
             {printed.deviation, textbook.deviation},
             {printed.dispersion, textbook.dispersion},
             {printed.error, textbook.error},

@@ -17,6 +17,8 @@ struct CircularTexts {
     PrintedResult wholeMean; ///< "050-230": whole degrees, of axial data both ends
     PrintedResult fineMean;  ///< "050.0 - 230.0"
     PrintedResult doubledMean;
+    PrintedResult median;          ///< as fineMean
+    PrintedResult medianDeviation; ///< about it
     PrintedResult deviation;
     PrintedResult dispersion;
     PrintedResult error;

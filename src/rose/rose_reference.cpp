@@ -3,6 +3,7 @@
 #include "rose/rose_reference.h"
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/rose_mean.h"
@@ -24,28 +25,54 @@ double PeriodOf(const PlotRecord& record) {
     return record.DataKind == kPolarLines ? kTwoPi : kPi;
 }
 
+/// A number whose printed text is a word with the textbook's formulas where they leave it open.
+void AddNumber(ReferenceLines& lines, const char* name, const std::optional<double>& value,
+               double printed, const char* format) {
+    if (gFormulas == Formulas::Textbook && (!value || std::isinf(*value))) {
+        lines.Add(name, value);
+    } else {
+        lines.Add(name, value, printed, format);
+    }
+}
+
+/// The mean direction, which is undetermined in the texts too without a resultant.
+void AddMeanDirection(ReferenceLines& lines, const CircularReference& reference,
+                      const PlotRecord& record) {
+    constexpr const char* kName = "mean direction";
+    if (record.RoseResultant[0] == 0) {
+        lines.Add(kName, std::nullopt);
+    } else {
+        lines.AddDirection(kName, reference.meanDirection, record.RoseMeanDir[0], kOneDecimal,
+                           PeriodOf(record));
+    }
+}
+
 void AddMoments(ReferenceLines& lines, const CircularReference& reference,
                 const PlotRecord& record) {
-    lines.AddDirection("mean direction", reference.meanDirection, record.RoseMeanDir[0],
-                       kOneDecimal, PeriodOf(record));
+    AddMeanDirection(lines, reference, record);
     lines.Add("mean resultant length R1", reference.resultant[0], record.RoseResultant[0],
               kFourDecimals);
     lines.Add("mean resultant length R2", reference.resultant[1], record.RoseResultant[1],
               kFourDecimals);
     lines.Add("circular variance", reference.variance, record.RoseVariance, kFixed);
-    lines.AddAngle("circular standard deviation", reference.standardDeviation, record.RoseStdDev,
-                   kFixed);
-    lines.Add("circular dispersion", reference.dispersion, record.RoseDispersion, kFixed);
-    lines.Add("circular skewness", reference.skewness, record.RoseSkewness, kFixed);
-    lines.Add("circular kurtosis", reference.kurtosis, record.RoseKurtosis, kFixed);
+    if (gFormulas == Formulas::Textbook && !reference.standardDeviation) {
+        lines.Add("circular standard deviation", std::nullopt);
+    } else {
+        lines.AddAngle("circular standard deviation", reference.standardDeviation,
+                       record.RoseStdDev, kFixed);
+    }
+    AddNumber(lines, "circular dispersion", reference.dispersion, record.RoseDispersion, kFixed);
+    AddNumber(lines, "circular skewness", reference.skewness, record.RoseSkewness, kFixed);
+    AddNumber(lines, "circular kurtosis", reference.kurtosis, record.RoseKurtosis, kFixed);
 }
 
 void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
                   const PlotRecord& record) {
     const double printedError = std::sqrt(record.RoseDispersion / record.RoseStats[kRoseCount][1]);
-    lines.Add("circular standard error", reference.standardError, printedError, kErrorFormat);
+    AddNumber(lines, "circular standard error", reference.standardError, printedError,
+              kErrorFormat);
     constexpr const char* kHalfWidth = "95% confidence half-width";
-    const std::optional<double> printed = RoseConfidenceHalfWidth(record);
+    const std::optional<double> printed = RoseConfidenceHalfWidth(record, gFormulas);
     if (printed && record.RoseStats[kRoseCount][1] > kLargeSample) {
         lines.AddAngle(kHalfWidth, reference.confidenceHalfWidth, *printed, kOneDecimal);
     } else if (reference.confidenceHalfWidth) {
@@ -53,16 +80,25 @@ void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
     } else {
         lines.Add(kHalfWidth, std::nullopt);
     }
-    lines.Add("kappa, maximum likelihood", reference.kappa, record.RoseKappa, kFixed);
-    lines.Add("kappa, corrected for small samples", reference.correctedKappa, record.RoseKappa,
-              kFixed);
+    const auto confidence = RoseConfidenceOf(record, gFormulas);
+    if (confidence && confidence->method == ConfidenceMethod::kBootstrap) {
+        lines.Add("95% bootstrap half-width", confidence->halfWidth
+                                                  ? std::optional(RadToDeg(*confidence->halfWidth))
+                                                  : std::nullopt);
+    }
+    AddNumber(lines, "kappa, maximum likelihood", reference.kappa, record.RoseKappa, kFixed);
+    AddNumber(lines, "kappa, corrected for small samples", reference.correctedKappa,
+              record.RoseKappa, kFixed);
 }
 
 void AddMedian(ReferenceLines& lines, const LeastDeviation& least, const PlotRecord& record) {
     constexpr const char* kMedian = "median of least mean deviation";
     constexpr const char* kDeviation = "least mean deviation";
     constexpr const char* kNotCalculated = "not calculated";
-    if (record.RoseMedian > 0) {
+    if (record.RoseResultant[0] == 0) {
+        lines.AddBesideWords(kMedian, RadToDeg(least.median), kUndetermined);
+        lines.AddBesideWords(kDeviation, RadToDeg(least.deviation), kUndetermined);
+    } else if (record.RoseMedian > 0) {
         lines.AddDirection(kMedian, least.median, record.RoseMedian, kOneDecimal, PeriodOf(record));
         lines.AddAngle(kDeviation, least.deviation, record.RoseMeanDev, kOneDecimal);
     } else {

@@ -35,10 +35,6 @@ bool IsAxial(const PlotRecord& record) {
     return record.DataKind != kPolarLines;
 }
 
-AngleSense SenseOf(const PlotRecord& record) {
-    return IsAxial(record) ? AngleSense::kAxial : AngleSense::kDirected;
-}
-
 std::string ValueName(const PlotRecord& record) {
     return RoseValueLabel(record.AppNumName);
 }
@@ -146,7 +142,7 @@ std::string LowerLayerLines(const PlotRecord& record) {
     }
 }
 
-std::string MedianLines(const PlotRecord& record) {
+std::string MedianLines(const PlotRecord& record, const CircularTexts& texts) {
     if (!(record.RoseMedian > 0)) {
         return Line("Circ.Median = not calculated")
                + Line("Circ.Mean Dev.about median = not calculated")
@@ -155,12 +151,8 @@ std::string MedianLines(const PlotRecord& record) {
     }
     const char* const deviation = record.HasFrequencyColumn != 0 ? "Approx.Circ.Mean Dev. = "
                                                                  : "Circ.Mean Dev.about median = ";
-    if (record.RoseResultant[0] == 0) { // without a mean direction nothing says where to cut
-        return Line(std::string("Circ.Median = ") + kUndetermined)
-               + Line(std::string(deviation) + kUndetermined);
-    }
-    return Line("Circ.Median = " + FineAzimuthOf(record.RoseMedian, SenseOf(record)))
-           + Line(deviation, RadToDeg(record.RoseMeanDev), kDegreeFormat, kDegreeSign);
+    return ResultLine("Circ.Median = ", texts.median)
+           + ResultLine(deviation, texts.medianDeviation);
 }
 
 std::string SpreadLines(const PlotRecord& record, const CircularTexts& texts) {
@@ -220,8 +212,9 @@ std::string RoseStatsFull() {
                                                  : "(no circular statistics of this kind of rose)");
     }
     const CircularTexts texts = CircularTextsOf(record, gFormulas);
-    return text + ResultLine("Mean Resultant dir'n  = ", texts.fineMean) + MedianLines(record)
-           + SpreadLines(record, texts) + ResultantLines(record, texts) + SourceLines(record);
+    return text + ResultLine("Mean Resultant dir'n  = ", texts.fineMean)
+           + MedianLines(record, texts) + SpreadLines(record, texts) + ResultantLines(record, texts)
+           + SourceLines(record);
 }
 
 } // namespace quandrel

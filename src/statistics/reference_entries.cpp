@@ -2,6 +2,7 @@
 
 #include "statistics/reference_entries.h"
 
+#include "core/formulas.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
@@ -10,8 +11,8 @@
 
 #include <array>
 #include <charconv>
-#include <initializer_list>
 #include <utility>
+#include <vector>
 
 namespace quandrel {
 
@@ -49,13 +50,24 @@ struct Printing {
     double number = 0; ///< behind the printed text
 };
 
-using Printings = std::initializer_list<Printing>;
+using Printings = std::vector<Printing>;
+
+/// The printings of an axis, 1 to 3: none where the texts say that it is undetermined.
+Printings OfAxis(const PlotRecord& record, std::size_t axis, Printings printings) {
+    return IsAxisDetermined(record, axis) ? std::move(printings) : Printings();
+}
+
+/// The printings of a number: none where the textbook's formulas print that it is undetermined.
+Printings OfNumber(double number, Printings printings) {
+    const bool isWord = gFormulas == Formulas::Textbook && number == kFailedResult;
+    return isWord ? Printings() : std::move(printings);
+}
 
 /// Gathers entries, and notes where the texts print something else.
 class EntryList {
 public:
     /// @param value  in the unit of the printings
-    void Add(std::string name, std::optional<double> value, Printings printings = {}) {
+    void Add(std::string name, std::optional<double> value, const Printings& printings = {}) {
         ReferenceLine entry{std::move(name), value, {}};
         for (const auto& [text, number] : printings) {
             const std::string printed = text(number);
@@ -67,7 +79,8 @@ public:
     }
 
     /// @param radians  as of the printings; the entry has degrees
-    void AddAngle(std::string name, std::optional<double> radians, Printings printings = {}) {
+    void AddAngle(std::string name, std::optional<double> radians,
+                  const Printings& printings = {}) {
         Add(std::move(name), radians, printings);
         if (radians) {
             entries_.back().value = RadToDeg(*radians);
@@ -112,6 +125,9 @@ Pair PlaneOfPole(const Pair& pole) {
 }
 
 Pair PrintedAxis(const PlotRecord& record, std::size_t axis) {
+    if (!IsAxisDetermined(record, axis)) {
+        return {};
+    }
     const AxisLine line = FabricAxis(record, axis);
     return {line.plunge, line.trend};
 }
@@ -124,8 +140,15 @@ AxisLine SettledPair(int decimals, const Pair& printed) {
 }
 
 /// A pair that the advanced text has with decimals and the normal one in whole degrees.
+///
+/// @param printed  nothing where the texts say that it is undetermined
 void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pair& value,
              const Pair& printed) {
+    if (!printed.first) {
+        list.AddAngle(names[0], value.first);
+        list.AddAngle(names[1], value.azimuth);
+        return;
+    }
     const AxisLine fixed = SettledPair(2, printed);
     const AxisLine whole = SettledPair(0, printed);
     list.AddAngle(names[0], value.first,
@@ -151,9 +174,10 @@ void AddComponents(EntryList& list, const ReferenceStatistics& statistics, std::
     const std::string name = "axis " + std::to_string(axis);
     const Direction& direction = statistics.axes.at(axis - 1);
     const auto add = [&](const char* component, double value, std::size_t row) {
-        list.Add(name + component,
-                 statistics.hasAxis.at(axis - 1) ? std::optional(value) : std::nullopt,
-                 {{ThreeDecimals, static_cast<double>(record.FabricResults.at(row).at(axis))}});
+        list.Add(
+            name + component, statistics.hasAxis.at(axis - 1) ? std::optional(value) : std::nullopt,
+            OfAxis(record, axis,
+                   {{ThreeDecimals, static_cast<double>(record.FabricResults.at(row).at(axis))}}));
     };
     add(" north", direction.l, 1);
     add(" east", direction.m, 2);
@@ -169,29 +193,32 @@ void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotR
     const Pair greatest = LineOfAxis(statistics, 3);
     const Pair printedLeast = PrintedAxis(record, 1);
     const Pair printedGreatest = PrintedAxis(record, 3);
-    list.AddAngle("axis 1 plunge", least.first, {{RadToDegText, *printedLeast.first}});
-    list.AddAngle("axis 1 trend", least.azimuth, {{WholeAzimuthText, *printedLeast.azimuth}});
+    list.AddAngle("axis 1 plunge", least.first,
+                  OfAxis(record, 1, {{RadToDegText, printedLeast.first.value_or(0)}}));
+    list.AddAngle("axis 1 trend", least.azimuth,
+                  OfAxis(record, 1, {{WholeAzimuthText, printedLeast.azimuth.value_or(0)}}));
     list.AddAngle("axis 2 plunge", middle.first);
     list.AddAngle("axis 2 trend", middle.azimuth);
     AddPair(list, {"axis 3 plunge", "axis 3 trend"}, greatest, printedGreatest);
     const Pair normal = PlaneOfPole(greatest);
     const Pair printedNormal = PlaneOfPole(printedGreatest);
     list.AddAngle("plane normal to axis 3, dip", normal.first,
-                  {{FixedDegrees, *printedNormal.first}});
+                  OfAxis(record, 3, {{FixedDegrees, printedNormal.first.value_or(0)}}));
     list.AddAngle("plane normal to axis 3, dip direction", normal.azimuth,
-                  {{FixedDegrees, *printedNormal.azimuth}});
+                  OfAxis(record, 3, {{FixedDegrees, printedNormal.azimuth.value_or(0)}}));
     AddPair(list, {"girdle dip", "girdle dip direction"}, PlaneOfPole(least),
             PlaneOfPole(printedLeast));
 }
 
 void AddShape(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
-    const auto printed = [&record](std::size_t row, std::size_t place) -> Printing {
-        return {Fixed, static_cast<double>(record.EigenResults.at(row).at(place))};
+    const auto printed = [&record](std::size_t row, std::size_t place) {
+        const auto number = static_cast<double>(record.EigenResults.at(row).at(place));
+        return OfNumber(number, {{Fixed, number}});
     };
-    list.Add("ln(E2/E1)", statistics.logRatio12, {printed(1, kLogRatio)});
-    list.Add("ln(E3/E2)", statistics.logRatio23, {printed(2, kLogRatio)});
-    list.Add("gamma", statistics.gamma, {printed(1, kShapeNumber)});
-    list.Add("zeta", statistics.zeta, {printed(2, kShapeNumber)});
+    list.Add("ln(E2/E1)", statistics.logRatio12, printed(1, kLogRatio));
+    list.Add("ln(E3/E2)", statistics.logRatio23, printed(2, kLogRatio));
+    list.Add("gamma", statistics.gamma, printed(1, kShapeNumber));
+    list.Add("zeta", statistics.zeta, printed(2, kShapeNumber));
 }
 
 /// The statistic that decides what the texts say, in the digits of its 32 bits.
@@ -219,9 +246,11 @@ void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
                             "non-symmetric distribution");
         list.AddAngle("95% cone semi-angle", statistics.coneAngle);
     } else {
-        list.Add("spherical standard error", statistics.standardError, {{ThreeDecimals, error}});
+        list.Add("spherical standard error", statistics.standardError,
+                 OfNumber(error, {{ThreeDecimals, error}}));
         list.AddAngle("95% cone semi-angle", statistics.coneAngle,
-                      {{FixedDegrees, ArcSin(ConeFactor(gFormulas) * error)}});
+                      OfNumber(ConeFactor(gFormulas) * error < 1 ? error : kFailedResult,
+                               {{FixedDegrees, ArcSin(ConeFactor(gFormulas) * error)}}));
     }
     const auto& ellipse = statistics.ellipse;
     list.AddAngle("95% ellipse major semi-axis",
@@ -238,9 +267,8 @@ void AddMean(EntryList& list, const std::string& what, const Pair& mean, double 
             list, {what + " mean plunge", what + " mean trend"}, mean,
             {static_cast<double>(record.FabricValueA), static_cast<double>(record.FabricValueB)});
     } else {
-        const Printing none = {Whole, kNoDirection};
-        list.AddAngle(what + " mean plunge", mean.first, {none});
-        list.AddAngle(what + " mean trend", mean.azimuth, {none});
+        list.AddAngle(what + " mean plunge", mean.first);
+        list.AddAngle(what + " mean trend", mean.azimuth);
     }
     const double printed = record.RoseResultant[0];
     list.Add(what + " R/n", length, {{ThreeDecimals, printed}, {Fixed, printed}});

@@ -234,6 +234,44 @@ double MeanDistance(const std::vector<double>& angles, double direction) {
     return sum / static_cast<double>(angles.size());
 }
 
+TEST(TextbookMedian, IsThatOfTheSingleAnglesByBruteForce) {
+    std::mt19937 random(20260);
+    for (int sample = 0; sample < 100; ++sample) {
+        const AngleSense sense = sample % 2 == 0 ? AngleSense::kDirected : AngleSense::kAxial;
+        const double period = sense == AngleSense::kAxial ? 180 : 360;
+        std::vector<AngleCount> groups;
+        for (int group = 0; group < 9; ++group) {
+            groups.push_back({std::fmod(static_cast<double>(random() % 140), period) * kPi / 180,
+                              static_cast<double>(random() % 4)});
+        }
+        groups.front().count = 1;
+        const LeastDeviation found = TextbookMedian(groups, 1, sense);
+        // The mean distance from each quarter of a degree.
+        double least = 360;
+        const auto deviationFrom = [&](double degrees) {
+            double sum = 0;
+            double count = 0;
+            for (const auto& [angle, weight] : groups) {
+                const double off = std::abs(std::remainder(angle * 180 / kPi - degrees, period));
+                sum += weight * off;
+                count += weight;
+            }
+            return sum / count;
+        };
+        for (double degrees = 0; degrees < period; degrees += 0.25) {
+            least = std::min(least, deviationFrom(degrees));
+        }
+        EXPECT_NEAR(found.deviation * 180 / kPi, least, 1e-9) << sample;
+        EXPECT_NEAR(deviationFrom(found.median * 180 / kPi), least, 1e-9) << sample;
+    }
+}
+
+TEST(TextbookMedian, AtNorthIsAFullTurnAndWithoutACountNone) {
+    const std::vector<AngleCount> north = {{0, 3}, {0.2, 1}};
+    EXPECT_EQ(TextbookMedian(north, 0, AngleSense::kDirected).median, kTwoPi);
+    EXPECT_EQ(TextbookMedian({}, 0, AngleSense::kDirected).median, 0);
+}
+
 TEST(MedianOfLeastDeviation, HasNoDirectionNearerToTheAngles) {
     std::mt19937 random(kSeed);
     for (int sample = 0; sample < 200; ++sample) {

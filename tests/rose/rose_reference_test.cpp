@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_reference.h"
 #include "rose/rose_sectors.h"
@@ -95,6 +97,32 @@ TEST_F(RoseReference, TakesAFullTurnForNorth) {
     ASSERT_TRUE(skewness);
     EXPECT_FALSE(skewness->value);
     EXPECT_EQ(skewness->printed, "0.00");
+}
+
+TEST_F(RoseReference, HasThePrintedTextsOfTheFormulasInForce) {
+    NewRose(kPolarLines, {0, 0, 0});
+    gFormulas = Formulas::Textbook;
+    const auto equal = Work();
+    EXPECT_EQ(Find(equal, "kappa, maximum likelihood")->printed, "");
+    EXPECT_EQ(Find(equal, "circular skewness")->printed, "");
+    NewRose(kPolarLines, {20, 40, 60, 150, 240});
+    ExpectLine(Work(), "median of least mean deviation", 40, "");
+    gFormulas = Formulas::Own;
+    ExpectLine(Work(), "median of least mean deviation", 40, "60.0");
+}
+
+TEST_F(RoseReference, OfOppositeRowsHasWhatTheTextsLeaveOpen) {
+    NewRose(kPolarLines, {20, 200});
+    const auto lines = Work();
+    EXPECT_FALSE(Find(lines, "mean direction")->value);
+    EXPECT_EQ(Find(lines, "mean direction")->printed, "");
+    EXPECT_EQ(Find(lines, "median of least mean deviation")->printed, "undetermined");
+    EXPECT_FALSE(Find(lines, "95% bootstrap half-width"));
+    NewRose(kPolarLines, {20, 32, 10, 41, 28, 35});
+    const auto half = Find(Work(), "95% bootstrap half-width");
+    ASSERT_TRUE(half && half->value);
+    EXPECT_NEAR(*half->value * kPi / 180,
+                *RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, 1e-12);
 }
 
 TEST_F(RoseReference, TakesOppositeEndsOfAnAxisForOne) {

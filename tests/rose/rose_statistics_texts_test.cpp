@@ -229,6 +229,21 @@ TEST_F(RoseStatisticsTexts, TellWhatTheTextbookLeavesOpen) {
     EXPECT_TRUE(HasLine(RoseStatsFull(), "Circ.Kurtosis = undetermined"));
 }
 
+TEST_F(RoseStatisticsTexts, TellTheMedianOfLeastDeviationWhereItIsAnother) {
+    // From 060 the five lie 66 degrees off in the mean, from 040 62.
+    NewRose(kPolarLines);
+    AddRows({20, 40, 60, 150, 240});
+    Work({{20, 1}});
+    const std::string own = RoseStatsFull();
+    EXPECT_TRUE(HasLine(own, "Circ.Median = 060.0\r\n(textbook: 040.0)")) << own;
+    EXPECT_TRUE(HasLine(own, "Circ.Mean Dev.about median = 66.0°\r\n(textbook: 62.0°)")) << own;
+    gFormulas = Formulas::Textbook;
+    Work({{20, 1}});
+    const std::string textbook = RoseStatsFull();
+    EXPECT_TRUE(HasLine(textbook, "Circ.Median = 040.0")) << textbook;
+    EXPECT_TRUE(HasLine(textbook, "Circ.Mean Dev.about median = 62.0°")) << textbook;
+}
+
 TEST_F(RoseStatisticsTexts, OppositeRowsHaveUndeterminedDirections) {
     NewRose(kLines);
     AddRows({20, 110});

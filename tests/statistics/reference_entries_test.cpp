@@ -3,6 +3,7 @@
 // The list of reference numbers beside the texts of the same plots.
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "orientation/number_text.h"
 #include "orientation/vectors.h"
 #include "statistics/fabric_kernels.h"
@@ -219,8 +220,22 @@ TEST_F(ReferenceEntriesOfPlot, ANumberInTwoFormatsTellsBothTexts) {
 TEST_F(ReferenceEntriesOfPlot, AMeanWithoutDirectionIsUndetermined) {
     const auto entries = EntriesOf(kPolarLines, {{30, 10}, {-30, 10}});
     EXPECT_FALSE(EntryOf(entries, "Fisher mean plunge").value);
-    EXPECT_EQ(EntryOf(entries, "Fisher mean plunge").printed, "9999");
+    EXPECT_EQ(EntryOf(entries, "Fisher mean plunge").printed, "") << "undetermined there too";
     EXPECT_EQ(EntryOf(entries, "Fisher R").value, 0);
+}
+
+TEST_F(ReferenceEntriesOfPlot, TakeTheTextsOfTheFormulasInForce) {
+    EXPECT_EQ(EntryOf(EntriesOf(kLines, {{40, 200}}), "gamma").printed, "99999.00");
+    EXPECT_EQ(EntryOf(EntriesOf(kLines, {{40, 200}}), "girdle dip").printed, "");
+    gFormulas = Formulas::Textbook;
+    const auto one = EntriesOf(kLines, {{40, 200}});
+    EXPECT_FALSE(EntryOf(one, "gamma").value);
+    EXPECT_EQ(EntryOf(one, "gamma").printed, "");
+    EXPECT_EQ(EntryOf(one, "spherical standard error").printed, "");
+    const auto entries = EntriesOf(kLines, kFourLines);
+    EXPECT_TRUE(HasEntry(entries, "symmetry statistic, 1 - 2 E3 + m4 (printed judgement)"));
+    EXPECT_TRUE(HasEntry(entries, "symmetry statistic, 1 - E3 + m4"));
+    EXPECT_EQ(EntryOf(entries, "95% cone semi-angle").printed, "") << "the full factor";
 }
 
 TEST(ReferenceText, WritesAllDigitsInfinityAndWhatIsUndetermined) {
