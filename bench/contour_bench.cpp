@@ -98,13 +98,13 @@ void TraceEveryTriangle(Take take) {
     const int step = GridStep(record.GridSize);
     const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
     for (int k = 0; k < record.NumContours; ++k) {
-        const double level = record.ContourLevels[static_cast<std::size_t>(k)];
+        const double level = CountOfLevel(record.ContourLevels[static_cast<std::size_t>(k)], rows);
         const auto vertex = [&](int i, int j) -> TriangleVertex {
             const std::int32_t count =
                 (*record.DensityGrid)[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
             return {{static_cast<double>(NodePosition(i, step)),
                      static_cast<double>(NodePosition(j, step))},
-                    100.0 * count / rows - level + JitterOfLevel(level)};
+                    count - level};
         };
         const auto takeOfLevel = [&](const ContourSegment& segment) { take(k, segment); };
         for (int i = 1; i < nodes; ++i) {

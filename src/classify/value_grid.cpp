@@ -122,7 +122,7 @@ std::vector<ValueContour> ValueContoursOfActivePlot() {
     for (int c = 2; c <= LastClass(rule); ++c) {
         told.Reach(c);
         const double limit = LowerLimitOf(rule, c);
-        contours.push_back({c, limit, TraceContour(grid, limit, 0)});
+        contours.push_back({c, limit, TraceContour(grid, limit)});
     }
     return contours;
 }

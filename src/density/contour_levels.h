@@ -31,4 +31,12 @@ struct ContourLevelSet {
 /// @param mostDensity  greatest density of the grid, per cent; only its whole part counts
 [[nodiscard]] ContourLevelSet ContourLevelsOf(std::int32_t n, double mostDensity);
 
+/// Where the contour of a level runs among the counts of n rows: half-way between the least whole
+/// count that has the level's density and the one below. Counts are whole numbers; a contour at one
+/// of them would follow the edges of its cells.
+[[nodiscard]] constexpr double CountOfLevel(std::int32_t level, std::int32_t n) {
+    const std::int64_t hundredfold = std::int64_t{level} * n;
+    return static_cast<double>((hundredfold + 99) / 100) - 0.5;
+}
+
 } // namespace quandrel

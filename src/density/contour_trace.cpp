@@ -2,7 +2,6 @@
 
 #include "density/contour_trace.h"
 
-#include "orientation/number_text.h"
 #include "orientation/projection.h"
 
 #include <algorithm>
@@ -14,8 +13,6 @@
 namespace quandrel {
 
 namespace {
-
-constexpr double kWholeLevelJitter = 0.001;
 
 int SignOf(double height) {
     return (height > 0 ? 1 : 0) - (height < 0 ? 1 : 0);
@@ -33,34 +30,41 @@ bool IsInside(Point point) {
     return point.x * point.x + point.y * point.y < kNetRadius * kNetRadius;
 }
 
-/// Fixed offset of a node, -0.5 to 0.5, as good as random: the mixing steps of G. Steele, D. Lea
-/// and C. Flood, Fast splittable pseudorandom number generators (2014).
-double NodeOffset(std::uint64_t node) {
-    std::uint64_t bits = (node + 1) * 0x9e3779b97f4a7c15U;
-    bits = (bits ^ (bits >> 30U)) * 0xbf58476d1ce4e5b9U;
-    bits = (bits ^ (bits >> 27U)) * 0x94d049bb133111ebU;
-    bits ^= bits >> 31U;
-    return static_cast<double>(bits >> 11U) * 0x1p-53 - 0.5;
+/// Heights of the nodes above the level, in the order of the values.
+std::vector<double> HeightsAbove(const NodeValues& grid, double level) {
+    std::vector<double> heights(grid.values.size());
+    std::transform(grid.values.begin(), grid.values.end(), heights.begin(),
+                   [level](double value) { return value - level; });
+    return heights;
 }
 
-/// Heights of the nodes above the level, in the order of the values.
-std::vector<double> HeightsAbove(const NodeValues& grid, double level, double jitter) {
-    const double ground = level - jitter;
-    std::vector<double> heights(grid.values.size());
-    for (std::size_t node = 0; node < heights.size(); ++node) {
-        heights[node] = grid.values[node] - ground;
-        if (jitter != 0) {
-            heights[node] += NodeOffset(node) * jitter;
-        }
+/// Twice the area that a closed line encloses, by the sum of its cross products.
+double DoubleAreaOf(std::span<const Point> line) {
+    double sum = 0;
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        sum += line[i - 1].x * line[i].y - line[i].x * line[i - 1].y;
     }
-    return heights;
+    return std::abs(sum);
+}
+
+/// The mean of whole counts often lies half-way between two of them. A centre exactly on the level
+/// would join the two lines of a saddle in one point; it counts as above, as nodes do, by so much
+/// of the highest corner.
+constexpr double kCentreLift = 1e-9;
+
+double HighestOf(const std::array<TriangleVertex, 4>& corners) {
+    return std::max(std::max(corners[0].height, corners[1].height),
+                    std::max(corners[2].height, corners[3].height));
 }
 
 /// Adds the contour of one cell, from its four corners in turn.
 void TraceCell(const std::array<TriangleVertex, 4>& corners, std::vector<ContourSegment>& traced) {
-    const TriangleVertex centre = {
+    TriangleVertex centre = {
         {(corners[0].at.x + corners[2].at.x) / 2, (corners[0].at.y + corners[2].at.y) / 2},
         (corners[0].height + corners[1].height + corners[2].height + corners[3].height) / 4};
+    if (centre.height == 0) {
+        centre.height = kCentreLift * HighestOf(corners);
+    }
     for (std::size_t corner = 0; corner < 4; ++corner) {
         const auto segment =
             TriangleSegment({corners[corner], centre, corners[(corner + 1) % corners.size()]});
@@ -212,14 +216,10 @@ std::optional<ContourSegment> ClippedToPrimitive(const ContourSegment& segment) 
     return ContourSegment{inner, {inner.x + t * dx, inner.y + t * dy}};
 }
 
-double JitterOfLevel(double level) {
-    return IsWholeNumber(level) ? kWholeLevelJitter : 0;
-}
-
-std::vector<ContourSegment> TraceContour(const NodeValues& grid, double level, double jitter) {
+std::vector<ContourSegment> TraceContour(const NodeValues& grid, double level) {
     std::vector<ContourSegment> traced;
     const auto nodes = static_cast<std::size_t>(grid.nodes);
-    const std::vector<double> heights = HeightsAbove(grid, level, jitter);
+    const std::vector<double> heights = HeightsAbove(grid, level);
     for (std::size_t i = 1; i < nodes; ++i) {
         const double* const left = &heights[(i - 1) * nodes];
         const double* const right = &heights[i * nodes];
@@ -262,6 +262,21 @@ std::vector<std::vector<Point>> ChainSegments(std::span<const ContourSegment> se
         }
     }
     return lines;
+}
+
+std::vector<ContourSegment> WithoutSpecks(std::span<const ContourSegment> segments,
+                                          double leastArea) {
+    std::vector<ContourSegment> kept;
+    for (const std::vector<Point>& line : ChainSegments(segments)) {
+        const bool isClosed = line.front() == line.back();
+        if (isClosed && DoubleAreaOf(line) < 2 * leastArea) {
+            continue;
+        }
+        for (std::size_t i = 1; i < line.size(); ++i) {
+            kept.push_back({line[i - 1], line[i]});
+        }
+    }
+    return kept;
 }
 
 } // namespace quandrel

@@ -59,28 +59,25 @@ TriangleSegment(const std::array<TriangleVertex, 3>& triangle);
 /// Nothing when neither end lies inside.
 [[nodiscard]] std::optional<ContourSegment> ClippedToPrimitive(const ContourSegment& segment);
 
-/// How far the values may be moved for a level: 0.001 for a whole number, else 0. Densities hit
-/// whole numbers often.
-[[nodiscard]] double JitterOfLevel(double level);
-
 /// The contour of one level, clipped to the primitive, cell by cell: across, then up.
 ///
 /// @param grid    the values, finite; the cells about a node without a value, which is not a
 ///                number, have no contour
-/// @param level   in the unit of the values
-/// @param jitter  range of a small offset that each node has, always the same one. The level is
-///                lowered by as much, so that a node with the level's own value lies inside of the
-///                contour whatever its offset. 0 for none.
+/// @param level   in the unit of the values; of whole numbers best half-way between two of them
 ///
 /// Segments have some length. Where the contour does not end on the primitive or at the border of
 /// the grid, each end of a segment meets another one. O(nodes^2).
-[[nodiscard]] std::vector<ContourSegment> TraceContour(const NodeValues& grid, double level,
-                                                       double jitter);
+[[nodiscard]] std::vector<ContourSegment> TraceContour(const NodeValues& grid, double level);
 
 /// Segments with ends in common as lines, so that patterns of dashes run on: the vertices of each
 /// line, of a closed one the first again as the last. Lines come in the order of their first
 /// segments; each segment is in one line. O(segments).
 [[nodiscard]] std::vector<std::vector<Point>>
 ChainSegments(std::span<const ContourSegment> segments);
+
+/// The segments without those of closed lines that enclose less than an area. Lines that end on the
+/// primitive stay. O(segments).
+[[nodiscard]] std::vector<ContourSegment> WithoutSpecks(std::span<const ContourSegment> segments,
+                                                        double leastArea);
 
 } // namespace quandrel

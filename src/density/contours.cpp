@@ -19,17 +19,20 @@ namespace quandrel {
 
 namespace {
 
-/// Densities of the nodes of a plot's grid, per cent.
-std::vector<double> DensitiesOfGrid(const PlotRecord& record, int nodes, std::int32_t rows) {
-    std::vector<double> densities;
+/// Closed parts of a contour that enclose less than this many cells are specks of the counting.
+constexpr double kLeastCells = 4;
+
+/// Counts of the nodes of a plot's grid.
+std::vector<double> CountsOfGrid(const PlotRecord& record, int nodes) {
+    std::vector<double> counts;
     const auto side = static_cast<std::size_t>(nodes);
-    densities.reserve(side * side);
+    counts.reserve(side * side);
     for (std::size_t i = 0; i < side; ++i) {
         for (std::size_t j = 0; j < side; ++j) {
-            densities.push_back(100.0 * (*record.DensityGrid)[i][j] / rows);
+            counts.push_back((*record.DensityGrid)[i][j]);
         }
     }
-    return densities;
+    return counts;
 }
 
 void DrawIsolatedRows(Surface& surface) {
@@ -83,14 +86,15 @@ std::vector<LevelContour> ContoursOfActivePlot() {
     }
     const int nodes = GridNodes(record.GridSize);
     const int step = GridStep(record.GridSize);
-    const std::vector<double> densities = DensitiesOfGrid(record, nodes, rows);
-    const NodeValues grid = {densities, nodes, static_cast<double>(NodePosition(0, step)),
+    const std::vector<double> counts = CountsOfGrid(record, nodes);
+    const NodeValues grid = {counts, nodes, static_cast<double>(NodePosition(0, step)),
                              static_cast<double>(step)};
     ToldStep told(" Please wait - calculating contours", record.NumContours);
     for (std::int16_t k = 0; k < record.NumContours; ++k) {
         told.Reach(k);
         const std::int16_t level = record.ContourLevels.at(static_cast<std::size_t>(k));
-        contours.push_back({level, TraceContour(grid, level, JitterOfLevel(level))});
+        contours.push_back({level, WithoutSpecks(TraceContour(grid, CountOfLevel(level, rows)),
+                                                 kLeastCells * step * step)});
     }
     return contours;
 }

@@ -28,8 +28,9 @@ struct LevelContour {
     std::vector<ContourSegment> segments;
 };
 
-/// The contours of the active plot's DensityGrid at its ContourLevels. The same data give the same
-/// segments each time.
+/// The contours of the active plot's DensityGrid at its ContourLevels, without closed parts that
+/// enclose less than four cells of the grid. They run half-way between whole counts. The same data
+/// give the same segments each time.
 [[nodiscard]] std::vector<LevelContour> ContoursOfActivePlot();
 
 /// Finds the levels of the active plot (ContourLevels, NumContours) and draws its contours, each in

@@ -102,7 +102,7 @@ void DrawContourSamples(Surface& surface) {
         state.drawWidth = style[2];
         surface.SetState(state);
         for (const std::vector<Point>& line :
-             ChainSegments(TraceContour(grid, 0.2 + 0.14 * level, 0.0))) {
+             ChainSegments(TraceContour(grid, 0.2 + 0.14 * level))) {
             surface.Polyline(line, TableColour(style[0]));
         }
     }

@@ -70,5 +70,14 @@ TEST(ContourLevels, PlacesBehindTheLastLevelAreZero) {
     }
 }
 
+TEST(CountOfLevel, LiesHalfBelowTheLeastWholeCountOfItsDensity) {
+    EXPECT_EQ(CountOfLevel(2, 60), 1.5);  // 1.2
+    EXPECT_EQ(CountOfLevel(1, 100), 0.5); // 1 to the last digit
+    EXPECT_EQ(CountOfLevel(16, 200), 31.5);
+    EXPECT_EQ(CountOfLevel(7, 101), 7.5); // 7.07
+    EXPECT_EQ(CountOfLevel(100, 1), 0.5);
+    EXPECT_EQ(CountOfLevel(32767, 2000000000), 655339999999.5);
+}
+
 } // namespace
 } // namespace quandrel

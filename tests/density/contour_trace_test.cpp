@@ -65,7 +65,7 @@ struct NetGrid {
     }
 
     [[nodiscard]] std::vector<ContourSegment> Contour(double level) const {
-        return TraceContour(View(), level, JitterOfLevel(level));
+        return TraceContour(View(), level);
     }
 };
 
@@ -264,20 +264,6 @@ TEST(TraceContour, OfAPlaneIsItsStraightLine) {
     }
 }
 
-TEST(TraceContour, OfAWholeLevelIsMetFromAboveByTheJitter) {
-    const NetGrid plane(50, [](double x, double y) { return 7 + (3 * x + 4 * y) / 100; });
-    const auto segments = plane.Contour(12);
-    ASSERT_FALSE(segments.empty());
-    double greatest = 0;
-    for (const ContourSegment& segment : segments) {
-        const double height = 7 + (3 * segment.from.x + 4 * segment.from.y) / 100;
-        EXPECT_LE(height, 12 - 0.0005 + 1e-9);
-        EXPECT_GE(height, 12 - 0.0015 - 1e-9);
-        greatest = std::max(greatest, std::abs(height - 11.999));
-    }
-    EXPECT_GT(greatest, 1e-5) << "nodes have offsets";
-}
-
 TEST(TraceContour, OfAConeLiesWithinTheErrorOfItsCells) {
     for (const int gridSize : {50, 110, 150}) {
         const NetGrid cone(gridSize,
@@ -310,32 +296,36 @@ TEST(TraceContour, OfAUniformGridIsEmpty) {
 }
 
 TEST(TraceContour, OfNoCellsIsEmpty) {
-    EXPECT_TRUE(TraceContour({}, 1, 0.001).empty());
+    EXPECT_TRUE(TraceContour({}, 1).empty());
     const double one = 1;
-    EXPECT_TRUE(TraceContour({std::span(&one, 1), 1, 0, 10}, 1, 0.001).empty());
+    EXPECT_TRUE(TraceContour({std::span(&one, 1), 1, 0, 10}, 1).empty());
 }
 
-TEST(TraceContour, EncirclesANodeOfTheLevelItself) {
+TEST(TraceContour, EncirclesANodeBetweenItselfAndItsNeighbours) {
     const NetGrid peak(50, [](double x, double y) { return x == 0 && y == 40 ? 3.0 : 0.0; });
-    const auto lines = ChainSegments(peak.Contour(3));
+    const auto lines = ChainSegments(peak.Contour(2.5));
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].front(), lines[0].back());
+    // From 3 to 2.5 is a sixth of the way to a neighbour, 0.5 / 2.25 of the way to a cell's centre.
     for (const Point& point : lines[0]) {
-        EXPECT_LT(std::hypot(point.x, point.y - 40), 0.05);
+        EXPECT_LT(std::hypot(point.x, point.y - 40), 40.0 / 6 + 1e-9);
+        EXPECT_GT(std::hypot(point.x, point.y - 40), 20 * std::sqrt(2.0) / 4.5 - 1e-9);
     }
 }
 
-TEST(TraceContour, MeetsThePlateauOfALevelFromAbove) {
+TEST(TraceContour, RunsAroundAPlateauAtItsEdges) {
     const NetGrid table(50, [](double x, double y) {
         return std::abs(x) <= 400 && std::abs(y) <= 200 ? 5.0 : 2.0;
     });
-    // The plateau is inside of its own level, and the plain is inside of the level of the plain.
-    for (const ContourSegment& segment : table.Contour(5)) {
-        EXPECT_NEAR(std::max(std::abs(segment.from.x) - 400, std::abs(segment.from.y) - 200), 0,
-                    0.05);
+    // A sixth of the way from the edge to the plain; corners are cut.
+    for (const ContourSegment& segment : table.Contour(4.5)) {
+        const double off = std::max(std::abs(segment.from.x) - 400, std::abs(segment.from.y) - 200);
+        EXPECT_LT(off, 40.0 / 6 + 1e-9);
+        EXPECT_GT(off, 20 / 4.5 - 1e-9);
     }
-    EXPECT_NEAR(TotalLength(table.Contour(5)), 2400, 1);
-    EXPECT_TRUE(table.Contour(2).empty());
+    EXPECT_GT(TotalLength(table.Contour(4.5)), 2400);
+    EXPECT_LT(TotalLength(table.Contour(4.5)), 2400 + 8 * 40.0 / 6);
+    EXPECT_TRUE(table.Contour(1.5).empty());
 }
 
 struct Data {
@@ -356,7 +346,7 @@ std::vector<Data> ManyGrids() {
 
 TEST(TraceContour, EndsOnThePrimitiveOrMeetsExactlyOneOtherEnd) {
     for (const Data& data : ManyGrids()) {
-        for (const double level : {1.0, 2.0, 3.0, 4.0, 2.3}) {
+        for (const double level : {0.5, 1.5, 2.5, 3.5, 2.3}) {
             int onPrimitive = 0;
             for (const auto& [place, ends] : EndsByPlace(data.grid.Contour(level))) {
                 const Point point{place.first, place.second};
@@ -373,11 +363,10 @@ TEST(TraceContour, EndsOnThePrimitiveOrMeetsExactlyOneOtherEnd) {
     }
 }
 
-TEST(TraceContour, OfNodesOnTheLevelHasNoLooseEndsWithoutJitter) {
+TEST(TraceContour, OfNodesOnTheLevelHasNoLooseEnds) {
     for (const Data& data : ManyGrids()) {
         for (const double level : {1.0, 3.0}) {
-            for (const auto& [place, ends] :
-                 EndsByPlace(TraceContour(data.grid.View(), level, 0))) {
+            for (const auto& [place, ends] : EndsByPlace(TraceContour(data.grid.View(), level))) {
                 if (!IsOnPrimitive({place.first, place.second})) {
                     EXPECT_EQ(ends % 2, 0);
                 }
@@ -394,7 +383,7 @@ TEST(TraceContour, SeparatesHigherFromLowerNodes) {
     const int nodes = GridNodes(20);
     const int step = GridStep(20);
     std::set<Place> ends;
-    for (const ContourSegment& segment : grid.Contour(level)) {
+    for (const ContourSegment& segment : grid.Contour(level - 0.5)) {
         ends.insert(PlaceOf(segment.from));
         ends.insert(PlaceOf(segment.to));
     }
@@ -420,7 +409,7 @@ TEST(TraceContour, SeparatesHigherFromLowerNodes) {
 
 TEST(TraceContour, IsTheSameEachTime) {
     const NetGrid grid = Plateaus(150, 4, 6);
-    EXPECT_EQ(grid.Contour(2), grid.Contour(2));
+    EXPECT_EQ(grid.Contour(1.5), grid.Contour(1.5));
 }
 
 TEST(TraceContour, OfAMirroredGridIsMirrored) {
@@ -448,14 +437,37 @@ TEST(TraceContour, OfAMirroredGridIsMirrored) {
         ASSERT_NE(found, other.end());
         other.erase(found);
     }
-    EXPECT_NEAR(TotalLength(grid.Contour(3)), TotalLength(mirrored.Contour(3)), 1)
-        << "with jitter the offsets of the nodes differ";
+    EXPECT_NEAR(TotalLength(grid.Contour(3.5)), TotalLength(mirrored.Contour(3.5)), 1e-6);
 }
 
-TEST(JitterOfLevel, IsForWholeLevelsAlone) {
-    EXPECT_EQ(JitterOfLevel(3), 0.001);
-    EXPECT_EQ(JitterOfLevel(0), 0.001);
-    EXPECT_EQ(JitterOfLevel(2.5), 0);
+// --- Specks
+
+TEST(WithoutSpecks, LeavesOutClosedLinesOfLessThanAnArea) {
+    // Peaks of one node and of 3 by 3 nodes, and a ridge that runs over the rim.
+    const NetGrid grid(50, [](double x, double y) {
+        const bool isPeak = x == 400 && y == 400;
+        const bool isHill = std::abs(x) <= 40 && std::abs(y) <= 40;
+        const bool isRidge = y == -400 && x > 880;
+        return isPeak || isHill || isRidge ? 3.0 : 0.0;
+    });
+    const auto all = grid.Contour(1.5);
+    ASSERT_EQ(ChainSegments(all).size(), 3U);
+    const auto kept = WithoutSpecks(all, 4 * 40 * 40);
+    ASSERT_EQ(ChainSegments(kept).size(), 2U);
+    for (const ContourSegment& segment : kept) {
+        EXPECT_GT(std::hypot(segment.from.x - 400, segment.from.y - 400), 300);
+    }
+    EXPECT_EQ(WithoutSpecks(all, 0).size(), all.size());
+    EXPECT_TRUE(WithoutSpecks({}, 100).empty());
+}
+
+TEST(WithoutSpecks, GoesByTheAreaOfTheLine) {
+    const std::vector<ContourSegment> square = {
+        {{0, 0}, {10, 0}}, {{10, 0}, {10, 10}}, {{10, 10}, {0, 10}}, {{0, 10}, {0, 0}}};
+    EXPECT_EQ(WithoutSpecks(square, 100).size(), 4U) << "as large as is asked for";
+    EXPECT_TRUE(WithoutSpecks(square, 100.001).empty());
+    const std::vector<ContourSegment> open(square.begin(), square.begin() + 3);
+    EXPECT_EQ(WithoutSpecks(open, 1e6).size(), 3U);
 }
 
 // --- Lines
@@ -492,7 +504,7 @@ TEST(ChainSegments, OfNothingIsNothing) {
 
 TEST(ChainSegments, HoldsEachSegmentOnceAndLeavesEndsOnThePrimitiveAlone) {
     for (const Data& data : ManyGrids()) {
-        const auto segments = data.grid.Contour(2);
+        const auto segments = data.grid.Contour(1.5);
         std::multiset<std::pair<Place, Place>> expected;
         for (const ContourSegment& segment : segments) {
             expected.insert(std::minmax(PlaceOf(segment.from), PlaceOf(segment.to)));

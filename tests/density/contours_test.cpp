@@ -6,6 +6,7 @@
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
+#include <array>
 #include <cmath>
 
 namespace quandrel {
@@ -68,9 +69,51 @@ TEST_F(Contours, StandWhereTheGridHasTheirDensity) {
         ASSERT_FALSE(contour.segments.empty());
         for (const ContourSegment& segment : contour.segments) {
             const double density = 50 * (1 - std::hypot(segment.from.x, segment.from.y) / 600);
-            EXPECT_NEAR(density, contour.level, 0.9); // half a count of rounding, and a cell
+            // Half a count below the level; half a count of rounding, and a cell, whose lower end
+            // may lie beyond the foot.
+            EXPECT_NEAR(density, contour.level - 0.25, 1.1);
         }
     }
+}
+
+TEST_F(Contours, RunHalfWayBetweenWholeCountsAndKeepTheirNames) {
+    // 2% of 60 rows are 1.2 of them: nodes of 2 lie inside, nodes of 1 do not.
+    MakeHill(60, 12);
+    Trace();
+    const auto contours = ContoursOfActivePlot();
+    ASSERT_EQ(contours.size(), 4U);
+    const std::array<double, 4> counts = {1.5, 2.5, 4.5, 9.5}; // 1.2, 2.4, 4.8, 9.6 rounded up
+    const std::array<std::int16_t, 4> names = {2, 4, 8, 16};
+    const int step = GridStep(50);
+    for (std::size_t k = 0; k < 4; ++k) {
+        EXPECT_EQ(contours[k].level, names[k]);
+        // On a side between two nodes the height is as far along as the place.
+        for (const ContourSegment& segment : contours[k].segments) {
+            const double column = (segment.from.x - NodePosition(0, step)) / step;
+            const double row = (segment.from.y - NodePosition(0, step)) / step;
+            if (column != std::floor(column)) {
+                continue;
+            }
+            const auto& counted = (*ActiveRecord().DensityGrid)[static_cast<std::size_t>(column)];
+            const auto below = static_cast<std::size_t>(row);
+            const double along = row - std::floor(row);
+            EXPECT_NEAR(counted[below] * (1 - along) + counted[below + 1] * along, counts[k], 1e-6);
+        }
+    }
+}
+
+TEST_F(Contours, LeaveOutSpecks) {
+    MakeHill(60, 12);
+    const std::size_t lines = Trace().size();
+    const auto at = [](int place) { return static_cast<std::size_t>(place); };
+    (*ActiveRecord().DensityGrid)[at(45)][at(26)] = 2; // a node alone, 760 east
+    EXPECT_EQ(Trace().size(), lines);
+    for (int i = 44; i <= 46; ++i) {
+        for (int j = 25; j <= 27; ++j) {
+            (*ActiveRecord().DensityGrid)[at(i)][at(j)] = 2;
+        }
+    }
+    EXPECT_EQ(Trace().size(), lines + 1) << "nine nodes are no speck";
 }
 
 TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
