@@ -118,9 +118,18 @@ void WarnOfDecimalMismatch() {
          Icon::Exclamation);
 }
 
+/// A blank plot is a net, to which points can be added, also after files of directions.
 void MakeBlankPlot() {
     SetPlotFormatFromGlobals();
     PlotRecord& record = ActiveRecord();
+    if (record.PlotKind == kRose) {
+        record.PlotKind = kEqualArea;
+    }
+    if (record.PrimaryFormat <= kDirections) {
+        record.PrimaryFormat = kPrimaryPlane;
+        record.SecondaryFormat = kNoSecondary;
+        record.DataKind = kPlanes;
+    }
     record.NumFiles = 0;
     record.PlotTitle = "Plot " + std::to_string(gActivePlot) + ": Untitled";
 }

@@ -398,6 +398,24 @@ TEST_F(OpenPlot, ATextThatBeginsWithBinIsText) {
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
 }
 
+TEST_F(OpenPlot, ABlankPlotIsANetWhateverWasPlottedBefore) {
+    gPrimaryDataType = kDirections;
+    gPlotDataKind = kPolarLines;
+    EXPECT_EQ(OpenPlotFile(kBlankCommand), kBlankCommand);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+    EXPECT_EQ(ActiveRecord().PrimaryFormat, kPrimaryPlane);
+    EXPECT_EQ(ActiveRecord().DataKind, kPlanes);
+    gPlotKind = kRose;
+    gPrimaryDataType = kPrimaryLine;
+    EXPECT_EQ(OpenPlotFile(kBlankCommand), kBlankCommand);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+    EXPECT_EQ(ActiveRecord().PrimaryFormat, kPrimaryLine);
+    EXPECT_EQ(ActiveRecord().DataKind, kPolarLines);
+    gPlotKind = kEqualAngle;
+    EXPECT_EQ(OpenPlotFile(kBlankCommand), kBlankCommand);
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualAngle) << "the net that was asked for";
+}
+
 TEST_F(OpenPlot, ABlankPlotHasNoFile) {
     EXPECT_EQ(OpenPlotFile(kBlankCommand), kBlankCommand);
     EXPECT_EQ(ActiveRecord().PlotTitle, "Plot 1: Untitled");
