@@ -24,6 +24,7 @@
 #include "program/recalculate.h"
 #include "program/reference.h"
 #include "program/start.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"
@@ -130,6 +131,10 @@ std::string RefusalOf(const std::string& field, const std::string& value) {
     if (name == "ShowSecondary" && number && *number != 0
         && ActiveRecord().SecondaryFormat == kNoSecondary) {
         return "the plot holds no secondary set";
+    }
+    if (name == "PlotSymbolMode" && number
+        && MixesAxes(ActiveRecord(), static_cast<int>(*number))) {
+        return kMixedAxesRefusal;
     }
     return {};
 }

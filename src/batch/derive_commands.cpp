@@ -24,6 +24,9 @@ std::string LackOfSecondarySet() {
     return record.PlotKind == kRose ? "a rose shows no secondary set beside its own" : "";
 }
 
+constexpr std::string_view kNormal = "normal";
+constexpr std::string_view kReverse = "reverse";
+
 std::string SetButton(int button, bool down) {
     SetSecondaryButton(button, down);
     return IsSecondaryButtonDown(button) == down ? "" : "refused: see the message";
@@ -31,11 +34,23 @@ std::string SetButton(int button, bool down) {
 
 } // namespace
 
-std::string MakeAxes(const std::string& index) {
+std::string MakeAxes(const std::string& index, const std::optional<std::string>& sense) {
     if (index.size() != 1 || index[0] < '0' || index[0] > '2') {
-        return "'" + index + "' is none of 0 (one plot), 1 (two plots), 2 (one plot for contours)";
+        return "'" + index + "' is none of 0 (one plot), 1 (two plots), 2 (two plots, contoured)";
     }
-    return MakeKinematicPlots(index[0] - '0') ? "" : "no axes were made: see the message";
+    if (sense && *sense != kNormal && *sense != kReverse) {
+        return "sense: '" + *sense + "' is none of normal, reverse";
+    }
+    const int faults = SlotOfFaults();
+    if (!sense && IsOpenSlot(faults) && LacksMovement(faults)) {
+        return "no row says in which sense it moved: state sense=normal (hanging walls down) or "
+               "sense=reverse";
+    }
+    std::optional<SlipSense> assumed;
+    if (sense) {
+        assumed = *sense == kNormal ? SlipSense::Normal : SlipSense::Reverse;
+    }
+    return MakeKinematicPlots(index[0] - '0', assumed) ? "" : "no axes were made: see the message";
 }
 
 std::string MakeIntersections() {

@@ -4,13 +4,18 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace quandrel {
 
-/// Makes P and T axes: "0" on one plot, "1" on two, "2" on one for contours.
+/// Makes P and T axes: "0" on one plot, "1" on two, "2" on two with contours.
+///
+/// @param sense  "normal" or "reverse": that of faults none of whose rows tells theirs, which are
+///               refused without; nothing where a row tells it
 /// @return empty, or what is wrong; this of all of these
-[[nodiscard]] std::string MakeAxes(const std::string& index);
+[[nodiscard]] std::string MakeAxes(const std::string& index,
+                                   const std::optional<std::string>& sense = std::nullopt);
 
 /// Makes the plot of the intersections of the two planes of each row.
 [[nodiscard]] std::string MakeIntersections();

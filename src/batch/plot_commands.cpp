@@ -16,6 +16,7 @@
 #include "derive/secondary_data.h"
 #include "program/recalculate.h"
 #include "rotation/rotate_data.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 
@@ -67,6 +68,9 @@ std::string PressSymbolButton(const Command& command, std::ostream&) {
     if (*button > kLastModeButton) {
         return PressSecondaryButton(*button);
     }
+    if (MixesAxes(ActiveRecord(), *button + 1)) {
+        return kMixedAxesRefusal;
+    }
     SetPlotSymbol(*button);
     return {};
 }
@@ -110,6 +114,7 @@ std::string Rotate(const Command& command, std::ostream& log) {
 const std::map<std::string, PlotCommand>& PlotCommands() {
     static const CommandShape none;
     static const CommandShape one{1, {}};
+    static const CommandShape axes{1, {"sense"}};
     static const CommandShape its{0, {}, true};
     static const CommandShape two{2, {}};
     static const CommandShape three{3, {}};
@@ -131,7 +136,9 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"griddensity", {one, MoveSlider}},
         {"intersections",
          {none, [](const Command&, std::ostream&) { return MakeIntersections(); }}},
-        {"kinematic", {one, [](const Command& c, std::ostream&) { return MakeAxes(c.Words()); }}},
+        {"kinematic",
+         {axes, [](const Command& c,
+                   std::ostream&) { return MakeAxes(c.Bare(0).value_or(""), c.Value("sense")); }}},
         {"layer", {one, [](const Command& c, std::ostream&) { return ChooseLayer(c.Words()); }}},
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},

@@ -85,24 +85,31 @@ void ClearDerivedRows(int slot) {
     record.RowsChanged = kTrue;
     ClearRowTable(TableOf(slot));
     gErrorLines[static_cast<std::size_t>(slot)].clear();
+    const PlotInWork work(slot);
+    ResetAppendedRange();
 }
 
-void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind) {
+void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::string& textColumn) {
     record.DataKind = dataKind;
     record.PrimaryFormat = kPrimaryLine;
     record.SecondaryFormat = kNoSecondary;
     record.ShowSecondary = 0;
+    record.HasAppendedText = kTrue;
+    record.AppNonNumName = textColumn;
     record.KinematicBlock.fill(std::int16_t{0});
     record.KinematicBlock[0] = std::int16_t{1};
     record.KinematicBlock[1] = std::int16_t{2};
 }
 
-bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend) {
+bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend,
+                      const std::string& source) {
     const PlotInWork work(slot);
     ParsedRow line;
     line.status = LineStatus::Row;
     line.dip = RoundToEven(RadToDeg(plunge));
     line.az = std::fmod(RoundToEven(RadToDeg(trend)), 360);
+    line.text.View(source);
+    line.textStatus = TextStatus::Good;
     RowFaults faults;
     return StoreDataRow(line, row, RowTarget{}, faults);
 }

@@ -9,17 +9,13 @@
 #pragma once
 
 #include "core/plot_record.h"
+#include "stereo/axis_rows.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
 namespace quandrel {
-
-/// AxesTitle of kinematic axes.
-inline constexpr const char* kBothAxes = "P & T";
-inline constexpr const char* kShorteningAxes = "P";
-inline constexpr const char* kExtensionAxes = "T";
 
 /// What is said of a plot that memory ran out for.
 inline constexpr const char* kNotCompleted = "not completed";
@@ -43,14 +39,18 @@ void CloseDerivedPlot(int slot);
 /// Empties a derived plot of its rows, those of its overlays too.
 void ClearDerivedRows(int slot);
 
-/// Gives a record the form of a plot of derived lines: no second set, columns of plunge and trend.
-/// @param dataKind  kLines, or kPolarLines where the sign of the plunge means something
-void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind);
+/// Gives a record the form of a plot of derived lines: no second set, columns of plunge and trend,
+/// and a text that says where a line comes from.
+/// @param dataKind    kLines, or kPolarLines where the sign of the plunge means something
+/// @param textColumn  name of the column of texts
+void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::string& textColumn);
 
 /// Stores a line as a main row of a derived plot, rounded to whole degrees.
 /// @param plunge,trend  radians; a negative plunge points upward
+/// @param source        where it comes from
 /// @return false when memory ran out
-[[nodiscard]] bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend);
+[[nodiscard]] bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend,
+                                    const std::string& source);
 
 /// Tells that a row could not be stored, and takes the rows that are not counted out of the table.
 void GiveUpDerivedRows(int slot);

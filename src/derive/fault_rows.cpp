@@ -23,6 +23,25 @@ Fault FaultOfRow(int slot, std::int32_t row) {
     return fault;
 }
 
+namespace {
+
+bool HasFault(int slot, bool (*isWanted)(const Fault&)) {
+    for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
+        const Fault fault = FaultOfRow(slot, row);
+        if (IsReadable(fault.plane) && IsReadable(fault.line) && isWanted(fault)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+bool LacksMovement(int slot) {
+    return HasFault(slot, [](const Fault&) { return true; })
+           && !HasFault(slot, [](const Fault& fault) { return fault.line.dip < 0; });
+}
+
 Direction PoleOfFault(const Fault& fault) {
     double plunge = 0;
     double trend = 0;

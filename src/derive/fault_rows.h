@@ -25,6 +25,10 @@ struct Fault {
 /// The fault of a main row. What the row lacks is not readable.
 [[nodiscard]] Fault FaultOfRow(int slot, std::int32_t row);
 
+/// True when the main rows hold faults with slip lines, and none of these tells its sense of
+/// movement by a negative plunge. O(rows).
+[[nodiscard]] bool LacksMovement(int slot);
+
 /// The downward unit normal of the fault plane. The sign of the dip plays no part.
 [[nodiscard]] Direction PoleOfFault(const Fault& fault);
 

@@ -43,14 +43,15 @@ int OpenPlotOfIntersections(int source) {
     return slot;
 }
 
-/// Stores the intersection of a pair of planes. False when memory ran out.
-[[nodiscard]] bool StoreIntersection(int slot, const Fault& planes, PairCounts& counts) {
+/// Stores the intersection of the planes of a row of the source. False when memory ran out.
+[[nodiscard]] bool StoreIntersection(int slot, std::int32_t sourceRow, const Fault& planes,
+                                     PairCounts& counts) {
     double plunge = 0;
     double trend = 0;
     IntersectPlanes(DegToRad(planes.plane.dip), DegToRad(planes.plane.azimuth),
                     DegToRad(planes.line.dip), DegToRad(planes.line.azimuth), plunge, trend);
     const std::int32_t row = counts.stored + 1;
-    if (!StoreDerivedLine(slot, row, plunge, trend)) {
+    if (!StoreDerivedLine(slot, row, plunge, trend, std::to_string(sourceRow))) {
         return false;
     }
     if (plunge < 0) {
@@ -62,20 +63,18 @@ int OpenPlotOfIntersections(int source) {
     return true;
 }
 
-/// Stores the intersections of all rows of a source, in the order of its table.
+/// Stores the intersections of all rows of a source, in their order.
 PairCounts StoreAllIntersections(int source, int slot) {
     PairCounts counts;
-    const RowTable& table = TableOf(source);
     const std::int32_t last = RecordOf(source).NumData;
-    for (std::size_t place = 0; place < table.size(); ++place) {
-        const std::int32_t row = table.index[place];
+    for (std::int32_t row = 1; row <= last; ++row) {
         const Fault planes = FaultOfRow(source, row);
-        if (row > last || !IsReadable(planes.plane)) {
+        if (!IsReadable(planes.plane)) {
             continue;
         }
         if (!IsReadable(planes.line)) {
             ++counts.withoutSecond;
-        } else if (!StoreIntersection(slot, planes, counts)) {
+        } else if (!StoreIntersection(slot, row, planes, counts)) {
             counts.outOfMemory = true;
             break;
         }
@@ -143,7 +142,7 @@ bool MakeIntersectionPlot() {
 
 void PrepareIntersectionPlot(int slot) {
     ClearDerivedRows(slot);
-    PrepareDerivedPlot(RecordOf(slot), kLines);
+    PrepareDerivedPlot(RecordOf(slot), kLines, kRowColumn);
 }
 
 } // namespace quandrel

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_rows.h"
 #include "derive/kinematic_axes.h"
@@ -36,11 +37,11 @@ struct FaultCounts {
     bool outOfMemory = false;
 };
 
-struct AxisLines {
-    double pPlunge = kErrorRow;
-    double pTrend = 0;
-    double tPlunge = 0;
-    double tTrend = 0;
+/// What the plots of a family are made by.
+struct AxesWanted {
+    bool onTwoPlots = false;
+    bool asContours = false;
+    std::optional<SlipSense> assumed;
 };
 
 bool HasReadableParent(const PlotRecord& record) {
@@ -135,31 +136,31 @@ Family FamilyOfActivePlot() {
     return false;
 }
 
-void SetUpChild(int slot, int parent, const char* axes) {
+void SetUpChild(int slot, int parent, const char* axes, const AxesWanted& wanted) {
     ClearDerivedRows(slot);
-    PrepareKinematicPlot(slot);
+    PrepareKinematicPlot(slot, wanted.assumed);
     PlotRecord& record = RecordOf(slot);
     record.KinematicState = static_cast<std::int16_t>(parent);
     record.PlotTitle = "Plot " + std::to_string(slot) + RestOfTitle(RecordOf(parent).PlotTitle);
     record.AxesTitle = axes;
+    if (wanted.asContours) {
+        record.PlotSymbolMode = kContours;
+    }
+    MendMixedMode(record);
     const PlotInWork work(slot);
     UpdateTitle();
 }
 
-/// The axes of a fault; a P plunge of kErrorRow where it has none.
-AxisLines LinesOfAxes(const Fault& fault) {
-    double polePlunge = 0;
-    double poleTrend = 0;
-    OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), polePlunge,
-                    poleTrend);
-    AxisLines axes;
-    ComputePTAxes(polePlunge, poleTrend, DegToRad(fault.line.dip), DegToRad(fault.line.azimuth),
-                  kKinematicTolerance, axes.pPlunge, axes.pTrend, axes.tPlunge, axes.tTrend);
-    return axes;
+[[nodiscard]] bool StoreShorteningAxis(int slot, std::int32_t row, const AxisLines& axes,
+                                       std::int32_t parentRow) {
+    return StoreDerivedLine(slot, row, axes.pPlunge, axes.pTrend,
+                            AxisText(AxisKind::Shortening, parentRow));
 }
 
-[[nodiscard]] bool StoreExtensionAxis(int slot, std::int32_t row, const AxisLines& axes) {
-    if (!StoreDerivedLine(slot, row, axes.tPlunge, axes.tTrend)) {
+[[nodiscard]] bool StoreExtensionAxis(int slot, std::int32_t row, const AxisLines& axes,
+                                      std::int32_t parentRow) {
+    if (!StoreDerivedLine(slot, row, axes.tPlunge, axes.tTrend,
+                          AxisText(AxisKind::Extension, parentRow))) {
         return false;
     }
     // A horizontal one has no sign to be told by.
@@ -169,35 +170,34 @@ AxisLines LinesOfAxes(const Fault& fault) {
     return true;
 }
 
-/// Stores the axes of one more fault.
-[[nodiscard]] bool StoreAxes(const Family& family, std::int32_t fault, const AxisLines& axes) {
+/// Stores the axes of one more fault, a row of the parent.
+[[nodiscard]] bool StoreAxes(const Family& family, std::int32_t fault, const AxisLines& axes,
+                             std::int32_t parentRow) {
     if (family.second != 0) {
-        return StoreDerivedLine(family.first, fault, axes.pPlunge, axes.pTrend)
-               && StoreExtensionAxis(family.second, fault, axes);
+        return StoreShorteningAxis(family.first, fault, axes, parentRow)
+               && StoreExtensionAxis(family.second, fault, axes, parentRow);
     }
-    return StoreDerivedLine(family.first, 2 * fault - 1, axes.pPlunge, axes.pTrend)
-           && StoreExtensionAxis(family.first, 2 * fault, axes);
+    return StoreShorteningAxis(family.first, 2 * fault - 1, axes, parentRow)
+           && StoreExtensionAxis(family.first, 2 * fault, axes, parentRow);
 }
 
-/// Stores the axes of all faults of the parent, in the order of its table.
-FaultCounts StoreAllAxes(const Family& family) {
+/// Stores the axes of all faults of the parent, in the order of its rows.
+FaultCounts StoreAllAxes(const Family& family, std::optional<SlipSense> assumed) {
     FaultCounts counts;
-    const RowTable& table = TableOf(family.parent);
     const std::int32_t last = RecordOf(family.parent).NumData;
-    for (std::size_t place = 0; place < table.size(); ++place) {
-        const std::int32_t row = table.index[place];
+    for (std::int32_t row = 1; row <= last; ++row) {
         const Fault fault = FaultOfRow(family.parent, row);
-        if (row > last || !IsReadable(fault.plane)) {
+        if (!IsReadable(fault.plane)) {
             continue;
         }
         if (!IsReadable(fault.line)) {
             ++counts.withoutLine;
             continue;
         }
-        const AxisLines axes = LinesOfAxes(fault);
-        if (axes.pPlunge == kErrorRow) {
+        const std::optional<AxisLines> axes = LinesOfAxes(fault, assumed);
+        if (!axes) {
             ++counts.offPlane;
-        } else if (StoreAxes(family, counts.used + 1, axes)) {
+        } else if (StoreAxes(family, counts.used + 1, *axes, row)) {
             ++counts.used;
         } else {
             counts.outOfMemory = true;
@@ -220,6 +220,11 @@ void CountRows(const Family& family, const FaultCounts& counts) {
     }
 }
 
+std::string TextOfAssumption(SlipSense assumed) {
+    return std::string("; sense assumed: the hanging walls moved ")
+           + (assumed == SlipSense::Normal ? "down" : "up");
+}
+
 std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
     const std::int32_t all = counts.used + counts.offPlane + counts.withoutLine;
     std::string text = (axes == kBothAxes ? "P and T" : axes) + " axes of "
@@ -235,24 +240,85 @@ std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
 }
 
 /// Fills the children from their parent. False when memory ran out.
-[[nodiscard]] bool FillChildren(const Family& family) {
+[[nodiscard]] bool FillChildren(const Family& family, std::optional<SlipSense> assumed) {
     const BusyPointer busy(*gPlatform.status);
-    const FaultCounts counts = StoreAllAxes(family);
+    const FaultCounts counts = StoreAllAxes(family, assumed);
     if (!counts.outOfMemory) {
         CountRows(family, counts);
     }
     for (const int slot : {family.first, family.second}) {
         if (slot != 0) {
             PlotRecord& record = RecordOf(slot);
-            DescribeDerivation(record, RecordOf(family.parent).PlotTitle,
-                               counts.outOfMemory ? kNotCompleted
-                                                  : TextOfCounts(record.AxesTitle, counts));
+            std::string what = counts.outOfMemory ? std::string(kNotCompleted)
+                                                  : TextOfCounts(record.AxesTitle, counts);
+            what += assumed ? TextOfAssumption(*assumed) : std::string();
+            DescribeDerivation(record, RecordOf(family.parent).PlotTitle, what);
         }
     }
     return !counts.outOfMemory;
 }
 
+/// Finds out about the sense of movement: rows that tell it count, else what is known already, else
+/// the user is asked. False when the user has no answer.
+[[nodiscard]] bool FindSense(int faults, std::optional<SlipSense>& assumed) {
+    if (!LacksMovement(faults)) {
+        assumed.reset();
+        return true;
+    }
+    if (assumed) {
+        return true;
+    }
+    const Message question{gCaption, kSenseQuestion, Icon::Question, Buttons::YesNoCancel,
+                           Button::Cancel};
+    const Button answer = gPlatform.prompts->Ask(question);
+    if (answer == Button::Cancel) {
+        return false;
+    }
+    assumed = answer == Button::Yes ? SlipSense::Normal : SlipSense::Reverse;
+    return true;
+}
+
+/// Makes the windows that are missing, and closes one that is not wanted any more.
+[[nodiscard]] bool MatchWindows(Family& family, const AxesWanted& wanted) {
+    if (!AcceptLossOfOverlays(family) || !OpenMissing(family, wanted.onTwoPlots)) {
+        return false;
+    }
+    if (!wanted.onTwoPlots && family.second != 0) {
+        CloseDerivedPlot(family.second);
+        family.second = 0;
+    }
+    return true;
+}
+
 } // namespace
+
+std::optional<AxisLines> LinesOfAxes(const Fault& fault, std::optional<SlipSense> assumed) {
+    double polePlunge = 0;
+    double poleTrend = 0;
+    OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), polePlunge,
+                    poleTrend);
+    AxisLines axes;
+    axes.pPlunge = kErrorRow;
+    ComputePTAxes(polePlunge, poleTrend, DegToRad(fault.line.dip), DegToRad(fault.line.azimuth),
+                  kKinematicTolerance, axes.pPlunge, axes.pTrend, axes.tPlunge, axes.tTrend);
+    if (axes.pPlunge == kErrorRow) {
+        return std::nullopt;
+    }
+    if (assumed == SlipSense::Reverse) {
+        // The other sense exchanges the axes; a horizontal line has no sign to say so.
+        const double tPlunge = axes.pPlunge > 0 ? -axes.pPlunge : 0;
+        axes = {std::abs(axes.tPlunge), axes.tTrend, tPlunge, axes.pTrend};
+    }
+    return axes;
+}
+
+int SlotOfFaults() {
+    const PlotRecord& record = ActiveRecord();
+    if (record.SecondaryFormat != kNoSecondary) {
+        return gActivePlot;
+    }
+    return record.AxesTitle.empty() ? 0 : record.KinematicState;
+}
 
 bool CheckKinematicData() {
     const PlotRecord& record = ActiveRecord();
@@ -266,25 +332,25 @@ bool CheckKinematicData() {
                             "Would you like to continue and treat this Secondary data as lines?"));
 }
 
-bool MakeKinematicPlots(int index) {
+bool MakeKinematicPlots(int index, std::optional<SlipSense> assumed) {
     if (gBusy || !IsOpenSlot(gActivePlot) || index < kAxesOnOnePlot || index > kContouredAxes
         || !CheckKinematicData()) {
         return false;
     }
-    const bool onTwoPlots = index == kAxesOnTwoPlots;
+    const bool onTwoPlots = index != kAxesOnOnePlot;
     Family family = FamilyOfActivePlot();
-    if (!AcceptLossOfOverlays(family) || !OpenMissing(family, onTwoPlots)) {
+    if (!FindSense(family.parent, assumed)) {
         return false;
     }
-    if (!onTwoPlots && family.second != 0) {
-        CloseDerivedPlot(family.second);
-        family.second = 0;
+    const AxesWanted wanted{onTwoPlots, index == kContouredAxes, assumed};
+    if (!MatchWindows(family, wanted)) {
+        return false;
     }
-    SetUpChild(family.first, family.parent, onTwoPlots ? kShorteningAxes : kBothAxes);
+    SetUpChild(family.first, family.parent, onTwoPlots ? kShorteningAxes : kBothAxes, wanted);
     if (onTwoPlots) {
-        SetUpChild(family.second, family.parent, kExtensionAxes);
+        SetUpChild(family.second, family.parent, kExtensionAxes, wanted);
     }
-    const bool filled = FillChildren(family);
+    const bool filled = FillChildren(family, assumed);
     if (!filled) {
         GiveUpDerivedRows(family.first);
         if (onTwoPlots) {
@@ -298,8 +364,8 @@ bool MakeKinematicPlots(int index) {
     return filled;
 }
 
-void PrepareKinematicPlot(int slot) {
-    PrepareDerivedPlot(RecordOf(slot), kPolarLines);
+void PrepareKinematicPlot(int slot, std::optional<SlipSense> assumed) {
+    PrepareDerivedPlot(RecordOf(slot), kPolarLines, AxisColumnName(assumed));
 }
 
 } // namespace quandrel

@@ -80,6 +80,16 @@ float SlipArrowAngle(int slot, std::int32_t row) {
     return azimuth ? static_cast<float>(*azimuth) : kNoArrow;
 }
 
+bool SlipArrowsTellSense(int slot) {
+    for (std::int32_t row = 1; row <= RecordOf(slot).NumLoadedData; ++row) {
+        const Fault fault = FaultOfShownRow(slot, row);
+        if (IsReadable(fault.plane) && IsReadable(fault.line) && fault.line.dip < 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 double DrawnSlipArrowAngle(std::int32_t row) {
     const auto angle = static_cast<double>(SlipArrowAngle(gActivePlot, row));
     return std::isfinite(angle) ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;

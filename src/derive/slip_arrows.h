@@ -40,6 +40,10 @@ namespace quandrel {
 ///         or tell no direction
 [[nodiscard]] float SlipArrowAngle(int slot, std::int32_t row);
 
+/// True when a slip line that the plot shows tells a sense of movement by its negative plunge.
+/// Without one arrows have no heads. O(rows).
+[[nodiscard]] bool SlipArrowsTellSense(int slot);
+
 /// SlipArrowAngle of a row of gActivePlot as it is drawn, in radians of whole degrees.
 [[nodiscard]] double DrawnSlipArrowAngle(std::int32_t row);
 

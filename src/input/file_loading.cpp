@@ -14,6 +14,7 @@
 #include "input/plot_files.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
+#include "stereo/axis_rows.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -87,6 +88,9 @@ public:
             return false;
         }
         LoadFurtherFiles();
+        if (IsNew() || fillsEmptyPlot_) {
+            RestoreAxes(gActivePlot);
+        }
         return true;
     }
 

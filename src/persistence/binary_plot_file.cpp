@@ -13,6 +13,7 @@
 #include "input/text_file.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
+#include "stereo/axis_rows.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -164,6 +165,7 @@ void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     const std::vector<std::int32_t> order = OrderOfTable(plot);
     PlotRecord& record = ActiveRecord();
     record = std::move(plot.record);
+    MendMixedMode(record);
     NamePlot(record, path);
     StoreRows(plot, record);
     StoreTable(record, order);
@@ -228,7 +230,8 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version) {
 }
 
 BinaryPlotRemarks RemarksOn(const BinaryPlot& plot) {
-    return {plot.hasWeightedRose, plot.isLater ? VersionToTell(plot) : std::string()};
+    return {plot.hasWeightedRose, plot.isLater ? VersionToTell(plot) : std::string(),
+            MixesAxes(plot.record, plot.record.PlotSymbolMode)};
 }
 
 void TellRemarks(const BinaryPlotRemarks& remarks) {
@@ -243,6 +246,9 @@ void TellRemarks(const BinaryPlotRemarks& remarks) {
              "To repeat the weighting used on the original plot you will have to replot the "
              "diagram.",
              Icon::Information);
+    }
+    if (remarks.mixesAxes) {
+        Tell(std::string("The plot opens with points.\n") + kMixedAxesRefusal, Icon::Information);
     }
 }
 

@@ -35,6 +35,7 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version);
 struct BinaryPlotRemarks {
     bool hasWeightedRose = false; ///< it asks for a rose that is no more
     std::string laterVersion;     ///< that saved it, empty when it is not later than this one
+    bool mixesAxes = false;       ///< it counts over P and T axes together, and opens as points
 };
 
 [[nodiscard]] BinaryPlotRemarks RemarksOn(const BinaryPlot& plot);

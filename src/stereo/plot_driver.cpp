@@ -9,6 +9,7 @@
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
+#include "stereo/axis_rows.h"
 #include "stereo/draw_target.h"
 #include "stereo/great_circles.h"
 #include "stereo/legend.h"
@@ -239,6 +240,7 @@ void DrawActivePlotOn(Surface& plot, Surface& legend) {
 
 void DrawStereoPlot(bool recalculate) {
     PlotRecord& record = ActiveRecord();
+    MendMixedMode(record); // an edit that was taken back may have made axes of its lines again
     // A change of the main rows of a plot with overlays shows in its statistics too.
     if (!IsDrawingElsewhere() && (recalculate || record.RowsChanged != 0)) {
         ComputeRowStatistics();
@@ -314,7 +316,8 @@ std::string TitleOfPlot() {
         title += "1st ";
     }
     if (!record.AxesTitle.empty()) {
-        return title + record.AxesTitle + " axes]";
+        return title + record.AxesTitle + " axes"
+               + (AssumedSense(record) ? ", sense assumed]" : "]");
     }
     // The trailing blanks keep the captions of one width.
     switch (record.DataKind) {

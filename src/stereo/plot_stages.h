@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "stereo/axis_rows.h"
 #include "stereo/legend.h"
 
 #include <cstdint>
@@ -28,9 +29,12 @@ struct PlotStages {
     std::function<void(bool recalculate)> drawRose;         ///< the whole of a rose
     std::function<void()> acceptRoseSectors;                ///< of a file: they are not asked about
     std::function<double(std::int32_t row)> slipArrowAngle; ///< azimuth of a row's arrow, or NaN
-    std::function<std::vector<LegendLine>()> bandLegend;    ///< density bands and contours
-    std::function<std::vector<LegendLine>()> classLegend;   ///< classes of a classified plot
-    std::function<std::vector<LegendLine>()> roseLegend;    ///< kind, classes and bias of a rose
+    std::function<bool()> slipSenseIsTold;                  ///< by a slip line of the plot
+    /// Number, principal axis and girdle of the axes of one kind, in a plot of both.
+    std::function<std::vector<std::string>(AxisKind kind)> axisLegend;
+    std::function<std::vector<LegendLine>()> bandLegend;  ///< density bands and contours
+    std::function<std::vector<LegendLine>()> classLegend; ///< classes of a classified plot
+    std::function<std::vector<LegendLine>()> roseLegend;  ///< kind, classes and bias of a rose
 };
 
 extern PlotStages gPlotStages;

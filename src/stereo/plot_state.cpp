@@ -3,9 +3,11 @@
 #include "stereo/plot_state.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/platform.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
@@ -95,6 +97,10 @@ void SetPlotSymbol(int button) {
         return;
     }
     const bool hasOverlays = record.OverlayRows[0] > 0;
+    if (MixesAxes(record, button + 1)) {
+        Tell(kMixedAxesRefusal);
+        return;
+    }
     if (button >= 2) {
         // There is no button of mode 2.
         if (!hasOverlays && record.PlotSymbolMode != button + 1) {

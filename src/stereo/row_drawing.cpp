@@ -115,6 +115,8 @@ void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow
 /// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
 /// is left out.
 void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range, RowStyle style) {
+    const bool hasHeads = !gPlotStages.slipSenseIsTold || gPlotStages.slipSenseIsTold();
+    const int arrow = hasHeads ? kSlipArrowSymbol : kSlipLineSymbol;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
@@ -128,7 +130,7 @@ void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range,
         DrawSymbols(surface, std::span(&at, 1), code);
         const double angle = gPlotStages.slipArrowAngle(index);
         if (std::isfinite(angle)) {
-            DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), kSlipArrowSymbol,
+            DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), arrow,
                        CodeSize(code), angle);
         }
     }

@@ -106,6 +106,18 @@ std::vector<GlyphPart> ArrowParts(double size, double azimuth) {
                         Ink::Filled)};
 }
 
+/// A line as long as an arrow, to both sides of the place: it tells no sense.
+std::vector<GlyphPart> SlipLineParts(double size, double azimuth) {
+    const double reach = kArrowLength * size / 2;
+    const Point along{reach * std::sin(azimuth), reach * std::cos(azimuth)};
+    return {LinePart({-along.x, -along.y}, along)};
+}
+
+/// True for the symbols that turn.
+bool IsTurned(int symbolCode) {
+    return symbolCode == kSlipArrowSymbol || symbolCode == kSlipLineSymbol;
+}
+
 /// The mark at the end of a slip arrow: a broad ring with a bar, or for the upward side a narrow
 /// one with a cross.
 std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
@@ -158,6 +170,8 @@ std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
         return CompassParts(3 * s);
     case kSlipArrowSymbol:
         return ArrowParts(s, angle);
+    case kSlipLineSymbol:
+        return SlipLineParts(s, angle);
     case kSlipEndSymbol:
         return SlipEndParts(s, false);
     case kSlipUpEndSymbol:
@@ -188,7 +202,7 @@ bool IsColour(int index) {
 Glyph GlyphOfSymbol(int symbolCode, int size, double angle) {
     const int drawnSize = std::max(size, 1);
     std::string name = std::to_string(symbolCode) + "/" + std::to_string(drawnSize);
-    if (symbolCode == kSlipArrowSymbol) {
+    if (IsTurned(symbolCode)) {
         // To the last digit: glyphs of one name have one shape.
         std::array<char, 32> digits{};
         name.append("/").append(
@@ -204,7 +218,7 @@ bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourInde
         return false;
     }
     const Colour colour = TableColour(colourIndex);
-    if (symbolCode == kSlipArrowSymbol) {
+    if (IsTurned(symbolCode)) {
         surface.Markers(GlyphOfSymbol(symbolCode, size, angle), colour, std::span(&at, 1));
         return true;
     }

@@ -19,13 +19,14 @@ enum SymbolCodeNumber : int {
     kSlipArrowSymbol = 50,
     kSlipEndSymbol = 51,   ///< end mark of a downward slip arrow
     kSlipUpEndSymbol = 52, ///< end mark of an upward one
+    kSlipLineSymbol = 53,  ///< a slip arrow whose sense is not known: a line to both sides
     kLargeCircleSymbol = 100,
 };
 
 /// The shape of a symbol in plot units about its place; empty for code 0 and unknown codes.
 ///
 /// @param size   0 counts as 1; the half-size is the size times a factor of the code
-/// @param angle  azimuth of a slip arrow, radians; other shapes do not turn
+/// @param angle  azimuth of a slip arrow or slip line, radians; other shapes do not turn
 [[nodiscard]] Glyph GlyphOfSymbol(int symbolCode, int size, double angle);
 
 /// Draws a symbol. The surface's state is left as it was.

@@ -31,14 +31,34 @@ TEST_F(DeriveCommands, MakeAxesTakesTheThreeItemsOfTheMenu) {
         EXPECT_NE(MakeAxes(index), "") << index;
     }
     EXPECT_EQ(CountOpenPlots(), 1);
-    EXPECT_EQ(MakeAxes("1"), "");
+    EXPECT_EQ(MakeAxes("1", "normal"), "");
     EXPECT_EQ(CountOpenPlots(), 3);
     gActivePlot = parent;
-    EXPECT_EQ(MakeAxes("2"), "");
+    EXPECT_EQ(MakeAxes("2", "normal"), "");
+    EXPECT_EQ(ActiveRecord().AxesTitle, "T");
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kContours);
+    gActivePlot = parent;
+    EXPECT_EQ(MakeAxes("0", "normal"), "");
     EXPECT_EQ(ActiveRecord().AxesTitle, "P & T");
     ActiveRecord().AxesTitle.clear();
     Expect("You don't have any Secondary line data");
     EXPECT_NE(MakeAxes("0"), "");
+}
+
+TEST_F(DeriveCommands, MakeAxesNeverInventsASense) {
+    const int parent = NewFault(kSecondaryLine);
+    const std::string refusal = MakeAxes("0");
+    EXPECT_NE(refusal.find("no row says in which sense it moved"), std::string::npos) << refusal;
+    EXPECT_NE(MakeAxes("0", "sinistral"), "");
+    EXPECT_EQ(CountOpenPlots(), 1);
+    EXPECT_EQ(MakeAxes("0", "reverse"), "");
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 15);
+    EXPECT_EQ(gDataDip(gActivePlot, 2), -75);
+    EXPECT_NE(MakeAxes("0"), "") << "made anew the same question stands";
+    gActivePlot = parent;
+    gData2Dip.At(parent, 1) = -60;
+    EXPECT_EQ(MakeAxes("0"), "");
+    EXPECT_EQ(gDataDip(gActivePlot, 1), 15);
 }
 
 TEST_F(DeriveCommands, MakeIntersectionsSaysWhyItDoesNothing) {

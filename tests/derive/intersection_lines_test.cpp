@@ -87,6 +87,17 @@ TEST_F(IntersectionLines, AreTheCrossProductsOfTheNormals) {
     EXPECT_GT(compared, 490);
 }
 
+TEST_F(IntersectionLines, FollowTheOrderOfTheirRowsAndNameThem) {
+    NewPairs({{45, 180, 45, 90}, {kErrorRow, 0, 45, 90}, {45, 0, 45, 270}, {45, 0, 45, 90}});
+    ReplotActivePlot(true); // sorts the table by x
+    const int child = Make();
+    EXPECT_EQ(Lines(child), (std::vector<std::string>{"35/135", "35/315", "35/045"}));
+    EXPECT_EQ(gAppText(child, 1), "1");
+    EXPECT_EQ(gAppText(child, 2), "3");
+    EXPECT_EQ(gAppText(child, 3), "4");
+    EXPECT_EQ(RecordOf(child).AppNonNumName, kRowColumn);
+}
+
 TEST_F(IntersectionLines, OfParallelPlanesAreKeptAsErrorRows) {
     NewPairs(kThreePairs);
     const int child = Make();

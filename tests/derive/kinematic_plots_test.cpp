@@ -61,12 +61,17 @@ TEST_F(KinematicPlots, OnOnePlotPutEachTRowBehindItsPRow) {
     EXPECT_EQ(TableOf(child).size(), 6U);
 }
 
-TEST_F(KinematicPlots, WithContoursAreTheSameRowsAndNoMore) {
+TEST_F(KinematicPlots, WithContoursAreContouredOnAPlotEach) {
     NewFaultPlot(kThreeFaults);
-    const int child = Make(kContouredAxes);
-    EXPECT_EQ(Lines(child), kBoth);
-    EXPECT_EQ(Of(child).AxesTitle, "P & T");
-    EXPECT_EQ(Of(child).PlotSymbolMode, kPointSymbols);
+    const int second = Make(kContouredAxes);
+    const int first = second - 1;
+    EXPECT_EQ(Lines(first), kShortening);
+    EXPECT_EQ(Lines(second), kExtension);
+    EXPECT_EQ(Of(first).AxesTitle, "P");
+    EXPECT_EQ(Of(second).AxesTitle, "T");
+    EXPECT_EQ(Of(first).PlotSymbolMode, kContours);
+    EXPECT_EQ(Of(second).PlotSymbolMode, kContours);
+    EXPECT_EQ(CountOpenPlots(), 3);
 }
 
 TEST_F(KinematicPlots, OnTwoPlotsHaveOneRowNumberForAFault) {
@@ -105,7 +110,7 @@ TEST_F(KinematicPlots, LeaveOutAndTellOfFaultsWithoutAxes) {
                   {60, 90, 70, 90},
                   {kErrorRow, 0, 0, 0},
                   {60, 90, kErrorRow, kErrorRow},
-                  {60, 90, 69, 90}});
+                  {60, 90, -69, 90}});
     const int child = Make(kAxesOnOnePlot);
     EXPECT_EQ(Of(child).NumValidData, 2);
     EXPECT_EQ(Of(child).NumData, 4);
@@ -119,22 +124,27 @@ TEST_F(KinematicPlots, ReadTheColumnsWhicheverSetIsShown) {
     ActiveRecord().ShowSecondary = kTrue;
     SetSecondary(parent, 2, kErrorRow, kErrorRow);
     RebuildRowTable(parent);
+    Expect(kSenseQuestion, Button::Yes);
     const int child = Make(kAxesOnOnePlot);
     EXPECT_EQ(Lines(child), (std::vector<std::string>{"75/270", "-15/090", "0/315", "0/225"}));
     EXPECT_NE(Of(child).DescriptionText.find("2 of 3 faults; 1 left out: no slip line"),
               std::string::npos);
 }
 
-TEST_F(KinematicPlots, FollowTheOrderOfTheParentsTable) {
-    // Poles at 30/270, 30/090: the drawing sorts by x.
-    NewFaultPlot({{60, 270, 60, 270}, {60, 90, 60, 90}});
+TEST_F(KinematicPlots, FollowTheOrderOfTheParentsRows) {
+    // Poles at 30/270, 30/090: the drawing sorts the table by x, and that of the parent counts not.
+    NewFaultPlot({{60, 270, 60, 270}, {kErrorRow, 0, 0, 0}, {60, 90, 60, 90}, {60, 90, -60, 90}});
     ReplotActivePlot(true);
-    const int child = Make(kAxesOnTwoPlots) - 1;
-    EXPECT_EQ(Lines(child), (std::vector<std::string>{"75/270", "75/090"}));
+    const int second = Make(kAxesOnTwoPlots);
+    EXPECT_EQ(Lines(second - 1), (std::vector<std::string>{"75/090", "75/270", "15/090"}));
+    EXPECT_EQ(gAppText(second - 1, 1), "P 1");
+    EXPECT_EQ(gAppText(second - 1, 2), "P 3");
+    EXPECT_EQ(gAppText(second, 3), "T 4");
+    EXPECT_EQ(Of(second).AppNonNumName, kAxisColumn);
 }
 
 TEST_F(KinematicPlots, LeaveOverlayRowsOfTheParentAlone) {
-    NewFaultPlot({{60, 90, 60, 90}});
+    NewFaultPlot({{60, 90, -60, 90}});
     AddOverlay(kOverlayPolarLines, 60, 90, CodeOfStyleRow(2));
     EXPECT_EQ(Of(Make(kAxesOnOnePlot)).NumValidData, 1);
 }
@@ -149,7 +159,7 @@ TEST_F(KinematicPlots, AreRecomputedAfterAnEditOfTheParent) {
     EXPECT_EQ(Line(child, 1), "15/090");
     EXPECT_EQ(Of(child).NumData, 6);
     EXPECT_EQ(TableOf(child).size(), 6U);
-    EXPECT_EQ(Of(child).PlotSymbolMode, kContours) << "the view stays";
+    EXPECT_EQ(Of(child).PlotSymbolMode, kPointSymbols) << "never contours of both";
     EXPECT_EQ(CountOpenPlots(), 2);
 }
 

@@ -50,7 +50,7 @@ protected:
 };
 
 TEST_F(LinkedRows, FaultsAndTheirAxesLightEachOther) {
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     const int axes = gActivePlot;
     ASSERT_NE(axes, parent);
     ASSERT_EQ(RecordOf(axes).NumData, 6);
@@ -67,8 +67,17 @@ TEST_F(LinkedRows, FaultsAndTheirAxesLightEachOther) {
     EXPECT_EQ(RowsLinkedTo(axes, parent, Rows{1, 2, 4}).size(), 6U);
 }
 
+TEST_F(LinkedRows, AxesOfAnAssumedReverseSenseAreFoundToo) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnTwoPlots, SlipSense::Reverse));
+    const int extension = gActivePlot;
+    const Rows lit = RowsLinkedTo(extension, parent, Rows{1});
+    ASSERT_EQ(lit.size(), 1U);
+    EXPECT_EQ(gDataDip(extension, lit[0]), -75) << "the P axis of the normal fault";
+    EXPECT_EQ(RowsLinkedTo(parent, extension, lit), Rows{1});
+}
+
 TEST_F(LinkedRows, TheMarqueeInOnePlotLightsTheOthers) {
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     const int axes = gActivePlot;
     SelectRows(parent, {4});
     EXPECT_EQ(LitRows(parent), Rows{4});
@@ -83,7 +92,7 @@ TEST_F(LinkedRows, MakingAndRefreshingADerivedPlotKeepsTheSelectionAndLightsItsR
     SelectRows(parent, {1, 4});
     FitMarqueeToRows();
     const std::array<float, 7> frame = gMarquee;
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     const int axes = gActivePlot;
     ASSERT_NE(axes, parent);
     EXPECT_EQ(gSelectionRows, (Rows{1, 4}));
@@ -93,24 +102,24 @@ TEST_F(LinkedRows, MakingAndRefreshingADerivedPlotKeepsTheSelectionAndLightsItsR
     gActivePlot = parent;
     gDataDip.At(parent, 1) = 50;
     gData2Dip.At(parent, 1) = 50;
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     EXPECT_EQ(gSelectionRows, (Rows{1, 4}));
     EXPECT_EQ(LitRows(gActivePlot).size(), 4U);
 }
 
 TEST_F(LinkedRows, ASelectionInADerivedPlotLosesTheRowsThatItsRefreshDrops) {
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     const int axes = gActivePlot;
     SelectRows(axes, {2, 6});
     gData2Dip.At(parent, 4) = kErrorRow; // one fault loses its line
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     ASSERT_EQ(RecordOf(axes).NumData, 4);
     EXPECT_EQ(SelectedRowsOf(axes).size(), 1U);
     EXPECT_EQ(LitPlaces(axes).size(), 1U);
 }
 
 TEST_F(LinkedRows, TheTwoPlotsOfAxesGoByTheirNumbers) {
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnTwoPlots));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnTwoPlots, SlipSense::Normal));
     const int extension = gActivePlot;
     int shortening = 0;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {

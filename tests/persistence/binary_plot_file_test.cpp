@@ -91,7 +91,7 @@ protected:
     /// Gives every kind of field another value than a new plot has.
     static void FillRecord() {
         PlotRecord& record = ActiveRecord();
-        record.AxesTitle = "P & T";
+        record.AxesTitle = "P";
         record.FabricText = "S\xe2\x82\x81";
         record.DescriptionText = std::string(300, 'd') + "\r\n";
         record.PlotSymbolMode = kContours;

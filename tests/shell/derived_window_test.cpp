@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "derive/kinematic_plots.h"
 #include "program/start.h"
 #include "support/main_window_test.h"
 
@@ -33,6 +34,7 @@ protected:
 
 TEST_F(DerivedWindow, AxesComeIntoAWindowOfTheirOwn) {
     const int faults = OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
     Press("mnuKinematicPlots_0");
     EXPECT_EQ(CountOpenPlots(), 2);
     EXPECT_NE(gActivePlot, faults);
@@ -43,6 +45,7 @@ TEST_F(DerivedWindow, AxesComeIntoAWindowOfTheirOwn) {
 
 TEST_F(DerivedWindow, TwoPlotsOfAxesStandSideBySide) {
     OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
     Press("mnuKinematicPlots_1");
     ASSERT_EQ(CountOpenPlots(), 3);
     const QRect first = FormOfSlot(2).geometry();
@@ -53,6 +56,7 @@ TEST_F(DerivedWindow, TwoPlotsOfAxesStandSideBySide) {
 
 TEST_F(DerivedWindow, ChildrenOfAClosedPlotStandOnTheirOwn) {
     const int faults = OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
     Press("mnuKinematicPlots_0");
     const int axes = gActivePlot;
     Room().setActiveSubWindow(&FormOfSlot(faults));

@@ -514,7 +514,7 @@ TEST_F(DataDisplayTest, WhatIsSelectedInALinkedPlotIsPicked) {
         gDataOrder.At(gActivePlot, row) = row;
     }
     frmDataDisplay& window = ShowPlot();
-    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
     ASSERT_NE(gActivePlot, parent);
     Points axesOfSecond;
     for (std::int32_t row = 1; row <= ActiveRecord().NumData; ++row) {
