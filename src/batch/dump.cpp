@@ -12,7 +12,9 @@
 #include "density/grid_geometry.h"
 #include "input/load_report.h"
 #include "input/text_file.h"
+#include "orientation/angles.h"
 #include "program/reference.h"
+#include "statistics/axis_statistics.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 
@@ -179,6 +181,38 @@ Json ValueGridJson(const PlotRecord& record) {
             {"contours", ValueContoursJson()}};
 }
 
+/// Number, axes and girdle of P or of T; angles in degrees.
+Json AxesJson(AxisKind kind) {
+    const AxisStatistics axes = StatisticsOfAxes(kind);
+    Json json = {{"count", axes.record.NumValidData}};
+    if (axes.lines.empty()) {
+        return json;
+    }
+    for (const std::size_t axis : {3U, 2U, 1U}) {
+        const AxisLine line = FabricAxis(axes.record, axis);
+        const bool isKnown = IsAxisDetermined(axes.record, axis);
+        json["E" + std::to_string(axis)] = {
+            {"eigenvalue", axes.record.FabricResults.at(axis)[0]},
+            {"plunge", isKnown ? Json(RadToDeg(line.plunge)) : Json(nullptr)},
+            {"trend", isKnown ? Json(RadToDeg(line.trend)) : Json(nullptr)}};
+    }
+    json["girdle"] = nullptr;
+    if (!IsAxisDetermined(axes.record, 1)) {
+        return json;
+    }
+    const AxisLine beta = FabricAxis(axes.record, 1);
+    double dip = 0;
+    double dipDirection = 0;
+    PoleOfPlane(beta.plunge, beta.trend, dip, dipDirection);
+    json["girdle"] = {{"dip", RadToDeg(dip)}, {"dipDirection", RadToDeg(dipDirection)}};
+    return json;
+}
+
+/// What a plot of P and T axes together has of each.
+Json BothAxesJson() {
+    return {{"P", AxesJson(AxisKind::Shortening)}, {"T", AxesJson(AxisKind::Extension)}};
+}
+
 /// Densities, contours and statistics of a plot, or the tables of a rose, as far as they were
 /// worked out.
 void AddResults(Json& json) {
@@ -198,6 +232,9 @@ void AddResults(Json& json) {
     }
     json["statsNormal"] = form.BoxText(PlotBox::StatsNormal);
     json["statsAdvanced"] = form.BoxText(PlotBox::StatsAdvanced);
+    if (HoldsBothAxes(record)) {
+        json["axes"] = BothAxesJson();
+    }
     if (const std::vector<ReferenceLine> lines = ReferenceOfActivePlot(); !lines.empty()) {
         json["statsReference"] = ReferenceJson(lines);
     }

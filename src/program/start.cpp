@@ -25,6 +25,7 @@
 #include "rose/rose_legend.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
+#include "statistics/axis_statistics.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
 #include "stereo/plot_stages.h"
@@ -75,6 +76,8 @@ void ConnectPlotStages() {
     gPlotStages.drawSmallCircles = DrawSmallCircles;
     gPlotStages.drawAnnotations = DrawAnnotations;
     gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
+    gPlotStages.slipSenseIsTold = [] { return SlipArrowsTellSense(gActivePlot); };
+    gPlotStages.axisLegend = AxisLegendTexts;
     gPlotStages.drawRose = RosePlot;
     gPlotStages.roseLegend = RoseLegendLines;
     gPlotStages.acceptRoseSectors = AcceptSectorSize;

@@ -160,13 +160,15 @@ void Derive(PlotRecord& record, const WeightedDirections& axes) {
 } // namespace
 
 void ComputeFabricStatistics() {
-    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+    StoreFabricStatistics(ActiveRecord(), StatisticsLinesOfActivePlot());
+}
+
+void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines) {
     const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
     const auto tensor = OrientationTensor(axes.directions, axes.weights);
     if (!tensor) {
         return;
     }
-    PlotRecord& record = ActiveRecord();
     StoreMeans(record, lines, axes);
     StoreTensor(record, *tensor);
     StoreAxes(record);
@@ -175,17 +177,22 @@ void ComputeFabricStatistics() {
 }
 
 void ComputeFabricDerived() {
-    const WeightedDirections axes = DirectionsOf(DistinctLinesOfActivePlot(), LineSense::kAxial);
+    const WeightedDirections axes = DirectionsOf(StatisticsLinesOfActivePlot(), LineSense::kAxial);
     if (!axes.directions.empty()) {
         Derive(ActiveRecord(), axes);
     }
 }
 
 double StandardErrorOfActivePlot(Formulas formulas) {
-    const WeightedDirections axes = DirectionsOf(DistinctLinesOfActivePlot(), LineSense::kAxial);
+    return StandardErrorOf(ActiveRecord(), StatisticsLinesOfActivePlot(), formulas);
+}
+
+double StandardErrorOf(const PlotRecord& record, const std::vector<DistinctLine>& lines,
+                       Formulas formulas) {
+    const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
     return axes.directions.empty()
                ? kFailedResult
-               : JudgedStandardError(SampleInRecord(ActiveRecord(), axes), axes, formulas);
+               : JudgedStandardError(SampleInRecord(record, axes), axes, formulas);
 }
 
 bool IsAxisDetermined(const PlotRecord& record, std::size_t axis) {

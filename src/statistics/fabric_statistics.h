@@ -22,8 +22,10 @@
 
 #include "core/formulas.h"
 #include "core/plot_record.h"
+#include "stereo/distinct_lines.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace quandrel {
 
@@ -44,8 +46,11 @@ enum EigenPlace : std::size_t {
 /// Works out the fabric statistics of gActivePlot, by the formulas in force. Without a valid row
 /// the old ones stay.
 ///
-/// The rows summed decide n: in a plot of P & T axes NumValidData counts faults.
+/// In a plot of P and T axes they are those of P.
 void ComputeFabricStatistics();
+
+/// The same of some lines into any record, by its DataKind. Without a line the old ones stay.
+void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines);
 
 /// The part of ComputeFabricStatistics that follows from eigenvalues and axes in the record.
 void ComputeFabricDerived();
@@ -64,6 +69,10 @@ struct AxisLine {
 /// The spherical standard error of gActivePlot by the given formulas: what FabricValueC holds when
 /// they are in force. kFailedResult without rows.
 [[nodiscard]] double StandardErrorOfActivePlot(Formulas formulas);
+
+/// The same of lines whose statistics a record holds.
+[[nodiscard]] double StandardErrorOf(const PlotRecord& record,
+                                     const std::vector<DistinctLine>& lines, Formulas formulas);
 
 /// True when the record has a mean direction.
 [[nodiscard]] bool HasMeanDirection(const PlotRecord& record);

@@ -201,7 +201,7 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
 }
 
 std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {
-    return ComputeReferenceStatistics(DistinctLinesOfActivePlot(),
+    return ComputeReferenceStatistics(StatisticsLinesOfActivePlot(),
                                       ActiveRecord().DataKind == kPolarLines ? RowSense::kPolarLines
                                                                              : RowSense::kAxes);
 }

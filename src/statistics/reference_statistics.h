@@ -70,7 +70,7 @@ enum class RowSense { kAxes, kPolarLines };
 [[nodiscard]] std::optional<ReferenceStatistics>
 ComputeReferenceStatistics(std::span<const DistinctLine> lines, RowSense sense);
 
-/// The reference of the main rows of gActivePlot.
+/// The reference of the main rows of gActivePlot, of P and T axes together that of P.
 [[nodiscard]] std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot();
 
 /// coth(kappa) - 1/kappa solved for kappa.

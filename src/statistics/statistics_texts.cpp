@@ -8,6 +8,7 @@
 #include "core/result_lines.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "statistics/axis_statistics.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/orientation_notation.h"
@@ -191,12 +192,12 @@ PrecisionTexts PrecisionBy(Formulas formulas, double error) {
             sine >= 1 ? kUndetermined : texts.cone};
 }
 
-std::string StandardErrorLines(const PlotRecord& record) {
+std::string StandardErrorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
     const PrecisionTexts own = PrecisionBy(gFormulas, record.FabricValueC);
     const PrecisionTexts textbook =
         gFormulas == Formulas::Textbook
             ? own
-            : PrecisionBy(Formulas::Textbook, StandardErrorOfActivePlot(Formulas::Textbook));
+            : PrecisionBy(Formulas::Textbook, StandardErrorOf(record, rows, Formulas::Textbook));
     if (own.error == kNotSymmetricText) {
         return ResultLine({}, {own.error, textbook.error}) + kLineEnd;
     }
@@ -209,10 +210,10 @@ std::string StandardErrorLines(const PlotRecord& record) {
            + ResultLine("95% conf. cone semi-angle: ", {own.cone, textbook.cone}) + kLineEnd;
 }
 
-std::string PrincipalLines(const PlotRecord& record) {
+std::string PrincipalLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
     return Line("Principal Eigenvector: " + DegreesOfAxis(record, 3))
            + Line("(i.e. normal to plane dipping: " + DegreesOfPlane(record, 3) + ")")
-           + StandardErrorLines(record);
+           + StandardErrorLines(record, rows);
 }
 
 std::string ResultantLines(const PlotRecord& record) {
@@ -241,11 +242,8 @@ std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
 }
 
 /// A row for each axis: its components, n E, and E in brackets.
-std::string EigenvectorLines(const PlotRecord& record) {
-    double count = 0;
-    for (const DistinctLine& line : DistinctLinesOfActivePlot()) {
-        count += line.rows;
-    }
+std::string EigenvectorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+    const double count = CountOfLines(rows);
     std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
     for (std::size_t axis = 1; axis <= 3; ++axis) {
         const auto eigenvalue = static_cast<double>(record.FabricResults[axis][0]);
@@ -275,6 +273,40 @@ std::string ShapeLines(const PlotRecord& record) {
            + Line("Eigenvalue log ratios:") + Line("(E2/E1\t|    E3/E2)")
            + ResultLine({}, {first.value + kBetween + second.value,
                              first.textbook + kBetween + second.textbook});
+}
+
+std::string FabricLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+    return PrincipalLines(record, rows) + ResultantLines(record) + EigenvectorLines(record, rows)
+           + ShapeLines(record);
+}
+
+std::string AssumptionLine(const PlotRecord& record) {
+    const std::string text = AssumedSenseText(record);
+    return text.empty() ? text : Line(text);
+}
+
+/// The normal text of P and of T, one below the other.
+std::string MeanLinesOfBothAxes() {
+    std::string lines;
+    for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
+        const AxisStatistics axes = StatisticsOfAxes(kind);
+        lines += (lines.empty() ? "" : kLineEnd) + Line(NameOfAxes(kind)) + NumberLine(axes.record);
+        lines += axes.lines.empty() ? std::string() : MeanLines(axes.record);
+    }
+    return lines;
+}
+
+/// The advanced text of P and of T, one below the other.
+std::string FabricLinesOfBothAxes() {
+    std::string lines;
+    for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
+        const AxisStatistics axes = StatisticsOfAxes(kind);
+        if (!axes.lines.empty()) {
+            lines += (lines.empty() ? "" : kLineEnd) + Line(NameOfAxes(kind))
+                     + FabricLines(axes.record, axes.lines);
+        }
+    }
+    return lines;
 }
 
 } // namespace
@@ -313,9 +345,10 @@ std::string StatsBoxText() {
     if (!HasStereoStatistics(record)) {
         return NumberLine(record);
     }
-    return NumberLine(record) + MeanLines(record) + GirdleLines(record)
-           + Line("(" + OrderInForce() + ")") + kLineEnd + AppendedLines(record)
-           + GridLines(record);
+    const std::string means =
+        HoldsBothAxes(record) ? MeanLinesOfBothAxes() : NumberLine(record) + MeanLines(record);
+    return AssumptionLine(record) + means + GirdleLines(record) + Line("(" + OrderInForce() + ")")
+           + kLineEnd + AppendedLines(record) + GridLines(record);
 }
 
 std::string FabricBoxText() {
@@ -323,8 +356,9 @@ std::string FabricBoxText() {
     if (!HasStereoStatistics(record)) {
         return record.PlotKind < kRose ? NumberLine(record) : std::string();
     }
-    return PrincipalLines(record) + ResultantLines(record) + EigenvectorLines(record)
-           + ShapeLines(record);
+    return AssumptionLine(record)
+           + (HoldsBothAxes(record) ? FabricLinesOfBothAxes()
+                                    : FabricLines(record, DistinctLinesOfActivePlot()));
 }
 
 void WriteStatsBox() {

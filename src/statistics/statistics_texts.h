@@ -30,7 +30,7 @@ struct AppendedStatistics {
 [[nodiscard]] std::optional<AppendedStatistics> AppendedStatisticsOfActivePlot();
 
 /// The normal text of gActivePlot: means, girdles, appended numbers, gridded values. Only the
-/// number of data without rows, and for a rose.
+/// number of data without rows, and for a rose. Of P and T axes together those of P, then of T.
 [[nodiscard]] std::string StatsBoxText();
 
 /// The advanced text: principal axis, means, eigenvectors, shape. Only the number of data without

@@ -20,23 +20,23 @@ struct KnownLines {
 
 KnownLines known;
 
-/// Degrees lifted above 0, so that cutting their half more rounds them without looking at a sign.
-constexpr double kLift = 90;
+/// The lines of a plot of P and T axes that its statistics are about.
+struct KnownAxes {
+    int slot = 0;
+    KnownLines lines;
+};
 
-} // namespace
+KnownAxes knownAxes;
 
-int LineKey(double plunge, double trend) {
-    constexpr double kDegrees = 180 / kPi;
-    const auto lifted = static_cast<int>(plunge * kDegrees + (kLift + 0.5));
-    return LineKeyOfDegrees(lifted - static_cast<int>(kLift),
-                            static_cast<int>(trend * kDegrees + 0.5));
-}
-
-std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t lastIndex) {
+/// Counts the rows of a table up to a point index that are wanted, by the numbers of their lines.
+template <class Wanted>
+std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastIndex,
+                                     const Wanted& isWanted) {
     const auto rows = std::make_unique<std::array<std::int32_t, kLineKeys>>();
     rows->fill(0);
     for (std::size_t place = 0; place < table.size(); ++place) {
-        if (table.index[place] <= lastIndex && !IsErrorRow(table.plunge[place])) {
+        if (table.index[place] <= lastIndex && !IsErrorRow(table.plunge[place])
+            && isWanted(table.index[place])) {
             const int key = LineKey(table.plunge[place], table.trend[place]);
             ++(*rows)[static_cast<std::size_t>(key)];
         }
@@ -51,6 +51,22 @@ std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t la
     return lines;
 }
 
+/// Degrees lifted above 0, so that cutting their half more rounds them without looking at a sign.
+constexpr double kLift = 90;
+
+} // namespace
+
+int LineKey(double plunge, double trend) {
+    constexpr double kDegrees = 180 / kPi;
+    const auto lifted = static_cast<int>(plunge * kDegrees + (kLift + 0.5));
+    return LineKeyOfDegrees(lifted - static_cast<int>(kLift),
+                            static_cast<int>(trend * kDegrees + 0.5));
+}
+
+std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t lastIndex) {
+    return CountLines(table, lastIndex, [](std::int32_t) { return true; });
+}
+
 const std::vector<DistinctLine>& DistinctLinesOfActivePlot() {
     const RowTable& table = TableOf(gActivePlot);
     const std::int32_t lastIndex = ActiveRecord().NumData;
@@ -58,6 +74,34 @@ const std::vector<DistinctLine>& DistinctLinesOfActivePlot() {
         known = {table.version, lastIndex, DistinctLinesOf(table, lastIndex)};
     }
     return known.lines;
+}
+
+const std::vector<DistinctLine>& StatisticsLinesOfActivePlot() {
+    if (!HoldsBothAxes(ActiveRecord())) {
+        return DistinctLinesOfActivePlot();
+    }
+    const RowTable& table = TableOf(gActivePlot);
+    const std::int32_t lastIndex = ActiveRecord().NumData;
+    KnownLines& axes = knownAxes.lines;
+    if (knownAxes.slot != gActivePlot || axes.version != table.version
+        || axes.lastIndex != lastIndex) {
+        knownAxes.slot = gActivePlot;
+        axes = {table.version, lastIndex, DistinctLinesOfAxes(gActivePlot, AxisKind::Shortening)};
+    }
+    return axes.lines;
+}
+
+std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind) {
+    return CountLines(TableOf(slot), RecordOf(slot).NumData,
+                      [slot, kind](std::int32_t row) { return AxisOfRow(slot, row) == kind; });
+}
+
+std::int32_t CountOfLines(const std::vector<DistinctLine>& lines) {
+    std::int32_t count = 0;
+    for (const DistinctLine& line : lines) {
+        count += line.rows;
+    }
+    return count;
 }
 
 } // namespace quandrel

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/row_table.h"
+#include "stereo/axis_rows.h"
 
 #include <cstdint>
 #include <vector>
@@ -40,5 +41,15 @@ inline constexpr int kLineKeys = 181 * 361;
 /// Those of the main rows of gActivePlot, worked out once until a row changes. Good until the next
 /// call.
 [[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOfActivePlot();
+
+/// The lines that the statistics of gActivePlot are about: its main rows, in a plot of P and T axes
+/// those of P. Good until the next call.
+[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOfActivePlot();
+
+/// The axes of one kind in a plot of P and T axes. O(rows).
+[[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind);
+
+/// The number of rows of some lines.
+[[nodiscard]] std::int32_t CountOfLines(const std::vector<DistinctLine>& lines);
 
 } // namespace quandrel

@@ -7,6 +7,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
+#include "stereo/axis_rows.h"
 #include "stereo/draw_target.h"
 #include "stereo/plot_stages.h"
 #include "stereo/row_drawing.h"
@@ -101,16 +102,40 @@ void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     lines.push_back({LegendSample::Indent, 0, std::to_string(record.NumValidData) + " planes"});
 }
 
+/// What there is to tell of the axes of one kind among both.
+void AddAxisNumbers(std::vector<LegendLine>& lines, AxisKind kind) {
+    if (gPlotStages.axisLegend) {
+        for (std::string& text : gPlotStages.axisLegend(kind)) {
+            lines.push_back({LegendSample::Indent, 0, std::move(text)});
+        }
+    }
+}
+
 void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     const SymbolCode down = CodeOfStyleRow(kDerivedSymbol);
     const SymbolCode up = CodeOfStyleRow(kDerivedUpSymbol);
-    if (record.AxesTitle == "P") {
+    if (record.AxesTitle == kShorteningAxes) {
         lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
-    } else if (record.AxesTitle == "T") {
+    } else if (record.AxesTitle == kExtensionAxes) {
         lines.push_back({LegendSample::Symbol, up, "T Extensional axes"});
     } else {
         lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
+        AddAxisNumbers(lines, AxisKind::Shortening);
         lines.push_back({LegendSample::Symbol, up, "T Extension axes"});
+        AddAxisNumbers(lines, AxisKind::Extension);
+    }
+    if (AssumedSense(record)) {
+        lines.push_back({LegendSample::Indent, 0, "sense assumed"});
+    }
+}
+
+/// Slip lines without a sense need a word, for they look like other marks.
+void AddSlipLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    if (record.NumSymbolsInPlot > 0 && gPlotStages.slipSenseIsTold
+        && !gPlotStages.slipSenseIsTold()) {
+        const SymbolCode row = CodeOfRows(1, record.NumLoadedData, false);
+        lines.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
+                         "Slip lines, sense not told"});
     }
 }
 
@@ -282,6 +307,7 @@ std::vector<LegendLine> LegendLines() {
     }
     AddStage(lines, gPlotStages.bandLegend);
     AddOverlays(lines, record);
+    AddSlipLines(lines, record);
     return lines;
 }
 

@@ -462,7 +462,9 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     const std::string open =
         "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
         "open \"FOLDER/faults.txt\"; ";
-    ASSERT_EQ(Run(open + "kinematic 0; get NumData; get AxesTitle"), "");
+    EXPECT_NE(Run(open + "kinematic 0"), "") << "no row says how it moved";
+    EXPECT_NE(Run(open + "kinematic 0 sense=left"), "");
+    ASSERT_EQ(Run(open + "kinematic 0 sense=normal; get NumData; get AxesTitle"), "");
     EXPECT_EQ(out.str(), "4\nP & T\n");
     ASSERT_EQ(Run(open
                   + "overlaysecondary on; get SelectedOverlay; symbols 10; "
@@ -506,6 +508,34 @@ TEST_F(Batch, ParallelPlanesAreNoRowsWhateverBecomesOfTheirPlot) {
     }
 }
 
+TEST_F(Batch, PlotsOfBothAxesKeepThemApart) {
+    Write("faults.txt", "60\t90\t60\t90\n60\t90\t-60\t90\n");
+    const std::string open =
+        "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
+        "open \"FOLDER/faults.txt\"; kinematic 0; ";
+    // P 75/270 and 15/090, T 15/090 and 75/270: each pair lies in the plane 90/000.
+    const auto dump = Dump(open);
+    ASSERT_TRUE(dump.contains("axes"));
+    for (const char* axis : {"P", "T"}) {
+        const auto& of = dump["axes"][axis];
+        EXPECT_EQ(of["count"], 2) << axis;
+        EXPECT_NEAR(of["E1"]["eigenvalue"].get<double>(), 0, 1e-6);
+        EXPECT_NEAR(of["girdle"]["dip"].get<double>(), 90, 1e-4);
+        EXPECT_NEAR(std::fmod(of["girdle"]["dipDirection"].get<double>(), 180), 0, 1e-4);
+    }
+    EXPECT_TRUE(dump["statsReference"].contains("P n"));
+    EXPECT_TRUE(dump["statsReference"].contains("T n"));
+    for (const char* refused :
+         {"symbols 3", "symbols 4", "symbols 5", "symbols 6", "set PlotSymbolMode 6"}) {
+        const std::string error = Run(open + refused);
+        EXPECT_NE(error.find("kinematic 1, kinematic 2"), std::string::npos) << refused << error;
+    }
+    EXPECT_EQ(Run(open + "symbols 0"), "");
+    ASSERT_EQ(Run(open + "stats"), "");
+    EXPECT_NE(out.str().find("T extension axes\r\nNo. of Data = 2"), std::string::npos)
+        << out.str();
+}
+
 TEST_F(Batch, FaultsWithAxesKeepTheirMovementWhenTheyTurnOver) {
     Write("faults.txt", "30\t90\t30\t90\n");
     const std::string open =
@@ -516,7 +546,8 @@ TEST_F(Batch, FaultsWithAxesKeepTheirMovementWhenTheyTurnOver) {
     EXPECT_EQ(std::abs(plain["rows"]["gDataDip"][0].get<int>()),
               std::abs(plain["rows"]["gData2Dip"][0].get<int>()));
     EXPECT_GE(plain["rows"]["gData2Dip"][0], 0) << "a line without sense";
-    const auto slip = Dump(open + "kinematic 0; activate 1; rotate op=3 axis=0,0 angle=100");
+    const auto slip =
+        Dump(open + "kinematic 0 sense=normal; activate 1; rotate op=3 axis=0,0 angle=100");
     EXPECT_EQ(slip["rows"]["gData2Dip"][0].get<int>(), -plain["rows"]["gData2Dip"][0].get<int>());
 }
 

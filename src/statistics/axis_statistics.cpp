@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/axis_statistics.h"
+
+#include "core/formulas.h"
+#include "core/plot_store.h"
+#include "statistics/orientation_notation.h"
+
+namespace quandrel {
+
+AxisStatistics StatisticsOfAxes(AxisKind kind) {
+    AxisStatistics axes;
+    axes.lines = DistinctLinesOfAxes(gActivePlot, kind);
+    axes.record.DataKind = ActiveRecord().DataKind;
+    axes.record.NumValidData = CountOfLines(axes.lines);
+    StoreFabricStatistics(axes.record, axes.lines);
+    return axes;
+}
+
+std::string NameOfAxes(AxisKind kind) {
+    return kind == AxisKind::Shortening ? "P shortening axes" : "T extension axes";
+}
+
+std::vector<std::string> AxisLegendTexts(AxisKind kind) {
+    const AxisStatistics axes = StatisticsOfAxes(kind);
+    std::vector<std::string> texts = {"n = " + std::to_string(axes.record.NumValidData)};
+    if (axes.lines.empty()) {
+        return texts;
+    }
+    const auto text = [&axes](std::size_t axis, std::string (*write)(double, double)) {
+        const AxisLine line = FabricAxis(axes.record, axis);
+        return IsAxisDetermined(axes.record, axis) ? write(line.plunge, line.trend)
+                                                   : std::string(kUndetermined);
+    };
+    texts.push_back("principal axis " + text(3, TextOfLine));
+    texts.push_back("girdle " + text(1, TextOfPlaneOfPole));
+    return texts;
+}
+
+std::string AssumedSenseText(const PlotRecord& record) {
+    const std::optional<SlipSense> assumed = AssumedSense(record);
+    if (!assumed) {
+        return {};
+    }
+    return std::string("(sense assumed: the hanging walls moved ")
+           + (*assumed == SlipSense::Normal ? "down)" : "up)");
+}
+
+} // namespace quandrel
