@@ -9,6 +9,7 @@
 #include "derive/derived_plots.h"
 #include "edit/annotations.h"
 #include "edit/readout.h"
+#include "edit/selected_intersections.h"
 #include "edit/undo.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
@@ -164,7 +165,7 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
         return false;
     }
     PlotRecord& record = ActiveRecord();
-    if (!AcceptLossOfLinks(record)) {
+    if (RefusesBetaPlot() || !AcceptLossOfLinks(record)) {
         return false;
     }
     std::optional<KeptRows> before = RowsBeforeEdit();

@@ -7,6 +7,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/annotation_text.h"
+#include "edit/selected_intersections.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -93,12 +94,18 @@ public:
         NameFields();
     }
 
-    [[nodiscard]] std::string Text() const {
+    /// Lines in place of the rows, of a plot that draws intersections.
+    [[nodiscard]] std::string TextWith(std::span<const Direction> lines) const {
         std::string text = ClipboardHead() + BuildParameterText(items_, isFull_);
+        AddLines(text, lines);
+        return text;
+    }
+
+    [[nodiscard]] std::string Text() const {
         if (record_.PlotSymbolMode == kBetaIntersections) {
-            AddIntersections(text);
-            return text;
+            return TextWith(IntersectionsBetween(slot_, rows_));
         }
+        std::string text = ClipboardHead() + BuildParameterText(items_, isFull_);
         for (const std::int32_t row : rows_) {
             if (row >= 1 && row <= record_.NumLoadedData
                 && OrientationShown(slot_, row).dip != kErrorRow) {
@@ -186,36 +193,16 @@ private:
         return line;
     }
 
-    /// Downward normals of the planes of the valid main rows.
-    [[nodiscard]] std::vector<Direction> Normals() const {
-        std::vector<Direction> normals;
-        for (const std::int32_t row : rows_) {
-            const ShownOrientation shown = OrientationShown(slot_, row);
-            if (row > record_.NumData || shown.dip == kErrorRow) {
-                continue;
-            }
-            const ShownOrientation pole =
-                IsPlottedAsPole(record_, 0) ? PoleInDegrees(shown) : shown;
-            normals.push_back(LineToCosines(DegToRad(pole.dip), DegToRad(pole.azimuth)));
-        }
-        return normals;
-    }
-
-    void AddIntersections(std::string& text) const {
-        const std::vector<Direction> normals = Normals();
-        for (std::size_t i = 0; i < normals.size(); ++i) {
-            for (std::size_t j = i + 1; j < normals.size(); ++j) {
-                if (const auto line = IntersectionDirection(normals[i], normals[j])) {
-                    double plunge = 0;
-                    double trend = 0;
-                    CosinesToLine(*line, plunge, trend);
-                    const auto azimuth = static_cast<std::int32_t>(RoundToEven(RadToDeg(trend)));
-                    text += PairText({static_cast<std::int32_t>(RoundToEven(RadToDeg(plunge))),
-                                      azimuth % 360},
-                                     true)
-                            + kLineEnd;
-                }
-            }
+    static void AddLines(std::string& text, std::span<const Direction> lines) {
+        for (const Direction& line : lines) {
+            double plunge = 0;
+            double trend = 0;
+            CosinesToLine(line, plunge, trend);
+            const auto azimuth = static_cast<std::int32_t>(RoundToEven(RadToDeg(trend)));
+            text +=
+                PairText({static_cast<std::int32_t>(RoundToEven(RadToDeg(plunge))), azimuth % 360},
+                         true)
+                + kLineEnd;
         }
     }
 
@@ -261,12 +248,8 @@ bool HasFurtherFields(int slot) {
            || record.HasAppendedNumeric != 0 || record.HasAppendedText != 0;
 }
 
-std::int64_t PairsOfRows(int slot, std::span<const std::int32_t> rows) {
-    const std::int32_t last = RecordOf(slot).NumData;
-    const std::int64_t valid = std::count_if(rows.begin(), rows.end(), [&](std::int32_t row) {
-        return row <= last && OrientationShown(slot, row).dip != kErrorRow;
-    });
-    return valid * (valid - 1) / 2;
+std::string TextOfIntersections(int slot, std::span<const Direction> lines) {
+    return RowWriter(slot, {}, CopiedFields::Points).TextWith(lines);
 }
 
 std::string TextOfRows(int slot, std::span<const std::int32_t> rows, CopiedFields fields) {

@@ -9,6 +9,8 @@
 
 #pragma once
 
+#include "orientation/angles.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -45,11 +47,8 @@ enum class CopiedFields {
 /// True when the rows of a plot have more than their orientation.
 [[nodiscard]] bool HasFurtherFields(int slot);
 
-/// The most intersections that are written.
-inline constexpr std::int64_t kMostCopiedIntersections = 2'000'000;
-
-/// Pairs among the valid main rows of a list.
-[[nodiscard]] std::int64_t PairsOfRows(int slot, std::span<const std::int32_t> rows);
+/// The text of selected intersections of a plot that shows these: lines without further fields.
+[[nodiscard]] std::string TextOfIntersections(int slot, std::span<const Direction> lines);
 
 /// The text of rows of a plot. Error rows are left out. O(rows).
 ///

@@ -7,6 +7,7 @@
 #include "edit/annotations.h"
 #include "edit/kept_rows.h"
 #include "edit/marquee.h"
+#include "edit/selected_intersections.h"
 #include "edit/undo.h"
 #include "input/plot_files.h"
 #include "orientation/angles.h"
@@ -25,15 +26,6 @@ namespace {
 
 bool CanEdit() {
     return !gBusy && IsOpenSlot(gActivePlot);
-}
-
-/// True when rows cannot be changed as those that are seen are intersections; tells so.
-[[nodiscard]] bool RefusesBetaPlot() {
-    if (ActiveRecord().PlotSymbolMode != kBetaIntersections) {
-        return false;
-    }
-    Tell("Can't perform this action on a beta intersection plot");
-    return true;
 }
 
 void RemoveSelection(EditKind kind) {
@@ -93,6 +85,21 @@ int SlotToCopy(CopiedFields fields) {
     return IsOpenSlot(gMarqueeSlot) ? gMarqueeSlot : gActivePlot;
 }
 
+/// Copies the selected intersections of a plot. False without any.
+[[nodiscard]] bool CopyIntersections(int slot) {
+    const SelectedIntersections& selected = IntersectionsSelectedIn(slot);
+    if (selected.tooMany) {
+        Tell("There are " + std::to_string(selected.pairs)
+             + " intersections between these planes: too many to be copied.");
+        return false;
+    }
+    if (selected.lines.empty()) {
+        return false;
+    }
+    gPlatform.clipboard->SetText(TextOfIntersections(slot, selected.lines));
+    return true;
+}
+
 /// The top overlay can be taken off, as it does not hold the secondary data.
 bool HasOverlayToRemove(const PlotRecord& record) {
     return record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
@@ -142,13 +149,11 @@ bool CopyRows(CopiedFields fields) {
     }
     const int slot = SlotToCopy(fields);
     const std::span<const std::int32_t> rows = SelectedRowsOf(slot);
-    if (rows.empty()) {
-        return false;
+    // Rows of overlays are drawn over intersections as they are elsewhere.
+    if (ShowsIntersections(slot) && (rows.empty() || rows.front() <= RecordOf(slot).NumData)) {
+        return CopyIntersections(slot);
     }
-    if (RecordOf(slot).PlotSymbolMode == kBetaIntersections
-        && PairsOfRows(slot, rows) > kMostCopiedIntersections) {
-        Tell("There are " + std::to_string(PairsOfRows(slot, rows))
-             + " intersections between these planes: too many to be copied.");
+    if (rows.empty()) {
         return false;
     }
     gPlatform.clipboard->SetText(TextOfRows(slot, rows, fields));

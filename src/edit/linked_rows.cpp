@@ -5,14 +5,16 @@
 #include "core/plot_store.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_rows.h"
-#include "derive/kinematic_axes.h"
+#include "derive/kinematic_plots.h"
 #include "edit/marquee.h"
+#include "edit/selected_intersections.h"
 #include "orientation/angles.h"
+#include "stereo/row_positions.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <array>
+#include <optional>
 #include <set>
-#include <string>
 #include <utility>
 
 namespace quandrel {
@@ -34,26 +36,17 @@ Numbers NumbersOfRow(std::int32_t slot, std::int32_t row) {
 }
 
 /// The axes of a fault that a plot holds, by the title of its axes; none for a fault without.
-std::vector<Numbers> AxesOfFault(const Fault& fault, const std::string& title) {
-    double polePlunge = 0;
-    double poleTrend = 0;
-    OppositeOfPlane(DegToRad(std::abs(fault.plane.dip)), DegToRad(fault.plane.azimuth), polePlunge,
-                    poleTrend);
-    double pPlunge = kErrorRow;
-    double pTrend = 0;
-    double tPlunge = 0;
-    double tTrend = 0;
-    ComputePTAxes(polePlunge, poleTrend, DegToRad(fault.line.dip), DegToRad(fault.line.azimuth),
-                  kKinematicTolerance, pPlunge, pTrend, tPlunge, tTrend);
-    if (pPlunge == kErrorRow) {
+std::vector<Numbers> AxesOfFault(const Fault& fault, const PlotRecord& derived) {
+    const std::optional<AxisLines> lines = LinesOfAxes(fault, AssumedSense(derived));
+    if (!lines) {
         return {};
     }
     std::vector<Numbers> axes;
-    if (title != kExtensionAxes) {
-        axes.push_back(NumbersOf(pPlunge, pTrend));
+    if (derived.AxesTitle != kExtensionAxes) {
+        axes.push_back(NumbersOf(lines->pPlunge, lines->pTrend));
     }
-    if (title != kShorteningAxes) {
-        axes.push_back(NumbersOf(tPlunge, tTrend));
+    if (derived.AxesTitle != kShorteningAxes) {
+        axes.push_back(NumbersOf(lines->tPlunge, lines->tTrend));
     }
     return axes;
 }
@@ -73,8 +66,8 @@ std::vector<Numbers> LinesOfRow(std::int32_t derived, std::int32_t parent, std::
     if (!IsReadable(fault.plane) || !IsReadable(fault.line)) {
         return {};
     }
-    const std::string& title = RecordOf(derived).AxesTitle;
-    return title.empty() ? LineOfPlanes(fault) : AxesOfFault(fault, title);
+    const PlotRecord& record = RecordOf(derived);
+    return record.AxesTitle.empty() ? LineOfPlanes(fault) : AxesOfFault(fault, record);
 }
 
 bool IsDerivedFrom(std::int32_t slot, std::int32_t parent) {
@@ -138,17 +131,6 @@ std::vector<std::int32_t> MainRowsOf(std::int32_t slot, std::span<const std::int
     return found;
 }
 
-/// What a list of places was made from.
-struct LitKey {
-    std::int32_t slot = 0;
-    std::int32_t source = 0;
-    std::uint64_t version = 0;
-    std::uint64_t sourceVersion = 0;
-    std::vector<std::int32_t> rows;
-
-    bool operator==(const LitKey&) const = default;
-};
-
 } // namespace
 
 std::vector<std::int32_t> RowsLinkedTo(std::int32_t slot, std::int32_t source,
@@ -171,19 +153,76 @@ std::vector<std::int32_t> LitRows(std::int32_t slot) {
                        : std::vector<std::int32_t>(own.begin(), own.end());
 }
 
-const std::vector<Point>& LitPlaces(std::int32_t slot) {
+namespace {
+
+/// What marks were made from.
+struct LitKey {
+    std::int32_t slot = 0;
+    std::int32_t source = 0;
+    std::uint64_t version = 0;
+    std::uint64_t sourceVersion = 0;
+    std::int16_t mode = 0;
+    std::array<std::int16_t, kMaxOverlays + 1> kinds{};
+    std::vector<std::int32_t> rows;
+
+    bool operator==(const LitKey&) const = default;
+};
+
+/// Where lit rows are seen.
+struct LitMarks {
+    std::vector<Point> points;
+    std::vector<Point> arcs; ///< poles of great circles
+};
+
+/// True for a row that is drawn as a great circle.
+bool IsDrawnAsArc(const PlotRecord& record, std::int32_t row) {
+    const auto overlay = static_cast<std::size_t>(OverlayOfRow(record, row));
+    return overlay == 0 ? record.PlotSymbolMode == kGreatCircles
+                        : record.OverlayKind[overlay] == kOverlayGreatCircles;
+}
+
+LitMarks MarksOfRows(std::int32_t slot) {
+    const PlotRecord& record = RecordOf(slot);
+    std::vector<std::int32_t> points = LitRows(slot);
+    const auto firstArc =
+        std::stable_partition(points.begin(), points.end(),
+                              [&record](std::int32_t row) { return !IsDrawnAsArc(record, row); });
+    const std::vector<std::int32_t> arcs(firstArc, points.end());
+    points.erase(firstArc, points.end());
+    return {PlacesOfRows(slot, points), PlacesOfRows(slot, arcs)};
+}
+
+/// The marks of a plot, kept until what they were made from changes.
+const LitMarks& MarksOf(std::int32_t slot) {
     static LitKey known;
-    static std::vector<Point> places;
+    static LitMarks marks;
     LitKey key;
     if (IsOpenSlot(slot) && IsOpenSlot(gMarqueeSlot)) {
-        key = {slot, gMarqueeSlot, TableOf(slot).version, TableOf(gMarqueeSlot).version,
+        const PlotRecord& record = RecordOf(slot);
+        key = {slot,
+               gMarqueeSlot,
+               TableOf(slot).version,
+               TableOf(gMarqueeSlot).version,
+               record.PlotSymbolMode,
+               record.OverlayKind,
                gSelectionRows};
     }
     if (!(key == known)) {
-        places = PlacesOfRows(slot, key.slot != 0 ? LitRows(slot) : std::vector<std::int32_t>());
+        marks = key.slot != 0 ? MarksOfRows(slot) : LitMarks();
         known = std::move(key);
     }
-    return places;
+    return marks;
+}
+
+} // namespace
+
+const std::vector<Point>& LitPlaces(std::int32_t slot) {
+    return ShowsIntersections(slot) && slot == gMarqueeSlot ? IntersectionsSelectedIn(slot).places
+                                                            : MarksOf(slot).points;
+}
+
+const std::vector<Point>& LitArcs(std::int32_t slot) {
+    return MarksOf(slot).arcs;
 }
 
 } // namespace quandrel

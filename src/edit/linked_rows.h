@@ -26,8 +26,12 @@ namespace quandrel {
 /// The rows of a plot that are lit: those selected in it, or linked to rows selected elsewhere.
 [[nodiscard]] std::vector<std::int32_t> LitRows(std::int32_t slot);
 
-/// Where the lit rows of a plot are plotted, each place once. Kept from call to call while rows and
-/// selection stay.
+/// Where the lit rows of a plot that are drawn as points are plotted, each place once; of a plot of
+/// beta intersections, where the selected ones are. Kept from call to call while rows and selection
+/// stay.
 [[nodiscard]] const std::vector<Point>& LitPlaces(std::int32_t slot);
+
+/// The poles of the lit rows of a plot that are drawn as great circles. Kept likewise.
+[[nodiscard]] const std::vector<Point>& LitArcs(std::int32_t slot);
 
 } // namespace quandrel

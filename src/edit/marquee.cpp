@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "edit/selected_intersections.h"
 #include "orientation/projection.h"
 #include "stereo/row_positions.h"
 
@@ -256,8 +257,11 @@ std::vector<std::int32_t> RowsInMarquee() {
         return {};
     }
     const int slot = gMarqueeSlot;
-    return RowsInside(TableOf(slot), IsInMarquee,
-                      [slot](std::int32_t row) { return CodeSymbol(gDataSymbol(slot, row)) != 0; });
+    // Main rows whose intersections are drawn in their place are not seen.
+    const std::int32_t firstSeen = ShowsIntersections(slot) ? RecordOf(slot).NumData + 1 : 1;
+    return RowsInside(TableOf(slot), IsInMarquee, [slot, firstSeen](std::int32_t row) {
+        return row >= firstSeen && CodeSymbol(gDataSymbol(slot, row)) != 0;
+    });
 }
 
 void SelectRowsInMarquee() {
@@ -303,6 +307,11 @@ std::vector<std::size_t> MarksInMarquee() {
 
 std::string SelectionText() {
     const std::size_t rows = gSelectionRows.size();
+    const std::size_t lines = IntersectionsSelectedIn(gMarqueeSlot).lines.size();
+    if (lines > 0) {
+        return std::to_string(lines)
+               + (lines == 1 ? " intersection selected" : " intersections selected");
+    }
     return rows == 0 ? std::string()
                      : std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
 }

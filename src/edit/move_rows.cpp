@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "edit/marquee.h"
+#include "edit/selected_intersections.h"
 #include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
@@ -158,7 +159,7 @@ ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane, int pl
 }
 
 std::int32_t MoveSelection(double dx, double dy) {
-    if (!CanMove()) {
+    if (!CanMove() || RefusesBetaPlot()) {
         return 0;
     }
     const PlotRecord& record = ActiveRecord();
@@ -183,7 +184,7 @@ std::int32_t MoveSelection(double dx, double dy) {
 }
 
 std::int32_t NudgeSelection(int plungeStep, int trendStep) {
-    if (!CanMove()) {
+    if (!CanMove() || RefusesBetaPlot()) {
         return 0;
     }
     const PlotRecord& record = ActiveRecord();

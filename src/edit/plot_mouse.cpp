@@ -11,8 +11,10 @@
 #include "edit/move_rows.h"
 #include "edit/net_line.h"
 #include "edit/readout.h"
+#include "edit/selected_intersections.h"
 #include "edit/small_circle_pick.h"
 #include "orientation/projection.h"
+#include "stereo/great_circles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -94,6 +96,41 @@ void DrawRings(Surface& surface, std::vector<Point> places, Point offset, Colour
     const Glyph glyph =
         CircleGlyph(isFilled ? GlyphPart::Ink::Filled : GlyphPart::Ink::Outline, radius);
     DrawWithHalo(surface, glyph, places, highlight);
+}
+
+/// The great circles whose poles lie at some places, the state of the surface as it is.
+void DrawCirclesOfPoles(Surface& surface, int plotKind, std::span<const Point> poles,
+                        Colour colour) {
+    for (const Point& pole : poles) {
+        double plunge = 0;
+        double trend = 0;
+        UnprojectPosition(plotKind, pole.x, pole.y, plunge, trend);
+        DrawGreatCircle(surface, GreatCircleArc(plotKind, plunge, trend), colour);
+    }
+}
+
+/// Rows that are drawn as great circles light up as these. Many do without a halo, which would
+/// cover what they lie over.
+void DrawArcs(Surface& surface, int plotKind, std::vector<Point> poles, Point offset,
+              Colour highlight) {
+    if (poles.empty()) {
+        return;
+    }
+    for (Point& at : poles) {
+        const Point to = Shifted(at, offset);
+        at = IsOnNet(to.x, to.y) ? to : at;
+    }
+    const SavedState saved(surface);
+    DrawState state;
+    state.fillStyle = kNoFill;
+    if (poles.size() <= kMostRings) {
+        state.drawWidth = kRingPixels + 2 * kHaloPixels;
+        surface.SetState(state);
+        DrawCirclesOfPoles(surface, plotKind, poles, kWhite);
+    }
+    state.drawWidth = kRingPixels;
+    surface.SetState(state);
+    DrawCirclesOfPoles(surface, plotKind, poles, highlight);
 }
 
 DrawState MarqueeState() {
@@ -261,7 +298,9 @@ bool PlotMouse::Key(PlotKey key) {
         }
         return true;
     }
-    if (IsDragging() || gActiveLayer != kDataLayer || SelectedRowsOf(gActivePlot).empty()) {
+    if (IsDragging() || gActiveLayer != kDataLayer
+        || (SelectedRowsOf(gActivePlot).empty()
+            && IntersectionsSelectedIn(gActivePlot).lines.empty())) {
         return false;
     }
     const int plungeStep = (key == PlotKey::Up ? 1 : 0) - (key == PlotKey::Down ? 1 : 0);
@@ -295,8 +334,10 @@ void PlotMouse::OverlayShapes(Surface& surface, std::int32_t slot, Colour highli
     }
     const bool isOwn = slot == gMarqueeSlot;
     const Point offset = isOwn ? DragOffset() : Point{};
-    const bool movesRows = gActiveLayer == kDataLayer;
-    DrawRings(surface, LitPlaces(slot), movesRows ? offset : Point{}, highlight);
+    const bool movesRows = gActiveLayer == kDataLayer && !ShowsIntersections(slot);
+    const Point rowOffset = movesRows ? offset : Point{};
+    DrawArcs(surface, RecordOf(slot).PlotKind, LitArcs(slot), rowOffset, highlight);
+    DrawRings(surface, LitPlaces(slot), rowOffset, highlight);
     if (isOwn && MarqueeStands()) {
         DrawStandingMarquee(surface, offset, highlight);
     }

@@ -31,7 +31,10 @@ void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int colour,
     state.drawWidth = drawWidth;
     state.fillStyle = kNoFill;
     surface.SetState(state);
-    const Colour ink = TableColour(colour);
+    DrawGreatCircle(surface, circle, TableColour(colour));
+}
+
+void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink) {
     if (circle.radius >= kStraightRadius) {
         DrawChord(surface, circle.cx, circle.cy, ink);
     } else if (circle.cx == 0 && circle.cy == 0) {

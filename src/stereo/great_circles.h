@@ -18,6 +18,9 @@ namespace quandrel {
 void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int colour, int drawStyle,
                         double drawWidth);
 
+/// The same in any colour, in the surface's own state.
+void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink);
+
 /// Draws the great circle whose pole is given, radians, in a projection.
 void DrawGreatCircleOfPole(Surface& surface, int plotKind, double polePlunge, double poleTrend,
                            int colour, int drawStyle, double drawWidth);

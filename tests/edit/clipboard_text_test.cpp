@@ -3,6 +3,7 @@
 #include "edit/clipboard_text.h"
 #include "edit/edit_plot.h"
 #include "edit/edit_rows.h"
+#include "edit/selected_intersections.h"
 
 namespace quandrel {
 
