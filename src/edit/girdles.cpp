@@ -181,9 +181,9 @@ std::string GirdleCaption(int row, std::int16_t dataKind) {
     case kMeanRow:
         return "Mean arrow";
     case kMeanPlaneRow:
-        return isOfPlanes ? "Mean S" : "Mean equiv S";
+        return isOfPlanes ? "Mean S (plane)" : "Mean equiv S (plane)";
     case kAxisRow:
-        return isOfPlanes ? "Beta axis" : "Girdle normal";
+        return isOfPlanes ? "Beta axis (its girdle)" : "Girdle normal (its girdle)";
     default:
         return "Girdle " + std::to_string(row);
     }

@@ -75,11 +75,11 @@ std::string TokenAt(std::string_view line, std::size_t place, char delimiter) {
 
 } // namespace
 
-std::string RawDataCaption(int slot) {
+std::string RawData::Caption() const {
     std::string caption = "Raw File data used in: ";
     bool isFirst = true;
-    for (const std::string& path : PathsOf(RecordOf(slot))) {
-        caption += (isFirst ? "" : ", ") + FileTitleOf(path);
+    for (const RawFile& file : files_) {
+        caption += (isFirst ? "" : ", ") + file.name;
         isFirst = false;
     }
     return caption;

@@ -17,9 +17,6 @@
 
 namespace quandrel {
 
-/// The caption of the grid: the names of the files of a plot.
-[[nodiscard]] std::string RawDataCaption(int slot);
-
 class RawData {
 public:
     /// Reads the files of an open plot anew: those of the main rows, then those of the overlays.
@@ -28,6 +25,10 @@ public:
     [[nodiscard]] static Result<RawData> Read(int slot);
 
     [[nodiscard]] int Slot() const { return slot_; }
+
+    /// The caption of the grid: the names of the files that were read, also when the plot has been
+    /// saved under another one since.
+    [[nodiscard]] std::string Caption() const;
 
     [[nodiscard]] std::size_t RowCount() const { return lines_.size(); }
 

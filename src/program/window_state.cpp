@@ -170,6 +170,10 @@ MenuCaptions CaptionsOfMenus() {
     const bool showsAnnotations = hasPlot && ActiveRecord().ShowAnnotations != 0;
     const bool isAdvanced = hasPlot && ActiveRecord().StatsBoxKind != 0;
     MenuCaptions captions;
+    const bool hasOverlays = hasPlot && ActiveRecord().OverlayRows[0] > 0;
+    const std::string ofWhat = hasOverlays ? " (top overlay)" : "";
+    captions.greatCircles = "Great C&ircles" + ofWhat;
+    captions.pointSymbols = "Point &symbols" + ofWhat;
     captions.plotSecondary = showsSecondary ? "Plot Primar&y Data" : "Plot Secondar&y Data";
     captions.viewAdvStats =
         isAdvanced ? "Use Normal Statistics Box" : "Use Advanced Statistics Box";

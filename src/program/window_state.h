@@ -52,6 +52,8 @@ struct MenuCaptions {
     std::string viewAdvStats;    ///< goes to the other box
     std::string viewAnnotations; ///< hides or shows them
     std::string annotationTip;   ///< the same for the button
+    std::string greatCircles;    ///< the first two symbols: of the top overlay where there is one
+    std::string pointSymbols;
 };
 
 [[nodiscard]] MenuCaptions CaptionsOfMenus();

@@ -206,7 +206,7 @@ QVariant PlotDataModel::headerData(int section, Qt::Orientation orientation, int
 }
 
 QString RawDataModel::Caption() const {
-    return QString::fromStdString(RawDataCaption(raw_.Slot()));
+    return QString::fromStdString(raw_.Caption());
 }
 
 void RawDataModel::Select(std::span<const std::size_t> rows) const {

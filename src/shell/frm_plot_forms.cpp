@@ -10,6 +10,7 @@
 #include "shell/icons.h"
 #include "shell/picture_box.h"
 #include "shell/widget_font.h"
+#include "shell/window_arrangement.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 #include "stereo/text_lines.h"
@@ -264,7 +265,7 @@ void frmPlotForms::SetPlace(const WindowPlace& place) {
     const QPoint corner(place.left / kUnitsPerPixel, place.top / kUnitsPerPixel);
     const QSize size(place.width / kUnitsPerPixel, place.height / kUnitsPerPixel);
     if (room != nullptr && room->rect().contains(corner)) {
-        Place(QRect(corner, size.boundedTo(room->size()).expandedTo(minimumSize())));
+        Place(WithinRoom(QRect(corner, size.expandedTo(minimumSize())), room->size()));
     }
     if (place.state == static_cast<int>(WindowState::Maximised)) {
         showMaximized();

@@ -396,15 +396,18 @@ void GeolPlotMain::ShowMenusFor(bool hasPlots) {
 void GeolPlotMain::PlaceBeside(int slot, int neighbour) {
     auto& form = static_cast<frmPlotForms&>(FormOf(slot));
     const QRect beside = static_cast<const frmPlotForms&>(FormOf(neighbour)).geometry();
+    const QSize room = room_->viewport()->size();
     QRect place = form.geometry();
     place.moveTopLeft(
-        {LeftBeside(beside.left(), beside.width(), place.width(), room_->width()), beside.top()});
-    form.Place(place);
+        {LeftBeside(beside.left(), beside.width(), place.width(), room.width()), beside.top()});
+    form.Place(WithinRoom(place, room));
 }
 
 void GeolPlotMain::ArrangeWindows(int way) {
     const QList<QMdiSubWindow*> windows = room_->subWindowList(QMdiArea::CreationOrder);
-    Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size());
+    QMdiSubWindow* const active = room_->activeSubWindow();
+    Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size(), active);
+    room_->setActiveSubWindow(active); // a window that came back from its full size took the focus
 }
 
 } // namespace quandrel

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "program/closing.h"
+#include "program/notation.h"
 #include "shell/main_status_line.h"
 #include "shell/widget_prompts.h"
 
@@ -118,6 +119,7 @@ private:
     void RefreshWindowMenu();
 
     void Activated(QMdiSubWindow* window);
+    void FollowNotation();
     void UpdateToolbar();
     void UpdateEditMenus();
     void UpdateUndo();
@@ -145,6 +147,7 @@ private:
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;
     QString selectionText_; ///< what the status line was last told of the selection
+    Notation notation_; ///< of the texts of the open plots
     std::unique_ptr<MapLinkWindows> mapLink_;
 };
 

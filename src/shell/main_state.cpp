@@ -85,6 +85,7 @@ void GeolPlotMain::UpdatePlotState() {
             SetStatusText({});
         }
     }
+    FollowNotation();
     dialogs_->FollowActivePlot();
     displays_->FollowPlots();
     FollowGridOfPlot();
@@ -108,6 +109,13 @@ void GeolPlotMain::UpdatePlotState() {
             // The plot that the engine went back to comes to the front, but not before the map.
             room_->setActiveSubWindow(form);
         }
+    }
+}
+
+void GeolPlotMain::FollowNotation() {
+    if (Notation now = NotationInForce(); now != notation_) {
+        notation_ = std::move(now);
+        RenewOrientationTexts();
     }
 }
 
@@ -192,6 +200,8 @@ void GeolPlotMain::UpdatePaste() {
 
 void GeolPlotMain::UpdatePlotMenus() {
     const MenuCaptions captions = CaptionsOfMenus();
+    commands_->Of("mnuPlotSymbols_0").setText(QString::fromStdString(captions.greatCircles));
+    commands_->Of("mnuPlotSymbols_1").setText(QString::fromStdString(captions.pointSymbols));
     commands_->Of("mnuPlotSecondary").setText(QString::fromStdString(captions.plotSecondary));
     commands_->Of("mnuViewAdvStats").setText(QString::fromStdString(captions.viewAdvStats));
     commands_->Of("mnuViewAnnotations").setText(QString::fromStdString(captions.viewAnnotations));

@@ -69,6 +69,13 @@ void ArrangeIcons(const QList<QMdiSubWindow*>& icons, QSize room) {
 
 } // namespace
 
+QRect WithinRoom(QRect place, QSize room) {
+    place.setSize(place.size().boundedTo(room));
+    place.moveLeft(std::clamp(place.left(), 0, room.width() - place.width()));
+    place.moveTop(std::clamp(place.top(), 0, room.height() - place.height()));
+    return place;
+}
+
 QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room) {
     if (way != Arrangement::Cascade) {
         return count == 0 ? QList<QRect>() : Tiles(count, way == Arrangement::TileVertically, room);
@@ -80,7 +87,10 @@ QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room) {
     return places;
 }
 
-void Arrange(const QList<QMdiSubWindow*>& windows, Arrangement way, QSize room) {
+void Arrange(QList<QMdiSubWindow*> windows, Arrangement way, QSize room, QMdiSubWindow* active) {
+    if (way == Arrangement::Cascade && windows.removeOne(active)) {
+        windows << active;
+    }
     QList<QMdiSubWindow*> open;
     QList<QMdiSubWindow*> icons;
     for (QMdiSubWindow* window : windows) {
@@ -101,6 +111,9 @@ void Arrange(const QList<QMdiSubWindow*>& windows, Arrangement way, QSize room) 
         }
     }
     ArrangeIcons(icons, room);
+    if (active != nullptr) {
+        active->raise();
+    }
 }
 
 } // namespace quandrel

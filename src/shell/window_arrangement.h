@@ -25,7 +25,13 @@ enum class Arrangement { Cascade = 0, TileVertically = 1, TileHorizontally = 2, 
 /// @param way    not Icons
 [[nodiscard]] QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room);
 
+/// A place moved so that it does not hang over the edges of a room, and cut to it where it is
+/// larger.
+[[nodiscard]] QRect WithinRoom(QRect place, QSize room);
+
 /// Arranges windows. Minimised ones stay so, along the lower edge of the room.
-void Arrange(const QList<QMdiSubWindow*>& windows, Arrangement way, QSize room);
+///
+/// @param active  stays on top: of a cascade it is the last one; null for none
+void Arrange(QList<QMdiSubWindow*> windows, Arrangement way, QSize room, QMdiSubWindow* active);
 
 } // namespace quandrel

@@ -278,10 +278,10 @@ TEST_F(GirdleTest, TheStatisticalRowsShowOnceTheStatisticsGaveThemOne) {
 }
 
 TEST_F(GirdleTest, CaptionsFollowTheKindOfData) {
-    EXPECT_EQ(GirdleCaption(9, kPlanes), "Mean S");
-    EXPECT_EQ(GirdleCaption(10, kPlanes), "Beta axis");
-    EXPECT_EQ(GirdleCaption(9, kLines), "Mean equiv S");
-    EXPECT_EQ(GirdleCaption(10, kPolarLines), "Girdle normal");
+    EXPECT_EQ(GirdleCaption(9, kPlanes), "Mean S (plane)");
+    EXPECT_EQ(GirdleCaption(10, kPlanes), "Beta axis (its girdle)");
+    EXPECT_EQ(GirdleCaption(9, kLines), "Mean equiv S (plane)");
+    EXPECT_EQ(GirdleCaption(10, kPolarLines), "Girdle normal (its girdle)");
     EXPECT_EQ(GirdleCaption(8, kLines), "Girdle 8");
 }
 

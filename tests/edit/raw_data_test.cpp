@@ -56,7 +56,7 @@ TEST_F(RawGrid, ShowsTheLinesOfTheFileAsTheyAre) {
     Load("beds.txt", "; a remark, long\n30\t120\tred\n\n45\t270\n");
     const Result<RawData> raw = RawData::Read(gActivePlot);
     ASSERT_TRUE(raw);
-    EXPECT_EQ(RawDataCaption(gActivePlot), "Raw File data used in: beds.txt");
+    EXPECT_EQ(raw->Caption(), "Raw File data used in: beds.txt");
     ASSERT_EQ(raw->RowCount(), 4U);
     ASSERT_EQ(raw->ColumnCount(), 4U);
     EXPECT_EQ(raw->Header(0), "Line");
@@ -94,13 +94,21 @@ TEST_F(RawGrid, HeadingsGoOverTheColumns) {
     EXPECT_EQ(gDataDip(gActivePlot, 3), 45) << "the row of that line";
 }
 
+TEST_F(RawGrid, IsNamedAfterTheFilesItWasReadFromAlsoAfterASave) {
+    Load("beds.txt", "30\t120\n");
+    const Result<RawData> raw = RawData::Read(gActivePlot);
+    ASSERT_TRUE(raw);
+    ActiveRecord().MainFiles = {"/elsewhere/other.txt"}; // as Save As leaves it
+    EXPECT_EQ(raw->Caption(), "Raw File data used in: beds.txt");
+}
+
 TEST_F(RawGrid, LinesOfAllFilesKnowTheirRows) {
     Load("a.txt", "30\t120\nrubbish\n45\t270\n");
     Merge("b.txt", "60\t10\n70\t20\n");
     Merge("c.txt", "5\t5\n", kOverlayCommand);
     const Result<RawData> raw = RawData::Read(gActivePlot);
     ASSERT_TRUE(raw);
-    EXPECT_EQ(RawDataCaption(gActivePlot), "Raw File data used in: a.txt, b.txt, c.txt");
+    EXPECT_EQ(raw->Caption(), "Raw File data used in: a.txt, b.txt, c.txt");
     EXPECT_EQ(Points(*raw), (std::vector<std::int32_t>{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(raw->CellText(4, 0), "b.txt:2");
     EXPECT_EQ(gDataDip(gActivePlot, raw->PointOfRow(4)), 70);

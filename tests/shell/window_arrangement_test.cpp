@@ -55,6 +55,14 @@ TEST(WindowArrangement, CascadedWindowsShowTheTitleOfTheOneBehind) {
     }
 }
 
+TEST(WindowArrangement, PlacesThatHangOverAnEdgeAreMovedIn) {
+    const QSize room(1000, 700);
+    EXPECT_EQ(WithinRoom({800, 10, 400, 300}, room), QRect(600, 10, 400, 300));
+    EXPECT_EQ(WithinRoom({-50, 600, 400, 300}, room), QRect(0, 400, 400, 300));
+    EXPECT_EQ(WithinRoom({100, 100, 2000, 2000}, room), QRect(0, 0, 1000, 700));
+    EXPECT_EQ(WithinRoom({100, 100, 200, 200}, room), QRect(100, 100, 200, 200));
+}
+
 TEST(WindowArrangement, NoWindowsHaveNoPlaces) {
     EXPECT_TRUE(PlacesOf(0, Arrangement::Cascade, kRoom).isEmpty());
     EXPECT_TRUE(PlacesOf(0, Arrangement::TileVertically, kRoom).isEmpty());
