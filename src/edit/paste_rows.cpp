@@ -152,6 +152,9 @@ private:
             return false;
         }
         ++report_.pasted;
+        if (!format_.isOwn) {
+            CountUpwardLine(row, lines_, overlay_, report_.upward);
+        }
         record_.NumLoadedData = index;
         if (overlay_ > 0) {
             ++record_.OverlayRows[static_cast<std::size_t>(overlay_)];
@@ -388,6 +391,9 @@ std::string NoteOnPaste(const PasteReport& report) {
     if (report.outOfMemory) {
         note += std::string(note.empty() ? "" : "\n") + "There is no memory for more than "
                 + Counted(report.pasted, "row") + " of the text.";
+    }
+    if (const std::string upward = UpwardLinesText(report.upward); !upward.empty()) {
+        note += (note.empty() ? "" : "\n") + upward;
     }
     return note;
 }

@@ -10,6 +10,7 @@
 #include "edit/clipboard_text.h"
 #include "input/data_rows.h"
 #include "input/format_model.h"
+#include "input/load_report.h"
 #include "input/parameter_line.h"
 
 #include <cstdint>
@@ -57,9 +58,11 @@ struct PasteReport {
     std::int32_t refused = 0; ///< lines that should be rows and are none
     bool aborted = false;     ///< the user ended it
     bool outOfMemory = false;
+    LoadCounters upward; ///< plain lines with a negative plunge in foreign text
 };
 
-/// A sentence on the lines that were refused; empty when there are none.
+/// Sentences on the lines that were refused, and on plain ones with a negative plunge; empty
+/// without any.
 [[nodiscard]] std::string NoteOnPaste(const PasteReport& report);
 
 /// Pastes the text of the clipboard onto gActivePlot: rows as told above, annotations after a

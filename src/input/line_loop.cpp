@@ -101,7 +101,7 @@ public:
 private:
     void CountValid(const ParsedRow& row, const RowFaults& faults) {
         ++counters_.rowsValid;
-        CountUpwardLine(row, format_, counters_);
+        CountUpwardLine(row, format_, pass_.target.overlay, counters_);
         counters_.badNumeric += faults.number ? 1 : 0;
         counters_.badText += faults.text ? 1 : 0;
         counters_.badLine += faults.line ? 1 : 0;

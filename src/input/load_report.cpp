@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/messages.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/format_model.h"
 #include "platform/platform.h"
@@ -117,9 +118,13 @@ std::string AppendedText(const LoadCounters& counters) {
     return text;
 }
 
-// One that is plotted as a line may come from data where it was an arrow.
-bool IsPlainLine(const LineFormat& format) {
-    return format.primary == kPrimaryLine && gPlotDataKind == kLines;
+// True for rows of lines that are plotted without a sense. Where they join others, these decide.
+bool ArePlainLines(const LineFormat& format, int overlay) {
+    const PlotRecord& record = ActiveRecord();
+    const std::int16_t kind = record.ShowSecondary != 0 ? gPlotDataKind
+                              : overlay > 0 ? record.OverlayKind[static_cast<std::size_t>(overlay)]
+                                            : record.DataKind;
+    return format.primary == kPrimaryLine && kind == kLines;
 }
 
 std::string OutOfMemoryText(const LoadCounters& counters) {
@@ -160,8 +165,9 @@ std::string StoppedText(const LoadCounters& counters) {
 
 } // namespace
 
-void CountUpwardLine(const ParsedRow& row, const LineFormat& format, LoadCounters& counters) {
-    if (row.dip < 0 && IsPlainLine(format)) {
+void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,
+                     LoadCounters& counters) {
+    if (row.dip < 0 && ArePlainLines(format, overlay)) {
         ++counters.upwardLines;
         counters.negativePlunge = format.negativePlunge;
     }

@@ -40,9 +40,12 @@ extern LoadCounters gLastLoad;
 /// The counters of the last load into each slot.
 extern std::map<int, LoadCounters> gPlotLoads;
 
-/// Counts the line of a row that was read, where it points up and is not to be plotted with its
-/// sense.
-void CountUpwardLine(const ParsedRow& row, const LineFormat& format, LoadCounters& counters);
+/// Counts the line of a row that was read into gActivePlot, where it points up and is not plotted
+/// with its sense.
+///
+/// @param overlay  the overlay of the row, or 0
+void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,
+                     LoadCounters& counters);
 
 /// What was done with plain lines of a negative plunge, in a sentence; empty without any.
 [[nodiscard]] std::string UpwardLinesText(const LoadCounters& counters);

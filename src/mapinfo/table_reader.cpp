@@ -93,7 +93,7 @@ private:
         ++counters.rowsRead;
         if (row.status == LineStatus::Row) {
             Count(faults, counters);
-            CountUpwardLine(row, format_, counters);
+            CountUpwardLine(row, format_, target_.overlay, counters);
             Link(index, tableRow);
             return true;
         }

@@ -403,6 +403,20 @@ TEST_F(PasteRows, ForeignUpwardLinesAreReadAsTheFormatSays) {
     EXPECT_EQ(gDataAz(slot, 2), 300);
 }
 
+TEST_F(PasteRows, TellsWhatWasDoneWithPlainUpwardLines) {
+    NewLines({{1, 2}}, kLines);
+    AcceptFormat([](FormatAnswer&) {
+        gPrimaryDataType = kPrimaryLine;
+        gPlotDataKind = kLines;
+        gFileDelimiter = "";
+    });
+    Expect("2 lines have a negative plunge. Their trends were taken to name their lower ends.");
+    clipboard.SetText("-30 120\n40 10\n-5 10\n");
+    PasteData();
+    clipboard.SetText(std::string(kOwnLines) + "-30\t120\r\n");
+    PasteData(); // the program's own lines are as they were
+}
+
 TEST_F(PasteRows, OwnUpwardLinesHaveTheTrendsOfTheirLowerEnds) {
     const int slot = NewLines({{1, 2}}, kPolarLines);
     gNegativePlunge = NegativePlunge::Vector;

@@ -220,6 +220,15 @@ TEST_F(NegativePlungeLoading, TellsOnceWhatWasDoneWithPlainLines) {
     EXPECT_EQ(Rows(), (Pairs{{30, 120}, {-30, 300}}));
 }
 
+TEST_F(NegativePlungeLoading, RowsThatJoinOthersAreAsTheseAre) {
+    Load(kNewCommand, "polar.txt", "30\t120\n");
+    gPlotDataKind = kLines;
+    Load(kMergeCommand, "joins.txt", "-30\t120\n");
+    EXPECT_EQ(gLastLoad.upwardLines, 0) << "in a plot of polar lines it keeps its sense";
+    Expect("1 line has a negative plunge.");
+    Load(kOverlayCommand, "over.txt", "-30\t120\n");
+}
+
 TEST_F(NegativePlungeLoading, SaysNothingOfPolarLinesAndPlanes) {
     Load(kNewCommand, "polar.txt", "-30\t120\n");
     gPrimaryDataType = kPrimaryPlane;
