@@ -294,7 +294,7 @@ std::string SyncFolder(const fs::path& folder) {
 
 /// True for a file of this user that no process holds.
 bool IsLeft(const fs::path& file) {
-    const Descriptor opened(open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    const Descriptor opened(open(file.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     FileFacts facts{};
     return opened.IsOpen() && fstat(opened.Number(), &facts) == 0 && S_ISREG(facts.st_mode)
            && facts.st_uid == geteuid() && facts.st_nlink == 1

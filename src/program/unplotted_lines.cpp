@@ -3,6 +3,7 @@
 #include "program/unplotted_lines.h"
 
 #include "core/plot_store.h"
+#include "core/settings.h"
 #include "input/load_report.h"
 #include "persistence/workspace_file.h"
 
@@ -69,6 +70,16 @@ std::string UnplottedLinesText() {
         text += (text.empty() ? "" : "\n") + ErrorLinesText();
     }
     return text;
+}
+
+std::string OpeningText() {
+    const OpenedWorkspace& workspace = LastOpenedWorkspace();
+    if (!gRecentFiles.empty() && gRecentFiles.front() == workspace.path) {
+        return TextOfOpening(workspace);
+    }
+    const auto load = gPlotLoads.find(gActivePlot);
+    const bool hasLoad = IsOpenSlot(gActivePlot) && ActiveRecord().NumFiles > 0;
+    return hasLoad && load != gPlotLoads.end() ? LoadText(load->second) : std::string();
 }
 
 } // namespace quandrel

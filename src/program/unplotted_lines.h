@@ -15,4 +15,8 @@ namespace quandrel {
 /// True when the active plot has such lines.
 [[nodiscard]] bool HasUnplottedLines();
 
+/// What the last opening of a file did, in a sentence: how many files of a workspace were opened,
+/// or how many rows of the active plot's files were read; empty for a plot file.
+[[nodiscard]] std::string OpeningText();
+
 } // namespace quandrel

@@ -90,9 +90,9 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     ForgetUndo();
     const PlotRecord& record = ActiveRecord();
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
-    const auto load = gPlotLoads.find(gActivePlot);
-    if (record.NumFiles > 0 && load != gPlotLoads.end()) {
-        SetStatusText(QString::fromStdString(LoadText(load->second)));
+    const std::string told = OpeningText();
+    if (!told.empty()) {
+        SetStatusText(QString::fromStdString(told));
     }
 }
 

@@ -44,6 +44,17 @@ TEST_F(UnplottedLines, OfAPlotFileAreThoseOfItsDataFile) {
     EXPECT_EQ(UnplottedLinesText(), "row\tline\n2\t; second station\n4\t95\t400\n");
 }
 
+TEST_F(UnplottedLines, TheOpeningOfAWorkspaceIsToldByItsFilesAndOthersByTheirRows) {
+    AcceptFormat({}, 10);
+    WriteFile("one.txt", "30\t120\n");
+    const std::string path = WriteFile("w.qwo", "[Files List]\none.txt\ngone.txt\n");
+    EXPECT_EQ(OpeningText(), "");
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kNewCommand);
+    EXPECT_EQ(OpeningText(), "1 of 2 files opened");
+    Open("30\t120\n40\t200\n");
+    EXPECT_EQ(OpeningText().substr(0, 11), "2 rows read");
+}
+
 TEST_F(UnplottedLines, NameTheFilesThatAWorkspaceMisses) {
     AcceptFormat({}, 10);
     WriteFile("one.txt", "30\t120\n");

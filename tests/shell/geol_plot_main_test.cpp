@@ -320,6 +320,18 @@ TEST_F(MainWindow, TheRoseStartOpensARose) {
     EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
 }
 
+TEST_F(MainWindow, AWorkspaceSaysHowManyFilesItOpenedAndWhichAreMissing) {
+    WriteFile("beds.txt", "30\t120\n45\t270\n");
+    prompts.QueueOpenPath(WriteFile("w.qwo", "[Files List]\nbeds.txt\ngone.txt\n"));
+    Press("mnuFileLoad_0");
+    EXPECT_EQ(ActiveRecord().FileTitle, "beds.txt");
+    EXPECT_EQ(ControlOf<QLabel>(*main, "panInfoLine").text().toStdString(), "1 of 2 files opened");
+    EXPECT_TRUE(Action("mnuViewUnplotted").isEnabled());
+    EXPECT_EQ(gRecentFiles.front(), (folder / "w.qwo").string());
+    EXPECT_EQ(settings.Read(kApplicationName, "FileMenuArray", "1", ""), gRecentFiles.front())
+        << "written when it was opened";
+}
+
 TEST_F(MainWindow, RecentFilesAreOfferedByNameAndOpenByPath) {
     OpenFile("a & b.txt");
     OpenFile("c.txt");
