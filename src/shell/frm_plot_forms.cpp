@@ -23,6 +23,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -38,6 +39,19 @@ constexpr int kDataTab = 1;
 constexpr int kLegendMargin = 5;
 constexpr const char* kDescriptionHint = "Enter description of data if required";
 constexpr const char* kFabricHint = "Enter name of structural fabric";
+
+/// Sets the tab stops of a statistics box by its font: as on pictures, but narrower in a narrow
+/// box, as far as numbers and heads of columns allow.
+void FitTabStops(QPlainTextEdit& box) {
+    const QFontMetricsF metrics(box.font());
+    const double least = std::max(metrics.horizontalAdvance("-0.000 "),
+                                  metrics.horizontalAdvance(" Eigenvectors ") / 2);
+    const double margins = 2 * (box.document()->documentMargin() + box.frameWidth())
+                           + box.verticalScrollBar()->sizeHint().width();
+    const double room = (box.width() - margins - metrics.horizontalAdvance("00.000 (0.000) ")) / 3;
+    const double most = std::max(least, metrics.horizontalAdvance(kTabSample));
+    box.setTabStopDistance(std::clamp(room, least, most));
+}
 
 /// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
 void UseFont(QWidget& box, PlotFontPlace place) {
@@ -186,7 +200,7 @@ void frmPlotForms::ApplyFonts() {
     UseFont(*txtFabricBox, kFabricFont);
     for (QPlainTextEdit* box : txtStatsBox) {
         UseFont(*box, kStatsFont);
-        box->setTabStopDistance(QFontMetricsF(box->font()).horizontalAdvance(kTabSample));
+        FitTabStops(*box);
     }
     UseFont(*lblNumBox, kGeneralFont);
 }
@@ -356,6 +370,9 @@ void frmPlotForms::LayOut() {
     show(lblNumBox, parts.number, layout.number);
     show(txtStatsBox[0], parts.statistics && !isAdvanced, layout.statistics);
     show(txtStatsBox[1], parts.statistics && isAdvanced, layout.statistics);
+    for (QPlainTextEdit* box : txtStatsBox) {
+        FitTabStops(*box);
+    }
 }
 
 void frmPlotForms::Place(const QRect& rect) {

@@ -55,7 +55,7 @@ protected:
 TEST_F(StatisticsBoxes, HeadsOfTheAdvancedBoxStandOverTheirColumnsInAnyFont) {
     frmPlotForms& form = FormOfSlot(OpenFold());
     Press("mnuViewAdvStats");
-    for (const double points : {7.0, 9.0, 14.0, 22.0}) {
+    for (const double points : {6.0, 8.0, 9.0, 11.0}) {
         for (const char* const family : {"DejaVu Sans", "DejaVu Sans Mono"}) {
             gPlotFonts[kStatsFont].font.family = family;
             gPlotFonts[kStatsFont].font.points = points;
@@ -79,7 +79,7 @@ TEST_F(StatisticsBoxes, HeadsOfTheAdvancedBoxStandOverTheirColumnsInAnyFont) {
 TEST_F(StatisticsBoxes, NeedNoHorizontalBarInAnySize) {
     frmPlotForms& form = FormOfSlot(OpenFold());
     for (const int which : {0, 1}) {
-        for (const QSize size : {QSize(300, 240), QSize(520, 420), QSize(1000, 700)}) {
+        for (const QSize size : {QSize(300, 240), QSize(640, 480), QSize(1000, 700)}) {
             form.resize(size);
             form.grab();
             const QPlainTextEdit& box = *form.txtStatsBox.at(static_cast<std::size_t>(which));
