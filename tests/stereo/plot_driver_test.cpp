@@ -376,6 +376,17 @@ TEST_F(PlotDriver, ShownGirdlesAreDrawnAndTheMeanIsNone) {
     EXPECT_EQ(Drawn(Kind::Markers).size(), 2U) << "the row, and the axis of item 9";
 }
 
+TEST_F(PlotDriver, GirdlesThatTheStatisticsLeaveOpenAreNotDrawn) {
+    AddRow(30, 120);
+    auto& values = ActiveRecord().AxisItems[10];
+    values[0] = true;
+    values[2] = TaggedValue();
+    values[3] = TaggedValue();
+    ReplotActivePlot(false);
+    EXPECT_TRUE(Drawn(Kind::Arc).empty());
+    EXPECT_EQ(Drawn(Kind::Markers).size(), 1U) << "the row alone";
+}
+
 TEST_F(PlotDriver, SillyGirdleStylesAreBroughtIntoRange) {
     auto& values = ActiveRecord().AxisItems[2];
     values = {true, std::string(), 0.5, 1.0, 1e300, -1e300, 1e300};
