@@ -3,6 +3,7 @@
 #include "print/print_texts.h"
 
 #include "core/plot_store.h"
+#include "stereo/drawable_text.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 #include "stereo/text_lines.h"
@@ -76,7 +77,8 @@ public:
         const double indent = kSampleWidth * surface_.TextWidth("M");
         for (const LegendLine& line : lines) {
             const double left = line.sample == LegendSample::None ? 0 : indent;
-            cutsLegend_ = cutsLegend_ || left + surface_.TextWidth(line.text) > columnWidth_;
+            cutsLegend_ =
+                cutsLegend_ || left + surface_.TextWidth(DrawableText(line.text)) > columnWidth_;
         }
         const double lineHeight = kLegendSpacing * surface_.TextHeight();
         // A hair more, so that rounding does not cost the last line.

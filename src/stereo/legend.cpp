@@ -9,6 +9,7 @@
 #include "orientation/angles.h"
 #include "stereo/axis_rows.h"
 #include "stereo/draw_target.h"
+#include "stereo/drawable_text.h"
 #include "stereo/plot_stages.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
@@ -287,7 +288,7 @@ void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, 
     DrawSample(box, line, layout, top);
     const double left = line.sample == LegendSample::None ? 0 : layout.sampleWidth;
     const double textTop = top - (layout.lineHeight - box.TextHeight()) / 2;
-    box.Text({left, textTop}, CutToWidth(box, line.text, layout.width - left));
+    box.Text({left, textTop}, CutToWidth(box, DrawableText(line.text), layout.width - left));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "stereo/text_lines.h"
 
+#include "stereo/drawable_text.h"
+
 #include <cmath>
 #include <functional>
 #include <sstream>
@@ -18,6 +20,7 @@ double EachCell(const Surface& surface, const std::string& line,
     double right = 0;
     std::istringstream cells(line);
     for (std::string cell; std::getline(cells, cell, '\t');) {
+        cell = DrawableText(cell);
         tell(left, cell);
         right = left + surface.TextWidth(cell);
         left = tab * (std::floor(right / tab) + 1);
@@ -29,16 +32,19 @@ double EachCell(const Surface& surface, const std::string& line,
 
 std::vector<std::string> WrappedLines(const Surface& surface, const std::string& text,
                                       double width) {
+    const auto widthOf = [&surface](const std::string& part) {
+        return surface.TextWidth(DrawableText(part));
+    };
     std::vector<std::string> lines;
     std::istringstream paragraphs(text);
     for (std::string paragraph; std::getline(paragraphs, paragraph);) {
         std::erase(paragraph, '\r');
         const bool isTooWide =
-            paragraph.find('\t') == std::string::npos && surface.TextWidth(paragraph) > width;
+            paragraph.find('\t') == std::string::npos && widthOf(paragraph) > width;
         std::string line;
         std::istringstream words(isTooWide ? paragraph : "");
         for (std::string word; words >> word;) {
-            if (!line.empty() && surface.TextWidth(line + " " + word) > width) {
+            if (!line.empty() && widthOf(line + " " + word) > width) {
                 lines.push_back(line);
                 line.clear();
             }

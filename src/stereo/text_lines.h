@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts of several lines on a surface: breaking them, and columns of numbers at tab stops.
+// Texts of several lines on a surface: breaking them, and columns of numbers at tab stops. Texts
+// may hold anything; what is drawn and measured of them is what DrawableText gives.
 
 #pragma once
 
