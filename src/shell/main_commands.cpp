@@ -395,10 +395,16 @@ void GeolPlotMain::ExportImage() {
     if (!path) {
         return;
     }
+    gBusy = true;
+    gPlatform.status->SetText("Please wait - drawing the picture. Esc stops it");
     const std::string error = SavePlotPicture(*path, dialog.Options());
+    gBusy = false;
     if (error.empty()) {
         SetStatusText("The picture is " + QString::fromStdString(*path));
+    } else if (error == kPictureStopped) {
+        SetStatusText(kPictureStopped);
     } else {
+        SetStatusText({});
         Tell(error);
     }
 }

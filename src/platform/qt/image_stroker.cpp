@@ -2,12 +2,15 @@
 
 #include "platform/qt/image_stroker.h"
 
+#include "platform/qt/sprite.h"
+
 #include <QImage>
 #include <QTransform>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace quandrel {
@@ -17,16 +20,16 @@ namespace {
 /// The pixels of an image, as red, green and blue in one number each.
 class Pixels {
 public:
-    explicit Pixels(QImage& image)
+    explicit Pixels(const PlainTarget& target)
         // constBits, for bits would look for other users of the image on each call.
-        : bits_(reinterpret_cast<QRgb*>(const_cast<uchar*>(image.constBits())))
-        , stride_(image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)))
-        , width_(image.width())
-        , height_(image.height()) {}
+        : bits_(reinterpret_cast<QRgb*>(const_cast<uchar*>(target.image.constBits())))
+        , stride_(target.image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)))
+        , width_(target.image.width())
+        , lines_(target.lines) {}
 
-    [[nodiscard]] int Width() const { return width_; }
+    [[nodiscard]] PixelLines Columns() const { return {0, width_}; }
 
-    [[nodiscard]] int Height() const { return height_; }
+    [[nodiscard]] PixelLines Lines() const { return lines_; }
 
     /// Lays ink over a pixel of the image. `cover` is 0 to 256.
     void Blend(int x, int y, QRgb ink, std::uint32_t cover) const {
@@ -43,7 +46,7 @@ private:
     QRgb* bits_;
     qsizetype stride_;
     int width_;
-    int height_;
+    PixelLines lines_;
 };
 
 /// One segment, its first coordinate the one along which it is longer.
@@ -94,21 +97,24 @@ void InkAcross(const Pixels& pixels, int along, Fixed low, Fixed high, QRgb ink)
 /// pixels belongs to the segment that its middle lies in, so that joints are not inked twice.
 template <bool Steep>
 void Stroke(const Pixels& pixels, const Segment& segment, QRgb ink, double width) {
-    const int alongEnd = Steep ? pixels.Height() : pixels.Width();
-    const Fixed acrossEnd = (Steep ? pixels.Width() : pixels.Height()) * kOnePixel;
+    const PixelLines along = Steep ? pixels.Lines() : pixels.Columns();
+    const PixelLines across = Steep ? pixels.Columns() : pixels.Lines();
     const double length = segment.along1 - segment.along0;
-    const int first = std::max(0, static_cast<int>(std::ceil(segment.along0 - 0.5)));
-    const int last = std::min(alongEnd, static_cast<int>(std::ceil(segment.along1 - 0.5)));
+    // Steps are counted from the image's edge, whichever lines are drawn: their sums are the same.
+    const int start = std::max(0, static_cast<int>(std::ceil(segment.along0 - 0.5)));
+    const int first = std::max(along.first, start);
+    const int last = std::min(along.end, static_cast<int>(std::ceil(segment.along1 - 0.5)));
     if (length <= 0 || first >= last) {
         return;
     }
     const double slope = (segment.across1 - segment.across0) / length;
     const Fixed half = ToFixed(width / 2 * std::sqrt(1 + slope * slope));
     const Fixed step = ToFixed(slope);
-    Fixed middle = ToFixed(segment.across0 + (first + 0.5 - segment.along0) * slope);
-    for (int along = first; along < last; ++along, middle += step) {
-        InkAcross<Steep>(pixels, along, std::max<Fixed>(middle - half, 0),
-                         std::min(middle + half, acrossEnd), ink);
+    Fixed middle = ToFixed(segment.across0 + (start + 0.5 - segment.along0) * slope);
+    middle += (first - start) * step;
+    for (int place = first; place < last; ++place, middle += step) {
+        InkAcross<Steep>(pixels, place, std::max(middle - half, across.first * kOnePixel),
+                         std::min(middle + half, across.end * kOnePixel), ink);
     }
 }
 
@@ -129,22 +135,14 @@ QPointF StartOf(const QPolygonF& line, qsizetype i) {
     return from - step / length;
 }
 
-bool CanStroke(const QPainter& painter) {
-    return painter.device() != nullptr && painter.device()->devType() == QInternal::Image
-           && !painter.hasClipping() && painter.transform().isIdentity();
-}
-
 } // namespace
 
 bool StrokeOnImage(QPainter& painter, const QPolygonF& line, const QColor& colour, double width) {
-    if (!CanStroke(painter)) {
+    const std::optional<PlainTarget> target = PlainTargetOf(painter);
+    if (!target) {
         return false;
     }
-    auto& image = *static_cast<QImage*>(painter.device());
-    if (image.format() != QImage::Format_RGB32) {
-        return false;
-    }
-    const Pixels pixels(image);
+    const Pixels pixels(*target);
     for (qsizetype i = 1; i < line.size(); ++i) {
         const Segment segment = SegmentOf(StartOf(line, i), line[i]);
         if (segment.steep) {

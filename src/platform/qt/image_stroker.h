@@ -15,7 +15,7 @@ namespace quandrel {
 ///
 /// @param width  in pixels of the image, above 0 and at most a few
 /// @return false when the painter's target is no image that this can draw into (another format, a
-///     clip, a transformation): then nothing is drawn
+///     clip within its lines, a transformation): then nothing is drawn
 [[nodiscard]] bool StrokeOnImage(QPainter& painter, const QPolygonF& line, const QColor& colour,
                                  double width);
 

@@ -122,7 +122,7 @@ Sprite PainterSurface::MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
     return Sprite(picture, {margin, margin});
 }
 
-void PainterSurface::Stamp(QImage& image, const Glyph& glyph, Colour colour,
+void PainterSurface::Stamp(const PlainTarget& target, const Glyph& glyph, Colour colour,
                            std::span<const Point> positions) {
     if (sprites_.size() > kMostGlyphs) {
         sprites_.clear();
@@ -145,7 +145,7 @@ void PainterSurface::Stamp(QImage& image, const Glyph& glyph, Colour colour,
         if (!sprite) {
             sprite = MakeSprite(glyph, colour, x.rem, y.rem);
         }
-        sprite->StampOn(image, x.quot, y.quot);
+        sprite->StampOn(target, x.quot, y.quot);
     }
 }
 
@@ -169,9 +169,10 @@ void PainterSurface::DrawEach(const Glyph& glyph, Colour colour, std::span<const
 }
 
 void PainterSurface::Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) {
-    QImage* const image = medium_ == Medium::Raster ? PlainImageUnder(painter_) : nullptr;
-    if (image != nullptr && GlyphReach(glyph) <= kLargestSprite) {
-        Stamp(*image, glyph, colour, positions);
+    const std::optional<PlainTarget> target =
+        medium_ == Medium::Raster ? PlainTargetOf(painter_) : std::nullopt;
+    if (target && GlyphReach(glyph) <= kLargestSprite) {
+        Stamp(*target, glyph, colour, positions);
     } else {
         DrawEach(glyph, colour, positions);
     }

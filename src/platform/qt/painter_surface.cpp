@@ -168,13 +168,28 @@ void PainterSurface::Hatch(const QPolygonF& shape) {
     for (const double angle : angles) {
         const std::vector<QLineF> lines =
             HatchLines(shape, angle, kHatchSpacing * pixelFactor_, area_.topLeft());
-        painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
+        if (medium_ == Medium::Vector) {
+            painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
+            continue;
+        }
+        for (const QLineF& line : lines) {
+            DrawLine(line.p1(), line.p2());
+        }
+    }
+}
+
+/// The image's own way with single lines of flat ends rounds otherwise under each clip.
+void PainterSurface::DrawLine(QPointF from, QPointF to) {
+    if (medium_ == Medium::Vector) {
+        painter_.drawLine(from, to);
+    } else {
+        painter_.drawPolyline(QPolygonF({from, to}));
     }
 }
 
 void PainterSurface::Line(Point from, Point to, Colour colour) {
     Use(colour, Qt::NoBrush);
-    painter_.drawLine(Map(from), Map(to));
+    DrawLine(Map(from), Map(to));
 }
 
 void PainterSurface::Box(Point corner, Point opposite, Colour colour) {
@@ -215,8 +230,8 @@ QPolygonF PainterSurface::ArcPolygon(Point centre, double radius, double start, 
 
 void PainterSurface::Arc(Point centre, double radius, double start, double end, Colour colour) {
     const QPolygonF arc = ArcPolygon(centre, radius, start, end);
-    const bool isPlain = medium_ == Medium::Raster && state_.drawStyle == kSolidLine
-                         && state_.drawMode == kDrawCopy && PlainImageUnder(painter_) != nullptr;
+    const bool isPlain =
+        medium_ == Medium::Raster && state_.drawStyle == kSolidLine && state_.drawMode == kDrawCopy;
     if (isPlain
         && StrokeOnImage(painter_, arc, ToQt(colour),
                          std::max(state_.drawWidth, 1.0) * pixelFactor_)) {

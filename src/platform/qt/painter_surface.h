@@ -30,7 +30,7 @@ enum class Medium {
 /// rectangle.
 ///
 /// A raster surface is fast, and mode kDrawNotXor exact, on a painter over a QImage of Format_RGB32
-/// without transformation, device pixel ratio or clip.
+/// without transformation, device pixel ratio or clip, but for a clip to whole lines.
 class PainterSurface : public Surface {
 public:
     /// @param painter      outlives the surface; its transformation maps device units of `area`
@@ -72,6 +72,7 @@ private:
     void UseMode();
     void Use(Colour colour, const QBrush& brush);
     void Hatch(const QPolygonF& shape);
+    void DrawLine(QPointF from, QPointF to);
     void DrawShape(const QPolygonF& shape, Colour colour);
     void MakeFont();
     void DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour, QPointF centre) const;
@@ -79,7 +80,8 @@ private:
     [[nodiscard]] double GlyphReach(const Glyph& glyph) const;
     [[nodiscard]] Sprite MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
                                     int phaseY) const;
-    void Stamp(QImage& image, const Glyph& glyph, Colour colour, std::span<const Point> positions);
+    void Stamp(const PlainTarget& target, const Glyph& glyph, Colour colour,
+               std::span<const Point> positions);
     void DrawEach(const Glyph& glyph, Colour colour, std::span<const Point> positions);
 
     /// What was made of a glyph in a colour: a sprite for each phase of a place within its pixel,

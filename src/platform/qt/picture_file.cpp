@@ -3,15 +3,21 @@
 #include "platform/qt/picture_file.h"
 
 #include "core/atomic_file.h"
+#include "core/step_progress.h"
+#include "platform/platform.h"
+#include "platform/qt/band_image.h"
+#include "platform/qt/png_writer.h"
+#include "stereo/drawable_text.h"
 
 #include <QBuffer>
 #include <QByteArray>
-#include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QString>
 #include <QSvgGenerator>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <string_view>
 
@@ -34,22 +40,72 @@ struct Picture {
 
 using Encoder = bool (*)(QBuffer& buffer, const Picture& picture);
 
-bool EncodePng(QBuffer& buffer, const Picture& picture) {
-    const double scale = picture.size.scale;
-    QImage image(static_cast<int>(std::lround(picture.size.width * scale)),
-                 static_cast<int>(std::lround(picture.size.height * scale)), QImage::Format_RGB32);
-    if (image.isNull()) {
-        return false;
+constexpr const char* kNoMemory = "there is no memory for the picture";
+constexpr std::chrono::milliseconds kBetweenQuestions{150};
+
+/// Shows how many lines are written, and asks whether to go on, from time to time.
+class LineProgress {
+public:
+    /// @param isLong  false for a picture that is too small for any of it
+    LineProgress(int lines, bool isLong)
+        : isLong_(isLong)
+        , progress_(lines, kDrawingWithoutProgress) {}
+
+    /// False once the user wants no more.
+    [[nodiscard]] bool Reach(int line) {
+        const Clock::time_point now = isLong_ ? Clock::now() : lastAsked_;
+        if (now - lastAsked_ < kBetweenQuestions) {
+            return true;
+        }
+        lastAsked_ = now;
+        return !progress_.Reach(line) || !gPlatform.status->CancelRequested();
     }
-    image.fill(Qt::white);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    bool isLong_;
+    StepProgress progress_;
+    Clock::time_point lastAsked_ = Clock::now();
+};
+
+/// Writes the lines of a band, as far as the user wants. Gives what is wrong, or nothing.
+std::string WriteLines(const QImage& image, PixelLines lines, PngWriter& writer,
+                       LineProgress& progress) {
+    for (int line = lines.first; line < lines.end; ++line) {
+        if (!writer.WriteLine(reinterpret_cast<const QRgb*>(image.constScanLine(line)))) {
+            return kNoMemory;
+        }
+        if (!progress.Reach(line)) {
+            return kPictureStopped;
+        }
+    }
+    return {};
+}
+
+std::string WritePng(const Picture& picture, const PutBytes& put) {
+    const double scale = picture.size.scale;
+    const QSize size(static_cast<int>(std::lround(picture.size.width * scale)),
+                     static_cast<int>(std::lround(picture.size.height * scale)));
     const int dotsPerMetre =
         static_cast<int>(std::lround(kLogicalResolution * scale * kInchesInAMetre));
-    image.setDotsPerMeterX(dotsPerMetre);
-    image.setDotsPerMeterY(dotsPerMetre);
-    QPainter painter(&image);
-    picture.draw(painter, scale, Medium::Raster);
-    painter.end();
-    return image.save(&buffer, "PNG");
+    BandImage band(size);
+    PngWriter writer(put);
+    if (band.Image().isNull() || !writer.Begin(size.width(), size.height(), dotsPerMetre)) {
+        return kNoMemory;
+    }
+    const auto lineBytes = static_cast<std::size_t>(band.Image().bytesPerLine());
+    const int step = std::max(1, static_cast<int>(picture.size.bandBytes / lineBytes));
+    LineProgress progress(size.height(), step < size.height());
+    for (int first = 0; first < size.height(); first += step) {
+        const PixelLines lines{first, std::min(first + step, size.height())};
+        band.Draw(lines, [&](QPainter& painter) { picture.draw(painter, scale, Medium::Raster); });
+        if (std::string error = WriteLines(band.Image(), lines, writer, progress); !error.empty()) {
+            return error;
+        }
+        band.Release(lines);
+    }
+    return writer.End() ? "" : kNoMemory;
 }
 
 bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
@@ -90,15 +146,30 @@ bool EncodePdf(QBuffer& buffer, const Picture& picture) {
     return isWhole;
 }
 
-Encoder EncoderFor(const std::string& path) {
+/// Writes what an encoder makes in memory.
+template <Encoder encode>
+std::string WriteEncoded(const Picture& picture, const PutBytes& put) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!encode(buffer, picture)) {
+        return kNoMemory;
+    }
+    const QByteArray& bytes = buffer.data();
+    put(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    return {};
+}
+
+using PictureWriter = std::string (*)(const Picture& picture, const PutBytes& put);
+
+PictureWriter WriterFor(const std::string& path) {
     const QString lower = QString::fromStdString(path).toLower();
     if (lower.endsWith(QLatin1String(".png"))) {
-        return EncodePng;
+        return WritePng;
     }
     if (lower.endsWith(QLatin1String(".svg"))) {
-        return EncodeSvg;
+        return WriteEncoded<EncodeSvg>;
     }
-    return lower.endsWith(QLatin1String(".pdf")) ? EncodePdf : nullptr;
+    return lower.endsWith(QLatin1String(".pdf")) ? WriteEncoded<EncodePdf> : nullptr;
 }
 
 bool IsSensible(const PictureSize& size) {
@@ -119,22 +190,20 @@ void ForgetTime(QByteArray& pdf) {
 
 std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
                         const DrawPictureOn& draw) {
-    const Encoder encode = EncoderFor(path);
-    if (encode == nullptr) {
+    const PictureWriter write = WriterFor(path);
+    if (write == nullptr) {
         return "'" + path + "' ends in none of .png, .svg, .pdf";
     }
     if (!IsSensible(size)) {
         return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";
     }
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!encode(buffer, {size, QString::fromStdString(title), draw})) {
-        return "'" + path + "' could not be written: there is no memory for the picture";
+    const Picture picture{size, QString::fromStdString(DrawableText(title)), draw};
+    const std::string error =
+        WriteFileAtomically(path, [&](const PutBytes& put) { return write(picture, put); });
+    if (error.empty() || error == kPictureStopped) {
+        return error;
     }
-    const QByteArray& bytes = buffer.data();
-    const std::string error = WriteFileAtomically(
-        path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    return error.empty() ? error : "'" + path + "' could not be written: " + error;
+    return "'" + path + "' could not be written: " + error;
 }
 
 } // namespace quandrel

@@ -5,9 +5,9 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "platform/platform.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/painter_surface.h"
-#include "platform/qt/picture_file.h"
 #include "stereo/plot_driver.h"
 #include "stereo/text_lines.h"
 
@@ -158,7 +158,9 @@ std::string PictureName(const PlotRecord& record) {
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
     const QSizeF size = LayOut(options.part).size;
     const PictureSize picture{size.width(), size.height(),
-                              static_cast<double>(options.size) / kPictureHeight};
+                              static_cast<double>(options.size) / kPictureHeight,
+                              options.bandBytes};
+    const BusyPointer busy(*gPlatform.status);
     return SavePicture(path, picture, ActiveRecord().PlotTitle,
                        [&options](QPainter& painter, double factor, Medium medium) {
                            DrawPicture(painter, options.part, factor, medium);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/plot_record.h"
+#include "platform/qt/picture_file.h"
 
 #include <QImage>
 
@@ -18,6 +19,7 @@ struct PictureOptions {
     /// Height in pixels of a PNG. Lines, symbols and texts grow with it.
     int size = 1000;
     PicturePart part = PicturePart::WholePlot;
+    std::size_t bandBytes = kBytesInBand; ///< of a large PNG, see PictureSize
 };
 
 /// Height of every picture in logical pixels; a vector file is this large, 96 to the inch.
@@ -29,7 +31,7 @@ inline constexpr int kPictureHeight = 600;
 /// Draws gActivePlot into a file whose ending says what it is: .png, .svg, .pdf. Nothing is worked
 /// out anew.
 ///
-/// @return empty, or a text for the user that says why there is no picture
+/// @return what SavePicture gives
 [[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
 
 enum class PlotImagePart { Net, Legend };

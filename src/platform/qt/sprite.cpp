@@ -3,6 +3,7 @@
 #include "platform/qt/sprite.h"
 
 #include <QPaintDevice>
+#include <QRegion>
 #include <QTransform>
 
 #include <algorithm>
@@ -25,14 +26,26 @@ QRgb Over(QRgb ink, QRgb ground) {
 
 } // namespace
 
-QImage* PlainImageUnder(const QPainter& painter) {
+std::optional<PlainTarget> PlainTargetOf(const QPainter& painter) {
     QPaintDevice* const device = painter.isActive() ? painter.device() : nullptr;
-    if (device == nullptr || device->devType() != QInternal::Image || painter.hasClipping()
+    if (device == nullptr || device->devType() != QInternal::Image
         || !painter.deviceTransform().isIdentity()) {
-        return nullptr;
+        return std::nullopt;
     }
-    auto* const image = static_cast<QImage*>(device);
-    return image->format() == QImage::Format_RGB32 ? image : nullptr;
+    auto& image = *static_cast<QImage*>(device);
+    PixelLines lines{0, image.height()};
+    if (painter.hasClipping()) {
+        const QRegion clip = painter.clipRegion();
+        const QRect box = clip.boundingRect();
+        if (clip.rectCount() != 1 || box.left() > 0 || box.right() < image.width() - 1) {
+            return std::nullopt;
+        }
+        lines = {std::max(box.top(), 0), std::min(box.bottom() + 1, image.height())};
+    }
+    if (image.format() != QImage::Format_RGB32) {
+        return std::nullopt;
+    }
+    return PlainTarget{image, lines};
 }
 
 Sprite::Sprite(const QImage& picture, QPoint origin) {
@@ -69,21 +82,22 @@ void Sprite::AddRuns(const QRgb* pixels, int width, int line, int originX) {
     }
 }
 
-void Sprite::StampOn(QImage& image, int x, int y) const {
+void Sprite::StampOn(const PlainTarget& target, int x, int y) const {
+    const QImage& image = target.image;
     // constBits, for bits would look for other users of the image at each stamp.
     auto* const bits = reinterpret_cast<QRgb*>(const_cast<uchar*>(image.constBits()));
     const qsizetype stride = image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     const int imageWidth = image.width();
-    const int imageHeight = image.height();
-    const bool isInside =
-        x + left_ >= 0 && y + top_ >= 0 && x + right_ <= imageWidth && y + bottom_ <= imageHeight;
+    const auto [firstLine, endLine] = target.lines;
+    const bool isInside = x + left_ >= 0 && y + top_ >= firstLine && x + right_ <= imageWidth
+                          && y + bottom_ <= endLine;
     for (const Run& run : runs_) {
         int from = x + run.left;
         int to = from + run.length;
         const QRgb* ink = &inks_[run.first];
         const int line = y + run.line;
         if (!isInside) {
-            if (line < 0 || line >= imageHeight || to <= 0 || from >= imageWidth) {
+            if (line < firstLine || line >= endLine || to <= 0 || from >= imageWidth) {
                 continue;
             }
             ink += std::max(-from, 0);

@@ -4,17 +4,26 @@
 
 #pragma once
 
+#include "platform/qt/band_image.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QPoint>
 
+#include <optional>
 #include <vector>
 
 namespace quandrel {
 
-/// The image under a painter when pixels may be written to it as the painter would: RGB32, not
-/// clipped, nothing moved or scaled. Else a null pointer.
-[[nodiscard]] QImage* PlainImageUnder(const QPainter& painter);
+/// An image with the lines of it that may be drawn on.
+struct PlainTarget {
+    QImage& image;
+    PixelLines lines;
+};
+
+/// The image under a painter when pixels may be written to it as the painter would: RGB32, clipped
+/// to whole lines at most, nothing moved or scaled. Else nothing.
+[[nodiscard]] std::optional<PlainTarget> PlainTargetOf(const QPainter& painter);
 
 /// The inked pixels of a picture, as runs.
 class Sprite {
@@ -23,8 +32,8 @@ public:
     /// @param origin   the pixel of the picture that falls on the place of a stamp
     Sprite(const QImage& picture, QPoint origin);
 
-    /// Lays the picture over an RGB32 image; what falls outside is left out.
-    void StampOn(QImage& image, int x, int y) const;
+    /// Lays the picture over an RGB32 image; what falls outside its lines is left out.
+    void StampOn(const PlainTarget& target, int x, int y) const;
 
 private:
     /// Neighbouring pixels of one line that are all solid, or all between solid and clear.

@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: MIT
 
 #include "image_checks.h"
+#include "platform/platform.h"
 #include "platform/qt/picture_file.h"
+#include "platform/quiet_status_line.h"
 
 #include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace quandrel {
 namespace {
@@ -23,6 +30,13 @@ namespace fs = std::filesystem;
 
 class PictureFile : public ::testing::Test {
 protected:
+    void SetUp() override {
+        gPlatform = {};
+        gPlatform.status = &status;
+    }
+
+    void TearDown() override { gPlatform = {}; }
+
     [[nodiscard]] std::string Path(const std::string& name) const {
         return (fs::path(folder.path().toStdString()) / name).string();
     }
@@ -51,6 +65,7 @@ protected:
         return SavePicture(path, {100, 50, scale}, "A < B & C", Draw);
     }
 
+    QuietStatusLine status;
     QTemporaryDir folder;
 };
 
@@ -165,6 +180,94 @@ TEST_F(PictureFile, SizesThatNobodyMeansAreRefused) {
         EXPECT_NE(SavePicture(Path("a.png"), size, "", Draw), "") << size.width;
     }
     EXPECT_EQ(CountFiles(), 0U);
+}
+
+/// Shapes, lines, arcs, markers and texts all over a picture of 300 by 200.
+void DrawMuch(QPainter& painter, double factor, Medium medium) {
+    PainterSurface surface(painter, QRectF(0, 0, 300 * factor, 200 * factor), factor, medium);
+    surface.SetUserScale({0, 0, 300, -200});
+    DrawState state;
+    for (int i = 0; i < 30; ++i) {
+        state.drawStyle = i % 5;
+        state.drawWidth = 0.5 + i % 7 * 0.45; // a pixel or more, as in all pictures with bands
+        state.fillStyle = i % 8;
+        state.fillColour = {static_cast<std::uint8_t>(i * 8), 120, 200};
+        state.font.points = 6 + i % 9;
+        surface.SetState(state);
+        const double at = 9.37 * i;
+        surface.Line({at, -3.1}, {300 - at, -197.3}, kBlack);
+        surface.Arc({150.2, -100.7}, 20 + 2.9 * i, 0.1 * i, 0.1 * i + 2.7, {200, 30, 30});
+        surface.Wedge({at, -60.5 - i}, 17, 0.3, 2.1, {10, 90, 10});
+        surface.Circle({300 - at, -150.3 + i}, 11.3, kBlack);
+        surface.Text({at, -6.5 * i}, "Bedding 045/30 \xc3\xa9");
+        surface.FilledBox({at, -6.3 * i}, {at + 4.4, -6.3 * i - 2.2}, {0, 0, 160});
+        surface.SetPixel({at, -100.4}, kBlack);
+    }
+    const Glyph glyph{"a", {{GlyphPart::Kind::Circle, GlyphPart::Ink::White, {{0, 0}}, 3.3}}};
+    const Glyph large{"b", {{GlyphPart::Kind::Circle, GlyphPart::Ink::Filled, {{0, 0}}, 60}}};
+    std::vector<Point> places;
+    for (int i = 0; i < 400; ++i) {
+        places.push_back({i * 37 % 300 + 0.21 * (i % 5), -(i * 53 % 200) - 0.13 * (i % 7)});
+    }
+    surface.Markers(large, {250, 240, 200}, std::span(places).first(2));
+    surface.Markers(glyph, {0, 60, 120}, places);
+}
+
+TEST_F(PictureFile, BandsCannotBeSeen) {
+    const double scale = 2.35;
+    QImage whole(705, 470, QImage::Format_RGB32);
+    whole.fill(Qt::white);
+    {
+        QPainter painter(&whole);
+        DrawMuch(painter, scale, Medium::Raster);
+    }
+    EXPECT_GT(CountOther(whole, qRgb(255, 255, 255)), 20000);
+    for (const std::size_t lines : {13, 64, 101, 469, 470, 5000}) {
+        const PictureSize size{300, 200, scale, lines * 705 * 4};
+        ASSERT_EQ(SavePicture(Path("a.png"), size, "", DrawMuch), "");
+        const QImage written = QImage(QString::fromStdString(Path("a.png")));
+        EXPECT_EQ(written.convertToFormat(QImage::Format_RGB32), whole)
+            << lines << " lines: " << LargestDifference(written, whole);
+        EXPECT_EQ(written.dotsPerMeterX(), 8882) << "96 dots an inch, 2.35 times";
+    }
+}
+
+/// The most memory that this program has held so far, in megabytes.
+long PeakMegabytes() {
+    struct rusage usage {};
+
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+TEST_F(PictureFile, ALargePngTakesTheMemoryOfABand) {
+    const long before = PeakMegabytes();
+    // 12000 by 8000 pixels, 384 MB.
+    const PictureSize size{300, 200, 40, std::size_t{16} << 20};
+    ASSERT_EQ(SavePicture(Path("a.png"), size, "", Draw), "");
+    EXPECT_LT(PeakMegabytes() - before, 64);
+    QImageReader reader(QString::fromStdString(Path("a.png")));
+    EXPECT_EQ(reader.size(), QSize(12000, 8000));
+}
+
+TEST_F(PictureFile, ALongPngShowsHowFarItIsAndCanBeStopped) {
+    bool wasShown = false;
+    const auto slowly = [&](QPainter&, double, Medium) {
+        const auto start = std::chrono::steady_clock::now();
+        while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(1)) {
+        }
+        wasShown = wasShown || status.ProgressIsShown();
+    };
+    const PictureSize size{10, 600, 1, 40}; // a band is a line
+    EXPECT_EQ(SavePicture(Path("a.png"), size, "", slowly), "");
+    EXPECT_TRUE(wasShown);
+    EXPECT_FALSE(status.ProgressIsShown());
+    const std::string before = Bytes(Path("a.png"));
+    status.RequestCancel();
+    EXPECT_EQ(SavePicture(Path("a.png"), size, "", slowly), kPictureStopped);
+    EXPECT_EQ(Bytes(Path("a.png")), before);
+    EXPECT_EQ(CountFiles(), 1U);
+    EXPECT_FALSE(status.ProgressIsShown());
 }
 
 } // namespace

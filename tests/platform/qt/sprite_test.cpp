@@ -38,7 +38,7 @@ TEST(Sprite, IsStampedLikeThePainterDrawsImages) {
     for (const QPoint place :
          {QPoint(30, 20), QPoint(33, 22), QPoint(1, 20), QPoint(59, 20), QPoint(30, 2),
           QPoint(30, 39), QPoint(0, 0), QPoint(60, 40), QPoint(-100, 5), QPoint(5, 1000)}) {
-        sprite.StampOn(stamped, place.x(), place.y());
+        sprite.StampOn({stamped, {0, stamped.height()}}, place.x(), place.y());
         painter.drawImage(place - QPoint(5, 7), picture);
     }
     painter.end();
@@ -50,28 +50,51 @@ TEST(Sprite, OfNothingStampsNothing) {
     QImage clear(8, 8, QImage::Format_ARGB32_Premultiplied);
     clear.fill(Qt::transparent);
     QImage image = WhiteImage(8, 8);
-    Sprite(clear, {4, 4}).StampOn(image, 4, 4);
+    Sprite(clear, {4, 4}).StampOn({image, {0, 8}}, 4, 4);
     EXPECT_EQ(CountOther(image, qRgb(255, 255, 255)), 0);
 }
 
-TEST(PlainImageUnder, IsOnlyThereWhenPixelsLieWhereThePainterPutsThem) {
+TEST(Sprite, StaysWithinItsLines) {
+    const QImage picture = RandomPicture(12);
+    const Sprite sprite(picture, {5, 7});
+    QImage whole = WhiteImage(20, 30);
+    sprite.StampOn({whole, {0, 30}}, 10, 15);
+    for (const PixelLines lines : {PixelLines{0, 12}, PixelLines{12, 13}, PixelLines{13, 30}}) {
+        QImage part = WhiteImage(20, 30);
+        sprite.StampOn({part, lines}, 10, 15);
+        const QRect band(0, lines.first, 20, lines.end - lines.first);
+        EXPECT_EQ(part.copy(band), whole.copy(band));
+        EXPECT_EQ(CountOther(part, qRgb(255, 255, 255)),
+                  CountOther(whole.copy(band), qRgb(255, 255, 255)));
+    }
+}
+
+TEST(PlainTargetOf, IsOnlyThereWhenPixelsLieWhereThePainterPutsThem) {
     QImage image = WhiteImage(10, 10);
     QPainter painter(&image);
-    EXPECT_EQ(PlainImageUnder(painter), &image);
+    const std::optional<PlainTarget> whole = PlainTargetOf(painter);
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(&whole->image, &image);
+    EXPECT_EQ(whole->lines, (PixelLines{0, 10}));
+    painter.setClipRect(QRect(0, 3, 10, 4));
+    ASSERT_TRUE(PlainTargetOf(painter)) << "clipped to whole lines";
+    EXPECT_EQ(PlainTargetOf(painter)->lines, (PixelLines{3, 7}));
     painter.setClipRect(QRect(0, 0, 5, 5));
-    EXPECT_EQ(PlainImageUnder(painter), nullptr) << "clipped";
+    EXPECT_FALSE(PlainTargetOf(painter)) << "clipped within lines";
+    painter.setClipRegion(QRegion(0, 0, 10, 2) + QRegion(0, 5, 10, 2));
+    EXPECT_FALSE(PlainTargetOf(painter)) << "clipped to two bands";
     painter.setClipping(false);
     painter.translate(1, 0);
-    EXPECT_EQ(PlainImageUnder(painter), nullptr) << "moved";
+    EXPECT_FALSE(PlainTargetOf(painter)) << "moved";
     painter.end();
-    EXPECT_EQ(PlainImageUnder(painter), nullptr) << "not begun";
+    EXPECT_FALSE(PlainTargetOf(painter)) << "not begun";
     image.setDevicePixelRatio(2);
     painter.begin(&image);
-    EXPECT_EQ(PlainImageUnder(painter), nullptr) << "scaled";
+    EXPECT_FALSE(PlainTargetOf(painter)) << "scaled";
     painter.end();
     QImage other(10, 10, QImage::Format_ARGB32_Premultiplied);
     painter.begin(&other);
-    EXPECT_EQ(PlainImageUnder(painter), nullptr) << "another format";
+    EXPECT_FALSE(PlainTargetOf(painter)) << "another format";
     painter.end();
 }
 
