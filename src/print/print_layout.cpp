@@ -77,6 +77,32 @@ PageRect FittingArea(const Sheet& paper) {
     return {rim, rim, paper.width - 2 * rim, paper.height - 2 * rim};
 }
 
+std::vector<int> PlotsOverEdge(const PrintLayout& layout) {
+    constexpr double kRounding = 0.05; // millimetres; boxes show no more
+    std::vector<int> slots;
+    for (const PlotOnPage& plot : layout.plots) {
+        const double room = plot.radius - kRounding;
+        if (plot.centreX < room || layout.paper.width - plot.centreX < room || plot.centreY < room
+            || layout.paper.height - plot.centreY < room) {
+            slots.push_back(plot.slot);
+        }
+    }
+    return slots;
+}
+
+std::string OverEdgeText(const std::vector<int>& slots) {
+    std::string numbers;
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        numbers += i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
+        numbers += std::to_string(slots[i]);
+    }
+    if (slots.empty()) {
+        return {};
+    }
+    return (slots.size() == 1 ? "Plot " + numbers + " reaches" : "Plots " + numbers + " reach")
+           + " over the edge of the paper";
+}
+
 void FitToPage(PrintLayout& layout) {
     layout.fitsPage = true;
     const std::vector<PlotPlaces> places =

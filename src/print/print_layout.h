@@ -67,6 +67,13 @@ inline constexpr double kLeastRadius = 5; ///< of a net, millimetres
 /// The part of the paper that plots are fitted into.
 [[nodiscard]] PageRect FittingArea(const Sheet& paper);
 
+/// The numbers of the plots whose nets reach over an edge of the paper, in their order.
+[[nodiscard]] std::vector<int> PlotsOverEdge(const PrintLayout& layout);
+
+/// A sentence that names these plots: "Plots 1 and 3 reach over the edge of the paper"; empty
+/// without one.
+[[nodiscard]] std::string OverEdgeText(const std::vector<int>& slots);
+
 /// Makes the plots as large as the page allows: one alone in its middle, by the paper's smaller
 /// side; several in a grid of cells. Each has room for legend and texts beside or below its net,
 /// and nothing overlaps.

@@ -51,7 +51,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuFileCopyStats_0", "Copy &statistics to Clipboard", kNone, "statistics", kNone},
     {"mnuFileCopyStats_1", "Copy &advanced statistics to Clipboard", kNone, kNone, kNone},
     {"mnuFilePrint_0", "&Print...", "Print plots", "print", "Ctrl+P"},
-    {"mnuFilePrint_1", "Prin&ter Setup...", kNone, kNone, kNone},
+    {"mnuFilePrint_1", "Prin&ter Setup...", "Choose printer, paper and orientation", "print", kNone},
     {"mnuFileMILink", "Link to Mapinfo...", "Link to a map", "map_link", kNone},
     {"mnuFileQuit", "&Quit", "Leave the program", "quit", "Ctrl+Q"},
     // Edit

@@ -155,6 +155,7 @@ void frmPrintDialog::ShowPage() {
         ShowMark(i, scale);
     }
     optScale[layout_.fitsPage ? 0 : 1]->setChecked(true);
+    lblOverEdge->setText(QString::fromStdString(OverEdgeText(PlotsOverEdge(layout_))));
 }
 
 void frmPrintDialog::ShowMark(std::size_t index, double scale) {
@@ -177,6 +178,8 @@ void frmPrintDialog::ShowMark(std::size_t index, double scale) {
     circle.setStyleSheet(QString("border: %1; border-radius: %2px; background: transparent")
                              .arg(index == Current() ? "2px solid #0050c0" : "1px solid black")
                              .arg(side / 2));
+    PlotNo[index]->setText(QString::number(plot.slot));
+    circle.setAccessibleName(QString("Plot %1 on the page").arg(plot.slot));
     PlotNo[index]->adjustSize();
     PlotNo[index]->move(circle.geometry().center() - PlotNo[index]->rect().center());
     shpLegend[index]->setGeometry(pixels(plot.texts.left), pixels(plot.texts.top),

@@ -64,6 +64,7 @@ public:
     std::array<QSlider*, 2> SldCentre{};
     std::array<QLabel*, 2> lblXY{};
     QLabel* lblCentre = nullptr;
+    QLabel* lblOverEdge = nullptr; ///< names plots whose nets reach over the edge
     QGroupBox* fraDestination = nullptr;
     QLabel* lblDefaultPrinter = nullptr;
     QLabel* lblPrinterName = nullptr;

@@ -2,6 +2,7 @@
 //
 // The controls of the print layout dialog and where they stand.
 
+#include "shell/bad_text.h"
 #include "shell/frm_print_dialog.h"
 
 #include <QButtonGroup>
@@ -91,12 +92,11 @@ void frmPrintDialog::AddPageMarks() {
         legend->setObjectName(Numbered("shpLegend", index));
         legend->setStyleSheet("border: 1px dashed #909090; background: transparent");
         legend->setToolTip("Room for the legend and texts of the plot");
-        auto* number = new QLabel(QString::number(index + 1), picPage);
+        auto* number = new QLabel(picPage);
         number->setObjectName(Numbered("PlotNo", index));
         number->setStyleSheet("color: black; background: transparent");
         auto* circle = new QLabel(picPage);
         circle->setObjectName(Numbered("picPlotCircle", index));
-        circle->setAccessibleName(QString("Plot %1 on the page").arg(index + 1));
         circle->setCursor(Qt::SizeAllCursor);
         circle->installEventFilter(this);
         shpLegend.push_back(legend);
@@ -149,7 +149,7 @@ void frmPrintDialog::MakeScale() {
     txtScale->setObjectName("txtScale");
     txtScale->setToolTip("Radius of the net on paper");
     sldScale = MakeSlider("sldScale", "Size");
-    addRow(1, MakeLabel("lblScale", "Si&ze"), txtScale, sldScale);
+    addRow(1, MakeLabel("lblScale", "Si&ze (radius)"), txtScale, sldScale);
     cboScaleUnits = new QComboBox;
     cboScaleUnits->setObjectName("cboScaleUnits");
     cboScaleUnits->addItems({kPageUnitNames[0], kPageUnitNames[1]});
@@ -168,6 +168,12 @@ void frmPrintDialog::MakeScale() {
         SldCentre[i] = MakeSlider(Numbered("SldCentre", i), kCentres[i]);
         addRow(4 + static_cast<int>(i), lblXY[i], txtCentre[i], SldCentre[i]);
     }
+    lblOverEdge = MakeLabel("lblOverEdge", {});
+    lblOverEdge->setAccessibleName("Plots over the edge");
+    QPalette colours;
+    colours.setColor(QPalette::WindowText, BadTextColour());
+    lblOverEdge->setPalette(colours);
+    grid->addWidget(lblOverEdge, 6, 0, 1, 4);
     grid->setColumnStretch(3, 1);
 }
 

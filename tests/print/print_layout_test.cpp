@@ -142,5 +142,29 @@ TEST(TakePaper, FitsAnewOrKeepsPlotsOnThePaper) {
     EXPECT_FALSE(placed.fitsPage);
 }
 
+TEST(PrintLayout, NamesTheNetsThatReachOverTheEdge) {
+    PrintLayout layout;
+    layout.paper = {210, 297, 0};
+    for (const int slot : {1, 4, 7}) {
+        SelectPlot(layout, slot);
+    }
+    EXPECT_TRUE(PlotsOverEdge(layout).empty()) << "fitted";
+    EXPECT_EQ(OverEdgeText({}), "");
+    for (std::size_t i = 0; i < 3; ++i) {
+        SizePlot(layout, i, 50);
+        MovePlot(layout, i, 105, 148);
+    }
+    EXPECT_TRUE(PlotsOverEdge(layout).empty());
+    MovePlot(layout, 1, 160, 148); // touches the edge
+    EXPECT_TRUE(PlotsOverEdge(layout).empty());
+    MovePlot(layout, 1, 161, 148);
+    EXPECT_EQ(PlotsOverEdge(layout), (std::vector<int>{4}));
+    EXPECT_EQ(OverEdgeText(PlotsOverEdge(layout)), "Plot 4 reaches over the edge of the paper");
+    MovePlot(layout, 0, 105, 49);
+    MovePlot(layout, 2, 105, 248);
+    EXPECT_EQ(OverEdgeText(PlotsOverEdge(layout)),
+              "Plots 1, 4 and 7 reach over the edge of the paper");
+}
+
 } // namespace
 } // namespace quandrel

@@ -111,7 +111,7 @@ TEST_F(PrintDialogTest, HasTheTextsOfItsControls) {
     const std::map<std::string, QString> texts = {{"lblDefaultPrinter", "Default Printer:"},
                                                   {"lblCentre", "from top left "},
                                                   {"lblLocation", "Location of Centre"},
-                                                  {"lblScale", "Size"},
+                                                  {"lblScale", "Size (radius)"},
                                                   {"lblScaleUnits", "units"},
                                                   {"lblXY_0", "Horiz."},
                                                   {"lblXY_1", "Vert."}};
@@ -162,12 +162,24 @@ TEST_F(PrintDialogTest, PutsPlotsOnThePageAndTakesThemOff) {
     EXPECT_EQ(Plot(1).slot, 3);
     EXPECT_TRUE(dialog->txtScale->isEnabled());
     EXPECT_TRUE(dialog->picPlotCircle[1]->isVisible());
-    EXPECT_EQ(dialog->PlotNo[1]->text(), "2");
+    EXPECT_EQ(dialog->PlotNo[0]->text(), "2") << "the numbers of the plots";
+    EXPECT_EQ(dialog->PlotNo[1]->text(), "3");
     Choose("Plot 2: hinges.txt");
     Click(dialog->cmdSelect[1]);
     ASSERT_EQ(dialog->Layout().plots.size(), 1U);
     EXPECT_EQ(Plot(0).slot, 3);
+    EXPECT_EQ(dialog->PlotNo[0]->text(), "3");
+    EXPECT_EQ(dialog->picPlotCircle[0]->accessibleName(), "Plot 3 on the page");
     EXPECT_FALSE(dialog->picPlotCircle[1]->isVisible());
+}
+
+TEST_F(PrintDialogTest, TellsOfANetThatIsPushedOverTheEdge) {
+    Open();
+    EXPECT_EQ(dialog->lblOverEdge->text(), "");
+    dialog->SldCentre[0]->setValue(dialog->SldCentre[0]->maximum());
+    EXPECT_EQ(dialog->lblOverEdge->text(), "Plot 2 reaches over the edge of the paper");
+    dialog->optScale[0]->click();
+    EXPECT_EQ(dialog->lblOverEdge->text(), "");
 }
 
 TEST_F(PrintDialogTest, ConvertsWhatItShowsAndKeepsFullPrecision) {
