@@ -4,7 +4,10 @@
 
 #include "batch/dump.h"
 #include "batch/field_access.h"
+#include "batch/field_rules.h"
+#include "batch/key_values.h"
 #include "batch/plot_commands.h"
+#include "batch/standard_streams.h"
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/formulas.h"
@@ -24,16 +27,18 @@
 #include "program/recalculate.h"
 #include "program/reference.h"
 #include "program/start.h"
+#include "statistics/confidence_cone.h"
 #include "stereo/axis_rows.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"
 #include "stereo/row_positions.h"
 
-#include <nlohmann/json.hpp>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <ostream>
 #include <set>
@@ -59,84 +64,9 @@ std::string OnOneLine(std::string text) {
     return text;
 }
 
-/// Fields whose change moves rows, or changes what is counted.
-bool MovesRows(const std::string& field) {
-    return field == "PlotKind" || field == "DataKind" || field == "ShowSecondary"
-           || field == "PrimaryFormat" || field == "SecondaryFormat"
-           || field.starts_with("OverlayKind");
-}
-
-/// Fields that are an edit of the plot: its texts, its styles and its marks. What is shown, and
-/// how, is not.
-bool IsEdit(const std::string& name) {
-    static const std::set<std::string> edits = {
-        "DescriptionText", "FabricText",        "AppNumName",         "AppNonNumName",
-        "PlotTitle",       "AxisItems",         "ClassTable",         "ClassStats",
-        "ClassLow",        "ClassHigh",         "ClassWidth",         "ClassMode",
-        "NumClasses",      "RoseShape",         "RoseType",           "RoseEqualArea",
-        "RoseSectorSize",  "RoseOddSectorSize", "RoseStartAngle",     "RoseScaleType",
-        "RoseHistStyle",   "RoseSegShape",      "RoseSectorFraction", "RoseZeroCircle",
-        "RoseBiasMode",    "RoseSamplePlunge",  "RoseSampleTrend",    "RoseMinBiasAngle"};
-    return edits.contains(name);
-}
-
-/// The values that a field may take from a script.
-struct FieldRange {
-    double lowest = 0;
-    double highest = 0;
-};
-
-/// Fields whose values index tables or choose procedures.
-const std::map<std::string, FieldRange>& FieldRanges() {
-    static const std::map<std::string, FieldRange> ranges = {
-        {"PlotKind", {kEqualArea, kRose}},
-        {"DataKind", {kPlanes, kPolarLines}},
-        {"PrimaryFormat", {0, kPrimaryLine}},
-        {"SecondaryFormat", {kNoSecondary, kHadeInPlane}},
-        {"PlotSymbolMode", {kGreatCircles, kContoursAndGrid}},
-        {"OverlayKind", {kOverlayGreatCircles, kOverlayPolarLines}},
-        {"GridSize", {0, 150}},
-        {"NumClasses", {0, 4}},
-        {"ClassMode", {0, 3}},
-    };
-    return ranges;
-}
-
-/// Fields that keep account of the rows; they follow from what is loaded.
-bool KeepsAccount(const std::string& name) {
-    static const std::set<std::string> names = {
-        "NumData",  "NumValidData",    "NumLoadedData",  "NumFiles",        "OverlayRows",
-        "SlotFree", "SelectedOverlay", "NumContours",    "KinematicState",  "IntersectionState",
-        "GridSize", "DensityCount",    "GridDensityMax", "PointDensityMax", "NumClassified"};
-    return names.contains(name);
-}
-
 /// The set that is shown now is plotted as what it is.
 void FollowShownSet(PlotRecord& record) {
     record.DataKind = DataKindOfSet(ShowsPlaneData(record), record.DataKind);
-}
-
-/// What is wrong with a value for a field, or nothing.
-std::string RefusalOf(const std::string& field, const std::string& value) {
-    const std::string name = field.substr(0, field.find('['));
-    if (KeepsAccount(name)) {
-        return "'" + name + "' follows from the rows and cannot be set";
-    }
-    const auto range = FieldRanges().find(name);
-    const std::optional<double> number = ReadNumber(value);
-    if (range != FieldRanges().end()
-        && (!number || *number < range->second.lowest || *number > range->second.highest)) {
-        return "'" + value + "' is no value of " + name;
-    }
-    if (name == "ShowSecondary" && number && *number != 0
-        && ActiveRecord().SecondaryFormat == kNoSecondary) {
-        return "the plot holds no secondary set";
-    }
-    if (name == "PlotSymbolMode" && number
-        && MixesAxes(ActiveRecord(), static_cast<int>(*number))) {
-        return kMixedAxesRefusal;
-    }
-    return {};
 }
 
 /// The statistics of a kind as they stand.
@@ -150,13 +80,17 @@ std::string StatisticsText(const std::string& kind) {
 
 } // namespace
 
-BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside)
+BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside,
+                           InputUse input)
     : out_(out)
     , log_(log)
+    , input_(input)
     , prompts_(ScriptedPrompts::Mode::Batch)
     , formerPlatform_(gPlatform) {
     prompts_.OnBox([this](const ShownBox& box) {
-        log_ << "[" << box.message.title << "] " << OnOneLine(box.message.text) << " -> "
+        const std::string text =
+            inputCopy_ != nullptr ? inputCopy_->Named(box.message.text) : box.message.text;
+        log_ << "[" << box.message.title << "] " << OnOneLine(text) << " -> "
              << ButtonName(box.answer) << '\n';
     });
     prompts_.OnFormat([this](const FormatQuestion& question) -> std::optional<FormatAnswer> {
@@ -205,6 +139,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"answer", {&BatchSession::Answer, its}},
         {"blank", {&BatchSession::Blank, none}},
         {"close", {&BatchSession::Close, none}},
+        {"cone", {&BatchSession::Cone, one}},
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
         {"format", {&BatchSession::Format, its}},
@@ -221,16 +156,22 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
     return handlers;
 }
 
-std::string BatchSession::Run(const std::vector<Command>& commands) {
-    for (const Command& command : commands) {
-        const std::string error = RunCommand(command);
-        if (!error.empty()) {
-            const std::string line =
-                command.line > 0 ? "line " + std::to_string(command.line) + ": " : "";
-            return line + command.name + ": " + error;
-        }
+std::string BatchSession::Run(const Command& command) {
+    const std::string error = RunCommand(command);
+    answers_->flush(); // whoever writes the script may wait for the answer
+    if (error.empty()) {
+        return error;
     }
-    return {};
+    const std::string line = command.line > 0 ? "line " + std::to_string(command.line) + ": " : "";
+    return line + command.name + ": " + error;
+}
+
+std::string BatchSession::Run(const std::vector<Command>& commands) {
+    std::string error;
+    for (auto command = commands.begin(); error.empty() && command != commands.end(); ++command) {
+        error = Run(*command);
+    }
+    return error;
 }
 
 std::string BatchSession::RunCommand(const Command& command) {
@@ -265,11 +206,35 @@ std::string BatchSession::OpenFile(const char* engineCommand, const Command& com
         return "a path is missing";
     }
     formatQuestions_ = 0;
+    if (*path == kStandardStream) {
+        return OpenStandardInput(engineCommand);
+    }
     if (OpenPlotFile(engineCommand, *path) == kLoadError) {
         return "'" + *path + "' was not loaded";
     }
     LogMissingFiles(*path);
     return {};
+}
+
+std::string BatchSession::OpenStandardInput(const char* engineCommand) {
+    if (input_ == InputUse::Script) {
+        return "the script comes from standard input; no data can";
+    }
+    if (input_ == InputUse::Read) {
+        return "standard input has been read already";
+    }
+    input_ = InputUse::Read;
+    Result<std::unique_ptr<InputCopy>> copy = InputCopy::Make(STDIN_FILENO);
+    if (!copy) {
+        return copy.Error();
+    }
+    inputCopy_ = std::move(*copy);
+    const bool isLoaded = OpenPlotFile(engineCommand, inputCopy_->Path()) != kLoadError;
+    if (isLoaded) {
+        inputCopy_->NameIn(ActiveRecord());
+    }
+    inputCopy_.reset();
+    return isLoaded ? "" : std::string(kStandardInputName) + " was not loaded";
 }
 
 std::string BatchSession::Activate(const Command& command) {
@@ -309,6 +274,23 @@ std::string BatchSession::Close(const Command&) {
     return error;
 }
 
+/// Shows or hides the 95% confidence cone, and prints the one that is shown.
+std::string BatchSession::Cone(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const std::string error =
+        TakeName({{"on", 1}, {"off", 0}}, command.Words(), ActiveRecord().ShowConfidenceCone);
+    if (!error.empty()) {
+        return error;
+    }
+    ReplotActivePlot(false);
+    if (ActiveRecord().ShowConfidenceCone) {
+        *answers_ << ConfidenceConeText() << '\n';
+    }
+    return {};
+}
+
 std::string BatchSession::Dump(const Command& command) {
     const std::optional<std::string> path = command.Bare(0);
     if (!path) {
@@ -317,10 +299,28 @@ std::string BatchSession::Dump(const Command& command) {
     if (const std::string error = NeedPlotAsSet(); !error.empty()) {
         return error;
     }
-    auto& form = static_cast<RecordingForm&>(FormOf(gActivePlot));
-    const nlohmann::ordered_json json = DumpActivePlot(prompts_, form.Plot());
-    const std::string error = WriteFileAtomically(
-        *path, json.dump(1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+    const auto dump = [this](JsonLayout layout, const PutBytes& put) {
+        const auto& form = static_cast<const RecordingForm&>(FormOf(gActivePlot));
+        return DumpActivePlot(prompts_, form.Plot(), layout, put);
+    };
+    if (*path == kStandardStream) {
+        // One line, as every answer of a script.
+        return dump(JsonLayout::OneLine,
+                    [this](std::string_view bytes) {
+                        return static_cast<bool>(
+                            out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())));
+                    })
+                   ? ""
+                   : "standard output could not be written";
+    }
+    const std::string error = WriteFileAtomically(*path, [&dump](const PutBytes& put) {
+        try {
+            // Of a write that fails the file knows why.
+            return dump(JsonLayout::Lines, put) ? std::string() : std::string("it is cut short");
+        } catch (const std::bad_alloc&) {
+            return std::string("there is not enough memory");
+        }
+    });
     return error.empty() ? error : "'" + *path + "' could not be written: " + error;
 }
 
@@ -370,7 +370,7 @@ std::string BatchSession::Get(const Command& command) {
     if (!text) {
         return text.Error();
     }
-    out_ << *text << '\n';
+    *answers_ << *text << '\n';
     return {};
 }
 
@@ -410,14 +410,14 @@ std::string BatchSession::Set(const Command& command) {
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
     }
-    std::string error = RefusalOf(*field, *value);
+    std::string error = RefusalOfField(*field, *value);
     const bool showedSecondary = ActiveRecord().ShowSecondary != 0;
     if (error.empty()) {
         error = SetField(ActiveRecord(), *field, *value);
     }
     if (error.empty()) {
         setPlots_.insert(gActivePlot);
-        if (IsEdit(field->substr(0, field->find('[')))) {
+        if (IsEditOfPlot(field->substr(0, field->find('[')))) {
             ActiveRecord().Modified = kTrue;
         }
     }
@@ -441,10 +441,11 @@ std::string BatchSession::Stats(const Command& command) {
     const std::string text = StatisticsText(kind);
     if (const auto load = gPlotLoads.find(gActivePlot);
         load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
-        out_ << LoadText(load->second) << '\n';
+        *answers_ << LoadText(load->second) << '\n';
     }
-    out_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData) : text)
-         << '\n';
+    *answers_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData)
+                               : text)
+              << '\n';
     return {};
 }
 

@@ -6,6 +6,7 @@
 
 #include "batch/format_command.h"
 #include "batch/script.h"
+#include "batch/standard_streams.h"
 #include "input/further_files.h"
 #include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
@@ -16,11 +17,19 @@
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace quandrel {
+
+/// What standard input is used for.
+enum class InputUse {
+    Free,   ///< data may be read from it
+    Script, ///< the commands come from it
+    Read,   ///< it has been read to its end
+};
 
 /// One run. There is one at a time, for the engine's tables are one: it sets gPlatform and starts
 /// the engine with the settings of a first run, so that a script means the same everywhere.
@@ -29,14 +38,21 @@ public:
     /// @param out  what commands print
     /// @param log  the boxes that the program showed, with their answers
     /// @param outside  what becomes of files that data files name outside their folder
-    BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside = OutsideFiles::Refuse);
+    BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside = OutsideFiles::Refuse,
+                 InputUse input = InputUse::Free);
     ~BatchSession();
     BatchSession(const BatchSession&) = delete;
     BatchSession& operator=(const BatchSession&) = delete;
 
+    /// What commands print goes there from now on; a dump to standard output stays on `out`.
+    void AnswerOn(std::ostream& answers) { answers_ = &answers; }
+
     /// Runs commands in order, up to the first that fails.
     /// @return empty, or what failed, with its line where it has one
     [[nodiscard]] std::string Run(const std::vector<Command>& commands);
+
+    /// Runs one command; what it prints is put out before this returns.
+    [[nodiscard]] std::string Run(const Command& command);
 
 private:
     struct Handler {
@@ -48,6 +64,7 @@ private:
 
     [[nodiscard]] std::string RunCommand(const Command& command);
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
+    [[nodiscard]] std::string OpenStandardInput(const char* engineCommand);
     [[nodiscard]] std::string NeedPlot() const;
 
     /// Names the files of a workspace that did not open, if the file was one.
@@ -61,6 +78,7 @@ private:
     std::string Answer(const Command& command);
     std::string Blank(const Command& command);
     std::string Close(const Command& command);
+    std::string Cone(const Command& command);
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
     std::string Format(const Command& command);
@@ -76,6 +94,9 @@ private:
 
     std::ostream& out_;
     std::ostream& log_;
+    std::ostream* answers_ = &out_;
+    InputUse input_;
+    std::unique_ptr<InputCopy> inputCopy_; ///< while data are read from standard input
     MemorySettingsStore settings_;
     MemoryClipboard clipboard_;
     QuietStatusLine status_;

@@ -5,6 +5,7 @@
 #include "batch/batch_session.h"
 #include "batch/script.h"
 #include "batch/script_file.h"
+#include "batch/standard_streams.h"
 #include "core/settings.h"
 
 #include <CLI/CLI.hpp>
@@ -61,13 +62,15 @@ OutsideFiles OutsideFilesOf(const BatchOptions& options) {
     return options.allowOutside ? OutsideFiles::Read : OutsideFiles::Refuse;
 }
 
+/// @param answers  takes what commands print, but for a dump
 int RunCommands(const Result<Commands>& commands, OutsideFiles outside, std::ostream& out,
-                std::ostream& log) {
+                std::ostream& log, std::ostream& answers) {
     if (!commands) {
         log << kProgram << commands.Error() << '\n';
         return kBatchFailed;
     }
     BatchSession session(out, log, outside);
+    session.AnswerOn(answers);
     const std::string error = session.Run(*commands);
     if (!error.empty()) {
         log << kProgram << error << '\n';
@@ -76,13 +79,50 @@ int RunCommands(const Result<Commands>& commands, OutsideFiles outside, std::ost
     return kBatchDone;
 }
 
-int RunScript(const std::string& path, OutsideFiles outside, std::ostream& out, std::ostream& log) {
-    const Result<std::string> text = ReadScriptFile(path);
-    if (!text) {
-        log << kProgram << "the script '" << path << "' cannot be read: " << text.Error() << '\n';
-        return kBatchBadUsage;
+/// Runs the commands that are whole. Nothing, or the exit code when one fails.
+std::optional<int> RunWholeCommands(ScriptReader& reader, BatchSession& session,
+                                    std::ostream& log) {
+    for (;;) {
+        const Result<std::optional<Command>> command = reader.Next();
+        if (command && !command->has_value()) {
+            return std::nullopt;
+        }
+        const std::string error = command ? session.Run(**command) : command.Error();
+        if (!error.empty()) {
+            log << kProgram << error << '\n';
+            return kBatchFailed;
+        }
     }
-    return RunCommands(ParseScript(*text, CommandBreak::LineOnly), outside, out, log);
+}
+
+/// Runs each command as soon as its line has come.
+int RunScript(const std::string& path, OutsideFiles outside, std::ostream& out, std::ostream& log) {
+    const auto unreadable = [&](const std::string& why) {
+        log << kProgram << "the script '" << path << "' cannot be read: " << why << '\n';
+        return kBatchBadUsage;
+    };
+    Result<ScriptSource> source = ScriptSource::Open(path);
+    if (!source) {
+        return unreadable(source.Error());
+    }
+    ScriptReader reader(CommandBreak::LineOnly);
+    BatchSession session(out, log, outside,
+                         path == kStandardStream ? InputUse::Script : InputUse::Free);
+    for (bool hasEnded = false; !hasEnded;) {
+        const Result<std::string> text = source->Read();
+        if (!text) {
+            return unreadable(text.Error());
+        }
+        hasEnded = text->empty();
+        reader.Add(*text);
+        if (hasEnded) {
+            reader.End();
+        }
+        if (const std::optional<int> failed = RunWholeCommands(reader, session, log)) {
+            return *failed;
+        }
+    }
+    return kBatchDone;
 }
 
 int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& log) {
@@ -95,10 +135,13 @@ int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& l
     if (!options.script.empty()) {
         return RunScript(options.script, OutsideFilesOf(options), out, log);
     }
-    return RunCommands(options.commands.empty()
-                           ? CommandsOfShortForm(options)
-                           : ParseScript(options.commands, CommandBreak::SemicolonToo),
-                       OutsideFilesOf(options), out, log);
+    if (!options.commands.empty()) {
+        return RunCommands(ParseScript(options.commands, CommandBreak::SemicolonToo),
+                           OutsideFilesOf(options), out, log, out);
+    }
+    // JSON on standard output has it for itself.
+    return RunCommands(CommandsOfShortForm(options), OutsideFilesOf(options), out, log,
+                       options.json == kStandardStream ? log : out);
 }
 
 /// The exit code of a run that printed what it had to, or that of one whose output is lost.
@@ -115,7 +158,8 @@ int ExitAfter(int exitCode, std::ostream& out, std::ostream& log) {
 std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptions& options) {
     CLI::App app{"Stereonets from orientation data, without a screen.", "quandrel-batch"};
     app.set_version_flag("--version", gCaption);
-    CLI::Option* const data = app.add_option("DATA", options.data, "a data file to plot");
+    CLI::Option* const data =
+        app.add_option("DATA", options.data, "a data file to plot; - reads standard input");
     CLI::Option* const picture =
         app.add_option("-o,--output", options.picture, "picture to draw: .png, .svg or .pdf")
             ->needs(data);
@@ -123,7 +167,8 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
         ->check(CLI::Range(50, 20000))
         ->needs(picture);
     app.add_option("--save", options.save, "file to save the plot to: .qpx or .txt")->needs(data);
-    app.add_option("--json", options.json, "file for all data and results of the plot")
+    app.add_option("--json", options.json,
+                   "file for all data and results of the plot; - writes standard output")
         ->needs(data);
     app.add_option("--format", options.format, "format of the data, as for the command 'format'")
         ->needs(data);

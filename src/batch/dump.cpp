@@ -20,8 +20,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <bit>
 #include <cmath>
-#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
 
 namespace quandrel {
 
@@ -29,57 +32,118 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// An array of values, made one by one.
+template <class Count, class WriteOne>
+void WriteArray(JsonWriter& writer, const char* name, Count count, const WriteOne& writeOne) {
+    writer.Key(name);
+    writer.BeginArray();
+    for (Count i = 0; i < count; ++i) {
+        writeOne(i);
+    }
+    writer.EndArray();
+}
+
 /// A column of the active plot, from row 1 to the last one loaded.
 template <class Column>
-Json ColumnJson(const Column& column) {
-    Json array = Json::array();
-    for (std::int32_t row = 1; row <= ActiveRecord().NumLoadedData; ++row) {
-        array.push_back(column(gActivePlot, row));
-    }
-    return array;
+void WriteColumn(JsonWriter& writer, const char* name, const Column& column) {
+    WriteArray(writer, name, ActiveRecord().NumLoadedData, [&](std::int32_t i) {
+        const auto value = column(gActivePlot, i + 1);
+        using Value = std::remove_const_t<decltype(value)>;
+        if constexpr (std::is_floating_point_v<Value>) {
+            writer.Number(static_cast<double>(value));
+        } else if constexpr (std::is_integral_v<Value>) {
+            writer.Number(std::int64_t{value});
+        } else {
+            writer.Text(value);
+        }
+    });
 }
 
-Json CodesJson(const DataColumn<SymbolCode>& column) {
-    Json array = Json::array();
-    for (std::int32_t row = 1; row <= ActiveRecord().NumLoadedData; ++row) {
-        array.push_back(SymbolCodeText(column(gActivePlot, row)));
-    }
-    return array;
+/// Codes of symbols. Neighbours mostly have the same one, whose text is made once.
+void WriteCodes(JsonWriter& writer, const char* name, const DataColumn<SymbolCode>& column) {
+    SymbolCode last = 0;
+    std::string text = SymbolCodeText(last);
+    WriteArray(writer, name, ActiveRecord().NumLoadedData, [&](std::int32_t i) {
+        if (const SymbolCode code = column(gActivePlot, i + 1); code != last) {
+            last = code;
+            text = SymbolCodeText(code);
+        }
+        writer.Text(text);
+    });
 }
 
-Json RowsJson() {
+void WriteRows(JsonWriter& writer) {
     const PlotRecord& record = ActiveRecord();
-    Json rows;
-    rows["gDataDip"] = ColumnJson(gDataDip);
-    rows["gDataAz"] = ColumnJson(gDataAz);
-    rows["gDataSymbol"] = CodesJson(gDataSymbol);
-    rows["gDataSymbolBase"] = CodesJson(gDataSymbolBase);
-    rows["gPointDensity"] = ColumnJson(gPointDensity);
-    rows["gDataOrder"] = ColumnJson(gDataOrder);
+    writer.Key("rows");
+    writer.BeginObject();
+    WriteColumn(writer, "gDataDip", gDataDip);
+    WriteColumn(writer, "gDataAz", gDataAz);
+    WriteCodes(writer, "gDataSymbol", gDataSymbol);
+    WriteCodes(writer, "gDataSymbolBase", gDataSymbolBase);
+    WriteColumn(writer, "gPointDensity", gPointDensity);
+    WriteColumn(writer, "gDataOrder", gDataOrder);
     if (record.SecondaryFormat != 0) {
-        rows["gData2Dip"] = ColumnJson(gData2Dip);
-        rows["gData2Az"] = ColumnJson(gData2Az);
+        WriteColumn(writer, "gData2Dip", gData2Dip);
+        WriteColumn(writer, "gData2Az", gData2Az);
     }
     if (record.HasAppendedLine != 0) {
-        rows["gAppLineDip"] = ColumnJson(gAppLineDip);
-        rows["gAppLineAz"] = ColumnJson(gAppLineAz);
+        WriteColumn(writer, "gAppLineDip", gAppLineDip);
+        WriteColumn(writer, "gAppLineAz", gAppLineAz);
     }
     if (record.HasAppendedNumeric != 0) {
-        rows["gAppNumeric"] = ColumnJson(gAppNumeric);
+        WriteColumn(writer, "gAppNumeric", gAppNumeric);
     }
     if (record.HasAppendedText != 0) {
-        rows["gAppText"] = ColumnJson(gAppText);
+        WriteColumn(writer, "gAppText", gAppText);
     }
-    return rows;
+    writer.EndObject();
 }
 
-Json TableJson() {
+/// Angles of whole degrees: as texts they are few, and long to make.
+class KnownNumbers {
+public:
+    [[nodiscard]] std::string_view TextOf(double value) {
+        constexpr int kShift = 64 - kBits;
+        const auto bits = std::bit_cast<std::uint64_t>(value);
+        Entry& entry = entries_[bits * 0x9E3779B97F4A7C15U >> kShift]; // spread by Knuth's constant
+        if (entry.text.empty() || entry.bits != bits) {
+            entry.bits = bits;
+            entry.text.clear();
+            AppendJsonNumber(value, entry.text);
+        }
+        return entry.text;
+    }
+
+private:
+    static constexpr int kBits = 12;
+
+    struct Entry {
+        std::uint64_t bits = 0;
+        std::string text;
+    };
+
+    std::vector<Entry> entries_ = std::vector<Entry>(std::size_t{1} << kBits);
+};
+
+void WriteTable(JsonWriter& writer) {
     const RowTable& table = TableOf(gActivePlot);
-    return {{"index", table.index},
-            {"x", table.x},
-            {"y", table.y},
-            {"plunge", table.plunge},
-            {"trend", table.trend}};
+    const auto whole = [&writer](const char* name, const auto& column) {
+        WriteArray(writer, name, column.size(),
+                   [&](std::size_t i) { writer.Number(std::int64_t{column[i]}); });
+    };
+    KnownNumbers known;
+    const auto angles = [&](const char* name, const std::vector<double>& column) {
+        WriteArray(writer, name, column.size(),
+                   [&](std::size_t i) { writer.Ready(known.TextOf(column[i])); });
+    };
+    writer.Key("table");
+    writer.BeginObject();
+    whole("index", table.index);
+    whole("x", table.x);
+    whole("y", table.y);
+    angles("plunge", table.plunge);
+    angles("trend", table.trend);
+    writer.EndObject();
 }
 
 Json LoadJson(const LoadCounters& counters) {
@@ -128,20 +192,24 @@ Json ContoursJson() {
     return {{"levels", levels}, {"segments", segments}};
 }
 
-/// A number, "inf", or null for one that is undetermined.
-Json NumberJson(const std::optional<double>& value) {
-    if (!value) {
-        return nullptr;
-    }
-    return std::isinf(*value) ? Json("inf") : Json(*value);
-}
-
-Json ReferenceJson(const std::vector<ReferenceLine>& lines) {
+/// The values of lines, each a number, or null where it is undetermined or infinite.
+Json ValuesJson(const std::vector<ReferenceLine>& lines) {
     Json json = Json::object();
     for (const ReferenceLine& entry : lines) {
-        const Json value = NumberJson(entry.value);
-        json[entry.name] =
-            entry.printed.empty() ? value : Json{{"value", value}, {"printed", entry.printed}};
+        json[entry.name] = entry.value ? Json(*entry.value) : Json(nullptr);
+    }
+    return json;
+}
+
+/// The texts of those lines whose number does not say what is printed.
+Json PrintedJson(const std::vector<ReferenceLine>& lines) {
+    Json json = Json::object();
+    for (const ReferenceLine& entry : lines) {
+        if (!entry.printed.empty()) {
+            json[entry.name] = entry.printed;
+        } else if (entry.value && std::isinf(*entry.value)) {
+            json[entry.name] = *entry.value < 0 ? "-inf" : "inf";
+        }
     }
     return json;
 }
@@ -236,7 +304,8 @@ void AddResults(Json& json) {
         json["axes"] = BothAxesJson();
     }
     if (const std::vector<ReferenceLine> lines = ReferenceOfActivePlot(); !lines.empty()) {
-        json["statsReference"] = ReferenceJson(lines);
+        json["statsReference"] = ValuesJson(lines);
+        json["statsPrinted"] = PrintedJson(lines);
     }
 }
 
@@ -250,12 +319,10 @@ Json PromptsJson(const ScriptedPrompts& prompts) {
     return boxes;
 }
 
-Json OperationsJson(const RecordingSurface& surface) {
-    Json operations = Json::array();
-    for (const auto& operation : surface.Operations()) {
-        operations.push_back(OperationText(operation));
-    }
-    return operations;
+void WriteOperations(JsonWriter& writer, const RecordingSurface& surface) {
+    const auto& operations = surface.Operations();
+    WriteArray(writer, "operations", operations.size(),
+               [&](std::size_t i) { writer.Text(OperationText(operations[i])); });
 }
 
 Json AnnotationsJson(const PlotRecord& record) {
@@ -312,41 +379,56 @@ void AddParts(Json& json) {
                       {"height", place.height}};
 }
 
-/// The binary plot file that a plot was opened from or saved to, null without one.
-Json FileJson(const PlotRecord& record) {
-    if (record.SaveFileName.empty()) {
-        return nullptr;
+/// The binary plot file that a plot was opened from or saved to, where it has one.
+void WriteFile(JsonWriter& writer) {
+    const std::string& path = ActiveRecord().SaveFileName;
+    if (path.empty()) {
+        return;
     }
-    const Result<std::string> bytes = FirstBytes(record.SaveFileName, kLargestTextFile);
-    if (!bytes) {
-        return {{"problem", bytes.Error()}};
+    writer.Key("file");
+    const Result<std::string> bytes = FirstBytes(path, kLargestTextFile);
+    const std::string problem = bytes ? WriteBinaryFile(*bytes, writer) : bytes.Error();
+    if (!problem.empty()) {
+        writer.Value({{"problem", problem}});
     }
-    Result<Json> fields = BinaryFileJson(*bytes);
-    return fields ? std::move(*fields) : Json{{"problem", fields.Error()}};
 }
 
-} // namespace
+void WriteMembers(JsonWriter& writer, const Json& json) {
+    for (const auto& [name, value] : json.items()) {
+        writer.Member(name, value);
+    }
+}
 
-Json DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& operations) {
-    Json json;
-    json["slot"] = gActivePlot;
-    json["title"] = TitleOfPlot();
-    json["record"] = RecordJson(ActiveRecord());
-    json["rows"] = RowsJson();
-    json["table"] = TableJson();
+/// What stands in the dump between the rows and the file.
+Json PartsJson() {
+    Json json = Json::object();
     AddParts(json);
     const auto load = gPlotLoads.find(gActivePlot);
     if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
         json["load"] = LoadJson(load->second);
     }
     AddResults(json);
-    if (Json file = FileJson(ActiveRecord()); !file.is_null()) {
-        json["file"] = std::move(file);
-    }
-    json["legend"] = LegendJson();
-    json["prompts"] = PromptsJson(prompts);
-    json["operations"] = OperationsJson(operations);
     return json;
+}
+
+} // namespace
+
+bool DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& operations,
+                    JsonLayout layout, const PutBytes& put) {
+    JsonWriter writer(put, layout);
+    writer.BeginObject();
+    writer.Member("slot", gActivePlot);
+    writer.Member("title", TitleOfPlot());
+    writer.Member("record", RecordJson(ActiveRecord()));
+    WriteRows(writer);
+    WriteTable(writer);
+    WriteMembers(writer, PartsJson());
+    WriteFile(writer);
+    writer.Member("legend", LegendJson());
+    writer.Member("prompts", PromptsJson(prompts));
+    WriteOperations(writer, operations);
+    writer.EndObject();
+    return writer.Finish();
 }
 
 } // namespace quandrel

@@ -4,20 +4,23 @@
 
 #pragma once
 
+#include "batch/json_writer.h"
 #include "platform/recording_surface.h"
 #include "platform/scripted_prompts.h"
 
-#include <nlohmann/json_fwd.hpp>
-
 namespace quandrel {
 
-/// The active plot: slot, title, record, rows, table, load, legend, and what was asked and drawn.
-/// Parts that do not apply are absent. Numbers read back exactly. Of a plot that has a binary plot
-/// file, "file" is every field of it as it stands in the file now (batch/file_dump.h).
+/// Writes the active plot: slot, title, record, rows, table, load, legend, and what was asked and
+/// drawn. Parts that do not apply are absent. Numbers read back exactly. Of a plot that has a
+/// binary plot file, "file" is every field of it as it stands in the file now
+/// (batch/file_dump.h). The rows are written one by one, so that no dump is held whole.
 ///
 /// @param prompts     boxes shown so far
 /// @param operations  of the last drawing
-[[nodiscard]] nlohmann::ordered_json DumpActivePlot(const ScriptedPrompts& prompts,
-                                                    const RecordingSurface& operations);
+/// @param put         takes the bytes
+/// @return false when `put` did not take them
+[[nodiscard]] bool DumpActivePlot(const ScriptedPrompts& prompts,
+                                  const RecordingSurface& operations, JsonLayout layout,
+                                  const PutBytes& put);
 
 } // namespace quandrel

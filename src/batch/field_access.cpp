@@ -87,12 +87,6 @@ std::string Assign(std::string& field, std::string_view value) {
     return {};
 }
 
-std::string Assign(TaggedValue& field, std::string_view value) {
-    const std::optional<double> number = ReadNumber(value);
-    field = number ? TaggedValue(*number) : TaggedValue(std::string(value));
-    return {};
-}
-
 template <class Number>
 
 requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::string_view value) {
@@ -100,7 +94,12 @@ requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::str
     if (!number) {
         return "'" + std::string(value) + "' is no number";
     }
-    if constexpr (std::is_integral_v<Number>) {
+    if constexpr (std::is_same_v<Number, bool>) {
+        field = *number != 0;
+        return *number == 0 || *number == 1 || *number == kTrue
+                   ? ""
+                   : "'" + std::string(value) + "' is neither 0 nor -1";
+    } else if constexpr (std::is_integral_v<Number>) {
         if (*number != std::floor(*number)
             || *number < static_cast<double>(std::numeric_limits<Number>::min())
             || *number > static_cast<double>(std::numeric_limits<Number>::max())) {
@@ -109,6 +108,24 @@ requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::str
     }
     field = static_cast<Number>(*number);
     return {};
+}
+
+/// A cell keeps the kind of what it holds; an empty one takes a number where the text is one.
+std::string Assign(TaggedValue& field, std::string_view value) {
+    if (std::holds_alternative<std::monostate>(field)) {
+        const std::optional<double> number = ReadNumber(value);
+        field = number ? TaggedValue(*number) : TaggedValue(std::string(value));
+        return {};
+    }
+    return std::visit(
+        [value](auto& held) -> std::string {
+            if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>) {
+                return {};
+            } else {
+                return Assign(held, value);
+            }
+        },
+        field);
 }
 
 /// Calls `act` on the field or cell that the indexes lead to.

@@ -19,7 +19,8 @@ namespace quandrel {
 /// table.
 [[nodiscard]] Result<std::string> FieldText(const PlotRecord& record, std::string_view field);
 
-/// Sets a field or a cell. A cell that holds any value takes a number when the text is one.
+/// Sets a field or a cell. A cell of any kind keeps the kind that it has; an empty one takes a
+/// number when the text is one.
 ///
 /// @return empty, or what is wrong
 [[nodiscard]] std::string SetField(PlotRecord& record, std::string_view field,

@@ -2,18 +2,21 @@
 
 #include "batch/file_dump.h"
 
+#include "batch/json_writer.h"
 #include "core/plot_store.h"
 #include "persistence/binary_plot.h"
 #include "persistence/binary_stream.h"
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <string>
 #include <type_traits>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace quandrel {
 
@@ -36,52 +39,106 @@ Json NumberJson(double value) {
     return value;
 }
 
-/// Lists the fields of a file that was found good.
+/// What the listing takes from a plot that was read from the same bytes.
+struct FileFacts {
+    int version = 0;
+    std::int32_t rows = 0; ///< main rows
+    std::array<std::int32_t, kMaxOverlays + 1> overlayRows{};
+    std::int16_t secondaryFormat = 0;
+    bool hasLine = false;
+    bool hasNumber = false;
+    bool hasText = false;
+    int gridSize = 0;
+    bool hasFrequencyField = false;
+};
+
+FileFacts FactsOf(const BinaryPlot& plot) {
+    const PlotRecord& record = plot.record;
+    return {plot.version,
+            record.NumData,
+            record.OverlayRows,
+            record.SecondaryFormat,
+            record.HasAppendedLine != 0,
+            record.HasAppendedNumeric != 0,
+            record.HasAppendedText != 0,
+            record.GridSize,
+            plot.hasFrequencyField};
+}
+
+/// Columns of rows under their names: the elements of JSON arrays.
+using ColumnTexts = std::vector<std::pair<const char*, std::string>>;
+
+void AppendElement(std::int32_t value, std::string& elements) {
+    elements += elements.empty() ? "" : ",";
+    AppendJsonNumber(std::int64_t{value}, elements);
+}
+
+void AppendElement(float value, std::string& elements) {
+    elements += elements.empty() ? "" : ",";
+    if (std::isfinite(value)) {
+        AppendJsonNumber(static_cast<double>(value), elements);
+    } else {
+        elements += NumberJson(static_cast<double>(value)).dump();
+    }
+}
+
+void AppendElement(const std::string& text, std::string& elements) {
+    elements += elements.empty() ? "" : ",";
+    AppendJsonText(text, elements);
+}
+
+/// Lists the fields of a file that was found good: what grows with the rows as it is read, columns
+/// of rows as text, the rest in one piece each.
 class FieldLister {
 public:
-    FieldLister(std::string_view bytes, const BinaryPlot& plot)
+    FieldLister(std::string_view bytes, const FileFacts& facts, JsonWriter& writer)
         : reader_(bytes)
-        , plot_(plot) {}
+        , facts_(facts)
+        , writer_(writer) {}
 
-    [[nodiscard]] Result<Json> List() {
+    void List() {
+        writer_.BeginObject();
         Head();
-        json_["rows"] = Rows(plot_.record.NumData, true);
-        Overlays();
         const auto cellRows = json_["NumLoadedData"].get<int>(); // the record has it mended
-        json_["cells"] = Table(cellRows, kCellsOfRow, &FieldLister::Text);
+        WriteFields();
+        writer_.Key("rows");
+        WriteRows(facts_.rows, true);
+        Overlays();
+        WriteCells(cellRows);
         Densities();
         Statistics();
         EarlierRose();
-        if (plot_.version > 70) {
+        if (facts_.version > 70) {
             Window();
         }
-        if (plot_.version > 71) {
+        if (facts_.version > 71) {
             LaterStatistics();
         }
-        if (plot_.version >= 80) {
+        if (facts_.version >= 80) {
             Marks();
         }
-        if (plot_.version >= 90) {
+        if (facts_.version >= 90) {
             Rose();
             Classes();
         }
-        if (plot_.version >= 91) {
+        if (facts_.version >= 91) {
             json_["LayerVisible"] = Array(6, &FieldLister::Short);
         }
-        if (plot_.version >= 92) {
+        if (facts_.version >= 92) {
             LaterRose();
         }
-        if (plot_.version >= 94) {
+        if (facts_.version >= 94) {
             GridsOfValues();
         }
-        if (plot_.version >= 95) {
+        if (facts_.version >= 95) {
             AxisItems(6, 8);
         }
         json_["bytesBehind"] = reader_.Left();
         if (reader_.HasFailed()) {
-            return Failure{reader_.Error()};
+            json_["problem"] = reader_.Error();
         }
-        return std::move(json_);
+        WriteFields();
+        writer_.EndObject();
     }
 
 private:
@@ -189,55 +246,116 @@ private:
         Each({"PlotKind", "DataKind", "PlotSymbolMode", "NumSymbolsInPlot"}, &FieldLister::Short);
     }
 
-    /// Columns of so many rows; those of overlays have no appended data.
-    Json Rows(std::int32_t count, bool areMain) {
-        const PlotRecord& record = plot_.record;
-        Json rows = Json::object();
-        const auto add = [&](const char* name, Read read) {
-            rows[name].push_back((this->*read)());
-        };
-        for (std::int32_t i = 0; i < count; ++i) {
-            for (const char* name : {"gDataDip", "gDataAz", "gPointDensity", "gDataOrder"}) {
-                add(name, &FieldLister::Long);
-            }
-            add("gDataSymbol", &FieldLister::Text);
-            if (record.SecondaryFormat != 0) {
-                add("gData2Dip", &FieldLister::Long);
-                add("gData2Az", &FieldLister::Long);
-            }
-            if (areMain && record.HasAppendedLine != 0) {
-                add("gAppLineDip", &FieldLister::Long);
-                add("gAppLineAz", &FieldLister::Long);
-            }
-            if (areMain && record.HasAppendedNumeric != 0) {
-                add("gAppNumeric", &FieldLister::Single);
-            }
-            if (areMain && record.HasAppendedText != 0) {
-                add("gAppText", plot_.version < 90 ? &FieldLister::Single : &FieldLister::Text);
-            }
+    /// Puts out the fields gathered so far.
+    void WriteFields() {
+        for (const auto& [name, value] : json_.items()) {
+            writer_.Member(name, value);
         }
-        return rows;
+        json_ = Json::object();
+    }
+
+    template <class Value>
+    void AddTo(ColumnTexts& columns, std::size_t& place, const char* name, const Value& value) {
+        if (place == columns.size()) {
+            columns.emplace_back(name, std::string());
+        }
+        AppendElement(value, columns[place++].second);
+    }
+
+    void AddLong(ColumnTexts& columns, std::size_t& place, const char* name) {
+        std::int32_t value = 0;
+        reader_.Long(value);
+        AddTo(columns, place, name, value);
+    }
+
+    void AddSingle(ColumnTexts& columns, std::size_t& place, const char* name) {
+        float value = 0;
+        reader_.AnySingle(value);
+        AddTo(columns, place, name, value);
+    }
+
+    void AddText(ColumnTexts& columns, std::size_t& place, const char* name) {
+        std::string text;
+        reader_.Text(text);
+        AddTo(columns, place, name, text);
+    }
+
+    void ReadRow(ColumnTexts& columns, bool isMain) {
+        std::size_t place = 0;
+        for (const char* name : {"gDataDip", "gDataAz", "gPointDensity", "gDataOrder"}) {
+            AddLong(columns, place, name);
+        }
+        AddText(columns, place, "gDataSymbol");
+        if (facts_.secondaryFormat != 0) {
+            AddLong(columns, place, "gData2Dip");
+            AddLong(columns, place, "gData2Az");
+        }
+        if (isMain && facts_.hasLine) {
+            AddLong(columns, place, "gAppLineDip");
+            AddLong(columns, place, "gAppLineAz");
+        }
+        if (isMain && facts_.hasNumber) {
+            AddSingle(columns, place, "gAppNumeric");
+        }
+        if (isMain && facts_.hasText && facts_.version < 90) {
+            AddSingle(columns, place, "gAppText");
+        } else if (isMain && facts_.hasText) {
+            AddText(columns, place, "gAppText");
+        }
+    }
+
+    /// Columns of so many rows; those of overlays have no appended data.
+    void WriteRows(std::int32_t count, bool areMain) {
+        ColumnTexts columns;
+        for (std::int32_t i = 0; i < count && !reader_.HasFailed(); ++i) {
+            ReadRow(columns, areMain);
+        }
+        writer_.BeginObject();
+        for (auto& [name, elements] : columns) {
+            writer_.Key(name);
+            writer_.BeginArray();
+            writer_.Ready(elements);
+            writer_.EndArray();
+            elements = {};
+        }
+        writer_.EndObject();
     }
 
     void Overlays() {
         Json rows = Json::array({Short()});
         Json kinds = Json::array({Short()});
-        Json overlays = Json::array();
-        for (std::size_t k = 1; k <= static_cast<std::size_t>(plot_.record.OverlayRows[0]); ++k) {
+        writer_.Key("overlays");
+        writer_.BeginArray();
+        for (std::size_t k = 1; k <= static_cast<std::size_t>(facts_.overlayRows[0]); ++k) {
             rows.push_back(Short());
             kinds.push_back(Short());
-            overlays.push_back(Rows(plot_.record.OverlayRows[k], false));
+            WriteRows(facts_.overlayRows[k], false);
         }
+        writer_.EndArray();
         json_["OverlayRows"] = std::move(rows);
         json_["OverlayKind"] = std::move(kinds);
-        json_["overlays"] = std::move(overlays);
+    }
+
+    void WriteCells(int rows) {
+        writer_.Key("cells");
+        writer_.BeginArray();
+        std::string text;
+        for (int i = 0; i < rows && !reader_.HasFailed(); ++i) {
+            writer_.BeginArray();
+            for (int j = 0; j < kCellsOfRow; ++j) {
+                reader_.Text(text);
+                writer_.Text(text);
+            }
+            writer_.EndArray();
+        }
+        writer_.EndArray();
     }
 
     void Densities() {
         Each({"PointDensityMax", "GridDensityMax"}, &FieldLister::Single);
         Each({"DensityCount"}, &FieldLister::Long);
         Each({"GridSize", "NumContours"}, &FieldLister::Short);
-        if (const int size = plot_.record.GridSize; size > 0) {
+        if (const int size = facts_.gridSize; size > 0) {
             json_["DensityGrid"] = Table(size + 1, size + 1, &FieldLister::Short);
         }
         json_["ContourLevels"] = Array(9, &FieldLister::Short);
@@ -366,25 +484,31 @@ private:
         }
         json_["gGridValues"] = {{"mean", std::move(means)}, {"cumulative", std::move(sums)}};
         json_["ClassStats"] = Table(5, 2, &FieldLister::Double);
-        if (plot_.hasFrequencyField) {
+        if (facts_.hasFrequencyField) {
             Each({"HasFrequencyColumn"}, &FieldLister::Short);
         }
     }
 
     BinaryReader reader_;
-    const BinaryPlot& plot_;
+    const FileFacts& facts_;
+    JsonWriter& writer_;
     Json json_ = Json::object();
     Json earlier_ = Json::object();
 };
 
 } // namespace
 
-Result<Json> BinaryFileJson(std::string_view bytes) {
-    const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
-    if (!plot) {
-        return Failure{plot.Error()};
+std::string WriteBinaryFile(std::string_view bytes, JsonWriter& writer) {
+    FileFacts facts;
+    { // the plot is let go before its fields are listed
+        const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
+        if (!plot) {
+            return plot.Error();
+        }
+        facts = FactsOf(*plot);
     }
-    return FieldLister(bytes, *plot).List();
+    FieldLister(bytes, facts, writer).List();
+    return {};
 }
 
 } // namespace quandrel

@@ -7,6 +7,8 @@
 #include "core/plot_store.h"
 #include "edit/girdles.h"
 #include "edit/small_circles.h"
+#include "input/format_model.h"
+#include "orientation/notation.h"
 
 #include <algorithm>
 #include <array>
@@ -18,8 +20,6 @@ namespace {
 
 constexpr const char* kOn = "on";
 constexpr const char* kOff = "off";
-constexpr const char* kGirdleUse =
-    "a row from 1 to 8 with a plane such as 45/120, or a row from 1 to 10 with on or off";
 constexpr const char* kCircleUse = "a number from 1 to 4 with plunge and azimuth of the axis and "
                                    "the angle, or with on or off";
 
@@ -43,6 +43,37 @@ std::optional<std::vector<std::string>> BareWords(const std::vector<Argument>& a
     return words;
 }
 
+/// How a plane is typed in the conventions in force: their order with an example, the same plane in
+/// each.
+std::string ExpectedPlane() {
+    constexpr std::array<const char*, 7> kExamples = {"45/120",  "45/120", "120/45", "30/45SE",
+                                                      "45SE/30", "45/30",  "30/45"};
+    const int convention = LineFormatFromGlobals(false).planeConvention;
+    const auto place = static_cast<std::size_t>(std::clamp<int>(convention, 0, 6));
+    return "a plane as " + std::string(PlaneConventionCaption(convention)) + ", such as "
+           + kExamples[place];
+}
+
+/// The rows that hold a girdle, with what they are and whether they are shown.
+std::string RowsInUse() {
+    std::string rows;
+    for (int row = kFirstUserGirdle; row < kAxisItems; ++row) {
+        const std::string text = GirdleText(row);
+        if (text.empty()) {
+            continue;
+        }
+        rows += rows.empty() ? "; in use: " : ", ";
+        rows += std::to_string(row) + " (" + GirdleCaption(row, ActiveRecord().DataKind) + ") "
+                + text + (IsGirdleShown(row) ? " on" : " off");
+    }
+    return rows;
+}
+
+std::string GirdleUse() {
+    return "a row from 1 to 8 with " + ExpectedPlane() + ", or a row from 1 to 10 with on or off"
+           + RowsInUse();
+}
+
 bool IsSwitch(const std::string& word) {
     return word == kOn || word == kOff;
 }
@@ -53,7 +84,7 @@ std::string TypeGirdle(int row, const std::string& text) {
     }
     const auto plane = ReadGirdleText(text, gPlaneSeparator, LineFormatFromGlobals(false), row);
     if (!plane) {
-        return plane.Error();
+        return plane.Error() + "\nExpected: " + ExpectedPlane();
     }
     UpdateGirdle(row, text);
     ShowGirdle(row, true);
@@ -84,11 +115,11 @@ std::string ApplyGirdleArguments(const std::vector<Argument>& arguments) {
         return refused;
     }
     if (!words || words->size() != 2) {
-        return std::string("a girdle is ") + kGirdleUse;
+        return "a girdle is " + GirdleUse();
     }
     const std::optional<int> row = WholeNumber(words->front(), kFirstUserGirdle, kAxisItems - 1);
     if (!row) {
-        return "'" + words->front() + "' is no girdle: " + kGirdleUse;
+        return "'" + words->front() + "' is no girdle: " + GirdleUse();
     }
     const std::string& text = words->back();
     if (!IsSwitch(text)) {

@@ -29,15 +29,6 @@ namespace {
 
 const Names kPlotKinds = {{"equalarea", kEqualArea}, {"equalangle", kEqualAngle}, {"rose", kRose}};
 const Names kDataKinds = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
-const Names kSwitch = {{"on", 1}, {"off", 0}};
-
-std::string ShowCone(const Command& command, std::ostream&) {
-    const std::string error = TakeName(kSwitch, command.Words(), ActiveRecord().ShowConfidenceCone);
-    if (error.empty()) {
-        ReplotActivePlot(false);
-    }
-    return error;
-}
 
 std::string TakeDataKind(const Command& command, std::ostream&) {
     std::int16_t kind = kPlanes;
@@ -128,7 +119,6 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
           [](const Command& c, std::ostream&) { return ApplyAnnotateArguments(c.arguments); }}},
         {"classify",
          {its, [](const Command& c, std::ostream&) { return ApplyClassArguments(c.arguments); }}},
-        {"cone", {one, ShowCone}},
         {"data", {one, TakeDataKind}},
         {"edit", {one, [](const Command& c, std::ostream&) { return EditByWords(c.Words()); }}},
         {"girdle",
@@ -143,7 +133,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},
-        {"print", {its, [](const Command& c, std::ostream&) { return PrintToFile(c); }}},
+        {"print", {its, PrintToFile}},
         {"recalculate", {none, Recalculate}},
         {"redo", {none, [](const Command&, std::ostream&) { return MakeEditAgain(); }}},
         {"replot", {none, Replot}},

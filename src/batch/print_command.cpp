@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <ostream>
 
 namespace quandrel {
 
@@ -167,7 +168,7 @@ private:
 
 } // namespace
 
-std::string PrintToFile(const Command& command) {
+std::string PrintToFile(const Command& command, std::ostream& log) {
     Draft draft;
     if (std::string error = TakeWords(command, draft); !error.empty()) {
         return error;
@@ -181,6 +182,9 @@ std::string PrintToFile(const Command& command) {
     layout.units = draft.units;
     if (std::string error = LayOut(draft, layout); !error.empty()) {
         return error;
+    }
+    if (const std::string note = OverEdgeText(PlotsOverEdge(layout)); !note.empty()) {
+        log << "print: " << note << '\n';
     }
     for (const int slot : draft.plots) {
         // What was set since the plot was drawn shows on the page too.

@@ -6,6 +6,7 @@
 
 #include "batch/script.h"
 
+#include <iosfwd>
 #include <string>
 
 namespace quandrel {
@@ -19,7 +20,8 @@ namespace quandrel {
 ///   orientation=portrait|landscape
 /// The order of the words does not matter. Nothing is printed when one of them is wrong.
 ///
+/// @param log  takes a note of nets that reach over the edge of the paper
 /// @return empty, or what is wrong
-[[nodiscard]] std::string PrintToFile(const Command& command);
+[[nodiscard]] std::string PrintToFile(const Command& command, std::ostream& log);
 
 } // namespace quandrel

@@ -18,9 +18,12 @@ struct Word {
 /// Reads words up to the end of a command.
 class WordReader {
 public:
-    WordReader(std::string_view text, CommandBreak breaks)
+    WordReader(std::string_view text, CommandBreak breaks, int line)
         : text_(text)
-        , breaks_(breaks) {}
+        , breaks_(breaks)
+        , line_(line) {}
+
+    [[nodiscard]] std::size_t Position() const { return position_; }
 
     [[nodiscard]] bool AtEnd() const { return position_ >= text_.size(); }
 
@@ -100,7 +103,7 @@ private:
     std::string_view text_;
     CommandBreak breaks_;
     std::size_t position_ = 0;
-    int line_ = 1;
+    int line_;
 };
 
 Command CommandOf(const std::vector<Word>& words, int line) {
@@ -172,20 +175,45 @@ std::string RefusedWord(const Command& command, const CommandShape& shape) {
     return {};
 }
 
-Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks) {
-    std::vector<Command> commands;
-    WordReader reader(text, breaks);
+Result<std::optional<Command>> ScriptReader::Next() {
     std::vector<Word> words;
-    while (!reader.AtEnd()) {
-        const int line = reader.Line();
-        if (!reader.ReadCommand(words)) {
+    std::size_t read = 0;
+    std::optional<Command> command;
+    while (!command && read < text_.size()) {
+        const int line = line_;
+        WordReader reader(std::string_view(text_).substr(read), breaks_, line);
+        const bool isClosed = reader.ReadCommand(words);
+        if (reader.AtEnd() && !hasEnded_ && !(isClosed && text_.back() == '\n')) {
+            break; // it may go on
+        }
+        if (!isClosed) {
             return Failure{"line " + std::to_string(line) + ": a quote is not closed"};
         }
+        read += reader.Position();
+        line_ = reader.Line();
         if (!words.empty()) {
-            commands.push_back(CommandOf(words, line));
+            command = CommandOf(words, line);
         }
     }
-    return commands;
+    text_.erase(0, read);
+    return command;
+}
+
+Result<std::vector<Command>> ParseScript(std::string_view text, CommandBreak breaks) {
+    ScriptReader reader(breaks);
+    reader.Add(text);
+    reader.End();
+    std::vector<Command> commands;
+    for (;;) {
+        Result<std::optional<Command>> command = reader.Next();
+        if (!command) {
+            return Failure{command.Error()};
+        }
+        if (!command->has_value()) {
+            return commands;
+        }
+        commands.push_back(std::move(**command));
+    }
 }
 
 } // namespace quandrel

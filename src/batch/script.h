@@ -48,6 +48,28 @@ struct CommandShape {
 /// Where commands end besides the line's end.
 enum class CommandBreak { LineOnly, SemicolonToo };
 
+/// Reads the commands of a text that comes piece by piece. How they are written: see ParseScript.
+class ScriptReader {
+public:
+    explicit ScriptReader(CommandBreak breaks)
+        : breaks_(breaks) {}
+
+    /// More of the text.
+    void Add(std::string_view text) { text_ += text; }
+
+    /// The text has come to its end.
+    void End() { hasEnded_ = true; }
+
+    /// The next command. Nothing while it is not whole, and at the end of the text.
+    [[nodiscard]] Result<std::optional<Command>> Next();
+
+private:
+    CommandBreak breaks_;
+    std::string text_; ///< what was not read yet
+    int line_ = 1;
+    bool hasEnded_ = false;
+};
+
 /// The commands of a text. Words are parted by blanks; double quotes hold blanks together, and `\"`
 /// in them is a quote. The first "=" outside quotes, unless it is the first character, parts a name
 /// from its value; `#` at the beginning of a word begins a comment.

@@ -2,6 +2,7 @@
 
 #include "batch/script_file.h"
 
+#include "batch/standard_streams.h"
 #include "input/text_file.h"
 
 #include <fcntl.h>
@@ -12,27 +13,13 @@
 #include <cerrno>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace quandrel {
 
 namespace {
 
 constexpr std::size_t kReadStep = 65536;
-
-/// Closes a descriptor at the end.
-class Closing {
-public:
-    explicit Closing(int descriptor)
-        : descriptor_(descriptor) {}
-
-    ~Closing() { ::close(descriptor_); }
-
-    Closing(const Closing&) = delete;
-    Closing& operator=(const Closing&) = delete;
-
-private:
-    int descriptor_;
-};
 
 /// Why nothing is read from what stands at a path, or nothing.
 std::string RefusalOf(mode_t mode) {
@@ -42,41 +29,30 @@ std::string RefusalOf(mode_t mode) {
     return S_ISREG(mode) || S_ISFIFO(mode) ? "" : "it is no file, but a device";
 }
 
-/// Bytes without a mark of their encoding, as UTF-8. Bytes without a mark stay as they are, for
-/// paths in them need not be UTF-8.
-std::string Decoded(std::string bytes) {
-    constexpr std::string_view kMarks[] = {"\xef\xbb\xbf", "\xff\xfe", "\xfe\xff"};
-    const bool isUtf8 = bytes.starts_with(kMarks[0]);
-    if (isUtf8) {
-        return bytes.substr(kMarks[0].size());
+constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+constexpr std::string_view kUtf16Marks[] = {"\xff\xfe", "\xfe\xff"};
+constexpr std::size_t kUnit = 2; ///< bytes of UTF-16
+
+std::string TooLarge() {
+    return "it holds more than " + std::to_string(kLargestScript >> 20) + " MB";
+}
+
+/// The end of the last whole line of UTF-16, in bytes; 0 without one.
+std::size_t EndOfLines(std::string_view bytes, std::string_view mark) {
+    const std::size_t low = mark == kUtf16Marks[0] ? 0 : 1;
+    for (std::size_t end = bytes.size() - bytes.size() % kUnit; end >= kUnit; end -= kUnit) {
+        if (bytes[end - kUnit + low] == '\n' && bytes[end - 1 - low] == '\0') {
+            return end;
+        }
     }
-    const bool isUtf16 = bytes.starts_with(kMarks[1]) || bytes.starts_with(kMarks[2]);
-    return isUtf16 ? DecodeText(std::move(bytes)) : bytes;
+    return 0;
 }
 
 } // namespace
 
-Result<std::string> ReadScript(int descriptor) {
-    std::string bytes;
-    while (bytes.size() <= kLargestScript) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + kReadStep);
-        const ssize_t got = ::read(descriptor, bytes.data() + before, kReadStep);
-        const int error = errno;
-        bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-        if (got == 0) {
-            return Decoded(std::move(bytes));
-        }
-        if (got < 0 && error != EINTR) {
-            return Failure{std::strerror(error)};
-        }
-    }
-    return Failure{"it holds more than " + std::to_string(kLargestScript >> 20) + " MB"};
-}
-
-Result<std::string> ReadScriptFile(const std::string& path) {
-    if (path == "-") {
-        return ReadScript(STDIN_FILENO);
+Result<ScriptSource> ScriptSource::Open(const std::string& path) {
+    if (path == kStandardStream) {
+        return ScriptSource(STDIN_FILENO);
     }
     // Looked at before it is opened: opening a device may do something to it.
     struct stat status = {};
@@ -87,19 +63,91 @@ Result<std::string> ReadScriptFile(const std::string& path) {
         return Failure{refusal};
     }
     // Opening does not wait for a writer of a pipe; reading does.
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) {
+    ScriptSource source(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (source.descriptor_ < 0) {
         return Failure{std::strerror(errno)};
     }
-    const Closing closing(descriptor);
-    ::fcntl(descriptor, F_SETFL, 0);
-    if (::fstat(descriptor, &status) != 0 || !RefusalOf(status.st_mode).empty()) {
+    source.isOwn_ = true;
+    ::fcntl(source.descriptor_, F_SETFL, 0);
+    if (::fstat(source.descriptor_, &status) != 0 || !RefusalOf(status.st_mode).empty()) {
         return Failure{"it has changed"};
     }
-    Result<std::string> text = ReadScript(descriptor);
-    if (text && text->empty() && S_ISFIFO(status.st_mode)) {
-        return Failure{"nothing comes through the pipe"};
+    if (S_ISREG(status.st_mode) && static_cast<std::size_t>(status.st_size) > kLargestScript) {
+        return Failure{TooLarge()};
     }
+    source.isPipe_ = S_ISFIFO(status.st_mode);
+    return source;
+}
+
+ScriptSource::ScriptSource(ScriptSource&& other) noexcept
+    : descriptor_(other.descriptor_)
+    , isOwn_(std::exchange(other.isOwn_, false))
+    , isPipe_(other.isPipe_)
+    , count_(other.count_)
+    , encoding_(other.encoding_)
+    , mark_(std::move(other.mark_))
+    , bytes_(std::move(other.bytes_)) {}
+
+ScriptSource::~ScriptSource() {
+    if (isOwn_) {
+        ::close(descriptor_);
+    }
+}
+
+Result<std::string> ScriptSource::Read() {
+    for (;;) {
+        const std::size_t before = bytes_.size();
+        bytes_.resize(before + kReadStep);
+        const ssize_t got = ::read(descriptor_, bytes_.data() + before, kReadStep);
+        const int error = errno;
+        bytes_.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        count_ += static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+        if (got < 0 && error != EINTR) {
+            return Failure{std::strerror(error)};
+        }
+        if (count_ > kLargestScript) {
+            return Failure{TooLarge()};
+        }
+        if (got == 0 && count_ == 0 && isPipe_) {
+            return Failure{"nothing comes through the pipe"};
+        }
+        if (std::string text = TakeDecoded(got == 0); got == 0 || !text.empty()) {
+            return text;
+        }
+    }
+}
+
+/// Waits with the first bytes until they are a mark or none.
+void ScriptSource::LookForMark(bool isEnd) {
+    const bool isShort = bytes_.size() < kUtf8Mark.size();
+    if (encoding_ != Encoding::NotKnown || (isShort && !isEnd && kUtf8Mark.starts_with(bytes_))) {
+        return;
+    }
+    const bool isOneByte = bytes_.size() == 1 && !isEnd;
+    for (const std::string_view mark : kUtf16Marks) {
+        if (isOneByte && mark.starts_with(bytes_)) {
+            return;
+        }
+        if (bytes_.starts_with(mark)) {
+            mark_ = mark;
+        }
+    }
+    encoding_ = mark_.empty() ? Encoding::Bytes : Encoding::Utf16;
+    bytes_.erase(0, bytes_.starts_with(kUtf8Mark) ? kUtf8Mark.size() : mark_.size());
+}
+
+/// Bytes without a mark stay as they are, for paths in them need not be UTF-8.
+std::string ScriptSource::TakeDecoded(bool isEnd) {
+    LookForMark(isEnd);
+    if (encoding_ == Encoding::NotKnown) {
+        return {};
+    }
+    if (encoding_ == Encoding::Bytes) {
+        return std::exchange(bytes_, {});
+    }
+    const std::size_t whole = isEnd ? bytes_.size() : EndOfLines(bytes_, mark_);
+    std::string text = DecodeText(mark_ + bytes_.substr(0, whole));
+    bytes_.erase(0, whole);
     return text;
 }
 

@@ -2,8 +2,11 @@
 
 #include "statistics/confidence_cone.h"
 
+#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/style_tables.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "stereo/cones.h"
@@ -25,6 +28,25 @@ std::optional<double> ConfidenceConeAngle(const PlotRecord& record, Formulas for
         return std::nullopt;
     }
     return std::asin(sine);
+}
+
+std::string ConfidenceConeText() {
+    constexpr const char* kTwoDecimals = "0.00";
+    const PlotRecord& record = ActiveRecord();
+    const std::string name = "95% confidence cone: ";
+    if (record.PlotKind == kRose) {
+        return name + "none on a rose";
+    }
+    const std::optional<double> angle = ConfidenceConeAngle(record);
+    if (!angle) {
+        return name + "none, for the data are not symmetric about their principal axis, or too few";
+    }
+    const AxisLine axis = FabricAxis(record, kPrincipalAxis);
+    const auto degrees = [](double radians) {
+        return FormatNumber(RadToDeg(radians), kTwoDecimals);
+    };
+    return name + "axis " + degrees(axis.plunge) + " - " + degrees(axis.trend)
+           + " (plunge - trend), semi-angle " + degrees(*angle);
 }
 
 void DrawConfidenceCone() {

@@ -8,6 +8,7 @@
 #include "core/plot_record.h"
 
 #include <optional>
+#include <string>
 
 namespace quandrel {
 
@@ -16,6 +17,9 @@ namespace quandrel {
 /// cone.
 [[nodiscard]] std::optional<double> ConfidenceConeAngle(const PlotRecord& record,
                                                         Formulas formulas = Formulas::Own);
+
+/// The cone of gActivePlot in a line: its axis and semi-angle in degrees, or why there is none.
+[[nodiscard]] std::string ConfidenceConeText();
 
 /// Draws the cone about the principal axis of gActivePlot, if it is to be shown and there is one.
 void DrawConfidenceCone();

@@ -3,6 +3,7 @@
 #include "batch_fixture.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "platform/qt/plot_picture.h"
 #include "stereo/plot_stages.h"
 #include "support/qt_application.h"
 
@@ -230,6 +231,29 @@ TEST_F(Batch, PicturesHaveTheSizeAskedFor) {
     EXPECT_EQ(net.pixelColor(20, 20), QColor(Qt::white));
 }
 
+TEST_F(Batch, LargePicturesAreThoseDrawnInOnePiece) {
+    const std::vector<std::string> plots = {
+        "symbols 0; girdle 1 45/120; smallcircle 1 40 120 20; set DescriptionText \"Some beds\"",
+        "symbols 6; griddensity 20", "rose sector=20 type=0", "symbols 3"};
+    for (const std::string& plot : plots) {
+        std::string commands = "open \"FOLDER/planes.txt\"; " + plot;
+        commands.replace(commands.find("FOLDER"), 6, folder.string());
+        const auto parsed = ParseScript(commands, CommandBreak::SemicolonToo);
+        ASSERT_TRUE(parsed);
+        BatchSession session(out, log);
+        ASSERT_EQ(session.Run(*parsed), "") << plot;
+        PictureOptions options;
+        options.size = 700;
+        const std::string whole = (folder / "whole.png").string();
+        const std::string bands = (folder / "bands.png").string();
+        ASSERT_EQ(SavePlotPicture(whole, options), "");
+        options.bandBytes = std::size_t{61} * 1038 * 4;
+        ASSERT_EQ(SavePlotPicture(bands, options), "");
+        EXPECT_EQ(QImage(QString::fromStdString(whole)), QImage(QString::fromStdString(bands)))
+            << plot;
+    }
+}
+
 TEST_F(Batch, VectorPicturesKeepTheirTexts) {
     ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; export \"FOLDER/a.svg\"; export \"FOLDER/a.pdf\""),
               "");
@@ -385,6 +409,22 @@ TEST_F(Batch, TheConeIsDrawnWhenItIsOn) {
     EXPECT_EQ(Run("cone on"), "line 1: cone: no plot is open");
 }
 
+TEST_F(Batch, TheConeIsPrintedWhenItIsOn) {
+    Write("ring.txt", kRing);
+    const std::string open = "format primary=line data=lines; open \"FOLDER/ring.txt\"; ";
+    ASSERT_EQ(Run(open + "cone on"), "");
+    EXPECT_TRUE(out.str().starts_with("95% confidence cone: axis 90.00 - ")) << out.str();
+    const std::string angle = out.str().substr(out.str().rfind(' ') + 1);
+    const auto json = Dump(open + "replot");
+    EXPECT_NEAR(std::stod(angle), json["statsReference"]["95% cone semi-angle"].get<double>(),
+                0.005);
+    ASSERT_EQ(Run(open + "cone off"), "");
+    EXPECT_EQ(out.str(), "");
+    ASSERT_EQ(Run("blank; cone on"), "");
+    EXPECT_EQ(out.str(), "95% confidence cone: none, for the data are not symmetric about their "
+                         "principal axis, or too few\n");
+}
+
 TEST_F(Batch, TheConeIsNotSaved) {
     Write("ring.txt", kRing);
     const std::string folderName = folder.string();
@@ -405,13 +445,20 @@ TEST_F(Batch, TheConeIsNotSaved) {
 
 TEST_F(Batch, TheReferenceTellsWhatIsPrintedOtherwise) {
     Write("right_angle.txt", "0\t0\n0\t90\n");
-    const auto json =
-        Dump("format primary=line data=lines; open \"FOLDER/right_angle.txt\"")["statsReference"];
+    const auto dump = Dump("format primary=line data=lines; open \"FOLDER/right_angle.txt\"");
+    const auto json = dump["statsReference"];
     EXPECT_EQ(json["n"], 2);
     EXPECT_EQ(json["eigenvalue 3"], 0.5) << "a plain number where both agree";
     EXPECT_TRUE(json["axis 2 plunge"].is_null());
-    EXPECT_TRUE(json["zeta"]["value"].is_null());
-    EXPECT_EQ(json["zeta"]["printed"], "99999.00");
+    EXPECT_TRUE(json["zeta"].is_null()) << "a number or nothing";
+    EXPECT_EQ(dump["statsPrinted"]["zeta"], "99999.00");
+    EXPECT_FALSE(dump["statsPrinted"].contains("eigenvalue 3"));
+    for (const auto& [name, value] : json.items()) {
+        EXPECT_TRUE(value.is_number() || value.is_null()) << name;
+    }
+    for (const auto& [name, value] : dump["statsPrinted"].items()) {
+        EXPECT_TRUE(value.is_string()) << name;
+    }
     EXPECT_EQ(Run("format primary=line data=lines; open \"FOLDER/right_angle.txt\"; "
                   "stats reference"),
               "");

@@ -2,14 +2,21 @@
 
 #include "batch/command_line.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
+#include <condition_variable>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
 #include <sstream>
+#include <thread>
+#include <utility>
 
 namespace quandrel {
 namespace {
@@ -182,6 +189,150 @@ TEST_F(CommandLine, FilesOutsideTheFolderAreReadWithLeaveAlone) {
     EXPECT_EQ(Run({"--allow-outside", "-c", "open \"" + data + "\"; get NumValidData"}),
               kBatchDone);
     EXPECT_EQ(out.str(), "2\n");
+}
+
+/// A pipe as standard input, for the length of a block.
+class PipedInput {
+public:
+    PipedInput() {
+        EXPECT_EQ(::pipe2(ends_.data(), O_CLOEXEC), 0);
+        former_ = ::dup(STDIN_FILENO);
+        ::dup2(ends_[0], STDIN_FILENO);
+        ::close(ends_[0]);
+    }
+
+    ~PipedInput() {
+        End();
+        ::dup2(former_, STDIN_FILENO);
+        ::close(former_);
+    }
+
+    PipedInput(const PipedInput&) = delete;
+    PipedInput& operator=(const PipedInput&) = delete;
+
+    void Put(std::string_view bytes) const {
+        EXPECT_EQ(::write(ends_[1], bytes.data(), bytes.size()),
+                  static_cast<ssize_t>(bytes.size()));
+    }
+
+    void End() {
+        if (ends_[1] >= 0) {
+            ::close(std::exchange(ends_[1], -1));
+        }
+    }
+
+private:
+    std::array<int, 2> ends_{};
+    int former_ = -1;
+};
+
+TEST_F(CommandLine, DataMayComeFromStandardInput) {
+    PipedInput input;
+    input.Put("30\t120\n45\t270\n");
+    input.End();
+    ASSERT_EQ(Run({"-", "--json", In("a.json"), "--stats"}), kBatchDone) << log.str();
+    EXPECT_TRUE(out.str().starts_with("2 rows read, 2 of them data")) << out.str();
+    std::ifstream stream(In("a.json"));
+    const auto json = nlohmann::json::parse(stream);
+    EXPECT_EQ(json["title"], "standard input: 1   [Planes]     ");
+    EXPECT_EQ(json["record"]["FileNames"][1], "standard input");
+    EXPECT_EQ(json["legend"][0], "Data: standard input");
+    EXPECT_EQ(json["rows"]["gDataAz"], (std::vector<int>{120, 270}));
+}
+
+TEST_F(CommandLine, APlotFileMayComeFromStandardInputToo) {
+    const std::string data = Write("a.txt", "30\t120\n45\t270\n");
+    ASSERT_EQ(Run({data, "--save", In("a.qpx")}), kBatchDone) << log.str();
+    std::ostringstream bytes;
+    bytes << std::ifstream(In("a.qpx"), std::ios::binary).rdbuf();
+    PipedInput input;
+    std::thread writer([&] {
+        input.Put(bytes.str());
+        input.End();
+    });
+    EXPECT_EQ(Run({"-c", "open -; get NumValidData; get SaveFileName"}), kBatchDone) << log.str();
+    writer.join();
+    EXPECT_EQ(out.str(), "2\n\n");
+}
+
+TEST_F(CommandLine, StandardInputIsReadOnceAndNotAsTwoThings) {
+    {
+        PipedInput input;
+        input.End();
+        EXPECT_EQ(Run({"-"}), kBatchFailed);
+        EXPECT_TRUE(Logged("open: standard input was not loaded")) << log.str();
+        EXPECT_TRUE(Logged("cannot be opened standard input It is empty.")) << log.str();
+    }
+    PipedInput input;
+    input.Put("30\t120\n");
+    input.End();
+    EXPECT_EQ(Run({"-c", "open -; merge -"}), kBatchFailed);
+    EXPECT_TRUE(Logged("merge: standard input has been read already")) << log.str();
+    PipedInput script;
+    script.Put("blank\nopen -\n");
+    script.End();
+    EXPECT_EQ(Run({"--script", "-"}), kBatchFailed);
+    EXPECT_TRUE(Logged("line 2: open: the script comes from standard input; no data can"));
+}
+
+TEST_F(CommandLine, JsonOnStandardOutputIsAlone) {
+    const std::string data = Write("a.txt", "30\t120\n45\t270\n");
+    ASSERT_EQ(Run({data, "--json", "-", "--stats"}), kBatchDone) << log.str();
+    const auto json = nlohmann::json::parse(out.str()); // throws where something else is there
+    EXPECT_EQ(json["record"]["NumValidData"], 2);
+    EXPECT_TRUE(Logged("2 rows read, 2 of them data")) << "printed where it does not disturb";
+    EXPECT_EQ(Run({"-c", "open \"" + data + "\"; get NumData; dump -; get NumData"}), kBatchDone);
+    const std::string answers = out.str();
+    EXPECT_EQ(std::count(answers.begin(), answers.end(), '\n'), 3) << "a line each";
+}
+
+/// What is printed, with a sign when it is put out.
+class AnswerBuffer : public std::stringbuf {
+public:
+    int sync() override {
+        const std::lock_guard guard(lock_);
+        put_ = str();
+        hasPut_.notify_all();
+        return 0;
+    }
+
+    /// Waits until so much was put out; false after ten seconds.
+    bool WaitFor(const std::string& text) {
+        std::unique_lock guard(lock_);
+        return hasPut_.wait_for(guard, std::chrono::seconds(10), [&] { return put_ == text; });
+    }
+
+private:
+    std::mutex lock_;
+    std::condition_variable hasPut_;
+    std::string put_;
+};
+
+TEST_F(CommandLine, AScriptIsAnsweredLineByLine) {
+    PipedInput input;
+    AnswerBuffer answers;
+    std::ostream stream(&answers);
+    BatchOptions options;
+    options.script = "-";
+    int exitCode = -1;
+    std::thread program([&] { exitCode = RunBatch(options, stream, log); });
+    input.Put("blank\nget NumData\n");
+    EXPECT_TRUE(answers.WaitFor("0\n"));
+    input.Put("set DescriptionText \"two words\"\nget Descri");
+    input.Put("ptionText\n");
+    EXPECT_TRUE(answers.WaitFor("0\ntwo words\n"));
+    input.Put("get PlotKind"); // the last line needs no end
+    input.End();
+    program.join();
+    EXPECT_EQ(exitCode, kBatchDone) << log.str();
+    EXPECT_EQ(answers.str(), "0\ntwo words\n1\n");
+}
+
+TEST_F(CommandLine, AScriptRunsUpToTheLineThatIsWrong) {
+    EXPECT_EQ(Run({"--script", Write("script", "blank\nget NumData\nset PlotTitle \"x\n")}),
+              kBatchFailed);
+    EXPECT_EQ(out.str(), "0\n");
+    EXPECT_TRUE(Logged("line 3: a quote is not closed")) << log.str();
 }
 
 } // namespace

@@ -100,6 +100,36 @@ TEST_F(GirdleCommands, TellWhatIsWrongAndChangeNothing) {
     EXPECT_EQ(ActiveRecord().Modified, 0);
 }
 
+TEST_F(GirdleCommands, SayTheOrderThatTheyExpect) {
+    const std::vector<std::pair<std::int16_t, std::string>> orders = {
+        {1, "Dip,Dip Dir'n"}, {2, "Dip Dir'n,Dip"}, {3, "Strike"},
+        {4, "Dip"},           {5, "Dip"},           {6, "Strike"}};
+    for (const auto& [convention, order] : orders) {
+        gConventions = convention;
+        const std::string use = Run("girdle");
+        EXPECT_NE(use.find("a plane as " + order), std::string::npos) << use;
+        EXPECT_NE(Run("girdle 1 95x/120").find("Expected: a plane as " + order), std::string::npos);
+        const std::size_t start = use.find("such as ") + 8;
+        const std::string example = use.substr(start, use.find(',', start) - start);
+        ASSERT_EQ(Run("girdle 3 " + example), "") << example;
+        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][2]), std::numbers::pi / 4, 1e-12);
+        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][3]), std::numbers::pi * 5 / 3, 1e-12)
+            << convention;
+        EXPECT_EQ(Run("girdle 3 off"), "");
+    }
+}
+
+TEST_F(GirdleCommands, SayWhichRowsAreInUse) {
+    EXPECT_EQ(Run("girdle").find("in use"), std::string::npos);
+    ASSERT_EQ(Run("girdle 2 45/120"), "");
+    ASSERT_EQ(Run("girdle 5 30/40"), "");
+    ASSERT_EQ(Run("girdle 5 off"), "");
+    const std::string use = Run("girdle 11 on");
+    EXPECT_NE(use.find("; in use: 2 (Girdle 2) 45/120 on, 5 (Girdle 5) 30/40 off"),
+              std::string::npos)
+        << use;
+}
+
 TEST_F(GirdleCommands, NeedAStereoPlot) {
     ActiveRecord().PlotKind = kRose;
     EXPECT_EQ(Run("girdle 1 45/120"), "a rose has no girdles");

@@ -23,7 +23,7 @@ protected:
             EXPECT_EQ(session.Run(*open), "");
         }
         const auto print = ParseScript("print \"" + Path() + "\" " + words, CommandBreak::LineOnly);
-        return PrintToFile(print->front());
+        return PrintToFile(print->front(), log);
     }
 
     [[nodiscard]] std::string Path() const { return (folder / "page.pdf").string(); }
@@ -129,13 +129,21 @@ TEST_F(PrintCommandTest, RefusesPathsThatCannotBe) {
         const auto open = ParseScript("open \"" + (folder / "planes.txt").string() + "\"",
                                       CommandBreak::LineOnly);
         EXPECT_EQ(session.Run(*open), "");
-        return PrintToFile(ParseScript("print " + words, CommandBreak::LineOnly)->front());
+        const auto print = ParseScript("print " + words, CommandBreak::LineOnly);
+        return PrintToFile(print->front(), log);
     };
     EXPECT_EQ(printTo("size=5"), "a path is missing");
     EXPECT_EQ(printTo("page.png"), "'page.png' does not end in .pdf");
     EXPECT_EQ(printTo("/nowhere/at/all/page.pdf"),
               "'/nowhere/at/all/page.pdf' could not be written");
     EXPECT_EQ(gPrinting, 0);
+}
+
+TEST_F(PrintCommandTest, TellsOfNetsOverTheEdge) {
+    EXPECT_EQ(Print("plots=1,2 size=5 centre=10,10,18,20", 2), "");
+    EXPECT_EQ(log.str(), "print: Plot 2 reaches over the edge of the paper\n");
+    EXPECT_EQ(Print("size=5 centre=10,10"), "");
+    EXPECT_EQ(log.str(), "");
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -33,6 +34,28 @@ protected:
         const std::string path = (folder / "pipe").string();
         EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
         return path;
+    }
+
+    /// The whole text of a script.
+    static Result<std::string> ReadAll(ScriptSource& source) {
+        std::string all;
+        for (;;) {
+            Result<std::string> text = source.Read();
+            if (!text || text->empty()) {
+                return text ? Result<std::string>(all) : text;
+            }
+            all += *text;
+        }
+    }
+
+    static Result<std::string> ReadScriptFile(const std::string& path) {
+        Result<ScriptSource> source = ScriptSource::Open(path);
+        return source ? ReadAll(*source) : Result<std::string>(Failure{source.Error()});
+    }
+
+    static Result<std::string> ReadScript(int descriptor) {
+        ScriptSource source(descriptor);
+        return ReadAll(source);
     }
 
     static std::string ErrorOf(const Result<std::string>& text) {
@@ -100,6 +123,39 @@ TEST_F(ScriptFile, APipeIsReadToItsEnd) {
     writer.join();
     ASSERT_TRUE(text);
     EXPECT_EQ(*text, script);
+}
+
+TEST_F(ScriptFile, TextIsGivenAsItComes) {
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
+    ScriptSource source(pipe[0]);
+    const auto comes = [&](std::string_view bytes) {
+        EXPECT_EQ(::write(pipe[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        const Result<std::string> text = source.Read();
+        return text ? *text : text.Error();
+    };
+    EXPECT_EQ(comes("blank\n"), "blank\n");
+    EXPECT_EQ(comes("get Num"), "get Num");
+    ::close(pipe[1]);
+    const Result<std::string> end = source.Read();
+    EXPECT_TRUE(end && end->empty());
+    ::close(pipe[0]);
+}
+
+TEST_F(ScriptFile, Utf16IsGivenLineByLine) {
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
+    ScriptSource source(pipe[0]);
+    const std::string bytes("\xff\xfe"
+                            "b\0\n\0\n\x01",
+                            8); // a letter whose low byte is that of a line feed
+    ASSERT_EQ(::write(pipe[1], bytes.data(), bytes.size()), 8);
+    EXPECT_EQ(*source.Read(), "b\n");
+    ASSERT_EQ(::write(pipe[1], "\n", 1), 1);
+    ::close(pipe[1]);
+    EXPECT_EQ(*source.Read(), "\u010a\ufffd") << "half a unit at the end";
+    EXPECT_EQ(*source.Read(), "");
+    ::close(pipe[0]);
 }
 
 TEST_F(ScriptFile, APipeThatNobodyWritesToDoesNotMakeTheProgramWait) {

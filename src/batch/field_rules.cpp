@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/field_rules.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "orientation/number_text.h"
+#include "stereo/axis_rows.h"
+
+#include <cmath>
+#include <limits>
+#include <map>
+#include <optional>
+#include <set>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kAnyNumber = std::numeric_limits<double>::max();
+
+/// The values that a field may take from a script.
+struct FieldRange {
+    double lowest = 0;
+    double highest = 0;
+};
+
+/// Fields whose values index tables, choose procedures, or are parts of a circle.
+const std::map<std::string, FieldRange>& FieldRanges() {
+    static const std::map<std::string, FieldRange> ranges = {
+        {"PlotKind", {kEqualArea, kRose}},
+        {"DataKind", {kPlanes, kPolarLines}},
+        {"PrimaryFormat", {0, kPrimaryLine}},
+        {"SecondaryFormat", {kNoSecondary, kHadeInPlane}},
+        {"PlotSymbolMode", {kGreatCircles, kContoursAndGrid}},
+        {"OverlayKind", {kOverlayGreatCircles, kOverlayPolarLines}},
+        {"NumClasses", {0, 4}},
+        {"ClassMode", {0, 3}},
+        {"ClassWidth", {-kAnyNumber, kAnyNumber}},
+        {"RoseShape", {0, 4}},
+        {"RoseSectorSize", {1, 360}},
+        {"RoseOddSectorSize", {0, 360}},
+        {"RoseStartAngle", {-360, 360}},
+        {"RoseSectorFraction", {1, 100}},
+        {"RoseZeroCircle", {0, 90}},
+        {"RoseBiasMode", {0, 3}},
+        {"RoseSamplePlunge", {0, 90}},
+        {"RoseSampleTrend", {0, 360}},
+        {"RoseMinBiasAngle", {1, 90}},
+    };
+    return ranges;
+}
+
+/// Fields of two states, which files keep as 0 and -1.
+bool IsTruth(const std::string& name) {
+    static const std::set<std::string> names = {
+        "ShowAnnotations", "HasFrequencyColumn", "ShowSecondary", "StatsBoxKind",
+        "LayerVisible",    "RoseEqualArea",      "RoseDisplay6",  "RoseDisplay7",
+        "RoseDisplay8",    "RoseHistStyle",      "RoseSegShape",  "ClassifyCheckPending"};
+    return names.contains(name);
+}
+
+/// Fields that keep account of the rows and files; they follow from what is loaded.
+bool KeepsAccount(const std::string& name) {
+    static const std::set<std::string> names = {
+        "NumData",         "NumValidData",      "NumLoadedData",      "NumFiles",
+        "OverlayRows",     "SlotFree",          "SelectedOverlay",    "NumContours",
+        "KinematicState",  "IntersectionState", "GridSize",           "DensityCount",
+        "GridDensityMax",  "PointDensityMax",   "NumClassified",      "NumSymbolsInPlot",
+        "DistinctValues",  "AppendedMin",       "AppendedMax",        "HasAppendedLine",
+        "HasAppendedText", "DataFull",          "HasAppendedNumeric", "MapInfoLinked",
+        "RowsChanged",     "PlotDirty",         "DensityInvalid",     "RotationState"};
+    return names.contains(name);
+}
+
+/// Fields that are worked out from the rows when the plot is drawn.
+bool IsResult(const std::string& name) {
+    static const std::set<std::string> names = {
+        "ClassStats",   "ContourLevels", "EigenResults",   "FabricResults", "FabricValueA",
+        "FabricValueB", "FabricValueC",  "FabricValueD",   "FabricValueE",  "FabricValueF",
+        "RoseRangeA",   "RoseRangeB",    "RoseStats",      "RoseMedian",    "RoseMeanDev",
+        "RoseMoments",  "RoseResultant", "RoseDispersion", "RoseKappa",     "RoseSkewness",
+        "RoseKurtosis", "RoseMeanDir",   "RoseVariance",   "RoseStdDev",    "BetaCount"};
+    return names.contains(name);
+}
+
+/// Rows of AxisItems that are those of the statistics.
+bool IsStatisticalItem(const std::string& field) {
+    return field.starts_with("AxisItems[0]") || field.starts_with("AxisItems[9]")
+           || field.starts_with("AxisItems[10]");
+}
+
+/// True for the cells of such a row that say what is shown and how: they are the user's.
+bool IsStyleOfItem(const std::string& field) {
+    for (const char* const cell : {"][0]", "][4]", "][5]", "][6]"}) {
+        if (field.ends_with(cell)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// "tick" or "circ", and "auto" or an interval behind it.
+bool IsScale(const std::string& value) {
+    const std::string marks = value.substr(0, 4);
+    const std::string interval = value.size() > 4 ? value.substr(4) : "";
+    return (marks == "tick" || marks == "circ") && (interval == "auto" || ReadNumber(interval));
+}
+
+std::string NoValue(const std::string& value, const std::string& name, const std::string& wanted) {
+    return "'" + value + "' is no value of " + name + (wanted.empty() ? "" : ": " + wanted);
+}
+
+} // namespace
+
+std::string RefusalOfField(const std::string& field, const std::string& value) {
+    const std::string name = field.substr(0, field.find('['));
+    if (KeepsAccount(name)) {
+        return "'" + name + "' follows from the rows and cannot be set";
+    }
+    if (IsResult(name) || (IsStatisticalItem(field) && !IsStyleOfItem(field))) {
+        return "'" + field + "' is worked out when the plot is drawn and cannot be set";
+    }
+    const std::optional<double> number = ReadNumber(value);
+    if (IsTruth(name) && number != 0 && number != 1 && number != kTrue) {
+        return NoValue(value, name, "0 or -1");
+    }
+    if (name == "RoseScaleType" && !IsScale(value)) {
+        return NoValue(value, name, "tickauto, circauto, or a number behind tick or circ");
+    }
+    const auto range = FieldRanges().find(name);
+    if (range != FieldRanges().end()
+        && (!number || *number < range->second.lowest || *number > range->second.highest)) {
+        return NoValue(value, name, "");
+    }
+    if (name == "ShowSecondary" && number && *number != 0
+        && ActiveRecord().SecondaryFormat == kNoSecondary) {
+        return "the plot holds no secondary set";
+    }
+    if (name == "PlotSymbolMode" && MixesAxes(ActiveRecord(), static_cast<int>(*number))) {
+        return kMixedAxesRefusal;
+    }
+    return {};
+}
+
+bool IsEditOfPlot(const std::string& name) {
+    static const std::set<std::string> edits = {
+        "DescriptionText", "FabricText",        "AppNumName",         "AppNonNumName",
+        "PlotTitle",       "AxisItems",         "ClassTable",         "ClassStats",
+        "ClassLow",        "ClassHigh",         "ClassWidth",         "ClassMode",
+        "NumClasses",      "RoseShape",         "RoseType",           "RoseEqualArea",
+        "RoseSectorSize",  "RoseOddSectorSize", "RoseStartAngle",     "RoseScaleType",
+        "RoseHistStyle",   "RoseSegShape",      "RoseSectorFraction", "RoseZeroCircle",
+        "RoseBiasMode",    "RoseSamplePlunge",  "RoseSampleTrend",    "RoseMinBiasAngle"};
+    return edits.contains(name);
+}
+
+bool MovesRows(const std::string& field) {
+    return field == "PlotKind" || field == "DataKind" || field == "ShowSecondary"
+           || field == "PrimaryFormat" || field == "SecondaryFormat"
+           || field.starts_with("OverlayKind");
+}
+
+} // namespace quandrel
