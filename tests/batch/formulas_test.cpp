@@ -5,6 +5,8 @@
 #include "batch_fixture.h"
 
 #include <fstream>
+#include <iterator>
+#include <string>
 
 namespace quandrel {
 namespace {
@@ -39,6 +41,18 @@ TEST_F(BatchFormulas, ChangeTheStatisticsOfOpenPlots) {
 TEST_F(BatchFormulas, HoldForPlotsToComeAndNeedNone) {
     ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen + "stats normal"), "");
     EXPECT_NE(out.str().find("Mean Resultant dir'n  = 045-225\r\n"), std::string::npos);
+}
+
+TEST_F(BatchFormulas, NotesStandInPicturesToo) {
+    const auto picture = [this](const std::string& formulas) {
+        EXPECT_EQ(Run("formulas " + formulas + "; " + kOpen + "export \"FOLDER/rose.svg\""), "");
+        std::ifstream stream(folder / "rose.svg");
+        return std::string(std::istreambuf_iterator<char>(stream), {});
+    };
+    EXPECT_NE(picture("own").find("(textbook: 045-225)"), std::string::npos);
+    const std::string textbook = picture("textbook");
+    EXPECT_EQ(textbook.find("(textbook:"), std::string::npos);
+    EXPECT_NE(textbook.find("045-225"), std::string::npos);
 }
 
 TEST_F(BatchFormulas, RefuseOtherWords) {
