@@ -25,13 +25,6 @@ bool IsBaseLine(int line, int classes) {
     return line >= 1 && line <= classes;
 }
 
-std::string WithRegionalDelimiter(std::string text) {
-    if (gDecimalIsComma) {
-        std::ranges::replace(text, '.', ',');
-    }
-    return text;
-}
-
 void FillFirstTypes(ClassSettings& settings) {
     const std::size_t found = DistinctTexts(settings.caseSensitive).size();
     FillTypes(settings, TypeProcedure::FirstFound, static_cast<int>(found));
@@ -166,9 +159,9 @@ bool LimitsAscend(const ClassLimits& limits) {
     return true;
 }
 
-std::string LimitBoxText(const ClassLimits& limits, int box, bool areDeviations) {
+std::string LimitBoxText(const ClassLimits& limits, int box, LimitForm form) {
     const double limit = LimitAt(limits, box);
-    if (!areDeviations) {
+    if (form == LimitForm::Plain) {
         return ShownNumber(limit);
     }
     const double deviation = UpperLimit(limits, 1) - LowerLimit(limits, 1);

@@ -66,8 +66,8 @@ void SetLimitAt(ClassLimits& limits, int box, double value);
 
 /// The text of a limit in a box, with the regional decimal delimiter.
 ///
-/// @param areDeviations  the limits are one standard deviation apart
-[[nodiscard]] std::string LimitBoxText(const ClassLimits& limits, int box, bool areDeviations);
+/// @param form  Deviations: the limits are one standard deviation apart
+[[nodiscard]] std::string LimitBoxText(const ClassLimits& limits, int box, LimitForm form);
 
 /// A number for display, with the regional decimal delimiter.
 [[nodiscard]] std::string ShownNumber(double number);

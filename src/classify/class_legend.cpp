@@ -70,11 +70,12 @@ std::vector<LegendLine> ClassLegendLines() {
     const std::vector<bool> samples = ClassesWithSamples(record, shown);
     const std::vector<bool> contours =
         shown.contours ? ClassesOfValueContours() : std::vector<bool>();
+    const LimitForm form = LimitFormOfActivePlot(*column);
     const bool areCircles = shown.rows && record.PlotSymbolMode == kGreatCircles;
     for (std::size_t c = 1; c < std::max(samples.size(), contours.size()); ++c) {
         const int classNumber = static_cast<int>(c);
         const SymbolCode code = CodeOfClass(classNumber);
-        const std::string label = ClassLabel(record.ClassTable, *column, classNumber);
+        const std::string label = ClassLabel(record.ClassTable, *column, classNumber, form);
         if (Has(samples, c)) {
             lines.push_back(
                 {areCircles ? LegendSample::GreatCircle : LegendSample::Symbol, code, label});

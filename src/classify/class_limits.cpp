@@ -4,6 +4,7 @@
 
 #include "core/appended_number.h"
 #include "core/messages.h"
+#include "core/settings.h"
 #include "orientation/number_text.h"
 
 #include <algorithm>
@@ -116,6 +117,16 @@ Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes) 
     return result;
 }
 
+bool AreAlike(const ClassLimits& a, const ClassLimits& b) {
+    constexpr double kRounding = 1e-6; // of tables that hold narrow numbers
+    const double tolerance = kRounding * std::max(std::abs(b.top), std::abs(b.limits[0]));
+    bool alike = a.base == b.base && std::abs(a.top - b.top) <= tolerance;
+    for (int k = 1; alike && k <= a.base; ++k) {
+        alike = std::abs(LowerLimit(a, k) - LowerLimit(b, k)) <= tolerance;
+    }
+    return alike;
+}
+
 ClassLimits ValueRanges(std::span<const double> values) {
     std::vector<double> sorted(values.begin(), values.end());
     sorted.resize(std::max(sorted.size(), At(1)));
@@ -159,6 +170,13 @@ ClassTableCells DefaultClassTable(double lowestNumber, double lowestTextNumber) 
 std::string LimitText(double limit) {
     std::string text = TextOfDigits(limit, kShownDigits);
     return SignificantDigits(text) < kShownDigits ? text : TextOfDigits(limit, kShortDigits);
+}
+
+std::string WithRegionalDelimiter(std::string text) {
+    if (gDecimalIsComma) {
+        std::ranges::replace(text, '.', ',');
+    }
+    return text;
 }
 
 std::string DeviationLimitText(double limit, double deviation) {

@@ -42,6 +42,9 @@ struct ClassLimits {
 /// @return below 2 classes, a text for the user
 [[nodiscard]] Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes);
 
+/// True when limits are the same but for rounding.
+[[nodiscard]] bool AreAlike(const ClassLimits& a, const ClassLimits& b);
+
 /// Classes that begin at the values given, in ascending order whatever theirs is, so that each of
 /// them has a class. The last class is its value alone; where there are more values than classes,
 /// it reaches up to the greatest.
@@ -68,6 +71,9 @@ inline constexpr double kOpenTop = 999999; ///< top limit of DefaultClassTable
 /// five digits, the whole part never cut: "2.1", "3.3333", "0.00012", "1234567". Below 1e-7 with a
 /// power of ten: "1.5E-9".
 [[nodiscard]] std::string LimitText(double limit);
+
+/// A text of a number with the regional decimal delimiter.
+[[nodiscard]] std::string WithRegionalDelimiter(std::string text);
 
 /// A limit of DeviationSplits as a box shows it: one decimal, up to three when the deviation is
 /// below 10, and as LimitText when it is so small that limits would look alike.

@@ -76,6 +76,25 @@ int LastClass(const ClassRule& rule) {
     return rule.base + (rule.keepHigh ? 2 : 1);
 }
 
+bool CanHoldValues(const ClassRule& rule, int classNumber) {
+    const int base = classNumber - 1;
+    if (base < 1) {
+        return rule.base > 0 || rule.column == kNameClasses ? rule.keepLow
+                                                            : rule.limits[0] <= rule.top;
+    }
+    if (base > rule.base) {
+        return rule.keepHigh;
+    }
+    const auto place = static_cast<std::size_t>(base);
+    if (rule.column == kNameClasses) {
+        const auto name = rule.names.begin() + base - 1;
+        return !name->empty() && std::find(rule.names.begin(), name, *name) == name;
+    }
+    // Limits are tried in their order: what any limit before takes does not come here.
+    const double least = *std::max_element(rule.limits.begin(), rule.limits.begin() + base);
+    return least <= rule.top && (base == rule.base || least < rule.limits[place]);
+}
+
 int ClassOfNumber(const ClassRule& rule, double value) {
     if (std::isnan(value)) {
         return 0;

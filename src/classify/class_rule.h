@@ -53,6 +53,12 @@ struct ClassRule {
 /// Number of the last class: base + 1, one more when high values are kept.
 [[nodiscard]] int LastClass(const ClassRule& rule);
 
+/// True for a class that some value belongs to; false for one between two equal limits, or of a
+/// name that is empty or another class's before it.
+///
+/// @param classNumber  1 to LastClass
+[[nodiscard]] bool CanHoldValues(const ClassRule& rule, int classNumber);
+
 /// Class of a number: 0 when it lies outside the limits and is not kept there. A value at the top
 /// limit is in the last base class, one at any other limit in the class above it; limits are tried
 /// in their order, whether they ascend or not.

@@ -4,9 +4,11 @@
 
 #include "classify/column_statistics.h"
 #include "core/appended_number.h"
+#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "density/class_grid.h"
 #include "orientation/number_text.h"
 #include "stereo/plot_driver.h"
 
@@ -74,6 +76,23 @@ void ShowLowest(ClassRanges& ranges, ClassColumn column) {
     if (const auto statistics = StatisticsOfNumbers(ValidNumbersOfColumn(column))) {
         ranges.limits.limits[0] = statistics->least;
     }
+}
+
+/// What ranges are made of: of the rows, or of the nodes of the grid that is to be shown.
+NumberStatistics NumbersToDivide(const ClassSettings& settings) {
+    const NumberStatistics rows =
+        StatisticsOfNumbers(ValidNumbersOfColumn(kNumberClasses)).value_or(NumberStatistics{});
+    if (!HasRangesOfGrid(settings)) {
+        return rows;
+    }
+    const GridLayer layer =
+        settings.gridValue == ClassGridValue::Mean ? kMeanLayer : kCumulativeLayer;
+    std::optional<NumberStatistics> nodes = StatisticsOfNumbers(NodeValuesOfActivePlot(layer));
+    if (nodes && settings.plotType == kContoursWithDataPoints) {
+        nodes->least = std::min(nodes->least, rows.least);
+        nodes->greatest = std::max(nodes->greatest, rows.greatest);
+    }
+    return nodes.value_or(rows);
 }
 
 std::vector<double> NumbersAmong(const std::vector<std::string>& texts) {
@@ -173,8 +192,7 @@ std::string FillRanges(ClassSettings& settings, RangeProcedure procedure, int cl
         SetNumberOfRanges(limits, classes);
         return {};
     }
-    const NumberStatistics numbers =
-        StatisticsOfNumbers(ValidNumbersOfColumn(kNumberClasses)).value_or(NumberStatistics{});
+    const NumberStatistics numbers = NumbersToDivide(settings);
     if (procedure == RangeProcedure::EqualRanges) {
         limits = EqualRanges(numbers.least, numbers.greatest, classes);
         return {};
@@ -199,6 +217,38 @@ void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes) {
     settings.textNumbers.limits = ValueRanges(NumbersAmong(found));
     settings.names.fill({});
     std::ranges::move(found, settings.names.begin());
+}
+
+bool HasRangesOfGrid(const ClassSettings& settings) {
+    return settings.mode == kClassesByNumber && settings.plotType != kClassifiedPoints
+           && ActiveRecord().PlotKind != kRose;
+}
+
+std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
+    const ClassLimits& limits = settings.numbers.limits;
+    // Both procedures make classes of one width: a look at two spares most limits the work.
+    const double width = UpperLimit(limits, 1) - LowerLimit(limits, 1);
+    const double next = UpperLimit(limits, 2) - LowerLimit(limits, 2);
+    if (limits.base < 1 || (limits.base > 1 && std::abs(width - next) > 1e-5 * std::abs(width))) {
+        return std::nullopt;
+    }
+    const NumberStatistics numbers = NumbersToDivide(settings);
+    if (AreAlike(limits, EqualRanges(numbers.least, numbers.greatest, limits.base))) {
+        return RangeProcedure::EqualRanges;
+    }
+    const Result<ClassLimits> splits =
+        DeviationSplits(numbers.mean, numbers.standardDeviation, limits.base);
+    return splits && AreAlike(limits, *splits) ? std::optional(RangeProcedure::DeviationSplits)
+                                               : std::nullopt;
+}
+
+LimitForm LimitFormOf(const ClassSettings& settings) {
+    return ProcedureOfRanges(settings) == RangeProcedure::DeviationSplits ? LimitForm::Deviations
+                                                                          : LimitForm::Plain;
+}
+
+LimitForm LimitFormOfActivePlot(ClassColumn column) {
+    return column == kNumberClasses ? LimitFormOf(SettingsOfActivePlot()) : LimitForm::Plain;
 }
 
 void SetNumberOfRanges(ClassLimits& limits, int classes) {

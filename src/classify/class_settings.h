@@ -68,8 +68,10 @@ inline constexpr std::array<std::string_view, 4> kRangeProcedures = {
 inline constexpr std::array<std::string_view, 5> kTypeProcedures = {
     "First found", "Ascending", "Descending", "Last Used", "Custom!"};
 
-/// Fills settings.numbers from the appended numbers of gActivePlot; LastUsed and Custom change
-/// nothing but the number of classes. A column without numbers gives 0 to 0.
+/// Fills settings.numbers from the appended numbers of gActivePlot, or, where the settings show a
+/// grid of values, from the values of its nodes: those of sums lie far above the numbers. Beside
+/// data points the lowest and the highest number count too. LastUsed and Custom change nothing but
+/// the number of classes. A column without numbers gives 0 to 0.
 ///
 /// @param classes  base classes, clamped to 1 to kMostRanges
 /// @return empty, or why nothing was changed
@@ -82,6 +84,19 @@ inline constexpr std::array<std::string_view, 5> kTypeProcedures = {
 ///
 /// @param classes  clamped to 1 to kMostNames
 void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
+
+/// True when FillRanges goes by the nodes of a grid.
+[[nodiscard]] bool HasRangesOfGrid(const ClassSettings& settings);
+
+/// The procedure that makes settings.numbers what they are; nothing for limits of the user's own.
+/// O(rows), or O(nodes^2) of a grid.
+[[nodiscard]] std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings);
+
+/// How the limits of settings.numbers are shown: as deviations where that procedure made them.
+[[nodiscard]] LimitForm LimitFormOf(const ClassSettings& settings);
+
+/// That of a column of gActivePlot, by its settings.
+[[nodiscard]] LimitForm LimitFormOfActivePlot(ClassColumn column);
 
 /// Takes another number of classes without moving a limit: the top stays the top.
 void SetNumberOfRanges(ClassLimits& limits, int classes);

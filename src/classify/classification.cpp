@@ -11,6 +11,8 @@
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
 
+#include <algorithm>
+
 namespace quandrel {
 
 namespace {
@@ -43,18 +45,40 @@ void RestoreSymbols(const PlotRecord& record) {
     }
 }
 
-std::string LimitLabel(const ClassTableCells& table, std::size_t row, ClassColumn column) {
-    return LimitText(NumberOf(table[row][column]));
-}
+constexpr std::size_t kTopRow = 11;
 
-/// "lo-hi" of a base class, counted from 1; a class of one value is that value.
-std::string RangeLabel(const ClassTableCells& table, ClassColumn column, int base, int k) {
-    constexpr std::size_t kTopRow = 11;
-    const std::string low = LimitLabel(table, static_cast<std::size_t>(k), column);
-    const std::string high =
-        LimitLabel(table, k < base ? static_cast<std::size_t>(k) + 1 : kTopRow, column);
-    return low == high ? low : low + "-" + high;
-}
+/// The limits of a column as texts.
+class LimitLabels {
+public:
+    LimitLabels(const ClassTableCells& table, ClassColumn column, int base, LimitForm form)
+        : table_(table)
+        , column_(column)
+        , base_(base)
+        , form_(form) {}
+
+    /// @param row  of the class table
+    [[nodiscard]] std::string At(std::size_t row) const {
+        const double limit = Limit(row);
+        return WithRegionalDelimiter(form_ == LimitForm::Deviations
+                                         ? DeviationLimitText(limit, Limit(2) - Limit(1))
+                                         : LimitText(limit));
+    }
+
+    /// "lo-hi" of a base class, counted from 1; a class of one value is that value.
+    [[nodiscard]] std::string Range(int k) const {
+        const std::string low = At(static_cast<std::size_t>(k));
+        const std::string high = At(k < base_ ? static_cast<std::size_t>(k) + 1 : kTopRow);
+        return low == high ? low : low + "-" + high;
+    }
+
+private:
+    [[nodiscard]] double Limit(std::size_t row) const { return NumberOf(table_[row][column_]); }
+
+    const ClassTableCells& table_;
+    ClassColumn column_;
+    int base_;
+    LimitForm form_;
+};
 
 } // namespace
 
@@ -136,21 +160,19 @@ void RefreshClassification() {
     }
 }
 
-std::string ClassLabel(const ClassTableCells& table, ClassColumn column, int classNumber) {
+std::string ClassLabel(const ClassTableCells& table, ClassColumn column, int classNumber,
+                       LimitForm form) {
     const ClassRule rule = RuleOfClassTable(table, column);
     if (column == kNameClasses) {
         return classNumber == 1
                    ? kOtherData
                    : NameOfCell(table[static_cast<std::size_t>(classNumber) - 1][column]);
     }
+    const LimitLabels labels(table, column, std::max(rule.base, 1), form);
     if (classNumber == 1) {
-        return rule.base > 0 ? "< " + LimitLabel(table, 1, column)
-                             : RangeLabel(table, column, 1, 1);
+        return rule.base > 0 ? "< " + labels.At(1) : labels.Range(1);
     }
-    if (classNumber > rule.base + 1) {
-        return "> " + LimitLabel(table, 11, column);
-    }
-    return RangeLabel(table, column, rule.base, classNumber - 1);
+    return classNumber > rule.base + 1 ? "> " + labels.At(kTopRow) : labels.Range(classNumber - 1);
 }
 
 bool DecimalWarningNeeded(ClassColumn column) {

@@ -56,9 +56,15 @@ void ApplyClassification(std::int16_t mode);
 /// Classes of changed rows of a classified gActivePlot; any other plot is left alone.
 void RefreshClassification();
 
-/// What a class is called: "2-4", "> 10", "< 2", "Other data", or its name.
+/// How limits are shown: as short as they are, or as those of standard deviations.
+enum class LimitForm { Plain, Deviations };
+
+/// What a class is called: "2-4", "> 10", "< 2", "Other data", or its name. Limits are as the boxes
+/// of the dialogs show them, with the regional decimal delimiter.
+///
+/// @param form  that of LimitFormOf for appended numbers, else Plain
 [[nodiscard]] std::string ClassLabel(const ClassTableCells& table, ClassColumn column,
-                                     int classNumber);
+                                     int classNumber, LimitForm form = LimitForm::Plain);
 
 /// True when fewer than seven in ten valid rows of gActivePlot are classified by a number (see
 /// NumClassified), and the numbers may be to blame: some row has none that can be read. Rows that

@@ -6,7 +6,9 @@
 #include "density/cone_counts.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
+#include "stereo/plot_driver.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quandrel {
@@ -59,6 +61,27 @@ LineValues ValuesOfActivePlot() {
     return values;
 }
 
+/// Calls with the column, the row and the values of each node of the grid of gActivePlot that has
+/// any.
+template <class Visit>
+void VisitNodes(int gridSize, Visit visit) {
+    const LineValues values = ValuesOfActivePlot();
+    const int step = GridStep(gridSize);
+    const int nodes = GridNodes(gridSize);
+    for (int column = 0; column < nodes; ++column) {
+        for (int row = 0; row < nodes; ++row) {
+            double plunge = 0;
+            double trend = 0;
+            UnprojectPoint(ActiveRecord().PlotKind, NodePosition(column, step),
+                           NodePosition(row, step), plunge, trend);
+            const ValueSum here = ValuesWithin(values, plunge, trend, kGridCountCone);
+            if (here.values > 0) {
+                visit(column, row, here);
+            }
+        }
+    }
+}
+
 /// Both layers of a slot with no node set.
 GridValues& UnsetGrid(std::size_t slot) {
     if (gGridValues[slot] == nullptr) {
@@ -90,6 +113,17 @@ ValueSum ValuesWithin(const LineValues& values, double plunge, double trend, dou
     return total.total;
 }
 
+std::vector<double> NodeValuesOfActivePlot(GridLayer layer) {
+    const int gridSize = std::clamp(gGridDensitySlider, kSmallestGridSize, kLargestGridSize);
+    std::vector<double> nodes;
+    if (ActiveRecord().HasAppendedNumeric != 0) {
+        VisitNodes(gridSize, [&](int /*column*/, int /*row*/, const ValueSum& here) {
+            nodes.push_back(layer == kMeanLayer ? here.sum / here.values : here.sum);
+        });
+    }
+    return nodes;
+}
+
 void ComputeGridValues() {
     const PlotRecord& record = ActiveRecord();
     const auto slot = static_cast<std::size_t>(gActivePlot);
@@ -97,23 +131,13 @@ void ComputeGridValues() {
         gGridCount[slot] = 0;
         return;
     }
-    const LineValues values = ValuesOfActivePlot();
-    const int step = GridStep(record.GridSize);
-    const auto nodes = static_cast<std::size_t>(GridNodes(record.GridSize));
     GridValues& grid = UnsetGrid(slot);
-    for (std::size_t column = 0; column < nodes; ++column) {
-        for (std::size_t row = 0; row < nodes; ++row) {
-            double plunge = 0;
-            double trend = 0;
-            UnprojectPoint(record.PlotKind, NodePosition(static_cast<int>(column), step),
-                           NodePosition(static_cast<int>(row), step), plunge, trend);
-            const ValueSum here = ValuesWithin(values, plunge, trend, kGridCountCone);
-            if (here.values > 0) {
-                grid[kCumulativeLayer][column][row] = here.sum;
-                grid[kMeanLayer][column][row] = here.sum / here.values;
-            }
-        }
-    }
+    VisitNodes(record.GridSize, [&grid](int column, int row, const ValueSum& here) {
+        const auto i = static_cast<std::size_t>(column);
+        const auto j = static_cast<std::size_t>(row);
+        grid[kCumulativeLayer][i][j] = here.sum;
+        grid[kMeanLayer][i][j] = here.sum / here.values;
+    });
     gGridCount[slot] = kTrue;
 }
 

@@ -4,11 +4,13 @@
 
 #pragma once
 
+#include "core/plot_store.h"
 #include "density/cone_scan.h"
 
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace quandrel {
 
@@ -39,6 +41,11 @@ private:
 /// Sum of the values within a cone. The arguments are those of CountWithin.
 [[nodiscard]] ValueSum ValuesWithin(const LineValues& values, double plunge, double trend,
                                     double cone);
+
+/// The values that the nodes of the density grid of gActivePlot have in a layer, nodes without rows
+/// left out: what ComputeGridValues would make of the plot at its next drawing, whatever it is
+/// classified by. O(nodes^2).
+[[nodiscard]] std::vector<double> NodeValuesOfActivePlot(GridLayer layer);
 
 /// Fills gGridValues of a gActivePlot that is classified by its appended numbers, on the nodes of
 /// its density grid: kUnsetValue where no row with a number lies within the cone. Rows with an

@@ -84,23 +84,42 @@ SymbolCode CodeOfBand(int number) {
     return CodeOfStyleRow(kFirstBandSymbol + number - 1);
 }
 
-std::string BoundText(double bound, bool isFirst) {
-    return " > " + FormatNumber(bound, isFirst ? "Fixed" : "##") + "%";
-}
+/// Per cents of a column whose least one above 0 is told: with two decimals, or as many as give the
+/// least one two digits. None reads 0.00.
+class PerCentText {
+public:
+    explicit PerCentText(double least)
+        : format_("Fixed") {
+        constexpr double kLeastOfTwoDecimals = 0.01;
+        if (least > 0 && least < kLeastOfTwoDecimals) {
+            const double power = std::floor(std::log10(least));
+            format_ = "0." + std::string(static_cast<std::size_t>(1 - power), '0');
+        }
+    }
+
+    std::string operator()(double perCent) const { return FormatNumber(perCent, format_) + "%"; }
+
+private:
+    std::string format_;
+};
 
 void AddBands(std::vector<LegendLine>& lines, const std::vector<Band>& bands) {
+    if (bands.empty()) {
+        return;
+    }
+    const PerCentText text(bands.front().bound);
     for (const Band& band : bands) {
-        lines.push_back({LegendSample::Symbol, CodeOfBand(band.number),
-                         BoundText(band.bound, &band == &bands.front())});
+        lines.push_back({LegendSample::Symbol, CodeOfBand(band.number), " > " + text(band.bound)});
     }
 }
 
 void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record) {
+    const PerCentText text(record.ContourLevels.front());
     for (int k = 0; k < record.NumContours; ++k) {
         const AxisStyle style = ContourStyleOf(k);
         const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
         lines.push_back({LegendSample::Line, MakeSymbolCode(style[0], style[1], style[2]),
-                         BoundText(level, k == 0)});
+                         " > " + text(level)});
     }
 }
 
@@ -110,8 +129,7 @@ LegendLine OnePointLine(const DensitiesShown& shown, std::int32_t n) {
     const bool hasSymbol = shown.points || (shown.gridSymbols && unit < GridBandBase(n))
                            || (shown.contours && gShowIsolatedPts != 0);
     return {hasSymbol ? LegendSample::Symbol : LegendSample::Indent,
-            hasSymbol ? CodeOfBand(kIsolatedBand) : 0,
-            " 1 pt. (" + FormatNumber(unit, "Fixed") + "%)"};
+            hasSymbol ? CodeOfBand(kIsolatedBand) : 0, " 1 pt. (" + PerCentText(unit)(unit) + ")"};
 }
 
 } // namespace
@@ -135,7 +153,7 @@ std::vector<LegendLine> BandLegendLines() {
     if (shown.contours) {
         AddContours(lines, record);
     }
-    lines.push_back({LegendSample::Indent, 0, "(Max. =" + FormatNumber(most, "Fixed") + "%)"});
+    lines.push_back({LegendSample::Indent, 0, "(Max. =" + PerCentText(most)(most) + ")"});
     return lines;
 }
 

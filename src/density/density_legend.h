@@ -16,6 +16,7 @@ namespace quandrel {
 ///
 /// Bands that no number of rows can fall into are left out. The last style stands for all bands
 /// from its own on. A contour's sample is a line, whose code holds colour, draw style, draw width.
+/// The levels of a column have the same number of decimals: two, or as many as the least one needs.
 [[nodiscard]] std::vector<LegendLine> BandLegendLines();
 
 } // namespace quandrel

@@ -2,6 +2,7 @@
 
 #include "rose/petal_tip.h"
 
+#include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -25,7 +26,7 @@ double StatsOf(int sector, RoseStatsColumn column) {
 std::string Azimuth(double degrees) {
     const double wrapped = WrapDegrees(degrees);
     const bool isWhole = std::abs(wrapped - std::round(wrapped)) < 1e-6;
-    return FormatNumber(wrapped, isWhole ? "000" : "000.0");
+    return FormatNumber(wrapped, isWhole ? "000" : "000.0#");
 }
 
 std::string Bounds(double from, double to) {
@@ -75,7 +76,8 @@ std::string ClassLine(const PlotRecord& record, const RoseWedge& wedge) {
         all += gRoseSectors(wedge.sector, c, kRoseFrequencyLayer);
     }
     const double rows = gRoseSectors(wedge.sector, wedge.classNumber, kRoseFrequencyLayer);
-    return "\n" + ClassLabel(record.ClassTable, *column, wedge.classNumber) + ": "
+    const LimitForm form = LimitFormOfActivePlot(*column);
+    return "\n" + ClassLabel(record.ClassTable, *column, wedge.classNumber, form) + ": "
            + FormatNumber(rows, "0.##") + ShareText(rows, all);
 }
 

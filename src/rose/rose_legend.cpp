@@ -2,10 +2,12 @@
 
 #include "rose/rose_legend.h"
 
+#include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
+#include "rose/bias_weights.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
@@ -51,7 +53,7 @@ LegendLine LayerLine(const PlotRecord& record, int layer, std::string text) {
 }
 
 std::string FrequencyTitle(const PlotRecord& record) {
-    if (IsRoseBiasCorrected(record)) {
+    if (IsRoseBiasCorrected(record) && record.RoseBiasMode != kDipOnly) {
         return "Weighted Frequency-Azimuth";
     }
     return record.HasFrequencyColumn != 0 ? "Data Frequency-Azimuth (grouped)"
@@ -99,9 +101,9 @@ std::vector<LegendLine> RoseTitleLines(const PlotRecord& record) {
         return {TextLine("Mean " + name + " - Azimuth"), TextLine("[" + name + " Means/sector]")};
     case kRoseVariance:
         return {TextLine(name + " variance-Azimuth"),
-                TextLine("[Variance of " + name + "/sector]")};
+                TextLine("[standard deviation of " + name + "/sector]")};
     case kRoseWindSpeed:
-        return {TextLine("Mean Wind Speed-Azimuth")};
+        return {TextLine("Mean Wind Speed-Azimuth"), TextLine("[sum of speeds/sector]")};
     case kRoseWindEnergy:
         return {TextLine("Wind Energy Frequency"),
                 TextLine("[Mean Wind Speed^3 x Mean Frequency]")};
@@ -123,9 +125,11 @@ std::vector<LegendLine> RoseBiasLines(const PlotRecord& record) {
     if (!IsRoseBiasCorrected(record)) {
         return {};
     }
-    const std::string angle = record.RoseBiasMode == 1   ? "[3-D] angle with"
-                              : record.RoseBiasMode == 2 ? "strike angle with"
-                                                         : "dip angle with";
+    if (record.RoseBiasMode == kDipOnly) {
+        return {TextLine("Dip only: no correction")};
+    }
+    const char* const angle =
+        record.RoseBiasMode == kSpaceAngle ? "[3-D] angle with" : "strike angle with";
     return {TextLine("Linear sample line"), TextLine("bias-correction using"), TextLine(angle),
             TextLine("sample line: " + SampleLineText(record)),
             TextLine(" [Min.angle used = " + FormatNumber(record.RoseMinBiasAngle, "#0") + "° ]")};
@@ -139,9 +143,13 @@ std::vector<LegendLine> RoseClassLines(const PlotRecord& record) {
     }
     const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
     const int classes = LastClass(rule);
+    const LimitForm form = LimitFormOfActivePlot(*column);
     for (int c = rule.keepLow ? 1 : 2; c <= classes; ++c) {
-        lines.push_back(PatchLine(FillOfRoseClass(c), ClassLabel(record.ClassTable, *column, c),
-                                  PatchWidth(record, c, classes)));
+        if (CanHoldValues(rule, c)) {
+            lines.push_back(PatchLine(FillOfRoseClass(c),
+                                      ClassLabel(record.ClassTable, *column, c, form),
+                                      PatchWidth(record, c, classes)));
+        }
     }
     return lines;
 }

@@ -21,11 +21,11 @@ namespace quandrel {
 /// The lines that tell the kind of a rose; the layers of an overlaid one have samples.
 [[nodiscard]] std::vector<LegendLine> RoseTitleLines(const PlotRecord& record);
 
-/// The lines of a bias correction, none without one.
+/// The lines of a bias correction, none without one; "Dip only" says that there is no correction.
 [[nodiscard]] std::vector<LegendLine> RoseBiasLines(const PlotRecord& record);
 
-/// A sample and a label for each class that is kept; samples are as wide as the classes where these
-/// differ in width. None for a rose without classes.
+/// A sample and a label for each class that is kept and can hold rows; samples are as wide as the
+/// classes where these differ in width. None for a rose without classes.
 [[nodiscard]] std::vector<LegendLine> RoseClassLines(const PlotRecord& record);
 
 /// The lines of the legend of the rose of gActivePlot: its kind, whether axes are counted at both

@@ -80,8 +80,8 @@ std::string DataLines(const PlotRecord& record) {
     if (isCorrected) {
         lines += Line("(Bias-corrected total = ", counts[1], kFixed, ")");
     }
-    return lines + LeftOutLine() + Line("Sector angle = ", record.RoseSectorSize, "#0", kDegreeSign)
-           + kLineEnd;
+    return lines + LeftOutLine()
+           + Line("Sector angle = ", record.RoseSectorSize, "0.##", kDegreeSign) + kLineEnd;
 }
 
 std::string MaximumLine(const PlotRecord& record, std::size_t layer, int measure) {

@@ -14,6 +14,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace quandrel {
 
@@ -140,6 +141,18 @@ void ClassBoxes::ChooseNumberOfRanges(int classes) {
     FillRangesAnew(keeps ? RangeProcedure::Custom : rangeProcedure_, classes);
 }
 
+void ClassBoxes::ChoosePlotType(std::int16_t plotType, ClassGridValue gridValue) {
+    if (settings_.plotType == plotType && settings_.gridValue == gridValue) {
+        return;
+    }
+    const std::optional<RangeProcedure> procedure = ProcedureOfRanges(settings_);
+    settings_.plotType = plotType;
+    settings_.gridValue = gridValue;
+    if (procedure && procedure != ProcedureOfRanges(settings_)) {
+        FillRangesAnew(*procedure, settings_.numbers.limits.base);
+    }
+}
+
 void ClassBoxes::FillRangesAnew(RangeProcedure procedure, int classes) {
     const std::string refusal = FillRanges(settings_, procedure, classes);
     if (refusal.empty()) {
@@ -188,9 +201,7 @@ void ClassBoxes::LimitEdited(ClassKind kind, int box) {
     // While the text is no number the limit is the one before.
     ClassLimits& limits = RangesOfKind(settings_, kind).limits;
     SetLimitAt(limits, box, limit.value_or(given.value));
-    if (const int twin = TwinOf(box, limits.base); twin >= 0) {
-        ShowLimit(kind, twin);
-    }
+    ShowNeighbours(kind, box);
     ShowOthers();
     ShowPatches();
     ShowNote();
@@ -254,7 +265,8 @@ QString ClassBoxes::LabelOfClass(int classNumber) const {
     const ClassColumn ranges = page_ == ClassKind::Types ? kTextNumberClasses : kNumberClasses;
     const ClassTableCells table = TableOfSettings(settings_, ActiveRecord().ClassTable);
     return QString::fromStdString(
-        ClassLabel(table, hasRanges ? ranges : kNameClasses, classNumber));
+        ClassLabel(table, hasRanges ? ranges : kNameClasses, classNumber,
+                   ranges == kNumberClasses ? numberForm_ : LimitForm::Plain));
 }
 
 void ClassBoxes::Refresh() {
@@ -322,12 +334,24 @@ void ClassBoxes::ShowLines() {
     chkShowOthers[kOtherNames]->setVisible(!hasRanges);
 }
 
+/// The boxes that change with an edited one: its twin, or all whose form is no longer theirs.
+void ClassBoxes::ShowNeighbours(ClassKind kind, int box) {
+    const ClassLimits& limits = RangesOfKind(settings_, kind).limits;
+    const bool changesForm = kind == ClassKind::Numbers
+                             && std::exchange(numberForm_, LimitForm::Plain) != LimitForm::Plain;
+    const int twin = TwinOf(box, limits.base);
+    for (int other = 0; other < 2 * std::max(limits.base, 1); ++other) {
+        if (other == twin || (changesForm && other != box)) {
+            ShowLimit(kind, other);
+        }
+    }
+}
+
 void ClassBoxes::ShowLimit(ClassKind kind, int box) {
     const ClassLimits& limits = RangesOfKind(settings_, kind).limits;
-    const bool areDeviations =
-        kind == ClassKind::Numbers && rangeProcedure_ == RangeProcedure::DeviationSplits;
     Given& given = given_[PlaceOf(kind)][At(box)];
-    given.text = QString::fromStdString(LimitBoxText(limits, box, areDeviations));
+    given.text = QString::fromStdString(
+        LimitBoxText(limits, box, kind == ClassKind::Numbers ? numberForm_ : LimitForm::Plain));
     given.value = LimitAt(limits, box);
     QLineEdit& shown = *BoxesOf(kind)[At(box)];
     shown.setText(given.text);
@@ -335,6 +359,7 @@ void ClassBoxes::ShowLimit(ClassKind kind, int box) {
 }
 
 void ClassBoxes::ShowBoxes() {
+    numberForm_ = LimitFormOf(settings_);
     for (const ClassKind kind : {ClassKind::Numbers, ClassKind::Types}) {
         const int ranges = std::max(RangesOfKind(settings_, kind).limits.base, 1);
         for (int box = 0; box < 2 * ranges; ++box) {

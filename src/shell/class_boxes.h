@@ -54,6 +54,10 @@ public:
 
     void SetStyles(const ClassStyles& styles);
 
+    /// What the plot is to show of its numbers. Limits that a procedure made are made anew where a
+    /// grid has other values than the rows.
+    void ChoosePlotType(std::int16_t plotType, ClassGridValue gridValue);
+
     /// What is classified by. None keeps the page before and disables it.
     void ChooseKind(ClassKind kind);
 
@@ -130,6 +134,7 @@ private:
 
     void Refresh();
     void ShowLimit(ClassKind kind, int box);
+    void ShowNeighbours(ClassKind kind, int box);
     void ShowPage();
     void ShowBoxes();
     void ShowLines();
@@ -148,6 +153,7 @@ private:
     ClassKind kind_ = ClassKind::None;
     ClassKind page_ = ClassKind::Numbers; ///< Numbers or Types
     RangeProcedure rangeProcedure_ = RangeProcedure::LastUsed;
+    LimitForm numberForm_ = LimitForm::Plain;
     TypeProcedure typeProcedure_ = TypeProcedure::LastUsed;
     std::array<GivenLimits, 2> given_{}; ///< of numbers, of types
     bool hasNumericTypes_ = false;       ///< of the plot loaded

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -240,9 +241,17 @@ QHBoxLayout* frmDataClassification::MakeButtons() {
 
 void frmDataClassification::Connect() {
     const auto change = [this] { changed_ = true; };
+    const auto choosePlotType = [this] {
+        if (loading_) {
+            return;
+        }
+        changed_ = true;
+        const ClassSettings chosen = SettingsOfControls();
+        boxes->ChoosePlotType(chosen.plotType, chosen.gridValue);
+    };
     connect(boxes, &ClassBoxes::Changed, this, change);
     for (QCheckBox* box : chkGridValues) {
-        connect(box, &QCheckBox::toggled, this, change);
+        connect(box, &QCheckBox::toggled, this, choosePlotType);
     }
     connect(txtMinValue, &QLineEdit::textEdited, this, change);
     for (std::size_t i = 0; i < optDataClassif.size(); ++i) {
@@ -255,8 +264,8 @@ void frmDataClassification::Connect() {
         });
     }
     for (QRadioButton* option : optClassifPlotType) {
-        connect(option, &QRadioButton::toggled, this, [this] {
-            changed_ = true;
+        connect(option, &QRadioButton::toggled, this, [this, choosePlotType] {
+            choosePlotType();
             EnableClassOptions();
         });
     }
@@ -267,6 +276,7 @@ void frmDataClassification::Connect() {
 }
 
 void frmDataClassification::Load() {
+    const QScopedValueRollback loading(loading_, true);
     slot_ = gActivePlot;
     const ClassSettings settings = SettingsOfActivePlot();
     boxes->Load(settings, StylesOfClasses(kFirstClassStyle));

@@ -94,6 +94,7 @@ private:
     std::optional<double> background_; ///< in full, of shownBackground_
     int slot_ = 0;                     ///< the plot shown
     bool changed_ = false;             ///< controls differ from the plot
+    bool loading_ = false;             ///< controls are being set by the program
 };
 
 } // namespace quandrel

@@ -205,14 +205,15 @@ TEST_F(ClassEditingTest, SeesLimitsThatDoNotAscend) {
 
 TEST_F(ClassEditingTest, ShowsLimitsByTheRegionalDelimiter) {
     const ClassLimits limits = Limits({1.5, 2.25});
-    EXPECT_EQ(LimitBoxText(limits, 0, false), "1.5");
+    EXPECT_EQ(LimitBoxText(limits, 0, LimitForm::Plain), "1.5");
     gDecimalIsComma = true;
-    EXPECT_EQ(LimitBoxText(limits, 0, false), "1,5");
-    EXPECT_EQ(LimitBoxText(limits, 1, true), "2,25");
+    EXPECT_EQ(LimitBoxText(limits, 0, LimitForm::Plain), "1,5");
+    EXPECT_EQ(LimitBoxText(limits, 1, LimitForm::Deviations), "2,25");
     EXPECT_EQ(ShownNumber(0.125), "0,125");
     gDecimalIsComma = false;
-    EXPECT_EQ(LimitBoxText(Limits({1.23456, 13.0}), 0, true), "1.2") << "11.8 apart: one decimal";
-    EXPECT_EQ(LimitBoxText(Limits({1.23456, 4}), 0, true), "1.235");
+    EXPECT_EQ(LimitBoxText(Limits({1.23456, 13.0}), 0, LimitForm::Deviations), "1.2")
+        << "11.8 apart: one decimal";
+    EXPECT_EQ(LimitBoxText(Limits({1.23456, 4}), 0, LimitForm::Deviations), "1.235");
 }
 
 TEST_F(ClassEditingTest, FiguresAreThoseOfTheNumbers) {

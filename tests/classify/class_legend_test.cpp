@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "class_fixture.h"
+#include "classify/class_editing.h"
 #include "classify/class_legend.h"
 #include "classify/class_settings.h"
 #include "classify/classification.h"
@@ -34,6 +35,29 @@ TEST_F(ClassLegend, ListsExactlyTheClassesWithRows) {
     EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "2-4"}));
     gAppNumeric.At(gActivePlot, 1) = 7;
     EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "2-4", "6-8"}));
+}
+
+TEST_F(ClassLegend, ShowsLimitsAsTheBoxesDo) {
+    AddNumbers({2, 4, 4, 4, 5, 5, 7, 9});
+    for (const RangeProcedure procedure :
+         {RangeProcedure::EqualRanges, RangeProcedure::DeviationSplits}) {
+        ClassSettings chosen = SettingsOfActivePlot();
+        chosen.mode = kClassesByNumber;
+        ASSERT_EQ(FillRanges(chosen, procedure, 6), "");
+        ASSERT_EQ(ApplyClassSettings(chosen), "");
+        const LimitForm form = LimitFormOf(SettingsOfActivePlot());
+        EXPECT_EQ(form == LimitForm::Deviations, procedure == RangeProcedure::DeviationSplits);
+        for (const bool isComma : {false, true}) {
+            gDecimalIsComma = isComma;
+            const ClassLimits& limits = chosen.numbers.limits;
+            const std::string first =
+                LimitBoxText(limits, 2, form) + "-" + LimitBoxText(limits, 3, form);
+            const std::vector<std::string> texts = Texts();
+            EXPECT_NE(std::ranges::find(texts, first), texts.end()) << first;
+        }
+        gDecimalIsComma = false;
+    }
+    EXPECT_EQ(Texts()[1], "0.724-2.862") << "5 - 2 and 5 - 1 deviations of 2.138";
 }
 
 TEST_F(ClassLegend, NamesTheTypesAsTheTableSpellsThem) {

@@ -165,6 +165,37 @@ TEST(ClassOfName, NeverFitsANameThatIsEmpty) {
     EXPECT_EQ(ClassOfName(rule, "slate"), 3);
 }
 
+TEST(CanHoldValues, IsTrueOfExactlyTheClassesThatSomeValueFindsByTrying) {
+    std::mt19937 random(33);
+    for (int sample = 0; sample < 500; ++sample) {
+        ClassRule rule;
+        rule.base = static_cast<int>(random() % 6);
+        for (double& limit : rule.limits) {
+            limit = static_cast<double>(random() % 5); // many equal ones, in any order
+        }
+        rule.top = static_cast<double>(random() % 6);
+        rule.keepLow = rule.base > 0 && random() % 2 == 0;
+        rule.keepHigh = random() % 2 == 0;
+        std::set<int> found;
+        for (double value = -1; value <= 7; value += 0.5) {
+            found.insert(ClassOfNumber(rule, value));
+        }
+        for (int c = 1; c <= LastClass(rule); ++c) {
+            EXPECT_EQ(CanHoldValues(rule, c), found.contains(c)) << sample << " class " << c;
+        }
+    }
+}
+
+TEST(CanHoldValues, IsFalseOfNamesThatNoTextHas) {
+    const ClassRule rule =
+        RuleOfClassTable(TableOfNames({"Slate", "", "slate", "marl"}, true, false), kNameClasses);
+    EXPECT_TRUE(CanHoldValues(rule, 1)) << "others";
+    EXPECT_TRUE(CanHoldValues(rule, 2));
+    EXPECT_FALSE(CanHoldValues(rule, 3)) << "empty";
+    EXPECT_FALSE(CanHoldValues(rule, 4)) << "the first one again";
+    EXPECT_TRUE(CanHoldValues(rule, 5));
+}
+
 TEST(ClassOfName, TakesTheFirstOfTwoLikeNames) {
     const ClassRule rule =
         RuleOfClassTable(TableOfNames({"slate", "SLATE"}, false, false), kNameClasses);

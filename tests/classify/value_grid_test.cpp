@@ -3,6 +3,7 @@
 #include "class_fixture.h"
 #include "classify/class_settings.h"
 #include "classify/classification.h"
+#include "classify/column_statistics.h"
 #include "classify/value_grid.h"
 #include "density/class_grid.h"
 #include "density/grid_density.h"
@@ -170,6 +171,35 @@ TEST_F(ValueGrid, DrawsContoursInTheColoursOfTheirClasses) {
         expected.insert(ColourValue(TableColour(CodeColour(CodeOfClass(c)))));
     }
     EXPECT_EQ(colours, expected);
+}
+
+TEST_F(ValueGrid, GivesRangesTheirLimits) {
+    MakePlot(ClassGridValue::Mean, 0);
+    for (const ClassGridValue which : {ClassGridValue::Mean, ClassGridValue::Cumulative}) {
+        const std::optional<ValueRange> range = RangeOfGridValues(which);
+        ASSERT_TRUE(range);
+        ClassSettings chosen = SettingsOfActivePlot();
+        chosen.plotType = kGriddedValues;
+        chosen.gridValue = which;
+        ASSERT_EQ(FillRanges(chosen, RangeProcedure::EqualRanges, 4), "");
+        EXPECT_NEAR(chosen.numbers.limits.limits[0], range->least, 1e-9);
+        EXPECT_NEAR(chosen.numbers.limits.top, range->greatest, 1e-9);
+        EXPECT_EQ(ProcedureOfRanges(chosen), RangeProcedure::EqualRanges);
+        // Every node has a class, and the top one is not for the sums alone.
+        ASSERT_EQ(ApplyClassSettings(chosen), "");
+        ComputeGridDensity();
+        std::vector<bool> classes = ClassesOfValueNodes();
+        ASSERT_EQ(classes.size(), 7U) << "both excesses are kept";
+        EXPECT_TRUE(classes[2] && classes[5]) << "from the lowest to the highest";
+    }
+    ClassSettings sums = SettingsOfActivePlot();
+    EXPECT_GT(sums.numbers.limits.top, 9) << "above any single value";
+    sums.plotType = kContoursWithDataPoints;
+    ASSERT_EQ(FillRanges(sums, RangeProcedure::EqualRanges, 4), "");
+    EXPECT_EQ(sums.numbers.limits.limits[0], 1) << "the points count too";
+    sums.plotType = kClassifiedPoints;
+    ASSERT_EQ(FillRanges(sums, RangeProcedure::EqualRanges, 4), "");
+    EXPECT_EQ(sums.numbers.limits.top, 9);
 }
 
 TEST_F(ValueGrid, OfAPlotThatIsNotClassifiedByNumbersIsNothing) {

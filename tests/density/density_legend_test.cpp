@@ -68,13 +68,15 @@ using Rows = std::vector<int>;
 
 TEST_F(DensityLegend, OfPointsTellsTheBandsThatOccur) {
     Show(60, kPointDensitySymbols, 10); // base 1; two rows are 3.33%, already in the band from 2
-    EXPECT_EQ(Texts(), (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4%", " > 8%", "(Max. =10.00%)"}));
+    EXPECT_EQ(Texts(),
+              (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 8.00%", "(Max. =10.00%)"}));
     EXPECT_EQ(SampleRows(), (Rows{10, 13, 14, 15, -1}));
 }
 
 TEST_F(DensityLegend, OfManyPointsHasABandBelowTheBase) {
     Show(500, kPointDensitySymbols, 3.4F); // one row is 0.2%, and two to four are below 1%
-    EXPECT_EQ(Texts(), (Lines{" 1 pt. (0.20%)", " > 0.20%", " > 1%", " > 2%", "(Max. =3.40%)"}));
+    EXPECT_EQ(Texts(),
+              (Lines{" 1 pt. (0.20%)", " > 0.20%", " > 1.00%", " > 2.00%", "(Max. =3.40%)"}));
     EXPECT_EQ(SampleRows(), (Rows{10, 11, 12, 13, -1}));
 }
 
@@ -88,28 +90,50 @@ TEST_F(DensityLegend, OfOneBandHasOneSampleAndTheMaximum) {
 
 TEST_F(DensityLegend, OfTheGridBeginsAtOneRowRoundedUp) {
     Show(60, kGridDensitySymbols, 16.667F);
-    EXPECT_EQ(Texts(),
-              (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4%", " > 8%", " > 16%", "(Max. =16.67%)"}));
+    EXPECT_EQ(Texts(), (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 8.00%", " > 16.00%",
+                              "(Max. =16.67%)"}));
     EXPECT_EQ(SampleRows(), (Rows{10, 11, 12, 13, 14, -1}));
 }
 
 TEST_F(DensityLegend, OfTheGridHasNoSymbolForOnePointThatFallsIntoTheNextBand) {
     Show(50, kGridDensitySymbols, 4); // one row is 2% as it is
-    EXPECT_EQ(Texts(), (Lines{" 1 pt. (2.00%)", " > 2.00%", " > 4%", "(Max. =4.00%)"}));
+    EXPECT_EQ(Texts(), (Lines{" 1 pt. (2.00%)", " > 2.00%", " > 4.00%", "(Max. =4.00%)"}));
     EXPECT_EQ(SampleRows(), (Rows{-1, 11, 12, -1}));
+}
+
+TEST_F(DensityLegend, NeverReadsZeroPerCent) {
+    struct Case {
+        int rows;
+        const char* one;
+        const char* first;
+        const char* second;
+    };
+
+    for (const Case& test : {Case{9000, " 1 pt. (0.01%)", " > 0.01%", " > 1.00%"},
+                             {12000, " 1 pt. (0.0083%)", " > 0.0083%", " > 1.0000%"},
+                             {30000, " 1 pt. (0.0033%)", " > 0.0033%", " > 1.0000%"}}) {
+        Show(test.rows, kPointDensitySymbols, 5);
+        EXPECT_EQ(Texts(), (Lines{test.one, test.first, test.second,
+                                  test.rows == 9000 ? " > 2.00%" : " > 2.0000%",
+                                  test.rows == 9000 ? " > 4.00%" : " > 4.0000%", "(Max. =5.00%)"}))
+            << test.rows;
+    }
+    Show(30000, kPointDensitySymbols, 0.0033F);
+    EXPECT_EQ(Texts(), (Lines{" 1 pt. (0.0033%)", "(Max. =0.0033%)"}));
 }
 
 TEST_F(DensityLegend, EndsWithTheBandOfTheLastStyle) {
     Show(500, kGridDensitySymbols, 80);
     EXPECT_EQ(SampleRows(), (Rows{10, 11, 12, 13, 14, 15, -1}));
-    EXPECT_EQ(Texts()[5], " > 16%");
+    EXPECT_EQ(Texts()[5], " > 16.00%");
 }
 
 TEST_F(DensityLegend, OfContoursHasALineForEachLevelInItsStyle) {
     Show(60, kContours, 9);
     SetLevels({2, 4, 8});
     gContourStyleTable[1] = {7, kDashedLine, 3};
-    EXPECT_EQ(Texts(), (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4%", " > 8%", "(Max. =9.00%)"}));
+    EXPECT_EQ(Texts(),
+              (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 8.00%", "(Max. =9.00%)"}));
     const auto lines = BandLegendLines();
     EXPECT_EQ(lines[0].sample, LegendSample::Indent);
     EXPECT_EQ(lines[2].sample, LegendSample::Line);
@@ -126,8 +150,8 @@ TEST_F(DensityLegend, OfContoursShowsTheSymbolOfIsolatedPoints) {
 TEST_F(DensityLegend, OfBothHasBandsThenContours) {
     Show(60, kContoursAndGrid, 5);
     SetLevels({2, 4});
-    EXPECT_EQ(Texts(),
-              (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4%", " > 2.00%", " > 4%", "(Max. =5.00%)"}));
+    EXPECT_EQ(Texts(), (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 2.00%", " > 4.00%",
+                              "(Max. =5.00%)"}));
     EXPECT_EQ(SampleRows(), (Rows{10, 11, 12, -1, -1, -1}));
 }
 

@@ -69,8 +69,8 @@ TEST_F(RoseLegendTest, TellsTheKind) {
         Texts{"Data Frequency-Azimuth"},
         {"Length- Azimuth"},
         {"Mean Length - Azimuth", "[Length Means/sector]"},
-        {"Length variance-Azimuth", "[Variance of Length/sector]"},
-        {"Mean Wind Speed-Azimuth"},
+        {"Length variance-Azimuth", "[standard deviation of Length/sector]"},
+        {"Mean Wind Speed-Azimuth", "[sum of speeds/sector]"},
         {"Wind Energy Frequency", "[Mean Wind Speed^3 x Mean Frequency]"},
         {"Overlayed Wind Rose", "Wind Energy x mean freq [top]", "Mean Wind Speed [middle]",
          "Mean Wind Frequency [base]"},
@@ -94,15 +94,17 @@ TEST_F(RoseLegendTest, TellsTheBiasCorrection) {
     record.RoseSamplePlunge = 5;
     record.RoseSampleTrend = 45;
     record.RoseMinBiasAngle = 10;
-    const std::array<const char*, 4> angles = {"", "[3-D] angle with", "strike angle with",
-                                               "dip angle with"};
-    for (std::int16_t mode = 1; mode <= 3; ++mode) {
+    const std::array<const char*, 3> angles = {"", "[3-D] angle with", "strike angle with"};
+    for (std::int16_t mode = 1; mode <= 2; ++mode) {
         record.RoseBiasMode = mode;
         EXPECT_EQ(TextsOf(RoseBiasLines(record)),
                   (Texts{"Linear sample line", "bias-correction using",
                          angles[static_cast<std::size_t>(mode)], "sample line: 5-045",
                          " [Min.angle used = 10° ]"}));
     }
+    record.RoseBiasMode = 3;
+    EXPECT_EQ(Lines(), (Texts{"Data Frequency-Azimuth", "Dip only: no correction"}));
+    record.RoseBiasMode = 2;
     record.RoseSamplePlunge = -9999;
     EXPECT_EQ(TextsOf(RoseBiasLines(record))[3], "sample line: appended line");
 }
@@ -138,6 +140,19 @@ TEST_F(RoseLegendTest, ListsClassesByLength) {
     }
 }
 
+TEST_F(RoseLegendTest, ListsNoClassThatCanHoldNoRow) {
+    PlotRecord& record = Record();
+    record.RoseType = 10;
+    record.ClassTable[0][0] = std::int16_t{4};
+    record.ClassTable[1][0] = 2.0;
+    record.ClassTable[2][0] = 4.0;
+    record.ClassTable[3][0] = 4.0;
+    record.ClassTable[4][0] = 10.0;
+    record.ClassTable[11][0] = 10.0;
+    record.ClassTable[12][0] = std::int16_t{0};
+    EXPECT_EQ(TextsOf(RoseClassLines(record)), (Texts{"2-4", "4-10", "10"})) << "not 4-4";
+}
+
 TEST_F(RoseLegendTest, ListsClassesByName) {
     PlotRecord& record = Record();
     record.RoseType = 20;
@@ -160,6 +175,8 @@ TEST_F(RoseLegendTest, MakesPatchesAsWideAsSteppedClasses) {
     record.RoseSegShape = 1;
     record.ClassTable[0][0] = std::int16_t{3};
     record.ClassTable[12][0] = std::int16_t{1};
+    record.ClassTable[2][0] = 3.0;
+    record.ClassTable[3][0] = 6.0;
     record.ClassTable[11][0] = 10.0;
     const auto lines = RoseClassLines(record);
     ASSERT_EQ(lines.size(), 4U);

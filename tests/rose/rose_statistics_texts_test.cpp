@@ -387,6 +387,19 @@ TEST_F(RoseStatisticsTexts, SayThatValuesOfBothSignsHaveNoStatistics) {
     EXPECT_EQ(RoseStatsFull().find("of this kind"), std::string::npos);
 }
 
+TEST_F(RoseStatisticsTexts, TellSectorAnglesWithTheirDecimals) {
+    AddRow(0, 5);
+    for (const auto& [size, text] : {std::pair{40.0, "40°"},
+                                     {22.5, "22.5°"},
+                                     {7.2, "7.2°"},
+                                     {11.25, "11.25°"},
+                                     {360.0 / 7, "51.43°"}}) {
+        ActiveRecord().RoseSectorSize = size;
+        Work({{100, 1}});
+        EXPECT_TRUE(HasLine(RoseStatsShort(), std::string("Sector angle = ") + text)) << size;
+    }
+}
+
 TEST_F(RoseStatisticsTexts, SayThatTheMedianWasNotCalculated) {
     NewRose(kPolarLines);
     for (int i = 0; i < 2001; ++i) {

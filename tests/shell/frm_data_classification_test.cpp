@@ -105,6 +105,24 @@ TEST_F(ClassificationDialogTest, ShowsTheStatisticsOfTheNumbers) {
               "4 of 4 rows have a number, 4 different ones; 3 different types");
 }
 
+TEST_F(ClassificationDialogTest, TakesLimitsFromTheGridThatItShows) {
+    Open();
+    Choose(ClassKind::Numbers);
+    QLineEdit& top =
+        *dialog_->boxes->txtRange[2 * dialog_->boxes->Settings().numbers.limits.base - 1];
+    EXPECT_EQ(top.text(), "10") << "the greatest number";
+    dialog_->optClassifPlotType[1]->setChecked(true);
+    dialog_->chkGridValues[0]->setChecked(true);
+    EXPECT_EQ(top.text(), "19") << "all four lie on one place: the sum of them";
+    dialog_->chkGridValues[1]->setChecked(true);
+    EXPECT_EQ(top.text(), "4.75") << "the mean of them";
+    dialog_->optClassifPlotType[0]->setChecked(true);
+    EXPECT_EQ(top.text(), "10");
+    Type(*dialog_->boxes->txtRange[0], "1");
+    dialog_->optClassifPlotType[1]->setChecked(true);
+    EXPECT_EQ(top.text(), "10") << "limits of the user's own stay";
+}
+
 TEST_F(ClassificationDialogTest, ShowsTheRangesOfTheGrids) {
     ActiveRecord().GridSize = 10;
     auto& grid = gGridValues[static_cast<std::size_t>(gActivePlot)];
