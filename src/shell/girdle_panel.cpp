@@ -74,7 +74,7 @@ void GirdlePanel::AddRow(QGridLayout& grid, int row) {
         text->setFocusPolicy(Qt::NoFocus);
     }
     connect(check, &QCheckBox::clicked, this, [this, row](bool on) { Tick(row, on); });
-    grid.addWidget(check, row + 1, 0);
+    grid.addWidget(check, row + 1, 0, Qt::AlignLeft); // only the caption takes a click
     grid.addWidget(text, row + 1, 1);
     chkGirdle[static_cast<std::size_t>(row)] = check;
     txtGirdle[static_cast<std::size_t>(row)] = text;

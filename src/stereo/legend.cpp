@@ -134,7 +134,10 @@ void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record)
 void AddSlipLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     if (record.NumSymbolsInPlot > 0 && gPlotStages.slipSenseIsTold
         && !gPlotStages.slipSenseIsTold()) {
-        const SymbolCode row = CodeOfRows(1, record.NumLoadedData, false);
+        // They are in the colour of their rows: those of the top overlay where there is one.
+        const int top = record.OverlayRows[0];
+        const std::int32_t first = top > 0 ? FirstRowOfOverlay(record, top) : 1;
+        const SymbolCode row = CodeOfRows(first, record.NumLoadedData, false);
         lines.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
                          "Slip lines, sense not told"});
     }

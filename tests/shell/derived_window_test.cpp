@@ -100,5 +100,56 @@ TEST_F(DerivedWindow, AWorkspaceIsSavedAndOpened) {
     EXPECT_EQ(ActiveRecord().SaveFileName, (folder / "faults.qpx").string());
 }
 
+TEST_F(DerivedWindow, ContoursOverBothAxesAreRefusedAndTheButtonComesUp) {
+    OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
+    Press("mnuKinematicPlots_0");
+    EXPECT_NE(FormOfSlot(gActivePlot).Caption().find("sense assumed"), std::string::npos);
+    Expect(kMixedAxesRefusal);
+    Press("mnuPlotSymbols_5");
+    EXPECT_FALSE(IsDown(5));
+    EXPECT_TRUE(IsDown(1));
+}
+
+TEST_F(DerivedWindow, ANewNotationShowsInTheStatisticsOfAllPlotsAtOnce) {
+    const int first = OpenFile("faults.txt", kFaults);
+    const int second = OpenFile("others.txt", kFaults);
+    const std::string before = FormOfSlot(first).BoxText(PlotBox::StatsNormal);
+    AcceptFormat([](FormatAnswer&) { gConventions = 2; }, 1000);
+    Press("mnuFileFormat");
+    EXPECT_NE(FormOfSlot(first).BoxText(PlotBox::StatsNormal), before);
+    EXPECT_NE(FormOfSlot(second).BoxText(PlotBox::StatsNormal), before);
+}
+
+TEST_F(DerivedWindow, ArrangingKeepsTheActivePlotOnTop) {
+    const int first = OpenFile("faults.txt", kFaults);
+    OpenFile("others.txt", kFaults);
+    OpenFile("more.txt", kFaults);
+    for (const char* way : {"mnuWindow_0", "mnuWindow_1", "mnuWindow_2"}) {
+        Room().setActiveSubWindow(&FormOfSlot(first));
+        Press(way);
+        EXPECT_EQ(Room().activeSubWindow(), &FormOfSlot(first)) << way;
+        EXPECT_EQ(Room().subWindowList(QMdiArea::StackingOrder).last(), &FormOfSlot(first)) << way;
+    }
+}
+
+TEST_F(DerivedWindow, TheFirstSymbolsSayThatTheyAreOfTheTopOverlay) {
+    OpenFile("faults.txt", kFaults);
+    EXPECT_EQ(Action("mnuPlotSymbols_0").text(), "Great C&ircles");
+    Press("mnuPlotSymbols_8");
+    EXPECT_EQ(Action("mnuPlotSymbols_0").text(), "Great C&ircles (top overlay)");
+    EXPECT_EQ(Action("mnuPlotSymbols_1").text(), "Point &symbols (top overlay)");
+}
+
+TEST_F(DerivedWindow, NewWindowsDoNotHangOverTheEdge) {
+    OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
+    Press("mnuKinematicPlots_1");
+    const QRect room = Room().viewport()->rect();
+    for (int slot = 1; slot <= 3; ++slot) {
+        EXPECT_TRUE(room.contains(FormOfSlot(slot).geometry())) << slot;
+    }
+}
+
 } // namespace
 } // namespace quandrel
