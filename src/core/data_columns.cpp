@@ -40,7 +40,7 @@ void TextColumn::Release(int slot) {
     const auto s = static_cast<std::size_t>(slot);
     places_.Release(slot);
     if (s < texts_.size()) {
-        texts_[s] = {};
+        decltype(texts_)::value_type().swap(texts_[s]);
         unused_[s] = 0;
     }
 }

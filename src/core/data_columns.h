@@ -75,7 +75,7 @@ public:
     void Release(int slot) {
         const auto s = static_cast<std::size_t>(slot);
         if (s < rows_.size()) {
-            rows_[s] = {};
+            std::vector<T>().swap(rows_[s]); // an assignment would keep the capacity
         }
     }
 

@@ -10,6 +10,10 @@
 #include "orientation/number_text.h"
 #include "platform/platform.h"
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <algorithm>
 #include <limits>
 #include <new>
@@ -45,6 +49,13 @@ bool gBusy = false;
 std::int32_t gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
 
 namespace {
+
+/// Gives what the allocator keeps of released rows back to the system, where it can be asked to.
+void GiveFreeMemoryBack() {
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
 
 constexpr double kNoMinimum = 999999999999999.0;
 constexpr double kNoMaximum = -999999999999999.0;
@@ -270,6 +281,14 @@ void ReleasePlotSlot(int slot) {
     gGridCount[static_cast<std::size_t>(slot)] = 0;
     gSlotLock[static_cast<std::size_t>(slot)] = 0;
     ForEachColumn([slot](auto& column) { column.Release(slot); });
+    RowTable& table = TableOf(slot);
+    ClearRowTable(table);
+    const auto release = [](auto&... columns) { (columns.shrink_to_fit(), ...); };
+    release(table.index, table.x, table.y, table.plunge, table.trend);
+    if (static_cast<std::size_t>(slot) < gErrorLines.size()) {
+        decltype(gErrorLines)::value_type().swap(gErrorLines[static_cast<std::size_t>(slot)]);
+    }
+    GiveFreeMemoryBack();
 }
 
 PlotRecord NewPlotRecord() {

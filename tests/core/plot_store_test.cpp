@@ -104,6 +104,33 @@ TEST_F(PlotStore, TheStatisticsButtonDecidesWhetherANewPlotShowsThem) {
     EXPECT_EQ(ActiveRecord().LayerVisible[5], 0);
 }
 
+/// The memory of this program that is real now, in megabytes.
+long ResidentMegabytes() {
+    std::ifstream stream("/proc/self/statm");
+    long pages = 0;
+    stream >> pages >> pages;
+    return pages * ::sysconf(_SC_PAGESIZE) / (1 << 20);
+}
+
+TEST_F(PlotStore, AClosedPlotGivesItsMemoryBack) {
+    NewPlot();
+    const long before = ResidentMegabytes();
+    const int slot = NewPlot();
+    constexpr std::int32_t kRows = 1000000;
+    int secondary = 0;
+    GrowDataColumns(secondary, kRows);
+    for (std::int32_t row = 1; row <= kRows; ++row) {
+        AppendRow(TableOf(slot), {row, 1, 2, 0.5, 0.25});
+    }
+    gErrorLines.resize(static_cast<std::size_t>(slot) + 1);
+    gErrorLines[static_cast<std::size_t>(slot)][7] = "a line";
+    EXPECT_GT(ResidentMegabytes() - before, 40);
+    ReleasePlotSlot(slot);
+    EXPECT_LT(ResidentMegabytes() - before, 5);
+    EXPECT_EQ(TableOf(slot).size(), 0U);
+    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(slot)].empty());
+}
+
 TEST_F(PlotStore, ADirectionsDefaultMakesTheNewPlotARose) {
     for (const std::int16_t format : {std::int16_t{0}, std::int16_t{1}}) {
         gPrimaryDataType = format;
