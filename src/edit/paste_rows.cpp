@@ -13,6 +13,7 @@
 #include "edit/undo.h"
 #include "input/decimal_delimiter.h"
 #include "input/file_loading.h"
+#include "input/format_preview.h"
 #include "input/load_report.h"
 #include "input/text_file.h"
 #include "orientation/angles.h"
@@ -109,6 +110,7 @@ public:
             ParsedRow row = ParseLine(line, lines_);
             if (headingIsDue && (IsRefused(row.status) || row.status == LineStatus::Row)) {
                 headingIsDue = false;
+                report_.headingIsData = row.status == LineStatus::Row;
                 continue;
             }
             if (IsRefused(row.status)) {
@@ -203,6 +205,29 @@ void WarnOfDecimalMismatch(std::int32_t pasted) {
     }
 }
 
+/// The first lines of a text as they stand.
+std::string HeadOfText(const std::string& text) {
+    LineReader reader(text);
+    std::string_view line;
+    for (std::size_t lines = 0; lines < kPreviewLines && reader.Next(line);) {
+        ++lines;
+    }
+    return text.substr(0, reader.Position());
+}
+
+/// Shows the data format dialog with the text in its preview. Whether the first row is a heading is
+/// as the text looks, whatever an earlier text had.
+[[nodiscard]] std::optional<FormatAnswer> AskPasteFormat(const std::string& text,
+                                                         const ParameterItems& items) {
+    FormatQuestion question;
+    question.command = kPasteCommand;
+    question.text = HeadOfText(text);
+    question.plotKindFromFile = items.T.value_or(0);
+    question.columnHeadings =
+        SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
+    return gPlatform.prompts->AskFormat(question);
+}
+
 /// The format of a text, asked for where the text does not tell it and none was accepted before.
 /// Nothing when the user cancels.
 std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind kind) {
@@ -212,22 +237,26 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         || (kind == ClipboardKind::Companion && TellsItsFormat(items))) {
         return FormatOfPastedText(CurrentFormat(), items, true);
     }
+    bool hasHeadings = false;
     if (!gPasteFormat) {
         const OwnWordOnUpwardLines own(items);
+        const bool headingsOfFiles = gFileHasHeadings;
         RestoreFormat(WithFormatItems(CurrentFormat(), items));
-        FormatQuestion question;
-        question.command = kPasteCommand;
-        question.plotKindFromFile = items.T.value_or(0);
-        question.columnHeadings = gFileHasHeadings;
-        const std::optional<FormatAnswer> answer = gPlatform.prompts->AskFormat(question);
+        const std::optional<FormatAnswer> answer = AskPasteFormat(text, items);
         if (!answer) {
             return std::nullopt;
         }
-        gFileHasHeadings = answer->columnHeadings;
+        gFileHasHeadings = headingsOfFiles;
+        hasHeadings = answer->columnHeadings;
         gPasteShowsSecondary = answer->plotSecondary;
         gPasteFormat = CurrentFormat();
+    } else {
+        const FormatInWork work(*gPasteFormat);
+        hasHeadings =
+            SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
     }
     PastedFormat format = FormatOfPastedText(*gPasteFormat, {}, false);
+    format.settings.hasHeadings = hasHeadings;
     format.showsSecondary = gPasteShowsSecondary && gPasteFormat->secondary != kNoSecondary;
     return format;
 }
@@ -387,6 +416,10 @@ std::string NoteOnPaste(const PasteReport& report) {
         note = Counted(report.refused, "line")
                + (report.refused == 1 ? " of the text is no data and was not pasted."
                                       : " of the text are no data and were not pasted.");
+    }
+    if (report.headingIsData) {
+        note += std::string(note.empty() ? "" : "\n")
+                + "The first line was left out as column headings, but reads as data.";
     }
     if (report.outOfMemory) {
         note += std::string(note.empty() ? "" : "\n") + "There is no memory for more than "

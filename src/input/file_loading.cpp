@@ -454,10 +454,11 @@ void SetPlotFormatFromGlobals() {
     record.OverlayRows[0] = 0;
     record.DataKind = gPlotDataKind;
     record.RoseType = 0;
-    if (LowerCase(record.AppNonNumName) == "mean wind speed") {
+    // The names stay from file to file; they speak of columns that are read alone.
+    if (gFileNonNumericAppended && LowerCase(record.AppNonNumName) == "mean wind speed") {
         record.RoseType = 4;
     }
-    if (LowerCase(record.AppNumName) == "mean wind frequency") {
+    if (gFileNumericAppended && LowerCase(record.AppNumName) == "mean wind frequency") {
         record.RoseType = 1;
     }
 }

@@ -219,6 +219,12 @@ bool CanPlotAs(const FormatChoice& choice, std::int16_t dataKind) {
     return dataKind != kPlanes || choice.primary != kDirections;
 }
 
+bool CanHaveSecondary(const FormatChoice& choice, std::int16_t secondary) {
+    const bool isInPlane =
+        secondary == kPitchInPlane || secondary == kTrendInPlane || secondary == kHadeInPlane;
+    return !isInPlane || choice.primary == kPrimaryPlane;
+}
+
 void FollowPlotKind(FormatChoice& choice) {
     if (choice.kindIsStated && !CanPlotAs(choice, choice.plotDataKind)) {
         choice.plotDataKind = kNoDataKind;

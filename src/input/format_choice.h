@@ -100,6 +100,10 @@ void FollowFormat(const FormatChoice& before, FormatChoice& after);
 /// True when the data can be plotted so: directions cannot be planes.
 [[nodiscard]] bool CanPlotAs(const FormatChoice& choice, std::int16_t dataKind);
 
+/// True when a secondary format can go with the primary one: angles in the primary plane need
+/// planes.
+[[nodiscard]] bool CanHaveSecondary(const FormatChoice& choice, std::int16_t secondary);
+
 /// Sets the kind of plot by the set that is plotted, unless it was stated; takes a stated one away
 /// that is not possible.
 void FollowPlotKind(FormatChoice& choice);

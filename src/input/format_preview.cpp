@@ -4,6 +4,7 @@
 
 #include "input/data_line.h"
 #include "input/line_tokens.h"
+#include "orientation/number_text.h"
 
 #include <algorithm>
 
@@ -21,6 +22,13 @@ std::vector<std::string> Split(const std::string& line, char delimiter) {
         cells.push_back(cell);
     }
     return cells;
+}
+
+/// True when one of the pieces of a line is a number, whatever parts them.
+bool HoldsNumber(const std::string& line) {
+    const std::vector<std::string> cells = Split(line, kAnyDelimiter);
+    return std::any_of(cells.begin(), cells.end(),
+                       [](const std::string& cell) { return ReadNumber(cell).has_value(); });
 }
 
 PreviewKind KindOf(LineStatus status) {
@@ -75,6 +83,25 @@ FormatPreview SplitPreview(std::span<const std::string> lines, const FormatChoic
     }
     preview.columns = static_cast<int>(dataColumns > 0 ? dataColumns : otherColumns);
     return preview;
+}
+
+std::vector<std::string> CellsOfLine(const std::string& line, const std::string& delimiter) {
+    return Split(line, delimiter.empty() ? kAnyDelimiter : delimiter.front());
+}
+
+bool SuggestsHeadings(std::span<const std::string> lines, const LineFormat& format) {
+    bool headingFound = false;
+    for (const std::string& line : lines) {
+        const LineStatus status = ParseLine(line, format).status;
+        if (KindOf(status) == PreviewKind::Other) {
+            continue;
+        }
+        if (status == LineStatus::Row || HoldsNumber(line)) {
+            return headingFound;
+        }
+        headingFound = true;
+    }
+    return false;
 }
 
 std::vector<int> ItemsOfColumn(const FormatChoice& choice, int column) {

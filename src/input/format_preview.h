@@ -47,6 +47,15 @@ struct FormatPreview {
 [[nodiscard]] FormatPreview SplitPreview(std::span<const std::string> lines,
                                          const FormatChoice& choice);
 
+/// The cells of a line, by a delimiter of the settings: empty is any.
+[[nodiscard]] std::vector<std::string> CellsOfLine(const std::string& line,
+                                                   const std::string& delimiter);
+
+/// True when lines look as if the first of them that could be a row were column headings, whatever
+/// parts the columns: it does not read as a row in the format, it holds no number, and a later line
+/// does.
+[[nodiscard]] bool SuggestsHeadings(std::span<const std::string> lines, const LineFormat& format);
+
 /// The items that a column serves, as slots in order; empty for a column that is not read.
 [[nodiscard]] std::vector<int> ItemsOfColumn(const FormatChoice& choice, int column);
 

@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <tuple>
 
 namespace quandrel {
 
@@ -72,6 +73,7 @@ public:
         if (!rows_.empty() && !DoubtDelimiter()) {
             DoubtWidth();
             if (doubt == Doubt::All) {
+                DoubtHeadingColumns();
                 DoubtColumns();
                 DoubtRightHand();
             }
@@ -146,33 +148,95 @@ private:
             }));
     }
 
-    /// True when the delimiter leaves the lines in one piece.
+    /// How well a delimiter takes the lines apart, what counts most first.
+    struct DelimiterMerit {
+        bool headingAgrees = false; ///< the headings have as many cells as the rows
+        std::size_t clean = 0;      ///< cells that no other delimiter is left over in
+        std::size_t columns = 1;    ///< the usual width of the rows
+        const char* name = "";
+
+        [[nodiscard]] bool IsBetterThan(const DelimiterMerit& other) const {
+            return std::tie(headingAgrees, clean, columns)
+                   > std::tie(other.headingAgrees, other.clean, other.columns);
+        }
+    };
+
+    /// The line in front of the rows that names the columns, ticked as such or not.
+    [[nodiscard]] const PreviewLine* HeadingLine() const {
+        for (std::size_t i = 0; i < rows_.front(); ++i) {
+            const PreviewKind kind = preview_.lines[i].kind;
+            if (kind == PreviewKind::Heading || kind == PreviewKind::NoData) {
+                return &preview_.lines[i];
+            }
+        }
+        return nullptr;
+    }
+
+    /// Only lines of the usual width have a say: one that parts otherwise speaks for nothing.
+    [[nodiscard]] DelimiterMerit MeritOf(const DelimiterName& entry) const {
+        DelimiterMerit merit;
+        merit.name = entry.name;
+        std::vector<std::vector<std::string>> rows;
+        std::vector<std::size_t> widths;
+        for (const std::size_t line : rows_) {
+            rows.push_back(CellsOfLine(preview_.lines[line].line, entry.delimiter));
+            widths.push_back(rows.back().size());
+        }
+        merit.columns = MiddleOf(widths);
+        for (const std::vector<std::string>& cells : rows) {
+            merit.clean += cells.size() == merit.columns ? CleanCells(cells) : 0;
+        }
+        const PreviewLine* heading = HeadingLine();
+        merit.headingAgrees =
+            heading != nullptr
+            && CellsOfLine(heading->line, entry.delimiter).size() == merit.columns;
+        return merit;
+    }
+
+    /// The delimiter that takes the lines apart best, of those that part most of them.
+    [[nodiscard]] std::optional<DelimiterMerit> BestDelimiter() const {
+        std::optional<DelimiterMerit> best;
+        for (const DelimiterName& entry : kDelimiters) {
+            const DelimiterMerit merit = MeritOf(entry);
+            if (merit.columns > 1 && (!best || merit.IsBetterThan(*best))) {
+                best = merit;
+            }
+        }
+        return best;
+    }
+
+    /// True when the delimiter leaves most lines in one piece.
     bool DoubtDelimiter() {
-        if (format_.neededColumns < 2 || NarrowLines(2) < rows_.size()) {
+        const std::size_t narrow = NarrowLines(2);
+        if (format_.neededColumns < 2 || !IsMost(narrow)) {
             return false;
         }
         std::string reason = "With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
-                             + " each line is one column";
-        std::size_t best = 1;
-        std::size_t mostClean = 0;
-        std::string better;
-        for (const DelimiterName& entry : kDelimiters) {
-            FormatChoice other = choice_;
-            other.delimiter = entry.delimiter;
-            const std::vector<std::string> line = {preview_.lines[rows_.front()].line};
-            other.columnHeadings = false;
-            const FormatPreview split = SplitPreview(line, other);
-            const std::vector<std::string>& cells = split.lines.front().cells;
-            const std::size_t columns = cells.size();
-            const std::size_t clean = CleanCells(cells);
-            if (columns > 1 && (clean > mostClean || (clean == mostClean && columns > best))) {
-                best = columns;
-                mostClean = clean;
-                better = "; with " + Quoted(entry.name) + " there are " + std::to_string(columns);
-            }
+                             + (narrow == rows_.size() ? " each line is" : " most lines are")
+                             + " one column";
+        if (const std::optional<DelimiterMerit> best = BestDelimiter()) {
+            reason +=
+                "; with " + Quoted(best->name) + " there are " + std::to_string(best->columns);
         }
-        reasons_.push_back(reason + better + '.');
+        reasons_.push_back(reason + '.');
         return true;
+    }
+
+    /// Headings and rows differ in their columns, and another delimiter, which parts the rows
+    /// otherwise, makes them agree.
+    void DoubtHeadingColumns() {
+        const PreviewLine* heading = HeadingLine();
+        if (heading == nullptr || heading->kind != PreviewKind::Heading
+            || heading->cells.size() == UsualWidth()) {
+            return;
+        }
+        const std::optional<DelimiterMerit> best = BestDelimiter();
+        if (best && best->headingAgrees && best->columns != UsualWidth()) {
+            reasons_.push_back("With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
+                               + " headings and rows differ in their columns; with "
+                               + Quoted(best->name) + " both have " + std::to_string(best->columns)
+                               + '.');
+        }
     }
 
     /// Most lines do not reach a column that is needed.
@@ -197,6 +261,10 @@ private:
         for (const std::size_t line : rows_) {
             widths.push_back(preview_.lines[line].cells.size());
         }
+        return MiddleOf(widths);
+    }
+
+    [[nodiscard]] static std::size_t MiddleOf(std::vector<std::size_t>& widths) {
         std::sort(widths.begin(), widths.end());
         return widths[widths.size() / 2];
     }

@@ -202,17 +202,23 @@ Result<std::vector<std::string>> FirstLines(const std::string& path, std::size_t
         }
         const bool isWhole = bytes.size() < wanted;
         const std::string text = DecodeText(isWhole ? bytes : WithoutPartOfCharacter(bytes));
-        std::vector<std::string> lines;
-        LineReader reader(text);
-        for (std::string_view line; lines.size() < count && reader.Next(line);) {
-            lines.emplace_back(line);
-        }
+        std::vector<std::string> lines = FirstLinesOfText(text, count + 1);
         // The last line of a part may go on behind it.
-        const bool isEnough = lines.size() == count && reader.Position() < text.size();
+        const bool isEnough = lines.size() > count;
+        lines.resize(std::min(lines.size(), count));
         if (isWhole || isEnough || wanted >= kLongestFirstLines) {
             return lines;
         }
     }
+}
+
+std::vector<std::string> FirstLinesOfText(std::string_view text, std::size_t count) {
+    std::vector<std::string> lines;
+    LineReader reader(text);
+    for (std::string_view line; lines.size() < count && reader.Next(line);) {
+        lines.emplace_back(line);
+    }
+    return lines;
 }
 
 std::string DecodeText(std::string bytes) {

@@ -33,6 +33,9 @@ inline constexpr std::uint64_t kLargestTextFile = std::uint64_t{2} << 30;
 [[nodiscard]] Result<std::vector<std::string>> FirstLines(const std::string& path,
                                                           std::size_t count);
 
+/// The first lines of a text.
+[[nodiscard]] std::vector<std::string> FirstLinesOfText(std::string_view text, std::size_t count);
+
 /// The bytes of a text as UTF-8 without a mark. Bytes that are wrong in UTF-16 become U+FFFD.
 [[nodiscard]] std::string DecodeText(std::string bytes);
 

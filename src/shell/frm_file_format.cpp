@@ -96,7 +96,10 @@ frmFileFormat::frmFileFormat(const FormatQuestion& question, QWidget* parent)
 
 void frmFileFormat::ReadFirstLines() {
     QString shown = "No file: the settings are for the next one";
-    if (!question_.path.empty()) {
+    if (!question_.text.empty()) {
+        lines_ = FirstLinesOfText(question_.text, kPreviewLines);
+        shown = "First lines of the pasted text";
+    } else if (!question_.path.empty()) {
         Result<std::vector<std::string>> lines = FirstLines(question_.path, kPreviewLines);
         const QString title = QString::fromStdString(FileTitleOf(question_.path));
         if (lines) {
@@ -107,6 +110,7 @@ void frmFileFormat::ReadFirstLines() {
         }
         lblPreview->setToolTip(PlainTip(QString::fromStdString(question_.path)));
     }
+    previewTitle_ = shown;
     lblPreview->setText(shown);
 }
 
@@ -190,6 +194,11 @@ void frmFileFormat::FormatChanged() {
         return;
     }
     FormatChoice changed = ChoiceOfControls();
+    if (!CanHaveSecondary(changed, changed.secondary)) {
+        changed.secondary = kNoSecondary;
+        const QScopedValueRollback loading(loading_, true);
+        optSecondary[0]->setChecked(true);
+    }
     FollowFormat(choice_, changed);
     FollowPlotKind(changed);
     choice_ = changed;
@@ -206,6 +215,9 @@ void frmFileFormat::CheckCombos() {
     const std::array<std::string, kColumnSlots> names = ColumnNames(choice_);
     for (int slot = kSlotAppendedPlunge; slot <= kSlotText; ++slot) {
         SetCombo(slot, used[static_cast<std::size_t>(slot)], names[static_cast<std::size_t>(slot)]);
+    }
+    for (std::size_t i = 0; i < optSecondary.size(); ++i) {
+        optSecondary[i]->setEnabled(CanHaveSecondary(choice_, kSecondaryCodes[i]));
     }
     cboAppName[0]->setEnabled(choice_.numericAppended);
     cboAppName[1]->setEnabled(choice_.nonNumericAppended);

@@ -132,6 +132,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void MakePages();
@@ -172,6 +173,7 @@ private:
     FormatChoice choice_;
     bool joinsRows_;
     std::vector<std::string> lines_; ///< of the file
+    QString previewTitle_;           ///< what the lines are of, however long
     FormatPreview preview_;
     std::array<int, 2> symbolRows_; ///< of gSymbolTable
     std::array<SymbolRow, 2> symbols_;

@@ -5,6 +5,7 @@
 #include "shell/format_grid.h"
 #include "shell/frm_file_format.h"
 #include "shell/picture_box.h"
+#include "shell/text_boxes.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -22,13 +23,16 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quandrel {
 
 namespace {
 
 constexpr int kLongestName = 254;
 constexpr int kSymbolBoxSize = 40;
-constexpr int kArrowRoom = 34; ///< of a list, and of its frame
+constexpr int kArrowRoom = 26;     ///< of a list, and of its frame
+constexpr int kNameArrowRoom = 30; ///< of a list that is typed into
 
 struct OptionText {
     const char* caption;
@@ -140,6 +144,13 @@ protected:
     }
 };
 
+/// Adds a name to a list, which shows each of its names whole.
+void AddName(QComboBox& list, const char* name) {
+    list.addItem(name);
+    const int width = list.fontMetrics().horizontalAdvance(name) + kNameArrowRoom;
+    list.setMinimumWidth(std::max(list.minimumWidth(), width));
+}
+
 void KeepRoomWhenHidden(QWidget& control) {
     QSizePolicy policy = control.sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -167,8 +178,10 @@ void frmFileFormat::MakePages() {
     layout->addLayout(top);
     layout->addWidget(MakeFileLine());
     layout->addWidget(MakeMismatchLine());
+    layout->addWidget(lblPreview);
     layout->addWidget(grdDataFormat, 1);
     layout->addWidget(MakeButtonLine());
+    cmdButtons[0]->setDefault(true);
 }
 
 void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
@@ -205,10 +218,8 @@ QWidget* frmFileFormat::MakeColumnsPage() {
         "On OK the names of number and text are kept for the next start of the program");
     cmdUseSaved = new QPushButton("Use sav&ed column settings");
     cmdUseSaved->setObjectName("cmdUseSaved");
-    cmdUseSaved->setAutoDefault(false);
     cmdInitialColumns = new QPushButton("Columns in o&rder");
     cmdInitialColumns->setObjectName("cmdInitialColumns");
-    cmdInitialColumns->setAutoDefault(false);
     cmdInitialColumns->setToolTip("Takes the items from the first column on, in the order of the "
                                   "format and the conventions");
     auto* saves = new QHBoxLayout;
@@ -278,17 +289,16 @@ QGroupBox* frmFileFormat::MakeAppendedBox() {
         const char* name = i == 0 ? "Name of the numeric value" : "Name of the text";
         cboAppName[i] = MakeList("cboAppName", static_cast<int>(i), name);
         cboAppName[i]->setToolTip(name);
-        cboAppName[i]->setEditable(true);
+        MakeEditable(*cboAppName[i]);
         cboAppName[i]->setInsertPolicy(QComboBox::NoInsert);
         cboAppName[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        cboAppName[i]->setMinimumContentsLength(7);
         cboAppName[i]->lineEdit()->setMaxLength(kLongestName);
     }
     for (const char* name : kNumberNames) {
-        cboAppName[0]->addItem(name);
+        AddName(*cboAppName[0], name);
     }
     for (const char* name : kTextNames) {
-        cboAppName[1]->addItem(name);
+        AddName(*cboAppName[1], name);
     }
     chkFreqIsAppended = new QCheckBox("Numeric value is frequency of\nassociated direction");
     chkFreqIsAppended->setObjectName("chkFreqIsAppended");
@@ -411,7 +421,6 @@ QGroupBox* frmFileFormat::MakePlotBox() {
         button->setObjectName(Numbered("cmdDataType", kind));
         button->setToolTip(kKinds[kind - 1].tip);
         button->setCheckable(true);
-        button->setAutoDefault(false);
         button->setMinimumHeight(fontMetrics().height() + 18);
         QFont font = button->font();
         font.setBold(true);
@@ -452,7 +461,6 @@ QGroupBox* frmFileFormat::MakeSymbolBox() {
     cmdButtons[2]->setToolTip("Puts both symbols back to those of the first start");
     for (const std::size_t i : {std::size_t{3}, std::size_t{2}}) {
         cmdButtons[i]->setObjectName(Numbered("cmdButtons", static_cast<int>(i)));
-        cmdButtons[i]->setAutoDefault(false);
         buttons->addWidget(cmdButtons[i]);
     }
     layout->addLayout(buttons, 0, 2, 2, 1);
@@ -475,13 +483,11 @@ QWidget* frmFileFormat::MakeFileLine() {
     chkTableHeadings->setObjectName("chkTableHeadings");
     lblPreview = MakeLabel("lblPreview");
     lblPreview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblPreview->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label);
     layout->addWidget(cboDelim);
     layout->addSpacing(18);
     layout->addWidget(chkTableHeadings);
-    layout->addSpacing(18);
-    layout->addWidget(lblPreview, 1);
+    layout->addStretch(1);
     return line;
 }
 
@@ -512,12 +518,10 @@ QWidget* frmFileFormat::MakeButtonLine() {
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
     cmdButtons[0] = new QPushButton("OK");
-    cmdButtons[0]->setDefault(true);
     cmdButtons[1] = new QPushButton("Cancel");
     layout->addStretch(1);
     for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
         cmdButtons[i]->setObjectName(Numbered("cmdButtons", static_cast<int>(i)));
-        cmdButtons[i]->setAutoDefault(i == 0);
         cmdButtons[i]->setMinimumWidth(88);
         layout->addWidget(cmdButtons[i]);
     }

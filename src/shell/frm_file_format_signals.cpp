@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -95,6 +96,13 @@ void frmFileFormat::ConnectConventions() {
     };
     connect(cboDelim, &QComboBox::currentIndexChanged, this, resplit);
     connect(chkTableHeadings, &QAbstractButton::toggled, this, resplit);
+}
+
+void frmFileFormat::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    // Of a name that has no room the middle goes, and a sign stands for it.
+    lblPreview->setText(
+        lblPreview->fontMetrics().elidedText(previewTitle_, Qt::ElideMiddle, lblPreview->width()));
 }
 
 void frmFileFormat::ConnectPlotAndButtons() {

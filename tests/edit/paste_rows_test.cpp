@@ -431,6 +431,66 @@ TEST_F(PasteRows, OwnUpwardLinesHaveTheTrendsOfTheirLowerEnds) {
     EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
 }
 
+TEST_F(PasteRows, TheHeadingBoxHoldsForOnePasteAlone) {
+    const int slot = NewPlanes({{1, 2}});
+    gFileHasHeadings = false;
+    AcceptFormat([](FormatAnswer&) { gFileDelimiter = ""; });
+    clipboard.SetText("dip dir\n30 120\n");
+    PasteData();
+    ASSERT_EQ(formatQuestions.size(), 1U);
+    EXPECT_TRUE(formatQuestions[0].columnHeadings) << "as the text suggests";
+    EXPECT_EQ(formatQuestions[0].text, "dip dir\n30 120\n");
+    EXPECT_FALSE(gFileHasHeadings) << "files are another matter";
+    clipboard.SetText("40 130\n50 140\n");
+    PasteData();
+    EXPECT_EQ(RecordOf(slot).NumData, 4);
+    EXPECT_EQ(gDataDip(slot, 3), 40);
+    clipboard.SetText("Dip\tDip direction\n60 150\n");
+    PasteData();
+    EXPECT_EQ(RecordOf(slot).NumData, 5);
+    EXPECT_EQ(formatQuestions.size(), 1U);
+    EXPECT_TRUE(prompts.Shown().empty());
+}
+
+TEST_F(PasteRows, TheHeadingBoxStartsAsTheTextSuggestsWhateverFilesHad) {
+    NewPlanes({{1, 2}});
+    gFileHasHeadings = true;
+    AcceptFormat([](FormatAnswer&) { gFileDelimiter = ""; });
+    clipboard.SetText("30 120\n40 130\n");
+    PasteData();
+    EXPECT_FALSE(formatQuestions[0].columnHeadings);
+    EXPECT_EQ(ActiveRecord().NumData, 3);
+    EXPECT_TRUE(gFileHasHeadings);
+    gFileHasHeadings = false;
+}
+
+TEST_F(PasteRows, AFirstLineThatReadsAsDataIsNeverDroppedInSilence) {
+    NewPlanes({{1, 2}});
+    AcceptFormat([](FormatAnswer& answer) {
+        gFileDelimiter = "";
+        answer.columnHeadings = true; // the user insists
+    });
+    clipboard.SetText("30 120\n40 130\n");
+    Expect("The first line was left out as column headings, but reads as data.");
+    PasteData();
+    EXPECT_EQ(ActiveRecord().NumData, 2);
+}
+
+TEST_F(PasteRows, TheDialogGetsTheFirstLinesOfALongText) {
+    NewPlanes({{1, 2}});
+    std::string text;
+    for (int i = 0; i < 5000; ++i) {
+        text += "30 " + std::to_string(i % 360) + "\n";
+    }
+    AcceptFormat([](FormatAnswer&) { gFileDelimiter = ""; });
+    clipboard.SetText(text);
+    PasteData();
+    EXPECT_LT(formatQuestions[0].text.size(), 1000U);
+    EXPECT_TRUE(text.starts_with(formatQuestions[0].text));
+    EXPECT_TRUE(formatQuestions[0].text.ends_with("30 99\n"));
+    EXPECT_EQ(ActiveRecord().NumData, 5001);
+}
+
 TEST_F(PasteRows, TextOfTheCompanionTellsItsFormatOrIsAskedFor) {
     const int slot = NewLines({{1, 2}});
     clipboard.SetText(";Velmixor 2\r\n/T2\t/I2\t/C1\t/15\r\n30\t120\r\n");

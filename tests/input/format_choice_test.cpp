@@ -613,5 +613,18 @@ TEST_F(FormatChoiceTest, NamesDelimiters) {
     EXPECT_EQ(NameOfDelimiter("|"), "|");
 }
 
+TEST_F(FormatChoiceTest, AnglesInThePrimaryPlaneNeedPlanes) {
+    FormatChoice choice;
+    for (const std::int16_t primary : {kDirections, kPrimaryPlane, kPrimaryLine}) {
+        choice.primary = primary;
+        for (const std::int16_t secondary : {kPitchInPlane, kTrendInPlane, kHadeInPlane}) {
+            EXPECT_EQ(CanHaveSecondary(choice, secondary), primary == kPrimaryPlane);
+        }
+        for (const std::int16_t secondary : {kNoSecondary, kSecondaryLine, kSecondaryPlane}) {
+            EXPECT_TRUE(CanHaveSecondary(choice, secondary));
+        }
+    }
+}
+
 } // namespace
 } // namespace quandrel

@@ -90,6 +90,40 @@ TEST_F(FormatPreviewTest, EndsAtTheLastColumnThatSettingsCanName) {
     EXPECT_EQ(SplitPreview(std::vector<std::string>{line}, Commas()).columns, 255);
 }
 
+TEST_F(FormatPreviewTest, SuggestsHeadingsByTheLooksOfTheFirstLines) {
+    using Lines = std::vector<std::string>;
+
+    struct Case {
+        Lines lines;
+        bool suggested;
+    };
+
+    const Case cases[] = {
+        {{"dip,direction", "45,120"}, true},
+        {{"; comment", "", "Dip 1,Direction", "45,120"}, false}, // holds a number
+        {{"; comment", "/T1", "Dip1,Direction", "45,120"}, true},
+        {{"45,120", "50,130"}, false},
+        {{"dip direction", "units are degrees", "45 120"}, true},
+        {{"dip,direction"}, false},
+        {{"dip,direction", "no data"}, false},
+        {{}, false},
+    };
+    for (const char* delimiter : {"\t", ",", ""}) {
+        FormatChoice choice;
+        choice.delimiter = delimiter;
+        for (const Case& test : cases) {
+            EXPECT_EQ(SuggestsHeadings(test.lines, LineFormatOf(choice)), test.suggested)
+                << (test.lines.empty() ? "nothing" : test.lines.front()) << " by " << delimiter;
+        }
+    }
+    FormatChoice quadrants;
+    quadrants.primary = kDirections;
+    quadrants.isQuadrant = true;
+    quadrants.columns[kSlotDirection] = 0;
+    EXPECT_FALSE(SuggestsHeadings(Lines{"N30E", "45"}, LineFormatOf(quadrants)))
+        << "the first line reads as data";
+}
+
 TEST_F(FormatPreviewTest, NamesTheItemsOfAColumn) {
     FormatChoice choice;
     choice.planeConvention = kStrikeDipSense;

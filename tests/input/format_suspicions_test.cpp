@@ -40,6 +40,38 @@ TEST_F(FormatSuspicionsTest, DoubtsADelimiterThatGivesOneColumn) {
               Lines{"With the delimiter \",\" each line is one column."});
 }
 
+TEST_F(FormatSuspicionsTest, DoubtsADelimiterByMostLines) {
+    FormatChoice choice; // tab
+    EXPECT_EQ(Reasons(choice, {"45,120", "50,130", "a\tnote 5"}),
+              Lines{"With the delimiter \"tab\" most lines are one column; with \",\" there are "
+                    "2."});
+    choice.delimiter = ",";
+    // One line without a comma does not spoil the others.
+    EXPECT_EQ(Reasons(choice, {"45,120", "50 130", "60,140"}, Doubt::Misfits), Lines{});
+    choice.delimiter = ";";
+    // The first line alone would speak for the tab.
+    EXPECT_EQ(Reasons(choice, {"45\t120\t5", "50,130", "60,140", "70,150"}),
+              Lines{"With the delimiter \";\" each line is one column; with \",\" there are 2."});
+}
+
+TEST_F(FormatSuspicionsTest, PrefersTheDelimiterThatHeadingsAndRowsAgreeOn) {
+    FormatChoice choice; // tab
+    const Lines decimals = {"dip;dir;thickness", "45,5;120,5;1,2", "50,5;130,5;1,3"};
+    for (const bool ticked : {true, false}) {
+        choice.columnHeadings = ticked;
+        EXPECT_EQ(Reasons(choice, decimals, Doubt::Misfits),
+                  Lines{"With the delimiter \"tab\" each line is one column; with \";\" there are "
+                        "3."});
+    }
+    choice.columnHeadings = true;
+    choice.delimiter = ",";
+    EXPECT_EQ(Reasons(choice, decimals).front(),
+              "With the delimiter \",\" headings and rows differ in their columns; with \";\" both "
+              "have 3.");
+    choice.delimiter = ""; // words of headings part otherwise, rows do not
+    EXPECT_EQ(Reasons(choice, {"dip\tdip direction", "45\t120"}), Lines{});
+}
+
 TEST_F(FormatSuspicionsTest, TakesOneColumnForDirections) {
     FormatChoice choice;
     choice.primary = kDirections;

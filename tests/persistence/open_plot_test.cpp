@@ -381,6 +381,17 @@ TEST_F(OpenPlot, WindColumnsChooseTheirRose) {
     EXPECT_EQ(ActiveRecord().RoseType, 4);
 }
 
+TEST_F(OpenPlot, NamesOfColumnsThatAreNotReadChooseNoRose) {
+    gFileAppNonNumName = "Mean Wind Speed";
+    gFileAppNumName = "mean wind frequency";
+    Open("a.txt", "30\t120\n");
+    EXPECT_EQ(ActiveRecord().RoseType, 0);
+    gFileNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    Open("b.txt", "30\t120\t7\n");
+    EXPECT_EQ(ActiveRecord().RoseType, 1);
+}
+
 TEST_F(OpenPlot, FilesThatAreNoneAreToldAndLeaveNothing) {
     Expect("The indicated file cannot be opened");
     EXPECT_EQ(OpenPlotFile(kNewCommand, (folder / "missing.txt").string()), kLoadError);

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -208,6 +209,65 @@ TEST_F(FileFormatTest, StoresTheCodesOfSecondaryCaptions) {
         EXPECT_EQ(gSecondaryDataType, codes[index]) << index;
         EXPECT_TRUE(Open().optSecondary[static_cast<std::size_t>(index)]->isChecked()) << index;
     }
+}
+
+TEST_F(FileFormatTest, AnglesInThePlaneAreGreyWithoutPlanes) {
+    frmFileFormat& dialog = Open();
+    const auto inPlane = {3, 4, 5}; // pitch, trend, hade
+    for (const int option : inPlane) {
+        EXPECT_TRUE(Of<QRadioButton>("optSecondary_" + std::to_string(option)).isEnabled());
+    }
+    Press("optSecondary_3");
+    Press("optPrimary_3"); // a line has no plane to measure in
+    EXPECT_TRUE(dialog.optSecondary[0]->isChecked());
+    EXPECT_FALSE(dialog.cboColumns[kSlotSecondaryDirection]->isEnabled());
+    for (const int option : inPlane) {
+        EXPECT_FALSE(Of<QRadioButton>("optSecondary_" + std::to_string(option)).isEnabled());
+    }
+    for (const int option : {0, 1, 2}) {
+        EXPECT_TRUE(Of<QRadioButton>("optSecondary_" + std::to_string(option)).isEnabled());
+    }
+    Press("optPrimary_2");
+    EXPECT_TRUE(dialog.optSecondary[5]->isEnabled());
+}
+
+TEST_F(FileFormatTest, CutsNoTexts) {
+    frmFileFormat& dialog = Open();
+    dialog.resize(dialog.minimumSizeHint());
+    for (const QComboBox* list : dialog.cboAppName) {
+        for (int i = 0; i < list->count(); ++i) {
+            EXPECT_LT(list->fontMetrics().horizontalAdvance(list->itemText(i)),
+                      list->lineEdit()->width())
+                << list->itemText(i).toStdString();
+        }
+    }
+    for (const char* name : {"optSecondary_5", "chkAppended_0", "chkFreqIsAppended"}) {
+        const auto& button = Of<QAbstractButton>(name);
+        EXPECT_GE(button.width(), button.sizeHint().width()) << name;
+    }
+    FormatQuestion question;
+    question.command = "New";
+    question.path = WriteFile(std::string(200, 'x') + ".txt", kPlanesFile);
+    frmFileFormat& longName = Open(question);
+    const QString shown = longName.lblPreview->text();
+    EXPECT_TRUE(shown.startsWith("First lines of xxx") && shown.endsWith("x.txt"));
+    EXPECT_LE(longName.lblPreview->fontMetrics().horizontalAdvance(shown),
+              longName.lblPreview->width());
+}
+
+TEST_F(FileFormatTest, ShowsAPastedTextInThePreview) {
+    FormatQuestion question;
+    question.command = "Paste";
+    question.text = "dip,direction\n30,120\n95,200\n";
+    question.columnHeadings = true;
+    frmFileFormat& dialog = Open(question);
+    EXPECT_EQ(dialog.lblPreview->text(), "First lines of the pasted text");
+    EXPECT_EQ(dialog.HeaderString(), "dip,direction");
+    EXPECT_TRUE(dialog.chkTableHeadings->isChecked());
+    EXPECT_TRUE(dialog.lblMismatchReasons->text().contains("\"95\"")) << "doubted like any file";
+    dialog.chkTableHeadings->setChecked(false);
+    PressOk();
+    EXPECT_FALSE(dialog.Answer().columnHeadings);
 }
 
 TEST_F(FileFormatTest, MakesTheCodeOfConventions) {
