@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/letter_case.h"
 #include "core/plot_store.h"
+#include "core/settings.h"
 #include "edit/clipboard_text.h"
 #include "edit/marquee.h"
 #include "edit/undo.h"
@@ -208,6 +209,18 @@ bool HasRawFiles() {
     }
     const std::string& path = ActiveRecord().FileNames[1];
     return !path.empty() && !LowerCase(path).ends_with(kBinaryEnding);
+}
+
+std::string HintOfActivePlot() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return {};
+    }
+    const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind == kRose) {
+        return record.NumValidData > 0 ? "Rest the pointer on a petal to read it" : "";
+    }
+    const bool showsRowsAlone = record.PlotSymbolMode != kBetaIntersections;
+    return gActiveLayer == kAnnotationLayer || showsRowsAlone ? gHintText : "";
 }
 
 UndoState StateOfUndo() {

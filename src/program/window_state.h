@@ -87,6 +87,10 @@ struct UndoState {
 /// Looks whether the plot of the last edit stands as it was left. O(rows) of that plot.
 [[nodiscard]] UndoState StateOfUndo();
 
+/// What can be done with the mouse on gActivePlot as it stands; empty without a plot, and where the
+/// plot cannot be edited.
+[[nodiscard]] std::string HintOfActivePlot();
+
 /// What "Paste" would do.
 struct PasteState {
     std::string caption = "&Paste"; ///< says what kind of text is on the clipboard

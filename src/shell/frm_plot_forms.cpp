@@ -15,9 +15,12 @@
 #include "stereo/plot_state.h"
 #include "stereo/text_lines.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -65,6 +68,24 @@ void UseFont(QWidget& box, PlotFontPlace place) {
     palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
     box.setPalette(palette);
     box.setFont(WidgetFont(font));
+}
+
+/// Keys that texts and the rows of a plot have in common: they belong to the box that is in use.
+bool IsEditingKey(const QKeyEvent& event) {
+    constexpr std::array<QKeySequence::StandardKey, 7> kKeys = {
+        QKeySequence::Copy,   QKeySequence::Cut,  QKeySequence::Paste, QKeySequence::SelectAll,
+        QKeySequence::Delete, QKeySequence::Undo, QKeySequence::Redo};
+    return std::any_of(kKeys.begin(), kKeys.end(),
+                       [&event](QKeySequence::StandardKey key) { return event.matches(key); });
+}
+
+/// Copies the selected part of a text, or the whole where none is selected.
+void CopyText(QPlainTextEdit& box) {
+    if (box.textCursor().hasSelection()) {
+        box.copy();
+    } else {
+        QGuiApplication::clipboard()->setText(box.toPlainText());
+    }
 }
 
 } // namespace
@@ -414,6 +435,45 @@ void frmPlotForms::resizeEvent(QResizeEvent* event) {
     }
 }
 
+void frmPlotForms::ShowBoxMenu(QWidget& box, const QPoint& at) {
+    QMenu* menu = nullptr;
+    if (&box == picLegendBox) {
+        menu = new QMenu(this);
+        menu->addAction("&Copy", this, [this] { Q_EMIT LegendCopyWanted(); });
+    } else if (&box == txtFabricBox) {
+        menu = txtFabricBox->createStandardContextMenu();
+    } else if (&box == txtDescBox) {
+        menu = txtDescBox->createStandardContextMenu();
+    } else {
+        auto& text = static_cast<QPlainTextEdit&>(box);
+        menu = new QMenu(this);
+        menu->addAction("&Copy", &text, [&text] { CopyText(text); });
+        menu->addAction("Select &All", &text, &QPlainTextEdit::selectAll);
+    }
+    menu->setObjectName("mnuBox");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    Q_EMIT BoxMenuWanted(menu, at);
+}
+
+bool frmPlotForms::TakeKeyOfBox(QWidget& box, QKeyEvent& event) {
+    const bool isEscape = event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
+    if (event.type() == QEvent::ShortcutOverride) {
+        if (isEscape || IsEditingKey(event)) {
+            event.accept(); // or the commands of the same keys would work on the rows
+        }
+        return event.isAccepted() && IsEditingKey(event);
+    }
+    if (isEscape) {
+        picStereoArea->setFocus();
+        return true;
+    }
+    if (box.inherits("QPlainTextEdit") && event.matches(QKeySequence::Copy)) {
+        CopyText(static_cast<QPlainTextEdit&>(box));
+        return true;
+    }
+    return false;
+}
+
 bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
     if (lblNumBox == nullptr) { // the boxes are being made
         return QMdiSubWindow::eventFilter(object, event);
@@ -421,10 +481,17 @@ bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
     if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {
         LayOut();
     }
-    const bool isViewBox =
-        object == picLegendBox || object == txtStatsBox[0] || object == txtStatsBox[1];
-    if (isViewBox && event->type() == QEvent::ContextMenu) {
-        Q_EMIT ViewMenuWanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+    const bool isText = object == txtStatsBox[0] || object == txtStatsBox[1] || object == txtDescBox
+                        || object == txtFabricBox;
+    if ((isText || object == picLegendBox) && event->type() == QEvent::ContextMenu) {
+        ShowBoxMenu(static_cast<QWidget&>(*object),
+                    static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true;
+    }
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (isText && isKey
+        && TakeKeyOfBox(static_cast<QWidget&>(*object), static_cast<QKeyEvent&>(*event))) {
         return true;
     }
     if (object == txtDescBox || object == txtFabricBox) {

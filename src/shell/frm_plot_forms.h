@@ -13,7 +13,9 @@
 #include <array>
 
 class QLabel;
+class QKeyEvent;
 class QLineEdit;
+class QMenu;
 class QPlainTextEdit;
 class QTabBar;
 class QToolButton;
@@ -77,9 +79,12 @@ public:
 Q_SIGNALS:
     /// The user wants the window closed.
     void CloseWanted(int slot);
-    /// The View menu is wanted at a place of the screen.
-    void ViewMenuWanted(const QPoint& at);
-    /// A text for the information line; empty puts the usual one back.
+    /// The menu of a box is wanted at a place of the screen, with the items of the View menu below
+    /// its own. It deletes itself.
+    void BoxMenuWanted(QMenu* menu, const QPoint& at);
+    /// The picture of the legend is wanted on the clipboard.
+    void LegendCopyWanted();
+    /// A text for the hint line; empty puts the usual one back.
     void Hint(const QString& text);
     /// The user has given the window another size.
     void ResizedByHand(const QSize& size);
@@ -96,6 +101,8 @@ private:
     void SetOrder();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
+    void ShowBoxMenu(QWidget& box, const QPoint& at);
+    [[nodiscard]] bool TakeKeyOfBox(QWidget& box, QKeyEvent& event);
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);
 
     QWidget* body_ = nullptr;

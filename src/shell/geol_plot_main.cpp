@@ -97,7 +97,7 @@ GeolPlotMain::GeolPlotMain()
     MakePlotRoom();
     menus_ = std::make_unique<MainMenus>(*this, *commands_);
     prompts_ = std::make_unique<WidgetPrompts>(*this);
-    status_ = std::make_unique<MainStatusLine>(*panInfoLine, *progBar);
+    status_ = std::make_unique<MainStatusLine>(*panInfoLine, *panHintLine, *progBar);
     gPlatform.prompts = prompts_.get();
     gPlatform.status = status_.get();
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
@@ -149,6 +149,11 @@ void GeolPlotMain::MakeStatusBar() {
     panInfoLine->setTextFormat(Qt::PlainText);
     // A long text is cut rather than widening the window.
     panInfoLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panHintLine = new QLabel;
+    panHintLine->setObjectName("panHintLine");
+    panHintLine->setTextFormat(Qt::PlainText);
+    panHintLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panHintLine->setToolTip("What can be done here");
     progBar = new QProgressBar;
     progBar->setObjectName("progBar");
     progBar->setMaximumWidth(kBarWidth);
@@ -156,6 +161,7 @@ void GeolPlotMain::MakeStatusBar() {
     progBar->setToolTip("Esc ends the step");
     statusBar()->addWidget(panDipAzBox);
     statusBar()->addWidget(panInfoLine, 1);
+    statusBar()->addWidget(panHintLine, 1);
     statusBar()->addPermanentWidget(progBar);
     UseInfoFonts(*panInfoLine, *panDipAzBox);
 }
@@ -244,8 +250,12 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
             }
         },
         Qt::QueuedConnection);
-    connect(window, &frmPlotForms::ViewMenuWanted, this,
-            [this](const QPoint& at) { menus_->mnuView->popup(at); });
+    connect(window, &frmPlotForms::BoxMenuWanted, this, [this](QMenu* menu, const QPoint& at) {
+        menu->addSeparator();
+        menu->addActions(menus_->mnuView->actions());
+        menu->popup(at);
+    });
+    connect(window, &frmPlotForms::LegendCopyWanted, this, [this] { CopyImage(true); });
     connect(window, &frmPlotForms::Hint, this,
             [this](const QString& hint) { status_->ShowHint(hint); });
     connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {

@@ -69,7 +69,8 @@ public:
 
     [[nodiscard]] Commands& AllCommands() { return *commands_; }
 
-    QLabel* panInfoLine = nullptr;
+    QLabel* panInfoLine = nullptr; ///< what was told last of the plot in front
+    QLabel* panHintLine = nullptr; ///< what can be done there
     QProgressBar* progBar = nullptr;
     QLabel* panDipAzBox = nullptr;
 

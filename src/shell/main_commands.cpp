@@ -98,9 +98,7 @@ void GeolPlotMain::AfterOpening(const QString& command) {
 
 void GeolPlotMain::CloseOne(int slot) {
     displays_->ApplyEdits(slot);
-    if (ClosePlotWindow(slot)) {
-        SetStatusText({});
-    }
+    ClosePlotWindow(slot);
 }
 
 bool GeolPlotMain::CloseAll(Closing closing) {

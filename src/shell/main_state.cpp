@@ -93,6 +93,7 @@ void GeolPlotMain::UpdatePlotState() {
     UpdateEditMenus();
     UpdateUndo();
     UpdatePlotMenus();
+    status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
     menus_->RefreshRecent();
     RefreshWindowMenu();
     GirdleBoxDisplay();

@@ -55,17 +55,19 @@ private:
 
 } // namespace
 
-MainStatusLine::MainStatusLine(QLabel& text, QProgressBar& bar)
+MainStatusLine::MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar)
     : label_(text)
+    , hintLabel_(hint)
     , bar_(bar) {
     bar_.setMaximum(kBarSteps);
     bar_.hide();
 }
 
 void MainStatusLine::SetText(std::string_view text) {
-    text_ = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    hint_.clear();
-    label_.setText(text_);
+    const QString told = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    texts_[gActivePlot] = told;
+    label_.setText(told);
+    ShowHints();
     if (gBusy) {
         // The event loop does not run during a step.
         label_.repaint();
@@ -74,7 +76,23 @@ void MainStatusLine::SetText(std::string_view text) {
 
 void MainStatusLine::ShowHint(const QString& hint) {
     hint_ = hint;
-    label_.setText(hint_.isEmpty() ? text_ : hint_);
+    ShowHints();
+}
+
+void MainStatusLine::FollowPlot(int slot, const QString& standingHint) {
+    standingHint_ = standingHint;
+    if (slot != slot_) {
+        slot_ = slot;
+        hint_.clear();
+        label_.setText(texts_[slot]);
+    }
+    std::erase_if(texts_, [](const auto& text) { return !IsOpenSlot(text.first); });
+    ShowHints();
+}
+
+void MainStatusLine::ShowHints() {
+    const QString hint = hint_.isEmpty() ? standingHint_ : hint_;
+    hintLabel_.setText(hint == label_.text() ? QString() : hint);
 }
 
 void MainStatusLine::SetProgress(std::int64_t done, std::int64_t maximum) {

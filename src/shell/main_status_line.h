@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The main window's line at the bottom as the engine's sign of life.
+// The main window's line at the bottom as the engine's sign of life. What was told last and what
+// can be done have places of their own; both belong to the plot in front.
 
 #pragma once
 
 #include "platform/status_line.h"
 
 #include <QString>
+
+#include <map>
 
 class QLabel;
 class QProgressBar;
@@ -15,13 +18,17 @@ namespace quandrel {
 
 class MainStatusLine : public StatusLine {
 public:
-    /// Both controls outlive the line.
-    MainStatusLine(QLabel& text, QProgressBar& bar);
+    /// The controls outlive the line.
+    MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar);
 
+    /// Tells something of gActivePlot.
     void SetText(std::string_view text) override;
 
-    /// Lays a hint over the text; an empty one brings the text back.
+    /// Shows a hint until the next one; an empty one brings back what can be done with the plot.
     void ShowHint(const QString& hint);
+
+    /// Shows what was told last of the plot in front, and what can be done there.
+    void FollowPlot(int slot, const QString& standingHint);
     void SetProgress(std::int64_t done, std::int64_t maximum) override;
     void SetBusy(bool busy) override;
 
@@ -30,9 +37,14 @@ public:
     [[nodiscard]] bool CancelRequested() override;
 
 private:
+    void ShowHints();
+
     QLabel& label_;
-    QString text_;
+    QLabel& hintLabel_;
+    std::map<int, QString> texts_; ///< told last of each plot
+    int slot_ = 0;                 ///< the plot in front
     QString hint_;
+    QString standingHint_;
     QProgressBar& bar_;
 };
 

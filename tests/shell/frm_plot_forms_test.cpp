@@ -5,6 +5,7 @@
 #include "support/main_window_test.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -64,13 +65,18 @@ TEST_F(PlotWindow, TextsOfARecordAreShown) {
 TEST_F(PlotWindow, FocusOnATextShowsItsHint) {
     main->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
-    const QString before = Info();
+    const QString told = Info();
+    const QString before = Hint();
     form->txtDescBox->setFocus();
-    EXPECT_EQ(Info(), "Enter description of data if required");
+    EXPECT_EQ(Hint(), "Enter description of data if required");
     form->txtFabricBox->setFocus();
-    EXPECT_EQ(Info(), "Enter name of structural fabric");
+    EXPECT_EQ(Hint(), "Enter name of structural fabric");
+    EXPECT_EQ(Info(), told) << "a message has a place of its own";
+    main->SetStatusText("something");
+    EXPECT_EQ(Info(), "something");
+    EXPECT_EQ(Hint(), "Enter name of structural fabric") << "a message takes no hint away";
     form->picStereoArea->setFocus();
-    EXPECT_EQ(Info(), before);
+    EXPECT_EQ(Hint(), before);
 }
 
 TEST_F(PlotWindow, TheTabsChooseTheLayerUnderEdit) {
@@ -201,16 +207,80 @@ TEST_F(PlotWindow, ASizeGivenByHandHoldsForTheNextWindowWhileTheSettingSaysSo) {
     gPlotWinLast = false;
 }
 
-TEST_F(PlotWindow, TheRightButtonOnTheBoxesOpensTheViewMenu) {
-    auto* menu = main->findChild<QMenu*>("mnuView");
-    for (QWidget* box :
-         {static_cast<QWidget*>(form->picLegendBox), static_cast<QWidget*>(form->txtStatsBox[0])}) {
+TEST_F(PlotWindow, TheRightButtonOnTheBoxesHasCopySelectAllAndTheViewItems) {
+    const QList<QAction*> viewItems = main->findChild<QMenu*>("mnuView")->actions();
+    form->SetBoxText(PlotBox::StatsNormal, "Fabric statistics");
+    for (QWidget* box : std::initializer_list<QWidget*>{form->picLegendBox, form->txtStatsBox[0],
+                                                        form->txtDescBox, form->txtFabricBox}) {
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
                                 box->mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(box, &event);
-        EXPECT_TRUE(menu->isVisible()) << box->objectName().toStdString();
+        auto* menu = form->findChild<QMenu*>("mnuBox");
+        menu = menu != nullptr ? menu : box->findChild<QMenu*>("mnuBox");
+        ASSERT_NE(menu, nullptr) << box->objectName().toStdString();
+        EXPECT_TRUE(menu->isVisible());
+        EXPECT_EQ(menu->actions().mid(menu->actions().size() - viewItems.size()), viewItems);
+        QStringList own;
+        for (const QAction* action : menu->actions()) {
+            own << action->text().section('\t', 0, 0).remove('&');
+        }
+        EXPECT_TRUE(own.contains("Copy")) << box->objectName().toStdString();
+        EXPECT_EQ(own.contains("Select All"), box != form->picLegendBox);
+        if (box == form->txtStatsBox[0]) {
+            menu->actions()[0]->trigger();
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), "Fabric statistics");
+            menu->actions()[1]->trigger();
+            EXPECT_EQ(form->txtStatsBox[0]->textCursor().selectedText(), "Fabric statistics");
+        }
         menu->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+TEST_F(PlotWindow, KeysBelongToTheBoxThatHasTheFocus) {
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    ActiveRecord().LayerVisible[kStatisticsLayer] = kTrue;
+    form->SetBoxText(PlotBox::StatsNormal, "Mean 045-10");
+    form->FollowRecord();
+    QPlainTextEdit& box = *form->txtStatsBox[0];
+    ASSERT_TRUE(box.isVisible());
+    QGuiApplication::clipboard()->setText("before");
+    form->picStereoArea->setFocus();
+    QTest::keyClick(form->picStereoArea, Qt::Key_A, Qt::ControlModifier); // all rows
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Mean 045-10");
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(ActiveRecord().NumValidData, 3) << "the rows are left alone";
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(box.textCursor().selectedText(), "Mean 045-10");
+    for (QWidget* text : std::initializer_list<QWidget*>{&box, form->txtDescBox}) {
+        text->setFocus();
+        QTest::keyClick(text, Qt::Key_Escape);
+        EXPECT_TRUE(form->picStereoArea->hasFocus()) << text->objectName().toStdString();
+    }
+}
+
+TEST_F(PlotWindow, TheStatusLineBelongsToThePlotInFront) {
+    EXPECT_EQ(Hint(), gHintText);
+    const QString first = Info();
+    OpenFile("b.txt", "10\t10\n");
+    EXPECT_NE(Info(), first);
+    main->SetStatusText("told of the second");
+    Room().setActiveSubWindow(form);
+    EXPECT_EQ(Info(), first);
+    Room().setActiveSubWindow(&FormOfSlot(2));
+    EXPECT_EQ(Info(), "told of the second");
+    Press("mnuPlotType_2");
+    EXPECT_NE(Hint(), gHintText) << "points cannot be added to a rose";
+    Press("mnuFileClose_0");
+    EXPECT_EQ(Info(), first);
+    EXPECT_EQ(Hint(), gHintText);
+    Press("mnuFileClose_0");
+    EXPECT_EQ(Info(), "");
+    EXPECT_EQ(Hint(), "");
 }
 
 TEST_F(PlotWindow, MinimisingAndRestoringKeepsThePicture) {

@@ -437,12 +437,13 @@ TEST_F(MainCommands, ACancelledLoadLeavesTheFormerPlotInFront) {
     EXPECT_EQ(Room().activeSubWindow(), &FormOfSlot(2));
 }
 
-TEST_F(MainCommands, AHintGivesWayToTheLastTextOfAnyKind) {
+TEST_F(MainCommands, AHintIsNotSaidTwice) {
     OpenFile("a.txt");
     main->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
     Press("mnuFileLoad_3");
     EXPECT_EQ(Info(), gHintText);
+    EXPECT_EQ(Hint(), "");
     FormOfSlot(2).txtDescBox->setFocus();
     FormOfSlot(2).picStereoArea->setFocus();
     EXPECT_EQ(Info(), gHintText);

@@ -2,12 +2,14 @@
 
 #include "program/closing.h"
 #include "shell/recovery_timer.h"
+#include "shell/start_work.h"
 #include "stereo/plot_state.h"
 #include "support/main_window_test.h"
 
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <QTabBar>
+#include <QWindow>
 
 #include <filesystem>
 
@@ -201,6 +203,26 @@ TEST_F(RecoveryTimerTest, AfterACrashPlotsAreOfferedAndOpenUnsaved) {
     EXPECT_TRUE(Action("mnuFileSave_0").isEnabled());
     recovery.Offer();
     EXPECT_EQ(CountOpenPlots(), 1);
+}
+
+TEST_F(RecoveryTimerTest, TheOfferIsAnsweredBeforeFilesAreOpened) {
+    LeaveBehind(OpenChanged("a.txt"));
+    RecoveryTimer recovery(*main, Root(), kNever);
+    Expect("Quandrel was not closed properly.", Button::Yes);
+    Expect("The indicated file cannot be opened");
+    prompts.OnBox([&](const ShownBox& box) {
+        EXPECT_TRUE(main->windowHandle()->isExposed()) << "over the window";
+        const std::size_t shown = prompts.Shown().size();
+        LetEventsPass(); // as a box does that waits for its answer
+        EXPECT_EQ(prompts.Shown().size(), shown) << box.message.text;
+    });
+    main->hide();
+    LetEventsPass();
+    RunOnceExposed(*main, [&] { StartWork(*main, recovery, {(folder / "gone.txt").c_str()}); });
+    LetEventsPass();
+    EXPECT_TRUE(prompts.Shown().empty()) << "nobody sees the window yet";
+    main->show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return prompts.Shown().size() == 2; }));
 }
 
 TEST_F(RecoveryTimerTest, ANoCanRemoveThem) {

@@ -134,26 +134,28 @@ TEST_F(RotationOnNet, APressOnTheNetFillsTheBoxes) {
     EXPECT_TRUE(dialog.isVisible());
 }
 
-TEST_F(RotationOnNet, TheInformationLineTellsWhatAPressWouldTake) {
+TEST_F(RotationOnNet, TheHintLineTellsWhatAPressWouldTake) {
     const int slot = OpenFile("a.txt");
+    const QString before = Hint();
     main->SetStatusText("as before");
     QTest::mouseMove(&Net(slot), Pixel(slot, 0, 0));
-    EXPECT_EQ(Info(), "as before");
+    EXPECT_EQ(Hint(), before);
     frmRotationMenu& dialog = OpenDialog();
     QTest::mouseMove(&Net(slot), Pixel(slot, 500, 0));
-    EXPECT_TRUE(Info().startsWith("Rotation Axis: ")) << Info().toStdString();
-    EXPECT_NEAR(Info().section('/', 1).toInt(), 90, 1) << Info().toStdString();
+    EXPECT_TRUE(Hint().startsWith("Rotation Axis: ")) << Hint().toStdString();
+    EXPECT_NEAR(Hint().section('/', 1).toInt(), 90, 1) << Hint().toStdString();
     EXPECT_EQ(dialog.txtRotAngle[1]->text(), "");
     QTest::mouseMove(&Net(slot), Pixel(slot, 1050, 1050));
-    EXPECT_EQ(Info(), "as before");
+    EXPECT_EQ(Hint(), before);
     QTest::mouseMove(&Net(slot), Pixel(slot, 0, 500));
-    EXPECT_NEAR((Info().section('/', 1).toInt() + 180) % 360, 180, 1) << Info().toStdString();
+    EXPECT_NEAR((Hint().section('/', 1).toInt() + 180) % 360, 180, 1) << Hint().toStdString();
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&Net(slot), &leave);
-    EXPECT_EQ(Info(), "as before");
+    EXPECT_EQ(Hint(), before);
     QTest::mouseMove(&Net(slot), Pixel(slot, 500, 0));
     dialog.close();
-    EXPECT_EQ(Info(), "as before");
+    EXPECT_EQ(Hint(), before);
+    EXPECT_EQ(Info(), "as before") << "the message has a place of its own";
 }
 
 TEST_F(RotationOnNet, TheEditMenuTakesARotationBack) {

@@ -77,6 +77,9 @@ protected:
     /// The information line.
     [[nodiscard]] QString Info() const { return main->panInfoLine->text(); }
 
+    /// The hint line beside it.
+    [[nodiscard]] QString Hint() const { return main->panHintLine->text(); }
+
     [[nodiscard]] QToolButton& ToolButton(const std::string& name) const {
         return ControlOf<QToolButton>(*main, name);
     }

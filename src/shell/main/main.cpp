@@ -10,6 +10,7 @@
 #include "shell/geol_plot_main.h"
 #include "shell/help_keys.h"
 #include "shell/recovery_timer.h"
+#include "shell/start_work.h"
 #include "shell/widget_printers.h"
 
 #include <QApplication>
@@ -37,17 +38,12 @@ int main(int argc, char** argv) {
     quandrel::GeolPlotMain window;
     window.ShowAtLastPlace();
     quandrel::RecoveryTimer recovery(window, quandrel::RecoveryFolder());
-    QMetaObject::invokeMethod(
-        &recovery, [&recovery] { recovery.Offer(); }, Qt::QueuedConnection);
     std::vector<std::string> arguments;
     for (const QString& argument : QApplication::arguments().mid(1)) {
         arguments.push_back(argument.toStdString());
     }
     const std::string file = quandrel::GetCommandLineFile(arguments);
-    if (!file.empty()) {
-        QMetaObject::invokeMethod(
-            &window, [&window, file] { window.OpenFiles({QString::fromStdString(file)}); },
-            Qt::QueuedConnection);
-    }
+    const QStringList files = file.empty() ? QStringList() : QStringList{file.c_str()};
+    quandrel::RunOnceExposed(window, [&] { quandrel::StartWork(window, recovery, files); });
     return QApplication::exec();
 }
