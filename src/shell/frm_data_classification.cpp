@@ -105,6 +105,7 @@ frmDataClassification::frmDataClassification(QWidget* parent,
     layout->addLayout(top, 1);
     layout->addWidget(MakeStatsBox());
     layout->addLayout(MakeButtons());
+    OKButton->setDefault(true);
     Connect();
     FollowActivePlot();
     optDataClassif[static_cast<std::size_t>(boxes->Kind())]->setFocus();
@@ -219,7 +220,6 @@ QGroupBox* frmDataClassification::MakeStatsBox() {
 
 QHBoxLayout* frmDataClassification::MakeButtons() {
     OKButton->setObjectName("OKButton");
-    OKButton->setDefault(true);
     CancelButton->setObjectName("CancelButton");
     cmdApply->setObjectName("cmdApply");
     cmdApply->setToolTip("Classifies the plot and stays open");
@@ -232,9 +232,6 @@ QHBoxLayout* frmDataClassification::MakeButtons() {
     line->addStretch(1);
     for (QPushButton* button : {OKButton, CancelButton, cmdApply}) {
         line->addWidget(button);
-    }
-    for (QPushButton* button : {CancelButton, cmdApply, cmdPreferences}) {
-        button->setAutoDefault(false);
     }
     return line;
 }

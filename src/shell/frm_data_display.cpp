@@ -77,10 +77,8 @@ void frmDataDisplay::MakeLayout() {
     cmdDiscard->setToolTip("Forgets what was typed");
     cmdOK->setObjectName("cmdOK");
     cmdOK->setToolTip(isRaw ? "Closes the window" : "Writes the edits into the plot and closes");
-    cmdOK->setDefault(true);
     auto* line = new QHBoxLayout;
     for (QPushButton* button : {cmdAddRow, cmdDiscard}) {
-        button->setAutoDefault(false);
         button->setVisible(!isRaw);
         line->addWidget(button);
     }
@@ -89,6 +87,7 @@ void frmDataDisplay::MakeLayout() {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(grdRawData, 1);
     layout->addLayout(line);
+    cmdOK->setDefault(true);
     setTabOrder(grdRawData, cmdAddRow);
     setTabOrder(cmdAddRow, cmdDiscard);
     setTabOrder(cmdDiscard, cmdOK);

@@ -113,11 +113,10 @@ void frmPreferences::MakeButtons() {
         cmdOK[i] = new QPushButton(kCaptions[i]);
         cmdOK[i]->setObjectName(QString("cmdOK_%1").arg(i));
         cmdOK[i]->setToolTip(kTips[i]);
-        cmdOK[i]->setAutoDefault(i == 0);
         line->addWidget(cmdOK[i]);
     }
-    cmdOK[0]->setDefault(true);
     static_cast<QVBoxLayout*>(layout())->addLayout(line);
+    cmdOK[0]->setDefault(true);
 }
 
 void frmPreferences::Connect() {

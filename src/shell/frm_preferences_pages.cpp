@@ -4,6 +4,7 @@
 
 #include "shell/frm_preferences.h"
 #include "shell/sample_button.h"
+#include "shell/text_boxes.h"
 #include "shell/widget_font.h"
 
 #include <QButtonGroup>
@@ -173,7 +174,7 @@ QGroupBox* frmPreferences::MakeWindowSizes() {
     txtPlotSize->setToolTip("Width of new plot windows, in per cent of the main window");
     cboPlotAspect = new QComboBox;
     cboPlotAspect->setObjectName("cboPlotAspect");
-    cboPlotAspect->setEditable(true);
+    MakeEditable(*cboPlotAspect);
     cboPlotAspect->setInsertPolicy(QComboBox::NoInsert);
     cboPlotAspect->addItems({"0.50", "0.75"});
     cboPlotAspect->setMaximumWidth(80);
@@ -216,12 +217,10 @@ void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
     cmdFont[font] = new QPushButton("Change...");
     cmdFont[font]->setObjectName(QString("cmdFont_%1").arg(font));
     cmdFont[font]->setAccessibleName("Change " + name);
-    cmdFont[font]->setAutoDefault(false);
     cmdFontColour[font] = new QPushButton;
     cmdFontColour[font]->setObjectName(QString("cmdFontColour_%1").arg(font));
     cmdFontColour[font]->setAccessibleName("Colour of " + name);
     cmdFontColour[font]->setToolTip("Colour of the text");
-    cmdFontColour[font]->setAutoDefault(false);
     grid.addWidget(new QLabel(caption), line, 0);
     grid.addWidget(txtFontBox[font], line, 1);
     grid.addWidget(cmdFont[font], line, 2);
@@ -262,7 +261,6 @@ QWidget* frmPreferences::MakeFontsPage() {
             cmdPlotColour[i]->setObjectName(QString("cmdPlotColour_%1").arg(i));
             cmdPlotColour[i]->setAccessibleName(kTips[i]);
             cmdPlotColour[i]->setToolTip(kTips[i]);
-            cmdPlotColour[i]->setAutoDefault(false);
             grid->addWidget(new QLabel(kColours[i]), line, 0);
             grid->addWidget(cmdPlotColour[i], line++, 1, Qt::AlignLeft);
         }
@@ -284,7 +282,6 @@ QGroupBox* frmPreferences::MakeFolderBox() {
     txtDirectory->setAccessibleName("Default files directory");
     cmdDirectory = new QPushButton("Chan&ge...");
     cmdDirectory->setObjectName("cmdDirectory");
-    cmdDirectory->setAutoDefault(false);
     chkUseLastDirectory = NamedCheck(
         "&Always use last-accessed directory (deselect to set default directory)",
         "chkUseLastDirectory", "File dialogs start in the folder of the file that was last opened");

@@ -419,7 +419,6 @@ QGroupBox* frmPreferences::MakePalette() {
     cmdOK[4] = new QPushButton("&more colours ...");
     cmdOK[4]->setObjectName("cmdOK_4");
     cmdOK[4]->setToolTip("Replace the selected colour by another, in all that it colours");
-    cmdOK[4]->setAutoDefault(false);
     line->addSpacing(12);
     line->addWidget(cmdOK[4]);
     line->addStretch(1);

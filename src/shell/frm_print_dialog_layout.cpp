@@ -35,7 +35,6 @@ QPushButton* MakeButton(const QString& name, const QString& caption, const QStri
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
     button->setToolTip(tip);
-    button->setAutoDefault(false);
     return button;
 }
 
@@ -70,6 +69,7 @@ void frmPrintDialog::MakeControls() {
     column->addStretch(1);
     column->addWidget(MakeButtons());
     layout->addLayout(column);
+    cmdOK[0]->setDefault(true);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -197,7 +197,6 @@ void frmPrintDialog::MakeDestination() {
 
 QWidget* frmPrintDialog::MakeButtons() {
     cmdOK[0] = MakeButton("cmdOK_0", "&Print", "Prints the plots of the page");
-    cmdOK[0]->setDefault(true);
     cmdOK[1] = MakeButton("cmdOK_1", "&Close", "Back to the plots");
     auto* line = new QWidget;
     auto* layout = new QHBoxLayout(line);

@@ -203,6 +203,7 @@ void frmRoseDiag::MakePages() {
     layout->addWidget(tabRose, 1);
     layout->addWidget(lblRoseStatus);
     layout->addWidget(MakeButtonLine());
+    cmdRoseGo->setDefault(true);
 }
 
 QWidget* frmRoseDiag::MakeTypePage() {
@@ -400,14 +401,11 @@ QWidget* frmRoseDiag::MakeButtonLine() {
     cmdRoseGo->setObjectName("cmdRoseGo");
     cmdRoseGo->setToolTip("Plot rose using these settings");
     cmdRoseGo->setAccessibleDescription(cmdRoseGo->toolTip());
-    cmdRoseGo->setDefault(true);
     cmdPreferences = new QPushButton("&Fill Preferences...");
     cmdPreferences->setObjectName("cmdPreferences");
-    cmdPreferences->setAutoDefault(false);
     cmdClose = new QPushButton("C&lose");
     cmdClose->setObjectName("cmdClose");
     cmdClose->setToolTip("Closes the dialog; the plot stays as it is");
-    cmdClose->setAutoDefault(false);
     auto* line = new QWidget;
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -88,6 +88,7 @@ void frmRotationMenu::MakeControls() {
     layout->addWidget(lblRotInfo);
     layout->addWidget(lblRotStatus);
     layout->addWidget(MakeButtons());
+    cmdRotGo[0]->setDefault(true);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -190,10 +191,8 @@ QWidget* frmRotationMenu::MakeButtons() {
         cmdRotGo[i]->setObjectName(Numbered("cmdRotGo", i));
         cmdRotGo[i]->setToolTip(kTips[i]);
         cmdRotGo[i]->setAccessibleDescription(kTips[i]);
-        cmdRotGo[i]->setAutoDefault(false);
         layout->addWidget(cmdRotGo[i]);
     }
-    cmdRotGo[0]->setDefault(true);
     return line;
 }
 

@@ -52,21 +52,19 @@ frmSavePlotsDialog::frmSavePlotsDialog(const QString& title, const QString& text
         auto* made = new QPushButton(button.caption);
         made->setObjectName("cmdAnswer_" + QString::number(number++));
         made->setToolTip(button.tip);
-        made->setAutoDefault(false);
         buttons->addWidget(made);
         connect(made, &QPushButton::clicked, this, [this, answer = button.answer] {
             answer_ = answer;
             accept();
         });
-        if (button.answer == SaveAnswer::SaveThis) {
-            made->setDefault(true);
-            made->setFocus();
-        }
     }
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addSpacing(8);
     layout->addLayout(buttons);
+    auto* first = findChild<QPushButton*>("cmdAnswer_1");
+    first->setDefault(true);
+    first->setFocus();
 }
 
 } // namespace quandrel

@@ -18,6 +18,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -77,7 +78,6 @@ frmSmallCircle::frmSmallCircle(QWidget* parent)
     lblHint->setMinimumHeight(2 * fontMetrics().lineSpacing());
     lblHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     cmdClose->setObjectName("cmdClose");
-    cmdClose->setAutoDefault(false);
     auto* below = new QHBoxLayout;
     below->addWidget(lblHint, 1);
     below->addWidget(cmdClose, 0, Qt::AlignBottom);
@@ -375,6 +375,16 @@ void frmSmallCircle::reject() {
         return;
     }
     QDialog::reject();
+}
+
+void frmSmallCircle::keyPressEvent(QKeyEvent* event) {
+    // Numbers count as they are typed; Return at their end must not close the dialog.
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && BoxOf(focusWidget()) != 0) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void frmSmallCircle::closeEvent(QCloseEvent* event) {

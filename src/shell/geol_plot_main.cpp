@@ -16,6 +16,7 @@
 #include "program/closing.h"
 #include "program/start.h"
 #include "program/window_places.h"
+#include "shell/button_keys.h"
 #include "shell/commands.h"
 #include "shell/data_displays.h"
 #include "shell/frm_help.h"
@@ -28,6 +29,7 @@
 #include "shell/map_link_windows.h"
 #include "shell/net_mouse.h"
 #include "shell/plot_dialogs.h"
+#include "shell/text_boxes.h"
 #include "shell/tool_strip.h"
 #include "shell/window_arrangement.h"
 #include "stereo/plot_state.h"
@@ -90,6 +92,8 @@ GeolPlotMain::GeolPlotMain()
     setWindowTitle(gCaption);
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
+    new ButtonKeys(this);
+    new SelectionPasteGuard(this);
     // The built-in menu would show and hide bars behind the back of the View menu.
     setContextMenuPolicy(Qt::NoContextMenu);
     MakeStatusBar();

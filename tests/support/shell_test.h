@@ -19,7 +19,9 @@ namespace quandrel {
 class WidgetApplication : public ::testing::Environment {
 public:
     void SetUp() override {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Few tests need a screen; those who run them on one say so.
+        qputenv("QT_QPA_PLATFORM",
+                qEnvironmentVariable("QUANDREL_TEST_PLATFORM", "offscreen").toUtf8());
         application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
         QApplication::setQuitOnLastWindowClosed(false);
     }
