@@ -125,7 +125,4 @@ private:
     SelectionWay way_ = SelectionWay::Replace;
 };
 
-/// Draws the frame of a marquee, in a pen that shows on any ground: drawn twice it is gone.
-void DrawMarquee(Surface& surface, Point corner, Point opposite);
-
 } // namespace quandrel
