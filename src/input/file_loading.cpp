@@ -264,9 +264,10 @@ private:
         }
         pass.format = LineFormatFromGlobals(record_.OverlayRows[0] > 0);
         pass.format.secondary = pass.target.secondaryFormat;
-        pass.format.wantLine = record_.HasAppendedLine != 0;
-        pass.format.wantNumber = record_.HasAppendedNumeric != 0;
-        pass.format.wantText = record_.HasAppendedText != 0;
+        // A file that joins a plot is read for what both have.
+        pass.format.wantLine = pass.format.wantLine && record_.HasAppendedLine != 0;
+        pass.format.wantNumber = pass.format.wantNumber && record_.HasAppendedNumeric != 0;
+        pass.format.wantText = pass.format.wantText && record_.HasAppendedText != 0;
         if (items_.isOwnText) {
             pass.format.secondaryMayBeMissing = true;
             pass.format.decimalIsComma = false;

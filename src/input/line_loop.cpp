@@ -102,9 +102,11 @@ private:
     void CountValid(const ParsedRow& row, const RowFaults& faults) {
         ++counters_.rowsValid;
         CountUpwardLine(row, format_, pass_.target.overlay, counters_);
-        counters_.badNumeric += faults.number ? 1 : 0;
-        counters_.badText += faults.text ? 1 : 0;
-        counters_.badLine += faults.line ? 1 : 0;
+        // A plot may have appended data that this file is not read for: nothing is wrong with
+        // those.
+        counters_.badNumeric += faults.number && format_.wantNumber ? 1 : 0;
+        counters_.badText += faults.text && format_.wantText ? 1 : 0;
+        counters_.badLine += faults.line && format_.wantLine ? 1 : 0;
         nonDataInARow_ = 0;
         invalidInARow_ = 0;
     }

@@ -184,6 +184,25 @@ TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
     EXPECT_EQ(ActiveRecord().AppendedMin[0], -9998) << "the mark is no minimum";
 }
 
+TEST_F(FileLoading, AppendedDataThatAFileIsNotReadForAreNoneOfItsFaults) {
+    gFileNumericAppended = true;
+    gFileNonNumericAppended = true;
+    gFileColumnSettings[kSlotNumber] = 2;
+    gFileColumnSettings[kSlotText] = 3;
+    ASSERT_EQ(Load("a.txt", "30\t120\t4\tslate\n"), kNewCommand);
+    for (const std::string command : {kMergeCommand, kOverlayCommand}) {
+        AcceptFormat([](FormatAnswer&) {
+            gFileNumericAppended = false;
+            gFileNonNumericAppended = false;
+        });
+        const std::string path = WriteFile(command + ".txt", "40\t130\n50\t140\n");
+        ASSERT_EQ(ReadTextFile(command, path), command);
+        EXPECT_EQ(gLastLoad.rowsValid, 2);
+        EXPECT_EQ(LoadSummaryText(gLastLoad), "") << command;
+    }
+    EXPECT_TRUE(prompts.Shown().empty());
+}
+
 TEST_F(FileLoading, AskedAgainTheFormatDialogStandsAsItWasLeft) {
     AcceptFormat(
         [this](FormatAnswer& answer) {
