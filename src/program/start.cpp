@@ -110,6 +110,32 @@ std::string GetCommandLineFile(const std::vector<std::string>& arguments) {
     return std::filesystem::is_regular_file(path, unreadable) ? path : std::string();
 }
 
+NamedFiles FilesOfCommandLine(const std::vector<std::string>& arguments) {
+    NamedFiles named;
+    if (const std::string whole = GetCommandLineFile(arguments); !whole.empty()) {
+        named.files.push_back(whole);
+        return named;
+    }
+    for (const std::string& argument : arguments) {
+        std::error_code unreadable;
+        const bool isFile = std::filesystem::is_regular_file(argument, unreadable);
+        (isFile ? named.files : named.missing).push_back(argument);
+    }
+    return named;
+}
+
+std::string TextOfMissing(const NamedFiles& named) {
+    if (named.missing.empty()) {
+        return {};
+    }
+    std::string text =
+        named.missing.size() == 1 ? "This file was not found:" : "These files were not found:";
+    for (const std::string& path : named.missing) {
+        text += "\n" + path;
+    }
+    return text;
+}
+
 bool IntroStart(int index) {
     if (index >= kFirstRecentFile) {
         return OpenRecentFile(static_cast<std::size_t>(index % 10));

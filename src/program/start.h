@@ -20,6 +20,19 @@ void ConnectPlotStages();
 /// name), which may have been cut at its blanks, or an empty text.
 [[nodiscard]] std::string GetCommandLineFile(const std::vector<std::string>& arguments);
 
+/// What the command line names.
+struct NamedFiles {
+    std::vector<std::string> files;   ///< that are there, in their order
+    std::vector<std::string> missing; ///< the other arguments
+};
+
+/// The files that the arguments of the command line name: one whose path was cut at its blanks, as
+/// GetCommandLineFile has it, or one for each argument.
+[[nodiscard]] NamedFiles FilesOfCommandLine(const std::vector<std::string>& arguments);
+
+/// What to tell of the missing ones; empty where none is.
+[[nodiscard]] std::string TextOfMissing(const NamedFiles& named);
+
 /// Names of the printers found at start-up; empty when there are none.
 extern std::vector<std::string> gPrinters;
 

@@ -14,6 +14,7 @@ namespace {
 constexpr int kFirstTop = 50 / kUnitsPerPixel;
 constexpr int kCascadeStep = 26;
 constexpr int kCascadeLength = 8;
+constexpr int kBoxesBesideNet = 300; ///< room for legend and statistics
 
 bool LiesOn(const WindowRect& rect, const WindowRect& screen) {
     return rect.left >= screen.left && rect.top >= screen.top
@@ -61,6 +62,15 @@ WindowRect NewPlotWindowPlace(int slot, int mainWidth, int roomWidth, int roomHe
     place.left = std::clamp(step, 0, std::max(roomWidth - place.width, 0));
     place.top = std::clamp(kFirstTop + step, 0, std::max(roomHeight - place.height, 0));
     return place;
+}
+
+WindowRect FirstPlotWindowPlace(int mainWidth, int roomWidth, int roomHeight) {
+    constexpr int kLeastShare = 60;
+    const int wanted =
+        static_cast<int>(std::lround(static_cast<double>(gPlotWidthPercent) * mainWidth / 100));
+    const int least = (kLeastShare * roomWidth + 99) / 100;
+    const int forBoxes = roomHeight + kBoxesBesideNet;
+    return {0, 0, std::min(std::max({wanted, least, forBoxes}), roomWidth), roomHeight};
 }
 
 void KeepPlotWindowSize(int width, int height, int mainWidth) {

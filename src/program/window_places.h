@@ -45,6 +45,10 @@ void KeepMainWindowPlace(WindowState state, const WindowRect& rect);
 /// the same ratio of height to width, cut to the room, and a step down and right of the one before.
 [[nodiscard]] WindowRect NewPlotWindowPlace(int slot, int mainWidth, int roomWidth, int roomHeight);
 
+/// Where the first plot opens in an empty room: over all its height, and as wide as the settings
+/// say, but not below 60% of the room and with room for legend and statistics beside the net.
+[[nodiscard]] WindowRect FirstPlotWindowPlace(int mainWidth, int roomWidth, int roomHeight);
+
 /// The user has given a plot window another size: windows to come follow while the settings say so.
 void KeepPlotWindowSize(int width, int height, int mainWidth);
 

@@ -27,6 +27,24 @@ TEST_F(Start, ACommandLineThatNamesNoFileIsEmpty) {
     EXPECT_EQ(GetCommandLineFile({folder.string()}), "");
 }
 
+TEST_F(Start, EachArgumentMayNameAFileAndTheOthersAreTold) {
+    const std::string first = WriteFile("a.txt", "30\t120\n");
+    const std::string second = WriteFile("b c.txt", "30\t120\n");
+    const std::string missing = (folder / "missing.txt").string();
+    const NamedFiles named = FilesOfCommandLine({first, missing, second, folder.string()});
+    EXPECT_EQ(named.files, (std::vector<std::string>{first, second}));
+    EXPECT_EQ(named.missing, (std::vector<std::string>{missing, folder.string()}));
+    EXPECT_EQ(TextOfMissing(named),
+              "These files were not found:\n" + missing + "\n" + folder.string());
+    EXPECT_EQ(TextOfMissing({{}, {missing}}), "This file was not found:\n" + missing);
+    EXPECT_EQ(TextOfMissing({{first}, {}}), "");
+    const std::size_t blank = second.rfind(' ');
+    const NamedFiles cut = FilesOfCommandLine({second.substr(0, blank), second.substr(blank + 1)});
+    EXPECT_EQ(cut.files, std::vector<std::string>{second}) << "a path that was cut at its blank";
+    EXPECT_TRUE(cut.missing.empty());
+    EXPECT_TRUE(FilesOfCommandLine({}).files.empty());
+}
+
 TEST_F(Start, InitialisingMakesAnEmptyStoreAndTheDefaults) {
     gPlatform.decimalIsComma = true;
     InitialiseApplication();

@@ -69,6 +69,25 @@ TEST_F(WindowPlaces, ANewPlotWindowIsAShareOfTheMainWindow) {
         << "cut to the room";
 }
 
+TEST_F(WindowPlaces, TheFirstPlotTakesTheHeightAndMostOfTheWidth) {
+    const struct {
+        int percent;
+        WindowRect place;
+    } cases[] = {{50, {0, 0, 1000, 700}},  // with room for boxes beside the net
+                 {95, {0, 0, 1140, 700}},  // as wide as the settings say
+                 {100, {0, 0, 1190, 700}}, // cut to the room
+                 {1, {0, 0, 1000, 700}}};
+
+    for (const auto& [percent, place] : cases) {
+        gPlotWidthPercent = static_cast<std::int16_t>(percent);
+        EXPECT_EQ(FirstPlotWindowPlace(1200, 1190, 700), place) << percent;
+    }
+    gPlotWidthPercent = 50;
+    EXPECT_EQ(FirstPlotWindowPlace(2000, 1991, 700), (WindowRect{0, 0, 1195, 700}))
+        << "60 per cent of the room, rounded up";
+    EXPECT_EQ(FirstPlotWindowPlace(500, 490, 700), (WindowRect{0, 0, 490, 700}));
+}
+
 TEST_F(WindowPlaces, PlotWindowsStepDownAndStayInTheRoom) {
     gPlotWidthPercent = 50;
     gPlotAspect = 0.75F;
