@@ -11,6 +11,7 @@
 #include "shell/picture_box.h"
 #include "shell/widget_font.h"
 #include "shell/window_arrangement.h"
+#include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 #include "stereo/text_lines.h"
@@ -18,6 +19,7 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QFontMetrics>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -28,9 +30,11 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTextBlock>
 #include <QToolButton>
 
 #include <algorithm>
+#include <cmath>
 
 namespace quandrel {
 
@@ -86,6 +90,22 @@ void CopyText(QPlainTextEdit& box) {
     } else {
         QGuiApplication::clipboard()->setText(box.toPlainText());
     }
+}
+
+/// The size that a box needs to show its text without bars; empty for an empty one.
+QSize SizeOfText(const QPlainTextEdit& box) {
+    if (box.document()->isEmpty()) {
+        return {};
+    }
+    const QFontMetrics metrics(box.font());
+    int width = 0;
+    for (QTextBlock line = box.document()->begin(); line.isValid(); line = line.next()) {
+        width =
+            std::max(width, metrics.boundingRect(QRect(), Qt::TextExpandTabs, line.text()).width());
+    }
+    const int margin = 2 * static_cast<int>(std::ceil(box.document()->documentMargin()))
+                       + 2 * box.frameWidth() + 2;
+    return {width + margin, box.document()->blockCount() * metrics.lineSpacing() + margin};
 }
 
 } // namespace
@@ -310,6 +330,11 @@ void frmPlotForms::SetPlace(const WindowPlace& place) {
 }
 
 void frmPlotForms::Show() {
+    if (gActivePlot == Slot()) { // which a drawing makes it
+        const LegendSize legend = SizeOfLegend();
+        legendSize_ = {static_cast<int>(std::ceil(legend.width)),
+                       static_cast<int>(std::ceil(legend.height))};
+    }
     FollowRecord();
     picStereoArea->update();
     picLegendBox->update();
@@ -371,6 +396,9 @@ void frmPlotForms::LayOut() {
     PlotMetrics metrics;
     metrics.tabs = std::max(tabLayers->sizeHint().height(), cmdResizeButton->sizeHint().height());
     metrics.line = txtFabricBox->sizeHint().height();
+    constexpr int kMargins = 2 * kLegendMargin + 2;
+    metrics.legend = legendSize_.isEmpty() ? QSize() : legendSize_ + QSize(kMargins, kMargins);
+    metrics.statistics = SizeOfText(*txtStatsBox[RecordOf(Slot()).StatsBoxKind != 0 ? 1 : 0]);
     const PlotLayout layout = LayOutPlot(body_->size(), parts, metrics);
     tabLayers->setGeometry(
         QRect(layout.tabs.topLeft(), tabLayers->sizeHint()).intersected(layout.tabs));

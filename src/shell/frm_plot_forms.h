@@ -9,6 +9,7 @@
 #include "shell/plot_layout.h"
 
 #include <QMdiSubWindow>
+#include <QSize>
 
 #include <array>
 
@@ -108,6 +109,7 @@ private:
     QWidget* body_ = nullptr;
     std::string description_; ///< as the record had it when it was last shown
     std::string fabric_;
+    QSize legendSize_; ///< what the legend needs, as it was last drawn
     bool placing_ = false;
 };
 

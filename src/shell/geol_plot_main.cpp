@@ -243,7 +243,9 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
     frmPlotForms* window = form.get();
     room_->addSubWindow(window);
     const QSize room = room_->viewport()->size();
-    window->Place(QtRect(NewPlotWindowPlace(slot, width(), room.width(), room.height())));
+    window->Place(QtRect(CountOpenPlots() > 1
+                             ? NewPlotWindowPlace(slot, width(), room.width(), room.height())
+                             : FirstPlotWindowPlace(width(), room.width(), room.height())));
     // A plot must not go while its window is still at work on what the user did.
     connect(
         window, &frmPlotForms::CloseWanted, this,
@@ -313,6 +315,17 @@ void GeolPlotMain::OpenFiles(const QStringList& paths) {
         }
     }
     UpdatePlotState();
+}
+
+void GeolPlotMain::OpenNamedFiles(const NamedFiles& named) {
+    QStringList paths;
+    for (const std::string& path : named.files) {
+        paths << QString::fromStdString(path);
+    }
+    OpenFiles(paths);
+    if (const std::string missing = TextOfMissing(named); !missing.empty()) {
+        Tell(missing);
+    }
 }
 
 frmPlotForms* GeolPlotMain::ActiveForm() const {

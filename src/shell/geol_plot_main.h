@@ -7,6 +7,7 @@
 
 #include "program/closing.h"
 #include "program/notation.h"
+#include "program/start.h"
 #include "shell/main_status_line.h"
 #include "shell/widget_prompts.h"
 
@@ -51,6 +52,9 @@ public:
 
     /// Opens files as new plots, one after the other.
     void OpenFiles(const QStringList& paths);
+
+    /// Opens the files of the command line, then tells of those that are missing.
+    void OpenNamedFiles(const NamedFiles& named);
 
     /// Shows or hides the girdle panel as its button says.
     void GirdleBoxDisplay();

@@ -28,6 +28,16 @@ QRect TakeTop(QRect& area, int height) {
     return top;
 }
 
+/// What of a height is the legend's, where the statistics have the rest: both have what they need
+/// where there is room for both, else each its part of it.
+int LegendHeight(int height, const PlotMetrics& metrics) {
+    const int needed = metrics.legend.height() + metrics.statistics.height();
+    if (metrics.legend.isEmpty() || metrics.statistics.isEmpty()) {
+        return static_cast<int>(height * (1 - kStatisticsShare));
+    }
+    return static_cast<int>(static_cast<double>(height) * metrics.legend.height() / needed);
+}
+
 /// Boxes one below the other; legend and statistics share what is left.
 void StackBoxes(PlotLayout& layout, QRect area, const PlotParts& parts,
                 const PlotMetrics& metrics) {
@@ -39,7 +49,7 @@ void StackBoxes(PlotLayout& layout, QRect area, const PlotParts& parts,
             TakeTop(area, std::min(kDescriptionLines * metrics.line, area.height() / 4));
     }
     if (parts.legend && parts.statistics) {
-        layout.legend = TakeTop(area, static_cast<int>(area.height() * (1 - kStatisticsShare)));
+        layout.legend = TakeTop(area, LegendHeight(area.height() - kGap, metrics));
         layout.statistics = area;
     } else if (parts.legend) {
         layout.legend = area;
@@ -64,9 +74,14 @@ void PlaceBoxesBelow(PlotLayout& layout, const QRect& area, const PlotParts& par
     layout.statistics.setLeft(leftArea.right() + 1 + kGap);
 }
 
-int ColumnWidth(int width) {
-    const int share = static_cast<int>(width * kColumnShare);
-    return std::min(std::clamp(share, kNarrowestColumn, kWidestColumn), width / 2);
+/// The width of the boxes beside a net: a share of the window, more where a box needs it.
+int ColumnWidth(int width, const PlotParts& parts, const PlotMetrics& metrics) {
+    const int share =
+        std::clamp(static_cast<int>(width * kColumnShare), kNarrowestColumn, kWidestColumn);
+    const int legend = parts.legend ? metrics.legend.width() : 0;
+    const int statistics = parts.statistics ? metrics.statistics.width() : 0;
+    const int needed = std::min(std::max(legend, statistics), kWidestColumn);
+    return std::min(std::max(share, needed), width / 2);
 }
 
 } // namespace
@@ -79,7 +94,8 @@ PlotLayout LayOutPlot(QSize window, const PlotParts& parts, const PlotMetrics& m
         QRect(top.right() + 1 - metrics.tabs, top.top(), metrics.tabs, metrics.tabs);
     layout.tabs = top.adjusted(0, 0, -metrics.tabs - kGap, 0);
     const int whole = std::min(area.width(), area.height());
-    const int beside = std::min(whole, area.width() - ColumnWidth(window.width()) - kGap);
+    const int beside =
+        std::min(whole, area.width() - ColumnWidth(window.width(), parts, metrics) - kGap);
     const int above = std::min(area.width(), static_cast<int>(area.height() * kNetShare));
     int side = whole;
     if (!HasBoxes(parts)) {

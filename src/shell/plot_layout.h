@@ -18,10 +18,12 @@ struct PlotParts {
     bool statistics = true;
 };
 
-/// Heights that follow from the fonts, in logical pixels.
+/// Sizes that follow from the fonts, and from what the boxes hold, in logical pixels.
 struct PlotMetrics {
     int tabs = 24;
-    int line = 22; ///< of the one-line boxes
+    int line = 22;    ///< height of the one-line boxes
+    QSize legend;     ///< that legend and statistics need to be seen whole; empty where that is
+    QSize statistics; ///< not known
 };
 
 /// Rectangles in the window; parts that are not to be seen are empty. None overlaps another but the

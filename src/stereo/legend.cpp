@@ -287,9 +287,13 @@ void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout
     }
 }
 
+double LeftOfText(const LegendLine& line, const LegendLayout& layout) {
+    return line.sample == LegendSample::None ? 0 : layout.sampleWidth;
+}
+
 void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
     DrawSample(box, line, layout, top);
-    const double left = line.sample == LegendSample::None ? 0 : layout.sampleWidth;
+    const double left = LeftOfText(line, layout);
     const double textTop = top - (layout.lineHeight - box.TextHeight()) / 2;
     box.Text({left, textTop}, CutToWidth(box, DrawableText(line.text), layout.width - left));
 }
@@ -313,6 +317,22 @@ std::vector<LegendLine> LegendLines() {
     AddOverlays(lines, record);
     AddSlipLines(lines, record);
     return lines;
+}
+
+LegendSize SizeOfLegend() {
+    LegendSize size;
+    if (ActiveRecord().LayerVisible[kLegendLayer] == 0) {
+        return size;
+    }
+    Surface& box = LegendSurface();
+    const LegendLayout layout = LayOut(box);
+    const Point pixel = box.PixelSize();
+    for (const LegendLine& line : LegendLines()) {
+        const double left = LeftOfText(line, layout);
+        size.width = std::max(size.width, (left + box.TextWidth(line.text)) / pixel.x);
+        size.height += layout.lineHeight / pixel.y;
+    }
+    return size;
 }
 
 void DrawLegend() {

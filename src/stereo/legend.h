@@ -33,6 +33,15 @@ struct LegendLine {
 /// The lines of the legend of the active plot, top to bottom.
 [[nodiscard]] std::vector<LegendLine> LegendLines();
 
+/// A size in logical pixels.
+struct LegendSize {
+    double width = 0;
+    double height = 0;
+};
+
+/// The size that a box needs to hold the whole legend of the active plot; 0 for a hidden one.
+[[nodiscard]] LegendSize SizeOfLegend();
+
 /// Draws the legend of the active plot into its box. A text too long for the box is cut, and a box
 /// that cannot hold all lines ends in "...". A hidden legend draws nothing.
 void DrawLegend();

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace quandrel {
@@ -86,6 +87,26 @@ TEST(PlotLayout, TheNumberStandsInTheCornerThatTheNetLeavesFree) {
     const QPointF corner = layout.number.topLeft() + QPointF(30, 0);
     const double radius = layout.net.width() / 2.0 * 10 / 11;
     EXPECT_GT(std::hypot(corner.x() - centre.x(), corner.y() - centre.y()), radius);
+}
+
+TEST(PlotLayout, LegendAndStatisticsHaveWhatTheyNeedWhereThereIsRoomForBoth) {
+    const struct {
+        QSize legend;
+        QSize statistics;
+    } needs[] = {{{200, 60}, {300, 380}}, {{250, 350}, {200, 150}}, {{390, 200}, {180, 250}}};
+
+    for (const auto& [legend, statistics] : needs) {
+        const PlotMetrics metrics{24, 22, legend, statistics};
+        const PlotLayout layout = LayOutPlot({1000, 640}, PartsOf(31), metrics);
+        EXPECT_GE(layout.legend.height(), legend.height());
+        EXPECT_GE(layout.statistics.height(), statistics.height());
+        EXPECT_GE(layout.legend.width(), std::max(legend.width(), statistics.width()));
+        EXPECT_GE(layout.net.width(), 560) << "the net stays the largest";
+    }
+    const PlotMetrics tooMuch{24, 22, {900, 600}, {100, 600}};
+    const PlotLayout layout = LayOutPlot({1000, 640}, PartsOf(31), tooMuch);
+    EXPECT_NEAR(layout.legend.height(), layout.statistics.height(), 3) << "each its part";
+    EXPECT_GE(layout.net.width(), 500);
 }
 
 TEST(PlotLayout, AHighWindowHasItsBoxesBelow) {

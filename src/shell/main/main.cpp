@@ -42,8 +42,11 @@ int main(int argc, char** argv) {
     for (const QString& argument : QApplication::arguments().mid(1)) {
         arguments.push_back(argument.toStdString());
     }
-    const std::string file = quandrel::GetCommandLineFile(arguments);
-    const QStringList files = file.empty() ? QStringList() : QStringList{file.c_str()};
-    quandrel::RunOnceExposed(window, [&] { quandrel::StartWork(window, recovery, files); });
+    const quandrel::NamedFiles named = quandrel::FilesOfCommandLine(arguments);
+    // What is asked comes over the window, and plots take their size from it: both wait for it.
+    quandrel::RunOnceExposed(window, [&] {
+        quandrel::StartWork(window, recovery, {});
+        window.OpenNamedFiles(named);
+    });
     return QApplication::exec();
 }
