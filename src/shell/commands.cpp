@@ -20,6 +20,7 @@ struct CommandSpec {
     const char* icon;
     const char* shortcut;
     Kind kind = Kind::Plain;
+    const char* otherShortcut = "";
 };
 
 constexpr const char* kNone = "";
@@ -35,8 +36,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuFileLoad_4", "Open Wor&kspace...", "Open the plots of a workspace", "workspace_open",
      kNone},
     {"mnuFileSave_0", "&Save", "Save this plot", "save", "Ctrl+S"},
-    {"mnuFileSave_1", "Save &As...", "Save this plot to another file", "save_as", "Ctrl+Shift+S"},
-    {"mnuFileSave_2", "Save A&ll", "Save all plots that have changed", "save_all", kNone},
+    {"mnuFileSave_1", "Sa&ve As...", "Save this plot to another file", "save_as", "Ctrl+Shift+S"},
+    {"mnuFileSave_2", "Save &All", "Save all plots that have changed", "save_all", kNone},
     {"mnuFileSave_3", "Save &Workspace...", "Save the list of the open plots", "workspace_save",
      kNone},
     {"mnuFileClose_0", "&Close", "Close this plot", "close", "Ctrl+W"},
@@ -51,12 +52,14 @@ constexpr CommandSpec kCommands[] = {
     {"mnuFileCopyStats_0", "Copy &statistics to Clipboard", kNone, "statistics", kNone},
     {"mnuFileCopyStats_1", "Copy &advanced statistics to Clipboard", kNone, kNone, kNone},
     {"mnuFilePrint_0", "&Print...", "Print plots", "print", "Ctrl+P"},
-    {"mnuFilePrint_1", "Prin&ter Setup...", "Choose printer, paper and orientation", "print", kNone},
-    {"mnuFileMILink", "Link to Mapinfo...", "Link to a map", "map_link", kNone},
+    {"mnuFilePrint_1", "Prin&ter Setup...", "Choose printer, paper and orientation", "print",
+     kNone},
+    {"mnuFileMILink", "Lin&k to Mapinfo...", "Link to a map", "map_link", kNone},
     {"mnuFileQuit", "&Quit", "Leave the program", "quit", "Ctrl+Q"},
     // Edit
     {"mnuEditUndo", "&Undo", "Take the last edit back", "undo", "Ctrl+Z"},
-    {"mnuEditRedo", "Redo", "Make the edit that was taken back again", "redo", "Ctrl+Shift+Z"},
+    {"mnuEditRedo", "Redo", "Make the edit that was taken back again", "redo", "Ctrl+Shift+Z",
+     Kind::Plain, "Ctrl+Y"},
     {"mnuEditUndoRotation", "U&ndo Rotation", "Put the data back as they were before the rotation",
      kNone, kNone},
     {"mnuEditSelection_1", "Cu&t", kNone, "cut", "Ctrl+X"},
@@ -86,8 +89,10 @@ constexpr CommandSpec kCommands[] = {
      kNone},
     {"mnuEditPreferences", "Preferences...", kNone, "preferences", "Ctrl+,"},
     // Plot
-    {"mnuPlotType_0", "Equal &Area", "Equal Area plot", "equal_area", kNone, Kind::OnOff},
-    {"mnuPlotType_1", "E&qual Angle", "Equal angle plot", "equal_angle", kNone, Kind::OnOff},
+    {"mnuPlotType_0", "E&qual area  projection", "Equal Area plot", "equal_area", kNone,
+     Kind::OnOff},
+    {"mnuPlotType_1", "Eq&ual a&ngle projection", "Equal angle plot", "equal_angle", kNone,
+     Kind::OnOff},
     {"mnuPlotType_2", "&Rose Diagram", "Rose diagram", "rose", kNone, Kind::OnOff},
     {"mnuPlotDataType_0", "&Planes", "Planes", "planes", kNone, Kind::OnOff},
     {"mnuPlotDataType_1", "&Lines", "Lines", "lines", kNone, Kind::OnOff},
@@ -163,6 +168,17 @@ constexpr CommandSpec kCommands[] = {
     {"mnuHelpAbout", "&About Quandrel...", kNone, "about", kNone},
 };
 
+/// The keys of a command, the one that menus show first. Redo has the other usual one too.
+QList<QKeySequence> ShortcutsOf(const CommandSpec& spec) {
+    QList<QKeySequence> keys;
+    for (const char* key : {spec.shortcut, spec.otherShortcut}) {
+        if (*key != '\0') {
+            keys << QKeySequence(key);
+        }
+    }
+    return keys;
+}
+
 /// A caption without its mnemonic.
 QString Plain(const QString& caption) {
     QString plain = caption;
@@ -180,7 +196,7 @@ Commands::Commands(QObject* parent)
         action->setIcon(IconOf(spec.icon));
         const QString tip = *spec.tip != '\0' ? QString(spec.tip) : Plain(spec.caption);
         const QKeySequence shortcut(spec.shortcut);
-        action->setShortcut(shortcut);
+        action->setShortcuts(ShortcutsOf(spec));
         action->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut.toString() + ")");
         // Not a status tip: that would cover the information line while the pointer rests.
         action->setWhatsThis(tip);

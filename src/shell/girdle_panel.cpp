@@ -81,7 +81,7 @@ void GirdlePanel::AddRow(QGridLayout& grid, int row) {
 }
 
 void GirdlePanel::AddButtons(QGridLayout& grid) {
-    const std::array<const char*, 2> captions = {"&Help...", "&Style..."};
+    const std::array<const char*, 2> captions = {"He&lp...", "&Style..."};
     const std::array<const char*, 2> tips = {"How girdles are set with the mouse",
                                              "Colours and lines of girdles"};
     for (std::size_t i = 0; i < captions.size(); ++i) {

@@ -180,6 +180,10 @@ TEST_F(MainWindow, TipsAndCaptionsAreTheProgramsOwn) {
         {"mnuViewLegends_8", "Show Rose Mean.Dev. &Arc"},
         {"mnuFileCopyImage_1", "Copy legen&d image to Clipboard"},
         {"mnuFileLoad_4", "Open Wor&kspace..."},
+        {"mnuFileMILink", "Lin&k to Mapinfo..."},
+        {"mnuFileSave_2", "Save &All"},
+        {"mnuPlotType_0", "E&qual area  projection"},
+        {"mnuPlotType_1", "Eq&ual a&ngle projection"},
         {"mnuFilePrint_1", "Prin&ter Setup..."},
         {"mnuHelpQuandrel_1", "&How to use Help..."},
         {"mnuViewToolbar", "Hide &Toolbar"},
@@ -195,7 +199,9 @@ TEST_F(MainWindow, EachMenuUsesAKeyOnce) {
         std::set<QString> keys;
         for (const QAction* action : menu->actions()) {
             const QString key = QKeySequence::mnemonic(action->text()).toString();
-            if (!key.isEmpty() && action->isVisible()) {
+            // Two captions of the File menu are given with one key.
+            const bool isGiven = action->text() == "Lin&k to Mapinfo...";
+            if (!key.isEmpty() && action->isVisible() && !isGiven) {
                 EXPECT_TRUE(keys.insert(key).second)
                     << menu->objectName().toStdString() << ": " << action->text().toStdString();
             }
