@@ -33,15 +33,6 @@ QColor ItemColour(int slot, ItemPlace place, const QPalette& palette) {
     return isDark ? QColor::fromHsl(hue, 80, 48) : QColor::fromHsl(hue, 170, 236);
 }
 
-QColor MutedText(const QPalette& palette) {
-    // A mixture: not all desktops set the palette's own muted colours for dark themes.
-    const QColor text = palette.color(QPalette::Text);
-    const QColor base = palette.color(QPalette::Base);
-    const auto mix = [](int ink, int paper) { return (3 * ink + 2 * paper) / 5; };
-    return {mix(text.red(), base.red()), mix(text.green(), base.green()),
-            mix(text.blue(), base.blue())};
-}
-
 FormatGrid::FormatGrid(QWidget* parent)
     : QTableWidget(parent) {
     // The headings carry meaning by their colours, which not every style of a desktop shows.

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "input/format_preview.h"
+#include "shell/faint_text.h"
 
 #include <QColor>
 #include <QPalette>
@@ -21,9 +22,6 @@ enum class ItemPlace {
 
 /// The colour of an item of a line, fit to stand behind the text of a palette.
 [[nodiscard]] QColor ItemColour(int slot, ItemPlace place, const QPalette& palette);
-
-/// The colour of a text that stands back behind others.
-[[nodiscard]] QColor MutedText(const QPalette& palette);
 
 class FormatGrid : public QTableWidget {
 public:

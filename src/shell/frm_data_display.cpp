@@ -284,6 +284,7 @@ void frmDataDisplay::closeEvent(QCloseEvent* event) {
 void frmDataDisplay::reject() {
     if (HasEdits()) {
         gPlatform.status->SetText(kEditsWait);
+        toldOfEdits_ = true;
         return;
     }
     SetModel(nullptr);
@@ -296,6 +297,9 @@ void frmDataDisplay::ShowEdits() {
     cmdDiscard->setEnabled(HasEdits());
     if (!HasEdits()) {
         lblEdits->setText(mode_ == DataDisplayMode::Raw ? kReadOnly : kHowToEdit);
+        if (std::exchange(toldOfEdits_, false)) {
+            gPlatform.status->SetText({}); // nothing waits any more
+        }
         return;
     }
     const auto rows = plot_->Grid().EditedRows().size();

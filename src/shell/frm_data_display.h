@@ -121,6 +121,7 @@ private:
     QPersistentModelIndex edited_;  ///< the cell under the editor
     bool selecting_ = false;        ///< the grid's picking is on its way to the plot
     bool applying_ = false;
+    bool toldOfEdits_ = false; ///< the status line says that edits wait
 };
 
 } // namespace quandrel

@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -445,6 +446,7 @@ void frmFileFormat::ShowPlotKind() {
     for (std::int16_t kind = kPlanes; kind <= kPolarLines; ++kind) {
         QPushButton* button = cmdDataType[static_cast<std::size_t>(kind)];
         const bool isChosen = choice_.plotDataKind == kind;
+        const QSignalBlocker quiet(*button);
         button->setChecked(isChosen);
         QPalette colours = palette();
         if (isChosen) {

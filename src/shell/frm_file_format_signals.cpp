@@ -107,8 +107,13 @@ void frmFileFormat::resizeEvent(QResizeEvent* event) {
 
 void frmFileFormat::ConnectPlotAndButtons() {
     for (std::int16_t kind = kPlanes; kind <= kPolarLines; ++kind) {
-        connect(cmdDataType[static_cast<std::size_t>(kind)], &QPushButton::clicked, this,
-                [this, kind] { ChoosePlotKind(kind); });
+        // Not clicked: assistive technology may turn a button without pressing it.
+        connect(cmdDataType[static_cast<std::size_t>(kind)], &QPushButton::toggled, this,
+                [this, kind](bool isDown) {
+                    if (isDown || choice_.plotDataKind == kind) {
+                        ChoosePlotKind(kind);
+                    }
+                });
     }
     connect(chkSecondaryData, &QAbstractButton::toggled, this, [this] { FormatChanged(); });
     connect(cmdButtons[0], &QPushButton::clicked, this, &frmFileFormat::accept);

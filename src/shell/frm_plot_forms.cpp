@@ -92,7 +92,8 @@ void CopyText(QPlainTextEdit& box) {
     }
 }
 
-/// The size that a box needs to show its text without bars; empty for an empty one.
+/// The size that a box needs to show its text without bars; empty for an empty one. Lines with tabs
+/// follow the width that there is.
 QSize SizeOfText(const QPlainTextEdit& box) {
     if (box.document()->isEmpty()) {
         return {};
@@ -100,8 +101,9 @@ QSize SizeOfText(const QPlainTextEdit& box) {
     const QFontMetrics metrics(box.font());
     int width = 0;
     for (QTextBlock line = box.document()->begin(); line.isValid(); line = line.next()) {
-        width =
-            std::max(width, metrics.boundingRect(QRect(), Qt::TextExpandTabs, line.text()).width());
+        if (!line.text().contains('\t')) {
+            width = std::max(width, metrics.horizontalAdvance(line.text()));
+        }
     }
     const int margin = 2 * static_cast<int>(std::ceil(box.document()->documentMargin()))
                        + 2 * box.frameWidth() + 2;

@@ -123,6 +123,7 @@ private:
 
     void UseOwnDialogs();
     [[nodiscard]] QGroupBox* MakePalette();
+    void NameColours();
     void MakeButtons();
     void Connect();
 

@@ -123,6 +123,7 @@ void frmPreferences::ShowSlots() {
             cell->update();
         }
     }
+    NameColours();
     if (!current) {
         return;
     }

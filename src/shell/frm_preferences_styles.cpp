@@ -6,6 +6,7 @@
 #include "shell/frm_symbol_select.h"
 #include "shell/picture_box.h"
 #include "shell/sample_button.h"
+#include "stereo/colour_names.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -400,6 +401,16 @@ QWidget* frmPreferences::MakeRosesPage() {
     return page;
 }
 
+void frmPreferences::NameColours() {
+    for (QAbstractButton* cell : colours_->buttons()) {
+        const int index = colours_->id(cell);
+        const Colour colour = ColourFromValue(now_.colours[static_cast<std::size_t>(index)]);
+        const QString name = QString::fromStdString(ColourNameAt(index, colour));
+        cell->setAccessibleName(name);
+        cell->setToolTip(name);
+    }
+}
+
 QGroupBox* frmPreferences::MakePalette() {
     QGroupBox* box = NamedBox("Available Fill colours", "picColour");
     auto* line = new QHBoxLayout(box);
@@ -409,7 +420,7 @@ QGroupBox* frmPreferences::MakePalette() {
     colours_ = new QButtonGroup(this);
     for (int i = 0; i < kColourCount; ++i) {
         auto* cell = new PreviewPatch(now_, StyleKind::Fill, kColourRoom);
-        NameCell(*cell, QString("picColour_%1").arg(i), QString("Colour %1").arg(i));
+        NameCell(*cell, QString("picColour_%1").arg(i), {}); // NameColours names it
         cell->SetStyle({static_cast<std::int16_t>(i), kSolidFill, 1});
         colours_->addButton(cell, i);
         grid->addWidget(cell, i / kColoursInLine, i % kColoursInLine);

@@ -437,6 +437,13 @@ void frmRoseDiag::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
 }
 
+void frmRoseDiag::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    if (!event->spontaneous() && !lblRoseStatus->text().isEmpty()) {
+        SetStatus({}); // what it says is about the boxes of the dialog
+    }
+}
+
 void frmRoseDiag::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {

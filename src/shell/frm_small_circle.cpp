@@ -10,6 +10,7 @@
 #include "shell/bad_text.h"
 #include "shell/line_patch.h"
 #include "shell/style_patch.h"
+#include "stereo/colour_names.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -137,7 +138,7 @@ QGroupBox* frmSmallCircle::MakeLine() {
     for (int index = 0; index < static_cast<int>(kCircleColours); ++index) {
         auto* patch = new StylePatch(StyleKind::Fill, kColourRoom);
         patch->setObjectName(Numbered("picColour", index));
-        patch->setAccessibleName(QString("Colour %1").arg(index));
+        patch->setAccessibleName(QString::fromStdString(ColourNameAt(index, TableColour(index))));
         patch->SetStyle({static_cast<std::int16_t>(index), kSolidFill, 0});
         patch->setToolTip("Set current small circle colour");
         patch->setCheckable(true);

@@ -2,6 +2,8 @@
 
 #include "shell/frm_symbol_select.h"
 
+#include "stereo/colour_names.h"
+
 #include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -60,11 +62,11 @@ QString Numbered(const char* name, int index) {
     return QString("%1_%2").arg(name).arg(index);
 }
 
-/// Red, green and blue of a colour of the table.
-QString ColourName(int index) {
+/// The name of a colour of the table, with its red, green and blue.
+QString NameOfColour(int index) {
     const Colour colour = TableColour(index);
-    return QString("Colour %1: red %2, green %3, blue %4")
-        .arg(index)
+    return QString("%1 (red %2, green %3, blue %4)")
+        .arg(QString::fromStdString(ColourNameAt(index, colour)))
         .arg(colour.red)
         .arg(colour.green)
         .arg(colour.blue);
@@ -197,7 +199,7 @@ QGroupBox* frmSymbolSelect::MakeColours() {
     grid->setSpacing(3);
     for (int i = 0; i < kColourCount; ++i) {
         auto* cell = new StylePatch(StyleKind::Fill, kColourRoom);
-        NameCell(*cell, Numbered("picColour", i), ColourName(i));
+        NameCell(*cell, Numbered("picColour", i), NameOfColour(i));
         cell->SetStyle({static_cast<std::int16_t>(i), kSolidFill, 1});
         picColour[static_cast<std::size_t>(i)] = cell;
         colours_->addButton(cell, i);

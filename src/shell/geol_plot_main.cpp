@@ -19,6 +19,7 @@
 #include "shell/button_keys.h"
 #include "shell/commands.h"
 #include "shell/data_displays.h"
+#include "shell/faint_text.h"
 #include "shell/frm_help.h"
 #include "shell/frm_intro.h"
 #include "shell/frm_plot_forms.h"
@@ -49,6 +50,8 @@
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
+
+#include <utility>
 
 namespace quandrel {
 
@@ -123,10 +126,13 @@ GeolPlotMain::GeolPlotMain()
         UpdateUndo();
         UpdatePaste();
     });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
-            [this] { UpdatePaste(); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        UpdatePaste();
+        EndStatusText(std::exchange(clipboardText_, {}));
+    });
     ShowMenusFor(false);
     UpdatePlotState();
+    UseReadablePlaceholders();
     resize(1200, 760);
 }
 
@@ -294,6 +300,13 @@ void GeolPlotMain::SetStatusText(const QString& text) {
     status_->SetText(text.toStdString());
 }
 
+void GeolPlotMain::EndStatusText(const QString& text) {
+    // Texts that others have put there since stay.
+    if (!text.isEmpty() && panInfoLine->text() == text) {
+        SetStatusText({});
+    }
+}
+
 void GeolPlotMain::IntroButtonStart(int index) {
     if (gBusy) {
         return;
@@ -391,6 +404,7 @@ void GeolPlotMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && panToolbarBox_ != nullptr) {
         panToolbarBox_->update();
+        UseReadablePlaceholders();
     }
 }
 

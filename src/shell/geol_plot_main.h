@@ -131,6 +131,9 @@ private:
     void UpdatePaste();
     void SelectionChanged();
     void ShowSelectionCount();
+
+    /// Takes a text off the status line, if it is still there.
+    void EndStatusText(const QString& text);
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
@@ -152,7 +155,8 @@ private:
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;
     QString selectionText_; ///< what the status line was last told of the selection
-    Notation notation_; ///< of the texts of the open plots
+    Notation notation_;     ///< of the texts of the open plots
+    QString clipboardText_; ///< and of what is on the clipboard
     std::unique_ptr<MapLinkWindows> mapLink_;
 };
 

@@ -412,7 +412,8 @@ void GeolPlotMain::CopyImage(bool legend) {
     const PlotBoxSizes boxes{form.picStereoArea->PictureSize(), form.picLegendBox->PictureSize()};
     QGuiApplication::clipboard()->setImage(
         PlotImage(legend ? PlotImagePart::Legend : PlotImagePart::Net, boxes, kCopyDensity));
-    SetStatusText(legend ? "The legend is on the clipboard" : "The plot is on the clipboard");
+    clipboardText_ = legend ? "The legend is on the clipboard" : "The plot is on the clipboard";
+    SetStatusText(clipboardText_);
 }
 
 void GeolPlotMain::EditPreferences(int tab) {

@@ -181,8 +181,9 @@ void GeolPlotMain::SelectionChanged() {
 
 void GeolPlotMain::ShowSelectionCount() {
     const QString former = std::exchange(selectionText_, QString::fromStdString(SelectionText()));
-    // Texts that others have put there since stay.
-    if (!selectionText_.isEmpty() || (!former.isEmpty() && panInfoLine->text() == former)) {
+    if (selectionText_.isEmpty()) {
+        EndStatusText(former);
+    } else {
         SetStatusText(selectionText_);
     }
 }

@@ -231,6 +231,16 @@ TEST_F(DataDisplayTest, AnEditWaitsInTheGridUntilOk) {
     EXPECT_EQ(Row(2), Pair(45, 270));
 }
 
+TEST_F(DataDisplayTest, ThatEditsWaitIsSaidAsLongAsTheyDo) {
+    Load();
+    frmDataDisplay& window = ShowPlot();
+    Type(window, 1, kDip, "80");
+    window.reject();
+    EXPECT_NE(status.Text(), "");
+    window.cmdDiscard->click();
+    EXPECT_EQ(status.Text(), "");
+}
+
 TEST_F(DataDisplayTest, ClosingTheWindowAppliesTheEdits) {
     Load();
     frmDataDisplay& window = ShowPlot();

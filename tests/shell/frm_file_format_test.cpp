@@ -509,6 +509,31 @@ TEST_F(FileFormatTest, NamesBothItemsOfAColumn) {
     EXPECT_EQ(Of<QTableWidget>("grdDataFormat").horizontalHeaderItem(1)->text(), "2\ndip + sense");
 }
 
+TEST_F(FileFormatTest, PlotAsButtonsAnswerToBeingTurnedAsWellAsPressed) {
+    Open();
+    // Assistive technology turns a button without a press.
+    const auto down = [this] {
+        std::vector<int> kinds;
+        for (int kind = kPlanes; kind <= kPolarLines; ++kind) {
+            if (Of<QAbstractButton>("cmdDataType_" + std::to_string(kind)).isChecked()) {
+                kinds.push_back(kind);
+            }
+        }
+        return kinds;
+    };
+    ASSERT_EQ(down(), std::vector<int>{kPlanes});
+    Of<QAbstractButton>("cmdDataType_2").setChecked(true);
+    EXPECT_EQ(down(), std::vector<int>{kLines});
+    Of<QAbstractButton>("cmdDataType_2").setChecked(false);
+    EXPECT_EQ(down(), std::vector<int>{kLines}) << "one is always down";
+    Of<QAbstractButton>("cmdDataType_3").toggle();
+    EXPECT_EQ(down(), std::vector<int>{kPolarLines});
+    Of<QAbstractButton>("cmdDataType_1").click();
+    EXPECT_EQ(down(), std::vector<int>{kPlanes});
+    PressOk();
+    EXPECT_EQ(gPlotDataKind, kPlanes);
+}
+
 TEST_F(FileFormatTest, ColoursAreReadableInLightAndDark) {
     QPalette dark;
     dark.setColor(QPalette::Base, QColor(35, 35, 35));

@@ -348,6 +348,8 @@ TEST_F(PreferencesWindow, AnotherColourTakesThePlaceOfTheSelectedOne) {
     QTest::mouseClick(dialog_->cmdOK[4], Qt::LeftButton);
     ASSERT_EQ(colourTitles_, std::vector<QString>{"Replace currently seleted colour with:"});
     EXPECT_EQ(Choice().colours[7], 0x563412U) << "red in the low byte";
+    EXPECT_EQ(Button("picColour_7").accessibleName(), "Colour 7: dark blue");
+    EXPECT_EQ(Button("picColour_8").accessibleName(), "Colour 8: red");
     EXPECT_EQ(gColourTable[7], 192U);
     QApplication::processEvents();
     const QImage cell = Button("picColour_7").grab().toImage();

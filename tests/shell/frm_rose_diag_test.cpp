@@ -323,6 +323,15 @@ TEST_F(RoseDialogTest, KeysPlotAndClose) {
     EXPECT_FALSE(dialog->isModal());
 }
 
+TEST_F(RoseDialogTest, WhatItSaysEndsWithIt) {
+    auto& box = Of<QLineEdit>("txtZeroCircle");
+    box.setText("26");
+    ASSERT_FALSE(dialog->lblRoseStatus->text().isEmpty());
+    EXPECT_EQ(status.Text(), dialog->lblRoseStatus->text().toStdString());
+    dialog->hide();
+    EXPECT_EQ(status.Text(), "");
+}
+
 TEST_F(RoseDialogTest, OpensThePreferencesWhereThereAreSome) {
     EXPECT_FALSE(IsOpen("cmdPreferences"));
     EXPECT_FALSE(Of<QWidget>("cmdPreferences").toolTip().isEmpty());

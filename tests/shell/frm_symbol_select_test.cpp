@@ -274,7 +274,7 @@ TEST_F(SymbolSelectTest, NamesEveryCellForScreenReaders) {
         EXPECT_FALSE(cell->accessibleName().isEmpty());
         EXPECT_FALSE(cell->toolTip().isEmpty());
     }
-    EXPECT_EQ(ColourCell(8).accessibleName(), "Colour 8: red 255, green 0, blue 0");
+    EXPECT_EQ(ColourCell(8).accessibleName(), "Colour 8: red (red 255, green 0, blue 0)");
 }
 
 TEST_F(SymbolSelectTest, AskingGivesBothStylesOrNothing) {

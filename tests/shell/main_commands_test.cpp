@@ -323,6 +323,18 @@ TEST_F(MainCommands, UnplottedLinesAreListed) {
     EXPECT_EQ(QApplication::clipboard()->text(), text);
 }
 
+TEST_F(MainCommands, WhatIsOnTheClipboardIsSaidAsLongAsItIsThere) {
+    OpenFile("a.txt");
+    Press("mnuFileCopyImage_0");
+    EXPECT_EQ(Info(), "The plot is on the clipboard");
+    QApplication::clipboard()->setText("something else");
+    EXPECT_EQ(Info(), "");
+    Press("mnuFileCopyImage_0");
+    main->SetStatusText("another text");
+    QApplication::clipboard()->setText("something else again");
+    EXPECT_EQ(Info(), "another text");
+}
+
 TEST_F(MainCommands, SavingTellsWhereAndClearsTheChange) {
     const int slot = OpenChanged("a.txt");
     const std::string path = (folder / "saved.txt").string();
