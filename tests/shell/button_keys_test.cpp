@@ -152,14 +152,18 @@ protected:
     }
 
     /// @param act  what is done to the button once it has the focus
-    /// @return nothing for a button that is grey
+    /// @return nothing for a button that is grey or not shown
     std::optional<Outcome> OutcomeOf(const NamedDialog& named, std::size_t which,
                                      const std::function<void(QAbstractButton&)>& act) {
         const std::unique_ptr<QDialog> dialog = named.make(main.get());
         dialog_ = dialog.get();
         dialog->show();
         const std::vector<QAbstractButton*> buttons = ButtonsIn(*dialog);
-        if (which >= buttons.size() || !buttons[which]->isEnabled()) {
+        if (which < buttons.size()) {
+            TurnTo(*buttons[which]);
+        }
+        if (which >= buttons.size() || !buttons[which]->isEnabled()
+            || !buttons[which]->isVisible()) {
             dialog_ = nullptr;
             return std::nullopt;
         }
@@ -169,7 +173,6 @@ protected:
                              [&outcome, i] { outcome.clicked.push_back(static_cast<int>(i)); });
         }
         QAbstractButton& button = *buttons[which];
-        TurnTo(button);
         button.setFocus();
         act(button);
         outcome.isOpen = dialog->isVisible();
