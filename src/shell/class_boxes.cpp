@@ -110,6 +110,9 @@ std::string ClassBoxes::GoToFault() {
 }
 
 void ClassBoxes::ChooseStyle(int classNumber) {
+    if (classNumber < 1) {
+        return; // the patch of a line that is not in use
+    }
     SymbolRow& style = styles_[At(classNumber - 1) % styles_.size()];
     StyleQuestion question;
     const QString what = patches_ == StyleKind::Symbol ? "Symbol" : "Fill";

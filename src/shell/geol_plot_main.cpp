@@ -29,6 +29,7 @@
 #include "shell/main_menus.h"
 #include "shell/map_link_windows.h"
 #include "shell/net_mouse.h"
+#include "shell/picture_box.h"
 #include "shell/plot_dialogs.h"
 #include "shell/text_boxes.h"
 #include "shell/tool_strip.h"
@@ -189,6 +190,11 @@ void GeolPlotMain::MakeToolBars() {
     panGirdleBox_->toggleViewAction()->setVisible(false);
     panGirdleBox_->installEventFilter(this);
     panGirdleBox_->onChanged = [this] { UpdatePlotState(); };
+    panGirdleBox_->onLeave = [this] {
+        if (frmPlotForms* form = ActiveForm()) {
+            form->picStereoArea->setFocus();
+        }
+    };
     panGirdleBox_->onStyle = [this] {
         EditPreferences(kLinesPage);
         UpdatePlotState();

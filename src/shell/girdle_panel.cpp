@@ -11,9 +11,12 @@
 #include <QCheckBox>
 #include <QFocusEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace quandrel {
 
@@ -141,6 +144,16 @@ void GirdlePanel::Take(int row) {
     Changed();
 }
 
+/// What was typed is dropped.
+void GirdlePanel::LeaveText(int row) {
+    QLineEdit& box = *txtGirdle[static_cast<std::size_t>(row)];
+    box.setModified(false);
+    box.setText(QString::fromStdString(GirdleText(row)));
+    if (onLeave) {
+        onLeave();
+    }
+}
+
 void GirdlePanel::Tick(int row, bool on) {
     if (!gBusy) {
         (void)ShowGirdle(row, on);
@@ -156,13 +169,20 @@ void GirdlePanel::Changed() {
 }
 
 bool GirdlePanel::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        for (int row = kFirstUserGirdle; row <= kLastUserGirdle; ++row) {
-            if (object == txtGirdle[static_cast<std::size_t>(row)]) {
-                FocusGirdle(row);
-                MarkActiveRow();
-            }
+    const auto text = std::find(txtGirdle.begin(), txtGirdle.end(), object);
+    const int row = static_cast<int>(text - txtGirdle.begin());
+    if (row < kGirdleRows && event->type() == QEvent::FocusIn) {
+        FocusGirdle(row);
+        MarkActiveRow();
+    }
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (row < kGirdleRows && isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        if (event->type() == QEvent::KeyPress) {
+            LeaveText(row);
         }
+        event->accept(); // or the commands of the same key would work on the rows
+        return true;
     }
     return QDockWidget::eventFilter(object, event);
 }

@@ -32,6 +32,9 @@ public:
     /// A girdle has changed. May be empty.
     std::function<void()> onChanged;
 
+    /// The user leaves a text by Esc; the plot is to have the keys again. May be empty.
+    std::function<void()> onLeave;
+
     QLabel* lblGirdle = nullptr; ///< how the texts are to be written
     std::array<QCheckBox*, kGirdleRows> chkGirdle{};
     std::array<QLineEdit*, kGirdleRows> txtGirdle{};
@@ -44,6 +47,7 @@ private:
     void AddRow(QGridLayout& grid, int row);
     void AddButtons(QGridLayout& grid);
     void Take(int row);
+    void LeaveText(int row);
     void Tick(int row, bool on);
     void Changed();
     void MarkActiveRow();

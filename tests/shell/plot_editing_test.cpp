@@ -251,6 +251,21 @@ TEST_F(PlotEditing, GirdlesAreSetByEachFormOfTheMouse) {
     EXPECT_FALSE(MarqueeStands());
 }
 
+TEST_F(PlotEditing, EscLeavesTheTextOfAGirdleAndDropsWhatWasTyped) {
+    OpenFile("a.txt");
+    Press("mnuEditGirdles");
+    auto& box = ControlOf<QLineEdit>(*main, "txtGirdle_2");
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, "45/120");
+    QTest::keyClick(&box, Qt::Key_Escape);
+    EXPECT_EQ(box.text(), QString::fromStdString(GirdleText(2)));
+    EXPECT_NE(box.text(), "45/120");
+    EXPECT_FALSE(box.hasFocus());
+    EXPECT_EQ(main->focusWidget()->objectName(), "picStereoArea");
+    EXPECT_FALSE(IsGirdleShown(2));
+}
+
 TEST_F(PlotEditing, TypedGirdlesAreTakenOnEnterWithAnySeparator) {
     OpenFile("a.txt");
     Press("mnuEditGirdles");
