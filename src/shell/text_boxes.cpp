@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -23,6 +24,24 @@ bool IsTextBox(const QObject* widget) {
     return qobject_cast<const QLineEdit*>(widget) != nullptr
            || qobject_cast<const QPlainTextEdit*>(parent) != nullptr
            || qobject_cast<const QTextEdit*>(parent) != nullptr;
+}
+
+bool IsMiddleClick(const QObject* watched, const QEvent& event) {
+    return event.type() == QEvent::MouseButtonRelease
+           && static_cast<const QMouseEvent&>(event).button() == Qt::MiddleButton
+           && IsTextBox(watched);
+}
+
+/// The key that means the primary selection where there is one, and the clipboard elsewhere. Boxes
+/// of lists and numbers hand it on to their QLineEdit, so that any window may get it.
+bool IsKeyOfSelection(const QEvent& event) {
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Insert
+           && (key.modifiers() & ~Qt::KeypadModifier) == (Qt::ControlModifier | Qt::ShiftModifier)
+           && QGuiApplication::clipboard()->supportsSelection();
 }
 
 bool IsSelectionOwned() {
@@ -43,9 +62,8 @@ SelectionPasteGuard::SelectionPasteGuard(QObject* parent)
 }
 
 bool SelectionPasteGuard::eventFilter(QObject* watched, QEvent* event) {
-    const bool isRelease = event->type() == QEvent::MouseButtonRelease
-                           && static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton;
-    if (!isRelease || !IsTextBox(watched) || IsSelectionOwned()) {
+    const bool isPaste = IsMiddleClick(watched, *event) || IsKeyOfSelection(*event);
+    if (!isPaste || IsSelectionOwned()) {
         return QObject::eventFilter(watched, event);
     }
     event->accept();

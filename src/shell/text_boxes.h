@@ -14,11 +14,11 @@ namespace quandrel {
 /// their entries, so that 7 becomes 72.
 void MakeEditable(QComboBox& list);
 
-/// Keeps a middle click from pasting the primary selection while nobody owns one: Qt's text boxes
-/// take the data for granted, and the program would end.
+/// Keeps a middle click and Ctrl+Shift+Insert from pasting the primary selection while nobody owns
+/// one: Qt's text boxes take the data for granted, and the program would end.
 class SelectionPasteGuard : public QObject {
 public:
-    /// Watches the mouse of the whole application while it lives.
+    /// Watches the mouse and the keys of the whole application while it lives.
     explicit SelectionPasteGuard(QObject* parent);
 
 protected:

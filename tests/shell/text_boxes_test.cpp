@@ -69,6 +69,20 @@ protected:
 
     static void MiddleClick(QWidget& widget) { QTest::mouseClick(&widget, Qt::MiddleButton); }
 
+    /// The key that pastes the primary selection on X.
+    static void PressKey(QWidget& widget) {
+        widget.setFocus();
+        QTest::keyClick(&widget, Qt::Key_Insert, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+
+    void ExpectTheBoxesAsTheyWere() {
+        EXPECT_EQ(line.text(), "");
+        EXPECT_EQ(list.currentText(), "as it was");
+        EXPECT_EQ(number.value(), 0);
+        EXPECT_EQ(plain.toPlainText(), "");
+        EXPECT_EQ(rich.toPlainText(), "");
+    }
+
     QWidget window;
     QLineEdit line{&window};
     QComboBox list{&window};
@@ -89,11 +103,20 @@ TEST_F(PrimarySelection, ThatNobodyOwnsIsPastedNowhere) {
                                          plain.viewport(), rich.viewport()}) {
         MiddleClick(*box);
     }
-    EXPECT_EQ(line.text(), "");
-    EXPECT_EQ(list.currentText(), "as it was");
-    EXPECT_EQ(number.value(), 0);
-    EXPECT_EQ(plain.toPlainText(), "");
-    EXPECT_EQ(rich.toPlainText(), "");
+    ExpectTheBoxesAsTheyWere();
+}
+
+TEST_F(PrimarySelection, ThatNobodyOwnsIsPastedNowhereByKey) {
+    const SelectionPasteGuard guard(nullptr);
+    MakeEditable(list);
+    list.setEditText("as it was");
+    QGuiApplication::clipboard()->clear();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    for (QWidget* box : std::initializer_list<QWidget*>{&line, &list, &number, &plain, &rich}) {
+        PressKey(*box);
+    }
+    ExpectTheBoxesAsTheyWere();
 }
 
 TEST_F(PrimarySelection, OfOthersIsPasted) {
@@ -104,6 +127,18 @@ TEST_F(PrimarySelection, OfOthersIsPasted) {
     const QString expected = IsOnX() ? "bedding" : "";
     MiddleClick(*plain.viewport());
     MiddleClick(line);
+    EXPECT_EQ(plain.toPlainText(), expected);
+    EXPECT_EQ(line.text(), expected);
+}
+
+TEST_F(PrimarySelection, OfOthersIsPastedByKey) {
+    const SelectionPasteGuard guard(nullptr);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QGuiApplication::clipboard()->setText("bedding", QClipboard::Selection);
+    const QString expected = IsOnX() ? "bedding" : "";
+    PressKey(plain);
+    PressKey(line);
     EXPECT_EQ(plain.toPlainText(), expected);
     EXPECT_EQ(line.text(), expected);
 }
