@@ -41,7 +41,9 @@ struct StandingAnswers {
 };
 
 std::string QuestionAbout(int slot) {
-    return FormOf(slot).Caption()
+    std::string caption = FormOf(slot).Caption();
+    caption.erase(caption.find_last_not_of(' ') + 1); // captions of windows end with blanks
+    return caption
            + ":\nThe data in this plot is new or has been changed and has not been saved.\nSave "
              "it?";
 }

@@ -76,9 +76,11 @@ TEST_F(ClosingPlots, APlotWithoutUnsavedDataIsNotAskedAbout) {
 
 TEST_F(ClosingPlots, TheQuestionNamesTheWindow) {
     const int slot = OpenChanged("a.txt");
-    Expect(FormOf(slot).Caption() + ":\n" + kQuestion, Button::Cancel);
+    FormOf(slot).SetCaption("a.txt: 1   [Planes]     ");
+    Expect("a.txt", Button::Cancel);
     EXPECT_FALSE(ClosePlotWindow(slot));
     ASSERT_EQ(prompts.Shown().size(), 1U);
+    EXPECT_EQ(prompts.Shown()[0].message.text, std::string("a.txt: 1   [Planes]:\n") + kQuestion);
     EXPECT_EQ(prompts.Shown()[0].message.title, "Quandrel, ver 9.5.1");
     EXPECT_EQ(prompts.Shown()[0].message.buttons, Buttons::YesNoCancel);
     EXPECT_TRUE(IsOpenSlot(slot));
