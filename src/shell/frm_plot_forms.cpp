@@ -209,7 +209,7 @@ void frmPlotForms::MakeTabs() {
     tabLayers->addTab("Annotations");
     tabLayers->setTabToolTip(kAnnotationTab, "Select Annotation layer for editing");
     tabLayers->addTab("Data Layer");
-    tabLayers->setTabToolTip(kDataTab, "Select 1st data layer for editing");
+    NameDataTab();
     tabLayers->setCurrentIndex(kDataTab);
     shpAnnUp = new QLabel(QString(QChar(0x25B2)), body_);
     shpAnnUp->setObjectName("shpAnnUp");
@@ -359,9 +359,20 @@ void frmPlotForms::AddLayerTab(const QString& name, const QString& kind) {
     if (kind != "New" && kind != "File" && kind != "Binary") {
         return;
     }
-    tabLayers->setTabText(kDataTab, name.startsWith("File") ? "File" : "Data layer");
-    tabLayers->setTabToolTip(kDataTab, "Select main data set");
+    isNamedFile_ = name.startsWith("File");
+    NameDataTab();
     tabLayers->setCurrentIndex(kDataTab);
+}
+
+void frmPlotForms::NameDataTab() {
+    const bool hasData = IsOpenSlot(Slot()) && RecordOf(Slot()).NumData > 0;
+    const QString ofData = isNamedFile_ ? "File" : "Data layer";
+    const QString caption = hasData ? ofData : "Data Layer";
+    if (tabLayers->tabText(kDataTab) != caption) { // naming a tab lays out all of them
+        tabLayers->setTabText(kDataTab, caption);
+    }
+    tabLayers->setTabToolTip(kDataTab, hasData ? "Select main data set"
+                                               : "Select 1st data layer for editing");
 }
 
 PlotParts frmPlotForms::ShownParts() const {
@@ -387,6 +398,7 @@ void frmPlotForms::FollowRecord() {
         fabric_ = record.FabricText;
         SetBoxText(PlotBox::Fabric, fabric_);
     }
+    NameDataTab();
     LayOut();
 }
 

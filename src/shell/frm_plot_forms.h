@@ -46,7 +46,7 @@ public:
     void Raise() override;
     void Close() override;
 
-    /// Names the tab of the data when data arrive, and selects it.
+    /// Selects the tab of the data when data arrive; a file without a name of its own names it.
     void AddLayerTab(const QString& name, const QString& kind);
 
     /// Shows and hides the parts as the plot's record says, and places them.
@@ -100,6 +100,8 @@ private:
     void MakeTexts();
     void MakeTabs();
     void SetOrder();
+    /// Names the tab of the data by whether there are any.
+    void NameDataTab();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
     void ShowBoxMenu(QWidget& box, const QPoint& at);
@@ -109,7 +111,8 @@ private:
     QWidget* body_ = nullptr;
     std::string description_; ///< as the record had it when it was last shown
     std::string fabric_;
-    QSize legendSize_; ///< what the legend needs, as it was last drawn
+    QSize legendSize_;         ///< what the legend needs, as it was last drawn
+    bool isNamedFile_ = false; ///< the data's tab is called "File"
     bool placing_ = false;
 };
 

@@ -119,6 +119,23 @@ TEST_F(PlotWindow, TheTabOfTheDataIsNamedWhenDataArrive) {
     EXPECT_EQ(form->tabLayers->count(), 2);
 }
 
+TEST_F(PlotWindow, TheTabOfTheDataGoesByTheDataAlone) {
+    Press("mnuFileLoad_3");
+    const frmPlotForms& blank = FormOfSlot(gActivePlot);
+    EXPECT_EQ(blank.tabLayers->tabText(1), "Data Layer");
+    prompts.QueueOpenPath(WriteFile("more.txt", "30\t120\n45\t270\n"));
+    Press("mnuFileLoad_1");
+    ASSERT_EQ(ActiveRecord().NumValidData, 2);
+    EXPECT_EQ(blank.tabLayers->tabText(1), "Data layer") << "rows joined to a blank plot";
+    EXPECT_EQ(blank.tabLayers->tabToolTip(1), "Select main data set");
+    blank.tabLayers->setCurrentIndex(0);
+    blank.tabLayers->setCurrentIndex(1);
+    EXPECT_EQ(blank.tabLayers->tabText(1), "Data layer");
+    Press("mnuFileLoad_3");
+    FormOfSlot(gActivePlot).AddLayerTab("none.txt", "New");
+    EXPECT_EQ(FormOfSlot(gActivePlot).tabLayers->tabText(1), "Data Layer") << "no data came";
+}
+
 TEST_F(PlotWindow, ThePictureFollowsTheSizeOfTheWindow) {
     const int before = form->picStereoArea->Image().width();
     form->resize(form->size() + QSize(200, 150));
