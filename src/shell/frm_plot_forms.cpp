@@ -163,6 +163,7 @@ QPlainTextEdit* frmPlotForms::MakeTextBox(const QString& name, const QString& ti
     box->setAcceptDrops(false);
     box->setTabChangesFocus(true);
     box->installEventFilter(this);
+    box->viewport()->installEventFilter(this); // the mouse asks there for the menu
     return box;
 }
 
@@ -477,6 +478,18 @@ void frmPlotForms::resizeEvent(QResizeEvent* event) {
     }
 }
 
+QWidget* frmPlotForms::BoxOf(const QObject& object) const {
+    for (QPlainTextEdit* text : {txtStatsBox[0], txtStatsBox[1], txtDescBox}) {
+        if (&object == text || &object == text->viewport()) {
+            return text;
+        }
+    }
+    if (&object == txtFabricBox) {
+        return txtFabricBox;
+    }
+    return &object == picLegendBox ? picLegendBox : nullptr;
+}
+
 void frmPlotForms::ShowBoxMenu(QWidget& box, const QPoint& at) {
     QMenu* menu = nullptr;
     if (&box == picLegendBox) {
@@ -525,10 +538,11 @@ bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
     }
     const bool isText = object == txtStatsBox[0] || object == txtStatsBox[1] || object == txtDescBox
                         || object == txtFabricBox;
-    if ((isText || object == picLegendBox) && event->type() == QEvent::ContextMenu) {
-        ShowBoxMenu(static_cast<QWidget&>(*object),
-                    static_cast<QContextMenuEvent*>(event)->globalPos());
-        return true;
+    if (event->type() == QEvent::ContextMenu) {
+        if (QWidget* box = BoxOf(*object)) {
+            ShowBoxMenu(*box, static_cast<QContextMenuEvent*>(event)->globalPos());
+            return true;
+        }
     }
     const bool isKey =
         event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;

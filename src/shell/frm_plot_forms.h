@@ -104,6 +104,8 @@ private:
     void NameDataTab();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
+    /// The box that has a menu of its own and is this object, or shows its text in it; or none.
+    [[nodiscard]] QWidget* BoxOf(const QObject& object) const;
     void ShowBoxMenu(QWidget& box, const QPoint& at);
     [[nodiscard]] bool TakeKeyOfBox(QWidget& box, QKeyEvent& event);
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);

@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -224,33 +223,77 @@ TEST_F(PlotWindow, ASizeGivenByHandHoldsForTheNextWindowWhileTheSettingSaysSo) {
     gPlotWinLast = false;
 }
 
-TEST_F(PlotWindow, TheRightButtonOnTheBoxesHasCopySelectAllAndTheViewItems) {
+/// The menus of the boxes, called as a user does: by the mouse, through the main window.
+class BoxMenus : public PlotWindow {
+protected:
+    void SetUp() override {
+        PlotWindow::SetUp();
+        ActiveRecord().LayerVisible[kStatisticsLayer] = kTrue;
+        ActiveRecord().LayerVisible[kDescriptionLayer] = kTrue;
+        ActiveRecord().LayerVisible[kLegendLayer] = kTrue;
+    }
+
+    /// Presses the right button on a box. The menu, or a null pointer where another one came up.
+    QMenu* MenuOf(QWidget& box) {
+        auto* text = qobject_cast<QPlainTextEdit*>(&box);
+        const QWidget* seen = text != nullptr ? text->viewport() : &box;
+        const QPoint at = seen->mapTo(main.get(), QPoint(5, 5));
+        QTest::mousePress(main->windowHandle(), Qt::RightButton, Qt::NoModifier, at);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu != nullptr && menu->objectName() == "mnuBox" ? menu : nullptr;
+    }
+
+    static void CloseMenus() {
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    static QAction* ItemOf(const QMenu& menu, const QString& caption) {
+        for (QAction* action : menu.actions()) {
+            if (action->text().section('\t', 0, 0).remove('&') == caption) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(BoxMenus, HaveCopySelectAllAndTheViewItems) {
     const QList<QAction*> viewItems = main->findChild<QMenu*>("mnuView")->actions();
     form->SetBoxText(PlotBox::StatsNormal, "Fabric statistics");
+    form->FollowRecord();
     for (QWidget* box : std::initializer_list<QWidget*>{form->picLegendBox, form->txtStatsBox[0],
                                                         form->txtDescBox, form->txtFabricBox}) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
-                                box->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(box, &event);
-        auto* menu = form->findChild<QMenu*>("mnuBox");
-        menu = menu != nullptr ? menu : box->findChild<QMenu*>("mnuBox");
-        ASSERT_NE(menu, nullptr) << box->objectName().toStdString();
-        EXPECT_TRUE(menu->isVisible());
-        EXPECT_EQ(menu->actions().mid(menu->actions().size() - viewItems.size()), viewItems);
-        QStringList own;
-        for (const QAction* action : menu->actions()) {
-            own << action->text().section('\t', 0, 0).remove('&');
+        ASSERT_TRUE(box->isVisible()) << box->objectName().toStdString();
+        const QMenu* menu = MenuOf(*box);
+        EXPECT_NE(menu, nullptr) << box->objectName().toStdString();
+        if (menu != nullptr) {
+            EXPECT_EQ(menu->actions().mid(menu->actions().size() - viewItems.size()), viewItems);
+            EXPECT_NE(ItemOf(*menu, "Copy"), nullptr) << box->objectName().toStdString();
+            EXPECT_EQ(ItemOf(*menu, "Select All") != nullptr, box != form->picLegendBox);
         }
-        EXPECT_TRUE(own.contains("Copy")) << box->objectName().toStdString();
-        EXPECT_EQ(own.contains("Select All"), box != form->picLegendBox);
-        if (box == form->txtStatsBox[0]) {
-            menu->actions()[0]->trigger();
-            EXPECT_EQ(QGuiApplication::clipboard()->text(), "Fabric statistics");
-            menu->actions()[1]->trigger();
-            EXPECT_EQ(form->txtStatsBox[0]->textCursor().selectedText(), "Fabric statistics");
-        }
-        menu->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        CloseMenus();
+    }
+}
+
+TEST_F(BoxMenus, OfTheStatisticsCopyAllWhereNothingIsSelected) {
+    form->SetBoxText(PlotBox::StatsNormal, "Fabric statistics");
+    form->SetBoxText(PlotBox::StatsAdvanced, "Eigenvectors");
+    for (const bool isAdvanced : {false, true}) {
+        ActiveRecord().StatsBoxKind = isAdvanced ? 1 : 0;
+        form->FollowRecord();
+        QPlainTextEdit& box = *form->txtStatsBox.at(isAdvanced ? 1 : 0);
+        ASSERT_TRUE(box.isVisible());
+        const QMenu* menu = MenuOf(box);
+        ASSERT_NE(menu, nullptr) << box.objectName().toStdString();
+        ASSERT_TRUE(ItemOf(*menu, "Copy")->isEnabled());
+        ItemOf(*menu, "Copy")->trigger();
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), box.toPlainText());
+        ItemOf(*menu, "Select All")->trigger();
+        EXPECT_EQ(box.textCursor().selectedText(), box.toPlainText());
+        CloseMenus();
     }
 }
 
