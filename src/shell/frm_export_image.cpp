@@ -2,9 +2,10 @@
 
 #include "shell/frm_export_image.h"
 
+#include "shell/note_label.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -38,8 +39,7 @@ frmExportImage::frmExportImage(QWidget* parent)
     spnSize_->setToolTip("2000 pixels print 17 cm high at 300 dots per inch");
     auto* form = new QFormLayout;
     form->addRow("&Height of a PNG", spnSize_);
-    auto* note = new QLabel("SVG and PDF are drawings without pixels, good at any size.");
-    note->setEnabled(false);
+    auto* note = new NoteLabel("SVG and PDF are drawings without pixels, good at any size.");
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText("Save &as...");
     buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOK");

@@ -7,6 +7,7 @@
 #include "program/start.h"
 #include "program/window_state.h"
 #include "shell/icons.h"
+#include "shell/note_label.h"
 #include "shell/plain_tip.h"
 
 #include <QLabel>
@@ -33,14 +34,18 @@ constexpr std::array<Start, 3> kStarts = {{
 constexpr int kMargin = 28;
 constexpr int kLongestName = 48;
 
-QLabel* MakeLine(const QString& text, double scale) {
-    auto* line = new QLabel(text);
+/// Centres a line and gives it a size by that of other texts.
+QLabel* SetLine(QLabel* line, double scale) {
     line->setTextFormat(Qt::PlainText);
     line->setAlignment(Qt::AlignHCenter);
     QFont font = line->font();
     font.setPointSizeF(font.pointSizeF() * scale);
     line->setFont(font);
     return line;
+}
+
+QLabel* MakeLine(const QString& text, double scale) {
+    return SetLine(new QLabel(text), scale);
 }
 
 /// A file's name as a caption: "&" doubled, a long name cut in its middle.
@@ -84,9 +89,7 @@ frmIntro::frmIntro(QWidget* parent)
     }
     layout->addSpacing(10);
     layout->addLayout(recent_);
-    auto* hint = MakeLine("Files can be dropped here, too.", 0.9);
-    hint->setEnabled(false);
-    layout->addWidget(hint);
+    layout->addWidget(SetLine(new NoteLabel("Files can be dropped here, too."), 0.9));
     Refresh();
 }
 

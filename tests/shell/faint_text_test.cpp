@@ -1,11 +1,32 @@
 // SPDX-License-Identifier: MIT
 
+#include "platform/no_printers.h"
 #include "shell/faint_text.h"
+#include "shell/frm_about.h"
+#include "shell/frm_data_classification.h"
+#include "shell/frm_data_display.h"
+#include "shell/frm_directory_dialog.h"
+#include "shell/frm_export_image.h"
+#include "shell/frm_file_format.h"
+#include "shell/frm_intro.h"
+#include "shell/frm_layer_control.h"
+#include "shell/frm_mi_table_dialog.h"
+#include "shell/frm_preferences.h"
+#include "shell/frm_print_dialog.h"
+#include "shell/frm_rose_diag.h"
+#include "shell/frm_rotation_menu.h"
+#include "shell/frm_save_plots_dialog.h"
+#include "shell/frm_small_circle.h"
+#include "shell/frm_symbol_select.h"
+#include "shell/frm_text_window.h"
+#include "shell/note_label.h"
 #include "stereo/colour_names.h"
 #include "support/main_window_test.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+
+#include <algorithm>
 
 namespace quandrel {
 namespace {
@@ -28,6 +49,7 @@ QPalette ThemeOf(const QColor& text, const QColor& base, const QColor& window) {
     for (const QPalette::ColorRole role :
          {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
         palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, QColor(0xa8, 0xa8, 0xa8));
     }
     palette.setColor(QPalette::Base, base);
     palette.setColor(QPalette::Window, window);
@@ -88,6 +110,108 @@ TEST_F(FaintTexts, OfThePlotWindowAreReadableOnItsPaper) {
                              box->palette().color(QPalette::Base)),
                   kLegible);
     }
+}
+
+/// Texts of windows that say something without being the caption of a control.
+class FaintNotes : public FaintTexts {
+protected:
+    void SetUp() override {
+        FaintTexts::SetUp();
+        gPlatform.printers = &printers_;
+    }
+
+    void TearDown() override {
+        gPlatform.printers = nullptr;
+        FaintTexts::TearDown();
+    }
+
+    /// The caption of a control that cannot be used now is grey as the control is.
+    static bool IsCaption(const QLabel& label) {
+        if (label.buddy() != nullptr) {
+            return true;
+        }
+        const auto siblings =
+            label.parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        return std::any_of(siblings.begin(), siblings.end(), [](const QWidget* sibling) {
+            return !sibling->isEnabled() && sibling->focusPolicy() != Qt::NoFocus;
+        });
+    }
+
+    static bool IsGreyNote(const QLabel& label) {
+        return !label.text().isEmpty() && !label.isEnabled() && !IsCaption(label);
+    }
+
+    static bool IsNote(const QLabel& label) {
+        return IsGreyNote(label) || dynamic_cast<const NoteLabel*>(&label) != nullptr;
+    }
+
+    /// Gives the number of notes that were seen.
+    static int Check(QWidget& window) {
+        window.show();
+        QCoreApplication::processEvents();
+        int notes = 0;
+        for (const auto* label : window.findChildren<QLabel*>()) {
+            if (IsNote(*label)) {
+                const QPalette colours = label->palette();
+                EXPECT_GE(ContrastOn(colours.color(QPalette::WindowText),
+                                     colours.color(QPalette::Window)),
+                          kLegible)
+                    << window.objectName().toStdString() << ": " << label->text().toStdString();
+                ++notes;
+            }
+        }
+        return notes;
+    }
+
+    /// The windows that need no plot of a kind of its own.
+    static void CheckWindows() {
+        FormatQuestion question;
+        question.command = "New";
+        StyleQuestion styles;
+        styles.title = "Rows";
+        styles.up = SymbolRow{5, 3, 2};
+        frmAbout about(nullptr);
+        frmDataClassification classification(nullptr);
+        frmDataDisplay raw(DataDisplayMode::Raw, nullptr);
+        frmDataDisplay processed(DataDisplayMode::Processed, nullptr);
+        frmDirectoryDialog start({}, nullptr);
+        frmExportImage picture(nullptr);
+        frmFileFormat format(question, nullptr);
+        frmLayerControl layers({{"Roads", true, true}}, nullptr);
+        frmMITableDialog tables({"Roads"}, "Roads", nullptr);
+        frmPreferences preferences(nullptr, 0);
+        frmPrintDialog print(nullptr);
+        frmRotationMenu rotation(nullptr);
+        frmSavePlotsDialog save("Quandrel", "Save it?", nullptr);
+        frmSmallCircle circles(nullptr);
+        frmSymbolSelect symbols(styles, nullptr);
+        frmTextWindow text("Lines", "text", nullptr);
+        for (QWidget* window : std::initializer_list<QWidget*>{
+                 &about, &classification, &raw, &processed, &start, &picture, &format, &layers,
+                 &tables, &preferences, &print, &rotation, &save, &circles, &symbols, &text}) {
+            EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
+        }
+    }
+
+private:
+    NoPrinters printers_;
+};
+
+TEST_F(FaintNotes, OfTheStartAreReadableInEachTheme) {
+    auto* intro = main->findChild<frmIntro*>();
+    ASSERT_NE(intro, nullptr);
+    for (const QPalette& theme : Themes()) {
+        QApplication::setPalette(theme);
+        EXPECT_EQ(Check(*intro), 1);
+    }
+}
+
+TEST_F(FaintNotes, OfTheDialogsAreReadable) {
+    OpenFile("a.txt");
+    CheckWindows();
+    Press("mnuPlotType_2");
+    frmRoseDiag rose(nullptr);
+    EXPECT_EQ(Check(rose), 0);
 }
 
 } // namespace
