@@ -71,6 +71,7 @@ public:
 
     void FlushPoints() {
         if (!points_.empty()) {
+            surface_.SetState({}); // the pen's width is that of lines
             surface_.Markers(pen_.glyph, pen_.colour, points_);
         }
         points_.clear();

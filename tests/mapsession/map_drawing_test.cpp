@@ -86,6 +86,16 @@ TEST(DrawMapWindow, DrawsTheTopmostLayerLast) {
     EXPECT_NE(markers[0].colour, markers[1].colour);
 }
 
+TEST(DrawMapWindow, SelectedPointsKeepTheFinePenOfSymbols) {
+    SampleSession sample;
+    const std::int64_t map = sample.OpenMapOfDips();
+    (void)sample.session->Do("Select * From dips Where RowID = 1 or RowID = 100");
+    const auto markers = OfKind(Drawn(sample.session->State(), map), Kind::Markers);
+    ASSERT_EQ(markers.size(), 2U);
+    EXPECT_EQ(markers[1].points.size(), 2U);
+    EXPECT_EQ(markers[1].state.drawWidth, 1) << "selected lines alone are broad";
+}
+
 TEST(DrawMapWindow, CutsLinesAtTheWindow) {
     // Crosses the window at half height, goes far out, and comes back in at a quarter.
     const std::vector<MapPoint> line = {{-1e7, 50}, {1e7, 50}, {1e7, 25}, {-1e7, 25}};

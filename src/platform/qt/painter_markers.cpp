@@ -76,10 +76,14 @@ void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF 
     }
 }
 
+double PainterSurface::GlyphPenWidth() const {
+    return std::max(state_.drawWidth, 1.0) * pixelFactor_;
+}
+
 void PainterSurface::DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour,
                                QPointF centre) const {
     QPen pen(ToQt(colour));
-    pen.setWidthF(pixelFactor_);
+    pen.setWidthF(GlyphPenWidth());
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     for (const GlyphPart& part : glyph.parts) {
@@ -110,7 +114,8 @@ double PainterSurface::GlyphReach(const Glyph& glyph) const {
 }
 
 Sprite PainterSurface::MakeSprite(const Glyph& glyph, Colour colour, int phaseX, int phaseY) const {
-    const int margin = static_cast<int>(std::ceil(GlyphReach(glyph) + pixelFactor_)) + 2;
+    // A mitred corner reaches out by up to two widths of the pen.
+    const int margin = static_cast<int>(std::ceil(GlyphReach(glyph) + 2 * GlyphPenWidth())) + 2;
     QImage picture(2 * margin, 2 * margin, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -127,7 +132,7 @@ void PainterSurface::Stamp(const PlainTarget& target, const Glyph& glyph, Colour
     if (sprites_.size() > kMostGlyphs) {
         sprites_.clear();
     }
-    Phases& phases = sprites_[{glyph.name, ColourValue(colour)}];
+    Phases& phases = sprites_[{glyph.name, ColourValue(colour), GlyphPenWidth()}];
     phases.resize(static_cast<std::size_t>(kPhases * kPhases));
     std::vector<StepPlace> steps;
     steps.reserve(positions.size());

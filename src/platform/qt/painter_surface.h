@@ -15,7 +15,7 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace quandrel {
@@ -77,6 +77,9 @@ private:
     void MakeFont();
     void DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour, QPointF centre) const;
     void DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const;
+
+    /// The pen of glyphs follows the state's width, but is no finer than a logical pixel.
+    [[nodiscard]] double GlyphPenWidth() const;
     [[nodiscard]] double GlyphReach(const Glyph& glyph) const;
     [[nodiscard]] Sprite MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
                                     int phaseY) const;
@@ -84,8 +87,8 @@ private:
                std::span<const Point> positions);
     void DrawEach(const Glyph& glyph, Colour colour, std::span<const Point> positions);
 
-    /// What was made of a glyph in a colour: a sprite for each phase of a place within its pixel,
-    /// empty until it is wanted.
+    /// What was made of a glyph in a colour, by a pen of a width: a sprite for each phase of a
+    /// place within its pixel, empty until it is wanted.
     using Phases = std::vector<std::optional<Sprite>>;
 
     QPainter& painter_;
@@ -97,7 +100,7 @@ private:
     double unitsToDeviceY_ = 1;
     DrawState state_;
     QFont font_;
-    std::map<std::pair<std::string, std::uint32_t>, Phases> sprites_;
+    std::map<std::tuple<std::string, std::uint32_t, double>, Phases> sprites_;
 };
 
 } // namespace quandrel

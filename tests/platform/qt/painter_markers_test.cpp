@@ -9,7 +9,9 @@
 #include <QSvgGenerator>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace quandrel {
@@ -150,6 +152,71 @@ TEST(Markers, OfOneGlyphInTwoColoursAndScalesAreToldApart) {
     EXPECT_EQ(image.pixel(160, 110), qRgb(0, 0, 255));
     EXPECT_EQ(image.pixel(110 + 7, 160), qRgb(255, 0, 0)) << "a half-size of eight pixels";
     EXPECT_EQ(image.pixel(60 + 7, 110), kWhitePixel) << "a half-size of four pixels";
+}
+
+/// A ring of 40 logical pixels across, twice in one place with pens of two widths.
+QImage DrawRingWithHalo(int density, QRgb ground, Medium medium = Medium::Raster) {
+    QImage image = WhiteImage(kSide * density, kSide * density);
+    image.fill(ground);
+    QPainter painter(&image);
+    PainterSurface surface(painter, QRectF(image.rect()), density, medium);
+    surface.SetUserScale(kPlotScale);
+    const Glyph ring{"ring", {{GlyphPart::Kind::Circle, GlyphPart::Ink::Outline, {{0, 0}}, 200}}};
+    const Point centre{0, 0};
+    DrawState state;
+    for (const auto& [width, colour] : {std::pair(5.0, Colour{220, 160, 80}), {2.0, {0, 0, 255}}}) {
+        state.drawWidth = width;
+        surface.SetState(state);
+        surface.Markers(ring, colour, std::span(&centre, 1));
+    }
+    painter.end();
+    return image;
+}
+
+/// Pixels of about a colour, as curved edges are soft, from the centre of a picture to its right
+/// border.
+int CountOutward(const QImage& image, QColor colour) {
+    constexpr int kSoftness = 16;
+    int count = 0;
+    for (int x = image.width() / 2; x < image.width(); ++x) {
+        const QColor pixel = image.pixelColor(x, image.height() / 2);
+        const bool isNear = std::abs(pixel.red() - colour.red()) <= kSoftness
+                            && std::abs(pixel.green() - colour.green()) <= kSoftness
+                            && std::abs(pixel.blue() - colour.blue()) <= kSoftness;
+        count += isNear ? 1 : 0;
+    }
+    return count;
+}
+
+TEST(Markers, AreDrawnByPensOfTheStatesWidth) {
+    for (const Medium medium : {Medium::Raster, Medium::Vector}) {
+        for (const int density : {1, 2, 3}) {
+            for (const QRgb ground : {kWhitePixel, qRgb(0, 0, 0)}) {
+                const QImage image = DrawRingWithHalo(density, ground, medium);
+                // The halo shows by a pixel and a half on both sides; at a density of 1 and 3 the
+                // halves are mixed with the ground.
+                EXPECT_EQ(CountOutward(image, QColor(0, 0, 255)), 2 * density) << density;
+                EXPECT_EQ(CountOutward(image, {220, 160, 80}), 2 * (3 * density / 2)) << density;
+            }
+        }
+    }
+}
+
+TEST(Markers, AreNeverDrawnByFinerPensThanAPixel) {
+    const auto draw = [](double width) {
+        QImage image = WhiteImage(kSide, kSide);
+        QPainter painter(&image);
+        PainterSurface surface(painter, QRectF(0, 0, kSide, kSide), 1, Medium::Raster);
+        surface.SetUserScale(kPlotScale);
+        DrawState state;
+        state.drawWidth = width;
+        surface.SetState(state);
+        surface.Markers(GlyphOfSymbol(5, 10, 0), kBlack, QuarterPlaces());
+        painter.end();
+        return image;
+    };
+    EXPECT_EQ(LargestDifference(draw(0.25), draw(1)), 0);
+    EXPECT_GT(LargestDifference(draw(1), draw(1.5)), 50);
 }
 
 TEST(Markers, ThatReachFurtherThanASpriteAreDrawnWhole) {
