@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "edit/linked_rows.h"
 #include "edit/selected_intersections.h"
 #include "orientation/projection.h"
 #include "stereo/row_positions.h"
@@ -312,8 +313,15 @@ std::string SelectionText() {
         return std::to_string(lines)
                + (lines == 1 ? " intersection selected" : " intersections selected");
     }
-    return rows == 0 ? std::string()
-                     : std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
+    if (rows == 0) {
+        return {};
+    }
+    const std::string text =
+        std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
+    // A frame takes great circles by what is not seen of them.
+    const bool isByPoles =
+        MarqueeStands() && LitPlaces(gMarqueeSlot).empty() && !LitArcs(gMarqueeSlot).empty();
+    return isByPoles ? text + (rows == 1 ? " by its pole" : " by their poles") : text;
 }
 
 void UseLayer(std::int16_t layer) {

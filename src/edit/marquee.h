@@ -161,8 +161,9 @@ void SelectInMarquee(SelectionWay way, const KeptSelection& former);
 /// The annotations of a plot within the marquee that stands. Ascending.
 [[nodiscard]] std::vector<std::size_t> MarksInMarquee();
 
-/// How many rows are selected, for the status line: "3 rows selected"; empty for none. Of a plot
-/// of beta intersections, how many of these.
+/// How many rows are selected, for the status line: "3 rows selected"; empty for none. A marquee
+/// about rows that are all drawn as great circles has selected them "by their poles". Of a plot of
+/// beta intersections, how many of these.
 [[nodiscard]] std::string SelectionText();
 
 /// Lets edits of gActivePlot be about a layer. A marquee that stands on the plot holds what that

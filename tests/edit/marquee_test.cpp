@@ -238,6 +238,29 @@ TEST_F(MarqueeTest, TheMarqueeHoldsWhatTheLayerHasInIt) {
     EXPECT_EQ(gSelectionRows, Rows{1});
 }
 
+TEST_F(MarqueeTest, TheCountSaysWhenRowsAreTakenByPolesThatAreNotSeen) {
+    AddRow(45, 90);
+    AddRow(45, 270);
+    SelectAll();
+    EXPECT_EQ(SelectionText(), "2 rows selected");
+    ActiveRecord().PlotSymbolMode = kGreatCircles;
+    EXPECT_EQ(SelectionText(), "2 rows selected by their poles");
+    StandMarquee(gActivePlot, {400, 200}, {700, -200});
+    SelectRowsInMarquee();
+    EXPECT_EQ(SelectionText(), "1 row selected by its pole");
+    SelectRows(gActivePlot, {1, 2});
+    EXPECT_EQ(SelectionText(), "2 rows selected") << "rows that were picked in a table";
+    // An overlay of points among the great circles.
+    ActiveRecord().NumData = 1;
+    ActiveRecord().OverlayRows[0] = 1;
+    ActiveRecord().OverlayRows[1] = 1;
+    ActiveRecord().OverlayKind[1] = kOverlayLines;
+    SelectAll();
+    EXPECT_EQ(SelectionText(), "2 rows selected");
+    ActiveRecord().OverlayKind[1] = kOverlayGreatCircles;
+    EXPECT_EQ(SelectionText(), "2 rows selected by their poles");
+}
+
 TEST_F(MarqueeTest, EachPlaceIsGivenOnce) {
     AddRow(0, 90);
     AddRow(0, 90);

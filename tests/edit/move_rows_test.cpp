@@ -265,5 +265,20 @@ TEST_F(MoveRows, TheMarqueeFollowsRowsThatAreNudged) {
     EXPECT_NEAR(RectangleOfMarquee().right, TableOf(gActivePlot)[1].x + 10, 1e-6);
 }
 
+TEST_F(MoveRows, AStepMakesOneFrameAboutTheRowsOfSeveral) {
+    AddRow(45, 90);
+    AddRow(45, 270);
+    StandMarquee(gActivePlot, {-700, 200}, {-400, -200});
+    SelectRowsInMarquee();
+    const KeptSelection former = KeepSelection();
+    StandMarquee(gActivePlot, {400, 200}, {700, -200});
+    SelectInMarquee(SelectionWay::Add, former);
+    ASSERT_FALSE(IsInMarquee({-541, 0})) << "the last frame alone stands";
+    ASSERT_EQ(NudgeSelection(0, 1), 2);
+    for (const Point& place : PlacesOfRows(gActivePlot, gSelectionRows)) {
+        EXPECT_TRUE(IsInMarquee(place)) << place.x;
+    }
+}
+
 } // namespace
 } // namespace quandrel
