@@ -25,6 +25,7 @@
 #include "shell/plot_dialogs.h"
 #include "shell/tool_strip.h"
 #include "stereo/plot_driver.h"
+#include "stereo/plot_status.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -94,6 +95,10 @@ void GeolPlotMain::UpdatePlotState() {
     UpdateUndo();
     UpdatePlotMenus();
     status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
+    if (hasPlots && gMarqueeSlot == gActivePlot
+        && panInfoLine->text().toStdString() == StatusOfPlot(ActiveRecord())) {
+        ShowSelectionCount(); // a redraw has told of the plot, whose rows are still lit
+    }
     menus_->RefreshRecent();
     RefreshWindowMenu();
     GirdleBoxDisplay();

@@ -15,6 +15,7 @@
 #include "stereo/legend.h"
 #include "stereo/net.h"
 #include "stereo/plot_stages.h"
+#include "stereo/plot_status.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
@@ -183,13 +184,6 @@ private:
     int former_;
 };
 
-std::string StatusOfPlot(const PlotRecord& record) {
-    if (record.NumValidData == 0) {
-        return gHintText;
-    }
-    return std::to_string(record.NumValidData) + " data in " + record.PlotTitle;
-}
-
 constexpr std::int16_t kFirstClassedRose = 10; ///< RoseType; below it are the kinds without classes
 
 /// What all petals of a rose without classes make up: observations, or the sum of its values.
@@ -201,6 +195,13 @@ double TotalOfRose(const PlotRecord& record) {
 }
 
 } // namespace
+
+std::string StatusOfPlot(const PlotRecord& record) {
+    if (record.NumValidData == 0) {
+        return gHintText;
+    }
+    return std::to_string(record.NumValidData) + " data in " + record.PlotTitle;
+}
 
 void ReplotActivePlot(bool recalculate) {
     if (!IsOpenSlot(gActivePlot)) {

@@ -58,6 +58,30 @@ TEST_F(PlotEditing, TheStatusLineCountsTheSelectedRows) {
     EXPECT_EQ(Info(), "another text");
 }
 
+TEST_F(PlotEditing, TheStatusLineCountsTheSelectedRowsAfterRedrawsToo) {
+    OpenLines("lines.txt", "30\t90\n30\t270\n30\t0\n");
+    Net().setFocus();
+    QTest::keyClick(&Net(), Qt::Key_A, Qt::ControlModifier);
+    ASSERT_EQ(Info(), "3 rows selected");
+    QTest::keyClick(&Net(), Qt::Key_Right);
+    ASSERT_EQ(gDataAz(gActivePlot, 1), 91);
+    EXPECT_EQ(Info(), "3 rows selected") << "after a step";
+    QTest::keyClick(&Net(), Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(gDataAz(gActivePlot, 1), 90);
+    EXPECT_EQ(Info(), "3 rows selected") << "after undo";
+    QTest::keyClick(&Net(), Qt::Key_Delete);
+    EXPECT_NE(Info(), "3 rows selected");
+    QTest::keyClick(&Net(), Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(gSelectionRows.size(), 3U);
+    EXPECT_EQ(Info(), "3 rows selected") << "after rows have come back";
+    Press("mnuPlotSymbols_0");
+    EXPECT_EQ(Info(), "3 rows selected by their poles");
+    QTest::keyClick(&Net(), Qt::Key_Escape);
+    EXPECT_EQ(Info(), "");
+    Press("mnuPlotSymbols_1");
+    EXPECT_TRUE(Info().startsWith("3 data in")) << Info().toStdString();
+}
+
 TEST_F(PlotEditing, GirdlesOverlaysAndAnnotationsComeBackFromTheMenu) {
     OpenFile("a.txt");
     prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
