@@ -5,8 +5,10 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
+#include "rose/rose_choices.h"
 #include "stereo/axis_rows.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -111,6 +113,25 @@ std::string NoValue(const std::string& value, const std::string& name, const std
     return "'" + value + "' is no value of " + name + (wanted.empty() ? "" : ": " + wanted);
 }
 
+/// Why a number is no RoseType of the plot: the kind and the classes that it says need a column
+/// that the rows lack.
+std::string RefusalOfRoseType(std::optional<double> number, const std::string& value) {
+    const int type = number ? static_cast<int>(std::clamp(*number, -1.0, 100.0)) : -1;
+    RoseSettings settings;
+    settings.kind = RoseKindOf(type);
+    settings.classes = RoseClassOf(type);
+    if (number != type || type < 0 || settings.classes > kRoseByType
+        || settings.kind > kRoseValueOverMean) {
+        return NoValue(value, "RoseType", "a kind from 0 to 8, and 10 or 20 more with classes");
+    }
+    const RoseChoices choices = ChoicesOfRose(RoseSettings(), ActiveRecord());
+    std::string_view reason = choices.kinds[static_cast<std::size_t>(settings.kind)];
+    if (reason.empty()) {
+        reason = choices.classes[static_cast<std::size_t>(settings.classes)];
+    }
+    return reason.empty() ? std::string() : NoValue(value, "RoseType", std::string(reason));
+}
+
 } // namespace
 
 std::string RefusalOfField(const std::string& field, const std::string& value) {
@@ -127,6 +148,9 @@ std::string RefusalOfField(const std::string& field, const std::string& value) {
     }
     if (name == "RoseScaleType" && !IsScale(value)) {
         return NoValue(value, name, "tickauto, circauto, or a number behind tick or circ");
+    }
+    if (name == "RoseType") {
+        return RefusalOfRoseType(number, value);
     }
     const auto range = FieldRanges().find(name);
     if (range != FieldRanges().end()

@@ -52,9 +52,14 @@ constexpr const char* kWithValues =
 TEST_F(FieldRules, WhatIsSetOutlivesTheNextDrawing) {
     const std::vector<std::string> cells = CellsOfAllFields();
     ASSERT_GT(cells.size(), 150U);
-    for (const std::string setup : {"", "symbols 6; ", "classify mode=1; ", "rose sector=20; ",
-                                    "girdle 1 45/120; smallcircle 1 40 120 20; cone on; "}) {
-        const std::string setUp = kWithValues + setup;
+    const std::vector<std::string> setUps = {
+        std::string(kWithValues),
+        std::string(kWithValues) + "symbols 6; ",
+        std::string(kWithValues) + "classify mode=1; ",
+        std::string(kWithValues) + "rose sector=20; ",
+        std::string(kWithValues) + "girdle 1 45/120; smallcircle 1 40 120 20; cone on; ",
+        "format conventions=1; open \"FOLDER/planes.txt\"; rose sector=20; "};
+    for (const std::string& setUp : setUps) {
         ASSERT_EQ(Run(setUp), "");
         for (const std::string& cell : cells) {
             for (const std::string value : {"1", "-1", "word"}) {
@@ -65,7 +70,7 @@ TEST_F(FieldRules, WhatIsSetOutlivesTheNextDrawing) {
                 }
                 const std::string before = out.str();
                 ASSERT_EQ(Run(setUp + set + "; replot; " + get), "");
-                EXPECT_EQ(out.str(), before) << setup << set;
+                EXPECT_EQ(out.str(), before) << setUp << set;
             }
         }
     }
@@ -86,6 +91,28 @@ TEST_F(FieldRules, ResultsAndAccountsAreRefusedByName) {
     for (const auto& [words, refusal] : lines) {
         EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set " + words), "line 1: set: " + refusal);
     }
+}
+
+TEST_F(FieldRules, KindsOfRoseWithoutTheirColumnAreRefused) {
+    const std::string rose = "format conventions=1; open \"FOLDER/planes.txt\"; rose sector=20; ";
+    for (const std::string type : {"1", "2", "3", "7", "8", "10", "14"}) {
+        EXPECT_NE(Run(rose + "set RoseType " + type), "") << type;
+    }
+    EXPECT_EQ(Run(rose + "set RoseType 3"),
+              "line 1: set: '3' is no value of RoseType: The plot has "
+              "no appended numbers");
+    EXPECT_EQ(Run(rose + "set RoseType 20"), "line 1: set: '20' is no value of RoseType: The plot "
+                                             "has no appended texts");
+    for (const std::string type : {"-1", "9", "19", "30", "1.5", "wide"}) {
+        EXPECT_EQ(Run(kWithValues + ("set RoseType " + type)),
+                  "line 1: set: '" + type
+                      + "' is no value of RoseType: a kind from 0 to 8, and 10 "
+                        "or 20 more with classes");
+    }
+    for (const std::string type : {"0", "1", "2", "3", "11"}) {
+        EXPECT_EQ(Run(kWithValues + ("rose sector=20; set RoseType " + type)), "") << type;
+    }
+    EXPECT_EQ(Run(rose + "set RoseType 0"), "");
 }
 
 TEST_F(FieldRules, ValuesOfTheWrongKindAreRefused) {
