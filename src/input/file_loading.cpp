@@ -77,6 +77,7 @@ public:
             return false;
         }
         furtherFiles_ = *further;
+        missingFiles_ = MissingFilesOf(path_, items_.extraFiles);
         saysAll_ = ownFilesWithoutDialog > 0 && text->starts_with(kOwnFileMark);
         const OwnWordOnUpwardLines own(items_);
         ApplyParameterItems();
@@ -323,6 +324,9 @@ private:
             ReportLoadFailure(gLastLoad, error.what());
         }
         gBusy = false;
+        if (reportBadLines) {
+            gLastLoad.missingFiles = missingFiles_; // named once, with the file that names them
+        }
         if (end == PassEnd::Done) {
             ReportLoadSummary(gLastLoad);
         }
@@ -390,6 +394,7 @@ private:
 
     /// The counts of all files of a load together.
     static void AddCounters(const LoadCounters& first, LoadCounters& sum) {
+        sum.missingFiles = first.missingFiles;
         sum.rowsRead += first.rowsRead;
         sum.rowsValid += first.rowsValid;
         sum.blankLines += first.blankLines;
@@ -409,6 +414,7 @@ private:
     PlotRecord& record_;
     ParameterItems items_;
     std::vector<std::string> furtherFiles_;
+    std::vector<std::string> missingFiles_;
     FormatAnswer answer_;
     bool asked_ = false;
     bool saysAll_ = false; ///< the format is not asked for

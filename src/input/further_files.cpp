@@ -17,6 +17,11 @@ namespace {
 
 OutsideFiles outsideFiles = OutsideFiles::Ask;
 
+bool IsFile(const fs::path& path) {
+    std::error_code unreadable;
+    return fs::is_regular_file(path, unreadable);
+}
+
 /// A folder as it is written may be a link, or have ".." behind one.
 fs::path WhereItLeads(const fs::path& path) {
     std::error_code failed;
@@ -73,8 +78,7 @@ std::optional<std::vector<std::string>> FurtherFilesOf(const std::string& dataFi
     std::vector<std::string> outside;
     for (const std::string& name : names) {
         const fs::path file = folder / name;
-        std::error_code unreadable;
-        if (!fs::is_regular_file(file, unreadable)) {
+        if (!IsFile(file)) {
             continue;
         }
         files.push_back(ShortPath(file).string());
@@ -96,6 +100,18 @@ std::optional<std::vector<std::string>> FurtherFilesOf(const std::string& dataFi
         });
     }
     return files;
+}
+
+std::vector<std::string> MissingFilesOf(const std::string& dataFile,
+                                        std::span<const std::string> names) {
+    const fs::path folder = fs::path(dataFile).parent_path();
+    std::vector<std::string> missing;
+    for (const std::string& name : names) {
+        if (!IsFile(folder / name) && std::ranges::find(missing, name) == missing.end()) {
+            missing.push_back(name);
+        }
+    }
+    return missing;
 }
 
 } // namespace quandrel

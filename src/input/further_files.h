@@ -34,4 +34,8 @@ void SetOutsideFiles(OutsideFiles outside);
 [[nodiscard]] std::optional<std::vector<std::string>>
 FurtherFilesOf(const std::string& dataFile, std::span<const std::string> names);
 
+/// Those of the names that are no files, each once, as they are written.
+[[nodiscard]] std::vector<std::string> MissingFilesOf(const std::string& dataFile,
+                                                      std::span<const std::string> names);
+
 } // namespace quandrel

@@ -151,6 +151,15 @@ std::string NothingReadText(const LoadCounters& counters) {
            + "data as " + (gPlotDataKind == kPlanes ? "Planes." : "Lines.");
 }
 
+std::string MissingFilesText(const std::vector<std::string>& missing) {
+    std::string text = missing.size() == 1 ? "This further file was not found: "
+                                           : "These further files were not found: ";
+    for (const std::string& name : missing) {
+        text += (&name == &missing.front() ? "" : ", ") + Shown(name);
+    }
+    return text + "\n";
+}
+
 std::string StoppedText(const LoadCounters& counters) {
     const std::string lead = "\nReading ended at line " + std::to_string(counters.stoppedAtLine)
                              + ", after " + std::to_string(kMostBadLines);
@@ -257,6 +266,9 @@ std::string LoadSummaryText(const LoadCounters& counters) {
         if (const std::int32_t foreign = counters.blankLines - counters.headLines; foreign > 0) {
             text += std::to_string(foreign)
                     + " non-data (blank, comments, etc.) lines were found in this file.\n";
+        }
+        if (!counters.missingFiles.empty()) {
+            text += MissingFilesText(counters.missingFiles);
         }
         if (counters.upwardLines > 0) {
             text += UpwardLinesText(counters) + "\n";

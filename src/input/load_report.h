@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quandrel {
 
@@ -31,7 +32,8 @@ struct LoadCounters {
     std::int64_t stoppedAtLine = 0; ///< line after which a run of bad lines ended the load, or 0
     std::int32_t invalidInRun = 0;  ///< invalid lines of that run; the others are without data
     bool outOfMemory = false;
-    bool cancelled = false; ///< the user ended the load
+    bool cancelled = false;                ///< the user ended the load
+    std::vector<std::string> missingFiles; ///< further files that were not found
 };
 
 /// The counters of the last load of a text file.

@@ -45,6 +45,31 @@ TEST_F(FurtherFiles, BesideAndBelowAreReadWithoutAQuestion) {
                      Path("data/sub/below.txt"), Path("data/beside.txt")}));
 }
 
+TEST_F(FurtherFiles, ThoseThatAreNotThereAreNamedOnce) {
+    EXPECT_EQ(MissingFilesOf(Path("data/main.txt"), Paths{"missing.txt", "beside.txt",
+                                                          "../gone.txt", "sub", "missing.txt"}),
+              (Paths{"missing.txt", "../gone.txt", "sub"}));
+    EXPECT_EQ(MissingFilesOf(Path("data/main.txt"), Paths{"beside.txt"}), Paths{});
+}
+
+TEST_F(FurtherFiles, ALoadSaysWhichWereNotFoundAndGoesOn) {
+    const std::string path =
+        WriteFile("data/all.txt", "/Xgone.txt\t/Xbeside.txt\n30\t120\n45\t200\n");
+    NewPlot();
+    AcceptFormat();
+    Expect("1 non-data (blank, comments, etc.) lines were found in this file.\n"
+           "This further file was not found: gone.txt");
+    ASSERT_EQ(ReadTextFile(kNewCommand, path), kNewCommand);
+    EXPECT_EQ(ActiveRecord().NumValidData, 3);
+    EXPECT_EQ(gLastLoad.missingFiles, Paths{"gone.txt"});
+
+    const std::string two = WriteFile("data/two.txt", "/Xgone.txt\t/Xlost.txt\n30\t120\n");
+    NewPlot();
+    AcceptFormat();
+    Expect("\nThese further files were not found: gone.txt, lost.txt");
+    ASSERT_EQ(ReadTextFile(kNewCommand, two), kNewCommand);
+}
+
 TEST_F(FurtherFiles, OthersAreAskedAboutOnce) {
     const Paths names = {"../secret.txt", "beside.txt", Path("data2/other.txt")};
     Expect("main.txt names files outside its folder:\n" + Path("secret.txt") + "\n"
