@@ -192,9 +192,12 @@ std::string PrintToFile(const Command& command, std::ostream& log) {
         ReplotActivePlot(false);
     }
     const PrinterInWork work(printer, draft.path);
-    return PrintSelectedPlots(layout.plots) == PrintOutcome::Printed
-               ? std::string()
-               : "'" + draft.path + "' could not be written";
+    if (PrintSelectedPlots(layout.plots) == PrintOutcome::Printed) {
+        return {};
+    }
+    const std::string& reason = printer.Failure();
+    return "'" + draft.path
+           + "' could not be written: " + (reason.empty() ? "the page could not be drawn" : reason);
 }
 
 } // namespace quandrel

@@ -2,6 +2,7 @@
 
 #include "batch/print_command.h"
 #include "batch_fixture.h"
+#include "core/atomic_file.h"
 #include "print/print_run.h"
 #include "support/pdf_shapes.h"
 
@@ -134,8 +135,14 @@ TEST_F(PrintCommandTest, RefusesPathsThatCannotBe) {
     };
     EXPECT_EQ(printTo("size=5"), "a path is missing");
     EXPECT_EQ(printTo("page.png"), "'page.png' does not end in .pdf");
-    EXPECT_EQ(printTo("/nowhere/at/all/page.pdf"),
-              "'/nowhere/at/all/page.pdf' could not be written");
+    const std::string nowhere = (folder / "no folder" / "page.pdf").string();
+    EXPECT_EQ(printTo("\"" + nowhere + "\""),
+              "'" + nowhere + "' could not be written: " + WriteFileAtomically(nowhere, "x"));
+    const std::string link = (folder / "link.pdf").string();
+    std::filesystem::create_symlink(folder / "gone" / "page.pdf", link);
+    const std::string reason = WriteFileAtomically(link, "x");
+    ASSERT_NE(reason, "");
+    EXPECT_EQ(printTo("\"" + link + "\""), "'" + link + "' could not be written: " + reason);
     EXPECT_EQ(gPrinting, 0);
 }
 

@@ -21,8 +21,10 @@ constexpr int kPdfResolution = 1200;
 
 class PdfPage : public PrintedPage {
 public:
-    PdfPage(const std::string& path, const std::string& title, const QPageLayout& layout)
+    PdfPage(const std::string& path, const std::string& title, const QPageLayout& layout,
+            std::string* failure)
         : path_(path)
+        , failure_(failure)
         , writer_(&buffer_) {
         buffer_.open(QIODevice::WriteOnly);
         QPageLayout whole = layout;
@@ -44,13 +46,17 @@ public:
         }
         ForgetTime(buffer_.buffer());
         const QByteArray& bytes = buffer_.data();
-        return WriteFileAtomically(path_, std::string_view(bytes.constData(),
-                                                           static_cast<std::size_t>(bytes.size())))
-            .empty();
+        const std::string error = WriteFileAtomically(
+            path_, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+        if (failure_ != nullptr) {
+            *failure_ = error;
+        }
+        return error.empty();
     }
 
 private:
     std::string path_;
+    std::string* failure_;
     QBuffer buffer_;
     QPdfWriter writer_;
     std::optional<PageSurfaces> surfaces_;
@@ -64,8 +70,8 @@ QPageLayout PdfPaper(QPageSize::PageSizeId size, QPageLayout::Orientation orient
 }
 
 std::unique_ptr<PrintedPage> StartPdfPage(const std::string& path, const std::string& title,
-                                          const QPageLayout& layout) {
-    auto page = std::make_unique<PdfPage>(path, title, layout);
+                                          const QPageLayout& layout, std::string* failure) {
+    auto page = std::make_unique<PdfPage>(path, title, layout, failure);
     if (!page->IsGood()) {
         return nullptr;
     }

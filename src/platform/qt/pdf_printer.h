@@ -22,8 +22,12 @@ inline constexpr const char* kPdfPrinterName = "PDF file";
 
 /// A page that is written to a PDF file when it is sent, whole or not at all. The same drawing
 /// gives the same bytes. Needs a QGuiApplication.
-[[nodiscard]] std::unique_ptr<PrintedPage>
-StartPdfPage(const std::string& path, const std::string& title, const QPageLayout& layout);
+///
+/// @param failure  takes the reason when the file cannot be written; outlives the page
+[[nodiscard]] std::unique_ptr<PrintedPage> StartPdfPage(const std::string& path,
+                                                        const std::string& title,
+                                                        const QPageLayout& layout,
+                                                        std::string* failure = nullptr);
 
 /// Prints every page to a file, on paper that is given once.
 class PdfPrinter : public PrinterPort {
@@ -43,11 +47,17 @@ public:
 
     [[nodiscard]] std::unique_ptr<PrintedPage> StartPage(const std::string& title,
                                                          const std::string& path) override {
-        return StartPdfPage(path, title, layout_);
+        failure_.clear();
+        return StartPdfPage(path, title, layout_, &failure_);
     }
+
+    /// Why the file of the last page could not be written; empty where it could, or where drawing
+    /// it failed before.
+    [[nodiscard]] const std::string& Failure() const { return failure_; }
 
 private:
     QPageLayout layout_;
+    std::string failure_;
 };
 
 } // namespace quandrel
