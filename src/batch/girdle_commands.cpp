@@ -80,11 +80,11 @@ bool IsSwitch(const std::string& word) {
 
 std::string TypeGirdle(int row, const std::string& text) {
     if (!IsUserGirdle(row)) {
-        return "girdle " + std::to_string(row) + " is that of the statistics";
+        return "girdle " + std::to_string(row) + " is that of the statistics: " + GirdleUse();
     }
     const auto plane = ReadGirdleText(text, gPlaneSeparator, LineFormatFromGlobals(false), row);
     if (!plane) {
-        return plane.Error() + "\nExpected: " + ExpectedPlane();
+        return "'" + text + "' cannot be read as a plane: " + GirdleUse();
     }
     UpdateGirdle(row, text);
     ShowGirdle(row, true);
@@ -125,8 +125,9 @@ std::string ApplyGirdleArguments(const std::vector<Argument>& arguments) {
     if (!IsSwitch(text)) {
         return TypeGirdle(*row, text);
     }
-    return ShowGirdle(*row, text == kOn) ? std::string()
-                                         : "there is no girdle " + std::to_string(*row) + " yet";
+    return ShowGirdle(*row, text == kOn)
+               ? std::string()
+               : "there is no girdle " + std::to_string(*row) + " yet: " + GirdleUse();
 }
 
 std::string ApplySmallCircleArguments(const std::vector<Argument>& arguments) {

@@ -73,8 +73,8 @@ constexpr RefusedRow kRefused[] = {
     {"girdle 9 45/120", "that of the statistics"},
     {"girdle 10 on", "no girdle 10 yet"},
     {"girdle 1 on", "no girdle 1 yet"},
-    {"girdle 1 45:120", "Can't recognize the character"},
-    {"girdle 1 95/120", "is not a recognizable orientation"},
+    {"girdle 1 45:120", "'45:120' cannot be read as a plane"},
+    {"girdle 1 95/120", "'95/120' cannot be read as a plane"},
     {"smallcircle", "a number from 1 to 4"},
     {"smallcircle 1 45 120", "a number from 1 to 4"},
     {"smallcircle 5 45 120 30", "'5' is no small circle"},
@@ -108,7 +108,13 @@ TEST_F(GirdleCommands, SayTheOrderThatTheyExpect) {
         gConventions = convention;
         const std::string use = Run("girdle");
         EXPECT_NE(use.find("a plane as " + order), std::string::npos) << use;
-        EXPECT_NE(Run("girdle 1 95x/120").find("Expected: a plane as " + order), std::string::npos);
+        for (const std::string line :
+             {"girdle 1 95x/120", "girdle 2 on", "girdle 9 30/045", "girdle 11 on"}) {
+            const std::string refusal = Run(line);
+            EXPECT_NE(refusal.find("a plane as " + order), std::string::npos) << refusal;
+            EXPECT_EQ(refusal.find("text box"), std::string::npos) << refusal;
+            EXPECT_EQ(refusal.find('\n'), std::string::npos) << refusal;
+        }
         const std::size_t start = use.find("such as ") + 8;
         const std::string example = use.substr(start, use.find(',', start) - start);
         ASSERT_EQ(Run("girdle 3 " + example), "") << example;
@@ -128,6 +134,10 @@ TEST_F(GirdleCommands, SayWhichRowsAreInUse) {
     EXPECT_NE(use.find("; in use: 2 (Girdle 2) 45/120 on, 5 (Girdle 5) 30/40 off"),
               std::string::npos)
         << use;
+    for (const std::string line : {"girdle 1 on", "girdle 1 95/20", "girdle 9 30/40", "girdle 1"}) {
+        EXPECT_NE(Run(line).find("; in use: 2 (Girdle 2) 45/120 on"), std::string::npos)
+            << Run(line);
+    }
 }
 
 TEST_F(GirdleCommands, NeedAStereoPlot) {
