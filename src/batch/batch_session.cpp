@@ -7,6 +7,7 @@
 #include "batch/field_rules.h"
 #include "batch/key_values.h"
 #include "batch/plot_commands.h"
+#include "batch/save_command.h"
 #include "batch/standard_streams.h"
 #include "core/atomic_file.h"
 #include "core/data_format.h"
@@ -17,7 +18,6 @@
 #include "input/file_loading.h"
 #include "input/load_report.h"
 #include "orientation/number_text.h"
-#include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
 #include "platform/no_printers.h"
@@ -148,7 +148,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},
-        {"save", {&BatchSession::Save, one}},
+        {"save", {&BatchSession::Save, {1, {"lines"}}}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},
         {"workspace", {&BatchSession::Workspace, {2, {}}}},
@@ -389,16 +389,8 @@ std::string BatchSession::Overlay(const Command& command) {
 }
 
 std::string BatchSession::Save(const Command& command) {
-    const std::optional<std::string> path = command.Bare(0);
-    if (!path) {
-        return "a path is missing";
-    }
-    if (const std::string error = NeedPlot(); !error.empty()) {
-        return error;
-    }
-    return SavePlotAs(*path, SaveKind::SaveAs) == SaveOutcome::Saved
-               ? std::string()
-               : "'" + *path + "' was not saved";
+    const std::string error = NeedPlot();
+    return error.empty() ? SaveToFile(command) : error;
 }
 
 std::string BatchSession::Set(const Command& command) {
@@ -456,9 +448,10 @@ std::string BatchSession::Workspace(const Command& command) {
         return "'" + command.Words() + "' is none of open PATH, save PATH";
     }
     if (what == "save") {
-        return SaveWorkspaceAs(*path, PlotsSavedAsText::List) == WorkspaceOutcome::Saved
+        std::string reason;
+        return SaveWorkspaceAs(*path, PlotsSavedAsText::List, &reason) == WorkspaceOutcome::Saved
                    ? std::string()
-                   : "'" + *path + "' was not saved";
+                   : "'" + *path + "' was not saved: " + reason;
     }
     formatQuestions_ = 0;
     if (OpenPlotFile(kNewCommand, *path) == kLoadError) {

@@ -110,16 +110,26 @@ Result<std::string> FileToList(int slot, PlotsSavedAsText texts) {
     if (answer == Button::No) {
         return std::string();
     }
-    const PlotInWork work(slot);
-    if (answer != Button::Yes || SaveAsciiPlot(SaveKind::Save) != SaveOutcome::Saved) {
-        return Failure{record.PlotTitle + " was not saved"};
+    const std::string title = NumberedTitle(slot, record.PlotTitle);
+    if (answer != Button::Yes) {
+        return Failure{title + " has unsaved data, and the question about it was cancelled"};
     }
-    return SavedFileOf(record);
+    const PlotInWork work(slot);
+    switch (SaveAsciiPlot(SaveKind::Save)) {
+    case SaveOutcome::Saved:
+        return SavedFileOf(record);
+    case SaveOutcome::Cancelled:
+        return Failure{
+            title
+            + (record.SaveFileName.empty() ? " has no file yet: save it first" : " was not saved")};
+    default:
+        return Failure{title + " could not be saved"};
+    }
 }
 
-/// The files of all plots that are to be listed; nothing when the user thinks better of a save, or
-/// one fails.
-std::optional<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
+/// The files of all plots that are to be listed; a failure when the user thinks better of a save,
+/// or one fails.
+Result<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
     std::vector<std::string> paths;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {
         if (!IsOpenSlot(slot)) {
@@ -127,7 +137,7 @@ std::optional<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
         }
         const Result<std::string> file = FileToList(slot, texts);
         if (!file) {
-            return std::nullopt;
+            return Failure{file.Error()};
         }
         if (!file->empty()) {
             paths.push_back(*file);
@@ -233,18 +243,23 @@ WorkspaceOutcome SaveWorkspace() {
     return path ? SaveWorkspaceAs(*path) : WorkspaceOutcome::Cancelled;
 }
 
-WorkspaceOutcome SaveWorkspaceAs(const std::string& path, PlotsSavedAsText texts) {
-    const std::optional<std::vector<std::string>> paths = PathsToList(texts);
+WorkspaceOutcome SaveWorkspaceAs(const std::string& path, PlotsSavedAsText texts,
+                                 std::string* reason) {
+    std::string unasked;
+    std::string& why = reason != nullptr ? *reason : unasked;
+    const Result<std::vector<std::string>> paths = PathsToList(texts);
     if (!paths) {
+        why = paths.Error();
         return WorkspaceOutcome::Cancelled;
     }
     if (paths->empty()) {
+        why = "it would list no plot";
         Tell("The workspace would list no plot and was not saved\n" + path);
         return WorkspaceOutcome::Failed;
     }
-    const std::string error = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path)));
-    if (!error.empty()) {
-        Tell("The workspace could not be saved\n" + path + "\n" + error);
+    why = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path)));
+    if (!why.empty()) {
+        Tell("The workspace could not be saved\n" + path + "\n" + why);
         return WorkspaceOutcome::Failed;
     }
     Remember(path);

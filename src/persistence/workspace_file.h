@@ -52,8 +52,11 @@ enum class PlotsSavedAsText {
 };
 
 /// As SaveWorkspace, to a path that is known.
+///
+/// @param reason  takes why it was not saved
 WorkspaceOutcome SaveWorkspaceAs(const std::string& path,
-                                 PlotsSavedAsText texts = PlotsSavedAsText::Ask);
+                                 PlotsSavedAsText texts = PlotsSavedAsText::Ask,
+                                 std::string* reason = nullptr);
 
 /// Opens the plots of a workspace. Files that do not exist are passed over. The status line says
 /// how many were opened.

@@ -30,6 +30,10 @@ bool gRoseClassWarned = false;
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kFrequenciesAlone =
+    "\nThese data will only be plotted as Frequency-Azimuth roses.";
+constexpr const char* kSetClasses = "Set them under Classification of sectors in the rose dialog, "
+                                    "or by classify in a script.";
 constexpr const char* kCountingText = "Please wait - calculating rose diagram sectors";
 
 void Stop(const std::string& text) {
@@ -49,17 +53,35 @@ bool IsFaultOfTexts(const PlotRecord& record, int fault) {
     }
 }
 
+/// True for a classified rose whose class table has no class that a row could fall in.
+bool HasNoClassSet(const PlotRecord& record) {
+    const std::optional<ClassColumn> column = RoseClassColumn(record);
+    if (!column) {
+        return false;
+    }
+    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    for (int number = 1; number <= LastClass(rule); ++number) {
+        if (CanHoldValues(rule, number)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 std::string FaultText(const PlotRecord& record, int fault) {
     const bool isOfTexts = IsFaultOfTexts(record, fault);
     const std::string& name = isOfTexts ? record.AppNonNumName : record.AppNumName;
     const bool hasColumn = (isOfTexts ? record.HasAppendedText : record.HasAppendedNumeric) != 0;
+    if (hasColumn && fault != kNoRoseValues && HasNoClassSet(record)) {
+        return "No classes of " + name + " are set.\n" + kSetClasses + kFrequenciesAlone;
+    }
     std::string text = fault == kNoRoseLengths && hasColumn
                            ? "No row of this data set falls in a class of " + name + "."
                            : "No appended " + name + " data were found in this data set.";
     if (RoseClassOf(record.RoseType) != kRoseUnclassified && hasColumn) {
         text += "\n(Try checking your classification range settings)";
     }
-    return text + "\nThese data will only be plotted as Frequency-Azimuth roses.";
+    return text + kFrequenciesAlone;
 }
 
 /// Turns a rose that the data cannot show into one of frequencies.

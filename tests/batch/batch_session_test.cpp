@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "batch_fixture.h"
+#include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "platform/qt/plot_picture.h"
@@ -479,6 +480,58 @@ TEST_F(Batch, AWorkspaceOfAPlotSavedAsTextBringsItBack) {
     EXPECT_EQ(
         Run("format data=lines; workspace open \"FOLDER/w.qwo\"; get FileTitle; get DataKind"), "");
     EXPECT_EQ(out.str(), "beds.txt\n1\n");
+}
+
+TEST_F(Batch, AWorkspaceThatIsNotSavedSaysWhy) {
+    const std::string open = "open \"FOLDER/planes.txt\"; ";
+    const std::string lead = "line 1: workspace: '" + (folder / "u.qwo").string()
+                             + "' was not saved: Plot 1: planes.txt: 1 ";
+    EXPECT_EQ(Run(open + "answer yes; workspace save \"FOLDER/u.qwo\""),
+              lead + "has no file yet: save it first");
+    EXPECT_EQ(Run(open + "answer cancel; workspace save \"FOLDER/u.qwo\""),
+              lead + "has unsaved data, and the question about it was cancelled");
+    EXPECT_EQ(Run("workspace save \"FOLDER/u.qwo\""),
+              "line 1: workspace: '" + (folder / "u.qwo").string()
+                  + "' was not saved: it would list no plot");
+    const std::string nowhere = (folder / "none" / "u.qwo").string();
+    EXPECT_EQ(Run(open + "save \"FOLDER/a.qpx\"; workspace save \"" + nowhere + "\""),
+              "line 1: workspace: '" + nowhere
+                  + "' was not saved: " + WriteFileAtomically(nowhere, "x"));
+}
+
+TEST_F(Batch, ATextKeepsTheLinesWithoutDataWhereItIsAskedTo) {
+    Write("notes.txt", "30\t120\nsheared contact\n45\t270\n");
+    const auto saved = [this](const std::string& words) {
+        EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/saved.txt\"" + words), "");
+        std::ifstream stream(folder / "saved.txt", std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(stream), {}};
+    };
+    EXPECT_EQ(saved("").find("sheared contact"), std::string::npos);
+    EXPECT_NE(saved(" lines=all").find("sheared contact"), std::string::npos);
+    EXPECT_EQ(saved("").find("sheared contact"), std::string::npos) << "for that save alone";
+    EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.txt\" lines=some"),
+              "line 1: save: 'some' is no value of lines: all");
+    EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.qpx\" lines=all"),
+              "line 1: save: lines=all is for text files: a plot file has all lines");
+    EXPECT_FALSE(std::filesystem::exists(folder / "x.txt"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "x.qpx"));
+}
+
+TEST_F(Batch, ARoseByClassesSaysThatNoneAreSet) {
+    Write("rocks.txt", "30\t120\t2\tslate\n45\t270\t3\tmarl\n");
+    const std::string open = "format primary=plane delimiter=tab columns=0,1,2,3,4,5,6,7,2,3 "
+                             "appended=numeric,text numericname=size textname=rock; "
+                             "open \"FOLDER/rocks.txt\"; ";
+    ASSERT_EQ(Run(open + "rose classify=type"), "");
+    EXPECT_NE(log.str().find("No classes of rock are set. Set them under Classification of sectors "
+                             "in the rose dialog, or by classify in a script."),
+              std::string::npos)
+        << log.str();
+    ASSERT_EQ(Run(open
+                  + "classify mode=3 classes=2 names=slate,marl; rose classify=type; "
+                    "get RoseType"),
+              "");
+    EXPECT_EQ(log.str().find("No classes"), std::string::npos) << log.str();
 }
 
 TEST_F(Batch, AWorkspaceNamesTheFilesThatItMisses) {
