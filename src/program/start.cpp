@@ -43,6 +43,16 @@ constexpr int kStartBlank = 2;
 constexpr int kStartMapLink = 3;
 constexpr int kStartWorkspace = 6;
 
+constexpr const char* kEndOfOptions = "--";
+constexpr const char* kUsage =
+    "Usage: quandrel [OPTION]... [FILE]...\n"
+    "Stereonets and rose diagrams for structural geologists.\n"
+    "Each FILE is opened: a data file, a plot file (.qpx) or a workspace (.qwo).\n\n"
+    "  -h, --help     print this and leave\n"
+    "  -v, --version  print the version and leave\n\n"
+    "The options of all Qt programs, such as -style, are understood too.\n"
+    "For scripts there is quandrel-batch.\n";
+
 bool OpenRecentFile(std::size_t number) {
     if (number < 1 || number > gRecentFiles.size()) {
         return false;
@@ -110,13 +120,42 @@ std::string GetCommandLineFile(const std::vector<std::string>& arguments) {
     return std::filesystem::is_regular_file(path, unreadable) ? path : std::string();
 }
 
+std::optional<AnswerOnTerminal> AnswerToOptions(const std::vector<std::string>& arguments) {
+    if (!GetCommandLineFile(arguments).empty()) {
+        return std::nullopt;
+    }
+    for (const std::string& argument : arguments) {
+        std::error_code unreadable;
+        if (argument == kEndOfOptions) {
+            break;
+        }
+        if (argument == "--help" || argument == "-h") {
+            return AnswerOnTerminal{kUsage};
+        }
+        if (argument == "--version" || argument == "-v") {
+            return AnswerOnTerminal{std::string(gCaption) + "\n"};
+        }
+        if (argument.size() > 1 && argument.starts_with('-')
+            && !std::filesystem::is_regular_file(argument, unreadable)) {
+            return AnswerOnTerminal{
+                "quandrel: '" + argument + "' is no option; see quandrel --help\n", 2};
+        }
+    }
+    return std::nullopt;
+}
+
 NamedFiles FilesOfCommandLine(const std::vector<std::string>& arguments) {
     NamedFiles named;
     if (const std::string whole = GetCommandLineFile(arguments); !whole.empty()) {
         named.files.push_back(whole);
         return named;
     }
+    bool isAfterOptions = false;
     for (const std::string& argument : arguments) {
+        if (argument == kEndOfOptions && !isAfterOptions) {
+            isAfterOptions = true;
+            continue;
+        }
         std::error_code unreadable;
         const bool isFile = std::filesystem::is_regular_file(argument, unreadable);
         (isFile ? named.files : named.missing).push_back(argument);

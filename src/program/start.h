@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,19 @@ void ConnectPlotStages();
 /// The path of an existing file among the arguments of the command line (without the program's
 /// name), which may have been cut at its blanks, or an empty text.
 [[nodiscard]] std::string GetCommandLineFile(const std::vector<std::string>& arguments);
+
+/// What a command line comes to that opens no window.
+struct AnswerOnTerminal {
+    std::string text;
+    int exitCode = 0; ///< 0: the text was asked for; 2: it is a complaint, for standard error
+};
+
+/// The answer to --help (-h), --version (-v) and options that there are none of; nothing when the
+/// program is to start. Arguments that are files, or after "--", are no options.
+///
+/// @param arguments  without the program's name and the options of Qt
+[[nodiscard]] std::optional<AnswerOnTerminal>
+AnswerToOptions(const std::vector<std::string>& arguments);
 
 /// What the command line names.
 struct NamedFiles {

@@ -45,6 +45,35 @@ TEST_F(Start, EachArgumentMayNameAFileAndTheOthersAreTold) {
     EXPECT_TRUE(FilesOfCommandLine({}).files.empty());
 }
 
+TEST_F(Start, HelpAndVersionAreAnsweredWithoutAWindow) {
+    for (const std::string option : {"--help", "-h"}) {
+        const auto answer = AnswerToOptions({"a.txt", option});
+        ASSERT_TRUE(answer) << option;
+        EXPECT_EQ(answer->exitCode, 0);
+        EXPECT_TRUE(answer->text.starts_with("Usage: quandrel [OPTION]... [FILE]...\n"));
+    }
+    for (const std::string option : {"--version", "-v"}) {
+        const auto answer = AnswerToOptions({option});
+        ASSERT_TRUE(answer) << option;
+        EXPECT_EQ(answer->exitCode, 0);
+        EXPECT_EQ(answer->text, std::string(gCaption) + "\n");
+    }
+}
+
+TEST_F(Start, UnknownOptionsAreRefusedAndFilesAreNone) {
+    const auto answer = AnswerToOptions({"--full-screen"});
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exitCode, 2);
+    EXPECT_EQ(answer->text, "quandrel: '--full-screen' is no option; see quandrel --help\n");
+    EXPECT_FALSE(AnswerToOptions({}));
+    EXPECT_FALSE(AnswerToOptions({"-"}));
+    EXPECT_FALSE(AnswerToOptions({WriteFile("a.txt", ""), "missing.txt"}));
+    EXPECT_FALSE(AnswerToOptions({"--", "--help"}));
+    EXPECT_EQ(FilesOfCommandLine({"--", "-x.txt"}).missing, std::vector<std::string>{"-x.txt"});
+    const std::string cut = WriteFile("beds -h now.txt", "");
+    EXPECT_FALSE(AnswerToOptions({cut.substr(0, cut.size() - 11), "-h", "now.txt"}));
+}
+
 TEST_F(Start, InitialisingMakesAnEmptyStoreAndTheDefaults) {
     gPlatform.decimalIsComma = true;
     InitialiseApplication();
