@@ -72,7 +72,7 @@ set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
 
 set(CPACK_SOURCE_GENERATOR TGZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME quandrel-${PROJECT_VERSION})
-set(CPACK_SOURCE_IGNORE_FILES "/build/" "/\\\\.git/" "/\\\\.cache/" "/\\\\.issues/" "\\\\.user$"
+set(CPACK_SOURCE_IGNORE_FILES "/build/" "/\\\\.git/" "/\\\\.cache/" "\\\\.user$"
                               "/compile_commands\\\\.json$")
 include(CPack)
 
