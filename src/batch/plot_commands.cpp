@@ -36,6 +36,10 @@ std::string TakeDataKind(const Command& command, std::ostream&) {
     if (!error.empty()) {
         return error;
     }
+    const PlotRecord& record = ActiveRecord();
+    if (kind == kPlanes && record.PrimaryFormat == kDirections) {
+        return "directions have no dip and cannot be planes";
+    }
     return ChangeDataKind(kind) ? std::string() : "the question was answered no";
 }
 

@@ -12,6 +12,7 @@
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_tables.h"
+#include "stereo/axis_rows.h"
 
 namespace quandrel {
 
@@ -200,7 +201,9 @@ std::string SourceLines(const PlotRecord& record) {
 
 std::string RoseStatsShort() {
     const PlotRecord& record = ActiveRecord();
-    return DataLines(record) + ScaleLines(record) + MeanLines(record) + LowerLayerLines(record);
+    const std::string assumption = AssumedSenseText(record);
+    return (assumption.empty() ? assumption : Line(assumption)) + DataLines(record)
+           + ScaleLines(record) + MeanLines(record) + LowerLayerLines(record);
 }
 
 std::string RoseStatsFull() {

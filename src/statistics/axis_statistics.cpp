@@ -37,13 +37,4 @@ std::vector<std::string> AxisLegendTexts(AxisKind kind) {
     return texts;
 }
 
-std::string AssumedSenseText(const PlotRecord& record) {
-    const std::optional<SlipSense> assumed = AssumedSense(record);
-    if (!assumed) {
-        return {};
-    }
-    return std::string("(sense assumed: the hanging walls moved ")
-           + (*assumed == SlipSense::Normal ? "down)" : "up)");
-}
-
 } // namespace quandrel

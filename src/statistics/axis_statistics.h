@@ -30,8 +30,4 @@ struct AxisStatistics {
 /// Number, principal axis and girdle of the axes of one kind in gActivePlot, for the legend.
 [[nodiscard]] std::vector<std::string> AxisLegendTexts(AxisKind kind);
 
-/// The line of the boxes that says which sense of movement was assumed, without a line end; empty
-/// where the rows tell it.
-[[nodiscard]] std::string AssumedSenseText(const PlotRecord& record);
-
 } // namespace quandrel

@@ -3,6 +3,7 @@
 #include "statistics/confidence_cone.h"
 
 #include "core/data_format.h"
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/style_tables.h"
 #include "orientation/angles.h"
@@ -19,6 +20,16 @@ namespace quandrel {
 namespace {
 
 constexpr std::size_t kPrincipalAxis = 3;
+constexpr const char* kNoCone =
+    "none, for the data are not symmetric about their principal axis, or too few";
+
+std::string DegreesText(double radians) {
+    return FormatNumber(RadToDeg(radians), "0.00");
+}
+
+std::string AngleText(const std::optional<double>& angle) {
+    return angle ? DegreesText(*angle) : kNoCone;
+}
 
 } // namespace
 
@@ -31,22 +42,23 @@ std::optional<double> ConfidenceConeAngle(const PlotRecord& record, Formulas for
 }
 
 std::string ConfidenceConeText() {
-    constexpr const char* kTwoDecimals = "0.00";
     const PlotRecord& record = ActiveRecord();
     const std::string name = "95% confidence cone: ";
     if (record.PlotKind == kRose) {
         return name + "none on a rose";
     }
-    const std::optional<double> angle = ConfidenceConeAngle(record);
-    if (!angle) {
-        return name + "none, for the data are not symmetric about their principal axis, or too few";
+    const std::string angle = AngleText(ConfidenceConeAngle(record, gFormulas));
+    if (angle == kNoCone) {
+        return name + angle;
     }
     const AxisLine axis = FabricAxis(record, kPrincipalAxis);
-    const auto degrees = [](double radians) {
-        return FormatNumber(RadToDeg(radians), kTwoDecimals);
-    };
-    return name + "axis " + degrees(axis.plunge) + " - " + degrees(axis.trend)
-           + " (plunge - trend), semi-angle " + degrees(*angle);
+    const std::string text = name + "axis " + DegreesText(axis.plunge) + " - "
+                             + DegreesText(axis.trend) + " (plunge - trend), semi-angle " + angle;
+    PlotRecord textbook;
+    textbook.NumValidData = record.NumValidData;
+    textbook.FabricValueC = StandardErrorOfActivePlot(Formulas::Textbook);
+    const std::string other = AngleText(ConfidenceConeAngle(textbook, Formulas::Textbook));
+    return other == angle ? text : text + "\n" + TextbookNote(other);
 }
 
 void DrawConfidenceCone() {

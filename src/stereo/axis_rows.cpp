@@ -90,6 +90,15 @@ std::optional<SlipSense> AssumedSense(const PlotRecord& record) {
     return name.ends_with(kAssumedReverse) ? std::optional(SlipSense::Reverse) : std::nullopt;
 }
 
+std::string AssumedSenseText(const PlotRecord& record) {
+    const std::optional<SlipSense> assumed = AssumedSense(record);
+    if (!assumed) {
+        return {};
+    }
+    return std::string("(sense assumed: the hanging walls moved ")
+           + (*assumed == SlipSense::Normal ? "down)" : "up)");
+}
+
 bool HoldsBothAxes(const PlotRecord& record) {
     return record.AxesTitle == kBothAxes;
 }

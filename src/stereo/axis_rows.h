@@ -54,6 +54,10 @@ struct AxisSource {
 /// The sense that was assumed for the faults of a plot of axes, or nothing.
 [[nodiscard]] std::optional<SlipSense> AssumedSense(const PlotRecord& record);
 
+/// The line of the boxes that says which sense of movement was assumed, without a line end; empty
+/// where the rows tell it.
+[[nodiscard]] std::string AssumedSenseText(const PlotRecord& record);
+
 /// True for a plot that shows P and T axes together: nothing may be counted over both.
 [[nodiscard]] bool HoldsBothAxes(const PlotRecord& record);
 

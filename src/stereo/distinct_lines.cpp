@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 
 #include <array>
+#include <cstdlib>
 #include <memory>
 
 namespace quandrel {
@@ -51,6 +52,15 @@ std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastInd
     return lines;
 }
 
+/// The sign of an axis marks its kind, and a level one cannot have it: all are taken by their lower
+/// ends.
+std::vector<DistinctLine> ByLowerEnds(std::vector<DistinctLine> lines) {
+    for (DistinctLine& line : lines) {
+        line.plunge = static_cast<std::int16_t>(std::abs(line.plunge));
+    }
+    return lines;
+}
+
 /// Degrees lifted above 0, so that cutting their half more rounds them without looking at a sign.
 constexpr double kLift = 90;
 
@@ -77,7 +87,7 @@ const std::vector<DistinctLine>& DistinctLinesOfActivePlot() {
 }
 
 const std::vector<DistinctLine>& StatisticsLinesOfActivePlot() {
-    if (!HoldsBothAxes(ActiveRecord())) {
+    if (ActiveRecord().AxesTitle.empty()) {
         return DistinctLinesOfActivePlot();
     }
     const RowTable& table = TableOf(gActivePlot);
@@ -86,14 +96,17 @@ const std::vector<DistinctLine>& StatisticsLinesOfActivePlot() {
     if (knownAxes.slot != gActivePlot || axes.version != table.version
         || axes.lastIndex != lastIndex) {
         knownAxes.slot = gActivePlot;
-        axes = {table.version, lastIndex, DistinctLinesOfAxes(gActivePlot, AxisKind::Shortening)};
+        axes = {table.version, lastIndex,
+                HoldsBothAxes(ActiveRecord())
+                    ? DistinctLinesOfAxes(gActivePlot, AxisKind::Shortening)
+                    : ByLowerEnds(DistinctLinesOf(table, lastIndex))};
     }
     return axes.lines;
 }
 
 std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind) {
-    return CountLines(TableOf(slot), RecordOf(slot).NumData,
-                      [slot, kind](std::int32_t row) { return AxisOfRow(slot, row) == kind; });
+    return ByLowerEnds(CountLines(TableOf(slot), RecordOf(slot).NumData,
+                                  [slot, kind](int row) { return AxisOfRow(slot, row) == kind; }));
 }
 
 std::int32_t CountOfLines(const std::vector<DistinctLine>& lines) {

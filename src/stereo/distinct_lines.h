@@ -42,11 +42,12 @@ inline constexpr int kLineKeys = 181 * 361;
 /// call.
 [[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOfActivePlot();
 
-/// The lines that the statistics of gActivePlot are about: its main rows, in a plot of P and T axes
-/// those of P. Good until the next call.
+/// The lines that the statistics of gActivePlot are about: its main rows; in a plot of P and T axes
+/// those of P. P and T axes are taken by their lower ends, for the sign of their plunge marks their
+/// kind and not a direction. Good until the next call.
 [[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOfActivePlot();
 
-/// The axes of one kind in a plot of P and T axes. O(rows).
+/// The axes of one kind in a plot of P and T axes, by their lower ends. O(rows).
 [[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind);
 
 /// The number of rows of some lines.

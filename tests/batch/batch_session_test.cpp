@@ -576,6 +576,10 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     const auto dump = Dump(open + "rotate op=3 axis=0,0 angle=90");
     EXPECT_NE(dump["record"]["Modified"], 0);
     EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
+    out.str({});
+    ASSERT_EQ(Run(open + "kinematic 0 sense=normal; plot rose; stats normal"), "");
+    EXPECT_NE(out.str().find("(sense assumed: the hanging walls moved down)"), std::string::npos)
+        << "on a rose too: " << out.str();
 }
 
 TEST_F(Batch, ADumpOfAPlotFileShowsWhatStandsBesideItsRows) {

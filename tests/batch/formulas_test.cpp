@@ -3,7 +3,9 @@
 // The choice of formulas in scripts.
 
 #include "batch_fixture.h"
+#include "orientation/angles.h"
 
+#include <cmath>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -53,6 +55,31 @@ TEST_F(BatchFormulas, NotesStandInPicturesToo) {
     const std::string textbook = picture("textbook");
     EXPECT_EQ(textbook.find("(textbook:"), std::string::npos);
     EXPECT_NE(textbook.find("045-225"), std::string::npos);
+}
+
+TEST_F(BatchFormulas, NotesStandBesideThePrintedConeToo) {
+    // Lines about the vertical, three times as long as wide: 12 degrees to the north, 4 to the
+    // east.
+    std::ofstream file(folder / "ellipse.txt");
+    for (int i = 0; i < 24; ++i) {
+        const double angle = DegToRad(15.0 * i);
+        const double north = 12 * std::cos(angle);
+        const double east = 4 * std::sin(angle);
+        const double trend = RadToDeg(WrappedAngle(std::atan2(east, north)));
+        file << std::lround(90 - std::hypot(north, east)) << '\t' << std::lround(trend) << '\n';
+    }
+    file.close();
+    const std::string cone =
+        "format primary=line data=lines delimiter=tab; open \"FOLDER/ellipse.txt\"; cone on";
+    ASSERT_EQ(Run(cone), "");
+    EXPECT_NE(out.str().find("semi-angle"), std::string::npos) << out.str();
+    EXPECT_NE(out.str().find("\n(textbook: none, for the data are not symmetric"),
+              std::string::npos)
+        << out.str();
+    out.str({});
+    ASSERT_EQ(Run("formulas textbook; " + cone), "");
+    EXPECT_EQ(out.str().find("semi-angle"), std::string::npos) << out.str();
+    EXPECT_EQ(out.str().find("(textbook:"), std::string::npos) << out.str();
 }
 
 TEST_F(BatchFormulas, RefuseOtherWords) {

@@ -157,6 +157,8 @@ TEST_F(KindOfFormat, OfDirectionsIsNeverPlanes) {
     // A text of a version that took directions for planes.
     Write("old.txt", "/T1 /11\n10\n20\n");
     EXPECT_EQ(KindAfter("format columns=0,0; open \"FOLDER/old.txt\""), kLines);
+    EXPECT_EQ(Run("format columns=0,0; open \"FOLDER/old.txt\"; data planes"),
+              "line 1: data: directions have no dip and cannot be planes");
 }
 
 } // namespace

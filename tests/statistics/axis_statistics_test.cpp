@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "orientation/angles.h"
 #include "statistics/axis_statistics.h"
 #include "statistics/statistics_texts.h"
 #include "stereo/legend.h"
@@ -10,6 +11,7 @@
 #include "support/test_platform.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -92,6 +94,27 @@ TEST_F(AxisStatisticsTest, AreThoseOfEachKindAlone) {
     EXPECT_NEAR(RadToDeg(FabricAxis(p.record, 3).plunge), 80, 0.01);
     EXPECT_NEAR(RadToDeg(FabricAxis(t.record, 3).trend), 90, 0.01);
     EXPECT_NEAR(RadToDeg(FabricAxis(t.record, 1).plunge), 90, 0.01);
+}
+
+TEST_F(AxisStatisticsTest, OfExtensionTakeLevelAndMarkedAxesAlike) {
+    // Unit vectors of the lower ends, added up: a level axis cannot carry the mark of the others.
+    const std::vector<AxisRow> rows = {{-40, 30, "T 1"}, {0, 60, "T 2"}, {-20, 45, "T 3"}};
+    double north = 0;
+    double east = 0;
+    double down = 0;
+    for (const AxisRow& row : rows) {
+        const double plunge = DegToRad(std::abs(row.plunge));
+        const double trend = DegToRad(row.trend);
+        north += std::cos(plunge) * std::cos(trend);
+        east += std::cos(plunge) * std::sin(trend);
+        down += std::sin(plunge);
+    }
+    const double length = std::sqrt(north * north + east * east + down * down);
+    NewAxisPlot(rows, "T");
+    const PlotRecord& record = ActiveRecord();
+    EXPECT_NEAR(1 - static_cast<double>(record.FabricValueF), length / 3, 1e-6);
+    EXPECT_NEAR(static_cast<double>(record.FabricValueA), std::asin(down / length), 1e-6);
+    EXPECT_NEAR(static_cast<double>(record.FabricValueB), std::atan2(east, north), 1e-6);
 }
 
 TEST_F(AxisStatisticsTest, StandApartInBothBoxesAndTheLegend) {
