@@ -21,7 +21,6 @@ namespace {
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kFixed = "Fixed";
 constexpr const char* kFourDecimals = "0.0###";
-constexpr const char* kDegreeFormat = "##0.0";
 constexpr const char* kDegreeSign = "°";
 
 std::string Line(const std::string& text) {
