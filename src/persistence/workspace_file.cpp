@@ -205,7 +205,8 @@ std::vector<std::string> PathsOfWorkspace(std::string_view text, const fs::path&
         std::string listed(Trimmed(line));
         std::ranges::replace(listed, '\\', '/');
         listed = hasEscapes ? WithoutEscapes(listed) : listed;
-        if (!listed.empty()) {
+        const bool isName = !listed.empty() && listed.find('\0') == std::string::npos;
+        if (isName) {
             paths.push_back((folder / listed).lexically_normal().string());
         }
     }

@@ -51,6 +51,12 @@ TEST(PathsOfWorkspace, TakesPathsEditedByHandAndAnyLineEnd) {
               (Paths{"/w/here/one.qpx", "/w/here/sub/two.qpx", "/w/three.qpx"}));
 }
 
+TEST(PathsOfWorkspace, LeaveOutLinesThatCanNameNoFile) {
+    using std::string_literals::operator""s;
+    const std::string text = "[Files List]:\na.qpx\nb\0c.qpx\nd.qpx\n[End Files List]\n"s;
+    EXPECT_EQ(PathsOfWorkspace(text, "/d"), (Paths{"/d/a.qpx", "/d/d.qpx"}));
+}
+
 TEST(PathsOfWorkspace, WithoutAListIsNothing) {
     EXPECT_TRUE(PathsOfWorkspace("Quandrel Workspace\na.qpx\n", "/w").empty());
     EXPECT_FALSE(HasFilesList("Quandrel Workspace\na.qpx\n"));
