@@ -180,9 +180,8 @@ double MeanLengthOf(double kappa) {
 
 } // namespace
 
-std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const DistinctLine> lines,
-                                                              RowSense sense) {
-    const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
+std::optional<ReferenceStatistics> ReferenceStatisticsOf(const WeightedDirections& axes,
+                                                         const WeightedDirections* polar) {
     const auto tensor = OrientationTensor(axes.directions, axes.weights);
     if (!tensor) {
         return std::nullopt;
@@ -194,10 +193,20 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
     FindShape(result);
     FindSymmetry(result, axes);
     FindEllipse(result, axes);
-    if (sense == RowSense::kPolarLines) {
-        result.fisher = FisherOf(DirectionsOf(lines, LineSense::kDirected), result.count);
+    if (polar != nullptr) {
+        result.fisher = FisherOf(*polar, result.count);
     }
     return result;
+}
+
+std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const DistinctLine> lines,
+                                                              RowSense sense) {
+    WeightedDirections polar;
+    if (sense == RowSense::kPolarLines) {
+        polar = DirectionsOf(lines, LineSense::kDirected);
+    }
+    return ReferenceStatisticsOf(DirectionsOf(lines, LineSense::kAxial),
+                                 sense == RowSense::kPolarLines ? &polar : nullptr);
 }
 
 std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {

@@ -14,6 +14,8 @@
 
 namespace quandrel {
 
+struct WeightedDirections;
+
 /// Statistics of directions by R. A. Fisher (1953), Proc. R. Soc. London A 217, 295-305.
 struct FisherStatistics {
     double plunge = 0;    ///< of the mean direction, radians, negative upward; kNoDirection without
@@ -65,6 +67,16 @@ struct ReferenceStatistics {
 /// How the rows are meant.
 enum class RowSense { kAxes, kPolarLines };
 
+/// The statistics of directions with their weights. O(n).
+///
+/// @param axes   the rows as downward directions
+/// @param polar  the same rows as they point, for the Fisher statistics; may be none
+/// @return nothing without weight
+[[nodiscard]] std::optional<ReferenceStatistics>
+ReferenceStatisticsOf(const WeightedDirections& axes, const WeightedDirections* polar);
+
+/// The same of whole degrees.
+///
 /// @param lines  the different lines with their rows
 /// @return nothing without rows. O(lines).
 [[nodiscard]] std::optional<ReferenceStatistics>
