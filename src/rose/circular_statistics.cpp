@@ -109,6 +109,13 @@ void FindMedian(PlotRecord& record, AngleSense sense) {
 
 } // namespace
 
+TrigSums TrigTermsOf(double angle, AngleSense sense) {
+    const bool isDirected = sense == AngleSense::kDirected;
+    const double a = WrappedAngle(isDirected ? angle : 2 * angle);
+    const double b = WrappedAngle(isDirected ? 2 * angle : 4 * angle);
+    return {std::sin(a), std::cos(a), std::sin(b), std::cos(b)};
+}
+
 double AngleFromSinCos(double y, double x, Formulas formulas) {
     const bool isNull = std::abs(x) < kAxisWidth && std::abs(y) < kAxisWidth;
     if (isNull) {

@@ -26,6 +26,13 @@ inline constexpr double kNoDispersion = 99999;
 /// finite numbers.
 inline constexpr double kBoundlessKappa = 99999;
 
+/// The sums that statistics are made of: sin a, cos a, sin b, cos b; b is twice a, and a is the
+/// angle, or twice an axial one.
+using TrigSums = std::array<double, 4>;
+
+/// What one angle is in the sums.
+[[nodiscard]] TrigSums TrigTermsOf(double angle, AngleSense sense);
+
 /// The angle of a vector, 0 to kTwoPi.
 ///
 /// @param y,x  sine and cosine, of any common length

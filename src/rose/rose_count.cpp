@@ -3,6 +3,7 @@
 #include "rose/rose_count.h"
 
 #include "orientation/angles.h"
+#include "rose/circular_statistics.h"
 
 #include <algorithm>
 #include <array>
@@ -296,9 +297,8 @@ void RoseCounter::AddAzimuth(const AzimuthSums& sums, int sector) {
 }
 
 void RoseCounter::AddTrigSums(const AzimuthSums& sums, double angle) {
-    const double a = WrappedAngle(settings_.layout.directional ? angle : 2 * angle);
-    const double b = WrappedAngle(settings_.layout.directional ? 2 * angle : 4 * angle);
-    const std::array<double, 4> terms = {std::sin(a), std::cos(a), std::sin(b), std::cos(b)};
+    const TrigSums terms = TrigTermsOf(angle, settings_.layout.directional ? AngleSense::kDirected
+                                                                           : AngleSense::kAxial);
     for (std::size_t term = 0; term < terms.size(); ++term) {
         tables_.trigSums[kRoseFrequencyLayer][term] += sums.weightedCount * terms[term];
         tables_.trigSums[kRoseValueLayer][term] += sums.weightedValue * terms[term];
