@@ -52,6 +52,9 @@ const std::map<std::string, Folders>& AllowedIncludes() {
         {"mapinfo", above(onAll, {"edit"})},
         {"program", above(onAll, {"edit", "mapinfo"})},
         {"print", engine},
+        // The public headers, below include/.
+        {"quandrel", {}},
+        {"border", above(onAll, {"quandrel"})},
         {"platform/qt", engine},
         {"platform/windows", {"platform"}},
         {"batch", above(engine, {"print", "platform/qt"})},

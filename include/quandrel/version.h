@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+//
+// The version of the interface, which is not that of the program.
+//
+// Below 1.0 nothing is promised: names, arguments and results may change with each minor version.
+//
+// Example:
+//
+//     namespace qd = quandrel::api;
+//     static_assert(QUANDREL_API_VERSION >= 1, "needs the interface 0.1 of Quandrel");
+//     std::cout << (qd::ApiVersion() == QUANDREL_API_VERSION) << '\n'; // -> 1
+
+#pragma once
+
+#define QUANDREL_API_VERSION_MAJOR 0
+#define QUANDREL_API_VERSION_MINOR 1
+
+/// The version as one number: 1000 major + minor.
+#define QUANDREL_API_VERSION (1000 * QUANDREL_API_VERSION_MAJOR + QUANDREL_API_VERSION_MINOR)
+
+namespace quandrel::api {
+
+/// QUANDREL_API_VERSION of the headers that the library was built from. Where it differs from that
+/// of the headers at hand, library and headers do not belong together.
+[[nodiscard]] int ApiVersion();
+
+} // namespace quandrel::api

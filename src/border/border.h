@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+//
+// The public interface (include/quandrel) over the kernels of the engine. This is its chief header:
+// the way of values across the border.
+//
+// Public values come in as degrees, are checked here, and go to the kernels as radians; what the
+// kernels give goes out as degrees, azimuths below 360.
+// Nothing here keeps a state or reads one, and nothing is worked out here that a kernel works out.
+// A kernel that reads a global does not belong here: it is given an argument in its place.
+
+#pragma once
+
+#include "orientation/angles.h"
+#include "quandrel/orientation.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace quandrel::api {
+
+/// A line in radians, plunge -kPi/2 to kPi/2, trend 0 to kTwoPi.
+struct RadianLine {
+    double plunge = 0;
+    double trend = 0;
+};
+
+/// A plane in radians, dip -kPi/2 to kPi/2, dip direction 0 to kTwoPi.
+struct RadianPlane {
+    double dip = 0;
+    double dipDirection = 0;
+};
+
+/// Requires a number to be finite. `name` stands in the text of what is thrown.
+double Finite(double value, std::string_view name);
+
+/// Requires a number to lie between two, both of them included.
+double Within(double value, double least, double most, std::string_view name);
+
+/// Requires arrays to have the same length.
+void SameLength(std::size_t a, std::size_t b, std::string_view names);
+
+/// Requires weights or counts to be finite and not negative.
+void NotNegative(std::span<const double> values, std::string_view name);
+
+/// An azimuth in radians, 0 to kTwoPi.
+[[nodiscard]] double AzimuthIn(double degrees, std::string_view name);
+
+/// The checked values in radians.
+[[nodiscard]] RadianLine In(const Line& line);
+[[nodiscard]] RadianPlane In(const Plane& plane);
+
+/// The direction of a checked line; an upward one for a negative plunge.
+[[nodiscard]] Direction DirectionOf(const Line& line);
+
+/// The downward direction of a checked line.
+[[nodiscard]] Direction AxisOf(const Line& line);
+
+/// The downward unit normal of a checked plane.
+[[nodiscard]] Direction NormalOf(const Plane& plane);
+
+/// Degrees of an azimuth, 0 to below 360.
+[[nodiscard]] double AzimuthOut(double radians);
+
+/// Radians as degrees.
+[[nodiscard]] Line LineOut(double plunge, double trend);
+[[nodiscard]] Plane PlaneOut(double dip, double dipDirection);
+
+} // namespace quandrel::api
