@@ -92,6 +92,7 @@ Point RecordingSurface::PixelSize() const {
 
 void RecordingSurface::Clear(Colour background) {
     operations_.clear();
+    glyphs_.clear();
     Record(DrawOperation::Kind::Clear, background, {});
 }
 
@@ -151,6 +152,7 @@ void RecordingSurface::Markers(const Glyph& glyph, Colour colour,
                                std::span<const Point> positions) {
     Record(DrawOperation::Kind::Markers, colour, {positions.begin(), positions.end()}).text =
         glyph.name;
+    glyphs_.try_emplace(glyph.name, glyph);
 }
 
 void RecordingSurface::Text(Point topLeft, std::string_view utf8) {

@@ -6,6 +6,7 @@
 
 #include "platform/surface.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,9 @@ public:
     /// The last Clear, if there was one, and what was drawn since.
     [[nodiscard]] const std::vector<DrawOperation>& Operations() const { return operations_; }
 
+    /// The glyphs of the markers among them, by name.
+    [[nodiscard]] const std::map<std::string, Glyph>& Glyphs() const { return glyphs_; }
+
     /// Gives the surface another size in logical pixels, both above 0. The user scale stays.
     void SetSize(double widthPixels, double heightPixels) {
         widthPixels_ = widthPixels;
@@ -97,6 +101,7 @@ private:
     UserScale scale_;
     DrawState state_;
     std::vector<DrawOperation> operations_;
+    std::map<std::string, Glyph> glyphs_;
 };
 
 } // namespace quandrel

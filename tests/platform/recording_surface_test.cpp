@@ -39,6 +39,16 @@ TEST_F(Recording, KeepsEachCallWithItsArguments) {
     EXPECT_EQ(surface.Operations()[2].points, points);
 }
 
+TEST_F(Recording, KeepsTheGlyphsOfItsMarkersUntilItIsCleared) {
+    const Point at{1, 2};
+    const Glyph dot{"dot", {{GlyphPart::Kind::Circle, GlyphPart::Ink::Filled, {{0, 0}}, 5}}};
+    surface.Markers(dot, kBlack, std::span(&at, 1));
+    ASSERT_EQ(surface.Glyphs().size(), 1U);
+    EXPECT_EQ(surface.Glyphs().at("dot").parts, dot.parts);
+    surface.Clear(kWhite);
+    EXPECT_TRUE(surface.Glyphs().empty());
+}
+
 TEST_F(Recording, KeepsTheStateAtTheCall) {
     DrawState thick;
     thick.drawWidth = 4;
