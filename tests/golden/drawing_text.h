@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+//
+// Recorded drawings as plain text, and back: what the reference files of tests/golden hold.
+//
+// A line is one operation: its kind and colour, what of the state differs from a fresh one, and
+// "at" with its points, which may go on in lines that begin with a blank:
+//
+//     drawing "plot 1" size 1000 1000 scale -1100 1100 1100 -1100
+//     glyph "2/3"
+//     circle filled radius 12 at 0,0
+//     circle 000000 width 2 radius 1000 at 0,0
+//     markers ff0000 glyph "2/3" at 12,13 14,15
+//     text 000000 points 8 say "N" at 0,1050
+//     end
+
+#pragma once
+
+#include "platform/recording_surface.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// What was drawn on one surface.
+struct Drawing {
+    std::string name;
+    Point size; ///< logical pixels
+    UserScale scale;
+    std::map<std::string, Glyph> glyphs;
+    std::vector<DrawOperation> operations;
+};
+
+/// What a surface has recorded.
+[[nodiscard]] Drawing DrawingOf(const std::string& name, const RecordingSurface& surface);
+
+/// A drawing as text. Lengths are rounded to hundredths of a user unit, angles to millionths, by a
+/// rule that the noise of floating point does not turn: boundaries lie off all short decimals.
+[[nodiscard]] std::string TextOfDrawing(const Drawing& drawing);
+
+/// The drawings that a text holds; lines that are no part of one are passed over.
+[[nodiscard]] std::vector<Drawing> DrawingsOfText(const std::string& text);
+
+} // namespace quandrel

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+//
+// What the program draws, operation by operation: all that surfaces and boxes hold after a script
+// is the reference file of the script's name.
+
+#include "core/plot_store.h"
+#include "golden/drawing_text.h"
+#include "golden/golden_file.h"
+#include "golden/script_run.h"
+#include "platform/recording_form.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <sstream>
+#include <vector>
+
+namespace quandrel {
+namespace {
+
+/// A text of several lines under a name; nothing for an empty one.
+std::string Section(const std::string& name, const std::string& text) {
+    std::string section;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        line.erase(std::remove(line.begin(), line.end(), '\r'), line.end());
+        section += "| " + line + "\n";
+    }
+    return section.empty() ? section : name + "\n" + section;
+}
+
+std::string TextOfPlot(int slot) {
+    const auto& form = static_cast<const RecordingForm&>(FormOf(slot));
+    const std::string name = "plot " + std::to_string(slot);
+    std::string text = Section(name + ", caption", form.Caption());
+    text += Section(name + ", number", form.BoxText(PlotBox::NumberOfData));
+    text += Section(name + ", fabric", form.BoxText(PlotBox::Fabric));
+    text += Section(name + ", description", form.BoxText(PlotBox::Description));
+    text += Section(name + ", statistics", form.BoxText(PlotBox::StatsNormal));
+    text += Section(name + ", advanced statistics", form.BoxText(PlotBox::StatsAdvanced));
+    text += TextOfDrawing(DrawingOf(name + ", net", form.Plot()));
+    return text + TextOfDrawing(DrawingOf(name + ", legend", form.Legend()));
+}
+
+std::string TextOfPage(const RecordedPage& page) {
+    std::string text;
+    for (std::size_t i = 0; i < page.parts.size(); ++i) {
+        const PageRect& rect = page.parts[i].rect;
+        std::ostringstream name;
+        name << "page, part " << i + 1 << " at " << std::lround(rect.left * 10) << " "
+             << std::lround(rect.top * 10) << " tenths of a millimetre";
+        text += TextOfDrawing(DrawingOf(name.str(), page.parts[i].surface));
+    }
+    return text;
+}
+
+/// All that a script leaves on surfaces and in boxes.
+std::string MadeBy(const std::string& script) {
+    ScriptRun run;
+    run.Play(script);
+    std::string text = Section("printed", run.Printed()) + Section("told", run.Told());
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        text += IsOpenSlot(slot) ? TextOfPlot(slot) : "";
+    }
+    for (const RecordedPage& page : run.Pages()) {
+        text += TextOfPage(page);
+    }
+    return text;
+}
+
+class Drawings : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Drawings, AreAsTheReferenceHasThem) {
+    ExpectGolden(GetParam(), MadeBy(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Drawings, ::testing::ValuesIn(NamesIn(ScriptFolder())),
+                         [](const auto& parameter) { return parameter.param; });
+
+TEST(DrawingsFolder, HoldsNoReferenceThatNothingMakes) {
+    std::vector<std::string> made = NamesIn(ScriptFolder());
+    made.insert(made.end(), {"files", "settings", "symbols"});
+    const std::set<std::string> names(made.begin(), made.end());
+    for (const std::string& name : NamesIn(GoldenFolder())) {
+        EXPECT_TRUE(names.contains(name)) << name;
+    }
+}
+
+} // namespace
+} // namespace quandrel
