@@ -15,7 +15,7 @@
 #include "stereo/row_positions.h"
 
 #ifdef QUANDREL_WITH_QT
-#include "platform/qt/painter_surface.h"
+#include "qt/painter_surface.h"
 
 #include <QImage>
 #include <QPainter>

@@ -10,7 +10,7 @@
 #include "density/point_density.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "program/start.h"
+#include "session/start.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 

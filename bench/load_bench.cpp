@@ -10,10 +10,10 @@
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
-#include "program/start.h"
+#include "platform/scripted/quiet_status_line.h"
+#include "platform/scripted/recording_form.h"
+#include "platform/scripted/scripted_prompts.h"
+#include "session/start.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,7 +4,7 @@
 
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "platform/qt/painter_surface.h"
+#include "qt/painter_surface.h"
 #include "stereo/symbols.h"
 
 #include <QImage>

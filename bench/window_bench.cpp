@@ -6,15 +6,15 @@
 #include "core/settings.h"
 #include "edit/marquee.h"
 #include "persistence/open_plot.h"
-#include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
-#include "platform/no_printers.h"
 #include "platform/platform.h"
-#include "platform/scripted_prompts.h"
-#include "program/start.h"
-#include "shell/frm_plot_forms.h"
-#include "shell/geol_plot_main.h"
-#include "shell/picture_box.h"
+#include "platform/scripted/memory_clipboard.h"
+#include "platform/scripted/no_printers.h"
+#include "platform/scripted/scripted_prompts.h"
+#include "session/start.h"
+#include "shell/controls/picture_box.h"
+#include "shell/main/geol_plot_main.h"
+#include "shell/plot/frm_plot_forms.h"
 
 #include <QApplication>
 #include <QMouseEvent>

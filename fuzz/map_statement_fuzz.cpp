@@ -6,7 +6,7 @@
 #include "mapsession/browser_contents.h"
 #include "mapsession/embedded_session.h"
 #include "mapsession/map_drawing.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 
 #include <cmath>
 #include <cstddef>

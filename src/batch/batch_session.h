@@ -8,11 +8,11 @@
 #include "batch/script.h"
 #include "batch/standard_streams.h"
 #include "input/further_files.h"
-#include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/scripted_prompts.h"
+#include "platform/scripted/memory_clipboard.h"
+#include "platform/scripted/quiet_status_line.h"
+#include "platform/scripted/scripted_prompts.h"
 
 #include <functional>
 #include <iosfwd>

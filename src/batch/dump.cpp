@@ -13,7 +13,7 @@
 #include "input/load_report.h"
 #include "input/text_file.h"
 #include "orientation/angles.h"
-#include "program/reference.h"
+#include "session/reference.h"
 #include "statistics/axis_statistics.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"

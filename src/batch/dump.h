@@ -5,8 +5,8 @@
 #pragma once
 
 #include "batch/json_writer.h"
-#include "platform/recording_surface.h"
-#include "platform/scripted_prompts.h"
+#include "platform/scripted/recording_surface.h"
+#include "platform/scripted/scripted_prompts.h"
 
 namespace quandrel {
 

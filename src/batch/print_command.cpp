@@ -7,10 +7,10 @@
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
-#include "platform/qt/pdf_printer.h"
-#include "platform/scripted_prompts.h"
+#include "platform/scripted/scripted_prompts.h"
 #include "print/print_layout.h"
 #include "print/print_run.h"
+#include "qt/pdf_printer.h"
 #include "stereo/plot_driver.h"
 
 #include <algorithm>

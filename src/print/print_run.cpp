@@ -6,10 +6,9 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/platform.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "print/print_texts.h"
 #include "print/printer_fonts.h"
-#include "program/start.h"
 #include "stereo/plot_driver.h"
 
 #include <new>
@@ -18,6 +17,7 @@
 namespace quandrel {
 
 int gPrinting = 0;
+std::vector<std::string> gPrinters;
 
 namespace {
 
@@ -106,12 +106,17 @@ void GetPagePrintArea(double& width, double& height, double& margin) {
     margin = paper.margin;
 }
 
+void ListPrinters() {
+    const PrinterPort* printers = gPlatform.printers;
+    gPrinters = printers != nullptr ? printers->Printers() : std::vector<std::string>();
+}
+
 bool PrinterSetup() {
     if (gPlatform.printers == nullptr) {
         return false;
     }
     const bool isTaken = gPlatform.printers->SetUp();
-    gPrinters = gPlatform.printers->Printers();
+    ListPrinters();
     return isTaken;
 }
 

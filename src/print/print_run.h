@@ -17,6 +17,12 @@ namespace quandrel {
 /// Non-zero while plots are being printed.
 extern int gPrinting;
 
+/// Names of the printers as they were last listed; empty when there are none.
+extern std::vector<std::string> gPrinters;
+
+/// Lists the printers of the platform in gPrinters.
+void ListPrinters();
+
 inline constexpr const char* kLegendNote =
     "Note that plot area images shown do NOT include legends, etc.";
 inline constexpr const char* kPrintAnotherText =

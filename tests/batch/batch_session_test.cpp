@@ -4,7 +4,7 @@
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "platform/qt/plot_picture.h"
+#include "qt/plot_picture.h"
 #include "stereo/plot_stages.h"
 #include "support/qt_application.h"
 

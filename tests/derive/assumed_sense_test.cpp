@@ -3,7 +3,7 @@
 #include "derive/fault_plot.h"
 #include "derive/fault_rows.h"
 #include "derive/kinematic_plots.h"
-#include "platform/recording_form.h"
+#include "platform/scripted/recording_form.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 #include "stereo/symbols.h"

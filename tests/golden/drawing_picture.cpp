@@ -2,7 +2,7 @@
 
 #include "golden/drawing_picture.h"
 
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 #include "support/qt_application.h"
 
 #include <gtest/gtest.h>

@@ -15,7 +15,7 @@
 
 #pragma once
 
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 
 #include <map>
 #include <string>

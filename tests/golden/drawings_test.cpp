@@ -7,7 +7,7 @@
 #include "golden/drawing_text.h"
 #include "golden/golden_file.h"
 #include "golden/script_run.h"
-#include "platform/recording_form.h"
+#include "platform/scripted/recording_form.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include "golden/golden_file.h"
 #include "golden/script_run.h"
 #include "platform/platform.h"
-#include "platform/qt/qt_settings_store.h"
+#include "qt/qt_settings_store.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

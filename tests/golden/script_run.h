@@ -7,7 +7,7 @@
 #pragma once
 
 #include "batch/batch_session.h"
-#include "platform/recording_printer.h"
+#include "platform/scripted/recording_printer.h"
 
 #include <filesystem>
 #include <sstream>

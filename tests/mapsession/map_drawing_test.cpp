@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "mapsession/map_drawing.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "sample_session.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 // Large tables at the pace of a hand. The limits are those of a program built for debugging.
 
 #include "mapsession/map_drawing.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "sample_session.h"
 
 #include <chrono>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
-#include "platform/no_printers.h"
-#include "platform/quiet_status_line.h"
+#include "platform/scripted/memory_clipboard.h"
+#include "platform/scripted/no_printers.h"
+#include "platform/scripted/quiet_status_line.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/no_printers.h"
-#include "platform/recording_printer.h"
+#include "platform/scripted/no_printers.h"
+#include "platform/scripted/recording_printer.h"
 #include "print/print_run.h"
-#include "program/start.h"
 #include "stereo/draw_target.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"

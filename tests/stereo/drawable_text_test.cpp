@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "stereo/drawable_text.h"
 #include "stereo/text_lines.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "orientation/angles.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "stereo/symbols.h"
 #include "support/test_platform.h"
 

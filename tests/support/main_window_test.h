@@ -6,10 +6,10 @@
 
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
-#include "shell/commands.h"
-#include "shell/frm_plot_forms.h"
-#include "shell/geol_plot_main.h"
-#include "shell/widget_prompts.h"
+#include "shell/dialogs/widget_prompts.h"
+#include "shell/main/commands.h"
+#include "shell/main/geol_plot_main.h"
+#include "shell/plot/frm_plot_forms.h"
 #include "stereo/plot_stages.h"
 #include "support/shell_test.h"
 

@@ -6,7 +6,7 @@
 
 #include "core/plot_store.h"
 #include "orientation/angles.h"
-#include "platform/recording_surface.h"
+#include "platform/scripted/recording_surface.h"
 #include "stereo/row_positions.h"
 
 #include <vector>

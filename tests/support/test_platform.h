@@ -7,12 +7,12 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
-#include "platform/memory_clipboard.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
-#include "platform/quiet_status_line.h"
-#include "platform/recording_form.h"
-#include "platform/scripted_prompts.h"
+#include "platform/scripted/memory_clipboard.h"
+#include "platform/scripted/quiet_status_line.h"
+#include "platform/scripted/recording_form.h"
+#include "platform/scripted/scripted_prompts.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

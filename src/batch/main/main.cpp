@@ -3,7 +3,7 @@
 // quandrel-batch: plots, pictures and numbers from the command line.
 
 #include "batch/command_line.h"
-#include "platform/qt/qt_start.h"
+#include "qt/qt_start.h"
 
 #include <QGuiApplication>
 

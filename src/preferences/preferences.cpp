@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+
+#include "preferences/preferences.h"
+
+#include "core/data_format.h"
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/setting_keys.h"
+#include "orientation/number_text.h"
+#include "platform/platform.h"
+#include "preferences/style_changes.h"
+#include "session/recalculate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::array<const char*, 2> kPitchNames = {"pitch", "rake"};
+
+/// The number of plots that the next run will have.
+std::int16_t MaxPlotsInStore() {
+    const std::string text = gPlatform.settings->Read(kApplicationName, kStartUp, "gMaxPlots", {});
+    return MaxPlotsOf(text, gMaxPlots);
+}
+
+/// Puts the looks of plots into the globals: all that a drawing reads.
+void UseLooks(const Preferences& preferences) {
+    gColourTable = preferences.colours;
+    gSymbolTable = preferences.symbols;
+    gAxisStyleTable = preferences.axes;
+    gContourStyleTable = preferences.contours;
+    gPlotFonts = preferences.fonts;
+    gPlotBackColour = preferences.plotBackColour;
+    gPlotAxesColour = preferences.plotAxesColour;
+    gPlotAxesStyle = preferences.plotAxesStyle;
+    gShowNorth = preferences.showNorth;
+    gRoseAxesStyle = preferences.roseAxesStyle;
+    gRoseOuterCircle = preferences.roseOuterCircle;
+    gShowCompassPoints = preferences.showCompassPoints;
+    gShowIsolatedPts = preferences.showIsolatedPts;
+}
+
+void UseGeneralOptions(const Preferences& preferences) {
+    gPitchName = PitchNameOf(preferences.pitchName);
+    gPlotWidthPercent = PlotWidthOf(preferences.plotWidthPercent);
+    gPlotAspect = PlotAspectOf(static_cast<double>(preferences.plotAspect));
+    gPlotWinLast = preferences.plotWinLast;
+    gFilesDirectory = preferences.filesDirectory;
+    gConvertDecimals = preferences.convertDecimals;
+    gSaveNonDataLines = preferences.saveNonDataLines;
+}
+
+/// Saves a number of plots for the next run; this one goes on with its own.
+[[nodiscard]] bool SaveMaxPlots(std::int16_t plots) {
+    const std::int16_t inUse = gMaxPlots;
+    gMaxPlots = std::clamp<std::int16_t>(plots, 1, kMostPlots);
+    const bool saved = SaveSettings(5);
+    gMaxPlots = inUse;
+    return saved;
+}
+
+[[nodiscard]] bool AskToSaveMaxPlots() {
+    Message question;
+    question.title = gCaption;
+    question.text = "Do you want to save the changes to the maximum number of plots?";
+    question.icon = Icon::Question;
+    question.buttons = Buttons::YesNo;
+    return gPlatform.prompts->Ask(question) == Button::Yes;
+}
+
+/// False when the store could not be written.
+[[nodiscard]] bool KeepMaxPlots(std::int16_t plots) {
+    if (plots == MaxPlotsInStore() || !AskToSaveMaxPlots()) {
+        return true;
+    }
+    if (!SaveMaxPlots(plots)) {
+        return false;
+    }
+    Tell("You will have to exit Quandrel and restart for the changes in the maximum number of "
+         "plots to have affect.",
+         Icon::Information);
+    return true;
+}
+
+Preferences PreferencesInForce() {
+    Preferences now;
+    now.colours = gColourTable;
+    now.symbols = gSymbolTable;
+    now.axes = gAxisStyleTable;
+    now.contours = gContourStyleTable;
+    now.fonts = gPlotFonts;
+    now.plotBackColour = gPlotBackColour;
+    now.plotAxesColour = gPlotAxesColour;
+    now.plotAxesStyle = gPlotAxesStyle;
+    now.showNorth = gShowNorth;
+    now.roseAxesStyle = gRoseAxesStyle;
+    now.roseOuterCircle = gRoseOuterCircle;
+    now.showCompassPoints = gShowCompassPoints;
+    now.plotWidthPercent = gPlotWidthPercent;
+    now.plotAspect = gPlotAspect;
+    now.plotWinLast = gPlotWinLast;
+    now.filesDirectory = gFilesDirectory;
+    now.pitchName = PitchNameOf(gPitchName);
+    now.convertDecimals = gConvertDecimals;
+    now.saveNonDataLines = gSaveNonDataLines;
+    now.showIsolatedPts = gShowIsolatedPts;
+    now.formulas = gFormulas;
+    return now;
+}
+
+} // namespace
+
+Preferences CurrentPreferences() {
+    Preferences now = PreferencesInForce();
+    now.maxPlots = MaxPlotsInStore();
+    return now;
+}
+
+Preferences DefaultPreferences() {
+    const auto colours = gColourTable;
+    const auto symbols = gSymbolTable;
+    const auto axes = gAxisStyleTable;
+    const auto contours = gContourStyleTable;
+    BuildStyleTables();
+    Preferences start;
+    start.colours = gColourTable;
+    start.symbols = gSymbolTable;
+    start.axes = gAxisStyleTable;
+    start.contours = gContourStyleTable;
+    gColourTable = colours;
+    gSymbolTable = symbols;
+    gAxisStyleTable = axes;
+    gContourStyleTable = contours;
+    return start;
+}
+
+std::string PitchNameOf(std::string_view text) {
+    return kPitchNames[text == kPitchNames[1] ? 1 : 0];
+}
+
+std::int16_t MaxPlotsOf(std::string_view text, std::int16_t otherwise) {
+    const std::optional<double> number = ReadNumber(text);
+    if (!number) {
+        return otherwise;
+    }
+    return static_cast<std::int16_t>(
+        std::clamp(std::nearbyint(*number), 1.0, static_cast<double>(kMostPlots)));
+}
+
+void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
+    const StyleChange change;
+    UseLooks(preferences);
+    UseGeneralOptions(preferences);
+    if (preferences.formulas != gFormulas) {
+        UseFormulas(preferences.formulas);
+    }
+    bool saved = KeepMaxPlots(preferences.maxPlots);
+    if (keep == KeepSettings::Yes) {
+        saved = SaveSettings(4) && saved;
+        saved = SaveSettings(7) && saved;
+    }
+    if (!saved) {
+        Tell("The preferences hold for this session, but could not be saved.");
+    }
+    change.RedrawStyles();
+}
+
+PreviewPreferences::PreviewPreferences(const Preferences& preferences)
+    : former_(PreferencesInForce()) {
+    UseLooks(preferences);
+}
+
+PreviewPreferences::~PreviewPreferences() {
+    UseLooks(former_);
+}
+
+} // namespace quandrel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+
+#include "preferences/style_changes.h"
+
+#include "classify/classification.h"
+#include "core/plot_store.h"
+#include "input/data_rows.h"
+#include "orientation/angles.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::size_t kMeanItem = 0;
+constexpr std::size_t kLastUserItem = 8;
+constexpr std::size_t kFirstStyleValue = 4; ///< of a row of AxisItems
+
+/// The row of gAxisStyleTable that a girdle of the panel is drawn in.
+std::size_t StyleOfItem(std::size_t item) {
+    if (item == kMeanItem) {
+        return kMeanGirdleStyle;
+    }
+    return item <= kLastUserItem ? kUserGirdleStyle : kCalculatedGirdleStyle;
+}
+
+/// The rule of the classes of gActivePlot, if its rows are drawn by class.
+std::optional<ClassRule> RuleOfPlot(const PlotRecord& record) {
+    const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
+    return column ? std::optional(RuleOfClassTable(record.ClassTable, *column)) : std::nullopt;
+}
+
+} // namespace
+
+StyleChange::StyleChange()
+    : axes_(gAxisStyleTable) {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            plots_.push_back(CodesOfPlot(slot));
+        }
+    }
+}
+
+StyleChange::PlotCodes StyleChange::CodesOfPlot(int slot) {
+    const PlotInWork work(slot);
+    PlotCodes codes;
+    codes.slot = slot;
+    const int overlays = std::clamp<int>(ActiveRecord().OverlayRows[0], 0, kMaxOverlays);
+    for (int overlay = 0; overlay <= overlays; ++overlay) {
+        codes.rows[static_cast<std::size_t>(overlay)] = {CodeOfNewRow(overlay, false),
+                                                         CodeOfNewRow(overlay, true)};
+    }
+    for (int number = 1; number < kClassRows; ++number) {
+        codes.classes[static_cast<std::size_t>(number)] = CodeOfClass(number);
+    }
+    return codes;
+}
+
+void StyleChange::FollowInGirdles(PlotRecord& record) const {
+    for (std::size_t item = 0; item < record.AxisItems.size(); ++item) {
+        const AxisStyle& former = axes_[StyleOfItem(item)];
+        const AxisStyle& now = gAxisStyleTable[StyleOfItem(item)];
+        auto& values = record.AxisItems[item];
+        const bool isFormer = NumberOf(values[kFirstStyleValue]) == former[0]
+                              && NumberOf(values[kFirstStyleValue + 1]) == former[1]
+                              && NumberOf(values[kFirstStyleValue + 2]) == former[2];
+        for (std::size_t place = 0; isFormer && place < now.size(); ++place) {
+            values[kFirstStyleValue + place] = now[place];
+        }
+    }
+}
+
+void StyleChange::FollowInRows(const PlotCodes& former, const PlotCodes& now) {
+    const PlotRecord& record = ActiveRecord();
+    const std::optional<ClassRule> rule = RuleOfPlot(record);
+    for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
+        const ShownOrientation shown = OrientationShown(gActivePlot, row);
+        if (DipOfRow(gActivePlot, row) == kErrorRow) {
+            continue;
+        }
+        SymbolCode& base = gDataSymbolBase.At(gActivePlot, row);
+        SymbolCode& drawn = gDataSymbol.At(gActivePlot, row);
+        const auto overlay = static_cast<std::size_t>(OverlayOfRow(record, row));
+        const SymbolCode formerBase = base;
+        const std::size_t own = shown.dip < 0 && shown.dip != kErrorRow ? 1 : 0;
+        // Rows of derived lines may have the other style of their two.
+        for (const std::size_t sign : {own, 1 - own}) {
+            if (formerBase == former.rows[overlay][sign]) {
+                base = now.rows[overlay][sign];
+                break;
+            }
+        }
+        const int number = rule && overlay == 0 ? ClassOfRow(*rule, row) : 0;
+        if (number > 0 && number < kClassRows) {
+            const auto c = static_cast<std::size_t>(number);
+            drawn = drawn == former.classes[c] ? now.classes[c] : drawn;
+        } else if (drawn == formerBase) {
+            drawn = base;
+        }
+    }
+}
+
+void StyleChange::RedrawStyles() const {
+    for (const PlotCodes& former : plots_) {
+        {
+            const PlotInWork work(former.slot);
+            FollowInRows(former, CodesOfPlot(former.slot));
+            FollowInGirdles(ActiveRecord());
+        }
+        RedrawPlot(former.slot);
+    }
+}
+
+} // namespace quandrel

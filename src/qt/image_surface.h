@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// A drawing that stays: an image with the surface that draws on it.
+
+#pragma once
+
+#include "qt/painter_surface.h"
+
+#include <QImage>
+#include <QPaintDevice>
+
+#include <memory>
+
+namespace quandrel {
+
+class ImageSurface {
+public:
+    /// @param pixels      size of the image, at least 1 each way
+    /// @param density     pixels in a logical pixel, above 0
+    /// @param background  what it is filled with
+    ImageSurface(QSize pixels, double density, Colour background);
+
+    /// A copy of a drawing, to draw more on.
+    ImageSurface(const QImage& drawing, double density);
+
+    [[nodiscard]] Surface& Drawing() { return *surface_; }
+
+    /// The drawing as it stands.
+    [[nodiscard]] const QImage& Image() const { return image_; }
+
+private:
+    QImage image_;
+    std::unique_ptr<QPainter> painter_;
+    std::unique_ptr<PainterSurface> surface_;
+};
+
+/// Copies an image onto a device, into a rectangle of its logical pixels.
+void PaintImage(QPaintDevice& device, const QRectF& target, const QImage& image);
+
+} // namespace quandrel

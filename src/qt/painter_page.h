@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+//
+// A page of a printer or a PDF as something to draw on.
+
+#pragma once
+
+#include "platform/printer_port.h"
+#include "qt/painter_surface.h"
+
+#include <QPageLayout>
+#include <QPagedPaintDevice>
+#include <QPainter>
+
+#include <memory>
+#include <vector>
+
+namespace quandrel {
+
+/// The paper of a page layout, as it lies, with the rim that its printer leaves blank.
+[[nodiscard]] Sheet SheetOf(const QPageLayout& layout);
+
+/// Surfaces on a page, by millimetres from the corner of the paper. Everything stays vectors.
+class PageSurfaces {
+public:
+    /// @param device  with the whole paper as its page; outlives this
+    explicit PageSurfaces(QPagedPaintDevice& device);
+
+    /// False when the device cannot be drawn on.
+    [[nodiscard]] bool IsGood() const { return painter_.isActive(); }
+
+    [[nodiscard]] Surface& In(const PageRect& rect);
+
+    /// Ends the drawing. False when the device failed.
+    [[nodiscard]] bool End();
+
+private:
+    QPainter painter_;
+    double dotsPerInch_;
+    std::vector<std::unique_ptr<PainterSurface>> surfaces_;
+};
+
+} // namespace quandrel

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+//
+// The picture surface over a QPainter: for the screen, for PNG, and for vector files.
+
+#pragma once
+
+#include "platform/surface.h"
+#include "qt/sprite.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPolygonF>
+#include <QRectF>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace quandrel {
+
+enum class Medium {
+    Raster, ///< pixels: markers are stamped from sprites
+    Vector, ///< commands: everything stays a line, a shape or a text
+};
+
+/// Draws into a rectangle of a painter. Positions are mapped here, not by the painter, so that text
+/// stands upright and angles run counter-clockwise on every device. Nothing is clipped to the
+/// rectangle.
+///
+/// A raster surface is fast, and mode kDrawNotXor exact, on a painter over a QImage of Format_RGB32
+/// without transformation, device pixel ratio or clip, but for a clip to whole lines.
+class PainterSurface : public Surface {
+public:
+    /// @param painter      outlives the surface; its transformation maps device units of `area`
+    /// @param area         the surface's rectangle, in the painter's coordinates
+    /// @param pixelFactor  painter units in a logical pixel, above 0
+    PainterSurface(QPainter& painter, const QRectF& area, double pixelFactor, Medium medium);
+
+    void SetUserScale(const UserScale& scale) override;
+
+    [[nodiscard]] UserScale Scale() const override { return scale_; }
+
+    [[nodiscard]] Point PixelSize() const override;
+    void Clear(Colour background) override;
+    void SetState(const DrawState& state) override;
+
+    [[nodiscard]] const DrawState& State() const override { return state_; }
+
+    void Line(Point from, Point to, Colour colour) override;
+    void Box(Point corner, Point opposite, Colour colour) override;
+    void FilledBox(Point corner, Point opposite, Colour colour) override;
+    void Circle(Point centre, double radius, Colour colour) override;
+    void Arc(Point centre, double radius, double start, double end, Colour colour) override;
+    void Wedge(Point centre, double radius, double start, double end, Colour colour) override;
+    void Polyline(std::span<const Point> points, Colour colour) override;
+    void Polygon(std::span<const Point> points, Colour colour) override;
+    void SetPixel(Point at, Colour colour) override;
+    void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) override;
+    void Text(Point topLeft, std::string_view utf8) override;
+    [[nodiscard]] double TextWidth(std::string_view utf8) const override;
+    [[nodiscard]] double TextHeight() const override;
+
+private:
+    [[nodiscard]] QPointF Map(Point point) const;
+    [[nodiscard]] QRectF MapBox(Point corner, Point opposite) const;
+    [[nodiscard]] QPen PenFor(Colour colour) const;
+    [[nodiscard]] QBrush StateBrush() const;
+    [[nodiscard]] QPolygonF MapAll(std::span<const Point> points) const;
+    [[nodiscard]] QPolygonF ArcPolygon(Point centre, double radius, double start, double end) const;
+    void UseMode();
+    void Use(Colour colour, const QBrush& brush);
+    void Hatch(const QPolygonF& shape);
+    void DrawLine(QPointF from, QPointF to);
+    void DrawShape(const QPolygonF& shape, Colour colour);
+    void MakeFont();
+    void DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour, QPointF centre) const;
+    void DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const;
+
+    /// The pen of glyphs follows the state's width, but is no finer than a logical pixel.
+    [[nodiscard]] double GlyphPenWidth() const;
+    [[nodiscard]] double GlyphReach(const Glyph& glyph) const;
+    [[nodiscard]] Sprite MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
+                                    int phaseY) const;
+    void Stamp(const PlainTarget& target, const Glyph& glyph, Colour colour,
+               std::span<const Point> positions);
+    void DrawEach(const Glyph& glyph, Colour colour, std::span<const Point> positions);
+
+    /// What was made of a glyph in a colour, by a pen of a width: a sprite for each phase of a
+    /// place within its pixel, empty until it is wanted.
+    using Phases = std::vector<std::optional<Sprite>>;
+
+    QPainter& painter_;
+    QRectF area_;
+    double pixelFactor_;
+    Medium medium_;
+    UserScale scale_;
+    double unitsToDeviceX_ = 1; ///< painter units in a user unit
+    double unitsToDeviceY_ = 1;
+    DrawState state_;
+    QFont font_;
+    std::map<std::tuple<std::string, std::uint32_t, double>, Phases> sprites_;
+};
+
+} // namespace quandrel

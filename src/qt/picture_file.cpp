@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+
+#include "qt/picture_file.h"
+
+#include "core/atomic_file.h"
+#include "core/step_progress.h"
+#include "platform/platform.h"
+#include "qt/band_image.h"
+#include "qt/png_writer.h"
+#include "stereo/drawable_text.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QString>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <string_view>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kPdfResolution = 1200;
+constexpr double kLogicalResolution = 96;
+constexpr double kInchesInAMetre = 1 / 0.0254;
+
+/// Wider or higher pictures are refused: they are mistyped, or hold no more than a smaller one.
+constexpr double kMostPixels = 30000;
+
+struct Picture {
+    PictureSize size;
+    QString title;
+    const DrawPictureOn& draw;
+};
+
+using Encoder = bool (*)(QBuffer& buffer, const Picture& picture);
+
+constexpr const char* kNoMemory = "there is no memory for the picture";
+constexpr std::chrono::milliseconds kBetweenQuestions{150};
+
+/// Shows how many lines are written, and asks whether to go on, from time to time.
+class LineProgress {
+public:
+    /// @param isLong  false for a picture that is too small for any of it
+    LineProgress(int lines, bool isLong)
+        : isLong_(isLong)
+        , progress_(lines, kDrawingWithoutProgress) {}
+
+    /// False once the user wants no more.
+    [[nodiscard]] bool Reach(int line) {
+        const Clock::time_point now = isLong_ ? Clock::now() : lastAsked_;
+        if (now - lastAsked_ < kBetweenQuestions) {
+            return true;
+        }
+        lastAsked_ = now;
+        return !progress_.Reach(line) || !gPlatform.status->CancelRequested();
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    bool isLong_;
+    StepProgress progress_;
+    Clock::time_point lastAsked_ = Clock::now();
+};
+
+/// Writes the lines of a band, as far as the user wants. Gives what is wrong, or nothing.
+std::string WriteLines(const QImage& image, PixelLines lines, PngWriter& writer,
+                       LineProgress& progress) {
+    for (int line = lines.first; line < lines.end; ++line) {
+        if (!writer.WriteLine(reinterpret_cast<const QRgb*>(image.constScanLine(line)))) {
+            return kNoMemory;
+        }
+        if (!progress.Reach(line)) {
+            return kPictureStopped;
+        }
+    }
+    return {};
+}
+
+std::string WritePng(const Picture& picture, const PutBytes& put) {
+    const double scale = picture.size.scale;
+    const QSize size(static_cast<int>(std::lround(picture.size.width * scale)),
+                     static_cast<int>(std::lround(picture.size.height * scale)));
+    const int dotsPerMetre =
+        static_cast<int>(std::lround(kLogicalResolution * scale * kInchesInAMetre));
+    BandImage band(size);
+    PngWriter writer(put);
+    if (band.Image().isNull() || !writer.Begin(size.width(), size.height(), dotsPerMetre)) {
+        return kNoMemory;
+    }
+    const auto lineBytes = static_cast<std::size_t>(band.Image().bytesPerLine());
+    const int step = std::max(1, static_cast<int>(picture.size.bandBytes / lineBytes));
+    LineProgress progress(size.height(), step < size.height());
+    for (int first = 0; first < size.height(); first += step) {
+        const PixelLines lines{first, std::min(first + step, size.height())};
+        band.Draw(lines, [&](QPainter& painter) { picture.draw(painter, scale, Medium::Raster); });
+        if (std::string error = WriteLines(band.Image(), lines, writer, progress); !error.empty()) {
+            return error;
+        }
+        band.Release(lines);
+    }
+    return writer.End() ? "" : kNoMemory;
+}
+
+bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
+    const QSizeF size(picture.size.width, picture.size.height);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setSize(size.toSize());
+    generator.setViewBox(QRectF(QPointF(0, 0), size));
+    generator.setResolution(static_cast<int>(kLogicalResolution));
+    // The generator writes the title as it stands.
+    generator.setTitle(picture.title.toHtmlEscaped());
+    generator.setDescription(QString());
+    QPainter painter;
+    if (!painter.begin(&generator)) {
+        return false;
+    }
+    painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
+    picture.draw(painter, 1, Medium::Vector);
+    return painter.end();
+}
+
+bool EncodePdf(QBuffer& buffer, const Picture& picture) {
+    const QSizeF size(picture.size.width, picture.size.height);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(kPdfResolution);
+    writer.setPageSize(QPageSize(size * 72 / kLogicalResolution, QPageSize::Point, QString(),
+                                 QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    writer.setTitle(picture.title);
+    writer.setCreator(QStringLiteral("Quandrel"));
+    QPainter painter;
+    if (!painter.begin(&writer)) {
+        return false;
+    }
+    picture.draw(painter, kPdfResolution / kLogicalResolution, Medium::Vector);
+    const bool isWhole = painter.end();
+    ForgetTime(buffer.buffer());
+    return isWhole;
+}
+
+/// Writes what an encoder makes in memory.
+template <Encoder encode>
+std::string WriteEncoded(const Picture& picture, const PutBytes& put) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!encode(buffer, picture)) {
+        return kNoMemory;
+    }
+    const QByteArray& bytes = buffer.data();
+    put(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    return {};
+}
+
+using PictureWriter = std::string (*)(const Picture& picture, const PutBytes& put);
+
+PictureWriter WriterFor(const std::string& path) {
+    const QString lower = QString::fromStdString(path).toLower();
+    if (lower.endsWith(QLatin1String(".png"))) {
+        return WritePng;
+    }
+    if (lower.endsWith(QLatin1String(".svg"))) {
+        return WriteEncoded<EncodeSvg>;
+    }
+    return lower.endsWith(QLatin1String(".pdf")) ? WriteEncoded<EncodePdf> : nullptr;
+}
+
+bool IsSensible(const PictureSize& size) {
+    const auto isLength = [](double pixels) { return pixels >= 1 && pixels <= kMostPixels; };
+    return isLength(size.width) && isLength(size.height) && isLength(size.width * size.scale)
+           && isLength(size.height * size.scale);
+}
+
+} // namespace
+
+void ForgetTime(QByteArray& pdf) {
+    const qsizetype start = pdf.indexOf("/CreationDate (D:");
+    const qsizetype end = start < 0 ? -1 : pdf.indexOf(')', start);
+    for (qsizetype i = start; i >= 0 && i <= end; ++i) {
+        pdf[i] = ' ';
+    }
+}
+
+std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
+                        const DrawPictureOn& draw) {
+    const PictureWriter write = WriterFor(path);
+    if (write == nullptr) {
+        return "'" + path + "' ends in none of .png, .svg, .pdf";
+    }
+    if (!IsSensible(size)) {
+        return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";
+    }
+    const Picture picture{size, QString::fromStdString(DrawableText(title)), draw};
+    const std::string error =
+        WriteFileAtomically(path, [&](const PutBytes& put) { return write(picture, put); });
+    if (error.empty() || error == kPictureStopped) {
+        return error;
+    }
+    return "'" + path + "' could not be written: " + error;
+}
+
+} // namespace quandrel

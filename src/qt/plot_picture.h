@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+//
+// The active plot as a picture in a file: the net alone, or with its legend and boxes.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "qt/picture_file.h"
+
+#include <QImage>
+
+#include <string>
+
+namespace quandrel {
+
+enum class PicturePart { WholePlot, NetAlone };
+
+struct PictureOptions {
+    /// Height in pixels of a PNG. Lines, symbols and texts grow with it.
+    int size = 1000;
+    PicturePart part = PicturePart::WholePlot;
+    std::size_t bandBytes = kBytesInBand; ///< of a large PNG, see PictureSize
+};
+
+/// Height of every picture in logical pixels; a vector file is this large, 96 to the inch.
+inline constexpr int kPictureHeight = 600;
+
+/// A file's name for the picture of a plot: that of its data with the ending .png, or its title.
+[[nodiscard]] std::string PictureName(const PlotRecord& record);
+
+/// Draws gActivePlot into a file whose ending says what it is: .png, .svg, .pdf. Nothing is worked
+/// out anew.
+///
+/// @return what SavePicture gives
+[[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
+
+enum class PlotImagePart { Net, Legend };
+
+/// Sizes of the boxes of a plot's window, logical pixels.
+struct PlotBoxSizes {
+    QSize net;
+    QSize legend;
+};
+
+/// The net or the legend of gActivePlot on white, as it stands in its box. Nothing is worked out
+/// anew.
+///
+/// @param density  pixels of the image in a logical pixel
+[[nodiscard]] QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density);
+
+} // namespace quandrel

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+
+#include "recovery/recovery_copy.h"
+
+#include "core/data_format.h"
+#include "core/plot_fields.h"
+#include "core/plot_store.h"
+#include "input/text_file.h"
+#include "persistence/binary_plot_file.h"
+#include "persistence/open_plot.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "stereo/plot_state.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <new>
+#include <span>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+template <class T>
+concept Plain = std::is_arithmetic_v<T>;
+
+/// A running hash of what a plot consists of, eight bytes a step.
+class Fingerprint {
+public:
+    void Bytes(const void* data, std::size_t size) {
+        const auto* bytes = static_cast<const char*>(data);
+        for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, bytes, sizeof(word));
+            Word(word);
+            bytes += sizeof(word);
+        }
+        std::uint64_t tail = size;
+        if (size > 0) { // an empty range may have no address
+            std::memcpy(reinterpret_cast<char*>(&tail) + 1, bytes, size);
+        }
+        Word(tail);
+    }
+
+    template <Plain T>
+    void Add(T value) {
+        Bytes(&value, sizeof(value));
+    }
+
+    void Add(std::string_view text) {
+        Add(text.size());
+        Bytes(text.data(), text.size());
+    }
+
+    void Add(const std::string& text) { Add(std::string_view(text)); }
+
+    void Add(std::monostate) { Add(0); }
+
+    void Add(const TaggedValue& value) {
+        Add(value.index());
+        std::visit([this](const auto& held) { Add(held); }, value);
+    }
+
+    template <class T, std::size_t Count>
+    void Add(const std::array<T, Count>& values) {
+        for (const T& value : values) {
+            Add(value);
+        }
+    }
+
+    template <class T>
+    void Add(const std::vector<T>& values) {
+        Add(values.size());
+        for (const T& value : values) {
+            Add(value);
+        }
+    }
+
+    void Add(const LineNode& node) {
+        Add(node.X);
+        Add(node.Y);
+    }
+
+    void Add(const Annotation& mark) {
+        Add(std::array{mark.X, mark.Y, mark.SymbolType, mark.Colour, mark.Size, mark.lineStyle});
+        Add(mark.Tag);
+        Add(mark.LineNodes);
+    }
+
+    void Add(const SmallCircle& circle) {
+        Add(std::array{circle.LineColour, circle.lineStyle, circle.LineWidth, circle.Visible});
+        Add(circle.Angle);
+        Add(circle.AxisAz);
+        Add(circle.AxisPl);
+    }
+
+    template <class T>
+    void Add(const std::unique_ptr<T>& held) {
+        Add(held != nullptr);
+        if (held != nullptr) {
+            Add(*held);
+        }
+    }
+
+    template <class T>
+    void Rows(const DataColumn<T>& column, int slot) {
+        const std::span<const T> rows = column.Rows(slot);
+        Add(rows.size());
+        Bytes(rows.data(), rows.size_bytes());
+    }
+
+    [[nodiscard]] std::uint64_t Value() const { return value_; }
+
+private:
+    // The finaliser of a 64-bit hash: odd multipliers, the high bits folded onto the low ones.
+    void Word(std::uint64_t word) {
+        value_ = (value_ ^ word) * 0x9e3779b97f4a7c15U;
+        value_ ^= value_ >> 32U;
+    }
+
+    std::uint64_t value_ = 0;
+};
+
+// The names stand behind the plot: texts that each end in a zero byte, then how many bytes these
+// are in kLengthDigits digits, then the mark.
+constexpr std::string_view kNamesMark = "QuandrelRecovery";
+constexpr std::size_t kLengthDigits = 10;
+
+/// The texts of a plot that a binary plot file takes from its own name.
+std::vector<std::string> NamesOf(const PlotRecord& record) {
+    std::vector<std::string> names = {record.PlotTitle, record.SaveFileName, record.FileTitle,
+                                      record.FileHeadLine};
+    const auto addList = [&names](std::span<const std::string> list) {
+        names.push_back(std::to_string(list.size()));
+        names.insert(names.end(), list.begin(), list.end());
+    };
+    const auto files = static_cast<std::size_t>(std::clamp<int>(record.NumFiles, 0, kMaxFiles));
+    addList(std::span(record.FileNames).subspan(1, files));
+    addList(record.MainFiles);
+    for (const std::vector<std::string>& overlay : record.OverlayFiles) {
+        addList(overlay);
+    }
+    return names;
+}
+
+std::string NamesBlock(const PlotRecord& record) {
+    std::string block;
+    for (const std::string& name : NamesOf(record)) {
+        block += name;
+        block += '\0';
+    }
+    const std::string length = std::to_string(block.size());
+    return block + std::string(kLengthDigits - length.size(), '0') + length
+           + std::string(kNamesMark);
+}
+
+/// Takes the texts of a names block one after the other; empty ones behind its end.
+class NamesReader {
+public:
+    explicit NamesReader(std::string_view file) {
+        const std::size_t tail = kLengthDigits + kNamesMark.size();
+        if (file.size() < tail || !file.ends_with(kNamesMark)) {
+            return;
+        }
+        file.remove_suffix(kNamesMark.size());
+        std::size_t length = 0;
+        const char* const end = file.data() + file.size();
+        const auto [rest, error] = std::from_chars(end - kLengthDigits, end, length);
+        file.remove_suffix(kLengthDigits);
+        if (error == std::errc() && rest == end && length <= file.size()) {
+            left_ = file.substr(file.size() - length);
+        }
+    }
+
+    [[nodiscard]] bool AtEnd() const { return left_.empty(); }
+
+    std::string Text() {
+        const std::string_view text = left_.substr(0, left_.find('\0'));
+        left_.remove_prefix(std::min(text.size() + 1, left_.size()));
+        return std::string(text);
+    }
+
+    std::vector<std::string> List() {
+        const std::string digits = Text();
+        std::size_t count = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), count);
+        std::vector<std::string> list;
+        for (std::size_t i = 0; i < count && !AtEnd(); ++i) {
+            list.push_back(Text());
+        }
+        return list;
+    }
+
+private:
+    std::string_view left_;
+};
+
+/// Gives a plot its names back. The copy's own path is no name of the plot's.
+void RestoreNames(PlotRecord& record, NamesReader names) {
+    const bool hasNames = !names.AtEnd();
+    record.PlotTitle =
+        hasNames ? names.Text() : "Plot " + std::to_string(gActivePlot) + ": Recovered";
+    record.SaveFileName = names.Text();
+    record.FileTitle = names.Text();
+    record.FileHeadLine = names.Text();
+    const std::vector<std::string> files = names.List();
+    const std::size_t count = std::min(files.size(), std::size_t{kMaxFiles});
+    record.NumFiles = static_cast<std::int16_t>(count);
+    record.FileNames = {};
+    std::copy_n(files.begin(), count, record.FileNames.begin() + 1);
+    record.MainFiles = names.List();
+    for (std::vector<std::string>& overlay : record.OverlayFiles) {
+        overlay = names.List();
+    }
+}
+
+/// Draws the active plot as any that is opened, and marks it as unsaved.
+void DrawRecovered() {
+    FollowGridOfPlot();
+    if (gPlotStages.acceptRoseSectors && ActiveRecord().PlotKind == kRose) {
+        gPlotStages.acceptRoseSectors();
+    }
+    ReplotActivePlot(false);
+    ActiveRecord().Modified = kTrue;
+}
+
+} // namespace
+
+std::uint64_t FingerprintOf(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    Fingerprint print;
+    VisitPlotFields(record, [&print](const char*, const auto& field) { print.Add(field); });
+    print.Add(record.PlotAnnotations);
+    print.Add(record.PlotSmallCircles);
+    print.Add(record.MainFiles);
+    print.Add(record.OverlayFiles);
+    print.Rows(gDataDip, slot);
+    print.Rows(gDataAz, slot);
+    print.Rows(gDataSymbol, slot);
+    print.Rows(gDataOrder, slot);
+    print.Rows(gData2Dip, slot);
+    print.Rows(gData2Az, slot);
+    print.Rows(gAppLineDip, slot);
+    print.Rows(gAppLineAz, slot);
+    print.Rows(gAppNumeric, slot);
+    for (std::int32_t row = 1; record.HasAppendedText != 0 && row <= record.NumData; ++row) {
+        print.Add(gAppText(slot, row));
+    }
+    return print.Value();
+}
+
+Result<std::string> RecoveryCopyBytes(int slot) {
+    try {
+        Result<std::string> bytes = BinaryPlotBytes(slot);
+        if (bytes) {
+            *bytes += NamesBlock(RecordOf(slot));
+        }
+        return bytes;
+    } catch (const std::bad_alloc&) {
+        return Failure{"there is not enough memory"};
+    }
+}
+
+RecoveredPlot OpenRecoveryCopy(const fs::path& file) {
+    RecoveredPlot recovered{file, 0, {}};
+    const Result<std::string> bytes = FirstBytes(file.string(), kLargestTextFile);
+    if (!bytes) {
+        recovered.problem = bytes.Error();
+        return recovered;
+    }
+    Result<BinaryPlot> plot = ReadBinaryPlot(*bytes);
+    if (!plot) {
+        recovered.problem = plot.Error();
+        return recovered;
+    }
+    const std::int32_t formerPlot = gActivePlot;
+    if (!PrepareNewPlotWindow()) {
+        recovered.problem = "There are too many plot windows.";
+        return recovered;
+    }
+    if (!StoreBinaryPlot(std::move(*plot), file.string(), gActivePlot)) {
+        ClosePlot(gActivePlot);
+        gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
+        recovered.problem = "There is not enough memory for it.";
+        return recovered;
+    }
+    RestoreNames(ActiveRecord(), NamesReader(*bytes));
+    DrawRecovered();
+    recovered.slot = gActivePlot;
+    return recovered;
+}
+
+} // namespace quandrel

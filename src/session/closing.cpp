@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+
+#include "session/closing.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/derived_plots.h"
+#include "edit/girdle_pull.h"
+#include "edit/marquee.h"
+#include "edit/small_circle_pick.h"
+#include "edit/undo.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+#include "rose/rose_shown.h"
+
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+/// A question is up. A second closing has to wait for its answer: both would ask about the same
+/// plots.
+bool asking = false;
+
+class Asking {
+public:
+    Asking() { asking = true; }
+
+    ~Asking() { asking = false; }
+
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+};
+
+/// The answers that hold for all plots that are asked about in one closing.
+struct StandingAnswers {
+    bool saveAll = false;
+    bool skipAll = false;
+};
+
+std::string QuestionAbout(int slot) {
+    std::string caption = FormOf(slot).Caption();
+    caption.erase(caption.find_last_not_of(' ') + 1); // captions of windows end with blanks
+    return caption
+           + ":\nThe data in this plot is new or has been changed and has not been saved.\nSave "
+             "it?";
+}
+
+[[nodiscard]] bool SaveOne(int slot, SaveKind kind) {
+    const PlotInWork work(slot);
+    return SaveAsciiPlot(kind) == SaveOutcome::Saved;
+}
+
+/// The question about one plot alone.
+[[nodiscard]] bool AskAboutOne(int slot) {
+    FormOf(slot).Raise();
+    const Message question{gCaption, QuestionAbout(slot), Icon::Question, Buttons::YesNoCancel};
+    switch (gPlatform.prompts->Ask(question)) {
+    case Button::Yes:
+        return SaveOne(slot, SaveKind::Save);
+    case Button::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The question about one of several plots, whose answer may hold for those behind it.
+[[nodiscard]] bool AskAboutOneOfAll(int slot, StandingAnswers& standing) {
+    FormOf(slot).Raise();
+    const std::string title = "Quandrel   " + RecordOf(slot).PlotTitle;
+    switch (gPlatform.prompts->AskSavePlots(title, QuestionAbout(slot))) {
+    case SaveAnswer::SaveAll:
+        standing.saveAll = true;
+        return SaveOne(slot, SaveKind::SaveAll);
+    case SaveAnswer::SaveThis:
+        return SaveOne(slot, SaveKind::Save);
+    case SaveAnswer::SkipAll:
+        standing.skipAll = true;
+        return true;
+    case SaveAnswer::SkipThis:
+        return true;
+    case SaveAnswer::Cancel:
+        break;
+    }
+    return false;
+}
+
+[[nodiscard]] bool Query(int slot, Closing closing, StandingAnswers& standing) {
+    if (standing.skipAll || !HoldsUnsavedData(slot)) {
+        return true;
+    }
+    if (standing.saveAll) {
+        return SaveOne(slot, SaveKind::SaveAll);
+    }
+    return closing == Closing::Application && CountOpenPlots() > 1
+               ? AskAboutOneOfAll(slot, standing)
+               : AskAboutOne(slot);
+}
+
+/// The open plots by their slots, the active one first.
+std::vector<int> OpenSlots() {
+    std::vector<int> slots;
+    if (IsOpenSlot(gActivePlot)) {
+        slots.push_back(gActivePlot);
+    }
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (slot != gActivePlot && IsOpenSlot(slot)) {
+            slots.push_back(slot);
+        }
+    }
+    return slots;
+}
+
+/// What is under way on a plot, or kept of it, ends.
+void LeaveEditsOf(int slot) {
+    if (slot == gActivePlot) {
+        CancelGirdlePull();
+        EndSmallCirclePick();
+    }
+    ClearSelectionOf(slot);
+    ForgetUndo(slot);
+}
+
+} // namespace
+
+bool HoldsUnsavedData(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    if (record.Modified != 0) {
+        return true;
+    }
+    // What was worked out from another plot can be worked out again.
+    return record.AxesTitle.empty() && record.NumFiles == 0 && record.NumValidData > 0;
+}
+
+void CloseWithLinks(int slot) {
+    LeaveEditsOf(slot);
+    BreakDerivedLinks(slot);
+    ClosePlot(slot);
+    ForgetRoseOfPlot(slot);
+}
+
+bool QueryClose(int slot, Closing closing) {
+    StandingAnswers standing;
+    return Query(slot, closing, standing);
+}
+
+bool ClosePlotWindow(int slot) {
+    if (asking || !IsOpenSlot(slot)) {
+        return false;
+    }
+    const Asking once;
+    if (!QueryClose(slot)) {
+        return false;
+    }
+    CloseWithLinks(slot);
+    return true;
+}
+
+bool CloseAllPlots(Closing closing) {
+    if (asking) {
+        return false;
+    }
+    const Asking once;
+    StandingAnswers standing;
+    for (const int slot : OpenSlots()) {
+        if (!Query(slot, closing, standing)) {
+            return false;
+        }
+    }
+    for (const int slot : OpenSlots()) {
+        CloseWithLinks(slot);
+    }
+    return true;
+}
+
+bool SaveAllPlots() {
+    bool allSaved = true;
+    for (const int slot : OpenSlots()) {
+        if (!HoldsUnsavedData(slot)) {
+            continue;
+        }
+        const PlotInWork work(slot);
+        const SaveOutcome outcome = SaveAsciiPlot(SaveKind::SaveAll);
+        if (outcome == SaveOutcome::Cancelled) {
+            return false;
+        }
+        allSaved = allSaved && outcome == SaveOutcome::Saved;
+    }
+    return allSaved;
+}
+
+} // namespace quandrel

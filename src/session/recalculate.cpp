@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+
+#include "session/recalculate.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "derive/secondary_data.h"
+#include "rose/rose_sectors.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "stereo/plot_state.h"
+
+namespace quandrel {
+
+void RecalculateActivePlot() {
+    ForgetAcceptedSectorSize();
+    RefreshSecondaryOverlay();
+    ReplotActivePlot(true);
+}
+
+void UseFormulas(Formulas formulas) {
+    gFormulas = formulas;
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (!IsOpenSlot(slot)) {
+            continue;
+        }
+        const PlotInWork work(slot);
+        if (ActiveRecord().PlotKind != kRose && gPlotStages.computeFabricStatistics) {
+            gPlotStages.computeFabricStatistics();
+        }
+        RedrawPlot(slot); // a rose is stale under other formulas
+        if (gPlotStages.writeStatistics) {
+            gPlotStages.writeStatistics();
+        }
+    }
+}
+
+} // namespace quandrel

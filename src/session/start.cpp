@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+
+#include "session/start.h"
+
+#include "classify/class_legend.h"
+#include "classify/classification.h"
+#include "classify/value_grid.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/recent_files.h"
+#include "core/settings.h"
+#include "density/contours.h"
+#include "density/density_legend.h"
+#include "density/grid_density.h"
+#include "density/point_density.h"
+#include "derive/slip_arrows.h"
+#include "edit/annotations.h"
+#include "edit/small_circles.h"
+#include "input/file_loading.h"
+#include "mapinfo/geo_link.h"
+#include "mapinfo/map_link.h"
+#include "persistence/open_plot.h"
+#include "persistence/workspace_file.h"
+#include "platform/platform.h"
+#include "print/print_run.h"
+#include "rose/rose_legend.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_sectors.h"
+#include "statistics/axis_statistics.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/statistics_texts.h"
+#include "stereo/plot_stages.h"
+
+#include <filesystem>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kStartRose = 1;
+constexpr int kStartBlank = 2;
+constexpr int kStartMapLink = 3;
+constexpr int kStartWorkspace = 6;
+
+constexpr const char* kEndOfOptions = "--";
+constexpr const char* kUsage =
+    "Usage: quandrel [OPTION]... [FILE]...\n"
+    "Stereonets and rose diagrams for structural geologists.\n"
+    "Each FILE is opened: a data file, a plot file (.qpx) or a workspace (.qwo).\n\n"
+    "  -h, --help     print this and leave\n"
+    "  -v, --version  print the version and leave\n\n"
+    "The options of all Qt programs, such as -style, are understood too.\n"
+    "For scripts there is quandrel-batch.\n";
+
+bool OpenRecentFile(std::size_t number) {
+    if (number < 1 || number > gRecentFiles.size()) {
+        return false;
+    }
+    const std::string path = gRecentFiles[number - 1];
+    if (OpenPlotFile("File" + path) != kLoadError) {
+        return true;
+    }
+    // A file that has gone was told of, and is not offered again.
+    std::error_code unreadable;
+    if (!std::filesystem::exists(path, unreadable)) {
+        RemoveRecentFile(path);
+    }
+    return false;
+}
+
+} // namespace
+
+void ConnectPlotStages() {
+    gPlotStages = {};
+    gPlotStages.computePointDensities = ComputePointDensities;
+    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
+    gPlotStages.computeGridDensity = ComputeGridDensity;
+    gPlotStages.drawGridSymbols = DrawGridSymbols;
+    gPlotStages.traceContours = TraceContours;
+    gPlotStages.drawValueGrid = DrawValueGrid;
+    gPlotStages.traceContoursClassified = TraceContoursClassified;
+    gPlotStages.refreshClassification = RefreshClassification;
+    gPlotStages.classLegend = ClassLegendLines;
+    gPlotStages.bandLegend = BandLegendLines;
+    gPlotStages.drawSmallCircles = DrawSmallCircles;
+    gPlotStages.drawAnnotations = DrawAnnotations;
+    gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
+    gPlotStages.slipSenseIsTold = [] { return SlipArrowsTellSense(gActivePlot); };
+    gPlotStages.axisLegend = AxisLegendTexts;
+    gPlotStages.drawRose = RosePlot;
+    gPlotStages.roseLegend = RoseLegendLines;
+    gPlotStages.acceptRoseSectors = AcceptSectorSize;
+    gPlotStages.writeStatistics = [] {
+        if (ActiveRecord().PlotKind != kRose) { // a rose writes its own as it is drawn
+            WriteStatsBox();
+            WriteFabricBox();
+        }
+    };
+}
+
+void InitialiseApplication() {
+    gDecimalIsComma = gPlatform.decimalIsComma;
+    ConnectPlotStages();
+    FollowRowsOfPlots();
+    LoadSettings();
+    ListPrinters();
+    gPlotKind = kEqualArea;
+    gPlotDataKind = kPlanes;
+    MakeStoreTables();
+}
+
+std::string GetCommandLineFile(const std::vector<std::string>& arguments) {
+    std::string path;
+    for (const std::string& argument : arguments) {
+        path += (path.empty() ? "" : " ") + argument;
+    }
+    std::error_code unreadable;
+    return std::filesystem::is_regular_file(path, unreadable) ? path : std::string();
+}
+
+std::optional<AnswerOnTerminal> AnswerToOptions(const std::vector<std::string>& arguments) {
+    if (!GetCommandLineFile(arguments).empty()) {
+        return std::nullopt;
+    }
+    for (const std::string& argument : arguments) {
+        std::error_code unreadable;
+        if (argument == kEndOfOptions) {
+            break;
+        }
+        if (argument == "--help" || argument == "-h") {
+            return AnswerOnTerminal{kUsage};
+        }
+        if (argument == "--version" || argument == "-v") {
+            return AnswerOnTerminal{std::string(gCaption) + "\n"};
+        }
+        if (argument.size() > 1 && argument.starts_with('-')
+            && !std::filesystem::is_regular_file(argument, unreadable)) {
+            return AnswerOnTerminal{
+                "quandrel: '" + argument + "' is no option; see quandrel --help\n", 2};
+        }
+    }
+    return std::nullopt;
+}
+
+NamedFiles FilesOfCommandLine(const std::vector<std::string>& arguments) {
+    NamedFiles named;
+    if (const std::string whole = GetCommandLineFile(arguments); !whole.empty()) {
+        named.files.push_back(whole);
+        return named;
+    }
+    bool isAfterOptions = false;
+    for (const std::string& argument : arguments) {
+        if (argument == kEndOfOptions && !isAfterOptions) {
+            isAfterOptions = true;
+            continue;
+        }
+        std::error_code unreadable;
+        const bool isFile = std::filesystem::is_regular_file(argument, unreadable);
+        (isFile ? named.files : named.missing).push_back(argument);
+    }
+    return named;
+}
+
+std::string TextOfMissing(const NamedFiles& named) {
+    if (named.missing.empty()) {
+        return {};
+    }
+    std::string text =
+        named.missing.size() == 1 ? "This file was not found:" : "These files were not found:";
+    for (const std::string& path : named.missing) {
+        text += "\n" + path;
+    }
+    return text;
+}
+
+bool IntroStart(int index) {
+    if (index >= kFirstRecentFile) {
+        return OpenRecentFile(static_cast<std::size_t>(index % 10));
+    }
+    if (index == kStartBlank) {
+        return OpenPlotFile(kBlankCommand) != kLoadError;
+    }
+    if (index == kStartWorkspace) {
+        const std::optional<std::string> path = WorkspaceFileDialog(WorkspaceDialog::Open);
+        return path && OpenPlotFile("File" + *path) != kLoadError;
+    }
+    if (index == kStartMapLink) {
+        static_cast<void>(StartMapInfoLink());
+        return false; // no plot has come of it yet
+    }
+    const std::int16_t formerKind = gPlotKind;
+    if (index == kStartRose) {
+        gPlotKind = kRose;
+    }
+    const bool opened = OpenPlotFile(kNewCommand) != kLoadError;
+    if (!opened) {
+        gPlotKind = formerKind;
+    }
+    return opened;
+}
+
+} // namespace quandrel

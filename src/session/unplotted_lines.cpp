@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+
+#include "session/unplotted_lines.h"
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "input/load_report.h"
+#include "persistence/workspace_file.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+bool HasErrorLines() {
+    return !gErrorLines[static_cast<std::size_t>(gActivePlot)].empty();
+}
+
+/// True for a plot that the workspace opened.
+bool ComesFrom(const OpenedWorkspace& workspace, const PlotRecord& record) {
+    return std::ranges::find_first_of(record.FileNames, workspace.opened) != record.FileNames.end();
+}
+
+/// The files that did not open with the active plot, a line each; empty when there are none.
+std::string MissingFilesText() {
+    const OpenedWorkspace& workspace = LastOpenedWorkspace();
+    if (workspace.missing.empty() || !ComesFrom(workspace, ActiveRecord())) {
+        return {};
+    }
+    std::string text =
+        TextOfOpening(workspace) + " of the workspace " + workspace.path + ".\nNot opened:\n";
+    for (const std::string& path : workspace.missing) {
+        text += path + "\n";
+    }
+    return text;
+}
+
+/// The lines that are no data, by their row.
+std::string ErrorLinesText() {
+    const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
+    std::vector<std::pair<std::int32_t, std::string>> ordered(lines.begin(), lines.end());
+    std::sort(ordered.begin(), ordered.end());
+    std::string text;
+    if (const auto load = gPlotLoads.find(gActivePlot); load != gPlotLoads.end()) {
+        text = LoadText(load->second) + "\n\n";
+    }
+    text += "row\tline\n";
+    for (const auto& [row, line] : ordered) {
+        text += std::to_string(row) + "\t" + line + "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+bool HasUnplottedLines() {
+    return IsOpenSlot(gActivePlot) && (HasErrorLines() || !MissingFilesText().empty());
+}
+
+std::string UnplottedLinesText() {
+    if (!HasUnplottedLines()) {
+        return {};
+    }
+    std::string text = MissingFilesText();
+    if (HasErrorLines()) {
+        text += (text.empty() ? "" : "\n") + ErrorLinesText();
+    }
+    return text;
+}
+
+std::string OpeningText() {
+    const OpenedWorkspace& workspace = LastOpenedWorkspace();
+    if (!gRecentFiles.empty() && gRecentFiles.front() == workspace.path) {
+        return TextOfOpening(workspace);
+    }
+    const auto load = gPlotLoads.find(gActivePlot);
+    const bool hasLoad = IsOpenSlot(gActivePlot) && ActiveRecord().NumFiles > 0;
+    return hasLoad && load != gPlotLoads.end() ? LoadText(load->second) : std::string();
+}
+
+} // namespace quandrel

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+
+#include "session/window_state.h"
+
+#include "core/data_format.h"
+#include "core/letter_case.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "edit/clipboard_text.h"
+#include "edit/marquee.h"
+#include "edit/undo.h"
+#include "persistence/binary_plot_file.h"
+#include "platform/platform.h"
+#include "statistics/confidence_cone.h"
+#include "stereo/plot_stages.h"
+
+namespace quandrel {
+
+namespace {
+
+/// True when the plots of a mode can be drawn: the densities may not be there.
+bool CanDrawMode(int mode) {
+    switch (mode) {
+    case kPointDensitySymbols:
+        return static_cast<bool>(gPlotStages.computePointDensities);
+    case kGridDensitySymbols:
+        return gPlotStages.computeGridDensity && gPlotStages.drawGridSymbols;
+    case kContours:
+        return gPlotStages.computeGridDensity && gPlotStages.traceContours;
+    case kContoursAndGrid:
+        return CanDrawMode(kGridDensitySymbols) && CanDrawMode(kContours);
+    default:
+        return true;
+    }
+}
+
+/// The drawing mode of a symbol button 0 to 6. There is no button of mode 2.
+int ModeOfButton(int button) {
+    return button < 2 ? button : button + 1;
+}
+
+bool IsGridMode(int mode) {
+    return mode == kGridDensitySymbols || mode == kContours || mode == kContoursAndGrid;
+}
+
+/// The symbol buttons of a plot with overlays act on the top one, and only on planes.
+void SetTopOverlayButtons(ToolbarState& state, const PlotRecord& record) {
+    const std::int16_t kind = record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[0])];
+    const bool isOfPlanes = kind <= kOverlayPoles;
+    state.symbols[0] = {isOfPlanes, kind == kOverlayGreatCircles};
+    state.symbols[1] = {isOfPlanes, kind != kOverlayGreatCircles};
+}
+
+void SetModeButtons(ToolbarState& state, const PlotRecord& record) {
+    if (!state.hasRows || !state.isStereo) {
+        return;
+    }
+    if (record.OverlayRows[0] > 0) {
+        SetTopOverlayButtons(state, record);
+        return;
+    }
+    const int mode =
+        record.PlotSymbolMode == kPointSymbolsToo ? kPointSymbols : int{record.PlotSymbolMode};
+    for (int button = 0; button < kOverlaySecondaryButton; ++button) {
+        const int own = ModeOfButton(button);
+        state.symbols[static_cast<std::size_t>(button)] = {CanDrawMode(own), own == mode};
+    }
+}
+
+void SetSecondaryButtons(ToolbarState& state, const PlotRecord& record) {
+    const bool hasSecondary = record.SecondaryFormat != kNoSecondary && state.hasRows;
+    state.secondary[0] = {hasSecondary && record.OverlayRows[0] == 0, record.ShowSecondary != 0};
+    state.secondary[1] = {hasSecondary && state.isStereo, record.SelectedOverlay > 0};
+    state.symbols[kOverlaySecondaryButton] = state.secondary[1];
+    for (int option = 0; option < 3; ++option) {
+        state.symbols[static_cast<std::size_t>(kOverlaySecondaryButton + 1 + option)] = {
+            hasSecondary && state.isStereo, record.NumSymbolsInPlot == option + 1};
+    }
+}
+
+void SetDisplayButtons(ToolbarState& state) {
+    for (int button = 0; button < kDisplayButtons; ++button) {
+        const bool isOfRose = button >= kShowRoseScale;
+        const bool fits = isOfRose ? !state.isStereo : button != kShowGirdles || state.isStereo;
+        const bool exists = button != kShowStatistics || gPlotStages.writeStatistics;
+        state.display[static_cast<std::size_t>(button)] = {fits && exists, IsPlotPartShown(button)};
+    }
+}
+
+void SetTypeButtons(ToolbarState& state, int plotKind, int dataKind, bool isOfDirections) {
+    for (int kind = kEqualArea; kind <= kRose; ++kind) {
+        state.plotTypes[static_cast<std::size_t>(kind - 1)] = {true, kind == plotKind};
+    }
+    for (int kind = kPlanes; kind <= kPolarLines; ++kind) {
+        state.dataTypes[static_cast<std::size_t>(kind - 1)] = {kind != kPlanes || !isOfDirections,
+                                                               kind == dataKind};
+    }
+}
+
+bool HasAnnotations(const PlotRecord& record) {
+    return record.PlotAnnotations != nullptr && !record.PlotAnnotations->empty();
+}
+
+std::string PasteCaption(ClipboardKind kind) {
+    switch (kind) {
+    case ClipboardKind::OwnRows:
+    case ClipboardKind::Marks:
+        return "&Paste selection";
+    case ClipboardKind::Companion:
+        return "&Paste from Velmixoration";
+    default:
+        return "&Paste external data";
+    }
+}
+
+bool HasSelectionOn(int slot) {
+    return MarqueeStandsOn(slot) || !SelectedRowsOf(slot).empty();
+}
+
+/// Rows of the overlay of the secondary data belong to the main rows, those of a linked plot to a
+/// table: neither are taken out here.
+bool KeepsItsRows(const PlotRecord& record) {
+    const bool hasSecondaryBelow =
+        record.SelectedOverlay > 0 && record.SelectedOverlay != record.OverlayRows[0];
+    return hasSecondaryBelow || record.MapInfoLinked != 0;
+}
+
+/// The items that are about the selection of the active plot.
+void SetSelectionItems(EditMenuState& state, const PlotRecord& record) {
+    const bool isRows = gActiveLayer == kDataLayer;
+    const bool isBeta = isRows && record.PlotSymbolMode == kBetaIntersections;
+    const bool keepsRows = isRows && KeepsItsRows(record);
+    state.copy = true;
+    state.copyAllFields = HasFurtherFields(gActivePlot);
+    state.cut = !isBeta && !keepsRows;
+    state.remove = state.cut;
+    state.changeSymbol = !isBeta;
+}
+
+} // namespace
+
+ToolbarState StateOfToolbar() {
+    ToolbarState state;
+    state.hasPlot = IsOpenSlot(gActivePlot);
+    if (!state.hasPlot) {
+        SetTypeButtons(state, gPlotKind, gPlotDataKind, false);
+        return state;
+    }
+    const PlotRecord& record = ActiveRecord();
+    state.hasRows = record.NumValidData > 0;
+    state.isStereo = record.PlotKind != kRose;
+    state.hasSeveralPlots = CountOpenPlots() > 1;
+    state.showsLegend = IsPlotPartShown(kShowLegend);
+    SetTypeButtons(state, record.PlotKind, record.DataKind, record.PrimaryFormat <= kDirections);
+    SetModeButtons(state, record);
+    SetSecondaryButtons(state, record);
+    SetDisplayButtons(state);
+    state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
+    state.confidenceCone = {state.isStereo && ConfidenceConeAngle(record, gFormulas).has_value(),
+                            record.ShowConfidenceCone};
+    state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
+                          && record.SecondaryFormat == kSecondaryPlane;
+    state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode)
+                        && CanDrawMode(record.PlotSymbolMode);
+    return state;
+}
+
+MenuCaptions CaptionsOfMenus() {
+    const bool hasPlot = IsOpenSlot(gActivePlot);
+    const bool showsSecondary = hasPlot && ActiveRecord().ShowSecondary != 0;
+    const bool showsAnnotations = hasPlot && ActiveRecord().ShowAnnotations != 0;
+    const bool isAdvanced = hasPlot && ActiveRecord().StatsBoxKind != 0;
+    MenuCaptions captions;
+    const bool hasOverlays = hasPlot && ActiveRecord().OverlayRows[0] > 0;
+    const std::string ofWhat = hasOverlays ? " (top overlay)" : "";
+    captions.greatCircles = "Great C&ircles" + ofWhat;
+    captions.pointSymbols = "Point &symbols" + ofWhat;
+    captions.plotSecondary = showsSecondary ? "Plot Primar&y Data" : "Plot Secondar&y Data";
+    captions.viewAdvStats =
+        isAdvanced ? "Use Normal Statistics Box" : "Use Advanced Statistics Box";
+    captions.viewAnnotations = showsAnnotations ? "Hide Ann&otations" : "Show Ann&otations";
+    captions.annotationTip = showsAnnotations ? "Hide annotation points" : "Show annotation points";
+    return captions;
+}
+
+EditMenuState StateOfEditMenu() {
+    EditMenuState state;
+    if (!IsOpenSlot(gActivePlot)) {
+        return state;
+    }
+    const PlotRecord& record = ActiveRecord();
+    state.changeSymbol = record.OverlayRows[0] >= 1;
+    state.unselect = HasSelectionOn(gMarqueeSlot);
+    if (HasSelectionOn(gActivePlot)) {
+        SetSelectionItems(state, record);
+    } else {
+        state.copy = state.unselect; // from the plot where the selection is
+    }
+    state.selectAll = record.NumLoadedData > 0 || HasAnnotations(record);
+    state.removeOverlay =
+        record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
+    state.removeAnnotation = HasAnnotations(record);
+    return state;
+}
+
+bool HasRawFiles() {
+    if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles < 1) {
+        return false;
+    }
+    const std::string& path = ActiveRecord().FileNames[1];
+    return !path.empty() && !LowerCase(path).ends_with(kBinaryEnding);
+}
+
+std::string HintOfActivePlot() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return {};
+    }
+    const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind == kRose) {
+        return record.NumValidData > 0 ? "Rest the pointer on a petal to read it" : "";
+    }
+    const bool showsRowsAlone = record.PlotSymbolMode != kBetaIntersections;
+    return gActiveLayer == kAnnotationLayer || showsRowsAlone ? gHintText : "";
+}
+
+UndoState StateOfUndo() {
+    UndoState state;
+    state.undo.enabled = CanUndo();
+    state.redo.enabled = CanRedo();
+    state.undoCaption = UndoCaption();
+    state.redoCaption = RedoCaption();
+    return state;
+}
+
+PasteState StateOfPaste() {
+    PasteState state;
+    if (!IsOpenSlot(gActivePlot)) {
+        return state;
+    }
+    if (const ClipboardKind kind = KindOfClipboard(); kind != ClipboardKind::Empty) {
+        state.enabled = true;
+        state.caption = PasteCaption(kind);
+    }
+    return state;
+}
+
+void PressPlotType(int button) {
+    const auto kind = static_cast<std::int16_t>(button + 1);
+    if (IsOpenSlot(gActivePlot)) {
+        ChangePlotKind(kind);
+    } else if (!gBusy) {
+        gPlotKind = kind;
+    }
+}
+
+void PressDataType(int button) {
+    const auto kind = static_cast<std::int16_t>(button + 1);
+    if (IsOpenSlot(gActivePlot)) {
+        // What the user answers shows in the buttons, which follow the record.
+        static_cast<void>(ChangeDataKind(kind));
+    } else if (!gBusy) {
+        gPlotDataKind = kind;
+    }
+}
+
+} // namespace quandrel

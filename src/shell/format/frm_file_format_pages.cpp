@@ -1,0 +1,531 @@
+// SPDX-License-Identifier: MIT
+//
+// The controls of the data format dialog and where they stand.
+
+#include "shell/controls/picture_box.h"
+#include "shell/controls/text_boxes.h"
+#include "shell/format/format_grid.h"
+#include "shell/format/frm_file_format.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyledItemDelegate>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kLongestName = 254;
+constexpr int kSymbolBoxSize = 40;
+constexpr int kArrowRoom = 26;     ///< of a list, and of its frame
+constexpr int kNameArrowRoom = 30; ///< of a list that is typed into
+
+struct OptionText {
+    const char* caption;
+    const char* tip;
+};
+
+constexpr OptionText kPrimaryOptions[] = {
+    {"Directions", "A line of the file holds an azimuth alone"},
+    {"Plane", "A line of the file holds a dip and a dip direction or strike"},
+    {"Line", "A line of the file holds a plunge and a trend"},
+};
+
+constexpr OptionText kSecondaryOptions[] = {
+    {"None", "The lines of the file hold one orientation"},
+    {"Line", "A second pair of columns holds plunge and trend of a line"},
+    {"Plane", "A second pair of columns holds a plane"},
+    {"Line Pitch in Primary Plane",
+     "A column holds the angle of a line from the strike, within the primary plane"},
+    {"Line Trend in Primary Plane",
+     "A column holds the trend of a line that lies in the primary plane"},
+    {"Line as 360\u00b0 Hade in Prim.Plane",
+     "A column holds the angle of a line within the primary plane, counted from the strike "
+     "through a full turn"},
+};
+
+constexpr OptionText kAppendedOptions[] = {
+    {"Line (fold axis, sample line, etc", "Two further columns hold a line that goes with the row"},
+    {"Numeric value", "A further column holds a number that goes with the row"},
+    {"Alphanumeric", "A further column holds a text that goes with the row"},
+};
+
+constexpr OptionText kPlaneOptions[] = {
+    {"Dip,Dip Dir'n", "45  120"},
+    {"Dip Dir'n,Dip", "120  45"},
+    {"Strike,Dip,Sense", "030  45  SE, or 030  45SE"},
+    {"Dip,Sense,Strike", "45  SE  030, or 45SE  030"},
+    {"Dip,Strike (RH rule)", "45  030: the plane dips to the right of the strike"},
+    {"Strike,Dip (RH rule)", "030  45: the plane dips to the right of the strike"},
+};
+
+constexpr OptionText kLineOptions[] = {
+    {"Plunge, Trend", "20  145"},
+    {"Trend, Plunge", "145  20"},
+};
+
+constexpr OptionText kNotationOptions[] = {
+    {"Quadrant notation", "S35E"},
+    {"Azimuth notation", "145"},
+};
+
+constexpr OptionText kNegativePlungeOptions[] = {
+    {"the line's lower end",
+     "-30  120 lies in the line 30  120 and points the other way, up toward "
+     "300"},
+    {"the end it points to", "-30  120 points up toward 120: the way of palaeomagnetic directions. "
+                             "It is stored as -30  300, by its lower end"},
+};
+
+constexpr OptionText kKinds[] = {
+    {"&Planes", "Planes are plotted by their poles, with great circles"},
+    {"&Lines", "Lines are plotted where they pierce the lower hemisphere, upward or not"},
+    {"P&olar Lines", "Lines keep their sense: upward ones have a symbol of their own"},
+};
+
+QString Numbered(const char* name, int index) {
+    return QString("%1_%2").arg(name).arg(index);
+}
+
+QRadioButton* MakeOption(const char* name, int index, const OptionText& text, QButtonGroup* group) {
+    auto* option = new QRadioButton(text.caption);
+    option->setObjectName(Numbered(name, index));
+    option->setToolTip(text.tip);
+    group->addButton(option, index);
+    return option;
+}
+
+QComboBox* MakeList(const char* name, int index, const QString& accessibleName) {
+    auto* list = new QComboBox;
+    list->setObjectName(Numbered(name, index));
+    list->setAccessibleName(accessibleName);
+    return list;
+}
+
+QLabel* MakeLabel(const QString& name, const QString& text = {}) {
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QGroupBox* MakeBox(const char* name, const QString& title) {
+    auto* box = new QGroupBox(title);
+    box->setObjectName(name);
+    return box;
+}
+
+/// Shows the heading of a column behind its number, in the list alone: the box has no room for it.
+class ColumnDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QString heading = index.data(Qt::UserRole).toString();
+        if (!heading.isEmpty()) {
+            option->text += "  " + heading;
+        }
+    }
+};
+
+/// Adds a name to a list, which shows each of its names whole.
+void AddName(QComboBox& list, const char* name) {
+    list.addItem(name);
+    const int width = list.fontMetrics().horizontalAdvance(name) + kNameArrowRoom;
+    list.setMinimumWidth(std::max(list.minimumWidth(), width));
+}
+
+void KeepRoomWhenHidden(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
+} // namespace
+
+void frmFileFormat::MakePages() {
+    tabConventions = new QTabWidget;
+    tabConventions->setObjectName("tabConventions");
+    tabConventions->addTab(MakeColumnsPage(), "&Columns");
+    tabConventions->addTab(MakeConventionsPage(), "Con&ventions");
+    auto* side = new QVBoxLayout;
+    side->addWidget(MakePlotBox());
+    side->addWidget(MakeSymbolBox());
+    side->addStretch(1);
+    auto* top = new QHBoxLayout;
+    top->addWidget(tabConventions, 1);
+    top->addLayout(side);
+    grdDataFormat = new FormatGrid(this);
+    grdDataFormat->setObjectName("grdDataFormat");
+    grdDataFormat->setAccessibleName("First lines of the file");
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top);
+    layout->addWidget(MakeFileLine());
+    layout->addWidget(MakeMismatchLine());
+    layout->addWidget(lblPreview);
+    layout->addWidget(grdDataFormat, 1);
+    layout->addWidget(MakeButtonLine());
+    cmdButtons[0]->setDefault(true);
+}
+
+void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
+    auto* grid = box->findChild<QGridLayout*>("layColumns");
+    const auto index = static_cast<std::size_t>(slot);
+    lblColumns[index] = MakeLabel(Numbered("lblColumns", slot));
+    lblColumns[index]->setMargin(3);
+    lblColumns[index]->setAlignment(Qt::AlignCenter);
+    cboColumns[index] = MakeList("cboColumns", slot, {});
+    cboColumns[index]->setToolTip("The column of the file that holds this item");
+    cboColumns[index]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cboColumns[index]->setMinimumContentsLength(2);
+    // Room for a number and the arrow, none for the icon that a list could have.
+    cboColumns[index]->setMinimumWidth(fontMetrics().horizontalAdvance("000") + kArrowRoom);
+    cboColumns[index]->setItemDelegate(new ColumnDelegate(cboColumns[index]));
+    lblColumns[index]->setBuddy(cboColumns[index]);
+    const int column = grid->count() / 2;
+    grid->addWidget(lblColumns[index], 0, column);
+    grid->addWidget(cboColumns[index], 1, column);
+    grid->setColumnStretch(column, 1);
+}
+
+QWidget* frmFileFormat::MakeColumnsPage() {
+    auto* boxes = new QHBoxLayout;
+    boxes->addWidget(MakePrimaryBox(), 3);
+    boxes->addWidget(MakeSecondaryBox(), 4);
+    boxes->addWidget(MakeAppendedBox(), 4);
+    chkSaveSettings[0] = new QCheckBox("Save col&umn settings");
+    chkSaveSettings[0]->setObjectName("chkSaveSettings_0");
+    chkSaveSettings[0]->setToolTip("On OK the columns are kept for the next start of the program");
+    chkSaveSettings[2] = new QCheckBox("Save &name settings");
+    chkSaveSettings[2]->setObjectName("chkSaveSettings_2");
+    chkSaveSettings[2]->setToolTip(
+        "On OK the names of number and text are kept for the next start of the program");
+    cmdUseSaved = new QPushButton("Use sav&ed column settings");
+    cmdUseSaved->setObjectName("cmdUseSaved");
+    cmdInitialColumns = new QPushButton("Columns in o&rder");
+    cmdInitialColumns->setObjectName("cmdInitialColumns");
+    cmdInitialColumns->setToolTip("Takes the items from the first column on, in the order of the "
+                                  "format and the conventions");
+    auto* saves = new QHBoxLayout;
+    saves->addWidget(cmdInitialColumns);
+    saves->addWidget(cmdUseSaved);
+    saves->addStretch(1);
+    saves->addWidget(chkSaveSettings[0]);
+    saves->addSpacing(12);
+    saves->addWidget(chkSaveSettings[2]);
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(boxes, 1);
+    layout->addLayout(saves);
+    return page;
+}
+
+QGroupBox* frmFileFormat::MakePrimaryBox() {
+    auto* box = MakeBox("fraPrimary", "Pr&imary data");
+    auto* layout = new QVBoxLayout(box);
+    auto* group = new QButtonGroup(box);
+    for (int code = kDirections; code <= kPrimaryLine; ++code) {
+        auto* option = MakeOption("optPrimary", code, kPrimaryOptions[code - 1], group);
+        optPrimary[static_cast<std::size_t>(code)] = option;
+        layout->addWidget(option);
+    }
+    layout->addStretch(1);
+    auto* grid = new QGridLayout;
+    grid->setObjectName("layColumns");
+    layout->addLayout(grid);
+    for (const int slot : {kSlotDip, kSlotDirection, kSlotSense}) {
+        AddSelector(box, slot);
+    }
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakeSecondaryBox() {
+    auto* box = MakeBox("fraSecondary", "&Secondary data");
+    auto* layout = new QVBoxLayout(box);
+    auto* group = new QButtonGroup(box);
+    for (std::size_t i = 0; i < optSecondary.size(); ++i) {
+        optSecondary[i] =
+            MakeOption("optSecondary", static_cast<int>(i), kSecondaryOptions[i], group);
+        layout->addWidget(optSecondary[i]);
+    }
+    layout->addStretch(1);
+    lblOtherData[0] = MakeLabel("lblOtherData_0", "No Secondary data");
+    KeepRoomWhenHidden(*lblOtherData[0]);
+    layout->addWidget(lblOtherData[0]);
+    auto* grid = new QGridLayout;
+    grid->setObjectName("layColumns");
+    layout->addLayout(grid);
+    for (const int slot : {kSlotSecondaryDip, kSlotSecondaryDirection, kSlotSecondarySense}) {
+        AddSelector(box, slot);
+    }
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakeAppendedBox() {
+    auto* box = MakeBox("fraAppended", "&Appended data");
+    auto* layout = new QVBoxLayout(box);
+    for (std::size_t i = 0; i < chkAppended.size(); ++i) {
+        chkAppended[i] = new QCheckBox(kAppendedOptions[i].caption);
+        chkAppended[i]->setObjectName(Numbered("chkAppended", static_cast<int>(i)));
+        chkAppended[i]->setToolTip(kAppendedOptions[i].tip);
+    }
+    for (std::size_t i = 0; i < cboAppName.size(); ++i) {
+        const char* name = i == 0 ? "Name of the numeric value" : "Name of the text";
+        cboAppName[i] = MakeList("cboAppName", static_cast<int>(i), name);
+        cboAppName[i]->setToolTip(name);
+        MakeEditable(*cboAppName[i]);
+        cboAppName[i]->setInsertPolicy(QComboBox::NoInsert);
+        cboAppName[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        cboAppName[i]->lineEdit()->setMaxLength(kLongestName);
+    }
+    for (const char* name : kNumberNames) {
+        AddName(*cboAppName[0], name);
+    }
+    for (const char* name : kTextNames) {
+        AddName(*cboAppName[1], name);
+    }
+    chkFreqIsAppended = new QCheckBox("Numeric value is frequency of\nassociated direction");
+    chkFreqIsAppended->setObjectName("chkFreqIsAppended");
+    chkFreqIsAppended->setToolTip("A row counts as often as its number says");
+    layout->addWidget(chkAppended[0]);
+    auto* names = new QGridLayout;
+    names->addWidget(chkAppended[1], 0, 0);
+    names->addWidget(cboAppName[0], 0, 1);
+    names->addWidget(chkAppended[2], 1, 0);
+    names->addWidget(cboAppName[1], 1, 1);
+    names->setColumnStretch(1, 1);
+    layout->addLayout(names);
+    layout->addWidget(chkFreqIsAppended);
+    layout->addStretch(1);
+    lblOtherData[1] = MakeLabel("lblOtherData_1", "No Appended data");
+    KeepRoomWhenHidden(*lblOtherData[1]);
+    layout->addWidget(lblOtherData[1]);
+    auto* grid = new QGridLayout;
+    grid->setObjectName("layColumns");
+    layout->addLayout(grid);
+    for (const int slot : {kSlotAppendedPlunge, kSlotAppendedTrend, kSlotNumber, kSlotText}) {
+        AddSelector(box, slot);
+    }
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakePlaneConventionBox() {
+    auto* box = MakeBox("fraPlaneConv", "Pla&nes are written as");
+    auto* layout = new QGridLayout(box);
+    auto* group = new QButtonGroup(box);
+    for (int code = kDipDipDirection; code <= kStrikeDipRightHand; ++code) {
+        auto* option = MakeOption("optPlaneConv", code, kPlaneOptions[code - 1], group);
+        optPlaneConv[static_cast<std::size_t>(code)] = option;
+        auto* sample = MakeLabel(Numbered("lblPlaneSample", code), kPlaneOptions[code - 1].tip);
+        lblPlaneSample[static_cast<std::size_t>(code)] = sample;
+        layout->addWidget(option, code - 1, 0);
+        layout->addWidget(sample, code - 1, 1);
+    }
+    layout->setColumnStretch(1, 1);
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakeSeparatorBox() {
+    auto* box = MakeBox("fraSeparator", "Separators (Output only)");
+    auto* layout = new QGridLayout(box);
+    constexpr const char* kNames[] = {"Pl&anes", "L&ines"};
+    for (int i = 0; i < 2; ++i) {
+        auto* list = MakeList("cboSeparator", i, {});
+        for (const char* separator : kOutputSeparators) {
+            list->addItem(separator);
+        }
+        list->setToolTip("Stands between the two values wherever the program writes them");
+        auto* label = MakeLabel(Numbered("lblSeparator", i), kNames[i]);
+        label->setBuddy(list);
+        layout->addWidget(label, 0, 2 * i);
+        layout->addWidget(list, 0, 2 * i + 1);
+        cboSeparator[static_cast<std::size_t>(i)] = list;
+    }
+    layout->setColumnStretch(4, 1);
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakeNegativePlungeBox() {
+    auto* box = MakeBox("fraNegativePlunge", "A negative plunge: the trend names");
+    auto* layout = new QHBoxLayout(box);
+    auto* group = new QButtonGroup(box);
+    for (const int meaning : {0, 1}) {
+        auto* option =
+            MakeOption("optNegativePlunge", meaning, kNegativePlungeOptions[meaning], group);
+        optNegativePlunge[static_cast<std::size_t>(meaning)] = option;
+        layout->addWidget(option);
+    }
+    return box;
+}
+
+QWidget* frmFileFormat::MakeConventionsPage() {
+    auto* lines = MakeBox("fraLineConv", "Lines are &written as");
+    auto* lineLayout = new QVBoxLayout(lines);
+    auto* lineGroup = new QButtonGroup(lines);
+    for (const int first : {1, 0}) {
+        auto* option = MakeOption("optLineConv", first, kLineOptions[first], lineGroup);
+        optLineConv[static_cast<std::size_t>(first)] = option;
+        lineLayout->addWidget(option);
+    }
+    auto* notation = MakeBox("fraDirnConv", "Dir&ections are in");
+    auto* notationLayout = new QVBoxLayout(notation);
+    auto* notationGroup = new QButtonGroup(notation);
+    for (const int code : {0, 1}) {
+        auto* option = MakeOption("optDirnConv", code, kNotationOptions[code], notationGroup);
+        optDirnConv[static_cast<std::size_t>(code)] = option;
+        notationLayout->addWidget(option);
+    }
+    chkSaveSettings[1] = new QCheckBox("Save Conventions settin&gs");
+    chkSaveSettings[1]->setObjectName("chkSaveSettings_1");
+    chkSaveSettings[1]->setToolTip("On OK conventions, separators and delimiter are kept for the "
+                                   "next start of the program");
+    lblConventions = MakeLabel("lblConventions");
+    auto* page = new QWidget;
+    auto* layout = new QGridLayout(page);
+    layout->addWidget(MakePlaneConventionBox(), 0, 0, 3, 1);
+    layout->addWidget(lines, 0, 1);
+    layout->addWidget(notation, 1, 1);
+    layout->addWidget(MakeSeparatorBox(), 2, 1);
+    layout->addWidget(MakeNegativePlungeBox(), 3, 0, 1, 2);
+    layout->addWidget(lblConventions, 4, 0);
+    layout->addWidget(chkSaveSettings[1], 4, 1, Qt::AlignRight);
+    layout->setColumnStretch(0, 1);
+    layout->setRowStretch(2, 1);
+    return page;
+}
+
+QGroupBox* frmFileFormat::MakePlotBox() {
+    auto* box = MakeBox("fraPlot", "Plot as");
+    auto* layout = new QVBoxLayout(box);
+    auto* hint = MakeLabel("lblPlotHint", "Change data Format and convention settings before "
+                                          "selecting a plot type button");
+    hint->setWordWrap(true);
+    for (int kind = kPlanes; kind <= kPolarLines; ++kind) {
+        auto* button = new QPushButton(kKinds[kind - 1].caption);
+        button->setObjectName(Numbered("cmdDataType", kind));
+        button->setToolTip(kKinds[kind - 1].tip);
+        button->setCheckable(true);
+        button->setMinimumHeight(fontMetrics().height() + 18);
+        QFont font = button->font();
+        font.setBold(true);
+        button->setFont(font);
+        layout->addWidget(button);
+        cmdDataType[static_cast<std::size_t>(kind)] = button;
+    }
+    layout->addWidget(hint);
+    chkSecondaryData = new QCheckBox("Appl&y to Secondary Data");
+    chkSecondaryData->setObjectName("chkSecondaryData");
+    layout->addWidget(chkSecondaryData);
+    return box;
+}
+
+QGroupBox* frmFileFormat::MakeSymbolBox() {
+    auto* box = MakeBox("fraSymbol", "Symbols");
+    auto* layout = new QGridLayout(box);
+    constexpr const char* kNames[] = {"down", "up"};
+    constexpr const char* kTips[] = {"The symbol of a row",
+                                     "The symbol of a row that points upward"};
+    for (int i = 0; i < 2; ++i) {
+        auto* picture = new PictureBox(box);
+        picture->setObjectName(Numbered("picCurrentSymbol", i));
+        picture->setFixedSize(kSymbolBoxSize, kSymbolBoxSize);
+        picture->setToolTip(kTips[i]);
+        picture->setAccessibleName(kTips[i]);
+        picture->onStale = [this] { DrawSymbols(); };
+        auto* label = MakeLabel(Numbered("lblUpSymbol", i), kNames[i]);
+        layout->addWidget(picture, 0, i, Qt::AlignHCenter);
+        layout->addWidget(label, 1, i, Qt::AlignHCenter);
+        picCurrentSymbol[static_cast<std::size_t>(i)] = picture;
+        lblUpSymbol[static_cast<std::size_t>(i)] = label;
+    }
+    auto* buttons = new QVBoxLayout;
+    cmdButtons[3] = new QPushButton("C&hange...");
+    cmdButtons[3]->setToolTip("Chooses symbol, colour and size of both");
+    cmdButtons[2] = new QPushButton("Defaul&ts");
+    cmdButtons[2]->setToolTip("Puts both symbols back to those of the first start");
+    for (const std::size_t i : {std::size_t{3}, std::size_t{2}}) {
+        cmdButtons[i]->setObjectName(Numbered("cmdButtons", static_cast<int>(i)));
+        buttons->addWidget(cmdButtons[i]);
+    }
+    layout->addLayout(buttons, 0, 2, 2, 1);
+    return box;
+}
+
+QWidget* frmFileFormat::MakeFileLine() {
+    auto* line = new QWidget;
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    cboDelim = new QComboBox;
+    cboDelim->setObjectName("cboDelim");
+    cboDelim->setToolTip("What parts the columns of a line");
+    for (const DelimiterName& entry : kDelimiters) {
+        cboDelim->addItem(entry.name, QString(entry.delimiter));
+    }
+    auto* label = MakeLabel("lblDelim", "Columns are parted by (&delimiter)");
+    label->setBuddy(cboDelim);
+    chkTableHeadings = new QCheckBox("&First row contains column headings");
+    chkTableHeadings->setObjectName("chkTableHeadings");
+    lblPreview = MakeLabel("lblPreview");
+    lblPreview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout->addWidget(label);
+    layout->addWidget(cboDelim);
+    layout->addSpacing(18);
+    layout->addWidget(chkTableHeadings);
+    layout->addStretch(1);
+    return line;
+}
+
+QWidget* frmFileFormat::MakeMismatchLine() {
+    auto* line = new QFrame;
+    line->setObjectName("fraMismatch");
+    line->setFrameShape(QFrame::StyledPanel);
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(6, 3, 6, 3);
+    auto* picture = new QLabel;
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    picture->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
+    lblDataMismatch = MakeLabel("lblDataMismatch", "Mismatched Data Format - please check!");
+    QFont bold = lblDataMismatch->font();
+    bold.setBold(true);
+    lblDataMismatch->setFont(bold);
+    lblMismatchReasons = MakeLabel("lblMismatchReasons");
+    lblMismatchReasons->setWordWrap(true);
+    layout->addWidget(picture);
+    layout->addWidget(lblDataMismatch);
+    layout->addSpacing(8);
+    layout->addWidget(lblMismatchReasons, 1);
+    return line;
+}
+
+QWidget* frmFileFormat::MakeButtonLine() {
+    auto* line = new QWidget;
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    cmdButtons[0] = new QPushButton("OK");
+    cmdButtons[1] = new QPushButton("Cancel");
+    layout->addStretch(1);
+    for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
+        cmdButtons[i]->setObjectName(Numbered("cmdButtons", static_cast<int>(i)));
+        cmdButtons[i]->setMinimumWidth(88);
+        layout->addWidget(cmdButtons[i]);
+    }
+    return line;
+}
+
+} // namespace quandrel

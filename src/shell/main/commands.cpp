@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/main/commands.h"
+
+#include "core/plot_store.h"
+#include "shell/controls/icons.h"
+
+#include <QKeySequence>
+
+namespace quandrel {
+
+namespace {
+
+enum class Kind { Plain, OnOff };
+
+struct CommandSpec {
+    const char* name;
+    const char* caption;
+    const char* tip; ///< of the button; the caption without marks where this is empty
+    const char* icon;
+    const char* shortcut;
+    Kind kind = Kind::Plain;
+    const char* otherShortcut = "";
+};
+
+constexpr const char* kNone = "";
+
+constexpr CommandSpec kCommands[] = {
+    // File
+    {"mnuFileLoad_0", "Open &New Plot...", "Open a data file as a new plot", "open", "Ctrl+O"},
+    {"mnuFileLoad_1", "&Merge Data...", "Add a file's data to this plot as the same data set",
+     "merge", "Ctrl+M"},
+    {"mnuFileLoad_2", "&Overlay Data...", "Add a file's data to this plot with symbols of its own",
+     "overlay", "Ctrl+L"},
+    {"mnuFileLoad_3", "&Blank Plot", "Open blank plot", "blank", "Ctrl+N"},
+    {"mnuFileLoad_4", "Open Wor&kspace...", "Open the plots of a workspace", "workspace_open",
+     kNone},
+    {"mnuFileSave_0", "&Save", "Save this plot", "save", "Ctrl+S"},
+    {"mnuFileSave_1", "Sa&ve As...", "Save this plot to another file", "save_as", "Ctrl+Shift+S"},
+    {"mnuFileSave_2", "Save &All", "Save all plots that have changed", "save_all", kNone},
+    {"mnuFileSave_3", "Save &Workspace...", "Save the list of the open plots", "workspace_save",
+     kNone},
+    {"mnuFileClose_0", "&Close", "Close this plot", "close", "Ctrl+W"},
+    {"mnuFileClose_1", "Clos&e All", "Close all plots", kNone, "Ctrl+Shift+W"},
+    {"mnuFileFormat", "Data &Format...", "File structure and data conventions", "format", "F6"},
+    {"mnuFileStruct", "Data &Format...", "File structure and data conventions", "format", kNone},
+    {"mnuFileDirectory", "Defa&ult Data Folder...", "Where file dialogs start", "folder", kNone},
+    {"mnuFileExport", "E&xport Image...", "Save a picture of this plot as PNG, SVG or PDF",
+     "export", "Ctrl+E"},
+    {"mnuFileCopyImage_0", "Copy plot &image to Clipboard", kNone, "copy", "Ctrl+Shift+C"},
+    {"mnuFileCopyImage_1", "Copy legen&d image to Clipboard", kNone, "legend", kNone},
+    {"mnuFileCopyStats_0", "Copy &statistics to Clipboard", kNone, "statistics", kNone},
+    {"mnuFileCopyStats_1", "Copy &advanced statistics to Clipboard", kNone, kNone, kNone},
+    {"mnuFilePrint_0", "&Print...", "Print plots", "print", "Ctrl+P"},
+    {"mnuFilePrint_1", "Prin&ter Setup...", "Choose printer, paper and orientation", "print",
+     kNone},
+    {"mnuFileMILink", "Lin&k to Mapinfo...", "Link to a map", "map_link", kNone},
+    {"mnuFileQuit", "&Quit", "Leave the program", "quit", "Ctrl+Q"},
+    // Edit
+    {"mnuEditUndo", "&Undo", "Take the last edit back", "undo", "Ctrl+Z"},
+    {"mnuEditRedo", "Redo", "Make the edit that was taken back again", "redo", "Ctrl+Shift+Z",
+     Kind::Plain, "Ctrl+Y"},
+    {"mnuEditUndoRotation", "U&ndo Rotation", "Put the data back as they were before the rotation",
+     kNone, kNone},
+    {"mnuEditSelection_1", "Cu&t", kNone, "cut", "Ctrl+X"},
+    {"mnuEditSelection_2", "&Copy pts", kNone, "copy", "Ctrl+C"},
+    {"mnuEditSelection_3", "Copy all &fields", kNone, kNone, kNone},
+    {"mnuEditSelection_4", "&Paste", kNone, "paste", "Ctrl+V"},
+    {"mnuEditSelection_5", "&Delete", kNone, "delete", "Del"},
+    {"mnuEditSelection_6", "Change &Symbol...", kNone, "symbol", kNone},
+    {"mnuEditSelection_7", "Select &All", kNone, "select_all", "Ctrl+A"},
+    {"mnuEditSelection_8", "Unse&lect", kNone, "unselect", kNone},
+    {"mnuEditAdd", "Add Po&int...", kNone, kNone, kNone},
+    {"mnuEditAddMode", "Add Points &with a Plain Press",
+     "Add points: a plain press on the net does what Alt and a press does", "add_points", kNone,
+     Kind::OnOff},
+    {"mnuEditLasso", "Select &by a Lasso",
+     "Lasso: draw round the points to be selected (or hold L)", "lasso", kNone, Kind::OnOff},
+    {"mnuEditGirdle", "To manually edit girdles...", kNone, kNone, kNone},
+    {"mnuEditGirdles", "Edit &Girdles...", kNone, "girdles", kNone},
+    {"mnuEditSmallCircles", "S&mall Circles...", "Open small circle dialog box", "small_circle",
+     kNone},
+    {"mnuEditRemoveOverlay", "&Remove Last Overlay", kNone, kNone, kNone},
+    {"mnuEditRemoveAnnotation", "Remo&ve Annotations", kNone, kNone, kNone},
+    {"mnuEditRefresh", "Refres&h", "Draw this plot anew", "refresh", "F5"},
+    {"mnuEditReCalculate", "R&ecalculate", "Work this plot out anew and draw it", "recalculate",
+     "Ctrl+F5"},
+    {"mnuEditFileFormat", "Data F&ormat...", "File structure and data conventions", "format",
+     kNone},
+    {"mnuEditPreferences", "Preferences...", kNone, "preferences", "Ctrl+,"},
+    // Plot
+    {"mnuPlotType_0", "E&qual area  projection", "Equal Area plot", "equal_area", kNone,
+     Kind::OnOff},
+    {"mnuPlotType_1", "Eq&ual a&ngle projection", "Equal angle plot", "equal_angle", kNone,
+     Kind::OnOff},
+    {"mnuPlotType_2", "&Rose Diagram", "Rose diagram", "rose", kNone, Kind::OnOff},
+    {"mnuPlotDataType_0", "&Planes", "Planes", "planes", kNone, Kind::OnOff},
+    {"mnuPlotDataType_1", "&Lines", "Lines", "lines", kNone, Kind::OnOff},
+    {"mnuPlotDataType_2", "P&olar Lines", "Polar Lines", "polar_lines", kNone, Kind::OnOff},
+    {"mnuPlotSecondary", "Plot Secondar&y Data", "Use Secondary Data as base plot",
+     "secondary_base", kNone, Kind::OnOff},
+    {"mnuPlotSymbols_0", "Great C&ircles", "Cyclographic plot", "great_circles", kNone,
+     Kind::OnOff},
+    {"mnuPlotSymbols_1", "Point &symbols", "Points only", "points", kNone, Kind::OnOff},
+    {"mnuPlotSymbols_2", "&Beta intersections", "Beta intersections of great circles", "beta",
+     kNone, Kind::OnOff},
+    {"mnuPlotSymbols_3", "&Density symbols at points", "Point density", "point_density", kNone,
+     Kind::OnOff},
+    {"mnuPlotSymbols_4", "&Gridded density (/1% area) symbols", "Gridded density", "grid_density",
+     kNone, Kind::OnOff},
+    {"mnuPlotSymbols_5", "&Contours of density/1% area", "Contours of density", "contours", kNone,
+     Kind::OnOff},
+    {"mnuPlotSymbols_6", "Bot&h contours and gridded symbols", "Contours and gridded density",
+     "contours_grid", kNone, Kind::OnOff},
+    {"mnuPlotSymbols_8", "&Overlay Secondary on Primary", "Overlay Secondary data",
+     "secondary_overlay", kNone, Kind::OnOff},
+    {"mnuPlotSymbols_9", "Secondary line slip arrows alone", "Slip arrows alone", "slip_arrows",
+     kNone, Kind::OnOff},
+    {"mnuPlotSymbols_10", "Secondary slip arrows on planes", "Slip arrows on plane girdles",
+     "slip_on_planes", kNone, Kind::OnOff},
+    {"mnuPlotSymbols_11", "Slip &arrows on poles to planes", "Slip arrows on poles to planes",
+     "slip_on_poles", kNone, Kind::OnOff},
+    {"mnuPlotIntersection", "Ne&w plot of intersection Lines",
+     "Interesection line plot using primary and secondary planes", "intersections", kNone},
+    {"mnuKinematicPlots_0", "P && T &kinematic axes on single plot", kNone, "kinematic", kNone},
+    {"mnuKinematicPlots_1", "P && T kin&ematic axes on separate plots", kNone, kNone, kNone},
+    {"mnuKinematicPlots_2", "Contoured P && T kinematic a&xes", kNone, kNone, kNone},
+    {"mnuPlotRotate", "Rotate &Data...", "Rotate data...", "rotate", kNone},
+    {"mnuPlotAnnotation", "Annotation Poin&ts", "Show annotation points", "annotations", kNone,
+     Kind::OnOff},
+    // View
+    {"mnuViewLegends_0", "Show &girdle panel", "Fit girdles...", "girdles", kNone, Kind::OnOff},
+    {"mnuViewLegends_1", "Show &fabric label", "Show Fabric text", "fabric", kNone, Kind::OnOff},
+    {"mnuViewLegends_2", "Show data &description", "Show description", "description", kNone,
+     Kind::OnOff},
+    {"mnuViewLegends_3", "Show &legend", "Show legend", "legend", kNone, Kind::OnOff},
+    {"mnuViewLegends_4", "Show &number of data", "Show data number", "number", kNone, Kind::OnOff},
+    {"mnuViewLegends_5", "Show data &statistics", "Show statistics", "statistics", kNone,
+     Kind::OnOff},
+    {"mnuViewLegends_6", "Show &Rose Scale numbers", "Show Rose scale", "rose_scale", kNone,
+     Kind::OnOff},
+    {"mnuViewLegends_7", "Show Rose &Mean Arrow", "Show Rose Mean arrow", "rose_mean", kNone,
+     Kind::OnOff},
+    {"mnuViewLegends_8", "Show Rose Mean.Dev. &Arc", "Show 95% confidence arc for mean direction",
+     "rose_arc", kNone, Kind::OnOff},
+    {"mnuViewAnnotations", "Show Ann&otations", kNone, "annotations", kNone},
+    {"mnuViewConfidence", "S&how 95% confidence cone",
+     "Draw the 95% confidence cone of the principal axis", "small_circle", kNone, Kind::OnOff},
+    {"mnuViewAdvStats", "Use Advanced Statistics Box", kNone, "advanced_stats", kNone},
+    {"mnuViewClassification", "&Classification", "Toggle the stereo classification dialog",
+     "classify", kNone, Kind::OnOff},
+    {"mnuViewUnplotted", "&Unplotted Lines...", "The lines of the files that hold no data",
+     "lines_not_plotted", kNone},
+    {"mnuViewRawData", "Ra&w Data...", kNone, "raw_data", kNone},
+    {"mnuViewPlotData", "&Plotted Data...", kNone, "plot_data", kNone},
+    {"mnuViewToolbar", "Hide &Toolbar", kNone, "toolbar", kNone},
+    {"mnuViewPreferences", "Pr&eferences...", kNone, "preferences", kNone},
+    // Map, windows, help
+    {"mnuMapinfo_0", "Lin&k to Mapinfo...", kNone, "map_link", kNone},
+    {"mnuMapinfo_1", "Clos&e MapInfo Link", kNone, kNone, kNone},
+    {"mnuMapinfoToolbar", "Show MapInfo &Toolbar", kNone, "toolbar", kNone, Kind::OnOff},
+    {"mnuWindow_0", "&Cascade", kNone, "cascade", kNone},
+    {"mnuWindow_1", "Tile &Vertically", kNone, "tile_vertical", kNone},
+    {"mnuWindow_2", "Tile &Horizontally", kNone, "tile_horizontal", kNone},
+    {"mnuWindow_3", "&Arrange Icons", kNone, "arrange", kNone},
+    {"mnuHelpQuandrel_0", "&Contents...", "Help", "help", "F1"},
+    {"mnuHelpQuandrel_1", "&How to use Help...", kNone, kNone, kNone},
+    {"mnuHelpAbout", "&About Quandrel...", kNone, "about", kNone},
+};
+
+/// The keys of a command, the one that menus show first. Redo has the other usual one too.
+QList<QKeySequence> ShortcutsOf(const CommandSpec& spec) {
+    QList<QKeySequence> keys;
+    for (const char* key : {spec.shortcut, spec.otherShortcut}) {
+        if (*key != '\0') {
+            keys << QKeySequence(key);
+        }
+    }
+    return keys;
+}
+
+/// A caption without its mnemonic.
+QString Plain(const QString& caption) {
+    QString plain = caption;
+    plain.replace("&&", "\x01").remove('&').replace('\x01', '&');
+    return plain.remove("...");
+}
+
+} // namespace
+
+Commands::Commands(QObject* parent)
+    : QObject(parent) {
+    for (const CommandSpec& spec : kCommands) {
+        auto* action = new QAction(spec.caption, this);
+        action->setObjectName(spec.name);
+        action->setIcon(IconOf(spec.icon));
+        const QString tip = *spec.tip != '\0' ? QString(spec.tip) : Plain(spec.caption);
+        const QKeySequence shortcut(spec.shortcut);
+        action->setShortcuts(ShortcutsOf(spec));
+        action->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut.toString() + ")");
+        // Not a status tip: that would cover the information line while the pointer rests.
+        action->setWhatsThis(tip);
+        action->setCheckable(spec.kind == Kind::OnOff);
+        action->setEnabled(false);
+        actions_[spec.name] = action;
+    }
+}
+
+QAction& Commands::Of(const QString& name) const {
+    return *actions_.at(name);
+}
+
+void Commands::Connect(const QString& name, const std::function<void()>& work) {
+    working_.insert(name);
+    QAction& action = Of(name);
+    action.setEnabled(true);
+    connect(&action, &QAction::triggered, this, [this, work] {
+        if (!gBusy) {
+            work();
+        }
+        Q_EMIT Done();
+    });
+}
+
+void Commands::Enable(const QString& name, bool enabled) {
+    Of(name).setEnabled(enabled && working_.contains(name));
+}
+
+void Commands::Enable(const QString& name, bool enabled, bool down) {
+    Enable(name, enabled);
+    Of(name).setChecked(down);
+}
+
+} // namespace quandrel

@@ -1,0 +1,460 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/main/geol_plot_main.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/derived_plots.h"
+#include "edit/girdle_pull.h"
+#include "edit/marquee.h"
+#include "edit/small_circle_pick.h"
+#include "input/file_loading.h"
+#include "mapinfo/map_link.h"
+#include "persistence/open_plot.h"
+#include "platform/platform.h"
+#include "session/closing.h"
+#include "session/start.h"
+#include "session/window_places.h"
+#include "shell/controls/button_keys.h"
+#include "shell/controls/faint_text.h"
+#include "shell/controls/icons.h"
+#include "shell/controls/picture_box.h"
+#include "shell/controls/text_boxes.h"
+#include "shell/grids/data_displays.h"
+#include "shell/help/frm_help.h"
+#include "shell/main/commands.h"
+#include "shell/main/frm_intro.h"
+#include "shell/main/main_menus.h"
+#include "shell/main/tool_strip.h"
+#include "shell/map/map_link_windows.h"
+#include "shell/plot/frm_plot_forms.h"
+#include "shell/plot/girdle_panel.h"
+#include "shell/plot/net_mouse.h"
+#include "shell/plot/plot_dialogs.h"
+#include "shell/plot/window_arrangement.h"
+#include "shell/preferences/frm_preferences.h"
+#include "stereo/plot_state.h"
+
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QScreen>
+#include <QSlider>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kReadoutWidth = 150;
+constexpr int kBarWidth = 180;
+
+WindowRect RectOf(const QRect& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+QRect QtRect(const WindowRect& rect) {
+    return {rect.left, rect.top, rect.width, rect.height};
+}
+
+WindowState StateOf(const QWidget& window) {
+    if (window.isMinimized()) {
+        return WindowState::Minimised;
+    }
+    return window.isMaximized() || window.isFullScreen() ? WindowState::Maximised
+                                                         : WindowState::Normal;
+}
+
+/// The files among what is dragged.
+QStringList FilesOf(const QMimeData& data) {
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
+            files << url.toLocalFile();
+        }
+    }
+    return files;
+}
+
+} // namespace
+
+GeolPlotMain::GeolPlotMain()
+    : commands_(new Commands(this)) {
+    setObjectName("GeolPlotMain");
+    setWindowTitle(gCaption);
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    new ButtonKeys(this);
+    new SelectionPasteGuard(this);
+    // The built-in menu would show and hide bars behind the back of the View menu.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    MakeStatusBar();
+    MakeToolBars();
+    MakePlotRoom();
+    menus_ = std::make_unique<MainMenus>(*this, *commands_);
+    prompts_ = std::make_unique<WidgetPrompts>(*this);
+    status_ = std::make_unique<MainStatusLine>(*panInfoLine, *panHintLine, *progBar);
+    gPlatform.prompts = prompts_.get();
+    gPlatform.status = status_.get();
+    gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
+    gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
+    gSelectionChanged = [this] { SelectionChanged(); };
+    MakeMapLink();
+    ConnectFileCommands();
+    ConnectCopyCommands();
+    ConnectEditCommands();
+    ConnectSelectionCommands();
+    ConnectAnnotationCommands();
+    ConnectPlotCommands();
+    ConnectViewCommands();
+    ConnectWindowCommands();
+    ConnectSlider();
+    connect(commands_, &Commands::Done, this, [this] { UpdatePlotState(); });
+    connect(menus_->mnuEdit, &QMenu::aboutToShow, this, [this] {
+        UpdateEditMenus();
+        UpdateUndo();
+        UpdatePaste();
+    });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        UpdatePaste();
+        EndStatusText(std::exchange(clipboardText_, {}));
+    });
+    ShowMenusFor(false);
+    UpdatePlotState();
+    UseReadablePlaceholders();
+    resize(1200, 760);
+}
+
+GeolPlotMain::~GeolPlotMain() {
+    mapLink_.reset();
+    // Plot windows belong to the store, and must not outlive the room that they stand in.
+    for (auto& form : gPlotForm) {
+        form.reset();
+    }
+    gPlatform.makePlotForm = {};
+    gPlaceBeside = {};
+    gSelectionChanged = {};
+    gPlatform.prompts = nullptr;
+    gPlatform.status = nullptr;
+}
+
+void GeolPlotMain::MakeStatusBar() {
+    panDipAzBox = new QLabel;
+    panDipAzBox->setObjectName("panDipAzBox");
+    panDipAzBox->setMinimumWidth(kReadoutWidth);
+    panDipAzBox->setToolTip("Orientation under the pointer");
+    panInfoLine = new QLabel;
+    panInfoLine->setObjectName("panInfoLine");
+    panInfoLine->setTextFormat(Qt::PlainText);
+    // A long text is cut rather than widening the window.
+    panInfoLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panHintLine = new QLabel;
+    panHintLine->setObjectName("panHintLine");
+    panHintLine->setTextFormat(Qt::PlainText);
+    panHintLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panHintLine->setToolTip("What can be done here");
+    progBar = new QProgressBar;
+    progBar->setObjectName("progBar");
+    progBar->setMaximumWidth(kBarWidth);
+    progBar->setTextVisible(false);
+    progBar->setToolTip("Esc ends the step");
+    statusBar()->addWidget(panDipAzBox);
+    statusBar()->addWidget(panInfoLine, 1);
+    statusBar()->addWidget(panHintLine, 1);
+    statusBar()->addPermanentWidget(progBar);
+    UseInfoFonts(*panInfoLine, *panDipAzBox);
+}
+
+void GeolPlotMain::MakeToolBars() {
+    panToolbarBox_ = new ToolStrip(*commands_);
+    addToolBar(panToolbarBox_);
+    toolMapInfo_ = new QToolBar("MapInfo");
+    toolMapInfo_->setObjectName("toolMapInfo");
+    addToolBar(toolMapInfo_);
+    toolMapInfo_->hide();
+    panGirdleBox_ = new GirdlePanel(this);
+    addDockWidget(Qt::RightDockWidgetArea, panGirdleBox_);
+    // Closing the panel by its own button is pressing the button that shows it.
+    panGirdleBox_->toggleViewAction()->setVisible(false);
+    panGirdleBox_->installEventFilter(this);
+    panGirdleBox_->onChanged = [this] { UpdatePlotState(); };
+    panGirdleBox_->onLeave = [this] {
+        if (frmPlotForms* form = ActiveForm()) {
+            form->picStereoArea->setFocus();
+        }
+    };
+    panGirdleBox_->onStyle = [this] {
+        EditPreferences(kLinesPage);
+        UpdatePlotState();
+    };
+}
+
+void GeolPlotMain::MakePlotRoom() {
+    room_ = new QMdiArea;
+    room_->setObjectName("mdiPlots");
+    room_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    room_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(room_);
+    dialogs_ = std::make_unique<PlotDialogs>(
+        *this,
+        [this] {
+            mouse_->ClearHint();
+            UpdateToolbar();
+            UpdateEditMenus();
+        },
+        [this](int tab) {
+            EditPreferences(tab);
+            UpdatePlotState();
+        });
+    MakeMouse();
+    displays_ = std::make_unique<DataDisplays>(*this, [this] { UpdatePlotState(); });
+    intro_ = new frmIntro(room_->viewport());
+    room_->viewport()->installEventFilter(this);
+    connect(room_, &QMdiArea::subWindowActivated, this,
+            [this](QMdiSubWindow* window) { Activated(window); });
+    connect(intro_, &frmIntro::StartWanted, this, [this](int index) { IntroButtonStart(index); });
+}
+
+void GeolPlotMain::MakeMouse() {
+    NetMouseSigns signs;
+    signs.readout = [this](const QString& text) { panDipAzBox->setText(text); };
+    signs.hint = [this](const QString& hint) { status_->ShowHint(hint); };
+    signs.editMenu = [this](const QPoint& at) { menus_->mnuEdit->popup(at); };
+    signs.dragged = [this] {
+        UpdateGirdles();
+        dialogs_->FollowSmallCircles();
+    };
+    signs.done = [this] { UpdatePlotState(); };
+    mouse_ = std::make_unique<NetMouse>(*dialogs_, commands_->Of("mnuEditAddMode"),
+                                        commands_->Of("mnuEditLasso"), std::move(signs));
+}
+
+void GeolPlotMain::MakeMapLink() {
+    MapLinkSigns signs;
+    signs.plotted = [this](const std::string& command) {
+        AfterOpening(QString::fromStdString(command));
+    };
+    signs.done = [this] { UpdatePlotState(); };
+    mapLink_ = std::make_unique<MapLinkWindows>(*this, *room_, *toolMapInfo_, std::move(signs));
+}
+
+std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
+    auto form = std::make_unique<frmPlotForms>(slot);
+    frmPlotForms* window = form.get();
+    room_->addSubWindow(window);
+    const QSize room = room_->viewport()->size();
+    window->Place(QtRect(CountOpenPlots() > 1
+                             ? NewPlotWindowPlace(slot, width(), room.width(), room.height())
+                             : FirstPlotWindowPlace(width(), room.width(), room.height())));
+    // A plot must not go while its window is still at work on what the user did.
+    connect(
+        window, &frmPlotForms::CloseWanted, this,
+        [this](int closing) {
+            if (!gBusy) {
+                CloseOne(closing);
+                UpdatePlotState();
+            }
+        },
+        Qt::QueuedConnection);
+    connect(window, &frmPlotForms::BoxMenuWanted, this, [this](QMenu* menu, const QPoint& at) {
+        menu->addSeparator();
+        menu->addActions(menus_->mnuView->actions());
+        menu->popup(at);
+    });
+    connect(window, &frmPlotForms::LegendCopyWanted, this, [this] { CopyImage(true); });
+    connect(window, &frmPlotForms::Hint, this,
+            [this](const QString& hint) { status_->ShowHint(hint); });
+    connect(window, &frmPlotForms::ResizedByHand, this, [this](const QSize& size) {
+        KeepPlotWindowSize(size.width(), size.height(), width());
+    });
+    mouse_->Watch(*window);
+    // The slot may be in use again before anybody looks.
+    connect(window, &QObject::destroyed, this, [this, slot] { displays_->PlotClosed(slot); });
+    intro_->hide();
+    window->show();
+    return form;
+}
+
+void GeolPlotMain::ShowAtLastPlace() {
+    const QRect kept = QtRect(KeptMainWindowRect());
+    const QScreen* screen = QGuiApplication::screenAt(kept.center());
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    const MainWindowStart start = StartOfMainWindow(RectOf(screen->availableGeometry()));
+    if (start.state == WindowState::Normal) {
+        setGeometry(QtRect(start.rect));
+        show();
+    } else {
+        showMaximized();
+    }
+}
+
+void GeolPlotMain::SetStatusText(const QString& text) {
+    status_->SetText(text.toStdString());
+}
+
+void GeolPlotMain::EndStatusText(const QString& text) {
+    // Texts that others have put there since stay.
+    if (!text.isEmpty() && panInfoLine->text() == text) {
+        SetStatusText({});
+    }
+}
+
+void GeolPlotMain::IntroButtonStart(int index) {
+    if (gBusy) {
+        return;
+    }
+    const bool opened = IntroStart(index);
+    if (opened) {
+        AfterOpening("New");
+    }
+    UpdatePlotState();
+}
+
+void GeolPlotMain::OpenFiles(const QStringList& paths) {
+    if (gBusy) {
+        return;
+    }
+    for (const QString& path : paths) {
+        if (OpenPlotFile("File" + path.toStdString()) != kLoadError) {
+            AfterOpening("File");
+        }
+    }
+    UpdatePlotState();
+}
+
+void GeolPlotMain::OpenNamedFiles(const NamedFiles& named) {
+    QStringList paths;
+    for (const std::string& path : named.files) {
+        paths << QString::fromStdString(path);
+    }
+    OpenFiles(paths);
+    if (const std::string missing = TextOfMissing(named); !missing.empty()) {
+        Tell(missing);
+    }
+}
+
+frmPlotForms* GeolPlotMain::ActiveForm() const {
+    // A window that is only being made is not in the store yet.
+    return IsOpenSlot(gActivePlot)
+               ? static_cast<frmPlotForms*>(gPlotForm[static_cast<std::size_t>(gActivePlot)].get())
+               : nullptr;
+}
+
+void GeolPlotMain::Activated(QMdiSubWindow* window) {
+    auto* form = dynamic_cast<frmPlotForms*>(window);
+    if (form == nullptr || !IsOpenSlot(form->Slot())) {
+        return;
+    }
+    if (gActivePlot != form->Slot()) {
+        mouse_->Cancel();
+        CancelGirdlePull();
+        EndSmallCirclePick();
+        gActivePlot = form->Slot();
+    }
+    form->UseOwnLayer();
+    UpdatePlotState();
+}
+
+void GeolPlotMain::closeEvent(QCloseEvent* event) {
+    if (gBusy || !CloseAll(Closing::Application)) {
+        event->ignore();
+        UpdatePlotState();
+        return;
+    }
+    KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
+    constexpr int kSessionGroup = 6;
+    if (!SaveSettings(kSessionGroup)) {
+        Tell("The settings of this session could not be saved.");
+    }
+    CloseMapInfoLink();
+    CloseHelp();
+    event->accept();
+}
+
+void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
+        // The files stay where they are, whatever the source proposes.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void GeolPlotMain::dropEvent(QDropEvent* event) {
+    if (gBusy) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = FilesOf(*event->mimeData());
+    // The place that the files come from waits for the drop to end; questions come after that.
+    QMetaObject::invokeMethod(
+        this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
+}
+
+void GeolPlotMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && panToolbarBox_ != nullptr) {
+        panToolbarBox_->update();
+        UseReadablePlaceholders();
+    }
+}
+
+bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
+    if (intro_ == nullptr) { // the window is being made
+        return QMainWindow::eventFilter(object, event);
+    }
+    if (object == room_->viewport() && event->type() == QEvent::Resize) {
+        PlaceIntro();
+    }
+    if (object == panGirdleBox_ && event->type() == QEvent::Close && IsOpenSlot(gActivePlot)) {
+        ShowPlotPart(kShowGirdles, false);
+        UpdateToolbar();
+    }
+    return QMainWindow::eventFilter(object, event);
+}
+
+void GeolPlotMain::PlaceIntro() {
+    intro_->resize(intro_->sizeHint());
+    const QSize room = room_->viewport()->size();
+    intro_->move((room.width() - intro_->width()) / 2,
+                 std::max((room.height() - intro_->height()) / 2, 0));
+}
+
+void GeolPlotMain::ShowMenusFor(bool hasPlots) {
+    menusHavePlots_ = hasPlots;
+    menus_->FillBar(*menuBar(), hasPlots);
+}
+
+void GeolPlotMain::PlaceBeside(int slot, int neighbour) {
+    auto& form = static_cast<frmPlotForms&>(FormOf(slot));
+    const QRect beside = static_cast<const frmPlotForms&>(FormOf(neighbour)).geometry();
+    const QSize room = room_->viewport()->size();
+    QRect place = form.geometry();
+    place.moveTopLeft(
+        {LeftBeside(beside.left(), beside.width(), place.width(), room.width()), beside.top()});
+    form.Place(WithinRoom(place, room));
+}
+
+void GeolPlotMain::ArrangeWindows(int way) {
+    const QList<QMdiSubWindow*> windows = room_->subWindowList(QMdiArea::CreationOrder);
+    QMdiSubWindow* const active = room_->activeSubWindow();
+    Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size(), active);
+    room_->setActiveSubWindow(active); // a window that came back from its full size took the focus
+}
+
+} // namespace quandrel

@@ -1,0 +1,442 @@
+// SPDX-License-Identifier: MIT
+//
+// What the commands of the main window do.
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/intersection_lines.h"
+#include "derive/kinematic_plots.h"
+#include "derive/secondary_data.h"
+#include "edit/annotations.h"
+#include "edit/edit_rows.h"
+#include "edit/girdles.h"
+#include "edit/marquee.h"
+#include "edit/undo.h"
+#include "input/file_loading.h"
+#include "input/plot_files.h"
+#include "mapinfo/map_commands.h"
+#include "mapinfo/map_link.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "persistence/workspace_file.h"
+#include "platform/platform.h"
+#include "print/print_run.h"
+#include "qt/plot_picture.h"
+#include "rotation/rotate_data.h"
+#include "session/closing.h"
+#include "session/recalculate.h"
+#include "session/start.h"
+#include "session/unplotted_lines.h"
+#include "session/window_state.h"
+#include "shell/controls/picture_box.h"
+#include "shell/dialogs/frm_text_window.h"
+#include "shell/files/frm_directory_dialog.h"
+#include "shell/files/frm_export_image.h"
+#include "shell/grids/data_displays.h"
+#include "shell/help/frm_about.h"
+#include "shell/help/frm_help.h"
+#include "shell/main/commands.h"
+#include "shell/main/geol_plot_main.h"
+#include "shell/main/main_menus.h"
+#include "shell/main/tool_strip.h"
+#include "shell/plot/frm_plot_forms.h"
+#include "shell/plot/plot_dialogs.h"
+#include "shell/preferences/frm_preferences.h"
+#include "shell/print/frm_print_dialog.h"
+#include "shell/styles/frm_symbol_select.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSlider>
+#include <QToolBar>
+
+#include <algorithm>
+#include <array>
+
+namespace quandrel {
+
+namespace {
+
+/// In the order of the File menu.
+constexpr std::array<const char*, 4> kLoadCommands = {kNewCommand, kMergeCommand, kOverlayCommand,
+                                                      kBlankCommand};
+
+/// Pixels in a logical pixel of a copied picture: enough for paper.
+constexpr double kCopyDensity = 3;
+
+constexpr const char* kPictureFilter =
+    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
+
+QString Numbered(const char* name, int number) {
+    return QString(name) + "_" + QString::number(number);
+}
+
+} // namespace
+
+void GeolPlotMain::Open(const char* command) {
+    if (OpenPlotFile(command) != kLoadError) {
+        AfterOpening(command);
+    }
+}
+
+void GeolPlotMain::AfterOpening(const QString& command) {
+    frmPlotForms* form = ActiveForm();
+    if (form == nullptr) {
+        return;
+    }
+    ForgetUndo();
+    const PlotRecord& record = ActiveRecord();
+    form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
+    const std::string told = OpeningText();
+    if (!told.empty()) {
+        SetStatusText(QString::fromStdString(told));
+    }
+}
+
+void GeolPlotMain::CloseOne(int slot) {
+    displays_->ApplyEdits(slot);
+    ClosePlotWindow(slot);
+}
+
+bool GeolPlotMain::CloseAll(Closing closing) {
+    ApplyAllEdits();
+    return CloseAllPlots(closing);
+}
+
+void GeolPlotMain::ApplyAllEdits() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            displays_->ApplyEdits(slot);
+        }
+    }
+}
+
+void GeolPlotMain::RedrawAllPlots() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            RedrawPlot(slot); // legends name the files
+        }
+    }
+}
+
+void GeolPlotMain::Save(int kind) {
+    ApplyAllEdits();
+    if (kind == static_cast<int>(SaveKind::SaveAll)) {
+        const bool saved = SaveAllPlots();
+        RedrawAllPlots();
+        SetStatusText(saved ? "All plots are saved" : "Not all plots are saved");
+        return;
+    }
+    if (SaveAsciiPlot(static_cast<SaveKind>(kind)) == SaveOutcome::Saved) {
+        RedrawPlot(gActivePlot); // its legend names the file
+        SetStatusText("Saved as " + QString::fromStdString(ActiveRecord().FileTitle));
+    }
+}
+
+void GeolPlotMain::ConnectFileCommands() {
+    for (int i = 0; i < static_cast<int>(kLoadCommands.size()); ++i) {
+        commands_->Connect(Numbered("mnuFileLoad", i),
+                           [this, i] { Open(kLoadCommands[static_cast<std::size_t>(i)]); });
+    }
+    for (int kind = 0; kind < 3; ++kind) {
+        commands_->Connect(Numbered("mnuFileSave", kind), [this, kind] { Save(kind); });
+    }
+    commands_->Connect("mnuFileLoad_4", [this] {
+        if (const auto path = WorkspaceFileDialog(WorkspaceDialog::Open)) {
+            OpenFiles({QString::fromStdString(*path)});
+        }
+    });
+    commands_->Connect("mnuFileSave_3", [this] {
+        ApplyAllEdits();
+        const WorkspaceOutcome outcome = SaveWorkspace();
+        RedrawAllPlots();
+        if (outcome == WorkspaceOutcome::Saved) {
+            SetStatusText("Saved as " + QString::fromStdString(gLastUsedWSpaceFileTitle));
+        }
+    });
+    commands_->Connect("mnuFileClose_0", [this] { CloseOne(gActivePlot); });
+    commands_->Connect("mnuFileClose_1",
+                       [this] { static_cast<void>(CloseAll(Closing::AllWindows)); });
+    commands_->Connect("mnuFileFormat", [this] { EditFormat(); });
+    commands_->Connect("mnuFileStruct", [this] { EditFormat(); });
+    commands_->Connect("mnuEditFileFormat", [this] { EditFormat(); });
+    commands_->Connect("mnuFileDirectory", [this] { ChooseDataFolder(); });
+    commands_->Connect("mnuFileExport", [this] { ExportImage(); });
+    commands_->Connect("mnuFilePrint_0", [this] {
+        ShowPrintDialog(this);
+        SetStatusText({});
+    });
+    commands_->Connect("mnuFilePrint_1", [] { static_cast<void>(PrinterSetup()); });
+    commands_->Connect("mnuFileQuit", [this] { close(); });
+    for (std::size_t i = 0; i < menus_->mnuFilePrevious.size(); ++i) {
+        const int index = kFirstRecentFile + static_cast<int>(i);
+        connect(menus_->mnuFilePrevious[i], &QAction::triggered, this,
+                [this, index] { IntroButtonStart(index); });
+    }
+}
+
+void GeolPlotMain::ConnectCopyCommands() {
+    commands_->Connect("mnuFileCopyImage_0", [this] { CopyImage(false); });
+    commands_->Connect("mnuFileCopyImage_1", [this] { CopyImage(true); });
+    commands_->Connect("mnuFileCopyStats_0", [this] {
+        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsNormal));
+    });
+    commands_->Connect("mnuFileCopyStats_1", [this] {
+        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsAdvanced));
+    });
+}
+
+void GeolPlotMain::ConnectEditCommands() {
+    commands_->Connect("mnuEditUndoRotation", [] {
+        UndoRotation();
+        FollowMovedRows();
+    });
+    commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
+    commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
+    commands_->Connect("mnuEditRemoveOverlay", [] { RemoveOverlay(); });
+    commands_->Connect("mnuEditAdd", [this] { ShowHowToAddPoints(); });
+    commands_->Connect("mnuEditAddMode", [] {});
+    commands_->Connect("mnuEditLasso", [] {});
+    commands_->Connect("mnuEditGirdle", [] { ShowGirdleHelp(); });
+    commands_->Connect("mnuEditSmallCircles", [this] { dialogs_->ShowSmallCircles(); });
+    for (const char* name : {"mnuEditPreferences", "mnuViewPreferences"}) {
+        commands_->Connect(name, [this] { EditPreferences(kSymbolsPage); });
+    }
+    commands_->Connect("mnuEditGirdles", [this] { commands_->Of("mnuViewLegends_0").trigger(); });
+}
+
+void GeolPlotMain::ConnectSelectionCommands() {
+    for (int item = kCutItem; item <= kUnselectItem; ++item) {
+        commands_->Connect(Numbered("mnuEditSelection", item), [this, item] { Edit(item); });
+    }
+    commands_->Connect("mnuEditUndo", [this] {
+        UndoEdits();
+        FollowLayer();
+    });
+    commands_->Connect("mnuEditRedo", [this] {
+        RedoEdits();
+        FollowLayer();
+    });
+}
+
+void GeolPlotMain::ConnectAnnotationCommands() {
+    const auto toggle = [] { SetAnnotationsShown(ActiveRecord().ShowAnnotations == 0); };
+    commands_->Connect("mnuPlotAnnotation", toggle);
+    commands_->Connect("mnuViewAnnotations", toggle);
+    commands_->Connect("mnuEditRemoveAnnotation", [] { RemoveAllAnnotations(); });
+}
+
+void GeolPlotMain::FollowLayer() {
+    if (frmPlotForms* form = ActiveForm()) {
+        form->ShowLayer(gActiveLayer);
+    }
+}
+
+void GeolPlotMain::Edit(int item) {
+    if (item != kChangeSymbolItem) {
+        EditSelection(item);
+        FollowLayer();
+    } else if (gActiveLayer == kAnnotationLayer) {
+        ChangeSymbolsOfAnnotations();
+    } else {
+        ChangeSymbolsOfSelection();
+    }
+}
+
+void GeolPlotMain::ChangeSymbolsOfSelection() {
+    if (const std::optional<RowStyles> styles = StylesOfSelection()) {
+        const StyleQuestion question{"Symbols of the selected data", StyleKind::Symbol,
+                                     styles->down, styles->up};
+        if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
+            ChangeSymbols({chosen->down, chosen->up});
+        }
+    }
+}
+
+void GeolPlotMain::ChangeSymbolsOfAnnotations() {
+    const std::optional<AnnotationStyles> styles = StylesOfSelectedAnnotations();
+    if (!styles) {
+        Tell(kNoAnnotationsSelected);
+        return;
+    }
+    const StyleQuestion question{"Symbols of the selected annotations", StyleKind::Symbol,
+                                 styles->down, styles->up};
+    if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
+        ChangeAnnotationSymbols({chosen->down, chosen->up});
+    }
+}
+
+void GeolPlotMain::ShowHowToAddPoints() {
+    (void)gPlatform.prompts->Ask(
+        {"To add (or delete) data points",
+         "Alt+Left mouse button:  to insert a new data point under the mouse pointer\n"
+         "(Alt+Right mouse button:  to insert a new data point with 'upward' polarity)\n\n"
+         "Drag and select points to delete them.\n"
+         "Remember to SAVE the data to make any changes permanent.",
+         Icon::Information, Buttons::Ok});
+}
+
+void GeolPlotMain::ConnectPlotCommands() {
+    for (int i = 0; i < 3; ++i) {
+        commands_->Connect(Numbered("mnuPlotType", i), [this, i] {
+            PressPlotType(i);
+            if (i + 1 == kRose) {
+                dialogs_->ShowRose();
+            }
+        });
+        commands_->Connect(Numbered("mnuPlotDataType", i), [i] { PressDataType(i); });
+    }
+    for (int i = 0; i < kOverlaySecondaryButton; ++i) {
+        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
+    }
+    for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
+        // The menu has a separator in front of these.
+        commands_->Connect(Numbered("mnuPlotSymbols", button + 1), [button] {
+            SetSecondaryButton(button, !IsSecondaryButtonDown(button));
+        });
+    }
+    commands_->Connect("mnuPlotSecondary", [] { ToggleSecondaryData(); });
+    for (int index = 0; index < 3; ++index) {
+        commands_->Connect(Numbered("mnuKinematicPlots", index),
+                           [index] { MakeKinematicPlots(index); });
+    }
+    commands_->Connect("mnuPlotRotate", [this] { dialogs_->ShowRotation(); });
+    commands_->Connect("mnuPlotIntersection", [] { MakeIntersectionPlot(); });
+}
+
+void GeolPlotMain::ConnectViewCommands() {
+    for (int i = 0; i < kDisplayButtons; ++i) {
+        commands_->Connect(Numbered("mnuViewLegends", i),
+                           [i] { ShowPlotPart(i, !IsPlotPartShown(i)); });
+    }
+    commands_->Connect("mnuViewAdvStats",
+                       [] { UseAdvancedStatistics(ActiveRecord().StatsBoxKind == 0); });
+    commands_->Connect("mnuViewConfidence", [] {
+        ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
+        ReplotActivePlot(false);
+    });
+    commands_->Connect("mnuViewClassification", [this] { dialogs_->ToggleClassification(); });
+    commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
+    commands_->Connect("mnuViewRawData", [this] { displays_->ShowRawData(); });
+    commands_->Connect("mnuViewPlotData", [this] { displays_->ShowPlotData(); });
+    commands_->Connect("mnuViewToolbar",
+                       [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
+}
+
+void GeolPlotMain::ConnectWindowCommands() {
+    for (int way = 0; way < 4; ++way) {
+        commands_->Connect(Numbered("mnuWindow", way), [this, way] { ArrangeWindows(way); });
+    }
+    for (const char* name : {"mnuFileMILink", "mnuMapinfo_0"}) {
+        commands_->Connect(name, [] { static_cast<void>(StartMapInfoLink()); });
+    }
+    commands_->Connect("mnuMapinfo_1", [] { CloseMapInfoLink(); });
+    commands_->Connect("mnuMapinfoToolbar", [] { ShowMIToolbar(!gMIToolbarShow); });
+    commands_->Connect("mnuHelpQuandrel_0", [] { ShowHelp(); });
+    commands_->Connect("mnuHelpQuandrel_1", [] { ShowHelp(kHowToUseHelpPage); });
+    commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });
+}
+
+void GeolPlotMain::ConnectSlider() {
+    QSlider* slider = panToolbarBox_->sldGridDensity;
+    connect(slider, &QSlider::valueChanged, this, [this, slider](int value) {
+        MoveGridSlider(value);
+        panToolbarBox_->ShowGrid();
+        if (!slider->isSliderDown()) {
+            ReleaseGridSlider();
+        }
+    });
+    connect(slider, &QSlider::sliderReleased, this, [this] {
+        panToolbarBox_->ShowGrid();
+        ReleaseGridSlider();
+    });
+}
+
+void GeolPlotMain::EditFormat() {
+    FormatQuestion question;
+    question.command = "None";
+    if (IsOpenSlot(gActivePlot)) {
+        question.path = ActiveRecord().FileNames[1];
+        question.showSecondary = ActiveRecord().ShowSecondary != 0;
+        question.columnHeadings = gFileHasHeadings;
+    }
+    if (gPlatform.prompts->AskFormat(question)) {
+        SetStatusText("The data format holds for the next file");
+    }
+}
+
+void GeolPlotMain::ChooseDataFolder() {
+    frmDirectoryDialog dialog(QString::fromStdString(gFilesDirectory), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        gFilesDirectory = dialog.Folder().toStdString();
+        constexpr int kFolderGroup = 7;
+        if (!SaveSettings(kFolderGroup)) {
+            Tell("The data folder holds for this session, but it could not be saved.");
+        }
+    }
+}
+
+void GeolPlotMain::ExportImage() {
+    frmExportImage dialog(this);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    PathQuestion question;
+    question.title = "Export Image";
+    question.folder = gLastUsedPath;
+    question.fileName = PictureName(ActiveRecord());
+    question.filter = kPictureFilter;
+    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    if (!path) {
+        return;
+    }
+    gBusy = true;
+    gPlatform.status->SetText("Please wait - drawing the picture. Esc stops it");
+    const std::string error = SavePlotPicture(*path, dialog.Options());
+    gBusy = false;
+    if (error.empty()) {
+        SetStatusText("The picture is " + QString::fromStdString(*path));
+    } else if (error == kPictureStopped) {
+        SetStatusText(kPictureStopped);
+    } else {
+        SetStatusText({});
+        Tell(error);
+    }
+}
+
+void GeolPlotMain::CopyImage(bool legend) {
+    const frmPlotForms& form = *ActiveForm();
+    const PlotBoxSizes boxes{form.picStereoArea->PictureSize(), form.picLegendBox->PictureSize()};
+    QGuiApplication::clipboard()->setImage(
+        PlotImage(legend ? PlotImagePart::Legend : PlotImagePart::Net, boxes, kCopyDensity));
+    clipboardText_ = legend ? "The legend is on the clipboard" : "The plot is on the clipboard";
+    SetStatusText(clipboardText_);
+}
+
+void GeolPlotMain::EditPreferences(int tab) {
+    if (!ShowPreferences(this, tab)) {
+        return;
+    }
+    UseInfoFonts(*panInfoLine, *panDipAzBox);
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            static_cast<frmPlotForms&>(FormOf(slot)).ApplyFonts();
+        }
+    }
+}
+
+void GeolPlotMain::ShowUnplottedLines() {
+    frmTextWindow window("Unplotted lines: " + QString::fromStdString(ActiveRecord().PlotTitle),
+                         QString::fromStdString(UnplottedLinesText()), this);
+    window.exec();
+}
+
+void GeolPlotMain::ShowAbout() {
+    frmAbout about(this);
+    about.exec();
+}
+
+} // namespace quandrel

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/plot/plot_dialogs.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "shell/classes/frm_data_classification.h"
+#include "shell/dialogs/frm_rotation_menu.h"
+#include "shell/dialogs/frm_small_circle.h"
+#include "shell/plot/frm_plot_forms.h"
+#include "shell/plot/net_mouse.h"
+#include "shell/rose/frm_rose_diag.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+
+namespace quandrel {
+
+namespace {
+
+// Room between a dialog and the window's edges, logical pixels: the second clears the
+// menus and the tool strip.
+constexpr int kGapToEdge = 24;
+constexpr int kGapToTop = 110;
+
+bool IsRoseActive() {
+    return IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind == kRose;
+}
+
+bool IsShown(const QDialog* dialog) {
+    return dialog != nullptr && dialog->isVisible();
+}
+
+} // namespace
+
+PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed,
+                         std::function<void(int tab)> preferences)
+    : window_(window)
+    , changed_(std::move(changed))
+    , preferences_(std::move(preferences)) {}
+
+void PlotDialogs::Show(QDialog& dialog) {
+    dialog.installEventFilter(this);
+    dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+}
+
+void PlotDialogs::ShowRose() {
+    if (!IsRoseActive()) {
+        return;
+    }
+    if (rose_ == nullptr) {
+        rose_ = new frmRoseDiag(&window_, preferences_);
+    }
+    rose_->FollowActivePlot();
+    Show(*rose_);
+}
+
+void PlotDialogs::PlaceBesideNet(QDialog& dialog) const {
+    dialog.adjustSize();
+    const QRect room = window_.geometry();
+    dialog.move(room.right() - dialog.width() - kGapToEdge, room.top() + kGapToTop);
+}
+
+void PlotDialogs::ShowRotation() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    if (rotation_ == nullptr) {
+        rotation_ = new frmRotationMenu(&window_, [] { NetMouse::UpdateOverlays(); });
+        PlaceBesideNet(*rotation_);
+    }
+    Show(*rotation_);
+}
+
+bool PlotDialogs::IsRoseShown() const {
+    return IsShown(rose_);
+}
+
+bool PlotDialogs::TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event) {
+    const bool isPlain =
+        event.button() == Qt::LeftButton && !event.modifiers().testFlag(Qt::AltModifier);
+    if (!isPlain || !IsShown(rotation_) || form.Slot() != gActivePlot || gBusy) {
+        return false;
+    }
+    rotation_->TakePick(at, event.modifiers());
+    return true;
+}
+
+QString PlotDialogs::HintAt(const frmPlotForms& form, Point at, const QMouseEvent& event) const {
+    const bool isHinted = IsShown(rotation_) && form.Slot() == gActivePlot && !gBusy;
+    return isHinted ? rotation_->HintAt(at, event.modifiers()) : QString();
+}
+
+void PlotDialogs::DrawPreview(Surface& surface, int slot) const {
+    if (rotation_ != nullptr && slot == gActivePlot && rotation_->HasPreview()) {
+        rotation_->DrawPreview(surface);
+    }
+}
+
+void PlotDialogs::ShowSmallCircles() {
+    if (!IsOpenSlot(gActivePlot) || IsRoseActive()) {
+        return;
+    }
+    if (circles_ == nullptr) {
+        circles_ = new frmSmallCircle(&window_);
+        PlaceBesideNet(*circles_);
+    }
+    circles_->FollowActivePlot();
+    Show(*circles_);
+}
+
+void PlotDialogs::FollowSmallCircles() {
+    if (IsShown(circles_)) {
+        circles_->Refresh();
+    }
+}
+
+void PlotDialogs::ToggleClassification() {
+    if (QDialog* dialog = ClassDialog(); IsShown(dialog)) {
+        dialog->close();
+    } else if (IsRoseActive()) {
+        ShowRose();
+    } else if (IsOpenSlot(gActivePlot)) {
+        if (classification_ == nullptr) {
+            classification_ = new frmDataClassification(&window_, preferences_);
+        }
+        FollowInClassification();
+        Show(*classification_);
+    }
+}
+
+void PlotDialogs::FollowInClassification() {
+    classification_->setWindowTitle("Data Classification: Plot " + QString::number(gActivePlot));
+    classification_->FollowActivePlot();
+}
+
+QDialog* PlotDialogs::ClassDialog() const {
+    return IsRoseActive() ? static_cast<QDialog*>(rose_) : classification_;
+}
+
+bool PlotDialogs::IsClassificationShown() const {
+    return IsShown(ClassDialog());
+}
+
+void PlotDialogs::FollowActivePlot() {
+    const bool isRose = IsRoseActive();
+    if (IsShown(rose_)) {
+        isRose ? rose_->FollowActivePlot() : static_cast<void>(rose_->close());
+    }
+    if (IsShown(classification_)) {
+        if (IsOpenSlot(gActivePlot) && !isRose) {
+            FollowInClassification();
+        } else {
+            classification_->close();
+        }
+    }
+    if (IsShown(rotation_)) {
+        IsOpenSlot(gActivePlot) ? rotation_->FollowActivePlot()
+                                : static_cast<void>(rotation_->close());
+    }
+    if (IsShown(circles_)) {
+        IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()
+                                : static_cast<void>(circles_->close());
+    }
+}
+
+bool PlotDialogs::eventFilter(QObject* object, QEvent* event) {
+    if (object == rotation_ && event->type() == QEvent::Hide) {
+        NetMouse::UpdateOverlays();
+    }
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
+        changed_();
+    }
+    return QObject::eventFilter(object, event);
+}
+
+} // namespace quandrel

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+//
+// The preferences: how plots look, and the program's general options.
+//
+// The dialog works on a copy (preferences/preferences.h), in whose looks all samples are drawn; OK lets
+// it take hold, Cancel drops it.
+
+#pragma once
+
+#include "core/style_tables.h"
+#include "preferences/preferences.h"
+#include "preferences/style_samples.h"
+#include "shell/styles/style_patch.h"
+
+#include <QDialog>
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+class QAbstractButton;
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QFont;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QSlider;
+class QSpinBox;
+class QTabWidget;
+
+namespace quandrel {
+
+class PictureBox;
+class SampleButton;
+
+/// The pages, in their order.
+enum PreferencesTab : int {
+    kSymbolsPage = 0,
+    kLinesPage = 1,
+    kRosesPage = 2,
+    kPlotStylePage = 3,
+    kFontsPage = 4,
+    kGeneralPage = 5,
+};
+
+/// A style that a page can change.
+struct StyleSlot {
+    enum class Table {
+        Symbol,  ///< a row of gSymbolTable
+        Axis,    ///< a row of gAxisStyleTable
+        Contour, ///< a row of gContourStyleTable
+        Blank,   ///< the colour of the blank parts of a rose
+        Outline, ///< the colour of the outlines of petals
+    };
+    Table table = Table::Symbol;
+    std::size_t row = 0;
+
+    friend auto operator<=>(const StyleSlot&, const StyleSlot&) = default;
+};
+
+class frmPreferences : public QDialog {
+public:
+    frmPreferences(QWidget* parent, int tab);
+
+    /// What the dialog would let take hold, as its controls stand.
+    [[nodiscard]] Preferences Choice() const;
+
+    /// True for the settings to be saved too.
+    [[nodiscard]] bool IsSaveWanted() const;
+
+    QTabWidget* tabPreferences = nullptr;
+    std::array<QPushButton*, 5> cmdOK{}; ///< OK, Cancel, Defaults, Help, more colours
+    QCheckBox* chkSaveSettings = nullptr;
+    QSlider* sldSymbSize = nullptr;
+    QSpinBox* spnSymbSize = nullptr;
+    QSlider* sldLineWidth = nullptr;
+    QSpinBox* spnLineWidth = nullptr;
+    PictureBox* picLineBox = nullptr;
+    PictureBox* picPlotBox = nullptr;
+    QCheckBox* chkRoseOuterCircle = nullptr;
+    QCheckBox* chkShowCompass = nullptr;
+    QCheckBox* chkShowNorth = nullptr;
+    QLineEdit* txtPlotSize = nullptr;
+    QCheckBox* chkPlotLast = nullptr;
+    QComboBox* cboPlotAspect = nullptr;
+    std::array<QLineEdit*, 10> txtFontBox{};
+    std::array<QPushButton*, 10> cmdFont{};
+    std::array<QPushButton*, 10> cmdFontColour{};
+    std::array<QPushButton*, 2> cmdPlotColour{}; ///< background, axes and circle
+    QLineEdit* txtNumPlots = nullptr;
+    QLineEdit* txtDirectory = nullptr;
+    QPushButton* cmdDirectory = nullptr;
+    QCheckBox* chkUseLastDirectory = nullptr;
+    std::array<QRadioButton*, 2> optPitchName{};
+    std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, the textbook's
+    QCheckBox* chkDecimalConv = nullptr;
+    QCheckBox* chkSaveLinesOption = nullptr;
+    QCheckBox* chkIsolatedPts = nullptr;
+
+    /// Asks for a colour: the one to begin with, and a title. Nothing on Cancel.
+    std::function<std::optional<Colour>(Colour, const QString&)> askColour;
+
+    /// Asks for a font. Nothing on Cancel.
+    std::function<std::optional<QFont>(const QFont&)> askFont;
+
+    /// Asks for a folder, beginning with one; empty is that of the last file. Nothing on Cancel.
+    std::function<std::optional<QString>(const QString&)> askFolder;
+
+    /// Shows a text under a title.
+    std::function<void(const QString&, const QString&)> showText;
+
+private:
+    /// What the cells of the pages choose.
+    enum class Part { Colour, Shape, Size };
+
+    void UseOwnDialogs();
+    [[nodiscard]] QGroupBox* MakePalette();
+    void NameColours();
+    void MakeButtons();
+    void Connect();
+
+    // Symbols, lines and roses
+    [[nodiscard]] QWidget* MakeSymbolsPage();
+    [[nodiscard]] QWidget* MakeLinesPage();
+    [[nodiscard]] QWidget* MakeRosesPage();
+    [[nodiscard]] QWidget* MakeSymbolArray();
+    [[nodiscard]] QGroupBox* MakeTypes();
+    [[nodiscard]] QGroupBox* MakeSizes();
+    [[nodiscard]] QWidget* MakeLineSamples();
+    [[nodiscard]] QGroupBox* MakeLineStyles();
+    [[nodiscard]] QWidget* MakeRoseSlots();
+    [[nodiscard]] QGroupBox* MakePatterns();
+    [[nodiscard]] StylePatch* MakeSlot(PreferencesTab page, const StyleSlot& slot,
+                                       const QString& name, const QString& text);
+    [[nodiscard]] SampleButton* MakeLineSlot(const StyleSlot& slot, const QString& name,
+                                             const QString& text);
+    void AddSlot(PreferencesTab page, QAbstractButton& sample, const StyleSlot& slot,
+                 const QString& name, const QString& text);
+    void PickSlot(const StyleSlot& slot);
+    void Choose(Part part, int value, Qt::MouseButton button);
+    [[nodiscard]] std::optional<StyleSlot> UpwardSlotOf(const StyleSlot& slot) const;
+    [[nodiscard]] std::int16_t* PlaceOf(const StyleSlot& slot, Part part);
+    [[nodiscard]] SymbolRow StyleOf(const StyleSlot& slot) const;
+    [[nodiscard]] std::optional<StyleSlot> CurrentSlot() const;
+    void PickInRoses(double across, double down);
+    void ReplaceColour();
+
+    // Plot style, fonts, general
+    [[nodiscard]] QWidget* MakePlotStylePage();
+    [[nodiscard]] QGroupBox* MakeNetStyles();
+    [[nodiscard]] QGroupBox* MakeRoseStyles();
+    [[nodiscard]] QGroupBox* MakeWindowSizes();
+    [[nodiscard]] QWidget* MakeFontsPage();
+    void AddFont(QGridLayout& grid, int line, std::size_t font, const QString& caption);
+    [[nodiscard]] QWidget* MakeGeneralPage();
+    [[nodiscard]] QGroupBox* MakeFolderBox();
+    [[nodiscard]] QGroupBox* MakeFormulasBox();
+    void ChooseFont(std::size_t font);
+    void ChooseFontColour(std::size_t font);
+    void ChoosePlotColour(std::size_t which);
+    void ChooseFolder();
+    void ShowHelp();
+
+    void Load();
+    void ShowSlots();
+    void ShowFonts();
+    void ShowFolder();
+    void DrawPictures();
+    Preferences now_;
+    std::array<std::optional<StyleSlot>, 3> current_; ///< of the first three pages
+    std::map<QAbstractButton*, StyleSlot> slots_;     ///< of each sample that can be picked
+    std::array<QButtonGroup*, 3> samples_{};          ///< the samples of the first three pages
+    QGroupBox* palette_ = nullptr;
+    QButtonGroup* colours_ = nullptr;
+    QButtonGroup* types_ = nullptr;
+    QButtonGroup* lineStyles_ = nullptr;
+    QButtonGroup* patterns_ = nullptr;
+    QButtonGroup* netStyles_ = nullptr;
+    QButtonGroup* roseStyles_ = nullptr;
+    SampleWedges roses_;
+};
+
+/// Gives the line at the bottom of the main window and its box of orientations their fonts, once
+/// they have been chosen.
+void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox);
+
+/// Shows the preferences at a page, and lets them take hold on OK: all open plots are drawn anew.
+///
+/// @param tab  a PreferencesTab
+/// @return false on Cancel
+bool ShowPreferences(QWidget* parent, int tab);
+
+} // namespace quandrel

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+//
+// What a click on the pages of styles does to the copy of the preferences, and how the pages show
+// it.
+
+#include "shell/preferences/frm_preferences.h"
+#include "shell/styles/frm_symbol_select.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTabWidget>
+
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+using StyleTable = StyleSlot::Table;
+
+StyleSlot SymbolSlot(int row) {
+    return {StyleTable::Symbol, static_cast<std::size_t>(row)};
+}
+
+} // namespace
+
+std::optional<StyleSlot> frmPreferences::CurrentSlot() const {
+    const int page = tabPreferences->currentIndex();
+    return page >= 0 && page <= kRosesPage ? current_[static_cast<std::size_t>(page)]
+                                           : std::nullopt;
+}
+
+std::optional<StyleSlot> frmPreferences::UpwardSlotOf(const StyleSlot& slot) const {
+    constexpr std::array<std::pair<int, int>, 3> kPairs = {
+        {{kRowSymbol, kUpRowSymbol}, {kDerivedSymbol, kDerivedUpSymbol}, {21, 22}}};
+    for (const auto& [down, up] : kPairs) {
+        if (slot == SymbolSlot(down) || slot == SymbolSlot(up)) {
+            return SymbolSlot(up);
+        }
+    }
+    return std::nullopt;
+}
+
+std::int16_t* frmPreferences::PlaceOf(const StyleSlot& slot, Part part) {
+    const auto place = static_cast<std::size_t>(part);
+    switch (slot.table) {
+    case StyleTable::Symbol:
+        return &now_.symbols[slot.row][place];
+    case StyleTable::Axis:
+        return &now_.axes[slot.row][place];
+    case StyleTable::Contour:
+        return &now_.contours[slot.row][place];
+    case StyleTable::Blank:
+        return part == Part::Colour ? &now_.symbols[slot.row][kPlaceColour] : nullptr;
+    case StyleTable::Outline:
+        return part == Part::Colour ? &now_.symbols[slot.row][kPlaceSymbol] : nullptr;
+    }
+    return nullptr;
+}
+
+SymbolRow frmPreferences::StyleOf(const StyleSlot& slot) const {
+    switch (slot.table) {
+    case StyleTable::Axis:
+        return now_.axes[slot.row];
+    case StyleTable::Contour:
+        return now_.contours[slot.row];
+    case StyleTable::Blank:
+        return {now_.symbols[slot.row][kPlaceColour], kSolidFill, 1};
+    case StyleTable::Outline:
+        return {now_.symbols[slot.row][kPlaceSymbol], kSolidFill, 1};
+    case StyleTable::Symbol:
+        break;
+    }
+    return now_.symbols[slot.row];
+}
+
+void frmPreferences::PickSlot(const StyleSlot& slot) {
+    current_[static_cast<std::size_t>(tabPreferences->currentIndex())] = slot;
+    ShowSlots();
+}
+
+void frmPreferences::PickInRoses(double across, double down) {
+    const int row = StyleRowAt(roses_, across, down);
+    StyleSlot slot = SymbolSlot(row);
+    if (row == kRoseBackgroundStyle) {
+        slot.table = StyleTable::Blank;
+    }
+    PickSlot(slot);
+}
+
+void frmPreferences::Choose(Part part, int value, Qt::MouseButton button) {
+    std::optional<StyleSlot> slot = CurrentSlot();
+    if (!slot) {
+        return;
+    }
+    if (const auto upward = UpwardSlotOf(*slot); upward && button != Qt::NoButton) {
+        // The row in front of that of upward lines is that of downward ones.
+        slot = button == Qt::RightButton ? *upward : StyleSlot{upward->table, upward->row - 1};
+        current_[static_cast<std::size_t>(tabPreferences->currentIndex())] = slot;
+    }
+    if (std::int16_t* const place = PlaceOf(*slot, part)) {
+        *place = static_cast<std::int16_t>(value);
+    }
+    ShowSlots();
+    DrawPictures();
+}
+
+void frmPreferences::ShowSlots() {
+    const std::optional<StyleSlot> current = CurrentSlot();
+    palette_->setVisible(current.has_value());
+    for (const auto& [sample, slot] : slots_) {
+        if (auto* const patch = dynamic_cast<StylePatch*>(sample)) {
+            patch->SetStyle(StyleOf(slot));
+        }
+        sample->update();
+    }
+    for (QButtonGroup* cells : {colours_, types_, patterns_}) {
+        for (QAbstractButton* cell : cells->buttons()) {
+            cell->update();
+        }
+    }
+    NameColours();
+    if (!current) {
+        return;
+    }
+    const auto page = static_cast<std::size_t>(tabPreferences->currentIndex());
+    QAbstractButton* const checked = samples_[page]->checkedButton();
+    if (checked == nullptr || slots_[checked] != *current) {
+        // In the order of the page: some styles have two samples.
+        for (QAbstractButton* sample : samples_[page]->buttons()) {
+            if (slots_[sample] == *current) {
+                sample->setChecked(true);
+                break;
+            }
+        }
+    }
+    const SymbolRow style = StyleOf(*current);
+    CheckCell(*colours_, style[kPlaceColour]);
+    const bool hasShape = PlaceOf(*current, Part::Shape) != nullptr;
+    CheckCell(*types_, style[kPlaceSymbol]);
+    CheckCell(*patterns_, hasShape ? style[kPlaceSymbol] : -1);
+    CheckCell(*lineStyles_, style[kPlaceSymbol]);
+    for (QAbstractButton* cell : patterns_->buttons()) {
+        cell->setEnabled(hasShape);
+    }
+    const auto show = [&style](QSlider& slider, QSpinBox& box) {
+        const QSignalBlocker noSlide(slider);
+        const QSignalBlocker noSpin(box);
+        slider.setValue(style[kPlaceSize]);
+        box.setValue(style[kPlaceSize]);
+    };
+    show(*sldSymbSize, *spnSymbSize);
+    show(*sldLineWidth, *spnLineWidth);
+}
+
+} // namespace quandrel

@@ -1,0 +1,451 @@
+// SPDX-License-Identifier: MIT
+//
+// The pages of the preferences beside those of styles: plot style, fonts, general.
+
+#include "shell/controls/text_boxes.h"
+#include "shell/controls/widget_font.h"
+#include "shell/preferences/frm_preferences.h"
+#include "shell/styles/sample_button.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFont>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QImage>
+#include <QIntValidator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace quandrel {
+
+namespace {
+
+constexpr QSize kAxesRoom(124, 124);
+constexpr double kLargestSample = 13; ///< points that a font's own box has room for
+constexpr QSize kSwatch(28, 16);
+constexpr int kCaptionWidth = 86; ///< of fonts, so that the boxes of all groups are in line
+
+struct AxesCaption {
+    const char* caption;
+    const char* tip;
+};
+
+/// By value of gPlotAxesStyle.
+constexpr std::array<AxesCaption, 4> kNetCaptions = {{
+    {"Only the centre shown", "A cross at the centre"},
+    {"qudrant ticks shown", "Ticks at the quadrants but the north, and a cross at the centre"},
+    {"N-S & E-W axes shown", "Both axes, with a tick every 10° of plunge"},
+    {"Ticks every 10° shown", "Ticks every 10° on the eastern rim and along the axes"},
+}};
+
+/// By value of gRoseAxesStyle; the last value draws what the second does.
+constexpr std::array<AxesCaption, 3> kRoseCaptions = {{
+    {"N-S & E-W axes shown", "Axes through the centre"},
+    {"qudrant ticks shown", "Ticks outside the circle"},
+    {"No axes shown", "Neither axes nor ticks"},
+}};
+
+struct FontCaption {
+    const char* caption;
+    const char* tip;
+};
+
+/// By PlotFontPlace.
+constexpr std::array<FontCaption, 10> kFontCaptions = {{
+    {"Fabric Font", "Name of the fabric, on the screen"},
+    {"Legend Font", "Legends on the screen"},
+    {"Stats Font", "Statistics on the screen"},
+    {"General Font", "Descriptions, the number of data, and texts on the net"},
+    {"InfoBar Font", "The information line at the bottom of the main window"},
+    {"DipAz Font", "The orientation under the pointer, at the bottom of the main window"},
+    {"Fabric label", "Name of the fabric, on printed pages"},
+    {"Legend", "Legends on printed pages"},
+    {"Stats", "Statistics on printed pages"},
+    {"Plot area", "Texts on the net, on printed pages"},
+}};
+
+QColor ColourOfValue(std::uint32_t value) {
+    const Colour colour = ColourFromValue(value);
+    return {colour.red, colour.green, colour.blue};
+}
+
+QString NameOf(const PlotFont& font) {
+    QString name =
+        font.font.family.empty() ? QString("Sans-serif") : QString::fromStdString(font.font.family);
+    name += QString(", %1 pt").arg(font.font.points);
+    name += font.font.bold ? ", bold" : "";
+    name += font.font.italic ? ", italic" : "";
+    return name + (font.font.underline ? ", underlined" : "");
+}
+
+/// A patch of one colour in a frame that stands out from it and from the button.
+void ShowColour(QPushButton& button, std::uint32_t value) {
+    QImage image(kSwatch, QImage::Format_RGB32);
+    image.fill(QColor(0x80, 0x80, 0x80));
+    for (int y = 1; y < kSwatch.height() - 1; ++y) {
+        for (int x = 1; x < kSwatch.width() - 1; ++x) {
+            image.setPixelColor(x, y, ColourOfValue(value));
+        }
+    }
+    button.setIcon(QPixmap::fromImage(image));
+    button.setIconSize(kSwatch);
+}
+
+QCheckBox* NamedCheck(const QString& text, const char* name, const QString& tip) {
+    auto* box = new QCheckBox(text);
+    box->setObjectName(name);
+    box->setToolTip(tip);
+    return box;
+}
+
+} // namespace
+
+QGroupBox* frmPreferences::MakeNetStyles() {
+    auto* box = new QGroupBox("circle/axes style");
+    box->setObjectName("picAxes");
+    auto* grid = new QGridLayout(box);
+    netStyles_ = new QButtonGroup(this);
+    for (int i = 0; i < static_cast<int>(kNetCaptions.size()); ++i) {
+        const AxesCaption& text = kNetCaptions[static_cast<std::size_t>(i)];
+        auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
+            DrawNetSample(surface, static_cast<std::int16_t>(i));
+        });
+        sample->setObjectName(QString("picAxes_%1").arg(i));
+        sample->setAccessibleName(text.caption);
+        sample->setToolTip(text.tip);
+        sample->setCheckable(true);
+        netStyles_->addButton(sample, i);
+        grid->addWidget(sample, 0, i, Qt::AlignHCenter);
+        auto* caption = new QLabel(text.caption);
+        grid->addWidget(caption, 1, i, Qt::AlignHCenter);
+    }
+    chkShowNorth = NamedCheck("&N at the top", "chkShowNorth", "An N above the circle of nets");
+    grid->addWidget(chkShowNorth, 2, 0);
+    return box;
+}
+
+QGroupBox* frmPreferences::MakeRoseStyles() {
+    auto* box = new QGroupBox("Rose axes style");
+    box->setObjectName("picRoseAxes");
+    auto* grid = new QGridLayout(box);
+    roseStyles_ = new QButtonGroup(this);
+    for (int i = 0; i < static_cast<int>(kRoseCaptions.size()); ++i) {
+        const AxesCaption& text = kRoseCaptions[static_cast<std::size_t>(i)];
+        auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
+            DrawRoseAxesSample(surface, static_cast<std::int16_t>(i));
+        });
+        sample->setObjectName(QString("picRoseAxes_%1").arg(i));
+        sample->setAccessibleName(text.caption);
+        sample->setToolTip(text.tip);
+        sample->setCheckable(true);
+        roseStyles_->addButton(sample, i);
+        grid->addWidget(sample, 0, i, 3, 1, Qt::AlignHCenter);
+        grid->addWidget(new QLabel(text.caption), 3, i, Qt::AlignHCenter);
+    }
+    chkRoseOuterCircle =
+        NamedCheck("Show &outer circle", "chkRoseOuterCircle", "The circle about roses");
+    chkShowCompass = NamedCheck("Show &Compass points", "chkShowCompass",
+                                "All octants marked with direction, and the points between them");
+    const int column = static_cast<int>(kRoseCaptions.size());
+    grid->addWidget(chkRoseOuterCircle, 0, column, Qt::AlignBottom);
+    grid->addWidget(chkShowCompass, 1, column);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(column, 1);
+    return box;
+}
+
+QGroupBox* frmPreferences::MakeWindowSizes() {
+    auto* box = new QGroupBox("New plot windows");
+    auto* grid = new QGridLayout(box);
+    txtPlotSize = new QLineEdit;
+    txtPlotSize->setObjectName("txtPlotSize");
+    txtPlotSize->setMaximumWidth(80);
+    txtPlotSize->setToolTip("Width of new plot windows, in per cent of the main window");
+    cboPlotAspect = new QComboBox;
+    cboPlotAspect->setObjectName("cboPlotAspect");
+    MakeEditable(*cboPlotAspect);
+    cboPlotAspect->setInsertPolicy(QComboBox::NoInsert);
+    cboPlotAspect->addItems({"0.50", "0.75"});
+    cboPlotAspect->setMaximumWidth(80);
+    cboPlotAspect->setToolTip("Height of new plot windows, as a share of their width");
+    auto* size = new QLabel("Enter a %age number &1-100");
+    size->setBuddy(txtPlotSize);
+    auto* aspect = new QLabel("Enter hei&ght to width ratio of plot window");
+    aspect->setBuddy(cboPlotAspect);
+    chkPlotLast = NamedCheck("Use &last resize", "chkPlotLast",
+                             "New plot windows take the size that one was last given. Holds until "
+                             "Quandrel ends");
+    grid->addWidget(size, 0, 0);
+    grid->addWidget(txtPlotSize, 0, 1);
+    grid->addWidget(chkPlotLast, 0, 2);
+    grid->addWidget(aspect, 1, 0);
+    grid->addWidget(cboPlotAspect, 1, 1);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget* frmPreferences::MakePlotStylePage() {
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(MakeNetStyles());
+    layout->addWidget(MakeRoseStyles());
+    layout->addWidget(MakeWindowSizes());
+    layout->addStretch(1);
+    return page;
+}
+
+void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
+                             const QString& caption) {
+    const QString name = kFontCaptions[font].caption;
+    txtFontBox[font] = new QLineEdit;
+    txtFontBox[font]->setObjectName(QString("txtFontBox_%1").arg(font));
+    txtFontBox[font]->setReadOnly(true);
+    txtFontBox[font]->setAccessibleName(name);
+    txtFontBox[font]->setToolTip(kFontCaptions[font].tip);
+    txtFontBox[font]->setMinimumWidth(190);
+    cmdFont[font] = new QPushButton("Change...");
+    cmdFont[font]->setObjectName(QString("cmdFont_%1").arg(font));
+    cmdFont[font]->setAccessibleName("Change " + name);
+    cmdFontColour[font] = new QPushButton;
+    cmdFontColour[font]->setObjectName(QString("cmdFontColour_%1").arg(font));
+    cmdFontColour[font]->setAccessibleName("Colour of " + name);
+    cmdFontColour[font]->setToolTip("Colour of the text");
+    grid.addWidget(new QLabel(caption), line, 0);
+    grid.addWidget(txtFontBox[font], line, 1);
+    grid.addWidget(cmdFont[font], line, 2);
+    grid.addWidget(cmdFontColour[font], line, 3);
+}
+
+QWidget* frmPreferences::MakeFontsPage() {
+    struct Group {
+        const char* title;
+        std::size_t first;
+        std::size_t last;
+    };
+
+    constexpr std::array<Group, 4> kGroups = {
+        {{"All plots", kFabricFont, kGeneralFont},
+         {"Lower infomation bar", kInfoBarFont, kInfoBarFont},
+         {"Lower left orientation box", kDipAzFont, kDipAzFont},
+         {"Printer", kPrintFabricFont, kPrintPlotFont}}};
+    auto* page = new QWidget;
+    auto* columns = new QHBoxLayout(page);
+    auto* screen = new QVBoxLayout;
+    auto* printer = new QVBoxLayout;
+    for (const Group& group : kGroups) {
+        const bool isPrinter = group.first == kPrintFabricFont;
+        auto* box = new QGroupBox(group.title);
+        auto* grid = new QGridLayout(box);
+        grid->setColumnMinimumWidth(0, kCaptionWidth);
+        grid->setColumnStretch(1, 1);
+        int line = 0;
+        for (std::size_t font = group.first; font <= group.last; ++font) {
+            AddFont(*grid, line++, font, kFontCaptions[font].caption);
+        }
+        constexpr std::array<const char*, 2> kColours = {"b'ground", "axes/circle"};
+        constexpr std::array<const char*, 2> kTips = {"Background of plots on the screen",
+                                                      "Colour of the circle and the axes"};
+        for (std::size_t i = 0; group.first == kFabricFont && i < kColours.size(); ++i) {
+            cmdPlotColour[i] = new QPushButton;
+            cmdPlotColour[i]->setObjectName(QString("cmdPlotColour_%1").arg(i));
+            cmdPlotColour[i]->setAccessibleName(kTips[i]);
+            cmdPlotColour[i]->setToolTip(kTips[i]);
+            grid->addWidget(new QLabel(kColours[i]), line, 0);
+            grid->addWidget(cmdPlotColour[i], line++, 1, Qt::AlignLeft);
+        }
+        (isPrinter ? printer : screen)->addWidget(box);
+    }
+    screen->addStretch(1);
+    printer->addStretch(1);
+    columns->addLayout(screen, 1);
+    columns->addLayout(printer, 1);
+    return page;
+}
+
+QGroupBox* frmPreferences::MakeFolderBox() {
+    auto* box = new QGroupBox("Default files directory...");
+    auto* grid = new QGridLayout(box);
+    txtDirectory = new QLineEdit;
+    txtDirectory->setObjectName("txtDirectory");
+    txtDirectory->setReadOnly(true);
+    txtDirectory->setAccessibleName("Default files directory");
+    cmdDirectory = new QPushButton("Chan&ge...");
+    cmdDirectory->setObjectName("cmdDirectory");
+    chkUseLastDirectory = NamedCheck(
+        "&Always use last-accessed directory (deselect to set default directory)",
+        "chkUseLastDirectory", "File dialogs start in the folder of the file that was last opened");
+    grid->addWidget(txtDirectory, 0, 0);
+    grid->addWidget(cmdDirectory, 0, 1);
+    grid->addWidget(chkUseLastDirectory, 1, 0, 1, 2);
+    return box;
+}
+
+QGroupBox* frmPreferences::MakeFormulasBox() {
+    auto* box = new QGroupBox("Formulas of statistics:");
+    box->setObjectName("fraFormulas");
+    auto* choices = new QHBoxLayout(box);
+    constexpr std::array<const char*, 2> kCaptions = {"Quandrel's o&wn", "&Textbook"};
+    constexpr std::array<const char*, 2> kTips = {
+        "Statistics, arrows, arcs and cones by the program's own definitions. Where the textbook's "
+        "result is another one it stands below",
+        "Statistics, arrows, arcs and cones by the formulas of the textbooks"};
+    for (std::size_t i = 0; i < kCaptions.size(); ++i) {
+        optFormulas[i] = new QRadioButton(kCaptions[i]);
+        optFormulas[i]->setObjectName(QString("optFormulas_%1").arg(i));
+        optFormulas[i]->setToolTip(kTips[i]);
+        choices->addWidget(optFormulas[i]);
+    }
+    choices->addStretch(1);
+    return box;
+}
+
+QWidget* frmPreferences::MakeGeneralPage() {
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    auto* plots = new QHBoxLayout;
+    txtNumPlots = new QLineEdit;
+    txtNumPlots->setObjectName("txtNumPlots");
+    txtNumPlots->setMaximumWidth(60);
+    txtNumPlots->setValidator(new QIntValidator(1, kMostPlots, txtNumPlots));
+    auto* label = new QLabel("Ma&ximum number of simultaneously open plots (Max. = 99)");
+    label->setBuddy(txtNumPlots);
+    plots->addWidget(label);
+    plots->addWidget(txtNumPlots);
+    plots->addStretch(1);
+    layout->addLayout(plots);
+    auto* note = new QLabel("(Only adjust as necessary, or to conserve memory ). Save any changes "
+                            "then restart Quandrel");
+    note->setWordWrap(true);
+    layout->addWidget(note);
+    layout->addSpacing(8);
+    layout->addWidget(MakeFolderBox());
+    auto* pitch = new QGroupBox("pitch/rake nomenclature:");
+    pitch->setObjectName("fraPitchName");
+    auto* names = new QHBoxLayout(pitch);
+    constexpr std::array<const char*, 2> kNames = {"&pitch", "&rake"};
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+        optPitchName[i] = new QRadioButton(kNames[i]);
+        optPitchName[i]->setObjectName(QString("optPitchName_%1").arg(i));
+        names->addWidget(optPitchName[i]);
+    }
+    names->addStretch(1);
+    layout->addWidget(pitch);
+    layout->addWidget(MakeFormulasBox());
+    layout->addSpacing(8);
+    chkDecimalConv = NamedCheck(
+        "&Convert 'invalid' decimal-like numbers to agree with Regional Settings", "chkDecimalConv",
+        "Numbers with the other decimal delimiter are read as numbers");
+    chkSaveLinesOption =
+        NamedCheck("&Include non-data lines in ASCII Saves [default = No]", "chkSaveLinesOption",
+                   "Texts of plots keep comments and other lines that are no data");
+    chkIsolatedPts =
+        NamedCheck("&Show single isolated pts with contours", "chkIsolatedPts",
+                   "Contour plots mark each point that has no other one within its counting cone");
+    for (QCheckBox* box : {chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
+        layout->addWidget(box);
+    }
+    layout->addStretch(1);
+    return page;
+}
+
+void frmPreferences::ShowFonts() {
+    for (std::size_t i = 0; i < txtFontBox.size(); ++i) {
+        const PlotFont& font = now_.fonts[i];
+        const auto value = static_cast<std::uint32_t>(font.colour);
+        QFont sample = WidgetFont(font);
+        sample.setPointSizeF(std::min(sample.pointSizeF(), kLargestSample));
+        QPalette paper = txtFontBox[i]->palette();
+        paper.setColor(QPalette::Base, Qt::white);
+        paper.setColor(QPalette::Text, ColourOfValue(value));
+        txtFontBox[i]->setPalette(paper);
+        txtFontBox[i]->setFont(sample);
+        txtFontBox[i]->setText(NameOf(font));
+        txtFontBox[i]->setCursorPosition(0);
+        ShowColour(*cmdFontColour[i], value);
+    }
+    ShowColour(*cmdPlotColour[0], now_.plotBackColour);
+    ShowColour(*cmdPlotColour[1], now_.plotAxesColour);
+}
+
+void frmPreferences::ChooseFont(std::size_t font) {
+    const auto chosen = askFont(WidgetFont(now_.fonts[font]));
+    if (!chosen) {
+        return;
+    }
+    PlotFont& place = now_.fonts[font];
+    place.font.family = chosen->family().toStdString();
+    place.font.points = std::max(chosen->pointSizeF(), 1.0);
+    place.font.bold = chosen->bold();
+    place.font.italic = chosen->italic();
+    place.font.underline = chosen->underline();
+    place.weight = chosen->weight();
+    ShowFonts();
+    DrawPictures();
+}
+
+void frmPreferences::ChooseFontColour(std::size_t font) {
+    std::int32_t& place = now_.fonts[font].colour;
+    const Colour former = ColourFromValue(static_cast<std::uint32_t>(place));
+    if (const auto colour = askColour(former, "Colour of the text")) {
+        place = static_cast<std::int32_t>(ColourValue(*colour));
+        ShowFonts();
+    }
+}
+
+void frmPreferences::ChoosePlotColour(std::size_t which) {
+    std::uint32_t& place = which == 0 ? now_.plotBackColour : now_.plotAxesColour;
+    const QString title = which == 0 ? "Background of plots" : "Colour of circle and axes";
+    if (const auto colour = askColour(ColourFromValue(place), title)) {
+        place = ColourValue(*colour);
+        ShowFonts();
+        DrawPictures();
+    }
+}
+
+void frmPreferences::ShowFolder() {
+    const bool isSet = !chkUseLastDirectory->isChecked();
+    txtDirectory->setText(QString::fromStdString(now_.filesDirectory));
+    txtDirectory->setEnabled(isSet);
+    cmdDirectory->setEnabled(isSet);
+    cmdDirectory->setToolTip(isSet ? "Choose the folder that file dialogs start in"
+                                   : "File dialogs start in the folder of the last file");
+}
+
+void frmPreferences::ChooseFolder() {
+    const auto folder = askFolder(QString::fromStdString(now_.filesDirectory));
+    if (!folder) {
+        return;
+    }
+    now_.filesDirectory = folder->toStdString();
+    chkUseLastDirectory->setChecked(folder->isEmpty());
+    ShowFolder();
+}
+
+void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox) {
+    const auto use = [](QLabel& label, PlotFontPlace place) {
+        const PlotFont& font = gPlotFonts[place];
+        const bool isChosen = !(font.font == FontSpec{});
+        label.setFont(isChosen ? WidgetFont(font) : QFont());
+        QPalette colours;
+        if (font.colour != 0) { // black stands for the colour of the desktop's texts
+            colours.setColor(QPalette::WindowText,
+                             ColourOfValue(static_cast<std::uint32_t>(font.colour)));
+        }
+        label.setPalette(colours);
+    };
+    use(infoLine, kInfoBarFont);
+    use(orientationBox, kDipAzFont);
+}
+
+} // namespace quandrel

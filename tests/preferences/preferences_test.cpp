@@ -1,0 +1,531 @@
+// SPDX-License-Identifier: MIT
+
+#include "classify/classification.h"
+#include "density/contours.h"
+#include "orientation/angles.h"
+#include "persistence/ascii_plot_file.h"
+#include "preferences/preferences.h"
+#include "preferences/style_changes.h"
+#include "preferences/style_samples.h"
+#include "session/start.h"
+#include "stereo/draw_target.h"
+#include "stereo/net.h"
+#include "stereo/plot_driver.h"
+#include "stereo/plot_stages.h"
+#include "support/plot_rows.h"
+#include "support/test_platform.h"
+
+#include <cmath>
+#include <set>
+
+namespace quandrel {
+namespace {
+
+/// One preference: how it is changed, and whether the globals hold the change.
+struct Case {
+    const char* name;
+    std::function<void(Preferences&)> change;
+    std::function<bool()> holds;
+    bool ofSession = false; ///< saved with the session, not with the preferences
+};
+
+const std::vector<Case>& AllPreferences() {
+    static const std::vector<Case> kCases = {
+        {"a colour", [](Preferences& p) { p.colours[7] = 0x123456; },
+         [] { return gColourTable[7] == 0x123456; }},
+        {"symbol of rows",
+         [](Preferences& p) {
+             p.symbols[0] = {9, 12, 4};
+         },
+         [] {
+             return gSymbolTable[0] == SymbolRow{9, 12, 4};
+         }},
+        {"symbol of overlays",
+         [](Preferences& p) {
+             p.symbols[3] = {9, 12, 4};
+         },
+         [] {
+             return gSymbolTable[3] == SymbolRow{9, 12, 4};
+         }},
+        {"density level",
+         [](Preferences& p) {
+             p.symbols[15] = {9, 12, 4};
+         },
+         [] {
+             return gSymbolTable[15] == SymbolRow{9, 12, 4};
+         }},
+        {"annotation points",
+         [](Preferences& p) {
+             p.symbols[22] = {9, 12, 4};
+         },
+         [] {
+             return gSymbolTable[22] == SymbolRow{9, 12, 4};
+         },
+         true},
+        {"fill of roses",
+         [](Preferences& p) {
+             p.symbols[16] = {9, 4, 1};
+         },
+         [] {
+             return gSymbolTable[16] == SymbolRow{9, 4, 1};
+         }},
+        {"class of roses",
+         [](Preferences& p) {
+             p.symbols[35] = {9, 4, 1};
+         },
+         [] {
+             return gSymbolTable[35] == SymbolRow{9, 4, 1};
+         }},
+        {"class symbol",
+         [](Preferences& p) {
+             p.symbols[50] = {9, 12, 4};
+         },
+         [] {
+             return gSymbolTable[50] == SymbolRow{9, 12, 4};
+         }},
+        {"beta axis",
+         [](Preferences& p) {
+             p.axes[kBetaAxisStyle] = {9, 12, 4};
+         },
+         [] {
+             return gAxisStyleTable[kBetaAxisStyle] == AxisStyle{9, 12, 4};
+         },
+         true}, // read back once a session of this version has ended
+        {"mean",
+         [](Preferences& p) {
+             p.axes[kMeanGirdleStyle] = {9, 1, 4};
+         },
+         [] {
+             return gAxisStyleTable[kMeanGirdleStyle] == AxisStyle{9, 1, 4};
+         }},
+        {"drawn girdles",
+         [](Preferences& p) {
+             p.axes[kUserGirdleStyle] = {9, 1, 4};
+         },
+         [] {
+             return gAxisStyleTable[kUserGirdleStyle] == AxisStyle{9, 1, 4};
+         }},
+        {"calculated girdles",
+         [](Preferences& p) {
+             p.axes[kCalculatedGirdleStyle] = {9, 3, 4};
+         },
+         [] {
+             return gAxisStyleTable[kCalculatedGirdleStyle] == AxisStyle{9, 3, 4};
+         }},
+        {"first contour",
+         [](Preferences& p) {
+             p.contours[0] = {9, 3, 4};
+         },
+         [] {
+             return gContourStyleTable[0] == AxisStyle{9, 3, 4};
+         }},
+        {"last contour",
+         [](Preferences& p) {
+             p.contours[5] = {9, 3, 4};
+         },
+         [] {
+             return gContourStyleTable[5] == AxisStyle{9, 3, 4};
+         }},
+        {"legend font",
+         [](Preferences& p) {
+             p.fonts[kLegendFont] = {{"Serif", 11, true, true, true}, 700, 0x0000ff};
+         },
+         [] {
+             const PlotFont& font = gPlotFonts[kLegendFont];
+             return font.font == FontSpec{"Serif", 11, true, true, true} && font.weight == 700
+                    && font.colour == 0x0000ff;
+         }},
+        {"printer font", [](Preferences& p) { p.fonts[kPrintPlotFont].font.points = 21; },
+         [] { return gPlotFonts[kPrintPlotFont].font.points == 21; }},
+        {"background", [](Preferences& p) { p.plotBackColour = 0x332211; },
+         [] { return gPlotBackColour == 0x332211; }},
+        {"axes", [](Preferences& p) { p.plotAxesColour = 0x112233; },
+         [] { return gPlotAxesColour == 0x112233; }},
+        {"style of nets", [](Preferences& p) { p.plotAxesStyle = 2; },
+         [] { return gPlotAxesStyle == 2; }},
+        {"north", [](Preferences& p) { p.showNorth = true; }, [] { return gShowNorth; }},
+        {"style of roses", [](Preferences& p) { p.roseAxesStyle = 2; },
+         [] { return gRoseAxesStyle == 2; }},
+        {"outer circle", [](Preferences& p) { p.roseOuterCircle = false; },
+         [] { return !gRoseOuterCircle; }},
+        {"compass points", [](Preferences& p) { p.showCompassPoints = true; },
+         [] { return gShowCompassPoints; }},
+        {"width of windows", [](Preferences& p) { p.plotWidthPercent = 70; },
+         [] { return gPlotWidthPercent == 70; }, true},
+        {"aspect of windows", [](Preferences& p) { p.plotAspect = 0.5F; },
+         [] { return gPlotAspect == 0.5F; }, true},
+        {"folder", [](Preferences& p) { p.filesDirectory = "/somewhere"; },
+         [] { return gFilesDirectory == "/somewhere"; }},
+        {"pitch", [](Preferences& p) { p.pitchName = "rake"; },
+         [] { return gPitchName == "rake"; }},
+        {"formulas", [](Preferences& p) { p.formulas = Formulas::Textbook; },
+         [] { return gFormulas == Formulas::Textbook; }},
+        {"decimals", [](Preferences& p) { p.convertDecimals = true; },
+         [] { return gConvertDecimals; }},
+        {"non-data lines", [](Preferences& p) { p.saveNonDataLines = true; },
+         [] { return gSaveNonDataLines; }},
+        {"isolated points", [](Preferences& p) { p.showIsolatedPts = 1; },
+         [] { return gShowIsolatedPts == 1; }},
+    };
+    return kCases;
+}
+
+class PreferencesTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        ConnectPlotStages();
+    }
+
+    void TearDown() override {
+        gPlotStages = {};
+        EngineTest::TearDown();
+    }
+
+    static void Apply(const std::function<void(Preferences&)>& change,
+                      KeepSettings keep = KeepSettings::No) {
+        Preferences preferences = CurrentPreferences();
+        change(preferences);
+        ApplyPreferences(preferences, keep);
+    }
+
+    [[nodiscard]] static SymbolCode Drawn(std::int32_t row) {
+        return gDataSymbol(gActivePlot, row);
+    }
+
+    [[nodiscard]] static SymbolCode Base(std::int32_t row) {
+        return gDataSymbolBase(gActivePlot, row);
+    }
+};
+
+TEST_F(PreferencesTest, EachOneTakesHoldAndSurvivesARestartWhenSaved) {
+    for (const Case& preference : AllPreferences()) {
+        SCOPED_TRACE(preference.name);
+        settings = MemorySettingsStore();
+        LoadSettings();
+        ASSERT_FALSE(preference.holds());
+        Apply(preference.change, KeepSettings::Yes);
+        EXPECT_TRUE(preference.holds());
+        if (preference.ofSession) {
+            EXPECT_TRUE(SaveSettings(6));
+        }
+        LoadSettings();
+        EXPECT_TRUE(preference.holds());
+    }
+}
+
+TEST_F(PreferencesTest, WithoutSavingARestartForgetsThem) {
+    for (const Case& preference : AllPreferences()) {
+        SCOPED_TRACE(preference.name);
+        settings = MemorySettingsStore();
+        LoadSettings();
+        Apply(preference.change);
+        EXPECT_TRUE(preference.holds());
+        LoadSettings();
+        EXPECT_FALSE(preference.holds());
+    }
+}
+
+TEST_F(PreferencesTest, ACopyThatIsDroppedChangesNothing) {
+    for (const Case& preference : AllPreferences()) {
+        SCOPED_TRACE(preference.name);
+        Preferences preferences = CurrentPreferences();
+        preference.change(preferences);
+        EXPECT_FALSE(preference.holds());
+    }
+}
+
+TEST_F(PreferencesTest, DefaultsAreThoseOfAFirstRunAndLeaveTheGlobalsAlone) {
+    for (const Case& preference : AllPreferences()) {
+        Apply(preference.change);
+    }
+    const Preferences start = DefaultPreferences();
+    for (const Case& preference : AllPreferences()) {
+        EXPECT_TRUE(preference.holds()) << preference.name;
+    }
+    ApplyPreferences(start, KeepSettings::No);
+    for (const Case& preference : AllPreferences()) {
+        EXPECT_FALSE(preference.holds()) << preference.name;
+    }
+    EXPECT_EQ(gColourTable[8], 255U);
+    EXPECT_EQ(gSymbolTable[23], (SymbolRow{7, 17, 7}));
+    EXPECT_EQ(gPlotBackColour, 0xffffffU);
+}
+
+TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifiedByThem) {
+    gPrimaryDataType = kPrimaryLine;
+    gPlotDataKind = kLines;
+    const int rose = NewPlot();
+    ActiveRecord().PlotKind = kRose;
+    for (const std::int32_t azimuth : {40, 45, 50}) {
+        AddRow(0, azimuth);
+    }
+    ReplotActivePlot(true);
+    const int fabric = NewPlot();
+    AddRow(40, 200);
+    ReplotActivePlot(true);
+    RecordOf(rose).Modified = 0;
+    RecordOf(fabric).Modified = 0;
+    const auto text = [this](int slot, PlotBox box) { return Form(slot).BoxText(box); };
+    ASSERT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n(textbook: 045-225)\r\n"),
+              std::string::npos);
+    ASSERT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = 99999.00"), std::string::npos);
+    Apply([](Preferences& p) { p.formulas = Formulas::Textbook; });
+    EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 045-225\r\n"), std::string::npos);
+    EXPECT_EQ(text(rose, PlotBox::StatsNormal).find("textbook"), std::string::npos);
+    EXPECT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = undetermined"), std::string::npos);
+    EXPECT_NEAR(RecordOf(rose).RoseMeanDir[0], kPi / 4, 1e-9);
+    EXPECT_EQ(RecordOf(rose).Modified, 0);
+    EXPECT_EQ(RecordOf(fabric).Modified, 0);
+    EXPECT_EQ(gActivePlot, fabric);
+    Apply([](Preferences& p) { p.formulas = Formulas::Own; });
+    EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n"), std::string::npos);
+}
+
+TEST_F(PreferencesTest, UseLastResizeEndsWithTheSession) {
+    // Kept: it is saved under a key that is never read.
+    Apply([](Preferences& p) { p.plotWinLast = true; }, KeepSettings::Yes);
+    EXPECT_TRUE(gPlotWinLast);
+    EXPECT_TRUE(SaveSettings(6));
+    LoadSettings();
+    EXPECT_FALSE(gPlotWinLast);
+}
+
+TEST_F(PreferencesTest, ANewMaximumOfPlotsIsSavedAtOnceAndHoldsFromTheNextStart) {
+    Expect("Do you want to save the changes to the maximum number of plots?", Button::Yes);
+    Expect("You will have to exit Quandrel and restart for the changes in the maximum number of "
+           "plots to have affect.");
+    Apply([](Preferences& p) { p.maxPlots = 25; });
+    EXPECT_EQ(gMaxPlots, 10) << "the session keeps its own";
+    EXPECT_EQ(CurrentPreferences().maxPlots, 25);
+    // Asked once: the store has it now.
+    Apply([](Preferences& p) { p.roseAxesStyle = 1; });
+    LoadSettings();
+    EXPECT_EQ(gMaxPlots, 25);
+}
+
+TEST_F(PreferencesTest, AMaximumOfPlotsThatIsNotToBeSavedChangesNothing) {
+    Expect("Do you want to save the changes to the maximum number of plots?", Button::No);
+    Apply([](Preferences& p) { p.maxPlots = 25; }, KeepSettings::Yes);
+    EXPECT_EQ(gMaxPlots, 10);
+    LoadSettings();
+    EXPECT_EQ(gMaxPlots, 10);
+}
+
+TEST_F(PreferencesTest, TheNumberOfPlotsIsAWholeOneUpToNinetyNine) {
+    const std::vector<std::pair<std::string, int>> cases = {
+        {"12", 12}, {"0", 1}, {"-4", 1}, {"100", 99}, {"99", 99}, {"", 7}, {"many", 7}, {"3.6", 4}};
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(MaxPlotsOf(text, 7), expected) << text;
+    }
+}
+
+TEST_F(PreferencesTest, WidthAndAspectComeIntoTheirRanges) {
+    Apply([](Preferences& p) {
+        p.plotWidthPercent = 0;
+        p.plotAspect = 50;
+    });
+    EXPECT_EQ(gPlotWidthPercent, 50);
+    EXPECT_FLOAT_EQ(gPlotAspect, 0.5F);
+    Apply([](Preferences& p) {
+        p.plotWidthPercent = 150;
+        p.plotAspect = 0;
+    });
+    EXPECT_EQ(gPlotWidthPercent, 100);
+    EXPECT_FLOAT_EQ(gPlotAspect, 0.75F);
+}
+
+TEST_F(PreferencesTest, APitchIsAPitchOrARake) {
+    EXPECT_EQ(PitchNameOf("rake"), "rake");
+    EXPECT_EQ(PitchNameOf("pitch"), "pitch");
+    EXPECT_EQ(PitchNameOf("Plunge"), "pitch");
+}
+
+TEST_F(PreferencesTest, EachOpenPlotIsDrawnAnewAndTheActiveOneStays) {
+    const int first = NewPlot();
+    AddRow(30, 120);
+    const int second = NewPlot();
+    AddRow(40, 10);
+    const int shown = Form(first).TimesShown();
+    const int shownSecond = Form(second).TimesShown();
+    Apply([](Preferences& p) { p.plotAxesStyle = 1; });
+    EXPECT_EQ(Form(first).TimesShown(), shown + 1);
+    EXPECT_EQ(Form(second).TimesShown(), shownSecond + 1);
+    EXPECT_EQ(gActivePlot, second);
+}
+
+TEST_F(PreferencesTest, ARowWithTheFormerCodeOfItsStyleTakesTheNewOne) {
+    NewPlot();
+    ActiveRecord().DataKind = kPolarLines;
+    AddRow(30, 120, CodeOfStyleRow(kRowSymbol));
+    AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
+    AddRow(40, 200, MakeSymbolCode(8, 13, 9)); // changed by hand
+    Apply([](Preferences& p) {
+        p.symbols[kRowSymbol] = {9, 12, 4};
+        p.symbols[kUpRowSymbol] = {10, 13, 5};
+    });
+    EXPECT_EQ(Drawn(1), MakeSymbolCode(9, 12, 4));
+    EXPECT_EQ(Base(1), MakeSymbolCode(9, 12, 4));
+    EXPECT_EQ(Drawn(2), MakeSymbolCode(10, 13, 5));
+    EXPECT_EQ(Drawn(3), MakeSymbolCode(8, 13, 9));
+    EXPECT_EQ(Base(3), MakeSymbolCode(8, 13, 9));
+}
+
+TEST_F(PreferencesTest, ARowHiddenByHandStaysHiddenWhileWhatItGoesBackToFollows) {
+    NewPlot();
+    AddRow(30, 120);
+    gDataSymbol.At(gActivePlot, 1) = 0;
+    Apply([](Preferences& p) { p.symbols[kRowSymbol] = {9, 12, 4}; });
+    EXPECT_EQ(Drawn(1), 0U);
+    EXPECT_EQ(Base(1), MakeSymbolCode(9, 12, 4));
+}
+
+TEST_F(PreferencesTest, StylesThatAreExchangedDoNotMixTheirRows) {
+    NewPlot();
+    ActiveRecord().DataKind = kPolarLines;
+    AddRow(30, 120, CodeOfStyleRow(kRowSymbol));
+    AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
+    const SymbolCode down = CodeOfStyleRow(kRowSymbol);
+    const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
+    Apply([](Preferences& p) { std::swap(p.symbols[kRowSymbol], p.symbols[kUpRowSymbol]); });
+    EXPECT_EQ(Drawn(1), up);
+    EXPECT_EQ(Drawn(2), down);
+}
+
+TEST_F(PreferencesTest, OverlayRowsFollowTheStyleOfTheirOverlay) {
+    NewPlot();
+    AddRow(30, 120);
+    const SymbolCode former = CodeOfStyleRow(kFirstOverlaySymbol + 1);
+    AddOverlay(kOverlayPoles, 50, 20, former);
+    gDataSymbolBase.At(gActivePlot, 2) = former;
+    Apply([](Preferences& p) { p.symbols[kFirstOverlaySymbol + 1] = {9, 12, 4}; });
+    EXPECT_EQ(Drawn(2), MakeSymbolCode(9, 12, 4));
+    EXPECT_EQ(Drawn(1), CodeOfStyleRow(kRowSymbol));
+}
+
+TEST_F(PreferencesTest, RowsOfClassesFollowTheStyleOfTheirClass) {
+    NewPlot();
+    PlotRecord& record = ActiveRecord();
+    record.HasAppendedNumeric = kTrue;
+    AddRow(30, 120);
+    AddRow(30, 200);
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+    gAppNumeric.At(gActivePlot, 1) = 1.0F;
+    gAppNumeric.At(gActivePlot, 2) = 3.0F;
+    record.ClassTable[0][0] = 2.0;  // two base classes
+    record.ClassTable[1][0] = 0.0;  // from 0
+    record.ClassTable[2][0] = 2.0;  // to 2
+    record.ClassTable[11][0] = 4.0; // to 4
+    record.ClassMode = kClassesByNumber;
+    RefreshClassification();
+    const int ofFirst = ClassifyRow(1, kClassesByNumber);
+    const int ofSecond = ClassifyRow(2, kClassesByNumber);
+    ASSERT_NE(ofFirst, ofSecond);
+    ASSERT_EQ(Drawn(2), CodeOfClass(ofSecond));
+    Apply([ofSecond](Preferences& p) {
+        p.symbols[static_cast<std::size_t>(kFirstClassStyle + ofSecond - 1)] = {9, 12, 4};
+        p.symbols[kRowSymbol] = {6, 14, 2};
+    });
+    EXPECT_EQ(Drawn(2), MakeSymbolCode(9, 12, 4));
+    EXPECT_EQ(Drawn(1), CodeOfClass(ofFirst));
+    EXPECT_EQ(Base(1), MakeSymbolCode(6, 14, 2)) << "what it goes back to without classes";
+}
+
+TEST_F(PreferencesTest, GirdlesInTheFormerStyleTakeTheNewOne) {
+    NewPlot();
+    PlotRecord& record = ActiveRecord();
+    const AxisStyle former = gAxisStyleTable[kUserGirdleStyle];
+    for (std::size_t place = 0; place < 3; ++place) {
+        record.AxisItems[1][4 + place] = former[place];
+        record.AxisItems[2][4 + place] = std::int16_t{3};
+    }
+    Apply([](Preferences& p) { p.axes[kUserGirdleStyle] = {9, 1, 4}; });
+    EXPECT_EQ(NumberOf(record.AxisItems[1][4]), 9);
+    EXPECT_EQ(NumberOf(record.AxisItems[1][5]), 1);
+    EXPECT_EQ(NumberOf(record.AxisItems[1][6]), 4);
+    EXPECT_EQ(NumberOf(record.AxisItems[2][4]), 3) << "another style than the table's";
+}
+
+TEST_F(PreferencesTest, APreviewHoldsForItsBlockAlone) {
+    for (const Case& preference : AllPreferences()) {
+        Preferences preferences = CurrentPreferences();
+        preference.change(preferences);
+        { const PreviewPreferences preview(preferences); }
+        EXPECT_FALSE(preference.holds()) << preference.name;
+    }
+    Preferences red = CurrentPreferences();
+    red.plotAxesColour = 0xff;
+    const PreviewPreferences preview(red);
+    EXPECT_EQ(AxesColour(), (Colour{255, 0, 0}));
+}
+
+TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
+    const int slot = NewPlot();
+    AddRow(30, 120);
+    gRoseRadii = RoseRadiiTable(3, 1);
+    gRoseWedges.resize(2);
+    gPlots[0].PlotTitle = "untouched";
+    RecordingSurface surface(600, 200);
+    const SampleWedges wedges = DrawRoseSamples(surface);
+    DrawNetSample(surface, 2);
+    DrawRoseAxesSample(surface, 1);
+    DrawLinesSample(surface);
+    EXPECT_EQ(gActivePlot, slot);
+    EXPECT_EQ(gPlots[0].PlotTitle, "untouched");
+    EXPECT_EQ(gRoseRadii.Sectors(), 3);
+    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_FALSE(IsDrawingElsewhere());
+    EXPECT_EQ(gPlotAxesStyle, 0);
+    EXPECT_TRUE(DrawnOn(Form(slot).Plot()).empty());
+    EXPECT_FALSE(wedges[0].empty());
+}
+
+TEST_F(PreferencesTest, ASampleOfANetIsThatOfItsStyle) {
+    RecordingSurface surface(100, 100);
+    DrawNetSample(surface, 2);
+    int diameters = 0;
+    for (const DrawOperation& operation : surface.Operations()) {
+        if (operation.kind == DrawOperation::Kind::Line
+            && std::hypot(operation.points[0].x - operation.points[1].x,
+                          operation.points[0].y - operation.points[1].y)
+                   == 2000) {
+            ++diameters;
+        }
+    }
+    EXPECT_EQ(diameters, 2);
+}
+
+TEST_F(PreferencesTest, PlacesOfTheRoseSamplesTellTheStyleTheyAreDrawnWith) {
+    RecordingSurface surface(600, 200);
+    const SampleWedges wedges = DrawRoseSamples(surface);
+    std::set<int> rows;
+    for (int i = 0; i < 300; ++i) {
+        for (int j = 0; j < 100; ++j) {
+            rows.insert(StyleRowAt(wedges, (i + 0.5) / 300, (j + 0.5) / 100));
+        }
+    }
+    std::set<int> expected = {kRoseStyle, kRoseBackgroundStyle, 36, 37};
+    for (int row = kFirstRoseClassStyle; row < 36; ++row) {
+        expected.insert(row);
+    }
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(StyleRowAt(wedges, 0.002, 0.01), kRoseBackgroundStyle) << "beside the first rose";
+    EXPECT_EQ(StyleRowAt(wedges, 1.0 / 6, 0.499), kRoseStyle) << "the middle of the first rose";
+}
+
+TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOf) {
+    class FullStore : public MemorySettingsStore {
+    public:
+        bool Sync() override { return false; }
+    };
+
+    FullStore full;
+    gPlatform.settings = &full;
+    Expect("could not be saved");
+    Apply([](Preferences& p) { p.showNorth = true; }, KeepSettings::Yes);
+    EXPECT_TRUE(gShowNorth);
+    gPlatform.settings = &settings;
+}
+
+} // namespace
+} // namespace quandrel

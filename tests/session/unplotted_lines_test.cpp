@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+
+#include "input/file_loading.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/open_plot.h"
+#include "session/unplotted_lines.h"
+#include "support/test_platform.h"
+
+namespace quandrel {
+namespace {
+
+class UnplottedLines : public EngineTest {
+protected:
+    void Open(const std::string& text) {
+        AcceptFormat({}, 1000);
+        EXPECT_EQ(OpenPlotFile(kNewCommand, WriteFile("a.txt", text)), kNewCommand);
+    }
+};
+
+TEST_F(UnplottedLines, NoPlotAndGoodFilesHaveNone) {
+    EXPECT_FALSE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "");
+    Open("30\t120\n40\t200\n");
+    EXPECT_FALSE(HasUnplottedLines());
+}
+
+TEST_F(UnplottedLines, AreListedByRowInTheirOwnWords) {
+    prompts.ExpectAny("line of invalid orientation data");
+    prompts.ExpectAny("invalid data have been detected");
+    Open("30\t120\n; second station\n40\t200\n95\t400\n");
+    EXPECT_TRUE(HasUnplottedLines());
+    const std::string text = UnplottedLinesText();
+    EXPECT_NE(text.find("row\tline\n2\t; second station\n4\t95\t400\n"), std::string::npos) << text;
+}
+
+TEST_F(UnplottedLines, OfAPlotFileAreThoseOfItsDataFile) {
+    prompts.ExpectAny("line of invalid orientation data");
+    prompts.ExpectAny("invalid data have been detected");
+    Open("30\t120\n; second station\n40\t200\n95\t400\n");
+    const std::string path = (folder / "a.qpx").string();
+    ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kBinaryCommand);
+    EXPECT_TRUE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "row\tline\n2\t; second station\n4\t95\t400\n");
+}
+
+TEST_F(UnplottedLines, TheOpeningOfAWorkspaceIsToldByItsFilesAndOthersByTheirRows) {
+    AcceptFormat({}, 10);
+    WriteFile("one.txt", "30\t120\n");
+    const std::string path = WriteFile("w.qwo", "[Files List]\none.txt\ngone.txt\n");
+    EXPECT_EQ(OpeningText(), "");
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kNewCommand);
+    EXPECT_EQ(OpeningText(), "1 of 2 files opened");
+    Open("30\t120\n40\t200\n");
+    EXPECT_EQ(OpeningText().substr(0, 11), "2 rows read");
+}
+
+TEST_F(UnplottedLines, NameTheFilesThatAWorkspaceMisses) {
+    AcceptFormat({}, 10);
+    WriteFile("one.txt", "30\t120\n");
+    const std::string path = WriteFile("w.qwo", "[Files List]\none.txt\ngone.txt\nlost.qpx\n");
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kNewCommand);
+    EXPECT_TRUE(HasUnplottedLines());
+    EXPECT_EQ(UnplottedLinesText(), "1 of 3 files opened of the workspace " + path
+                                        + ".\nNot opened:\n" + (folder / "gone.txt").string() + "\n"
+                                        + (folder / "lost.qpx").string() + "\n");
+    Open("30\t120\n40\t200\n");
+    EXPECT_FALSE(HasUnplottedLines()) << "another plot has nothing to do with it";
+}
+
+} // namespace
+} // namespace quandrel
