@@ -73,7 +73,7 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
     if (!row) {
         return "'" + *dip + " " + *azimuth + "' is no orientation";
     }
-    return AddPointToPlot(std::to_string(row->dip), std::to_string(row->azimuth))
+    return AddRowByHand({static_cast<double>(row->dip), static_cast<double>(row->azimuth)})
                ? ""
                : "no row was added: see the message";
 }

@@ -8,9 +8,10 @@
 #include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/annotations.h"
+#include "edit/edit_step.h"
 #include "edit/readout.h"
+#include "edit/row_change.h"
 #include "edit/selected_intersections.h"
-#include "edit/undo.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -84,12 +85,12 @@ void CountRow(PlotRecord& record, int overlay, int step) {
 }
 
 /// Stores a row behind the others of gActivePlot. Counts it first, as the store asks for its place.
-[[nodiscard]] bool StorePoint(PlotRecord& record, int overlay, double dip, double azimuth) {
+[[nodiscard]] bool StorePoint(PlotRecord& record, int overlay, DegreesByHand point) {
     CountRow(record, overlay, 1);
     ParsedRow row;
     row.status = LineStatus::Row;
-    row.dip = dip;
-    row.az = azimuth;
+    row.dip = point.dip;
+    row.az = point.azimuth;
     if (overlay > 0 && record.ShowSecondary != 0 && record.SecondaryFormat != kNoSecondary) {
         // The store lets both orientations of such a row change places.
         row.secondaryPresent = true;
@@ -105,16 +106,20 @@ void CountRow(PlotRecord& record, int overlay, int step) {
     return false;
 }
 
-/// The texts of a new row for the line under a position: of the plane where that is its pole.
-void TextsOfPoint(const NetLine& line, bool isUpward, std::string& dipText, std::string& azText) {
+double WholeDegrees(double radians) {
+    return RoundToEven(RadToDeg(radians));
+}
+
+/// The row for the line under a position: the plane of which that is the pole, where the plot shows
+/// such.
+DegreesByHand RowOfPoint(const NetLine& line, bool isUpward) {
     const PlotRecord& record = ActiveRecord();
     double dip = line.plunge;
     double azimuth = line.trend;
     if (!GoesOverMainRows(record) && IsPlottedAsPole(record, 0)) {
         PoleOfPlane(line.plunge, line.trend, dip, azimuth);
     }
-    dipText = RadToDegText(isUpward ? -dip : dip);
-    azText = RadToDegText(azimuth);
+    return {WholeDegrees(isUpward ? -dip : dip), WholeDegrees(azimuth)};
 }
 
 } // namespace
@@ -154,21 +159,16 @@ void AddStereoPoint(int button, double x, double y) {
         (void)AddAnnotation(button, x, y);
         return;
     }
-    std::string dipText;
-    std::string azText;
-    TextsOfPoint(*line, button == kRightMouseButton, dipText, azText);
-    (void)AddPointToPlot(dipText, azText);
+    (void)AddRowByHand(RowOfPoint(*line, button == kRightMouseButton));
 }
 
-bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
-    if (gBusy || !IsOpenSlot(gActivePlot) || ActiveRecord().PlotKind == kRose) {
-        return false;
-    }
+bool MayAddRow() {
+    return !gBusy && IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind != kRose
+           && !RefusesBetaPlot() && AcceptLossOfLinks(ActiveRecord());
+}
+
+bool StoreRowByHand(DegreesByHand row) {
     PlotRecord& record = ActiveRecord();
-    if (RefusesBetaPlot() || !AcceptLossOfLinks(record)) {
-        return false;
-    }
-    std::optional<KeptRows> before = RowsBeforeEdit();
     const std::int16_t secondaryOverlay = record.SelectedOverlay;
     int overlay = 0;
     if (GoesOverMainRows(record)) {
@@ -180,16 +180,28 @@ bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
         record.SelectedOverlay = 0;
     }
     BreakLinks(record);
-    if (!StorePoint(record, overlay, ParseNumber(dipText), ParseNumber(azText))) {
+    if (!StorePoint(record, overlay, row)) {
         record.SelectedOverlay = secondaryOverlay;
         return false;
     }
-    record.Modified = kTrue;
     record.RowsChanged = kTrue;
-    KeepStateForUndo(kAddEdit, std::move(before));
-    SealUndo();
-    ReplotActivePlot(true);
     return true;
+}
+
+bool AddRowByHand(DegreesByHand row) {
+    if (!MayAddRow()) {
+        return false;
+    }
+    EditStep step(kAddEdit, Before<RowChange>);
+    if (!StoreRowByHand(row)) {
+        return false;
+    }
+    step.Finish(Redraw::Rows);
+    return true;
+}
+
+bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
+    return AddRowByHand({ParseNumber(dipText), ParseNumber(azText)});
 }
 
 } // namespace quandrel

@@ -27,14 +27,31 @@ extern std::function<void(std::int32_t slot)> gRemoveGeoLink;
 /// @param x,y     plot units
 void AddStereoPoint(int button, double x, double y);
 
-/// Adds a row to gActivePlot, and draws it. Asks first when the plot would lose its link to a table
-/// or to its parent plot. Over overlays the row is a polar line of the top overlay, when that was
+/// A row set by hand, in degrees; a fraction is rounded, halves to even.
+struct DegreesByHand {
+    double dip = 0;     ///< of a plane, or the plunge of a line: negative where it points up
+    double azimuth = 0; ///< dip direction or trend
+};
+
+/// Whether a row can be added to gActivePlot: not to a rose, nor over intersections, which is told,
+/// nor while a long loop runs. Asks first when the plot would lose its link to a table or to its
+/// parent plot.
+[[nodiscard]] bool MayAddRow();
+
+/// Stores a row after the others of gActivePlot, once MayAddRow has allowed it, and ends the links
+/// that it breaks. Over overlays the row is a polar line of the top overlay, when that was
 /// made by hand, or of a new one; so it is over secondary data, which have no row without a primary
-/// orientation. Secondary and appended values are missing.
+/// orientation. Secondary and appended values are missing. Neither kept for undo nor drawn.
 ///
-/// @param dipText,azText  whole degrees
-/// @return false when no row was added: the user thought better of it, there is no room for another
-///         overlay, which is told, or memory ran out
+/// @return false when no row was added: there is no room for another overlay, which is told, or
+///         memory ran out
+[[nodiscard]] bool StoreRowByHand(DegreesByHand row);
+
+/// MayAddRow and StoreRowByHand, kept for undo and drawn.
+/// @return false when no row was added
+bool AddRowByHand(DegreesByHand row);
+
+/// AddRowByHand for two texts of degrees.
 bool AddPointToPlot(const std::string& dipText, const std::string& azText);
 
 /// True for an overlay of points set by hand.

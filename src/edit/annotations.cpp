@@ -8,8 +8,9 @@
 #include "core/settings.h"
 #include "edit/annotation_text.h"
 #include "edit/edit_rows.h"
+#include "edit/edit_step.h"
+#include "edit/kept_annotations.h"
 #include "edit/marquee.h"
-#include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
@@ -130,11 +131,8 @@ void DrawAnnotation(Surface& surface, const Annotation& annotation) {
                style[kPlaceSize], 0);
 }
 
-/// The end of every edit: the plot shows it, and it can be taken back.
-void FinishEdit() {
-    ActiveRecord().Modified = kTrue;
-    ReplotActivePlot(false);
-    SealUndo();
+EditStep StepOf(EditKind kind, EditRun run = EditRun::Alone) {
+    return EditStep(kind, Before<PropertyChange<AnnotationsProperty>>, run);
 }
 
 bool IsInPicture(double x, double y) {
@@ -210,9 +208,9 @@ void CutCopyOrDelete(int index) {
         CopyMembers(members);
     }
     if (index == kCutAnnotations || index == kDeleteAnnotations) {
-        KeepAnnotationsForUndo(index == kCutAnnotations ? kAnnotationCut : kAnnotationDelete);
+        EditStep step = StepOf(index == kCutAnnotations ? kAnnotationCut : kAnnotationDelete);
         RemoveMembers(members);
-        FinishEdit();
+        step.Finish(Redraw::Plot);
     }
 }
 
@@ -288,7 +286,7 @@ bool AddAnnotation(int button, double x, double y) {
     const std::int16_t type =
         button == kRightMouseButton ? kRightAnnotationStyle : kLeftAnnotationStyle;
     const SymbolRow& style = gSymbolTable[static_cast<std::size_t>(type)];
-    KeepAnnotationsForUndo(kAnnotationAdd);
+    EditStep step = StepOf(kAnnotationAdd, EditRun::First);
     Collection().push_back({WholeUnits(x),
                             WholeUnits(y),
                             type,
@@ -299,15 +297,12 @@ bool AddAnnotation(int button, double x, double y) {
                             {}});
     PlotRecord& record = ActiveRecord();
     const bool wereShown = std::exchange(record.ShowAnnotations, kTrue) != 0;
-    if (!wereShown) {
-        FinishEdit();
-        return true;
-    }
     // What is there stays as it is: one symbol more needs no drawing of all the rows.
-    record.Modified = kTrue;
-    DrawAnnotation(PlotSurface(), Collection().back());
-    FormOf(gActivePlot).Show();
-    SealUndo();
+    step.Finish(wereShown ? Redraw::Nothing : Redraw::Plot);
+    if (wereShown) {
+        DrawAnnotation(PlotSurface(), Collection().back());
+        FormOf(gActivePlot).Show();
+    }
     return true;
 }
 
@@ -322,19 +317,16 @@ bool ExtendAnnotation(double x, double y) {
     if (std::hypot(node.X - end.X, node.Y - end.Y) < kNodeDistance) {
         return false;
     }
-    if (gLastEditKind != kAnnotationAdd || UndoSlot() != gActivePlot || !CanUndo()) {
-        KeepAnnotationsForUndo(kAnnotationAdd);
-    }
+    EditStep step = StepOf(kAnnotationAdd, EditRun::Joins);
     if (nodes.empty()) {
         nodes.push_back(end);
     }
     nodes.push_back(node);
-    ActiveRecord().Modified = kTrue;
+    step.Finish(Redraw::Nothing);
     if (ActiveRecord().ShowAnnotations != 0) {
         DrawPolyline(PlotSurface(), std::span(nodes).last(2), annotation);
         FormOf(gActivePlot).Show();
     }
-    SealUndo();
     return true;
 }
 
@@ -350,10 +342,10 @@ void RemoveAllAnnotations() {
     if (gBusy || !IsOpenSlot(gActivePlot) || AnnotationsOf(gActivePlot).empty()) {
         return;
     }
-    KeepAnnotationsForUndo(kAnnotationRemoval);
+    EditStep step = StepOf(kAnnotationRemoval);
     Collection().clear();
     ActiveRecord().ShowAnnotations = 0;
-    FinishEdit();
+    step.Finish(Redraw::Plot);
 }
 
 std::vector<std::size_t> SelectedAnnotations() {
@@ -381,9 +373,9 @@ bool MoveAnnotations(std::span<const std::size_t> members, double dx, double dy)
                    || hasMoved;
     }
     if (hasMoved) {
-        KeepAnnotationsForUndo(kAnnotationMove);
+        EditStep step = StepOf(kAnnotationMove);
         Collection() = std::move(moved);
-        FinishEdit();
+        step.Finish(Redraw::Plot);
     }
     return hasMoved;
 }
@@ -412,7 +404,7 @@ void ChangeAnnotationSymbols(const AnnotationStyles& styles) {
     if (!CanEdit() || members.empty()) {
         return;
     }
-    KeepAnnotationsForUndo(kAnnotationSymbol);
+    EditStep step = StepOf(kAnnotationSymbol);
     for (const std::size_t member : members) {
         Annotation& annotation = Collection()[member];
         const SymbolRow& style = IsOfRightButton(annotation) ? styles.up : styles.down;
@@ -424,7 +416,7 @@ void ChangeAnnotationSymbols(const AnnotationStyles& styles) {
         annotation.Colour = style[kPlaceColour];
         annotation.Size = style[kPlaceSize];
     }
-    FinishEdit();
+    step.Finish(Redraw::Plot);
 }
 
 void EditAnnotations(int index) {
@@ -458,7 +450,7 @@ void PasteAnnotationText(const std::string& text) {
     }
     ReadAnnotations read = ReadAnnotationText(text);
     if (!read.annotations.empty()) {
-        KeepAnnotationsForUndo(kAnnotationPaste);
+        EditStep step = StepOf(kAnnotationPaste);
         Annotations& annotations = Collection();
         FreeTags tags(annotations);
         const auto [dx, dy] = OffsetOfPaste(read.annotations, annotations);
@@ -473,7 +465,7 @@ void PasteAnnotationText(const std::string& text) {
             annotations.push_back(std::move(annotation));
         }
         ActiveRecord().ShowAnnotations = kTrue;
-        FinishEdit();
+        step.Finish(Redraw::Plot);
     }
     if (read.badLines > 0) {
         Tell(kBadLines);

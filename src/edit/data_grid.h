@@ -198,9 +198,9 @@ struct GridEditReport {
 ///
 /// Only pairs with an edit are parsed. A row with a bad pair, of the primary or of the secondary
 /// orientation, becomes an error row; its cells stand behind it as its line. An appended line or
-/// number that cannot be read is stored as invalid. A new row is added by AddPointToPlot, which may
-/// ask. One undo takes the changes of all rows back; new rows that came with them stay. Does
-/// nothing without edits or while a long loop runs (gBusy).
+/// number that cannot be read is stored as invalid. A new row is added as by
+/// hand, which may ask (edit/add_point.h). One undo takes all of it back. Does nothing without
+/// edits or while a long loop runs (gBusy).
 GridEditReport ApplyGridEdits(DataGrid& grid);
 
 } // namespace quandrel

@@ -5,8 +5,10 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "edit/annotations.h"
-#include "edit/kept_rows.h"
+#include "edit/edit_step.h"
 #include "edit/marquee.h"
+#include "edit/remove_rows.h"
+#include "edit/row_change.h"
 #include "edit/selected_intersections.h"
 #include "edit/undo.h"
 #include "input/plot_files.h"
@@ -33,7 +35,7 @@ void RemoveSelection(EditKind kind) {
     if (rows.empty()) {
         return;
     }
-    KeepForUndo(kind, rows);
+    EditStep step(kind, Before<RowChange>);
     PlotRecord& record = ActiveRecord();
     if (record.MapInfoLinked != 0 && gRowsLeaveLink) {
         gRowsLeaveLink(gActivePlot, rows);
@@ -46,8 +48,7 @@ void RemoveSelection(EditKind kind) {
         record.SelectedOverlay = 0;
     }
     ClearSelectionOf(gActivePlot);
-    SealUndo();
-    ReplotActivePlot(true);
+    step.Finish(Redraw::Rows);
 }
 
 /// Cut, copy and delete.
@@ -220,7 +221,7 @@ void ChangeSymbols(const RowStyles& styles) {
     if (rows.empty()) {
         return;
     }
-    KeepForUndo(kSymbolEdit, rows);
+    EditStep step(kSymbolEdit, Before<RowChange>);
     for (const std::int32_t row : rows) {
         const SymbolRow& style = PointsUp(row) ? styles.up : styles.down;
         const SymbolCode code =
@@ -231,21 +232,17 @@ void ChangeSymbols(const RowStyles& styles) {
         drawn = drawn == base ? code : drawn;
         base = code;
     }
-    ActiveRecord().Modified = kTrue;
-    SealUndo();
-    ReplotActivePlot(false);
+    step.Finish(Redraw::Plot);
 }
 
 void RemoveOverlay() {
     if (!CanEdit() || !HasOverlayToRemove(ActiveRecord())) {
         return;
     }
-    std::optional<KeptRows> before = RowsBeforeEdit();
-    KeepStateForUndo(kOverlayRemoval, std::move(before));
+    EditStep step(kOverlayRemoval, Before<RowChange>);
     ClearSelectionOf(gActivePlot);
     RemoveLastOverlay(gActivePlot);
-    SealUndo();
-    ReplotActivePlot(false);
+    step.Finish(Redraw::Plot);
 }
 
 void UndoEdits() {

@@ -5,7 +5,8 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/style_tables.h"
-#include "edit/undo.h"
+#include "edit/edit_step.h"
+#include "edit/kept_girdles.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "statistics/orientation_notation.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace quandrel {
@@ -35,7 +37,7 @@ struct Pull {
     GirdleForm form = GirdleForm::kDipLine;
     GirdlePlane former;  ///< the plane at the press
     GirdleValues before; ///< the row at the press
-    KeptGirdles girdles; ///< all of them, at the press
+    std::optional<EditStep> step;
     bool hasMoved = false;
 };
 
@@ -131,7 +133,9 @@ bool PressGirdle(int button, int shift, double x, double y) {
     if (!MayBePulled(values, *form)) {
         return false;
     }
-    gPull = {gActiveGirdle, gActivePlot, *form, PlaneOf(values), values, KeepGirdles(gActivePlot),
+    gPull = {gActiveGirdle, gActivePlot,
+             *form,         PlaneOf(values),
+             values,        EditStep(kGirdleEdit, Before<PropertyChange<GirdlesProperty>>),
              false};
     if (TextOf(values[1]).empty()) {
         CopyGirdleStyle(ActiveRecord(), gActiveGirdle);
@@ -173,9 +177,7 @@ void ReleaseGirdle() {
     }
     if (GirdleValues* const values = PulledValues()) {
         (*values)[0] = true;
-        KeepGirdlesForUndo(gPull.slot, std::move(gPull.girdles));
-        RecordOf(gPull.slot).Modified = kTrue;
-        SealUndo();
+        gPull.step->Finish(Redraw::Nothing);
         EndPull();
     }
     gPull = {};

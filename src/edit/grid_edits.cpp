@@ -7,8 +7,9 @@
 #include "derive/secondary_data.h"
 #include "edit/add_point.h"
 #include "edit/data_grid.h"
-#include "edit/kept_rows.h"
-#include "edit/undo.h"
+#include "edit/edit_step.h"
+#include "edit/remove_rows.h"
+#include "edit/row_change.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -207,8 +208,9 @@ void AddNewRows(const DataGrid& grid, GridEditReport& report) {
         }
         const RowEdit edit = ReadEdit(grid, row, ActiveRecord());
         if (edit.primary.edit != PairEdit::Good || edit.secondary.edit == PairEdit::Bad
-            || !AddPointToPlot(std::to_string(edit.primary.value.dip),
-                               std::to_string(edit.primary.value.azimuth))) {
+            || !MayAddRow()
+            || !StoreRowByHand({static_cast<double>(edit.primary.value.dip),
+                                static_cast<double>(edit.primary.value.azimuth)})) {
             continue;
         }
         ++report.added;
@@ -247,7 +249,7 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
     for (const std::size_t row : rows) {
         points.push_back(grid.PointOfRow(row));
     }
-    std::optional<KeptRows> before = RowsBeforeEdit();
+    EditStep step(kAddEdit, Before<RowChange>);
     AddNewRows(grid, report);
     if (!points.empty() && GrowColumns(ActiveRecord())) {
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -256,12 +258,10 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
     }
     if (report.changed + report.added > 0) {
         RecountAppendedRange();
-        ActiveRecord().Modified = kTrue;
         RebuildRowTable(gActivePlot);
         RefreshSecondaryOverlay();
-        KeepStateForUndo(report.changed > 0 ? kGridEdit : kAddEdit, std::move(before));
-        ReplotActivePlot(true);
-        SealUndo();
+        step.CallIt(report.changed > 0 ? kGridEdit : kAddEdit);
+        step.Finish(Redraw::Rows);
     }
     grid.Fill();
     return report;

@@ -5,41 +5,37 @@
 #include "core/plot_store.h"
 #include "edit/fingerprint.h"
 #include "edit/girdles.h"
-#include "edit/kept_rows.h"
 
 namespace quandrel {
 
-KeptGirdles KeepGirdles(int slot) {
+GirdlesProperty::Value GirdlesProperty::Of(int slot) {
     const PlotRecord& record = RecordOf(slot);
-    KeptGirdles kept;
-    for (int row = 0; row < kAxisItems; ++row) {
-        if (IsUserGirdle(row)) {
-            kept.girdles.push_back(record.AxisItems[static_cast<std::size_t>(row)]);
-        }
+    Value girdles;
+    for (int row = kFirstUserGirdle; row <= kLastUserGirdle; ++row) {
+        girdles.push_back(record.AxisItems[static_cast<std::size_t>(row)]);
     }
-    kept.modified = record.Modified;
-    return kept;
+    return girdles;
 }
 
-void PutGirdlesBack(int slot, const KeptGirdles& kept) {
-    PlotRecord& record = RecordOf(slot);
-    auto girdle = kept.girdles.begin();
-    for (int row = 0; row < kAxisItems; ++row) {
-        if (IsUserGirdle(row) && girdle != kept.girdles.end()) {
-            record.AxisItems[static_cast<std::size_t>(row)] = *girdle++;
-        }
+void GirdlesProperty::Give(int slot, const Value& girdles) {
+    auto row = static_cast<std::size_t>(kFirstUserGirdle);
+    for (const auto& girdle : girdles) {
+        RecordOf(slot).AxisItems[row++] = girdle;
     }
-    record.Modified = ModifiedWithout(record.Modified, kept.modified);
 }
 
-std::uint64_t FingerprintOfGirdles(int slot) {
+std::uint64_t GirdlesProperty::FingerprintOf(int slot) {
     Fingerprint mix;
-    for (const auto& girdle : KeepGirdles(slot).girdles) {
+    for (const auto& girdle : Of(slot)) {
         for (const TaggedValue& value : girdle) {
             mix.Add(TextOf(value));
         }
     }
     return mix.Value();
+}
+
+std::size_t GirdlesProperty::BytesOf(const Value& girdles) {
+    return sizeof(Value) + girdles.size() * sizeof(girdles.front());
 }
 
 } // namespace quandrel

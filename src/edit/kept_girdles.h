@@ -1,29 +1,26 @@
 // SPDX-License-Identifier: MIT
 //
-// The girdles that the user has set in a plot, as values that can be put back.
+// The girdles that the user has set in a plot, as a property that undo keeps (plot_change.h).
 
 #pragma once
 
 #include "core/plot_record.h"
+#include "edit/plot_change.h"
 
 #include <array>
-#include <cstdint>
 #include <vector>
 
 namespace quandrel {
 
-/// The rows of AxisItems that are the user's, in their order.
-struct KeptGirdles {
-    std::vector<std::array<TaggedValue, kAxisValues>> girdles;
-    std::int16_t modified = 0;
+struct GirdlesProperty {
+    /// The rows of AxisItems that are the user's, in their order.
+    using Value = std::vector<std::array<TaggedValue, kAxisValues>>;
+    static constexpr PlotPart kPart = PlotPart::Girdles;
+
+    [[nodiscard]] static Value Of(int slot);
+    static void Give(int slot, const Value& girdles);
+    [[nodiscard]] static std::uint64_t FingerprintOf(int slot);
+    [[nodiscard]] static std::size_t BytesOf(const Value& girdles);
 };
-
-[[nodiscard]] KeptGirdles KeepGirdles(int slot);
-
-/// Gives a plot the girdles that were kept. Modified as in PutRowsBack. Does not draw.
-void PutGirdlesBack(int slot, const KeptGirdles& kept);
-
-/// A number that other girdles have not.
-[[nodiscard]] std::uint64_t FingerprintOfGirdles(int slot);
 
 } // namespace quandrel

@@ -1,31 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
-// The rows of a plot, and its annotations, as values that can be put back exactly as they were.
+// The rows of a plot as a value: a copy of their cells, texts and error lines, with what the record
+// says of them. Of use before an edit, to find out what that has changed (row_change.h).
 
 #pragma once
 
 #include "core/plot_record.h"
-#include "core/style_tables.h"
+#include "core/plot_store.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace quandrel {
-
-/// Modified of a plot that nothing has changed since the edit that can be taken back was made. Any
-/// other change writes kTrue, saving 0.
-inline constexpr std::int16_t kModifiedByLastEdit = 1;
-
-/// What Modified is once the last edit is taken back, or made again.
-/// @param now   of the plot, before that
-/// @param kept  of the plot on the other side of the edit
-[[nodiscard]] std::int16_t ModifiedWithout(std::int16_t now, std::int16_t kept);
 
 /// What the record of a plot says of its rows.
 struct RowSettings {
@@ -42,7 +34,6 @@ struct RowSettings {
     std::int16_t hasAppendedNumeric = 0;
     std::int16_t hasAppendedText = 0;
     std::int16_t dataFull = 0;
-    std::int16_t modified = 0;
     std::int16_t mapInfoLinked = 0; ///< put back by those who keep the links
     std::int16_t classMode = 0;
     std::string numberName;
@@ -58,47 +49,52 @@ struct RowSettings {
     Table<TaggedValue, kDistinctValues, 2> distinctValues;
 };
 
+[[nodiscard]] RowSettings SettingsOfRows(const PlotRecord& record);
+
+/// Gives a record what was kept of its rows. The sets shown and the kind of drawing are a matter of
+/// the display, and stay as they are while the formats do; so do names that a save has given since.
+void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings);
+
+/// The columns of numbers, by their places in the order of ForEachColumn.
+inline constexpr std::size_t kRowColumns = 11;
+inline constexpr std::size_t kDensityColumn = 9;
+inline constexpr std::size_t kDrawnColumn = 10;
+inline constexpr std::size_t kBaseColumn = 7;
+
+/// True for a column that drawings work out anew.
+[[nodiscard]] constexpr bool IsWorkedOut(std::size_t column) {
+    return column == kDensityColumn || column == kDrawnColumn;
+}
+
+/// Calls visit(column, place) for all columns of numbers, of cells of 32 bits each.
+template <class Visit>
+void ForEachColumn(const Visit& visit) {
+    std::size_t place = 0;
+    const auto next = [&](auto&... columns) { (visit(columns, place++), ...); };
+    next(gDataDip, gDataAz, gData2Dip, gData2Az, gAppLineDip, gAppLineAz, gDataOrder,
+         gDataSymbolBase, gAppNumeric, gPointDensity, gDataSymbol);
+}
+
+/// The bits of a cell, so that cells of all columns can be kept alike.
+template <class T>
+[[nodiscard]] std::uint32_t BitsOf(T cell) {
+    return std::bit_cast<std::uint32_t>(cell);
+}
+
 /// The rows of a plot: the cells of its columns from row 0 on, fewer where a column is shorter.
 struct KeptRows {
     RowSettings settings;
-    std::array<std::vector<std::int32_t>, 8> whole; ///< in the order of WholeColumns
-    std::array<std::vector<SymbolCode>, 2> symbols; ///< drawn, base
-    std::vector<float> numbers;
+    std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< BitsOf
     std::vector<std::string> texts;
     std::unordered_map<std::int32_t, std::string> errorLines;
     std::shared_ptr<const void> links; ///< what gRowFollower knew of them
 };
 
-/// The rows of a plot as they stand. Throws std::bad_alloc. O(rows).
+/// The rows of a plot as they are. Throws std::bad_alloc. O(rows).
 [[nodiscard]] KeptRows KeepRows(int slot);
 
-/// Gives a plot the rows that were kept, and makes its table anew. Modified says that the plot
-/// differs from its file when it was saved, or changed in other ways, since. Throws std::bad_alloc.
-/// O(rows).
-void PutRowsBack(int slot, const KeptRows& rows);
-
-/// A number that other rows of a plot have not: of its orientations, appended values, symbols, and
-/// the order and overlays of its rows. What each drawing works out anew plays no part. O(rows).
+/// A hash of the rows of a plot: of their orientations, appended values, symbols, and of their
+/// order and overlays. What each drawing works out anew plays no part. O(rows).
 [[nodiscard]] std::uint64_t FingerprintOfRows(int slot);
-
-/// The annotations of a plot.
-struct KeptAnnotations {
-    Annotations annotations;
-    std::int16_t shown = 0;
-    std::int16_t modified = 0;
-};
-
-[[nodiscard]] KeptAnnotations KeepAnnotations(int slot);
-void PutAnnotationsBack(int slot, const KeptAnnotations& kept);
-[[nodiscard]] std::uint64_t FingerprintOfAnnotations(int slot);
-
-/// Takes rows out of a plot: out of its columns, its counts, its overlays and its table. An overlay
-/// that has none left goes. Does not draw. O(rows of the plot).
-///
-/// @param rows  point indices in ascending order, without repeats
-void RemoveRows(int slot, std::span<const std::int32_t> rows);
-
-/// Works the range and the distinct values of the appended data of gActivePlot out anew.
-void RecountAppendedRange();
 
 } // namespace quandrel

@@ -4,9 +4,10 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "edit/edit_step.h"
 #include "edit/marquee.h"
+#include "edit/row_change.h"
 #include "edit/selected_intersections.h"
-#include "edit/undo.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/plot_driver.h"
@@ -83,30 +84,16 @@ ChangesOfSelection(const std::function<ShownOrientation(std::int32_t, ShownOrien
     return changes;
 }
 
-/// Rows that are written, main rows behind others included.
-std::vector<std::int32_t> RowsOf(const std::vector<Change>& changes) {
-    std::vector<std::int32_t> rows;
-    for (const Change& change : changes) {
-        rows.push_back(change.row);
-        if (const std::int32_t main = MainRowBehind(ActiveRecord(), change.row); main != 0) {
-            rows.push_back(main);
-        }
-    }
-    return rows;
-}
-
 std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
     if (changes.empty()) {
         return 0;
     }
-    KeepForUndo(kMoveEdit, RowsOf(changes), run);
+    EditStep step(kMoveEdit, Before<RowChange>, run);
     for (const Change& change : changes) {
         StoreOrientation(change);
     }
-    ActiveRecord().Modified = kTrue;
     RebuildRowTable(gActivePlot);
-    SealUndo();
-    ReplotActivePlot(true);
+    step.Finish(Redraw::Rows);
     return static_cast<std::int32_t>(changes.size());
 }
 
@@ -193,7 +180,7 @@ std::int32_t NudgeSelection(int plungeStep, int trendStep) {
         return NudgedOrientation(former, isPlane, IsDirection(record, row, former) ? 0 : plungeStep,
                                  trendStep);
     };
-    const std::int32_t changed = Carry(ChangesOfSelection(nudged), EditRun::Steps);
+    const std::int32_t changed = Carry(ChangesOfSelection(nudged), EditRun::Joins);
     if (changed > 0) {
         FitMarqueeToRows();
     }

@@ -8,9 +8,9 @@
 #include "derive/derived_plots.h"
 #include "edit/add_point.h"
 #include "edit/annotations.h"
-#include "edit/kept_rows.h"
+#include "edit/edit_step.h"
 #include "edit/marquee.h"
-#include "edit/undo.h"
+#include "edit/row_change.h"
 #include "input/decimal_delimiter.h"
 #include "input/file_loading.h"
 #include "input/format_preview.h"
@@ -262,21 +262,21 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
 }
 
 /// What is done once rows stand in the plot.
-void FinishPaste(PlotRecord& record) {
+void SettlePastedRows(PlotRecord& record) {
     if (!record.AxesTitle.empty()) {
         TakeAxesAsLines(record);
     }
-    record.Modified = kTrue;
     record.RowsChanged = kTrue;
     record.ClassifyCheckPending = kTrue;
-    SealUndo();
-    ReplotActivePlot(true);
 }
 
 /// Pastes rows of a known format. Gives up, and leaves the plot as it was, when none is read.
 PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
     PlotRecord& record = ActiveRecord();
-    KeptRows before = KeepRows(gActivePlot);
+    EditStep step(kPasteEdit, Before<RowChange>);
+    if (!step.IsKept()) {
+        throw std::bad_alloc(); // a paste that fails half way has to be put back
+    }
     if (record.NumLoadedData == 0) {
         TakeFormatOfText(record, format);
     }
@@ -299,13 +299,11 @@ PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
     }
     gBusy = false;
     if (report.pasted == 0) {
-        const std::int16_t modified = record.Modified;
-        PutRowsBack(gActivePlot, before);
-        record.Modified = modified;
+        step.PutBack();
         return report;
     }
-    KeepStateForUndo(kPasteEdit, std::move(before));
-    FinishPaste(record);
+    SettlePastedRows(record);
+    step.Finish(Redraw::Rows);
     return report;
 }
 

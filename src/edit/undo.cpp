@@ -3,16 +3,14 @@
 #include "edit/undo.h"
 
 #include "core/plot_store.h"
-#include "core/row_links.h"
-#include "edit/add_point.h"
-#include "edit/marquee.h"
 #include "rotation/rotate_data.h"
-#include "rotation/rotation_undo.h"
 #include "stereo/plot_driver.h"
 
+#include <algorithm>
+#include <deque>
 #include <new>
 #include <utility>
-#include <variant>
+#include <vector>
 
 namespace quandrel {
 
@@ -20,174 +18,216 @@ std::int16_t gLastEditKind = kNoEdit;
 
 namespace {
 
-/// The first kind of an edit on the annotation layer.
-constexpr std::int16_t kFirstAnnotationEdit = 101;
+std::deque<UndoStep> gDone;   ///< the newest last
+std::deque<UndoStep> gUndone; ///< the next to be made again last
+std::size_t gUndoBound = kUndoMemory;
 
-using KeptState = std::variant<KeptRows, KeptAnnotations, KeptGirdles>;
-
-/// The state of a plot on the other side of the last edit.
-struct EditMemory {
-    int slot = 0;
-    EditKind kind = kNoEdit;
-    KeptState state;
-    KeptSelection selection;                ///< nothing where it was that of another plot
-    std::optional<RotationMemory> rotation; ///< that can be taken back once the edit has been
-    EditRun run = EditRun::Alone;
-    bool breaksLink = false;  ///< the edit ended the link of the plot
-    bool isTakenBack = false; ///< the edit was undone: what is kept is the state after it
-    std::optional<std::uint64_t> seal;
-};
-
-std::optional<EditMemory> gMemory;
-
-bool IsOfAnnotations(EditKind kind) {
-    return kind >= kFirstAnnotationEdit;
+bool IsOfRows(const UndoStep& step) {
+    return step.change->Part() == PlotPart::Rows;
 }
 
-bool IsOfRows(EditKind kind) {
-    return !IsOfAnnotations(kind) && kind != kGirdleEdit;
+bool IsOf(const UndoStep& step, int slot) {
+    return step.slot == slot;
 }
 
-KeptState StateOf(int slot, EditKind kind) {
-    if (IsOfAnnotations(kind)) {
-        return KeepAnnotations(slot);
+std::size_t BytesOf(const UndoStep& step) {
+    std::size_t bytes = sizeof(UndoStep) + step.change->Bytes()
+                        + step.selection.rows.capacity() * sizeof(std::int32_t)
+                        + step.selection.lasso.capacity() * sizeof(Point);
+    if (step.rotation) {
+        for (const auto& column : step.rotation->orientations) {
+            bytes += column.capacity() * sizeof(column.front());
+        }
+        bytes += step.rotation->symbols.capacity() * sizeof(SymbolChange);
     }
-    return kind == kGirdleEdit ? KeptState(KeepGirdles(slot)) : KeptState(KeepRows(slot));
+    return bytes;
 }
 
-void PutBack(int slot, const KeptState& state) {
-    if (const auto* rows = std::get_if<KeptRows>(&state)) {
-        PutRowsBack(slot, *rows);
-    } else if (const auto* annotations = std::get_if<KeptAnnotations>(&state)) {
-        PutAnnotationsBack(slot, *annotations);
-    } else {
-        PutGirdlesBack(slot, std::get<KeptGirdles>(state));
+/// Drops the oldest steps, and after them the last that would be made again, until what is left
+/// keeps to the bound. One step always stays.
+void KeepToBound() {
+    UndoUse use = UseOfUndo();
+    while (use.bytes > gUndoBound && use.steps > 1) {
+        std::deque<UndoStep>& steps =
+            gDone.empty() || (gDone.size() == 1 && !gUndone.empty()) ? gUndone : gDone;
+        use.bytes -= steps.front().bytes;
+        --use.steps;
+        steps.pop_front();
     }
 }
 
-std::uint64_t FingerprintOf(const EditMemory& memory) {
-    if (IsOfAnnotations(memory.kind)) {
-        return FingerprintOfAnnotations(memory.slot);
+/// To be called after each change of the list.
+void FollowList() {
+    KeepToBound();
+    gLastEditKind = gDone.empty() ? kNoEdit : gDone.back().kind;
+}
+
+/// The newest step whose plot is as the step wants it; nothing without any. The steps of plots that
+/// have changed in other ways are passed over.
+const UndoStep* NewestOf(const std::deque<UndoStep>& steps, std::uint64_t UndoStep::*hash) {
+    std::vector<int> passed;
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+        if (std::ranges::find(passed, step->slot) != passed.end()) {
+            continue;
+        }
+        if (IsOpenSlot(step->slot) && step->change->FingerprintOf(step->slot) == (*step).*hash) {
+            return &*step;
+        }
+        passed.push_back(step->slot);
     }
-    return memory.kind == kGirdleEdit ? FingerprintOfGirdles(memory.slot)
-                                      : FingerprintOfRows(memory.slot);
+    return nullptr;
+}
+
+const UndoStep* StepToUndo() {
+    return NewestOf(gDone, &UndoStep::hashAfter);
+}
+
+const UndoStep* StepToRedo() {
+    return NewestOf(gUndone, &UndoStep::hashBefore);
+}
+
+void DropSteps(int slot) {
+    const auto isOfSlot = [slot](const UndoStep& step) { return IsOf(step, slot); };
+    std::erase_if(gDone, isOfSlot);
+    std::erase_if(gUndone, isOfSlot);
+}
+
+/// Drops the steps of the plots that were passed over on the way to a step, and hands that out.
+UndoStep TakeStep(std::deque<UndoStep>& steps, const UndoStep* wanted) {
+    while (&steps.back() != wanted) {
+        DropSteps(steps.back().slot);
+        wanted = &steps == &gDone ? StepToUndo() : StepToRedo(); // the same one, at another place
+    }
+    UndoStep step = std::move(steps.back());
+    steps.pop_back();
+    return step;
+}
+
+template <class Steps>
+auto NewestOfSlot(Steps& steps, int slot) {
+    return std::find_if(steps.rbegin(), steps.rend(),
+                        [slot](const UndoStep& step) { return IsOf(step, slot); });
+}
+
+/// Takes notice of what Modified of a plot has become since its last step: saved, which makes files
+/// of its other states differ from it, or changed in other ways, which all its states then are.
+void NoteModified(int slot, std::int16_t modified) {
+    const auto done = NewestOfSlot(gDone, slot);
+    const auto undone = NewestOfSlot(gUndone, slot);
+    const bool hasDone = done != gDone.rend();
+    const bool hasUndone = undone != gUndone.rend();
+    if ((!hasDone && !hasUndone)
+        || modified == (hasDone ? done->modifiedAfter : undone->modifiedBefore)) {
+        return;
+    }
+    for (std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+        for (UndoStep& step : *steps) {
+            if (IsOf(step, slot)) {
+                step.modifiedBefore = kTrue;
+                step.modifiedAfter = kTrue;
+            }
+        }
+    }
+    if (hasDone) {
+        done->modifiedAfter = modified;
+    }
+    if (hasUndone) {
+        undone->modifiedBefore = modified;
+    }
+}
+
+/// True when nothing has changed the part of a new step since the last step of that part.
+bool FollowsOn(const UndoStep& step) {
+    const auto former = std::find_if(gDone.rbegin(), gDone.rend(), [&](const UndoStep& other) {
+        return IsOf(other, step.slot) && other.change->Part() == step.change->Part();
+    });
+    return former == gDone.rend() || former->hashAfter == step.hashBefore;
 }
 
 KeptSelection SelectionOf(int slot) {
     return gMarqueeSlot == slot ? KeepSelection() : KeptSelection{};
 }
 
-EditMemory MemoryOf(int slot, EditKind kind, KeptState state) {
-    EditMemory memory;
-    memory.slot = slot;
-    memory.kind = kind;
-    memory.state = std::move(state);
-    memory.selection = SelectionOf(slot);
-    return memory;
+/// True for edits of what is selected.
+bool IsOfSelection(EditKind kind) {
+    return kind == kCutEdit || kind == kDeleteEdit || kind == kSymbolEdit || kind == kMoveEdit;
 }
 
-/// From now on an edit is what can be taken back.
-void Remember(EditMemory memory) {
-    if (IsOfRows(memory.kind)) {
-        memory.rotation = TakeRotation(memory.slot);
-    }
-    gLastEditKind = memory.kind;
-    gMemory = std::move(memory);
+bool HasOneOf(const KeptSelection& selection, const std::vector<std::int32_t>& rows) {
+    return std::ranges::any_of(selection.rows, [&rows](std::int32_t row) {
+        return std::ranges::binary_search(rows, row);
+    });
 }
 
-void Keep(EditKind kind, EditRun run = EditRun::Alone) {
-    ForgetUndo();
-    if (!IsOpenSlot(gActivePlot)) {
-        return;
-    }
-    try {
-        EditMemory memory = MemoryOf(gActivePlot, kind, StateOf(gActivePlot, kind));
-        memory.run = run;
-        Remember(std::move(memory));
-    } catch (const std::bad_alloc&) {
-        // An edit that cannot be kept is made all the same.
-        ForgetUndo();
-        ForgetRotation();
+/// Selects the rows that a step is about, after it has been taken back or made again.
+/// @param kept  the selection of that side of the step
+void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
+    std::vector<std::int32_t> rows = step.change->RowsConcerned();
+    const bool isOfPlot = kept.slot == step.slot;
+    const bool isWholeSelection =
+        rows.empty() ? isUndo : IsOfSelection(step.kind) && HasOneOf(kept, rows);
+    if (isOfPlot && isWholeSelection) {
+        PutSelectionBack(std::move(kept));
+    } else if (rows.empty()) {
+        ClearSelectionOf(step.slot); // its rows are no longer the same
+    } else {
+        SelectRows(step.slot, std::move(rows));
     }
 }
 
-/// True when the plot still stands as the edit, or its undo, left it.
-bool StandsAsLeft() {
-    return gMemory && IsOpenSlot(gMemory->slot)
-           && (!gMemory->seal || *gMemory->seal == FingerprintOf(*gMemory));
-}
-
-/// True when the last edit was a step on the same rows, and nothing else has come between: neither
-/// a change that is to be saved nor a save.
-bool IsWithinRun(EditKind kind) {
-    return CanUndo() && gMemory->kind == kind && gMemory->run == EditRun::Steps
-           && gMemory->slot == gActivePlot && ActiveRecord().Modified == kModifiedByLastEdit
-           && gMemory->selection.slot == gMarqueeSlot && gMemory->selection.rows == gSelectionRows;
-}
-
-/// Selects what was selected, and puts the marquee back where it was.
-void TakeSelection(const EditMemory& memory) {
-    if (memory.selection.slot != 0) {
-        PutSelectionBack(memory.selection);
-    } else if (IsOfRows(memory.kind)) {
-        ClearSelectionOf(memory.slot); // its rows are no longer the same
+void TakeSelection(UndoStep& step, KeptSelection now, bool isUndo) {
+    KeptSelection kept = std::exchange(step.selection, std::move(now));
+    if (IsOfRows(step)) {
+        SelectRowsOf(step, std::move(kept), isUndo);
+    } else if (kept.slot != 0) {
+        PutSelectionBack(std::move(kept));
     }
 }
 
-/// The link that the edit broke comes back with its undo, and goes again with its redo.
-void FollowLink(const EditMemory& memory) {
-    const auto* rows = std::get_if<KeptRows>(&memory.state);
-    if (!memory.breaksLink || rows == nullptr) {
-        return;
-    }
-    if (memory.isTakenBack) {
-        if (gRemoveGeoLink) {
-            gRemoveGeoLink(memory.slot);
-        }
-    } else if (gRowFollower.linkAgain) {
-        gRowFollower.linkAgain(memory.slot, rows->links);
-    }
-}
-
-void UseLayerOf(EditKind kind) {
-    if (IsOfAnnotations(kind)) {
+void UseLayerOf(PlotPart part) {
+    if (part == PlotPart::Marks) {
         gActiveLayer = kAnnotationLayer;
-    } else if (IsOfRows(kind)) {
+    } else if (part == PlotPart::Rows) {
         gActiveLayer = kDataLayer;
     }
 }
 
-/// What is to be kept while the edit of a memory is taken back, or made again.
-EditMemory OtherSideOf(const EditMemory& memory) {
-    EditMemory other = MemoryOf(memory.slot, memory.kind, StateOf(memory.slot, memory.kind));
-    other.isTakenBack = !memory.isTakenBack;
-    other.breaksLink = memory.breaksLink;
-    return other;
+/// The rotation before an edit of rows can be taken back while the edit is.
+void FollowRotation(UndoStep& step, bool isUndo) {
+    if (!IsOfRows(step)) {
+        return;
+    }
+    std::optional<RotationMemory> now = TakeRotation(step.slot);
+    if (!isUndo) {
+        step.rotation = std::move(now);
+    } else if (step.rotation) {
+        OfferRotation(*std::exchange(step.rotation, std::nullopt));
+    }
 }
 
-/// Lets the plot and what is kept of it change places.
-void ChangePlaces() {
-    const EditMemory memory = std::move(*gMemory);
-    ForgetUndo();
-    EditMemory other;
+/// Takes a step back, or makes it again.
+void Carry(const UndoStep* wanted, bool isUndo) {
+    NoteModified(wanted->slot, RecordOf(wanted->slot).Modified);
+    UndoStep step = TakeStep(isUndo ? gDone : gUndone, wanted);
+    const int slot = step.slot;
+    gActivePlot = slot;
+    UseLayerOf(step.change->Part());
+    const bool isOfRows = IsOfRows(step);
     try {
-        other = OtherSideOf(memory);
-        gActivePlot = memory.slot;
-        UseLayerOf(memory.kind);
-        PutBack(memory.slot, memory.state);
-        FollowLink(memory);
-        TakeSelection(memory);
+        KeptSelection now = SelectionOf(slot);
+        isUndo ? step.change->Revert(slot) : step.change->Apply(slot);
+        TakeSelection(step, std::move(now), isUndo);
+        FollowRotation(step, isUndo);
+        step.bytes = BytesOf(step);
+        RecordOf(slot).Modified = isUndo ? step.modifiedBefore : step.modifiedAfter;
+        (isUndo ? gUndone : gDone).push_back(std::move(step));
     } catch (const std::bad_alloc&) {
+        ForgetUndo(slot);
         ForgetRotation();
         return;
     }
-    Remember(std::move(other));
-    if (memory.rotation) {
-        OfferRotation(*memory.rotation);
-    }
-    gLastEditKind = gMemory->isTakenBack ? kNoEdit : gMemory->kind;
-    SealUndo();
-    ReplotActivePlot(IsOfRows(gMemory->kind));
+    FollowList();
+    ReplotActivePlot(isOfRows);
 }
 
 /// What an edit is called in the menu.
@@ -227,95 +267,97 @@ const char* NameOf(EditKind kind) {
 
 } // namespace
 
-void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows, EditRun run) {
-    const bool isStep = run == EditRun::Steps && IsWithinRun(kind);
-    if (!rows.empty() && !isStep) {
-        Keep(kind, run);
+void KeepStep(UndoStep step, bool joins) {
+    const int slot = step.slot;
+    gUndone.clear();
+    if (!FollowsOn(step)) {
+        DropSteps(slot);
     }
-}
-
-std::optional<KeptRows> RowsBeforeEdit() {
-    try {
-        return KeepRows(gActivePlot);
-    } catch (const std::bad_alloc&) {
-        // An edit that cannot be kept is made all the same.
-        return std::nullopt;
-    }
-}
-
-void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before) {
-    ForgetUndo();
-    if (!before) {
-        ForgetRotation();
-        return;
-    }
-    const bool wasLinked = before->settings.mapInfoLinked != 0;
-    EditMemory memory = MemoryOf(gActivePlot, kind, std::move(*before));
-    memory.breaksLink = wasLinked && ActiveRecord().MapInfoLinked == 0;
-    Remember(std::move(memory));
-}
-
-void KeepAnnotationsForUndo(EditKind kind) {
-    Keep(kind);
-}
-
-void KeepGirdlesForUndo(int slot, KeptGirdles before) {
-    ForgetUndo();
-    Remember(MemoryOf(slot, kGirdleEdit, std::move(before)));
-}
-
-void SealUndo() {
-    if (gMemory && IsOpenSlot(gMemory->slot)) {
-        gMemory->seal = FingerprintOf(*gMemory);
-        std::int16_t& modified = RecordOf(gMemory->slot).Modified;
-        // After an undo the rotation before it may be all that is to be saved.
-        if (modified != 0 && modified != kModifiedByRotation) {
-            modified = kModifiedByLastEdit;
+    NoteModified(slot, step.modifiedBefore);
+    RecordOf(slot).Modified = kModifiedByLastEdit;
+    if (joins && !gDone.empty() && gDone.back().change->Join(*step.change)) {
+        gDone.back().hashAfter = step.hashAfter;
+        gDone.back().bytes = BytesOf(gDone.back());
+    } else {
+        step.modifiedAfter = kModifiedByLastEdit;
+        if (IsOfRows(step)) {
+            step.rotation = TakeRotation(slot);
         }
+        step.bytes = BytesOf(step);
+        gDone.push_back(std::move(step));
     }
+    FollowList();
+}
+
+bool IsWithinRun(EditKind kind) {
+    const UndoStep* const last = gUndone.empty() ? StepToUndo() : nullptr;
+    return last != nullptr && last == &gDone.back() && last->kind == kind
+           && last->run != EditRun::Alone && last->slot == gActivePlot
+           && ActiveRecord().Modified == kModifiedByLastEdit
+           && last->selection.slot == SelectionOf(gActivePlot).slot
+           && last->selection.rows == SelectionOf(gActivePlot).rows;
 }
 
 void ForgetUndo() {
-    gMemory.reset();
-    gLastEditKind = kNoEdit;
+    gDone.clear();
+    gUndone.clear();
+    FollowList();
 }
 
 void ForgetUndo(int slot) {
-    if (gMemory && gMemory->slot == slot) {
-        ForgetUndo();
-    }
+    DropSteps(slot);
+    FollowList();
 }
 
 bool CanUndo() {
-    return gMemory && !gMemory->isTakenBack && StandsAsLeft();
+    return StepToUndo() != nullptr;
 }
 
 void UndoLastEdit() {
-    if (!gBusy && CanUndo()) {
-        ChangePlaces();
+    if (const UndoStep* const step = gBusy ? nullptr : StepToUndo()) {
+        Carry(step, true);
     }
 }
 
 bool CanRedo() {
-    return gMemory && gMemory->isTakenBack && StandsAsLeft();
+    return StepToRedo() != nullptr;
 }
 
 void RedoLastEdit() {
-    if (!gBusy && CanRedo()) {
-        ChangePlaces();
+    if (const UndoStep* const step = gBusy ? nullptr : StepToRedo()) {
+        Carry(step, false);
     }
 }
 
 int UndoSlot() {
-    return gMemory ? gMemory->slot : 0;
+    const UndoStep* const step = StepToUndo();
+    return step == nullptr ? 0 : step->slot;
 }
 
 std::string UndoCaption() {
-    return CanUndo() ? std::string("&Undo") + NameOf(gMemory->kind) : "&Undo";
+    const UndoStep* const step = StepToUndo();
+    return step == nullptr ? "&Undo" : std::string("&Undo") + NameOf(step->kind);
 }
 
 std::string RedoCaption() {
-    return CanRedo() ? std::string("Redo") + NameOf(gMemory->kind) : "Redo";
+    const UndoStep* const step = StepToRedo();
+    return step == nullptr ? "Redo" : std::string("Redo") + NameOf(step->kind);
+}
+
+void SetUndoMemory(std::size_t bytes) {
+    gUndoBound = bytes;
+    FollowList();
+}
+
+UndoUse UseOfUndo() {
+    UndoUse use;
+    for (const std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+        for (const UndoStep& step : *steps) {
+            use.bytes += step.bytes;
+            ++use.steps;
+        }
+    }
+    return use;
 }
 
 } // namespace quandrel

@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: MIT
 //
-// One level of undo for edits of rows, of annotations and of girdles, with its inverse.
+// The edits that can be taken back, one after the other, and made again.
 //
-// An edit of rows calls KeepForUndo before it changes them, or RowsBeforeEdit before and
-// KeepStateForUndo after it, then SealUndo. What is kept is the rows of the plot as they were,
-// every field of them with their order and overlays, and the marquee; the clipboard has no part in
-// it. With them is kept the rotation that the edit came after, which can be taken back once the
-// edit has been, and the link that the edit broke. An edit that is not kept calls ForgetUndo; one
-// that does not is found out by the seal.
+// Each edit is a step: a change of one part of one plot (plot_change.h), made by an EditStep
+// (edit_step.h). The steps of all plots are one list in the order in which they were made. Undo
+// takes back the newest one of them, whichever plot is the active one, and makes its plot the
+// active one; Redo makes again what was taken back last. A new edit, of whichever plot, ends the
+// redo.
+//
+// Steps belong to their plot: its closing takes them from the list, and so does an edit of it that
+// is not kept. Such an edit calls ForgetUndo; one that does not is found out, as each step knows a
+// hash of its part before and after it. The clipboard has no part in undo.
+//
+// What steps keep is bounded by kUndoMemory: the oldest go first. The newest one always stays.
 
 #pragma once
 
-#include "edit/kept_girdles.h"
-#include "edit/kept_rows.h"
+#include "edit/marquee.h"
+#include "edit/plot_change.h"
+#include "rotation/rotation_undo.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
-#include <span>
 #include <string>
 
 namespace quandrel {
@@ -42,56 +49,68 @@ enum EditKind : std::int16_t {
     kAnnotationRemoval = 111, ///< of all of them
 };
 
-/// Whether an edit is taken back with those before it.
+/// Whether an edit is taken back with those before or after it.
 enum class EditRun {
     Alone,
-    Steps, ///< with the steps before it on the same rows, as long as nothing else came between
+    First, ///< later ones may join it
+    Joins, ///< joins the one before it, if that was of the same kind on the same selection, and
+           ///< nothing has come between; later ones may join it
 };
+
+/// PlotRecord::Modified of a plot that nothing has changed since its last step was made. Any other
+/// change writes kTrue, saving 0.
+inline constexpr std::int16_t kModifiedByLastEdit = 1;
+
+/// The bytes that steps may keep in all.
+inline constexpr std::size_t kUndoMemory = std::size_t{256} << 20;
 
 extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be taken back
 
-/// Keeps the rows of gActivePlot before some of them change or go.
-/// @param rows  point indices of those that the edit is about; an empty list keeps nothing
-void KeepForUndo(EditKind kind, std::span<const std::int32_t> rows, EditRun run = EditRun::Alone);
+/// An edit that has been made.
+struct UndoStep {
+    int slot = 0;
+    EditKind kind = kNoEdit;
+    EditRun run = EditRun::Alone;
+    std::unique_ptr<PlotChange> change; ///< complete
+    KeptSelection selection;            ///< of the other side; nothing where it was of another plot
+    std::optional<RotationMemory> rotation; ///< that can be taken back once the edit has been
+    std::uint64_t hashBefore = 0;           ///< of its part of the plot
+    std::uint64_t hashAfter = 0;
+    std::int16_t modifiedBefore = 0; ///< PlotRecord::Modified
+    std::int16_t modifiedAfter = 0;
+    std::size_t bytes = 0; ///< of all that it keeps
+};
 
-/// The rows of gActivePlot for an edit that may come to nothing, to be handed to KeepStateForUndo
-/// once it has been made; nothing when there is no memory for them. O(rows).
-[[nodiscard]] std::optional<KeptRows> RowsBeforeEdit();
+/// Adds a step to the list, whose plot is as the step left it, and sets Modified of that. What an
+/// edit of rows ends is kept with it: the rotation that can be taken back.
+/// @param joins  it becomes part of the step before it
+void KeepStep(UndoStep step, bool joins);
 
-/// Keeps the rows of gActivePlot as they were before an edit that has been made, with the selection
-/// of the moment. Not sealed. Without rows there is nothing to take back.
-void KeepStateForUndo(EditKind kind, std::optional<KeptRows> before);
+/// True when an edit of gActivePlot would be part of the one before it.
+[[nodiscard]] bool IsWithinRun(EditKind kind);
 
-/// Keeps the annotations of gActivePlot before some of them change, come or go.
-void KeepAnnotationsForUndo(EditKind kind);
-
-/// Keeps the girdles of a plot as they were before a pull that has been made.
-void KeepGirdlesForUndo(int slot, KeptGirdles before);
-
-/// The edit that was kept is complete: from now on another change of its rows ends the undo.
-void SealUndo();
-
-/// From now on the last edit can be neither taken back nor made again. Called by every edit that is
-/// not kept, by a load, and when a plot closes.
+/// From now on no edit can be taken back or made again.
 void ForgetUndo();
 
-/// As ForgetUndo, when the edit that is kept is one of this slot.
+/// As ForgetUndo, for the edits of a plot. Called by every edit that is not kept, by a load, and
+/// when a plot closes.
 void ForgetUndo(int slot);
 
-/// True while the plot of the last edit stands as the edit left it. O(rows) of that plot.
+/// True while a step can be taken back: its plot is as it left it. O(rows) of that plot.
 [[nodiscard]] bool CanUndo();
 
-/// Makes the plot of the last edit the active one, puts its rows or annotations back exactly as
-/// they were and draws it. Does nothing when CanUndo is false or while a long loop runs.
+/// Makes the plot of the newest step the active one, puts what the step changed back exactly as it
+/// was and draws the plot. Selects the rows concerned: with the frame about them where the edit was
+/// one of the selection. Does nothing when CanUndo is false or while a long loop runs.
 void UndoLastEdit();
 
-/// True while the plot stands as the last undo left it.
+/// True while a step can be made again: its plot is as its undo left it.
 [[nodiscard]] bool CanRedo();
 
-/// Makes the edit that was taken back once more.
+/// Makes the step that was taken back last once more, as UndoLastEdit takes it back.
 void RedoLastEdit();
 
-/// The slot of the plot whose edit is kept, 0 for none.
+/// The slot of the plot whose edit would be taken back, 0 for none.
 [[nodiscard]] int UndoSlot();
 
 /// Caption of the undo item: "&Undo Cut" and the like, "&Undo" when there is nothing to take back.
@@ -99,5 +118,16 @@ void RedoLastEdit();
 
 /// Caption of the redo item: "Redo Cut" and the like, "Redo" when there is nothing.
 [[nodiscard]] std::string RedoCaption();
+
+/// Bounds what steps keep, for tests; kUndoMemory at the start.
+void SetUndoMemory(std::size_t bytes);
+
+/// What the steps keep now, and how many they are.
+struct UndoUse {
+    std::size_t bytes = 0;
+    std::size_t steps = 0;
+};
+
+[[nodiscard]] UndoUse UseOfUndo();
 
 } // namespace quandrel

@@ -22,6 +22,10 @@ TEST_F(EditCommands, SelectAllAndCutLeavesAnEmptyPlotThatUndoFills) {
     EXPECT_TRUE(DipsAfter("select all; edit cut").empty());
     EXPECT_EQ(DipsAfter("select all; edit cut; undo"), (std::vector<int>{30, 45, 60}));
     EXPECT_TRUE(DipsAfter("select all; edit cut; undo; redo").empty());
+    const std::string edits = "addpoint 10 20; addpoint 11 20; select all; edit cut; ";
+    EXPECT_EQ(DipsAfter(edits + "undo; undo"), (std::vector<int>{30, 45, 60, 10}));
+    EXPECT_EQ(DipsAfter(edits + "undo; undo; undo; redo; redo"),
+              (std::vector<int>{30, 45, 60, 10, 11}));
 }
 
 TEST_F(EditCommands, ARectangleSelectsByPlaceOnTheNet) {

@@ -282,7 +282,7 @@ TEST_F(AnnotationLayer, MovesTheSelectedOnesWithTheirNodes) {
     EXPECT_EQ(UndoCaption(), "&Undo Move");
     UndoLastEdit();
     EXPECT_EQ(Places(), (Pairs{{100, 100}, {200, 150}, {-300, 0}}));
-    EXPECT_FALSE(CanUndo()) << "there is one level";
+    EXPECT_FALSE(CanUndo()) << "nothing was kept before it";
 }
 
 TEST_F(AnnotationLayer, MovesNothingOutOfThePicture) {

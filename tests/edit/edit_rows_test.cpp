@@ -3,7 +3,7 @@
 #include "derive/derived_plots.h"
 #include "edit/edit_plot.h"
 #include "edit/edit_rows.h"
-#include "edit/kept_rows.h"
+#include "edit/remove_rows.h"
 #include "input/data_rows.h"
 #include "input/plot_files.h"
 #include "rotation/rotate_data.h"

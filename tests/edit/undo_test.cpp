@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "edit/edit_plot.h"
-#include "edit/kept_rows.h"
+#include "edit/edit_step.h"
+#include "edit/kept_annotations.h"
+#include "edit/row_change.h"
 #include "edit/undo.h"
+
+#include <new>
 
 namespace quandrel {
 
@@ -13,11 +17,10 @@ using Texts = std::vector<std::string>;
 
 /// Moves a row as an edit does.
 void Move(int slot, std::int32_t row, std::int32_t dip) {
-    const std::vector<std::int32_t> rows = {row};
-    KeepForUndo(kMoveEdit, rows);
+    EditStep step(kMoveEdit, Before<RowChange>);
     gDataDip.At(slot, row) = dip;
     RebuildRowTable(slot);
-    SealUndo();
+    step.Finish(Redraw::Nothing);
 }
 
 TEST_F(Undo, OfAMoveGivesTheVeryOrientationBackOnce) {
@@ -36,24 +39,47 @@ TEST_F(Undo, OfAMoveGivesTheVeryOrientationBackOnce) {
     EXPECT_EQ(Rows(slot), before);
 }
 
-TEST_F(Undo, HasOneLevel) {
+TEST_F(Undo, GoesBackStepByStepAndRedoForward) {
+    const int slot = NewPlanes({{31, 121}});
+    for (const std::int32_t dip : {40, 50, 60}) {
+        Move(slot, 1, dip);
+    }
+    for (const std::int32_t dip : {50, 40, 31}) {
+        ASSERT_TRUE(CanUndo());
+        UndoLastEdit();
+        EXPECT_EQ(gDataDip(slot, 1), dip);
+    }
+    EXPECT_FALSE(CanUndo());
+    for (const std::int32_t dip : {40, 50, 60}) {
+        ASSERT_TRUE(CanRedo());
+        RedoLastEdit();
+        EXPECT_EQ(gDataDip(slot, 1), dip);
+    }
+    EXPECT_FALSE(CanRedo());
+    EXPECT_EQ(UndoCaption(), "&Undo Move");
+}
+
+TEST_F(Undo, ANewEditEndsTheRedo) {
     const int slot = NewPlanes({{31, 121}});
     Move(slot, 1, 40);
     Move(slot, 1, 50);
     UndoLastEdit();
+    Move(slot, 1, 70);
+    EXPECT_FALSE(CanRedo());
+    UndoLastEdit();
     EXPECT_EQ(gDataDip(slot, 1), 40);
-    EXPECT_FALSE(CanUndo());
+    UndoLastEdit();
+    EXPECT_EQ(gDataDip(slot, 1), 31);
 }
 
 TEST_F(Undo, OfAnAddedRowTakesItAway) {
     const int slot = NewPlanes({{31, 121}});
     AddFields();
     const Texts before = Rows(slot);
-    std::optional<KeptRows> alone = RowsBeforeEdit();
+    EditStep step(kAddEdit, Before<RowChange>);
     AddRow(5, 6);
     const Texts behind = Rows(slot);
-    KeepStateForUndo(kAddEdit, std::move(alone));
-    SealUndo();
+    step.Finish(Redraw::Nothing);
     EXPECT_EQ(Rows(slot), behind);
     UndoLastEdit();
     EXPECT_EQ(Rows(slot), before);
@@ -64,10 +90,9 @@ TEST_F(Undo, OfAnAddedRowTakesItAway) {
 TEST_F(Undo, OfAnAddedRowTakesAnOverlayThatHoldsNothingElse) {
     const int slot = NewPlanes({{31, 121}});
     const Texts before = Rows(slot);
-    std::optional<KeptRows> alone = RowsBeforeEdit();
+    EditStep step(kAddEdit, Before<RowChange>);
     AddOverlay(kOverlayPolarLines, 5, 6, CodeOfStyleRow(2));
-    KeepStateForUndo(kAddEdit, std::move(alone));
-    SealUndo();
+    step.Finish(Redraw::Nothing);
     UndoLastEdit();
     EXPECT_EQ(Rows(slot), before);
     EXPECT_EQ(RecordOf(slot).OverlayRows[0], 0);
@@ -122,12 +147,34 @@ TEST_F(Undo, LeavesWhatElseHasChangedToBeSaved) {
     EXPECT_NE(RecordOf(slot).Modified, 0);
 }
 
-TEST_F(Undo, AnEmptyListKeepsNothing) {
-    NewPlanes({{31, 121}});
-    KeepForUndo(kMoveEdit, {});
+TEST_F(Undo, AnEditThatComesToNothingKeepsNothing) {
+    const int slot = NewPlanes({{31, 121}});
+    {
+        const EditStep step(kMoveEdit, Before<RowChange>);
+        EXPECT_TRUE(step.IsKept());
+    }
     EXPECT_FALSE(CanUndo());
-    KeepStateForUndo(kAddEdit, std::nullopt);
-    EXPECT_FALSE(CanUndo());
+    Move(slot, 1, 40);
+    { const EditStep step(kMoveEdit, Before<RowChange>); }
+    EXPECT_TRUE(CanUndo());
+}
+
+std::unique_ptr<PlotChange> OutOfMemory(int /*slot*/) {
+    throw std::bad_alloc();
+}
+
+TEST_F(Undo, AnEditThatThereIsNoMemoryForIsMadeAndEndsTheUndoOfItsPlot) {
+    const int other = NewPlanes({{10, 10}});
+    Move(other, 1, 20);
+    const int slot = NewPlanes({{31, 121}});
+    Move(slot, 1, 40);
+    EditStep step(kMoveEdit, OutOfMemory);
+    EXPECT_FALSE(step.IsKept());
+    gDataDip.At(slot, 1) = 50;
+    step.Finish(Redraw::Nothing);
+    EXPECT_EQ(gDataDip(slot, 1), 50);
+    EXPECT_EQ(UndoSlot(), other);
+    EXPECT_EQ(UseOfUndo().steps, 1U);
 }
 
 TEST_F(Undo, OfAnnotationsPutsThemBack) {
@@ -135,9 +182,9 @@ TEST_F(Undo, OfAnnotationsPutsThemBack) {
     PlotRecord& record = RecordOf(slot);
     record.PlotAnnotations = std::make_unique<Annotations>();
     record.PlotAnnotations->push_back({10, 20, 21, 3, 4, 0, "1", {{5, 6}}});
-    KeepAnnotationsForUndo(kAnnotationDelete);
+    EditStep step(kAnnotationDelete, Before<PropertyChange<AnnotationsProperty>>);
     record.PlotAnnotations->clear();
-    SealUndo();
+    step.Finish(Redraw::Nothing);
     EXPECT_EQ(UndoCaption(), "&Undo deletion");
     EXPECT_EQ(gLastEditKind, 105);
     UndoLastEdit();
@@ -180,9 +227,8 @@ TEST_F(Undo, NamesEachEdit) {
                  {kAnnotationSymbol, "&Undo Change"}};
 
     NewPlanes({{31, 121}});
-    const std::vector<std::int32_t> rows = {1};
     for (const auto& row : cases) {
-        KeepForUndo(row.kind, rows);
+        EditStep(row.kind, Before<RowChange>).Finish(Redraw::Nothing);
         EXPECT_EQ(UndoCaption(), row.caption) << row.kind;
     }
 }

@@ -87,7 +87,7 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     if (form == nullptr) {
         return;
     }
-    ForgetUndo();
+    ForgetUndo(gActivePlot);
     const PlotRecord& record = ActiveRecord();
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
     const std::string told = OpeningText();

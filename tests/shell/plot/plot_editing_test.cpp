@@ -37,9 +37,15 @@ TEST_F(PlotEditing, AddSelectMoveUndo) {
     Press("mnuEditUndo");
     EXPECT_EQ(gDataAz(gActivePlot, 3), 90);
     EXPECT_EQ(gDataDip(gActivePlot, 3), 45);
+    EXPECT_EQ(Action("mnuEditUndo").text(), "&Undo Add");
+    Press("mnuEditUndo");
+    EXPECT_EQ(Dips(), (std::vector<int>{30, 45}));
     EXPECT_FALSE(IsEnabled("mnuEditUndo"));
+    EXPECT_EQ(Action("mnuEditRedo").text(), "Redo Add");
+    Press("mnuEditRedo");
     Press("mnuEditRedo");
     EXPECT_EQ(gDataAz(gActivePlot, 3), 0);
+    EXPECT_FALSE(IsEnabled("mnuEditRedo"));
 }
 
 TEST_F(PlotEditing, TheStatusLineCountsTheSelectedRows) {
