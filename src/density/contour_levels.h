@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 
 namespace quandrel {
@@ -34,9 +35,10 @@ struct ContourLevelSet {
 /// Where the contour of a level runs among the counts of n rows: half-way between the least whole
 /// count that has the level's density and the one below. Counts are whole numbers; a contour at one
 /// of them would follow the edges of its cells.
-[[nodiscard]] constexpr double CountOfLevel(std::int32_t level, std::int32_t n) {
-    const std::int64_t hundredfold = std::int64_t{level} * n;
-    return static_cast<double>((hundredfold + 99) / 100) - 0.5;
+///
+/// @param level  per cent. The product of a whole one and n is exact, so that the count is too
+[[nodiscard]] inline double CountOfLevel(double level, std::int32_t n) {
+    return std::ceil(level * n / 100) - 0.5;
 }
 
 } // namespace quandrel

@@ -76,6 +76,12 @@ AxisStyle ContourStyleOf(int level) {
     return gContourStyleTable[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
 }
 
+std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double level,
+                                            std::int32_t rows) {
+    return WithoutSpecks(TraceContour(counts, CountOfLevel(level, rows)),
+                         kLeastCells * counts.step * counts.step);
+}
+
 std::vector<LevelContour> ContoursOfActivePlot() {
     const PlotRecord& record = ActiveRecord();
     const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
@@ -93,8 +99,7 @@ std::vector<LevelContour> ContoursOfActivePlot() {
     for (std::int16_t k = 0; k < record.NumContours; ++k) {
         told.Reach(k);
         const std::int16_t level = record.ContourLevels.at(static_cast<std::size_t>(k));
-        contours.push_back({level, WithoutSpecks(TraceContour(grid, CountOfLevel(level, rows)),
-                                                 kLeastCells * step * step)});
+        contours.push_back({level, ContourOfCounts(grid, level, rows)});
     }
     return contours;
 }

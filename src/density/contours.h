@@ -22,6 +22,15 @@ namespace quandrel {
 void DrawContourLine(Surface& surface, const std::vector<ContourSegment>& segments,
                      const AxisStyle& style);
 
+/// The contour of a level within the primitive, half-way between whole counts (CountOfLevel),
+/// without closed parts that enclose less than four cells of the grid.
+///
+/// @param counts  at the nodes of a grid
+/// @param level   per cent of the rows
+/// @param rows    that were counted
+[[nodiscard]] std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double level,
+                                                          std::int32_t rows);
+
 /// One level with its contour within the primitive.
 struct LevelContour {
     std::int16_t level = 0; ///< per cent

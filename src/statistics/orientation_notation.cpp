@@ -27,8 +27,8 @@ OrientationOptions OptionsInForce(OrientationKind kind) {
     return options;
 }
 
-std::string TextOfPair(double first, double azimuth, OrientationKind kind) {
-    return OrientationText(RadToDegText(first), WholeAzimuthText(azimuth), OptionsInForce(kind));
+std::string TextOfPair(double first, double azimuth, const OrientationOptions& options) {
+    return OrientationText(RadToDegText(first), WholeAzimuthText(azimuth), options);
 }
 
 } // namespace
@@ -47,15 +47,23 @@ void SettleForPrint(int decimals, double& plunge, double& trend) {
 }
 
 std::string TextOfLine(double plunge, double trend) {
+    return TextOfLine(plunge, trend, OptionsInForce(OrientationKind::kLine));
+}
+
+std::string TextOfLine(double plunge, double trend, const OrientationOptions& options) {
     SettleForPrint(0, plunge, trend);
-    return TextOfPair(plunge, trend, OrientationKind::kLine);
+    return TextOfPair(plunge, trend, options);
+}
+
+std::string TextOfPlane(double dip, double dipDirection, const OrientationOptions& options) {
+    return TextOfPair(dip, dipDirection, options);
 }
 
 std::string TextOfPlaneOfPole(double polePlunge, double poleTrend) {
     double dip = 0;
     double dipDirection = 0;
     PoleOfPlane(polePlunge, poleTrend, dip, dipDirection);
-    return TextOfPair(dip, dipDirection, OrientationKind::kPlane);
+    return TextOfPlane(dip, dipDirection, OptionsInForce(OrientationKind::kPlane));
 }
 
 std::string OrderInForce() {

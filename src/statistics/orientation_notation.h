@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines and planes as texts in the notation in force.
+// Lines and planes as texts, in the notation in force or in any other.
 
 #pragma once
+
+#include "orientation/notation.h"
 
 #include <string>
 
@@ -26,6 +28,17 @@ void SettleForPrint(int decimals, double& plunge, double& trend);
 /// @param plunge  radians; negative upward
 /// @param trend   radians; of an upward line that of its lower end
 [[nodiscard]] std::string TextOfLine(double plunge, double trend);
+
+/// The same in any notation.
+[[nodiscard]] std::string TextOfLine(double plunge, double trend,
+                                     const OrientationOptions& options);
+
+/// A plane in whole degrees, in any notation.
+///
+/// @param dip           radians
+/// @param dipDirection  radians, 0 to kTwoPi
+[[nodiscard]] std::string TextOfPlane(double dip, double dipDirection,
+                                      const OrientationOptions& options);
 
 /// The plane of a pole, in whole degrees.
 ///
