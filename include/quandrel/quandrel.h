@@ -18,18 +18,28 @@
 //   - Statistics and geometry take values as they are. What counts lines in cones or azimuths in
 //     sectors (density.h, rose.h) counts them at their nearest whole degrees, as the program does.
 //
-// Example: the line in which two beds meet, on the net.
+// Example: poles of beds, the plane of their mean axis, and how densely they lie.
 //
 //     namespace qd = quandrel::api;
-//     const std::optional<qd::Line> line = qd::IntersectionOf({50, 60}, {50, 120});
-//     const qd::NetPoint point = qd::ProjectedLine(*line, qd::Projection::kEqualArea);
-//     std::cout << line->trend << ' ' << (point.east > 0) << '\n'; // -> 90 1
+//     const std::vector<qd::Plane> beds = {{38, 118}, {42, 118}, {38, 122}, {42, 122}};
+//     std::vector<qd::Line> poles(beds.size());
+//     qd::PolesOf(beds, poles);
+//     const std::optional<qd::Fabric> fabric = qd::FabricOf(poles);
+//     std::cout << qd::TextOf(qd::PlaneOfPole(fabric->axes[2])) << '\n'; // -> 40/120
+//     const auto field = qd::DensityFieldOf(poles, qd::Projection::kEqualArea, 100);
+//     std::cout << qd::GreatestDensity(field) << '\n'; // -> 100
 
 #pragma once
 
 #include "quandrel/circular.h"
+#include "quandrel/classes.h"
+#include "quandrel/density.h"
 #include "quandrel/fabric.h"
 #include "quandrel/intersections.h"
+#include "quandrel/kinematics.h"
 #include "quandrel/net.h"
+#include "quandrel/notation.h"
 #include "quandrel/orientation.h"
+#include "quandrel/rose.h"
+#include "quandrel/rotation.h"
 #include "quandrel/version.h"
