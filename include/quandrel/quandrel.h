@@ -42,4 +42,5 @@
 #include "quandrel/orientation.h"
 #include "quandrel/rose.h"
 #include "quandrel/rotation.h"
+#include "quandrel/table.h"
 #include "quandrel/version.h"

@@ -129,6 +129,21 @@ void AddDrawings(Results& results, std::span<const Line> lines, std::span<const 
     }
 }
 
+void AddTable(Results& results, std::span<const Plane> planes) {
+    std::string text = "/C1\n";
+    for (const Plane& plane : planes) {
+        text += TextOf(plane, {.separator = "\t"}) + "\t" + std::to_string(plane.dip) + "\n";
+    }
+    TableFormat format;
+    format.hasNumber = true;
+    format.columns.number = 2;
+    const Table table = ReadTable(DecodedText(text), FormatOfText(text, format));
+    for (std::size_t i = 0; i < table.planes.size(); ++i) {
+        results.Add(table.planes[i]);
+        results.Add(table.numbers[i]);
+    }
+}
+
 std::string AllResults(std::uint32_t seed) {
     RandomValues random(seed);
     const std::vector<Line> lines = random.Lines(200, -90);
@@ -141,6 +156,7 @@ std::string AllResults(std::uint32_t seed) {
     AddGeometry(results, lines, planes);
     AddStatistics(results, lines, values);
     AddDrawings(results, lines, planes);
+    AddTable(results, planes);
     return results.Text();
 }
 

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+//
+// The public format of a text as the line parser takes it.
+
+#pragma once
+
+#include "input/data_line.h"
+#include "quandrel/table.h"
+
+#include <string>
+#include <string_view>
+
+namespace quandrel::api {
+
+/// The checked format for the line parser.
+[[nodiscard]] LineFormat LineFormatIn(const TableFormat& format);
+
+/// What the parameter lines of a text make of a checked format.
+[[nodiscard]] TableFormat WithParameterLines(std::string_view text, const TableFormat& format);
+
+/// Why a line with a status is no row.
+[[nodiscard]] std::string ReasonOf(LineStatus status);
+
+} // namespace quandrel::api
