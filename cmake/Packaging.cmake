@@ -1,5 +1,5 @@
-# What an installation holds besides the programs, and the packages made of it: a Debian package and
-# a tarball of the sources.
+# What an installation holds besides the programs, and the packages made of it: a Debian package of
+# the programs, one of the library for other programs, and a tarball of the sources.
 if(QUANDREL_FUZZ OR NOT QUANDREL_QT)
     return()
 endif()
@@ -29,15 +29,19 @@ endforeach()
 # Manual pages and lists of changes are installed packed, always to the same bytes.
 find_program(QUANDREL_GZIP gzip)
 function(quandrel_install_packed source folder name)
+    cmake_parse_arguments(arg "" "COMPONENT" "" ${ARGN})
+    if(NOT arg_COMPONENT)
+        set(arg_COMPONENT program)
+    endif()
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
     if(QUANDREL_GZIP)
         set(packed ${PROJECT_BINARY_DIR}/packed/${name}.gz)
         file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/packed)
         execute_process(COMMAND ${QUANDREL_GZIP} -9nc ${source} OUTPUT_FILE ${packed}
                         COMMAND_ERROR_IS_FATAL ANY)
-        install(FILES ${packed} DESTINATION ${folder})
+        install(FILES ${packed} DESTINATION ${folder} COMPONENT ${arg_COMPONENT})
     else()
-        install(FILES ${source} DESTINATION ${folder} RENAME ${name})
+        install(FILES ${source} DESTINATION ${folder} RENAME ${name} COMPONENT ${arg_COMPONENT})
     endif()
 endfunction()
 foreach(page quandrel.1 quandrel-batch.1)
@@ -46,29 +50,47 @@ endforeach()
 quandrel_install_packed(${packaging}/changelog ${documents} changelog)
 quandrel_install_packed(${PROJECT_SOURCE_DIR}/NEWS.md ${documents} NEWS.md)
 
+# The library's own package has its own documents.
+set(libraryDocuments ${CMAKE_INSTALL_DATADIR}/doc/libquandrel-dev)
+install(FILES docs/interface.md ${packaging}/copyright DESTINATION ${libraryDocuments}
+        COMPONENT dev)
+quandrel_install_packed(${packaging}/changelog ${libraryDocuments} changelog COMPONENT dev)
+
 set(CPACK_PACKAGE_NAME quandrel)
 set(CPACK_PACKAGE_VENDOR "The Quandrel developers")
 set(CPACK_PACKAGE_CONTACT "The Quandrel developers <quandrel@example.org>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "stereonets and rose diagrams for structural geologists")
-set(CPACK_PACKAGE_DESCRIPTION
-"Quandrel reads orientation measurements (planes, lines, polar lines,
+# The first line of each is the summary of its package.
+set(CPACK_COMPONENT_PROGRAM_DESCRIPTION
+"stereonets and rose diagrams for structural geologists
+Quandrel reads orientation measurements (planes, lines, polar lines,
 directions) from text files in almost any layout, draws them as stereonets
 and rose diagrams, and works out their statistics: densities and contours,
 fabric statistics, circular statistics, P and T axes of faults, rotation and
 unfolding. Pages are printed at true scale, pictures written as PNG, SVG and
 PDF. The program quandrel-batch does all of it from scripts.")
+set(CPACK_COMPONENT_DEV_DESCRIPTION
+"arithmetic of structural geology for C++ programs
+The engine of Quandrel as a static library with headers: orientations and
+their notation, the net, densities and contours, fabric and circular
+statistics, roses, classes, rotations, P and T axes of faults, intersections.
+Functions take values and give values, and keep no state.")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_GENERATOR DEB)
+set(CPACK_COMPONENTS_ALL program dev)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME quandrel)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 # The libraries of the programs are found and added; that of drawings brings its plug-in for icons.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS hicolor-icon-theme)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
+set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquandrel-dev)
+set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 
 set(CPACK_SOURCE_GENERATOR TGZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME quandrel-${PROJECT_VERSION})

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian package, lays it out below a folder of its own, and runs what is in it.
+# Makes the Debian packages, lays them out below folders of their own, and runs what is in them.
 # usage: package_installs.sh CPACK BUILD SOURCES
 set -euo pipefail
 cpack=$1
@@ -18,6 +18,9 @@ package=$(find "$folder/made" -maxdepth 1 -name 'quandrel_*.deb')
 [ -n "$package" ] || fail "no package file: $(cat "$folder/log")"
 root=$folder/root
 dpkg-deb -x "$package" "$root"
+devPackage=$(find "$folder/made" -maxdepth 1 -name 'libquandrel-dev_*.deb')
+[ -n "$devPackage" ] || fail "no package of the library: $(cat "$folder/log")"
+dpkg-deb -x "$devPackage" "$folder/library"
 
 # What a desktop and a reader look for.
 for path in bin/quandrel bin/quandrel-batch share/applications/quandrel.desktop \
@@ -27,6 +30,11 @@ for path in bin/quandrel bin/quandrel-batch share/applications/quandrel.desktop 
     share/quandrel/Quandrel_Help/contents.html share/quandrel/Quandrel_Help/help.css \
     share/quandrel/examples/folded_bedding.txt share/doc/quandrel/copyright; do
     [ -s "$root/usr/$path" ] || fail "the package lacks $path"
+done
+for path in include/quandrel/quandrel.h lib/libquandrel.a lib/cmake/quandrel/quandrelConfig.cmake \
+    lib/cmake/quandrel/quandrelConfigVersion.cmake share/doc/libquandrel-dev/interface.md; do
+    [ -s "$folder/library/usr/$path" ] || fail "the package of the library lacks $path"
+    [ ! -e "$root/usr/$path" ] || fail "the package of the programs holds $path"
 done
 depends=$(dpkg-deb -f "$package" Depends)
 for library in libqt6widgets6 libqt6svg6; do
@@ -56,7 +64,7 @@ if command -v Xvfb >/dev/null && command -v xdotool >/dev/null \
 fi
 
 if command -v lintian >/dev/null; then
-    lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" >"$folder/lintian" 2>&1 \
-        || fail "$(cat "$folder/lintian")"
+    lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" "$devPackage" \
+        >"$folder/lintian" 2>&1 || fail "$(cat "$folder/lintian")"
     cat "$folder/lintian"
 fi
