@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// All of the public functions in two threads at once, with the results of one.
+// All of the public functions in two threads at once, with the results of one; and beside settings
+// of the program that must not matter.
 
 #include "border/random_lines.h"
+#include "core/data_format.h"
+#include "core/formulas.h"
+#include "core/settings.h"
 #include "quandrel/quandrel.h"
 
 #include <gtest/gtest.h>
@@ -180,6 +184,29 @@ TEST(PublicThreads, TwoAtOnceHaveTheResultsOfOne) {
         EXPECT_TRUE(found[0][round] == alone) << round;
         EXPECT_TRUE(found[1][round] == alone) << round;
     }
+}
+
+TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
+    const std::string before = AllResults(1);
+    const FormatSettings format = CurrentFormat();
+    gFormulas = Formulas::Textbook;
+    gDecimalIsComma = true;
+    gConvertDecimals = true;
+    FormatSettings odd = format;
+    odd.conventions = -13;
+    odd.delimiter = ";";
+    odd.planeSeparator = odd.lineSeparator = "~";
+    odd.primary = kDirections;
+    odd.secondary = kSecondaryPlane;
+    odd.negativePlunge = NegativePlunge::Vector;
+    odd.hasHeadings = true;
+    RestoreFormat(odd);
+    const std::string after = AllResults(1);
+    RestoreFormat(format);
+    gFormulas = Formulas::Own;
+    gDecimalIsComma = false;
+    gConvertDecimals = false;
+    EXPECT_TRUE(before == after);
 }
 
 } // namespace
