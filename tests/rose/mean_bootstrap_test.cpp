@@ -3,6 +3,7 @@
 // The bootstrap interval of a mean direction: how often it holds the true one.
 
 #include "rose/mean_bootstrap.h"
+#include "support/trial.h"
 
 #include <gtest/gtest.h>
 
@@ -52,13 +53,15 @@ double VonMisesAngle(std::mt19937& random, double kappa) {
     }
 }
 
-TEST(BootstrapHalfWidth, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
+TEST(BootstrapHalfWidthTrial, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
     std::mt19937 random(kSeed);
-    constexpr int kSamples = 400;
+    const int samples = TrialRounds(4000);
+    // Three standard errors of a share of 0.95.
+    const double error = 3 * std::sqrt(0.95 * 0.05 / samples);
     for (const int n : {8, 12, 25}) {
         for (const double kappa : {1.5, 8.0}) {
             int held = 0;
-            for (int i = 0; i < kSamples; ++i) {
+            for (int i = 0; i < samples; ++i) {
                 // Axes about 70 degrees: half of the angles that are distributed so.
                 std::vector<WeightedAngle> doubled;
                 double sine = 0;
@@ -75,12 +78,12 @@ TEST(BootstrapHalfWidth, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
                 const auto halfWidth = BootstrapHalfWidth(doubled);
                 held += !halfWidth || off <= *halfWidth / 2 ? 1 : 0;
             }
-            // Three standard errors of a share of 0.95 below and above; small samples hold more.
-            const double share = static_cast<double>(held) / kSamples;
+            // Small samples hold more: of 4000 with 12 axes 96.2%.
+            const double share = static_cast<double>(held) / samples;
             SCOPED_TRACE(testing::Message()
                          << "seed " << kSeed << " n " << n << " kappa " << kappa);
-            EXPECT_GT(share, 0.95 - 0.033);
-            EXPECT_LT(share, n < 10 ? 1 : 0.95 + 0.033);
+            EXPECT_GT(share, 0.95 - error);
+            EXPECT_LT(share, n < 10 ? 1 : 0.983);
         }
     }
 }

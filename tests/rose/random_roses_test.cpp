@@ -14,6 +14,7 @@
 #include "rose/rose_wedges.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
+#include "support/trial.h"
 
 #include <algorithm>
 #include <cctype>
@@ -67,7 +68,7 @@ private:
     std::string bad_;
 };
 
-class RandomRoses : public EngineTest {
+class RandomRosesTrial : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
@@ -178,10 +179,11 @@ protected:
     std::mt19937 random_{kSeed};
 };
 
-TEST_F(RandomRoses, HaveNoFieldThatIsNoNumber) {
+TEST_F(RandomRosesTrial, HaveNoFieldThatIsNoNumber) {
+    const int roses = TrialRounds(2000);
     ScriptedPrompts any(ScriptedPrompts::Mode::Batch);
     gPlatform.prompts = &any;
-    for (int rose = 0; rose < 2000; ++rose) {
+    for (int rose = 0; rose < roses; ++rose) {
         NewPlot();
         PlotRecord& record = ActiveRecord();
         record.PlotKind = kRose;
