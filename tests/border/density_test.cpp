@@ -36,6 +36,11 @@ std::optional<std::int32_t> TrueCount(const std::vector<Line>& lines, const Line
     return count;
 }
 
+std::int32_t CountAt(const DensityField& field, int column, int row) {
+    const auto side = static_cast<std::size_t>(field.nodes);
+    return field.counts[static_cast<std::size_t>(column) * side + static_cast<std::size_t>(row)];
+}
+
 TEST(PublicDensity, ConesCountWhatLiesInThem) {
     const std::vector<Line> lines = WholeLines(500, 20260811);
     const std::vector<Line> axes = RandomValues(20260812).Lines(300);
@@ -67,7 +72,7 @@ TEST(PublicDensity, NodesCountWhatLiesAboutTheLineUnderThem) {
                 }
                 const Line axis = LineAtPoint(node, projection);
                 if (const auto truth = TrueCount(lines, axis, kCountingCone)) {
-                    EXPECT_EQ(field.counts[static_cast<std::size_t>(i * field.nodes + j)], *truth);
+                    EXPECT_EQ(CountAt(field, i, j), *truth);
                     ++compared;
                 }
             }
@@ -92,9 +97,7 @@ double InField(const DensityField& field, const NetPoint& point) {
     const double j = (point.north - field.first) / field.step;
     const auto column = static_cast<int>(i);
     const auto row = static_cast<int>(j);
-    const auto count = [&field](int a, int b) {
-        return field.counts[static_cast<std::size_t>(a * field.nodes + b)];
-    };
+    const auto count = [&field](int a, int b) { return CountAt(field, a, b); };
     return std::min({count(column, row), count(column + 1, row), count(column, row + 1),
                      count(column + 1, row + 1)});
 }

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <bit>
+#include <functional>
 #include <optional>
 #include <string>
 #include <thread>
@@ -168,15 +169,14 @@ TEST(PublicThreads, TwoAtOnceHaveTheResultsOfOne) {
     // The threads come first, so that they meet whatever is made on first use.
     constexpr std::uint32_t kRounds = 5;
     std::array<std::vector<std::string>, 2> found;
-    {
-        std::array<std::jthread, 2> threads;
-        for (std::size_t i = 0; i < threads.size(); ++i) {
-            threads[i] = std::jthread([&mine = found[i]] {
-                for (std::uint32_t round = 0; round < kRounds; ++round) {
-                    mine.push_back(AllResults(round));
-                }
-            });
+    const auto fill = [](std::vector<std::string>& mine) {
+        for (std::uint32_t round = 0; round < kRounds; ++round) {
+            mine.push_back(AllResults(round));
         }
+    };
+    {
+        const std::jthread first(fill, std::ref(found[0]));
+        const std::jthread second(fill, std::ref(found[1]));
     }
     for (std::uint32_t round = 0; round < kRounds; ++round) {
         const std::string alone = AllResults(round);
