@@ -4,7 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
-#include "edit/marquee.h"
+#include "edit/selection/marquee.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"

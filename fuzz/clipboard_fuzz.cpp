@@ -6,9 +6,9 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "edit/annotations.h"
-#include "edit/paste_rows.h"
-#include "edit/undo.h"
+#include "edit/history/undo.h"
+#include "edit/marks/annotations.h"
+#include "edit/rows/paste_rows.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"

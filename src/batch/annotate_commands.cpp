@@ -4,9 +4,9 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "edit/add_point.h"
-#include "edit/annotations.h"
-#include "edit/data_grid.h"
+#include "edit/grids/data_grid.h"
+#include "edit/marks/annotations.h"
+#include "edit/rows/add_point.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "stereo/row_positions.h"

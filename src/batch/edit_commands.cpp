@@ -5,10 +5,12 @@
 #include "batch/key_values.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "edit/annotations.h"
-#include "edit/edit_rows.h"
-#include "edit/marquee.h"
-#include "edit/undo.h"
+#include "edit/commands/edit_menu.h"
+#include "edit/history/undo.h"
+#include "edit/marks/annotation_edits.h"
+#include "edit/marks/annotations.h"
+#include "edit/rows/edit_rows.h"
+#include "edit/selection/marquee.h"
 #include "platform/platform.h"
 
 #include <array>

@@ -5,8 +5,8 @@
 #include "batch/key_values.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "edit/girdles.h"
-#include "edit/small_circles.h"
+#include "edit/marks/girdles.h"
+#include "edit/marks/small_circles.h"
 #include "input/format_model.h"
 #include "orientation/notation.h"
 

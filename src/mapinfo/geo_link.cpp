@@ -5,8 +5,8 @@
 #include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "core/row_links.h"
-#include "edit/add_point.h"
-#include "edit/edit_rows.h"
+#include "edit/rows/add_point.h"
+#include "edit/rows/edit_rows.h"
 #include "mapinfo/map_link.h"
 #include "stereo/plot_driver.h"
 

@@ -4,7 +4,7 @@
 //
 // Rows of plots are point indices, rows of tables the session's numbers; both count from 1. The
 // links follow the rows of their plots when some of these go or come back (core/row_links.h,
-// edit/edit_rows.h).
+// edit/rows/edit_rows.h).
 
 #pragma once
 

@@ -5,7 +5,7 @@
 #include "core/letter_case.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "edit/marquee.h"
+#include "edit/selection/marquee.h"
 #include "mapinfo/geo_link.h"
 #include "mapinfo/map_commands.h"
 #include "mapinfo/map_link.h"

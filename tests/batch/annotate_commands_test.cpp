@@ -2,8 +2,8 @@
 
 #include "batch/annotate_commands.h"
 #include "core/data_format.h"
-#include "edit/annotations.h"
-#include "edit/undo.h"
+#include "edit/history/undo.h"
+#include "edit/marks/annotations.h"
 #include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

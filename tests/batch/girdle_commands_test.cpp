@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "batch/girdle_commands.h"
-#include "edit/girdles.h"
-#include "edit/small_circles.h"
+#include "edit/marks/girdles.h"
+#include "edit/marks/small_circles.h"
 #include "stereo/plot_stages.h"
 #include "support/test_platform.h"
 

@@ -34,7 +34,10 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const Folders onDensity = Above(onStereo, {"density"});
     static const Folders onAll =
         Above(onPersistence, {"rotation", "derive", "statistics", "density", "classify", "rose"});
-    static const Folders onEdit = Above(onAll, {"edit", "platform/scripted"});
+    static const Folders onMarks = Above(onAll, {"edit/selection", "edit/history", "edit/marks"});
+    static const Folders onRows = Above(onMarks, {"edit/rows"});
+    static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
+    static const Folders onEdit = Above(onEdits, {"platform/scripted"});
     static const Folders onSession = Above(onEdit, {"mapinfo", "print", "session"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
@@ -53,8 +56,13 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"density", onStereo},
         {"classify", onDensity},
         {"rose", Above(onDensity, {"classify"})},
-        {"edit", onAll},
-        {"mapinfo", Above(onAll, {"edit"})},
+        {"edit/selection", onAll},
+        {"edit/history", Above(onAll, {"edit/selection"})},
+        {"edit/marks", Above(onAll, {"edit/selection", "edit/history"})},
+        {"edit/rows", onMarks},
+        {"edit/grids", onRows},
+        {"edit/commands", onRows},
+        {"mapinfo", onEdits},
         {"print", onEdit},
         {"session", Above(onEdit, {"mapinfo", "print"})},
         {"recovery", onSession},

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_store.h"
-#include "edit/paste_rows.h"
+#include "edit/commands/edit_menu.h"
+#include "edit/rows/paste_rows.h"
 #include "input/plot_files.h"
 #include "link_test_base.h"
 #include "mapinfo/geo_link.h"

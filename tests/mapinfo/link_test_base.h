@@ -5,10 +5,10 @@
 #pragma once
 
 #include "core/row_links.h"
-#include "edit/add_point.h"
-#include "edit/edit_rows.h"
-#include "edit/marquee.h"
-#include "edit/undo.h"
+#include "edit/history/undo.h"
+#include "edit/rows/add_point.h"
+#include "edit/rows/edit_rows.h"
+#include "edit/selection/marquee.h"
 #include "input/file_loading.h"
 #include "mapinfo/geo_link.h"
 #include "mapinfo/map_link.h"

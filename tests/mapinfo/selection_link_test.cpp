@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "edit/commands/edit_menu.h"
 #include "link_test_base.h"
 #include "mapinfo/map_windows.h"
 #include "mapinfo/select_statements.h"

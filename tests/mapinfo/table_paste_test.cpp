@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "edit/commands/edit_menu.h"
 #include "input/line_loop.h"
 #include "input/load_report.h"
 #include "input/text_file.h"

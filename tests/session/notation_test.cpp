@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
-#include "edit/girdles.h"
+#include "edit/marks/girdles.h"
 #include "session/notation.h"
 #include "session/start.h"
 #include "stereo/plot_driver.h"

@@ -4,7 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "edit/marquee.h"
+#include "edit/selection/marquee.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
 #include "stereo/symbols.h"

@@ -5,7 +5,7 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "edit/small_circle_pick.h"
+#include "edit/marks/small_circle_pick.h"
 #include "platform/platform.h"
 #include "shell/controls/bad_text.h"
 #include "shell/styles/line_patch.h"

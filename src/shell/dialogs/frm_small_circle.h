@@ -9,7 +9,7 @@
 
 #pragma once
 
-#include "edit/small_circles.h"
+#include "edit/marks/small_circles.h"
 
 #include <QDialog>
 

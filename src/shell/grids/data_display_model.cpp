@@ -3,7 +3,7 @@
 #include "shell/grids/data_display_model.h"
 
 #include "core/plot_store.h"
-#include "edit/linked_rows.h"
+#include "edit/selection/linked_rows.h"
 #include "shell/controls/bad_text.h"
 #include "shell/controls/faint_text.h"
 #include "shell/controls/plain_tip.h"

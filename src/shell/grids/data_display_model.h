@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include "edit/data_grid.h"
-#include "edit/raw_data.h"
+#include "edit/grids/data_grid.h"
+#include "edit/grids/raw_data.h"
 
 #include <QAbstractTableModel>
 

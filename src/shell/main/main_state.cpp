@@ -6,7 +6,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
-#include "edit/marquee.h"
+#include "edit/selection/marquee.h"
 #include "mapinfo/map_commands.h"
 #include "mapinfo/map_link.h"
 #include "mapinfo/selection_link.h"

@@ -4,7 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
-#include "edit/marquee.h"
+#include "edit/selection/marquee.h"
 #include "rose/petal_tip.h"
 #include "session/window_places.h"
 #include "shell/controls/icons.h"

@@ -3,9 +3,9 @@
 #include "shell/plot/net_mouse.h"
 
 #include "core/plot_store.h"
-#include "edit/annotations.h"
-#include "edit/girdle_pull.h"
-#include "edit/small_circle_pick.h"
+#include "edit/marks/annotations.h"
+#include "edit/marks/girdle_pull.h"
+#include "edit/marks/small_circle_pick.h"
 #include "shell/controls/picture_box.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/plot_dialogs.h"

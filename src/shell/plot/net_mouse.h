@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "edit/plot_mouse.h"
+#include "edit/commands/plot_mouse.h"
 
 #include <QPoint>
 #include <QString>

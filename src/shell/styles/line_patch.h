@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "edit/small_circles.h"
+#include "edit/marks/small_circles.h"
 
 #include <QAbstractButton>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
-#include "edit/small_circle_pick.h"
-#include "edit/small_circles.h"
+#include "edit/marks/small_circle_pick.h"
+#include "edit/marks/small_circles.h"
 #include "orientation/projection.h"
 #include "shell/controls/bad_text.h"
 #include "shell/dialogs/frm_small_circle.h"

@@ -3,12 +3,12 @@
 // A hand that knows nothing: random presses, moves, keys and commands over several plots.
 
 #include "core/data_format.h"
-#include "edit/annotations.h"
-#include "edit/girdle_pull.h"
-#include "edit/girdles.h"
-#include "edit/marquee.h"
-#include "edit/small_circle_pick.h"
-#include "edit/undo.h"
+#include "edit/history/undo.h"
+#include "edit/marks/annotations.h"
+#include "edit/marks/girdle_pull.h"
+#include "edit/marks/girdles.h"
+#include "edit/marks/small_circle_pick.h"
+#include "edit/selection/marquee.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
 #include "support/main_window_test.h"

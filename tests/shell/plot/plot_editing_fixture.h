@@ -5,9 +5,9 @@
 #pragma once
 
 #include "core/data_format.h"
-#include "edit/girdles.h"
-#include "edit/marquee.h"
-#include "edit/undo.h"
+#include "edit/history/undo.h"
+#include "edit/marks/girdles.h"
+#include "edit/selection/marquee.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
 #include "stereo/draw_target.h"

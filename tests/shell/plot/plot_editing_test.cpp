@@ -2,7 +2,7 @@
 //
 // Edits by mouse and keys in the real windows.
 
-#include "edit/annotations.h"
+#include "edit/marks/annotations.h"
 #include "orientation/angles.h"
 #include "shell/plot/plot_editing_fixture.h"
 

@@ -2,8 +2,9 @@
 //
 // Edits that go through windows beside the plot, the clipboard and undo, in the real windows.
 
-#include "edit/annotations.h"
-#include "edit/edit_rows.h"
+#include "edit/commands/edit_menu.h"
+#include "edit/marks/annotations.h"
+#include "edit/rows/edit_rows.h"
 #include "orientation/angles.h"
 #include "shell/controls/bad_text.h"
 #include "shell/dialogs/frm_small_circle.h"

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/grids/grid_cells.h"
+
+#include "core/data_format.h"
+#include "core/settings.h"
+#include "input/data_rows.h"
+#include "orientation/notation.h"
+#include "orientation/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace quandrel {
+
+namespace {
+
+/// A run of columns with what they are for.
+struct GridPiece {
+    const char* format;
+    std::vector<GridColumnKind> kinds;
+};
+
+std::vector<GridPiece> PiecesOf(const PlotRecord& record) {
+    using Kind = GridColumnKind;
+    std::vector<GridPiece> pieces = {
+        {"        |>Dip/Plunge  |>Azimuth  ", {Kind::RowNumber, Kind::Dip, Kind::Azimuth}}};
+    if (record.SecondaryFormat > kNoSecondary) {
+        pieces.push_back(
+            {"|>Sec. Dip/Pl |>Sec Azim ", {Kind::SecondaryDip, Kind::SecondaryAzimuth}});
+    }
+    if (record.HasAppendedLine != 0) {
+        pieces.push_back({"|>App.Line Plunge |>Line Azim ", {Kind::LinePlunge, Kind::LineTrend}});
+    }
+    if (record.HasAppendedNumeric != 0) {
+        pieces.push_back({"|>Numeric ", {Kind::Number}});
+    }
+    if (record.HasAppendedText != 0) {
+        pieces.push_back({"|>AlphaNum. ", {Kind::Text}});
+    }
+    pieces.push_back({"|^Edited", {Kind::Edited}});
+    return pieces;
+}
+
+GridColumn ColumnOf(std::string_view piece, GridColumnKind kind) {
+    GridColumn column;
+    column.kind = kind;
+    if (piece.starts_with('>') || piece.starts_with('^')) {
+        column.align = piece.front() == '>' ? GridAlign::Right : GridAlign::Centre;
+        piece.remove_prefix(1);
+    }
+    column.header = std::string(WithoutBlanks(piece));
+    return column;
+}
+
+} // namespace
+
+std::string GridFormatOf(const PlotRecord& record) {
+    std::string format;
+    for (const GridPiece& piece : PiecesOf(record)) {
+        format += piece.format;
+    }
+    return format;
+}
+
+std::vector<GridColumn> GridColumnsOf(const PlotRecord& record) {
+    std::vector<GridColumn> columns;
+    for (const GridPiece& piece : PiecesOf(record)) {
+        std::string_view rest = piece.format;
+        rest.remove_prefix(rest.starts_with('|') ? 1 : 0);
+        for (const GridColumnKind kind : piece.kinds) {
+            const std::size_t end = std::min(rest.find('|'), rest.size());
+            columns.push_back(ColumnOf(rest.substr(0, end), kind));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return columns;
+}
+
+std::string DataGridCaption(const PlotRecord& record) {
+    return "Processed data in: " + record.PlotTitle;
+}
+
+std::optional<ShownOrientation> ReadGridPair(std::string_view dip, std::string_view azimuth,
+                                             bool isPlane) {
+    LineFormat format;
+    format.primary = isPlane ? kPrimaryPlane : kPrimaryLine;
+    const ParsedRow row = ParseValues({WithoutBlanks(dip), WithoutBlanks(azimuth)}, format);
+    if (row.status != LineStatus::Row) {
+        return std::nullopt;
+    }
+    return RoundedOrientation(row.dip, row.az, isPlane);
+}
+
+std::optional<float> ReadGridNumber(std::string_view text) {
+    LineFormat format;
+    format.wantNumber = true;
+    format.decimalIsComma = gDecimalIsComma;
+    format.convertDecimals = gConvertDecimals;
+    // The orientation is there for the sake of the parser alone.
+    std::array<std::string_view, kColumnSlots> values = {"0", "0"};
+    values[kSlotNumber] = WithoutBlanks(text);
+    const ParsedRow row = ParseValues(values, format);
+    if (row.numberStatus != NumberStatus::Good
+        || std::abs(row.number) > static_cast<double>(std::numeric_limits<float>::max())) {
+        return std::nullopt;
+    }
+    const auto number = static_cast<float>(row.number);
+    return number == kInvalidNumber ? std::nullopt : std::optional(number);
+}
+
+std::optional<PairKinds> PairOf(GridColumnKind kind) {
+    using Kind = GridColumnKind;
+    switch (kind) {
+    case Kind::Dip:
+    case Kind::Azimuth:
+        return PairKinds{Kind::Dip, Kind::Azimuth};
+    case Kind::SecondaryDip:
+    case Kind::SecondaryAzimuth:
+        return PairKinds{Kind::SecondaryDip, Kind::SecondaryAzimuth};
+    case Kind::LinePlunge:
+    case Kind::LineTrend:
+        return PairKinds{Kind::LinePlunge, Kind::LineTrend};
+    default:
+        return std::nullopt;
+    }
+}
+
+bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
+               std::string_view azimuth) {
+    const bool isPrimary = pair.dip == GridColumnKind::Dip;
+    if (!isPrimary && WithoutBlanks(dip).empty() && WithoutBlanks(azimuth).empty()) {
+        return false;
+    }
+    const bool isPlane = isPrimary ? record.PrimaryFormat == kPrimaryPlane
+                                   : pair.dip == GridColumnKind::SecondaryDip
+                                         && record.SecondaryFormat == kSecondaryPlane;
+    return !ReadGridPair(dip, azimuth, isPlane);
+}
+
+std::string DipText(std::int32_t dip, bool isMissing) {
+    return isMissing ? std::string() : std::to_string(dip);
+}
+
+std::string AzimuthText(std::int32_t azimuth, bool isMissing) {
+    return isMissing ? std::string() : FormatNumber(azimuth, "000");
+}
+
+std::string RegionalText(float number) {
+    std::string text = TextOf(TaggedValue(number));
+    if (gDecimalIsComma) {
+        std::ranges::replace(text, '.', ',');
+    }
+    return text;
+}
+
+} // namespace quandrel

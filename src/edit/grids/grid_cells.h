@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+//
+// The columns of the grid of a plot, and the texts of its cells, written and read.
+
+#pragma once
+
+#include "core/plot_record.h"
+#include "stereo/row_positions.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quandrel {
+
+enum class GridAlign { Left, Right, Centre };
+
+/// What a column of the grid shows.
+enum class GridColumnKind {
+    RowNumber,
+    Dip, ///< or plunge
+    Azimuth,
+    SecondaryDip,
+    SecondaryAzimuth,
+    LinePlunge,
+    LineTrend,
+    Number,
+    Text,
+    Edited, ///< kEditedMark in rows with edits
+};
+
+struct GridColumn {
+    GridColumnKind kind = GridColumnKind::RowNumber;
+    std::string header;
+    GridAlign align = GridAlign::Left;
+};
+
+inline constexpr std::string_view kEditedMark = "*";
+inline constexpr std::string_view kDeletedRow = "deleted"; ///< in the first data cell
+inline constexpr std::string_view kNonDataRow = "non-data";
+
+/// The heads of a plot's columns in one text: each behind a "|" but the first, with ">" in front
+/// where it is right-aligned and "^" where it is centred.
+[[nodiscard]] std::string GridFormatOf(const PlotRecord& record);
+
+/// The columns of GridFormatOf.
+[[nodiscard]] std::vector<GridColumn> GridColumnsOf(const PlotRecord& record);
+
+/// The caption of the grid of a plot.
+[[nodiscard]] std::string DataGridCaption(const PlotRecord& record);
+
+/// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, as the parser of
+/// files reads dip, dip direction or plunge, trend. Nothing when they are none.
+[[nodiscard]] std::optional<ShownOrientation> ReadGridPair(std::string_view dip,
+                                                           std::string_view azimuth, bool isPlane);
+
+/// A cell as an appended number; nothing when it is none that a column can hold.
+[[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);
+
+/// The columns of an orientation.
+struct PairKinds {
+    GridColumnKind dip;
+    GridColumnKind azimuth;
+};
+
+/// The pair that a column belongs to, or nothing.
+[[nodiscard]] std::optional<PairKinds> PairOf(GridColumnKind kind);
+
+/// True for a pair that is no orientation; all but the primary one may be empty.
+[[nodiscard]] bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
+                             std::string_view azimuth);
+
+/// True for a column of what rows hold.
+[[nodiscard]] constexpr bool IsDataKind(GridColumnKind kind) {
+    return kind != GridColumnKind::RowNumber && kind != GridColumnKind::Edited;
+}
+
+/// What cells show; a missing value is an empty text, an azimuth has three digits, a number the
+/// decimal delimiter of the region, in which it is read again.
+[[nodiscard]] std::string DipText(std::int32_t dip, bool isMissing);
+[[nodiscard]] std::string AzimuthText(std::int32_t azimuth, bool isMissing);
+[[nodiscard]] std::string RegionalText(float number);
+
+} // namespace quandrel

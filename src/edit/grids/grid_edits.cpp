@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+//
+// The edits of a grid on their way into the columns.
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "derive/secondary_data.h"
+#include "edit/grids/data_grid.h"
+#include "edit/history/edit_step.h"
+#include "edit/rows/add_point.h"
+#include "edit/rows/remove_rows.h"
+#include "edit/rows/row_change.h"
+#include "input/data_rows.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "stereo/plot_driver.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+using Kind = GridColumnKind;
+
+/// What an edit of a pair comes to.
+enum class PairEdit { None, Empty, Bad, Good };
+
+struct EditedPair {
+    PairEdit edit = PairEdit::None;
+    ShownOrientation value;
+};
+
+EditedPair ReadPair(const DataGrid& grid, std::size_t row, Kind dip, Kind azimuth, bool isPlane) {
+    if (!grid.HasEdit(row, dip) && !grid.HasEdit(row, azimuth)) {
+        return {};
+    }
+    const std::string dipText = grid.TextOfKind(row, dip);
+    const std::string azimuthText = grid.TextOfKind(row, azimuth);
+    if (WithoutBlanks(dipText).empty() && WithoutBlanks(azimuthText).empty()) {
+        return {PairEdit::Empty, {}};
+    }
+    const std::optional<ShownOrientation> value = ReadGridPair(dipText, azimuthText, isPlane);
+    return value ? EditedPair{PairEdit::Good, *value} : EditedPair{PairEdit::Bad, {}};
+}
+
+/// The edits of a row, read.
+struct RowEdit {
+    EditedPair primary;
+    EditedPair secondary;
+    EditedPair line;
+    bool hasNumber = false;
+    std::optional<float> number;
+    std::optional<std::string> text;
+
+    [[nodiscard]] bool IsSpoilt() const {
+        return primary.edit == PairEdit::Bad || primary.edit == PairEdit::Empty
+               || secondary.edit == PairEdit::Bad;
+    }
+};
+
+RowEdit ReadEdit(const DataGrid& grid, std::size_t row, const PlotRecord& record) {
+    RowEdit edit;
+    edit.primary =
+        ReadPair(grid, row, Kind::Dip, Kind::Azimuth, record.PrimaryFormat == kPrimaryPlane);
+    edit.secondary = ReadPair(grid, row, Kind::SecondaryDip, Kind::SecondaryAzimuth,
+                              record.SecondaryFormat == kSecondaryPlane);
+    edit.line = ReadPair(grid, row, Kind::LinePlunge, Kind::LineTrend, false);
+    edit.hasNumber = grid.HasEdit(row, Kind::Number);
+    if (edit.hasNumber) {
+        edit.number = ReadGridNumber(grid.TextOfKind(row, Kind::Number));
+    }
+    if (grid.HasEdit(row, Kind::Text)) {
+        edit.text = grid.TextOfKind(row, Kind::Text);
+    }
+    return edit;
+}
+
+/// The data cells of a row as a line of text.
+std::string LineOfCells(const DataGrid& grid, std::size_t row) {
+    std::string line;
+    for (std::size_t column = 1; column + 1 < grid.Columns().size(); ++column) {
+        line += (column == 1 ? "" : "\t") + grid.EditText(row, column);
+    }
+    return line;
+}
+
+bool IsUp(std::int32_t point) {
+    const std::int32_t dip = OrientationShown(gActivePlot, point).dip;
+    return dip < 0 && dip != kErrorRow;
+}
+
+/// Memory for what rows that were loaded without them may lack.
+[[nodiscard]] bool GrowColumns(const PlotRecord& record) {
+    int secondary = record.SecondaryFormat != kNoSecondary ? 1 : 0;
+    GrowDataColumns(secondary, record.NumLoadedData);
+    return secondary == 0
+           && (record.HasAppendedLine == 0 || GrowAppendedColumn(AppendedColumn::Line))
+           && (record.HasAppendedNumeric == 0 || GrowAppendedColumn(AppendedColumn::Number))
+           && (record.HasAppendedText == 0 || GrowAppendedColumn(AppendedColumn::Text));
+}
+
+void StoreAppended(const RowEdit& edit, std::int32_t point) {
+    if (edit.line.edit != PairEdit::None) {
+        const bool isGood = edit.line.edit == PairEdit::Good;
+        gAppLineDip.At(gActivePlot, point) = isGood ? edit.line.value.dip : kInvalidAppendedLine;
+        gAppLineAz.At(gActivePlot, point) = isGood ? edit.line.value.azimuth : 0;
+    }
+    if (edit.hasNumber) {
+        gAppNumeric.At(gActivePlot, point) = edit.number.value_or(kInvalidNumber);
+    }
+    if (edit.text) {
+        gAppText.Set(gActivePlot, point, *edit.text);
+    }
+}
+
+void SpoilRow(PlotRecord& record, std::int32_t point) {
+    if (gDataDip(gActivePlot, point) != kErrorRow) {
+        record.NumValidData = std::max(record.NumValidData - 1, 0);
+    }
+    gDataDip.At(gActivePlot, point) = kErrorRow;
+    gDataAz.At(gActivePlot, point) = 0;
+    gDataSymbol.At(gActivePlot, point) = 0;
+    gDataSymbolBase.At(gActivePlot, point) = 0;
+    gPointDensity.At(gActivePlot, point) = 0;
+}
+
+/// A row in the style of its sense takes that of its new one; one that was no data gets a style.
+void FollowSense(std::int32_t point, bool wasError, bool wasUp) {
+    SymbolCode& base = gDataSymbolBase.At(gActivePlot, point);
+    SymbolCode& drawn = gDataSymbol.At(gActivePlot, point);
+    const SymbolCode code = CodeOfNewRow(0, IsUp(point));
+    if (wasError) {
+        base = code;
+        drawn = code;
+        return;
+    }
+    if (base == CodeOfNewRow(0, wasUp)) {
+        drawn = drawn == base ? code : drawn;
+        base = code;
+    }
+}
+
+void StoreOrientations(const RowEdit& edit, PlotRecord& record, std::int32_t point) {
+    const bool wasError = gDataDip(gActivePlot, point) == kErrorRow;
+    const bool wasUp = IsUp(point);
+    if (edit.primary.edit == PairEdit::Good) {
+        gDataDip.At(gActivePlot, point) = edit.primary.value.dip;
+        gDataAz.At(gActivePlot, point) = edit.primary.value.azimuth;
+    }
+    if (edit.secondary.edit != PairEdit::None) {
+        const bool isGood = edit.secondary.edit == PairEdit::Good;
+        gData2Dip.At(gActivePlot, point) = isGood ? edit.secondary.value.dip : kErrorRow;
+        gData2Az.At(gActivePlot, point) = isGood ? edit.secondary.value.azimuth : kErrorRow;
+    }
+    if (gDataDip(gActivePlot, point) == kErrorRow) {
+        return;
+    }
+    if (wasError) {
+        ++record.NumValidData;
+        gErrorLines[static_cast<std::size_t>(gActivePlot)].erase(point);
+    }
+    FollowSense(point, wasError, wasUp);
+}
+
+/// What a row that was no data has never had.
+void MakeMissing(const PlotRecord& record, std::int32_t point) {
+    if (record.SecondaryFormat != kNoSecondary) {
+        gData2Dip.At(gActivePlot, point) = kErrorRow;
+        gData2Az.At(gActivePlot, point) = kErrorRow;
+    }
+    if (record.HasAppendedLine != 0) {
+        gAppLineDip.At(gActivePlot, point) = kInvalidAppendedLine;
+        gAppLineAz.At(gActivePlot, point) = 0;
+    }
+    if (record.HasAppendedNumeric != 0) {
+        gAppNumeric.At(gActivePlot, point) = kInvalidNumber;
+    }
+    if (record.HasAppendedText != 0) {
+        gAppText.Set(gActivePlot, point, "");
+    }
+}
+
+void ApplyRow(const DataGrid& grid, std::size_t row, std::int32_t point, GridEditReport& report) {
+    PlotRecord& record = ActiveRecord();
+    const RowEdit edit = ReadEdit(grid, row, record);
+    ++report.changed;
+    if (edit.IsSpoilt()) {
+        ++report.spoilt;
+        KeepErrorLine(point, LineOfCells(grid, row));
+        SpoilRow(record, point);
+        return;
+    }
+    if (gDataDip(gActivePlot, point) == kErrorRow) {
+        MakeMissing(record, point);
+    }
+    StoreOrientations(edit, record, point);
+    StoreAppended(edit, point);
+}
+
+/// Adds the new rows of a grid, with their appended values. Those without an orientation, and those
+/// that the user does not want after all, come to nothing.
+void AddNewRows(const DataGrid& grid, GridEditReport& report) {
+    for (const std::size_t row : grid.EditedRows()) {
+        if (!grid.IsNew(row)) {
+            continue;
+        }
+        const RowEdit edit = ReadEdit(grid, row, ActiveRecord());
+        if (edit.primary.edit != PairEdit::Good || edit.secondary.edit == PairEdit::Bad
+            || !MayAddRow()
+            || !StoreRowByHand({static_cast<double>(edit.primary.value.dip),
+                                static_cast<double>(edit.primary.value.azimuth)})) {
+            continue;
+        }
+        ++report.added;
+        const std::int32_t point = ActiveRecord().NumLoadedData;
+        if (point == ActiveRecord().NumData && GrowColumns(ActiveRecord())) {
+            RowEdit rest = edit;
+            rest.primary = {};
+            StoreOrientations(rest, ActiveRecord(), point);
+            StoreAppended(edit, point);
+        }
+    }
+}
+
+} // namespace
+
+std::string NoteOnGridEdits(const GridEditReport& report) {
+    if (report.spoilt == 0) {
+        return {};
+    }
+    const std::string rows = report.spoilt == 1
+                                 ? "1 edited row could not be read and holds no data now."
+                                 : std::to_string(report.spoilt)
+                                       + " edited rows could not be read and hold no data now.";
+    return rows + " Undo takes the edits back.";
+}
+
+GridEditReport ApplyGridEdits(DataGrid& grid) {
+    GridEditReport report;
+    if (gBusy || !IsOpenSlot(grid.Slot()) || !grid.HasEdits()) {
+        return report;
+    }
+    const PlotInWork work(grid.Slot());
+    std::vector<std::size_t> rows = grid.EditedRows();
+    std::erase_if(rows, [&grid](std::size_t row) { return grid.PointOfRow(row) == 0; });
+    std::vector<std::int32_t> points;
+    for (const std::size_t row : rows) {
+        points.push_back(grid.PointOfRow(row));
+    }
+    EditStep step(kAddEdit, Before<RowChange>);
+    AddNewRows(grid, report);
+    if (!points.empty() && GrowColumns(ActiveRecord())) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            ApplyRow(grid, rows[i], points[i], report);
+        }
+    }
+    if (report.changed + report.added > 0) {
+        RecountAppendedRange();
+        RebuildRowTable(gActivePlot);
+        RefreshSecondaryOverlay();
+        step.CallIt(report.changed > 0 ? kGridEdit : kAddEdit);
+        step.Finish(Redraw::Rows);
+    }
+    grid.Fill();
+    return report;
+}
+
+} // namespace quandrel

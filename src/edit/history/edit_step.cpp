@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/history/edit_step.h"
+
+#include "core/plot_store.h"
+#include "rotation/rotate_data.h"
+#include "stereo/plot_driver.h"
+
+#include <new>
+#include <utility>
+
+namespace quandrel {
+
+EditStep::EditStep(EditKind kind, std::unique_ptr<PlotChange> (*before)(int slot), EditRun run) {
+    step_.slot = gActivePlot;
+    step_.kind = kind;
+    step_.run = run;
+    step_.modifiedBefore = ActiveRecord().Modified;
+    joins_ = run == EditRun::Joins && IsWithinRun(kind);
+    try {
+        step_.selection = gMarqueeSlot == gActivePlot ? KeepSelection() : KeptSelection{};
+        step_.change = before(gActivePlot);
+        step_.hashBefore = step_.change->FingerprintOf(gActivePlot);
+    } catch (const std::bad_alloc&) {
+        step_.change.reset();
+    }
+}
+
+void EditStep::Finish(Redraw redraw) {
+    const int slot = step_.slot;
+    RecordOf(slot).Modified = kTrue;
+    Keep();
+    if (redraw != Redraw::Nothing) {
+        const PlotInWork work(slot);
+        ReplotActivePlot(redraw == Redraw::Rows);
+    }
+}
+
+void EditStep::Keep() {
+    const int slot = step_.slot;
+    if (step_.change != nullptr) {
+        try {
+            step_.change->Complete(slot);
+            step_.hashAfter = step_.change->FingerprintOf(slot);
+            KeepStep(std::move(step_), joins_);
+            return;
+        } catch (const std::bad_alloc&) {
+            // An edit that cannot be kept stays made.
+        }
+    }
+    ForgetUndo(slot);
+    ForgetRotation();
+}
+
+void EditStep::PutBack() {
+    step_.change->Complete(step_.slot);
+    step_.change->Revert(step_.slot);
+    RecordOf(step_.slot).Modified = step_.modifiedBefore;
+}
+
+} // namespace quandrel

@@ -1,0 +1,363 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/history/undo.h"
+
+#include "core/plot_store.h"
+#include "rotation/rotate_data.h"
+#include "stereo/plot_driver.h"
+
+#include <algorithm>
+#include <deque>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+std::int16_t gLastEditKind = kNoEdit;
+
+namespace {
+
+std::deque<UndoStep> gDone;   ///< the newest last
+std::deque<UndoStep> gUndone; ///< the next to be made again last
+std::size_t gUndoBound = kUndoMemory;
+
+bool IsOfRows(const UndoStep& step) {
+    return step.change->Part() == PlotPart::Rows;
+}
+
+bool IsOf(const UndoStep& step, int slot) {
+    return step.slot == slot;
+}
+
+std::size_t BytesOf(const UndoStep& step) {
+    std::size_t bytes = sizeof(UndoStep) + step.change->Bytes()
+                        + step.selection.rows.capacity() * sizeof(std::int32_t)
+                        + step.selection.lasso.capacity() * sizeof(Point);
+    if (step.rotation) {
+        for (const auto& column : step.rotation->orientations) {
+            bytes += column.capacity() * sizeof(column.front());
+        }
+        bytes += step.rotation->symbols.capacity() * sizeof(SymbolChange);
+    }
+    return bytes;
+}
+
+/// Drops the oldest steps, and after them the last that would be made again, until what is left
+/// keeps to the bound. One step always stays.
+void KeepToBound() {
+    UndoUse use = UseOfUndo();
+    while (use.bytes > gUndoBound && use.steps > 1) {
+        std::deque<UndoStep>& steps =
+            gDone.empty() || (gDone.size() == 1 && !gUndone.empty()) ? gUndone : gDone;
+        use.bytes -= steps.front().bytes;
+        --use.steps;
+        steps.pop_front();
+    }
+}
+
+/// To be called after each change of the list.
+void FollowList() {
+    KeepToBound();
+    gLastEditKind = gDone.empty() ? kNoEdit : gDone.back().kind;
+}
+
+/// The newest step whose plot is as the step wants it; nothing without any. The steps of plots that
+/// have changed in other ways are passed over.
+const UndoStep* NewestOf(const std::deque<UndoStep>& steps, std::uint64_t UndoStep::*hash) {
+    std::vector<int> passed;
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+        if (std::ranges::find(passed, step->slot) != passed.end()) {
+            continue;
+        }
+        if (IsOpenSlot(step->slot) && step->change->FingerprintOf(step->slot) == (*step).*hash) {
+            return &*step;
+        }
+        passed.push_back(step->slot);
+    }
+    return nullptr;
+}
+
+const UndoStep* StepToUndo() {
+    return NewestOf(gDone, &UndoStep::hashAfter);
+}
+
+const UndoStep* StepToRedo() {
+    return NewestOf(gUndone, &UndoStep::hashBefore);
+}
+
+void DropSteps(int slot) {
+    const auto isOfSlot = [slot](const UndoStep& step) { return IsOf(step, slot); };
+    std::erase_if(gDone, isOfSlot);
+    std::erase_if(gUndone, isOfSlot);
+}
+
+/// Drops the steps of the plots that were passed over on the way to a step, and hands that out.
+UndoStep TakeStep(std::deque<UndoStep>& steps, const UndoStep* wanted) {
+    while (&steps.back() != wanted) {
+        DropSteps(steps.back().slot);
+        wanted = &steps == &gDone ? StepToUndo() : StepToRedo(); // the same one, at another place
+    }
+    UndoStep step = std::move(steps.back());
+    steps.pop_back();
+    return step;
+}
+
+template <class Steps>
+auto NewestOfSlot(Steps& steps, int slot) {
+    return std::find_if(steps.rbegin(), steps.rend(),
+                        [slot](const UndoStep& step) { return IsOf(step, slot); });
+}
+
+/// Takes notice of what Modified of a plot has become since its last step: saved, which makes files
+/// of its other states differ from it, or changed in other ways, which all its states then are.
+void NoteModified(int slot, std::int16_t modified) {
+    const auto done = NewestOfSlot(gDone, slot);
+    const auto undone = NewestOfSlot(gUndone, slot);
+    const bool hasDone = done != gDone.rend();
+    const bool hasUndone = undone != gUndone.rend();
+    if ((!hasDone && !hasUndone)
+        || modified == (hasDone ? done->modifiedAfter : undone->modifiedBefore)) {
+        return;
+    }
+    for (std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+        for (UndoStep& step : *steps) {
+            if (IsOf(step, slot)) {
+                step.modifiedBefore = kTrue;
+                step.modifiedAfter = kTrue;
+            }
+        }
+    }
+    if (hasDone) {
+        done->modifiedAfter = modified;
+    }
+    if (hasUndone) {
+        undone->modifiedBefore = modified;
+    }
+}
+
+/// True when nothing has changed the part of a new step since the last step of that part.
+bool FollowsOn(const UndoStep& step) {
+    const auto former = std::find_if(gDone.rbegin(), gDone.rend(), [&](const UndoStep& other) {
+        return IsOf(other, step.slot) && other.change->Part() == step.change->Part();
+    });
+    return former == gDone.rend() || former->hashAfter == step.hashBefore;
+}
+
+KeptSelection SelectionOf(int slot) {
+    return gMarqueeSlot == slot ? KeepSelection() : KeptSelection{};
+}
+
+/// True for edits of what is selected.
+bool IsOfSelection(EditKind kind) {
+    return kind == kCutEdit || kind == kDeleteEdit || kind == kSymbolEdit || kind == kMoveEdit;
+}
+
+bool HasOneOf(const KeptSelection& selection, const std::vector<std::int32_t>& rows) {
+    return std::ranges::any_of(selection.rows, [&rows](std::int32_t row) {
+        return std::ranges::binary_search(rows, row);
+    });
+}
+
+/// Selects the rows that a step is about, after it has been taken back or made again.
+/// @param kept  the selection of that side of the step
+void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
+    std::vector<std::int32_t> rows = step.change->RowsConcerned();
+    const bool isOfPlot = kept.slot == step.slot;
+    const bool isWholeSelection =
+        rows.empty() ? isUndo : IsOfSelection(step.kind) && HasOneOf(kept, rows);
+    if (isOfPlot && isWholeSelection) {
+        PutSelectionBack(std::move(kept));
+    } else if (rows.empty()) {
+        ClearSelectionOf(step.slot); // its rows are no longer the same
+    } else {
+        SelectRows(step.slot, std::move(rows));
+    }
+}
+
+void TakeSelection(UndoStep& step, KeptSelection now, bool isUndo) {
+    KeptSelection kept = std::exchange(step.selection, std::move(now));
+    if (IsOfRows(step)) {
+        SelectRowsOf(step, std::move(kept), isUndo);
+    } else if (kept.slot != 0) {
+        PutSelectionBack(std::move(kept));
+    }
+}
+
+void UseLayerOf(PlotPart part) {
+    if (part == PlotPart::Marks) {
+        gActiveLayer = kAnnotationLayer;
+    } else if (part == PlotPart::Rows) {
+        gActiveLayer = kDataLayer;
+    }
+}
+
+/// The rotation before an edit of rows can be taken back while the edit is.
+void FollowRotation(UndoStep& step, bool isUndo) {
+    if (!IsOfRows(step)) {
+        return;
+    }
+    std::optional<RotationMemory> now = TakeRotation(step.slot);
+    if (!isUndo) {
+        step.rotation = std::move(now);
+    } else if (step.rotation) {
+        OfferRotation(*std::exchange(step.rotation, std::nullopt));
+    }
+}
+
+/// Takes a step back, or makes it again.
+void Carry(const UndoStep* wanted, bool isUndo) {
+    NoteModified(wanted->slot, RecordOf(wanted->slot).Modified);
+    UndoStep step = TakeStep(isUndo ? gDone : gUndone, wanted);
+    const int slot = step.slot;
+    gActivePlot = slot;
+    UseLayerOf(step.change->Part());
+    const bool isOfRows = IsOfRows(step);
+    try {
+        KeptSelection now = SelectionOf(slot);
+        isUndo ? step.change->Revert(slot) : step.change->Apply(slot);
+        TakeSelection(step, std::move(now), isUndo);
+        FollowRotation(step, isUndo);
+        step.bytes = BytesOf(step);
+        RecordOf(slot).Modified = isUndo ? step.modifiedBefore : step.modifiedAfter;
+        (isUndo ? gUndone : gDone).push_back(std::move(step));
+    } catch (const std::bad_alloc&) {
+        ForgetUndo(slot);
+        ForgetRotation();
+        return;
+    }
+    FollowList();
+    ReplotActivePlot(isOfRows);
+}
+
+/// What an edit is called in the menu.
+const char* NameOf(EditKind kind) {
+    switch (kind) {
+    case kCutEdit:
+    case kAnnotationCut:
+        return " Cut";
+    case kPasteEdit:
+        return " Paste";
+    case kAnnotationPaste:
+        return " paste";
+    case kDeleteEdit:
+    case kAnnotationDelete:
+        return " deletion";
+    case kSymbolEdit:
+    case kAnnotationSymbol:
+        return " Change";
+    case kOverlayRemoval:
+    case kAnnotationRemoval:
+        return " Removal";
+    case kGirdleEdit:
+        return " Girdle";
+    case kMoveEdit:
+    case kAnnotationMove:
+        return " Move";
+    case kAddEdit:
+    case kAnnotationAdd:
+        return " Add";
+    case kGridEdit:
+        return " Edit";
+    case kNoEdit:
+        break;
+    }
+    return "";
+}
+
+} // namespace
+
+void KeepStep(UndoStep step, bool joins) {
+    const int slot = step.slot;
+    gUndone.clear();
+    if (!FollowsOn(step)) {
+        DropSteps(slot);
+    }
+    NoteModified(slot, step.modifiedBefore);
+    RecordOf(slot).Modified = kModifiedByLastEdit;
+    if (joins && !gDone.empty() && gDone.back().change->Join(*step.change)) {
+        gDone.back().hashAfter = step.hashAfter;
+        gDone.back().bytes = BytesOf(gDone.back());
+    } else {
+        step.modifiedAfter = kModifiedByLastEdit;
+        if (IsOfRows(step)) {
+            step.rotation = TakeRotation(slot);
+        }
+        step.bytes = BytesOf(step);
+        gDone.push_back(std::move(step));
+    }
+    FollowList();
+}
+
+bool IsWithinRun(EditKind kind) {
+    const UndoStep* const last = gUndone.empty() ? StepToUndo() : nullptr;
+    return last != nullptr && last == &gDone.back() && last->kind == kind
+           && last->run != EditRun::Alone && last->slot == gActivePlot
+           && ActiveRecord().Modified == kModifiedByLastEdit
+           && last->selection.slot == SelectionOf(gActivePlot).slot
+           && last->selection.rows == SelectionOf(gActivePlot).rows;
+}
+
+void ForgetUndo() {
+    gDone.clear();
+    gUndone.clear();
+    FollowList();
+}
+
+void ForgetUndo(int slot) {
+    DropSteps(slot);
+    FollowList();
+}
+
+bool CanUndo() {
+    return StepToUndo() != nullptr;
+}
+
+void UndoLastEdit() {
+    if (const UndoStep* const step = gBusy ? nullptr : StepToUndo()) {
+        Carry(step, true);
+    }
+}
+
+bool CanRedo() {
+    return StepToRedo() != nullptr;
+}
+
+void RedoLastEdit() {
+    if (const UndoStep* const step = gBusy ? nullptr : StepToRedo()) {
+        Carry(step, false);
+    }
+}
+
+int UndoSlot() {
+    const UndoStep* const step = StepToUndo();
+    return step == nullptr ? 0 : step->slot;
+}
+
+std::string UndoCaption() {
+    const UndoStep* const step = StepToUndo();
+    return step == nullptr ? "&Undo" : std::string("&Undo") + NameOf(step->kind);
+}
+
+std::string RedoCaption() {
+    const UndoStep* const step = StepToRedo();
+    return step == nullptr ? "Redo" : std::string("Redo") + NameOf(step->kind);
+}
+
+void SetUndoMemory(std::size_t bytes) {
+    gUndoBound = bytes;
+    FollowList();
+}
+
+UndoUse UseOfUndo() {
+    UndoUse use;
+    for (const std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+        for (const UndoStep& step : *steps) {
+            use.bytes += step.bytes;
+            ++use.steps;
+        }
+    }
+    return use;
+}
+
+} // namespace quandrel

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/rows/kept_rows.h"
+
+#include "core/row_links.h"
+#include "edit/history/fingerprint.h"
+#include "input/plot_files.h"
+
+#include <algorithm>
+#include <span>
+
+namespace quandrel {
+
+namespace {
+
+/// Cells 0 to the last row in use; fewer where a column is shorter.
+template <class T>
+std::span<const T> CellsInUse(const DataColumn<T>& column, int slot) {
+    const std::span<const T> cells = column.Rows(slot);
+    const auto inUse = static_cast<std::size_t>(RecordOf(slot).NumLoadedData) + 1;
+    return cells.first(std::min(cells.size(), inUse));
+}
+
+/// The cells in use up to the last that differs from the default, which cells that were never
+/// written read as: whether a column has room for them makes no difference.
+template <class T>
+std::span<const T> CellsThatSay(const DataColumn<T>& column, int slot) {
+    std::span<const T> cells = CellsInUse(column, slot);
+    while (!cells.empty() && BitsOf(cells.back()) == 0) {
+        cells = cells.first(cells.size() - 1);
+    }
+    return cells;
+}
+
+/// The names of the files of a plot, in their order.
+std::vector<std::string> NamesOf(const PlotRecord& record) {
+    const auto first = record.FileNames.begin() + 1;
+    return {first, first + record.NumFiles};
+}
+
+/// Files of overlays that come or go take their names with them. What else has become of the names
+/// since, as by a save under another one, stays.
+void TakeOverlayFiles(PlotRecord& record, const RowSettings& settings) {
+    for (std::size_t overlay = 1; overlay < record.OverlayFiles.size(); ++overlay) {
+        const std::vector<std::string>& now = record.OverlayFiles[overlay];
+        const std::vector<std::string>& kept = settings.overlayFiles[overlay];
+        if (now == kept) {
+            continue;
+        }
+        std::ranges::for_each(now,
+                              [&record](const std::string& path) { TakeFileOut(record, path); });
+        std::ranges::for_each(kept,
+                              [&record](const std::string& path) { TakeFileIn(record, path); });
+    }
+    record.OverlayFiles = settings.overlayFiles;
+    const std::vector<std::string> names = NamesOf(record);
+    if (std::ranges::is_permutation(names, settings.fileNames)) {
+        std::ranges::copy(settings.fileNames, record.FileNames.begin() + 1);
+        record.PlotTitle = settings.plotTitle;
+    }
+}
+
+/// Gives a record what is kept of its rows' formats. The sets shown and the kind of drawing are a
+/// matter of the display, and stay as they are while the formats do.
+void TakeFormats(PlotRecord& record, const RowSettings& settings) {
+    const bool isOtherFormat = record.PrimaryFormat != settings.primaryFormat
+                               || record.SecondaryFormat != settings.secondaryFormat;
+    record.PrimaryFormat = settings.primaryFormat;
+    record.SecondaryFormat = settings.secondaryFormat;
+    record.HasAppendedLine = settings.hasAppendedLine;
+    record.HasAppendedNumeric = settings.hasAppendedNumeric;
+    record.HasAppendedText = settings.hasAppendedText;
+    record.AppNumName = settings.numberName;
+    record.AppNonNumName = settings.textName;
+    if (isOtherFormat || record.NumLoadedData == 0 || settings.numLoadedData == 0) {
+        record.ShowSecondary = settings.showSecondary;
+        record.DataKind = settings.dataKind;
+        record.PlotKind = settings.plotKind;
+    }
+}
+
+} // namespace
+
+RowSettings SettingsOfRows(const PlotRecord& record) {
+    RowSettings settings;
+    settings.numValidData = record.NumValidData;
+    settings.numData = record.NumData;
+    settings.numLoadedData = record.NumLoadedData;
+    settings.primaryFormat = record.PrimaryFormat;
+    settings.secondaryFormat = record.SecondaryFormat;
+    settings.showSecondary = record.ShowSecondary;
+    settings.dataKind = record.DataKind;
+    settings.plotKind = record.PlotKind;
+    settings.selectedOverlay = record.SelectedOverlay;
+    settings.hasAppendedLine = record.HasAppendedLine;
+    settings.hasAppendedNumeric = record.HasAppendedNumeric;
+    settings.hasAppendedText = record.HasAppendedText;
+    settings.dataFull = record.DataFull;
+    settings.mapInfoLinked = record.MapInfoLinked;
+    settings.plotTitle = record.PlotTitle;
+    settings.fileNames = NamesOf(record);
+    settings.classMode = record.ClassMode;
+    settings.numberName = record.AppNumName;
+    settings.textName = record.AppNonNumName;
+    settings.axesTitle = record.AxesTitle;
+    settings.overlayRows = record.OverlayRows;
+    settings.overlayKind = record.OverlayKind;
+    settings.overlayFiles = record.OverlayFiles;
+    settings.appendedMin = record.AppendedMin;
+    settings.appendedMax = record.AppendedMax;
+    settings.distinctValues = record.DistinctValues;
+    return settings;
+}
+
+void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings) {
+    TakeFormats(record, settings);
+    record.NumValidData = settings.numValidData;
+    record.NumData = settings.numData;
+    record.NumLoadedData = settings.numLoadedData;
+    record.SelectedOverlay = settings.selectedOverlay;
+    record.DataFull = settings.dataFull;
+    record.AxesTitle = settings.axesTitle;
+    record.OverlayRows = settings.overlayRows;
+    record.OverlayKind = settings.overlayKind;
+    TakeOverlayFiles(record, settings);
+    record.AppendedMin = settings.appendedMin;
+    record.AppendedMax = settings.appendedMax;
+    record.DistinctValues = settings.distinctValues;
+    record.RowsChanged = kTrue;
+    record.ClassifyCheckPending = kTrue;
+}
+
+KeptRows KeepRows(int slot) {
+    KeptRows kept;
+    kept.settings = SettingsOfRows(RecordOf(slot));
+    ForEachColumn([&](const auto& column, std::size_t place) {
+        const auto cells = CellsInUse(column, slot);
+        kept.cells[place].resize(cells.size());
+        std::ranges::transform(cells, kept.cells[place].begin(),
+                               [](auto cell) { return BitsOf(cell); });
+    });
+    const std::int32_t texts = std::min(gAppText.RowCount(slot), kept.settings.numLoadedData + 1);
+    kept.texts.reserve(static_cast<std::size_t>(texts));
+    for (std::int32_t row = 0; row < texts; ++row) {
+        kept.texts.emplace_back(gAppText(slot, row));
+    }
+    kept.errorLines = gErrorLines[static_cast<std::size_t>(slot)];
+    kept.links = gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
+    return kept;
+}
+
+std::uint64_t FingerprintOfRows(int slot) {
+    const PlotRecord& record = RecordOf(slot);
+    Fingerprint mix;
+    mix.AddWhole(record.NumData);
+    mix.AddWhole(record.NumLoadedData);
+    for (const std::int32_t rows : record.OverlayRows) {
+        mix.AddWhole(rows);
+    }
+    ForEachColumn([&](const auto& column, std::size_t place) {
+        if (!IsWorkedOut(place)) {
+            mix.AddCells(CellsThatSay(column, slot));
+        }
+    });
+    std::int32_t texts = std::min(gAppText.RowCount(slot), record.NumLoadedData + 1);
+    while (texts > 0 && gAppText(slot, texts - 1).empty()) {
+        --texts;
+    }
+    for (std::int32_t row = 1; row < texts; ++row) {
+        mix.Add(gAppText(slot, row));
+    }
+    return mix.Value();
+}
+
+} // namespace quandrel

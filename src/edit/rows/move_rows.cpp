@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/rows/move_rows.h"
+
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "edit/history/edit_step.h"
+#include "edit/rows/row_change.h"
+#include "edit/selection/marquee.h"
+#include "edit/selection/selected_intersections.h"
+#include "orientation/angles.h"
+#include "orientation/projection.h"
+#include "stereo/plot_driver.h"
+
+#include <cstdlib>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::int32_t kFullTurn = 360;
+constexpr std::int32_t kRightAngle = 90;
+
+std::int32_t WholeDegrees(double radians) {
+    return static_cast<std::int32_t>(RoundToEven(RadToDeg(radians)));
+}
+
+bool IsSame(ShownOrientation a, ShownOrientation b) {
+    return a.dip == b.dip && a.azimuth == b.azimuth;
+}
+
+/// A row, and what it is to become.
+struct Change {
+    std::int32_t row = 0;
+    ShownOrientation wanted;
+};
+
+/// True for rows of the main set that were measured as directions.
+bool IsDirection(const PlotRecord& record, std::int32_t row, ShownOrientation former) {
+    return row <= record.NumData && record.ShowSecondary == 0 && former.dip == 0
+           && record.PrimaryFormat <= kDirections && !IsPlottedAsPole(record, 0);
+}
+
+/// The main row behind a row of the overlay that shows the secondary data, or 0.
+std::int32_t MainRowBehind(const PlotRecord& record, std::int32_t row) {
+    const int overlay = record.SelectedOverlay;
+    if (overlay < 1 || OverlayOfRow(record, row) != overlay
+        || record.OverlayRows[static_cast<std::size_t>(overlay)] != record.NumData) {
+        return 0;
+    }
+    const std::int32_t main = row - FirstRowOfOverlay(record, overlay) + 1;
+    return gData2Dip(gActivePlot, main) != kErrorRow ? main : 0;
+}
+
+void StoreOrientation(const Change& change) {
+    const PlotRecord& record = ActiveRecord();
+    const bool isSecondary = record.ShowSecondary != 0 && change.row <= record.NumData;
+    (isSecondary ? gData2Dip : gDataDip).At(gActivePlot, change.row) = change.wanted.dip;
+    (isSecondary ? gData2Az : gDataAz).At(gActivePlot, change.row) = change.wanted.azimuth;
+    if (const std::int32_t main = MainRowBehind(record, change.row); main != 0) {
+        gData2Dip.At(gActivePlot, main) = change.wanted.dip;
+        gData2Az.At(gActivePlot, main) = change.wanted.azimuth;
+    }
+}
+
+/// What the selected rows are to become, by a rule that gets the row's index and numbers; only
+/// those that change.
+std::vector<Change>
+ChangesOfSelection(const std::function<ShownOrientation(std::int32_t, ShownOrientation)>& rule) {
+    std::vector<Change> changes;
+    for (const std::int32_t row : SelectedRowsOf(gActivePlot)) {
+        const ShownOrientation former = OrientationShown(gActivePlot, row);
+        if (row < 1 || row > ActiveRecord().NumLoadedData || former.dip == kErrorRow) {
+            continue;
+        }
+        const ShownOrientation wanted = rule(row, former);
+        if (!IsSame(wanted, former)) {
+            changes.push_back({row, wanted});
+        }
+    }
+    return changes;
+}
+
+std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
+    if (changes.empty()) {
+        return 0;
+    }
+    EditStep step(kMoveEdit, Before<RowChange>, run);
+    for (const Change& change : changes) {
+        StoreOrientation(change);
+    }
+    RebuildRowTable(gActivePlot);
+    step.Finish(Redraw::Rows);
+    return static_cast<std::int32_t>(changes.size());
+}
+
+/// A line that pointed up and has come to lie level, with the trend that it points to: what was its
+/// lower end is behind it.
+ShownOrientation SettledUpward(ShownOrientation now, bool isPlane, ShownOrientation former) {
+    if (!isPlane && former.dip < 0 && now.dip == 0) {
+        now.azimuth = (now.azimuth + kFullTurn / 2) % kFullTurn;
+    }
+    return now;
+}
+
+bool CanMove() {
+    return !gBusy && IsOpenSlot(gActivePlot) && gActivePlot == gMarqueeSlot
+           && ActiveRecord().PlotKind != kRose;
+}
+
+} // namespace
+
+std::optional<PushedLine> PushLine(int plotKind, double x, double y, double dx, double dy) {
+    const double toX = x + dx;
+    const double toY = y + dy;
+    if (toX * toX + toY * toY > kNetRadius * kNetRadius) {
+        return std::nullopt;
+    }
+    PushedLine line;
+    UnprojectPosition(plotKind, toX, toY, line.plunge, line.trend);
+    return line;
+}
+
+ShownOrientation MovedOrientation(const PushedLine& line, bool isPole, ShownOrientation former) {
+    PushedLine shown = line;
+    if (isPole) {
+        PoleOfPlane(line.plunge, line.trend, shown.plunge, shown.trend);
+    }
+    const std::int32_t dip = WholeDegrees(shown.plunge);
+    return SettledUpward({former.dip < 0 ? -dip : dip, WholeDegrees(shown.trend) % kFullTurn},
+                         isPole, former);
+}
+
+ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane, int plungeStep,
+                                   int trendStep) {
+    const std::int32_t dip = std::abs(former.dip) + plungeStep;
+    if (dip < 0 || dip > kRightAngle) {
+        return former;
+    }
+    const std::int32_t azimuth = (former.azimuth + trendStep % kFullTurn + kFullTurn) % kFullTurn;
+    return SettledUpward({former.dip < 0 ? -dip : dip, trendStep == 0 ? former.azimuth : azimuth},
+                         isPlane, former);
+}
+
+std::int32_t MoveSelection(double dx, double dy) {
+    if (!CanMove() || RefusesBetaPlot()) {
+        return 0;
+    }
+    const PlotRecord& record = ActiveRecord();
+    const auto moved = [&](std::int32_t row, ShownOrientation former) {
+        const bool isPole = IsPlottedAsPole(record, OverlayOfRow(record, row));
+        const PlottedRow at = PlottedOrientation(record.PlotKind, isPole, row, former);
+        if (IsErrorRow(at.plunge)) {
+            return former;
+        }
+        const std::optional<PushedLine> line = PushLine(record.PlotKind, at.x, at.y, dx, dy);
+        if (!line) {
+            return former;
+        }
+        ShownOrientation wanted = MovedOrientation(*line, isPole, former);
+        wanted.dip = IsDirection(record, row, former) ? former.dip : wanted.dip;
+        // Some orientations share their place on the net: one that stays there keeps its numbers.
+        const PlottedRow to = PlottedOrientation(record.PlotKind, isPole, row, wanted);
+        return to.x == at.x && to.y == at.y ? former : wanted;
+    };
+    return Carry(dx == 0 && dy == 0 ? std::vector<Change>() : ChangesOfSelection(moved),
+                 EditRun::Alone);
+}
+
+std::int32_t NudgeSelection(int plungeStep, int trendStep) {
+    if (!CanMove() || RefusesBetaPlot()) {
+        return 0;
+    }
+    const PlotRecord& record = ActiveRecord();
+    const auto nudged = [&](std::int32_t row, ShownOrientation former) {
+        const bool isPlane = IsPlottedAsPole(record, OverlayOfRow(record, row));
+        return NudgedOrientation(former, isPlane, IsDirection(record, row, former) ? 0 : plungeStep,
+                                 trendStep);
+    };
+    const std::int32_t changed = Carry(ChangesOfSelection(nudged), EditRun::Joins);
+    if (changed > 0) {
+        FitMarqueeToRows();
+    }
+    return changed;
+}
+
+} // namespace quandrel

@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: MIT
+
+#include "edit/rows/paste_rows.h"
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "derive/derived_plots.h"
+#include "edit/history/edit_step.h"
+#include "edit/marks/annotation_edits.h"
+#include "edit/rows/add_point.h"
+#include "edit/rows/clipboard_text.h"
+#include "edit/rows/pasted_format.h"
+#include "edit/rows/row_change.h"
+#include "edit/selection/marquee.h"
+#include "input/decimal_delimiter.h"
+#include "input/file_loading.h"
+#include "input/format_preview.h"
+#include "input/load_report.h"
+#include "input/text_file.h"
+#include "orientation/angles.h"
+#include "platform/platform.h"
+#include "stereo/plot_driver.h"
+#include "stereo/row_positions.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+/// What a load of foreign text is called.
+constexpr const char* kPasteCommand = "Paste";
+
+/// The format that was last accepted for foreign text.
+std::optional<FormatSettings> gPasteFormat;
+bool gPasteShowsSecondary = false;
+
+/// The format in force for the length of a block.
+class FormatInWork {
+public:
+    explicit FormatInWork(const FormatSettings& settings)
+        : former_(CurrentFormat()) {
+        RestoreFormat(settings);
+    }
+
+    ~FormatInWork() { RestoreFormat(former_); }
+
+    FormatInWork(const FormatInWork&) = delete;
+    FormatInWork& operator=(const FormatInWork&) = delete;
+
+private:
+    FormatSettings former_;
+};
+
+/// An empty plot takes the form of the text. Its titles and files stay.
+void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
+    const FormatInWork work(format.settings);
+    const std::int16_t files = record.NumFiles;
+    SetPlotFormatFromGlobals();
+    record.NumFiles = files;
+    record.NumValidData = 0;
+    record.DataKind = format.dataKind;
+    const bool isSecondary = format.showsSecondary && format.settings.secondary != kNoSecondary;
+    record.ShowSecondary = isSecondary ? kTrue : std::int16_t{0};
+    if (format.settings.primary <= kDirections) {
+        record.PlotKind = kRose;
+    }
+    ResetAppendedRange();
+}
+
+/// True for a line that should be a row and is none.
+bool IsRefused(LineStatus status) {
+    return status != LineStatus::Row && status != LineStatus::Blank && status != LineStatus::Comment
+           && status != LineStatus::ParameterLine;
+}
+
+/// Reads the rows of a text into gActivePlot.
+class RowPaste {
+public:
+    RowPaste(const PastedFormat& format, int overlay)
+        : format_(format)
+        , record_(ActiveRecord())
+        , overlay_(overlay)
+        , target_(TargetOfPaste(record_, format, overlay))
+        , lines_(LineFormatOf(format)) {}
+
+    PasteReport Run(std::string_view text) {
+        LineReader reader(text);
+        bool headingIsDue = format_.settings.hasHeadings;
+        for (std::string_view line; reader.Next(line);) {
+            ParsedRow row = ParseLine(line, lines_);
+            if (headingIsDue && (IsRefused(row.status) || row.status == LineStatus::Row)) {
+                headingIsDue = false;
+                report_.headingIsData = row.status == LineStatus::Row;
+                continue;
+            }
+            if (IsRefused(row.status)) {
+                ++report_.refused;
+            } else if (row.status == LineStatus::Row && !Take(line, row)) {
+                break;
+            }
+        }
+        return report_;
+    }
+
+private:
+    [[nodiscard]] LineFormat LineFormatOf(const PastedFormat& format) const {
+        const FormatInWork work(format.settings);
+        LineFormat lines = LineFormatFromGlobals(overlay_ > 0 && !format.isOwn);
+        if (record_.SecondaryFormat == kNoSecondary) {
+            lines.secondary = kNoSecondary;
+        }
+        lines.wantLine = format.settings.lineAppended && record_.HasAppendedLine != 0;
+        lines.wantNumber = format.settings.numericAppended && record_.HasAppendedNumeric != 0;
+        lines.wantText = format.settings.nonNumericAppended && record_.HasAppendedText != 0;
+        if (format.isOwn) {
+            lines.secondaryMayBeMissing = true;
+            lines.decimalIsComma = false;
+        }
+        lines.neededColumns = HighestColumnNeeded(lines) + 1;
+        return lines;
+    }
+
+    /// Stores a row. False when the paste ends with it.
+    [[nodiscard]] bool Take(std::string_view line, ParsedRow& row) {
+        if (row.numberStatus == NumberStatus::WrongDelimiter && !asked_
+            && !AnswerDelimiter(line, row)) {
+            report_.aborted = true;
+            return false;
+        }
+        RowFaults faults;
+        const std::int32_t index = record_.NumLoadedData + 1;
+        if (!StoreDataRow(row, index, target_, faults)) {
+            report_.outOfMemory = true;
+            return false;
+        }
+        ++report_.pasted;
+        if (!format_.isOwn) {
+            CountUpwardLine(row, lines_, overlay_, report_.upward);
+        }
+        record_.NumLoadedData = index;
+        if (overlay_ > 0) {
+            ++record_.OverlayRows[static_cast<std::size_t>(overlay_)];
+        } else {
+            ++record_.NumData;
+            ++record_.NumValidData;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool AnswerDelimiter(std::string_view line, ParsedRow& row) {
+        asked_ = true;
+        const LineAnswer answer = ReportWrongDelimiter(line);
+        if (answer == LineAnswer::Retry) {
+            gConvertDecimals = true;
+            lines_.convertDecimals = true;
+            row = ParseLine(line, lines_);
+        }
+        return answer != LineAnswer::Leave;
+    }
+
+    const PastedFormat& format_;
+    PlotRecord& record_;
+    int overlay_;
+    RowTarget target_;
+    LineFormat lines_;
+    bool asked_ = false;
+    PasteReport report_;
+};
+
+/// Tells when the texts of the last rows have the other decimal delimiter.
+void WarnOfDecimalMismatch(std::int32_t pasted) {
+    const std::int32_t last = ActiveRecord().NumLoadedData;
+    std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(pasted));
+    for (std::int32_t row = last - pasted + 1; row <= last; ++row) {
+        texts.emplace_back(gAppText(gActivePlot, row));
+    }
+    if (DetectDecimalMismatch(texts, gDecimalIsComma) != 0) {
+        Tell(std::string("Apparent decimal values entered into your Appended data do not appear to "
+                         "use ")
+             + (gDecimalIsComma ? "comma " : "period ")
+             + "decimal delimiters as indicated in your Windows regional settings.\nThese may give "
+               "unexpected results if used as numeric values in certain types of plots!\n"
+               "[Use the Preferences dialog to set automatic conversion of such data]");
+    }
+}
+
+/// The first lines of a text as they stand.
+std::string HeadOfText(const std::string& text) {
+    LineReader reader(text);
+    std::string_view line;
+    for (std::size_t lines = 0; lines < kPreviewLines && reader.Next(line);) {
+        ++lines;
+    }
+    return text.substr(0, reader.Position());
+}
+
+/// Shows the data format dialog with the text in its preview. Whether the first row is a heading is
+/// as the text looks, whatever an earlier text had.
+[[nodiscard]] std::optional<FormatAnswer> AskPasteFormat(const std::string& text,
+                                                         const ParameterItems& items) {
+    FormatQuestion question;
+    question.command = kPasteCommand;
+    question.text = HeadOfText(text);
+    question.plotKindFromFile = items.T.value_or(0);
+    question.columnHeadings =
+        SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
+    return gPlatform.prompts->AskFormat(question);
+}
+
+/// The format of a text, asked for where the text does not tell it and none was accepted before.
+/// Nothing when the user cancels.
+std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind kind) {
+    ParameterItems items = ReadParameterLines(text);
+    items.isOwnText = kind != ClipboardKind::Foreign;
+    if (kind == ClipboardKind::OwnRows
+        || (kind == ClipboardKind::Companion && TellsItsFormat(items))) {
+        return FormatOfPastedText(CurrentFormat(), items, true);
+    }
+    bool hasHeadings = false;
+    if (!gPasteFormat) {
+        const OwnWordOnUpwardLines own(items);
+        const bool headingsOfFiles = gFileHasHeadings;
+        RestoreFormat(WithFormatItems(CurrentFormat(), items));
+        const std::optional<FormatAnswer> answer = AskPasteFormat(text, items);
+        if (!answer) {
+            return std::nullopt;
+        }
+        gFileHasHeadings = headingsOfFiles;
+        hasHeadings = answer->columnHeadings;
+        gPasteShowsSecondary = answer->plotSecondary;
+        gPasteFormat = CurrentFormat();
+    } else {
+        const FormatInWork work(*gPasteFormat);
+        hasHeadings =
+            SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
+    }
+    PastedFormat format = FormatOfPastedText(*gPasteFormat, {}, false);
+    format.settings.hasHeadings = hasHeadings;
+    format.showsSecondary = gPasteShowsSecondary && gPasteFormat->secondary != kNoSecondary;
+    return format;
+}
+
+/// What is done once rows stand in the plot.
+void SettlePastedRows(PlotRecord& record) {
+    if (!record.AxesTitle.empty()) {
+        TakeAxesAsLines(record);
+    }
+    record.RowsChanged = kTrue;
+    record.ClassifyCheckPending = kTrue;
+}
+
+/// Pastes rows of a known format. Gives up, and leaves the plot as it was, when none is read.
+PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
+    PlotRecord& record = ActiveRecord();
+    EditStep step(kPasteEdit, Before<RowChange>);
+    if (!step.IsKept()) {
+        throw std::bad_alloc(); // a paste that fails half way has to be put back
+    }
+    if (record.NumLoadedData == 0) {
+        TakeFormatOfText(record, format);
+    }
+    int overlay = 0;
+    if (GoesIntoOverlay(record, format)) {
+        const std::optional<int> taker = OverlayForAddedRows(record);
+        if (!taker) {
+            return {};
+        }
+        overlay = *taker;
+        record.SelectedOverlay = 0;
+    }
+    const BusyPointer busy(*gPlatform.status);
+    gBusy = true;
+    PasteReport report;
+    try {
+        report = RowPaste(format, overlay).Run(text);
+    } catch (const std::exception&) {
+        report.outOfMemory = true;
+    }
+    gBusy = false;
+    if (report.pasted == 0) {
+        step.PutBack();
+        return report;
+    }
+    SettlePastedRows(record);
+    step.Finish(Redraw::Rows);
+    return report;
+}
+
+void PasteRowText(const std::string& text, ClipboardKind kind) {
+    const FormatSettings former = CurrentFormat();
+    const std::optional<PastedFormat> format = FindFormat(text, kind);
+    if (!format) {
+        RestoreFormat(former);
+        return;
+    }
+    const std::optional<std::string> question = QuestionBeforePaste(ActiveRecord(), *format);
+    if (question && !AskYes(*question)) {
+        return;
+    }
+    const PasteReport report = PasteRows(text, *format);
+    if (report.pasted == 0 && !format->isOwn) {
+        ForgetPasteFormat();
+    }
+    if (const std::string note = NoteOnPaste(report); !note.empty()) {
+        Tell(note);
+    }
+    if (report.pasted > 0 && ActiveRecord().HasAppendedText != 0) {
+        WarnOfDecimalMismatch(report.pasted);
+    }
+}
+
+} // namespace
+
+std::string NoteOnPaste(const PasteReport& report) {
+    std::string note;
+    if (report.refused > 0) {
+        note = Counted(report.refused, "line")
+               + (report.refused == 1 ? " of the text is no data and was not pasted."
+                                      : " of the text are no data and were not pasted.");
+    }
+    if (report.headingIsData) {
+        note += std::string(note.empty() ? "" : "\n")
+                + "The first line was left out as column headings, but reads as data.";
+    }
+    if (report.outOfMemory) {
+        note += std::string(note.empty() ? "" : "\n") + "There is no memory for more than "
+                + Counted(report.pasted, "row") + " of the text.";
+    }
+    if (const std::string upward = UpwardLinesText(report.upward); !upward.empty()) {
+        note += (note.empty() ? "" : "\n") + upward;
+    }
+    return note;
+}
+
+void PasteData() {
+    if (gBusy || !IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    const std::string text = gPlatform.clipboard->Text().value_or("");
+    const ClipboardKind kind = KindOfClipboardText(text);
+    if (kind == ClipboardKind::Empty) {
+        return;
+    }
+    if (kind != ClipboardKind::Marks) {
+        try {
+            PasteRowText(text, kind);
+        } catch (const std::bad_alloc&) {
+            Tell("There is not enough memory to paste these data.");
+        }
+        return;
+    }
+    if (ActiveRecord().PlotKind == kRose) {
+        Tell("The data on the clipboard is annotation data, and a rose has no annotations.");
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer
+        || AskYes("The data on the clipboard is annotation data. Plot it in the annotation "
+                  "layer?")) {
+        UseLayer(kAnnotationLayer);
+        PasteAnnotationText(text);
+    }
+}
+
+void ForgetPasteFormat() {
+    gPasteFormat.reset();
+}
+
+} // namespace quandrel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+//
+// An edit of the rows of a plot as differences: the cells, texts and error lines that it changed,
+// and the rows that it took out or put in with all that they hold. With them goes what the record
+// says of the rows, and what followers of the rows knew of these (core/row_links.h).
+//
+// Rows are paired before they are compared: rows that stay need not keep their numbers.
+
+#pragma once
+
+#include "edit/history/plot_change.h"
+#include "edit/rows/kept_rows.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// Which rows of two states of a plot have no partner in the other. All others are partners in
+/// their order.
+struct RowPairing {
+    std::vector<std::int32_t> removed; ///< ascending, of the rows before
+    std::vector<std::int32_t> added;   ///< ascending, of the rows after
+};
+
+/// Pairs the rows 1 to `before` of a state with the rows 1 to `after` of another: one by one where
+/// these are as many, without the ones that have gone, or come, where those that stay are the same;
+/// else as if the last ones had gone or come. O(rows), with as many comparisons.
+///
+/// @param isSame  whether a row before and a row after hold the same
+[[nodiscard]] RowPairing
+PairRows(std::int32_t before, std::int32_t after,
+         const std::function<bool(std::int32_t before, std::int32_t after)>& isSame);
+
+class RowChange final : public PlotChange {
+public:
+    /// Keeps the rows of a plot before the edit. Throws std::bad_alloc. O(rows).
+    explicit RowChange(int slot);
+
+    [[nodiscard]] PlotPart Part() const override { return PlotPart::Rows; }
+
+    /// Keeps what the edit has changed alone. O(rows).
+    void Complete(int slot) override;
+
+    void Revert(int slot) override { Exchange(slot); }
+
+    void Apply(int slot) override { Exchange(slot); }
+
+    /// False for an edit that took rows out or put some in.
+    [[nodiscard]] bool Join(PlotChange& next) override;
+
+    [[nodiscard]] std::vector<std::int32_t> RowsConcerned() const override;
+
+    [[nodiscard]] std::uint64_t FingerprintOf(int slot) const override {
+        return FingerprintOfRows(slot);
+    }
+
+    [[nodiscard]] std::size_t Bytes() const override;
+
+private:
+    struct Cell {
+        std::int32_t row = 0; ///< by the numbers after the edit, as in all lists of changes
+        std::uint32_t bits = 0;
+    };
+
+    struct Text {
+        std::int32_t row = 0;
+        std::string text;
+    };
+
+    struct ErrorLine {
+        std::int32_t row = 0;
+        std::optional<std::string> line;
+    };
+
+    /// Rows that are there on one side of the edit alone; what they hold, while they are not there.
+    struct Block {
+        std::vector<std::int32_t> rows;
+        std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< empty for unused columns
+        std::vector<std::string> texts;                            ///< empty for an unused column
+        std::vector<ErrorLine> errorLines;
+
+        [[nodiscard]] bool MovesRows() const { return !rows.empty(); }
+    };
+
+    void CompareRows(int slot, const KeptRows& before, const RowPairing& pairing);
+    void CompareRow(int slot, std::int32_t row, const KeptRows& before, std::int32_t formerRow);
+    void Exchange(int slot);
+    void ExchangeCells(int slot, bool isOtherDisplay);
+    void PutLinksBack(int slot) const;
+    void FollowBack(std::vector<std::int32_t>& rows) const;
+
+    [[nodiscard]] bool MovesRows() const { return removed_.MovesRows() || added_.MovesRows(); }
+
+    static void FillBlock(Block& block, const KeptRows& before);
+    static void TakeOut(int slot, Block& block, std::int32_t& count);
+    static void PutIn(int slot, Block& block, std::int32_t& count, bool isOtherDisplay);
+    static std::size_t BytesOf(const Block& block);
+
+    std::unique_ptr<KeptRows> before_; ///< until the edit is complete
+    RowSettings settings_;             ///< of the other side, as all that follows
+    std::shared_ptr<const void> links_;
+    std::array<std::vector<Cell>, kRowColumns> cells_;
+    std::vector<Text> texts_;
+    std::vector<ErrorLine> errorLines_;
+    Block removed_;
+    Block added_;
+    bool breaksLink_ = false; ///< the edit ended the link of the plot to a table
+    bool isReverted_ = false;
+};
+
+} // namespace quandrel
