@@ -169,8 +169,8 @@ TEST(ReadNumber, RefusesWhatIsNoNumber) {
                              "12%",
                              "45SW",
                              "1'000",
-                             "\xef\xbb\xbf"
-                             "1",
+                             ("\xef\xbb\xbf"
+                              "1"),
                              "\xd9\xa3"}) {
         EXPECT_FALSE(ReadNumber(text)) << text;
     }
@@ -205,7 +205,7 @@ TEST(ReadNumber, GivesTheNearestDouble) {
     std::uniform_int_distribution<int> digitCounts(1, 22);
     std::uniform_int_distribution<int> digits('0', '9');
     for (int i = 0; i < 20000; ++i) {
-        const std::size_t count = static_cast<std::size_t>(digitCounts(random));
+        const auto count = static_cast<std::size_t>(digitCounts(random));
         std::string text;
         for (std::size_t k = 0; k < count; ++k) {
             text += static_cast<char>(digits(random));
