@@ -3,6 +3,7 @@
 // The controls of classes, where they stand and whom they tell.
 
 #include "shell/classes/class_boxes.h"
+#include "shell/controls/control_kit.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,24 +25,6 @@ constexpr int kLongestLimit = 30;
 constexpr int kLongestName = 254;
 
 enum LineColumn { kPatchColumn, kLowerColumn, kDashColumn, kUpperColumn, kRestColumn };
-
-QString Numbered(const char* name, int index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
-QLabel* MakeLabel(const char* name, const QString& text = {}) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QCheckBox* MakeCheck(const QString& name, const QString& caption, const QString& tip) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(name);
-    box->setToolTip(tip);
-    return box;
-}
 
 QComboBox* MakeNumberList(int index, int most) {
     auto* list = new QComboBox;
@@ -95,9 +78,9 @@ ClassBoxes::ClassBoxes(StyleKind patches, QWidget* parent)
                                "The types are numbers: classes are ranges of them"))
     , chkCaseSensitive(MakeCheck("chkCaseSensitive", "Case sensiti&ve",
                                  "Names that differ in capitals alone are different types"))
-    , lblRanges(MakeLabel("lblRanges"))
-    , lblTypes(MakeLabel("lblTypes"))
-    , lblClassNote(MakeLabel("lblClassNote"))
+    , lblRanges(MakeLabel({}, "lblRanges"))
+    , lblTypes(MakeLabel({}, "lblTypes"))
+    , lblClassNote(MakeLabel({}, "lblClassNote"))
     , patches_(patches) {
     cboNumClasses = {MakeNumberList(0, kMostRanges), MakeNumberList(1, kMostNames)};
     pages_ = {MakeNumbersPage(), MakeTypesPage()};
@@ -225,27 +208,24 @@ void ClassBoxes::MakeOthers(QGridLayout& lines) {
 }
 
 void ClassBoxes::SetOrder() {
-    QWidget* last = chkCaseSensitive;
-    const auto follow = [&last](QWidget* next) {
-        setTabOrder(last, next);
-        last = next;
-    };
+    TabOrder order;
+    order.Then(chkCaseSensitive);
     for (int line = 0; line < kClassLines; ++line) {
-        follow(picPlotBox[static_cast<std::size_t>(line)]);
+        order.Then(picPlotBox[static_cast<std::size_t>(line)]);
         if (line == 0) {
             for (const std::size_t box : {kLowNumbers, kLowTextNumbers, kOtherNames}) {
-                follow(chkShowOthers[box]);
+                order.Then(chkShowOthers[box]);
             }
             continue;
         }
-        follow(txtType[static_cast<std::size_t>(line - 1)]);
+        order.Then(txtType[static_cast<std::size_t>(line - 1)]);
         for (int box = 2 * line - 2; box < 2 * line && box < kLimitBoxes; ++box) {
-            follow(txtRange[static_cast<std::size_t>(box)]);
-            follow(txtTypeRange[static_cast<std::size_t>(box)]);
+            order.Then(txtRange[static_cast<std::size_t>(box)]);
+            order.Then(txtTypeRange[static_cast<std::size_t>(box)]);
         }
     }
-    follow(chkShowOthers[kHighNumbers]);
-    follow(chkShowOthers[kHighTextNumbers]);
+    order.Then(chkShowOthers[kHighNumbers]);
+    order.Then(chkShowOthers[kHighTextNumbers]);
 }
 
 void ClassBoxes::ConnectProcedures() {

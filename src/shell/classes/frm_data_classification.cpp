@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "shell/classes/class_boxes.h"
+#include "shell/controls/control_kit.h"
 #include "shell/controls/plain_tip.h"
 
 #include <QButtonGroup>
@@ -34,12 +35,7 @@ constexpr const char* kNoBackground = "The minimum possible background value is 
 constexpr std::array<const char*, 3> kKindCaptions = {"&None", "by numeri&c value",
                                                       "by alphanumeric &type"};
 
-struct OptionText {
-    const char* caption;
-    const char* tip;
-};
-
-constexpr std::array<OptionText, 5> kPlotTypes = {{
+constexpr std::array<ControlText, 5> kPlotTypes = {{
     {"Classified &data points", "Each row has the symbol of its class"},
     {"&Gridded values", "The nodes of the density grid have the symbols of their values"},
     {"C&ontoured gridded values", "The values of the grid are contoured"},
@@ -47,14 +43,10 @@ constexpr std::array<OptionText, 5> kPlotTypes = {{
     {"Contours with data po&ints", "Contours, and each row in the symbol of its class"},
 }};
 
-constexpr std::array<OptionText, 2> kGridValues = {{
+constexpr std::array<ControlText, 2> kGridValues = {{
     {"Cumu&lative", "A node has the sum of the values about it"},
     {"M&ean", "A node has the mean of the values about it"},
 }};
-
-QString Numbered(const char* name, std::size_t index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
 
 QString FigureText(std::optional<double> figure) {
     return figure ? QString::fromStdString(ShownNumber(*figure)) : QString(kNoFigure);

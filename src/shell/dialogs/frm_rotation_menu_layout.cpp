@@ -2,6 +2,7 @@
 //
 // The controls of the rotation dialog and where they stand.
 
+#include "shell/controls/control_kit.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 
 #include <QButtonGroup>
@@ -41,17 +42,10 @@ constexpr std::array<const char*, 4> kBoxTips = {
     "Enter the pitch of the line in the plane, 0 to 90 degrees",
 };
 
-QString Numbered(const char* name, std::size_t index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
 /// A frame keeps its room when it is not shown, so that the dialog keeps its size.
 QGroupBox* MakeFrame(const QString& name) {
-    auto* frame = new QGroupBox;
-    frame->setObjectName(name);
-    QSizePolicy policy = frame->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    frame->setSizePolicy(policy);
+    auto* frame = MakeGroup(name);
+    KeepRoomWhenHidden(*frame);
     return frame;
 }
 
@@ -197,22 +191,12 @@ QWidget* frmRotationMenu::MakeButtons() {
 }
 
 void frmRotationMenu::SetOrder() {
-    QWidget* former = optRotate[0];
-    const auto follow = [&former](QWidget* next) {
-        setTabOrder(former, next);
-        former = next;
-    };
-    for (std::size_t i = 1; i < optRotate.size(); ++i) {
-        follow(optRotate[i]);
-    }
-    follow(chkUnfoldOption);
-    for (QLineEdit* box : txtRotAngle) {
-        follow(box);
-    }
-    follow(txtRotAngleSense);
-    for (QPushButton* button : cmdRotGo) {
-        follow(button);
-    }
+    TabOrder()
+        .Then(optRotate)
+        .Then(chkUnfoldOption)
+        .Then(txtRotAngle)
+        .Then(txtRotAngleSense)
+        .Then(cmdRotGo);
 }
 
 void frmRotationMenu::Connect() {

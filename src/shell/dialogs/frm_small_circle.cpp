@@ -8,6 +8,7 @@
 #include "edit/marks/small_circle_pick.h"
 #include "platform/platform.h"
 #include "shell/controls/bad_text.h"
+#include "shell/controls/control_kit.h"
 #include "shell/styles/line_patch.h"
 #include "shell/styles/style_patch.h"
 #include "stereo/colour_names.h"
@@ -43,10 +44,6 @@ constexpr std::array<const char*, kTextsOfCircle> kNames = {
     "plunge of the axis", "azimuth of the axis", "angle about the axis"};
 constexpr std::array<const char*, kCircleLineStyles> kStyleNames = {
     "Solid", "Dashes", "Dots", "Dashes and dots", "Dashes and two dots"};
-
-QString Numbered(const char* name, int index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
 
 std::size_t Place(int number) {
     return static_cast<std::size_t>(number) - 1;
@@ -177,28 +174,15 @@ QGroupBox* frmSmallCircle::MakeLine() {
 }
 
 void frmSmallCircle::SetOrder() {
-    QWidget* former = nullptr;
-    const auto follow = [&former](QWidget* next) {
-        if (former != nullptr) {
-            setTabOrder(former, next);
-        }
-        former = next;
-    };
+    TabOrder order;
     for (int set = 1; set <= kUserCircles; ++set) {
-        follow(chkSmallCircle[Place(set)]);
+        order.Then(chkSmallCircle[Place(set)]);
         for (int part = 0; part < kTextsOfCircle; ++part) {
-            follow(txtSmallCircle[static_cast<std::size_t>((set - 1) * kTextsOfCircle + part)]);
+            order.Then(txtSmallCircle[static_cast<std::size_t>((set - 1) * kTextsOfCircle + part)]);
         }
-        follow(picSmallCircle[Place(set)]);
+        order.Then(picSmallCircle[Place(set)]);
     }
-    for (StylePatch* patch : picColour) {
-        follow(patch);
-    }
-    for (LinePatch* patch : picLineStyle) {
-        follow(patch);
-    }
-    follow(sldLineWidth);
-    follow(cmdClose);
+    order.Then(picColour).Then(picLineStyle).Then(sldLineWidth).Then(cmdClose);
 }
 
 void frmSmallCircle::Connect() {

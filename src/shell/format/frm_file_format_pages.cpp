@@ -2,6 +2,7 @@
 //
 // The controls of the data format dialog and where they stand.
 
+#include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
 #include "shell/controls/text_boxes.h"
 #include "shell/format/format_grid.h"
@@ -34,18 +35,13 @@ constexpr int kSymbolBoxSize = 40;
 constexpr int kArrowRoom = 26;     ///< of a list, and of its frame
 constexpr int kNameArrowRoom = 30; ///< of a list that is typed into
 
-struct OptionText {
-    const char* caption;
-    const char* tip;
-};
-
-constexpr OptionText kPrimaryOptions[] = {
+constexpr ControlText kPrimaryOptions[] = {
     {"Directions", "A line of the file holds an azimuth alone"},
     {"Plane", "A line of the file holds a dip and a dip direction or strike"},
     {"Line", "A line of the file holds a plunge and a trend"},
 };
 
-constexpr OptionText kSecondaryOptions[] = {
+constexpr ControlText kSecondaryOptions[] = {
     {"None", "The lines of the file hold one orientation"},
     {"Line", "A second pair of columns holds plunge and trend of a line"},
     {"Plane", "A second pair of columns holds a plane"},
@@ -58,13 +54,13 @@ constexpr OptionText kSecondaryOptions[] = {
      "through a full turn"},
 };
 
-constexpr OptionText kAppendedOptions[] = {
+constexpr ControlText kAppendedOptions[] = {
     {"Line (fold axis, sample line, etc", "Two further columns hold a line that goes with the row"},
     {"Numeric value", "A further column holds a number that goes with the row"},
     {"Alphanumeric", "A further column holds a text that goes with the row"},
 };
 
-constexpr OptionText kPlaneOptions[] = {
+constexpr ControlText kPlaneOptions[] = {
     {"Dip,Dip Dir'n", "45  120"},
     {"Dip Dir'n,Dip", "120  45"},
     {"Strike,Dip,Sense", "030  45  SE, or 030  45SE"},
@@ -73,17 +69,17 @@ constexpr OptionText kPlaneOptions[] = {
     {"Strike,Dip (RH rule)", "030  45: the plane dips to the right of the strike"},
 };
 
-constexpr OptionText kLineOptions[] = {
+constexpr ControlText kLineOptions[] = {
     {"Plunge, Trend", "20  145"},
     {"Trend, Plunge", "145  20"},
 };
 
-constexpr OptionText kNotationOptions[] = {
+constexpr ControlText kNotationOptions[] = {
     {"Quadrant notation", "S35E"},
     {"Azimuth notation", "145"},
 };
 
-constexpr OptionText kNegativePlungeOptions[] = {
+constexpr ControlText kNegativePlungeOptions[] = {
     {"the line's lower end",
      "-30  120 lies in the line 30  120 and points the other way, up toward "
      "300"},
@@ -91,17 +87,14 @@ constexpr OptionText kNegativePlungeOptions[] = {
                              "It is stored as -30  300, by its lower end"},
 };
 
-constexpr OptionText kKinds[] = {
+constexpr ControlText kKinds[] = {
     {"&Planes", "Planes are plotted by their poles, with great circles"},
     {"&Lines", "Lines are plotted where they pierce the lower hemisphere, upward or not"},
     {"P&olar Lines", "Lines keep their sense: upward ones have a symbol of their own"},
 };
 
-QString Numbered(const char* name, int index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
-QRadioButton* MakeOption(const char* name, int index, const OptionText& text, QButtonGroup* group) {
+QRadioButton* MakeOption(const char* name, int index, const ControlText& text,
+                         QButtonGroup* group) {
     auto* option = new QRadioButton(text.caption);
     option->setObjectName(Numbered(name, index));
     option->setToolTip(text.tip);
@@ -114,19 +107,6 @@ QComboBox* MakeList(const char* name, int index, const QString& accessibleName) 
     list->setObjectName(Numbered(name, index));
     list->setAccessibleName(accessibleName);
     return list;
-}
-
-QLabel* MakeLabel(const QString& name, const QString& text = {}) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QGroupBox* MakeBox(const char* name, const QString& title) {
-    auto* box = new QGroupBox(title);
-    box->setObjectName(name);
-    return box;
 }
 
 /// Shows the heading of a column behind its number, in the list alone: the box has no room for it.
@@ -149,12 +129,6 @@ void AddName(QComboBox& list, const char* name) {
     list.addItem(name);
     const int width = list.fontMetrics().horizontalAdvance(name) + kNameArrowRoom;
     list.setMinimumWidth(std::max(list.minimumWidth(), width));
-}
-
-void KeepRoomWhenHidden(QWidget& control) {
-    QSizePolicy policy = control.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control.setSizePolicy(policy);
 }
 
 } // namespace
@@ -187,7 +161,7 @@ void frmFileFormat::MakePages() {
 void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
     auto* grid = box->findChild<QGridLayout*>("layColumns");
     const auto index = static_cast<std::size_t>(slot);
-    lblColumns[index] = MakeLabel(Numbered("lblColumns", slot));
+    lblColumns[index] = MakeLabel({}, Numbered("lblColumns", slot));
     lblColumns[index]->setMargin(3);
     lblColumns[index]->setAlignment(Qt::AlignCenter);
     cboColumns[index] = MakeList("cboColumns", slot, {});
@@ -237,7 +211,7 @@ QWidget* frmFileFormat::MakeColumnsPage() {
 }
 
 QGroupBox* frmFileFormat::MakePrimaryBox() {
-    auto* box = MakeBox("fraPrimary", "Pr&imary data");
+    auto* box = MakeGroup("fraPrimary", "Pr&imary data");
     auto* layout = new QVBoxLayout(box);
     auto* group = new QButtonGroup(box);
     for (int code = kDirections; code <= kPrimaryLine; ++code) {
@@ -256,7 +230,7 @@ QGroupBox* frmFileFormat::MakePrimaryBox() {
 }
 
 QGroupBox* frmFileFormat::MakeSecondaryBox() {
-    auto* box = MakeBox("fraSecondary", "&Secondary data");
+    auto* box = MakeGroup("fraSecondary", "&Secondary data");
     auto* layout = new QVBoxLayout(box);
     auto* group = new QButtonGroup(box);
     for (std::size_t i = 0; i < optSecondary.size(); ++i) {
@@ -265,7 +239,7 @@ QGroupBox* frmFileFormat::MakeSecondaryBox() {
         layout->addWidget(optSecondary[i]);
     }
     layout->addStretch(1);
-    lblOtherData[0] = MakeLabel("lblOtherData_0", "No Secondary data");
+    lblOtherData[0] = MakeLabel("No Secondary data", "lblOtherData_0");
     KeepRoomWhenHidden(*lblOtherData[0]);
     layout->addWidget(lblOtherData[0]);
     auto* grid = new QGridLayout;
@@ -278,7 +252,7 @@ QGroupBox* frmFileFormat::MakeSecondaryBox() {
 }
 
 QGroupBox* frmFileFormat::MakeAppendedBox() {
-    auto* box = MakeBox("fraAppended", "&Appended data");
+    auto* box = MakeGroup("fraAppended", "&Appended data");
     auto* layout = new QVBoxLayout(box);
     for (std::size_t i = 0; i < chkAppended.size(); ++i) {
         chkAppended[i] = new QCheckBox(kAppendedOptions[i].caption);
@@ -313,7 +287,7 @@ QGroupBox* frmFileFormat::MakeAppendedBox() {
     layout->addLayout(names);
     layout->addWidget(chkFreqIsAppended);
     layout->addStretch(1);
-    lblOtherData[1] = MakeLabel("lblOtherData_1", "No Appended data");
+    lblOtherData[1] = MakeLabel("No Appended data", "lblOtherData_1");
     KeepRoomWhenHidden(*lblOtherData[1]);
     layout->addWidget(lblOtherData[1]);
     auto* grid = new QGridLayout;
@@ -326,13 +300,13 @@ QGroupBox* frmFileFormat::MakeAppendedBox() {
 }
 
 QGroupBox* frmFileFormat::MakePlaneConventionBox() {
-    auto* box = MakeBox("fraPlaneConv", "Pla&nes are written as");
+    auto* box = MakeGroup("fraPlaneConv", "Pla&nes are written as");
     auto* layout = new QGridLayout(box);
     auto* group = new QButtonGroup(box);
     for (int code = kDipDipDirection; code <= kStrikeDipRightHand; ++code) {
         auto* option = MakeOption("optPlaneConv", code, kPlaneOptions[code - 1], group);
         optPlaneConv[static_cast<std::size_t>(code)] = option;
-        auto* sample = MakeLabel(Numbered("lblPlaneSample", code), kPlaneOptions[code - 1].tip);
+        auto* sample = MakeLabel(kPlaneOptions[code - 1].tip, Numbered("lblPlaneSample", code));
         lblPlaneSample[static_cast<std::size_t>(code)] = sample;
         layout->addWidget(option, code - 1, 0);
         layout->addWidget(sample, code - 1, 1);
@@ -342,7 +316,7 @@ QGroupBox* frmFileFormat::MakePlaneConventionBox() {
 }
 
 QGroupBox* frmFileFormat::MakeSeparatorBox() {
-    auto* box = MakeBox("fraSeparator", "Separators (Output only)");
+    auto* box = MakeGroup("fraSeparator", "Separators (Output only)");
     auto* layout = new QGridLayout(box);
     constexpr const char* kNames[] = {"Pl&anes", "L&ines"};
     for (int i = 0; i < 2; ++i) {
@@ -351,7 +325,7 @@ QGroupBox* frmFileFormat::MakeSeparatorBox() {
             list->addItem(separator);
         }
         list->setToolTip("Stands between the two values wherever the program writes them");
-        auto* label = MakeLabel(Numbered("lblSeparator", i), kNames[i]);
+        auto* label = MakeLabel(kNames[i], Numbered("lblSeparator", i));
         label->setBuddy(list);
         layout->addWidget(label, 0, 2 * i);
         layout->addWidget(list, 0, 2 * i + 1);
@@ -362,7 +336,7 @@ QGroupBox* frmFileFormat::MakeSeparatorBox() {
 }
 
 QGroupBox* frmFileFormat::MakeNegativePlungeBox() {
-    auto* box = MakeBox("fraNegativePlunge", "A negative plunge: the trend names");
+    auto* box = MakeGroup("fraNegativePlunge", "A negative plunge: the trend names");
     auto* layout = new QHBoxLayout(box);
     auto* group = new QButtonGroup(box);
     for (const int meaning : {0, 1}) {
@@ -375,7 +349,7 @@ QGroupBox* frmFileFormat::MakeNegativePlungeBox() {
 }
 
 QWidget* frmFileFormat::MakeConventionsPage() {
-    auto* lines = MakeBox("fraLineConv", "Lines are &written as");
+    auto* lines = MakeGroup("fraLineConv", "Lines are &written as");
     auto* lineLayout = new QVBoxLayout(lines);
     auto* lineGroup = new QButtonGroup(lines);
     for (const int first : {1, 0}) {
@@ -383,7 +357,7 @@ QWidget* frmFileFormat::MakeConventionsPage() {
         optLineConv[static_cast<std::size_t>(first)] = option;
         lineLayout->addWidget(option);
     }
-    auto* notation = MakeBox("fraDirnConv", "Dir&ections are in");
+    auto* notation = MakeGroup("fraDirnConv", "Dir&ections are in");
     auto* notationLayout = new QVBoxLayout(notation);
     auto* notationGroup = new QButtonGroup(notation);
     for (const int code : {0, 1}) {
@@ -395,7 +369,7 @@ QWidget* frmFileFormat::MakeConventionsPage() {
     chkSaveSettings[1]->setObjectName("chkSaveSettings_1");
     chkSaveSettings[1]->setToolTip("On OK conventions, separators and delimiter are kept for the "
                                    "next start of the program");
-    lblConventions = MakeLabel("lblConventions");
+    lblConventions = MakeLabel({}, "lblConventions");
     auto* page = new QWidget;
     auto* layout = new QGridLayout(page);
     layout->addWidget(MakePlaneConventionBox(), 0, 0, 3, 1);
@@ -411,10 +385,11 @@ QWidget* frmFileFormat::MakeConventionsPage() {
 }
 
 QGroupBox* frmFileFormat::MakePlotBox() {
-    auto* box = MakeBox("fraPlot", "Plot as");
+    auto* box = MakeGroup("fraPlot", "Plot as");
     auto* layout = new QVBoxLayout(box);
-    auto* hint = MakeLabel("lblPlotHint", "Change data Format and convention settings before "
-                                          "selecting a plot type button");
+    auto* hint = MakeLabel("Change data Format and convention settings before "
+                           "selecting a plot type button",
+                           "lblPlotHint");
     hint->setWordWrap(true);
     for (int kind = kPlanes; kind <= kPolarLines; ++kind) {
         auto* button = new QPushButton(kKinds[kind - 1].caption);
@@ -436,7 +411,7 @@ QGroupBox* frmFileFormat::MakePlotBox() {
 }
 
 QGroupBox* frmFileFormat::MakeSymbolBox() {
-    auto* box = MakeBox("fraSymbol", "Symbols");
+    auto* box = MakeGroup("fraSymbol", "Symbols");
     auto* layout = new QGridLayout(box);
     constexpr const char* kNames[] = {"down", "up"};
     constexpr const char* kTips[] = {"The symbol of a row",
@@ -448,7 +423,7 @@ QGroupBox* frmFileFormat::MakeSymbolBox() {
         picture->setToolTip(kTips[i]);
         picture->setAccessibleName(kTips[i]);
         picture->onStale = [this] { DrawSymbols(); };
-        auto* label = MakeLabel(Numbered("lblUpSymbol", i), kNames[i]);
+        auto* label = MakeLabel(kNames[i], Numbered("lblUpSymbol", i));
         layout->addWidget(picture, 0, i, Qt::AlignHCenter);
         layout->addWidget(label, 1, i, Qt::AlignHCenter);
         picCurrentSymbol[static_cast<std::size_t>(i)] = picture;
@@ -477,11 +452,11 @@ QWidget* frmFileFormat::MakeFileLine() {
     for (const DelimiterName& entry : kDelimiters) {
         cboDelim->addItem(entry.name, QString(entry.delimiter));
     }
-    auto* label = MakeLabel("lblDelim", "Columns are parted by (&delimiter)");
+    auto* label = MakeLabel("Columns are parted by (&delimiter)", "lblDelim");
     label->setBuddy(cboDelim);
     chkTableHeadings = new QCheckBox("&First row contains column headings");
     chkTableHeadings->setObjectName("chkTableHeadings");
-    lblPreview = MakeLabel("lblPreview");
+    lblPreview = MakeLabel({}, "lblPreview");
     lblPreview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     layout->addWidget(label);
     layout->addWidget(cboDelim);
@@ -500,11 +475,11 @@ QWidget* frmFileFormat::MakeMismatchLine() {
     auto* picture = new QLabel;
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     picture->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
-    lblDataMismatch = MakeLabel("lblDataMismatch", "Mismatched Data Format - please check!");
+    lblDataMismatch = MakeLabel("Mismatched Data Format - please check!", "lblDataMismatch");
     QFont bold = lblDataMismatch->font();
     bold.setBold(true);
     lblDataMismatch->setFont(bold);
-    lblMismatchReasons = MakeLabel("lblMismatchReasons");
+    lblMismatchReasons = MakeLabel({}, "lblMismatchReasons");
     lblMismatchReasons->setWordWrap(true);
     layout->addWidget(picture);
     layout->addWidget(lblDataMismatch);

@@ -2,6 +2,7 @@
 //
 // What the controls of the data format dialog do, and their order for the Tab key.
 
+#include "shell/controls/control_kit.h"
 #include "shell/format/format_grid.h"
 #include "shell/format/frm_file_format.h"
 
@@ -15,34 +16,28 @@
 namespace quandrel {
 
 void frmFileFormat::SetOrder() {
-    std::vector<QWidget*> order = {tabConventions};
-    const auto add = [&order](const auto& controls) {
-        for (QWidget* control : controls) {
-            if (control != nullptr) {
-                order.push_back(control);
-            }
-        }
+    const auto columns = [this](std::size_t from, std::size_t to) {
+        return std::span(cboColumns).subspan(from, to - from);
     };
-    add(optPrimary);
-    add(std::vector<QWidget*>(cboColumns.begin(), cboColumns.begin() + kSlotSecondaryDip));
-    add(optSecondary);
-    add(std::vector<QWidget*>(cboColumns.begin() + kSlotSecondaryDip,
-                              cboColumns.begin() + kSlotAppendedPlunge));
-    add(std::vector<QWidget*>{chkAppended[0], chkAppended[1], cboAppName[0], chkAppended[2],
-                              cboAppName[1], chkFreqIsAppended});
-    add(std::vector<QWidget*>(cboColumns.begin() + kSlotAppendedPlunge, cboColumns.end()));
-    add(std::vector<QWidget*>{cmdInitialColumns, cmdUseSaved, chkSaveSettings[0],
-                              chkSaveSettings[2]});
-    add(optPlaneConv);
-    add(std::vector<QWidget*>{optLineConv[1], optLineConv[0], optDirnConv[0], optDirnConv[1],
-                              optNegativePlunge[0], optNegativePlunge[1], cboSeparator[0],
-                              cboSeparator[1], chkSaveSettings[1]});
-    add(cmdDataType);
-    add(std::vector<QWidget*>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboDelim,
-                              chkTableHeadings, grdDataFormat, cmdButtons[0], cmdButtons[1]});
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
+    TabOrder()
+        .Then(tabConventions)
+        .Then(optPrimary)
+        .Then(columns(0, kSlotSecondaryDip))
+        .Then(optSecondary)
+        .Then(columns(kSlotSecondaryDip, kSlotAppendedPlunge))
+        .Then(std::array<QWidget*, 6>{chkAppended[0], chkAppended[1], cboAppName[0], chkAppended[2],
+                                      cboAppName[1], chkFreqIsAppended})
+        .Then(columns(kSlotAppendedPlunge, cboColumns.size()))
+        .Then(std::array<QWidget*, 4>{cmdInitialColumns, cmdUseSaved, chkSaveSettings[0],
+                                      chkSaveSettings[2]})
+        .Then(optPlaneConv)
+        .Then(std::array<QWidget*, 9>{optLineConv[1], optLineConv[0], optDirnConv[0],
+                                      optDirnConv[1], optNegativePlunge[0], optNegativePlunge[1],
+                                      cboSeparator[0], cboSeparator[1], chkSaveSettings[1]})
+        .Then(cmdDataType)
+        .Then(std::array<QWidget*, 8>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboDelim,
+                                      chkTableHeadings, grdDataFormat, cmdButtons[0],
+                                      cmdButtons[1]});
 }
 
 void frmFileFormat::FollowOptions(std::span<QRadioButton* const> options) {

@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "platform/platform.h"
+#include "shell/controls/control_kit.h"
 #include "shell/grids/data_display_model.h"
 #include "shell/grids/row_grid.h"
 
@@ -88,9 +89,7 @@ void frmDataDisplay::MakeLayout() {
     layout->addWidget(grdRawData, 1);
     layout->addLayout(line);
     cmdOK->setDefault(true);
-    setTabOrder(grdRawData, cmdAddRow);
-    setTabOrder(cmdAddRow, cmdDiscard);
-    setTabOrder(cmdDiscard, cmdOK);
+    TabOrder().Then(grdRawData).Then(cmdAddRow).Then(cmdDiscard).Then(cmdOK);
 }
 
 void frmDataDisplay::Connect() {

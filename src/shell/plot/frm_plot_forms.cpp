@@ -7,6 +7,7 @@
 #include "edit/selection/marquee.h"
 #include "rose/petal_tip.h"
 #include "session/window_places.h"
+#include "shell/controls/control_kit.h"
 #include "shell/controls/icons.h"
 #include "shell/controls/picture_box.h"
 #include "shell/controls/widget_font.h"
@@ -229,12 +230,8 @@ void frmPlotForms::MakeTabs() {
 }
 
 void frmPlotForms::SetOrder() {
-    const std::array<QWidget*, 7> order = {picStereoArea,  tabLayers,      txtFabricBox,
-                                           txtDescBox,     txtStatsBox[0], txtStatsBox[1],
-                                           cmdResizeButton};
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
+    TabOrder().Then(std::array<QWidget*, 7>{picStereoArea, tabLayers, txtFabricBox, txtDescBox,
+                                            txtStatsBox[0], txtStatsBox[1], cmdResizeButton});
     body_->setFocusProxy(picStereoArea);
     lblNumBox->raise();
 }

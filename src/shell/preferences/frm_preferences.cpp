@@ -3,6 +3,7 @@
 #include "shell/preferences/frm_preferences.h"
 
 #include "orientation/number_text.h"
+#include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
@@ -111,7 +112,7 @@ void frmPreferences::MakeButtons() {
         "Show what Quandrel starts with", "Get help with this dialog"};
     for (std::size_t i = 0; i < kCaptions.size(); ++i) {
         cmdOK[i] = new QPushButton(kCaptions[i]);
-        cmdOK[i]->setObjectName(QString("cmdOK_%1").arg(i));
+        cmdOK[i]->setObjectName(Numbered("cmdOK", i));
         cmdOK[i]->setToolTip(kTips[i]);
         line->addWidget(cmdOK[i]);
     }

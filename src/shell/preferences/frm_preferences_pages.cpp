@@ -2,6 +2,7 @@
 //
 // The pages of the preferences beside those of styles: plot style, fonts, general.
 
+#include "shell/controls/control_kit.h"
 #include "shell/controls/text_boxes.h"
 #include "shell/controls/widget_font.h"
 #include "shell/preferences/frm_preferences.h"
@@ -36,13 +37,8 @@ constexpr double kLargestSample = 13; ///< points that a font's own box has room
 constexpr QSize kSwatch(28, 16);
 constexpr int kCaptionWidth = 86; ///< of fonts, so that the boxes of all groups are in line
 
-struct AxesCaption {
-    const char* caption;
-    const char* tip;
-};
-
 /// By value of gPlotAxesStyle.
-constexpr std::array<AxesCaption, 4> kNetCaptions = {{
+constexpr std::array<ControlText, 4> kNetCaptions = {{
     {"Only the centre shown", "A cross at the centre"},
     {"qudrant ticks shown", "Ticks at the quadrants but the north, and a cross at the centre"},
     {"N-S & E-W axes shown", "Both axes, with a tick every 10° of plunge"},
@@ -50,19 +46,14 @@ constexpr std::array<AxesCaption, 4> kNetCaptions = {{
 }};
 
 /// By value of gRoseAxesStyle; the last value draws what the second does.
-constexpr std::array<AxesCaption, 3> kRoseCaptions = {{
+constexpr std::array<ControlText, 3> kRoseCaptions = {{
     {"N-S & E-W axes shown", "Axes through the centre"},
     {"qudrant ticks shown", "Ticks outside the circle"},
     {"No axes shown", "Neither axes nor ticks"},
 }};
 
-struct FontCaption {
-    const char* caption;
-    const char* tip;
-};
-
 /// By PlotFontPlace.
-constexpr std::array<FontCaption, 10> kFontCaptions = {{
+constexpr std::array<ControlText, 10> kFontCaptions = {{
     {"Fabric Font", "Name of the fabric, on the screen"},
     {"Legend Font", "Legends on the screen"},
     {"Stats Font", "Statistics on the screen"},
@@ -102,13 +93,6 @@ void ShowColour(QPushButton& button, std::uint32_t value) {
     button.setIconSize(kSwatch);
 }
 
-QCheckBox* NamedCheck(const QString& text, const char* name, const QString& tip) {
-    auto* box = new QCheckBox(text);
-    box->setObjectName(name);
-    box->setToolTip(tip);
-    return box;
-}
-
 } // namespace
 
 QGroupBox* frmPreferences::MakeNetStyles() {
@@ -117,11 +101,11 @@ QGroupBox* frmPreferences::MakeNetStyles() {
     auto* grid = new QGridLayout(box);
     netStyles_ = new QButtonGroup(this);
     for (int i = 0; i < static_cast<int>(kNetCaptions.size()); ++i) {
-        const AxesCaption& text = kNetCaptions[static_cast<std::size_t>(i)];
+        const ControlText& text = kNetCaptions[static_cast<std::size_t>(i)];
         auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
             DrawNetSample(surface, static_cast<std::int16_t>(i));
         });
-        sample->setObjectName(QString("picAxes_%1").arg(i));
+        sample->setObjectName(Numbered("picAxes", i));
         sample->setAccessibleName(text.caption);
         sample->setToolTip(text.tip);
         sample->setCheckable(true);
@@ -130,7 +114,7 @@ QGroupBox* frmPreferences::MakeNetStyles() {
         auto* caption = new QLabel(text.caption);
         grid->addWidget(caption, 1, i, Qt::AlignHCenter);
     }
-    chkShowNorth = NamedCheck("&N at the top", "chkShowNorth", "An N above the circle of nets");
+    chkShowNorth = MakeCheck("chkShowNorth", "&N at the top", "An N above the circle of nets");
     grid->addWidget(chkShowNorth, 2, 0);
     return box;
 }
@@ -141,11 +125,11 @@ QGroupBox* frmPreferences::MakeRoseStyles() {
     auto* grid = new QGridLayout(box);
     roseStyles_ = new QButtonGroup(this);
     for (int i = 0; i < static_cast<int>(kRoseCaptions.size()); ++i) {
-        const AxesCaption& text = kRoseCaptions[static_cast<std::size_t>(i)];
+        const ControlText& text = kRoseCaptions[static_cast<std::size_t>(i)];
         auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
             DrawRoseAxesSample(surface, static_cast<std::int16_t>(i));
         });
-        sample->setObjectName(QString("picRoseAxes_%1").arg(i));
+        sample->setObjectName(Numbered("picRoseAxes", i));
         sample->setAccessibleName(text.caption);
         sample->setToolTip(text.tip);
         sample->setCheckable(true);
@@ -154,9 +138,9 @@ QGroupBox* frmPreferences::MakeRoseStyles() {
         grid->addWidget(new QLabel(text.caption), 3, i, Qt::AlignHCenter);
     }
     chkRoseOuterCircle =
-        NamedCheck("Show &outer circle", "chkRoseOuterCircle", "The circle about roses");
-    chkShowCompass = NamedCheck("Show &Compass points", "chkShowCompass",
-                                "All octants marked with direction, and the points between them");
+        MakeCheck("chkRoseOuterCircle", "Show &outer circle", "The circle about roses");
+    chkShowCompass = MakeCheck("chkShowCompass", "Show &Compass points",
+                               "All octants marked with direction, and the points between them");
     const int column = static_cast<int>(kRoseCaptions.size());
     grid->addWidget(chkRoseOuterCircle, 0, column, Qt::AlignBottom);
     grid->addWidget(chkShowCompass, 1, column);
@@ -183,9 +167,9 @@ QGroupBox* frmPreferences::MakeWindowSizes() {
     size->setBuddy(txtPlotSize);
     auto* aspect = new QLabel("Enter hei&ght to width ratio of plot window");
     aspect->setBuddy(cboPlotAspect);
-    chkPlotLast = NamedCheck("Use &last resize", "chkPlotLast",
-                             "New plot windows take the size that one was last given. Holds until "
-                             "Quandrel ends");
+    chkPlotLast = MakeCheck("chkPlotLast", "Use &last resize",
+                            "New plot windows take the size that one was last given. Holds until "
+                            "Quandrel ends");
     grid->addWidget(size, 0, 0);
     grid->addWidget(txtPlotSize, 0, 1);
     grid->addWidget(chkPlotLast, 0, 2);
@@ -209,16 +193,16 @@ void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
                              const QString& caption) {
     const QString name = kFontCaptions[font].caption;
     txtFontBox[font] = new QLineEdit;
-    txtFontBox[font]->setObjectName(QString("txtFontBox_%1").arg(font));
+    txtFontBox[font]->setObjectName(Numbered("txtFontBox", font));
     txtFontBox[font]->setReadOnly(true);
     txtFontBox[font]->setAccessibleName(name);
     txtFontBox[font]->setToolTip(kFontCaptions[font].tip);
     txtFontBox[font]->setMinimumWidth(190);
     cmdFont[font] = new QPushButton("Change...");
-    cmdFont[font]->setObjectName(QString("cmdFont_%1").arg(font));
+    cmdFont[font]->setObjectName(Numbered("cmdFont", font));
     cmdFont[font]->setAccessibleName("Change " + name);
     cmdFontColour[font] = new QPushButton;
-    cmdFontColour[font]->setObjectName(QString("cmdFontColour_%1").arg(font));
+    cmdFontColour[font]->setObjectName(Numbered("cmdFontColour", font));
     cmdFontColour[font]->setAccessibleName("Colour of " + name);
     cmdFontColour[font]->setToolTip("Colour of the text");
     grid.addWidget(new QLabel(caption), line, 0);
@@ -258,7 +242,7 @@ QWidget* frmPreferences::MakeFontsPage() {
                                                       "Colour of the circle and the axes"};
         for (std::size_t i = 0; group.first == kFabricFont && i < kColours.size(); ++i) {
             cmdPlotColour[i] = new QPushButton;
-            cmdPlotColour[i]->setObjectName(QString("cmdPlotColour_%1").arg(i));
+            cmdPlotColour[i]->setObjectName(Numbered("cmdPlotColour", i));
             cmdPlotColour[i]->setAccessibleName(kTips[i]);
             cmdPlotColour[i]->setToolTip(kTips[i]);
             grid->addWidget(new QLabel(kColours[i]), line, 0);
@@ -282,9 +266,10 @@ QGroupBox* frmPreferences::MakeFolderBox() {
     txtDirectory->setAccessibleName("Default files directory");
     cmdDirectory = new QPushButton("Chan&ge...");
     cmdDirectory->setObjectName("cmdDirectory");
-    chkUseLastDirectory = NamedCheck(
-        "&Always use last-accessed directory (deselect to set default directory)",
-        "chkUseLastDirectory", "File dialogs start in the folder of the file that was last opened");
+    chkUseLastDirectory =
+        MakeCheck("chkUseLastDirectory",
+                  "&Always use last-accessed directory (deselect to set default directory)",
+                  "File dialogs start in the folder of the file that was last opened");
     grid->addWidget(txtDirectory, 0, 0);
     grid->addWidget(cmdDirectory, 0, 1);
     grid->addWidget(chkUseLastDirectory, 1, 0, 1, 2);
@@ -302,7 +287,7 @@ QGroupBox* frmPreferences::MakeFormulasBox() {
         "Statistics, arrows, arcs and cones by the formulas of the textbooks"};
     for (std::size_t i = 0; i < kCaptions.size(); ++i) {
         optFormulas[i] = new QRadioButton(kCaptions[i]);
-        optFormulas[i]->setObjectName(QString("optFormulas_%1").arg(i));
+        optFormulas[i]->setObjectName(Numbered("optFormulas", i));
         optFormulas[i]->setToolTip(kTips[i]);
         choices->addWidget(optFormulas[i]);
     }
@@ -336,22 +321,22 @@ QWidget* frmPreferences::MakeGeneralPage() {
     constexpr std::array<const char*, 2> kNames = {"&pitch", "&rake"};
     for (std::size_t i = 0; i < kNames.size(); ++i) {
         optPitchName[i] = new QRadioButton(kNames[i]);
-        optPitchName[i]->setObjectName(QString("optPitchName_%1").arg(i));
+        optPitchName[i]->setObjectName(Numbered("optPitchName", i));
         names->addWidget(optPitchName[i]);
     }
     names->addStretch(1);
     layout->addWidget(pitch);
     layout->addWidget(MakeFormulasBox());
     layout->addSpacing(8);
-    chkDecimalConv = NamedCheck(
-        "&Convert 'invalid' decimal-like numbers to agree with Regional Settings", "chkDecimalConv",
+    chkDecimalConv = MakeCheck(
+        "chkDecimalConv", "&Convert 'invalid' decimal-like numbers to agree with Regional Settings",
         "Numbers with the other decimal delimiter are read as numbers");
     chkSaveLinesOption =
-        NamedCheck("&Include non-data lines in ASCII Saves [default = No]", "chkSaveLinesOption",
-                   "Texts of plots keep comments and other lines that are no data");
+        MakeCheck("chkSaveLinesOption", "&Include non-data lines in ASCII Saves [default = No]",
+                  "Texts of plots keep comments and other lines that are no data");
     chkIsolatedPts =
-        NamedCheck("&Show single isolated pts with contours", "chkIsolatedPts",
-                   "Contour plots mark each point that has no other one within its counting cone");
+        MakeCheck("chkIsolatedPts", "&Show single isolated pts with contours",
+                  "Contour plots mark each point that has no other one within its counting cone");
     for (QCheckBox* box : {chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
         layout->addWidget(box);
     }

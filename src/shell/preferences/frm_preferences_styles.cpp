@@ -2,6 +2,7 @@
 //
 // The pages of the preferences that change the style tables: symbols, lines, roses.
 
+#include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/styles/frm_symbol_select.h"
@@ -46,25 +47,8 @@ constexpr SymbolRow kCellStyle{5, 0, 3}; ///< black; the shape is that of the ce
 constexpr std::array<const char*, kLineStyleCount> kLineStyleNames = {
     "solid", "dashed", "dotted", "dashes and dots", "dashes and two dots", "none: not drawn"};
 
-QString Numbered(const char* name, std::size_t index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
-void NameCell(QAbstractButton& cell, const QString& name, const QString& text) {
-    cell.setObjectName(name);
-    cell.setAccessibleName(text);
-    cell.setToolTip(text);
-    cell.setCheckable(true);
-}
-
 StyleSlot SymbolSlot(int row) {
     return {StyleTable::Symbol, static_cast<std::size_t>(row)};
-}
-
-QGroupBox* NamedBox(const QString& title, const char* name) {
-    auto* box = new QGroupBox(title);
-    box->setObjectName(name);
-    return box;
 }
 
 /// A slider and a box of numbers that show the same number.
@@ -124,7 +108,7 @@ SampleButton* frmPreferences::MakeLineSlot(const StyleSlot& slot, const QString&
 }
 
 QWidget* frmPreferences::MakeSymbolArray() {
-    QGroupBox* box = NamedBox("Current Symbol Array", "picSymbolArray");
+    QGroupBox* box = MakeGroup("picSymbolArray", "Current Symbol Array");
     auto* grid = new QGridLayout(box);
     grid->setSpacing(3);
     int line = 0;
@@ -181,13 +165,13 @@ QWidget* frmPreferences::MakeSymbolArray() {
 }
 
 QGroupBox* frmPreferences::MakeTypes() {
-    QGroupBox* box = NamedBox("Symbol", "picSymbolTypes");
+    QGroupBox* box = MakeGroup("picSymbolTypes", "Symbol");
     auto* grid = new QGridLayout(box);
     grid->setSpacing(3);
     types_ = new QButtonGroup(this);
     for (int i = 0; i < kPickedSymbols; ++i) {
         auto* cell = new PreviewPatch(now_, StyleKind::Symbol, kCellRoom, PatchScale::Fit);
-        NameCell(*cell, QString("picSymbolTypes_%1").arg(i), NameOfSymbol(i));
+        NameCell(*cell, Numbered("picSymbolTypes", i), NameOfSymbol(i));
         SymbolRow style = kCellStyle;
         style[kPlaceSymbol] = static_cast<std::int16_t>(i);
         cell->SetStyle(style);
@@ -266,7 +250,7 @@ QWidget* frmPreferences::MakeLineSamples() {
 }
 
 QGroupBox* frmPreferences::MakeLineStyles() {
-    QGroupBox* box = NamedBox("Available Line Styles", "panLineStyle");
+    QGroupBox* box = MakeGroup("panLineStyle", "Available Line Styles");
     auto* layout = new QVBoxLayout(box);
     lineStyles_ = new QButtonGroup(this);
     for (int i = 0; i < kLineStyleCount; ++i) {
@@ -279,7 +263,7 @@ QGroupBox* frmPreferences::MakeLineStyles() {
                              "none");
             }
         });
-        NameCell(*cell, QString("panLineStyle_%1").arg(i),
+        NameCell(*cell, Numbered("panLineStyle", i),
                  kLineStyleNames[static_cast<std::size_t>(i)]);
         lineStyles_->addButton(cell, i);
         layout->addWidget(cell);
@@ -313,7 +297,7 @@ QWidget* frmPreferences::MakeLinesPage() {
 }
 
 QWidget* frmPreferences::MakeRoseSlots() {
-    QGroupBox* box = NamedBox("Fills", "lblPatterns");
+    QGroupBox* box = MakeGroup("lblPatterns", "Fills");
     auto* grid = new QGridLayout(box);
     grid->setSpacing(3);
     int line = 0;
@@ -348,7 +332,7 @@ QWidget* frmPreferences::MakeRoseSlots() {
     grid->addWidget(highest, line, kSlotsInLine - 2, 1, 3);
     for (int i = 0; i < kSlotsInLine; ++i) {
         grid->addWidget(MakeSlot(kRosesPage, SymbolSlot(kFirstRoseClassStyle + i),
-                                 QString("picRoseSlot_%1").arg(kFirstRoseClassStyle + i),
+                                 Numbered("picRoseSlot", kFirstRoseClassStyle + i),
                                  QString("Classified rose: class %1").arg(i + 1)),
                         line + 1, 1 + i);
     }
@@ -357,13 +341,13 @@ QWidget* frmPreferences::MakeRoseSlots() {
 }
 
 QGroupBox* frmPreferences::MakePatterns() {
-    QGroupBox* box = NamedBox("Fill styles", "picPatternStyles");
+    QGroupBox* box = MakeGroup("picPatternStyles", "Fill styles");
     auto* grid = new QGridLayout(box);
     grid->setSpacing(3);
     patterns_ = new QButtonGroup(this);
     for (int i = 0; i < kPickedFills; ++i) {
         auto* cell = new PreviewPatch(now_, StyleKind::Fill, kCellRoom);
-        NameCell(*cell, QString("picPatternStyles_%1").arg(i), NameOfFill(i));
+        NameCell(*cell, Numbered("picPatternStyles", i), NameOfFill(i));
         SymbolRow style = kCellStyle;
         style[kPlaceSymbol] = static_cast<std::int16_t>(i);
         cell->SetStyle(style);
@@ -412,7 +396,7 @@ void frmPreferences::NameColours() {
 }
 
 QGroupBox* frmPreferences::MakePalette() {
-    QGroupBox* box = NamedBox("Available Fill colours", "picColour");
+    QGroupBox* box = MakeGroup("picColour", "Available Fill colours");
     auto* line = new QHBoxLayout(box);
     auto* grid = new QGridLayout;
     grid->setSpacing(3);
@@ -420,7 +404,7 @@ QGroupBox* frmPreferences::MakePalette() {
     colours_ = new QButtonGroup(this);
     for (int i = 0; i < kColourCount; ++i) {
         auto* cell = new PreviewPatch(now_, StyleKind::Fill, kColourRoom);
-        NameCell(*cell, QString("picColour_%1").arg(i), {}); // NameColours names it
+        NameCell(*cell, Numbered("picColour", i), {}); // NameColours names it
         cell->SetStyle({static_cast<std::int16_t>(i), kSolidFill, 1});
         colours_->addButton(cell, i);
         grid->addWidget(cell, i / kColoursInLine, i % kColoursInLine);

@@ -3,6 +3,7 @@
 // The controls of the print layout dialog and where they stand.
 
 #include "shell/controls/bad_text.h"
+#include "shell/controls/control_kit.h"
 #include "shell/print/frm_print_dialog.h"
 
 #include <QButtonGroup>
@@ -27,17 +28,6 @@ constexpr int kNumberBoxWidth = 64;
 constexpr int kSliderStep = 10; ///< a millimetre
 constexpr int kSliderPage = 100;
 
-QString Numbered(const char* name, std::size_t index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
-QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(tip);
-    return button;
-}
-
 QSlider* MakeSlider(const QString& name, const QString& title) {
     auto* slider = new QSlider(Qt::Horizontal);
     slider->setObjectName(name);
@@ -46,12 +36,6 @@ QSlider* MakeSlider(const QString& name, const QString& title) {
     slider->setPageStep(kSliderPage);
     slider->setMinimumWidth(150);
     return slider;
-}
-
-QLabel* MakeLabel(const QString& name, const QString& text) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    return label;
 }
 
 } // namespace
@@ -149,26 +133,26 @@ void frmPrintDialog::MakeScale() {
     txtScale->setObjectName("txtScale");
     txtScale->setToolTip("Radius of the net on paper");
     sldScale = MakeSlider("sldScale", "Size");
-    addRow(1, MakeLabel("lblScale", "Si&ze (radius)"), txtScale, sldScale);
+    addRow(1, MakeLabel("Si&ze (radius)", "lblScale"), txtScale, sldScale);
     cboScaleUnits = new QComboBox;
     cboScaleUnits->setObjectName("cboScaleUnits");
     cboScaleUnits->addItems({kPageUnitNames[0], kPageUnitNames[1]});
-    auto* units = MakeLabel("lblScaleUnits", "&units");
+    auto* units = MakeLabel("&units", "lblScaleUnits");
     units->setBuddy(cboScaleUnits);
     grid->addWidget(units, 2, 0);
     grid->addWidget(cboScaleUnits, 2, 1, 1, 2, Qt::AlignLeft);
-    grid->addWidget(MakeLabel("lblLocation", "Location of Centre"), 3, 0, 1, 2);
-    lblCentre = MakeLabel("lblCentre", "from top left ");
+    grid->addWidget(MakeLabel("Location of Centre", "lblLocation"), 3, 0, 1, 2);
+    lblCentre = MakeLabel("from top left ", "lblCentre");
     grid->addWidget(lblCentre, 3, 2, 1, 2);
     for (std::size_t i = 0; i < txtCentre.size(); ++i) {
-        lblXY[i] = MakeLabel(Numbered("lblXY", i), kAxes[i]);
+        lblXY[i] = MakeLabel(kAxes[i], Numbered("lblXY", i));
         txtCentre[i] = new QLineEdit;
         txtCentre[i]->setObjectName(Numbered("txtCentre", i));
         txtCentre[i]->setAccessibleName(kCentres[i]);
         SldCentre[i] = MakeSlider(Numbered("SldCentre", i), kCentres[i]);
         addRow(4 + static_cast<int>(i), lblXY[i], txtCentre[i], SldCentre[i]);
     }
-    lblOverEdge = MakeLabel("lblOverEdge", {});
+    lblOverEdge = MakeLabel({}, "lblOverEdge");
     lblOverEdge->setAccessibleName("Plots over the edge");
     QPalette colours;
     colours.setColor(QPalette::WindowText, BadTextColour());
@@ -180,11 +164,11 @@ void frmPrintDialog::MakeScale() {
 void frmPrintDialog::MakeDestination() {
     fraDestination = new QGroupBox("Destination");
     fraDestination->setObjectName("fraDestination");
-    lblDefaultPrinter = MakeLabel("lblDefaultPrinter", "Default Printer:");
-    lblPrinterName = MakeLabel("lblPrinterName", {});
+    lblDefaultPrinter = MakeLabel("Default Printer:", "lblDefaultPrinter");
+    lblPrinterName = MakeLabel({}, "lblPrinterName");
     lblPrinterName->setTextFormat(Qt::PlainText);
     lblPrinterName->setWordWrap(true);
-    lblOrientation = MakeLabel("lblOrientation", {});
+    lblOrientation = MakeLabel({}, "lblOrientation");
     cmdPrinterSetup =
         MakeButton("cmdPrinterSetup", "Printer &Setup...", "Choose printer, paper and orientation");
     auto* grid = new QGridLayout(fraDestination);
@@ -211,13 +195,10 @@ QWidget* frmPrintDialog::MakeButtons() {
 }
 
 void frmPrintDialog::SetOrder() {
-    const std::array<QWidget*, 15> order = {
-        cboPlotName,  cmdSelect[0], cmdSelect[1],    optScale[0],  optScale[1],
-        txtScale,     sldScale,     cboScaleUnits,   txtCentre[0], SldCentre[0],
-        txtCentre[1], SldCentre[1], cmdPrinterSetup, cmdOK[0],     cmdOK[1]};
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
+    TabOrder().Then(std::array<QWidget*, 15>{cboPlotName, cmdSelect[0], cmdSelect[1], optScale[0],
+                                             optScale[1], txtScale, sldScale, cboScaleUnits,
+                                             txtCentre[0], SldCentre[0], txtCentre[1], SldCentre[1],
+                                             cmdPrinterSetup, cmdOK[0], cmdOK[1]});
 }
 
 } // namespace quandrel

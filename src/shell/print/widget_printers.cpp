@@ -2,6 +2,8 @@
 
 #include "shell/print/widget_printers.h"
 
+#include "shell/controls/control_kit.h"
+
 #include "qt/painter_page.h"
 #include "qt/pdf_printer.h"
 
@@ -75,7 +77,7 @@ public:
         constexpr std::array<const char*, 2> kOrientations = {"P&ortrait", "&Landscape"};
         for (std::size_t i = 0; i < optOrientation_.size(); ++i) {
             optOrientation_[i] = new QRadioButton(kOrientations[i]);
-            optOrientation_[i]->setObjectName(QString("optOrientation_%1").arg(i));
+            optOrientation_[i]->setObjectName(Numbered("optOrientation", i));
             form->addRow(i == 0 ? "Orientation" : "", optOrientation_[i]);
         }
         optOrientation_[layout.orientation() == QPageLayout::Landscape ? 1 : 0]->setChecked(true);

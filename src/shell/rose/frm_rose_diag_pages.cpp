@@ -3,6 +3,7 @@
 // The controls of the rose dialog and where they stand.
 
 #include "shell/classes/class_boxes.h"
+#include "shell/controls/control_kit.h"
 #include "shell/rose/frm_rose_diag.h"
 
 #include <QButtonGroup>
@@ -30,12 +31,7 @@ constexpr int kIntervalLength = 4; ///< characters that can be typed
 constexpr int kMostSectors = 360;
 constexpr int kLargestSliderSize = 90; ///< degrees; larger sizes are few, and typed
 
-struct OptionText {
-    const char* caption;
-    const char* tip;
-};
-
-constexpr OptionText kKinds[] = {
+constexpr ControlText kKinds[] = {
     {"Frequency - Azimuth", "Length of a sector: how many data lie in it"},
     {"Value - Azimuth", "Length of a sector: the sum of the appended numbers in it"},
     {"Mean Value - Azimuth", "Length of a sector: the mean of the appended numbers in it"},
@@ -49,13 +45,13 @@ constexpr OptionText kKinds[] = {
     {" Overlaid Cum. Value - Mean Value", "Sums of the appended numbers over their means"},
 };
 
-constexpr OptionText kClassifications[] = {
+constexpr ControlText kClassifications[] = {
     {"No classification", "Sectors are not divided"},
     {"by length range", "Rose sectors, classed by \"length\" ranges"},
     {"by type", "Rose sectors, classed by \"type\" ranges"},
 };
 
-constexpr OptionText kShapes[] = {
+constexpr ControlText kShapes[] = {
     {"Full Circle", "The whole rose"},
     {"N half-circle", "The northern half of the rose"},
     {"E half-circle", "The eastern half of the rose"},
@@ -66,24 +62,24 @@ constexpr OptionText kShapes[] = {
 constexpr const char* kStyleTip =
     "Sectors are always drawn as wedges; this choice is only kept with the plot";
 
-constexpr OptionText kStyles[] = {
+constexpr ControlText kStyles[] = {
     {"Linear histogram", kStyleTip},
     {"Flight diagram", kStyleTip},
     {"Rose diagram", kStyleTip},
     {"Circular histogram", kStyleTip},
 };
 
-constexpr OptionText kSegments[] = {
+constexpr ControlText kSegments[] = {
     {"Simple division", "Use simple sector patterned divisions for classes"},
     {"Stepped width", "Use discrete increasing sector widths for classes"},
 };
 
-constexpr OptionText kScales[] = {
+constexpr ControlText kScales[] = {
     {"Circles", "Use concentric circles for scale"},
     {"Tick marks", "Use tick marks along axis for scale"},
 };
 
-constexpr OptionText kBiasModes[] = {
+constexpr ControlText kBiasModes[] = {
     {"None", "Each datum counts once"},
     {"3-D angle", "Weights by the angle in space between structure and sampling line"},
     {"Strike/trend", "Weights by the angle between strike or trend and the trend of the line"},
@@ -109,27 +105,9 @@ constexpr int kSectorNumbers[] = {4,  6,  8,  9,  10, 12, 15, 18,  20, 24,
 
 constexpr const char* kIntervals[] = {"auto", "1", "2", "3", "5", "10", "20"};
 
-QString Numbered(const char* name, std::size_t index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
-QLabel* MakeLabel(const QString& text, const QString& name = {}, QWidget* buddy = nullptr) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setBuddy(buddy);
-    return label;
-}
-
-QGroupBox* MakeBox(const char* name, const QString& title) {
-    auto* box = new QGroupBox(title);
-    box->setObjectName(name);
-    return box;
-}
-
 /// Fills a column of options into a box.
 template <std::size_t N>
-void MakeOptions(QGroupBox* box, const char* name, const OptionText (&texts)[N],
+void MakeOptions(QGroupBox* box, const char* name, const ControlText (&texts)[N],
                  std::array<QRadioButton*, N>& options) {
     auto* layout = new QVBoxLayout(box);
     auto* group = new QButtonGroup(box);
@@ -175,7 +153,7 @@ QSlider* MakeSlider(const char* name, const QString& tip, const QString& accessi
 /// A box with its slider and unit in one frame.
 QGroupBox* MakeTiedBox(const char* name, const QString& title, QLineEdit* box, const char* unit,
                        QSlider* slider) {
-    auto* frame = MakeBox(name, title);
+    auto* frame = MakeGroup(name, title);
     auto* layout = new QHBoxLayout(frame);
     layout->addWidget(box);
     layout->addWidget(MakeLabel(unit));
@@ -207,11 +185,11 @@ void frmRoseDiag::MakePages() {
 }
 
 QWidget* frmRoseDiag::MakeTypePage() {
-    auto* kinds = MakeBox("fraRoseType", "&Kind of rose");
+    auto* kinds = MakeGroup("fraRoseType", "&Kind of rose");
     MakeOptions(kinds, "optRoseType", kKinds, optRoseType);
-    auto* classes = MakeBox("fraRoseClassif", "Cl&assification of sectors");
+    auto* classes = MakeGroup("fraRoseClassif", "Cl&assification of sectors");
     MakeOptions(classes, "optRoseClassif", kClassifications, optRoseClassif);
-    auto* shapes = MakeBox("fraRoseOptions", "S&hape");
+    auto* shapes = MakeGroup("fraRoseOptions", "S&hape");
     MakeOptions(shapes, "optRoseOptions", kShapes, optRoseOptions);
     auto* page = new QWidget;
     auto* layout = new QGridLayout(page);
@@ -246,7 +224,7 @@ QGroupBox* frmRoseDiag::MakeSizeBox() {
     lblCheckSectorSize->setFont(bold);
     lblCheckSectorSize->setToolTip("This size does not divide the circle into equal sectors: the "
                                    "last one will be smaller");
-    auto* box = MakeBox("fraRoseSectSize", "Sector size");
+    auto* box = MakeGroup("fraRoseSectSize", "Sector size");
     auto* layout = new QGridLayout(box);
     layout->addWidget(MakeLabel("&Number:", "lblNumSectors", cboNumSectors), 0, 0);
     layout->addWidget(cboNumSectors, 0, 1);
@@ -299,7 +277,7 @@ QWidget* frmRoseDiag::MakeSectorPage() {
 }
 
 QGroupBox* frmRoseDiag::MakeScaleBox() {
-    auto* box = MakeBox("fraScale", "Sc&ale");
+    auto* box = MakeGroup("fraScale", "Sc&ale");
     MakeOptions(box, "optScale", kScales, optScale);
     cboScaleInt = new QComboBox;
     cboScaleInt->setObjectName("cboScaleInt");
@@ -327,9 +305,9 @@ QGroupBox* frmRoseDiag::MakeScaleBox() {
 }
 
 QWidget* frmRoseDiag::MakeStylePage() {
-    auto* segments = MakeBox("fraSegShape", "Class segm&ents");
+    auto* segments = MakeGroup("fraSegShape", "Class segm&ents");
     MakeOptions(segments, "optSegShape", kSegments, optSegShape);
-    auto* styles = MakeBox("fraHistStyle", "Histogram style");
+    auto* styles = MakeGroup("fraHistStyle", "Histogram style");
     MakeOptions(styles, "optHistStyle", kStyles, optHistStyle);
     for (QRadioButton* style : optHistStyle) {
         style->setEnabled(false);
@@ -355,7 +333,7 @@ QGroupBox* frmRoseDiag::MakeSampleLineBox() {
     chkBiasAppended->setObjectName("chkBiasAppended");
     chkBiasAppended->setToolTip("The appended line of each row is its sampling line");
     lblBiasLine = MakeLabel("Line from file", "lblBiasLine");
-    auto* box = MakeBox("fraBiasLine", "Sampling line");
+    auto* box = MakeGroup("fraBiasLine", "Sampling line");
     auto* layout = new QGridLayout(box);
     layout->addWidget(lblBias[0], 0, 0);
     layout->addWidget(lblBias[1], 0, 1);
@@ -373,8 +351,8 @@ QGroupBox* frmRoseDiag::MakeSampleLineBox() {
 }
 
 QWidget* frmRoseDiag::MakeBiasPage() {
-    fraBias = MakeBox("fraBias", "Terzaghi bias correction");
-    auto* modes = MakeBox("fraBiasMode", "&Angle to the sampling line");
+    fraBias = MakeGroup("fraBias", "Terzaghi bias correction");
+    auto* modes = MakeGroup("fraBiasMode", "&Angle to the sampling line");
     MakeOptions(modes, "optBias", kBiasModes, optBias);
     auto* inside = new QHBoxLayout(fraBias);
     inside->addWidget(modes, 1);

@@ -3,6 +3,7 @@
 // What the controls of the rose dialog do, and their order for the Tab key.
 
 #include "shell/classes/class_boxes.h"
+#include "shell/controls/control_kit.h"
 #include "shell/rose/frm_rose_diag.h"
 
 #include <QCheckBox>
@@ -31,27 +32,22 @@ bool IsAutomatic(const QString& interval) {
 } // namespace
 
 void frmRoseDiag::SetOrder() {
-    std::vector<QWidget*> order = {tabRose};
-    const auto add = [&order](const auto& controls) {
-        order.insert(order.end(), controls.begin(), controls.end());
-    };
-    add(optRoseType);
-    add(optRoseClassif);
-    add(optRoseOptions);
-    add(std::vector<QWidget*>{cboNumSectors, txtRoseSectSize, sldRoseSectSize, txtRoseStartAz,
-                              sldRoseStartAz, txtSectorWidth, sldrSectorWidth, txtZeroCircle,
-                              sldrZeroCircle, chkRoseWeight});
-    add(optScale);
-    add(std::vector<QWidget*>{cboScaleInt, chkRoseOuterCircle});
-    add(optSegShape);
-    add(optHistStyle);
-    add(optBias);
-    add(std::vector<QWidget*>{txtBias[0], txtBias[1], chkBiasAppended, txtBias[2]});
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
-    setTabOrder(cmdRoseGo, cmdClose);
-    setTabOrder(cmdClose, cmdPreferences);
+    TabOrder()
+        .Then(tabRose)
+        .Then(optRoseType)
+        .Then(optRoseClassif)
+        .Then(optRoseOptions)
+        .Then(std::array<QWidget*, 10>{
+            cboNumSectors, txtRoseSectSize, sldRoseSectSize, txtRoseStartAz, sldRoseStartAz,
+            txtSectorWidth, sldrSectorWidth, txtZeroCircle, sldrZeroCircle, chkRoseWeight})
+        .Then(optScale)
+        .Then(cboScaleInt)
+        .Then(chkRoseOuterCircle)
+        .Then(optSegShape)
+        .Then(optHistStyle)
+        .Then(optBias)
+        .Then(std::array<QWidget*, 4>{txtBias[0], txtBias[1], chkBiasAppended, txtBias[2]});
+    TabOrder().Then(cmdRoseGo).Then(cmdClose).Then(cmdPreferences);
 }
 
 void frmRoseDiag::ConnectChoices() {

@@ -2,6 +2,7 @@
 
 #include "shell/styles/frm_symbol_select.h"
 
+#include "shell/controls/control_kit.h"
 #include "stereo/colour_names.h"
 
 #include <QButtonGroup>
@@ -58,10 +59,6 @@ constexpr std::array<const char*, kPickedFills> kFillNames = {
     "rising lines", "falling lines", "upright grid",     "diagonal grid",
 };
 
-QString Numbered(const char* name, int index) {
-    return QString("%1_%2").arg(name).arg(index);
-}
-
 /// The name of a colour of the table, with its red, green and blue.
 QString NameOfColour(int index) {
     const Colour colour = TableColour(index);
@@ -70,13 +67,6 @@ QString NameOfColour(int index) {
         .arg(colour.red)
         .arg(colour.green)
         .arg(colour.blue);
-}
-
-void NameCell(StylePatch& cell, const QString& name, const QString& text) {
-    cell.setObjectName(name);
-    cell.setAccessibleName(text);
-    cell.setToolTip(text);
-    cell.setCheckable(true);
 }
 
 } // namespace
