@@ -106,6 +106,16 @@ private:
 
     using GivenLimits = std::array<Given, kLimitBoxes>;
 
+    /// Property of a box whose text is not a number.
+    static constexpr const char* kFault = "isFault";
+
+    /// The page of a kind: numbers first.
+    [[nodiscard]] static std::size_t PlaceOf(ClassKind kind) {
+        return kind == ClassKind::Types ? 1 : 0;
+    }
+
+    [[nodiscard]] static std::size_t At(int box) { return static_cast<std::size_t>(box); }
+
     [[nodiscard]] QWidget* MakeNumbersPage();
     [[nodiscard]] QWidget* MakeTypesPage();
     [[nodiscard]] QWidget* MakeLines();

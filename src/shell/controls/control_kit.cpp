@@ -3,10 +3,13 @@
 #include "shell/controls/control_kit.h"
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 
 namespace quandrel {
 
@@ -36,6 +39,22 @@ QPushButton* MakeButton(const QString& name, const QString& caption, const QStri
     button->setObjectName(name);
     button->setToolTip(tip);
     return button;
+}
+
+QRadioButton* MakeOption(const QString& name, const ControlText& text, QButtonGroup* group,
+                         int id) {
+    auto* option = new QRadioButton(text.caption);
+    option->setObjectName(name);
+    option->setToolTip(text.tip);
+    group->addButton(option, id);
+    return option;
+}
+
+QComboBox* MakeList(const QString& name, const QString& accessibleName) {
+    auto* list = new QComboBox;
+    list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
+    return list;
 }
 
 void NameCell(QAbstractButton& cell, const QString& name, const QString& text) {

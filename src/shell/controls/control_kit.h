@@ -18,10 +18,13 @@
 #include <ranges>
 
 class QAbstractButton;
+class QButtonGroup;
 class QCheckBox;
+class QComboBox;
 class QGroupBox;
 class QLabel;
 class QPushButton;
+class QRadioButton;
 class QWidget;
 
 namespace quandrel {
@@ -51,6 +54,15 @@ struct ControlText {
 
 [[nodiscard]] QPushButton* MakeButton(const QString& name, const QString& caption,
                                       const QString& tip);
+
+/// One option of a group.
+///
+/// @param id  what the group calls it by
+[[nodiscard]] QRadioButton* MakeOption(const QString& name, const ControlText& text,
+                                       QButtonGroup* group, int id);
+
+/// An empty list.
+[[nodiscard]] QComboBox* MakeList(const QString& name, const QString& accessibleName);
 
 /// Makes a button one cell of a choice of drawn cells: it can be checked, and its text is read out
 /// and shown as its tip.

@@ -10,10 +10,8 @@
 #include "edit/marks/small_circle_pick.h"
 #include "edit/selection/marquee.h"
 #include "input/file_loading.h"
-#include "mapinfo/map_link.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
-#include "session/closing.h"
 #include "session/start.h"
 #include "session/window_places.h"
 #include "shell/controls/button_keys.h"
@@ -22,10 +20,10 @@
 #include "shell/controls/picture_box.h"
 #include "shell/controls/text_boxes.h"
 #include "shell/grids/data_displays.h"
-#include "shell/help/frm_help.h"
 #include "shell/main/commands.h"
 #include "shell/main/frm_intro.h"
 #include "shell/main/main_menus.h"
+#include "shell/main/qt_rect.h"
 #include "shell/main/tool_strip.h"
 #include "shell/map/map_link_windows.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -34,21 +32,14 @@
 #include "shell/plot/plot_dialogs.h"
 #include "shell/plot/window_arrangement.h"
 #include "shell/preferences/frm_preferences.h"
-#include "stereo/plot_state.h"
 
 #include <QClipboard>
-#include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QScreen>
-#include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -60,33 +51,6 @@ namespace {
 
 constexpr int kReadoutWidth = 150;
 constexpr int kBarWidth = 180;
-
-WindowRect RectOf(const QRect& rect) {
-    return {rect.left(), rect.top(), rect.width(), rect.height()};
-}
-
-QRect QtRect(const WindowRect& rect) {
-    return {rect.left, rect.top, rect.width, rect.height};
-}
-
-WindowState StateOf(const QWidget& window) {
-    if (window.isMinimized()) {
-        return WindowState::Minimised;
-    }
-    return window.isMaximized() || window.isFullScreen() ? WindowState::Maximised
-                                                         : WindowState::Normal;
-}
-
-/// The files among what is dragged.
-QStringList FilesOf(const QMimeData& data) {
-    QStringList files;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
-            files << url.toLocalFile();
-        }
-    }
-    return files;
-}
 
 } // namespace
 
@@ -367,72 +331,6 @@ void GeolPlotMain::Activated(QMdiSubWindow* window) {
     }
     form->UseOwnLayer();
     UpdatePlotState();
-}
-
-void GeolPlotMain::closeEvent(QCloseEvent* event) {
-    if (gBusy || !CloseAll(Closing::Application)) {
-        event->ignore();
-        UpdatePlotState();
-        return;
-    }
-    KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
-    constexpr int kSessionGroup = 6;
-    if (!SaveSettings(kSessionGroup)) {
-        Tell("The settings of this session could not be saved.");
-    }
-    CloseMapInfoLink();
-    CloseHelp();
-    event->accept();
-}
-
-void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
-        // The files stay where they are, whatever the source proposes.
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
-}
-
-void GeolPlotMain::dropEvent(QDropEvent* event) {
-    if (gBusy) {
-        event->ignore();
-        return;
-    }
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    const QStringList files = FilesOf(*event->mimeData());
-    // The place that the files come from waits for the drop to end; questions come after that.
-    QMetaObject::invokeMethod(
-        this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
-}
-
-void GeolPlotMain::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && panToolbarBox_ != nullptr) {
-        panToolbarBox_->update();
-        UseReadablePlaceholders();
-    }
-}
-
-bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
-    if (intro_ == nullptr) { // the window is being made
-        return QMainWindow::eventFilter(object, event);
-    }
-    if (object == room_->viewport() && event->type() == QEvent::Resize) {
-        PlaceIntro();
-    }
-    if (object == panGirdleBox_ && event->type() == QEvent::Close && IsOpenSlot(gActivePlot)) {
-        ShowPlotPart(kShowGirdles, false);
-        UpdateToolbar();
-    }
-    return QMainWindow::eventFilter(object, event);
-}
-
-void GeolPlotMain::PlaceIntro() {
-    intro_->resize(intro_->sizeHint());
-    const QSize room = room_->viewport()->size();
-    intro_->move((room.width() - intro_->width()) / 2,
-                 std::max((room.height() - intro_->height()) / 2, 0));
 }
 
 void GeolPlotMain::ShowMenusFor(bool hasPlots) {

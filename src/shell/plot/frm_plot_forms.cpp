@@ -3,38 +3,25 @@
 #include "shell/plot/frm_plot_forms.h"
 
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "edit/selection/marquee.h"
 #include "rose/petal_tip.h"
 #include "session/window_places.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/icons.h"
 #include "shell/controls/picture_box.h"
-#include "shell/controls/widget_font.h"
 #include "shell/plot/window_arrangement.h"
 #include "stereo/legend.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
-#include "stereo/text_lines.h"
 
-#include <QClipboard>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
-#include <QFontMetrics>
-#include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
-#include <QMenu>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QTabBar>
-#include <QTextBlock>
 #include <QToolButton>
 
-#include <algorithm>
 #include <cmath>
 
 namespace quandrel {
@@ -44,72 +31,8 @@ namespace {
 constexpr const char* kTag = "Tag";
 constexpr int kAnnotationTab = 0;
 constexpr int kDataTab = 1;
-constexpr int kLegendMargin = 5;
 constexpr const char* kDescriptionHint = "Enter description of data if required";
 constexpr const char* kFabricHint = "Enter name of structural fabric";
-
-/// Sets the tab stops of a statistics box by its font: as on pictures, but narrower in a narrow
-/// box, as far as numbers and heads of columns allow.
-void FitTabStops(QPlainTextEdit& box) {
-    const QFontMetricsF metrics(box.font());
-    const double least = std::max(metrics.horizontalAdvance("-0.000 "),
-                                  metrics.horizontalAdvance(" Eigenvectors ") / 2);
-    const double margins = 2 * (box.document()->documentMargin() + box.frameWidth())
-                           + box.verticalScrollBar()->sizeHint().width();
-    const double room = (box.width() - margins - metrics.horizontalAdvance("00.000 (0.000) ")) / 3;
-    const double most = std::max(least, metrics.horizontalAdvance(kTabSample));
-    box.setTabStopDistance(std::clamp(room, least, most));
-}
-
-/// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
-void UseFont(QWidget& box, PlotFontPlace place) {
-    const PlotFont& font = gPlotFonts[place];
-    const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
-    const QColor colour(ink.red, ink.green, ink.blue);
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, colour);
-    palette.setColor(QPalette::WindowText, colour);
-    palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
-    box.setPalette(palette);
-    box.setFont(WidgetFont(font));
-}
-
-/// Keys that texts and the rows of a plot have in common: they belong to the box that is in use.
-bool IsEditingKey(const QKeyEvent& event) {
-    constexpr std::array<QKeySequence::StandardKey, 7> kKeys = {
-        QKeySequence::Copy,   QKeySequence::Cut,  QKeySequence::Paste, QKeySequence::SelectAll,
-        QKeySequence::Delete, QKeySequence::Undo, QKeySequence::Redo};
-    return std::any_of(kKeys.begin(), kKeys.end(),
-                       [&event](QKeySequence::StandardKey key) { return event.matches(key); });
-}
-
-/// Copies the selected part of a text, or the whole where none is selected.
-void CopyText(QPlainTextEdit& box) {
-    if (box.textCursor().hasSelection()) {
-        box.copy();
-    } else {
-        QGuiApplication::clipboard()->setText(box.toPlainText());
-    }
-}
-
-/// The size that a box needs to show its text without bars; empty for an empty one. Lines with tabs
-/// follow the width that there is.
-QSize SizeOfText(const QPlainTextEdit& box) {
-    if (box.document()->isEmpty()) {
-        return {};
-    }
-    const QFontMetrics metrics(box.font());
-    int width = 0;
-    for (QTextBlock line = box.document()->begin(); line.isValid(); line = line.next()) {
-        if (!line.text().contains('\t')) {
-            width = std::max(width, metrics.horizontalAdvance(line.text()));
-        }
-    }
-    const int margin = 2 * static_cast<int>(std::ceil(box.document()->documentMargin()))
-                       + 2 * box.frameWidth() + 2;
-    return {width + margin, box.document()->blockCount() * metrics.lineSpacing() + margin};
-}
 
 } // namespace
 
@@ -234,16 +157,6 @@ void frmPlotForms::SetOrder() {
                                             txtStatsBox[0], txtStatsBox[1], cmdResizeButton});
     body_->setFocusProxy(picStereoArea);
     lblNumBox->raise();
-}
-
-void frmPlotForms::ApplyFonts() {
-    UseFont(*txtDescBox, kGeneralFont);
-    UseFont(*txtFabricBox, kFabricFont);
-    for (QPlainTextEdit* box : txtStatsBox) {
-        UseFont(*box, kStatsFont);
-        FitTabStops(*box);
-    }
-    UseFont(*lblNumBox, kGeneralFont);
 }
 
 Surface& frmPlotForms::PlotSurface() {
@@ -373,69 +286,6 @@ void frmPlotForms::NameDataTab() {
                                                : "Select 1st data layer for editing");
 }
 
-PlotParts frmPlotForms::ShownParts() const {
-    const PlotRecord& record = RecordOf(Slot());
-    const auto shown = [&record](PlotLayer layer) { return record.LayerVisible[layer] != 0; };
-    PlotParts parts;
-    parts.fabric = shown(kFabricLayer);
-    parts.description = shown(kDescriptionLayer);
-    parts.legend = shown(kLegendLayer);
-    parts.number = shown(kNumberLayer);
-    const QPlainTextEdit* box = txtStatsBox[record.StatsBoxKind != 0 ? 1 : 0];
-    parts.statistics = shown(kStatisticsLayer) && !box->document()->isEmpty();
-    return parts;
-}
-
-void frmPlotForms::FollowRecord() {
-    const PlotRecord& record = RecordOf(Slot());
-    if (description_ != record.DescriptionText) {
-        description_ = record.DescriptionText;
-        SetBoxText(PlotBox::Description, description_);
-    }
-    if (fabric_ != record.FabricText) {
-        fabric_ = record.FabricText;
-        SetBoxText(PlotBox::Fabric, fabric_);
-    }
-    NameDataTab();
-    LayOut();
-}
-
-void frmPlotForms::LayOut() {
-    if (!IsOpenSlot(Slot())) {
-        return;
-    }
-    const PlotParts parts = ShownParts();
-    PlotMetrics metrics;
-    metrics.tabs = std::max(tabLayers->sizeHint().height(), cmdResizeButton->sizeHint().height());
-    metrics.line = txtFabricBox->sizeHint().height();
-    constexpr int kMargins = 2 * kLegendMargin + 2;
-    metrics.legend = legendSize_.isEmpty() ? QSize() : legendSize_ + QSize(kMargins, kMargins);
-    metrics.statistics = SizeOfText(*txtStatsBox[RecordOf(Slot()).StatsBoxKind != 0 ? 1 : 0]);
-    const PlotLayout layout = LayOutPlot(body_->size(), parts, metrics);
-    tabLayers->setGeometry(
-        QRect(layout.tabs.topLeft(), tabLayers->sizeHint()).intersected(layout.tabs));
-    shpAnnUp->setGeometry(tabLayers->geometry().right() + 4, layout.tabs.top(), metrics.tabs,
-                          metrics.tabs);
-    cmdResizeButton->setGeometry(layout.resizeButton);
-    picStereoArea->setGeometry(layout.net);
-    const bool isAdvanced = RecordOf(Slot()).StatsBoxKind != 0;
-    const auto show = [](QWidget* widget, bool shown, const QRect& rect) {
-        widget->setVisible(shown);
-        if (shown) {
-            widget->setGeometry(rect);
-        }
-    };
-    show(txtFabricBox, parts.fabric, layout.fabric);
-    show(txtDescBox, parts.description, layout.description);
-    show(picLegendBox, parts.legend, layout.legend);
-    show(lblNumBox, parts.number, layout.number);
-    show(txtStatsBox[0], parts.statistics && !isAdvanced, layout.statistics);
-    show(txtStatsBox[1], parts.statistics && isAdvanced, layout.statistics);
-    for (QPlainTextEdit* box : txtStatsBox) {
-        FitTabStops(*box);
-    }
-}
-
 void frmPlotForms::Place(const QRect& rect) {
     placing_ = true;
     setGeometry(rect);
@@ -473,88 +323,6 @@ void frmPlotForms::resizeEvent(QResizeEvent* event) {
     if (!placing_ && isVisible() && !isMinimized() && !isMaximized()) {
         Q_EMIT ResizedByHand(size());
     }
-}
-
-QWidget* frmPlotForms::BoxOf(const QObject& object) const {
-    for (QPlainTextEdit* text : {txtStatsBox[0], txtStatsBox[1], txtDescBox}) {
-        if (&object == text || &object == text->viewport()) {
-            return text;
-        }
-    }
-    if (&object == txtFabricBox) {
-        return txtFabricBox;
-    }
-    return &object == picLegendBox ? picLegendBox : nullptr;
-}
-
-void frmPlotForms::ShowBoxMenu(QWidget& box, const QPoint& at) {
-    QMenu* menu = nullptr;
-    if (&box == picLegendBox) {
-        menu = new QMenu(this);
-        menu->addAction("&Copy", this, [this] { Q_EMIT LegendCopyWanted(); });
-    } else if (&box == txtFabricBox) {
-        menu = txtFabricBox->createStandardContextMenu();
-    } else if (&box == txtDescBox) {
-        menu = txtDescBox->createStandardContextMenu();
-    } else {
-        auto& text = static_cast<QPlainTextEdit&>(box);
-        menu = new QMenu(this);
-        menu->addAction("&Copy", &text, [&text] { CopyText(text); });
-        menu->addAction("Select &All", &text, &QPlainTextEdit::selectAll);
-    }
-    menu->setObjectName("mnuBox");
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    Q_EMIT BoxMenuWanted(menu, at);
-}
-
-bool frmPlotForms::TakeKeyOfBox(QWidget& box, QKeyEvent& event) {
-    const bool isEscape = event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
-    if (event.type() == QEvent::ShortcutOverride) {
-        if (isEscape || IsEditingKey(event)) {
-            event.accept(); // or the commands of the same keys would work on the rows
-        }
-        return event.isAccepted() && IsEditingKey(event);
-    }
-    if (isEscape) {
-        picStereoArea->setFocus();
-        return true;
-    }
-    if (box.inherits("QPlainTextEdit") && event.matches(QKeySequence::Copy)) {
-        CopyText(static_cast<QPlainTextEdit&>(box));
-        return true;
-    }
-    return false;
-}
-
-bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
-    if (lblNumBox == nullptr) { // the boxes are being made
-        return QMdiSubWindow::eventFilter(object, event);
-    }
-    if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {
-        LayOut();
-    }
-    const bool isText = object == txtStatsBox[0] || object == txtStatsBox[1] || object == txtDescBox
-                        || object == txtFabricBox;
-    if (event->type() == QEvent::ContextMenu) {
-        if (QWidget* box = BoxOf(*object)) {
-            ShowBoxMenu(*box, static_cast<QContextMenuEvent*>(event)->globalPos());
-            return true;
-        }
-    }
-    const bool isKey =
-        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
-    if (isText && isKey
-        && TakeKeyOfBox(static_cast<QWidget&>(*object), static_cast<QKeyEvent&>(*event))) {
-        return true;
-    }
-    if (object == txtDescBox || object == txtFabricBox) {
-        if (event->type() == QEvent::FocusIn) {
-            Q_EMIT Hint(object == txtDescBox ? kDescriptionHint : kFabricHint);
-        } else if (event->type() == QEvent::FocusOut) {
-            Q_EMIT Hint({});
-        }
-    }
-    return QMdiSubWindow::eventFilter(object, event);
 }
 
 } // namespace quandrel

@@ -96,6 +96,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    static constexpr int kLegendMargin = 5; ///< logical pixels about the picture of the legend
+
     void MakePictures();
     void MakeTexts();
     void MakeTabs();

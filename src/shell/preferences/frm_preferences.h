@@ -2,8 +2,8 @@
 //
 // The preferences: how plots look, and the program's general options.
 //
-// The dialog works on a copy (preferences/preferences.h), in whose looks all samples are drawn; OK lets
-// it take hold, Cancel drops it.
+// The dialog works on a copy (preferences/preferences.h), in whose looks all samples are drawn; OK
+// lets it take hold, Cancel drops it.
 
 #pragma once
 

@@ -4,7 +4,6 @@
 
 #include "shell/controls/control_kit.h"
 #include "shell/controls/text_boxes.h"
-#include "shell/controls/widget_font.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/styles/sample_button.h"
 
@@ -15,17 +14,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
-#include <QImage>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <cstdint>
 
 namespace quandrel {
@@ -33,9 +28,6 @@ namespace quandrel {
 namespace {
 
 constexpr QSize kAxesRoom(124, 124);
-constexpr double kLargestSample = 13; ///< points that a font's own box has room for
-constexpr QSize kSwatch(28, 16);
-constexpr int kCaptionWidth = 86; ///< of fonts, so that the boxes of all groups are in line
 
 /// By value of gPlotAxesStyle.
 constexpr std::array<ControlText, 4> kNetCaptions = {{
@@ -51,47 +43,6 @@ constexpr std::array<ControlText, 3> kRoseCaptions = {{
     {"qudrant ticks shown", "Ticks outside the circle"},
     {"No axes shown", "Neither axes nor ticks"},
 }};
-
-/// By PlotFontPlace.
-constexpr std::array<ControlText, 10> kFontCaptions = {{
-    {"Fabric Font", "Name of the fabric, on the screen"},
-    {"Legend Font", "Legends on the screen"},
-    {"Stats Font", "Statistics on the screen"},
-    {"General Font", "Descriptions, the number of data, and texts on the net"},
-    {"InfoBar Font", "The information line at the bottom of the main window"},
-    {"DipAz Font", "The orientation under the pointer, at the bottom of the main window"},
-    {"Fabric label", "Name of the fabric, on printed pages"},
-    {"Legend", "Legends on printed pages"},
-    {"Stats", "Statistics on printed pages"},
-    {"Plot area", "Texts on the net, on printed pages"},
-}};
-
-QColor ColourOfValue(std::uint32_t value) {
-    const Colour colour = ColourFromValue(value);
-    return {colour.red, colour.green, colour.blue};
-}
-
-QString NameOf(const PlotFont& font) {
-    QString name =
-        font.font.family.empty() ? QString("Sans-serif") : QString::fromStdString(font.font.family);
-    name += QString(", %1 pt").arg(font.font.points);
-    name += font.font.bold ? ", bold" : "";
-    name += font.font.italic ? ", italic" : "";
-    return name + (font.font.underline ? ", underlined" : "");
-}
-
-/// A patch of one colour in a frame that stands out from it and from the button.
-void ShowColour(QPushButton& button, std::uint32_t value) {
-    QImage image(kSwatch, QImage::Format_RGB32);
-    image.fill(QColor(0x80, 0x80, 0x80));
-    for (int y = 1; y < kSwatch.height() - 1; ++y) {
-        for (int x = 1; x < kSwatch.width() - 1; ++x) {
-            image.setPixelColor(x, y, ColourOfValue(value));
-        }
-    }
-    button.setIcon(QPixmap::fromImage(image));
-    button.setIconSize(kSwatch);
-}
 
 } // namespace
 
@@ -189,74 +140,6 @@ QWidget* frmPreferences::MakePlotStylePage() {
     return page;
 }
 
-void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
-                             const QString& caption) {
-    const QString name = kFontCaptions[font].caption;
-    txtFontBox[font] = new QLineEdit;
-    txtFontBox[font]->setObjectName(Numbered("txtFontBox", font));
-    txtFontBox[font]->setReadOnly(true);
-    txtFontBox[font]->setAccessibleName(name);
-    txtFontBox[font]->setToolTip(kFontCaptions[font].tip);
-    txtFontBox[font]->setMinimumWidth(190);
-    cmdFont[font] = new QPushButton("Change...");
-    cmdFont[font]->setObjectName(Numbered("cmdFont", font));
-    cmdFont[font]->setAccessibleName("Change " + name);
-    cmdFontColour[font] = new QPushButton;
-    cmdFontColour[font]->setObjectName(Numbered("cmdFontColour", font));
-    cmdFontColour[font]->setAccessibleName("Colour of " + name);
-    cmdFontColour[font]->setToolTip("Colour of the text");
-    grid.addWidget(new QLabel(caption), line, 0);
-    grid.addWidget(txtFontBox[font], line, 1);
-    grid.addWidget(cmdFont[font], line, 2);
-    grid.addWidget(cmdFontColour[font], line, 3);
-}
-
-QWidget* frmPreferences::MakeFontsPage() {
-    struct Group {
-        const char* title;
-        std::size_t first;
-        std::size_t last;
-    };
-
-    constexpr std::array<Group, 4> kGroups = {
-        {{"All plots", kFabricFont, kGeneralFont},
-         {"Lower infomation bar", kInfoBarFont, kInfoBarFont},
-         {"Lower left orientation box", kDipAzFont, kDipAzFont},
-         {"Printer", kPrintFabricFont, kPrintPlotFont}}};
-    auto* page = new QWidget;
-    auto* columns = new QHBoxLayout(page);
-    auto* screen = new QVBoxLayout;
-    auto* printer = new QVBoxLayout;
-    for (const Group& group : kGroups) {
-        const bool isPrinter = group.first == kPrintFabricFont;
-        auto* box = new QGroupBox(group.title);
-        auto* grid = new QGridLayout(box);
-        grid->setColumnMinimumWidth(0, kCaptionWidth);
-        grid->setColumnStretch(1, 1);
-        int line = 0;
-        for (std::size_t font = group.first; font <= group.last; ++font) {
-            AddFont(*grid, line++, font, kFontCaptions[font].caption);
-        }
-        constexpr std::array<const char*, 2> kColours = {"b'ground", "axes/circle"};
-        constexpr std::array<const char*, 2> kTips = {"Background of plots on the screen",
-                                                      "Colour of the circle and the axes"};
-        for (std::size_t i = 0; group.first == kFabricFont && i < kColours.size(); ++i) {
-            cmdPlotColour[i] = new QPushButton;
-            cmdPlotColour[i]->setObjectName(Numbered("cmdPlotColour", i));
-            cmdPlotColour[i]->setAccessibleName(kTips[i]);
-            cmdPlotColour[i]->setToolTip(kTips[i]);
-            grid->addWidget(new QLabel(kColours[i]), line, 0);
-            grid->addWidget(cmdPlotColour[i], line++, 1, Qt::AlignLeft);
-        }
-        (isPrinter ? printer : screen)->addWidget(box);
-    }
-    screen->addStretch(1);
-    printer->addStretch(1);
-    columns->addLayout(screen, 1);
-    columns->addLayout(printer, 1);
-    return page;
-}
-
 QGroupBox* frmPreferences::MakeFolderBox() {
     auto* box = new QGroupBox("Default files directory...");
     auto* grid = new QGridLayout(box);
@@ -344,60 +227,6 @@ QWidget* frmPreferences::MakeGeneralPage() {
     return page;
 }
 
-void frmPreferences::ShowFonts() {
-    for (std::size_t i = 0; i < txtFontBox.size(); ++i) {
-        const PlotFont& font = now_.fonts[i];
-        const auto value = static_cast<std::uint32_t>(font.colour);
-        QFont sample = WidgetFont(font);
-        sample.setPointSizeF(std::min(sample.pointSizeF(), kLargestSample));
-        QPalette paper = txtFontBox[i]->palette();
-        paper.setColor(QPalette::Base, Qt::white);
-        paper.setColor(QPalette::Text, ColourOfValue(value));
-        txtFontBox[i]->setPalette(paper);
-        txtFontBox[i]->setFont(sample);
-        txtFontBox[i]->setText(NameOf(font));
-        txtFontBox[i]->setCursorPosition(0);
-        ShowColour(*cmdFontColour[i], value);
-    }
-    ShowColour(*cmdPlotColour[0], now_.plotBackColour);
-    ShowColour(*cmdPlotColour[1], now_.plotAxesColour);
-}
-
-void frmPreferences::ChooseFont(std::size_t font) {
-    const auto chosen = askFont(WidgetFont(now_.fonts[font]));
-    if (!chosen) {
-        return;
-    }
-    PlotFont& place = now_.fonts[font];
-    place.font.family = chosen->family().toStdString();
-    place.font.points = std::max(chosen->pointSizeF(), 1.0);
-    place.font.bold = chosen->bold();
-    place.font.italic = chosen->italic();
-    place.font.underline = chosen->underline();
-    place.weight = chosen->weight();
-    ShowFonts();
-    DrawPictures();
-}
-
-void frmPreferences::ChooseFontColour(std::size_t font) {
-    std::int32_t& place = now_.fonts[font].colour;
-    const Colour former = ColourFromValue(static_cast<std::uint32_t>(place));
-    if (const auto colour = askColour(former, "Colour of the text")) {
-        place = static_cast<std::int32_t>(ColourValue(*colour));
-        ShowFonts();
-    }
-}
-
-void frmPreferences::ChoosePlotColour(std::size_t which) {
-    std::uint32_t& place = which == 0 ? now_.plotBackColour : now_.plotAxesColour;
-    const QString title = which == 0 ? "Background of plots" : "Colour of circle and axes";
-    if (const auto colour = askColour(ColourFromValue(place), title)) {
-        place = ColourValue(*colour);
-        ShowFonts();
-        DrawPictures();
-    }
-}
-
 void frmPreferences::ShowFolder() {
     const bool isSet = !chkUseLastDirectory->isChecked();
     txtDirectory->setText(QString::fromStdString(now_.filesDirectory));
@@ -415,22 +244,6 @@ void frmPreferences::ChooseFolder() {
     now_.filesDirectory = folder->toStdString();
     chkUseLastDirectory->setChecked(folder->isEmpty());
     ShowFolder();
-}
-
-void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox) {
-    const auto use = [](QLabel& label, PlotFontPlace place) {
-        const PlotFont& font = gPlotFonts[place];
-        const bool isChosen = !(font.font == FontSpec{});
-        label.setFont(isChosen ? WidgetFont(font) : QFont());
-        QPalette colours;
-        if (font.colour != 0) { // black stands for the colour of the desktop's texts
-            colours.setColor(QPalette::WindowText,
-                             ColourOfValue(static_cast<std::uint32_t>(font.colour)));
-        }
-        label.setPalette(colours);
-    };
-    use(infoLine, kInfoBarFont);
-    use(orientationBox, kDipAzFont);
 }
 
 } // namespace quandrel

@@ -263,8 +263,7 @@ QGroupBox* frmPreferences::MakeLineStyles() {
                              "none");
             }
         });
-        NameCell(*cell, Numbered("panLineStyle", i),
-                 kLineStyleNames[static_cast<std::size_t>(i)]);
+        NameCell(*cell, Numbered("panLineStyle", i), kLineStyleNames[static_cast<std::size_t>(i)]);
         lineStyles_->addButton(cell, i);
         layout->addWidget(cell);
         connect(cell, &QAbstractButton::clicked, this,

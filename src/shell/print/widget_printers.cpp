@@ -2,10 +2,9 @@
 
 #include "shell/print/widget_printers.h"
 
-#include "shell/controls/control_kit.h"
-
 #include "qt/painter_page.h"
 #include "qt/pdf_printer.h"
+#include "shell/controls/control_kit.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -5,23 +5,16 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
-#include "platform/platform.h"
 #include "rose/rose_sectors.h"
 #include "shell/classes/class_boxes.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QEvent>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QTabWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -281,21 +274,6 @@ void frmRoseDiag::KindChosen() {
     SetBiasOptButtons();
 }
 
-void frmRoseDiag::FaultFound(int fault) {
-    if (!isVisible() || slot_ != gActivePlot) {
-        return;
-    }
-    const QScopedValueRollback loading(loading_, true);
-    fault_ = fault;
-    RoseSettings settings = SettingsOfControls();
-    FollowRoseFault(settings, fault);
-    Choose(optRoseType, settings.kind);
-    Choose(optRoseClassif, settings.classes);
-    EnableRoseClassifOptions();
-    EnableRoseClassifControls();
-    SetBiasOptButtons();
-}
-
 void frmRoseDiag::ShowSectorSize(double size, const QWidget* source) {
     const QScopedValueRollback loading(loading_, true);
     sectorSize_ = size;
@@ -357,77 +335,6 @@ void frmRoseDiag::Go() {
     lblRoseStatus->clear();
     Choose(optBias, ActiveRecord().RoseBiasMode); // directions have had another one
     SetBiasOptButtons();
-}
-
-QWidget* frmRoseDiag::BoxOf(RoseField field) const {
-    switch (field) {
-    case RoseField::Kind:
-        return optRoseType[0];
-    case RoseField::Classes:
-        return optRoseClassif[0];
-    case RoseField::Shape:
-        return optRoseOptions[0];
-    case RoseField::StartAngle:
-        return txtRoseStartAz;
-    case RoseField::SectorFraction:
-        return txtSectorWidth;
-    case RoseField::ZeroCircle:
-        return txtZeroCircle;
-    case RoseField::ScaleInterval:
-        return cboScaleInt->lineEdit();
-    case RoseField::BiasMode:
-        return optBias[0];
-    case RoseField::SamplePlunge:
-        return txtBias[0];
-    case RoseField::SampleTrend:
-        return txtBias[1];
-    case RoseField::MinBiasAngle:
-        return txtBias[2];
-    case RoseField::OwnLines:
-        return chkBiasAppended;
-    case RoseField::SectorSize:
-        break;
-    }
-    return txtRoseSectSize;
-}
-
-void frmRoseDiag::Mark(RoseField field, const std::string& reason) {
-    marked_ = BoxOf(field);
-    for (std::size_t page = 0; page < tabFrameRose.size(); ++page) {
-        if (tabFrameRose[page]->isAncestorOf(marked_)) {
-            tabRose->setCurrentIndex(static_cast<int>(page));
-        }
-    }
-    marked_->setFocus();
-    if (auto* box = qobject_cast<QLineEdit*>(marked_)) {
-        box->selectAll();
-    }
-    marked_->setAccessibleDescription(QString::fromStdString(reason));
-    ColourMark();
-    SetStatus(QString::fromStdString(reason));
-}
-
-void frmRoseDiag::ColourMark() {
-    if (marked_ == nullptr) {
-        return;
-    }
-    QPalette colours = palette();
-    const bool isDark = colours.color(QPalette::Base).lightness() < 128;
-    colours.setColor(QPalette::Base, isDark ? QColor(110, 30, 30) : QColor(255, 205, 205));
-    marked_->setPalette(colours);
-}
-
-void frmRoseDiag::ClearMark() {
-    if (marked_ != nullptr) {
-        marked_->setPalette({});
-        marked_->setAccessibleDescription({});
-        marked_ = nullptr;
-    }
-}
-
-void frmRoseDiag::SetStatus(const QString& text) {
-    lblRoseStatus->setText(text);
-    gPlatform.status->SetText(text.toStdString());
 }
 
 void frmRoseDiag::showEvent(QShowEvent* event) {

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+//
+// What the main window takes from the desktop: files dropped on it, its close button, its size.
+
+#include "core/messages.h"
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "mapinfo/map_link.h"
+#include "session/closing.h"
+#include "session/window_places.h"
+#include "shell/controls/faint_text.h"
+#include "shell/help/frm_help.h"
+#include "shell/main/frm_intro.h"
+#include "shell/main/geol_plot_main.h"
+#include "shell/main/qt_rect.h"
+#include "shell/main/tool_strip.h"
+#include "shell/plot/girdle_panel.h"
+#include "stereo/plot_state.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QUrl>
+
+namespace quandrel {
+
+namespace {
+
+WindowState StateOf(const QWidget& window) {
+    if (window.isMinimized()) {
+        return WindowState::Minimised;
+    }
+    return window.isMaximized() || window.isFullScreen() ? WindowState::Maximised
+                                                         : WindowState::Normal;
+}
+
+/// The files among what is dragged.
+QStringList FilesOf(const QMimeData& data) {
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
+            files << url.toLocalFile();
+        }
+    }
+    return files;
+}
+
+} // namespace
+
+void GeolPlotMain::closeEvent(QCloseEvent* event) {
+    if (gBusy || !CloseAll(Closing::Application)) {
+        event->ignore();
+        UpdatePlotState();
+        return;
+    }
+    KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
+    constexpr int kSessionGroup = 6;
+    if (!SaveSettings(kSessionGroup)) {
+        Tell("The settings of this session could not be saved.");
+    }
+    CloseMapInfoLink();
+    CloseHelp();
+    event->accept();
+}
+
+void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
+        // The files stay where they are, whatever the source proposes.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void GeolPlotMain::dropEvent(QDropEvent* event) {
+    if (gBusy) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = FilesOf(*event->mimeData());
+    // The place that the files come from waits for the drop to end; questions come after that.
+    QMetaObject::invokeMethod(
+        this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
+}
+
+void GeolPlotMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && panToolbarBox_ != nullptr) {
+        panToolbarBox_->update();
+        UseReadablePlaceholders();
+    }
+}
+
+bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
+    if (intro_ == nullptr) { // the window is being made
+        return QMainWindow::eventFilter(object, event);
+    }
+    if (object == room_->viewport() && event->type() == QEvent::Resize) {
+        PlaceIntro();
+    }
+    if (object == panGirdleBox_ && event->type() == QEvent::Close && IsOpenSlot(gActivePlot)) {
+        ShowPlotPart(kShowGirdles, false);
+        UpdateToolbar();
+    }
+    return QMainWindow::eventFilter(object, event);
+}
+
+void GeolPlotMain::PlaceIntro() {
+    intro_->resize(intro_->sizeHint());
+    const QSize room = room_->viewport()->size();
+    intro_->move((room.width() - intro_->width()) / 2,
+                 std::max((room.height() - intro_->height()) / 2, 0));
+}
+
+} // namespace quandrel

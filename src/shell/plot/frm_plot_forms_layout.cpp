@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+//
+// Which parts of a plot window are to be seen, and where.
+
+#include "core/plot_store.h"
+#include "core/settings.h"
+#include "shell/controls/picture_box.h"
+#include "shell/controls/widget_font.h"
+#include "shell/plot/frm_plot_forms.h"
+#include "stereo/text_lines.h"
+
+#include <QFontMetrics>
+#include <QFontMetricsF>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quandrel {
+
+namespace {
+
+/// Sets the tab stops of a statistics box by its font: as on pictures, but narrower in a narrow
+/// box, as far as numbers and heads of columns allow.
+void FitTabStops(QPlainTextEdit& box) {
+    const QFontMetricsF metrics(box.font());
+    const double least = std::max(metrics.horizontalAdvance("-0.000 "),
+                                  metrics.horizontalAdvance(" Eigenvectors ") / 2);
+    const double margins = 2 * (box.document()->documentMargin() + box.frameWidth())
+                           + box.verticalScrollBar()->sizeHint().width();
+    const double room = (box.width() - margins - metrics.horizontalAdvance("00.000 (0.000) ")) / 3;
+    const double most = std::max(least, metrics.horizontalAdvance(kTabSample));
+    box.setTabStopDistance(std::clamp(room, least, most));
+}
+
+/// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
+void UseFont(QWidget& box, PlotFontPlace place) {
+    const PlotFont& font = gPlotFonts[place];
+    const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
+    const QColor colour(ink.red, ink.green, ink.blue);
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, colour);
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
+    box.setPalette(palette);
+    box.setFont(WidgetFont(font));
+}
+
+/// The size that a box needs to show its text without bars; empty for an empty one. Lines with tabs
+/// follow the width that there is.
+QSize SizeOfText(const QPlainTextEdit& box) {
+    if (box.document()->isEmpty()) {
+        return {};
+    }
+    const QFontMetrics metrics(box.font());
+    int width = 0;
+    for (QTextBlock line = box.document()->begin(); line.isValid(); line = line.next()) {
+        if (!line.text().contains('\t')) {
+            width = std::max(width, metrics.horizontalAdvance(line.text()));
+        }
+    }
+    const int margin = 2 * static_cast<int>(std::ceil(box.document()->documentMargin()))
+                       + 2 * box.frameWidth() + 2;
+    return {width + margin, box.document()->blockCount() * metrics.lineSpacing() + margin};
+}
+
+} // namespace
+
+void frmPlotForms::ApplyFonts() {
+    UseFont(*txtDescBox, kGeneralFont);
+    UseFont(*txtFabricBox, kFabricFont);
+    for (QPlainTextEdit* box : txtStatsBox) {
+        UseFont(*box, kStatsFont);
+        FitTabStops(*box);
+    }
+    UseFont(*lblNumBox, kGeneralFont);
+}
+
+PlotParts frmPlotForms::ShownParts() const {
+    const PlotRecord& record = RecordOf(Slot());
+    const auto shown = [&record](PlotLayer layer) { return record.LayerVisible[layer] != 0; };
+    PlotParts parts;
+    parts.fabric = shown(kFabricLayer);
+    parts.description = shown(kDescriptionLayer);
+    parts.legend = shown(kLegendLayer);
+    parts.number = shown(kNumberLayer);
+    const QPlainTextEdit* box = txtStatsBox[record.StatsBoxKind != 0 ? 1 : 0];
+    parts.statistics = shown(kStatisticsLayer) && !box->document()->isEmpty();
+    return parts;
+}
+
+void frmPlotForms::FollowRecord() {
+    const PlotRecord& record = RecordOf(Slot());
+    if (description_ != record.DescriptionText) {
+        description_ = record.DescriptionText;
+        SetBoxText(PlotBox::Description, description_);
+    }
+    if (fabric_ != record.FabricText) {
+        fabric_ = record.FabricText;
+        SetBoxText(PlotBox::Fabric, fabric_);
+    }
+    NameDataTab();
+    LayOut();
+}
+
+void frmPlotForms::LayOut() {
+    if (!IsOpenSlot(Slot())) {
+        return;
+    }
+    const PlotParts parts = ShownParts();
+    PlotMetrics metrics;
+    metrics.tabs = std::max(tabLayers->sizeHint().height(), cmdResizeButton->sizeHint().height());
+    metrics.line = txtFabricBox->sizeHint().height();
+    constexpr int kMargins = 2 * kLegendMargin + 2;
+    metrics.legend = legendSize_.isEmpty() ? QSize() : legendSize_ + QSize(kMargins, kMargins);
+    metrics.statistics = SizeOfText(*txtStatsBox[RecordOf(Slot()).StatsBoxKind != 0 ? 1 : 0]);
+    const PlotLayout layout = LayOutPlot(body_->size(), parts, metrics);
+    tabLayers->setGeometry(
+        QRect(layout.tabs.topLeft(), tabLayers->sizeHint()).intersected(layout.tabs));
+    shpAnnUp->setGeometry(tabLayers->geometry().right() + 4, layout.tabs.top(), metrics.tabs,
+                          metrics.tabs);
+    cmdResizeButton->setGeometry(layout.resizeButton);
+    picStereoArea->setGeometry(layout.net);
+    const bool isAdvanced = RecordOf(Slot()).StatsBoxKind != 0;
+    const auto show = [](QWidget* widget, bool shown, const QRect& rect) {
+        widget->setVisible(shown);
+        if (shown) {
+            widget->setGeometry(rect);
+        }
+    };
+    show(txtFabricBox, parts.fabric, layout.fabric);
+    show(txtDescBox, parts.description, layout.description);
+    show(picLegendBox, parts.legend, layout.legend);
+    show(lblNumBox, parts.number, layout.number);
+    show(txtStatsBox[0], parts.statistics && !isAdvanced, layout.statistics);
+    show(txtStatsBox[1], parts.statistics && isAdvanced, layout.statistics);
+    for (QPlainTextEdit* box : txtStatsBox) {
+        FitTabStops(*box);
+    }
+}
+
+} // namespace quandrel
