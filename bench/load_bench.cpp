@@ -4,10 +4,10 @@
 // The floor merely reads the file and converts its columns.
 
 #include "core/data_format.h"
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
-#include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/quiet_status_line.h"

@@ -2,10 +2,10 @@
 //
 // The window: opening a file to the finished picture, and resizing with rows on the net.
 
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/selection/marquee.h"
-#include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/memory_clipboard.h"

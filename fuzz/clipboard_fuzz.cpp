@@ -5,11 +5,11 @@
 // layer and what the plot holds.
 
 #include "core/data_format.h"
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "edit/rows/paste_rows.h"
-#include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/memory_clipboard.h"

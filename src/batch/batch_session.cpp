@@ -13,6 +13,7 @@
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"

@@ -3,7 +3,7 @@
 #include "batch/print_command.h"
 
 #include "batch/key_values.h"
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"

@@ -2,7 +2,7 @@
 
 #include "batch/save_command.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/settings.h"
 #include "persistence/ascii_plot_file.h"
 

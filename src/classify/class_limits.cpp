@@ -3,7 +3,7 @@
 #include "classify/class_limits.h"
 
 #include "core/appended_number.h"
-#include "core/messages.h"
+#include "core/letter_case.h"
 #include "core/settings.h"
 #include "orientation/number_text.h"
 

@@ -2,7 +2,7 @@
 
 #include "classify/class_rule.h"
 
-#include "core/messages.h"
+#include "core/letter_case.h"
 
 #include <algorithm>
 #include <cmath>

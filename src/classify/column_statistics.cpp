@@ -3,7 +3,7 @@
 #include "classify/column_statistics.h"
 
 #include "core/appended_number.h"
-#include "core/messages.h"
+#include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "density/class_grid.h"
 #include "density/grid_geometry.h"

@@ -3,7 +3,7 @@
 #include "core/plot_store.h"
 
 #include "core/data_format.h"
-#include "core/messages.h"
+#include "core/letter_case.h"
 #include "core/row_links.h"
 #include "core/settings.h"
 #include "orientation/angles.h"

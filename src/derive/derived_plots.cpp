@@ -4,11 +4,11 @@
 
 #include "core/data_format.h"
 #include "core/messages.h"
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "input/data_rows.h"
 #include "input/plot_files.h"
 #include "orientation/angles.h"
-#include "persistence/open_plot.h"
 #include "stereo/plot_driver.h"
 
 #include <algorithm>

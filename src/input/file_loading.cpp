@@ -3,7 +3,9 @@
 #include "input/file_loading.h"
 
 #include "core/data_format.h"
+#include "core/letter_case.h"
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/result.h"
 #include "core/settings.h"

@@ -3,6 +3,7 @@
 #include "input/further_files.h"
 
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/settings.h"
 #include "platform/platform.h"
 

@@ -2,7 +2,7 @@
 
 #include "input/plot_files.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/row_links.h"
 

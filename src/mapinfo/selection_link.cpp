@@ -3,7 +3,6 @@
 #include "mapinfo/selection_link.h"
 
 #include "core/letter_case.h"
-#include "core/messages.h"
 #include "core/plot_store.h"
 #include "edit/selection/marquee.h"
 #include "mapinfo/geo_link.h"

@@ -3,6 +3,7 @@
 #include "mapinfo/table_paste.h"
 
 #include "core/messages.h"
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/history/undo.h"
@@ -15,7 +16,6 @@
 #include "mapinfo/head_file.h"
 #include "mapinfo/map_link.h"
 #include "mapinfo/table_reader.h"
-#include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
 #include "stereo/plot_driver.h"

@@ -5,6 +5,7 @@
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "core/tagged_value.h"

@@ -20,12 +20,4 @@ std::string OpenPlotFile(const std::string& command);
 /// As OpenPlotFile with "New", "Merge" or "Overlay", with a path that is known.
 std::string OpenPlotFile(const std::string& command, const std::string& path);
 
-/// A slot with a window for a new plot, made the active one. False, with a message, when all are
-/// taken.
-[[nodiscard]] bool PrepareNewPlotWindow();
-
-/// Closes the plot of a slot without asking: its window goes and its slot becomes free. The open
-/// plot with the highest slot comes into focus, or none.
-void ClosePlot(int slot);
-
 } // namespace quandrel

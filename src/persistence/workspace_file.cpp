@@ -4,6 +4,7 @@
 
 #include "core/atomic_file.h"
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/file_loading.h"

@@ -2,7 +2,7 @@
 
 #include "qt/plot_picture.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/platform.h"

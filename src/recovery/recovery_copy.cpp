@@ -4,10 +4,10 @@
 
 #include "core/data_format.h"
 #include "core/plot_fields.h"
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
-#include "persistence/open_plot.h"
 #include "stereo/plot_driver.h"
 #include "stereo/plot_stages.h"
 #include "stereo/plot_state.h"

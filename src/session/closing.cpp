@@ -2,6 +2,7 @@
 
 #include "session/closing.h"
 
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
@@ -10,7 +11,6 @@
 #include "edit/marks/small_circle_pick.h"
 #include "edit/selection/marquee.h"
 #include "persistence/ascii_plot_file.h"
-#include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "rose/rose_shown.h"
 

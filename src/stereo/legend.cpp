@@ -3,7 +3,7 @@
 #include "stereo/legend.h"
 
 #include "core/data_format.h"
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "orientation/angles.h"

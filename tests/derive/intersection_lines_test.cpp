@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_plot.h"
 #include "derive/intersection_lines.h"
 #include "orientation/vectors.h"
-#include "persistence/open_plot.h"
 #include "stereo/plot_driver.h"
 
 #include <cmath>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_plot.h"
 #include "derive/kinematic_plots.h"
-#include "persistence/open_plot.h"
 #include "stereo/plot_driver.h"
 
 #include <limits>

@@ -30,15 +30,14 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const Folders onCore = Above(ground, {"core"});
     static const Folders onStereo = Above(onCore, {"stereo"});
     static const Folders onInput = Above(onStereo, {"input"});
-    static const Folders onPersistence = Above(onInput, {"persistence"});
     static const Folders onDensity = Above(onStereo, {"density"});
     static const Folders onAll =
-        Above(onPersistence, {"rotation", "derive", "statistics", "density", "classify", "rose"});
+        Above(onInput, {"rotation", "derive", "statistics", "density", "classify", "rose"});
     static const Folders onMarks = Above(onAll, {"edit/selection", "edit/history", "edit/marks"});
     static const Folders onRows = Above(onMarks, {"edit/rows"});
     static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
     static const Folders onEdit = Above(onEdits, {"platform/scripted"});
-    static const Folders onSession = Above(onEdit, {"mapinfo", "print", "session"});
+    static const Folders onSession = Above(onEdit, {"mapinfo", "persistence", "print", "session"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"platform/scripted", {"platform"}},
@@ -51,7 +50,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"input", onStereo},
         {"rotation", onInput},
         {"persistence", onInput},
-        {"derive", onPersistence},
+        {"derive", onInput},
         {"statistics", onStereo},
         {"density", onStereo},
         {"classify", onDensity},
@@ -64,7 +63,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"edit/commands", onRows},
         {"mapinfo", onEdits},
         {"print", onEdit},
-        {"session", Above(onEdit, {"mapinfo", "print"})},
+        {"session", Above(onEdit, {"mapinfo", "persistence", "print"})},
         {"recovery", onSession},
         {"preferences", onSession},
         {"help", onCore},

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/rows/paste_rows.h"
 #include "input/plot_files.h"
 #include "link_test_base.h"
 #include "mapinfo/geo_link.h"
-#include "persistence/open_plot.h"
 
 namespace quandrel {
 namespace {

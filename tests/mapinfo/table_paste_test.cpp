@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "edit/commands/edit_menu.h"
 #include "input/line_loop.h"
 #include "input/load_report.h"
 #include "input/text_file.h"
 #include "link_test_base.h"
 #include "mapinfo/table_paste.h"
-#include "persistence/open_plot.h"
 
 #include <chrono>
 #include <random>

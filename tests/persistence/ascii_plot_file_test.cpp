@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "input/file_loading.h"
 #include "orientation/angles.h"
 #include "persistence/ascii_plot_file.h"

@@ -694,14 +694,6 @@ TEST_F(OpenPlot, TheFileCommandTakesAPathWithBlanks) {
     EXPECT_EQ(ActiveRecord().FileTitle, "my beds \xc3\xa9.txt");
 }
 
-TEST_F(OpenPlot, ClosingFreesTheSlotAndFocusesAnOpenPlot) {
-    Open("a.txt", "30\t120\n");
-    Open("b.txt", "30\t120\n");
-    ClosePlot(2);
-    EXPECT_EQ(gActivePlot, 1);
-    EXPECT_EQ(FindFreePlotSlot(), 2);
-}
-
 TEST_F(OpenPlot, AnAbortedOverlayOrMergeLeavesNoTraceOfItsFile) {
     Open("a.txt", "30\t120\n45\t270\n");
     const std::string title = ActiveRecord().PlotTitle;

@@ -3,6 +3,7 @@
 // Every file of the published sample data, read in the format that its own page tells, saved, and
 // read back; and their converted rows against vector algebra.
 
+#include "core/plot_life.h"
 #include "input/file_loading.h"
 #include "orientation/angles.h"
 #include "persistence/ascii_plot_file.h"

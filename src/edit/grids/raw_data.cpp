@@ -2,7 +2,7 @@
 
 #include "edit/grids/raw_data.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "edit/selection/marquee.h"
 #include "input/format_model.h"

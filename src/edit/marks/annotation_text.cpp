@@ -2,7 +2,7 @@
 
 #include "edit/marks/annotation_text.h"
 
-#include "core/messages.h"
+#include "core/letter_case.h"
 #include "core/settings.h"
 #include "input/parameter_line.h"
 #include "input/text_file.h"

@@ -3,7 +3,7 @@
 #include "edit/rows/clipboard_text.h"
 
 #include "core/data_format.h"
-#include "core/messages.h"
+#include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/marks/annotation_text.h"

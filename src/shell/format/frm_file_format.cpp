@@ -3,6 +3,7 @@
 #include "shell/format/frm_file_format.h"
 
 #include "core/messages.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/format_suspicions.h"

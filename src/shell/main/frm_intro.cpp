@@ -2,7 +2,7 @@
 
 #include "shell/main/frm_intro.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/settings.h"
 #include "session/start.h"
 #include "session/window_state.h"

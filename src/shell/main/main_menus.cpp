@@ -2,7 +2,7 @@
 
 #include "shell/main/main_menus.h"
 
-#include "core/messages.h"
+#include "core/path_names.h"
 #include "core/settings.h"
 #include "shell/controls/plain_tip.h"
 #include "shell/main/commands.h"

@@ -3,6 +3,7 @@
 // A hand that knows nothing: random presses, moves, keys and commands over several plots.
 
 #include "core/data_format.h"
+#include "core/plot_life.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "edit/marks/girdle_pull.h"
