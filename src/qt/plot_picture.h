@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/plot_record.h"
+#include "print/picture_layout.h"
 #include "qt/picture_file.h"
 
 #include <QImage>
@@ -13,17 +14,12 @@
 
 namespace quandrel {
 
-enum class PicturePart { WholePlot, NetAlone };
-
 struct PictureOptions {
     /// Height in pixels of a PNG. Lines, symbols and texts grow with it.
     int size = 1000;
     PicturePart part = PicturePart::WholePlot;
     std::size_t bandBytes = kBytesInBand; ///< of a large PNG, see PictureSize
 };
-
-/// Height of every picture in logical pixels; a vector file is this large, 96 to the inch.
-inline constexpr int kPictureHeight = 600;
 
 /// A file's name for the picture of a plot: that of its data with the ending .png, or its title.
 [[nodiscard]] std::string PictureName(const PlotRecord& record);
