@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The program without a screen: the engine behind commands in the words of the menus.
+//
+// Inside the folder: the command line, scripts, one file for a group of commands, the dumps.
+// Enters: the lines of a script or the options of a command line.
+// Leaves: files, pictures and JSON, an answer to each line, an exit code. Questions are answered by
+// rule; whatever would lose work is refused.
 
 #pragma once
 

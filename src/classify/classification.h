@@ -2,6 +2,12 @@
 //
 // Classes of the rows of the active plot: how each row finds its class, what it looks like then,
 // and what is told of it.
+//
+// Inside the folder: limits and names of classes, their legend, value grids, the rules of the
+// dialog.
+// Enters: appended numbers and texts of the active plot, and the user's choice of classes.
+// Leaves: the class and the symbol of each row, limits and names in the record, lines of the
+// legend, counts and percentages.
 
 #pragma once
 

@@ -6,6 +6,11 @@
 //
 // Orientations in the columns are whole degrees. Rows of a plot run from 1: the main rows, then
 // those of its overlays in order.
+//
+// This is the chief header of the folder. Enters: rows, records and settings, from loading, edits
+// and files. Leaves: the same to all who work them out or draw them. The rest of the folder is what
+// the store is made of: columns, row table, record, settings and their file, the styles, the data
+// format, messages, names of files and their safe writing.
 
 #pragma once
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Density contours of the active plot: from the counts of its grid to lines on the net.
+//
+// Inside the folder: counting in the cone, at rows and on a grid, levels, tracing, the legend.
+// Enters: orientations with their weights, a cone's half-angle, a grid's size.
+// Leaves: counts, levels and lines as values of the kernels; on the plot, symbols and contours
+// drawn on its surface. The kernels know neither plots nor surfaces.
 
 #pragma once
 

@@ -5,6 +5,10 @@
 //
 // KinematicState of a child holds the slot of its parent. IntersectionState of a parent holds the
 // slot of the plot of its intersection lines; axes can be in several plots, and have no link back.
+//
+// This is the chief header of the folder. Enters: the rows of a parent, secondary lines among them.
+// Leaves: overlays, slip arrows, kinematic axes and intersection lines, in plots of their own where
+// they are rows, and the links by which these are found and made anew.
 
 #pragma once
 

@@ -2,6 +2,10 @@
 //
 // The help as it lies in its folder: its pages with their search, its contents and its index; where
 // the folder is; and which page belongs to which window.
+//
+// Enters: pages of HTML from the help's folder, words to search, names of windows.
+// Leaves: pages and what was found in them, as values. What a page looks like is the window's
+// matter; nothing here knows plots.
 
 #pragma once
 

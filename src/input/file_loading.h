@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // From the path of a text file to the rows of the active plot.
+//
+// Inside the folder: the format of data, its dialog's rules and doubts, the decoding of bytes,
+// lines, tokens and parameter lines. Enters: bytes of a file or of the clipboard, and the format in
+// force.
+// Leaves: rows in the store with the lines that are no data, and the report of the load. A load
+// that comes to nothing changes nothing.
 
 #pragma once
 

@@ -5,6 +5,10 @@
 // There is one link at a time. What begins with the user, or with the session, is one action: all
 // calls of it are made within InMapAction, which ends the link when the session has died on the
 // way. Callbacks that come while an action is at work are not answered.
+//
+// This is the chief header of the folder. Enters: rows of map tables and what is selected in them,
+// through the port of the session. Leaves: plots of these rows, statements that select the rows of
+// a plot in the session, and which row belongs to which (geo_link.h).
 
 #pragma once
 

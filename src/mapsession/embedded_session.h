@@ -3,11 +3,14 @@
 // The map session that the program brings along: tables from files, maps and browsers of them, one
 // selection.
 //
-// It understands the statements and expressions that platform/map_session.h lists and
-//   Open Table "path"
-// and refuses everything else. How its windows look on the screen is the matter of a SessionHost:
-// it shows a window for each SessionWindow, paints maps by map_drawing.h and browsers by
-// browser_contents.h, and passes on what the mouse does.
+// It understands the statements and expressions that platform/map_session.h lists and   Open Table
+// "path" and refuses everything else. How its windows look on the screen is the matter of a
+// SessionHost: it shows a window for each SessionWindow, paints maps by map_drawing.h and browsers
+// by browser_contents.h, and passes on what the mouse does.
+//
+// This is the chief header of the folder. Enters: statements and expressions as text, tables from
+// the plug-in in mapsession/gdal, clicks of the mouse. Leaves: answers as text, windows and their
+// drawings for a host, and calls back when the selection changes. It knows nothing of plots.
 
 #pragma once
 

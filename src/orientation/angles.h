@@ -5,6 +5,10 @@
 // Angles are radians; azimuths run clockwise from north. A line is (plunge, trend), a plane (dip,
 // dip direction), a pole is a line. Plunge and dip count downward from the horizontal; a negative
 // plunge points upward. Direction cosines are along north, east and down.
+//
+// This is the chief header of the folder. Enters: angles, direction cosines, texts of numbers and
+// of compass notation. Leaves: the same in another form, or a marker of what cannot be read.
+// Nothing here keeps a state or knows a plot: every function is of its arguments alone.
 
 #pragma once
 

@@ -2,6 +2,11 @@
 //
 // Plots whole in one file, with the extension .qpx: rows, settings, results, annotations, small
 // circles, and the place of the window. The format is told in docs/file_formats.md.
+//
+// This is the chief header of the folder, which holds all files that the program writes for itself:
+// plot files, texts of plots, workspaces, and the open commands. Enters: bytes, which are never
+// trusted, or a plot of the store. Leaves: a plot in a slot, or a file that is whole; what fails
+// leaves both as they were.
 
 #pragma once
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The program's outside, met through small interfaces. One Platform record is set at start and
-// holds them all; the engine reaches the outside through gPlatform alone.
+// Inside: the program's outside, met through small interfaces (ports): prompts, status line,
+// settings, clipboard, printers, windows of plots, surfaces to draw on, a session of a map program.
+// Enters: one Platform record, filled at start by the window, the batch program or a test.
+// Leaves: nothing; the engine reaches the outside through gPlatform alone, and nobody below it
+// knows what is behind a port.
 
 #pragma once
 

@@ -5,6 +5,10 @@
 //
 // The copy is the caller's. Nothing changes until ApplyPreferences: a copy that is dropped leaves
 // no trace.
+//
+// Inside the folder: that copy, samples drawn by it, and what a changed style does to rows.
+// Enters: the settings, and what the user changes of them.
+// Leaves: settings in force and in their file, open plots drawn anew by them.
 
 #pragma once
 

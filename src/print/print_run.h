@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Printing: plots of a layout are drawn on a page by the procedures that draw them on the screen.
+//
+// Inside the folder: places on a page, texts beside a plot, the layout of a picture file.
+// Enters: open plots with the places and sizes that the user gives them, in millimetres.
+// Leaves: pages that are drawn plot by plot through the printer port, and layouts as values; the
+// screen's plots stay as they are.
 
 #pragma once
 

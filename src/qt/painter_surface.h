@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The picture surface over a QPainter: for the screen, for PNG, and for vector files.
+//
+// This is the chief header of the folder: the ports of the engine over Qt without Widgets. Inside:
+// surfaces, picture files, PDF pages, icons, settings and clipboard.
+// Enters: drawing operations and values of the engine.
+// Leaves: pixels and vectors in images and files, keys in the settings file.
 
 #pragma once
 

@@ -7,6 +7,9 @@
 // A session holds a lock on its folder. The system frees it when the process ends in whatever way,
 // so a folder without a lock belongs to nobody. A copy is a binary plot file with the plot's names
 // behind its last field: any reader of binary plot files takes it.
+//
+// Enters: the unsaved plots of the store, and the folders that other sessions left.
+// Leaves: copies in this session's folder, and after a crash the plots that the user wants back.
 
 #pragma once
 

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // The drawing of a rose from its rows to its texts: the rose branch of the plot driver.
+//
+// Inside the folder: sectors, counts, circular statistics, petals, scale, the rules of the dialog.
+// Enters: azimuths of the active plot's rows with their weights and classes, and the rose's
+// settings.
+// Leaves: petals and texts on the plot's surface, statistics in its record, lines of its legend.
+// The kernels are functions of values.
 
 #pragma once
 

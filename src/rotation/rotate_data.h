@@ -2,6 +2,10 @@
 //
 // Rotates the rows of gActivePlot in place, shows where they would go, and takes the last rotation
 // back.
+//
+// Inside the folder: the kernels of turning, tilting and unfolding, and the rules of their dialog.
+// Enters: rows of the active plot, an axis and an angle or what is to become level or upright.
+// Leaves: turned rows in the store, or a preview as points and arcs; what cannot be turned is told.
 
 #pragma once
 

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // Bringing the program up: the engine's folders are connected here, and nowhere else.
+//
+// Inside the folder: how a session starts and closes, what its menus offer, where its windows
+// stand.
+// Enters: the arguments of a command line, the settings, the state of the store.
+// Leaves: an engine that is ready, plots that are closed after the questions they call for, and the
+// state of each command as a value that window and scripts read.
 
 #pragma once
 

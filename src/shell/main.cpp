@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // quandrel: the program with its windows.
+//
+// Inside the folder: this start alone; the windows are in the rooms below it, each a library of its
+// own, with controls at the ground and main at the top (docs/architecture.md).
+// Enters: the command line. Leaves: an exit code. The ports of the engine are filled here, before
+// anything else of it is called.
 
 #include "platform/platform.h"
 #include "qt/qt_clipboard.h"

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The plot driver: every change of a plot's data or settings ends in one call of ReplotActivePlot.
+//
+// Inside the folder: the places of rows on the net, symbols, great circles, the net, the legend.
+// Enters: the rows, record and styles of gActivePlot.
+// Leaves: drawing operations on the surfaces of the plot's window, and the row table with the place
+// of each row; what folders above draw is called through plot_stages.h.
 
 #pragma once
 

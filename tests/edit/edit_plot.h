@@ -4,10 +4,10 @@
 
 #pragma once
 
-#include "edit/rows/clipboard_text.h"
-#include "edit/selection/marquee.h"
-#include "edit/rows/paste_rows.h"
 #include "edit/history/undo.h"
+#include "edit/rows/clipboard_text.h"
+#include "edit/rows/paste_rows.h"
+#include "edit/selection/marquee.h"
 #include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

@@ -16,6 +16,9 @@ namespace fs = std::filesystem;
 
 using Folders = std::set<std::string>;
 
+constexpr int kMostPairs = 12; ///< headers with their sources in a room of the windows
+constexpr int kLeastLinesOfChief = 5;
+
 /// Folders, and more of them.
 Folders Above(Folders folders, std::initializer_list<const char*> more) {
     for (const char* folder : more) {
@@ -170,6 +173,33 @@ std::map<std::string, std::vector<Include>> IncludesByFolder() {
     return found;
 }
 
+/// The chief header of each folder, by the folder tables of docs/architecture.md: rows that begin
+/// with the folder's path and the header's name, both as code.
+std::map<std::string, std::string> ChiefHeaders() {
+    std::map<std::string, std::string> chiefs;
+    std::ifstream page(fs::path(QUANDREL_SOURCE_DIR) / "docs/architecture.md");
+    for (std::string line; std::getline(page, line);) {
+        const std::size_t between = line.find("` | `");
+        const std::size_t end = line.find("` |", between + 1);
+        if (line.starts_with("| `") && between != std::string::npos && end != std::string::npos) {
+            chiefs[line.substr(3, between - 3)] = line.substr(between + 5, end - between - 5);
+        }
+    }
+    return chiefs;
+}
+
+/// Lines with words in the comment that a file opens with, the licence apart.
+int LinesOfHeadComment(const fs::path& file) {
+    int lines = 0;
+    std::ifstream stream(file);
+    std::string line;
+    std::getline(stream, line);
+    while (std::getline(stream, line) && line.starts_with("//")) {
+        lines += line.size() > 3 ? 1 : 0;
+    }
+    return lines;
+}
+
 bool IsQtHeader(const Include& include) {
     return include.angled && include.name.size() > 1 && include.name[0] == 'Q'
            && std::isupper(static_cast<unsigned char>(include.name[1])) != 0;
@@ -228,6 +258,36 @@ TEST(Layers, OnlyTheFolderOfQtPaintsWithIt) {
         for (const Include& include : includes) {
             EXPECT_FALSE(include.name == "QPainter" && folder != "qt") << include.file;
         }
+    }
+}
+
+TEST(Layers, NoRoomOfTheWindowsHoldsMoreThanTwelvePairs) {
+    std::map<std::string, std::map<std::string, int>> counts; // by room and extension
+    const fs::path root = fs::path(QUANDREL_SOURCE_DIR) / "src";
+    for (const auto& entry : fs::recursive_directory_iterator(root / "shell")) {
+        ++counts[FolderOf(fs::relative(entry.path(), root))][entry.path().extension().string()];
+    }
+    EXPECT_GT(counts.size(), 12U);
+    for (auto& [room, files] : counts) {
+        EXPECT_LE(files[".h"], kMostPairs) << room;
+        EXPECT_LE(files[".cpp"], kMostPairs) << room;
+    }
+}
+
+TEST(Layers, EveryFolderHasAChiefHeaderThatSaysWhatItIsFor) {
+    const std::map<std::string, std::string> chiefs = ChiefHeaders();
+    for (const auto& [folder, includes] : IncludesByFolder()) {
+        const auto chief = chiefs.find(folder);
+        ASSERT_NE(chief, chiefs.end()) << "docs/architecture.md has no row for " << folder;
+        const fs::path file = fs::path(QUANDREL_SOURCE_DIR) / "src" / folder / chief->second;
+        EXPECT_GE(LinesOfHeadComment(file), kLeastLinesOfChief) << file;
+    }
+}
+
+TEST(Layers, EveryFolderOfTheDocumentIsThere) {
+    const auto folders = IncludesByFolder();
+    for (const auto& [folder, chief] : ChiefHeaders()) {
+        EXPECT_TRUE(folders.contains(folder)) << folder;
     }
 }
 

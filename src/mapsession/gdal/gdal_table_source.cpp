@@ -2,6 +2,10 @@
 //
 // Tables from files of map programs, read by GDAL. This is a library of its own, loaded when a map
 // session starts, for GDAL costs a program much time and memory to begin with.
+//
+// Enters: the path of a file, from mapsession/table_plugin.h.
+// Leaves: a table source (mapsession/table_source.h) with columns, rows and shapes, or the reason
+// why there is none. No other part of the program sees GDAL.
 
 #include "mapsession/table_source.h"
 

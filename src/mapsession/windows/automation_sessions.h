@@ -2,6 +2,10 @@
 //
 // Sessions of the map program that is installed on a Windows machine, driven by automation. Built
 // on Windows alone.
+//
+// Enters: statements and expressions through the port platform/map_session.
+// Leaves: the answers of that program, and its calls back; a session that dies is an error, never
+// an exception.
 
 #pragma once
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Prompts that are answered from a script: for tests, and for the program without a screen.
+//
+// This is the chief header of the stand-ins for the outside. Inside: surfaces, forms and printers
+// that record what is done to them, a clipboard in memory, a status line that keeps its text.
+// Enters: the answers that a test or a script has queued.
+// Leaves: what was asked, drawn, shown and printed, as values that can be compared.
 
 #pragma once
 

@@ -3,10 +3,14 @@
 // The controls of classes that the classification and the rose dialog share: number of classes,
 // procedures, limits or names, what is kept outside of them, and a patch with each class's style.
 //
-// The boxes edit copies of the settings and of the styles, made by Load from what the dialog
-// gives; the plot and the style table change only when the dialog applies them. Procedures read
-// gActivePlot. One page shows at a time: limits of the appended numbers, or the types.
-// Alt keys taken: U, P, M, V.
+// The boxes edit copies of the settings and of the styles, made by Load from what the dialog gives;
+// the plot and the style table change only when the dialog applies them. Procedures read
+// gActivePlot. One page shows at a time: limits of the appended numbers, or the types. Alt keys
+// taken: U, P, M, V.
+//
+// This is the chief header of the room. Enters: class settings and styles of the dialog that holds
+// the boxes. Leaves: the edited copies, and signals that tell of each change and of a fault in a
+// box.
 
 #pragma once
 

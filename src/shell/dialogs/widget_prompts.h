@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The program's questions as windows.
+//
+// This is the chief header of the room: message boxes and file dialogs behind the port of prompts,
+// and the dialogs that stay open beside plots but need none of their windows.
+// Enters: questions of the engine, and what the user does. Leaves: answers; rotations and small
+// circles to the engine, which decides.
 
 #pragma once
 

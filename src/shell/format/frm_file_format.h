@@ -6,6 +6,9 @@
 // globals of the format change on OK alone. Control arrays have the numbers of the codes that they
 // stand for, where there are such: optPrimary[1] to [3], optPlaneConv[1] to [6], cmdDataType[1] to
 // [3], optLineConv[1] for trend first; optSecondary is in the order of its captions.
+//
+// This is the chief header of the room. Enters: the first lines of a file and the format in force.
+// Leaves: the format that the user accepted, in the globals and as an answer to the prompt.
 
 #pragma once
 

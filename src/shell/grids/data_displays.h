@@ -2,6 +2,10 @@
 //
 // The two windows that show a plot's data: the one of its files, and the one of its rows. Each is
 // made when it is first wanted.
+//
+// Inside the room: both grids over one model, rows that are picked, cells that are typed into.
+// Enters: what edit/data_grid and edit/raw_data show of a plot, and the selection.
+// Leaves: edits to edit/data_grid, and the rows that the user picks.
 
 #pragma once
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The help window: contents, index and full-text search beside the page that is read.
+//
+// This is the chief header of the room, with the keys of the help and the box about the program.
+// Enters: pages from help/help_library, names of windows, words that the user types.
+// What the pages say is written in docs/help; the library knows the page of each window.
+// Leaves: nothing but what is read; F1 opens the page of the window that has the focus.
 
 #pragma once
 

@@ -2,6 +2,11 @@
 //
 // The main window: the parent of all plot windows, with the tool strip, the menus and the status
 // line. Its handlers read a control, call one procedure and show the result.
+//
+// This is the chief header of the room: commands, menus, tool strip, status line, the intro, the
+// start.
+// Enters: the state of all commands (session/window_state), anew after each of them.
+// Leaves: calls of the engine and of the other rooms. It alone knows all rooms.
 
 #pragma once
 

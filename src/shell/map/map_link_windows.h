@@ -2,6 +2,11 @@
 //
 // The map link on the screen: the window of the link among the plots, its toolbar, and the sessions
 // that the program brings along.
+//
+// Inside the room: the windows of a session (maps, browsers, information) and the dialogs about
+// them.
+// Enters: what the embedded session draws and lists, the state of the link.
+// Leaves: clicks and commands to the session and to mapinfo/map_commands.
 
 #pragma once
 

@@ -2,6 +2,11 @@
 //
 // The window of a plot: the net, the boxes about it, and the layer under edit. It passes on what
 // the user does and shows what the plot's record says.
+//
+// Inside the room: that window with its layout, the mouse on its net (net_mouse.h), the dialogs
+// that stay open beside plots (plot_dialogs.h), the girdles' panel, windows in order.
+// Enters: drawings and texts of the engine, through the port PlotForm.
+// Leaves: presses, keys and typed texts to the engine; wishes, such as to be closed, as signals.
 
 #pragma once
 

@@ -4,6 +4,9 @@
 //
 // The dialog works on a copy (preferences/preferences.h), in whose looks all samples are drawn; OK
 // lets it take hold, Cancel drops it.
+//
+// This is the chief header of the room. Enters: the settings as a copy.
+// Leaves: the copy to ApplyPreferences at OK; nothing at Cancel.
 
 #pragma once
 

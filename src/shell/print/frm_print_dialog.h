@@ -6,6 +6,9 @@
 // The plot that cboPlotName names is the one whose size and place the boxes and sliders show, if it
 // is on the page. Sliders count tenths of a millimetre. Centre boxes: 0 from the left, 1 from the
 // top. optScale, cmdSelect, cmdOK: 0 and 1 as their captions tell.
+//
+// This is the chief header of the room. Enters: open plots and the paper of the printer.
+// Leaves: a layout to print/print_run, and the user's choice of printer (widget_printers.h).
 
 #pragma once
 

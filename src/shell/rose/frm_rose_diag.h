@@ -6,6 +6,9 @@
 // Control arrays have the numbers of the settings that they stand for: optRoseType[kind],
 // optRoseClassif[class], optRoseOptions[shape], optHistStyle[style], optSegShape[shape],
 // optBias[mode], txtBias[BiasBox]; optScale is in the order of its captions, circles first.
+//
+// This is the chief header of the room. Enters: the rose settings of the active plot.
+// Leaves: settings to rose/rose_go at GO, and marks on boxes that it refuses.
 
 #pragma once
 

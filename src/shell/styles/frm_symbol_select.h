@@ -6,6 +6,10 @@
 // The left mouse button chooses for the downward style, the right one for the upward style; keys
 // choose for the style whose option is on. The picker works on copies: what becomes of its choice
 // is the caller's business.
+//
+// This is the chief header of the room: patches and buttons that show a style, and the choice of
+// one.
+// Enters: a style of the table. Leaves: the style that the user chose, or nothing on Cancel.
 
 #pragma once
 
