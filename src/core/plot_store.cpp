@@ -6,8 +6,6 @@
 #include "core/letter_case.h"
 #include "core/row_links.h"
 #include "core/settings.h"
-#include "orientation/angles.h"
-#include "orientation/number_text.h"
 #include "platform/platform.h"
 
 #ifdef __GLIBC__
@@ -15,38 +13,15 @@
 #endif
 
 #include <algorithm>
-#include <limits>
-#include <new>
-#include <stdexcept>
 
 namespace quandrel {
 
 std::int16_t gMaxPlots = 10;
 std::int32_t gActivePlot = 0;
 bool gPlotTableFull = false;
-std::deque<PlotRecord> gPlots;
-std::vector<std::unique_ptr<PlotForm>> gPlotForm;
-std::deque<RowTable> grdData;
-std::vector<std::unique_ptr<GridValues>> gGridValues;
-std::vector<std::int16_t> gGridCount;
-std::vector<std::int16_t> gSlotLock;
-DataColumn<std::int32_t> gDataDip;
-DataColumn<std::int32_t> gDataAz;
-DataColumn<SymbolCode> gDataSymbol;
-DataColumn<SymbolCode> gDataSymbolBase;
-DataColumn<std::int32_t> gPointDensity;
-DataColumn<std::int32_t> gDataOrder;
-DataColumn<std::int32_t> gData2Dip;
-DataColumn<std::int32_t> gData2Az;
-DataColumn<std::int32_t> gAppLineDip;
-DataColumn<std::int32_t> gAppLineAz;
-DataColumn<float> gAppNumeric;
-TextColumn gAppText;
-std::vector<std::unordered_map<std::int32_t, std::string>> gErrorLines;
 std::vector<std::int32_t> gSelectionRows;
 std::int16_t gActiveLayer = kDataLayer;
 bool gBusy = false;
-std::int32_t gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
 
 namespace {
 
@@ -57,65 +32,7 @@ void GiveFreeMemoryBack() {
 #endif
 }
 
-constexpr double kNoMinimum = 999999999999999.0;
-constexpr double kNoMaximum = -999999999999999.0;
 constexpr double kTopOfDefaultClasses = 999999;
-
-template <class T>
-void GrowSlots(T& table, int highest) {
-    table.resize(static_cast<std::size_t>(highest) + 1);
-}
-
-void MakeSlots(int highest) {
-    GrowSlots(gPlots, highest);
-    GrowSlots(gPlotForm, highest);
-    GrowSlots(grdData, highest);
-    GrowSlots(gGridValues, highest);
-    GrowSlots(gGridCount, highest);
-    GrowSlots(gSlotLock, highest);
-    GrowSlots(gErrorLines, highest);
-}
-
-template <class Visitor>
-void ForEachColumn(const Visitor& visit) {
-    visit(gDataDip);
-    visit(gDataAz);
-    visit(gDataSymbol);
-    visit(gDataSymbolBase);
-    visit(gPointDensity);
-    visit(gDataOrder);
-    visit(gData2Dip);
-    visit(gData2Az);
-    visit(gAppLineDip);
-    visit(gAppLineAz);
-    visit(gAppNumeric);
-    visit(gAppText);
-}
-
-/// Grows a column of the active plot, and the rest; what has grown shrinks back when one of them
-/// fails.
-template <class Column, class... Rest>
-[[nodiscard]] bool GrowTogether(std::int32_t capacity, Column& column, Rest&... rest) {
-    const std::int32_t rows = column.RowCount(gActivePlot);
-    const std::int32_t formerCapacity = column.Capacity();
-    bool grown = capacity <= gRowLimit;
-    if (grown) {
-        try {
-            column.Grow(gActivePlot, capacity);
-        } catch (const std::bad_alloc&) {
-            grown = false;
-        } catch (const std::length_error&) {
-            grown = false;
-        }
-    }
-    if constexpr (sizeof...(Rest) > 0) {
-        grown = grown && GrowTogether(capacity, rest...);
-    }
-    if (!grown) {
-        column.Shrink(gActivePlot, rows, formerCapacity);
-    }
-    return grown;
-}
 
 void SetDefaultClasses(PlotRecord& record) {
     record.ClassTable = {};
@@ -168,58 +85,38 @@ void SetEmptyAxisItems(PlotRecord& record) {
     }
 }
 
-void TrackNumber(PlotRecord& record, double value) {
-    record.AppendedMin[0] = std::min(record.AppendedMin[0], value);
-    record.AppendedMax[0] = std::max(record.AppendedMax[0], value);
-    if (!IsEmpty(record.DistinctValues.back()[0])) {
-        return;
-    }
-    for (auto& held : record.DistinctValues) {
-        if (IsEmpty(held[0])) {
-            held[0] = value;
-            return;
-        }
-        if (NumberOf(held[0]) == value) {
-            return;
-        }
-    }
-}
-
-void TrackText(PlotRecord& record, std::string_view text) {
-    if (const std::optional<double> value = ReadNumber(text)) {
-        record.AppendedMin[1] = std::min(record.AppendedMin[1], *value);
-        record.AppendedMax[1] = std::max(record.AppendedMax[1], *value);
-    }
-    if (!IsEmpty(record.DistinctValues.back()[1])) {
-        return;
-    }
-    for (auto& held : record.DistinctValues) {
-        if (IsEmpty(held[1])) {
-            held[1] = std::string(text);
-            return;
-        }
-        if (EqualWithoutCase(std::get<std::string>(held[1]), text)) {
-            return;
-        }
-    }
-}
-
 } // namespace
+
+void PlotSlots::Resize(std::size_t count) {
+    const std::size_t former = plots_.size();
+    plots_.resize(count);
+    for (std::size_t slot = former; slot < count; ++slot) {
+        plots_[slot] = std::make_unique<Plot>();
+    }
+}
+
+Plot& PlotOf(int slot) {
+    return PlotSlots::At(static_cast<std::size_t>(slot));
+}
+
+Plot& ActivePlot() {
+    return PlotOf(gActivePlot);
+}
 
 PlotRecord& ActiveRecord() {
     return RecordOf(gActivePlot);
 }
 
 PlotRecord& RecordOf(int slot) {
-    return gPlots[static_cast<std::size_t>(slot)];
+    return PlotOf(slot).record;
 }
 
 RowTable& TableOf(int slot) {
-    return grdData.at(static_cast<std::size_t>(slot));
+    return PlotOf(slot).table;
 }
 
 PlotForm& FormOf(int slot) {
-    std::unique_ptr<PlotForm>& form = gPlotForm.at(static_cast<std::size_t>(slot));
+    std::unique_ptr<PlotForm>& form = PlotOf(slot).form;
     if (form == nullptr) {
         form = gPlatform.makePlotForm(slot);
     }
@@ -227,7 +124,7 @@ PlotForm& FormOf(int slot) {
 }
 
 int HighestSlot() {
-    return static_cast<int>(gPlots.size()) - 1;
+    return static_cast<int>(PlotSlots::Count()) - 1;
 }
 
 bool IsOpenSlot(int slot) {
@@ -243,9 +140,8 @@ int CountOpenPlots() {
 }
 
 void MakeStoreTables() {
-    MakeSlots(-1);
-    MakeSlots(0);
-    ForEachColumn([](auto& column) { column.Reset(); });
+    PlotSlots::Resize(0);
+    PlotSlots::Resize(1);
     gActivePlot = 0;
     gPlotTableFull = false;
     gSelectionRows.clear();
@@ -265,7 +161,7 @@ int FindFreePlotSlot() {
         gPlotTableFull = true;
         return -1;
     }
-    MakeSlots(HighestSlot() + 1);
+    PlotSlots::Resize(PlotSlots::Count() + 1);
     return HighestSlot();
 }
 
@@ -274,20 +170,15 @@ void ReleasePlotSlot(int slot) {
         gRowFollower.closed(slot);
     }
     SetNewFVariables(slot);
-    RecordOf(slot).PlotAnnotations.reset();
-    RecordOf(slot).PlotSmallCircles.reset();
-    RecordOf(slot).SlotFree = kTrue;
-    gGridValues[static_cast<std::size_t>(slot)].reset();
-    gGridCount[static_cast<std::size_t>(slot)] = 0;
-    gSlotLock[static_cast<std::size_t>(slot)] = 0;
-    ForEachColumn([slot](auto& column) { column.Release(slot); });
-    RowTable& table = TableOf(slot);
-    ClearRowTable(table);
-    const auto release = [](auto&... columns) { (columns.shrink_to_fit(), ...); };
-    release(table.index, table.x, table.y, table.plunge, table.trend);
-    if (static_cast<std::size_t>(slot) < gErrorLines.size()) {
-        decltype(gErrorLines)::value_type().swap(gErrorLines[static_cast<std::size_t>(slot)]);
-    }
+    Plot& plot = PlotOf(slot);
+    plot.record.PlotAnnotations.reset();
+    plot.record.PlotSmallCircles.reset();
+    plot.record.SlotFree = kTrue;
+    plot.rows = {};
+    plot.gridValues.reset();
+    plot.gridCount = 0;
+    plot.lock = 0;
+    ReleaseRowTable(plot.table);
     GiveFreeMemoryBack();
 }
 
@@ -296,8 +187,7 @@ PlotRecord NewPlotRecord() {
     record.AppNumName = gFileAppNumName;
     record.AppNonNumName = gFileAppNonNumName;
     record.StatsBoxKind = gStatsBoxKind;
-    record.AppendedMin = {kNoMinimum, kNoMinimum};
-    record.AppendedMax = {kNoMaximum, kNoMaximum};
+    ResetAppendedRange(record);
     record.DataKind = gPlotDataKind;
     record.PrimaryFormat = gPrimaryDataType;
     record.PlotKind = gPlotKind;
@@ -311,10 +201,11 @@ PlotRecord NewPlotRecord() {
 }
 
 void SetNewFVariables(int slot) {
-    const int plot = slot == 0 ? gActivePlot : slot;
-    RecordOf(plot) = NewPlotRecord();
-    ClearRowTable(TableOf(plot));
-    gErrorLines[static_cast<std::size_t>(plot)].clear();
+    Plot& plot = PlotOf(slot == 0 ? gActivePlot : slot);
+    plot.record = NewPlotRecord();
+    ClearRowTable(plot.table);
+    plot.rows.errorLines.clear();
+    plot.attachments.Clear();
 }
 
 void ResetPlotRecord(int slot) {
@@ -327,52 +218,26 @@ void ResetPlotRecord(int slot) {
 }
 
 void GrowDataColumns(int& withSecondary, std::int32_t newCapacity) {
-    const bool secondaryFollows = withSecondary != 0;
-    const std::int32_t held = gDataDip.RowCount(gActivePlot);
-    const std::int32_t capacity = newCapacity != 0 ? newCapacity : std::max(held, 1);
-    const bool grown = GrowTogether(capacity, gDataDip, gDataAz, gDataSymbol, gDataSymbolBase,
-                                    gPointDensity, gDataOrder)
-                       && (!secondaryFollows || GrowTogether(capacity, gData2Dip, gData2Az));
+    Plot& plot = ActivePlot();
+    const std::int32_t capacity =
+        newCapacity != 0 ? newCapacity : std::max(plot.rows.dip.RowCount(), 1);
+    const bool grown = GrowColumns(plot.rows, capacity, withSecondary != 0);
     withSecondary = grown ? 0 : -1;
     if (!grown) {
-        ActiveRecord().DataFull = kTrue;
+        plot.record.DataFull = kTrue;
     }
 }
 
 bool GrowAppendedColumn(AppendedColumn which) {
-    const std::int32_t capacity = std::max(gDataDip.RowCount(gActivePlot) - 1, 0);
-    switch (which) {
-    case AppendedColumn::Line:
-        return GrowTogether(capacity, gAppLineDip, gAppLineAz);
-    case AppendedColumn::Number:
-        return GrowTogether(capacity, gAppNumeric);
-    case AppendedColumn::Text:
-        return GrowTogether(capacity, gAppText);
-    }
-    return false;
+    return GrowAppendedColumn(ActivePlot().rows, which);
 }
 
 void ResetAppendedRange() {
-    PlotRecord& record = ActiveRecord();
-    record.AppendedMin = {kNoMinimum, kNoMinimum};
-    record.AppendedMax = {kNoMaximum, kNoMaximum};
-    record.DistinctValues = {};
+    ResetAppendedRange(ActiveRecord());
 }
 
 void TrackAppendedRange(std::int32_t row) {
-    PlotRecord& record = ActiveRecord();
-    if (record.HasAppendedNumeric != 0) {
-        const float number = gAppNumeric(gActivePlot, row);
-        if (number != kInvalidNumber) {
-            TrackNumber(record, static_cast<double>(number));
-        }
-    }
-    if (record.HasAppendedText != 0) {
-        const std::string_view text = gAppText(gActivePlot, row);
-        if (!text.empty()) {
-            TrackText(record, text);
-        }
-    }
+    TrackAppendedRange(ActivePlot(), row);
 }
 
 } // namespace quandrel

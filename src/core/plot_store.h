@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The plot store: the program's central memory. Every open plot is one slot; the slot indexes the
-// records, the plot windows, the row tables and the data columns. Everything reads and writes them
-// through the slot, mostly through gActivePlot.
+// The plot store: the program's central memory. Every open plot is a value of its slot (plot.h); the
+// slot also indexes views on the plots by what they hold, which are in plot_slots.h. Everything
+// reads and writes them through the slot, mostly through gActivePlot.
 //
 // Orientations in the columns are whole degrees. Rows of a plot run from 1: the main rows, then
 // those of its overlays in order.
@@ -14,18 +14,10 @@
 
 #pragma once
 
-#include "core/data_columns.h"
-#include "core/plot_record.h"
-#include "core/row_table.h"
-#include "core/style_tables.h"
-#include "platform/plot_form.h"
+#include "core/plot_rows.h"
+#include "core/plot_slots.h"
 
-#include <array>
 #include <cstdint>
-#include <deque>
-#include <memory>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace quandrel {
@@ -34,34 +26,28 @@ extern std::int16_t gMaxPlots;   ///< largest slot allowed
 extern std::int32_t gActivePlot; ///< the plot in focus, 0 when none is open
 extern bool gPlotTableFull;      ///< the last request for a slot found none
 
-extern std::deque<PlotRecord> gPlots;                    ///< slot 0 is never a plot
-extern std::vector<std::unique_ptr<PlotForm>> gPlotForm; ///< empty where no window was made
-extern std::deque<RowTable> grdData;                     ///< the plotted rows of each slot
+// The parts of the plots by their slots. All are views on the plots.
 
-/// Layers of gGridValues.
-enum GridLayer : std::size_t { kMeanLayer = 0, kCumulativeLayer = 1 };
+inline constexpr SlotView<&Plot::record> gPlots;  ///< slot 0 is never a plot
+inline constexpr SlotView<&Plot::form> gPlotForm; ///< empty where no window was made
+inline constexpr SlotView<&Plot::table> grdData;  ///< the plotted rows of each slot
+inline constexpr SlotView<&Plot::gridValues> gGridValues;
+inline constexpr SlotView<&Plot::gridCount> gGridCount; ///< non-zero where gGridValues holds data
+inline constexpr SlotView<&Plot::lock> gSlotLock;
+inline constexpr SlotView<&Plot::rows, &PlotRows::errorLines> gErrorLines;
 
-/// Grids of appended numbers over the net: mean and sum at each node, [layer][column][row].
-using GridValues = std::array<Table<double, kGridNodes, kGridNodes>, 2>;
-extern std::vector<std::unique_ptr<GridValues>> gGridValues; ///< made on first use
-extern std::vector<std::int16_t> gGridCount; ///< non-zero where gGridValues of the slot holds data
-extern std::vector<std::int16_t> gSlotLock;
-
-extern DataColumn<std::int32_t> gDataDip;      ///< dip or plunge; kErrorRow marks an error row
-extern DataColumn<std::int32_t> gDataAz;       ///< dip direction, trend, or direction
-extern DataColumn<SymbolCode> gDataSymbol;     ///< what is drawn
-extern DataColumn<SymbolCode> gDataSymbolBase; ///< what it goes back to
-extern DataColumn<std::int32_t> gPointDensity; ///< density band of the row, 0 until counted
-extern DataColumn<std::int32_t> gDataOrder;    ///< index of the row as it was loaded
-extern DataColumn<std::int32_t> gData2Dip;     ///< secondary orientation, made on demand
-extern DataColumn<std::int32_t> gData2Az;
-extern DataColumn<std::int32_t> gAppLineDip; ///< appended line; kInvalidAppendedLine is invalid
-extern DataColumn<std::int32_t> gAppLineAz;
-extern DataColumn<float> gAppNumeric; ///< appended number; kInvalidNumber is invalid
-extern TextColumn gAppText;           ///< appended text; empty is invalid
-
-/// The line of text behind each error row of a slot, as it stood in the file.
-extern std::vector<std::unordered_map<std::int32_t, std::string>> gErrorLines;
+inline constexpr DataColumn gDataDip(&PlotRows::dip);
+inline constexpr DataColumn gDataAz(&PlotRows::azimuth);
+inline constexpr DataColumn gDataSymbol(&PlotRows::symbol);
+inline constexpr DataColumn gDataSymbolBase(&PlotRows::symbolBase);
+inline constexpr DataColumn gPointDensity(&PlotRows::pointDensity);
+inline constexpr DataColumn gDataOrder(&PlotRows::order);
+inline constexpr DataColumn gData2Dip(&PlotRows::dip2);
+inline constexpr DataColumn gData2Az(&PlotRows::azimuth2);
+inline constexpr DataColumn gAppLineDip(&PlotRows::lineDip);
+inline constexpr DataColumn gAppLineAz(&PlotRows::lineAzimuth);
+inline constexpr DataColumn gAppNumeric(&PlotRows::number);
+inline constexpr TextColumn gAppText;
 
 /// The list of selected data rows: point indices of gActivePlot.
 extern std::vector<std::int32_t> gSelectionRows;
@@ -90,6 +76,12 @@ public:
 private:
     std::int32_t former_;
 };
+
+/// The plot of a slot. The slot must have been made.
+[[nodiscard]] Plot& PlotOf(int slot);
+
+/// The plot in focus. gActivePlot must be a slot.
+[[nodiscard]] Plot& ActivePlot();
 
 /// The record of the plot in focus. gActivePlot must be a slot.
 [[nodiscard]] PlotRecord& ActiveRecord();
@@ -139,13 +131,8 @@ void ResetPlotRecord(int slot);
 ///     grown
 void GrowDataColumns(int& withSecondary, std::int32_t newCapacity = 0);
 
-enum class AppendedColumn { Line = 0, Number = 1, Text = 2 };
-
 /// Lets an appended column of gActivePlot hold as many rows as gDataDip. False when memory ran out.
 [[nodiscard]] bool GrowAppendedColumn(AppendedColumn which);
-
-/// The most rows that a column may hold; growing beyond counts as out of memory.
-extern std::int32_t gRowLimit;
 
 /// Forgets range and distinct values of the appended data of gActivePlot.
 void ResetAppendedRange();

@@ -55,12 +55,32 @@ void ClearRowTable(RowTable& table) {
     ResizeRowTable(table, 0);
 }
 
+void ReleaseRowTable(RowTable& table) {
+    ClearRowTable(table);
+    const auto release = [](auto&... columns) { (columns.shrink_to_fit(), ...); };
+    release(table.index, table.x, table.y, table.plunge, table.trend);
+}
+
 void AppendRow(RowTable& table, const PlottedRow& row) {
     table.index.push_back(row.index);
     table.x.push_back(row.x);
     table.y.push_back(row.y);
     table.plunge.push_back(row.plunge);
     table.trend.push_back(row.trend);
+    MarkChanged(table);
+}
+
+void AppendRows(RowTable& table, const RowTable& block, std::int32_t last) {
+    for (const std::int32_t index : block.index) {
+        table.index.push_back(last + index);
+    }
+    const auto append = [](auto& to, const auto& from) {
+        to.insert(to.end(), from.begin(), from.end());
+    };
+    append(table.x, block.x);
+    append(table.y, block.y);
+    append(table.plunge, block.plunge);
+    append(table.trend, block.trend);
     MarkChanged(table);
 }
 

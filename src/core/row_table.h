@@ -42,7 +42,11 @@ struct RowTable {
 [[nodiscard]] bool IsErrorRow(double plunge);
 
 void ClearRowTable(RowTable& table);
+/// As ClearRowTable, and gives the memory back.
+void ReleaseRowTable(RowTable& table);
 void AppendRow(RowTable& table, const PlottedRow& row);
+/// Appends the lines of a block, whose point indices are counted from the row after `last`.
+void AppendRows(RowTable& table, const RowTable& block, std::int32_t last);
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
 /// Takes memory for rows to come, if it is there.
 void ReserveRows(RowTable& table, std::size_t rows);

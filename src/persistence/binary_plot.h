@@ -16,7 +16,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace quandrel {
@@ -37,15 +36,15 @@ struct BinaryRow {
 
 /// What a binary plot file holds.
 struct BinaryPlot {
-    int version = 0;                ///< ten times the version: 70, 71, ... 95
-    bool hasFrequencyField = false; ///< versions from 9.44 on
-    std::string versionText;        ///< "9.5"
-    std::string fullVersion;        ///< "9.51", without blanks; empty before 9.4 or left blank
-    bool isLater = false;           ///< saved by a version later than this one
-    PlotRecord record;              ///< what the file does not tell is that of an empty plot
-    std::vector<BinaryRow> rows;    ///< the main rows, then those of the overlays
-    std::vector<std::string> texts; ///< appended texts of the main rows, or empty
-    std::unordered_map<std::int32_t, std::string> errorLines; ///< of rows that are no data
+    int version = 0;                 ///< ten times the version: 70, 71, ... 95
+    bool hasFrequencyField = false;  ///< versions from 9.44 on
+    std::string versionText;         ///< "9.5"
+    std::string fullVersion;         ///< "9.51", without blanks; empty before 9.4 or left blank
+    bool isLater = false;            ///< saved by a version later than this one
+    PlotRecord record;               ///< what the file does not tell is that of an empty plot
+    std::vector<BinaryRow> rows;     ///< the main rows, then those of the overlays
+    std::vector<std::string> texts;  ///< appended texts of the main rows, or empty
+    ErrorLines errorLines;           ///< of rows that are no data
     std::vector<std::int32_t> table; ///< rows in the order of the row table, as the file tells it
     std::int16_t gridCount = 0;
     std::unique_ptr<GridValues> gridValues; ///< of a grid count other than 0

@@ -131,7 +131,7 @@ double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) 
     asked.HasAppendedLine = record.HasAppendedLine;
     asked.HasAppendedNumeric = record.HasAppendedNumeric;
     asked.HasAppendedText = record.HasAppendedText;
-    asked.NumData = record.NumData;
+    SetCounts(asked, CountsOf(record));
     asked.ClassTable = record.ClassTable;
     Write(settings, asked);
     RoseTables tables = TablesOfRose(asked);

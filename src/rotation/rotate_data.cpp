@@ -55,8 +55,8 @@ void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& change
     changes.push_back(change);
 }
 
-void StoreColumns(const std::vector<ShownOrientation>& rows, DataColumn<std::int32_t>& dips,
-                  DataColumn<std::int32_t>& azimuths) {
+void StoreColumns(const std::vector<ShownOrientation>& rows, const DataColumn<std::int32_t>& dips,
+                  const DataColumn<std::int32_t>& azimuths) {
     const auto last = static_cast<std::int32_t>(rows.size()) - 1;
     for (std::int32_t row = 1; row <= last; ++row) {
         // Rows beyond a column's end were read as nothing, and stay so.

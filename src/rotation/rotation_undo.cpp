@@ -19,7 +19,7 @@ namespace {
 
 std::optional<RotationMemory> gLastRotation;
 
-std::array<DataColumn<std::int32_t>*, 6> OrientationColumns() {
+std::array<const DataColumn<std::int32_t>*, 6> OrientationColumns() {
     return {&gDataDip, &gDataAz, &gData2Dip, &gData2Az, &gAppLineDip, &gAppLineAz};
 }
 
@@ -49,7 +49,8 @@ std::uint64_t FingerprintOf(int slot) {
     return mix;
 }
 
-void WriteBack(const std::vector<std::int32_t>& cells, DataColumn<std::int32_t>& column, int slot) {
+void WriteBack(const std::vector<std::int32_t>& cells, const DataColumn<std::int32_t>& column,
+               int slot) {
     for (std::size_t row = 1; row < cells.size(); ++row) {
         column.At(slot, static_cast<std::int32_t>(row)) = cells[row];
     }

@@ -12,7 +12,7 @@ AxisStatistics StatisticsOfAxes(AxisKind kind) {
     AxisStatistics axes;
     axes.lines = DistinctLinesOfAxes(gActivePlot, kind);
     axes.record.DataKind = ActiveRecord().DataKind;
-    axes.record.NumValidData = CountOfLines(axes.lines);
+    SetCountOfValid(axes.record, CountOfLines(axes.lines));
     StoreFabricStatistics(axes.record, axes.lines);
     return axes;
 }

@@ -55,7 +55,7 @@ std::string ConfidenceConeText() {
     const std::string text = name + "axis " + DegreesText(axis.plunge) + " - "
                              + DegreesText(axis.trend) + " (plunge - trend), semi-angle " + angle;
     PlotRecord textbook;
-    textbook.NumValidData = record.NumValidData;
+    SetCountOfValid(textbook, record.NumValidData);
     textbook.FabricValueC = StandardErrorOfActivePlot(Formulas::Textbook);
     const std::string other = AngleText(ConfidenceConeAngle(textbook, Formulas::Textbook));
     return other == angle ? text : text + "\n" + TextbookNote(other);

@@ -8,7 +8,9 @@
 #include "orientation/projection.h"
 
 #include <array>
+#include <atomic>
 #include <cmath>
+#include <limits>
 #include <memory>
 
 namespace quandrel {
@@ -18,26 +20,33 @@ namespace {
 constexpr std::size_t kPlunges = 91;
 constexpr std::size_t kTrends = 361;
 
-/// The line that is plotted for a whole-degree line, and its place.
-struct WholeDegreeLine {
-    std::int16_t x = 0;
-    std::int16_t y = 0;
-    bool known = false;
+/// Where a line falls. No line falls on the default.
+struct NetPlace {
+    std::int16_t x = std::numeric_limits<std::int16_t>::max();
+    std::int16_t y = std::numeric_limits<std::int16_t>::max();
+
+    friend bool operator==(const NetPlace&, const NetPlace&) = default;
 };
 
-using WholeDegreeLines = std::array<std::array<WholeDegreeLine, kTrends>, kPlunges>;
+// Threads that parse rows ask for places, too. A place is one word and always the same, so that
+// it does not matter which of them finds it first.
+using SharedPlace = std::atomic<NetPlace>;
+static_assert(SharedPlace::is_always_lock_free);
+
+using WholeDegreePlaces = std::array<std::array<SharedPlace, kTrends>, kPlunges>;
 
 /// Place of a downward whole-degree line. There are few of them, so each is worked out once.
-WholeDegreeLine PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
-    static const auto known = std::make_unique<std::array<WholeDegreeLines, 2>>();
+NetPlace PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
+    static const auto known = std::make_unique<std::array<WholeDegreePlaces, 2>>();
     const std::size_t projection = plotKind == kEqualAngle ? 1 : 0;
-    WholeDegreeLine& line =
+    SharedPlace& shared =
         (*known)[projection][static_cast<std::size_t>(plunge)][static_cast<std::size_t>(trend)];
-    if (!line.known) {
-        ProjectPointInt(plotKind, DegToRad(plunge), DegToRad(trend), line.x, line.y);
-        line.known = true;
+    NetPlace place = shared.load(std::memory_order_relaxed);
+    if (place == NetPlace{}) {
+        ProjectPointInt(plotKind, DegToRad(plunge), DegToRad(trend), place.x, place.y);
+        shared.store(place, std::memory_order_relaxed);
     }
-    return line;
+    return place;
 }
 
 /// DegToRad of whole degrees from -360 to 360, without its division.
@@ -75,28 +84,6 @@ ShownOrientation PoleInDegrees(ShownOrientation plane) {
     return {90 - std::abs(plane.dip), trend};
 }
 
-std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay) {
-    std::int32_t first = record.NumData + 1;
-    for (int k = 1; k < overlay; ++k) {
-        first += record.OverlayRows[static_cast<std::size_t>(k)];
-    }
-    return first;
-}
-
-int OverlayOfRow(const PlotRecord& record, std::int32_t row) {
-    if (row <= record.NumData) {
-        return 0;
-    }
-    std::int32_t end = record.NumData;
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
-        end += record.OverlayRows[static_cast<std::size_t>(overlay)];
-        if (row <= end) {
-            return overlay;
-        }
-    }
-    return record.OverlayRows[0];
-}
-
 bool ShowsPlaneData(const PlotRecord& record) {
     return record.ShowSecondary != 0 ? record.SecondaryFormat == kSecondaryPlane
                                      : record.PrimaryFormat == kPrimaryPlane;
@@ -127,7 +114,7 @@ PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
         return {index, 0, 0, kErrorRow, 0};
     }
     const ShownOrientation line = asPole ? PoleInDegrees(shown) : shown;
-    const WholeDegreeLine place = PlaceOf(plotKind, std::abs(line.dip), line.azimuth);
+    const NetPlace place = PlaceOf(plotKind, std::abs(line.dip), line.azimuth);
     return {index, place.x, place.y, RadiansOf(line.dip), RadiansOf(line.azimuth)};
 }
 

@@ -5,18 +5,12 @@
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/plot_rows.h"
 #include "core/row_table.h"
 
 #include <cstdint>
 
 namespace quandrel {
-
-/// The overlay that a row of a plot belongs to, or 0 for a main row.
-[[nodiscard]] int OverlayOfRow(const PlotRecord& record, std::int32_t row);
-
-/// The first row of an overlay 1 to OverlayRows[0].
-[[nodiscard]] std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay);
 
 /// True when the set of the main rows that is shown was measured as planes.
 [[nodiscard]] bool ShowsPlaneData(const PlotRecord& record);

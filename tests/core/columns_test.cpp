@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_columns.h"
+#include "core/plot_slots.h"
 #include "core/row_table.h"
 #include "orientation/angles.h"
 
@@ -10,39 +10,67 @@
 namespace quandrel {
 namespace {
 
-TEST(TextColumn, KeepsTheLastTextOfEveryRowThroughManyWrites) {
-    TextColumn column;
-    column.Grow(1, 300);
+TEST(RowTexts, KeepsTheLastTextOfEveryRowThroughManyWrites) {
+    RowTexts column;
+    column.Grow(300);
     std::vector<std::string> expected(301);
     std::mt19937 random(7);
     for (int write = 0; write < 20000; ++write) {
         const auto row = static_cast<std::int32_t>(1 + random() % 300);
         const std::string text(random() % 20, static_cast<char>('a' + random() % 26));
-        column.Set(1, row, text);
+        column.Set(row, text);
         expected[static_cast<std::size_t>(row)] = text;
     }
     for (std::int32_t row = 1; row <= 300; ++row) {
-        EXPECT_EQ(column(1, row), expected[static_cast<std::size_t>(row)]) << row;
+        EXPECT_EQ(column(row), expected[static_cast<std::size_t>(row)]) << row;
     }
 }
 
-TEST(TextColumn, ARowNeverWrittenIsEmpty) {
-    TextColumn column;
-    column.Grow(2, 5);
-    EXPECT_EQ(column(2, 3), "");
-    EXPECT_EQ(column(9, 9), "");
+TEST(RowTexts, ARowNeverWrittenIsEmpty) {
+    RowTexts column;
+    column.Grow(5);
+    EXPECT_EQ(column(3), "");
+    EXPECT_EQ(column(9), "");
 }
 
-TEST(DataColumn, AGrowthThatIsTakenBackLeavesNoTrace) {
-    DataColumn<int> column;
-    column.Grow(2, 10);
-    column.At(2, 10) = 7;
-    column.Grow(2, 100);
-    column.Shrink(2, 11, 10);
-    EXPECT_EQ(column.RowCount(2), 11);
-    EXPECT_EQ(column.Capacity(), 10);
-    EXPECT_EQ(column(2, 10), 7);
-    EXPECT_EQ(column(2, 11), 0);
+TEST(RowColumn, AGrowthThatIsTakenBackLeavesNoTrace) {
+    RowColumn<int> column;
+    column.Grow(10);
+    column.At(10) = 7;
+    column.Grow(100);
+    column.Shrink(11);
+    EXPECT_EQ(column.RowCount(), 11);
+    EXPECT_EQ(column(10), 7);
+    EXPECT_EQ(column(11), 0);
+}
+
+TEST(RowColumn, ReleasedCellsReadAsTheDefault) {
+    RowColumn<int> column;
+    column.Grow(10);
+    column.At(10) = 7;
+    column.Release();
+    EXPECT_EQ(column.RowCount(), 0);
+    EXPECT_EQ(column(10), 0);
+}
+
+TEST(PlotAttachments, HoldsAValueOfEachTypeUntilItIsDropped) {
+    struct Count {
+        int value = 3;
+    };
+
+    PlotAttachments attachments;
+    EXPECT_EQ(attachments.Find<Count>(), nullptr);
+    Count& count = attachments.Of<Count>();
+    EXPECT_EQ(count.value, 3);
+    count.value = 5;
+    attachments.Of<std::string>() = "text";
+    EXPECT_EQ(&attachments.Of<Count>(), &count);
+    EXPECT_EQ(attachments.Find<Count>()->value, 5);
+    attachments.Drop<Count>();
+    EXPECT_EQ(attachments.Find<Count>(), nullptr);
+    EXPECT_EQ(*attachments.Find<std::string>(), "text");
+    attachments.Clear();
+    EXPECT_EQ(attachments.Find<std::string>(), nullptr);
 }
 
 TEST(RowTable, SortsTheMainRowsByXAndLeavesTheRest) {

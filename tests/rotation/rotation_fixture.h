@@ -125,8 +125,8 @@ protected:
         Store(rows, gAppLineDip, gAppLineAz);
     }
 
-    static void Store(const std::vector<Pair>& rows, DataColumn<std::int32_t>& dips,
-                      DataColumn<std::int32_t>& azimuths) {
+    static void Store(const std::vector<Pair>& rows, const DataColumn<std::int32_t>& dips,
+                      const DataColumn<std::int32_t>& azimuths) {
         for (std::size_t i = 0; i < rows.size(); ++i) {
             dips.At(gActivePlot, static_cast<std::int32_t>(i) + 1) = rows[i].first;
             azimuths.At(gActivePlot, static_cast<std::int32_t>(i) + 1) = rows[i].second;

@@ -72,7 +72,7 @@ void TakeFormats(PlotRecord& record, const RowSettings& settings) {
     record.HasAppendedText = settings.hasAppendedText;
     record.AppNumName = settings.numberName;
     record.AppNonNumName = settings.textName;
-    if (isOtherFormat || record.NumLoadedData == 0 || settings.numLoadedData == 0) {
+    if (isOtherFormat || record.NumLoadedData == 0 || settings.counts.all == 0) {
         record.ShowSecondary = settings.showSecondary;
         record.DataKind = settings.dataKind;
         record.PlotKind = settings.plotKind;
@@ -83,9 +83,7 @@ void TakeFormats(PlotRecord& record, const RowSettings& settings) {
 
 RowSettings SettingsOfRows(const PlotRecord& record) {
     RowSettings settings;
-    settings.numValidData = record.NumValidData;
-    settings.numData = record.NumData;
-    settings.numLoadedData = record.NumLoadedData;
+    settings.counts = CountsOf(record);
     settings.primaryFormat = record.PrimaryFormat;
     settings.secondaryFormat = record.SecondaryFormat;
     settings.showSecondary = record.ShowSecondary;
@@ -103,8 +101,6 @@ RowSettings SettingsOfRows(const PlotRecord& record) {
     settings.numberName = record.AppNumName;
     settings.textName = record.AppNonNumName;
     settings.axesTitle = record.AxesTitle;
-    settings.overlayRows = record.OverlayRows;
-    settings.overlayKind = record.OverlayKind;
     settings.overlayFiles = record.OverlayFiles;
     settings.appendedMin = record.AppendedMin;
     settings.appendedMax = record.AppendedMax;
@@ -114,14 +110,10 @@ RowSettings SettingsOfRows(const PlotRecord& record) {
 
 void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings) {
     TakeFormats(record, settings);
-    record.NumValidData = settings.numValidData;
-    record.NumData = settings.numData;
-    record.NumLoadedData = settings.numLoadedData;
+    SetCounts(record, settings.counts);
     record.SelectedOverlay = settings.selectedOverlay;
     record.DataFull = settings.dataFull;
     record.AxesTitle = settings.axesTitle;
-    record.OverlayRows = settings.overlayRows;
-    record.OverlayKind = settings.overlayKind;
     TakeOverlayFiles(record, settings);
     record.AppendedMin = settings.appendedMin;
     record.AppendedMax = settings.appendedMax;
@@ -139,7 +131,7 @@ KeptRows KeepRows(int slot) {
         std::ranges::transform(cells, kept.cells[place].begin(),
                                [](auto cell) { return BitsOf(cell); });
     });
-    const std::int32_t texts = std::min(gAppText.RowCount(slot), kept.settings.numLoadedData + 1);
+    const std::int32_t texts = std::min(gAppText.RowCount(slot), kept.settings.counts.all + 1);
     kept.texts.reserve(static_cast<std::size_t>(texts));
     for (std::int32_t row = 0; row < texts; ++row) {
         kept.texts.emplace_back(gAppText(slot, row));

@@ -5,7 +5,6 @@
 
 #pragma once
 
-#include "core/plot_record.h"
 #include "core/plot_store.h"
 
 #include <array>
@@ -14,16 +13,13 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace quandrel {
 
 /// What the record of a plot says of its rows.
 struct RowSettings {
-    std::int32_t numValidData = 0;
-    std::int32_t numData = 0;
-    std::int32_t numLoadedData = 0;
+    RowCounts counts;
     std::int16_t primaryFormat = 0;
     std::int16_t secondaryFormat = 0;
     std::int16_t showSecondary = 0;
@@ -41,8 +37,6 @@ struct RowSettings {
     std::string axesTitle;
     std::string plotTitle;
     std::vector<std::string> fileNames;
-    std::array<std::int32_t, kMaxOverlays + 1> overlayRows{};
-    std::array<std::int16_t, kMaxOverlays + 1> overlayKind{};
     std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
     std::array<double, 2> appendedMin{};
     std::array<double, 2> appendedMax{};
@@ -86,7 +80,7 @@ struct KeptRows {
     RowSettings settings;
     std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< BitsOf
     std::vector<std::string> texts;
-    std::unordered_map<std::int32_t, std::string> errorLines;
+    ErrorLines errorLines;
     std::shared_ptr<const void> links; ///< what gRowFollower knew of them
 };
 

@@ -31,8 +31,6 @@ const std::string& KeptText(const KeptRows& kept, std::int32_t row) {
     return place < kept.texts.size() ? kept.texts[place] : none;
 }
 
-using ErrorLines = std::unordered_map<std::int32_t, std::string>;
-
 std::optional<std::string> LineOf(const ErrorLines& lines, std::int32_t row) {
     const auto found = lines.find(row);
     return found == lines.end() ? std::nullopt : std::optional(found->second);
@@ -60,7 +58,7 @@ void SetText(int slot, std::int32_t row, const std::string& text) {
 }
 
 template <class T>
-void WriteCell(DataColumn<T>& column, int slot, std::int32_t row, std::uint32_t bits) {
+void WriteCell(const DataColumn<T>& column, int slot, std::int32_t row, std::uint32_t bits) {
     column.At(slot, row) = std::bit_cast<T>(bits);
 }
 
@@ -148,7 +146,7 @@ void RowChange::Complete(int slot) {
     const std::unique_ptr<KeptRows> before = std::move(before_);
     settings_ = std::move(before->settings);
     const PlotRecord& record = RecordOf(slot);
-    const RowPairing pairing = PairRows(settings_.numLoadedData, record.NumLoadedData,
+    const RowPairing pairing = PairRows(settings_.counts.all, record.NumLoadedData,
                                         [&](std::int32_t former, std::int32_t row) {
                                             return IsSameRow(slot, row, *before, former);
                                         });
@@ -412,7 +410,7 @@ std::size_t RowChange::Bytes() const {
         bytes += BytesBeside(held.text);
     }
     if (links_ != nullptr) {
-        bytes += static_cast<std::size_t>(settings_.numLoadedData) * kBytesOfLinkedRow;
+        bytes += static_cast<std::size_t>(settings_.counts.all) * kBytesOfLinkedRow;
     }
     return bytes;
 }

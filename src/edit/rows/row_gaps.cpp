@@ -3,6 +3,7 @@
 #include "edit/rows/row_gaps.h"
 
 #include "core/plot_store.h"
+#include "core/row_removal.h"
 #include "edit/rows/kept_rows.h"
 
 #include <algorithm>
@@ -14,22 +15,8 @@ namespace quandrel {
 
 namespace {
 
-using ErrorLines = std::unordered_map<std::int32_t, std::string>;
-
-/// Moves the row of the i-th place of a list to row i + 1.
-void MoveUp(TextColumn& column, int slot, std::span<const std::int32_t> stay) {
-    const std::int32_t last =
-        std::min(column.RowCount(slot) - 1, static_cast<std::int32_t>(stay.size()));
-    for (std::int32_t row = 1; row <= last; ++row) {
-        const std::int32_t from = stay[static_cast<std::size_t>(row) - 1];
-        if (row != from) {
-            column.Set(slot, row, std::string(column(slot, from)));
-        }
-    }
-}
-
 /// Moves row i + 1 to the row of the i-th place of a list; the others become empty.
-void MoveDown(TextColumn& column, int slot, std::span<const std::int32_t> stay,
+void MoveDown(const TextColumn& column, int slot, std::span<const std::int32_t> stay,
               std::span<const std::int32_t> others, std::int32_t count) {
     if (column.RowCount(slot) == 0) {
         return;
@@ -63,25 +50,7 @@ std::vector<std::int32_t> RowsBeside(std::span<const std::int32_t> others, std::
 }
 
 void CloseGaps(int slot, std::span<const std::int32_t> rows, std::int32_t count) {
-    const std::vector<std::int32_t> stay = RowsBeside(rows, count);
-    ForEachColumn([&](auto& column, std::size_t) {
-        const std::int32_t end = column.RowCount(slot);
-        // A column may be shorter than the plot: what it does not hold reads as the default.
-        const std::int32_t last = std::min(end - 1, static_cast<std::int32_t>(stay.size()));
-        for (std::int32_t row = 1; row <= last; ++row) {
-            column.At(slot, row) = column(slot, stay[static_cast<std::size_t>(row) - 1]);
-        }
-    });
-    MoveUp(gAppText, slot, stay);
-    ErrorLines& lines = gErrorLines[static_cast<std::size_t>(slot)];
-    ErrorLines renumbered;
-    for (auto& [row, line] : lines) {
-        const auto place = std::ranges::lower_bound(stay, row);
-        if (place != stay.end() && *place == row) {
-            renumbered[static_cast<std::int32_t>(place - stay.begin()) + 1] = std::move(line);
-        }
-    }
-    lines = std::move(renumbered);
+    RemoveCells(PlotOf(slot).rows, count, rows);
 }
 
 void OpenGaps(int slot, std::span<const std::int32_t> rows, std::int32_t count) {

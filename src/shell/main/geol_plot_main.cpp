@@ -104,8 +104,8 @@ GeolPlotMain::GeolPlotMain()
 GeolPlotMain::~GeolPlotMain() {
     mapLink_.reset();
     // Plot windows belong to the store, and must not outlive the room that they stand in.
-    for (auto& form : gPlotForm) {
-        form.reset();
+    for (int slot = 0; slot <= HighestSlot(); ++slot) {
+        PlotOf(slot).form.reset();
     }
     gPlatform.makePlotForm = {};
     gPlaceBeside = {};

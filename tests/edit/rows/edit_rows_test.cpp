@@ -39,7 +39,7 @@ TEST_F(EditRows, RemovalLeavesTheOthersWithAllTheirFieldsInOrder) {
         }
         AddFields();
         for (std::int32_t row = 4; row <= 40; row += 7) {
-            KeepErrorLine(row, "bad " + std::to_string(row));
+            gErrorLines[static_cast<std::size_t>(slot)][row] = "bad " + std::to_string(row);
         }
         std::vector<std::int32_t> removed;
         Texts before;
@@ -67,7 +67,7 @@ TEST_F(EditRows, RemovalLeavesTheOthersWithAllTheirFieldsInOrder) {
 TEST_F(EditRows, CutOfAllRowsLeavesAnEmptyPlotAndUndoPutsThemBack) {
     const int slot = NewPlanes({{30, 120}, {kErrorRow, 0}, {60, 300}});
     AddFields();
-    KeepErrorLine(2, "no data");
+    gErrorLines[static_cast<std::size_t>(slot)][2] = "no data";
     const Texts before = Rows(slot);
     SelectAll();
     SelectRows(slot, {1, 2, 3});

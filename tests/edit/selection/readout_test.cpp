@@ -103,10 +103,6 @@ TEST_F(Readout, AGridOfNumbersTellsItsValue) {
     record.GridSize = 20; // nodes 100 units apart, node 11 at 0
     record.ClassMode = kByNumber;
     const auto slot = static_cast<std::size_t>(gActivePlot);
-    if (gGridValues.size() <= slot) {
-        gGridValues.resize(slot + 1);
-        gGridCount.resize(slot + 1);
-    }
     gGridValues[slot] = std::make_unique<GridValues>();
     for (auto& layer : *gGridValues[slot]) {
         for (auto& column : layer) {

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+//
+// A plot as a value: its record, its rows, the table of the plotted ones, its grids, its window,
+// and what other folders keep with it. Open plots are in the slots of the store (plot_slots.h); a
+// plot can be made and filled without one.
+
+#pragma once
+
+#include "core/plot_attachments.h"
+#include "core/plot_record.h"
+#include "core/row_columns.h"
+#include "core/row_table.h"
+#include "core/style_tables.h"
+#include "platform/plot_form.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace quandrel {
+
+/// Texts of error rows by their rows, as they were in the file.
+using ErrorLines = std::unordered_map<std::int32_t, std::string>;
+
+/// The rows of a plot, whole degrees: the main rows from 1, then those of its overlays in order.
+/// plot_rows.h appends, changes and removes them and keeps the counts of the record.
+struct PlotRows {
+    RowColumn<std::int32_t> dip;          ///< dip or plunge; kErrorRow marks an error row
+    RowColumn<std::int32_t> azimuth;      ///< dip direction, trend, or direction
+    RowColumn<SymbolCode> symbol;         ///< what is drawn
+    RowColumn<SymbolCode> symbolBase;     ///< what it goes back to
+    RowColumn<std::int32_t> pointDensity; ///< density band of the row, 0 until counted
+    RowColumn<std::int32_t> order;        ///< index of the row as it was loaded
+    RowColumn<std::int32_t> dip2;         ///< secondary orientation, made on demand
+    RowColumn<std::int32_t> azimuth2;
+    RowColumn<std::int32_t> lineDip; ///< appended line; kInvalidAppendedLine is invalid
+    RowColumn<std::int32_t> lineAzimuth;
+    RowColumn<float> number; ///< appended number; kInvalidNumber is invalid
+    RowTexts text;           ///< appended text; empty is invalid
+    ErrorLines errorLines;
+};
+
+/// Layers of GridValues.
+enum GridLayer : std::size_t { kMeanLayer = 0, kCumulativeLayer = 1 };
+
+/// Grids of appended numbers over the net: mean and sum at each node, [layer][column][row].
+using GridValues = std::array<Table<double, kGridNodes, kGridNodes>, 2>;
+
+struct Plot {
+    PlotRecord record;
+    PlotRows rows;
+    RowTable table;                         ///< the plotted rows
+    std::unique_ptr<GridValues> gridValues; ///< made on first use
+    std::int16_t gridCount = 0;             ///< non-zero where gridValues holds data
+    std::int16_t lock = 0;
+    PlotAttachments attachments;
+    std::unique_ptr<PlotForm> form; ///< empty where no window was made; goes before the rest
+};
+
+} // namespace quandrel

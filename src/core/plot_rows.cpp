@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/plot_rows.h"
+
+#include "core/row_removal.h"
+#include "orientation/angles.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// Counts rows at the end of a plot.
+void CountIn(PlotRecord& record, int overlay, std::int32_t rows, std::int32_t valid) {
+    record.NumLoadedData += rows;
+    if (overlay > 0) {
+        record.OverlayRows[static_cast<std::size_t>(overlay)] += rows;
+        return;
+    }
+    record.NumData += rows;
+    record.NumValidData += valid;
+}
+
+void DropErrorLines(ErrorLines& lines, std::int32_t last) {
+    std::erase_if(lines, [last](const auto& held) { return held.first > last; });
+}
+
+/// Removes what is stored of rows after the counted ones. Cells after the last row may keep what
+/// they hold.
+void DropUncounted(Plot& plot) {
+    const std::int32_t last = plot.record.NumLoadedData;
+    ResizeRowTable(plot.table, static_cast<std::size_t>(last));
+    DropErrorLines(plot.rows.errorLines, last);
+}
+
+template <class T>
+void CopyCells(const RowColumn<T>& from, std::int32_t count, RowColumn<T>& to, std::int32_t last) {
+    const auto cells = from.Rows().subspan(1, static_cast<std::size_t>(count));
+    std::copy(cells.begin(), cells.end(), to.Rows().begin() + last + 1);
+}
+
+void CopyBaseColumns(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    const PlotRows& cells = block.Cells();
+    const std::int32_t count = block.Count();
+    CopyCells(cells.dip, count, rows.dip, last);
+    CopyCells(cells.azimuth, count, rows.azimuth, last);
+    CopyCells(cells.symbol, count, rows.symbol, last);
+    CopyCells(cells.symbolBase, count, rows.symbolBase, last);
+    CopyCells(cells.pointDensity, count, rows.pointDensity, last);
+    for (std::int32_t row = last + 1; row <= last + count; ++row) {
+        rows.order.At(row) = row;
+    }
+}
+
+void CopyOtherColumns(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    const PlotRows& cells = block.Cells();
+    const std::int32_t count = block.Count();
+    if (block.Columns().secondary) {
+        CopyCells(cells.dip2, count, rows.dip2, last);
+        CopyCells(cells.azimuth2, count, rows.azimuth2, last);
+    }
+    if (block.Columns().line) {
+        CopyCells(cells.lineDip, count, rows.lineDip, last);
+        CopyCells(cells.lineAzimuth, count, rows.lineAzimuth, last);
+    }
+    if (block.Columns().number) {
+        CopyCells(cells.number, count, rows.number, last);
+    }
+    if (block.Columns().text) {
+        rows.text.TakeRows(cells.text, count, last);
+    }
+}
+
+/// Stores a block after the counted rows. False when memory ran out.
+[[nodiscard]] bool StoreBlock(Plot& plot, const RowBlock& block) {
+    const std::int32_t last = plot.record.NumLoadedData;
+    if (!MakeRoom(plot.rows, last + block.Count(), block.Columns())) {
+        return false;
+    }
+    CopyBaseColumns(block, plot.rows, last);
+    CopyOtherColumns(block, plot.rows, last);
+    for (const auto& [row, line] : block.Cells().errorLines) {
+        plot.rows.errorLines[last + row] = line;
+    }
+    AppendRows(plot.table, block.Places(), last);
+    return true;
+}
+
+bool IsMainData(const Plot& plot, std::int32_t row) {
+    return row <= plot.record.NumData && plot.rows.dip(row) != kErrorRow;
+}
+
+/// Counts a row that was main data and is none now out.
+void CountOutValid(PlotRecord& record) {
+    record.NumValidData = std::max(record.NumValidData - 1, 0);
+}
+
+/// Takes rows out of the counts. The columns must still hold them.
+void CountOut(Plot& plot, std::span<const std::int32_t> rows) {
+    PlotRecord& record = plot.record;
+    std::array<std::int32_t, kMaxOverlays + 1> ofOverlay{};
+    for (const std::int32_t row : rows) {
+        ++ofOverlay[static_cast<std::size_t>(OverlayOfRow(record, row))];
+        if (IsMainData(plot, row)) {
+            CountOutValid(record);
+        }
+    }
+    record.NumData -= ofOverlay[0];
+    record.NumLoadedData -= static_cast<std::int32_t>(rows.size());
+    for (int overlay = record.OverlayRows[0]; overlay > 0; --overlay) {
+        const auto k = static_cast<std::size_t>(overlay);
+        record.OverlayRows[k] -= ofOverlay[k];
+        if (ofOverlay[k] > 0 && record.OverlayRows[k] == 0) {
+            CloseOverlay(record, overlay);
+        }
+    }
+}
+
+/// Appends the rows of a block as far as memory allows.
+std::int32_t AppendOneByOne(Plot& plot, int overlay, const RowBlock& block) {
+    std::int32_t done = 0;
+    while (done < block.Count() && AppendRow(plot, overlay, block.Row(done + 1))) {
+        ++done;
+    }
+    return done;
+}
+
+} // namespace
+
+RowCounts CountsOf(const PlotRecord& record) {
+    return {record.NumData, record.NumValidData, record.NumLoadedData, record.OverlayRows,
+            record.OverlayKind};
+}
+
+void SetCounts(PlotRecord& record, const RowCounts& counts) {
+    record.NumData = counts.main;
+    record.NumValidData = counts.valid;
+    record.NumLoadedData = counts.all;
+    record.OverlayRows = counts.overlayRows;
+    record.OverlayKind = counts.overlayKind;
+}
+
+int OverlayOfRow(const PlotRecord& record, std::int32_t row) {
+    if (row <= record.NumData) {
+        return 0;
+    }
+    std::int32_t end = record.NumData;
+    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+        end += record.OverlayRows[static_cast<std::size_t>(overlay)];
+        if (row <= end) {
+            return overlay;
+        }
+    }
+    return record.OverlayRows[0];
+}
+
+std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay) {
+    std::int32_t first = record.NumData + 1;
+    for (int k = 1; k < overlay; ++k) {
+        first += record.OverlayRows[static_cast<std::size_t>(k)];
+    }
+    return first;
+}
+
+bool AppendRow(Plot& plot, int overlay, const RowValues& values) {
+    const std::int32_t row = plot.record.NumLoadedData + 1;
+    const ColumnSet columns = ColumnsOf(plot.record, values.hasSecondary);
+    try {
+        if (!MakeRoom(plot.rows, row, columns)) {
+            plot.record.DataFull = kTrue;
+            return false;
+        }
+        StoreCells(plot.rows, row, values, columns);
+        PlottedRow place = values.place;
+        place.index = row;
+        AppendRow(plot.table, place);
+        if (values.isInRange) {
+            TrackAppendedRange(plot, row);
+        }
+    } catch (const std::bad_alloc&) {
+        plot.record.DataFull = kTrue;
+        DropUncounted(plot);
+        return false;
+    }
+    CountIn(plot.record, overlay, 1, values.isData ? 1 : 0);
+    return true;
+}
+
+std::int32_t AppendBlock(Plot& plot, int overlay, const RowBlock& block) {
+    if (block.Count() == 0) {
+        return 0;
+    }
+    bool isStored = false;
+    try {
+        isStored = StoreBlock(plot, block);
+        if (isStored) {
+            MergeAppendedRange(plot.record, block.Range());
+        }
+    } catch (const std::bad_alloc&) {
+        isStored = false;
+    }
+    if (!isStored) {
+        DropUncounted(plot);
+        return AppendOneByOne(plot, overlay, block);
+    }
+    CountIn(plot.record, overlay, block.Count(), block.CountOfValid());
+    return block.Count();
+}
+
+void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary) {
+    // A failure is none: it is told when a row finds no room.
+    (void)MakeRoom(plot.rows, last, ColumnsOf(plot.record, withSecondary));
+    ReserveRows(plot.table, static_cast<std::size_t>(last));
+}
+
+void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t azimuth) {
+    const bool wasError = plot.rows.dip(row) == kErrorRow;
+    const bool isError = dip == kErrorRow;
+    plot.rows.dip.At(row) = dip;
+    plot.rows.azimuth.At(row) = azimuth;
+    if (wasError && !isError) {
+        plot.rows.errorLines.erase(row);
+    }
+    if (row > plot.record.NumData || wasError == isError) {
+        return;
+    }
+    if (isError) {
+        CountOutValid(plot.record);
+    } else {
+        ++plot.record.NumValidData;
+    }
+}
+
+void SpoilRow(Plot& plot, std::int32_t row, std::string_view line) {
+    if (IsMainData(plot, row)) {
+        CountOutValid(plot.record);
+    }
+    StoreErrorCells(plot.rows, row, line);
+}
+
+void RemoveRows(Plot& plot, std::span<const std::int32_t> rows) {
+    const std::int32_t count = plot.record.NumLoadedData;
+    CountOut(plot, rows);
+    RemoveCells(plot.rows, count, rows);
+}
+
+void CutRows(Plot& plot, const RowCounts& former) {
+    SetCounts(plot.record, former);
+    DropUncounted(plot);
+}
+
+void ClearRows(Plot& plot) {
+    CutRows(plot, {});
+}
+
+int OpenOverlay(PlotRecord& record, std::int16_t kind) {
+    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[0]);
+    record.OverlayRows[overlay] = 0;
+    record.OverlayKind[overlay] = kind;
+    record.OverlayFiles[overlay].clear();
+    return static_cast<int>(overlay);
+}
+
+void RemoveOverlay(Plot& plot) {
+    std::int32_t& rows =
+        plot.record.OverlayRows[static_cast<std::size_t>(plot.record.OverlayRows[0])];
+    plot.record.NumLoadedData -= std::exchange(rows, 0);
+    CloseOverlay(plot.record, plot.record.OverlayRows[0]);
+    DropUncounted(plot);
+}
+
+void SetOverlayKind(PlotRecord& record, int overlay, std::int16_t kind) {
+    record.OverlayKind[static_cast<std::size_t>(overlay)] = kind;
+}
+
+void CloseOverlay(PlotRecord& record, int overlay) {
+    const auto last = static_cast<std::size_t>(record.OverlayRows[0]);
+    for (auto k = static_cast<std::size_t>(overlay); k < last; ++k) {
+        record.OverlayRows[k] = record.OverlayRows[k + 1];
+        record.OverlayKind[k] = record.OverlayKind[k + 1];
+        record.OverlayFiles[k] = std::move(record.OverlayFiles[k + 1]);
+    }
+    record.OverlayRows[last] = 0;
+    record.OverlayKind[last] = 0;
+    record.OverlayFiles[last].clear();
+    --record.OverlayRows[0];
+    if (record.SelectedOverlay == overlay) {
+        record.SelectedOverlay = 0;
+    } else if (record.SelectedOverlay > overlay) {
+        --record.SelectedOverlay;
+    }
+}
+
+void SetCountOfValid(PlotRecord& record, std::int32_t valid) {
+    record.NumValidData = valid;
+}
+
+} // namespace quandrel

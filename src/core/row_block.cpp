@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/row_block.h"
+
+#include <new>
+#include <string>
+
+namespace quandrel {
+
+namespace {
+
+template <class T>
+void SetIfThere(RowColumn<T>& column, std::int32_t row, T value) {
+    if (row < column.RowCount()) {
+        column.At(row) = value;
+    }
+}
+
+void StoreGoodCells(PlotRows& rows, std::int32_t row, const RowValues& values,
+                    const ColumnSet& columns) {
+    rows.dip.At(row) = values.dip;
+    rows.azimuth.At(row) = values.azimuth;
+    rows.symbol.At(row) = values.code;
+    rows.symbolBase.At(row) = values.code;
+    rows.pointDensity.At(row) = 0;
+    if (columns.secondary) {
+        rows.dip2.At(row) = values.dip2;
+        rows.azimuth2.At(row) = values.azimuth2;
+    }
+    if (columns.line) {
+        rows.lineDip.At(row) = values.lineDip;
+        rows.lineAzimuth.At(row) = values.lineAzimuth;
+    }
+    if (columns.number) {
+        rows.number.At(row) = values.number;
+    }
+    if (columns.text) {
+        rows.text.Set(row, values.text);
+    }
+}
+
+} // namespace
+
+void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line) {
+    rows.dip.At(row) = kErrorRow;
+    rows.azimuth.At(row) = 0;
+    rows.symbol.At(row) = 0;
+    rows.symbolBase.At(row) = 0;
+    rows.pointDensity.At(row) = 0;
+    SetIfThere(rows.dip2, row, 0);
+    SetIfThere(rows.azimuth2, row, 0);
+    SetIfThere(rows.lineDip, row, 0);
+    SetIfThere(rows.lineAzimuth, row, 0);
+    SetIfThere(rows.number, row, 0.0F);
+    if (!rows.text(row).empty()) {
+        rows.text.Set(row, {});
+    }
+    if (!line.empty()) {
+        rows.errorLines[row] = std::string(line);
+    }
+}
+
+void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
+                const ColumnSet& columns) {
+    rows.order.At(row) = row;
+    if (values.isData) {
+        StoreGoodCells(rows, row, values, columns);
+    } else {
+        StoreErrorCells(rows, row, values.errorLine);
+    }
+}
+
+void RowBlock::Add(const RowValues& values) {
+    const std::int32_t row = count_ + 1;
+    if (!MakeRoom(cells_, row, columns_)) {
+        throw std::bad_alloc();
+    }
+    const auto places = static_cast<std::size_t>(row);
+    isData_.resize(places);
+    isData_.back() = values.isData;
+    isInRange_.resize(places);
+    isInRange_.back() = values.isInRange;
+    StoreCells(cells_, row, values, columns_);
+    places_.index.resize(places, row);
+    places_.x.resize(places);
+    places_.y.resize(places);
+    places_.plunge.resize(places);
+    places_.trend.resize(places);
+    places_.x.back() = values.place.x;
+    places_.y.back() = values.place.y;
+    places_.plunge.back() = values.place.plunge;
+    places_.trend.back() = values.place.trend;
+    if (values.isInRange && columns_.number) {
+        TrackNumber(range_, values.number);
+    }
+    if (values.isInRange && columns_.text) {
+        TrackText(range_, values.text);
+    }
+    count_ = row;
+    valid_ += values.isData ? 1 : 0;
+}
+
+RowValues RowBlock::Row(std::int32_t row) const {
+    RowValues values;
+    values.isData = isData_[static_cast<std::size_t>(row) - 1];
+    values.dip = cells_.dip(row);
+    values.azimuth = cells_.azimuth(row);
+    values.code = cells_.symbol(row);
+    values.hasSecondary = columns_.secondary;
+    values.dip2 = cells_.dip2(row);
+    values.azimuth2 = cells_.azimuth2(row);
+    values.lineDip = cells_.lineDip(row);
+    values.lineAzimuth = cells_.lineAzimuth(row);
+    values.number = cells_.number(row);
+    values.text = cells_.text(row);
+    values.isInRange = isInRange_[static_cast<std::size_t>(row) - 1];
+    values.place = places_[static_cast<std::size_t>(row) - 1];
+    if (const auto line = cells_.errorLines.find(row); line != cells_.errorLines.end()) {
+        values.errorLine = line->second;
+    }
+    return values;
+}
+
+} // namespace quandrel

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/row_room.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <stdexcept>
+
+namespace quandrel {
+
+std::int32_t gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+
+namespace {
+
+[[nodiscard]] bool GrowTogether(std::int32_t /*capacity*/) {
+    return true;
+}
+
+/// Grows a column, and the rest; what has grown shrinks back when one of them fails.
+template <class Column, class... Rest>
+[[nodiscard]] bool GrowTogether(std::int32_t capacity, Column& column, Rest&... rest) {
+    const std::int32_t rows = column.RowCount();
+    bool grown = capacity <= gRowLimit;
+    if (grown) {
+        try {
+            column.Grow(capacity);
+        } catch (const std::bad_alloc&) {
+            grown = false;
+        } catch (const std::length_error&) {
+            grown = false;
+        }
+    }
+    grown = grown && GrowTogether(capacity, rest...);
+    if (!grown) {
+        column.Shrink(rows);
+    }
+    return grown;
+}
+
+/// True when a column has a place for a row.
+template <class Column>
+bool Holds(const Column& column, std::int32_t row) {
+    return row < column.RowCount();
+}
+
+[[nodiscard]] bool MakeRoomInAppended(PlotRows& rows, std::int32_t last, const ColumnSet& columns) {
+    return (!columns.line || Holds(rows.lineAzimuth, last)
+            || GrowAppendedColumn(rows, AppendedColumn::Line))
+           && (!columns.number || Holds(rows.number, last)
+               || GrowAppendedColumn(rows, AppendedColumn::Number))
+           && (!columns.text || Holds(rows.text, last)
+               || GrowAppendedColumn(rows, AppendedColumn::Text));
+}
+
+} // namespace
+
+bool GrowColumns(PlotRows& rows, std::int32_t capacity, bool withSecondary) {
+    if (withSecondary) {
+        return GrowTogether(capacity, rows.dip, rows.azimuth, rows.symbol, rows.symbolBase,
+                            rows.pointDensity, rows.order, rows.dip2, rows.azimuth2);
+    }
+    return GrowTogether(capacity, rows.dip, rows.azimuth, rows.symbol, rows.symbolBase,
+                        rows.pointDensity, rows.order);
+}
+
+bool GrowAppendedColumn(PlotRows& rows, AppendedColumn which) {
+    const std::int32_t capacity = std::max(rows.dip.RowCount() - 1, 0);
+    switch (which) {
+    case AppendedColumn::Line:
+        return GrowTogether(capacity, rows.lineDip, rows.lineAzimuth);
+    case AppendedColumn::Number:
+        return GrowTogether(capacity, rows.number);
+    case AppendedColumn::Text:
+        return GrowTogether(capacity, rows.text);
+    }
+    return false;
+}
+
+ColumnSet ColumnsOf(const PlotRecord& record, bool withSecondary) {
+    return {withSecondary, record.HasAppendedLine != 0, record.HasAppendedNumeric != 0,
+            record.HasAppendedText != 0};
+}
+
+bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns, RoomAhead ahead) {
+    constexpr std::int32_t kLeastAhead = 1024;
+    if (!Holds(rows.dip, last) || (columns.secondary && !Holds(rows.dip2, last))) {
+        const std::int32_t more =
+            ahead == RoomAhead::None
+                ? 0
+                : std::min(last / 2 + kLeastAhead, std::max(last, gRowLimit) - last);
+        if (!GrowColumns(rows, last + more, columns.secondary)
+            && !GrowColumns(rows, last, columns.secondary)) {
+            return false;
+        }
+    }
+    return MakeRoomInAppended(rows, last, columns);
+}
+
+} // namespace quandrel
