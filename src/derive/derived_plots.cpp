@@ -78,15 +78,10 @@ void ClearDerivedRows(int slot) {
     while (record.OverlayRows[0] > 0) {
         RemoveLastOverlay(slot);
     }
-    record.NumValidData = 0;
-    record.NumData = 0;
-    record.NumLoadedData = 0;
+    ClearRows(PlotOf(slot));
+    ResetAppendedRange(record);
     record.DataFull = 0;
     record.RowsChanged = kTrue;
-    ClearRowTable(TableOf(slot));
-    gErrorLines[static_cast<std::size_t>(slot)].clear();
-    const PlotInWork work(slot);
-    ResetAppendedRange();
 }
 
 void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::string& textColumn) {
@@ -101,9 +96,7 @@ void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::st
     record.KinematicBlock[1] = std::int16_t{2};
 }
 
-bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend,
-                      const std::string& source) {
-    const PlotInWork work(slot);
+bool StoreDerivedLine(int slot, double plunge, double trend, const std::string& source) {
     ParsedRow line;
     line.status = LineStatus::Row;
     line.dip = RoundToEven(RadToDeg(plunge));
@@ -111,11 +104,11 @@ bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend,
     line.text.View(source);
     line.textStatus = TextStatus::Good;
     RowFaults faults;
-    return StoreDataRow(line, row, RowTarget{}, faults);
+    return StoreDataRow(PlotOf(slot), line, RowTarget{}, faults);
 }
 
 void GiveUpDerivedRows(int slot) {
-    ResizeRowTable(TableOf(slot), static_cast<std::size_t>(RecordOf(slot).NumLoadedData));
+    ClearRows(PlotOf(slot));
     Tell("An error has been encountered and plot could not be completed");
 }
 
@@ -177,7 +170,7 @@ void BreakDerivedLinks(int slot) {
 
 void TakeAxesAsLines(PlotRecord& record) {
     if (record.AxesTitle == kBothAxes) {
-        record.NumValidData = record.NumData;
+        SetCountOfValid(record, record.NumData);
     }
     record.AxesTitle.clear();
 }

@@ -49,14 +49,14 @@ void ClearDerivedRows(int slot);
 /// @param textColumn  name of the column of texts
 void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::string& textColumn);
 
-/// Stores a line as a main row of a derived plot, rounded to whole degrees.
+/// Appends a line as a main row to a derived plot, rounded to whole degrees.
 /// @param plunge,trend  radians; a negative plunge points upward
 /// @param source        where it comes from
 /// @return false when memory ran out
-[[nodiscard]] bool StoreDerivedLine(int slot, std::int32_t row, double plunge, double trend,
+[[nodiscard]] bool StoreDerivedLine(int slot, double plunge, double trend,
                                     const std::string& source);
 
-/// Tells that a row could not be stored, and takes the rows that are not counted out of the table.
+/// Tells that a row could not be stored, and takes all rows out of a derived plot.
 void GiveUpDerivedRows(int slot);
 
 /// What a child's title takes over of its parent's: all behind "Plot" and a number at its front, or

@@ -51,7 +51,7 @@ int OpenPlotOfIntersections(int source) {
     IntersectPlanes(DegToRad(planes.plane.dip), DegToRad(planes.plane.azimuth),
                     DegToRad(planes.line.dip), DegToRad(planes.line.azimuth), plunge, trend);
     const std::int32_t row = counts.stored + 1;
-    if (!StoreDerivedLine(slot, row, plunge, trend, std::to_string(sourceRow))) {
+    if (!StoreDerivedLine(slot, plunge, trend, std::to_string(sourceRow))) {
         return false;
     }
     if (plunge < 0) {
@@ -106,9 +106,7 @@ std::string TextOfCounts(const PairCounts& counts) {
         GiveUpDerivedRows(slot);
         return false;
     }
-    record.NumValidData = counts.stored - counts.parallel;
-    record.NumData = counts.stored;
-    record.NumLoadedData = counts.stored;
+    SetCountOfValid(record, counts.stored - counts.parallel);
     return true;
 }
 

@@ -151,34 +151,29 @@ void SetUpChild(int slot, int parent, const char* axes, const AxesWanted& wanted
     UpdateTitle();
 }
 
-[[nodiscard]] bool StoreShorteningAxis(int slot, std::int32_t row, const AxisLines& axes,
-                                       std::int32_t parentRow) {
-    return StoreDerivedLine(slot, row, axes.pPlunge, axes.pTrend,
+[[nodiscard]] bool StoreShorteningAxis(int slot, const AxisLines& axes, std::int32_t parentRow) {
+    return StoreDerivedLine(slot, axes.pPlunge, axes.pTrend,
                             AxisText(AxisKind::Shortening, parentRow));
 }
 
-[[nodiscard]] bool StoreExtensionAxis(int slot, std::int32_t row, const AxisLines& axes,
-                                      std::int32_t parentRow) {
-    if (!StoreDerivedLine(slot, row, axes.tPlunge, axes.tTrend,
+[[nodiscard]] bool StoreExtensionAxis(int slot, const AxisLines& axes, std::int32_t parentRow) {
+    if (!StoreDerivedLine(slot, axes.tPlunge, axes.tTrend,
                           AxisText(AxisKind::Extension, parentRow))) {
         return false;
     }
     // A horizontal one has no sign to be told by.
     const SymbolCode code = CodeOfStyleRow(kDerivedUpSymbol);
+    const std::int32_t row = RecordOf(slot).NumLoadedData;
     gDataSymbol.At(slot, row) = code;
     gDataSymbolBase.At(slot, row) = code;
     return true;
 }
 
 /// Stores the axes of one more fault, a row of the parent.
-[[nodiscard]] bool StoreAxes(const Family& family, std::int32_t fault, const AxisLines& axes,
-                             std::int32_t parentRow) {
-    if (family.second != 0) {
-        return StoreShorteningAxis(family.first, fault, axes, parentRow)
-               && StoreExtensionAxis(family.second, fault, axes, parentRow);
-    }
-    return StoreShorteningAxis(family.first, 2 * fault - 1, axes, parentRow)
-           && StoreExtensionAxis(family.first, 2 * fault, axes, parentRow);
+[[nodiscard]] bool StoreAxes(const Family& family, const AxisLines& axes, std::int32_t parentRow) {
+    const int ofExtension = family.second != 0 ? family.second : family.first;
+    return StoreShorteningAxis(family.first, axes, parentRow)
+           && StoreExtensionAxis(ofExtension, axes, parentRow);
 }
 
 /// Stores the axes of all faults of the parent, in the order of its rows.
@@ -197,7 +192,7 @@ FaultCounts StoreAllAxes(const Family& family, std::optional<SlipSense> assumed)
         const std::optional<AxisLines> axes = LinesOfAxes(fault, assumed);
         if (!axes) {
             ++counts.offPlane;
-        } else if (StoreAxes(family, counts.used + 1, *axes, row)) {
+        } else if (StoreAxes(family, *axes, row)) {
             ++counts.used;
         } else {
             counts.outOfMemory = true;
@@ -205,19 +200,6 @@ FaultCounts StoreAllAxes(const Family& family, std::optional<SlipSense> assumed)
         }
     }
     return counts;
-}
-
-void CountRows(const Family& family, const FaultCounts& counts) {
-    PlotRecord& first = RecordOf(family.first);
-    first.NumValidData = counts.used; // of faults, on one plot too
-    first.NumData = family.second != 0 ? counts.used : 2 * counts.used;
-    first.NumLoadedData = first.NumData;
-    if (family.second != 0) {
-        PlotRecord& second = RecordOf(family.second);
-        second.NumValidData = counts.used;
-        second.NumData = counts.used;
-        second.NumLoadedData = counts.used;
-    }
 }
 
 std::string TextOfAssumption(SlipSense assumed) {
@@ -244,7 +226,9 @@ std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
     const BusyPointer busy(*gPlatform.status);
     const FaultCounts counts = StoreAllAxes(family, assumed);
     if (!counts.outOfMemory) {
-        CountRows(family, counts);
+        if (family.second == 0) {
+            SetCountOfValid(RecordOf(family.first), counts.used); // of faults, on one plot too
+        }
     }
     for (const int slot : {family.first, family.second}) {
         if (slot != 0) {
@@ -354,7 +338,7 @@ bool MakeKinematicPlots(int index, std::optional<SlipSense> assumed) {
     if (!filled) {
         GiveUpDerivedRows(family.first);
         if (onTwoPlots) {
-            ResizeRowTable(TableOf(family.second), 0);
+            ClearRows(PlotOf(family.second));
         }
     }
     ShowDerivedPlot(family.first);

@@ -52,26 +52,20 @@ ParsedRow OverlayRowOf(std::int32_t row, const PlotRecord& record) {
 } // namespace
 
 bool AppendSecondaryOverlay(std::int16_t kind) {
-    PlotRecord& record = ActiveRecord();
-    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[0]);
-    record.OverlayKind[overlay] = kind;
-    record.OverlayRows[overlay] = 0;
-    record.OverlayFiles[overlay].clear();
+    Plot& plot = ActivePlot();
+    PlotRecord& record = plot.record;
+    const int overlay = OpenOverlay(record, kind);
     record.Modified = kTrue;
-    const RowTarget target{static_cast<int>(overlay), record.SecondaryFormat, false, false};
-    const std::int32_t before = record.NumLoadedData;
-    MakeRoomForRows(before + record.NumData, target);
-    bool isWhole = true;
-    std::int32_t done = 0;
-    RowFaults faults;
-    while (isWhole && done < record.NumData) {
-        isWhole = StoreDataRow(OverlayRowOf(done + 1, record), before + done + 1, target, faults);
-        done += isWhole ? 1 : 0;
-    }
-    record.OverlayRows[overlay] = done;
-    record.NumLoadedData = before + done;
     record.SelectedOverlay = static_cast<std::int16_t>(overlay);
-    return isWhole;
+    const RowTarget target{overlay, record.SecondaryFormat, false, false};
+    MakeRoomForRows(plot, record.NumLoadedData + record.NumData, target.secondaryFormat != 0);
+    RowFaults faults;
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        if (!StoreDataRow(plot, OverlayRowOf(row, record), target, faults)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void RewriteSecondaryOverlay(int overlay) {

@@ -2,16 +2,12 @@
 
 #include "input/data_rows.h"
 
-#include "core/data_format.h"
-#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 #include "stereo/row_positions.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <new>
 #include <utility>
 
 namespace quandrel {
@@ -34,129 +30,75 @@ std::int32_t WholeAzimuth(double degrees) {
     return static_cast<std::int32_t>(azimuth);
 }
 
-/// True when a column of the active plot has a place for a row.
-template <class Column>
-bool Holds(const Column& column, std::int32_t index) {
-    return index < column.RowCount(gActivePlot);
-}
-
-/// Grows the columns to hold a row; `ahead` half as many again, for rows come one after the other.
-[[nodiscard]] bool GrowForRow(std::int32_t index, const RowTarget& target, bool ahead) {
-    constexpr std::int32_t kLeastAhead = 1024;
-    const std::int32_t most = std::max(index, gRowLimit);
-    const std::int32_t room = ahead ? std::min(index / 2 + kLeastAhead, most - index) : 0;
-    const std::int16_t wasFull = ActiveRecord().DataFull;
-    int secondary = target.secondaryFormat != 0 ? 1 : 0;
-    GrowDataColumns(secondary, index + room);
-    if (ahead) {
-        // Only the row itself has to find room.
-        ActiveRecord().DataFull = wasFull;
-    }
-    return secondary == 0;
-}
-
-[[nodiscard]] bool MakeRoom(std::int32_t index, const RowTarget& target, const PlotRecord& record) {
-    const bool needsSecondary = target.secondaryFormat != 0 && !Holds(gData2Dip, index);
-    if ((!Holds(gDataDip, index) || needsSecondary) && !GrowForRow(index, target, true)
-        && !GrowForRow(index, target, false)) {
-        return false;
-    }
-    return (record.HasAppendedLine == 0 || Holds(gAppLineAz, index)
-            || GrowAppendedColumn(AppendedColumn::Line))
-           && (record.HasAppendedNumeric == 0 || Holds(gAppNumeric, index)
-               || GrowAppendedColumn(AppendedColumn::Number))
-           && (record.HasAppendedText == 0 || Holds(gAppText, index)
-               || GrowAppendedColumn(AppendedColumn::Text));
-}
-
-void StoreErrorRow(std::int32_t index) {
-    gDataDip.At(gActivePlot, index) = kErrorRow;
-    gDataAz.At(gActivePlot, index) = 0;
-    gDataSymbol.At(gActivePlot, index) = 0;
-    gDataSymbolBase.At(gActivePlot, index) = 0;
-    gPointDensity.At(gActivePlot, index) = 0;
-    gDataOrder.At(gActivePlot, index) = index;
-    AppendRow(TableOf(gActivePlot), {index, 0, 0, static_cast<double>(kErrorRow), 0});
-}
-
-/// Stores both orientations and gives the primary one as it now stands.
-ShownOrientation StoreOrientations(const ParsedRow& row, std::int32_t index,
-                                   const RowTarget& target, const PlotRecord& record) {
+/// The orientations of a row, in the places where the columns keep them.
+void SetOrientations(const ParsedRow& row, const RowForm& form, RowValues& values) {
+    const RowTarget& target = form.target;
     ShownOrientation primary = RoundedOrientation(row.dip, row.az, row.isPlane);
     if (target.turnToPole) {
         primary = PoleInDegrees(primary);
     }
-    if (target.secondaryFormat != 0) {
+    values.hasSecondary = form.columns.secondary;
+    if (values.hasSecondary) {
         ShownOrientation secondary{kErrorRow, kErrorRow};
         if (row.secondaryPresent) {
             secondary = RoundedOrientation(row.dip2, row.az2, row.isPlane2);
             secondary = target.turnSecondary ? PoleInDegrees(secondary) : secondary;
         }
-        if (target.overlay > 0 && record.ShowSecondary != 0) {
+        if (target.overlay > 0 && form.showsSecondary) {
             std::swap(primary, secondary);
         }
-        gData2Dip.At(gActivePlot, index) = secondary.dip;
-        gData2Az.At(gActivePlot, index) = secondary.azimuth;
+        values.dip2 = secondary.dip;
+        values.azimuth2 = secondary.azimuth;
     }
-    gDataDip.At(gActivePlot, index) = primary.dip;
-    gDataAz.At(gActivePlot, index) = primary.azimuth;
-    return primary;
+    values.dip = primary.dip;
+    values.azimuth = primary.azimuth;
 }
 
-void StoreLine(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
+void SetLine(const ParsedRow& row, RowValues& values, RowFaults& faults) {
     faults.line = row.lineStatus != AppendedLineStatus::Good;
-    const ShownOrientation line = faults.line
-                                      ? ShownOrientation{kInvalidAppendedLine, 0}
-                                      : RoundedOrientation(row.linePlunge, row.lineTrend, false);
-    gAppLineDip.At(gActivePlot, index) = line.dip;
-    gAppLineAz.At(gActivePlot, index) = line.azimuth;
+    if (!faults.line) {
+        const ShownOrientation line = RoundedOrientation(row.linePlunge, row.lineTrend, false);
+        values.lineDip = line.dip;
+        values.lineAzimuth = line.azimuth;
+    }
 }
 
-void StoreNumber(const ParsedRow& row, std::int32_t index, RowFaults& faults) {
+void SetNumber(const ParsedRow& row, RowValues& values, RowFaults& faults) {
     // A number beyond the column's width is none that could be kept. Kept: nor is -9999, which
     // marks the invalid ones; the row counts as such, so that the number is not lost in silence.
     const bool fits = std::abs(row.number) <= std::numeric_limits<float>::max();
     const float number = fits ? static_cast<float>(row.number) : kInvalidNumber;
     faults.number = row.numberStatus != NumberStatus::Good || number == kInvalidNumber;
-    gAppNumeric.At(gActivePlot, index) = faults.number ? kInvalidNumber : number;
+    values.number = faults.number ? kInvalidNumber : number;
 }
 
-/// Stores a row that was read.
-void StoreGoodRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
-                  const PlotRecord& record, RowFaults& faults) {
-    const ShownOrientation stored = StoreOrientations(row, index, target, record);
-    gDataOrder.At(gActivePlot, index) = index;
-    gPointDensity.At(gActivePlot, index) = 0;
-    if (record.HasAppendedLine != 0) {
-        StoreLine(row, index, faults);
+void SetAppended(const ParsedRow& row, const ColumnSet& columns, RowValues& values,
+                 RowFaults& faults) {
+    if (columns.line) {
+        SetLine(row, values, faults);
     }
-    if (record.HasAppendedNumeric != 0) {
-        StoreNumber(row, index, faults);
+    if (columns.number) {
+        SetNumber(row, values, faults);
     }
-    if (record.HasAppendedText != 0) {
+    if (columns.text) {
         faults.text = row.textStatus != TextStatus::Good;
-        gAppText.Set(gActivePlot, index, row.text);
+        values.text = row.text;
     }
-    if (!faults.number && !faults.text
-        && (record.HasAppendedNumeric != 0 || record.HasAppendedText != 0)) {
-        TrackAppendedRange(index);
+    values.isInRange = !faults.number && !faults.text && (columns.number || columns.text);
+}
+
+/// The orientation of a row that is shown: a secondary one that is not kept reads as 0.
+ShownOrientation ShownOf(const RowValues& values, const RowForm& form) {
+    if (form.target.overlay > 0 || !form.showsSecondary) {
+        return {values.dip, values.azimuth};
     }
-    ShownOrientation shown = stored;
-    if (target.overlay == 0 && record.ShowSecondary != 0) {
-        shown = {gData2Dip(gActivePlot, index), gData2Az(gActivePlot, index)};
-    }
-    const SymbolCode code = CodeOfNewRow(target.overlay, shown.dip < 0 && shown.dip != kErrorRow);
-    gDataSymbol.At(gActivePlot, index) = code;
-    gDataSymbolBase.At(gActivePlot, index) = code;
-    AppendRow(
-        TableOf(gActivePlot),
-        PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, target.overlay), index, shown));
+    return values.hasSecondary ? ShownOrientation{values.dip2, values.azimuth2}
+                               : ShownOrientation{};
 }
 
 } // namespace
 
-SymbolCode CodeOfNewRow(int overlay, bool upward) {
-    const PlotRecord& record = ActiveRecord();
+SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward) {
     if (overlay > 0) {
         const bool isPolar =
             record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
@@ -178,38 +120,39 @@ ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane) {
     return {0, rounded.azimuth < 180 ? rounded.azimuth + 180 : rounded.azimuth - 180};
 }
 
-bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
-                  RowFaults& faults) {
+RowForm FormOfRows(const PlotRecord& record, const RowTarget& target) {
+    return {
+        target,
+        ColumnsOf(record, target.secondaryFormat != 0),
+        record.ShowSecondary != 0,
+        IsPlottedAsPole(record, target.overlay),
+        record.PlotKind,
+        {CodeOfNewRow(record, target.overlay, false), CodeOfNewRow(record, target.overlay, true)}};
+}
+
+RowValues ValuesOfRow(const ParsedRow& row, const RowForm& form, RowFaults& faults) {
     faults = {};
-    PlotRecord& record = ActiveRecord();
-    try {
-        if (!MakeRoom(index, target, record)) {
-            return false;
-        }
-        if (row.status == LineStatus::Row) {
-            StoreGoodRow(row, index, target, record, faults);
-        } else {
-            StoreErrorRow(index);
-        }
-        return true;
-    } catch (const std::bad_alloc&) {
-        record.DataFull = kTrue;
-        ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(index) - 1);
-        return false;
+    RowValues values;
+    if (row.status != LineStatus::Row) {
+        return values;
     }
+    values.isData = true;
+    SetOrientations(row, form, values);
+    SetAppended(row, form.columns, values, faults);
+    const ShownOrientation shown = ShownOf(values, form);
+    const bool isUpward = shown.dip < 0 && shown.dip != kErrorRow;
+    values.code = form.codes[isUpward ? 1 : 0];
+    values.place = PlottedOrientation(form.plotKind, form.isPlottedAsPole, 0, shown);
+    return values;
 }
 
-void MakeRoomForRows(std::int32_t last, const RowTarget& target) {
-    const std::int16_t wasFull = ActiveRecord().DataFull;
-    (void)MakeRoom(last, target, ActiveRecord());
-    ActiveRecord().DataFull = wasFull;
-    ReserveRows(TableOf(gActivePlot), static_cast<std::size_t>(last));
-}
-
-void KeepErrorLine(std::int32_t index, std::string_view line) {
-    if (!line.empty()) {
-        gErrorLines[static_cast<std::size_t>(gActivePlot)][index] = std::string(line);
+bool StoreDataRow(Plot& plot, const ParsedRow& row, const RowTarget& target, RowFaults& faults,
+                  std::string_view line) {
+    RowValues values = ValuesOfRow(row, FormOfRows(plot.record, target), faults);
+    if (!values.isData) {
+        values.errorLine = line;
     }
+    return AppendRow(plot, target.overlay, values);
 }
 
 } // namespace quandrel

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// Puts parsed rows into the columns and the table of the active plot.
+// From parsed rows to the rows of a plot.
 
 #pragma once
 
-#include "core/style_tables.h"
+#include "core/data_format.h"
+#include "core/plot_rows.h"
 #include "input/data_line.h"
 #include "stereo/row_positions.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -28,31 +30,43 @@ struct RowFaults {
     bool text = false;
 };
 
-/// Stores a row of the active plot at a point index: its columns, its drawing code, its range of
-/// appended values, its line of the table, which goes to the table's end. A row that is no data
-/// becomes an error row. Orientations are rounded to whole degrees, halves to even, and azimuths
-/// are brought to 0 to 360.
+/// All that decides how a parsed row is kept: taken of a plot and the styles once, so that rows can
+/// be made ready without either.
+struct RowForm {
+    RowTarget target;
+    ColumnSet columns;
+    bool showsSecondary = false;
+    bool isPlottedAsPole = false;
+    std::int16_t plotKind = kEqualArea;
+    std::array<SymbolCode, 2> codes{}; ///< [0] of a row, [1] of an upward one
+};
+
+[[nodiscard]] RowForm FormOfRows(const PlotRecord& record, const RowTarget& target);
+
+/// A parsed row as the columns keep it. Orientations are rounded to whole degrees, halves to even,
+/// and azimuths are brought to 0 to 360. A row that is no data becomes an error row. Reads nothing
+/// but its arguments, so that threads can call it.
 ///
-/// @param[out] faults  appended values that are stored as invalid
+/// @param[out] faults  appended values that are kept as invalid
+/// @return values with texts of the parsed row
+[[nodiscard]] RowValues ValuesOfRow(const ParsedRow& row, const RowForm& form, RowFaults& faults);
+
+/// Appends a parsed row to a plot.
+///
+/// @param line         what an error row was in its file, to be kept with it; empty for nothing
+/// @param[out] faults  as of ValuesOfRow
 /// @return false when memory ran out: the row was not stored and DataFull of the plot is set
-[[nodiscard]] bool StoreDataRow(const ParsedRow& row, std::int32_t index, const RowTarget& target,
-                                RowFaults& faults);
+[[nodiscard]] bool StoreDataRow(Plot& plot, const ParsedRow& row, const RowTarget& target,
+                                RowFaults& faults, std::string_view line = {});
 
 /// An orientation in whole degrees, halves to even, azimuth 0 to 360. A line that points up by less
 /// than they show lies level with the trend that it points to.
 [[nodiscard]] ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane);
 
-/// Makes room for rows 1 to `last` of the active plot at once, if the memory is there; rows that
-/// come one by one find it otherwise.
-void MakeRoomForRows(std::int32_t last, const RowTarget& target);
-
-/// Keeps the text of a line behind its error row.
-void KeepErrorLine(std::int32_t index, std::string_view line);
-
-/// The drawing code that a new row takes.
+/// The drawing code that a new row of a plot takes.
 ///
 /// @param overlay  the overlay of the row, or 0
 /// @param upward   the row's dip or plunge is negative
-[[nodiscard]] SymbolCode CodeOfNewRow(int overlay, bool upward);
+[[nodiscard]] SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward);
 
 } // namespace quandrel

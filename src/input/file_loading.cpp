@@ -64,7 +64,8 @@ public:
     TextLoad(std::string command, std::string path)
         : command_(std::move(command))
         , path_(std::move(path))
-        , record_(ActiveRecord()) {}
+        , plot_(ActivePlot())
+        , record_(plot_.record) {}
 
     /// False when the load came to nothing.
     [[nodiscard]] bool Run() {
@@ -228,7 +229,8 @@ private:
             return;
         }
         if (IsOverlay()) {
-            OpenOverlay();
+            OpenOverlay(record_, KindOfOverlay(record_));
+            record_.SelectedOverlay = 0;
         }
         AddToPlot(path_);
         if (record_.FileTitle.empty()) {
@@ -249,17 +251,8 @@ private:
         AddFileName(record_, path);
     }
 
-    void OpenOverlay() {
-        const auto overlay = static_cast<std::size_t>(++record_.OverlayRows[0]);
-        record_.OverlayRows[overlay] = 0;
-        record_.OverlayKind[overlay] = KindOfOverlay(record_);
-        record_.OverlayFiles[overlay].clear();
-        record_.SelectedOverlay = 0;
-    }
-
     [[nodiscard]] LinePass PassFromGlobals() const {
         LinePass pass;
-        pass.firstRow = record_.NumLoadedData;
         pass.skipHeading = gFileHasHeadings;
         pass.target.overlay = record_.OverlayRows[0];
         if (record_.SecondaryFormat != kNoSecondary) {
@@ -286,8 +279,7 @@ private:
 
     /// Takes back the rows of a pass that is to be repeated.
     void DropRows() {
-        ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(record_.NumLoadedData));
-        DropErrorLines(gActivePlot, record_.NumLoadedData);
+        CutRows(plot_, countsBefore_);
         RestoreRanges(record_, before_);
     }
 
@@ -306,8 +298,7 @@ private:
             return true;
         }
         if (IsOverlay()) {
-            record_.OverlayKind[static_cast<std::size_t>(record_.OverlayRows[0])] =
-                KindOfOverlay(record_);
+            SetOverlayKind(record_, record_.OverlayRows[0], KindOfOverlay(record_));
             return true;
         }
         return AcceptOtherDataKind();
@@ -317,6 +308,7 @@ private:
     [[nodiscard]] PassEnd RunPass(std::string_view text, bool reportBadLines) {
         LinePass pass = PassFromGlobals();
         pass.reportBadLines = reportBadLines;
+        const bool isFirst = IsNew() && record_.NumLoadedData == 0;
         std::string heading;
         PassEnd end = PassEnd::Left;
         gBusy = true;
@@ -332,7 +324,7 @@ private:
         if (end == PassEnd::Done) {
             ReportLoadSummary(gLastLoad);
         }
-        if (IsNew() && record_.NumLoadedData == 0) {
+        if (isFirst) {
             record_.FileHeadLine = heading;
         }
         return end;
@@ -343,6 +335,7 @@ private:
     [[nodiscard]] bool LoadFile(std::string_view text) {
         const BusyPointer busy(*gPlatform.status);
         gPlatform.status->SetText("Please wait - loading data from " + FileTitleOf(path_));
+        countsBefore_ = CountsOf(record_);
         for (;;) {
             const PassEnd end = RunPass(text, true);
             if (end == PassEnd::Left || (end == PassEnd::Done && !LoadFailed(gLastLoad))) {
@@ -357,20 +350,12 @@ private:
             DropRows();
             return false;
         }
-        CountRows();
+        MarkRows();
         return true;
     }
 
-    /// Takes the rows of the last pass into the plot's counts.
-    void CountRows() {
-        record_.NumLoadedData += gLastLoad.rowsRead;
-        if (record_.OverlayRows[0] == 0) {
-            record_.NumData = record_.NumLoadedData;
-            record_.NumValidData += gLastLoad.rowsValid;
-        } else {
-            record_.OverlayRows[static_cast<std::size_t>(record_.OverlayRows[0])] +=
-                gLastLoad.rowsRead;
-        }
+    /// What follows from new rows.
+    void MarkRows() {
         record_.RowsChanged = kTrue;
         record_.ClassifyCheckPending = kTrue;
     }
@@ -387,7 +372,7 @@ private:
                 const LoadCounters first = gLastLoad;
                 goOn_ = RunPass(*text, false) == PassEnd::Done && !gLastLoad.cancelled
                         && !gLastLoad.outOfMemory;
-                CountRows();
+                MarkRows();
                 AddToPlot(further);
                 AddCounters(first, gLastLoad);
             }
@@ -413,6 +398,7 @@ private:
 
     std::string command_;
     std::string path_;
+    Plot& plot_;
     PlotRecord& record_;
     ParameterItems items_;
     std::vector<std::string> furtherFiles_;
@@ -421,6 +407,7 @@ private:
     bool asked_ = false;
     bool saysAll_ = false; ///< the format is not asked for
     PlotBeforeLoad before_ = StateOf(ActiveRecord());
+    RowCounts countsBefore_; ///< before the rows of the first file
     bool fillsEmptyPlot_ = false;
     bool goOn_ = true; ///< further files may follow
 };
@@ -444,7 +431,7 @@ std::string ReadTextFile(const std::string& command, const std::string& path) {
         return command;
     }
     RestoreFormat(formerFormat);
-    RestoreState(ActiveRecord(), formerState);
+    RestoreState(ActivePlot(), formerState);
     gPlatform.status->SetText("Nothing was loaded from " + FileTitleOf(path));
     return kLoadError;
 }
@@ -459,8 +446,7 @@ void SetPlotFormatFromGlobals() {
     record.AppNumName = gFileAppNumName;
     record.AppNonNumName = gFileAppNonNumName;
     record.NumFiles = 1;
-    record.NumData = 0;
-    record.OverlayRows[0] = 0;
+    ClearRows(ActivePlot());
     record.DataKind = gPlotDataKind;
     record.RoseType = 0;
     // The names stay from file to file; they speak of columns that are read alone.

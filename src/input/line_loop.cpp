@@ -82,8 +82,7 @@ public:
             return false;
         }
         RowFaults faults;
-        const std::int32_t index = pass_.firstRow + counters_.rowsRead + 1;
-        if (!StoreDataRow(row, index, pass_.target, faults)) {
+        if (!StoreDataRow(plot_, row, pass_.target, faults, line)) {
             counters_.outOfMemory = true;
             return false;
         }
@@ -92,7 +91,6 @@ public:
             CountValid(row, faults);
             return true;
         }
-        KeepErrorLine(index, line);
         return TakeBadLine(row.status, line);
     }
 
@@ -165,6 +163,7 @@ private:
         return false;
     }
 
+    Plot& plot_ = ActivePlot();
     const LinePass& pass_;
     LineFormat format_;
     LoadCounters& counters_;
@@ -187,7 +186,10 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
     counters = {};
     heading.clear();
     if (const std::int32_t lines = CountLines(text); lines > kFewLines) {
-        MakeRoomForRows(std::min(gRowLimit - pass.firstRow, lines) + pass.firstRow, pass.target);
+        Plot& plot = ActivePlot();
+        const std::int32_t held = plot.record.NumLoadedData;
+        MakeRoomForRows(plot, std::min(gRowLimit - held, lines) + held,
+                        pass.target.secondaryFormat != 0);
     }
     LineReader reader(text);
     LineLoop loop(pass, text.starts_with(kOwnTextStart), counters);

@@ -17,7 +17,6 @@ namespace quandrel {
 
 /// One pass over the lines of a file.
 struct LinePass {
-    std::int32_t firstRow = 0; ///< the row before the first one to be stored
     bool skipHeading =
         false; ///< the first line that is no comment, parameter or blank is a heading
     bool reportBadLines = true; ///< ask about the first bad line
@@ -31,7 +30,7 @@ extern std::chrono::milliseconds gTimeWithoutProgress;
 /// How a pass ended.
 enum class PassEnd { Done, Left, Retry };
 
-/// Stores all lines of a text as rows of the active plot: good ones as data, all others as error
+/// Appends all lines of a text as rows to the active plot: good ones as data, all others as error
 /// rows. The progress bar shows how far it has come; a cancelled load keeps the rows so far.
 ///
 /// @param[out] counters  counted from 0

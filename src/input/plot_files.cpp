@@ -18,11 +18,6 @@ bool IsInPlot(const PlotRecord& record, const std::string& path) {
     return TimesInPlot(record, path) > 0;
 }
 
-void DropErrorLines(int slot, std::int32_t last) {
-    std::erase_if(gErrorLines[static_cast<std::size_t>(slot)],
-                  [last](const auto& held) { return held.first > last; });
-}
-
 void AddFileName(PlotRecord& record, const std::string& path) {
     if (record.NumFiles < kMaxFiles) {
         ++record.NumFiles;
@@ -56,10 +51,9 @@ void TakeFileOut(PlotRecord& record, const std::string& path) {
 }
 
 PlotBeforeLoad StateOf(const PlotRecord& record) {
-    return {record.NumFiles,        record.FileNames, record.MainFiles,      record.OverlayFiles,
-            record.FileTitle,       record.PlotTitle, record.OverlayRows[0], record.OverlayKind,
-            record.SelectedOverlay, record.Modified,  record.AppendedMin,    record.AppendedMax,
-            record.DistinctValues};
+    return {record.NumFiles,  record.FileNames,   record.MainFiles,   record.OverlayFiles,
+            record.FileTitle, record.PlotTitle,   CountsOf(record),   record.SelectedOverlay,
+            record.Modified,  record.AppendedMin, record.AppendedMax, record.DistinctValues};
 }
 
 void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
@@ -68,40 +62,31 @@ void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
     record.DistinctValues = before.distinctValues;
 }
 
-void RestoreState(PlotRecord& record, const PlotBeforeLoad& before) {
+void RestoreState(Plot& plot, const PlotBeforeLoad& before) {
+    PlotRecord& record = plot.record;
+    CutRows(plot, before.counts);
     record.NumFiles = before.numFiles;
     record.FileNames = before.names;
     record.MainFiles = before.mainFiles;
     record.OverlayFiles = before.overlayFiles;
     record.FileTitle = before.fileTitle;
     record.PlotTitle = before.plotTitle;
-    record.OverlayRows[0] = before.overlays;
-    record.OverlayKind = before.overlayKinds;
     record.SelectedOverlay = before.selectedOverlay;
     record.Modified = before.modified;
     RestoreRanges(record, before);
 }
 
 void RemoveLastOverlay(int slot) {
-    PlotRecord& record = RecordOf(slot);
+    Plot& plot = PlotOf(slot);
+    PlotRecord& record = plot.record;
     const std::int32_t last = record.OverlayRows[0];
     if (last < 1) {
         return;
     }
-    const auto overlay = static_cast<std::size_t>(last);
-    record.NumLoadedData -= record.OverlayRows[overlay];
-    record.OverlayRows[overlay] = 0;
-    record.OverlayKind[overlay] = 0;
-    for (const std::string& path : record.OverlayFiles[overlay]) {
+    for (const std::string& path : record.OverlayFiles[static_cast<std::size_t>(last)]) {
         TakeFileOut(record, path);
     }
-    record.OverlayFiles[overlay].clear();
-    record.OverlayRows[0] = last - 1;
-    if (record.SelectedOverlay == last) {
-        record.SelectedOverlay = 0;
-    }
-    ResizeRowTable(TableOf(slot), static_cast<std::size_t>(record.NumLoadedData));
-    DropErrorLines(slot, record.NumLoadedData);
+    RemoveOverlay(plot);
     if (gRowFollower.cut) {
         gRowFollower.cut(slot, record.NumLoadedData);
     }

@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/plot_rows.h"
 
 #include <array>
 #include <cstddef>
@@ -28,9 +28,6 @@ void TakeFileIn(PlotRecord& record, const std::string& path);
 /// Takes the last place of a file out of the list and the title of a plot.
 void TakeFileOut(PlotRecord& record, const std::string& path);
 
-/// Forgets the texts of error rows behind a row.
-void DropErrorLines(int slot, std::int32_t last);
-
 /// What a load changes of a plot besides its rows, to be put back when it comes to nothing.
 struct PlotBeforeLoad {
     std::int16_t numFiles = 0;
@@ -39,8 +36,7 @@ struct PlotBeforeLoad {
     std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
     std::string fileTitle;
     std::string plotTitle;
-    std::int32_t overlays = 0;
-    std::array<std::int16_t, kMaxOverlays + 1> overlayKinds{};
+    RowCounts counts;
     std::int16_t selectedOverlay = 0;
     std::int16_t modified = 0;
     std::array<double, 2> appendedMin{};
@@ -53,8 +49,8 @@ struct PlotBeforeLoad {
 /// Puts the range and the distinct values of the appended data back.
 void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before);
 
-/// Puts everything back.
-void RestoreState(PlotRecord& record, const PlotBeforeLoad& before);
+/// Puts everything back, and removes rows that came since.
+void RestoreState(Plot& plot, const PlotBeforeLoad& before);
 
 /// Takes the rows of the last overlay of a plot away, and its files.
 void RemoveLastOverlay(int slot);

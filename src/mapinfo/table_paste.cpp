@@ -38,7 +38,8 @@ public:
         , command_(std::move(command))
         , shape_(std::move(shape))
         , head_(table_, head)
-        , record_(ActiveRecord()) {}
+        , plot_(ActivePlot())
+        , record_(plot_.record) {}
 
     /// False when nothing came of it.
     [[nodiscard]] bool Run() {
@@ -58,7 +59,7 @@ public:
             return true;
         }
         DropRows();
-        RestoreState(record_, before_);
+        RestoreState(plot_, before_);
         return false;
     }
 
@@ -148,20 +149,12 @@ private:
 
     /// Takes the rows of a pass out again.
     void DropRows() {
-        ResizeRowTable(TableOf(gActivePlot), static_cast<std::size_t>(record_.NumLoadedData));
-        DropErrorLines(gActivePlot, record_.NumLoadedData);
+        CutRows(plot_, before_.counts);
         RestoreRanges(record_, before_);
         link_ = {};
     }
 
     void Finish() {
-        record_.NumLoadedData += gLastLoad.rowsRead;
-        if (overlay_ == 0) {
-            record_.NumData = record_.NumLoadedData;
-            record_.NumValidData += gLastLoad.rowsValid;
-        } else {
-            record_.OverlayRows[static_cast<std::size_t>(overlay_)] += gLastLoad.rowsRead;
-        }
         record_.RowsChanged = kTrue;
         record_.ClassifyCheckPending = kTrue;
         record_.Modified = kTrue;
@@ -189,6 +182,7 @@ private:
     std::string command_;
     TableShape shape_;
     HeadFile head_;
+    Plot& plot_;
     PlotRecord& record_;
     PlotBeforeLoad before_ = StateOf(ActiveRecord());
     std::int16_t formerKind_ = record_.PlotKind;

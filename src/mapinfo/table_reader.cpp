@@ -84,9 +84,9 @@ private:
             return false;
         }
         const ParsedRow row = ParseValues(InSlots(values), format_);
-        const std::int32_t index = firstRow_ + counters.rowsRead + 1;
+        const std::string line = row.status == LineStatus::Row ? std::string() : Joined(values);
         RowFaults faults;
-        if (!StoreDataRow(row, index, target_, faults)) {
+        if (!StoreDataRow(plot_, row, target_, faults, line)) {
             counters.outOfMemory = true;
             return false;
         }
@@ -94,11 +94,9 @@ private:
         if (row.status == LineStatus::Row) {
             Count(faults, counters);
             CountUpwardLine(row, format_, target_.overlay, counters);
-            Link(index, tableRow);
+            Link(plot_.record.NumLoadedData, tableRow);
             return true;
         }
-        const std::string line = Joined(values);
-        KeepErrorLine(index, line);
         return TakeBadRow(row.status, line, tableRow, counters);
     }
 
@@ -199,7 +197,7 @@ private:
     std::array<bool, kColumnSlots> inUse_;
     std::string base_; ///< the table that the selection comes from
     MIGeoLink& link_;
-    std::int32_t firstRow_ = ActiveRecord().NumLoadedData;
+    Plot& plot_ = ActivePlot();
     std::int32_t badInARow_ = 0;
     std::int32_t invalidInARow_ = 0; ///< of those
     bool isAsked_ = false;

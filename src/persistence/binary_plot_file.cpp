@@ -28,28 +28,13 @@ namespace {
 constexpr std::size_t kFirstUserGirdle = 1;
 constexpr std::size_t kLastUserGirdle = 8;
 
-/// Makes room for the rows of a plot in the columns of gActivePlot.
-[[nodiscard]] bool MakeRoom(const PlotRecord& record) {
-    if (record.NumLoadedData == 0) {
-        return true;
-    }
-    const std::int16_t wasFull = ActiveRecord().DataFull;
-    int secondary = record.SecondaryFormat;
-    GrowDataColumns(secondary, record.NumLoadedData);
-    ActiveRecord().DataFull = wasFull;
-    return secondary == 0
-           && (record.HasAppendedLine == 0 || GrowAppendedColumn(AppendedColumn::Line))
-           && (record.HasAppendedNumeric == 0 || GrowAppendedColumn(AppendedColumn::Number))
-           && (record.HasAppendedText == 0 || GrowAppendedColumn(AppendedColumn::Text));
-}
-
 /// The code that a row has when no class gives it another.
 SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     if (record.ClassMode == 0 || row > record.NumData) {
         return stored.code;
     }
     const std::int32_t dip = OrientationShown(gActivePlot, row).dip;
-    return stored.dip == kErrorRow ? 0 : CodeOfNewRow(0, dip < 0 && dip != kErrorRow);
+    return stored.dip == kErrorRow ? 0 : CodeOfNewRow(record, 0, dip < 0 && dip != kErrorRow);
 }
 
 void StoreRow(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
@@ -205,7 +190,10 @@ Result<BinaryPlot> ReadBinaryPlotFile(const std::string& path) {
 bool StoreBinaryPlot(BinaryPlot plot, const std::string& path, int slot) {
     const PlotInWork work(slot);
     try {
-        if (!MakeRoom(plot.record)) {
+        const bool hasSecondary = plot.record.SecondaryFormat != kNoSecondary;
+        if (plot.record.NumLoadedData > 0
+            && !MakeRoom(ActivePlot().rows, plot.record.NumLoadedData,
+                         ColumnsOf(plot.record, hasSecondary), RoomAhead::None)) {
             return false;
         }
         StoreInActivePlot(std::move(plot), path);

@@ -51,8 +51,9 @@ StyleChange::PlotCodes StyleChange::CodesOfPlot(int slot) {
     codes.slot = slot;
     const int overlays = std::clamp<int>(ActiveRecord().OverlayRows[0], 0, kMaxOverlays);
     for (int overlay = 0; overlay <= overlays; ++overlay) {
-        codes.rows[static_cast<std::size_t>(overlay)] = {CodeOfNewRow(overlay, false),
-                                                         CodeOfNewRow(overlay, true)};
+        codes.rows[static_cast<std::size_t>(overlay)] = {
+            CodeOfNewRow(ActiveRecord(), overlay, false),
+            CodeOfNewRow(ActiveRecord(), overlay, true)};
     }
     for (int number = 1; number < kClassRows; ++number) {
         codes.classes[static_cast<std::size_t>(number)] = CodeOfClass(number);

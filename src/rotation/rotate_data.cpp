@@ -45,10 +45,10 @@ void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& change
     const int overlay = OverlayOfRow(ActiveRecord(), row);
     SymbolCode& base = gDataSymbolBase.At(gActivePlot, row);
     SymbolCode& drawn = gDataSymbol.At(gActivePlot, row);
-    if (base != CodeOfNewRow(overlay, wasUp)) {
+    if (base != CodeOfNewRow(ActiveRecord(), overlay, wasUp)) {
         return;
     }
-    SymbolChange change{row, drawn, base, 0, CodeOfNewRow(overlay, isUp)};
+    SymbolChange change{row, drawn, base, 0, CodeOfNewRow(ActiveRecord(), overlay, isUp)};
     change.drawn = drawn == base ? change.base : drawn;
     drawn = change.drawn;
     base = change.base;

@@ -130,8 +130,8 @@ void RestoreAxes(int slot) {
     record.AxesTitle = !axes->hasExtension    ? kShorteningAxes
                        : !axes->hasShortening ? kExtensionAxes
                                               : kBothAxes;
-    record.NumValidData =
-        static_cast<std::int32_t>(HoldsBothAxes(record) ? axes->faults.size() : axes->rows.size());
+    SetCountOfValid(record, static_cast<std::int32_t>(HoldsBothAxes(record) ? axes->faults.size()
+                                                                            : axes->rows.size()));
     MendMixedMode(record);
     for (const auto& [row, kind] : axes->rows) {
         gDataSymbol.At(slot, row) = CodeOfAxis(kind);

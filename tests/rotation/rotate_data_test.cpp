@@ -350,13 +350,13 @@ TEST_F(RotateRows, SlipLinesAreArrowsWhileArrowsAreDrawn) {
 
 TEST_F(RotateRows, ARowDrawnByItsSenseTakesTheStyleOfItsNewOne) {
     PlotOf(kPrimaryLine, kPolarLines, {});
-    AddRow(40, 0, CodeOfNewRow(0, false));
+    AddRow(40, 0, CodeOfNewRow(ActiveRecord(), 0, false));
     AddRow(40, 0, 70605); // a style of the user's own
     Rotate(AboutAxis(0, 90, 100));
     ASSERT_LT(Primary()[0].first, 0);
-    EXPECT_EQ(gDataSymbol(gActivePlot, 1), CodeOfNewRow(0, true));
-    EXPECT_EQ(gDataSymbolBase(gActivePlot, 1), CodeOfNewRow(0, true));
-    EXPECT_NE(CodeOfNewRow(0, true), CodeOfNewRow(0, false));
+    EXPECT_EQ(gDataSymbol(gActivePlot, 1), CodeOfNewRow(ActiveRecord(), 0, true));
+    EXPECT_EQ(gDataSymbolBase(gActivePlot, 1), CodeOfNewRow(ActiveRecord(), 0, true));
+    EXPECT_NE(CodeOfNewRow(ActiveRecord(), 0, true), CodeOfNewRow(ActiveRecord(), 0, false));
     EXPECT_EQ(gDataSymbol(gActivePlot, 2), 70605U);
 }
 

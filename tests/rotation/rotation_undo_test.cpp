@@ -13,7 +13,7 @@ protected:
         PlanesWith(kSecondaryLine, {{60, 90}, {kErrorRow, 0}, {5, 360}},
                    {{20, 10}, {0, 0}, {-70, 80}});
         AddAppended({{15, 300}, {kInvalidAppendedLine, 0}, {0, 0}});
-        AddOverlay(kOverlayPolarLines, 40, 0, CodeOfNewRow(1, false));
+        AddOverlay(kOverlayPolarLines, 40, 0, CodeOfNewRow(ActiveRecord(), 1, false));
         gDataSymbolBase.At(gActivePlot, 4) = gDataSymbol(gActivePlot, 4);
         ActiveRecord().Modified = 0;
     }

@@ -92,13 +92,9 @@ bool IsUp(std::int32_t point) {
 }
 
 /// Memory for what rows that were loaded without them may lack.
-[[nodiscard]] bool GrowColumns(const PlotRecord& record) {
-    int secondary = record.SecondaryFormat != kNoSecondary ? 1 : 0;
-    GrowDataColumns(secondary, record.NumLoadedData);
-    return secondary == 0
-           && (record.HasAppendedLine == 0 || GrowAppendedColumn(AppendedColumn::Line))
-           && (record.HasAppendedNumeric == 0 || GrowAppendedColumn(AppendedColumn::Number))
-           && (record.HasAppendedText == 0 || GrowAppendedColumn(AppendedColumn::Text));
+[[nodiscard]] bool GrowColumns(Plot& plot) {
+    const bool hasSecondary = plot.record.SecondaryFormat != kNoSecondary;
+    return MakeRoom(plot.rows, plot.record.NumLoadedData, ColumnsOf(plot.record, hasSecondary));
 }
 
 void StoreAppended(const RowEdit& edit, std::int32_t point) {
@@ -115,39 +111,27 @@ void StoreAppended(const RowEdit& edit, std::int32_t point) {
     }
 }
 
-void SpoilRow(PlotRecord& record, std::int32_t point) {
-    if (gDataDip(gActivePlot, point) != kErrorRow) {
-        record.NumValidData = std::max(record.NumValidData - 1, 0);
-    }
-    gDataDip.At(gActivePlot, point) = kErrorRow;
-    gDataAz.At(gActivePlot, point) = 0;
-    gDataSymbol.At(gActivePlot, point) = 0;
-    gDataSymbolBase.At(gActivePlot, point) = 0;
-    gPointDensity.At(gActivePlot, point) = 0;
-}
-
 /// A row in the style of its sense takes that of its new one; one that was no data gets a style.
 void FollowSense(std::int32_t point, bool wasError, bool wasUp) {
     SymbolCode& base = gDataSymbolBase.At(gActivePlot, point);
     SymbolCode& drawn = gDataSymbol.At(gActivePlot, point);
-    const SymbolCode code = CodeOfNewRow(0, IsUp(point));
+    const SymbolCode code = CodeOfNewRow(ActiveRecord(), 0, IsUp(point));
     if (wasError) {
         base = code;
         drawn = code;
         return;
     }
-    if (base == CodeOfNewRow(0, wasUp)) {
+    if (base == CodeOfNewRow(ActiveRecord(), 0, wasUp)) {
         drawn = drawn == base ? code : drawn;
         base = code;
     }
 }
 
-void StoreOrientations(const RowEdit& edit, PlotRecord& record, std::int32_t point) {
+void StoreOrientations(const RowEdit& edit, std::int32_t point) {
     const bool wasError = gDataDip(gActivePlot, point) == kErrorRow;
     const bool wasUp = IsUp(point);
     if (edit.primary.edit == PairEdit::Good) {
-        gDataDip.At(gActivePlot, point) = edit.primary.value.dip;
-        gDataAz.At(gActivePlot, point) = edit.primary.value.azimuth;
+        SetOrientation(ActivePlot(), point, edit.primary.value.dip, edit.primary.value.azimuth);
     }
     if (edit.secondary.edit != PairEdit::None) {
         const bool isGood = edit.secondary.edit == PairEdit::Good;
@@ -156,10 +140,6 @@ void StoreOrientations(const RowEdit& edit, PlotRecord& record, std::int32_t poi
     }
     if (gDataDip(gActivePlot, point) == kErrorRow) {
         return;
-    }
-    if (wasError) {
-        ++record.NumValidData;
-        gErrorLines[static_cast<std::size_t>(gActivePlot)].erase(point);
     }
     FollowSense(point, wasError, wasUp);
 }
@@ -188,14 +168,13 @@ void ApplyRow(const DataGrid& grid, std::size_t row, std::int32_t point, GridEdi
     ++report.changed;
     if (edit.IsSpoilt()) {
         ++report.spoilt;
-        KeepErrorLine(point, LineOfCells(grid, row));
-        SpoilRow(record, point);
+        SpoilRow(ActivePlot(), point, LineOfCells(grid, row));
         return;
     }
     if (gDataDip(gActivePlot, point) == kErrorRow) {
         MakeMissing(record, point);
     }
-    StoreOrientations(edit, record, point);
+    StoreOrientations(edit, point);
     StoreAppended(edit, point);
 }
 
@@ -215,10 +194,10 @@ void AddNewRows(const DataGrid& grid, GridEditReport& report) {
         }
         ++report.added;
         const std::int32_t point = ActiveRecord().NumLoadedData;
-        if (point == ActiveRecord().NumData && GrowColumns(ActiveRecord())) {
+        if (point == ActiveRecord().NumData && GrowColumns(ActivePlot())) {
             RowEdit rest = edit;
             rest.primary = {};
-            StoreOrientations(rest, ActiveRecord(), point);
+            StoreOrientations(rest, point);
             StoreAppended(edit, point);
         }
     }
@@ -251,7 +230,7 @@ GridEditReport ApplyGridEdits(DataGrid& grid) {
     }
     EditStep step(kAddEdit, Before<RowChange>);
     AddNewRows(grid, report);
-    if (!points.empty() && GrowColumns(ActiveRecord())) {
+    if (!points.empty() && GrowColumns(ActivePlot())) {
         for (std::size_t i = 0; i < rows.size(); ++i) {
             ApplyRow(grid, rows[i], points[i], report);
         }

@@ -68,25 +68,10 @@ bool GoesOverMainRows(const PlotRecord& record) {
     return record.OverlayRows[0] > 0 || record.ShowSecondary != 0;
 }
 
-/// Counts a row of an overlay, or a main row, in or out.
-void CountRow(PlotRecord& record, int overlay, int step) {
-    record.NumLoadedData += step;
-    if (overlay > 0) {
-        std::int32_t& rows = record.OverlayRows[static_cast<std::size_t>(overlay)];
-        rows += step;
-        if (rows == 0) {
-            record.OverlayKind[static_cast<std::size_t>(overlay)] = 0;
-            record.OverlayRows[0] -= 1;
-        }
-        return;
-    }
-    record.NumValidData += step;
-    record.NumData += step;
-}
-
-/// Stores a row behind the others of gActivePlot. Counts it first, as the store asks for its place.
-[[nodiscard]] bool StorePoint(PlotRecord& record, int overlay, DegreesByHand point) {
-    CountRow(record, overlay, 1);
+/// Appends a row to gActivePlot.
+[[nodiscard]] bool StorePoint(int overlay, DegreesByHand point) {
+    Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
     ParsedRow row;
     row.status = LineStatus::Row;
     row.dip = point.dip;
@@ -99,10 +84,12 @@ void CountRow(PlotRecord& record, int overlay, int step) {
     }
     const RowTarget target{overlay, record.SecondaryFormat, false, false};
     RowFaults faults;
-    if (StoreDataRow(row, record.NumLoadedData, target, faults)) {
+    if (StoreDataRow(plot, row, target, faults)) {
         return true;
     }
-    CountRow(record, overlay, -1);
+    if (overlay > 0 && record.OverlayRows[static_cast<std::size_t>(overlay)] == 0) {
+        CloseOverlay(plot.record, overlay); // it was opened for the row
+    }
     return false;
 }
 
@@ -139,12 +126,7 @@ std::optional<int> OverlayForAddedRows(PlotRecord& record) {
         Tell("You can't overlay any more points on this plot");
         return std::nullopt;
     }
-    const auto overlay = static_cast<std::size_t>(top) + 1;
-    record.OverlayRows[0] = top + 1;
-    record.OverlayRows[overlay] = 0;
-    record.OverlayKind[overlay] = kOverlayPolarLines;
-    record.OverlayFiles[overlay].clear();
-    return top + 1;
+    return OpenOverlay(record, kOverlayPolarLines);
 }
 
 void AddStereoPoint(int button, double x, double y) {
@@ -180,7 +162,7 @@ bool StoreRowByHand(DegreesByHand row) {
         record.SelectedOverlay = 0;
     }
     BreakLinks(record);
-    if (!StorePoint(record, overlay, row)) {
+    if (!StorePoint(overlay, row)) {
         record.SelectedOverlay = secondaryOverlay;
         return false;
     }

@@ -62,7 +62,6 @@ void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
     const std::int16_t files = record.NumFiles;
     SetPlotFormatFromGlobals();
     record.NumFiles = files;
-    record.NumValidData = 0;
     record.DataKind = format.dataKind;
     const bool isSecondary = format.showsSecondary && format.settings.secondary != kNoSecondary;
     record.ShowSecondary = isSecondary ? kTrue : std::int16_t{0};
@@ -83,7 +82,8 @@ class RowPaste {
 public:
     RowPaste(const PastedFormat& format, int overlay)
         : format_(format)
-        , record_(ActiveRecord())
+        , plot_(ActivePlot())
+        , record_(plot_.record)
         , overlay_(overlay)
         , target_(TargetOfPaste(record_, format, overlay))
         , lines_(LineFormatOf(format)) {}
@@ -133,21 +133,13 @@ private:
             return false;
         }
         RowFaults faults;
-        const std::int32_t index = record_.NumLoadedData + 1;
-        if (!StoreDataRow(row, index, target_, faults)) {
+        if (!StoreDataRow(plot_, row, target_, faults)) {
             report_.outOfMemory = true;
             return false;
         }
         ++report_.pasted;
         if (!format_.isOwn) {
             CountUpwardLine(row, lines_, overlay_, report_.upward);
-        }
-        record_.NumLoadedData = index;
-        if (overlay_ > 0) {
-            ++record_.OverlayRows[static_cast<std::size_t>(overlay_)];
-        } else {
-            ++record_.NumData;
-            ++record_.NumValidData;
         }
         return true;
     }
@@ -164,6 +156,7 @@ private:
     }
 
     const PastedFormat& format_;
+    Plot& plot_;
     PlotRecord& record_;
     int overlay_;
     RowTarget target_;
