@@ -4,6 +4,7 @@
 
 #include "core/settings.h"
 #include "input/data_line.h"
+#include "input/delimiter_merit.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 
@@ -12,7 +13,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
-#include <tuple>
+#include <utility>
 
 namespace quandrel {
 
@@ -61,13 +62,8 @@ public:
         , preview_(preview)
         , format_(LineFormatOf(choice))
         , used_(ColumnsInUse(choice))
-        , names_(LongColumnNames(choice)) {
-        for (std::size_t i = 0; i < preview.lines.size(); ++i) {
-            if (preview.lines[i].kind == PreviewKind::Data) {
-                rows_.push_back(i);
-            }
-        }
-    }
+        , names_(LongColumnNames(choice))
+        , rows_(DataLinesOf(preview)) {}
 
     [[nodiscard]] std::vector<std::string> Reasons(Doubt doubt) {
         if (!rows_.empty() && !DoubtDelimiter()) {
@@ -138,73 +134,6 @@ private:
             }));
     }
 
-    /// Cells at whose ends no other delimiter is left over.
-    [[nodiscard]] static std::size_t CleanCells(const std::vector<std::string>& cells) {
-        constexpr std::string_view kLeftOver = ",; \t";
-        return static_cast<std::size_t>(
-            std::count_if(cells.begin(), cells.end(), [&](const std::string& cell) {
-                return !cell.empty() && kLeftOver.find(cell.front()) == kLeftOver.npos
-                       && kLeftOver.find(cell.back()) == kLeftOver.npos;
-            }));
-    }
-
-    /// How well a delimiter takes the lines apart, what counts most first.
-    struct DelimiterMerit {
-        bool headingAgrees = false; ///< the headings have as many cells as the rows
-        std::size_t clean = 0;      ///< cells that no other delimiter is left over in
-        std::size_t columns = 1;    ///< the usual width of the rows
-        const char* name = "";
-
-        [[nodiscard]] bool IsBetterThan(const DelimiterMerit& other) const {
-            return std::tie(headingAgrees, clean, columns)
-                   > std::tie(other.headingAgrees, other.clean, other.columns);
-        }
-    };
-
-    /// The line in front of the rows that names the columns, ticked as such or not.
-    [[nodiscard]] const PreviewLine* HeadingLine() const {
-        for (std::size_t i = 0; i < rows_.front(); ++i) {
-            const PreviewKind kind = preview_.lines[i].kind;
-            if (kind == PreviewKind::Heading || kind == PreviewKind::NoData) {
-                return &preview_.lines[i];
-            }
-        }
-        return nullptr;
-    }
-
-    /// Only lines of the usual width have a say: one that parts otherwise speaks for nothing.
-    [[nodiscard]] DelimiterMerit MeritOf(const DelimiterName& entry) const {
-        DelimiterMerit merit;
-        merit.name = entry.name;
-        std::vector<std::vector<std::string>> rows;
-        std::vector<std::size_t> widths;
-        for (const std::size_t line : rows_) {
-            rows.push_back(CellsOfLine(preview_.lines[line].line, entry.delimiter));
-            widths.push_back(rows.back().size());
-        }
-        merit.columns = MiddleOf(widths);
-        for (const std::vector<std::string>& cells : rows) {
-            merit.clean += cells.size() == merit.columns ? CleanCells(cells) : 0;
-        }
-        const PreviewLine* heading = HeadingLine();
-        merit.headingAgrees =
-            heading != nullptr
-            && CellsOfLine(heading->line, entry.delimiter).size() == merit.columns;
-        return merit;
-    }
-
-    /// The delimiter that takes the lines apart best, of those that part most of them.
-    [[nodiscard]] std::optional<DelimiterMerit> BestDelimiter() const {
-        std::optional<DelimiterMerit> best;
-        for (const DelimiterName& entry : kDelimiters) {
-            const DelimiterMerit merit = MeritOf(entry);
-            if (merit.columns > 1 && (!best || merit.IsBetterThan(*best))) {
-                best = merit;
-            }
-        }
-        return best;
-    }
-
     /// True when the delimiter leaves most lines in one piece.
     bool DoubtDelimiter() {
         const std::size_t narrow = NarrowLines(2);
@@ -214,7 +143,7 @@ private:
         std::string reason = "With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
                              + (narrow == rows_.size() ? " each line is" : " most lines are")
                              + " one column";
-        if (const std::optional<DelimiterMerit> best = BestDelimiter()) {
+        if (const std::optional<DelimiterMerit> best = BestDelimiter(preview_)) {
             reason +=
                 "; with " + Quoted(best->name) + " there are " + std::to_string(best->columns);
         }
@@ -225,12 +154,12 @@ private:
     /// Headings and rows differ in their columns, and another delimiter, which parts the rows
     /// otherwise, makes them agree.
     void DoubtHeadingColumns() {
-        const PreviewLine* heading = HeadingLine();
+        const PreviewLine* heading = HeadingLineOf(preview_);
         if (heading == nullptr || heading->kind != PreviewKind::Heading
             || heading->cells.size() == UsualWidth()) {
             return;
         }
-        const std::optional<DelimiterMerit> best = BestDelimiter();
+        const std::optional<DelimiterMerit> best = BestDelimiter(preview_);
         if (best && best->headingAgrees && best->columns != UsualWidth()) {
             reasons_.push_back("With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
                                + " headings and rows differ in their columns; with "
@@ -261,12 +190,7 @@ private:
         for (const std::size_t line : rows_) {
             widths.push_back(preview_.lines[line].cells.size());
         }
-        return MiddleOf(widths);
-    }
-
-    [[nodiscard]] static std::size_t MiddleOf(std::vector<std::size_t>& widths) {
-        std::sort(widths.begin(), widths.end());
-        return widths[widths.size() / 2];
+        return MiddleOf(std::move(widths));
     }
 
     void DoubtColumns() {
