@@ -81,8 +81,10 @@ void TrackTextIn(Range& range, std::string_view text) {
     if (text.empty()) {
         return;
     }
-    if (const std::optional<double> value = ReadNumber(text)) {
-        Widen(range, kTexts, *value, *value);
+    if (MayBeNumber(text)) {
+        if (const std::optional<double> value = ReadNumber(text)) {
+            Widen(range, kTexts, *value, *value);
+        }
     }
     KeepText(range, text);
 }

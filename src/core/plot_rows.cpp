@@ -77,7 +77,7 @@ void CopyOtherColumns(const RowBlock& block, PlotRows& rows, std::int32_t last) 
 /// Stores a block after the counted rows. False when memory ran out.
 [[nodiscard]] bool StoreBlock(Plot& plot, const RowBlock& block) {
     const std::int32_t last = plot.record.NumLoadedData;
-    if (!MakeRoom(plot.rows, last + block.Count(), block.Columns())) {
+    if (!MakeRoom(plot.rows, last + block.Count(), block.Columns(), RoomAhead::None)) {
         return false;
     }
     CopyBaseColumns(block, plot.rows, last);
@@ -208,6 +208,11 @@ std::int32_t AppendBlock(Plot& plot, int overlay, const RowBlock& block) {
     }
     CountIn(plot.record, overlay, block.Count(), block.CountOfValid());
     return block.Count();
+}
+
+void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary) {
+    ReserveRoom(plot.rows, last, ColumnsOf(plot.record, withSecondary));
+    ReserveRows(plot.table, static_cast<std::size_t>(last));
 }
 
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary) {

@@ -54,6 +54,9 @@ void SetCounts(PlotRecord& record, const RowCounts& counts);
 /// set
 [[nodiscard]] std::int32_t AppendBlock(Plot& plot, int overlay, const RowBlock& block);
 
+/// Takes memory for rows 1 to `last`, if it is there, for blocks to come.
+void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary);
+
 /// Makes room for rows 1 to `last` at once, if the memory is there; rows that come one by one find
 /// it otherwise.
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary);

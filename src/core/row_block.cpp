@@ -2,7 +2,7 @@
 
 #include "core/row_block.h"
 
-#include <new>
+#include <algorithm>
 #include <string>
 
 namespace quandrel {
@@ -70,26 +70,32 @@ void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
     }
 }
 
+void RowBlock::Begin(const ColumnSet& columns, std::int32_t expectedRows) {
+    columns_ = columns;
+    count_ = 0;
+    valid_ = 0;
+    range_ = {};
+    cells_.errorLines.clear();
+    cells_.text.Clear();
+    MakeRoomFor(expectedRows);
+}
+
+void RowBlock::MakeRoomFor(std::int32_t rows) {
+    GrowBlock(cells_, rows, columns_);
+    const auto places = static_cast<std::size_t>(rows);
+    flags_.resize(std::max(flags_.size(), places));
+    places_.resize(std::max(places_.size(), places));
+}
+
 void RowBlock::Add(const RowValues& values) {
+    const auto place = static_cast<std::size_t>(count_);
     const std::int32_t row = count_ + 1;
-    if (!MakeRoom(cells_, row, columns_)) {
-        throw std::bad_alloc();
+    if (place >= places_.size()) {
+        MakeRoomFor(row + row / 2);
     }
-    const auto places = static_cast<std::size_t>(row);
-    isData_.resize(places);
-    isData_.back() = values.isData;
-    isInRange_.resize(places);
-    isInRange_.back() = values.isInRange;
     StoreCells(cells_, row, values, columns_);
-    places_.index.resize(places, row);
-    places_.x.resize(places);
-    places_.y.resize(places);
-    places_.plunge.resize(places);
-    places_.trend.resize(places);
-    places_.x.back() = values.place.x;
-    places_.y.back() = values.place.y;
-    places_.plunge.back() = values.place.plunge;
-    places_.trend.back() = values.place.trend;
+    places_[place] = values.place;
+    flags_[place] = {values.isData, values.isInRange};
     if (values.isInRange && columns_.number) {
         TrackNumber(range_, values.number);
     }
@@ -102,7 +108,8 @@ void RowBlock::Add(const RowValues& values) {
 
 RowValues RowBlock::Row(std::int32_t row) const {
     RowValues values;
-    values.isData = isData_[static_cast<std::size_t>(row) - 1];
+    const Flags flags = flags_[static_cast<std::size_t>(row) - 1];
+    values.isData = flags.isData;
     values.dip = cells_.dip(row);
     values.azimuth = cells_.azimuth(row);
     values.code = cells_.symbol(row);
@@ -113,7 +120,7 @@ RowValues RowBlock::Row(std::int32_t row) const {
     values.lineAzimuth = cells_.lineAzimuth(row);
     values.number = cells_.number(row);
     values.text = cells_.text(row);
-    values.isInRange = isInRange_[static_cast<std::size_t>(row) - 1];
+    values.isInRange = flags.isInRange;
     values.place = places_[static_cast<std::size_t>(row) - 1];
     if (const auto line = cells_.errorLines.find(row); line != cells_.errorLines.end()) {
         values.errorLine = line->second;

@@ -51,6 +51,10 @@ public:
     explicit RowBlock(const ColumnSet& columns)
         : columns_(columns) {}
 
+    /// Empties the block for rows to come, of which there may be more than expected. Its memory
+    /// stays with it. Throws std::bad_alloc when there is none for so many rows.
+    void Begin(const ColumnSet& columns, std::int32_t expectedRows);
+
     /// Appends a row. Throws std::bad_alloc when memory ran out, and then has not changed.
     void Add(const RowValues& values);
 
@@ -66,18 +70,29 @@ public:
 
     [[nodiscard]] const PlotRows& Cells() const { return cells_; }
 
-    [[nodiscard]] const RowTable& Places() const { return places_; }
+    /// The lines of the rows for the table, without their indices.
+    [[nodiscard]] std::span<const PlottedRow> Places() const {
+        return std::span(places_).first(static_cast<std::size_t>(count_));
+    }
 
     [[nodiscard]] const AppendedRange& Range() const { return range_; }
 
 private:
+    /// What else there is to know of a row.
+    struct Flags {
+        bool isData = false;
+        bool isInRange = false;
+    };
+
+    /// Lets all columns hold a number of rows. Throws std::bad_alloc.
+    void MakeRoomFor(std::int32_t rows);
+
     ColumnSet columns_;
     std::int32_t count_ = 0;
     std::int32_t valid_ = 0;
     PlotRows cells_;
-    RowTable places_;             ///< without a version: nobody looks for its changes
-    std::vector<bool> isData_;    ///< by row - 1
-    std::vector<bool> isInRange_; ///< likewise
+    std::vector<PlottedRow> places_; ///< by row - 1, like the flags; both as long as there is room
+    std::vector<Flags> flags_;
     AppendedRange range_;
 };
 

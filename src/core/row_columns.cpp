@@ -2,6 +2,7 @@
 
 #include "core/row_columns.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 
@@ -39,6 +40,12 @@ void RowTexts::TakeRows(const RowTexts& from, std::int32_t count, std::int32_t l
         place = from.places_(row);
         place.offset += start;
     }
+}
+
+void RowTexts::Clear() {
+    std::fill(places_.Rows().begin(), places_.Rows().end(), Place{});
+    texts_.clear();
+    unused_ = 0;
 }
 
 void RowTexts::Release() {

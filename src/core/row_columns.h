@@ -46,6 +46,9 @@ public:
         cells_.resize(size);
     }
 
+    /// Takes memory for rows up to `capacity`, for growths to come. Throws as Grow.
+    void Reserve(std::int32_t capacity) { cells_.reserve(static_cast<std::size_t>(capacity) + 1); }
+
     /// Takes back a growth: the column has `rowCount` cells again.
     void Shrink(std::int32_t rowCount) { cells_.resize(static_cast<std::size_t>(rowCount)); }
 
@@ -73,7 +76,13 @@ public:
 
     void Grow(std::int32_t capacity) { places_.Grow(capacity); }
 
+    /// Takes memory for the rows, not for their texts.
+    void Reserve(std::int32_t capacity) { places_.Reserve(capacity); }
+
     void Shrink(std::int32_t rowCount) { places_.Shrink(rowCount); }
+
+    /// Makes all texts empty. The memory stays.
+    void Clear();
 
     void Release();
 

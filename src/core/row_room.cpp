@@ -38,6 +38,22 @@ template <class Column, class... Rest>
     return grown;
 }
 
+/// Calls `visit(column)` for the base columns and those of a set.
+template <class Visit>
+void VisitColumns(PlotRows& rows, const ColumnSet& columns, const Visit& visit) {
+    const auto visitIf = [&visit](bool isThere, auto&... column) {
+        if (isThere) {
+            (visit(column), ...);
+        }
+    };
+    visitIf(true, rows.dip, rows.azimuth, rows.symbol, rows.symbolBase, rows.pointDensity,
+            rows.order);
+    visitIf(columns.secondary, rows.dip2, rows.azimuth2);
+    visitIf(columns.line, rows.lineDip, rows.lineAzimuth);
+    visitIf(columns.number, rows.number);
+    visitIf(columns.text, rows.text);
+}
+
 /// True when a column has a place for a row.
 template <class Column>
 bool Holds(const Column& column, std::int32_t row) {
@@ -95,6 +111,20 @@ bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns, RoomA
         }
     }
     return MakeRoomInAppended(rows, last, columns);
+}
+
+void GrowBlock(PlotRows& rows, std::int32_t capacity, const ColumnSet& columns) {
+    VisitColumns(rows, columns, [capacity](auto& column) { column.Grow(capacity); });
+}
+
+void ReserveRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns) {
+    try {
+        VisitColumns(rows, columns, [last](auto& column) { column.Reserve(last); });
+    } catch (const std::bad_alloc&) {
+        return; // blocks may find the memory that all of them together did not
+    } catch (const std::length_error&) {
+        return;
+    }
 }
 
 } // namespace quandrel

@@ -41,4 +41,12 @@ enum class RoomAhead { None, WhereMemoryAllows };
 [[nodiscard]] bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns,
                             RoomAhead ahead = RoomAhead::WhereMemoryAllows);
 
+/// Lets the columns of rows that have no plot yet hold rows up to `capacity`, whatever the most
+/// rows of a plot are. Throws std::bad_alloc or std::length_error; some columns may then have
+/// grown.
+void GrowBlock(PlotRows& rows, std::int32_t capacity, const ColumnSet& columns);
+
+/// Takes memory for rows up to `last` that are going to be appended in blocks, if it is there.
+void ReserveRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns);
+
 } // namespace quandrel

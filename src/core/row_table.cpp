@@ -70,17 +70,19 @@ void AppendRow(RowTable& table, const PlottedRow& row) {
     MarkChanged(table);
 }
 
-void AppendRows(RowTable& table, const RowTable& block, std::int32_t last) {
-    for (const std::int32_t index : block.index) {
-        table.index.push_back(last + index);
+void AppendRows(RowTable& table, std::span<const PlottedRow> rows, std::int32_t last) {
+    std::size_t place = table.size();
+    const std::size_t end = place + rows.size();
+    const auto grow = [end](auto&... columns) { (columns.resize(end), ...); };
+    grow(table.index, table.x, table.y, table.plunge, table.trend);
+    for (const PlottedRow& row : rows) {
+        table.index[place] = ++last;
+        table.x[place] = row.x;
+        table.y[place] = row.y;
+        table.plunge[place] = row.plunge;
+        table.trend[place] = row.trend;
+        ++place;
     }
-    const auto append = [](auto& to, const auto& from) {
-        to.insert(to.end(), from.begin(), from.end());
-    };
-    append(table.x, block.x);
-    append(table.y, block.y);
-    append(table.plunge, block.plunge);
-    append(table.trend, block.trend);
     MarkChanged(table);
 }
 

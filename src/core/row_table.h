@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -45,8 +46,9 @@ void ClearRowTable(RowTable& table);
 /// As ClearRowTable, and gives the memory back.
 void ReleaseRowTable(RowTable& table);
 void AppendRow(RowTable& table, const PlottedRow& row);
-/// Appends the lines of a block, whose point indices are counted from the row after `last`.
-void AppendRows(RowTable& table, const RowTable& block, std::int32_t last);
+/// Appends rows, which take the point indices after `last`. Throws std::bad_alloc, and then the
+/// columns may differ in their length.
+void AppendRows(RowTable& table, std::span<const PlottedRow> rows, std::int32_t last);
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
 /// Takes memory for rows to come, if it is there.
 void ReserveRows(RowTable& table, std::size_t rows);

@@ -180,6 +180,26 @@ TEST_F(PlotRowsTest, BlocksGiveWhatTheirRowsGiveOneByOne) {
     }
 }
 
+TEST_F(PlotRowsTest, ABlockThatIsUsedAgainHoldsNothingOfItsFormerRows) {
+    RowBlock reused({});
+    for (int round = 0; round < 100; ++round) {
+        Plot fresh = FullPlot();
+        Plot again = FullPlot();
+        RowBlock block(ColumnsOf(fresh.record, true));
+        reused.Begin(ColumnsOf(again.record, true), Random(0, 30)); // more may come, or less
+        for (int i = Random(0, 40); i > 0; --i) {
+            const ModelRow row = RandomRow(0);
+            block.Add(ValuesOf(row));
+            reused.Add(ValuesOf(row));
+        }
+        EXPECT_EQ(reused.CountOfValid(), block.CountOfValid());
+        EXPECT_EQ(AppendBlock(fresh, 0, block), block.Count());
+        ReserveBlocks(again, reused.Count(), true);
+        EXPECT_EQ(AppendBlock(again, 0, reused), block.Count());
+        ExpectEqualPlots(fresh, again);
+    }
+}
+
 TEST_F(PlotRowsTest, ABlockThatDoesNotFitIsAppendedAsFarAsMemoryAllows) {
     Plot single = FullPlot();
     Plot blocks = FullPlot();

@@ -228,6 +228,18 @@ TEST(ReadNumber, UndoesTheGeneralFormat) {
     }
 }
 
+TEST(MayBeNumber, NeverDeniesANumber) {
+    for (int first = 0; first < 256; ++first) {
+        for (const char* rest : {"", "1", ".5", ",5", "1e3", " 7"}) {
+            const std::string text = static_cast<char>(first) + std::string(rest);
+            EXPECT_TRUE(MayBeNumber(text) || !ReadNumber(text)) << text;
+        }
+    }
+    EXPECT_FALSE(MayBeNumber("slate"));
+    EXPECT_FALSE(MayBeNumber("\xc3\x84"));
+    EXPECT_FALSE(MayBeNumber(""));
+}
+
 TEST(ParseNumber, GivesZeroForEmptyTextsAndNoNumbers) {
     EXPECT_EQ(ParseNumber(""), 0);
     EXPECT_EQ(ParseNumber("12abc"), 0);
