@@ -374,25 +374,9 @@ private:
                         && !gLastLoad.outOfMemory;
                 MarkRows();
                 AddToPlot(further);
+                gLastLoad.missingFiles = first.missingFiles;
                 AddCounters(first, gLastLoad);
             }
-        }
-    }
-
-    /// The counts of all files of a load together.
-    static void AddCounters(const LoadCounters& first, LoadCounters& sum) {
-        sum.missingFiles = first.missingFiles;
-        sum.rowsRead += first.rowsRead;
-        sum.rowsValid += first.rowsValid;
-        sum.blankLines += first.blankLines;
-        sum.headLines += first.headLines;
-        sum.invalidLines += first.invalidLines;
-        sum.badNumeric += first.badNumeric;
-        sum.badText += first.badText;
-        sum.badLine += first.badLine;
-        if (first.upwardLines > 0) {
-            sum.upwardLines += first.upwardLines;
-            sum.negativePlunge = first.negativePlunge;
         }
     }
 

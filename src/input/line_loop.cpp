@@ -5,32 +5,29 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/step_progress.h"
+#include "input/block_reader.h"
 #include "input/decimal_delimiter.h"
 #include "input/parameter_line.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace quandrel {
 
 namespace {
 
-/// Lines between two looks at the clock.
-constexpr std::int64_t kLinesBetweenLooks = 8192;
-
 /// Texts of fewer lines grow the columns as they come.
 constexpr std::int32_t kFewLines = 10000;
+
+/// Texts of fewer blocks are read line by line, before a second thread would be of use.
+constexpr std::size_t kFewBlocks = 4;
 
 /// The lines of a text, by its line feeds.
 std::int32_t CountLines(std::string_view text) {
     const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
     return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gRowLimit));
-}
-
-bool IsNonData(LineStatus status) {
-    return status == LineStatus::Blank || status == LineStatus::ParameterLine
-           || status == LineStatus::Comment || status == LineStatus::NotData;
 }
 
 /// True for the lines that may stand in front of the first row, and before its heading.
@@ -46,8 +43,8 @@ public:
         : progress_(static_cast<std::int64_t>(bytes), gTimeWithoutProgress) {}
 
     /// False once the user has asked for the load to end.
-    [[nodiscard]] bool GoOn(std::int64_t line, std::int64_t bytesDone) {
-        return line % kLinesBetweenLooks != 0 || !progress_.Reach(bytesDone)
+    [[nodiscard]] bool GoOn(std::size_t bytesDone) {
+        return !progress_.Reach(static_cast<std::int64_t>(bytesDone))
                || !gPlatform.status->CancelRequested();
     }
 
@@ -60,17 +57,69 @@ class LineLoop {
 public:
     /// @param inOwnHead  the lines to come are the head of a file that the program wrote
     LineLoop(const LinePass& pass, bool inOwnHead, LoadCounters& counters)
-        : pass_(pass)
-        , format_(pass.format)
+        : rules_{pass.format, FormOfRows(plot_.record, pass.target),
+                 CountsUpwardLines(pass.format, pass.target.overlay)}
         , counters_(counters)
         , askAboutBadLines_(pass.reportBadLines)
         , headingIsDue_(pass.skipHeading)
         , inOwnHead_(inOwnHead) {}
 
+    [[nodiscard]] const LineRules& Rules() const { return rules_; }
+
+    /// Takes the lines of a text. False when reading ends at one of them.
+    ///
+    /// @param[in,out] heading  the heading line, once it was met
+    [[nodiscard]] bool TakeLines(std::string_view text, std::string& heading) {
+        LineReader reader(text);
+        for (std::string_view line; reader.Next(line);) {
+            if (!Take(line, heading)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    /// Takes all lines of a block that was read by the present rules. False, with nothing done,
+    /// where one of them may need a closer look or memory is short: they have to be taken one by
+    /// one.
+    [[nodiscard]] bool TakeBlock(const LineBlock& block) {
+        if (NeedsCloserLook(block) || !Append(block.rows)) {
+            return false;
+        }
+        const LoadCounters& counts = block.counts;
+        lines_ += counts.rowsRead;
+        AddCounters(counts, counters_);
+        const bool isAllNonData = counts.blankLines == counts.rowsRead;
+        const bool isAllInvalid = counts.invalidLines == counts.rowsRead;
+        runs_ = {block.lastRuns.nonData + (isAllNonData ? runs_.nonData : 0),
+                 block.lastRuns.invalid + (isAllInvalid ? runs_.invalid : 0)};
+        return true;
+    }
+
+    [[nodiscard]] PassEnd End() const { return end_; }
+
+private:
+    /// Appends all rows of a block, or none.
+    [[nodiscard]] bool Append(const RowBlock& rows) {
+        const RowCounts former = CountsOf(plot_.record);
+        if (AppendBlock(plot_, rules_.rows.target.overlay, rows) == rows.Count()) {
+            return true;
+        }
+        CutRows(plot_, former);
+        return false;
+    }
+
+    /// True for blocks with a line that may be a heading, be asked about, or end the reading.
+    [[nodiscard]] bool NeedsCloserLook(const LineBlock& block) const {
+        return headingIsDue_ || inOwnHead_ || (askAboutBadLines_ && block.counts.invalidLines > 0)
+               || (!askedAboutDelimiter_ && block.hasWrongDelimiter)
+               || block.longestRun + std::max(runs_.nonData, runs_.invalid) >= kMostBadLines;
+    }
+
     /// False when reading ends at this line.
     [[nodiscard]] bool Take(std::string_view line, std::string& heading) {
         ++lines_;
-        ParsedRow row = ParseLine(line, format_);
+        ParsedRow row = ParseLine(line, rules_.format);
         inOwnHead_ = inOwnHead_ && IsOfHead(row.status);
         if (headingIsDue_ && !IsOfHead(row.status)) {
             headingIsDue_ = false;
@@ -82,31 +131,21 @@ public:
             return false;
         }
         RowFaults faults;
-        if (!StoreDataRow(plot_, row, pass_.target, faults, line)) {
+        RowValues values = ValuesOfRow(row, rules_.rows, faults);
+        if (row.status != LineStatus::Row) {
+            values.errorLine = line;
+        }
+        if (!AppendRow(plot_, rules_.rows.target.overlay, values)) {
             counters_.outOfMemory = true;
             return false;
         }
         ++counters_.rowsRead;
         if (row.status == LineStatus::Row) {
-            CountValid(row, faults);
+            CountRow(row, faults, rules_, counters_);
+            runs_ = {};
             return true;
         }
         return TakeBadLine(row.status, line);
-    }
-
-    [[nodiscard]] PassEnd End() const { return end_; }
-
-private:
-    void CountValid(const ParsedRow& row, const RowFaults& faults) {
-        ++counters_.rowsValid;
-        CountUpwardLine(row, format_, pass_.target.overlay, counters_);
-        // A plot may have appended data that this file is not read for: nothing is wrong with
-        // those.
-        counters_.badNumeric += faults.number && format_.wantNumber ? 1 : 0;
-        counters_.badText += faults.text && format_.wantText ? 1 : 0;
-        counters_.badLine += faults.line && format_.wantLine ? 1 : 0;
-        nonDataInARow_ = 0;
-        invalidInARow_ = 0;
     }
 
     /// Asks about an appended number with the other decimal delimiter, and reads the line again
@@ -119,8 +158,8 @@ private:
             return false;
         case LineAnswer::Retry:
             gConvertDecimals = true;
-            format_.convertDecimals = true;
-            row = ParseLine(line, format_);
+            rules_.format.convertDecimals = true;
+            row = ParseLine(line, rules_.format);
             return true;
         case LineAnswer::GoOn:
             break;
@@ -132,21 +171,24 @@ private:
         if (IsNonData(status)) {
             ++counters_.blankLines;
             counters_.headLines += inOwnHead_ ? 1 : 0;
-            invalidInARow_ = 0;
-            return CountInARow(nonDataInARow_);
+        } else {
+            ++counters_.invalidLines;
+            if (askAboutBadLines_ && !AnswerBadLine(status, line)) {
+                return false;
+            }
         }
-        ++counters_.invalidLines;
-        nonDataInARow_ = 0;
-        if (askAboutBadLines_ && !AnswerBadLine(status, line)) {
-            return false;
+        if (runs_.Take(status) < kMostBadLines) {
+            return true;
         }
-        return CountInARow(invalidInARow_);
+        counters_.stoppedAtLine = lines_;
+        counters_.invalidInRun = runs_.invalid;
+        return false;
     }
 
     [[nodiscard]] bool AnswerBadLine(LineStatus status, std::string_view line) {
         askAboutBadLines_ = false;
         const LineAnswer answer =
-            ReportBadLine(status, line, counters_.rowsRead - 1, format_.neededColumns);
+            ReportBadLine(status, line, counters_.rowsRead - 1, rules_.format.neededColumns);
         if (answer == LineAnswer::GoOn) {
             return true;
         }
@@ -154,27 +196,50 @@ private:
         return false;
     }
 
-    [[nodiscard]] bool CountInARow(std::int32_t& run) {
-        if (++run < kMostBadLines) {
-            return true;
-        }
-        counters_.stoppedAtLine = lines_;
-        counters_.invalidInRun = invalidInARow_;
-        return false;
-    }
-
     Plot& plot_ = ActivePlot();
-    const LinePass& pass_;
-    LineFormat format_;
+    LineRules rules_;
     LoadCounters& counters_;
     std::int64_t lines_ = 0;
-    std::int32_t nonDataInARow_ = 0;
-    std::int32_t invalidInARow_ = 0;
+    BadRuns runs_;
     bool askAboutBadLines_;
     bool headingIsDue_;
     bool inOwnHead_;
     bool askedAboutDelimiter_ = false;
     PassEnd end_ = PassEnd::Done;
+};
+
+/// The blocks of a large text behind its first one, which has the head of the file and most of what
+/// is asked about. They are read ahead by the rules of the moment.
+class Lead {
+public:
+    Lead(std::string_view text, std::size_t blockBytes)
+        : text_(text)
+        , blockBytes_(blockBytes)
+        , isWorthwhile_(text.size() / kFewBlocks >= blockBytes) {}
+
+    /// Reads from a place on. What was read ahead is given up.
+    void Begin(std::size_t position, const LineRules& rules) {
+        if (isWorthwhile_) {
+            convertsDecimals_ = rules.format.convertDecimals;
+            blocks_.emplace(text_.substr(position), rules, blockBytes_, ThreadsToUse());
+        }
+    }
+
+    /// The block at a place, each place once and in order; nullptr for small texts.
+    [[nodiscard]] const LineBlock* BlockAt(std::size_t position, const LineRules& rules) {
+        // The answer about decimals is all that changes the rules of a pass.
+        if (blocks_ && convertsDecimals_ != rules.format.convertDecimals) {
+            Begin(position, rules);
+        }
+        return blocks_ ? blocks_->Next() : nullptr;
+    }
+
+private:
+    const std::string_view text_;
+    const std::size_t blockBytes_;
+    const bool isWorthwhile_;
+    bool convertsDecimals_ = false;
+    std::optional<BlockReader> blocks_;
 };
 
 } // namespace
@@ -185,24 +250,30 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
                       std::string& heading) {
     counters = {};
     heading.clear();
+    LineLoop loop(pass, text.starts_with(kOwnTextStart), counters);
+    LoadProgress progress(text.size());
+    const std::size_t blockBytes = gPlatform.textBlockBytes;
+    std::size_t position = EndOfBlock(text, 0, blockBytes);
+    Lead lead(text, blockBytes);
+    lead.Begin(position, loop.Rules());
     if (const std::int32_t lines = CountLines(text); lines > kFewLines) {
         Plot& plot = ActivePlot();
         const std::int32_t held = plot.record.NumLoadedData;
-        MakeRoomForRows(plot, std::min(gRowLimit - held, lines) + held,
-                        pass.target.secondaryFormat != 0);
+        ReserveBlocks(plot, std::min(gRowLimit - held, lines) + held,
+                      pass.target.secondaryFormat != 0);
     }
-    LineReader reader(text);
-    LineLoop loop(pass, text.starts_with(kOwnTextStart), counters);
-    LoadProgress progress(text.size());
-    std::string_view line;
-    for (std::int64_t number = 1; reader.Next(line); ++number) {
-        if (!loop.Take(line, heading)) {
-            break;
-        }
-        if (!progress.GoOn(number, line.data() - text.data())) {
+    bool goesOn = loop.TakeLines(text.substr(0, position), heading);
+    while (goesOn && position < text.size()) {
+        if (!progress.GoOn(position)) {
             counters.cancelled = true;
             break;
         }
+        const std::size_t end = EndOfBlock(text, position, blockBytes);
+        const LineBlock* block = lead.BlockAt(position, loop.Rules());
+        if (block == nullptr || !loop.TakeBlock(*block)) {
+            goesOn = loop.TakeLines(text.substr(position, end - position), heading);
+        }
+        position = end;
     }
     return loop.End();
 }

@@ -118,15 +118,6 @@ std::string AppendedText(const LoadCounters& counters) {
     return text;
 }
 
-// True for rows of lines that are plotted without a sense. Where they join others, these decide.
-bool ArePlainLines(const LineFormat& format, int overlay) {
-    const PlotRecord& record = ActiveRecord();
-    const std::int16_t kind = record.ShowSecondary != 0 ? gPlotDataKind
-                              : overlay > 0 ? record.OverlayKind[static_cast<std::size_t>(overlay)]
-                                            : record.DataKind;
-    return format.primary == kPrimaryLine && kind == kLines;
-}
-
 std::string OutOfMemoryText(const LoadCounters& counters) {
     return "An 'Out of Memory' error has been encountered after "
            + std::to_string(counters.rowsRead)
@@ -174,11 +165,35 @@ std::string StoppedText(const LoadCounters& counters) {
 
 } // namespace
 
+bool CountsUpwardLines(const LineFormat& format, int overlay) {
+    const PlotRecord& record = ActiveRecord();
+    // Where the rows join others, these decide.
+    const std::int16_t kind = record.ShowSecondary != 0 ? gPlotDataKind
+                              : overlay > 0 ? record.OverlayKind[static_cast<std::size_t>(overlay)]
+                                            : record.DataKind;
+    return format.primary == kPrimaryLine && kind == kLines;
+}
+
 void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,
                      LoadCounters& counters) {
-    if (row.dip < 0 && ArePlainLines(format, overlay)) {
+    if (row.dip < 0 && CountsUpwardLines(format, overlay)) {
         ++counters.upwardLines;
         counters.negativePlunge = format.negativePlunge;
+    }
+}
+
+void AddCounters(const LoadCounters& part, LoadCounters& sum) {
+    sum.rowsRead += part.rowsRead;
+    sum.rowsValid += part.rowsValid;
+    sum.blankLines += part.blankLines;
+    sum.headLines += part.headLines;
+    sum.invalidLines += part.invalidLines;
+    sum.badNumeric += part.badNumeric;
+    sum.badText += part.badText;
+    sum.badLine += part.badLine;
+    if (part.upwardLines > 0) {
+        sum.upwardLines += part.upwardLines;
+        sum.negativePlunge = part.negativePlunge;
     }
 }
 

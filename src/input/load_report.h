@@ -42,12 +42,21 @@ extern LoadCounters gLastLoad;
 /// The counters of the last load into each slot.
 extern std::map<int, LoadCounters> gPlotLoads;
 
+/// True when rows that point up are counted: those of gActivePlot that are not plotted with their
+/// sense.
+///
+/// @param overlay  the overlay of the rows, or 0
+[[nodiscard]] bool CountsUpwardLines(const LineFormat& format, int overlay);
+
 /// Counts the line of a row that was read into gActivePlot, where it points up and is not plotted
 /// with its sense.
 ///
 /// @param overlay  the overlay of the row, or 0
 void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,
                      LoadCounters& counters);
+
+/// Adds what another part of a load has met, but for its end and the files that were not found.
+void AddCounters(const LoadCounters& part, LoadCounters& sum);
 
 /// What was done with plain lines of a negative plunge, in a sentence; empty without any.
 [[nodiscard]] std::string UpwardLinesText(const LoadCounters& counters);

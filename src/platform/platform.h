@@ -15,6 +15,7 @@
 #include "platform/settings_store.h"
 #include "platform/status_line.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -33,9 +34,16 @@ struct Platform {
 
     bool decimalIsComma = false; ///< the regional decimal delimiter
     std::string today;           ///< the date, for the settings
+
+    unsigned threads = 0;               ///< how many a step may use; 0 is one for each processor
+    /// About how much of a text a thread takes at a time: its rows stay in the cache.
+    std::size_t textBlockBytes = 32768;
 };
 
 /// The outside in use. Set before anything else of the engine is called.
 extern Platform gPlatform;
+
+/// How many threads a step may use, at least 1.
+[[nodiscard]] unsigned ThreadsToUse();
 
 } // namespace quandrel
