@@ -3,6 +3,7 @@
 #include "persistence/binary_plot_file.h"
 
 #include "core/atomic_file.h"
+#include "core/axis_items.h"
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/path_names.h"
@@ -25,8 +26,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kFirstUserGirdle = 1;
-constexpr std::size_t kLastUserGirdle = 8;
 
 /// The code that a row has when no class gives it another.
 SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {

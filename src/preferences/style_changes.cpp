@@ -3,6 +3,7 @@
 #include "preferences/style_changes.h"
 
 #include "classify/classification.h"
+#include "core/axis_items.h"
 #include "core/plot_store.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
@@ -16,8 +17,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kMeanItem = 0;
-constexpr std::size_t kLastUserItem = 8;
 constexpr std::size_t kFirstStyleValue = 4; ///< of a row of AxisItems
 
 /// The row of gAxisStyleTable that a girdle of the panel is drawn in.
@@ -25,7 +24,7 @@ std::size_t StyleOfItem(std::size_t item) {
     if (item == kMeanItem) {
         return kMeanGirdleStyle;
     }
-    return item <= kLastUserItem ? kUserGirdleStyle : kCalculatedGirdleStyle;
+    return item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle;
 }
 
 /// The rule of the classes of gActivePlot, if its rows are drawn by class.

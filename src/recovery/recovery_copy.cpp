@@ -6,6 +6,7 @@
 #include "core/plot_fields.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "edit/history/fingerprint.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
 #include "stereo/plot_driver.h"
@@ -32,22 +33,22 @@ namespace {
 template <class T>
 concept Plain = std::is_arithmetic_v<T>;
 
-/// A running hash of what a plot consists of, eight bytes a step.
-class Fingerprint {
+/// The fingerprint of what a plot consists of, eight bytes a step.
+class PlotFingerprint {
 public:
     void Bytes(const void* data, std::size_t size) {
         const auto* bytes = static_cast<const char*>(data);
         for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
             std::uint64_t word = 0;
             std::memcpy(&word, bytes, sizeof(word));
-            Word(word);
+            mix_.Add(word);
             bytes += sizeof(word);
         }
         std::uint64_t tail = size;
         if (size > 0) { // an empty range may have no address
             std::memcpy(reinterpret_cast<char*>(&tail) + 1, bytes, size);
         }
-        Word(tail);
+        mix_.Add(tail);
     }
 
     template <Plain T>
@@ -117,16 +118,10 @@ public:
         Bytes(rows.data(), rows.size_bytes());
     }
 
-    [[nodiscard]] std::uint64_t Value() const { return value_; }
+    [[nodiscard]] std::uint64_t Value() const { return mix_.Value(); }
 
 private:
-    // The finaliser of a 64-bit hash: odd multipliers, the high bits folded onto the low ones.
-    void Word(std::uint64_t word) {
-        value_ = (value_ ^ word) * 0x9e3779b97f4a7c15U;
-        value_ ^= value_ >> 32U;
-    }
-
-    std::uint64_t value_ = 0;
+    Fingerprint mix_;
 };
 
 // The names stand behind the plot: texts that each end in a zero byte, then how many bytes these
@@ -236,7 +231,7 @@ void DrawRecovered() {
 
 std::uint64_t FingerprintOf(int slot) {
     const PlotRecord& record = RecordOf(slot);
-    Fingerprint print;
+    PlotFingerprint print;
     VisitPlotFields(record, [&print](const char*, const auto& field) { print.Add(field); });
     print.Add(record.PlotAnnotations);
     print.Add(record.PlotSmallCircles);

@@ -24,7 +24,7 @@ double StatsOf(int sector, RoseStatsColumn column) {
 }
 
 std::string Azimuth(double degrees) {
-    const double wrapped = WrapDegrees(degrees);
+    const double wrapped = WrappedAzimuth(degrees);
     const bool isWhole = std::abs(wrapped - std::round(wrapped)) < 1e-6;
     return FormatNumber(wrapped, isWhole ? "000" : "000.0#");
 }

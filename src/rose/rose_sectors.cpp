@@ -277,17 +277,6 @@ void Store(RoseTables tables, const SectorLayout& layout, PlotRecord& record) {
 
 } // namespace
 
-double WrapDegrees(double azimuth) {
-    if (!std::isfinite(azimuth) || (azimuth >= 0 && azimuth <= kFullTurn)) {
-        return azimuth;
-    }
-    const double turned = std::fmod(azimuth, kFullTurn);
-    if (azimuth > kFullTurn) {
-        return turned == 0 ? kFullTurn : turned; // Kept: a full turn does not become 0
-    }
-    return turned == 0 ? 0 : turned + kFullTurn;
-}
-
 SectorDivision DivideCircle(double size) {
     SectorDivision division;
     division.size = size >= 1 ? std::min(size, kFullTurn) : 1.0;
@@ -303,7 +292,7 @@ SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth, 
     SectorLayout layout;
     layout.size = division.size;
     layout.sectors = division.sectors;
-    layout.startAzimuth = std::isfinite(startAzimuth) ? WrapDegrees(startAzimuth) : 0;
+    layout.startAzimuth = std::isfinite(startAzimuth) ? WrappedAzimuth(startAzimuth) : 0;
     layout.startMath = StartMath(layout.startAzimuth, layout.size);
     layout.directional = directional;
     layout.pairs = !directional && division.oddSize == 0 && division.sectors % 2 == 0;
@@ -321,7 +310,7 @@ bool CountsBothEnds(const PlotRecord& record) {
 }
 
 double FoldedAzimuth(double azimuth, bool directional) {
-    const double wrapped = WrapDegrees(azimuth);
+    const double wrapped = WrappedAzimuth(azimuth);
     return directional ? wrapped : std::fmod(wrapped, kHalfTurn);
 }
 

@@ -11,6 +11,7 @@
 
 #include "classify/class_rule.h"
 #include "core/plot_record.h"
+#include "orientation/notation.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,9 +25,11 @@ struct RoseTables;
 /// RoseSamplePlunge when each row has its own sample line.
 inline constexpr std::int16_t kOwnSampleLine = -9999;
 
-/// Brings an azimuth in degrees into 0 to 360 by whole turns. Exactly 360 stays 360; a value that
-/// is not finite is left alone.
-[[nodiscard]] double WrapDegrees(double azimuth);
+/// An azimuth as WrapDegrees leaves it, degrees.
+[[nodiscard]] inline double WrappedAzimuth(double azimuth) {
+    WrapDegrees(azimuth);
+    return azimuth;
+}
 
 /// How a sector size divides the circle.
 struct SectorDivision {

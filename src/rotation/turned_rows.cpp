@@ -53,20 +53,21 @@ bool IsSameAzimuth(std::int32_t a, std::int32_t b) {
     return (a - b) % 360 == 0;
 }
 
-ShownOrientation RoundedLine(Line line, LineSense sense, ShownOrientation former) {
+ShownOrientation RoundedLine(Line line, EndsOfLine sense, ShownOrientation former) {
     const bool isVertical = std::abs(line.plunge) == kRightAngle;
     ShownOrientation rounded;
-    rounded.dip = sense == LineSense::Level ? 0 : WholeDegrees(line.plunge);
+    rounded.dip = sense == EndsOfLine::Level ? 0 : WholeDegrees(line.plunge);
     if (rounded.dip == 0 && line.plunge < 0) {
         line.trend += kPi;
     }
     rounded.azimuth = isVertical ? 0 : WholeAzimuth(line.trend);
-    if (sense == LineSense::None) {
+    if (sense == EndsOfLine::None) {
         rounded.dip = std::abs(rounded.dip);
-    } else if (sense == LineSense::Kept) {
+    } else if (sense == EndsOfLine::Kept) {
         rounded.dip = former.dip < 0 ? -std::abs(rounded.dip) : std::abs(rounded.dip);
     }
-    const bool hasTrend = std::abs(rounded.dip) != 90 && !(sense == LineSense::Level && isVertical);
+    const bool hasTrend =
+        std::abs(rounded.dip) != 90 && !(sense == EndsOfLine::Level && isVertical);
     const bool isSame =
         rounded.dip == former.dip && (!hasTrend || IsSameAzimuth(rounded.azimuth, former.azimuth));
     return isSame ? former : rounded;
@@ -108,7 +109,7 @@ Line Turned(const Rotation& rotation, Line line) {
 /// How the rows of a set are read.
 struct SetRule {
     bool isPlane = false;
-    LineSense sense = LineSense::None;
+    EndsOfLine sense = EndsOfLine::None;
 };
 
 ShownOrientation TurnedOrientation(const Rotation& rotation, SetRule rule, ShownOrientation row) {
@@ -121,7 +122,7 @@ ShownOrientation TurnedSlip(const Rotation& rotation, ShownOrientation fault,
                             ShownOrientation slip) {
     const Line line = Turned(rotation, LineOf(slip));
     const bool turnsOver = Turned(rotation, PoleOf(fault)).plunge < 0;
-    return RoundedLine(turnsOver ? OppositeOf(line) : line, LineSense::Directed, slip);
+    return RoundedLine(turnsOver ? OppositeOf(line) : line, EndsOfLine::Directed, slip);
 }
 
 bool HasUpward(const DataColumn<std::int32_t>& column, int slot, std::int32_t first,
@@ -135,8 +136,8 @@ bool HasUpward(const DataColumn<std::int32_t>& column, int slot, std::int32_t fi
     return false;
 }
 
-LineSense Directed(bool isDirected) {
-    return isDirected ? LineSense::Directed : LineSense::None;
+EndsOfLine Directed(bool isDirected) {
+    return isDirected ? EndsOfLine::Directed : EndsOfLine::None;
 }
 
 SetRule RuleOfPrimary(int slot) {
@@ -245,7 +246,7 @@ private:
         if (HasSecondary(row)) {
             ShownOrientation& second = At(rows_.secondary, row);
             const bool isSlip = rule.isPlane && !secondary_.isPlane
-                                && (hasAxes_ || secondary_.sense == LineSense::Directed);
+                                && (hasAxes_ || secondary_.sense == EndsOfLine::Directed);
             second = isSlip ? TurnedSlip(rotation_, main, second)
                             : TurnedOrientation(rotation_, secondary_, second);
         }
@@ -295,7 +296,7 @@ private:
         if (secondary_.isPlane) {
             return RoundedPlane(unfolded, second);
         }
-        return RoundedLine(unfolded, rotation_.forced ? LineSense::Level : secondary_.sense,
+        return RoundedLine(unfolded, rotation_.forced ? EndsOfLine::Level : secondary_.sense,
                            second);
     }
 
@@ -326,7 +327,7 @@ private:
     SetRule primary_;
     SetRule secondary_;
     bool hasAxes_; ///< the lines tell of slip: a fault that turns over keeps its movement
-    LineSense appendedSense_ = LineSense::None;
+    EndsOfLine appendedSense_ = EndsOfLine::None;
     TurnedRows rows_;
 };
 
@@ -351,19 +352,19 @@ Rotation RotationOf(const RotationSettings& settings) {
     return rotation;
 }
 
-LineSense SenseOfPrimaryLines(int slot) {
+EndsOfLine SenseOfPrimaryLines(int slot) {
     const PlotRecord& record = RecordOf(slot);
     if (record.PrimaryFormat <= kDirections) {
-        return LineSense::Level;
+        return EndsOfLine::Level;
     }
     if (!record.AxesTitle.empty()) {
-        return LineSense::Kept;
+        return EndsOfLine::Kept;
     }
     return Directed((record.ShowSecondary == 0 && record.DataKind == kPolarLines)
                     || HasUpward(gDataDip, slot, 1, record.NumData));
 }
 
-LineSense SenseOfSecondaryLines(int slot) {
+EndsOfLine SenseOfSecondaryLines(int slot) {
     const PlotRecord& record = RecordOf(slot);
     return Directed(record.NumSymbolsInPlot > 0
                     || (record.ShowSecondary != 0 && record.DataKind == kPolarLines)

@@ -33,7 +33,7 @@ struct Rotation {
 [[nodiscard]] Rotation RotationOf(const RotationSettings& settings);
 
 /// What becomes of the two ends of a line.
-enum class LineSense {
+enum class EndsOfLine {
     None,     ///< an axis: it ends on the lower hemisphere
     Directed, ///< an arrow: it may end pointing upward, with a negative plunge
     Kept,     ///< an axis whose sign says what it is
@@ -42,11 +42,11 @@ enum class LineSense {
 
 /// The sense of the main rows' primary lines: directions are level, derived axes keep their sign,
 /// and lines are directed when they are plotted as polar lines or one of them points upward.
-[[nodiscard]] LineSense SenseOfPrimaryLines(int slot);
+[[nodiscard]] EndsOfLine SenseOfPrimaryLines(int slot);
 
 /// The sense of the secondary lines: directed when they are plotted as polar lines, drawn as slip
 /// arrows, or one of them points upward.
-[[nodiscard]] LineSense SenseOfSecondaryLines(int slot);
+[[nodiscard]] EndsOfLine SenseOfSecondaryLines(int slot);
 
 /// The rows of a plot after a rotation, at the places of their point indices; place 0 is not used.
 /// Rows that the rotation leaves alone stand as they are.

@@ -108,7 +108,7 @@ double SquaredDifference12(const AxisSample& sample) {
 
 } // namespace
 
-WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LineSense sense) {
+WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LinePolarity polarity) {
     const DegreeCosines& cosines = CosinesOfDegrees();
     WeightedDirections result;
     result.directions.resize(lines.size());
@@ -117,7 +117,7 @@ WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LineSense s
         const DistinctLine& line = lines[i];
         const Direction& level = cosines.level[static_cast<std::size_t>(line.trend)];
         const Direction& steep = cosines.toNorth[static_cast<std::size_t>(std::abs(line.plunge))];
-        const double sign = sense == LineSense::kDirected && line.plunge < 0 ? -1 : 1;
+        const double sign = polarity == LinePolarity::kDirected && line.plunge < 0 ? -1 : 1;
         // The sums make a plain 0 of -0.
         result.directions[i] = {sign * steep.l * level.l + 0.0, sign * steep.l * level.m + 0.0,
                                 sign * steep.n};

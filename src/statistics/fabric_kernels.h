@@ -44,17 +44,17 @@ struct WeightedDirections {
 };
 
 /// How lines turn into directions.
-enum class LineSense {
+enum class LinePolarity {
     /// As axes: a negative plunge counts as a positive one, the direction points down.
     kAxial,
     /// As directions: the trend beside a negative plunge is that of the lower end, and the
-    /// direction
-    /// points the other way.
+    /// direction points the other way.
     kDirected,
 };
 
 /// The directions of lines, their rows as weights. O(lines), without trigonometry for each.
-[[nodiscard]] WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LineSense sense);
+[[nodiscard]] WeightedDirections DirectionsOf(std::span<const DistinctLine> lines,
+                                              LinePolarity polarity);
 
 /// The sum of the weights.
 [[nodiscard]] double TotalWeight(std::span<const double> weights);
@@ -100,7 +100,7 @@ struct FabricAxes {
 void AxisToLine(const Direction& axis, double& plunge, double& trend);
 
 /// A direction as plunge and trend: one that points up has a negative plunge and the trend of its
-/// lower end, as in LineSense::kDirected.
+/// lower end, as in LinePolarity::kDirected.
 void DirectedLine(const Direction& direction, double& plunge, double& trend);
 
 /// Shape and strength of a fabric; kFailedResult where a logarithm of 0 or a division by 0 stood in

@@ -42,7 +42,7 @@ void StoreMeans(PlotRecord& record, const std::vector<DistinctLine>& lines,
     const MeanDirection axial = MeanOf(axes, AxisToLine);
     MeanDirection mean = axial;
     if (record.DataKind == kPolarLines) {
-        mean = MeanOf(DirectionsOf(lines, LineSense::kDirected), DirectedLine);
+        mean = MeanOf(DirectionsOf(lines, LinePolarity::kDirected), DirectedLine);
     }
     record.FabricValueA = static_cast<float>(mean.plunge);
     record.FabricValueB = static_cast<float>(mean.trend);
@@ -164,7 +164,7 @@ void ComputeFabricStatistics() {
 }
 
 void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines) {
-    const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
+    const WeightedDirections axes = DirectionsOf(lines, LinePolarity::kAxial);
     const auto tensor = OrientationTensor(axes.directions, axes.weights);
     if (!tensor) {
         return;
@@ -177,7 +177,8 @@ void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& 
 }
 
 void ComputeFabricDerived() {
-    const WeightedDirections axes = DirectionsOf(StatisticsLinesOfActivePlot(), LineSense::kAxial);
+    const WeightedDirections axes =
+        DirectionsOf(StatisticsLinesOfActivePlot(), LinePolarity::kAxial);
     if (!axes.directions.empty()) {
         Derive(ActiveRecord(), axes);
     }
@@ -189,7 +190,7 @@ double StandardErrorOfActivePlot(Formulas formulas) {
 
 double StandardErrorOf(const PlotRecord& record, const std::vector<DistinctLine>& lines,
                        Formulas formulas) {
-    const WeightedDirections axes = DirectionsOf(lines, LineSense::kAxial);
+    const WeightedDirections axes = DirectionsOf(lines, LinePolarity::kAxial);
     return axes.directions.empty()
                ? kFailedResult
                : JudgedStandardError(SampleInRecord(record, axes), axes, formulas);

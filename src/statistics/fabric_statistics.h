@@ -20,6 +20,7 @@
 
 #pragma once
 
+#include "core/axis_items.h"
 #include "core/formulas.h"
 #include "core/plot_record.h"
 #include "stereo/distinct_lines.h"
@@ -28,11 +29,6 @@
 #include <vector>
 
 namespace quandrel {
-
-/// Rows of AxisItems that belong to the statistics.
-inline constexpr std::size_t kMeanItem = 0;
-inline constexpr std::size_t kMeanPlaneItem = 9;
-inline constexpr std::size_t kGirdleItem = 10;
 
 /// Places of EigenResults: axis i has its plunge in [i][kAxisPlunge] and its trend in
 /// [i][kAxisTrend]; the numbers of the shape stand about them.

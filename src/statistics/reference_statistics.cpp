@@ -203,9 +203,9 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
                                                               RowSense sense) {
     WeightedDirections polar;
     if (sense == RowSense::kPolarLines) {
-        polar = DirectionsOf(lines, LineSense::kDirected);
+        polar = DirectionsOf(lines, LinePolarity::kDirected);
     }
-    return ReferenceStatisticsOf(DirectionsOf(lines, LineSense::kAxial),
+    return ReferenceStatisticsOf(DirectionsOf(lines, LinePolarity::kAxial),
                                  sense == RowSense::kPolarLines ? &polar : nullptr);
 }
 

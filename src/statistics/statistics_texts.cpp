@@ -25,7 +25,6 @@ namespace {
 constexpr const char* kFixed = "Fixed";
 constexpr const char* kThreeDecimals = "0.000";
 constexpr const char* kNotSymmetricText = "(non-symmetric distribution)";
-constexpr std::size_t kLastUserGirdle = 8;
 constexpr std::int16_t kByAppendedNumber = 1; ///< ClassMode of a plot with value grids
 
 std::string Line(const std::string& text) {
@@ -101,7 +100,7 @@ std::string MeanLines(const PlotRecord& record) {
 
 std::string GirdleLines(const PlotRecord& record) {
     std::string lines;
-    for (std::size_t item = 1; item <= kLastUserGirdle; ++item) {
+    for (std::size_t item = kFirstUserGirdle; item <= kLastUserGirdle; ++item) {
         const auto& values = record.AxisItems[item];
         if (NumberOf(values[0]) != 0) {
             const double plunge = NumberOf(values[2]);

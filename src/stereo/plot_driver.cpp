@@ -2,6 +2,7 @@
 
 #include "stereo/plot_driver.h"
 
+#include "core/axis_items.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/row_links.h"
@@ -30,9 +31,6 @@ PlotStages gPlotStages;
 int gGridDensitySlider = 50;
 
 namespace {
-
-constexpr int kMeanItem = 0;
-constexpr int kFirstStatisticalItem = 9;
 
 template <class... Arguments>
 void Run(const std::function<void(Arguments...)>& stage, Arguments... arguments) {

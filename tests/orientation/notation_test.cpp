@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -90,12 +91,22 @@ TEST(WrapDegrees, KeepsBothEndsOfTheCircle) {
                           {-725, 355},
                           {360.5, 0.5}}) {
         double degrees = c.value;
+                          {-720, 0},
         WrapDegrees(degrees);
+                          {450, 90},
+                          {-90, 270},
+                          {12.25, 12.25},
+                          {-0.5, 359.5},
+                          {3.6e9, 360},
+                          {3.6e9 + 30, 30},
         EXPECT_EQ(degrees, c.expected) << c.value;
     }
     double huge = 1e300;
     WrapDegrees(huge);
     EXPECT_TRUE(huge >= 0 && huge <= 360);
+    double endless = std::numeric_limits<double>::infinity();
+    WrapDegrees(endless);
+    EXPECT_TRUE(std::isinf(endless));
 }
 
 TEST(AzimuthToQuadrant, NamesTheQuadrants) {

@@ -18,17 +18,6 @@
 namespace quandrel {
 namespace {
 
-TEST(WrapDegrees, TakesWholeTurnsOffAndKeepsAFullOne) {
-    const std::vector<std::pair<double, double>> cases = {
-        {0, 0},    {360, 360}, {361, 1},   {-1, 359},      {-360, 0},     {720, 360},
-        {-720, 0}, {450, 90},  {-90, 270}, {12.25, 12.25}, {-0.5, 359.5}, {3.6e9 + 30, 30},
-    };
-    for (const auto& [azimuth, wrapped] : cases) {
-        EXPECT_EQ(WrapDegrees(azimuth), wrapped) << azimuth;
-    }
-    EXPECT_TRUE(std::isinf(WrapDegrees(std::numeric_limits<double>::infinity())));
-}
-
 struct DivisionCase {
     double asked;
     double size;

@@ -42,7 +42,7 @@ TEST(DirectionsOf, AxesAreTheCosinesOfTheirLines) {
             lines.push_back({plunge, trend, 1 + trend});
         }
     }
-    const WeightedDirections rows = DirectionsOf(lines, LineSense::kAxial);
+    const WeightedDirections rows = DirectionsOf(lines, LinePolarity::kAxial);
     ASSERT_EQ(rows.directions.size(), lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const testing::Vector expected = testing::LineVector(
@@ -57,7 +57,7 @@ TEST(DirectionsOf, AxesAreTheCosinesOfTheirLines) {
 TEST(DirectionsOf, QuarterTurnsHaveCosinesOfZero) {
     const std::vector<DistinctLine> lines = {{90, 0, 1}, {90, 37, 1}, {-90, 250, 1}, {0, 0, 1},
                                              {0, 90, 1}, {0, 180, 1}, {0, 270, 1},   {0, 360, 1}};
-    for (const Direction& direction : DirectionsOf(lines, LineSense::kDirected).directions) {
+    for (const Direction& direction : DirectionsOf(lines, LinePolarity::kDirected).directions) {
         EXPECT_EQ((direction.l == 0) + (direction.m == 0) + (direction.n == 0), 2);
     }
 }
@@ -67,7 +67,7 @@ TEST(ResultantOf, DirectionsThatCancelLeaveNothing) {
     for (std::int16_t trend = 0; trend < 360; ++trend) {
         lines.push_back({45, trend, 100003});
     }
-    const WeightedDirections rows = DirectionsOf(lines, LineSense::kAxial);
+    const WeightedDirections rows = DirectionsOf(lines, LinePolarity::kAxial);
     const Direction resultant = ResultantOf(rows.directions, rows.weights);
     EXPECT_EQ(resultant.l, 0);
     EXPECT_EQ(resultant.m, 0);
@@ -78,12 +78,12 @@ TEST(DirectionsOf, ANegativePlungePointsAwayFromTheLowerEnd) {
     for (std::int16_t plunge = -90; plunge <= 90; plunge += 5) {
         for (std::int16_t trend = 0; trend <= 360; trend += 5) {
             const std::vector<DistinctLine> line = {{plunge, trend, 1}};
-            const Direction direction = DirectionsOf(line, LineSense::kDirected).directions[0];
+            const Direction direction = DirectionsOf(line, LinePolarity::kDirected).directions[0];
             const Vector expected = testing::LineVector(Radians(plunge), Radians(trend));
             ASSERT_NEAR(direction.l, expected.north, 1e-13);
             ASSERT_NEAR(direction.m, expected.east, 1e-13);
             ASSERT_NEAR(direction.n, expected.down, 1e-13);
-            const Direction axis = DirectionsOf(line, LineSense::kAxial).directions[0];
+            const Direction axis = DirectionsOf(line, LinePolarity::kAxial).directions[0];
             const double sign = plunge < 0 ? -1 : 1;
             ASSERT_EQ(direction.l, sign * axis.l);
             ASSERT_EQ(direction.m, sign * axis.m);
@@ -169,8 +169,8 @@ TEST(Sums, OfDistinctLinesAreThoseOfTheirRows) {
         rows.insert(rows.end(), static_cast<std::size_t>(count), {plunge, trend, 1});
     }
     std::shuffle(rows.begin(), rows.end(), random);
-    const WeightedDirections few = DirectionsOf(lines, LineSense::kDirected);
-    const WeightedDirections many = DirectionsOf(rows, LineSense::kDirected);
+    const WeightedDirections few = DirectionsOf(lines, LinePolarity::kDirected);
+    const WeightedDirections many = DirectionsOf(rows, LinePolarity::kDirected);
     EXPECT_EQ(TotalWeight(few.weights), static_cast<double>(rows.size()));
     EXPECT_EQ(TotalWeight(many.weights), static_cast<double>(rows.size()));
     const Direction sumOfFew = ResultantOf(few.directions, few.weights);

@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include "core/axis_items.h"
 #include "core/plot_record.h"
 #include "core/result.h"
 #include "input/format_model.h"
@@ -18,9 +19,6 @@
 #include <string_view>
 
 namespace quandrel {
-
-inline constexpr int kFirstUserGirdle = 1;
-inline constexpr int kLastUserGirdle = 8;
 
 /// The row under mouse edit, 1 to 8; 0 when there is none.
 extern std::int16_t gActiveGirdle;

@@ -85,10 +85,10 @@ int SectorDrawnAt(SectorLayout layout, double azimuth) {
 std::string EdgesOfSector(const SectorLayout& layout, int sector) {
     const double before = (sector - 1) * layout.size;
     const double size = std::min(layout.size, kFullTurn - before);
-    const double end = WrapDegrees(kQuarterTurn - layout.startMath - before);
+    const double end = WrappedAzimuth(kQuarterTurn - layout.startMath - before);
     // A sector that ends at north ends at a full turn.
     const double shownEnd = end == 0 ? kFullTurn : end;
-    const double start = WrapDegrees(shownEnd - size);
+    const double start = WrappedAzimuth(shownEnd - size);
     return FormatNumber(start, "0.##") + " to " + FormatNumber(shownEnd, "0.##");
 }
 
