@@ -164,6 +164,9 @@ std::string RefusalOfField(const std::string& field, const std::string& value) {
     if (name == "PlotSymbolMode" && MixesAxes(ActiveRecord(), static_cast<int>(*number))) {
         return kMixedAxesRefusal;
     }
+    if (name == "PlotKind" && MixesAxesAsRose(ActiveRecord(), static_cast<int>(*number))) {
+        return kMixedRoseRefusal;
+    }
     return {};
 }
 

@@ -46,10 +46,14 @@ std::string TakeDataKind(const Command& command, std::ostream&) {
 std::string TakePlotKind(const Command& command, std::ostream&) {
     std::int16_t kind = kEqualArea;
     const std::string error = TakeName(kPlotKinds, command.Words(), kind);
-    if (error.empty()) {
-        ChangePlotKind(kind);
+    if (!error.empty()) {
+        return error;
     }
-    return error;
+    if (MixesAxesAsRose(ActiveRecord(), kind)) {
+        return kMixedRoseRefusal;
+    }
+    ChangePlotKind(kind);
+    return {};
 }
 
 std::string PressSymbolButton(const Command& command, std::ostream&) {

@@ -146,7 +146,7 @@ void SetUpChild(int slot, int parent, const char* axes, const AxesWanted& wanted
     if (wanted.asContours) {
         record.PlotSymbolMode = kContours;
     }
-    MendMixedMode(record);
+    MendMixedAxes(record);
     const PlotInWork work(slot);
     UpdateTitle();
 }

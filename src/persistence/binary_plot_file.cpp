@@ -26,7 +26,6 @@ namespace quandrel {
 
 namespace {
 
-
 /// The code that a row has when no class gives it another.
 SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     if (record.ClassMode == 0 || row > record.NumData) {
@@ -150,7 +149,7 @@ void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     const std::vector<std::int32_t> order = OrderOfTable(plot);
     PlotRecord& record = ActiveRecord();
     record = std::move(plot.record);
-    MendMixedMode(record);
+    MendMixedAxes(record);
     NamePlot(record, path);
     StoreRows(plot, record);
     StoreTable(record, order);
@@ -219,7 +218,8 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version) {
 
 BinaryPlotRemarks RemarksOn(const BinaryPlot& plot) {
     return {plot.hasWeightedRose, plot.isLater ? VersionToTell(plot) : std::string(),
-            MixesAxes(plot.record, plot.record.PlotSymbolMode)};
+            MixesAxes(plot.record, plot.record.PlotSymbolMode),
+            MixesAxesAsRose(plot.record, plot.record.PlotKind)};
 }
 
 void TellRemarks(const BinaryPlotRemarks& remarks) {
@@ -236,7 +236,10 @@ void TellRemarks(const BinaryPlotRemarks& remarks) {
              Icon::Information);
     }
     if (remarks.mixesAxes) {
-        Tell(std::string("The plot opens with points.\n") + kMixedAxesRefusal, Icon::Information);
+        Tell(std::string(kOpensAsPoints) + kMixedAxesRefusal, Icon::Information);
+    }
+    if (remarks.mixesAxesAsRose) {
+        Tell(std::string(kOpensAsNet) + kMixedRoseRefusal, Icon::Information);
     }
 }
 

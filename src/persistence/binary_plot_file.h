@@ -41,6 +41,7 @@ struct BinaryPlotRemarks {
     bool hasWeightedRose = false; ///< it asks for a rose that is no more
     std::string laterVersion;     ///< that saved it, empty when it is not later than this one
     bool mixesAxes = false;       ///< it counts over P and T axes together, and opens as points
+    bool mixesAxesAsRose = false; ///< it is a rose of P and T axes together, and opens as a net
 };
 
 [[nodiscard]] BinaryPlotRemarks RemarksOn(const BinaryPlot& plot);

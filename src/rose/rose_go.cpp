@@ -12,6 +12,7 @@
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
@@ -194,6 +195,9 @@ RoseSettings RoseSettingsOfActivePlot() {
 
 std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings) {
     const PlotRecord& record = ActiveRecord();
+    if (HoldsBothAxes(record)) {
+        return RoseRefusal{RoseField::Kind, kMixedRoseRefusal};
+    }
     if (std::optional<RoseRefusal> refusal = CheckBounds(settings)) {
         return refusal;
     }

@@ -3,6 +3,7 @@
 #include "stereo/axis_rows.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "stereo/row_positions.h"
@@ -132,10 +133,15 @@ void RestoreAxes(int slot) {
                                               : kBothAxes;
     SetCountOfValid(record, static_cast<std::int32_t>(HoldsBothAxes(record) ? axes->faults.size()
                                                                             : axes->rows.size()));
-    MendMixedMode(record);
     for (const auto& [row, kind] : axes->rows) {
         gDataSymbol.At(slot, row) = CodeOfAxis(kind);
         gDataSymbolBase.At(slot, row) = CodeOfAxis(kind);
+    }
+    const bool wasRose = MixesAxesAsRose(record, record.PlotKind);
+    MendMixedAxes(record);
+    if (wasRose) {
+        RebuildRowTable(slot);
+        Tell(std::string(kOpensAsNet) + kMixedRoseRefusal, Icon::Information);
     }
 }
 
@@ -144,12 +150,20 @@ bool MixesAxes(const PlotRecord& record, int symbolMode) {
            && symbolMode <= kContoursAndGrid;
 }
 
-bool MendMixedMode(PlotRecord& record) {
-    if (!MixesAxes(record, record.PlotSymbolMode)) {
-        return false;
+bool MixesAxesAsRose(const PlotRecord& record, int plotKind) {
+    return HoldsBothAxes(record) && plotKind == kRose;
+}
+
+bool MendMixedAxes(PlotRecord& record) {
+    const bool mixesAsRose = MixesAxesAsRose(record, record.PlotKind);
+    const bool mixes = MixesAxes(record, record.PlotSymbolMode);
+    if (mixesAsRose) {
+        record.PlotKind = kEqualArea;
     }
-    record.PlotSymbolMode = kPointSymbols;
-    return true;
+    if (mixes) {
+        record.PlotSymbolMode = kPointSymbols;
+    }
+    return mixesAsRose || mixes;
 }
 
 } // namespace quandrel

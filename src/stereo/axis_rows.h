@@ -67,7 +67,8 @@ struct AxisSource {
 
 /// Makes a plot of axes again of rows that were read from a text file: where the name of the text
 /// column and the texts of all valid main rows are those of axes, the plot gets their title, and
-/// each axis its symbol. Other plots stay as they are.
+/// each axis its symbol; a rose of both kinds becomes a net, and a message says why. Other plots
+/// stay as they are.
 void RestoreAxes(int slot);
 
 /// Why densities and contours of P and T together are refused, with the ways to have them.
@@ -79,8 +80,22 @@ inline constexpr const char* kMixedAxesRefusal =
 /// True for a drawing mode that counts over all rows, in a plot that shows P and T together.
 [[nodiscard]] bool MixesAxes(const PlotRecord& record, int symbolMode);
 
-/// Draws a plot of P and T together as points where its mode would count over both. True when it
-/// had such a mode.
-bool MendMixedMode(PlotRecord& record);
+/// Why a rose of P and T together is refused, with the way to have one of each.
+inline constexpr const char* kMixedRoseRefusal =
+    "A rose of P and T axes together would mix the two. Put them on two plots with \"P & T "
+    "kinematic "
+    "axes on separate plots\" and make a rose of each (batch: kinematic 1).";
+
+/// What comes before the refusals when a file holds such a plot.
+inline constexpr const char* kOpensAsPoints = "The plot opens with points.\n";
+inline constexpr const char* kOpensAsNet = "The plot opens as a net.\n";
+
+/// True for a kind of plot that counts over all rows, in a plot that shows P and T together.
+[[nodiscard]] bool MixesAxesAsRose(const PlotRecord& record, int plotKind);
+
+/// Draws a plot of P and T together as points where its mode would count over both, and as an
+/// equal area net where it is a rose. True when it had such a mode or kind; the row table of a
+/// plot that was a rose then has to be built anew.
+bool MendMixedAxes(PlotRecord& record);
 
 } // namespace quandrel

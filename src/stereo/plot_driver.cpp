@@ -151,8 +151,20 @@ void DrawAxisItems(const PlotRecord& record) {
     }
 }
 
+/// An edit that was taken back may have made axes of a plot's lines again: what counts over both
+/// kinds of axes is not drawn.
+void KeepAxesApart() {
+    PlotRecord& record = ActiveRecord();
+    const std::int16_t formerKind = record.PlotKind;
+    MendMixedAxes(record);
+    if (record.PlotKind != formerKind) {
+        RebuildRowTable(gActivePlot);
+    }
+}
+
 /// Draws everything of the active plot.
 void DrawPlot(bool recalculate) {
+    KeepAxesApart();
     DrawPlotBase();
     if (ActiveRecord().PlotKind == kRose) {
         Run(gPlotStages.drawRose, recalculate);
@@ -239,7 +251,6 @@ void DrawActivePlotOn(Surface& plot, Surface& legend) {
 
 void DrawStereoPlot(bool recalculate) {
     PlotRecord& record = ActiveRecord();
-    MendMixedMode(record); // an edit that was taken back may have made axes of its lines again
     // A change of the main rows of a plot with overlays shows in its statistics too.
     if (!IsDrawingElsewhere() && (recalculate || record.RowsChanged != 0)) {
         ComputeRowStatistics();

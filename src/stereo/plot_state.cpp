@@ -55,6 +55,10 @@ void ChangePlotKind(std::int16_t kind) {
         return;
     }
     PlotRecord& record = ActiveRecord();
+    if (MixesAxesAsRose(record, kind)) {
+        Tell(kMixedRoseRefusal);
+        return;
+    }
     if (record.PlotKind != kind) {
         record.PlotKind = kind;
         RebuildRowTable(gActivePlot);

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "qt/plot_picture.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_stages.h"
 #include "support/qt_application.h"
 
@@ -577,7 +578,15 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     EXPECT_NE(dump["record"]["Modified"], 0);
     EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
     out.str({});
-    ASSERT_EQ(Run(open + "kinematic 0 sense=normal; plot rose; stats normal"), "");
+    EXPECT_NE(Run(open + "kinematic 0 sense=normal; plot rose").find(kMixedRoseRefusal),
+              std::string::npos);
+    EXPECT_NE(Run(open + "kinematic 0 sense=normal; set PlotKind=3").find(kMixedRoseRefusal),
+              std::string::npos);
+    EXPECT_NE(Run(open + "kinematic 0 sense=normal; rose size=20").find(kMixedRoseRefusal),
+              std::string::npos);
+    out.str({});
+    ASSERT_EQ(Run(open + "kinematic 1 sense=normal; plot rose; get AxesTitle; stats normal"), "");
+    EXPECT_TRUE(out.str().starts_with("T\n")) << out.str();
     EXPECT_NE(out.str().find("(sense assumed: the hanging walls moved down)"), std::string::npos)
         << "on a rose too: " << out.str();
 }

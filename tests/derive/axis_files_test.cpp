@@ -10,6 +10,8 @@
 #include "stereo/plot_driver.h"
 #include "stereo/plot_state.h"
 
+#include <set>
+
 namespace quandrel {
 namespace {
 
@@ -32,6 +34,18 @@ protected:
         const OwnFilesWithoutDialog noDialog;
         EXPECT_NE(OpenPlotFile(kNewCommand, path), kLoadError);
         return gActivePlot;
+    }
+
+    /// The places on the net of a plot's valid rows, whatever their order.
+    static std::multiset<std::string> PlacesOf(int slot) {
+        std::multiset<std::string> places;
+        for (std::size_t place = 0; place < TableOf(slot).size(); ++place) {
+            const std::string x = RowTableText(TableOf(slot), place, 1);
+            if (!x.empty()) {
+                places.insert(x + " " + RowTableText(TableOf(slot), place, 2));
+            }
+        }
+        return places;
     }
 
     /// What is known of each valid row: axis, text, orientation, symbol.
@@ -116,10 +130,53 @@ TEST_F(AxisFiles, ATextThatIsNoAxisLeavesThePlotAsLines) {
 TEST_F(AxisFiles, OfContoursOverBothOpenAsPointsWithAWord) {
     const int child = MakeAxes(kAxesOnOnePlot);
     RecordOf(child).PlotSymbolMode = kContoursAndGrid; // as earlier versions could save it
-    Expect(std::string("The plot opens with points.\n") + kMixedAxesRefusal);
+    Expect(std::string(kOpensAsPoints) + kMixedAxesRefusal);
     const int read = ThroughFile("contours.qpx");
     ASSERT_NE(read, child);
     EXPECT_EQ(RecordOf(read).PlotSymbolMode, kPointSymbols);
+}
+
+TEST_F(AxisFiles, OfARoseOfBothOpenAsANetWithAWord) {
+    const int child = MakeAxes(kAxesOnOnePlot);
+    RecordOf(child).PlotKind = kRose; // as earlier versions could save it
+    Expect(std::string(kOpensAsNet) + kMixedRoseRefusal);
+    const int read = ThroughFile("rose.qpx");
+    ASSERT_NE(read, child);
+    EXPECT_EQ(RecordOf(read).PlotKind, kEqualArea);
+}
+
+TEST_F(AxisFiles, TextOfBothReadAsARoseOpensAsANetWithAWord) {
+    const int child = MakeAxes(kAxesOnOnePlot);
+    const std::vector<std::string> rows = RowsOf(child);
+    const std::multiset<std::string> places = PlacesOf(child);
+    RecordOf(child).PlotKind = kRose; // as earlier versions could save it
+    Expect(std::string(kOpensAsNet) + kMixedRoseRefusal);
+    const int read = ThroughFile("rose.txt");
+    ASSERT_NE(read, child);
+    EXPECT_EQ(RecordOf(read).PlotKind, kEqualArea);
+    EXPECT_EQ(RowsOf(read), rows);
+    EXPECT_EQ(PlacesOf(read), places) << "the places are those of a net";
+}
+
+TEST_F(AxisFiles, ARoseOfBothIsRefusedAndOneOfAKindIsNot) {
+    const int child = MakeAxes(kAxesOnOnePlot);
+    Expect(kMixedRoseRefusal);
+    ChangePlotKind(kRose);
+    EXPECT_EQ(RecordOf(child).PlotKind, kEqualArea);
+    RecordOf(child).AxesTitle = kExtensionAxes;
+    ChangePlotKind(kRose);
+    EXPECT_EQ(RecordOf(child).PlotKind, kRose);
+}
+
+TEST_F(AxisFiles, AnEditThatBringsBackBothAxesBringsBackNoRose) {
+    const int child = MakeAxes(kAxesOnOnePlot);
+    const std::multiset<std::string> places = PlacesOf(child);
+    RecordOf(child).AxesTitle.clear(); // points were added
+    ChangePlotKind(kRose);
+    RecordOf(child).AxesTitle = kBothAxes; // and taken back
+    ReplotActivePlot(false);
+    EXPECT_EQ(RecordOf(child).PlotKind, kEqualArea);
+    EXPECT_EQ(PlacesOf(child), places);
 }
 
 TEST_F(AxisFiles, DensitiesAndContoursOverBothAreRefused) {

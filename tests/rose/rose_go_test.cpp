@@ -6,6 +6,7 @@
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_wedges.h"
+#include "stereo/axis_rows.h"
 #include "stereo/plot_stages.h"
 #include "stereo/row_positions.h"
 #include "support/plot_rows.h"
@@ -112,6 +113,18 @@ TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
     EXPECT_EQ(read.samplePlunge, rose.samplePlunge);
     EXPECT_EQ(read.sampleTrend, rose.sampleTrend);
     EXPECT_EQ(read.minBiasAngle, rose.minBiasAngle);
+}
+
+TEST_F(RoseGoTest, RefusesShorteningAndExtensionAxesTogether) {
+    Record().PlotKind = kEqualArea;
+    Record().AxesTitle = kBothAxes;
+    const RoseOutcome outcome = ApplyRoseSettings({});
+    ASSERT_EQ(outcome.verdict, RoseVerdict::Refused);
+    EXPECT_EQ(outcome.refusal->reason, kMixedRoseRefusal);
+    EXPECT_EQ(Record().PlotKind, kEqualArea);
+    Record().AxesTitle = kShorteningAxes;
+    EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
+    EXPECT_EQ(Record().PlotKind, kRose);
 }
 
 TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {

@@ -118,6 +118,16 @@ TEST_F(DerivedWindow, ANewNotationShowsInTheStatisticsOfAllPlotsAtOnce) {
     AcceptFormat([](FormatAnswer&) { gConventions = 2; }, 1000);
     Press("mnuFileFormat");
     EXPECT_NE(FormOfSlot(first).BoxText(PlotBox::StatsNormal), before);
+TEST_F(DerivedWindow, ARoseOfBothAxesIsRefusedWithoutItsDialog) {
+    OpenFile("faults.txt", kFaults);
+    Expect(kSenseQuestion, Button::Yes);
+    Press("mnuKinematicPlots_0");
+    Expect(kMixedRoseRefusal);
+    Press("mnuPlotType_2");
+    EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);
+    EXPECT_EQ(main->findChild<QDialog*>("frmRoseDiag"), nullptr);
+}
+
     EXPECT_NE(FormOfSlot(second).BoxText(PlotBox::StatsNormal), before);
 }
 
