@@ -111,6 +111,7 @@ std::vector<LegendLine> RoseTitleLines(const PlotRecord& record) {
         return {TextLine("Overlayed Wind Rose"),
                 LayerLine(record, 0, "Wind Energy x mean freq [top]"),
                 LayerLine(record, 1, "Mean Wind Speed [middle]"),
+                {LegendSample::Indent, 0, "[sum of speeds/sector]"},
                 LayerLine(record, 2, "Mean Wind Frequency [base]")};
     case kRoseValueOverFrequency:
         return {LayerLine(record, 0, name), LayerLine(record, 1, "overlayed on Data frequency")};

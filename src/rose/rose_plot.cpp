@@ -75,7 +75,8 @@ std::string FaultText(const PlotRecord& record, int fault) {
     if (hasColumn && fault != kNoRoseValues && HasNoClassSet(record)) {
         return "No classes of " + name + " are set.\n" + kSetClasses + kFrequenciesAlone;
     }
-    std::string text = fault == kNoRoseLengths && hasColumn
+    const bool isOfClasses = fault == kNoRoseLengths || fault == kNoRoseClasses;
+    std::string text = isOfClasses && hasColumn
                            ? "No row of this data set falls in a class of " + name + "."
                            : "No appended " + name + " data were found in this data set.";
     if (RoseClassOf(record.RoseType) != kRoseUnclassified && hasColumn) {

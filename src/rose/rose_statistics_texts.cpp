@@ -102,6 +102,18 @@ std::string TopHeading(const PlotRecord& record) {
     }
 }
 
+/// What a total or a layer is, where its name says something else; empty for the others.
+std::string MeaningOf(int measure) {
+    switch (measure) {
+    case kRoseMeanValue:
+        return Line("  (sum of the means of the sectors)");
+    case kRoseVariance:
+        return Line("  (sum of the standard deviations of the sectors)");
+    default:
+        return {};
+    }
+}
+
 std::string ScaleLines(const PlotRecord& record) {
     const int measure = MeasureOfRose(record.RoseType);
     const double interval = RoseScaleInterval(record);
@@ -110,7 +122,8 @@ std::string ScaleLines(const PlotRecord& record) {
            + Line("Scale: tick interval = " + FormatNumber(interval, "0.####") + "%")
            + Line(AmountText(record, measure, interval * total / 100))
            + MaximumLine(record, 0, measure)
-           + Line("Total " + UnitOf(record, measure) + " = " + FormatNumber(total, kFixed));
+           + Line("Total " + UnitOf(record, measure) + " = " + FormatNumber(total, kFixed))
+           + MeaningOf(measure);
 }
 
 constexpr const char* kBothSignsText = "(no circular statistics: values of both signs)";
@@ -129,8 +142,8 @@ std::string MeanLines(const PlotRecord& record) {
 std::string LowerLayerLines(const PlotRecord& record) {
     switch (RoseKindOf(record.RoseType)) {
     case kRoseOverlaidWind:
-        return Line("Middle plot [Mean Wind Speed]") + MaximumLine(record, 1, kRoseWindSpeed)
-               + Line("Base plot [Mean Wind Frequency]")
+        return Line("Middle plot [Mean Wind Speed]") + Line("  (sum of speeds/sector)")
+               + MaximumLine(record, 1, kRoseWindSpeed) + Line("Base plot [Mean Wind Frequency]")
                + MaximumLine(record, 2, kRoseOverlaidWind);
     case kRoseValueOverFrequency:
         return Line("Base plot [Data Frequency]") + MaximumLine(record, 1, kRoseFrequency);

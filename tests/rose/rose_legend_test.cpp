@@ -73,7 +73,7 @@ TEST_F(RoseLegendTest, TellsTheKind) {
         {"Mean Wind Speed-Azimuth", "[sum of speeds/sector]"},
         {"Wind Energy Frequency", "[Mean Wind Speed^3 x Mean Frequency]"},
         {"Overlayed Wind Rose", "Wind Energy x mean freq [top]", "Mean Wind Speed [middle]",
-         "Mean Wind Frequency [base]"},
+         "[sum of speeds/sector]", "Mean Wind Frequency [base]"},
         {"Length", "overlayed on Data frequency"},
         {"Length", "overlayed on Mean Length"}};
     for (std::int16_t kind = 0; kind <= 8; ++kind) {
@@ -197,11 +197,13 @@ TEST_F(RoseLegendTest, ShowsSamplesOfTheLayers) {
     Record().RoseType = 6;
     auto lines = RoseTitleLines(Record());
     EXPECT_EQ(lines[0].sample, LegendSample::None);
+    const std::array<std::size_t, 3> lineOfLayer = {1, 2, 4}; // the third says what the second is
     for (std::size_t layer = 0; layer < 3; ++layer) {
-        EXPECT_EQ(lines[layer + 1].sample, LegendSample::Patch);
-        EXPECT_EQ(CodeColour(lines[layer + 1].code),
-                  FillOfRoseLayer(static_cast<int>(layer)).colour);
+        const LegendLine& line = lines[lineOfLayer[layer]];
+        EXPECT_EQ(line.sample, LegendSample::Patch);
+        EXPECT_EQ(CodeColour(line.code), FillOfRoseLayer(static_cast<int>(layer)).colour);
     }
+    EXPECT_EQ(lines[3].sample, LegendSample::Indent);
     Record().RoseType = 16;
     lines = RoseTitleLines(Record());
     EXPECT_EQ(lines[1].sample, LegendSample::Indent); // each class has its own fill

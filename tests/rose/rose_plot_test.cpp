@@ -313,7 +313,7 @@ TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {
     Record().ClassTable[12][1] = std::int16_t{0};
     int fault = 0;
     gRoseFaultHook = [&fault](int number) { fault = number; };
-    Expect("No appended Speed data were found in this data set.\n(Try checking your "
+    Expect("No row of this data set falls in a class of Speed.\n(Try checking your "
            "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
            "roses.");
     RosePlot();

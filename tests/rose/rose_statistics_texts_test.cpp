@@ -341,6 +341,7 @@ TEST_F(RoseStatisticsTexts, OfAnOverlaidWindRoseTellEachLayer) {
     const std::string below = Lines({
         "Middle plot [Mean Wind Speed]",
         "Maximum = 66.7%  [4: Speed]",
+        "  (sum of speeds/sector)",
         "Base plot [Mean Wind Frequency]",
         "Maximum = 75.0%  [3: Wind freq]",
     });
@@ -371,11 +372,27 @@ TEST_F(RoseStatisticsTexts, OfMeansTellNoDirection) {
     const std::string text = RoseStatsFull();
     EXPECT_EQ(text.find("Mean Resultant"), std::string::npos);
     EXPECT_EQ(text.find("Circ."), std::string::npos);
-    EXPECT_TRUE(HasLine(text, "Total length = 4.00"));
+    EXPECT_NE(text.find("Total length = 4.00\r\n  (sum of the means of the sectors)\r\n"),
+              std::string::npos);
     EXPECT_TRUE(text.ends_with("(no circular statistics of this kind of rose)\r\n"));
 }
 
 TEST_F(RoseStatisticsTexts, SayThatValuesOfBothSignsHaveNoStatistics) {
+TEST_F(RoseStatisticsTexts, OfDeviationsSayThatTheyAreDeviations) {
+    NewRose(kPolarLines, kRoseVariance);
+    AddRows({10, 10, 20});
+    AddNumbers({3, 1, 7}, "length");
+    Work({{100, 1.4142}});
+    // The deviation of 3 and 1; one row alone has none.
+    EXPECT_NE(RoseStatsShort().find(
+                  "Total length = 1.41\r\n  (sum of the standard deviations of the sectors)\r\n"),
+              std::string::npos)
+        << RoseStatsShort();
+    ActiveRecord().RoseType = kRoseValue;
+    Work({{100, 11}});
+    EXPECT_EQ(RoseStatsShort().find("(sum of"), std::string::npos);
+}
+
     NewRose(kPolarLines, kRoseValue);
     AddRows({0, 90});
     AddNumbers({3, -1}, "length"); // (3, -1) over 2 is longer than 1
