@@ -273,6 +273,12 @@ std::string RecoverySession::FailuresToTell() {
     return names + " cannot be kept for recovery: " + reason_;
 }
 
+bool RecoverySession::LacksCopies() const {
+    return std::ranges::any_of(failed_, [](const auto& plot) {
+        return IsOpenSlot(plot.first) && HoldsUnsavedData(plot.first);
+    });
+}
+
 std::string RecoverySession::WriteCopy(int slot) {
     if (std::string error = MakeFolder(); !error.empty()) {
         return error;

@@ -52,6 +52,9 @@ public:
     /// empty when there is nothing new: a plot is told of once, until a copy of it is written.
     [[nodiscard]] std::string FailuresToTell();
 
+    /// True while an open plot with unsaved data has no copy because it could not be written.
+    [[nodiscard]] bool LacksCopies() const;
+
     /// Takes a copy of an earlier session over as that of a slot that was opened from it.
     void Adopt(const std::filesystem::path& copy, int slot);
 

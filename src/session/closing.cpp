@@ -14,6 +14,7 @@
 #include "platform/platform.h"
 #include "rose/rose_shown.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace quandrel {
@@ -133,6 +134,18 @@ bool HoldsUnsavedData(int slot) {
     }
     // What was worked out from another plot can be worked out again.
     return record.AxesTitle.empty() && record.NumFiles == 0 && record.NumValidData > 0;
+}
+
+bool IsAnyPlotUnsaved() {
+    return std::ranges::any_of(OpenSlots(), HoldsUnsavedData);
+}
+
+std::map<int, std::string> FilesOfOpenPlots() {
+    std::map<int, std::string> files;
+    for (const int slot : OpenSlots()) {
+        files[slot] = RecordOf(slot).SaveFileName;
+    }
+    return files;
 }
 
 void CloseWithLinks(int slot) {

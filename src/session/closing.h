@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace quandrel {
@@ -18,6 +19,12 @@ enum class Closing {
 
 /// True when the plot of a slot has rows that no file holds, or has been changed.
 [[nodiscard]] bool HoldsUnsavedData(int slot);
+
+/// True when an open plot holds data that closing it would lose.
+[[nodiscard]] bool IsAnyPlotUnsaved();
+
+/// The files that the open plots were opened from or saved to, by slots; empty for a plot without.
+[[nodiscard]] std::map<int, std::string> FilesOfOpenPlots();
 
 /// Asks about the unsaved data of a plot, whose window comes to the front, and saves it if the user
 /// wishes.

@@ -7,6 +7,7 @@
 #include "edit/selection/marquee.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
+#include "shell/controls/ending_text.h"
 #include "stereo/symbols.h"
 
 #include <QCheckBox>
@@ -279,7 +280,7 @@ void frmRotationMenu::Go() {
     FollowMovedRows();
     accept();
     if (const std::string note = NoteOnRotation(report); !note.empty()) {
-        gPlatform.status->SetText(note);
+        TellWhile(note, [] { return CanUndoRotation(); });
     }
 }
 

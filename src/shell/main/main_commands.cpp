@@ -32,6 +32,7 @@
 #include "session/unplotted_lines.h"
 #include "session/window_state.h"
 #include "shell/controls/picture_box.h"
+#include "shell/controls/ending_text.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -129,12 +130,14 @@ void GeolPlotMain::Save(int kind) {
     if (kind == static_cast<int>(SaveKind::SaveAll)) {
         const bool saved = SaveAllPlots();
         RedrawAllPlots();
-        SetStatusText(saved ? "All plots are saved" : "Not all plots are saved");
+        TellWhile(saved ? "All plots are saved" : "Not all plots are saved",
+                  [saved] { return saved != IsAnyPlotUnsaved(); });
         return;
     }
     if (SaveAsciiPlot(static_cast<SaveKind>(kind)) == SaveOutcome::Saved) {
         RedrawPlot(gActivePlot); // its legend names the file
-        SetStatusText("Saved as " + QString::fromStdString(ActiveRecord().FileTitle));
+        TellWhile("Saved as " + ActiveRecord().FileTitle,
+                  [] { return !HoldsUnsavedData(gActivePlot); });
     }
 }
 
@@ -156,7 +159,8 @@ void GeolPlotMain::ConnectFileCommands() {
         const WorkspaceOutcome outcome = SaveWorkspace();
         RedrawAllPlots();
         if (outcome == WorkspaceOutcome::Saved) {
-            SetStatusText("Saved as " + QString::fromStdString(gLastUsedWSpaceFileTitle));
+            TellWhile("Saved as " + gLastUsedWSpaceFileTitle,
+                      [saved = FilesOfOpenPlots()] { return saved == FilesOfOpenPlots(); });
         }
     });
     commands_->Connect("mnuFileClose_0", [this] { CloseOne(gActivePlot); });

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include <utility>
+
 namespace quandrel {
 
 namespace {
@@ -65,13 +67,18 @@ MainStatusLine::MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar)
 
 void MainStatusLine::SetText(std::string_view text) {
     const QString told = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    texts_[gActivePlot] = told;
+    told_[gActivePlot] = {told, {}};
     label_.setText(told);
     ShowHints();
     if (gBusy) {
         // The event loop does not run during a step.
         label_.repaint();
     }
+}
+
+void MainStatusLine::SetTextWhile(std::string_view text, std::function<bool()> holds) {
+    SetText(text);
+    told_[gActivePlot].holds = std::move(holds);
 }
 
 void MainStatusLine::ShowHint(const QString& hint) {
@@ -84,10 +91,22 @@ void MainStatusLine::FollowPlot(int slot, const QString& standingHint) {
     if (slot != slot_) {
         slot_ = slot;
         hint_.clear();
-        label_.setText(texts_[slot]);
+        label_.setText(told_[slot].text);
     }
-    std::erase_if(texts_, [](const auto& text) { return !IsOpenSlot(text.first); });
+    DropWhatHoldsNoLonger(slot);
+    std::erase_if(told_, [](const auto& told) { return !IsOpenSlot(told.first); });
     ShowHints();
+}
+
+void MainStatusLine::DropWhatHoldsNoLonger(int slot) {
+    const auto told = told_.find(slot);
+    if (told == told_.end() || !told->second.holds || told->second.holds()) {
+        return;
+    }
+    if (label_.text() == told->second.text) {
+        label_.clear();
+    }
+    told_.erase(told);
 }
 
 void MainStatusLine::ShowHints() {

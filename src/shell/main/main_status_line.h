@@ -6,23 +6,28 @@
 #pragma once
 
 #include "platform/status_line.h"
+#include "shell/controls/ending_text.h"
 
 #include <QString>
 
+#include <functional>
 #include <map>
+#include <string_view>
 
 class QLabel;
 class QProgressBar;
 
 namespace quandrel {
 
-class MainStatusLine : public StatusLine {
+class MainStatusLine : public StatusLine, public EndingTexts {
 public:
     /// The controls outlive the line.
     MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar);
 
     /// Tells something of gActivePlot.
     void SetText(std::string_view text) override;
+
+    void SetTextWhile(std::string_view text, std::function<bool()> holds) override;
 
     /// Shows a hint until the next one; an empty one brings back what can be done with the plot.
     void ShowHint(const QString& hint);
@@ -37,12 +42,18 @@ public:
     [[nodiscard]] bool CancelRequested() override;
 
 private:
+    struct Told {
+        QString text;
+        std::function<bool()> holds; ///< empty for a text that stays until the next one
+    };
+
+    void DropWhatHoldsNoLonger(int slot);
     void ShowHints();
 
     QLabel& label_;
     QLabel& hintLabel_;
-    std::map<int, QString> texts_; ///< told last of each plot
-    int slot_ = 0;                 ///< the plot in front
+    std::map<int, Told> told_; ///< last of each plot
+    int slot_ = 0;             ///< the plot in front
     QString hint_;
     QString standingHint_;
     QProgressBar& bar_;

@@ -5,12 +5,14 @@
 #include "core/plot_store.h"
 #include "platform/platform.h"
 #include "session/closing.h"
+#include "shell/controls/ending_text.h"
 #include "shell/main/geol_plot_main.h"
 #include "shell/plot/frm_plot_forms.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -113,7 +115,9 @@ void RecoveryTimer::WriteNext() {
         return;
     }
     if (const std::string failures = session_.FailuresToTell(); !failures.empty()) {
-        gPlatform.status->SetText(failures);
+        TellWhile(failures, [timer = QPointer(this)] {
+            return timer != nullptr && timer->session_.LacksCopies();
+        });
     }
 }
 

@@ -354,6 +354,35 @@ TEST_F(MainCommands, SavingTellsWhereAndClearsTheChange) {
     EXPECT_EQ(Info(), "All plots are saved");
 }
 
+TEST_F(MainCommands, WhatWasSavedIsSaidUntilItIsChanged) {
+    const int slot = OpenChanged("a.txt");
+    for (const char* const command : {"mnuFileSave_1", "mnuFileSave_2"}) {
+        ActiveRecord().Modified = kTrue;
+        prompts.QueueSavePath((folder / "saved.txt").string());
+        Press(command);
+        const QString told = Info();
+        EXPECT_FALSE(told.isEmpty()) << command;
+        main->UpdatePlotState();
+        EXPECT_EQ(Info(), told) << command;
+        RecordOf(slot).Modified = kTrue;
+        main->UpdatePlotState();
+        EXPECT_EQ(Info(), "") << command;
+        RecordOf(slot).Modified = 0;
+        main->UpdatePlotState();
+        EXPECT_EQ(Info(), "") << "a text that has gone does not come back";
+    }
+}
+
+TEST_F(MainCommands, ATextThatFollowedStaysWhenWhatWasToldBeforeEnds) {
+    const int slot = OpenChanged("a.txt");
+    prompts.QueueSavePath((folder / "saved.txt").string());
+    Press("mnuFileSave_1");
+    main->SetStatusText("another text");
+    RecordOf(slot).Modified = kTrue;
+    main->UpdatePlotState();
+    EXPECT_EQ(Info(), "another text");
+}
+
 TEST_F(MainCommands, ACancelledLoadLeavesNoWindow) {
     AcceptFormat({}, 0);
     prompts.QueueOpenPath(WriteFile("a.txt", "1\t2\n"));

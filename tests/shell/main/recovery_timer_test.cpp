@@ -185,6 +185,27 @@ TEST_F(RecoveryTimerTest, AFailureIsToldOnceForEachPlot) {
         [&] { return Info().startsWith("b.txt: 2 cannot be kept for recovery: "); }));
 }
 
+TEST_F(RecoveryTimerTest, AFailureIsToldUntilNothingIsUnsaved) {
+    const int slot = OpenChanged("a.txt");
+    WriteFile("state", "a file where the folder would be");
+    {
+        const RecoveryTimer recovery(*main, Root(), kAfterAnyWork);
+        Click();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Info().startsWith("a.txt: 1 cannot be kept"); }));
+        main->UpdatePlotState();
+        EXPECT_TRUE(Info().startsWith("a.txt: 1 cannot be kept"));
+        RecordOf(slot).Modified = 0;
+        main->UpdatePlotState();
+        EXPECT_EQ(Info(), "");
+        RecordOf(slot).Modified = kTrue;
+        RecordOf(slot).PlotTitle = "b.txt: 1";
+        Click();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Info().startsWith("b.txt: 1 cannot be kept"); }));
+    }
+    main->UpdatePlotState();
+    EXPECT_EQ(Info(), "") << "nobody keeps copies any more";
+}
+
 TEST_F(RecoveryTimerTest, AfterACrashPlotsAreOfferedAndOpenUnsaved) {
     const int slot = OpenChanged("a.txt");
     DescribePlot(slot, "north limb");

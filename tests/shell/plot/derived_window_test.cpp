@@ -91,6 +91,13 @@ TEST_F(DerivedWindow, AWorkspaceIsSavedAndOpened) {
     Press("mnuFileSave_3");
     EXPECT_EQ(RecordOf(slot).SaveFileName, (folder / "faults.qpx").string());
     EXPECT_EQ(Info(), "Saved as w.qwo");
+    main->UpdatePlotState();
+    EXPECT_EQ(Info(), "Saved as w.qwo");
+    OpenFile("others.txt", kFaults);
+    main->UpdatePlotState();
+    Room().setActiveSubWindow(&FormOfSlot(slot));
+    EXPECT_EQ(Info(), "") << "the workspace lacks a plot";
+    ClosePlot(gActivePlot == slot ? slot + 1 : gActivePlot);
     Press("mnuFileClose_0");
     EXPECT_EQ(CountOpenPlots(), 0);
     prompts.QueueOpenPath((folder / "w.qwo").string());
@@ -111,13 +118,6 @@ TEST_F(DerivedWindow, ContoursOverBothAxesAreRefusedAndTheButtonComesUp) {
     EXPECT_TRUE(IsDown(1));
 }
 
-TEST_F(DerivedWindow, ANewNotationShowsInTheStatisticsOfAllPlotsAtOnce) {
-    const int first = OpenFile("faults.txt", kFaults);
-    const int second = OpenFile("others.txt", kFaults);
-    const std::string before = FormOfSlot(first).BoxText(PlotBox::StatsNormal);
-    AcceptFormat([](FormatAnswer&) { gConventions = 2; }, 1000);
-    Press("mnuFileFormat");
-    EXPECT_NE(FormOfSlot(first).BoxText(PlotBox::StatsNormal), before);
 TEST_F(DerivedWindow, ARoseOfBothAxesIsRefusedWithoutItsDialog) {
     OpenFile("faults.txt", kFaults);
     Expect(kSenseQuestion, Button::Yes);
@@ -128,6 +128,13 @@ TEST_F(DerivedWindow, ARoseOfBothAxesIsRefusedWithoutItsDialog) {
     EXPECT_EQ(main->findChild<QDialog*>("frmRoseDiag"), nullptr);
 }
 
+TEST_F(DerivedWindow, ANewNotationShowsInTheStatisticsOfAllPlotsAtOnce) {
+    const int first = OpenFile("faults.txt", kFaults);
+    const int second = OpenFile("others.txt", kFaults);
+    const std::string before = FormOfSlot(first).BoxText(PlotBox::StatsNormal);
+    AcceptFormat([](FormatAnswer&) { gConventions = 2; }, 1000);
+    Press("mnuFileFormat");
+    EXPECT_NE(FormOfSlot(first).BoxText(PlotBox::StatsNormal), before);
     EXPECT_NE(FormOfSlot(second).BoxText(PlotBox::StatsNormal), before);
 }
 

@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 
 namespace quandrel {
 namespace {
@@ -156,6 +157,24 @@ TEST_F(RotationOnNet, TheHintLineTellsWhatAPressWouldTake) {
     dialog.close();
     EXPECT_EQ(Hint(), before);
     EXPECT_EQ(Info(), "as before") << "the message has a place of its own";
+}
+
+TEST_F(RotationOnNet, WhatWasLeftUnrotatedIsSaidAsLongAsTheRotationCanBeTakenBack) {
+    const int slot = OpenFile("a.txt", "30\t90\n60\t270\n");
+    ActiveRecord().HasAppendedLine = kTrue;
+    ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Line));
+    gAppLineDip.At(slot, 1) = kInvalidAppendedLine;
+    gAppLineDip.At(slot, 2) = 0;
+    frmRotationMenu& dialog = OpenDialog();
+    dialog.findChild<QRadioButton*>("optRotate_0")->click();
+    dialog.cmdRotGo[0]->click();
+    const QString told = "1 row without a valid appended line was left unrotated.";
+    EXPECT_EQ(Info(), told);
+    main->UpdatePlotState();
+    EXPECT_EQ(Info(), told);
+    ForgetRotation();
+    main->UpdatePlotState();
+    EXPECT_EQ(Info(), "");
 }
 
 TEST_F(RotationOnNet, TheEditMenuTakesARotationBack) {
