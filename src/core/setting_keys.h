@@ -16,6 +16,18 @@ inline constexpr const char* kFonts = "Fonts";
 inline constexpr const char* kFileMenuArray = "FileMenuArray";
 inline constexpr const char* kDataClassifArray = "DataClassifArray";
 
+// Keys that others read beside the load of all settings.
+inline constexpr const char* kMaxPlotsKey = "gMaxPlots";
+inline constexpr const char* kSecondaryTypeKey = "gSecondaryDataType";
+inline constexpr const char* kLineAppendedKey = "gFileLineAppended";
+inline constexpr const char* kNumericAppendedKey = "gFileNumericAppended";
+inline constexpr const char* kNonNumericAppendedKey = "gFileNonNumericAppended";
+inline constexpr const char* kFontNameKey = "FontName";
+
+/// How truths are saved. TruthOfSetting reads other spellings too.
+inline constexpr const char* kTrueText = "True";
+inline constexpr const char* kFalseText = "False";
+
 /// In FontName0 it means that no font was ever chosen.
 inline constexpr const char* kNoFontName = "none";
 
@@ -27,6 +39,11 @@ inline constexpr const char* kNoFontName = "none";
 /// A place of gFileColumnSettings.
 [[nodiscard]] inline std::string ColumnKey(std::size_t slot) {
     return "gFileColumnSettings" + std::to_string(slot);
+}
+
+/// What is kept of a font, by its place in gPlotFonts.
+[[nodiscard]] inline std::string FontKey(const char* what, std::size_t index) {
+    return what + std::to_string(index);
 }
 
 /// A place of gSymbolTable.

@@ -5,6 +5,7 @@
 #include "core/plot_store.h"
 #include "core/setting_keys.h"
 #include "core/settings.h"
+#include "core/settings_group.h"
 #include "input/column_order.h"
 #include "input/file_loading.h"
 #include "orientation/number_text.h"
@@ -244,21 +245,18 @@ void LoadSavedColumns(FormatChoice& choice) {
         const double column = SavedNumber(ColumnKey(slot), static_cast<double>(slot));
         choice.columns[slot] = static_cast<std::int32_t>(std::clamp(column, 0.0, kLastColumn));
     }
-    const double secondary = SavedNumber("gSecondaryDataType", kNoSecondary);
+    const double secondary = SavedNumber(kSecondaryTypeKey, kNoSecondary);
     choice.secondary =
         static_cast<std::int16_t>(std::clamp<double>(secondary, kNoSecondary, kHadeInPlane));
-    choice.lineAppended = SavedTruth("gFileLineAppended");
-    choice.numericAppended = SavedTruth("gFileNumericAppended");
-    choice.nonNumericAppended = SavedTruth("gFileNonNumericAppended");
+    choice.lineAppended = SavedTruth(kLineAppendedKey);
+    choice.numericAppended = SavedTruth(kNumericAppendedKey);
+    choice.nonNumericAppended = SavedTruth(kNonNumericAppendedKey);
 }
 
 bool SaveFormatSettings(bool columns, bool conventions, bool names) {
-    constexpr int kConventionsGroup = 0;
-    constexpr int kColumnsGroup = 1;
-    constexpr int kNamesGroup = 3;
-    const bool savedConventions = !conventions || SaveSettings(kConventionsGroup);
-    const bool savedColumns = !columns || SaveSettings(kColumnsGroup);
-    const bool savedNames = !names || SaveSettings(kNamesGroup);
+    const bool savedConventions = !conventions || SaveSettings(SettingsGroup::Conventions);
+    const bool savedColumns = !columns || SaveSettings(SettingsGroup::Columns);
+    const bool savedNames = !names || SaveSettings(SettingsGroup::Names);
     return savedConventions && savedColumns && savedNames;
 }
 

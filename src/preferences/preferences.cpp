@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/setting_keys.h"
+#include "core/settings_group.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
 #include "preferences/style_changes.h"
@@ -23,7 +24,7 @@ constexpr std::array<const char*, 2> kPitchNames = {"pitch", "rake"};
 
 /// The number of plots that the next run will have.
 std::int16_t MaxPlotsInStore() {
-    const std::string text = gPlatform.settings->Read(kApplicationName, kStartUp, "gMaxPlots", {});
+    const std::string text = gPlatform.settings->Read(kApplicationName, kStartUp, kMaxPlotsKey, {});
     return MaxPlotsOf(text, gMaxPlots);
 }
 
@@ -58,7 +59,7 @@ void UseGeneralOptions(const Preferences& preferences) {
 [[nodiscard]] bool SaveMaxPlots(std::int16_t plots) {
     const std::int16_t inUse = gMaxPlots;
     gMaxPlots = std::clamp<std::int16_t>(plots, 1, kMostPlots);
-    const bool saved = SaveSettings(5);
+    const bool saved = SaveSettings(SettingsGroup::PlotCount);
     gMaxPlots = inUse;
     return saved;
 }
@@ -160,8 +161,8 @@ void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
     }
     bool saved = KeepMaxPlots(preferences.maxPlots);
     if (keep == KeepSettings::Yes) {
-        saved = SaveSettings(4) && saved;
-        saved = SaveSettings(7) && saved;
+        saved = SaveSettings(SettingsGroup::Preferences) && saved;
+        saved = SaveSettings(SettingsGroup::DataFolder) && saved;
     }
     if (!saved) {
         Tell("The preferences hold for this session, but could not be saved.");

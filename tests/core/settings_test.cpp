@@ -3,6 +3,7 @@
 #include "core/formulas.h"
 #include "core/recent_files.h"
 #include "core/settings.h"
+#include "core/settings_group.h"
 #include "core/style_tables.h"
 #include "support/test_platform.h"
 
@@ -48,7 +49,7 @@ TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
 
 TEST_F(SettingsTest, TheChoiceOfFormulasLastsAndAnUnknownOneIsTheProgramsOwn) {
     gFormulas = Formulas::Textbook;
-    ASSERT_TRUE(SaveSettings(4));
+    ASSERT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "Formulas"), "textbook");
     gFormulas = Formulas::Own;
     LoadSettings();
@@ -146,7 +147,7 @@ TEST_F(SettingsTest, TheFirstRunOfThisGenerationForgetsTheDataFolder) {
 TEST_F(SettingsTest, UseLastResizeEndsWithTheSession) {
     // Kept: one key is written and another is read.
     gPlotWinLast = true;
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("StartUp", "PlotWinLast"), "True");
     LoadSettings();
     EXPECT_FALSE(gPlotWinLast);
@@ -154,10 +155,10 @@ TEST_F(SettingsTest, UseLastResizeEndsWithTheSession) {
 
 TEST_F(SettingsTest, TheWindowPlaceIsSavedOnlyInItsNormalState) {
     gMainWindowPlace = {2, 100, 200, 9000, 6000};
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("StartUp", "WinTop"), "(missing)");
     gMainWindowPlace.state = 0;
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
     EXPECT_EQ(gMainWindowPlace.top, 100);
     EXPECT_EQ(gMainWindowPlace.left, 200);
@@ -165,24 +166,29 @@ TEST_F(SettingsTest, TheWindowPlaceIsSavedOnlyInItsNormalState) {
 }
 
 TEST_F(SettingsTest, EachGroupWritesItsKeysAndNoOthers) {
-    const std::vector<std::tuple<int, std::string, std::string>> groups = {
-        {0, "DataFormats", "Conventions"},     {1, "DataFormats", "gFileColumnSettings9"},
-        {3, "DataFormats", "gFileAppNumName"}, {4, "StartUp", "PitchName"},
-        {5, "StartUp", "gMaxPlots"},           {6, "StartUp", "LastUsedVersion"},
-        {7, "StartUp", "FilesDirectory"},
+    using enum SettingsGroup;
+    const std::vector<std::tuple<SettingsGroup, std::string, std::string>> groups = {
+        {Conventions, "DataFormats", "Conventions"},
+        {Columns, "DataFormats", "gFileColumnSettings9"},
+        {Names, "DataFormats", "gFileAppNumName"},
+        {Preferences, "StartUp", "PitchName"},
+        {PlotCount, "StartUp", "gMaxPlots"},
+        {Session, "StartUp", "LastUsedVersion"},
+        {DataFolder, "StartUp", "FilesDirectory"},
     };
+    ASSERT_EQ(groups.size(), kSettingsGroups.size());
     for (const auto& [group, section, key] : groups) {
         MemorySettingsStore store;
         gPlatform.settings = &store;
         EXPECT_TRUE(SaveSettings(group));
-        EXPECT_NE(store.Read(kApplicationName, section, key, "(missing)"), "(missing)") << group;
+        EXPECT_NE(store.Read(kApplicationName, section, key, "(missing)"), "(missing)") << key;
         EXPECT_EQ(store.Read(kApplicationName, "StartUp", "LastAccessDate", ""), "2026-11-21");
         for (const auto& [other, otherSection, otherKey] : groups) {
-            const bool bothHold = other == group || (group == 4 && other == 7);
+            const bool bothHold = other == group || (group == Preferences && other == DataFolder);
             EXPECT_EQ(store.Read(kApplicationName, otherSection, otherKey, "(missing)")
                           != "(missing)",
                       bothHold)
-                << group << " wrote " << otherKey;
+                << key << ": its group wrote " << otherKey;
         }
     }
     gPlatform.settings = &settings;
@@ -192,7 +198,7 @@ TEST_F(SettingsTest, AGroupThatDoesNotExistWritesTheDateAlone) {
     for (const int group : {-1, 2, 8}) {
         MemorySettingsStore store;
         gPlatform.settings = &store;
-        EXPECT_TRUE(SaveSettings(group));
+        EXPECT_TRUE(SaveSettings(static_cast<SettingsGroup>(group)));
         EXPECT_EQ(store.Keys(kApplicationName, "StartUp").size(), 1U);
         EXPECT_TRUE(store.Keys(kApplicationName, "DataFormats").empty());
     }
@@ -203,10 +209,10 @@ TEST_F(SettingsTest, SymbolRowsOfTheSessionAreSavedApart) {
     gSymbolTable[0] = {7, 2, 9};
     gSymbolTable[19] = {8, 10, 4};
     gColourTable[3] = 0x123456;
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("SymbolArray", "SymbolArray000"), "7");
     EXPECT_EQ(Stored("SymbolArray", "SymbolArray190"), "(missing)");
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("SymbolArray", "SymbolArray191"), "10");
     LoadSettings();
     EXPECT_EQ(gSymbolTable[0], (SymbolRow{7, 2, 9}));
@@ -234,13 +240,13 @@ TEST_F(SettingsTest, RecentFilesStayInOrderAndAtMostSix) {
         AddRecentFile("/f" + std::to_string(i));
     }
     AddRecentFile("/f5");
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
     const std::vector<std::string> expected = {"/f5", "/f8", "/f7", "/f6", "/f4", "/f3"};
     EXPECT_EQ(gRecentFiles, expected);
     EXPECT_EQ(Stored("FileMenuArray", "0"), "6");
     gRecentFiles = {"/only"};
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("FileMenuArray", "2"), "(missing)");
 }
 
@@ -257,7 +263,7 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
     gPlotFonts[2].font = {"DejaVu Sans", 11.5, true, false, true};
     gDefaultClassTable[2][2] = std::string("slate");
     gRoseSectorSize = 22.5;
-    for (int group = 0; group <= 7; ++group) {
+    for (const SettingsGroup group : kSettingsGroups) {
         EXPECT_TRUE(SaveSettings(group));
     }
     LoadSettings();
@@ -307,7 +313,7 @@ TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
     gPlotAxesColour = 0xff0000;
     gSaveNonDataLines = true;
     gShowNorth = true;
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     const std::vector<std::tuple<std::string, std::string, std::string>> keys = {
         {"SymbolArray", "ContourColour0", "9"},     {"SymbolArray", "ContourStyle0", "2"},
         {"SymbolArray", "ContourWidth0", "3"},      {"SymbolArray", "ContourColour5", "7"},
@@ -339,7 +345,7 @@ TEST_F(SettingsTest, EachKindOfGirdleHasItsOwnKeys) {
     gAxisStyleTable[kUserGirdleStyle] = {1, 2, 3};
     gAxisStyleTable[kMeanGirdleStyle] = {4, 1, 6};
     gAxisStyleTable[kCalculatedGirdleStyle] = {7, 3, 9};
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("SymbolArray", "GirdleStyle0"), "1");
     LoadSettings();
     EXPECT_EQ(gAxisStyleTable[kUserGirdleStyle], (AxisStyle{1, 2, 3}));
@@ -348,21 +354,21 @@ TEST_F(SettingsTest, EachKindOfGirdleHasItsOwnKeys) {
 }
 
 TEST_F(SettingsTest, AnotherWindowsKeysStayAsItWroteThem) {
-    for (int group = 0; group <= 7; ++group) {
+    for (const SettingsGroup group : kSettingsGroups) {
         EXPECT_TRUE(SaveSettings(group));
     }
     LoadSettings();
     Put("StartUp", "PitchName", "rake"); // the other window
     Put("StartUp", "PlotAxesStyle", "1");
     gPlotAxesStyle = 3;
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "PitchName"), "rake");
     EXPECT_EQ(Stored("StartUp", "PlotAxesStyle"), "3") << "both changed it: the last one holds";
     Put("StartUp", "PlotAxesStyle", "2");
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "PlotAxesStyle"), "2") << "it was not changed again here";
     gPitchName = "slope";
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "PitchName"), "slope");
 }
 
@@ -372,7 +378,7 @@ TEST_F(SettingsTest, OfAFirstRunTheKeysOfAnotherWindowStay) {
     LoadSettings();
     store.Write(kApplicationName, "StartUp", "PlotAxesStyle", "2"); // the other window
     gPitchName = "rake";
-    EXPECT_TRUE(SaveSettings(4));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PlotAxesStyle", ""), "2");
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PitchName", ""), "rake");
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "RoseAxesStyle", ""), "0")
@@ -386,7 +392,7 @@ TEST_F(SettingsTest, RecentFilesAreWrittenAtOnceAndMerged) {
     Put("FileMenuArray", "0", "2"); // the other window
     Put("FileMenuArray", "1", "/theirs");
     Put("FileMenuArray", "2", "/mine");
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("FileMenuArray", "1"), "/theirs") << "nothing was opened here since";
     AddRecentFile("/next");
     const std::vector<std::string> expected = {"/next", "/theirs", "/mine"};
@@ -405,7 +411,7 @@ TEST_F(SettingsTest, RecentFilesOfTheEarlierGenerationAreTakenOver) {
     store.Write(kEarlierApplicationName, "FileMenuArray", "0", "1");
     store.Write(kEarlierApplicationName, "FileMenuArray", "1", "/old");
     LoadSettings();
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(store.Read(kApplicationName, "FileMenuArray", "1", ""), "/old");
     gPlatform.settings = &settings;
 }

@@ -5,6 +5,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "core/settings_group.h"
 #include "golden/golden_file.h"
 #include "golden/script_run.h"
 #include "platform/platform.h"
@@ -92,7 +93,7 @@ TEST(SavedSettings, AreAsTheReferenceHasThem) {
     gPlatform.settings = &store;
     gPlatform.today = "2026-11-21";
     LoadSettings();
-    for (const int group : {0, 1, 3, 4, 5, 6, 7}) {
+    for (const SettingsGroup group : kSettingsGroups) {
         EXPECT_TRUE(SaveSettings(group));
     }
     std::string text;

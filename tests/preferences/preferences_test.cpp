@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "classify/classification.h"
+#include "core/settings_group.h"
 #include "density/contours.h"
 #include "orientation/angles.h"
 #include "persistence/ascii_plot_file.h"
@@ -207,7 +208,7 @@ TEST_F(PreferencesTest, EachOneTakesHoldAndSurvivesARestartWhenSaved) {
         Apply(preference.change, KeepSettings::Yes);
         EXPECT_TRUE(preference.holds());
         if (preference.ofSession) {
-            EXPECT_TRUE(SaveSettings(6));
+            EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
         }
         LoadSettings();
         EXPECT_TRUE(preference.holds());
@@ -286,7 +287,7 @@ TEST_F(PreferencesTest, UseLastResizeEndsWithTheSession) {
     // Kept: it is saved under a key that is never read.
     Apply([](Preferences& p) { p.plotWinLast = true; }, KeepSettings::Yes);
     EXPECT_TRUE(gPlotWinLast);
-    EXPECT_TRUE(SaveSettings(6));
+    EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
     EXPECT_FALSE(gPlotWinLast);
 }

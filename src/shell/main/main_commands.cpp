@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "core/settings_group.h"
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
 #include "derive/secondary_data.h"
@@ -31,8 +32,8 @@
 #include "session/start.h"
 #include "session/unplotted_lines.h"
 #include "session/window_state.h"
-#include "shell/controls/picture_box.h"
 #include "shell/controls/ending_text.h"
+#include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -378,8 +379,7 @@ void GeolPlotMain::ChooseDataFolder() {
     frmDirectoryDialog dialog(QString::fromStdString(gFilesDirectory), this);
     if (dialog.exec() == QDialog::Accepted) {
         gFilesDirectory = dialog.Folder().toStdString();
-        constexpr int kFolderGroup = 7;
-        if (!SaveSettings(kFolderGroup)) {
+        if (!SaveSettings(SettingsGroup::DataFolder)) {
             Tell("The data folder holds for this session, but it could not be saved.");
         }
     }

@@ -58,7 +58,7 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
     }
     KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
     constexpr int kSessionGroup = 6;
-    if (!SaveSettings(kSessionGroup)) {
+    if (!SaveSettings(SettingsGroup::Session)) {
         Tell("The settings of this session could not be saved.");
     }
     CloseMapInfoLink();

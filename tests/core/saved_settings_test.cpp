@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+//
+// What each group writes, key by key: settings that were saved by any build are read by any other.
+
+#include "core/formulas.h"
+#include "core/setting_keys.h"
+#include "core/settings.h"
+#include "core/settings_group.h"
+#include "core/style_tables.h"
+#include "support/test_platform.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace quandrel {
+namespace {
+
+constexpr std::array<const char*, 7> kGroupNames = {
+    "conventions", "columns", "names", "preferences", "plot count", "session", "data folder"};
+
+class SavedSettings : public EngineTest {
+protected:
+    static void ChangeFormat() {
+        gConventions = -13;
+        gFileDelimiter = ";";
+        gPlaneSeparator = "\\";
+        gLineSeparator = ":";
+        gNegativePlunge = NegativePlunge::Vector;
+        gPrimaryDataType = kPrimaryLine;
+        gSecondaryDataType = kSecondaryPlane;
+        gFileLineAppended = true;
+        gFileNumericAppended = true;
+        gFileNonNumericAppended = true;
+        gFileColumnSettings = {9, 8, 7, 6, 5, 4, 3, 2, 1, 0};
+        gFileAppNumName = "n";
+        gFileAppNonNumName = "t";
+    }
+
+    static void ChangePreferences() {
+        gPitchName = "rake";
+        gPlotAxesStyle = 3;
+        gRoseAxesStyle = 2;
+        gRoseOuterCircle = false;
+        gShowCompassPoints = true;
+        gConvertDecimals = true;
+        gShowNorth = true;
+        gSaveNonDataLines = true;
+        gFormulas = Formulas::Textbook;
+        gFilesDirectory = "/d";
+        gMaxPlots = 33;
+        gShowIsolatedPts = -1;
+        gPlotBackColour = 123;
+        gPlotAxesColour = 456;
+        for (std::size_t i = 0; i < gPlotFonts.size(); ++i) {
+            const auto whole = static_cast<std::int32_t>(i);
+            gPlotFonts[i].font = {"F" + std::to_string(i), 7.5 + whole, i % 2 == 0, i % 3 == 0,
+                                  i % 4 == 0};
+            gPlotFonts[i].weight = 10 * whole;
+            gPlotFonts[i].colour = 100 * whole;
+        }
+    }
+
+    static void ChangeStyles() {
+        const auto shortOf = [](std::size_t number) { return static_cast<std::int16_t>(number); };
+        for (std::size_t i = 0; i < gSymbolTable.size(); ++i) {
+            gSymbolTable[i] = {shortOf(i % 25), shortOf(i), shortOf(i % 7)};
+        }
+        for (std::size_t i = 0; i < gColourTable.size(); ++i) {
+            gColourTable[i] = static_cast<std::uint32_t>(1000 * i);
+        }
+        for (std::size_t i = 0; i < gAxisStyleTable.size(); ++i) {
+            gAxisStyleTable[i] = {shortOf(i), shortOf(i % 4), shortOf(i + 1)};
+        }
+        for (std::size_t i = 0; i < gContourStyleTable.size(); ++i) {
+            gContourStyleTable[i] = {shortOf(i + 1), shortOf(i % 4), shortOf(i + 2)};
+        }
+    }
+
+    static void ChangeSession() {
+        gLastUsedPath = "/p";
+        gLastUsedWorkSpacePath = "/w";
+        gLastUsedWorkSpaceFileName = "f";
+        gLastUsedWSpaceFileTitle = "t";
+        gRoseScaleType = "circ2.5";
+        gRoseSectorSize = 22.5;
+        gRoseSectorFraction = 77;
+        gMIToolbarShow = false;
+        gPlotWinLast = true;
+        gPlotWidthPercent = 61;
+        gPlotAspect = 0.333F;
+        gMainWindowPlace = {0, -5, 7, 900, 600};
+        gDefaultClassTable[2][2] = std::string("slate");
+        gDefaultClassTable[1][0] = 2.5;
+        gDefaultClassTable[0][1] = std::int16_t{3};
+    }
+
+    /// What all groups write, each into an empty store.
+    std::string TextOfGroups() {
+        std::ostringstream text;
+        for (std::size_t i = 0; i < kSettingsGroups.size(); ++i) {
+            MemorySettingsStore store;
+            gPlatform.settings = &store;
+            EXPECT_TRUE(SaveSettings(kSettingsGroups[i]));
+            text << "# " << kGroupNames[i] << '\n';
+            for (const char* const section :
+                 {kStartUp, kDataFormats, kSymbolArray, kFonts, kDataClassifArray}) {
+                for (const std::string& key : store.Keys(kApplicationName, section)) {
+                    text << section << '/' << key << '='
+                         << store.Read(kApplicationName, section, key, "") << '\n';
+                }
+            }
+        }
+        gPlatform.settings = &settings;
+        return text.str();
+    }
+
+    static std::string KeptText() {
+        std::ifstream file(std::string(QUANDREL_TEST_DATA) + "/core/saved_settings.txt");
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+};
+
+TEST_F(SavedSettings, AreThoseOfEarlierBuildsByteForByte) {
+    ChangeFormat();
+    ChangePreferences();
+    ChangeStyles();
+    ChangeSession();
+    const std::string kept = KeptText();
+    ASSERT_FALSE(kept.empty());
+    EXPECT_EQ(TextOfGroups(), kept);
+}
+
+TEST_F(SavedSettings, OfEarlierBuildsAreRead) {
+    std::istringstream lines(KeptText());
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t slash = line.find('/');
+        const std::size_t equals = line.find('=');
+        if (!line.starts_with('#')) {
+            settings.Write(kApplicationName, line.substr(0, slash),
+                           line.substr(slash + 1, equals - slash - 1), line.substr(equals + 1));
+        }
+    }
+    LoadSettings();
+    EXPECT_FALSE(gPlotWinLast) << "it is read under another key";
+    gPlotWinLast = true;
+    EXPECT_EQ(TextOfGroups(), KeptText());
+}
+
+TEST_F(SavedSettings, DefaultsAreThoseOfALoadFromNothing) {
+    MemorySettingsStore empty;
+    gPlatform.settings = &empty;
+    LoadSettings();
+    const std::string loaded = TextOfGroups();
+    ChangeFormat();
+    ChangePreferences();
+    ChangeStyles();
+    ChangeSession();
+    EXPECT_NE(TextOfGroups(), loaded);
+    SetDefaultSettings();
+    EXPECT_EQ(TextOfGroups(), loaded);
+}
+
+} // namespace
+} // namespace quandrel
