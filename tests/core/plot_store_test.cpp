@@ -2,13 +2,8 @@
 
 #include "core/plot_store.h"
 #include "orientation/angles.h"
+#include "support/allocated_memory.h"
 #include "support/test_platform.h"
-
-#include <malloc.h>
-
-#ifdef __SANITIZE_ADDRESS__
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // of the sanitizer's run time
-#endif
 
 namespace quandrel {
 namespace {
@@ -110,16 +105,8 @@ TEST_F(PlotStore, TheStatisticsButtonDecidesWhetherANewPlotShowsThem) {
     EXPECT_EQ(ActiveRecord().LayerVisible[5], 0);
 }
 
-/// The memory that this program has taken and not given back, in megabytes. The address sanitizer
-/// keeps for a while what was given back to it, so it is asked itself.
 long AllocatedMegabytes() {
-#ifdef __SANITIZE_ADDRESS__
-    const std::size_t bytes = __sanitizer_get_current_allocated_bytes();
-#else
-    const struct mallinfo2 heap = ::mallinfo2();
-    const std::size_t bytes = heap.uordblks + heap.hblkhd;
-#endif
-    return static_cast<long>(bytes >> 20U);
+    return static_cast<long>(AllocatedBytes() >> 20U);
 }
 
 TEST_F(PlotStore, AClosedPlotGivesItsMemoryBack) {

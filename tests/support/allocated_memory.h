@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// What the program has taken of the heap.
+
+#pragma once
+
+#include <malloc.h>
+
+#include <cstddef>
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // of the sanitizer's run time
+#endif
+
+namespace quandrel {
+
+/// The bytes that this program has taken and not given back. The address sanitizer keeps for a
+/// while what was given back to it, so it is asked itself.
+inline std::size_t AllocatedBytes() {
+#ifdef __SANITIZE_ADDRESS__
+    return __sanitizer_get_current_allocated_bytes();
+#else
+    const struct mallinfo2 heap = ::mallinfo2();
+    return heap.uordblks + heap.hblkhd;
+#endif
+}
+
+} // namespace quandrel
