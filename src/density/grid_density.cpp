@@ -100,7 +100,7 @@ void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int 
 
 int GridBandBase(std::int32_t rows) {
     const double unit = 100.0 / rows;
-    // Kept: rounded up, unlike the base of the bands of points.
+    // Kept: the base is rounded up, unlike the base of the bands of points.
     return unit < 1 ? 1 : std::max(static_cast<int>(RoundToEven(unit + 0.4999)), 1);
 }
 

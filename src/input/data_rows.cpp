@@ -64,7 +64,7 @@ void SetLine(const ParsedRow& row, RowValues& values, RowFaults& faults) {
 }
 
 void SetNumber(const ParsedRow& row, RowValues& values, RowFaults& faults) {
-    // A number beyond the column's width is none that could be kept. Kept: nor is -9999, which
+    // A number beyond the column's width cannot be stored. Kept: -9999 cannot be stored either. It
     // marks the invalid ones; the row counts as such, so that the number is not lost in silence.
     const bool fits = std::abs(row.number) <= std::numeric_limits<float>::max();
     const float number = fits ? static_cast<float>(row.number) : kInvalidNumber;

@@ -28,7 +28,7 @@ void MarkSecondary(const LineFormat& format, std::array<bool, kColumnSlots>& use
 void DecodeConventions(std::int16_t code, std::int16_t& planeConvention, bool& lineIsTrendFirst,
                        bool& isQuadrant) {
     planeConvention = static_cast<std::int16_t>(std::abs(int{code}) % kConventionCodes);
-    lineIsTrendFirst = code >= kConventionCodes; // Kept: never for a quadrant code
+    lineIsTrendFirst = code >= kConventionCodes; // Kept: a quadrant code is never trend first
     isQuadrant = code < 0;
 }
 

@@ -125,7 +125,7 @@ double AngleFromSinCos(double y, double x, Formulas formulas) {
         return AngleInTurn(std::atan2(y, x));
     }
     if (std::abs(x) < kAxisWidth) {
-        return y > 0 ? kPi : kThreeRightAngles; // Kept: pi, not pi/2
+        return y > 0 ? kPi : kThreeRightAngles; // Kept: east of the sines is pi, not pi/2
     }
     const double angle = std::atan(y / x);
     if (angle > 0) {

@@ -145,7 +145,7 @@ TEST_F(SettingsTest, TheFirstRunOfThisGenerationForgetsTheDataFolder) {
 }
 
 TEST_F(SettingsTest, UseLastResizeEndsWithTheSession) {
-    // Kept: one key is written and another is read.
+    // Kept: saved under "PlotWinLast" and read under this key.
     gPlotWinLast = true;
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("StartUp", "PlotWinLast"), "True");

@@ -45,8 +45,11 @@ std::vector<DistinctLine> AllLines() {
     return lines;
 }
 
+// Kept: both ends of the cone together are 2% of the sphere.
 TEST(CountCone, IsTheConeOfTwoPerCentOfASphere) {
     EXPECT_NEAR(std::cos(kCountCone), 0.98, 1e-14);
+    // A cap of half-angle a is (1 - cos a) / 2 of its sphere.
+    EXPECT_NEAR(2 * (1 - std::cos(kCountCone)) / 2, 0.02, 1e-14);
     EXPECT_EQ(static_cast<float>(kCountCone), static_cast<float>(kGridCountCone));
 }
 

@@ -239,6 +239,7 @@ TEST(ClippedToPrimitive, AgreesWithTheSlopeFormWhereThatIsWellConditioned) {
     }
 }
 
+// Kept: a segment from outside to outside is not drawn even where it cuts through the rim.
 TEST(ClippedToPrimitive, DrawsNothingBetweenTwoEndsOutside) {
     EXPECT_FALSE(ClippedToPrimitive({{1200, 0}, {0, 1200}})) << "even across the rim";
     EXPECT_FALSE(ClippedToPrimitive({{1200, 0}, {1300, 0}}));

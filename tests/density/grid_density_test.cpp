@@ -80,7 +80,9 @@ TEST(GridBand, DoublesFromTheBaseOn) {
     }
 }
 
-// Kept: 60 rows have the base 1 at points and 2 on the grid.
+// Kept: the base is rounded up.
+// Kept: here the density of one row is rounded down.
+// 60 rows have the base 1 at points and 2 on the grid.
 TEST(GridBand, HasAnotherBaseThanTheBandOfPoints) {
     EXPECT_EQ(PointDensityBand(2, 60), 4);
     EXPECT_EQ(GridBand(2, 60), 2);

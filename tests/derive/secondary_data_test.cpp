@@ -285,6 +285,7 @@ TEST_F(SlipOptions, OnPolesShowTheFirstSetAsPolarLines) {
     EXPECT_EQ(cells, (std::vector<int>{10, 30, 30})) << "poles";
 }
 
+// Kept: after the arrows on planes.
 TEST_F(SlipOptions, ReleasedOnPlanesLeaveTheGreatCirclesAndTheLines) {
     const int slot = NewFaultPlot(kFaults);
     SetSecondaryButton(kSlipArrowsOnPlanes, true);
@@ -338,6 +339,7 @@ TEST_F(SlipOptions, AskBeforeTheyRemoveAnOverlayOfTheUser) {
     }
 }
 
+// Kept: the arrows on planes take the place of an overlay without a question.
 TEST_F(SlipOptions, OnPlanesTakeThePlaceOfAnOverlayWithoutAQuestion) {
     const int slot = NewFaultPlot(kFaults);
     AddOverlay(kOverlayLines, 10, 20, CodeOfStyleRow(2));

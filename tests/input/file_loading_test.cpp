@@ -170,6 +170,7 @@ TEST_F(FileLoading, FurtherFilesHaveHeadsOfTheirOwn) {
 }
 
 // A number that is the mark of invalid numbers cannot be kept apart from it.
+// Kept: -9999 cannot be stored either.
 TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
     gFileNumericAppended = true;
     gFileColumnSettings[kSlotNumber] = 2;

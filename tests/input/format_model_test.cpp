@@ -13,7 +13,9 @@ struct DecodedConventions {
     bool quadrant;
 };
 
-// Kept: the sign of a quadrant code hides the ten of Trend,Plunge.
+// Kept: a quadrant code is never trend first.
+// Kept: a quadrant code always gives lines as plunge.
+// Its sign hides the ten of Trend,Plunge.
 TEST(DecodeConventions, PartsTheCodeAndKeepsQuadrantLinesAsPlungeTrend) {
     const std::vector<DecodedConventions> cases = {
         {1, 1, false, false}, {6, 6, false, false}, {11, 1, true, false},  {16, 6, true, false},

@@ -120,6 +120,7 @@ TEST(RadToAzimuthText, PadsToThreeDigits) {
     EXPECT_EQ(RadToAzimuthText(kNotANumber), "000");
 }
 
+// Kept: a full turn stays a full turn and does not become 0.
 TEST(WrapAngle, KeepsExactlyTwoPi) {
     double angle = kTwoPi;
     WrapAngle(angle);
@@ -252,6 +253,7 @@ TEST(LineToCosines, GivesTheOppositeVectorForAnUpwardLine) {
     EXPECT_NEAR(up.n, -down.n, 1e-14);
 }
 
+// Kept: a negative trend is mirrored.
 TEST(LineToCosines, MirrorsNegativeTrends) {
     const Direction mirrored = LineToCosines(0.4, -1.3);
     const Direction plain = LineToCosines(0.4, 1.3);
@@ -260,6 +262,7 @@ TEST(LineToCosines, MirrorsNegativeTrends) {
     EXPECT_EQ(mirrored.n, plain.n);
 }
 
+// Kept: the sense of a vertical vector is lost.
 TEST(CosinesToLine, LosesTheSenseOfAVerticalVector) {
     for (const double n : {-1.0, 1.0}) {
         double plunge = 0;

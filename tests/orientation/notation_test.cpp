@@ -40,10 +40,12 @@ TEST(CompassNameToDegrees, HoldsTheTable) {
     }
 }
 
+// Kept: WSW is 245.
 TEST(CompassNameToDegrees, KeepsWestSouthWestAt245) {
     EXPECT_EQ(CompassDegrees("WSW"), 245);
 }
 
+// Kept: ENE is 78.
 TEST(CompassNameToDegrees, KeepsEastNorthEastAt78) {
     EXPECT_EQ(CompassDegrees("ENE"), 78);
 }
@@ -76,6 +78,7 @@ TEST(SectorName, IsEmptyBeyondTheSixteen) {
     EXPECT_EQ(SectorName(-1), "");
 }
 
+// Kept: a full turn does not become 0.
 TEST(WrapDegrees, KeepsBothEndsOfTheCircle) {
     struct Case {
         double value;
@@ -88,25 +91,25 @@ TEST(WrapDegrees, KeepsBothEndsOfTheCircle) {
                           {-1, 359},
                           {-360, 0},
                           {720, 360},
-                          {-725, 355},
-                          {360.5, 0.5}}) {
-        double degrees = c.value;
                           {-720, 0},
-        WrapDegrees(degrees);
+                          {-725, 355},
                           {450, 90},
                           {-90, 270},
                           {12.25, 12.25},
                           {-0.5, 359.5},
                           {3.6e9, 360},
                           {3.6e9 + 30, 30},
+                          {360.5, 0.5}}) {
+        double degrees = c.value;
+        WrapDegrees(degrees);
         EXPECT_EQ(degrees, c.expected) << c.value;
     }
-    double huge = 1e300;
-    WrapDegrees(huge);
-    EXPECT_TRUE(huge >= 0 && huge <= 360);
     double endless = std::numeric_limits<double>::infinity();
     WrapDegrees(endless);
     EXPECT_TRUE(std::isinf(endless));
+    double huge = 1e300;
+    WrapDegrees(huge);
+    EXPECT_TRUE(huge >= 0 && huge <= 360);
 }
 
 TEST(AzimuthToQuadrant, NamesTheQuadrants) {

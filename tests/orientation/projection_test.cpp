@@ -94,6 +94,7 @@ TEST(ProjectPoint, TreatsEveryKindButTwoAsEqualArea) {
     EXPECT_GT(std::abs(other - area), 1);
 }
 
+// Kept: here every kind but equal area counts as equal angle.
 TEST(UnprojectPoint, TreatsEveryKindButOneAsEqualAngle) {
     double angle = 0;
     double other = 0;

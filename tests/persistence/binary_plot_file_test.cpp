@@ -264,6 +264,7 @@ TEST_F(BinaryPlotFile, LettersOfWesternEuropeTakeAByteEach) {
     EXPECT_NE(Bytes(gActivePlot).find(std::string("\6\0gr\xe8s \x80", 8)), std::string::npos);
 }
 
+// Kept: greater counts are cut to what the field holds.
 TEST_F(BinaryPlotFile, CountsBeyondTheFieldAreCut) {
     NewPlot();
     FillRecord();

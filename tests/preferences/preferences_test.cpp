@@ -284,7 +284,7 @@ TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifie
 }
 
 TEST_F(PreferencesTest, UseLastResizeEndsWithTheSession) {
-    // Kept: it is saved under a key that is never read.
+    // It is saved under a key that is never read.
     Apply([](Preferences& p) { p.plotWinLast = true; }, KeepSettings::Yes);
     EXPECT_TRUE(gPlotWinLast);
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));

@@ -74,6 +74,7 @@ TEST(BiasWeights, ToOneSampleLineAreThoseToOwnLinesThatAreTheSame) {
     }
 }
 
+// Kept: this makes no correction.
 TEST(BiasWeights, OfTheDipOnlyMakeNoCorrection) {
     for (const bool planes : {false, true}) {
         BiasWeights weights(Settings(kDipOnly, planes));

@@ -39,6 +39,8 @@ struct AxisCase {
     double angle;
 };
 
+// Kept: east of the sines is pi.
+// Kept: 2 pi for a y of exactly 0.
 TEST(AngleFromSinCos, KeepsItsLeaningsAtTheAxes) {
     const std::vector<AxisCase> cases = {
         {0, 0, 0},
@@ -118,6 +120,7 @@ TEST(CircularStatistics, OfRandomAnglesAgreeWithComplexMoments) {
     }
 }
 
+// Kept: identical angles give 0.
 TEST(CircularStatistics, OfIdenticalAnglesHaveNoSpread) {
     for (const AngleSense sense : {AngleSense::kDirected, AngleSense::kAxial}) {
         for (int degrees = 1; degrees < 180; ++degrees) {
@@ -163,6 +166,7 @@ TEST(CircularStatistics, KeepTheMeanOfEastAtSouthAndOfNorthAtAFullTurn) {
     EXPECT_EQ(axis.meanDirection[0], kPi);
 }
 
+// Kept: concentrated angles give 1 / (2 (1 - R)).
 TEST(CircularStatistics, KeepTheThreeFormulasOfKappa) {
     struct KappaCase {
         double r;

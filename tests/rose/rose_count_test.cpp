@@ -261,7 +261,8 @@ TEST(RoseCount, OfGroupedRowsCountsTheirObservations) {
                 1e-12);
 }
 
-// Kept: a row of five observations counts as five in its sector and as one in its class.
+// Kept: classes count rows.
+// A row of five observations counts as five in its sector and as one in its class.
 TEST(RoseCount, OfGroupedRowsAddsFiveToTheSectorAndOneToTheClass) {
     RoseCountSettings settings = TenDegrees();
     settings.grouped = true;

@@ -68,6 +68,7 @@ TEST(RoseHalves, CountShapesOutsideAsWhole) {
     }
 }
 
+// Kept: a hair short of a whole turn.
 TEST(RoseHalves, WholeCircleEndsAHairShortOfATurn) {
     EXPECT_EQ(ShownArc(0).start, 0);
     EXPECT_EQ(ShownArc(0).end, 6.28308530717958);

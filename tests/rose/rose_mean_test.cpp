@@ -122,6 +122,7 @@ TEST_F(RoseMeanTest, HasAnIntervalFromTheStandardError) {
     EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
 }
 
+// Kept: a right angle where there is no interval.
 TEST_F(RoseMeanTest, KeepsTheRightAngleOfAnIntervalThatDoesNotExistAndDrawsNoArc) {
     PlotRecord& record = ActiveRecord();
     gRoseDirectional = true;

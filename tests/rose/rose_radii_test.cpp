@@ -142,6 +142,7 @@ TEST(RadiiOfRose, ShortensAllWhenTheLastSectorPassesTheRim) {
     EXPECT_NEAR(rose.radii(0, 1), 10000 / 2.1, 1e-9);
 }
 
+// Kept: tried against the whole radius.
 TEST(RadiiOfRose, TriesTheLastSectorAgainstTheWholeRadius) {
     // The ring is 800 wide; lengthened to between 800 and 1000 the last sector stays as it is.
     RoseRadiiSettings settings = EqualArea(200);
@@ -155,6 +156,7 @@ TEST(RadiiOfRose, TriesTheLastSectorAgainstTheWholeRadius) {
     EXPECT_NEAR(Rose({100, 100}).Radii(settings).radii(2, 0), 800, 1e-9);
 }
 
+// Kept: each segment of equal area begins at a whole number.
 TEST(RadiiOfRose, StacksTheClassesOfASectorToItsLength) {
     RoseSectorTable sectors(2, 3);
     const std::array<double, 3> first = {1, 2, 5};

@@ -484,7 +484,8 @@ TEST_F(RoseSectors, AreNotAskedAboutWhenTheQuestionWasAnswered) {
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 3);
 }
 
-// Kept: equal sectors leave the size of the smaller one as it is.
+// Kept: not cleared when all are equal.
+// Equal sectors leave the size of the smaller one as it is.
 TEST_F(RoseSectors, OfEqualSizeLeaveTheSizeOfTheSmallerOneAlone) {
     AddRow(0, 8);
     ActiveRecord().RoseOddSectorSize = 3;

@@ -109,6 +109,7 @@ TEST_F(RoseStatisticsTexts, ShortOfAxialData) {
     EXPECT_EQ(RoseStatsShort(), Lines(kShortOfFourLines));
 }
 
+// Kept: the second sum is called Sbar.
 TEST_F(RoseStatisticsTexts, FullOfAxialData) {
     NewRose(kLines);
     AddRows({40, 50, 220 + 10, 60});
@@ -340,8 +341,8 @@ TEST_F(RoseStatisticsTexts, OfAnOverlaidWindRoseTellEachLayer) {
     EXPECT_TRUE(HasLine(text, "Total Energy = 88.00"));
     const std::string below = Lines({
         "Middle plot [Mean Wind Speed]",
-        "Maximum = 66.7%  [4: Speed]",
         "  (sum of speeds/sector)",
+        "Maximum = 66.7%  [4: Speed]",
         "Base plot [Mean Wind Frequency]",
         "Maximum = 75.0%  [3: Wind freq]",
     });
@@ -377,7 +378,6 @@ TEST_F(RoseStatisticsTexts, OfMeansTellNoDirection) {
     EXPECT_TRUE(text.ends_with("(no circular statistics of this kind of rose)\r\n"));
 }
 
-TEST_F(RoseStatisticsTexts, SayThatValuesOfBothSignsHaveNoStatistics) {
 TEST_F(RoseStatisticsTexts, OfDeviationsSayThatTheyAreDeviations) {
     NewRose(kPolarLines, kRoseVariance);
     AddRows({10, 10, 20});
@@ -393,6 +393,7 @@ TEST_F(RoseStatisticsTexts, OfDeviationsSayThatTheyAreDeviations) {
     EXPECT_EQ(RoseStatsShort().find("(sum of"), std::string::npos);
 }
 
+TEST_F(RoseStatisticsTexts, SayThatValuesOfBothSignsHaveNoStatistics) {
     NewRose(kPolarLines, kRoseValue);
     AddRows({0, 90});
     AddNumbers({3, -1}, "length"); // (3, -1) over 2 is longer than 1

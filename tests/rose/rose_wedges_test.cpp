@@ -131,6 +131,7 @@ TEST(WedgesOfRose, FitsTheSmallerLastSectorBetweenItsNeighbours) {
     EXPECT_NEAR(Degrees(wedges[51].end), 83, kClose);
 }
 
+// Kept: a gap of whole degrees.
 TEST(WedgesOfRose, GivesTheSmallerLastSectorItsOwnWholeGaps) {
     // Size 100, and 60 behind three of them. Half of it is 30, with gaps of 15.
     RoseWedgeSettings settings = Sectors(100, 10);
@@ -303,6 +304,7 @@ TEST_F(DrawRoseWedgesTest, DrawsAxialSectorsTwice) {
     EXPECT_EQ(Drawn().size(), 2U);
 }
 
+// Kept: it plays no part.
 TEST_F(DrawRoseWedgesTest, DrawsTheSameInEveryStyleOfHistogram) {
     DrawRoseWedges(0);
     const auto first = Drawn();

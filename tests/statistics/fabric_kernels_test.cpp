@@ -260,6 +260,7 @@ TEST(ShapeOf, EqualLeastEigenvaluesDivideByNothing) {
 
 // Tests of the principal axis.
 
+// Kept: E3 has no factor 2 here.
 TEST(SymmetryStatistic, KeepsItsDenominatorWithoutTheFactorTwo) {
     const AxisSample sample{4, {0.125, 0.25, 0.625}, 0.53125};
     // 2 * 4 * 0.125^2 = 0.125, over 1 - 0.625 + 0.53125

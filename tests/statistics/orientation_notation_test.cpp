@@ -42,6 +42,16 @@ TEST_F(OrientationNotation, ADipDirectionThatRoundsToAFullTurnIsNorth) {
     EXPECT_EQ(TextOfPlaneOfPole(Radians(30), Radians(269.67)), "360/60E");
 }
 
+// Kept: quadrant notation.
+TEST_F(OrientationNotation, AQuadrantCodeHasThePlungeFirstWhateverItsTen) {
+    for (const int code : {-kStrikeDipSense, -(10 + kStrikeDipSense)}) {
+        gConventions = static_cast<std::int16_t>(code);
+        EXPECT_EQ(TextOfLine(Radians(70), Radians(90)), "70-N90E") << code;
+    }
+    gConventions = 10 + kDipDirectionDip;
+    EXPECT_EQ(TextOfLine(Radians(70), Radians(90)), "090-70");
+}
+
 TEST_F(OrientationNotation, WholeAzimuths) {
     EXPECT_EQ(WholeAzimuthText(Radians(359.5)), "0") << "half-way to even";
     EXPECT_EQ(WholeAzimuthText(Radians(359.49)), "359");

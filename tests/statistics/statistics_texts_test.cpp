@@ -204,6 +204,7 @@ TEST_F(StatisticsTexts, VerticalRowsOfDifferentTrendsHaveTheTrendOfNorth) {
     EXPECT_TRUE(HasLine(FabricBoxText(), "Mean Direction:  0.00 - 90.00 (trend - plunge)"));
 }
 
+// Kept: a standard error that is too large for a cone.
 TEST_F(StatisticsTexts, AnErrorTooLargeForAConeHasASemiAngleOf90) {
     NewPlotOf(kLines);
     // Three lines about the vertical, s = sin^2 38 = 0.379: the standard error is

@@ -49,6 +49,7 @@ TEST_F(Net, StyleNoughtIsACrossOfTwoLinesOfAHundred) {
     EXPECT_TRUE(HasLine(operations, {0, -50}, {0, 50}));
 }
 
+// Kept: the north has no tick.
 TEST_F(Net, StyleOneHasNoTickInTheNorth) {
     const auto operations = Draw(1);
     EXPECT_EQ(operations.size(), 6U);

@@ -5,7 +5,6 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
-#include "core/settings_group.h"
 #include "derive/derived_plots.h"
 #include "edit/marks/girdle_pull.h"
 #include "edit/marks/small_circle_pick.h"

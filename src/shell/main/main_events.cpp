@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "core/settings_group.h"
 #include "mapinfo/map_link.h"
 #include "session/closing.h"
 #include "session/window_places.h"
@@ -57,7 +58,6 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
         return;
     }
     KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
-    constexpr int kSessionGroup = 6;
     if (!SaveSettings(SettingsGroup::Session)) {
         Tell("The settings of this session could not be saved.");
     }
