@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The plot store: the program's central memory. Every open plot is a value of its slot (plot.h); the
-// slot also indexes views on the plots by what they hold, which are in plot_slots.h. Everything
-// reads and writes them through the slot, mostly through gActivePlot.
+// The plot store: the program's central memory. Every open plot is a value (plot.h) in a slot; the
+// tables in plot_slots.h give its parts by the slot. Procedures with given names work on the plot
+// in focus, gActivePlot; others take the plot that they work on.
 //
 // Orientations in the columns are whole degrees. Rows of a plot run from 1: the main rows, then
 // those of its overlays in order.

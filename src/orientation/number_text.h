@@ -36,8 +36,8 @@ namespace quandrel {
 /// Allocates nothing for texts of usual length. Inverse: FormatNumber with "General Number".
 [[nodiscard]] std::optional<double> ReadNumber(std::string_view text);
 
-/// False for texts of which the first character says that they are no numbers, as it does for nearly
-/// every word. Much quicker than to read them.
+/// False for texts of which the first character says that they are no numbers, as it does for
+/// nearly every word. Much quicker than to read them.
 [[nodiscard]] inline bool MayBeNumber(std::string_view text) {
     constexpr unsigned char kLastOfNumbers = '9'; // above all characters that one can begin with
     return !text.empty() && static_cast<unsigned char>(text.front()) <= kLastOfNumbers;

@@ -35,7 +35,7 @@ struct Platform {
     bool decimalIsComma = false; ///< the regional decimal delimiter
     std::string today;           ///< the date, for the settings
 
-    unsigned threads = 0;               ///< how many a step may use; 0 is one for each processor
+    unsigned threads = 0; ///< how many a step may use; 0 is one for each processor
     /// About how much of a text a thread takes at a time: its rows stay in the cache.
     std::size_t textBlockBytes = 32768;
 };
