@@ -8,12 +8,14 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
+#include "core/row_links.h"
 #include "core/settings.h"
 #include "density/contours.h"
 #include "density/density_legend.h"
 #include "density/grid_density.h"
 #include "density/point_density.h"
 #include "derive/slip_arrows.h"
+#include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "edit/marks/small_circles.h"
 #include "input/file_loading.h"
@@ -32,6 +34,7 @@
 #include "stereo/plot_stages.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace quandrel {
 
@@ -102,6 +105,12 @@ void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectPlotStages();
     FollowRowsOfPlots();
+    // A derived plot closes with its parent's, without a question. The slot may be another plot's
+    // next, which the steps of the former one are no part of.
+    gRowFollower.closed = [cutLink = std::exchange(gRowFollower.closed, {})](int slot) {
+        cutLink(slot);
+        ForgetUndo(slot);
+    };
     LoadSettings();
     ListPrinters();
     gPlotKind = kEqualArea;

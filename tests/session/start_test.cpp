@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "derive/derived_plots.h"
+#include "edit/rows/add_point.h"
+#include "edit/rows/edit_rows.h"
+#include "edit/selection/marquee.h"
 #include "print/print_run.h"
 #include "session/start.h"
 #include "support/test_platform.h"
@@ -84,6 +88,21 @@ TEST_F(Start, InitialisingMakesAnEmptyStoreAndTheDefaults) {
     EXPECT_EQ(gActivePlot, 0);
     EXPECT_EQ(gDataDip.Capacity(), 0);
     EXPECT_TRUE(gPrinters.empty());
+}
+
+TEST_F(Start, APlotThatClosesUnaskedLeavesNoEditForTheNextOneInItsSlot) {
+    InitialiseApplication();
+    const int slot = NewPlot();
+    ActiveRecord().PrimaryFormat = kPrimaryPlane;
+    ActiveRecord().DataKind = kPlanes;
+    ASSERT_TRUE(AddRowByHand({30, 120}));
+    SelectRows(slot, {1});
+    RemoveSelectedRows(kDeleteEdit);
+    ASSERT_TRUE(CanUndo());
+    CloseDerivedPlot(slot);
+    ASSERT_EQ(NewPlot(), slot);
+    EXPECT_FALSE(CanUndo());
+    EXPECT_EQ(UseOfUndo().steps, 0U);
 }
 
 TEST_F(Start, TheRoseStartMakesThatOnePlotARose) {
