@@ -89,11 +89,11 @@ void KeepStep(UndoStep step, bool joins);
 /// True when an edit of gActivePlot would be part of the one before it.
 [[nodiscard]] bool IsWithinRun(EditKind kind);
 
-/// From now on no edit can be taken back or made again.
+/// From now on no edit can be taken back or made again. Called when the user loads a file.
 void ForgetUndo();
 
-/// As ForgetUndo, for the edits of a plot. Called by every edit that is not kept, by a load, and
-/// when a plot closes.
+/// As ForgetUndo, for the edits of a plot. Called by every edit that is not kept, and when a plot
+/// closes.
 void ForgetUndo(int slot);
 
 /// True while a step can be taken back: its plot is as it left it. O(rows) of that plot.

@@ -89,6 +89,24 @@ std::optional<std::vector<std::int32_t>> RowsBetween(std::int32_t longer, std::i
     return partner > shorter ? std::optional(std::move(between)) : std::nullopt;
 }
 
+/// Calls visit(row, former row) for all partners of a pairing, of `count` rows after the edit.
+template <class Visit>
+void ForEachPair(const RowPairing& pairing, std::int32_t count, const Visit& visit) {
+    auto removed = pairing.removed.begin();
+    auto added = pairing.added.begin();
+    std::int32_t former = 1;
+    for (std::int32_t row = 1; row <= count; ++row) {
+        if (added != pairing.added.end() && *added == row) {
+            ++added;
+            continue;
+        }
+        for (; removed != pairing.removed.end() && *removed == former; ++removed) {
+            ++former;
+        }
+        visit(static_cast<std::size_t>(row), static_cast<std::size_t>(former++));
+    }
+}
+
 std::vector<std::int32_t> RowsAfter(std::int32_t last, std::int32_t count) {
     std::vector<std::int32_t> rows;
     for (std::int32_t row = last + 1; row <= count; ++row) {
@@ -163,37 +181,44 @@ void RowChange::Complete(int slot) {
 }
 
 void RowChange::CompareRows(int slot, const KeptRows& before, const RowPairing& pairing) {
-    auto removed = pairing.removed.begin();
-    auto added = pairing.added.begin();
-    std::int32_t former = 1;
-    for (std::int32_t row = 1; row <= RecordOf(slot).NumLoadedData; ++row) {
-        if (added != pairing.added.end() && *added == row) {
-            ++added;
-            continue;
+    const std::int32_t count = RecordOf(slot).NumLoadedData;
+    // One column after the other: most of them are the same, or not in use.
+    ForEachColumn([&](const auto& column, std::size_t place) {
+        const auto cells = column.Rows(slot);
+        const std::vector<std::uint32_t>& formerCells = before.cells[place];
+        if (cells.empty() && formerCells.empty()) {
+            return;
         }
-        for (; removed != pairing.removed.end() && *removed == former; ++removed) {
-            ++former;
-        }
-        CompareRow(slot, row, before, former++);
-    }
+        ForEachPair(pairing, count, [&](std::size_t row, std::size_t former) {
+            const std::uint32_t was = former < formerCells.size() ? formerCells[former] : 0;
+            const std::uint32_t is = row < cells.size() ? BitsOf(cells[row]) : 0;
+            if (was != is) {
+                cells_[place].push_back({static_cast<std::int32_t>(row), was});
+            }
+        });
+    });
+    CompareTexts(slot, before, pairing);
 }
 
-void RowChange::CompareRow(int slot, std::int32_t row, const KeptRows& before,
-                           std::int32_t formerRow) {
-    ForEachColumn([&](const auto& column, std::size_t place) {
-        const std::uint32_t former = KeptCell(before, place, formerRow);
-        if (former != BitsOf(column(slot, row))) {
-            cells_[place].push_back({row, former});
-        }
-    });
-    if (const std::string& former = KeptText(before, formerRow); former != gAppText(slot, row)) {
-        texts_.push_back({row, former});
+void RowChange::CompareTexts(int slot, const KeptRows& before, const RowPairing& pairing) {
+    const std::int32_t count = RecordOf(slot).NumLoadedData;
+    if (!before.texts.empty() || gAppText.RowCount(slot) > 0) {
+        ForEachPair(pairing, count, [&](std::size_t place, std::size_t formerPlace) {
+            const auto row = static_cast<std::int32_t>(place);
+            const std::string& was = KeptText(before, static_cast<std::int32_t>(formerPlace));
+            if (was != gAppText(slot, row)) {
+                texts_.push_back({row, was});
+            }
+        });
     }
-    if (before.errorLines.empty() && LinesOf(slot).empty()) {
-        return;
-    }
-    if (auto former = LineOf(before.errorLines, formerRow); former != LineOf(LinesOf(slot), row)) {
-        errorLines_.push_back({row, std::move(former)});
+    if (!before.errorLines.empty() || !LinesOf(slot).empty()) {
+        ForEachPair(pairing, count, [&](std::size_t place, std::size_t formerPlace) {
+            const auto row = static_cast<std::int32_t>(place);
+            auto was = LineOf(before.errorLines, static_cast<std::int32_t>(formerPlace));
+            if (was != LineOf(LinesOf(slot), row)) {
+                errorLines_.push_back({row, std::move(was)});
+            }
+        });
     }
 }
 

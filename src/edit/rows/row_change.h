@@ -90,7 +90,7 @@ private:
     };
 
     void CompareRows(int slot, const KeptRows& before, const RowPairing& pairing);
-    void CompareRow(int slot, std::int32_t row, const KeptRows& before, std::int32_t formerRow);
+    void CompareTexts(int slot, const KeptRows& before, const RowPairing& pairing);
     void Exchange(int slot);
     void ExchangeCells(int slot, bool isOtherDisplay);
     void PutLinksBack(int slot) const;

@@ -91,7 +91,7 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     if (form == nullptr) {
         return;
     }
-    ForgetUndo(gActivePlot);
+    ForgetUndo();
     const PlotRecord& record = ActiveRecord();
     form->AddLayerTab(QString::fromStdString(record.FileTitle), command);
     const std::string told = OpeningText();
