@@ -47,7 +47,7 @@ std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows) {
     std::int32_t greatest = 0;
     ToldStep step(kCountingText, (gridSize + 2) * (gridSize + 2) + 1);
     for (int column = 0; column < nodes; ++column) {
-        step.Reach(column * nodes);
+        step.Reach(std::int64_t{column} * nodes);
         CountGridColumn(rows, record.PlotKind, gridSize, column, counts);
         std::copy(counts.begin(), counts.end(), grid[static_cast<std::size_t>(column)].begin());
         greatest = std::max(greatest, *std::max_element(counts.begin(), counts.end()));

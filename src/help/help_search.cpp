@@ -141,6 +141,7 @@ std::vector<HelpHit> HelpSearch::Find(std::string_view query) const {
         return {};
     }
     std::vector<double> rarities;
+    rarities.reserve(words.size());
     for (const std::string& word : words) {
         rarities.push_back(RarityOf(word));
     }

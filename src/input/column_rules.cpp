@@ -126,6 +126,7 @@ private:
 
     void Reorder(std::vector<int> slots) {
         std::vector<std::int32_t> columns;
+        columns.reserve(slots.size());
         for (const int slot : slots) {
             columns.push_back(after_.columns[Index(slot)]);
         }

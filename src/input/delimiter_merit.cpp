@@ -19,8 +19,8 @@ std::size_t CleanCells(const std::vector<std::string>& cells) {
     constexpr std::string_view kLeftOver = ",; \t";
     return static_cast<std::size_t>(
         std::count_if(cells.begin(), cells.end(), [&](const std::string& cell) {
-            return !cell.empty() && kLeftOver.find(cell.front()) == kLeftOver.npos
-                   && kLeftOver.find(cell.back()) == kLeftOver.npos;
+            return !cell.empty() && kLeftOver.find(cell.front()) == std::string_view::npos
+                   && kLeftOver.find(cell.back()) == std::string_view::npos;
         }));
 }
 

@@ -253,7 +253,7 @@ std::string PadAzimuth(std::string_view text) {
 bool SplitNumberFromLetters(std::string_view text, std::string_view& number,
                             std::string_view& letters) {
     text = WithoutBlanks(text);
-    const std::size_t split = static_cast<std::size_t>(
+    const auto split = static_cast<std::size_t>(
         std::find_if_not(text.begin(), text.end(), IsPartOfNumber) - text.begin());
     number = text.substr(0, split);
     letters = text.substr(split);
@@ -262,7 +262,7 @@ bool SplitNumberFromLetters(std::string_view text, std::string_view& number,
 
 bool SplitSenseLetters(std::string_view text, std::string_view& number, std::string_view& sense) {
     text = WithoutBlanks(text);
-    const std::size_t split = static_cast<std::size_t>(
+    const auto split = static_cast<std::size_t>(
         std::find_if_not(text.begin(), text.end(),
                          [](char c) { return IsPartOfNumber(c) || c == '/'; })
         - text.begin());

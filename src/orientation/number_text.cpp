@@ -346,7 +346,7 @@ std::optional<double> ReadNumber(std::string_view text) {
     std::uint64_t mantissa = 0;
     const char* position = TakeDigits(digits, end, mantissa);
     if (position == end && position != digits) {
-        const double whole = static_cast<double>(static_cast<std::int64_t>(mantissa));
+        const auto whole = static_cast<double>(static_cast<std::int64_t>(mantissa));
         return isNegative ? 0.0 - whole : whole; // never -0
     }
     if (position == end || position == digits || !IsDecimalDelimiter(*position)) {

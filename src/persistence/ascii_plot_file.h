@@ -29,6 +29,6 @@ enum class SaveOutcome { Saved, Cancelled, Failed };
 [[nodiscard]] SaveOutcome SaveAsciiPlot(SaveKind kind);
 
 /// As SaveAsciiPlot, to a path that is known.
-[[nodiscard]] SaveOutcome SavePlotAs(const std::string& path, SaveKind kind);
+[[nodiscard]] SaveOutcome SavePlotAs(const std::string& target, SaveKind kind);
 
 } // namespace quandrel

@@ -34,8 +34,8 @@ inline constexpr std::size_t kFullVersion = 5;
 inline constexpr double kFirstWithFrequency = 9.44;
 
 // The fewest bytes of what is counted.
-inline constexpr std::size_t kLeastAnnotation = 8 * 2;
-inline constexpr std::size_t kNodeBytes = 2 * 2;
+inline constexpr std::size_t kLeastAnnotation = 16;
+inline constexpr std::size_t kNodeBytes = 4;
 
 template <class Stream, class Plot>
 class BinaryPlotFields {

@@ -42,8 +42,9 @@ std::string ListedPath(const std::string& file, const fs::path& folder) {
 std::string_view Trimmed(std::string_view line) {
     constexpr std::string_view kBlanks = " \t\r";
     const std::size_t first = line.find_first_not_of(kBlanks);
-    return first == line.npos ? std::string_view()
-                              : line.substr(first, line.find_last_not_of(kBlanks) + 1 - first);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : line.substr(first, line.find_last_not_of(kBlanks) + 1 - first);
 }
 
 /// The file that a plot was saved to just now: binary, or text.

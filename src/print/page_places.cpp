@@ -47,8 +47,10 @@ PageRect Cell(const PageRect& area, std::size_t columns, std::size_t rows, std::
     const auto down = static_cast<double>(rows);
     const double width = (area.width - 2 * kGap * (across - 1)) / across;
     const double height = (area.height - 2 * kGap * (down - 1)) / down;
-    return {area.left + static_cast<double>(index % columns) * (width + 2 * kGap),
-            area.top + static_cast<double>(index / columns) * (height + 2 * kGap), width, height};
+    const std::size_t column = index % columns;
+    const std::size_t row = index / columns;
+    return {area.left + static_cast<double>(column) * (width + 2 * kGap),
+            area.top + static_cast<double>(row) * (height + 2 * kGap), width, height};
 }
 
 std::size_t RowsFor(std::size_t count, std::size_t columns) {

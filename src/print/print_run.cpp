@@ -13,6 +13,7 @@
 
 #include <new>
 #include <optional>
+#include <utility>
 
 namespace quandrel {
 
@@ -140,8 +141,8 @@ std::string PaperText(const Sheet& paper) {
     return paper.IsLandscape() ? "Landscape" : "Portrait";
 }
 
-PrintRun::PrintRun(const std::vector<PlotOnPage>& items)
-    : items_(items) {
+PrintRun::PrintRun(std::vector<PlotOnPage> items)
+    : items_(std::move(items)) {
     gPrinting = 1;
     if (gPlatform.printers == nullptr || !AreAllOpen(items_)) {
         GiveUp(PrintOutcome::Failed);

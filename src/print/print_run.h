@@ -63,7 +63,7 @@ enum class PrintOutcome {
 class PrintRun {
 public:
     /// Asks for a path when the page goes to a file, and takes a page.
-    explicit PrintRun(const std::vector<PlotOnPage>& items);
+    explicit PrintRun(std::vector<PlotOnPage> items);
     ~PrintRun();
     PrintRun(const PrintRun&) = delete;
     PrintRun& operator=(const PrintRun&) = delete;

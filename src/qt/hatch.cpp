@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quandrel {
 
@@ -39,8 +40,8 @@ std::vector<QLineF> HatchLines(const QPolygonF& shape, double angle, double spac
     const QPointF along(std::cos(angle), std::sin(angle));
     const QPointF across(-along.y(), along.x());
     std::vector<Turned> points;
-    double lowest = INFINITY;
-    double highest = -INFINITY;
+    double lowest = std::numeric_limits<double>::infinity();
+    double highest = -lowest;
     for (const QPointF& point : shape) {
         const QPointF offset = point - origin;
         points.push_back(

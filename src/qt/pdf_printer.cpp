@@ -12,6 +12,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace quandrel {
 
@@ -21,9 +22,9 @@ constexpr int kPdfResolution = 1200;
 
 class PdfPage : public PrintedPage {
 public:
-    PdfPage(const std::string& path, const std::string& title, const QPageLayout& layout,
+    PdfPage(std::string path, const std::string& title, const QPageLayout& layout,
             std::string* failure)
-        : path_(path)
+        : path_(std::move(path))
         , failure_(failure)
         , writer_(&buffer_) {
         buffer_.open(QIODevice::WriteOnly);

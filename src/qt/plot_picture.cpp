@@ -89,7 +89,7 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
 
 std::string PictureName(const PlotRecord& record) {
     std::string name = record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
-    if (const std::size_t ending = name.rfind('.'); ending != 0 && ending != name.npos) {
+    if (const std::size_t ending = name.rfind('.'); ending != 0 && ending != std::string::npos) {
         name.resize(ending);
     }
     return FileNameOf(name.empty() ? std::string("plot") : name) + ".png";

@@ -363,6 +363,7 @@ void LeftPlots::RemoveAll() {
 
 std::vector<RecoveredPlot> RecoverPlots(const std::vector<fs::path>& files) {
     std::vector<RecoveredPlot> recovered;
+    recovered.reserve(files.size());
     for (const fs::path& file : files) {
         recovered.push_back(OpenRecoveryCopy(file));
     }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kSteepest = 90;
 constexpr int kTrends = 360;
-constexpr std::size_t kPlaces = (kSteepest + 1) * kTrends;
+constexpr std::size_t kPlaces = std::size_t{kSteepest + 1} * kTrends;
 constexpr double kRightAngle = kPi / 2;
 constexpr double kLeastAngle = kPi / 180; ///< bounds the weights
 

@@ -205,7 +205,8 @@ private:
     /// True for a row that stays as it is.
     [[nodiscard]] bool IsNoRow(std::int32_t row) const { return DipOfRow(slot_, row) == kErrorRow; }
 
-    Rows Copied(const DataColumn<std::int32_t>& dips, const DataColumn<std::int32_t>& azimuths) {
+    [[nodiscard]] Rows Copied(const DataColumn<std::int32_t>& dips,
+                              const DataColumn<std::int32_t>& azimuths) const {
         Rows rows(static_cast<std::size_t>(record_.NumLoadedData) + 1);
         for (std::int32_t row = 1; row <= record_.NumLoadedData; ++row) {
             At(rows, row) = {dips(slot_, row), azimuths(slot_, row)};

@@ -110,7 +110,8 @@ std::optional<FormatAnswer> ScriptedPrompts::AskFormat(const FormatQuestion& que
 }
 
 SaveAnswer ScriptedPrompts::AskSavePlots(const std::string& title, const std::string&) {
-    if (expectedSaves_.empty() || title.find(expectedSaves_.front().fragment) == title.npos) {
+    if (expectedSaves_.empty()
+        || title.find(expectedSaves_.front().fragment) == std::string::npos) {
         if (mode_ == Mode::Strict) {
             problems_ += "not expected: whether to save " + title + "\n";
         }
