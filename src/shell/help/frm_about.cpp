@@ -18,6 +18,7 @@ frmAbout::frmAbout(QWidget* parent)
     setWindowTitle("About Quandrel");
     auto* picture = new QLabel;
     picture->setPixmap(ProgramIcon().pixmap(96));
+    picture->setAccessibleName("Icon of Quandrel");
     auto* name = new QLabel(gCaption);
     name->setObjectName("lblCaption");
     QFont large = name->font();
