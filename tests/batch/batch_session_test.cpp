@@ -580,9 +580,9 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     out.str({});
     EXPECT_NE(Run(open + "kinematic 0 sense=normal; plot rose").find(kMixedRoseRefusal),
               std::string::npos);
-    EXPECT_NE(Run(open + "kinematic 0 sense=normal; set PlotKind=3").find(kMixedRoseRefusal),
+    EXPECT_NE(Run(open + "kinematic 0 sense=normal; set PlotKind 3").find(kMixedRoseRefusal),
               std::string::npos);
-    EXPECT_NE(Run(open + "kinematic 0 sense=normal; rose size=20").find(kMixedRoseRefusal),
+    EXPECT_NE(Run(open + "kinematic 0 sense=normal; rose sector=20").find(kMixedRoseRefusal),
               std::string::npos);
     out.str({});
     ASSERT_EQ(Run(open + "kinematic 1 sense=normal; plot rose; get AxesTitle; stats normal"), "");

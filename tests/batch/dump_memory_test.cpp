@@ -44,7 +44,7 @@ protected:
         const std::size_t before = AllocatedBytes();
         std::size_t peak = before;
         bytes = 0;
-        EXPECT_TRUE(DumpActivePlot(prompts, RecordingSurface(), JsonLayout::Lines,
+        EXPECT_TRUE(DumpActivePlot(prompts, RecordingSurface(1000, 1000), JsonLayout::Lines,
                                    [this, &peak](std::string_view part) {
                                        bytes += part.size();
                                        peak = std::max(peak, AllocatedBytes());
