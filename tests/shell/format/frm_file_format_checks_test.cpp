@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_columns.h"
+#include "core/plot_store.h"
 #include "core/setting_keys.h"
 #include "input/file_loading.h"
 #include "shell/format/file_format_fixture.h"

@@ -206,7 +206,7 @@ protected:
 };
 
 /// The rows of table rows that are data: each has the plot row of its number.
-inline Rows PlotRows(const std::vector<int>& tableRows) {
+inline Rows RowsOfPlot(const std::vector<int>& tableRows) {
     Rows rows;
     for (const int row : tableRows) {
         if (row != kBadRow) {

@@ -39,7 +39,7 @@ TEST_F(MapPages, BothMarqueesLightUpRowsOnTheNet) {
         ClearSelection();
         Click(tool);
         Drag(At({10.5, -0.5}), At({13.5, 1.5}));
-        EXPECT_EQ(gSelectionRows, PlotRows(inBox)) << tool;
+        EXPECT_EQ(gSelectionRows, RowsOfPlot(inBox)) << tool;
     }
     EXPECT_EQ(Selected(), inBox) << "the session keeps its own selection";
     Click("RadiusSelect");
@@ -86,7 +86,7 @@ TEST_F(MapPages, RowsChosenInTheBrowserLightUpOnMapAndNet) {
     const std::vector<int> expected = {2, 3, 4, 7};
     EXPECT_EQ(Selected(), expected);
     EXPECT_EQ(gMarqueeSlot, slot);
-    EXPECT_EQ(gSelectionRows, PlotRows(expected));
+    EXPECT_EQ(gSelectionRows, RowsOfPlot(expected));
     EXPECT_EQ(LitOnMap(), expected);
     EXPECT_EQ(LitIn(browser), expected);
     QTest::keyClick(&rows, Qt::Key_A, Qt::ControlModifier);

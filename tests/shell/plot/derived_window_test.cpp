@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
 #include "derive/kinematic_plots.h"
 #include "session/start.h"
 #include "support/main_window_test.h"
