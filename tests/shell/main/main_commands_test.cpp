@@ -355,9 +355,11 @@ TEST_F(MainCommands, SavingTellsWhereAndClearsTheChange) {
 }
 
 TEST_F(MainCommands, WhatWasSavedIsSaidUntilItIsChanged) {
+    OpenFile("b.txt");
     const int slot = OpenChanged("a.txt");
     for (const char* const command : {"mnuFileSave_1", "mnuFileSave_2"}) {
         ActiveRecord().Modified = kTrue;
+        main->UpdatePlotState();
         prompts.QueueSavePath((folder / "saved.txt").string());
         Press(command);
         const QString told = Info();

@@ -161,12 +161,15 @@ TEST_F(RotationOnNet, TheHintLineTellsWhatAPressWouldTake) {
 
 TEST_F(RotationOnNet, WhatWasLeftUnrotatedIsSaidAsLongAsTheRotationCanBeTakenBack) {
     const int slot = OpenFile("a.txt", "30\t90\n60\t270\n");
+    ActiveRecord().SecondaryFormat = kSecondaryLine;
     ActiveRecord().HasAppendedLine = kTrue;
+    int secondary = 1;
+    GrowDataColumns(secondary, 2);
     ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Line));
     gAppLineDip.At(slot, 1) = kInvalidAppendedLine;
     gAppLineDip.At(slot, 2) = 0;
     frmRotationMenu& dialog = OpenDialog();
-    dialog.findChild<QRadioButton*>("optRotate_0")->click();
+    dialog.optRotate[0]->click();
     dialog.cmdRotGo[0]->click();
     const QString told = "1 row without a valid appended line was left unrotated.";
     EXPECT_EQ(Info(), told);
