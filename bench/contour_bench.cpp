@@ -4,6 +4,7 @@
 // triangle of every cell traced, and each segment drawn for itself, is the yardstick.
 
 #include "bench_engine.h"
+#include "core/grid_slider.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/contours.h"
@@ -11,7 +12,6 @@
 #include "density/grid_geometry.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #ifdef QUANDREL_WITH_QT

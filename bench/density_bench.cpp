@@ -4,6 +4,7 @@
 // one by one are the yardstick.
 
 #include "bench_engine.h"
+#include "core/grid_slider.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
@@ -11,7 +12,6 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "session/start.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <benchmark/benchmark.h>

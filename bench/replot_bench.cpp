@@ -4,8 +4,11 @@
 // rows worked out anew. Of the latter the memory is told too, besides the columns and the table.
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
+#include "drawing/plot_driver.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
@@ -14,8 +17,6 @@
 #include "platform/scripted/scripted_prompts.h"
 #include "qt/painter_surface.h"
 #include "session/start.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 #include "stereo/row_positions.h"
 
 #include <QImage>

@@ -4,6 +4,7 @@
 // written and read again.
 
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "patched_plot.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/memory_settings_store.h"
@@ -12,8 +13,6 @@
 #include "platform/scripted/recording_form.h"
 #include "platform/scripted/scripted_prompts.h"
 #include "session/start.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 
 #include <cstddef>
 #include <cstdint>

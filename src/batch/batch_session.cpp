@@ -12,9 +12,11 @@
 #include "core/atomic_file.h"
 #include "core/data_format.h"
 #include "core/formulas.h"
+#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
 #include "input/load_report.h"
@@ -30,9 +32,6 @@
 #include "session/start.h"
 #include "statistics/confidence_cone.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
-#include "stereo/plot_state.h"
 #include "stereo/row_positions.h"
 
 #include <unistd.h>

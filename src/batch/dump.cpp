@@ -10,13 +10,14 @@
 #include "core/plot_store.h"
 #include "density/contours.h"
 #include "density/grid_geometry.h"
+#include "drawing/legend.h"
 #include "input/load_report.h"
 #include "input/text_file.h"
 #include "orientation/angles.h"
 #include "session/reference.h"
 #include "statistics/axis_statistics.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
+#include "stereo/legend_line.h"
+#include "stereo/plot_title.h"
 
 #include <nlohmann/json.hpp>
 

@@ -12,13 +12,14 @@
 #include "batch/rose_command.h"
 #include "batch/rotate_command.h"
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "derive/secondary_data.h"
+#include "drawing/plot_state.h"
 #include "rotation/rotate_data.h"
 #include "session/recalculate.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 
 #include <map>
 #include <ostream>

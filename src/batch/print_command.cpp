@@ -5,13 +5,13 @@
 #include "batch/key_values.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
 #include "platform/scripted/scripted_prompts.h"
 #include "print/print_layout.h"
 #include "print/print_run.h"
 #include "qt/pdf_printer.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <iterator>

@@ -4,9 +4,9 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

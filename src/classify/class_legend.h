@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "stereo/legend.h"
+#include "stereo/legend_line.h"
 
 #include <vector>
 

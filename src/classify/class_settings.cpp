@@ -7,10 +7,10 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "density/class_grid.h"
 #include "orientation/number_text.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,11 +2,11 @@
 
 #include "density/class_grid.h"
 
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "density/cone_counts.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <cmath>

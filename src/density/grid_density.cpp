@@ -2,6 +2,7 @@
 
 #include "density/grid_density.h"
 
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "density/class_grid.h"
 #include "density/grid_geometry.h"
@@ -9,7 +10,6 @@
 #include "orientation/projection.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>

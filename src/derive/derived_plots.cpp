@@ -6,10 +6,10 @@
 #include "core/messages.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "input/data_rows.h"
 #include "input/plot_files.h"
 #include "orientation/angles.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <cmath>

@@ -8,7 +8,7 @@
 #include "derive/fault_rows.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
+#include "stereo/plot_title.h"
 
 #include <cmath>
 #include <string>

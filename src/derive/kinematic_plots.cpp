@@ -12,7 +12,7 @@
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
+#include "stereo/plot_title.h"
 
 #include <cmath>
 #include <string>

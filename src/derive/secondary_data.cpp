@@ -5,11 +5,12 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "derive/secondary_rows.h"
 #include "input/plot_files.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
+#include "stereo/data_kind.h"
 #include "stereo/row_positions.h"
 
 namespace quandrel {

@@ -5,13 +5,11 @@
 
 #pragma once
 
-#include "stereo/plot_state.h"
-
 namespace quandrel {
 
 /// Symbol buttons of the secondary data, behind those of the drawing modes.
 enum SecondaryButton : int {
-    kOverlaySecondary = kLastModeButton + 1,
+    kOverlaySecondary = 7, ///< after the buttons of the drawing modes
     kSlipArrowsAlone,
     kSlipArrowsOnPlanes,
     kSlipArrowsOnPoles,

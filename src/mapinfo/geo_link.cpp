@@ -8,7 +8,7 @@
 #include "edit/rows/add_point.h"
 #include "edit/rows/edit_rows.h"
 #include "mapinfo/map_link.h"
-#include "stereo/plot_driver.h"
+#include "stereo/plot_title.h"
 
 #include <algorithm>
 #include <memory>

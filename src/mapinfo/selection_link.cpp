@@ -4,6 +4,7 @@
 
 #include "core/letter_case.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "edit/selection/marquee.h"
 #include "mapinfo/geo_link.h"
 #include "mapinfo/map_commands.h"
@@ -12,7 +13,6 @@
 #include "mapinfo/select_statements.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <array>

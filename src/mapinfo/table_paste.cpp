@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "edit/history/undo.h"
 #include "edit/rows/paste_rows.h"
@@ -18,7 +19,6 @@
 #include "mapinfo/table_reader.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_driver.h"
 
 #include <exception>
 #include <utility>

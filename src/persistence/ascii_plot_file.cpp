@@ -16,7 +16,7 @@
 #include "orientation/number_text.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
+#include "stereo/plot_title.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

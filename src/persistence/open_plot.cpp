@@ -3,10 +3,12 @@
 #include "persistence/open_plot.h"
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "input/decimal_delimiter.h"
 #include "input/file_loading.h"
@@ -14,9 +16,6 @@
 #include "persistence/binary_plot_file.h"
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
-#include "stereo/plot_state.h"
 
 #include <filesystem>
 #include <optional>
@@ -137,8 +136,8 @@ void MakeBlankPlot() {
 }
 
 /// Draws what was opened, and remembers the file.
-void FinishOpening(const std::string& path) {
-    ReplotActivePlot(false);
+void FinishOpening(const std::string& path, ReplotCause cause = ReplotCause::Settings) {
+    ReplotPlot(gActivePlot, cause);
     if (!path.empty()) {
         AddRecentFile(path);
     }
@@ -179,10 +178,7 @@ std::string OpenBinaryPlot(const std::string& path) {
     }
     TellRemarks(remarks);
     FollowGridOfPlot();
-    if (gPlotStages.acceptRoseSectors && ActiveRecord().PlotKind == kRose) {
-        gPlotStages.acceptRoseSectors();
-    }
-    FinishOpening(path);
+    FinishOpening(path, ReplotCause::File);
     return kBinaryCommand;
 }
 

@@ -5,9 +5,9 @@
 #include "classify/classification.h"
 #include "core/axis_items.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

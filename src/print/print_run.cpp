@@ -2,14 +2,15 @@
 
 #include "print/print_run.h"
 
+#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "drawing/plot_driver.h"
 #include "platform/platform.h"
 #include "platform/scripted/recording_surface.h"
 #include "print/print_texts.h"
 #include "print/printer_fonts.h"
-#include "stereo/plot_driver.h"
 
 #include <new>
 #include <optional>

@@ -3,9 +3,10 @@
 #include "print/print_texts.h"
 
 #include "core/plot_store.h"
+#include "drawing/legend.h"
+#include "drawing/plot_driver.h"
 #include "stereo/drawable_text.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
+#include "stereo/legend_line.h"
 #include "stereo/text_lines.h"
 
 #include <algorithm>

@@ -5,10 +5,10 @@
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "drawing/plot_driver.h"
 #include "platform/platform.h"
 #include "qt/image_surface.h"
 #include "qt/painter_surface.h"
-#include "stereo/plot_driver.h"
 
 #include <QPainter>
 

@@ -3,15 +3,14 @@
 #include "recovery/recovery_copy.h"
 
 #include "core/data_format.h"
+#include "core/replot.h"
+#include "core/grid_slider.h"
 #include "core/plot_fields.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "edit/history/fingerprint.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
-#include "stereo/plot_state.h"
 
 #include <algorithm>
 #include <array>
@@ -220,10 +219,7 @@ void RestoreNames(PlotRecord& record, NamesReader names) {
 /// Draws the active plot as any that is opened, and marks it as unsaved.
 void DrawRecovered() {
     FollowGridOfPlot();
-    if (gPlotStages.acceptRoseSectors && ActiveRecord().PlotKind == kRose) {
-        gPlotStages.acceptRoseSectors();
-    }
-    ReplotActivePlot(false);
+    ReplotPlot(gActivePlot, ReplotCause::File);
     ActiveRecord().Modified = kTrue;
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -13,7 +14,6 @@
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

@@ -6,7 +6,7 @@
 
 #include "core/plot_record.h"
 #include "rose/rose_sectors.h"
-#include "stereo/legend.h"
+#include "stereo/legend_line.h"
 
 #include <string>
 #include <string_view>

@@ -4,12 +4,12 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
 #include "rotation/rotation_undo.h"
 #include "rotation/turned_rows.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <cstdlib>

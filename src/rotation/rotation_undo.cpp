@@ -3,8 +3,8 @@
 #include "rotation/rotation_undo.h"
 
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

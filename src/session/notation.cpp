@@ -4,11 +4,11 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "drawing/legend.h"
 #include "orientation/angles.h"
 #include "statistics/orientation_notation.h"
+#include "statistics/statistics_texts.h"
 #include "stereo/axis_rows.h"
-#include "stereo/legend.h"
-#include "stereo/plot_stages.h"
 
 namespace quandrel {
 
@@ -29,9 +29,7 @@ void NameGirdles(PlotRecord& record) {
 void RenewTextsOfActivePlot() {
     PlotRecord& record = ActiveRecord();
     NameGirdles(record);
-    if (gPlotStages.writeStatistics) {
-        gPlotStages.writeStatistics();
-    }
+    WriteStatisticsBoxes();
     if (HoldsBothAxes(record)) {
         DrawLegend();
     }

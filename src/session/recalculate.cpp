@@ -4,11 +4,11 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "derive/secondary_data.h"
 #include "rose/rose_sectors.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
-#include "stereo/plot_state.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/statistics_texts.h"
 
 namespace quandrel {
 
@@ -25,13 +25,11 @@ void UseFormulas(Formulas formulas) {
             continue;
         }
         const PlotInWork work(slot);
-        if (ActiveRecord().PlotKind != kRose && gPlotStages.computeFabricStatistics) {
-            gPlotStages.computeFabricStatistics();
+        if (ActiveRecord().PlotKind != kRose) {
+            ComputeFabricStatistics();
         }
         RedrawPlot(slot); // a rose is stale under other formulas
-        if (gPlotStages.writeStatistics) {
-            gPlotStages.writeStatistics();
-        }
+        WriteStatisticsBoxes();
     }
 }
 

@@ -2,22 +2,13 @@
 
 #include "session/start.h"
 
-#include "classify/class_legend.h"
-#include "classify/classification.h"
-#include "classify/value_grid.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
 #include "core/row_links.h"
 #include "core/settings.h"
-#include "density/contours.h"
-#include "density/density_legend.h"
-#include "density/grid_density.h"
-#include "density/point_density.h"
-#include "derive/slip_arrows.h"
+#include "drawing/plot_driver.h"
 #include "edit/history/undo.h"
-#include "edit/marks/annotations.h"
-#include "edit/marks/small_circles.h"
 #include "input/file_loading.h"
 #include "mapinfo/geo_link.h"
 #include "mapinfo/map_link.h"
@@ -25,13 +16,6 @@
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
 #include "print/print_run.h"
-#include "rose/rose_legend.h"
-#include "rose/rose_plot.h"
-#include "rose/rose_sectors.h"
-#include "statistics/axis_statistics.h"
-#include "statistics/fabric_statistics.h"
-#include "statistics/statistics_texts.h"
-#include "stereo/plot_stages.h"
 
 #include <filesystem>
 #include <utility>
@@ -73,37 +57,9 @@ bool OpenRecentFile(std::size_t number) {
 
 } // namespace
 
-void ConnectPlotStages() {
-    gPlotStages = {};
-    gPlotStages.computePointDensities = ComputePointDensities;
-    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
-    gPlotStages.computeGridDensity = ComputeGridDensity;
-    gPlotStages.drawGridSymbols = DrawGridSymbols;
-    gPlotStages.traceContours = TraceContours;
-    gPlotStages.drawValueGrid = DrawValueGrid;
-    gPlotStages.traceContoursClassified = TraceContoursClassified;
-    gPlotStages.refreshClassification = RefreshClassification;
-    gPlotStages.classLegend = ClassLegendLines;
-    gPlotStages.bandLegend = BandLegendLines;
-    gPlotStages.drawSmallCircles = DrawSmallCircles;
-    gPlotStages.drawAnnotations = DrawAnnotations;
-    gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
-    gPlotStages.slipSenseIsTold = [] { return SlipArrowsTellSense(gActivePlot); };
-    gPlotStages.axisLegend = AxisLegendTexts;
-    gPlotStages.drawRose = RosePlot;
-    gPlotStages.roseLegend = RoseLegendLines;
-    gPlotStages.acceptRoseSectors = AcceptSectorSize;
-    gPlotStages.writeStatistics = [] {
-        if (ActiveRecord().PlotKind != kRose) { // a rose writes its own as it is drawn
-            WriteStatsBox();
-            WriteFabricBox();
-        }
-    };
-}
-
 void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
-    ConnectPlotStages();
+    ConnectDrawing();
     FollowRowsOfPlots();
     // A derived plot closes with its parent's, without a question. The slot may be another plot's
     // next, which the steps of the former one are no part of.

@@ -17,11 +17,8 @@
 namespace quandrel {
 
 /// Makes the engine ready: decimal delimiter, style tables, settings, printers, an empty store, and
-/// what the plot driver calls in the folders above it. gPlatform must be set.
+/// who draws plots. gPlatform must be set.
 void InitialiseApplication();
-
-/// Gives each stage of a drawing its procedure.
-void ConnectPlotStages();
 
 /// The path of an existing file among the arguments of the command line (without the program's
 /// name), which may have been cut at its blanks, or an empty text.

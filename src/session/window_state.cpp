@@ -12,27 +12,10 @@
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
 #include "statistics/confidence_cone.h"
-#include "stereo/plot_stages.h"
 
 namespace quandrel {
 
 namespace {
-
-/// True when the plots of a mode can be drawn: the densities may not be there.
-bool CanDrawMode(int mode) {
-    switch (mode) {
-    case kPointDensitySymbols:
-        return static_cast<bool>(gPlotStages.computePointDensities);
-    case kGridDensitySymbols:
-        return gPlotStages.computeGridDensity && gPlotStages.drawGridSymbols;
-    case kContours:
-        return gPlotStages.computeGridDensity && gPlotStages.traceContours;
-    case kContoursAndGrid:
-        return CanDrawMode(kGridDensitySymbols) && CanDrawMode(kContours);
-    default:
-        return true;
-    }
-}
 
 /// The drawing mode of a symbol button 0 to 6. There is no button of mode 2.
 int ModeOfButton(int button) {
@@ -63,7 +46,7 @@ void SetModeButtons(ToolbarState& state, const PlotRecord& record) {
         record.PlotSymbolMode == kPointSymbolsToo ? kPointSymbols : int{record.PlotSymbolMode};
     for (int button = 0; button < kOverlaySecondaryButton; ++button) {
         const int own = ModeOfButton(button);
-        state.symbols[static_cast<std::size_t>(button)] = {CanDrawMode(own), own == mode};
+        state.symbols[static_cast<std::size_t>(button)] = {true, own == mode};
     }
 }
 
@@ -82,8 +65,7 @@ void SetDisplayButtons(ToolbarState& state) {
     for (int button = 0; button < kDisplayButtons; ++button) {
         const bool isOfRose = button >= kShowRoseScale;
         const bool fits = isOfRose ? !state.isStereo : button != kShowGirdles || state.isStereo;
-        const bool exists = button != kShowStatistics || gPlotStages.writeStatistics;
-        state.display[static_cast<std::size_t>(button)] = {fits && exists, IsPlotPartShown(button)};
+        state.display[static_cast<std::size_t>(button)] = {fits, IsPlotPartShown(button)};
     }
 }
 
@@ -160,8 +142,7 @@ ToolbarState StateOfToolbar() {
                             record.ShowConfidenceCone};
     state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
                           && record.SecondaryFormat == kSecondaryPlane;
-    state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode)
-                        && CanDrawMode(record.PlotSymbolMode);
+    state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode);
     return state;
 }
 

@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "stereo/plot_state.h"
+#include "drawing/plot_state.h"
 
 #include <array>
 #include <string>

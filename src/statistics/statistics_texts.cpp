@@ -368,4 +368,11 @@ void WriteFabricBox() {
     FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, FabricBoxText());
 }
 
+void WriteStatisticsBoxes() {
+    if (ActiveRecord().PlotKind != kRose) {
+        WriteStatsBox();
+        WriteFabricBox();
+    }
+}
+
 } // namespace quandrel

@@ -43,4 +43,7 @@ void WriteStatsBox();
 /// Writes FabricBoxText into the plot's window.
 void WriteFabricBox();
 
+/// Writes both. A rose writes its own as it is drawn: for it nothing is done.
+void WriteStatisticsBoxes();
+
 } // namespace quandrel

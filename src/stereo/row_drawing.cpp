@@ -8,7 +8,6 @@
 #include "orientation/projection.h"
 #include "stereo/draw_target.h"
 #include "stereo/great_circles.h"
-#include "stereo/plot_stages.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -114,9 +113,9 @@ void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow
 
 /// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
 /// is left out.
-void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range, RowStyle style) {
-    const bool hasHeads = !gPlotStages.slipSenseIsTold || gPlotStages.slipSenseIsTold();
-    const int arrow = hasHeads ? kSlipArrowSymbol : kSlipLineSymbol;
+void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range, RowStyle style,
+                        const SlipArrows& arrows) {
+    const int arrow = arrows.haveHeads ? kSlipArrowSymbol : kSlipLineSymbol;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
@@ -128,7 +127,7 @@ void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range,
         }
         const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
         DrawSymbols(surface, std::span(&at, 1), code);
-        const double angle = gPlotStages.slipArrowAngle(index);
+        const double angle = arrows.azimuth(index);
         if (std::isfinite(angle)) {
             DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), arrow,
                        CodeSize(code), angle);
@@ -167,11 +166,11 @@ bool ShowsMainRows(const PlotRecord& record) {
            || record.NumClasses == kContoursOnRows;
 }
 
-void DrawRowSymbols(RowRange range, RowStyle style) {
+void DrawRowSymbols(RowRange range, RowStyle style, const SlipArrows& arrows) {
     Surface& surface = PlotSurface();
     const RowTable& table = TableOf(gActivePlot);
-    if (ActiveRecord().DensityInvalid != 0 && gPlotStages.slipArrowAngle) {
-        DrawWithSlipArrows(surface, table, range, style);
+    if (arrows.azimuth) {
+        DrawWithSlipArrows(surface, table, range, style, arrows);
         return;
     }
     DrawRuns(surface, table, RowsToDraw(table, range, style));

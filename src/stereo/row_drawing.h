@@ -36,9 +36,15 @@ enum class RowStyle {
     DensityBand, ///< the style of its density band
 };
 
-/// A symbol for each row with its style. A code of symbol 0 hides a row. While DensityInvalid of
-/// the plot is set, a slip arrow goes with each.
-void DrawRowSymbols(RowRange range, RowStyle style = RowStyle::Own);
+/// The slip arrows that go with rows.
+struct SlipArrows {
+    /// Azimuth of a row's arrow in radians, NaN for a row without one. Without it there are none.
+    std::function<double(std::int32_t row)> azimuth;
+    bool haveHeads = true; ///< false: lines to both sides, for the sense is not known
+};
+
+/// A symbol for each row with its style, its arrow on top of it. A code of symbol 0 hides a row.
+void DrawRowSymbols(RowRange range, RowStyle style = RowStyle::Own, const SlipArrows& arrows = {});
 
 /// The great circle of each row: of the plane whose pole stands in the table, in the colour of the
 /// row. A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.

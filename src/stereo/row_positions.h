@@ -2,6 +2,11 @@
 //
 // From the data columns to the table of plotted rows: which orientation of a row is shown, whether
 // it is plotted as a pole, and where it falls on the net.
+//
+// Inside the folder: the places of rows on the net, symbols, great circles, the net; what the rows
+// of axes say, and the caption of a plot. Enters: the rows, record and styles of gActivePlot.
+// Leaves: the row table with the place of each row, and drawing operations on the surfaces of the
+// plot's window.
 
 #pragma once
 

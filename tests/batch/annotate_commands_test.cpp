@@ -4,7 +4,6 @@
 #include "core/data_format.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -15,7 +14,6 @@ class AnnotateCommands : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         NewPlot();

@@ -6,7 +6,6 @@
 #include "core/plot_store.h"
 #include "qt/plot_picture.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_stages.h"
 #include "support/qt_application.h"
 
 #include <QImage>

@@ -3,7 +3,6 @@
 #include "batch/girdle_commands.h"
 #include "edit/marks/girdles.h"
 #include "edit/marks/small_circles.h"
-#include "stereo/plot_stages.h"
 #include "support/test_platform.h"
 
 #include <numbers>
@@ -15,7 +14,6 @@ class GirdleCommands : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gConventions = 1;
         slot = NewPlot();

@@ -5,7 +5,6 @@
 #include "batch_fixture.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "stereo/legend.h"
 
 #include <QImage>
 #include <QXmlStreamReader>

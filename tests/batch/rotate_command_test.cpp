@@ -2,7 +2,6 @@
 
 #include "batch/rotate_command.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -13,7 +12,6 @@ class RotateCommand : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         NewPlot();

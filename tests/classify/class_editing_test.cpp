@@ -3,7 +3,6 @@
 #include "class_fixture.h"
 #include "classify/class_editing.h"
 #include "core/data_format.h"
-#include "stereo/plot_stages.h"
 
 #include <algorithm>
 
@@ -12,11 +11,6 @@ namespace {
 
 class ClassEditingTest : public ClassTest {
 protected:
-    void TearDown() override {
-        gPlotStages = {};
-        ClassTest::TearDown();
-    }
-
     /// A plot with a row of class 2 by number, in the styles that classes have now.
     int MakeClassifiedPlot() {
         NewPlot();

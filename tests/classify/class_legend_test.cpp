@@ -6,9 +6,10 @@
 #include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/class_stats.h"
+#include "core/grid_slider.h"
 #include "density/grid_density.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
+#include "drawing/legend.h"
+#include "stereo/legend_line.h"
 
 namespace quandrel {
 namespace {
@@ -96,11 +97,8 @@ TEST_F(ClassLegend, IsEmptyWithoutClasses) {
 TEST_F(ClassLegend, StandsInTheLegendOfAClassifiedPlot) {
     AddNumbers({3});
     ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {2, 4}, 0);
-    gPlotStages = {};
-    gPlotStages.classLegend = ClassLegendLines;
     ActiveRecord().ClassMode = kClassesByNumber;
     const std::vector<LegendLine> lines = LegendLines();
-    gPlotStages = {};
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1].text, "Classified by: Thickness");
     EXPECT_EQ(lines[2].text, "2-4");

@@ -2,8 +2,7 @@
 
 #include "class_fixture.h"
 #include "classify/class_settings.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
+#include "core/replot.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +12,6 @@ namespace {
 
 class ClassSettingsTest : public ClassTest {
 protected:
-    void TearDown() override {
-        gPlotStages = {};
-        ClassTest::TearDown();
-    }
-
     static ClassSettings ByNumber(double lowest, double top, int classes) {
         ClassSettings chosen;
         chosen.mode = kClassesByNumber;
@@ -167,7 +161,6 @@ TEST_F(ClassSettingsTest, DoNotWarnOfRowsThatTheLimitsLeaveOut) {
 }
 
 TEST_F(ClassSettingsTest, ClassifyAgainWhatTheDriverFindsChanged) {
-    gPlotStages.refreshClassification = RefreshClassification;
     AddNumbers({3});
     ASSERT_EQ(ApplyClassSettings(ByNumber(2, 4, 2)), "");
     AddNumbers({2, 9});

@@ -2,7 +2,7 @@
 
 #include "class_fixture.h"
 #include "classify/classification.h"
-#include "stereo/plot_driver.h"
+#include "core/replot.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>

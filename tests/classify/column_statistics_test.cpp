@@ -2,8 +2,8 @@
 
 #include "class_fixture.h"
 #include "classify/column_statistics.h"
+#include "core/grid_slider.h"
 #include "density/grid_density.h"
-#include "stereo/plot_driver.h"
 
 #include <cmath>
 #include <optional>

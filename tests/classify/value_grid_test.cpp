@@ -5,12 +5,12 @@
 #include "classify/classification.h"
 #include "classify/column_statistics.h"
 #include "classify/value_grid.h"
+#include "core/grid_slider.h"
 #include "density/class_grid.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
 
 #include <cmath>
 #include <random>

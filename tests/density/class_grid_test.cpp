@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "density/class_grid.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
 #include "support/line_samples.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
 #include "stereo/symbols.h"
 #include "support/line_samples.h"
 #include "support/plot_rows.h"

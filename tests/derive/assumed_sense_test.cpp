@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/replot.h"
 #include "derive/fault_plot.h"
 #include "derive/fault_rows.h"
 #include "derive/kinematic_plots.h"
+#include "drawing/legend.h"
 #include "platform/scripted/recording_form.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
+#include "stereo/legend_line.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -87,7 +88,6 @@ TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
             return OperationText(operation).find(shape) != std::string::npos;
         });
     };
-    gPlotStages.slipSenseIsTold = [] { return SlipArrowsTellSense(gActivePlot); };
     const int slot = NewFaultPlot(kWithoutSense);
     ActiveRecord().NumSymbolsInPlot = 1;
     ReplotActivePlot(false);

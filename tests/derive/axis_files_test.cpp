@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/replot.h"
 #include "derive/fault_plot.h"
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
+#include "drawing/plot_state.h"
 #include "input/file_loading.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/open_plot.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 
 #include <set>
 

@@ -7,7 +7,6 @@
 #include "core/data_format.h"
 #include "derive/slip_arrows.h"
 #include "orientation/angles.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -29,13 +28,6 @@ protected:
         EngineTest::SetUp();
         gPrimaryDataType = kPrimaryPlane;
         gPlotDataKind = kPlanes;
-        gPlotStages = {};
-        gPlotStages.slipArrowAngle = DrawnSlipArrowAngle;
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
     }
 
     /// Writes the secondary orientation of a row.

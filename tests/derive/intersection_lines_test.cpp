@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_life.h"
+#include "core/replot.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_plot.h"
 #include "derive/intersection_lines.h"
 #include "orientation/vectors.h"
-#include "stereo/plot_driver.h"
 
 #include <cmath>
 #include <limits>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_life.h"
+#include "core/replot.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_plot.h"
 #include "derive/kinematic_plots.h"
-#include "stereo/plot_driver.h"
 
 #include <limits>
 

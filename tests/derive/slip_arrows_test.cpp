@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/replot.h"
 #include "derive/fault_plot.h"
 #include "derive/fault_rows.h"
 #include "derive/slip_arrows.h"
 #include "orientation/vectors.h"
-#include "stereo/plot_driver.h"
 
 #include <cmath>
 #include <random>

@@ -8,7 +8,6 @@
 #include "edit/rows/clipboard_text.h"
 #include "edit/rows/paste_rows.h"
 #include "edit/selection/marquee.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -28,7 +27,6 @@ protected:
         gPlotKind = kEqualArea;
         gConventions = 1;
         gFileHasHeadings = false;
-        gPlotStages = {};
         gActiveLayer = kDataLayer;
         ClearSelection();
         ForgetUndo();

@@ -39,8 +39,9 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const Folders onMarks = Above(onAll, {"edit/selection", "edit/history", "edit/marks"});
     static const Folders onRows = Above(onMarks, {"edit/rows"});
     static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
-    static const Folders onEdit = Above(onEdits, {"platform/scripted"});
-    static const Folders onSession = Above(onEdit, {"mapinfo", "persistence", "print", "session"});
+    static const Folders onDrawing = Above(onEdits, {"drawing", "platform/scripted"});
+    static const Folders onSession =
+        Above(onDrawing, {"mapinfo", "persistence", "print", "session"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"platform/scripted", {"platform"}},
@@ -65,8 +66,9 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"edit/grids", onRows},
         {"edit/commands", onRows},
         {"mapinfo", onEdits},
-        {"print", onEdit},
-        {"session", Above(onEdit, {"mapinfo", "persistence", "print"})},
+        {"drawing", onMarks},
+        {"print", onDrawing},
+        {"session", Above(onDrawing, {"mapinfo", "persistence", "print"})},
         {"recovery", onSession},
         {"preferences", onSession},
         {"help", onCore},

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/replot.h"
 #include "input/file_loading.h"
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
 #include "persistence/open_plot.h"
-#include "stereo/plot_driver.h"
 #include "support/test_platform.h"
 #include "support/trial.h"
 

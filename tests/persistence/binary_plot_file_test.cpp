@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/grid_slider.h"
+#include "core/replot.h"
 #include "core/row_table.h"
 #include "orientation/angles.h"
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "stereo/row_positions.h"
 #include "support/test_platform.h"
 
@@ -301,24 +301,19 @@ TEST_F(BinaryPlotFile, TheGridIsCountedAnewAfterALoad) {
     FillRecord();
     ActiveRecord().DensityCount = ActiveRecord().NumValidData;
     const std::string bytes = Bytes(gActivePlot);
-    int counted = 0;
-    gPlotStages = {};
-    gPlotStages.computeGridDensity = [&counted] {
-        ++counted;
-        ActiveRecord().DensityGridFromFile = false;
-    };
     gActivePlot = StoreAnew(bytes);
     gGridCount[static_cast<std::size_t>(gActivePlot)] = 0;
     gGridDensitySlider = 20;
     ActiveRecord().PlotSymbolMode = kPointSymbols;
     ReplotActivePlot(false);
-    EXPECT_EQ(counted, 0);
+    EXPECT_TRUE(ActiveRecord().DensityGridFromFile);
     ActiveRecord().PlotSymbolMode = kContours;
     ReplotActivePlot(false);
-    EXPECT_EQ(counted, 1) << "although slider and count agree with the file's grid";
+    EXPECT_FALSE(ActiveRecord().DensityGridFromFile)
+        << "although slider and count agree with the file's grid";
+    ActiveRecord().GridDensityMax = -1;
     ReplotActivePlot(false);
-    EXPECT_EQ(counted, 1);
-    gPlotStages = {};
+    EXPECT_EQ(ActiveRecord().GridDensityMax, -1) << "counted once";
 }
 
 TEST_F(BinaryPlotFile, TheWindowTakesItsPlaceUnlessItIsImpossible) {

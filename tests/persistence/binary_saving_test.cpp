@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/grid_slider.h"
+#include "core/replot.h"
 #include "input/file_loading.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
 #include "persistence/open_plot.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
+#include "support/drawing_requests.h"
 #include "support/test_platform.h"
 
 #include <sys/resource.h>
@@ -25,11 +26,6 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         AcceptFormat({}, 1000);
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
     }
 
     [[nodiscard]] std::string Path(const std::string& name) const {
@@ -243,25 +239,18 @@ TEST_F(BinarySaving, TheSliderFollowsTheGridOfTheFile) {
     OldPlot plot = SampleOfVersion({92, "", ""});
     plot.gridSize = 30;
     plot.mode = kContours;
-    int counted = 0;
-    gPlotStages.computeGridDensity = [&counted] {
-        ++counted;
-        EXPECT_EQ(gGridDensitySlider, 30);
-    };
     OpenSample("grid.qpx", plot);
-    EXPECT_EQ(counted, 1);
+    EXPECT_EQ(gGridDensitySlider, 30);
+    EXPECT_FALSE(ActiveRecord().DensityGridFromFile) << "counted anew, at that density";
     EXPECT_EQ(ActiveRecord().GridSize, 30);
 }
 
 TEST_F(BinarySaving, SectorsOfARoseOfAFileAreNotAskedAbout) {
-    int accepted = 0;
-    gPlotStages.acceptRoseSectors = [&accepted] { ++accepted; };
-    OpenSample("net.qpx");
-    EXPECT_EQ(accepted, 0);
+    const DrawingRequests requests;
     OldPlot plot = SampleOfVersion({92, "", ""});
     plot.plotKind = kRose;
     OpenSample("rose.qpx", plot);
-    EXPECT_EQ(accepted, 1);
+    EXPECT_EQ(requests.Causes(), std::vector<ReplotCause>{ReplotCause::File});
 }
 
 TEST_F(BinarySaving, RowsMergedIntoALoadedPlotAreTracked) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "classify/classification.h"
+#include "core/replot.h"
 #include "core/settings_group.h"
 #include "density/contours.h"
 #include "orientation/angles.h"
@@ -11,8 +12,6 @@
 #include "session/start.h"
 #include "stereo/draw_target.h"
 #include "stereo/net.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -173,16 +172,6 @@ const std::vector<Case>& AllPreferences() {
 
 class PreferencesTest : public EngineTest {
 protected:
-    void SetUp() override {
-        EngineTest::SetUp();
-        ConnectPlotStages();
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
     static void Apply(const std::function<void(Preferences&)>& change,
                       KeepSettings keep = KeepSettings::No) {
         Preferences preferences = CurrentPreferences();

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/grid_slider.h"
+#include "core/replot.h"
 #include "platform/scripted/no_printers.h"
 #include "platform/scripted/recording_printer.h"
 #include "print/print_run.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -23,13 +23,7 @@ class PrintTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlatform.printers = &printer;
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
     }
 
     /// A plot of three rows with every kind of text.
@@ -241,15 +235,16 @@ TEST_F(PrintTest, TellsWhileItPrintsAndPutsBackWhatWasActive) {
     gActivePlot = first;
     gGridDensitySlider = 70;
     RecordOf(second).GridSize = 30;
-    std::vector<int> seen;
-    gPlotStages.drawAnnotations = [&seen] {
-        seen.push_back(gPrinting);
-        seen.push_back(gActivePlot);
-        seen.push_back(gGridDensitySlider);
+    std::vector<std::vector<int>> seen;
+    printer.onSurface = [&seen] {
+        const std::vector<int> state = {gPrinting, gActivePlot, gGridDensitySlider};
+        if (seen.empty() || seen.back() != state) {
+            seen.push_back(state);
+        }
     };
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({second, first}, printer.paper).plots),
               PrintOutcome::Printed);
-    EXPECT_EQ(seen, (std::vector<int>{1, second, 30, 1, first, 70}));
+    EXPECT_EQ(seen, (std::vector<std::vector<int>>{{1, second, 30}, {1, first, 70}}));
     EXPECT_EQ(gPrinting, 0);
     EXPECT_EQ(gActivePlot, first);
     EXPECT_EQ(gGridDensitySlider, 70);
@@ -269,7 +264,7 @@ TEST_F(PrintTest, PutsEverythingBackWhenMemoryRunsOut) {
     const int first = MakePlot("One");
     const int second = MakePlot("Two");
     gActivePlot = first;
-    gPlotStages.drawAnnotations = [second] {
+    printer.onSurface = [second] {
         if (gActivePlot == second) {
             throw std::bad_alloc();
         }
@@ -282,7 +277,6 @@ TEST_F(PrintTest, PutsEverythingBackWhenMemoryRunsOut) {
     EXPECT_EQ(gActivePlot, first);
     EXPECT_EQ(gPlotFonts[kLegendFont].font, fonts[kLegendFont].font);
     EXPECT_FALSE(Page().isSent);
-    gPlotStages = {};
     PlotSurface().Line({0, 0}, {1, 1}, kBlack);
     EXPECT_EQ(Form(first).Plot().Operations().back().kind, DrawOperation::Kind::Line);
 }
@@ -302,8 +296,6 @@ TEST_F(PrintTest, TellsWhenThePrinterDoesNotTakeThePage) {
 
 TEST_F(PrintTest, StopsBetweenPlotsAndPrintsNothing) {
     const std::vector<int> plots = {MakePlot("One"), MakePlot("Two"), MakePlot("Three")};
-    int drawn = 0;
-    gPlotStages.drawAnnotations = [&drawn] { ++drawn; };
     PrintRun run(LayoutOf(plots, printer.paper).plots);
     run.PrintNext();
     EXPECT_TRUE(run.HasMore());
@@ -312,7 +304,10 @@ TEST_F(PrintTest, StopsBetweenPlotsAndPrintsNothing) {
     EXPECT_FALSE(run.HasMore());
     run.PrintNext();
     EXPECT_EQ(run.Finish(), PrintOutcome::Stopped);
-    EXPECT_EQ(drawn, 1);
+    EXPECT_EQ(std::ranges::count_if(
+                  Page().parts,
+                  [](const RecordedPart& part) { return part.surface.Scale() == kPlotScale; }),
+              1);
     EXPECT_FALSE(Page().isSent);
     EXPECT_EQ(gPrinting, 0);
 }

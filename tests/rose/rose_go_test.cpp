@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "rose/rose_go.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_wedges.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_stages.h"
 #include "stereo/row_positions.h"
+#include "support/drawing_requests.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -33,15 +34,9 @@ protected:
         for (const int azimuth : {12, 15, 33, 35, 38, 120}) {
             AddRow(10, azimuth);
         }
-        gPlotStages = {};
-        gPlotStages.drawRose = [this](bool recalculate) {
-            recalculated.push_back(recalculate);
-            RosePlot(recalculate);
-        };
     }
 
     void TearDown() override {
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         EngineTest::TearDown();
     }
@@ -61,7 +56,7 @@ protected:
         record.ClassTable[11][0] = 10.0;
     }
 
-    std::vector<bool> recalculated;
+    DrawingRequests requests;
 };
 
 TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
@@ -93,7 +88,7 @@ TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
     EXPECT_EQ(record.RoseScaleType, "circ2.5");
     EXPECT_EQ(record.RoseHistStyle, 2);
     EXPECT_EQ(record.Modified, kTrue);
-    EXPECT_EQ(recalculated, std::vector<bool>{true});
+    EXPECT_EQ(requests.Causes(), std::vector<ReplotCause>{ReplotCause::Rows});
     const RoseSettings read = RoseSettingsOfActivePlot();
     EXPECT_EQ(read.kind, rose.kind);
     EXPECT_EQ(read.classes, rose.classes);
@@ -176,7 +171,7 @@ TEST_F(RoseGoTest, MakesARoseOfAStereoPlot) {
     Record().PlotKind = kEqualAngle;
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().PlotKind, kRose);
-    EXPECT_EQ(recalculated.size(), 1U);
+    EXPECT_EQ(requests.Causes().size(), 1U);
 }
 
 TEST_F(RoseGoTest, ForgetsTheSmallerSectorOfTheLastSize) {
@@ -273,7 +268,7 @@ TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
         EXPECT_EQ(refusal->field, c.field);
         EXPECT_FALSE(refusal->reason.empty());
     }
-    EXPECT_TRUE(recalculated.empty());
+    EXPECT_TRUE(requests.Causes().empty());
     EXPECT_EQ(Record().Modified, 0);
 }
 
@@ -400,7 +395,7 @@ TEST_F(RoseGoTest, LeavesNoTraceWhenTheSizeIsNotWanted) {
     EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Cancelled);
     EXPECT_EQ(TracesOf(Record()), before);
     EXPECT_EQ(gRoseWedges.size(), petals.size());
-    EXPECT_EQ(recalculated.size(), 1U);
+    EXPECT_EQ(requests.Causes().size(), 1U);
     Expect("odd sector size");
     EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Done);
     EXPECT_NE(TracesOf(Record()), before);
@@ -419,7 +414,7 @@ TEST_F(RoseGoTest, LeavesAStereoPlotWhenTheSizeIsNotWanted) {
     EXPECT_EQ(TracesOf(Record()), before);
     EXPECT_EQ(TableOf(gActivePlot).plunge, plunges);
     EXPECT_EQ(TableOf(gActivePlot).version, version);
-    EXPECT_TRUE(recalculated.empty());
+    EXPECT_TRUE(requests.Causes().empty());
 }
 
 TEST_F(RoseGoTest, KeepsTheOldRoseWhenTheSizeIsNotWanted) {

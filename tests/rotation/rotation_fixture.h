@@ -5,7 +5,6 @@
 #pragma once
 
 #include "rotation/rotate_data.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 #include "support/turning.h"
@@ -81,7 +80,6 @@ class RotationTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         gSecondaryDataType = kNoSecondary;
@@ -90,7 +88,6 @@ protected:
 
     void TearDown() override {
         ForgetRotation();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

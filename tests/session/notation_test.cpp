@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "edit/marks/girdles.h"
 #include "session/notation.h"
 #include "session/start.h"
-#include "stereo/plot_driver.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -17,7 +17,6 @@ class NotationTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        ConnectPlotStages();
         gConventions = kDipDipDirection;
         gPrimaryDataType = kPrimaryPlane;
         gPlotDataKind = kPlanes;

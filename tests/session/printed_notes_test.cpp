@@ -3,11 +3,10 @@
 // The notes of the textbook's results stand on printed pages too.
 
 #include "core/formulas.h"
+#include "core/replot.h"
 #include "platform/scripted/recording_printer.h"
 #include "print/print_run.h"
 #include "session/start.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -20,13 +19,7 @@ class PrintedNotes : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        ConnectPlotStages();
         gPlatform.printers = &printer;
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
     }
 
     /// Prints the plot of a slot, drawn anew by the formulas in force.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
+#include "drawing/plot_state.h"
 #include "session/window_state.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -37,28 +37,11 @@ using Numbers = std::vector<int>;
 
 class Toolbar : public EngineTest {
 protected:
-    void SetUp() override {
-        EngineTest::SetUp();
-        gPlotStages = {};
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
     PlotRecord& PlotWithRows() {
         NewPlot();
         AddRow(30, 120);
         AddRow(60, 200);
         return ActiveRecord();
-    }
-
-    static void MakeDensities() {
-        gPlotStages.computePointDensities = [] {};
-        gPlotStages.computeGridDensity = [] {};
-        gPlotStages.drawGridSymbols = [] {};
-        gPlotStages.traceContours = [] {};
     }
 };
 
@@ -91,10 +74,8 @@ TEST_F(Toolbar, DirectionsAreNoPlanes) {
     EXPECT_EQ(Enabled(StateOfToolbar().dataTypes), (Numbers{1, 2}));
 }
 
-TEST_F(Toolbar, DensitiesAreOfferedWhenTheyCanBeDrawn) {
+TEST_F(Toolbar, APlotWithRowsOffersAllSymbols) {
     PlotWithRows();
-    EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2}));
-    MakeDensities();
     EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2, 3, 4, 5, 6}));
 }
 
@@ -119,7 +100,6 @@ TEST_F(Toolbar, AnEmptyPlotAndARoseHaveNoSymbolButtons) {
 TEST_F(Toolbar, OverPlanesAnOverlayTakesTheFirstTwoButtons) {
     PlotWithRows();
     AddOverlay(kOverlayGreatCircles, 10, 20, CodeOfStyleRow(2));
-    MakeDensities();
     EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1}));
     EXPECT_EQ(Down(StateOfToolbar().symbols), Numbers{0});
     ActiveRecord().OverlayKind[1] = kOverlayPoles;
@@ -134,7 +114,8 @@ TEST_F(Toolbar, SecondaryDataBringTheirButtons) {
     for (std::int16_t format = kPitchInPlane; format <= kHadeInPlane; ++format) {
         record.SecondaryFormat = format;
         EXPECT_EQ(Enabled(StateOfToolbar().secondary), (Numbers{0, 1})) << format;
-        EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2, 7, 8, 9, 10})) << format;
+        EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}))
+            << format;
     }
     record.ShowSecondary = kTrue;
     EXPECT_EQ(Down(StateOfToolbar().secondary), Numbers{0});
@@ -170,8 +151,6 @@ TEST_F(Toolbar, IntersectionsNeedTwoPlanesARow) {
 
 TEST_F(Toolbar, DisplayButtonsFollowThePlotAndItsKind) {
     PlotWithRows();
-    EXPECT_EQ(Enabled(StateOfToolbar().display), (Numbers{0, 1, 2, 3, 4}));
-    gPlotStages.writeStatistics = [] {};
     EXPECT_EQ(Enabled(StateOfToolbar().display), (Numbers{0, 1, 2, 3, 4, 5}));
     EXPECT_EQ(Down(StateOfToolbar().display), (Numbers{1, 2, 3, 4, 5, 6, 7}))
         << "a rose made of the plot would show its scale and its mean";
@@ -181,7 +160,6 @@ TEST_F(Toolbar, DisplayButtonsFollowThePlotAndItsKind) {
 
 TEST_F(Toolbar, TheGridSliderServesTheModesThatCountOnTheGrid) {
     PlotRecord& record = PlotWithRows();
-    MakeDensities();
     for (std::int16_t mode = 0; mode <= kContoursAndGrid; ++mode) {
         record.PlotSymbolMode = mode;
         EXPECT_EQ(StateOfToolbar().gridDensity, mode >= kGridDensitySymbols) << mode;
@@ -226,13 +204,11 @@ TEST_F(Toolbar, ShowingAPartSetsItsFlagAndItsFlagAlone) {
 
 TEST_F(Toolbar, RosePartsReplotRosesAlone) {
     PlotWithRows();
-    int drawn = 0;
-    gPlotStages.drawRose = [&drawn](bool) { ++drawn; };
     ShowPlotPart(kShowRoseScale, true);
     EXPECT_EQ(Form(gActivePlot).TimesShown(), 0);
     ActiveRecord().PlotKind = kRose;
     ShowPlotPart(kShowRoseScale, false);
-    EXPECT_EQ(drawn, 1);
+    EXPECT_EQ(Form(gActivePlot).TimesShown(), 1);
 }
 
 TEST_F(Toolbar, NewPlotsFollowTheLastWishForStatistics) {

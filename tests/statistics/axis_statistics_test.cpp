@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
+#include "drawing/legend.h"
 #include "orientation/angles.h"
 #include "statistics/axis_statistics.h"
 #include "statistics/statistics_texts.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
+#include "stereo/legend_line.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -26,22 +26,6 @@ struct AxisRow {
 
 class AxisStatisticsTest : public EngineTest {
 protected:
-    void SetUp() override {
-        EngineTest::SetUp();
-        gPlotStages = {};
-        gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
-        gPlotStages.axisLegend = AxisLegendTexts;
-        gPlotStages.writeStatistics = [] {
-            WriteStatsBox();
-            WriteFabricBox();
-        };
-    }
-
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
     int NewAxisPlot(const std::vector<AxisRow>& rows, const char* title) {
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;

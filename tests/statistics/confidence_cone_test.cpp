@@ -4,7 +4,6 @@
 #include "orientation/angles.h"
 #include "statistics/confidence_cone.h"
 #include "statistics/fabric_statistics.h"
-#include "stereo/plot_driver.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 

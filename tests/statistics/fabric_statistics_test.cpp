@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "orientation/angles.h"
 #include "orientation/vectors.h"
 #include "statistics/confidence_cone.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "stereo/row_positions.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -34,11 +33,6 @@ using Rows = std::vector<Orientation>;
 
 class FabricStatistics : public EngineTest {
 protected:
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
     /// A new plot with these rows and its statistics.
     const PlotRecord& StatisticsOf(std::int16_t kind, const Rows& rows) {
         gPrimaryDataType = kind == kPlanes ? kPrimaryPlane : kPrimaryLine;
@@ -260,7 +254,6 @@ TEST_F(FabricStatistics, OverlaysTakeNoPart) {
 }
 
 TEST_F(FabricStatistics, APlotWithOverlaysKeepsThemWhenItIsDrawn) {
-    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
     StatisticsOf(kLines, kFourLines);
     const std::vector<double> expected = ResultsOf(ActiveRecord());
     AddOverlay(kOverlayLines, 10, 200, CodeOfStyleRow(2));

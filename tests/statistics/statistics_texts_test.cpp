@@ -3,11 +3,10 @@
 // Both texts of small plots, with numbers worked out by hand.
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "orientation/angles.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -25,11 +24,6 @@ std::string Lines(const std::vector<std::string>& lines) {
 
 class StatisticsTexts : public EngineTest {
 protected:
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
     void NewPlotOf(std::int16_t kind) {
         gPrimaryDataType = kind == kPlanes ? kPrimaryPlane : kPrimaryLine;
         gPlotDataKind = kind;
@@ -422,11 +416,6 @@ TEST_F(StatisticsTexts, AClassGridShowsItsRanges) {
 }
 
 TEST_F(StatisticsTexts, AReplotWritesBothBoxesAnew) {
-    gPlotStages.computeFabricStatistics = ComputeFabricStatistics;
-    gPlotStages.writeStatistics = [] {
-        WriteStatsBox();
-        WriteFabricBox();
-    };
     NewPlotOf(kLines);
     AddFourLines();
     FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, "edited");

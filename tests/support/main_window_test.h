@@ -10,7 +10,6 @@
 #include "shell/main/commands.h"
 #include "shell/main/geol_plot_main.h"
 #include "shell/plot/frm_plot_forms.h"
-#include "stereo/plot_stages.h"
 #include "support/shell_test.h"
 
 #include <QAction>
@@ -28,7 +27,6 @@ class MainWindowTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         main = std::make_unique<GeolPlotMain>();
         gPlatform.prompts = &prompts;
@@ -43,7 +41,6 @@ protected:
 
     void TearDown() override {
         main.reset();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

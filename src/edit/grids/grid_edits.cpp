@@ -13,7 +13,6 @@
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <utility>

@@ -3,8 +3,8 @@
 #include "edit/history/edit_step.h"
 
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_driver.h"
 
 #include <new>
 #include <utility>

@@ -3,8 +3,8 @@
 #include "edit/history/undo.h"
 
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <deque>

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "edit/history/edit_step.h"
 #include "edit/marks/annotation_tags.h"
@@ -14,7 +15,6 @@
 #include "orientation/projection.h"
 #include "platform/platform.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>

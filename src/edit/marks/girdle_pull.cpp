@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/style_tables.h"
 #include "edit/history/edit_step.h"
 #include "edit/marks/kept_girdles.h"
@@ -11,7 +12,6 @@
 #include "orientation/projection.h"
 #include "statistics/orientation_notation.h"
 #include "stereo/great_circles.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <array>

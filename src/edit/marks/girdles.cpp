@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "core/style_tables.h"
 #include "edit/marks/girdle_pull.h"
@@ -12,8 +13,7 @@
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
+#include "statistics/statistics_texts.h"
 
 #include <array>
 #include <cmath>
@@ -254,9 +254,7 @@ void RefreshGirdles() {
         return;
     }
     RedrawPlot(gActivePlot);
-    if (gPlotStages.writeStatistics) {
-        gPlotStages.writeStatistics();
-    }
+    WriteStatisticsBoxes();
 }
 
 } // namespace quandrel

@@ -4,12 +4,12 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "edit/marks/small_circles.h"
 #include "edit/selection/net_line.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
 #include "statistics/orientation_notation.h"
-#include "stereo/plot_driver.h"
 
 namespace quandrel {
 

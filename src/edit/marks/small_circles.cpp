@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/style_tables.h"
 #include "edit/marks/small_circle_pick.h"
 #include "orientation/angles.h"
@@ -13,7 +14,6 @@
 #include "statistics/confidence_cone.h"
 #include "stereo/cones.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
 
 #include <algorithm>
 #include <array>

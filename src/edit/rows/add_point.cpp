@@ -16,7 +16,6 @@
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <optional>

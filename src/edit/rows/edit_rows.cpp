@@ -13,7 +13,6 @@
 #include "input/plot_files.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>

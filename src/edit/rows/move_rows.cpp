@@ -10,7 +10,6 @@
 #include "edit/selection/selected_intersections.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
 
 #include <cstdlib>
 #include <functional>

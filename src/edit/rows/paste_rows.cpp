@@ -20,7 +20,6 @@
 #include "input/text_file.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/plot_driver.h"
 #include "stereo/row_positions.h"
 
 #include <exception>

@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <functional>
+#include <utility>
 
 namespace quandrel {
 
@@ -46,28 +47,33 @@ public:
             return nullptr;
         }
         pages.push_back({title, path, {}, false});
-        return std::make_unique<Page>(pages.back(), takesPages);
+        return std::make_unique<Page>(pages.back(), takesPages, onSurface);
     }
 
     std::vector<std::string> printers = {"Office", "Plotter"};
     std::string defaultPrinter = "Office";
     PrinterChoice chosen{"Office", "room 3", false};
     Sheet paper{210, 297, 5};
-    bool hasPaper = true;          ///< false: no page can be started
-    bool takesPages = true;        ///< false: no page can be sent
-    std::function<bool()> onSetUp; ///< what the user does in the printer's dialog
+    bool hasPaper = true;            ///< false: no page can be started
+    bool takesPages = true;          ///< false: no page can be sent
+    std::function<bool()> onSetUp;   ///< what the user does in the printer's dialog
+    std::function<void()> onSurface; ///< called before each part of a page is given out
     int timesSetUp = 0;
     std::deque<RecordedPage> pages;
 
 private:
     class Page : public PrintedPage {
     public:
-        Page(RecordedPage& page, bool isTaken)
+        Page(RecordedPage& page, bool isTaken, std::function<void()> onSurface)
             : page_(page)
-            , isTaken_(isTaken) {}
+            , isTaken_(isTaken)
+            , onSurface_(std::move(onSurface)) {}
 
         [[nodiscard]] Surface& SurfaceIn(const PageRect& rect) override {
             constexpr double kPixels = 96 / 25.4; // in a millimetre
+            if (onSurface_) {
+                onSurface_();
+            }
             page_.parts.push_back(
                 {rect, RecordingSurface(rect.width * kPixels, rect.height * kPixels)});
             return page_.parts.back().surface;
@@ -81,6 +87,7 @@ private:
     private:
         RecordedPage& page_;
         bool isTaken_;
+        std::function<void()> onSurface_;
     };
 };
 

@@ -2,13 +2,16 @@
 //
 // What the commands of the main window do.
 
+#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
 #include "core/settings_group.h"
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
 #include "derive/secondary_data.h"
+#include "drawing/plot_state.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotation_edits.h"
@@ -49,8 +52,6 @@
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
 #include "shell/styles/frm_symbol_select.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

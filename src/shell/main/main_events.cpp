@@ -6,6 +6,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "core/settings_group.h"
+#include "drawing/plot_state.h"
 #include "mapinfo/map_link.h"
 #include "session/closing.h"
 #include "session/window_places.h"
@@ -16,7 +17,6 @@
 #include "shell/main/qt_rect.h"
 #include "shell/main/tool_strip.h"
 #include "shell/plot/girdle_panel.h"
-#include "stereo/plot_state.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>

@@ -3,9 +3,12 @@
 // What the main window shows of the store: buttons, menus and panels, read anew after each command.
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
+#include "drawing/plot_state.h"
+#include "drawing/plot_status.h"
 #include "edit/selection/marquee.h"
 #include "mapinfo/map_commands.h"
 #include "mapinfo/map_link.h"
@@ -24,8 +27,6 @@
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/net_mouse.h"
 #include "shell/plot/plot_dialogs.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_status.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

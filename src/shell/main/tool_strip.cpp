@@ -2,10 +2,9 @@
 
 #include "shell/main/tool_strip.h"
 
+#include "core/grid_slider.h"
 #include "shell/controls/icons.h"
 #include "shell/main/commands.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -3,6 +3,9 @@
 #include "shell/plot/frm_plot_forms.h"
 
 #include "core/plot_store.h"
+#include "core/replot.h"
+#include "drawing/legend.h"
+#include "drawing/plot_state.h"
 #include "edit/selection/marquee.h"
 #include "rose/petal_tip.h"
 #include "session/window_places.h"
@@ -10,9 +13,6 @@
 #include "shell/controls/icons.h"
 #include "shell/controls/picture_box.h"
 #include "shell/plot/window_arrangement.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 
 #include <QCloseEvent>
 #include <QLabel>

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "derive/secondary_data.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/grids/data_grid.h"
 #include "edit/history/undo.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "stereo/symbols.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -22,7 +21,6 @@ class Grid : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         gActiveLayer = kDataLayer;

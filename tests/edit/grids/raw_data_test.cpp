@@ -7,7 +7,6 @@
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
 #include "input/file_loading.h"
-#include "stereo/plot_stages.h"
 #include "support/test_platform.h"
 
 namespace quandrel {
@@ -17,7 +16,6 @@ class RawGrid : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gActiveLayer = kDataLayer;
         ForgetUndo();

@@ -2,6 +2,7 @@
 //
 // Long sequences of edits taken back and made again, against full copies of the plots after each.
 
+#include "core/replot.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
 #include "edit/grids/data_grid.h"
@@ -19,7 +20,6 @@
 #include "persistence/ascii_plot_file.h"
 #include "persistence/binary_plot.h"
 #include "rotation/rotate_data.h"
-#include "stereo/plot_driver.h"
 
 #include <map>
 #include <random>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotation_edits.h"
@@ -11,8 +12,6 @@
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
 #include "stereo/draw_target.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -38,8 +37,6 @@ class AnnotationLayer : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
-        gPlotStages.drawAnnotations = DrawAnnotations;
         gPlotKind = kEqualArea;
         gActiveLayer = kAnnotationLayer;
         ForgetUndo();
@@ -51,7 +48,6 @@ protected:
     void TearDown() override {
         ForgetUndo();
         ClearSelection();
-        gPlotStages = {};
         gActiveLayer = kDataLayer;
         EngineTest::TearDown();
     }

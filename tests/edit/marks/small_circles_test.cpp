@@ -4,8 +4,6 @@
 #include "edit/marks/small_circles.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -99,8 +97,6 @@ class SmallCircleTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
-        gPlotStages.drawSmallCircles = DrawSmallCircles;
         gPlotKind = kEqualArea;
         slot = NewPlot();
         ActiveRecord().PlotTitle = "Beds";
@@ -108,7 +104,6 @@ protected:
 
     void TearDown() override {
         EndSmallCirclePick();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

@@ -3,7 +3,6 @@
 #include "classify/class_fixture.h"
 #include "shell/classes/class_boxes.h"
 #include "shell/classes/frm_data_classification.h"
-#include "stereo/plot_stages.h"
 #include "support/shell_test.h"
 
 #include <QCheckBox>
@@ -26,7 +25,6 @@ class ClassificationDialogTest : public ClassTest {
 protected:
     void SetUp() override {
         ClassTest::SetUp();
-        gPlotStages = {};
         AddValued(0, "slate");
         AddValued(4, "marl");
         AddValued(5, "slate");

@@ -119,7 +119,6 @@ class ButtonsByKey : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        ConnectPlotStages();
         gPlatform.printers = &printers_;
         gPlatform.prompts = &batch_;
         prompts.QueueOpenPath(WriteFile("a.txt", "30\t120\n45\t270\n60\t15\n"));

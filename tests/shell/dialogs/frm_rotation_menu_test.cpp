@@ -4,7 +4,6 @@
 #include "platform/scripted/recording_surface.h"
 #include "rotation/rotate_data.h"
 #include "shell/dialogs/frm_rotation_menu.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -29,7 +28,6 @@ class RotationMenuTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         gSecondaryDataType = kNoSecondary;
@@ -42,7 +40,6 @@ protected:
     void TearDown() override {
         dialog.reset();
         ForgetRotation();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

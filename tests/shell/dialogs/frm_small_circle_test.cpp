@@ -8,7 +8,6 @@
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/styles/line_patch.h"
 #include "shell/styles/style_patch.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -30,7 +29,6 @@ class SmallCircleDialogTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         AddPlot("folds");
         dialog = std::make_unique<frmSmallCircle>(nullptr);
@@ -42,7 +40,6 @@ protected:
     void TearDown() override {
         dialog.reset();
         EndSmallCirclePick();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

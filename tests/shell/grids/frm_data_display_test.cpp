@@ -12,8 +12,6 @@
 #include "shell/grids/data_displays.h"
 #include "shell/grids/frm_data_display.h"
 #include "shell/grids/row_grid.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -44,7 +42,6 @@ class DataDisplayTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         gActiveLayer = kDataLayer;

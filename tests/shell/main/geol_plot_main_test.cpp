@@ -6,7 +6,6 @@
 #include "session/closing.h"
 #include "shell/controls/picture_box.h"
 #include "shell/main/frm_intro.h"
-#include "stereo/plot_driver.h"
 #include "support/main_window_test.h"
 #include "support/plot_rows.h"
 
@@ -271,10 +270,10 @@ TEST_F(MainWindow, EachMenuOpensByItsKeyInBothSets) {
     expectOpens(Qt::Key_P, "mnuPlotTypes");
 }
 
-TEST_F(MainWindow, CommandsWithoutSelectionOrStageAreDisabledWhateverThePlot) {
+TEST_F(MainWindow, CommandsWithoutSelectionAreDisabledWhateverThePlot) {
     OpenFile("a.txt");
-    for (const char* name : {"mnuEditUndo", "mnuEditRedo", "mnuEditSelection_1",
-                             "mnuEditSelection_8", "mnuPlotSymbols_3", "mnuPlotSymbols_5"}) {
+    for (const char* name :
+         {"mnuEditUndo", "mnuEditRedo", "mnuEditSelection_1", "mnuEditSelection_8"}) {
         EXPECT_FALSE(Action(name).isEnabled()) << name;
     }
 }
@@ -312,14 +311,14 @@ TEST_F(MainWindow, TheIntroScreenStartsASession) {
 }
 
 TEST_F(MainWindow, TheRoseStartOpensARose) {
-    int drawn = 0;
-    gPlotStages.drawRose = [&drawn](bool) { ++drawn; };
     main->UpdatePlotState();
     auto& intro = ControlOf<frmIntro>(*main, "frmIntro");
     prompts.QueueOpenPath(WriteFile("a.txt", "10\t20\n"));
     QTest::mouseClick(intro.cmdStart[1], Qt::LeftButton);
     EXPECT_EQ(ActiveRecord().PlotKind, kRose);
-    EXPECT_GT(drawn, 0);
+    EXPECT_NE(FormOf(gActivePlot).BoxText(PlotBox::StatsNormal).find("Sector angle"),
+              std::string::npos)
+        << "drawn as a rose";
     EXPECT_TRUE(Action("mnuPlotType_2").isChecked());
     EXPECT_TRUE(Action("mnuViewLegends_6").isEnabled());
     Press("mnuPlotType_0");

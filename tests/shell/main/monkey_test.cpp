@@ -39,7 +39,6 @@ class MonkeyTrial : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        ConnectPlotStages();
         gPlatform.prompts = &answers_;
         ClearSelection();
         ForgetUndo();

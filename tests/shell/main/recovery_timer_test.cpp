@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/plot_state.h"
 #include "session/closing.h"
 #include "shell/main/recovery_timer.h"
 #include "shell/main/start_work.h"
-#include "stereo/plot_state.h"
 #include "support/main_window_test.h"
 
 #include <QMessageBox>

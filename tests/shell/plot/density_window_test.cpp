@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "density/grid_geometry.h"
+#include "drawing/plot_state.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
-#include "stereo/plot_driver.h"
-#include "stereo/plot_state.h"
 #include "support/main_window_test.h"
 
 #include <QPlainTextEdit>
@@ -16,11 +15,6 @@ namespace {
 /// A window whose drawings go through all stages.
 class DensityWindow : public MainWindowTest {
 protected:
-    void SetUp() override {
-        MainWindowTest::SetUp();
-        ConnectPlotStages();
-    }
-
     /// A fold: dips to both sides.
     int OpenFold() {
         std::string text;

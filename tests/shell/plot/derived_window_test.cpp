@@ -17,7 +17,6 @@ class DerivedWindow : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        ConnectPlotStages();
         AcceptFormat(
             [](FormatAnswer&) {
                 gPrimaryDataType = kPrimaryPlane;

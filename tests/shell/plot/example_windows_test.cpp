@@ -4,13 +4,14 @@
 
 #include "core/data_format.h"
 #include "core/settings.h"
+#include "drawing/legend.h"
+#include "drawing/plot_driver.h"
 #include "orientation/number_text.h"
 #include "platform/scripted/recording_surface.h"
 #include "platform/scripted/scripted_prompts.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
-#include "stereo/legend.h"
-#include "stereo/plot_driver.h"
+#include "stereo/legend_line.h"
 #include "support/main_window_test.h"
 
 #include <QMdiSubWindow>
@@ -99,7 +100,6 @@ class ExampleWindows : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        ConnectPlotStages();
         gPlatform.prompts = &answers_;
     }
 

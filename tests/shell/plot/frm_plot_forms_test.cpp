@@ -159,7 +159,6 @@ TEST_F(PlotWindow, AWindowThatIsNotActiveDrawsItsOwnPlot) {
 }
 
 TEST_F(PlotWindow, APlotFileOfManyDirectionsOpensAndIsPaintedWithoutAQuestion) {
-    ConnectPlotStages();
     gPrimaryDataType = kDirections;
     gFileColumnSettings[kSlotDirection] = 0;
     std::string lines;
@@ -183,7 +182,6 @@ TEST_F(PlotWindow, APlotFileOfManyDirectionsOpensAndIsPaintedWithoutAQuestion) {
 }
 
 TEST_F(PlotWindow, WhatHasToBeAskedWaitsForTheCommand) {
-    ConnectPlotStages();
     PlotRecord& record = ActiveRecord();
     Press("mnuPlotType_2");
     // A step that changes the plot, and comes to its drawing only after the window was painted.

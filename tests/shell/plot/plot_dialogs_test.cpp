@@ -18,11 +18,6 @@ namespace {
 
 class PlotDialogsTest : public MainWindowTest {
 protected:
-    void SetUp() override {
-        MainWindowTest::SetUp();
-        ConnectPlotStages();
-    }
-
     template <class Dialog>
     [[nodiscard]] std::vector<Dialog*> DialogsOf() const {
         std::vector<Dialog*> found;

@@ -23,7 +23,6 @@ class PlotEditing : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        ConnectPlotStages();
         gPlaneSeparator = "/";
         gLineSeparator = "-";
         ClearSelection();

@@ -15,11 +15,6 @@ namespace {
 
 class StatisticsBoxes : public MainWindowTest {
 protected:
-    void SetUp() override {
-        MainWindowTest::SetUp();
-        ConnectPlotStages();
-    }
-
     void TearDown() override {
         gPlotFonts[kStatsFont] = {};
         MainWindowTest::TearDown();

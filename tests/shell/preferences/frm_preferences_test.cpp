@@ -5,7 +5,6 @@
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/styles/sample_button.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -34,13 +33,11 @@ class PreferencesWindow : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        ConnectPlotStages();
         Open(0);
     }
 
     void TearDown() override {
         dialog_.reset();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 

@@ -4,7 +4,6 @@
 #include "platform/scripted/recording_printer.h"
 #include "shell/print/frm_print_dialog.h"
 #include "shell/print/widget_printers.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -39,7 +38,6 @@ class PrintDialogTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
         gPlatform.printers = &printer;
         gPlatform.status = &told;
         MakePlot("Plot 1: limbs.txt");
@@ -50,7 +48,6 @@ protected:
 
     void TearDown() override {
         dialog.reset();
-        gPlotStages = {};
         EngineTest::TearDown();
     }
 
@@ -308,9 +305,9 @@ TEST_F(PrintDialogTest, HearsStopPrintingBetweenPlots) {
     Open();
     Choose("Plot 3: joints.txt");
     Click(dialog->cmdSelect[0]);
-    int drawn = 0;
-    gPlotStages.drawAnnotations = [&] {
-        if (++drawn == 1) {
+    int parts = 0;
+    printer.onSurface = [&] {
+        if (++parts == 1) {
             // The press comes while the first plot is being drawn.
             QMetaObject::invokeMethod(
                 dialog.get(), [this] { Click(dialog->cmdOK[0]); }, Qt::QueuedConnection);
@@ -318,7 +315,10 @@ TEST_F(PrintDialogTest, HearsStopPrintingBetweenPlots) {
     };
     Click(dialog->cmdOK[0]);
     ASSERT_TRUE(QTest::qWaitFor([this] { return !dialog->IsPrinting(); }));
-    EXPECT_EQ(drawn, 1);
+    EXPECT_EQ(std::ranges::count_if(
+                  printer.pages.at(0).parts,
+                  [](const RecordedPart& part) { return part.surface.Scale() == kPlotScale; }),
+              1);
     EXPECT_FALSE(printer.pages.at(0).isSent);
     EXPECT_EQ(gPrinting, 0);
     EXPECT_EQ(told.told, kPrintAnotherText);

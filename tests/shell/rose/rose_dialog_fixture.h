@@ -10,7 +10,6 @@
 #include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "shell/rose/frm_rose_diag.h"
-#include "stereo/plot_stages.h"
 #include "support/plot_rows.h"
 #include "support/shell_test.h"
 
@@ -38,9 +37,6 @@ class RoseDialogTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gPlotStages = {};
-        gPlotStages.drawRose = RosePlot;
-        gPlotStages.roseLegend = RoseLegendLines;
         gRoseClassWarned = true;
         ForgetAcceptedSectorSize(1);
         ForgetAcceptedSectorSize(2);
@@ -52,7 +48,6 @@ protected:
 
     void TearDown() override {
         dialog.reset();
-        gPlotStages = {};
         gRoseClassWarned = false;
         gPlotKind = kEqualArea;
         EngineTest::TearDown();

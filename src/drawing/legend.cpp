@@ -1,23 +1,26 @@
 // SPDX-License-Identifier: MIT
 
-#include "stereo/legend.h"
+#include "drawing/legend.h"
 
+#include "classify/class_legend.h"
 #include "core/data_format.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "density/density_legend.h"
+#include "derive/slip_arrows.h"
 #include "orientation/angles.h"
+#include "rose/rose_legend.h"
+#include "statistics/axis_statistics.h"
 #include "stereo/axis_rows.h"
 #include "stereo/draw_target.h"
 #include "stereo/drawable_text.h"
-#include "stereo/plot_stages.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <iterator>
 
 namespace quandrel {
@@ -105,10 +108,8 @@ void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
 
 /// What there is to tell of the axes of one kind among both.
 void AddAxisNumbers(std::vector<LegendLine>& lines, AxisKind kind) {
-    if (gPlotStages.axisLegend) {
-        for (std::string& text : gPlotStages.axisLegend(kind)) {
-            lines.push_back({LegendSample::Indent, 0, std::move(text)});
-        }
+    for (std::string& text : AxisLegendTexts(kind)) {
+        lines.push_back({LegendSample::Indent, 0, std::move(text)});
     }
 }
 
@@ -132,8 +133,7 @@ void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record)
 
 /// Slip lines without a sense need a word, for they look like other marks.
 void AddSlipLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    if (record.NumSymbolsInPlot > 0 && gPlotStages.slipSenseIsTold
-        && !gPlotStages.slipSenseIsTold()) {
+    if (record.NumSymbolsInPlot > 0 && !SlipArrowsTellSense(gActivePlot)) {
         // They are in the colour of their rows: those of the top overlay where there is one.
         const int top = record.OverlayRows[0];
         const std::int32_t first = top > 0 ? FirstRowOfOverlay(record, top) : 1;
@@ -156,16 +156,13 @@ void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
     }
 }
 
-void AddStage(std::vector<LegendLine>& lines,
-              const std::function<std::vector<LegendLine>()>& stage) {
-    if (stage) {
-        std::ranges::move(stage(), std::back_inserter(lines));
-    }
+void AddLines(std::vector<LegendLine>& lines, std::vector<LegendLine> more) {
+    std::ranges::move(more, std::back_inserter(lines));
 }
 
 /// The classes of a classified plot, and what its rows show beside them.
 void AddClassifiedRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    AddStage(lines, gPlotStages.classLegend);
+    AddLines(lines, ClassLegendLines());
     if (record.PlotSymbolMode == kBetaIntersections && ShowsMainRows(record)
         && record.NumValidData > 0) {
         AddBetaLines(lines, record);
@@ -298,6 +295,18 @@ void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, 
     box.Text({left, textTop}, CutToWidth(box, DrawableText(line.text), layout.width - left));
 }
 
+void DrawLines(Surface& box, const LegendLayout& layout, const std::vector<LegendLine>& lines) {
+    const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const double top = -layout.lineHeight * static_cast<double>(i);
+        if (i + 1 == room && lines.size() > room) {
+            DrawLine(box, TextLine(std::string(kCutMark)), layout, top);
+            return;
+        }
+        DrawLine(box, lines[i], layout, top);
+    }
+}
+
 } // namespace
 
 std::vector<LegendLine> LegendLines() {
@@ -305,7 +314,7 @@ std::vector<LegendLine> LegendLines() {
     std::vector<LegendLine> lines;
     AddDataNames(lines, record);
     if (record.PlotKind == kRose) {
-        AddStage(lines, gPlotStages.roseLegend);
+        AddLines(lines, RoseLegendLines());
         return lines;
     }
     if (record.ClassMode > 0) {
@@ -313,7 +322,7 @@ std::vector<LegendLine> LegendLines() {
     } else if (record.NumValidData > 0) {
         AddMainRows(lines, record);
     }
-    AddStage(lines, gPlotStages.bandLegend);
+    AddLines(lines, BandLegendLines());
     AddOverlays(lines, record);
     AddSlipLines(lines, record);
     return lines;
@@ -335,24 +344,18 @@ LegendSize SizeOfLegend() {
     return size;
 }
 
+void DrawLegendLines(Surface& box, const std::vector<LegendLine>& lines) {
+    DrawLines(box, LayOut(box), lines);
+}
+
 void DrawLegend() {
     Surface& box = LegendSurface();
     const LegendLayout layout = LayOut(box);
     if (!IsDrawingElsewhere()) {
         box.Clear(kWhite);
     }
-    if (ActiveRecord().LayerVisible[kLegendLayer] == 0) {
-        return;
-    }
-    const std::vector<LegendLine> lines = LegendLines();
-    const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const double top = -layout.lineHeight * static_cast<double>(i);
-        if (i + 1 == room && lines.size() > room) {
-            DrawLine(box, TextLine(std::string(kCutMark)), layout, top);
-            return;
-        }
-        DrawLine(box, lines[i], layout, top);
+    if (ActiveRecord().LayerVisible[kLegendLayer] != 0) {
+        DrawLines(box, layout, LegendLines());
     }
 }
 

@@ -1,22 +1,35 @@
 // SPDX-License-Identifier: MIT
 
-#include "stereo/plot_driver.h"
+#include "drawing/plot_driver.h"
 
+#include "classify/classification.h"
+#include "classify/value_grid.h"
 #include "core/axis_items.h"
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/plot_store.h"
-#include "core/row_links.h"
+#include "core/replot.h"
 #include "core/settings.h"
+#include "density/contours.h"
+#include "density/grid_density.h"
+#include "density/point_density.h"
+#include "derive/slip_arrows.h"
+#include "drawing/legend.h"
+#include "drawing/plot_status.h"
+#include "edit/marks/annotations.h"
+#include "edit/marks/small_circles.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
+#include "rose/rose_plot.h"
+#include "rose/rose_sectors.h"
+#include "statistics/fabric_statistics.h"
+#include "statistics/statistics_texts.h"
 #include "stereo/axis_rows.h"
 #include "stereo/draw_target.h"
 #include "stereo/great_circles.h"
-#include "stereo/legend.h"
 #include "stereo/net.h"
-#include "stereo/plot_stages.h"
-#include "stereo/plot_status.h"
+#include "stereo/plot_title.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
@@ -27,17 +40,9 @@
 
 namespace quandrel {
 
-PlotStages gPlotStages;
-int gGridDensitySlider = 50;
-
 namespace {
 
-template <class... Arguments>
-void Run(const std::function<void(Arguments...)>& stage, Arguments... arguments) {
-    if (stage) {
-        stage(arguments...);
-    }
-}
+constexpr int kFirstStatisticalItem = 9;
 
 constexpr int kWidestGirdle = 50;
 
@@ -69,7 +74,7 @@ bool GridIsStale(const PlotRecord& record) {
 
 void ComputeGridIfStale(const PlotRecord& record) {
     if (!IsDrawingElsewhere() && GridIsStale(record)) {
-        Run(gPlotStages.computeGridDensity);
+        ComputeGridDensity();
     }
 }
 
@@ -77,10 +82,10 @@ void ComputeGridIfStale(const PlotRecord& record) {
 void DrawClassifiedGrid(const PlotRecord& record) {
     ComputeGridIfStale(record);
     if (record.NumClasses == 1 || record.NumClasses == 3) {
-        Run(gPlotStages.drawValueGrid);
+        DrawValueGrid();
     }
     if (record.NumClasses > 1) {
-        Run(gPlotStages.traceContoursClassified);
+        TraceContoursClassified();
     }
 }
 
@@ -88,11 +93,19 @@ void DrawClassifiedGrid(const PlotRecord& record) {
 void DrawDensities(const PlotRecord& record) {
     ComputeGridIfStale(record);
     if (record.PlotSymbolMode != kContours) {
-        Run(gPlotStages.drawGridSymbols);
+        DrawGridSymbols();
     }
     if (record.PlotSymbolMode != kGridDensitySymbols) {
-        Run(gPlotStages.traceContours);
+        TraceContours();
     }
+}
+
+/// The arrows that go with the rows, or none.
+SlipArrows ArrowsOfPlot(const PlotRecord& record) {
+    if (record.DensityInvalid == 0) {
+        return {};
+    }
+    return {DrawnSlipArrowAngle, SlipArrowsTellSense(gActivePlot)};
 }
 
 /// The main rows, as the plot's mode tells. Gives the number of beta intersections drawn.
@@ -103,12 +116,12 @@ std::int64_t DrawMainRows(const PlotRecord& record) {
         break;
     case kPointSymbols:
     case kPointSymbolsToo:
-        DrawRowSymbols(MainRows(record));
+        DrawRowSymbols(MainRows(record), RowStyle::Own, ArrowsOfPlot(record));
         break;
     case kBetaIntersections:
         return DrawBetaIntersections();
     case kPointDensitySymbols:
-        DrawRowSymbols(MainRows(record), RowStyle::DensityBand);
+        DrawRowSymbols(MainRows(record), RowStyle::DensityBand, ArrowsOfPlot(record));
         break;
     case kGridDensitySymbols:
     case kContours:
@@ -126,7 +139,7 @@ void DrawOverlays(const PlotRecord& record) {
         if (record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayGreatCircles) {
             DrawRowGreatCircles(OverlayRange(record, overlay));
         } else {
-            DrawRowSymbols(OverlayRange(record, overlay));
+            DrawRowSymbols(OverlayRange(record, overlay), RowStyle::Own, ArrowsOfPlot(record));
         }
     }
 }
@@ -143,7 +156,7 @@ void DrawAxisItems(const PlotRecord& record) {
             DrawGirdle(item);
         }
     }
-    Run(gPlotStages.drawSmallCircles);
+    DrawSmallCircles();
     for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
         if (IsItemShown(record, item)) {
             DrawAxisItemSymbol(item);
@@ -167,7 +180,7 @@ void DrawPlot(bool recalculate) {
     KeepAxesApart();
     DrawPlotBase();
     if (ActiveRecord().PlotKind == kRose) {
-        Run(gPlotStages.drawRose, recalculate);
+        RosePlot(recalculate);
         DrawLegend();
     } else {
         DrawStereoPlot(recalculate);
@@ -204,6 +217,28 @@ double TotalOfRose(const PlotRecord& record) {
                   [0];
 }
 
+/// Everything of the active plot and of its window.
+void DrawActivePlot(bool recalculate) {
+    const BusyPointer busy(*gPlatform.status);
+    if (recalculate) {
+        ActiveRecord().RowsChanged = kTrue;
+    }
+    DrawPlot(recalculate);
+    PlotForm& form = FormOf(gActivePlot);
+    form.SetBoxText(PlotBox::NumberOfData, NumberBoxText());
+    WriteStatisticsBoxes();
+    UpdateTitle();
+    form.Show();
+    gPlatform.status->SetText(StatusOfPlot(ActiveRecord()));
+}
+
+void DrawPicture(int slot) {
+    const PlotInWork work(slot);
+    const GridOfPlotInWork grid(RecordOf(slot).GridSize);
+    DrawPlot(false);
+    FormOf(slot).Show();
+}
+
 } // namespace
 
 std::string StatusOfPlot(const PlotRecord& record) {
@@ -213,35 +248,25 @@ std::string StatusOfPlot(const PlotRecord& record) {
     return std::to_string(record.NumValidData) + " data in " + record.PlotTitle;
 }
 
-void ReplotActivePlot(bool recalculate) {
-    if (!IsOpenSlot(gActivePlot)) {
+void ConnectDrawing() {
+    ConnectPlotDrawer(DrawForCause);
+}
+
+void DrawForCause(int slot, ReplotCause cause) {
+    if (cause == ReplotCause::Picture) {
+        DrawPicture(slot);
         return;
     }
-    const BusyPointer busy(*gPlatform.status);
-    if (recalculate) {
-        ActiveRecord().RowsChanged = kTrue;
+    if (cause == ReplotCause::Repaint) {
+        const Repainting repainting;
+        DrawPicture(slot);
+        return;
     }
-    DrawPlot(recalculate);
-    PlotForm& form = FormOf(gActivePlot);
-    form.SetBoxText(PlotBox::NumberOfData, NumberBoxText());
-    Run(gPlotStages.writeStatistics);
-    UpdateTitle();
-    form.Show();
-    gPlatform.status->SetText(StatusOfPlot(ActiveRecord()));
-}
-
-void RedrawPlot(int slot) {
-    if (IsOpenSlot(slot)) {
-        const PlotInWork work(slot);
-        const GridOfPlotInWork grid(RecordOf(slot).GridSize);
-        DrawPlot(false);
-        FormOf(slot).Show();
+    const PlotInWork work(slot);
+    if (cause == ReplotCause::File && ActiveRecord().PlotKind == kRose) {
+        AcceptSectorSize();
     }
-}
-
-void RepaintPlot(int slot) {
-    const Repainting repainting;
-    RedrawPlot(slot);
+    DrawActivePlot(cause == ReplotCause::Rows);
 }
 
 void DrawActivePlotOn(Surface& plot, Surface& legend) {
@@ -269,7 +294,7 @@ void DrawStereoPlot(bool recalculate) {
         record.RowsChanged = 0;
     }
     DrawOverlays(record);
-    Run(gPlotStages.drawAnnotations);
+    DrawAnnotations();
     DrawLegend();
     DrawPlotFurniture();
     DrawAxisItems(record);
@@ -279,16 +304,16 @@ void ComputeRowStatistics() {
     const PlotRecord& record = ActiveRecord();
     RowTable& table = TableOf(gActivePlot);
     SortRowTable(table, std::min(table.size(), static_cast<std::size_t>(record.NumData)));
-    Run(gPlotStages.computePointDensities);
-    Run(gPlotStages.computeFabricStatistics);
+    ComputePointDensities();
+    ComputeFabricStatistics();
     if (record.RowsChanged != 0) {
-        Run(gPlotStages.refreshClassification);
+        RefreshClassification();
     }
 }
 
 void DrawGirdle(int item) {
     const PlotRecord& record = ActiveRecord();
-    if (record.PlotKind >= kRose || item == kMeanItem) {
+    if (record.PlotKind >= kRose || item == static_cast<int>(kMeanItem)) {
         return;
     }
     const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
@@ -315,37 +340,6 @@ std::string NumberBoxText() {
     }
     const std::string total = isRose ? FormatNumber(TotalOfRose(record), "0.##") : rows;
     return total == rows ? rows : total + " (" + rows + ")";
-}
-
-std::string TitleOfPlot() {
-    const PlotRecord& record = ActiveRecord();
-    std::string title = record.PlotTitle + "   [";
-    if (record.ShowSecondary != 0) {
-        title += "2nd ";
-    } else if (record.SecondaryFormat > 0) {
-        title += "1st ";
-    }
-    if (!record.AxesTitle.empty()) {
-        return title + record.AxesTitle + " axes"
-               + (AssumedSense(record) ? ", sense assumed]" : "]");
-    }
-    // The trailing blanks keep the captions of one width.
-    switch (record.DataKind) {
-    case kLines:
-        return title + "Lines]      ";
-    case kPolarLines:
-        return title + "Polar Lines]";
-    default:
-        return title + "Planes]     ";
-    }
-}
-
-void UpdateTitle() {
-    std::string title = TitleOfPlot();
-    if (ActiveRecord().MapInfoLinked != 0 && gLinkedTable) {
-        title += " {Linked to: " + gLinkedTable(gActivePlot) + "}";
-    }
-    FormOf(gActivePlot).SetCaption(title);
 }
 
 } // namespace quandrel

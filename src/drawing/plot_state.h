@@ -18,9 +18,6 @@ void ChangePlotKind(std::int16_t kind);
 /// when the user thought better of it.
 bool ChangeDataKind(std::int16_t kind);
 
-/// As ChangeDataKind, without the question.
-void SetDataType(std::int16_t kind);
-
 inline constexpr int kLastModeButton = 6;
 
 /// Presses symbol button 0 to 6: great circles, points, beta intersections, point density, gridded
@@ -54,19 +51,8 @@ void ShowPlotPart(int button, bool on);
 void DescribePlot(int slot, const std::string& description);
 void NameFabric(int slot, const std::string& fabric);
 
-/// Values of the grid density slider.
-inline constexpr int kCoarsestGrid = 10;
-inline constexpr int kFinestGrid = 150;
-inline constexpr int kGridStep = 10;
-
-/// Moves the grid density slider, down to a multiple of ten.
-void MoveGridSlider(int value);
-
 /// The slider is let go: a plot that counts on the grid is drawn anew.
 void ReleaseGridSlider();
-
-/// The slider shows the grid of the active plot, if it has one.
-void FollowGridOfPlot();
 
 /// Takes the normal or the advanced statistics of the active plot; new plots follow.
 void UseAdvancedStatistics(bool advanced);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "classify/class_legend.h"
 #include "core/settings.h"
-#include "stereo/legend.h"
-#include "stereo/plot_stages.h"
+#include "drawing/legend.h"
+#include "rose/rose_legend.h"
+#include "stereo/legend_line.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -21,27 +23,33 @@ protected:
         ActiveRecord().LayerVisible[kLegendLayer] = kTrue;
     }
 
-    void TearDown() override {
-        gPlotStages = {};
-        EngineTest::TearDown();
-    }
-
-    /// What the legend draws for one line of the bands.
+    /// What is drawn for one line.
     std::vector<DrawOperation> Drawn(const LegendLine& line, Kind kind) {
-        gPlotStages.bandLegend = [line] { return std::vector<LegendLine>{line}; };
-        DrawLegend();
+        RecordingForm& form = Form(gActivePlot);
+        form.LegendSurface().Clear(kWhite);
+        DrawLegendLines(form.LegendSurface(), {line});
         std::vector<DrawOperation> found;
         std::ranges::copy_if(
-            DrawnOn(Form(gActivePlot).Legend()), std::back_inserter(found),
+            DrawnOn(form.Legend()), std::back_inserter(found),
             [kind](const DrawOperation& operation) { return operation.kind == kind; });
         return found;
     }
 
-    static std::vector<std::string> Texts() {
+    static std::vector<std::string> TextsOf(const std::vector<LegendLine>& lines) {
         std::vector<std::string> texts;
-        for (const LegendLine& line : LegendLines()) {
+        for (const LegendLine& line : lines) {
             texts.push_back(line.text);
         }
+        return texts;
+    }
+
+    static std::vector<std::string> Texts() { return TextsOf(LegendLines()); }
+
+    /// The name of the data, and lines of a folder below it.
+    static std::vector<std::string> TextsWith(const std::vector<LegendLine>& lines) {
+        std::vector<std::string> texts = TextsOf(lines);
+        EXPECT_FALSE(texts.empty());
+        texts.insert(texts.begin(), Texts().front());
         return texts;
     }
 };
@@ -77,11 +85,9 @@ TEST_F(Legend, APatchHasFillAndShareOfTheWidthOfWhatItStandsFor) {
 
 TEST_F(Legend, OfAClassifiedPlotListsClassesInThePlaceOfRows) {
     AddRow(30, 120);
-    gPlotStages.classLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "C"}}; };
     EXPECT_EQ(Texts().back(), "Poles to planes");
     ActiveRecord().ClassMode = 1;
-    EXPECT_EQ(Texts().back(), "C");
-    EXPECT_EQ(Texts().size(), 2U);
+    EXPECT_EQ(Texts(), TextsWith(ClassLegendLines()));
 }
 
 TEST_F(Legend, CallsTheOtherSetOfTheRowsByWhatItIs) {
@@ -96,11 +102,9 @@ TEST_F(Legend, CallsTheOtherSetOfTheRowsByWhatItIs) {
 
 TEST_F(Legend, OfARoseIsTheRosesOwn) {
     AddRow(30, 120);
-    gPlotStages.roseLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "R"}}; };
-    gPlotStages.bandLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "B"}}; };
+    ActiveRecord().PlotSymbolMode = kPointDensitySymbols; // whose bands a net would list
     ActiveRecord().PlotKind = kRose;
-    EXPECT_EQ(Texts().back(), "R");
-    EXPECT_EQ(Texts().size(), 2U);
+    EXPECT_EQ(Texts(), TextsWith(RoseLegendLines()));
 }
 
 TEST_F(Legend, OfAClassifiedPlotTellsOfIntersectionsWhereTheyAreDrawn) {
@@ -109,7 +113,6 @@ TEST_F(Legend, OfAClassifiedPlotTellsOfIntersectionsWhereTheyAreDrawn) {
     PlotRecord& record = ActiveRecord();
     record.PlotSymbolMode = kBetaIntersections;
     record.BetaCount = 1;
-    gPlotStages.classLegend = [] { return std::vector<LegendLine>{{LegendSample::None, 0, "C"}}; };
     const auto tells = [] {
         const auto texts = Texts();
         return std::ranges::count(texts, "1 intersections of") == 1

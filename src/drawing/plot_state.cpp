@@ -1,22 +1,26 @@
 // SPDX-License-Identifier: MIT
 
-#include "stereo/plot_state.h"
+#include "drawing/plot_state.h"
 
 #include "core/data_format.h"
+#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "core/settings.h"
+#include "derive/secondary_data.h"
 #include "platform/platform.h"
 #include "stereo/axis_rows.h"
-#include "stereo/plot_driver.h"
+#include "stereo/data_kind.h"
 #include "stereo/row_positions.h"
 
-#include <algorithm>
 #include <string>
 
 namespace quandrel {
 
 namespace {
+
+static_assert(kOverlaySecondary == kLastModeButton + 1, "the buttons of a plot are numbered on");
 
 std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     if (kind == kPolarLines && ShowsPlaneData(record)) {
@@ -82,15 +86,6 @@ bool ChangeDataKind(std::int16_t kind) {
     return true;
 }
 
-void SetDataType(std::int16_t kind) {
-    PlotRecord& record = ActiveRecord();
-    if (record.DataKind != kind) {
-        record.DataKind = kind;
-        RebuildRowTable(gActivePlot);
-    }
-    ReplotActivePlot(false);
-}
-
 void SetPlotSymbol(int button) {
     if (gBusy || !IsOpenSlot(gActivePlot)) {
         return;
@@ -154,10 +149,6 @@ void NameFabric(int slot, const std::string& fabric) {
     }
 }
 
-void MoveGridSlider(int value) {
-    gGridDensitySlider = std::clamp(value / kGridStep * kGridStep, kCoarsestGrid, kFinestGrid);
-}
-
 void ReleaseGridSlider() {
     if (gBusy || !IsOpenSlot(gActivePlot)) {
         return;
@@ -166,12 +157,6 @@ void ReleaseGridSlider() {
     if (record.PlotKind != kRose && record.PlotSymbolMode >= kGridDensitySymbols
         && record.GridSize != gGridDensitySlider) {
         ReplotActivePlot(false);
-    }
-}
-
-void FollowGridOfPlot() {
-    if (IsOpenSlot(gActivePlot) && ActiveRecord().GridSize > 0) {
-        MoveGridSlider(ActiveRecord().GridSize);
     }
 }
 
