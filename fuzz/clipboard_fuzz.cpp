@@ -7,21 +7,16 @@
 #include "core/data_format.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
+#include "drawing/plot_driver.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "edit/rows/paste_rows.h"
-#include "platform/memory_settings_store.h"
-#include "platform/platform.h"
-#include "platform/scripted/memory_clipboard.h"
-#include "platform/scripted/quiet_status_line.h"
-#include "platform/scripted/recording_form.h"
-#include "platform/scripted/scripted_prompts.h"
-#include "session/start.h"
+#include "fuzz_engine.h"
+#include "support/plot_rows.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <string>
 
 namespace quandrel {
@@ -30,40 +25,16 @@ namespace {
 constexpr std::uint8_t kAnnotationBit = 1;
 constexpr std::uint8_t kLinesBit = 2;
 constexpr std::uint8_t kEmptyBit = 4;
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
-struct Engine {
-    MemoryClipboard clipboard;
-    QuietStatusLine status;
-    MemorySettingsStore settings;
-
-    Engine() {
-        gPlatform = {};
-        gPlatform.status = &status;
-        gPlatform.settings = &settings;
-        gPlatform.clipboard = &clipboard;
-        gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
-        InitialiseApplication();
-    }
-};
+constexpr std::uint8_t kDrawnBits = 0xf0; ///< all of them: the plot is drawn after the paste
 
 void NewPlot(std::uint8_t choice) {
-    if (IsOpenSlot(gActivePlot)) {
-        ClosePlot(gActivePlot);
-    }
-    gActivePlot = FindFreePlotSlot();
-    ResetPlotRecord(gActivePlot);
-    ActiveRecord().DataKind = (choice & kLinesBit) != 0 ? kLines : kPlanes;
-    ActiveRecord().PrimaryFormat = (choice & kLinesBit) != 0 ? kPrimaryLine : kPrimaryPlane;
-    gActiveLayer = kDataLayer;
+    TakeFreshPlot();
+    PlotRecord& record = ActiveRecord();
+    record.DataKind = (choice & kLinesBit) != 0 ? kLines : kPlanes;
+    record.PrimaryFormat = (choice & kLinesBit) != 0 ? kPrimaryLine : kPrimaryPlane;
     if ((choice & kEmptyBit) == 0) {
-        gPlatform.clipboard->SetText(";Quandrel\r\n/T1 /C1 /I2\r\n30\t120\r\n45\t270\r\n");
-        PasteData();
+        AddRow(30, 120);
+        AddRow(45, 270);
     }
     ForgetUndo();
     gActiveLayer = (choice & kAnnotationBit) != 0 ? kAnnotationLayer : kDataLayer;
@@ -80,26 +51,26 @@ void CheckCounts() {
 }
 
 void Paste(std::uint8_t choice, const std::string& text) {
-    static Engine engine;
-    // What was asked and shown is kept for scripts; here it would only grow.
-    ScriptedPrompts prompts(ScriptedPrompts::Mode::Batch);
-    gPlatform.prompts = &prompts;
+    const ScriptedAnswers answers;
     NewPlot(choice);
     const std::int32_t before = ActiveRecord().NumLoadedData;
     gPlatform.clipboard->SetText(text);
     PasteData();
     CheckCounts();
+    if ((choice & kDrawnBits) == kDrawnBits) {
+        DrawForCause(gActivePlot, ReplotCause::Rows);
+    }
     UndoLastEdit();
     CheckCounts();
     Require(ActiveRecord().NumLoadedData == before);
     Require(AnnotationsOf(gActivePlot).empty());
-    gPlatform.prompts = nullptr;
 }
 
 } // namespace
 } // namespace quandrel
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    quandrel::UseEngine(quandrel::Drawings::None);
     if (size > 0) {
         quandrel::Paste(data[0], std::string(reinterpret_cast<const char*>(data) + 1, size - 1));
     }

@@ -385,17 +385,30 @@ private:
                 plot_.gridValues = std::make_unique<GridValues>();
             }
         }
-        double none = 0;
         for (std::size_t i = 0; i < kGridNodes; ++i) {
-            for (std::size_t j = 0; j < kGridNodes; ++j) {
-                for (std::size_t layer = 0; layer < 2; ++layer) {
-                    stream_.Double(plot_.gridValues ? (*plot_.gridValues)[layer][i][j] : none);
-                }
-            }
+            RowOfGrids(i);
         }
         EachDouble(record_.ClassStats);
         if (plot_.hasFrequencyField) {
             Shorts(record_.HasFrequencyColumn);
+        }
+    }
+
+    /// A row of nodes, the values of both grids beside each other.
+    void RowOfGrids(std::size_t i) {
+        std::array<double, std::size_t{kGridNodes} * 2> row{};
+        if constexpr (!kReads) {
+            for (std::size_t j = 0; plot_.gridValues && j < kGridNodes; ++j) {
+                row[2 * j] = (*plot_.gridValues)[0][i][j];
+                row[2 * j + 1] = (*plot_.gridValues)[1][i][j];
+            }
+        }
+        stream_.Doubles(row);
+        if constexpr (kReads) {
+            for (std::size_t j = 0; plot_.gridValues && j < kGridNodes; ++j) {
+                (*plot_.gridValues)[0][i][j] = row[2 * j];
+                (*plot_.gridValues)[1][i][j] = row[2 * j + 1];
+            }
         }
     }
 

@@ -4,6 +4,7 @@
 
 #include "input/text_encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -100,6 +101,19 @@ void BinaryReader::Single(double& value) {
 void BinaryReader::Double(double& value) {
     value = Number<double>();
     Require(!std::isnan(value));
+}
+
+void BinaryReader::Doubles(std::span<double> values) {
+    if constexpr (std::endian::native == std::endian::little) {
+        const std::string_view taken = Take(values.size_bytes());
+        std::ranges::fill(values, 0.0);
+        if (!taken.empty()) { // an empty one has no address
+            std::memcpy(values.data(), taken.data(), taken.size());
+        }
+        Require(std::ranges::none_of(values, [](double value) { return std::isnan(value); }));
+    } else {
+        std::ranges::for_each(values, [this](double& value) { Double(value); });
+    }
 }
 
 void BinaryReader::AnySingle(float& value) {
@@ -201,6 +215,20 @@ void BinaryWriter::Single(double value) {
 
 void BinaryWriter::Double(double value) {
     Number(std::isnan(value) ? 0.0 : value);
+}
+
+void BinaryWriter::Doubles(std::span<const double> values) {
+    if constexpr (std::endian::native == std::endian::little) {
+        const std::size_t begin = bytes_.size();
+        bytes_.resize(begin + values.size_bytes()); // zero bytes are the double 0
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            if (!std::isnan(values[i])) {
+                std::memcpy(bytes_.data() + begin + i * sizeof(double), &values[i], sizeof(double));
+            }
+        }
+    } else {
+        std::ranges::for_each(values, [this](double value) { Double(value); });
+    }
 }
 
 void BinaryWriter::Text(std::string_view text) {

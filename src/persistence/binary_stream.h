@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -57,9 +58,10 @@ public:
     void Short(std::int16_t& value);
     void Short(std::int32_t& value);
     void Long(std::int32_t& value);
-    void Single(float& value);  ///< refuses what is no number
-    void Single(double& value); ///< the same
-    void Double(double& value); ///< the same
+    void Single(float& value);              ///< refuses what is no number
+    void Single(double& value);             ///< the same
+    void Double(double& value);             ///< the same
+    void Doubles(std::span<double> values); ///< as many of them, as Double reads each
 
     /// A 32-bit float of any kind.
     void AnySingle(float& value);
@@ -104,7 +106,8 @@ public:
     void Long(std::int32_t value);
     void Single(float value); ///< 0 for what is no number
     void Single(double value);
-    void Double(double value); ///< 0 for what is no number
+    void Double(double value);                    ///< 0 for what is no number
+    void Doubles(std::span<const double> values); ///< each as Double writes it
     void Text(std::string_view text);
     void Fixed(std::string_view text);
     void Code(SymbolCode code);

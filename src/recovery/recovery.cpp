@@ -8,14 +8,13 @@
 #include "core/settings.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
+#include "recovery/copy_names.h"
 #include "session/closing.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <iterator>
 #include <optional>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -38,7 +37,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kLockName = "lock";
-constexpr std::string_view kCopyBegin = "plot_";
 constexpr int kFolderTries = 100;
 
 /// A lock that ends with its process.
@@ -101,28 +99,9 @@ int ProcessNumber() {
 #endif
 }
 
-/// A folder of a session is named by its process and a number.
-bool IsSessionName(const std::string& name) {
-    return name.find_first_not_of("0123456789-") == std::string::npos
-           && std::ranges::count(name, '-') == 1;
-}
-
-/// The slot of a copy's name "plot_12.qpx", or nothing.
+/// The slot of a copy, or nothing for any other file.
 std::optional<int> SlotOfCopy(const fs::path& file) {
-    const std::string name = file.filename().string();
-    if (!name.starts_with(kCopyBegin)) {
-        return std::nullopt;
-    }
-    const char* const end = name.data() + name.size();
-    int slot = 0;
-    const auto [rest, error] = std::from_chars(name.data() + kCopyBegin.size(), end, slot);
-    return error == std::errc() && std::string_view(rest, end) == kBinaryEnding
-               ? std::optional(slot)
-               : std::nullopt;
-}
-
-std::string CopyName(int slot) {
-    return std::string(kCopyBegin) + std::to_string(slot) + kBinaryEnding;
+    return SlotOfCopyName(file.filename().string());
 }
 
 /// Makes a folder that nobody else may look into. False when it was there, or with the reason.

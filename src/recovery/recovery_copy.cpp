@@ -3,18 +3,17 @@
 #include "recovery/recovery_copy.h"
 
 #include "core/data_format.h"
-#include "core/replot.h"
 #include "core/grid_slider.h"
 #include "core/plot_fields.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "edit/history/fingerprint.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
+#include "recovery/copy_names.h"
 
-#include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstring>
 #include <new>
 #include <span>
@@ -123,99 +122,6 @@ private:
     Fingerprint mix_;
 };
 
-// The names stand behind the plot: texts that each end in a zero byte, then how many bytes these
-// are in kLengthDigits digits, then the mark.
-constexpr std::string_view kNamesMark = "QuandrelRecovery";
-constexpr std::size_t kLengthDigits = 10;
-
-/// The texts of a plot that a binary plot file takes from its own name.
-std::vector<std::string> NamesOf(const PlotRecord& record) {
-    std::vector<std::string> names = {record.PlotTitle, record.SaveFileName, record.FileTitle,
-                                      record.FileHeadLine};
-    const auto addList = [&names](std::span<const std::string> list) {
-        names.push_back(std::to_string(list.size()));
-        names.insert(names.end(), list.begin(), list.end());
-    };
-    const auto files = static_cast<std::size_t>(std::clamp<int>(record.NumFiles, 0, kMaxFiles));
-    addList(std::span(record.FileNames).subspan(1, files));
-    addList(record.MainFiles);
-    for (const std::vector<std::string>& overlay : record.OverlayFiles) {
-        addList(overlay);
-    }
-    return names;
-}
-
-std::string NamesBlock(const PlotRecord& record) {
-    std::string block;
-    for (const std::string& name : NamesOf(record)) {
-        block += name;
-        block += '\0';
-    }
-    const std::string length = std::to_string(block.size());
-    return block + std::string(kLengthDigits - length.size(), '0') + length
-           + std::string(kNamesMark);
-}
-
-/// Takes the texts of a names block one after the other; empty ones behind its end.
-class NamesReader {
-public:
-    explicit NamesReader(std::string_view file) {
-        const std::size_t tail = kLengthDigits + kNamesMark.size();
-        if (file.size() < tail || !file.ends_with(kNamesMark)) {
-            return;
-        }
-        file.remove_suffix(kNamesMark.size());
-        std::size_t length = 0;
-        const char* const end = file.data() + file.size();
-        const auto [rest, error] = std::from_chars(end - kLengthDigits, end, length);
-        file.remove_suffix(kLengthDigits);
-        if (error == std::errc() && rest == end && length <= file.size()) {
-            left_ = file.substr(file.size() - length);
-        }
-    }
-
-    [[nodiscard]] bool AtEnd() const { return left_.empty(); }
-
-    std::string Text() {
-        const std::string_view text = left_.substr(0, left_.find('\0'));
-        left_.remove_prefix(std::min(text.size() + 1, left_.size()));
-        return std::string(text);
-    }
-
-    std::vector<std::string> List() {
-        const std::string digits = Text();
-        std::size_t count = 0;
-        std::from_chars(digits.data(), digits.data() + digits.size(), count);
-        std::vector<std::string> list;
-        for (std::size_t i = 0; i < count && !AtEnd(); ++i) {
-            list.push_back(Text());
-        }
-        return list;
-    }
-
-private:
-    std::string_view left_;
-};
-
-/// Gives a plot its names back. The copy's own path is no name of the plot's.
-void RestoreNames(PlotRecord& record, NamesReader names) {
-    const bool hasNames = !names.AtEnd();
-    record.PlotTitle =
-        hasNames ? names.Text() : "Plot " + std::to_string(gActivePlot) + ": Recovered";
-    record.SaveFileName = names.Text();
-    record.FileTitle = names.Text();
-    record.FileHeadLine = names.Text();
-    const std::vector<std::string> files = names.List();
-    const std::size_t count = std::min(files.size(), std::size_t{kMaxFiles});
-    record.NumFiles = static_cast<std::int16_t>(count);
-    record.FileNames = {};
-    std::copy_n(files.begin(), count, record.FileNames.begin() + 1);
-    record.MainFiles = names.List();
-    for (std::vector<std::string>& overlay : record.OverlayFiles) {
-        overlay = names.List();
-    }
-}
-
 /// Draws the active plot as any that is opened, and marks it as unsaved.
 void DrawRecovered() {
     FollowGridOfPlot();
@@ -252,7 +158,7 @@ Result<std::string> RecoveryCopyBytes(int slot) {
     try {
         Result<std::string> bytes = BinaryPlotBytes(slot);
         if (bytes) {
-            *bytes += NamesBlock(RecordOf(slot));
+            *bytes += NamesBlock(NamesOf(RecordOf(slot)));
         }
         return bytes;
     } catch (const std::bad_alloc&) {
@@ -283,7 +189,9 @@ RecoveredPlot OpenRecoveryCopy(const fs::path& file) {
         recovered.problem = "There is not enough memory for it.";
         return recovered;
     }
-    RestoreNames(ActiveRecord(), NamesReader(*bytes));
+    CopyNames nameless;
+    nameless.title = "Plot " + std::to_string(gActivePlot) + ": Recovered";
+    RestoreNames(ActiveRecord(), NamesOfCopy(*bytes).value_or(std::move(nameless)));
     DrawRecovered();
     recovered.slot = gActivePlot;
     return recovered;

@@ -39,6 +39,32 @@ TEST(BinaryStream, FieldsAreLittleEndianWithoutGaps) {
                      'b',  'i',  'n',  6,    0,    '0',  '3', '0', '2',  '0',  '6'}));
 }
 
+TEST(BinaryStream, ManyDoublesAreAsManySingleOnes) {
+    constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<double> values = {-2, 0.1, kNoNumber, 1e300, -0.0};
+    BinaryWriter together;
+    together.Doubles(values);
+    BinaryWriter oneByOne;
+    for (const double value : values) {
+        oneByOne.Double(value);
+    }
+    EXPECT_EQ(together.Bytes(), oneByOne.Bytes());
+    std::vector<double> read(values.size());
+    BinaryReader reader(together.Bytes());
+    reader.Doubles(read);
+    EXPECT_FALSE(reader.HasFailed());
+    EXPECT_EQ(read, (std::vector<double>{-2, 0.1, 0, 1e300, -0.0}));
+    read.push_back(7);
+    BinaryReader tooShort(together.Bytes());
+    tooShort.Doubles(read);
+    EXPECT_TRUE(tooShort.HasFailed());
+    EXPECT_EQ(read, std::vector<double>(6));
+    const std::string bad(reinterpret_cast<const char*>(&kNoNumber), sizeof(kNoNumber));
+    BinaryReader refusing(bad);
+    refusing.Doubles(std::span(read).first(1));
+    EXPECT_TRUE(refusing.HasFailed());
+}
+
 TEST(BinaryStream, TaggedValuesHaveTheirKindInFront) {
     EXPECT_EQ(Written({}), Bytes({0, 0}));
     EXPECT_EQ(Written(std::int16_t{7}), Bytes({2, 0, 7, 0}));
