@@ -16,7 +16,7 @@ using Json = nlohmann::ordered_json;
 /// Numbers of a sector, [class], of one layer.
 Json ClassesJson(int sector, RoseLayer layer) {
     Json classes = Json::array();
-    for (int c = 0; c <= gRoseSectors.Classes(); ++c) {
+    for (int c = 0; c <= gRoseSectors->Classes(); ++c) {
         classes.push_back(gRoseSectors(sector, c, layer));
     }
     return classes;
@@ -24,7 +24,7 @@ Json ClassesJson(int sector, RoseLayer layer) {
 
 Json SectorsJson() {
     Json sectors = Json::array();
-    for (int s = 1; s <= gRoseSectors.Sectors(); ++s) {
+    for (int s = 1; s <= gRoseSectors->Sectors(); ++s) {
         sectors.push_back({{"sector", s},
                            {"azimuths", SectorBoundsText(s)},
                            {"frequency", ClassesJson(s, kRoseFrequencyLayer)},
@@ -35,9 +35,9 @@ Json SectorsJson() {
 
 Json RadiiJson() {
     Json radii = Json::array();
-    for (int s = 0; s <= gRoseRadii.Sectors(); ++s) {
+    for (int s = 0; s <= gRoseRadii->Sectors(); ++s) {
         Json row = Json::array();
-        for (int c = 0; c <= gRoseRadii.Classes(); ++c) {
+        for (int c = 0; c <= gRoseRadii->Classes(); ++c) {
             row.push_back(gRoseRadii(s, c));
         }
         radii.push_back(std::move(row));
@@ -47,7 +47,7 @@ Json RadiiJson() {
 
 Json WedgesJson() {
     Json wedges = Json::array();
-    for (const RoseWedge& wedge : gRoseWedges) {
+    for (const RoseWedge& wedge : ActiveRose().wedges) {
         wedges.push_back({{"sector", wedge.sector},
                           {"class", wedge.classNumber},
                           {"layer", wedge.layer},
@@ -62,12 +62,13 @@ Json WedgesJson() {
 } // namespace
 
 Json RoseJson() {
-    if (gRoseTablesSlot != gActivePlot) {
+    const PlotRose& rose = ActiveRose();
+    if (!rose.isCounted) {
         return nullptr;
     }
-    return {{"sectors", SectorsJson()}, {"stats", gRoseSectorStats}, {"trigSums", gRoseTrigSums},
-            {"radii", RadiiJson()},     {"total", gRoseTotal},       {"wedges", WedgesJson()},
-            {"leftOut", gRoseLeftOut}};
+    return {{"sectors", SectorsJson()}, {"stats", rose.sectorStats}, {"trigSums", rose.trigSums},
+            {"radii", RadiiJson()},     {"total", rose.total},       {"wedges", WedgesJson()},
+            {"leftOut", rose.leftOut}};
 }
 
 } // namespace quandrel

@@ -204,12 +204,10 @@ void DrawLinesSample(Surface& surface) {
 }
 
 SampleWedges DrawRoseSamples(Surface& surface) {
-    const SampleValue radii(gRoseRadii, RoseRadiiTable());
-    const SampleValue wedges(gRoseWedges, std::vector<RoseWedge>());
-    const SampleValue start(gRoseStartMath, 0.0);
-    const SampleValue directional(gRoseDirectional, false);
     const SampleValue compass(gShowCompassPoints, false);
     const SamplePlot plot(surface, kRose);
+    PlotRose& rose = ActiveRose();
+    rose = {};
     PlotRecord& record = gPlots[0];
     record.RoseDisplay6 = 0;
     record.RoseDisplay7 = 0;
@@ -223,10 +221,10 @@ SampleWedges DrawRoseSamples(Surface& surface) {
     for (int number = 0; number < kSampleRoses; ++number) {
         SetPlotDrawMode();
         surface.SetUserScale(ScaleOfRoseNumber(number));
-        gRoseWedges.clear();
+        rose.wedges.clear();
         kRoses[static_cast<std::size_t>(number)]();
         DrawRoseScale();
-        drawn[static_cast<std::size_t>(number)] = gRoseWedges;
+        drawn[static_cast<std::size_t>(number)] = rose.wedges;
     }
     return drawn;
 }

@@ -94,16 +94,17 @@ bool IsWorkedOn(const PlotRecord& record) {
 /// The median of grouped data is that of the rows repeated as often as they count, and the weights
 /// of a bias correction count as they do for the mean.
 void FindMedian(PlotRecord& record, AngleSense sense) {
+    const std::vector<AngleCount>& azimuths = ActiveRose().azimuths;
     if (gFormulas == Formulas::Textbook) {
-        const LeastDeviation least = TextbookMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
+        const LeastDeviation least = TextbookMedian(azimuths, record.RoseMeanDir[0], sense);
         record.RoseMedian = least.median;
         record.RoseMeanDev = least.deviation;
         return;
     }
-    const double median = GroupedCircularMedian(gRoseAzimuths, record.RoseMeanDir[0], sense);
+    const double median = GroupedCircularMedian(azimuths, record.RoseMeanDir[0], sense);
     if (median > 0) {
         record.RoseMedian = median;
-        record.RoseMeanDev = CircularMeanDeviation(gRoseAzimuths, median, sense);
+        record.RoseMeanDev = CircularMeanDeviation(azimuths, median, sense);
     }
 }
 
@@ -223,7 +224,7 @@ CircularResults ResultsInRecord(const PlotRecord& record) {
 std::optional<CircularResults> CircularResultsOfActivePlot(Formulas formulas) {
     const PlotRecord& record = ActiveRecord();
     const std::optional<RoseLayer> layer = LayerOfMeasure(MeasureOfRose(record.RoseType));
-    if (gRoseTablesSlot != gActivePlot || !layer || !HasCircularStatistics(record)) {
+    if (!ActiveRose().isCounted || !layer || !HasCircularStatistics(record)) {
         return std::nullopt;
     }
     const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;

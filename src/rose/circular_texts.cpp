@@ -70,7 +70,7 @@ void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularRe
 void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const PlotRecord& record,
                          AngleSense sense) {
     constexpr double kRounding = 1e-9;
-    LeastDeviation median = TextbookMedian(gRoseAzimuths, results.meanDirection[0], sense);
+    LeastDeviation median = TextbookMedian(ActiveRose().azimuths, results.meanDirection[0], sense);
     if (std::abs(median.median - record.RoseMedian) < kRounding) {
         median.median = record.RoseMedian;
     }

@@ -72,7 +72,7 @@ std::string ClassLine(const PlotRecord& record, const RoseWedge& wedge) {
     }
     // The whole of a sector counts observations, its classes count rows.
     double all = 0;
-    for (int c = 1; c <= gRoseSectors.Classes(); ++c) {
+    for (int c = 1; c <= gRoseSectors->Classes(); ++c) {
         all += gRoseSectors(wedge.sector, c, kRoseFrequencyLayer);
     }
     const double rows = gRoseSectors(wedge.sector, wedge.classNumber, kRoseFrequencyLayer);
@@ -85,9 +85,9 @@ std::string ClassLine(const PlotRecord& record, const RoseWedge& wedge) {
 
 std::string SectorBoundsText(int sector) {
     const PlotRecord& record = ActiveRecord();
-    const bool isLast = sector == gRoseSectors.Sectors() && sector > 1;
+    const bool isLast = sector == gRoseSectors->Sectors() && sector > 1;
     const double size = record.RoseSectorSize;
-    const double oddSize = OddSectorOfRose(record, gRoseSectors.Sectors());
+    const double oddSize = OddSectorOfRose(record, gRoseSectors->Sectors());
     const double width = isLast && oddSize > 0 ? oddSize : size;
     const double end = 90 - gRoseStartMath - (sector - 1) * size;
     const std::string bounds = Bounds(end - width, end);
@@ -96,12 +96,11 @@ std::string SectorBoundsText(int sector) {
 }
 
 std::string PetalTip(Point at) {
-    if (gRoseTablesSlot != gActivePlot || !IsOpenSlot(gActivePlot)
-        || ActiveRecord().PlotKind != kRose) {
+    if (!IsOpenSlot(gActivePlot) || !ActiveRose().isCounted || ActiveRecord().PlotKind != kRose) {
         return {};
     }
-    const RoseWedge* const wedge = WedgeAt(gRoseWedges, at);
-    if (wedge == nullptr || wedge->sector > gRoseSectors.Sectors()) {
+    const RoseWedge* const wedge = WedgeAt(ActiveRose().wedges, at);
+    if (wedge == nullptr || wedge->sector > gRoseSectors->Sectors()) {
         return {};
     }
     const PlotRecord& record = ActiveRecord();

@@ -145,7 +145,7 @@ bool PrepareTables(PlotRecord& record, bool recalculate) {
         if (IsRoseRefused()) {
             return false;
         }
-        if (gRoseTablesSlot != gActivePlot || IsRoseStale()) {
+        if (!ActiveRose().isCounted || IsRoseStale()) {
             CountAgain();
         }
         return true;
@@ -166,7 +166,7 @@ bool PrepareTables(PlotRecord& record, bool recalculate) {
             return false;
         }
     }
-    if (gRoseTablesSlot != gActivePlot) {
+    if (!ActiveRose().isCounted) {
         CountAgain();
     }
     return true;
@@ -251,7 +251,7 @@ int FaultOfRose() {
 
 void RosePlot(bool recalculate) {
     PlotRecord& record = ActiveRecord();
-    gRoseWedges.clear();
+    ActiveRose().wedges.clear();
     if (record.NumValidData == 0 || !PrepareTables(record, recalculate)) {
         if (MayAskWhileDrawing()) {
             WriteNumberAlone(record);

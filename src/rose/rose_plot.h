@@ -45,8 +45,8 @@ extern bool gRoseClassWarned;
 /// Draws the rose of gActivePlot, wedges, scale and mean, and writes its statistics into the boxes
 /// of its window. A plot without valid rows draws nothing.
 ///
-/// @param recalculate  counts its rows anew. They are counted also when the tables hold another
-///     plot or are stale; the statistics then stand as long as rows and settings do
+/// @param recalculate  counts its rows anew. They are counted also when they never were, or the
+///     tables are stale; the statistics then stand as long as rows and settings do
 ///
 /// Settings that the data cannot show give a message and a rose of frequencies. When the user does
 /// not want the smaller last sector that a size makes, the old rose of the plot stays, with its

@@ -180,7 +180,7 @@ void RoseRadii(int measure, int singleClass) {
     settings.equalArea = record.RoseEqualArea != 0;
     settings.grouped = record.HasFrequencyColumn != 0;
     settings.sectorSize = record.RoseSectorSize;
-    settings.oddSectorSize = OddSectorOfRose(record, gRoseSectors.Sectors());
+    settings.oddSectorSize = OddSectorOfRose(record, gRoseSectors->Sectors());
     settings.zeroRadius = ZeroRadiusOfRose(record);
     RoseRadiiResult result =
         RadiiOfRose(gRoseSectors, gRoseSectorStats, record.RoseStats, settings);

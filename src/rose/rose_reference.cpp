@@ -123,17 +123,17 @@ void AddTests(ReferenceLines& lines, const CircularReference& reference) {
 
 std::optional<CircularReference> RoseReferenceOfActivePlot() {
     const PlotRecord& record = ActiveRecord();
-    if (record.PlotKind != kRose || gRoseTablesSlot != gActivePlot
-        || !HasCircularStatistics(record)) {
+    if (record.PlotKind != kRose || !ActiveRose().isCounted || !HasCircularStatistics(record)) {
         return std::nullopt;
     }
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
+    const PlotRose& rose = ActiveRose();
     CircularSample sample;
-    sample.sums = gRoseTrigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
+    sample.sums = rose.trigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
     sample.weight = WeightOfStatistics(record);
     sample.count = record.RoseStats[kRoseCount][1];
-    sample.angles = std::span<const double>(gRoseAngles).subspan(gRoseAngles.empty() ? 0 : 1);
-    sample.sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
+    sample.angles = std::span<const double>(rose.angles).subspan(rose.angles.empty() ? 0 : 1);
+    sample.sense = rose.isDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     return ComputeCircularReference(sample);
 }
 

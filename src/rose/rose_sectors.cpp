@@ -17,7 +17,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -45,10 +44,13 @@ constexpr const char* kNoLinesText =
 /// Different texts whose classes are remembered.
 constexpr std::size_t kRememberedNames = 1000;
 
-/// Sizes of a smaller last sector that the user accepted, by slot.
-std::map<int, double>& AcceptedSizes() {
-    static std::map<int, double> sizes;
-    return sizes;
+/// The sector size for which the user accepted a smaller last sector of a plot.
+struct AcceptedSectorSize {
+    double size = 0;
+};
+
+void KeepAcceptedSize(double size) {
+    ActivePlot().attachments.Of<AcceptedSectorSize>().size = size;
 }
 
 /// The value, or the whole number that it is but for rounding.
@@ -79,15 +81,14 @@ bool AcceptsDivision(const SectorDivision& division) {
     if (division.oddSize == 0 || gRoseOddAsked || !MayAskWhileDrawing()) {
         return true;
     }
-    const auto accepted = AcceptedSizes().find(gActivePlot);
-    // Another plot may have had the slot: of a new one there is no smaller sector yet.
-    if (accepted != AcceptedSizes().end() && accepted->second == division.size
+    const auto* accepted = ActivePlot().attachments.Find<AcceptedSectorSize>();
+    if (accepted != nullptr && accepted->size == division.size
         && ActiveRecord().RoseOddSectorSize == division.oddSize) {
         return true;
     }
     gRoseOddAsked = AskToGoOn(kOddSizeQuestion);
     if (gRoseOddAsked) {
-        AcceptedSizes()[gActivePlot] = division.size;
+        KeepAcceptedSize(division.size);
     }
     return gRoseOddAsked;
 }
@@ -260,15 +261,16 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
 }
 
 void Store(RoseTables tables, const SectorLayout& layout, PlotRecord& record) {
-    gRoseSectors = std::move(tables.sectors);
-    gRoseSectorStats = std::move(tables.stats);
-    gRoseTrigSums = tables.trigSums;
-    gRoseAngles = std::move(tables.angles);
-    gRoseAzimuths = std::move(tables.azimuths);
-    gRoseDirectional = layout.directional;
-    gRoseStartMath = layout.startMath;
-    gRoseLeftOut = tables.leftOut;
-    gRoseTablesSlot = gActivePlot;
+    PlotRose& rose = ActiveRose();
+    rose.isCounted = true;
+    rose.sectors = std::move(tables.sectors);
+    rose.sectorStats = std::move(tables.stats);
+    rose.trigSums = tables.trigSums;
+    rose.angles = std::move(tables.angles);
+    rose.azimuths = std::move(tables.azimuths);
+    rose.isDirectional = layout.directional;
+    rose.startMath = layout.startMath;
+    rose.leftOut = tables.leftOut;
     record.RoseStats = tables.totals;
     if (RoseClassOf(record.RoseType) != kRoseUnclassified) {
         record.NumClassified = tables.rowsCounted;
@@ -395,7 +397,7 @@ bool AskForSectorSize(double size) {
     if (!AskToGoOn(kOddSizeQuestion)) {
         return false;
     }
-    AcceptedSizes()[gActivePlot] = division.size;
+    KeepAcceptedSize(division.size);
     return true;
 }
 
@@ -403,14 +405,14 @@ void AcceptSectorSize() {
     PlotRecord& record = ActiveRecord();
     ForgetRoseOfPlot(gActivePlot);
     const SectorDivision division = DivideCircle(record.RoseSectorSize);
-    AcceptedSizes()[gActivePlot] = division.size;
+    KeepAcceptedSize(division.size);
     if (division.oddSize != 0) {
         record.RoseOddSectorSize = division.oddSize;
     }
 }
 
 void ForgetAcceptedSectorSize(int slot) {
-    AcceptedSizes().erase(slot == 0 ? gActivePlot : slot);
+    PlotOf(slot == 0 ? gActivePlot : slot).attachments.Drop<AcceptedSectorSize>();
 }
 
 } // namespace quandrel

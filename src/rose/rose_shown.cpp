@@ -7,11 +7,10 @@
 #include "core/plot_store.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
-#include "rose/rose_wedges.h"
 
 #include <array>
+#include <optional>
 #include <string>
-#include <unordered_map>
 
 namespace quandrel {
 
@@ -32,7 +31,6 @@ struct CountedFrom {
 
 /// Settings that go back into the record.
 struct RoseSettingsShown {
-    std::string file; ///< of the plot, as a slot may have held another one
     CountedFrom counted;
     Formulas formulas = Formulas::Own; ///< of its circular statistics
     ClassTableCells classTable;
@@ -46,16 +44,14 @@ struct RoseSettingsShown {
     std::string scaleType;
 };
 
-struct RoseRefused {
-    std::string file; ///< likewise
-    CountedFrom counted;
+/// What is known of the rose of a plot.
+struct RoseKnown {
+    std::optional<RoseSettingsShown> shown;
+    std::optional<CountedFrom> refused;
 };
 
-std::unordered_map<int, RoseSettingsShown> shownRoses;
-std::unordered_map<int, RoseRefused> refusedRoses;
-
-std::string FileOf(const PlotRecord& record) {
-    return record.FileNames[1] + "\n" + record.FileTitle;
+RoseKnown& ActiveKnown() {
+    return ActivePlot().attachments.Of<RoseKnown>();
 }
 
 CountedFrom CountOf(const PlotRecord& record) {
@@ -78,8 +74,8 @@ CountedFrom CountOf(const PlotRecord& record) {
 
 void RememberRose() {
     const PlotRecord& record = ActiveRecord();
-    RoseSettingsShown& shown = shownRoses[gActivePlot];
-    shown.file = FileOf(record);
+    RoseKnown& known = ActiveKnown();
+    RoseSettingsShown& shown = known.shown.emplace();
     shown.counted = CountOf(record);
     shown.formulas = gFormulas;
     shown.classTable = record.ClassTable;
@@ -91,24 +87,23 @@ void RememberRose() {
     shown.sectorFraction = record.RoseSectorFraction;
     shown.zeroCircle = record.RoseZeroCircle;
     shown.scaleType = record.RoseScaleType;
-    refusedRoses.erase(gActivePlot);
+    known.refused.reset();
 }
 
 bool IsRoseStale() {
     const PlotRecord& record = ActiveRecord();
-    const auto shown = shownRoses.find(gActivePlot);
-    return record.RowsChanged != 0 || shown == shownRoses.end()
-           || shown->second.counted != CountOf(record) || shown->second.formulas != gFormulas;
+    const std::optional<RoseSettingsShown>& shown = ActiveKnown().shown;
+    return record.RowsChanged != 0 || !shown || shown->counted != CountOf(record)
+           || shown->formulas != gFormulas;
 }
 
 bool RestoreRose() {
     PlotRecord& record = ActiveRecord();
-    const auto found = shownRoses.find(gActivePlot);
-    if (found == shownRoses.end() || record.RoseRangeA[0][0] == 0
-        || found->second.file != FileOf(record)) {
+    std::optional<RoseSettingsShown>& known = ActiveKnown().shown;
+    if (!known || record.RoseRangeA[0][0] == 0) {
         return false;
     }
-    RoseSettingsShown& shown = found->second;
+    RoseSettingsShown& shown = *known;
     CountedFrom& counted = shown.counted;
     record.RoseType = counted.type;
     record.RoseSectorSize = counted.sectorSize;
@@ -135,25 +130,19 @@ bool RestoreRose() {
 
 void RefuseRose() {
     const PlotRecord& record = ActiveRecord();
-    refusedRoses[gActivePlot] = {FileOf(record), CountOf(record)};
-    shownRoses.erase(gActivePlot);
+    ActiveKnown() = {std::nullopt, CountOf(record)};
 }
 
 bool IsRoseRefused() {
-    const PlotRecord& record = ActiveRecord();
-    const auto refused = refusedRoses.find(gActivePlot);
-    return refused != refusedRoses.end() && refused->second.file == FileOf(record)
-           && refused->second.counted == CountOf(record);
+    const std::optional<CountedFrom>& refused = ActiveKnown().refused;
+    return refused && *refused == CountOf(ActiveRecord());
 }
 
 void ForgetRoseOfPlot(int slot) {
-    shownRoses.erase(slot);
-    refusedRoses.erase(slot);
+    PlotAttachments& attachments = PlotOf(slot).attachments;
+    attachments.Drop<RoseKnown>();
+    attachments.Drop<PlotRose>();
     ForgetAcceptedSectorSize(slot);
-    if (gRoseTablesSlot == slot) {
-        gRoseTablesSlot = 0;
-        gRoseWedges.clear();
-    }
 }
 
 } // namespace quandrel

@@ -20,8 +20,8 @@ void RememberRose();
 /// Notes that the user wants no rose of this sector size, and that there is none to stay.
 void RefuseRose();
 
-/// Forgets whatever is kept of the plot of a slot beside its record: to be called when it closes
-/// and before another one comes to the slot from a file.
+/// Forgets whatever is kept of the rose of a plot beside its record: to be called before another
+/// one comes to the slot from a file.
 void ForgetRoseOfPlot(int slot);
 
 /// True while that holds: the plot has the same rows and size, and no rose.

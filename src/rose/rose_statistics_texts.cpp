@@ -61,10 +61,11 @@ std::string AmountText(const PlotRecord& record, int measure, double amount) {
 }
 
 std::string LeftOutLine() {
-    if (gRoseTablesSlot != gActivePlot || gRoseLeftOut == 0) {
+    const PlotRose& rose = ActiveRose();
+    if (!rose.isCounted || rose.leftOut == 0) {
         return {};
     }
-    return Line(std::to_string(gRoseLeftOut) + (gRoseLeftOut == 1 ? " row" : " rows")
+    return Line(std::to_string(rose.leftOut) + (rose.leftOut == 1 ? " row" : " rows")
                 + " without a valid value left out");
 }
 

@@ -2,19 +2,16 @@
 
 #include "rose/rose_tables.h"
 
+#include "core/plot_store.h"
+
 namespace quandrel {
 
-RoseSectorTable gRoseSectors;
-RoseSectorStats gRoseSectorStats;
-RoseTrigSums gRoseTrigSums{};
-std::vector<double> gRoseAngles;
-std::vector<AngleCount> gRoseAzimuths;
-RoseRadiiTable gRoseRadii;
-double gRoseTotal = 0;
-bool gRoseDirectional = false;
-double gRoseStartMath = 0;
-bool gRoseOddAsked = false;
-std::int32_t gRoseLeftOut = 0;
-int gRoseTablesSlot = 0;
+PlotRose& RoseOf(Plot& plot) {
+    return plot.attachments.Of<PlotRose>();
+}
+
+PlotRose& ActiveRose() {
+    return RoseOf(ActivePlot());
+}
 
 } // namespace quandrel

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
-// The working tables of the rose drawn last: made by its data pass, read by its statistics and its
-// drawing. Sector 0 of each table is a header or total; real sectors are 1 to n, classes 1 to m.
+// The rose of a plot: its tables, made by its data pass, read by its statistics and its drawing,
+// and its petals. Sector 0 of each table is a header or total; real sectors are 1 to n, classes 1
+// to m. Each plot has its own, so that drawing another one leaves it as it is.
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/plot.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace quandrel {
@@ -137,17 +140,73 @@ struct AngleCount {
 using RoseSectorStats = std::vector<std::array<double, 7>>; ///< [sector][RoseStatsColumn]
 using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][sin a, cos a, sin b, cos b]
 
-extern RoseSectorTable gRoseSectors;
-extern RoseSectorStats gRoseSectorStats; ///< row 0: sums over the sectors
-extern RoseTrigSums gRoseTrigSums;
-extern std::vector<double> gRoseAngles; ///< azimuths of the observations, radians; place 0 unused
-extern std::vector<AngleCount> gRoseAzimuths; ///< azimuths, radians, and their weighted counts
-extern RoseRadiiTable gRoseRadii;
-extern double gRoseTotal;         ///< what is 100 % in gRoseRadii
-extern bool gRoseDirectional;     ///< polar lines: a direction is not its opposite
-extern double gRoseStartMath;     ///< degrees counter-clockwise from east: where sector 1 starts
-extern bool gRoseOddAsked;        ///< the question for a smaller last sector was answered yes
-extern std::int32_t gRoseLeftOut; ///< rows without a valid value, skipped by the data pass
-extern int gRoseTablesSlot;       ///< the plot that the tables belong to, 0 for none
+/// A petal, or a part of one, as it was drawn. Its geometry is that of rose_wedges.h.
+struct RoseWedge {
+    double start = 0; ///< 0 to 2 pi
+    double end = 0;   ///< 0 to 2 pi
+    double radius = 0;
+    int sector = 1;
+    int classNumber = 0; ///< 0: the whole sector, which has no classes
+    int layer = 0;       ///< of an overlaid rose: 0 on top
+    bool mirror = false; ///< the opposite of an axial sector
+};
+
+/// The rose of a plot.
+struct PlotRose {
+    bool isCounted = false; ///< the tables are filled with the rows of the plot
+    RoseSectorTable sectors;
+    RoseSectorStats sectorStats; ///< row 0: sums over the sectors
+    RoseTrigSums trigSums{};
+    std::vector<double> angles;       ///< azimuths of the observations, radians; place 0 unused
+    std::vector<AngleCount> azimuths; ///< azimuths, radians, and their weighted counts
+    std::int32_t leftOut = 0;         ///< rows without a valid value, skipped by the data pass
+    bool isDirectional = false;       ///< polar lines: a direction is not its opposite
+    double startMath = 0;    ///< degrees counter-clockwise from east: where sector 1 starts
+    bool isOddAsked = false; ///< the question for a smaller last sector was answered yes
+    RoseRadiiTable radii;
+    double total = 0;              ///< what is 100 % in radii
+    std::vector<RoseWedge> wedges; ///< drawn last, in their order. Empty when there are none
+};
+
+/// The rose of a plot; an empty one when it was never counted.
+[[nodiscard]] PlotRose& RoseOf(Plot& plot);
+
+/// The rose of gActivePlot.
+[[nodiscard]] PlotRose& ActiveRose();
+
+/// A part of the rose of gActivePlot under its given name. It has no state of its own.
+template <auto Part>
+class ActiveRosePart {
+public:
+    using Value = std::remove_reference_t<decltype(std::declval<PlotRose&>().*Part)>;
+
+    operator Value&() const { return ActiveRose().*Part; }
+
+    Value& operator=(Value value) const { return ActiveRose().*Part = std::move(value); }
+
+    Value& operator*() const { return ActiveRose().*Part; }
+
+    Value* operator->() const { return &(ActiveRose().*Part); }
+
+    template <class... Places>
+    decltype(auto) operator()(Places... places) const {
+        return (ActiveRose().*Part)(places...);
+    }
+
+    template <class Place>
+    decltype(auto) operator[](Place place) const {
+        return (ActiveRose().*Part)[place];
+    }
+};
+
+inline constexpr ActiveRosePart<&PlotRose::sectors> gRoseSectors;
+inline constexpr ActiveRosePart<&PlotRose::sectorStats> gRoseSectorStats;
+inline constexpr ActiveRosePart<&PlotRose::trigSums> gRoseTrigSums;
+inline constexpr ActiveRosePart<&PlotRose::angles> gRoseAngles;
+inline constexpr ActiveRosePart<&PlotRose::radii> gRoseRadii;
+inline constexpr ActiveRosePart<&PlotRose::total> gRoseTotal;
+inline constexpr ActiveRosePart<&PlotRose::isDirectional> gRoseDirectional;
+inline constexpr ActiveRosePart<&PlotRose::startMath> gRoseStartMath;
+inline constexpr ActiveRosePart<&PlotRose::isOddAsked> gRoseOddAsked;
 
 } // namespace quandrel

@@ -15,8 +15,6 @@
 
 namespace quandrel {
 
-std::vector<RoseWedge> gRoseWedges;
-
 namespace {
 
 constexpr int kWedgeRow = 16;      // style of petals without classes
@@ -229,7 +227,7 @@ RoseWedgeSettings SettingsOfLayer(const PlotRecord& record, int layer) {
     RoseWedgeSettings settings;
     settings.startMath = gRoseStartMath;
     settings.sectorSize = record.RoseSectorSize;
-    settings.oddSectorSize = OddSectorOfRose(record, gRoseRadii.Sectors());
+    settings.oddSectorSize = OddSectorOfRose(record, gRoseRadii->Sectors());
     settings.fraction =
         FractionOfLayer(std::clamp<int>(record.RoseSectorFraction, 1, 100) / 100.0, layer);
     settings.zeroRadius = ZeroRadiusOfRose(record);
@@ -244,7 +242,7 @@ void DrawLowerOutlines(Surface& surface) {
     DrawState state = surface.State();
     state.fillStyle = kNoFill;
     surface.SetState(state);
-    for (const RoseWedge& wedge : gRoseWedges) {
+    for (const RoseWedge& wedge : ActiveRose().wedges) {
         if (wedge.layer > 0) {
             surface.Wedge({}, wedge.radius, wedge.start, wedge.end,
                           TableColour(FillOfRoseLayer(wedge.layer).colour));
@@ -336,8 +334,9 @@ void DrawRoseWedges(int /*style*/, int layer) {
     const SavedState saved(surface);
     const RoseWedgeSettings settings = SettingsOfLayer(record, drawn);
     const std::vector<RoseWedge> wedges = WedgesOfRose(gRoseRadii, settings);
+    std::vector<RoseWedge>& all = ActiveRose().wedges;
     WedgePainter(surface, settings, gRoseRadii).Draw(wedges);
-    gRoseWedges.insert(gRoseWedges.end(), wedges.begin(), wedges.end());
+    all.insert(all.end(), wedges.begin(), wedges.end());
     if (drawn == 0) {
         DrawLowerOutlines(surface);
         DrawBlanks(surface, record);

@@ -16,19 +16,6 @@
 
 namespace quandrel {
 
-struct RoseWedge {
-    double start = 0; ///< 0 to 2 pi
-    double end = 0;   ///< 0 to 2 pi
-    double radius = 0;
-    int sector = 1;
-    int classNumber = 0; ///< 0: the whole sector, which has no classes
-    int layer = 0;       ///< of an overlaid rose: 0 on top
-    bool mirror = false; ///< the opposite of an axial sector
-};
-
-/// The wedges of the rose drawn last, in the order of their drawing. Empty when there is none.
-extern std::vector<RoseWedge> gRoseWedges;
-
 struct RoseWedgeSettings {
     double startMath = 80;    ///< degrees counter-clockwise from east, where sector 1 starts
     double sectorSize = 10;   ///< degrees
@@ -75,8 +62,9 @@ struct RoseFill {
 /// quarter of its sector narrower, but never without width.
 [[nodiscard]] double FractionOfLayer(double fraction, int layer);
 
-/// Draws the wedges of gRoseRadii and adds them to gRoseWedges. Layer 0 is the last one: behind it
-/// come the outlines of the layers below it, the zero circle, and the blank of a half rose.
+/// Draws the wedges of gRoseRadii and adds them to those of the rose. Layer 0 is the last one:
+/// behind it come the outlines of the layers below it, the zero circle, and the blank of a half
+/// rose.
 ///
 /// @param style  RoseHistStyle. Kept: it plays no part, wedges are always drawn
 /// @param layer  0 to 2; above counts as 0

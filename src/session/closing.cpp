@@ -12,7 +12,6 @@
 #include "edit/selection/marquee.h"
 #include "persistence/ascii_plot_file.h"
 #include "platform/platform.h"
-#include "rose/rose_shown.h"
 
 #include <algorithm>
 #include <vector>
@@ -152,7 +151,6 @@ void CloseWithLinks(int slot) {
     LeaveEditsOf(slot);
     BreakDerivedLinks(slot);
     ClosePlot(slot);
-    ForgetRoseOfPlot(slot);
 }
 
 bool QueryClose(int slot, Closing closing) {

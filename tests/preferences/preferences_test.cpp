@@ -453,7 +453,7 @@ TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
     const int slot = NewPlot();
     AddRow(30, 120);
     gRoseRadii = RoseRadiiTable(3, 1);
-    gRoseWedges.resize(2);
+    ActiveRose().wedges.resize(2);
     gPlots[0].PlotTitle = "untouched";
     RecordingSurface surface(600, 200);
     const SampleWedges wedges = DrawRoseSamples(surface);
@@ -462,8 +462,8 @@ TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
     DrawLinesSample(surface);
     EXPECT_EQ(gActivePlot, slot);
     EXPECT_EQ(gPlots[0].PlotTitle, "untouched");
-    EXPECT_EQ(gRoseRadii.Sectors(), 3);
-    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(gRoseRadii->Sectors(), 3);
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U);
     EXPECT_FALSE(IsDrawingElsewhere());
     EXPECT_EQ(gPlotAxesStyle, 0);
     EXPECT_TRUE(DrawnOn(Form(slot).Plot()).empty());

@@ -76,7 +76,7 @@ protected:
     /// Lengths of the petals over the longest one.
     static std::vector<double> Radii() {
         std::vector<double> radii;
-        for (int s = 1; s <= gRoseRadii.Sectors(); ++s) {
+        for (int s = 1; s <= gRoseRadii->Sectors(); ++s) {
             radii.push_back(gRoseRadii(s, 0));
         }
         return radii;
@@ -89,13 +89,13 @@ TEST_F(BothEnds, FillThePetalAboutNorth) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.RoseRangeB[0][0], 100) << "per cent in 340 to 20";
     EXPECT_EQ(record.RoseRangeB[0][1], 9);
-    ASSERT_EQ(gRoseWedges.size(), 3U);
-    EXPECT_NEAR(RadToDeg(gRoseWedges[0].start), 70, 1e-9) << "20 clockwise from north";
-    EXPECT_NEAR(RadToDeg(gRoseWedges[0].end), 110, 1e-9);
-    EXPECT_NEAR(gRoseWedges[0].radius, 1000, 1e-9);
-    EXPECT_NEAR(gRoseWedges[1].radius, 4000 / 9.0, 1e-9) << "180 to 220";
-    EXPECT_NEAR(gRoseWedges[2].radius, 5000 / 9.0, 1e-9) << "140 to 180";
-    EXPECT_FALSE(std::ranges::any_of(gRoseWedges, &RoseWedge::mirror));
+    ASSERT_EQ(ActiveRose().wedges.size(), 3U);
+    EXPECT_NEAR(RadToDeg(ActiveRose().wedges[0].start), 70, 1e-9) << "20 clockwise from north";
+    EXPECT_NEAR(RadToDeg(ActiveRose().wedges[0].end), 110, 1e-9);
+    EXPECT_NEAR(ActiveRose().wedges[0].radius, 1000, 1e-9);
+    EXPECT_NEAR(ActiveRose().wedges[1].radius, 4000 / 9.0, 1e-9) << "180 to 220";
+    EXPECT_NEAR(ActiveRose().wedges[2].radius, 5000 / 9.0, 1e-9) << "140 to 180";
+    EXPECT_FALSE(std::ranges::any_of(ActiveRose().wedges, &RoseWedge::mirror));
 }
 
 TEST_F(BothEnds, AreToldByTipsAndLegend) {
@@ -156,12 +156,12 @@ TEST_F(BothEnds, ShowAHalfOfTheSamePetals) {
     AddAxesAboutNorth();
     RosePlot();
     const std::vector<double> whole = Radii();
-    const auto wedges = gRoseWedges.size();
+    const auto wedges = ActiveRose().wedges.size();
     for (std::int16_t shape = 1; shape <= 4; ++shape) {
         ActiveRecord().RoseShape = shape;
         RosePlot();
         EXPECT_EQ(Radii(), whole) << shape;
-        EXPECT_EQ(gRoseWedges.size(), wedges) << "what lies in the other half is covered";
+        EXPECT_EQ(ActiveRose().wedges.size(), wedges) << "what lies in the other half is covered";
         EXPECT_EQ(ActiveRecord().RoseRangeB[0][0], 100);
     }
 }

@@ -136,9 +136,9 @@ TEST_F(PetalTips, AreOfTheRoseDrawnLastAlone) {
     AddRow(10, 12);
     RosePlot();
     ASSERT_NE(TipAt(15, 500), "");
-    gRoseTablesSlot = gActivePlot + 1;
+    ActiveRose().isCounted = false;
     EXPECT_EQ(TipAt(15, 500), "");
-    gRoseTablesSlot = gActivePlot;
+    ActiveRose().isCounted = true;
     ActiveRecord().PlotKind = kEqualArea;
     EXPECT_EQ(TipAt(15, 500), "");
 }

@@ -148,22 +148,22 @@ protected:
     static std::string Faults() {
         FieldCheck check;
         VisitPlotFields(ActiveRecord(), check);
-        for (const std::array<double, 7>& row : gRoseSectorStats) {
+        for (const std::array<double, 7>& row : *gRoseSectorStats) {
             check("stats", row);
         }
-        check("trig sums", gRoseTrigSums);
-        for (int s = 0; s <= gRoseSectors.Sectors(); ++s) {
-            for (int c = 0; c <= gRoseSectors.Classes(); ++c) {
+        check("trig sums", *gRoseTrigSums);
+        for (int s = 0; s <= gRoseSectors->Sectors(); ++s) {
+            for (int c = 0; c <= gRoseSectors->Classes(); ++c) {
                 check("sectors", gRoseSectors(s, c, kRoseFrequencyLayer));
                 check("sectors", gRoseSectors(s, c, kRoseValueLayer));
             }
         }
-        for (int s = 0; s <= gRoseRadii.Sectors(); ++s) {
-            for (int c = 0; c <= gRoseRadii.Classes(); ++c) {
+        for (int s = 0; s <= gRoseRadii->Sectors(); ++s) {
+            for (int c = 0; c <= gRoseRadii->Classes(); ++c) {
                 check("radii", gRoseRadii(s, c));
             }
         }
-        for (const RoseWedge& wedge : gRoseWedges) {
+        for (const RoseWedge& wedge : ActiveRose().wedges) {
             check("wedges", std::array{wedge.start, wedge.end, wedge.radius});
         }
         std::string bad = check.Bad();

@@ -390,11 +390,11 @@ TEST_F(RoseGoTest, LeavesNoTraceWhenTheSizeIsNotWanted) {
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     Record().Modified = 0;
     const RoseTraces before = TracesOf(Record());
-    const std::vector<RoseWedge> petals = gRoseWedges;
+    const std::vector<RoseWedge> petals = ActiveRose().wedges;
     Expect("odd sector size", Button::Cancel);
     EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Cancelled);
     EXPECT_EQ(TracesOf(Record()), before);
-    EXPECT_EQ(gRoseWedges.size(), petals.size());
+    EXPECT_EQ(ActiveRose().wedges.size(), petals.size());
     EXPECT_EQ(requests.Causes().size(), 1U);
     Expect("odd sector size");
     EXPECT_EQ(ApplyRoseSettings(UnwantedRose()).verdict, RoseVerdict::Done);
@@ -419,19 +419,19 @@ TEST_F(RoseGoTest, LeavesAStereoPlotWhenTheSizeIsNotWanted) {
 
 TEST_F(RoseGoTest, KeepsTheOldRoseWhenTheSizeIsNotWanted) {
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
-    const auto before = gRoseSectors.Sectors();
+    const auto before = gRoseSectors->Sectors();
     RoseSettings rose;
     rose.sectorSize = 7;
     rose.shape = 2;
     rose.startAngle = 5;
     Expect("odd sector size", Button::Cancel);
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Cancelled);
-    EXPECT_EQ(gRoseSectors.Sectors(), before);
+    EXPECT_EQ(gRoseSectors->Sectors(), before);
     EXPECT_EQ(Record().RoseSectorSize, 10);
     EXPECT_EQ(Record().RoseShape, 0);
     EXPECT_EQ(Record().RoseStartAngle, 0);
     RosePlot(false); // nothing is asked
-    EXPECT_EQ(gRoseSectors.Sectors(), before);
+    EXPECT_EQ(gRoseSectors->Sectors(), before);
 }
 
 TEST(CorrectedBiasValue, IsTheNearestThatCounts) {

@@ -83,7 +83,7 @@ protected:
     static PlotRecord& Record() { return ActiveRecord(); }
 
     [[nodiscard]] static const RoseWedge* WedgeEndingAt(double azimuth) {
-        for (const RoseWedge& wedge : gRoseWedges) {
+        for (const RoseWedge& wedge : ActiveRose().wedges) {
             if (std::abs(std::remainder(90 - azimuth - Degrees(wedge.start), 360)) < 1e-6) {
                 return &wedge;
             }
@@ -93,9 +93,9 @@ protected:
 };
 
 TEST_F(RosePlotTest, DrawsNothingWithoutRows) {
-    gRoseWedges.resize(3);
+    ActiveRose().wedges.resize(3);
     RosePlot();
-    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(ActiveRose().wedges.empty());
     EXPECT_TRUE(DrawnOn(Form(gActivePlot).Plot()).empty());
     EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "No. of Data = 0\r\n");
     EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsAdvanced), "No. of Data = 0\r\n");
@@ -104,7 +104,7 @@ TEST_F(RosePlotTest, DrawsNothingWithoutRows) {
 TEST_F(RosePlotTest, GivesEachDirectionItsPetal) {
     AddFourRows();
     RosePlot();
-    ASSERT_EQ(gRoseWedges.size(), 2U);
+    ASSERT_EQ(ActiveRose().wedges.size(), 2U);
     const RoseWedge* north = WedgeEndingAt(10);
     const RoseWedge* east = WedgeEndingAt(100);
     ASSERT_TRUE(north != nullptr && east != nullptr);
@@ -133,7 +133,7 @@ TEST_F(RosePlotTest, MirrorsLines) {
     AddFourRows();
     Record().DataKind = kLines;
     RosePlot();
-    EXPECT_EQ(gRoseWedges.size(), 4U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 4U);
 }
 
 TEST_F(RosePlotTest, WritesBothStatisticsTexts) {
@@ -149,13 +149,13 @@ TEST_F(RosePlotTest, CountsAgainWhenRowsOrSettingsChange) {
     RosePlot();
     AddRows({{200, 1, "1"}});
     RosePlot(false);
-    EXPECT_EQ(gRoseWedges.size(), 3U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 3U);
     Record().RoseSectorSize = 120;
     RosePlot(false);
-    EXPECT_EQ(gRoseSectors.Sectors(), 3);
+    EXPECT_EQ(gRoseSectors->Sectors(), 3);
     Record().RoseType = kRoseValue;
     RosePlot(false);
-    EXPECT_EQ(gRoseTotal, 17);
+    EXPECT_EQ(*gRoseTotal, 17);
 }
 
 TEST_F(RosePlotTest, TakesTheTablesAsTheyStandOtherwise) {
@@ -176,12 +176,18 @@ TEST_F(RosePlotTest, DrawsEachPlotFromItsOwnRows) {
     NewRose();
     AddRows({{300, 1, "1"}});
     RosePlot();
-    EXPECT_EQ(gRoseWedges.size(), 1U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 1U);
     gActivePlot = first;
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U) << "as it was drawn";
+    const double counted = gRoseSectors(0, 0, kRoseValueLayer);
+    gRoseSectors(0, 0, kRoseValueLayer) = 1000; // a count would show
+    RosePlot(false);
+    EXPECT_EQ(gRoseSectors(0, 0, kRoseValueLayer), 1000);
+    gRoseSectors(0, 0, kRoseValueLayer) = counted;
     const double median = Record().RoseMedian;
     RosePlot(false);
-    EXPECT_EQ(gRoseTablesSlot, first);
-    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(gRoseSectors(0, 0, kRoseValueLayer), counted);
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U);
     EXPECT_EQ(Record().RoseMedian, median);
 }
 
@@ -189,10 +195,10 @@ TEST_F(RosePlotTest, StacksTheLayersOfAWindRose) {
     AddRows({{5, 2, "3"}, {95, 1, "4"}}); // energies 54 and 64, speeds 3 and 4
     Record().RoseType = kRoseOverlaidWind;
     RosePlot();
-    ASSERT_EQ(gRoseWedges.size(), 6U);
+    ASSERT_EQ(ActiveRose().wedges.size(), 6U);
     const std::array<int, 6> layers = {2, 2, 1, 1, 0, 0};
     for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(gRoseWedges[i].layer, layers[i]);
+        EXPECT_EQ(ActiveRose().wedges[i].layer, layers[i]);
     }
     EXPECT_NEAR(Record().RoseRangeB[0][1], 64, 1e-9);
     EXPECT_NEAR(Record().RoseRangeB[0][0], 6400 / 118.0, 1e-9);
@@ -204,7 +210,7 @@ TEST_F(RosePlotTest, LaysValuesOverFrequenciesAndMeans) {
     AddRows({{5, 2, ""}, {6, 4, ""}, {95, 5, ""}});
     Record().RoseType = kRoseValueOverFrequency;
     RosePlot();
-    EXPECT_EQ(gRoseWedges.size(), 4U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 4U);
     EXPECT_NEAR(Record().RoseRangeB[1][1], 2, 1e-9);
     EXPECT_NEAR(Record().RoseRangeB[0][1], 6, 1e-9);
     Record().RoseType = kRoseValueOverMean;
@@ -226,7 +232,7 @@ TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
                  "Frequency-Azimuth roses.");
         RosePlot();
         EXPECT_EQ(Record().RoseType, 0) << kind;
-        EXPECT_EQ(gRoseWedges.size(), 2U) << kind;
+        EXPECT_EQ(ActiveRose().wedges.size(), 2U) << kind;
         ASSERT_EQ(faults.size(), static_cast<std::size_t>(kind)) << kind;
         EXPECT_EQ(faults.back(), kNoRoseValues) << kind;
     }
@@ -270,7 +276,7 @@ TEST_F(RosePlotTest, WithoutAColumnNamesWhatIsMissing) {
             RosePlot();
             EXPECT_EQ(fault, test.fault) << test.type;
             EXPECT_EQ(Record().RoseType, 0) << test.type;
-            EXPECT_EQ(gRoseWedges.size(), 2U) << test.type;
+            EXPECT_EQ(ActiveRose().wedges.size(), 2U) << test.type;
         }
     }
 }
@@ -301,7 +307,7 @@ TEST_F(RosePlotTest, NamesTheLengthsWhenNoRowFallsInOne) {
            "roses.");
     RosePlot();
     EXPECT_EQ(fault, kNoRoseLengths);
-    EXPECT_EQ(gRoseWedges.size(), 2U) << "never an empty rose";
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U) << "never an empty rose";
 }
 
 TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {
@@ -326,7 +332,7 @@ TEST_F(RosePlotTest, LeavesDeviationsWithoutSpreadEmpty) {
     Record().RoseType = kRoseVariance;
     RosePlot();
     EXPECT_EQ(Record().RoseType, kRoseVariance);
-    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(ActiveRose().wedges.empty());
     EXPECT_EQ(Record().RoseRangeA[0][0], 0);
 }
 
@@ -351,12 +357,12 @@ TEST_F(RosePlotTest, DrawsNoRoseThatTheUserDoesNotWant) {
     Record().RoseSectorSize = 7;
     Expect("odd sector size", Button::Cancel);
     RosePlot();
-    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(ActiveRose().wedges.empty());
     RosePlot(false); // does not ask again
-    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_TRUE(ActiveRose().wedges.empty());
     Record().RoseSectorSize = 10;
     RosePlot(false);
-    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U);
 }
 
 TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
@@ -380,7 +386,7 @@ TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
         const DrawElsewhere elsewhere(page, legend);
         RosePlot(false);
     }
-    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U);
 }
 
 } // namespace quandrel

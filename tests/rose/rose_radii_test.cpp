@@ -269,15 +269,15 @@ TEST_F(RoseRadiiOfPlot, LeavesTheClassesOutForOneClass) {
     record.RoseType = 10;
     record.RoseStats[0] = {4, 4, 4};
     gRoseSectors = RoseSectorTable(2, 3);
-    gRoseSectorStats.assign(3, {});
+    gRoseSectorStats->assign(3, {});
     gRoseSectors(1, 0, kRoseFrequencyLayer) = 4;
     gRoseSectors(1, 2, kRoseFrequencyLayer) = 4;
     RoseRadii(kRoseFrequency);
-    EXPECT_EQ(gRoseRadii.Classes(), 3);
+    EXPECT_EQ(gRoseRadii->Classes(), 3);
     EXPECT_EQ(gRoseRadii(1, 2), 1000);
-    EXPECT_EQ(gRoseTotal, 4);
+    EXPECT_EQ(*gRoseTotal, 4);
     RoseRadii(kRoseFrequency, 1);
-    EXPECT_EQ(gRoseRadii.Classes(), 1);
+    EXPECT_EQ(gRoseRadii->Classes(), 1);
     EXPECT_EQ(gRoseRadii(1, 0), 1000);
 }
 

@@ -191,7 +191,7 @@ TEST_F(RoseReference, IsOfRosesWithStatisticsAlone) {
     EXPECT_FALSE(RoseReferenceOfActivePlot());
     ActiveRecord().RoseType = kRoseFrequency;
     EXPECT_TRUE(RoseReferenceOfActivePlot());
-    gRoseTablesSlot = 0;
+    ActiveRose().isCounted = false;
     EXPECT_FALSE(RoseReferenceOfActivePlot());
 }
 

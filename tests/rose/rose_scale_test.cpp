@@ -145,8 +145,8 @@ protected:
 
     static double LargestRadius() {
         double largest = 0;
-        for (const RoseWedge& wedge : gRoseWedges) {
-            if (wedge.sector != gRoseSectors.Sectors()) {
+        for (const RoseWedge& wedge : ActiveRose().wedges) {
+            if (wedge.sector != gRoseSectors->Sectors()) {
                 largest = std::max(largest, wedge.radius);
             }
         }
@@ -175,7 +175,7 @@ TEST_F(RoseScaleOfPlot, HasItsMarkOfTheLargestSectorAtTheEndOfItsPetal) {
                 EXPECT_NEAR(LargestRadius(), 1000, 1e-6);
             }
             // A petal of 20 % ends at the mark of 20 %, one of 10 % at that of 10 %.
-            for (const RoseWedge& wedge : gRoseWedges) {
+            for (const RoseWedge& wedge : ActiveRose().wedges) {
                 const auto count =
                     static_cast<std::size_t>(gRoseSectors(wedge.sector, 0, kRoseFrequencyLayer));
                 if (wedge.sector != 8) {

@@ -250,9 +250,9 @@ protected:
     /// Rows by class 0 to m of layer 0 over all sectors.
     static std::vector<double> RowsByClass() {
         std::vector<double> sums;
-        for (int c = 0; c <= gRoseSectors.Classes(); ++c) {
+        for (int c = 0; c <= gRoseSectors->Classes(); ++c) {
             double sum = 0;
-            for (int s = 1; s <= gRoseSectors.Sectors(); ++s) {
+            for (int s = 1; s <= gRoseSectors->Sectors(); ++s) {
                 sum += gRoseSectors(s, c, kRoseFrequencyLayer);
             }
             sums.push_back(sum);
@@ -270,18 +270,18 @@ TEST_F(RoseSectors, FillTheTablesAndTheRecord) {
     ActiveRecord().RoseStats[6][2] = 77;
     ActiveRecord().RoseStartAngle = 90;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseSectors.Sectors(), 36);
+    EXPECT_EQ(gRoseSectors->Sectors(), 36);
     EXPECT_EQ(gRoseSectors(1, 0, kRoseFrequencyLayer), 1) << "90 to 100";
     EXPECT_EQ(gRoseSectors(10, 0, kRoseFrequencyLayer), 2) << "0 to 10";
-    EXPECT_EQ(gRoseSectorStats.at(10)[kRoseValueSum], 7);
-    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(5), DegToRad(6), DegToRad(95)}));
+    EXPECT_EQ(gRoseSectorStats->at(10)[kRoseValueSum], 7);
+    EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(5), DegToRad(6), DegToRad(95)}));
     EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][0],
                 std::sin(5 * M_PI / 180) + std::sin(6 * M_PI / 180) + std::sin(95 * M_PI / 180),
                 1e-12);
     EXPECT_TRUE(gRoseDirectional);
-    EXPECT_EQ(gRoseStartMath, 350);
-    EXPECT_EQ(gRoseTablesSlot, gActivePlot);
-    EXPECT_EQ(gRoseLeftOut, 0);
+    EXPECT_EQ(*gRoseStartMath, 350);
+    EXPECT_TRUE(ActiveRose().isCounted);
+    EXPECT_EQ(ActiveRose().leftOut, 0);
     EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{3, 3, 2}));
     EXPECT_EQ(ActiveRecord().RoseStats[1], (std::array<double, 3>{8, 8, 7}));
     EXPECT_EQ(ActiveRecord().RoseStats[6][2], 0) << "of another kind, before";
@@ -296,8 +296,8 @@ TEST_F(RoseSectors, OfAPlotWithoutValidRowsStayAsTheyWere) {
     ActiveRecord().RoseSectorSize = 0.5;
     ActiveRecord().RoseStats[0][0] = 9;
     EXPECT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseTablesSlot, slot);
-    EXPECT_EQ(gRoseSectors(0, 0, kRoseValueLayer), 1);
+    EXPECT_FALSE(ActiveRose().isCounted);
+    EXPECT_EQ(RoseOf(PlotOf(slot)).sectors(0, 0, kRoseValueLayer), 1);
     EXPECT_EQ(ActiveRecord().RoseSectorSize, 0.5);
     EXPECT_EQ(ActiveRecord().RoseStats[0][0], 9);
 }
@@ -330,7 +330,7 @@ TEST_F(RoseSectors, OfPolarLinesThatPointUpAreOppositeTheirLowerEnds) {
     AddRow(-90, 0);
     AddRow(0, 5);
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseAngles,
+    EXPECT_EQ(*gRoseAngles,
               (Sums{0, DegToRad(50), DegToRad(230), DegToRad(175), DegToRad(180), DegToRad(5)}));
     EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][1],
                 -std::cos(5 * M_PI / 180) - 1 + std::cos(5 * M_PI / 180), 1e-12);
@@ -341,7 +341,7 @@ TEST_F(RoseSectors, OfLinesAndOfPlanesTakeNoSenseFromTheSign) {
         NewRose(kind == kLines ? kPrimaryLine : kPrimaryPlane, kind);
         AddRow(-30, 50);
         ASSERT_TRUE(RoseCountSectors());
-        EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(50)})) << kind;
+        EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(50)})) << kind;
     }
 }
 
@@ -351,7 +351,7 @@ TEST_F(RoseSectors, OfTAxesHaveTheTrendsOfTheirLowerEnds) {
     AddRow(-10, 50);
     AddRow(0, 50);
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(50), DegToRad(50)}));
+    EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(50), DegToRad(50)}));
 }
 
 TEST_F(RoseSectors, OfPolarSecondaryLinesFollowTheirSense) {
@@ -363,7 +363,7 @@ TEST_F(RoseSectors, OfPolarSecondaryLinesFollowTheirSense) {
     ActiveRecord().SecondaryFormat = kSecondaryLine;
     ActiveRecord().ShowSecondary = kTrue;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(280)}));
+    EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(280)}));
 }
 
 TEST_F(RoseSectors, OfUpwardPolarLinesAreWeightedAsTheirLowerEnds) {
@@ -389,7 +389,7 @@ TEST_F(RoseSectors, OfShownSecondaryDataAreTheirs) {
     }
     ActiveRecord().ShowSecondary = kTrue;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseAngles, (Sums{0, DegToRad(100)}));
+    EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(100)}));
 }
 
 TEST_F(RoseSectors, BringTheirSizeIntoItsRange) {
@@ -400,7 +400,7 @@ TEST_F(RoseSectors, BringTheirSizeIntoItsRange) {
     ActiveRecord().RoseSectorSize = 400;
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(ActiveRecord().RoseSectorSize, 360);
-    EXPECT_EQ(gRoseSectors.Sectors(), 1);
+    EXPECT_EQ(gRoseSectors->Sectors(), 1);
 }
 
 TEST_F(RoseSectors, AreAskedAboutWhenOneIsSmaller) {
@@ -415,7 +415,7 @@ TEST_F(RoseSectors, AreAskedAboutWhenOneIsSmaller) {
     EXPECT_EQ(box.icon, Icon::Question);
     EXPECT_EQ(box.buttons, Buttons::OkCancel);
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 3);
-    EXPECT_EQ(gRoseSectors.Sectors(), 52);
+    EXPECT_EQ(gRoseSectors->Sectors(), 52);
     EXPECT_EQ(gRoseSectors(52, 0, kRoseFrequencyLayer), 1);
     EXPECT_FALSE(gRoseOddAsked);
 }
@@ -427,7 +427,7 @@ TEST_F(RoseSectors, StayAsTheyAreWhenTheUserThinksBetterOfIt) {
     AddRow(0, 9);
     Expect(kOddQuestion, Button::Cancel);
     EXPECT_FALSE(RoseCountSectors());
-    EXPECT_EQ(gRoseSectors.Sectors(), 36);
+    EXPECT_EQ(gRoseSectors->Sectors(), 36);
     EXPECT_EQ(ActiveRecord().RoseStats[0][0], 1);
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 0);
     Expect(kOddQuestion, Button::Cancel);
@@ -472,7 +472,7 @@ TEST_F(RoseSectors, AreNotAskedAboutOnPagesAndInFiles) {
     RecordingSurface legend{200, 500};
     const DrawElsewhere elsewhere(plot, legend);
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(gRoseSectors.Sectors(), 52);
+    EXPECT_EQ(gRoseSectors->Sectors(), 52);
 }
 
 TEST_F(RoseSectors, AreNotAskedAboutWhenTheQuestionWasAnswered) {
@@ -517,7 +517,7 @@ TEST_F(RoseSectors, ByLengthStandInTheClassesOfTheirNumbers) {
         ASSERT_TRUE(RoseCountSectors());
         EXPECT_EQ(RowsByClass(), test.rows) << test.flags;
         EXPECT_EQ(ActiveRecord().NumClassified, test.rows[0]) << test.flags;
-        EXPECT_EQ(gRoseLeftOut, test.leftOut) << test.flags;
+        EXPECT_EQ(ActiveRose().leftOut, test.leftOut) << test.flags;
     }
 }
 
@@ -534,7 +534,7 @@ TEST_F(RoseSectors, OfValuesByLengthSumThemByClass) {
     EXPECT_EQ(gRoseSectors(sector, 1, kRoseValueLayer), 0);
     EXPECT_EQ(gRoseSectors(sector, 2, kRoseValueLayer), 2.5);
     EXPECT_EQ(gRoseSectors(sector, 3, kRoseValueLayer), 3);
-    EXPECT_EQ(gRoseLeftOut, 1);
+    EXPECT_EQ(ActiveRose().leftOut, 1);
 }
 
 TEST_F(RoseSectors, ByTypeStandInTheClassesOfTheirNames) {
@@ -550,7 +550,7 @@ TEST_F(RoseSectors, ByTypeStandInTheClassesOfTheirNames) {
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(RowsByClass(), (Sums{4, 0, 3, 1}));
     EXPECT_EQ(ActiveRecord().NumClassified, 4);
-    EXPECT_EQ(gRoseLeftOut, 0);
+    EXPECT_EQ(ActiveRose().leftOut, 0);
 }
 
 TEST_F(RoseSectors, ByMoreNamesThanAreRememberedAreStillRight) {
@@ -572,11 +572,11 @@ TEST_F(RoseSectors, ByTypeAsNumberFollowTheDecimalDelimiter) {
     ActiveRecord().ClassTable[0][2] = std::int16_t{1};
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(RowsByClass(), (Sums{3, 1, 1, 1}));
-    EXPECT_EQ(gRoseLeftOut, 3);
+    EXPECT_EQ(ActiveRose().leftOut, 3);
     gDecimalIsComma = true;
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(RowsByClass(), (Sums{2, 0, 1, 1}));
-    EXPECT_EQ(gRoseLeftOut, 4);
+    EXPECT_EQ(ActiveRose().leftOut, 4);
 }
 
 TEST_F(RoseSectors, WithoutClassesLeaveTheCountOfClassifiedRowsAlone) {
@@ -596,7 +596,7 @@ TEST_F(RoseSectors, OfWindReadSpeedsFromTheTexts) {
     EXPECT_EQ(ActiveRecord().RoseStats[4], (std::array<double, 3>{5, 5, 5}));
     EXPECT_EQ(ActiveRecord().RoseStats[5], (std::array<double, 3>{620, 620, 620}));
     EXPECT_EQ(ActiveRecord().RoseStats[6], (std::array<double, 3>{30, 30, 30}));
-    EXPECT_EQ(gRoseLeftOut, 2);
+    EXPECT_EQ(ActiveRose().leftOut, 2);
 }
 
 TEST_F(RoseSectors, OfGroupedRowsCountObservations) {
@@ -606,8 +606,8 @@ TEST_F(RoseSectors, OfGroupedRowsCountObservations) {
     ActiveRecord().HasFrequencyColumn = kTrue;
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{8, 8, 5}));
-    EXPECT_EQ(gRoseAngles.size(), 9U);
-    EXPECT_EQ(gRoseLeftOut, 1);
+    EXPECT_EQ(gRoseAngles->size(), 9U);
+    EXPECT_EQ(ActiveRose().leftOut, 1);
 }
 
 TEST_F(RoseSectors, AreWeighedByTheSampleLineOfTheRecord) {
@@ -644,7 +644,7 @@ TEST_F(RoseSectors, AreWeighedByTheLinesOfTheRows) {
     record.RoseSamplePlunge = -9999;
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_NEAR(record.RoseStats[0][1], 3, 1e-12);
-    EXPECT_EQ(gRoseLeftOut, 1);
+    EXPECT_EQ(ActiveRose().leftOut, 1);
 }
 
 TEST_F(RoseSectors, WithoutTheLinesOfTheRowsSaySo) {

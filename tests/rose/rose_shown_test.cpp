@@ -111,7 +111,6 @@ TEST_F(RoseShown, RestoresNothingOfAnotherPlot) {
     ReuseSlot();
     EXPECT_FALSE(RestoreRose());
     Record().RoseRangeA[0][0] = 20; // of a file
-    Record().FileTitle = "other";
     EXPECT_FALSE(RestoreRose());
 }
 
@@ -122,11 +121,11 @@ TEST_F(RoseShown, IsRefusedUntilRowsOrSizeChange) {
     EXPECT_FALSE(IsRoseRefused());
     Record().RoseSectorSize = 10;
     EXPECT_TRUE(IsRoseRefused());
-    Record().FileTitle = "another plot in the slot";
-    EXPECT_FALSE(IsRoseRefused());
-    Record().FileTitle.clear();
     RosePlot();
     EXPECT_FALSE(IsRoseRefused()) << "there is one now";
+    RefuseRose();
+    ReuseSlot();
+    EXPECT_FALSE(IsRoseRefused()) << "of another plot in the slot";
 }
 
 TEST_F(RoseShown, AsksAboutTheSizeOfANewPlotInASlot) {
@@ -154,14 +153,17 @@ TEST_F(RoseShown, AsksAboutASizeThatWasForgotten) {
 TEST_F(RoseShown, IsForgottenWhole) {
     Record().RoseScaleType = "tickauto";
     RosePlot();
-    ASSERT_EQ(gRoseTablesSlot, slot);
-    ASSERT_FALSE(gRoseWedges.empty());
-    ForgetRoseOfPlot(slot + 1);
-    EXPECT_EQ(gRoseTablesSlot, slot);
+    ASSERT_TRUE(ActiveRose().isCounted);
+    ASSERT_FALSE(ActiveRose().wedges.empty());
+    const int other = NewPlot();
+    ForgetRoseOfPlot(other);
+    ReleasePlotSlot(other);
+    gActivePlot = slot;
+    EXPECT_TRUE(ActiveRose().isCounted);
     EXPECT_FALSE(IsRoseStale());
     ForgetRoseOfPlot(slot);
-    EXPECT_EQ(gRoseTablesSlot, 0);
-    EXPECT_TRUE(gRoseWedges.empty());
+    EXPECT_FALSE(ActiveRose().isCounted);
+    EXPECT_TRUE(ActiveRose().wedges.empty());
     EXPECT_TRUE(IsRoseStale());
     EXPECT_FALSE(RestoreRose());
     RefuseRose();

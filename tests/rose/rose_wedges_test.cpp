@@ -260,7 +260,7 @@ protected:
         gRoseStartMath = 0;
         gRoseDirectional = true;
         gRoseRadii = RadiiOf({400, 0, 800, 0});
-        gRoseWedges.clear();
+        ActiveRose().wedges.clear();
     }
 
     static PlotRecord& Record() { return ActiveRecord(); }
@@ -294,7 +294,7 @@ TEST_F(DrawRoseWedgesTest, FillsTheWedgesWithTheirStyle) {
     EXPECT_EQ(drawn[0].colour, TableColour(19));
     EXPECT_EQ(drawn[1].radius, 800);
     EXPECT_NEAR(Degrees(drawn[1].start), 180, kClose);
-    EXPECT_EQ(gRoseWedges.size(), 2U);
+    EXPECT_EQ(ActiveRose().wedges.size(), 2U);
 }
 
 TEST_F(DrawRoseWedgesTest, DrawsAxialSectorsTwice) {
@@ -481,9 +481,9 @@ TEST_F(DrawRoseWedgesTest, DrawsTheOutlinesOfLowerLayersOnTop) {
         EXPECT_EQ(drawn[4 + i].state.fillStyle, kNoFill);
         EXPECT_EQ(drawn[4 + i].colour, TableColour(gSymbolTable[i < 2 ? 36 : 37][kPlaceColour]));
     }
-    EXPECT_EQ(gRoseWedges.size(), 4U);
-    EXPECT_EQ(gRoseWedges[0].layer, 2);
-    EXPECT_EQ(gRoseWedges[3].layer, 0);
+    EXPECT_EQ(ActiveRose().wedges.size(), 4U);
+    EXPECT_EQ(ActiveRose().wedges[0].layer, 2);
+    EXPECT_EQ(ActiveRose().wedges[3].layer, 0);
 }
 
 TEST(FillOfRoseClass, TellsClassesBeyondTheTableApart) {

@@ -101,7 +101,7 @@ std::string RoseReadout(const PlotRecord& record, double x, double y) {
     const std::string text =
         gConventions < 0 ? AzimuthToQuadrant(whole) : FormatNumber(whole, "000");
     const SectorLayout layout = LayoutOfRose(record);
-    if (gRoseTablesSlot != gActivePlot || gRoseSectors.Sectors() != layout.sectors) {
+    if (!ActiveRose().isCounted || gRoseSectors->Sectors() != layout.sectors) {
         return text;
     }
     const int drawn = SectorDrawnAt(layout, azimuth);

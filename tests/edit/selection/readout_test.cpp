@@ -126,7 +126,7 @@ TEST_F(Readout, ARoseTellsAzimuthSectorAndCount) {
     }
     record.PlotKind = kRose;
     ASSERT_TRUE(RoseCountSectors());
-    gRoseTablesSlot = gActivePlot;
+    ActiveRose().isCounted = true;
     EXPECT_EQ(ReadoutText(500, 500), "045  [40 to 50: 4 data]");
     EXPECT_EQ(ReadoutText(-500, -500), "225  [220 to 230: 4 data]");
     EXPECT_EQ(ReadoutText(-1, 999), "000  [350 to 360: 0 data]");
@@ -134,7 +134,7 @@ TEST_F(Readout, ARoseTellsAzimuthSectorAndCount) {
     EXPECT_EQ(ReadoutText(0, 1001), "");
     gConventions = -1;
     EXPECT_EQ(ReadoutText(500, 500), "N45E  [40 to 50: 4 data]");
-    gRoseTablesSlot = 0; // the tables are of another rose
+    ActiveRose().isCounted = false;
     EXPECT_EQ(ReadoutText(500, 500), "N45E");
 }
 
@@ -146,7 +146,7 @@ TEST_F(Readout, TheOddLastSectorKeepsItsSize) {
     AddRow(0, 150);
     record.PlotKind = kRose;
     ASSERT_TRUE(RoseCountSectors());
-    gRoseTablesSlot = gActivePlot;
+    ActiveRose().isCounted = true;
     // 0 to 100, 260 to 360, 160 to 260, and 100 to 160 is left.
     EXPECT_EQ(ReadoutText(500 * std::sin(150 * kPi / 180), 500 * std::cos(150 * kPi / 180)),
               "150  [100 to 160: 1 data]");

@@ -134,7 +134,7 @@ TEST_F(PlotDialogsTest, APetalTellsItsSectorAndItsShare) {
     gPlotKind = kRose;
     OpenFile("a.txt", "30\t120\n30\t120\n45\t270\n60\t15\n");
     ASSERT_EQ(ActiveRecord().PlotKind, kRose);
-    ASSERT_FALSE(gRoseWedges.empty());
+    ASSERT_FALSE(ActiveRose().wedges.empty());
     // Strike 030 of the first two rows: its petal reaches the rim.
     const double azimuth = DegToRad(25);
     const std::string tip = PetalTip({500 * std::sin(azimuth), 500 * std::cos(azimuth)});

@@ -190,7 +190,7 @@ TEST_F(RoseDialogTest, GoTakesTheClassesFromTheirBoxes) {
     EXPECT_EQ(TextOf(Record().ClassTable[2][kNameClasses]), "chalk");
     EXPECT_EQ(TextOf(Record().ClassTable[3][kNameClasses]), "sandst");
     double marl = 0;
-    for (int sector = 1; sector <= gRoseSectors.Sectors(); ++sector) {
+    for (int sector = 1; sector <= gRoseSectors->Sectors(); ++sector) {
         marl += gRoseSectors(sector, 2, kRoseFrequencyLayer);
     }
     EXPECT_EQ(marl, 3);
