@@ -431,9 +431,9 @@ std::string BatchSession::Stats(const Command& command) {
         return "'" + kind + "' is none of normal, advanced, reference";
     }
     const std::string text = StatisticsText(kind);
-    if (const auto load = gPlotLoads.find(gActivePlot);
-        load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
-        *answers_ << LoadText(load->second) << '\n';
+    if (const LoadCounters* load = LoadOf(ActivePlot());
+        load != nullptr && ActiveRecord().NumFiles > 0) {
+        *answers_ << LoadText(*load) << '\n';
     }
     *answers_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData)
                                : text)

@@ -404,9 +404,9 @@ void WriteMembers(JsonWriter& writer, const Json& json) {
 Json PartsJson() {
     Json json = Json::object();
     AddParts(json);
-    const auto load = gPlotLoads.find(gActivePlot);
-    if (load != gPlotLoads.end() && ActiveRecord().NumFiles > 0) {
-        json["load"] = LoadJson(load->second);
+    const LoadCounters* load = LoadOf(ActivePlot());
+    if (load != nullptr && ActiveRecord().NumFiles > 0) {
+        json["load"] = LoadJson(*load);
     }
     AddResults(json);
     return json;

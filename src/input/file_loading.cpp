@@ -411,7 +411,7 @@ std::string ReadTextFile(const std::string& command, const std::string& path) {
     const PlotBeforeLoad formerState = StateOf(ActiveRecord());
     TextLoad load(command, path);
     if (load.Run()) {
-        gPlotLoads[gActivePlot] = gLastLoad;
+        KeepLoad(ActivePlot(), gLastLoad);
         return command;
     }
     RestoreFormat(formerFormat);

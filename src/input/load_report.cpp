@@ -12,7 +12,6 @@
 namespace quandrel {
 
 LoadCounters gLastLoad;
-std::map<int, LoadCounters> gPlotLoads;
 
 namespace {
 
@@ -172,6 +171,14 @@ bool CountsUpwardLines(const LineFormat& format, int overlay) {
                               : overlay > 0 ? record.OverlayKind[static_cast<std::size_t>(overlay)]
                                             : record.DataKind;
     return format.primary == kPrimaryLine && kind == kLines;
+}
+
+const LoadCounters* LoadOf(const Plot& plot) {
+    return plot.attachments.Find<LoadCounters>();
+}
+
+void KeepLoad(Plot& plot, const LoadCounters& counters) {
+    plot.attachments.Of<LoadCounters>() = counters;
 }
 
 void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,

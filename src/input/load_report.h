@@ -4,10 +4,10 @@
 
 #pragma once
 
+#include "core/plot.h"
 #include "input/data_line.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,8 +39,11 @@ struct LoadCounters {
 /// The counters of the last load of a text file.
 extern LoadCounters gLastLoad;
 
-/// The counters of the last load into each slot.
-extern std::map<int, LoadCounters> gPlotLoads;
+/// The counters of the last load of a text file into a plot; nothing where there was none.
+[[nodiscard]] const LoadCounters* LoadOf(const Plot& plot);
+
+/// Keeps the counters of a load with its plot.
+void KeepLoad(Plot& plot, const LoadCounters& counters);
 
 /// True when rows that point up are counted: those of gActivePlot that are not plotted with their
 /// sense.

@@ -161,7 +161,7 @@ private:
         NamePlot();
         ForgetUndo(gActivePlot);
         ForgetRotation();
-        gPlotLoads[gActivePlot] = gLastLoad;
+        KeepLoad(plot_, gLastLoad);
         gMIGeoLinks.Add(gActivePlot, std::move(link_));
         record_.MapInfoLinked = kTrue;
     }

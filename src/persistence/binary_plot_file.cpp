@@ -162,7 +162,7 @@ void StoreInActivePlot(BinaryPlot plot, const std::string& path) {
     gGridCount[slot] = plot.gridCount;
     gGridValues[slot] = std::move(plot.gridValues);
     gErrorLines[slot] = std::move(plot.errorLines);
-    gPlotLoads.erase(gActivePlot);
+    ActivePlot().attachments.Drop<LoadCounters>();
     record.RowsChanged = kTrue;
     record.ClassifyCheckPending = IsRoseOfRanges(record) ? std::int16_t{0} : kTrue;
     if (plot.place) {

@@ -36,6 +36,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Kept with a plot of which no copy could be written of late.
+struct LacksCopy {
+    bool isTold = false; ///< or waits to be told
+};
+
 constexpr const char* kLockName = "lock";
 constexpr int kFolderTries = 100;
 
@@ -223,14 +228,12 @@ std::vector<int> RecoverySession::PlotsToWrite() const {
 std::string RecoverySession::Write(int slot) {
     std::string error = WriteCopy(slot);
     if (error.empty()) {
-        failed_.erase(slot);
+        PlotOf(slot).attachments.Drop<LacksCopy>();
         return error;
     }
-    // Under another title it is another plot in the same slot.
-    const std::string& title = RecordOf(slot).PlotTitle;
-    if (const auto known = failed_.find(slot); known == failed_.end() || known->second != title) {
-        failed_[slot] = title;
-        untold_.push_back(title);
+    bool& isTold = PlotOf(slot).attachments.Of<LacksCopy>().isTold;
+    if (!std::exchange(isTold, true)) {
+        untold_.push_back(RecordOf(slot).PlotTitle);
     }
     reason_ = error;
     return error;
@@ -253,9 +256,13 @@ std::string RecoverySession::FailuresToTell() {
 }
 
 bool RecoverySession::LacksCopies() const {
-    return std::ranges::any_of(failed_, [](const auto& plot) {
-        return IsOpenSlot(plot.first) && HoldsUnsavedData(plot.first);
-    });
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot) && HoldsUnsavedData(slot)
+            && PlotOf(slot).attachments.Find<LacksCopy>() != nullptr) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string RecoverySession::WriteCopy(int slot) {
@@ -286,7 +293,6 @@ void RecoverySession::Adopt(const fs::path& copy, int slot) {
 }
 
 void RecoverySession::DropSettled() {
-    std::erase_if(failed_, [](const auto& plot) { return !IsOpenSlot(plot.first); });
     for (auto copy = copies_.begin(); copy != copies_.end();) {
         const int slot = copy->first;
         if (IsOpenSlot(slot) && HoldsUnsavedData(slot)) {

@@ -69,8 +69,7 @@ private:
     std::filesystem::path root_;
     std::unique_ptr<SessionFolder> folder_;
     std::map<int, std::uint64_t> copies_; ///< fingerprints of the plots as they were written
-    std::map<int, std::string> failed_;   ///< titles of plots that have no copy of late
-    std::vector<std::string> untold_;     ///< titles of those of them that nobody knows of
+    std::vector<std::string> untold_;     ///< titles of plots without a copy that nobody knows of
     std::string reason_;                  ///< of the last of them
 };
 

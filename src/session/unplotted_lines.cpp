@@ -45,8 +45,8 @@ std::string ErrorLinesText() {
     std::vector<std::pair<std::int32_t, std::string>> ordered(lines.begin(), lines.end());
     std::sort(ordered.begin(), ordered.end());
     std::string text;
-    if (const auto load = gPlotLoads.find(gActivePlot); load != gPlotLoads.end()) {
-        text = LoadText(load->second) + "\n\n";
+    if (const LoadCounters* load = LoadOf(ActivePlot())) {
+        text = LoadText(*load) + "\n\n";
     }
     text += "row\tline\n";
     for (const auto& [row, line] : ordered) {
@@ -77,9 +77,11 @@ std::string OpeningText() {
     if (!gRecentFiles.empty() && gRecentFiles.front() == workspace.path) {
         return TextOfOpening(workspace);
     }
-    const auto load = gPlotLoads.find(gActivePlot);
-    const bool hasLoad = IsOpenSlot(gActivePlot) && ActiveRecord().NumFiles > 0;
-    return hasLoad && load != gPlotLoads.end() ? LoadText(load->second) : std::string();
+    if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles == 0) {
+        return {};
+    }
+    const LoadCounters* load = LoadOf(ActivePlot());
+    return load != nullptr ? LoadText(*load) : std::string();
 }
 
 } // namespace quandrel

@@ -15,6 +15,18 @@ namespace quandrel {
 
 namespace {
 
+constexpr int kNoPlot = 0;
+
+/// Kept with a plot: the text that was told last of it.
+struct ToldLast {
+    QString text;
+    std::function<bool()> holds; ///< empty for a text that stays until the next one
+};
+
+ToldLast& ToldOf(int slot) {
+    return PlotOf(slot).attachments.Of<ToldLast>();
+}
+
 constexpr int kBarSteps = 1000;
 
 /// Takes everything that the user does in while it lives, and remembers Esc.
@@ -67,7 +79,7 @@ MainStatusLine::MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar)
 
 void MainStatusLine::SetText(std::string_view text) {
     const QString told = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    told_[gActivePlot] = {told, {}};
+    ToldOf(gActivePlot) = {told, {}};
     label_.setText(told);
     ShowHints();
     if (gBusy) {
@@ -78,7 +90,7 @@ void MainStatusLine::SetText(std::string_view text) {
 
 void MainStatusLine::SetTextWhile(std::string_view text, std::function<bool()> holds) {
     SetText(text);
-    told_[gActivePlot].holds = std::move(holds);
+    ToldOf(gActivePlot).holds = std::move(holds);
 }
 
 void MainStatusLine::ShowHint(const QString& hint) {
@@ -91,22 +103,22 @@ void MainStatusLine::FollowPlot(int slot, const QString& standingHint) {
     if (slot != slot_) {
         slot_ = slot;
         hint_.clear();
-        label_.setText(told_[slot].text);
+        label_.setText(ToldOf(slot).text);
     }
     DropWhatHoldsNoLonger(slot);
-    std::erase_if(told_, [](const auto& told) { return !IsOpenSlot(told.first); });
+    ToldOf(kNoPlot) = {};
     ShowHints();
 }
 
 void MainStatusLine::DropWhatHoldsNoLonger(int slot) {
-    const auto told = told_.find(slot);
-    if (told == told_.end() || !told->second.holds || told->second.holds()) {
+    ToldLast& told = ToldOf(slot);
+    if (!told.holds || told.holds()) {
         return;
     }
-    if (label_.text() == told->second.text) {
+    if (label_.text() == told.text) {
         label_.clear();
     }
-    told_.erase(told);
+    told = {};
 }
 
 void MainStatusLine::ShowHints() {

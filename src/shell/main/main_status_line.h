@@ -11,7 +11,6 @@
 #include <QString>
 
 #include <functional>
-#include <map>
 #include <string_view>
 
 class QLabel;
@@ -42,18 +41,12 @@ public:
     [[nodiscard]] bool CancelRequested() override;
 
 private:
-    struct Told {
-        QString text;
-        std::function<bool()> holds; ///< empty for a text that stays until the next one
-    };
-
     void DropWhatHoldsNoLonger(int slot);
     void ShowHints();
 
     QLabel& label_;
     QLabel& hintLabel_;
-    std::map<int, Told> told_; ///< last of each plot
-    int slot_ = 0;             ///< the plot in front
+    int slot_ = 0; ///< the plot in front
     QString hint_;
     QString standingHint_;
     QProgressBar& bar_;
