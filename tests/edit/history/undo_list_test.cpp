@@ -14,6 +14,7 @@
 #include "edit/rows/add_point.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/rows/move_rows.h"
+#include "edit/rows/remove_rows.h"
 #include "edit/rows/row_change.h"
 #include "input/data_rows.h"
 #include "orientation/projection.h"
@@ -155,7 +156,7 @@ protected:
         }
         for (int cell = 0; cell < 3; ++cell) {
             const auto row = static_cast<std::size_t>(Below(static_cast<int>(grid.RowCount())));
-            grid.SetCell(row, static_cast<std::size_t>(1 + Below(6)),
+            grid.SetCell(row, static_cast<std::size_t>(1 + Below(8)),
                          Below(8) == 0 ? "nowhere" : std::to_string(Below(90)));
         }
         if (Below(2) == 0 && grid.AddRow()) {
@@ -467,6 +468,38 @@ TEST_F(UndoList, SelectsTheRowsConcerned) {
     EXPECT_EQ(gSelectionRows, std::vector<std::int32_t>{2});
     RedoLastEdit();
     EXPECT_TRUE(gSelectionRows.empty()) << "the rows are gone again";
+}
+
+TEST_F(UndoList, NumbersTheRowsConcernedAsTheyAreNow) {
+    const int slot = NewPlanes({{10, 10}, {20, 20}, {30, 30}, {40, 40}});
+    AddFields();
+    const Texts before = Rows(slot);
+    EditStep step(kGridEdit, Before<RowChange>);
+    RemoveRows(slot, std::vector<std::int32_t>{1});
+    gDataDip.At(slot, 1) = 21;             // once row 2; as no rows are the same then, the last one
+    gAppText.Set(slot, 2, "another rock"); // counts as gone
+    RebuildRowTable(slot);
+    step.Finish(Redraw::Nothing);
+    const Texts after = Rows(slot);
+    UndoLastEdit();
+    EXPECT_EQ(Rows(slot), before);
+    EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1, 2, 3, 4}));
+    RedoLastEdit();
+    EXPECT_EQ(Rows(slot), after);
+    EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1, 2, 3}));
+}
+
+TEST_F(UndoList, SelectsRowsThatWentAndOneThatChangedByTheirFormerNumbers) {
+    const int slot = NewPlanes({{10, 10}, {20, 20}, {30, 30}, {40, 40}});
+    EditStep step(kGridEdit, Before<RowChange>);
+    gErrorLines[static_cast<std::size_t>(slot)][4] = "a line that was behind it";
+    RemoveRows(slot, std::vector<std::int32_t>{1, 2});
+    step.Finish(Redraw::Nothing);
+    UndoLastEdit();
+    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(slot)].empty());
+    EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1, 2, 4}));
+    RedoLastEdit();
+    EXPECT_EQ(gSelectionRows, std::vector<std::int32_t>{2});
 }
 
 TEST_F(UndoList, OffersTheRotationBeforeTheEditsAgain) {
