@@ -468,7 +468,8 @@ TEST_F(Recovery, AFailureIsNewsAgainAfterACopyOrForAnotherPlot) {
     ASSERT_EQ(UnsavedPlot(), slot);
     RecordOf(slot).PlotTitle = "beds: 1";
     EXPECT_TRUE(isNews(slot)) << "another plot under the same title";
-    RecordOf(slot).PlotTitle = "joints: 1";
+    CloseWithLinks(slot);
+    ASSERT_EQ(UnsavedPlot(), slot);
     EXPECT_TRUE(isNews(slot)) << "another plot before anybody saw that the first was closed";
     fs::remove(folder / "state");
     EXPECT_EQ(session.Write(slot), "");

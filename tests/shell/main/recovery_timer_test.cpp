@@ -197,10 +197,9 @@ TEST_F(RecoveryTimerTest, AFailureIsToldUntilNothingIsUnsaved) {
         RecordOf(slot).Modified = 0;
         main->UpdatePlotState();
         EXPECT_EQ(Info(), "");
-        RecordOf(slot).Modified = kTrue;
-        RecordOf(slot).PlotTitle = "b.txt: 1";
+        OpenChanged("b.txt");
         Click();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return Info().startsWith("b.txt: 1 cannot be kept"); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Info().startsWith("b.txt: 2 cannot be kept"); }));
     }
     main->UpdatePlotState();
     EXPECT_EQ(Info(), "") << "nobody keeps copies any more";

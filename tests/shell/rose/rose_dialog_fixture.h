@@ -38,8 +38,6 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         gRoseClassWarned = true;
-        ForgetAcceptedSectorSize(1);
-        ForgetAcceptedSectorSize(2);
         gPlotKind = kRose;
         AddPlot("veins");
         dialog = std::make_unique<frmRoseDiag>(nullptr);
