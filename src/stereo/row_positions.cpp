@@ -20,8 +20,9 @@ namespace {
 constexpr std::size_t kPlunges = 91;
 constexpr std::size_t kTrends = 361;
 
-/// Where a line falls. No line falls on the default.
-struct NetPlace {
+/// Where a line falls. No line falls on the default. Aligned as the word that it is, for compilers
+/// that otherwise call a library for atomic values.
+struct alignas(std::uint32_t) NetPlace {
     std::int16_t x = std::numeric_limits<std::int16_t>::max();
     std::int16_t y = std::numeric_limits<std::int16_t>::max();
 
