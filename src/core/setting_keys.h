@@ -41,7 +41,7 @@ inline constexpr const char* kNoFontName = "none";
     return "gFileColumnSettings" + std::to_string(slot);
 }
 
-/// What is kept of a font, by its place in gPlotFonts.
+/// What is kept of a font, by its place in gSettings.styles.fonts.
 [[nodiscard]] inline std::string FontKey(const char* what, std::size_t index) {
     return what + std::to_string(index);
 }

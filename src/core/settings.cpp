@@ -25,10 +25,6 @@ bool gPlotWinLast = false;
 std::int16_t gPlotWidthPercent = 50;
 float gPlotAspect = 0.75F;
 std::string gPitchName = "pitch";
-std::int16_t gPlotAxesStyle = 0;
-std::int16_t gRoseAxesStyle = 0;
-bool gRoseOuterCircle = true;
-bool gShowCompassPoints = false;
 std::string gFilesDirectory;
 std::string gLastUsedPath;
 std::string gLastUsedWorkSpacePath;
@@ -36,10 +32,6 @@ std::string gLastUsedWorkSpaceFileName;
 std::string gLastUsedWSpaceFileTitle;
 std::string gLastUsedVersion = "9.4";
 bool gMIToolbarShow = true;
-std::int16_t gShowIsolatedPts = 0;
-bool gShowNorth = false;
-std::uint32_t gPlotBackColour = kStartBackColour;
-std::uint32_t gPlotAxesColour = kStartAxesColour;
 bool gSaveNonDataLines = false;
 std::string gRoseScaleType = "tickauto";
 double gRoseSectorSize = 10;
@@ -50,7 +42,6 @@ std::int16_t gRoseZeroCircle = 0;
 std::int16_t gStatsBoxKind = 0;
 bool gStatisticsShown = true;
 Formulas gFormulas = Formulas::Own;
-std::array<PlotFont, 10> gPlotFonts;
 Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 
 namespace {
@@ -119,7 +110,7 @@ float PlotAspectOf(double aspect) {
 
 void SetDefaultSettings() {
     BuildStyleTables();
-    gPlotFonts = {};
+    gSettings.styles.fonts = {};
     for (const Setting& setting : SettingsTable()) {
         if (setting.take && setting.section != kFonts) {
             setting.take(setting.otherwise);

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "core/plot_record.h"
-#include "platform/surface.h"
+#include "core/style_tables.h"
 #include "platform/window_place.h"
 
 #include <array>
@@ -38,6 +38,12 @@ inline constexpr const char* gDataFileFilter =
 inline constexpr const char* gHintText =
     "<Alt> plus Left mouse button to add points; marquee-select to edit";
 
+// Views on the styles in force.
+inline constinit auto& gPlotAxesStyle = gSettings.styles.plotAxesStyle;
+inline constinit auto& gRoseAxesStyle = gSettings.styles.roseAxesStyle;
+inline constinit auto& gRoseOuterCircle = gSettings.styles.roseOuterCircle;
+inline constinit auto& gShowIsolatedPts = gSettings.styles.showIsolatedPts;
+
 /// Non-zero when the regional decimal delimiter is a comma.
 extern bool gDecimalIsComma;
 
@@ -46,22 +52,14 @@ extern bool gPlotWinLast;              ///< a new plot window takes the size of 
 extern std::int16_t gPlotWidthPercent; ///< width of a new plot window, per cent of the main window
 extern float gPlotAspect;              ///< its height over its width
 extern std::string gPitchName;         ///< "pitch" or "rake"
-extern std::int16_t gPlotAxesStyle;    ///< 0 to 3
-extern std::int16_t gRoseAxesStyle;    ///< 0 to 3
-extern bool gRoseOuterCircle;
-extern bool gShowCompassPoints;
-extern std::string gFilesDirectory; ///< default data folder; empty: where the last file was
+extern std::string gFilesDirectory;    ///< default data folder; empty: where the last file was
 extern std::string gLastUsedPath;
 extern std::string gLastUsedWorkSpacePath;
 extern std::string gLastUsedWorkSpaceFileName;
 extern std::string gLastUsedWSpaceFileTitle;
 extern std::string gLastUsedVersion;
 extern bool gMIToolbarShow;
-extern std::int16_t gShowIsolatedPts;
-extern bool gShowNorth;               ///< nets have an "N" at the top
-extern std::uint32_t gPlotBackColour; ///< behind the net on the screen; red in the low byte
-extern std::uint32_t gPlotAxesColour; ///< of the primitive circle and the axes
-extern bool gSaveNonDataLines;        ///< texts of plots have the lines that are no data too
+extern bool gSaveNonDataLines; ///< texts of plots have the lines that are no data too
 
 extern std::string gRoseScaleType;
 extern double gRoseSectorSize;           ///< degrees
@@ -73,28 +71,6 @@ extern std::int16_t gRoseZeroCircle; ///< per cent
 extern std::int16_t gStatsBoxKind; ///< statistics box of new plots: 0 normal, other advanced
 extern bool gStatisticsShown;      ///< the statistics of new plots are shown
 
-/// The fonts of the plot, by their place in the preferences.
-struct PlotFont {
-    FontSpec font;
-    std::int32_t weight = 8;
-    std::int32_t colour = 0; ///< 24-bit value, red in the low byte
-};
-
-enum PlotFontPlace : int {
-    kFabricFont = 0,
-    kLegendFont = 1,
-    kStatsFont = 2,
-    kGeneralFont = 3,
-    kInfoBarFont = 4,
-    kDipAzFont = 5,
-    kPrintFabricFont = 6,
-    kPrintLegendFont = 7,
-    kPrintStatsFont = 8,
-    kPrintPlotFont = 9,
-};
-
-extern std::array<PlotFont, 10> gPlotFonts;
-
 inline constexpr std::size_t kMaxRecentFiles = 6;
 
 /// Paths of the files last opened, the last one first.
@@ -103,8 +79,6 @@ extern std::vector<std::string> gRecentFiles;
 /// The class table that new plots start from.
 extern Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 
-inline constexpr std::uint32_t kStartBackColour = 0xffffff;
-inline constexpr std::uint32_t kStartAxesColour = 0;
 inline constexpr std::int16_t kStartMaxPlots = 10;
 inline constexpr std::int16_t kMostPlots = 99;
 inline constexpr int kWidestLine = 20; ///< draw width of a style, logical pixels

@@ -195,10 +195,11 @@ void AddPreferences(Rows& table) {
     table.push_back(
         WholeNumber({{Preferences}, kStartUp, "RoseAxesStyle"}, gRoseAxesStyle, 0, anyShort));
     table.push_back(Truth({{Preferences}, kStartUp, "RoseOuterCircle"}, gRoseOuterCircle, true));
-    table.push_back(
-        Truth({{Preferences}, kStartUp, "ShowCompassPoints"}, gShowCompassPoints, false));
+    table.push_back(Truth({{Preferences}, kStartUp, "ShowCompassPoints"},
+                          gSettings.styles.showCompassPoints, false));
     table.push_back(Truth({{Preferences}, kStartUp, "ConvertDecimals"}, gConvertDecimals, false));
-    table.push_back(Truth({{Preferences}, kStartUp, "ShowNorth"}, gShowNorth, false));
+    table.push_back(
+        Truth({{Preferences}, kStartUp, "ShowNorth"}, gSettings.styles.showNorth, false));
     table.push_back(Truth({{Preferences}, kStartUp, "SaveNonDataLines"}, gSaveNonDataLines, false));
     table.push_back(ChoiceOfFormulas());
     table.push_back(WholeNumber({{Preferences}, kSymbolArray, "gShowIsolatedPts"}, gShowIsolatedPts,
@@ -329,13 +330,13 @@ void AddStyles(Rows& table) {
     for (const auto& [kind, row] : kGirdleKinds) {
         AddLineStyle(table, GirdleKeys(kind), gAxisStyleTable[row]);
     }
-    for (std::size_t level = 0; level < gContourStyleTable.size(); ++level) {
-        AddLineStyle(table, ContourKeys(level), gContourStyleTable[level]);
+    for (std::size_t level = 0; level < gSettings.styles.contours.size(); ++level) {
+        AddLineStyle(table, ContourKeys(level), gSettings.styles.contours[level]);
     }
-    table.push_back(PlotColour({{Preferences}, kSymbolArray, "PlotBackColour"}, gPlotBackColour,
-                               kStartBackColour));
-    table.push_back(PlotColour({{Preferences}, kSymbolArray, "PlotAxesColour"}, gPlotAxesColour,
-                               kStartAxesColour));
+    table.push_back(PlotColour({{Preferences}, kSymbolArray, "PlotBackColour"},
+                               gSettings.styles.plotBackColour, kStartBackColour));
+    table.push_back(PlotColour({{Preferences}, kSymbolArray, "PlotAxesColour"},
+                               gSettings.styles.plotAxesColour, kStartAxesColour));
     AddBetaStyle(table);
 }
 
@@ -357,8 +358,8 @@ Setting FontSize(Place place, double& points) {
 }
 
 void AddFonts(Rows& table) {
-    for (std::size_t index = 0; index < gPlotFonts.size(); ++index) {
-        PlotFont& font = gPlotFonts[index];
+    for (std::size_t index = 0; index < gSettings.styles.fonts.size(); ++index) {
+        PlotFont& font = gSettings.styles.fonts[index];
         const auto place = [index](const char* what) -> Place {
             return {{Preferences}, kFonts, FontKey(what, index)};
         };

@@ -7,10 +7,7 @@
 
 namespace quandrel {
 
-std::array<std::uint32_t, kColourCount> gColourTable{};
-std::array<SymbolRow, kSymbolRowCount> gSymbolTable{};
-std::array<AxisStyle, 5> gAxisStyleTable{};
-std::array<AxisStyle, kContourStyles> gContourStyleTable{};
+constinit Settings gSettings;
 
 namespace {
 
@@ -66,22 +63,33 @@ constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
 
 } // namespace
 
-void BuildStyleTables() {
-    gColourTable = kStartColours;
-    gSymbolTable = kStartSymbols;
-    gAxisStyleTable = kStartAxisStyles;
-    gContourStyleTable = kStartContourStyles;
+Styles StartStyles() {
+    Styles styles;
+    styles.colours = kStartColours;
+    styles.symbols = kStartSymbols;
+    styles.axes = kStartAxisStyles;
+    styles.contours = kStartContourStyles;
+    return styles;
 }
 
-Colour TableColour(int index) {
+void BuildStyleTables() {
+    const Styles start = StartStyles();
+    Styles& styles = gSettings.styles;
+    styles.colours = start.colours;
+    styles.symbols = start.symbols;
+    styles.axes = start.axes;
+    styles.contours = start.contours;
+}
+
+Colour TableColour(const Styles& styles, int index) {
     if (index < 0 || index >= kColourCount) {
         return kBlack;
     }
-    return ColourFromValue(gColourTable[static_cast<std::size_t>(index)]);
+    return ColourFromValue(styles.colours[static_cast<std::size_t>(index)]);
 }
 
-SymbolCode CodeOfStyleRow(int row) {
-    const SymbolRow& style = gSymbolTable.at(static_cast<std::size_t>(row));
+SymbolCode CodeOfStyleRow(const Styles& styles, int row) {
+    const SymbolRow& style = styles.symbols.at(static_cast<std::size_t>(row));
     return MakeSymbolCode(style[kPlaceColour], style[kPlaceSymbol], style[kPlaceSize]);
 }
 

@@ -73,7 +73,7 @@ void DrawContourLine(Surface& surface, const std::vector<ContourSegment>& segmen
 }
 
 AxisStyle ContourStyleOf(int level) {
-    return gContourStyleTable[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
+    return gSettings.styles.contours[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
 }
 
 std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double level,

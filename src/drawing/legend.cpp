@@ -221,8 +221,9 @@ LegendLayout LayOut(Surface& box) {
     layout.height = (scale.top - scale.bottom) / pixel.y * unit;
     box.SetUserScale({0, 0, layout.width, -layout.height});
     DrawState state;
-    state.font = gPlotFonts[kLegendFont].font;
-    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(gPlotFonts[kLegendFont].colour));
+    state.font = gSettings.styles.fonts[kLegendFont].font;
+    state.foreColour =
+        ColourFromValue(static_cast<std::uint32_t>(gSettings.styles.fonts[kLegendFont].colour));
     box.SetState(state);
     layout.lineHeight = box.TextHeight() * 1.15;
     layout.sampleWidth = 2.5 * box.TextWidth("M");

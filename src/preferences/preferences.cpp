@@ -28,23 +28,6 @@ std::int16_t MaxPlotsInStore() {
     return MaxPlotsOf(text, gMaxPlots);
 }
 
-/// Puts the looks of plots into the globals: all that a drawing reads.
-void UseLooks(const Preferences& preferences) {
-    gColourTable = preferences.colours;
-    gSymbolTable = preferences.symbols;
-    gAxisStyleTable = preferences.axes;
-    gContourStyleTable = preferences.contours;
-    gPlotFonts = preferences.fonts;
-    gPlotBackColour = preferences.plotBackColour;
-    gPlotAxesColour = preferences.plotAxesColour;
-    gPlotAxesStyle = preferences.plotAxesStyle;
-    gShowNorth = preferences.showNorth;
-    gRoseAxesStyle = preferences.roseAxesStyle;
-    gRoseOuterCircle = preferences.roseOuterCircle;
-    gShowCompassPoints = preferences.showCompassPoints;
-    gShowIsolatedPts = preferences.showIsolatedPts;
-}
-
 void UseGeneralOptions(const Preferences& preferences) {
     gPitchName = PitchNameOf(preferences.pitchName);
     gPlotWidthPercent = PlotWidthOf(preferences.plotWidthPercent);
@@ -89,18 +72,7 @@ void UseGeneralOptions(const Preferences& preferences) {
 
 Preferences PreferencesInForce() {
     Preferences now;
-    now.colours = gColourTable;
-    now.symbols = gSymbolTable;
-    now.axes = gAxisStyleTable;
-    now.contours = gContourStyleTable;
-    now.fonts = gPlotFonts;
-    now.plotBackColour = gPlotBackColour;
-    now.plotAxesColour = gPlotAxesColour;
-    now.plotAxesStyle = gPlotAxesStyle;
-    now.showNorth = gShowNorth;
-    now.roseAxesStyle = gRoseAxesStyle;
-    now.roseOuterCircle = gRoseOuterCircle;
-    now.showCompassPoints = gShowCompassPoints;
+    now.styles = gSettings.styles;
     now.plotWidthPercent = gPlotWidthPercent;
     now.plotAspect = gPlotAspect;
     now.plotWinLast = gPlotWinLast;
@@ -108,7 +80,6 @@ Preferences PreferencesInForce() {
     now.pitchName = PitchNameOf(gPitchName);
     now.convertDecimals = gConvertDecimals;
     now.saveNonDataLines = gSaveNonDataLines;
-    now.showIsolatedPts = gShowIsolatedPts;
     now.formulas = gFormulas;
     return now;
 }
@@ -122,20 +93,8 @@ Preferences CurrentPreferences() {
 }
 
 Preferences DefaultPreferences() {
-    const auto colours = gColourTable;
-    const auto symbols = gSymbolTable;
-    const auto axes = gAxisStyleTable;
-    const auto contours = gContourStyleTable;
-    BuildStyleTables();
     Preferences start;
-    start.colours = gColourTable;
-    start.symbols = gSymbolTable;
-    start.axes = gAxisStyleTable;
-    start.contours = gContourStyleTable;
-    gColourTable = colours;
-    gSymbolTable = symbols;
-    gAxisStyleTable = axes;
-    gContourStyleTable = contours;
+    start.styles = StartStyles();
     return start;
 }
 
@@ -154,7 +113,7 @@ std::int16_t MaxPlotsOf(std::string_view text, std::int16_t otherwise) {
 
 void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
     const StyleChange change;
-    UseLooks(preferences);
+    gSettings.styles = preferences.styles;
     UseGeneralOptions(preferences);
     if (preferences.formulas != gFormulas) {
         UseFormulas(preferences.formulas);
@@ -172,11 +131,11 @@ void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
 
 PreviewPreferences::PreviewPreferences(const Preferences& preferences)
     : former_(PreferencesInForce()) {
-    UseLooks(preferences);
+    gSettings.styles = preferences.styles;
 }
 
 PreviewPreferences::~PreviewPreferences() {
-    UseLooks(former_);
+    gSettings.styles = former_.styles;
 }
 
 } // namespace quandrel

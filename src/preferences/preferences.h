@@ -24,18 +24,7 @@
 namespace quandrel {
 
 struct Preferences {
-    std::array<std::uint32_t, kColourCount> colours{}; ///< gColourTable
-    std::array<SymbolRow, kSymbolRowCount> symbols{};  ///< gSymbolTable
-    std::array<AxisStyle, 5> axes{};                   ///< gAxisStyleTable
-    std::array<AxisStyle, kContourStyles> contours{};  ///< gContourStyleTable
-    std::array<PlotFont, 10> fonts{};                  ///< gPlotFonts, by PlotFontPlace
-    std::uint32_t plotBackColour = kStartBackColour;   ///< red in the low byte
-    std::uint32_t plotAxesColour = kStartAxesColour;
-    std::int16_t plotAxesStyle = 0;
-    bool showNorth = false;
-    std::int16_t roseAxesStyle = 0;
-    bool roseOuterCircle = true;
-    bool showCompassPoints = false;
+    Styles styles;
     std::int16_t plotWidthPercent = 50; ///< of the main window's width
     float plotAspect = 0.75F;           ///< height over width
     bool plotWinLast = false;
@@ -44,7 +33,6 @@ struct Preferences {
     std::string pitchName = "pitch";
     bool convertDecimals = false;
     bool saveNonDataLines = false;
-    std::int16_t showIsolatedPts = 0;
     Formulas formulas = Formulas::Own; ///< of statistics
 };
 

@@ -28,7 +28,7 @@ class SamplePlot {
 public:
     SamplePlot(Surface& surface, std::int16_t plotKind)
         : work_(0)
-        , elsewhere_(surface, surface, DrawnFor::Screen)
+        , elsewhere_(surface, surface, DrawnFor::Sample)
         , former_(std::exchange(gPlots.at(0), NewPlotRecord())) {
         gPlots[0].PlotKind = plotKind;
     }
@@ -63,7 +63,7 @@ private:
 };
 
 void DrawEmptyNet(Surface& surface) {
-    surface.Clear(PlotBackground());
+    surface.Clear(PlotBackground(DrawingInForce()));
     DrawPlotBase();
 }
 
@@ -96,7 +96,7 @@ void DrawContourSamples(Surface& surface) {
     const std::vector<double> nodes = HillNodes();
     const NodeValues grid{nodes, kHillNodes, -kNetRadius, kNodeStep};
     for (int level = 0; level < kContourStyles; ++level) {
-        const AxisStyle& style = gContourStyleTable[static_cast<std::size_t>(level)];
+        const AxisStyle& style = gSettings.styles.contours[static_cast<std::size_t>(level)];
         DrawState state = surface.State();
         state.drawStyle = style[1];
         state.drawWidth = style[2];
@@ -204,7 +204,7 @@ void DrawLinesSample(Surface& surface) {
 }
 
 SampleWedges DrawRoseSamples(Surface& surface) {
-    const SampleValue compass(gShowCompassPoints, false);
+    const SampleValue compass(gSettings.styles.showCompassPoints, false);
     const SamplePlot plot(surface, kRose);
     PlotRose& rose = ActiveRose();
     rose = {};
@@ -214,7 +214,7 @@ SampleWedges DrawRoseSamples(Surface& surface) {
     record.RoseSectorFraction = 100;
     record.RoseZeroCircle = 0;
     record.RoseSegShape = 0;
-    surface.Clear(PlotBackground());
+    surface.Clear(PlotBackground(DrawingInForce()));
     constexpr std::array<void (*)(), kSampleRoses> kRoses = {DrawSimpleRose, DrawWindRose,
                                                              DrawClassedRose};
     SampleWedges drawn;

@@ -89,7 +89,7 @@ void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room) {
     texts.SetUserScale({0, 0, room.width, -room.height});
     const TextPlan plan = PlanTexts(texts, room.width, room.height);
     if (plan.legend.height > 0) {
-        gPlotFonts[kLegendFont].font.points *= plan.fontScale;
+        gSettings.styles.fonts[kLegendFont].font.points *= plan.fontScale;
         DrawActivePlotOn(net,
                          page.SurfaceIn({room.left + plan.legend.left, room.top + plan.legend.top,
                                          plan.legend.width, plan.legend.height}));

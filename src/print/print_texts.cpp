@@ -54,7 +54,7 @@ std::vector<Section> SectionsOfPlot() {
 }
 
 void UseFont(Surface& surface, PlotFontPlace font, double scale) {
-    const PlotFont& chosen = gPlotFonts[static_cast<std::size_t>(font)];
+    const PlotFont& chosen = gSettings.styles.fonts[static_cast<std::size_t>(font)];
     DrawState state;
     state.font = chosen.font;
     state.font.points *= scale;

@@ -15,14 +15,14 @@ namespace quandrel {
 class PrinterFonts {
 public:
     PrinterFonts()
-        : screen_(gPlotFonts) {
-        gPlotFonts[kFabricFont] = gPlotFonts[kPrintFabricFont];
-        gPlotFonts[kLegendFont] = gPlotFonts[kPrintLegendFont];
-        gPlotFonts[kStatsFont] = gPlotFonts[kPrintStatsFont];
-        gPlotFonts[kGeneralFont] = gPlotFonts[kPrintPlotFont];
+        : screen_(gSettings.styles.fonts) {
+        gSettings.styles.fonts[kFabricFont] = gSettings.styles.fonts[kPrintFabricFont];
+        gSettings.styles.fonts[kLegendFont] = gSettings.styles.fonts[kPrintLegendFont];
+        gSettings.styles.fonts[kStatsFont] = gSettings.styles.fonts[kPrintStatsFont];
+        gSettings.styles.fonts[kGeneralFont] = gSettings.styles.fonts[kPrintPlotFont];
     }
 
-    ~PrinterFonts() { gPlotFonts = screen_; }
+    ~PrinterFonts() { gSettings.styles.fonts = screen_; }
 
     PrinterFonts(const PrinterFonts&) = delete;
     PrinterFonts& operator=(const PrinterFonts&) = delete;

@@ -38,7 +38,7 @@ PictureTexts TextsOfActivePlot() {
     texts.isDescribed =
         record.LayerVisible[kDescriptionLayer] != 0 && !record.DescriptionText.empty();
     texts.statisticsHeight =
-        HeightOfText(unseen.Drawing(), gPlotFonts[kStatsFont],
+        HeightOfText(unseen.Drawing(), gSettings.styles.fonts[kStatsFont],
                      StatisticsShown(record, FormOf(gActivePlot)), kPictureTextWidth);
     return texts;
 }
@@ -54,7 +54,7 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     const PlotForm& form = FormOf(gActivePlot);
     const auto draw = [&](const RoomRect& box, PlotFontPlace font, const std::string& text) {
         PainterSurface surface(painter, Scaled(box, factor), factor, medium);
-        DrawTextBox(surface, gPlotFonts[font], text, box.width, box.height);
+        DrawTextBox(surface, gSettings.styles.fonts[font], text, box.width, box.height);
     };
     if (record.LayerVisible[kFabricLayer] != 0) {
         draw(layout.fabric, kFabricFont, record.FabricText);

@@ -94,11 +94,13 @@ void DrawAxes(Surface& surface, int shape) {
     }
     for (const int axis : AxesShown(shape)) {
         if (ticks) {
-            surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick), AxesColour());
+            surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick),
+                         AxesColour(DrawingInForce()));
         } else if (IsHalfRose(shape)) {
-            surface.Line({}, AlongAxis(axis, kNetRadius), AxesColour());
+            surface.Line({}, AlongAxis(axis, kNetRadius), AxesColour(DrawingInForce()));
         } else if (axis < 2) {
-            surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius), AxesColour());
+            surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius),
+                         AxesColour(DrawingInForce()));
         }
     }
 }
@@ -123,7 +125,7 @@ public:
         : surface_(surface)
         , arrows_(RoseArrowAzimuths(record)) {
         DrawState state = surface.State();
-        state.foreColour = AxesColour();
+        state.foreColour = AxesColour(DrawingInForce());
         // Between the ticks and the edge of the surface is little room, and less in a small window.
         const double room = surface.Scale().top - kLabelRadius;
         const double height = surface.TextHeight();
@@ -204,14 +206,15 @@ void DrawCompassPoints(Surface& surface, const PlotRecord& record) {
     const SavedState saved(surface);
     CompassLabels labels(surface, record);
     for (const int i : CompassPointsShown(record.RoseShape)) {
-        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i), AxesColour());
+        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i),
+                     AxesColour(DrawingInForce()));
         labels.Draw(i);
     }
 }
 
 void DrawShownArc(Surface& surface, int shape, double radius) {
     const RoseArc arc = ShownArc(shape);
-    surface.Arc({}, radius, arc.start, arc.end, AxesColour());
+    surface.Arc({}, radius, arc.start, arc.end, AxesColour(DrawingInForce()));
 }
 
 /// A tick across each axis that carries the scale: all four, or the middle one of a half.
@@ -221,11 +224,11 @@ void DrawTicks(Surface& surface, int shape, double radius) {
             continue;
         }
         surface.Line(AlongAxis(axis, radius, -kScaleTick), AlongAxis(axis, radius, kScaleTick),
-                     AxesColour());
+                     AxesColour(DrawingInForce()));
         if (gRoseAxesStyle != 0) {
             // There is no axis that the tick could stand on.
             surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick),
-                         AxesColour());
+                         AxesColour(DrawingInForce()));
         }
     }
 }
@@ -291,7 +294,7 @@ void DrawRoseScale() {
     state.drawWidth = 1;
     surface.SetState(state);
     DrawAxes(surface, record.RoseShape);
-    if (gShowCompassPoints) {
+    if (gSettings.styles.showCompassPoints) {
         DrawCompassPoints(surface, record);
     }
     if (!IsDrawingElsewhere()) {

@@ -37,9 +37,9 @@ struct RoseArc {
 [[nodiscard]] std::string CompassName(int i);
 
 /// Draws axes in the style of gRoseAxesStyle (0 lines, 1 and 3 ticks outside the circle, 2 none),
-/// compass points if gShowCompassPoints, the scale of the rose of gActivePlot if its RoseDisplay6,
-/// and the outer circle if gRoseOuterCircle. Writes the interval of the scale into RoseScaleType,
-/// but for "auto", unless the drawing goes elsewhere than to the plot's window.
+/// compass points if gSettings.styles.showCompassPoints, the scale of the rose of gActivePlot if
+/// its RoseDisplay6, and the outer circle if gRoseOuterCircle. Writes the interval of the scale
+/// into RoseScaleType, but for "auto", unless the drawing goes elsewhere than to the plot's window.
 void DrawRoseScale();
 
 } // namespace quandrel

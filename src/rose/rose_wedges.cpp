@@ -40,7 +40,7 @@ Colour OutlineColour() {
 /// White is that of the paper, and a window has its own colour for paper.
 Colour BlankColour() {
     const Colour blank = TableColour(gSymbolTable[kBackgroundRow][kPlaceColour]);
-    return blank == kWhite ? PlotBackground() : blank;
+    return blank == kWhite ? PlotBackground(DrawingInForce()) : blank;
 }
 
 /// A wedge between two angles that are not wrapped.

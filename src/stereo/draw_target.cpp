@@ -2,6 +2,7 @@
 
 #include "stereo/draw_target.h"
 
+#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 
@@ -11,26 +12,13 @@ namespace {
 
 Surface* plotTarget = nullptr;
 Surface* legendTarget = nullptr;
-DrawnFor targetMedium = DrawnFor::Screen;
+DrawnFor targetPurpose = DrawnFor::Window;
 bool repainting = false;
-
-/// How bright a colour looks, 0 to 1: the luma of ITU-R Recommendation BT.601 (1982).
-double Brightness(Colour colour) {
-    return (0.299 * colour.red + 0.587 * colour.green + 0.114 * colour.blue) / 255;
-}
-
-constexpr double kTooBrightForPaper = 0.85;
 
 } // namespace
 
-Colour PlotBackground() {
-    return targetMedium == DrawnFor::Paper ? kWhite : ColourFromValue(gPlotBackColour);
-}
-
-Colour AxesColour() {
-    const Colour colour = ColourFromValue(gPlotAxesColour);
-    return targetMedium == DrawnFor::Paper && Brightness(colour) > kTooBrightForPaper ? kBlack
-                                                                                      : colour;
+Drawing DrawingInForce() {
+    return {PlotSurface(), LegendSurface(), gSettings.styles, targetPurpose, gFormulas};
 }
 
 Surface& PlotSurface() {
@@ -62,11 +50,11 @@ Repainting::~Repainting() {
     repainting = former_;
 }
 
-DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium)
+DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend, DrawnFor purpose)
     : formerPlot_(plotTarget)
     , formerLegend_(legendTarget)
-    , formerMedium_(targetMedium) {
-    targetMedium = medium;
+    , formerPurpose_(targetPurpose) {
+    targetPurpose = purpose;
     plotTarget = &plot;
     legendTarget = &legend;
 }
@@ -74,7 +62,7 @@ DrawElsewhere::DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium)
 DrawElsewhere::~DrawElsewhere() {
     plotTarget = formerPlot_;
     legendTarget = formerLegend_;
-    targetMedium = formerMedium_;
+    targetPurpose = formerPurpose_;
 }
 
 } // namespace quandrel

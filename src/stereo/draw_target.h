@@ -4,17 +4,12 @@
 
 #pragma once
 
-#include "platform/surface.h"
+#include "stereo/drawing.h"
 
 namespace quandrel {
 
-/// What stands behind the net where it is drawn: gPlotBackColour on the screen; pages and files are
-/// white.
-[[nodiscard]] Colour PlotBackground();
-
-/// The colour of the primitive circle and of axes. On pages and files black in place of a colour
-/// that white paper does not show.
-[[nodiscard]] Colour AxesColour();
+/// What drawing of gActivePlot goes to at present, in the styles and by the formulas in force.
+[[nodiscard]] Drawing DrawingInForce();
 
 /// The surface of the net of gActivePlot, in plot scale.
 [[nodiscard]] Surface& PlotSurface();
@@ -44,16 +39,10 @@ private:
     bool former_;
 };
 
-/// What a drawing elsewhere stands for.
-enum class DrawnFor {
-    Paper,  ///< pages, files and copies
-    Screen, ///< samples of what windows show
-};
-
 /// Sends all drawing to other surfaces for the length of a block.
 class DrawElsewhere {
 public:
-    DrawElsewhere(Surface& plot, Surface& legend, DrawnFor medium = DrawnFor::Paper);
+    DrawElsewhere(Surface& plot, Surface& legend, DrawnFor purpose = DrawnFor::Paper);
     ~DrawElsewhere();
     DrawElsewhere(const DrawElsewhere&) = delete;
     DrawElsewhere& operator=(const DrawElsewhere&) = delete;
@@ -61,7 +50,7 @@ public:
 private:
     Surface* formerPlot_;
     Surface* formerLegend_;
-    DrawnFor formerMedium_;
+    DrawnFor formerPurpose_;
 };
 
 } // namespace quandrel

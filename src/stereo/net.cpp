@@ -24,20 +24,20 @@ constexpr double kArrowTip = 1091;
 constexpr double kArrowBarb = 1021;
 
 void DrawCentreCross(Surface& surface) {
-    surface.Line({-kCross, 0}, {kCross, 0}, AxesColour());
-    surface.Line({0, -kCross}, {0, kCross}, AxesColour());
+    surface.Line({-kCross, 0}, {kCross, 0}, AxesColour(DrawingInForce()));
+    surface.Line({0, -kCross}, {0, kCross}, AxesColour(DrawingInForce()));
 }
 
 void DrawRimTicks(Surface& surface) {
     // Kept: the north has no tick.
-    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, AxesColour());
-    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, AxesColour());
-    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, AxesColour());
+    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, AxesColour(DrawingInForce()));
+    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, AxesColour(DrawingInForce()));
+    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, AxesColour(DrawingInForce()));
 }
 
 void DrawDiameters(Surface& surface) {
-    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, AxesColour());
-    surface.Line({0, -kNetRadius}, {0, kNetRadius}, AxesColour());
+    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, AxesColour(DrawingInForce()));
+    surface.Line({0, -kNetRadius}, {0, kNetRadius}, AxesColour(DrawingInForce()));
 }
 
 /// Ticks across the four half axes at each ten degrees of plunge.
@@ -47,10 +47,10 @@ void DrawAxisTicks(Surface& surface, int plotKind) {
         std::int16_t y = 0;
         ProjectPointInt(plotKind, i * kPi / 18, 0, x, y);
         const double d = y;
-        surface.Line({-kAxisTick, d}, {kAxisTick, d}, AxesColour());
-        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, AxesColour());
-        surface.Line({d, -kAxisTick}, {d, kAxisTick}, AxesColour());
-        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, AxesColour());
+        surface.Line({-kAxisTick, d}, {kAxisTick, d}, AxesColour(DrawingInForce()));
+        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, AxesColour(DrawingInForce()));
+        surface.Line({d, -kAxisTick}, {d, kAxisTick}, AxesColour(DrawingInForce()));
+        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, AxesColour(DrawingInForce()));
     }
 }
 
@@ -61,7 +61,8 @@ void DrawEasternRimTicks(Surface& surface) {
         const double x = std::sin(azimuth);
         const double y = std::cos(azimuth);
         surface.Line({kNetRadius * x, kNetRadius * y},
-                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y}, AxesColour());
+                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y},
+                     AxesColour(DrawingInForce()));
     }
 }
 
@@ -93,7 +94,7 @@ void DrawNorth(Surface& surface) {
     constexpr double kLeastPoints = 4;
     const SavedState saved(surface);
     DrawState state = surface.State();
-    state.foreColour = AxesColour();
+    state.foreColour = AxesColour(DrawingInForce());
     const double room = surface.Scale().top - kNetRadius - 2 * kGap;
     const double height = surface.TextHeight();
     if (height > room && height > 0) {
@@ -110,7 +111,7 @@ Point AtAzimuth(double radius, double azimuth) {
 } // namespace
 
 void SetPlotDrawMode() {
-    const PlotFont& font = gPlotFonts[kGeneralFont];
+    const PlotFont& font = gSettings.styles.fonts[kGeneralFont];
     DrawState state;
     state.font = font.font;
     state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
@@ -122,15 +123,15 @@ void DrawPlotBase() {
     surface.SetUserScale(kPlotScale);
     SetPlotDrawMode();
     if (!IsDrawingElsewhere()) {
-        surface.Clear(PlotBackground());
+        surface.Clear(PlotBackground(DrawingInForce()));
     }
     const int plotKind = ActiveRecord().PlotKind;
     if (plotKind >= kRose) {
         return;
     }
-    surface.Circle({0, 0}, kNetRadius, AxesColour());
+    surface.Circle({0, 0}, kNetRadius, AxesColour(DrawingInForce()));
     DrawAxes(surface, plotKind);
-    if (gShowNorth) {
+    if (gSettings.styles.showNorth) {
         DrawNorth(surface);
     }
 }

@@ -41,22 +41,22 @@ protected:
         gPlotAxesStyle = 3;
         gRoseAxesStyle = 2;
         gRoseOuterCircle = false;
-        gShowCompassPoints = true;
+        gSettings.styles.showCompassPoints = true;
         gConvertDecimals = true;
-        gShowNorth = true;
+        gSettings.styles.showNorth = true;
         gSaveNonDataLines = true;
         gFormulas = Formulas::Textbook;
         gFilesDirectory = "/d";
         gMaxPlots = 33;
         gShowIsolatedPts = -1;
-        gPlotBackColour = 123;
-        gPlotAxesColour = 456;
-        for (std::size_t i = 0; i < gPlotFonts.size(); ++i) {
+        gSettings.styles.plotBackColour = 123;
+        gSettings.styles.plotAxesColour = 456;
+        for (std::size_t i = 0; i < gSettings.styles.fonts.size(); ++i) {
             const auto whole = static_cast<std::int32_t>(i);
-            gPlotFonts[i].font = {"F" + std::to_string(i), 7.5 + whole, i % 2 == 0, i % 3 == 0,
-                                  i % 4 == 0};
-            gPlotFonts[i].weight = 10 * whole;
-            gPlotFonts[i].colour = 100 * whole;
+            gSettings.styles.fonts[i].font = {"F" + std::to_string(i), 7.5 + whole, i % 2 == 0,
+                                              i % 3 == 0, i % 4 == 0};
+            gSettings.styles.fonts[i].weight = 10 * whole;
+            gSettings.styles.fonts[i].colour = 100 * whole;
         }
     }
 
@@ -71,8 +71,8 @@ protected:
         for (std::size_t i = 0; i < gAxisStyleTable.size(); ++i) {
             gAxisStyleTable[i] = {shortOf(i), shortOf(i % 4), shortOf(i + 1)};
         }
-        for (std::size_t i = 0; i < gContourStyleTable.size(); ++i) {
-            gContourStyleTable[i] = {shortOf(i + 1), shortOf(i % 4), shortOf(i + 2)};
+        for (std::size_t i = 0; i < gSettings.styles.contours.size(); ++i) {
+            gSettings.styles.contours[i] = {shortOf(i + 1), shortOf(i % 4), shortOf(i + 2)};
         }
     }
 

@@ -40,7 +40,7 @@ TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
     EXPECT_EQ(gFileAppNumName, "value");
     EXPECT_EQ(gFileAppNonNumName, "type");
     EXPECT_TRUE(gRoseOuterCircle);
-    EXPECT_FALSE(gShowCompassPoints);
+    EXPECT_FALSE(gSettings.styles.showCompassPoints);
     EXPECT_EQ(gRoseScaleType, "tickauto");
     EXPECT_TRUE(gRecentFiles.empty());
     EXPECT_EQ(gFileColumnSettings[9], 9);
@@ -260,7 +260,7 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
     gFileAppNonNumName = "rock \"type\"";
     gPitchName = "rake";
     gPlotAxesStyle = 3;
-    gPlotFonts[2].font = {"DejaVu Sans", 11.5, true, false, true};
+    gSettings.styles.fonts[2].font = {"DejaVu Sans", 11.5, true, false, true};
     gDefaultClassTable[2][2] = std::string("slate");
     gRoseSectorSize = 22.5;
     for (const SettingsGroup group : kSettingsGroups) {
@@ -276,7 +276,7 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
     EXPECT_EQ(gFileAppNonNumName, "rock \"type\"");
     EXPECT_EQ(gPitchName, "rake");
     EXPECT_EQ(gPlotAxesStyle, 3);
-    EXPECT_EQ(gPlotFonts[2].font, (FontSpec{"DejaVu Sans", 11.5, true, false, true}));
+    EXPECT_EQ(gSettings.styles.fonts[2].font, (FontSpec{"DejaVu Sans", 11.5, true, false, true}));
     EXPECT_EQ(TextOf(gDefaultClassTable[2][2]), "slate");
     EXPECT_EQ(gRoseSectorSize, 22.5);
 }
@@ -307,12 +307,12 @@ TEST_F(SettingsTest, OverlaysDifferInStyle) {
 }
 
 TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
-    gContourStyleTable[0] = {9, kDottedLine, 3};
-    gContourStyleTable[5] = {7, kDashedLine, 2};
-    gPlotBackColour = 0x00ff00;
-    gPlotAxesColour = 0xff0000;
+    gSettings.styles.contours[0] = {9, kDottedLine, 3};
+    gSettings.styles.contours[5] = {7, kDashedLine, 2};
+    gSettings.styles.plotBackColour = 0x00ff00;
+    gSettings.styles.plotAxesColour = 0xff0000;
     gSaveNonDataLines = true;
-    gShowNorth = true;
+    gSettings.styles.showNorth = true;
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     const std::vector<std::tuple<std::string, std::string, std::string>> keys = {
         {"SymbolArray", "ContourColour0", "9"},     {"SymbolArray", "ContourStyle0", "2"},
@@ -324,8 +324,8 @@ TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
         EXPECT_EQ(Stored(section, key), value) << key;
     }
     LoadSettings();
-    EXPECT_EQ(gContourStyleTable[0], (AxisStyle{9, kDottedLine, 3}));
-    EXPECT_EQ(gPlotBackColour, 0x00ff00U);
+    EXPECT_EQ(gSettings.styles.contours[0], (AxisStyle{9, kDottedLine, 3}));
+    EXPECT_EQ(gSettings.styles.plotBackColour, 0x00ff00U);
     EXPECT_TRUE(gSaveNonDataLines);
 }
 
@@ -336,9 +336,9 @@ TEST_F(SettingsTest, StylesAndColoursOutOfTheirRangesAreBroughtBack) {
     Put("SymbolArray", "PlotBackColour", "99999999");
     Put("SymbolArray", "PlotAxesColour", "blue");
     LoadSettings();
-    EXPECT_EQ(gContourStyleTable[1], (AxisStyle{24, kNoLine, 1}));
-    EXPECT_EQ(gPlotBackColour, 0xffffffU);
-    EXPECT_EQ(gPlotAxesColour, 0U);
+    EXPECT_EQ(gSettings.styles.contours[1], (AxisStyle{24, kNoLine, 1}));
+    EXPECT_EQ(gSettings.styles.plotBackColour, 0xffffffU);
+    EXPECT_EQ(gSettings.styles.plotAxesColour, 0U);
 }
 
 TEST_F(SettingsTest, EachKindOfGirdleHasItsOwnKeys) {

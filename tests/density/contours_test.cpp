@@ -118,15 +118,15 @@ TEST_F(Contours, LeaveOutSpecks) {
 
 TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
     MakeHill(60, 12);
-    gContourStyleTable[1] = {7, kDashedLine, 3};
+    gSettings.styles.contours[1] = {7, kDashedLine, 3};
     const auto drawn = Trace();
     ASSERT_EQ(drawn.size(), 4U) << "a closed line a level";
     const auto contours = ContoursOfActivePlot();
     for (std::size_t k = 0; k < drawn.size(); ++k) {
         EXPECT_EQ(drawn[k].kind, Kind::Polyline);
-        EXPECT_EQ(drawn[k].colour, TableColour(gContourStyleTable[k][0]));
-        EXPECT_EQ(drawn[k].state.drawStyle, gContourStyleTable[k][1]);
-        EXPECT_EQ(drawn[k].state.drawWidth, gContourStyleTable[k][2]);
+        EXPECT_EQ(drawn[k].colour, TableColour(gSettings.styles.contours[k][0]));
+        EXPECT_EQ(drawn[k].state.drawStyle, gSettings.styles.contours[k][1]);
+        EXPECT_EQ(drawn[k].state.drawWidth, gSettings.styles.contours[k][2]);
         EXPECT_EQ(drawn[k].points.size(), contours[k].segments.size() + 1);
         EXPECT_EQ(drawn[k].points.front(), drawn[k].points.back());
     }
@@ -134,7 +134,7 @@ TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
 
 TEST_F(Contours, LeaveTheSurfaceAsItWas) {
     MakeHill(60, 12);
-    gContourStyleTable[3] = {7, kDottedLine, 4};
+    gSettings.styles.contours[3] = {7, kDottedLine, 4};
     const DrawState before = PlotSurface().State();
     Trace();
     EXPECT_EQ(PlotSurface().State(), before);
@@ -201,15 +201,15 @@ TEST_F(Contours, EndOnThePrimitive) {
 }
 
 TEST_F(Contours, BeyondTheSixthLevelTakeTheLastStyle) {
-    EXPECT_EQ(ContourStyleOf(5), gContourStyleTable[5]);
-    EXPECT_EQ(ContourStyleOf(6), gContourStyleTable[5]);
-    EXPECT_EQ(ContourStyleOf(8), gContourStyleTable[5]);
+    EXPECT_EQ(ContourStyleOf(5), gSettings.styles.contours[5]);
+    EXPECT_EQ(ContourStyleOf(6), gSettings.styles.contours[5]);
+    EXPECT_EQ(ContourStyleOf(8), gSettings.styles.contours[5]);
 }
 
 TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {
-    for (std::size_t i = 0; i < gContourStyleTable.size(); ++i) {
+    for (std::size_t i = 0; i < gSettings.styles.contours.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            EXPECT_NE(gContourStyleTable[i][0], gContourStyleTable[j][0]);
+            EXPECT_NE(gSettings.styles.contours[i][0], gSettings.styles.contours[j][0]);
         }
     }
 }

@@ -131,14 +131,14 @@ TEST_F(DensityLegend, EndsWithTheBandOfTheLastStyle) {
 TEST_F(DensityLegend, OfContoursHasALineForEachLevelInItsStyle) {
     Show(60, kContours, 9);
     SetLevels({2, 4, 8});
-    gContourStyleTable[1] = {7, kDashedLine, 3};
+    gSettings.styles.contours[1] = {7, kDashedLine, 3};
     EXPECT_EQ(Texts(),
               (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 8.00%", "(Max. =9.00%)"}));
     const auto lines = BandLegendLines();
     EXPECT_EQ(lines[0].sample, LegendSample::Indent);
     EXPECT_EQ(lines[2].sample, LegendSample::Line);
     EXPECT_EQ(lines[2].code, MakeSymbolCode(7, kDashedLine, 3));
-    EXPECT_EQ(CodeColour(lines[3].code), gContourStyleTable[2][0]);
+    EXPECT_EQ(CodeColour(lines[3].code), gSettings.styles.contours[2][0]);
 }
 
 TEST_F(DensityLegend, OfContoursShowsTheSymbolOfIsolatedPoints) {

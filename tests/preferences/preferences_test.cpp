@@ -31,32 +31,32 @@ struct Case {
 
 const std::vector<Case>& AllPreferences() {
     static const std::vector<Case> kCases = {
-        {"a colour", [](Preferences& p) { p.colours[7] = 0x123456; },
+        {"a colour", [](Preferences& p) { p.styles.colours[7] = 0x123456; },
          [] { return gColourTable[7] == 0x123456; }},
         {"symbol of rows",
          [](Preferences& p) {
-             p.symbols[0] = {9, 12, 4};
+             p.styles.symbols[0] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[0] == SymbolRow{9, 12, 4};
          }},
         {"symbol of overlays",
          [](Preferences& p) {
-             p.symbols[3] = {9, 12, 4};
+             p.styles.symbols[3] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[3] == SymbolRow{9, 12, 4};
          }},
         {"density level",
          [](Preferences& p) {
-             p.symbols[15] = {9, 12, 4};
+             p.styles.symbols[15] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[15] == SymbolRow{9, 12, 4};
          }},
         {"annotation points",
          [](Preferences& p) {
-             p.symbols[22] = {9, 12, 4};
+             p.styles.symbols[22] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[22] == SymbolRow{9, 12, 4};
@@ -64,28 +64,28 @@ const std::vector<Case>& AllPreferences() {
          true},
         {"fill of roses",
          [](Preferences& p) {
-             p.symbols[16] = {9, 4, 1};
+             p.styles.symbols[16] = {9, 4, 1};
          },
          [] {
              return gSymbolTable[16] == SymbolRow{9, 4, 1};
          }},
         {"class of roses",
          [](Preferences& p) {
-             p.symbols[35] = {9, 4, 1};
+             p.styles.symbols[35] = {9, 4, 1};
          },
          [] {
              return gSymbolTable[35] == SymbolRow{9, 4, 1};
          }},
         {"class symbol",
          [](Preferences& p) {
-             p.symbols[50] = {9, 12, 4};
+             p.styles.symbols[50] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[50] == SymbolRow{9, 12, 4};
          }},
         {"beta axis",
          [](Preferences& p) {
-             p.axes[kBetaAxisStyle] = {9, 12, 4};
+             p.styles.axes[kBetaAxisStyle] = {9, 12, 4};
          },
          [] {
              return gAxisStyleTable[kBetaAxisStyle] == AxisStyle{9, 12, 4};
@@ -93,63 +93,64 @@ const std::vector<Case>& AllPreferences() {
          true}, // read back once a session of this version has ended
         {"mean",
          [](Preferences& p) {
-             p.axes[kMeanGirdleStyle] = {9, 1, 4};
+             p.styles.axes[kMeanGirdleStyle] = {9, 1, 4};
          },
          [] {
              return gAxisStyleTable[kMeanGirdleStyle] == AxisStyle{9, 1, 4};
          }},
         {"drawn girdles",
          [](Preferences& p) {
-             p.axes[kUserGirdleStyle] = {9, 1, 4};
+             p.styles.axes[kUserGirdleStyle] = {9, 1, 4};
          },
          [] {
              return gAxisStyleTable[kUserGirdleStyle] == AxisStyle{9, 1, 4};
          }},
         {"calculated girdles",
          [](Preferences& p) {
-             p.axes[kCalculatedGirdleStyle] = {9, 3, 4};
+             p.styles.axes[kCalculatedGirdleStyle] = {9, 3, 4};
          },
          [] {
              return gAxisStyleTable[kCalculatedGirdleStyle] == AxisStyle{9, 3, 4};
          }},
         {"first contour",
          [](Preferences& p) {
-             p.contours[0] = {9, 3, 4};
+             p.styles.contours[0] = {9, 3, 4};
          },
          [] {
-             return gContourStyleTable[0] == AxisStyle{9, 3, 4};
+             return gSettings.styles.contours[0] == AxisStyle{9, 3, 4};
          }},
         {"last contour",
          [](Preferences& p) {
-             p.contours[5] = {9, 3, 4};
+             p.styles.contours[5] = {9, 3, 4};
          },
          [] {
-             return gContourStyleTable[5] == AxisStyle{9, 3, 4};
+             return gSettings.styles.contours[5] == AxisStyle{9, 3, 4};
          }},
         {"legend font",
          [](Preferences& p) {
-             p.fonts[kLegendFont] = {{"Serif", 11, true, true, true}, 700, 0x0000ff};
+             p.styles.fonts[kLegendFont] = {{"Serif", 11, true, true, true}, 700, 0x0000ff};
          },
          [] {
-             const PlotFont& font = gPlotFonts[kLegendFont];
+             const PlotFont& font = gSettings.styles.fonts[kLegendFont];
              return font.font == FontSpec{"Serif", 11, true, true, true} && font.weight == 700
                     && font.colour == 0x0000ff;
          }},
-        {"printer font", [](Preferences& p) { p.fonts[kPrintPlotFont].font.points = 21; },
-         [] { return gPlotFonts[kPrintPlotFont].font.points == 21; }},
-        {"background", [](Preferences& p) { p.plotBackColour = 0x332211; },
-         [] { return gPlotBackColour == 0x332211; }},
-        {"axes", [](Preferences& p) { p.plotAxesColour = 0x112233; },
-         [] { return gPlotAxesColour == 0x112233; }},
-        {"style of nets", [](Preferences& p) { p.plotAxesStyle = 2; },
+        {"printer font", [](Preferences& p) { p.styles.fonts[kPrintPlotFont].font.points = 21; },
+         [] { return gSettings.styles.fonts[kPrintPlotFont].font.points == 21; }},
+        {"background", [](Preferences& p) { p.styles.plotBackColour = 0x332211; },
+         [] { return gSettings.styles.plotBackColour == 0x332211; }},
+        {"axes", [](Preferences& p) { p.styles.plotAxesColour = 0x112233; },
+         [] { return gSettings.styles.plotAxesColour == 0x112233; }},
+        {"style of nets", [](Preferences& p) { p.styles.plotAxesStyle = 2; },
          [] { return gPlotAxesStyle == 2; }},
-        {"north", [](Preferences& p) { p.showNorth = true; }, [] { return gShowNorth; }},
-        {"style of roses", [](Preferences& p) { p.roseAxesStyle = 2; },
+        {"north", [](Preferences& p) { p.styles.showNorth = true; },
+         [] { return gSettings.styles.showNorth; }},
+        {"style of roses", [](Preferences& p) { p.styles.roseAxesStyle = 2; },
          [] { return gRoseAxesStyle == 2; }},
-        {"outer circle", [](Preferences& p) { p.roseOuterCircle = false; },
+        {"outer circle", [](Preferences& p) { p.styles.roseOuterCircle = false; },
          [] { return !gRoseOuterCircle; }},
-        {"compass points", [](Preferences& p) { p.showCompassPoints = true; },
-         [] { return gShowCompassPoints; }},
+        {"compass points", [](Preferences& p) { p.styles.showCompassPoints = true; },
+         [] { return gSettings.styles.showCompassPoints; }},
         {"width of windows", [](Preferences& p) { p.plotWidthPercent = 70; },
          [] { return gPlotWidthPercent == 70; }, true},
         {"aspect of windows", [](Preferences& p) { p.plotAspect = 0.5F; },
@@ -164,7 +165,7 @@ const std::vector<Case>& AllPreferences() {
          [] { return gConvertDecimals; }},
         {"non-data lines", [](Preferences& p) { p.saveNonDataLines = true; },
          [] { return gSaveNonDataLines; }},
-        {"isolated points", [](Preferences& p) { p.showIsolatedPts = 1; },
+        {"isolated points", [](Preferences& p) { p.styles.showIsolatedPts = 1; },
          [] { return gShowIsolatedPts == 1; }},
     };
     return kCases;
@@ -239,7 +240,7 @@ TEST_F(PreferencesTest, DefaultsAreThoseOfAFirstRunAndLeaveTheGlobalsAlone) {
     }
     EXPECT_EQ(gColourTable[8], 255U);
     EXPECT_EQ(gSymbolTable[23], (SymbolRow{7, 17, 7}));
-    EXPECT_EQ(gPlotBackColour, 0xffffffU);
+    EXPECT_EQ(gSettings.styles.plotBackColour, 0xffffffU);
 }
 
 TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifiedByThem) {
@@ -289,7 +290,7 @@ TEST_F(PreferencesTest, ANewMaximumOfPlotsIsSavedAtOnceAndHoldsFromTheNextStart)
     EXPECT_EQ(gMaxPlots, 10) << "the session keeps its own";
     EXPECT_EQ(CurrentPreferences().maxPlots, 25);
     // Asked once: the store has it now.
-    Apply([](Preferences& p) { p.roseAxesStyle = 1; });
+    Apply([](Preferences& p) { p.styles.roseAxesStyle = 1; });
     LoadSettings();
     EXPECT_EQ(gMaxPlots, 25);
 }
@@ -338,7 +339,7 @@ TEST_F(PreferencesTest, EachOpenPlotIsDrawnAnewAndTheActiveOneStays) {
     AddRow(40, 10);
     const int shown = Form(first).TimesShown();
     const int shownSecond = Form(second).TimesShown();
-    Apply([](Preferences& p) { p.plotAxesStyle = 1; });
+    Apply([](Preferences& p) { p.styles.plotAxesStyle = 1; });
     EXPECT_EQ(Form(first).TimesShown(), shown + 1);
     EXPECT_EQ(Form(second).TimesShown(), shownSecond + 1);
     EXPECT_EQ(gActivePlot, second);
@@ -351,8 +352,8 @@ TEST_F(PreferencesTest, ARowWithTheFormerCodeOfItsStyleTakesTheNewOne) {
     AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
     AddRow(40, 200, MakeSymbolCode(8, 13, 9)); // changed by hand
     Apply([](Preferences& p) {
-        p.symbols[kRowSymbol] = {9, 12, 4};
-        p.symbols[kUpRowSymbol] = {10, 13, 5};
+        p.styles.symbols[kRowSymbol] = {9, 12, 4};
+        p.styles.symbols[kUpRowSymbol] = {10, 13, 5};
     });
     EXPECT_EQ(Drawn(1), MakeSymbolCode(9, 12, 4));
     EXPECT_EQ(Base(1), MakeSymbolCode(9, 12, 4));
@@ -365,7 +366,7 @@ TEST_F(PreferencesTest, ARowHiddenByHandStaysHiddenWhileWhatItGoesBackToFollows)
     NewPlot();
     AddRow(30, 120);
     gDataSymbol.At(gActivePlot, 1) = 0;
-    Apply([](Preferences& p) { p.symbols[kRowSymbol] = {9, 12, 4}; });
+    Apply([](Preferences& p) { p.styles.symbols[kRowSymbol] = {9, 12, 4}; });
     EXPECT_EQ(Drawn(1), 0U);
     EXPECT_EQ(Base(1), MakeSymbolCode(9, 12, 4));
 }
@@ -377,7 +378,9 @@ TEST_F(PreferencesTest, StylesThatAreExchangedDoNotMixTheirRows) {
     AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
     const SymbolCode down = CodeOfStyleRow(kRowSymbol);
     const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
-    Apply([](Preferences& p) { std::swap(p.symbols[kRowSymbol], p.symbols[kUpRowSymbol]); });
+    Apply([](Preferences& p) {
+        std::swap(p.styles.symbols[kRowSymbol], p.styles.symbols[kUpRowSymbol]);
+    });
     EXPECT_EQ(Drawn(1), up);
     EXPECT_EQ(Drawn(2), down);
 }
@@ -388,7 +391,7 @@ TEST_F(PreferencesTest, OverlayRowsFollowTheStyleOfTheirOverlay) {
     const SymbolCode former = CodeOfStyleRow(kFirstOverlaySymbol + 1);
     AddOverlay(kOverlayPoles, 50, 20, former);
     gDataSymbolBase.At(gActivePlot, 2) = former;
-    Apply([](Preferences& p) { p.symbols[kFirstOverlaySymbol + 1] = {9, 12, 4}; });
+    Apply([](Preferences& p) { p.styles.symbols[kFirstOverlaySymbol + 1] = {9, 12, 4}; });
     EXPECT_EQ(Drawn(2), MakeSymbolCode(9, 12, 4));
     EXPECT_EQ(Drawn(1), CodeOfStyleRow(kRowSymbol));
 }
@@ -413,8 +416,8 @@ TEST_F(PreferencesTest, RowsOfClassesFollowTheStyleOfTheirClass) {
     ASSERT_NE(ofFirst, ofSecond);
     ASSERT_EQ(Drawn(2), CodeOfClass(ofSecond));
     Apply([ofSecond](Preferences& p) {
-        p.symbols[static_cast<std::size_t>(kFirstClassStyle + ofSecond - 1)] = {9, 12, 4};
-        p.symbols[kRowSymbol] = {6, 14, 2};
+        p.styles.symbols[static_cast<std::size_t>(kFirstClassStyle + ofSecond - 1)] = {9, 12, 4};
+        p.styles.symbols[kRowSymbol] = {6, 14, 2};
     });
     EXPECT_EQ(Drawn(2), MakeSymbolCode(9, 12, 4));
     EXPECT_EQ(Drawn(1), CodeOfClass(ofFirst));
@@ -429,7 +432,7 @@ TEST_F(PreferencesTest, GirdlesInTheFormerStyleTakeTheNewOne) {
         record.AxisItems[1][4 + place] = former[place];
         record.AxisItems[2][4 + place] = std::int16_t{3};
     }
-    Apply([](Preferences& p) { p.axes[kUserGirdleStyle] = {9, 1, 4}; });
+    Apply([](Preferences& p) { p.styles.axes[kUserGirdleStyle] = {9, 1, 4}; });
     EXPECT_EQ(NumberOf(record.AxisItems[1][4]), 9);
     EXPECT_EQ(NumberOf(record.AxisItems[1][5]), 1);
     EXPECT_EQ(NumberOf(record.AxisItems[1][6]), 4);
@@ -444,9 +447,9 @@ TEST_F(PreferencesTest, APreviewHoldsForItsBlockAlone) {
         EXPECT_FALSE(preference.holds()) << preference.name;
     }
     Preferences red = CurrentPreferences();
-    red.plotAxesColour = 0xff;
+    red.styles.plotAxesColour = 0xff;
     const PreviewPreferences preview(red);
-    EXPECT_EQ(AxesColour(), (Colour{255, 0, 0}));
+    EXPECT_EQ(AxesColour(DrawingInForce()), (Colour{255, 0, 0}));
 }
 
 TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
@@ -512,8 +515,8 @@ TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOf) {
     FullStore full;
     gPlatform.settings = &full;
     Expect("could not be saved");
-    Apply([](Preferences& p) { p.showNorth = true; }, KeepSettings::Yes);
-    EXPECT_TRUE(gShowNorth);
+    Apply([](Preferences& p) { p.styles.showNorth = true; }, KeepSettings::Yes);
+    EXPECT_TRUE(gSettings.styles.showNorth);
     gPlatform.settings = &settings;
 }
 

@@ -149,9 +149,10 @@ TEST_F(PrintTest, LeavesOutTextsThatThePlotDoesNotShow) {
 TEST_F(PrintTest, UsesTheFontsOfThePrinterInPoints) {
     const int slot = MakePlot("Bedding");
     for (const int place : {kPrintFabricFont, kPrintLegendFont, kPrintStatsFont, kPrintPlotFont}) {
-        gPlotFonts[static_cast<std::size_t>(place)].font = {"Paper", 5.0 + place, false, true};
+        gSettings.styles.fonts[static_cast<std::size_t>(place)].font = {"Paper", 5.0 + place, false,
+                                                                        true};
     }
-    const auto former = gPlotFonts;
+    const auto former = gSettings.styles.fonts;
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
     const std::map<std::string, int> fonts = {{"Bedding", kPrintFabricFont},
                                               {"Poles to planes", kPrintLegendFont},
@@ -161,10 +162,11 @@ TEST_F(PrintTest, UsesTheFontsOfThePrinterInPoints) {
         const auto& operations = PartWith(text).surface.Operations();
         const auto found = std::ranges::find(operations, text, &DrawOperation::text);
         ASSERT_NE(found, operations.end());
-        EXPECT_EQ(found->state.font, gPlotFonts[static_cast<std::size_t>(place)].font) << text;
+        EXPECT_EQ(found->state.font, gSettings.styles.fonts[static_cast<std::size_t>(place)].font)
+            << text;
     }
     for (std::size_t i = 0; i < former.size(); ++i) {
-        EXPECT_EQ(gPlotFonts[i].font, former[i].font) << i;
+        EXPECT_EQ(gSettings.styles.fonts[i].font, former[i].font) << i;
     }
 }
 
@@ -187,7 +189,7 @@ TEST_F(PrintTest, SetsTextsSmallerWhereTheRoomIsNarrow) {
 
 TEST_F(PrintTest, CutsAnEndlessNameInTheLegendRatherThanMakeAllTextsTiny) {
     const int slot = MakePlot("Bedding");
-    const double points = gPlotFonts[kPrintStatsFont].font.points;
+    const double points = gSettings.styles.fonts[kPrintStatsFont].font.points;
     bool wasSmaller = false;
     for (std::size_t length = 10; length <= 200; length += 2) {
         const std::string name(length, 'x');
@@ -269,13 +271,13 @@ TEST_F(PrintTest, PutsEverythingBackWhenMemoryRunsOut) {
             throw std::bad_alloc();
         }
     };
-    const auto fonts = gPlotFonts;
+    const auto fonts = gSettings.styles.fonts;
     Expect(kFailure);
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({first, second}, printer.paper).plots),
               PrintOutcome::Failed);
     EXPECT_EQ(gPrinting, 0);
     EXPECT_EQ(gActivePlot, first);
-    EXPECT_EQ(gPlotFonts[kLegendFont].font, fonts[kLegendFont].font);
+    EXPECT_EQ(gSettings.styles.fonts[kLegendFont].font, fonts[kLegendFont].font);
     EXPECT_FALSE(Page().isSent);
     PlotSurface().Line({0, 0}, {1, 1}, kBlack);
     EXPECT_EQ(Form(first).Plot().Operations().back().kind, DrawOperation::Kind::Line);

@@ -121,7 +121,7 @@ protected:
         record.RoseDisplay7 = 0;
         gRoseAxesStyle = 2;
         gRoseOuterCircle = false;
-        gShowCompassPoints = false;
+        gSettings.styles.showCompassPoints = false;
         Form(gActivePlot).PlotSurface().SetUserScale(kPlotScale);
     }
 
@@ -157,10 +157,10 @@ TEST_F(DrawRoseScaleTest, DrawsNothingWhenAllIsSwitchedOff) {
 }
 
 TEST_F(DrawRoseScaleTest, AllOfItHasTheColourOfAxes) {
-    gPlotAxesColour = 0x0000ff;
+    gSettings.styles.plotAxesColour = 0x0000ff;
     gRoseAxesStyle = 1;
     gRoseOuterCircle = true;
-    gShowCompassPoints = true;
+    gSettings.styles.showCompassPoints = true;
     const auto drawn = Draw();
     EXPECT_GT(drawn.size(), 20U);
     for (const DrawOperation& operation : drawn) {
@@ -302,7 +302,7 @@ protected:
 
     void SetUp() override {
         DrawRoseScaleTest::SetUp();
-        gShowCompassPoints = true;
+        gSettings.styles.showCompassPoints = true;
     }
 
     /// Draws on a window of so many pixels; gives the names with their boxes.

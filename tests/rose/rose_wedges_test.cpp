@@ -342,7 +342,7 @@ TEST_F(DrawRoseWedgesTest, BlanksTheZeroCircleLast) {
 }
 
 TEST_F(DrawRoseWedgesTest, BlanksWithTheBackgroundOfTheScreenAndWithWhiteOnPages) {
-    gPlotBackColour = 0x332211;
+    gSettings.styles.plotBackColour = 0x332211;
     Record().RoseZeroCircle = 20;
     DrawRoseWedges(0);
     EXPECT_EQ(Drawn().back().state.fillColour, (Colour{0x11, 0x22, 0x33}));

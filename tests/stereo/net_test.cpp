@@ -164,24 +164,24 @@ protected:
 
 TEST_F(NetLook, TheScreenHasTheBackgroundOfThePreferences) {
     EXPECT_EQ(AllOf(0)[0].colour, kWhite);
-    gPlotBackColour = 0x332211;
+    gSettings.styles.plotBackColour = 0x332211;
     const auto operations = AllOf(0);
     EXPECT_EQ(operations[0].kind, DrawOperation::Kind::Clear);
     EXPECT_EQ(operations[0].colour, (Colour{0x11, 0x22, 0x33}));
 }
 
 TEST_F(NetLook, PagesAreNeverGivenABackground) {
-    gPlotBackColour = 0x332211;
+    gSettings.styles.plotBackColour = 0x332211;
     for (const DrawOperation& operation : OnPaper(2)) {
         EXPECT_NE(operation.kind, DrawOperation::Kind::Clear);
     }
     RecordingSurface page(500, 500);
     const DrawElsewhere elsewhere(page, page);
-    EXPECT_EQ(PlotBackground(), kWhite);
+    EXPECT_EQ(PlotBackground(DrawingInForce()), kWhite);
 }
 
 TEST_F(NetLook, CircleAndAxesOfEachStyleHaveTheirColour) {
-    gPlotAxesColour = 0x0000ff;
+    gSettings.styles.plotAxesColour = 0x0000ff;
     for (std::int16_t style = 0; style <= 3; ++style) {
         for (const DrawOperation& operation : Draw(style)) {
             EXPECT_EQ(operation.colour, (Colour{255, 0, 0})) << style;
@@ -194,29 +194,29 @@ TEST_F(NetLook, CircleAndAxesOfEachStyleHaveTheirColour) {
 
 TEST_F(NetLook, AxesThatPaperWouldNotShowAreBlackThere) {
     for (const std::uint32_t bright : {0xffffffU, 0x80ffffU}) {
-        gPlotAxesColour = bright;
+        gSettings.styles.plotAxesColour = bright;
         EXPECT_EQ(Draw(1)[0].colour, ColourFromValue(bright));
         EXPECT_EQ(OnPaper(1)[0].colour, kBlack);
     }
 }
 
 TEST_F(NetLook, ASampleOfTheScreenHasItsColours) {
-    gPlotAxesColour = 0xffffff;
-    gPlotBackColour = 0x332211;
+    gSettings.styles.plotAxesColour = 0xffffff;
+    gSettings.styles.plotBackColour = 0x332211;
     RecordingSurface sample(500, 500);
     {
-        const DrawElsewhere elsewhere(sample, sample, DrawnFor::Screen);
-        EXPECT_EQ(AxesColour(), kWhite);
-        EXPECT_EQ(PlotBackground(), (Colour{0x11, 0x22, 0x33}));
+        const DrawElsewhere elsewhere(sample, sample, DrawnFor::Sample);
+        EXPECT_EQ(AxesColour(DrawingInForce()), kWhite);
+        EXPECT_EQ(PlotBackground(DrawingInForce()), (Colour{0x11, 0x22, 0x33}));
         const DrawElsewhere page(sample, sample);
-        EXPECT_EQ(AxesColour(), kBlack);
+        EXPECT_EQ(AxesColour(DrawingInForce()), kBlack);
     }
-    EXPECT_EQ(AxesColour(), kWhite);
+    EXPECT_EQ(AxesColour(DrawingInForce()), kWhite);
 }
 
 TEST_F(NetLook, ANorthStandsAboveTheCircleWhenItIsWanted) {
     EXPECT_FALSE(HasText(Draw(0), "N")) << "off in a first run";
-    gShowNorth = true;
+    gSettings.styles.showNorth = true;
     for (std::int16_t style = 0; style <= 3; ++style) {
         const auto operations = Draw(style);
         ASSERT_TRUE(HasText(operations, "N")) << style;
@@ -246,8 +246,8 @@ TEST_F(NetLook, TheMeanArrowHasTheStyleOfTheMean) {
 
 TEST_F(NetLook, TextsOnTheNetHaveTheGeneralFontAndItsColour) {
     NewPlot();
-    gPlotFonts[kGeneralFont].font.points = 13;
-    gPlotFonts[kGeneralFont].colour = 0xff;
+    gSettings.styles.fonts[kGeneralFont].font.points = 13;
+    gSettings.styles.fonts[kGeneralFont].colour = 0xff;
     SetPlotDrawMode();
     const DrawState& state = Form(gActivePlot).Plot().State();
     EXPECT_EQ(state.font.points, 13);

@@ -10,7 +10,7 @@
 
 namespace quandrel {
 
-/// A font of gPlotFonts; that of the program where no family was chosen.
+/// A font of gSettings.styles.fonts; that of the program where no family was chosen.
 [[nodiscard]] QFont WidgetFont(const PlotFont& font);
 
 } // namespace quandrel

@@ -38,7 +38,7 @@ void FitTabStops(QPlainTextEdit& box) {
 
 /// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
 void UseFont(QWidget& box, PlotFontPlace place) {
-    const PlotFont& font = gPlotFonts[place];
+    const PlotFont& font = gSettings.styles.fonts[place];
     const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     const QColor colour(ink.red, ink.green, ink.blue);
     QPalette palette = box.palette();

@@ -156,9 +156,9 @@ void frmPreferences::Connect() {
 }
 
 void frmPreferences::Load() {
-    chkRoseOuterCircle->setChecked(now_.roseOuterCircle);
-    chkShowCompass->setChecked(now_.showCompassPoints);
-    chkShowNorth->setChecked(now_.showNorth);
+    chkRoseOuterCircle->setChecked(now_.styles.roseOuterCircle);
+    chkShowCompass->setChecked(now_.styles.showCompassPoints);
+    chkShowNorth->setChecked(now_.styles.showNorth);
     txtPlotSize->setText(QString::number(now_.plotWidthPercent));
     chkPlotLast->setChecked(now_.plotWinLast);
     cboPlotAspect->setEditText(
@@ -168,16 +168,16 @@ void frmPreferences::Load() {
     optFormulas[now_.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
     chkDecimalConv->setChecked(now_.convertDecimals);
     chkSaveLinesOption->setChecked(now_.saveNonDataLines);
-    chkIsolatedPts->setChecked(now_.showIsolatedPts != 0);
+    chkIsolatedPts->setChecked(now_.styles.showIsolatedPts != 0);
     chkUseLastDirectory->setChecked(now_.filesDirectory.empty());
     const auto check = [](QButtonGroup& cells, int id) {
         if (QAbstractButton* cell = cells.button(id)) {
             cell->setChecked(true);
         }
     };
-    check(*netStyles_, now_.plotAxesStyle);
+    check(*netStyles_, now_.styles.plotAxesStyle);
     // The last style of roses draws what the second does.
-    check(*roseStyles_, now_.roseAxesStyle == 3 ? 1 : now_.roseAxesStyle);
+    check(*roseStyles_, now_.styles.roseAxesStyle == 3 ? 1 : now_.styles.roseAxesStyle);
     ShowFolder();
     ShowFonts();
     ShowSlots();
@@ -186,15 +186,15 @@ void frmPreferences::Load() {
 
 Preferences frmPreferences::Choice() const {
     Preferences choice = now_;
-    choice.roseOuterCircle = chkRoseOuterCircle->isChecked();
-    choice.showCompassPoints = chkShowCompass->isChecked();
-    choice.showNorth = chkShowNorth->isChecked();
+    choice.styles.roseOuterCircle = chkRoseOuterCircle->isChecked();
+    choice.styles.showCompassPoints = chkShowCompass->isChecked();
+    choice.styles.showNorth = chkShowNorth->isChecked();
     if (netStyles_->checkedId() >= 0) {
-        choice.plotAxesStyle = static_cast<std::int16_t>(netStyles_->checkedId());
+        choice.styles.plotAxesStyle = static_cast<std::int16_t>(netStyles_->checkedId());
     }
-    const int formerRose = now_.roseAxesStyle == 3 ? 1 : now_.roseAxesStyle;
+    const int formerRose = now_.styles.roseAxesStyle == 3 ? 1 : now_.styles.roseAxesStyle;
     if (roseStyles_->checkedId() >= 0 && roseStyles_->checkedId() != formerRose) {
-        choice.roseAxesStyle = static_cast<std::int16_t>(roseStyles_->checkedId());
+        choice.styles.roseAxesStyle = static_cast<std::int16_t>(roseStyles_->checkedId());
     }
     choice.plotWidthPercent = PlotWidthOf(NumberIn(txtPlotSize->text(), now_.plotWidthPercent));
     const std::string aspect = cboPlotAspect->currentText().toStdString();
@@ -209,8 +209,8 @@ Preferences frmPreferences::Choice() const {
     choice.convertDecimals = chkDecimalConv->isChecked();
     choice.saveNonDataLines = chkSaveLinesOption->isChecked();
     const bool showsIsolated = chkIsolatedPts->isChecked();
-    if (showsIsolated != (now_.showIsolatedPts != 0)) {
-        choice.showIsolatedPts = showsIsolated ? 1 : 0;
+    if (showsIsolated != (now_.styles.showIsolatedPts != 0)) {
+        choice.styles.showIsolatedPts = showsIsolated ? 1 : 0;
     }
     return choice;
 }
@@ -225,7 +225,7 @@ void frmPreferences::ReplaceColour() {
     if (place == nullptr || *place < 0 || *place >= kColourCount) {
         return;
     }
-    std::uint32_t& value = now_.colours[static_cast<std::size_t>(*place)];
+    std::uint32_t& value = now_.styles.colours[static_cast<std::size_t>(*place)];
     if (const auto colour = askColour(ColourFromValue(value), kReplaceTitle)) {
         value = ColourValue(*colour);
         ShowSlots();

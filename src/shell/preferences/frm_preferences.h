@@ -59,7 +59,7 @@ struct StyleSlot {
     enum class Table {
         Symbol,  ///< a row of gSymbolTable
         Axis,    ///< a row of gAxisStyleTable
-        Contour, ///< a row of gContourStyleTable
+        Contour, ///< a row of gSettings.styles.contours
         Blank,   ///< the colour of the blank parts of a rose
         Outline, ///< the colour of the outlines of petals
     };

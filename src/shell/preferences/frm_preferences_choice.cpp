@@ -49,15 +49,15 @@ std::int16_t* frmPreferences::PlaceOf(const StyleSlot& slot, Part part) {
     const auto place = static_cast<std::size_t>(part);
     switch (slot.table) {
     case StyleTable::Symbol:
-        return &now_.symbols[slot.row][place];
+        return &now_.styles.symbols[slot.row][place];
     case StyleTable::Axis:
-        return &now_.axes[slot.row][place];
+        return &now_.styles.axes[slot.row][place];
     case StyleTable::Contour:
-        return &now_.contours[slot.row][place];
+        return &now_.styles.contours[slot.row][place];
     case StyleTable::Blank:
-        return part == Part::Colour ? &now_.symbols[slot.row][kPlaceColour] : nullptr;
+        return part == Part::Colour ? &now_.styles.symbols[slot.row][kPlaceColour] : nullptr;
     case StyleTable::Outline:
-        return part == Part::Colour ? &now_.symbols[slot.row][kPlaceSymbol] : nullptr;
+        return part == Part::Colour ? &now_.styles.symbols[slot.row][kPlaceSymbol] : nullptr;
     }
     return nullptr;
 }
@@ -65,17 +65,17 @@ std::int16_t* frmPreferences::PlaceOf(const StyleSlot& slot, Part part) {
 SymbolRow frmPreferences::StyleOf(const StyleSlot& slot) const {
     switch (slot.table) {
     case StyleTable::Axis:
-        return now_.axes[slot.row];
+        return now_.styles.axes[slot.row];
     case StyleTable::Contour:
-        return now_.contours[slot.row];
+        return now_.styles.contours[slot.row];
     case StyleTable::Blank:
-        return {now_.symbols[slot.row][kPlaceColour], kSolidFill, 1};
+        return {now_.styles.symbols[slot.row][kPlaceColour], kSolidFill, 1};
     case StyleTable::Outline:
-        return {now_.symbols[slot.row][kPlaceSymbol], kSolidFill, 1};
+        return {now_.styles.symbols[slot.row][kPlaceSymbol], kSolidFill, 1};
     case StyleTable::Symbol:
         break;
     }
-    return now_.symbols[slot.row];
+    return now_.styles.symbols[slot.row];
 }
 
 void frmPreferences::PickSlot(const StyleSlot& slot) {

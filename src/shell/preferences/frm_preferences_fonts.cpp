@@ -141,7 +141,7 @@ QWidget* frmPreferences::MakeFontsPage() {
 
 void frmPreferences::ShowFonts() {
     for (std::size_t i = 0; i < txtFontBox.size(); ++i) {
-        const PlotFont& font = now_.fonts[i];
+        const PlotFont& font = now_.styles.fonts[i];
         const auto value = static_cast<std::uint32_t>(font.colour);
         QFont sample = WidgetFont(font);
         sample.setPointSizeF(std::min(sample.pointSizeF(), kLargestSample));
@@ -154,16 +154,16 @@ void frmPreferences::ShowFonts() {
         txtFontBox[i]->setCursorPosition(0);
         ShowColour(*cmdFontColour[i], value);
     }
-    ShowColour(*cmdPlotColour[0], now_.plotBackColour);
-    ShowColour(*cmdPlotColour[1], now_.plotAxesColour);
+    ShowColour(*cmdPlotColour[0], now_.styles.plotBackColour);
+    ShowColour(*cmdPlotColour[1], now_.styles.plotAxesColour);
 }
 
 void frmPreferences::ChooseFont(std::size_t font) {
-    const auto chosen = askFont(WidgetFont(now_.fonts[font]));
+    const auto chosen = askFont(WidgetFont(now_.styles.fonts[font]));
     if (!chosen) {
         return;
     }
-    PlotFont& place = now_.fonts[font];
+    PlotFont& place = now_.styles.fonts[font];
     place.font.family = chosen->family().toStdString();
     place.font.points = std::max(chosen->pointSizeF(), 1.0);
     place.font.bold = chosen->bold();
@@ -175,7 +175,7 @@ void frmPreferences::ChooseFont(std::size_t font) {
 }
 
 void frmPreferences::ChooseFontColour(std::size_t font) {
-    std::int32_t& place = now_.fonts[font].colour;
+    std::int32_t& place = now_.styles.fonts[font].colour;
     const Colour former = ColourFromValue(static_cast<std::uint32_t>(place));
     if (const auto colour = askColour(former, "Colour of the text")) {
         place = static_cast<std::int32_t>(ColourValue(*colour));
@@ -184,7 +184,7 @@ void frmPreferences::ChooseFontColour(std::size_t font) {
 }
 
 void frmPreferences::ChoosePlotColour(std::size_t which) {
-    std::uint32_t& place = which == 0 ? now_.plotBackColour : now_.plotAxesColour;
+    std::uint32_t& place = which == 0 ? now_.styles.plotBackColour : now_.styles.plotAxesColour;
     const QString title = which == 0 ? "Background of plots" : "Colour of circle and axes";
     if (const auto colour = askColour(ColourFromValue(place), title)) {
         place = ColourValue(*colour);
@@ -195,7 +195,7 @@ void frmPreferences::ChoosePlotColour(std::size_t which) {
 
 void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox) {
     const auto use = [](QLabel& label, PlotFontPlace place) {
-        const PlotFont& font = gPlotFonts[place];
+        const PlotFont& font = gSettings.styles.fonts[place];
         const bool isChosen = !(font.font == FontSpec{});
         label.setFont(isChosen ? WidgetFont(font) : QFont());
         QPalette colours;

@@ -387,7 +387,7 @@ QWidget* frmPreferences::MakeRosesPage() {
 void frmPreferences::NameColours() {
     for (QAbstractButton* cell : colours_->buttons()) {
         const int index = colours_->id(cell);
-        const Colour colour = ColourFromValue(now_.colours[static_cast<std::size_t>(index)]);
+        const Colour colour = ColourFromValue(now_.styles.colours[static_cast<std::size_t>(index)]);
         const QString name = QString::fromStdString(ColourNameAt(index, colour));
         cell->setAccessibleName(name);
         cell->setToolTip(name);

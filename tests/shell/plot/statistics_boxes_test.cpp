@@ -16,7 +16,7 @@ namespace {
 class StatisticsBoxes : public MainWindowTest {
 protected:
     void TearDown() override {
-        gPlotFonts[kStatsFont] = {};
+        gSettings.styles.fonts[kStatsFont] = {};
         MainWindowTest::TearDown();
     }
 
@@ -52,8 +52,8 @@ TEST_F(StatisticsBoxes, HeadsOfTheAdvancedBoxStandOverTheirColumnsInAnyFont) {
     Press("mnuViewAdvStats");
     for (const double points : {6.0, 8.0, 9.0, 11.0}) {
         for (const char* const family : {"DejaVu Sans", "DejaVu Sans Mono"}) {
-            gPlotFonts[kStatsFont].font.family = family;
-            gPlotFonts[kStatsFont].font.points = points;
+            gSettings.styles.fonts[kStatsFont].font.family = family;
+            gSettings.styles.fonts[kStatsFont].font.points = points;
             form.resize(1400, 900);
             form.ApplyFonts();
             form.grab();

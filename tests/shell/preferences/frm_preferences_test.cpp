@@ -235,8 +235,8 @@ TEST_F(PreferencesWindow, TheMouseButtonsChooseForDownwardAndUpwardRows) {
     Click("picSymbolTypes_13", Qt::RightButton);
     Click("picColour_9");
     Click("picColour_10", Qt::RightButton);
-    EXPECT_EQ(Choice().symbols[0], (SymbolRow{9, 12, 2}));
-    EXPECT_EQ(Choice().symbols[1], (SymbolRow{10, 13, 3}));
+    EXPECT_EQ(Choice().styles.symbols[0], (SymbolRow{9, 12, 2}));
+    EXPECT_EQ(Choice().styles.symbols[1], (SymbolRow{10, 13, 3}));
     EXPECT_TRUE(Button("picSymbolArray_1").isChecked()) << "the one chosen for last";
 }
 
@@ -255,8 +255,8 @@ TEST_F(PreferencesWindow, EverySymbolSampleTakesShapeColourAndSize) {
         QTest::keyClick(&Button("picColour_18"), Qt::Key_Space);
         dialog_->spnSymbSize->setValue(11);
         const Preferences choice = Choice();
-        const SymbolRow& style =
-            row < 0 ? choice.axes[kBetaAxisStyle] : choice.symbols[static_cast<std::size_t>(row)];
+        const SymbolRow& style = row < 0 ? choice.styles.axes[kBetaAxisStyle]
+                                         : choice.styles.symbols[static_cast<std::size_t>(row)];
         EXPECT_EQ(style, (SymbolRow{18, 14, 11}));
         EXPECT_EQ(static_cast<StylePatch&>(Button(name)).Style(), style) << "the sample follows";
         EXPECT_EQ(dialog_->sldSymbSize->value(), 11);
@@ -270,7 +270,7 @@ TEST_F(PreferencesWindow, LinesOfContoursAndGirdlesTakeStyleColourAndWidth) {
     Click("panLineStyle_2");
     Click("picColour_9");
     dialog_->sldLineWidth->setValue(4);
-    EXPECT_EQ(Choice().contours[5], (AxisStyle{9, 2, 4}));
+    EXPECT_EQ(Choice().styles.contours[5], (AxisStyle{9, 2, 4}));
     const std::vector<std::pair<std::string, AxisStyleRow>> girdles = {
         {"picGirdle_0", kMeanGirdleStyle},
         {"picGirdle_1", kCalculatedGirdleStyle},
@@ -280,9 +280,9 @@ TEST_F(PreferencesWindow, LinesOfContoursAndGirdlesTakeStyleColourAndWidth) {
         Click("panLineStyle_4");
         Click("picColour_19");
         dialog_->spnLineWidth->setValue(3);
-        EXPECT_EQ(Choice().axes[row], (AxisStyle{19, 4, 3})) << name;
+        EXPECT_EQ(Choice().styles.axes[row], (AxisStyle{19, 4, 3})) << name;
     }
-    EXPECT_EQ(Choice().contours[5], (AxisStyle{9, 2, 4}));
+    EXPECT_EQ(Choice().styles.contours[5], (AxisStyle{9, 2, 4}));
 }
 
 TEST_F(PreferencesWindow, RosesTakeFillsAndColours) {
@@ -290,20 +290,20 @@ TEST_F(PreferencesWindow, RosesTakeFillsAndColours) {
     Click("picRoseSlot_frequency");
     Click("picPatternStyles_6");
     Click("picColour_9");
-    EXPECT_EQ(Choice().symbols[36], (SymbolRow{9, 6, 1}));
+    EXPECT_EQ(Choice().styles.symbols[36], (SymbolRow{9, 6, 1}));
     Click("picRoseSlot_35");
     Click("picPatternStyles_4");
-    EXPECT_EQ(Choice().symbols[35], (SymbolRow{8, 4, 1}));
+    EXPECT_EQ(Choice().styles.symbols[35], (SymbolRow{8, 4, 1}));
     Click("picRoseSlot_energy");
     Click("picColour_21");
-    EXPECT_EQ(Choice().symbols[16][kPlaceColour], 21) << "the top of the layers";
+    EXPECT_EQ(Choice().styles.symbols[16][kPlaceColour], 21) << "the top of the layers";
     Click("picRoseSlot_outline");
     Click("picColour_19");
-    EXPECT_EQ(Choice().symbols[17], (SymbolRow{1, 19, 1}));
+    EXPECT_EQ(Choice().styles.symbols[17], (SymbolRow{1, 19, 1}));
     EXPECT_FALSE(Button("picPatternStyles_0").isEnabled()) << "an outline has no fill";
     Click("picRoseSlot_blank");
     Click("picColour_2");
-    EXPECT_EQ(Choice().symbols[17], (SymbolRow{2, 19, 1}));
+    EXPECT_EQ(Choice().styles.symbols[17], (SymbolRow{2, 19, 1}));
 }
 
 TEST_F(PreferencesWindow, AClickOnTheRosesPicksTheFillThatIsThere) {
@@ -337,14 +337,14 @@ TEST_F(PreferencesWindow, ThePicturesShowWhatIsChosenBeforeItHolds) {
     dialog_->spnLineWidth->setValue(6);
     EXPECT_GT(CountPixels(dialog_->picLineBox->Image(), magenta), lines + 300);
     EXPECT_EQ(gSymbolTable[16], (SymbolRow{5, 0, 1}));
-    EXPECT_EQ(gContourStyleTable[0], (AxisStyle{18, 0, 1}));
+    EXPECT_EQ(gSettings.styles.contours[0], (AxisStyle{18, 0, 1}));
 }
 
 TEST_F(PreferencesWindow, AnotherColourTakesThePlaceOfTheSelectedOne) {
     Click("picSymbolArray_2"); // colour 7
     QTest::mouseClick(dialog_->cmdOK[4], Qt::LeftButton);
     ASSERT_EQ(colourTitles_, std::vector<QString>{"Replace currently seleted colour with:"});
-    EXPECT_EQ(Choice().colours[7], 0x563412U) << "red in the low byte";
+    EXPECT_EQ(Choice().styles.colours[7], 0x563412U) << "red in the low byte";
     EXPECT_EQ(Button("picColour_7").accessibleName(), "Colour 7: dark blue");
     EXPECT_EQ(Button("picColour_8").accessibleName(), "Colour 8: red");
     EXPECT_EQ(gColourTable[7], 192U);
@@ -353,7 +353,7 @@ TEST_F(PreferencesWindow, AnotherColourTakesThePlaceOfTheSelectedOne) {
     EXPECT_EQ(cell.pixelColor(cell.width() / 2, cell.height() / 2), QColor(0x12, 0x34, 0x56));
     colour_.reset();
     QTest::mouseClick(dialog_->cmdOK[4], Qt::LeftButton);
-    EXPECT_EQ(Choice().colours[7], 0x563412U) << "Cancel of the colour dialog";
+    EXPECT_EQ(Choice().styles.colours[7], 0x563412U) << "Cancel of the colour dialog";
 }
 
 TEST_F(PreferencesWindow, ThePaletteStandsWhereStylesAreChanged) {
@@ -370,19 +370,19 @@ TEST_F(PreferencesWindow, PlotStylesAreChosenByTheirSamples) {
     EXPECT_TRUE(Button("picRoseAxes_0").isChecked());
     for (int style = 3; style >= 0; --style) {
         Click("picAxes_" + std::to_string(style));
-        EXPECT_EQ(Choice().plotAxesStyle, style);
+        EXPECT_EQ(Choice().styles.plotAxesStyle, style);
     }
     for (int style = 2; style >= 0; --style) {
         Click("picRoseAxes_" + std::to_string(style));
-        EXPECT_EQ(Choice().roseAxesStyle, style);
+        EXPECT_EQ(Choice().styles.roseAxesStyle, style);
     }
     dialog_->chkRoseOuterCircle->click();
     dialog_->chkShowCompass->click();
     dialog_->chkShowNorth->click();
     dialog_->chkPlotLast->click();
-    EXPECT_FALSE(Choice().roseOuterCircle);
-    EXPECT_TRUE(Choice().showCompassPoints);
-    EXPECT_TRUE(Choice().showNorth);
+    EXPECT_FALSE(Choice().styles.roseOuterCircle);
+    EXPECT_TRUE(Choice().styles.showCompassPoints);
+    EXPECT_TRUE(Choice().styles.showNorth);
     EXPECT_TRUE(Choice().plotWinLast);
 }
 
@@ -390,9 +390,9 @@ TEST_F(PreferencesWindow, TheLastStyleOfRosesStaysWhileNoOtherIsChosen) {
     gRoseAxesStyle = 3;
     Open(kPlotStylePage);
     EXPECT_TRUE(Button("picRoseAxes_1").isChecked()) << "it draws the same";
-    EXPECT_EQ(Choice().roseAxesStyle, 3);
+    EXPECT_EQ(Choice().styles.roseAxesStyle, 3);
     Click("picRoseAxes_2");
-    EXPECT_EQ(Choice().roseAxesStyle, 2);
+    EXPECT_EQ(Choice().styles.roseAxesStyle, 2);
 }
 
 TEST_F(PreferencesWindow, TheSampleOfANetShowsTheNorth) {
@@ -442,21 +442,21 @@ TEST_F(PreferencesWindow, FontsAndTheirColoursAreAskedFor) {
     for (std::size_t i = 0; i < 10; ++i) {
         QTest::mouseClick(dialog_->cmdFont[i], Qt::LeftButton);
         QTest::mouseClick(dialog_->cmdFontColour[i], Qt::LeftButton);
-        const PlotFont font = Choice().fonts[i];
+        const PlotFont font = Choice().styles.fonts[i];
         EXPECT_EQ(font.font, (FontSpec{"Serif", 14.5, true, true, true})) << i;
         EXPECT_EQ(font.weight, 700) << i;
         EXPECT_EQ(font.colour, 0x563412) << i;
         EXPECT_EQ(dialog_->txtFontBox[i]->text(), "Serif, 14.5 pt, bold, italic, underlined");
-        EXPECT_EQ(gPlotFonts[i].font, FontSpec{}) << i;
+        EXPECT_EQ(gSettings.styles.fonts[i].font, FontSpec{}) << i;
     }
     dialog_->askFont = [](const QFont&) { return std::optional<QFont>(); };
     QTest::mouseClick(dialog_->cmdFont[0], Qt::LeftButton);
-    EXPECT_EQ(Choice().fonts[0].font.family, "Serif");
+    EXPECT_EQ(Choice().styles.fonts[0].font.family, "Serif");
     QTest::mouseClick(dialog_->cmdPlotColour[0], Qt::LeftButton);
-    EXPECT_EQ(Choice().plotBackColour, 0x563412U);
-    EXPECT_EQ(Choice().plotAxesColour, 0U);
+    EXPECT_EQ(Choice().styles.plotBackColour, 0x563412U);
+    EXPECT_EQ(Choice().styles.plotAxesColour, 0U);
     QTest::mouseClick(dialog_->cmdPlotColour[1], Qt::LeftButton);
-    EXPECT_EQ(Choice().plotAxesColour, 0x563412U);
+    EXPECT_EQ(Choice().styles.plotAxesColour, 0x563412U);
 }
 
 TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
@@ -474,7 +474,7 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     EXPECT_EQ(choice.formulas, Formulas::Textbook);
     EXPECT_TRUE(choice.convertDecimals);
     EXPECT_TRUE(choice.saveNonDataLines);
-    EXPECT_EQ(choice.showIsolatedPts, 1);
+    EXPECT_EQ(choice.styles.showIsolatedPts, 1);
     EXPECT_FALSE(gConvertDecimals);
     EXPECT_EQ(gPitchName, "pitch");
 }
@@ -497,20 +497,20 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     gSymbolTable[0] = {9, 12, 7};
     gColourTable[9] = 0x010203;
     gPlotAxesStyle = 3;
-    gShowNorth = true;
-    gPlotFonts[0].font.points = 30;
+    gSettings.styles.showNorth = true;
+    gSettings.styles.fonts[0].font.points = 30;
     gPitchName = "rake";
-    gPlotBackColour = 0;
+    gSettings.styles.plotBackColour = 0;
     Open(0);
     QTest::mouseClick(dialog_->cmdOK[2], Qt::LeftButton);
     const Preferences choice = Choice();
-    EXPECT_EQ(choice.symbols[0], (SymbolRow{5, 3, 2}));
-    EXPECT_EQ(choice.colours[9], 16576U);
-    EXPECT_EQ(choice.plotAxesStyle, 0);
-    EXPECT_FALSE(choice.showNorth);
-    EXPECT_EQ(choice.fonts[0].font.points, 8);
+    EXPECT_EQ(choice.styles.symbols[0], (SymbolRow{5, 3, 2}));
+    EXPECT_EQ(choice.styles.colours[9], 16576U);
+    EXPECT_EQ(choice.styles.plotAxesStyle, 0);
+    EXPECT_FALSE(choice.styles.showNorth);
+    EXPECT_EQ(choice.styles.fonts[0].font.points, 8);
     EXPECT_EQ(choice.pitchName, "pitch");
-    EXPECT_EQ(choice.plotBackColour, 0xffffffU);
+    EXPECT_EQ(choice.styles.plotBackColour, 0xffffffU);
     EXPECT_EQ(gPlotAxesStyle, 3) << "nothing holds before OK";
 }
 
@@ -555,14 +555,14 @@ protected:
 
     static bool Holds() {
         return gSymbolTable[0] == SymbolRow{5, 12, 2} && gColourTable[5] == 0x563412
-               && gPlotBackColour == 0x563412 && gPlotFonts[kLegendFont].colour == 0x563412
-               && gSaveNonDataLines;
+               && gSettings.styles.plotBackColour == 0x563412
+               && gSettings.styles.fonts[kLegendFont].colour == 0x563412 && gSaveNonDataLines;
     }
 
     static bool IsUntouched() {
         return gSymbolTable[0] == SymbolRow{5, 3, 2} && gColourTable[5] == 0
-               && gPlotBackColour == 0xffffff && gPlotFonts[kLegendFont].colour == 0
-               && !gSaveNonDataLines;
+               && gSettings.styles.plotBackColour == 0xffffff
+               && gSettings.styles.fonts[kLegendFont].colour == 0 && !gSaveNonDataLines;
     }
 };
 
@@ -599,9 +599,9 @@ TEST_F(PreferencesWindow, TheLineAtTheBottomHasItsFontOnceOneIsChosen) {
     QLabel orientation;
     UseInfoFonts(info, orientation);
     EXPECT_EQ(info.font(), QFont(QLabel().font()));
-    gPlotFonts[kInfoBarFont].font = {"Serif", 15, true, false, false};
-    gPlotFonts[kDipAzFont].font.points = 17;
-    gPlotFonts[kDipAzFont].colour = 0xff;
+    gSettings.styles.fonts[kInfoBarFont].font = {"Serif", 15, true, false, false};
+    gSettings.styles.fonts[kDipAzFont].font.points = 17;
+    gSettings.styles.fonts[kDipAzFont].colour = 0xff;
     UseInfoFonts(info, orientation);
     EXPECT_EQ(info.font().pointSizeF(), 15);
     EXPECT_TRUE(info.font().bold());
