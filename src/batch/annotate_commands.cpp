@@ -68,7 +68,7 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
         return error;
     }
     const PlotRecord& record = ActiveRecord();
-    const bool isPlane = record.OverlayRows[0] == 0 && ShowsPlaneData(record);
+    const bool isPlane = record.OverlayRows[kOverlayCount] == 0 && ShowsPlaneData(record);
     const std::optional<ShownOrientation> row = ReadGridPair(*dip, *azimuth, isPlane);
     if (!row) {
         return "'" + *dip + " " + *azimuth + "' is no orientation";

@@ -65,7 +65,7 @@ std::string PlotOtherSet() {
     if (ActiveRecord().SecondaryFormat == kNoSecondary) {
         return "the plot holds no secondary set";
     }
-    if (ActiveRecord().OverlayRows[0] > 0) {
+    if (ActiveRecord().OverlayRows[kOverlayCount] > 0) {
         return "the set of a plot with overlays cannot change";
     }
     ToggleSecondaryData();

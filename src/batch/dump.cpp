@@ -261,7 +261,7 @@ Json AxesJson(AxisKind kind) {
         const AxisLine line = FabricAxis(axes.record, axis);
         const bool isKnown = IsAxisDetermined(axes.record, axis);
         json["E" + std::to_string(axis)] = {
-            {"eigenvalue", axes.record.FabricResults.at(axis)[0]},
+            {"eigenvalue", axes.record.FabricResults.at(axis)[kEigenvalue]},
             {"plunge", isKnown ? Json(RadToDeg(line.plunge)) : Json(nullptr)},
             {"trend", isKnown ? Json(RadToDeg(line.trend)) : Json(nullptr)}};
     }

@@ -157,13 +157,13 @@ std::vector<std::string> OrderNames(std::vector<std::string> names, NameOrder or
 
 ClassTableCells DefaultClassTable(double lowestNumber, double lowestTextNumber) {
     ClassTableCells table;
-    table[0][kNumberClasses] = std::int16_t{0};
-    table[0][kTextNumberClasses] = std::int16_t{0};
-    table[1][kNumberClasses] = lowestNumber;
-    table[1][kTextNumberClasses] = lowestTextNumber;
-    table[11][kNumberClasses] = kOpenTop;
-    table[11][kTextNumberClasses] = kOpenTop;
-    table[12][kNumberClasses] = std::int16_t{1};
+    table[kBaseRow][kNumberClasses] = std::int16_t{0};
+    table[kBaseRow][kTextNumberClasses] = std::int16_t{0};
+    table[kLowestRow][kNumberClasses] = lowestNumber;
+    table[kLowestRow][kTextNumberClasses] = lowestTextNumber;
+    table[kTopRow][kNumberClasses] = kOpenTop;
+    table[kTopRow][kTextNumberClasses] = kOpenTop;
+    table[kFlagRow][kNumberClasses] = std::int16_t{1};
     return table;
 }
 

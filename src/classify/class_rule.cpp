@@ -12,11 +12,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kBaseRow = 0;
-constexpr std::size_t kLowestRow = 1;
-constexpr std::size_t kTopRow = 11;
-constexpr std::size_t kFlagRow = 12;
-
 /// Base classes of a cell, 0 to `most`.
 int BaseOf(const TaggedValue& cell, int most) {
     const double number = NumberOf(cell);

@@ -17,13 +17,6 @@
 
 namespace quandrel {
 
-/// Columns of the class table.
-enum ClassColumn : std::size_t {
-    kNumberClasses = 0,     ///< ranges of the appended number
-    kTextNumberClasses = 1, ///< ranges of the appended text read as a number
-    kNameClasses = 2,       ///< names that the appended text may be
-};
-
 inline constexpr int kMostRanges = 10; ///< base classes of numbers
 inline constexpr int kMostNames = 11;  ///< base classes of names
 

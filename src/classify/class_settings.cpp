@@ -22,10 +22,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kBaseRow = 0;
-constexpr std::size_t kFirstRow = 1;
-constexpr std::size_t kTopRow = 11;
-constexpr std::size_t kFlagRow = 12;
 constexpr std::int16_t kOn = 1; ///< of the cells that hold a yes or no
 
 constexpr const char* kNoNumbers = "The plot has no appended numbers to classify by.";
@@ -49,7 +45,7 @@ ClassRanges RangesOfTable(const ClassTableCells& table, ClassColumn column) {
     ClassRanges ranges;
     ranges.limits.base = WholeOf(table[kBaseRow][column], kMostRanges);
     for (std::size_t k = 0; k < ranges.limits.limits.size(); ++k) {
-        ranges.limits.limits[k] = NumberOf(table[kFirstRow + k][column]);
+        ranges.limits.limits[k] = NumberOf(table[kLowestRow + k][column]);
     }
     ranges.limits.top = NumberOf(table[kTopRow][column]);
     const int flags = WholeOf(table[kFlagRow][column], 3);
@@ -61,7 +57,7 @@ ClassRanges RangesOfTable(const ClassTableCells& table, ClassColumn column) {
 void WriteRanges(ClassTableCells& table, ClassColumn column, const ClassRanges& ranges) {
     const ClassLimits& limits = ranges.limits;
     for (int k = 0; k < std::max(limits.base, 1); ++k) {
-        table[kFirstRow + At(k)][column] = limits.limits[At(k)];
+        table[kLowestRow + At(k)][column] = limits.limits[At(k)];
     }
     table[kTopRow][column] = limits.top;
     table[kBaseRow][column] = WholeCell(limits.base);
@@ -160,7 +156,7 @@ ClassSettings SettingsOfActivePlot() {
     }
     settings.types = WholeOf(table[kBaseRow][kTextNumberClasses], kMostNames);
     for (std::size_t k = 0; k < settings.names.size(); ++k) {
-        settings.names[k] = NameOfCell(table[kFirstRow + k][kNameClasses]);
+        settings.names[k] = NameOfCell(table[kLowestRow + k][kNameClasses]);
     }
     settings.keepOthers = NumberOf(table[kFlagRow][kTextNumberClasses]) > 0;
     settings.treatAsNumeric = NumberOf(table[kBaseRow][kNameClasses]) == kOn;
@@ -179,7 +175,7 @@ ClassTableCells TableOfSettings(const ClassSettings& settings, const ClassTableC
         table[kFlagRow][kTextNumberClasses] = WholeCell(settings.keepOthers ? 1 : 0);
     }
     for (std::size_t k = 0; k < settings.names.size(); ++k) {
-        table[kFirstRow + k][kNameClasses] = settings.names[k];
+        table[kLowestRow + k][kNameClasses] = settings.names[k];
     }
     table[kBaseRow][kNameClasses] = WholeCell(settings.treatAsNumeric ? kOn : 0);
     table[kFlagRow][kNameClasses] = WholeCell(settings.caseSensitive ? kOn : 0);

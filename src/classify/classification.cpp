@@ -45,8 +45,6 @@ void RestoreSymbols(const PlotRecord& record) {
     }
 }
 
-constexpr std::size_t kTopRow = 11;
-
 /// The limits of a column as texts.
 class LimitLabels {
 public:

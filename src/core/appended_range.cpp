@@ -13,9 +13,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kNumbers = 0;
-constexpr std::size_t kTexts = 1;
-
 TaggedValue HeldOf(double value) {
     return value;
 }
@@ -51,16 +48,16 @@ void Widen(Range& range, std::size_t which, double least, double most) {
 
 template <class Range>
 void KeepNumber(Range& range, double value) {
-    if (!HoldsAllItCan(range, kNumbers)) {
-        KeepDistinct(range, kNumbers, value,
+    if (!HoldsAllItCan(range, kOfNumbers)) {
+        KeepDistinct(range, kOfNumbers, value,
                      [value](const TaggedValue& held) { return NumberOf(held) == value; });
     }
 }
 
 template <class Range>
 void KeepText(Range& range, std::string_view text) {
-    if (!HoldsAllItCan(range, kTexts)) {
-        KeepDistinct(range, kTexts, text, [text](const TaggedValue& held) {
+    if (!HoldsAllItCan(range, kOfTexts)) {
+        KeepDistinct(range, kOfTexts, text, [text](const TaggedValue& held) {
             return EqualWithoutCase(std::get<std::string>(held), text);
         });
     }
@@ -72,7 +69,7 @@ void TrackNumberIn(Range& range, float number) {
         return;
     }
     const auto value = static_cast<double>(number);
-    Widen(range, kNumbers, value, value);
+    Widen(range, kOfNumbers, value, value);
     KeepNumber(range, value);
 }
 
@@ -83,7 +80,7 @@ void TrackTextIn(Range& range, std::string_view text) {
     }
     if (MayBeNumber(text)) {
         if (const std::optional<double> value = ReadNumber(text)) {
-            Widen(range, kTexts, *value, *value);
+            Widen(range, kOfTexts, *value, *value);
         }
     }
     KeepText(range, text);
@@ -116,16 +113,16 @@ void TrackText(AppendedRange& range, std::string_view text) {
 }
 
 void MergeAppendedRange(PlotRecord& record, const AppendedRange& later) {
-    for (const std::size_t which : {kNumbers, kTexts}) {
+    for (const std::size_t which : {kOfNumbers, kOfTexts}) {
         Widen(record, which, later.AppendedMin[which], later.AppendedMax[which]);
     }
     // The first values of all rows are among the first ones of each part.
     for (const auto& held : later.DistinctValues) {
-        if (!IsEmpty(held[kNumbers])) {
-            KeepNumber(record, NumberOf(held[kNumbers]));
+        if (!IsEmpty(held[kOfNumbers])) {
+            KeepNumber(record, NumberOf(held[kOfNumbers]));
         }
-        if (!IsEmpty(held[kTexts])) {
-            KeepText(record, std::get<std::string>(held[kTexts]));
+        if (!IsEmpty(held[kOfTexts])) {
+            KeepText(record, std::get<std::string>(held[kOfTexts]));
         }
     }
 }

@@ -20,11 +20,15 @@ enum ClassStatsRow : std::size_t {
     kGridChoice = 4,      ///< the grid shown, a ClassGridValue; and its background
 };
 
+/// Columns of the row kGridChoice.
+enum GridChoiceColumn : std::size_t { kShownGrid = 0, kBackground = 1 };
+
 /// Which grid of a plot that is classified by its appended numbers is shown.
 enum class ClassGridValue { Mean = 0, Cumulative = 1 };
 
 [[nodiscard]] inline ClassGridValue GridValueShown(const PlotRecord& record) {
-    return record.ClassStats[kGridChoice][0] == static_cast<double>(ClassGridValue::Cumulative)
+    return record.ClassStats[kGridChoice][kShownGrid]
+                   == static_cast<double>(ClassGridValue::Cumulative)
                ? ClassGridValue::Cumulative
                : ClassGridValue::Mean;
 }
@@ -32,7 +36,7 @@ enum class ClassGridValue { Mean = 0, Cumulative = 1 };
 /// The value of nodes without rows when the grid is contoured; nothing when they have none, so that
 /// contours end at them. 0 for a plot that was never classified.
 [[nodiscard]] inline std::optional<double> GridBackground(const PlotRecord& record) {
-    const double value = record.ClassStats[kGridChoice][1];
+    const double value = record.ClassStats[kGridChoice][kBackground];
     return value == kUnsetValue ? std::nullopt : std::optional(value);
 }
 

@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include "core/record_places.h"
 #include "core/tagged_value.h"
 
 #include <array>
@@ -81,8 +82,8 @@ struct PlotRecord {
     std::string AppNumName;
     std::string AppNonNumName;
     std::int16_t HasFrequencyColumn = 0;
-    Table<TaggedValue, kDistinctValues, 2> DistinctValues; ///< [i][0] numbers, [i][1] texts
-    std::array<double, 2> AppendedMin{};                   ///< [0] of numbers, [1] of texts
+    Table<TaggedValue, kDistinctValues, 2> DistinctValues; ///< columns: AppendedRangeColumn
+    std::array<double, 2> AppendedMin{};
     std::array<double, 2> AppendedMax{};
     Table<double, 5, 2> ClassStats{};
     double ClassLow = 0;

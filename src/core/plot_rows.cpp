@@ -110,7 +110,7 @@ void CountOut(Plot& plot, std::span<const std::int32_t> rows) {
     }
     record.NumData -= ofOverlay[0];
     record.NumLoadedData -= static_cast<std::int32_t>(rows.size());
-    for (int overlay = record.OverlayRows[0]; overlay > 0; --overlay) {
+    for (int overlay = record.OverlayRows[kOverlayCount]; overlay > 0; --overlay) {
         const auto k = static_cast<std::size_t>(overlay);
         record.OverlayRows[k] -= ofOverlay[k];
         if (ofOverlay[k] > 0 && record.OverlayRows[k] == 0) {
@@ -148,13 +148,13 @@ int OverlayOfRow(const PlotRecord& record, std::int32_t row) {
         return 0;
     }
     std::int32_t end = record.NumData;
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         end += record.OverlayRows[static_cast<std::size_t>(overlay)];
         if (row <= end) {
             return overlay;
         }
     }
-    return record.OverlayRows[0];
+    return record.OverlayRows[kOverlayCount];
 }
 
 std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay) {
@@ -262,7 +262,7 @@ void ClearRows(Plot& plot) {
 }
 
 int OpenOverlay(PlotRecord& record, std::int16_t kind) {
-    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[0]);
+    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[kOverlayCount]);
     record.OverlayRows[overlay] = 0;
     record.OverlayKind[overlay] = kind;
     record.OverlayFiles[overlay].clear();
@@ -271,9 +271,9 @@ int OpenOverlay(PlotRecord& record, std::int16_t kind) {
 
 void RemoveOverlay(Plot& plot) {
     std::int32_t& rows =
-        plot.record.OverlayRows[static_cast<std::size_t>(plot.record.OverlayRows[0])];
+        plot.record.OverlayRows[static_cast<std::size_t>(plot.record.OverlayRows[kOverlayCount])];
     plot.record.NumLoadedData -= std::exchange(rows, 0);
-    CloseOverlay(plot.record, plot.record.OverlayRows[0]);
+    CloseOverlay(plot.record, plot.record.OverlayRows[kOverlayCount]);
     DropUncounted(plot);
 }
 
@@ -282,7 +282,7 @@ void SetOverlayKind(PlotRecord& record, int overlay, std::int16_t kind) {
 }
 
 void CloseOverlay(PlotRecord& record, int overlay) {
-    const auto last = static_cast<std::size_t>(record.OverlayRows[0]);
+    const auto last = static_cast<std::size_t>(record.OverlayRows[kOverlayCount]);
     for (auto k = static_cast<std::size_t>(overlay); k < last; ++k) {
         record.OverlayRows[k] = record.OverlayRows[k + 1];
         record.OverlayKind[k] = record.OverlayKind[k + 1];
@@ -291,7 +291,7 @@ void CloseOverlay(PlotRecord& record, int overlay) {
     record.OverlayRows[last] = 0;
     record.OverlayKind[last] = 0;
     record.OverlayFiles[last].clear();
-    --record.OverlayRows[0];
+    --record.OverlayRows[kOverlayCount];
     if (record.SelectedOverlay == overlay) {
         record.SelectedOverlay = 0;
     } else if (record.SelectedOverlay > overlay) {

@@ -37,7 +37,7 @@ void SetCounts(PlotRecord& record, const RowCounts& counts);
 /// The overlay that a row of a plot belongs to, or 0 for a main row.
 [[nodiscard]] int OverlayOfRow(const PlotRecord& record, std::int32_t row);
 
-/// The first row of an overlay 1 to OverlayRows[0].
+/// The first row of an overlay 1 to OverlayRows[kOverlayCount].
 [[nodiscard]] std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay);
 
 /// Appends a row to a plot: its cells, its line of the table, its range of appended values, its

@@ -36,11 +36,11 @@ constexpr double kTopOfDefaultClasses = 999999;
 
 void SetDefaultClasses(PlotRecord& record) {
     record.ClassTable = {};
-    record.ClassTable[0] = gDefaultClassTable[0];
-    record.ClassTable[1] = gDefaultClassTable[1];
-    record.ClassTable[11][0] = kTopOfDefaultClasses;
-    record.ClassTable[11][1] = kTopOfDefaultClasses;
-    record.ClassTable[12][0] = std::int16_t{1};
+    record.ClassTable[kBaseRow] = gDefaultClassTable[kBaseRow];
+    record.ClassTable[kLowestRow] = gDefaultClassTable[kLowestRow];
+    record.ClassTable[kTopRow][kNumberClasses] = kTopOfDefaultClasses;
+    record.ClassTable[kTopRow][kTextNumberClasses] = kTopOfDefaultClasses;
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{1};
 }
 
 void SetDefaultRose(PlotRecord& record) {
@@ -66,22 +66,22 @@ void SetStandingSmallCircles(PlotRecord& record) {
 }
 
 const AxisStyle& StyleOfAxisItem(int item) {
-    if (item == 0) {
+    if (item == kMeanItem) {
         return gAxisStyleTable[kMeanGirdleStyle];
     }
-    return gAxisStyleTable[item <= 8 ? kUserGirdleStyle : kCalculatedGirdleStyle];
+    return gAxisStyleTable[item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle];
 }
 
 void SetEmptyAxisItems(PlotRecord& record) {
     for (int item = 0; item < kAxisItems; ++item) {
         auto& values = record.AxisItems[static_cast<std::size_t>(item)];
         values = {};
-        values[0] = false;
-        values[1] = std::string();
+        values[kItemShown] = false;
+        values[kItemText] = std::string();
         const AxisStyle& style = StyleOfAxisItem(item);
-        values[4] = style[0];
-        values[5] = style[1];
-        values[6] = style[2];
+        values[kItemColour] = style[0];
+        values[kItemDrawStyle] = style[1];
+        values[kItemDrawWidth] = style[2];
     }
 }
 

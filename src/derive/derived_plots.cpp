@@ -75,7 +75,7 @@ void CloseDerivedPlot(int slot) {
 
 void ClearDerivedRows(int slot) {
     PlotRecord& record = RecordOf(slot);
-    while (record.OverlayRows[0] > 0) {
+    while (record.OverlayRows[kOverlayCount] > 0) {
         RemoveLastOverlay(slot);
     }
     ClearRows(PlotOf(slot));
@@ -92,8 +92,8 @@ void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::st
     record.HasAppendedText = kTrue;
     record.AppNonNumName = textColumn;
     record.KinematicBlock.fill(std::int16_t{0});
-    record.KinematicBlock[0] = std::int16_t{1};
-    record.KinematicBlock[1] = std::int16_t{2};
+    record.KinematicBlock[kSlotDip] = std::int16_t{1};
+    record.KinematicBlock[kSlotDirection] = std::int16_t{2};
 }
 
 bool StoreDerivedLine(int slot, double plunge, double trend, const std::string& source) {

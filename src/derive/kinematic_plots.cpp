@@ -103,7 +103,7 @@ Family FamilyOfActivePlot() {
 /// Rows that the user has laid over axes go when these are recomputed.
 [[nodiscard]] bool AcceptLossOfOverlays(const Family& family) {
     for (const int slot : {family.first, family.second}) {
-        if (slot != 0 && RecordOf(slot).OverlayRows[0] > 0) {
+        if (slot != 0 && RecordOf(slot).OverlayRows[kOverlayCount] > 0) {
             return AskToGoOn("This will remove the overlayed data in this plot.\n"
                              "Do you want to continue?",
                              AtStake::Work);

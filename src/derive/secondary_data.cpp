@@ -40,7 +40,8 @@ bool HasOverlayOfArrows(const PlotRecord& record) {
 
 /// Kept: the arrows on planes take the place of an overlay without a question.
 [[nodiscard]] bool AcceptLossOfOverlay(const PlotRecord& record, int option) {
-    return record.OverlayRows[0] == 0 || option == kArrowsOnPlanes || HasOverlayOfArrows(record)
+    return record.OverlayRows[kOverlayCount] == 0 || option == kArrowsOnPlanes
+           || HasOverlayOfArrows(record)
            || AskToGoOn("This will remove the overlayed data in this plot.\n"
                         "Do you want to continue?",
                         AtStake::Work);
@@ -86,7 +87,7 @@ void ToggleSecondaryData() {
         return;
     }
     PlotRecord& record = ActiveRecord();
-    if (record.SecondaryFormat == kNoSecondary || record.OverlayRows[0] > 0) {
+    if (record.SecondaryFormat == kNoSecondary || record.OverlayRows[kOverlayCount] > 0) {
         return;
     }
     record.ShowSecondary = record.ShowSecondary != 0 ? std::int16_t{0} : kTrue;
@@ -105,7 +106,7 @@ void MakeSecondaryOverlay() {
              "To use this option you need to plot and process the primary data first");
         return;
     }
-    if (record.OverlayRows[0] >= kMaxOverlays) {
+    if (record.OverlayRows[kOverlayCount] >= kMaxOverlays) {
         Tell("You can't overlay more than 20 datasets in any one plot.", Icon::Stop);
         return;
     }
@@ -130,7 +131,7 @@ void SetOverlaySecondary(bool on) {
         return;
     }
     EndArrows(record); // those on planes have lost their lines
-    while (record.OverlayRows[0] >= overlay) {
+    while (record.OverlayRows[kOverlayCount] >= overlay) {
         RemoveLastOverlay(gActivePlot);
     }
     record.SelectedOverlay = 0;
@@ -139,12 +140,12 @@ void SetOverlaySecondary(bool on) {
 void RefreshSecondaryOverlay() {
     const PlotRecord& record = ActiveRecord();
     const int overlay = record.SelectedOverlay;
-    if (overlay <= 0 || overlay > record.OverlayRows[0]) {
+    if (overlay <= 0 || overlay > record.OverlayRows[kOverlayCount]) {
         return;
     }
     if (record.OverlayRows[static_cast<std::size_t>(overlay)] == record.NumData) {
         RewriteSecondaryOverlay(overlay);
-    } else if (overlay == record.OverlayRows[0]) {
+    } else if (overlay == record.OverlayRows[kOverlayCount]) {
         const std::int16_t kind = record.OverlayKind[static_cast<std::size_t>(overlay)];
         RemoveLastOverlay(gActivePlot);
         if (!AppendSecondaryOverlay(kind)) {
@@ -159,7 +160,7 @@ void SetSlipArrows(int option) {
         || option > kArrowsOnPoles) {
         return;
     }
-    if (record.OverlayRows[0] >= 2) {
+    if (record.OverlayRows[kOverlayCount] >= 2) {
         Tell("You already have more than one overlayed dataset in this plot\n"
              "To use this option you need to plot and process the primary data first");
         return;
@@ -167,7 +168,7 @@ void SetSlipArrows(int option) {
     if (!AcceptLossOfOverlay(record, option) || !AcceptFormats(record)) {
         return;
     }
-    if (record.OverlayRows[0] > 0) {
+    if (record.OverlayRows[kOverlayCount] > 0) {
         RemoveLastOverlay(gActivePlot);
     }
     EndArrows(record);

@@ -135,7 +135,7 @@ void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record)
 void AddSlipLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
     if (record.NumSymbolsInPlot > 0 && !SlipArrowsTellSense(gActivePlot)) {
         // They are in the colour of their rows: those of the top overlay where there is one.
-        const int top = record.OverlayRows[0];
+        const int top = record.OverlayRows[kOverlayCount];
         const std::int32_t first = top > 0 ? FirstRowOfOverlay(record, top) : 1;
         const SymbolCode row = CodeOfRows(first, record.NumLoadedData, false);
         lines.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
@@ -170,7 +170,7 @@ void AddClassifiedRows(std::vector<LegendLine>& lines, const PlotRecord& record)
 }
 
 void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         const auto k = static_cast<std::size_t>(overlay);
         const std::int32_t first = FirstRowOfOverlay(record, overlay);
         const std::int32_t last = first + record.OverlayRows[k] - 1;

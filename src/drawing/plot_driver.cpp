@@ -4,7 +4,6 @@
 
 #include "classify/classification.h"
 #include "classify/value_grid.h"
-#include "core/axis_items.h"
 #include "core/data_format.h"
 #include "core/grid_slider.h"
 #include "core/plot_store.h"
@@ -135,7 +134,7 @@ std::int64_t DrawMainRows(const PlotRecord& record) {
 }
 
 void DrawOverlays(const PlotRecord& record) {
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         if (record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayGreatCircles) {
             DrawRowGreatCircles(OverlayRange(record, overlay));
         } else {
@@ -147,7 +146,7 @@ void DrawOverlays(const PlotRecord& record) {
 /// What the statistics leave open has no pole, and is not drawn.
 bool IsItemShown(const PlotRecord& record, int item) {
     const auto& values = record.AxisItems[static_cast<std::size_t>(item)];
-    return NumberOf(values[0]) != 0 && !IsEmpty(values[3]);
+    return NumberOf(values[kItemShown]) != 0 && !IsEmpty(values[kItemTrend]);
 }
 
 void DrawAxisItems(const PlotRecord& record) {
@@ -214,7 +213,7 @@ double TotalOfRose(const PlotRecord& record) {
     constexpr std::array<std::size_t, 10> kMeasureOfKind = {0, 1, 2, 3, 4, 5, 5, 1, 1, 0};
     return record
         .RoseStats[kMeasureOfKind[static_cast<std::size_t>(std::clamp<int>(record.RoseType, 0, 9))]]
-                  [0];
+                  [kRawTotal];
 }
 
 /// Everything of the active plot and of its window.
@@ -317,16 +316,18 @@ void DrawGirdle(int item) {
         return;
     }
     const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
-    DrawGreatCircleOfPole(PlotSurface(), record.PlotKind, NumberOf(values[2]), NumberOf(values[3]),
-                          WholeOf(values[4], kColourCount - 1), WholeOf(values[5], kNoLine),
-                          WholeOf(values[6], kWidestGirdle));
+    DrawGreatCircleOfPole(
+        PlotSurface(), record.PlotKind, NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]),
+        WholeOf(values[kItemColour], kColourCount - 1), WholeOf(values[kItemDrawStyle], kNoLine),
+        WholeOf(values[kItemDrawWidth], kWidestGirdle));
 }
 
 void DrawAxisItemSymbol(int item) {
     const auto& values = ActiveRecord().AxisItems.at(static_cast<std::size_t>(item));
     std::int16_t x = 0;
     std::int16_t y = 0;
-    ProjectPointInt(ActiveRecord().PlotKind, NumberOf(values[2]), NumberOf(values[3]), x, y);
+    ProjectPointInt(ActiveRecord().PlotKind, NumberOf(values[kItemPlunge]),
+                    NumberOf(values[kItemTrend]), x, y);
     const AxisStyle& style = gAxisStyleTable[kBetaAxisStyle];
     DrawSymbol(PlotSurface(), x, y, style[0], style[1], style[2], 0);
 }

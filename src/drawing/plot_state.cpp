@@ -31,7 +31,8 @@ std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
 
 /// The first two buttons on a plot with overlays: the top one takes the form.
 void SetTopOverlayForm(PlotRecord& record, int button) {
-    std::int16_t& kind = record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[0])];
+    std::int16_t& kind =
+        record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
     if (kind > kOverlayPoles) {
         return;
     }
@@ -95,7 +96,7 @@ void SetPlotSymbol(int button) {
         || button > kLastModeButton) {
         return;
     }
-    const bool hasOverlays = record.OverlayRows[0] > 0;
+    const bool hasOverlays = record.OverlayRows[kOverlayCount] > 0;
     if (MixesAxes(record, button + 1)) {
         Tell(kMixedAxesRefusal);
         return;

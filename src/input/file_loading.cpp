@@ -185,7 +185,7 @@ private:
 
     /// True when the rows that the file's rows join hold planes.
     [[nodiscard]] bool TargetHoldsPlanes() const {
-        const std::int32_t overlay = record_.OverlayRows[0];
+        const std::int32_t overlay = record_.OverlayRows[kOverlayCount];
         return overlay > 0 ? IsPlottedAsPole(record_, overlay) : MainRowsArePlanes(record_);
     }
 
@@ -244,7 +244,7 @@ private:
         if (!IsInPlot(record_, path)) {
             record_.PlotTitle += " + " + FileTitleOf(path);
         }
-        const auto overlay = static_cast<std::size_t>(record_.OverlayRows[0]);
+        const auto overlay = static_cast<std::size_t>(record_.OverlayRows[kOverlayCount]);
         std::vector<std::string>& files =
             overlay > 0 ? record_.OverlayFiles[overlay] : record_.MainFiles;
         files.push_back(path);
@@ -254,11 +254,11 @@ private:
     [[nodiscard]] LinePass PassFromGlobals() const {
         LinePass pass;
         pass.skipHeading = gFileHasHeadings;
-        pass.target.overlay = record_.OverlayRows[0];
+        pass.target.overlay = record_.OverlayRows[kOverlayCount];
         if (record_.SecondaryFormat != kNoSecondary) {
             pass.target.secondaryFormat = gSecondaryDataType;
         }
-        pass.format = LineFormatFromGlobals(record_.OverlayRows[0] > 0);
+        pass.format = LineFormatFromGlobals(record_.OverlayRows[kOverlayCount] > 0);
         pass.format.secondary = pass.target.secondaryFormat;
         // A file that joins a plot is read for what both have.
         pass.format.wantLine = pass.format.wantLine && record_.HasAppendedLine != 0;
@@ -298,7 +298,7 @@ private:
             return true;
         }
         if (IsOverlay()) {
-            SetOverlayKind(record_, record_.OverlayRows[0], KindOfOverlay(record_));
+            SetOverlayKind(record_, record_.OverlayRows[kOverlayCount], KindOfOverlay(record_));
             return true;
         }
         return AcceptOtherDataKind();

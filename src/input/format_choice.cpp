@@ -113,7 +113,8 @@ FormatChoice ChoiceOf(const FormatQuestion& question) {
     const bool joins = JoinsRows(question);
     choice.plotSecondary = joins ? ActiveRecord().ShowSecondary != 0 : question.showSecondary;
     choice.hasOverlays =
-        joins && (question.command == kOverlayCommand || ActiveRecord().OverlayRows[0] > 0);
+        joins
+        && (question.command == kOverlayCommand || ActiveRecord().OverlayRows[kOverlayCount] > 0);
     choice.kindIsStated =
         question.plotKindFromFile >= kPlanes && question.plotKindFromFile <= kPolarLines;
     if (choice.kindIsStated) {
@@ -265,7 +266,7 @@ std::array<int, 2> SymbolRowsOf(const FormatQuestion& question) {
         return {kRowSymbol, kUpRowSymbol};
     }
     const PlotRecord& record = ActiveRecord();
-    std::int32_t overlay = record.OverlayRows[0];
+    std::int32_t overlay = record.OverlayRows[kOverlayCount];
     if (question.command == kOverlayCommand) {
         // Asked for the second time, the overlay is there and has this file.
         const auto& files = record.OverlayFiles[static_cast<std::size_t>(overlay)];

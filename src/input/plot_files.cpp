@@ -79,7 +79,7 @@ void RestoreState(Plot& plot, const PlotBeforeLoad& before) {
 void RemoveLastOverlay(int slot) {
     Plot& plot = PlotOf(slot);
     PlotRecord& record = plot.record;
-    const std::int32_t last = record.OverlayRows[0];
+    const std::int32_t last = record.OverlayRows[kOverlayCount];
     if (last < 1) {
         return;
     }

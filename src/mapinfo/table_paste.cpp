@@ -98,7 +98,7 @@ private:
             question && !AskYes(*question)) {
             return false;
         }
-        overlay_ = record_.OverlayRows[0];
+        overlay_ = record_.OverlayRows[kOverlayCount];
         target_ = TargetOfPaste(record_, pasted, overlay_);
         return true;
     }

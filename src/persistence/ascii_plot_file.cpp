@@ -237,7 +237,7 @@ private:
 }
 
 [[nodiscard]] bool AcceptLossOfOverlays(const PlotRecord& record, const std::string& name) {
-    return record.OverlayRows[0] == 0
+    return record.OverlayRows[kOverlayCount] == 0
            || AskToGoOn(name
                             + ":\nOnly the primary data set will be saved as an ASCII file. \n"
                               "The added overlayed data in this plot will be not be saved.\n"

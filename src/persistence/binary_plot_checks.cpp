@@ -101,11 +101,11 @@ void RequirePossibleRow(BinaryReader& reader, BinaryRow& row) {
 }
 
 void RequirePossibleOverlays(BinaryReader& reader, PlotRecord& record) {
-    reader.Require(IsWithin(record.OverlayRows[0], 0, kMaxOverlays));
+    reader.Require(IsWithin(record.OverlayRows[kOverlayCount], 0, kMaxOverlays));
     if (reader.HasFailed()) {
-        record.OverlayRows[0] = 0;
+        record.OverlayRows[kOverlayCount] = 0;
     }
-    if (record.SelectedOverlay > record.OverlayRows[0]) {
+    if (record.SelectedOverlay > record.OverlayRows[kOverlayCount]) {
         record.SelectedOverlay = 0;
     }
 }
@@ -123,16 +123,16 @@ void RequirePossibleGrid(BinaryReader& reader, const PlotRecord& record) {
 
 void RequirePossibleSettings(BinaryReader& reader, PlotRecord& record) {
     for (auto& item : record.AxisItems) {
-        RequireAngle(reader, item[2]);
-        RequireAngle(reader, item[3]);
+        RequireAngle(reader, item[kItemPlunge]);
+        RequireAngle(reader, item[kItemTrend]);
     }
     RequireRose(reader, record);
     reader.Require(IsWithin<std::int16_t>(record.ClassMode, 0, kLastClassMode));
     reader.Require(record.NumClasses >= 0 && record.NumClassified >= 0);
     for (auto& held : record.DistinctValues) {
         // The second ones are compared as texts.
-        if (!IsEmpty(held[1]) && !std::holds_alternative<std::string>(held[1])) {
-            held[1] = TextOf(held[1]);
+        if (!IsEmpty(held[kOfTexts]) && !std::holds_alternative<std::string>(held[kOfTexts])) {
+            held[kOfTexts] = TextOf(held[kOfTexts]);
         }
     }
 }

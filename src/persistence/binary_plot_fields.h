@@ -75,7 +75,7 @@ public:
             GridsOfValues();
         }
         if (plot_.version >= 95) {
-            AxisItems(6, 8);
+            AxisItems(6, kLastUserGirdle);
         }
     }
 
@@ -180,10 +180,10 @@ private:
 
     void Statistics() {
         ResultRows(record_.FabricResults);
-        Singles(record_.FabricValueF, record_.RoseResultant[0], record_.FabricValueA,
+        Singles(record_.FabricValueF, record_.RoseResultant[kOfAngles], record_.FabricValueA,
                 record_.FabricValueB);
-        AxisItems(0, 5);
-        AxisItems(9, 9);
+        AxisItems(kMeanItem, 5);
+        AxisItems(kMeanPlaneItem, kMeanPlaneItem);
     }
 
     /// The settings of a rose before it had more kinds. Versions from 9.0 on tell most of them once
@@ -193,13 +193,13 @@ private:
         EarlierRoseType();
         Shorts(record_.RoseEqualArea, record_.RoseDisplay6, record_.RoseDisplay7,
                record_.RoseDisplay8);
-        Singles(record_.RoseSectorSize, record_.RoseStartAngle, record_.RoseRangeA[0][0],
-                record_.RoseRangeB[0][0]);
+        Singles(record_.RoseSectorSize, record_.RoseStartAngle, record_.RoseRangeA[0][kInPerCent],
+                record_.RoseRangeB[0][kInPerCent]);
         Shorts(record_.RoseBiasMode);
         RoundedRoseCount();
-        Singles(record_.RoseStats[0][0]);
+        Singles(record_.RoseStats[kRoseCount][kRawTotal]);
         Shorts(record_.RoseSamplePlunge, record_.RoseSampleTrend, record_.RoseMinBiasAngle);
-        Singles(record_.RoseMeanDir[0], record_.RoseVariance, record_.RoseStdDev);
+        Singles(record_.RoseMeanDir[kOfAngles], record_.RoseVariance, record_.RoseStdDev);
     }
 
     void EarlierRoseType() {
@@ -219,7 +219,7 @@ private:
             std::int16_t rounded = 0; // the field behind it has it in full
             stream_.Short(rounded);
         } else {
-            const double rounded = RoundToEven(record_.RoseStats[0][0]);
+            const double rounded = RoundToEven(record_.RoseStats[kRoseCount][kRawTotal]);
             const bool fits = rounded >= std::numeric_limits<std::int16_t>::min()
                               && rounded <= std::numeric_limits<std::int16_t>::max();
             stream_.Short(fits ? static_cast<std::int16_t>(rounded) : std::int16_t{0});
@@ -249,7 +249,7 @@ private:
         Doubles(record_.FabricValueC);
         Shorts(record_.StatsBoxKind);
         ResultRows(record_.EigenResults);
-        AxisItems(10, 10);
+        AxisItems(kGirdleItem, kGirdleItem);
     }
 
     template <class Mark>
@@ -323,12 +323,12 @@ private:
         Doubles(record_.RoseMeanDev, record_.RoseDispersion, record_.RoseSkewness,
                 record_.RoseKurtosis, record_.RoseKappa, record_.RoseVariance, record_.RoseStdDev,
                 record_.RoseSectorSize, record_.RoseStartAngle);
-        Doubles(record_.RoseResultant[0], record_.RoseResultant[1], record_.RoseMoments[0],
-                record_.RoseMoments[1]);
+        Doubles(record_.RoseResultant[kOfAngles], record_.RoseResultant[kOfDoubledAngles],
+                record_.RoseMoments[0], record_.RoseMoments[1]);
         EachDouble(record_.RoseRangeA);
         EachDouble(record_.RoseRangeB);
-        Doubles(record_.AppendedMin[0], record_.AppendedMin[1], record_.AppendedMax[0],
-                record_.AppendedMax[1]);
+        Doubles(record_.AppendedMin[kOfNumbers], record_.AppendedMin[kOfTexts],
+                record_.AppendedMax[kOfNumbers], record_.AppendedMax[kOfTexts]);
         EachDouble(record_.RoseStats);
     }
 
@@ -353,7 +353,7 @@ private:
         Doubles(record_.RoseMedian);
         Shorts(record_.NumClasses);
         Doubles(record_.ClassWidth, record_.ClassLow, record_.ClassHigh);
-        Doubles(record_.RoseMeanDir[0], record_.RoseMeanDir[1]);
+        Doubles(record_.RoseMeanDir[kOfAngles], record_.RoseMeanDir[kOfDoubledAngles]);
     }
 
     void FullVersion() {

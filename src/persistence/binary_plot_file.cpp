@@ -3,7 +3,6 @@
 #include "persistence/binary_plot_file.h"
 
 #include "core/atomic_file.h"
-#include "core/axis_items.h"
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/path_names.h"
@@ -120,8 +119,8 @@ std::string TextOfGirdle(const TaggedValue& plunge, const TaggedValue& trend) {
 void NameGirdles(PlotRecord& record) {
     for (std::size_t item = kFirstUserGirdle; item <= kLastUserGirdle; ++item) {
         auto& values = record.AxisItems[item];
-        if (!TextOf(values[1]).empty()) {
-            values[1] = TextOfGirdle(values[2], values[3]);
+        if (!TextOf(values[kItemText]).empty()) {
+            values[kItemText] = TextOfGirdle(values[kItemPlunge], values[kItemTrend]);
         }
     }
 }
@@ -141,7 +140,8 @@ bool IsRoseOfRanges(const PlotRecord& record) {
     constexpr std::int16_t kFirstByLength = 10;
     constexpr std::int16_t kFirstByText = 20;
     return record.PlotKind == kRose && record.RoseType >= kFirstByLength
-           && (record.RoseType < kFirstByText || NumberOf(record.ClassTable[0][2]) == 1);
+           && (record.RoseType < kFirstByText
+               || NumberOf(record.ClassTable[kBaseRow][kNameClasses]) == 1);
 }
 
 void StoreInActivePlot(BinaryPlot plot, const std::string& path) {

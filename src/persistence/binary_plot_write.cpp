@@ -40,7 +40,7 @@ struct PlotToWrite {
 
 std::int32_t RowsOf(const PlotRecord& record) {
     std::int32_t rows = record.NumData;
-    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[0]); ++k) {
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {
         rows += record.OverlayRows[k];
     }
     return rows;
@@ -85,7 +85,7 @@ std::string Heading() {
 
 void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
     constexpr std::int32_t kMostRows = std::numeric_limits<std::int16_t>::max();
-    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[0]); ++k) {
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {
         if (record.OverlayRows[k] > kMostRows) {
             writer.Fail("overlay " + std::to_string(k) + " has "
                         + std::to_string(record.OverlayRows[k])

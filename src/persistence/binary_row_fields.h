@@ -160,12 +160,13 @@ private:
     }
 
     void Overlays() {
-        Shorts(record_.OverlayRows[0], record_.OverlayKind[0]);
+        Shorts(record_.OverlayRows[kOverlayCount], record_.OverlayKind[kOverlayCount]);
         if constexpr (kReads) {
             RequirePossibleOverlays(stream_, record_);
         }
         auto first = static_cast<std::size_t>(record_.NumData);
-        for (std::size_t k = 1; k <= static_cast<std::size_t>(record_.OverlayRows[0]); ++k) {
+        for (std::size_t k = 1; k <= static_cast<std::size_t>(record_.OverlayRows[kOverlayCount]);
+             ++k) {
             Shorts(record_.OverlayRows[k], record_.OverlayKind[k]);
             if constexpr (kReads) {
                 RequirePossibleOverlay(stream_, record_, k);

@@ -40,7 +40,7 @@ bool NeedsNewPlot(const std::string& command) {
 [[nodiscard]] bool HasRoomFor(const std::string& command) {
     const PlotRecord& record = ActiveRecord();
     const bool isOverlay = command == kOverlayCommand;
-    if (isOverlay && record.OverlayRows[0] >= kMaxOverlays) {
+    if (isOverlay && record.OverlayRows[kOverlayCount] >= kMaxOverlays) {
         Tell("You can't overlay more than 20 datasets in any one plot.\n"
              "This data set cannot be plotted.",
              Icon::Stop);
@@ -106,7 +106,7 @@ void RememberPath(const std::string& path) {
 void WarnOfDecimalMismatch() {
     std::vector<std::string> texts;
     for (const auto& held : ActiveRecord().DistinctValues) {
-        texts.push_back(TextOf(held[1]));
+        texts.push_back(TextOf(held[kOfTexts]));
     }
     if (DetectDecimalMismatch(texts, gDecimalIsComma) == 0) {
         return;

@@ -3,7 +3,6 @@
 #include "preferences/style_changes.h"
 
 #include "classify/classification.h"
-#include "core/axis_items.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "input/data_rows.h"
@@ -16,8 +15,6 @@
 namespace quandrel {
 
 namespace {
-
-constexpr std::size_t kFirstStyleValue = 4; ///< of a row of AxisItems
 
 /// The row of gAxisStyleTable that a girdle of the panel is drawn in.
 std::size_t StyleOfItem(std::size_t item) {
@@ -48,7 +45,8 @@ StyleChange::PlotCodes StyleChange::CodesOfPlot(int slot) {
     const PlotInWork work(slot);
     PlotCodes codes;
     codes.slot = slot;
-    const int overlays = std::clamp<int>(ActiveRecord().OverlayRows[0], 0, kMaxOverlays);
+    const int overlays =
+        std::clamp<int>(ActiveRecord().OverlayRows[kOverlayCount], 0, kMaxOverlays);
     for (int overlay = 0; overlay <= overlays; ++overlay) {
         codes.rows[static_cast<std::size_t>(overlay)] = {
             CodeOfNewRow(ActiveRecord(), overlay, false),
@@ -65,11 +63,11 @@ void StyleChange::FollowInGirdles(PlotRecord& record) const {
         const AxisStyle& former = axes_[StyleOfItem(item)];
         const AxisStyle& now = gAxisStyleTable[StyleOfItem(item)];
         auto& values = record.AxisItems[item];
-        const bool isFormer = NumberOf(values[kFirstStyleValue]) == former[0]
-                              && NumberOf(values[kFirstStyleValue + 1]) == former[1]
-                              && NumberOf(values[kFirstStyleValue + 2]) == former[2];
+        const bool isFormer = NumberOf(values[kItemColour]) == former[0]
+                              && NumberOf(values[kItemColour + 1]) == former[1]
+                              && NumberOf(values[kItemColour + 2]) == former[2];
         for (std::size_t place = 0; isFormer && place < now.size(); ++place) {
-            values[kFirstStyleValue + place] = now[place];
+            values[kItemColour + place] = now[place];
         }
     }
 }

@@ -198,8 +198,8 @@ void DrawLinesSample(Surface& surface) {
     DrawEmptyNet(surface);
     DrawContourSamples(surface);
     DrawGirdleSamples(surface);
-    gPlots[0].AxisItems[0][0] = true;
-    gPlots[0].AxisItems[0][3] = DegToRad(100.0);
+    gPlots[0].AxisItems[kMeanItem][kItemShown] = true;
+    gPlots[0].AxisItems[kMeanItem][kItemTrend] = DegToRad(100.0);
     DrawPlotFurniture();
 }
 

@@ -208,7 +208,7 @@ double KuiperProbability(double statistic) {
 }
 
 void FindPrecision(CircularReference& result, AngleSense sense) {
-    const double r1 = result.resultant[0];
+    const double r1 = result.resultant[kOfAngles];
     result.kappa = r1 < 1 ? VonMisesKappa(r1) : std::numeric_limits<double>::infinity();
     result.correctedKappa = CorrectedKappa(result.kappa, result.count);
     if (!result.dispersion || result.count <= 0) {

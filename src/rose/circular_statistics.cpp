@@ -96,12 +96,12 @@ bool IsWorkedOn(const PlotRecord& record) {
 void FindMedian(PlotRecord& record, AngleSense sense) {
     const std::vector<AngleCount>& azimuths = ActiveRose().azimuths;
     if (gFormulas == Formulas::Textbook) {
-        const LeastDeviation least = TextbookMedian(azimuths, record.RoseMeanDir[0], sense);
+        const LeastDeviation least = TextbookMedian(azimuths, record.RoseMeanDir[kOfAngles], sense);
         record.RoseMedian = least.median;
         record.RoseMeanDev = least.deviation;
         return;
     }
-    const double median = GroupedCircularMedian(azimuths, record.RoseMeanDir[0], sense);
+    const double median = GroupedCircularMedian(azimuths, record.RoseMeanDir[kOfAngles], sense);
     if (median > 0) {
         record.RoseMedian = median;
         record.RoseMeanDev = CircularMeanDeviation(azimuths, median, sense);
@@ -237,12 +237,12 @@ bool HasCircularStatistics(const PlotRecord& record) {
 
 bool IsResultantTooLong(const PlotRecord& record) {
     // A resultant of 0 has the dispersion kNoDispersion.
-    return IsWorkedOn(record) && record.RoseResultant[0] == 0 && record.RoseDispersion == 0;
+    return IsWorkedOn(record) && record.RoseResultant[kOfAngles] == 0 && record.RoseDispersion == 0;
 }
 
 double WeightOfStatistics(const PlotRecord& record) {
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
-    return record.RoseStats[isFrequency ? kRoseCount : kRoseValueSum][1];
+    return record.RoseStats[isFrequency ? kRoseCount : kRoseValueSum][kWeightedTotal];
 }
 
 } // namespace quandrel

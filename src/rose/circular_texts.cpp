@@ -44,11 +44,11 @@ struct OwnTexts {
 };
 
 void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sense) {
-    if (results.resultant[0] == 0) {
+    if (results.resultant[kOfAngles] == 0) {
         texts.wholeMean = texts.fineMean = texts.doubledMean = kUndetermined;
         return;
     }
-    const double mean = results.meanDirection[0];
+    const double mean = results.meanDirection[kOfAngles];
     texts.wholeMean = WholeAzimuthOf(mean, sense);
     texts.fineMean = FineAzimuthOf(mean, sense);
     texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
@@ -58,7 +58,7 @@ void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sens
 /// meant.
 void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularResults& results,
                  AngleSense sense) {
-    if (results.resultant[0] == 0) {
+    if (results.resultant[kOfAngles] == 0) {
         texts.median = texts.medianDeviation = kUndetermined;
         return;
     }
@@ -70,7 +70,8 @@ void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularRe
 void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const PlotRecord& record,
                          AngleSense sense) {
     constexpr double kRounding = 1e-9;
-    LeastDeviation median = TextbookMedian(ActiveRose().azimuths, results.meanDirection[0], sense);
+    LeastDeviation median =
+        TextbookMedian(ActiveRose().azimuths, results.meanDirection[kOfAngles], sense);
     if (std::abs(median.median - record.RoseMedian) < kRounding) {
         median.median = record.RoseMedian;
     }
@@ -82,10 +83,10 @@ void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const 
 
 /// What the textbook leaves open, and the program's own formulas have a number for.
 void OpenTextbookResults(OwnTexts& texts, const CircularResults& results) {
-    if (results.resultant[0] == 0) {
+    if (results.resultant[kOfAngles] == 0) {
         texts.deviation = texts.dispersion = texts.error = kUndetermined;
     }
-    if (results.resultant[0] == 1) {
+    if (results.resultant[kOfAngles] == 1) {
         texts.skewness = texts.kurtosis = kUndetermined;
         texts.kappa = kInfinite;
     }
@@ -112,7 +113,7 @@ OwnTexts TextsOf(const CircularResults& results, AngleSense sense, Formulas form
 bool IsSameMean(const CircularResults& a, const CircularResults& b, AngleSense sense) {
     const double period = sense == AngleSense::kAxial ? kPi : kTwoPi;
     const double distance =
-        std::abs(std::remainder(a.meanDirection[0] - b.meanDirection[0], period));
+        std::abs(std::remainder(a.meanDirection[kOfAngles] - b.meanDirection[kOfAngles], period));
     constexpr double kRounding = 1e-9;
     return distance < kRounding;
 }
@@ -143,7 +144,7 @@ std::string FineAzimuthOf(double azimuth, AngleSense sense) {
 
 CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
     const AngleSense sense = SenseOf(record);
-    const double count = record.RoseStats[kRoseCount][1];
+    const double count = record.RoseStats[kRoseCount][kWeightedTotal];
     const CircularResults results = ResultsInRecord(record);
     OwnTexts printed = TextsOf(results, sense, formulas, count);
     WriteMedian(printed, {record.RoseMedian, record.RoseMeanDev}, results, sense);

@@ -23,7 +23,7 @@ constexpr double kTextbookQuantile = 1.96;
 
 /// The sine of half the interval; above 1 there is none.
 std::optional<double> SineOfConfidence(const PlotRecord& record, Formulas formulas) {
-    const double count = record.RoseStats[kRoseCount][1];
+    const double count = record.RoseStats[kRoseCount][kWeightedTotal];
     if (!HasRoseMean(record) || !(count > 0)) {
         return std::nullopt;
     }
@@ -55,7 +55,7 @@ RoseConfidence BootstrapConfidence(const PlotRecord& record) {
 } // namespace
 
 bool HasRoseMean(const PlotRecord& record) {
-    return HasCircularStatistics(record) && record.RoseResultant[0] > 0;
+    return HasCircularStatistics(record) && record.RoseResultant[kOfAngles] > 0;
 }
 
 std::optional<double> RoseConfidenceHalfWidth(const PlotRecord& record, Formulas formulas) {
@@ -72,7 +72,7 @@ std::optional<RoseConfidence> RoseConfidenceOf(const PlotRecord& record, Formula
     if (!sine) {
         return std::nullopt;
     }
-    if (record.RoseStats[kRoseCount][1] <= kLargeSample) {
+    if (record.RoseStats[kRoseCount][kWeightedTotal] <= kLargeSample) {
         return BootstrapConfidence(record);
     }
     return RoseConfidence{ConfidenceMethod::kByDispersion,

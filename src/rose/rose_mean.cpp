@@ -27,7 +27,7 @@ std::vector<double> MeanEnds(const PlotRecord& record) {
     if (!HasRoseMean(record)) {
         return {};
     }
-    const double mean = record.RoseMeanDir[0];
+    const double mean = record.RoseMeanDir[kOfAngles];
     return gRoseDirectional ? std::vector{mean} : std::vector{mean, WrappedAngle(mean + kPi)};
 }
 

@@ -157,7 +157,7 @@ bool PrepareTables(PlotRecord& record, bool recalculate) {
         if (IsRoseStale()) {
             return false; // the command that changed the plot counts, and asks what it has to
         }
-    } else if (recalculate || record.RoseRangeA[0][0] == 0 || IsRoseStale()) {
+    } else if (recalculate || record.RoseRangeA[0][kInPerCent] == 0 || IsRoseStale()) {
         if (CountAnew(record)) {
             return true;
         }
@@ -227,7 +227,8 @@ int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals, d
     if (!hasNumbers && measure != kRoseFrequency && measure != kRoseWindSpeed) {
         return kNoRoseValues;
     }
-    if (isByLength && (!hasNumbers || (measure == kRoseFrequency && totals[kRoseCount][0] == 0))) {
+    if (isByLength
+        && (!hasNumbers || (measure == kRoseFrequency && totals[kRoseCount][kRawTotal] == 0))) {
         return kNoRoseLengths;
     }
     if (RoseClassOf(roseType) == kRoseByType && record.HasAppendedText == 0) {
@@ -235,7 +236,7 @@ int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals, d
     }
     const bool needsRows = measure == kRoseMeanValue || measure == kRoseVariance;
     const std::size_t row = needsRows ? kRoseCount : static_cast<std::size_t>(measure);
-    if (totals[row][0] != 0) {
+    if (totals[row][kRawTotal] != 0) {
         return kNoRoseFault;
     }
     if (RoseClassOf(roseType) == kRoseByType && classed == 0) {

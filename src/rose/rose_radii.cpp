@@ -19,7 +19,7 @@ std::size_t StatsRow(int measure) {
 
 double TotalOf(const Table<double, 7, 3>& totals, int measure) {
     const std::size_t row = StatsRow(measure);
-    return totals[row][row == kRoseFrequency || row == kRoseValue ? 1 : 0];
+    return totals[row][row == kRoseFrequency || row == kRoseValue ? kWeightedTotal : kRawTotal];
 }
 
 RoseLayer LayerOf(int measure) {
@@ -119,7 +119,7 @@ RoseRadiiResult RadiiOfRose(const RoseSectorTable& sectors, const RoseSectorStat
     RoseRadiiResult result{RoseRadiiTable(n, settings.classes ? sectors.Classes() : 1),
                            TotalOf(totals, settings.measure)};
     RoseRadiiTable& radii = result.radii;
-    const double maximum = totals[StatsRow(settings.measure)][2];
+    const double maximum = totals[StatsRow(settings.measure)][kLargestSector];
     double scale = ScaleOf(maximum, settings);
     for (int sector = 1; sector <= n; ++sector) {
         radii(sector, 0) = LengthOf(scale * ValueOfSector(sectors, stats, settings.measure, sector),
@@ -139,7 +139,7 @@ RoseRadiiResult RadiiOfRose(const RoseSectorTable& sectors, const RoseSectorStat
 
 double LargestPerCent(const Table<double, 7, 3>& totals, int measure) {
     const double total = TotalOf(totals, measure);
-    return total != 0 ? totals[StatsRow(measure)][2] * 100 / total : 0;
+    return total != 0 ? totals[StatsRow(measure)][kLargestSector] * 100 / total : 0;
 }
 
 int MeasureOfRose(int roseType) {

@@ -39,21 +39,21 @@ void AddNumber(ReferenceLines& lines, const char* name, const std::optional<doub
 void AddMeanDirection(ReferenceLines& lines, const CircularReference& reference,
                       const PlotRecord& record) {
     constexpr const char* kName = "mean direction";
-    if (record.RoseResultant[0] == 0) {
+    if (record.RoseResultant[kOfAngles] == 0) {
         lines.Add(kName, std::nullopt);
     } else {
-        lines.AddDirection(kName, reference.meanDirection, record.RoseMeanDir[0], kOneDecimal,
-                           PeriodOf(record));
+        lines.AddDirection(kName, reference.meanDirection, record.RoseMeanDir[kOfAngles],
+                           kOneDecimal, PeriodOf(record));
     }
 }
 
 void AddMoments(ReferenceLines& lines, const CircularReference& reference,
                 const PlotRecord& record) {
     AddMeanDirection(lines, reference, record);
-    lines.Add("mean resultant length R1", reference.resultant[0], record.RoseResultant[0],
-              kFourDecimals);
-    lines.Add("mean resultant length R2", reference.resultant[1], record.RoseResultant[1],
-              kFourDecimals);
+    lines.Add("mean resultant length R1", reference.resultant[kOfAngles],
+              record.RoseResultant[kOfAngles], kFourDecimals);
+    lines.Add("mean resultant length R2", reference.resultant[kOfDoubledAngles],
+              record.RoseResultant[kOfDoubledAngles], kFourDecimals);
     lines.Add("circular variance", reference.variance, record.RoseVariance, kFixed);
     if (gFormulas == Formulas::Textbook && !reference.standardDeviation) {
         lines.Add("circular standard deviation", std::nullopt);
@@ -68,12 +68,13 @@ void AddMoments(ReferenceLines& lines, const CircularReference& reference,
 
 void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
                   const PlotRecord& record) {
-    const double printedError = std::sqrt(record.RoseDispersion / record.RoseStats[kRoseCount][1]);
+    const double printedError =
+        std::sqrt(record.RoseDispersion / record.RoseStats[kRoseCount][kWeightedTotal]);
     AddNumber(lines, "circular standard error", reference.standardError, printedError,
               kErrorFormat);
     constexpr const char* kHalfWidth = "95% confidence half-width";
     const std::optional<double> printed = RoseConfidenceHalfWidth(record, gFormulas);
-    if (printed && record.RoseStats[kRoseCount][1] > kLargeSample) {
+    if (printed && record.RoseStats[kRoseCount][kWeightedTotal] > kLargeSample) {
         lines.AddAngle(kHalfWidth, reference.confidenceHalfWidth, *printed, kOneDecimal);
     } else if (reference.confidenceHalfWidth) {
         lines.Add(kHalfWidth, RadToDeg(*reference.confidenceHalfWidth));
@@ -95,7 +96,7 @@ void AddMedian(ReferenceLines& lines, const LeastDeviation& least, const PlotRec
     constexpr const char* kMedian = "median of least mean deviation";
     constexpr const char* kDeviation = "least mean deviation";
     constexpr const char* kNotCalculated = "not calculated";
-    if (record.RoseResultant[0] == 0) {
+    if (record.RoseResultant[kOfAngles] == 0) {
         lines.AddBesideWords(kMedian, RadToDeg(least.median), kUndetermined);
         lines.AddBesideWords(kDeviation, RadToDeg(least.deviation), kUndetermined);
     } else if (record.RoseMedian > 0) {
@@ -131,7 +132,7 @@ std::optional<CircularReference> RoseReferenceOfActivePlot() {
     CircularSample sample;
     sample.sums = rose.trigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
     sample.weight = WeightOfStatistics(record);
-    sample.count = record.RoseStats[kRoseCount][1];
+    sample.count = record.RoseStats[kRoseCount][kWeightedTotal];
     sample.angles = std::span<const double>(rose.angles).subspan(rose.angles.empty() ? 0 : 1);
     sample.sense = rose.isDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     return ComputeCircularReference(sample);

@@ -346,8 +346,8 @@ std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record) {
     case kRoseByLength:
         return kNumberClasses;
     case kRoseByType:
-        return NumberOf(record.ClassTable[0][kNameClasses]) == 1 ? kTextNumberClasses
-                                                                 : kNameClasses;
+        return NumberOf(record.ClassTable[kBaseRow][kNameClasses]) == 1 ? kTextNumberClasses
+                                                                        : kNameClasses;
     default:
         return std::nullopt;
     }

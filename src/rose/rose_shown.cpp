@@ -100,7 +100,7 @@ bool IsRoseStale() {
 bool RestoreRose() {
     PlotRecord& record = ActiveRecord();
     std::optional<RoseSettingsShown>& known = ActiveKnown().shown;
-    if (!known || record.RoseRangeA[0][0] == 0) {
+    if (!known || record.RoseRangeA[0][kInPerCent] == 0) {
         return false;
     }
     RoseSettingsShown& shown = *known;

@@ -76,10 +76,10 @@ std::string DataLines(const PlotRecord& record) {
     if (IsAxial(record)) {
         lines += Line("Axial (non-polar) data");
     }
-    lines += Line(isCorrected ? "Observed no. of Data = " : "No. of Data = ", counts[0], "0",
-                  record.HasFrequencyColumn != 0 ? " (grouped)" : "");
+    lines += Line(isCorrected ? "Observed no. of Data = " : "No. of Data = ", counts[kRawTotal],
+                  "0", record.HasFrequencyColumn != 0 ? " (grouped)" : "");
     if (isCorrected) {
-        lines += Line("(Bias-corrected total = ", counts[1], kFixed, ")");
+        lines += Line("(Bias-corrected total = ", counts[kWeightedTotal], kFixed, ")");
     }
     return lines + LeftOutLine()
            + Line("Sector angle = ", record.RoseSectorSize, "0.##", kDegreeSign) + kLineEnd;
@@ -87,8 +87,8 @@ std::string DataLines(const PlotRecord& record) {
 
 std::string MaximumLine(const PlotRecord& record, std::size_t layer, int measure) {
     const auto& range = record.RoseRangeB[layer];
-    return Line("Maximum = " + FormatNumber(range[0], "0.0") + "%"
-                + AmountText(record, measure, range[1]));
+    return Line("Maximum = " + FormatNumber(range[kInPerCent], "0.0") + "%"
+                + AmountText(record, measure, range[kInUnits]));
 }
 
 std::string TopHeading(const PlotRecord& record) {
@@ -118,7 +118,7 @@ std::string MeaningOf(int measure) {
 std::string ScaleLines(const PlotRecord& record) {
     const int measure = MeasureOfRose(record.RoseType);
     const double interval = RoseScaleInterval(record);
-    const double total = record.RoseStats[static_cast<std::size_t>(measure)][1];
+    const double total = record.RoseStats[static_cast<std::size_t>(measure)][kWeightedTotal];
     return TopHeading(record)
            + Line("Scale: tick interval = " + FormatNumber(interval, "0.####") + "%")
            + Line(AmountText(record, measure, interval * total / 100))
@@ -187,7 +187,7 @@ std::string PairLine(const char* label, double first, double second) {
 
 std::string ResultantLines(const PlotRecord& record, const CircularTexts& texts) {
     const double weight = WeightOfStatistics(record);
-    const double length = record.RoseResultant[0];
+    const double length = record.RoseResultant[kOfAngles];
     const auto [cosine, sine] = record.RoseMoments;
     std::string lines = Line("Resultant length = ", weight * length, kFixed)
                         + Line("Mean Resultant length = ", length, kFourDecimals)
@@ -202,7 +202,7 @@ std::string ResultantLines(const PlotRecord& record, const CircularTexts& texts)
 }
 
 std::string SourceLines(const PlotRecord& record) {
-    const bool isSmall = record.RoseStats[kRoseCount][1] <= kLargeSample;
+    const bool isSmall = record.RoseStats[kRoseCount][kWeightedTotal] <= kLargeSample;
     return kLineEnd + Line("Formulas follow:") + Line("  K.V. Mardia (1972),")
            + Line("    Statistics of Directional Data") + Line("  N.I. Fisher (1993),")
            + Line("    Statistical Analysis of Circular Data")

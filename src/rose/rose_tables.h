@@ -44,17 +44,6 @@ enum RoseClassCode : int { kRoseUnclassified = 0, kRoseByLength = 1, kRoseByType
 /// Layers of gRoseSectors and gRoseTrigSums.
 enum RoseLayer : std::size_t { kRoseFrequencyLayer = 0, kRoseValueLayer = 1 };
 
-/// Columns of gRoseSectorStats, and rows of RoseStats in the record.
-enum RoseStatsColumn : std::size_t {
-    kRoseCount = 0,
-    kRoseValueSum = 1,
-    kRoseMean = 2,
-    kRoseDeviation = 3,
-    kRoseSpeedSum = 4,
-    kRoseEnergySum = 5,
-    kRoseWindFrequencySum = 6,
-};
-
 /// Numbers by sector, class and layer. Cell (s, 0, layer) is the whole of a sector. Cells of sector
 /// 0: (0, 0, 0) holds n, (0, 1, 0) holds m, (0, 0, 1) the weighted count and (0, 1, 1) the weighted
 /// sum of values.

@@ -187,7 +187,7 @@ public:
     TurnedRows Turn() {
         CopyRows();
         TurnRange(1, record_.NumData, primary_);
-        for (int overlay = 1; overlay <= record_.OverlayRows[0]; ++overlay) {
+        for (int overlay = 1; overlay <= record_.OverlayRows[kOverlayCount]; ++overlay) {
             TurnOverlay(overlay);
         }
         return std::move(rows_);

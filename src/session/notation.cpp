@@ -14,14 +14,13 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::size_t kFirstNamedItem = 1; // the mean arrow has no plane
-
 /// The planes of the girdles that have a text of one.
 void NameGirdles(PlotRecord& record) {
-    for (std::size_t item = kFirstNamedItem; item < record.AxisItems.size(); ++item) {
+    for (std::size_t item = kFirstUserGirdle; item < record.AxisItems.size(); ++item) {
         auto& values = record.AxisItems[item];
-        if (!TextOf(values[1]).empty() && !IsEmpty(values[2])) {
-            values[1] = TextOfPlaneOfPole(NumberOf(values[2]), NumberOf(values[3]));
+        if (!TextOf(values[kItemText]).empty() && !IsEmpty(values[kItemPlunge])) {
+            values[kItemText] =
+                TextOfPlaneOfPole(NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]));
         }
     }
 }

@@ -28,7 +28,8 @@ bool IsGridMode(int mode) {
 
 /// The symbol buttons of a plot with overlays act on the top one, and only on planes.
 void SetTopOverlayButtons(ToolbarState& state, const PlotRecord& record) {
-    const std::int16_t kind = record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[0])];
+    const std::int16_t kind =
+        record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
     const bool isOfPlanes = kind <= kOverlayPoles;
     state.symbols[0] = {isOfPlanes, kind == kOverlayGreatCircles};
     state.symbols[1] = {isOfPlanes, kind != kOverlayGreatCircles};
@@ -38,7 +39,7 @@ void SetModeButtons(ToolbarState& state, const PlotRecord& record) {
     if (!state.hasRows || !state.isStereo) {
         return;
     }
-    if (record.OverlayRows[0] > 0) {
+    if (record.OverlayRows[kOverlayCount] > 0) {
         SetTopOverlayButtons(state, record);
         return;
     }
@@ -52,7 +53,8 @@ void SetModeButtons(ToolbarState& state, const PlotRecord& record) {
 
 void SetSecondaryButtons(ToolbarState& state, const PlotRecord& record) {
     const bool hasSecondary = record.SecondaryFormat != kNoSecondary && state.hasRows;
-    state.secondary[0] = {hasSecondary && record.OverlayRows[0] == 0, record.ShowSecondary != 0};
+    state.secondary[0] = {hasSecondary && record.OverlayRows[kOverlayCount] == 0,
+                          record.ShowSecondary != 0};
     state.secondary[1] = {hasSecondary && state.isStereo, record.SelectedOverlay > 0};
     state.symbols[kOverlaySecondaryButton] = state.secondary[1];
     for (int option = 0; option < 3; ++option) {
@@ -103,7 +105,7 @@ bool HasSelectionOn(int slot) {
 /// table: neither are taken out here.
 bool KeepsItsRows(const PlotRecord& record) {
     const bool hasSecondaryBelow =
-        record.SelectedOverlay > 0 && record.SelectedOverlay != record.OverlayRows[0];
+        record.SelectedOverlay > 0 && record.SelectedOverlay != record.OverlayRows[kOverlayCount];
     return hasSecondaryBelow || record.MapInfoLinked != 0;
 }
 
@@ -152,7 +154,7 @@ MenuCaptions CaptionsOfMenus() {
     const bool showsAnnotations = hasPlot && ActiveRecord().ShowAnnotations != 0;
     const bool isAdvanced = hasPlot && ActiveRecord().StatsBoxKind != 0;
     MenuCaptions captions;
-    const bool hasOverlays = hasPlot && ActiveRecord().OverlayRows[0] > 0;
+    const bool hasOverlays = hasPlot && ActiveRecord().OverlayRows[kOverlayCount] > 0;
     const std::string ofWhat = hasOverlays ? " (top overlay)" : "";
     captions.greatCircles = "Great C&ircles" + ofWhat;
     captions.pointSymbols = "Point &symbols" + ofWhat;
@@ -170,7 +172,7 @@ EditMenuState StateOfEditMenu() {
         return state;
     }
     const PlotRecord& record = ActiveRecord();
-    state.changeSymbol = record.OverlayRows[0] >= 1;
+    state.changeSymbol = record.OverlayRows[kOverlayCount] >= 1;
     state.unselect = HasSelectionOn(gMarqueeSlot);
     if (HasSelectionOn(gActivePlot)) {
         SetSelectionItems(state, record);
@@ -178,8 +180,8 @@ EditMenuState StateOfEditMenu() {
         state.copy = state.unselect; // from the plot where the selection is
     }
     state.selectAll = record.NumLoadedData > 0 || HasAnnotations(record);
-    state.removeOverlay =
-        record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
+    state.removeOverlay = record.OverlayRows[kOverlayCount] >= 1
+                          && record.OverlayRows[kOverlayCount] != record.SelectedOverlay;
     state.removeAnnotation = HasAnnotations(record);
     return state;
 }

@@ -49,7 +49,7 @@ void StoreMeans(PlotRecord& record, const std::vector<DistinctLine>& lines,
     record.FabricValueD = static_cast<float>(axial.plunge);
     record.FabricValueE = static_cast<float>(axial.trend);
     record.FabricValueF = static_cast<float>(1 - mean.length);
-    record.RoseResultant[0] = mean.length;
+    record.RoseResultant[kOfAngles] = mean.length;
 }
 
 void StoreTensor(PlotRecord& record, const Matrix3& tensor) {
@@ -66,7 +66,7 @@ EigenSystem3 SystemOf(const EigenTable& table) {
         for (std::size_t column = 0; column < 3; ++column) {
             system.vectors[row][column] = static_cast<double>(table[row + 1][column + 1]);
         }
-        system.values[row] = static_cast<double>(table[row + 1][0]);
+        system.values[row] = static_cast<double>(table[row + 1][kEigenvalue]);
     }
     return system;
 }
@@ -78,10 +78,10 @@ void StoreAxes(PlotRecord& record) {
     const FabricAxes sorted = SortedAxes(SystemOf(table));
     for (std::size_t i = 0; i < 3; ++i) {
         const Direction& axis = sorted.axes[i];
-        record.FabricResults[i + 1][0] = static_cast<float>(sorted.values[i]);
-        record.FabricResults[1][i + 1] = static_cast<float>(axis.l);
-        record.FabricResults[2][i + 1] = static_cast<float>(axis.m);
-        record.FabricResults[3][i + 1] = static_cast<float>(axis.n);
+        record.FabricResults[i + 1][kEigenvalue] = static_cast<float>(sorted.values[i]);
+        record.FabricResults[kNorthOfAxis][i + 1] = static_cast<float>(axis.l);
+        record.FabricResults[kEastOfAxis][i + 1] = static_cast<float>(axis.m);
+        record.FabricResults[kDownOfAxis][i + 1] = static_cast<float>(axis.n);
         double plunge = 0;
         double trend = 0;
         AxisToLine(axis, plunge, trend);
@@ -93,7 +93,7 @@ void StoreAxes(PlotRecord& record) {
 std::array<double, 3> EigenvaluesOf(const PlotRecord& record) {
     std::array<double, 3> values{};
     for (std::size_t i = 0; i < values.size(); ++i) {
-        values[i] = static_cast<double>(record.FabricResults[i + 1][0]);
+        values[i] = static_cast<double>(record.FabricResults[i + 1][kEigenvalue]);
     }
     return values;
 }
@@ -101,25 +101,25 @@ std::array<double, 3> EigenvaluesOf(const PlotRecord& record) {
 /// The plane normal to an axis.
 void StorePlaneItem(PlotRecord& record, std::size_t item, std::size_t axis) {
     if (!IsAxisDetermined(record, axis)) {
-        record.AxisItems[item][1] = std::string(kUndetermined);
-        record.AxisItems[item][2] = TaggedValue();
-        record.AxisItems[item][3] = TaggedValue();
+        record.AxisItems[item][kItemText] = std::string(kUndetermined);
+        record.AxisItems[item][kItemPlunge] = TaggedValue();
+        record.AxisItems[item][kItemTrend] = TaggedValue();
         return;
     }
     const AxisLine pole = FabricAxis(record, axis);
-    record.AxisItems[item][1] = TextOfPlaneOfPole(pole.plunge, pole.trend);
-    record.AxisItems[item][2] = pole.plunge;
-    record.AxisItems[item][3] = pole.trend;
+    record.AxisItems[item][kItemText] = TextOfPlaneOfPole(pole.plunge, pole.trend);
+    record.AxisItems[item][kItemPlunge] = pole.plunge;
+    record.AxisItems[item][kItemTrend] = pole.trend;
 }
 
 /// The statistical rows of the axis items; which of them are shown is the user's matter.
 void StoreAxisItems(PlotRecord& record) {
     auto& mean = record.AxisItems[kMeanItem];
-    mean[2] = TaggedValue();
-    mean[3] = TaggedValue();
+    mean[kItemPlunge] = TaggedValue();
+    mean[kItemTrend] = TaggedValue();
     if (HasMeanDirection(record)) {
-        mean[2] = static_cast<double>(record.FabricValueA);
-        mean[3] = static_cast<double>(record.FabricValueB);
+        mean[kItemPlunge] = static_cast<double>(record.FabricValueA);
+        mean[kItemTrend] = static_cast<double>(record.FabricValueB);
     }
     StorePlaneItem(record, kMeanPlaneItem, 3);
     StorePlaneItem(record, kGirdleItem, 1);
@@ -130,9 +130,9 @@ AxisSample SampleInRecord(const PlotRecord& record, const WeightedDirections& ax
     AxisSample sample;
     sample.count = TotalWeight(axes.weights);
     sample.eigenvalues = EigenvaluesOf(record);
-    const Direction greatest = {static_cast<double>(record.FabricResults[1][3]),
-                                static_cast<double>(record.FabricResults[2][3]),
-                                static_cast<double>(record.FabricResults[3][3])};
+    const Direction greatest = {static_cast<double>(record.FabricResults[kNorthOfAxis][3]),
+                                static_cast<double>(record.FabricResults[kEastOfAxis][3]),
+                                static_cast<double>(record.FabricResults[kDownOfAxis][3])};
     sample.fourthMoment = FourthMoment(axes.directions, axes.weights, greatest).value_or(0);
     return sample;
 }

@@ -20,7 +20,6 @@
 
 #pragma once
 
-#include "core/axis_items.h"
 #include "core/formulas.h"
 #include "core/plot_record.h"
 #include "stereo/distinct_lines.h"
@@ -29,15 +28,6 @@
 #include <vector>
 
 namespace quandrel {
-
-/// Places of EigenResults: axis i has its plunge in [i][kAxisPlunge] and its trend in
-/// [i][kAxisTrend]; the numbers of the shape stand about them.
-enum EigenPlace : std::size_t {
-    kShapeNumber = 0, ///< [1] gamma, [2] zeta, [3] the fourth moment about the greatest axis
-    kAxisPlunge = 1,
-    kAxisTrend = 2,
-    kLogRatio = 3, ///< [1] ln(E2/E1), [2] ln(E3/E2), [3] SymmetryStatistic
-};
 
 /// Works out the fabric statistics of gActivePlot, by the formulas in force. Without a valid row
 /// the old ones stay.

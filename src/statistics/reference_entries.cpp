@@ -270,7 +270,7 @@ void AddMean(EntryList& list, const std::string& what, const Pair& mean, double 
         list.AddAngle(what + " mean plunge", mean.first);
         list.AddAngle(what + " mean trend", mean.azimuth);
     }
-    const double printed = record.RoseResultant[0];
+    const double printed = record.RoseResultant[kOfAngles];
     list.Add(what + " R/n", length, {{ThreeDecimals, printed}, {Fixed, printed}});
     list.Add(what + " variance", 1 - length, {{ThreeDecimals, 1 - printed}, {Fixed, 1 - printed}});
 }

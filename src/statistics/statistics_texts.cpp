@@ -87,7 +87,7 @@ std::string MeanText(const PlotRecord& record) {
 }
 
 std::string MeanLines(const PlotRecord& record) {
-    const double length = record.RoseResultant[0];
+    const double length = record.RoseResultant[kOfAngles];
     const char* const what = record.DataKind == kPolarLines ? "Mean Principal Direction = "
                                                             : "Mean Principal Orientation = ";
     return Line(what + TextOfAxis(record, 3, TextOfLine))
@@ -102,9 +102,9 @@ std::string GirdleLines(const PlotRecord& record) {
     std::string lines;
     for (std::size_t item = kFirstUserGirdle; item <= kLastUserGirdle; ++item) {
         const auto& values = record.AxisItems[item];
-        if (NumberOf(values[0]) != 0) {
-            const double plunge = NumberOf(values[2]);
-            const double trend = NumberOf(values[3]);
+        if (NumberOf(values[kItemShown]) != 0) {
+            const double plunge = NumberOf(values[kItemPlunge]);
+            const double trend = NumberOf(values[kItemTrend]);
             lines += Line("Girdle" + std::to_string(item) + ": " + TextOfPlaneOfPole(plunge, trend)
                           + " [axis: " + TextOfLine(plunge, trend) + "]");
         }
@@ -221,7 +221,7 @@ std::string ResultantLines(const PlotRecord& record) {
     SettleForPrint(2, plunge, trend);
     const std::string mean =
         HasMeanDirection(record) ? DegreePair(trend, plunge) + " (trend - plunge)" : kUndetermined;
-    const double length = record.RoseResultant[0];
+    const double length = record.RoseResultant[kOfAngles];
     return Line("Mean Direction:  " + mean) + Line("Mean Resultant = ", length, kThreeDecimals)
            + Line("('Variance' = ", 1 - length, kThreeDecimals, ")")
            + Line("E2-E3 (girdle) plane: " + DegreesOfPlane(record, 1)) + kLineEnd;
@@ -245,7 +245,7 @@ std::string EigenvectorLines(const PlotRecord& record, const std::vector<Distinc
     const double count = CountOfLines(rows);
     std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
     for (std::size_t axis = 1; axis <= 3; ++axis) {
-        const auto eigenvalue = static_cast<double>(record.FabricResults[axis][0]);
+        const auto eigenvalue = static_cast<double>(record.FabricResults[axis][kEigenvalue]);
         lines += ComponentsOf(record, axis) + FormatNumber(count * eigenvalue, "##0.000") + " ("
                  + FormatNumber(eigenvalue, kThreeDecimals) + ")" + kLineEnd;
     }

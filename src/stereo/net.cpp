@@ -138,9 +138,9 @@ void DrawPlotBase() {
 
 void DrawPlotFurniture() {
     const PlotRecord& record = ActiveRecord();
-    const auto& mean = record.AxisItems[0];
-    if (NumberOf(mean[0]) == 0 || IsEmpty(mean[3]) || record.PlotKind >= kRose
-        || record.OverlayRows[0] > 0) {
+    const auto& mean = record.AxisItems[kMeanItem];
+    if (NumberOf(mean[kItemShown]) == 0 || IsEmpty(mean[kItemTrend]) || record.PlotKind >= kRose
+        || record.OverlayRows[kOverlayCount] > 0) {
         return;
     }
     Surface& surface = PlotSurface();
@@ -151,7 +151,7 @@ void DrawPlotFurniture() {
     state.drawStyle = style[1];
     state.drawWidth = style[2] + 1; // it stands out among lines of the same style
     surface.SetState(state);
-    const double trend = NumberOf(mean[3]);
+    const double trend = NumberOf(mean[kItemTrend]);
     const Point tip = AtAzimuth(kArrowTip, trend);
     surface.Line(AtAzimuth(kNetRadius, trend), tip, colour);
     surface.Line(tip, AtAzimuth(kArrowBarb, trend - kPi / 200), colour);

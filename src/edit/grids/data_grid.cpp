@@ -256,7 +256,7 @@ void DataGrid::DiscardEdits() {
 }
 
 bool DataGrid::AddRow() {
-    if (!IsOpenSlot(slot_) || RecordOf(slot_).OverlayRows[0] > 0
+    if (!IsOpenSlot(slot_) || RecordOf(slot_).OverlayRows[kOverlayCount] > 0
         || RecordOf(slot_).ShowSecondary != 0 || RecordOf(slot_).PlotKind == kRose) {
         return false;
     }

@@ -23,7 +23,7 @@ constexpr const char* kNotShown = "Couldn't display this data properly";
 
 std::vector<std::string> PathsOf(const PlotRecord& record) {
     std::vector<std::string> paths = record.MainFiles;
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         const auto& files = record.OverlayFiles[static_cast<std::size_t>(overlay)];
         paths.insert(paths.end(), files.begin(), files.end());
     }

@@ -57,12 +57,13 @@ int StyleValue(const TaggedValue& value, int most) {
 }
 
 bool IsShown(const GirdleValues& values) {
-    return NumberOf(values[0]) != 0;
+    return NumberOf(values[kItemShown]) != 0;
 }
 
 GirdlePlane PlaneOf(const GirdleValues& values) {
     GirdlePlane plane;
-    PoleOfPlane(NumberOf(values[2]), NumberOf(values[3]), plane.dip, plane.dipDirection);
+    PoleOfPlane(NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]), plane.dip,
+                plane.dipDirection);
     return plane;
 }
 
@@ -75,7 +76,7 @@ bool IsAtFormerDipLine(int plotKind, double x, double y) {
 
 /// True when a press may move the girdle of a row.
 bool MayBePulled(const GirdleValues& values, GirdleForm form) {
-    const bool hasText = !TextOf(values[1]).empty();
+    const bool hasText = !TextOf(values[kItemText]).empty();
     const bool isHidden = !IsShown(values) && hasText;
     return !isHidden && (hasText || form != GirdleForm::kThroughDipLine);
 }
@@ -137,10 +138,10 @@ bool PressGirdle(int button, int shift, double x, double y) {
              *form,         PlaneOf(values),
              values,        EditStep(kGirdleEdit, Before<PropertyChange<GirdlesProperty>>),
              false};
-    if (TextOf(values[1]).empty()) {
+    if (TextOf(values[kItemText]).empty()) {
         CopyGirdleStyle(ActiveRecord(), gActiveGirdle);
     }
-    values[0] = false;
+    values[kItemShown] = false;
     if (IsShown(gPull.before)) {
         RedrawPlot(gActivePlot); // the old girdle goes; the new one is drawn above the picture
     }
@@ -164,9 +165,9 @@ void DragGirdle(double x, double y) {
     double plunge = 0;
     double trend = 0;
     OppositeOfPlane(plane->dip, plane->dipDirection, plunge, trend);
-    (*values)[1] = TextOfPlaneOfPole(plunge, trend);
-    (*values)[2] = plunge;
-    (*values)[3] = trend;
+    (*values)[kItemText] = TextOfPlaneOfPole(plunge, trend);
+    (*values)[kItemPlunge] = plunge;
+    (*values)[kItemTrend] = trend;
     gPull.hasMoved = true;
 }
 
@@ -176,7 +177,7 @@ void ReleaseGirdle() {
         return;
     }
     if (GirdleValues* const values = PulledValues()) {
-        (*values)[0] = true;
+        (*values)[kItemShown] = true;
         gPull.step->Finish(Redraw::Nothing);
         EndPull();
     }
@@ -200,13 +201,14 @@ int PulledGirdle() {
 
 void DrawPulledGirdle(Surface& surface) {
     const GirdleValues* const values = PulledValues();
-    if (values == nullptr || TextOf((*values)[1]).empty()) {
+    if (values == nullptr || TextOf((*values)[kItemText]).empty()) {
         return;
     }
-    DrawGreatCircleOfPole(surface, RecordOf(gPull.slot).PlotKind, NumberOf((*values)[2]),
-                          NumberOf((*values)[3]), StyleValue((*values)[4], kColourCount - 1),
-                          StyleValue((*values)[5], kNoLine),
-                          StyleValue((*values)[6], kWidestGirdle));
+    DrawGreatCircleOfPole(surface, RecordOf(gPull.slot).PlotKind, NumberOf((*values)[kItemPlunge]),
+                          NumberOf((*values)[kItemTrend]),
+                          StyleValue((*values)[kItemColour], kColourCount - 1),
+                          StyleValue((*values)[kItemDrawStyle], kNoLine),
+                          StyleValue((*values)[kItemDrawWidth], kWidestGirdle));
 }
 
 void ChangeUserGirdle(int button, int shift, double x, double y) {

@@ -25,10 +25,6 @@ std::int16_t gActiveGirdle = 0;
 
 namespace {
 
-constexpr int kMeanRow = 0;
-constexpr int kMeanPlaneRow = 9;
-constexpr int kAxisRow = 10;
-
 constexpr std::string_view kOtherSeparators = "/\\-,";
 
 constexpr const char* kGirdleHelp = "Shift: +Left mouse button: \n"
@@ -119,12 +115,12 @@ GirdleValues* ValuesOf(int row) {
 }
 
 void StoreShown(GirdleValues& values, bool on) {
-    values[0] = on;
+    values[kItemShown] = on;
     ActiveRecord().Modified = kTrue;
 }
 
 void HideGirdle(GirdleValues& values) {
-    if (NumberOf(values[0]) != 0) {
+    if (NumberOf(values[kItemShown]) != 0) {
         StoreShown(values, false);
         RefreshGirdles();
     }
@@ -158,31 +154,31 @@ std::string ParseGirdleText(const std::string& text, int row) {
     double plunge = 0;
     double trend = 0;
     OppositeOfPlane(plane->dip, plane->dipDirection, plunge, trend);
-    (*values)[2] = plunge;
-    (*values)[3] = trend;
+    (*values)[kItemPlunge] = plunge;
+    (*values)[kItemTrend] = trend;
     CopyGirdleStyle(ActiveRecord(), row);
     return {};
 }
 
 void CopyGirdleStyle(PlotRecord& record, int row) {
-    const int kind = row == kMeanRow
+    const int kind = row == kMeanItem
                          ? kMeanGirdleStyle
                          : (IsUserGirdle(row) ? kUserGirdleStyle : kCalculatedGirdleStyle);
     const AxisStyle& style = gAxisStyleTable[static_cast<std::size_t>(kind)];
     GirdleValues& values = record.AxisItems.at(static_cast<std::size_t>(row));
     for (std::size_t place = 0; place < style.size(); ++place) {
-        values[4 + place] = style[place];
+        values[kItemColour + place] = style[place];
     }
 }
 
 std::string GirdleCaption(int row, std::int16_t dataKind) {
     const bool isOfPlanes = dataKind == kPlanes;
     switch (row) {
-    case kMeanRow:
+    case kMeanItem:
         return "Mean arrow";
-    case kMeanPlaneRow:
+    case kMeanPlaneItem:
         return isOfPlanes ? "Mean S (plane)" : "Mean equiv S (plane)";
-    case kAxisRow:
+    case kGirdleItem:
         return isOfPlanes ? "Beta axis (its girdle)" : "Girdle normal (its girdle)";
     default:
         return "Girdle " + std::to_string(row);
@@ -191,13 +187,13 @@ std::string GirdleCaption(int row, std::int16_t dataKind) {
 
 std::string GirdleText(int row) {
     const GirdleValues* const values = ValuesOf(row);
-    return values == nullptr ? std::string() : TextOf((*values)[1]);
+    return values == nullptr ? std::string() : TextOf((*values)[kItemText]);
 }
 
 bool IsGirdleShown(int row) {
     const GirdleValues* const values = ValuesOf(row);
     return values != nullptr
-           && (NumberOf((*values)[0]) != 0 || (row != kMeanRow && PulledGirdle() == row));
+           && (NumberOf((*values)[kItemShown]) != 0 || (row != kMeanItem && PulledGirdle() == row));
 }
 
 void FocusGirdle(int row) {
@@ -213,11 +209,11 @@ void LeaveGirdles() {
 
 void UpdateGirdle(int row, const std::string& text) {
     GirdleValues* const values = ValuesOf(row);
-    if (values == nullptr || !IsUserGirdle(row) || text == TextOf((*values)[1])) {
+    if (values == nullptr || !IsUserGirdle(row) || text == TextOf((*values)[kItemText])) {
         return;
     }
     if (WithoutBlanks(text).empty()) {
-        (*values)[1] = std::string();
+        (*values)[kItemText] = std::string();
         ActiveRecord().Modified = kTrue;
         HideGirdle(*values);
         return;
@@ -226,18 +222,18 @@ void UpdateGirdle(int row, const std::string& text) {
         HideGirdle(*values);
         return;
     }
-    (*values)[1] = std::string(WithoutBlanks(text));
+    (*values)[kItemText] = std::string(WithoutBlanks(text));
     StoreShown(*values, true);
     RefreshGirdles();
 }
 
 bool ShowGirdle(int row, bool on) {
     GirdleValues* const values = ValuesOf(row);
-    const bool hasGirdle = row == kMeanRow || !GirdleText(row).empty();
+    const bool hasGirdle = row == kMeanItem || !GirdleText(row).empty();
     if (values == nullptr || (on && !hasGirdle)) {
         return false;
     }
-    if ((NumberOf((*values)[0]) != 0) != on) {
+    if ((NumberOf((*values)[kItemShown]) != 0) != on) {
         StoreShown(*values, on);
         RefreshGirdles();
     }

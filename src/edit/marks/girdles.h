@@ -9,7 +9,6 @@
 
 #pragma once
 
-#include "core/axis_items.h"
 #include "core/plot_record.h"
 #include "core/result.h"
 #include "input/format_model.h"

@@ -64,7 +64,7 @@ void BreakLinks(PlotRecord& record) {
 
 /// Rows go over the main data: these are secondary ones, or have others laid over them.
 bool GoesOverMainRows(const PlotRecord& record) {
-    return record.OverlayRows[0] > 0 || record.ShowSecondary != 0;
+    return record.OverlayRows[kOverlayCount] > 0 || record.ShowSecondary != 0;
 }
 
 /// Appends a row to gActivePlot.
@@ -112,12 +112,13 @@ DegreesByHand RowOfPoint(const NetLine& line, bool isUpward) {
 
 bool IsOverlayMadeByHand(const PlotRecord& record, int overlay) {
     const auto place = static_cast<std::size_t>(overlay);
-    return overlay >= 1 && overlay <= record.OverlayRows[0] && overlay != record.SelectedOverlay
-           && record.OverlayKind[place] == kOverlayPolarLines && record.OverlayFiles[place].empty();
+    return overlay >= 1 && overlay <= record.OverlayRows[kOverlayCount]
+           && overlay != record.SelectedOverlay && record.OverlayKind[place] == kOverlayPolarLines
+           && record.OverlayFiles[place].empty();
 }
 
 std::optional<int> OverlayForAddedRows(PlotRecord& record) {
-    const std::int32_t top = record.OverlayRows[0];
+    const std::int32_t top = record.OverlayRows[kOverlayCount];
     if (IsOverlayMadeByHand(record, top)) {
         return top;
     }

@@ -66,7 +66,8 @@ int SlotToCopy(CopiedFields fields) {
 
 /// The top overlay can be taken off, as it does not hold the secondary data.
 bool HasOverlayToRemove(const PlotRecord& record) {
-    return record.OverlayRows[0] >= 1 && record.OverlayRows[0] != record.SelectedOverlay;
+    return record.OverlayRows[kOverlayCount] >= 1
+           && record.OverlayRows[kOverlayCount] != record.SelectedOverlay;
 }
 
 } // namespace
@@ -135,8 +136,8 @@ std::vector<std::int32_t> RowsToRestyle() {
     const std::span<const std::int32_t> selected = SelectedRowsOf(gActivePlot);
     std::vector<std::int32_t> rows(selected.begin(), selected.end());
     const PlotRecord& record = ActiveRecord();
-    if (rows.empty() && record.OverlayRows[0] >= 1) {
-        for (std::int32_t row = FirstRowOfOverlay(record, record.OverlayRows[0]);
+    if (rows.empty() && record.OverlayRows[kOverlayCount] >= 1) {
+        for (std::int32_t row = FirstRowOfOverlay(record, record.OverlayRows[kOverlayCount]);
              row <= record.NumLoadedData; ++row) {
             rows.push_back(row);
         }

@@ -69,7 +69,7 @@ std::optional<std::string> QuestionBeforePaste(const PlotRecord& record,
 }
 
 bool GoesIntoOverlay(const PlotRecord& record, const PastedFormat& format) {
-    return record.OverlayRows[0] > 0
+    return record.OverlayRows[kOverlayCount] > 0
            || (record.ShowSecondary != 0 && format.settings.secondary == kNoSecondary);
 }
 
