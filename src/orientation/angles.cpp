@@ -15,10 +15,10 @@ constexpr double kRightAngle = kPi / 2;
 constexpr double kThreeQuarterTurn = 9.42477796076937 / 2;
 constexpr double kFiveQuarterTurn = 15.70796326794895 / 2;
 
-// From here on whole turns are first taken off by division, so that no value takes long.
+// Angles from this size on are first reduced by division, so that no value takes long.
 constexpr double kManyTurns = 1e5;
 
-// A normal as flat as this belongs to a vertical plane: the rest is rounding.
+// A down component this small belongs to the normal of a vertical plane: the rest is rounding.
 constexpr double kFlatNormal = 1e-12;
 
 int SignOf(double value) {
@@ -49,13 +49,13 @@ Direction Scaled(const Direction& vector, double factor) {
     return {vector.l * factor, vector.m * factor, vector.n * factor};
 }
 
-// Which way a vector has to be turned to point down, or north when it is horizontal.
+// The factor, 1 or -1, that turns a vector down, or north when it is horizontal.
 int SenseDownOrNorth(const Direction& vector) {
     const int sense = vector.n != 0 ? SignOf(vector.n) : SignOf(vector.l);
     return sense != 0 ? sense : 1;
 }
 
-// Unit normal of a plane, pointing down: away from where the plane slopes to.
+// Downward unit normal of a plane; its horizontal part is opposite to the dip direction.
 Direction DownwardNormal(double dip, double dipDir) {
     const Direction normal = {-std::cos(dipDir) * std::sin(dip), -std::sin(dipDir) * std::sin(dip),
                               std::cos(dip)};
@@ -83,7 +83,7 @@ long RoundToEvenLong(double value) {
     if (std::isnan(value)) {
         return 0;
     }
-    // The largest long is no double: its neighbour 2^63 is the first that does not fit.
+    // The largest long is not a double: its neighbour 2^63 is the first value that does not fit.
     if (value >= -static_cast<double>(std::numeric_limits<long>::min())) {
         return std::numeric_limits<long>::max();
     }
@@ -205,7 +205,7 @@ void CosinesToLine(double l, double m, double n, double& plunge, double& trend) 
     while (trend > kTwoPi) {
         trend -= kTwoPi;
     }
-    trend += 0.0; // makes -0 a plain 0
+    trend += 0.0; // turns -0 into 0
 }
 
 void CosinesToLine(const Direction& direction, double& plunge, double& trend) {
@@ -287,7 +287,7 @@ void PlaneThroughLines(double plunge1, double trend1, double plunge2, double tre
     if (std::abs(normal.n) < kFlatNormal) {
         normal.n = 0;
     }
-    // Downward; the normal of a vertical plane is taken eastward.
+    // The downward normal; that of a vertical plane points east.
     const int sense = normal.n != 0 ? SignOf(normal.n) : SignOf(normal.m);
     normal = Scaled(normal, sense != 0 ? sense : 1);
     if (normal.l == 0 && normal.m == 0) {
@@ -295,7 +295,7 @@ void PlaneThroughLines(double plunge1, double trend1, double plunge2, double tre
         return;
     }
     dip = ArcCos(normal.n);
-    // The plane slopes down away from where its downward normal points.
+    // The dip direction is opposite to the horizontal part of the downward normal.
     dipDir = AzimuthBetweenPoints(normal.m, normal.l, 0, 0);
 }
 
@@ -314,7 +314,7 @@ double AzimuthBetweenPoints(double x1, double y1, double x2, double y2) {
     if (dy < 0) {
         return acute + kPi;
     }
-    return acute < 0 ? acute + kTwoPi : acute + 0.0; // + 0.0 makes -0 a plain 0
+    return acute < 0 ? acute + kTwoPi : acute + 0.0; // + 0.0 turns -0 into 0
 }
 
 } // namespace quandrel

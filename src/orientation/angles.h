@@ -6,9 +6,9 @@
 // dip direction), a pole is a line. Plunge and dip count downward from the horizontal; a negative
 // plunge points upward. Direction cosines are along north, east and down.
 //
-// This is the chief header of the folder. Enters: angles, direction cosines, texts of numbers and
-// of compass notation. Leaves: the same in another form, or a marker of what cannot be read.
-// Nothing here keeps a state or knows a plot: every function is of its arguments alone.
+// This is the chief header of the folder. Input: angles, direction cosines, texts of numbers and of
+// compass notation. Output: the same in another form, or a marker for what cannot be read. All
+// functions are pure: they depend on their arguments alone and know nothing of plots.
 
 #pragma once
 
@@ -33,10 +33,10 @@ inline constexpr std::int32_t kErrorRow = -9999;
 /// for a negative value.
 inline constexpr double kNoAnswerPlunge = -kPi / 2;
 
-/// DegToRad of what is no number: larger than any legal angle.
+/// DegToRad of a value that is not a number: larger than any valid angle.
 inline constexpr double kUnreadableAngle = 9999.0;
 
-/// Cross products of unit vectors shorter than this count as zero: the two are parallel.
+/// A cross product of unit vectors shorter than this counts as zero: the vectors are parallel.
 inline constexpr double kParallelLength = 1e-9;
 
 /// A unit vector, or any vector, along north, east and down.
@@ -46,12 +46,12 @@ struct Direction {
     double n = 0.0; ///< down
 };
 
-/// The nearest whole number; half-way cases go to the even neighbour. The one routine for it.
+/// The nearest whole number; half-way cases go to the even neighbour. All rounding uses it.
 inline double RoundToEven(double value) {
     return std::nearbyint(value);
 }
 
-/// RoundToEven as an integer. NaN gives 0, values beyond the range its nearest end.
+/// RoundToEven as an integer. NaN gives 0; a value out of range gives the nearest limit.
 long RoundToEvenLong(double value);
 
 /// Radians of an angle in degrees.
@@ -61,7 +61,7 @@ double DegToRad(double degrees);
 
 /// Radians of an angle in degrees given as text, with either decimal delimiter.
 ///
-/// @return kUnreadableAngle when the text is no number, empty text included
+/// @return kUnreadableAngle when the text is not a number, or is empty
 double DegToRad(std::string_view degrees);
 
 /// Degrees of an angle in radians; 0 when the value is not finite. Inverse of DegToRad.
@@ -87,7 +87,7 @@ double ArcCos(double cosine);
 /// Angle -kPi/2 to kPi/2 of a sine; a sine beyond 1 counts as 1, below -1 as -1.
 double ArcSin(double sine);
 
-/// The pole of a plane, or the plane of a pole: its own inverse.
+/// The pole of a plane, or the plane of a pole. PoleOfPlane is its own inverse.
 ///
 /// @param a               dip or plunge; the sign is ignored
 /// @param b               dip direction or trend, any value
@@ -95,8 +95,8 @@ double ArcSin(double sine);
 /// @param[out] trend      b + kPi, wrapped into 0 to kTwoPi
 void PoleOfPlane(double a, double b, double& plunge, double& trend);
 
-/// PoleOfPlane for a b of either sign: |b| is reduced below kTwoPi and half a turn is added or
-/// taken off, so that the result stays inside 0 to kTwoPi.
+/// PoleOfPlane for a b of either sign: |b| is reduced below kTwoPi, then half a turn is added or
+/// subtracted, so that the result stays within 0 to kTwoPi.
 void OppositeOfPlane(double a, double b, double& plunge, double& trend);
 
 /// Direction cosines of a line.
@@ -117,17 +117,17 @@ void LineToCosines(double plunge, double trend, double& l, double& m, double& n)
 /// @param[out] plunge  -kPi/2 to kPi/2, negative for an upward vector
 /// @param[out] trend   0 to kTwoPi, of the downward end
 ///
-/// A vertical vector gives (kPi/2, 0) in either sense. Inverse of LineToCosines, upward lines
-/// included.
+/// A vertical vector gives (kPi/2, 0) whether it points up or down. Inverse of LineToCosines, also
+/// for upward lines.
 void CosinesToLine(double l, double m, double n, double& plunge, double& trend);
 
 /// CosinesToLine of one value.
 void CosinesToLine(const Direction& direction, double& plunge, double& trend);
 
-/// Which of the two angles between undirected lines is wanted.
+/// Which of the two angles between undirected lines to return.
 enum class LineAngle { kAcute, kObtuse };
 
-/// Angle between two lines, each read as pointing down.
+/// Angle between two lines, both taken as pointing down.
 ///
 /// @param plunge1,trend1,plunge2,trend2  the lines; the signs of the plunges are ignored
 /// @param[out] angle                     0 to kPi/2 (acute) or kPi/2 to kPi (obtuse)
@@ -135,17 +135,17 @@ enum class LineAngle { kAcute, kObtuse };
 void AngleBetweenLines(double plunge1, double trend1, double plunge2, double trend2, double& angle,
                        LineAngle wanted);
 
-/// The line that two planes have in common.
+/// The intersection line of two planes.
 ///
 /// @param dip1,dipDir1,dip2,dipDir2  the planes
 /// @param[out] plunge                0 to kPi/2, or kNoAnswerPlunge when the planes coincide
-/// @param[out] trend                 0 to kTwoPi; no meaning without an answer
+/// @param[out] trend                 0 to kTwoPi; meaningless without an answer
 ///
 /// Planes of equal dip direction meet in the horizontal line at dip direction + kPi/2.
 void IntersectPlanes(double dip1, double dipDir1, double dip2, double dipDir2, double& plunge,
                      double& trend);
 
-/// The line that two planes have in common, from their normals: the quick form of IntersectPlanes.
+/// The intersection line of two planes, from their normals: the fast form of IntersectPlanes.
 ///
 /// @param normal1,normal2  unit normals, pointing up or down
 /// @return the downward unit vector along the line (a horizontal one points north, or east), or
@@ -153,12 +153,12 @@ void IntersectPlanes(double dip1, double dipDir1, double dip2, double dipDir2, d
 [[nodiscard]] std::optional<Direction> IntersectionDirection(const Direction& normal1,
                                                              const Direction& normal2);
 
-/// The plane that holds two lines.
+/// The plane through two lines.
 ///
 /// @param plunge1,trend1,plunge2,trend2  the lines; the signs of all four are ignored
 /// @param[out] dip                       0 to kPi/2, or kNoAnswerPlunge when the lines coincide
-/// @param[out] dipDir                    0 to kTwoPi; of a vertical plane the one from kPi on to
-///                                       kTwoPi; 0 for a horizontal plane and without an answer
+/// @param[out] dipDir                    0 to kTwoPi. A vertical plane gives a value from kPi up to
+///                                       kTwoPi; a horizontal plane, and no answer, give 0
 void PlaneThroughLines(double plunge1, double trend1, double plunge2, double trend2, double& dip,
                        double& dipDir);
 

@@ -6,11 +6,11 @@
 
 namespace quandrel {
 
-/// The concentration whose mean resultant length is the one given, by halving.
+/// The concentration with the given mean resultant length, found by bisection.
 ///
-/// @param lengthOf    mean resultant length of a concentration; grows with it, and for a length R
-///                    the concentration is below 1 / (1 - R) + 1
-/// @param meanLength  below 1; 0 and less give 0
+/// @param lengthOf    mean resultant length of a concentration: an increasing function. For a
+///                    length R the concentration must be below 1 / (1 - R) + 1
+/// @param meanLength  below 1; values of 0 and less give 0
 template <class LengthOf>
 [[nodiscard]] double ConcentrationOf(LengthOf lengthOf, double meanLength) {
     if (meanLength <= 0) {

@@ -18,14 +18,15 @@ struct Rotation {
     double sine = 0;
 };
 
-/// True when an off-diagonal entry changes a diagonal one at all, in the precision of Real.
+/// True unless an off-diagonal entry is negligible beside a diagonal one in the precision of Real.
 template <class Real>
 bool Changes(double diagonal, double offDiagonal) {
     const auto size = static_cast<Real>(std::abs(diagonal));
     return size != static_cast<Real>(100 * std::abs(offDiagonal) + std::abs(diagonal));
 }
 
-/// The rotation that makes the entry g vanish; h is the difference of the diagonal, w their length.
+/// The rotation that eliminates the entry g; h is the difference of the diagonal entries, w =
+/// sqrt(4 g^2 + h^2).
 Rotation RotationOf(double g, double h, double w) {
     Rotation rotation;
     if (h < 0) {
@@ -48,13 +49,13 @@ void Turn(double& first, double& second, const Rotation& rotation) {
     first = turned;
 }
 
-/// Turns a and the vectors so that a[p][q] vanishes. False when it is nothing already.
+/// Rotates a and the vectors so that a[p][q] vanishes. Returns false when it is negligible already.
 template <class Real>
 bool Annihilate(Matrix3& a, Matrix3& vectors, std::size_t p, std::size_t q) {
     const double g = 0.5 * (a[p][q] + a[q][p]);
     const double h = a[p][p] - a[q][q];
     const double w = std::sqrt(4 * g * g + h * h);
-    // The order of the diagonal is no reason to turn: a diagonal matrix stays as it is.
+    // Unordered values are no reason to rotate: a diagonal matrix stays as it is.
     if (w == 0 || (!Changes<Real>(a[p][p], g) && !Changes<Real>(a[q][q], g))) {
         return false;
     }
@@ -97,7 +98,7 @@ void JacobiEigen3(const EigenTable& a, EigenTable& v) {
             matrix[row][column] = static_cast<double>(a[row + 1][column + 1]);
         }
     }
-    // The rotations are worked out in doubles: floats would lose vectors of close values.
+    // The rotations use doubles: floats would lose the vectors of close eigenvalues.
     const EigenSystem3 system = Diagonalise<float>(matrix);
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Eigenvalues and eigenvectors of symmetric 3 x 3 matrices, and the exchange of two numbers.
+// Eigenvalues and eigenvectors of symmetric 3 x 3 matrices, and the swap of two numbers.
 
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace quandrel {
 
-/// A table as the plot record keeps it: the matrix stands in rows and columns 1 to 3.
+/// A table as the plot record keeps it: the matrix is in rows and columns 1 to 3.
 using EigenTable = std::array<std::array<float, 4>, 4>;
 
 using Matrix3 = std::array<std::array<double, 3>, 3>; ///< [row][column]
 
-/// Eigenvalues of a matrix with a unit eigenvector each: column i of `vectors` belongs to
-/// `values[i]`. In no order.
+/// Eigenvalues of a matrix, each with a unit eigenvector: column i of `vectors` belongs to
+/// `values[i]`. They are not sorted.
 struct EigenSystem3 {
     std::array<double, 3> values{};
     Matrix3 vectors{};
@@ -23,21 +23,21 @@ struct EigenSystem3 {
 
 /// Eigenvalues and eigenvectors to the precision of 32-bit floats.
 ///
-/// @param a       [1..3][1..3] a symmetric matrix; where it is not, the two sides are averaged
+/// @param a       [1..3][1..3] a symmetric matrix; otherwise the two halves are averaged
 /// @param[out] v  [1..3][1..3] the unit eigenvectors as columns, [i][0] the eigenvalue of column i,
-///                in no order
+///                not sorted
 ///
-/// A matrix whose off-diagonal entries are too small to change its diagonal in single precision is
-/// taken as diagonal: the values stay in place, the vectors are the identity. Does not fail; what
-/// has not settled after 31 sweeps is given as it is (a matrix with NaN or infinity).
+/// A matrix whose off-diagonal entries are too small to change its diagonal in single precision
+/// is taken as diagonal: the values stay in place, the vectors are the identity. Does not fail; a
+/// matrix that has not converged after 31 sweeps (one with NaN or infinity) is returned as it is.
 /// Method: C. G. J. Jacobi (1846), J. reine angew. Math. 30, 51-94, in cyclic sweeps, with the
 /// rotation of J. C. Nash, Compact Numerical Methods for Computers (1979), algorithm 14.
 void JacobiEigen3(const EigenTable& a, EigenTable& v);
 
-/// JacobiEigen3 in double precision: values to some 1e-15 of the greatest.
+/// JacobiEigen3 in double precision: values to about 1e-15 of the largest.
 [[nodiscard]] EigenSystem3 SymmetricEigen3(const Matrix3& a);
 
-/// Exchanges two numbers.
+/// Swaps two numbers.
 void SwapInt16(std::int16_t& a, std::int16_t& b);
 void SwapDouble(double& a, double& b);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines that are given by an angle within a plane.
+// Lines given by an angle within a plane.
 
 #include "orientation/angles.h"
 #include "orientation/notation.h"
@@ -13,11 +13,11 @@ namespace {
 
 constexpr double kRightAngle = kPi / 2;
 
-// Sines and cosines of conventional angles miss zero by the rounding of kPi; at this size they mean
-// it.
+// Sines and cosines of round angles miss zero by the rounding of kPi. Below this size they count as
+// zero.
 constexpr double kRounding = 1e-9;
 
-// The line at an angle in the plane, counted downward from the horizontal at strikeAzimuth.
+// The line at an angle in the plane, measured downward from the horizontal at strikeAzimuth.
 void LineInPlane(double dip, double dipDirection, double strikeAzimuth, double angle,
                  double& outPlunge, double& outTrend) {
     const double along = std::cos(angle);

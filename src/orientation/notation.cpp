@@ -101,7 +101,7 @@ double WrappedDegrees(double degrees) {
     return degrees;
 }
 
-// Degrees between two azimuths, 0 to 180.
+// The angle between two azimuths in degrees, 0 to 180.
 double AzimuthDifference(double a, double b) {
     const double difference = WrappedDegrees(a - b);
     return std::min(difference, 360 - difference);

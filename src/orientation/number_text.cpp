@@ -24,24 +24,24 @@ bool IsDecimalDelimiter(char c) {
     return c == '.' || c == ',';
 }
 
-// Where the parts of a number stand in its text.
+// Where the parts of a number are in its text.
 struct NumberShape {
     bool isNumber = false;
     bool isNegative = false;
-    std::size_t mantissaBegin = 0;             // behind the sign
+    std::size_t mantissaBegin = 0;             // after the sign
     std::size_t delimiter = std::string::npos; // of the decimals
     std::size_t exponent = std::string::npos;  // of the letter
 };
 
 // A whole number of up to this many digits is exact in a double, and so is every power of ten that
-// can stand below it: their quotient is rounded once and therefore the nearest double (W. D.
-// Clinger, How to read floating point numbers accurately, PLDI 1990).
+// can divide it. Their quotient is rounded once and is therefore the nearest double (W. D. Clinger,
+// How to read floating point numbers accurately, PLDI 1990).
 constexpr std::size_t kExactDigits = 15;
 
 constexpr double kPowersOfTen[kExactDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-// Adds the run of digits at position to the mantissa; gives the end of the run.
+// Adds the run of digits at position to the mantissa; returns the end of the run.
 const char* TakeDigits(const char* position, const char* end, std::uint64_t& mantissa) {
     for (; position != end; ++position) {
         const unsigned digit = static_cast<unsigned char>(*position) - unsigned{'0'};
@@ -94,8 +94,8 @@ NumberShape ShapeOf(std::string_view text) {
     return shape;
 }
 
-// Whether a number beyond the range of doubles is too small rather than too large: by the power of
-// ten of its first digit that counts.
+// Whether a number out of the range of doubles is too small rather than too large, by the power of
+// ten of its first significant digit.
 bool IsTooSmall(std::string_view text, const NumberShape& shape) {
     const std::size_t mantissaEnd = std::min(shape.exponent, text.size());
     const auto point = static_cast<std::int64_t>(std::min(shape.delimiter, mantissaEnd));
@@ -107,14 +107,14 @@ bool IsTooSmall(std::string_view text, const NumberShape& shape) {
         const std::from_chars_result end =
             std::from_chars(text.data() + digits, text.data() + text.size(), exponent);
         if (end.ec != std::errc{}) {
-            return isNegative; // no mantissa is long enough to outweigh it
+            return isNegative; // no mantissa is long enough to compensate
         }
         exponent = isNegative ? -exponent : exponent;
     }
     return exponent < first - point;
 }
 
-// The general case, with a decimal point at hand.
+// The general case; the library needs a decimal point.
 std::optional<double> ReadByLibrary(std::string_view text, const NumberShape& shape) {
     const std::string_view number = text.substr(shape.mantissaBegin);
     double value = 0;
@@ -144,7 +144,7 @@ std::optional<double> ReadWithComma(std::string_view text, const NumberShape& sh
     return ReadByLibrary(copy, shape);
 }
 
-// Kept out of line, so that the quick way does not pay for its stack.
+// Not inlined, so that the fast path does not pay for its stack.
 [[gnu::noinline]] std::optional<double> ReadInFull(std::string_view text) {
     text = WithoutBlanks(text);
     const NumberShape shape = ShapeOf(text);
@@ -157,8 +157,8 @@ std::optional<double> ReadWithComma(std::string_view text, const NumberShape& sh
     return ReadByLibrary(text, shape);
 }
 
-// The text without the delimiters that part its whole digits into groups of three; empty when they
-// do not.
+// The text without the delimiters that separate its whole digits into groups of three; empty when
+// the groups are not such.
 std::string WithoutGroups(std::string_view text, char decimalDelimiter, char groupDelimiter) {
     const std::size_t wholeEnd = std::min(text.find(decimalDelimiter), text.size());
     std::string plain;
@@ -188,7 +188,7 @@ struct DecimalDigits {
     int point = 0;
 };
 
-// The digits of |value| in the shortest form that reads back, or in the given count of them.
+// The digits of |value|: the shortest form that reads back, or the given number of digits.
 DecimalDigits DigitsOf(double value, int significant = 0) {
     char buffer[40];
     const double magnitude = std::abs(value);
@@ -213,7 +213,8 @@ DecimalDigits DigitsOf(double value, int significant = 0) {
     return result;
 }
 
-// Rounds to so many decimals; a half goes up, which is away from zero as the sign is kept apart.
+// Rounds to the given number of decimals. A half is rounded up, away from zero, as the sign is
+// separate.
 void RoundDecimals(DecimalDigits& number, int decimals) {
     const int kept = number.point + decimals;
     if (kept >= static_cast<int>(number.digits.size())) {
@@ -244,8 +245,8 @@ char DigitAt(const DecimalDigits& number, int power) {
 }
 
 struct FormatShape {
-    int wholeDigits = 0;   // always written in front of the point
-    int leastDecimals = 0; // always written behind it
+    int wholeDigits = 0;   // always written before the point
+    int leastDecimals = 0; // always written after it
     int mostDecimals = 0;
 };
 
@@ -287,7 +288,7 @@ std::string FormatByShape(double value, const FormatShape& shape) {
     return text;
 }
 
-// Up to 15 significant digits; an exponent where plain digits would run longer.
+// Up to 15 significant digits; with an exponent where plain digits would be longer.
 std::string FormatGeneral(double value) {
     constexpr int kSignificant = 15;
     DecimalDigits number = DigitsOf(value, kSignificant);
@@ -337,9 +338,9 @@ std::optional<double> ReadNumber(std::string_view text) {
     if (text.empty() || text.size() > kExactDigits) {
         return ReadInFull(text);
     }
-    // What nearly every field of a data file is: an optional minus, a short run of digits and at
-    // most one delimiter. Everything else goes the long way. Two plain loops and two exits take a
-    // quarter of the time of one loop that also watches for the delimiter.
+    // Nearly every field of a data file is an optional minus, a short run of digits and at most one
+    // delimiter. Everything else takes the slow path. Two plain loops and two exits take a quarter
+    // of the time of one loop that also looks for the delimiter.
     const char* const end = text.data() + text.size();
     const bool isNegative = text.front() == '-';
     const char* const digits = text.data() + (isNegative ? 1 : 0);

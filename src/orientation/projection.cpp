@@ -19,10 +19,10 @@ constexpr double kSteepDip = 1.539380400258997;             // 88.2 degrees
 constexpr double kVerySteepDip = 1.5550883635269461;        // 89.1 degrees
 constexpr double kSteepestArcDip = 279.6017461694913 / 180; // 89 degrees
 
-// A dip that comes from its pole is off by a rounding, which must not carry it over a bound.
+// A dip computed from its pole has a rounding error, which must not carry it over a limit.
 constexpr double kDipRounding = 1e-12;
 
-// An arc whose centre lies this close to the middle of the net is the primitive.
+// An arc whose centre is this close to the middle of the net is the primitive.
 constexpr double kCentred = 1e-6;
 
 int SignOf(double value) {
@@ -43,17 +43,17 @@ NetPosition ReflectedPosition(double x, double y, double distance) {
     return {-SignOf(x) * reflected * std::cos(angle), -SignOf(y) * reflected * std::sin(angle)};
 }
 
-// Angle from the vertical of a position on the net, whose trend is known up to half a turn.
+// Angle from the vertical of a position on the net whose trend is known up to half a turn.
 double ColatitudeAt(int kind, const NetPosition& position, double trend) {
     const double sine = std::sin(trend);
     const double rho =
         sine == 0 ? position.y / (std::cos(trend) * kNetRadius) : position.x / (sine * kNetRadius);
-    // Kept: here every kind but equal area counts as equal angle; projecting takes it the other
-    // way round.
+    // Kept: here every kind but equal area counts as equal angle; projecting takes it the other way
+    // round.
     return kind == kAreaKind ? ArcCos(1 - rho * rho) : 2 * std::atan(rho);
 }
 
-// Half turns that atan has lost.
+// Restores the half turns that atan loses.
 double TurnedTrend(double trend, const NetPosition& position) {
     if (trend < 0) {
         return trend + (position.x >= 0 && position.y <= 0 ? kPi : kTwoPi);
@@ -108,7 +108,7 @@ void UnprojectPosition(int kind, double x, double y, double& plunge, double& tre
     const double acute =
         position.y == 0 ? SignOf(position.x) * kRightAngle : std::atan(position.x / position.y);
     plunge = kRightAngle - std::abs(ColatitudeAt(kind, position, acute));
-    trend = TurnedTrend(acute, position) + 0.0; // + 0.0 makes -0 a plain 0
+    trend = TurnedTrend(acute, position) + 0.0; // + 0.0 turns -0 into 0
     if (isOutside) {
         plunge = -plunge;
     }
@@ -132,9 +132,9 @@ GreatCircle GreatCircleArc(int kind, double polePlunge, double poleTrend) {
     double strikeY = 0;
     ProjectPoint(kind, 0, dipDir - kRightAngle, strikeX, strikeY);
 
-    // The centre lies at s u, u the unit vector from the middle of the net to the lowest point D,
-    // and is as far from D = rho u as from the strike end S, which is at right angles to u:
-    // (rho - s)^2 = s^2 + |S|^2. Solved for s there is no slope that could become infinite.
+    // The centre is at s u, u the unit vector from the middle of the net to the lowest point D. It
+    // is as far from D = rho u as from the strike end S, which is at right angles to u: (rho - s)^2
+    // = s^2 + |S|^2. Solving for s avoids a slope that could become infinite.
     const double rho = std::hypot(lowX, lowY);
     const double strikeSquared = strikeX * strikeX + strikeY * strikeY;
     const double offset = (rho * rho - strikeSquared) / (2 * rho);
@@ -143,7 +143,8 @@ GreatCircle GreatCircleArc(int kind, double polePlunge, double poleTrend) {
     }
     circle.cx = lowX / rho * offset;
     circle.cy = lowY / rho * offset;
-    // The flattest arc, at 89 degrees, has a radius of 57300: kStraightRadius bounds nothing here.
+    // The flattest arc, at 89 degrees, has a radius of 57300, below kStraightRadius: no clamp is
+    // needed.
     circle.radius = rho - offset;
     circle.start = AngleAt(-strikeX - circle.cx, -strikeY - circle.cy);
     circle.end = AngleAt(strikeX - circle.cx, strikeY - circle.cy);

@@ -34,7 +34,7 @@ struct NetPosition {
 /// @param[out] x  east, plot units
 /// @param[out] y  north, plot units
 ///
-/// Does not fail. A plunge of 0 falls on the primitive. UnprojectPosition leads back.
+/// Does not fail. A plunge of 0 falls on the primitive. Inverse: UnprojectPosition.
 /// Formula: rho = sqrt(1 - cos c), or tan(c/2), c the colatitude, scaled to a primitive of 1.
 /// J. P. Snyder, Map Projections - A Working Manual, USGS Prof. Paper 1395 (1987), ch. 24, 21.
 void ProjectPoint(int kind, double plunge, double trend, double& x, double& y);
@@ -43,10 +43,10 @@ void ProjectPoint(int kind, double plunge, double trend, double& x, double& y);
 /// coordinate that is not finite.
 void ProjectPointInt(int kind, double plunge, double trend, std::int16_t& x, std::int16_t& y);
 
-/// Position of a unit vector on the net, without the detour over angles.
+/// Position of a unit vector on the net, without computing angles.
 ///
 /// @param kind       projection, as for ProjectPoint
-/// @param direction  unit vector; an upward one falls where its opposite does
+/// @param direction  unit vector; an upward one is plotted at its opposite
 ///
 /// Equals ProjectPoint of CosinesToLine. With n = cos c the formulas there become (m, l) /
 /// sqrt(1 + n) and (m, l) / (1 + n).
@@ -66,7 +66,7 @@ void UnprojectPosition(int kind, double x, double y, double& plunge, double& tre
 
 /// A great circle as an arc on the plot, counter-clockwise from start to end (radians from +x).
 ///
-/// With a radius of kStraightRadius it is the diameter at right angles to (cx, cy).
+/// A radius of kStraightRadius stands for the diameter at right angles to (cx, cy).
 struct GreatCircle {
     double cx = 0.0;     ///< centre, plot units
     double cy = 0.0;     ///< centre, plot units
@@ -75,8 +75,8 @@ struct GreatCircle {
     double end = 0.0;    ///< 0 to kTwoPi, at the strike; less than start when east lies between
 };
 
-/// The arc of the great circle whose pole is given: through the two ends of the strike line and
-/// the lowest point of the plane.
+/// The arc of the great circle with the given pole: through the two ends of the strike line and the
+/// lowest point of the plane.
 ///
 /// @param kind        projection, as for ProjectPoint
 /// @param polePlunge  -kPi/2 to kPi/2; the sign is ignored
