@@ -18,7 +18,7 @@ BlockReader::BlockReader(std::string_view text, const LineRules& rules, std::siz
     try {
         thread_ = std::thread([this] { Work(); });
     } catch (const std::system_error&) {
-        return; // Next reads them all
+        return; // Next reads all blocks
     }
 }
 
@@ -72,7 +72,7 @@ void BlockReader::ReadOne(Lock& lock) {
     std::exception_ptr failure;
     try {
         ReadBlock(part, rules_, place.block);
-    } catch (...) { // goes on to whoever takes the block
+    } catch (...) { // rethrown to the caller that takes the block
         failure = std::current_exception();
     }
     lock.lock();

@@ -13,7 +13,7 @@ namespace quandrel {
 
 namespace {
 
-// Deals out columns in order.
+// Assigns columns in order.
 class ColumnDealer {
 public:
     explicit ColumnDealer(ColumnSettings& slots)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The order of the columns in files that do not state it otherwise.
+// The order of the columns in files that do not state one.
 
 #pragma once
 
@@ -8,10 +8,10 @@
 
 namespace quandrel {
 
-/// The column slots of a line that holds its values in the order of the format, each in a column of
-/// its own: the primary orientation as its convention writes it, the secondary one, the appended
-/// line, the number, the text. A pitch is followed by its sense. Values that the format does not
-/// have take no column; their slots are the column behind all others.
+/// The column slots of a line whose values are in the order of the format, each in a column of its
+/// own: the primary orientation as its convention writes it, the secondary one, the appended line,
+/// the number, the text. A pitch is followed by its sense. Values that the format does not have
+/// take no column; their slots are the column after all others.
 [[nodiscard]] ColumnSettings ColumnsInOrder(const FormatSettings& settings);
 
 } // namespace quandrel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The columns of a format choice: how they follow a change of the format, and what is asked about
-// them.
+// The columns of a format choice: how they follow a change of the format, and which questions they
+// raise.
 
 #include "input/format_choice.h"
 
@@ -18,14 +18,14 @@ std::size_t Index(int slot) {
     return static_cast<std::size_t>(slot);
 }
 
-// The orientations of a line, and the appended values. Slots of one group may change places.
+// The orientations of a line, and the appended values. Slots of one group may swap places.
 constexpr std::array<std::pair<int, int>, 5> kGroups = {{{kSlotDip, kSlotSense},
                                                          {kSlotSecondaryDip, kSlotSecondarySense},
                                                          {kSlotAppendedPlunge, kSlotAppendedTrend},
                                                          {kSlotNumber, kSlotNumber},
                                                          {kSlotText, kSlotText}}};
 
-/// A slot with the sense that may stand in its column.
+/// A slot and the sense that may be in its column.
 struct SensePair {
     int value;
     int sense;
@@ -61,7 +61,7 @@ bool HaveInitialColumns(const FormatChoice& choice) {
     return true;
 }
 
-/// Moves the columns of a choice to a new format, group by group.
+/// Moves the columns of a choice to a new format, one group at a time.
 class ColumnMove {
 public:
     ColumnMove(const FormatChoice& before, FormatChoice& after)
@@ -95,7 +95,7 @@ public:
 private:
     [[nodiscard]] std::int32_t Order(int slot) const { return orderAfter_[Index(slot)]; }
 
-    /// A sense that stood in the column of its value, and goes on standing there.
+    /// A sense that was in the column of its value, and stays there.
     [[nodiscard]] bool HasColumnOfValue(int slot) const {
         const auto pairs = SensePairs(before_);
         return std::any_of(pairs.begin(), pairs.end(), [&](const SensePair& pair) {
@@ -146,8 +146,8 @@ private:
         return last;
     }
 
-    /// The first column that no other item has, behind those of the slot's own group, or else of
-    /// the primary orientation: what stands in front of that is mostly the name of a place.
+    /// The first column that no other item has, after those of the slot's own group, or else of the
+    /// primary orientation: a column before that usually holds a place name.
     [[nodiscard]] std::int32_t FreeColumn(int slot) const {
         const auto* const group =
             std::find_if(kGroups.begin(), kGroups.end(), [slot](const auto& range) {
@@ -177,13 +177,13 @@ private:
     const FormatChoice& before_;
     FormatChoice& after_;
     SlotFlags usedBefore_;
-    SlotFlags hasColumn_; ///< those used before, and those that have got their column
+    SlotFlags hasColumn_; ///< those used before, and those that have their column by now
     SlotFlags usedAfter_;
     ColumnSettings orderBefore_;
     ColumnSettings orderAfter_;
 };
 
-/// Looks for columns that serve two items.
+/// Finds columns that serve two items.
 class ColumnCheck {
 public:
     explicit ColumnCheck(const FormatChoice& choice)

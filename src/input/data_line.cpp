@@ -38,7 +38,7 @@ struct Items {
     }
 };
 
-// What the first characters say of a line; Row when it has to be read.
+// What the first characters of a line say it is; Row when it has to be parsed.
 LineStatus KindOfLine(std::string_view line, char delimiter) {
     line = WithoutLeadingBlanks(line, delimiter);
     if (line.empty()) {
@@ -56,7 +56,8 @@ LineStatus KindOfLine(std::string_view line, char delimiter) {
     }
 }
 
-// Cuts a sense off a number such as "45SW"; nothing when what is behind the number is no sense.
+// Cuts a sense off a number such as "45SW"; nothing when the letters after the number are not a
+// sense.
 std::optional<double> NumberBeforeSense(std::string_view text, std::string_view& sense) {
     std::string_view number;
     if (!SplitSenseLetters(text, number, sense) || !IsValidSense(sense)) {
@@ -65,7 +66,7 @@ std::optional<double> NumberBeforeSense(std::string_view text, std::string_view&
     return ReadNumber(number);
 }
 
-// A dip or plunge. A sense behind it is cut off in every convention.
+// A dip or plunge. A sense after it is cut off in every convention.
 bool ReadDip(const Token& token, double& dip) {
     std::optional<double> degrees = NumberIn(token);
     if (!degrees) {
@@ -98,7 +99,7 @@ LineStatus ReadLine(const Token& plungeToken, const Token& trendToken, bool isQu
     return ReadDip(plungeToken, plunge) ? LineStatus::Row : LineStatus::NotOrientation;
 }
 
-// The sense of a plane: from its own token, or else from behind the dip.
+// The sense of a plane: from its own token, or else from the letters after the dip.
 LineStatus ReadSense(const Token& dipToken, std::string_view own, std::string_view& sense) {
     sense = own;
     if (IsValidSense(sense)) {
@@ -114,8 +115,8 @@ LineStatus ReadSense(const Token& dipToken, std::string_view own, std::string_vi
     return IsValidSense(sense) ? LineStatus::Row : LineStatus::NotOrientation;
 }
 
-// A plane in the convention of the format. `own` is the token in the column of the sense: it is no
-// sense when that is the column of the dip, too.
+// A plane in the convention of the format. `own` is the token in the column of the sense; it is not
+// a sense when the dip has the same column.
 LineStatus ReadPlane(const Token& dipToken, const Token& azimuthToken, std::string_view own,
                      const LineFormat& format, double& dip, double& dipDirection) {
     if (dipToken.Text().empty() || azimuthToken.Text().empty()) {
@@ -205,7 +206,7 @@ LineStatus ReadPitch(const Items& items, ParsedRow& row) {
     return LineStatus::Row;
 }
 
-// A trend that is none leaves the row without a secondary orientation.
+// An invalid trend leaves the row without a secondary orientation.
 LineStatus ReadTrend(const Items& items, ParsedRow& row) {
     const Token& token = items.At(kSlotSecondaryDirection);
     std::optional<double> degrees = NumberIn(token);
@@ -297,8 +298,8 @@ bool Holds(std::string_view text, char c) {
     return text.find(c) != std::string_view::npos;
 }
 
-// A number with thousands parted from each other, as the region writes them; or as others do, when
-// delimiters are to be converted.
+// A number with a thousands separator: that of the region, or another one when delimiters are to be
+// converted.
 std::optional<double> NumberWithGroups(std::string_view text, const LineFormat& format) {
     if (!Holds(text, '.') && !Holds(text, ',')) {
         return std::nullopt;
@@ -360,7 +361,7 @@ void TakeLowerEnds(const LineFormat& format, ParsedRow& row) {
     if (!row.isPlane) {
         TakeLowerEnd(format.negativePlunge, row.dip, row.az);
     }
-    // Lines that were worked out from angles in a plane have the trends of their lower ends.
+    // Lines computed from angles in a plane already have the trends of their lower ends.
     if (row.secondaryPresent && format.secondary == kSecondaryLine) {
         TakeLowerEnd(format.negativePlunge, row.dip2, row.az2);
     }
@@ -402,7 +403,7 @@ void ReadRow(const Items& items, ParsedRow& row) {
     LineTokens tokens;
     const int missing = format.neededColumns
                         - tokens.Split(line, format.neededColumns, format.delimiter, format.slots);
-    // A text at the end may be left out on purpose.
+    // A text at the end of a line is optional.
     if (missing > (format.wantText ? 1 : 0)) {
         row.status = LineStatus::TooFewItems;
         return row;

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// Reads one line of text under the data format: a row, or the reason why it is none.
+// Parses one line of text by the data format: into a row, or the reason why it is not a row.
 //
-// Angles are degrees as the line states them: not rounded, not wrapped. A plane is dip (-90 to 90)
-// and dip direction (-360 to 360, or 0 to 360 when it was turned from another notation), a line
-// plunge and trend in the same ranges. A line with a negative plunge comes with the trend of its
-// lower end, whatever the format says the trend names. Numbers may have a decimal point or comma.
+// Angles are degrees as the line states them: not rounded, not wrapped. A plane is a dip (-90 to
+// 90) and a dip direction (-360 to 360, or 0 to 360 when converted from another notation); a line
+// is a plunge and a trend in the same ranges. A line with a negative plunge gets the trend of its
+// lower end, whichever end the format says the trend names. Numbers may have a decimal point or
+// comma.
 //
-// ParseLine is for loops over files; it is pure and takes no memory but for the rare text that has
-// to be changed. ParseDataLine gives the same results as texts.
+// ParseLine is for loops over files: it is pure, and allocates memory only for the rare text that
+// has to be changed. ParseDataLine gives the same results as texts.
 
 #pragma once
 
@@ -31,8 +32,8 @@ enum class LineStatus : std::uint8_t {
     NotData,        ///< holds no digit
     TooFewItems,    ///< fewer columns than the format needs
     NotQuadrant,    ///< an azimuth is not in quadrant notation
-    NotOrientation, ///< a value is out of range, no number or no sense
-    Missing,        ///< a needed value is empty
+    NotOrientation, ///< a value is out of range, not a number or not a sense
+    Missing,        ///< a required value is empty
 };
 
 enum class AppendedLineStatus : std::uint8_t { Absent, Good, Missing, Incorrect };
@@ -42,12 +43,12 @@ enum class NumberStatus : std::uint8_t {
     Good,
     Missing,
     Incorrect,
-    WrongDelimiter, ///< a number, with the decimal delimiter that is not the region's
+    WrongDelimiter, ///< a number with a decimal delimiter other than the region's
 };
 
 enum class TextStatus : std::uint8_t { Absent, Good };
 
-/// A text that is mostly a view into the line, and has to hold its own when it was changed.
+/// A text that is usually a view into the line, and owns its characters only when it was changed.
 class CellText {
 public:
     operator std::string_view() const { return isChanged_ ? std::string_view(changed_) : view_; }
@@ -58,7 +59,7 @@ public:
         isChanged_ = false;
     }
 
-    /// Holds a text of its own.
+    /// Owns a changed text.
     void Keep(std::string changed) {
         changed_ = std::move(changed);
         isChanged_ = true;
@@ -70,12 +71,12 @@ private:
     bool isChanged_ = false;
 };
 
-/// A line, read. What a status does not vouch for has no meaning.
+/// A parsed line. Fields that the status does not vouch for are meaningless.
 struct ParsedRow {
-    LineStatus status = LineStatus::Blank; ///< nothing below counts but for a Row
+    LineStatus status = LineStatus::Blank; ///< the fields below are valid only for a Row
     bool isPlane = false;                  ///< dip and az are those of a plane
     bool isPlane2 = false;                 ///< likewise dip2 and az2
-    bool secondaryPresent = false;         ///< false for a format without one, too
+    bool secondaryPresent = false;         ///< also false for a format without one
     AppendedLineStatus lineStatus = AppendedLineStatus::Absent;
     NumberStatus numberStatus = NumberStatus::Absent;
     TextStatus textStatus = TextStatus::Absent;
@@ -85,57 +86,56 @@ struct ParsedRow {
     double az2 = 0;
     double linePlunge = 0;
     double lineTrend = 0;
-    double number = 0; ///< of a Good one or one with the WrongDelimiter
-    CellText text;     ///< as long as the line lives
+    double number = 0; ///< valid when Good or WrongDelimiter
+    CellText text;     ///< valid as long as the line lives
 };
 
 /// Reads a line without its line end.
 ///
-/// Never fails otherwise than by the statuses of its result. O(length of the line).
+/// Reports failure only by the statuses of its result. O(length of the line).
 ///
 /// @param format  neededColumns must be that of the slots in use
 [[nodiscard]] ParsedRow ParseLine(std::string_view line, const LineFormat& format);
 
-/// Reads the ten values of a row, in the order of the slots, in place of a line. The slots of the
-/// format do not matter. A sense of dip may stand in its own place or behind the dip.
+/// Parses the ten values of a row, in the order of the slots, instead of a line. The slots of the
+/// format do not matter. A sense of dip may be in its own slot or after the dip.
 [[nodiscard]] ParsedRow ParseValues(const std::array<std::string_view, kColumnSlots>& values,
                                     const LineFormat& format);
 
-/// The error text of a line that is no row: "ERROR 5: not orientation data"; empty for a row and a
-/// blank line. The seventh character tells them apart.
+/// The error text of a line that is not a row: "ERROR 5: not orientation data"; empty for a row and
+/// a blank line. The seventh character identifies the error.
 [[nodiscard]] std::string_view ErrorText(LineStatus status);
 
 /// True when a text is one of the parser's error texts: it begins with "ERROR ". A rock type
-/// "Eocene" is none.
+/// "Eocene" is not one.
 [[nodiscard]] bool IsErrorText(std::string_view text);
 
-/// Asks ParseDataLine for values in place of a line.
+/// Tells ParseDataLine to take values instead of a line.
 inline constexpr int kValuesInSlots = -99;
 
 /// Column indexes, or the values of a row as texts or numbers.
 using SlotValues = std::array<TaggedValue, kColumnSlots>;
 
-/// Reads a line with texts for results. Decimal delimiters are judged by gDecimalIsComma and
-/// gConvertDecimals.
+/// Parses a line, with texts as results. gDecimalIsComma and gConvertDecimals decide about decimal
+/// delimiters.
 ///
 /// @param line               not read when neededColumns is kValuesInSlots
-/// @param[out] outDip        dip or plunge in degrees, "0" for directions; or an error text; empty
-///                           with outAz for a blank line
-/// @param[out] outAz         azimuth in degrees; empty for what is no row
+/// @param[out] outDip        dip or plunge in degrees, "0" for directions; or an error text; empty,
+///                           as outAz, for a blank line
+/// @param[out] outAz         azimuth in degrees; empty for a line that is not a row
 /// @param[out] outDip2,outAz2  secondary values, whole where they were computed. Empty when the
-///                           format has none; "-9999" and "0" when the row has none
-/// @param[in,out] outNumeric  in: "TRUE" when the number is wanted; out: the number as it stands,
-///                           or "FALSE" when it was not wanted or the line is no row, or an error
-///                           text ("ERROR D:" goes in front of the number)
+///                             format has none; "-9999" and "0" when the row has none
+/// @param[in,out] outNumeric  in: "TRUE" when the number is wanted; out: the number as written,
+///                            "FALSE" when it was not wanted or the line is not a row, or an error
+///                            text ("ERROR D:" precedes the number)
 /// @param[in,out] outText    likewise; never an error text
 /// @param[in,out] outLineDip  likewise, the appended line
-/// @param[out] outLineAz     its trend; empty when there is none
-/// @param neededColumns      count of columns that a line has to reach, or kValuesInSlots
+/// @param[out] outLineAz     its trend; empty when the row has none
+/// @param neededColumns      number of columns that a line has to have, or kValuesInSlots
 /// @param primaryFormat,secondaryFormat,planeConvention,lineIsTrendFirst,isQuadrant,delimiter
 ///                           as in LineFormat; an empty delimiter is any
-/// @param[in,out] slots      zero-based columns; with kValuesInSlots the values of a row, which
-/// then
-///                           become 0 to 9
+/// @param[in,out] slots      zero-based columns; with kValuesInSlots the values of a row, which are
+///                           replaced by 0 to 9
 /// @param hasOverlays        as in LineFormat
 void ParseDataLine(std::string_view line, std::string& outDip, std::string& outAz,
                    std::string& outDip2, std::string& outAz2, std::string& outNumeric,

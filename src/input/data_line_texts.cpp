@@ -87,7 +87,7 @@ std::string NumberResult(const ParsedRow& row, std::string_view token, const Lin
     }
 }
 
-// The token of the number as it stands in the line.
+// The token of the number as written in the line.
 std::string NumberToken(std::string_view line, const LineFormat& format) {
     std::string token;
     std::size_t position = 0;
@@ -99,7 +99,7 @@ std::string NumberToken(std::string_view line, const LineFormat& format) {
     return token;
 }
 
-// The values in the slots; their places become the slots.
+// The values in the slots; the slots are replaced by their own indexes.
 std::array<std::string, kColumnSlots> TakeValues(SlotValues& slots) {
     std::array<std::string, kColumnSlots> values;
     for (std::size_t slot = 0; slot < slots.size(); ++slot) {

@@ -14,7 +14,8 @@ namespace quandrel {
 
 namespace {
 
-/// Degrees rounded, halves to even. Most are whole as they come, which is sooner seen than rounded.
+/// Degrees rounded, halves to even. Most are whole already; testing for that is faster than
+/// rounding.
 std::int32_t WholeDegrees(double degrees) {
     const auto whole = static_cast<std::int32_t>(degrees);
     return whole == degrees ? whole : static_cast<std::int32_t>(RoundToEven(degrees));
@@ -30,7 +31,7 @@ std::int32_t WholeAzimuth(double degrees) {
     return static_cast<std::int32_t>(azimuth);
 }
 
-/// The orientations of a row, in the places where the columns keep them.
+/// The orientations of a row, in the columns that keep them.
 void SetOrientations(const ParsedRow& row, const RowForm& form, RowValues& values) {
     const RowTarget& target = form.target;
     ShownOrientation primary = RoundedOrientation(row.dip, row.az, row.isPlane);
@@ -65,7 +66,7 @@ void SetLine(const ParsedRow& row, RowValues& values, RowFaults& faults) {
 
 void SetNumber(const ParsedRow& row, RowValues& values, RowFaults& faults) {
     // A number beyond the column's width cannot be stored. Kept: -9999 cannot be stored either. It
-    // marks the invalid ones; the row counts as such, so that the number is not lost in silence.
+    // marks invalid numbers; the row is counted as such, so that the number is not lost silently.
     const bool fits = std::abs(row.number) <= std::numeric_limits<float>::max();
     const float number = fits ? static_cast<float>(row.number) : kInvalidNumber;
     faults.number = row.numberStatus != NumberStatus::Good || number == kInvalidNumber;
@@ -87,7 +88,7 @@ void SetAppended(const ParsedRow& row, const ColumnSet& columns, RowValues& valu
     values.isInRange = !faults.number && !faults.text && (columns.number || columns.text);
 }
 
-/// The orientation of a row that is shown: a secondary one that is not kept reads as 0.
+/// The orientation shown for a row: a secondary one that is not kept reads as 0.
 ShownOrientation ShownOf(const RowValues& values, const RowForm& form) {
     if (form.target.overlay > 0 || !form.showsSecondary) {
         return {values.dip, values.azimuth};

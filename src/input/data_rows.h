@@ -15,52 +15,52 @@
 
 namespace quandrel {
 
-/// Where the rows of a load go.
+/// The destination of the rows of a load.
 struct RowTarget {
     int overlay = 0;                  ///< the overlay that they belong to, 0 for the main rows
     std::int16_t secondaryFormat = 0; ///< of the rows; 0 stores no secondary orientation
-    bool turnToPole = false;    ///< the rows are lines for a plot of planes, or the other way round
-    bool turnSecondary = false; ///< the same of their secondary orientation
+    bool turnToPole = false;          ///< the rows are lines for a plot of planes, or the reverse
+    bool turnSecondary = false;       ///< the same for their secondary orientation
 };
 
-/// What was wrong with the appended values of a row.
+/// Faults in the appended values of a row.
 struct RowFaults {
     bool line = false;
     bool number = false;
     bool text = false;
 };
 
-/// All that decides how a parsed row is kept: taken of a plot and the styles once, so that rows can
-/// be made ready without either.
+/// Everything that decides how a parsed row is kept, copied once from a plot and the styles, so
+/// that rows can be prepared without either.
 struct RowForm {
     RowTarget target;
     ColumnSet columns;
     bool showsSecondary = false;
     bool isPlottedAsPole = false;
     std::int16_t plotKind = kEqualArea;
-    std::array<SymbolCode, 2> codes{}; ///< [0] of a row, [1] of an upward one
+    std::array<SymbolCode, 2> codes{}; ///< [0] of a row, [1] of a row that points up
 };
 
 [[nodiscard]] RowForm FormOfRows(const PlotRecord& record, const RowTarget& target);
 
-/// A parsed row as the columns keep it. Orientations are rounded to whole degrees, halves to even,
-/// and azimuths are brought to 0 to 360. A row that is no data becomes an error row. Reads nothing
-/// but its arguments, so that threads can call it.
+/// A parsed row as the columns keep it. Orientations are rounded to whole degrees, halves to even;
+/// azimuths are brought into 0 to 360. A row without data becomes an error row. Pure, so that
+/// threads can call it.
 ///
 /// @param[out] faults  appended values that are kept as invalid
-/// @return values with texts of the parsed row
+/// @return values with views of the parsed row's texts
 [[nodiscard]] RowValues ValuesOfRow(const ParsedRow& row, const RowForm& form, RowFaults& faults);
 
 /// Appends a parsed row to a plot.
 ///
-/// @param line         what an error row was in its file, to be kept with it; empty for nothing
+/// @param line         what an error row was in its file, stored with it; empty for nothing
 /// @param[out] faults  as of ValuesOfRow
-/// @return false when memory ran out: the row was not stored and DataFull of the plot is set
+/// @return false when memory ran out: the row was not stored, and DataFull of the plot is set
 [[nodiscard]] bool StoreDataRow(Plot& plot, const ParsedRow& row, const RowTarget& target,
                                 RowFaults& faults, std::string_view line = {});
 
-/// An orientation in whole degrees, halves to even, azimuth 0 to 360. A line that points up by less
-/// than they show lies level with the trend that it points to.
+/// An orientation in whole degrees, halves to even, azimuth 0 to 360. A line that points up by an
+/// angle that rounds to 0 becomes level, with the trend that it points to.
 [[nodiscard]] ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane);
 
 /// The drawing code that a new row of a plot takes.

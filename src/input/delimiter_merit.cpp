@@ -14,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// Cells at whose ends no other delimiter is left over.
+/// Cells without another delimiter at either end.
 std::size_t CleanCells(const std::vector<std::string>& cells) {
     constexpr std::string_view kLeftOver = ",; \t";
     return static_cast<std::size_t>(
@@ -24,7 +24,7 @@ std::size_t CleanCells(const std::vector<std::string>& cells) {
         }));
 }
 
-/// Only lines of the usual width have a say: one that parts otherwise speaks for nothing.
+/// Rates a delimiter by the lines of the usual width; other lines say nothing about it.
 DelimiterMerit MeritOf(const DelimiterName& entry, const FormatPreview& preview) {
     DelimiterMerit merit;
     merit.name = entry.name;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How well a delimiter takes the first lines of a file apart.
+// How well a delimiter splits the first lines of a file.
 
 #pragma once
 
@@ -12,28 +12,28 @@
 
 namespace quandrel {
 
-/// What a delimiter makes of the data lines of a preview, what counts most first.
+/// What a delimiter makes of the data lines of a preview, the most important criterion first.
 struct DelimiterMerit {
     bool headingAgrees = false; ///< the headings have as many cells as the rows
-    std::size_t clean = 0;      ///< cells that no other delimiter is left over in
+    std::size_t clean = 0;      ///< cells without another delimiter at either end
     std::size_t columns = 1;    ///< the usual width of the rows
     const char* name = "";
 
     [[nodiscard]] bool IsBetterThan(const DelimiterMerit& other) const;
 };
 
-/// The delimiter that takes the lines apart best, of those that part most of them; nothing without
-/// any. The preview must have a data line.
+/// The delimiter that splits the lines best, among those that split most of them; nothing when
+/// there is none. The preview must have a data line.
 [[nodiscard]] std::optional<DelimiterMerit> BestDelimiter(const FormatPreview& preview);
 
 /// The indexes of the data lines of a preview.
 [[nodiscard]] std::vector<std::size_t> DataLinesOf(const FormatPreview& preview);
 
-/// The line in front of the data lines that names the columns, ticked as such or not; nullptr
-/// without one.
+/// The line before the data lines that names the columns, whether or not it is ticked as such;
+/// nullptr when there is none.
 [[nodiscard]] const PreviewLine* HeadingLineOf(const FormatPreview& preview);
 
-/// The middle one of widths in their order. There must be one.
+/// The median width. There must be one.
 [[nodiscard]] std::size_t MiddleOf(std::vector<std::size_t> widths);
 
 } // namespace quandrel

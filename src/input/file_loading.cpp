@@ -41,8 +41,8 @@ bool FormatReadsPlanes() {
            || (gPrimaryDataType == kPrimaryLine && gPlotDataKind == kPlanes);
 }
 
-/// The kind of an overlay in the format in force. Planes are shown by their poles however they are
-/// to be plotted.
+/// The kind of an overlay in the format in force. Planes are shown by their poles, whatever their
+/// kind of plot.
 std::int16_t KindOfOverlay(const PlotRecord& record) {
     const bool showsPlanes = record.ShowSecondary != 0 ? gSecondaryDataType == kSecondaryPlane
                                                        : gPrimaryDataType == kPrimaryPlane;
@@ -53,7 +53,7 @@ std::int16_t KindOfOverlay(const PlotRecord& record) {
     return isSecondaryLine ? std::int16_t{kOverlayLines} : gPlotDataKind;
 }
 
-/// How the text files begin that the program writes.
+/// The first characters of the text files that the program writes.
 constexpr std::string_view kOwnFileMark = ";Quandrel";
 
 int ownFilesWithoutDialog = 0;
@@ -103,7 +103,7 @@ private:
 
     [[nodiscard]] bool IsOverlay() const { return command_ == kOverlayCommand; }
 
-    /// What the file says of itself goes into the format globals.
+    /// Puts what the file states into the format globals.
     void ApplyParameterItems() {
         ApplyFormatItems(items_);
         if (IsNew()) {
@@ -116,7 +116,7 @@ private:
         question.path = path_;
         question.command = command_;
         question.plotKindFromFile = items_.T.value_or(0);
-        // Asked again, the dialog stands as the user left it.
+        // When asked again, the dialog shows what the user left.
         question.showSecondary = asked_ ? answer_.plotSecondary : items_.S.value_or(false);
         question.frequencyColumn = answer_.frequencyColumn;
         question.columnHeadings = gFileHasHeadings;
@@ -162,8 +162,8 @@ private:
         before_ = StateOf(record_);
     }
 
-    /// Shows the secondary set where it was asked for and the rows hold one. The kind that was
-    /// asked for is that of the primary set: lines in planes are not to be plotted as poles.
+    /// Shows the secondary set where it was asked for and the rows hold one. The kind asked for is
+    /// that of the primary set: lines in planes are not to be plotted as poles.
     void ChooseShownSet() {
         const bool isSecondary = answer_.plotSecondary && record_.SecondaryFormat != kNoSecondary;
         record_.ShowSecondary = isSecondary ? kTrue : std::int16_t{0};
@@ -189,7 +189,7 @@ private:
         return overlay > 0 ? IsPlottedAsPole(record_, overlay) : MainRowsArePlanes(record_);
     }
 
-    /// Lines for a plot of planes, or planes for one of lines.
+    /// Asks about lines for a plot of planes, or planes for one of lines.
     [[nodiscard]] bool AcceptOtherDataKind() const {
         const bool fileHasPlanes = FormatReadsPlanes();
         if (TargetHoldsPlanes() == fileHasPlanes || record_.NumLoadedData == 0) {
@@ -219,7 +219,7 @@ private:
                             "to include additional data from the same file?");
     }
 
-    /// The file's place in the plot's lists and titles.
+    /// Enters the file in the plot's lists and titles.
     void EnterFile() {
         const std::string title = FileTitleOf(path_);
         if (IsNew()) {
@@ -239,7 +239,7 @@ private:
         record_.Modified = kTrue;
     }
 
-    /// Adds a file to the lists and the title of the plot, which name each file once.
+    /// Adds a file to the lists and the title of the plot, which name each file only once.
     void AddToPlot(const std::string& path) {
         if (!IsInPlot(record_, path)) {
             record_.PlotTitle += " + " + FileTitleOf(path);
@@ -260,7 +260,7 @@ private:
         }
         pass.format = LineFormatFromGlobals(record_.OverlayRows[kOverlayCount] > 0);
         pass.format.secondary = pass.target.secondaryFormat;
-        // A file that joins a plot is read for what both have.
+        // A file that joins a plot is parsed only for what both have.
         pass.format.wantLine = pass.format.wantLine && record_.HasAppendedLine != 0;
         pass.format.wantNumber = pass.format.wantNumber && record_.HasAppendedNumeric != 0;
         pass.format.wantText = pass.format.wantText && record_.HasAppendedText != 0;
@@ -277,13 +277,13 @@ private:
         return pass;
     }
 
-    /// Takes back the rows of a pass that is to be repeated.
+    /// Removes the rows of a pass that is to be repeated.
     void DropRows() {
         CutRows(plot_, countsBefore_);
         RestoreRanges(record_, before_);
     }
 
-    /// Asks for the format once more. False when the user, or the plot, does not take it.
+    /// Asks for the format once more. False when the user cancels or the plot does not accept it.
     [[nodiscard]] bool AskFormatAgain() {
         DropRows();
         if (!AskFormat()) {
@@ -304,7 +304,7 @@ private:
         return AcceptOtherDataKind();
     }
 
-    /// One pass over a text, with the signs of a long step.
+    /// One pass over a text, with progress bar and cursor.
     [[nodiscard]] PassEnd RunPass(std::string_view text, bool reportBadLines) {
         LinePass pass = PassFromGlobals();
         pass.reportBadLines = reportBadLines;
@@ -330,8 +330,7 @@ private:
         return end;
     }
 
-    /// Loads the rows of a text. False when nothing came of it, and the user does not want to go
-    /// on.
+    /// Loads the rows of a text. False when that failed and the user does not want to go on.
     [[nodiscard]] bool LoadFile(std::string_view text) {
         const BusyPointer busy(*gPlatform.status);
         gPlatform.status->SetText("Please wait - loading data from " + FileTitleOf(path_));
@@ -354,14 +353,14 @@ private:
         return true;
     }
 
-    /// What follows from new rows.
+    /// Updates what depends on the rows.
     void MarkRows() {
         record_.RowsChanged = kTrue;
         record_.ClassifyCheckPending = kTrue;
     }
 
-    /// The files that the parameter lines name go in after the first one; one that is in the plot
-    /// already, or cannot be read, is passed over.
+    /// Loads the files named in the parameter lines after the first file. A file that is in the
+    /// plot already, or cannot be read, is skipped.
     void LoadFurtherFiles() {
         const BusyPointer busy(*gPlatform.status);
         for (const std::string& further : furtherFiles_) {
@@ -433,7 +432,7 @@ void SetPlotFormatFromGlobals() {
     ClearRows(ActivePlot());
     record.DataKind = gPlotDataKind;
     record.RoseType = 0;
-    // The names stay from file to file; they speak of columns that are read alone.
+    // The names stay from file to file; these two imply columns that are read alone.
     if (gFileNonNumericAppended && LowerCase(record.AppNonNumName) == "mean wind speed") {
         record.RoseType = 4;
     }

@@ -2,11 +2,10 @@
 //
 // From the path of a text file to the rows of the active plot.
 //
-// Inside the folder: the format of data, its dialog's rules and doubts, the decoding of bytes,
-// lines, tokens and parameter lines. Enters: bytes of a file or of the clipboard, and the format in
-// force.
-// Leaves: rows in the store with the lines that are no data, and the report of the load. A load
-// that comes to nothing changes nothing.
+// This folder holds the format of data, its dialog's rules and doubts, the decoding of bytes, and
+// the parsing of lines, tokens and parameter lines. Input: the bytes of a file or of the clipboard,
+// and the format in force. Output: rows in the store, including the lines without data, and the
+// report of the load. A load that fails changes nothing.
 
 #pragma once
 
@@ -16,7 +15,7 @@
 
 namespace quandrel {
 
-/// What a load reports when it came to nothing; on success it reports its command.
+/// What a load that failed reports; otherwise it reports its command.
 inline constexpr const char* kLoadError = "Error";
 
 /// The commands that load files.
@@ -27,14 +26,14 @@ inline constexpr const char* kOverlayCommand = "Overlay";
 inline constexpr const char* kBinaryCommand = "Binary"; ///< what opening a binary plot file reports
 
 /// Loads a text file into gActivePlot: parameter lines, data format dialog, rows, summary. The
-/// format globals change as the file and the user say; on failure they are put back.
+/// format globals change as the file and the user say; on failure they are restored.
 ///
 /// @param command  "New", "Merge" or "Overlay"
 /// @return the command, or kLoadError
 [[nodiscard]] std::string ReadTextFile(const std::string& command, const std::string& path);
 
-/// While one lives, text files that the program wrote are loaded without the data format dialog:
-/// their parameter line says all of it.
+/// While an object of this class lives, text files that the program wrote are loaded without the
+/// data format dialog: their parameter line states the whole format.
 class OwnFilesWithoutDialog {
 public:
     OwnFilesWithoutDialog();

@@ -20,7 +20,7 @@ namespace quandrel {
 namespace {
 
 constexpr int kTrendFirstCode = 10;
-constexpr double kLastColumn = 254; // as far as the settings go
+constexpr double kLastColumn = 254; // the last column that the settings can name
 
 bool HasRows() {
     return IsOpenSlot(gActivePlot) && ActiveRecord().NumLoadedData > 0;
@@ -35,7 +35,7 @@ struct SlotGroup {
     int dip;
     int direction;
     int sense;
-    const char* prefix; ///< of the names, where several sets could be meant
+    const char* prefix; ///< of the names, where they could mean several sets
 };
 
 constexpr SlotGroup kPrimarySlots = {kSlotDip, kSlotDirection, kSlotSense, ""};
@@ -268,7 +268,7 @@ std::array<int, 2> SymbolRowsOf(const FormatQuestion& question) {
     const PlotRecord& record = ActiveRecord();
     std::int32_t overlay = record.OverlayRows[kOverlayCount];
     if (question.command == kOverlayCommand) {
-        // Asked for the second time, the overlay is there and has this file.
+        // On the second question the overlay exists already and has this file.
         const auto& files = record.OverlayFiles[static_cast<std::size_t>(overlay)];
         const bool isOpen = overlay > 0 && !files.empty() && files.back() == question.path;
         overlay += isOpen ? 0 : 1;
@@ -284,7 +284,7 @@ std::array<int, 2> SymbolRowsOf(const FormatQuestion& question) {
 }
 
 SymbolRow FirstSymbol(int row) {
-    // The tables are filled together: the user's are put back.
+    // The tables are filled together, so the user's are restored.
     const auto colours = gColourTable;
     const auto symbols = gSymbolTable;
     const auto axes = gAxisStyleTable;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The rules of the data format dialog: what it lets the user choose, what follows from a choice,
-// and what is asked before a choice is taken. No window is needed for any of it.
+// and what is asked before a choice is accepted. No rule needs a window.
 //
 // Columns are counted from 0 as in gFileColumnSettings; texts for the user count them from 1.
 
@@ -20,7 +20,7 @@
 
 namespace quandrel {
 
-/// The command with which the dialog opens when no file is loaded.
+/// The command with which the dialog opens when no file is being loaded.
 inline constexpr const char* kNoLoadCommand = "None";
 
 /// No kind of plot is chosen.
@@ -48,22 +48,22 @@ struct FormatChoice {
     bool kindIsStated = false; ///< by the file or the user; otherwise it follows from the format
     bool plotSecondary = false;
     bool columnHeadings = false;
-    bool hasOverlays = false; ///< the rows go to a plot with overlays, which has no directions
+    bool hasOverlays = false; ///< the rows go to a plot with overlays, which cannot hold directions
 };
 
-/// The choice that the dialog opens with: the format in force, and what the question says. The kind
-/// of plot is that of the file's parameter line, else that of the format. Rows that join others
-/// show the set that these show.
+/// The choice that the dialog opens with: the format in force, changed by what the question says.
+/// The kind of plot is that of the file's parameter line, or else that of the format. Rows that
+/// join others show the same set as those.
 [[nodiscard]] FormatChoice ChoiceOf(const FormatQuestion& question);
 
-/// True when the rows join others, so that the set that is plotted is settled.
+/// True when the rows join others, which settles the set that is plotted.
 [[nodiscard]] bool JoinsRows(const FormatQuestion& question);
 
 /// The convention code: the plane convention, plus 10 for lines as trend, plunge, negative for
-/// quadrant notation. DecodeConventions leads back, but for the lines of a quadrant code.
+/// quadrant notation. Inverse: DecodeConventions, but for the line order of a quadrant code.
 [[nodiscard]] std::int16_t ConventionCode(const FormatChoice& choice);
 
-/// Puts the choice into the globals of the format. Without a kind of plot that one stays.
+/// Puts the choice into the globals of the format. Without a kind of plot the present one stays.
 void SetGlobalSettings(const FormatChoice& choice);
 
 /// The format as the line parser takes it.
@@ -73,67 +73,65 @@ void SetGlobalSettings(const FormatChoice& choice);
 [[nodiscard]] std::array<bool, kColumnSlots> ColumnsInUse(const FormatChoice& choice);
 
 /// What the ten columns hold: "dip", "direction", "strike", "sense", "plunge", "trend", "hade",
-/// "pitch" or "rake", "number", "text". Columns that are not in use have the name that they would
-/// have.
+/// "pitch" or "rake", "number", "text". Unused columns have the names that they would have.
 [[nodiscard]] std::array<std::string, kColumnSlots> ColumnNames(const FormatChoice& choice);
 
-/// The same with the set in front where two sets could be meant: "2nd plunge", "axis trend".
+/// The same, preceded by the set where there are two: "2nd plunge", "axis trend".
 [[nodiscard]] std::array<std::string, kColumnSlots> LongColumnNames(const FormatChoice& choice);
 
-/// The columns of a line that holds its values in the order of the format, from the first column
-/// on.
+/// The columns of a line whose values are in the order of the format, starting at the first column.
 [[nodiscard]] ColumnSettings InitialColumns(const FormatChoice& choice);
 
-/// Brings the columns in line with a format that has changed.
+/// Adapts the columns to a format that has changed.
 ///
 /// @param before         the choice before the change
 /// @param[in,out] after  with the columns of before
 ///
-/// Columns in order stay in order. Of columns that the user has set by hand, those of a pair that
-/// is now written the other way round change places, and items that are new take the next free
-/// columns behind those of their own orientation, or of the primary one.
+/// Columns in order stay in order. When the user has set columns by hand, the two of a pair whose
+/// order has been reversed swap places, and new items take the next free columns after those of
+/// their own orientation, or else of the primary one.
 void FollowFormat(const FormatChoice& before, FormatChoice& after);
 
-/// True for the plot of a set of planes: the primary one, or the secondary one when it is plotted.
+/// True for the plot of a set of planes: the primary set, or the secondary one when it is plotted.
 [[nodiscard]] bool PlotsPlaneData(const FormatChoice& choice);
 
-/// True when the data can be plotted so: directions cannot be planes.
+/// True when the data can be plotted as that kind: directions cannot be planes.
 [[nodiscard]] bool CanPlotAs(const FormatChoice& choice, std::int16_t dataKind);
 
 /// True when a secondary format can go with the primary one: angles in the primary plane need
 /// planes.
 [[nodiscard]] bool CanHaveSecondary(const FormatChoice& choice, std::int16_t secondary);
 
-/// Sets the kind of plot by the set that is plotted, unless it was stated; takes a stated one away
+/// Sets the kind of plot by the set that is plotted, unless a kind was stated; drops a stated kind
 /// that is not possible.
 void FollowPlotKind(FormatChoice& choice);
 
-/// A fault of the columns, or something that might be one.
+/// A fault of the columns, or a possible one.
 struct ColumnProblem {
     std::string text;
-    Buttons buttons = Buttons::Ok; ///< Ok: must be mended. OkCancel: OK takes the columns as set
+    Buttons buttons = Buttons::Ok; ///< Ok: must be corrected. OkCancel: OK accepts it
     int slot = 0;                  ///< the selector to go back to
 };
 
-/// All that is wrong or unusual in the columns, in the order in which it is told.
+/// All that is wrong or unusual in the columns, in the order in which it is reported.
 [[nodiscard]] std::vector<ColumnProblem> ColumnProblems(const FormatChoice& choice);
 
-/// What is asked when the kind of plot does not fit the data, or none is chosen. Nothing when it
-/// fits.
+/// The question to ask when the kind of plot does not fit the data, or none is chosen. Nothing when
+/// it fits.
 [[nodiscard]] std::optional<std::string> PlotTypeQuestion(const FormatChoice& choice);
 
-/// True when column settings were saved once.
+/// True when column settings have been saved before.
 [[nodiscard]] bool HasSavedColumns();
 
 /// Takes the saved column settings: the ten columns, the secondary format, which values are
 /// appended.
 void LoadSavedColumns(FormatChoice& choice);
 
-/// Saves the groups of the settings that a choice of three says, from the globals.
+/// Saves those of the three groups of settings that are chosen, from the globals.
 /// @return false when a group could not be written
 [[nodiscard]] bool SaveFormatSettings(bool columns, bool conventions, bool names);
 
-/// Rows of gSymbolTable for the rows to come: downward, upward.
+/// Rows of gSymbolTable for the new rows: downward, upward.
 [[nodiscard]] std::array<int, 2> SymbolRowsOf(const FormatQuestion& question);
 
 /// A row of gSymbolTable as it is at the first start.
@@ -148,12 +146,12 @@ struct DelimiterName {
 inline constexpr std::array<DelimiterName, 5> kDelimiters = {
     {{"tab", "\t"}, {"space", " "}, {",", ","}, {";", ";"}, {"any", ""}}};
 
-/// A delimiter as the list names it; one that is not in the list is its own name.
+/// The list's name for a delimiter; a delimiter that is not in the list is its own name.
 [[nodiscard]] std::string NameOfDelimiter(const std::string& delimiter);
 
 inline constexpr std::array<const char*, 4> kOutputSeparators = {"-", "/", "\\", ","};
 
-/// Names that are offered for the number and the text of a row.
+/// Suggested names for the number and the text of a row.
 inline constexpr std::array<const char*, 15> kNumberNames = {
     "length",         "thickness",    "width",    "vein width", "assay", "Mean wind frequency",
     "Raw wind speed", "speed",        "size",     "grainsize",  "depth", "depth in hole",

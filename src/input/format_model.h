@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The data format as the line parser takes it: the settings of a load gathered in one value, and
-// what follows from them.
+// The data format as the line parser takes it: the settings of a load in one value, and what
+// follows from them.
 
 #pragma once
 
@@ -13,10 +13,10 @@
 
 namespace quandrel {
 
-/// Columns of a line parted by any of comma, semicolon, tab or a run of blanks.
+/// Columns separated by a comma, a semicolon, a tab or a run of blanks.
 inline constexpr char kAnyDelimiter = '\0';
 
-/// Columns beyond this are never found: no line is that long.
+/// Columns from this one on are never found: no line is that long.
 inline constexpr std::int32_t kMostColumns = 1 << 20;
 
 /// Everything that decides what a line means.
@@ -24,7 +24,7 @@ struct LineFormat {
     std::int16_t primary = kPrimaryPlane;  ///< PrimaryFormatCode; 0 counts as directions
     std::int16_t secondary = kNoSecondary; ///< SecondaryFormatCode
     int planeConvention = kDipDipDirection;
-    bool lineIsTrendFirst = false; ///< for texts alone: the order in a line comes from the slots
+    bool lineIsTrendFirst = false; ///< only for texts: the order in a line comes from the slots
     bool isQuadrant = false;
     ColumnSettings slots = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
     char delimiter = '\t'; ///< or kAnyDelimiter
@@ -32,14 +32,14 @@ struct LineFormat {
     bool wantNumber = false;
     bool wantText = false;
     bool secondaryMayBeMissing = false; ///< a row may leave a secondary line or plane empty
-    bool hasOverlays = false;           ///< the plot has overlays: directions need a plunge, too
+    bool hasOverlays = false;           ///< the plot has overlays: directions also need a plunge
     bool decimalIsComma = false;        ///< the regional decimal delimiter
-    bool convertDecimals = false;       ///< numbers with the other one are taken without a word
+    bool convertDecimals = false;       ///< numbers with the other one are read unasked
     int neededColumns = 2;              ///< HighestColumnNeeded + 1
-    NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< what trends beside one name
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< the end that its trend names
 };
 
-/// Parts a convention code.
+/// Decodes a convention code.
 ///
 /// @param[out] planeConvention   1 to 6
 /// @param[out] lineIsTrendFirst  lines are trend, plunge
@@ -61,13 +61,12 @@ void DecodeConventions(std::int16_t code, std::int16_t& planeConvention, bool& l
 /// Which of the ten slots the format uses.
 [[nodiscard]] std::array<bool, kColumnSlots> SlotsInUse(const LineFormat& format);
 
-/// The zero-based column that a line has to reach, by the slots that the format uses. 0 to
-/// kMostColumns.
+/// The highest zero-based column that the format uses: a line has to reach it. 0 to kMostColumns.
 [[nodiscard]] std::int32_t HighestColumnNeeded(const LineFormat& format);
 
-/// The format in force (data_format.h, and the regional decimal delimiter).
+/// The format in force (data_format.h), with the regional decimal delimiter.
 ///
-/// @param hasOverlays  the plot that the lines are for has overlays
+/// @param hasOverlays  whether the plot that the lines are for has overlays
 [[nodiscard]] LineFormat LineFormatFromGlobals(bool hasOverlays);
 
 } // namespace quandrel

@@ -24,7 +24,7 @@ std::vector<std::string> Split(const std::string& line, char delimiter) {
     return cells;
 }
 
-/// True when one of the pieces of a line is a number, whatever parts them.
+/// True when a piece of the line is a number, whatever the delimiter.
 bool HoldsNumber(const std::string& line) {
     const std::vector<std::string> cells = Split(line, kAnyDelimiter);
     return std::any_of(cells.begin(), cells.end(),

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The first lines of a file as a data format splits them.
+// The first lines of a file, split by a data format.
 
 #pragma once
 
@@ -13,50 +13,49 @@
 
 namespace quandrel {
 
-/// Lines of a file that the preview shows.
+/// Number of lines of a file that the preview shows.
 inline constexpr std::size_t kPreviewLines = 100;
 
-/// Columns that the preview shows at most: as far as the settings can name them.
+/// Largest number of columns that the preview shows: as many as the settings can name.
 inline constexpr int kPreviewColumns = 255;
 
 /// What a line of the preview is.
 enum class PreviewKind {
     Data,    ///< is read as a row
     Heading, ///< taken as the column headings
-    NoData,  ///< holds no digit: skipped by the load
+    NoData,  ///< holds no digit: the load skips it
     Other,   ///< blank, comment or parameter line
 };
 
 struct PreviewLine {
     std::string line;
     PreviewKind kind = PreviewKind::Data;
-    std::vector<std::string> cells; ///< the line itself in one piece for Other
+    std::vector<std::string> cells; ///< for Other the whole line as one cell
 };
 
 struct FormatPreview {
     std::vector<PreviewLine> lines;
-    int columns = 0;     ///< most cells of a data line, or of the heading when there is none
+    int columns = 0;     ///< most cells of a data line, else of the heading
     std::string heading; ///< the line of column headings, or empty
 
     /// The cell of the headings, or an empty text.
     [[nodiscard]] std::string HeadingOf(int column) const;
 };
 
-/// Splits lines by the delimiter of a choice. The first line that is neither blank nor a comment
-/// nor a parameter line is the heading when the choice has column headings.
+/// Splits lines by the delimiter of a choice. When the choice has column headings, the first line
+/// that is neither blank nor a comment nor a parameter line is the heading.
 [[nodiscard]] FormatPreview SplitPreview(std::span<const std::string> lines,
                                          const FormatChoice& choice);
 
-/// The cells of a line, by a delimiter of the settings: empty is any.
+/// The cells of a line, by a delimiter of the settings: empty means any.
 [[nodiscard]] std::vector<std::string> CellsOfLine(const std::string& line,
                                                    const std::string& delimiter);
 
-/// True when lines look as if the first of them that could be a row were column headings, whatever
-/// parts the columns: it does not read as a row in the format, it holds no number, and a later line
-/// does.
+/// True when the first line that could be a row looks like column headings, whatever the delimiter:
+/// it cannot be parsed as a row, it holds no number, and a later line does.
 [[nodiscard]] bool SuggestsHeadings(std::span<const std::string> lines, const LineFormat& format);
 
-/// The items that a column serves, as slots in order; empty for a column that is not read.
+/// The items of a column, as slots in order; empty for a column that is not used.
 [[nodiscard]] std::vector<int> ItemsOfColumn(const FormatChoice& choice, int column);
 
 } // namespace quandrel

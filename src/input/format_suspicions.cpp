@@ -22,7 +22,7 @@ namespace {
 constexpr double kSteepest = 90;
 constexpr double kFullTurn = 360;
 
-/// The number in front of a text, without a sense behind it.
+/// The number at the start of a text, without a sense after it.
 std::optional<double> NumberBeforeLetters(std::string_view text) {
     std::string_view number;
     std::string_view letters;
@@ -46,7 +46,7 @@ bool IsDip(int slot) {
     return slot == kSlotDip || slot == kSlotSecondaryDip || slot == kSlotAppendedPlunge;
 }
 
-/// A pitch and an angle in the plane stand in the place of an azimuth and are none.
+/// A pitch and an angle in the plane take the place of an azimuth but are not azimuths.
 bool IsAzimuth(const FormatChoice& choice, int slot) {
     const bool isAngleInPlane =
         choice.secondary == kPitchInPlane || choice.secondary == kHadeInPlane;
@@ -54,7 +54,7 @@ bool IsAzimuth(const FormatChoice& choice, int slot) {
            || (slot == kSlotSecondaryDirection && !isAngleInPlane);
 }
 
-/// The lines of a preview under a choice, looked at column by column.
+/// The lines of a preview under a choice, checked column by column.
 class Doubts {
 public:
     Doubts(const FormatChoice& choice, const FormatPreview& preview)
@@ -94,7 +94,7 @@ private:
 
     [[nodiscard]] bool IsUsed(int slot) const { return used_[static_cast<std::size_t>(slot)]; }
 
-    /// The cell of a column; empty when the line does not reach it.
+    /// The cell of a column; empty when the line is too short.
     [[nodiscard]] const std::string& Cell(std::size_t line, std::int32_t column) const {
         static const std::string none;
         const std::vector<std::string>& cells = preview_.lines[line].cells;
@@ -103,7 +103,7 @@ private:
                    : none;
     }
 
-    /// Lines whose cell in a column is not empty and fails, in order.
+    /// Lines whose cell in a column is not empty and fails the test, in order.
     [[nodiscard]] std::vector<std::size_t> Failing(std::int32_t column, const Test& fails) const {
         std::vector<std::size_t> failing;
         for (const std::size_t line : rows_) {
@@ -134,7 +134,7 @@ private:
             }));
     }
 
-    /// True when the delimiter leaves most lines in one piece.
+    /// True when the delimiter leaves most lines undivided.
     bool DoubtDelimiter() {
         const std::size_t narrow = NarrowLines(2);
         if (format_.neededColumns < 2 || !IsMost(narrow)) {
@@ -151,8 +151,8 @@ private:
         return true;
     }
 
-    /// Headings and rows differ in their columns, and another delimiter, which parts the rows
-    /// otherwise, makes them agree.
+    /// Headings and rows differ in their number of columns, and another delimiter that splits the
+    /// rows makes them agree.
     void DoubtHeadingColumns() {
         const PreviewLine* heading = HeadingLineOf(preview_);
         if (heading == nullptr || heading->kind != PreviewKind::Heading
@@ -168,7 +168,7 @@ private:
         }
     }
 
-    /// Most lines do not reach a column that is needed.
+    /// Most lines are too short for a column that is needed.
     void DoubtWidth() {
         const auto needed =
             static_cast<std::size_t>(format_.neededColumns - (format_.wantText ? 1 : 0));
@@ -184,7 +184,7 @@ private:
         }
     }
 
-    /// The number of columns of the middle one of the lines in the order of their width.
+    /// The median number of columns of the lines.
     [[nodiscard]] std::size_t UsualWidth() const {
         std::vector<std::size_t> widths;
         for (const std::size_t line : rows_) {
@@ -216,7 +216,7 @@ private:
     void DoubtNumber(int slot, const Test& isNone) {
         const auto failing = Failing(ColumnOf(slot), isNone);
         if (IsMost(failing.size())) {
-            reasons_.push_back(ButHolds(slot, failing.front()) + ", which is no number.");
+            reasons_.push_back(ButHolds(slot, failing.front()) + ", which is not a number.");
         }
     }
 
@@ -228,12 +228,12 @@ private:
         if (!steep.empty()) {
             reasons_.push_back(ButHolds(slot, steep.front()) + ", above 90"
                                + (LooksLikeDips(slot + 1)
-                                      ? "; is it exchanged with the " + Name(slot + 1) + "?"
+                                      ? "; has it been swapped with the " + Name(slot + 1) + "?"
                                       : "."));
         }
     }
 
-    /// True when an azimuth's column could be one of dips.
+    /// True when the column of an azimuth could be one of dips.
     [[nodiscard]] bool LooksLikeDips(int slot) const {
         return IsUsed(slot) && Failing(ColumnOf(slot), [](const std::string& cell) {
                                    const auto number = NumberBeforeLetters(cell);
@@ -252,7 +252,7 @@ private:
                 isQuadrant ? ReadNumber(cell).has_value() : QuadrantDegrees(cell).has_value();
             const char* reason = isQuadrant ? ", which is not in quadrant notation."
                                             : ", which is "
-                                              "no azimuth.";
+                                              "not an azimuth.";
             if (isOther && !isQuadrant) {
                 reason = ", which is in quadrant notation.";
             }
@@ -271,7 +271,7 @@ private:
             return !IsValidSense(cell) && !IsValidSense(LettersBehindNumber(cell));
         });
         if (IsMost(failing.size())) {
-            reasons_.push_back(ButHolds(slot, failing.front()) + ", which is no sense of dip.");
+            reasons_.push_back(ButHolds(slot, failing.front()) + ", which is not a sense of dip.");
         }
     }
 
@@ -311,12 +311,12 @@ private:
             || DipDirectionFromSense(*strike, sense, dipDirection) != SenseVerdict::kFound) {
             return false;
         }
-        // Either end of the same line, or the other: 0 and 360 are one.
+        // Either end of the strike line matches; 0 and 360 are the same.
         const double apart = std::abs(dipDirection - RightHandDipDirection(*strike));
         return apart > kSteepest && apart < kFullTurn - kSteepest;
     }
 
-    /// A column without a use that holds nothing but senses.
+    /// An unused column that holds nothing but senses.
     [[nodiscard]] std::optional<std::int32_t> ColumnOfSenses() const {
         for (std::int32_t column = 0; column < preview_.columns; ++column) {
             const auto isNone = [](const std::string& cell) { return !IsValidSense(cell); };
@@ -329,7 +329,7 @@ private:
         return std::nullopt;
     }
 
-    /// No line can be read, and nothing above says why.
+    /// No line can be read, and no reason above explains it.
     void DoubtAll() {
         const bool anyRow = std::any_of(rows_.begin(), rows_.end(), [this](std::size_t line) {
             return ParseLine(preview_.lines[line].line, format_).status == LineStatus::Row;
@@ -356,11 +356,11 @@ private:
     std::vector<std::string> reasons_;
 };
 
-/// Tells of a value that rows of a plot have and those of a file have not, or the reverse.
+/// Reports a value that the rows of a plot have and those of a file do not, or the reverse.
 void CompareValue(bool inPlot, bool inFile, const std::string& what,
                   std::vector<std::string>& reasons) {
     if (inPlot && !inFile) {
-        reasons.push_back("The rows of the plot have " + what + ", the rows of this file none.");
+        reasons.push_back("The rows of the plot have " + what + ", the rows of this file do not.");
     } else if (!inPlot && inFile) {
         reasons.push_back("The rows of the plot have no place for " + what
                           + ": it will be left out.");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Doubts about a data format, told in words to the user, who decides. No setting is ever changed.
+// Doubts about a data format, put into words for the user, who decides. No setting is ever changed.
 
 #pragma once
 
@@ -13,26 +13,26 @@
 
 namespace quandrel {
 
-/// How much is doubted.
+/// How much to check.
 enum class Doubt {
-    Misfits, ///< what cannot work: lines that do not reach the columns, no line that can be read
-    All,     ///< and what is read but looks wrong: for files that the program does not know
+    Misfits, ///< only what cannot work: lines too short for the columns, no line that can be read
+    All,     ///< also what can be read but looks wrong: for files new to the program
 };
 
-/// Reasons to look at the format again, a sentence each, the worst first; empty when there are
+/// Reasons to check the format, one sentence each, the most serious first; empty when there are
 /// none. O(lines of the preview).
 ///
-/// All: dips above 90 and azimuths beyond 360, columns of the wrong kind, azimuths in the other
+/// All: dips above 90 and azimuths above 360, columns of the wrong kind, azimuths in the other
 /// notation, senses of dip that contradict a strike by the right-hand rule, a heading that is data.
 [[nodiscard]] std::vector<std::string> FormatMisfits(const FormatChoice& choice,
                                                      const FormatPreview& preview, Doubt doubt);
 
-/// Reasons why rows in this format do not fit in with the rows that a plot has.
+/// Reasons why rows in this format do not match the rows that a plot has.
 [[nodiscard]] std::vector<std::string> PlotMisfits(const FormatChoice& choice,
                                                    const PlotRecord& record);
 
-/// True for a file that is doubted altogether: it is not among the recent files, and has no
-/// parameter lines.
+/// True for a file that gets all checks: it is not among the recent files, and has no parameter
+/// lines.
 [[nodiscard]] bool IsUnknownFile(const std::string& path, const std::vector<std::string>& lines);
 
 } // namespace quandrel

@@ -23,14 +23,14 @@ bool IsFile(const fs::path& path) {
     return fs::is_regular_file(path, unreadable);
 }
 
-/// A folder as it is written may be a link, or have ".." behind one.
+/// The real path of a folder, which may be a link or have ".." after one.
 fs::path WhereItLeads(const fs::path& path) {
     std::error_code failed;
     const fs::path real = fs::canonical(path.empty() ? fs::path(".") : path, failed);
     return failed ? fs::path() : real;
 }
 
-/// A path without "..". After a link this may lead elsewhere than beside it.
+/// A path without "..". After a link, removing ".." may give another file; then the real path.
 fs::path ShortPath(const fs::path& file) {
     const fs::path plain = file.lexically_normal();
     std::error_code failed;
@@ -92,7 +92,7 @@ std::optional<std::vector<std::string>> FurtherFilesOf(const std::string& dataFi
     }
     if (outsideFiles == OutsideFiles::Refuse) {
         Tell(FileTitleOf(dataFile) + " names files outside its folder:" + Lines(outside)
-             + "\nThey are read with --allow-outside alone.");
+             + "\nThey are read only with --allow-outside.");
         return std::nullopt;
     }
     if (!WantsThem(dataFile, outside)) {

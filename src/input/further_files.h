@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The further files that a data file names (/X). A data file may come from anywhere: what it names
-// outside its own folder is read with the user's leave alone.
+// The further files that a data file names (/X). A data file may come from anywhere, so files
+// outside its own folder are read only with the user's permission.
 
 #pragma once
 
@@ -13,28 +13,28 @@
 
 namespace quandrel {
 
-/// What becomes of named files that are neither beside nor below the data file.
+/// How to treat named files that are neither beside nor below the data file.
 enum class OutsideFiles {
-    Ask,    ///< the user is asked, once a load
-    Refuse, ///< the load comes to nothing, with a message
+    Ask,    ///< ask the user, once in a load
+    Refuse, ///< the load fails with a message
     Read,
 };
 
-/// Holds for all loads until it is set again. It starts as Ask.
+/// Applies to all loads until it is set again. The initial value is Ask.
 void SetOutsideFiles(OutsideFiles outside);
 
-/// True when a file is neither in nor below a folder. Links and ".." count by where they lead.
+/// True when a file is neither in a folder nor below it. Links and ".." are resolved first.
 [[nodiscard]] bool IsOutside(const std::filesystem::path& file,
                              const std::filesystem::path& folder);
 
-/// The files to read after a data file, in their order: those that exist of its names, which are
-/// relative to its folder, and that it may name. May ask.
+/// The files to read after a data file, in order: those named files that exist and may be read. The
+/// names are relative to the folder of the data file. May ask the user.
 ///
-/// @return nothing when the load is not to go on
+/// @return nothing when the load is to end
 [[nodiscard]] std::optional<std::vector<std::string>>
 FurtherFilesOf(const std::string& dataFile, std::span<const std::string> names);
 
-/// Those of the names that are no files, each once, as they are written.
+/// The names that are not files, each once, as written.
 [[nodiscard]] std::vector<std::string> MissingFilesOf(const std::string& dataFile,
                                                       std::span<const std::string> names);
 

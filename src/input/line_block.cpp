@@ -10,7 +10,8 @@ namespace quandrel {
 
 namespace {
 
-/// The most lines that a text can have: its line ends, and what comes after the last of them.
+/// Upper limit for the number of lines of a text: its line ends, and the text after the last of
+/// them.
 std::int32_t MostLines(std::string_view text) {
     const auto ends =
         std::count(text.begin(), text.end(), '\n') + std::count(text.begin(), text.end(), '\r');
@@ -59,7 +60,7 @@ void CountRow(const ParsedRow& row, const RowFaults& faults, const LineRules& ru
         ++counters.upwardLines;
         counters.negativePlunge = format.negativePlunge;
     }
-    // A plot may have appended data that this file is not read for: nothing is wrong with those.
+    // A plot may have appended data that are not read from this file: they are not faulty.
     counters.badNumeric += faults.number && format.wantNumber ? 1 : 0;
     counters.badText += faults.text && format.wantText ? 1 : 0;
     counters.badLine += faults.line && format.wantLine ? 1 : 0;
@@ -80,7 +81,7 @@ void ReadBlock(std::string_view text, const LineRules& rules, LineBlock& block) 
 std::size_t EndOfBlock(std::string_view text, std::size_t start, std::size_t bytes) {
     const std::size_t end =
         bytes < text.size() - start ? text.find_first_of("\r\n", start + bytes) : text.size();
-    if (end >= text.size()) { // npos too
+    if (end >= text.size()) { // also for npos
         return text.size();
     }
     const bool isPair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';

@@ -18,31 +18,31 @@ namespace quandrel {
 
 namespace {
 
-/// Texts of fewer lines grow the columns as they come.
+/// Texts of fewer lines grow the columns as they are read.
 constexpr std::int32_t kFewLines = 10000;
 
-/// Texts of fewer blocks are read line by line, before a second thread would be of use.
+/// Texts of fewer blocks are read line by line: a second thread would not pay.
 constexpr std::size_t kFewBlocks = 4;
 
-/// The lines of a text, by its line feeds.
+/// The number of lines of a text, by its line feeds.
 std::int32_t CountLines(std::string_view text) {
     const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
     return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gRowLimit));
 }
 
-/// True for the lines that may stand in front of the first row, and before its heading.
+/// True for the lines that may come before the first row and before its heading.
 bool IsOfHead(LineStatus status) {
     return status == LineStatus::Blank || status == LineStatus::ParameterLine
            || status == LineStatus::Comment;
 }
 
-/// The progress bar of a load, and the user's wish to end it.
+/// The progress bar of a load, and the user's request to end it.
 class LoadProgress {
 public:
     explicit LoadProgress(std::size_t bytes)
         : progress_(static_cast<std::int64_t>(bytes), gTimeWithoutProgress) {}
 
-    /// False once the user has asked for the load to end.
+    /// False after the user has asked to end the load.
     [[nodiscard]] bool GoOn(std::size_t bytesDone) {
         return !progress_.Reach(static_cast<std::int64_t>(bytesDone))
                || !gPlatform.status->CancelRequested();
@@ -55,7 +55,7 @@ private:
 /// The state of a pass between two lines.
 class LineLoop {
 public:
-    /// @param inOwnHead  the lines to come are the head of a file that the program wrote
+    /// @param inOwnHead  the next lines are the head of a file that the program wrote
     LineLoop(const LinePass& pass, bool inOwnHead, LoadCounters& counters)
         : rules_{pass.format, FormOfRows(plot_.record, pass.target),
                  CountsUpwardLines(pass.format, pass.target.overlay)}
@@ -66,9 +66,9 @@ public:
 
     [[nodiscard]] const LineRules& Rules() const { return rules_; }
 
-    /// Takes the lines of a text. False when reading ends at one of them.
+    /// Takes the lines of a text. Returns false when reading ends at one of them.
     ///
-    /// @param[in,out] heading  the heading line, once it was met
+    /// @param[in,out] heading  the heading line, after it was found
     [[nodiscard]] bool TakeLines(std::string_view text, std::string& heading) {
         LineReader reader(text);
         for (std::string_view line; reader.Next(line);) {
@@ -79,9 +79,9 @@ public:
         return true;
     }
 
-    /// Takes all lines of a block that was read by the present rules. False, with nothing done,
-    /// where one of them may need a closer look or memory is short: they have to be taken one by
-    /// one.
+    /// Takes all lines of a block that was parsed by the present rules. Returns false, with nothing
+    /// done, when a line of the block may need a closer look or memory is short: its lines have to
+    /// be taken one by one.
     [[nodiscard]] bool TakeBlock(const LineBlock& block) {
         if (NeedsCloserLook(block) || !Append(block.rows)) {
             return false;
@@ -109,14 +109,14 @@ private:
         return false;
     }
 
-    /// True for blocks with a line that may be a heading, be asked about, or end the reading.
+    /// True for blocks with a line that may be a heading, raise a question, or end the reading.
     [[nodiscard]] bool NeedsCloserLook(const LineBlock& block) const {
         return headingIsDue_ || inOwnHead_ || (askAboutBadLines_ && block.counts.invalidLines > 0)
                || (!askedAboutDelimiter_ && block.hasWrongDelimiter)
                || block.longestRun + std::max(runs_.nonData, runs_.invalid) >= kMostBadLines;
     }
 
-    /// False when reading ends at this line.
+    /// Returns false when reading ends at this line.
     [[nodiscard]] bool Take(std::string_view line, std::string& heading) {
         ++lines_;
         ParsedRow row = ParseLine(line, rules_.format);
@@ -148,8 +148,8 @@ private:
         return TakeBadLine(row.status, line);
     }
 
-    /// Asks about an appended number with the other decimal delimiter, and reads the line again
-    /// when it and its like are to be converted.
+    /// Asks about an appended number with the other decimal delimiter. Parses the line again when
+    /// such numbers are to be converted.
     [[nodiscard]] bool AnswerDelimiter(std::string_view line, ParsedRow& row) {
         askedAboutDelimiter_ = true;
         switch (ReportWrongDelimiter(line)) {
@@ -208,8 +208,8 @@ private:
     PassEnd end_ = PassEnd::Done;
 };
 
-/// The blocks of a large text behind its first one, which has the head of the file and most of what
-/// is asked about. They are read ahead by the rules of the moment.
+/// The blocks of a large text after its first block, which has the head of the file and raises most
+/// of the questions. They are read ahead by the rules then in force.
 class Lead {
 public:
     Lead(std::string_view text, std::size_t blockBytes)
@@ -217,7 +217,7 @@ public:
         , blockBytes_(blockBytes)
         , isWorthwhile_(text.size() / kFewBlocks >= blockBytes) {}
 
-    /// Reads from a place on. What was read ahead is given up.
+    /// Starts reading at a position. Blocks that were read ahead are discarded.
     void Begin(std::size_t position, const LineRules& rules) {
         if (isWorthwhile_) {
             convertsDecimals_ = rules.format.convertDecimals;
@@ -225,9 +225,9 @@ public:
         }
     }
 
-    /// The block at a place, each place once and in order; nullptr for small texts.
+    /// The block at a position, each position once and in order; nullptr for small texts.
     [[nodiscard]] const LineBlock* BlockAt(std::size_t position, const LineRules& rules) {
-        // The answer about decimals is all that changes the rules of a pass.
+        // Only the answer about decimals can change the rules during a pass.
         if (blocks_ && convertsDecimals_ != rules.format.convertDecimals) {
             Begin(position, rules);
         }

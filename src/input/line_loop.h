@@ -18,20 +18,20 @@ namespace quandrel {
 /// One pass over the lines of a file.
 struct LinePass {
     bool skipHeading =
-        false; ///< the first line that is no comment, parameter or blank is a heading
+        false; ///< the first line that is not a comment, a parameter line or blank is a heading
     bool reportBadLines = true; ///< ask about the first bad line
     LineFormat format;
     RowTarget target;
 };
 
-/// A load that takes longer shows its progress, and can be ended by the user.
+/// A load that takes longer shows its progress and can be cancelled.
 extern std::chrono::milliseconds gTimeWithoutProgress;
 
 /// How a pass ended.
 enum class PassEnd { Done, Left, Retry };
 
-/// Appends all lines of a text as rows to the active plot: good ones as data, all others as error
-/// rows. The progress bar shows how far it has come; a cancelled load keeps the rows so far.
+/// Appends all lines of a text as rows to the active plot: valid ones as data, all others as error
+/// rows. The progress bar shows the position; a cancelled load keeps the rows read so far.
 ///
 /// @param[out] counters  counted from 0
 /// @param[out] heading   the heading line, if one was skipped

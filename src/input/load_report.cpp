@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kLongestLineShown = 200;
 
-/// A line as a message shows it: not longer than a screen is wide.
+/// A line as a message shows it: cut to the width of a screen.
 std::string Shown(std::string_view line) {
     if (line.size() <= kLongestLineShown) {
         return std::string(line);
@@ -166,7 +166,7 @@ std::string StoppedText(const LoadCounters& counters) {
 
 bool CountsUpwardLines(const LineFormat& format, int overlay) {
     const PlotRecord& record = ActiveRecord();
-    // Where the rows join others, these decide.
+    // Where the rows join others, the kind of those decides.
     const std::int16_t kind = record.ShowSecondary != 0 ? gPlotDataKind
                               : overlay > 0 ? record.OverlayKind[static_cast<std::size_t>(overlay)]
                                             : record.DataKind;
@@ -261,7 +261,7 @@ void ReportLoadFailure(const LoadCounters& counters, const std::string& error) {
 
 std::string LoadText(const LoadCounters& counters) {
     const std::string end =
-        counters.cancelled ? "Ended by you, the file is not read to its end: " : "";
+        counters.cancelled ? "You ended the load before the end of the file: " : "";
     return end + std::to_string(counters.rowsRead) + " rows read, "
            + std::to_string(counters.rowsValid) + " of them data; "
            + std::to_string(counters.blankLines) + " lines without data, "
@@ -284,7 +284,7 @@ std::string LoadSummaryText(const LoadCounters& counters) {
             text += std::to_string(counters.invalidLines)
                     + " invalid data have been detected and have not been plotted.\n";
         }
-        // The program knows what it wrote at the head of its own files.
+        // Lines that the program itself wrote at the head of the file are not reported.
         if (const std::int32_t foreign = counters.blankLines - counters.headLines; foreign > 0) {
             text += std::to_string(foreign)
                     + " non-data (blank, comments, etc.) lines were found in this file.\n";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a load of a text file tells the user.
+// What a load of a text file reports to the user.
 
 #pragma once
 
@@ -14,23 +14,23 @@
 
 namespace quandrel {
 
-/// Lines of one kind after each other that end a load.
+/// A load ends after this many bad lines of one kind in a row.
 inline constexpr std::int32_t kMostBadLines = 1000;
 
-/// What a load has met.
+/// Counters of a load.
 struct LoadCounters {
     std::int32_t rowsRead = 0; ///< rows stored, error rows included
     std::int32_t rowsValid = 0;
-    std::int32_t blankLines = 0;   ///< lines that are no data: blank, comments, parameters, letters
-    std::int32_t headLines = 0;    ///< those of blankLines that are the head of a file of our own
-    std::int32_t invalidLines = 0; ///< lines that should be data and are not
+    std::int32_t blankLines = 0;   ///< lines without data: blank, comments, parameters, letters
+    std::int32_t headLines = 0;    ///< those of blankLines in the head of an own file
+    std::int32_t invalidLines = 0; ///< lines that should be data but are not
     std::int32_t badNumeric = 0;   ///< valid rows whose appended number is invalid
     std::int32_t badText = 0;
     std::int32_t badLine = 0;
     std::int32_t upwardLines = 0; ///< plain lines with a negative plunge
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< how these were read
-    std::int64_t stoppedAtLine = 0; ///< line after which a run of bad lines ended the load, or 0
-    std::int32_t invalidInRun = 0;  ///< invalid lines of that run; the others are without data
+    std::int64_t stoppedAtLine = 0; ///< line at which a run of bad lines ended the load, or 0
+    std::int32_t invalidInRun = 0;  ///< invalid lines of that run; the others have no data
     bool outOfMemory = false;
     bool cancelled = false;                ///< the user ended the load
     std::vector<std::string> missingFiles; ///< further files that were not found
@@ -39,38 +39,37 @@ struct LoadCounters {
 /// The counters of the last load of a text file.
 extern LoadCounters gLastLoad;
 
-/// The counters of the last load of a text file into a plot; nothing where there was none.
+/// The counters of the last load of a text file into a plot; nothing when there was none.
 [[nodiscard]] const LoadCounters* LoadOf(const Plot& plot);
 
 /// Keeps the counters of a load with its plot.
 void KeepLoad(Plot& plot, const LoadCounters& counters);
 
-/// True when rows that point up are counted: those of gActivePlot that are not plotted with their
+/// True when rows that point up are counted: rows of gActivePlot that are plotted without their
 /// sense.
 ///
 /// @param overlay  the overlay of the rows, or 0
 [[nodiscard]] bool CountsUpwardLines(const LineFormat& format, int overlay);
 
-/// Counts the line of a row that was read into gActivePlot, where it points up and is not plotted
-/// with its sense.
+/// Counts a row that was read into gActivePlot when it points up and is plotted without its sense.
 ///
 /// @param overlay  the overlay of the row, or 0
 void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay,
                      LoadCounters& counters);
 
-/// Adds what another part of a load has met, but for its end and the files that were not found.
+/// Adds the counters of another part of a load, but for its end and the files that were not found.
 void AddCounters(const LoadCounters& part, LoadCounters& sum);
 
-/// What was done with plain lines of a negative plunge, in a sentence; empty without any.
+/// What was done with plain lines with a negative plunge, in a sentence; empty when there are none.
 [[nodiscard]] std::string UpwardLinesText(const LoadCounters& counters);
 
-/// What the user wants after a question about a line.
+/// The user's answer to a question about a line.
 enum class LineAnswer { GoOn, Leave, Retry };
 
-/// Tells the first line of a load that is no data though it should be, and asks what to do.
+/// Reports the first line of a load that should be data but is not, and asks what to do.
 ///
 /// @param rowsSoFar      rows stored before it
-/// @param neededColumns  columns that the format in force asks for
+/// @param neededColumns  number of columns that the format in force needs
 [[nodiscard]] LineAnswer ReportBadLine(LineStatus status, std::string_view line,
                                        std::int32_t rowsSoFar, int neededColumns);
 
@@ -78,21 +77,21 @@ enum class LineAnswer { GoOn, Leave, Retry };
 /// others of the load.
 [[nodiscard]] LineAnswer ReportWrongDelimiter(std::string_view line);
 
-/// The text for the end of a load, without its caption; empty when there is nothing to tell.
+/// The text for the end of a load, without its caption; empty when there is nothing to report.
 [[nodiscard]] std::string LoadSummaryText(const LoadCounters& counters);
 
-/// Tells a failure of the program itself during a load, which ends it; the rows so far stand.
+/// Reports an internal failure that ends a load; the rows read so far stay.
 void ReportLoadFailure(const LoadCounters& counters, const std::string& error);
 
-/// What a load did, in a sentence: "120 rows read, 118 of them data; 2 lines without data, 0
+/// The result of a load in a sentence: "120 rows read, 118 of them data; 2 lines without data, 0
 /// invalid."
 [[nodiscard]] std::string LoadText(const LoadCounters& counters);
 
-/// True when nothing came through and the format has to be looked at again.
+/// True when a load gave no valid row and the format has to be checked.
 [[nodiscard]] bool LoadFailed(const LoadCounters& counters);
 
-/// Shows the end-of-file report. A load of clipboard text ("PasteData") that met no problems says
-/// nothing, and so does a file.
+/// Shows the end-of-file report. A load that met no problems, from the clipboard ("PasteData") or a
+/// file, shows none.
 void ReportLoadSummary(const LoadCounters& counters);
 
 } // namespace quandrel

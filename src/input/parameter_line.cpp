@@ -23,7 +23,7 @@ bool IsName(char item) {
     return item == 'D' || item == 'F' || item == 'X';
 }
 
-// The whole part of the number at the start of a value.
+// The integer part of the number at the start of a value.
 std::optional<std::int16_t> NumberAtStart(std::string_view value) {
     if (!value.empty() && value.front() == '+') {
         value.remove_prefix(1);
@@ -63,7 +63,7 @@ std::optional<NegativePlunge> UpwardIn(std::string_view value) {
     return code ? std::optional(static_cast<NegativePlunge>(*code)) : std::nullopt;
 }
 
-// At most kLongestItemName characters of a name, which takes one line and no tab.
+// At most kLongestItemName characters of a name, on one line and without tabs.
 std::string NameOf(std::string_view text) {
     std::string name;
     std::size_t characters = 0;
@@ -83,7 +83,7 @@ std::optional<std::int16_t> FormatCodeIn(std::string_view value) {
     return code == kOldFormats - 1 ? std::nullopt : code;
 }
 
-// A value that cannot be used leaves an earlier one standing.
+// Sets the item; a value that cannot be used leaves an earlier one in place.
 template <class T>
 void Take(const std::optional<T>& value, std::optional<T>& item) {
     if (value) {
@@ -143,7 +143,7 @@ void TakeItem(char item, std::string_view value, ParameterItems& items) {
     }
 }
 
-// The value of an item, from behind its letter.
+// The value of an item, starting after its letter.
 std::string_view ValueOf(char item, std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const std::string_view ends = IsName(item) ? "\t\r\n" : " /\t\r\n";
@@ -185,12 +185,12 @@ bool HasOldItems(const ParameterItems& items) {
     return items.I.value_or(0) > 0 || items.one == kOldFormats;
 }
 
-// A partial line says that there are no appended values by not naming them.
+// A partial line states that values are not appended by omitting them.
 bool FlagOf(const std::optional<bool>& item, const ParameterItems& items, bool inForce) {
     return item.value_or(items.one == kOldFormats ? false : inForce);
 }
 
-// Writes the items of a line.
+// Writes the items of a parameter line.
 class ItemWriter {
 public:
     void AddText(std::string_view item, std::string_view value) {
@@ -309,7 +309,7 @@ FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& it
     }
     settings.negativePlunge = items.U.value_or(settings.negativePlunge);
     if (HasOldItems(items)) {
-        // The columns are those of the file, whether or not the plot takes all of them.
+        // The columns are those of the file, even when the plot does not take all of them.
         FormatSettings ofFile = settings;
         ofFile.lineAppended = FlagOf(items.A, items, settings.lineAppended);
         ofFile.numericAppended = FlagOf(items.L, items, settings.numericAppended);

@@ -6,8 +6,8 @@
 // path (X) goes up to the next tab; any other value is a number and ends at a blank, a tab or the
 // next "/".
 //
-// The files that the program writes begin with ";Quandrel": their columns are parted by tabs and
-// stand in the order of the format (column_order.h).
+// Files that the program writes begin with ";Quandrel". Their columns are separated by tabs and are
+// in the order of the format (column_order.h).
 
 #pragma once
 
@@ -22,17 +22,17 @@
 
 namespace quandrel {
 
-/// How the program's own texts begin.
+/// The first characters of the texts that the program writes.
 inline constexpr std::string_view kOwnTextStart = ";Quandrel";
 
-/// Characters of a name that are kept.
+/// The number of characters of a name that are kept.
 inline constexpr std::size_t kLongestItemName = 254;
 
-/// Value of the item 1 that stands for all formats: the old item code tells them.
+/// Value of item 1 that leaves both formats to the old item code.
 inline constexpr std::int16_t kOldFormats = 5;
 
-/// The items of the parameter lines of a file. One that is not there, has no value, or one out of
-/// its range, is empty.
+/// The items of the parameter lines of a file. An item is empty when it is absent, has no value, or
+/// has one out of its range.
 struct ParameterItems {
     std::optional<std::int16_t> T;       ///< kind of data, a DataKindCode
     std::optional<std::int16_t> N;       ///< kind of plot, a PlotKindCode
@@ -47,44 +47,42 @@ struct ParameterItems {
     std::optional<std::string> D;        ///< name of the text
     std::optional<std::int16_t> I;       ///< old item code, above 0
     std::optional<std::int16_t> C;       ///< conventions
-    std::optional<NegativePlunge> U;     ///< what the trend beside a negative plunge names
+    std::optional<NegativePlunge> U;     ///< which end the trend beside a negative plunge names
     std::vector<std::string> extraFiles; ///< X: paths of further data files
     bool isOwnText = false;              ///< the file begins with kOwnTextStart
 };
 
-/// Reads the items of a parameter line, or of several joined by tabs. The last of several like
-/// items counts. Items with other letters are skipped.
+/// Parses the items of a parameter line, or of several joined by tabs. Of repeated items the last
+/// one counts. Items with other letters are skipped.
 [[nodiscard]] ParameterItems ParseParameterLine(std::string_view text);
 
-/// Reads the parameter lines of a text: those before its first line that is neither blank, nor a
+/// Parses the parameter lines of a text: those before its first line that is neither blank, nor a
 /// comment, nor a parameter line.
 [[nodiscard]] ParameterItems ReadParameterLines(std::string_view text);
 
-/// Writes a parameter line, tabs between its items, with its line end CR LF.
+/// Writes a parameter line: items separated by tabs, with the line end CR LF.
 ///
-/// @param full  with the formats, the appended values and their names. Otherwise "/15" stands for
-///              them, and rows hold the primary orientation alone
+/// @param full  with the formats, the appended values and their names. Otherwise "/15" replaces
+///              them, and rows hold only the primary orientation
 ///
 /// P is written as 0, C as 1, U as 0: rows are written in convention 1, with the trends of lower
-/// ends. I is 2; 1 for directions without
-/// their formats. Pitches, trends and angles in a plane are written as the lines that they are read
-/// as. Inverse: ParseParameterLine.
+/// ends. I is 2, or 1 for directions without their formats. Pitches, trends and angles in a plane
+/// are written as the lines that they are read as. Inverse: ParseParameterLine.
 [[nodiscard]] std::string BuildParameterText(const ParameterItems& items, bool full);
 
-/// The format with what the items say of it, but for what belongs to a new plot.
+/// The format changed by the items, except those for a new plot.
 ///
-/// Item I above 0, and item 1 of kOldFormats, first set both formats by the old code, and at the
-/// end the column slots follow from the format (ColumnsInOrder). The program's own texts have the
-/// tab for delimiter, no column headings and, where they do not say otherwise, the trends of lower
-/// ends.
+/// Item I above 0, and item 1 of kOldFormats, first set both formats by the old code; the column
+/// slots then follow from the format (ColumnsInOrder). Texts that the program wrote have the tab as
+/// delimiter, no column headings and, unless they say otherwise, the trends of lower ends.
 [[nodiscard]] FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& items);
 
-/// The format with what the items say of a new plot: its kind, and which values are appended under
+/// The format changed by the items for a new plot: its kind, and which values are appended under
 /// which names.
 [[nodiscard]] FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& items);
 
-/// What a text says of the trends beside negative plunges holds for that text alone: at the end of
-/// the block that reads it the setting is as it was, unless the user has changed it meanwhile.
+/// Limits what a text says about the trends beside negative plunges to that text: the destructor
+/// restores the setting, unless the user has changed it meanwhile.
 class OwnWordOnUpwardLines {
 public:
     /// @param items  those of the text, before they are applied
@@ -98,10 +96,10 @@ private:
     NegativePlunge ofText_;
 };
 
-/// WithFormatItems on the format in force.
+/// Applies WithFormatItems to the format in force.
 void ApplyFormatItems(const ParameterItems& items);
 
-/// WithNewPlotItems on the format in force.
+/// Applies WithNewPlotItems to the format in force.
 void ApplyNewPlotItems(const ParameterItems& items);
 
 } // namespace quandrel

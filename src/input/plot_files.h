@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The files of a plot: which they are, what a load of one changes, and how an overlay goes again.
+// The files of a plot: their list, what a load of one changes, and how to remove an overlay.
 
 #pragma once
 
@@ -19,16 +19,16 @@ namespace quandrel {
 
 [[nodiscard]] bool IsInPlot(const PlotRecord& record, const std::string& path);
 
-/// Adds a file to the list of a plot. A full list has no place for it, and its name is not kept.
+/// Adds a file to the list of a plot. The name is dropped when the list is full.
 void AddFileName(PlotRecord& record, const std::string& path);
 
-/// Adds a further file to the list and to the title of a plot, which names each file once.
+/// Adds another file to the list and to the title of a plot, which name each file only once.
 void TakeFileIn(PlotRecord& record, const std::string& path);
 
-/// Takes the last place of a file out of the list and the title of a plot.
+/// Removes the last entry of a file from the list and the title of a plot.
 void TakeFileOut(PlotRecord& record, const std::string& path);
 
-/// What a load changes of a plot besides its rows, to be put back when it comes to nothing.
+/// What a load changes in a plot besides its rows, to be restored when the load fails.
 struct PlotBeforeLoad {
     std::int16_t numFiles = 0;
     std::array<std::string, kMaxFiles + 1> names;
@@ -46,13 +46,13 @@ struct PlotBeforeLoad {
 
 [[nodiscard]] PlotBeforeLoad StateOf(const PlotRecord& record);
 
-/// Puts the range and the distinct values of the appended data back.
+/// Restores the range and the distinct values of the appended data.
 void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before);
 
-/// Puts everything back, and removes rows that came since.
+/// Restores everything and removes rows added since.
 void RestoreState(Plot& plot, const PlotBeforeLoad& before);
 
-/// Takes the rows of the last overlay of a plot away, and its files.
+/// Removes the rows of the last overlay of a plot, and its files.
 void RemoveLastOverlay(int slot);
 
 } // namespace quandrel

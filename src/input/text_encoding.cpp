@@ -17,7 +17,7 @@ bool IsAscii(const char* start, std::size_t count) {
     return all < 0x80;
 }
 
-// The length of the UTF-8 character at the start, 0 when it is none. Follows the table of
+// The length of the UTF-8 character at the start, or 0 when it is invalid. Follows the table of
 // well-formed sequences in the Unicode standard (3.9, D92).
 std::size_t CharacterLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -45,13 +45,13 @@ std::size_t CharacterLength(std::string_view text) {
     return length;
 }
 
-// Windows-1252 from 0x80 to 0x9F; the five bytes without a character keep their number.
+// Windows-1252 from 0x80 to 0x9F; the five undefined bytes keep their values.
 constexpr std::array<char32_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// The well-formed character at a place.
+// The character at a position; it must be well-formed.
 char32_t CharacterAt(std::string_view text, std::size_t place, std::size_t length) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[place + i]); };
     constexpr std::array<unsigned, 5> kOfFirst = {0, 0x7F, 0x1F, 0x0F, 0x07};
@@ -146,7 +146,7 @@ std::string ToFileBytes(std::string_view text) {
     if (IsAscii(text.data(), text.size())) {
         return std::string(text);
     }
-    // Bytes that happen to be UTF-8 would be read as another text.
+    // Bytes that are valid UTF-8 by chance would be read as another text.
     const std::optional<std::string> bytes = ToWindows1252(text);
     return bytes && LengthOfUtf8(*bytes) < bytes->size() ? *bytes : std::string(text);
 }

@@ -20,7 +20,7 @@ constexpr std::size_t kCheckedBytes = 65536;
 constexpr std::size_t kReadStep = 262144; // stays in the cache between clearing and filling
 constexpr std::size_t kLongestFirstLines = 1 << 20;
 
-/// An open file, or why it is not.
+/// An open file, or the reason why it could not be opened.
 class InputFile {
 public:
     explicit InputFile(const std::string& path) { Open(path); }
@@ -38,7 +38,7 @@ public:
 
     [[nodiscard]] std::uint64_t Size() const { return size_; }
 
-    /// Appends up to count bytes to a text; fewer only at the end of the file. Errors stay.
+    /// Appends up to count bytes to a text; fewer only at the end of the file. Keeps an error.
     void Append(std::string& text, std::size_t count) {
         const std::size_t end = text.size() + count;
         while (error_.empty() && text.size() < end) {
@@ -57,10 +57,11 @@ public:
 
 private:
     void Open(const std::string& path) {
-        // Looked at before it is opened: opening a device may do something to it.
+        // The status is read before the file is opened: opening a device may have effects.
         struct stat status = {};
         if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0) {
-            error_ = errno == EACCES ? "You have no right to read it." : "There is no such file.";
+            error_ = errno == EACCES ? "You do not have permission to read it."
+                                     : "There is no such file.";
             return;
         }
         if (!Accept(status)) {
@@ -69,7 +70,7 @@ private:
         descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
         if (descriptor_ < 0) {
             error_ = errno == EACCES
-                         ? "You have no right to read it."
+                         ? "You do not have permission to read it."
                          : std::string("It cannot be opened: ") + std::strerror(errno) + ".";
             return;
         }
@@ -82,7 +83,7 @@ private:
         if (S_ISDIR(status.st_mode)) {
             error_ = "It is a folder.";
         } else if (!S_ISREG(status.st_mode)) {
-            error_ = "It is no file with contents, but a pipe or a device.";
+            error_ = "It is a pipe or a device, not a file with contents.";
         }
         return error_.empty();
     }
@@ -101,7 +102,7 @@ Encoding EncodingOf(std::string_view bytes) {
     return bytes.substr(0, 2) == "\xfe\xff" ? Encoding::Utf16Big : Encoding::Utf8;
 }
 
-// UTF-16 without its mark. Halves of surrogate pairs, and half a unit at the end, become U+FFFD.
+// UTF-16 without its mark. Unpaired surrogates, and half a unit at the end, become U+FFFD.
 std::string FromUtf16(std::string_view bytes, Encoding encoding) {
     constexpr char32_t kReplacement = 0xFFFD;
     const std::size_t lowByte = encoding == Encoding::Utf16Little ? 0 : 1;
@@ -131,7 +132,7 @@ std::string FromUtf16(std::string_view bytes, Encoding encoding) {
 
 constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
 
-// Bytes of a text's beginning without the character that the end cuts apart.
+// The first bytes of a text without a character that is cut at the end.
 std::string WithoutPartOfCharacter(std::string bytes) {
     if (EncodingOf(bytes) != Encoding::Utf8) {
         bytes.resize(bytes.size() - bytes.size() % 2);
@@ -203,7 +204,7 @@ Result<std::vector<std::string>> FirstLines(const std::string& path, std::size_t
         const bool isWhole = bytes.size() < wanted;
         const std::string text = DecodeText(isWhole ? bytes : WithoutPartOfCharacter(bytes));
         std::vector<std::string> lines = FirstLinesOfText(text, count + 1);
-        // The last line of a part may go on behind it.
+        // The last line of a part may continue after it.
         const bool isEnough = lines.size() > count;
         lines.resize(std::min(lines.size(), count));
         if (isWhole || isEnough || wanted >= kLongestFirstLines) {
@@ -241,7 +242,7 @@ bool IsBinaryData(std::string_view bytes) {
         decoded = DecodeText(std::string(bytes));
         bytes = decoded;
     }
-    constexpr std::string_view kUsual = "\t\n\v\f\r\x1a"; // the last one once ended files
+    constexpr std::string_view kUsual = "\t\n\v\f\r\x1a"; // the last one used to end files
     std::size_t controls = 0;
     for (const char c : bytes) {
         if (c == '\0') {

@@ -228,7 +228,7 @@ TEST_F(FileLoading, ALoadThatTheUserEndedSaysSo) {
     counters.rowsValid = 7;
     EXPECT_EQ(LoadText(counters), "7 rows read, 7 of them data; 0 lines without data, 0 invalid.");
     counters.cancelled = true;
-    EXPECT_EQ(LoadText(counters).rfind("Ended by you, the file is not read to its end: ", 0), 0U);
+    EXPECT_EQ(LoadText(counters).rfind("You ended the load before the end of the file: ", 0), 0U);
 }
 
 } // namespace

@@ -98,9 +98,10 @@ TEST_F(FormatSuspicionsTest, LetsTheLastTextBeLeftOut) {
 TEST_F(FormatSuspicionsTest, DoubtsDipsAbove90) {
     EXPECT_EQ(Reasons(Any(), {"45 120", "91 120"}),
               Lines{"Column 1 is the dip, but holds \"91\" in line 2, above 90."});
-    EXPECT_EQ(Reasons(Any(), {"; first", "320 45"}),
-              Lines{"Column 1 is the dip, but holds \"320\" in line 2, above 90; is it exchanged "
-                    "with the direction?"});
+    EXPECT_EQ(
+        Reasons(Any(), {"; first", "320 45"}),
+        Lines{"Column 1 is the dip, but holds \"320\" in line 2, above 90; has it been swapped "
+              "with the direction?"});
     EXPECT_EQ(Reasons(Any(), {"45 120", "91 120"}, Doubt::Misfits), Lines{});
 }
 
@@ -141,13 +142,13 @@ TEST_F(FormatSuspicionsTest, DoubtsTextsWhereNumbersAreWanted) {
     choice.numericAppended = true;
     choice.columns[kSlotNumber] = 2;
     EXPECT_EQ(Reasons(choice, {"45 120 marl", "45 120 marl"}),
-              Lines{"Column 3 is the value, but holds \"marl\" in line 1, which is no number."});
+              Lines{"Column 3 is the value, but holds \"marl\" in line 1, which is not a number."});
     EXPECT_EQ(Reasons(choice, {"45 120 1", "45 120 -", "45 120 2"}), Lines{})
         << "a gap is no reason";
     choice.columns[kSlotDip] = 2;
     choice.numericAppended = false;
     EXPECT_EQ(Reasons(choice, {"45 120 marl", "45 120 marl"}),
-              Lines{"Column 3 is the dip, but holds \"marl\" in line 1, which is no number."});
+              Lines{"Column 3 is the dip, but holds \"marl\" in line 1, which is not a number."});
 }
 
 TEST_F(FormatSuspicionsTest, LetsTrendsInThePlaneBeMissing) {
@@ -172,7 +173,7 @@ TEST_F(FormatSuspicionsTest, DoubtsSensesThatAreNone) {
     const Lines reasons = Reasons(choice, {"30 45 marl", "210 45 marl"});
     ASSERT_FALSE(reasons.empty());
     EXPECT_EQ(reasons[0],
-              "Column 3 is the sense, but holds \"marl\" in line 1, which is no sense of dip.");
+              "Column 3 is the sense, but holds \"marl\" in line 1, which is not a sense of dip.");
     choice.columns[kSlotSense] = 1;
     EXPECT_EQ(Reasons(choice, {"30 45SE", "210 45NW"}), Lines{}) << "behind the dip";
 }
@@ -230,7 +231,7 @@ TEST_F(FormatSuspicionsTest, ComparesWithTheRowsOfThePlot) {
         (Lines{"The rows of the plot have a secondary orientation, the rows of this file "
                "none.",
                "The rows of the plot have no place for an appended line: it will be left out.",
-               "The rows of the plot have an appended number, the rows of this file none.",
+               "The rows of the plot have an appended number, the rows of this file do not.",
                "The rows of the plot have no place for an appended text: it will be left "
                "out."}));
 }

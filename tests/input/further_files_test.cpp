@@ -114,7 +114,7 @@ TEST_F(FurtherFiles, WithoutAnybodyToAskTheyAreRefusedOrRead) {
     SetOutsideFiles(OutsideFiles::Refuse);
     EXPECT_EQ(Further({"beside.txt"}), Paths{Path("data/beside.txt")});
     Expect("main.txt names files outside its folder:\n" + Path("secret.txt")
-           + "\nThey are read with --allow-outside alone.");
+           + "\nThey are read only with --allow-outside.");
     EXPECT_EQ(Further({"beside.txt", "../secret.txt"}), std::nullopt);
     SetOutsideFiles(OutsideFiles::Read);
     EXPECT_EQ(Further({"../secret.txt"}), Paths{Path("secret.txt")});

@@ -117,7 +117,7 @@ TEST_F(TextFileTest, RefusesWhatIsNoFile) {
 }
 
 TEST_F(TextFileTest, RefusesPipesSocketsAndDevicesWithoutWaiting) {
-    const std::string noContents = "It is no file with contents, but a pipe or a device.";
+    const std::string noContents = "It is a pipe or a device, not a file with contents.";
     const std::string fifo = (folder / "fifo").string();
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
@@ -146,7 +146,7 @@ TEST_F(TextFileTest, TellsThatAFileMayNotBeRead) {
             ::_exit(2);
         }
         const Result<std::string> text = ReadTextBytes(path);
-        ::_exit(!text && text.Error() == "You have no right to read it." ? 0 : 1);
+        ::_exit(!text && text.Error() == "You do not have permission to read it." ? 0 : 1);
     }
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);

@@ -297,7 +297,7 @@ TEST_F(FileFormatTest, MarksSuspiciousSettingsOfAnUnknownFile) {
     Press("optPlaneConv_2");
     ASSERT_TRUE(mismatch.isVisible());
     EXPECT_TRUE(mismatch.accessibleDescription().startsWith(
-        "Column 2 is the dip, but holds \"120\" in line 2, above 90; is it exchanged"));
+        "Column 2 is the dip, but holds \"120\" in line 2, above 90; has it been swapped"));
     EXPECT_TRUE(mismatch.toolTip().contains("above 90"));
     EXPECT_TRUE(Of<QLabel>("lblMismatchReasons").text().contains("above 90"));
     EXPECT_TRUE(Of<QRadioButton>("optPlaneConv_2").isChecked()) << "no setting is changed";
