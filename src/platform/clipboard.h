@@ -13,7 +13,7 @@ class Clipboard {
 public:
     virtual ~Clipboard() = default;
 
-    /// The text on the clipboard, UTF-8, or nothing when it holds none.
+    /// The text on the clipboard, UTF-8, or nothing when it holds no text.
     [[nodiscard]] virtual std::optional<std::string> Text() const = 0;
 
     virtual void SetText(const std::string& utf8) = 0;

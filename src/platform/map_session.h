@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // A session of a map program: tables of objects, the windows that show them, and a selection. The
-// program drives it by statements and asks it by expressions; the session tells of what its user
+// program drives it by statements and queries it by expressions; the session reports what its user
 // does through a callback.
 //
 // All texts are UTF-8. Numbers in statements, expressions, replies and messages have decimal
 // points. Rows of tables, columns, layers, tables and found objects count from 1.
 //
-// Statements (T stands for the name of a table, H for a window handle as a decimal number):
+// Statements (T is the name of a table, H a window handle as a decimal number):
 //
 // - Set Application Window H
 // - Set Next Document Parent H Style 1
@@ -30,23 +30,23 @@
 //                       first argument is a number or a name
 //   ColumnInfo(T,"COLi",1)   the name of column i
 //   T.Col(i)            the value of a column in the row that was fetched
-//   EOT(T)              "T" behind the last row, "F" otherwise
-//   FrontWindow()       the id of the window in front, 0 for none
+//   EOT(T)              "T" after the last row, "F" otherwise
+//   FrontWindow()       the id of the front window, 0 for none
 //   WindowID(0)         the id of the window that was opened last
 //   WindowInfo(w,3)     1 for a map, 2 for a browser; WindowInfo(w,10) the table of a browser;
-//                       WindowInfo(w,12) the id by which the window is called; FrontWindow() can
-//                       stand for w
-//   NumWindows()        how many windows the session has open
+//                       WindowInfo(w,12) the id that identifies the window in calls; w can be
+//                       FrontWindow()
+//   NumWindows()        number of windows that the session has open
 //   MapperInfo(w,9)     layers of a map
 //   LayerInfo(w,i,1)    the table of a layer
-//   SearchPoint(w,x,y)  SearchRect(w,x,y,x2,y2)   how many objects are there, of all layers
+//   SearchPoint(w,x,y)  SearchRect(w,x,y,x2,y2)   number of objects found there, in all layers
 //   SearchInfo(i,1)     the table of found object i, SearchInfo(i,2) its row
 //   SelectionInfo(1)    the table that the selection was made from, empty for none
 //   SelectionInfo(3)    rows of the selection
 //   T.RowID             the number of the row that was fetched
-// Where something is selected, "Selection" can stand for T: a table of the selected rows, in
-// ascending order. Selection.RowID is the number that a row has in the table that it comes from.
-// Selection does not count in NumTables().
+// While something is selected, T can be "Selection": a table of the selected rows, in ascending
+// order. Selection.RowID is the number of a row in its own table. NumTables() does not count
+// Selection.
 
 #pragma once
 
@@ -59,37 +59,37 @@ namespace quandrel {
 
 enum class MapReplyKind {
     Done,
-    Refused, ///< the session lives, but could not do or answer it
-    Dead,    ///< the session is gone; every later call says the same
+    Refused, ///< the session is alive, but could not run or answer it
+    Dead,    ///< the session is gone; every later call gives the same
 };
 
-/// What came of a statement, an expression or a menu command.
+/// The result of a statement, an expression or a menu command.
 struct MapReply {
     MapReplyKind kind = MapReplyKind::Done;
-    std::string text; ///< the value of an expression; why it was refused
+    std::string text; ///< the value of an expression, or the reason for a refusal
 
     [[nodiscard]] bool IsDone() const { return kind == MapReplyKind::Done; }
 };
 
-/// What a session tells. Called from within its own event handling, in the program's one thread.
+/// What a session reports. Called during its own event handling, in the program's only thread.
 class MapCallback {
 public:
     virtual ~MapCallback() = default;
 
-    /// A custom tool was used: "MI:x,y,shift,control,x2,y2,tool". The first corner, whether the
-    /// keys were held ("T" or "F"), the second corner (that of a point is the first one), the tool
-    /// id. Another id than 2001 and 2002, or none, tells that the user changed the selection in
-    /// another way.
+    /// A custom tool was used: "MI:x,y,shift,control,x2,y2,tool" has the first corner, whether the
+    /// keys were held ("T" or "F"), the second corner (of a point, the same as the first) and the
+    /// tool id. A missing id, or one other than 2001 and 2002, means that the user changed the
+    /// selection in another way.
     virtual void HandleToolButton(const std::string& message) = 0;
 
-    /// The session's status line says this.
+    /// The session's status line shows this text.
     virtual void SetStatusText(const std::string& text) = 0;
 
-    /// The tables that a window shows have changed; it was opened, or closed.
+    /// The tables that a window shows have changed, or it was opened or closed.
     virtual void WindowContentsChanged(std::int64_t windowId) = 0;
 
-    /// The session has ended, and not because it was dropped. Its MapSession may not be destroyed
-    /// before this returns.
+    /// The session has ended without being destroyed. Its MapSession must not be destroyed before
+    /// this returns.
     virtual void SessionEnded() = 0;
 };
 
@@ -109,23 +109,24 @@ public:
     /// zoom out, 1722 marquee.
     [[nodiscard]] virtual MapReply RunMenuCommand(int id) = 0;
 
-    /// From now on the session tells this one, which outlives it; nullptr for none.
+    /// Sets the receiver of the session's reports, which must outlive the session; nullptr for
+    /// none.
     virtual void SetCallback(MapCallback* callback) = 0;
 
-    /// Code of the error of the last Do, Eval or RunMenuCommand; 0 when it went well.
+    /// Error code of the last Do, Eval or RunMenuCommand; 0 on success.
     [[nodiscard]] virtual int LastErrorCode() = 0;
 
-    /// Between these two the Selects make one selection, if the session can do it; it replaces the
-    /// former one. Not nested. Without them each Select replaces the former selection. EndSelects
-    /// is called even when a Select failed.
+    /// The Selects between these two calls make one selection, if the session supports that; it
+    /// replaces the previous one. Calls do not nest. Without them each Select replaces the previous
+    /// selection. EndSelects is called even when a Select failed.
     virtual void BeginSelects() = 0;
     virtual void EndSelects() = 0;
 
-    /// False when of several Selects the last one wins, bracketed or not.
+    /// False when the last of several Selects replaces the others, even between those calls.
     [[nodiscard]] virtual bool UnitesSelects() const = 0;
 };
 
-/// Where sessions come from.
+/// The source of sessions.
 class MapSessions {
 public:
     virtual ~MapSessions() = default;
@@ -136,10 +137,10 @@ public:
     /// A new session, or nothing.
     [[nodiscard]] virtual std::unique_ptr<MapSession> Start() = 0;
 
-    /// True when there is a map program that could be started.
+    /// True when a map program is available to be started.
     [[nodiscard]] virtual bool IsRegistered() = 0;
 
-    /// What would help when Start gave nothing; empty for nothing.
+    /// Advice for the user when Start gave nothing; empty when there is none.
     [[nodiscard]] virtual std::string Help() { return {}; }
 };
 

@@ -30,7 +30,7 @@ private:
     std::map<std::string, std::map<std::string, Section>> applications_;
 };
 
-/// Orders keys: numbers by their value before all others, these as texts.
+/// Sorts keys: numbers first, by value, then all others as texts.
 void SortKeys(std::vector<std::string>& keys);
 
 } // namespace quandrel

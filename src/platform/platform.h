@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Inside: the program's outside, met through small interfaces (ports): prompts, status line,
-// settings, clipboard, printers, windows of plots, surfaces to draw on, a session of a map program.
-// Enters: one Platform record, filled at start by the window, the batch program or a test.
-// Leaves: nothing; the engine reaches the outside through gPlatform alone, and nobody below it
-// knows what is behind a port.
+// The program's surroundings behind small interfaces (ports): prompts, status line, settings,
+// clipboard, printers, windows of plots, surfaces to draw on, a session of a map program. Input:
+// one Platform record, filled at start by the window, the batch program or a test. The engine
+// reaches its surroundings only through gPlatform, and does not know what implements a port.
 
 #pragma once
 
@@ -35,15 +34,15 @@ struct Platform {
     bool decimalIsComma = false; ///< the regional decimal delimiter
     std::string today;           ///< the date, for the settings
 
-    unsigned threads = 0; ///< how many a step may use; 0 is one for each processor
-    /// About how much of a text a thread takes at a time: its rows stay in the cache.
+    unsigned threads = 0; ///< most threads that a step may use; 0 means one for each processor
+    /// Approximate size of the parts of a text that threads take; their rows fit into the cache.
     std::size_t textBlockBytes = 32768;
 };
 
-/// The outside in use. Set before anything else of the engine is called.
+/// The platform in use. Set before any other call of the engine.
 extern Platform gPlatform;
 
-/// How many threads a step may use, at least 1.
+/// Number of threads that a step may use, at least 1.
 [[nodiscard]] unsigned ThreadsToUse();
 
 } // namespace quandrel

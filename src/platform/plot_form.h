@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the engine needs of a plot window: two surfaces, its texts, its place.
+// What the engine needs of a plot window: two surfaces, its texts, its position.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quandrel {
 
-/// The texts that stand about the drawing.
+/// The texts around the drawing.
 enum class PlotBox { NumberOfData, Fabric, Description, StatsNormal, StatsAdvanced };
 
 class PlotForm {
@@ -21,8 +21,8 @@ public:
     /// The surface of the net, in plot scale.
     [[nodiscard]] virtual Surface& PlotSurface() = 0;
 
-    /// The surface of the legend, in logical pixels from its top left corner: y runs down from 0
-    /// at the top to minus the height.
+    /// The surface of the legend, in logical pixels from its top left corner: y runs from 0 at the
+    /// top down to minus the height.
     [[nodiscard]] virtual Surface& LegendSurface() = 0;
 
     virtual void SetCaption(const std::string& caption) = 0;
@@ -31,17 +31,17 @@ public:
     virtual void SetBoxText(PlotBox box, const std::string& text) = 0;
     [[nodiscard]] virtual std::string BoxText(PlotBox box) const = 0;
 
-    /// Where the window stands.
+    /// The position of the window.
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
-    /// Moves the window. A place that the screen cannot have is passed over.
+    /// Moves the window. A position that the screen does not have is ignored.
     virtual void SetPlace(const WindowPlace& place) = 0;
 
-    /// Called at the end of a drawing, when what is on the surfaces may be shown.
+    /// Called at the end of a drawing: the contents of the surfaces may now be shown.
     virtual void Show() = 0;
 
-    /// Brings the window to the front and makes it the active one: a question about its plot
-    /// follows.
+    /// Brings the window to the front and makes it the active one, before a question about its
+    /// plot.
     virtual void Raise() = 0;
 
     /// Closes the window without asking.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The printers of the machine, and a page that is drawn and printed. Lengths are millimetres, the
-// unit of every printer here; places on a page run from the top left corner of the paper, whatever
-// the printer leaves blank.
+// unit of every printer here. Positions on a page are measured from the top left corner of the
+// paper, whatever margin the printer leaves blank.
 
 #pragma once
 
@@ -28,33 +28,33 @@ struct PageRect {
     friend bool operator==(const PageRect&, const PageRect&) = default;
 };
 
-/// The paper as it lies: a landscape sheet is wider than high.
+/// The paper in its orientation: a landscape sheet is wider than it is high.
 struct Sheet {
     double width = 210; ///< millimetres, above 0
     double height = 297;
-    double margin = 0; ///< the widest rim that the printer leaves blank
+    double margin = 0; ///< the widest margin that the printer leaves blank
 
     [[nodiscard]] bool IsLandscape() const { return width > height; }
 
     friend bool operator==(const Sheet&, const Sheet&) = default;
 };
 
-/// Where a page goes.
+/// The destination of a page.
 struct PrinterChoice {
-    std::string name; ///< empty when there is nothing to print on
-    std::string port; ///< where it stands
+    std::string name; ///< empty when there is no printer
+    std::string port; ///< its location
     bool isFile = false;
 };
 
-/// A page under way. One that is not sent is dropped.
+/// A page being drawn. A page that is not sent is discarded.
 class PrintedPage {
 public:
     virtual ~PrintedPage() = default;
 
-    /// Something to draw on in a rectangle of the page. It lives as long as the page.
+    /// A surface for a rectangle of the page, valid as long as the page.
     [[nodiscard]] virtual Surface& SurfaceIn(const PageRect& rect) = 0;
 
-    /// Prints the page. False when the printer did not take it.
+    /// Prints the page. False when the printer did not accept it.
     [[nodiscard]] virtual bool Send() = 0;
 };
 
@@ -68,22 +68,22 @@ public:
     /// Name of the default printer, or an empty text.
     [[nodiscard]] virtual std::string DefaultPrinter() const = 0;
 
-    /// The printer that the next page goes to: the default one, or what the user chose since. A
-    /// file where there is no printer at all.
+    /// The printer for the next page: the default one, or the user's choice since. A file when
+    /// there is no printer.
     [[nodiscard]] virtual PrinterChoice Chosen() const = 0;
 
-    /// The paper in it.
+    /// The paper in that printer.
     [[nodiscard]] virtual Sheet Paper() const = 0;
 
     /// Lets the user choose printer, paper and orientation. False on Cancel, or when there is
     /// nothing to choose.
     virtual bool SetUp() = 0;
 
-    /// Takes a new page.
+    /// Starts a new page.
     ///
     /// @param title  of the document
     /// @param path   of the file to write when the choice is a file
-    /// @return null when the printer is not to be had
+    /// @return null when the printer is not available
     [[nodiscard]] virtual std::unique_ptr<PrintedPage> StartPage(const std::string& title,
                                                                  const std::string& path) = 0;
 };

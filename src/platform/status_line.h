@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The signs of life during a long step.
+// What a long step shows of its progress.
 
 #pragma once
 
@@ -15,17 +15,18 @@ public:
 
     virtual void SetText(std::string_view text) = 0;
 
-    /// Shows how far a step has come, of a maximum above 0. SetProgress(0, 0) takes the bar away.
+    /// Shows the progress of a step, done of a maximum above 0. SetProgress(0, 0) removes the bar.
     virtual void SetProgress(std::int64_t done, std::int64_t maximum) = 0;
 
-    /// Shows or takes away the busy pointer. Calls nest.
+    /// Shows or removes the busy pointer. Calls nest.
     virtual void SetBusy(bool busy) = 0;
 
-    /// True once the user has asked for the step in work to end. Asked at most some times a second.
+    /// True after the user has asked for the current step to end. Polled at most a few times a
+    /// second.
     [[nodiscard]] virtual bool CancelRequested() = 0;
 };
 
-/// The busy pointer for the length of a block.
+/// Shows the busy pointer until the end of a block.
 class BusyPointer {
 public:
     explicit BusyPointer(StatusLine& status)

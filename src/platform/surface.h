@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The picture surface: the one way in which the program draws.
+// The picture surface: the program's only way to draw.
 //
 // Positions are user units: +x to the right, +y up, between the corners that SetUserScale gives.
 // Angles are radians, counter-clockwise from +x. Widths of lines and sizes of text are logical
@@ -17,7 +17,7 @@
 
 namespace quandrel {
 
-/// A colour, one byte a channel.
+/// A colour, one byte per channel.
 struct Colour {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -59,10 +59,10 @@ struct UserScale {
     friend bool operator==(const UserScale&, const UserScale&) = default;
 };
 
-/// The scale of a plot: the net has radius 1000, and 100 are left for marks about it.
+/// The scale of a plot: the net has radius 1000, with a margin of 100 for the marks around it.
 inline constexpr UserScale kPlotScale{-1100, 1100, 1100, -1100};
 
-/// How new ink meets the old. The numbers are those that records and dialogs hold.
+/// How new ink combines with what is drawn already. Records and dialogs hold these numbers.
 enum DrawMode : int {
     kDrawNotXor = 10, ///< for marks that are toggled; drawn as plain lines on paper and in files
     kDrawCopy = 13,   ///< the ordinary pen
@@ -90,7 +90,7 @@ enum FillStyle : int {
     kDiagonalCrossHatch = 7,
 };
 
-/// A font by its name; an empty family is the platform's plain sans-serif.
+/// A font by its name; an empty family means the platform's plain sans-serif.
 struct FontSpec {
     std::string family;
     double points = 8;
@@ -101,7 +101,7 @@ struct FontSpec {
     friend bool operator==(const FontSpec&, const FontSpec&) = default;
 };
 
-/// Everything about a surface that a procedure may change and has to put back.
+/// The state of a surface that a procedure may change and must restore.
 struct DrawState {
     int drawMode = kDrawCopy;
     int drawStyle = kSolidLine;
@@ -123,7 +123,7 @@ struct GlyphPart {
         Circle,   ///< centre points[0], radius
     };
     enum class Ink {
-        Outline, ///< the marker's colour, lines alone
+        Outline, ///< the marker's colour, lines only
         Filled,  ///< the marker's colour, filled and outlined
         White,   ///< filled white, outlined in the marker's colour
     };
@@ -135,14 +135,14 @@ struct GlyphPart {
     friend bool operator==(const GlyphPart&, const GlyphPart&) = default;
 };
 
-/// The shape of a marker. Equal names stand for equal parts, so that a surface may keep what it has
-/// made of a glyph under the name.
+/// The shape of a marker. Equal names must mean equal parts: a surface may cache a glyph by its
+/// name.
 struct Glyph {
     std::string name;
     std::vector<GlyphPart> parts;
 };
 
-/// Something to draw on.
+/// A surface to draw on.
 class Surface {
 public:
     virtual ~Surface() = default;
@@ -151,10 +151,10 @@ public:
     virtual void SetUserScale(const UserScale& scale) = 0;
     [[nodiscard]] virtual UserScale Scale() const = 0;
 
-    /// Length of one logical pixel in user units, across and up. Both above 0.
+    /// Width and height of one logical pixel in user units. Both are above 0.
     [[nodiscard]] virtual Point PixelSize() const = 0;
 
-    /// Wipes everything with one colour.
+    /// Fills the surface with one colour.
     virtual void Clear(Colour background) = 0;
 
     virtual void SetState(const DrawState& state) = 0;
@@ -162,40 +162,41 @@ public:
 
     virtual void Line(Point from, Point to, Colour colour) = 0;
 
-    /// A box by two opposite corners: its outline, or filled with its outline's colour.
+    /// A box by two opposite corners: its outline, or filled with the colour of the outline.
     virtual void Box(Point corner, Point opposite, Colour colour) = 0;
     virtual void FilledBox(Point corner, Point opposite, Colour colour) = 0;
 
-    /// A whole circle, filled as the state's fill style says.
+    /// A full circle, filled by the state's fill style.
     virtual void Circle(Point centre, double radius, Colour colour) = 0;
 
-    /// The part of a circle counter-clockwise from start to end; an end at or before the start goes
-    /// once round further.
+    /// The part of a circle counter-clockwise from start to end; an end at or before the start is
+    /// one turn further.
     virtual void Arc(Point centre, double radius, double start, double end, Colour colour) = 0;
 
-    /// As Arc, with both radii, filled as the state's fill style says.
+    /// As Arc, with both radii, filled by the state's fill style.
     virtual void Wedge(Point centre, double radius, double start, double end, Colour colour) = 0;
 
     virtual void Polyline(std::span<const Point> points, Colour colour) = 0;
 
-    /// A closed shape, filled as the state's fill style says.
+    /// A closed shape, filled by the state's fill style.
     virtual void Polygon(std::span<const Point> points, Colour colour) = 0;
 
     /// A square of one logical pixel.
     virtual void SetPixel(Point at, Colour colour) = 0;
 
-    /// One glyph at many positions, in their order, in one call.
+    /// One glyph at many positions, drawn in their order by one call.
     virtual void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) = 0;
 
-    /// Text in the state's font and fore colour, its top left corner at the position. One line.
+    /// One line of text in the state's font and fore colour; its top left corner is at the
+    /// position.
     virtual void Text(Point topLeft, std::string_view utf8) = 0;
 
-    /// Size of a text in user units, both 0 or more.
+    /// Size of a text in user units, at least 0.
     [[nodiscard]] virtual double TextWidth(std::string_view utf8) const = 0;
     [[nodiscard]] virtual double TextHeight() const = 0;
 };
 
-/// Puts a surface's state back at the end of a block.
+/// Restores a surface's state at the end of a block.
 class SavedState {
 public:
     explicit SavedState(Surface& surface)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where a window stands, as settings and files keep it.
+// The position of a window, as settings and files keep it.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace quandrel {
 
-/// State and place of a window, in 1/1440 inch. State 0 normal, 1 minimised, 2 maximised.
+/// State and position of a window, in 1/1440 inch. State 0 normal, 1 minimised, 2 maximised.
 struct WindowPlace {
     std::int32_t state = 2;
     std::int32_t top = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A clipboard of its own: for tests, and for scripts.
+// A private clipboard in memory: for tests, and for scripts.
 
 #pragma once
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A status line that nobody sees: for tests, and for scripts.
+// A status line that is not shown: for tests, and for scripts.
 
 #pragma once
 
@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] bool CancelRequested() override { return cancel_; }
 
-    /// From now on the user wants every step to end.
+    /// Makes every step from now on end, as if the user had asked for it.
     void RequestCancel() { cancel_ = true; }
 
     /// The last text, empty before the first.

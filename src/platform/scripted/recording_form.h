@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A plot window that nobody sees: it keeps its texts and writes down what is drawn on it.
+// A plot window that is not shown: it keeps its texts and records what is drawn on it.
 
 #pragma once
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A printer that writes down what is printed.
+// A printer that records what is printed.
 
 #pragma once
 
@@ -57,7 +57,7 @@ public:
     bool hasPaper = true;            ///< false: no page can be started
     bool takesPages = true;          ///< false: no page can be sent
     std::function<bool()> onSetUp;   ///< what the user does in the printer's dialog
-    std::function<void()> onSurface; ///< called before each part of a page is given out
+    std::function<void()> onSurface; ///< called before each surface of a page is returned
     int timesSetUp = 0;
     std::deque<RecordedPage> pages;
 
@@ -70,7 +70,7 @@ private:
             , onSurface_(std::move(onSurface)) {}
 
         [[nodiscard]] Surface& SurfaceIn(const PageRect& rect) override {
-            constexpr double kPixels = 96 / 25.4; // in a millimetre
+            constexpr double kPixels = 96 / 25.4; // per millimetre
             if (onSurface_) {
                 onSurface_();
             }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A surface that writes down what is drawn on it.
+// A surface that records what is drawn on it.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace quandrel {
 /// One call of a drawing procedure.
 struct DrawOperation {
     enum class Kind {
-        Clear, ///< the first operation, once a surface has been cleared
+        Clear, ///< the first operation, after a surface has been cleared
         Line,
         Box,
         FilledBox,
@@ -30,7 +30,7 @@ struct DrawOperation {
     };
     Kind kind = Kind::Line;
     std::vector<Point>
-        points; ///< ends, corners, centre, vertices or positions, as the call had them
+        points; ///< ends, corners, centre, vertices or positions, as passed to the call
     double radius = 0;
     double start = 0; ///< radians
     double end = 0;
@@ -39,8 +39,8 @@ struct DrawOperation {
     DrawState state;  ///< at the call
 };
 
-/// One line that tells an operation, for golden files: "line (0, 0) (10, 5) 000000 width 2". What
-/// is as in a fresh state is left out; numbers are rounded to thousandths.
+/// One line that describes an operation, for golden files: "line (0, 0) (10, 5) 000000 width 2".
+/// State as in a new surface is omitted; numbers are rounded to thousandths.
 [[nodiscard]] std::string OperationText(const DrawOperation& operation);
 
 class RecordingSurface : public Surface {
@@ -51,10 +51,10 @@ public:
         , heightPixels_(heightPixels)
         , scale_{0, 0, widthPixels, -heightPixels} {}
 
-    /// The last Clear, if there was one, and what was drawn since.
+    /// The last Clear, if there was one, and the operations since.
     [[nodiscard]] const std::vector<DrawOperation>& Operations() const { return operations_; }
 
-    /// The glyphs of the markers among them, by name.
+    /// The glyphs of the markers among the operations, by name.
     [[nodiscard]] const std::map<std::string, Glyph>& Glyphs() const { return glyphs_; }
 
     /// Gives the surface another size in logical pixels, both above 0. The user scale stays.
@@ -68,8 +68,7 @@ public:
     [[nodiscard]] UserScale Scale() const override { return scale_; }
 
     [[nodiscard]] Point PixelSize() const override;
-    /// Drops all operations before this one, so that a surface that is drawn again and again does
-    /// not grow.
+    /// Drops all earlier operations, so that a surface that is drawn repeatedly does not grow.
     void Clear(Colour background) override;
 
     void SetState(const DrawState& state) override { state_ = state; }
@@ -88,7 +87,7 @@ public:
     void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) override;
     void Text(Point topLeft, std::string_view utf8) override;
 
-    /// Every character is six tenths of the font's height wide, whatever the family; a font of 72
+    /// Every character is six tenths of the font's height wide, for all families; a font of 72
     /// points is 96 pixels high.
     [[nodiscard]] double TextWidth(std::string_view utf8) const override;
     [[nodiscard]] double TextHeight() const override;

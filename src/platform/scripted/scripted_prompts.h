@@ -2,10 +2,10 @@
 //
 // Prompts that are answered from a script: for tests, and for the program without a screen.
 //
-// This is the chief header of the stand-ins for the outside. Inside: surfaces, forms and printers
-// that record what is done to them, a clipboard in memory, a status line that keeps its text.
-// Enters: the answers that a test or a script has queued.
-// Leaves: what was asked, drawn, shown and printed, as values that can be compared.
+// This is the chief header of the stand-ins for the platform: surfaces, forms and printers that
+// record what is done to them, a clipboard in memory, a status line that keeps its text. Input: the
+// answers that a test or a script has queued. Output: what was asked, drawn, shown and printed, as
+// values that can be compared.
 
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace quandrel {
 
-/// A box that was shown, with the answer that it got.
+/// A box that was shown, and the answer to it.
 struct ShownBox {
     Message message;
     Button answer = Button::Ok;
@@ -34,29 +34,29 @@ public:
     explicit ScriptedPrompts(Mode mode)
         : mode_(mode) {}
 
-    /// Strict: the next box must hold this text, and gets this answer.
+    /// Strict: the next box must hold this text and gets this answer.
     void Expect(const std::string& fragment, Button answer);
 
-    /// Strict: a box that holds this text may come at any time, once, and gets its default button.
+    /// Strict: one box that holds this text may come at any time and gets its default button.
     void ExpectAny(const std::string& fragment);
 
-    /// Batch: the next box gets this answer. A box without that button takes its default one.
+    /// Batch: the next box gets this answer. A box without that button gets its default one.
     void QueueAnswer(Button answer) { answers_.push_back(answer); }
 
-    /// The next question for a path gets this one; without any it is cancelled.
+    /// The answer to the next request for a path; requests without a queued answer are cancelled.
     void QueueOpenPath(const std::string& path) { openPaths_.push_back(path); }
 
     void QueueSavePath(const std::string& path) { savePaths_.push_back(path); }
 
     /// The next question about one of several unsaved plots must hold this text in its title, and
-    /// gets this answer. One that was not expected skips the plot; in strict mode it is a problem.
+    /// gets this answer. An unexpected question skips the plot; in strict mode it is a problem.
     void ExpectSavePlots(const std::string& fragment, SaveAnswer answer);
 
     /// Called for each box shown.
     void OnBox(std::function<void(const ShownBox&)> onBox) { onBox_ = std::move(onBox); }
 
-    /// Answers the format dialog. Without this it is accepted as it opened in batch mode; in strict
-    /// mode it is cancelled, and counts as not expected.
+    /// Answers the format dialog. Without this, batch mode accepts the dialog as it opens; strict
+    /// mode cancels it and counts it as unexpected.
     void OnFormat(std::function<std::optional<FormatAnswer>(const FormatQuestion&)> onFormat) {
         onFormat_ = std::move(onFormat);
     }
@@ -64,7 +64,8 @@ public:
     /// All boxes shown so far.
     [[nodiscard]] const std::vector<ShownBox>& Shown() const { return shown_; }
 
-    /// Strict: the unexpected boxes and those that never came, a line each; empty when all is well.
+    /// Strict: the unexpected boxes and the expected ones never shown, one line each; empty when
+    /// there are none.
     [[nodiscard]] std::string Problems() const;
 
     [[nodiscard]] Button Ask(const Message& message) override;
