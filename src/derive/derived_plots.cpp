@@ -26,7 +26,7 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The place of the line that tells where rows come from, or npos.
+/// The position of the line that says where rows come from, or npos.
 std::size_t PlaceOfDerivation(const std::string& description) {
     const std::string opening = kDerivedFrom;
     if (description.starts_with(opening)) {
@@ -36,7 +36,7 @@ std::size_t PlaceOfDerivation(const std::string& description) {
     return place == std::string::npos ? place : place + 1;
 }
 
-/// Rows without a line are known by their source. Without it they become error rows for good.
+/// Rows without a line are known by their source. Without it they become ordinary error rows.
 void MarkRowsWithoutLine(int slot) {
     constexpr std::int32_t kNoLine = -90;
     for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
@@ -62,7 +62,7 @@ int OpenDerivedPlot() {
         return 0;
     }
     PlotRecord& record = ActiveRecord();
-    if (record.PlotKind == kRose) { // what the next file holds says nothing of derived lines
+    if (record.PlotKind == kRose) { // the next file says nothing about derived lines
         record.PlotKind = kEqualArea;
     }
     return gActivePlot;

@@ -18,7 +18,7 @@ Fault FaultOfRow(int slot, std::int32_t row) {
     fault.plane = {gDataDip(slot, row), gDataAz(slot, row)};
     fault.line = {gData2Dip(slot, row), gData2Az(slot, row)};
     if (fault.plane.dip == kErrorRow) {
-        fault.line = {kErrorRow, 0}; // nothing was read of such a row
+        fault.line = {kErrorRow, 0}; // no values were read for such a row
     }
     return fault;
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Rows as faults: the plane of a row is its primary orientation, the slip line its secondary one.
-// Both are read from the data columns, never from the table of plotted rows, which may show either.
+// Both are read from the data columns, never from the table of plotted rows, which may show either
+// of them.
 
 #pragma once
 
@@ -12,24 +13,24 @@
 
 namespace quandrel {
 
-/// A fault in whole degrees. A negative plunge of the line is upward polarity: the hanging wall
-/// moves up along it; the trend is that of its downward end all the same.
+/// A fault in whole degrees. A negative plunge of the line means upward polarity: the hanging wall
+/// moves up along it. The trend is still that of its downward end.
 struct Fault {
     ShownOrientation plane;
     ShownOrientation line;
 };
 
-/// True when an orientation was read: no marker, dip -90 to 90, azimuth 0 to 360.
+/// True when an orientation was read: not a marker, dip -90 to 90, azimuth 0 to 360.
 [[nodiscard]] bool IsReadable(ShownOrientation orientation);
 
-/// The fault of a main row. What the row lacks is not readable.
+/// The fault of a main row. Values that the row lacks are not readable.
 [[nodiscard]] Fault FaultOfRow(int slot, std::int32_t row);
 
-/// True when the main rows hold faults with slip lines, and none of these tells its sense of
+/// True when the main rows hold faults with slip lines, and none of these states its sense of
 /// movement by a negative plunge. O(rows).
 [[nodiscard]] bool LacksMovement(int slot);
 
-/// The downward unit normal of the fault plane. The sign of the dip plays no part.
+/// The downward unit normal of the fault plane. The sign of the dip is ignored.
 [[nodiscard]] Direction PoleOfFault(const Fault& fault);
 
 /// The slip line as a unit vector: downward, or horizontal along its trend.

@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// What became of the rows of a source.
+/// Counts of the rows of a source by their results.
 struct PairCounts {
     std::int32_t stored = 0;
     std::int32_t parallel = 0; ///< of the stored ones
@@ -63,7 +63,7 @@ int OpenPlotOfIntersections(int source) {
     return true;
 }
 
-/// Stores the intersections of all rows of a source, in their order.
+/// Stores the intersections of all rows of a source, in row order.
 PairCounts StoreAllIntersections(int source, int slot) {
     PairCounts counts;
     const std::int32_t last = RecordOf(source).NumData;

@@ -9,7 +9,7 @@ namespace quandrel {
 
 namespace {
 
-// A line that plunges less is horizontal: else rounding would choose between its ends.
+// A line of a smaller plunge is horizontal: otherwise rounding would choose between its ends.
 constexpr double kHorizontal = 1e-9;
 
 Direction Combined(const Direction& a, double factorA, const Direction& b, double factorB) {
@@ -25,13 +25,13 @@ double LengthOf(const Direction& vector) {
     return std::sqrt(DotProduct(vector, vector));
 }
 
-/// The part of a line that lies in the plane of a pole, as a unit vector.
+/// The projection of a line onto the plane with the given pole, as a unit vector.
 Direction MovedIntoPlane(const Direction& line, const Direction& pole) {
     const Direction inPlane = Combined(line, 1, pole, -DotProduct(line, pole));
     return Combined(inPlane, 1 / LengthOf(inPlane), {}, 0);
 }
 
-/// The line of an axis, downward.
+/// The downward line of an axis.
 void AxisToLine(Direction axis, double& plunge, double& trend) {
     if (std::abs(axis.n) < kHorizontal) {
         axis.n = 0;

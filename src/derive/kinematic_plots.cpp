@@ -22,14 +22,14 @@ namespace quandrel {
 
 namespace {
 
-/// A parent with the plots of its axes, 0 where there is none yet. On two plots the first is of P.
+/// A parent with the plots of its axes, 0 for a missing one. Of two plots the first is that of P.
 struct Family {
     int parent = 0;
     int first = 0;
     int second = 0;
 };
 
-/// What became of the faults of a parent.
+/// Counts of the faults of a parent by their results.
 struct FaultCounts {
     std::int32_t used = 0;
     std::int32_t offPlane = 0;
@@ -37,7 +37,7 @@ struct FaultCounts {
     bool outOfMemory = false;
 };
 
-/// What the plots of a family are made by.
+/// Settings for the plots of a family.
 struct AxesWanted {
     bool onTwoPlots = false;
     bool asContours = false;
@@ -74,7 +74,7 @@ bool HasReadableParent(const PlotRecord& record) {
     return true;
 }
 
-/// The plot of the other axes of the same parent, or 0. Other plots of the parent are none of it.
+/// The plot of the other axes of the same parent, or 0. Other plots of the parent do not count.
 int PartnerOf(int slot) {
     const PlotRecord& record = RecordOf(slot);
     const std::string wanted =
@@ -100,7 +100,7 @@ Family FamilyOfActivePlot() {
     return family;
 }
 
-/// Rows that the user has laid over axes go when these are recomputed.
+/// Rows that the user has laid over the axes are removed when the axes are recomputed.
 [[nodiscard]] bool AcceptLossOfOverlays(const Family& family) {
     for (const int slot : {family.first, family.second}) {
         if (slot != 0 && RecordOf(slot).OverlayRows[kOverlayCount] > 0) {
@@ -112,7 +112,7 @@ Family FamilyOfActivePlot() {
     return true;
 }
 
-/// Opens the windows that are missing. When one cannot be had, all is as before.
+/// Opens the missing windows. When one cannot be opened, everything is restored.
 [[nodiscard]] bool OpenMissing(Family& family, bool onTwoPlots) {
     const std::int32_t former = gActivePlot;
     const bool isNew = family.first == 0;
@@ -161,7 +161,7 @@ void SetUpChild(int slot, int parent, const char* axes, const AxesWanted& wanted
                           AxisText(AxisKind::Extension, parentRow))) {
         return false;
     }
-    // A horizontal one has no sign to be told by.
+    // A horizontal one has no sign to identify it.
     const SymbolCode code = CodeOfStyleRow(kDerivedUpSymbol);
     const std::int32_t row = RecordOf(slot).NumLoadedData;
     gDataSymbol.At(slot, row) = code;
@@ -176,7 +176,7 @@ void SetUpChild(int slot, int parent, const char* axes, const AxesWanted& wanted
            && StoreExtensionAxis(ofExtension, axes, parentRow);
 }
 
-/// Stores the axes of all faults of the parent, in the order of its rows.
+/// Stores the axes of all faults of the parent, in row order.
 FaultCounts StoreAllAxes(const Family& family, std::optional<SlipSense> assumed) {
     FaultCounts counts;
     const std::int32_t last = RecordOf(family.parent).NumData;
@@ -227,7 +227,7 @@ std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
     const FaultCounts counts = StoreAllAxes(family, assumed);
     if (!counts.outOfMemory) {
         if (family.second == 0) {
-            SetCountOfValid(RecordOf(family.first), counts.used); // of faults, on one plot too
+            SetCountOfValid(RecordOf(family.first), counts.used); // faults, also on one plot
         }
     }
     for (const int slot : {family.first, family.second}) {
@@ -242,8 +242,8 @@ std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
     return !counts.outOfMemory;
 }
 
-/// Finds out about the sense of movement: rows that tell it count, else what is known already, else
-/// the user is asked. False when the user has no answer.
+/// Finds the sense of movement: from rows that state it, else the known one, else by asking the
+/// user. False when the user cancels.
 [[nodiscard]] bool FindSense(int faults, std::optional<SlipSense>& assumed) {
     if (!LacksMovement(faults)) {
         assumed.reset();
@@ -262,7 +262,7 @@ std::string TextOfCounts(const std::string& axes, const FaultCounts& counts) {
     return true;
 }
 
-/// Makes the windows that are missing, and closes one that is not wanted any more.
+/// Opens the missing windows, and closes a window that is no longer wanted.
 [[nodiscard]] bool MatchWindows(Family& family, const AxesWanted& wanted) {
     if (!AcceptLossOfOverlays(family) || !OpenMissing(family, wanted.onTwoPlots)) {
         return false;
@@ -289,7 +289,7 @@ std::optional<AxisLines> LinesOfAxes(const Fault& fault, std::optional<SlipSense
         return std::nullopt;
     }
     if (assumed == SlipSense::Reverse) {
-        // The other sense exchanges the axes; a horizontal line has no sign to say so.
+        // The other sense swaps the axes; a horizontal line has no sign to express it.
         const double tPlunge = axes.pPlunge > 0 ? -axes.pPlunge : 0;
         axes = {std::abs(axes.tPlunge), axes.tTrend, tPlunge, axes.pTrend};
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Plots of the kinematic axes P and T of the faults of a plot. They stay bound to it, and are
-// recomputed by the same command given to one of them.
+// Plots of the kinematic axes P and T of the faults of a plot. They stay linked to it; the same
+// command, given for one of them, recomputes them.
 
 #pragma once
 
@@ -18,19 +18,19 @@ namespace quandrel {
 enum KinematicPlotIndex : int {
     kAxesOnOnePlot = 0,
     kAxesOnTwoPlots = 1,
-    kContouredAxes = 2, ///< as kAxesOnTwoPlots, both drawn as contours
+    kContouredAxes = 2, ///< as kAxesOnTwoPlots, both as contours
 };
 
 /// True when gActivePlot can be processed: it holds planes with slip lines, or axes whose parent is
-/// open. Tells what is missing, and asks whether data of another kind may stand for them.
+/// open. Reports what is missing, and asks whether to use data of another kind instead.
 [[nodiscard]] bool CheckKinematicData();
 
-/// What is asked where no slip line of the faults is upward: nothing else tells their sense.
+/// The question when no slip line of the faults is upward, so that nothing states their sense.
 inline constexpr const char* kSenseQuestion =
     "No row says in which sense it moved. Take the hanging walls to have moved down?";
 
-/// The slot whose faults MakeKinematicPlots would use for gActivePlot: itself, or the parent of the
-/// axes that it holds; 0 for a plot that has nothing to do with faults.
+/// The slot whose faults MakeKinematicPlots would use for gActivePlot: that plot itself, or the
+/// parent of the axes that it holds; 0 for a plot without either.
 [[nodiscard]] int SlotOfFaults();
 
 /// Plunges and trends of the axes of a fault in radians, P downward, T upward.
@@ -41,30 +41,32 @@ struct AxisLines {
     double tTrend = 0;
 };
 
-/// The axes of a fault; nothing when its slip line is 10 degrees or more off its plane.
+/// The axes of a fault; nothing when its slip line is 10 degrees or more from its plane.
 ///
-/// @param assumed  the sense of faults that do not tell theirs; nothing reads it off the slip line
+/// @param assumed  the sense of faults that do not state theirs; nothing takes it from the slip
+///                 line
 [[nodiscard]] std::optional<AxisLines> LinesOfAxes(const Fault& fault,
                                                    std::optional<SlipSense> assumed);
 
-/// Makes the plot or plots of the axes of the faults of gActivePlot, or where that holds such axes
-/// recomputes them from their parent. The axes' plot becomes the active one, of two that of T.
+/// Makes the plot or plots of the axes of the faults of gActivePlot. If gActivePlot holds such
+/// axes, recomputes them from their parent instead. The plot of the axes becomes the active one, of
+/// two plots that of T.
 ///
-/// Rows follow the order of the parent's rows, and their texts name them. On one plot each P row is
-/// followed by its T row; on two, P and T of a fault have the same row number. A fault whose slip
-/// line is 10 degrees or more off its plane, or missing, gives no axes; the description says how
-/// many there are.
+/// Rows are in the order of the parent's rows, and their texts name them. On one plot each P row is
+/// followed by its T row; on two, P and T of a fault have the same row number. A fault without a
+/// slip line, or with one that is 10 degrees or more from its plane, gives no axes; the description
+/// states the number of both.
 ///
-/// Where no slip line is upward the sense of movement is asked for; titles and texts of the plots
-/// then say that it was assumed.
+/// When no slip line is upward, the user is asked for the sense of movement; titles and texts of
+/// the plots then say that it was assumed.
 ///
 /// @param index    a KinematicPlotIndex
-/// @param assumed  the answer to that question, where it is known
-/// @return false when nothing was made; what stood in the way was told
+/// @param assumed  the answer to that question, if it is known
+/// @return false when nothing was made; the reason was reported
 bool MakeKinematicPlots(int index, std::optional<SlipSense> assumed = std::nullopt);
 
-/// Gives a plot the form of a plot of axes: polar lines, so that T rows, which point up, keep their
-/// own symbol.
+/// Gives a plot the form of a plot of axes: polar lines, so that T rows, which point up, have a
+/// symbol of their own.
 void PrepareKinematicPlot(int slot, std::optional<SlipSense> assumed = std::nullopt);
 
 } // namespace quandrel

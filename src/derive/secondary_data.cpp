@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// Rows of the plain symbols follow the sign of the set that is shown; others keep what they have.
+/// Rows with the plain symbols follow the sign of the set that is shown; others keep their symbols.
 void FollowShownSigns(int slot) {
     const SymbolCode down = CodeOfStyleRow(kRowSymbol);
     const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
@@ -33,7 +33,7 @@ void FollowShownSigns(int slot) {
     }
 }
 
-/// The only overlay is that of the arrows on planes.
+/// True when the only overlay is that of the arrows on planes.
 bool HasOverlayOfArrows(const PlotRecord& record) {
     return record.NumSymbolsInPlot == kArrowsOnPlanes + 1 && record.SelectedOverlay > 0;
 }
@@ -65,7 +65,7 @@ void EndArrows(PlotRecord& record) {
     record.NumSymbolsInPlot = 0;
 }
 
-/// Plots the set of an option, as the kind that the option needs.
+/// Plots the set that an option needs, as the kind that it needs.
 void ShowSetOfOption(const PlotRecord& record, int option) {
     if ((record.ShowSecondary != 0) != (option == kArrowsAlone)) {
         ToggleSecondaryData();
@@ -111,7 +111,7 @@ void MakeSecondaryOverlay() {
         return;
     }
     const BusyPointer busy(*gPlatform.status);
-    EndArrows(record); // an overlay and arrows do not go together
+    EndArrows(record); // an overlay and arrows exclude each other
     const bool isWhole = AppendSecondaryOverlay(
         record.SecondaryFormat == kSecondaryPlane ? kOverlayPoles : kOverlayPolarLines);
     if (!isWhole) {
@@ -130,7 +130,7 @@ void SetOverlaySecondary(bool on) {
         MakeSecondaryOverlay();
         return;
     }
-    EndArrows(record); // those on planes have lost their lines
+    EndArrows(record); // arrows on planes have lost their lines
     while (record.OverlayRows[kOverlayCount] >= overlay) {
         RemoveLastOverlay(gActivePlot);
     }

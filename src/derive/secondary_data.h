@@ -7,7 +7,7 @@
 
 namespace quandrel {
 
-/// Symbol buttons of the secondary data, behind those of the drawing modes.
+/// Symbol buttons of the secondary data, after those of the drawing modes.
 enum SecondaryButton : int {
     kOverlaySecondary = 7, ///< after the buttons of the drawing modes
     kSlipArrowsAlone,
@@ -18,34 +18,32 @@ enum SecondaryButton : int {
 /// Ways to show slip arrows. NumSymbolsInPlot is one more than the one in force.
 enum SlipArrowOption : int { kArrowsAlone = 0, kArrowsOnPlanes = 1, kArrowsOnPoles = 2 };
 
-/// Plots the other set of the rows, as what it is. Does nothing without a secondary set, or in a
+/// Plots the other set of the rows, as its own kind. Does nothing without a secondary set, or in a
 /// plot with overlays.
 void ToggleSecondaryData();
 
-/// Lays the secondary data over the primary data as an overlay, behind those that are there, and
-/// draws the plot. Tells when the secondary data are the plotted set already.
+/// Adds the secondary data as an overlay, after the existing ones, and draws the plot. Reports when
+/// the secondary data are the plotted set already.
 ///
-/// The overlay has a row for each main row, in their order; one that lacks either orientation is an
-/// error row.
+/// The overlay has a row for each main row, in the same order; a row that lacks either orientation
+/// is an error row.
 void MakeSecondaryOverlay();
 
-/// Lays the secondary data over the primary data, or takes them off again, with all overlays that
-/// were laid over them.
+/// Adds the overlay of the secondary data, or removes it together with all overlays above it.
 void SetOverlaySecondary(bool on);
 
-/// Copies the secondary data into their overlay once more, after a change of the main rows. Does
-/// not draw. An overlay that lies below others keeps its rows when the main rows have become more
-/// or fewer.
+/// Copies the secondary data into their overlay again, after a change of the main rows. Does not
+/// draw. An overlay below others keeps its rows when the number of main rows has changed.
 void RefreshSecondaryOverlay();
 
 /// Shows the rows as slip arrows: at the slip lines alone, at the slip lines with the planes as
-/// great circles, or at the poles of the planes. Asks where rows of another kind have to stand for
-/// faults, or an overlay is in the way; nothing changes when the user cancels.
+/// great circles, or at the poles of the planes. Asks when rows of another kind would be used as
+/// faults, or an overlay would be lost; nothing changes when the user cancels.
 ///
 /// @param option  a SlipArrowOption
 void SetSlipArrows(int option);
 
-/// Ends the slip arrows that a button stands for.
+/// Ends the slip arrows of a button.
 ///
 /// Kept: after the arrows on planes, the planes stay great circles and their lines stay, as an
 /// overlay like any other; after the others the rows are drawn as symbols.

@@ -14,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// The secondary orientation of a main row; of one that lacks either the marker.
+/// The secondary orientation of a main row; the error marker for a row that lacks either.
 ShownOrientation SecondaryOfRow(std::int32_t row) {
     const ShownOrientation line = FaultOfRow(gActivePlot, row).line;
     return IsReadable(line) ? line : ShownOrientation{kErrorRow, 0};

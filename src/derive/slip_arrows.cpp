@@ -23,8 +23,8 @@ bool IsTooShort(const Direction& vector) {
     return std::hypot(vector.l, vector.m, vector.n) < kParallelLength;
 }
 
-/// The azimuth on the net of a step from a place. The place is at (m, l) / (1 + n) in the equal
-/// angle net, (m, l) / sqrt(1 + n) in the equal area one; these are their differentials, less a
+/// The azimuth on the net of a step from a position. The position is (m, l) / (1 + n) in the equal
+/// angle net and (m, l) / sqrt(1 + n) in the equal area net; these are the differentials, without a
 /// positive factor.
 double AzimuthOfStep(int plotKind, const Direction& at, const Direction& step) {
     const double inward = step.n / ((plotKind == kEqualAngle ? 1 : 2) * (1 + at.n));
@@ -32,7 +32,7 @@ double AzimuthOfStep(int plotKind, const Direction& at, const Direction& step) {
 }
 
 /// The fault that a row shows. A row of an overlay that was loaded while the secondary data were
-/// shown has its pairs exchanged.
+/// shown has its pairs swapped.
 Fault FaultOfShownRow(int slot, std::int32_t row) {
     const PlotRecord& record = RecordOf(slot);
     const int overlay = OverlayOfRow(record, row);
@@ -50,7 +50,7 @@ Fault FaultOfShownRow(int slot, std::int32_t row) {
 
 std::optional<double> SlipArrowAzimuth(int plotKind, const Direction& pole, const Direction& slip,
                                        bool upward, const Direction& at) {
-    const Direction axis = CrossProduct(pole, slip); // the slip turns the pole into the line
+    const Direction axis = CrossProduct(pole, slip); // the slip rotates the pole towards the line
     if (IsTooShort(axis)) {
         return std::nullopt;
     }
