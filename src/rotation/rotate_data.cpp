@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kWaitText = "Please wait - rotating data";
 
-/// A text on the status line for the length of a block.
+/// Shows a text on the status line until the end of a block.
 class StatusWord {
 public:
     explicit StatusWord(std::string_view text) { gPlatform.status->SetText(text); }
@@ -36,7 +36,7 @@ bool PointsUp(ShownOrientation shown) {
     return shown.dip < 0 && shown.dip != kErrorRow;
 }
 
-/// A row that is drawn in the style of its sense takes that of its new sense.
+/// A row that is drawn in the style of its sense gets that of its new sense.
 void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& changes) {
     const bool isUp = PointsUp(OrientationShown(gActivePlot, row));
     if (wasUp == isUp) {
@@ -59,7 +59,7 @@ void StoreColumns(const std::vector<ShownOrientation>& rows, const DataColumn<st
                   const DataColumn<std::int32_t>& azimuths) {
     const auto last = static_cast<std::int32_t>(rows.size()) - 1;
     for (std::int32_t row = 1; row <= last; ++row) {
-        // Rows beyond a column's end were read as nothing, and stay so.
+        // Rows after the end of a column have no values, and stay so.
         if (row < dips.RowCount(gActivePlot)) {
             dips.At(gActivePlot, row) = rows[static_cast<std::size_t>(row)].dip;
             azimuths.At(gActivePlot, row) = rows[static_cast<std::size_t>(row)].azimuth;
@@ -67,7 +67,7 @@ void StoreColumns(const std::vector<ShownOrientation>& rows, const DataColumn<st
     }
 }
 
-/// Rows of gActivePlot that point upward, at their places.
+/// Which rows of gActivePlot point upward, by point index.
 std::vector<bool> UpwardRows() {
     std::vector<bool> upward(static_cast<std::size_t>(ActiveRecord().NumLoadedData) + 1);
     for (std::size_t row = 1; row < upward.size(); ++row) {
@@ -110,7 +110,7 @@ std::string NoteOnRotation(const RotationReport& report) {
     }
     if (report.withoutPlane > 0) {
         note += (note.empty() ? "" : " and ") + Rows(report.withoutPlane)
-                + " of overlays that are no planes";
+                + " of overlays that are not planes";
     }
     if (note.empty()) {
         return note;

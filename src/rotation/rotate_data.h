@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Rotates the rows of gActivePlot in place, shows where they would go, and takes the last rotation
-// back.
+// Rotates the rows of gActivePlot in place, previews a rotation, and undoes the last one.
 //
-// Inside the folder: the kernels of turning, tilting and unfolding, and the rules of their dialog.
-// Enters: rows of the active plot, an axis and an angle or what is to become level or upright.
-// Leaves: turned rows in the store, or a preview as points and arcs; what cannot be turned is told.
+// This folder holds the kernels of rotating, tilting and unfolding, and the rules of their dialog.
+// Input: rows of the active plot, and an axis with an angle or what is to become level or vertical.
+// Output: rotated rows in the store, or a preview as points and arcs; rows that cannot be rotated
+// are reported.
 
 #pragma once
 
@@ -19,55 +19,55 @@
 
 namespace quandrel {
 
-/// What a rotation did.
+/// The result of a rotation.
 struct RotationReport {
-    std::int32_t turned = 0;       ///< rows that took part
-    std::int32_t withoutAxis = 0;  ///< left as they were, for want of a valid appended line
-    std::int32_t withoutPlane = 0; ///< rows of overlays that are no planes, left when unfolding
+    std::int32_t turned = 0;       ///< rows that were rotated
+    std::int32_t withoutAxis = 0;  ///< rows left unchanged for lack of a valid appended line
+    std::int32_t withoutPlane = 0; ///< overlay rows that are not planes, not unfolded
 };
 
-/// A sentence on the rows that were left as they were; empty when there are none.
+/// A sentence on the rows that were left unchanged; empty when there are none.
 [[nodiscard]] std::string NoteOnRotation(const RotationReport& report);
 
 /// Rotates all rows of gActivePlot: its columns, and its table. Marks the rows as changed. Draws
-/// nothing. The rows as they were can be had back by UndoRotation.
+/// nothing. UndoRotation restores the rows.
 ///
-/// @param state     RotationState: the operation, negative to lay lines into the unfolded beds
-/// @param settings  the numbers, checked by CheckRotation; their operation plays no part
+/// @param state     RotationState: the operation, negative to put lines into the unfolded beds
+/// @param settings  the numbers, checked by CheckRotation; the operation in them is ignored
 ///
-/// Throws std::bad_alloc; then nothing has changed.
+/// Throws std::bad_alloc, with nothing changed.
 RotationReport RotateData(std::int16_t state, const RotationSettings& settings);
 
-/// The dialog's "Rotate Plot": rotates gActivePlot by the settings and draws it anew. Does nothing
+/// The dialog's "Rotate Plot": rotates gActivePlot by the settings and redraws it. Does nothing
 /// while a long loop runs (gBusy).
 ///
-/// @param[out] report  what was done
+/// @param[out] report  the result
 /// @return the refusal, if there is one: then nothing has changed
 [[nodiscard]] std::optional<RotationRefusal> ApplyRotation(const RotationSettings& settings,
                                                            RotationReport& report);
 
-/// A row of gActivePlot, and where it would stand after a rotation.
+/// A row of gActivePlot, and its position after a rotation.
 struct PreviewedRow {
     std::int32_t row = 0; ///< point index
     Point place;          ///< plot units
 };
 
-/// Where all rows of gActivePlot would stand after a rotation, to the very place that they would
-/// take. Main rows show the set that is shown, overlays what they show; error rows have no place.
-/// Nothing changes in the store. Empty when CheckRotation refuses, or for a rose. O(rows).
+/// The exact positions that all rows of gActivePlot would have after a rotation. Main rows show the
+/// set that is shown, overlays what they show; error rows have no position. Nothing changes in the
+/// store. Empty when CheckRotation refuses, or for a rose. O(rows).
 [[nodiscard]] std::vector<PreviewedRow> PreviewRotation(const RotationSettings& settings);
 
-/// True while the rows of gActivePlot stand as the last rotation left them. O(rows) when this plot
-/// was the last that was rotated.
+/// True while the rows of gActivePlot are as the last rotation left them. O(rows) when this plot
+/// was the last one to be rotated.
 [[nodiscard]] bool CanUndoRotation();
 
-/// Gives the rows of gActivePlot the very values that they had before the last rotation, and draws
-/// them. False when there is nothing to take back.
+/// Restores the exact values that the rows of gActivePlot had before the last rotation, and draws
+/// them. False when there is nothing to undo.
 bool UndoRotation();
 
-/// From now on the last rotation cannot be taken back. Edits of rows that are not kept for undo
-/// call it; one that does not is found out all the same. After those that are kept the rotation can
-/// be taken back once they have been.
+/// Makes the last rotation final. Edits of rows that cannot be undone call it; an edit that does
+/// not is detected all the same. After edits that can be undone, the rotation can be undone once
+/// they have been.
 void ForgetRotation();
 
 } // namespace quandrel

@@ -13,13 +13,13 @@ namespace {
 constexpr double kRightAngle = kPi / 2;
 constexpr double kThreeQuarterTurn = 9.42477796076937 / 2;
 constexpr double kTiltTolerance = 1e-06; // of directions that count as horizontal or vertical
-constexpr double kVerticalAxis = 1e-07;  // an axis as steep as this is vertical
+constexpr double kVerticalAxis = 1e-07;  // an axis this steep is vertical
 
 bool IsAbout(double angle, double other) {
     return std::abs(angle - other) < kTiltTolerance;
 }
 
-// True for a line on the horizontal axis that a tilt towards axisTrend turns about.
+// True for a line on the horizontal axis about which a tilt towards axisTrend rotates.
 bool LiesOnHinge(double plunge, double trend, double axisTrend) {
     return std::abs(plunge) < kTiltTolerance
            && (IsAbout(trend, WrappedAngle(axisTrend + kRightAngle))
@@ -30,7 +30,7 @@ bool LiesOnHinge(double plunge, double trend, double axisTrend) {
 void SettleLine(double down, double& plunge, double& trend) {
     if (std::abs(plunge) < kTiltTolerance) {
         if (plunge < 0) {
-            // What was the upward end now is the end that the trend has to name.
+            // The trend has to name the end that pointed up before.
             trend = WrappedAngle(trend + kPi);
         }
         plunge = 0;
@@ -94,8 +94,8 @@ void RotatePlaneToVertical(double plunge, double trend, double strikeAz, double 
     double tiltedTrend = 0;
     TiltLine(plunge, trend, std::abs(axisPlunge), axisTrend, tiltedPlunge, tiltedTrend);
     const double turnedTrend = WrappedAngle(tiltedTrend + (newAz - strikeAz));
-    // The line that is now at right angles to the pitched one goes to the vertical; it plunges to
-    // the other end of the strike.
+    // The line that is now at right angles to the pitched one becomes vertical; it plunges to the
+    // other end of the strike.
     const double away = pitch < 0 ? WrappedAngle(newAz) : WrappedAngle(newAz - kPi);
     TiltLine(tiltedPlunge, turnedTrend, kRightAngle - std::abs(pitch), away, outPlunge, outTrend);
 }
@@ -107,8 +107,8 @@ void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, d
     if (dip == 0) {
         return;
     }
-    // The line at right angles to the fold axis, above it, goes to the vertical: the axis itself
-    // then is horizontal.
+    // The line at right angles to the fold axis, above it, becomes vertical: the axis itself is
+    // then horizontal.
     const double above = kRightAngle - std::abs(axisPlunge);
     const double aboveTrend = WrappedAngle(axisTrend + kPi);
     double polePlunge = 0;
@@ -118,8 +118,8 @@ void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, d
     TiltLine(outPlunge, outTrend, above, aboveTrend, outPlunge, outTrend);
     TiltLine(outPlunge, outTrend, std::abs(polePlunge), poleTrend, outPlunge, outTrend);
     if (dip < 0) {
-        // The long way ends half a turn about the strike from the short one.
-        // A bed that already lies flat is turned about the strike that it came with.
+        // The long way ends half a turn about the strike from the short one. A bed that is already
+        // horizontal is rotated about its original strike.
         const double across = polePlunge == kRightAngle ? dipDir : poleTrend;
         RotateLineAboutAxis(outPlunge, outTrend, kPi, 0, WrappedAngle(across + kRightAngle),
                             outPlunge, outTrend);
@@ -149,7 +149,8 @@ void RotationBetweenPlanes(double dip1, double dipDir1, double dip2, double dipD
     }
     angle = ArcSin(length);
     if (axis.n < 0) {
-        // Axes are read as pointing down; from there the same turn goes the other way.
+        // Axes are read as pointing down; for the opposite end the same rotation has the opposite
+        // sign.
         axis = {-axis.l, -axis.m, -axis.n};
         angle = -angle;
     }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kSenseStep = 45;
 
-/// The azimuth of a position in steps of whole degrees, 0 to 359.
+/// The azimuth of a position, rounded to a step of whole degrees, 0 to 359.
 int AzimuthInSteps(double x, double y, int step) {
     const double degrees = RadToDeg(AzimuthBetweenPoints(0, 0, x, y));
     return static_cast<int>(RoundToEven(degrees / step)) * step % 360;
@@ -43,7 +43,7 @@ RotationPick PickedOrientation(int plotKind, double x, double y, int operation) 
     if (operation == kPlaneToVertical) {
         PoleOfPlane(inclination, azimuth, inclination, azimuth);
     }
-    // A position read back may come out a hair short of a full turn.
+    // Rounding may put a position that was read back just below a full turn.
     const long degrees = RoundToEvenLong(RadToDeg(azimuth)) % 360;
     RotationPick pick;
     pick.inclination = RadToDegText(inclination);
@@ -61,7 +61,7 @@ RotationPick PickedStrike(double x, double y, PickStep step) {
 }
 
 RotationPick PickedSense(double x, double y) {
-    constexpr int kNamesOfSense = 2; // of the sixteen names, every second is a sense
+    constexpr int kNamesOfSense = 2; // of the sixteen names, every second one is a sense
     RotationPick pick;
     pick.sense = SectorName(AzimuthInSteps(x, y, kSenseStep) / kSenseStep * kNamesOfSense);
     pick.information = "Sense: " + *pick.sense;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The boxes of the rotation dialog filled from a point on the net.
+// Filling the boxes of the rotation dialog from a point on the net.
 
 #pragma once
 
@@ -15,18 +15,18 @@ namespace quandrel {
 /// The box that a press on the net fills.
 enum RotationFocus : std::int16_t {
     kNoRotationFocus = 0,  ///< the dialog is closed
-    kOrientationFocus = 1, ///< the pair of boxes with the axis, plane or line
+    kOrientationFocus = 1, ///< the pair of boxes for the axis, plane or line
     kSenseFocus = 2,       ///< txtRotAngleSense
     kNewStrikeFocus = 3,   ///< txtRotAngle(2) of kPlaneToVertical
 };
 
-/// Where the focus of the dialog stands, a RotationFocus.
+/// The focus of the dialog, a RotationFocus.
 extern std::int16_t gRotFocusBox;
 
-/// How finely a new strike is read off the net.
+/// The precision with which a new strike is taken from the net.
 enum class PickStep { TenDegrees, FiveDegrees, Exact };
 
-/// The step that goes with the keys held down: Shift five degrees, Ctrl the exact degree, none ten.
+/// The step for the keys that are held: Shift five degrees, Ctrl the exact degree, none ten.
 [[nodiscard]] PickStep PickStepOf(bool shift, bool ctrl);
 
 /// What a press on the net puts into the boxes, as texts of whole degrees.
@@ -38,15 +38,14 @@ struct RotationPick {
     std::string information;                ///< for the information line while the pointer moves
 };
 
-/// What the boxes take from a position on the net: the line under it, for kPlaneToVertical the
-/// plane whose pole lies there; for a new strike the azimuth of the position, for a sense the
-/// nearest of the eight compass names.
+/// What the boxes take from a position on the net: the line there; for kPlaneToVertical the plane
+/// whose pole is there; for a new strike the azimuth of the position; for a sense the nearest of
+/// the eight compass names.
 ///
 /// @param plotKind   projection of the net, a PlotKindCode
 /// @param x,y        plot units
 /// @param operation  RotationOperation
-/// @param focus      RotationFocus; a box that the operation has no use for counts as the
-///                   orientation
+/// @param focus      RotationFocus; a box that the operation does not use counts as the orientation
 /// @return nothing outside the net, for an operation without boxes, for a rose, for an azimuth at
 ///         the centre of the net, or while the dialog is closed
 [[nodiscard]] std::optional<RotationPick>

@@ -40,7 +40,7 @@ constexpr std::array<RotationOption, kRotationOptions> kOptions = {{
      "Enter plunge and azimuth of line to rotate to the vertical."},
 }};
 
-// Cosines of angles given in degrees miss zero by rounding; at this size they mean it.
+// Cosines of angles given in degrees miss zero by rounding; below this size they count as zero.
 constexpr double kRounding = 1e-9;
 
 constexpr const char* kNoPlanes =
@@ -72,8 +72,8 @@ struct Bounds {
     const char* reason;
 };
 
-/// How near the end in use of the strike lies to the sense: positive for that end, negative for
-/// the other one, 0 at right angles. The sense must be one.
+/// How close the end of the strike in use is to the sense: positive for that end, negative for the
+/// other one, 0 at right angles. The sense must be valid.
 double NearnessOfSense(const RotationSettings& settings) {
     const double strike = NearerStrike(*settings.azimuth, *settings.angle);
     const double nearness = std::cos(DegToRad(*CompassDegrees(settings.sense) - strike));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// The rotation dialog without its window: its options and their texts, what its boxes may hold, and
-// which options a plot can use.
+// The rotation dialog without its window: its options and their texts, the valid values of its
+// boxes, and which options a plot can use.
 //
-// Numbers of boxes are degrees.
+// Numbers in boxes are degrees.
 
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace quandrel {
 
-/// What is done to the rows: |RotationState| of a plot. One more than the option's index.
+/// The operation on the rows: |RotationState| of a plot. One more than the option's index.
 enum RotationOperation : std::int16_t {
     kUnfoldAboutAppended = 1, ///< each row about its own appended line
     kUnfoldAboutSelected = 2, ///< all rows about one fold axis
@@ -37,21 +37,21 @@ struct RotationOption {
     const char* firstLabel;   ///< of txtRotAngle(0)
     const char* secondLabel;  ///< of txtRotAngle(1)
     const char* angleHeading; ///< of the frame with txtRotAngle(2)
-    const char* angleLabel;   ///< behind it
+    const char* angleLabel;   ///< after it
     const char* pitchHeading; ///< of the frame with txtRotAngle(3) and txtRotAngleSense
     const char* help;
 };
 
-/// The texts of an operation. An operation that is none has those of kRotateAboutAxis.
+/// The texts of an operation. An invalid operation gets those of kRotateAboutAxis.
 [[nodiscard]] const RotationOption& OptionOfRotation(int operation);
 
-/// What the boxes of the dialog hold: txtRotAngle and txtRotAngleSense.
+/// The contents of the boxes of the dialog: txtRotAngle and txtRotAngleSense.
 struct RotationBoxes {
     std::array<std::string, 4> angles;
     std::string sense;
 };
 
-/// A rotation as the user wants it. Numbers that the operation has no use for may be anything.
+/// A rotation as the user wants it. Numbers that the operation does not use may have any value.
 struct RotationSettings {
     int operation = kRotateAboutAxis;  ///< RotationOperation
     std::optional<double> inclination; ///< plunge of the axis or line, dip of the plane: 0 to 90
@@ -62,23 +62,23 @@ struct RotationSettings {
     bool forceIntoBeds = false;        ///< of operations that unfold: lines come to plunge 0
 };
 
-/// The settings of boxes that are filled in with the regional decimal delimiter. A box that holds
-/// no number gives none.
+/// The settings of boxes that are filled in with the regional decimal delimiter. A box without a
+/// number gives no value.
 [[nodiscard]] RotationSettings SettingsOfRotationBoxes(int operation, const RotationBoxes& boxes,
                                                        bool forceIntoBeds);
 
 /// RotationState of settings: the operation, negative for one that forces lines into the beds.
 [[nodiscard]] std::int16_t RotationStateOf(const RotationSettings& settings);
 
-/// The end of a plane's strike that lies nearer to an azimuth, degrees 0 to 360; at equal
-/// distances the one with the dip to its right.
+/// The end of a plane's strike that is nearer to an azimuth, degrees 0 to 360; at equal distances
+/// the end with the dip to its right.
 [[nodiscard]] double NearerStrike(double dipDirection, double newStrike);
 
-/// The pitch of settings that were checked, degrees from NearerStrike: negative when the line
-/// plunges to the other end. Of kPlaneToVertical alone.
+/// The pitch of checked settings, degrees from NearerStrike: negative when the line plunges to the
+/// other end. Only for kPlaneToVertical.
 [[nodiscard]] double PitchFromStrike(const RotationSettings& settings);
 
-/// What a refusal is about.
+/// The subject of a refusal.
 enum class RotationField {
     Operation,
     Inclination,
@@ -94,10 +94,10 @@ struct RotationRefusal {
     std::string reason; ///< a sentence
 };
 
-/// The first box in use that does not hold what it must. Asks no plot.
+/// The first used box whose value is invalid. Independent of any plot.
 [[nodiscard]] std::optional<RotationRefusal> CheckRotationBoxes(const RotationSettings& settings);
 
-/// Why the rows of gActivePlot cannot be unfolded, as the dialog tells when one of the first two
+/// Why the rows of gActivePlot cannot be unfolded, as the dialog reports when one of the first two
 /// options is chosen; nothing when they can.
 [[nodiscard]] std::optional<std::string> RefusalToUnfold();
 
@@ -105,7 +105,7 @@ struct RotationRefusal {
 /// lines.
 [[nodiscard]] bool IsRotationOffered(int operation);
 
-/// CheckRotationBoxes, and what gActivePlot has to say.
+/// CheckRotationBoxes, followed by the conditions of gActivePlot.
 [[nodiscard]] std::optional<RotationRefusal> CheckRotation(const RotationSettings& settings);
 
 /// The caption of the dialog for gActivePlot.

@@ -31,7 +31,7 @@ std::span<const std::int32_t> CellsInUse(const DataColumn<std::int32_t>& column,
 }
 
 void MixCells(std::span<const std::int32_t> cells, std::uint64_t& mix) {
-    // The prime and the start value of the FNV hash of 64 bits, a cell instead of a byte at a time.
+    // The prime and the start value of the 64-bit FNV hash, applied to cells instead of bytes.
     constexpr std::uint64_t kPrime = 1099511628211U;
     mix = (mix ^ cells.size()) * kPrime;
     for (const std::int32_t cell : cells) {
@@ -40,7 +40,7 @@ void MixCells(std::span<const std::int32_t> cells, std::uint64_t& mix) {
     }
 }
 
-/// A number that another state of the columns has not.
+/// A 64-bit hash of the columns that a rotation changes.
 std::uint64_t FingerprintOf(int slot) {
     std::uint64_t mix = 14695981039346656037U;
     for (const DataColumn<std::int32_t>* column : OrientationColumns()) {
@@ -56,7 +56,7 @@ void WriteBack(const std::vector<std::int32_t>& cells, const DataColumn<std::int
     }
 }
 
-/// Gives a row its former style, unless it has got another one since.
+/// Restores a row's previous style, unless its style has changed since.
 void WriteBack(const SymbolChange& change, int slot) {
     SymbolCode& drawn = gDataSymbol.At(slot, change.row);
     SymbolCode& base = gDataSymbolBase.At(slot, change.row);
@@ -112,7 +112,7 @@ bool UndoRotation() {
         WriteBack(change, memory.slot);
     }
     record.RotationState = memory.rotationState;
-    // Rows that were saved since differ from their file again, and other changes are still there.
+    // Rows that were saved since differ from their file again, and other changes remain.
     record.Modified = record.Modified == kModifiedByRotation ? memory.modified : kTrue;
     RebuildRowTable(gActivePlot);
     ReplotActivePlot(true);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The rows as they were before the last rotation. CanUndoRotation, UndoRotation and ForgetRotation
-// of rotate_data.h work on what is kept here.
+// of rotate_data.h work on this data.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// A row that took the style of its new sense.
+/// A row that got the style of its new sense.
 struct SymbolChange {
     std::int32_t row = 0;
     SymbolCode formerDrawn = 0; ///< of gDataSymbol
@@ -22,31 +22,31 @@ struct SymbolChange {
     SymbolCode base = 0;
 };
 
-/// PlotRecord::Modified while nothing has changed the plot since a rotation: taking that back makes
-/// it what it was. Every other change writes kTrue.
+/// PlotRecord::Modified while nothing but a rotation has changed the plot: undoing it restores the
+/// previous value. Every other change writes kTrue.
 inline constexpr std::int16_t kModifiedByRotation = 2;
 
-/// The columns of a plot that a rotation changes, as they were, cell for cell from row 0.
+/// The columns of a plot that a rotation changes, as they were before it, cell for cell from row 0.
 struct RotationMemory {
     int slot = 0;
     std::int16_t rotationState = 0;
     std::int16_t modified = 0;                           ///< PlotRecord::Modified
     std::vector<std::vector<std::int32_t>> orientations; ///< in the order of the columns
     std::vector<SymbolChange> symbols;
-    std::uint64_t fingerprint = 0; ///< of the columns as the rotation left them
+    std::uint64_t fingerprint = 0; ///< hash of the columns after the rotation
 };
 
-/// The columns of a plot as they stand. Throws std::bad_alloc.
+/// The present columns of a plot. Throws std::bad_alloc.
 [[nodiscard]] RotationMemory RememberRows(int slot);
 
 /// Keeps the rows of gActivePlot as they were before the rotation that was just made.
 void KeepForUndo(RotationMemory memory);
 
-/// What is kept for the last rotation, when it was one of this plot; from now on that cannot be
-/// taken back, until OfferRotation.
+/// Takes what is kept for the last rotation, if it was one of this plot. The rotation cannot be
+/// undone from then on, until OfferRotation.
 [[nodiscard]] std::optional<RotationMemory> TakeRotation(int slot);
 
-/// A rotation can be taken back again: its plot is as it left it.
+/// Makes a rotation undoable again: its plot is as the rotation left it.
 void OfferRotation(RotationMemory memory);
 
 } // namespace quandrel

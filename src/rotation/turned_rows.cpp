@@ -35,7 +35,7 @@ Line PoleOf(ShownOrientation plane) {
 }
 
 Line OppositeOf(Line line) {
-    // A horizontal line has no sign to turn: its trend names the end.
+    // The sign of a horizontal line cannot be changed: its trend names the end.
     return line.plunge == 0 ? Line{0, WrappedAngle(line.trend + kPi)}
                             : Line{-line.plunge, line.trend};
 }
@@ -85,7 +85,7 @@ ShownOrientation RoundedPlane(Line pole, ShownOrientation former) {
     return isSame ? former : rounded;
 }
 
-/// A line through a rotation that does not unfold.
+/// Applies a rotation that does not unfold to a line.
 Line Turned(const Rotation& rotation, Line line) {
     Line turned;
     switch (rotation.operation) {
@@ -106,7 +106,7 @@ Line Turned(const Rotation& rotation, Line line) {
     return turned;
 }
 
-/// How the rows of a set are read.
+/// How the rows of a set are interpreted.
 struct SetRule {
     bool isPlane = false;
     EndsOfLine sense = EndsOfLine::None;
@@ -117,7 +117,7 @@ ShownOrientation TurnedOrientation(const Rotation& rotation, SetRule rule, Shown
                         : RoundedLine(Turned(rotation, LineOf(row)), rule.sense, row);
 }
 
-/// The slip line of a fault: of the other block when the fault is turned over.
+/// The slip line of a fault: that of the other block when the fault is turned over.
 ShownOrientation TurnedSlip(const Rotation& rotation, ShownOrientation fault,
                             ShownOrientation slip) {
     const Line line = Turned(rotation, LineOf(slip));
@@ -173,7 +173,7 @@ bool HasKinematicAxes(int slot) {
     return false;
 }
 
-/// Turns the rows of one plot.
+/// Rotates the rows of one plot.
 class RowTurner {
 public:
     RowTurner(int slot, const Rotation& rotation)
@@ -202,7 +202,7 @@ private:
 
     static bool IsError(Rows& rows, std::int32_t row) { return At(rows, row).dip == kErrorRow; }
 
-    /// True for a row that stays as it is.
+    /// True for a row that stays unchanged.
     [[nodiscard]] bool IsNoRow(std::int32_t row) const { return DipOfRow(slot_, row) == kErrorRow; }
 
     [[nodiscard]] Rows Copied(const DataColumn<std::int32_t>& dips,
@@ -327,7 +327,7 @@ private:
     const PlotRecord& record_;
     SetRule primary_;
     SetRule secondary_;
-    bool hasAxes_; ///< the lines tell of slip: a fault that turns over keeps its movement
+    bool hasAxes_; ///< the lines state slip: a fault that turns over keeps its movement
     EndsOfLine appendedSense_ = EndsOfLine::None;
     TurnedRows rows_;
 };
