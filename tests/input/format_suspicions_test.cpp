@@ -113,8 +113,8 @@ TEST_F(FormatSuspicionsTest, DoubtsPlungesOfEverySet) {
     EXPECT_EQ(Reasons(choice, {"45 120 95 100 10 200"}),
               Lines{"Column 3 is the 2nd plunge, but holds \"95\" in line 1, above 90."});
     EXPECT_EQ(Reasons(choice, {"45 120 -95 10 -10 200"}),
-              (Lines{"Column 3 is the 2nd plunge, but holds \"-95\" in line 1, above 90; is it "
-                     "exchanged with the 2nd trend?"}));
+              (Lines{"Column 3 is the 2nd plunge, but holds \"-95\" in line 1, above 90; has it "
+                     "been swapped with the 2nd trend?"}));
     EXPECT_EQ(Reasons(choice, {"45 120 10 200 270 110"}),
               Lines{"Column 5 is the axis plunge, but holds \"270\" in line 1, above 90."});
 }
