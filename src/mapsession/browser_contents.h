@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a browser window and an info window of the map session show.
+// The contents of a browser window and of an info window of the map session.
 
 #pragma once
 
@@ -15,16 +15,16 @@
 
 namespace quandrel {
 
-/// A browser's rows and columns, numbered from 1, as they are at each call. The window and its
-/// table need not exist any more; there are no rows then.
+/// A browser's rows and columns, numbered from 1, as they are at each call. When the window or its
+/// table no longer exists, there are no rows.
 class BrowserContents {
 public:
-    /// @param state  outlives the contents
+    /// @param state  must outlive the contents
     BrowserContents(const SessionState& state, std::int64_t window)
         : state_(state)
         , window_(window) {}
 
-    /// The name of the table, empty for none.
+    /// The name of the table; empty when there is none.
     [[nodiscard]] std::string_view TableName() const;
     [[nodiscard]] int ColumnCount() const;
     [[nodiscard]] int RowCount() const;
@@ -32,8 +32,8 @@ public:
     /// @param column  1 to ColumnCount()
     [[nodiscard]] const SessionColumn& Column(int column) const;
 
-    /// The number of a row in the table that it comes from, which is another one in a browser of
-    /// the selection.
+    /// The number of a row in the table that it comes from, which differs in a browser of the
+    /// selection.
     /// @param row  1 to RowCount()
     [[nodiscard]] int TableRow(int row) const;
 

@@ -24,13 +24,13 @@ bool IsSelectTool(int tool) {
     return tool == kToolSelector || tool == kToolMarquee || tool == kToolRadius;
 }
 
-/// A drag shorter than the tolerance of a click is one.
+/// True for a drag shorter than the click tolerance.
 bool IsClick(const SessionWindow& window, MapPoint from, MapPoint to) {
     return std::hypot(to.x - from.x, to.y - from.y)
            <= kClickTolerance * window.view.UnitsPerPixel();
 }
 
-/// What was done where, without the tool.
+/// The message about a drag, without the tool.
 std::string DragMessage(MapPoint from, MapPoint to, SessionKeys keys) {
     std::string message = "MI:" + SessionNumberText(from.x) + "," + SessionNumberText(from.y);
     message += keys.shift ? ",T" : ",F";
@@ -38,7 +38,7 @@ std::string DragMessage(MapPoint from, MapPoint to, SessionKeys keys) {
     return message + SessionNumberText(to.x) + "," + SessionNumberText(to.y);
 }
 
-/// The objects of the first one's table: one selection has one table.
+/// The objects in the first object's table: a selection has one table.
 SelectedRows RowsOfFirstTable(const std::vector<SessionObject>& objects) {
     SelectedRows rows;
     for (const SessionObject& object : objects) {
@@ -52,7 +52,7 @@ SelectedRows RowsOfFirstTable(const std::vector<SessionObject>& objects) {
     return rows;
 }
 
-/// The object whose shape is nearest to a point; of several the one that is drawn last.
+/// The object whose shape is nearest to a point; of several, the one drawn last.
 std::vector<SessionObject> NearestOf(const SelectedRows& rows, MapPoint point,
                                      const SessionState& state) {
     std::vector<SessionObject> nearest;
@@ -130,7 +130,7 @@ bool EmbeddedMapSession::UnitesSelects() const {
 
 MapReply EmbeddedMapSession::Reply(const SessionVerdict& verdict) {
     Tell();
-    // After the telling, which may lead to further calls.
+    // After the report, which may cause further calls.
     lastErrorCode_ = verdict ? 0 : verdict.Error().code;
     return verdict ? MapReply{} : MapReply{MapReplyKind::Refused, verdict.Error().text};
 }
@@ -408,7 +408,7 @@ void EmbeddedMapSession::SayStatus(const std::string& text) {
 }
 
 void EmbeddedMapSession::Tell() {
-    // What is told may lead to further statements: these have changes of their own to tell.
+    // A report may cause further statements, which have changes of their own.
     const SessionChanges told = std::exchange(changes_, {});
     if (host_) {
         for (const std::int64_t id : told.opened) {

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The map session that the program brings along: tables from files, maps and browsers of them, one
-// selection.
+// The program's own map session: tables from files, maps and browsers of them, one selection.
 //
-// It understands the statements and expressions that platform/map_session.h lists and   Open Table
-// "path" and refuses everything else. How its windows look on the screen is the matter of a
-// SessionHost: it shows a window for each SessionWindow, paints maps by map_drawing.h and browsers
-// by browser_contents.h, and passes on what the mouse does.
+// It accepts the statements and expressions listed in platform/map_session.h and Open Table "path",
+// and refuses everything else. A SessionHost provides its windows on the screen: it shows a window
+// for each SessionWindow, paints maps by map_drawing.h and browsers by browser_contents.h, and
+// passes mouse events on.
 //
-// This is the chief header of the folder. Enters: statements and expressions as text, tables from
-// the plug-in in mapsession/gdal, clicks of the mouse. Leaves: answers as text, windows and their
-// drawings for a host, and calls back when the selection changes. It knows nothing of plots.
+// This is the chief header of the folder. Input: statements and expressions as text, tables from
+// the plug-in in mapsession/gdal, clicks of the mouse. Output: answers as text, windows and their
+// drawings for a host, and callbacks when the selection changes. It knows nothing of plots.
 
 #pragma once
 
@@ -48,25 +47,25 @@ class SessionHost {
 public:
     virtual ~SessionHost() = default;
 
-    /// A session shows its windows here from now on. It tells of its own end.
+    /// Makes this the screen of a session, which reports its own end.
     virtual void SessionStarted(EmbeddedMapSession& session) = 0;
 
-    /// The session goes, its windows with it.
+    /// The session ends, and its windows with it.
     virtual void SessionEnded() = 0;
 
-    /// A window is to be shown, in the window of its parent's handle if that is not 0.
+    /// Shows a window, within the window of its parent's handle if that is not 0.
     virtual void ShowWindow(const SessionWindow& window) = 0;
 
-    /// A window has been closed, by a statement or by its user; its SessionWindow is gone.
+    /// Removes a window that was closed by a statement or by its user; its SessionWindow is gone.
     virtual void DropWindow(std::int64_t id) = 0;
 
-    /// All windows are to be painted anew: the selection, a view or a layer has changed.
+    /// Repaints all windows: the selection, a view or a layer has changed.
     virtual void RefreshWindows() = 0;
 
     /// A tool was chosen: a SessionCommand or the id of a custom tool.
     virtual void ChooseTool(int tool) = 0;
 
-    /// Asks the user for a file with tables. UTF-8, empty when there is to be none.
+    /// Asks the user for a file with tables. UTF-8, empty when the user cancels.
     [[nodiscard]] virtual std::string AskForTable() = 0;
 
     /// Lets the user change which layers of a map are visible and selectable.
@@ -82,7 +81,7 @@ struct SessionKeys {
 class EmbeddedMapSession : public MapSession {
 public:
     /// @param source  not nullptr
-    /// @param host    outlives the session; nullptr for a session without a screen
+    /// @param host    must outlive the session; nullptr for a session without a screen
     EmbeddedMapSession(std::shared_ptr<TableSource> source, SessionHost* host);
     ~EmbeddedMapSession() override;
 
@@ -100,30 +99,31 @@ public:
 
     [[nodiscard]] const SessionState& State() const { return state_; }
 
-    /// The current tool was dragged from one point of a map to another one, or clicked on one.
+    /// Uses the current tool: it was dragged from one point of a map to another, or clicked on one
+    /// point.
     ///
-    /// The selector takes the nearest object at a click, of the topmost layer that has any, the
-    /// marquee and the radius tool the objects of the topmost layer that has any there; with the
-    /// shift key these come to the selection, else they replace it. Zooming in fits the dragged box
-    /// or doubles the scale about a click, zooming out halves it, the grabber moves the map. A
-    /// change of the selection and a custom tool are told to the callback, the former without the
-    /// id of a tool.
+    /// On a click the selector takes the nearest object of the topmost layer that has one there.
+    /// The marquee and the radius tool take the objects of the topmost layer that has any there.
+    /// With the shift key these are added to the selection, otherwise they replace it. Zooming in
+    /// fits the dragged box, or doubles the scale about a click; zooming out halves it; the grabber
+    /// moves the map. A change of the selection and a custom tool are reported to the callback, the
+    /// former without a tool id.
     void UseTool(std::int64_t window, MapPoint from, MapPoint to, SessionKeys keys);
 
-    /// Rows of a browser were chosen by its user; told as UseTool tells it. Those of a browser of
-    /// the selection are selected as it is.
+    /// Selects rows of a browser that its user chose; reported as by UseTool. Does nothing in a
+    /// browser of the selection, whose rows are selected already.
     void SelectInBrowser(std::int64_t window, const std::vector<int>& rows);
 
-    /// A window has another size, in logical pixels.
+    /// Sets the size of a window, in logical pixels.
     void ResizeWindow(std::int64_t window, double widthPixels, double heightPixels);
 
-    /// Shows a map larger by the factor, a point of it staying where it is, as a wheel does.
+    /// Enlarges a map by the factor about a fixed point, as a mouse wheel does.
     void ZoomAt(std::int64_t window, MapPoint fixed, double factor);
 
-    /// A window came to the front.
+    /// Called when a window has come to the front.
     void ActivateWindow(std::int64_t window);
 
-    /// A window was closed by the user.
+    /// Called when a window has been closed by the user.
     void WindowClosedByUser(std::int64_t window);
 
 private:
@@ -148,10 +148,10 @@ private:
     SessionHost* host_;
     MapCallback* callback_ = nullptr;
     SessionState state_;
-    SessionChanges changes_; ///< of the statement or command that is being carried out
+    SessionChanges changes_; ///< of the statement or command in progress
     int lastErrorCode_ = 0;
     bool selectsOpen_ = false;            ///< between BeginSelects and EndSelects
-    std::optional<SelectedRows> pending_; ///< what the Selects of the bracket have brought so far
+    std::optional<SelectedRows> pending_; ///< rows of the Selects since BeginSelects
 };
 
 } // namespace quandrel

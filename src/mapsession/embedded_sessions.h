@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Starting the map session that the program brings along.
+// Starting the program's own map session.
 
 #pragma once
 
@@ -12,13 +12,14 @@
 
 namespace quandrel {
 
-/// Sessions of our own. There is never a running one to be found; a new one can be had when the
-/// library with the readers of files is there. It is loaded with the first session and stays.
+/// The program's own sessions. No running session is ever found. A new one is available when the
+/// library with the file readers is installed; it is loaded with the first session and stays
+/// loaded.
 class EmbeddedMapSessions : public MapSessions {
 public:
-    /// @param programFolder  where the program's file stands
-    /// @param host           the screen of the sessions, of which one is there at a time; outlives
-    ///                       them. nullptr for none
+    /// @param programFolder  folder of the program's file
+    /// @param host           the screen of the sessions, of which one exists at a time; must
+    ///                       outlive them. nullptr for none
     EmbeddedMapSessions(std::filesystem::path programFolder, SessionHost* host);
 
     [[nodiscard]] std::unique_ptr<MapSession> FindRunning() override;

@@ -10,7 +10,7 @@ constexpr int kDeepestCall = 20;
 
 std::optional<SessionExpression> ReadExpression(SessionTokenReader& reader, int depth);
 
-/// The arguments between parentheses, of which the opening one has been taken.
+/// The arguments between parentheses, after the opening one.
 std::optional<std::vector<SessionExpression>> ReadArguments(SessionTokenReader& reader, int depth) {
     std::vector<SessionExpression> arguments;
     if (reader.TakeSymbol(')')) {
@@ -29,7 +29,7 @@ std::optional<std::vector<SessionExpression>> ReadArguments(SessionTokenReader& 
     return arguments;
 }
 
-/// What may stand behind a name: the arguments of a call, ".Col(n)" or ".RowID".
+/// Optional parts after a name: the arguments of a call, ".Col(n)" or ".RowID".
 std::optional<SessionExpression> ReadNamed(SessionTokenReader& reader, std::string name,
                                            int depth) {
     SessionExpression expression{SessionExpression::Kind::Name, 0, std::move(name), {}};

@@ -19,7 +19,7 @@ constexpr double kSelectedRadius = 4.5;
 constexpr double kLineWidth = 1.2;
 constexpr double kSelectedWidth = 2.5;
 
-/// How much more than the window is drawn, in pixels: ends of lines and halves of points.
+/// Margin around the window that is also drawn, in pixels: for line ends and parts of points.
 constexpr double kMargin = 16;
 
 constexpr std::array<Colour, 6> kLayerColours = {
@@ -34,7 +34,7 @@ Glyph PointGlyph(const char* name, double radius) {
     return {name, {disc}};
 }
 
-/// How objects are drawn: those of one layer, or the selected ones.
+/// Drawing attributes of the objects of one layer, or of the selected ones.
 struct Pen {
     Glyph glyph;
     Colour colour;
@@ -42,8 +42,8 @@ struct Pen {
     FillStyle fill = kNoFill;
 };
 
-/// Draws rows of one table. Points wait until FlushPoints, so that they come above lines and areas
-/// and in one call.
+/// Draws rows of one table. Points wait until FlushPoints, so that they are drawn above lines and
+/// areas in one call.
 class RowPainter {
 public:
     RowPainter(const MapView& view, const Pen& pen, Surface& surface)
@@ -71,14 +71,14 @@ public:
 
     void FlushPoints() {
         if (!points_.empty()) {
-            surface_.SetState({}); // the pen's width is that of lines
+            surface_.SetState({}); // the pen's width is for lines
             surface_.Markers(pen_.glyph, pen_.colour, points_);
         }
         points_.clear();
     }
 
 private:
-    /// Pixels, up being positive as the surface has it.
+    /// Pixels; up is positive, as on the surface.
     [[nodiscard]] Point At(MapPoint map) const {
         const MapPoint pixels = view_.ToPixels(map);
         return {pixels.x, -pixels.y};
@@ -92,8 +92,8 @@ private:
         }
     }
 
-    /// Fills all rings as one shape, so that holes stay open: from each ring the outline runs to
-    /// the first one's beginning and back, along lines that cancel out under the even-odd rule.
+    /// Fills all rings as one shape, so that holes stay open: the outline runs from each ring to
+    /// the start of the first one and back, along lines that cancel out under the even-odd rule.
     void FillRings(const MapShape& shape) {
         std::vector<Point> outline;
         for (const MapShapePart& part : shape) {
@@ -166,7 +166,7 @@ void UsePen(const Pen& pen, Surface& surface) {
     surface.SetState(state);
 }
 
-/// Draws the rows of a layer but for the selected ones, which come later.
+/// Draws the rows of a layer except the selected ones, which are drawn later.
 void DrawLayer(const SessionState& state, const SessionRows& rows, const MapView& view,
                const Pen& pen, Surface& surface) {
     UsePen(pen, surface);

@@ -8,12 +8,12 @@
 namespace quandrel {
 namespace {
 
-/// The part of the window that a fitted box may take.
+/// The part of the window that a fitted box takes up at most.
 constexpr double kFilledShare = 0.9;
 
 constexpr double kLargestUnitsPerPixel = 1e12;
 
-/// The finest scale at a place: a pixel is still many steps of a double there.
+/// The finest scale at a position: a pixel is still many steps of a double there.
 double SmallestUnitsPerPixel(MapPoint middle) {
     return std::max(1e-12, 1e-12 * std::max(std::abs(middle.x), std::abs(middle.y)));
 }

@@ -8,23 +8,23 @@
 
 namespace quandrel {
 
-/// Where the map stands in a window. Pixels are logical ones, from the window's top left corner,
-/// down and to the right; both directions of the map have one scale.
+/// The position of the map in a window. Pixels are logical, measured right and down from the
+/// window's top left corner; both directions of the map have the same scale.
 class MapView {
 public:
-    /// A window of another size, at least 1 each way. A map that has been fitted and left alone
-    /// since is fitted again; else its middle and its scale stay.
+    /// Sets the size of the window, at least 1 each way. A map that is unchanged since it was
+    /// fitted is fitted again; otherwise its centre and its scale stay.
     void Resize(double widthPixels, double heightPixels);
 
-    /// Shows a box as large as the window lets it, with a margin. A box without width and height
-    /// comes to the middle, the scale stays. An empty box changes nothing.
+    /// Shows a box as large as possible, with a margin. A box of width and height 0 is centred at
+    /// the present scale. An empty box changes nothing.
     void FitTo(const MapBox& box);
 
-    /// Brings a point to the middle and shows the map larger by the factor. Factors below 1 make it
-    /// smaller; what is not above 0 counts as 1. The scale stays within what coordinates can tell.
+    /// Centres a point and enlarges the map by the factor. Factors below 1 reduce it; a factor that
+    /// is not above 0 counts as 1. The scale stays within the precision of coordinates.
     void ZoomAbout(MapPoint middle, double factor);
 
-    /// Brings the one point to where the other one is.
+    /// Moves the map so that the first point is where the second one was.
     void Pan(MapPoint grabbed, MapPoint to);
 
     [[nodiscard]] double WidthPixels() const { return width_; }
@@ -36,7 +36,7 @@ public:
     /// Length of a pixel in map units, above 0.
     [[nodiscard]] double UnitsPerPixel() const { return unitsPerPixel_; }
 
-    /// What the window shows.
+    /// The part of the map that the window shows.
     [[nodiscard]] MapBox Box() const;
 
     [[nodiscard]] MapPoint ToPixels(MapPoint map) const {
@@ -54,7 +54,7 @@ private:
     double height_ = 480;
     MapPoint middle_;
     double unitsPerPixel_ = 1;
-    MapBox fitted_; ///< what the view was fitted to, empty when it has been changed since
+    MapBox fitted_; ///< the box that the view was fitted to; empty when it has changed since
 };
 
 } // namespace quandrel

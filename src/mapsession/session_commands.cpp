@@ -38,7 +38,7 @@ std::int64_t AddWindow(SessionWindow window, SessionState& state, SessionChanges
     return state.lastWindowId;
 }
 
-/// The map or browser that comes to the front when another one is closed.
+/// The map or browser that comes to the front when another is closed.
 std::int64_t NextInFront(const SessionState& state) {
     const auto next =
         std::find_if(state.windows.rbegin(), state.windows.rend(),
@@ -46,7 +46,7 @@ std::int64_t NextInFront(const SessionState& state) {
     return next == state.windows.rend() ? 0 : (*next)->id;
 }
 
-/// Takes a table out of a window. True when nothing is left to show.
+/// Removes a table from a window. True when the window has nothing left to show.
 bool DropLayer(SessionWindow& window, const std::string& table, SessionChanges& changes) {
     const auto dropped = std::erase_if(
         window.layers, [&](const SessionLayer& layer) { return EqualNames(layer.table, table); });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How the map session tells what it could not do: a number that is never 0, and a text.
+// Errors of the map session: a number that is never 0, and a text.
 
 #pragma once
 
@@ -11,13 +11,13 @@
 namespace quandrel {
 
 enum SessionErrorCode : int {
-    kSessionSyntaxError = 1,   ///< no statement or expression that is known here
+    kSessionSyntaxError = 1,   ///< not a statement or expression known here
     kSessionNoSuchTable = 2,   ///< no open table of this name or number
     kSessionNoSuchColumn = 3,  ///< the table has no such column
     kSessionNoSuchRow = 4,     ///< no such row, or none has been fetched
     kSessionNoSuchWindow = 5,  ///< no such window, or one of another kind
     kSessionNoSuchItem = 6,    ///< no such layer, found object, attribute or command
-    kSessionWrongArgument = 7, ///< a text where a number belongs, or the other way round
+    kSessionWrongArgument = 7, ///< a text where a number is required, or the reverse
     kSessionFileError = 8,     ///< a file that could not be opened as a table
 };
 
@@ -26,7 +26,7 @@ struct SessionError {
     std::string text;
 };
 
-/// A value, or why there is none.
+/// A value, or the reason for having none.
 template <class T>
 class [[nodiscard]] SessionResult {
 public:
@@ -52,7 +52,7 @@ private:
     std::variant<T, SessionError> held_;
 };
 
-/// The outcome of a step that yields nothing but success.
+/// The outcome of a step without a value.
 using SessionVerdict = SessionResult<std::monostate>;
 
 inline SessionVerdict SessionDone() {

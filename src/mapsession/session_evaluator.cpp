@@ -18,7 +18,7 @@
 namespace quandrel {
 namespace {
 
-/// A value while it is worked out. A name that is no call stands for itself, as a text.
+/// A value during evaluation. A name that is not a call evaluates to itself, as a text.
 using Value = std::variant<double, std::string>;
 using Values = std::span<const Value>;
 using Outcome = SessionResult<Value>;
@@ -36,16 +36,16 @@ std::optional<std::int64_t> WholeNumber(const Value& value) {
     return static_cast<std::int64_t>(*number);
 }
 
-/// The number after the table, layer or window that an information function asks for, -1 for none.
+/// The number after the table, layer or window in an information function; -1 for none.
 std::int64_t Attribute(const Value& value) {
     return WholeNumber(value).value_or(-1);
 }
 
 SessionError NoSuchAttribute(const char* function) {
-    return Wrong(kSessionNoSuchItem, std::string(function) + " knows no such attribute");
+    return Wrong(kSessionNoSuchItem, std::string(function) + " has no such attribute");
 }
 
-/// Rows by name, or by the number of the table.
+/// Rows by name, or by the number of their table.
 SessionResult<SessionRows> RowsOf(const Value& table, SessionState& state) {
     if (const std::string* const name = std::get_if<std::string>(&table)) {
         return RowsNamed(state, *name);
@@ -69,7 +69,7 @@ SessionResult<SessionWindow*> WindowOf(const Value& id, SessionState& state) {
 SessionResult<SessionWindow*> MapOf(const Value& id, SessionState& state) {
     SessionResult<SessionWindow*> window = WindowOf(id, state);
     if (window && (*window)->kind != SessionWindowKind::Map) {
-        return Wrong(kSessionNoSuchWindow, "The window is no map");
+        return Wrong(kSessionNoSuchWindow, "The window is not a map");
     }
     return window;
 }
@@ -95,7 +95,7 @@ Outcome TableInfo(Values arguments, SessionState& state) {
     }
 }
 
-/// The number of a column that is called "COLi", 0 when it is not.
+/// The number of a column called "COLi"; 0 for other names.
 std::int64_t ColumnCalled(const Value& value) {
     constexpr std::string_view kHead = "COL";
     const std::string* const text = std::get_if<std::string>(&value);
@@ -157,7 +157,7 @@ Outcome WindowInfo(Values arguments, SessionState& state) {
         return Value(static_cast<double>(window.kind));
     case 10:
         if (window.kind != SessionWindowKind::Browser) {
-            return Wrong(kSessionNoSuchWindow, "The window is no browser");
+            return Wrong(kSessionNoSuchWindow, "The window is not a browser");
         }
         return Value(window.layers.front().table);
     case 12:
@@ -193,7 +193,7 @@ Outcome LayerInfo(Values arguments, SessionState& state) {
     return Value((*map)->layers[static_cast<std::size_t>(layer - 1)].table);
 }
 
-/// The position that two arguments tell.
+/// The position given by two arguments.
 std::optional<MapPoint> PositionOf(const Value& x, const Value& y) {
     const double* const east = std::get_if<double>(&x);
     const double* const north = std::get_if<double>(&y);
@@ -277,7 +277,7 @@ constexpr std::array<Function, 14> kFunctions = {{
     {"SelectionInfo", 1, SelectionInfo},
 }};
 
-/// The row of a table that was fetched, by its number in the table that it comes from.
+/// The row that was fetched, by its number in the table that it comes from.
 SessionResult<int> FetchedRow(const SessionRows& rows, SessionState& state) {
     const int row = CursorOf(state, rows).row;
     if (row < 1 || row > rows.Count()) {
@@ -367,7 +367,7 @@ SessionResult<std::string> Evaluate(const SessionExpression& expression, Session
 }
 
 std::string SessionNumberText(double number) {
-    // The longest number without an exponent has 309 digits before or 324 behind its point.
+    // The longest number without an exponent has 309 digits before its point or 324 after it.
     std::array<char, 400> buffer{};
     const std::to_chars_result end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                                    number + 0.0, std::chars_format::fixed);

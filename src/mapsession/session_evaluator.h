@@ -13,13 +13,13 @@
 namespace quandrel {
 
 /// The value of an expression as text: numbers in their shortest form with a decimal point and
-/// never an exponent, truths as "T" and "F". The functions and their attributes are those that the
-/// port, platform/map_session.h, lists; every other name, attribute or number of arguments is an
-/// error. SearchPoint and SearchRect put what they find into state.found.
+/// without an exponent, truth values as "T" and "F". platform/map_session.h lists the functions and
+/// their attributes; every other name, attribute or number of arguments is an error. SearchPoint
+/// and SearchRect store the objects that they find in state.found.
 [[nodiscard]] SessionResult<std::string> Evaluate(const SessionExpression& expression,
                                                   SessionState& state);
 
-/// A number as it stands in replies and messages.
+/// A number as written in replies and messages.
 [[nodiscard]] std::string SessionNumberText(double number);
 
 } // namespace quandrel

@@ -11,7 +11,7 @@
 namespace quandrel {
 namespace {
 
-/// Calls with both ends of each stretch of a line, a ring's closing one included.
+/// Calls a function with both ends of each segment of a line, including a ring's closing segment.
 template <class Function>
 void ForEachSegment(const MapShapePart& part, Function function) {
     for (std::size_t i = 1; i < part.points.size(); ++i) {
@@ -34,7 +34,7 @@ double DistanceToSegment(MapPoint point, MapPoint from, MapPoint to) {
     return std::hypot(point.x - from.x - share * alongX, point.y - from.y - share * alongY);
 }
 
-/// Even-odd rule: an odd number of edges is crossed on the way east.
+/// Even-odd rule: a ray to the east crosses an odd number of edges.
 bool IsWithinRings(MapPoint point, std::span<const MapShapePart> shape) {
     bool within = false;
     for (const MapShapePart& part : shape) {
@@ -69,7 +69,7 @@ bool PartTouchesBox(const MapShapePart& part, const MapBox& box) {
     return touches;
 }
 
-/// One edge of a box: how far a point lies within it, negative outside.
+/// One edge of a box: the distance of a point inwards from it, negative outside.
 using Inside = double (*)(const MapBox&, MapPoint);
 
 constexpr std::array<Inside, 4> kEdges = {
@@ -150,7 +150,7 @@ bool ShapeTouchesBox(std::span<const MapShapePart> shape, const MapBox& box) {
             return true;
         }
     }
-    // No edge comes near: the box lies within the area as a whole, or outside of it.
+    // No edge is near: the box is entirely inside the area, or entirely outside.
     return !box.IsEmpty() && IsWithinRings({box.left, box.bottom}, shape);
 }
 

@@ -18,7 +18,7 @@ bool MayStandInName(char character) {
            || static_cast<unsigned char>(character) >= 0x80;
 }
 
-/// Collects the rows of each layer that can be searched for which isMeant(table, row).
+/// Collects the rows of each searchable layer for which isMeant(table, row) is true.
 template <class IsMeant>
 std::vector<SessionObject> SearchLayers(const SessionState& state, const SessionWindow& window,
                                         IsMeant isMeant) {

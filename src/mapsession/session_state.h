@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// What a map session holds: tables with their cursors, windows, the selection, what was found last.
+// The state of a map session: tables with their cursors, windows, the selection, the last search.
 //
-// Tables and windows are called by name and id; windows remember tables by their names. Names are
-// compared without regard to the case of ASCII letters. The name Selection stands for the selected
-// rows, in rising order, as a table; row numbers are those of the table that they come from, but a
-// fetch counts from 1.
+// Tables are identified by name, windows by id; windows refer to tables by name. ASCII letters in
+// names match in either case. The name Selection means the selected rows, in ascending order, as a
+// table. Row numbers are those of the table that the rows come from, but a fetch counts from 1.
 
 #pragma once
 
@@ -25,13 +24,13 @@ namespace quandrel {
 /// The name of the table of selected rows.
 inline constexpr std::string_view kSelectionName = "Selection";
 
-/// How far from an object a click may be, in logical pixels.
+/// Largest distance of a click from an object, in logical pixels.
 inline constexpr double kClickTolerance = 5;
 
 /// The row that was fetched.
 struct SessionCursor {
-    int row = 0;        ///< 0 before the first fetch and behind the last row
-    bool atEnd = false; ///< a fetch went behind the last row
+    int row = 0;        ///< 0 before the first fetch and after the last row
+    bool atEnd = false; ///< a fetch went past the last row
 };
 
 struct OpenSessionTable {
@@ -41,8 +40,8 @@ struct OpenSessionTable {
 
 /// Rows of one table.
 struct SessionSelection {
-    std::string table;     ///< empty for no selection at all
-    std::vector<int> rows; ///< in rising order, each once
+    std::string table;     ///< empty when nothing is selected
+    std::vector<int> rows; ///< in ascending order, each once
 
     [[nodiscard]] bool Has(std::string_view ofTable, int row) const;
     void Add(std::vector<int> more);
@@ -64,7 +63,7 @@ struct SessionWindow {
     std::int64_t id = 0;
     SessionWindowKind kind = SessionWindowKind::Map;
     std::int64_t parent = 0;          ///< handle of the window that it belongs in, 0 for none
-    int style = 0;                    ///< as the statement before it said
+    int style = 0;                    ///< as stated by the statement before it
     std::vector<SessionLayer> layers; ///< the topmost first; a browser has one, an info none
     MapView view;                     ///< of a map
 };
@@ -74,15 +73,15 @@ struct SessionObject {
     int row = 0;
 };
 
-/// What the next window gets.
+/// Settings for the next window.
 struct SessionParent {
     std::int64_t handle = 0;
     int style = 0;
 };
 
 struct SessionState {
-    std::vector<std::unique_ptr<OpenSessionTable>> tables; ///< as they were opened
-    std::vector<std::unique_ptr<SessionWindow>> windows;   ///< as they were opened
+    std::vector<std::unique_ptr<OpenSessionTable>> tables; ///< in the order of opening
+    std::vector<std::unique_ptr<SessionWindow>> windows;   ///< in the order of opening
     std::int64_t lastWindowId = 0;                         ///< of the window opened last, or 0
     std::int64_t frontWindowId = 0;                        ///< a map or a browser, or 0
     SessionSelection selection;
@@ -101,7 +100,7 @@ struct SessionRows {
     const SessionTable* table = nullptr;
     const std::vector<int>* selected = nullptr; ///< nullptr for all rows
 
-    /// The name that they go by.
+    /// The name used for them.
     [[nodiscard]] std::string_view Name() const {
         return selected ? kSelectionName : std::string_view(table->Name());
     }
@@ -116,28 +115,28 @@ struct SessionRows {
     }
 };
 
-/// An open table, nullptr when there is none of this name.
+/// An open table; nullptr when none has this name.
 [[nodiscard]] OpenSessionTable* FindSessionTable(const SessionState& state, std::string_view name);
 
-/// A window, nullptr when there is none of this id.
+/// A window; nullptr when none has this id.
 [[nodiscard]] SessionWindow* FindSessionWindow(const SessionState& state, std::int64_t id);
 
-/// The rows that a name stands for: an open table's, or the selected ones.
+/// The rows that a name means: those of an open table, or the selected ones.
 [[nodiscard]] SessionResult<SessionRows> RowsNamed(const SessionState& state,
                                                    std::string_view name);
 
-/// Where rows that RowsNamed gave are read.
+/// The cursor for rows returned by RowsNamed.
 [[nodiscard]] SessionCursor& CursorOf(SessionState& state, const SessionRows& rows);
 
 /// The box of rows that have shapes.
 [[nodiscard]] MapBox BoxOf(const SessionRows& rows);
 
-/// A name for a table of this file or layer that statements can read and no other table has:
-/// characters that cannot stand in a name become underlines, a number is put behind.
+/// A name for a table of this file or layer that is valid in statements and not yet used: invalid
+/// characters become underscores, and a number is appended.
 [[nodiscard]] std::string FreeTableName(const SessionState& state, std::string_view wanted);
 
-/// Objects of a map's selectable layers about a point, within the tolerance of a click, the topmost
-/// layer first, rows rising.
+/// Objects of a map's selectable layers near a point, within the click tolerance: the topmost layer
+/// first, rows ascending.
 [[nodiscard]] std::vector<SessionObject> ObjectsAt(const SessionState& state,
                                                    const SessionWindow& window, MapPoint point);
 
@@ -145,7 +144,7 @@ struct SessionRows {
 [[nodiscard]] std::vector<SessionObject> ObjectsIn(const SessionState& state,
                                                    const SessionWindow& window, const MapBox& box);
 
-/// Objects of a map's selectable layers no farther from a point than this, in the same order.
+/// Objects of a map's selectable layers within this distance of a point, in the same order.
 [[nodiscard]] std::vector<SessionObject> ObjectsWithin(const SessionState& state,
                                                        const SessionWindow& window, MapPoint middle,
                                                        double radius);

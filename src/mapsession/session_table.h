@@ -2,8 +2,8 @@
 //
 // A table of the map session: columns, rows of texts, and a shape for each row that has one.
 //
-// Rows and columns count from 1. Texts are UTF-8, numbers among them with a decimal point; a cell
-// without a value is an empty text. A table is filled once, row after row, and not changed then.
+// Rows and columns count from 1. Texts are UTF-8, with decimal points in numbers; a cell without a
+// value is an empty text. A table is filled once, row by row, and not changed afterwards.
 
 #pragma once
 
@@ -36,7 +36,7 @@ public:
         : name_(std::move(name))
         , path_(std::move(path)) {}
 
-    /// The name by which statements call the table.
+    /// The name of the table in statements.
     [[nodiscard]] const std::string& Name() const { return name_; }
 
     void Rename(std::string name) { name_ = std::move(name); }
@@ -44,14 +44,14 @@ public:
     /// The file that the table was read from.
     [[nodiscard]] const std::string& Path() const { return path_; }
 
-    /// Before the first row.
+    /// Call before adding rows.
     void AddColumn(std::string name, SessionColumnKind kind);
 
-    /// Cells beyond the columns are dropped, missing ones are empty. Gives the number of the row.
+    /// Extra cells are dropped, missing ones are empty. Returns the number of the row.
     int AddRow(std::span<const std::string> cells);
 
     /// Adds a part to the shape of the last row. A part without points, or with a coordinate that
-    /// is not finite, is left out.
+    /// is not finite, is ignored.
     void AddPart(MapPartKind kind, std::span<const MapPoint> points);
 
     [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
@@ -67,7 +67,7 @@ public:
     /// @param column  1 to ColumnCount()
     [[nodiscard]] std::string_view Cell(int row, int column) const;
 
-    /// The shape of a row, empty for none; it views the table's own points.
+    /// The shape of a row, empty for none; it refers to the table's own points.
     /// @param row  1 to RowCount()
     [[nodiscard]] MapShape ShapeOf(int row) const;
 
@@ -101,15 +101,15 @@ private:
     std::vector<Row> rows_;
     std::vector<Part> parts_;
     std::vector<MapPoint> points_;
-    std::string texts_;                      ///< all cells, row by row, one behind the other
-    std::vector<std::size_t> cellStarts_{0}; ///< and where the last one ends
+    std::string texts_;                      ///< all cells, row by row, concatenated
+    std::vector<std::size_t> cellStarts_{0}; ///< the last element is the end of the last cell
     MapBox box_;
 };
 
-/// True when a row has a shape and this touches a box.
+/// True when a row has a shape that touches a box.
 [[nodiscard]] bool RowTouchesBox(const SessionTable& table, int row, const MapBox& box);
 
-/// True when a row has a shape and this is no farther from a point than the distance, 0 or more.
+/// True when a row has a shape within a distance, 0 or more, of a point.
 [[nodiscard]] bool RowIsNear(const SessionTable& table, int row, MapPoint point, double distance);
 
 } // namespace quandrel

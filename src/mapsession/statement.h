@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Statements and expressions of the map session, taken apart. What they mean is told at the port,
-// platform/map_session.h; besides these there is
+// Parsed statements and expressions of the map session. Their meaning is described in
+// platform/map_session.h; in addition there is
 //   Open Table "path"
 
 #pragma once
@@ -21,7 +21,7 @@ struct SessionExpression {
         Number,
         Text,
         Name,   ///< the name of a table
-        Call,   ///< of the function that the name tells
+        Call,   ///< of the function with this name
         Column, ///< name.Col(argument)
         RowId,  ///< name.RowID
     };
@@ -46,7 +46,7 @@ struct InfoParentStatement {
 
 struct InfoWindowStatement {};
 
-/// How a custom tool is dragged.
+/// The shape that a custom tool drags.
 enum SessionDrawMode : int {
     kDragRectangle = 32,
     kClickPoint = 34,
@@ -55,7 +55,7 @@ enum SessionDrawMode : int {
 struct SessionToolButton {
     int id = 0;
     int drawMode = kClickPoint;
-    std::string method; ///< what the callback's method is called
+    std::string method; ///< name of the callback's method
 };
 
 struct ButtonPadStatement {
@@ -101,18 +101,18 @@ struct FetchStatement {
         Record,
     };
     Position position = Position::First;
-    std::int64_t row = 0; ///< of a Record
+    std::int64_t row = 0; ///< for a Record
     std::string table;
 };
 
 struct SelectStatement {
     std::string table;
-    std::vector<std::int64_t> rows; ///< as they were written; some may not exist
+    std::vector<std::int64_t> rows; ///< as written; some may not exist
 };
 
 struct RunCommandStatement {
     int command = 0;
-    bool isCustom = false; ///< the id of a tool that a button pad has brought
+    bool isCustom = false; ///< the id of a tool that a button pad has added
 };
 
 using SessionStatement =
@@ -121,12 +121,12 @@ using SessionStatement =
                  CloseTableStatement, MapStatement, BrowseStatement, CloseWindowStatement,
                  FetchStatement, SelectStatement, RunCommandStatement>;
 
-/// Takes a statement apart. The case of its words does not matter; anything that is not one of the
-/// statements as a whole is a syntax error.
+/// Parses a statement. The case of its words does not matter; a text that is not one complete
+/// statement is a syntax error.
 [[nodiscard]] SessionResult<SessionStatement> ParseSessionStatement(std::string_view text);
 
-/// Takes an expression apart: a number, a text, a name, name.Col(expression), name.RowID, or a call
-/// whose name need not be known here. Calls within calls go 20 deep at most.
+/// Parses an expression: a number, a text, a name, name.Col(expression), name.RowID, or a call,
+/// whose name need not be known here. Calls may be nested 20 deep.
 [[nodiscard]] SessionResult<SessionExpression> ParseSessionExpression(std::string_view text);
 
 } // namespace quandrel

@@ -91,7 +91,7 @@ private:
         const char* const start = text_.data() + at_;
         const char* const end = text_.data() + text_.size();
         const std::from_chars_result read = std::from_chars(start, end, token.number);
-        // A name may not grow out of a number.
+        // A name may not directly follow a number.
         if (read.ec != std::errc() || (read.ptr != end && StartsName(*read.ptr))) {
             return std::nullopt;
         }

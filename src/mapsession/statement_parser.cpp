@@ -183,11 +183,11 @@ Parsed ReadMenuCommand(SessionTokenReader& reader) {
 }
 
 struct StatementForm {
-    std::string_view words;              ///< how it begins
+    std::string_view words;              ///< its first words
     Parsed (*read)(SessionTokenReader&); ///< the rest
 };
 
-/// No form begins as another one does.
+/// No form begins with the words of another.
 constexpr std::array<StatementForm, 14> kForms = {{
     {"Set Application Window", ReadApplicationWindow},
     {"Set Next Document Parent", ReadDocumentParent},

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPluginFile = "quandrel_mapsession_gdal.dll";
 
-/// The function of a library that is loaded for it, or nullptr and why.
+/// Loads a library and returns its function, or nullptr and the reason.
 TableSourceFunction LoadFunction(const fs::path& plugin, std::string& why) {
     const HMODULE library = LoadLibraryW(plugin.c_str());
     if (!library) {
@@ -36,7 +36,7 @@ TableSourceFunction LoadFunction(const fs::path& plugin, std::string& why) {
 
 constexpr const char* kPluginFile = "quandrel_mapsession_gdal.so";
 
-/// The function of a library that is loaded for it, or nullptr and why.
+/// Loads a library and returns its function, or nullptr and the reason.
 TableSourceFunction LoadFunction(const fs::path& plugin, std::string& why) {
     void* const library = dlopen(plugin.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library) {

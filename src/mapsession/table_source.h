@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Where the map session's tables come from. The readers of files stand in a library of their own
-// that is loaded when a session starts; it hands over one TableSource.
+// The source of the map session's tables. The file readers are in a library of their own, which is
+// loaded when a session starts; it provides one TableSource.
 
 #pragma once
 
@@ -20,18 +20,18 @@ public:
     /// Reads all tables of a file.
     ///
     /// @param path  UTF-8
-    /// @return at least one table, named by its file or its layer; or why the file cannot be read.
-    ///         Nothing is thrown but for want of memory.
+    /// @return at least one table, named after its file or its layer; or the reason why the file
+    ///         cannot be read. Throws only when memory runs out.
     [[nodiscard]] virtual SessionResult<std::vector<SessionTable>>
     OpenTables(const std::string& path) = 0;
 };
 
-/// Changes whenever TableSource or what it hands over does, so that a library from another build of
-/// the program is not taken for this one's.
+/// Changes whenever TableSource or what it returns does, so that a library from another build of
+/// the program is refused.
 inline constexpr int kTableSourceVersion = 1;
 
-/// The name of the function that such a library exports, and its form: a new TableSource, or
-/// nullptr for a version that it does not have.
+/// The name of the function that such a library exports, and its type: it returns a new
+/// TableSource, or nullptr for a version that it does not support.
 inline constexpr const char* kTableSourceFunction = "QuandrelMakeTableSource";
 using TableSourceFunction = TableSource* (*)(int version);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Reading through the words of a statement: what was expected is taken, or nothing is.
+// Reading the tokens of a statement: the expected ones are taken, or none are.
 
 #pragma once
 
@@ -19,7 +19,7 @@ namespace quandrel {
 
 class SessionTokenReader {
 public:
-    /// @param tokens  with an End as the last
+    /// @param tokens  the last one must be an End
     explicit SessionTokenReader(std::vector<SessionToken> tokens)
         : tokens_(std::move(tokens)) {}
 
@@ -32,8 +32,8 @@ public:
         return TakeIf(Current().kind == SessionTokenKind::Name && EqualNames(Current().text, word));
     }
 
-    /// Takes words in a row: all of them, or none.
-    /// @param words  with one blank between each two
+    /// Takes several words: all of them, or none.
+    /// @param words  separated by single blanks
     bool TakeWords(std::string_view words) {
         const std::size_t start = at_;
         while (!words.empty()) {
@@ -70,8 +70,8 @@ public:
         return sign * tokens_[at_++].number;
     }
 
-    /// Takes a whole number of the type, with its sign. Those that a double cannot tell apart are
-    /// none.
+    /// Takes a whole number of the type, with its sign. Numbers beyond the exact range of a double
+    /// are refused.
     template <class Integer = std::int64_t>
     [[nodiscard]] std::optional<Integer> TakeInteger() {
         constexpr double kLargest = 9007199254740992.0;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Tables from files of map programs, read by GDAL. This is a library of its own, loaded when a map
-// session starts, for GDAL costs a program much time and memory to begin with.
+// session starts, because GDAL adds much to a program's start time and memory.
 //
-// Enters: the path of a file, from mapsession/table_plugin.h.
-// Leaves: a table source (mapsession/table_source.h) with columns, rows and shapes, or the reason
-// why there is none. No other part of the program sees GDAL.
+// Input: the path of a file, from mapsession/table_plugin.h. Output: a table source
+// (mapsession/table_source.h) with columns, rows and shapes, or the reason for a failure. No other
+// part of the program uses GDAL.
 
 #include "mapsession/table_source.h"
 
@@ -31,17 +31,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The formats that are read; nothing else is tried on a file.
+/// The formats that are read; no others are tried.
 constexpr std::array<const char*, 6> kDrivers = {
     "MapInfo File", "ESRI Shapefile", "GPKG", "GeoJSON", "CSV", nullptr};
 
-/// Coordinates in a text file stand in columns of these names; numbers are told by their looks.
+/// Coordinates in a text file are in columns of these names; numbers are recognised by their form.
 constexpr std::array<const char*, 5> kCsvOptions = {
     "AUTODETECT_TYPE=YES", "KEEP_GEOM_COLUMNS=YES",
     "X_POSSIBLE_NAMES=x,x_coord,xcoord,x_coordinate,easting,east,lon,long,longitude",
     "Y_POSSIBLE_NAMES=y,y_coord,ycoord,y_coordinate,northing,north,lat,latitude", nullptr};
 
-/// Keeps GDAL's messages from the console for a while; the last one can be asked for.
+/// Suppresses GDAL's console messages while it lives; the last one is available.
 class QuietGdal {
 public:
     QuietGdal() {
@@ -55,7 +55,8 @@ public:
     QuietGdal& operator=(const QuietGdal&) = delete;
 };
 
-/// What the file has as UTF-8. A file that does not tell its encoding is a western one.
+/// A text of the file as UTF-8. A file that does not state its encoding is taken as Western
+/// European.
 std::string Utf8(const char* text) {
     if (CPLIsUTF8(text, -1)) {
         return text;
@@ -109,8 +110,8 @@ void AddCurve(const OGRSimpleCurve& curve, MapPartKind kind, SessionTable& table
     table.AddPart(kind, points);
 }
 
-/// Adds a geometry without curves to the table's last row. What has neither points, lines nor areas
-/// is left out.
+/// Adds a geometry, which must not have curves, to the table's last row. Parts other than points,
+/// lines and areas are left out.
 void AddGeometry(const OGRGeometry& geometry, SessionTable& table) {
     if (geometry.IsEmpty()) {
         return;
@@ -177,7 +178,7 @@ public:
     }
 
     SessionResult<std::vector<SessionTable>> OpenTables(const std::string& path) override {
-        // What is no file on a disk would be taken for an address or for data by some formats.
+        // Some formats would take a name that is not a file for a network address or for data.
         std::error_code error;
         const fs::path file = fs::u8path(path);
         if (!fs::is_regular_file(file, error)) {

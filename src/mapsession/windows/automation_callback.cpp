@@ -81,7 +81,7 @@ HRESULT AutomationCallback::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, L
     for (UINT i = 0; i < count; ++i) {
         ids[i] = DISPID_UNKNOWN;
     }
-    // Names behind the first are those of arguments, which go by their place here.
+    // Names after the first are those of arguments, which are identified by position here.
     for (const MethodName& method : kMethods) {
         if (_wcsicmp(names[0], method.name) == 0) {
             ids[0] = method.id;
@@ -99,10 +99,10 @@ HRESULT AutomationCallback::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* pa
         return S_OK;
     }
     try {
-        // Arguments stand from the last to the first.
+        // Arguments are in reverse order.
         Tell(*listener, id, parameters->rgvarg[parameters->cArgs - 1]);
     } catch (const std::exception&) {
-        return E_FAIL; // nothing may be thrown into the other program
+        return E_FAIL; // no exception may reach the other program
     }
     return S_OK;
 }

@@ -11,7 +11,7 @@ namespace quandrel {
 
 class AutomationCallback final : public IDispatch {
 public:
-    /// Whom it tells; nullptr for nobody any more.
+    /// The receiver of the calls; nullptr when there is none any more.
     MapCallback* listener = nullptr;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;

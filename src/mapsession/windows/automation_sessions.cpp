@@ -22,7 +22,7 @@ struct Releaser {
 using DispatchPointer = std::unique_ptr<IDispatch, Releaser>;
 using CallbackPointer = std::unique_ptr<AutomationCallback, Releaser>;
 
-/// True when a call failed because there is nobody at the other end any more.
+/// True when a call failed because the session no longer exists.
 bool MeansDeath(HRESULT result) {
     constexpr unsigned long kServerUnavailable = 1722;
     constexpr unsigned long kCallFailed = 1726;
@@ -38,7 +38,7 @@ bool MeansDeath(HRESULT result) {
 }
 
 /// Calls a method, or reads a property, by its name.
-/// @param arguments  from the last to the first
+/// @param arguments  in reverse order
 HRESULT Call(IDispatch& object, const wchar_t* name, WORD kind, std::vector<VARIANT>& arguments,
              AutomationValue& value, std::string& error) {
     std::wstring ownName(name);
@@ -86,7 +86,7 @@ public:
     }
 
     void SetCallback(MapCallback* callback) override {
-        // The other program may hold on to the former object: from now on that tells nobody.
+        // The other program may still hold the previous object: it no longer reports to anybody.
         if (callback_ != nullptr) {
             callback_->listener = nullptr;
         }
@@ -121,7 +121,7 @@ private:
         if (isDead_) {
             return {MapReplyKind::Dead, {}};
         }
-        // The argument stays the caller's: what is passed on is not freed here.
+        // The argument stays the caller's, so it is not freed here.
         std::vector<VARIANT> arguments = {*argument.Get()};
         AutomationValue value;
         std::string error;
@@ -143,7 +143,7 @@ bool FindClass(CLSID& id) {
     return SUCCEEDED(CLSIDFromProgID(kSessionClass, &id));
 }
 
-/// The automation interface of an object, which is released.
+/// The automation interface of an object; releases the object.
 DispatchPointer DispatchOf(IUnknown* object) {
     IDispatch* dispatch = nullptr;
     object->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch));

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // Sessions of the map program that is installed on a Windows machine, driven by automation. Built
-// on Windows alone.
+// only on Windows.
 //
-// Enters: statements and expressions through the port platform/map_session.
-// Leaves: the answers of that program, and its calls back; a session that dies is an error, never
-// an exception.
+// Input: statements and expressions through the port platform/map_session. Output: the answers of
+// that program, and its callbacks; a session that dies is an error, never an exception.
 
 #pragma once
 
@@ -15,7 +14,7 @@
 
 namespace quandrel {
 
-/// All calls have to come from the thread that made this, which is that of the windows.
+/// All calls must come from the thread that made this object, which is the GUI thread.
 class AutomationSessions : public MapSessions {
 public:
     AutomationSessions();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts and values as automation passes them.
+// Texts and values in the form used by automation.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quandrel {
 
-/// A UTF-8 text in UTF-16.
+/// A UTF-8 text as UTF-16.
 [[nodiscard]] inline std::wstring WideText(const std::string& utf8) {
     const int length = static_cast<int>(utf8.size());
     const int units = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
@@ -20,7 +20,7 @@ namespace quandrel {
     return wide;
 }
 
-/// A UTF-16 text in UTF-8.
+/// A UTF-16 text as UTF-8.
 [[nodiscard]] inline std::string NarrowText(const wchar_t* text, std::size_t count) {
     const int units = static_cast<int>(count);
     const int length = WideCharToMultiByte(CP_UTF8, 0, text, units, nullptr, 0, nullptr, nullptr);
@@ -74,7 +74,7 @@ public:
         return NarrowText(wide, SysStringLen(wide));
     }
 
-    /// The value as a whole number, 0 when it is none.
+    /// The value as a whole number; 0 when it is not one.
     [[nodiscard]] long Number() {
         AutomationValue number;
         const bool isNumber =
@@ -86,7 +86,7 @@ private:
     VARIANT value_;
 };
 
-/// A copy of a value that belongs to somebody else, as text.
+/// A copy, as text, of a value that the caller owns.
 [[nodiscard]] inline std::string TextOfValue(VARIANT& value) {
     AutomationValue copy;
     VariantCopyInd(copy.Get(), &value);
