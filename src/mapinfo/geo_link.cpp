@@ -32,7 +32,7 @@ bool Look(const std::unordered_map<std::int32_t, std::int32_t>& rows, std::int32
 }
 
 void PutLinkBack(int slot, const std::shared_ptr<const void>& kept) {
-    // A link that ended in the meantime does not come back, nor do rows of another table.
+    // A link that has ended meanwhile does not return, nor do rows of another table.
     MIGeoLink* link = gMIGeoLinks.Item(slot);
     const auto* former = static_cast<const MIGeoLink*>(kept.get());
     if (link == nullptr) {
@@ -46,14 +46,14 @@ void PutLinkBack(int slot, const std::shared_ptr<const void>& kept) {
     link->CutGeoRows(RecordOf(slot).NumLoadedData);
 }
 
-/// Brings the caption of a plot up to date, whichever is the active one.
+/// Updates the caption of a plot, whichever plot is active.
 void ShowTitleOf(int slot) {
     const std::int32_t formerPlot = std::exchange(gActivePlot, slot);
     UpdateTitle();
     gActivePlot = formerPlot;
 }
 
-/// A session that has ended meanwhile has taken all links with it.
+/// A session that has ended meanwhile has removed all links.
 void LinkAgain(int slot, const std::shared_ptr<const void>& kept) {
     if (kept == nullptr || !IsMapInfoLinked() || gMIGeoLinks.Item(slot) != nullptr) {
         return;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Which row of a plot belongs to which row of a table of the map session.
+// The correspondence between rows of a plot and rows of a table of the map session.
 //
 // Rows of plots are point indices, rows of tables the session's numbers; both count from 1. The
-// links follow the rows of their plots when some of these go or come back (core/row_links.h,
+// links follow the rows of their plots when rows are removed or restored (core/row_links.h,
 // edit/rows/edit_rows.h).
 
 #pragma once
@@ -30,18 +30,18 @@ public:
     /// The table row of a plot row; as GetGeoRow.
     bool GetMIRow(std::int32_t geoRow, std::int32_t& miRow) const;
 
-    /// Links two rows. Where one of them is linked already, nothing changes.
+    /// Links two rows. Nothing changes when one of them is linked already.
     void AddRow(std::int32_t geoRow, std::int32_t miRow);
 
-    /// How many rows are linked.
+    /// Number of linked rows.
     [[nodiscard]] std::size_t RowCount() const { return geoRows_.size(); }
 
     void ClearRows();
 
-    /// Plot rows have gone, ascending; those behind each have moved up. O(rows linked).
+    /// Removes plot rows, in ascending order; later rows move up. O(rows linked).
     void RemoveGeoRows(std::span<const std::int32_t> rows);
 
-    /// The plot rows behind `last` have gone. O(rows linked).
+    /// Removes all plot rows after `last`. O(rows linked).
     void CutGeoRows(std::int32_t last);
 
     std::string MITableName;
@@ -55,10 +55,10 @@ private:
     std::unordered_map<std::int32_t, std::int32_t> miRows_;  ///< by plot row
 };
 
-/// The links of all plots; a plot has one at most.
+/// The links of all plots, at most one for each.
 class MIGeoLinks {
 public:
-    /// Gives a plot a link, in the place of a former one.
+    /// Gives a plot a link, replacing an existing one.
     MIGeoLink& Add(int slot, MIGeoLink link);
 
     /// The link of a plot, or nullptr.
@@ -68,10 +68,11 @@ public:
 
     void Remove(int slot);
 
-    /// All links by their slots, in the order of these.
+    /// All links, in the order of their slots.
     [[nodiscard]] const std::map<int, MIGeoLink>& NewEnum() const { return links_; }
 
-    /// The first slot of a plot that is linked to a table, by its name in any case; 0 for none.
+    /// The first slot of a plot that is linked to a table, by its name in any case; 0 when there is
+    /// none.
     [[nodiscard]] int SlotOfTable(std::string_view table) const;
 
 private:
@@ -80,13 +81,13 @@ private:
 
 extern MIGeoLinks gMIGeoLinks;
 
-/// From now on the links follow the rows of their plots, and go with them. Called at start.
+/// Makes links follow the rows of their plots and end with them. Called at start.
 void FollowRowsOfPlots();
 
-/// Takes the link of a plot away, with its mark in the plot and in the plot's caption.
+/// Removes the link of a plot, with its mark in the plot and in the plot's caption.
 void RemoveGeoLink(int slot);
 
-/// Takes all links away.
+/// Removes all links.
 void RemoveAllGeoLinks();
 
 } // namespace quandrel

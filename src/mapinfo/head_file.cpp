@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kAttempts = 8;
 
-/// A new folder that belongs to nobody else, or an empty path.
+/// A new private folder, or an empty path.
 std::filesystem::path MakeFolder() {
     std::error_code failure;
     const std::filesystem::path parent = std::filesystem::temp_directory_path(failure);
@@ -28,7 +28,7 @@ std::filesystem::path MakeFolder() {
     return {};
 }
 
-/// A table's name as that of a file: other bytes than letters, digits and those of UTF-8 go.
+/// A table's name as a file name: only letters, digits and bytes of UTF-8 are kept.
 std::string FileNameOf(const std::string& table) {
     std::string name;
     for (const char c : table) {

@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// A file in a folder of its own for temporary files, named after the table; both go with this.
+/// A file in a temporary folder of its own, named after the table; the destructor removes both.
 class HeadFile {
 public:
     HeadFile(const std::string& table, const std::string& text);
@@ -17,7 +17,7 @@ public:
     HeadFile(const HeadFile&) = delete;
     HeadFile& operator=(const HeadFile&) = delete;
 
-    /// Where it stands; empty when it could not be written.
+    /// The path; empty when the file could not be written.
     [[nodiscard]] std::string Path() const { return path_.string(); }
 
 private:

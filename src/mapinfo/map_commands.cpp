@@ -64,7 +64,7 @@ constexpr auto kCommands = std::to_array<MapCommand>({
      MapMenu::Window, Kind::Own, 0, Needs::Tables, false},
 });
 
-/// What the needs of commands are judged by.
+/// The facts that decide which commands can be chosen.
 struct MapSituation {
     bool hasTables = false;
     bool hasMap = false;

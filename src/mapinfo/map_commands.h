@@ -17,7 +17,7 @@ enum class MapMenu { File, Map, Query, Select, Window, Quandrel };
 enum class MapCommandNeeds {
     Link,
     Tables,     ///< a table is open
-    Map,        ///< a map stands in front
+    Map,        ///< a map is in front
     LinkedPlot, ///< the active plot is linked
     TargetPlot, ///< a table is open, and a plot to add its rows to
 };
@@ -25,17 +25,17 @@ enum class MapCommandNeeds {
 /// How a command reaches the session.
 enum class MapCommandKind {
     Menu,       ///< by a menu command
-    Tool,       ///< as Menu; chooses what the mouse does on maps
-    CustomTool, ///< chooses a tool of the program's own
+    Tool,       ///< as Menu; chooses the mouse tool for maps
+    CustomTool, ///< chooses a custom tool of the program
     Own,        ///< by a procedure
 };
 
-/// Ids of the program's own tools, as messages name them.
+/// Ids of the program's own tools in messages.
 inline constexpr int kPointTool = 2001;
 inline constexpr int kMarqueeTool = 2002;
 
 struct MapCommand {
-    const char* name;    ///< by which it is run; of its button on the toolbar
+    const char* name;    ///< identifies the command, and its button on the toolbar
     const char* item;    ///< of its menu item
     const char* caption; ///< with its mnemonic
     const char* tip;
@@ -61,16 +61,16 @@ inline constexpr const char* kCloseMILink = "CloseMILink";
 /// The name of the menu of the link window: "mnuFile", "mnuMap" and so on.
 [[nodiscard]] const char* NameOf(MapMenu menu);
 
-/// The caption of a menu, with its mnemonic: none of the main window's.
+/// The caption of a menu, with a mnemonic that the main window does not use.
 [[nodiscard]] const char* CaptionOf(MapMenu menu);
 
-/// Does what a command does, by its name; failures are told. Does nothing without a link.
+/// Runs a command by its name; failures are reported. Does nothing without a link.
 void RunMICommand(std::string_view name);
 
-/// Tells the link window which commands can be chosen now.
+/// Updates which commands can be chosen in the link window.
 void UpdateMIMenus();
 
-/// What mnuShowMIToolbar does: the toolbar is shown from now on, or not.
+/// The action of mnuShowMIToolbar: shows or hides the toolbar.
 void ShowMIToolbar(bool isShown);
 
 } // namespace quandrel

@@ -21,7 +21,7 @@ std::vector<std::string> gMITables = {""};
 
 namespace {
 
-/// Whole numbers beyond this are no longer exact.
+/// Whole numbers above this are not exact.
 constexpr double kMostWhole = 9007199254740992.0;
 
 constexpr const char* kCustomTools =
@@ -38,18 +38,18 @@ constexpr const char* kShortcutMenu = "Create Menu \"MapperShortcut\" ID 17 As "
                                       "\"Find Selection\" Calling 306, "
                                       "\"Layer Control...\" Calling 801 ";
 
-/// The action in work.
+/// The action in progress.
 struct ActionState {
     int depth = 0;
-    bool refreshes = false; ///< captions and menus at its end
-    std::string lastWords;  ///< what is told once the link of a dead session has gone
-    std::string refusal;    ///< why the last call was refused
-    int callbacks = 0;      ///< of the session that have not returned
+    bool refreshes = false; ///< update captions and menus at its end
+    std::string lastWords;  ///< message to show after the link of a dead session is gone
+    std::string refusal;    ///< reason why the last call was refused
+    int callbacks = 0;      ///< callbacks of the session that have not returned
 };
 
 ActionState gAction;
 
-/// A session that has ended while it was calling. It goes once it cannot be at work any more.
+/// A session that ended during a callback. It is destroyed once it can no longer be running.
 std::unique_ptr<MapSession> gEndedSession;
 
 void DropSession(std::unique_ptr<MapSession> session) {
@@ -62,7 +62,7 @@ void DropSession(std::unique_ptr<MapSession> session) {
     }
 }
 
-/// Takes the link and its window away.
+/// Removes the link and its window.
 void DropLink() {
     std::unique_ptr<MapInfoLink> link = std::exchange(gMapInfo, nullptr);
     gMITables = {""};
@@ -82,7 +82,7 @@ void DropLink() {
     }
 }
 
-/// The end of the last action: what has to wait for it.
+/// Ends the last action: does what had to wait for it.
 void EndAction() {
     if (gMapInfo != nullptr && gMapInfo->LinkType == kLinkOpen
         && std::exchange(gAction.refreshes, false)) {
@@ -106,7 +106,7 @@ void EndAction() {
     }
 }
 
-/// Notes how a call ended. True when it was done.
+/// Records how a call ended. True when it succeeded.
 [[nodiscard]] bool TakeReply(const MapReply& reply) {
     if (reply.kind == MapReplyKind::Dead && gMapInfo != nullptr
         && gMapInfo->LinkType == kLinkOpen) {
@@ -129,7 +129,7 @@ std::uint64_t MainWindowHandle() {
     return gMapLinkPort.mainWindow ? gMapLinkPort.mainWindow() : 0;
 }
 
-/// Gives the session its place, the custom tools and the shortcut menu.
+/// Tells the session its windows, the custom tools and the shortcut menu.
 void SetUpSession() {
     if (!MIDo("Set Application Window " + std::to_string(MainWindowHandle())) || !MIDo(kCustomTools)
         || !MIDo(kShortcutMenu)) {
@@ -154,7 +154,7 @@ void GreetUser() {
     }
 }
 
-/// An action is at work within one of these.
+/// An action is in progress while one of these lives.
 class ActionInWork {
 public:
     ActionInWork() { ++gAction.depth; }
@@ -165,7 +165,7 @@ public:
     ActionInWork& operator=(const ActionInWork&) = delete;
 };
 
-/// What the session calls is answered within one of these.
+/// A callback of the session is handled while one of these lives.
 class CallbackInWork {
 public:
     CallbackInWork() { ++gAction.callbacks; }
@@ -209,7 +209,7 @@ void MapInfoLink::SessionEnded() {
         LinkType = kLinkDead;
     }
     if (!IsInMapAction()) {
-        EndAction(); // this link goes; nothing of it is touched behind
+        EndAction(); // removes this link, so nothing of it may be used afterwards
     }
 }
 
@@ -218,7 +218,7 @@ bool StartMapInfoLink() {
         Tell("You already are linked to a MapInfo session");
         return false;
     }
-    CloseMapInfoLink(); // what is left of a former one
+    CloseMapInfoLink(); // removes the rest of a previous link
     gMapInfo = OpenMapInfoSession();
     if (gMapInfo == nullptr) {
         return false;
@@ -266,7 +266,7 @@ std::unique_ptr<MapInfoLink> OpenMapInfoSession() {
 void CloseMapInfoLink() {
     if (IsInMapAction()) {
         if (gMapInfo != nullptr) {
-            gMapInfo->LinkType = kLinkClosed; // the action ends without it, and then the link
+            gMapInfo->LinkType = kLinkClosed; // ends with the action
         }
         return;
     }

@@ -10,7 +10,7 @@ namespace quandrel {
 
 namespace {
 
-/// More tables or layers than this are no sensible answer.
+/// A larger number of tables or layers is not plausible.
 constexpr std::int64_t kMostTables = 10000;
 
 constexpr std::int64_t kMapWindow = 1;
@@ -20,7 +20,7 @@ std::string Call(const char* name, std::int64_t number, const char* rest) {
     return std::string(name) + "(" + std::to_string(number) + rest;
 }
 
-/// A count that an expression gives; nothing when it is none.
+/// A count from an expression; nothing when the value is not a valid count.
 std::optional<std::int64_t> Count(const std::string& expression) {
     const std::optional<std::int64_t> count = MIEvalNumber(expression);
     return count && *count >= 0 && *count <= kMostTables ? count : std::nullopt;

@@ -12,7 +12,7 @@
 
 namespace quandrel {
 
-/// No statement is longer, in bytes, unless the head with a single row is.
+/// Longest statement, in bytes, unless a statement with a single row is longer.
 inline constexpr std::size_t kLongestSelect = 240;
 
 struct SelectStatements {
@@ -20,8 +20,8 @@ struct SelectStatements {
     std::size_t rowsInLast = 0; ///< rows of the last statement
 };
 
-/// "Select * From ", the table, " Where RowID = ", a row, and " or RowID = " with each further one,
-/// in as many statements as it takes. No row gives no statement. Pure. O(rows).
+/// "Select * From ", the table, " Where RowID = ", a row, and " or RowID = " with each further row,
+/// in as many statements as needed. Without rows there is no statement. Pure. O(rows).
 [[nodiscard]] SelectStatements BuildSelects(const std::string& table,
                                             std::span<const std::int32_t> rows);
 

@@ -44,10 +44,10 @@ enum MessageField : std::size_t {
     kFieldTool = 6
 };
 
-/// No row of a table has this number.
+/// Never the number of a table row.
 constexpr std::int32_t kNoMapRow = 0;
 
-/// What the session has selected by the program.
+/// The rows that the program has selected in the session.
 struct SentSelection {
     std::string table;
     std::vector<std::int32_t> rows;
@@ -56,11 +56,11 @@ struct SentSelection {
 SentSelection gSent;
 bool gFailureIsTold = false;
 
-/// Whose selection is linked.
+/// Origin of the selection that is linked.
 enum class Origin {
-    Search,  ///< of the program: the session is told it
-    Session, ///< the session's own
-    Quiet,   ///< the same, made in passing: no box says that no plot shows it
+    Search,  ///< a search by the program: the session has to be updated
+    Session, ///< the session's own selection
+    Quiet,   ///< the same, in passing: no message when no plot shows it
 };
 
 std::vector<std::string_view> FieldsOf(std::string_view text) {
@@ -75,7 +75,7 @@ std::vector<std::string_view> FieldsOf(std::string_view text) {
     }
 }
 
-/// A coordinate as statements have it: the shortest digits that lead back to it.
+/// A coordinate in statements: the shortest digits that read back as the value.
 std::string CoordinateText(double value) {
     std::array<char, 64> digits{};
     const bool isPlain = value == 0 || (std::abs(value) >= 1e-9 && std::abs(value) < 1e15);
@@ -88,7 +88,7 @@ void TellFailure() {
     TellInMapAction(kSelectionFailed);
 }
 
-/// A row number that an expression gives.
+/// A row number from an expression.
 std::optional<std::int32_t> EvalRow(const std::string& expression) {
     const std::optional<std::int64_t> row = MIEvalNumber(expression);
     if (!row || *row < 1 || *row > std::numeric_limits<std::int32_t>::max()) {
@@ -108,7 +108,7 @@ void AddRow(std::vector<MapRows>& found, const std::string& table, std::int32_t 
     }
 }
 
-/// The objects of the last search; nothing when the session gives no sense.
+/// The objects of the last search; nothing when the session's answers make no sense.
 std::optional<std::vector<MapRows>> FoundObjects(std::int64_t count) {
     std::vector<MapRows> found;
     for (std::int64_t i = 1; i <= std::min<std::int64_t>(count, gRowLimit); ++i) {
@@ -176,7 +176,7 @@ void SearchMap(const char* search, std::span<const double> corners) {
     });
 }
 
-/// Sends the statements of a selection. False when one of them was refused.
+/// Sends the statements of a selection. False when one was refused.
 [[nodiscard]] bool SendSelects(const std::string& table, std::span<const std::int32_t> rows) {
     constexpr std::array kNone = {kNoMapRow};
     const SelectStatements statements =
@@ -201,13 +201,13 @@ void SearchMap(const char* search, std::span<const double> corners) {
     return true;
 }
 
-/// The place of a selection: a plot, and the table that it is linked to.
+/// A plot and the linked table in which something was found.
 struct LinkedPlace {
     int slot = 0;
     const MapRows* rows = nullptr;
 };
 
-/// The plot that shows something of what was found: the active one, or the first of the others.
+/// The plot that shows some of the found rows: the active one, or the first of the others.
 LinkedPlace PlaceOf(const std::vector<MapRows>& found) {
     LinkedPlace place;
     for (const MapRows& rows : found) {
@@ -223,7 +223,7 @@ LinkedPlace PlaceOf(const std::vector<MapRows>& found) {
     return place;
 }
 
-/// Why nothing can be linked; empty when something can.
+/// The reason why nothing can be linked; empty when something can.
 std::string Obstacle(bool hasPlace) {
     if (!IsOpenSlot(gActivePlot)) {
         return "You do not yet have any plots to link with.";
@@ -237,7 +237,7 @@ std::string Obstacle(bool hasPlace) {
                       "Table.";
 }
 
-/// Marks the plot rows of a place. Gives the table rows that have one.
+/// Selects the plot rows of a place. Returns the table rows that have a plot row.
 std::vector<std::int32_t> MarkRows(const LinkedPlace& place) {
     std::vector<std::int32_t> geoRows;
     std::vector<std::int32_t> miRows;
@@ -276,7 +276,7 @@ void LinkRows(const std::vector<MapRows>& found, Origin origin) {
     ReplotActivePlot(false);
 }
 
-/// Marks what the session has selected.
+/// Selects in the plot what the session has selected.
 void LinkSessionSelection(Origin origin) {
     if (gBusy) {
         return;
@@ -294,7 +294,7 @@ void LinkSessionSelection(Origin origin) {
     });
 }
 
-/// The table rows of what is selected in a linked plot.
+/// The table rows of the selection in a linked plot.
 std::vector<std::int32_t> SelectedTableRows(const MIGeoLink& link) {
     std::vector<std::int32_t> rows;
     for (const std::int32_t geoRow : gSelectionRows) {
@@ -307,18 +307,18 @@ std::vector<std::int32_t> SelectedTableRows(const MIGeoLink& link) {
     return rows;
 }
 
-/// What the session should have selected by the selection in the plots: nothing when that is no
-/// matter of its tables.
+/// The selection that the session should have, by the selection in the plots: nothing when it does
+/// not concern the session's tables.
 std::optional<SentSelection> WantedSelection() {
     const MIGeoLink* link = gMIGeoLinks.Item(gMarqueeSlot);
     if (link != nullptr) {
         return SentSelection{link->MITableName, SelectedTableRows(*link)};
     }
-    // The rows that were selected are so no longer.
+    // The rows selected before are deselected.
     return gSent.rows.empty() ? std::nullopt : std::optional(SentSelection{gSent.table, {}});
 }
 
-/// Sends a selection of the plots. A failure is not told twice in a row.
+/// Sends a selection of the plots. Consecutive failures are reported once.
 void SendWanted(const SentSelection& wanted) {
     if (gBusy) {
         return;
@@ -387,7 +387,7 @@ void SelectPlotRowsInMap() {
 }
 
 void FollowSelectionInMap() {
-    // Within an action the selection comes from the map.
+    // During an action the selection comes from the map.
     if (!IsMapInfoLinked() || IsInMapAction()) {
         return;
     }

@@ -41,12 +41,12 @@ public:
         , plot_(ActivePlot())
         , record_(plot_.record) {}
 
-    /// False when nothing came of it.
+    /// False when nothing was pasted.
     [[nodiscard]] bool Run() {
         while (AskFormat() && SetUpPlot()) {
             const PassEnd end = ReadRows();
             if (!IsMapInfoLinked()) {
-                break; // half a table is none
+                break; // an incomplete table is not pasted
             }
             if (end != PassEnd::Left && (end == PassEnd::Retry || LoadFailed(gLastLoad))) {
                 DropRows();
@@ -115,7 +115,7 @@ private:
         ResetAppendedRange();
     }
 
-    /// Values of the session have decimal points, whatever the region.
+    /// Values of the session have decimal points in every region.
     [[nodiscard]] LineFormat FormatOfRows() const {
         LineFormat format = LineFormatFromGlobals(overlay_ > 0);
         if (record_.SecondaryFormat == kNoSecondary) {
@@ -147,7 +147,7 @@ private:
         return end;
     }
 
-    /// Takes the rows of a pass out again.
+    /// Removes the rows of a pass.
     void DropRows() {
         CutRows(plot_, before_.counts);
         RestoreRanges(record_, before_);
@@ -201,13 +201,13 @@ private:
     if (!IsOpenSlot(gActivePlot) || gMIGeoLinks.Item(gActivePlot) != nullptr) {
         return false;
     }
-    // Rows that are worked out from another plot stay among themselves.
+    // Rows computed from another plot are not mixed with others.
     const PlotRecord& record = ActiveRecord();
     return record.DataFull == 0 && record.KinematicState == 0 && record.AxesTitle.empty();
 }
 
-/// What is known of a table before its rows are read: its shape, and its first rows. Nothing, with
-/// a message, when it cannot be pasted.
+/// Facts about a table before its rows are read: its shape, and its first rows. Nothing, with a
+/// message, when it cannot be pasted.
 [[nodiscard]] std::optional<TableShape> ReadHead(const std::string& table,
                                                  const std::string& command, std::string& head) {
     const auto refuse = [](const std::string& text) {
@@ -241,7 +241,7 @@ bool IsEmptyPlot() {
            && gMIGeoLinks.Item(gActivePlot) == nullptr;
 }
 
-/// A window for the rows, if they need one.
+/// Opens a window for the rows if they need one.
 [[nodiscard]] bool OpenWindowFor(const std::string& command) {
     const bool needsNone = command == kMergeCommand || (command == kBlankCommand && IsEmptyPlot());
     return needsNone || PrepareNewPlotWindow();
@@ -258,7 +258,7 @@ std::string Paste(const std::string& table, const std::string& command) {
     const FormatSettings formerFormat = CurrentFormat();
     const bool isPasted = TablePaste(table, command, *std::move(shape), head).Run();
     SetMIStatus("");
-    // What was set for the table alone does not stay for files.
+    // Settings made for the table do not apply to files.
     if (isPasted) {
         gFileDelimiter = formerFormat.delimiter;
         gFileHasHeadings = formerFormat.hasHeadings;

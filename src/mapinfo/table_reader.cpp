@@ -19,10 +19,10 @@ namespace quandrel {
 
 namespace {
 
-/// Rows between two looks at the clock.
+/// Rows between two checks of the clock.
 constexpr std::int64_t kRowsBetweenLooks = 64;
 
-/// Reads the rows of a table into gActivePlot, behind its rows.
+/// Reads the rows of a table into gActivePlot, after its rows.
 class TableReader {
 public:
     TableReader(const std::string& table, const TableShape& shape, LineFormat format,
@@ -77,7 +77,7 @@ private:
         return columns;
     }
 
-    /// Stores the row that was fetched. False when reading ends at it.
+    /// Stores the row that was fetched. False when reading ends with it.
     [[nodiscard]] bool Take(std::int32_t tableRow, LoadCounters& counters) {
         const std::vector<std::string> values = ReadValues();
         if (!IsMapInfoLinked()) {
@@ -100,7 +100,7 @@ private:
         return TakeBadRow(row.status, line, tableRow, counters);
     }
 
-    /// The values of the columns that are read, in their order.
+    /// The values of the columns that are read, in column order.
     [[nodiscard]] std::vector<std::string> ReadValues() const {
         std::vector<std::string> values;
         for (const int column : link_.DataColumns) {
@@ -130,7 +130,8 @@ private:
         return line;
     }
 
-    /// Links a plot row to the row of the table, or that which a row of the selection comes from.
+    /// Links a plot row to the row of the table; for a row of the selection, to the one that it
+    /// comes from.
     void Link(std::int32_t index, std::int32_t tableRow) {
         if (base_.empty()) {
             link_.AddRow(index, tableRow);
@@ -170,7 +171,7 @@ private:
         return CountInARow(tableRow, counters);
     }
 
-    /// A row that the session cannot give.
+    /// Handles a row that the session cannot fetch.
     [[nodiscard]] bool PassOver(std::int32_t tableRow, LoadCounters& counters) {
         ++counters.invalidLines;
         ++invalidInARow_;
@@ -199,7 +200,7 @@ private:
     MIGeoLink& link_;
     Plot& plot_ = ActivePlot();
     std::int32_t badInARow_ = 0;
-    std::int32_t invalidInARow_ = 0; ///< of those
+    std::int32_t invalidInARow_ = 0; ///< the number of those
     bool isAsked_ = false;
     PassEnd end_ = PassEnd::Done;
 };

@@ -12,14 +12,13 @@
 
 namespace quandrel {
 
-/// Stores the rows of a table as rows of the active plot, behind its others: good ones as data,
-/// those that are no data as error rows, with a question at the first of them. Rows that cannot be
-/// fetched are left out. The progress bar shows how far it has come; a cancelled pass keeps the
-/// rows so far. It ends at the end of the table, after as many rows as the shape says, and when the
-/// session dies.
+/// Stores the rows of a table as rows of the active plot, after its others: valid ones as data,
+/// those without data as error rows, with a question at the first of them. Rows that cannot be
+/// fetched are left out. The progress bar shows the position; a cancelled pass keeps the rows
+/// stored so far. It ends at the end of the table, after as many rows as the shape says, and when
+/// the session dies.
 ///
-/// @param format         its slots are columns of the table, from 0; what parts the columns does
-/// not matter
+/// @param format         its slots are columns of the table, from 0; the delimiter does not matter
 /// @param[out] counters  counted from 0
 /// @param[out] link      the table, the columns read, and the rows that are data
 [[nodiscard]] PassEnd ReadTableRows(const std::string& table, const TableShape& shape,

@@ -11,10 +11,10 @@ namespace quandrel {
 
 namespace {
 
-/// Rows that the format dialog shows.
+/// Number of rows that the format dialog shows.
 constexpr std::int64_t kRowsShown = 20;
 
-/// A value as a cell of a text with tabs.
+/// A value as a cell of tab-separated text.
 std::string CellOf(std::string value) {
     std::replace_if(
         value.begin(), value.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; },
@@ -26,7 +26,7 @@ bool IsTrue(std::string_view text) {
     return text.starts_with('T') || text.starts_with('t');
 }
 
-/// True when the fetch before has gone beyond the last row, or the session is gone.
+/// True when the last fetch went past the last row, or the session is gone.
 bool IsAtEnd(const std::string& table) {
     const std::optional<std::string> end = MIEval("EOT(" + table + ")");
     return !IsMapInfoLinked() || (end && IsTrue(*end));

@@ -11,17 +11,18 @@
 
 namespace quandrel {
 
-/// What the session says of a table.
+/// The session's description of a table.
 struct TableShape {
     std::int64_t rows = 0;
     int columns = 0;
-    std::vector<std::string> names; ///< of the columns
+    std::vector<std::string> names; ///< column names
 };
 
-/// A table has no more columns than this.
+/// Largest number of columns of a table.
 inline constexpr std::int64_t kMostTableColumns = 4096;
 
-/// Rows and columns of a table; without the names. Nothing when the session gives no sense.
+/// Rows and columns of a table, without the names. Nothing when the session's answers make no
+/// sense.
 [[nodiscard]] std::optional<TableShape> ReadTableShape(const std::string& table);
 
 /// The names of the columns of a table; false as above.
@@ -30,18 +31,18 @@ inline constexpr std::int64_t kMostTableColumns = 4096;
 /// How the fetch of a row ended.
 enum class RowFetch {
     Fetched,
-    Failed, ///< this row cannot be had
+    Failed, ///< this row cannot be fetched
     AtEnd,  ///< there is no such row
 };
 
-/// Lets the session stand at a row of a table.
+/// Moves the session's cursor to a row of a table.
 [[nodiscard]] RowFetch FetchRow(const std::string& table, std::int64_t row);
 
-/// The value of a column, from 1, in the row that was fetched; empty when it was refused.
+/// The value of a column, from 1, in the fetched row; empty when the session refused it.
 [[nodiscard]] std::string ColumnValue(const std::string& table, int column);
 
-/// The first rows of a table as a text with tabs, its first line the names of the columns. The
-/// session must stand at the first row.
+/// The first rows of a table as tab-separated text whose first line has the column names. The
+/// session's cursor must be at the first row.
 [[nodiscard]] std::string TableHead(const std::string& table, const TableShape& shape);
 
 } // namespace quandrel
