@@ -58,7 +58,7 @@ bool IsHelpFolder(const fs::path& folder) {
 
 std::optional<fs::path> FindHelpFolder(const fs::path& programFolder) {
     const fs::path parent = programFolder.parent_path();
-    // Build trees lie in build/<preset>, their programs one folder deeper.
+    // Build trees are in build/<preset>, their programs one folder deeper.
     for (const fs::path& folder :
          {parent / "share" / "quandrel" / kHelpFolderName, programFolder / kHelpFolderName,
           parent.parent_path().parent_path() / "docs" / "help"}) {
@@ -74,7 +74,7 @@ std::span<const HelpTopic> HelpTopics() {
 }
 
 std::string_view HelpPageOf(std::string_view window) {
-    // Windows of which there are several bear a number.
+    // Windows with several instances have a number.
     window = window.substr(0, window.find('_'));
     const auto found = std::ranges::find(kTopics, window, &HelpTopic::window);
     return found != kTopics.end() ? found->page : std::string_view();
@@ -102,7 +102,7 @@ Result<HelpLibrary> HelpLibrary::Read(const fs::path& folder) {
     std::ranges::sort(pages);
     for (const fs::path& page : pages) {
         const std::string name = page.filename().string();
-        // Lists of all there is would be hits for everything.
+        // Complete lists would be hits for every query.
         if (name == kHelpContentsPage || name == kHelpIndexPage) {
             continue;
         }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The help as it lies in its folder: its pages with their search, its contents and its index; where
-// the folder is; and which page belongs to which window.
+// The help: its folder, its pages with their search, its contents and its index, and the page of
+// each window.
 //
-// Enters: pages of HTML from the help's folder, words to search, names of windows.
-// Leaves: pages and what was found in them, as values. What a page looks like is the window's
-// matter; nothing here knows plots.
+// Input: HTML pages from the help's folder, search words, names of windows. Output: pages and
+// search results as values. The window displays them; nothing here knows plots.
 
 #pragma once
 
@@ -22,49 +21,50 @@
 
 namespace quandrel {
 
-/// Name of the folder where the program is installed.
+/// Name of the folder in an installation.
 inline constexpr const char* kHelpFolderName = "Quandrel_Help";
 
 inline constexpr const char* kHelpContentsPage = "contents.html";
 inline constexpr const char* kHelpIndexPage = "terms.html";
 inline constexpr const char* kHowToUseHelpPage = "using_help.html";
 
-/// What is shown when the help cannot be read.
+/// The message shown when the help cannot be read.
 inline constexpr const char* kHelpFailureTitle = "Quandrel Help not displaying";
 inline constexpr const char* kHelpFailureText =
     "There has been an error caused accessing Help and the attempt will be aborted. Please let the "
     "author know of any problem here";
 
-/// The help folder of a program: that of an installation, then that of the sources that it was
-/// built from. Nothing when there is neither.
+/// The help folder of a program: that of an installation, else that of the sources that it was
+/// built from. Nothing when neither exists.
 ///
-/// @param programFolder  where the program file lies
+/// @param programFolder  folder of the program file
 [[nodiscard]] std::optional<std::filesystem::path>
 FindHelpFolder(const std::filesystem::path& programFolder);
 
-/// A window class with its page.
+/// A window class and its page.
 struct HelpTopic {
     std::string_view window;
-    std::string_view page; ///< perhaps with "#" and an anchor
+    std::string_view page; ///< may end with "#" and an anchor
 };
 
 /// All windows that have a page.
 [[nodiscard]] std::span<const HelpTopic> HelpTopics();
 
-/// The page of a window class or of a panel by its name; empty when it has none.
+/// The page of a window class, or of a panel, by its name; empty when it has none.
 [[nodiscard]] std::string_view HelpPageOf(std::string_view window);
 
 class HelpLibrary {
 public:
-    /// Reads all pages of a folder. Fails, with kHelpFailureText, without a readable contents page.
+    /// Reads all pages of a folder. Fails, with kHelpFailureText, when the contents page cannot be
+    /// read.
     [[nodiscard]] static Result<HelpLibrary> Read(const std::filesystem::path& folder);
 
     [[nodiscard]] const std::vector<HelpEntry>& Contents() const { return contents_; }
 
-    /// The terms of the index page, without its letters, in their order.
+    /// The terms of the index page, without its letter headings, in order.
     [[nodiscard]] const std::vector<HelpEntry>& Index() const { return index_; }
 
-    /// Pages by their words; see HelpSearch.
+    /// Searches the pages for words; see HelpSearch.
     [[nodiscard]] std::vector<HelpHit> Find(std::string_view query) const {
         return search_.Find(query);
     }

@@ -17,11 +17,11 @@ constexpr double kTextWeight = 1;
 constexpr double kHeadingWeight = 6;
 constexpr double kTitleWeight = 20;
 
-/// Bytes about the first place of a word that an excerpt shows.
+/// Bytes before and after the first match of a word that an excerpt shows.
 constexpr std::size_t kExcerptBefore = 60;
 constexpr std::size_t kExcerptLength = 180;
 
-/// Length of the UTF-8 sequence that begins with a byte.
+/// Length of the UTF-8 sequence that begins with this byte.
 std::size_t LengthOfSequence(unsigned char first) {
     if (first < 0xC0) {
         return 1;
@@ -29,8 +29,8 @@ std::size_t LengthOfSequence(unsigned char first) {
     return first < 0xE0 ? 2U : first < 0xF0 ? 3U : 4U;
 }
 
-/// Letters and digits: of ASCII, and of the scripts up to the punctuation at U+2000 but for the
-/// signs before U+00C0.
+/// Letters and digits: those of ASCII, and of all scripts up to the punctuation at U+2000 except
+/// the signs below U+00C0.
 bool IsWordSequence(std::string_view sequence) {
     const auto first = static_cast<unsigned char>(sequence[0]);
     if (first < 0x80) {
@@ -45,7 +45,7 @@ struct Span {
     std::size_t length = 0;
 };
 
-/// Where the words of a text stand.
+/// The positions of the words of a text.
 std::vector<Span> SpansOfWords(std::string_view text) {
     std::vector<Span> spans;
     bool inWord = false;
@@ -65,7 +65,7 @@ std::vector<Span> SpansOfWords(std::string_view text) {
     return spans;
 }
 
-/// The first word of a text that begins so.
+/// The first word of a text that begins with `start`.
 std::optional<Span> FindWord(std::string_view text, const std::string& start) {
     for (const Span& span : SpansOfWords(text)) {
         if (LowerCase(std::string(text.substr(span.start, span.length))).starts_with(start)) {
@@ -75,7 +75,7 @@ std::optional<Span> FindWord(std::string_view text, const std::string& start) {
     return std::nullopt;
 }
 
-/// A piece of a text about a place, cut between words.
+/// A piece of a text around a position, cut between words.
 std::string ExcerptAbout(const std::string& text, std::size_t place) {
     std::size_t first = place > kExcerptBefore ? place - kExcerptBefore : 0;
     if (first > 0) {

@@ -37,7 +37,7 @@ std::string Utf8Of(std::uint32_t code) {
     return bytes;
 }
 
-/// What stands for "&name;", or nothing for a name that is not known.
+/// The character for "&name;", or nothing for an unknown name.
 std::optional<std::string> CharacterOf(std::string_view name) {
     static constexpr std::array<std::pair<std::string_view, std::uint32_t>, 14> kNames = {{
         {"amp", '&'},
@@ -65,7 +65,7 @@ std::optional<std::string> CharacterOf(std::string_view name) {
     return found != kNames.end() ? std::optional(Utf8Of(found->second)) : std::nullopt;
 }
 
-/// A text with its named characters put in.
+/// A text with its character references replaced.
 std::string Decoded(std::string_view text) {
     std::string plain;
     while (!text.empty()) {
@@ -84,7 +84,7 @@ std::string Decoded(std::string_view text) {
     return plain;
 }
 
-/// A text with every run of blanks as one, and none at its ends.
+/// A text with each run of blanks replaced by one, and none at its ends.
 std::string Collapsed(std::string_view text) {
     std::string result;
     bool gap = false;
@@ -134,7 +134,7 @@ Tag TagOf(std::string_view inner) {
     return tag;
 }
 
-/// Hands the tags and the texts of a page to a reader, in their order. Comments are passed over.
+/// Passes the tags and the texts of a page to a reader, in order. Comments are skipped.
 template <class Reader>
 void Walk(std::string_view html, Reader& reader) {
     while (!html.empty()) {
@@ -163,7 +163,7 @@ bool IsHeading(std::string_view name) {
     return name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '4';
 }
 
-/// Tags within a line: they part no words.
+/// Tags within a line: they do not separate words.
 bool IsInline(std::string_view name) {
     static constexpr std::array<std::string_view, 8> kInline = {"a",   "b",   "i",    "em",
                                                                 "sub", "sup", "code", "span"};
