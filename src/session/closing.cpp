@@ -20,8 +20,7 @@ namespace quandrel {
 
 namespace {
 
-/// A question is up. A second closing has to wait for its answer: both would ask about the same
-/// plots.
+/// A question is open. A second closing waits for its answer: both would ask about the same plots.
 bool asking = false;
 
 class Asking {
@@ -34,7 +33,7 @@ public:
     Asking& operator=(const Asking&) = delete;
 };
 
-/// The answers that hold for all plots that are asked about in one closing.
+/// The answers that apply to all plots of one closing.
 struct StandingAnswers {
     bool saveAll = false;
     bool skipAll = false;
@@ -67,7 +66,7 @@ std::string QuestionAbout(int slot) {
     }
 }
 
-/// The question about one of several plots, whose answer may hold for those behind it.
+/// The question about one of several plots; its answer may apply to the later ones.
 [[nodiscard]] bool AskAboutOneOfAll(int slot, StandingAnswers& standing) {
     FormOf(slot).Raise();
     const std::string title = "Quandrel   " + RecordOf(slot).PlotTitle;
@@ -100,7 +99,7 @@ std::string QuestionAbout(int slot) {
                : AskAboutOne(slot);
 }
 
-/// The open plots by their slots, the active one first.
+/// The slots of the open plots, the active one first.
 std::vector<int> OpenSlots() {
     std::vector<int> slots;
     if (IsOpenSlot(gActivePlot)) {
@@ -114,7 +113,7 @@ std::vector<int> OpenSlots() {
     return slots;
 }
 
-/// What is under way on a plot, or kept of it, ends.
+/// Ends everything in progress on a plot, and what is kept for it.
 void LeaveEditsOf(int slot) {
     if (slot == gActivePlot) {
         CancelGirdlePull();
@@ -131,7 +130,7 @@ bool HoldsUnsavedData(int slot) {
     if (record.Modified != 0) {
         return true;
     }
-    // What was worked out from another plot can be worked out again.
+    // A plot computed from another one can be computed again.
     return record.AxesTitle.empty() && record.NumFiles == 0 && record.NumValidData > 0;
 }
 

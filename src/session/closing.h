@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Closing plots: which of them hold something that would be lost, the questions about those, and
-// the end of a plot.
+// Closing plots: which of them hold unsaved data, the questions about these, and the end of a plot.
 
 #pragma once
 
@@ -10,7 +9,7 @@
 
 namespace quandrel {
 
-/// What closes.
+/// What is being closed.
 enum class Closing {
     OneWindow,
     AllWindows,
@@ -23,26 +22,26 @@ enum class Closing {
 /// True when an open plot holds data that closing it would lose.
 [[nodiscard]] bool IsAnyPlotUnsaved();
 
-/// The files that the open plots were opened from or saved to, by slots; empty for a plot without.
+/// The files that the open plots were opened from or saved to, by slot; empty for a plot without
+/// one.
 [[nodiscard]] std::map<int, std::string> FilesOfOpenPlots();
 
-/// Asks about the unsaved data of a plot, whose window comes to the front, and saves it if the user
+/// Brings the plot's window to the front, asks about its unsaved data, and saves it if the user
 /// wishes.
 /// @return false when the plot has to stay open: the user cancelled, or the plot was not saved
 [[nodiscard]] bool QueryClose(int slot, Closing closing = Closing::OneWindow);
 
-/// Closes a plot without asking; plots that were worked out from it stand on their own then.
+/// Closes a plot without asking; plots computed from it become independent.
 void CloseWithLinks(int slot);
 
-/// Asks about a plot, then closes it. False when it stays open.
+/// Asks about a plot, then closes it. False when the plot stays open.
 bool ClosePlotWindow(int slot);
 
-/// Asks about all open plots, the active one first, then closes all. False when they stay open, all
-/// of them.
+/// Asks about all open plots, the active one first, then closes all. False when they all stay open.
 bool CloseAllPlots(Closing closing);
 
-/// Saves all open plots that have unsaved data. A plot that could not be saved does not keep the
-/// others from being saved; a cancelled question ends the run.
+/// Saves all open plots that have unsaved data. When one plot cannot be saved, the others still
+/// are; a cancelled question ends the run.
 /// @return false when a plot is still unsaved
 bool SaveAllPlots();
 

@@ -14,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// The planes of the girdles that have a text of one.
+/// Updates the texts of the girdles that show one: the plane whose pole is the girdle's.
 void NameGirdles(PlotRecord& record) {
     for (std::size_t item = kFirstUserGirdle; item < record.AxisItems.size(); ++item) {
         auto& values = record.AxisItems[item];

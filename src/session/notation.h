@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What follows a change of the notation of orientations in the plots that are open.
+// Updates open plots after a change of the notation of orientations.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// What decides how orientations are written.
+/// The settings for writing orientations.
 struct Notation {
     std::int16_t conventions = 0;
     std::string planeSeparator;
@@ -20,8 +20,8 @@ struct Notation {
 
 [[nodiscard]] Notation NotationInForce();
 
-/// Writes the texts of all open stereo plots anew: statistics, girdles, and legends that hold
-/// orientations. The plots stay as they are otherwise; gActivePlot stays.
+/// Rewrites the orientation texts of all open stereo plots: statistics, girdles, and legends that
+/// hold orientations. The plots are otherwise unchanged; gActivePlot stays.
 void RenewOrientationTexts();
 
 } // namespace quandrel

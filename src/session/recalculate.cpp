@@ -28,7 +28,7 @@ void UseFormulas(Formulas formulas) {
         if (ActiveRecord().PlotKind != kRose) {
             ComputeFabricStatistics();
         }
-        RedrawPlot(slot); // a rose is stale under other formulas
+        RedrawPlot(slot); // a rose made with other formulas is outdated
         WriteStatisticsBoxes();
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Working plots out anew at the user's wish.
+// Recalculating plots at the user's request.
 
 #pragma once
 
@@ -8,12 +8,12 @@
 
 namespace quandrel {
 
-/// Works everything of gActivePlot out anew and draws it. What was asked and answered of a rose is
-/// asked again; overlays of secondary data take over what the rows hold now.
+/// Recalculates everything in gActivePlot and redraws it. Questions about a rose are asked again;
+/// overlays of secondary data take the present values of the rows.
 void RecalculateActivePlot();
 
-/// Takes the formulas as those in force, works the statistics of all open plots out by them, and
-/// draws the plots.
+/// Sets the formulas in force, recalculates the statistics of all open plots with them, and redraws
+/// the plots.
 void UseFormulas(Formulas formulas);
 
 } // namespace quandrel

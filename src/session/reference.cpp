@@ -14,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// The reference of P and of T axes apart, each name with its axis in front.
+/// The separate references of P and T axes; the axis precedes each name.
 std::vector<ReferenceLine> ReferenceOfBothAxes() {
     std::vector<ReferenceLine> lines;
     for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {

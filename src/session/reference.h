@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The statistics of the active plot in full precision, whatever kind of plot it is.
+// The statistics of the active plot in full precision, for any kind of plot.
 
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace quandrel {
 
-/// The numbers in their order, with what the statistics boxes print where it differs. None for a
-/// plot without statistics. The statistics must have been worked out.
+/// The numbers in order, with the statistics boxes' text where it differs. Empty for a plot without
+/// statistics. The statistics must have been computed.
 [[nodiscard]] std::vector<ReferenceLine> ReferenceOfActivePlot();
 
 } // namespace quandrel

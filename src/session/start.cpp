@@ -34,9 +34,9 @@ constexpr const char* kUsage =
     "Usage: quandrel [OPTION]... [FILE]...\n"
     "Stereonets and rose diagrams for structural geologists.\n"
     "Each FILE is opened: a data file, a plot file (.qpx) or a workspace (.qwo).\n\n"
-    "  -h, --help     print this and leave\n"
-    "  -v, --version  print the version and leave\n\n"
-    "The options of all Qt programs, such as -style, are understood too.\n"
+    "  -h, --help     print this and exit\n"
+    "  -v, --version  print the version and exit\n\n"
+    "The options of all Qt programs, such as -style, are accepted too.\n"
     "For scripts there is quandrel-batch.\n";
 
 bool OpenRecentFile(std::size_t number) {
@@ -47,7 +47,7 @@ bool OpenRecentFile(std::size_t number) {
     if (OpenPlotFile("File" + path) != kLoadError) {
         return true;
     }
-    // A file that has gone was told of, and is not offered again.
+    // A missing file was reported, and is removed from the list.
     std::error_code unreadable;
     if (!std::filesystem::exists(path, unreadable)) {
         RemoveRecentFile(path);
@@ -61,8 +61,8 @@ void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectDrawing();
     FollowRowsOfPlots();
-    // A derived plot closes with its parent's, without a question. The slot may be another plot's
-    // next, which the steps of the former one are no part of.
+    // A derived plot closes with its parent's, without a question. Its slot may be reused by
+    // another plot, to which the steps of the previous one do not apply.
     gRowFollower.closed = [cutLink = std::exchange(gRowFollower.closed, {})](int slot) {
         cutLink(slot);
         ForgetUndo(slot);
@@ -101,7 +101,7 @@ std::optional<AnswerOnTerminal> AnswerToOptions(const std::vector<std::string>& 
         if (argument.size() > 1 && argument.starts_with('-')
             && !std::filesystem::is_regular_file(argument, unreadable)) {
             return AnswerOnTerminal{
-                "quandrel: '" + argument + "' is no option; see quandrel --help\n", 2};
+                "quandrel: '" + argument + "' is not an option; see quandrel --help\n", 2};
         }
     }
     return std::nullopt;
@@ -151,7 +151,7 @@ bool IntroStart(int index) {
     }
     if (index == kStartMapLink) {
         static_cast<void>(StartMapInfoLink());
-        return false; // no plot has come of it yet
+        return false; // no plot was opened
     }
     const std::int16_t formerKind = gPlotKind;
     if (index == kStartRose) {

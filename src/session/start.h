@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Bringing the program up: the engine's folders are connected here, and nowhere else.
+// Starting the program: the folders of the engine are connected here, and nowhere else.
 //
-// Inside the folder: how a session starts and closes, what its menus offer, where its windows
-// stand.
-// Enters: the arguments of a command line, the settings, the state of the store.
-// Leaves: an engine that is ready, plots that are closed after the questions they call for, and the
-// state of each command as a value that window and scripts read.
+// This folder holds the start and the closing of a session, the state of its menus, and the
+// positions of its windows. Input: the arguments of a command line, the settings, the state of the
+// store. Output: an engine that is ready, plots that are closed after the necessary questions, and
+// the state of each command as a value for window and scripts.
 
 #pragma once
 
@@ -16,22 +15,22 @@
 
 namespace quandrel {
 
-/// Makes the engine ready: decimal delimiter, style tables, settings, printers, an empty store, and
-/// who draws plots. gPlatform must be set.
+/// Initialises the engine: decimal delimiter, style tables, settings, printers, an empty store, and
+/// the procedure that draws plots. gPlatform must be set.
 void InitialiseApplication();
 
 /// The path of an existing file among the arguments of the command line (without the program's
-/// name), which may have been cut at its blanks, or an empty text.
+/// name), whose path may have been split at its blanks; or an empty text.
 [[nodiscard]] std::string GetCommandLineFile(const std::vector<std::string>& arguments);
 
-/// What a command line comes to that opens no window.
+/// The answer to a command line that opens no window.
 struct AnswerOnTerminal {
     std::string text;
-    int exitCode = 0; ///< 0: the text was asked for; 2: it is a complaint, for standard error
+    int exitCode = 0; ///< 0: the text was requested; 2: it is an error, for standard error
 };
 
-/// The answer to --help (-h), --version (-v) and options that there are none of; nothing when the
-/// program is to start. Arguments that are files, or after "--", are no options.
+/// The answer to --help (-h), --version (-v) and invalid options; nothing when the program is to
+/// start. Arguments that are files, or come after "--", are not options.
 ///
 /// @param arguments  without the program's name and the options of Qt
 [[nodiscard]] std::optional<AnswerOnTerminal>
@@ -39,18 +38,18 @@ AnswerToOptions(const std::vector<std::string>& arguments);
 
 /// What the command line names.
 struct NamedFiles {
-    std::vector<std::string> files;   ///< that are there, in their order
+    std::vector<std::string> files;   ///< those that exist, in order
     std::vector<std::string> missing; ///< the other arguments
 };
 
-/// The files that the arguments of the command line name: one whose path was cut at its blanks, as
-/// GetCommandLineFile has it, or one for each argument.
+/// The files named on the command line: one whose path was split at its blanks, as for
+/// GetCommandLineFile, or one for each argument.
 [[nodiscard]] NamedFiles FilesOfCommandLine(const std::vector<std::string>& arguments);
 
-/// What to tell of the missing ones; empty where none is.
+/// The message about missing files; empty when there are none.
 [[nodiscard]] std::string TextOfMissing(const NamedFiles& named);
 
-/// The start command of the first recent file; the others follow it.
+/// The start command of the first recent file; those of the others follow.
 inline constexpr int kFirstRecentFile = 91;
 
 /// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 6 a

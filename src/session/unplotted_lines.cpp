@@ -20,12 +20,12 @@ bool HasErrorLines() {
     return !gErrorLines[static_cast<std::size_t>(gActivePlot)].empty();
 }
 
-/// True for a plot that the workspace opened.
+/// True for a plot that the workspace has opened.
 bool ComesFrom(const OpenedWorkspace& workspace, const PlotRecord& record) {
     return std::ranges::find_first_of(record.FileNames, workspace.opened) != record.FileNames.end();
 }
 
-/// The files that did not open with the active plot, a line each; empty when there are none.
+/// The files that did not open with the active plot, one line each; empty when all did.
 std::string MissingFilesText() {
     const OpenedWorkspace& workspace = LastOpenedWorkspace();
     if (workspace.missing.empty() || !ComesFrom(workspace, ActiveRecord())) {
@@ -39,7 +39,7 @@ std::string MissingFilesText() {
     return text;
 }
 
-/// The lines that are no data, by their row.
+/// The lines without data, by row.
 std::string ErrorLinesText() {
     const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
     std::vector<std::pair<std::int32_t, std::string>> ordered(lines.begin(), lines.end());

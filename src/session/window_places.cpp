@@ -14,7 +14,7 @@ namespace {
 constexpr int kFirstTop = 50 / kUnitsPerPixel;
 constexpr int kCascadeStep = 26;
 constexpr int kCascadeLength = 8;
-constexpr int kBoxesBesideNet = 300; ///< room for legend and statistics
+constexpr int kBoxesBesideNet = 300; ///< width for legend and statistics
 
 bool LiesOn(const WindowRect& rect, const WindowRect& screen) {
     return rect.left >= screen.left && rect.top >= screen.top

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Sizes and places of windows, and how they last. Settings keep them in 1/1440 inch, of which a
-// logical pixel has 15.
+// Sizes and positions of windows, and how they are saved. Settings keep them in 1/1440 inch; a
+// logical pixel is 15 of these.
 
 #pragma once
 
@@ -13,7 +13,7 @@ inline constexpr int kUnitsPerPixel = 15;
 inline constexpr int kSmallestMainWidth = 800; ///< a smaller main window starts maximised
 inline constexpr int kSmallestMainHeight = 600;
 
-/// A place in logical pixels.
+/// A position and size in logical pixels.
 struct WindowRect {
     int left = 0;
     int top = 0;
@@ -30,26 +30,28 @@ struct MainWindowStart {
     WindowRect rect;
 };
 
-/// The last place of the main window, as the settings keep it.
+/// The last position of the main window, from the settings.
 [[nodiscard]] WindowRect KeptMainWindowRect();
 
-/// Where the main window opens. It is maximised where its last place lies off the screen or is too
-/// small to work in.
+/// The initial position of the main window. It is maximised when its last position is off the
+/// screen or too small to work in.
 [[nodiscard]] MainWindowStart StartOfMainWindow(const WindowRect& screen);
 
-/// Keeps state and, of a window neither minimised nor maximised, place of the main window for the
-/// next start.
+/// Saves the state of the main window for the next start, and its position unless it is minimised
+/// or maximised.
 void KeepMainWindowPlace(WindowState state, const WindowRect& rect);
 
-/// Where the window of a new plot opens in the room for plots: as wide as the settings say, with
-/// the same ratio of height to width, cut to the room, and a step down and right of the one before.
+/// The position of a new plot's window in the area for plots: as wide as the settings say, with
+/// their ratio of height to width, cut to the area, and one step down and right of the previous
+/// one.
 [[nodiscard]] WindowRect NewPlotWindowPlace(int slot, int mainWidth, int roomWidth, int roomHeight);
 
-/// Where the first plot opens in an empty room: over all its height, and as wide as the settings
-/// say, but not below 60% of the room and with room for legend and statistics beside the net.
+/// The position of the first plot in an empty area: its full height, and as wide as the settings
+/// say, but at least 60% of the area and wide enough for legend and statistics beside the net.
 [[nodiscard]] WindowRect FirstPlotWindowPlace(int mainWidth, int roomWidth, int roomHeight);
 
-/// The user has given a plot window another size: windows to come follow while the settings say so.
+/// Called after the user has resized a plot window: later windows get that size if the settings say
+/// so.
 void KeepPlotWindowSize(int width, int height, int mainWidth);
 
 } // namespace quandrel

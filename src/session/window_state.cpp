@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// The drawing mode of a symbol button 0 to 6. There is no button of mode 2.
+/// The drawing mode of a symbol button 0 to 6. Mode 2 has no button.
 int ModeOfButton(int button) {
     return button < 2 ? button : button + 1;
 }
@@ -26,7 +26,7 @@ bool IsGridMode(int mode) {
     return mode == kGridDensitySymbols || mode == kContours || mode == kContoursAndGrid;
 }
 
-/// The symbol buttons of a plot with overlays act on the top one, and only on planes.
+/// In a plot with overlays the symbol buttons act on the top one, and only on planes.
 void SetTopOverlayButtons(ToolbarState& state, const PlotRecord& record) {
     const std::int16_t kind =
         record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
@@ -102,14 +102,14 @@ bool HasSelectionOn(int slot) {
 }
 
 /// Rows of the overlay of the secondary data belong to the main rows, those of a linked plot to a
-/// table: neither are taken out here.
+/// table: neither can be removed here.
 bool KeepsItsRows(const PlotRecord& record) {
     const bool hasSecondaryBelow =
         record.SelectedOverlay > 0 && record.SelectedOverlay != record.OverlayRows[kOverlayCount];
     return hasSecondaryBelow || record.MapInfoLinked != 0;
 }
 
-/// The items that are about the selection of the active plot.
+/// The items for the selection of the active plot.
 void SetSelectionItems(EditMenuState& state, const PlotRecord& record) {
     const bool isRows = gActiveLayer == kDataLayer;
     const bool isBeta = isRows && record.PlotSymbolMode == kBetaIntersections;
@@ -177,7 +177,7 @@ EditMenuState StateOfEditMenu() {
     if (HasSelectionOn(gActivePlot)) {
         SetSelectionItems(state, record);
     } else {
-        state.copy = state.unselect; // from the plot where the selection is
+        state.copy = state.unselect; // from the plot that has the selection
     }
     state.selectAll = record.NumLoadedData > 0 || HasAnnotations(record);
     state.removeOverlay = record.OverlayRows[kOverlayCount] >= 1
@@ -239,7 +239,7 @@ void PressPlotType(int button) {
 void PressDataType(int button) {
     const auto kind = static_cast<std::int16_t>(button + 1);
     if (IsOpenSlot(gActivePlot)) {
-        // What the user answers shows in the buttons, which follow the record.
+        // The buttons follow the record, so they show the user's answer.
         static_cast<void>(ChangeDataKind(kind));
     } else if (!gBusy) {
         gPlotDataKind = kind;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What the buttons and menus have to show for the active plot: which of them can be used, which are
-// down, and the captions that change. It is read from the store anew whenever something may have
-// changed; windows only pass it on.
+// The state of buttons and menus for the active plot: which can be used, which are down, and the
+// captions that change. It is read from the store again whenever something may have changed;
+// windows only display it.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// A button, or the menu item that presses it.
+/// A button, or the menu item with the same action.
 struct ControlState {
     bool enabled = false;
     bool down = false;
@@ -37,22 +37,21 @@ struct ToolbarState {
     bool gridDensity = false;   ///< the mode in force counts on the grid
     bool hasPlot = false;       ///< a plot is open
     bool hasRows = false;       ///< it has valid rows
-    bool isStereo = false;      ///< it is no rose
+    bool isStereo = false;      ///< it is not a rose
     bool hasSeveralPlots = false;
     bool showsLegend = false;
 };
 
-/// The state for the active plot, or for none. Without a plot the types are those of the next new
-/// plot.
+/// The state for the active plot. Without a plot the types are those of the next new plot.
 [[nodiscard]] ToolbarState StateOfToolbar();
 
-/// Captions and tips that follow the plot.
+/// Captions and tips that depend on the plot.
 struct MenuCaptions {
-    std::string plotSecondary;   ///< goes to the other set
-    std::string viewAdvStats;    ///< goes to the other box
+    std::string plotSecondary;   ///< switches to the other set
+    std::string viewAdvStats;    ///< switches to the other box
     std::string viewAnnotations; ///< hides or shows them
     std::string annotationTip;   ///< the same for the button
-    std::string greatCircles;    ///< the first two symbols: of the top overlay where there is one
+    std::string greatCircles;    ///< the first two symbols: those of the top overlay, if any
     std::string pointSymbols;
 };
 
@@ -84,27 +83,27 @@ struct UndoState {
     std::string redoCaption;
 };
 
-/// Looks whether the plot of the last edit stands as it was left. O(rows) of that plot.
+/// Checks whether the plot of the last edit is unchanged since. O(rows) of that plot.
 [[nodiscard]] UndoState StateOfUndo();
 
-/// What can be done with the mouse on gActivePlot as it stands; empty without a plot, and where the
-/// plot cannot be edited.
+/// What can be done with the mouse on gActivePlot as it is; empty without a plot, and when the plot
+/// cannot be edited.
 [[nodiscard]] std::string HintOfActivePlot();
 
 /// What "Paste" would do.
 struct PasteState {
-    std::string caption = "&Paste"; ///< says what kind of text is on the clipboard
+    std::string caption = "&Paste"; ///< states the kind of text on the clipboard
     bool enabled = false;
 };
 
-/// Reads the clipboard, whose owner may take its time.
+/// Reads the clipboard; may wait for the program that owns it.
 [[nodiscard]] PasteState StateOfPaste();
 
-/// Makes a kind of plot that of the active plot, or without one of the next new plot.
+/// Sets the plot type of the active plot, or without one that of the next new plot.
 void PressPlotType(int button);
 
-/// Makes a kind of data that of the active plot, after a question when it has rows, or without one
-/// of the data to come.
+/// Sets the data type of the active plot, after a question when it has rows, or without a plot that
+/// of the next data.
 void PressDataType(int button);
 
 } // namespace quandrel

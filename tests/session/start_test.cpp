@@ -69,7 +69,7 @@ TEST_F(Start, UnknownOptionsAreRefusedAndFilesAreNone) {
     const auto answer = AnswerToOptions({"--full-screen"});
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->exitCode, 2);
-    EXPECT_EQ(answer->text, "quandrel: '--full-screen' is no option; see quandrel --help\n");
+    EXPECT_EQ(answer->text, "quandrel: '--full-screen' is not an option; see quandrel --help\n");
     EXPECT_FALSE(AnswerToOptions({}));
     EXPECT_FALSE(AnswerToOptions({"-"}));
     EXPECT_FALSE(AnswerToOptions({WriteFile("a.txt", ""), "missing.txt"}));

@@ -32,7 +32,7 @@ done
 export QT_QPA_PLATFORM=offscreen
 run --no-such-option
 [ "$code" = 2 ] || fail "an unknown option ended with $code"
-grep -q "'--no-such-option' is no option" "$folder/err" || fail "no complaint: $(cat "$folder/err")"
+grep -q "'--no-such-option' is not an option" "$folder/err" || fail "no complaint: $(cat "$folder/err")"
 [ ! -s "$folder/out" ] || fail "a complaint on standard output"
 run -style fusion --version
 [ "$code" = 0 ] || fail "an option of Qt beside --version ended with $code"
