@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kCopyBegin = "plot_";
 
-// The names follow the plot: texts that each end in a zero byte, then how many bytes these are in
+// The names follow the plot: texts that each end with a zero byte, then their length in bytes as
 // kLengthDigits digits, then the mark.
 constexpr std::string_view kNamesMark = "QuandrelRecovery";
 constexpr std::size_t kLengthDigits = 10;
@@ -35,7 +35,7 @@ void AddList(std::string& block, const std::vector<std::string>& list) {
     }
 }
 
-/// The texts at the end of a copy; empty where there are none.
+/// The texts at the end of a copy; empty when there are none.
 std::string_view TextsOfCopy(std::string_view file) {
     const std::size_t tail = kLengthDigits + kNamesMark.size();
     if (file.size() < tail || !file.ends_with(kNamesMark)) {
@@ -50,7 +50,7 @@ std::string_view TextsOfCopy(std::string_view file) {
     return isLength ? file.substr(file.size() - length) : std::string_view();
 }
 
-/// Takes texts one after the other; empty ones behind the end.
+/// Takes texts one after another; empty ones after the end.
 class TextReader {
 public:
     explicit TextReader(std::string_view texts)

@@ -36,9 +36,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Kept with a plot of which no copy could be written of late.
+/// Attached to a plot whose last copy could not be written.
 struct LacksCopy {
-    bool isTold = false; ///< or waits to be told
+    bool isTold = false; ///< reported, or about to be
 };
 
 constexpr const char* kLockName = "lock";
@@ -47,7 +47,8 @@ constexpr int kFolderTries = 100;
 /// A lock that ends with its process.
 class FileLock {
 public:
-    /// Tries once; a file that is locked by anyone else, or gone since, leaves this without it.
+    /// Tries once; a file that is locked elsewhere, or gone since, leaves this object without a
+    /// lock.
     explicit FileLock(const fs::path& path) {
 #ifdef _WIN32
         file_ = _wfsopen(path.c_str(), L"a", _SH_DENYRW);
@@ -109,7 +110,7 @@ std::optional<int> SlotOfCopy(const fs::path& file) {
     return SlotOfCopyName(file.filename().string());
 }
 
-/// Makes a folder that nobody else may look into. False when it was there, or with the reason.
+/// Makes a private folder. False when it exists already, or for the reason in the error code.
 [[nodiscard]] bool MakePrivateFolder(const fs::path& path, std::error_code& failed) {
 #ifdef _WIN32
     return fs::create_directory(path, failed);
@@ -163,7 +164,7 @@ public:
         return copies;
     }
 
-    /// The lock is held until all is gone, so that nobody takes the rest for copies.
+    /// The lock is held until everything is removed, so that nobody takes the rest for copies.
     void Remove() const {
         std::error_code failed;
         fs::remove_all(path_, failed);
@@ -197,7 +198,7 @@ std::string RecoverySession::MakeFolder() {
         if (!MakePrivateFolder(path, failed)) {
             continue;
         }
-        // Another start may have taken it for one that was left, before it was locked.
+        // Another start may have taken it for an abandoned one before it was locked.
         if (auto folder = std::make_unique<SessionFolder>(path); folder->IsOurs()) {
             folder_ = std::move(folder);
             return {};
@@ -284,7 +285,7 @@ void RecoverySession::Adopt(const fs::path& copy, int slot) {
     if (!MakeFolder().empty()) {
         return;
     }
-    // The same bytes under another name: there is no moment without a copy, and no room is needed.
+    // Renaming the same bytes: there is no moment without a copy, and no space is needed.
     std::error_code failed;
     fs::rename(copy, CopyOf(slot), failed);
     if (!failed) {

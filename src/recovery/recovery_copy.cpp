@@ -31,7 +31,7 @@ namespace {
 template <class T>
 concept Plain = std::is_arithmetic_v<T>;
 
-/// The fingerprint of what a plot consists of, eight bytes a step.
+/// The hash of a plot's contents, eight bytes a step.
 class PlotFingerprint {
 public:
     void Bytes(const void* data, std::size_t size) {
@@ -122,7 +122,7 @@ private:
     Fingerprint mix_;
 };
 
-/// Draws the active plot as any that is opened, and marks it as unsaved.
+/// Draws the active plot like any opened plot, and marks it as unsaved.
 void DrawRecovered() {
     FollowGridOfPlot();
     ReplotPlot(gActivePlot, ReplotCause::File);

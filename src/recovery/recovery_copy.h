@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The copy of an unsaved plot: a binary plot file with the plot's names behind its last field,
-// where readers of binary plot files do not look.
+// The copy of an unsaved plot: a binary plot file with the plot's names after its last field, where
+// readers of binary plot files do not look.
 
 #pragma once
 
@@ -13,21 +13,21 @@
 
 namespace quandrel {
 
-/// A number that is another one, but for a chance of 2^-64, once anything of a plot is changed that
-/// a copy keeps. What drawings work out from the rows is left out where it is large. O(rows).
+/// A 64-bit hash of everything in a plot that a copy keeps. Large data that drawings compute from
+/// the rows is left out. O(rows).
 [[nodiscard]] std::uint64_t FingerprintOf(int slot);
 
-/// A slot as a copy; a failure where it cannot be a binary plot file, or memory runs out.
+/// A slot as a copy; fails when it cannot be a binary plot file, or memory runs out.
 [[nodiscard]] Result<std::string> RecoveryCopyBytes(int slot);
 
 struct RecoveredPlot {
     std::filesystem::path file;
     int slot = 0;        ///< 0 when it could not be opened
-    std::string problem; ///< why not
+    std::string problem; ///< the reason
 };
 
-/// Opens a copy as a plot with unsaved data, under its former title and paths. The file stays. A
-/// binary plot file without names gives a plot that has no path.
+/// Opens a copy as a plot with unsaved data, with its previous title and paths. The file stays. A
+/// binary plot file without names gives a plot without a path.
 [[nodiscard]] RecoveredPlot OpenRecoveryCopy(const std::filesystem::path& file);
 
 } // namespace quandrel
