@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // The public interface (include/quandrel) over the kernels of the engine. This is its chief header:
-// the way of values across the border.
+// how values cross the border.
 //
-// Public values come in as degrees, are checked here, and go to the kernels as radians; what the
-// kernels give goes out as degrees, azimuths below 360.
-// Nothing here keeps a state or reads one, and nothing is worked out here that a kernel works out.
-// A kernel that reads a global does not belong here: it is given an argument in its place.
+// Public values arrive as degrees, are checked here, and go to the kernels as radians; results
+// leave as degrees, with azimuths below 360. Nothing here keeps or reads state, and nothing is
+// computed here that a kernel computes. A kernel that reads a global does not belong here: it gets
+// an argument instead.
 
 #pragma once
 
@@ -30,16 +30,16 @@ struct RadianPlane {
     double dipDirection = 0;
 };
 
-/// Requires a number to be finite. `name` stands in the text of what is thrown.
+/// Requires a finite number. `name` appears in the text of the exception.
 double Finite(double value, std::string_view name);
 
-/// Requires a number to lie between two, both of them included.
+/// Requires a number within limits, both inclusive.
 double Within(double value, double least, double most, std::string_view name);
 
-/// Requires arrays to have the same length.
+/// Requires arrays of equal length.
 void SameLength(std::size_t a, std::size_t b, std::string_view names);
 
-/// Requires weights or counts to be finite and not negative.
+/// Requires weights or counts that are finite and not negative.
 void NotNegative(std::span<const double> values, std::string_view name);
 
 /// An azimuth in radians, 0 to kTwoPi.

@@ -17,7 +17,7 @@ AngleSense In(Sense sense) {
     return sense == Sense::kAxes ? AngleSense::kAxial : AngleSense::kDirected;
 }
 
-/// Azimuths in radians with the weight of each.
+/// Azimuths in radians with their weights.
 std::vector<WeightedAngle> AnglesIn(std::span<const double> azimuths,
                                     std::span<const double> weights) {
     if (!weights.empty()) {
@@ -56,7 +56,7 @@ UniformityTest TestOut(const quandrel::UniformityTest& test) {
     return {test.statistic, test.probability};
 }
 
-/// @param reference  of a sample with angles
+/// @param reference  for a sample with angles
 CircularStatistics StatisticsOut(const CircularReference& reference) {
     CircularStatistics result;
     result.count = reference.count;

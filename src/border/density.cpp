@@ -20,7 +20,7 @@ namespace quandrel::api {
 
 namespace {
 
-/// A line at its nearest whole degrees.
+/// A line at the nearest whole degrees.
 DistinctLine WholeLine(const Line& line) {
     const RadianLine in = In(line);
     return {static_cast<std::int16_t>(RoundToEven(line.plunge)),
@@ -36,7 +36,7 @@ LineHistogram HistogramOf(std::span<const Line> lines) {
     return LineHistogram(whole);
 }
 
-/// A field that a caller may have made or changed.
+/// Checks a field, as a caller may have made or changed it.
 void RequireWhole(const DensityField& field) {
     const auto side = static_cast<std::size_t>(std::max(field.nodes, 0));
     SameLength(field.counts.size(), side * side, "counts and nodes");

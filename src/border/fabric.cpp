@@ -12,7 +12,7 @@ namespace quandrel::api {
 
 namespace {
 
-/// Lines as directions, each with its weight.
+/// Lines as directions, with their weights.
 WeightedDirections DirectionsWith(std::span<const Line> lines, std::span<const double> weights,
                                   Direction (*toDirection)(const Line&)) {
     if (!weights.empty()) {
@@ -31,7 +31,7 @@ std::optional<double> DegreesOf(const std::optional<double>& radians) {
     return radians ? std::optional(RadToDeg(*radians)) : std::nullopt;
 }
 
-/// Nothing for the line of a mean that has no direction.
+/// Nothing for a mean without a direction.
 std::optional<Line> MeanOut(double plunge, double trend) {
     return plunge == kNoDirection ? std::nullopt : std::optional(LineOut(plunge, trend));
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-/// The line of two unit normals.
+/// The intersection line of the planes with two unit normals.
 std::optional<Line> LineOfNormals(const Direction& a, const Direction& b) {
     const std::optional<Direction> direction = IntersectionDirection(a, b);
     if (!direction) {

@@ -58,7 +58,7 @@ void ProjectLines(std::span<const Line> lines, Projection projection, std::span<
 Line LineAtPoint(const NetPoint& point, Projection projection) {
     const double distance = std::hypot(Finite(point.east, "east"), Finite(point.north, "north"));
     if (distance >= 2) {
-        throw std::invalid_argument("a point lies two radii and more from the centre");
+        throw std::invalid_argument("a point is two radii or more from the centre");
     }
     RadianLine line;
     UnprojectPosition(KindOf(projection), point.east * kNetRadius, point.north * kNetRadius,
@@ -67,8 +67,8 @@ Line LineAtPoint(const NetPoint& point, Projection projection) {
 }
 
 NetLine TraceOfPlane(const Plane& plane, Projection projection) {
-    // A cone of a right angle about the pole. Its upper half falls on the lower one: the longest of
-    // its lines is all of the trace.
+    // The trace is a cone of a right angle about the pole. Its upper half falls on the lower one:
+    // the longest of its lines is the whole trace.
     const std::vector<NetLine> lines = TraceAbout(In(PoleOf(plane)), kPi / 2, projection);
     return *std::ranges::max_element(lines, {}, &NetLine::size);
 }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-/// An azimuth as a text has it, 0 to below 360.
+/// An azimuth in the range of texts, 0 to below 360.
 double Turned(double degrees) {
     return degrees < 0 ? degrees + 360 : degrees < 360 ? degrees : degrees - 360;
 }
@@ -69,7 +69,7 @@ private:
     Table& table_;
 };
 
-/// Whether a line says nothing of rows, so that it may stand before a heading too.
+/// True for a line that says nothing about rows, so that it may also precede a heading.
 bool IsBesideRows(LineStatus status) {
     return status == LineStatus::Blank || status == LineStatus::Comment
            || status == LineStatus::ParameterLine;

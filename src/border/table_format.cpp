@@ -50,13 +50,13 @@ void RequireValid(const TableFormat& format) {
     }
     constexpr std::string_view kDelimiters("\0\t ,;", 5);
     if (kDelimiters.find(format.delimiter) == std::string_view::npos) {
-        throw std::invalid_argument("a delimiter is none of comma, semicolon, tab and blank");
+        throw std::invalid_argument("a delimiter is not a comma, semicolon, tab or blank");
     }
     const bool isInPlane = format.secondary == Secondary::kPitch
                            || format.secondary == Secondary::kTrend
                            || format.secondary == Secondary::kAngle;
     if (isInPlane && format.primary != Primary::kPlanes) {
-        throw std::invalid_argument("a line is measured in a plane, and there is none");
+        throw std::invalid_argument("a line is measured in a plane, but the format has no plane");
     }
 }
 
@@ -78,7 +78,7 @@ FormatSettings SettingsIn(const TableFormat& format) {
     return settings;
 }
 
-/// @param format  what settings do not tell is as here
+/// @param format  supplies what settings do not state
 TableFormat FormatOut(const FormatSettings& settings, TableFormat format) {
     std::int16_t convention = 0;
     bool lineIsTrendFirst = false;

@@ -15,10 +15,10 @@ namespace quandrel::api {
 /// The checked format for the line parser.
 [[nodiscard]] LineFormat LineFormatIn(const TableFormat& format);
 
-/// What the parameter lines of a text make of a checked format.
+/// A checked format changed by the parameter lines of a text.
 [[nodiscard]] TableFormat WithParameterLines(std::string_view text, const TableFormat& format);
 
-/// Why a line with a status is no row.
+/// The reason why a line with a status is not a row.
 [[nodiscard]] std::string ReasonOf(LineStatus status);
 
 } // namespace quandrel::api
