@@ -30,14 +30,14 @@ void FillFirstTypes(ClassSettings& settings) {
     FillTypes(settings, TypeProcedure::FirstFound, static_cast<int>(found));
 }
 
-/// Gives the rows of a plot other than the active one the styles that their classes have now.
+/// Gives the rows of a plot other than the active one the present styles of their classes.
 void TakeClassStyles(int slot) {
     const PlotInWork work(slot);
     PlotRecord& record = ActiveRecord();
     const std::int32_t counted = record.NumClassified;
     ApplyClassification(record.ClassMode);
     if (record.PlotKind == kRose) {
-        record.NumClassified = counted; // what the rose counted; it shows none of the symbols
+        record.NumClassified = counted; // the count of the rose, which shows no symbols
     } else {
         RedrawPlot(slot);
     }
@@ -61,7 +61,7 @@ void ChooseClassKind(ClassSettings& settings, ClassKind kind) {
     case ClassKind::Numbers:
         settings.mode = kClassesByNumber;
         if (settings.numbers.limits.base == 0) {
-            // Equal ranges of any number of classes are never refused.
+            // Equal ranges are valid for any number of classes.
             (void)FillRanges(settings, RangeProcedure::EqualRanges, kFirstRangeCount);
         }
         return;
@@ -116,7 +116,7 @@ int ClassOfLine(const ClassSettings& settings, ClassKind kind, int line) {
         return classes + 2;
     }
     if (classes == 0) {
-        // Without base classes the limits enclose class 1, and nothing is kept below.
+        // Without base classes the limits enclose class 1, and no low class is kept.
         return line == 1 ? 1 : 0;
     }
     return line == 0 || IsBaseLine(line, classes) ? line + 1 : 0;
@@ -142,7 +142,7 @@ double LimitAt(const ClassLimits& limits, int box) {
 }
 
 void SetLimitAt(ClassLimits& limits, int box, double value) {
-    const int place = (box + 1) / 2; // limit 0 is the lowest, limit k the upper one of range k
+    const int place = (box + 1) / 2; // limit 0 is the lowest, limit k the upper limit of range k
     if (place > 0 && place >= limits.base) {
         limits.top = value;
     } else {

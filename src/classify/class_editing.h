@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Settings of classes as the boxes of a dialog edit them: one limit or name after the other, the
-// styles of the classes, and what is told of the column.
+// Settings of classes as the boxes of a dialog edit them: each limit or name, the styles of the
+// classes, and the figures of the column.
 //
-// A dialog shows twelve lines of classes. Line 0 is for what lies below the lowest limit, or for
-// names that fit none; lines 1 to 11 are the base classes; what lies above the top limit has line
-// 11, which ranges leave free. Each range has two boxes, its lower limit and its upper one.
+// A dialog shows twelve lines of classes. Line 0 is for values below the lowest limit, or for names
+// that match none; lines 1 to 11 are the base classes. Values above the top limit have line 11,
+// which ranges do not use. Each range has two boxes, its lower limit and its upper limit.
 
 #pragma once
 
@@ -21,21 +21,21 @@
 namespace quandrel {
 
 inline constexpr int kClassLines = 12;
-inline constexpr int kHighLine = 11;                ///< of ranges
+inline constexpr int kHighLine = 11;                ///< for ranges
 inline constexpr int kLimitBoxes = 2 * kMostRanges; ///< 2(k - 1) and 2(k - 1) + 1 for range k
-inline constexpr int kFirstRangeCount = 5;          ///< ranges of a plot without classes so far
+inline constexpr int kFirstRangeCount = 5;          ///< ranges of a plot without classes
 
-/// What rows are classified by.
+/// The column that rows are classified by.
 enum class ClassKind { None, Numbers, Types };
 
 [[nodiscard]] ClassKind KindOfMode(int mode);
 
-/// Takes a kind. A kind that has no classes yet gets its first ones: equal ranges of the numbers,
-/// or the types found first. Reads gActivePlot.
+/// Sets the kind. A kind that has no classes yet gets initial ones: equal ranges of the numbers, or
+/// the types found first. Reads gActivePlot.
 void ChooseClassKind(ClassSettings& settings, ClassKind kind);
 
-/// Takes types as numbers, or as names. Limits that were never set up are filled from the types
-/// found first. Reads gActivePlot.
+/// Treats types as numbers, or as names. Limits that were never set are filled from the types found
+/// first. Reads gActivePlot.
 void ChooseNumericTypes(ClassSettings& settings, bool areNumbers);
 
 /// True when the lines of a kind show ranges: of numbers, or of types that are numbers.
@@ -48,20 +48,19 @@ void ChooseNumericTypes(ClassSettings& settings, bool areNumbers);
 /// Base classes of a kind.
 [[nodiscard]] int ClassesOfKind(const ClassSettings& settings, ClassKind kind);
 
-/// The class of a line, 0 for a line that has none. A class that is not kept has its line all the
-/// same.
+/// The class of a line; 0 for a line without one. A class that is not kept still has its line.
 [[nodiscard]] int ClassOfLine(const ClassSettings& settings, ClassKind kind, int line);
 
-/// False for what lies outside the base classes and is not kept.
+/// False for values outside the base classes that are not kept.
 [[nodiscard]] bool IsLineKept(const ClassSettings& settings, ClassKind kind, int line);
 
 /// The limit of a box.
 [[nodiscard]] double LimitAt(const ClassLimits& limits, int box);
 
-/// Moves a limit: the box of the neighbour that shares it follows.
+/// Sets a limit; the neighbour's box that shares it gets the same value.
 void SetLimitAt(ClassLimits& limits, int box, double value);
 
-/// False when a limit lies below the one before it. Equal limits ascend.
+/// False when a limit is below the one before it. Equal limits are valid.
 [[nodiscard]] bool LimitsAscend(const ClassLimits& limits);
 
 /// The text of a limit in a box, with the regional decimal delimiter.
@@ -72,19 +71,18 @@ void SetLimitAt(ClassLimits& limits, int box, double value);
 /// A number for display, with the regional decimal delimiter.
 [[nodiscard]] std::string ShownNumber(double number);
 
-/// Figures of the classified column of gActivePlot, and of its grids.
+/// Statistics of the classified column of gActivePlot, and of its grids.
 struct ClassFigures {
-    ColumnStatistics column;         ///< appended numbers; without them texts read as numbers
+    ColumnStatistics column;         ///< appended numbers; if there are none, texts read as numbers
     std::size_t types = 0;           ///< different texts
-    std::optional<ValueRange> means; ///< of the grid's nodes, as the grid stands
+    std::optional<ValueRange> means; ///< of the nodes of the present grid
     std::optional<ValueRange> sums;
 };
 
 /// O(rows log rows). Changes nothing.
 [[nodiscard]] ClassFigures FiguresOfActivePlot();
 
-/// True when an appended text of gActivePlot can be read as a number. Looks no further than the
-/// first of them.
+/// True when an appended text of gActivePlot is a number. Stops at the first one.
 [[nodiscard]] bool HasNumericTypes();
 
 /// Styles of classes 1 to 12: rows of gSymbolTable.
@@ -94,11 +92,11 @@ using ClassStyles = std::array<SymbolRow, kClassStyles>;
 [[nodiscard]] ClassStyles StylesOfClasses(int firstRow);
 void WriteStylesOfClasses(const ClassStyles& styles, int firstRow);
 
-/// ApplyClassSettings with symbols of classes: these come first, and go back when the settings are
-/// refused. All plots share them: when they have changed, every other classified plot is drawn anew
-/// in them.
+/// ApplyClassSettings, with the styles of classes, which are set first and restored when the
+/// settings are refused. All plots share the styles: when they have changed, every other classified
+/// plot is redrawn.
 ///
-/// @return empty, or why nothing has changed
+/// @return empty, or the reason why nothing has changed
 [[nodiscard]] std::string ApplyClasses(const ClassSettings& settings, const ClassStyles& styles);
 
 } // namespace quandrel

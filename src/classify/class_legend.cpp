@@ -37,7 +37,7 @@ ClassesShown ShownBy(const PlotRecord& record) {
     return shown;
 }
 
-/// True for each class that symbols or great circles show.
+/// True for each class shown by symbols or great circles.
 std::vector<bool> ClassesWithSamples(const PlotRecord& record, const ClassesShown& shown) {
     if (shown.nodes) {
         return ClassesOfValueNodes();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the legend says of classes.
+// Classes in the legend.
 
 #pragma once
 
@@ -11,12 +11,12 @@
 namespace quandrel {
 
 /// The lines of a classified gActivePlot: "Classified by: " with the name of the column, then each
-/// class that is to be seen, in the order of the class table.
+/// visible class, in the order of the class table.
 ///
-/// Where rows are drawn as points or great circles these are the classes with rows; where the grid
-/// of values is shown those with nodes on the net; classes with a contour come in either case. A
-/// class that its contour alone shows has a line as its sample. None for a plot without classes,
-/// and for one that draws nothing in the styles of its classes.
+/// When rows are drawn as points or great circles, the classes with rows are visible; when the grid
+/// of values is shown, those with nodes on the net; classes with a contour are visible in both
+/// cases. A class that is shown only by its contour has a line as its sample. Empty for a plot
+/// without classes, and for one that draws nothing in the styles of its classes.
 [[nodiscard]] std::vector<LegendLine> ClassLegendLines();
 
 } // namespace quandrel

@@ -17,18 +17,18 @@ namespace quandrel {
 namespace {
 
 constexpr const char* kTooFewClasses = "You must select at least two classes for this option.";
-constexpr int kShownDigits = 7; ///< what a narrow number can hold
+constexpr int kShownDigits = 7; ///< digits that a 32-bit number can hold
 constexpr int kShortDigits = 5;
-constexpr double kLeastPlain = 1e-7; ///< smaller numbers are written with their power of ten
+constexpr double kLeastPlain = 1e-7; ///< smaller numbers are written with a power of ten
 
 std::size_t At(int place) {
     return static_cast<std::size_t>(place);
 }
 
-/// A value with so many significant digits at most, as "1.25E-9".
+/// A value with at most this many significant digits, as "1.25E-9".
 std::string ScientificText(double value, int digits) {
     const int power = static_cast<int>(std::floor(std::log10(std::abs(value))));
-    // Of the smallest numbers ten to that power is none any more.
+    // The full power of ten of the smallest numbers would underflow.
     constexpr int kHalfWay = 150;
     const int most = std::max(power, -kHalfWay);
     double mantissa = value / std::pow(10.0, most) / std::pow(10.0, power - most);
@@ -41,7 +41,7 @@ std::string ScientificText(double value, int digits) {
     return FormatNumber(mantissa, format) + "E" + std::to_string(shown);
 }
 
-/// A value with so many significant digits, but its whole part in full.
+/// A value with this many significant digits, but its whole part in full.
 std::string TextOfDigits(double value, int digits) {
     if (value != 0 && std::abs(value) < kLeastPlain) {
         return ScientificText(value, digits);
@@ -55,7 +55,7 @@ std::string TextOfDigits(double value, int digits) {
     return FormatNumber(value, "0." + std::string(At(decimals), '#'));
 }
 
-/// Digits of a written number without leading zeros and power of ten.
+/// The digits of a written number without leading zeros and without its power of ten.
 int SignificantDigits(const std::string& text) {
     const std::size_t first = text.find_first_of("123456789");
     if (first == std::string::npos) {
@@ -66,7 +66,7 @@ int SignificantDigits(const std::string& text) {
         std::ranges::count_if(digits, [](char c) { return c >= '0' && c <= '9'; }));
 }
 
-/// A name with what it is ordered by.
+/// A name and the key that it is sorted by.
 struct OrderedName {
     std::string name;
     std::string folded;
@@ -118,7 +118,7 @@ Result<ClassLimits> DeviationSplits(double mean, double deviation, int classes) 
 }
 
 bool AreAlike(const ClassLimits& a, const ClassLimits& b) {
-    constexpr double kRounding = 1e-6; // of tables that hold narrow numbers
+    constexpr double kRounding = 1e-6; // of tables that hold 32-bit numbers
     const double tolerance = kRounding * std::max(std::abs(b.top), std::abs(b.limits[0]));
     bool alike = a.base == b.base && std::abs(a.top - b.top) <= tolerance;
     for (int k = 1; alike && k <= a.base; ++k) {

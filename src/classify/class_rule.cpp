@@ -12,14 +12,14 @@ namespace quandrel {
 
 namespace {
 
-/// Base classes of a cell, 0 to `most`.
+/// Number of base classes in a cell, 0 to `most`.
 int BaseOf(const TaggedValue& cell, int most) {
     const double number = NumberOf(cell);
     return number > 0 ? static_cast<int>(std::min(number, static_cast<double>(most))) : 0;
 }
 
-/// A limit as the column of the values it parts holds it. Appended numbers are narrow: one that was
-/// read from "2.1" must be at the limit 2.1, not a hair below.
+/// A limit in the precision of the values' column. Appended numbers are 32-bit: one that was read
+/// from "2.1" must equal the limit 2.1 and not be just below it.
 double LimitOf(const TaggedValue& cell, ClassColumn column) {
     const double limit = NumberOf(cell);
     const bool isNarrow =
@@ -85,7 +85,7 @@ bool CanHoldValues(const ClassRule& rule, int classNumber) {
         const auto name = rule.names.begin() + base - 1;
         return !name->empty() && std::find(rule.names.begin(), name, *name) == name;
     }
-    // Limits are tried in their order: what any limit before takes does not come here.
+    // Limits are tried in order: values that an earlier limit takes do not get here.
     const double least = *std::max_element(rule.limits.begin(), rule.limits.begin() + base);
     return least <= rule.top && (base == rule.base || least < rule.limits[place]);
 }

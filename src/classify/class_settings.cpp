@@ -22,7 +22,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::int16_t kOn = 1; ///< of the cells that hold a yes or no
+constexpr std::int16_t kOn = 1; ///< for cells that hold a yes or no
 
 constexpr const char* kNoNumbers = "The plot has no appended numbers to classify by.";
 constexpr const char* kNoTexts = "The plot has no appended texts to classify by.";
@@ -64,7 +64,7 @@ void WriteRanges(ClassTableCells& table, ClassColumn column, const ClassRanges& 
     table[kFlagRow][column] = WholeCell((ranges.keepLow ? 1 : 0) + (ranges.keepHigh ? 2 : 0));
 }
 
-/// A column's lowest value, in place of the lowest limit of a plot that was never classified.
+/// Shows a column's lowest value as the lowest limit of a plot that was never classified.
 void ShowLowest(ClassRanges& ranges, ClassColumn column) {
     if (ranges.limits.base > 0) {
         return;
@@ -74,7 +74,7 @@ void ShowLowest(ClassRanges& ranges, ClassColumn column) {
     }
 }
 
-/// What ranges are made of: of the rows, or of the nodes of the grid that is to be shown.
+/// The numbers that ranges divide: those of the rows, or of the nodes of the grid to be shown.
 NumberStatistics NumbersToDivide(const ClassSettings& settings) {
     const NumberStatistics rows =
         StatisticsOfNumbers(ValidNumbersOfColumn(kNumberClasses)).value_or(NumberStatistics{});
@@ -95,7 +95,7 @@ std::vector<double> NumbersAmong(const std::vector<std::string>& texts) {
     std::vector<double> numbers;
     for (const std::string& text : texts) {
         const std::optional<double> number = ParseAppendedNumber(text);
-        // "2" and "2.0" are different names of one number.
+        // "2" and "2.0" are different names for one number.
         if (number && std::ranges::find(numbers, *number) == numbers.end()) {
             numbers.push_back(*number);
         }
@@ -117,7 +117,7 @@ std::string RefusalOf(const ClassSettings& settings, const PlotRecord& record) {
     return {};
 }
 
-/// Width of classes that share the limits' range evenly, finite however far that reaches.
+/// Mean width of classes within the limits; finite for any range.
 double MeanWidth(const ClassLimits& limits) {
     constexpr double kMost = std::numeric_limits<double>::max();
     return std::clamp((limits.top - limits.limits[0]) / limits.base, -kMost, kMost);
@@ -222,7 +222,7 @@ bool HasRangesOfGrid(const ClassSettings& settings) {
 
 std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
     const ClassLimits& limits = settings.numbers.limits;
-    // Both procedures make classes of one width: a look at two spares most limits the work.
+    // Both procedures make classes of equal width: comparing two avoids most of the work.
     const double width = UpperLimit(limits, 1) - LowerLimit(limits, 1);
     const double next = UpperLimit(limits, 2) - LowerLimit(limits, 2);
     if (limits.base < 1 || (limits.base > 1 && std::abs(width - next) > 1e-5 * std::abs(width))) {
@@ -249,7 +249,7 @@ LimitForm LimitFormOfActivePlot(ClassColumn column) {
 
 void SetNumberOfRanges(ClassLimits& limits, int classes) {
     const int base = std::clamp(classes, 1, kMostRanges);
-    // Limits of classes that come in stand at the top until the user moves them.
+    // New classes have the top limit until the user moves it.
     for (int k = std::max(limits.base, 1); k < base; ++k) {
         limits.limits[At(k)] = limits.top;
     }

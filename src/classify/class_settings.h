@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The classification dialog without its window: what it shows of the active plot, how its
-// procedures fill limits and names, what may be chosen, and what OK does.
+// procedures fill limits and names, which choices are available, and what OK does.
 //
-// Settings are a copy: nothing changes in the plot before ApplyClassSettings.
+// Settings are a copy: ApplyClassSettings writes them to the plot.
 
 #pragma once
 
@@ -20,7 +20,7 @@
 
 namespace quandrel {
 
-/// What a plot that is classified by its appended numbers shows: NumClasses.
+/// What a plot classified by its appended numbers shows: NumClasses.
 enum ClassPlotType : std::int16_t {
     kClassifiedPoints = 0,
     kGriddedValues = 1,
@@ -29,7 +29,7 @@ enum ClassPlotType : std::int16_t {
     kContoursWithDataPoints = 4,
 };
 
-/// Ranges of a column of numbers and the classes outside of them.
+/// Ranges of a column of numbers, and the classes outside them.
 struct ClassRanges {
     ClassLimits limits;
     bool keepLow = false;
@@ -38,24 +38,24 @@ struct ClassRanges {
 
 struct ClassSettings {
     std::int16_t mode = kNotClassified;        ///< ClassModeCode
-    std::int16_t plotType = kClassifiedPoints; ///< ClassPlotType, of kClassesByNumber alone
-    ClassRanges numbers;                       ///< of appended numbers
-    ClassRanges textNumbers;                   ///< of texts read as numbers
+    std::int16_t plotType = kClassifiedPoints; ///< ClassPlotType, only for kClassesByNumber
+    ClassRanges numbers;                       ///< for appended numbers
+    ClassRanges textNumbers;                   ///< for texts read as numbers
     int types = 0;                             ///< names that are classes, 0 to kMostNames
     std::array<std::string, kMostNames> names;
-    bool keepOthers = false;     ///< names that fit none are a class
-    bool treatAsNumeric = false; ///< texts are numbers; modes 2 and 3 decide it
+    bool keepOthers = false;     ///< names that match none are a class
+    bool treatAsNumeric = false; ///< texts are numbers; modes 2 and 3 decide
     bool caseSensitive = false;
     ClassGridValue gridValue = ClassGridValue::Mean;
-    std::optional<double> background = 0; ///< of nodes without rows; none: contours end there
+    std::optional<double> background = 0; ///< of nodes without rows; without it contours end there
 };
 
-/// The settings of gActivePlot. A plot that was never classified shows its lowest value as lowest
-/// limit. Texts have one number of classes and one pair of flags in the record: what is shared
-/// shows in both textNumbers and names.
+/// The settings of gActivePlot. A plot that was never classified shows its lowest value as the
+/// lowest limit. In the record, texts have one number of classes and one pair of flags; these
+/// appear in both textNumbers and names.
 [[nodiscard]] ClassSettings SettingsOfActivePlot();
 
-/// A class table with the settings written in. Cells that no setting stands for keep their values.
+/// A class table with the settings written into it. Cells without a setting keep their values.
 [[nodiscard]] ClassTableCells TableOfSettings(const ClassSettings& settings,
                                               const ClassTableCells& former);
 
@@ -68,47 +68,47 @@ inline constexpr std::array<std::string_view, 4> kRangeProcedures = {
 inline constexpr std::array<std::string_view, 5> kTypeProcedures = {
     "First found", "Ascending", "Descending", "Last Used", "Custom!"};
 
-/// Fills settings.numbers from the appended numbers of gActivePlot, or, where the settings show a
-/// grid of values, from the values of its nodes: those of sums lie far above the numbers. Beside
-/// data points the lowest and the highest number count too. LastUsed and Custom change nothing but
-/// the number of classes. A column without numbers gives 0 to 0.
+/// Fills settings.numbers from the appended numbers of gActivePlot, or, when the settings show a
+/// grid of values, from the values of its nodes: those of sums are far above the numbers. When data
+/// points are shown too, the lowest and the highest number are included. LastUsed and Custom change
+/// only the number of classes. A column without numbers gives 0 to 0.
 ///
-/// @param classes  base classes, clamped to 1 to kMostRanges
-/// @return empty, or why nothing was changed
+/// @param classes  number of base classes, clamped to 1 to kMostRanges
+/// @return empty, or the reason why nothing was changed
 [[nodiscard]] std::string FillRanges(ClassSettings& settings, RangeProcedure procedure,
                                      int classes);
 
 /// Fills names and settings.textNumbers from the appended texts of gActivePlot: the first eleven
-/// different ones, ordered, then as many as there are classes. Ranges are of those texts that are
-/// numbers. LastUsed and Custom change nothing but the number of classes.
+/// different ones, sorted, then as many as there are classes. Ranges use those texts that are
+/// numbers. LastUsed and Custom change only the number of classes.
 ///
 /// @param classes  clamped to 1 to kMostNames
 void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
 
-/// True when FillRanges goes by the nodes of a grid.
+/// True when FillRanges uses the nodes of a grid.
 [[nodiscard]] bool HasRangesOfGrid(const ClassSettings& settings);
 
-/// The procedure that makes settings.numbers what they are; nothing for limits of the user's own.
-/// O(rows), or O(nodes^2) of a grid.
+/// The procedure that gives settings.numbers; nothing for limits that the user has set. O(rows), or
+/// O(nodes^2) for a grid.
 [[nodiscard]] std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings);
 
-/// How the limits of settings.numbers are shown: as deviations where that procedure made them.
+/// How the limits of settings.numbers are shown: as deviations if that procedure made them.
 [[nodiscard]] LimitForm LimitFormOf(const ClassSettings& settings);
 
-/// That of a column of gActivePlot, by its settings.
+/// LimitFormOf for a column of gActivePlot, by its settings.
 [[nodiscard]] LimitForm LimitFormOfActivePlot(ClassColumn column);
 
-/// Takes another number of classes without moving a limit: the top stays the top.
+/// Sets the number of classes without moving a limit: the top stays the top.
 void SetNumberOfRanges(ClassLimits& limits, int classes);
 
-/// What the user typed into the box of a limit. A box that shows what it was given keeps the held
-/// value in full; an empty one and one that is no number give nothing.
+/// The limit that the user typed into a box. A box whose text is unchanged gives the held value in
+/// full precision; an empty text, and one that is not a number, give nothing.
 ///
 /// @param shown  the text that the box was given for `held`
 [[nodiscard]] std::optional<double> LimitOfBox(std::string_view text, std::string_view shown,
                                                double held);
 
-/// What of the dialog can be used.
+/// Which parts of the dialog can be used.
 struct ClassChoices {
     bool byNumber = false; ///< the plot has appended numbers
     bool byType = false;   ///< it has appended texts
@@ -121,13 +121,13 @@ struct ClassChoices {
     bool background = false;
 };
 
-/// @param record  which columns there are
+/// @param record  says which columns exist
 [[nodiscard]] ClassChoices ChoicesOf(const ClassSettings& settings, const PlotRecord& record);
 
-/// The OK of the dialog: writes the settings into gActivePlot, classifies its rows, draws it anew,
-/// and warns when hardly any number could be read.
+/// The OK of the dialog: writes the settings into gActivePlot, classifies its rows, redraws it, and
+/// warns when hardly any number could be read.
 ///
-/// @return empty, or why the settings were refused; then nothing has changed
+/// @return empty, or the reason why the settings were refused; then nothing has changed
 [[nodiscard]] std::string ApplyClassSettings(const ClassSettings& settings);
 
 } // namespace quandrel

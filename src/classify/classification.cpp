@@ -17,12 +17,12 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kFirstShape = 2; ///< symbol codes of the shapes
+constexpr int kFirstShape = 2; ///< first symbol code of a shape
 constexpr int kShapes = 16;
 constexpr double kShareWithoutWarning = 0.7;
 constexpr const char* kOtherData = "Other data";
 
-/// A shape some steps further on. Codes that are no shape stay.
+/// The shape a number of steps later. Codes that are not shapes stay.
 int LaterShape(int symbol, int steps) {
     const bool isShape = symbol >= kFirstShape && symbol < kFirstShape + kShapes;
     return isShape ? (symbol - kFirstShape + steps) % kShapes + kFirstShape : symbol;

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Classes of the rows of the active plot: how each row finds its class, what it looks like then,
-// and what is told of it.
+// Classes of the rows of the active plot: how the class of a row is found, how it is drawn, and how
+// it is labelled.
 //
-// Inside the folder: limits and names of classes, their legend, value grids, the rules of the
-// dialog.
-// Enters: appended numbers and texts of the active plot, and the user's choice of classes.
-// Leaves: the class and the symbol of each row, limits and names in the record, lines of the
+// This folder holds limits and names of classes, their legend, value grids, and the rules of the
+// dialog. Input: appended numbers and texts of the active plot, and the user's choice of classes.
+// Output: the class and the symbol of each row, limits and names in the record, lines of the
 // legend, counts and percentages.
 
 #pragma once
@@ -29,22 +28,22 @@ enum ClassModeCode : std::int16_t {
     kClassesByName = 3,
 };
 
-/// The column of the class table that a mode reads, nothing for kNotClassified and unknown modes.
+/// The column of the class table that a mode uses; nothing for kNotClassified and unknown modes.
 [[nodiscard]] std::optional<ClassColumn> ColumnOfClassMode(int mode);
 
-/// Class of a row of gActivePlot, 0 for an error row and one that fits no class. An invalid value
-/// is in class 1 where that is kept.
+/// Class of a row of gActivePlot; 0 for an error row and one without a class. An invalid value is
+/// in class 1 if that is kept.
 [[nodiscard]] int ClassOfRow(const ClassRule& rule, std::int32_t row);
 
-/// ClassOfRow by the class table of gActivePlot. For many rows make the rule once.
+/// ClassOfRow by the class table of gActivePlot. For many rows, make the rule only once.
 [[nodiscard]] int ClassifyRow(std::int32_t row, int mode);
 
-/// Main rows in each class: [c] for class c to the last one, [0] rows of no class that are no error
-/// rows. Empty for kNotClassified.
+/// Number of main rows in each class: [c] for class c up to the last one, [0] for valid rows
+/// without a class. Empty for kNotClassified.
 [[nodiscard]] std::vector<std::int32_t> RowsOfClasses(int mode);
 
-/// Style of a class: a row of gSymbolTable of its own. Classes beyond the table begin again with
-/// its first class in the next shape.
+/// Style of a class: its own row of gSymbolTable. Classes beyond the table start again at its first
+/// class, with the next shape.
 ///
 /// @param classNumber  from 1
 [[nodiscard]] SymbolCode CodeOfClass(int classNumber);
@@ -52,32 +51,31 @@ enum ClassModeCode : std::int16_t {
 inline constexpr int kFirstClassStyle = 39; ///< row of gSymbolTable of class 1
 inline constexpr int kClassStyles = kSymbolRowCount - kFirstClassStyle;
 
-/// Gives each main row of gActivePlot the style of its class, rows of no class none, and counts the
-/// others in NumClassified. Without a class the rows get back the styles that they were loaded
-/// with.
+/// Gives each main row of gActivePlot the style of its class, or none, and counts the classified
+/// rows in NumClassified. kNotClassified restores the styles that the rows were loaded with.
 ///
 /// @param mode  a ClassModeCode; an unknown one counts as kNotClassified
 void ApplyClassification(std::int16_t mode);
 
-/// Classes of changed rows of a classified gActivePlot; any other plot is left alone.
+/// Classes of changed rows of a classified gActivePlot; other plots are unchanged.
 void RefreshClassification();
 
-/// How limits are shown: as short as they are, or as those of standard deviations.
+/// How limits are shown: as short as possible, or as those of standard deviations.
 enum class LimitForm { Plain, Deviations };
 
-/// What a class is called: "2-4", "> 10", "< 2", "Other data", or its name. Limits are as the boxes
-/// of the dialogs show them, with the regional decimal delimiter.
+/// The label of a class: "2-4", "> 10", "< 2", "Other data", or its name. Limits are as in the
+/// boxes of the dialogs, with the regional decimal delimiter.
 ///
-/// @param form  that of LimitFormOf for appended numbers, else Plain
+/// @param form  LimitFormOf for appended numbers, else Plain
 [[nodiscard]] std::string ClassLabel(const ClassTableCells& table, ClassColumn column,
                                      int classNumber, LimitForm form = LimitForm::Plain);
 
 /// True when fewer than seven in ten valid rows of gActivePlot are classified by a number (see
-/// NumClassified), and the numbers may be to blame: some row has none that can be read. Rows that
-/// the user's limits leave out raise nothing.
+/// NumClassified), and the numbers may be the cause: some row has no readable number. Rows outside
+/// the user's limits alone cause no warning.
 [[nodiscard]] bool DecimalWarningNeeded(ClassColumn column);
 
-/// What is told then.
+/// The warning for that case.
 [[nodiscard]] std::string DecimalWarningText();
 
 } // namespace quandrel

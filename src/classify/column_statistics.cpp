@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// Calls with each main row that is no error row, until the call gives false.
+/// Calls a function with each valid main row until it returns false.
 template <class Visit>
 void VisitRows(Visit visit) {
     const std::int32_t last = ActiveRecord().NumData;

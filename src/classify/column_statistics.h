@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the appended columns of the active plot hold. Only main rows count that are no error rows.
+// The values in the appended columns of the active plot. Only valid main rows count.
 
 #pragma once
 
@@ -16,18 +16,18 @@
 
 namespace quandrel {
 
-/// Appended number of a row of gActivePlot, nothing when it is invalid or the plot has none.
+/// Appended number of a row of gActivePlot; nothing when it is invalid or the plot has none.
 [[nodiscard]] std::optional<double> AppendedNumberOfRow(std::int32_t row);
 
-/// Appended text of a row of gActivePlot read as a number, nothing when it is none by the regional
-/// delimiter.
+/// Appended text of a row of gActivePlot as a number; nothing when it is not a number by the
+/// regional delimiter.
 [[nodiscard]] std::optional<double> AppendedTextNumberOfRow(std::int32_t row);
 
 /// What a column holds.
 struct ColumnStatistics {
-    std::optional<NumberStatistics> numbers; ///< of the valid ones; none of names
-    std::size_t valid = 0;                   ///< rows with a valid value; of names, with a text
-    std::size_t distinct = 0;                ///< different values; names without case
+    std::optional<NumberStatistics> numbers; ///< for the valid ones; nothing for names
+    std::size_t valid = 0;                   ///< rows with a valid value; for names, with a text
+    std::size_t distinct = 0;                ///< different values; names without regard to case
 };
 
 /// O(rows log rows).
@@ -46,12 +46,12 @@ struct ValueRange {
     double greatest = 0;
 };
 
-/// Range of the nodes with a value in a grid of gActivePlot; nothing without such a grid.
+/// Range of the node values in a grid of gActivePlot; nothing without such a grid.
 [[nodiscard]] std::optional<ValueRange> RangeOfGridValues(ClassGridValue which);
 
-/// Writes ClassStats of gActivePlot but for the choice of the grid: figures of the appended
-/// numbers, of numbers in the texts when there are no others, and ranges of the grids as they
-/// stand. What is not known is 0.
+/// Writes ClassStats of gActivePlot except the choice of the grid: statistics of the appended
+/// numbers, or of numbers in the texts when there are none, and ranges of the present grids.
+/// Unknown values are 0.
 void UpdateClassStats();
 
 } // namespace quandrel

@@ -20,7 +20,7 @@ namespace {
 
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 
-/// The layer that the active plot shows; none without grids of values.
+/// The grid layer that the active plot shows; nullptr without grids of values.
 const GridValues::value_type* LayerShown() {
     const PlotRecord& record = ActiveRecord();
     const auto slot = static_cast<std::size_t>(gActivePlot);
@@ -33,7 +33,7 @@ const GridValues::value_type* LayerShown() {
     return &(*gGridValues[slot])[layer];
 }
 
-/// The values of the nodes, those without rows with the background.
+/// The values of the nodes; nodes without rows have the background value.
 std::vector<double> NodesOf(const GridValues::value_type& layer, int nodes) {
     const double background = GridBackground(ActiveRecord()).value_or(kNoValue);
     const auto side = static_cast<std::size_t>(nodes);
@@ -47,13 +47,13 @@ std::vector<double> NodesOf(const GridValues::value_type& layer, int nodes) {
     return values;
 }
 
-/// Where class c begins, from the first class above the lowest limit on.
+/// The lower limit of a class from 2 on.
 double LowerLimitOf(const ClassRule& rule, int classNumber) {
     return classNumber == rule.base + 2 ? rule.top
                                         : rule.limits.at(static_cast<std::size_t>(classNumber - 2));
 }
 
-/// Places of the nodes of each class.
+/// Positions of the nodes of each class.
 std::vector<std::vector<Point>> NodesOfClasses(const GridValues::value_type& layer,
                                                const ClassRule& rule, int gridSize) {
     const int nodes = GridNodes(gridSize);
@@ -74,7 +74,7 @@ std::vector<std::vector<Point>> NodesOfClasses(const GridValues::value_type& lay
     return places;
 }
 
-/// Those of the active plot, none without grids of values.
+/// PlacesOf for the active plot; empty without grids of values.
 std::vector<std::vector<Point>> PlacesShown() {
     const GridValues::value_type* const layer = LayerShown();
     if (layer == nullptr) {
