@@ -18,8 +18,7 @@ namespace {
 
 #ifdef _WIN32
 
-/// Pages of memory that become real as they are written: all of them, for they are not given back
-/// until the end.
+/// Reserves memory whose pages are allocated when first written. They are not freed before the end.
 void* Reserve(std::size_t size) {
     return VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
 }
@@ -40,7 +39,7 @@ std::size_t PageSize() {
 
 #else
 
-/// Addresses whose pages become real as they are written.
+/// Reserves addresses whose pages are allocated when first written.
 void* Reserve(std::size_t size) {
     void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE,
                                 MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
@@ -94,7 +93,7 @@ void BandImage::Draw(PixelLines lines, const std::function<void(QPainter&)>& dra
 }
 
 void BandImage::Release(PixelLines lines) {
-    // Whole pages alone; those at the borders belong to other lines too.
+    // Only whole pages; those at the ends also hold other lines.
     const std::size_t page = PageSize();
     const auto stride = static_cast<std::size_t>(image_.bytesPerLine());
     const std::size_t first = (static_cast<std::size_t>(lines.first) * stride + page - 1) / page;

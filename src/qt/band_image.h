@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A picture too large to be held, drawn band by band.
+// A picture too large for memory, drawn in bands.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace quandrel {
 
-/// Neighbouring lines of pixels, the last one excluded.
+/// A range of pixel lines, the last one excluded.
 struct PixelLines {
     int first = 0;
     int end = 0;
@@ -21,11 +21,11 @@ struct PixelLines {
 };
 
 /// An RGB32 image of which only some lines are in memory at a time. Its addresses are reserved as a
-/// whole, so that each line is drawn at the very coordinates that it has in the whole picture:
-/// moved ones would be rounded otherwise, and the joints of bands be seen.
+/// whole, so that each line is drawn at its coordinates in the whole picture: shifted ones would be
+/// rounded differently, and the joints between bands would be visible.
 class BandImage {
 public:
-    /// An image of a size, at least 1 each way. Image() is null when there is no room for it.
+    /// An image of a size of at least 1 each way. Image() is null when memory runs out.
     explicit BandImage(QSize size);
 
     ~BandImage();
@@ -34,10 +34,10 @@ public:
 
     [[nodiscard]] QImage& Image() { return image_; }
 
-    /// Draws some lines on white; the others are left alone.
+    /// Draws some lines on white; the others are unchanged.
     void Draw(PixelLines lines, const std::function<void(QPainter&)>& draw);
 
-    /// Gives the memory of some lines back. What was drawn there is lost.
+    /// Frees the memory of some lines. Their contents are lost.
     void Release(PixelLines lines);
 
 private:

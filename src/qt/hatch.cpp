@@ -12,19 +12,19 @@ namespace {
 
 constexpr double kMostLines = 20000;
 
-/// A point by its distance along the lines and across them, this in spacings.
+/// A point by its distance along the lines, and by its distance across them in spacings.
 struct Turned {
     double along = 0;
     double across = 0;
 };
 
-/// Where the line at a distance across enters and leaves the shape, in order.
+/// The points where the line at a distance across enters and leaves the shape, in order.
 void Crossings(const std::vector<Turned>& points, double across, std::vector<double>& crossings) {
     crossings.clear();
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Turned& from = points[i];
         const Turned& to = points[i + 1 < points.size() ? i + 1 : 0];
-        // A corner on the line belongs to one of its two edges alone.
+        // A corner on the line belongs to only one of its two edges.
         if ((from.across <= across) != (to.across <= across)) {
             const double part = (across - from.across) / (to.across - from.across);
             crossings.push_back(from.along + part * (to.along - from.along));

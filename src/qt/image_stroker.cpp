@@ -17,11 +17,11 @@ namespace quandrel {
 
 namespace {
 
-/// The pixels of an image, as red, green and blue in one number each.
+/// The pixels of an image; each is one number with red, green and blue.
 class Pixels {
 public:
     explicit Pixels(const PlainTarget& target)
-        // constBits, for bits would look for other users of the image on each call.
+        // constBits, as bits would check for sharing on each call.
         : bits_(reinterpret_cast<QRgb*>(const_cast<uchar*>(target.image.constBits())))
         , stride_(target.image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)))
         , width_(target.image.width())
@@ -31,7 +31,7 @@ public:
 
     [[nodiscard]] PixelLines Lines() const { return lines_; }
 
-    /// Lays ink over a pixel of the image. `cover` is 0 to 256.
+    /// Blends ink over a pixel of the image. `cover` is 0 to 256.
     void Blend(int x, int y, QRgb ink, std::uint32_t cover) const {
         QRgb& pixel = bits_[y * stride_ + x];
         const std::uint32_t rest = 256 - cover;
@@ -49,7 +49,7 @@ private:
     PixelLines lines_;
 };
 
-/// One segment, its first coordinate the one along which it is longer.
+/// One segment; its first coordinate is the one along which it is longer.
 struct Segment {
     double along0, across0, along1, across1;
     bool steep; ///< the first coordinate is y
@@ -66,7 +66,7 @@ Segment SegmentOf(QPointF from, QPointF to) {
     return segment;
 }
 
-/// A length in pixels as a whole number of 65536ths: sums of these are exact, and cheap.
+/// A length in pixels as a whole number of 65536ths: adding these is exact and fast.
 using Fixed = std::int64_t;
 
 constexpr Fixed kOnePixel = 65536;
@@ -75,8 +75,8 @@ Fixed ToFixed(double pixels) {
     return static_cast<Fixed>(std::lround(pixels * static_cast<double>(kOnePixel)));
 }
 
-/// Inks the pixels from `low` to `high` across a segment, in the line of pixels `along` it, each as
-/// far as it is covered.
+/// Inks the pixels from `low` to `high` across a segment, in the pixel line `along` it, each by its
+/// coverage.
 template <bool Steep>
 void InkAcross(const Pixels& pixels, int along, Fixed low, Fixed high, QRgb ink) {
     for (Fixed start = low; start < high;) {
@@ -93,14 +93,15 @@ void InkAcross(const Pixels& pixels, int along, Fixed low, Fixed high, QRgb ink)
     }
 }
 
-/// Covers, in each line of pixels across the segment, what the stroke covers of them. A line of
-/// pixels belongs to the segment that its middle lies in, so that joints are not inked twice.
+/// Inks, in each pixel line across the segment, what the stroke covers. A pixel line belongs to the
+/// segment that contains its middle, so that joints are not inked twice.
 template <bool Steep>
 void Stroke(const Pixels& pixels, const Segment& segment, QRgb ink, double width) {
     const PixelLines along = Steep ? pixels.Lines() : pixels.Columns();
     const PixelLines across = Steep ? pixels.Columns() : pixels.Lines();
     const double length = segment.along1 - segment.along0;
-    // Steps are counted from the image's edge, whichever lines are drawn: their sums are the same.
+    // Steps are counted from the image's edge, whichever lines are drawn, so that the sums are the
+    // same.
     const int start = std::max(0, static_cast<int>(std::ceil(segment.along0 - 0.5)));
     const int first = std::max(along.first, start);
     const int last = std::min(along.end, static_cast<int>(std::ceil(segment.along1 - 0.5)));
@@ -123,8 +124,8 @@ bool IsSteep(const QPolygonF& line, qsizetype i) {
     return std::abs(step.y()) > std::abs(step.x());
 }
 
-/// Where segment i of a line begins. Behind one of the other steepness it reaches back a pixel, for
-/// neither of the two inks the corner of pixels between them.
+/// The start of segment i of a line. After a segment of the other steepness it is moved back by a
+/// pixel, because neither of the two inks the corner between them.
 QPointF StartOf(const QPolygonF& line, qsizetype i) {
     const QPointF from = line[i - 1];
     const QPointF step = line[i] - from;

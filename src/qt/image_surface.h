@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A drawing that stays: an image with the surface that draws on it.
+// A drawing that is kept: an image with the surface that draws on it.
 
 #pragma once
 
@@ -16,16 +16,16 @@ namespace quandrel {
 class ImageSurface {
 public:
     /// @param pixels      size of the image, at least 1 each way
-    /// @param density     pixels in a logical pixel, above 0
-    /// @param background  what it is filled with
+    /// @param density     image pixels per logical pixel, above 0
+    /// @param background  the initial colour
     ImageSurface(QSize pixels, double density, Colour background);
 
-    /// A copy of a drawing, to draw more on.
+    /// A copy of a drawing, to continue drawing on.
     ImageSurface(const QImage& drawing, double density);
 
     [[nodiscard]] Surface& Drawing() { return *surface_; }
 
-    /// The drawing as it stands.
+    /// The drawing so far.
     [[nodiscard]] const QImage& Image() const { return image_; }
 
 private:
@@ -34,7 +34,7 @@ private:
     std::unique_ptr<PainterSurface> surface_;
 };
 
-/// Copies an image onto a device, into a rectangle of its logical pixels.
+/// Copies an image to a device, into a rectangle of its logical pixels.
 void PaintImage(QPaintDevice& device, const QRectF& target, const QImage& image);
 
 } // namespace quandrel

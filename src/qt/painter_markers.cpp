@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The markers of a PainterSurface. In an image a marker is a sprite, made once for each of the
-// phases that a place can have within its pixel; in a vector file it is its parts.
+// The markers of a PainterSurface. In an image a marker is a sprite, made once for each phase of a
+// position within its pixel; in a vector file it is drawn from its parts.
 
 #include "qt/painter_surface.h"
 #include "qt/place_filter.h"
@@ -17,19 +17,19 @@ namespace quandrel {
 
 namespace {
 
-/// Steps within a pixel across, and down, for which sprites are made.
+/// Steps within a pixel, across and down, for which sprites are made.
 constexpr int kPhases = 4;
 
-/// Steps in a logical pixel by which a vector file tells places apart.
+/// Steps per logical pixel by which a vector file distinguishes positions.
 constexpr double kVectorSteps = 64;
 
-/// Places so far out, in painter units, are not drawn.
+/// Positions this far out, in painter units, are not drawn.
 constexpr double kFarAway = 1e6;
 
-/// A glyph that reaches further than this, in pixels, is drawn and not stamped.
+/// A glyph that extends further than this, in pixels, is drawn instead of stamped.
 constexpr double kLargestSprite = 128;
 
-/// So many glyphs are remembered; then all are made anew.
+/// This many glyphs are cached; then the cache is cleared.
 constexpr std::size_t kMostGlyphs = 1000;
 
 QColor ToQt(Colour colour) {
@@ -40,7 +40,7 @@ bool IsNear(QPointF place) {
     return std::abs(place.x()) < kFarAway && std::abs(place.y()) < kFarAway;
 }
 
-/// A step by its whole pixel and the phase within.
+/// The whole pixel of a step, and the phase within it.
 std::div_t PixelOf(int step) {
     const int phase = (step % kPhases + kPhases) % kPhases;
     return {(step - phase) / kPhases, phase};
@@ -114,7 +114,7 @@ double PainterSurface::GlyphReach(const Glyph& glyph) const {
 }
 
 Sprite PainterSurface::MakeSprite(const Glyph& glyph, Colour colour, int phaseX, int phaseY) const {
-    // A mitred corner reaches out by up to two widths of the pen.
+    // A mitred corner extends by up to two widths of the pen.
     const int margin = static_cast<int>(std::ceil(GlyphReach(glyph) + 2 * GlyphPenWidth())) + 2;
     QImage picture(2 * margin, 2 * margin, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A page of a printer or a PDF as something to draw on.
+// Drawing on a page of a printer or a PDF.
 
 #pragma once
 
@@ -16,13 +16,14 @@
 
 namespace quandrel {
 
-/// The paper of a page layout, as it lies, with the rim that its printer leaves blank.
+/// The paper of a page layout in its orientation, with the margin that its printer leaves blank.
 [[nodiscard]] Sheet SheetOf(const QPageLayout& layout);
 
-/// Surfaces on a page, by millimetres from the corner of the paper. Everything stays vectors.
+/// Surfaces on a page, placed by millimetres from the corner of the paper. Everything stays
+/// vectors.
 class PageSurfaces {
 public:
-    /// @param device  with the whole paper as its page; outlives this
+    /// @param device  its page is the whole paper; must outlive this
     explicit PageSurfaces(QPagedPaintDevice& device);
 
     /// False when the device cannot be drawn on.

@@ -21,13 +21,13 @@ namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
-/// Fonts are set larger by this and drawn smaller, so that widths do not jump from size to size.
+/// Fonts are set larger by this factor and scaled down, so that widths do not jump between sizes.
 constexpr int kFontScale = 16;
 
-/// How far the chord of an arc may stand off the arc, in painter units.
+/// Largest distance of a chord from its arc, in painter units.
 constexpr double kArcTolerance = 0.1;
 
-/// Distance of the lines of a hatch, in logical pixels.
+/// Distance between the lines of a hatch, in logical pixels.
 constexpr double kHatchSpacing = 6;
 
 QColor ToQt(Colour colour) {
@@ -46,7 +46,7 @@ Qt::PenStyle PenStyleOf(int drawStyle) {
                : Qt::SolidLine;
 }
 
-/// Directions of the lines of a hatch, clockwise from +x; none for other fills.
+/// Directions of the lines of a hatch, clockwise from +x; empty for other fills.
 std::vector<double> HatchAngles(int fillStyle) {
     switch (fillStyle) {
     case kHorizontalHatch:
@@ -66,7 +66,7 @@ std::vector<double> HatchAngles(int fillStyle) {
     }
 }
 
-/// The angle from start to an end of an arc, above 0 and at most once round.
+/// The angle from start to an end of an arc, above 0 and at most a full turn.
 double Sweep(double start, double end) {
     const double turn = 2 * kPi;
     const double sweep = end - start;
@@ -113,7 +113,7 @@ void PainterSurface::Clear(Colour background) {
 }
 
 void PainterSurface::SetState(const DrawState& state) {
-    // Pens change often and fonts rarely, and a font is dear.
+    // Pens change often and fonts rarely, and setting a font is slow.
     const bool sameFont = state.font == state_.font;
     state_ = state;
     if (!sameFont) {
@@ -124,7 +124,7 @@ void PainterSurface::SetState(const DrawState& state) {
 void PainterSurface::MakeFont() {
     const FontSpec& spec = state_.font;
     font_ = QFont(spec.family.empty() ? QStringLiteral("sans-serif") : ToQt(spec.family));
-    // A pixel size, so that text is as large beside the drawing on every device.
+    // A size in pixels, so that text has the same size relative to the drawing on every device.
     font_.setPixelSize(
         std::max(1, static_cast<int>(std::lround(spec.points * kPixelsPerPoint * kFontScale))));
     font_.setBold(spec.bold);
@@ -178,7 +178,7 @@ void PainterSurface::Hatch(const QPolygonF& shape) {
     }
 }
 
-/// The image's own way with single lines of flat ends rounds otherwise under each clip.
+/// For single lines with flat ends, the image's own method rounds differently under each clip.
 void PainterSurface::DrawLine(QPointF from, QPointF to) {
     if (medium_ == Medium::Vector) {
         painter_.drawLine(from, to);

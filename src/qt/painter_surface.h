@@ -2,10 +2,10 @@
 //
 // The picture surface over a QPainter: for the screen, for PNG, and for vector files.
 //
-// This is the chief header of the folder: the ports of the engine over Qt without Widgets. Inside:
-// surfaces, picture files, PDF pages, icons, settings and clipboard.
-// Enters: drawing operations and values of the engine.
-// Leaves: pixels and vectors in images and files, keys in the settings file.
+// This is the chief header of the folder: the ports of the engine, implemented with Qt but without
+// Widgets: surfaces, picture files, PDF pages, icons, settings and clipboard. Input: drawing
+// operations and values of the engine. Output: pixels and vectors in images and files, keys in the
+// settings file.
 
 #pragma once
 
@@ -27,20 +27,20 @@ namespace quandrel {
 
 enum class Medium {
     Raster, ///< pixels: markers are stamped from sprites
-    Vector, ///< commands: everything stays a line, a shape or a text
+    Vector, ///< commands: everything remains a line, a shape or a text
 };
 
 /// Draws into a rectangle of a painter. Positions are mapped here, not by the painter, so that text
-/// stands upright and angles run counter-clockwise on every device. Nothing is clipped to the
+/// is upright and angles run counter-clockwise on every device. Nothing is clipped to the
 /// rectangle.
 ///
 /// A raster surface is fast, and mode kDrawNotXor exact, on a painter over a QImage of Format_RGB32
-/// without transformation, device pixel ratio or clip, but for a clip to whole lines.
+/// without transformation, device pixel ratio or clip, except a clip to whole lines.
 class PainterSurface : public Surface {
 public:
-    /// @param painter      outlives the surface; its transformation maps device units of `area`
+    /// @param painter      must outlive the surface; its transformation maps device units of `area`
     /// @param area         the surface's rectangle, in the painter's coordinates
-    /// @param pixelFactor  painter units in a logical pixel, above 0
+    /// @param pixelFactor  painter units per logical pixel, above 0
     PainterSurface(QPainter& painter, const QRectF& area, double pixelFactor, Medium medium);
 
     void SetUserScale(const UserScale& scale) override;
@@ -83,7 +83,7 @@ private:
     void DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour, QPointF centre) const;
     void DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const;
 
-    /// The pen of glyphs follows the state's width, but is no finer than a logical pixel.
+    /// The pen width of glyphs: the state's width, but at least a logical pixel.
     [[nodiscard]] double GlyphPenWidth() const;
     [[nodiscard]] double GlyphReach(const Glyph& glyph) const;
     [[nodiscard]] Sprite MakeSprite(const Glyph& glyph, Colour colour, int phaseX,
@@ -92,8 +92,8 @@ private:
                std::span<const Point> positions);
     void DrawEach(const Glyph& glyph, Colour colour, std::span<const Point> positions);
 
-    /// What was made of a glyph in a colour, by a pen of a width: a sprite for each phase of a
-    /// place within its pixel, empty until it is wanted.
+    /// The sprites of a glyph in a colour and pen width, one for each phase of a position within
+    /// its pixel; empty until needed.
     using Phases = std::vector<std::optional<Sprite>>;
 
     QPainter& painter_;
@@ -101,7 +101,7 @@ private:
     double pixelFactor_;
     Medium medium_;
     UserScale scale_;
-    double unitsToDeviceX_ = 1; ///< painter units in a user unit
+    double unitsToDeviceX_ = 1; ///< painter units per user unit
     double unitsToDeviceY_ = 1;
     DrawState state_;
     QFont font_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Pages as PDF files: the printer of a machine that has none.
+// Pages as PDF files: the printer of a machine without printers.
 
 #pragma once
 
@@ -13,23 +13,23 @@
 
 namespace quandrel {
 
-/// What a file to print to calls itself.
+/// The name shown for printing to a file.
 inline constexpr const char* kPdfPrinterName = "PDF file";
 
-/// Paper of a size, without a rim that stays blank.
+/// Paper of a size, without margins.
 [[nodiscard]] QPageLayout PdfPaper(QPageSize::PageSizeId size,
                                    QPageLayout::Orientation orientation);
 
-/// A page that is written to a PDF file when it is sent, whole or not at all. The same drawing
+/// A page that is written to a PDF file when it is sent, completely or not at all. The same drawing
 /// gives the same bytes. Needs a QGuiApplication.
 ///
-/// @param failure  takes the reason when the file cannot be written; outlives the page
+/// @param failure  receives the reason when the file cannot be written; must outlive the page
 [[nodiscard]] std::unique_ptr<PrintedPage> StartPdfPage(const std::string& path,
                                                         const std::string& title,
                                                         const QPageLayout& layout,
                                                         std::string* failure = nullptr);
 
-/// Prints every page to a file, on paper that is given once.
+/// Prints every page to a file, on paper set at construction.
 class PdfPrinter : public PrinterPort {
 public:
     explicit PdfPrinter(const QPageLayout& layout)
@@ -51,8 +51,8 @@ public:
         return StartPdfPage(path, title, layout_, &failure_);
     }
 
-    /// Why the file of the last page could not be written; empty where it could, or where drawing
-    /// it failed before.
+    /// The reason why the file of the last page could not be written; empty when it was written, or
+    /// when drawing it had failed before.
     [[nodiscard]] const std::string& Failure() const { return failure_; }
 
 private:

@@ -29,7 +29,7 @@ constexpr int kPdfResolution = 1200;
 constexpr double kLogicalResolution = 96;
 constexpr double kInchesInAMetre = 1 / 0.0254;
 
-/// Wider or higher pictures are refused: they are mistyped, or hold no more than a smaller one.
+/// Wider or higher pictures are refused: such a size is a typing error, or shows no more detail.
 constexpr double kMostPixels = 30000;
 
 struct Picture {
@@ -43,15 +43,15 @@ using Encoder = bool (*)(QBuffer& buffer, const Picture& picture);
 constexpr const char* kNoMemory = "there is no memory for the picture";
 constexpr std::chrono::milliseconds kBetweenQuestions{150};
 
-/// Shows how many lines are written, and asks whether to go on, from time to time.
+/// Shows how many lines have been written, and polls from time to time whether to continue.
 class LineProgress {
 public:
-    /// @param isLong  false for a picture that is too small for any of it
+    /// @param isLong  false for a picture too small for either
     LineProgress(int lines, bool isLong)
         : isLong_(isLong)
         , progress_(lines, kDrawingWithoutProgress) {}
 
-    /// False once the user wants no more.
+    /// False after the user has stopped it.
     [[nodiscard]] bool Reach(int line) {
         const Clock::time_point now = isLong_ ? Clock::now() : lastAsked_;
         if (now - lastAsked_ < kBetweenQuestions) {
@@ -69,7 +69,7 @@ private:
     Clock::time_point lastAsked_ = Clock::now();
 };
 
-/// Writes the lines of a band, as far as the user wants. Gives what is wrong, or nothing.
+/// Writes the lines of a band until the user stops it. Returns the error, or an empty text.
 std::string WriteLines(const QImage& image, PixelLines lines, PngWriter& writer,
                        LineProgress& progress) {
     for (int line = lines.first; line < lines.end; ++line) {
@@ -115,7 +115,7 @@ bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
     generator.setSize(size.toSize());
     generator.setViewBox(QRectF(QPointF(0, 0), size));
     generator.setResolution(static_cast<int>(kLogicalResolution));
-    // The generator writes the title as it stands.
+    // The generator does not escape the title.
     generator.setTitle(picture.title.toHtmlEscaped());
     generator.setDescription(QString());
     QPainter painter;
@@ -146,7 +146,7 @@ bool EncodePdf(QBuffer& buffer, const Picture& picture) {
     return isWhole;
 }
 
-/// Writes what an encoder makes in memory.
+/// Writes the output that an encoder makes in memory.
 template <Encoder encode>
 std::string WriteEncoded(const Picture& picture, const PutBytes& put) {
     QBuffer buffer;
@@ -192,7 +192,7 @@ std::string SavePicture(const std::string& path, const PictureSize& size, const 
                         const DrawPictureOn& draw) {
     const PictureWriter write = WriterFor(path);
     if (write == nullptr) {
-        return "'" + path + "' ends in none of .png, .svg, .pdf";
+        return "'" + path + "' does not end in .png, .svg or .pdf";
     }
     if (!IsSensible(size)) {
         return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";

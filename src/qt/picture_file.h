@@ -15,42 +15,42 @@
 
 namespace quandrel {
 
-/// A larger PNG is drawn and written in bands of so many bytes of pixels.
+/// A PNG with more bytes of pixels is drawn and written in bands of this size.
 inline constexpr std::size_t kBytesInBand = std::size_t{64} << 20;
 
 /// The size of a picture.
 struct PictureSize {
-    double width = 600; ///< logical pixels, 96 to the inch
+    double width = 600; ///< logical pixels, 96 per inch
     double height = 600;
-    double scale = 1; ///< pixels of a PNG in a logical pixel; vector files have no pixels
-    /// Bands cannot be seen in a picture whose pens are all a pixel wide or wider.
+    double scale = 1; ///< pixels of a PNG per logical pixel; vector files have no pixels
+    /// Bands are invisible in a picture whose pens are all at least a pixel wide.
     std::size_t bandBytes = kBytesInBand;
 };
 
-/// Draws a picture; a large one several times, each time clipped to a band. What is drawn lies
+/// Draws a picture; for a large one several times, each time clipped to a band. The drawing lies
 /// between (0, 0) and the logical size times `factor`.
 ///
-/// @param painter  a white page of the size
-/// @param factor   painter units in a logical pixel
+/// @param painter  a white page of that size
+/// @param factor   painter units per logical pixel
 using DrawPictureOn = std::function<void(QPainter& painter, double factor, Medium medium)>;
 
-/// What SavePicture gives when the user has stopped it.
+/// What SavePicture returns when the user has stopped it.
 inline constexpr const char* kPictureStopped = "The picture was stopped and is not written";
 
-/// Blanks out the time at which a PDF was made, so that the same drawing gives the same bytes.
-/// Blanks keep the places of all else, which the file lists.
+/// Replaces the creation time in a PDF by blanks, so that the same drawing gives the same bytes.
+/// Blanks keep all offsets, which the file lists.
 void ForgetTime(QByteArray& pdf);
 
-/// Draws into a file whose ending, in any case, says what it is: .png, .svg, .pdf. A page of a PDF
-/// is as large as the picture. The file is written whole or not at all; what stood there stays
+/// Draws into a file whose ending, in any case, gives its type: .png, .svg, .pdf. A page of a PDF
+/// is as large as the picture. The file is written completely or not at all; an existing file stays
 /// until the new one is complete. The same drawing gives the same bytes.
 ///
 /// A PNG of several bands shows its progress and can be stopped; its memory does not grow with its
 /// height.
 ///
-/// @param title  what the file calls itself; a PNG has no title
-/// @return empty, kPictureStopped when the user stopped it, or a text for the user that says why
-///     there is no picture
+/// @param title  the title in the file; a PNG has none
+/// @return empty, kPictureStopped when the user stopped it, or a message for the user with the
+///         reason for the failure
 ///
 /// Needs a QGuiApplication.
 [[nodiscard]] std::string SavePicture(const std::string& path, const PictureSize& size,

@@ -10,9 +10,9 @@ namespace quandrel {
 
 namespace {
 
-/// A set of places that only grows: a table with open addressing, twice as large as its content at
-/// least. Several times as fast as a set of the standard library, and this is called with a hundred
-/// thousand places at a time.
+/// A set of positions that only grows: a table with open addressing, at least twice as large as its
+/// contents. Several times as fast as a set of the standard library; it is called with a hundred
+/// thousand positions at a time.
 class PlaceTable {
 public:
     explicit PlaceTable(std::size_t most)
@@ -20,7 +20,7 @@ public:
         , taken_(mask_ + 1, 0)
         , places_(mask_ + 1) {}
 
-    /// True when the place was not there before.
+    /// True when the position was not in the set before.
     bool Insert(StepPlace place) {
         std::size_t at = Hash(place) & mask_;
         while (taken_[at] != 0) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Markers of one style on one place: only the last of them is seen.
+// Markers of one style at one position: only the last of them is visible.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace quandrel {
 
-/// A place in whole steps.
+/// A position in whole steps.
 struct StepPlace {
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -18,7 +18,7 @@ struct StepPlace {
     friend bool operator==(const StepPlace&, const StepPlace&) = default;
 };
 
-/// The indices, in order, of those places that do not come again further behind. O(n).
+/// The indices, in order, of those positions that do not occur again later. O(n).
 [[nodiscard]] std::vector<std::uint32_t> LastOfEachPlace(std::span<const StepPlace> places);
 
 } // namespace quandrel

@@ -16,7 +16,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kUnseenSide = 8; ///< of a picture that nobody sees
+constexpr int kUnseenSide = 8; ///< of a picture that is not shown
 
 QRectF Scaled(const RoomRect& box, double factor) {
     return {box.left * factor, box.top * factor, box.width * factor, box.height * factor};
@@ -30,7 +30,7 @@ std::string StatisticsShown(const PlotRecord& record, const PlotForm& form) {
     return form.BoxText(record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
 }
 
-/// What the column beside the net of gActivePlot has to hold.
+/// The texts for the column beside the net of gActivePlot.
 PictureTexts TextsOfActivePlot() {
     const PlotRecord& record = ActiveRecord();
     ImageSurface unseen({kUnseenSide, kUnseenSide}, 1, kWhite);
@@ -48,7 +48,7 @@ PictureLayout LayOut(PicturePart part) {
                          part == PicturePart::NetAlone ? PictureTexts() : TextsOfActivePlot());
 }
 
-/// Everything about the net: what the plot's window shows in its boxes.
+/// Everything around the net: what the plot's window shows in its boxes.
 void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Medium medium) {
     const PlotRecord& record = ActiveRecord();
     const PlotForm& form = FormOf(gActivePlot);
@@ -68,12 +68,12 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     draw(layout.statistics, kStatsFont, StatisticsShown(record, form));
 }
 
-/// Draws the whole picture with `factor` painter units to the logical pixel.
+/// Draws the whole picture with `factor` painter units per logical pixel.
 void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medium) {
     const PictureLayout layout = LayOut(part);
     PainterSurface net(painter, Scaled(layout.net, factor), factor, medium);
     if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
-        // The legend is drawn all the same, where nobody sees it.
+        // The legend is always drawn, even if it is not shown.
         ImageSurface legend({kUnseenSide, kUnseenSide}, factor, kWhite);
         DrawActivePlotOn(net, legend.Drawing());
     } else {

@@ -21,13 +21,13 @@ struct PictureOptions {
     std::size_t bandBytes = kBytesInBand; ///< of a large PNG, see PictureSize
 };
 
-/// A file's name for the picture of a plot: that of its data with the ending .png, or its title.
+/// A file name for the picture of a plot: that of its data with the ending .png, or its title.
 [[nodiscard]] std::string PictureName(const PlotRecord& record);
 
-/// Draws gActivePlot into a file whose ending says what it is: .png, .svg, .pdf. Nothing is worked
-/// out anew.
+/// Draws gActivePlot into a file whose ending gives its type: .png, .svg, .pdf. Nothing is
+/// recalculated.
 ///
-/// @return what SavePicture gives
+/// @return as SavePicture
 [[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
 
 enum class PlotImagePart { Net, Legend };
@@ -38,10 +38,9 @@ struct PlotBoxSizes {
     QSize legend;
 };
 
-/// The net or the legend of gActivePlot on white, as it stands in its box. Nothing is worked out
-/// anew.
+/// The net or the legend of gActivePlot on white, as in its box. Nothing is recalculated.
 ///
-/// @param density  pixels of the image in a logical pixel
+/// @param density  image pixels per logical pixel
 [[nodiscard]] QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density);
 
 } // namespace quandrel

@@ -12,14 +12,14 @@ namespace quandrel {
 
 namespace {
 
-/// Where the bytes go.
+/// The destination of the bytes.
 struct Target {
     PutBytes put;
     bool hasFailed = false;
 };
 
-// The library leaves its calls by longjmp when it fails. The functions that call it hold nothing
-// that would have to be destroyed.
+// When the library fails it leaves its calls by longjmp. The functions that call it hold no objects
+// that need to be destroyed.
 
 constexpr int kBitDepth = 8;
 
@@ -46,7 +46,7 @@ bool WriteHead(png_structp png, png_infop info, int width, int height, int dotsP
                  PNG_FILTER_TYPE_DEFAULT);
     const auto dots = static_cast<png_uint_32>(dotsPerMetre);
     png_set_pHYs(png, info, dots, dots, PNG_RESOLUTION_METER);
-    // Drawings are mostly plain: the difference from the line above is the least of all filters.
+    // Drawings are mostly plain: the difference from the line above is the smallest of all filters.
     png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_UP);
     png_write_info(png, info);
     return true;

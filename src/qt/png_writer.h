@@ -14,8 +14,8 @@
 
 namespace quandrel {
 
-/// Puts out a PNG of opaque colours, 8 bits a channel. Calls follow each other: Begin, a WriteLine
-/// for each line from the top, End. Each gives false once something has failed.
+/// Writes a PNG of opaque colours, 8 bits per channel. The order of calls is Begin, a WriteLine for
+/// each line from the top, End. Each returns false after an error.
 class PngWriter {
 public:
     explicit PngWriter(PutBytes put);
@@ -23,10 +23,10 @@ public:
     PngWriter(const PngWriter&) = delete;
     PngWriter& operator=(const PngWriter&) = delete;
 
-    /// @param dotsPerMetre  resolution, both ways
+    /// @param dotsPerMetre  resolution in both directions
     [[nodiscard]] bool Begin(int width, int height, int dotsPerMetre);
 
-    /// @param pixels  as many as the picture is wide, 0xffRRGGBB
+    /// @param pixels  one per pixel of the width, 0xffRRGGBB
     [[nodiscard]] bool WriteLine(const QRgb* pixels);
 
     [[nodiscard]] bool End();

@@ -15,7 +15,7 @@ QString PathOf(const std::string& section, const std::string& key) {
     return QString::fromStdString(section) + QLatin1Char('/') + QString::fromStdString(key);
 }
 
-/// A text with commas that was typed into the file by hand comes back as a list of its parts.
+/// A text with commas that was typed into the file by hand is returned as a list of its parts.
 std::string TextOfVariant(const QVariant& value) {
     if (value.typeId() == QMetaType::QStringList) {
         return value.toStringList().join(QLatin1String(", ")).toStdString();
@@ -31,7 +31,7 @@ QSettings& QtSettingsStore::File(const std::string& application) const {
         file = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
                                            QStringLiteral("quandrel"),
                                            QString::fromStdString(application));
-        // One file is the whole truth, not also what an administrator or another program put by.
+        // Only this file counts, not settings of an administrator or another program.
         file->setFallbacksEnabled(false);
     }
     return *file;

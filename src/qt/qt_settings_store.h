@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Settings in INI files below the user's configuration folder, one file an application.
+// Settings in INI files below the user's configuration folder, one file per application.
 
 #pragma once
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// What has to be set right after a Qt application object was made.
+// Settings to make right after a Qt application object has been created.
 
 #pragma once
 
 namespace quandrel {
 
-/// Numbers are written and read with a decimal point whatever the user's region: the application
-/// object takes over the region's rules for the C library, this takes those for numbers back.
+/// Makes numbers use a decimal point in any region: the application object sets the C library to
+/// the region's rules; this restores neutral rules for numbers.
 void UseNeutralNumbers();
 
 /// True when the region's decimal delimiter is a comma.

@@ -13,7 +13,7 @@ namespace quandrel {
 
 namespace {
 
-/// A premultiplied pixel over an opaque one. The quotient by 255 is exact after rounding.
+/// Blends a premultiplied pixel over an opaque one. The quotient by 255 is exact after rounding.
 QRgb Over(QRgb ink, QRgb ground) {
     const std::uint32_t rest = 255 - (ink >> 24);
     const auto scaled = [rest](std::uint32_t twoChannels) {
@@ -84,7 +84,7 @@ void Sprite::AddRuns(const QRgb* pixels, int width, int line, int originX) {
 
 void Sprite::StampOn(const PlainTarget& target, int x, int y) const {
     const QImage& image = target.image;
-    // constBits, for bits would look for other users of the image at each stamp.
+    // constBits, as bits would check for sharing at each stamp.
     auto* const bits = reinterpret_cast<QRgb*>(const_cast<uchar*>(image.constBits()));
     const qsizetype stride = image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     const int imageWidth = image.width();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Small pictures with soft edges that are stamped into an image many times.
+// Small antialiased pictures that are stamped into an image many times.
 
 #pragma once
 
@@ -15,28 +15,28 @@
 
 namespace quandrel {
 
-/// An image with the lines of it that may be drawn on.
+/// An image, and the range of its lines that may be drawn on.
 struct PlainTarget {
     QImage& image;
     PixelLines lines;
 };
 
-/// The image under a painter when pixels may be written to it as the painter would: RGB32, clipped
-/// to whole lines at most, nothing moved or scaled. Else nothing.
+/// The image under a painter, when writing its pixels directly is equivalent to painting: RGB32,
+/// clipped at most to whole lines, not moved or scaled. Otherwise nothing.
 [[nodiscard]] std::optional<PlainTarget> PlainTargetOf(const QPainter& painter);
 
 /// The inked pixels of a picture, as runs.
 class Sprite {
 public:
     /// @param picture  Format_ARGB32_Premultiplied
-    /// @param origin   the pixel of the picture that falls on the place of a stamp
+    /// @param origin   the pixel of the picture that is put at the position of a stamp
     Sprite(const QImage& picture, QPoint origin);
 
-    /// Lays the picture over an RGB32 image; what falls outside its lines is left out.
+    /// Draws the picture over an RGB32 image; parts outside its lines are left out.
     void StampOn(const PlainTarget& target, int x, int y) const;
 
 private:
-    /// Neighbouring pixels of one line that are all solid, or all between solid and clear.
+    /// Neighbouring pixels of one line, either all opaque or all partly transparent.
     struct Run {
         int left = 0; ///< from the origin
         int line = 0; ///< from the origin
@@ -49,7 +49,7 @@ private:
 
     std::vector<Run> runs_;
     std::vector<QRgb> inks_;
-    int left_ = 0; ///< the box about all runs, from the origin; right_ and bottom_ lie outside
+    int left_ = 0; ///< bounds of all runs, from the origin; right_ and bottom_ are exclusive
     int top_ = 0;
     int right_ = 0;
     int bottom_ = 0;

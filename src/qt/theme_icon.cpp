@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kDisabledOpacity = 0.35;
 
-/// Draws a drawing in the colours of the moment.
+/// Renders a drawing in the current theme colours.
 class ThemeIconEngine : public QIconEngine {
 public:
     explicit ThemeIconEngine(QByteArray drawing)
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] QIconEngine* clone() const override { return new ThemeIconEngine(*this); }
 
 private:
-    /// Strokes that lie on each other are one picture before they become faint.
+    /// Overlapping strokes are combined into one picture before it is made faint.
     static void PaintFaint(QPainter& painter, const QRect& rect, QSvgRenderer& renderer) {
         const double density = painter.device()->devicePixelRatioF();
         QImage layer(rect.size() * density, QImage::Format_ARGB32_Premultiplied);

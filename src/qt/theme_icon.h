@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Icons from line drawings whose ink follows the desktop's theme, sharp at every size and density.
+// Icons from line drawings whose colour follows the desktop's theme, sharp at every size and
+// density.
 
 #pragma once
 
@@ -9,7 +10,7 @@
 
 namespace quandrel {
 
-/// The colour that stands for ink in the drawings; it is shown in the text colour of the theme.
+/// The colour that stands for ink in the drawings; it is replaced by the theme's text colour.
 inline constexpr const char* kIconInk = "#2b3440";
 
 /// An icon from the text of an SVG drawing.

@@ -155,7 +155,7 @@ TEST_F(PictureFile, EndingsCountInAnyCaseAndPathsMayHoldAnyLetters) {
 
 TEST_F(PictureFile, AnUnknownEndingIsRefused) {
     for (const char* name : {"a.jpg", "a", "png", "a.png.bak", ""}) {
-        EXPECT_EQ(Save(Path(name)), "'" + Path(name) + "' ends in none of .png, .svg, .pdf");
+        EXPECT_EQ(Save(Path(name)), "'" + Path(name) + "' does not end in .png, .svg or .pdf");
     }
     EXPECT_EQ(CountFiles(), 0U);
 }
