@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Classes of values: which range a number falls in, which name a text is.
+// Classes of values: the range of a number, the name that a text matches.
 //
 // Example: spacings of joints in three classes.
 //
@@ -22,22 +22,21 @@
 
 namespace quandrel::api {
 
-/// The class of what belongs to none.
+/// The class of a value that belongs to none.
 inline constexpr int kNoClass = -1;
 
 inline constexpr std::size_t kMostRangeClasses = 10;
 inline constexpr std::size_t kMostNameClasses = 11;
 
-/// Ranges of numbers: class k, from 1, reaches from limit k - 1 to limit k.
+/// Ranges of numbers: class k, from 1, extends from limit k - 1 to limit k.
 struct Ranges {
-    std::vector<double> limits; ///< ascending, 2 to kMostRangeClasses + 1; equal ones may follow
-                                ///< each other
-    bool keepsBelow = false;    ///< what is below the lowest limit is class 0, else of no class
-    bool keepsAbove = false;    ///< what is above the greatest one has the class after the last
+    std::vector<double> limits; ///< ascending, 2 to kMostRangeClasses + 1; equal ones are allowed
+    bool keepsBelow = false;    ///< values below the lowest limit are class 0, else without a class
+    bool keepsAbove = false;    ///< values above the greatest limit have the class after the last
 };
 
-/// The class of a number. One at a limit is in the class above it, one at the greatest limit in the
-/// last class; NaN is of no class.
+/// The class of a number. A number at a limit is in the class above it, one at the greatest limit
+/// in the last class; NaN has no class.
 [[nodiscard]] int ClassOf(double value, const Ranges& ranges);
 
 /// ClassOf for n numbers.
@@ -45,32 +44,32 @@ struct Ranges {
 /// @param[out] classes  n numbers
 void FindClasses(std::span<const double> values, const Ranges& ranges, std::span<int> classes);
 
-/// Ranges of one width.
+/// Ranges of equal width.
 ///
-/// @param least,greatest  in this order
+/// @param least,greatest  least <= greatest
 /// @param classes         1 to kMostRangeClasses
 [[nodiscard]] Ranges EqualRanges(double least, double greatest, int classes);
 
-/// Ranges one standard deviation wide, as many below the mean as above it.
+/// Ranges one standard deviation wide, with as many below the mean as above it.
 ///
-/// @param deviation  0 or more
+/// @param deviation  >= 0
 /// @param classes    2 to kMostRangeClasses
 [[nodiscard]] Ranges DeviationRanges(double mean, double deviation, int classes);
 
-/// Ranges that begin at the values given, so that each has a class: the last class is its value
-/// alone, or, of more values than classes, reaches up to the greatest.
+/// Ranges that begin at the given values, so that each has a class. The last class is that value
+/// alone, or, if there are more values than classes, extends to the greatest.
 ///
 /// @param values  one or more, in any order
 [[nodiscard]] Ranges RangesFrom(std::span<const double> values);
 
 /// Names of classes: class k, from 1, is name k - 1.
 struct Names {
-    std::vector<std::string> names; ///< kMostNameClasses at most; of equal ones the first counts
-    bool keepsOthers = false;       ///< texts that are no name are class 0, else of no class
+    std::vector<std::string> names; ///< at most kMostNameClasses; of equal ones the first counts
+    bool keepsOthers = false;       ///< texts that match no name are class 0, else without a class
     bool isCaseSensitive = false;
 };
 
-/// The class of a text. An empty one is no name.
+/// The class of a text. An empty text matches no name.
 [[nodiscard]] int ClassOf(std::string_view text, const Names& names);
 
 /// Plain statistics of numbers.
@@ -79,7 +78,7 @@ struct NumberStatistics {
     double least = 0;
     double greatest = 0;
     double mean = 0;
-    double standardDeviation = 0; ///< over n - 1; 0 of a single number
+    double standardDeviation = 0; ///< over n - 1; 0 for a single number
 };
 
 /// @return nothing without numbers. O(n).

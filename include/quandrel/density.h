@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// How densely lines lie: counts within a cone on a grid over the net, and contours of them.
+// Densities of lines: counts within a cone on a grid over the net, and contours of these.
 //
-// Lines are axes here, and count at their nearest whole degrees (half-way cases to even). A line
-// counts when it, or its opposite, lies within the cone. Angles are degrees; densities are per cent
-// of the lines within a cone of 1% of the area; positions count from the centre in radii of the
-// primitive.
+// Lines are axes here, and are counted at their nearest whole degrees (half-way cases to even). A
+// line is counted when it, or its opposite, lies within the cone. Angles are degrees; densities are
+// per cent of the lines within a cone of 1% of the area; positions are measured from the centre in
+// radii of the primitive.
 //
 // Example: the contours of a cluster of poles.
 //
@@ -32,20 +32,20 @@ inline constexpr double kCountingCone = 11.478340954533574;
 /// Counts at the nodes of a square grid over the net.
 struct DensityField {
     Projection projection = Projection::kEqualArea;
-    std::int32_t lines = 0; ///< that were counted
-    int nodes = 0;          ///< along each side
+    std::int32_t lines = 0; ///< number of lines counted
+    int nodes = 0;          ///< number along each side
     double first = 0;       ///< east of the first column, north of the first row
-    double step = 0;        ///< between neighbours
+    double step = 0;        ///< distance between neighbours
 
     /// nodes x nodes: the count at node (i, j), i from west to east, j from south to north, is
-    /// counts[i * nodes + j]. A node outside of the primitive stands for the line that left the net
-    /// on this side and came in on the other.
+    /// counts[i * nodes + j]. A node outside the primitive stands for the line that left the net
+    /// on this side and entered on the other.
     std::vector<std::int32_t> counts;
 };
 
-/// Counts lines at the nodes of a grid, within kCountingCone about the line under each.
+/// Counts lines at the nodes of a grid, within kCountingCone of the line at each node.
 ///
-/// @param gridSize  steps across the net, 10 to 150; the field has gridSize + 3 nodes a side
+/// @param gridSize  steps across the net, 10 to 150; the field has gridSize + 3 nodes per side
 ///
 /// O(lines + nodes).
 [[nodiscard]] DensityField DensityFieldOf(std::span<const Line> lines, Projection projection,
@@ -56,7 +56,7 @@ struct DensityField {
 
 /// Counts lines within cones about m axes.
 ///
-/// @param axes        taken as they are, not rounded
+/// @param axes        not rounded
 /// @param halfAngle   of the cones, above 0 and below 45
 /// @param[out] counts  m numbers
 ///
@@ -64,22 +64,22 @@ struct DensityField {
 void CountAbout(std::span<const Line> lines, std::span<const Line> axes, double halfAngle,
                 std::span<std::int32_t> counts);
 
-/// The contour of a density.
+/// The contour at a density.
 struct Contour {
     double level = 0;           ///< per cent
-    std::vector<NetLine> lines; ///< a closed one has its first vertex once more as its last; the
-                                ///< others end on the primitive
+    std::vector<NetLine> lines; ///< a closed line repeats its first vertex at the end; the others
+                                ///< end on the primitive
 };
 
-/// The levels that the program draws: the density of one line, rounded up to a whole per cent, and
-/// its doubles up to the greatest density, nine at most.
+/// The levels that the program draws: the density of one line, rounded up to a whole per cent, then
+/// doubled repeatedly up to the greatest density, at most nine levels.
 [[nodiscard]] std::vector<double> UsualLevels(const DensityField& field);
 
-/// The contours of a field within the primitive, one for each level, in their order. They run
-/// half-way between the least count that has the level's density and the count below. Closed parts
-/// that enclose less than four cells of the grid are left out.
+/// The contours of a field within the primitive, one for each level, in order. They run half-way
+/// between the least count that has the level's density and the next lower count. Closed parts that
+/// enclose less than four cells of the grid are left out.
 ///
-/// @param field   with nodes * nodes counts
+/// @param field   must have nodes * nodes counts
 /// @param levels  per cent, above 0
 ///
 /// O(levels * nodes^2). Method: straight segments across the triangles of each cell, after

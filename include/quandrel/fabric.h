@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Fabric statistics: the orientation tensor of lines, its axes, its shape, and how sure they are.
+// Fabric statistics: the orientation tensor of lines, its axes, its shape, and their confidence.
 //
 // Angles are degrees. E1 <= E2 <= E3 are the eigenvalues of the tensor, which add up to 1; the
-// arrays of three go from E1 to E3. Eigenvalues that differ by less than 1e-6 count as equal.
+// arrays of three are in the order E1 to E3. Eigenvalues that differ by less than 1e-6 count as
+// equal.
 //
 // Example: the girdle of some poles about a fold axis that plunges to the north.
 //
@@ -26,21 +27,21 @@ namespace quandrel::api {
 /// A symmetric matrix, [row][column] along north, east and down.
 using Matrix3 = std::array<std::array<double, 3>, 3>;
 
-/// The orientation tensor, the weighted mean of the outer products of the lines as unit vectors.
+/// The orientation tensor: the weighted mean of the outer products of the lines as unit vectors.
 ///
-/// @param lines    n lines; the signs of the plunges play no part
-/// @param weights  n numbers of 0 and more, or none for equal weights
-/// @return of trace 1; nothing when there is no weight. O(n).
+/// @param lines    n lines; the signs of the plunges are ignored
+/// @param weights  n numbers >= 0, or empty for equal weights
+/// @return of trace 1; nothing when the weights sum to 0. O(n).
 ///
 /// Formula: A. E. Scheidegger (1965), USGS Prof. Paper 525-C, C164-C167.
 [[nodiscard]] std::optional<Matrix3> OrientationTensorOf(std::span<const Line> lines,
                                                          std::span<const double> weights = {});
 
-/// The region that holds the principal axis at 95%.
+/// The 95% confidence region of the principal axis.
 struct AxisEllipse {
-    double major = 0; ///< semi-axis, 90 when it reaches all round
+    double major = 0; ///< semi-axis; 90 when the region is unbounded in that direction
     double minor = 0; ///< semi-axis
-    Line towards;     ///< of the major semi-axis: at right angles to the principal axis
+    Line towards;     ///< direction of the major semi-axis, at right angles to the principal axis
 };
 
 /// Statistics of directions.
@@ -54,11 +55,11 @@ struct FisherStatistics {
     std::optional<double> kappaMaximumLikelihood;
 };
 
-/// What is missing is not determined by the data: a quotient or logarithm of 0, an axis of equal
+/// Empty values are not determined by the data: a quotient or logarithm of 0, an axis of equal
 /// eigenvalues.
 struct Fabric {
     double count = 0;                    ///< n, the sum of the counts
-    std::array<double, 3> eigenvalues{}; ///< true to 1e-12
+    std::array<double, 3> eigenvalues{}; ///< accurate to 1e-12
     std::array<Line, 3> axes{};          ///< as axes, plunge 0 to 90
     std::array<bool, 3> isDetermined{};  ///< false for an axis whose eigenvalue equals another
 
@@ -74,22 +75,21 @@ struct Fabric {
     std::optional<double> symmetryStatistic; ///< of rotational symmetry about it; may be infinite
     std::optional<double> standardError;     ///< of the principal axis, as a sine
     std::optional<double> coneAngle;         ///< half-angle of its 95% cone
-    std::optional<AxisEllipse> ellipse;      ///< its 95% region, whatever the distribution
+    std::optional<AxisEllipse> ellipse;      ///< its 95% region for any distribution
 
-    std::optional<FisherStatistics> fisher; ///< of directions alone
+    std::optional<FisherStatistics> fisher; ///< only for directions
 };
 
 /// The statistics of n lines. O(n).
 ///
-/// @param lines   used as they are, not rounded; the signs of the plunges count for the Fisher
-///                statistics alone
-/// @param counts  n numbers of 0 and more: the measurements that share a line; none for one each
-/// @param sense   directions have Fisher statistics too
+/// @param lines   used unrounded; the signs of the plunges matter only for the Fisher statistics
+/// @param counts  n numbers >= 0: measurements that share a line; empty for one each
+/// @param sense   directions also have Fisher statistics
 /// @return nothing without lines
 ///
-/// standardError and coneAngle take the distribution as symmetric about its axis, which
-/// symmetryStatistic (2 n (E2 - E1)^2 / (1 - 2 E3 + m4)) speaks against above 5.99, the 95% point
-/// of chi-square with two degrees of freedom. The ellipse does without. Formulas: N. H. Woodcock
+/// standardError and coneAngle assume that the distribution is symmetric about its axis.
+/// symmetryStatistic (2 n (E2 - E1)^2 / (1 - 2 E3 + m4)) rejects this above 5.99, the 95% point of
+/// chi-square with two degrees of freedom. The ellipse does not need it. Formulas: N. H. Woodcock
 /// (1977), Geol. Soc. America Bull. 88, 1231-1236; N. I. Fisher, T. Lewis, B. J. J. Embleton,
 /// Statistical Analysis of Spherical Data (1987), ch. 6; of the ellipse M. J. Prentice (1984),
 /// Biometrika 71, 147-154; R. A. Fisher (1953), Proc. R. Soc. London A 217, 295-305.

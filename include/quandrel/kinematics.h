@@ -20,9 +20,9 @@
 
 namespace quandrel::api {
 
-/// A fault with the line along which its hanging wall moved: down along it, or up along one with a
-/// negative plunge, whose trend is that of the lower end all the same. Along a horizontal line it
-/// moved the way of the trend.
+/// A fault, and the line along which its hanging wall moved: down along it, or up along a line with
+/// a negative plunge, whose trend is still that of the lower end. Along a horizontal line it moved
+/// in the direction of the trend.
 struct Fault {
     Plane plane;
     Line slip;
@@ -38,12 +38,12 @@ struct KinematicAxes {
 static_assert(sizeof(Fault) == 4 * sizeof(double));
 static_assert(sizeof(KinematicAxes) == 4 * sizeof(double));
 
-/// The axes of a fault: at right angles, half a right angle from its pole, in the plane that holds
-/// pole and slip line. A slip line that is not quite in the fault plane is first moved into it
-/// along that plane.
+/// The axes of a fault: at right angles to each other, each at 45 degrees to the fault's pole, in
+/// the plane of pole and slip line. A slip line that is not exactly in the fault plane is first
+/// moved into it along that plane.
 ///
 /// @param tolerance  above 0 to 90
-/// @return nothing where the slip line is as far as the tolerance off the fault plane, or farther
+/// @return nothing when the angle of the slip line to the fault plane is the tolerance or more
 ///
 /// Formula: R. Marrett, R. W. Allmendinger, Kinematic analysis of fault-slip data, J. Struct.
 /// Geol. 12 (1990).
@@ -52,7 +52,7 @@ static_assert(sizeof(KinematicAxes) == 4 * sizeof(double));
 
 /// KinematicAxesOf for n faults.
 ///
-/// @param[out] axes  n of them; all values of one are NaN where there is no answer
+/// @param[out] axes  n of them; all values are NaN for a fault without axes
 void FindKinematicAxes(std::span<const Fault> faults, double tolerance,
                        std::span<KinematicAxes> axes);
 

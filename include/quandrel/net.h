@@ -2,8 +2,8 @@
 //
 // Lines and planes on the net: the lower hemisphere, equal area or equal angle.
 //
-// Positions count from the centre in radii of the primitive circle, east and north. Angles are
-// degrees.
+// Positions are measured from the centre in radii of the primitive circle, east and north. Angles
+// are degrees.
 //
 // Example: a line on the equal angle net, and back.
 //
@@ -43,8 +43,8 @@ static_assert(sizeof(NetPoint) == 2 * sizeof(double));
 /// The vertices of a line on the net.
 using NetLine = std::vector<NetPoint>;
 
-/// Where a line falls: within the primitive or on it. One that points up falls where its opposite
-/// does. Inverse: LineAtPoint.
+/// Position of a line: within the primitive or on it. A line that points up is plotted at its
+/// opposite. Inverse: LineAtPoint.
 ///
 /// Formula: the distance from the centre is sqrt(1 - cos c), or tan(c/2), c the angle to the
 /// vertical. J. P. Snyder, Map Projections - A Working Manual, USGS Prof. Paper 1395 (1987), ch. 24
@@ -56,18 +56,18 @@ using NetLine = std::vector<NetPoint>;
 /// @param[out] points  n points
 void ProjectLines(std::span<const Line> lines, Projection projection, std::span<NetPoint> points);
 
-/// The line under a point: plunge 0 to 90. A point outside of the primitive, less than twice its
-/// radius from the centre, is reflected through the rim to the other side and has a negative
-/// plunge. Inverse: ProjectedLine.
+/// The line at a point: plunge 0 to 90. A point outside the primitive, less than twice its radius
+/// from the centre, is reflected through the rim to the other side and has a negative plunge.
+/// Inverse: ProjectedLine.
 [[nodiscard]] Line LineAtPoint(const NetPoint& point, Projection projection);
 
-/// The trace of a plane, its great circle: from one end of the strike over the steepest place to
-/// the other, in steps of a degree on the sphere. Of a horizontal plane it is the primitive,
+/// The trace of a plane, its great circle: from one end of the strike over the steepest point to
+/// the other, in steps of a degree on the sphere. For a horizontal plane it is the primitive,
 /// closed.
 [[nodiscard]] NetLine TraceOfPlane(const Plane& plane, Projection projection);
 
-/// The trace of a cone, a small circle: open lines, of which the first and the last begin and end
-/// at one vertex. Where the cone passes the primitive it goes on at the far side.
+/// The trace of a cone, a small circle, as open lines; the first starts and the last ends at the
+/// same vertex. Where the cone crosses the primitive, the trace continues on the opposite side.
 ///
 /// @param halfAngle  between the axis and the cone, above 0 and below 180
 [[nodiscard]] std::vector<NetLine> TraceOfCone(const Line& axis, double halfAngle,

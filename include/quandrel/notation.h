@@ -25,16 +25,16 @@
 namespace quandrel::api {
 
 /// The azimuth of a text: a number ("120"), quadrant notation ("N30E"), or one of the sixteen
-/// compass names ("SSW", in whole degrees; "ENE" is 78 and "WSW" 245, as the program has them).
+/// compass names ("SSW", in whole degrees; "ENE" is 78 and "WSW" 245, as in the program).
 ///
 /// @return 0 to below 360; nothing for any other text
 [[nodiscard]] std::optional<double> AzimuthOfText(std::string_view text);
 
-/// The dip direction on the side of a sense, 0 to below 360.
+/// The dip direction on the side of a sense of dip, 0 to below 360.
 ///
 /// @param strike  either end of the strike line
 /// @param sense   a compass name of one or two letters
-/// @return nothing where the sense is none, or lies along the strike
+/// @return nothing when the sense is invalid, or lies along the strike
 [[nodiscard]] std::optional<double> DipDirectionOf(double strike, std::string_view sense);
 
 /// The dip direction by the right-hand rule, strike + 90. Inverse: StrikeOf.
@@ -74,8 +74,8 @@ struct LineStyle {
 /// A plane in whole degrees, half-way cases to even. The sense of dip is N, E, S or W.
 [[nodiscard]] std::string TextOf(const Plane& plane, const PlaneStyle& style = {});
 
-/// A line in whole degrees. One that points up by less than is shown lies level, and takes the
-/// trend that it points to.
+/// A line in whole degrees. A line that points up by an angle that rounds to 0 is written as level,
+/// with the trend that it points to.
 [[nodiscard]] std::string TextOf(const Line& line, const LineStyle& style = {});
 
 } // namespace quandrel::api

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Roses: azimuths counted into sectors, with the lengths of their petals.
+// Roses: azimuths counted in sectors, with the lengths of their petals.
 //
-// Angles are degrees. Azimuths count at their nearest whole degrees (half-way cases to even); one
-// on an edge belongs to the sector that ends there: 10 lies in the sector from 0 to 10. For their
-// statistics see circular.h.
+// Angles are degrees. Azimuths are counted at their nearest whole degrees (half-way cases to even).
+// An azimuth on an edge belongs to the sector that ends there: 10 is in the sector from 0 to 10.
+// For their statistics see circular.h.
 //
 // Example: a rose of strikes.
 //
@@ -27,15 +27,15 @@ namespace quandrel::api {
 
 /// What a petal shows.
 enum class RoseMeasure {
-    kCount,     ///< how many azimuths its sector has
+    kCount,     ///< the number of azimuths in its sector
     kSum,       ///< the sum of their values
     kMean,      ///< the mean of their values
     kDeviation, ///< the standard deviation of their values, over n - 1
 };
 
 struct RoseOptions {
-    double sectorSize = 10; ///< 1 to 360; of one that leaves a rest the last sector has the rest,
-                            ///< rounded to whole degrees
+    double sectorSize = 10; ///< 1 to 360; if it does not divide 360, the last sector has the
+                            ///< remainder, rounded to whole degrees
     double start = 0;       ///< azimuth at which the first sector begins
     Sense sense = Sense::kAxes;
     RoseMeasure measure = RoseMeasure::kCount; ///< of the lengths; all but counts need values
@@ -45,16 +45,16 @@ struct RoseOptions {
 struct RoseSector {
     double from = 0;      ///< azimuth, 0 to below 360; the sector goes clockwise from here
     double size = 0;      ///< degrees
-    double count = 0;     ///< azimuths
+    double count = 0;     ///< number of azimuths
     double sum = 0;       ///< of their values; 0 without values, as are the next two
     double mean = 0;      ///< 0 without azimuths
-    double deviation = 0; ///< 0 below two azimuths
-    double length = 0;    ///< of the petal: 1 is the longest; 0 and below for a measure below 0
+    double deviation = 0; ///< 0 for fewer than two azimuths
+    double length = 0;    ///< of the petal: 1 is the longest; 0 or negative for a negative measure
 };
 
 struct Rose {
-    /// Clockwise from the start. Axes count in the sectors of both their ends, once where the two
-    /// are one and the same.
+    /// Clockwise from the start. An axis is counted in the sectors of both its ends, once if they
+    /// are the same sector.
     std::vector<RoseSector> sectors;
     std::int32_t count = 0; ///< azimuths
 };
@@ -62,14 +62,14 @@ struct Rose {
 /// Counts n azimuths into the sectors of a rose.
 ///
 /// @param azimuths  of any size
-/// @param values    n numbers up to 1e100 either way, or none
+/// @param values    n numbers from -1e100 to 1e100, or empty
 ///
 /// O(n).
 [[nodiscard]] Rose RoseOf(std::span<const double> azimuths, const RoseOptions& options = {},
                           std::span<const double> values = {});
 
-/// The weight of a structure that makes an angle with the line along which it was sampled, against
-/// the bias of sampling: 1 / sin(angle).
+/// The weight that corrects the sampling bias of a structure at an angle to the line along which it
+/// was sampled: 1 / sin(angle).
 ///
 /// @param angle  0 to 90
 /// @param least  angles below this count as this one, and all below a degree as a degree; 0 to 90

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Turning lines and planes, unfolding beds.
+// Rotating lines and planes, unfolding beds.
 //
-// Angles are degrees. A positive angle is clockwise to one who looks down the plunge of the axis;
-// axes are read as pointing down. Lines turn as vectors: one that comes to point up has a negative
-// plunge. Planes turn by their poles.
+// Angles are degrees. A positive angle is clockwise looking down the plunge of the axis; axes are
+// read as pointing down. Lines rotate as vectors: a line whose result points up has a negative
+// plunge. Planes rotate by their poles.
 //
-// Example: a bed turned back about a horizontal axis, and the way between two beds.
+// Example: a bed rotated back about a horizontal axis, and the rotation between two beds.
 //
 //     namespace qd = quandrel::api;
 //     const qd::Plane bed = qd::RotatedPlane({50, 90}, {0, 0}, -20);
@@ -22,12 +22,12 @@
 
 namespace quandrel::api {
 
-/// A line turned about an axis. The opposite angle leads back.
+/// A line rotated about an axis. The opposite angle is the inverse.
 ///
 /// Formula: v cos(a) + (k x v) sin(a) + k (k.v) (1 - cos(a)), v the line, k the axis.
 [[nodiscard]] Line RotatedLine(const Line& line, const Line& axis, double angle);
 
-/// A plane turned about an axis: dip 0 to 90. The opposite angle leads back.
+/// A plane rotated about an axis: dip 0 to 90. The opposite angle is the inverse.
 [[nodiscard]] Plane RotatedPlane(const Plane& plane, const Line& axis, double angle);
 
 /// RotatedLine for n lines.
@@ -42,12 +42,11 @@ void RotateLines(std::span<const Line> lines, const Line& axis, double angle,
 void RotatePlanes(std::span<const Plane> planes, const Line& axis, double angle,
                   std::span<Plane> rotated);
 
-/// A line after the unfolding of the bed that it lies in: the fold axis is brought to the
-/// horizontal about the line at right angles to its trend, then the bed to the horizontal about its
-/// strike.
+/// A line after unfolding the bed that it lies in: the fold axis is brought to the horizontal about
+/// the line at right angles to its trend, then the bed to the horizontal about its strike.
 ///
 /// @param bed       a negative dip is an overturned bed, which is unfolded the long way
-/// @param foldAxis  the sign of its plunge plays no part
+/// @param foldAxis  the sign of its plunge is ignored
 [[nodiscard]] Line UnfoldedLine(const Line& line, const Plane& bed, const Line& foldAxis);
 
 /// A rotation about an axis.
@@ -56,8 +55,7 @@ struct AxisRotation {
     double angle = 0;
 };
 
-/// The rotation about the shortest way from one plane to another: an angle of -90 to 90, 0 for
-/// parallel planes.
+/// The rotation by the smallest angle from one plane to another: -90 to 90, 0 for parallel planes.
 [[nodiscard]] AxisRotation RotationBetween(const Plane& from, const Plane& to);
 
 } // namespace quandrel::api

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Reading text files of measurements: lines of text to columns of values.
+// Reading text files of measurements into columns of values.
 //
-// Angles are degrees, as the text has them: nothing is rounded to whole degrees. Numbers may have a
+// Angles are degrees as in the text: nothing is rounded to whole degrees. Numbers may have a
 // decimal point or comma.
 //
 // Example: planes as strike and dip by the right-hand rule, with the rock as a text.
@@ -36,25 +36,25 @@ enum class Primary {
     kLines = 3,
 };
 
-/// What it measures besides.
+/// The second measurement of a line.
 enum class Secondary {
     kNone = 0,
     kPitch =
-        1, ///< of a line in the plane, with the compass name of the end that it is counted from
+        1, ///< of a line in the plane, with the compass name of the end that it is measured from
     kTrend = 2, ///< of a line in the plane
     kLine = 3,
     kPlane = 4,
-    kAngle = 5, ///< in the plane from its strike to a line, as of LineAtPitch
+    kAngle = 5, ///< in the plane from its strike to a line, as for LineAtPitch
 };
 
-/// Any of comma, semicolon, tab or a run of blanks parts columns.
+/// Columns are separated by a comma, semicolon, tab or a run of blanks.
 inline constexpr char kAnyDelimiter = '\0';
 
-/// Which column holds what, from 0. Those that the format does not use do not matter.
+/// The column of each value, from 0. Those that the format does not use are ignored.
 struct TableColumns {
     int dip = 0;       ///< or plunge
     int direction = 1; ///< dip direction, strike, or trend
-    int sense = 2;     ///< of dip, in the conventions that have one; it may follow the dip directly
+    int sense = 2;     ///< of dip, if the convention has one; or directly after the dip
     int secondDip = 3;
     int secondDirection = 4; ///< or pitch, or angle
     int secondSense = 5;
@@ -66,11 +66,11 @@ struct TableColumns {
     friend bool operator==(const TableColumns&, const TableColumns&) = default;
 };
 
-/// How a text is laid out.
+/// The layout of a text.
 struct TableFormat {
     Primary primary = Primary::kPlanes;
     Secondary secondary = Secondary::kNone;
-    PlaneConvention convention = PlaneConvention::kDipDirection; ///< what the azimuth of planes is
+    PlaneConvention convention = PlaneConvention::kDipDirection; ///< how planes are written
     bool isQuadrant = false;            ///< azimuths are in quadrant notation
     char delimiter = '\t';              ///< a comma, semicolon, tab, blank, or kAnyDelimiter
     TableColumns columns;               ///< 0 to 254
@@ -80,51 +80,50 @@ struct TableFormat {
     bool hasText = false;               ///< and a text
     bool secondaryMayBeMissing = false; ///< a row may leave its secondary line or plane empty
     bool decimalIsComma = false;        ///< decides for numbers with both delimiters
-    bool trendsNameUpperEnds = false;   ///< the trend of a line with a negative plunge is that of
-                                        ///< the end that it points to
+    bool trendsNameUpperEnds = false;   ///< for a negative plunge; else the lower end
 
     friend bool operator==(const TableFormat&, const TableFormat&) = default;
 };
 
-/// A line that is no row.
+/// A line that is not a row.
 struct RefusedLine {
     std::size_t lineNumber = 0; ///< from 1
     std::string reason;
 };
 
-/// The rows of a text. All columns that the format has are as long as `lineNumbers`, the others are
-/// empty. What a row does not have is NaN.
+/// The rows of a text. All columns of the format are as long as `lineNumbers`, the others are
+/// empty. A value that a row does not have is NaN.
 struct Table {
-    std::vector<std::size_t> lineNumbers; ///< of the rows, from 1
+    std::vector<std::size_t> lineNumbers; ///< line numbers of the rows, from 1
 
     std::vector<Plane> planes; ///< dips -90 to 90, dip directions 0 to below 360
-    std::vector<Line> lines;   ///< of directions too, whose plunges are 0
+    std::vector<Line> lines;   ///< also for directions, with the plunge 0
 
     std::vector<Plane> secondPlanes;
-    std::vector<Line> secondLines; ///< whatever they were measured as
+    std::vector<Line> secondLines; ///< however they were measured
 
     std::vector<Line> appendedLines;
     std::vector<double> numbers;
     std::vector<std::string> texts;
 
-    std::string heading;              ///< the line of it
+    std::string heading;              ///< the heading line
     std::vector<RefusedLine> refused; ///< without blank lines, comments (";", "*") and parameter
                                       ///< lines ("/")
 };
 
-/// Reads a text.
+/// Reads the rows of a text.
 ///
-/// @param text  UTF-8, see DecodedText; lines end in CR, LF or CR LF
+/// @param text  UTF-8, see DecodedText; lines end with CR, LF or CR LF
 ///
 /// O(length of the text).
 [[nodiscard]] Table ReadTable(std::string_view text, const TableFormat& format);
 
-/// The format with what the parameter lines at the head of a text say of it. Such lines begin with
-/// "/"; the program writes them.
+/// The format changed by the parameter lines at the head of a text. Such lines begin with "/"; the
+/// program writes them.
 [[nodiscard]] TableFormat FormatOfText(std::string_view text, const TableFormat& format);
 
-/// The bytes of a file as UTF-8 without a mark: they may be UTF-8, UTF-16 with a mark, or else
-/// Windows-1252.
+/// The bytes of a file as UTF-8 without a byte-order mark: they may be UTF-8, UTF-16 with a mark,
+/// or else Windows-1252.
 [[nodiscard]] std::string DecodedText(std::string bytes);
 
 } // namespace quandrel::api

@@ -2,7 +2,7 @@
 //
 // The version of the interface, which is not that of the program.
 //
-// Below 1.0 nothing is promised: names, arguments and results may change with each minor version.
+// Below 1.0 nothing is guaranteed: names, arguments and results may change with each minor version.
 //
 // Example:
 //
@@ -20,8 +20,8 @@
 
 namespace quandrel::api {
 
-/// QUANDREL_API_VERSION of the headers that the library was built from. Where it differs from that
-/// of the headers at hand, library and headers do not belong together.
+/// QUANDREL_API_VERSION of the headers that the library was built from. If it differs from that of
+/// the headers in use, library and headers do not match.
 [[nodiscard]] int ApiVersion();
 
 } // namespace quandrel::api
