@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the program has taken of the heap.
+// The program's use of the heap.
 
 #pragma once
 
@@ -14,8 +14,8 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // of the sani
 
 namespace quandrel {
 
-/// The bytes that this program has taken and not given back. The address sanitizer keeps for a
-/// while what was given back to it, so it is asked itself.
+/// The bytes that this program has allocated and not freed. The address sanitizer keeps freed
+/// memory for a while, so its own count is used.
 inline std::size_t AllocatedBytes() {
 #ifdef __SANITIZE_ADDRESS__
     return __sanitizer_get_current_allocated_bytes();

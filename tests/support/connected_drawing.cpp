@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Linked into test programs whose tests look at whole plots: each test begins with the folder that
-// draws them connected.
+// Linked into test programs that test whole plots: connects the folder that draws them before each
+// test.
 
 #include "drawing/plot_driver.h"
 

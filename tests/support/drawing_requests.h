@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Who asks for a drawing, and why.
+// Records requests for drawings, and their reasons.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quandrel {
 
-/// Writes down all requests to draw plots while it lives; they are met as ever.
+/// Records all requests to draw plots while it lives; they are carried out as usual.
 class DrawingRequests {
 public:
     DrawingRequests() {

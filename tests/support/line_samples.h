@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Distributions of whole-degree lines for tests that compare with every pair.
+// Distributions of whole-degree lines for tests that compare all pairs.
 
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace quandrel {
 
-/// Lines of whole degrees, one for each row.
+/// Lines in whole degrees, one for each row.
 using WholeDegreeRows = std::vector<std::pair<int, int>>;
 
 struct LineSample {
@@ -37,7 +37,7 @@ inline std::vector<DistinctLine> LinesOfRows(const WholeDegreeRows& rows) {
     return lines;
 }
 
-/// Random, clustered, girdle, rim-hugging and vertical rows, upward ones among them.
+/// Random, clustered, girdle, near-horizontal and vertical rows, some of them upward.
 inline std::vector<LineSample> LineSamples(int rowsOfEach = 300) {
     std::mt19937 random(20261121);
     const auto within = [&random](int first, int last) {

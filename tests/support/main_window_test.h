@@ -44,7 +44,7 @@ protected:
         EngineTest::TearDown();
     }
 
-    /// Opens a file of these lines as the File menu does; gives its slot.
+    /// Opens a file with these lines as the File menu does; returns its slot.
     int OpenFile(const std::string& name, const std::string& text = "30\t120\n45\t270\n60\t15\n") {
         prompts.QueueOpenPath(WriteFile(name, text));
         Press("mnuFileLoad_0");
@@ -61,7 +61,7 @@ protected:
         return main->AllCommands().Of(QString::fromStdString(name));
     }
 
-    /// Presses a menu item that can be used.
+    /// Chooses a menu item, which must be enabled.
     void Press(const std::string& name) {
         EXPECT_TRUE(Action(name).isEnabled()) << name;
         Action(name).trigger();

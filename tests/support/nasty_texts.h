@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Made-up data files with all that goes wrong in files: for tests that hold two ways of reading
-// against each other.
+// Made-up data files with everything that can go wrong in files: for tests that compare two ways of
+// reading.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// Makes texts of lines with six columns parted by one character: dip, azimuth, dip, azimuth,
+/// Makes texts of lines with six columns separated by one character: dip, azimuth, dip, azimuth,
 /// number, text.
 class NastyTexts {
 public:
@@ -21,8 +21,8 @@ public:
         : random_(random)
         , delimiter_(delimiter) {}
 
-    /// A text of up to some hundred lines; sometimes with a thousand bad ones in a row, NUL
-    /// characters after a long head, or the first line of a file of the program's own.
+    /// A text of up to a few hundred lines; sometimes with a thousand bad ones in a row, NUL
+    /// characters after a long head, or the first line of a file written by the program.
     std::string Text() {
         chooseLineEnds_ = Below(5);
         std::string text = Head();
@@ -77,7 +77,7 @@ private:
         }
     }
 
-    /// More than is looked at for NUL characters.
+    /// Longer than the part that is searched for NUL characters.
     std::string LongHead() {
         std::string head;
         while (head.size() <= 65536) {
@@ -141,7 +141,7 @@ private:
         }
     }
 
-    /// Bad lines in a row, about as many as end a load; mostly of one kind.
+    /// Bad lines in a row, about as many as end a load; most of them of one kind.
     std::string BadRun() {
         std::string run;
         const std::string line = BadLine();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A small reader of PDF files with one page: the paths that are painted, in millimetres from the
-// top left corner of the paper.
+// A small reader of PDF files with one page: the painted paths, in millimetres from the top left
+// corner of the paper.
 
 #pragma once
 
@@ -20,7 +20,7 @@
 
 namespace quandrel {
 
-/// The box about a painted path.
+/// The bounding box of a painted path.
 struct PdfShape {
     double left = 0;
     double top = 0;
@@ -57,14 +57,14 @@ public:
     }
 
 private:
-    static constexpr double kMillimetres = 25.4 / 72; ///< in a point
+    static constexpr double kMillimetres = 25.4 / 72; ///< per point
     using Matrix = std::array<double, 6>;
 
     static std::string Inflated(const std::string& packed) {
         if (packed.empty() || packed[0] != '\x78') {
-            return packed; // it was not deflated
+            return packed; // it was not compressed
         }
-        // The length that stands in front is a first guess of the room that is needed.
+        // The length in front is an initial guess of the required size.
         QByteArray bytes("\0\1\0\0", 4);
         bytes.append(packed.data(), static_cast<qsizetype>(packed.size()));
         return qUncompress(bytes).toStdString();
@@ -143,7 +143,7 @@ private:
     std::vector<Matrix> saved_;
 };
 
-/// The circles of at least a radius. Their four curves end where they are widest.
+/// The circles of at least a radius. Each of their four curves ends at an extreme point.
 inline std::vector<PdfShape> CirclesOf(const PdfPageContent& page, double leastRadius) {
     std::vector<PdfShape> circles;
     for (const PdfShape& shape : page.shapes) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows for tests of what is drawn, put straight into the store.
+// Rows for tests of drawings, put directly into the store.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// What was drawn on a surface since it was cleared.
+/// What has been drawn on a surface since it was cleared.
 inline std::vector<DrawOperation> DrawnOn(const RecordingSurface& surface) {
     std::vector<DrawOperation> drawn = surface.Operations();
     std::erase_if(drawn, [](const DrawOperation& operation) {
@@ -22,7 +22,7 @@ inline std::vector<DrawOperation> DrawnOn(const RecordingSurface& surface) {
     return drawn;
 }
 
-/// Adds a main row to the active plot, which must have no overlays.
+/// Adds a main row to the active plot, which must not have overlays.
 inline void AddRow(std::int32_t dip, std::int32_t azimuth, SymbolCode code = CodeOfStyleRow(0)) {
     PlotRecord& record = ActiveRecord();
     const std::int32_t row = ++record.NumLoadedData;

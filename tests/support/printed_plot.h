@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// All that a plot holds as a text, to hold plots against each other.
+// The whole contents of a plot as a text, to compare plots.
 
 #pragma once
 
@@ -33,8 +33,8 @@ void Print(std::ostream& out, const T& value) {
     }
 }
 
-/// The cells of a row, those of columns that the plot does not use too, its line of the table and
-/// what it was in its file.
+/// The cells of a row, including columns that the plot does not use, its line of the table and its
+/// text in the file.
 inline std::string PrintedRow(const Plot& plot, std::int32_t row) {
     const PlotRows& rows = plot.rows;
     std::ostringstream out;
@@ -53,7 +53,7 @@ inline std::string PrintedRow(const Plot& plot, std::int32_t row) {
     return out.str();
 }
 
-/// Record, rows and error lines of a plot, a line each.
+/// Record, rows and error lines of a plot, one per line.
 inline std::string PrintedPlot(const Plot& plot) {
     std::ostringstream out;
     VisitPlotFields(plot.record, [&out](const char* name, const auto& field) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The application object that fonts and pictures need, for the length of a test program.
+// The application object that fonts and pictures need, for the duration of a test program.
 
 #pragma once
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A map session that answers from a script and writes down all that is said to it.
+// A map session that answers from a script and records all calls.
 
 #pragma once
 
@@ -26,22 +26,22 @@ struct ScriptedTable {
     std::vector<std::vector<std::string>> rows;
 };
 
-/// What a scripted session is made of, and what was said to it. It outlives the session.
+/// The script of a session, and a record of its calls. It must outlive the session.
 struct MapScript {
     std::vector<ScriptedTable> tables;
-    std::map<std::string, std::string> answers; ///< to expressions, before all else
+    std::map<std::string, std::string> answers; ///< to expressions, tried first
     std::set<std::string> refused;              ///< statements, expressions, "Menu n"
     std::string dies;                           ///< the call at which the session dies
     bool unites = true;                         ///< a batch of Selects is one selection
-    std::set<std::size_t> badRows;              ///< whose fetch leaves an error code
+    std::set<std::size_t> badRows;              ///< rows whose fetch leaves an error code
 
     std::vector<std::string> said;
-    std::function<void(const std::string&)> onCall; ///< called within each call
+    std::function<void(const std::string&)> onCall; ///< called during each call
     MapCallback* callback = nullptr;
-    bool isAlive = false; ///< there is a session
-    bool isDead = false;  ///< it answers no more
+    bool isAlive = false; ///< a session exists
+    bool isDead = false;  ///< it no longer answers
 
-    /// All that was said since the last call, a line each.
+    /// All calls since the last TakeSaid, one per line.
     std::string TakeSaid() {
         std::string text;
         for (const std::string& line : std::exchange(said, {})) {
@@ -50,7 +50,7 @@ struct MapScript {
         return text;
     }
 
-    /// The statements of a kind among what was said.
+    /// The statements of a kind among the recorded calls.
     [[nodiscard]] std::vector<std::string> Statements(const std::string& start) const {
         std::vector<std::string> found;
         for (const std::string& line : said) {
@@ -187,7 +187,7 @@ private:
     int errorCode_ = 0;
 };
 
-/// Scripted sessions, running or to be started.
+/// Scripted sessions, either running or available to start.
 class RecordingMapSessions : public MapSessions {
 public:
     [[nodiscard]] std::unique_ptr<MapSession> FindRunning() override {
@@ -210,7 +210,7 @@ private:
     }
 };
 
-/// A link window that nobody sees, and what it was told. The record outlives the window.
+/// A link window that is not shown, and what was passed to it. The record outlives the window.
 struct LinkWindowRecord {
     bool isOpen = false;
     std::uint64_t parent = 0;
@@ -219,7 +219,7 @@ struct LinkWindowRecord {
     std::map<std::string, bool> enabled;
     std::vector<std::string> tablesAsked;
     std::string tableOffered;
-    std::optional<std::string> answer; ///< of the dialog of tables
+    std::optional<std::string> answer; ///< to the dialog of tables
 };
 
 class RecordingLinkWindow : public LinkWindow {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The application object that windows need, and an engine of its own for each test of a window.
+// The application object that windows need, and a separate engine for each test of a window.
 
 #pragma once
 
@@ -19,7 +19,7 @@ namespace quandrel {
 class WidgetApplication : public ::testing::Environment {
 public:
     void SetUp() override {
-        // Few tests need a screen; those who run them on one say so.
+        // Few tests need a screen; whoever runs them on one sets the variable.
         qputenv("QT_QPA_PLATFORM",
                 qEnvironmentVariable("QUANDREL_TEST_PLATFORM", "offscreen").toUtf8());
         application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
@@ -38,7 +38,7 @@ private:
 inline ::testing::Environment* const kWidgetApplication =
     ::testing::AddGlobalTestEnvironment(new WidgetApplication);
 
-/// The control of a name below a window; a test fails when there is none.
+/// The control with a name below a window; the test fails when there is none.
 template <class Control>
 Control& ControlOf(const QWidget& window, const std::string& name) {
     auto* control = window.findChild<Control*>(QString::fromStdString(name));

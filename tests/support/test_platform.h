@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// An engine of its own for each test: scripted prompts, settings in memory, forms that record.
+// A separate engine for each test: scripted prompts, settings in memory, forms that record.
 
 #pragma once
 
@@ -53,7 +53,7 @@ protected:
         std::filesystem::remove_all(folder);
     }
 
-    /// Takes a slot into use as the active plot.
+    /// Opens a slot as the active plot.
     int NewPlot() {
         const int slot = FindFreePlotSlot();
         EXPECT_GT(slot, 0);
@@ -62,13 +62,13 @@ protected:
         return slot;
     }
 
-    /// The next box must hold this text, and gets this answer.
+    /// The next box must hold this text and gets this answer.
     void Expect(const std::string& fragment, Button answer = Button::Ok) {
         prompts.Expect(fragment, answer);
     }
 
-    /// From now on the format dialog changes the globals by `change` and is accepted; `times` is
-    /// how often, then it is cancelled.
+    /// Makes the format dialog change the globals by `change` and be accepted; after `times` times
+    /// it is cancelled.
     void AcceptFormat(const std::function<void(FormatAnswer&)>& change = {}, int times = 1) {
         formatQuestions.clear();
         prompts.OnFormat(
@@ -89,7 +89,7 @@ protected:
 
     std::vector<FormatQuestion> formatQuestions;
 
-    /// Writes a file into the test's folder and gives its path.
+    /// Writes a file into the test's folder; returns its path.
     std::string WriteFile(const std::string& name, const std::string& bytes) const {
         const std::filesystem::path path = folder / name;
         std::ofstream(path, std::ios::binary) << bytes;

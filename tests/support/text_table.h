@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Tables of inputs and expected results that geologists can read and add to: tests/tables/*.txt.
-// tests/tables/README.md says how they are written.
+// Tables of inputs and expected results that geologists can read and extend: tests/tables/*.txt.
+// tests/tables/README.md describes their format.
 //
-// A test reads a table, gives each operation in it a function, and expects no complaints.
+// A test reads a table, supplies a function for each operation in it, and expects no complaints.
 
 #pragma once
 
@@ -32,16 +32,16 @@ struct TableRow {
     std::string expected;
 };
 
-/// A table, or an input within it, that is not written as it has to be.
+/// A format error in a table or in one of its inputs.
 class TableError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What an operation makes of an input: the words of its result. May throw a TableError.
+/// Applies an operation to an input; returns the words of the result. May throw a TableError.
 using TableOperation = std::function<std::string(const TableRow& row)>;
 
-/// The words of a text, parted by blanks and tabs.
+/// The words of a text, separated by blanks and tabs.
 inline std::vector<std::string> WordsOf(const std::string& text) {
     std::istringstream stream(text);
     std::vector<std::string> words;
@@ -51,7 +51,7 @@ inline std::vector<std::string> WordsOf(const std::string& text) {
     return words;
 }
 
-/// A whole word as a number, "nan" and "inf" included; nothing for other words.
+/// A whole word as a number, including "nan" and "inf"; nothing for other words.
 inline std::optional<double> NumberInWord(std::string_view word) {
     double number = 0;
     const char* const end = word.data() + word.size();
@@ -64,7 +64,7 @@ inline std::optional<double> NumberInWord(std::string_view word) {
 
 /// The numbers of an input.
 ///
-/// @throw TableError for a word that is no number, and unless there are as many as are wanted
+/// @throw TableError for a word that is not a number, or a wrong number of words
 inline std::vector<double> NumbersOf(const TableRow& row, std::size_t wanted) {
     std::vector<double> numbers;
     for (const std::string& word : WordsOf(row.input)) {
@@ -81,7 +81,7 @@ inline std::vector<double> NumbersOf(const TableRow& row, std::size_t wanted) {
     return numbers;
 }
 
-/// Numbers as words that read back as they are.
+/// Numbers as words that read back exactly.
 inline std::string NumberWords(std::initializer_list<double> numbers) {
     std::string words;
     for (const double number : numbers) {
@@ -92,14 +92,14 @@ inline std::string NumberWords(std::initializer_list<double> numbers) {
     return words;
 }
 
-/// The value of an option, or what holds without it.
+/// The value of an option, or its default.
 inline std::string OptionOf(const TableRow& row, const std::string& key,
                             const std::string& without) {
     const auto found = row.options.find(key);
     return found == row.options.end() ? without : found->second;
 }
 
-/// The text without the blanks around it and without a note at its end (" # why").
+/// The text without surrounding blanks and without a note at its end (" # why").
 inline std::string WithoutNote(const std::string& text) {
     std::string kept = text.starts_with('#') ? "" : text.substr(0, text.find(" #"));
     kept.erase(0, kept.find_first_not_of(" \t\r"));
@@ -107,7 +107,7 @@ inline std::string WithoutNote(const std::string& text) {
     return kept;
 }
 
-/// Takes the head of a block, "[operation key=value ...]", into the row.
+/// Reads the head of a block, "[operation key=value ...]", into the row.
 inline void TakeBlock(const std::string& text, TableRow& block) {
     if (!text.ends_with(']')) {
         throw TableError(block.place + ": the head of a block ends with ']'");
@@ -129,9 +129,9 @@ inline void TakeBlock(const std::string& text, TableRow& block) {
 
 /// Reads a table.
 ///
-/// @param name  how complaints name it
-/// @throw TableError for a row before the first block, a line that is neither row nor head of a
-///        block, and a table without rows
+/// @param name  its name in complaints
+/// @throw TableError for a row before the first block, a line that is neither a row nor the head of
+/// a block, and a table without rows
 inline std::vector<TableRow> ReadTextTable(std::istream& stream, const std::string& name) {
     std::vector<TableRow> rows;
     TableRow row;
@@ -172,8 +172,8 @@ inline std::vector<TableRow> ReadTableFile(const std::string& name) {
     return ReadTextTable(stream, name);
 }
 
-/// Whether a result is what its row expects: words that are numbers on both sides differ by no more
-/// than the tolerance of the block, if it has one; all others are equal.
+/// Whether a result matches its row: words that are numbers on both sides may differ by the
+/// tolerance of the block, if it has one; all others must be equal.
 inline bool IsExpected(const TableRow& row, const std::string& got) {
     const std::string tolerance = OptionOf(row, "tolerance", "");
     const std::vector<std::string> expectedWords = WordsOf(row.expected);
@@ -188,7 +188,7 @@ inline bool IsExpected(const TableRow& row, const std::string& got) {
     for (std::size_t i = 0; i < gotWords.size(); ++i) {
         const std::optional<double> one = NumberInWord(expectedWords[i]);
         const std::optional<double> other = NumberInWord(gotWords[i]);
-        // A NaN is equal to nothing, and "nan" to itself.
+        // A NaN equals nothing, but "nan" equals itself.
         const bool areClose = one && other && std::abs(*one - *other) <= *allowed;
         if (!areClose && expectedWords[i] != gotWords[i]) {
             return false;
@@ -197,11 +197,11 @@ inline bool IsExpected(const TableRow& row, const std::string& got) {
     return true;
 }
 
-/// Compares a table with what the program makes of its inputs.
+/// Compares a table with the program's results for its inputs.
 ///
-/// @param operations  by the names in the heads of blocks
-/// @return a complaint for each row that gives something else (place, input, expected and got),
-///         whose operation is not there, or which the operation cannot take
+/// @param operations  by their names in the heads of blocks
+/// @return a complaint for each row whose result differs (place, input, expected and actual), whose
+///         operation is missing, or whose input is invalid
 inline std::vector<std::string>
 TableComplaints(const std::vector<TableRow>& rows,
                 const std::map<std::string, TableOperation>& operations) {
@@ -225,7 +225,7 @@ TableComplaints(const std::vector<TableRow>& rows,
     return complaints;
 }
 
-/// Complaints one below the other, for the message of a test.
+/// Complaints on separate lines, for the message of a test.
 inline std::string LinesOf(const std::vector<std::string>& complaints) {
     std::string lines;
     for (const std::string& complaint : complaints) {

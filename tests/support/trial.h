@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Long trials: the suite does a tenth of each, tools/trials all of it. The name of such a test
+// Long trials: the suite runs a tenth of each, tools/trials all of it. The name of such a test
 // contains "Trial", by which tools/trials finds it.
 
 #pragma once
@@ -15,18 +15,17 @@ inline bool AreTrialsWhole() {
     return std::getenv("QUANDREL_WHOLE_TRIALS") != nullptr;
 }
 
-/// How many rounds a trial does here.
+/// Number of rounds for a trial.
 ///
 /// @param whole  its full length
 inline int TrialRounds(int whole) {
     return AreTrialsWhole() ? whole : (whole + 9) / 10;
 }
 
-/// Picks the cases of a trial that goes through all there are: a tenth, at random with a fixed
-/// seed, or each.
+/// Selects the cases of an exhaustive trial: a tenth, at random with a fixed seed, or all.
 class TrialShare {
 public:
-    /// Whether the next case is taken.
+    /// Whether to run the next case.
     bool Takes() { return random_() % 10 == 0 || isWhole_; }
 
 private:

@@ -13,8 +13,8 @@ namespace quandrel::testing {
 
 inline constexpr double kHalfTurn = std::numbers::pi;
 
-/// The vector turned about a unit axis by the right-hand rule, which is clockwise to one who looks
-/// along the axis. O. Rodrigues (1840).
+/// The vector rotated about a unit axis by the right-hand rule: clockwise looking along the axis.
+/// O. Rodrigues (1840).
 inline Vector TurnedAbout(const Vector& vector, const Vector& axis, double angle) {
     const Vector sideways = CrossProduct(axis, vector);
     const double along = Dot(axis, vector) * (1 - std::cos(angle));
@@ -30,7 +30,7 @@ inline Vector Opposite(const Vector& vector) {
     return Sum(vector, -1, {}, 0);
 }
 
-/// Angle between two vectors; the message of a failing test tells both.
+/// Angle between two vectors; the message of a failing test shows both.
 inline double Apart(const Vector& a, const Vector& b) {
     return AngleOf(a, b);
 }
