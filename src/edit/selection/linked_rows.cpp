@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::int32_t kFullTurn = 360;
 
-/// A line in whole degrees, north as 0.
+/// A line in whole degrees, with north as 0.
 using Numbers = std::pair<std::int32_t, std::int32_t>;
 
 Numbers NumbersOf(double plunge, double trend) {
@@ -35,7 +35,7 @@ Numbers NumbersOfRow(std::int32_t slot, std::int32_t row) {
     return {gDataDip(slot, row), gDataAz(slot, row) % kFullTurn};
 }
 
-/// The axes of a fault that a plot holds, by the title of its axes; none for a fault without.
+/// The axes of a fault that a plot holds, by the title of its axes; empty for a fault without axes.
 std::vector<Numbers> AxesOfFault(const Fault& fault, const PlotRecord& derived) {
     const std::optional<AxisLines> lines = LinesOfAxes(fault, AssumedSense(derived));
     if (!lines) {
@@ -51,7 +51,7 @@ std::vector<Numbers> AxesOfFault(const Fault& fault, const PlotRecord& derived) 
     return axes;
 }
 
-/// The line in which the two planes of a row meet; none for parallel ones.
+/// The intersection line of the two planes of a row; empty for parallel planes.
 std::vector<Numbers> LineOfPlanes(const Fault& planes) {
     double plunge = 0;
     double trend = 0;
@@ -60,7 +60,7 @@ std::vector<Numbers> LineOfPlanes(const Fault& planes) {
     return plunge < 0 ? std::vector<Numbers>() : std::vector{NumbersOf(plunge, trend)};
 }
 
-/// The lines of a derived plot that are made from a row of its parent.
+/// The lines of a derived plot that come from a row of its parent.
 std::vector<Numbers> LinesOfRow(std::int32_t derived, std::int32_t parent, std::int32_t row) {
     const Fault fault = FaultOfRow(parent, row);
     if (!IsReadable(fault.plane) || !IsReadable(fault.line)) {
@@ -114,7 +114,7 @@ std::vector<std::int32_t> RowsOfLines(std::int32_t slot, std::int32_t child,
     return found;
 }
 
-/// True for the plots of P and of T of one parent.
+/// True when the plots show P and T of the same parent.
 bool AreSiblings(std::int32_t slot, std::int32_t other) {
     const PlotRecord& record = RecordOf(slot);
     const PlotRecord& partner = RecordOf(other);
@@ -155,7 +155,7 @@ std::vector<std::int32_t> LitRows(std::int32_t slot) {
 
 namespace {
 
-/// What marks were made from.
+/// What cached marks depend on.
 struct LitKey {
     std::int32_t slot = 0;
     std::int32_t source = 0;
@@ -168,7 +168,7 @@ struct LitKey {
     bool operator==(const LitKey&) const = default;
 };
 
-/// Where lit rows are seen.
+/// The marks of highlighted rows.
 struct LitMarks {
     std::vector<Point> points;
     std::vector<Point> arcs; ///< poles of great circles
@@ -192,7 +192,7 @@ LitMarks MarksOfRows(std::int32_t slot) {
     return {PlacesOfRows(slot, points), PlacesOfRows(slot, arcs)};
 }
 
-/// The marks of a plot, kept until what they were made from changes.
+/// The marks of a plot, cached until what they depend on changes.
 const LitMarks& MarksOf(std::int32_t slot) {
     static LitKey known;
     static LitMarks marks;

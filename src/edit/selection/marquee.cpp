@@ -42,7 +42,7 @@ void TellSelection() {
     }
 }
 
-/// Takes the selection to a plot; what was selected in another one goes.
+/// Moves the selection to a plot; a selection in another plot is cleared.
 void MoveToSlot(std::int32_t slot) {
     if (gMarqueeSlot != slot) {
         gSelectionRows.clear();
@@ -64,7 +64,7 @@ void DropRowsThatAreGone(std::int32_t slot, std::vector<std::int32_t>& rows) {
     std::erase_if(rows, [last](std::int32_t row) { return row < 1 || row > last; });
 }
 
-/// The rectangle about some positions, at least one.
+/// The bounding rectangle of some positions, at least one.
 PlotRectangle RectangleAbout(std::span<const Point> positions) {
     constexpr double kFar = std::numeric_limits<double>::max();
     PlotRectangle about{kFar, kFar, -kFar, -kFar};
@@ -77,14 +77,14 @@ PlotRectangle RectangleAbout(std::span<const Point> positions) {
     return about;
 }
 
-/// The rectangle about the same middle that is nowhere shorter than a frame may be.
+/// The rectangle with the same centre, enlarged where it is smaller than a frame may be.
 PlotRectangle OfLeastSize(const PlotRectangle& frame) {
     const double widen = std::max(kLeastFrame - (frame.right - frame.left), 0.0) / 2;
     const double heighten = std::max(kLeastFrame - (frame.top - frame.bottom), 0.0) / 2;
     return {frame.left - widen, frame.bottom - heighten, frame.right + widen, frame.top + heighten};
 }
 
-/// What is selected when a frame holds `framed`. Lists are ascending.
+/// The selection when a frame holds `framed`. Lists are ascending.
 template <class Index>
 std::vector<Index> Combined(SelectionWay way, const std::vector<Index>& former,
                             const std::vector<Index>& framed) {
@@ -102,7 +102,7 @@ std::vector<Index> Combined(SelectionWay way, const std::vector<Index>& former,
 /// True for a position on the straight line between two others.
 bool IsOnSegment(Point from, Point to, Point at) {
     const double cross = (to.x - from.x) * (at.y - from.y) - (to.y - from.y) * (at.x - from.x);
-    // An exact case: whole positions on a line between whole corners.
+    // Equality is exact: whole positions on a line between whole corners.
     return cross == 0 && IsWithin(RectangleBetween(from, to), at);
 }
 
@@ -258,7 +258,7 @@ std::vector<std::int32_t> RowsInMarquee() {
         return {};
     }
     const int slot = gMarqueeSlot;
-    // Main rows whose intersections are drawn in their place are not seen.
+    // Main rows that are replaced by their intersections are not visible.
     const std::int32_t firstSeen = ShowsIntersections(slot) ? RecordOf(slot).NumData + 1 : 1;
     return RowsInside(TableOf(slot), IsInMarquee, [slot, firstSeen](std::int32_t row) {
         return row >= firstSeen && CodeSymbol(gDataSymbol(slot, row)) != 0;
@@ -318,7 +318,7 @@ std::string SelectionText() {
     }
     const std::string text =
         std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
-    // A frame takes great circles by what is not seen of them.
+    // A frame selects great circles by their poles, which are not visible.
     const bool isByPoles =
         MarqueeStands() && LitPlaces(gMarqueeSlot).empty() && !LitArcs(gMarqueeSlot).empty();
     return isByPoles ? text + (rows == 1 ? " by its pole" : " by their poles") : text;
@@ -400,7 +400,7 @@ std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot) {
     if (slot != gMarqueeSlot || !IsOpenSlot(slot)) {
         return {};
     }
-    // A derived plot that was made anew may have fewer rows than before.
+    // A derived plot that was recomputed may have fewer rows than before.
     const auto end = std::ranges::upper_bound(gSelectionRows, RecordOf(slot).NumLoadedData);
     return {gSelectionRows.begin(), end};
 }

@@ -10,7 +10,7 @@ namespace quandrel {
 
 namespace {
 
-// Here a position reflected through the rim has come back to the centre.
+// At this distance a position reflected through the rim is back at the centre.
 constexpr double kFarthest = 2 * kNetRadius;
 
 } // namespace

@@ -32,7 +32,7 @@ bool ShowsDensity(const PlotRecord& record) {
            && record.PlotSymbolMode <= kContoursAndGrid;
 }
 
-/// The value at the node next to a position, where a grid of appended numbers is shown.
+/// The value at the node nearest to a position, if a grid of appended numbers is shown.
 std::optional<double> GridValueAt(const PlotRecord& record, double x, double y) {
     const auto slot = static_cast<std::size_t>(gActivePlot);
     if (record.ClassMode != kClassesByNumber || record.PlotSymbolMode < kGridDensitySymbols
@@ -73,7 +73,7 @@ std::string NetReadout(const PlotRecord& record, double x, double y) {
     return ShowsDensity(record) ? text + DensityText(record, *line, x, y) : text;
 }
 
-/// The sector of a layout where an azimuth is drawn, whether data are counted in it or not.
+/// The sector of a layout that is drawn at an azimuth, whether or not data are counted in it.
 int SectorDrawnAt(SectorLayout layout, double azimuth) {
     layout.directional = true;
     layout.pairs = false;
@@ -110,7 +110,7 @@ std::string RoseReadout(const PlotRecord& record, double x, double y) {
            + FormatNumber(gRoseSectors(counted, 0, kRoseFrequencyLayer), "0.##") + " data]";
 }
 
-/// A coordinate in whole units; towards the centre where rounding would lead off the net.
+/// A coordinate in whole units; rounded towards the centre where rounding would leave the net.
 std::int32_t WholeUnits(double coordinate, bool inward) {
     return static_cast<std::int32_t>(inward ? std::trunc(coordinate) : RoundToEven(coordinate));
 }

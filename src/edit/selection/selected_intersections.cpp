@@ -20,7 +20,7 @@ namespace quandrel {
 
 namespace {
 
-/// What a selection was made from.
+/// What a cached selection depends on.
 struct SelectionKey {
     int slot = 0;
     std::uint64_t version = 0;
@@ -49,7 +49,7 @@ std::vector<Direction> NormalsOf(int slot, std::span<const std::int32_t> rows) {
     return normals;
 }
 
-/// Where an intersection is drawn: positions are whole numbers.
+/// The drawn position of an intersection: whole numbers.
 Point PlaceOf(int plotKind, const Direction& line) {
     const NetPosition at = PositionOfDirection(plotKind, line);
     return {RoundToEven(at.x), RoundToEven(at.y)};
