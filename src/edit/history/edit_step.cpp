@@ -45,7 +45,7 @@ void EditStep::Keep() {
             KeepStep(std::move(step_), joins_);
             return;
         } catch (const std::bad_alloc&) {
-            // An edit that cannot be kept stays made.
+            // An edit that cannot be kept is still made.
         }
     }
     ForgetUndo(slot);

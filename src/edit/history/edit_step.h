@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
-// What can be taken back.
+// Edits that can be undone.
 //
-// What is inside this room: an edit as it is made (this file), a change of a plot as a value
-// (plot_change.h), and the list of the edits that have been made (undo.h).
-// What enters: changes that know how to go both ways, made by the rooms above for their parts of a
-// plot. What leaves: steps back and forth, drawn, with the selection and Modified that belong to
-// them.
+// This folder holds an edit as it is made (this file), a change of a plot as a value
+// (plot_change.h), and the list of the edits made so far (undo.h). Input: reversible changes, made
+// by the other folders for their parts of a plot. Output: steps back and forth, drawn, with the
+// selection and Modified of each side.
 //
-// An EditStep is one edit of a plot, from before it to its drawing. Every edit that can be taken
-// back is made with one:
+// An EditStep is one edit of a plot, from before it to its drawing. Every edit that can be undone
+// uses one:
 //
 //     EditStep step(kMoveEdit, Before<RowChange>);
 //     ...                                          // the edit
 //     step.Finish(Redraw::Rows);
 //
-// Finish marks the plot as modified, keeps what has changed as a step of the undo list (undo.h),
-// takes the rotation before an edit of rows into it, and draws. An edit that comes to nothing is
-// left without Finish. The marks that keep nothing (typed girdles, small circles) set Modified and
-// draw themselves.
+// Finish marks the plot as modified, adds the change as a step to the undo list (undo.h), includes
+// the rotation before an edit of rows in it, and draws. An edit that changes nothing does not call
+// Finish. Marks that are not undoable (typed girdles, small circles) set Modified and draw
+// themselves.
 
 #pragma once
 
@@ -28,14 +27,14 @@
 
 namespace quandrel {
 
-/// What is drawn anew after an edit.
+/// What is redrawn after an edit.
 enum class Redraw {
     Nothing, ///< the edit draws itself
     Plot,    ///< the plot as it is: marks and styles
-    Rows,    ///< the plot with its statistics: rows have come, gone or changed
+    Rows,    ///< the plot with its statistics: rows were added, removed or changed
 };
 
-/// A change of gActivePlot, before it is made. Throws std::bad_alloc.
+/// A change of gActivePlot, created before it is made. Throws std::bad_alloc.
 template <class Change>
 [[nodiscard]] std::unique_ptr<PlotChange> Before(int slot) {
     return std::make_unique<Change>(slot);
@@ -43,23 +42,23 @@ template <class Change>
 
 class EditStep {
 public:
-    /// Keeps the part of gActivePlot that an edit is about to change. An edit that there is no
-    /// memory to keep is made all the same, and cannot be taken back.
+    /// Keeps the part of gActivePlot that an edit is about to change. If memory runs out, the edit
+    /// can be made all the same, but not undone.
     /// @param before  Before<RowChange> and the like
     EditStep(EditKind kind, std::unique_ptr<PlotChange> (*before)(int slot),
              EditRun run = EditRun::Alone);
 
-    /// False when there was no memory.
+    /// False when memory ran out.
     [[nodiscard]] bool IsKept() const { return step_.change != nullptr; }
 
-    /// The edit has turned out to be of another kind, of the same part.
+    /// Changes the kind of the edit, for the same part.
     void CallIt(EditKind kind) { step_.kind = kind; }
 
-    /// The edit has been made.
+    /// Completes the step after the edit has been made.
     void Finish(Redraw redraw);
 
-    /// The edit has failed half way: the plot becomes again what it was. Does not draw. To be
-    /// called for an edit that is kept.
+    /// Restores the plot after an edit that failed half way. Does not draw. Call it only for an
+    /// edit that is kept.
     void PutBack();
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Numbers by which states of a plot are told apart.
+// Hashes of the states of a plot.
 
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace quandrel {
 
-/// Mixes numbers into one: the prime and the start value of the FNV hash of 64 bits, a number
-/// instead of a byte at a time.
+/// Combines numbers into one: the prime and the start value of the 64-bit FNV hash, applied to
+/// numbers instead of bytes.
 class Fingerprint {
 public:
     void Add(std::uint64_t number) {

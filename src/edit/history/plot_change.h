@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// A change of a plot that can be taken back and made again: a value of plain data that holds what
-// the plot does not, which is the former state while the change stands, and the new one while it is
-// taken back.
+// A change of a plot that can be undone and redone: a value of plain data that holds the state
+// which the plot does not have. This is the former state while the change is in effect, and the new
+// one while it is undone.
 //
 // Rows are kept as differences (rows/row_change.h). Any other part of a plot is kept whole, by a
-// PropertyChange: to make a further part undoable, write its property (Of, Give, FingerprintOf,
+// PropertyChange: to make another part undoable, write its property (Of, Give, FingerprintOf,
 // BytesOf) and let its edits make an EditStep of it (edit_step.h).
 
 #pragma once
@@ -17,10 +17,10 @@
 
 namespace quandrel {
 
-/// What of a plot a change is about. Changes of different parts leave each other alone.
+/// The part of a plot that a change affects. Changes of different parts are independent.
 enum class PlotPart { Rows, Marks, Girdles };
 
-/// Made of a plot before the change; then Complete, then Revert and Apply in turn.
+/// Created before a plot is changed; then Complete, then Revert and Apply in turn.
 class PlotChange {
 public:
     PlotChange() = default;
@@ -30,30 +30,29 @@ public:
 
     [[nodiscard]] virtual PlotPart Part() const = 0;
 
-    /// The change has been made: from now on what it left as it was is kept no longer. Throws
-    /// std::bad_alloc.
+    /// Call it after the change: drops what the change has left unchanged. Throws std::bad_alloc.
     virtual void Complete(int /*slot*/) {}
 
-    /// Puts the part of a plot back as it was before the change, which the plot must be just after.
-    /// Does not draw. Throws std::bad_alloc, after which the plot may be neither.
+    /// Restores the part of a plot to its state before the change; the plot must be in the state
+    /// just after it. Does not draw. Throws std::bad_alloc, which may leave the plot in neither
+    /// state.
     virtual void Revert(int slot) = 0;
 
     /// The inverse of Revert.
     virtual void Apply(int slot) = 0;
 
-    /// Takes in the change of the same part that came next, which is empty then, so that both are
-    /// one.
-    /// @return false when they cannot be one: nothing has changed
+    /// Merges the next change of the same part into this one; the next one is then empty.
+    /// @return false, with nothing changed, when they cannot be merged
     [[nodiscard]] virtual bool Join(PlotChange& next) = 0;
 
-    /// The rows that the change is about, ascending, by the numbers that they have now: those that
-    /// are there and were changed, or came. Empty for other parts.
+    /// The rows that the change affects, ascending, by their present numbers: existing rows that
+    /// were changed or added. Empty for other parts.
     [[nodiscard]] virtual std::vector<std::int32_t> RowsConcerned() const { return {}; }
 
-    /// A hash of the part of a plot as it is now. O(size of the part).
+    /// A hash of the present state of the part. O(size of the part).
     [[nodiscard]] virtual std::uint64_t FingerprintOf(int slot) const = 0;
 
-    /// The memory that the change takes.
+    /// The memory used by the change.
     [[nodiscard]] virtual std::size_t Bytes() const = 0;
 };
 
@@ -63,7 +62,7 @@ public:
 ///     Value Of(int slot)                      the part as it is now
 ///     void Give(int slot, const Value&)       gives it to the plot; does not draw
 ///     std::uint64_t FingerprintOf(int slot)   a hash of the part
-///     std::size_t BytesOf(const Value&)       the memory that it takes
+///     std::size_t BytesOf(const Value&)       the memory that it uses
 template <class Property>
 class PropertyChange final : public PlotChange {
 public:
@@ -77,7 +76,7 @@ public:
     void Apply(int slot) override { Exchange(slot); }
 
     [[nodiscard]] bool Join(PlotChange& /*next*/) override {
-        return true; // what was there before both is kept already
+        return true; // the value before both is kept already
     }
 
     [[nodiscard]] std::uint64_t FingerprintOf(int slot) const override {

@@ -19,7 +19,7 @@ std::int16_t gLastEditKind = kNoEdit;
 namespace {
 
 std::deque<UndoStep> gDone;   ///< the newest last
-std::deque<UndoStep> gUndone; ///< the next to be made again last
+std::deque<UndoStep> gUndone; ///< the next one to redo is the last
 std::size_t gUndoBound = kUndoMemory;
 
 bool IsOfRows(const UndoStep& step) {
@@ -43,8 +43,8 @@ std::size_t BytesOf(const UndoStep& step) {
     return bytes;
 }
 
-/// Drops the oldest steps, and after them the last that would be made again, until what is left
-/// keeps to the bound. One step always stays.
+/// Drops the oldest steps to undo, then the last ones to redo, until the rest is within the memory
+/// limit. One step always stays.
 void KeepToBound() {
     UndoUse use = UseOfUndo();
     while (use.bytes > gUndoBound && use.steps > 1) {
@@ -56,14 +56,14 @@ void KeepToBound() {
     }
 }
 
-/// To be called after each change of the list.
+/// Call it after each change of the list.
 void FollowList() {
     KeepToBound();
     gLastEditKind = gDone.empty() ? kNoEdit : gDone.back().kind;
 }
 
-/// The newest step whose plot is as the step wants it; nothing without any. The steps of plots that
-/// have changed in other ways are passed over.
+/// The newest step whose plot is in the state that the step needs; nullptr when there is none.
+/// Steps of plots that have changed in other ways are skipped.
 const UndoStep* NewestOf(const std::deque<UndoStep>& steps, std::uint64_t UndoStep::*hash) {
     std::vector<int> passed;
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
@@ -92,11 +92,11 @@ void DropSteps(int slot) {
     std::erase_if(gUndone, isOfSlot);
 }
 
-/// Drops the steps of the plots that were passed over on the way to a step, and hands that out.
+/// Drops the steps of the plots that were skipped on the way to a step, and returns that step.
 UndoStep TakeStep(std::deque<UndoStep>& steps, const UndoStep* wanted) {
     while (&steps.back() != wanted) {
         DropSteps(steps.back().slot);
-        wanted = &steps == &gDone ? StepToUndo() : StepToRedo(); // the same one, at another place
+        wanted = &steps == &gDone ? StepToUndo() : StepToRedo(); // it may have moved
     }
     UndoStep step = std::move(steps.back());
     steps.pop_back();
@@ -109,8 +109,8 @@ auto NewestOfSlot(Steps& steps, int slot) {
                         [slot](const UndoStep& step) { return IsOf(step, slot); });
 }
 
-/// Takes notice of what Modified of a plot has become since its last step: saved, which makes files
-/// of its other states differ from it, or changed in other ways, which all its states then are.
+/// Records a change of a plot's Modified since its last step: after a save, its other states differ
+/// from the file; after another change, all its states do.
 void NoteModified(int slot, std::int16_t modified) {
     const auto done = NewestOfSlot(gDone, slot);
     const auto undone = NewestOfSlot(gUndone, slot);
@@ -136,7 +136,7 @@ void NoteModified(int slot, std::int16_t modified) {
     }
 }
 
-/// True when nothing has changed the part of a new step since the last step of that part.
+/// True when the part of a new step is unchanged since the last step of that part.
 bool FollowsOn(const UndoStep& step) {
     const auto former = std::find_if(gDone.rbegin(), gDone.rend(), [&](const UndoStep& other) {
         return IsOf(other, step.slot) && other.change->Part() == step.change->Part();
@@ -159,8 +159,8 @@ bool HasOneOf(const KeptSelection& selection, const std::vector<std::int32_t>& r
     });
 }
 
-/// Selects the rows that a step is about, after it has been taken back or made again.
-/// @param kept  the selection of that side of the step
+/// Selects the rows that a step affects, after it has been undone or redone.
+/// @param kept  the selection on that side of the step
 void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
     std::vector<std::int32_t> rows = step.change->RowsConcerned();
     const bool isOfPlot = kept.slot == step.slot;
@@ -169,7 +169,7 @@ void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
     if (isOfPlot && isWholeSelection) {
         PutSelectionBack(std::move(kept));
     } else if (rows.empty()) {
-        ClearSelectionOf(step.slot); // its rows are no longer the same
+        ClearSelectionOf(step.slot); // its rows have changed
     } else {
         SelectRows(step.slot, std::move(rows));
     }
@@ -192,7 +192,7 @@ void UseLayerOf(PlotPart part) {
     }
 }
 
-/// The rotation before an edit of rows can be taken back while the edit is.
+/// The rotation before an edit of rows can be undone while the edit is undone.
 void FollowRotation(UndoStep& step, bool isUndo) {
     if (!IsOfRows(step)) {
         return;
@@ -205,7 +205,7 @@ void FollowRotation(UndoStep& step, bool isUndo) {
     }
 }
 
-/// Takes a step back, or makes it again.
+/// Undoes or redoes a step.
 void Carry(const UndoStep* wanted, bool isUndo) {
     NoteModified(wanted->slot, RecordOf(wanted->slot).Modified);
     UndoStep step = TakeStep(isUndo ? gDone : gUndone, wanted);
@@ -230,7 +230,7 @@ void Carry(const UndoStep* wanted, bool isUndo) {
     ReplotActivePlot(isOfRows);
 }
 
-/// What an edit is called in the menu.
+/// The name of an edit in the menu.
 const char* NameOf(EditKind kind) {
     switch (kind) {
     case kCutEdit:

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
-// The edits that can be taken back, one after the other, and made again.
+// The list of edits that can be undone and redone.
 //
 // Each edit is a step: a change of one part of one plot (plot_change.h), made by an EditStep
 // (edit_step.h). The steps of all plots are one list in the order in which they were made. Undo
-// takes back the newest one of them, whichever plot is the active one, and makes its plot the
-// active one; Redo makes again what was taken back last. A new edit, of whichever plot, ends the
-// redo.
+// reverts the newest step, whichever plot is active, and makes its plot the active one; Redo
+// repeats what was undone last. A new edit of any plot ends the redo.
 //
-// Steps belong to their plot: its closing takes them from the list, and so does an edit of it that
-// is not kept. Such an edit calls ForgetUndo; one that does not is found out, as each step knows a
-// hash of its part before and after it. The clipboard has no part in undo.
+// Steps belong to their plot: closing it removes them from the list, and so does an edit of it that
+// is not kept. Such an edit calls ForgetUndo; one that does not is detected, as each step has a
+// hash of its part before and after it. Undo does not affect the clipboard.
 //
-// What steps keep is bounded by kUndoMemory: the oldest go first. The newest one always stays.
+// The memory of the steps is limited by kUndoMemory: the oldest are dropped first. The newest one
+// always stays.
 
 #pragma once
 
@@ -28,7 +28,7 @@
 
 namespace quandrel {
 
-/// Codes of gLastEditKind. From 101 on the edit was made on the annotation layer.
+/// Codes of gLastEditKind. Codes from 101 on are edits of the annotation layer.
 enum EditKind : std::int16_t {
     kNoEdit = 0,
     kCutEdit = 1,
@@ -39,32 +39,32 @@ enum EditKind : std::int16_t {
     kAddEdit = 10,  ///< points added with the mouse
     kGridEdit = 11, ///< cells of the data grid
     kOverlayRemoval = 12,
-    kGirdleEdit = 13, ///< pulled with the mouse
+    kGirdleEdit = 13, ///< dragged with the mouse
     kAnnotationCut = 101,
     kAnnotationPaste = 104,
     kAnnotationDelete = 105,
     kAnnotationSymbol = 106,
     kAnnotationMove = 109,
     kAnnotationAdd = 110,
-    kAnnotationRemoval = 111, ///< of all of them
+    kAnnotationRemoval = 111, ///< removal of all of them
 };
 
-/// Whether an edit is taken back with those before or after it.
+/// Whether an edit is undone together with those before or after it.
 enum class EditRun {
     Alone,
     First, ///< later ones may join it
-    Joins, ///< joins the one before it, if that was of the same kind on the same selection, and
-           ///< nothing has come between; later ones may join it
+    Joins, ///< joins the previous one if that was of the same kind on the same selection, with
+           ///< nothing in between; later ones may join it
 };
 
-/// PlotRecord::Modified of a plot that nothing has changed since its last step was made. Any other
-/// change writes kTrue, saving 0.
+/// PlotRecord::Modified of a plot that is unchanged since its last step. Any other change writes
+/// kTrue, saving writes 0.
 inline constexpr std::int16_t kModifiedByLastEdit = 1;
 
-/// The bytes that steps may keep in all.
+/// Memory limit of all steps, in bytes.
 inline constexpr std::size_t kUndoMemory = std::size_t{256} << 20;
 
-extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be taken back
+extern std::int16_t gLastEditKind; ///< an EditKind; kNoEdit when nothing can be undone
 
 /// An edit that has been made.
 struct UndoStep {
@@ -72,57 +72,56 @@ struct UndoStep {
     EditKind kind = kNoEdit;
     EditRun run = EditRun::Alone;
     std::unique_ptr<PlotChange> change; ///< complete
-    KeptSelection selection;            ///< of the other side; nothing where it was of another plot
-    std::optional<RotationMemory> rotation; ///< that can be taken back once the edit has been
-    std::uint64_t hashBefore = 0;           ///< of its part of the plot
+    KeptSelection selection;            ///< of the other side; nothing when it was in another plot
+    std::optional<RotationMemory> rotation; ///< can be undone once the edit has been
+    std::uint64_t hashBefore = 0;           ///< hash of its part of the plot
     std::uint64_t hashAfter = 0;
     std::int16_t modifiedBefore = 0; ///< PlotRecord::Modified
     std::int16_t modifiedAfter = 0;
-    std::size_t bytes = 0; ///< of all that it keeps
+    std::size_t bytes = 0; ///< memory of everything that it keeps
 };
 
-/// Adds a step to the list, whose plot is as the step left it, and sets Modified of that. What an
-/// edit of rows ends is kept with it: the rotation that can be taken back.
-/// @param joins  it becomes part of the step before it
+/// Adds a step, whose plot must be in the state after it, to the list, and sets the plot's
+/// Modified. A rotation that an edit of rows makes final is kept with it.
+/// @param joins  it becomes part of the previous step
 void KeepStep(UndoStep step, bool joins);
 
-/// True when an edit of gActivePlot would be part of the one before it.
+/// True when an edit of gActivePlot would join the previous one.
 [[nodiscard]] bool IsWithinRun(EditKind kind);
 
-/// From now on no edit can be taken back or made again. Called when the user loads a file.
+/// Drops all steps. Called when the user loads a file.
 void ForgetUndo();
 
-/// As ForgetUndo, for the edits of a plot. Called by every edit that is not kept, and when a plot
-/// closes.
+/// Drops the steps of a plot. Called by every edit that is not kept, and when a plot closes.
 void ForgetUndo(int slot);
 
-/// True while a step can be taken back: its plot is as it left it. O(rows) of that plot.
+/// True while a step can be undone: its plot is in the state after it. O(rows) of that plot.
 [[nodiscard]] bool CanUndo();
 
-/// Makes the plot of the newest step the active one, puts what the step changed back exactly as it
-/// was and draws the plot. Selects the rows concerned: with the frame about them where the edit was
-/// one of the selection. Does nothing when CanUndo is false or while a long loop runs.
+/// Makes the plot of the newest step the active one, restores exactly what the step changed, and
+/// draws the plot. Selects the affected rows, with the frame around them if the edit was one of the
+/// selection. Does nothing when CanUndo is false or while a long loop runs.
 void UndoLastEdit();
 
-/// True while a step can be made again: its plot is as its undo left it.
+/// True while a step can be redone: its plot is as its undo left it.
 [[nodiscard]] bool CanRedo();
 
-/// Makes the step that was taken back last once more, as UndoLastEdit takes it back.
+/// Redoes the step that was undone last, in the same way as UndoLastEdit.
 void RedoLastEdit();
 
-/// The slot of the plot whose edit would be taken back, 0 for none.
+/// The slot of the plot whose edit would be undone; 0 when there is none.
 [[nodiscard]] int UndoSlot();
 
-/// Caption of the undo item: "&Undo Cut" and the like, "&Undo" when there is nothing to take back.
+/// Caption of the undo item: "&Undo Cut" and the like, "&Undo" when there is nothing to undo.
 [[nodiscard]] std::string UndoCaption();
 
-/// Caption of the redo item: "Redo Cut" and the like, "Redo" when there is nothing.
+/// Caption of the redo item: "Redo Cut" and the like, "Redo" when there is nothing to redo.
 [[nodiscard]] std::string RedoCaption();
 
-/// Bounds what steps keep, for tests; kUndoMemory at the start.
+/// Sets the memory limit of the steps, for tests; initially kUndoMemory.
 void SetUndoMemory(std::size_t bytes);
 
-/// What the steps keep now, and how many they are.
+/// Present memory and number of the steps.
 struct UndoUse {
     std::size_t bytes = 0;
     std::size_t steps = 0;
