@@ -38,7 +38,7 @@ std::string QuestionOfAxes(const PlotRecord& record) {
     return text + kContinueQuestion;
 }
 
-/// True when the user lets go of the links that a new row would break.
+/// True when the user accepts losing the links that a new row would break.
 [[nodiscard]] bool AcceptLossOfLinks(const PlotRecord& record) {
     if (record.MapInfoLinked != 0
         && !AskYes(std::string("If you manually add points to this plot you will break its link "
@@ -62,7 +62,7 @@ void BreakLinks(PlotRecord& record) {
     }
 }
 
-/// Rows go over the main data: these are secondary ones, or have others laid over them.
+/// True when rows go over the main data: the plot shows secondary data, or has overlays.
 bool GoesOverMainRows(const PlotRecord& record) {
     return record.OverlayRows[kOverlayCount] > 0 || record.ShowSecondary != 0;
 }
@@ -76,7 +76,7 @@ bool GoesOverMainRows(const PlotRecord& record) {
     row.dip = point.dip;
     row.az = point.azimuth;
     if (overlay > 0 && record.ShowSecondary != 0 && record.SecondaryFormat != kNoSecondary) {
-        // The store lets both orientations of such a row change places.
+        // The store can then swap the orientations of such a row.
         row.secondaryPresent = true;
         row.dip2 = std::exchange(row.dip, kErrorRow);
         row.az2 = std::exchange(row.az, 0);
@@ -96,8 +96,7 @@ double WholeDegrees(double radians) {
     return RoundToEven(RadToDeg(radians));
 }
 
-/// The row for the line under a position: the plane of which that is the pole, where the plot shows
-/// such.
+/// The row for the line at a position: the plane with that pole, if the plot shows poles.
 DegreesByHand RowOfPoint(const NetLine& line, bool isUpward) {
     const PlotRecord& record = ActiveRecord();
     double dip = line.plunge;

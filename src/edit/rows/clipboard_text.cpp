@@ -25,8 +25,9 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-/// A text as a field: what would end a field becomes a blank, and one that begins with a quote is
-/// put in quotes, its own written twice, for a reader takes quotes about a field away.
+/// A text as a field: characters that would end a field become blanks. A text that begins with a
+/// quote is put in quotes, with its own quotes doubled, because readers remove quotes around a
+/// field.
 std::string FieldOfText(std::string_view text) {
     std::string field(text);
     std::replace_if(
@@ -42,8 +43,7 @@ std::string FieldOfText(std::string_view text) {
     return quoted + "\"";
 }
 
-/// An orientation among others: of two digits at least, so that the columns of a text stand
-/// straight.
+/// An orientation among others, with at least two digits, so that columns line up.
 std::string FieldPairText(ShownOrientation pair, bool present) {
     return present ? FormatNumber(pair.dip, "00") + "\t" + FormatNumber(pair.azimuth, "00") : "\t";
 }
@@ -52,8 +52,8 @@ std::string PairText(ShownOrientation pair, bool present) {
     return present ? TextOf(pair.dip) + "\t" + TextOf(pair.azimuth) : "\t";
 }
 
-/// The kind of the overlays that all rows of a list belong to; nothing when they differ, or main
-/// rows are among them.
+/// The kind of the overlays that all rows of a list belong to; nothing when they differ, or the
+/// list has main rows.
 std::optional<std::int16_t> CommonOverlayKind(const PlotRecord& record,
                                               std::span<const std::int32_t> rows) {
     std::optional<std::int16_t> common;
@@ -94,7 +94,7 @@ public:
         NameFields();
     }
 
-    /// Lines in place of the rows, of a plot that draws intersections.
+    /// The text of lines instead of the rows, for a plot that draws intersections.
     [[nodiscard]] std::string TextWith(std::span<const Direction> lines) const {
         std::string text = ClipboardHead() + BuildParameterText(items_, isFull_);
         AddLines(text, lines);
@@ -121,7 +121,7 @@ private:
         return items_.one.value_or(std::int16_t{kDirections}) <= kDirections;
     }
 
-    /// What the text says that its rows are.
+    /// Chooses the kind of data that the text states.
     void ChooseKind() {
         const std::optional<std::int16_t> overlays = CommonOverlayKind(record_, rows_);
         if (overlays && record_.ShowSecondary == 0 && !IsDirections()) {
@@ -147,7 +147,7 @@ private:
             record_.HasAppendedText != 0 ? std::optional(record_.AppNonNumName) : std::nullopt;
     }
 
-    /// A row as it is plotted.
+    /// A row in its plotted form.
     [[nodiscard]] std::string PointOf(std::int32_t row) const {
         const ShownOrientation shown = OrientationShown(slot_, row);
         if (IsDirections()) {
@@ -157,7 +157,7 @@ private:
         return PairText(isPlane == writesPlanes_ ? shown : PoleInDegrees(shown), true);
     }
 
-    /// The primary orientation, then the secondary one, as the columns of main rows hold them.
+    /// The primary orientation, then the secondary one, in the form of the main rows' columns.
     [[nodiscard]] std::pair<ShownOrientation, ShownOrientation> BothOf(std::int32_t row) const {
         ShownOrientation primary{gDataDip(slot_, row), gDataAz(slot_, row)};
         ShownOrientation secondary{gData2Dip(slot_, row), gData2Az(slot_, row)};

@@ -41,7 +41,7 @@ bool IsValid(std::int32_t row) {
     return OrientationShown(gActivePlot, row).dip != kErrorRow;
 }
 
-/// The plot of the rows to copy: that of the selection, for points also when it is another one.
+/// The plot of the rows to copy: that of the selection; for points it may be another plot.
 int SlotToCopy(CopiedFields fields) {
     if (!SelectedRowsOf(gActivePlot).empty() || fields == CopiedFields::All) {
         return gActivePlot;
@@ -49,7 +49,7 @@ int SlotToCopy(CopiedFields fields) {
     return IsOpenSlot(gMarqueeSlot) ? gMarqueeSlot : gActivePlot;
 }
 
-/// Copies the selected intersections of a plot. False without any.
+/// Copies the selected intersections of a plot. False when there are none.
 [[nodiscard]] bool CopyIntersections(int slot) {
     const SelectedIntersections& selected = IntersectionsSelectedIn(slot);
     if (selected.tooMany) {
@@ -64,7 +64,7 @@ int SlotToCopy(CopiedFields fields) {
     return true;
 }
 
-/// The top overlay can be taken off, as it does not hold the secondary data.
+/// True when the top overlay can be removed, as it does not hold the secondary data.
 bool HasOverlayToRemove(const PlotRecord& record) {
     return record.OverlayRows[kOverlayCount] >= 1
            && record.OverlayRows[kOverlayCount] != record.SelectedOverlay;
@@ -84,7 +84,7 @@ void RemoveSelectedRows(EditKind kind) {
     }
     const std::int16_t secondaryOverlay = record.SelectedOverlay;
     RemoveRows(gActivePlot, rows);
-    // An overlay that no longer follows the main rows row by row is one like any other.
+    // An overlay that no longer matches the main rows row by row becomes an ordinary one.
     if (secondaryOverlay > 0 && record.SelectedOverlay > 0
         && record.OverlayRows[static_cast<std::size_t>(record.SelectedOverlay)] != record.NumData) {
         record.SelectedOverlay = 0;
@@ -99,7 +99,7 @@ bool CopyRows(CopiedFields fields) {
     }
     const int slot = SlotToCopy(fields);
     const std::span<const std::int32_t> rows = SelectedRowsOf(slot);
-    // Rows of overlays are drawn over intersections as they are elsewhere.
+    // Over intersections, rows of overlays are drawn as elsewhere.
     if (ShowsIntersections(slot) && (rows.empty() || rows.front() <= RecordOf(slot).NumData)) {
         return CopyIntersections(slot);
     }
@@ -177,7 +177,7 @@ void ChangeSymbols(const RowStyles& styles) {
             MakeSymbolCode(style[kPlaceColour], style[kPlaceSymbol], style[kPlaceSize]);
         SymbolCode& base = gDataSymbolBase.At(gActivePlot, row);
         SymbolCode& drawn = gDataSymbol.At(gActivePlot, row);
-        // The colour of a class stays on a row that shows one.
+        // A row that shows the colour of its class keeps it.
         drawn = drawn == base ? code : drawn;
         base = code;
     }

@@ -21,8 +21,8 @@ std::span<const T> CellsInUse(const DataColumn<T>& column, int slot) {
     return cells.first(std::min(cells.size(), inUse));
 }
 
-/// The cells in use up to the last that differs from the default, which cells that were never
-/// written read as: whether a column has room for them makes no difference.
+/// The cells in use up to the last that differs from the default. Cells that were never written
+/// read as the default, so the result does not depend on the column's size.
 template <class T>
 std::span<const T> CellsThatSay(const DataColumn<T>& column, int slot) {
     std::span<const T> cells = CellsInUse(column, slot);
@@ -32,14 +32,14 @@ std::span<const T> CellsThatSay(const DataColumn<T>& column, int slot) {
     return cells;
 }
 
-/// The names of the files of a plot, in their order.
+/// The names of the files of a plot, in order.
 std::vector<std::string> NamesOf(const PlotRecord& record) {
     const auto first = record.FileNames.begin() + 1;
     return {first, first + record.NumFiles};
 }
 
-/// Files of overlays that come or go take their names with them. What else has become of the names
-/// since, as by a save under another one, stays.
+/// Restores the files of overlays that are added or removed. Other changes of the names since then,
+/// as by a save under another name, stay.
 void TakeOverlayFiles(PlotRecord& record, const RowSettings& settings) {
     for (std::size_t overlay = 1; overlay < record.OverlayFiles.size(); ++overlay) {
         const std::vector<std::string>& now = record.OverlayFiles[overlay];
@@ -60,8 +60,8 @@ void TakeOverlayFiles(PlotRecord& record, const RowSettings& settings) {
     }
 }
 
-/// Gives a record what is kept of its rows' formats. The sets shown and the kind of drawing are a
-/// matter of the display, and stay as they are while the formats do.
+/// Restores in a record the formats of its rows. The sets shown and the kind of drawing belong to
+/// the display: they stay unless the formats change.
 void TakeFormats(PlotRecord& record, const RowSettings& settings) {
     const bool isOtherFormat = record.PrimaryFormat != settings.primaryFormat
                                || record.SecondaryFormat != settings.secondaryFormat;

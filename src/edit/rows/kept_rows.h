@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The rows of a plot as a value: a copy of their cells, texts and error lines, with what the record
-// says of them. Of use before an edit, to find out what that has changed (row_change.h).
+// The rows of a plot as a value: a copy of their cells, texts and error lines, with the related
+// fields of the record. Made before an edit, to find out what it has changed (row_change.h).
 
 #pragma once
 
@@ -17,7 +17,7 @@
 
 namespace quandrel {
 
-/// What the record of a plot says of its rows.
+/// The fields of a record that concern its rows.
 struct RowSettings {
     RowCounts counts;
     std::int16_t primaryFormat = 0;
@@ -30,7 +30,7 @@ struct RowSettings {
     std::int16_t hasAppendedNumeric = 0;
     std::int16_t hasAppendedText = 0;
     std::int16_t dataFull = 0;
-    std::int16_t mapInfoLinked = 0; ///< put back by those who keep the links
+    std::int16_t mapInfoLinked = 0; ///< restored by the code that keeps the links
     std::int16_t classMode = 0;
     std::string numberName;
     std::string textName;
@@ -45,22 +45,23 @@ struct RowSettings {
 
 [[nodiscard]] RowSettings SettingsOfRows(const PlotRecord& record);
 
-/// Gives a record what was kept of its rows. The sets shown and the kind of drawing are a matter of
-/// the display, and stay as they are while the formats do; so do names that a save has given since.
+/// Restores the fields of a record that concern its rows. The sets shown and the kind of drawing
+/// belong to the display: they stay unless the formats change. Names given by a save since then
+/// stay.
 void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings);
 
-/// The columns of numbers, by their places in the order of ForEachColumn.
+/// Number of numeric columns, in the order of ForEachColumn.
 inline constexpr std::size_t kRowColumns = 11;
 inline constexpr std::size_t kDensityColumn = 9;
 inline constexpr std::size_t kDrawnColumn = 10;
 inline constexpr std::size_t kBaseColumn = 7;
 
-/// True for a column that drawings work out anew.
+/// True for a column that drawings recompute.
 [[nodiscard]] constexpr bool IsWorkedOut(std::size_t column) {
     return column == kDensityColumn || column == kDrawnColumn;
 }
 
-/// Calls visit(column, place) for all columns of numbers, of cells of 32 bits each.
+/// Calls visit(column, index) for all numeric columns, whose cells have 32 bits.
 template <class Visit>
 void ForEachColumn(const Visit& visit) {
     std::size_t place = 0;
@@ -69,7 +70,7 @@ void ForEachColumn(const Visit& visit) {
          gDataSymbolBase, gAppNumeric, gPointDensity, gDataSymbol);
 }
 
-/// The bits of a cell, so that cells of all columns can be kept alike.
+/// The bits of a cell, so that all columns can be stored alike.
 template <class T>
 [[nodiscard]] std::uint32_t BitsOf(T cell) {
     return std::bit_cast<std::uint32_t>(cell);
@@ -81,14 +82,14 @@ struct KeptRows {
     std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< BitsOf
     std::vector<std::string> texts;
     ErrorLines errorLines;
-    std::shared_ptr<const void> links; ///< what gRowFollower knew of them
+    std::shared_ptr<const void> links; ///< what gRowFollower knew about them
 };
 
-/// The rows of a plot as they are. Throws std::bad_alloc. O(rows).
+/// The present rows of a plot. Throws std::bad_alloc. O(rows).
 [[nodiscard]] KeptRows KeepRows(int slot);
 
-/// A hash of the rows of a plot: of their orientations, appended values, symbols, and of their
-/// order and overlays. What each drawing works out anew plays no part. O(rows).
+/// A hash of the rows of a plot: of their orientations, appended values and symbols, and of their
+/// order and overlays. What each drawing recomputes is not included. O(rows).
 [[nodiscard]] std::uint64_t FingerprintOfRows(int slot);
 
 } // namespace quandrel

@@ -31,7 +31,7 @@ bool IsSame(ShownOrientation a, ShownOrientation b) {
     return a.dip == b.dip && a.azimuth == b.azimuth;
 }
 
-/// A row, and what it is to become.
+/// A row and its new orientation.
 struct Change {
     std::int32_t row = 0;
     ShownOrientation wanted;
@@ -43,7 +43,7 @@ bool IsDirection(const PlotRecord& record, std::int32_t row, ShownOrientation fo
            && record.PrimaryFormat <= kDirections && !IsPlottedAsPole(record, 0);
 }
 
-/// The main row behind a row of the overlay that shows the secondary data, or 0.
+/// The main row of a row in the overlay that shows the secondary data, or 0.
 std::int32_t MainRowBehind(const PlotRecord& record, std::int32_t row) {
     const int overlay = record.SelectedOverlay;
     if (overlay < 1 || OverlayOfRow(record, row) != overlay
@@ -65,8 +65,8 @@ void StoreOrientation(const Change& change) {
     }
 }
 
-/// What the selected rows are to become, by a rule that gets the row's index and numbers; only
-/// those that change.
+/// The new orientations of the selected rows, by a rule that takes the row's index and orientation;
+/// only those that change.
 std::vector<Change>
 ChangesOfSelection(const std::function<ShownOrientation(std::int32_t, ShownOrientation)>& rule) {
     std::vector<Change> changes;
@@ -96,8 +96,8 @@ std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
     return static_cast<std::int32_t>(changes.size());
 }
 
-/// A line that pointed up and has come to lie level, with the trend that it points to: what was its
-/// lower end is behind it.
+/// A line that pointed up and has become level gets the trend that it points to, which is opposite
+/// to that of its former lower end.
 ShownOrientation SettledUpward(ShownOrientation now, bool isPlane, ShownOrientation former) {
     if (!isPlane && former.dip < 0 && now.dip == 0) {
         now.azimuth = (now.azimuth + kFullTurn / 2) % kFullTurn;
@@ -161,7 +161,8 @@ std::int32_t MoveSelection(double dx, double dy) {
         }
         ShownOrientation wanted = MovedOrientation(*line, isPole, former);
         wanted.dip = IsDirection(record, row, former) ? former.dip : wanted.dip;
-        // Some orientations share their place on the net: one that stays there keeps its numbers.
+        // Some orientations share a position on the net: a row that stays at its position keeps its
+        // values.
         const PlottedRow to = PlottedOrientation(record.PlotKind, isPole, row, wanted);
         return to.x == at.x && to.y == at.y ? former : wanted;
     };

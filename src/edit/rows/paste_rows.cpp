@@ -31,14 +31,14 @@ namespace quandrel {
 
 namespace {
 
-/// What a load of foreign text is called.
+/// The command of a load of foreign text.
 constexpr const char* kPasteCommand = "Paste";
 
 /// The format that was last accepted for foreign text.
 std::optional<FormatSettings> gPasteFormat;
 bool gPasteShowsSecondary = false;
 
-/// The format in force for the length of a block.
+/// Sets the format in force until the end of a block.
 class FormatInWork {
 public:
     explicit FormatInWork(const FormatSettings& settings)
@@ -55,7 +55,7 @@ private:
     FormatSettings former_;
 };
 
-/// An empty plot takes the form of the text. Its titles and files stay.
+/// Gives an empty plot the format of the text. Its titles and files stay.
 void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
     const FormatInWork work(format.settings);
     const std::int16_t files = record.NumFiles;
@@ -70,7 +70,7 @@ void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
     ResetAppendedRange();
 }
 
-/// True for a line that should be a row and is none.
+/// True for a line that should be a row but is not.
 bool IsRefused(LineStatus status) {
     return status != LineStatus::Row && status != LineStatus::Blank && status != LineStatus::Comment
            && status != LineStatus::ParameterLine;
@@ -164,7 +164,7 @@ private:
     PasteReport report_;
 };
 
-/// Tells when the texts of the last rows have the other decimal delimiter.
+/// Reports when the texts of the last rows have the other decimal delimiter.
 void WarnOfDecimalMismatch(std::int32_t pasted) {
     const std::int32_t last = ActiveRecord().NumLoadedData;
     std::vector<std::string> texts;
@@ -182,7 +182,7 @@ void WarnOfDecimalMismatch(std::int32_t pasted) {
     }
 }
 
-/// The first lines of a text as they stand.
+/// The first lines of a text, unchanged.
 std::string HeadOfText(const std::string& text) {
     LineReader reader(text);
     std::string_view line;
@@ -192,8 +192,8 @@ std::string HeadOfText(const std::string& text) {
     return text.substr(0, reader.Position());
 }
 
-/// Shows the data format dialog with the text in its preview. Whether the first row is a heading is
-/// as the text looks, whatever an earlier text had.
+/// Shows the data format dialog with the text in its preview. Whether the first row is a heading
+/// depends on this text alone, not on an earlier one.
 [[nodiscard]] std::optional<FormatAnswer> AskPasteFormat(const std::string& text,
                                                          const ParameterItems& items) {
     FormatQuestion question;
@@ -205,7 +205,7 @@ std::string HeadOfText(const std::string& text) {
     return gPlatform.prompts->AskFormat(question);
 }
 
-/// The format of a text, asked for where the text does not tell it and none was accepted before.
+/// The format of a text; asks for it when the text does not state it and none was accepted before.
 /// Nothing when the user cancels.
 std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind kind) {
     ParameterItems items = ReadParameterLines(text);
@@ -238,7 +238,7 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
     return format;
 }
 
-/// What is done once rows stand in the plot.
+/// What is done after rows have been added to the plot.
 void SettlePastedRows(PlotRecord& record) {
     if (!record.AxesTitle.empty()) {
         TakeAxesAsLines(record);
@@ -247,12 +247,12 @@ void SettlePastedRows(PlotRecord& record) {
     record.ClassifyCheckPending = kTrue;
 }
 
-/// Pastes rows of a known format. Gives up, and leaves the plot as it was, when none is read.
+/// Pastes rows of a known format. When none is read, the plot stays unchanged.
 PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
     PlotRecord& record = ActiveRecord();
     EditStep step(kPasteEdit, Before<RowChange>);
     if (!step.IsKept()) {
-        throw std::bad_alloc(); // a paste that fails half way has to be put back
+        throw std::bad_alloc(); // so that a paste that fails half way is undone
     }
     if (record.NumLoadedData == 0) {
         TakeFormatOfText(record, format);
@@ -313,8 +313,8 @@ std::string NoteOnPaste(const PasteReport& report) {
     std::string note;
     if (report.refused > 0) {
         note = Counted(report.refused, "line")
-               + (report.refused == 1 ? " of the text is no data and was not pasted."
-                                      : " of the text are no data and were not pasted.");
+               + (report.refused == 1 ? " of the text is not data and was not pasted."
+                                      : " of the text are not data and were not pasted.");
     }
     if (report.headingIsData) {
         note += std::string(note.empty() ? "" : "\n")

@@ -32,7 +32,7 @@ PastedFormat FormatOfPastedText(const FormatSettings& settings, const ParameterI
     PastedFormat format;
     format.settings = WithNewPlotItems(WithFormatItems(settings, items), items);
     if (isOwn) {
-        // What a text does not name it does not hold.
+        // A text does not hold what it does not name.
         format.settings.lineAppended = items.A.value_or(false);
         format.settings.numericAppended = items.L.value_or(false);
         format.settings.nonNumericAppended = items.W.value_or(false);
@@ -78,7 +78,7 @@ RowTarget TargetOfPaste(const PlotRecord& record, const PastedFormat& format, in
     target.overlay = overlay;
     const bool hasSecondary = format.settings.secondary != kNoSecondary;
     const bool secondaryIsPlane = format.settings.secondary == kSecondaryPlane;
-    // Where the plot has a second set and the text has none, it is stored as missing.
+    // If the plot has a second set but the text does not, it is stored as missing.
     target.secondaryFormat = record.SecondaryFormat;
     if (overlay == 0) {
         target.turnToPole = HoldsPlanes(format) != MainRowsArePlanes(record);
@@ -88,7 +88,7 @@ RowTarget TargetOfPaste(const PlotRecord& record, const PastedFormat& format, in
     }
     const bool showsSecondary = record.ShowSecondary != 0;
     if (showsSecondary && hasSecondary) {
-        // An overlay holds the set that is shown in the place of the primary one.
+        // An overlay holds the set that is shown as its primary one.
         target.turnSecondary = secondaryIsPlane != IsPlottedAsPole(record, overlay);
         target.turnToPole = HoldsPlanes(format) != (record.PrimaryFormat == kPrimaryPlane);
         return target;

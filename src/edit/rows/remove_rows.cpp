@@ -15,7 +15,7 @@ void RemoveRows(int slot, std::span<const std::int32_t> rows) {
     }
     const PlotInWork work(slot);
     PlotRecord& record = RecordOf(slot);
-    // Axes of which some are gone are no longer those of their parent's faults.
+    // Axes no longer match their parent's faults after some have been removed.
     TakeAxesAsLines(record);
     RemoveRows(PlotOf(slot), rows);
     record.DataFull = 0;

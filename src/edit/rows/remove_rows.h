@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Takes rows out of a plot.
+// Removing rows from a plot.
 
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace quandrel {
 
-/// Takes rows out of a plot: out of its columns, its counts, its overlays and its table. An overlay
-/// that has none left goes. Does not draw. O(rows of the plot).
+/// Removes rows from a plot: from its columns, its counts, its overlays and its table. An overlay
+/// without rows is removed. Does not draw. O(rows of the plot).
 ///
 /// @param rows  point indices in ascending order, without repeats
 void RemoveRows(int slot, std::span<const std::int32_t> rows);
 
-/// Works the range and the distinct values of the appended data of gActivePlot out anew.
+/// Recomputes the range and the distinct values of the appended data of gActivePlot.
 void RecountAppendedRange();
 
 } // namespace quandrel

@@ -16,7 +16,7 @@ namespace quandrel {
 
 namespace {
 
-/// What a row of a link to a table takes: a node of each of its two maps.
+/// Memory of a row of a link to a table: a node of each of its two maps.
 constexpr std::size_t kBytesOfLinkedRow = 64;
 
 std::uint32_t KeptCell(const KeptRows& kept, std::size_t column, std::int32_t row) {
@@ -62,7 +62,7 @@ void WriteCell(const DataColumn<T>& column, int slot, std::int32_t row, std::uin
     column.At(slot, row) = std::bit_cast<T>(bits);
 }
 
-/// True when a row of the plot holds what a kept one did, but for what drawings work out.
+/// True when a row of the plot equals a kept one, except for what drawings recompute.
 bool IsSameRow(int slot, std::int32_t row, const KeptRows& kept, std::int32_t formerRow) {
     bool isSame = true;
     ForEachColumn([&](const auto& column, std::size_t place) {
@@ -73,7 +73,7 @@ bool IsSameRow(int slot, std::int32_t row, const KeptRows& kept, std::int32_t fo
     return isSame && gAppText(slot, row) == KeptText(kept, formerRow);
 }
 
-/// The rows without partners when all of the shorter list have one in the longer, in their order.
+/// The rows without partners, if all rows of the shorter list have one in the longer, in order.
 template <class IsSame>
 std::optional<std::vector<std::int32_t>> RowsBetween(std::int32_t longer, std::int32_t shorter,
                                                      const IsSame& isSame) {
@@ -89,7 +89,7 @@ std::optional<std::vector<std::int32_t>> RowsBetween(std::int32_t longer, std::i
     return partner > shorter ? std::optional(std::move(between)) : std::nullopt;
 }
 
-/// Calls visit(row, former row) for all partners of a pairing, of `count` rows after the edit.
+/// Calls visit(row, former row) for all partners of a pairing, for `count` rows after the edit.
 template <class Visit>
 void ForEachPair(const RowPairing& pairing, std::int32_t count, const Visit& visit) {
     auto removed = pairing.removed.begin();
@@ -120,7 +120,7 @@ std::size_t BytesIn(const std::vector<T>& values) {
     return values.capacity() * sizeof(T);
 }
 
-/// What a text takes besides its own place.
+/// Memory of a text in addition to the object itself.
 std::size_t BytesBeside(const std::string& text) {
     return text.capacity() > std::string().capacity() ? text.capacity() + 1 : 0;
 }
@@ -130,7 +130,7 @@ void SortOut(std::vector<std::int32_t>& rows) {
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
 }
 
-/// Takes what a later list holds of other rows into a list; both ascend by their rows.
+/// Merges entries of a later list for other rows into a list; both are sorted by row.
 template <class Held>
 void JoinLists(std::vector<Held>& held, std::vector<Held>& later) {
     std::vector<Held> joined;
@@ -174,7 +174,7 @@ void RowChange::Complete(int slot) {
     added_.rows = pairing.added;
     std::ranges::for_each(cells_, [](std::vector<Cell>& cells) { cells.shrink_to_fit(); });
     breaksLink_ = settings_.mapInfoLinked != 0 && record.MapInfoLinked == 0;
-    // Links go by the numbers of rows, so that they are as they were where these are.
+    // Links use row numbers, so they are unchanged when these are.
     if (MovesRows() || breaksLink_) {
         links_ = before->links;
     }
@@ -182,7 +182,7 @@ void RowChange::Complete(int slot) {
 
 void RowChange::CompareRows(int slot, const KeptRows& before, const RowPairing& pairing) {
     const std::int32_t count = RecordOf(slot).NumLoadedData;
-    // One column after the other: most of them are the same, or not in use.
+    // Column by column: most columns are the same, or not in use.
     ForEachColumn([&](const auto& column, std::size_t place) {
         const auto cells = column.Rows(slot);
         const std::vector<std::uint32_t>& formerCells = before.cells[place];
@@ -322,8 +322,8 @@ void RowChange::ExchangeCells(int slot, bool isOtherDisplay) {
     }
 }
 
-/// The rows of the followers as they were on the other side. The link that the edit broke comes
-/// back with its undo, and goes again with its redo.
+/// Restores the followers' rows of the other side. The link that the edit broke is restored by its
+/// undo, and removed again by its redo.
 void RowChange::PutLinksBack(int slot) const {
     if (gRowFollower.putBack) {
         gRowFollower.putBack(slot, links_);
@@ -342,7 +342,7 @@ void RowChange::Exchange(int slot) {
         followsLinks && gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
     PlotRecord& record = RecordOf(slot);
     RowSettings settings = SettingsOfRows(record);
-    // Colours of classes that are shown no longer are not put back.
+    // Colours of classes that are no longer shown are not restored.
     const bool isOtherDisplay = settings.classMode != settings_.classMode;
     std::int32_t count = record.NumLoadedData;
     if (isReverted_) {
@@ -369,7 +369,7 @@ bool RowChange::Join(PlotChange& next) {
         || isReverted_ || other->isReverted_) {
         return false;
     }
-    // Of what both changed, the first one knows what it was.
+    // Where both changed a cell, the first one has its original value.
     for (std::size_t column = 0; column < kRowColumns; ++column) {
         JoinLists(cells_[column], other->cells_[column]);
     }
@@ -397,7 +397,7 @@ std::vector<std::int32_t> RowChange::RowsConcerned() const {
     return rows;
 }
 
-/// Gives rows, ascending, the numbers that they had before the edit.
+/// Converts rows, ascending, to their numbers before the edit.
 void RowChange::FollowBack(std::vector<std::int32_t>& rows) const {
     std::size_t added = 0;
     std::size_t removed = 0;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // An edit of the rows of a plot as differences: the cells, texts and error lines that it changed,
-// and the rows that it took out or put in with all that they hold. With them goes what the record
-// says of the rows, and what followers of the rows knew of these (core/row_links.h).
+// and the complete rows that it removed or added. It also keeps the related fields of the record,
+// and the state of the followers of rows (core/row_links.h).
 //
-// Rows are paired before they are compared: rows that stay need not keep their numbers.
+// Rows are paired before they are compared: rows that stay may change their numbers.
 
 #pragma once
 
@@ -22,18 +22,18 @@
 
 namespace quandrel {
 
-/// Which rows of two states of a plot have no partner in the other. All others are partners in
-/// their order.
+/// The rows of two states of a plot that have no partner in the other state. All others are
+/// partners in order.
 struct RowPairing {
     std::vector<std::int32_t> removed; ///< ascending, of the rows before
     std::vector<std::int32_t> added;   ///< ascending, of the rows after
 };
 
-/// Pairs the rows 1 to `before` of a state with the rows 1 to `after` of another: one by one where
-/// these are as many, without the ones that have gone, or come, where those that stay are the same;
-/// else as if the last ones had gone or come. O(rows), with as many comparisons.
+/// Pairs the rows 1 to `before` of a state with the rows 1 to `after` of another. Equal numbers of
+/// rows are paired one by one. Otherwise rows were removed or added; they are found if all others
+/// are the same, else the last ones are taken. O(rows), with as many comparisons.
 ///
-/// @param isSame  whether a row before and a row after hold the same
+/// @param isSame  whether a row before and a row after are equal
 [[nodiscard]] RowPairing
 PairRows(std::int32_t before, std::int32_t after,
          const std::function<bool(std::int32_t before, std::int32_t after)>& isSame);
@@ -45,14 +45,14 @@ public:
 
     [[nodiscard]] PlotPart Part() const override { return PlotPart::Rows; }
 
-    /// Keeps what the edit has changed alone. O(rows).
+    /// Reduces this to what the edit has changed. O(rows).
     void Complete(int slot) override;
 
     void Revert(int slot) override { Exchange(slot); }
 
     void Apply(int slot) override { Exchange(slot); }
 
-    /// False for an edit that took rows out or put some in.
+    /// False for an edit that removed or added rows.
     [[nodiscard]] bool Join(PlotChange& next) override;
 
     [[nodiscard]] std::vector<std::int32_t> RowsConcerned() const override;
@@ -79,7 +79,7 @@ private:
         std::optional<std::string> line;
     };
 
-    /// Rows that are there on one side of the edit alone; what they hold, while they are not there.
+    /// Rows that exist on only one side of the edit; holds their contents while they do not exist.
     struct Block {
         std::vector<std::int32_t> rows;
         std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< empty for unused columns
@@ -104,7 +104,7 @@ private:
     static std::size_t BytesOf(const Block& block);
 
     std::unique_ptr<KeptRows> before_; ///< until the edit is complete
-    RowSettings settings_;             ///< of the other side, as all that follows
+    RowSettings settings_;             ///< for the other side, as are all below
     std::shared_ptr<const void> links_;
     std::array<std::vector<Cell>, kRowColumns> cells_;
     std::vector<Text> texts_;

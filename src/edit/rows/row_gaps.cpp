@@ -15,7 +15,7 @@ namespace quandrel {
 
 namespace {
 
-/// Moves row i + 1 to the row of the i-th place of a list; the others become empty.
+/// Moves row i + 1 to the row of list element i; the others become empty.
 void MoveDown(const TextColumn& column, int slot, std::span<const std::int32_t> stay,
               std::span<const std::int32_t> others, std::int32_t count) {
     if (column.RowCount(slot) == 0) {

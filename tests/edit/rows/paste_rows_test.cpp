@@ -211,7 +211,7 @@ TEST_F(PasteRows, RefusedLinesAreToldAndTheOthersGoIn) {
     const int slot = NewPlanes({{1, 2}});
     clipboard.SetText(std::string(kOwnPlanes)
                       + "30\t120\r\n95\t10\r\nword\r\n\r\n; comment\r\n60\t300");
-    Expect("2 lines of the text are no data and were not pasted.");
+    Expect("2 lines of the text are not data and were not pasted.");
     PasteData();
     EXPECT_EQ(RecordOf(slot).NumData, 3);
     EXPECT_EQ(RecordOf(slot).NumValidData, 3);
@@ -221,7 +221,7 @@ TEST_F(PasteRows, RefusedLinesAreToldAndTheOthersGoIn) {
 TEST_F(PasteRows, ATextWithoutAnyRowChangesNothing) {
     const int slot = NewLines({});
     clipboard.SetText(std::string(kOwnPlanes) + "99\t999\r\n");
-    Expect("1 line of the text is no data and was not pasted.");
+    Expect("1 line of the text is not data and was not pasted.");
     PasteData();
     EXPECT_EQ(RecordOf(slot).DataKind, kLines);
     EXPECT_EQ(RecordOf(slot).PrimaryFormat, kPrimaryLine);
@@ -357,7 +357,7 @@ TEST_F(PasteRows, ForeignTextThatDoesNotFitIsAskedForAgain) {
     PasteData();
     EXPECT_EQ(RecordOf(slot).NumData, 2);
     clipboard.SetText("no data here");
-    Expect("1 line of the text is no data");
+    Expect("1 line of the text is not data");
     PasteData();
     clipboard.SetText("40 130");
     PasteData();
