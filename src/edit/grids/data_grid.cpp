@@ -48,7 +48,7 @@ std::size_t DataGrid::FirstOfOrder(std::size_t row) const {
 }
 
 void DataGrid::Refill() {
-    /// Rows of one order stand together, so that a row is known by its place among them.
+    /// Rows of the same order are adjacent, so that a row is identified by its index among them.
     struct KeptEdits {
         std::int32_t order;
         std::size_t place;

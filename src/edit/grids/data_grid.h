@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The rows of a plot as a grid: its columns, the texts of its cells, and the edits that wait in it.
+// The rows of a plot as a grid: its columns, the texts of its cells, and its pending edits.
 //
-// What is inside this room: grids of the plotted rows (this file, grid_cells.h), their edits on the
-// way into the columns (grid_edits.cpp), and grids of the lines of files (raw_data.h).
-// What enters: rows, columns and files of a plot, texts that are typed. What leaves: texts of
-// cells, rows that are selected, and one edit of rows for all cells that were changed.
+// This folder holds grids of the plotted rows (this file, grid_cells.h), the transfer of their
+// edits into the columns (grid_edits.cpp), and grids of the lines of files (raw_data.h). Input:
+// rows, columns and files of a plot, typed texts. Output: texts of cells, selected rows, and one
+// edit of rows for all changed cells.
 //
 // Cells of orientations are dip or plunge and azimuth in whole degrees, whatever the convention in
-// force. The main rows come in the order in which they were loaded, those of the overlays follow
-// and cannot be edited. Grid rows and columns count from 0; texts are made when they are asked for.
+// force. The main rows are in the order of loading; those of the overlays follow and cannot be
+// edited. Grid rows and columns count from 0; texts are made when requested.
 
 #pragma once
 
@@ -28,15 +28,15 @@ namespace quandrel {
 
 class DataGrid {
 public:
-    /// The grid of an open plot, filled.
+    /// The filled grid of an open plot.
     explicit DataGrid(int slot);
 
-    /// Fills the grid from the store anew: edits and marks of deleted rows are gone. O(rows log
+    /// Refills the grid from the store: edits and marks of deleted rows are dropped. O(rows log
     /// rows).
     void Fill();
 
-    /// Fills the grid anew from a plot that has gained or lost rows. Edits go with their rows,
-    /// which are known by their order; new rows that hold something stay where the plot still takes
+    /// Refills the grid from a plot that has gained or lost rows. Edits stay with their rows, which
+    /// are identified by their order; new rows that are not empty stay if the plot still accepts
     /// them. O(rows log rows).
     void Refill();
 
@@ -46,28 +46,28 @@ public:
 
     [[nodiscard]] std::size_t RowCount() const { return lines_.size(); }
 
-    /// What a cell shows: its edit, or what the store holds. Secondary orientations, lines and
-    /// numbers that are missing are empty.
+    /// The text of a cell: its edit, or the value in the store. Missing secondary orientations,
+    /// lines and numbers are empty.
     [[nodiscard]] std::string CellText(std::size_t row, std::size_t column) const;
 
-    /// What the editor of a cell begins with: as CellText, but no "non-data".
+    /// The initial text of a cell's editor: as CellText, but without "non-data".
     [[nodiscard]] std::string EditText(std::size_t row, std::size_t column) const;
 
-    /// The line of a file that stands behind an error row, or nothing.
+    /// The line of the file that an error row came from, or nothing.
     [[nodiscard]] std::string LineBehind(std::size_t row) const;
 
-    /// True for the data cells of main rows that are there, and of new ones.
+    /// True for the data cells of existing main rows and of new rows.
     [[nodiscard]] bool IsEditable(std::size_t row, std::size_t column) const;
 
-    /// Takes a new text for a cell; the store is not touched. False when it cannot be edited, or
-    /// holds this text already.
+    /// Sets the text of a cell; the store is unchanged. False when the cell cannot be edited, or
+    /// has this text already.
     bool SetCell(std::size_t row, std::size_t column, std::string_view text);
 
-    /// True for an edited cell that holds no number, or whose pair is no orientation. Appended
-    /// lines and secondary orientations, but not primary ones, may be left empty.
+    /// True for an edited cell that is not a number, or whose pair is not an orientation. Appended
+    /// lines and secondary orientations, but not primary ones, may be empty.
     [[nodiscard]] bool IsBad(std::size_t row, std::size_t column) const;
 
-    /// True when a cell would be bad if it held this text.
+    /// True when a cell would be bad with this text.
     [[nodiscard]] bool IsBadText(std::size_t row, std::size_t column, std::string_view text) const;
 
     [[nodiscard]] bool IsEdited(std::size_t row) const;
@@ -77,47 +77,47 @@ public:
     /// Rows with edits, ascending.
     [[nodiscard]] std::vector<std::size_t> EditedRows() const;
 
-    /// True when a cell of a kind has an edit.
+    /// True when a row has an edit in its cell of a kind.
     [[nodiscard]] bool HasEdit(std::size_t row, GridColumnKind kind) const;
 
-    /// The text of the cell of a kind in a row; empty when the plot has no such column.
+    /// The text of a row's cell of a kind; empty when the plot has no such column.
     [[nodiscard]] std::string TextOfKind(std::size_t row, GridColumnKind kind) const;
 
-    /// Forgets the edits of all rows, and new rows.
+    /// Drops the edits of all rows, and new rows.
     void DiscardEdits();
 
-    /// Adds an empty row for one that is to be typed, behind the last. A rose, a plot with
-    /// overlays, and one that shows its secondary data take none.
-    /// @return true when there is a new row now
+    /// Adds an empty row at the end, to be filled in. A rose, a plot with overlays, and one that
+    /// shows its secondary data accept none.
+    /// @return true when a row was added
     bool AddRow();
 
-    /// True for a row of AddRow.
+    /// True for a row added by AddRow.
     [[nodiscard]] bool IsNew(std::size_t row) const;
 
     /// The point index of a grid row; 0 for a deleted or a new one.
     [[nodiscard]] std::int32_t PointOfRow(std::size_t row) const;
 
-    /// The grid row of a point index, or nothing.
+    /// The grid row with a point index, or nothing.
     [[nodiscard]] std::optional<std::size_t> RowOfPoint(std::int32_t point) const;
 
-    /// Tells that rows were taken out of the plot: they show "deleted" until the grid is filled,
-    /// and the others follow.
-    /// @param points  their point indices before that, ascending
+    /// Reports that rows were removed from the plot: they show "deleted" until the grid is
+    /// refilled, and the others follow.
+    /// @param points  their point indices before the removal, ascending
     void RowsRemoved(std::span<const std::int32_t> points);
 
-    /// The point indices, ascending, of the rows that the plot has lost since the grid learnt of
-    /// them, known by the order of those that are left; nothing when it has lost none, or when
-    /// something else has happened to it. O(rows).
+    /// The point indices, ascending, of the rows that the plot has lost since the grid was last
+    /// updated, identified by the order of the others; nothing when it has lost none, or has
+    /// changed in another way. O(rows).
     [[nodiscard]] std::optional<std::vector<std::int32_t>> LostRows() const;
 
-    /// True when the plot has other rows or columns than the grid knows of, or is closed.
+    /// True when the rows or columns of the plot differ from the grid's, or it is closed.
     [[nodiscard]] bool IsStale() const;
 
 private:
     struct GridLine {
-        std::int32_t point = 0; ///< 0 for no row of the plot
+        std::int32_t point = 0; ///< 0 for a row that is not in the plot
         bool isDeleted = false;
-        std::int32_t order = 0; ///< in which it was loaded
+        std::int32_t order = 0; ///< of loading
     };
 
     using CellEdits = std::map<GridColumnKind, std::string>;
@@ -132,21 +132,21 @@ private:
     std::string format_;
     std::vector<GridColumn> columns_;
     std::vector<GridLine> lines_;
-    std::vector<std::size_t> rowOfPoint_; ///< by point index; RowCount() where there is none
+    std::vector<std::size_t> rowOfPoint_; ///< by point index; RowCount() for none
     std::map<std::size_t, CellEdits> edits_;
     std::int32_t rowsKnown_ = 0;
 };
 
-/// Makes grid rows the selection, on the plot and in all that follows it. Error rows and rows that
-/// are gone have no place on the net and are left out.
+/// Selects grid rows in the plot and in everything that follows its selection. Error rows and
+/// deleted rows have no position on the net and are left out.
 void SelectRowsOfGrid(const DataGrid& grid, std::span<const std::size_t> rows);
 
-/// The grid rows of what is selected in the plot of a grid, ascending.
+/// The grid rows of the selection in the grid's plot, ascending.
 [[nodiscard]] std::vector<std::size_t> SelectedRowsOfGrid(const DataGrid& grid);
 
-/// What an application of edits did.
+/// The result of applying edits.
 struct GridEditReport {
-    std::int32_t changed = 0; ///< rows that stand otherwise now
+    std::int32_t changed = 0; ///< rows that have changed
     std::int32_t added = 0;
     std::int32_t spoilt = 0; ///< those of `changed` that became error rows
 };
@@ -154,13 +154,12 @@ struct GridEditReport {
 /// A sentence on rows that became error rows; empty when there are none.
 [[nodiscard]] std::string NoteOnGridEdits(const GridEditReport& report);
 
-/// Writes the edits of a grid into its plot, draws it and fills the grid anew.
+/// Writes the edits of a grid into its plot, redraws it and refills the grid.
 ///
-/// Only pairs with an edit are parsed. A row with a bad pair, of the primary or of the secondary
-/// orientation, becomes an error row; its cells stand behind it as its line. An appended line or
-/// number that cannot be read is stored as invalid. A new row is added as by
-/// hand, which may ask (edit/rows/add_point.h). One undo takes all of it back. Does nothing without
-/// edits or while a long loop runs (gBusy).
+/// Only pairs with an edit are parsed. A row with a bad primary or secondary pair becomes an error
+/// row that keeps its cells as its line. An appended line or number that cannot be read is stored
+/// as invalid. A new row is added as by hand, which may ask (edit/rows/add_point.h). One undo
+/// reverts everything. Does nothing without edits or while a long loop runs (gBusy).
 GridEditReport ApplyGridEdits(DataGrid& grid);
 
 } // namespace quandrel

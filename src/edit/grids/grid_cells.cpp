@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// A run of columns with what they are for.
+/// A group of columns: its head format and their kinds.
 struct GridPiece {
     const char* format;
     std::vector<GridColumnKind> kinds;
@@ -99,7 +99,7 @@ std::optional<float> ReadGridNumber(std::string_view text) {
     format.wantNumber = true;
     format.decimalIsComma = gDecimalIsComma;
     format.convertDecimals = gConvertDecimals;
-    // The orientation is there for the sake of the parser alone.
+    // The orientation is only there because the parser needs one.
     std::array<std::string_view, kColumnSlots> values = {"0", "0"};
     values[kSlotNumber] = WithoutBlanks(text);
     const ParsedRow row = ParseValues(values, format);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The columns of the grid of a plot, and the texts of its cells, written and read.
+// The columns of the grid of a plot, and formatting and parsing the texts of its cells.
 
 #pragma once
 
@@ -41,8 +41,8 @@ inline constexpr std::string_view kEditedMark = "*";
 inline constexpr std::string_view kDeletedRow = "deleted"; ///< in the first data cell
 inline constexpr std::string_view kNonDataRow = "non-data";
 
-/// The heads of a plot's columns in one text: each behind a "|" but the first, with ">" in front
-/// where it is right-aligned and "^" where it is centred.
+/// The heads of a plot's columns in one text: separated by "|", each preceded by ">" if
+/// right-aligned and "^" if centred.
 [[nodiscard]] std::string GridFormatOf(const PlotRecord& record);
 
 /// The columns of GridFormatOf.
@@ -51,12 +51,12 @@ inline constexpr std::string_view kNonDataRow = "non-data";
 /// The caption of the grid of a plot.
 [[nodiscard]] std::string DataGridCaption(const PlotRecord& record);
 
-/// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, as the parser of
-/// files reads dip, dip direction or plunge, trend. Nothing when they are none.
+/// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, parsed as dip, dip
+/// direction or plunge, trend in a file. Nothing when they are invalid.
 [[nodiscard]] std::optional<ShownOrientation> ReadGridPair(std::string_view dip,
                                                            std::string_view azimuth, bool isPlane);
 
-/// A cell as an appended number; nothing when it is none that a column can hold.
+/// A cell as an appended number; nothing when it is not a number that a column can hold.
 [[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);
 
 /// The columns of an orientation.
@@ -68,17 +68,17 @@ struct PairKinds {
 /// The pair that a column belongs to, or nothing.
 [[nodiscard]] std::optional<PairKinds> PairOf(GridColumnKind kind);
 
-/// True for a pair that is no orientation; all but the primary one may be empty.
+/// True for an invalid pair; all but the primary one may be empty.
 [[nodiscard]] bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
                              std::string_view azimuth);
 
-/// True for a column of what rows hold.
+/// True for a column of row data.
 [[nodiscard]] constexpr bool IsDataKind(GridColumnKind kind) {
     return kind != GridColumnKind::RowNumber && kind != GridColumnKind::Edited;
 }
 
-/// What cells show; a missing value is an empty text, an azimuth has three digits, a number the
-/// decimal delimiter of the region, in which it is read again.
+/// The texts of cells. A missing value is an empty text; an azimuth has three digits; a number has
+/// the decimal delimiter of the region, as when it is read.
 [[nodiscard]] std::string DipText(std::int32_t dip, bool isMissing);
 [[nodiscard]] std::string AzimuthText(std::int32_t azimuth, bool isMissing);
 [[nodiscard]] std::string RegionalText(float number);

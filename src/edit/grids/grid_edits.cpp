@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The edits of a grid on their way into the columns.
+// Applying the edits of a grid to the columns.
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -23,7 +23,7 @@ namespace {
 
 using Kind = GridColumnKind;
 
-/// What an edit of a pair comes to.
+/// The result of parsing a pair.
 enum class PairEdit { None, Empty, Bad, Good };
 
 struct EditedPair {
@@ -44,7 +44,7 @@ EditedPair ReadPair(const DataGrid& grid, std::size_t row, Kind dip, Kind azimut
     return value ? EditedPair{PairEdit::Good, *value} : EditedPair{PairEdit::Bad, {}};
 }
 
-/// The edits of a row, read.
+/// The parsed edits of a row.
 struct RowEdit {
     EditedPair primary;
     EditedPair secondary;
@@ -90,7 +90,7 @@ bool IsUp(std::int32_t point) {
     return dip < 0 && dip != kErrorRow;
 }
 
-/// Memory for what rows that were loaded without them may lack.
+/// Allocates columns that rows loaded without them may lack.
 [[nodiscard]] bool GrowColumns(Plot& plot) {
     const bool hasSecondary = plot.record.SecondaryFormat != kNoSecondary;
     return MakeRoom(plot.rows, plot.record.NumLoadedData, ColumnsOf(plot.record, hasSecondary));
@@ -110,7 +110,7 @@ void StoreAppended(const RowEdit& edit, std::int32_t point) {
     }
 }
 
-/// A row in the style of its sense takes that of its new one; one that was no data gets a style.
+/// A row in the style of its sense gets that of its new sense; a former error row gets a style.
 void FollowSense(std::int32_t point, bool wasError, bool wasUp) {
     SymbolCode& base = gDataSymbolBase.At(gActivePlot, point);
     SymbolCode& drawn = gDataSymbol.At(gActivePlot, point);
@@ -143,7 +143,7 @@ void StoreOrientations(const RowEdit& edit, std::int32_t point) {
     FollowSense(point, wasError, wasUp);
 }
 
-/// What a row that was no data has never had.
+/// Sets missing values where a former error row has none.
 void MakeMissing(const PlotRecord& record, std::int32_t point) {
     if (record.SecondaryFormat != kNoSecondary) {
         gData2Dip.At(gActivePlot, point) = kErrorRow;
@@ -177,8 +177,8 @@ void ApplyRow(const DataGrid& grid, std::size_t row, std::int32_t point, GridEdi
     StoreAppended(edit, point);
 }
 
-/// Adds the new rows of a grid, with their appended values. Those without an orientation, and those
-/// that the user does not want after all, come to nothing.
+/// Adds the new rows of a grid, with their appended values. Rows without an orientation, and rows
+/// that the user declines, are dropped.
 void AddNewRows(const DataGrid& grid, GridEditReport& report) {
     for (const std::size_t row : grid.EditedRows()) {
         if (!grid.IsNew(row)) {

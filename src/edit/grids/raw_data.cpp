@@ -36,18 +36,18 @@ std::vector<std::string> PathsOf(const PlotRecord& record) {
     return paths;
 }
 
-/// Files with tabs are parted by them; the columns of others are found wherever they may end.
+/// Tabs separate the columns of files that contain tabs; in others any delimiter does.
 char DelimiterOf(std::string_view text) {
     return text.find('\t') != std::string_view::npos ? '\t' : kAnyDelimiter;
 }
 
-/// True for a line that holds no columns.
+/// True for a line that is not split into columns.
 bool IsWhole(std::string_view line) {
     const std::string_view text = WithoutBlanks(line);
     return !text.empty() && (text[0] == ';' || text[0] == '*' || text[0] == '/');
 }
 
-/// True for a line that may stand in front of a heading.
+/// True for a line that may come before a heading.
 bool IsOfHead(std::string_view line) {
     return WithoutBlanks(line).empty() || IsWhole(line);
 }
@@ -61,7 +61,7 @@ std::size_t CountTokens(std::string_view line, char delimiter) {
     return count;
 }
 
-/// The token at a place counted from 0; empty beyond the last.
+/// The token at a zero-based index; empty after the last.
 std::string TokenAt(std::string_view line, std::size_t place, char delimiter) {
     std::size_t position = 0;
     std::string token;
@@ -185,7 +185,7 @@ std::optional<std::size_t> RawData::RowOfPoint(std::int32_t point) const {
         return std::nullopt;
     }
     const std::int32_t order = gDataOrder(slot_, point);
-    // Headings alone set line and order apart, one a file at most.
+    // Line and order differ only by headings, at most one in each file.
     for (auto row = static_cast<std::size_t>(std::max(order, 1)) - 1; row < lines_.size(); ++row) {
         if (lines_[row].order == order) {
             return row;
