@@ -25,7 +25,7 @@ namespace quandrel {
 
 namespace {
 
-/// Corners of a lasso lie this far apart at least, plot units.
+/// Smallest distance between the corners of a lasso, in plot units.
 constexpr double kLassoStep = 4;
 
 constexpr float kDragState = -1;
@@ -38,7 +38,7 @@ bool IsStereo() {
     return IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind != kRose;
 }
 
-/// The pointer of a corner: along the diagonal that it is pulled on.
+/// The pointer of a corner: along the diagonal of the drag.
 PointerShape ShapeOfHandle(int corner) {
     const std::array<Point, 4> corners = CornersOfMarquee();
     const Point& at = corners[static_cast<std::size_t>(corner)];
@@ -47,7 +47,7 @@ PointerShape ShapeOfHandle(int corner) {
                                                           : PointerShape::HandleFalling;
 }
 
-/// What a frame drawn with these keys does.
+/// The effect of a frame drawn with these keys.
 SelectionWay WayOfKeys(int shift) {
     if (shift == kShiftKey) {
         return SelectionWay::Add;
@@ -55,7 +55,7 @@ SelectionWay WayOfKeys(int shift) {
     return shift == kCtrlKey ? SelectionWay::Toggle : SelectionWay::Replace;
 }
 
-/// Takes out of a selection what the frame that stands holds.
+/// Removes the contents of the frame that is shown from a selection.
 void LeaveOutFrame(KeptSelection& selection) {
     const std::vector<std::int32_t> rows = RowsInMarquee();
     std::erase_if(selection.rows,
@@ -67,7 +67,7 @@ void LeaveOutFrame(KeptSelection& selection) {
     }
 }
 
-/// What there is to know of a press while a girdle or a small circle waits for the mouse.
+/// The information about a press while a girdle or a small circle waits for the mouse.
 std::string InformationNow() {
     if (PickedSet() != 0) {
         return kPickCircleHint;
@@ -253,7 +253,7 @@ void PlotMouse::Begin(const MouseEvent& event, const MouseModes& modes) {
 PlotMouse::Drag PlotMouse::BeginAnnotation(const MouseEvent& event) {
     const std::size_t former = AnnotationsOf(gActivePlot).size();
     AddStereoPoint(event.button, event.x, event.y);
-    // Where none was added, as outside the net, there is none to draw on.
+    // If none was added, as outside the net, there is nothing to extend.
     return AnnotationsOf(gActivePlot).size() > former ? Drag::Polyline : Drag::None;
 }
 
@@ -284,7 +284,7 @@ void PlotMouse::BeginFrame(const MouseEvent& event, int handle) {
     }
     way_ = WayOfKeys(event.shift);
     if (handle >= 0) {
-        // The frame that is pulled lets go of what it holds; what others took stays.
+        // The frame that is dragged releases its contents; what others selected stays.
         LeaveOutFrame(base_);
         way_ = SelectionWay::Add;
     }

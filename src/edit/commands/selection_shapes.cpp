@@ -19,7 +19,7 @@ namespace quandrel {
 
 namespace {
 
-/// Rings of selected rows: plot units, and logical pixels where these are more.
+/// Radius of the rings of selected rows: plot units, or logical pixels where these are more.
 constexpr double kRingRadius = 16;
 constexpr double kRingRadiusPixels = 6;
 constexpr double kDiscRadius = 8;
@@ -35,20 +35,20 @@ Point Shifted(Point at, Point offset) {
     return {at.x + offset.x, at.y + offset.y};
 }
 
-/// A circle of a radius in plot units about a marker's position.
+/// A circle with a radius in plot units around a marker's position.
 Glyph CircleGlyph(GlyphPart::Ink ink, double radius) {
     GlyphPart circle;
     circle.kind = GlyphPart::Kind::Circle;
     circle.ink = ink;
     circle.points = {{0, 0}};
     circle.radius = radius;
-    // Equal names stand for equal parts.
+    // Equal names must mean equal parts.
     return {(ink == GlyphPart::Ink::Filled ? "selection disc " : "selection ring ")
                 + std::to_string(radius),
             {circle}};
 }
 
-/// Marks with a halo about them, so that they are seen on any ground.
+/// Draws marks with a halo, so that they are visible on any background.
 void DrawWithHalo(Surface& surface, const Glyph& glyph, std::span<const Point> places,
                   Colour highlight) {
     const SavedState saved(surface);
@@ -61,7 +61,7 @@ void DrawWithHalo(Surface& surface, const Glyph& glyph, std::span<const Point> p
     surface.Markers(glyph, highlight, places);
 }
 
-/// The great circles whose poles lie at some places, the state of the surface as it is.
+/// Draws the great circles with poles at some positions, in the present state of the surface.
 void DrawCirclesOfPoles(Surface& surface, int plotKind, std::span<const Point> poles,
                         Colour colour) {
     for (const Point& pole : poles) {
