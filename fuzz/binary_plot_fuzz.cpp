@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a binary plot file, or changes to a whole one. What is a plot is stored, drawn,
+// Arbitrary bytes as a binary plot file, or changes to a whole one. A valid plot is stored, drawn,
 // written and read again.
 
 #include "core/grid_slider.h"
@@ -31,7 +31,7 @@ void Store(BinaryPlot plot) {
 
 void CheckPlot(BinaryPlot plot) {
     const ScriptedAnswers answers;
-    gGridDensitySlider = kCoarsestGrid; // what a finer one costs finds no more
+    gGridDensitySlider = kCoarsestGrid; // a finer grid takes longer but finds nothing more
     Store(std::move(plot));
     const std::string first = BytesOfActivePlot();
     Result<BinaryPlot> again = ReadBinaryPlot(first);

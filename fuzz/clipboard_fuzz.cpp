@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Any text on the clipboard, pasted onto the data layer or onto that of the annotations of a plot
-// with rows: the plot keeps its counts, and undo puts it back as it was. The first byte chooses the
-// layer and what the plot holds.
+// Arbitrary text on the clipboard, pasted onto the data layer or the annotation layer of a plot
+// with rows: the counts of the plot must be kept, and undo must restore it. The first byte chooses
+// the layer and the contents of the plot.
 
 #include "core/data_format.h"
 #include "core/plot_life.h"

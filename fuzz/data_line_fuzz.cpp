@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a line of data, in any format: the first 16 bytes choose the format, the rest is the
-// line. What must hold of a result is checked by aborting.
+// Arbitrary bytes as a line of data, in any format: the first 16 bytes choose the format, the rest
+// is the line. A result that breaks its rules aborts the program.
 
 #include "core/data_format.h"
 #include "core/settings.h"

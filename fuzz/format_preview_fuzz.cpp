@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as the first lines of a file in the format dialog: the first 16 bytes choose the
-// format, the rest is the file. Splitting and doubting must end, and what the preview shows must
-// stand in the lines.
+// Arbitrary bytes as the first lines of a file in the format dialog: the first 16 bytes choose the
+// format, the rest is the file. Splitting and checking must end, and the text in the preview must
+// occur in the lines.
 
 #include "input/format_suspicions.h"
 #include "input/text_file.h"

@@ -20,7 +20,7 @@
 
 namespace quandrel {
 
-/// What a target requires of the code under test.
+/// Aborts unless a condition on the code under test holds.
 inline void Require(bool holds) {
     if (!holds) {
         std::abort();
@@ -30,7 +30,7 @@ inline void Require(bool holds) {
 /// Whether plots are drawn when they change.
 enum class Drawings { None, All };
 
-/// Starts the engine with the first call.
+/// Starts the engine at the first call.
 inline void UseEngine(Drawings drawings) {
     static QuietStatusLine status;
     static MemorySettingsStore settings;
@@ -50,8 +50,8 @@ inline void UseEngine(Drawings drawings) {
     (void)isReady;
 }
 
-/// Answers all boxes of an input. What was asked and shown is kept for scripts; over a run it
-/// would only grow.
+/// Answers all boxes of one input. Scripted prompts record all questions, which would grow over a
+/// run.
 class ScriptedAnswers {
 public:
     ScriptedAnswers() { gPlatform.prompts = &prompts_; }
@@ -65,7 +65,7 @@ private:
     ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
 };
 
-/// Gives up the active plot and takes a new one without rows.
+/// Closes the active plot and opens a new one without rows.
 inline void TakeFreshPlot() {
     if (IsOpenSlot(gActivePlot)) {
         ReleasePlotSlot(gActivePlot);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Any lines as statements and expressions of the map session: those that begin with "?" are asked,
-// the others are run. The session must come through with a state that holds together.
+// Arbitrary lines as statements and expressions of the map session: lines that begin with "?" are
+// evaluated, the others are run. The state of the session must remain consistent.
 
 #include "mapsession/browser_contents.h"
 #include "mapsession/embedded_session.h"

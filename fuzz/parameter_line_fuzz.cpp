@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as the head of a file with parameter lines. What is read must be within its ranges, and
-// must be read again from the line that is written of it.
+// Arbitrary bytes as the head of a file with parameter lines. The items read must be within their
+// ranges, and must be the same when they are written and read again.
 
 #include "core/data_format.h"
 #include "input/parameter_line.h"

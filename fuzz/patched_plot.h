@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
-// Inputs of a few bytes for whole plot files: a base file and what is changed in it.
+// Short inputs for whole plot files: a base file and the changes to it.
 //
-// Files from version 9.4 on hold a table of 375 kB, out of which a fuzzer finds no way to the
-// fields behind it. An input that begins with 'P' names a base by its second byte; the rest are
-// patches, each a field, a place in it and the bytes to put there:
+// Files from version 9.4 on hold a table of 375 kB, which keeps a fuzzer from reaching the fields
+// after it. An input that begins with 'P' names a base by its second byte; the rest are patches,
+// each a field, an offset in it and the bytes to put there:
 //
-//     field, low and high byte of the place, count, the bytes
+//     field, low and high byte of the offset, count, the bytes
 //
-// Fields are counted from 0 in the order of the file and taken modulo their number, places modulo
-// the length of the field. Of a field longer than 64 kB the places stand further apart, so that
-// they reach its end. A count of 0 cuts the file there. Any other input is the file itself.
+// Fields are counted from 0 in the order of the file and taken modulo their number, offsets modulo
+// the length of the field. In a field longer than 64 kB the offsets are spread out, so that they
+// reach its end. A count of 0 cuts the file there. Any other input is the file itself.
 
 #pragma once
 
@@ -27,7 +27,7 @@ namespace quandrel {
 
 struct BasePlotFile {
     std::string bytes;
-    std::vector<std::size_t> fields; ///< where they begin; the end behind the last
+    std::vector<std::size_t> fields; ///< starts; the last element is the end
 };
 
 /// Files of versions 9.2, 9.4, 9.44 and 9.5, with both grids of values where the version has them.
@@ -48,7 +48,7 @@ inline const std::vector<BasePlotFile>& BasePlotFiles() {
     return bases;
 }
 
-/// The place in the file that a patch names.
+/// The position in the file that a patch names.
 inline std::size_t PlaceOfPatch(const BasePlotFile& base, std::size_t field, std::size_t place) {
     constexpr std::size_t kPlaces = 65536;
     const std::size_t index = field % (base.fields.size() - 1);
@@ -57,7 +57,7 @@ inline std::size_t PlaceOfPatch(const BasePlotFile& base, std::size_t field, std
     return begin + place * (length / kPlaces + 1) % std::max<std::size_t>(length, 1);
 }
 
-/// The file that an input stands for.
+/// The file described by an input.
 inline std::string PlotFileOfInput(std::string_view input) {
     constexpr std::size_t kPatchHead = 4;
     if (input.size() < 2 || input.front() != 'P') {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as names of recovery: of a folder, of a copy, and as the names at the end of a copy.
-// What is read of them is written and read again, and comes back as it was.
+// Arbitrary bytes as names in recovery: of a folder, of a copy, and as the names at the end of a
+// copy. Names that can be read are written and read again, and must be the same.
 
 #include "recovery/copy_names.h"
 
@@ -23,7 +23,7 @@ void Require(bool holds) {
 
 void CheckNames(std::string_view bytes) {
     std::string copy(bytes);
-    // The block's end is hard to hit: it is supplied to half of the inputs.
+    // The end of the block is hard to guess: half of the inputs get it.
     if (!copy.empty() && copy.back() % 2 == 0) {
         const std::string length = std::to_string(copy.size());
         copy += std::string(10 - length.size(), '0') + length + "QuandrelRecovery";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Any text as a script: read whole and in pieces, which give the same commands; and the commands
-// that act on a plot's fields, roses, classes, girdles, circles, rotations and rows, on a small
-// plot. The first byte says where the text is cut into pieces.
+// Arbitrary text as a script: it is read whole and in pieces, which must give the same commands.
+// The commands that act on a plot's fields, roses, classes, girdles, circles, rotations and rows
+// are run on a small plot. The first byte says where the text is cut into pieces.
 
 #include "batch/annotate_commands.h"
 #include "batch/classify_command.h"
@@ -33,9 +33,9 @@
 namespace quandrel {
 namespace {
 
-constexpr std::size_t kMostCommands = 12; ///< of a script that are run
+constexpr std::size_t kMostCommands = 12; ///< number of commands of a script that are run
 
-/// What the commands of a script are as texts, and why it ends.
+/// The commands of a script as texts, and the reason for its end.
 struct ReadScript {
     std::vector<std::string> commands;
     std::string error;
@@ -51,7 +51,7 @@ std::string TextOf(const Command& command) {
     return text;
 }
 
-/// Reads all commands that a reader has; false at the end or a failure.
+/// Reads the commands that a reader has; false at the end or after a failure.
 bool TakeCommands(ScriptReader& reader, ReadScript& read) {
     for (;;) {
         const Result<std::optional<Command>> next = reader.Next();
@@ -152,7 +152,7 @@ const std::map<std::string, Act>& Acts() {
 
 void RunCommands(const std::vector<Command>& commands) {
     const ScriptedAnswers answers;
-    (void)Acts().at("format")({}); // as it was before any script
+    (void)Acts().at("format")({}); // reset to the state before any script
     NewPlot();
     std::size_t run = 0;
     for (const Command& command : commands) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a text file: decoded, taken apart into lines, its parameter lines applied, its lines
+// Arbitrary bytes as a text file: decoded, split into lines, its parameter lines applied, its lines
 // parsed; then loaded by one thread and by two, with the same rows.
 
 #include "core/plot_store.h"
@@ -85,7 +85,7 @@ Plot& EmptyPlot(int slot, const FormatSettings& settings) {
     return plot;
 }
 
-/// Loads a text into the active plot with so many threads and answers all questions alike.
+/// Loads a text into the active plot with this many threads, and answers all questions alike.
 LoadCounters Load(std::string_view text, const FormatSettings& settings, unsigned threads) {
     ScriptedPrompts prompts(ScriptedPrompts::Mode::Batch);
     for (const Button answer : {Button::Ignore, Button::Retry, Button::Retry}) {
@@ -122,7 +122,7 @@ void RequireSameRow(const Plot& one, const Plot& other, std::int32_t row) {
     Require(cells(one) == cells(other));
 }
 
-/// Two threads load what one does.
+/// Two threads must load the same rows as one.
 void CheckLoads(std::string_view text) {
     static QuietStatusLine status;
     gPlatform.status = &status;
@@ -158,7 +158,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)quandrel::IsBinaryPlotSignature(bytes);
     const std::string text = quandrel::DecodeText(bytes);
     (void)quandrel::LooksLikeWorkspace(std::string_view(text).substr(0, text.find('\n')));
-    // A text that was decoded is UTF-8 and stays as it is; a mark behind the mark is cut off, too.
+    // A decoded text is UTF-8 and stays unchanged; a second mark is cut off, too.
     if (text.substr(0, 3) != "\xef\xbb\xbf") {
         quandrel::Require(quandrel::DecodeText(text) == text);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a workspace: the paths that it lists, and these written and read again, which come
-// back as they were.
+// Arbitrary bytes as a workspace: the paths that it lists are written and read again, and must be
+// the same.
 
 #include "persistence/workspace_file.h"
 
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::filesystem::path folder = "/a/folder";
     const auto paths = quandrel::PathsOfWorkspace(text, folder);
     const std::string written = quandrel::WorkspaceText(paths, folder);
-    // A path with "/" at its end is a folder's, which is written without it.
+    // A path that ends with "/" is a folder, and is written without the "/".
     const bool areFiles =
         std::ranges::none_of(paths, [](const std::string& path) { return path.ends_with('/'); });
     if (!quandrel::HasFilesList(written)
