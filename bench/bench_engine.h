@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// An engine for a measurement: nobody answers, nothing is shown, settings are those of a first run.
+// An engine for a measurement: no prompts, no output, and the settings of a first run.
 
 #pragma once
 
@@ -38,7 +38,7 @@ public:
     BenchEngine& operator=(const BenchEngine&) = delete;
 
 protected:
-    /// Takes a slot into use as the active plot, with as many main rows, not filled yet.
+    /// Opens a slot as the active plot, with this many main rows, which are not filled.
     static PlotRecord& NewPlot(std::int64_t rows) {
         gActivePlot = FindFreePlotSlot();
         ResetPlotRecord(gActivePlot);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Saving and loading binary plot files of planes with a secondary line, a number and a text. Saving
-// includes the reading back that each save does, and the flush to the disk.
+// includes the check by reading back and the flush to the disk.
 
 #include "core/data_format.h"
 #include "core/plot_store.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The circular statistics of a rose, its median and its reference; and the yardstick: the median by
-// walking from angle to angle.
+// The circular statistics of a rose, its median and its reference. The baseline computes the median
+// by walking from angle to angle.
 
 #include "bench_engine.h"
 #include "core/data_format.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Contours of a density grid, all levels: tracing, joining, and drawing on 1000 pixels. Every
-// triangle of every cell traced, and each segment drawn for itself, is the yardstick.
+// Contours of a density grid at all levels: tracing, joining, and drawing on 1000 pixels. The
+// baseline traces every triangle of every cell and draws each segment separately.
 
 #include "bench_engine.h"
 #include "core/grid_slider.h"
@@ -35,7 +35,7 @@ namespace {
 
 enum Spread : int { kAnywhere, kClustered };
 
-/// A plot of planes with its grid of the finest kind.
+/// A plot of planes with its finest grid.
 class PlotWithGrid : public BenchEngine {
 public:
     PlotWithGrid(std::int64_t rows, Spread spread) {
@@ -71,7 +71,7 @@ void TellSegments(benchmark::State& state) {
     state.counters["levels"] = ActiveRecord().NumContours;
 }
 
-/// The segments of the four triangles of a cell, from its corners in turn.
+/// The segments of the four triangles of a cell, given its corners in order.
 template <class Take>
 void TraceCell(const std::array<TriangleVertex, 4>& corners, Take take) {
     TriangleVertex centre;
@@ -89,8 +89,7 @@ void TraceCell(const std::array<TriangleVertex, 4>& corners, Take take) {
     }
 }
 
-/// All levels of the active plot, without a look at a cell as a whole. Calls take(level number,
-/// segment).
+/// All levels of the active plot, without skipping any cell. Calls take(level number, segment).
 template <class Take>
 void TraceEveryTriangle(Take take) {
     const PlotRecord& record = ActiveRecord();
@@ -118,7 +117,7 @@ void TraceEveryTriangle(Take take) {
 
 using Clock = std::chrono::steady_clock;
 
-/// How many times longer one turn of the yardstick took than `fast` takes.
+/// Ratio of the time of one run of the baseline to that of `fast`.
 template <class Fast>
 void TellRatio(benchmark::State& state, Clock::time_point start, Fast fast) {
     constexpr int kRepeats = 20;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Densities of plots of whole-degree rows: about each row, and on the finest grid. The rows taken
-// one by one are the yardstick.
+// Densities of plots of whole-degree rows: around each row, and on the finest grid. The baseline
+// takes the rows one by one.
 
 #include "bench_engine.h"
 #include "core/grid_slider.h"
@@ -39,7 +39,7 @@ public:
         gGridDensitySlider = kLargestGridSize;
     }
 
-    /// Lets the next count look at the rows anew.
+    /// Makes the next count read the rows again.
     static void TouchRows() {
         RowTable& table = TableOf(gActivePlot);
         SetRow(table, 0, table[0]);
@@ -63,7 +63,7 @@ void GridOf150(benchmark::State& state) {
     }
 }
 
-/// Once the distinct lines are known, as in a replot after the slider was moved.
+/// When the distinct lines are known, as in a replot after the slider was moved.
 void GridOf150Again(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     for (auto _ : state) {
@@ -71,7 +71,7 @@ void GridOf150Again(benchmark::State& state) {
     }
 }
 
-/// How many times longer the rows one by one take than `fast`.
+/// Ratio of the time row by row to that of `fast`.
 template <class Fast>
 void PrintRatio(benchmark::State& state, std::chrono::steady_clock::time_point start, Fast fast) {
     const auto half = std::chrono::steady_clock::now();
@@ -86,7 +86,7 @@ void PrintRatio(benchmark::State& state, std::chrono::steady_clock::time_point s
 void PointDensitiesOneByOne(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     const RowTable& table = TableOf(gActivePlot);
-    ComputePointDensities(); // makes its tables
+    ComputePointDensities(); // creates its tables
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         std::int64_t sum = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The line parser over a text of rows "dip TAB dip direction TAB number TAB text", and the floor
-// under it: the same four columns read with nothing but std::from_chars and memchr.
+// The line parser over a text of rows "dip TAB dip direction TAB number TAB text", and its floor:
+// the same four columns read only with std::from_chars and memchr.
 
 #include "input/data_line.h"
 #include "input/text_file.h"
@@ -73,7 +73,7 @@ void ParsedByAny(benchmark::State& state) {
     LinesParsed(state, format);
 }
 
-// Four columns and no questions asked.
+// Four columns without any checks.
 void FromCharsFloor(benchmark::State& state) {
     const std::string text = RowsOfPlanes(state.range(0));
     for (auto _ : state) {
@@ -100,7 +100,7 @@ void FromCharsFloor(benchmark::State& state) {
     CountWork(state, text);
 }
 
-// The bytes of a file brought to UTF-8, when they are UTF-8 already.
+// Decoding the bytes of a file that is UTF-8 already.
 void Decoded(benchmark::State& state) {
     const std::string text = RowsOfPlanes(state.range(0));
     for (auto _ : state) {

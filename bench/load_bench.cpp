@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Loading a file of planes with a number and a text, from bytes on the disk to rows in the store.
-// The floor merely reads the file and converts its columns.
+// The floor only reads the file and converts its columns.
 
 #include "core/data_format.h"
 #include "core/plot_life.h"
@@ -29,7 +29,7 @@
 namespace quandrel {
 namespace {
 
-/// A made-up file of tab-separated planes, kept for the length of the program.
+/// A made-up file of tab-separated planes, kept until the program ends.
 class DataFile {
 public:
     explicit DataFile(std::int64_t rows)
@@ -87,7 +87,7 @@ private:
     MemorySettingsStore settings_;
 };
 
-/// Reads the file and converts three numbers a line.
+/// Reads the file and converts three numbers per line.
 double ReadAndConvert(const std::string& path) {
     std::FILE* file = std::fopen(path.c_str(), "rb");
     std::string text(std::filesystem::file_size(path), '\0');
@@ -110,7 +110,7 @@ double ReadAndConvert(const std::string& path) {
     return sum;
 }
 
-/// The floor of a file in milliseconds: the best of some runs.
+/// The floor for a file in milliseconds: the best of several runs.
 double FloorOf(const std::string& path) {
     constexpr int kRuns = 5;
     double best = 0;
@@ -124,7 +124,7 @@ double FloorOf(const std::string& path) {
     return best;
 }
 
-/// Loads a file with so many threads, 0 for those of the machine; prints the floor beside it.
+/// Loads a file with this many threads, 0 for those of the machine; prints the floor as well.
 void LoadWith(benchmark::State& state, unsigned threads) {
     const DataFile file(state.range(0));
     const Engine engine;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Runs the benchmarks of a program, with what fonts need where there is Qt.
+// Runs the benchmarks of a program, with an application object for fonts if Qt is used.
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Drawing plots on a surface of 1000 pixels: as they stand, and with all that follows from changed
-// rows worked out anew. Of the latter the memory is told too, besides the columns and the table.
+// Drawing plots on a surface of 1000 pixels: unchanged, and after recomputing everything that
+// depends on changed rows. For the latter the memory is reported too, without the columns and the
+// table.
 
 #include "core/data_format.h"
 #include "core/grid_slider.h"
@@ -68,7 +69,7 @@ void operator delete(void* memory, std::size_t) noexcept {
 namespace quandrel {
 namespace {
 
-/// A window whose net and legend are those of a picture.
+/// A window with the net and the legend of a picture.
 class PictureForm : public RecordingForm {
 public:
     PictureForm(Surface& net, Surface& legend)
@@ -123,7 +124,7 @@ public:
 
     void Draw() { DrawActivePlotOn(net_, legend_); }
 
-    /// The rows as they come from a file, in no order, with nothing known of them.
+    /// The rows as loaded from a file, unsorted and without results.
     static void ForgetResults() {
         ActiveRecord().DensityGrid.reset();
         RebuildRowTable(gActivePlot);
@@ -146,11 +147,11 @@ void Replot(benchmark::State& state, std::int16_t mode) {
     }
 }
 
-/// Statistics, point densities, the grid and its contours as the mode asks for, and the drawing.
+/// Statistics, point densities, the grid and its contours as required by the mode, and the drawing.
 void ReplotOfChangedRows(benchmark::State& state, std::int16_t mode) {
     PlotOnImage plot(state.range(0), mode);
     gGridDensitySlider = kFinestGrid;
-    ReplotActivePlot(true); // makes fonts and tables
+    ReplotActivePlot(true); // creates fonts and tables
     std::int64_t most = 0;
     for (auto _ : state) {
         state.PauseTiming();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The data pass of a rose: bare rows, values, names as classes, winds, and both kinds of sample
+// The data pass of a rose: plain rows, values, names as classes, winds, and both kinds of sample
 // line.
 
 #include "bench_engine.h"

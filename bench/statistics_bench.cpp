@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The fabric statistics of a plot, from its different lines on and with the gathering of them, and
-// the yardstick: row by row with the cosines of each, and how many times longer that takes.
+// The fabric statistics of a plot, with and without collecting its distinct lines. The baseline
+// goes row by row and computes the cosines of each; the ratio of the times is reported.
 
 #include "bench_engine.h"
 #include "core/data_format.h"
@@ -50,7 +50,7 @@ void StatisticsOfKnownLines(benchmark::State& state) {
     }
 }
 
-/// With the pass over the rows that a changed one asks for.
+/// Includes the pass over the rows that a changed row requires.
 void StatisticsAnew() {
     SetRow(TableOf(gActivePlot), 0, TableOf(gActivePlot)[0]);
     ComputeFabricStatistics();
@@ -66,7 +66,7 @@ void StatisticsOfChangedRows(benchmark::State& state) {
 void RowByRow(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     const RowTable& table = TableOf(gActivePlot);
-    ComputeFabricStatistics(); // makes its tables
+    ComputeFabricStatistics(); // creates its tables
     const auto start = Clock::now();
     for (auto _ : state) {
         std::vector<Direction> directions(table.size());

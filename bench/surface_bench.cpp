@@ -54,7 +54,7 @@ void Markers(benchmark::State& state, int symbol, int size) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// Rows of changing style reach the surface one by one.
+/// Rows of alternating styles reach the surface one by one.
 void MarkersOneByOne(benchmark::State& state) {
     Picture picture;
     const std::vector<Point> places = RandomPlaces(state.range(0));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The window: opening a file to the finished picture, and resizing with rows on the net.
+// The window: opening a file up to the finished picture, and resizing with rows on the net.
 
 #include "core/plot_life.h"
 #include "core/plot_store.h"
@@ -29,7 +29,7 @@
 namespace quandrel {
 namespace {
 
-/// A program with its main window, whose questions are answered by their default buttons.
+/// A program with its main window; questions get their default answers.
 class Program {
 public:
     Program() {
@@ -63,7 +63,7 @@ private:
     ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
 };
 
-/// A file of so many planes; it goes with the object.
+/// A file with this many planes; the destructor removes it.
 class PlanesFile {
 public:
     explicit PlanesFile(std::int64_t rows)
@@ -123,7 +123,7 @@ public:
         QCoreApplication::sendEvent(&net_, &event);
     }
 
-    /// Moves by a step, a button held or not, and paints what has become stale.
+    /// Moves by a step, with a button held or not, and repaints what has changed.
     void Move(int step, Qt::MouseButtons held) {
         Send(QEvent::MouseMove, Qt::NoButton, held,
              net_.rect().center() + QPoint(step % 60, step % 40));
@@ -140,7 +140,7 @@ private:
     PictureBox& net_;
 };
 
-/// What is under way while the mouse moves.
+/// What is dragged while the mouse moves.
 enum class Held { Nothing, Marquee, AllRows };
 
 void MouseFrame(benchmark::State& state, Held held) {
