@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// What an invented field season is measured with: a random generator, directions in space, and the
-// whole degrees that a compass gives.
+// Tools for an invented field season: a random generator, directions in space, and whole degrees as
+// read from a compass.
 //
-// Angles are degrees, as they are in data files; directions are unit vectors (north, east, down).
+// Angles are degrees, as in data files; directions are unit vectors (north, east, down).
 #pragma once
 
 #include <algorithm>
@@ -18,18 +18,17 @@ inline constexpr double kDegree = std::numbers::pi / 180.0;
 
 // ---- Random numbers -----------------------------------------------------------------------------
 
-/// Random numbers that are the same on every machine, which those of <random> need not be.
-/// SplitMix64: G. L. Steele, D. Lea, C. H. Flood, Fast splittable pseudorandom number generators,
-/// OOPSLA 2014.
+/// Random numbers that are the same on every machine, unlike those of <random>. SplitMix64: G. L.
+/// Steele, D. Lea, C. H. Flood, Fast splittable pseudorandom number generators, OOPSLA 2014.
 class Random {
 public:
     explicit Random(std::uint64_t seed)
         : state_(seed) {}
 
-    /// 0 included, 1 left out.
+    /// In [0, 1).
     double Uniform() { return static_cast<double>(Next() >> 11) * 0x1.0p-53; }
 
-    /// Box and Muller, one of the pair.
+    /// By Box and Muller, one number of the pair.
     double Normal(double mean, double deviation) {
         const double radius = std::sqrt(-2.0 * std::log(1.0 - Uniform()));
         const double angle = 2.0 * std::numbers::pi * Uniform();
@@ -101,14 +100,15 @@ inline Direction PoleDirection(double dip, double dipDirection) {
     return LineDirection(90.0 - dip, dipDirection + 180.0);
 }
 
-/// Turns v about a unit axis, right-handed in (north, east, down). O. Rodrigues, 1840.
+/// Rotates v about a unit axis, right-handed in (north, east, down). O. Rodrigues, 1840.
 inline Direction Turned(const Direction& v, const Direction& axis, double degrees) {
     const double angle = kDegree * degrees;
     return std::cos(angle) * v + std::sin(angle) * Cross(axis, v)
            + (Dot(axis, v) * (1.0 - std::cos(angle))) * axis;
 }
 
-/// v with an error of the compass or of the rock: about the given degrees off, any way round.
+/// v with a measuring or natural error: rotated in a random direction by a normally distributed
+/// angle of the given standard deviation.
 inline Direction Scattered(Random& random, const Direction& v, double deviation) {
     const double off = random.Normal(0.0, deviation);
     const double way = 180.0 * random.Uniform();
@@ -143,7 +143,7 @@ inline WholePlane PlaneOf(const Direction& pole) {
     return {90 - Whole(PlungeOf(down)), WholeAzimuth(AzimuthOf(down) + 180.0)};
 }
 
-/// The strike with the plane dipping to its right.
+/// The strike with the dip to its right.
 inline int StrikeOf(const WholePlane& plane) {
     return WholeAzimuth(plane.dipDirection - 90);
 }

@@ -8,8 +8,8 @@
 // Everything follows from two models. Beds are folded cylindrically about a gently plunging axis,
 // with a cleavage that fans about the axial plane. Faults slip along the shear stress that a stress
 // tensor resolves on them (M. H. P. Bott, The mechanics of oblique slip faulting, Geological
-// Magazine 96, 1959). Each file draws from a generator with its own seed, so that changing one
-// leaves the others alone. Angles are degrees; directions are (north, east, down).
+// Magazine 96, 1959). Each file has a generator with its own seed, so that changing one file leaves
+// the others unchanged. Angles are degrees; directions are (north, east, down).
 
 #include "field_season.h"
 
@@ -68,14 +68,14 @@ std::string Padded(int azimuth) {
     return std::to_string(1000 + azimuth).substr(1);
 }
 
-/// N30E, S12W: from the nearer of north and south.
+/// N30E, S12W: from north or south, whichever is nearer.
 std::string Quadrant(int azimuth) {
     const bool north = azimuth <= 90 || azimuth > 270;
     const int fromAxis = north ? std::min(azimuth, 360 - azimuth) : std::abs(azimuth - 180);
     return (north ? "N" : "S") + std::to_string(fromAxis) + (azimuth <= 180 ? "E" : "W");
 }
 
-/// The nearest of the eight winds.
+/// The nearest of the eight compass directions.
 std::string Sense(int azimuth) {
     static constexpr std::array<const char*, 8> kNames{"N", "NE", "E", "SE", "S", "SW", "W", "NW"};
     return kNames[static_cast<std::size_t>(WholeAzimuth(azimuth) * 2 + 45) / 90 % 8];
@@ -110,8 +110,8 @@ struct Bed {
     const Rock* rock;
 };
 
-/// A direction in flat beds, taken round the fold: turned about the axis while that is horizontal,
-/// then tilted with it.
+/// A direction in horizontal beds, folded: rotated about the axis while that is horizontal, then
+/// tilted with it.
 Direction Folded(const Fold& fold, const Direction& flat, double rotation) {
     const Direction level = LineDirection(0.0, fold.axisTrend);
     const Direction across = LineDirection(0.0, fold.axisTrend + 90.0);
@@ -177,7 +177,7 @@ std::string BeddingDipSenseQuadrant(Random& random, std::size_t index) {
     return comment + Row("  ", {dipAndSense, Quadrant(northEnd), rock->name});
 }
 
-/// Where bedding meets cleavage, and stretching lines down the cleavage.
+/// Intersections of bedding and cleavage, and stretching lines down the cleavage.
 std::string LineationsQuadrant(Random& random, std::size_t index) {
     const std::string comment = index == 32 ? "\n* notebook 2, items parted by blanks\n"
                                               "12 NE intersection\n16 NE intersection\n"
@@ -193,7 +193,7 @@ std::string LineationsQuadrant(Random& random, std::size_t index) {
                                            isStretching ? "stretching" : "intersection"});
 }
 
-/// Hinges of small folds; the plunge is negative where the fold looks like an S down its plunge.
+/// Hinges of small folds; the plunge is negative for folds that look like an S down the plunge.
 std::string FoldHingesPolar(Random& random, std::size_t) {
     const bool isS = random.Uniform() < 0.4;
     const Direction hinge = LineDirection(kFold.axisPlunge, kFold.axisTrend);
@@ -202,7 +202,8 @@ std::string FoldHingesPolar(Random& random, std::size_t) {
     return Row("\t", {line.trend, isS ? -plunge : plunge, isS ? "S" : "Z"});
 }
 
-/// Beds with their groove casts, all of one direction before folding, and the local fold axis.
+/// Beds with their groove casts, which all had one direction before folding, and the local fold
+/// axis.
 std::string BeddingFoldAxes(Random& random, std::size_t index) {
     static constexpr std::array<Fold, 3> kAreas{{{14.0, 52.0}, {7.0, 45.0}, {22.0, 61.0}}};
     static constexpr std::array<const char*, 3> kNames{"mill", "ridge", "lake"};
@@ -235,12 +236,12 @@ Stress Shortening() {
 
 struct Fault {
     WholePlane plane;
-    int strike;     ///< with the plane dipping to its right
-    int slipAngle;  ///< in the plane, from the strike direction by way of the dip line, 0 to 359
+    int strike;     ///< with the dip to its right
+    int slipAngle;  ///< in the plane, from the strike via the dip line, 0 to 359
     Direction slip; ///< of the hanging wall
 };
 
-/// A fault near the given plane. The hanging wall slides along the shear stress on its face.
+/// A fault close to the given plane. The hanging wall moves along the shear stress on it.
 Fault DrawFault(Random& random, const Stress& stress, double dip, double dipDirection) {
     const int steepness = Whole(std::clamp(random.Normal(dip, 5.0), 5.0, 88.0));
     const int azimuth = WholeAzimuth(random.Normal(dipDirection, 13.0));
@@ -257,7 +258,7 @@ Fault DrawFault(Random& random, const Stress& stress, double dip, double dipDire
             slip};
 }
 
-/// Conjugate normal faults, and the older reverse faults among them.
+/// Conjugate normal faults, with some of the older reverse faults.
 Fault DrawMixedFault(Random& random) {
     const double kind = random.Uniform();
     if (kind < 0.68) {
@@ -317,7 +318,7 @@ Mylonite DrawMylonite(Random& random) {
 
 std::string FoliationLineationTrend(Random& random, std::size_t index) {
     const Mylonite rock = DrawMylonite(random);
-    const bool isHidden = index == 17 || index == 41; // no lineation to be seen
+    const bool isHidden = index == 17 || index == 41; // no visible lineation
     return Row(",", {rock.foliation.dip, rock.foliation.dipDirection,
                      isHidden ? Field("-") : Field(rock.lineation.trend),
                      index % 3 == 0 ? "mica" : "quartz"});
@@ -356,7 +357,7 @@ std::string Joints(Random& random, std::size_t index) {
         ",", {kStations[index / 50], plane.dipDirection, plane.dip, Fixed(spacing, 2), rock.name});
 }
 
-/// Cross-beds of the ebb, and fewer of the flood that runs back the other way.
+/// Cross-beds of the ebb, and fewer of the flood in the opposite direction.
 std::string Palaeocurrents(Random& random, std::size_t) {
     const bool isEbb = random.Uniform() < 0.78;
     const int azimuth =
@@ -375,13 +376,13 @@ std::string TracesDecimalComma(Random& random, std::size_t index) {
     return comment + Row(";", {Fixed(axial, 1, ','), Fixed(length, 2, ',')});
 }
 
-/// Strength of the winds at an azimuth: the chief one from 232, another from 55.
+/// Frequency of the winds at an azimuth: the main one from 232, another from 55.
 double WindSwell(double azimuth) {
     const double chief = std::exp(3.5 * (std::cos(kDegree * (azimuth - 232.0)) - 1.0));
     return chief + 0.45 * std::exp(6.0 * (std::cos(kDegree * (azimuth - 55.0)) - 1.0));
 }
 
-/// Ten-degree sectors; the frequencies are percentages of the year, the rest of it was calm.
+/// Ten-degree sectors; the frequencies are percentages of the year, the remainder was calm.
 std::string WindTable(Random& random, std::size_t index) {
     double total = 0.0;
     for (int sector = 0; sector < 360; sector += 10) {
@@ -399,7 +400,7 @@ struct Example {
     const char* name;
     std::uint64_t seed;
     std::size_t rows;
-    std::string (*row)(Random& random, std::size_t index); ///< with the comments that precede it
+    std::string (*row)(Random& random, std::size_t index); ///< including the comments before it
     const char* head;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Pictures of the windows for the documents, made from the examples: the main window with two tiled
-// plots and the format dialog on three files, in a light and a dark theme; edits by hand and
-// further dialogs in a light one. QT_SCALE_FACTOR gives them another density.
+// plots and the format dialog on three files, in a light and a dark theme; editing by hand and
+// other dialogs in a light theme. QT_SCALE_FACTOR sets the density.
 //
 // usage: make_screenshots EXAMPLES FOLDER
 
@@ -44,7 +44,7 @@ namespace {
 
 using namespace quandrel;
 
-/// The formats of the examples in the words of a script.
+/// The formats of the examples as a script states them.
 const std::map<std::string, std::string>& Formats() {
     static const std::map<std::string, std::string> formats = {
         {"folded_bedding.txt",
@@ -84,7 +84,7 @@ QPalette DarkPalette() {
     return palette;
 }
 
-/// A program over the examples; the format dialog is accepted with the example's own format.
+/// A program with the examples; the format dialog is accepted with the example's own format.
 class Show {
 public:
     Show(QString examples, QString folder, QString theme)
@@ -126,8 +126,7 @@ public:
         }
     }
 
-    /// The format dialog as it opens on an example, in a format that is given in words or is that
-    /// of a first run.
+    /// The format dialog as it opens on an example, in a given format or in that of a first run.
     void Dialog(const QString& example, const std::string& format, const QString& name) {
         const FormatSettings before = CurrentFormat();
         FormatQuestion question;
@@ -193,7 +192,7 @@ void MakePictures(const QString& examples, const QString& folder, const QString&
     show.Picture(*show.window, "window");
 }
 
-/// A hand at the mouse over the net of the active plot; places are plot units.
+/// Mouse actions over the net of the active plot; positions are plot units.
 class Hand {
 public:
     static void Drag(Point from, Point to, Qt::KeyboardModifiers keys = {},
@@ -205,7 +204,7 @@ public:
         Trace({at}, keys, button);
     }
 
-    /// Presses at the first place, passes through the others, and lets go at the last.
+    /// Presses at the first position, moves through the others, and releases at the last.
     static void Trace(const std::vector<Point>& places, Qt::KeyboardModifiers keys = {},
                       Qt::MouseButton button = Qt::LeftButton) {
         Send(QEvent::MouseButtonPress, places.front(), button, button, keys);
@@ -245,7 +244,7 @@ void PictureOf(Show& show, const QString& name, const QString& picture) {
     }
 }
 
-/// What is done by hand: selection, annotations and girdles, lasso, grid and small circles.
+/// Editing by hand: selection, annotations and girdles, lasso, grid and small circles.
 void MakeEditingPictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
     show.Open("folded_bedding.txt");
