@@ -1,12 +1,12 @@
-# The engine for other programs: one archive of it, the headers of include/quandrel, and what
-# find_package(quandrel) reads. Installed as the component "dev".
+# The engine for other programs: its archive, the headers of include/quandrel, and the files for
+# find_package(quandrel). Installed as the component "dev".
 if(QUANDREL_FUZZ)
     return()
 endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# Adds the library of a folder, and those of all that it may use, to the list named `found`.
+# Adds the library of a folder, and those that it depends on, to the list named `found`.
 function(quandrel_gather library found)
     if(library IN_LIST ${found})
         return()
@@ -35,14 +35,14 @@ set_target_properties(quandrel_archive PROPERTIES
     OUTPUT_NAME quandrel EXPORT_NAME quandrel LINKER_LANGUAGE CXX)
 target_compile_features(quandrel_archive INTERFACE cxx_std_20)
 
-# The version of the interface, as its header has it.
+# The version of the interface, from its header.
 set(header ${PROJECT_SOURCE_DIR}/include/quandrel/version.h)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
 foreach(part MAJOR MINOR)
     file(STRINGS ${header} line REGEX "define QUANDREL_API_VERSION_${part} ")
     string(REGEX MATCH "[0-9]+$" ${part} "${line}")
 endforeach()
-# Below 1.0 each minor version may differ from the one before.
+# Below 1.0 each minor version may be incompatible.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/quandrelConfigVersion.cmake
     VERSION ${MAJOR}.${MINOR} COMPATIBILITY SameMinorVersion)
 

@@ -1,5 +1,5 @@
-# What an installation holds besides the programs, and the packages made of it: a Debian package of
-# the programs, one of the library for other programs, and a tarball of the sources.
+# The contents of an installation besides the programs, and the packages made from it: a Debian
+# package of the programs, one of the library for other programs, and a tarball of the sources.
 if(QUANDREL_FUZZ OR NOT QUANDREL_QT)
     return()
 endif()
@@ -13,7 +13,7 @@ install(DIRECTORY docs/help/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quandrel/Quand
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quandrel/examples)
 install(FILES docs/file_formats.md ${packaging}/copyright DESTINATION ${documents})
 
-# Files that a desktop finds the program and its kinds of file by.
+# Files by which a desktop finds the program and its file types.
 install(FILES ${packaging}/quandrel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/quandrel.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
         RENAME org.quandrel.quandrel.metainfo.xml)
@@ -26,7 +26,7 @@ foreach(size 16 22 24 32 48 64 128 256)
             RENAME quandrel.png)
 endforeach()
 
-# Manual pages and lists of changes are installed packed, always to the same bytes.
+# Manual pages and change logs are installed compressed, always to the same bytes.
 find_program(QUANDREL_GZIP gzip)
 function(quandrel_install_packed source folder name)
     cmake_parse_arguments(arg "" "COMPONENT" "" ${ARGN})
@@ -50,7 +50,7 @@ endforeach()
 quandrel_install_packed(${packaging}/changelog ${documents} changelog)
 quandrel_install_packed(${PROJECT_SOURCE_DIR}/NEWS.md ${documents} NEWS.md)
 
-# The library's own package has its own documents.
+# The library's package has its own documents.
 set(libraryDocuments ${CMAKE_INSTALL_DATADIR}/doc/libquandrel-dev)
 install(FILES docs/interface.md ${packaging}/copyright DESTINATION ${libraryDocuments}
         COMPONENT dev)
@@ -86,7 +86,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME quandrel)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
-# The libraries of the programs are found and added; that of drawings brings its plug-in for icons.
+# Dependencies on libraries are added automatically; the SVG library includes its plug-in for icons.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS hicolor-icon-theme)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquandrel-dev)
@@ -99,7 +99,7 @@ set(CPACK_SOURCE_IGNORE_FILES "/build/" "/\\\\.git/" "/\\\\.cache/" "\\\\.user$"
 include(CPack)
 
 if(BUILD_TESTING)
-    # Each check is there where its tool is.
+    # Each check runs where its tool is available.
     set(checks ${PROJECT_SOURCE_DIR}/tests/packaging)
     function(quandrel_check name tool)
         find_program(QUANDREL_TOOL_${tool} ${tool})

@@ -1,4 +1,4 @@
-# What every target of the project shares: the language, the warnings, the float rules.
+# Common to every target of the project: the language, the warnings, the floating-point rules.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -30,8 +30,8 @@ endif()
 
 set(QUANDREL_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # This compiler takes a text put in front of a std::string for an overlap when it optimises, and
-    # one copied into a std::string from precompiled headers for a copy beyond its end.
+    # When optimising, this compiler reports a text inserted before a std::string as an overlap, and
+    # one copied into a std::string from precompiled headers as a copy beyond its end.
     list(APPEND QUANDREL_WARNINGS -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow
                                   -Wno-stringop-overread)
 endif()
@@ -41,7 +41,7 @@ function(quandrel_target target)
     target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
 endfunction()
 
-# Most of the time of a compilation goes into the headers of libraries, so these are compiled once.
+# Library headers take most of the compile time, so these are precompiled.
 set(QUANDREL_STANDARD_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory>
     <optional> <set> <span> <string> <string_view> <utility> <variant> <vector>)
 set(QUANDREL_QT_HEADERS <QColor> <QEvent> <QGuiApplication> <QImage> <QPainter> <QString>)
@@ -50,7 +50,7 @@ set(QUANDREL_WIDGET_HEADERS ${QUANDREL_QT_HEADERS} <QAction> <QApplication> <QBu
     <QLabel> <QLineEdit> <QMainWindow> <QMenuBar> <QMouseEvent> <QPushButton> <QRadioButton>
     <QSlider> <QTabWidget> <QToolBar> <QVBoxLayout>)
 
-# The engine's precompiled headers, shared by all folders that do not know Qt.
+# The engine's precompiled headers, shared by all folders that do not use Qt.
 function(quandrel_precompile target)
     if(NOT TARGET quandrel_precompiled)
         add_library(quandrel_precompiled STATIC ${PROJECT_SOURCE_DIR}/cmake/precompiled.cpp)
@@ -60,10 +60,10 @@ function(quandrel_precompile target)
     target_precompile_headers(${target} REUSE_FROM quandrel_precompiled)
 endfunction()
 
-# A folder of src/ as a library quandrel_<folder>. The arguments behind DEPENDS are the folders that
-# it may use: the only arrows that exist; those behind PRECOMPILE are further headers to compile once,
-# for a folder above the engine. Sources are found by pattern, so that adding a file to a
-# folder changes nothing here.
+# A folder of src/ as a library quandrel_<folder>. The arguments after DEPENDS are the folders that
+# it may use: the only permitted dependencies. Those after PRECOMPILE are further headers to
+# precompile, for a folder above the engine. Sources are found by pattern, so that adding a file to
+# a folder needs no change here.
 function(quandrel_folder folder)
     cmake_parse_arguments(arg "" "" "DEPENDS;PRECOMPILE" ${ARGN})
     string(REPLACE "/" "_" name ${folder})

@@ -1,3 +1,3 @@
 // SPDX-License-Identifier: MIT
 //
-// Compiles the headers of libraries that most sources share, once (QuandrelTarget.cmake).
+// Compiles once the library headers that most sources share (QuandrelTarget.cmake).
