@@ -24,7 +24,7 @@ ClassRule RuleOf(const Ranges& ranges) {
         Finite(limit, "limit");
     }
     if (!std::ranges::is_sorted(ranges.limits)) {
-        throw std::invalid_argument("the limits of ranges do not ascend");
+        throw std::invalid_argument("the limits of ranges are not ascending");
     }
     ClassRule rule;
     rule.column = kTextNumberClasses; // whose limits are 64-bit

@@ -29,7 +29,7 @@ DistinctLine WholeLine(const Line& line) {
 
 LineHistogram HistogramOf(std::span<const Line> lines) {
     if (lines.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-        throw std::invalid_argument("more lines than can be counted");
+        throw std::invalid_argument("too many lines to count");
     }
     std::vector<DistinctLine> whole(lines.size());
     std::ranges::transform(lines, whole.begin(), WholeLine);
@@ -111,7 +111,7 @@ std::vector<Contour> ContoursOf(const DensityField& field, std::span<const doubl
     std::vector<Contour> contours;
     for (const double level : levels) {
         if (!(Finite(level, "level") > 0)) {
-            throw std::invalid_argument("a level of contours is not above 0");
+            throw std::invalid_argument("a contour level is not above 0");
         }
         contours.push_back(ContourAt(nodes, level, field.lines));
     }

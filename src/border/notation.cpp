@@ -55,7 +55,7 @@ std::string TextOf(const Plane& plane, const PlaneStyle& style) {
     options.notation = NotationOf(style.isQuadrant);
     options.separator = style.separator;
     if (PlaneConventionCaption(options.planeConvention).empty()) {
-        throw std::invalid_argument("a plane has no such convention");
+        throw std::invalid_argument("a plane convention is invalid");
     }
     return TextOfPlane(in.dip, in.dipDirection, options);
 }

@@ -18,7 +18,7 @@ namespace {
 /// Azimuths as whole degrees.
 std::vector<std::int32_t> WholeAzimuths(std::span<const double> azimuths) {
     if (azimuths.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-        throw std::invalid_argument("more azimuths than can be counted");
+        throw std::invalid_argument("too many azimuths to count");
     }
     std::vector<std::int32_t> whole(azimuths.size());
     std::ranges::transform(azimuths, whole.begin(), [](double azimuth) {

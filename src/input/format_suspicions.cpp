@@ -162,7 +162,7 @@ private:
         const std::optional<DelimiterMerit> best = BestDelimiter(preview_);
         if (best && best->headingAgrees && best->columns != UsualWidth()) {
             reasons_.push_back("With the delimiter " + Quoted(NameOfDelimiter(choice_.delimiter))
-                               + " headings and rows differ in their columns; with "
+                               + " headings and rows differ in their number of columns; with "
                                + Quoted(best->name) + " both have " + std::to_string(best->columns)
                                + '.');
         }

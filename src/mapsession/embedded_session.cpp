@@ -229,7 +229,7 @@ SessionVerdict EmbeddedMapSession::ChooseTool(int tool) {
 
 SessionVerdict EmbeddedMapSession::AskAndOpenTable() {
     if (!host_) {
-        return SessionError{kSessionNoSuchItem, "There is no screen to ask on"};
+        return SessionError{kSessionNoSuchItem, "There is no screen for the dialog"};
     }
     const std::string path = host_->AskForTable();
     if (path.empty()) {
@@ -279,7 +279,7 @@ SessionVerdict EmbeddedMapSession::FindSelection() {
 SessionVerdict EmbeddedMapSession::LayerControl() {
     SessionWindow* const window = FindSessionWindow(state_, state_.frontWindowId);
     if (!window || window->kind != SessionWindowKind::Map || !host_) {
-        return SessionError{kSessionNoSuchWindow, "No map is in front"};
+        return SessionError{kSessionNoSuchWindow, "The front window is not a map"};
     }
     host_->EditLayers(*window);
     changes_.views = true;

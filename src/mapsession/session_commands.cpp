@@ -88,7 +88,7 @@ SessionResult<std::int64_t> OpenMap(const std::vector<std::string>& tables, Sess
         }
         const MapBox ofRows = BoxOf(*rows);
         if (ofRows.IsEmpty()) {
-            return SessionError{kSessionNoSuchTable, "Table " + name + " has nothing to map"};
+            return SessionError{kSessionNoSuchTable, "Table " + name + " has no objects to map"};
         }
         window.layers.push_back({std::string(rows->Name())});
         box.Include(ofRows);
@@ -147,7 +147,7 @@ SessionVerdict CloseSessionWindow(std::int64_t id, SessionState& state, SessionC
     const auto closed =
         std::erase_if(state.windows, [id](const auto& window) { return window->id == id; });
     if (closed == 0) {
-        return SessionError{kSessionNoSuchWindow, "No window of this id is open"};
+        return SessionError{kSessionNoSuchWindow, "No window with this id is open"};
     }
     changes.closed.push_back(id);
     if (state.frontWindowId == id) {

@@ -52,7 +52,7 @@ SessionResult<SessionRows> RowsOf(const Value& table, SessionState& state) {
     }
     const std::optional<std::int64_t> number = WholeNumber(table);
     if (!number || *number < 1 || *number > static_cast<std::int64_t>(state.tables.size())) {
-        return Wrong(kSessionNoSuchTable, "No table of this number is open");
+        return Wrong(kSessionNoSuchTable, "No table with this number is open");
     }
     return RowsNamed(state, state.tables[static_cast<std::size_t>(*number - 1)]->data.Name());
 }
@@ -61,7 +61,7 @@ SessionResult<SessionWindow*> WindowOf(const Value& id, SessionState& state) {
     const std::optional<std::int64_t> number = WholeNumber(id);
     SessionWindow* const window = number ? FindSessionWindow(state, *number) : nullptr;
     if (!window) {
-        return Wrong(kSessionNoSuchWindow, "No window of this id is open");
+        return Wrong(kSessionNoSuchWindow, "No window with this id is open");
     }
     return window;
 }

@@ -40,7 +40,7 @@ struct Picture {
 
 using Encoder = bool (*)(QBuffer& buffer, const Picture& picture);
 
-constexpr const char* kNoMemory = "there is no memory for the picture";
+constexpr const char* kNoMemory = "there is not enough memory for the picture";
 constexpr std::chrono::milliseconds kBetweenQuestions{150};
 
 /// Shows how many lines have been written, and polls from time to time whether to continue.

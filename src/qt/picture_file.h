@@ -35,7 +35,7 @@ struct PictureSize {
 using DrawPictureOn = std::function<void(QPainter& painter, double factor, Medium medium)>;
 
 /// What SavePicture returns when the user has stopped it.
-inline constexpr const char* kPictureStopped = "The picture was stopped and is not written";
+inline constexpr const char* kPictureStopped = "The picture was stopped and has not been written";
 
 /// Replaces the creation time in a PDF by blanks, so that the same drawing gives the same bytes.
 /// Blanks keep all offsets, which the file lists.

@@ -131,9 +131,9 @@ std::optional<int> SlotOfCopy(const fs::path& file) {
 
 [[nodiscard]] bool MayRemove(std::size_t count) {
     return AskYes(count == 1 ? "Remove the unsaved plot for good?\n"
-                               "If the answer is No it is offered again at the next start."
+                               "If you answer No, it is offered again at the next start."
                              : "Remove the unsaved plots for good?\n"
-                               "If the answer is No they are offered again at the next start.",
+                               "If you answer No, they are offered again at the next start.",
                   AtStake::Work);
 }
 

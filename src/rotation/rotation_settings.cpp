@@ -201,7 +201,7 @@ std::optional<RotationRefusal> CheckRotation(const RotationSettings& settings) {
     }
     if (!IsRotationOffered(settings.operation)) {
         return RotationRefusal{RotationField::Plot,
-                               "These data have no appended lines to be unfolded about."};
+                               "These data have no appended lines to unfold about."};
     }
     return std::nullopt;
 }

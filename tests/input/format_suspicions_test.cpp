@@ -66,7 +66,8 @@ TEST_F(FormatSuspicionsTest, PrefersTheDelimiterThatHeadingsAndRowsAgreeOn) {
     choice.columnHeadings = true;
     choice.delimiter = ",";
     EXPECT_EQ(Reasons(choice, decimals).front(),
-              "With the delimiter \",\" headings and rows differ in their columns; with \";\" both "
+              "With the delimiter \",\" headings and rows differ in their number of columns; with "
+              "\";\" both "
               "have 3.");
     choice.delimiter = ""; // words of headings part otherwise, rows do not
     EXPECT_EQ(Reasons(choice, {"dip\tdip direction", "45\t120"}), Lines{});

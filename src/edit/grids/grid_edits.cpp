@@ -209,10 +209,10 @@ std::string NoteOnGridEdits(const GridEditReport& report) {
         return {};
     }
     const std::string rows = report.spoilt == 1
-                                 ? "1 edited row could not be read and holds no data now."
+                                 ? "1 edited row could not be read and now holds no data."
                                  : std::to_string(report.spoilt)
-                                       + " edited rows could not be read and hold no data now.";
-    return rows + " Undo takes the edits back.";
+                                       + " edited rows could not be read and now hold no data.";
+    return rows + " Undo reverts the edits.";
 }
 
 GridEditReport ApplyGridEdits(DataGrid& grid) {

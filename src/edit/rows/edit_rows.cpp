@@ -54,7 +54,7 @@ int SlotToCopy(CopiedFields fields) {
     const SelectedIntersections& selected = IntersectionsSelectedIn(slot);
     if (selected.tooMany) {
         Tell("There are " + std::to_string(selected.pairs)
-             + " intersections between these planes: too many to be copied.");
+             + " intersections between these planes: too many to copy.");
         return false;
     }
     if (selected.lines.empty()) {

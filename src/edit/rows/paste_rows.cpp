@@ -321,7 +321,7 @@ std::string NoteOnPaste(const PasteReport& report) {
                 + "The first line was left out as column headings, but reads as data.";
     }
     if (report.outOfMemory) {
-        note += std::string(note.empty() ? "" : "\n") + "There is no memory for more than "
+        note += std::string(note.empty() ? "" : "\n") + "There is not enough memory for more than "
                 + Counted(report.pasted, "row") + " of the text.";
     }
     if (const std::string upward = UpwardLinesText(report.upward); !upward.empty()) {

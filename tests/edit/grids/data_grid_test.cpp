@@ -737,9 +737,9 @@ TEST_F(Grid, SelectsOnThePlotAndIsSelectedFromIt) {
 TEST(GridEdits, RowsThatCouldNotBeReadAreTold) {
     EXPECT_EQ(NoteOnGridEdits({}), "");
     EXPECT_EQ(NoteOnGridEdits({3, 0, 1}),
-              "1 edited row could not be read and holds no data now. Undo takes the edits back.");
+              "1 edited row could not be read and now holds no data. Undo reverts the edits.");
     EXPECT_EQ(NoteOnGridEdits({3, 0, 2}),
-              "2 edited rows could not be read and hold no data now. Undo takes the edits back.");
+              "2 edited rows could not be read and now hold no data. Undo reverts the edits.");
 }
 
 } // namespace

@@ -554,7 +554,7 @@ TEST_F(PasteRows, RowsThatMemoryEndsAtAreToldAndTheOthersStay) {
     const std::int32_t former = gRowLimit;
     gRowLimit = 2;
     clipboard.SetText(std::string(kOwnPlanes) + "30\t120\r\n60\t300\r\n");
-    Expect("There is no memory for more than 1 row of the text.");
+    Expect("There is not enough memory for more than 1 row of the text.");
     PasteData();
     gRowLimit = former;
     EXPECT_EQ(RecordOf(slot).NumData, 2);
