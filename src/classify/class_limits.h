@@ -57,6 +57,7 @@ enum class NameOrder { FirstFound, Ascending, Descending };
 /// Names in an order.
 ///
 /// @param names  in the order in which they were found
+///
 /// Case is ignored; names that differ only in case keep the order found. Names that are numbers, by
 /// the regional delimiter, are sorted by value and precede the others in ascending order.
 [[nodiscard]] std::vector<std::string> OrderNames(std::vector<std::string> names, NameOrder order);

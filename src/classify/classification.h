@@ -4,7 +4,8 @@
 // it is labelled.
 //
 // This folder holds limits and names of classes, their legend, value grids, and the rules of the
-// dialog. Input: appended numbers and texts of the active plot, and the user's choice of classes.
+// dialog.
+// Input: appended numbers and texts of the active plot, and the user's choice of classes.
 // Output: the class and the symbol of each row, limits and names in the record, lines of the
 // legend, counts and percentages.
 

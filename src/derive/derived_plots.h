@@ -7,7 +7,8 @@
 // slot of the plot of its intersection lines. Axes can be in several plots, so their parent has no
 // link to them.
 //
-// This is the chief header of the folder. Input: the rows of a parent, including secondary lines.
+// This is the chief header of the folder.
+// Input: the rows of a parent, including secondary lines.
 // Output: overlays, slip arrows, and plots of kinematic axes and intersection lines, with the links
 // by which these are found and recomputed.
 

@@ -3,8 +3,9 @@
 // The help: its folder, its pages with their search, its contents and its index, and the page of
 // each window.
 //
-// Input: HTML pages from the help's folder, search words, names of windows. Output: pages and
-// search results as values. The window displays them; nothing here knows plots.
+// This folder holds no windows: nothing here displays a page or knows plots.
+// Input: HTML pages from the help's folder, search words, names of windows.
+// Output: pages and search results as values.
 
 #pragma once
 

@@ -3,9 +3,10 @@
 // From the path of a text file to the rows of the active plot.
 //
 // This folder holds the format of data, its dialog's rules and doubts, the decoding of bytes, and
-// the parsing of lines, tokens and parameter lines. Input: the bytes of a file or of the clipboard,
-// and the format in force. Output: rows in the store, including the lines without data, and the
-// report of the load. A load that fails changes nothing.
+// the parsing of lines, tokens and parameter lines.
+// Input: the bytes of a file or of the clipboard, and the format in force.
+// Output: rows in the store, including the lines without data, and the report of the load. A load
+// that fails changes nothing.
 
 #pragma once
 

@@ -6,9 +6,10 @@
 // calls are made within InMapAction, which ends the link when the session has died meanwhile.
 // Callbacks that arrive during an action are ignored.
 //
-// This is the chief header of the folder. Input: rows of map tables and the selection in them,
-// through the port of the session. Output: plots of these rows, statements that select the rows of
-// a plot in the session, and the correspondence between rows (geo_link.h).
+// This is the chief header of the folder.
+// Input: rows of map tables and the selection in them, through the port of the session.
+// Output: plots of these rows, statements that select the rows of a plot in the session, and the
+// correspondence between rows (geo_link.h).
 
 #pragma once
 

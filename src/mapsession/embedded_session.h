@@ -7,9 +7,11 @@
 // for each SessionWindow, paints maps by map_drawing.h and browsers by browser_contents.h, and
 // passes mouse events on.
 //
-// This is the chief header of the folder. Input: statements and expressions as text, tables from
-// the plug-in in mapsession/gdal, clicks of the mouse. Output: answers as text, windows and their
-// drawings for a host, and callbacks when the selection changes. It knows nothing of plots.
+// This is the chief header of the folder.
+// Input: statements and expressions as text, tables from the plug-in in mapsession/gdal, clicks of
+// the mouse.
+// Output: answers as text, windows and their drawings for a host, and callbacks when the selection
+// changes. It knows nothing of plots.
 
 #pragma once
 

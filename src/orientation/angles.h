@@ -6,9 +6,10 @@
 // dip direction), a pole is a line. Plunge and dip count downward from the horizontal; a negative
 // plunge points upward. Direction cosines are along north, east and down.
 //
-// This is the chief header of the folder. Input: angles, direction cosines, texts of numbers and of
-// compass notation. Output: the same in another form, or a marker for what cannot be read. All
-// functions are pure: they depend on their arguments alone and know nothing of plots.
+// This is the chief header of the folder.
+// Input: angles, direction cosines, texts of numbers and of compass notation.
+// Output: the same in another form, or a marker for what cannot be read. All functions are pure:
+// they depend on their arguments alone and know nothing of plots.
 
 #pragma once
 

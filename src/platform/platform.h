@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The program's surroundings behind small interfaces (ports): prompts, status line, settings,
-// clipboard, printers, windows of plots, surfaces to draw on, a session of a map program. Input:
-// one Platform record, filled at start by the window, the batch program or a test. The engine
-// reaches its surroundings only through gPlatform, and does not know what implements a port.
+// clipboard, printers, windows of plots, surfaces to draw on, a session of a map program.
+// Input: one Platform record, filled at start by the window, the batch program or a test.
+// Output: none. The engine reaches its surroundings only through gPlatform, and does not know what
+// implements a port.
 
 #pragma once
 

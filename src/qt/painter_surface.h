@@ -3,9 +3,9 @@
 // The picture surface over a QPainter: for the screen, for PNG, and for vector files.
 //
 // This is the chief header of the folder: the ports of the engine, implemented with Qt but without
-// Widgets: surfaces, picture files, PDF pages, icons, settings and clipboard. Input: drawing
-// operations and values of the engine. Output: pixels and vectors in images and files, keys in the
-// settings file.
+// Widgets: surfaces, picture files, PDF pages, icons, settings and clipboard.
+// Input: drawing operations and values of the engine.
+// Output: pixels and vectors in images and files, keys in the settings file.
 
 #pragma once
 

@@ -8,8 +8,8 @@
 // so a folder without a lock belongs to nobody. A copy is a binary plot file with the plot's names
 // after its last field: any reader of binary plot files accepts it.
 //
-// Input: the unsaved plots of the store, and the folders that other sessions left. Output: copies
-// in this session's folder, and after a crash the plots that the user wants back.
+// Input: the unsaved plots of the store, and the folders that other sessions left.
+// Output: copies in this session's folder, and after a crash the plots that the user wants back.
 
 #pragma once
 

@@ -3,9 +3,10 @@
 // Starting the program: the folders of the engine are connected here, and nowhere else.
 //
 // This folder holds the start and the closing of a session, the state of its menus, and the
-// positions of its windows. Input: the arguments of a command line, the settings, the state of the
-// store. Output: an engine that is ready, plots that are closed after the necessary questions, and
-// the state of each command as a value for window and scripts.
+// positions of its windows.
+// Input: the arguments of a command line, the settings, the state of the store.
+// Output: an engine that is ready, plots that are closed after the necessary questions, and the
+// state of each command as a value for window and scripts.
 
 #pragma once
 

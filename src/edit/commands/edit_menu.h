@@ -4,9 +4,9 @@
 // or annotations are meant.
 //
 // This folder holds the items of the Edit menu (this file), the mouse and the keys on the net
-// (plot_mouse.h), and what they paint above the picture (selection_shapes.h). Input: items,
-// buttons, keys and positions on the net. Output: calls of the other folders of edits, which change
-// the plot, keep the undo and draw.
+// (plot_mouse.h), and what they paint above the picture (selection_shapes.h).
+// Input: items, buttons, keys and positions on the net.
+// Output: calls of the other folders of edits, which change the plot, keep the undo and draw.
 
 #pragma once
 

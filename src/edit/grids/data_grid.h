@@ -3,9 +3,9 @@
 // The rows of a plot as a grid: its columns, the texts of its cells, and its pending edits.
 //
 // This folder holds grids of the plotted rows (this file, grid_cells.h), the transfer of their
-// edits into the columns (grid_edits.cpp), and grids of the lines of files (raw_data.h). Input:
-// rows, columns and files of a plot, typed texts. Output: texts of cells, selected rows, and one
-// edit of rows for all changed cells.
+// edits into the columns (grid_edits.cpp), and grids of the lines of files (raw_data.h).
+// Input: rows, columns and files of a plot, typed texts.
+// Output: texts of cells, selected rows, and one edit of rows for all changed cells.
 //
 // Cells of orientations are dip or plunge and azimuth in whole degrees, whatever the convention in
 // force. The main rows are in the order of loading; those of the overlays follow and cannot be

@@ -3,9 +3,9 @@
 // Edits that can be undone.
 //
 // This folder holds an edit as it is made (this file), a change of a plot as a value
-// (plot_change.h), and the list of the edits made so far (undo.h). Input: reversible changes, made
-// by the other folders for their parts of a plot. Output: steps back and forth, drawn, with the
-// selection and Modified of each side.
+// (plot_change.h), and the list of the edits made so far (undo.h).
+// Input: reversible changes, made by the other folders for their parts of a plot.
+// Output: steps back and forth, drawn, with the selection and Modified of each side.
 //
 // An EditStep is one edit of a plot, from before it to its drawing. Every edit that can be undone
 // uses one:

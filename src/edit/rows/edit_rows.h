@@ -4,10 +4,10 @@
 //
 // This folder holds rows that are added, pasted, moved, restyled and removed (add_point.h,
 // paste_rows.h, move_rows.h, this file, remove_rows.h), their text on the clipboard
-// (clipboard_text.h), and an edit of rows as a difference for undo (row_change.h). Input: the
-// selection, positions on the net, texts of the clipboard, answers of the user. Output: changed
-// rows and counts of gActivePlot, redrawn, with a step of the undo list. Nothing is done while a
-// long loop runs (gBusy).
+// (clipboard_text.h), and an edit of rows as a difference for undo (row_change.h).
+// Input: the selection, positions on the net, texts of the clipboard, answers of the user.
+// Output: changed rows and counts of gActivePlot, redrawn, with a step of the undo list. Nothing is
+// done while a long loop runs (gBusy).
 
 #pragma once
 

@@ -4,9 +4,9 @@
 //
 // This folder holds the marquee and the selection (this file), the intersections within it
 // (selected_intersections.h), the rows of other plots that are highlighted with it (linked_rows.h),
-// and positions on the net as lines and as texts (net_line.h, readout.h). Input: positions on the
-// net, rows and tables of plots. Output: lists of rows, highlighted positions, and
-// gSelectionChanged. Nothing here changes a plot.
+// and positions on the net as lines and as texts (net_line.h, readout.h).
+// Input: positions on the net, rows and tables of plots.
+// Output: lists of rows, highlighted positions, and gSelectionChanged. Nothing here changes a plot.
 //
 // A marquee is a rectangle on the net, or a lasso, whose record is that of its bounding rectangle.
 // When it is complete, its rows are put into gSelectionRows; another one may add to them. Rows can

@@ -3,8 +3,9 @@
 // Sessions of the map program that is installed on a Windows machine, driven by automation. Built
 // only on Windows.
 //
-// Input: statements and expressions through the port platform/map_session. Output: the answers of
-// that program, and its callbacks; a session that dies is an error, never an exception.
+// Input: statements and expressions through the port platform/map_session.
+// Output: the answers of that program, and its callbacks; a session that dies is an error, never an
+// exception.
 
 #pragma once
 

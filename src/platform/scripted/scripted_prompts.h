@@ -3,9 +3,9 @@
 // Prompts that are answered from a script: for tests, and for the program without a screen.
 //
 // This is the chief header of the stand-ins for the platform: surfaces, forms and printers that
-// record what is done to them, a clipboard in memory, a status line that keeps its text. Input: the
-// answers that a test or a script has queued. Output: what was asked, drawn, shown and printed, as
-// values that can be compared.
+// record what is done to them, a clipboard in memory, a status line that keeps its text.
+// Input: the answers that a test or a script has queued.
+// Output: what was asked, drawn, shown and printed, as values that can be compared.
 
 #pragma once
 
