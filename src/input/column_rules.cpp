@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The columns of a format choice: how they follow a change of the format, and which questions they
-// raise.
+// The columns of a format choice: how they follow changes of the format, and the questions about
+// them.
 
 #include "input/format_choice.h"
 

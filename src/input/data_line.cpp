@@ -56,8 +56,7 @@ LineStatus KindOfLine(std::string_view line, char delimiter) {
     }
 }
 
-// Cuts a sense off a number such as "45SW"; nothing when the letters after the number are not a
-// sense.
+// Cuts a sense off a number such as "45SW"; nothing when its letters are not a sense.
 std::optional<double> NumberBeforeSense(std::string_view text, std::string_view& sense) {
     std::string_view number;
     if (!SplitSenseLetters(text, number, sense) || !IsValidSense(sense)) {
@@ -298,8 +297,7 @@ bool Holds(std::string_view text, char c) {
     return text.find(c) != std::string_view::npos;
 }
 
-// A number with a thousands separator: that of the region, or another one when delimiters are to be
-// converted.
+// A number with thousands separators: the region's, or others when delimiters are to be converted.
 std::optional<double> NumberWithGroups(std::string_view text, const LineFormat& format) {
     if (!Holds(text, '.') && !Holds(text, ',')) {
         return std::nullopt;

@@ -14,8 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// Degrees rounded, halves to even. Most are whole already; testing for that is faster than
-/// rounding.
+/// Degrees rounded, halves to even. Most are whole already, which is faster to test than to round.
 std::int32_t WholeDegrees(double degrees) {
     const auto whole = static_cast<std::int32_t>(degrees);
     return whole == degrees ? whole : static_cast<std::int32_t>(RoundToEven(degrees));

@@ -31,8 +31,7 @@ enum class Doubt {
 [[nodiscard]] std::vector<std::string> PlotMisfits(const FormatChoice& choice,
                                                    const PlotRecord& record);
 
-/// True for a file that gets all checks: it is not among the recent files, and has no parameter
-/// lines.
+/// True for a file that gets all checks: neither a recent file nor one with parameter lines.
 [[nodiscard]] bool IsUnknownFile(const std::string& path, const std::vector<std::string>& lines);
 
 } // namespace quandrel

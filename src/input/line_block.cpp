@@ -10,8 +10,7 @@ namespace quandrel {
 
 namespace {
 
-/// Upper limit for the number of lines of a text: its line ends, and the text after the last of
-/// them.
+/// Upper limit for the number of lines of a text: its line ends, and the text after the last one.
 std::int32_t MostLines(std::string_view text) {
     const auto ends =
         std::count(text.begin(), text.end(), '\n') + std::count(text.begin(), text.end(), '\r');

@@ -109,8 +109,7 @@ unsigned DigitOf(char c) {
     return static_cast<unsigned>(static_cast<unsigned char>(c)) - unsigned{'0'};
 }
 
-// Reads digits from p on into the mantissa, after those that it already holds, and leaves p after
-// them.
+// Appends the digits from p on to the mantissa, and leaves p after them.
 void ReadDigits(const char*& p, const char* end, std::uint64_t& mantissa) {
     for (; p != end; ++p) {
         const unsigned digit = DigitOf(*p);

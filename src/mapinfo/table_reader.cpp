@@ -130,8 +130,7 @@ private:
         return line;
     }
 
-    /// Links a plot row to the row of the table; for a row of the selection, to the one that it
-    /// comes from.
+    /// Links a plot row to its table row; for a row of the selection, to the one it comes from.
     void Link(std::int32_t index, std::int32_t tableRow) {
         if (base_.empty()) {
             link_.AddRow(index, tableRow);

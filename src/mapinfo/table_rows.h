@@ -21,8 +21,7 @@ struct TableShape {
 /// Largest number of columns of a table.
 inline constexpr std::int64_t kMostTableColumns = 4096;
 
-/// Rows and columns of a table, without the names. Nothing when the session's answers make no
-/// sense.
+/// Rows and columns of a table, without names. Nothing when the session's answers make no sense.
 [[nodiscard]] std::optional<TableShape> ReadTableShape(const std::string& table);
 
 /// The names of the columns of a table; false as above.

@@ -32,8 +32,7 @@ public:
     /// @param column  1 to ColumnCount()
     [[nodiscard]] const SessionColumn& Column(int column) const;
 
-    /// The number of a row in the table that it comes from, which differs in a browser of the
-    /// selection.
+    /// The number of a row in its table, which differs in a browser of the selection.
     /// @param row  1 to RowCount()
     [[nodiscard]] int TableRow(int row) const;
 

@@ -101,8 +101,7 @@ public:
 
     [[nodiscard]] const SessionState& State() const { return state_; }
 
-    /// Uses the current tool: it was dragged from one point of a map to another, or clicked on one
-    /// point.
+    /// Uses the current tool, which was dragged between two points of a map or clicked on one.
     ///
     /// On a click the selector takes the nearest object of the topmost layer that has one there.
     /// The marquee and the radius tool take the objects of the topmost layer that has any there.

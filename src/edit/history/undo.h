@@ -11,8 +11,7 @@
 // is not kept. Such an edit calls ForgetUndo; one that does not is detected, as each step has a
 // hash of its part before and after it. Undo does not affect the clipboard.
 //
-// The memory of the steps is limited by kUndoMemory: the oldest are dropped first. The newest one
-// always stays.
+// kUndoMemory limits the memory of the steps: the oldest are dropped first, never the newest.
 
 #pragma once
 

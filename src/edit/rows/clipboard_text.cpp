@@ -26,8 +26,7 @@ namespace {
 constexpr const char* kLineEnd = "\r\n";
 
 /// A text as a field: characters that would end a field become blanks. A text that begins with a
-/// quote is put in quotes, with its own quotes doubled, because readers remove quotes around a
-/// field.
+/// quote is put in quotes, with its own quotes doubled, as readers remove quotes around a field.
 std::string FieldOfText(std::string_view text) {
     std::string field(text);
     std::replace_if(

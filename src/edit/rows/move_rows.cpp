@@ -161,8 +161,7 @@ std::int32_t MoveSelection(double dx, double dy) {
         }
         ShownOrientation wanted = MovedOrientation(*line, isPole, former);
         wanted.dip = IsDirection(record, row, former) ? former.dip : wanted.dip;
-        // Some orientations share a position on the net: a row that stays at its position keeps its
-        // values.
+        // Some orientations share a position on the net: a row that stays there keeps its values.
         const PlottedRow to = PlottedOrientation(record.PlotKind, isPole, row, wanted);
         return to.x == at.x && to.y == at.y ? former : wanted;
     };
