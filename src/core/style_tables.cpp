@@ -7,7 +7,7 @@
 
 namespace quandrel {
 
-constinit Settings gSettings;
+Settings gSettings;
 
 namespace {
 
