@@ -382,7 +382,7 @@ private:
                 return;
             }
             if (plot_.gridCount != 0) {
-                plot_.gridValues = std::make_unique<GridValues>();
+                plot_.gridValues = std::make_unique_for_overwrite<GridValues>(); // below, all of it
             }
         }
         for (std::size_t i = 0; i < kGridNodes; ++i) {
@@ -397,17 +397,23 @@ private:
     /// A row of nodes, the values of both grids beside each other.
     void RowOfGrids(std::size_t i) {
         std::array<double, std::size_t{kGridNodes} * 2> row{};
+        if (!plot_.gridValues) {
+            stream_.Doubles(row);
+            return;
+        }
+        auto* const means = (*plot_.gridValues)[0][i].data();
+        auto* const sums = (*plot_.gridValues)[1][i].data();
         if constexpr (!kReads) {
-            for (std::size_t j = 0; plot_.gridValues && j < kGridNodes; ++j) {
-                row[2 * j] = (*plot_.gridValues)[0][i][j];
-                row[2 * j + 1] = (*plot_.gridValues)[1][i][j];
+            for (std::size_t j = 0; j < kGridNodes; ++j) {
+                row[2 * j] = means[j];
+                row[2 * j + 1] = sums[j];
             }
         }
         stream_.Doubles(row);
         if constexpr (kReads) {
-            for (std::size_t j = 0; plot_.gridValues && j < kGridNodes; ++j) {
-                (*plot_.gridValues)[0][i][j] = row[2 * j];
-                (*plot_.gridValues)[1][i][j] = row[2 * j + 1];
+            for (std::size_t j = 0; j < kGridNodes; ++j) {
+                means[j] = row[2 * j];
+                sums[j] = row[2 * j + 1];
             }
         }
     }

@@ -79,6 +79,9 @@ PlotToWrite PlotOfSlot(int slot) {
     return plot;
 }
 
+constexpr std::size_t kBytesWithoutRows = sizeof(GridValues) + std::size_t{32} * 1024;
+constexpr std::size_t kUsualRowBytes = 128; ///< most of them for the cells of the table
+
 std::string Heading() {
     return kBinaryMark + std::string(kVersionText, kShortVersion);
 }
@@ -98,6 +101,7 @@ void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
 Result<std::string> Bytes(int slot) {
     PlotToWrite plot = PlotOfSlot(slot);
     BinaryWriter writer;
+    writer.Bytes().reserve(kBytesWithoutRows + plot.rows.size() * kUsualRowBytes);
     CheckOverlays(writer, plot.record);
     writer.Fixed(Heading());
     BinaryPlotFields(writer, plot).VisitAll();

@@ -31,6 +31,20 @@ enum ValueKind : std::int16_t {
 constexpr std::size_t kCodeDigits = 6;
 constexpr const char* kTooShort = "It ends too early.";
 
+/// Whether one of the doubles in these bytes is no number. Without a branch for each of them, as a
+/// grid of values has 46,818: without its sign only a NaN is above the bits of infinity.
+bool HoldsNan(std::string_view bytes) {
+    constexpr std::uint64_t kWithoutSign = 0x7fffffffffffffff;
+    constexpr std::uint64_t kCarriesNan = 0x000fffffffffffff;
+    std::uint64_t carried = 0;
+    for (; bytes.size() >= sizeof(double); bytes.remove_prefix(sizeof(double))) {
+        std::uint64_t bits = 0;
+        std::memcpy(&bits, bytes.data(), sizeof(bits));
+        carried |= (bits & kWithoutSign) + kCarriesNan;
+    }
+    return (carried & ~kWithoutSign) != 0;
+}
+
 template <std::size_t Size>
 using Bits = std::conditional_t<Size == 2, std::uint16_t,
                                 std::conditional_t<Size == 4, std::uint32_t, std::uint64_t>>;
@@ -106,11 +120,12 @@ void BinaryReader::Double(double& value) {
 void BinaryReader::Doubles(std::span<double> values) {
     if constexpr (std::endian::native == std::endian::little) {
         const std::string_view taken = Take(values.size_bytes());
-        std::ranges::fill(values, 0.0);
-        if (!taken.empty()) { // an empty one has no address
+        if (taken.empty()) { // which has no address
+            std::ranges::fill(values, 0.0);
+        } else {
             std::memcpy(values.data(), taken.data(), taken.size());
         }
-        Require(std::ranges::none_of(values, [](double value) { return std::isnan(value); }));
+        Require(!HoldsNan(taken));
     } else {
         std::ranges::for_each(values, [this](double& value) { Double(value); });
     }
@@ -218,14 +233,9 @@ void BinaryWriter::Double(double value) {
 }
 
 void BinaryWriter::Doubles(std::span<const double> values) {
-    if constexpr (std::endian::native == std::endian::little) {
-        const std::size_t begin = bytes_.size();
-        bytes_.resize(begin + values.size_bytes()); // zero bytes are the double 0
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            if (!std::isnan(values[i])) {
-                std::memcpy(bytes_.data() + begin + i * sizeof(double), &values[i], sizeof(double));
-            }
-        }
+    const std::string_view bytes(reinterpret_cast<const char*>(values.data()), values.size_bytes());
+    if (std::endian::native == std::endian::little && !HoldsNan(bytes)) {
+        bytes_ += bytes;
     } else {
         std::ranges::for_each(values, [this](double value) { Double(value); });
     }
