@@ -146,10 +146,15 @@ std::int32_t RowsOf(std::span<const DistinctLine> lines) {
 LineHistogram::LineHistogram(std::span<const DistinctLine> lines)
     : rows_(std::make_unique<std::array<std::array<std::int32_t, kRingTrends>, kRings>>())
     , running_(std::make_unique<std::array<Totals, kRings>>()) {
+    std::array<bool, kRings> hasLines{};
     for (const DistinctLine& line : lines) {
         (*rows_)[Place(std::abs(line.plunge))][Place(line.trend)] += line.rows;
+        hasLines[Place(std::abs(line.plunge))] = true;
     }
     for (std::size_t ring = 0; ring < rows_->size(); ++ring) {
+        if (!hasLines[ring]) {
+            continue; // its totals stay 0
+        }
         const std::array<std::int32_t, kRingTrends>& rows = (*rows_)[ring];
         Totals& totals = (*running_)[ring];
         std::size_t trend = 360 - kArcReach;

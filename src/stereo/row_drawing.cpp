@@ -11,6 +11,7 @@
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -29,7 +30,8 @@ constexpr std::int16_t kByNumbers = 1;      ///< ClassMode of a plot that may sh
 constexpr std::int16_t kPointsAlone = 0;    ///< NumClasses that show rows: these without a grid,
 constexpr std::int16_t kContoursOnRows = 4; ///< these with contours of the values
 
-/// Which places of the net were taken, by whole plot units.
+/// Which places of the net were taken, by whole plot units. A strip of the net takes memory only
+/// once a place of it is taken: few rows are drawn without a map of all places.
 class TakenPlaces {
 public:
     /// Takes a place. False when it was taken before. A place that is no whole number within the
@@ -38,19 +40,24 @@ public:
         if (x < -kReach || x > kReach || y < -kReach || y > kReach) {
             return true;
         }
-        const std::size_t place =
-            static_cast<std::size_t>(x + kReach) * kSide + static_cast<std::size_t>(y + kReach);
-        if (taken_[place]) {
+        const auto column = static_cast<std::size_t>(x + kReach);
+        std::vector<bool>& strip = strips_[column / kStripColumns];
+        if (strip.empty()) {
+            strip.resize(kStripColumns * kSide);
+        }
+        auto&& taken = strip[column % kStripColumns * kSide + static_cast<std::size_t>(y + kReach)];
+        if (taken) {
             return false;
         }
-        taken_[place] = true;
+        taken = true;
         return true;
     }
 
 private:
     static constexpr int kReach = 1100;
     static constexpr std::size_t kSide = 2 * kReach + 1;
-    std::vector<bool> taken_ = std::vector<bool>(kSide * kSide);
+    static constexpr std::size_t kStripColumns = 16;
+    std::array<std::vector<bool>, kSide / kStripColumns + 1> strips_;
 };
 
 /// A row to be drawn: its place in the table, and its code.
