@@ -5,38 +5,9 @@
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
 #include "persistence/open_plot.h"
+#include "support/test_heap.h"
 #include "support/test_platform.h"
 #include "support/trial.h"
-
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
-// Counts what is taken from the heap. The sanitizers bring their own operators.
-#if !defined(__SANITIZE_ADDRESS__)
-namespace {
-std::atomic<std::size_t> taken{0};
-}
-
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    taken += size;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-
-#define QUANDREL_COUNTS_MEMORY
-#endif
 
 namespace quandrel {
 namespace {
@@ -49,10 +20,10 @@ class BinaryDamage : public EngineTest {
 protected:
     /// Reads bytes, and requires that it takes little memory.
     static Result<BinaryPlot> Read(std::string_view bytes) {
-#ifdef QUANDREL_COUNTS_MEMORY
-        taken = 0;
+#ifdef QUANDREL_HAS_TEST_HEAP
+        gBytesTaken = 0;
         Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
-        EXPECT_LT(taken.load(), kFixedMemory + kMemoryPerByte * bytes.size());
+        EXPECT_LT(gBytesTaken.load(), kFixedMemory + kMemoryPerByte * bytes.size());
         return plot;
 #else
         return ReadBinaryPlot(bytes);

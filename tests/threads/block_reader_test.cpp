@@ -6,70 +6,13 @@
 #include "input/file_loading.h"
 #include "input/text_file.h"
 #include "support/nasty_texts.h"
+#include "support/test_heap.h"
 #include "support/test_platform.h"
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <thread>
-
-// Memory that runs out for all threads but one. The address sanitizer brings its own operators.
-#if !defined(__SANITIZE_ADDRESS__)
-namespace {
-
-std::atomic<bool> othersFail{false};
-std::atomic<int> failures{0};
-std::thread::id luckyThread;
-
-} // namespace
-
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    if (othersFail && std::this_thread::get_id() != luckyThread) {
-        ++failures;
-        failures.notify_all();
-        throw std::bad_alloc();
-    }
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-
-#define QUANDREL_LETS_MEMORY_FAIL
-#endif
 
 namespace quandrel {
 namespace {
-
-#ifdef QUANDREL_LETS_MEMORY_FAIL
-
-/// Memory is there for this thread alone, for the length of a block.
-class MemoryForThisThreadAlone {
-public:
-    MemoryForThisThreadAlone() {
-        luckyThread = std::this_thread::get_id();
-        failures = 0;
-        othersFail = true;
-    }
-
-    ~MemoryForThisThreadAlone() { othersFail = false; }
-
-    MemoryForThisThreadAlone(const MemoryForThisThreadAlone&) = delete;
-    MemoryForThisThreadAlone& operator=(const MemoryForThisThreadAlone&) = delete;
-
-    static void AwaitFailure() { failures.wait(0); }
-};
-
-#endif
 
 std::size_t ThreadsOfProcess() {
     // With the first thread of a program a sanitizer may start one of its own.
@@ -178,7 +121,7 @@ TEST(BlockReader, HasNoBlocksOfAnEmptyText) {
     EXPECT_EQ(reader.Next(), nullptr);
 }
 
-#ifdef QUANDREL_LETS_MEMORY_FAIL
+#ifdef QUANDREL_HAS_TEST_HEAP
 
 TEST(BlockReader, AFailureComesInThePlaceOfItsBlock) {
     const std::string text = Planes(3000);
@@ -244,7 +187,7 @@ TEST_F(LoadWithQuestion, AnswersAreAskedForOnTheThreadOfTheCaller) {
          [caller] { EXPECT_EQ(std::this_thread::get_id(), caller); });
 }
 
-#ifdef QUANDREL_LETS_MEMORY_FAIL
+#ifdef QUANDREL_HAS_TEST_HEAP
 
 TEST_F(LoadWithQuestion, MemoryThatTheSecondThreadLacksEndsTheLoadWithItsRowsSoFar) {
     const std::size_t threads = ThreadsOfProcess();

@@ -14,6 +14,7 @@
 #include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
+#include "support/trial.h"
 
 #include <algorithm>
 #include <random>
@@ -463,14 +464,17 @@ TEST_F(AnnotationLayer, SelectsAllAndNone) {
     EXPECT_TRUE(SelectedAnnotations().empty());
 }
 
-TEST_F(AnnotationLayer, RandomEditsKeepTagsUniqueAndGoBackExactly) {
+using AnnotationLayerTrial = AnnotationLayer;
+
+TEST_F(AnnotationLayerTrial, RandomEditsKeepTagsUniqueAndGoBackExactly) {
+    const int rounds = TrialRounds(3000);
     std::mt19937 random(20261121);
     const auto within = [&random](int first, int last) {
         return first + static_cast<int>(random() % static_cast<unsigned int>(last - first + 1));
     };
     clipboard.SetText(AnnotationText({MarkAt(5, 5), MarkAt(-5, 5)}));
     int changes = 0;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < rounds; ++i) {
         const int corner = within(-900, 600);
         StandMarquee(gActivePlot, {static_cast<double>(corner), -700},
                      {static_cast<double>(corner + within(10, 300)), 700});
@@ -501,7 +505,7 @@ TEST_F(AnnotationLayer, RandomEditsKeepTagsUniqueAndGoBackExactly) {
             ASSERT_EQ(AnnotationText(Marks()), AnnotationText(after)) << "step " << i;
         }
     }
-    EXPECT_GT(changes, 1500);
+    EXPECT_GT(changes, rounds / 2);
 }
 
 TEST_F(AnnotationLayer, DoesNothingWhileALongLoopRuns) {

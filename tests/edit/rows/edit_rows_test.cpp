@@ -8,6 +8,7 @@
 #include "input/data_rows.h"
 #include "input/plot_files.h"
 #include "rotation/rotate_data.h"
+#include "support/trial.h"
 
 #include <algorithm>
 #include <random>
@@ -469,7 +470,10 @@ void ExpectSound(int slot) {
     EXPECT_EQ(record.NumValidData, valid);
 }
 
-TEST_F(EditRows, AnyEditIsTakenBackAndMadeAgainExactly) {
+using EditRowsTrial = EditRows;
+
+TEST_F(EditRowsTrial, AnyEditIsTakenBackAndMadeAgainExactly) {
+    const int rounds = TrialRounds(2000);
     std::mt19937 random(2026);
     const auto below = [&random](int end) {
         return static_cast<std::int32_t>(random() % static_cast<unsigned>(end));
@@ -489,7 +493,7 @@ TEST_F(EditRows, AnyEditIsTakenBackAndMadeAgainExactly) {
         }
     }
     int undone = 0;
-    for (int step = 0; step < 2000; ++step) {
+    for (int step = 0; step < rounds; ++step) {
         const int slot = slots[static_cast<std::size_t>(below(4))];
         gActivePlot = slot;
         std::vector<std::int32_t> chosen;
@@ -524,7 +528,7 @@ TEST_F(EditRows, AnyEditIsTakenBackAndMadeAgainExactly) {
             break;
         }
     }
-    EXPECT_GT(undone, 500);
+    EXPECT_GT(undone, rounds / 4);
 }
 
 } // namespace
