@@ -2,6 +2,9 @@
 
 #include "qt/image_surface.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace quandrel {
 
 ImageSurface::ImageSurface(QSize pixels, double density, Colour background)
@@ -17,6 +20,13 @@ ImageSurface::ImageSurface(const QImage& drawing, double density)
     , painter_(std::make_unique<QPainter>(&image_))
     , surface_(std::make_unique<PainterSurface>(*painter_, QRectF(image_.rect()), density,
                                                 Medium::Raster)) {}
+
+QSize PixelsOf(QSize size, double density) {
+    const auto pixels = [density](int length) {
+        return std::max(1, static_cast<int>(std::lround(length * density)));
+    };
+    return {pixels(size.width()), pixels(size.height())};
+}
 
 void PaintImage(QPaintDevice& device, const QRectF& target, const QImage& image) {
     QPainter painter(&device);

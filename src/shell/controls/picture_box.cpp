@@ -10,9 +10,6 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
-#include <algorithm>
-#include <cmath>
-
 namespace quandrel {
 
 PictureBox::PictureBox(QWidget* parent, int margin)
@@ -33,11 +30,7 @@ QSize PictureBox::PictureSize() const {
 }
 
 QSize PictureBox::SizeInPixels() const {
-    const double density = devicePixelRatioF();
-    const auto pixels = [density](int length) {
-        return std::max(1, static_cast<int>(std::lround(length * density)));
-    };
-    return {pixels(PictureSize().width()), pixels(PictureSize().height())};
+    return PixelsOf(PictureSize(), devicePixelRatioF());
 }
 
 bool PictureBox::IsStale() const {

@@ -96,10 +96,7 @@ bool MapWidget::ShowsShape() const {
 
 const QImage& MapWidget::Picture(const SessionWindow& window) {
     const double density = devicePixelRatioF();
-    const auto pixels = [density](int length) {
-        return std::max(1, static_cast<int>(std::lround(length * density)));
-    };
-    const QSize wanted(pixels(width()), pixels(height()));
+    const QSize wanted = PixelsOf(size(), density);
     if (picture_ == nullptr || picture_->Image().size() != wanted) {
         picture_ = std::make_unique<ImageSurface>(wanted, density, kWhite);
         DrawMapWindow(Session()->State(), window, DefaultMapColours(), picture_->Drawing());
