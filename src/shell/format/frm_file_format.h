@@ -142,6 +142,7 @@ private:
     [[nodiscard]] QWidget* MakeColumnsPage();
     [[nodiscard]] QGroupBox* MakePrimaryBox();
     [[nodiscard]] QGroupBox* MakeSecondaryBox();
+    void MakeAppendedChoices();
     [[nodiscard]] QGroupBox* MakeAppendedBox();
     [[nodiscard]] QWidget* MakeConventionsPage();
     [[nodiscard]] QGroupBox* MakePlaneConventionBox();

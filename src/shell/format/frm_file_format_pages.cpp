@@ -208,9 +208,7 @@ QGroupBox* frmFileFormat::MakeSecondaryBox() {
     return box;
 }
 
-QGroupBox* frmFileFormat::MakeAppendedBox() {
-    auto* box = MakeGroup("fraAppended", "&Appended data");
-    auto* layout = new QVBoxLayout(box);
+void frmFileFormat::MakeAppendedChoices() {
     for (std::size_t i = 0; i < chkAppended.size(); ++i) {
         chkAppended[i] = new QCheckBox(kAppendedOptions[i].caption);
         chkAppended[i]->setObjectName(Numbered("chkAppended", static_cast<int>(i)));
@@ -234,6 +232,12 @@ QGroupBox* frmFileFormat::MakeAppendedBox() {
     chkFreqIsAppended = new QCheckBox("Numeric value is frequency of\nassociated direction");
     chkFreqIsAppended->setObjectName("chkFreqIsAppended");
     chkFreqIsAppended->setToolTip("A row counts as often as its number says");
+}
+
+QGroupBox* frmFileFormat::MakeAppendedBox() {
+    auto* box = MakeGroup("fraAppended", "&Appended data");
+    auto* layout = new QVBoxLayout(box);
+    MakeAppendedChoices();
     layout->addWidget(chkAppended[0]);
     auto* names = new QGridLayout;
     names->addWidget(chkAppended[1], 0, 0);

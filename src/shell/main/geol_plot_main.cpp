@@ -68,6 +68,17 @@ GeolPlotMain::GeolPlotMain()
     MakeToolBars();
     MakePlotRoom();
     menus_ = std::make_unique<MainMenus>(*this, *commands_);
+    ConnectEngine();
+    MakeMapLink();
+    ConnectCommands();
+    ConnectChanges();
+    ShowMenusFor(false);
+    UpdatePlotState();
+    UseReadablePlaceholders();
+    resize(1200, 760);
+}
+
+void GeolPlotMain::ConnectEngine() {
     prompts_ = std::make_unique<WidgetPrompts>(*this);
     status_ = std::make_unique<MainStatusLine>(*panInfoLine, *panHintLine, *progBar);
     gPlatform.prompts = prompts_.get();
@@ -75,7 +86,9 @@ GeolPlotMain::GeolPlotMain()
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
     gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
     gSelectionChanged = [this] { SelectionChanged(); };
-    MakeMapLink();
+}
+
+void GeolPlotMain::ConnectCommands() {
     ConnectFileCommands();
     ConnectCopyCommands();
     ConnectEditCommands();
@@ -85,6 +98,9 @@ GeolPlotMain::GeolPlotMain()
     ConnectViewCommands();
     ConnectWindowCommands();
     ConnectSlider();
+}
+
+void GeolPlotMain::ConnectChanges() {
     connect(commands_, &Commands::Done, this, [this] { UpdatePlotState(); });
     connect(menus_->mnuEdit, &QMenu::aboutToShow, this, [this] {
         UpdateEditMenus();

@@ -97,6 +97,9 @@ private:
     void MakeMouse();
     void MakeMapLink();
     void UpdateMapLink();
+    void ConnectEngine();
+    void ConnectCommands();
+    void ConnectChanges();
     void ConnectFileCommands();
     void ConnectCopyCommands();
     void ConnectEditCommands();

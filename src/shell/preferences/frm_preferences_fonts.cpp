@@ -94,6 +94,20 @@ void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
 }
 
 QWidget* frmPreferences::MakeFontsPage() {
+void frmPreferences::AddPlotColours(QGridLayout& grid, int line) {
+    constexpr std::array<const char*, 2> kColours = {"b'ground", "axes/circle"};
+    constexpr std::array<const char*, 2> kTips = {"Background of plots on the screen",
+                                                  "Colour of the circle and the axes"};
+    for (std::size_t i = 0; i < kColours.size(); ++i) {
+        cmdPlotColour[i] = new QPushButton;
+        cmdPlotColour[i]->setObjectName(Numbered("cmdPlotColour", i));
+        cmdPlotColour[i]->setAccessibleName(kTips[i]);
+        cmdPlotColour[i]->setToolTip(kTips[i]);
+        grid.addWidget(new QLabel(kColours[i]), line, 0);
+        grid.addWidget(cmdPlotColour[i], line++, 1, Qt::AlignLeft);
+    }
+}
+
     struct Group {
         const char* title;
         std::size_t first;
@@ -119,16 +133,8 @@ QWidget* frmPreferences::MakeFontsPage() {
         for (std::size_t font = group.first; font <= group.last; ++font) {
             AddFont(*grid, line++, font, kFontCaptions[font].caption);
         }
-        constexpr std::array<const char*, 2> kColours = {"b'ground", "axes/circle"};
-        constexpr std::array<const char*, 2> kTips = {"Background of plots on the screen",
-                                                      "Colour of the circle and the axes"};
-        for (std::size_t i = 0; group.first == kFabricFont && i < kColours.size(); ++i) {
-            cmdPlotColour[i] = new QPushButton;
-            cmdPlotColour[i]->setObjectName(Numbered("cmdPlotColour", i));
-            cmdPlotColour[i]->setAccessibleName(kTips[i]);
-            cmdPlotColour[i]->setToolTip(kTips[i]);
-            grid->addWidget(new QLabel(kColours[i]), line, 0);
-            grid->addWidget(cmdPlotColour[i], line++, 1, Qt::AlignLeft);
+        if (group.first == kFabricFont) {
+            AddPlotColours(*grid, line);
         }
         (isPrinter ? printer : screen)->addWidget(box);
     }

@@ -178,9 +178,7 @@ QGroupBox* frmPreferences::MakeFormulasBox() {
     return box;
 }
 
-QWidget* frmPreferences::MakeGeneralPage() {
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
+QLayout* frmPreferences::MakePlotCount() {
     auto* plots = new QHBoxLayout;
     txtNumPlots = new QLineEdit;
     txtNumPlots->setObjectName("txtNumPlots");
@@ -191,13 +189,10 @@ QWidget* frmPreferences::MakeGeneralPage() {
     plots->addWidget(label);
     plots->addWidget(txtNumPlots);
     plots->addStretch(1);
-    layout->addLayout(plots);
-    auto* note = new QLabel("(Only adjust as necessary, or to conserve memory ). Save any changes "
-                            "then restart Quandrel");
-    note->setWordWrap(true);
-    layout->addWidget(note);
-    layout->addSpacing(8);
-    layout->addWidget(MakeFolderBox());
+    return plots;
+}
+
+QGroupBox* frmPreferences::MakePitchBox() {
     auto* pitch = new QGroupBox("pitch/rake nomenclature:");
     pitch->setObjectName("fraPitchName");
     auto* names = new QHBoxLayout(pitch);
@@ -208,7 +203,20 @@ QWidget* frmPreferences::MakeGeneralPage() {
         names->addWidget(optPitchName[i]);
     }
     names->addStretch(1);
-    layout->addWidget(pitch);
+    return pitch;
+}
+
+QWidget* frmPreferences::MakeGeneralPage() {
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(MakePlotCount());
+    auto* note = new QLabel("(Only adjust as necessary, or to conserve memory ). Save any changes "
+                            "then restart Quandrel");
+    note->setWordWrap(true);
+    layout->addWidget(note);
+    layout->addSpacing(8);
+    layout->addWidget(MakeFolderBox());
+    layout->addWidget(MakePitchBox());
     layout->addWidget(MakeFormulasBox());
     layout->addSpacing(8);
     chkDecimalConv = MakeCheck(
