@@ -11,6 +11,31 @@
 
 namespace quandrel {
 
+namespace {
+
+void Draw(int slot, Redraw redraw) {
+    switch (redraw) {
+    case Redraw::Nothing:
+        break;
+    case Redraw::Picture:
+        RedrawPlot(slot);
+        break;
+    case Redraw::Plot:
+        ReplotPlot(slot, ReplotCause::Settings);
+        break;
+    case Redraw::Rows:
+        ReplotPlot(slot, ReplotCause::Rows);
+        break;
+    }
+}
+
+} // namespace
+
+void FinishUnkept(int slot, Redraw redraw) {
+    RecordOf(slot).Modified = kTrue;
+    Draw(slot, redraw);
+}
+
 EditStep::EditStep(EditKind kind, std::unique_ptr<PlotChange> (*before)(int slot), EditRun run) {
     step_.slot = gActivePlot;
     step_.kind = kind;
@@ -30,10 +55,7 @@ void EditStep::Finish(Redraw redraw) {
     const int slot = step_.slot;
     RecordOf(slot).Modified = kTrue;
     Keep();
-    if (redraw != Redraw::Nothing) {
-        const PlotInWork work(slot);
-        ReplotActivePlot(redraw == Redraw::Rows);
-    }
+    Draw(slot, redraw);
 }
 
 void EditStep::Keep() {

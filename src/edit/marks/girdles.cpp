@@ -7,6 +7,7 @@
 #include "core/replot.h"
 #include "core/settings.h"
 #include "core/style_tables.h"
+#include "edit/history/edit_step.h"
 #include "edit/marks/girdle_pull.h"
 #include "input/data_line.h"
 #include "orientation/angles.h"
@@ -116,13 +117,13 @@ GirdleValues* ValuesOf(int row) {
 
 void StoreShown(GirdleValues& values, bool on) {
     values[kItemShown] = on;
-    ActiveRecord().Modified = kTrue;
+    FinishUnkept(gActivePlot, Redraw::Nothing);
+    RefreshGirdles();
 }
 
 void HideGirdle(GirdleValues& values) {
     if (NumberOf(values[kItemShown]) != 0) {
         StoreShown(values, false);
-        RefreshGirdles();
     }
 }
 
@@ -214,7 +215,7 @@ void UpdateGirdle(int row, const std::string& text) {
     }
     if (WithoutBlanks(text).empty()) {
         (*values)[kItemText] = std::string();
-        ActiveRecord().Modified = kTrue;
+        FinishUnkept(gActivePlot, Redraw::Nothing);
         HideGirdle(*values);
         return;
     }
@@ -224,7 +225,6 @@ void UpdateGirdle(int row, const std::string& text) {
     }
     (*values)[kItemText] = std::string(WithoutBlanks(text));
     StoreShown(*values, true);
-    RefreshGirdles();
 }
 
 bool ShowGirdle(int row, bool on) {
@@ -235,7 +235,6 @@ bool ShowGirdle(int row, bool on) {
     }
     if ((NumberOf((*values)[kItemShown]) != 0) != on) {
         StoreShown(*values, on);
-        RefreshGirdles();
     }
     return true;
 }

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "edit/history/edit_step.h"
 #include "edit/marks/small_circles.h"
 #include "edit/selection/net_line.h"
 #include "orientation/angles.h"
@@ -109,8 +110,7 @@ void ReleaseSmallCircle(double x, double y) {
     ForgetPick();
     if (circle != nullptr) {
         circle->Visible = kTrue;
-        RecordOf(slot).Modified = kTrue;
-        RedrawPlot(slot);
+        FinishUnkept(slot, Redraw::Picture);
     }
 }
 

@@ -4,8 +4,8 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/replot.h"
 #include "core/style_tables.h"
+#include "edit/history/edit_step.h"
 #include "edit/marks/small_circle_pick.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
@@ -74,10 +74,10 @@ CircleStyle StyleOf(const SmallCircle& circle) {
     return PossibleStyle({circle.LineColour, circle.lineStyle, circle.LineWidth});
 }
 
-void RedrawStereoPlot() {
-    if (ActiveRecord().PlotKind != kRose) {
-        RedrawPlot(gActivePlot);
-    }
+/// A change of gActivePlot has been made. A rose has no small circles to be drawn.
+void FinishChange(bool isShown) {
+    const bool isSeen = isShown && ActiveRecord().PlotKind != kRose;
+    FinishUnkept(gActivePlot, isSeen ? Redraw::Picture : Redraw::Nothing);
 }
 
 } // namespace
@@ -174,10 +174,7 @@ void TypeCircleText(int set, CirclePart part, const std::string& text) {
         return;
     }
     TextOfPart(*circle, part) = text;
-    ActiveRecord().Modified = kTrue;
-    if (circle->Visible != 0) {
-        RedrawStereoPlot();
-    }
+    FinishChange(circle->Visible != 0);
 }
 
 std::string ShowSmallCircle(int set, bool on) {
@@ -191,8 +188,7 @@ std::string ShowSmallCircle(int set, bool on) {
         }
     }
     circle->Visible = on ? kTrue : std::int16_t{0};
-    ActiveRecord().Modified = kTrue;
-    RedrawStereoPlot();
+    FinishChange(true);
     return {};
 }
 
@@ -210,10 +206,7 @@ void StyleSmallCircle(int set, const CircleStyle& style) {
     circle->LineColour = static_cast<std::int16_t>(possible.colour);
     circle->lineStyle = static_cast<std::int16_t>(possible.lineStyle);
     circle->LineWidth = static_cast<std::int16_t>(possible.width);
-    ActiveRecord().Modified = kTrue;
-    if (circle->Visible != 0) {
-        RedrawStereoPlot();
-    }
+    FinishChange(circle->Visible != 0);
 }
 
 } // namespace quandrel
