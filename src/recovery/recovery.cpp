@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 #include <system_error>
@@ -39,6 +40,11 @@ namespace {
 /// Attached to a plot whose last copy could not be written.
 struct LacksCopy {
     bool isTold = false; ///< reported, or about to be
+};
+
+/// Kept with a plot that has a copy.
+struct WrittenCopy {
+    std::uint64_t fingerprint = 0; ///< of the plot as it was written
 };
 
 constexpr const char* kLockName = "lock";
@@ -179,6 +185,9 @@ RecoverySession::RecoverySession(fs::path root)
     : root_(std::move(root)) {}
 
 RecoverySession::~RecoverySession() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        PlotOf(slot).attachments.Drop<WrittenCopy>();
+    }
     if (folder_ != nullptr) {
         folder_->Remove();
     }
@@ -218,8 +227,8 @@ std::vector<int> RecoverySession::PlotsToWrite() const {
         if (!IsOpenSlot(slot) || !HoldsUnsavedData(slot)) {
             continue;
         }
-        const auto copy = copies_.find(slot);
-        if (copy == copies_.end() || copy->second != FingerprintOf(slot)) {
+        const auto* const copy = PlotOf(slot).attachments.Find<WrittenCopy>();
+        if (copy == nullptr || copy->fingerprint != FingerprintOf(slot)) {
             slots.push_back(slot);
         }
     }
@@ -276,7 +285,7 @@ std::string RecoverySession::WriteCopy(int slot) {
     }
     std::string error = WriteFileAtomically(CopyOf(slot).string(), *bytes);
     if (error.empty()) {
-        copies_[slot] = FingerprintOf(slot);
+        PlotOf(slot).attachments.Of<WrittenCopy>() = {FingerprintOf(slot)};
     }
     return error;
 }
@@ -289,20 +298,23 @@ void RecoverySession::Adopt(const fs::path& copy, int slot) {
     std::error_code failed;
     fs::rename(copy, CopyOf(slot), failed);
     if (!failed) {
-        copies_[slot] = FingerprintOf(slot);
+        PlotOf(slot).attachments.Of<WrittenCopy>() = {FingerprintOf(slot)};
     }
 }
 
 void RecoverySession::DropSettled() {
-    for (auto copy = copies_.begin(); copy != copies_.end();) {
-        const int slot = copy->first;
-        if (IsOpenSlot(slot) && HoldsUnsavedData(slot)) {
-            ++copy;
+    for (const fs::path& copy : folder_ != nullptr ? folder_->Copies() : std::vector<fs::path>()) {
+        const int slot = *SlotOfCopy(copy);
+        Plot* const plot = PlotSlots::Find(slot);
+        if (plot != nullptr && IsOpenSlot(slot) && HoldsUnsavedData(slot)
+            && plot->attachments.Find<WrittenCopy>() != nullptr) {
             continue;
         }
+        if (plot != nullptr) {
+            plot->attachments.Drop<WrittenCopy>();
+        }
         std::error_code failed;
-        fs::remove(CopyOf(slot), failed);
-        copy = copies_.erase(copy);
+        fs::remove(copy, failed);
     }
 }
 

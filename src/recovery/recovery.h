@@ -15,9 +15,7 @@
 
 #include "recovery/recovery_copy.h"
 
-#include <cstdint>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,9 +66,8 @@ private:
 
     std::filesystem::path root_;
     std::unique_ptr<SessionFolder> folder_;
-    std::map<int, std::uint64_t> copies_; ///< hashes of the plots as written
-    std::vector<std::string> untold_;     ///< titles of plots without a copy, not yet reported
-    std::string reason_;                  ///< for the last of them
+    std::vector<std::string> untold_; ///< titles of plots without a copy, not yet reported
+    std::string reason_;              ///< for the last of them
 };
 
 /// The copies left by sessions that no longer run. While this object lives, no other start sees

@@ -209,6 +209,17 @@ TEST_F(Recovery, CopiesOfSavedAndClosedPlotsGo) {
     EXPECT_EQ(session.PlotsToWrite(), std::vector<int>{saved});
 }
 
+TEST_F(Recovery, ACopyGoesWithItsPlotThoughAnotherTakesTheSlot) {
+    const int closed = UnsavedPlot();
+    RecoverySession session(Root());
+    ASSERT_EQ(session.Write(closed), "");
+    CloseWithLinks(closed);
+    ASSERT_EQ(UnsavedPlot(), closed);
+    session.DropSettled();
+    EXPECT_TRUE(CopiesThere().empty()) << "the copy is none of the new plot";
+    EXPECT_EQ(session.PlotsToWrite(), std::vector<int>{closed});
+}
+
 TEST_F(Recovery, AnEndInGoodOrderLeavesNothing) {
     const int slot = UnsavedPlot();
     {
