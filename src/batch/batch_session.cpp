@@ -16,6 +16,7 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/replot.h"
 #include "core/settings.h"
 #include "input/file_loading.h"
@@ -74,8 +75,8 @@ std::string StatisticsText(const std::string& kind) {
     if (kind == "reference") {
         return TextOfReference(ReferenceOfActivePlot());
     }
-    const PlotForm& form = FormOf(gActivePlot);
-    return form.BoxText(kind == "advanced" ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+    const PlotStatistics& texts = StatisticsOf(ActivePlot());
+    return kind == "advanced" ? texts.advanced : texts.normal;
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "classify/value_grid.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "density/contours.h"
 #include "density/grid_geometry.h"
 #include "drawing/legend.h"
@@ -286,7 +287,6 @@ Json BothAxesJson() {
 /// worked out.
 void AddResults(Json& json) {
     const PlotRecord& record = ActiveRecord();
-    const PlotForm& form = FormOf(gActivePlot);
     if (record.PlotKind == kRose) {
         json["rose"] = RoseJson();
     }
@@ -299,8 +299,8 @@ void AddResults(Json& json) {
     if (record.PlotSymbolMode == kContours || record.PlotSymbolMode == kContoursAndGrid) {
         json["contours"] = ContoursJson();
     }
-    json["statsNormal"] = form.BoxText(PlotBox::StatsNormal);
-    json["statsAdvanced"] = form.BoxText(PlotBox::StatsAdvanced);
+    json["statsNormal"] = StatisticsOf(ActivePlot()).normal;
+    json["statsAdvanced"] = StatisticsOf(ActivePlot()).advanced;
     if (HoldsBothAxes(record)) {
         json["axes"] = BothAxesJson();
     }

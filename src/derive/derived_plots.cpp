@@ -16,8 +16,6 @@
 
 namespace quandrel {
 
-std::function<void(int slot, int neighbour)> gPlaceBeside;
-
 namespace {
 
 constexpr const char* kDerivedFrom = "Derived from ";

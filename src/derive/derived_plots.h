@@ -18,16 +18,12 @@
 #include "stereo/axis_rows.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
 namespace quandrel {
 
 /// The report about a plot that memory ran out for.
 inline constexpr const char* kNotCompleted = "not completed";
-
-/// Puts the window of a plot to the right of its neighbour's. Set by the windows; may be empty.
-extern std::function<void(int slot, int neighbour)> gPlaceBeside;
 
 /// The left edge of a window that belongs to the right of another one: moved left by quarters of
 /// its width until at least three quarters are on the screen.

@@ -124,8 +124,8 @@ Family FamilyOfActivePlot() {
         family.second = OpenDerivedPlot();
     }
     if (family.first != 0 && (!needsSecond || family.second != 0)) {
-        if (needsSecond && gPlaceBeside) {
-            gPlaceBeside(family.second, family.first);
+        if (needsSecond) {
+            FormOf(family.second).PlaceBeside(FormOf(family.first));
         }
         return true;
     }

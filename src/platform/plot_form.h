@@ -26,16 +26,18 @@ public:
     [[nodiscard]] virtual Surface& LegendSurface() = 0;
 
     virtual void SetCaption(const std::string& caption) = 0;
-    [[nodiscard]] virtual std::string Caption() const = 0;
 
+    /// Shows a text. The plot keeps it; the window is not asked for it.
     virtual void SetBoxText(PlotBox box, const std::string& text) = 0;
-    [[nodiscard]] virtual std::string BoxText(PlotBox box) const = 0;
 
     /// The position of the window.
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
     /// Moves the window. A position that the screen does not have is ignored.
     virtual void SetPlace(const WindowPlace& place) = 0;
+
+    /// Moves the window to the right of another plot's.
+    virtual void PlaceBeside(const PlotForm& neighbour) = 0;
 
     /// Called at the end of a drawing: the contents of the surfaces may now be shown.
     virtual void Show() = 0;

@@ -3,6 +3,7 @@
 #include "print/print_texts.h"
 
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "stereo/drawable_text.h"
@@ -35,7 +36,6 @@ struct Section {
 
 std::vector<Section> SectionsOfPlot() {
     const PlotRecord& record = ActiveRecord();
-    const PlotForm& form = FormOf(gActivePlot);
     std::vector<Section> sections;
     const auto add = [&](PlotLayer layer, PlotFontPlace font, const std::string& text) {
         if (record.LayerVisible[layer] != 0 && !text.empty()) {
@@ -44,8 +44,7 @@ std::vector<Section> SectionsOfPlot() {
     };
     add(kFabricLayer, kFabricFont, record.FabricText);
     add(kDescriptionLayer, kGeneralFont, record.DescriptionText);
-    add(kStatisticsLayer, kStatsFont,
-        form.BoxText(record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal));
+    add(kStatisticsLayer, kStatsFont, StatisticsInUse(ActivePlot()));
     if (record.LayerVisible[kStatisticsLayer] == 0) {
         // The statistics begin with the number of data.
         add(kNumberLayer, kGeneralFont, "n = " + NumberBoxText());

@@ -4,6 +4,7 @@
 
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/settings.h"
 #include "drawing/plot_driver.h"
 #include "platform/platform.h"
@@ -23,11 +24,8 @@ QRectF Scaled(const RoomRect& box, double factor) {
 }
 
 /// The statistics text that the plot shows; empty when it shows none.
-std::string StatisticsShown(const PlotRecord& record, const PlotForm& form) {
-    if (record.LayerVisible[kStatisticsLayer] == 0) {
-        return {};
-    }
-    return form.BoxText(record.StatsBoxKind != 0 ? PlotBox::StatsAdvanced : PlotBox::StatsNormal);
+std::string StatisticsShown(const Plot& plot) {
+    return plot.record.LayerVisible[kStatisticsLayer] == 0 ? std::string() : StatisticsInUse(plot);
 }
 
 /// The texts for the column beside the net of gActivePlot.
@@ -37,9 +35,8 @@ PictureTexts TextsOfActivePlot() {
     PictureTexts texts;
     texts.isDescribed =
         record.LayerVisible[kDescriptionLayer] != 0 && !record.DescriptionText.empty();
-    texts.statisticsHeight =
-        HeightOfText(unseen.Drawing(), gSettings.styles.fonts[kStatsFont],
-                     StatisticsShown(record, FormOf(gActivePlot)), kPictureTextWidth);
+    texts.statisticsHeight = HeightOfText(unseen.Drawing(), gSettings.styles.fonts[kStatsFont],
+                                          StatisticsShown(ActivePlot()), kPictureTextWidth);
     return texts;
 }
 
@@ -51,7 +48,6 @@ PictureLayout LayOut(PicturePart part) {
 /// Everything around the net: what the plot's window shows in its boxes.
 void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Medium medium) {
     const PlotRecord& record = ActiveRecord();
-    const PlotForm& form = FormOf(gActivePlot);
     const auto draw = [&](const RoomRect& box, PlotFontPlace font, const std::string& text) {
         PainterSurface surface(painter, Scaled(box, factor), factor, medium);
         DrawTextBox(surface, gSettings.styles.fonts[font], text, box.width, box.height);
@@ -65,7 +61,7 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     if (record.LayerVisible[kNumberLayer] != 0) {
         draw(layout.number, kGeneralFont, "n = " + NumberBoxText());
     }
-    draw(layout.statistics, kStatsFont, StatisticsShown(record, form));
+    draw(layout.statistics, kStatsFont, StatisticsShown(ActivePlot()));
 }
 
 /// Draws the whole picture with `factor` painter units per logical pixel.

@@ -5,6 +5,7 @@
 #include "classify/classification.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/settings.h"
 #include "platform/platform.h"
 #include "rose/circular_statistics.h"
@@ -206,9 +207,8 @@ void DrawLayers(PlotRecord& record) {
 }
 
 void WriteTexts(const std::string& normal, const std::string& advanced) {
-    PlotForm& form = FormOf(gActivePlot);
-    form.SetBoxText(PlotBox::StatsNormal, normal);
-    form.SetBoxText(PlotBox::StatsAdvanced, advanced);
+    KeepNormalStatistics(gActivePlot, normal);
+    KeepAdvancedStatistics(gActivePlot, advanced);
 }
 
 /// The texts of a plot that shows no rose.

@@ -12,6 +12,7 @@
 #include "edit/selection/marquee.h"
 #include "persistence/ascii_plot_file.h"
 #include "platform/platform.h"
+#include "stereo/plot_title.h"
 
 #include <algorithm>
 #include <vector>
@@ -40,7 +41,8 @@ struct StandingAnswers {
 };
 
 std::string QuestionAbout(int slot) {
-    std::string caption = FormOf(slot).Caption();
+    const PlotInWork work(slot);
+    std::string caption = CaptionOfPlot();
     caption.erase(caption.find_last_not_of(' ') + 1); // captions of windows end with blanks
     return caption
            + ":\nThe data in this plot is new or has been changed and has not been saved.\nSave "

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/result_lines.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -361,11 +362,11 @@ std::string FabricBoxText() {
 }
 
 void WriteStatsBox() {
-    FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, StatsBoxText());
+    KeepNormalStatistics(gActivePlot, StatsBoxText());
 }
 
 void WriteFabricBox() {
-    FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, FabricBoxText());
+    KeepAdvancedStatistics(gActivePlot, FabricBoxText());
 }
 
 void WriteStatisticsBoxes() {

@@ -37,10 +37,10 @@ struct AppendedStatistics {
 /// rows; empty for a rose.
 [[nodiscard]] std::string FabricBoxText();
 
-/// Writes StatsBoxText into the plot's window.
+/// Keeps StatsBoxText with the plot, and shows it.
 void WriteStatsBox();
 
-/// Writes FabricBoxText into the plot's window.
+/// Keeps FabricBoxText with the plot, and shows it.
 void WriteFabricBox();
 
 /// Writes both. A rose writes its own as it is drawn: for it nothing is done.

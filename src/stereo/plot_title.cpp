@@ -32,12 +32,16 @@ std::string TitleOfPlot() {
     }
 }
 
-void UpdateTitle() {
+std::string CaptionOfPlot() {
     std::string title = TitleOfPlot();
     if (ActiveRecord().MapInfoLinked != 0 && gLinkedTable) {
         title += " {Linked to: " + gLinkedTable(gActivePlot) + "}";
     }
-    FormOf(gActivePlot).SetCaption(title);
+    return title;
+}
+
+void UpdateTitle() {
+    FormOf(gActivePlot).SetCaption(CaptionOfPlot());
 }
 
 } // namespace quandrel

@@ -8,10 +8,13 @@
 
 namespace quandrel {
 
-/// The caption of the plot's window: its title, the set shown, the kind of data.
+/// What is said of gActivePlot: its title, the set shown, the kind of data.
 [[nodiscard]] std::string TitleOfPlot();
 
-/// Writes the caption of the active plot's window.
+/// The same, with the table that the plot is linked to.
+[[nodiscard]] std::string CaptionOfPlot();
+
+/// Writes CaptionOfPlot to the window of gActivePlot.
 void UpdateTitle();
 
 } // namespace quandrel

@@ -44,7 +44,7 @@ TEST_F(ClassSettingsTest, OkWritesTableModeAndRangeClassifiesAndDraws) {
     EXPECT_EQ(GridBackground(record), -1);
     EXPECT_EQ(record.NumClassified, 3);
     EXPECT_NE(record.Modified, 0);
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "3 (/4)");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "3 (/4)");
 }
 
 TEST_F(ClassSettingsTest, AreTheSameWhenTheyAreReadBack) {
@@ -118,7 +118,7 @@ TEST_F(ClassSettingsTest, OfNoneGiveTheLoadedSymbolsBack) {
     EXPECT_EQ(gDataSymbol(gActivePlot, 2), 50302U);
     EXPECT_EQ(ActiveRecord().NumClassified, 0);
     EXPECT_EQ(ActiveRecord().NumClasses, 0);
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "2");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "2");
     EXPECT_EQ(SettingsOfActivePlot().numbers.limits.top, 4); // kept for the next time
 }
 

@@ -96,7 +96,7 @@ TEST_F(PlotStore, ANewPlotStartsWithTheToldValues) {
         EXPECT_EQ(NumberOf(item[0]), 0);
         EXPECT_EQ(TextOf(item[1]), "");
     }
-    EXPECT_EQ(FormOf(gActivePlot).Caption(), "1");
+    EXPECT_EQ(Form(gActivePlot).Caption(), "1");
 }
 
 TEST_F(PlotStore, TheStatisticsButtonDecidesWhetherANewPlotShowsThem) {

@@ -54,7 +54,7 @@ TEST_F(IntersectionLines, MakeAPlotOfLinesBoundToItsSource) {
     EXPECT_EQ(record.NumData, 2);
     EXPECT_EQ(record.NumLoadedData, 2);
     EXPECT_EQ(record.Modified, 0);
-    EXPECT_EQ(Form(child).BoxText(PlotBox::NumberOfData), "2");
+    EXPECT_EQ(Form(child).Told(PlotBox::NumberOfData), "2");
     EXPECT_EQ(record.DescriptionText,
               "Derived from faults.txt: 1: intersection lines of 2 of 2 rows");
 }

@@ -54,7 +54,7 @@ TEST_F(KinematicPlots, OnOnePlotPutEachTRowBehindItsPRow) {
         EXPECT_FALSE(IsEmpty(Of(child).KinematicBlock[i])) << i;
         EXPECT_EQ(NumberOf(Of(child).KinematicBlock[i]), 0) << i;
     }
-    EXPECT_EQ(Form(child).BoxText(PlotBox::NumberOfData), "3");
+    EXPECT_EQ(Form(child).Told(PlotBox::NumberOfData), "3");
     EXPECT_EQ(Form(child).Caption(), "Plot 2: faults.txt: 1   [P & T axes]");
     EXPECT_EQ(Of(child).Modified, 0);
     EXPECT_EQ(Of(parent).Modified, 0);
@@ -76,12 +76,9 @@ TEST_F(KinematicPlots, WithContoursAreContouredOnAPlotEach) {
 
 TEST_F(KinematicPlots, OnTwoPlotsHaveOneRowNumberForAFault) {
     const int parent = NewFaultPlot(kThreeFaults);
-    std::vector<int> placed;
-    gPlaceBeside = [&placed](int slot, int neighbour) { placed = {slot, neighbour}; };
     const int second = Make(kAxesOnTwoPlots);
-    gPlaceBeside = {};
     const int first = second - 1;
-    EXPECT_EQ(placed, (std::vector<int>{second, first}));
+    EXPECT_EQ(Form(second).Neighbour(), &Form(first));
     EXPECT_EQ(Lines(first), kShortening);
     EXPECT_EQ(Lines(second), kExtension);
     EXPECT_EQ(Of(first).AxesTitle, "P");
@@ -91,7 +88,7 @@ TEST_F(KinematicPlots, OnTwoPlotsHaveOneRowNumberForAFault) {
         EXPECT_EQ(Of(slot).NumData, 3);
         EXPECT_EQ(Of(slot).NumLoadedData, 3);
         EXPECT_EQ(Of(slot).KinematicState, parent);
-        EXPECT_EQ(Form(slot).BoxText(PlotBox::NumberOfData), "3");
+        EXPECT_EQ(Form(slot).Told(PlotBox::NumberOfData), "3");
     }
 }
 

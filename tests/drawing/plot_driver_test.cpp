@@ -83,7 +83,7 @@ protected:
             renewed.push_back("classes");
         }
         look(record.GridDensityMax, former[2], "grid");
-        if (FormOf(gActivePlot).BoxText(PlotBox::StatsAdvanced) != kOldText) {
+        if (Form(gActivePlot).Told(PlotBox::StatsAdvanced) != kOldText) {
             renewed.push_back("texts");
         }
         return renewed;
@@ -105,7 +105,7 @@ TEST_F(PlotDriver, APlotWithoutRowsDrawsNetAndLegendOnly) {
     ASSERT_EQ(Drawn().size(), 1U);
     EXPECT_EQ(Drawn()[0].kind, Kind::Circle);
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Legend()).size(), 1U);
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "0");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "0");
 }
 
 /// The place of the first operation that fits among those drawn; a test fails when there is none.
@@ -306,7 +306,7 @@ TEST_F(PlotDriver, ErrorRowsAreDrawnInNoModeButKeepTheirPlace) {
                   mode == kBetaIntersections ? 0U : 1U);
     }
     EXPECT_EQ(TableOf(gActivePlot).size(), 2U);
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "1");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "1");
 }
 
 TEST_F(PlotDriver, SymbolsCarryTheOrderAndStyleOfTheirRows) {

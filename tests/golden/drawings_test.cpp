@@ -35,11 +35,11 @@ std::string TextOfPlot(int slot) {
     const auto& form = static_cast<const RecordingForm&>(FormOf(slot));
     const std::string name = "plot " + std::to_string(slot);
     std::string text = Section(name + ", caption", form.Caption());
-    text += Section(name + ", number", form.BoxText(PlotBox::NumberOfData));
-    text += Section(name + ", fabric", form.BoxText(PlotBox::Fabric));
-    text += Section(name + ", description", form.BoxText(PlotBox::Description));
-    text += Section(name + ", statistics", form.BoxText(PlotBox::StatsNormal));
-    text += Section(name + ", advanced statistics", form.BoxText(PlotBox::StatsAdvanced));
+    text += Section(name + ", number", form.Told(PlotBox::NumberOfData));
+    text += Section(name + ", fabric", form.Told(PlotBox::Fabric));
+    text += Section(name + ", description", form.Told(PlotBox::Description));
+    text += Section(name + ", statistics", form.Told(PlotBox::StatsNormal));
+    text += Section(name + ", advanced statistics", form.Told(PlotBox::StatsAdvanced));
     text += TextOfDrawing(DrawingOf(name + ", net", form.Plot()));
     return text + TextOfDrawing(DrawingOf(name + ", legend", form.Legend()));
 }

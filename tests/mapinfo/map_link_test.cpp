@@ -195,7 +195,7 @@ TEST_F(MapLink, ADeadSessionIsNamedInNoCaptionAnyMore) {
     const int first = PasteNew("Joints");
     const int second = PasteNew("Veins");
     const auto isNamed = [](int slot) {
-        return FormOf(slot).Caption().find("{Linked to: ") != std::string::npos;
+        return Form(slot).Caption().find("{Linked to: ") != std::string::npos;
     };
     ASSERT_NE(first, second);
     ASSERT_TRUE(isNamed(first) && isNamed(second));

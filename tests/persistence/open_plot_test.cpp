@@ -63,7 +63,7 @@ TEST_F(OpenPlot, ANewPlotHoldsTheRowsAndTheNameOfItsFile) {
     EXPECT_EQ(gRecentFiles.front(), (folder / "beds.txt").string());
     EXPECT_EQ(gLastUsedPath, folder.string());
     EXPECT_EQ(Form(gActivePlot).Caption(), "beds.txt: 1   [Planes]     ");
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::NumberOfData), "2");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "2");
 }
 
 TEST_F(OpenPlot, ValuesAreRoundedToEvenAndAzimuthsWrapped) {

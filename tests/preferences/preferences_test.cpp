@@ -257,7 +257,7 @@ TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifie
     ReplotActivePlot(true);
     RecordOf(rose).Modified = 0;
     RecordOf(fabric).Modified = 0;
-    const auto text = [this](int slot, PlotBox box) { return Form(slot).BoxText(box); };
+    const auto text = [this](int slot, PlotBox box) { return Form(slot).Told(box); };
     ASSERT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n(textbook: 045-225)\r\n"),
               std::string::npos);
     ASSERT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = 99999.00"), std::string::npos);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/grid_slider.h"
+#include "core/plot_texts.h"
 #include "core/replot.h"
 #include "platform/scripted/no_printers.h"
 #include "platform/scripted/recording_printer.h"
@@ -36,7 +37,7 @@ protected:
         record.LayerVisible.fill(kTrue);
         record.FabricText = fabric;
         record.DescriptionText = "Upper limb of the fold";
-        FormOf(slot).SetBoxText(PlotBox::StatsNormal, "No. of Data = 3\r\nMean = 12 - 345\r\n");
+        KeepNormalStatistics(slot, "No. of Data = 3\r\nMean = 12 - 345\r\n");
         return slot;
     }
 
@@ -176,13 +177,13 @@ TEST_F(PrintTest, SetsTextsSmallerWhereTheRoomIsNarrow) {
     for (int i = 0; i < 40; ++i) {
         text += "Line " + std::to_string(i) + "\r\n";
     }
-    FormOf(slot).SetBoxText(PlotBox::StatsNormal, text);
+    KeepNormalStatistics(slot, text);
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
     const auto& operations = PartWith("Line 39").surface.Operations();
     const double points = operations.back().state.font.points;
     EXPECT_GE(points, 4);
     EXPECT_LE(points, 8);
-    FormOf(slot).SetBoxText(PlotBox::StatsNormal, text + text + text + text + text + text);
+    KeepNormalStatistics(slot, text + text + text + text + text + text);
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
     EXPECT_EQ(PartWith("...").surface.Operations().back().text, "...");
 }

@@ -286,7 +286,7 @@ TEST_F(Recovery, AfterACrashPlotsComeBackUnsavedUnderTheirNames) {
     EXPECT_EQ(back.OverlayRows[1], 1);
     EXPECT_EQ(gDataDip(1, 1), 30);
     EXPECT_EQ(gDataAz(1, 3), 20);
-    EXPECT_EQ(FormOf(1).Caption().rfind("beds.qpx: 7", 0), 0U);
+    EXPECT_EQ(Form(1).Caption().rfind("beds.qpx: 7", 0), 0U);
     EXPECT_TRUE(gRecentFiles.empty());
 }
 

@@ -168,7 +168,7 @@ protected:
         }
         std::string bad = check.Bad();
         for (const PlotBox box : {PlotBox::StatsNormal, PlotBox::StatsAdvanced}) {
-            const std::string text = Form(gActivePlot).BoxText(box);
+            const std::string text = Form(gActivePlot).Told(box);
             if (HasNoNumber(text)) {
                 bad += text;
             }

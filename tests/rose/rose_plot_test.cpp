@@ -97,8 +97,8 @@ TEST_F(RosePlotTest, DrawsNothingWithoutRows) {
     RosePlot();
     EXPECT_TRUE(ActiveRose().wedges.empty());
     EXPECT_TRUE(DrawnOn(Form(gActivePlot).Plot()).empty());
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "No. of Data = 0\r\n");
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsAdvanced), "No. of Data = 0\r\n");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsNormal), "No. of Data = 0\r\n");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsAdvanced), "No. of Data = 0\r\n");
 }
 
 TEST_F(RosePlotTest, GivesEachDirectionItsPetal) {
@@ -139,9 +139,9 @@ TEST_F(RosePlotTest, MirrorsLines) {
 TEST_F(RosePlotTest, WritesBothStatisticsTexts) {
     AddFourRows();
     RosePlot();
-    EXPECT_NE(Form(gActivePlot).BoxText(PlotBox::StatsNormal).find("No. of Data = 4"),
+    EXPECT_NE(Form(gActivePlot).Told(PlotBox::StatsNormal).find("No. of Data = 4"),
               std::string::npos);
-    EXPECT_NE(Form(gActivePlot).BoxText(PlotBox::StatsAdvanced).find("kappa"), std::string::npos);
+    EXPECT_NE(Form(gActivePlot).Told(PlotBox::StatsAdvanced).find("kappa"), std::string::npos);
 }
 
 TEST_F(RosePlotTest, CountsAgainWhenRowsOrSettingsChange) {
@@ -380,7 +380,7 @@ TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
         RosePlot(false); // neither the question nor the fault
     }
     EXPECT_EQ(Record().RoseType, kRoseValue);
-    EXPECT_EQ(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "");
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsNormal), "");
     gActivePlot = first;
     {
         const DrawElsewhere elsewhere(page, legend);

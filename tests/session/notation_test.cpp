@@ -31,7 +31,7 @@ protected:
         return slot;
     }
 
-    static std::string BoxOf(int slot) { return Form(slot).BoxText(PlotBox::StatsNormal); }
+    static std::string BoxOf(int slot) { return Form(slot).Told(PlotBox::StatsNormal); }
 };
 
 TEST_F(NotationTest, AChangeShowsInTheStatisticsOfAllOpenPlotsAtOnce) {

@@ -45,7 +45,7 @@ protected:
         return slot;
     }
 
-    std::string Box(PlotBox box) const { return Form(gActivePlot).BoxText(box); }
+    std::string Box(PlotBox box) const { return Form(gActivePlot).Told(box); }
 };
 
 /// P steep, T level to the east and west: two fans of three, 20 degrees apart about 80/000 and

@@ -3,6 +3,7 @@
 // Both texts of small plots, with numbers worked out by hand.
 
 #include "core/data_format.h"
+#include "core/plot_texts.h"
 #include "core/replot.h"
 #include "orientation/angles.h"
 #include "statistics/fabric_statistics.h"
@@ -421,11 +422,31 @@ TEST_F(StatisticsTexts, AReplotWritesBothBoxesAnew) {
     FormOf(gActivePlot).SetBoxText(PlotBox::StatsNormal, "edited");
     FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, "edited");
     ReplotActivePlot(false);
-    EXPECT_EQ(FormOf(gActivePlot).BoxText(PlotBox::StatsNormal), StatsBoxText());
-    EXPECT_EQ(FormOf(gActivePlot).BoxText(PlotBox::StatsAdvanced), FabricBoxText());
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsNormal), StatsBoxText());
+    EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsAdvanced), FabricBoxText());
     AddRow(45, 45);
     ReplotActivePlot(false);
-    EXPECT_TRUE(HasLine(Form(gActivePlot).BoxText(PlotBox::StatsNormal), "No. of Data = 5"));
+    EXPECT_TRUE(HasLine(Form(gActivePlot).Told(PlotBox::StatsNormal), "No. of Data = 5"));
+}
+
+TEST_F(StatisticsTexts, AreKeptWithTheirPlotUntilItCloses) {
+    NewPlotOf(kLines);
+    const int first = gActivePlot;
+    AddFourLines();
+    EXPECT_EQ(StatisticsOf(PlotOf(first)).normal, "") << "nothing was worked out";
+    ReplotActivePlot(true);
+    const std::string normal = StatsBoxText();
+    const std::string advanced = FabricBoxText();
+    Form(first).SetBoxText(PlotBox::StatsNormal, "shown otherwise");
+    NewPlotOf(kLines);
+    ReplotActivePlot(true);
+    EXPECT_EQ(StatisticsOf(PlotOf(first)).normal, normal) << "whatever its window shows";
+    EXPECT_EQ(StatisticsOf(PlotOf(first)).advanced, advanced);
+    EXPECT_EQ(StatisticsInUse(PlotOf(first)), normal);
+    RecordOf(first).StatsBoxKind = 1;
+    EXPECT_EQ(StatisticsInUse(PlotOf(first)), advanced);
+    ReleasePlotSlot(first);
+    EXPECT_EQ(StatisticsOf(PlotOf(first)).normal, "");
 }
 
 } // namespace

@@ -19,11 +19,12 @@ public:
 
     void SetCaption(const std::string& caption) override { caption_ = caption; }
 
-    [[nodiscard]] std::string Caption() const override { return caption_; }
+    [[nodiscard]] const std::string& Caption() const { return caption_; }
 
     void SetBoxText(PlotBox box, const std::string& text) override { boxes_[box] = text; }
 
-    [[nodiscard]] std::string BoxText(PlotBox box) const override {
+    /// What the window was told last for a box.
+    [[nodiscard]] std::string Told(PlotBox box) const {
         const auto text = boxes_.find(box);
         return text == boxes_.end() ? std::string() : text->second;
     }
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] WindowPlace Place() const override { return place_; }
 
     void SetPlace(const WindowPlace& place) override { place_ = place; }
+
+    void PlaceBeside(const PlotForm& neighbour) override { neighbour_ = &neighbour; }
 
     void Show() override { ++timesShown_; }
 
@@ -42,6 +45,9 @@ public:
 
     [[nodiscard]] const RecordingSurface& Legend() const { return legend_; }
 
+    /// The window that this one was last placed beside.
+    [[nodiscard]] const PlotForm* Neighbour() const { return neighbour_; }
+
     [[nodiscard]] int TimesShown() const { return timesShown_; }
 
     [[nodiscard]] int TimesRaised() const { return timesRaised_; }
@@ -52,6 +58,7 @@ private:
     std::string caption_;
     std::map<PlotBox, std::string> boxes_;
     WindowPlace place_{0, 0, 0, 0, 0};
+    const PlotForm* neighbour_ = nullptr;
     int timesShown_ = 0;
     int timesRaised_ = 0;
 };

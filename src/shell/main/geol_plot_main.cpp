@@ -84,7 +84,6 @@ void GeolPlotMain::ConnectEngine() {
     gPlatform.prompts = prompts_.get();
     gPlatform.status = status_.get();
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
-    gPlaceBeside = [this](int slot, int neighbour) { PlaceBeside(slot, neighbour); };
     gSelectionChanged = [this] { SelectionChanged(); };
 }
 
@@ -111,10 +110,6 @@ void GeolPlotMain::ConnectChanges() {
         UpdatePaste();
         EndStatusText(std::exchange(clipboardText_, {}));
     });
-    ShowMenusFor(false);
-    UpdatePlotState();
-    UseReadablePlaceholders();
-    resize(1200, 760);
 }
 
 GeolPlotMain::~GeolPlotMain() {
@@ -124,7 +119,6 @@ GeolPlotMain::~GeolPlotMain() {
         PlotOf(slot).form.reset();
     }
     gPlatform.makePlotForm = {};
-    gPlaceBeside = {};
     gSelectionChanged = {};
     gPlatform.prompts = nullptr;
     gPlatform.status = nullptr;
@@ -282,13 +276,18 @@ void GeolPlotMain::ShowAtLastPlace() {
     }
 }
 
+void GeolPlotMain::CopyStatistics(std::string text) {
+    std::erase(text, '\r');
+    gPlatform.clipboard->SetText(text);
+}
+
 void GeolPlotMain::SetStatusText(const QString& text) {
     status_->SetText(text.toStdString());
 }
 
 void GeolPlotMain::EndStatusText(const QString& text) {
     // Texts that others have put there since stay.
-    if (!text.isEmpty() && panInfoLine->text() == text) {
+    if (!text.isEmpty() && status_->Text() == text) {
         SetStatusText({});
     }
 }
@@ -352,16 +351,6 @@ void GeolPlotMain::Activated(QMdiSubWindow* window) {
 void GeolPlotMain::ShowMenusFor(bool hasPlots) {
     menusHavePlots_ = hasPlots;
     menus_->FillBar(*menuBar(), hasPlots);
-}
-
-void GeolPlotMain::PlaceBeside(int slot, int neighbour) {
-    auto& form = static_cast<frmPlotForms&>(FormOf(slot));
-    const QRect beside = static_cast<const frmPlotForms&>(FormOf(neighbour)).geometry();
-    const QSize room = room_->viewport()->size();
-    QRect place = form.geometry();
-    place.moveTopLeft(
-        {LeftBeside(beside.left(), beside.width(), place.width(), room.width()), beside.top()});
-    form.Place(WithinRoom(place, room));
 }
 
 void GeolPlotMain::ArrangeWindows(int way) {

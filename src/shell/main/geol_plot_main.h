@@ -119,6 +119,8 @@ private:
     [[nodiscard]] bool CloseAll(Closing closing);
     void ExportImage();
     void CopyImage(bool legend);
+    /// With line ends as the window has them.
+    static void CopyStatistics(std::string text);
     void EditFormat();
     void ChooseDataFolder();
     void EditPreferences(int tab);
@@ -145,7 +147,6 @@ private:
     void UpdatePlotMenus();
     void PlaceIntro();
     void ArrangeWindows(int way);
-    void PlaceBeside(int slot, int neighbour);
     void ShowMenusFor(bool hasPlots);
     [[nodiscard]] frmPlotForms* ActiveForm() const;
 

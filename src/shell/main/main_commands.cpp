@@ -5,6 +5,7 @@
 #include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/replot.h"
 #include "core/settings.h"
 #include "core/settings_group.h"
@@ -189,12 +190,10 @@ void GeolPlotMain::ConnectFileCommands() {
 void GeolPlotMain::ConnectCopyCommands() {
     commands_->Connect("mnuFileCopyImage_0", [this] { CopyImage(false); });
     commands_->Connect("mnuFileCopyImage_1", [this] { CopyImage(true); });
-    commands_->Connect("mnuFileCopyStats_0", [this] {
-        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsNormal));
-    });
-    commands_->Connect("mnuFileCopyStats_1", [this] {
-        gPlatform.clipboard->SetText(ActiveForm()->BoxText(PlotBox::StatsAdvanced));
-    });
+    commands_->Connect("mnuFileCopyStats_0",
+                       [this] { CopyStatistics(StatisticsOf(ActivePlot()).normal); });
+    commands_->Connect("mnuFileCopyStats_1",
+                       [this] { CopyStatistics(StatisticsOf(ActivePlot()).advanced); });
 }
 
 void GeolPlotMain::ConnectEditCommands() {

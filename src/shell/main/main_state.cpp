@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/grid_slider.h"
 #include "core/plot_store.h"
+#include "core/plot_texts.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "drawing/plot_state.h"
@@ -97,7 +98,7 @@ void GeolPlotMain::UpdatePlotState() {
     UpdatePlotMenus();
     status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
     if (hasPlots && gMarqueeSlot == gActivePlot
-        && panInfoLine->text().toStdString() == StatusOfPlot(ActiveRecord())) {
+        && status_->Text().toStdString() == StatusOfPlot(ActiveRecord())) {
         ShowSelectionCount(); // a redraw has told of the plot, whose rows are still lit
     }
     menus_->RefreshRecent();
@@ -216,13 +217,11 @@ void GeolPlotMain::UpdatePlotMenus() {
     commands_->Of("mnuPlotAnnotation").setToolTip(QString::fromStdString(captions.annotationTip));
     commands_->Of("mnuViewToolbar")
         .setText(panToolbarBox_->isHidden() ? "Show &Toolbar" : "Hide &Toolbar");
-    const frmPlotForms* form = ActiveForm();
-    commands_->Enable("mnuViewAdvStats",
-                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
-    commands_->Enable("mnuFileCopyStats_0",
-                      form != nullptr && !form->BoxText(PlotBox::StatsNormal).empty());
-    commands_->Enable("mnuFileCopyStats_1",
-                      form != nullptr && !form->BoxText(PlotBox::StatsAdvanced).empty());
+    const PlotStatistics texts =
+        IsOpenSlot(gActivePlot) ? StatisticsOf(ActivePlot()) : PlotStatistics();
+    commands_->Enable("mnuViewAdvStats", !texts.normal.empty());
+    commands_->Enable("mnuFileCopyStats_0", !texts.normal.empty());
+    commands_->Enable("mnuFileCopyStats_1", !texts.advanced.empty());
     commands_->Enable("mnuViewUnplotted", HasUnplottedLines());
     commands_->Enable("mnuViewRawData", HasRawFiles());
 }

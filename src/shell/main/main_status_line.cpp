@@ -80,7 +80,7 @@ MainStatusLine::MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar)
 void MainStatusLine::SetText(std::string_view text) {
     const QString told = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     ToldOf(gActivePlot) = {told, {}};
-    label_.setText(told);
+    Show(told);
     ShowHints();
     if (gBusy) {
         // The event loop does not run during a step.
@@ -103,11 +103,16 @@ void MainStatusLine::FollowPlot(int slot, const QString& standingHint) {
     if (slot != slot_) {
         slot_ = slot;
         hint_.clear();
-        label_.setText(ToldOf(slot).text);
+        Show(ToldOf(slot).text);
     }
     DropWhatHoldsNoLonger(slot);
     ToldOf(kNoPlot) = {};
     ShowHints();
+}
+
+void MainStatusLine::Show(const QString& text) {
+    text_ = text;
+    label_.setText(text);
 }
 
 void MainStatusLine::DropWhatHoldsNoLonger(int slot) {
@@ -115,15 +120,15 @@ void MainStatusLine::DropWhatHoldsNoLonger(int slot) {
     if (!told.holds || told.holds()) {
         return;
     }
-    if (label_.text() == told.text) {
-        label_.clear();
+    if (text_ == told.text) {
+        Show({});
     }
     told = {};
 }
 
 void MainStatusLine::ShowHints() {
     const QString hint = hint_.isEmpty() ? standingHint_ : hint_;
-    hintLabel_.setText(hint == label_.text() ? QString() : hint);
+    hintLabel_.setText(hint == text_ ? QString() : hint);
 }
 
 void MainStatusLine::SetProgress(std::int64_t done, std::int64_t maximum) {

@@ -28,6 +28,9 @@ public:
 
     void SetTextWhile(std::string_view text, std::function<bool()> holds) override;
 
+    /// The text that is shown.
+    [[nodiscard]] const QString& Text() const { return text_; }
+
     /// Shows a hint until the next one; an empty one brings back what can be done with the plot.
     void ShowHint(const QString& hint);
 
@@ -41,12 +44,14 @@ public:
     [[nodiscard]] bool CancelRequested() override;
 
 private:
+    void Show(const QString& text);
     void DropWhatHoldsNoLonger(int slot);
     void ShowHints();
 
     QLabel& label_;
     QLabel& hintLabel_;
     int slot_ = 0; ///< the plot in front
+    QString text_;
     QString hint_;
     QString standingHint_;
     QProgressBar& bar_;

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "derive/derived_plots.h"
 #include "drawing/legend.h"
 #include "drawing/plot_state.h"
 #include "edit/selection/marquee.h"
@@ -171,10 +172,6 @@ void frmPlotForms::SetCaption(const std::string& caption) {
     setWindowTitle(QString::fromStdString(caption));
 }
 
-std::string frmPlotForms::Caption() const {
-    return windowTitle().toStdString();
-}
-
 void frmPlotForms::SetBoxText(PlotBox box, const std::string& text) {
     const QString shown = QString::fromStdString(text);
     switch (box) {
@@ -197,22 +194,6 @@ void frmPlotForms::SetBoxText(PlotBox box, const std::string& text) {
         txtStatsBox[1]->setPlainText(shown);
         break;
     }
-}
-
-std::string frmPlotForms::BoxText(PlotBox box) const {
-    switch (box) {
-    case PlotBox::NumberOfData:
-        return lblNumBox->text().toStdString();
-    case PlotBox::Fabric:
-        return txtFabricBox->text().toStdString();
-    case PlotBox::Description:
-        return txtDescBox->toPlainText().toStdString();
-    case PlotBox::StatsNormal:
-        return txtStatsBox[0]->toPlainText().toStdString();
-    case PlotBox::StatsAdvanced:
-        return txtStatsBox[1]->toPlainText().toStdString();
-    }
-    return {};
 }
 
 WindowPlace frmPlotForms::Place() const {
@@ -240,6 +221,16 @@ void frmPlotForms::SetPlace(const WindowPlace& place) {
     } else if (place.state == static_cast<int>(WindowState::Minimised)) {
         showMinimized();
     }
+}
+
+void frmPlotForms::PlaceBeside(const PlotForm& neighbour) {
+    const WindowPlace beside = neighbour.Place();
+    const QSize room = parentWidget() != nullptr ? parentWidget()->size() : size();
+    QRect place = geometry();
+    place.moveTopLeft({LeftBeside(beside.left / kUnitsPerPixel, beside.width / kUnitsPerPixel,
+                                  place.width(), room.width()),
+                       beside.top / kUnitsPerPixel});
+    Place(WithinRoom(place, room));
 }
 
 void frmPlotForms::Show() {

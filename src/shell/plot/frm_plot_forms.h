@@ -42,11 +42,10 @@ public:
     [[nodiscard]] Surface& PlotSurface() override;
     [[nodiscard]] Surface& LegendSurface() override;
     void SetCaption(const std::string& caption) override;
-    [[nodiscard]] std::string Caption() const override;
     void SetBoxText(PlotBox box, const std::string& text) override;
-    [[nodiscard]] std::string BoxText(PlotBox box) const override;
     [[nodiscard]] WindowPlace Place() const override;
     void SetPlace(const WindowPlace& place) override;
+    void PlaceBeside(const PlotForm& neighbour) override;
     void Show() override;
     void Raise() override;
     void Close() override;

@@ -130,7 +130,7 @@ protected:
 
     /// True when the statistics were written since this was asked last.
     [[nodiscard]] bool AreStatisticsWritten() {
-        const bool areWritten = FormOf(slot).BoxText(PlotBox::StatsAdvanced) != kOldText;
+        const bool areWritten = Form(slot).Told(PlotBox::StatsAdvanced) != kOldText;
         FormOf(slot).SetBoxText(PlotBox::StatsAdvanced, kOldText);
         return areWritten;
     }

@@ -160,8 +160,8 @@ TEST(RecordingForm, KeepsItsTextsAndSurfacesApart) {
     form.SetBoxText(PlotBox::Fabric, "S1");
     form.PlotSurface().SetPixel({1, 1}, kBlack);
     EXPECT_EQ(form.Caption(), "Plot 1");
-    EXPECT_EQ(form.BoxText(PlotBox::Fabric), "S1");
-    EXPECT_EQ(form.BoxText(PlotBox::Description), "");
+    EXPECT_EQ(form.Told(PlotBox::Fabric), "S1");
+    EXPECT_EQ(form.Told(PlotBox::Description), "");
     EXPECT_EQ(form.Plot().Operations().size(), 1U);
     EXPECT_TRUE(form.Legend().Operations().empty());
     form.PlotSurface().SetUserScale(kPlotScale);

@@ -2,6 +2,7 @@
 //
 // The main window: its controls, menus and keys, the start, the windows of the plots and the end.
 
+#include "core/plot_texts.h"
 #include "core/style_tables.h"
 #include "session/closing.h"
 #include "shell/controls/picture_box.h"
@@ -316,8 +317,7 @@ TEST_F(MainWindow, TheRoseStartOpensARose) {
     prompts.QueueOpenPath(WriteFile("a.txt", "10\t20\n"));
     QTest::mouseClick(intro.cmdStart[1], Qt::LeftButton);
     EXPECT_EQ(ActiveRecord().PlotKind, kRose);
-    EXPECT_NE(FormOf(gActivePlot).BoxText(PlotBox::StatsNormal).find("Sector angle"),
-              std::string::npos)
+    EXPECT_NE(StatisticsOf(ActivePlot()).normal.find("Sector angle"), std::string::npos)
         << "drawn as a rose";
     EXPECT_TRUE(Action("mnuPlotType_2").isChecked());
     EXPECT_TRUE(Action("mnuViewLegends_6").isEnabled());

@@ -143,8 +143,8 @@ TEST_F(MainCommands, DisplayButtonsShowAndHideTheBoxes) {
 
 TEST_F(MainCommands, StatisticsSwapTheirBoxes) {
     const frmPlotForms& form = FormOfSlot(OpenFile("a.txt"));
-    const std::string normal = form.BoxText(PlotBox::StatsNormal);
-    const std::string advanced = form.BoxText(PlotBox::StatsAdvanced);
+    const std::string normal = form.txtStatsBox[0]->toPlainText().toStdString();
+    const std::string advanced = form.txtStatsBox[1]->toPlainText().toStdString();
     EXPECT_NE(normal, advanced);
     EXPECT_TRUE(form.txtStatsBox[0]->isVisible());
     EXPECT_FALSE(form.txtStatsBox[1]->isVisible());

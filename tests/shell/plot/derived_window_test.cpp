@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_life.h"
+#include "core/plot_texts.h"
 #include "derive/kinematic_plots.h"
 #include "session/start.h"
 #include "support/main_window_test.h"
@@ -111,7 +112,8 @@ TEST_F(DerivedWindow, ContoursOverBothAxesAreRefusedAndTheButtonComesUp) {
     OpenFile("faults.txt", kFaults);
     Expect(kSenseQuestion, Button::Yes);
     Press("mnuKinematicPlots_0");
-    EXPECT_NE(FormOfSlot(gActivePlot).Caption().find("sense assumed"), std::string::npos);
+    EXPECT_NE(FormOfSlot(gActivePlot).windowTitle().toStdString().find("sense assumed"),
+              std::string::npos);
     Expect(kMixedAxesRefusal);
     Press("mnuPlotSymbols_5");
     EXPECT_FALSE(IsDown(5));
@@ -131,11 +133,11 @@ TEST_F(DerivedWindow, ARoseOfBothAxesIsRefusedWithoutItsDialog) {
 TEST_F(DerivedWindow, ANewNotationShowsInTheStatisticsOfAllPlotsAtOnce) {
     const int first = OpenFile("faults.txt", kFaults);
     const int second = OpenFile("others.txt", kFaults);
-    const std::string before = FormOfSlot(first).BoxText(PlotBox::StatsNormal);
+    const std::string before = StatisticsOf(PlotOf(first)).normal;
     AcceptFormat([](FormatAnswer&) { gConventions = 2; }, 1000);
     Press("mnuFileFormat");
-    EXPECT_NE(FormOfSlot(first).BoxText(PlotBox::StatsNormal), before);
-    EXPECT_NE(FormOfSlot(second).BoxText(PlotBox::StatsNormal), before);
+    EXPECT_NE(StatisticsOf(PlotOf(first)).normal, before);
+    EXPECT_NE(StatisticsOf(PlotOf(second)).normal, before);
 }
 
 TEST_F(DerivedWindow, ArrangingKeepsTheActivePlotOnTop) {

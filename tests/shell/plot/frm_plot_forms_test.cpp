@@ -29,7 +29,7 @@ protected:
 TEST_F(PlotWindow, ItsTextsStartAsHintsAndAreNoData) {
     EXPECT_EQ(form->txtDescBox->placeholderText(), "Data description");
     EXPECT_EQ(form->txtFabricBox->placeholderText(), "Fabric");
-    EXPECT_EQ(form->BoxText(PlotBox::Description), "");
+    EXPECT_EQ(form->txtDescBox->toPlainText(), "");
     EXPECT_EQ(ActiveRecord().DescriptionText, "");
     EXPECT_EQ(ActiveRecord().Modified, 0);
     Press("mnuFileLoad_3");
