@@ -117,7 +117,7 @@ std::string SetByWords(const Command& command) {
 using Act = std::function<std::string(const Command&)>;
 
 const std::map<std::string, Act>& Acts() {
-    static const FormatSettings first = CurrentFormat();
+    static const FormatSettings first = gSettings.format;
     static const std::map<std::string, Act> acts = {
         {"addpoint", [](const Command& c) { return ApplyAddPointArguments(c.arguments); }},
         {"annotate", [](const Command& c) { return ApplyAnnotateArguments(c.arguments); }},

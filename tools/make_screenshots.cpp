@@ -96,7 +96,7 @@ public:
         gPlatform.clipboard = &clipboard_;
         gPlatform.printers = &printers_;
         InitialiseApplication();
-        firstFormat_ = CurrentFormat();
+        firstFormat_ = gSettings.format;
         window = std::make_unique<GeolPlotMain>();
         gPlatform.prompts = &prompts_;
         prompts_.OnFormat([this](const FormatQuestion& question) { return Answer(question); });
@@ -128,16 +128,16 @@ public:
 
     /// The format dialog as it opens on an example, in a given format or in that of a first run.
     void Dialog(const QString& example, const std::string& format, const QString& name) {
-        const FormatSettings before = CurrentFormat();
+        const FormatSettings before = gSettings.format;
         FormatQuestion question;
         question.path = (examples_ + "/" + example).toStdString();
         question.command = "New";
         Apply(format);
-        question.columnHeadings = gFileHasHeadings;
+        question.columnHeadings = gSettings.format.hasHeadings;
         frmFileFormat dialog(question, window.get());
         dialog.show();
         Picture(dialog, name);
-        RestoreFormat(before);
+        gSettings.format = before;
     }
 
     std::unique_ptr<GeolPlotMain> window;
@@ -162,7 +162,7 @@ private:
             Apply(format->second);
         }
         FormatAnswer answer;
-        answer.columnHeadings = gFileHasHeadings;
+        answer.columnHeadings = gSettings.format.hasHeadings;
         return answer;
     }
 

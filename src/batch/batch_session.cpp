@@ -122,7 +122,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     InitialiseApplication();
     SetOutsideFiles(outside);
-    firstFormat_ = CurrentFormat();
+    firstFormat_ = gSettings.format;
 }
 
 BatchSession::~BatchSession() {

@@ -72,14 +72,6 @@ std::string TakeNames(const std::string& value, Draft& draft) {
     return draft.names.size() > kMostNames ? "there are eleven names at most" : "";
 }
 
-template <class Field>
-std::string TakeTruth(const std::string& value, Field& field) {
-    bool truth = false;
-    const std::string error = TakeName(kTruths, value, truth);
-    field = truth;
-    return error;
-}
-
 std::string TakeBackground(const std::string& value, Draft& draft) {
     draft.settings.background.reset();
     return value == "none" ? "" : TakeNumber(value, draft.settings.background.emplace());

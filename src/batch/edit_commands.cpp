@@ -72,7 +72,7 @@ std::string SelectByWords(const std::string& words) {
     if (ActiveRecord().PlotKind == kRose) {
         return "a rose has no places to select by: take all";
     }
-    KeptSelection former = KeepSelection();
+    Selection former = Selection::now;
     if (gActiveLayer == kAnnotationLayer) {
         former.marks = SelectedAnnotations();
     }

@@ -52,20 +52,19 @@ std::int16_t ConventionCode(const Draft& draft) {
 
 /// The defaults of all that the keys state, beside what they do not state.
 Draft FreshDraft(const FormatSettings& defaults) {
-    const FormatSettings current = CurrentFormat();
+    const FormatSettings current = gSettings.format;
     Draft draft;
     draft.format = defaults;
     draft.format.planeSeparator = current.planeSeparator;
     draft.format.lineSeparator = current.lineSeparator;
     draft.format.plotKind = current.plotKind;
-    draft.format.symbols = current.symbols;
     draft.decimalIsComma = gPlatform.decimalIsComma;
     return draft;
 }
 
 Draft DraftInForce(const StatedFormat& stated) {
     Draft draft;
-    draft.format = CurrentFormat();
+    draft.format = gSettings.format;
     draft.stated = stated;
     draft.decimalIsComma = gDecimalIsComma;
     return draft;
@@ -179,14 +178,12 @@ const Takers<Draft>& FormatTakers() {
              d.format.nonNumericName = v;
              return std::string();
          }},
-        {"header", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.format.hasHeadings); }},
+        {"header", [](auto& v, Draft& d) { return TakeTruth(v, d.format.hasHeadings); }},
         {"data", TakeDataKindName},
         {"upward", TakeUpward},
-        {"frequency",
-         [](auto& v, Draft& d) { return TakeName(kTruths, v, d.stated.frequencyColumn); }},
-        {"showsecondary",
-         [](auto& v, Draft& d) { return TakeName(kTruths, v, d.stated.showSecondary); }},
-        {"decimalcomma", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.decimalIsComma); }},
+        {"frequency", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.frequencyColumn); }},
+        {"showsecondary", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.showSecondary); }},
+        {"decimalcomma", [](auto& v, Draft& d) { return TakeTruth(v, d.decimalIsComma); }},
     };
     return takers;
 }
@@ -197,7 +194,7 @@ std::int16_t KindFollowing(const StatedFormat& stated) {
 }
 
 void Apply(const Draft& draft, StatedFormat& stated) {
-    RestoreFormat(draft.format);
+    gSettings.format = draft.format;
     gConventions = ConventionCode(draft);
     gDecimalIsComma = draft.decimalIsComma;
     stated = draft.stated;

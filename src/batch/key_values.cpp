@@ -8,8 +8,6 @@
 
 namespace quandrel {
 
-const Names kTruths = {{"yes", 1}, {"no", 0}};
-
 std::vector<std::string> SplitAtCommas(const std::string& text) {
     std::vector<std::string> parts(1);
     for (const char c : text) {

@@ -32,9 +32,6 @@ std::string ListOf(const std::map<std::string, Value>& names) {
 
 using Names = std::map<std::string, int>;
 
-/// yes and no.
-extern const Names kTruths;
-
 /// Takes a value by its name in a table. Gives what is wrong, or nothing.
 template <class Field>
 std::string TakeName(const Names& names, const std::string& value, Field& field) {
@@ -44,6 +41,12 @@ std::string TakeName(const Names& names, const std::string& value, Field& field)
     }
     field = static_cast<Field>(found->second);
     return {};
+}
+
+/// Takes yes or no.
+template <class Field>
+std::string TakeTruth(const std::string& value, Field& field) {
+    return TakeName({{"yes", 1}, {"no", 0}}, value, field);
 }
 
 /// Takes a whole number within bounds.

@@ -59,13 +59,13 @@ const Takers<RoseSettings>& RoseTakers() {
         {"bias", [](auto& v, Settings& s) { return TakeWhole(v, 0, 3, s.biasMode); }},
         {"sample", TakeSample},
         {"minangle", [](auto& v, Settings& s) { return TakeWhole(v, 1, 90, s.minBiasAngle); }},
-        {"useappended", [](auto& v, Settings& s) { return TakeName(kTruths, v, s.ownLines); }},
+        {"useappended", [](auto& v, Settings& s) { return TakeTruth(v, s.ownLines); }},
         {"fraction", [](auto& v, Settings& s) { return TakeWhole(v, 1, 100, s.sectorFraction); }},
         {"zero", [](auto& v, Settings& s) { return TakeWhole(v, 0, 90, s.zeroCircle); }},
         {"scale", TakeScale},
-        {"equalarea", [](auto& v, Settings& s) { return TakeName(kTruths, v, s.equalArea); }},
+        {"equalarea", [](auto& v, Settings& s) { return TakeTruth(v, s.equalArea); }},
         {"segshape", [](auto& v, Settings& s) { return TakeWhole(v, 0, 1, s.segShape); }},
-        {"outercircle", [](auto& v, Settings& s) { return TakeName(kTruths, v, s.outerCircle); }},
+        {"outercircle", [](auto& v, Settings& s) { return TakeTruth(v, s.outerCircle); }},
     };
     return takers;
 }

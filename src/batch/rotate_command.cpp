@@ -57,7 +57,7 @@ const Takers<Draft>& RotateTakers() {
              d.settings.sense = v;
              return std::string();
          }},
-        {"force", [](auto& v, Draft& d) { return TakeName(kTruths, v, d.settings.forceIntoBeds); }},
+        {"force", [](auto& v, Draft& d) { return TakeTruth(v, d.settings.forceIntoBeds); }},
     };
     return takers;
 }

@@ -18,11 +18,11 @@ constexpr const char* kAllLines = "all";
 class NonDataLinesSaved {
 public:
     explicit NonDataLinesSaved(bool all)
-        : former_(gSaveNonDataLines) {
-        gSaveNonDataLines = all;
+        : former_(gSettings.files.nonDataLines) {
+        gSettings.files.nonDataLines = all;
     }
 
-    ~NonDataLinesSaved() { gSaveNonDataLines = former_; }
+    ~NonDataLinesSaved() { gSettings.files.nonDataLines = former_; }
 
     NonDataLinesSaved(const NonDataLinesSaved&) = delete;
     NonDataLinesSaved& operator=(const NonDataLinesSaved&) = delete;
@@ -45,7 +45,7 @@ std::string SaveToFile(const Command& command) {
     if (lines && HasEnding(*path, ".qpx")) {
         return "lines=all is for text files: a plot file has all lines";
     }
-    const NonDataLinesSaved saved(gSaveNonDataLines || lines.has_value());
+    const NonDataLinesSaved saved(gSettings.files.nonDataLines || lines.has_value());
     return SavePlotAs(*path, SaveKind::SaveAs) == SaveOutcome::Saved
                ? std::string()
                : "'" + *path + "' was not saved";

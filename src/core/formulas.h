@@ -15,9 +15,6 @@ namespace quandrel {
 /// T. Lewis, B. J. J. Embleton (1987) and N. I. Fisher (1993) wherever the two differ.
 enum class Formulas : std::int16_t { Own = 0, Textbook = 1 };
 
-/// The choice in force, a preference.
-extern Formulas gFormulas;
-
 /// The name of a choice in scripts, settings and files: "own" or "textbook".
 [[nodiscard]] inline const char* NameOf(Formulas formulas) {
     return formulas == Formulas::Textbook ? "textbook" : "own";

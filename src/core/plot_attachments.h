@@ -8,6 +8,7 @@
 #include <memory>
 #include <typeindex>
 #include <unordered_map>
+#include <utility>
 
 namespace quandrel {
 
@@ -29,6 +30,12 @@ public:
     [[nodiscard]] const T* Find() const {
         const auto value = values_.find(typeid(T));
         return value == values_.end() ? nullptr : static_cast<const T*>(value->second.get());
+    }
+
+    /// The same, to be changed.
+    template <class T>
+    [[nodiscard]] T* Find() {
+        return const_cast<T*>(std::as_const(*this).Find<T>());
     }
 
     /// Forgets the value of a type.

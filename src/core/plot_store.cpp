@@ -16,12 +16,8 @@
 
 namespace quandrel {
 
-std::int16_t gMaxPlots = 10;
-std::int32_t gActivePlot = 0;
-bool gPlotTableFull = false;
-std::vector<std::int32_t> gSelectionRows;
-std::int16_t gActiveLayer = kDataLayer;
-bool gBusy = false;
+constinit StoreState StoreState::now;
+constinit Selection Selection::now;
 
 namespace {
 
@@ -36,20 +32,21 @@ constexpr double kTopOfDefaultClasses = 999999;
 
 void SetDefaultClasses(PlotRecord& record) {
     record.ClassTable = {};
-    record.ClassTable[kBaseRow] = gDefaultClassTable[kBaseRow];
-    record.ClassTable[kLowestRow] = gDefaultClassTable[kLowestRow];
+    record.ClassTable[kBaseRow] = gSettings.newPlots.classes[kBaseRow];
+    record.ClassTable[kLowestRow] = gSettings.newPlots.classes[kLowestRow];
     record.ClassTable[kTopRow][kNumberClasses] = kTopOfDefaultClasses;
     record.ClassTable[kTopRow][kTextNumberClasses] = kTopOfDefaultClasses;
     record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{1};
 }
 
 void SetDefaultRose(PlotRecord& record) {
-    record.RoseHistStyle = gRoseHistStyle;
-    record.RoseSegShape = gRoseSegShape;
-    record.RoseSectorFraction = gRoseSectorFraction;
-    record.RoseZeroCircle = gRoseZeroCircle;
-    record.RoseScaleType = gRoseScaleType;
-    record.RoseSectorSize = gRoseSectorSize;
+    const RoseDefaults& settings = gSettings.newPlots.rose;
+    record.RoseHistStyle = settings.histStyle;
+    record.RoseSegShape = settings.segShape;
+    record.RoseSectorFraction = settings.sectorFraction;
+    record.RoseZeroCircle = settings.zeroCircle;
+    record.RoseScaleType = settings.scaleType;
+    record.RoseSectorSize = settings.sectorSize;
     record.RoseDisplay6 = kTrue;
     record.RoseDisplay7 = kTrue;
     record.RoseMinBiasAngle = 5;
@@ -142,11 +139,8 @@ int CountOpenPlots() {
 void MakeStoreTables() {
     PlotSlots::Resize(0);
     PlotSlots::Resize(1);
-    gActivePlot = 0;
-    gPlotTableFull = false;
-    gSelectionRows.clear();
-    gBusy = false;
-    gActiveLayer = kDataLayer;
+    StoreState::now = {};
+    Selection::now = {};
 }
 
 int FindFreePlotSlot() {
@@ -166,9 +160,7 @@ int FindFreePlotSlot() {
 }
 
 void ReleasePlotSlot(int slot) {
-    if (gRowFollower.closed) {
-        gRowFollower.closed(slot);
-    }
+    TellOfClosing(slot);
     SetNewFVariables(slot);
     Plot& plot = PlotOf(slot);
     plot.record.PlotAnnotations.reset();
@@ -186,13 +178,14 @@ PlotRecord NewPlotRecord() {
     PlotRecord record;
     record.AppNumName = gFileAppNumName;
     record.AppNonNumName = gFileAppNonNumName;
-    record.StatsBoxKind = gStatsBoxKind;
+    record.StatsBoxKind = gSettings.newPlots.statsBoxKind;
     ResetAppendedRange(record);
     record.DataKind = gPlotDataKind;
     record.PrimaryFormat = gPrimaryDataType;
     record.PlotKind = gPlotKind;
-    record.LayerVisible = {0,     kTrue, kTrue,
-                           kTrue, kTrue, gStatisticsShown ? kTrue : std::int16_t{0}};
+    record.LayerVisible = {0,     kTrue,
+                           kTrue, kTrue,
+                           kTrue, gSettings.newPlots.statisticsShown ? kTrue : std::int16_t{0}};
     SetDefaultClasses(record);
     SetDefaultRose(record);
     SetStandingSmallCircles(record);

@@ -16,15 +16,32 @@
 
 #include "core/plot_rows.h"
 #include "core/plot_slots.h"
+#include "core/selection.h"
+#include "core/settings_value.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace quandrel {
 
-extern std::int16_t gMaxPlots;   ///< largest slot allowed
-extern std::int32_t gActivePlot; ///< the plot in focus, 0 when none is open
-extern bool gPlotTableFull;      ///< the last request for a slot found none
+/// The layer that the mouse edits.
+enum LayerCode : std::int16_t { kAnnotationLayer = 1, kDataLayer = 2 };
+
+/// What the store keeps besides the plots.
+struct StoreState {
+    std::int32_t activePlot = 0;           ///< the plot in focus, 0 when none is open
+    bool isFull = false;                   ///< the last request for a slot found none
+    std::int16_t activeLayer = kDataLayer; ///< LayerCode
+    bool isBusy = false;                   ///< button events do nothing while a long loop runs
+
+    static StoreState now;
+};
+
+inline constinit auto& gMaxPlots = gSettings.newPlots.maxPlots;
+inline constinit auto& gActivePlot = StoreState::now.activePlot;
+inline constinit auto& gPlotTableFull = StoreState::now.isFull;
+inline constinit auto& gActiveLayer = StoreState::now.activeLayer;
+inline constinit auto& gBusy = StoreState::now.isBusy;
+inline constinit auto& gSelectionRows = Selection::now.rows;
 
 // The parts of the plots by their slots. All are views on the plots.
 
@@ -48,17 +65,6 @@ inline constexpr DataColumn gAppLineDip(&PlotRows::lineDip);
 inline constexpr DataColumn gAppLineAz(&PlotRows::lineAzimuth);
 inline constexpr DataColumn gAppNumeric(&PlotRows::number);
 inline constexpr TextColumn gAppText;
-
-/// The list of selected data rows: point indices of gActivePlot.
-extern std::vector<std::int32_t> gSelectionRows;
-
-/// The layer that the mouse edits.
-enum LayerCode : std::int16_t { kAnnotationLayer = 1, kDataLayer = 2 };
-
-extern std::int16_t gActiveLayer; ///< LayerCode
-
-/// A set flag makes button events do nothing while a long loop runs.
-extern bool gBusy;
 
 /// Another plot as the active one for the length of a block.
 class PlotInWork {

@@ -11,8 +11,6 @@
 
 namespace quandrel {
 
-std::vector<std::string> gRecentFiles;
-
 namespace {
 
 /// The files as the store of this generation had them when they were last read or written.
@@ -20,16 +18,17 @@ std::vector<std::string> lastKept;
 
 void WriteAll() {
     SettingsStore& store = *gPlatform.settings;
-    store.Write(kApplicationName, kFileMenuArray, "0", std::to_string(gRecentFiles.size()));
+    store.Write(kApplicationName, kFileMenuArray, "0",
+                std::to_string(gSettings.files.recent.size()));
     for (std::size_t number = 1; number <= kMaxRecentFiles; ++number) {
         const std::string key = std::to_string(number);
-        if (number <= gRecentFiles.size()) {
-            store.Write(kApplicationName, kFileMenuArray, key, gRecentFiles[number - 1]);
+        if (number <= gSettings.files.recent.size()) {
+            store.Write(kApplicationName, kFileMenuArray, key, gSettings.files.recent[number - 1]);
         } else {
             store.Remove(kApplicationName, kFileMenuArray, key);
         }
     }
-    lastKept = gRecentFiles;
+    lastKept = gSettings.files.recent;
 }
 
 /// A list behind another, without those that are in it.
@@ -41,7 +40,7 @@ void Append(const std::vector<std::string>& more, std::vector<std::string>& file
     }
 }
 
-/// What other windows have opened since goes behind `first`, then what is in gRecentFiles.
+/// What other windows have opened since goes behind `first`, then what is in the list.
 void Merge(const std::string& first) {
     SettingsStore& store = *gPlatform.settings;
     (void)store.Sync(); // a store that cannot be written is told of at the end of the session
@@ -50,12 +49,12 @@ void Merge(const std::string& first) {
         files.push_back(first);
     }
     Append(StoredRecentFiles(store, kApplicationName), files);
-    Append(gRecentFiles, files);
-    gRecentFiles = std::move(files);
+    Append(gSettings.files.recent, files);
+    gSettings.files.recent = std::move(files);
 }
 
 void CutAndWrite() {
-    gRecentFiles.resize(std::min(gRecentFiles.size(), kMaxRecentFiles));
+    gSettings.files.recent.resize(std::min(gSettings.files.recent.size(), kMaxRecentFiles));
     WriteAll();
     (void)gPlatform.settings->Sync();
 }
@@ -79,12 +78,12 @@ std::vector<std::string> StoredRecentFiles(const SettingsStore& store, const cha
 }
 
 void LoadRecentFiles(const char* application) {
-    gRecentFiles = StoredRecentFiles(*gPlatform.settings, application);
+    gSettings.files.recent = StoredRecentFiles(*gPlatform.settings, application);
     lastKept = StoredRecentFiles(*gPlatform.settings, kApplicationName);
 }
 
 void SaveRecentFiles() {
-    if (gRecentFiles != lastKept) {
+    if (gSettings.files.recent != lastKept) {
         WriteAll();
     }
 }
@@ -96,7 +95,7 @@ void AddRecentFile(const std::string& path) {
 
 void RemoveRecentFile(const std::string& path) {
     Merge({});
-    std::erase(gRecentFiles, path);
+    std::erase(gSettings.files.recent, path);
     CutAndWrite();
 }
 

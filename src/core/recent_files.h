@@ -17,10 +17,10 @@ namespace quandrel {
 [[nodiscard]] std::vector<std::string> StoredRecentFiles(const SettingsStore& store,
                                                          const char* application);
 
-/// Reads gRecentFiles from the store.
+/// Reads the recent files (FileSettings) from the store.
 void LoadRecentFiles(const char* application);
 
-/// Writes gRecentFiles if they are no longer those that were last read or written.
+/// Writes the recent files if they are no longer those that were last read or written.
 void SaveRecentFiles();
 
 /// Takes a file out of the list, in the store too.

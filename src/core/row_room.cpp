@@ -2,14 +2,14 @@
 
 #include "core/row_room.h"
 
+#include "platform/platform.h"
+
 #include <algorithm>
 #include <limits>
 #include <new>
 #include <stdexcept>
 
 namespace quandrel {
-
-std::int32_t gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
 
 namespace {
 
@@ -21,7 +21,7 @@ namespace {
 template <class Column, class... Rest>
 [[nodiscard]] bool GrowTogether(std::int32_t capacity, Column& column, Rest&... rest) {
     const std::int32_t rows = column.RowCount();
-    bool grown = capacity <= gRowLimit;
+    bool grown = capacity <= gPlatform.mostRows;
     if (grown) {
         try {
             column.Grow(capacity);
@@ -104,7 +104,7 @@ bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns, RoomA
         const std::int32_t more =
             ahead == RoomAhead::None
                 ? 0
-                : std::min(last / 2 + kLeastAhead, std::max(last, gRowLimit) - last);
+                : std::min(last / 2 + kLeastAhead, std::max(last, gPlatform.mostRows) - last);
         if (!GrowColumns(rows, last + more, columns.secondary)
             && !GrowColumns(rows, last, columns.secondary)) {
             return false;

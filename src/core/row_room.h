@@ -11,9 +11,6 @@
 
 namespace quandrel {
 
-/// The most rows that a column may hold; growing beyond counts as out of memory.
-extern std::int32_t gRowLimit;
-
 enum class AppendedColumn { Line = 0, Number = 1, Text = 2 };
 
 /// Lets the base columns hold rows up to `capacity`, and the secondary ones if they are to follow.

@@ -4,12 +4,10 @@
 
 #include "core/changed_settings.h"
 #include "core/data_format.h"
-#include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
 #include "core/setting_keys.h"
 #include "core/settings_table.h"
-#include "core/style_tables.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 
@@ -18,31 +16,6 @@
 #include <optional>
 
 namespace quandrel {
-
-bool gDecimalIsComma = false;
-WindowPlace gMainWindowPlace;
-bool gPlotWinLast = false;
-std::int16_t gPlotWidthPercent = 50;
-float gPlotAspect = 0.75F;
-std::string gPitchName = "pitch";
-std::string gFilesDirectory;
-std::string gLastUsedPath;
-std::string gLastUsedWorkSpacePath;
-std::string gLastUsedWorkSpaceFileName;
-std::string gLastUsedWSpaceFileTitle;
-std::string gLastUsedVersion = "9.4";
-bool gMIToolbarShow = true;
-bool gSaveNonDataLines = false;
-std::string gRoseScaleType = "tickauto";
-double gRoseSectorSize = 10;
-std::int16_t gRoseSectorFraction = 100;
-std::int16_t gRoseHistStyle = 0;
-std::int16_t gRoseSegShape = 0;
-std::int16_t gRoseZeroCircle = 0;
-std::int16_t gStatsBoxKind = 0;
-bool gStatisticsShown = true;
-Formulas gFormulas = Formulas::Own;
-Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
 
 namespace {
 
@@ -82,7 +55,7 @@ void ReadTable(const char* application) {
 void ForgetFolderOnce(const char* application) {
     SettingsStore& store = *gPlatform.settings;
     if (TruthOfSetting(store.Read(application, kStartUp, kFirstRunKey, kTrueText))) {
-        gFilesDirectory.clear();
+        gSettings.files.folder.clear();
         store.Write(kApplicationName, kStartUp, kFirstRunKey, kFalseText);
     }
 }
@@ -116,12 +89,12 @@ void SetDefaultSettings() {
             setting.take(setting.otherwise);
         }
     }
-    gRecentFiles.clear();
+    gSettings.files.recent.clear();
     gPlotKind = kEqualArea;
     gPlotDataKind = kPlanes;
-    gFileHasHeadings = false;
-    gStatsBoxKind = 0;
-    gStatisticsShown = true;
+    gSettings.format.hasHeadings = false;
+    gSettings.newPlots.statsBoxKind = 0;
+    gSettings.newPlots.statisticsShown = true;
 }
 
 bool TruthOfSetting(const std::string& text) {

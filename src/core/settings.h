@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// The user's settings: the globals that last from run to run, and how they are read and saved. The
-// settings of the data format stand in data_format.h, the style tables in style_tables.h.
+// How the user's settings (settings_value.h) are read and saved, and given names for parts of them.
 
 #pragma once
 
-#include "core/plot_record.h"
 #include "core/style_tables.h"
-#include "platform/window_place.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace quandrel {
 
@@ -44,41 +39,15 @@ inline constinit auto& gRoseAxesStyle = gSettings.styles.roseAxesStyle;
 inline constinit auto& gRoseOuterCircle = gSettings.styles.roseOuterCircle;
 inline constinit auto& gShowIsolatedPts = gSettings.styles.showIsolatedPts;
 
-/// Non-zero when the regional decimal delimiter is a comma.
-extern bool gDecimalIsComma;
-
-extern WindowPlace gMainWindowPlace;
-extern bool gPlotWinLast;              ///< a new plot window takes the size of the last one
-extern std::int16_t gPlotWidthPercent; ///< width of a new plot window, per cent of the main window
-extern float gPlotAspect;              ///< its height over its width
-extern std::string gPitchName;         ///< "pitch" or "rake"
-extern std::string gFilesDirectory;    ///< default data folder; empty: where the last file was
-extern std::string gLastUsedPath;
-extern std::string gLastUsedWorkSpacePath;
-extern std::string gLastUsedWorkSpaceFileName;
-extern std::string gLastUsedWSpaceFileTitle;
-extern std::string gLastUsedVersion;
-extern bool gMIToolbarShow;
-extern bool gSaveNonDataLines; ///< texts of plots have the lines that are no data too
-
-extern std::string gRoseScaleType;
-extern double gRoseSectorSize;           ///< degrees
-extern std::int16_t gRoseSectorFraction; ///< per cent
-extern std::int16_t gRoseHistStyle;
-extern std::int16_t gRoseSegShape;
-extern std::int16_t gRoseZeroCircle; ///< per cent
-
-extern std::int16_t gStatsBoxKind; ///< statistics box of new plots: 0 normal, other advanced
-extern bool gStatisticsShown;      ///< the statistics of new plots are shown
+// Views on the other settings; those of the data format are in data_format.h.
+inline constinit auto& gDecimalIsComma = gSettings.notation.decimalIsComma;
+inline constinit auto& gPlotWinLast = gSettings.windows.plotWinLast;
+inline constinit auto& gPlotWidthPercent = gSettings.windows.plotWidthPercent;
+inline constinit auto& gPlotAspect = gSettings.windows.plotAspect;
+inline constinit auto& gRoseSectorSize = gSettings.newPlots.rose.sectorSize;
+inline constinit auto& gRoseSectorFraction = gSettings.newPlots.rose.sectorFraction;
 
 inline constexpr std::size_t kMaxRecentFiles = 6;
-
-/// Paths of the files last opened, the last one first.
-extern std::vector<std::string> gRecentFiles;
-
-/// The class table that new plots start from.
-extern Table<TaggedValue, kClassRows, 3> gDefaultClassTable;
-
 inline constexpr std::int16_t kStartMaxPlots = 10;
 inline constexpr std::int16_t kMostPlots = 99;
 inline constexpr int kWidestLine = 20; ///< draw width of a style, logical pixels

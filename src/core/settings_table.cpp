@@ -6,6 +6,7 @@
 #include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/setting_keys.h"
+#include "core/settings_value.h"
 #include "core/style_tables.h"
 #include "orientation/number_text.h"
 
@@ -121,7 +122,7 @@ Setting Words(Place place, std::string& value, const char* otherwise = "") {
 /// The same setting, saved only while the main window is in its normal state.
 Setting OfNormalWindow(Setting setting) {
     setting.text = [text = setting.text] {
-        return gMainWindowPlace.state == 0 ? text() : std::nullopt;
+        return gSettings.windows.main.state == 0 ? text() : std::nullopt;
     };
     return setting;
 }
@@ -130,7 +131,7 @@ using Rows = std::vector<Setting>;
 
 void AddWindow(Rows& table) {
     constexpr WindowPlace kStart;
-    WindowPlace& place = gMainWindowPlace;
+    WindowPlace& place = gSettings.windows.main;
     const Range edge = {-kFarthestEdge, kFarthestEdge};
     const Range size = {0, kFarthestEdge};
     table.push_back(
@@ -169,27 +170,30 @@ void AddPlotWindow(Rows& table) {
 
 void AddFiles(Rows& table) {
     table.push_back(
-        Words({{Preferences, DataFolder}, kStartUp, "FilesDirectory"}, gFilesDirectory));
-    table.push_back(Words({{Session}, kStartUp, "LastUsedPath"}, gLastUsedPath));
-    table.push_back(Words({{Session}, kStartUp, "LastUsedWorkSpacePath"}, gLastUsedWorkSpacePath));
+        Words({{Preferences, DataFolder}, kStartUp, "FilesDirectory"}, gSettings.files.folder));
+    table.push_back(Words({{Session}, kStartUp, "LastUsedPath"}, gSettings.files.lastFolder));
     table.push_back(
-        Words({{Session}, kStartUp, "LastUsedWorkSpaceFileName"}, gLastUsedWorkSpaceFileName));
+        Words({{Session}, kStartUp, "LastUsedWorkSpacePath"}, gSettings.files.workspaceFolder));
     table.push_back(
-        Words({{Session}, kStartUp, "LastUsedWSpaceFileTitle"}, gLastUsedWSpaceFileTitle));
+        Words({{Session}, kStartUp, "LastUsedWorkSpaceFileName"}, gSettings.files.workspaceName));
+    table.push_back(
+        Words({{Session}, kStartUp, "LastUsedWSpaceFileTitle"}, gSettings.files.workspaceTitle));
 }
 
 Setting ChoiceOfFormulas() {
     return SettingOf(
         {{Preferences}, kStartUp, "Formulas"}, NameOf(Formulas::Own),
         [](const std::string& text) {
-            gFormulas = text == NameOf(Formulas::Textbook) ? Formulas::Textbook : Formulas::Own;
+            gSettings.notation.formulas =
+                text == NameOf(Formulas::Textbook) ? Formulas::Textbook : Formulas::Own;
         },
-        [] { return std::string(NameOf(gFormulas)); });
+        [] { return std::string(NameOf(gSettings.notation.formulas)); });
 }
 
 void AddPreferences(Rows& table) {
     const Range anyShort = {kLeastShort, kMostShort};
-    table.push_back(Words({{Preferences}, kStartUp, "PitchName"}, gPitchName, "pitch"));
+    table.push_back(
+        Words({{Preferences}, kStartUp, "PitchName"}, gSettings.notation.pitchName, "pitch"));
     table.push_back(
         WholeNumber({{Preferences}, kStartUp, "PlotAxesStyle"}, gPlotAxesStyle, 0, anyShort));
     table.push_back(
@@ -200,7 +204,8 @@ void AddPreferences(Rows& table) {
     table.push_back(Truth({{Preferences}, kStartUp, "ConvertDecimals"}, gConvertDecimals, false));
     table.push_back(
         Truth({{Preferences}, kStartUp, "ShowNorth"}, gSettings.styles.showNorth, false));
-    table.push_back(Truth({{Preferences}, kStartUp, "SaveNonDataLines"}, gSaveNonDataLines, false));
+    table.push_back(
+        Truth({{Preferences}, kStartUp, "SaveNonDataLines"}, gSettings.files.nonDataLines, false));
     table.push_back(ChoiceOfFormulas());
     table.push_back(WholeNumber({{Preferences}, kSymbolArray, "gShowIsolatedPts"}, gShowIsolatedPts,
                                 0, {-1, 1}));
@@ -217,12 +222,15 @@ Setting SectorSize() {
 }
 
 void AddSession(Rows& table) {
-    table.push_back(Words({{Session}, kStartUp, "LastUsedVersion"}, gLastUsedVersion, "9.4"));
+    table.push_back(
+        Words({{Session}, kStartUp, "LastUsedVersion"}, gSettings.files.lastVersion, "9.4"));
     table.back().text = [] { return std::string(kVersionText); };
     table.push_back(WholeNumber({{PlotCount}, kStartUp, kMaxPlotsKey}, gMaxPlots, kStartMaxPlots,
                                 {1, kMostPlots}));
-    table.push_back(Truth({{Session}, kStartUp, "MIToolbarShow"}, gMIToolbarShow, true));
-    table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gRoseScaleType, "tickauto"));
+    table.push_back(
+        Truth({{Session}, kStartUp, "MIToolbarShow"}, gSettings.windows.mapToolbar, true));
+    table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
+                          "tickauto"));
     table.push_back(SectorSize());
     table.push_back(WholeNumber({{Session}, kStartUp, "gRoseSectorFraction"}, gRoseSectorFraction,
                                 100, {1, 100}));
@@ -248,10 +256,10 @@ Setting NegativePlungeSetting() {
     return SettingOf(
         {{Conventions}, kDataFormats, "NegativePlunge"}, "0",
         [](const std::string& text) {
-            gNegativePlunge =
+            gSettings.format.negativePlunge =
                 ReadNumber(text) == 1 ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
         },
-        [] { return TextOfNumber(static_cast<double>(gNegativePlunge)); });
+        [] { return TextOfNumber(static_cast<double>(gSettings.format.negativePlunge)); });
 }
 
 void AddDataFormat(Rows& table) {
@@ -312,7 +320,7 @@ void AddBetaStyle(Rows& table) {
     const auto add = [&table](const char* key, std::int16_t& value, double highest) {
         Setting setting = BuiltNumber({{Preferences}, kSymbolArray, key}, value, {0, highest});
         setting.take = [take = setting.take](const std::string& text) {
-            if (ParseNumber(gLastUsedVersion) >= kFirstVersionWithBetaStyle) {
+            if (ParseNumber(gSettings.files.lastVersion) >= kFirstVersionWithBetaStyle) {
                 take(text);
             }
         };
@@ -375,9 +383,9 @@ void AddFonts(Rows& table) {
 }
 
 void AddClasses(Rows& table) {
-    for (std::size_t column = 0; column < gDefaultClassTable[0].size(); ++column) {
-        for (std::size_t row = 0; row < gDefaultClassTable.size(); ++row) {
-            TaggedValue& value = gDefaultClassTable[row][column];
+    for (std::size_t column = 0; column < gSettings.newPlots.classes[0].size(); ++column) {
+        for (std::size_t row = 0; row < gSettings.newPlots.classes.size(); ++row) {
+            TaggedValue& value = gSettings.newPlots.classes[row][column];
             table.push_back(SettingOf(
                 {{Session}, kDataClassifArray, ClassKey(row, column)}, "0",
                 [&value](const std::string& text) {

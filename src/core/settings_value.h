@@ -5,12 +5,81 @@
 
 #pragma once
 
+#include "core/format_settings.h"
+#include "core/formulas.h"
+#include "core/plot_record.h"
 #include "core/styles.h"
+#include "platform/window_place.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 namespace quandrel {
 
+/// How numbers and results are read and written.
+struct NotationSettings {
+    bool decimalIsComma = false;     ///< the regional decimal delimiter is a comma
+    bool convertDecimals = false;    ///< appended numbers with the other delimiter are converted
+    std::string pitchName = "pitch"; ///< or "rake"
+    Formulas formulas = Formulas::Own;
+};
+
+/// Windows as they open.
+struct WindowSettings {
+    WindowPlace main;
+    bool plotWinLast = false;           ///< a new plot window takes the size of the last one
+    std::int16_t plotWidthPercent = 50; ///< of a new plot window, per cent of the main window
+    float plotAspect = 0.75F;           ///< its height over its width
+    bool mapToolbar = true;             ///< the toolbar of a map link is shown
+};
+
+/// Files and folders.
+struct FileSettings {
+    std::string folder; ///< default data folder; empty: where the last file was
+    std::string lastFolder;
+    std::string workspaceFolder; ///< of the last workspace
+    std::string workspaceName;
+    std::string workspaceTitle;
+    std::string lastVersion = "9.4"; ///< of the program that saved the settings
+    bool nonDataLines = false;       ///< texts of plots have the lines that are no data too
+    std::vector<std::string> recent; ///< paths of the files last opened, the last one first
+};
+
+/// Roses of new plots.
+struct RoseDefaults {
+    std::string scaleType = "tickauto";
+    double sectorSize = 10;            ///< degrees
+    std::int16_t sectorFraction = 100; ///< per cent
+    std::int16_t histStyle = 0;
+    std::int16_t segShape = 0;
+    std::int16_t zeroCircle = 0; ///< per cent
+};
+
+/// What new plots start with.
+struct NewPlotSettings {
+    std::int16_t maxPlots = 10;    ///< largest slot allowed
+    std::int16_t statsBoxKind = 0; ///< statistics box: 0 normal, other advanced
+    bool statisticsShown = true;
+    RoseDefaults rose;
+    Table<TaggedValue, kClassRows, 3> classes;
+};
+
 struct Settings {
     Styles styles;
+    FormatSettings format{.delimiter = "\t",
+                          .planeSeparator = "/",
+                          .lineSeparator = "-",
+                          .primary = kPrimaryPlane,
+                          .numericName = "value",
+                          .nonNumericName = "type",
+                          .columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9},
+                          .plotDataKind = kPlanes,
+                          .plotKind = kEqualArea};
+    NotationSettings notation;
+    WindowSettings windows;
+    FileSettings files;
+    NewPlotSettings newPlots;
 };
 
 /// The settings in force.

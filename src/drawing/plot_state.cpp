@@ -122,7 +122,7 @@ void ShowPlotPart(int button, bool on) {
     PlotRecord& record = ActiveRecord();
     ShownFlag(record, button) = on ? kTrue : std::int16_t{0};
     if (button == kShowStatistics) {
-        gStatisticsShown = on;
+        gSettings.newPlots.statisticsShown = on;
     }
     const bool isOfRose = button >= kShowRoseScale;
     if (isOfRose ? record.PlotKind == kRose : button == kShowLegend) {
@@ -162,8 +162,8 @@ void ReleaseGridSlider() {
 }
 
 void UseAdvancedStatistics(bool advanced) {
-    gStatsBoxKind = advanced ? kTrue : std::int16_t{0};
-    ActiveRecord().StatsBoxKind = gStatsBoxKind;
+    gSettings.newPlots.statsBoxKind = advanced ? kTrue : std::int16_t{0};
+    ActiveRecord().StatsBoxKind = gSettings.newPlots.statsBoxKind;
 }
 
 } // namespace quandrel

@@ -119,7 +119,7 @@ private:
         // When asked again, the dialog shows what the user left.
         question.showSecondary = asked_ ? answer_.plotSecondary : items_.S.value_or(false);
         question.frequencyColumn = answer_.frequencyColumn;
-        question.columnHeadings = gFileHasHeadings;
+        question.columnHeadings = gSettings.format.hasHeadings;
         const bool isClear = saysAll_ && !asked_;
         asked_ = true;
         if (isClear && !items_.T) {
@@ -131,7 +131,7 @@ private:
                     : gPlatform.prompts->AskFormat(question);
         if (answer) {
             answer_ = *answer;
-            gFileHasHeadings = answer->columnHeadings;
+            gSettings.format.hasHeadings = answer->columnHeadings;
         }
         return answer.has_value();
     }
@@ -253,7 +253,7 @@ private:
 
     [[nodiscard]] LinePass PassFromGlobals() const {
         LinePass pass;
-        pass.skipHeading = gFileHasHeadings;
+        pass.skipHeading = gSettings.format.hasHeadings;
         pass.target.overlay = record_.OverlayRows[kOverlayCount];
         if (record_.SecondaryFormat != kNoSecondary) {
             pass.target.secondaryFormat = gSecondaryDataType;
@@ -313,16 +313,16 @@ private:
         PassEnd end = PassEnd::Left;
         gBusy = true;
         try {
-            end = LoadDataLines(text, pass, gLastLoad, heading);
+            end = LoadDataLines(text, pass, LastLoad(), heading);
         } catch (const std::exception& error) {
-            ReportLoadFailure(gLastLoad, error.what());
+            ReportLoadFailure(LastLoad(), error.what());
         }
         gBusy = false;
         if (reportBadLines) {
-            gLastLoad.missingFiles = missingFiles_; // named once, with the file that names them
+            LastLoad().missingFiles = missingFiles_; // named once, with the file that names them
         }
         if (end == PassEnd::Done) {
-            ReportLoadSummary(gLastLoad);
+            ReportLoadSummary(LastLoad());
         }
         if (isFirst) {
             record_.FileHeadLine = heading;
@@ -337,15 +337,15 @@ private:
         countsBefore_ = CountsOf(record_);
         for (;;) {
             const PassEnd end = RunPass(text, true);
-            if (end == PassEnd::Left || (end == PassEnd::Done && !LoadFailed(gLastLoad))) {
-                goOn_ = end == PassEnd::Done && !gLastLoad.cancelled && !gLastLoad.outOfMemory;
+            if (end == PassEnd::Left || (end == PassEnd::Done && !LoadFailed(LastLoad()))) {
+                goOn_ = end == PassEnd::Done && !LastLoad().cancelled && !LastLoad().outOfMemory;
                 break;
             }
             if (!AskFormatAgain()) {
                 return false;
             }
         }
-        if (gLastLoad.rowsValid == 0) {
+        if (LastLoad().rowsValid == 0) {
             DropRows();
             return false;
         }
@@ -368,13 +368,13 @@ private:
                 continue;
             }
             if (const Result<std::string> text = ReadTextBytes(further)) {
-                const LoadCounters first = gLastLoad;
-                goOn_ = RunPass(*text, false) == PassEnd::Done && !gLastLoad.cancelled
-                        && !gLastLoad.outOfMemory;
+                const LoadCounters first = LastLoad();
+                goOn_ = RunPass(*text, false) == PassEnd::Done && !LastLoad().cancelled
+                        && !LastLoad().outOfMemory;
                 MarkRows();
                 AddToPlot(further);
-                gLastLoad.missingFiles = first.missingFiles;
-                AddCounters(first, gLastLoad);
+                LastLoad().missingFiles = first.missingFiles;
+                AddCounters(first, LastLoad());
             }
         }
     }
@@ -406,14 +406,14 @@ OwnFilesWithoutDialog::~OwnFilesWithoutDialog() {
 }
 
 std::string ReadTextFile(const std::string& command, const std::string& path) {
-    const FormatSettings formerFormat = CurrentFormat();
+    const FormatBefore formerFormat;
     const PlotBeforeLoad formerState = StateOf(ActiveRecord());
     TextLoad load(command, path);
     if (load.Run()) {
-        KeepLoad(ActivePlot(), gLastLoad);
+        KeepLoad(ActivePlot(), LastLoad());
         return command;
     }
-    RestoreFormat(formerFormat);
+    formerFormat.PutBack();
     RestoreState(ActivePlot(), formerState);
     gPlatform.status->SetText("Nothing was loaded from " + FileTitleOf(path));
     return kLoadError;

@@ -58,7 +58,7 @@ void NameSecondary(const FormatChoice& choice, std::array<std::string, kColumnSl
     std::string& azimuth = names[kSlotSecondaryDirection];
     switch (choice.secondary) {
     case kPitchInPlane:
-        azimuth = gPitchName;
+        azimuth = gSettings.notation.pitchName;
         break;
     case kTrendInPlane:
         azimuth = "trend";
@@ -108,7 +108,7 @@ FormatChoice ChoiceOf(const FormatQuestion& question) {
     choice.numericName = gFileAppNumName;
     choice.nonNumericName = gFileAppNonNumName;
     choice.columns = gFileColumnSettings;
-    choice.negativePlunge = gNegativePlunge;
+    choice.negativePlunge = gSettings.format.negativePlunge;
     choice.columnHeadings = question.columnHeadings;
     const bool joins = JoinsRows(question);
     choice.plotSecondary = joins ? ActiveRecord().ShowSecondary != 0 : question.showSecondary;
@@ -142,8 +142,8 @@ void SetGlobalSettings(const FormatChoice& choice) {
     gFileAppNumName = choice.numericName;
     gFileAppNonNumName = choice.nonNumericName;
     gFileColumnSettings = choice.columns;
-    gFileHasHeadings = choice.columnHeadings;
-    gNegativePlunge = choice.negativePlunge;
+    gSettings.format.hasHeadings = choice.columnHeadings;
+    gSettings.format.negativePlunge = choice.negativePlunge;
     if (choice.plotDataKind != kNoDataKind) {
         gPlotDataKind = choice.plotDataKind;
     }

@@ -82,7 +82,7 @@ LineFormat LineFormatFromGlobals(bool hasOverlays) {
     format.decimalIsComma = gDecimalIsComma;
     format.convertDecimals = gConvertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
-    format.negativePlunge = gNegativePlunge;
+    format.negativePlunge = gSettings.format.negativePlunge;
     return format;
 }
 

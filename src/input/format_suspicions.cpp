@@ -388,7 +388,8 @@ std::vector<std::string> PlotMisfits(const FormatChoice& choice, const PlotRecor
 
 bool IsUnknownFile(const std::string& path, const std::vector<std::string>& lines) {
     const bool isRecent =
-        std::find(gRecentFiles.begin(), gRecentFiles.end(), path) != gRecentFiles.end();
+        std::find(gSettings.files.recent.begin(), gSettings.files.recent.end(), path)
+        != gSettings.files.recent.end();
     const bool hasParameters = std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
         return WithoutBlanks(line).starts_with('/');
     });

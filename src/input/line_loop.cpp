@@ -27,7 +27,7 @@ constexpr std::size_t kFewBlocks = 4;
 /// The number of lines of a text, by its line feeds.
 std::int32_t CountLines(std::string_view text) {
     const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
-    return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gRowLimit));
+    return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gPlatform.mostRows));
 }
 
 /// True for the lines that may come before the first row and before its heading.
@@ -40,7 +40,7 @@ bool IsOfHead(LineStatus status) {
 class LoadProgress {
 public:
     explicit LoadProgress(std::size_t bytes)
-        : progress_(static_cast<std::int64_t>(bytes), gTimeWithoutProgress) {}
+        : progress_(static_cast<std::int64_t>(bytes), gPlatform.timeWithoutProgress) {}
 
     /// False after the user has asked to end the load.
     [[nodiscard]] bool GoOn(std::size_t bytesDone) {
@@ -244,8 +244,6 @@ private:
 
 } // namespace
 
-std::chrono::milliseconds gTimeWithoutProgress{200};
-
 PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters& counters,
                       std::string& heading) {
     counters = {};
@@ -259,7 +257,7 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
     if (const std::int32_t lines = CountLines(text); lines > kFewLines) {
         Plot& plot = ActivePlot();
         const std::int32_t held = plot.record.NumLoadedData;
-        ReserveBlocks(plot, std::min(gRowLimit - held, lines) + held,
+        ReserveBlocks(plot, std::min(gPlatform.mostRows - held, lines) + held,
                       pass.target.secondaryFormat != 0);
     }
     bool goesOn = loop.TakeLines(text.substr(0, position), heading);

@@ -9,7 +9,6 @@
 #include "input/load_report.h"
 #include "platform/prompts.h"
 
-#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -23,9 +22,6 @@ struct LinePass {
     LineFormat format;
     RowTarget target;
 };
-
-/// A load that takes longer shows its progress and can be cancelled.
-extern std::chrono::milliseconds gTimeWithoutProgress;
 
 /// How a pass ended.
 enum class PassEnd { Done, Left, Retry };

@@ -11,8 +11,6 @@
 
 namespace quandrel {
 
-LoadCounters gLastLoad;
-
 namespace {
 
 constexpr std::size_t kLongestLineShown = 200;
@@ -163,6 +161,11 @@ std::string StoppedText(const LoadCounters& counters) {
 }
 
 } // namespace
+
+LoadCounters& LastLoad() {
+    static LoadCounters counters;
+    return counters;
+}
 
 bool CountsUpwardLines(const LineFormat& format, int overlay) {
     const PlotRecord& record = ActiveRecord();

@@ -36,8 +36,8 @@ struct LoadCounters {
     std::vector<std::string> missingFiles; ///< further files that were not found
 };
 
-/// The counters of the last load of a text file.
-extern LoadCounters gLastLoad;
+/// The counters of the last load of a text file, whether its rows came to stay or not.
+[[nodiscard]] LoadCounters& LastLoad();
 
 /// The counters of the last load of a text file into a plot; nothing when there was none.
 [[nodiscard]] const LoadCounters* LoadOf(const Plot& plot);

@@ -330,21 +330,21 @@ FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& i
 }
 
 OwnWordOnUpwardLines::OwnWordOnUpwardLines(const ParameterItems& items)
-    : former_(gNegativePlunge)
-    , ofText_(WithFormatItems(CurrentFormat(), items).negativePlunge) {}
+    : former_(gSettings.format.negativePlunge)
+    , ofText_(WithFormatItems(gSettings.format, items).negativePlunge) {}
 
 OwnWordOnUpwardLines::~OwnWordOnUpwardLines() {
-    if (gNegativePlunge == ofText_) {
-        gNegativePlunge = former_;
+    if (gSettings.format.negativePlunge == ofText_) {
+        gSettings.format.negativePlunge = former_;
     }
 }
 
 void ApplyFormatItems(const ParameterItems& items) {
-    RestoreFormat(WithFormatItems(CurrentFormat(), items));
+    gSettings.format = WithFormatItems(gSettings.format, items);
 }
 
 void ApplyNewPlotItems(const ParameterItems& items) {
-    RestoreFormat(WithNewPlotItems(CurrentFormat(), items));
+    gSettings.format = WithNewPlotItems(gSettings.format, items);
 }
 
 } // namespace quandrel

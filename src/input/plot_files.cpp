@@ -87,9 +87,7 @@ void RemoveLastOverlay(int slot) {
         TakeFileOut(record, path);
     }
     RemoveOverlay(plot);
-    if (gRowFollower.cut) {
-        gRowFollower.cut(slot, record.NumLoadedData);
-    }
+    FollowerOfRows().cut(slot, record.NumLoadedData);
     record.Modified = kTrue;
 }
 

@@ -5,8 +5,6 @@
 #include "core/letter_case.h"
 #include "core/plot_store.h"
 #include "core/row_links.h"
-#include "edit/rows/add_point.h"
-#include "edit/rows/edit_rows.h"
 #include "mapinfo/map_link.h"
 #include "stereo/plot_title.h"
 
@@ -15,8 +13,6 @@
 #include <utility>
 
 namespace quandrel {
-
-MIGeoLinks gMIGeoLinks;
 
 namespace {
 
@@ -110,48 +106,63 @@ void MIGeoLink::CutGeoRows(std::int32_t last) {
 }
 
 MIGeoLink& MIGeoLinks::Add(int slot, MIGeoLink link) {
-    return links_[slot] = std::move(link);
+    return PlotOf(slot).attachments.Of<MIGeoLink>() = std::move(link);
 }
 
 MIGeoLink* MIGeoLinks::Item(int slot) {
-    const auto found = links_.find(slot);
-    return found == links_.end() ? nullptr : &found->second;
+    Plot* const plot = PlotSlots::Find(slot);
+    return plot == nullptr ? nullptr : plot->attachments.Find<MIGeoLink>();
 }
 
 void MIGeoLinks::Remove(int slot) {
-    links_.erase(slot);
+    if (Plot* const plot = PlotSlots::Find(slot)) {
+        plot->attachments.Drop<MIGeoLink>();
+    }
 }
 
-int MIGeoLinks::SlotOfTable(std::string_view table) const {
-    const auto found = std::find_if(links_.begin(), links_.end(), [table](const auto& held) {
-        return EqualWithoutCase(held.second.MITableName, table);
-    });
-    return found == links_.end() ? 0 : found->first;
+std::map<int, MIGeoLink*> MIGeoLinks::NewEnum() {
+    std::map<int, MIGeoLink*> links;
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (MIGeoLink* const link = Item(slot)) {
+            links[slot] = link;
+        }
+    }
+    return links;
+}
+
+int MIGeoLinks::SlotOfTable(std::string_view table) {
+    for (const auto& [slot, link] : NewEnum()) {
+        if (EqualWithoutCase(link->MITableName, table)) {
+            return slot;
+        }
+    }
+    return 0;
 }
 
 void FollowRowsOfPlots() {
-    gLinkedTable = [](int slot) {
-        const MIGeoLink* link = gMIGeoLinks.Item(slot);
-        return link != nullptr ? link->MITableName : std::string();
-    };
-    gRowsLeaveLink = [](std::int32_t slot, std::span<const std::int32_t> rows) {
+    RowFollower follower;
+    follower.leave = [](int slot, std::span<const std::int32_t> rows) {
         if (MIGeoLink* link = gMIGeoLinks.Item(slot)) {
             link->RemoveGeoRows(rows);
         }
     };
-    gRowFollower.cut = [](int slot, std::int32_t last) {
+    follower.cut = [](int slot, std::int32_t last) {
         if (MIGeoLink* link = gMIGeoLinks.Item(slot)) {
             link->CutGeoRows(last);
         }
     };
-    gRowFollower.keep = [](int slot) -> std::shared_ptr<const void> {
+    follower.keep = [](int slot) -> std::shared_ptr<const void> {
         const MIGeoLink* link = gMIGeoLinks.Item(slot);
         return link == nullptr ? nullptr : std::make_shared<const MIGeoLink>(*link);
     };
-    gRowFollower.putBack = PutLinkBack;
-    gRowFollower.linkAgain = LinkAgain;
-    gRowFollower.closed = [](int slot) { gMIGeoLinks.Remove(slot); };
-    gRemoveGeoLink = [](std::int32_t slot) { RemoveGeoLink(slot); };
+    follower.putBack = PutLinkBack;
+    follower.unlink = RemoveGeoLink;
+    follower.linkAgain = LinkAgain;
+    follower.linkedTable = [](int slot) {
+        const MIGeoLink* link = gMIGeoLinks.Item(slot);
+        return link != nullptr ? link->MITableName : std::string();
+    };
+    ConnectRowFollower(std::move(follower));
 }
 
 void RemoveGeoLink(int slot) {
@@ -163,8 +174,8 @@ void RemoveGeoLink(int slot) {
 }
 
 void RemoveAllGeoLinks() {
-    while (gMIGeoLinks.Count() > 0) {
-        RemoveGeoLink(gMIGeoLinks.NewEnum().begin()->first);
+    for (const auto& [slot, link] : gMIGeoLinks.NewEnum()) {
+        RemoveGeoLink(slot);
     }
 }
 

@@ -3,8 +3,7 @@
 // The correspondence between rows of a plot and rows of a table of the map session.
 //
 // Rows of plots are point indices, rows of tables the session's numbers; both count from 1. The
-// links follow the rows of their plots when rows are removed or restored (core/row_links.h,
-// edit/rows/edit_rows.h).
+// links follow the rows of their plots when some of these go or come back (core/row_links.h).
 
 #pragma once
 
@@ -55,33 +54,29 @@ private:
     std::unordered_map<std::int32_t, std::int32_t> miRows_;  ///< by plot row
 };
 
-/// The links of all plots, at most one for each.
+/// The links of all plots; a plot has one at most, which is attached to it.
 class MIGeoLinks {
 public:
-    /// Gives a plot a link, replacing an existing one.
-    MIGeoLink& Add(int slot, MIGeoLink link);
+    /// Gives a plot a link, in the place of a former one.
+    static MIGeoLink& Add(int slot, MIGeoLink link);
 
     /// The link of a plot, or nullptr.
-    [[nodiscard]] MIGeoLink* Item(int slot);
+    [[nodiscard]] static MIGeoLink* Item(int slot);
 
-    [[nodiscard]] std::size_t Count() const { return links_.size(); }
+    [[nodiscard]] static std::size_t Count() { return NewEnum().size(); }
 
-    void Remove(int slot);
+    static void Remove(int slot);
 
-    /// All links, in the order of their slots.
-    [[nodiscard]] const std::map<int, MIGeoLink>& NewEnum() const { return links_; }
+    /// All links by their slots, in the order of these.
+    [[nodiscard]] static std::map<int, MIGeoLink*> NewEnum();
 
-    /// The first slot of a plot that is linked to a table, by its name in any case; 0 when there is
-    /// none.
-    [[nodiscard]] int SlotOfTable(std::string_view table) const;
-
-private:
-    std::map<int, MIGeoLink> links_;
+    /// The first slot of a plot that is linked to a table, by its name in any case; 0 for none.
+    [[nodiscard]] static int SlotOfTable(std::string_view table);
 };
 
-extern MIGeoLinks gMIGeoLinks;
+inline constexpr MIGeoLinks gMIGeoLinks;
 
-/// Makes links follow the rows of their plots and end with them. Called at start.
+/// From now on the links follow the rows of their plots. Called at start.
 void FollowRowsOfPlots();
 
 /// Removes the link of a plot, with its mark in the plot and in the plot's caption.

@@ -10,6 +10,7 @@
 #include "mapinfo/map_windows.h"
 #include "mapinfo/selection_link.h"
 #include "mapinfo/table_paste.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <array>
@@ -179,9 +180,9 @@ void UpdateMIMenus() {
 }
 
 void ShowMIToolbar(bool isShown) {
-    gMIToolbarShow = isShown;
-    if (gMapLinkPort.showToolbar) {
-        gMapLinkPort.showToolbar(isShown && gMapInfo != nullptr);
+    gSettings.windows.mapToolbar = isShown;
+    if (gPlatform.mapLink.showToolbar) {
+        gPlatform.mapLink.showToolbar(isShown && gMapInfo != nullptr);
     }
 }
 

@@ -16,8 +16,7 @@
 
 namespace quandrel {
 
-std::unique_ptr<MapInfoLink> gMapInfo;
-std::vector<std::string> gMITables = {""};
+MapLinkState MapLinkState::now;
 
 namespace {
 
@@ -77,8 +76,8 @@ void DropLink() {
         link->window.reset();
     }
     DropSession(std::move(link->MILink));
-    if (gMapLinkPort.showToolbar) {
-        gMapLinkPort.showToolbar(false);
+    if (gPlatform.mapLink.showToolbar) {
+        gPlatform.mapLink.showToolbar(false);
     }
 }
 
@@ -118,15 +117,15 @@ void EndAction() {
 
 void TellOfNoSession(const char* reason) {
     std::string text = std::string(reason) + "\nThe link will have to be abandoned.";
-    if (gMapLinkPort.sessions != nullptr) {
-        const std::string help = gMapLinkPort.sessions->Help();
+    if (gPlatform.mapLink.sessions != nullptr) {
+        const std::string help = gPlatform.mapLink.sessions->Help();
         text += help.empty() ? "" : "\n\n" + help;
     }
     (void)gPlatform.prompts->Ask({"MapInfo Linking...", text, Icon::Stop, Buttons::Ok});
 }
 
 std::uint64_t MainWindowHandle() {
-    return gMapLinkPort.mainWindow ? gMapLinkPort.mainWindow() : 0;
+    return gPlatform.mapLink.mainWindow ? gPlatform.mapLink.mainWindow() : 0;
 }
 
 /// Tells the session its windows, the custom tools and the shortcut menu.
@@ -138,8 +137,8 @@ void SetUpSession() {
 }
 
 [[nodiscard]] bool OpenLinkWindow() {
-    if (gMapLinkPort.openLinkWindow) {
-        gMapInfo->window = gMapLinkPort.openLinkWindow(MainWindowHandle());
+    if (gPlatform.mapLink.openLinkWindow) {
+        gMapInfo->window = gPlatform.mapLink.openLinkWindow(MainWindowHandle());
     }
     return gMapInfo->window != nullptr;
 }
@@ -149,8 +148,8 @@ void GreetUser() {
                     ? "Either use 'Window_Open New Mapper/Browser' or 'File_Open' menu to select a "
                       "MapInfo Table for linking"
                     : "Use 'File_Open' to select a MapInfo Table for linking");
-    if (gMIToolbarShow && gMapLinkPort.showToolbar) {
-        gMapLinkPort.showToolbar(true);
+    if (gSettings.windows.mapToolbar && gPlatform.mapLink.showToolbar) {
+        gPlatform.mapLink.showToolbar(true);
     }
 }
 
@@ -246,7 +245,7 @@ bool StartMapInfoLink() {
 }
 
 std::unique_ptr<MapInfoLink> OpenMapInfoSession() {
-    MapSessions* sessions = gMapLinkPort.sessions;
+    MapSessions* sessions = gPlatform.mapLink.sessions;
     std::unique_ptr<MapSession> session;
     if (sessions != nullptr) {
         session = sessions->FindRunning();

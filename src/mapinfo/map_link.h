@@ -59,11 +59,18 @@ private:
     void SessionEnded() override;
 };
 
-/// The link, or nothing.
-extern std::unique_ptr<MapInfoLink> gMapInfo;
+/// The link, and what is known of the session.
+struct MapLinkState {
+    std::unique_ptr<MapInfoLink> link;      ///< or nothing
+    std::vector<std::string> tables = {""}; ///< 1 is the first; element 0 is empty and always there
+    std::vector<std::string> rowList;       ///< the statements that were sent last, in their order
 
-/// The tables of the session: 1 is the first; element 0 is empty and always there.
-extern std::vector<std::string> gMITables;
+    static MapLinkState now;
+};
+
+inline constinit auto& gMapInfo = MapLinkState::now.link;
+inline constinit auto& gMITables = MapLinkState::now.tables;
+inline constinit auto& gMIRowList = MapLinkState::now.rowList;
 
 /// The start command: opens a session, sets it up, opens the link window. Reports all failures.
 /// @return true when a new link has been made

@@ -26,8 +26,6 @@
 
 namespace quandrel {
 
-std::vector<std::string> gMIRowList;
-
 namespace {
 
 constexpr const char* kSelectionFailed =
@@ -111,7 +109,7 @@ void AddRow(std::vector<MapRows>& found, const std::string& table, std::int32_t 
 /// The objects of the last search; nothing when the session's answers make no sense.
 std::optional<std::vector<MapRows>> FoundObjects(std::int64_t count) {
     std::vector<MapRows> found;
-    for (std::int64_t i = 1; i <= std::min<std::int64_t>(count, gRowLimit); ++i) {
+    for (std::int64_t i = 1; i <= std::min<std::int64_t>(count, gPlatform.mostRows); ++i) {
         const std::string call = "SearchInfo(" + std::to_string(i);
         const std::optional<std::string> table = MIEval(call + ",1)");
         const std::optional<std::int32_t> row = table ? EvalRow(call + ",2)") : std::nullopt;
@@ -137,7 +135,7 @@ std::optional<std::vector<MapRows>> SelectedObjects() {
         return std::nullopt;
     }
     MapRows found{*table, {}};
-    for (std::int64_t i = 1; i <= std::min<std::int64_t>(*count, gRowLimit); ++i) {
+    for (std::int64_t i = 1; i <= std::min<std::int64_t>(*count, gPlatform.mostRows); ++i) {
         if (!MIDo("Fetch Rec " + std::to_string(i) + " From Selection")) {
             return std::nullopt;
         }
@@ -287,7 +285,7 @@ void LinkSessionSelection(Origin origin) {
             TellFailure();
         } else if (!found->empty()) {
             LinkRows(*found, origin);
-        } else if (gMIGeoLinks.Item(gMarqueeSlot) != nullptr) {
+        } else if (gMIGeoLinks.Item(Selection::now.slot) != nullptr) {
             gSent = {};
             ClearSelection();
         }
@@ -310,7 +308,7 @@ std::vector<std::int32_t> SelectedTableRows(const MIGeoLink& link) {
 /// The selection that the session should have, by the selection in the plots: nothing when it does
 /// not concern the session's tables.
 std::optional<SentSelection> WantedSelection() {
-    const MIGeoLink* link = gMIGeoLinks.Item(gMarqueeSlot);
+    const MIGeoLink* link = gMIGeoLinks.Item(Selection::now.slot);
     if (link != nullptr) {
         return SentSelection{link->MITableName, SelectedTableRows(*link)};
     }

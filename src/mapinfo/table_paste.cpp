@@ -48,11 +48,11 @@ public:
             if (!IsMapInfoLinked()) {
                 break; // an incomplete table is not pasted
             }
-            if (end != PassEnd::Left && (end == PassEnd::Retry || LoadFailed(gLastLoad))) {
+            if (end != PassEnd::Left && (end == PassEnd::Retry || LoadFailed(LastLoad()))) {
                 DropRows();
                 continue;
             }
-            if (gLastLoad.rowsValid == 0) {
+            if (LastLoad().rowsValid == 0) {
                 break;
             }
             Finish();
@@ -68,7 +68,7 @@ private:
 
     [[nodiscard]] bool AskFormat() {
         gFileDelimiter = kTabs;
-        gFileHasHeadings = true;
+        gSettings.format.hasHeadings = true;
         FormatQuestion question;
         question.path = head_.Path();
         question.command = command_ == kMergeCommand ? kMergeCommand : kNewCommand;
@@ -85,7 +85,7 @@ private:
     /// Gives an empty plot the format, or asks whether rows of this kind may join the others.
     [[nodiscard]] bool SetUpPlot() {
         PastedFormat pasted;
-        pasted.settings = CurrentFormat();
+        pasted.settings = gSettings.format;
         pasted.dataKind = gPlotDataKind;
         pasted.showsSecondary = answer_.plotSecondary && gSecondaryDataType != kNoSecondary;
         if (!Joins()) {
@@ -136,13 +136,13 @@ private:
         PassEnd end = PassEnd::Left;
         gBusy = true;
         try {
-            end = ReadTableRows(table_, shape_, FormatOfRows(), target_, gLastLoad, link_);
+            end = ReadTableRows(table_, shape_, FormatOfRows(), target_, LastLoad(), link_);
         } catch (const std::exception& error) {
-            ReportLoadFailure(gLastLoad, error.what());
+            ReportLoadFailure(LastLoad(), error.what());
         }
         gBusy = false;
         if (end == PassEnd::Done && IsMapInfoLinked()) {
-            ReportLoadSummary(gLastLoad);
+            ReportLoadSummary(LastLoad());
         }
         return end;
     }
@@ -161,7 +161,7 @@ private:
         NamePlot();
         ForgetUndo(gActivePlot);
         ForgetRotation();
-        KeepLoad(plot_, gLastLoad);
+        KeepLoad(plot_, LastLoad());
         gMIGeoLinks.Add(gActivePlot, std::move(link_));
         record_.MapInfoLinked = kTrue;
     }
@@ -255,21 +255,21 @@ std::string Paste(const std::string& table, const std::string& command) {
         return kLoadError;
     }
     const bool isNewWindow = gActivePlot != formerPlot;
-    const FormatSettings formerFormat = CurrentFormat();
+    const FormatBefore former;
     const bool isPasted = TablePaste(table, command, *std::move(shape), head).Run();
     SetMIStatus("");
     // Settings made for the table do not apply to files.
     if (isPasted) {
-        gFileDelimiter = formerFormat.delimiter;
-        gFileHasHeadings = formerFormat.hasHeadings;
+        gFileDelimiter = former.format.delimiter;
+        gSettings.format.hasHeadings = former.format.hasHeadings;
         gPlotKind = kEqualArea;
         ReplotActivePlot(false);
-        if (gMapLinkPort.tablePlotted) {
-            gMapLinkPort.tablePlotted(command);
+        if (gPlatform.mapLink.tablePlotted) {
+            gPlatform.mapLink.tablePlotted(command);
         }
         return command;
     }
-    RestoreFormat(formerFormat);
+    former.PutBack();
     if (isNewWindow) {
         ClosePlot(gActivePlot);
         gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;

@@ -171,12 +171,12 @@ std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
 
 /// How a reader takes the lines of the text.
 LineFormat FormatOfOwnText() {
-    const FormatSettings inForce = CurrentFormat();
+    const FormatSettings inForce = gSettings.format;
     ParameterItems items = ParseParameterLine(BuildParameterLine(true));
     items.isOwnText = true;
-    RestoreFormat(WithNewPlotItems(WithFormatItems(inForce, items), items));
+    gSettings.format = WithNewPlotItems(WithFormatItems(inForce, items), items);
     const LineFormat format = LineFormatFromGlobals(false);
-    RestoreFormat(inForce);
+    gSettings.format = inForce;
     return format;
 }
 
@@ -261,7 +261,7 @@ void TellFailure(const PlotRecord& record, const std::string& path, const std::s
 /// Where the plot's own file is, or the last one that was opened.
 std::string FolderOfPlot(const PlotRecord& record) {
     return record.MainFiles.empty()
-               ? gLastUsedPath
+               ? gSettings.files.lastFolder
                : std::filesystem::path(record.MainFiles.front()).parent_path().string();
 }
 
@@ -298,7 +298,7 @@ std::string AsciiPlotText() {
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         if (DipOfRow(gActivePlot, row) != kErrorRow) {
             text += TextOfRow(record, row);
-        } else if (gSaveNonDataLines) {
+        } else if (gSettings.files.nonDataLines) {
             text += nonData.TextOfErrorRow(row);
         }
     }

@@ -15,9 +15,9 @@ namespace quandrel {
 
 /// The main rows of gActivePlot as a text file: head lines, the parameter line, then a line for
 /// each valid row with every value in a field of its own, parted by tabs. Planes are dip and dip
-/// direction, lines plunge and trend, numbers have a decimal point. With gSaveNonDataLines the
-/// lines of the plot's files that are no data stand in their places among them, but for parameter
-/// lines and the head of a file that the program wrote.
+/// direction, lines plunge and trend, numbers have a decimal point. With FileSettings::nonDataLines
+/// the lines of the plot's files that are no data stand in their places among them, but for
+/// parameter lines and the head of a file that the program wrote.
 [[nodiscard]] std::string AsciiPlotText();
 
 enum class SaveKind { Save, SaveAs, SaveAll };

@@ -60,10 +60,11 @@ bool NeedsNewPlot(const std::string& command) {
 }
 
 std::string StartFolder() {
-    if (!openedBefore && !gLastUsedPath.empty()) {
-        return gLastUsedPath;
+    if (!openedBefore && !gSettings.files.lastFolder.empty()) {
+        return gSettings.files.lastFolder;
     }
-    return gFilesDirectory.empty() && openedBefore ? gLastUsedPath : gFilesDirectory;
+    return gSettings.files.folder.empty() && openedBefore ? gSettings.files.lastFolder
+                                                          : gSettings.files.folder;
 }
 
 std::optional<std::string> AskForPath(const std::string& command) {
@@ -99,7 +100,7 @@ private:
 
 void RememberPath(const std::string& path) {
     openedBefore = true;
-    gLastUsedPath = std::filesystem::path(path).parent_path().string();
+    gSettings.files.lastFolder = std::filesystem::path(path).parent_path().string();
     filterIndex = HasEnding(path, kBinaryEnding) ? 3 : HasEnding(path, ".txt") ? 2 : 1;
 }
 

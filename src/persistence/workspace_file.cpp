@@ -149,9 +149,9 @@ Result<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
 }
 
 void Remember(const std::string& path) {
-    gLastUsedWorkSpacePath = fs::path(path).parent_path().string();
-    gLastUsedWorkSpaceFileName = path;
-    gLastUsedWSpaceFileTitle = FileTitleOf(path);
+    gSettings.files.workspaceFolder = fs::path(path).parent_path().string();
+    gSettings.files.workspaceName = path;
+    gSettings.files.workspaceTitle = FileTitleOf(path);
 }
 
 OpenedWorkspace lastOpened;
@@ -229,8 +229,8 @@ std::optional<std::string> WorkspaceFileDialog(WorkspaceDialog mode) {
     const bool isOpening = mode == WorkspaceDialog::Open;
     PathQuestion question;
     question.title = isOpening ? "Open WorkSpace:" : "Save WorkSpace as:";
-    question.folder = gLastUsedWorkSpacePath;
-    question.fileName = isOpening ? std::string() : gLastUsedWSpaceFileTitle;
+    question.folder = gSettings.files.workspaceFolder;
+    question.fileName = isOpening ? std::string() : gSettings.files.workspaceTitle;
     question.filter = gWorkspaceFilter;
     const std::optional<std::string> path = isOpening ? gPlatform.prompts->AskOpenPath(question)
                                                       : gPlatform.prompts->AskSavePath(question);

@@ -35,7 +35,7 @@ inline constexpr const char* kWorkspaceEnding = ".qwo";
 
 enum class WorkspaceDialog { Open, Save };
 
-/// Asks for a workspace's path and remembers it (gLastUsedWorkSpacePath and what belongs to it).
+/// Asks for a workspace's path and remembers it in the settings.
 [[nodiscard]] std::optional<std::string> WorkspaceFileDialog(WorkspaceDialog mode);
 
 enum class WorkspaceOutcome { Saved, Cancelled, Failed };

@@ -59,7 +59,4 @@ struct MapLinkPort {
     std::function<void(bool isShown)> showToolbar;
 };
 
-/// The surroundings in use. Set at start, like gPlatform.
-extern MapLinkPort gMapLinkPort;
-
 } // namespace quandrel

@@ -9,14 +9,18 @@
 #pragma once
 
 #include "platform/clipboard.h"
+#include "platform/link_window.h"
 #include "platform/plot_form.h"
 #include "platform/printer_port.h"
 #include "platform/prompts.h"
 #include "platform/settings_store.h"
 #include "platform/status_line.h"
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -32,12 +36,20 @@ struct Platform {
     /// Makes the window of a slot.
     std::function<std::unique_ptr<PlotForm>(int slot)> makePlotForm;
 
+    MapLinkPort mapLink;
+
     bool decimalIsComma = false; ///< the regional decimal delimiter
     std::string today;           ///< the date, for the settings
 
     unsigned threads = 0; ///< most threads that a step may use; 0 means one for each processor
     /// Approximate size of the parts of a text that threads take; their rows fit into the cache.
     std::size_t textBlockBytes = 32768;
+
+    /// The most rows that a column may hold; growing beyond counts as out of memory.
+    std::int32_t mostRows = std::numeric_limits<std::int32_t>::max() / 2;
+
+    /// A load that takes longer shows its progress, and can be ended by the user.
+    std::chrono::milliseconds timeWithoutProgress{200};
 };
 
 /// The platform in use. Set before any other call of the engine.

@@ -29,13 +29,13 @@ std::int16_t MaxPlotsInStore() {
 }
 
 void UseGeneralOptions(const Preferences& preferences) {
-    gPitchName = PitchNameOf(preferences.pitchName);
+    gSettings.notation.pitchName = PitchNameOf(preferences.pitchName);
     gPlotWidthPercent = PlotWidthOf(preferences.plotWidthPercent);
     gPlotAspect = PlotAspectOf(static_cast<double>(preferences.plotAspect));
     gPlotWinLast = preferences.plotWinLast;
-    gFilesDirectory = preferences.filesDirectory;
+    gSettings.files.folder = preferences.filesDirectory;
     gConvertDecimals = preferences.convertDecimals;
-    gSaveNonDataLines = preferences.saveNonDataLines;
+    gSettings.files.nonDataLines = preferences.saveNonDataLines;
 }
 
 /// Saves a number of plots for the next run; this one goes on with its own.
@@ -76,11 +76,11 @@ Preferences PreferencesInForce() {
     now.plotWidthPercent = gPlotWidthPercent;
     now.plotAspect = gPlotAspect;
     now.plotWinLast = gPlotWinLast;
-    now.filesDirectory = gFilesDirectory;
-    now.pitchName = PitchNameOf(gPitchName);
+    now.filesDirectory = gSettings.files.folder;
+    now.pitchName = PitchNameOf(gSettings.notation.pitchName);
     now.convertDecimals = gConvertDecimals;
-    now.saveNonDataLines = gSaveNonDataLines;
-    now.formulas = gFormulas;
+    now.saveNonDataLines = gSettings.files.nonDataLines;
+    now.formulas = gSettings.notation.formulas;
     return now;
 }
 
@@ -115,7 +115,7 @@ void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
     const StyleChange change;
     gSettings.styles = preferences.styles;
     UseGeneralOptions(preferences);
-    if (preferences.formulas != gFormulas) {
+    if (preferences.formulas != gSettings.notation.formulas) {
         UseFormulas(preferences.formulas);
     }
     bool saved = KeepMaxPlots(preferences.maxPlots);

@@ -18,8 +18,7 @@
 
 namespace quandrel {
 
-int gPrinting = 0;
-std::vector<std::string> gPrinters;
+constinit PrintState PrintState::now;
 
 namespace {
 
@@ -61,7 +60,7 @@ private:
 std::optional<std::string> AskForFile(const std::vector<PlotOnPage>& items) {
     PathQuestion question;
     question.title = "Print to a PDF file";
-    question.folder = gLastUsedPath;
+    question.folder = gSettings.files.lastFolder;
     question.filter = "PDF files (*.pdf)|*.pdf";
     const std::string& title = RecordOf(items.front().slot).FileTitle;
     question.fileName = (title.empty() ? "plots" : title.substr(0, title.rfind('.'))) + ".pdf";

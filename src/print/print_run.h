@@ -19,11 +19,16 @@
 
 namespace quandrel {
 
-/// Non-zero while plots are being printed.
-extern int gPrinting;
+/// What printing is at.
+struct PrintState {
+    int printing = 0;                  ///< non-zero while plots are being printed
+    std::vector<std::string> printers; ///< as they were last listed; empty when there are none
 
-/// Names of the printers as they were last listed; empty when there are none.
-extern std::vector<std::string> gPrinters;
+    static PrintState now;
+};
+
+inline constinit auto& gPrinting = PrintState::now.printing;
+inline constinit auto& gPrinters = PrintState::now.printers;
 
 /// Lists the printers of the platform in gPrinters.
 void ListPrinters();

@@ -95,7 +95,7 @@ bool IsWorkedOn(const PlotRecord& record) {
 /// of a bias correction count as they do for the mean.
 void FindMedian(PlotRecord& record, AngleSense sense) {
     const std::vector<AngleCount>& azimuths = ActiveRose().azimuths;
-    if (gFormulas == Formulas::Textbook) {
+    if (gSettings.notation.formulas == Formulas::Textbook) {
         const LeastDeviation least = TextbookMedian(azimuths, record.RoseMeanDir[kOfAngles], sense);
         record.RoseMedian = least.median;
         record.RoseMeanDev = least.deviation;
@@ -201,7 +201,7 @@ void RoseCircularStats(int measure) {
     }
     const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     if (const std::optional<CircularResults> results =
-            CircularStatistics(gRoseTrigSums[*layer], weight, sense, gFormulas)) {
+            CircularStatistics(gRoseTrigSums[*layer], weight, sense, gSettings.notation.formulas)) {
         Store(record, *results);
         FindMedian(record, sense);
     }

@@ -119,7 +119,8 @@ void Write(const RoseSettings& settings, PlotRecord& record) {
 /// be, was not typed and is no default.
 std::string DefaultScale(const RoseSettings& settings, const RoseSettings& former) {
     const bool isTyped = !settings.interval || settings.interval != former.interval;
-    return isTyped ? TextOfScale(settings) : ScaleTypeWithForm(gRoseScaleType, settings.circles);
+    return isTyped ? TextOfScale(settings)
+                   : ScaleTypeWithForm(gSettings.newPlots.rose.scaleType, settings.circles);
 }
 
 /// What the largest sector of a rose would be, per cent of all.
@@ -234,7 +235,7 @@ void PlotRoseSettings(const RoseSettings& settings) {
     gRoseOuterCircle = settings.outerCircle;
     gRoseSectorSize = record.RoseSectorSize;
     gRoseSectorFraction = record.RoseSectorFraction;
-    gRoseScaleType = DefaultScale(settings, former);
+    gSettings.newPlots.rose.scaleType = DefaultScale(settings, former);
     ReplotActivePlot(true);
 }
 

@@ -50,7 +50,8 @@ void DrawArrow(Surface& surface, double azimuth) {
 }
 
 void DrawConfidenceArcs(Surface& surface, const PlotRecord& record) {
-    const std::optional<RoseConfidence> confidence = RoseConfidenceOf(record, gFormulas);
+    const std::optional<RoseConfidence> confidence =
+        RoseConfidenceOf(record, gSettings.notation.formulas);
     if (!confidence || !confidence->isInterval) {
         return;
     }

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_radii.h"
@@ -28,7 +29,7 @@ double PeriodOf(const PlotRecord& record) {
 /// A number whose printed text is a word with the textbook's formulas where they leave it open.
 void AddNumber(ReferenceLines& lines, const char* name, const std::optional<double>& value,
                double printed, const char* format) {
-    if (gFormulas == Formulas::Textbook && (!value || std::isinf(*value))) {
+    if (gSettings.notation.formulas == Formulas::Textbook && (!value || std::isinf(*value))) {
         lines.Add(name, value);
     } else {
         lines.Add(name, value, printed, format);
@@ -55,7 +56,7 @@ void AddMoments(ReferenceLines& lines, const CircularReference& reference,
     lines.Add("mean resultant length R2", reference.resultant[kOfDoubledAngles],
               record.RoseResultant[kOfDoubledAngles], kFourDecimals);
     lines.Add("circular variance", reference.variance, record.RoseVariance, kFixed);
-    if (gFormulas == Formulas::Textbook && !reference.standardDeviation) {
+    if (gSettings.notation.formulas == Formulas::Textbook && !reference.standardDeviation) {
         lines.Add("circular standard deviation", std::nullopt);
     } else {
         lines.AddAngle("circular standard deviation", reference.standardDeviation,
@@ -73,7 +74,8 @@ void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
     AddNumber(lines, "circular standard error", reference.standardError, printedError,
               kErrorFormat);
     constexpr const char* kHalfWidth = "95% confidence half-width";
-    const std::optional<double> printed = RoseConfidenceHalfWidth(record, gFormulas);
+    const std::optional<double> printed =
+        RoseConfidenceHalfWidth(record, gSettings.notation.formulas);
     if (printed && record.RoseStats[kRoseCount][kWeightedTotal] > kLargeSample) {
         lines.AddAngle(kHalfWidth, reference.confidenceHalfWidth, *printed, kOneDecimal);
     } else if (reference.confidenceHalfWidth) {
@@ -81,7 +83,7 @@ void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
     } else {
         lines.Add(kHalfWidth, std::nullopt);
     }
-    const auto confidence = RoseConfidenceOf(record, gFormulas);
+    const auto confidence = RoseConfidenceOf(record, gSettings.notation.formulas);
     if (confidence && confidence->method == ConfidenceMethod::kBootstrap) {
         lines.Add("95% bootstrap half-width", confidence->halfWidth
                                                   ? std::optional(RadToDeg(*confidence->halfWidth))

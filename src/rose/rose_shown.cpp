@@ -5,6 +5,7 @@
 #include "classify/class_rule.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 
@@ -77,7 +78,7 @@ void RememberRose() {
     RoseKnown& known = ActiveKnown();
     RoseSettingsShown& shown = known.shown.emplace();
     shown.counted = CountOf(record);
-    shown.formulas = gFormulas;
+    shown.formulas = gSettings.notation.formulas;
     shown.classTable = record.ClassTable;
     shown.oddSectorSize = record.RoseOddSectorSize;
     shown.shape = record.RoseShape;
@@ -94,7 +95,7 @@ bool IsRoseStale() {
     const PlotRecord& record = ActiveRecord();
     const std::optional<RoseSettingsShown>& shown = ActiveKnown().shown;
     return record.RowsChanged != 0 || !shown || shown->counted != CountOf(record)
-           || shown->formulas != gFormulas;
+           || shown->formulas != gSettings.notation.formulas;
 }
 
 bool RestoreRose() {
@@ -123,7 +124,7 @@ bool RestoreRose() {
     record.RoseScaleType = shown.scaleType;
     // The rose stays as it is although the rows may have changed.
     counted = CountOf(record);
-    shown.formulas = gFormulas;
+    shown.formulas = gSettings.notation.formulas;
     record.RowsChanged = 0;
     return true;
 }

@@ -136,8 +136,9 @@ std::string MeanLines(const PlotRecord& record) {
     if (!HasCircularStatistics(record)) {
         return {};
     }
-    return ResultLine("Mean Resultant dir'n  = ", CircularTextsOf(record, gFormulas).wholeMean)
-           + ConfidenceLines(record, gFormulas);
+    return ResultLine("Mean Resultant dir'n  = ",
+                      CircularTextsOf(record, gSettings.notation.formulas).wholeMean)
+           + ConfidenceLines(record, gSettings.notation.formulas);
 }
 
 std::string LowerLayerLines(const PlotRecord& record) {
@@ -227,7 +228,7 @@ std::string RoseStatsFull() {
                + Line(IsResultantTooLong(record) ? kBothSignsText
                                                  : "(no circular statistics of this kind of rose)");
     }
-    const CircularTexts texts = CircularTextsOf(record, gFormulas);
+    const CircularTexts texts = CircularTextsOf(record, gSettings.notation.formulas);
     return text + ResultLine("Mean Resultant dir'n  = ", texts.fineMean)
            + MedianLines(record, texts) + SpreadLines(record, texts) + ResultantLines(record, texts)
            + SourceLines(record);

@@ -11,7 +11,7 @@
 
 namespace quandrel {
 
-std::int16_t gRotFocusBox = kNoRotationFocus;
+constinit RotationInWork RotationInWork::now;
 
 namespace {
 

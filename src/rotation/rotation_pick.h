@@ -20,8 +20,14 @@ enum RotationFocus : std::int16_t {
     kNewStrikeFocus = 3,   ///< txtRotAngle(2) of kPlaneToVertical
 };
 
-/// The focus of the dialog, a RotationFocus.
-extern std::int16_t gRotFocusBox;
+/// Where the rotation dialog takes what the net is pressed for.
+struct RotationInWork {
+    std::int16_t focus = kNoRotationFocus; ///< a RotationFocus
+
+    static RotationInWork now;
+};
+
+inline constinit auto& gRotFocusBox = RotationInWork::now.focus;
 
 /// The precision with which a new strike is taken from the net.
 enum class PickStep { TenDegrees, FiveDegrees, Exact };

@@ -19,7 +19,7 @@ void RecalculateActivePlot() {
 }
 
 void UseFormulas(Formulas formulas) {
-    gFormulas = formulas;
+    gSettings.notation.formulas = formulas;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {
         if (!IsOpenSlot(slot)) {
             continue;

@@ -40,10 +40,10 @@ constexpr const char* kUsage =
     "For scripts there is quandrel-batch.\n";
 
 bool OpenRecentFile(std::size_t number) {
-    if (number < 1 || number > gRecentFiles.size()) {
+    if (number < 1 || number > gSettings.files.recent.size()) {
         return false;
     }
-    const std::string path = gRecentFiles[number - 1];
+    const std::string path = gSettings.files.recent[number - 1];
     if (OpenPlotFile("File" + path) != kLoadError) {
         return true;
     }
@@ -61,12 +61,9 @@ void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectDrawing();
     FollowRowsOfPlots();
-    // A derived plot closes with its parent's, without a question. Its slot may be reused by
-    // another plot, to which the steps of the previous one do not apply.
-    gRowFollower.closed = [cutLink = std::exchange(gRowFollower.closed, {})](int slot) {
-        cutLink(slot);
-        ForgetUndo(slot);
-    };
+    // A derived plot closes with its parent's, without a question. The slot may be another plot's
+    // next, which the steps of the former one are no part of.
+    ConnectClosing([](int slot) { ForgetUndo(slot); });
     LoadSettings();
     ListPrinters();
     gPlotKind = kEqualArea;

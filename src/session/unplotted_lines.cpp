@@ -74,7 +74,7 @@ std::string UnplottedLinesText() {
 
 std::string OpeningText() {
     const OpenedWorkspace& workspace = LastOpenedWorkspace();
-    if (!gRecentFiles.empty() && gRecentFiles.front() == workspace.path) {
+    if (!gSettings.files.recent.empty() && gSettings.files.recent.front() == workspace.path) {
         return TextOfOpening(workspace);
     }
     if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles == 0) {

@@ -25,7 +25,7 @@ bool LiesOn(const WindowRect& rect, const WindowRect& screen) {
 } // namespace
 
 WindowRect KeptMainWindowRect() {
-    const WindowPlace& kept = gMainWindowPlace;
+    const WindowPlace& kept = gSettings.windows.main;
     return {kept.left / kUnitsPerPixel, kept.top / kUnitsPerPixel, kept.width / kUnitsPerPixel,
             kept.height / kUnitsPerPixel};
 }
@@ -36,19 +36,19 @@ MainWindowStart StartOfMainWindow(const WindowRect& screen) {
     const bool isLarge =
         start.rect.width >= kSmallestMainWidth && start.rect.height >= kSmallestMainHeight;
     const bool isUsable = isLarge && LiesOn(start.rect, screen);
-    start.state = gMainWindowPlace.state == static_cast<int>(WindowState::Normal) && isUsable
+    start.state = gSettings.windows.main.state == static_cast<int>(WindowState::Normal) && isUsable
                       ? WindowState::Normal
                       : WindowState::Maximised;
     return start;
 }
 
 void KeepMainWindowPlace(WindowState state, const WindowRect& rect) {
-    gMainWindowPlace.state = static_cast<std::int32_t>(state);
+    gSettings.windows.main.state = static_cast<std::int32_t>(state);
     if (state == WindowState::Normal) {
-        gMainWindowPlace.left = rect.left * kUnitsPerPixel;
-        gMainWindowPlace.top = rect.top * kUnitsPerPixel;
-        gMainWindowPlace.width = rect.width * kUnitsPerPixel;
-        gMainWindowPlace.height = rect.height * kUnitsPerPixel;
+        gSettings.windows.main.left = rect.left * kUnitsPerPixel;
+        gSettings.windows.main.top = rect.top * kUnitsPerPixel;
+        gSettings.windows.main.width = rect.width * kUnitsPerPixel;
+        gSettings.windows.main.height = rect.height * kUnitsPerPixel;
     }
 }
 

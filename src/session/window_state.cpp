@@ -140,8 +140,9 @@ ToolbarState StateOfToolbar() {
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
-    state.confidenceCone = {state.isStereo && ConfidenceConeAngle(record, gFormulas).has_value(),
-                            record.ShowConfidenceCone};
+    state.confidenceCone = {
+        state.isStereo && ConfidenceConeAngle(record, gSettings.notation.formulas).has_value(),
+        record.ShowConfidenceCone};
     state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
                           && record.SecondaryFormat == kSecondaryPlane;
     state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode);
@@ -173,7 +174,7 @@ EditMenuState StateOfEditMenu() {
     }
     const PlotRecord& record = ActiveRecord();
     state.changeSymbol = record.OverlayRows[kOverlayCount] >= 1;
-    state.unselect = HasSelectionOn(gMarqueeSlot);
+    state.unselect = HasSelectionOn(Selection::now.slot);
     if (HasSelectionOn(gActivePlot)) {
         SetSelectionItems(state, record);
     } else {

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "core/style_tables.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -47,7 +48,7 @@ std::string ConfidenceConeText() {
     if (record.PlotKind == kRose) {
         return name + "none on a rose";
     }
-    const std::string angle = AngleText(ConfidenceConeAngle(record, gFormulas));
+    const std::string angle = AngleText(ConfidenceConeAngle(record, gSettings.notation.formulas));
     if (angle == kNoCone) {
         return name + angle;
     }
@@ -63,7 +64,7 @@ std::string ConfidenceConeText() {
 
 void DrawConfidenceCone() {
     const PlotRecord& record = ActiveRecord();
-    const std::optional<double> angle = ConfidenceConeAngle(record, gFormulas);
+    const std::optional<double> angle = ConfidenceConeAngle(record, gSettings.notation.formulas);
     if (!record.ShowConfidenceCone || !angle) {
         return;
     }

@@ -154,7 +154,7 @@ void Derive(PlotRecord& record, const WeightedDirections& axes) {
     record.EigenResults[1][kLogRatio] = static_cast<float>(shape.ratio12);
     record.EigenResults[2][kLogRatio] = static_cast<float>(shape.ratio23);
     record.EigenResults[3][kLogRatio] = static_cast<float>(SymmetryStatistic(sample));
-    record.FabricValueC = JudgedStandardError(sample, axes, gFormulas);
+    record.FabricValueC = JudgedStandardError(sample, axes, gSettings.notation.formulas);
 }
 
 } // namespace

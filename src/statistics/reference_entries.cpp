@@ -3,6 +3,7 @@
 #include "statistics/reference_entries.h"
 
 #include "core/formulas.h"
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
@@ -59,7 +60,8 @@ Printings OfAxis(const PlotRecord& record, std::size_t axis, Printings printings
 
 /// The printings of a number: none where the textbook's formulas print that it is undetermined.
 Printings OfNumber(double number, Printings printings) {
-    const bool isWord = gFormulas == Formulas::Textbook && number == kFailedResult;
+    const bool isWord =
+        gSettings.notation.formulas == Formulas::Textbook && number == kFailedResult;
     return isWord ? Printings() : std::move(printings);
 }
 
@@ -232,7 +234,7 @@ std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& r
 void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
                       const PlotRecord& record) {
     list.Add("fourth moment", statistics.fourthMoment);
-    const bool isTextbook = gFormulas == Formulas::Textbook;
+    const bool isTextbook = gSettings.notation.formulas == Formulas::Textbook;
     const auto name = [](const char* what, bool isPrinted) {
         return std::string("symmetry statistic, ") + what
                + (isPrinted ? " (printed judgement)" : "");
@@ -248,9 +250,10 @@ void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
     } else {
         list.Add("spherical standard error", statistics.standardError,
                  OfNumber(error, {{ThreeDecimals, error}}));
-        list.AddAngle("95% cone semi-angle", statistics.coneAngle,
-                      OfNumber(ConeFactor(gFormulas) * error < 1 ? error : kFailedResult,
-                               {{FixedDegrees, ArcSin(ConeFactor(gFormulas) * error)}}));
+        list.AddAngle(
+            "95% cone semi-angle", statistics.coneAngle,
+            OfNumber(ConeFactor(gSettings.notation.formulas) * error < 1 ? error : kFailedResult,
+                     {{FixedDegrees, ArcSin(ConeFactor(gSettings.notation.formulas) * error)}}));
     }
     const auto& ellipse = statistics.ellipse;
     list.AddAngle("95% ellipse major semi-axis",

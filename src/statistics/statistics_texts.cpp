@@ -7,6 +7,7 @@
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/result_lines.h"
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/axis_statistics.h"
@@ -193,9 +194,9 @@ PrecisionTexts PrecisionBy(Formulas formulas, double error) {
 }
 
 std::string StandardErrorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
-    const PrecisionTexts own = PrecisionBy(gFormulas, record.FabricValueC);
+    const PrecisionTexts own = PrecisionBy(gSettings.notation.formulas, record.FabricValueC);
     const PrecisionTexts textbook =
-        gFormulas == Formulas::Textbook
+        gSettings.notation.formulas == Formulas::Textbook
             ? own
             : PrecisionBy(Formulas::Textbook, StandardErrorOf(record, rows, Formulas::Textbook));
     if (own.error == kNotSymmetricText) {
@@ -257,7 +258,7 @@ std::string EigenvectorLines(const PlotRecord& record, const std::vector<Distinc
 PrintedResult ShapeNumber(double value) {
     const std::string text = FormatNumber(value, kFixed);
     const std::string textbook = value == kFailedResult ? std::string(kUndetermined) : text;
-    return {gFormulas == Formulas::Textbook ? textbook : text, textbook};
+    return {gSettings.notation.formulas == Formulas::Textbook ? textbook : text, textbook};
 }
 
 std::string ShapeLines(const PlotRecord& record) {

@@ -18,7 +18,8 @@ bool repainting = false;
 } // namespace
 
 Drawing DrawingInForce() {
-    return {PlotSurface(), LegendSurface(), gSettings.styles, targetPurpose, gFormulas};
+    return {PlotSurface(), LegendSurface(), gSettings.styles, targetPurpose,
+            gSettings.notation.formulas};
 }
 
 Surface& PlotSurface() {

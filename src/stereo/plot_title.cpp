@@ -34,8 +34,9 @@ std::string TitleOfPlot() {
 
 std::string CaptionOfPlot() {
     std::string title = TitleOfPlot();
-    if (ActiveRecord().MapInfoLinked != 0 && gLinkedTable) {
-        title += " {Linked to: " + gLinkedTable(gActivePlot) + "}";
+    const std::string table = FollowerOfRows().linkedTable(gActivePlot);
+    if (ActiveRecord().MapInfoLinked != 0 && !table.empty()) {
+        title += " {Linked to: " + table + "}";
     }
     return title;
 }

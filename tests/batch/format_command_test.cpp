@@ -14,7 +14,7 @@ protected:
     /// Runs commands in one session and gives the format in force after them.
     FormatSettings FormatAfter(const std::string& commands) {
         EXPECT_EQ(Run(commands), "");
-        return CurrentFormat();
+        return gSettings.format;
     }
 };
 

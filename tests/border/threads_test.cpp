@@ -188,8 +188,8 @@ TEST(PublicThreads, TwoAtOnceHaveTheResultsOfOne) {
 
 TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
     const std::string before = AllResults(1);
-    const FormatSettings format = CurrentFormat();
-    gFormulas = Formulas::Textbook;
+    const FormatSettings format = gSettings.format;
+    gSettings.notation.formulas = Formulas::Textbook;
     gDecimalIsComma = true;
     gConvertDecimals = true;
     FormatSettings odd = format;
@@ -200,10 +200,10 @@ TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
     odd.secondary = kSecondaryPlane;
     odd.negativePlunge = NegativePlunge::Vector;
     odd.hasHeadings = true;
-    RestoreFormat(odd);
+    gSettings.format = odd;
     const std::string after = AllResults(1);
-    RestoreFormat(format);
-    gFormulas = Formulas::Own;
+    gSettings.format = format;
+    gSettings.notation.formulas = Formulas::Own;
     gDecimalIsComma = false;
     gConvertDecimals = false;
     EXPECT_TRUE(before == after);

@@ -17,18 +17,18 @@ TEST(DataKindOfSet, PlanesArePlanesAndPolarLinesStayPolar) {
 }
 
 TEST(DataFormat, ComesBackAsItWas) {
-    const FormatSettings former = CurrentFormat();
+    const FormatSettings former = gSettings.format;
     gConventions = -14;
     gFileDelimiter = ";";
     gFileColumnSettings[kSlotText] = 77;
     gPlotDataKind = kPolarLines;
-    gFileHasHeadings = !former.hasHeadings;
-    RestoreFormat(former);
+    gSettings.format.hasHeadings = !former.hasHeadings;
+    gSettings.format = former;
     EXPECT_EQ(gConventions, former.conventions);
     EXPECT_EQ(gFileDelimiter, former.delimiter);
     EXPECT_EQ(gFileColumnSettings, former.columns);
     EXPECT_EQ(gPlotDataKind, former.plotDataKind);
-    EXPECT_EQ(gFileHasHeadings, former.hasHeadings);
+    EXPECT_EQ(gSettings.format.hasHeadings, former.hasHeadings);
 }
 
 } // namespace

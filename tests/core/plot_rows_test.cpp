@@ -2,6 +2,7 @@
 
 #include "core/plot_rows.h"
 #include "core/plot_store.h"
+#include "platform/platform.h"
 
 #include <limits>
 #include <random>
@@ -52,7 +53,7 @@ std::vector<ModelRow> RowsOf(const Plot& plot) {
 
 class PlotRowsTest : public ::testing::Test {
 protected:
-    ~PlotRowsTest() override { gRowLimit = std::numeric_limits<std::int32_t>::max() / 2; }
+    ~PlotRowsTest() override { gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2; }
 
     /// A plot of its own, in no slot, with all columns.
     static Plot FullPlot() {
@@ -209,7 +210,7 @@ TEST_F(PlotRowsTest, ABlockThatDoesNotFitIsAppendedAsFarAsMemoryAllows) {
         rows.push_back(RandomRow(0));
         block.Add(ValuesOf(rows.back()));
     }
-    gRowLimit = 50;
+    gPlatform.mostRows = 50;
     EXPECT_EQ(AppendBlock(blocks, 0, block), 30);
     EXPECT_EQ(blocks.record.DataFull, 0);
     EXPECT_EQ(AppendBlock(blocks, 0, block), 20);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_store.h"
+#include "core/row_links.h"
 #include "orientation/angles.h"
 #include "support/allocated_memory.h"
 #include "support/test_platform.h"
@@ -99,8 +100,48 @@ TEST_F(PlotStore, ANewPlotStartsWithTheToldValues) {
     EXPECT_EQ(Form(gActivePlot).Caption(), "1");
 }
 
+TEST_F(PlotStore, StartsWithoutFocusAndSelection) {
+    gActivePlot = NewPlot();
+    Selection::now.rows = {1, 2};
+    Selection::now.slot = gActivePlot;
+    gActiveLayer = kAnnotationLayer;
+    gBusy = true;
+    MakeStoreTables();
+    EXPECT_EQ(gActivePlot, 0);
+    EXPECT_EQ(Selection::now.slot, 0);
+    EXPECT_TRUE(gSelectionRows.empty());
+    EXPECT_EQ(gActiveLayer, kDataLayer);
+    EXPECT_FALSE(gBusy);
+}
+
+TEST_F(PlotStore, TellsOfAPlotThatClosesWhileItIsOpen) {
+    const int slot = NewPlot();
+    std::vector<int> closing;
+    ConnectClosing([&](int closed) {
+        EXPECT_TRUE(IsOpenSlot(closed));
+        closing.push_back(closed);
+    });
+    ReleasePlotSlot(slot);
+    ConnectClosing({});
+    ReleasePlotSlot(slot);
+    EXPECT_EQ(closing, std::vector<int>{slot});
+}
+
+TEST_F(PlotStore, RowsThatNobodyFollowsGoUnnoticed) {
+    ConnectRowFollower({});
+    const RowFollower& nobody = FollowerOfRows();
+    const std::vector<std::int32_t> rows = {1};
+    nobody.leave(1, rows);
+    nobody.cut(1, 0);
+    nobody.putBack(1, nullptr);
+    nobody.unlink(1);
+    nobody.linkAgain(1, nullptr);
+    EXPECT_EQ(nobody.keep(1), nullptr);
+    EXPECT_EQ(nobody.linkedTable(1), "");
+}
+
 TEST_F(PlotStore, TheStatisticsButtonDecidesWhetherANewPlotShowsThem) {
-    gStatisticsShown = false;
+    gSettings.newPlots.statisticsShown = false;
     NewPlot();
     EXPECT_EQ(ActiveRecord().LayerVisible[5], 0);
 }
@@ -164,10 +205,10 @@ TEST_F(PlotStore, OutOfMemoryIsReportedAndNothingChanges) {
     NewPlot();
     int secondary = 0;
     GrowDataColumns(secondary, 10);
-    gRowLimit = 20;
+    gPlatform.mostRows = 20;
     secondary = 1;
     GrowDataColumns(secondary, 21);
-    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2;
     EXPECT_EQ(secondary, -1);
     EXPECT_NE(ActiveRecord().DataFull, 0);
     EXPECT_EQ(gDataDip.Capacity(), 10);

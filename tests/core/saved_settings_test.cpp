@@ -25,7 +25,7 @@ protected:
         gFileDelimiter = ";";
         gPlaneSeparator = "\\";
         gLineSeparator = ":";
-        gNegativePlunge = NegativePlunge::Vector;
+        gSettings.format.negativePlunge = NegativePlunge::Vector;
         gPrimaryDataType = kPrimaryLine;
         gSecondaryDataType = kSecondaryPlane;
         gFileLineAppended = true;
@@ -37,16 +37,16 @@ protected:
     }
 
     static void ChangePreferences() {
-        gPitchName = "rake";
+        gSettings.notation.pitchName = "rake";
         gPlotAxesStyle = 3;
         gRoseAxesStyle = 2;
         gRoseOuterCircle = false;
         gSettings.styles.showCompassPoints = true;
         gConvertDecimals = true;
         gSettings.styles.showNorth = true;
-        gSaveNonDataLines = true;
-        gFormulas = Formulas::Textbook;
-        gFilesDirectory = "/d";
+        gSettings.files.nonDataLines = true;
+        gSettings.notation.formulas = Formulas::Textbook;
+        gSettings.files.folder = "/d";
         gMaxPlots = 33;
         gShowIsolatedPts = -1;
         gSettings.styles.plotBackColour = 123;
@@ -77,21 +77,21 @@ protected:
     }
 
     static void ChangeSession() {
-        gLastUsedPath = "/p";
-        gLastUsedWorkSpacePath = "/w";
-        gLastUsedWorkSpaceFileName = "f";
-        gLastUsedWSpaceFileTitle = "t";
-        gRoseScaleType = "circ2.5";
+        gSettings.files.lastFolder = "/p";
+        gSettings.files.workspaceFolder = "/w";
+        gSettings.files.workspaceName = "f";
+        gSettings.files.workspaceTitle = "t";
+        gSettings.newPlots.rose.scaleType = "circ2.5";
         gRoseSectorSize = 22.5;
         gRoseSectorFraction = 77;
-        gMIToolbarShow = false;
+        gSettings.windows.mapToolbar = false;
         gPlotWinLast = true;
         gPlotWidthPercent = 61;
         gPlotAspect = 0.333F;
-        gMainWindowPlace = {0, -5, 7, 900, 600};
-        gDefaultClassTable[2][2] = std::string("slate");
-        gDefaultClassTable[1][0] = 2.5;
-        gDefaultClassTable[0][1] = std::int16_t{3};
+        gSettings.windows.main = {0, -5, 7, 900, 600};
+        gSettings.newPlots.classes[2][2] = std::string("slate");
+        gSettings.newPlots.classes[1][0] = 2.5;
+        gSettings.newPlots.classes[0][1] = std::int16_t{3};
     }
 
     /// What all groups write, each into an empty store.

@@ -32,31 +32,31 @@ TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
     EXPECT_EQ(gSecondaryDataType, kNoSecondary);
     EXPECT_EQ(gRoseSectorSize, 10);
     EXPECT_EQ(gRoseSectorFraction, 100);
-    EXPECT_EQ(gMainWindowPlace.state, 2);
-    EXPECT_EQ(gMainWindowPlace.width, 10000);
+    EXPECT_EQ(gSettings.windows.main.state, 2);
+    EXPECT_EQ(gSettings.windows.main.width, 10000);
     EXPECT_EQ(gPlotWidthPercent, 50);
     EXPECT_FLOAT_EQ(gPlotAspect, 0.75F);
-    EXPECT_EQ(gPitchName, "pitch");
+    EXPECT_EQ(gSettings.notation.pitchName, "pitch");
     EXPECT_EQ(gFileAppNumName, "value");
     EXPECT_EQ(gFileAppNonNumName, "type");
     EXPECT_TRUE(gRoseOuterCircle);
     EXPECT_FALSE(gSettings.styles.showCompassPoints);
-    EXPECT_EQ(gRoseScaleType, "tickauto");
-    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "tickauto");
+    EXPECT_TRUE(gSettings.files.recent.empty());
     EXPECT_EQ(gFileColumnSettings[9], 9);
-    EXPECT_EQ(NumberOf(gDefaultClassTable[0][0]), 0);
+    EXPECT_EQ(NumberOf(gSettings.newPlots.classes[0][0]), 0);
 }
 
 TEST_F(SettingsTest, TheChoiceOfFormulasLastsAndAnUnknownOneIsTheProgramsOwn) {
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     ASSERT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "Formulas"), "textbook");
-    gFormulas = Formulas::Own;
+    gSettings.notation.formulas = Formulas::Own;
     LoadSettings();
-    EXPECT_EQ(gFormulas, Formulas::Textbook);
+    EXPECT_EQ(gSettings.notation.formulas, Formulas::Textbook);
     Put("StartUp", "Formulas", "sometimes");
     LoadSettings();
-    EXPECT_EQ(gFormulas, Formulas::Own);
+    EXPECT_EQ(gSettings.notation.formulas, Formulas::Own);
 }
 
 TEST_F(SettingsTest, PlotWindowWidthFallsBackBelowOneAndStopsAtAHundred) {
@@ -101,7 +101,7 @@ TEST_F(SettingsTest, ADamagedListOfRecentFilesIsReadAsFarAsItGoes) {
         Put("FileMenuArray", "0", count);
         Put("FileMenuArray", "1", "/a.txt");
         LoadSettings();
-        EXPECT_LE(gRecentFiles.size(), 1U) << count;
+        EXPECT_LE(gSettings.files.recent.size(), 1U) << count;
     }
 }
 
@@ -121,8 +121,8 @@ TEST_F(SettingsTest, EarlierSettingsAreReadOnceAndSavedUnderTheNewName) {
     LoadSettings();
     EXPECT_EQ(gMaxPlots, 17);
     EXPECT_EQ(gConventions, -4);
-    ASSERT_EQ(gRecentFiles.size(), 1U);
-    EXPECT_EQ(gRecentFiles[0], "/data/a.txt");
+    ASSERT_EQ(gSettings.files.recent.size(), 1U);
+    EXPECT_EQ(gSettings.files.recent[0], "/data/a.txt");
     EXPECT_EQ(earlier.Read(kApplicationName, "DataFormats", "Conventions", ""), "-4");
     // From now on the earlier name plays no part.
     earlier.Write(kEarlierApplicationName, "DataFormats", "Conventions", "3");
@@ -136,11 +136,11 @@ TEST_F(SettingsTest, TheFirstRunOfThisGenerationForgetsTheDataFolder) {
     gPlatform.settings = &store;
     store.Write(kApplicationName, "StartUp", "FilesDirectory", "/old");
     LoadSettings();
-    EXPECT_EQ(gFilesDirectory, "");
+    EXPECT_EQ(gSettings.files.folder, "");
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "First93ver", ""), "False");
     store.Write(kApplicationName, "StartUp", "FilesDirectory", "/new");
     LoadSettings();
-    EXPECT_EQ(gFilesDirectory, "/new");
+    EXPECT_EQ(gSettings.files.folder, "/new");
     gPlatform.settings = &settings;
 }
 
@@ -154,15 +154,15 @@ TEST_F(SettingsTest, UseLastResizeEndsWithTheSession) {
 }
 
 TEST_F(SettingsTest, TheWindowPlaceIsSavedOnlyInItsNormalState) {
-    gMainWindowPlace = {2, 100, 200, 9000, 6000};
+    gSettings.windows.main = {2, 100, 200, 9000, 6000};
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("StartUp", "WinTop"), "(missing)");
-    gMainWindowPlace.state = 0;
+    gSettings.windows.main.state = 0;
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
-    EXPECT_EQ(gMainWindowPlace.top, 100);
-    EXPECT_EQ(gMainWindowPlace.left, 200);
-    EXPECT_EQ(gMainWindowPlace.width, 9000);
+    EXPECT_EQ(gSettings.windows.main.top, 100);
+    EXPECT_EQ(gSettings.windows.main.left, 200);
+    EXPECT_EQ(gSettings.windows.main.width, 9000);
 }
 
 TEST_F(SettingsTest, EachGroupWritesItsKeysAndNoOthers) {
@@ -243,9 +243,9 @@ TEST_F(SettingsTest, RecentFilesStayInOrderAndAtMostSix) {
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
     const std::vector<std::string> expected = {"/f5", "/f8", "/f7", "/f6", "/f4", "/f3"};
-    EXPECT_EQ(gRecentFiles, expected);
+    EXPECT_EQ(gSettings.files.recent, expected);
     EXPECT_EQ(Stored("FileMenuArray", "0"), "6");
-    gRecentFiles = {"/only"};
+    gSettings.files.recent = {"/only"};
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("FileMenuArray", "2"), "(missing)");
 }
@@ -258,10 +258,10 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
     gFileNumericAppended = true;
     gFileColumnSettings = {9, 8, 7, 6, 5, 4, 3, 2, 1, 0};
     gFileAppNonNumName = "rock \"type\"";
-    gPitchName = "rake";
+    gSettings.notation.pitchName = "rake";
     gPlotAxesStyle = 3;
     gSettings.styles.fonts[2].font = {"DejaVu Sans", 11.5, true, false, true};
-    gDefaultClassTable[2][2] = std::string("slate");
+    gSettings.newPlots.classes[2][2] = std::string("slate");
     gRoseSectorSize = 22.5;
     for (const SettingsGroup group : kSettingsGroups) {
         EXPECT_TRUE(SaveSettings(group));
@@ -274,10 +274,10 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
     EXPECT_TRUE(gFileNumericAppended);
     EXPECT_EQ(gFileColumnSettings[0], 9);
     EXPECT_EQ(gFileAppNonNumName, "rock \"type\"");
-    EXPECT_EQ(gPitchName, "rake");
+    EXPECT_EQ(gSettings.notation.pitchName, "rake");
     EXPECT_EQ(gPlotAxesStyle, 3);
     EXPECT_EQ(gSettings.styles.fonts[2].font, (FontSpec{"DejaVu Sans", 11.5, true, false, true}));
-    EXPECT_EQ(TextOf(gDefaultClassTable[2][2]), "slate");
+    EXPECT_EQ(TextOf(gSettings.newPlots.classes[2][2]), "slate");
     EXPECT_EQ(gRoseSectorSize, 22.5);
 }
 
@@ -311,7 +311,7 @@ TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
     gSettings.styles.contours[5] = {7, kDashedLine, 2};
     gSettings.styles.plotBackColour = 0x00ff00;
     gSettings.styles.plotAxesColour = 0xff0000;
-    gSaveNonDataLines = true;
+    gSettings.files.nonDataLines = true;
     gSettings.styles.showNorth = true;
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     const std::vector<std::tuple<std::string, std::string, std::string>> keys = {
@@ -326,7 +326,7 @@ TEST_F(SettingsTest, ControlsOfThePreferencesHaveKeysOfTheirOwn) {
     LoadSettings();
     EXPECT_EQ(gSettings.styles.contours[0], (AxisStyle{9, kDottedLine, 3}));
     EXPECT_EQ(gSettings.styles.plotBackColour, 0x00ff00U);
-    EXPECT_TRUE(gSaveNonDataLines);
+    EXPECT_TRUE(gSettings.files.nonDataLines);
 }
 
 TEST_F(SettingsTest, StylesAndColoursOutOfTheirRangesAreBroughtBack) {
@@ -367,7 +367,7 @@ TEST_F(SettingsTest, AnotherWindowsKeysStayAsItWroteThem) {
     Put("StartUp", "PlotAxesStyle", "2");
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "PlotAxesStyle"), "2") << "it was not changed again here";
-    gPitchName = "slope";
+    gSettings.notation.pitchName = "slope";
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("StartUp", "PitchName"), "slope");
 }
@@ -377,7 +377,7 @@ TEST_F(SettingsTest, OfAFirstRunTheKeysOfAnotherWindowStay) {
     gPlatform.settings = &store;
     LoadSettings();
     store.Write(kApplicationName, "StartUp", "PlotAxesStyle", "2"); // the other window
-    gPitchName = "rake";
+    gSettings.notation.pitchName = "rake";
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PlotAxesStyle", ""), "2");
     EXPECT_EQ(store.Read(kApplicationName, "StartUp", "PitchName", ""), "rake");
@@ -396,12 +396,12 @@ TEST_F(SettingsTest, RecentFilesAreWrittenAtOnceAndMerged) {
     EXPECT_EQ(Stored("FileMenuArray", "1"), "/theirs") << "nothing was opened here since";
     AddRecentFile("/next");
     const std::vector<std::string> expected = {"/next", "/theirs", "/mine"};
-    EXPECT_EQ(gRecentFiles, expected);
+    EXPECT_EQ(gSettings.files.recent, expected);
     EXPECT_EQ(Stored("FileMenuArray", "0"), "3");
     RemoveRecentFile("/theirs");
     AddRecentFile("/mine");
     LoadSettings();
-    EXPECT_EQ(gRecentFiles, (std::vector<std::string>{"/mine", "/next"}));
+    EXPECT_EQ(gSettings.files.recent, (std::vector<std::string>{"/mine", "/next"}));
     EXPECT_EQ(Stored("FileMenuArray", "3"), "(missing)");
 }
 

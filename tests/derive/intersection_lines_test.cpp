@@ -190,10 +190,10 @@ TEST_F(IntersectionLines, DoNothingWithoutTwoPlanes) {
 
 TEST_F(IntersectionLines, TellWhenMemoryRunsOut) {
     const int source = NewPairs(kThreePairs);
-    gRowLimit = 1;
+    gPlatform.mostRows = 1;
     Expect("An error has been encountered and plot could not be completed");
     EXPECT_FALSE(MakeIntersectionPlot());
-    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2;
     EXPECT_EQ(ActiveRecord().NumData, 0);
     EXPECT_EQ(TableOf(gActivePlot).size(), 0U);
     EXPECT_EQ(RecordOf(source).IntersectionState, gActivePlot);

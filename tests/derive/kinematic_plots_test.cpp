@@ -239,10 +239,10 @@ TEST_F(KinematicPlots, GoBeforeTheirRowsWhenTheUserHasLaidSomethingOverThem) {
 
 TEST_F(KinematicPlots, TellWhenMemoryRunsOutAndCountNothing) {
     NewFaultPlot(kThreeFaults);
-    gRowLimit = 3;
+    gPlatform.mostRows = 3;
     Expect("An error has been encountered and plot could not be completed");
     EXPECT_FALSE(MakeKinematicPlots(kAxesOnOnePlot));
-    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2;
     EXPECT_EQ(ActiveRecord().NumValidData, 0);
     EXPECT_EQ(ActiveRecord().NumData, 0);
     EXPECT_EQ(TableOf(gActivePlot).size(), 0U);

@@ -205,10 +205,10 @@ TEST_F(SecondaryOverlay, IsRefusedAsTheTwentyFirst) {
 
 TEST_F(SecondaryOverlay, KeepsTheRowsThatFoundMemory) {
     NewFaultPlot(kFaults);
-    gRowLimit = 5;
+    gPlatform.mostRows = 5;
     Expect("An error has been encountered. Not all the data will be plotted");
     SetSecondaryButton(kOverlaySecondary, true);
-    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2;
     EXPECT_EQ(Record().OverlayRows[1], 2);
     EXPECT_EQ(Record().NumLoadedData, 5);
     EXPECT_EQ(TableOf(gActivePlot).size(), 5U);

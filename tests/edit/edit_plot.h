@@ -26,7 +26,7 @@ protected:
         gPlotDataKind = kPlanes;
         gPlotKind = kEqualArea;
         gConventions = 1;
-        gFileHasHeadings = false;
+        gSettings.format.hasHeadings = false;
         gActiveLayer = kDataLayer;
         ClearSelection();
         ForgetUndo();

@@ -137,8 +137,8 @@ TEST_F(FileLoading, TheHeadOfAFileOfOurOwnIsNotReported) {
                    "/T1\t/N1\t/C1\t/12\t/20\r\n30\t120\r\n"),
               kNewCommand);
     EXPECT_TRUE(prompts.Shown().empty());
-    EXPECT_EQ(gLastLoad.blankLines, 5) << "they are counted like those of any file";
-    EXPECT_EQ(gLastLoad.rowsRead, 6);
+    EXPECT_EQ(LastLoad().blankLines, 5) << "they are counted like those of any file";
+    EXPECT_EQ(LastLoad().rowsRead, 6);
     EXPECT_EQ(gDataDip(gActivePlot, 1), kErrorRow);
     EXPECT_EQ(gErrorLines[static_cast<std::size_t>(gActivePlot)].at(2), "; beds.txt: 1");
 }
@@ -146,7 +146,7 @@ TEST_F(FileLoading, TheHeadOfAFileOfOurOwnIsNotReported) {
 TEST_F(FileLoading, NonDataLinesBehindTheHeadOfAFileOfOurOwnAreReported) {
     Expect("2 non-data (blank, comments, etc.) lines were found in this file.");
     Load("own.txt", ";Quandrel, ver 9.5.1\n; head\n30\t120\n; a note\n\n40\t130\n");
-    EXPECT_EQ(gLastLoad.blankLines, 4);
+    EXPECT_EQ(LastLoad().blankLines, 4);
 }
 
 TEST_F(FileLoading, LettersEndTheHeadOfAFileOfOurOwn) {
@@ -166,7 +166,7 @@ TEST_F(FileLoading, FurtherFilesHaveHeadsOfTheirOwn) {
     ASSERT_EQ(Load("own.txt", ";Quandrel, ver 9.5.1\n/Xmore.txt\t/Xhand.txt\n30\t120\n"),
               kNewCommand);
     EXPECT_EQ(ActiveRecord().NumValidData, 3);
-    EXPECT_EQ(gLastLoad.blankLines, 5) << "of all three together";
+    EXPECT_EQ(LastLoad().blankLines, 5) << "of all three together";
 }
 
 // A number that is the mark of invalid numbers cannot be kept apart from it.
@@ -178,8 +178,8 @@ TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
            "numeric data.");
     Load("a.txt", "30\t120\t-9999\n31\t120\t-9999.0001\n32\t120\t-9.999e3\n33\t120\t-9998\n"
                   "34\t120\t9999\n");
-    EXPECT_EQ(gLastLoad.badNumeric, 3);
-    EXPECT_EQ(gLastLoad.rowsValid, 5);
+    EXPECT_EQ(LastLoad().badNumeric, 3);
+    EXPECT_EQ(LastLoad().rowsValid, 5);
     EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
     EXPECT_EQ(gAppNumeric(gActivePlot, 4), -9998.0F);
     EXPECT_EQ(ActiveRecord().AppendedMin[0], -9998) << "the mark is no minimum";
@@ -198,8 +198,8 @@ TEST_F(FileLoading, AppendedDataThatAFileIsNotReadForAreNoneOfItsFaults) {
         });
         const std::string path = WriteFile(command + ".txt", "40\t130\n50\t140\n");
         ASSERT_EQ(ReadTextFile(command, path), command);
-        EXPECT_EQ(gLastLoad.rowsValid, 2);
-        EXPECT_EQ(LoadSummaryText(gLastLoad), "") << command;
+        EXPECT_EQ(LastLoad().rowsValid, 2);
+        EXPECT_EQ(LoadSummaryText(LastLoad()), "") << command;
     }
     EXPECT_TRUE(prompts.Shown().empty());
 }

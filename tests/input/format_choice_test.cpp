@@ -64,14 +64,14 @@ TEST_F(FormatChoiceTest, TakesAndGivesEveryGlobal) {
     wanted.plotDataKind = kLines;
     wanted.plotKind = kEqualAngle;
     wanted.hasHeadings = true;
-    RestoreFormat(wanted);
+    gSettings.format = wanted;
     FormatQuestion question = NewFile();
     question.columnHeadings = true;
     const FormatChoice choice = ChoiceOf(question);
     SetDefaultSettings();
     gPlotKind = kEqualAngle;
     SetGlobalSettings(choice);
-    const FormatSettings now = CurrentFormat();
+    const FormatSettings now = gSettings.format;
     EXPECT_EQ(now.conventions, wanted.conventions);
     EXPECT_EQ(now.delimiter, wanted.delimiter);
     EXPECT_EQ(now.planeSeparator, wanted.planeSeparator);
@@ -200,7 +200,7 @@ TEST_F(FormatChoiceTest, NamesTheColumnsThatTheFormatUses) {
 }
 
 TEST_F(FormatChoiceTest, NamesPitchAsThePreferencesDo) {
-    gPitchName = "rake";
+    gSettings.notation.pitchName = "rake";
     FormatChoice choice;
     choice.secondary = kPitchInPlane;
     EXPECT_EQ(ColumnNames(choice)[kSlotSecondaryDirection], "rake");

@@ -96,7 +96,7 @@ TEST(HighestColumnNeeded, StaysWithinBoundsForWildSlots) {
 }
 
 TEST(LineFormatFromGlobals, TakesTheFormatInForce) {
-    const FormatSettings former = CurrentFormat();
+    const FormatSettings former = gSettings.format;
     gConventions = -3;
     gFileDelimiter = "";
     gPrimaryDataType = kPrimaryPlane;
@@ -108,7 +108,7 @@ TEST(LineFormatFromGlobals, TakesTheFormatInForce) {
     gDecimalIsComma = true;
     const LineFormat format = LineFormatFromGlobals(true);
     gDecimalIsComma = false;
-    RestoreFormat(former);
+    gSettings.format = former;
 
     EXPECT_EQ(format.planeConvention, kStrikeDipSense);
     EXPECT_TRUE(format.isQuadrant);

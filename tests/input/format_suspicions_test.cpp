@@ -240,7 +240,7 @@ TEST_F(FormatSuspicionsTest, ComparesWithTheRowsOfThePlot) {
 TEST_F(FormatSuspicionsTest, KnowsRecentFilesAndFilesWithParameterLines) {
     EXPECT_TRUE(IsUnknownFile("/data/a.txt", {"45 120"}));
     EXPECT_FALSE(IsUnknownFile("/data/a.txt", {"; comment", " /T1 /C1", "45 120"}));
-    gRecentFiles = {"/data/a.txt"};
+    gSettings.files.recent = {"/data/a.txt"};
     EXPECT_FALSE(IsUnknownFile("/data/a.txt", {"45 120"}));
     EXPECT_TRUE(IsUnknownFile("/data/b.txt", {"45 120"}));
 }

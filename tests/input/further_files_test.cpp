@@ -61,7 +61,7 @@ TEST_F(FurtherFiles, ALoadSaysWhichWereNotFoundAndGoesOn) {
            "This further file was not found: gone.txt");
     ASSERT_EQ(ReadTextFile(kNewCommand, path), kNewCommand);
     EXPECT_EQ(ActiveRecord().NumValidData, 3);
-    EXPECT_EQ(gLastLoad.missingFiles, Paths{"gone.txt"});
+    EXPECT_EQ(LastLoad().missingFiles, Paths{"gone.txt"});
 
     const std::string two = WriteFile("data/two.txt", "/Xgone.txt\t/Xlost.txt\n30\t120\n");
     NewPlot();

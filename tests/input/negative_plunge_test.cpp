@@ -167,7 +167,7 @@ protected:
 };
 
 TEST_F(NegativePlungeLoading, ConvertsMainMergedAndOverlaidRows) {
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     Load(kNewCommand, "a.txt", "30\t120\n-30\t120\n-30\t200\n");
     Load(kMergeCommand, "b.txt", "-5\t90\n");
     Load(kOverlayCommand, "c.txt", "-5\t270\n");
@@ -180,7 +180,7 @@ TEST_F(NegativePlungeLoading, ConvertsSecondaryAndAppendedLines) {
     gSecondaryDataType = kSecondaryLine;
     gFileLineAppended = true;
     gFileColumnSettings = {0, 1, 2, 2, 3, 2, 4, 5, 8, 9};
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     Load(kNewCommand, "faults.txt", "-60\t90\t-20\t10\t-1\t350\n60\t90\t20\t10\t1\t350\n");
     EXPECT_EQ(Rows(), (Pairs{{-60, 90}, {60, 90}}));
     EXPECT_EQ(RowsOf(gData2Dip, gData2Az), (Pairs{{-20, 190}, {20, 10}}));
@@ -191,21 +191,21 @@ TEST_F(NegativePlungeLoading, AFileSaysItForItselfAlone) {
     prompts.ExpectAny("non-data"); // the parameter lines
     Load(kNewCommand, "own.txt", "/U1\n-30\t120\n");
     EXPECT_EQ(Rows(), (Pairs{{kErrorRow, 0}, {-30, 300}}));
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::LowerEnd);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::LowerEnd);
     Load(kNewCommand, "raw.txt", "-30\t120\n");
     EXPECT_EQ(Rows(), (Pairs{{-30, 120}}));
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     prompts.ExpectAny("non-data");
     Load(kNewCommand, "stated.txt", "/U0\n-30\t120\n");
     EXPECT_EQ(Rows(), (Pairs{{kErrorRow, 0}, {-30, 120}}));
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::Vector);
 }
 
 TEST_F(NegativePlungeLoading, WhatTheUserAnswersStays) {
-    AcceptFormat([](FormatAnswer&) { gNegativePlunge = NegativePlunge::Vector; });
+    AcceptFormat([](FormatAnswer&) { gSettings.format.negativePlunge = NegativePlunge::Vector; });
     Load(kNewCommand, "raw.txt", "-30\t120\n");
     EXPECT_EQ(Rows(), (Pairs{{-30, 300}}));
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::Vector);
 }
 
 TEST_F(NegativePlungeLoading, TellsOnceWhatWasDoneWithPlainLines) {
@@ -213,7 +213,7 @@ TEST_F(NegativePlungeLoading, TellsOnceWhatWasDoneWithPlainLines) {
     Expect("2 lines have a negative plunge. Their trends were taken to name their lower ends. "
            "Plotted as lines, they count as axes without a sense.");
     Load(kNewCommand, "a.txt", "30\t120\n-30\t120\n-30\t200\n");
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     Expect("1 line has a negative plunge. Its trend was taken to name the end that it points to, "
            "and was turned to the lower end.");
     Load(kNewCommand, "b.txt", "30\t120\n-30\t120\n");
@@ -224,7 +224,7 @@ TEST_F(NegativePlungeLoading, RowsThatJoinOthersAreAsTheseAre) {
     Load(kNewCommand, "polar.txt", "30\t120\n");
     gPlotDataKind = kLines;
     Load(kMergeCommand, "joins.txt", "-30\t120\n");
-    EXPECT_EQ(gLastLoad.upwardLines, 0) << "in a plot of polar lines it keeps its sense";
+    EXPECT_EQ(LastLoad().upwardLines, 0) << "in a plot of polar lines it keeps its sense";
     Expect("1 line has a negative plunge.");
     Load(kOverlayCommand, "over.txt", "-30\t120\n");
 }
@@ -234,7 +234,7 @@ TEST_F(NegativePlungeLoading, SaysNothingOfPolarLinesAndPlanes) {
     gPrimaryDataType = kPrimaryPlane;
     gPlotDataKind = kPlanes;
     Load(kNewCommand, "planes.txt", "-30\t120\n");
-    EXPECT_EQ(gLastLoad.upwardLines, 0);
+    EXPECT_EQ(LastLoad().upwardLines, 0);
 }
 
 } // namespace

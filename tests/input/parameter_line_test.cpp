@@ -241,11 +241,11 @@ TEST(WithNewPlotItems, SetsKindFlagsAndNames) {
 }
 
 TEST(ApplyFormatItems, ChangesTheFormatInForce) {
-    const FormatSettings former = CurrentFormat();
+    const FormatSettings former = gSettings.format;
     ApplyFormatItems(ParseParameterLine("/C14 /T3"));
     ApplyNewPlotItems(ParseParameterLine("/N2 /L1"));
-    const FormatSettings changed = CurrentFormat();
-    RestoreFormat(former);
+    const FormatSettings changed = gSettings.format;
+    gSettings.format = former;
     EXPECT_EQ(changed.conventions, 14);
     EXPECT_EQ(changed.plotDataKind, kPolarLines);
     EXPECT_EQ(changed.plotKind, kEqualAngle);

@@ -55,7 +55,7 @@ class EmbeddedLink : public LinkTest {
 protected:
     void SetUp() override {
         LinkTest::SetUp();
-        gMapLinkPort.sessions = &points;
+        gPlatform.mapLink.sessions = &points;
         ASSERT_TRUE(StartMapInfoLink());
         Say("Open Table \"joints\"");
     }
@@ -123,7 +123,7 @@ TEST_F(EmbeddedLink, WhatIsChosenOnTheMapIsSelectedOnTheNet) {
     }
     ASSERT_EQ(expected.size(), 300U);
     EXPECT_EQ(gSelectionRows, expected);
-    EXPECT_EQ(gMarqueeSlot, slot);
+    EXPECT_EQ(Selection::now.slot, slot);
     EXPECT_EQ(Sorted(SelectedOnMap()), expected);
     SelectFromMap(6000, 5, 7000, 6);
     EXPECT_EQ(gSelectionRows, expected) << "there is nothing";
@@ -137,7 +137,7 @@ TEST_F(EmbeddedLink, TheToolsOfTheSessionReachThePlot) {
     ASSERT_TRUE(MIDo("Run Menu Command ID 2002"));
     points.session->UseTool(*map, {9.5, -1}, {12.5, 1}, {});
     EXPECT_EQ(gSelectionRows, (Rows{10, 11, 12}));
-    EXPECT_EQ(gMarqueeSlot, slot);
+    EXPECT_EQ(Selection::now.slot, slot);
     // The session's own marquee selects first, and tells it then.
     ASSERT_TRUE(MIRunMenuCommand(1722));
     points.session->UseTool(*map, {19.5, -1}, {21.5, 1}, {});
@@ -152,7 +152,7 @@ TEST_F(EmbeddedLink, TwoTablesLightUpInTheirOwnPlots) {
     ASSERT_TRUE(OpenMIWindow(MapWindowKind::Map, "joints"));
     SelectFromMap(29.5, -1, 30.5, 1);
     EXPECT_EQ(gActivePlot, joints);
-    EXPECT_EQ(gMarqueeSlot, joints);
+    EXPECT_EQ(Selection::now.slot, joints);
     EXPECT_EQ(gSelectionRows, Rows{30});
     SelectRows(faults, {31});
     EXPECT_EQ(points.session->State().selection.table, "faults");

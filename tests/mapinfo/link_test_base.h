@@ -38,30 +38,29 @@ class LinkTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        gMapLinkPort = {};
-        gMapLinkPort.sessions = &sessions;
-        gMapLinkPort.mainWindow = [] { return std::uint64_t{4242}; };
-        gMapLinkPort.openLinkWindow = [this](std::uint64_t parent) -> std::unique_ptr<LinkWindow> {
+        gPlatform.mapLink = {};
+        gPlatform.mapLink.sessions = &sessions;
+        gPlatform.mapLink.mainWindow = [] { return std::uint64_t{4242}; };
+        gPlatform.mapLink.openLinkWindow =
+            [this](std::uint64_t parent) -> std::unique_ptr<LinkWindow> {
             if (!windowOpens) {
                 return nullptr;
             }
             return std::make_unique<RecordingLinkWindow>(window, parent);
         };
-        gMapLinkPort.showToolbar = [this](bool isShown) { toolbarIsShown = isShown; };
+        gPlatform.mapLink.showToolbar = [this](bool isShown) { toolbarIsShown = isShown; };
         FollowRowsOfPlots();
-        gSelectionChanged = [] { FollowSelectionInMap(); };
+        ConnectSelection([] { FollowSelectionInMap(); });
     }
 
     void TearDown() override {
-        gSelectionChanged = {};
+        ConnectSelection({});
         CloseMapInfoLink();
         RemoveAllGeoLinks();
         ClearSelection();
         ForgetUndo();
-        gRowFollower = {};
-        gRowsLeaveLink = {};
-        gRemoveGeoLink = {};
-        gMapLinkPort = {};
+        ConnectRowFollower({});
+        gPlatform.mapLink = {};
         EngineTest::TearDown();
     }
 

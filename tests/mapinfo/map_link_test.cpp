@@ -87,7 +87,7 @@ TEST_F(MapLink, SaysThatNoSessionCanBeHad) {
     sessions.isRegistered = false;
     Expect("Could not find a Registered MapInfo Application\nThe link will have to be abandoned.");
     EXPECT_FALSE(StartMapInfoLink());
-    gMapLinkPort.sessions = nullptr;
+    gPlatform.mapLink.sessions = nullptr;
     Expect("Could not find a Registered MapInfo Application");
     EXPECT_FALSE(StartMapInfoLink());
     EXPECT_EQ(gMapInfo, nullptr);
@@ -155,7 +155,7 @@ TEST_F(MapLink, ClosingLeavesThePlotsAndALaterStartFindsThemLinked) {
 }
 
 TEST_F(MapLink, TheToolbarIsShownWhenTheSettingSaysSo) {
-    gMIToolbarShow = true;
+    gSettings.windows.mapToolbar = true;
     Link();
     EXPECT_TRUE(toolbarIsShown);
     ShowMIToolbar(false);
@@ -166,7 +166,7 @@ TEST_F(MapLink, TheToolbarIsShownWhenTheSettingSaysSo) {
     CloseMapInfoLink();
     ShowMIToolbar(true);
     EXPECT_FALSE(toolbarIsShown) << "there is no link";
-    EXPECT_TRUE(gMIToolbarShow);
+    EXPECT_TRUE(gSettings.windows.mapToolbar);
 }
 
 TEST_F(MapLink, ASessionThatEndsByItselfClosesTheWindowAndClearsTheMarks) {

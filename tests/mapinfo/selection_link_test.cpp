@@ -41,7 +41,7 @@ Do Select * From Joints Where RowID = 2 or RowID = 7
 EndSelects
 )");
     EXPECT_EQ(gSelectionRows, (Rows{2, 7}));
-    EXPECT_EQ(gMarqueeSlot, slot);
+    EXPECT_EQ(Selection::now.slot, slot);
     EXPECT_EQ(gMIRowList, Texts{"Select * From Joints Where RowID = 2 or RowID = 7"});
 }
 
@@ -171,11 +171,11 @@ TEST_F(SelectionLink, TheFirstPlotOfTheTableBecomesTheActiveOne) {
     Find("SearchPoint(5,1,2)", {{"Joints", 2}});
     SelectFromMap(1, 2);
     EXPECT_EQ(gActivePlot, joints);
-    EXPECT_EQ(gMarqueeSlot, joints);
+    EXPECT_EQ(Selection::now.slot, joints);
     gActivePlot = again;
     SelectFromMap(1, 2);
     EXPECT_EQ(gActivePlot, again) << "the active plot comes first";
-    EXPECT_EQ(gMarqueeSlot, again);
+    EXPECT_EQ(Selection::now.slot, again);
     // Else that of the lowest slot, in whatever order the objects come.
     gActivePlot = NewPlot();
     Find("SearchPoint(5,1,2)", {{"Faults", 3}, {"Joints", 2}});

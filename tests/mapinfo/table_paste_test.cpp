@@ -34,7 +34,7 @@ TEST_F(TablePaste, ReadsUpwardLinesAsTheFormatSaysAndTellsOfPlainOnes) {
         gPlotDataKind = kLines;
         gSecondaryDataType = kNoSecondary;
         gFileColumnSettings = {0, 1, 9, 9, 9, 9, 9, 9, 9, 9};
-        gNegativePlunge = NegativePlunge::Vector;
+        gSettings.format.negativePlunge = NegativePlunge::Vector;
     });
     Expect("1 line has a negative plunge. Its trend was taken to name the end that it points to");
     ASSERT_EQ(PasteMITable("Poles", kNewCommand), kNewCommand);
@@ -121,7 +121,7 @@ TEST_F(TablePaste, ShowsTheTableToTheFormatDialogAsAFileWithNamedColumns) {
         return std::nullopt;
     });
     gFileDelimiter = ",";
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
     EXPECT_EQ(PasteMITable("Joints", kNewCommand), kLoadError);
     ASSERT_TRUE(lines);
     EXPECT_EQ(lines->at(0), "Dip\tDipDir\tLength\tKind");
@@ -129,7 +129,7 @@ TEST_F(TablePaste, ShowsTheTableToTheFormatDialogAsAFileWithNamedColumns) {
     EXPECT_EQ(lines->size(), 21U);
     EXPECT_EQ(delimiter, "\t");
     EXPECT_EQ(gFileDelimiter, ",") << "what is set for a table does not stay";
-    EXPECT_FALSE(gFileHasHeadings);
+    EXPECT_FALSE(gSettings.format.hasHeadings);
     const std::filesystem::path shown = formatQuestions.at(0).path;
     EXPECT_EQ(shown.filename(), "Joints") << "the dialog names the table, not a file of it";
     EXPECT_FALSE(std::filesystem::exists(shown));
@@ -141,10 +141,10 @@ TEST_F(TablePaste, DelimiterAndHeadingsOfFilesStayAfterAPaste) {
     script.tables = {Joints()};
     Link();
     gFileDelimiter = ",";
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
     PasteNew("Joints");
     EXPECT_EQ(gFileDelimiter, ",");
-    EXPECT_FALSE(gFileHasHeadings);
+    EXPECT_FALSE(gSettings.format.hasHeadings);
 }
 
 TEST_F(TablePaste, TakesDecimalPointsWhereACommaIsTheRule) {
@@ -154,7 +154,7 @@ TEST_F(TablePaste, TakesDecimalPointsWhereACommaIsTheRule) {
     const int slot = PasteNew("Joints");
     EXPECT_FLOAT_EQ(gAppNumeric(slot, 1), 1.5F);
     EXPECT_FLOAT_EQ(gAppNumeric(slot, 2), 2.5F);
-    EXPECT_EQ(gLastLoad.badNumeric, 0);
+    EXPECT_EQ(LastLoad().badNumeric, 0);
 }
 
 TEST_F(TablePaste, ValuesWithDelimitersStayInTheirColumns) {
@@ -173,8 +173,8 @@ TEST_F(TablePaste, ARowThatIsNoDataIsCountedAndNotLinked) {
     Expect("invalid orientation data", Button::Ignore);
     Expect("1 invalid data have been detected");
     const int slot = PasteNew("Joints");
-    EXPECT_EQ(gLastLoad.invalidLines, 1);
-    EXPECT_EQ(gLastLoad.blankLines, 1);
+    EXPECT_EQ(LastLoad().invalidLines, 1);
+    EXPECT_EQ(LastLoad().blankLines, 1);
     EXPECT_EQ(RecordOf(slot).NumData, 4);
     EXPECT_EQ(RecordOf(slot).NumValidData, 2);
     EXPECT_EQ(gMIGeoLinks.Item(slot)->RowCount(), 2U);
@@ -437,17 +437,18 @@ TEST_F(TablePaste, AThousandRowsInARowWithoutDataEndThePaste) {
     Expect("Reading ended at line 1001, after 1000 invalid lines in a row.");
     const int slot = PasteNew("Joints");
     EXPECT_EQ(RecordOf(slot).NumData, 1);
-    EXPECT_EQ(gLastLoad.invalidLines, 1000);
+    EXPECT_EQ(LastLoad().invalidLines, 1000);
 }
 
 TEST_F(TablePaste, TheUserCanEndALongOneAndKeepsTheRowsSoFar) {
-    const auto patience = std::exchange(gTimeWithoutProgress, std::chrono::milliseconds(0));
+    const auto patience =
+        std::exchange(gPlatform.timeWithoutProgress, std::chrono::milliseconds(0));
     status.RequestCancel();
     script.tables = {Joints(1000)};
     Link();
     const int slot = PasteNew("Joints");
-    gTimeWithoutProgress = patience;
-    EXPECT_TRUE(gLastLoad.cancelled);
+    gPlatform.timeWithoutProgress = patience;
+    EXPECT_TRUE(LastLoad().cancelled);
     EXPECT_EQ(RecordOf(slot).NumData, 64);
     EXPECT_EQ(gMIGeoLinks.Item(slot)->RowCount(), 64U);
 }
@@ -570,7 +571,7 @@ TEST_F(TablePaste, TellsTheWindowsThatATableIsPlotted) {
     script.tables = {Joints(2)};
     Link();
     Texts told;
-    gMapLinkPort.tablePlotted = [&](const std::string& command) { told.push_back(command); };
+    gPlatform.mapLink.tablePlotted = [&](const std::string& command) { told.push_back(command); };
     PasteNew("Joints");
     EXPECT_EQ(told, Texts{kNewCommand});
 }

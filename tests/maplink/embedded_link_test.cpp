@@ -24,7 +24,7 @@ protected:
     void SetUp() override {
         LinkTest::SetUp();
         setenv("QUANDREL_PLUGIN_DIR", QUANDREL_PLUGIN_FOLDER, 1);
-        gMapLinkPort.sessions = &own;
+        gPlatform.mapLink.sessions = &own;
     }
 
     void TearDown() override {

@@ -233,7 +233,7 @@ TEST_F(NonDataLines, AreLeftOutUnlessTheyAreWanted) {
 
 TEST_F(NonDataLines, StandInTheirPlacesWhenTheyAreWanted) {
     Load(kMixedFile);
-    gSaveNonDataLines = true;
+    gSettings.files.nonDataLines = true;
     EXPECT_EQ(Body(), "; measured in May\r\n30\t120\r\nsecond outcrop\r\n40\t200\r\n95\t200\r\n"
                       "50\t10\r\n; the end\r\n")
         << "blank lines are no text, and a parameter line is another file's format";
@@ -241,7 +241,7 @@ TEST_F(NonDataLines, StandInTheirPlacesWhenTheyAreWanted) {
 
 TEST_F(NonDataLines, AreReadBackAsWhatTheyWereAndTheHeadDoesNotGrow) {
     Load(kMixedFile);
-    gSaveNonDataLines = true;
+    gSettings.files.nonDataLines = true;
     const std::string path = (folder / "saved.txt").string();
     ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
     const std::string first = Body();
@@ -258,7 +258,7 @@ TEST_F(NonDataLines, ALineThatTheNewFormatWouldTakeForDataIsAComment) {
     gFileColumnSettings[1] = 0;
     Load("30\t60\n45\t95\n40\t70\n");
     ASSERT_EQ(ActiveRecord().NumValidData, 2);
-    gSaveNonDataLines = true;
+    gSettings.files.nonDataLines = true;
     EXPECT_NE(Body().find("\r\n; 45\t95\r\n"), std::string::npos) << Body();
     EXPECT_EQ(gConventions, kDipDirectionDip) << "the format in force stays";
 }

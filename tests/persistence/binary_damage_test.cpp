@@ -125,7 +125,7 @@ TEST_F(BinaryDamage, ADamagedFileLeavesTheStoreAsItWas) {
     const int slot = gActivePlot;
     const Result<std::string> before = BinaryPlotBytes(slot);
     ASSERT_TRUE(before);
-    const std::vector<std::string> recent = gRecentFiles;
+    const std::vector<std::string> recent = gSettings.files.recent;
     const std::string whole = OldPlotWriter(SampleOfVersion(OldVersions().back())).Bytes();
     for (const std::size_t length : {std::size_t{20}, whole.size() / 2, whole.size() - 1}) {
         const std::string path = WriteFile("bad.qpx", whole.substr(0, length));
@@ -133,7 +133,7 @@ TEST_F(BinaryDamage, ADamagedFileLeavesTheStoreAsItWas) {
         EXPECT_EQ(OpenPlotFile(kNewCommand, path), kLoadError);
         EXPECT_EQ(HighestSlot(), slot) << "no slot was made";
         EXPECT_EQ(gActivePlot, slot);
-        EXPECT_EQ(gRecentFiles, recent);
+        EXPECT_EQ(gSettings.files.recent, recent);
         const Result<std::string> after = BinaryPlotBytes(slot);
         ASSERT_TRUE(after);
         EXPECT_TRUE(*after == *before);
@@ -143,10 +143,10 @@ TEST_F(BinaryDamage, ADamagedFileLeavesTheStoreAsItWas) {
 TEST_F(BinaryDamage, WhenMemoryEndsThePlotIsGivenUp) {
     const std::string path =
         WriteFile("plot.qpx", OldPlotWriter(SampleOfVersion({92, "", ""})).Bytes());
-    gRowLimit = 5;
+    gPlatform.mostRows = 5;
     Expect("There is not enough memory for it.");
     EXPECT_EQ(OpenPlotFile(kNewCommand, path), kLoadError);
-    gRowLimit = 1000000;
+    gPlatform.mostRows = 1000000;
     EXPECT_EQ(CountOpenPlots(), 0);
     EXPECT_EQ(OpenPlotFile(kNewCommand, path), kBinaryCommand);
 }

@@ -207,8 +207,8 @@ TEST_F(BinarySaving, OpeningTellsNameCaptionAndRecentFile) {
     EXPECT_EQ(record.IntersectionState, 0);
     EXPECT_EQ(Form(1).Caption().substr(0, 10), "old.qpx: 1");
     EXPECT_EQ(Form(1).TimesShown(), 1);
-    ASSERT_FALSE(gRecentFiles.empty());
-    EXPECT_EQ(gRecentFiles[0], path);
+    ASSERT_FALSE(gSettings.files.recent.empty());
+    EXPECT_EQ(gSettings.files.recent[0], path);
     EXPECT_TRUE(formatQuestions.empty()) << "without a dialog";
 }
 

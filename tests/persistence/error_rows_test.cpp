@@ -101,14 +101,14 @@ TEST_F(ErrorRows, LinesOfTextFilesGoThroughPlotFilesIntoTextsAgain) {
               kOverlayCommand);
     const Lines before = LinesOf(gActivePlot);
     ASSERT_EQ(before, (Lines{{1, "; Limb north"}, {3, "95\t14"}, {7, "* joints"}}));
-    gSaveNonDataLines = true;
+    gSettings.files.nonDataLines = true;
     const std::string text = AsciiPlotText();
     ASSERT_NE(text.find("; Limb north\r\n30\t120\r\n95\t14\r\n45\t270"), std::string::npos) << text;
     ASSERT_NO_FATAL_FAILURE(SaveAndLoad());
     EXPECT_EQ(LinesOf(gActivePlot), before);
     const std::string again = AsciiPlotText();
     EXPECT_EQ(again.substr(again.find("/T")), text.substr(text.find("/T")));
-    gSaveNonDataLines = false;
+    gSettings.files.nonDataLines = false;
 }
 
 TEST_F(ErrorRows, LongLinesAreCutAtACharacter) {

@@ -60,8 +60,8 @@ TEST_F(OpenPlot, ANewPlotHoldsTheRowsAndTheNameOfItsFile) {
     EXPECT_EQ(Azimuth(2), 270);
     EXPECT_EQ(gDataDip(gActivePlot, 0), 0) << "row 0 is never used";
     EXPECT_EQ(gDataOrder(gActivePlot, 2), 2);
-    EXPECT_EQ(gRecentFiles.front(), (folder / "beds.txt").string());
-    EXPECT_EQ(gLastUsedPath, folder.string());
+    EXPECT_EQ(gSettings.files.recent.front(), (folder / "beds.txt").string());
+    EXPECT_EQ(gSettings.files.lastFolder, folder.string());
     EXPECT_EQ(Form(gActivePlot).Caption(), "beds.txt: 1   [Planes]     ");
     EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "2");
 }
@@ -83,10 +83,10 @@ TEST_F(OpenPlot, EveryLineIsARowAndOnlyGoodOnesAreValid) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.NumData, 6);
     EXPECT_EQ(record.NumValidData, 2);
-    EXPECT_EQ(gLastLoad.rowsRead, 6);
-    EXPECT_EQ(gLastLoad.rowsValid, 2);
-    EXPECT_EQ(gLastLoad.blankLines, 3);
-    EXPECT_EQ(gLastLoad.invalidLines, 1);
+    EXPECT_EQ(LastLoad().rowsRead, 6);
+    EXPECT_EQ(LastLoad().rowsValid, 2);
+    EXPECT_EQ(LastLoad().blankLines, 3);
+    EXPECT_EQ(LastLoad().invalidLines, 1);
     EXPECT_EQ(Dip(1), kErrorRow);
     EXPECT_EQ(Dip(2), 30);
     const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
@@ -97,12 +97,12 @@ TEST_F(OpenPlot, EveryLineIsARowAndOnlyGoodOnesAreValid) {
 }
 
 TEST_F(OpenPlot, TheHeadingIsTheFirstLineThatIsNoCommentOrBlank) {
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     Expect("2 non-data");
     Open("a.txt", "; made by hand\n\ndip 1\tdirection 2\n30\t120\n");
     EXPECT_EQ(ActiveRecord().FileHeadLine, "dip 1\tdirection 2");
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
-    EXPECT_EQ(gLastLoad.rowsRead, 3);
+    EXPECT_EQ(LastLoad().rowsRead, 3);
 }
 
 TEST_F(OpenPlot, AThousandInvalidLinesInARowAreCalledSo) {
@@ -110,23 +110,23 @@ TEST_F(OpenPlot, AThousandInvalidLinesInARowAreCalledSo) {
     Expect("Reading ended at line 1001, after 1000 invalid lines in a row.");
     Open("a.txt", "30\t120\n" + Repeated("95\t120\n", 1200) + "40\t100\n");
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
-    EXPECT_EQ(gLastLoad.invalidLines, 1000);
-    EXPECT_EQ(gLastLoad.blankLines, 0);
+    EXPECT_EQ(LastLoad().invalidLines, 1000);
+    EXPECT_EQ(LastLoad().blankLines, 0);
 }
 
 TEST_F(OpenPlot, AThousandNonDataLinesInARowEndTheReading) {
     Expect("Reading ended at line 1001, after 1000 lines in a row without data.");
     Open("a.txt", "30\t120\n" + Repeated("no data\n", 1200) + "40\t100\n");
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
-    EXPECT_EQ(gLastLoad.blankLines, 1000);
-    EXPECT_EQ(gLastLoad.stoppedAtLine, 1001);
+    EXPECT_EQ(LastLoad().blankLines, 1000);
+    EXPECT_EQ(LastLoad().stoppedAtLine, 1001);
 }
 
 TEST_F(OpenPlot, NonDataLinesBetweenDataDoNotEndTheReading) {
     Expect("1500 non-data");
     Open("a.txt", Repeated("30\t120\n\n", 1500));
     EXPECT_EQ(ActiveRecord().NumValidData, 1500);
-    EXPECT_EQ(gLastLoad.stoppedAtLine, 0);
+    EXPECT_EQ(LastLoad().stoppedAtLine, 0);
 }
 
 TEST_F(OpenPlot, RetryReadsTheFileFromTheStartWithFreshCounters) {
@@ -142,8 +142,8 @@ TEST_F(OpenPlot, RetryReadsTheFileFromTheStartWithFreshCounters) {
     gFileDelimiter = "\t";
     EXPECT_EQ(Open("a.txt", "30,120\n40,130\n"), kNewCommand);
     EXPECT_EQ(formatQuestions.size(), 2U);
-    EXPECT_EQ(gLastLoad.rowsRead, 2);
-    EXPECT_EQ(gLastLoad.invalidLines, 0);
+    EXPECT_EQ(LastLoad().rowsRead, 2);
+    EXPECT_EQ(LastLoad().invalidLines, 0);
     EXPECT_EQ(ActiveRecord().NumData, 2);
     EXPECT_EQ(TableOf(gActivePlot).size(), 2U);
     EXPECT_EQ(Dip(2), 40);
@@ -161,7 +161,7 @@ TEST_F(OpenPlot, AbortWithoutARowGivesThePlotUp) {
     EXPECT_EQ(Open("a.txt", "99\t10\n40\t130\n"), kLoadError);
     EXPECT_EQ(CountOpenPlots(), 0);
     EXPECT_EQ(gActivePlot, 0);
-    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_TRUE(gSettings.files.recent.empty());
 }
 
 TEST_F(OpenPlot, IgnoreDoesNotAskAgain) {
@@ -307,7 +307,7 @@ TEST_F(OpenPlot, AWrongDecimalDelimiterIsAskedAboutOnceAndConverted) {
     EXPECT_TRUE(gConvertDecimals);
     EXPECT_FLOAT_EQ(gAppNumeric(gActivePlot, 1), 2.5F);
     EXPECT_FLOAT_EQ(gAppNumeric(gActivePlot, 2), 3.5F);
-    EXPECT_EQ(gLastLoad.badNumeric, 0);
+    EXPECT_EQ(LastLoad().badNumeric, 0);
 }
 
 TEST_F(OpenPlot, AWrongDecimalDelimiterThatIsIgnoredIsAnInvalidValue) {
@@ -319,7 +319,7 @@ TEST_F(OpenPlot, AWrongDecimalDelimiterThatIsIgnoredIsAnInvalidValue) {
            "numeric data.");
     Open("a.txt", "30\t120\t2.5\n31\t120\t3.5\n");
     EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
-    EXPECT_EQ(gLastLoad.badNumeric, 2);
+    EXPECT_EQ(LastLoad().badNumeric, 2);
     EXPECT_EQ(ActiveRecord().NumValidData, 2);
 }
 
@@ -343,10 +343,10 @@ TEST_F(OpenPlot, TextsThatLookLikeNumbersOfAnotherRegionAreWarnedAbout) {
 }
 
 TEST_F(OpenPlot, OutOfMemoryKeepsTheRowsSoFarAndForbidsAMerge) {
-    gRowLimit = 2;
+    gPlatform.mostRows = 2;
     Expect("An 'Out of Memory' error has been encountered after 2 data points");
     Open("a.txt", "30\t120\n31\t121\n32\t122\n");
-    gRowLimit = std::numeric_limits<std::int32_t>::max() / 2;
+    gPlatform.mostRows = std::numeric_limits<std::int32_t>::max() / 2;
     EXPECT_EQ(ActiveRecord().NumValidData, 2);
     EXPECT_NE(ActiveRecord().DataFull, 0);
     Expect("This plot already contains the maximum no. of data");
@@ -447,16 +447,16 @@ TEST_F(OpenPlot, AThousandInvalidLinesInARowEndTheReading) {
     Expect("The first 1000 datalines were found to contain invalid data");
     AcceptFormat({}, 1);
     EXPECT_EQ(Open("a.txt", Repeated("99\t10\n", 1500)), kLoadError);
-    EXPECT_EQ(gLastLoad.invalidLines, 1000);
+    EXPECT_EQ(LastLoad().invalidLines, 1000);
 }
 
 TEST_F(OpenPlot, ALoadThatTheUserEndsKeepsItsRows) {
-    const auto usual = gTimeWithoutProgress;
-    gTimeWithoutProgress = std::chrono::milliseconds(0);
+    const auto usual = gPlatform.timeWithoutProgress;
+    gPlatform.timeWithoutProgress = std::chrono::milliseconds(0);
     status.RequestCancel();
     Open("a.txt", Repeated("30\t120\n", 20000));
-    gTimeWithoutProgress = usual;
-    EXPECT_TRUE(gLastLoad.cancelled);
+    gPlatform.timeWithoutProgress = usual;
+    EXPECT_TRUE(LastLoad().cancelled);
     EXPECT_GT(ActiveRecord().NumValidData, 0);
     EXPECT_LT(ActiveRecord().NumValidData, 20000);
     EXPECT_EQ(TableOf(gActivePlot).size(), static_cast<std::size_t>(ActiveRecord().NumLoadedData));
@@ -561,10 +561,10 @@ TEST_F(OpenPlot, RetryMayChangeTheKindOfAnOverlay) {
 TEST_F(OpenPlot, AMergeThatComesToNothingPutsEverythingBack) {
     gFileNumericAppended = true;
     gFileColumnSettings[kSlotNumber] = 2;
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     Open("a.txt", "head 1\n30\t120\t5\n");
     ActiveRecord().Modified = 0;
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
     Expect("Check that you have indicated", Button::Retry);
     AcceptFormat({}, 1);
     EXPECT_EQ(OpenPlotFile(kMergeCommand, WriteFile("b.txt", "31\t121\t999\n99\t0\t1\n")),
@@ -623,12 +623,12 @@ TEST_F(OpenPlot, FurtherFilesOfAnOverlayBelongToTheOverlay) {
 TEST_F(OpenPlot, TheFileDialogStartsWhereTheLastFileWas) {
     prompts.QueueOpenPath(WriteFile("a.txt", "30\t120\n"));
     EXPECT_EQ(OpenPlotFile(kNewCommand), kNewCommand);
-    EXPECT_EQ(gLastUsedPath, folder.string());
+    EXPECT_EQ(gSettings.files.lastFolder, folder.string());
     EXPECT_EQ(OpenPlotFile(kNewCommand), kLoadError) << "cancelled with a plot open";
     EXPECT_EQ(CountOpenPlots(), 1);
     Expect("The indicated file cannot be opened");
     OpenPlotFile("File/no/such/file.txt");
-    EXPECT_EQ(gLastUsedPath, folder.string());
+    EXPECT_EQ(gSettings.files.lastFolder, folder.string());
 }
 
 TEST_F(OpenPlot, CancellingTheFileDialogWithNoPlotMakesABlankOne) {
@@ -657,7 +657,7 @@ TEST_F(OpenPlot, EncodingsAndHashLinesEndToEnd) {
     Expect("1 non-data");
     Open("latin.txt", "# note\n# 1 2\t3\t4\n30\t120\tgr\xe8s\n");
     EXPECT_EQ(gAppText(gActivePlot, 3), "gr\xc3\xa8s");
-    EXPECT_EQ(gLastLoad.invalidLines, 1);
+    EXPECT_EQ(LastLoad().invalidLines, 1);
     Open("marked.txt", "\xef\xbb\xbf"
                        "30\t120\tgr\xc3\xa8s\n");
     EXPECT_EQ(Dip(1), 30);

@@ -143,7 +143,7 @@ TEST_F(Workspace, ListsSavedPlotsWithoutAQuestion) {
     EXPECT_EQ(SaveWorkspaceAs(Path("w.qwo")), WorkspaceOutcome::Saved);
     EXPECT_EQ(TextOf(Path("w.qwo")),
               WorkspaceText(Paths{Path("a.qpx"), "/elsewhere/b.qpx"}, folder));
-    EXPECT_EQ(gLastUsedWSpaceFileTitle, "w.qwo");
+    EXPECT_EQ(gSettings.files.workspaceTitle, "w.qwo");
 }
 
 TEST_F(Workspace, LeavesOutWhatIsNotToBeSavedEvenWithAPath) {
@@ -276,7 +276,7 @@ TEST_F(Workspace, OpensLikeAnyFile) {
     AcceptFormat({}, 1);
     EXPECT_NE(OpenPlotFile(kNewCommand, Path("w.qwo")), kLoadError) << "it lists itself, too";
     EXPECT_EQ(CountOpenPlots(), 1);
-    EXPECT_EQ(gRecentFiles.front(), Path("w.qwo"));
+    EXPECT_EQ(gSettings.files.recent.front(), Path("w.qwo"));
 }
 
 TEST_F(Workspace, ByAnotherNameNeedsItsList) {
@@ -305,8 +305,8 @@ TEST_F(Workspace, ThatDoesNotExistIsTold) {
 TEST_F(Workspace, DialogRemembersWhereTheUserWent) {
     prompts.QueueOpenPath(Path("w.qwo"));
     EXPECT_EQ(WorkspaceFileDialog(WorkspaceDialog::Open), Path("w.qwo"));
-    EXPECT_EQ(gLastUsedWorkSpacePath, folder.string());
-    EXPECT_EQ(gLastUsedWorkSpaceFileName, Path("w.qwo"));
+    EXPECT_EQ(gSettings.files.workspaceFolder, folder.string());
+    EXPECT_EQ(gSettings.files.workspaceName, Path("w.qwo"));
 }
 
 TEST_F(Workspace, OpensPlotsOfNamesOfAllKinds) {
@@ -342,14 +342,14 @@ TEST_F(Workspace, SaysHowManyFilesWereOpenedAndWhichAreMissing) {
     EXPECT_EQ(LastOpenedWorkspace().path, Path("w.qwo"));
     EXPECT_EQ(LastOpenedWorkspace().opened, (Paths{Path("one.txt"), Path("two.txt")}));
     EXPECT_EQ(LastOpenedWorkspace().missing, (Paths{Path("gone.txt"), Path("bad.qpx")}));
-    EXPECT_EQ(gRecentFiles.front(), Path("w.qwo"));
+    EXPECT_EQ(gSettings.files.recent.front(), Path("w.qwo"));
 }
 
 TEST_F(Workspace, ThatOpensNothingIsNoRecentFile) {
     WriteFile("w.qwo", WorkspaceText(Paths{Path("gone.txt")}, folder));
     Expect("None of the files that this workspace lists was opened");
     EXPECT_EQ(OpenPlotFile(kNewCommand, Path("w.qwo")), kLoadError);
-    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_TRUE(gSettings.files.recent.empty());
     EXPECT_EQ(TextOfOpening({"w.qwo", {}, {"a"}}), "0 of 1 file opened");
 }
 

@@ -287,7 +287,7 @@ TEST_F(Recovery, AfterACrashPlotsComeBackUnsavedUnderTheirNames) {
     EXPECT_EQ(gDataDip(1, 1), 30);
     EXPECT_EQ(gDataAz(1, 3), 20);
     EXPECT_EQ(Form(1).Caption().rfind("beds.qpx: 7", 0), 0U);
-    EXPECT_TRUE(gRecentFiles.empty());
+    EXPECT_TRUE(gSettings.files.recent.empty());
 }
 
 TEST_F(Recovery, APlotWithoutAPathHasNoneAfterwards) {

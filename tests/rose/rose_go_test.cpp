@@ -131,7 +131,7 @@ TEST_F(RoseGoTest, MakesSizeWidthAndScaleTheDefaults) {
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(gRoseSectorSize, 15);
     EXPECT_EQ(gRoseSectorFraction, 70);
-    EXPECT_EQ(gRoseScaleType, "circauto");
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "circauto");
     EXPECT_FALSE(gRoseOuterCircle);
 }
 
@@ -142,29 +142,30 @@ TEST_F(RoseGoTest, LeavesAutoInThePlot) {
     EXPECT_FALSE(RoseSettingsOfActivePlot().interval);
     EXPECT_EQ(ApplyRoseSettings(RoseSettingsOfActivePlot()).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tickauto");
-    EXPECT_EQ(gRoseScaleType, "tickauto");
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "tickauto");
     RoseSettings rose = RoseSettingsOfActivePlot();
     rose.interval = 10;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick10");
-    EXPECT_EQ(gRoseScaleType, "tick10") << "typed";
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "tick10") << "typed";
 }
 
 TEST_F(RoseGoTest, MakesNoDefaultOfAnIntervalThatThePlotHad) {
-    gRoseScaleType = "tickauto";
+    gSettings.newPlots.rose.scaleType = "tickauto";
     Record().RoseScaleType = "tick4"; // of an older file
     RoseSettings rose = RoseSettingsOfActivePlot();
     rose.sectorFraction = 60;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick4");
-    EXPECT_EQ(gRoseScaleType, "tickauto");
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "tickauto");
     rose.circles = true;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "circ4");
-    EXPECT_EQ(gRoseScaleType, "circauto") << "the form was chosen, the number was not";
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "circauto")
+        << "the form was chosen, the number was not";
     rose.interval = 3;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
-    EXPECT_EQ(gRoseScaleType, "circ3");
+    EXPECT_EQ(gSettings.newPlots.rose.scaleType, "circ3");
 }
 
 TEST_F(RoseGoTest, MakesARoseOfAStereoPlot) {
@@ -340,7 +341,7 @@ struct RoseTraces {
     std::string fields;
     double sectorSize = gRoseSectorSize;
     int fraction = gRoseSectorFraction;
-    std::string scale = gRoseScaleType;
+    std::string scale = gSettings.newPlots.rose.scaleType;
     bool outerCircle = gRoseOuterCircle;
 
     friend bool operator==(const RoseTraces&, const RoseTraces&) = default;

@@ -259,7 +259,7 @@ TEST_F(RoseOfFewData, FollowsTheFormulasWithItsArrows) {
     Work(kLines, {40, 45, 50});
     ActiveRecord().RoseDisplay7 = kTrue;
     EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 90, 1e-9);
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     RoseCircularStats(kRoseFrequency);
     EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 45, 1e-9);
 }

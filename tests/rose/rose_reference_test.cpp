@@ -101,13 +101,13 @@ TEST_F(RoseReference, TakesAFullTurnForNorth) {
 
 TEST_F(RoseReference, HasThePrintedTextsOfTheFormulasInForce) {
     NewRose(kPolarLines, {0, 0, 0});
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     const auto equal = Work();
     EXPECT_EQ(Find(equal, "kappa, maximum likelihood")->printed, "");
     EXPECT_EQ(Find(equal, "circular skewness")->printed, "");
     NewRose(kPolarLines, {20, 40, 60, 150, 240});
     ExpectLine(Work(), "median of least mean deviation", 40, "");
-    gFormulas = Formulas::Own;
+    gSettings.notation.formulas = Formulas::Own;
     ExpectLine(Work(), "median of least mean deviation", 40, "60.0");
 }
 

@@ -56,7 +56,7 @@ protected:
 
 TEST_F(RoseShown, IsStaleUnderOtherFormulas) {
     RosePlot();
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     EXPECT_TRUE(IsRoseStale());
     RosePlot(false);
     EXPECT_FALSE(IsRoseStale());
@@ -67,7 +67,7 @@ TEST_F(RoseShown, ARefusedRoseStaysRefusedUnderOtherFormulas) {
     Expect(kOddQuestion, Button::Cancel);
     RosePlot(true);
     EXPECT_TRUE(IsRoseRefused());
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     RosePlot(false);
     EXPECT_TRUE(IsRoseRefused());
 }

@@ -194,7 +194,7 @@ TEST_F(RoseStatisticsTexts, TellTheTextbookBelowWhatDiffersFromIt) {
     const std::string own = RoseStatsFull();
     EXPECT_TRUE(HasLine(own, "Mean Resultant dir'n  = 090.0 - 270.0\r\n(textbook: 045.0 - 225.0)"));
     EXPECT_TRUE(HasLine(own, "Mean direction of doubled angles = 180\r\n(textbook: 090)"));
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     Work({{33.3, 1}});
     const std::string textbook = RoseStatsFull();
     EXPECT_TRUE(HasLine(textbook, "Mean Resultant dir'n  = 045-225"));
@@ -224,7 +224,7 @@ TEST_F(RoseStatisticsTexts, TellWhatTheTextbookLeavesOpen) {
     const std::string equal = RoseStatsFull();
     EXPECT_TRUE(HasLine(equal, "kappa = 0.00\r\n(textbook: infinite)"));
     EXPECT_TRUE(HasLine(equal, "Circ.Skewness = 0.00\r\n(textbook: undetermined)"));
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     Work({{100, 3}});
     EXPECT_TRUE(HasLine(RoseStatsFull(), "kappa = infinite"));
     EXPECT_TRUE(HasLine(RoseStatsFull(), "Circ.Kurtosis = undetermined"));
@@ -238,7 +238,7 @@ TEST_F(RoseStatisticsTexts, TellTheMedianOfLeastDeviationWhereItIsAnother) {
     const std::string own = RoseStatsFull();
     EXPECT_TRUE(HasLine(own, "Circ.Median = 060.0\r\n(textbook: 040.0)")) << own;
     EXPECT_TRUE(HasLine(own, "Circ.Mean Dev.about median = 66.0°\r\n(textbook: 62.0°)")) << own;
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     Work({{20, 1}});
     const std::string textbook = RoseStatsFull();
     EXPECT_TRUE(HasLine(textbook, "Circ.Median = 040.0")) << textbook;

@@ -39,7 +39,7 @@ protected:
         gConventions = file.format.conventions;
         gFileDelimiter = file.format.delimiter;
         gFileColumnSettings = file.format.columns;
-        gFileHasHeadings = file.format.heading;
+        gSettings.format.hasHeadings = file.format.heading;
         gPlotDataKind = file.format.dataKind;
         AcceptFormat({}, 1000);
         for (const char* box : file.boxes) {

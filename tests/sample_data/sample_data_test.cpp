@@ -57,7 +57,7 @@ protected:
         gConventions = format.conventions;
         gFileDelimiter = format.delimiter;
         gFileColumnSettings = format.columns;
-        gFileHasHeadings = format.heading;
+        gSettings.format.hasHeadings = format.heading;
         gFileNumericAppended = format.number;
         gFileNonNumericAppended = format.text;
         gPlotDataKind = format.dataKind;
@@ -150,14 +150,14 @@ protected:
     }
 
     static void ExpectCounts(const Counts& counts) {
-        EXPECT_EQ(gLastLoad.rowsRead, counts.read);
-        EXPECT_EQ(gLastLoad.rowsValid, counts.valid);
-        EXPECT_EQ(gLastLoad.blankLines, counts.blank);
-        EXPECT_EQ(gLastLoad.invalidLines, counts.invalid);
-        EXPECT_EQ(gLastLoad.badNumeric, counts.badNumbers);
-        EXPECT_EQ(gLastLoad.badText, 0) << "a missing text is an empty one";
-        EXPECT_EQ(gLastLoad.badLine, 0);
-        EXPECT_EQ(gLastLoad.stoppedAtLine, 0);
+        EXPECT_EQ(LastLoad().rowsRead, counts.read);
+        EXPECT_EQ(LastLoad().rowsValid, counts.valid);
+        EXPECT_EQ(LastLoad().blankLines, counts.blank);
+        EXPECT_EQ(LastLoad().invalidLines, counts.invalid);
+        EXPECT_EQ(LastLoad().badNumeric, counts.badNumbers);
+        EXPECT_EQ(LastLoad().badText, 0) << "a missing text is an empty one";
+        EXPECT_EQ(LastLoad().badLine, 0);
+        EXPECT_EQ(LastLoad().stoppedAtLine, 0);
         EXPECT_EQ(ActiveRecord().NumData, counts.read);
         EXPECT_EQ(ActiveRecord().NumValidData, counts.valid);
     }
@@ -253,10 +253,10 @@ TEST_F(SampleData, EveryFileComesBackFromItsAsciiForm) {
         const int copy = SaveAndReadBack(file.counts);
         ExpectSamePlot(original, copy);
         EXPECT_EQ(Positions(original), Positions(copy));
-        EXPECT_EQ(gLastLoad.rowsValid, file.counts.valid);
-        EXPECT_EQ(gLastLoad.invalidLines, 0);
-        EXPECT_EQ(gLastLoad.badNumeric, file.counts.badNumbers);
-        EXPECT_EQ(gLastLoad.badText, 0);
+        EXPECT_EQ(LastLoad().rowsValid, file.counts.valid);
+        EXPECT_EQ(LastLoad().invalidLines, 0);
+        EXPECT_EQ(LastLoad().badNumeric, file.counts.badNumbers);
+        EXPECT_EQ(LastLoad().badText, 0);
         CloseAll();
     }
 }

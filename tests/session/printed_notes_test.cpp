@@ -57,7 +57,7 @@ TEST_F(PrintedNotes, StandBelowTheProgramsOwnResultsAlone) {
     Print(slot);
     EXPECT_EQ(TimesOnPage("(textbook: 045-225)"), 1);
     EXPECT_EQ(TimesOnPage("Mean Resultant dir'n  = 090-270"), 1);
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     Print(slot);
     EXPECT_EQ(TimesOnPage("(textbook: 045-225)"), 0);
     EXPECT_EQ(TimesOnPage("Mean Resultant dir'n  = 045-225"), 1);

@@ -136,7 +136,8 @@ TEST_F(Start, TheMapLinkAndWorkspacesOpenNoDataFile) {
 }
 
 TEST_F(Start, RecentFilesOpenByTheirNumber) {
-    gRecentFiles = {WriteFile("a.txt", "30\t120\n"), WriteFile("b.txt", "30\t120\n40\t10\n")};
+    gSettings.files.recent = {WriteFile("a.txt", "30\t120\n"),
+                              WriteFile("b.txt", "30\t120\n40\t10\n")};
     EXPECT_TRUE(IntroStart(92));
     EXPECT_EQ(ActiveRecord().NumData, 2);
     EXPECT_FALSE(IntroStart(95)) << "there are two";
@@ -145,10 +146,10 @@ TEST_F(Start, RecentFilesOpenByTheirNumber) {
 TEST_F(Start, ARecentFileThatHasGoneIsToldAndLeavesTheList) {
     const std::string gone = (folder / "gone.txt").string();
     const std::string kept = WriteFile("b.txt", "30\t120\n");
-    gRecentFiles = {gone, kept};
+    gSettings.files.recent = {gone, kept};
     Expect("The indicated file cannot be opened\n" + gone);
     EXPECT_FALSE(IntroStart(91));
-    EXPECT_EQ(gRecentFiles, std::vector<std::string>{kept});
+    EXPECT_EQ(gSettings.files.recent, std::vector<std::string>{kept});
 }
 
 } // namespace

@@ -12,7 +12,7 @@ constexpr WindowRect kScreen{0, 0, 1920, 1080};
 class WindowPlaces : public EngineTest {
 protected:
     static void Keep(int state, int left, int top, int width, int height) {
-        gMainWindowPlace = {state, top * 15, left * 15, width * 15, height * 15};
+        gSettings.windows.main = {state, top * 15, left * 15, width * 15, height * 15};
     }
 };
 
@@ -25,21 +25,21 @@ TEST_F(WindowPlaces, APlaceIsFifteenUnitsToThePixel) {
     EXPECT_EQ(StartOfMainWindow(kScreen).state, WindowState::Normal);
     EXPECT_EQ(StartOfMainWindow(kScreen).rect, (WindowRect{100, 50, 1000, 700}));
     KeepMainWindowPlace(WindowState::Normal, {10, 20, 900, 800});
-    EXPECT_EQ(gMainWindowPlace.left, 150);
-    EXPECT_EQ(gMainWindowPlace.top, 300);
-    EXPECT_EQ(gMainWindowPlace.width, 13500);
-    EXPECT_EQ(gMainWindowPlace.height, 12000);
-    EXPECT_EQ(gMainWindowPlace.state, 0);
+    EXPECT_EQ(gSettings.windows.main.left, 150);
+    EXPECT_EQ(gSettings.windows.main.top, 300);
+    EXPECT_EQ(gSettings.windows.main.width, 13500);
+    EXPECT_EQ(gSettings.windows.main.height, 12000);
+    EXPECT_EQ(gSettings.windows.main.state, 0);
 }
 
 TEST_F(WindowPlaces, AMaximisedOrMinimisedWindowKeepsItsFormerPlace) {
     Keep(0, 100, 50, 1000, 700);
     KeepMainWindowPlace(WindowState::Maximised, kScreen);
-    EXPECT_EQ(gMainWindowPlace.state, 2);
-    EXPECT_EQ(gMainWindowPlace.width, 15000);
+    EXPECT_EQ(gSettings.windows.main.state, 2);
+    EXPECT_EQ(gSettings.windows.main.width, 15000);
     KeepMainWindowPlace(WindowState::Minimised, {0, 0, 10, 10});
-    EXPECT_EQ(gMainWindowPlace.state, 1);
-    EXPECT_EQ(gMainWindowPlace.width, 15000);
+    EXPECT_EQ(gSettings.windows.main.state, 1);
+    EXPECT_EQ(gSettings.windows.main.width, 15000);
     EXPECT_EQ(StartOfMainWindow(kScreen).state, WindowState::Maximised)
         << "nobody finds a program that starts as an icon";
 }

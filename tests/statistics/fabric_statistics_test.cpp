@@ -326,11 +326,11 @@ TEST_F(FabricStatistics, SetsThreeTimesAsLongAsWideAreNotSymmetricInTheTextbook)
     EXPECT_EQ(record.FabricValueC, StandardErrorOfActivePlot(Formulas::Own));
     EXPECT_EQ(StandardErrorOfActivePlot(Formulas::Textbook), kNotSymmetric);
     EXPECT_TRUE(ConfidenceConeAngle(record, Formulas::Own));
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     ComputeFabricStatistics();
     EXPECT_EQ(record.FabricValueC, kNotSymmetric);
     EXPECT_FALSE(ConfidenceConeAngle(record, Formulas::Textbook));
-    gFormulas = Formulas::Own;
+    gSettings.notation.formulas = Formulas::Own;
 }
 
 TEST_F(FabricStatistics, SymmetricSetsHaveTheSameErrorByBothFormulas) {

@@ -227,7 +227,7 @@ TEST_F(ReferenceEntriesOfPlot, AMeanWithoutDirectionIsUndetermined) {
 TEST_F(ReferenceEntriesOfPlot, TakeTheTextsOfTheFormulasInForce) {
     EXPECT_EQ(EntryOf(EntriesOf(kLines, {{40, 200}}), "gamma").printed, "99999.00");
     EXPECT_EQ(EntryOf(EntriesOf(kLines, {{40, 200}}), "girdle dip").printed, "");
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     const auto one = EntriesOf(kLines, {{40, 200}});
     EXPECT_FALSE(EntryOf(one, "gamma").value);
     EXPECT_EQ(EntryOf(one, "gamma").printed, "");

@@ -259,7 +259,7 @@ TEST_F(StatisticsTexts, TheTextbookIsToldBelowWhatDiffersFromIt) {
     EXPECT_NE(own.find("°\r\n(textbook: non-symmetric distribution)\r\n\r\nMean Direction:"),
               std::string::npos)
         << own;
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     ComputeFabricStatistics();
     const std::string textbook = FabricBoxText();
     EXPECT_NE(textbook.find("\r\n(non-symmetric distribution)\r\n\r\nMean Direction:"),
@@ -276,7 +276,7 @@ TEST_F(StatisticsTexts, OneRowIsUndeterminedInTheTextbook) {
     EXPECT_TRUE(HasLine(own, "Spherical standard error: 99999.000\r\n(textbook: undetermined)"));
     EXPECT_TRUE(HasLine(own, "95% conf. cone semi-angle: 90.00°\r\n(textbook: undetermined)"));
     EXPECT_TRUE(HasLine(own, "Shape parameter, gamma = 99999.00\r\n(textbook: undetermined)"));
-    gFormulas = Formulas::Textbook;
+    gSettings.notation.formulas = Formulas::Textbook;
     ComputeFabricStatistics();
     const std::string textbook = FabricBoxText();
     EXPECT_TRUE(HasLine(textbook, "Spherical standard error: undetermined"));

@@ -99,13 +99,13 @@ class SharedLoading : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        patience_ = std::exchange(gTimeWithoutProgress, std::chrono::milliseconds(0));
-        rowLimit_ = gRowLimit;
+        patience_ = std::exchange(gPlatform.timeWithoutProgress, std::chrono::milliseconds(0));
+        rowLimit_ = gPlatform.mostRows;
     }
 
     void TearDown() override {
-        gTimeWithoutProgress = patience_;
-        gRowLimit = rowLimit_;
+        gPlatform.timeWithoutProgress = patience_;
+        gPlatform.mostRows = rowLimit_;
         EngineTest::TearDown();
     }
 
@@ -117,11 +117,11 @@ protected:
         std::ostringstream out;
         NewPlot();
         for (const auto& [command, path] : loads.files) {
-            gLastLoad = {};
-            out << ReadTextFile(command, path) << '\n' << Printed(gLastLoad) << '\n';
-            Note(gLastLoad);
+            LastLoad() = {};
+            out << ReadTextFile(command, path) << '\n' << Printed(LastLoad()) << '\n';
+            Note(LastLoad());
         }
-        out << Printed(CurrentFormat()) << gConvertDecimals << '\n' << tracing.Trace();
+        out << Printed(gSettings.format) << gConvertDecimals << '\n' << tracing.Trace();
         for (const ShownBox& box : answering.Shown()) {
             out << box.message.text << " -> " << static_cast<int>(box.answer) << '\n';
         }
@@ -156,10 +156,10 @@ private:
     void Begin(const Loads& loads, unsigned threads, TracingStatus& tracing,
                ScriptedPrompts& answering) {
         MakeStoreTables();
-        RestoreFormat(loads.format);
+        gSettings.format = loads.format;
         gConvertDecimals = false;
         gDecimalIsComma = loads.decimalIsComma;
-        gRowLimit = loads.rowLimit;
+        gPlatform.mostRows = loads.rowLimit;
         gPlatform.threads = threads;
         gPlatform.textBlockBytes = loads.blockBytes;
         gPlatform.status = &tracing;
@@ -245,7 +245,7 @@ private:
     int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
     FormatSettings Format() {
-        FormatSettings format = CurrentFormat();
+        FormatSettings format = gSettings.format;
         format.delimiter = std::array{"\t", "", ";"}[static_cast<std::size_t>(Below(3))];
         format.conventions =
             std::array<std::int16_t, 6>{1, 1, 1, 5, 3, -1}[static_cast<std::size_t>(Below(6))];
@@ -306,7 +306,7 @@ TEST_F(SharedLoading, FilesOfTheRepositoryComeOutAsOneThreadReadsThem) {
 
 TEST_F(SharedLoading, TheAnswerAboutDecimalsHoldsFromItsLineOn) {
     Loads loads;
-    loads.format = CurrentFormat();
+    loads.format = gSettings.format;
     loads.format.primary = kPrimaryPlane;
     loads.format.delimiter = "\t";
     loads.format.numericAppended = true;
@@ -321,12 +321,12 @@ TEST_F(SharedLoading, TheAnswerAboutDecimalsHoldsFromItsLineOn) {
     EXPECT_EQ(ActivePlot().rows.number(1000), 1.5F);
     EXPECT_EQ(ActivePlot().rows.number(1001), 2.5F);
     EXPECT_EQ(ActivePlot().rows.number(2000), 2.5F);
-    EXPECT_EQ(gLastLoad.badNumeric, 0);
+    EXPECT_EQ(LastLoad().badNumeric, 0);
 }
 
 TEST_F(SharedLoading, TheHeadOfAFileOfOurOwnMayBeLongerThanABlock) {
     Loads loads;
-    loads.format = CurrentFormat();
+    loads.format = gSettings.format;
     loads.format.primary = kPrimaryPlane;
     std::string text = ";Quandrel\n";
     for (int i = 0; i < 200; ++i) {
@@ -337,8 +337,8 @@ TEST_F(SharedLoading, TheHeadOfAFileOfOurOwnMayBeLongerThanABlock) {
     }
     loads.files = {{kNewCommand, WriteFile("own.txt", text)}};
     ExpectSameOfBoth(loads);
-    EXPECT_EQ(gLastLoad.headLines, 201);
-    EXPECT_EQ(gLastLoad.blankLines, 501);
+    EXPECT_EQ(LastLoad().headLines, 201);
+    EXPECT_EQ(LastLoad().blankLines, 501);
 }
 
 } // namespace

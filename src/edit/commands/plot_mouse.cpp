@@ -55,8 +55,8 @@ SelectionWay WayOfKeys(int shift) {
     return shift == kCtrlKey ? SelectionWay::Toggle : SelectionWay::Replace;
 }
 
-/// Removes the contents of the frame that is shown from a selection.
-void LeaveOutFrame(KeptSelection& selection) {
+/// Takes out of a selection what the frame that stands holds.
+void LeaveOutFrame(Selection& selection) {
     const std::vector<std::int32_t> rows = RowsInMarquee();
     std::erase_if(selection.rows,
                   [&](std::int32_t row) { return std::ranges::binary_search(rows, row); });
@@ -129,7 +129,7 @@ bool PlotMouse::Key(PlotKey key) {
             Cancel();
         } else if (PickedSet() != 0) {
             EndSmallCirclePick();
-        } else if (gMarqueeSlot != 0) {
+        } else if (Selection::now.slot != 0) {
             ClearSelection();
         } else {
             return false;
@@ -170,7 +170,7 @@ void PlotMouse::OverlayShapes(Surface& surface, std::int32_t slot, Colour highli
     if (!IsOpenSlot(slot) || RecordOf(slot).PlotKind == kRose) {
         return;
     }
-    const bool isOwn = slot == gMarqueeSlot;
+    const bool isOwn = slot == Selection::now.slot;
     const Point offset = isOwn ? DragOffset() : Point{};
     const bool movesRows = gActiveLayer == kDataLayer && !ShowsIntersections(slot);
     const Point rowOffset = movesRows ? offset : Point{};
@@ -258,7 +258,7 @@ PlotMouse::Drag PlotMouse::BeginAnnotation(const MouseEvent& event) {
 }
 
 void PlotMouse::BeginMarquee(const MouseEvent& event, const MouseModes& modes) {
-    kept_ = KeepSelection();
+    kept_ = Selection::now;
     const bool stands = MarqueeStandsOn(gActivePlot) && event.shift == 0;
     const int handle = stands ? HandleAt(start_, modes.pixel) : -1;
     if (stands && handle < 0 && IsInMarquee(start_)) {
@@ -288,11 +288,11 @@ void PlotMouse::BeginFrame(const MouseEvent& event, int handle) {
         LeaveOutFrame(base_);
         way_ = SelectionWay::Add;
     }
-    if (way_ == SelectionWay::Replace || gMarqueeSlot != gActivePlot) {
+    if (way_ == SelectionWay::Replace || Selection::now.slot != gActivePlot) {
         ClearSelection();
         return;
     }
-    KeptSelection shown = base_;
+    Selection shown = base_;
     shown.marquee = {};
     shown.lasso.clear();
     PutSelectionBack(std::move(shown));

@@ -120,8 +120,8 @@ private:
     Point anchor_;             ///< fixed corner of a marquee
     Point last_;               ///< present position of the pointer
     std::vector<Point> lasso_; ///< drawn so far
-    KeptSelection kept_;       ///< the selection before the drag
-    KeptSelection base_;       ///< the part of it that the frame adds to, or toggles
+    Selection kept_;           ///< the selection before the drag
+    Selection base_;           ///< what of it the frame adds to, or toggles
     SelectionWay way_ = SelectionWay::Replace;
 };
 

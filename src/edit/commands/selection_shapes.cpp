@@ -170,8 +170,8 @@ void DrawLasso(Surface& surface, std::vector<Point> corners, Point offset) {
 }
 
 void DrawStandingMarquee(Surface& surface, Point offset, Colour highlight) {
-    if (!gLasso.empty()) {
-        DrawLasso(surface, gLasso, offset);
+    if (!Selection::now.lasso.empty()) {
+        DrawLasso(surface, Selection::now.lasso, offset);
         return;
     }
     const std::array<Point, 4> corners = CornersOfMarquee();

@@ -43,7 +43,7 @@ EditStep::EditStep(EditKind kind, std::unique_ptr<PlotChange> (*before)(int slot
     step_.modifiedBefore = ActiveRecord().Modified;
     joins_ = run == EditRun::Joins && IsWithinRun(kind);
     try {
-        step_.selection = gMarqueeSlot == gActivePlot ? KeepSelection() : KeptSelection{};
+        step_.selection = Selection::now.slot == gActivePlot ? Selection::now : Selection{};
         step_.change = before(gActivePlot);
         step_.hashBefore = step_.change->FingerprintOf(gActivePlot);
     } catch (const std::bad_alloc&) {

@@ -7,20 +7,18 @@
 #include "rotation/rotate_data.h"
 
 #include <algorithm>
-#include <deque>
 #include <new>
 #include <utility>
 #include <vector>
 
 namespace quandrel {
 
-std::int16_t gLastEditKind = kNoEdit;
+EditHistory EditHistory::now;
 
 namespace {
 
-std::deque<UndoStep> gDone;   ///< the newest last
-std::deque<UndoStep> gUndone; ///< the next one to redo is the last
-std::size_t gUndoBound = kUndoMemory;
+auto& gDone = EditHistory::now.done;
+auto& gUndone = EditHistory::now.undone;
 
 bool IsOfRows(const UndoStep& step) {
     return step.change->Part() == PlotPart::Rows;
@@ -47,7 +45,7 @@ std::size_t BytesOf(const UndoStep& step) {
 /// limit. One step always stays.
 void KeepToBound() {
     UndoUse use = UseOfUndo();
-    while (use.bytes > gUndoBound && use.steps > 1) {
+    while (use.bytes > EditHistory::now.bound && use.steps > 1) {
         std::deque<UndoStep>& steps =
             gDone.empty() || (gDone.size() == 1 && !gUndone.empty()) ? gUndone : gDone;
         use.bytes -= steps.front().bytes;
@@ -144,8 +142,8 @@ bool FollowsOn(const UndoStep& step) {
     return former == gDone.rend() || former->hashAfter == step.hashBefore;
 }
 
-KeptSelection SelectionOf(int slot) {
-    return gMarqueeSlot == slot ? KeepSelection() : KeptSelection{};
+Selection SelectionOf(int slot) {
+    return Selection::now.slot == slot ? Selection::now : Selection{};
 }
 
 /// True for edits of what is selected.
@@ -153,15 +151,15 @@ bool IsOfSelection(EditKind kind) {
     return kind == kCutEdit || kind == kDeleteEdit || kind == kSymbolEdit || kind == kMoveEdit;
 }
 
-bool HasOneOf(const KeptSelection& selection, const std::vector<std::int32_t>& rows) {
+bool HasOneOf(const Selection& selection, const std::vector<std::int32_t>& rows) {
     return std::ranges::any_of(selection.rows, [&rows](std::int32_t row) {
         return std::ranges::binary_search(rows, row);
     });
 }
 
-/// Selects the rows that a step affects, after it has been undone or redone.
-/// @param kept  the selection on that side of the step
-void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
+/// Selects the rows that a step is about, after it has been taken back or made again.
+/// @param kept  the selection of that side of the step
+void SelectRowsOf(const UndoStep& step, Selection kept, bool isUndo) {
     std::vector<std::int32_t> rows = step.change->RowsConcerned();
     const bool isOfPlot = kept.slot == step.slot;
     const bool isWholeSelection =
@@ -175,8 +173,8 @@ void SelectRowsOf(const UndoStep& step, KeptSelection kept, bool isUndo) {
     }
 }
 
-void TakeSelection(UndoStep& step, KeptSelection now, bool isUndo) {
-    KeptSelection kept = std::exchange(step.selection, std::move(now));
+void TakeSelection(UndoStep& step, Selection now, bool isUndo) {
+    Selection kept = std::exchange(step.selection, std::move(now));
     if (IsOfRows(step)) {
         SelectRowsOf(step, std::move(kept), isUndo);
     } else if (kept.slot != 0) {
@@ -214,7 +212,7 @@ void Carry(const UndoStep* wanted, bool isUndo) {
     UseLayerOf(step.change->Part());
     const bool isOfRows = IsOfRows(step);
     try {
-        KeptSelection now = SelectionOf(slot);
+        Selection now = SelectionOf(slot);
         isUndo ? step.change->Revert(slot) : step.change->Apply(slot);
         TakeSelection(step, std::move(now), isUndo);
         FollowRotation(step, isUndo);
@@ -345,7 +343,7 @@ std::string RedoCaption() {
 }
 
 void SetUndoMemory(std::size_t bytes) {
-    gUndoBound = bytes;
+    EditHistory::now.bound = bytes;
     FollowList();
 }
 

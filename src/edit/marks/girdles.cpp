@@ -22,7 +22,7 @@
 
 namespace quandrel {
 
-std::int16_t gActiveGirdle = 0;
+constinit GirdleInWork GirdleInWork::now;
 
 namespace {
 

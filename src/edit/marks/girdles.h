@@ -19,8 +19,14 @@
 
 namespace quandrel {
 
-/// The row under mouse edit, 1 to 8; 0 when there is none.
-extern std::int16_t gActiveGirdle;
+/// The girdle that the mouse edits.
+struct GirdleInWork {
+    std::int16_t row = 0; ///< 1 to 8; 0 when there is none
+
+    static GirdleInWork now;
+};
+
+inline constinit auto& gActiveGirdle = GirdleInWork::now.row;
 
 inline constexpr const char* kGirdleHint = "<Shift>+Left or <Shift>+Right mousebutton to change "
                                            "orientation of active girdle";

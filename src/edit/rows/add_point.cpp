@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/row_links.h"
 #include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/history/edit_step.h"
@@ -22,8 +23,6 @@
 #include <utility>
 
 namespace quandrel {
-
-std::function<void(std::int32_t slot)> gRemoveGeoLink;
 
 namespace {
 
@@ -53,9 +52,7 @@ std::string QuestionOfAxes(const PlotRecord& record) {
 void BreakLinks(PlotRecord& record) {
     if (record.MapInfoLinked != 0) {
         record.MapInfoLinked = 0;
-        if (gRemoveGeoLink) {
-            gRemoveGeoLink(gActivePlot);
-        }
+        FollowerOfRows().unlink(gActivePlot);
     }
     if (!record.AxesTitle.empty()) {
         TakeAxesAsLines(record);

@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/row_links.h"
 #include "edit/history/edit_step.h"
 #include "edit/history/undo.h"
 #include "edit/rows/remove_rows.h"
@@ -19,8 +20,6 @@
 #include <new>
 
 namespace quandrel {
-
-std::function<void(std::int32_t slot, std::span<const std::int32_t> rows)> gRowsLeaveLink;
 
 namespace {
 
@@ -46,7 +45,7 @@ int SlotToCopy(CopiedFields fields) {
     if (!SelectedRowsOf(gActivePlot).empty() || fields == CopiedFields::All) {
         return gActivePlot;
     }
-    return IsOpenSlot(gMarqueeSlot) ? gMarqueeSlot : gActivePlot;
+    return IsOpenSlot(Selection::now.slot) ? Selection::now.slot : gActivePlot;
 }
 
 /// Copies the selected intersections of a plot. False when there are none.
@@ -79,8 +78,8 @@ void RemoveSelectedRows(EditKind kind) {
     }
     EditStep step(kind, Before<RowChange>);
     PlotRecord& record = ActiveRecord();
-    if (record.MapInfoLinked != 0 && gRowsLeaveLink) {
-        gRowsLeaveLink(gActivePlot, rows);
+    if (record.MapInfoLinked != 0) {
+        FollowerOfRows().leave(gActivePlot, rows);
     }
     const std::int16_t secondaryOverlay = record.SelectedOverlay;
     RemoveRows(gActivePlot, rows);

@@ -23,12 +23,8 @@
 
 namespace quandrel {
 
-/// Reports the rows of a linked plot that are about to be removed, as ascending point indices, to
-/// the code that keeps its link to a table. May be empty.
-extern std::function<void(std::int32_t slot, std::span<const std::int32_t> rows)> gRowsLeaveLink;
-
-/// Copies the selected rows to the clipboard. Too many intersections are reported and not copied.
-/// @return false when nothing was copied
+/// Writes the selected rows to the clipboard. Too many intersections are told and not copied.
+/// @return false when nothing was written
 bool CopyRows(CopiedFields fields);
 
 /// Removes the selected rows of gActivePlot, with their rows of the secondary overlay.

@@ -137,7 +137,7 @@ KeptRows KeepRows(int slot) {
         kept.texts.emplace_back(gAppText(slot, row));
     }
     kept.errorLines = gErrorLines[static_cast<std::size_t>(slot)];
-    kept.links = gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
+    kept.links = FollowerOfRows().keep(slot);
     return kept;
 }
 

@@ -106,7 +106,7 @@ ShownOrientation SettledUpward(ShownOrientation now, bool isPlane, ShownOrientat
 }
 
 bool CanMove() {
-    return !gBusy && IsOpenSlot(gActivePlot) && gActivePlot == gMarqueeSlot
+    return !gBusy && IsOpenSlot(gActivePlot) && gActivePlot == Selection::now.slot
            && ActiveRecord().PlotKind != kRose;
 }
 

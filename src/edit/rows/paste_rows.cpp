@@ -42,11 +42,11 @@ bool gPasteShowsSecondary = false;
 class FormatInWork {
 public:
     explicit FormatInWork(const FormatSettings& settings)
-        : former_(CurrentFormat()) {
-        RestoreFormat(settings);
+        : former_(gSettings.format) {
+        gSettings.format = settings;
     }
 
-    ~FormatInWork() { RestoreFormat(former_); }
+    ~FormatInWork() { gSettings.format = former_; }
 
     FormatInWork(const FormatInWork&) = delete;
     FormatInWork& operator=(const FormatInWork&) = delete;
@@ -212,21 +212,21 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
     items.isOwnText = kind != ClipboardKind::Foreign;
     if (kind == ClipboardKind::OwnRows
         || (kind == ClipboardKind::Companion && TellsItsFormat(items))) {
-        return FormatOfPastedText(CurrentFormat(), items, true);
+        return FormatOfPastedText(gSettings.format, items, true);
     }
     bool hasHeadings = false;
     if (!gPasteFormat) {
         const OwnWordOnUpwardLines own(items);
-        const bool headingsOfFiles = gFileHasHeadings;
-        RestoreFormat(WithFormatItems(CurrentFormat(), items));
+        const bool headingsOfFiles = gSettings.format.hasHeadings;
+        gSettings.format = WithFormatItems(gSettings.format, items);
         const std::optional<FormatAnswer> answer = AskPasteFormat(text, items);
         if (!answer) {
             return std::nullopt;
         }
-        gFileHasHeadings = headingsOfFiles;
+        gSettings.format.hasHeadings = headingsOfFiles;
         hasHeadings = answer->columnHeadings;
         gPasteShowsSecondary = answer->plotSecondary;
-        gPasteFormat = CurrentFormat();
+        gPasteFormat = gSettings.format;
     } else {
         const FormatInWork work(*gPasteFormat);
         hasHeadings =
@@ -285,10 +285,10 @@ PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
 }
 
 void PasteRowText(const std::string& text, ClipboardKind kind) {
-    const FormatSettings former = CurrentFormat();
+    const FormatBefore former;
     const std::optional<PastedFormat> format = FindFormat(text, kind);
     if (!format) {
-        RestoreFormat(former);
+        former.PutBack();
         return;
     }
     const std::optional<std::string> question = QuestionBeforePaste(ActiveRecord(), *format);

@@ -325,21 +325,18 @@ void RowChange::ExchangeCells(int slot, bool isOtherDisplay) {
 /// Restores the followers' rows of the other side. The link that the edit broke is restored by its
 /// undo, and removed again by its redo.
 void RowChange::PutLinksBack(int slot) const {
-    if (gRowFollower.putBack) {
-        gRowFollower.putBack(slot, links_);
-    }
-    if (breaksLink_ && isReverted_ && gRowFollower.linkAgain) {
-        gRowFollower.linkAgain(slot, links_);
-    } else if (breaksLink_ && !isReverted_ && gRemoveGeoLink) {
-        gRemoveGeoLink(slot);
+    FollowerOfRows().putBack(slot, links_);
+    if (breaksLink_ && isReverted_) {
+        FollowerOfRows().linkAgain(slot, links_);
+    } else if (breaksLink_) {
+        FollowerOfRows().unlink(slot);
     }
 }
 
 void RowChange::Exchange(int slot) {
     isReverted_ = !isReverted_;
     const bool followsLinks = MovesRows() || breaksLink_;
-    std::shared_ptr<const void> links =
-        followsLinks && gRowFollower.keep ? gRowFollower.keep(slot) : nullptr;
+    std::shared_ptr<const void> links = followsLinks ? FollowerOfRows().keep(slot) : nullptr;
     PlotRecord& record = RecordOf(slot);
     RowSettings settings = SettingsOfRows(record);
     // Colours of classes that are no longer shown are not restored.

@@ -149,8 +149,9 @@ std::vector<std::int32_t> RowsLinkedTo(std::int32_t slot, std::int32_t source,
 
 std::vector<std::int32_t> LitRows(std::int32_t slot) {
     const std::span<const std::int32_t> own = SelectedRowsOf(slot);
-    return own.empty() ? RowsLinkedTo(slot, gMarqueeSlot, SelectedRowsOf(gMarqueeSlot))
-                       : std::vector<std::int32_t>(own.begin(), own.end());
+    return own.empty()
+               ? RowsLinkedTo(slot, Selection::now.slot, SelectedRowsOf(Selection::now.slot))
+               : std::vector<std::int32_t>(own.begin(), own.end());
 }
 
 namespace {
@@ -197,12 +198,12 @@ const LitMarks& MarksOf(std::int32_t slot) {
     static LitKey known;
     static LitMarks marks;
     LitKey key;
-    if (IsOpenSlot(slot) && IsOpenSlot(gMarqueeSlot)) {
+    if (IsOpenSlot(slot) && IsOpenSlot(Selection::now.slot)) {
         const PlotRecord& record = RecordOf(slot);
         key = {slot,
-               gMarqueeSlot,
+               Selection::now.slot,
                TableOf(slot).version,
-               TableOf(gMarqueeSlot).version,
+               TableOf(Selection::now.slot).version,
                record.PlotSymbolMode,
                record.OverlayKind,
                gSelectionRows};
@@ -217,8 +218,9 @@ const LitMarks& MarksOf(std::int32_t slot) {
 } // namespace
 
 const std::vector<Point>& LitPlaces(std::int32_t slot) {
-    return ShowsIntersections(slot) && slot == gMarqueeSlot ? IntersectionsSelectedIn(slot).places
-                                                            : MarksOf(slot).points;
+    return ShowsIntersections(slot) && slot == Selection::now.slot
+               ? IntersectionsSelectedIn(slot).places
+               : MarksOf(slot).points;
 }
 
 const std::vector<Point>& LitArcs(std::int32_t slot) {

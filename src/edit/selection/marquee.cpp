@@ -17,15 +17,9 @@
 
 namespace quandrel {
 
-std::array<float, 7> gMarquee{};
-std::int32_t gMarqueeSlot = 0;
-std::vector<Point> gLasso;
-std::function<void()> gSelectionChanged;
-
 namespace {
 
-/// What PickedMarks gives.
-std::optional<std::vector<std::size_t>> gPickedMarks;
+std::function<void()> whenChanged;
 
 Point FirstCorner() {
     return {gMarquee[kMarqueeX], gMarquee[kMarqueeY]};
@@ -37,17 +31,17 @@ Point OppositeCorner() {
 }
 
 void TellSelection() {
-    if (gSelectionChanged) {
-        gSelectionChanged();
+    if (whenChanged) {
+        whenChanged();
     }
 }
 
 /// Moves the selection to a plot; a selection in another plot is cleared.
 void MoveToSlot(std::int32_t slot) {
-    if (gMarqueeSlot != slot) {
+    if (Selection::now.slot != slot) {
         gSelectionRows.clear();
     }
-    gMarqueeSlot = slot;
+    Selection::now.slot = slot;
 }
 
 void WriteMarquee(Point corner, Point opposite) {
@@ -108,6 +102,10 @@ bool IsOnSegment(Point from, Point to, Point at) {
 
 } // namespace
 
+void ConnectSelection(std::function<void()> changed) {
+    whenChanged = std::move(changed);
+}
+
 PlotRectangle RectangleBetween(Point corner, Point opposite) {
     return {std::min(corner.x, opposite.x), std::min(corner.y, opposite.y),
             std::max(corner.x, opposite.x), std::max(corner.y, opposite.y)};
@@ -141,7 +139,7 @@ std::array<Point, 4> CornersOfMarquee() {
 }
 
 int HandleAt(Point at, Point pixel) {
-    if (!MarqueeStands() || !gLasso.empty()) {
+    if (!MarqueeStands() || !Selection::now.lasso.empty()) {
         return -1;
     }
     constexpr double kShareOfHandle = 1.0 / 3;
@@ -160,11 +158,11 @@ int HandleAt(Point at, Point pixel) {
 }
 
 bool MarqueeStands() {
-    return gMarquee[kMarqueeStanding] == kMarqueeSet && gMarqueeSlot != 0;
+    return gMarquee[kMarqueeStanding] == kMarqueeSet && Selection::now.slot != 0;
 }
 
 bool MarqueeStandsOn(std::int32_t slot) {
-    return MarqueeStands() && gMarqueeSlot == slot;
+    return MarqueeStands() && Selection::now.slot == slot;
 }
 
 PlotRectangle RectangleOfMarquee() {
@@ -173,7 +171,7 @@ PlotRectangle RectangleOfMarquee() {
 
 bool IsInMarquee(Point at) {
     return MarqueeStands() && IsWithin(RectangleOfMarquee(), at)
-           && (gLasso.empty() || IsWithin(gLasso, at));
+           && (Selection::now.lasso.empty() || IsWithin(Selection::now.lasso, at));
 }
 
 void StandMarquee(std::int32_t slot, Point corner, Point opposite) {
@@ -190,7 +188,7 @@ void StandLasso(std::int32_t slot, std::vector<Point> corners) {
     MoveToSlot(slot);
     const PlotRectangle about = RectangleAbout(corners);
     WriteMarquee({about.left, about.top}, {about.right, about.bottom});
-    gLasso = std::move(corners);
+    Selection::now.lasso = std::move(corners);
 }
 
 void ShiftMarquee(double dx, double dy) {
@@ -199,41 +197,36 @@ void ShiftMarquee(double dx, double dy) {
     }
     gMarquee[kMarqueeX] = static_cast<float>(gMarquee[kMarqueeX] + dx);
     gMarquee[kMarqueeY] = static_cast<float>(gMarquee[kMarqueeY] + dy);
-    for (Point& corner : gLasso) {
+    for (Point& corner : Selection::now.lasso) {
         corner = {corner.x + dx, corner.y + dy};
     }
 }
 
 void WipeMarquee() {
     gMarquee = {};
-    gLasso.clear();
-    gPickedMarks.reset();
+    Selection::now.lasso.clear();
+    Selection::now.marks.reset();
 }
 
 void ClearSelection() {
     WipeMarquee();
-    gMarqueeSlot = 0;
+    Selection::now.slot = 0;
     gSelectionRows.clear();
     TellSelection();
 }
 
 void ClearSelectionOf(std::int32_t slot) {
-    if (gMarqueeSlot == slot) {
+    if (Selection::now.slot == slot) {
         ClearSelection();
     }
 }
 
-KeptSelection KeepSelection() {
-    return {gMarquee, gLasso, gSelectionRows, gPickedMarks, gMarqueeSlot};
-}
-
-void PutSelectionBack(KeptSelection kept) {
+void PutSelectionBack(Selection kept) {
     DropRowsThatAreGone(kept.slot, kept.rows);
-    gMarquee = kept.marquee;
-    gLasso = std::move(kept.lasso);
-    gSelectionRows = std::move(kept.rows);
-    gPickedMarks = std::move(kept.marks);
-    gMarqueeSlot = IsOpenSlot(kept.slot) ? kept.slot : 0;
+    if (!IsOpenSlot(kept.slot)) {
+        kept.slot = 0;
+    }
+    Selection::now = std::move(kept);
     TellSelection();
 }
 
@@ -253,12 +246,12 @@ std::vector<std::int32_t> RowsInside(const RowTable& table,
 }
 
 std::vector<std::int32_t> RowsInMarquee() {
-    if (!MarqueeStands() || gActiveLayer != kDataLayer || !IsOpenSlot(gMarqueeSlot)
-        || RecordOf(gMarqueeSlot).PlotKind == kRose) {
+    if (!MarqueeStands() || gActiveLayer != kDataLayer || !IsOpenSlot(Selection::now.slot)
+        || RecordOf(Selection::now.slot).PlotKind == kRose) {
         return {};
     }
-    const int slot = gMarqueeSlot;
-    // Main rows that are replaced by their intersections are not visible.
+    const int slot = Selection::now.slot;
+    // Main rows whose intersections are drawn in their place are not seen.
     const std::int32_t firstSeen = ShowsIntersections(slot) ? RecordOf(slot).NumData + 1 : 1;
     return RowsInside(TableOf(slot), IsInMarquee, [slot, firstSeen](std::int32_t row) {
         return row >= firstSeen && CodeSymbol(gDataSymbol(slot, row)) != 0;
@@ -266,20 +259,21 @@ std::vector<std::int32_t> RowsInMarquee() {
 }
 
 void SelectRowsInMarquee() {
-    gPickedMarks.reset();
+    Selection::now.marks.reset();
     gSelectionRows = RowsInMarquee();
     TellSelection();
 }
 
-void SelectInMarquee(SelectionWay way, const KeptSelection& former) {
-    const bool isSamePlot = former.slot == gMarqueeSlot;
+void SelectInMarquee(SelectionWay way, const Selection& former) {
+    const bool isSamePlot = former.slot == Selection::now.slot;
     if (way == SelectionWay::Replace || !isSamePlot) {
         SelectRowsInMarquee();
         return;
     }
     if (gActiveLayer == kAnnotationLayer) {
         const std::vector<std::size_t> framed = MarksInMarquee();
-        gPickedMarks = Combined(way, former.marks.value_or(std::vector<std::size_t>()), framed);
+        Selection::now.marks =
+            Combined(way, former.marks.value_or(std::vector<std::size_t>()), framed);
     } else {
         gSelectionRows = Combined(way, former.rows, RowsInMarquee());
     }
@@ -287,16 +281,16 @@ void SelectInMarquee(SelectionWay way, const KeptSelection& former) {
 }
 
 const std::optional<std::vector<std::size_t>>& PickedMarks() {
-    return gPickedMarks;
+    return Selection::now.marks;
 }
 
 std::vector<std::size_t> MarksInMarquee() {
     std::vector<std::size_t> marks;
-    if (!MarqueeStands() || !IsOpenSlot(gMarqueeSlot)
-        || RecordOf(gMarqueeSlot).PlotAnnotations == nullptr) {
+    if (!MarqueeStands() || !IsOpenSlot(Selection::now.slot)
+        || RecordOf(Selection::now.slot).PlotAnnotations == nullptr) {
         return marks;
     }
-    const Annotations& annotations = *RecordOf(gMarqueeSlot).PlotAnnotations;
+    const Annotations& annotations = *RecordOf(Selection::now.slot).PlotAnnotations;
     for (std::size_t i = 0; i < annotations.size(); ++i) {
         if (IsInMarquee(
                 {static_cast<double>(annotations[i].X), static_cast<double>(annotations[i].Y)})) {
@@ -308,7 +302,7 @@ std::vector<std::size_t> MarksInMarquee() {
 
 std::string SelectionText() {
     const std::size_t rows = gSelectionRows.size();
-    const std::size_t lines = IntersectionsSelectedIn(gMarqueeSlot).lines.size();
+    const std::size_t lines = IntersectionsSelectedIn(Selection::now.slot).lines.size();
     if (lines > 0) {
         return std::to_string(lines)
                + (lines == 1 ? " intersection selected" : " intersections selected");
@@ -318,9 +312,9 @@ std::string SelectionText() {
     }
     const std::string text =
         std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
-    // A frame selects great circles by their poles, which are not visible.
-    const bool isByPoles =
-        MarqueeStands() && LitPlaces(gMarqueeSlot).empty() && !LitArcs(gMarqueeSlot).empty();
+    // A frame takes great circles by what is not seen of them.
+    const bool isByPoles = MarqueeStands() && LitPlaces(Selection::now.slot).empty()
+                           && !LitArcs(Selection::now.slot).empty();
     return isByPoles ? text + (rows == 1 ? " by its pole" : " by their poles") : text;
 }
 
@@ -364,13 +358,13 @@ void SelectRows(std::int32_t slot, std::vector<std::int32_t> rows) {
     DropRowsThatAreGone(slot, rows);
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    gMarqueeSlot = rows.empty() ? 0 : slot;
+    Selection::now.slot = rows.empty() ? 0 : slot;
     gSelectionRows = std::move(rows);
     TellSelection();
 }
 
 void FitMarqueeToRows() {
-    const std::vector<Point> places = PlacesOfRows(gMarqueeSlot, gSelectionRows);
+    const std::vector<Point> places = PlacesOfRows(Selection::now.slot, gSelectionRows);
     WipeMarquee();
     if (!places.empty()) {
         PlotRectangle about = RectangleAbout(places);
@@ -397,7 +391,7 @@ void FollowMovedRows() {
 }
 
 std::span<const std::int32_t> SelectedRowsOf(std::int32_t slot) {
-    if (slot != gMarqueeSlot || !IsOpenSlot(slot)) {
+    if (slot != Selection::now.slot || !IsOpenSlot(slot)) {
         return {};
     }
     // A derived plot that was recomputed may have fewer rows than before.

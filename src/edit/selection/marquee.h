@@ -2,11 +2,11 @@
 //
 // The marquee and the selection: the rows of a plot that the next edit applies to.
 //
-// This folder holds the marquee and the selection (this file), the intersections within it
-// (selected_intersections.h), the rows of other plots that are highlighted with it (linked_rows.h),
-// and positions on the net as lines and as texts (net_line.h, readout.h).
-// Input: positions on the net, rows and tables of plots.
-// Output: lists of rows, highlighted positions, and gSelectionChanged. Nothing here changes a plot.
+// What is inside this room: marquee and selection (this file), the intersections within it
+// (selected_intersections.h), the rows of other plots that are lit with it (linked_rows.h), and
+// places of the net as lines and as texts (net_line.h, readout.h).
+// What enters: places on the net, rows and tables of plots. What leaves: lists of rows, lit places,
+// and notice of each change (ConnectSelection). Nothing here changes a plot.
 //
 // A marquee is a rectangle on the net, or a lasso, whose record is that of its bounding rectangle.
 // When it is complete, its rows are put into gSelectionRows; another one may add to them. Rows can
@@ -18,6 +18,7 @@
 
 #include "core/plot_record.h"
 #include "core/row_table.h"
+#include "core/selection.h"
 #include "platform/surface.h"
 
 #include <array>
@@ -60,16 +61,11 @@ enum class SelectionWay {
     Toggle,  ///< the contents of the frame are added, or deselected if selected
 };
 
-extern std::array<float, 7> gMarquee;
+inline constinit auto& gMarquee = Selection::now.marquee;
 
-/// The plot of the marquee and of gSelectionRows; 0 when there is none.
-extern std::int32_t gMarqueeSlot;
-
-/// Corners of the lasso; empty while the marquee is a rectangle.
-extern std::vector<Point> gLasso;
-
-/// Called after each change of the selection, or of a complete marquee. May be empty.
-extern std::function<void()> gSelectionChanged;
+/// Says who is told after each change of the selection, and of a marquee that stands; `{}` is
+/// nobody.
+void ConnectSelection(std::function<void()> changed);
 
 /// A rectangle including its edges.
 struct PlotRectangle {
@@ -125,19 +121,8 @@ void ClearSelection();
 /// Removes those of a plot that closes, or whose rows have changed.
 void ClearSelectionOf(std::int32_t slot);
 
-/// A copy of marquee and selection.
-struct KeptSelection {
-    std::array<float, 7> marquee{};
-    std::vector<Point> lasso;
-    std::vector<std::int32_t> rows;
-    std::optional<std::vector<std::size_t>> marks; ///< as PickedMarks
-    std::int32_t slot = 0;
-};
-
-[[nodiscard]] KeptSelection KeepSelection();
-
-/// Restores marquee and selection. Rows that no longer exist are left out.
-void PutSelectionBack(KeptSelection kept);
+/// Makes marquee and selection what they were. Rows that are no longer there are left out.
+void PutSelectionBack(Selection kept);
 
 /// The rows of a table that a marquee selects: valid ones with a symbol, including rows of
 /// overlays, in ascending order of their point indices. O(rows).
@@ -157,8 +142,8 @@ void SelectRowsInMarquee();
 /// As SelectRowsInMarquee for a frame that adds to the previous selection or toggles it; on the
 /// annotation layer the same for annotations.
 ///
-/// @param former  the selection before the frame was drawn; ignored if it was in another plot
-void SelectInMarquee(SelectionWay way, const KeptSelection& former);
+/// @param former  the selection before the frame was drawn; that of another plot does not count
+void SelectInMarquee(SelectionWay way, const Selection& former);
 
 /// The selected annotations, ascending, when frames have added to each other or toggled; nothing
 /// while the selection is just those within the frame.

@@ -104,7 +104,7 @@ SelectionKey KeyOf(int slot) {
     key.hasMarquee = hasMarquee;
     if (hasMarquee) {
         key.marquee = gMarquee;
-        key.lasso = gLasso;
+        key.lasso = Selection::now.lasso;
     } else {
         const std::span<const std::int32_t> rows = SelectedRowsOf(slot);
         key.rows.assign(rows.begin(), rows.end());

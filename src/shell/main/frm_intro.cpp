@@ -98,11 +98,11 @@ void frmIntro::Refresh() {
         delete item->widget();
         delete item;
     }
-    for (std::size_t i = 0; i < gRecentFiles.size(); ++i) {
-        auto* button = new QPushButton(CaptionOfFile(gRecentFiles[i]));
+    for (std::size_t i = 0; i < gSettings.files.recent.size(); ++i) {
+        auto* button = new QPushButton(CaptionOfFile(gSettings.files.recent[i]));
         button->setObjectName("cmdRecent_" + QString::number(i + 1));
         button->setFlat(true);
-        button->setToolTip(PlainTip(QString::fromStdString(gRecentFiles[i])));
+        button->setToolTip(PlainTip(QString::fromStdString(gSettings.files.recent[i])));
         button->setCursor(Qt::PointingHandCursor);
         const int index = kFirstRecentFile + static_cast<int>(i);
         // Pressing it may take the button away: the list changes.

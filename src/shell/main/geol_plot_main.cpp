@@ -84,7 +84,7 @@ void GeolPlotMain::ConnectEngine() {
     gPlatform.prompts = prompts_.get();
     gPlatform.status = status_.get();
     gPlatform.makePlotForm = [this](int slot) { return MakePlotForm(slot); };
-    gSelectionChanged = [this] { SelectionChanged(); };
+    ConnectSelection([this] { SelectionChanged(); });
 }
 
 void GeolPlotMain::ConnectCommands() {
@@ -119,7 +119,7 @@ GeolPlotMain::~GeolPlotMain() {
         PlotOf(slot).form.reset();
     }
     gPlatform.makePlotForm = {};
-    gSelectionChanged = {};
+    ConnectSelection({});
     gPlatform.prompts = nullptr;
     gPlatform.status = nullptr;
 }

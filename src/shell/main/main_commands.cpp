@@ -162,7 +162,7 @@ void GeolPlotMain::ConnectFileCommands() {
         const WorkspaceOutcome outcome = SaveWorkspace();
         RedrawAllPlots();
         if (outcome == WorkspaceOutcome::Saved) {
-            TellWhile("Saved as " + gLastUsedWSpaceFileTitle,
+            TellWhile("Saved as " + gSettings.files.workspaceTitle,
                       [saved = FilesOfOpenPlots()] { return saved == FilesOfOpenPlots(); });
         }
     });
@@ -341,7 +341,7 @@ void GeolPlotMain::ConnectWindowCommands() {
         commands_->Connect(name, [] { static_cast<void>(StartMapInfoLink()); });
     }
     commands_->Connect("mnuMapinfo_1", [] { CloseMapInfoLink(); });
-    commands_->Connect("mnuMapinfoToolbar", [] { ShowMIToolbar(!gMIToolbarShow); });
+    commands_->Connect("mnuMapinfoToolbar", [] { ShowMIToolbar(!gSettings.windows.mapToolbar); });
     commands_->Connect("mnuHelpQuandrel_0", [] { ShowHelp(); });
     commands_->Connect("mnuHelpQuandrel_1", [] { ShowHelp(kHowToUseHelpPage); });
     commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });
@@ -368,7 +368,7 @@ void GeolPlotMain::EditFormat() {
     if (IsOpenSlot(gActivePlot)) {
         question.path = ActiveRecord().FileNames[1];
         question.showSecondary = ActiveRecord().ShowSecondary != 0;
-        question.columnHeadings = gFileHasHeadings;
+        question.columnHeadings = gSettings.format.hasHeadings;
     }
     if (gPlatform.prompts->AskFormat(question)) {
         SetStatusText("The data format holds for the next file");
@@ -376,9 +376,9 @@ void GeolPlotMain::EditFormat() {
 }
 
 void GeolPlotMain::ChooseDataFolder() {
-    frmDirectoryDialog dialog(QString::fromStdString(gFilesDirectory), this);
+    frmDirectoryDialog dialog(QString::fromStdString(gSettings.files.folder), this);
     if (dialog.exec() == QDialog::Accepted) {
-        gFilesDirectory = dialog.Folder().toStdString();
+        gSettings.files.folder = dialog.Folder().toStdString();
         if (!SaveSettings(SettingsGroup::DataFolder)) {
             Tell("The data folder holds for this session, but it could not be saved.");
         }
@@ -392,7 +392,7 @@ void GeolPlotMain::ExportImage() {
     }
     PathQuestion question;
     question.title = "Export Image";
-    question.folder = gLastUsedPath;
+    question.folder = gSettings.files.lastFolder;
     question.fileName = PictureName(ActiveRecord());
     question.filter = kPictureFilter;
     const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);

@@ -174,14 +174,14 @@ void MainMenus::FillBar(QMenuBar& bar, bool hasPlots) const {
 void MainMenus::RefreshRecent() const {
     for (std::size_t i = 0; i < mnuFilePrevious.size(); ++i) {
         QAction& item = *mnuFilePrevious[i];
-        const bool isUsed = i < gRecentFiles.size();
+        const bool isUsed = i < gSettings.files.recent.size();
         item.setVisible(isUsed);
         if (isUsed) {
             // The path stands apart from the caption, in which "&" marks a key.
-            const QString name = QString::fromStdString(FileTitleOf(gRecentFiles[i]));
+            const QString name = QString::fromStdString(FileTitleOf(gSettings.files.recent[i]));
             item.setText("&" + QString::number(i + 1) + " " + QString(name).replace("&", "&&"));
-            item.setToolTip(PlainTip(QString::fromStdString(gRecentFiles[i])));
-            item.setData(QString::fromStdString(gRecentFiles[i]));
+            item.setToolTip(PlainTip(QString::fromStdString(gSettings.files.recent[i])));
+            item.setData(QString::fromStdString(gSettings.files.recent[i]));
         }
     }
 }

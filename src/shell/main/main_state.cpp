@@ -97,7 +97,7 @@ void GeolPlotMain::UpdatePlotState() {
     UpdateUndo();
     UpdatePlotMenus();
     status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
-    if (hasPlots && gMarqueeSlot == gActivePlot
+    if (hasPlots && Selection::now.slot == gActivePlot
         && status_->Text().toStdString() == StatusOfPlot(ActiveRecord())) {
         ShowSelectionCount(); // a redraw has told of the plot, whose rows are still lit
     }
@@ -197,7 +197,7 @@ void GeolPlotMain::ShowSelectionCount() {
 
 void GeolPlotMain::UpdateMapLink() {
     commands_->Enable("mnuMapinfo_1", IsMapInfoLinked());
-    commands_->Enable("mnuMapinfoToolbar", true, gMIToolbarShow);
+    commands_->Enable("mnuMapinfoToolbar", true, gSettings.windows.mapToolbar);
     UpdateMIMenus();
 }
 

@@ -54,7 +54,7 @@ MapActions::MapActions(QObject* parent)
     mnuShowMIToolbar->setToolTip("Show the buttons of the map link in the main window");
     mnuShowMIToolbar->setIcon(IconOf("toolbar"));
     mnuShowMIToolbar->setCheckable(true);
-    mnuShowMIToolbar->setChecked(gMIToolbarShow);
+    mnuShowMIToolbar->setChecked(gSettings.windows.mapToolbar);
     connect(mnuShowMIToolbar, &QAction::triggered, this, [this](bool isShown) {
         ShowMIToolbar(isShown);
         if (onDone) {

@@ -84,9 +84,9 @@ void MapHost::ChooseTool(int tool) {
 std::string MapHost::AskForTable() {
     PathQuestion question;
     question.title = "Open MapInfo Table";
-    question.folder = !folder_.empty()           ? folder_
-                      : !gFilesDirectory.empty() ? gFilesDirectory
-                                                 : gLastUsedPath;
+    question.folder = !folder_.empty()                  ? folder_
+                      : !gSettings.files.folder.empty() ? gSettings.files.folder
+                                                        : gSettings.files.lastFolder;
     question.filter = kTableFilter;
     const std::string path = gPlatform.prompts->AskOpenPath(question).value_or("");
     if (!path.empty()) {

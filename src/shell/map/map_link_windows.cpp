@@ -178,25 +178,25 @@ MapLinkWindows::MapLinkWindows(QMainWindow& main, QMdiArea& room, QToolBar& tool
 MapLinkWindows::~MapLinkWindows() {
     signs_ = {};
     CloseMapInfoLink();
-    gMapLinkPort = {};
+    gPlatform.mapLink = {};
     toolbar_.clear();
 }
 
 void MapLinkWindows::MakePort() {
-    gMapLinkPort.sessions = sessions_.get();
-    gMapLinkPort.mainWindow = [this] { return std::uint64_t{main_.winId()}; };
-    gMapLinkPort.openLinkWindow = [this](std::uint64_t) -> std::unique_ptr<LinkWindow> {
+    gPlatform.mapLink.sessions = sessions_.get();
+    gPlatform.mapLink.mainWindow = [this] { return std::uint64_t{main_.winId()}; };
+    gPlatform.mapLink.openLinkWindow = [this](std::uint64_t) -> std::unique_ptr<LinkWindow> {
         return std::make_unique<LinkWindowOnScreen>(*OpenWindow(), host_, *actions_,
                                                     [this] { Done(); });
     };
-    gMapLinkPort.tablePlotted = [this](const std::string& command) {
+    gPlatform.mapLink.tablePlotted = [this](const std::string& command) {
         if (signs_.plotted) {
             signs_.plotted(command);
         }
     };
-    gMapLinkPort.showToolbar = [this](bool isShown) {
+    gPlatform.mapLink.showToolbar = [this](bool isShown) {
         toolbar_.setVisible(isShown);
-        actions_->mnuShowMIToolbar->setChecked(gMIToolbarShow);
+        actions_->mnuShowMIToolbar->setChecked(gSettings.windows.mapToolbar);
     };
 }
 
@@ -230,7 +230,7 @@ frmMapinfo* MapLinkWindows::OpenWindow() {
         CheckMICaptions();
         UpdateMIMenus();
     };
-    actions_->mnuShowMIToolbar->setChecked(gMIToolbarShow);
+    actions_->mnuShowMIToolbar->setChecked(gSettings.windows.mapToolbar);
     room_.addSubWindow(window);
     const QSize room = room_.viewport()->size();
     const auto share = [](int length, double of) { return static_cast<int>(length * of); };

@@ -38,7 +38,7 @@ struct MapLinkSigns {
 
 class MapLinkWindows {
 public:
-    /// Sets gMapLinkPort. The windows outlive this object.
+    /// Sets gPlatform.mapLink. The windows outlive this object.
     ///
     /// @param room     where the window of the link stands
     /// @param toolbar  empty; takes the buttons of the link

@@ -2,6 +2,7 @@
 //
 // The page of fonts and colours of the preferences.
 
+#include "core/settings_value.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/widget_font.h"
 #include "shell/preferences/frm_preferences.h"
@@ -93,7 +94,6 @@ void frmPreferences::AddFont(QGridLayout& grid, int line, std::size_t font,
     grid.addWidget(cmdFontColour[font], line, 3);
 }
 
-QWidget* frmPreferences::MakeFontsPage() {
 void frmPreferences::AddPlotColours(QGridLayout& grid, int line) {
     constexpr std::array<const char*, 2> kColours = {"b'ground", "axes/circle"};
     constexpr std::array<const char*, 2> kTips = {"Background of plots on the screen",
@@ -108,6 +108,7 @@ void frmPreferences::AddPlotColours(QGridLayout& grid, int line) {
     }
 }
 
+QWidget* frmPreferences::MakeFontsPage() {
     struct Group {
         const char* title;
         std::size_t first;

@@ -408,7 +408,7 @@ TEST_F(PlotMouseTest, ALassoSelectsWhatItGoesAround) {
     }));
     (void)Release(-500, -500);
     EXPECT_EQ(gSelectionRows, (Rows{2, 3}));
-    EXPECT_EQ(gLasso.size(), 5U);
+    EXPECT_EQ(Selection::now.lasso.size(), 5U);
     (void)Press(0, -400);
     EXPECT_TRUE(mouse.IsDragging());
     EXPECT_EQ(Move(50, -400).pointer, PointerShape::Move);

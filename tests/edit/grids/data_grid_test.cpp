@@ -213,7 +213,7 @@ TEST_F(Grid, TheNumberAndTheMarkCannotBeEdited) {
 }
 
 TEST_F(Grid, TypedLinesHaveTheTrendsOfTheirLowerEndsWhateverFilesSay) {
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     EXPECT_EQ(ReadGridPair("-30", "120", false)->azimuth, 120);
     EXPECT_EQ(ReadGridPair("-0.3", "120", false)->azimuth, 300) << "level, as it points";
     EXPECT_EQ(ReadGridPair("-0.3", "120", true)->azimuth, 120) << "a plane";

@@ -26,7 +26,7 @@ protected:
     void TearDown() override {
         ForgetUndo();
         ClearSelection();
-        gFileHasHeadings = false;
+        gSettings.format.hasHeadings = false;
         EngineTest::TearDown();
     }
 

@@ -130,9 +130,9 @@ TEST_F(Undo, OfAMovePutsALassoBack) {
     Move(slot, 1, 60);
     ShiftMarquee(-200, 50);
     UndoLastEdit();
-    ASSERT_EQ(gLasso.size(), 3U);
-    EXPECT_EQ(gLasso[2].x, 550);
-    EXPECT_EQ(gLasso[2].y, -300);
+    ASSERT_EQ(Selection::now.lasso.size(), 3U);
+    EXPECT_EQ(Selection::now.lasso[2].x, 550);
+    EXPECT_EQ(Selection::now.lasso[2].y, -300);
 }
 
 TEST_F(Undo, LeavesWhatElseHasChangedToBeSaved) {

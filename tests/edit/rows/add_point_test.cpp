@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/row_links.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "edit/rows/add_point.h"
@@ -32,7 +33,7 @@ protected:
     }
 
     void TearDown() override {
-        gRemoveGeoLink = {};
+        ConnectRowFollower({});
         ClearSelection();
         ForgetUndo();
         EngineTest::TearDown();
@@ -132,7 +133,7 @@ TEST_F(AddPoint, SecondaryAndAppendedValuesAreMissing) {
 
 TEST_F(AddPoint, ALinkedPlotIsAskedAboutOnce) {
     std::vector<std::int32_t> removed;
-    gRemoveGeoLink = [&](std::int32_t slot) { removed.push_back(slot); };
+    ConnectRowFollower({.unlink = [&](int slot) { removed.push_back(slot); }});
     ActiveRecord().MapInfoLinked = kTrue;
     Expect(kLinkQuestion, Button::No);
     AddStereoPoint(kLeftMouseButton, 10, 10);
@@ -238,8 +239,8 @@ TEST_F(AddPoint, APointOverSecondaryDataIsSeen) {
 
 TEST_F(AddPoint, WithoutMemoryTheCountsAreAsBefore) {
     AddRow(45, 45);
-    const std::int32_t former = gRowLimit;
-    gRowLimit = 1;
+    const std::int32_t former = gPlatform.mostRows;
+    gPlatform.mostRows = 1;
     EXPECT_FALSE(AddPointToPlot("10", "20"));
     EXPECT_EQ(ActiveRecord().NumData, 1);
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
@@ -249,7 +250,7 @@ TEST_F(AddPoint, WithoutMemoryTheCountsAreAsBefore) {
     EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
     EXPECT_EQ(ActiveRecord().NumLoadedData, 1);
     EXPECT_EQ(TableOf(gActivePlot).size(), 1U);
-    gRowLimit = former;
+    gPlatform.mostRows = former;
 }
 
 TEST_F(AddPoint, UndoTakesThePointOffAgain) {

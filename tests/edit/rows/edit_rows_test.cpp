@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/row_links.h"
 #include "derive/derived_plots.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
@@ -285,12 +286,12 @@ TEST_F(EditRows, LinkedPlotsTellWhichRowsGoAndStayLinked) {
     const int slot = NewPlanes({{30, 120}, {60, 300}, {10, 10}});
     ActiveRecord().MapInfoLinked = kTrue;
     std::vector<std::int32_t> told;
-    gRowsLeaveLink = [&](std::int32_t, std::span<const std::int32_t> rows) {
+    ConnectRowFollower({.leave = [&](int, std::span<const std::int32_t> rows) {
         told.assign(rows.begin(), rows.end());
-    };
+    }});
     SelectRows(slot, {1, 3});
     EditSelection(kCutItem);
-    gRowsLeaveLink = {};
+    ConnectRowFollower({});
     EXPECT_EQ(told, (std::vector<std::int32_t>{1, 3}));
     EXPECT_EQ(RecordOf(slot).MapInfoLinked, kTrue);
 }

@@ -270,7 +270,7 @@ TEST_F(MoveRows, AStepMakesOneFrameAboutTheRowsOfSeveral) {
     AddRow(45, 270);
     StandMarquee(gActivePlot, {-700, 200}, {-400, -200});
     SelectRowsInMarquee();
-    const KeptSelection former = KeepSelection();
+    const Selection former = Selection::now;
     StandMarquee(gActivePlot, {400, 200}, {700, -200});
     SelectInMarquee(SelectionWay::Add, former);
     ASSERT_FALSE(IsInMarquee({-541, 0})) << "the last frame alone stands";

@@ -77,7 +77,7 @@ TEST_F(PasteRows, DoesNotMindTheFormatInForceAndLeavesIt) {
     gConventions = -3;
     gFileDelimiter = ";";
     gPrimaryDataType = kPrimaryLine;
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     gDecimalIsComma = true;
     const int source = NewPlanes({{30, 120}, {45, 7}});
     AddFields();
@@ -91,7 +91,7 @@ TEST_F(PasteRows, DoesNotMindTheFormatInForceAndLeavesIt) {
     EXPECT_EQ(gConventions, -3);
     EXPECT_EQ(gFileDelimiter, ";");
     EXPECT_EQ(gPrimaryDataType, kPrimaryLine);
-    EXPECT_TRUE(gFileHasHeadings);
+    EXPECT_TRUE(gSettings.format.hasHeadings);
 }
 
 TEST_F(PasteRows, OfTheSameKindAsksNothing) {
@@ -123,7 +123,7 @@ TEST_F(PasteRows, OfAnotherKindAsksWithTheWholeQuestion) {
         ActiveRecord().DataKind = row.plot;
         ActiveRecord().PrimaryFormat = row.plot == kPlanes ? kPrimaryPlane : kPrimaryLine;
         const PastedFormat format =
-            FormatOfPastedText(CurrentFormat(), ReadParameterLines(row.text), true);
+            FormatOfPastedText(gSettings.format, ReadParameterLines(row.text), true);
         EXPECT_EQ(QuestionBeforePaste(ActiveRecord(), format),
                   std::string(row.question)
                       + "\nThe pasted data will be transformed into the new format."
@@ -133,14 +133,15 @@ TEST_F(PasteRows, OfAnotherKindAsksWithTheWholeQuestion) {
     ParameterItems items =
         ReadParameterLines(";Quandrel\r\n/T3\t/I2\t/C1\t/12\t/23\t/S1\t/A0\t/L0\t/W0\r\n");
     ActiveRecord().DataKind = kPlanes;
-    EXPECT_EQ(QuestionBeforePaste(ActiveRecord(), FormatOfPastedText(CurrentFormat(), items, true)),
-              "You are trying to paste Secondary polar lines into a plot containing planes."
-              "\nThe pasted data will be transformed into the new format."
-              "\n(This may have unwanted side effects if you try to use the data in this new data "
-              "set)\nContinue pasting?");
+    EXPECT_EQ(
+        QuestionBeforePaste(ActiveRecord(), FormatOfPastedText(gSettings.format, items, true)),
+        "You are trying to paste Secondary polar lines into a plot containing planes."
+        "\nThe pasted data will be transformed into the new format."
+        "\n(This may have unwanted side effects if you try to use the data in this new data "
+        "set)\nContinue pasting?");
     items.S = false;
     const auto primary =
-        QuestionBeforePaste(ActiveRecord(), FormatOfPastedText(CurrentFormat(), items, true));
+        QuestionBeforePaste(ActiveRecord(), FormatOfPastedText(gSettings.format, items, true));
     ASSERT_TRUE(primary);
     EXPECT_NE(primary->find("paste Primary polar lines"), std::string::npos);
 }
@@ -333,7 +334,7 @@ TEST_F(PasteRows, ForeignTextIsReadByTheDialogOnceAndThenAtOnce) {
         gConventions = 2;
         gFileDelimiter = "\t";
         gFileColumnSettings = {1, 0, 9, 9, 9, 9, 9, 9, 9, 9};
-        gFileHasHeadings = false;
+        gSettings.format.hasHeadings = false;
     });
     clipboard.SetText("120\t30\n300\t60\n");
     PasteData();
@@ -381,13 +382,13 @@ TEST_F(PasteRows, AHeadingOfForeignTextIsSkipped) {
     const int slot = NewPlanes({{1, 2}});
     AcceptFormat([](FormatAnswer& answer) {
         gFileDelimiter = "";
-        gFileHasHeadings = true;
+        gSettings.format.hasHeadings = true;
         answer.columnHeadings = true;
     });
     clipboard.SetText("dip dir\n30 120\n");
     PasteData();
     EXPECT_EQ(RecordOf(slot).NumData, 2);
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
 }
 
 TEST_F(PasteRows, ForeignUpwardLinesAreReadAsTheFormatSays) {
@@ -396,7 +397,7 @@ TEST_F(PasteRows, ForeignUpwardLinesAreReadAsTheFormatSays) {
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;
         gFileDelimiter = "";
-        gNegativePlunge = NegativePlunge::Vector;
+        gSettings.format.negativePlunge = NegativePlunge::Vector;
     });
     clipboard.SetText("-30 120\n");
     PasteData();
@@ -421,7 +422,7 @@ TEST_F(PasteRows, TellsWhatWasDoneWithPlainUpwardLines) {
 
 TEST_F(PasteRows, OwnUpwardLinesHaveTheTrendsOfTheirLowerEnds) {
     const int slot = NewLines({{1, 2}}, kPolarLines);
-    gNegativePlunge = NegativePlunge::Vector;
+    gSettings.format.negativePlunge = NegativePlunge::Vector;
     for (const char* word : {"", "/U0\t"}) {
         clipboard.SetText(std::string(";Quandrel, ver 9.5.1\r\n") + word
                           + "/T3\t/P0\t/N1\t/I2\t/C1\t/15\r\n-30\t120\r\n");
@@ -430,19 +431,19 @@ TEST_F(PasteRows, OwnUpwardLinesHaveTheTrendsOfTheirLowerEnds) {
         EXPECT_EQ(gDataAz(slot, RecordOf(slot).NumData), 120);
     }
     EXPECT_EQ(RecordOf(slot).NumData, 3);
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::Vector);
 }
 
 TEST_F(PasteRows, TheHeadingBoxHoldsForOnePasteAlone) {
     const int slot = NewPlanes({{1, 2}});
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
     AcceptFormat([](FormatAnswer&) { gFileDelimiter = ""; });
     clipboard.SetText("dip dir\n30 120\n");
     PasteData();
     ASSERT_EQ(formatQuestions.size(), 1U);
     EXPECT_TRUE(formatQuestions[0].columnHeadings) << "as the text suggests";
     EXPECT_EQ(formatQuestions[0].text, "dip dir\n30 120\n");
-    EXPECT_FALSE(gFileHasHeadings) << "files are another matter";
+    EXPECT_FALSE(gSettings.format.hasHeadings) << "files are another matter";
     clipboard.SetText("40 130\n50 140\n");
     PasteData();
     EXPECT_EQ(RecordOf(slot).NumData, 4);
@@ -456,14 +457,14 @@ TEST_F(PasteRows, TheHeadingBoxHoldsForOnePasteAlone) {
 
 TEST_F(PasteRows, TheHeadingBoxStartsAsTheTextSuggestsWhateverFilesHad) {
     NewPlanes({{1, 2}});
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     AcceptFormat([](FormatAnswer&) { gFileDelimiter = ""; });
     clipboard.SetText("30 120\n40 130\n");
     PasteData();
     EXPECT_FALSE(formatQuestions[0].columnHeadings);
     EXPECT_EQ(ActiveRecord().NumData, 3);
-    EXPECT_TRUE(gFileHasHeadings);
-    gFileHasHeadings = false;
+    EXPECT_TRUE(gSettings.format.hasHeadings);
+    gSettings.format.hasHeadings = false;
 }
 
 TEST_F(PasteRows, AFirstLineThatReadsAsDataIsNeverDroppedInSilence) {
@@ -541,22 +542,22 @@ TEST_F(PasteRows, AppendedTextsWithTheOtherDelimiterAreToldAfterwards) {
 
 TEST_F(PasteRows, OwnTextIsKnownInAnyCaseAndNeverAskedFor) {
     const int slot = NewPlanes({{1, 2}});
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     clipboard.SetText(";QUANDREL\r\n30\t120\r\n");
     PasteData();
     EXPECT_EQ(RecordOf(slot).NumData, 2);
     EXPECT_EQ(gDataDip(slot, 2), 30);
-    gFileHasHeadings = false;
+    gSettings.format.hasHeadings = false;
 }
 
 TEST_F(PasteRows, RowsThatMemoryEndsAtAreToldAndTheOthersStay) {
     const int slot = NewPlanes({{1, 2}});
-    const std::int32_t former = gRowLimit;
-    gRowLimit = 2;
+    const std::int32_t former = gPlatform.mostRows;
+    gPlatform.mostRows = 2;
     clipboard.SetText(std::string(kOwnPlanes) + "30\t120\r\n60\t300\r\n");
     Expect("There is not enough memory for more than 1 row of the text.");
     PasteData();
-    gRowLimit = former;
+    gPlatform.mostRows = former;
     EXPECT_EQ(RecordOf(slot).NumData, 2);
     EXPECT_EQ(TableOf(slot).size(), 2U);
     UndoEdits();

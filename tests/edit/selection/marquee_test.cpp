@@ -21,7 +21,7 @@ protected:
     }
 
     void TearDown() override {
-        gSelectionChanged = {};
+        ConnectSelection({});
         ClearSelection();
         EngineTest::TearDown();
     }
@@ -32,7 +32,7 @@ protected:
 TEST_F(MarqueeTest, TheRecordHoldsFirstCornerAndExtent) {
     StandMarquee(gActivePlot, {10, 20}, {-30, 60});
     EXPECT_EQ(gMarquee, (std::array<float, 7>{0, 10, 20, -40, 40, 0, 9999}));
-    EXPECT_EQ(gMarqueeSlot, gActivePlot);
+    EXPECT_EQ(Selection::now.slot, gActivePlot);
 }
 
 TEST_F(MarqueeTest, SelectAllIsTheWholeNet) {
@@ -185,13 +185,13 @@ TEST_F(MarqueeTest, RowsCanBeSelectedOneByOne) {
     AddRow(45, 45);
     AddRow(45, 90);
     int told = 0;
-    gSelectionChanged = [&] { ++told; };
+    ConnectSelection([&] { ++told; });
     SelectRows(gActivePlot, {2, 1, 2, 7, 0, -3});
     EXPECT_EQ(gSelectionRows, (Rows{1, 2}));
     EXPECT_FALSE(MarqueeStands());
     EXPECT_EQ(told, 1);
     SelectRows(gActivePlot, {});
-    EXPECT_EQ(gMarqueeSlot, 0);
+    EXPECT_EQ(Selection::now.slot, 0);
 }
 
 TEST_F(MarqueeTest, ASelectionThatWasKeptComesBackWithoutRowsThatAreGone) {
@@ -199,7 +199,7 @@ TEST_F(MarqueeTest, ASelectionThatWasKeptComesBackWithoutRowsThatAreGone) {
     AddRow(45, 90);
     SelectAll();
     const std::array<float, 7> marquee = gMarquee;
-    const KeptSelection kept = KeepSelection();
+    const Selection kept = Selection::now;
     ClearSelection();
     PutSelectionBack(kept);
     EXPECT_EQ(gSelectionRows, (Rows{1, 2}));

@@ -32,7 +32,7 @@ protected:
         FormatQuestion question;
         question.command = command;
         question.path = path_;
-        question.columnHeadings = gFileHasHeadings;
+        question.columnHeadings = gSettings.format.hasHeadings;
         return Open(question);
     }
 

@@ -293,7 +293,7 @@ TEST_F(FileFormatTest, MarksSuspiciousSettingsOfAnUnknownFile) {
     Open();
     QLabel& mismatch = Of<QLabel>("lblDataMismatch");
     EXPECT_FALSE(mismatch.isVisible());
-    const FormatSettings before = CurrentFormat();
+    const FormatSettings before = gSettings.format;
     Press("optPlaneConv_2");
     ASSERT_TRUE(mismatch.isVisible());
     EXPECT_TRUE(mismatch.accessibleDescription().startsWith(
@@ -301,7 +301,7 @@ TEST_F(FileFormatTest, MarksSuspiciousSettingsOfAnUnknownFile) {
     EXPECT_TRUE(mismatch.toolTip().contains("above 90"));
     EXPECT_TRUE(Of<QLabel>("lblMismatchReasons").text().contains("above 90"));
     EXPECT_TRUE(Of<QRadioButton>("optPlaneConv_2").isChecked()) << "no setting is changed";
-    EXPECT_EQ(CurrentFormat().conventions, before.conventions);
+    EXPECT_EQ(gSettings.format.conventions, before.conventions);
     Press("optPlaneConv_1");
     EXPECT_FALSE(mismatch.isVisible());
     EXPECT_TRUE(mismatch.accessibleDescription().isEmpty());
@@ -314,12 +314,12 @@ TEST_F(FileFormatTest, DoesNotDoubtFilesThatItKnows) {
     path_ = WriteFile("steep.csv", steep);
     Open();
     EXPECT_TRUE(Of<QLabel>("lblDataMismatch").isVisible());
-    gRecentFiles = {path_};
+    gSettings.files.recent = {path_};
     Open();
     EXPECT_FALSE(Of<QLabel>("lblDataMismatch").isVisible());
     Of<QComboBox>("cboDelim").setCurrentText("tab");
     EXPECT_TRUE(Of<QLabel>("lblDataMismatch").isVisible()) << "what cannot work is told always";
-    gRecentFiles.clear();
+    gSettings.files.recent.clear();
     path_ = WriteFile("own.csv", std::string("/T1 /C1\n") + steep);
     Open();
     EXPECT_FALSE(Of<QLabel>("lblDataMismatch").isVisible());

@@ -118,14 +118,14 @@ TEST_F(FileFormatTest, TakesTheGlobalsAndGivesThemBackUnchanged) {
     gPlaneSeparator = "\\";
     gLineSeparator = "+";
     gFileDelimiter = "|";
-    gFileHasHeadings = true;
+    gSettings.format.hasHeadings = true;
     gPlotDataKind = kLines;
-    const FormatSettings before = CurrentFormat();
+    const FormatSettings before = gSettings.format;
     const auto symbols = gSymbolTable;
     Open();
     PressOk();
     EXPECT_TRUE(IsAccepted());
-    const FormatSettings after = CurrentFormat();
+    const FormatSettings after = gSettings.format;
     EXPECT_EQ(after.conventions, before.conventions);
     EXPECT_EQ(after.primary, before.primary);
     EXPECT_EQ(after.secondary, before.secondary);
@@ -144,7 +144,7 @@ TEST_F(FileFormatTest, TakesTheGlobalsAndGivesThemBackUnchanged) {
 }
 
 TEST_F(FileFormatTest, LeavesEveryGlobalOnCancel) {
-    const FormatSettings before = CurrentFormat();
+    const FormatSettings before = gSettings.format;
     const auto symbols = gSymbolTable;
     gSymbolTable[kRowSymbol] = {9, 9, 9};
     for (const bool byEsc : {false, true}) {
@@ -171,7 +171,7 @@ TEST_F(FileFormatTest, LeavesEveryGlobalOnCancel) {
         }
         EXPECT_FALSE(Stays());
         EXPECT_FALSE(IsAccepted());
-        const FormatSettings after = CurrentFormat();
+        const FormatSettings after = gSettings.format;
         EXPECT_EQ(after.conventions, before.conventions);
         EXPECT_EQ(after.delimiter, before.delimiter);
         EXPECT_EQ(after.planeSeparator, before.planeSeparator);
@@ -293,17 +293,17 @@ TEST_F(FileFormatTest, SetsWhatTheTrendBesideANegativePlungeNames) {
     EXPECT_TRUE(dialog_->optNegativePlunge[0]->isChecked());
     Press("optNegativePlunge_1");
     Press("cmdButtons_1");
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::LowerEnd) << "cancelled";
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::LowerEnd) << "cancelled";
     Open();
     Press("optNegativePlunge_1");
     Press("chkSaveSettings_1");
     PressOk();
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::Vector);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::Vector);
     EXPECT_EQ(Saved("NegativePlunge"), "1");
     EXPECT_TRUE(Open().optNegativePlunge[1]->isChecked());
     Press("optNegativePlunge_0");
     PressOk();
-    EXPECT_EQ(gNegativePlunge, NegativePlunge::LowerEnd);
+    EXPECT_EQ(gSettings.format.negativePlunge, NegativePlunge::LowerEnd);
 }
 
 TEST_F(FileFormatTest, TellsTheConventionsInWords) {
@@ -458,7 +458,7 @@ TEST_F(FileFormatTest, TellsTheHeading) {
     EXPECT_EQ(dialog_->cboColumns[0]->itemText(2), "3");
     EXPECT_EQ(dialog_->cboColumns[0]->itemData(2).toString(), "spacing");
     PressOk();
-    EXPECT_TRUE(gFileHasHeadings);
+    EXPECT_TRUE(gSettings.format.hasHeadings);
 }
 
 // The preview.

@@ -45,7 +45,7 @@ protected:
         gPlotKind = kEqualArea;
         gPrimaryDataType = kPrimaryPlane;
         gActiveLayer = kDataLayer;
-        gFileHasHeadings = false;
+        gSettings.format.hasHeadings = false;
         ForgetUndo();
         ClearSelection();
         AcceptFormat({}, 1000);
@@ -53,14 +53,14 @@ protected:
         main->resize(300, 200);
         main->show();
         displays = std::make_unique<DataDisplays>(*main, [this] { ++applications; });
-        gSelectionChanged = [this] {
+        ConnectSelection([this] {
             ++selections;
             displays->SelectionChanged();
-        };
+        });
     }
 
     void TearDown() override {
-        gSelectionChanged = {};
+        ConnectSelection({});
         displays.reset();
         main.reset();
         ForgetUndo();
@@ -437,7 +437,7 @@ TEST_F(DataDisplayTest, PickedRowsAreTheSelection) {
         const int before = selections;
         Click(window, c.row, c.keys);
         EXPECT_EQ(gSelectionRows, c.points) << c.row;
-        EXPECT_EQ(gMarqueeSlot, gActivePlot);
+        EXPECT_EQ(Selection::now.slot, gActivePlot);
         EXPECT_EQ(selections, before + 1) << "told once, round no loop";
         Rows rows;
         for (const std::int32_t point : c.points) {
@@ -555,7 +555,7 @@ TEST_F(DataDisplayTest, PickedRowsInTheOtherGridNeedNoDispatcher) {
     Load();
     displays->ShowRawData();
     displays->ShowPlotData();
-    gSelectionChanged = {};
+    ConnectSelection({});
     Click(Plot(), 2);
     EXPECT_EQ(Raw().grdRawData->PickedRows(), Rows({2}));
 }

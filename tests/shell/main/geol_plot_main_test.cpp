@@ -332,8 +332,9 @@ TEST_F(MainWindow, AWorkspaceSaysHowManyFilesItOpenedAndWhichAreMissing) {
     EXPECT_EQ(ActiveRecord().FileTitle, "beds.txt");
     EXPECT_EQ(ControlOf<QLabel>(*main, "panInfoLine").text().toStdString(), "1 of 2 files opened");
     EXPECT_TRUE(Action("mnuViewUnplotted").isEnabled());
-    EXPECT_EQ(gRecentFiles.front(), (folder / "w.qwo").string());
-    EXPECT_EQ(settings.Read(kApplicationName, "FileMenuArray", "1", ""), gRecentFiles.front())
+    EXPECT_EQ(gSettings.files.recent.front(), (folder / "w.qwo").string());
+    EXPECT_EQ(settings.Read(kApplicationName, "FileMenuArray", "1", ""),
+              gSettings.files.recent.front())
         << "written when it was opened";
 }
 
@@ -350,7 +351,7 @@ TEST_F(MainWindow, RecentFilesAreOfferedByNameAndOpenByPath) {
     std::filesystem::remove(folder / "c.txt");
     Expect("The indicated file cannot be opened");
     main->findChild<QAction*>("mnuFilePrevious_2")->trigger();
-    EXPECT_EQ(gRecentFiles.size(), 1U);
+    EXPECT_EQ(gSettings.files.recent.size(), 1U);
     EXPECT_FALSE(main->findChild<QAction*>("mnuFilePrevious_2")->isVisible());
 }
 

@@ -285,7 +285,7 @@ TEST_F(MainCommands, TheDataFolderIsChosenAndSaved) {
         ControlOf<QPushButton>(dialog, "cmdOK").click();
     });
     Press("mnuFileDirectory");
-    EXPECT_EQ(gFilesDirectory, folder.string());
+    EXPECT_EQ(gSettings.files.folder, folder.string());
     EXPECT_EQ(settings.Read("Quandrel 9", "StartUp", "FilesDirectory", ""), folder.string());
     QTimer::singleShot(0, [] {
         QWidget& dialog = *QApplication::activeModalWidget();
@@ -293,7 +293,7 @@ TEST_F(MainCommands, TheDataFolderIsChosenAndSaved) {
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     Press("mnuFileDirectory");
-    EXPECT_EQ(gFilesDirectory, folder.string()) << "cancelled";
+    EXPECT_EQ(gSettings.files.folder, folder.string()) << "cancelled";
 }
 
 TEST_F(MainCommands, UnplottedLinesAreListed) {

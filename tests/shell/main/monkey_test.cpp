@@ -239,8 +239,8 @@ protected:
             }
         }
         for (const std::int32_t row : gSelectionRows) {
-            if (!IsOpenSlot(gMarqueeSlot) || row < 1
-                || row > RecordOf(gMarqueeSlot).NumLoadedData) {
+            if (!IsOpenSlot(Selection::now.slot) || row < 1
+                || row > RecordOf(Selection::now.slot).NumLoadedData) {
                 return ::testing::AssertionFailure() << "row " << row << " is selected";
             }
         }

@@ -171,14 +171,14 @@ TEST_F(MapinfoWindow, TheToolbarIsShownAndHiddenByItsMenuItem) {
     EXPECT_TRUE(item.isChecked());
     item.trigger();
     EXPECT_FALSE(toolbar->isVisible());
-    EXPECT_FALSE(gMIToolbarShow);
+    EXPECT_FALSE(gSettings.windows.mapToolbar);
     ShowMIToolbar(true); // by the main window
     EXPECT_TRUE(toolbar->isVisible());
     EXPECT_TRUE(item.isChecked());
 }
 
 TEST_F(MapinfoWindow, ASessionThatDiesTakesTheWindowWithItAndIsTold) {
-    gMapLinkPort.sessions = &sessions;
+    gPlatform.mapLink.sessions = &sessions;
     script.tables = {Joints()};
     ASSERT_TRUE(StartMapInfoLink());
     ASSERT_NE(LinkForm(), nullptr);
@@ -188,7 +188,7 @@ TEST_F(MapinfoWindow, ASessionThatDiesTakesTheWindowWithItAndIsTold) {
     EXPECT_EQ(LinkForm(), nullptr);
     EXPECT_EQ(gMapInfo, nullptr);
     EXPECT_FALSE(toolbar->isVisible());
-    gMapLinkPort.sessions = &grid;
+    gPlatform.mapLink.sessions = &grid;
     LinkTo("joints.tab"); // the program goes on
     EXPECT_TRUE(IsMapInfoLinked());
 }

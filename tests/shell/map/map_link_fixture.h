@@ -77,7 +77,7 @@ class MapinfoWindow : public LinkTest {
 protected:
     void SetUp() override {
         LinkTest::SetUp();
-        gMIToolbarShow = true;
+        gSettings.windows.mapToolbar = true;
         room = new QMdiArea;
         main.setCentralWidget(room);
         toolbar = main.addToolBar("MapInfo");
@@ -90,7 +90,7 @@ protected:
         signs.done = [this] { ++done; };
         windows = std::make_unique<MapLinkWindows>(main, *room, *toolbar, std::move(signs));
         grid.host = &windows->Host();
-        gMapLinkPort.sessions = &grid;
+        gPlatform.mapLink.sessions = &grid;
     }
 
     void TearDown() override {

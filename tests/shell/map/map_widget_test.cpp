@@ -25,7 +25,7 @@ TEST_F(MapPages, ThePointToolLightsUpARowOnTheNet) {
     EXPECT_FALSE(MapButton("SelectTool").isChecked());
     const int before = done;
     QTest::mouseClick(&Map(), Qt::LeftButton, {}, AtRow(57));
-    EXPECT_EQ(gMarqueeSlot, slot);
+    EXPECT_EQ(Selection::now.slot, slot);
     EXPECT_EQ(gSelectionRows, Rows{57});
     EXPECT_EQ(LitOnMap(), std::vector<int>{57});
     EXPECT_GT(done, before);
@@ -85,7 +85,7 @@ TEST_F(MapPages, RowsChosenInTheBrowserLightUpOnMapAndNet) {
     QCoreApplication::processEvents();
     const std::vector<int> expected = {2, 3, 4, 7};
     EXPECT_EQ(Selected(), expected);
-    EXPECT_EQ(gMarqueeSlot, slot);
+    EXPECT_EQ(Selection::now.slot, slot);
     EXPECT_EQ(gSelectionRows, RowsOfPlot(expected));
     EXPECT_EQ(LitOnMap(), expected);
     EXPECT_EQ(LitIn(browser), expected);

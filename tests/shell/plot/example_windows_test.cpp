@@ -83,7 +83,7 @@ void UseFormat(Words words) {
     gPlotDataKind = kinds.at(words["data"]);
     gFileDelimiter = delimiters.at(words["delimiter"]);
     gConventions = static_cast<std::int16_t>(ParseNumber(words["conventions"]));
-    gFileHasHeadings = words["header"] == "yes";
+    gSettings.format.hasHeadings = words["header"] == "yes";
     const std::string& appended = words["appended"];
     gFileLineAppended = appended.find("line") != std::string::npos;
     gFileNumericAppended = appended.find("numeric") != std::string::npos;

@@ -159,14 +159,14 @@ TEST_F(PlotEditing, AHeldLOrTheButtonDrawsALasso) {
     QTest::keyPress(&Net(), Qt::Key_L);
     around();
     QTest::keyRelease(&Net(), Qt::Key_L);
-    EXPECT_EQ(gLasso.size(), 4U);
+    EXPECT_EQ(Selection::now.lasso.size(), 4U);
     EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1}));
     around();
-    EXPECT_TRUE(gLasso.empty());
+    EXPECT_TRUE(Selection::now.lasso.empty());
     Press("mnuEditLasso");
     Click(0, 0);
     around();
-    EXPECT_EQ(gLasso.size(), 4U);
+    EXPECT_EQ(Selection::now.lasso.size(), 4U);
 }
 
 TEST_F(PlotEditing, TheAddModeMakesAPlainPressAddAPoint) {
@@ -383,7 +383,7 @@ TEST_F(PlotEditing, ClosingThePlotForgetsSelectionAndUndo) {
     prompts.Expect("Save it?", Button::No);
     Press("mnuFileClose_0");
     EXPECT_FALSE(CanUndo());
-    EXPECT_EQ(gMarqueeSlot, 0);
+    EXPECT_EQ(Selection::now.slot, 0);
 }
 
 TEST_F(PlotEditing, BetaPlotsRefuseCutAndDelete) {

@@ -476,7 +476,7 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     EXPECT_TRUE(choice.saveNonDataLines);
     EXPECT_EQ(choice.styles.showIsolatedPts, 1);
     EXPECT_FALSE(gConvertDecimals);
-    EXPECT_EQ(gPitchName, "pitch");
+    EXPECT_EQ(gSettings.notation.pitchName, "pitch");
 }
 
 TEST_F(PreferencesWindow, ADataFolderIsChosenOrThatOfTheLastFileIsUsed) {
@@ -499,7 +499,7 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     gPlotAxesStyle = 3;
     gSettings.styles.showNorth = true;
     gSettings.styles.fonts[0].font.points = 30;
-    gPitchName = "rake";
+    gSettings.notation.pitchName = "rake";
     gSettings.styles.plotBackColour = 0;
     Open(0);
     QTest::mouseClick(dialog_->cmdOK[2], Qt::LeftButton);
@@ -556,13 +556,14 @@ protected:
     static bool Holds() {
         return gSymbolTable[0] == SymbolRow{5, 12, 2} && gColourTable[5] == 0x563412
                && gSettings.styles.plotBackColour == 0x563412
-               && gSettings.styles.fonts[kLegendFont].colour == 0x563412 && gSaveNonDataLines;
+               && gSettings.styles.fonts[kLegendFont].colour == 0x563412
+               && gSettings.files.nonDataLines;
     }
 
     static bool IsUntouched() {
         return gSymbolTable[0] == SymbolRow{5, 3, 2} && gColourTable[5] == 0
                && gSettings.styles.plotBackColour == 0xffffff
-               && gSettings.styles.fonts[kLegendFont].colour == 0 && !gSaveNonDataLines;
+               && gSettings.styles.fonts[kLegendFont].colour == 0 && !gSettings.files.nonDataLines;
     }
 };
 

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+//
+// The format of data files as a value: which column of a line of text holds what, and how an
+// orientation is written in it. The one in force is part of the settings (data_format.h).
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace quandrel {
+
+/// Formats of the primary data. 0 counts as directions too.
+enum PrimaryFormatCode : std::int16_t { kDirections = 1, kPrimaryPlane = 2, kPrimaryLine = 3 };
+
+/// Formats of the secondary data.
+enum SecondaryFormatCode : std::int16_t {
+    kNoSecondary = 0,
+    kPitchInPlane = 1,
+    kTrendInPlane = 2,
+    kSecondaryLine = 3,
+    kSecondaryPlane = 4,
+    kHadeInPlane = 5,
+};
+
+/// How the primary data are plotted.
+enum DataKindCode : std::int16_t { kPlanes = 1, kLines = 2, kPolarLines = 3 };
+
+/// Kinds of drawing.
+enum PlotKindCode : std::int16_t { kEqualArea = 1, kEqualAngle = 2, kRose = 3 };
+
+/// Plane conventions: the absolute convention code modulo 10.
+enum PlaneConvention : int {
+    kDipDipDirection = 1,
+    kDipDirectionDip = 2,
+    kStrikeDipSense = 3,
+    kDipSenseStrike = 4,
+    kDipStrikeRightHand = 5,
+    kStrikeDipRightHand = 6,
+};
+
+/// The ten items of a line, as ColumnSettings orders them.
+enum ColumnSlot : int {
+    kSlotDip = 0,
+    kSlotDirection = 1,
+    kSlotSense = 2,
+    kSlotSecondaryDip = 3,
+    kSlotSecondaryDirection = 4,
+    kSlotSecondarySense = 5,
+    kSlotAppendedPlunge = 6,
+    kSlotAppendedTrend = 7,
+    kSlotNumber = 8,
+    kSlotText = 9,
+};
+
+inline constexpr int kColumnSlots = 10;
+
+/// Zero-based token indexes, one for each ColumnSlot.
+using ColumnSettings = std::array<std::int32_t, kColumnSlots>;
+
+/// What the trend beside a negative plunge names in files to come. In the columns it always names
+/// the lower end: (-p, t) is the line whose lower end is (p, t), pointing the other way.
+enum class NegativePlunge : std::int16_t {
+    LowerEnd = 0, ///< the trend of the line's lower end
+    Vector = 1,   ///< the trend that the line points to, upward
+};
+
+struct FormatSettings {
+    /// Plane convention 1 to 6, plus 10 for lines as trend, plunge; negative for quadrant notation.
+    std::int16_t conventions = 1;
+
+    /// Between the columns of a line: one character, or empty for any of comma, semicolon, blank,
+    /// tab.
+    std::string delimiter;
+
+    std::string planeSeparator;      ///< between dip and direction, on output only
+    std::string lineSeparator;       ///< between plunge and trend, on output only
+    std::int16_t primary = 0;        ///< PrimaryFormatCode
+    std::int16_t secondary = 0;      ///< SecondaryFormatCode
+    bool lineAppended = false;       ///< lines hold an appended line
+    bool numericAppended = false;    ///< lines hold an appended number
+    bool nonNumericAppended = false; ///< lines hold an appended text
+    std::string numericName;         ///< of the appended number
+    std::string nonNumericName;      ///< of the appended text
+    ColumnSettings columns{};
+    std::int16_t plotDataKind = 0; ///< DataKindCode for data to come
+    std::int16_t plotKind = 0;     ///< PlotKindCode of the next new plot
+    bool hasHeadings = false;      ///< the first row of a file holds column headings
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
+};
+
+} // namespace quandrel

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-
-#include "platform/link_window.h"
-
-namespace quandrel {
-
-MapLinkPort gMapLinkPort;
-
-} // namespace quandrel
