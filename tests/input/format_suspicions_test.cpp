@@ -229,8 +229,8 @@ TEST_F(FormatSuspicionsTest, ComparesWithTheRowsOfThePlot) {
     choice.nonNumericAppended = true;
     EXPECT_EQ(
         PlotMisfits(choice, record),
-        (Lines{"The rows of the plot have a secondary orientation, the rows of this file "
-               "none.",
+        (Lines{"The rows of the plot have a secondary orientation, the rows of this file do "
+               "not.",
                "The rows of the plot have no place for an appended line: it will be left out.",
                "The rows of the plot have an appended number, the rows of this file do not.",
                "The rows of the plot have no place for an appended text: it will be left "

@@ -117,7 +117,7 @@ TEST_F(Unfold, RowsOfOverlaysUnfoldWhenTheyArePlanes) {
     EXPECT_EQ(Primary()[2], Pair(40, 250));
     EXPECT_EQ(NoteOnRotation(report), "1 row of overlays that are not planes was left unrotated.");
     EXPECT_EQ(NoteOnRotation({5, 2, 3}), "2 rows without a valid appended line and 3 rows of "
-                                         "overlays that are no planes were left unrotated.");
+                                         "overlays that are not planes were left unrotated.");
     EXPECT_EQ(NoteOnRotation({5, 0, 0}), "");
 }
 
