@@ -4,15 +4,16 @@
 // baseline traces every triangle of every cell and draws each segment separately.
 
 #include "bench_engine.h"
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/contours.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "stereo/distinct_lines.h"
-#include "stereo/draw_target.h"
 #include "stereo/row_positions.h"
+#include "stereo/window_drawing.h"
 
 #ifdef QUANDREL_WITH_QT
 #include "qt/painter_surface.h"
@@ -53,10 +54,10 @@ public:
                          : static_cast<std::int32_t>(std::clamp(azimuths(random), 0.0, 360.0));
         }
         RebuildRowTable(gActivePlot);
-        gGridDensitySlider = kLargestGridSize;
+        gSettings.gridSize = kLargestGridSize;
         ComputeGridDensity();
         const ContourLevelSet set =
-            ContourLevelsOf(RowsOf(DistinctLinesOfActivePlot()), record.GridDensityMax);
+            ContourLevelsOf(RowsOf(DistinctLinesOf(ActivePlot())), record.GridDensityMax);
         record.ContourLevels = set.levels;
         record.NumContours = set.count;
     }
@@ -64,7 +65,7 @@ public:
 
 void TellSegments(benchmark::State& state) {
     std::size_t segments = 0;
-    for (const LevelContour& contour : ContoursOfActivePlot()) {
+    for (const LevelContour& contour : ContoursOf(ActivePlot())) {
         segments += contour.segments.size();
     }
     state.counters["segments"] = static_cast<double>(segments);
@@ -95,7 +96,7 @@ void TraceEveryTriangle(Take take) {
     const PlotRecord& record = ActiveRecord();
     const int nodes = GridNodes(record.GridSize);
     const int step = GridStep(record.GridSize);
-    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
+    const std::int32_t rows = RowsOf(DistinctLinesOf(ActivePlot()));
     for (int k = 0; k < record.NumContours; ++k) {
         const double level = CountOfLevel(record.ContourLevels[static_cast<std::size_t>(k)], rows);
         const auto vertex = [&](int i, int j) -> TriangleVertex {
@@ -142,13 +143,13 @@ void TraceOneByOne(benchmark::State& state, Spread spread) {
             [&](int, const ContourSegment& segment) { segments.push_back(segment); });
         benchmark::DoNotOptimize(segments.data());
     }
-    TellRatio(state, start, [] { benchmark::DoNotOptimize(ContoursOfActivePlot()); });
+    TellRatio(state, start, [] { benchmark::DoNotOptimize(ContoursOf(ActivePlot())); });
 }
 
 void Trace(benchmark::State& state, Spread spread) {
     const PlotWithGrid plot(state.range(0), spread);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(ContoursOfActivePlot());
+        benchmark::DoNotOptimize(ContoursOf(ActivePlot()));
     }
     TellSegments(state);
 }
@@ -156,7 +157,7 @@ void Trace(benchmark::State& state, Spread spread) {
 void TraceAndJoin(benchmark::State& state, Spread spread) {
     const PlotWithGrid plot(state.range(0), spread);
     for (auto _ : state) {
-        for (const LevelContour& contour : ContoursOfActivePlot()) {
+        for (const LevelContour& contour : ContoursOf(ActivePlot())) {
             benchmark::DoNotOptimize(ChainSegments(contour.segments));
         }
     }
@@ -174,19 +175,23 @@ public:
 
     Surface& Net() { return net_; }
 
+    void TraceContours() {
+        FindContourLevels(ActivePlot());
+        DrawContours(ActivePlot(), PaperDrawing(net_, legend_));
+    }
+
 private:
     QImage image_{1000, 1000, QImage::Format_RGB32};
     QPainter painter_{&image_};
     PainterSurface net_{painter_, QRectF(0, 0, 1000, 1000), 1, Medium::Raster};
     PainterSurface legend_{painter_, QRectF(0, 0, 200, 200), 1, Medium::Raster};
-    DrawElsewhere elsewhere_{net_, legend_};
 };
 
 void Draw(benchmark::State& state, Spread spread) {
     const PlotWithGrid plot(state.range(0), spread);
-    const OnImage image;
+    OnImage image;
     for (auto _ : state) {
-        TraceContours();
+        image.TraceContours();
     }
     TellSegments(state);
 }
@@ -197,7 +202,7 @@ void DrawOneByOne(benchmark::State& state, Spread spread) {
     const auto start = Clock::now();
     for (auto _ : state) {
         TraceEveryTriangle([&](int level, const ContourSegment& segment) {
-            const AxisStyle style = ContourStyleOf(level);
+            const AxisStyle style = ContourStyleOf(gSettings.styles, level);
             DrawState drawing = image.Net().State();
             drawing.drawStyle = style[1];
             drawing.drawWidth = style[2];
@@ -205,7 +210,7 @@ void DrawOneByOne(benchmark::State& state, Spread spread) {
             image.Net().Line(segment.from, segment.to, TableColour(style[0]));
         });
     }
-    TellRatio(state, start, TraceContours);
+    TellRatio(state, start, [&image] { image.TraceContours(); });
 }
 #endif
 

@@ -4,7 +4,7 @@
 // takes the rows one by one.
 
 #include "bench_engine.h"
-#include "core/grid_slider.h"
+#include "core/settings_value.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
@@ -36,7 +36,7 @@ public:
         }
         RebuildRowTable(gActivePlot);
         SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(rows));
-        gGridDensitySlider = kLargestGridSize;
+        gSettings.gridSize = kLargestGridSize;
     }
 
     /// Makes the next count read the rows again.

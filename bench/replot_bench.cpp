@@ -5,10 +5,11 @@
 // table.
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "core/settings.h"
+#include "core/settings_value.h"
+#include "drawing/draw_plot.h"
 #include "drawing/plot_driver.h"
 #include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
@@ -19,6 +20,7 @@
 #include "qt/painter_surface.h"
 #include "session/start.h"
 #include "stereo/row_positions.h"
+#include "stereo/window_drawing.h"
 
 #include <QImage>
 #include <QPainter>
@@ -122,7 +124,7 @@ public:
     PlotOnImage(const PlotOnImage&) = delete;
     PlotOnImage& operator=(const PlotOnImage&) = delete;
 
-    void Draw() { DrawActivePlotOn(net_, legend_); }
+    void Draw() { DrawPlot(ActivePlot(), PaperDrawing(net_, legend_)); }
 
     /// The rows as loaded from a file, unsorted and without results.
     static void ForgetResults() {
@@ -150,7 +152,7 @@ void Replot(benchmark::State& state, std::int16_t mode) {
 /// Statistics, point densities, the grid and its contours as required by the mode, and the drawing.
 void ReplotOfChangedRows(benchmark::State& state, std::int16_t mode) {
     PlotOnImage plot(state.range(0), mode);
-    gGridDensitySlider = kFinestGrid;
+    gSettings.gridSize = kFinestGrid;
     ReplotActivePlot(true); // creates fonts and tables
     std::int64_t most = 0;
     for (auto _ : state) {

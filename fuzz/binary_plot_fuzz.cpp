@@ -3,9 +3,9 @@
 // Arbitrary bytes as a binary plot file, or changes to a whole one. A valid plot is stored, drawn,
 // written and read again.
 
-#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "fuzz_engine.h"
 #include "patched_plot.h"
 #include "persistence/binary_plot_file.h"
@@ -31,7 +31,7 @@ void Store(BinaryPlot plot) {
 
 void CheckPlot(BinaryPlot plot) {
     const ScriptedAnswers answers;
-    gGridDensitySlider = kCoarsestGrid; // a finer grid takes longer but finds nothing more
+    gSettings.gridSize = kCoarsestGrid; // a finer grid takes longer but finds nothing more
     Store(std::move(plot));
     const std::string first = BytesOfActivePlot();
     Result<BinaryPlot> again = ReadBinaryPlot(first);

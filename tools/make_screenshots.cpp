@@ -24,7 +24,6 @@
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
 #include "shell/print/widget_printers.h"
-#include "stereo/draw_target.h"
 
 #include <QAction>
 #include <QApplication>

@@ -9,6 +9,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
+#include "core/settings_value.h"
 #include "density/contours.h"
 #include "density/grid_geometry.h"
 #include "drawing/legend.h"
@@ -161,7 +162,8 @@ Json LoadJson(const LoadCounters& counters) {
 
 Json LegendJson() {
     Json lines = Json::array();
-    for (const LegendLine& line : LegendLines()) {
+    for (const LegendLine& line :
+         LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
         lines.push_back(line.text);
     }
     return lines;
@@ -184,7 +186,7 @@ Json DensityGridJson(const PlotRecord& record) {
 Json ContoursJson() {
     Json levels = Json::array();
     Json segments = Json::array();
-    for (const LevelContour& contour : ContoursOfActivePlot()) {
+    for (const LevelContour& contour : ContoursOf(ActivePlot())) {
         levels.push_back(contour.level);
         for (const ContourSegment& segment : contour.segments) {
             segments.push_back(
@@ -220,7 +222,7 @@ Json PrintedJson(const std::vector<ReferenceLine>& lines) {
 Json ValueContoursJson() {
     Json limits = Json::array();
     Json segments = Json::array();
-    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+    for (const ValueContour& contour : ValueContoursOf(ActivePlot())) {
         limits.push_back(contour.limit);
         for (const ContourSegment& segment : contour.segments) {
             segments.push_back(

@@ -12,9 +12,9 @@
 #include "batch/rose_command.h"
 #include "batch/rotate_command.h"
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "derive/secondary_data.h"
 #include "drawing/plot_state.h"
 #include "rotation/rotate_data.h"
@@ -80,8 +80,8 @@ std::string MoveSlider(const Command& command, std::ostream&) {
     if (!value) {
         return "'" + command.Words() + "' is no grid density from 10 to 150";
     }
-    MoveGridSlider(*value);
-    ReleaseGridSlider();
+    ChooseGridSize(*value);
+    UseGridSize();
     return {};
 }
 

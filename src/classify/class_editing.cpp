@@ -185,7 +185,7 @@ ClassFigures FiguresOfActivePlot() {
 bool HasNumericTypes() {
     const std::int32_t rows = ActiveRecord().NumData;
     for (std::int32_t row = 1; row <= rows; ++row) {
-        if (DipOfRow(gActivePlot, row) != kErrorRow && AppendedTextNumberOfRow(row)) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow && AppendedTextNumberOfRow(ActivePlot(), row)) {
             return true;
         }
     }

@@ -6,7 +6,6 @@
 #include "classify/classification.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
-#include "core/plot_store.h"
 #include "stereo/row_drawing.h"
 
 #include <algorithm>
@@ -15,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// What the active plot draws in the styles of its classes.
+/// What a plot draws in the styles of its classes.
 struct ClassesShown {
     bool rows = false;
     bool nodes = false;
@@ -38,13 +37,13 @@ ClassesShown ShownBy(const PlotRecord& record) {
 }
 
 /// True for each class shown by symbols or great circles.
-std::vector<bool> ClassesWithSamples(const PlotRecord& record, const ClassesShown& shown) {
+std::vector<bool> ClassesWithSamples(const Plot& plot, const ClassesShown& shown) {
     if (shown.nodes) {
-        return ClassesOfValueNodes();
+        return ClassesOfValueNodes(plot);
     }
     std::vector<bool> classes;
     if (shown.rows) {
-        for (const std::int32_t rows : RowsOfClasses(record.ClassMode)) {
+        for (const std::int32_t rows : RowsOfClasses(plot, plot.record.ClassMode)) {
             classes.push_back(rows > 0);
         }
     }
@@ -57,8 +56,8 @@ bool Has(const std::vector<bool>& classes, std::size_t place) {
 
 } // namespace
 
-std::vector<LegendLine> ClassLegendLines() {
-    const PlotRecord& record = ActiveRecord();
+std::vector<LegendLine> ClassLegendLines(const Plot& plot, const Styles& styles) {
+    const PlotRecord& record = plot.record;
     const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
     const ClassesShown shown = ShownBy(record);
     std::vector<LegendLine> lines;
@@ -67,14 +66,14 @@ std::vector<LegendLine> ClassLegendLines() {
     }
     const std::string& name = *column == kNumberClasses ? record.AppNumName : record.AppNonNumName;
     lines.push_back({LegendSample::None, 0, "Classified by: " + name});
-    const std::vector<bool> samples = ClassesWithSamples(record, shown);
+    const std::vector<bool> samples = ClassesWithSamples(plot, shown);
     const std::vector<bool> contours =
-        shown.contours ? ClassesOfValueContours() : std::vector<bool>();
-    const LimitForm form = LimitFormOfActivePlot(*column);
+        shown.contours ? ClassesOfValueContours(plot) : std::vector<bool>();
+    const LimitForm form = LimitFormOf(plot, *column);
     const bool areCircles = shown.rows && record.PlotSymbolMode == kGreatCircles;
     for (std::size_t c = 1; c < std::max(samples.size(), contours.size()); ++c) {
         const int classNumber = static_cast<int>(c);
-        const SymbolCode code = CodeOfClass(classNumber);
+        const SymbolCode code = CodeOfClass(styles, classNumber);
         const std::string label = ClassLabel(record.ClassTable, *column, classNumber, form);
         if (Has(samples, c)) {
             lines.push_back(

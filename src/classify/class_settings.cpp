@@ -65,25 +65,31 @@ void WriteRanges(ClassTableCells& table, ClassColumn column, const ClassRanges& 
 }
 
 /// Shows a column's lowest value as the lowest limit of a plot that was never classified.
-void ShowLowest(ClassRanges& ranges, ClassColumn column) {
+void ShowLowest(const Plot& plot, ClassRanges& ranges, ClassColumn column) {
     if (ranges.limits.base > 0) {
         return;
     }
-    if (const auto statistics = StatisticsOfNumbers(ValidNumbersOfColumn(column))) {
+    if (const auto statistics = StatisticsOfNumbers(ValidNumbersOfColumn(plot, column))) {
         ranges.limits.limits[0] = statistics->least;
     }
 }
 
-/// The numbers that ranges divide: those of the rows, or of the nodes of the grid to be shown.
-NumberStatistics NumbersToDivide(const ClassSettings& settings) {
-    const NumberStatistics rows =
-        StatisticsOfNumbers(ValidNumbersOfColumn(kNumberClasses)).value_or(NumberStatistics{});
-    if (!HasRangesOfGrid(settings)) {
+bool DividesGrid(const PlotRecord& record, const ClassSettings& settings) {
+    return settings.mode == kClassesByNumber && settings.plotType != kClassifiedPoints
+           && record.PlotKind != kRose;
+}
+
+/// The numbers that ranges divide: those of the rows, or of the nodes of a grid to be shown.
+NumberStatistics NumbersToDivide(const Plot& plot, const ClassSettings& settings, int gridSize) {
+    const NumberStatistics rows = StatisticsOfNumbers(ValidNumbersOfColumn(plot, kNumberClasses))
+                                      .value_or(NumberStatistics{});
+    if (!DividesGrid(plot.record, settings)) {
         return rows;
     }
     const GridLayer layer =
         settings.gridValue == ClassGridValue::Mean ? kMeanLayer : kCumulativeLayer;
-    std::optional<NumberStatistics> nodes = StatisticsOfNumbers(NodeValuesOfActivePlot(layer));
+    std::optional<NumberStatistics> nodes =
+        StatisticsOfNumbers(NodeValuesOf(plot, layer, gridSize));
     if (nodes && settings.plotType == kContoursWithDataPoints) {
         nodes->least = std::min(nodes->least, rows.least);
         nodes->greatest = std::max(nodes->greatest, rows.greatest);
@@ -142,8 +148,8 @@ void WriteSettings(PlotRecord& record, const ClassSettings& settings) {
 
 } // namespace
 
-ClassSettings SettingsOfActivePlot() {
-    const PlotRecord& record = ActiveRecord();
+ClassSettings ClassSettingsOf(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     const ClassTableCells& table = record.ClassTable;
     ClassSettings settings;
     settings.mode = record.ClassMode;
@@ -151,8 +157,8 @@ ClassSettings SettingsOfActivePlot() {
     settings.numbers = RangesOfTable(table, kNumberClasses);
     settings.textNumbers = RangesOfTable(table, kTextNumberClasses);
     if (record.ClassMode == kNotClassified) {
-        ShowLowest(settings.numbers, kNumberClasses);
-        ShowLowest(settings.textNumbers, kTextNumberClasses);
+        ShowLowest(plot, settings.numbers, kNumberClasses);
+        ShowLowest(plot, settings.textNumbers, kTextNumberClasses);
     }
     settings.types = WholeOf(table[kBaseRow][kTextNumberClasses], kMostNames);
     for (std::size_t k = 0; k < settings.names.size(); ++k) {
@@ -164,6 +170,10 @@ ClassSettings SettingsOfActivePlot() {
     settings.gridValue = GridValueShown(record);
     settings.background = GridBackground(record);
     return settings;
+}
+
+ClassSettings SettingsOfActivePlot() {
+    return ClassSettingsOf(ActivePlot());
 }
 
 ClassTableCells TableOfSettings(const ClassSettings& settings, const ClassTableCells& former) {
@@ -188,7 +198,7 @@ std::string FillRanges(ClassSettings& settings, RangeProcedure procedure, int cl
         SetNumberOfRanges(limits, classes);
         return {};
     }
-    const NumberStatistics numbers = NumbersToDivide(settings);
+    const NumberStatistics numbers = NumbersToDivide(ActivePlot(), settings, gSettings.gridSize);
     if (procedure == RangeProcedure::EqualRanges) {
         limits = EqualRanges(numbers.least, numbers.greatest, classes);
         return {};
@@ -216,11 +226,13 @@ void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes) {
 }
 
 bool HasRangesOfGrid(const ClassSettings& settings) {
-    return settings.mode == kClassesByNumber && settings.plotType != kClassifiedPoints
-           && ActiveRecord().PlotKind != kRose;
+    return DividesGrid(ActiveRecord(), settings);
 }
 
-std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
+namespace {
+
+std::optional<RangeProcedure> ProcedureOf(const Plot& plot, const ClassSettings& settings,
+                                          int gridSize) {
     const ClassLimits& limits = settings.numbers.limits;
     // Both procedures make classes of equal width: comparing two avoids most of the work.
     const double width = UpperLimit(limits, 1) - LowerLimit(limits, 1);
@@ -228,7 +240,7 @@ std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
     if (limits.base < 1 || (limits.base > 1 && std::abs(width - next) > 1e-5 * std::abs(width))) {
         return std::nullopt;
     }
-    const NumberStatistics numbers = NumbersToDivide(settings);
+    const NumberStatistics numbers = NumbersToDivide(plot, settings, gridSize);
     if (AreAlike(limits, EqualRanges(numbers.least, numbers.greatest, limits.base))) {
         return RangeProcedure::EqualRanges;
     }
@@ -238,13 +250,28 @@ std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
                                                : std::nullopt;
 }
 
+LimitForm FormOf(const std::optional<RangeProcedure>& procedure) {
+    return procedure == RangeProcedure::DeviationSplits ? LimitForm::Deviations : LimitForm::Plain;
+}
+
+} // namespace
+
+std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings) {
+    return ProcedureOf(ActivePlot(), settings, gSettings.gridSize);
+}
+
 LimitForm LimitFormOf(const ClassSettings& settings) {
-    return ProcedureOfRanges(settings) == RangeProcedure::DeviationSplits ? LimitForm::Deviations
-                                                                          : LimitForm::Plain;
+    return FormOf(ProcedureOfRanges(settings));
+}
+
+LimitForm LimitFormOf(const Plot& plot, ClassColumn column) {
+    return column == kNumberClasses
+               ? FormOf(ProcedureOf(plot, ClassSettingsOf(plot), plot.record.GridSize))
+               : LimitForm::Plain;
 }
 
 LimitForm LimitFormOfActivePlot(ClassColumn column) {
-    return column == kNumberClasses ? LimitFormOf(SettingsOfActivePlot()) : LimitForm::Plain;
+    return LimitFormOf(ActivePlot(), column);
 }
 
 void SetNumberOfRanges(ClassLimits& limits, int classes) {

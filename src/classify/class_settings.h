@@ -11,7 +11,7 @@
 #include "classify/class_rule.h"
 #include "classify/classification.h"
 #include "core/class_stats.h"
-#include "core/plot_record.h"
+#include "core/plot.h"
 
 #include <array>
 #include <optional>
@@ -50,9 +50,12 @@ struct ClassSettings {
     std::optional<double> background = 0; ///< of nodes without rows; without it contours end there
 };
 
-/// The settings of gActivePlot. A plot that was never classified shows its lowest value as the
-/// lowest limit. In the record, texts have one number of classes and one pair of flags; these
-/// appear in both textNumbers and names.
+/// The settings of a plot. A plot that was never classified shows its lowest value as the lowest
+/// limit. In the record, texts have one number of classes and one pair of flags; these appear in
+/// both textNumbers and names.
+[[nodiscard]] ClassSettings ClassSettingsOf(const Plot& plot);
+
+/// The settings of gActivePlot.
 [[nodiscard]] ClassSettings SettingsOfActivePlot();
 
 /// A class table with the settings written into it. Cells without a setting keep their values.
@@ -95,7 +98,10 @@ void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
 /// How the limits of settings.numbers are shown: as deviations if that procedure made them.
 [[nodiscard]] LimitForm LimitFormOf(const ClassSettings& settings);
 
-/// LimitFormOf for a column of gActivePlot, by its settings.
+/// LimitFormOf for a column of a plot, by its settings and the size of its grid.
+[[nodiscard]] LimitForm LimitFormOf(const Plot& plot, ClassColumn column);
+
+/// LimitFormOf for a column of gActivePlot.
 [[nodiscard]] LimitForm LimitFormOfActivePlot(ClassColumn column);
 
 /// Sets the number of classes without moving a limit: the top stays the top.

@@ -35,13 +35,9 @@ int ClassOfValue(const ClassRule& rule, const std::optional<double>& value) {
     return ClassOfNumber(rule, *value);
 }
 
-std::optional<double> NumberOfRow(ClassColumn column, std::int32_t row) {
-    return column == kNumberClasses ? AppendedNumberOfRow(row) : AppendedTextNumberOfRow(row);
-}
-
-void RestoreSymbols(const PlotRecord& record) {
-    for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        gDataSymbol.At(gActivePlot, row) = gDataSymbolBase(gActivePlot, row);
+void RestoreSymbols(Plot& plot) {
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        plot.rows.symbol.At(row) = plot.rows.symbolBase(row);
     }
 }
 
@@ -93,68 +89,73 @@ std::optional<ClassColumn> ColumnOfClassMode(int mode) {
     }
 }
 
-int ClassOfRow(const ClassRule& rule, std::int32_t row) {
-    if (DipOfRow(gActivePlot, row) == kErrorRow) {
+int ClassOfRow(const Plot& plot, const ClassRule& rule, std::int32_t row) {
+    if (DipOfRow(plot, row) == kErrorRow) {
         return 0;
     }
     if (rule.column == kNameClasses) {
-        const bool hasTexts = ActiveRecord().HasAppendedText != 0;
-        return ClassOfName(rule, hasTexts ? gAppText(gActivePlot, row) : std::string_view());
+        const bool hasTexts = plot.record.HasAppendedText != 0;
+        return ClassOfName(rule, hasTexts ? plot.rows.text(row) : std::string_view());
     }
-    return ClassOfValue(rule, NumberOfRow(rule.column, row));
+    return ClassOfValue(rule, NumberOfRow(plot, rule.column, row));
 }
 
 int ClassifyRow(std::int32_t row, int mode) {
     const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
-    return column ? ClassOfRow(RuleOfClassTable(ActiveRecord().ClassTable, *column), row) : 0;
+    return column
+               ? ClassOfRow(ActivePlot(), RuleOfClassTable(ActiveRecord().ClassTable, *column), row)
+               : 0;
 }
 
-std::vector<std::int32_t> RowsOfClasses(int mode) {
+std::vector<std::int32_t> RowsOfClasses(const Plot& plot, int mode) {
     const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
     if (!column) {
         return {};
     }
-    const PlotRecord& record = ActiveRecord();
-    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    const ClassRule rule = RuleOfClassTable(plot.record.ClassTable, *column);
     std::vector<std::int32_t> rows(static_cast<std::size_t>(LastClass(rule)) + 1);
-    for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (DipOfRow(gActivePlot, row) != kErrorRow) {
-            ++rows[static_cast<std::size_t>(ClassOfRow(rule, row))];
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        if (DipOfRow(plot, row) != kErrorRow) {
+            ++rows[static_cast<std::size_t>(ClassOfRow(plot, rule, row))];
         }
     }
     return rows;
 }
 
-SymbolCode CodeOfClass(int classNumber) {
+SymbolCode CodeOfClass(const Styles& styles, int classNumber) {
     const int place = classNumber - 1;
-    const SymbolCode code = CodeOfStyleRow(kFirstClassStyle + place % kClassStyles);
+    const SymbolCode code = CodeOfStyleRow(styles, kFirstClassStyle + place % kClassStyles);
     const int rounds = place / kClassStyles;
     return MakeSymbolCode(CodeColour(code), LaterShape(CodeSymbol(code), rounds), CodeSize(code));
 }
 
-void ApplyClassification(std::int16_t mode) {
-    PlotRecord& record = ActiveRecord();
+void ApplyClassification(Plot& plot, const Styles& styles, std::int16_t mode) {
+    PlotRecord& record = plot.record;
     record.NumClassified = 0;
     const std::optional<ClassColumn> column = ColumnOfClassMode(mode);
     if (!column) {
-        RestoreSymbols(record);
+        RestoreSymbols(plot);
         return;
     }
     const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
     std::vector<SymbolCode> codes = {0};
     for (int classNumber = 1; classNumber <= LastClass(rule); ++classNumber) {
-        codes.push_back(CodeOfClass(classNumber));
+        codes.push_back(CodeOfClass(styles, classNumber));
     }
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        const auto classNumber = static_cast<std::size_t>(ClassOfRow(rule, row));
-        gDataSymbol.At(gActivePlot, row) = codes[classNumber];
+        const auto classNumber = static_cast<std::size_t>(ClassOfRow(plot, rule, row));
+        plot.rows.symbol.At(row) = codes[classNumber];
         record.NumClassified += classNumber > 0 ? 1 : 0;
     }
 }
 
-void RefreshClassification() {
-    if (ActiveRecord().ClassMode > kNotClassified) {
-        ApplyClassification(ActiveRecord().ClassMode);
+void ApplyClassification(std::int16_t mode) {
+    ApplyClassification(ActivePlot(), gSettings.styles, mode);
+}
+
+void RefreshClassification(Plot& plot, const Styles& styles) {
+    if (plot.record.ClassMode > kNotClassified) {
+        ApplyClassification(plot, styles, plot.record.ClassMode);
     }
 }
 
@@ -181,7 +182,7 @@ bool DecimalWarningNeeded(ClassColumn column) {
         return false;
     }
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (DipOfRow(gActivePlot, row) != kErrorRow && !NumberOfRow(column, row)) {
+        if (DipOfRow(gActivePlot, row) != kErrorRow && !NumberOfRow(ActivePlot(), column, row)) {
             return true;
         }
     }

@@ -12,7 +12,7 @@
 #pragma once
 
 #include "classify/class_rule.h"
-#include "core/style_tables.h"
+#include "core/plot.h"
 
 #include <cstdint>
 #include <optional>
@@ -32,34 +32,42 @@ enum ClassModeCode : std::int16_t {
 /// The column of the class table that a mode uses; nothing for kNotClassified and unknown modes.
 [[nodiscard]] std::optional<ClassColumn> ColumnOfClassMode(int mode);
 
-/// Class of a row of gActivePlot; 0 for an error row and one without a class. An invalid value is
-/// in class 1 if that is kept.
-[[nodiscard]] int ClassOfRow(const ClassRule& rule, std::int32_t row);
+/// Class of a row; 0 for an error row and one without a class. An invalid value is in class 1 if
+/// that is kept.
+[[nodiscard]] int ClassOfRow(const Plot& plot, const ClassRule& rule, std::int32_t row);
 
-/// ClassOfRow by the class table of gActivePlot. For many rows, make the rule only once.
+/// ClassOfRow of gActivePlot by its class table. For many rows, make the rule only once.
 [[nodiscard]] int ClassifyRow(std::int32_t row, int mode);
 
 /// Number of main rows in each class: [c] for class c up to the last one, [0] for valid rows
 /// without a class. Empty for kNotClassified.
-[[nodiscard]] std::vector<std::int32_t> RowsOfClasses(int mode);
+[[nodiscard]] std::vector<std::int32_t> RowsOfClasses(const Plot& plot, int mode);
 
-/// Style of a class: its own row of gSymbolTable. Classes beyond the table start again at its first
-/// class, with the next shape.
+/// Style of a class: its own row of Styles::symbols. Classes beyond the table start again at its
+/// first class, with the next shape.
 ///
 /// @param classNumber  from 1
-[[nodiscard]] SymbolCode CodeOfClass(int classNumber);
+[[nodiscard]] SymbolCode CodeOfClass(const Styles& styles, int classNumber);
 
-inline constexpr int kFirstClassStyle = 39; ///< row of gSymbolTable of class 1
+/// The same in the styles in force.
+[[nodiscard]] inline SymbolCode CodeOfClass(int classNumber) {
+    return CodeOfClass(gSettings.styles, classNumber);
+}
+
+inline constexpr int kFirstClassStyle = 39; ///< row of Styles::symbols of class 1
 inline constexpr int kClassStyles = kSymbolRowCount - kFirstClassStyle;
 
-/// Gives each main row of gActivePlot the style of its class, or none, and counts the classified
-/// rows in NumClassified. kNotClassified restores the styles that the rows were loaded with.
+/// Gives each main row of a plot the style of its class, or none, and counts the classified rows in
+/// NumClassified. kNotClassified restores the styles that the rows were loaded with.
 ///
 /// @param mode  a ClassModeCode; an unknown one counts as kNotClassified
+void ApplyClassification(Plot& plot, const Styles& styles, std::int16_t mode);
+
+/// The same of gActivePlot in the styles in force.
 void ApplyClassification(std::int16_t mode);
 
-/// Classes of changed rows of a classified gActivePlot; other plots are unchanged.
-void RefreshClassification();
+/// Classes of changed rows of a classified plot; other plots are unchanged.
+void RefreshClassification(Plot& plot, const Styles& styles);
 
 /// How limits are shown: as short as possible, or as those of standard deviations.
 enum class LimitForm { Plain, Deviations };

@@ -17,25 +17,20 @@ namespace quandrel {
 
 namespace {
 
-/// Calls a function with each valid main row until it returns false.
+/// Calls a function with each valid main row of a plot until it returns false.
 template <class Visit>
-void VisitRows(Visit visit) {
-    const std::int32_t last = ActiveRecord().NumData;
-    for (std::int32_t row = 1; row <= last; ++row) {
-        if (DipOfRow(gActivePlot, row) != kErrorRow && !visit(row)) {
+void VisitRows(const Plot& plot, Visit visit) {
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        if (DipOfRow(plot, row) != kErrorRow && !visit(row)) {
             return;
         }
     }
 }
 
-std::optional<double> NumberOfRow(ClassColumn column, std::int32_t row) {
-    return column == kNumberClasses ? AppendedNumberOfRow(row) : AppendedTextNumberOfRow(row);
-}
-
 ColumnStatistics StatisticsOfNames() {
     ColumnStatistics result;
     std::unordered_set<std::string> known;
-    VisitRows([&](std::int32_t row) {
+    VisitRows(ActivePlot(), [&](std::int32_t row) {
         const std::string_view text = gAppText(gActivePlot, row);
         if (!text.empty()) {
             ++result.valid;
@@ -53,31 +48,36 @@ void StoreRange(std::array<double, 2>& row, const std::optional<ValueRange>& ran
 
 } // namespace
 
-std::optional<double> AppendedNumberOfRow(std::int32_t row) {
-    if (ActiveRecord().HasAppendedNumeric == 0 || row >= gAppNumeric.RowCount(gActivePlot)) {
+std::optional<double> AppendedNumberOfRow(const Plot& plot, std::int32_t row) {
+    if (plot.record.HasAppendedNumeric == 0 || row >= plot.rows.number.RowCount()) {
         return std::nullopt;
     }
-    const float number = gAppNumeric(gActivePlot, row);
+    const float number = plot.rows.number(row);
     return number == kInvalidNumber ? std::nullopt : std::optional(static_cast<double>(number));
 }
 
-std::optional<double> AppendedTextNumberOfRow(std::int32_t row) {
-    return ActiveRecord().HasAppendedText == 0 ? std::nullopt
-                                               : ParseAppendedNumber(gAppText(gActivePlot, row));
+std::optional<double> AppendedTextNumberOfRow(const Plot& plot, std::int32_t row) {
+    return plot.record.HasAppendedText == 0 ? std::nullopt
+                                            : ParseAppendedNumber(plot.rows.text(row));
+}
+
+std::optional<double> NumberOfRow(const Plot& plot, ClassColumn column, std::int32_t row) {
+    return column == kNumberClasses ? AppendedNumberOfRow(plot, row)
+                                    : AppendedTextNumberOfRow(plot, row);
 }
 
 ColumnStatistics StatisticsOfColumn(ClassColumn column) {
     if (column == kNameClasses) {
         return ActiveRecord().HasAppendedText != 0 ? StatisticsOfNames() : ColumnStatistics{};
     }
-    const std::vector<double> numbers = ValidNumbersOfColumn(column);
+    const std::vector<double> numbers = ValidNumbersOfColumn(ActivePlot(), column);
     return {StatisticsOfNumbers(numbers), numbers.size(), CountDistinctNumbers(numbers)};
 }
 
-std::vector<double> ValidNumbersOfColumn(ClassColumn column) {
+std::vector<double> ValidNumbersOfColumn(const Plot& plot, ClassColumn column) {
     std::vector<double> numbers;
-    VisitRows([&](std::int32_t row) {
-        if (const std::optional<double> number = NumberOfRow(column, row)) {
+    VisitRows(plot, [&](std::int32_t row) {
+        if (const std::optional<double> number = NumberOfRow(plot, column, row)) {
             numbers.push_back(*number);
         }
         return true;
@@ -90,7 +90,7 @@ std::vector<std::string> DistinctTexts(bool caseSensitive, std::size_t most) {
     if (ActiveRecord().HasAppendedText == 0) {
         return found;
     }
-    VisitRows([&](std::int32_t row) {
+    VisitRows(ActivePlot(), [&](std::int32_t row) {
         const std::string_view text = gAppText(gActivePlot, row);
         const bool isKnown = std::ranges::any_of(found, [&](const std::string& held) {
             return caseSensitive ? held == text : EqualWithoutCase(held, text);
@@ -129,8 +129,8 @@ std::optional<ValueRange> RangeOfGridValues(ClassGridValue which) {
 void UpdateClassStats() {
     PlotRecord& record = ActiveRecord();
     const ClassColumn column = record.HasAppendedNumeric != 0 ? kNumberClasses : kTextNumberClasses;
-    const NumberStatistics raw =
-        StatisticsOfNumbers(ValidNumbersOfColumn(column)).value_or(NumberStatistics{});
+    const NumberStatistics raw = StatisticsOfNumbers(ValidNumbersOfColumn(ActivePlot(), column))
+                                     .value_or(NumberStatistics{});
     record.ClassStats[kRawRange] = {raw.least, raw.greatest};
     record.ClassStats[kRawMean] = {raw.mean, raw.standardDeviation};
     StoreRange(record.ClassStats[kMeansRange], RangeOfGridValues(ClassGridValue::Mean));

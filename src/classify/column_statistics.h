@@ -7,6 +7,7 @@
 #include "classify/class_rule.h"
 #include "core/class_stats.h"
 #include "core/number_statistics.h"
+#include "core/plot.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,12 +17,15 @@
 
 namespace quandrel {
 
-/// Appended number of a row of gActivePlot; nothing when it is invalid or the plot has none.
-[[nodiscard]] std::optional<double> AppendedNumberOfRow(std::int32_t row);
+/// Appended number of a row; nothing when it is invalid or the plot has none.
+[[nodiscard]] std::optional<double> AppendedNumberOfRow(const Plot& plot, std::int32_t row);
 
-/// Appended text of a row of gActivePlot as a number; nothing when it is not a number by the
-/// regional delimiter.
-[[nodiscard]] std::optional<double> AppendedTextNumberOfRow(std::int32_t row);
+/// Appended text of a row as a number; nothing when it is not a number by the regional delimiter.
+[[nodiscard]] std::optional<double> AppendedTextNumberOfRow(const Plot& plot, std::int32_t row);
+
+/// The one of the two that belongs to a column of numbers.
+[[nodiscard]] std::optional<double> NumberOfRow(const Plot& plot, ClassColumn column,
+                                                std::int32_t row);
 
 /// What a column holds.
 struct ColumnStatistics {
@@ -30,13 +34,13 @@ struct ColumnStatistics {
     std::size_t distinct = 0;                ///< different values; names without regard to case
 };
 
-/// O(rows log rows).
+/// That of a column of gActivePlot. O(rows log rows).
 [[nodiscard]] ColumnStatistics StatisticsOfColumn(ClassColumn column);
 
 /// The valid numbers of a column of numbers, in row order.
-[[nodiscard]] std::vector<double> ValidNumbersOfColumn(ClassColumn column);
+[[nodiscard]] std::vector<double> ValidNumbersOfColumn(const Plot& plot, ClassColumn column);
 
-/// The different appended texts in row order, at most `most`.
+/// The different appended texts of gActivePlot in row order, at most `most`.
 [[nodiscard]] std::vector<std::string> DistinctTexts(bool caseSensitive,
                                                      std::size_t most = kMostNames);
 

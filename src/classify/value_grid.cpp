@@ -9,8 +9,8 @@
 #include "density/grid_geometry.h"
 #include "density/told_step.h"
 #include "orientation/projection.h"
-#include "stereo/draw_target.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <limits>
 
@@ -20,22 +20,22 @@ namespace {
 
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 
-/// The grid layer that the active plot shows; nullptr without grids of values.
-const GridValues::value_type* LayerShown() {
-    const PlotRecord& record = ActiveRecord();
-    const auto slot = static_cast<std::size_t>(gActivePlot);
-    if (record.ClassMode != kClassesByNumber || gGridCount[slot] == 0 || !gGridValues[slot]
+/// The grid layer that a plot shows; nullptr without grids of values.
+const GridValues::value_type* LayerShown(const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    if (record.ClassMode != kClassesByNumber || plot.gridCount == 0 || !plot.gridValues
         || record.GridSize < kSmallestGridSize || record.GridSize > kLargestGridSize) {
         return nullptr;
     }
     const GridLayer layer =
         GridValueShown(record) == ClassGridValue::Mean ? kMeanLayer : kCumulativeLayer;
-    return &(*gGridValues[slot])[layer];
+    return &(*plot.gridValues)[layer];
 }
 
 /// The values of the nodes; nodes without rows have the background value.
-std::vector<double> NodesOf(const GridValues::value_type& layer, int nodes) {
-    const double background = GridBackground(ActiveRecord()).value_or(kNoValue);
+std::vector<double> NodesOf(const PlotRecord& record, const GridValues::value_type& layer,
+                            int nodes) {
+    const double background = GridBackground(record).value_or(kNoValue);
     const auto side = static_cast<std::size_t>(nodes);
     std::vector<double> values;
     values.reserve(side * side);
@@ -74,51 +74,50 @@ std::vector<std::vector<Point>> NodesOfClasses(const GridValues::value_type& lay
     return places;
 }
 
-/// PlacesOf for the active plot; empty without grids of values.
-std::vector<std::vector<Point>> PlacesShown() {
-    const GridValues::value_type* const layer = LayerShown();
+/// PlacesOf for a plot; empty without grids of values.
+std::vector<std::vector<Point>> PlacesShown(const Plot& plot) {
+    const GridValues::value_type* const layer = LayerShown(plot);
     if (layer == nullptr) {
         return {};
     }
-    const PlotRecord& record = ActiveRecord();
-    return NodesOfClasses(*layer, RuleOfClassTable(record.ClassTable, kNumberClasses),
-                          record.GridSize);
+    return NodesOfClasses(*layer, RuleOfClassTable(plot.record.ClassTable, kNumberClasses),
+                          plot.record.GridSize);
 }
 
 } // namespace
 
-void DrawValueGrid() {
-    const auto places = PlacesShown();
+void DrawValueGrid(const Plot& plot, const Drawing& drawing) {
+    const auto places = PlacesShown(plot);
     for (std::size_t c = 1; c < places.size(); ++c) {
         if (!places[c].empty()) {
-            DrawSymbols(PlotSurface(), places[c], CodeOfClass(static_cast<int>(c)));
+            DrawSymbols(drawing.plot, drawing.styles, places[c],
+                        CodeOfClass(drawing.styles, static_cast<int>(c)));
         }
     }
 }
 
-std::vector<bool> ClassesOfValueNodes() {
-    const auto places = PlacesShown();
+std::vector<bool> ClassesOfValueNodes(const Plot& plot) {
     std::vector<bool> classes;
-    for (const std::vector<Point>& nodes : places) {
+    for (const std::vector<Point>& nodes : PlacesShown(plot)) {
         classes.push_back(!classes.empty() && !nodes.empty());
     }
     return classes;
 }
 
-std::vector<ValueContour> ValueContoursOfActivePlot() {
+std::vector<ValueContour> ValueContoursOf(const Plot& plot, StatusLine* watcher) {
     std::vector<ValueContour> contours;
-    const GridValues::value_type* const layer = LayerShown();
+    const GridValues::value_type* const layer = LayerShown(plot);
     if (layer == nullptr) {
         return contours;
     }
-    const PlotRecord& record = ActiveRecord();
+    const PlotRecord& record = plot.record;
     const ClassRule rule = RuleOfClassTable(record.ClassTable, kNumberClasses);
     const int nodes = GridNodes(record.GridSize);
     const int step = GridStep(record.GridSize);
-    const std::vector<double> values = NodesOf(*layer, nodes);
+    const std::vector<double> values = NodesOf(record, *layer, nodes);
     const NodeValues grid = {values, nodes, static_cast<double>(NodePosition(0, step)),
                              static_cast<double>(step)};
-    ToldStep told(" Please wait - calculating contours", LastClass(rule));
+    ToldStep told(" Please wait - calculating contours", LastClass(rule), watcher);
     for (int c = 2; c <= LastClass(rule); ++c) {
         told.Reach(c);
         const double limit = LowerLimitOf(rule, c);
@@ -127,22 +126,26 @@ std::vector<ValueContour> ValueContoursOfActivePlot() {
     return contours;
 }
 
-std::vector<bool> ClassesOfValueContours() {
+std::vector<bool> ClassesOfValueContours(const Plot& plot) {
     std::vector<bool> classes;
-    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+    for (const ValueContour& contour : ValueContoursOf(plot)) {
         classes.resize(static_cast<std::size_t>(contour.classNumber) + 1);
         classes.back() = !contour.segments.empty();
     }
     return classes;
 }
 
-void TraceContoursClassified() {
-    Surface& surface = PlotSurface();
-    const SavedState saved(surface);
-    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
-        const auto colour = static_cast<std::int16_t>(CodeColour(CodeOfClass(contour.classNumber)));
-        DrawContourLine(surface, contour.segments, {colour, kSolidLine, 1});
+void DrawValueContours(const Plot& plot, const Drawing& drawing) {
+    const SavedState saved(drawing.plot);
+    for (const ValueContour& contour : ValueContoursOf(plot, drawing.watcher)) {
+        const SymbolCode code = CodeOfClass(drawing.styles, contour.classNumber);
+        DrawContourLine(drawing, contour.segments,
+                        {static_cast<std::int16_t>(CodeColour(code)), kSolidLine, 1});
     }
+}
+
+void TraceContoursClassified() {
+    DrawValueContours(ActivePlot(), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -5,7 +5,9 @@
 
 #pragma once
 
+#include "core/plot.h"
 #include "density/contour_trace.h"
+#include "stereo/drawing.h"
 
 #include <vector>
 
@@ -13,11 +15,11 @@ namespace quandrel {
 
 /// Draws, at each node on the net whose value has a class, the symbol of that class. Does nothing
 /// without value grids.
-void DrawValueGrid();
+void DrawValueGrid(const Plot& plot, const Drawing& drawing);
 
 /// True for each class that DrawValueGrid draws a node of: [c] for class c up to the last one.
 /// Empty without value grids.
-[[nodiscard]] std::vector<bool> ClassesOfValueNodes();
+[[nodiscard]] std::vector<bool> ClassesOfValueNodes(const Plot& plot);
 
 /// The contour at the lower limit of a class.
 struct ValueContour {
@@ -26,14 +28,20 @@ struct ValueContour {
     std::vector<ContourSegment> segments;
 };
 
-/// Contours of the grid shown, at the lower limits of the classes of gActivePlot, within the
-/// primitive. Nodes without rows have the plot's background value; without one, contours end there.
-[[nodiscard]] std::vector<ValueContour> ValueContoursOfActivePlot();
+/// Contours of the grid shown, at the lower limits of the classes of a plot, within the primitive.
+/// Nodes without rows have the plot's background value; without one, contours end there.
+///
+/// @param watcher  the status line, or nullptr
+[[nodiscard]] std::vector<ValueContour> ValueContoursOf(const Plot& plot,
+                                                        StatusLine* watcher = nullptr);
 
 /// True for each class with a contour, as ClassesOfValueNodes. O(classes * nodes^2).
-[[nodiscard]] std::vector<bool> ClassesOfValueContours();
+[[nodiscard]] std::vector<bool> ClassesOfValueContours(const Plot& plot);
 
 /// Draws these contours in the colours of their classes.
+void DrawValueContours(const Plot& plot, const Drawing& drawing);
+
+/// Draws them for gActivePlot, in its window.
 void TraceContoursClassified();
 
 } // namespace quandrel

@@ -65,8 +65,15 @@ struct NewPlotSettings {
     Table<TaggedValue, kClassRows, 3> classes;
 };
 
+/// Sizes that the user can choose for density grids.
+inline constexpr int kCoarsestGrid = 10;
+inline constexpr int kFinestGrid = 150;
+inline constexpr int kGridStep = 10;
+
 struct Settings {
     Styles styles;
+    int gridSize = 50; ///< cells across the density grid of new plots and of the plot in focus,
+                       ///< kCoarsestGrid to kFinestGrid; not saved
     FormatSettings format{.delimiter = "\t",
                           .planeSeparator = "/",
                           .lineSeparator = "-",

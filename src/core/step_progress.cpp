@@ -2,8 +2,6 @@
 
 #include "core/step_progress.h"
 
-#include "platform/platform.h"
-
 namespace quandrel {
 
 namespace {
@@ -15,11 +13,14 @@ constexpr std::chrono::milliseconds kBetweenShowings{40};
 
 StepProgress::~StepProgress() {
     if (shown_) {
-        gPlatform.status->SetProgress(0, 0);
+        watcher_->SetProgress(0, 0);
     }
 }
 
 bool StepProgress::Reach(std::int64_t done) {
+    if (watcher_ == nullptr) {
+        return false;
+    }
     const Clock::time_point now = Clock::now();
     if (now - start_ < patience_) {
         return false;
@@ -27,7 +28,7 @@ bool StepProgress::Reach(std::int64_t done) {
     if (!shown_ || now - lastShown_ >= kBetweenShowings) {
         shown_ = true;
         lastShown_ = now;
-        gPlatform.status->SetProgress(done, maximum_);
+        watcher_->SetProgress(done, maximum_);
     }
     return true;
 }

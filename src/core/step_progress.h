@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "platform/status_line.h"
+
 #include <chrono>
 #include <cstdint>
 
@@ -17,9 +19,11 @@ class StepProgress {
 public:
     /// @param maximum  value of the whole step, above 0
     /// @param patience  how long the bar stays away
-    StepProgress(std::int64_t maximum, std::chrono::milliseconds patience)
+    /// @param watcher   has the bar; without one nothing is shown
+    StepProgress(std::int64_t maximum, std::chrono::milliseconds patience, StatusLine* watcher)
         : maximum_(maximum)
-        , patience_(patience) {}
+        , patience_(patience)
+        , watcher_(watcher) {}
 
     ~StepProgress();
 
@@ -34,6 +38,7 @@ private:
 
     std::int64_t maximum_;
     std::chrono::milliseconds patience_;
+    StatusLine* watcher_;
     Clock::time_point start_ = Clock::now();
     Clock::time_point lastShown_;
     bool shown_ = false;

@@ -2,8 +2,6 @@
 
 #include "density/class_grid.h"
 
-#include "core/grid_slider.h"
-#include "core/plot_store.h"
 #include "density/cone_counts.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
@@ -42,18 +40,18 @@ struct ValueTotal {
     }
 };
 
-/// The valid appended numbers of the main rows of gActivePlot.
-LineValues ValuesOfActivePlot() {
+/// The valid appended numbers of the main rows of a plot.
+LineValues ValuesOfRows(const Plot& plot) {
     LineValues values;
-    const RowTable& table = TableOf(gActivePlot);
-    const std::int32_t last = ActiveRecord().NumData;
+    const RowTable& table = plot.table;
+    const std::int32_t last = plot.record.NumData;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index > last || IsErrorRow(table.plunge[place])
-            || index >= gAppNumeric.RowCount(gActivePlot)) {
+            || index >= plot.rows.number.RowCount()) {
             continue;
         }
-        if (const float value = gAppNumeric(gActivePlot, index); value != kInvalidNumber) {
+        if (const float value = plot.rows.number(index); value != kInvalidNumber) {
             const int key = LineKey(table.plunge[place], table.trend[place]);
             values.Add(key / kRingTrends - 90, key % kRingTrends, static_cast<double>(value));
         }
@@ -61,18 +59,17 @@ LineValues ValuesOfActivePlot() {
     return values;
 }
 
-/// Calls with the column, the row and the values of each node of the grid of gActivePlot that has
-/// any.
+/// Calls with the column, the row and the values of each node of a grid over a plot that has any.
 template <class Visit>
-void VisitNodes(int gridSize, Visit visit) {
-    const LineValues values = ValuesOfActivePlot();
+void VisitNodes(const Plot& plot, int gridSize, Visit visit) {
+    const LineValues values = ValuesOfRows(plot);
     const int step = GridStep(gridSize);
     const int nodes = GridNodes(gridSize);
     for (int column = 0; column < nodes; ++column) {
         for (int row = 0; row < nodes; ++row) {
             double plunge = 0;
             double trend = 0;
-            UnprojectPoint(ActiveRecord().PlotKind, NodePosition(column, step),
+            UnprojectPoint(plot.record.PlotKind, NodePosition(column, step),
                            NodePosition(row, step), plunge, trend);
             const ValueSum here = ValuesWithin(values, plunge, trend, kGridCountCone);
             if (here.values > 0) {
@@ -82,17 +79,17 @@ void VisitNodes(int gridSize, Visit visit) {
     }
 }
 
-/// Both layers of a slot with no node set.
-GridValues& UnsetGrid(std::size_t slot) {
-    if (gGridValues[slot] == nullptr) {
-        gGridValues[slot] = std::make_unique<GridValues>();
+/// Both layers of a plot with no node set.
+GridValues& UnsetGrid(Plot& plot) {
+    if (plot.gridValues == nullptr) {
+        plot.gridValues = std::make_unique<GridValues>();
     }
-    for (auto& layer : *gGridValues[slot]) {
+    for (auto& layer : *plot.gridValues) {
         for (auto& column : layer) {
             column.fill(kUnsetValue);
         }
     }
-    return *gGridValues[slot];
+    return *plot.gridValues;
 }
 
 } // namespace
@@ -113,32 +110,31 @@ ValueSum ValuesWithin(const LineValues& values, double plunge, double trend, dou
     return total.total;
 }
 
-std::vector<double> NodeValuesOfActivePlot(GridLayer layer) {
-    const int gridSize = std::clamp(gGridDensitySlider, kSmallestGridSize, kLargestGridSize);
+std::vector<double> NodeValuesOf(const Plot& plot, GridLayer layer, int gridSize) {
     std::vector<double> nodes;
-    if (ActiveRecord().HasAppendedNumeric != 0) {
-        VisitNodes(gridSize, [&](int /*column*/, int /*row*/, const ValueSum& here) {
-            nodes.push_back(layer == kMeanLayer ? here.sum / here.values : here.sum);
-        });
+    if (plot.record.HasAppendedNumeric != 0) {
+        VisitNodes(plot, std::clamp(gridSize, kSmallestGridSize, kLargestGridSize),
+                   [&](int /*column*/, int /*row*/, const ValueSum& here) {
+                       nodes.push_back(layer == kMeanLayer ? here.sum / here.values : here.sum);
+                   });
     }
     return nodes;
 }
 
-void ComputeGridValues() {
-    const PlotRecord& record = ActiveRecord();
-    const auto slot = static_cast<std::size_t>(gActivePlot);
+void ComputeGridValues(Plot& plot) {
+    const PlotRecord& record = plot.record;
     if (record.ClassMode != kByNumbers || record.HasAppendedNumeric == 0) {
-        gGridCount[slot] = 0;
+        plot.gridCount = 0;
         return;
     }
-    GridValues& grid = UnsetGrid(slot);
-    VisitNodes(record.GridSize, [&grid](int column, int row, const ValueSum& here) {
+    GridValues& grid = UnsetGrid(plot);
+    VisitNodes(plot, record.GridSize, [&grid](int column, int row, const ValueSum& here) {
         const auto i = static_cast<std::size_t>(column);
         const auto j = static_cast<std::size_t>(row);
         grid[kCumulativeLayer][i][j] = here.sum;
         grid[kMeanLayer][i][j] = here.sum / here.values;
     });
-    gGridCount[slot] = kTrue;
+    plot.gridCount = kTrue;
 }
 
 } // namespace quandrel

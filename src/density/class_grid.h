@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/plot_store.h"
+#include "core/plot.h"
 #include "density/cone_scan.h"
 
 #include <array>
@@ -42,14 +42,16 @@ private:
 [[nodiscard]] ValueSum ValuesWithin(const LineValues& values, double plunge, double trend,
                                     double cone);
 
-/// The values that the nodes of the density grid of gActivePlot have in a layer, nodes without rows
-/// left out: what ComputeGridValues would make of the plot at its next drawing, whatever it is
-/// classified by. O(nodes^2).
-[[nodiscard]] std::vector<double> NodeValuesOfActivePlot(GridLayer layer);
+/// The values that the nodes of a grid over a plot have in a layer, nodes without rows left out:
+/// what ComputeGridValues would make of the plot with such a grid, whatever it is classified by.
+/// O(nodes^2).
+///
+/// @param gridSize  brought into kSmallestGridSize to kLargestGridSize
+[[nodiscard]] std::vector<double> NodeValuesOf(const Plot& plot, GridLayer layer, int gridSize);
 
-/// Fills gGridValues of a gActivePlot that is classified by its appended numbers, on the nodes of
-/// its density grid: kUnsetValue where no row with a number lies within the cone. Rows with an
-/// invalid number do not count. For any other plot gGridCount becomes 0.
-void ComputeGridValues();
+/// Fills gridValues of a plot that is classified by its appended numbers, on the nodes of its
+/// density grid: kUnsetValue where no row with a number lies within the cone. Rows with an invalid
+/// number do not count. For any other plot gridCount becomes 0.
+void ComputeGridValues(Plot& plot);
 
 } // namespace quandrel

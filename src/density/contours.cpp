@@ -3,15 +3,15 @@
 #include "density/contours.h"
 
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
+#include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
 #include "density/told_step.h"
 #include "stereo/distinct_lines.h"
-#include "stereo/draw_target.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 
@@ -35,45 +35,40 @@ std::vector<double> CountsOfGrid(const PlotRecord& record, int nodes) {
     return counts;
 }
 
-void DrawIsolatedRows(Surface& surface) {
-    const RowTable& table = TableOf(gActivePlot);
+void DrawIsolatedRows(const Plot& plot, const Drawing& drawing) {
+    const RowTable& table = plot.table;
     std::vector<Point> places;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t row = table.index[place];
-        if (row <= ActiveRecord().NumData && !IsErrorRow(table.plunge[place])
-            && gPointDensity(gActivePlot, row) == kIsolatedBand
-            && CodeSymbol(gDataSymbol(gActivePlot, row)) != kNoSymbol) {
+        if (row <= plot.record.NumData && !IsErrorRow(table.plunge[place])
+            && plot.rows.pointDensity(row) == kIsolatedBand
+            && CodeSymbol(plot.rows.symbol(row)) != kNoSymbol) {
             places.push_back(
                 {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
         }
     }
     if (!places.empty()) {
-        DrawSymbols(surface, places, CodeOfStyleRow(kFirstBandSymbol));
+        DrawSymbols(drawing.plot, drawing.styles, places,
+                    CodeOfStyleRow(drawing.styles, kFirstBandSymbol));
     }
-}
-
-void FindLevels(PlotRecord& record) {
-    const ContourLevelSet set =
-        ContourLevelsOf(RowsOf(DistinctLinesOfActivePlot()), record.GridDensityMax);
-    record.ContourLevels = set.levels;
-    record.NumContours = set.count;
 }
 
 } // namespace
 
-void DrawContourLine(Surface& surface, const std::vector<ContourSegment>& segments,
+void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& segments,
                      const AxisStyle& style) {
+    Surface& surface = drawing.plot;
     DrawState state = surface.State();
     state.drawStyle = style[1];
     state.drawWidth = style[2];
     surface.SetState(state);
     for (const std::vector<Point>& line : ChainSegments(segments)) {
-        surface.Polyline(line, TableColour(style[0]));
+        surface.Polyline(line, TableColour(drawing.styles, style[0]));
     }
 }
 
-AxisStyle ContourStyleOf(int level) {
-    return gSettings.styles.contours[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
+AxisStyle ContourStyleOf(const Styles& styles, int level) {
+    return styles.contours[static_cast<std::size_t>(std::min(level, kContourStyles - 1))];
 }
 
 std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double level,
@@ -82,12 +77,11 @@ std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double lev
                          kLeastCells * counts.step * counts.step);
 }
 
-std::vector<LevelContour> ContoursOfActivePlot() {
-    const PlotRecord& record = ActiveRecord();
-    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
+std::vector<LevelContour> ContoursOf(const Plot& plot, StatusLine* watcher) {
+    const PlotRecord& record = plot.record;
+    const std::int32_t rows = CountOfMainRows(plot);
     std::vector<LevelContour> contours;
-    if (rows < 1 || !record.DensityGrid || record.GridSize < kSmallestGridSize
-        || record.GridSize > kLargestGridSize) {
+    if (rows < 1 || !HasDensityGrid(record)) {
         return contours;
     }
     const int nodes = GridNodes(record.GridSize);
@@ -95,7 +89,7 @@ std::vector<LevelContour> ContoursOfActivePlot() {
     const std::vector<double> counts = CountsOfGrid(record, nodes);
     const NodeValues grid = {counts, nodes, static_cast<double>(NodePosition(0, step)),
                              static_cast<double>(step)};
-    ToldStep told(" Please wait - calculating contours", record.NumContours);
+    ToldStep told(" Please wait - calculating contours", record.NumContours, watcher);
     for (std::int16_t k = 0; k < record.NumContours; ++k) {
         told.Reach(k);
         const std::int16_t level = record.ContourLevels.at(static_cast<std::size_t>(k));
@@ -104,19 +98,28 @@ std::vector<LevelContour> ContoursOfActivePlot() {
     return contours;
 }
 
-void TraceContours() {
-    FindLevels(ActiveRecord());
-    Surface& surface = PlotSurface();
+void FindContourLevels(Plot& plot) {
+    const ContourLevelSet set = ContourLevelsOf(CountOfMainRows(plot), plot.record.GridDensityMax);
+    plot.record.ContourLevels = set.levels;
+    plot.record.NumContours = set.count;
+}
+
+void DrawContours(const Plot& plot, const Drawing& drawing) {
     {
-        const SavedState saved(surface);
+        const SavedState saved(drawing.plot);
         int level = 0;
-        for (const LevelContour& contour : ContoursOfActivePlot()) {
-            DrawContourLine(surface, contour.segments, ContourStyleOf(level++));
+        for (const LevelContour& contour : ContoursOf(plot, drawing.watcher)) {
+            DrawContourLine(drawing, contour.segments, ContourStyleOf(drawing.styles, level++));
         }
     }
-    if (gShowIsolatedPts != 0) {
-        DrawIsolatedRows(surface);
+    if (drawing.styles.showIsolatedPts != 0) {
+        DrawIsolatedRows(plot, drawing);
     }
+}
+
+void TraceContours() {
+    FindContourLevels(ActivePlot());
+    DrawContours(ActivePlot(), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -2,8 +2,6 @@
 
 #include "density/density_legend.h"
 
-#include "core/plot_store.h"
-#include "core/settings.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/contours.h"
@@ -30,7 +28,7 @@ struct Band {
 
 constexpr int kLastBand = kLastBandSymbol - kFirstBandSymbol + 1;
 
-/// Which densities the active plot shows.
+/// Which densities a plot shows.
 struct DensitiesShown {
     bool points = false;
     bool gridSymbols = false;
@@ -80,8 +78,8 @@ std::vector<Band> GridBands(std::int32_t n, double most) {
     return bands;
 }
 
-SymbolCode CodeOfBand(int number) {
-    return CodeOfStyleRow(kFirstBandSymbol + number - 1);
+SymbolCode CodeOfBand(const Styles& styles, int number) {
+    return CodeOfStyleRow(styles, kFirstBandSymbol + number - 1);
 }
 
 /// Per cents of a column whose least one above 0 is told: with two decimals, or as many as give the
@@ -103,20 +101,22 @@ private:
     std::string format_;
 };
 
-void AddBands(std::vector<LegendLine>& lines, const std::vector<Band>& bands) {
+void AddBands(std::vector<LegendLine>& lines, const Styles& styles,
+              const std::vector<Band>& bands) {
     if (bands.empty()) {
         return;
     }
     const PerCentText text(bands.front().bound);
     for (const Band& band : bands) {
-        lines.push_back({LegendSample::Symbol, CodeOfBand(band.number), " > " + text(band.bound)});
+        lines.push_back(
+            {LegendSample::Symbol, CodeOfBand(styles, band.number), " > " + text(band.bound)});
     }
 }
 
-void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record) {
+void AddContours(std::vector<LegendLine>& lines, const Styles& styles, const PlotRecord& record) {
     const PerCentText text(record.ContourLevels.front());
     for (int k = 0; k < record.NumContours; ++k) {
-        const AxisStyle style = ContourStyleOf(k);
+        const AxisStyle style = ContourStyleOf(styles, k);
         const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
         lines.push_back({LegendSample::Line, MakeSymbolCode(style[0], style[1], style[2]),
                          " > " + text(level)});
@@ -124,34 +124,35 @@ void AddContours(std::vector<LegendLine>& lines, const PlotRecord& record) {
 }
 
 /// What one point counts, with the symbol of one point where there are such.
-LegendLine OnePointLine(const DensitiesShown& shown, std::int32_t n) {
+LegendLine OnePointLine(const Styles& styles, const DensitiesShown& shown, std::int32_t n) {
     const double unit = DensityOfOneRow(n);
     const bool hasSymbol = shown.points || (shown.gridSymbols && unit < GridBandBase(n))
-                           || (shown.contours && gShowIsolatedPts != 0);
+                           || (shown.contours && styles.showIsolatedPts != 0);
     return {hasSymbol ? LegendSample::Symbol : LegendSample::Indent,
-            hasSymbol ? CodeOfBand(kIsolatedBand) : 0, " 1 pt. (" + PerCentText(unit)(unit) + ")"};
+            hasSymbol ? CodeOfBand(styles, kIsolatedBand) : 0,
+            " 1 pt. (" + PerCentText(unit)(unit) + ")"};
 }
 
 } // namespace
 
-std::vector<LegendLine> BandLegendLines() {
-    const PlotRecord& record = ActiveRecord();
+std::vector<LegendLine> BandLegendLines(const Plot& plot, const Styles& styles) {
+    const PlotRecord& record = plot.record;
     const DensitiesShown shown = ShownBy(record);
-    const std::int32_t n = shown.Any() ? RowsOf(DistinctLinesOfActivePlot()) : 0;
+    const std::int32_t n = shown.Any() ? CountOfMainRows(plot) : 0;
     std::vector<LegendLine> lines;
     if (n < 1) {
         return lines;
     }
     const double most = shown.points ? record.PointDensityMax : record.GridDensityMax;
-    lines.push_back(OnePointLine(shown, n));
+    lines.push_back(OnePointLine(styles, shown, n));
     if (shown.points) {
-        AddBands(lines, PointBands(n, most));
+        AddBands(lines, styles, PointBands(n, most));
     }
     if (shown.gridSymbols) {
-        AddBands(lines, GridBands(n, most));
+        AddBands(lines, styles, GridBands(n, most));
     }
     if (shown.contours) {
-        AddContours(lines, record);
+        AddContours(lines, styles, record);
     }
     lines.push_back({LegendSample::Indent, 0, "(Max. =" + PerCentText(most)(most) + ")"});
     return lines;

@@ -2,15 +2,15 @@
 
 #include "density/grid_density.h"
 
-#include "core/grid_slider.h"
 #include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/class_grid.h"
 #include "density/grid_geometry.h"
 #include "density/told_step.h"
 #include "orientation/projection.h"
 #include "stereo/distinct_lines.h"
-#include "stereo/draw_target.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,13 +39,13 @@ DensityTable& EmptyGrid(PlotRecord& record) {
 }
 
 /// Fills the table and gives the greatest count.
-std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows) {
+std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows, StatusLine* watcher) {
     const int gridSize = record.GridSize;
     const int nodes = GridNodes(gridSize);
     DensityTable& grid = EmptyGrid(record);
     std::vector<std::int32_t> counts(static_cast<std::size_t>(nodes));
     std::int32_t greatest = 0;
-    ToldStep step(kCountingText, (gridSize + 2) * (gridSize + 2) + 1);
+    ToldStep step(kCountingText, (gridSize + 2) * (gridSize + 2) + 1, watcher);
     for (int column = 0; column < nodes; ++column) {
         step.Reach(std::int64_t{column} * nodes);
         CountGridColumn(rows, record.PlotKind, gridSize, column, counts);
@@ -80,8 +80,8 @@ std::vector<DrawnNode> NodesToDraw(const PlotRecord& record, std::int32_t rows) 
     return drawn;
 }
 
-SymbolCode CodeOfBand(int band) {
-    return CodeOfStyleRow(std::min(kFirstBandSymbol + band - 1, kLastBandSymbol));
+SymbolCode CodeOfBand(const Styles& styles, int band) {
+    return CodeOfStyleRow(styles, std::min(kFirstBandSymbol + band - 1, kLastBandSymbol));
 }
 
 } // namespace
@@ -98,6 +98,11 @@ void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int 
     }
 }
 
+bool HasDensityGrid(const PlotRecord& record) {
+    return record.DensityGrid != nullptr && record.GridSize >= kSmallestGridSize
+           && record.GridSize <= kLargestGridSize;
+}
+
 int GridBandBase(std::int32_t rows) {
     const double unit = 100.0 / rows;
     // Kept: the base is rounded up, unlike the base of the bands of points.
@@ -110,42 +115,50 @@ int GridBand(std::int32_t count, std::int32_t rows) {
     return density < base ? 1 : std::ilogb(density / base) + 2;
 }
 
-void ComputeGridDensity() {
-    PlotRecord& record = ActiveRecord();
-    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+void ComputeGridDensity(Plot& plot, int gridSize, StatusLine* watcher) {
+    PlotRecord& record = plot.record;
+    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
     const std::int32_t rows = RowsOf(lines);
-    record.GridSize = static_cast<std::int16_t>(
-        std::clamp(gGridDensitySlider, kSmallestGridSize, kLargestGridSize));
-    const std::int32_t greatest = CountGrid(record, LineHistogram(lines));
+    record.GridSize =
+        static_cast<std::int16_t>(std::clamp(gridSize, kSmallestGridSize, kLargestGridSize));
+    const std::int32_t greatest = CountGrid(record, LineHistogram(lines), watcher);
     record.GridDensityMax = rows > 0 ? static_cast<float>(100.0 * greatest / rows) : 0;
     record.DensityCount = record.NumValidData;
     record.DensityGridFromFile = false;
-    ComputeGridValues();
+    ComputeGridValues(plot);
 }
 
-void DrawGridSymbols() {
-    const PlotRecord& record = ActiveRecord();
-    const std::int32_t rows = RowsOf(DistinctLinesOfActivePlot());
-    if (record.DensityGrid == nullptr || rows == 0 || record.GridSize < kSmallestGridSize
-        || record.GridSize > kLargestGridSize) {
+void ComputeGridDensity() {
+    ComputeGridDensity(ActivePlot(), gSettings.gridSize, WatcherInForce());
+}
+
+void DrawGridSymbols(const Plot& plot, const Drawing& drawing) {
+    const PlotRecord& record = plot.record;
+    const std::int32_t rows = CountOfMainRows(plot);
+    if (!HasDensityGrid(record) || rows == 0) {
         return;
     }
     const std::vector<DrawnNode> nodes = NodesToDraw(record, rows);
-    ToldStep step(kDrawingText, static_cast<std::int64_t>(nodes.size()));
+    ToldStep step(kDrawingText, static_cast<std::int64_t>(nodes.size()), drawing.watcher);
     // Nodes behind one another with one band go to the surface together.
     std::vector<Point> places;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         places.push_back(nodes[i].at);
         if (i + 1 == nodes.size() || nodes[i + 1].band != nodes[i].band) {
             step.Reach(static_cast<std::int64_t>(i));
-            DrawSymbols(PlotSurface(), places, CodeOfBand(nodes[i].band));
+            DrawSymbols(drawing.plot, drawing.styles, places,
+                        CodeOfBand(drawing.styles, nodes[i].band));
             places.clear();
         }
     }
 }
 
-ConeDensity DensityAt(double plunge, double trend) {
-    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+void DrawGridSymbols() {
+    DrawGridSymbols(ActivePlot(), WindowDrawing(gActivePlot));
+}
+
+ConeDensity DensityAt(Plot& plot, double plunge, double trend) {
+    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
     const std::int32_t rows = RowsOf(lines);
     if (rows == 0) {
         return {};

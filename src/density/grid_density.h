@@ -9,7 +9,9 @@
 
 #pragma once
 
+#include "core/plot.h"
 #include "density/cone_counts.h"
+#include "stereo/drawing.h"
 
 #include <cstdint>
 #include <span>
@@ -37,12 +39,24 @@ void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int 
 /// @param rows   rows of the plot, above 0
 [[nodiscard]] int GridBand(std::int32_t count, std::int32_t rows);
 
-/// Counts the grid of gActivePlot: GridSize as the slider has it, DensityGrid, GridDensityMax and
-/// DensityCount; also the class grid of a plot that is classified by its appended numbers.
+/// True for a plot whose grid was counted.
+[[nodiscard]] bool HasDensityGrid(const PlotRecord& record);
+
+/// Counts the grid of a plot: GridSize, DensityGrid, GridDensityMax and DensityCount; also the
+/// class grid of a plot that is classified by its appended numbers.
+///
+/// @param gridSize  brought into kSmallestGridSize to kLargestGridSize
+/// @param watcher   the status line, or nothing
+void ComputeGridDensity(Plot& plot, int gridSize, StatusLine* watcher);
+
+/// Counts the grid of gActivePlot, of the size that the user has chosen.
 void ComputeGridDensity();
 
 /// Draws the symbol of its band at each node on the net that has rows within its cone. A plot
 /// without a grid draws nothing.
+void DrawGridSymbols(const Plot& plot, const Drawing& drawing);
+
+/// The same of gActivePlot, in its window.
 void DrawGridSymbols();
 
 /// Rows about a line.
@@ -51,9 +65,9 @@ struct ConeDensity {
     double perCent = 0; ///< of all rows
 };
 
-/// Density of gActivePlot about any line: what a node of the grid there would hold.
+/// Density of a plot about any line: what a node of the grid there would hold.
 ///
 /// @param plunge, trend  radians; the sign of the plunge is ignored
-[[nodiscard]] ConeDensity DensityAt(double plunge, double trend);
+[[nodiscard]] ConeDensity DensityAt(Plot& plot, double plunge, double trend);
 
 } // namespace quandrel

@@ -6,9 +6,11 @@
 #include "density/cone_counts.h"
 #include "density/told_step.h"
 #include "stereo/distinct_lines.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 namespace quandrel {
@@ -35,17 +37,17 @@ std::vector<std::int32_t> BandsByLine(std::span<const DistinctLine> lines,
     return bands;
 }
 
-/// Writes the bands of the main rows of gActivePlot.
-void StoreBands(const std::vector<std::int32_t>& bandsByLine) {
+/// Writes the bands of the main rows of a plot.
+void StoreBands(Plot& plot, const std::vector<std::int32_t>& bandsByLine, StatusLine* watcher) {
     constexpr std::size_t kRowsAtOnce = 0x10000;
-    const RowTable& table = TableOf(gActivePlot);
+    const RowTable& table = plot.table;
+    const std::span<std::int32_t> bands = plot.rows.pointDensity.Rows();
     const std::int32_t last =
-        std::min(ActiveRecord().NumData, gPointDensity.RowCount(gActivePlot) - 1);
+        std::min(plot.record.NumData, static_cast<std::int32_t>(bands.size()) - 1);
     if (last < 1) {
         return;
     }
-    std::int32_t* const bands = &gPointDensity.At(gActivePlot, 0);
-    ToldStep step(kStepText, static_cast<std::int64_t>(table.size()));
+    ToldStep step(kStepText, static_cast<std::int64_t>(table.size()), watcher);
     for (std::size_t place = 0; place < table.size(); ++place) {
         if (place % kRowsAtOnce == 0) {
             step.Reach(static_cast<std::int64_t>(place));
@@ -55,7 +57,7 @@ void StoreBands(const std::vector<std::int32_t>& bandsByLine) {
             continue;
         }
         const double plunge = table.plunge[place];
-        bands[index] =
+        bands[static_cast<std::size_t>(index)] =
             IsErrorRow(plunge)
                 ? 0
                 : bandsByLine[static_cast<std::size_t>(LineKey(plunge, table.trend[place]))];
@@ -81,13 +83,17 @@ int PointDensityBand(std::int32_t count, std::int32_t rows) {
     return std::ilogb(static_cast<double>(density) / base) + kFirstDoublingBand;
 }
 
-void ComputePointDensities() {
-    const std::vector<DistinctLine>& lines = DistinctLinesOfActivePlot();
+void ComputePointDensities(Plot& plot, StatusLine* watcher) {
+    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
     const std::vector<std::int32_t> counts = CountsOfLines(lines);
     const std::int32_t rows = RowsOf(lines);
     const auto greatest = std::max_element(counts.begin(), counts.end());
-    ActiveRecord().PointDensityMax = counts.empty() ? 0 : PointDensity(*greatest, rows);
-    StoreBands(BandsByLine(lines, counts, rows));
+    plot.record.PointDensityMax = counts.empty() ? 0 : PointDensity(*greatest, rows);
+    StoreBands(plot, BandsByLine(lines, counts, rows), watcher);
+}
+
+void ComputePointDensities() {
+    ComputePointDensities(ActivePlot(), WatcherInForce());
 }
 
 } // namespace quandrel

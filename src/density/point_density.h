@@ -4,6 +4,9 @@
 
 #pragma once
 
+#include "core/plot.h"
+#include "platform/status_line.h"
+
 #include <cstdint>
 
 namespace quandrel {
@@ -24,9 +27,15 @@ inline constexpr int kIsolatedBand = 1;
 ///         down (1% where that is less than 1); 3 from the base on, and one more with each doubling
 [[nodiscard]] int PointDensityBand(std::int32_t count, std::int32_t rows);
 
-/// Counts the rows within kCountCone of each main row of gActivePlot: PointDensityMax, and the band
-/// of each row in gPointDensity, 0 for an error row. Rows of overlays are left alone. The densities
-/// are shares of the rows that were counted. O(rows), once for each line of whole degrees.
+/// Counts the rows within kCountCone of each main row of a plot: PointDensityMax, and the band of
+/// each row in its column pointDensity, 0 for an error row. Rows of overlays are left alone. The
+/// densities are shares of the rows that were counted. O(rows), once for each line of whole
+/// degrees.
+///
+/// @param watcher  the status line, or nothing
+void ComputePointDensities(Plot& plot, StatusLine* watcher);
+
+/// The same of gActivePlot.
 void ComputePointDensities();
 
 } // namespace quandrel

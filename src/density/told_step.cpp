@@ -2,27 +2,27 @@
 
 #include "density/told_step.h"
 
-#include "platform/platform.h"
-
 #include <algorithm>
 #include <utility>
 
 namespace quandrel {
 
-ToldStep::ToldStep(std::string text, std::int64_t maximum, std::chrono::milliseconds patience)
+ToldStep::ToldStep(std::string text, std::int64_t maximum, StatusLine* watcher,
+                   std::chrono::milliseconds patience)
     : text_(std::move(text))
-    , progress_(std::max(maximum, std::int64_t{1}), patience) {}
+    , watcher_(watcher)
+    , progress_(std::max(maximum, std::int64_t{1}), patience, watcher) {}
 
 ToldStep::~ToldStep() {
     if (told_) {
-        gPlatform.status->SetText({});
+        watcher_->SetText({});
     }
 }
 
 void ToldStep::Reach(std::int64_t done) {
     if (progress_.Reach(done) && !told_) {
         told_ = true;
-        gPlatform.status->SetText(text_);
+        watcher_->SetText(text_);
     }
 }
 

@@ -17,8 +17,9 @@ namespace quandrel {
 class ToldStep {
 public:
     /// @param maximum   value of the whole step; 0 counts as 1
+    /// @param watcher   the status line; without one nothing is shown
     /// @param patience  how long the status line stays as it is
-    ToldStep(std::string text, std::int64_t maximum,
+    ToldStep(std::string text, std::int64_t maximum, StatusLine* watcher,
              std::chrono::milliseconds patience = kDrawingWithoutProgress);
 
     ~ToldStep();
@@ -31,6 +32,7 @@ public:
 
 private:
     std::string text_;
+    StatusLine* watcher_;
     StepProgress progress_;
     bool told_ = false;
 };

@@ -13,14 +13,18 @@ bool IsReadable(ShownOrientation orientation) {
            && orientation.azimuth >= 0 && orientation.azimuth <= 360;
 }
 
-Fault FaultOfRow(int slot, std::int32_t row) {
+Fault FaultOfRow(const Plot& plot, std::int32_t row) {
     Fault fault;
-    fault.plane = {gDataDip(slot, row), gDataAz(slot, row)};
-    fault.line = {gData2Dip(slot, row), gData2Az(slot, row)};
+    fault.plane = {plot.rows.dip(row), plot.rows.azimuth(row)};
+    fault.line = {plot.rows.dip2(row), plot.rows.azimuth2(row)};
     if (fault.plane.dip == kErrorRow) {
         fault.line = {kErrorRow, 0}; // no values were read for such a row
     }
     return fault;
+}
+
+Fault FaultOfRow(int slot, std::int32_t row) {
+    return FaultOfRow(PlotOf(slot), row);
 }
 
 namespace {

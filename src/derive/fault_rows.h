@@ -24,6 +24,7 @@ struct Fault {
 [[nodiscard]] bool IsReadable(ShownOrientation orientation);
 
 /// The fault of a main row. Values that the row lacks are not readable.
+[[nodiscard]] Fault FaultOfRow(const Plot& plot, std::int32_t row);
 [[nodiscard]] Fault FaultOfRow(int slot, std::int32_t row);
 
 /// True when the main rows hold faults with slip lines, and none of these states its sense of

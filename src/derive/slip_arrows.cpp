@@ -3,7 +3,6 @@
 #include "derive/slip_arrows.h"
 
 #include "core/data_format.h"
-#include "core/plot_store.h"
 #include "derive/fault_rows.h"
 #include "stereo/row_positions.h"
 
@@ -33,13 +32,13 @@ double AzimuthOfStep(int plotKind, const Direction& at, const Direction& step) {
 
 /// The fault that a row shows. A row of an overlay that was loaded while the secondary data were
 /// shown has its pairs swapped.
-Fault FaultOfShownRow(int slot, std::int32_t row) {
-    const PlotRecord& record = RecordOf(slot);
+Fault FaultOfShownRow(const Plot& plot, std::int32_t row) {
+    const PlotRecord& record = plot.record;
     const int overlay = OverlayOfRow(record, row);
     if (overlay > 0 && overlay == record.SelectedOverlay) {
-        return FaultOfRow(slot, row - FirstRowOfOverlay(record, overlay) + 1);
+        return FaultOfRow(plot, row - FirstRowOfOverlay(record, overlay) + 1);
     }
-    Fault fault = FaultOfRow(slot, row);
+    Fault fault = FaultOfRow(plot, row);
     if (overlay > 0 && record.ShowSecondary != 0) {
         std::swap(fault.plane, fault.line);
     }
@@ -64,13 +63,13 @@ std::optional<double> SlipArrowAzimuth(int plotKind, const Direction& pole, cons
     return AzimuthOfStep(plotKind, at, step);
 }
 
-float SlipArrowAngle(int slot, std::int32_t row) {
+float SlipArrowAngle(const Plot& plot, std::int32_t row) {
     constexpr float kNoArrow = std::numeric_limits<float>::quiet_NaN();
-    const PlotRecord& record = RecordOf(slot);
-    const Fault fault = FaultOfShownRow(slot, row);
+    const PlotRecord& record = plot.record;
+    const Fault fault = FaultOfShownRow(plot, row);
     const PlottedRow place =
         PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, OverlayOfRow(record, row)), row,
-                           OrientationShown(slot, row));
+                           OrientationShown(plot, row));
     if (!IsReadable(fault.plane) || !IsReadable(fault.line) || IsErrorRow(place.plunge)) {
         return kNoArrow;
     }
@@ -80,9 +79,9 @@ float SlipArrowAngle(int slot, std::int32_t row) {
     return azimuth ? static_cast<float>(*azimuth) : kNoArrow;
 }
 
-bool SlipArrowsTellSense(int slot) {
-    for (std::int32_t row = 1; row <= RecordOf(slot).NumLoadedData; ++row) {
-        const Fault fault = FaultOfShownRow(slot, row);
+bool SlipArrowsTellSense(const Plot& plot) {
+    for (std::int32_t row = 1; row <= plot.record.NumLoadedData; ++row) {
+        const Fault fault = FaultOfShownRow(plot, row);
         if (IsReadable(fault.plane) && IsReadable(fault.line) && fault.line.dip < 0) {
             return true;
         }
@@ -90,8 +89,8 @@ bool SlipArrowsTellSense(int slot) {
     return false;
 }
 
-double DrawnSlipArrowAngle(std::int32_t row) {
-    const auto angle = static_cast<double>(SlipArrowAngle(gActivePlot, row));
+double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row) {
+    const auto angle = static_cast<double>(SlipArrowAngle(plot, row));
     return std::isfinite(angle) ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;
 }
 

@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "core/plot.h"
 #include "orientation/angles.h"
 
 #include <cstdint>
@@ -37,13 +38,13 @@ namespace quandrel {
 ///             faults are the main rows in the same order, or of a file
 /// @return radians, 0 to kTwoPi; NaN for a row without an arrow: fault or slip line are missing, or
 ///         give no direction
-[[nodiscard]] float SlipArrowAngle(int slot, std::int32_t row);
+[[nodiscard]] float SlipArrowAngle(const Plot& plot, std::int32_t row);
 
 /// True when a slip line that the plot shows states a sense of movement by its negative plunge.
 /// Otherwise arrows have no heads. O(rows).
-[[nodiscard]] bool SlipArrowsTellSense(int slot);
+[[nodiscard]] bool SlipArrowsTellSense(const Plot& plot);
 
-/// SlipArrowAngle of a row of gActivePlot as it is drawn, in radians of whole degrees.
-[[nodiscard]] double DrawnSlipArrowAngle(std::int32_t row);
+/// SlipArrowAngle of a row as it is drawn, in radians of whole degrees.
+[[nodiscard]] double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row);
 
 } // namespace quandrel

@@ -6,18 +6,17 @@
 #include "core/data_format.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "density/density_legend.h"
 #include "derive/slip_arrows.h"
 #include "orientation/angles.h"
 #include "rose/rose_legend.h"
 #include "statistics/axis_statistics.h"
 #include "stereo/axis_rows.h"
-#include "stereo/draw_target.h"
 #include "stereo/drawable_text.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <array>
@@ -35,10 +34,10 @@ LegendLine TextLine(std::string text) {
 
 /// The code that most speaks for rows first to last: that of the first one with a symbol whose
 /// shown value has the sign asked for.
-SymbolCode CodeOfRows(std::int32_t first, std::int32_t last, bool upward) {
+SymbolCode CodeOfRows(const Plot& plot, std::int32_t first, std::int32_t last, bool upward) {
     for (std::int32_t row = first; row <= last; ++row) {
-        const SymbolCode code = gDataSymbol(gActivePlot, row);
-        const std::int32_t dip = OrientationShown(gActivePlot, row).dip;
+        const SymbolCode code = plot.rows.symbol(row);
+        const std::int32_t dip = OrientationShown(plot, row).dip;
         if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
             return code;
         }
@@ -55,10 +54,10 @@ std::string NounOfRows(const PlotRecord& record) {
 }
 
 /// Samples of downward rows, of upward ones, or of both.
-void AddSignedSamples(std::vector<LegendLine>& lines, std::int32_t first, std::int32_t last,
-                      const std::string& noun) {
-    const SymbolCode down = CodeOfRows(first, last, false);
-    const SymbolCode up = CodeOfRows(first, last, true);
+void AddSignedSamples(std::vector<LegendLine>& lines, const Plot& plot, std::int32_t first,
+                      std::int32_t last, const std::string& noun) {
+    const SymbolCode down = CodeOfRows(plot, first, last, false);
+    const SymbolCode up = CodeOfRows(plot, first, last, true);
     if (down != 0) {
         lines.push_back({LegendSample::Symbol, down, up != 0 ? noun + ", 'down' plunge" : noun});
     }
@@ -68,9 +67,10 @@ void AddSignedSamples(std::vector<LegendLine>& lines, std::int32_t first, std::i
 }
 
 /// The style of rows that are drawn as great circles.
-LegendLine GreatCircleLine(std::int32_t first, std::int32_t last, std::string text) {
-    const SymbolCode down = CodeOfRows(first, last, false);
-    return {LegendSample::GreatCircle, down != 0 ? down : CodeOfRows(first, last, true),
+LegendLine GreatCircleLine(const Plot& plot, std::int32_t first, std::int32_t last,
+                           std::string text) {
+    const SymbolCode down = CodeOfRows(plot, first, last, false);
+    return {LegendSample::GreatCircle, down != 0 ? down : CodeOfRows(plot, first, last, true),
             std::move(text)};
 }
 
@@ -100,87 +100,129 @@ void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
     }
 }
 
-void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    lines.push_back({LegendSample::Symbol, CodeOfStyleRow(kRowSymbol),
+void AddBetaLines(std::vector<LegendLine>& lines, const PlotRecord& record, const Styles& styles) {
+    lines.push_back({LegendSample::Symbol, CodeOfStyleRow(styles, kRowSymbol),
                      std::to_string(record.BetaCount) + " intersections of"});
     lines.push_back({LegendSample::Indent, 0, std::to_string(record.NumValidData) + " planes"});
 }
 
+/// The legend of a plot, line by line.
+class Legend {
+public:
+    Legend(const Plot& plot, const Styles& styles, Formulas formulas)
+        : plot_(plot)
+        , record_(plot.record)
+        , styles_(styles)
+        , formulas_(formulas) {}
+
+    [[nodiscard]] std::vector<LegendLine> Lines();
+
+private:
+    void Add(std::vector<LegendLine> more) { std::ranges::move(more, std::back_inserter(lines_)); }
+
+    void AddAxisNumbers(AxisKind kind);
+    void AddKinematicLines();
+    void AddSlipLines();
+    void AddMainRows();
+    void AddClassifiedRows();
+    void AddOverlays();
+
+    const Plot& plot_;
+    const PlotRecord& record_;
+    const Styles& styles_;
+    Formulas formulas_;
+    std::vector<LegendLine> lines_;
+};
+
 /// What there is to tell of the axes of one kind among both.
-void AddAxisNumbers(std::vector<LegendLine>& lines, AxisKind kind) {
-    for (std::string& text : AxisLegendTexts(kind)) {
-        lines.push_back({LegendSample::Indent, 0, std::move(text)});
+void Legend::AddAxisNumbers(AxisKind kind) {
+    for (std::string& text : AxisLegendTexts(StatisticsOfAxes(plot_, styles_, formulas_, kind))) {
+        lines_.push_back({LegendSample::Indent, 0, std::move(text)});
     }
 }
 
-void AddKinematicLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    const SymbolCode down = CodeOfStyleRow(kDerivedSymbol);
-    const SymbolCode up = CodeOfStyleRow(kDerivedUpSymbol);
-    if (record.AxesTitle == kShorteningAxes) {
-        lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
-    } else if (record.AxesTitle == kExtensionAxes) {
-        lines.push_back({LegendSample::Symbol, up, "T Extensional axes"});
+void Legend::AddKinematicLines() {
+    const SymbolCode down = CodeOfStyleRow(styles_, kDerivedSymbol);
+    const SymbolCode up = CodeOfStyleRow(styles_, kDerivedUpSymbol);
+    if (record_.AxesTitle == kShorteningAxes) {
+        lines_.push_back({LegendSample::Symbol, down, "P Shortening axes"});
+    } else if (record_.AxesTitle == kExtensionAxes) {
+        lines_.push_back({LegendSample::Symbol, up, "T Extensional axes"});
     } else {
-        lines.push_back({LegendSample::Symbol, down, "P Shortening axes"});
-        AddAxisNumbers(lines, AxisKind::Shortening);
-        lines.push_back({LegendSample::Symbol, up, "T Extension axes"});
-        AddAxisNumbers(lines, AxisKind::Extension);
+        lines_.push_back({LegendSample::Symbol, down, "P Shortening axes"});
+        AddAxisNumbers(AxisKind::Shortening);
+        lines_.push_back({LegendSample::Symbol, up, "T Extension axes"});
+        AddAxisNumbers(AxisKind::Extension);
     }
-    if (AssumedSense(record)) {
-        lines.push_back({LegendSample::Indent, 0, "sense assumed"});
+    if (AssumedSense(record_)) {
+        lines_.push_back({LegendSample::Indent, 0, "sense assumed"});
     }
 }
 
 /// Slip lines without a sense need a word, for they look like other marks.
-void AddSlipLines(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    if (record.NumSymbolsInPlot > 0 && !SlipArrowsTellSense(gActivePlot)) {
+void Legend::AddSlipLines() {
+    if (record_.NumSymbolsInPlot > 0 && !SlipArrowsTellSense(plot_)) {
         // They are in the colour of their rows: those of the top overlay where there is one.
-        const int top = record.OverlayRows[kOverlayCount];
-        const std::int32_t first = top > 0 ? FirstRowOfOverlay(record, top) : 1;
-        const SymbolCode row = CodeOfRows(first, record.NumLoadedData, false);
-        lines.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
-                         "Slip lines, sense not told"});
+        const int top = record_.OverlayRows[kOverlayCount];
+        const std::int32_t first = top > 0 ? FirstRowOfOverlay(record_, top) : 1;
+        const SymbolCode row = CodeOfRows(plot_, first, record_.NumLoadedData, false);
+        lines_.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
+                          "Slip lines, sense not told"});
     }
 }
 
-void AddMainRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    if (!record.AxesTitle.empty()) {
-        AddKinematicLines(lines, record);
-    } else if (record.PlotSymbolMode == kBetaIntersections) {
-        AddBetaLines(lines, record);
-    } else if (record.PlotSymbolMode == kGreatCircles) {
-        lines.push_back(GreatCircleLine(
-            1, record.NumData, IsPlottedAsPole(record, 0) ? "Planes" : "Planes normal to lines"));
-    } else if (record.PlotSymbolMode <= kPointSymbolsToo) {
-        AddSignedSamples(lines, 1, record.NumData, NounOfRows(record));
+void Legend::AddMainRows() {
+    if (!record_.AxesTitle.empty()) {
+        AddKinematicLines();
+    } else if (record_.PlotSymbolMode == kBetaIntersections) {
+        AddBetaLines(lines_, record_, styles_);
+    } else if (record_.PlotSymbolMode == kGreatCircles) {
+        lines_.push_back(
+            GreatCircleLine(plot_, 1, record_.NumData,
+                            IsPlottedAsPole(record_, 0) ? "Planes" : "Planes normal to lines"));
+    } else if (record_.PlotSymbolMode <= kPointSymbolsToo) {
+        AddSignedSamples(lines_, plot_, 1, record_.NumData, NounOfRows(record_));
     }
-}
-
-void AddLines(std::vector<LegendLine>& lines, std::vector<LegendLine> more) {
-    std::ranges::move(more, std::back_inserter(lines));
 }
 
 /// The classes of a classified plot, and what its rows show beside them.
-void AddClassifiedRows(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    AddLines(lines, ClassLegendLines());
-    if (record.PlotSymbolMode == kBetaIntersections && ShowsMainRows(record)
-        && record.NumValidData > 0) {
-        AddBetaLines(lines, record);
+void Legend::AddClassifiedRows() {
+    Add(ClassLegendLines(plot_, styles_));
+    if (record_.PlotSymbolMode == kBetaIntersections && ShowsMainRows(record_)
+        && record_.NumValidData > 0) {
+        AddBetaLines(lines_, record_, styles_);
     }
 }
 
-void AddOverlays(std::vector<LegendLine>& lines, const PlotRecord& record) {
-    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
+void Legend::AddOverlays() {
+    for (int overlay = 1; overlay <= record_.OverlayRows[kOverlayCount]; ++overlay) {
         const auto k = static_cast<std::size_t>(overlay);
-        const std::int32_t first = FirstRowOfOverlay(record, overlay);
-        const std::int32_t last = first + record.OverlayRows[k] - 1;
-        const std::string text = TextOfOverlay(record, k);
-        if (record.OverlayKind[k] == kOverlayGreatCircles) {
-            lines.push_back(GreatCircleLine(first, last, text));
+        const std::int32_t first = FirstRowOfOverlay(record_, overlay);
+        const std::int32_t last = first + record_.OverlayRows[k] - 1;
+        const std::string text = TextOfOverlay(record_, k);
+        if (record_.OverlayKind[k] == kOverlayGreatCircles) {
+            lines_.push_back(GreatCircleLine(plot_, first, last, text));
         } else {
-            AddSignedSamples(lines, first, last, text);
+            AddSignedSamples(lines_, plot_, first, last, text);
         }
     }
+}
+
+std::vector<LegendLine> Legend::Lines() {
+    AddDataNames(lines_, record_);
+    if (record_.PlotKind == kRose) {
+        Add(RoseLegendLines());
+        return std::move(lines_);
+    }
+    if (record_.ClassMode > 0) {
+        AddClassifiedRows();
+    } else if (record_.NumValidData > 0) {
+        AddMainRows();
+    }
+    Add(BandLegendLines(plot_, styles_));
+    AddOverlays();
+    AddSlipLines();
+    return std::move(lines_);
 }
 
 /// The text, cut with a mark so that it is no wider than asked for.
@@ -212,39 +254,44 @@ struct LegendLayout {
 };
 
 /// Gives the box the units of the plot, so that samples are as large as what they stand for.
-LegendLayout LayOut(Surface& box) {
+LegendLayout LayOut(const Drawing& drawing) {
+    Surface& box = drawing.legend;
     const UserScale scale = box.Scale();
     const Point pixel = box.PixelSize();
-    const double unit = PlotSurface().PixelSize().x;
+    const double unit = drawing.plot.PixelSize().x;
     LegendLayout layout;
     layout.width = (scale.right - scale.left) / pixel.x * unit;
     layout.height = (scale.top - scale.bottom) / pixel.y * unit;
     box.SetUserScale({0, 0, layout.width, -layout.height});
     DrawState state;
-    state.font = gSettings.styles.fonts[kLegendFont].font;
-    state.foreColour =
-        ColourFromValue(static_cast<std::uint32_t>(gSettings.styles.fonts[kLegendFont].colour));
+    const PlotFont& font = drawing.styles.fonts[kLegendFont];
+    state.font = font.font;
+    state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     box.SetState(state);
     layout.lineHeight = box.TextHeight() * 1.15;
     layout.sampleWidth = 2.5 * box.TextWidth("M");
     return layout;
 }
 
-void DrawLineSample(Surface& box, SymbolCode code, double left, double right, double middle) {
+void DrawLineSample(const Drawing& drawing, SymbolCode code, double left, double right,
+                    double middle) {
+    Surface& box = drawing.legend;
     const SavedState saved(box);
     DrawState state = box.State();
     state.drawStyle = CodeSymbol(code);
     state.drawWidth = CodeSize(code);
     box.SetState(state);
-    box.Line({left, middle}, {right, middle}, TableColour(CodeColour(code)));
+    box.Line({left, middle}, {right, middle}, TableColour(drawing.styles, CodeColour(code)));
 }
 
-void DrawPatch(Surface& box, SymbolCode code, double left, double right, double middle,
+void DrawPatch(const Drawing& drawing, SymbolCode code, double left, double right, double middle,
                double halfHeight) {
+    Surface& box = drawing.legend;
+    const Styles& styles = drawing.styles;
     const SavedState saved(box);
     DrawState state = box.State();
     state.fillStyle = CodeSymbol(code);
-    state.fillColour = TableColour(CodeColour(code));
+    state.fillColour = TableColour(styles, CodeColour(code));
     box.SetState(state);
     const double share = CodeSize(code) == 0 ? 1 : CodeSize(code) / 100.0;
     const double centre = (left + right) / 2;
@@ -254,12 +301,15 @@ void DrawPatch(Surface& box, SymbolCode code, double left, double right, double 
                                            {centre + half, middle - halfHeight},
                                            {centre - half, middle - halfHeight}}};
     // Without a fill the outline alone shows the colour.
-    box.Polygon(corners, CodeSymbol(code) == kNoFill
-                             ? state.fillColour
-                             : TableColour(gSymbolTable[kRoseBackgroundStyle][kPlaceSymbol]));
+    box.Polygon(corners,
+                CodeSymbol(code) == kNoFill
+                    ? state.fillColour
+                    : TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceSymbol]));
 }
 
-void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
+void DrawSample(const Drawing& drawing, const LegendLine& line, const LegendLayout& layout,
+                double top) {
+    Surface& box = drawing.legend;
     const double middle = top - layout.lineHeight / 2;
     const double centre = layout.sampleWidth / 2.5;
     const double left = 0.2 * centre;
@@ -270,17 +320,18 @@ void DrawSample(Surface& box, const LegendLine& line, const LegendLayout& layout
         return;
     case LegendSample::Symbol: {
         const Point at{centre, middle};
-        DrawSymbols(box, std::span(&at, 1), line.code);
+        DrawSymbols(box, drawing.styles, std::span(&at, 1), line.code);
         return;
     }
     case LegendSample::GreatCircle:
-        box.Line({left, middle}, {right, middle}, TableColour(CodeColour(line.code)));
+        box.Line({left, middle}, {right, middle},
+                 TableColour(drawing.styles, CodeColour(line.code)));
         return;
     case LegendSample::Line:
-        DrawLineSample(box, line.code, left, right, middle);
+        DrawLineSample(drawing, line.code, left, right, middle);
         return;
     case LegendSample::Patch:
-        DrawPatch(box, line.code, left, right, middle, 0.35 * layout.lineHeight);
+        DrawPatch(drawing, line.code, left, right, middle, 0.35 * layout.lineHeight);
         return;
     }
 }
@@ -289,75 +340,65 @@ double LeftOfText(const LegendLine& line, const LegendLayout& layout) {
     return line.sample == LegendSample::None ? 0 : layout.sampleWidth;
 }
 
-void DrawLine(Surface& box, const LegendLine& line, const LegendLayout& layout, double top) {
-    DrawSample(box, line, layout, top);
+void DrawLine(const Drawing& drawing, const LegendLine& line, const LegendLayout& layout,
+              double top) {
+    Surface& box = drawing.legend;
+    DrawSample(drawing, line, layout, top);
     const double left = LeftOfText(line, layout);
     const double textTop = top - (layout.lineHeight - box.TextHeight()) / 2;
     box.Text({left, textTop}, CutToWidth(box, DrawableText(line.text), layout.width - left));
 }
 
-void DrawLines(Surface& box, const LegendLayout& layout, const std::vector<LegendLine>& lines) {
+void DrawLines(const Drawing& drawing, const LegendLayout& layout,
+               const std::vector<LegendLine>& lines) {
     const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const double top = -layout.lineHeight * static_cast<double>(i);
         if (i + 1 == room && lines.size() > room) {
-            DrawLine(box, TextLine(std::string(kCutMark)), layout, top);
+            DrawLine(drawing, TextLine(std::string(kCutMark)), layout, top);
             return;
         }
-        DrawLine(box, lines[i], layout, top);
+        DrawLine(drawing, lines[i], layout, top);
     }
 }
 
 } // namespace
 
-std::vector<LegendLine> LegendLines() {
-    const PlotRecord& record = ActiveRecord();
-    std::vector<LegendLine> lines;
-    AddDataNames(lines, record);
-    if (record.PlotKind == kRose) {
-        AddLines(lines, RoseLegendLines());
-        return lines;
-    }
-    if (record.ClassMode > 0) {
-        AddClassifiedRows(lines, record);
-    } else if (record.NumValidData > 0) {
-        AddMainRows(lines, record);
-    }
-    AddLines(lines, BandLegendLines());
-    AddOverlays(lines, record);
-    AddSlipLines(lines, record);
-    return lines;
+std::vector<LegendLine> LegendLines(const Plot& plot, const Styles& styles, Formulas formulas) {
+    return Legend(plot, styles, formulas).Lines();
 }
 
-LegendSize SizeOfLegend() {
+LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing) {
     LegendSize size;
-    if (ActiveRecord().LayerVisible[kLegendLayer] == 0) {
+    if (plot.record.LayerVisible[kLegendLayer] == 0) {
         return size;
     }
-    Surface& box = LegendSurface();
-    const LegendLayout layout = LayOut(box);
-    const Point pixel = box.PixelSize();
-    for (const LegendLine& line : LegendLines()) {
+    const LegendLayout layout = LayOut(drawing);
+    const Point pixel = drawing.legend.PixelSize();
+    for (const LegendLine& line : LegendLines(plot, drawing.styles, drawing.formulas)) {
         const double left = LeftOfText(line, layout);
-        size.width = std::max(size.width, (left + box.TextWidth(line.text)) / pixel.x);
+        size.width = std::max(size.width, (left + drawing.legend.TextWidth(line.text)) / pixel.x);
         size.height += layout.lineHeight / pixel.y;
     }
     return size;
 }
 
-void DrawLegendLines(Surface& box, const std::vector<LegendLine>& lines) {
-    DrawLines(box, LayOut(box), lines);
+void DrawLegendLines(const Drawing& drawing, const std::vector<LegendLine>& lines) {
+    DrawLines(drawing, LayOut(drawing), lines);
+}
+
+void DrawLegend(const Plot& plot, const Drawing& drawing) {
+    const LegendLayout layout = LayOut(drawing);
+    if (drawing.purpose == DrawnFor::Window) {
+        drawing.legend.Clear(kWhite);
+    }
+    if (plot.record.LayerVisible[kLegendLayer] != 0) {
+        DrawLines(drawing, layout, LegendLines(plot, drawing.styles, drawing.formulas));
+    }
 }
 
 void DrawLegend() {
-    Surface& box = LegendSurface();
-    const LegendLayout layout = LayOut(box);
-    if (!IsDrawingElsewhere()) {
-        box.Clear(kWhite);
-    }
-    if (ActiveRecord().LayerVisible[kLegendLayer] != 0) {
-        DrawLines(box, layout, LegendLines());
-    }
+    DrawLegend(ActivePlot(), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -4,15 +4,19 @@
 
 #pragma once
 
-#include "platform/surface.h"
+#include "core/plot.h"
+#include "stereo/drawing.h"
 #include "stereo/legend_line.h"
 
 #include <vector>
 
 namespace quandrel {
 
-/// The lines of the legend of the active plot, top to bottom.
-[[nodiscard]] std::vector<LegendLine> LegendLines();
+/// The lines of the legend of a plot, top to bottom.
+///
+/// @param formulas  of the statistics of P and T axes
+[[nodiscard]] std::vector<LegendLine> LegendLines(const Plot& plot, const Styles& styles,
+                                                  Formulas formulas);
 
 /// A size in logical pixels.
 struct LegendSize {
@@ -20,14 +24,18 @@ struct LegendSize {
     double height = 0;
 };
 
-/// The size that a box needs to hold the whole legend of the active plot; 0 for a hidden one.
-[[nodiscard]] LegendSize SizeOfLegend();
+/// The size that a box needs to hold the whole legend of a plot; 0 for a hidden one.
+[[nodiscard]] LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing);
 
-/// Draws lines from the top of a box down. A text too long for the box is cut, and a box that
-/// cannot hold all lines ends in "...".
-void DrawLegendLines(Surface& box, const std::vector<LegendLine>& lines);
+/// Draws lines from the top of the legend's box down. A text too long for the box is cut, and a box
+/// that cannot hold all lines ends in "...".
+void DrawLegendLines(const Drawing& drawing, const std::vector<LegendLine>& lines);
 
-/// Draws the legend of the active plot into its box. A hidden legend draws nothing.
+/// Draws the legend of a plot into its box. A hidden legend draws nothing. A drawing for a window
+/// clears the box first.
+void DrawLegend(const Plot& plot, const Drawing& drawing);
+
+/// The same of gActivePlot, in its window.
 void DrawLegend();
 
 } // namespace quandrel

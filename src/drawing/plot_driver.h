@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
-// The plot driver: draws whole plots, and works out on the way what has gone stale. It alone knows
-// the order. Folders below ask for it by ReplotActivePlot and RedrawPlot (core/replot.h).
+// The plot driver: draws plots into their windows. It has worked out what has gone stale
+// (work_out.h), draws (draw_plot.h), and writes the texts of the window. It alone knows the order.
+// Folders below ask for it by ReplotActivePlot and RedrawPlot (core/replot.h).
 //
-// Inside the folder: the driver, the legend, what the buttons of a plot do.
-// Enters: the rows, record and styles of gActivePlot, and why it is drawn (ReplotCause).
+// Inside the folder: the driver, the working out, the drawing of whole plots, the legend, what the
+// buttons of a plot do.
+// Enters: a plot, what it is drawn with, and why (ReplotCause).
 // Leaves: drawing operations on the surfaces of the plot's window or on others, its texts, and what
-// the folders below have worked out in its record.
+// the folders below have worked out in the plot.
 
 #pragma once
 
 #include "core/replot.h"
-#include "platform/surface.h"
 
-#include <cstdint>
 #include <string>
 
 namespace quandrel {
@@ -24,16 +24,10 @@ void ConnectDrawing();
 /// Draws the plot of an open slot for a cause, whichever plot is the active one.
 void DrawForCause(int slot, ReplotCause cause);
 
-/// Draws the active plot onto other surfaces than its window's, in the state that it is in: nothing
-/// is worked out anew, no text or caption changes.
-void DrawActivePlotOn(Surface& plot, Surface& legend);
+// What the window of gActivePlot is drawn with, part by part.
 
-/// The stereo branch: rows, overlays, annotations, legend, furniture, girdles, small circles, in
-/// this order.
+/// Works out the plot and draws what its net has on it.
 void DrawStereoPlot(bool recalculate);
-
-/// Sorts the main rows by x and works out their densities and statistics.
-void ComputeRowStatistics();
 
 /// Draws the great circle of a row of AxisItems that is shown; row 0 has none. A rose has none.
 void DrawGirdle(int item);

@@ -3,7 +3,6 @@
 #include "drawing/plot_state.h"
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
@@ -14,6 +13,7 @@
 #include "stereo/data_kind.h"
 #include "stereo/row_positions.h"
 
+#include <algorithm>
 #include <string>
 
 namespace quandrel {
@@ -150,13 +150,23 @@ void NameFabric(int slot, const std::string& fabric) {
     }
 }
 
-void ReleaseGridSlider() {
+void ChooseGridSize(int cells) {
+    gSettings.gridSize = std::clamp(cells / kGridStep * kGridStep, kCoarsestGrid, kFinestGrid);
+}
+
+void FollowGridOfPlot() {
+    if (IsOpenSlot(gActivePlot) && ActiveRecord().GridSize > 0) {
+        ChooseGridSize(ActiveRecord().GridSize);
+    }
+}
+
+void UseGridSize() {
     if (gBusy || !IsOpenSlot(gActivePlot)) {
         return;
     }
     const PlotRecord& record = ActiveRecord();
     if (record.PlotKind != kRose && record.PlotSymbolMode >= kGridDensitySymbols
-        && record.GridSize != gGridDensitySlider) {
+        && record.GridSize != gSettings.gridSize) {
         ReplotActivePlot(false);
     }
 }

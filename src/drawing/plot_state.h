@@ -51,8 +51,15 @@ void ShowPlotPart(int button, bool on);
 void DescribePlot(int slot, const std::string& description);
 void NameFabric(int slot, const std::string& fabric);
 
-/// The slider is let go: a plot that counts on the grid is drawn anew.
-void ReleaseGridSlider();
+/// Takes a size of density grids for the plot in focus and for new plots (Settings::gridSize), down
+/// to a multiple of kGridStep within kCoarsestGrid to kFinestGrid. Nothing is drawn yet.
+void ChooseGridSize(int cells);
+
+/// The size chosen becomes that of the grid of the active plot, if it has one.
+void FollowGridOfPlot();
+
+/// A plot that counts on a grid of another size than the one chosen is drawn anew.
+void UseGridSize();
 
 /// Takes the normal or the advanced statistics of the active plot; new plots follow.
 void UseAdvancedStatistics(bool advanced);

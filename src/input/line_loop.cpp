@@ -40,7 +40,8 @@ bool IsOfHead(LineStatus status) {
 class LoadProgress {
 public:
     explicit LoadProgress(std::size_t bytes)
-        : progress_(static_cast<std::int64_t>(bytes), gPlatform.timeWithoutProgress) {}
+        : progress_(static_cast<std::int64_t>(bytes), gPlatform.timeWithoutProgress,
+                    gPlatform.status) {}
 
     /// False after the user has asked to end the load.
     [[nodiscard]] bool GoOn(std::size_t bytesDone) {

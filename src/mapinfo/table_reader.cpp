@@ -42,8 +42,8 @@ public:
     }
 
     [[nodiscard]] PassEnd Run(LoadCounters& counters) {
-        StepProgress progress(std::max<std::int64_t>(shape_.rows, 1),
-                              gPlatform.timeWithoutProgress);
+        StepProgress progress(std::max<std::int64_t>(shape_.rows, 1), gPlatform.timeWithoutProgress,
+                              gPlatform.status);
         const std::int64_t last = std::min<std::int64_t>(shape_.rows, gPlatform.mostRows);
         for (std::int64_t row = 1; row <= last; ++row) {
             const RowFetch fetch = FetchRow(table_, row);

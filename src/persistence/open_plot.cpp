@@ -3,7 +3,6 @@
 #include "persistence/open_plot.h"
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_life.h"
@@ -178,7 +177,6 @@ std::string OpenBinaryPlot(const std::string& path) {
         return kLoadError;
     }
     TellRemarks(remarks);
-    FollowGridOfPlot();
     FinishOpening(path, ReplotCause::File);
     return kBinaryCommand;
 }

@@ -92,7 +92,7 @@ void StyleChange::FollowInRows(const PlotCodes& former, const PlotCodes& now) {
                 break;
             }
         }
-        const int number = rule && overlay == 0 ? ClassOfRow(*rule, row) : 0;
+        const int number = rule && overlay == 0 ? ClassOfRow(ActivePlot(), *rule, row) : 0;
         if (number > 0 && number < kClassRows) {
             const auto c = static_cast<std::size_t>(number);
             drawn = drawn == former.classes[c] ? now.classes[c] : drawn;

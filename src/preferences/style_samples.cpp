@@ -113,8 +113,8 @@ void DrawGirdleSamples(Surface& surface) {
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
         const AxisStyle& style = gAxisStyleTable[kKinds[i]];
         const double plunge = DegToRad(38.0 - 16.0 * static_cast<double>(i));
-        DrawGreatCircleOfPole(surface, kEqualArea, plunge, DegToRad(315.0), style[0], style[1],
-                              style[2]);
+        DrawGreatCircleOfPole(surface, gSettings.styles, kEqualArea, plunge, DegToRad(315.0),
+                              style[0], style[1], style[2]);
     }
 }
 

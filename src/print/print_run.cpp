@@ -2,15 +2,15 @@
 
 #include "print/print_run.h"
 
-#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
-#include "drawing/plot_driver.h"
+#include "drawing/draw_plot.h"
 #include "platform/platform.h"
 #include "platform/scripted/recording_surface.h"
 #include "print/print_texts.h"
 #include "print/printer_fonts.h"
+#include "stereo/window_drawing.h"
 
 #include <new>
 #include <optional>
@@ -37,25 +37,6 @@ constexpr double kLeastRoom = 8;
 /// Pixels each way of a legend that nobody sees.
 constexpr double kUnseenSide = 8;
 
-/// The grid of a plot that is drawn while the slider shows that of another.
-class GridInWork {
-public:
-    explicit GridInWork(int gridSize)
-        : former_(gGridDensitySlider) {
-        if (gridSize > 0) {
-            gGridDensitySlider = gridSize;
-        }
-    }
-
-    ~GridInWork() { gGridDensitySlider = former_; }
-
-    GridInWork(const GridInWork&) = delete;
-    GridInWork& operator=(const GridInWork&) = delete;
-
-private:
-    int former_;
-};
-
 /// A file to print to; nothing when the user names none.
 std::optional<std::string> AskForFile(const std::vector<PlotOnPage>& items) {
     PathQuestion question;
@@ -79,19 +60,21 @@ bool AreAllOpen(const std::vector<PlotOnPage>& items) {
 /// Draws the active plot without legend and texts.
 void DrawNetAlone(Surface& net) {
     RecordingSurface unseen(kUnseenSide, kUnseenSide);
-    DrawActivePlotOn(net, unseen);
+    DrawPlot(ActivePlot(), PaperDrawing(net, unseen));
 }
 
-/// Draws the active plot with what stands about it.
+/// Draws the active plot with what is about it.
 void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room) {
     Surface& texts = page.SurfaceIn(room);
     texts.SetUserScale({0, 0, room.width, -room.height});
     const TextPlan plan = PlanTexts(texts, room.width, room.height);
     if (plan.legend.height > 0) {
-        gSettings.styles.fonts[kLegendFont].font.points *= plan.fontScale;
-        DrawActivePlotOn(net,
-                         page.SurfaceIn({room.left + plan.legend.left, room.top + plan.legend.top,
-                                         plan.legend.width, plan.legend.height}));
+        Surface& legend = page.SurfaceIn({room.left + plan.legend.left, room.top + plan.legend.top,
+                                          plan.legend.width, plan.legend.height});
+        Styles styles = gSettings.styles;
+        styles.fonts[kLegendFont].font.points *= plan.fontScale;
+        DrawPlot(ActivePlot(), {net, legend, styles, DrawnFor::Paper, gSettings.notation.formulas,
+                                gPlatform.status});
     } else {
         DrawNetAlone(net);
     }
@@ -188,7 +171,6 @@ void PrintRun::PrintNext() {
 
 void PrintRun::DrawItem(const PlotOnPage& item) {
     const PlotInWork work(item.slot);
-    const GridInWork grid(ActiveRecord().GridSize);
     const PrinterFonts fonts;
     // The whole of the square is the net's scale: 1000 units are the radius, 100 are about it.
     Surface& net = page_->SurfaceIn(NetSquare(item));

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
+#include "core/settings_value.h"
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "stereo/drawable_text.h"
@@ -180,7 +181,9 @@ private:
 
 TextPlan PlanTexts(Surface& surface, double width, double height) {
     const std::vector<LegendLine> legend =
-        ActiveRecord().LayerVisible[kLegendLayer] != 0 ? LegendLines() : std::vector<LegendLine>();
+        ActiveRecord().LayerVisible[kLegendLayer] != 0
+            ? LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)
+            : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
     TextPlan plan;
     std::optional<TextPlan> cut; // the largest whose only fault is a legend that is cut

@@ -49,7 +49,7 @@ public:
     /// @param isLong  false for a picture too small for either
     LineProgress(int lines, bool isLong)
         : isLong_(isLong)
-        , progress_(lines, kDrawingWithoutProgress) {}
+        , progress_(lines, kDrawingWithoutProgress, gPlatform.status) {}
 
     /// False after the user has stopped it.
     [[nodiscard]] bool Reach(int line) {

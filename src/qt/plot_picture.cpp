@@ -6,10 +6,12 @@
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/settings.h"
+#include "drawing/draw_plot.h"
 #include "drawing/plot_driver.h"
 #include "platform/platform.h"
 #include "qt/image_surface.h"
 #include "qt/painter_surface.h"
+#include "stereo/window_drawing.h"
 
 #include <QPainter>
 
@@ -71,10 +73,10 @@ void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medi
     if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
         // The legend is always drawn, even if it is not shown.
         ImageSurface legend({kUnseenSide, kUnseenSide}, factor, kWhite);
-        DrawActivePlotOn(net, legend.Drawing());
+        DrawPlot(ActivePlot(), PaperDrawing(net, legend.Drawing()));
     } else {
         PainterSurface legend(painter, Scaled(layout.legend, factor), factor, medium);
-        DrawActivePlotOn(net, legend);
+        DrawPlot(ActivePlot(), PaperDrawing(net, legend));
     }
     if (part == PicturePart::WholePlot) {
         DrawBoxes(painter, layout, factor, medium);
@@ -107,7 +109,7 @@ QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) 
     const auto pixels = [density](QSize box) { return (box * density).expandedTo({1, 1}); };
     ImageSurface net(pixels(boxes.net), density, kWhite);
     ImageSurface legend(pixels(boxes.legend), density, kWhite);
-    DrawActivePlotOn(net.Drawing(), legend.Drawing());
+    DrawPlot(ActivePlot(), PaperDrawing(net.Drawing(), legend.Drawing()));
     return part == PlotImagePart::Net ? net.Image().copy() : legend.Image().copy();
 }
 

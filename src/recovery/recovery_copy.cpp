@@ -3,7 +3,6 @@
 #include "recovery/recovery_copy.h"
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/plot_fields.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
@@ -124,7 +123,6 @@ private:
 
 /// Draws the active plot like any opened plot, and marks it as unsaved.
 void DrawRecovered() {
-    FollowGridOfPlot();
     ReplotPlot(gActivePlot, ReplotCause::File);
     ActiveRecord().Modified = kTrue;
 }

@@ -8,21 +8,25 @@
 
 namespace quandrel {
 
-AxisStatistics StatisticsOfAxes(AxisKind kind) {
+AxisStatistics StatisticsOfAxes(const Plot& plot, const Styles& styles, Formulas formulas,
+                                AxisKind kind) {
     AxisStatistics axes;
-    axes.lines = DistinctLinesOfAxes(gActivePlot, kind);
-    axes.record.DataKind = ActiveRecord().DataKind;
+    axes.lines = DistinctLinesOfAxes(plot, styles, kind);
+    axes.record.DataKind = plot.record.DataKind;
     SetCountOfValid(axes.record, CountOfLines(axes.lines));
-    StoreFabricStatistics(axes.record, axes.lines);
+    StoreFabricStatistics(axes.record, axes.lines, formulas);
     return axes;
+}
+
+AxisStatistics StatisticsOfAxes(AxisKind kind) {
+    return StatisticsOfAxes(ActivePlot(), gSettings.styles, gSettings.notation.formulas, kind);
 }
 
 std::string NameOfAxes(AxisKind kind) {
     return kind == AxisKind::Shortening ? "P shortening axes" : "T extension axes";
 }
 
-std::vector<std::string> AxisLegendTexts(AxisKind kind) {
-    const AxisStatistics axes = StatisticsOfAxes(kind);
+std::vector<std::string> AxisLegendTexts(const AxisStatistics& axes) {
     std::vector<std::string> texts = {"n = " + std::to_string(axes.record.NumValidData)};
     if (axes.lines.empty()) {
         return texts;

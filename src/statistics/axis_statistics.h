@@ -21,13 +21,19 @@ struct AxisStatistics {
     PlotRecord record;
 };
 
-/// Those of gActivePlot, worked out from its rows. O(rows).
+/// Those of a plot, worked out from its rows. O(rows).
+///
+/// @param styles  that the symbols of the axes were taken from
+[[nodiscard]] AxisStatistics StatisticsOfAxes(const Plot& plot, const Styles& styles,
+                                              Formulas formulas, AxisKind kind);
+
+/// Those of gActivePlot, by the formulas in force.
 [[nodiscard]] AxisStatistics StatisticsOfAxes(AxisKind kind);
 
 /// "P shortening axes" or "T extension axes".
 [[nodiscard]] std::string NameOfAxes(AxisKind kind);
 
-/// Number, principal axis and girdle of the axes of one kind in gActivePlot, for the legend.
-[[nodiscard]] std::vector<std::string> AxisLegendTexts(AxisKind kind);
+/// Number, principal axis and girdle of the axes of one kind, for the legend.
+[[nodiscard]] std::vector<std::string> AxisLegendTexts(const AxisStatistics& axes);
 
 } // namespace quandrel

@@ -6,13 +6,11 @@
 #include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/settings_value.h"
-#include "core/style_tables.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "stereo/cones.h"
-#include "stereo/draw_target.h"
 
 #include <cmath>
 
@@ -62,21 +60,20 @@ std::string ConfidenceConeText() {
     return other == angle ? text : text + "\n" + TextbookNote(other);
 }
 
-void DrawConfidenceCone() {
-    const PlotRecord& record = ActiveRecord();
-    const std::optional<double> angle = ConfidenceConeAngle(record, gSettings.notation.formulas);
+void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing) {
+    const std::optional<double> angle = ConfidenceConeAngle(record, drawing.formulas);
     if (!record.ShowConfidenceCone || !angle) {
         return;
     }
     const AxisLine axis = FabricAxis(record, kPrincipalAxis);
-    const AxisStyle& style = gAxisStyleTable[kSmallCircleStyle];
-    Surface& surface = PlotSurface();
-    const SavedState saved(surface);
-    DrawState state = surface.State();
+    const AxisStyle& style = drawing.styles.axes[kSmallCircleStyle];
+    const SavedState saved(drawing.plot);
+    DrawState state = drawing.plot.State();
     state.drawStyle = style[1];
     state.drawWidth = style[2];
-    surface.SetState(state);
-    DrawCone(surface, record.PlotKind, axis.plunge, axis.trend, *angle, TableColour(style[0]));
+    drawing.plot.SetState(state);
+    DrawCone(drawing.plot, record.PlotKind, axis.plunge, axis.trend, *angle,
+             TableColour(drawing.styles, style[0]));
 }
 
 } // namespace quandrel

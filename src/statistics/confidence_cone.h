@@ -6,6 +6,7 @@
 
 #include "core/formulas.h"
 #include "core/plot_record.h"
+#include "stereo/drawing.h"
 
 #include <optional>
 #include <string>
@@ -21,7 +22,8 @@ namespace quandrel {
 /// The cone of gActivePlot in a line: its axis and semi-angle in degrees, or why there is none.
 [[nodiscard]] std::string ConfidenceConeText();
 
-/// Draws the cone about the principal axis of gActivePlot, if it is to be shown and there is one.
-void DrawConfidenceCone();
+/// Draws the cone about the principal axis, by the formulas of the drawing, if it is to be shown
+/// and there is one.
+void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing);
 
 } // namespace quandrel

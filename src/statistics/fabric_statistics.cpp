@@ -145,7 +145,7 @@ double JudgedStandardError(const AxisSample& sample, const WeightedDirections& a
     return IsSymmetricAboutAxis(judged, formulas) ? SphericalStandardError(sample) : kNotSymmetric;
 }
 
-void Derive(PlotRecord& record, const WeightedDirections& axes) {
+void Derive(PlotRecord& record, const WeightedDirections& axes, Formulas formulas) {
     const AxisSample sample = SampleInRecord(record, axes);
     const FabricShape shape = ShapeOf(sample.eigenvalues);
     record.EigenResults[1][kShapeNumber] = static_cast<float>(shape.gamma);
@@ -154,16 +154,21 @@ void Derive(PlotRecord& record, const WeightedDirections& axes) {
     record.EigenResults[1][kLogRatio] = static_cast<float>(shape.ratio12);
     record.EigenResults[2][kLogRatio] = static_cast<float>(shape.ratio23);
     record.EigenResults[3][kLogRatio] = static_cast<float>(SymmetryStatistic(sample));
-    record.FabricValueC = JudgedStandardError(sample, axes, gSettings.notation.formulas);
+    record.FabricValueC = JudgedStandardError(sample, axes, formulas);
 }
 
 } // namespace
 
-void ComputeFabricStatistics() {
-    StoreFabricStatistics(ActiveRecord(), StatisticsLinesOfActivePlot());
+void ComputeFabricStatistics(Plot& plot, Formulas formulas) {
+    StoreFabricStatistics(plot.record, StatisticsLinesOf(plot), formulas);
 }
 
-void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines) {
+void ComputeFabricStatistics() {
+    ComputeFabricStatistics(ActivePlot(), gSettings.notation.formulas);
+}
+
+void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
+                           Formulas formulas) {
     const WeightedDirections axes = DirectionsOf(lines, LinePolarity::kAxial);
     const auto tensor = OrientationTensor(axes.directions, axes.weights);
     if (!tensor) {
@@ -173,19 +178,19 @@ void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& 
     StoreTensor(record, *tensor);
     StoreAxes(record);
     StoreAxisItems(record);
-    Derive(record, axes);
+    Derive(record, axes, formulas);
 }
 
 void ComputeFabricDerived() {
     const WeightedDirections axes =
-        DirectionsOf(StatisticsLinesOfActivePlot(), LinePolarity::kAxial);
+        DirectionsOf(StatisticsLinesOf(ActivePlot()), LinePolarity::kAxial);
     if (!axes.directions.empty()) {
-        Derive(ActiveRecord(), axes);
+        Derive(ActiveRecord(), axes, gSettings.notation.formulas);
     }
 }
 
 double StandardErrorOfActivePlot(Formulas formulas) {
-    return StandardErrorOf(ActiveRecord(), StatisticsLinesOfActivePlot(), formulas);
+    return StandardErrorOf(ActiveRecord(), StatisticsLinesOf(ActivePlot()), formulas);
 }
 
 double StandardErrorOf(const PlotRecord& record, const std::vector<DistinctLine>& lines,

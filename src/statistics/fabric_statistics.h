@@ -29,14 +29,17 @@
 
 namespace quandrel {
 
-/// Works out the fabric statistics of gActivePlot, by the formulas in force. Without a valid row
-/// the old ones stay.
+/// Works out the fabric statistics of a plot. Without a valid row the old ones stay.
 ///
 /// In a plot of P and T axes they are those of P.
+void ComputeFabricStatistics(Plot& plot, Formulas formulas);
+
+/// The same of gActivePlot, by the formulas in force.
 void ComputeFabricStatistics();
 
 /// The same of some lines into any record, by its DataKind. Without a line the old ones stay.
-void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines);
+void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
+                           Formulas formulas);
 
 /// The part of ComputeFabricStatistics that follows from eigenvalues and axes in the record.
 void ComputeFabricDerived();

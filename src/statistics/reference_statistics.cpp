@@ -210,7 +210,7 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
 }
 
 std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {
-    return ComputeReferenceStatistics(StatisticsLinesOfActivePlot(),
+    return ComputeReferenceStatistics(StatisticsLinesOf(ActivePlot()),
                                       ActiveRecord().DataKind == kPolarLines ? RowSense::kPolarLines
                                                                              : RowSense::kAxes);
 }

@@ -43,7 +43,7 @@ std::string NumberLine(const PlotRecord& record) {
 
 /// True when there is nothing to tell of but the number of data. A rose writes its own statistics.
 bool HasStereoStatistics(const PlotRecord& record) {
-    return record.PlotKind < kRose && !DistinctLinesOfActivePlot().empty();
+    return record.PlotKind < kRose && !DistinctLinesOf(ActivePlot()).empty();
 }
 
 /// A pair of angles in degrees with two decimals.
@@ -359,7 +359,7 @@ std::string FabricBoxText() {
     }
     return AssumptionLine(record)
            + (HoldsBothAxes(record) ? FabricLinesOfBothAxes()
-                                    : FabricLines(record, DistinctLinesOfActivePlot()));
+                                    : FabricLines(record, DistinctLinesOf(ActivePlot())));
 }
 
 void WriteStatsBox() {

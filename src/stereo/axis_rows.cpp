@@ -18,8 +18,8 @@ namespace {
 constexpr std::string_view kAssumedNormal = " (sense assumed: normal)";
 constexpr std::string_view kAssumedReverse = " (sense assumed: reverse)";
 
-SymbolCode CodeOfAxis(AxisKind kind) {
-    return CodeOfStyleRow(kind == AxisKind::Extension ? kDerivedUpSymbol : kDerivedSymbol);
+SymbolCode CodeOfAxis(const Styles& styles, AxisKind kind) {
+    return CodeOfStyleRow(styles, kind == AxisKind::Extension ? kDerivedUpSymbol : kDerivedSymbol);
 }
 
 bool IsAxisColumn(std::string_view name) {
@@ -104,17 +104,16 @@ bool HoldsBothAxes(const PlotRecord& record) {
     return record.AxesTitle == kBothAxes;
 }
 
-AxisKind AxisOfRow(int slot, std::int32_t row) {
-    const PlotRecord& record = RecordOf(slot);
-    if (record.HasAppendedText != 0) {
-        if (const std::optional<AxisSource> source = ReadAxisText(gAppText(slot, row))) {
+AxisKind AxisOfRow(const Plot& plot, const Styles& styles, std::int32_t row) {
+    if (plot.record.HasAppendedText != 0) {
+        if (const std::optional<AxisSource> source = ReadAxisText(plot.rows.text(row))) {
             return source->kind;
         }
     }
-    const std::int32_t plunge = gDataDip(slot, row);
+    const std::int32_t plunge = plot.rows.dip(row);
     const bool isExtension =
         plunge < 0
-        || (plunge == 0 && gDataSymbolBase(slot, row) == CodeOfAxis(AxisKind::Extension));
+        || (plunge == 0 && plot.rows.symbolBase(row) == CodeOfAxis(styles, AxisKind::Extension));
     return isExtension ? AxisKind::Extension : AxisKind::Shortening;
 }
 
@@ -134,8 +133,8 @@ void RestoreAxes(int slot) {
     SetCountOfValid(record, static_cast<std::int32_t>(HoldsBothAxes(record) ? axes->faults.size()
                                                                             : axes->rows.size()));
     for (const auto& [row, kind] : axes->rows) {
-        gDataSymbol.At(slot, row) = CodeOfAxis(kind);
-        gDataSymbolBase.At(slot, row) = CodeOfAxis(kind);
+        gDataSymbol.At(slot, row) = CodeOfAxis(gSettings.styles, kind);
+        gDataSymbolBase.At(slot, row) = CodeOfAxis(gSettings.styles, kind);
     }
     const bool wasRose = MixesAxesAsRose(record, record.PlotKind);
     MendMixedAxes(record);

@@ -9,7 +9,7 @@
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/plot.h"
 
 #include <cstdint>
 #include <optional>
@@ -63,7 +63,9 @@ struct AxisSource {
 
 /// Which axis a main row of a plot of axes is: as its text says, else by the sign of its plunge,
 /// and by its symbol where it is horizontal.
-[[nodiscard]] AxisKind AxisOfRow(int slot, std::int32_t row);
+///
+/// @param styles  that its symbol was taken from
+[[nodiscard]] AxisKind AxisOfRow(const Plot& plot, const Styles& styles, std::int32_t row);
 
 /// Makes a plot of axes again of rows that were read from a text file: where the name of the text
 /// column and the texts of all valid main rows are those of axes, the plot gets their title, and

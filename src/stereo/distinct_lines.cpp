@@ -2,7 +2,7 @@
 
 #include "stereo/distinct_lines.h"
 
-#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 
 #include <array>
@@ -13,21 +13,23 @@ namespace quandrel {
 
 namespace {
 
+/// Lines with the table that they were taken from.
 struct KnownLines {
     std::uint64_t version = 0; ///< of the table; 0 is none
     std::int32_t lastIndex = 0;
     std::vector<DistinctLine> lines;
+
+    [[nodiscard]] bool AreOf(const Plot& plot) const {
+        return version == plot.table.version && lastIndex == plot.record.NumData;
+    }
 };
 
-KnownLines known;
-
-/// The lines of a plot of P and T axes that its statistics are about.
-struct KnownAxes {
-    int slot = 0;
-    KnownLines lines;
+/// What is kept with a plot: the lines of all main rows, and those of its statistics where these
+/// are others.
+struct LinesOfPlot {
+    KnownLines rows;
+    KnownLines axes;
 };
-
-KnownAxes knownAxes;
 
 /// Counts the rows of a table up to a point index that are wanted, by the numbers of their lines.
 template <class Wanted>
@@ -77,36 +79,49 @@ std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t la
     return CountLines(table, lastIndex, [](std::int32_t) { return true; });
 }
 
-const std::vector<DistinctLine>& DistinctLinesOfActivePlot() {
-    const RowTable& table = TableOf(gActivePlot);
-    const std::int32_t lastIndex = ActiveRecord().NumData;
-    if (known.version != table.version || known.lastIndex != lastIndex) {
-        known = {table.version, lastIndex, DistinctLinesOf(table, lastIndex)};
+const std::vector<DistinctLine>& DistinctLinesOf(Plot& plot) {
+    KnownLines& known = plot.attachments.Of<LinesOfPlot>().rows;
+    if (!known.AreOf(plot)) {
+        const std::int32_t last = plot.record.NumData;
+        known = {plot.table.version, last, DistinctLinesOf(plot.table, last)};
     }
     return known.lines;
 }
 
-const std::vector<DistinctLine>& StatisticsLinesOfActivePlot() {
-    if (ActiveRecord().AxesTitle.empty()) {
-        return DistinctLinesOfActivePlot();
+std::int32_t CountOfMainRows(const Plot& plot) {
+    const auto* known = plot.attachments.Find<LinesOfPlot>();
+    if (known != nullptr && known->rows.AreOf(plot)) {
+        return CountOfLines(known->rows.lines);
     }
-    const RowTable& table = TableOf(gActivePlot);
-    const std::int32_t lastIndex = ActiveRecord().NumData;
-    KnownLines& axes = knownAxes.lines;
-    if (knownAxes.slot != gActivePlot || axes.version != table.version
-        || axes.lastIndex != lastIndex) {
-        knownAxes.slot = gActivePlot;
-        axes = {table.version, lastIndex,
-                HoldsBothAxes(ActiveRecord())
-                    ? DistinctLinesOfAxes(gActivePlot, AxisKind::Shortening)
-                    : ByLowerEnds(DistinctLinesOf(table, lastIndex))};
+    std::int32_t count = 0;
+    for (std::size_t place = 0; place < plot.table.size(); ++place) {
+        const bool isMain = plot.table.index[place] <= plot.record.NumData;
+        count += isMain && !IsErrorRow(plot.table.plunge[place]) ? 1 : 0;
     }
-    return axes.lines;
+    return count;
 }
 
-std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind) {
-    return ByLowerEnds(CountLines(TableOf(slot), RecordOf(slot).NumData,
-                                  [slot, kind](int row) { return AxisOfRow(slot, row) == kind; }));
+const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot) {
+    if (plot.record.AxesTitle.empty()) {
+        return DistinctLinesOf(plot);
+    }
+    KnownLines& known = plot.attachments.Of<LinesOfPlot>().axes;
+    if (!known.AreOf(plot)) {
+        const std::int32_t last = plot.record.NumData;
+        known = {plot.table.version, last,
+                 HoldsBothAxes(plot.record)
+                     ? DistinctLinesOfAxes(plot, gSettings.styles, AxisKind::Shortening)
+                     : ByLowerEnds(DistinctLinesOf(plot.table, last))};
+    }
+    return known.lines;
+}
+
+std::vector<DistinctLine> DistinctLinesOfAxes(const Plot& plot, const Styles& styles,
+                                              AxisKind kind) {
+    return ByLowerEnds(
+        CountLines(plot.table, plot.record.NumData, [&plot, &styles, kind](std::int32_t row) {
+            return AxisOfRow(plot, styles, row) == kind;
+        }));
 }
 
 std::int32_t CountOfLines(const std::vector<DistinctLine>& lines) {

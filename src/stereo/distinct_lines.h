@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "core/row_table.h"
+#include "core/plot.h"
 #include "stereo/axis_rows.h"
 
 #include <cstdint>
@@ -38,17 +38,23 @@ inline constexpr int kLineKeys = 181 * 361;
 [[nodiscard]] std::vector<DistinctLine> DistinctLinesOf(const RowTable& table,
                                                         std::int32_t lastIndex);
 
-/// Those of the main rows of gActivePlot, worked out once until a row changes. Good until the next
-/// call.
-[[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOfActivePlot();
+/// Those of the main rows of a plot, kept with it until a row changes. Good until then.
+[[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOf(Plot& plot);
 
-/// The lines that the statistics of gActivePlot are about: its main rows; in a plot of P and T axes
+/// How many rows these are: the main rows that are plotted. O(lines) where they are kept, else
+/// O(rows).
+[[nodiscard]] std::int32_t CountOfMainRows(const Plot& plot);
+
+/// The lines that the statistics of a plot are about: its main rows; in a plot of P and T axes
 /// those of P. P and T axes are taken by their lower ends, for the sign of their plunge marks their
-/// kind and not a direction. Good until the next call.
-[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOfActivePlot();
+/// kind and not a direction. Kept as those of all rows are.
+[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot);
 
 /// The axes of one kind in a plot of P and T axes, by their lower ends. O(rows).
-[[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(int slot, AxisKind kind);
+///
+/// @param styles  that the symbols of the axes were taken from
+[[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(const Plot& plot, const Styles& styles,
+                                                            AxisKind kind);
 
 /// The number of rows of some lines.
 [[nodiscard]] std::int32_t CountOfLines(const std::vector<DistinctLine>& lines);

@@ -5,6 +5,7 @@
 #include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "platform/platform.h"
 
 namespace quandrel {
 
@@ -18,8 +19,12 @@ bool repainting = false;
 } // namespace
 
 Drawing DrawingInForce() {
-    return {PlotSurface(), LegendSurface(), gSettings.styles, targetPurpose,
-            gSettings.notation.formulas};
+    return {PlotSurface(),
+            LegendSurface(),
+            gSettings.styles,
+            targetPurpose,
+            gSettings.notation.formulas,
+            gPlatform.status};
 }
 
 Surface& PlotSurface() {

@@ -9,6 +9,7 @@
 
 #include "core/formulas.h"
 #include "core/styles.h"
+#include "platform/status_line.h"
 #include "platform/surface.h"
 
 namespace quandrel {
@@ -26,6 +27,9 @@ struct Drawing {
     const Styles& styles;
     DrawnFor purpose = DrawnFor::Window;
     Formulas formulas = Formulas::Own; ///< of the results that are drawn
+    StatusLine* watcher = nullptr;     ///< hears how far long steps have come, if there is one
+    int circleAbove = 0;               ///< set of the small circle that the window paints above the
+                                       ///< picture and that is left out here; 0 leaves out none
 };
 
 /// What is behind the net: the colour of the styles in windows, white on paper.

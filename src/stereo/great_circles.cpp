@@ -2,8 +2,6 @@
 
 #include "stereo/great_circles.h"
 
-#include "core/style_tables.h"
-
 #include <cmath>
 
 namespace quandrel {
@@ -23,15 +21,15 @@ void DrawChord(Surface& surface, double cx, double cy, Colour colour) {
 
 } // namespace
 
-void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int colour, int drawStyle,
-                        double drawWidth) {
+void DrawGreatCircleArc(Surface& surface, const Styles& styles, const GreatCircle& circle,
+                        int colour, int drawStyle, double drawWidth) {
     const SavedState saved(surface);
     DrawState state = surface.State();
     state.drawStyle = drawStyle;
     state.drawWidth = drawWidth;
     state.fillStyle = kNoFill;
     surface.SetState(state);
-    DrawGreatCircle(surface, circle, TableColour(colour));
+    DrawGreatCircle(surface, circle, TableColour(styles, colour));
 }
 
 void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink) {
@@ -44,10 +42,10 @@ void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink) {
     }
 }
 
-void DrawGreatCircleOfPole(Surface& surface, int plotKind, double polePlunge, double poleTrend,
-                           int colour, int drawStyle, double drawWidth) {
-    DrawGreatCircleArc(surface, GreatCircleArc(plotKind, polePlunge, poleTrend), colour, drawStyle,
-                       drawWidth);
+void DrawGreatCircleOfPole(Surface& surface, const Styles& styles, int plotKind, double polePlunge,
+                           double poleTrend, int colour, int drawStyle, double drawWidth) {
+    DrawGreatCircleArc(surface, styles, GreatCircleArc(plotKind, polePlunge, poleTrend), colour,
+                       drawStyle, drawWidth);
 }
 
 } // namespace quandrel

@@ -4,8 +4,6 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
-#include "core/style_tables.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/draw_target.h"
@@ -23,65 +21,64 @@ constexpr double kAxisTick = 20; // half of a tick across an axis
 constexpr double kArrowTip = 1091;
 constexpr double kArrowBarb = 1021;
 
-void DrawCentreCross(Surface& surface) {
-    surface.Line({-kCross, 0}, {kCross, 0}, AxesColour(DrawingInForce()));
-    surface.Line({0, -kCross}, {0, kCross}, AxesColour(DrawingInForce()));
+void DrawCentreCross(Surface& surface, Colour ink) {
+    surface.Line({-kCross, 0}, {kCross, 0}, ink);
+    surface.Line({0, -kCross}, {0, kCross}, ink);
 }
 
-void DrawRimTicks(Surface& surface) {
+void DrawRimTicks(Surface& surface, Colour ink) {
     // Kept: the north has no tick.
-    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, AxesColour(DrawingInForce()));
-    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, AxesColour(DrawingInForce()));
-    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, AxesColour(DrawingInForce()));
+    surface.Line({-kNetRadius, 0}, {-kNetRadius - kRimTick, 0}, ink);
+    surface.Line({kNetRadius, 0}, {kNetRadius + kRimTick, 0}, ink);
+    surface.Line({0, -kNetRadius}, {0, -kNetRadius - kRimTick}, ink);
 }
 
-void DrawDiameters(Surface& surface) {
-    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, AxesColour(DrawingInForce()));
-    surface.Line({0, -kNetRadius}, {0, kNetRadius}, AxesColour(DrawingInForce()));
+void DrawDiameters(Surface& surface, Colour ink) {
+    surface.Line({-kNetRadius, 0}, {kNetRadius, 0}, ink);
+    surface.Line({0, -kNetRadius}, {0, kNetRadius}, ink);
 }
 
 /// Ticks across the four half axes at each ten degrees of plunge.
-void DrawAxisTicks(Surface& surface, int plotKind) {
+void DrawAxisTicks(Surface& surface, int plotKind, Colour ink) {
     for (int i = 1; i <= 8; ++i) {
         std::int16_t x = 0;
         std::int16_t y = 0;
         ProjectPointInt(plotKind, i * kPi / 18, 0, x, y);
         const double d = y;
-        surface.Line({-kAxisTick, d}, {kAxisTick, d}, AxesColour(DrawingInForce()));
-        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, AxesColour(DrawingInForce()));
-        surface.Line({d, -kAxisTick}, {d, kAxisTick}, AxesColour(DrawingInForce()));
-        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, AxesColour(DrawingInForce()));
+        surface.Line({-kAxisTick, d}, {kAxisTick, d}, ink);
+        surface.Line({-kAxisTick, -d}, {kAxisTick, -d}, ink);
+        surface.Line({d, -kAxisTick}, {d, kAxisTick}, ink);
+        surface.Line({-d, -kAxisTick}, {-d, kAxisTick}, ink);
     }
 }
 
 /// Nineteen ticks, every ten degrees from north by east to south.
-void DrawEasternRimTicks(Surface& surface) {
+void DrawEasternRimTicks(Surface& surface, Colour ink) {
     for (int i = 0; i <= 18; ++i) {
         const double azimuth = i * kPi / 18;
         const double x = std::sin(azimuth);
         const double y = std::cos(azimuth);
         surface.Line({kNetRadius * x, kNetRadius * y},
-                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y},
-                     AxesColour(DrawingInForce()));
+                     {(kNetRadius + kRimTick) * x, (kNetRadius + kRimTick) * y}, ink);
     }
 }
 
-void DrawAxes(Surface& surface, int plotKind) {
-    switch (gPlotAxesStyle) {
+void DrawAxes(Surface& surface, int plotKind, int axesStyle, Colour ink) {
+    switch (axesStyle) {
     case 0:
-        DrawCentreCross(surface);
+        DrawCentreCross(surface, ink);
         break;
     case 1:
-        DrawCentreCross(surface);
-        DrawRimTicks(surface);
+        DrawCentreCross(surface, ink);
+        DrawRimTicks(surface, ink);
         break;
     case 2:
-        DrawDiameters(surface);
-        DrawAxisTicks(surface, plotKind);
+        DrawDiameters(surface, ink);
+        DrawAxisTicks(surface, plotKind, ink);
         break;
     case 3:
-        DrawEasternRimTicks(surface);
-        DrawAxisTicks(surface, plotKind);
+        DrawEasternRimTicks(surface, ink);
+        DrawAxisTicks(surface, plotKind, ink);
         break;
     default:
         break;
@@ -89,12 +86,12 @@ void DrawAxes(Surface& surface, int plotKind) {
 }
 
 /// An "N" between the top of the circle and the edge of the surface, as small as that asks for.
-void DrawNorth(Surface& surface) {
+void DrawNorth(Surface& surface, Colour ink) {
     constexpr double kGap = 8; // to the circle
     constexpr double kLeastPoints = 4;
     const SavedState saved(surface);
     DrawState state = surface.State();
-    state.foreColour = AxesColour(DrawingInForce());
+    state.foreColour = ink;
     const double room = surface.Scale().top - kNetRadius - 2 * kGap;
     const double height = surface.TextHeight();
     if (height > room && height > 0) {
@@ -110,43 +107,42 @@ Point AtAzimuth(double radius, double azimuth) {
 
 } // namespace
 
-void SetPlotDrawMode() {
-    const PlotFont& font = gSettings.styles.fonts[kGeneralFont];
+void SetPlotDrawMode(const Drawing& drawing) {
+    const PlotFont& font = drawing.styles.fonts[kGeneralFont];
     DrawState state;
     state.font = font.font;
     state.foreColour = ColourFromValue(static_cast<std::uint32_t>(font.colour));
-    PlotSurface().SetState(state);
+    drawing.plot.SetState(state);
 }
 
-void DrawPlotBase() {
-    Surface& surface = PlotSurface();
+void DrawPlotBase(const PlotRecord& record, const Drawing& drawing) {
+    Surface& surface = drawing.plot;
     surface.SetUserScale(kPlotScale);
-    SetPlotDrawMode();
-    if (!IsDrawingElsewhere()) {
-        surface.Clear(PlotBackground(DrawingInForce()));
+    SetPlotDrawMode(drawing);
+    if (drawing.purpose == DrawnFor::Window) {
+        surface.Clear(PlotBackground(drawing));
     }
-    const int plotKind = ActiveRecord().PlotKind;
-    if (plotKind >= kRose) {
+    if (record.PlotKind >= kRose) {
         return;
     }
-    surface.Circle({0, 0}, kNetRadius, AxesColour(DrawingInForce()));
-    DrawAxes(surface, plotKind);
-    if (gSettings.styles.showNorth) {
-        DrawNorth(surface);
+    const Colour ink = AxesColour(drawing);
+    surface.Circle({0, 0}, kNetRadius, ink);
+    DrawAxes(surface, record.PlotKind, drawing.styles.plotAxesStyle, ink);
+    if (drawing.styles.showNorth) {
+        DrawNorth(surface, ink);
     }
 }
 
-void DrawPlotFurniture() {
-    const PlotRecord& record = ActiveRecord();
+void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
     const auto& mean = record.AxisItems[kMeanItem];
     if (NumberOf(mean[kItemShown]) == 0 || IsEmpty(mean[kItemTrend]) || record.PlotKind >= kRose
         || record.OverlayRows[kOverlayCount] > 0) {
         return;
     }
-    Surface& surface = PlotSurface();
+    Surface& surface = drawing.plot;
     const SavedState saved(surface);
-    const AxisStyle& style = gAxisStyleTable[kMeanGirdleStyle];
-    const Colour colour = TableColour(style[0]);
+    const AxisStyle& style = drawing.styles.axes[kMeanGirdleStyle];
+    const Colour colour = TableColour(drawing.styles, style[0]);
     DrawState state = surface.State();
     state.drawStyle = style[1];
     state.drawWidth = style[2] + 1; // it stands out among lines of the same style
@@ -156,6 +152,18 @@ void DrawPlotFurniture() {
     surface.Line(AtAzimuth(kNetRadius, trend), tip, colour);
     surface.Line(tip, AtAzimuth(kArrowBarb, trend - kPi / 200), colour);
     surface.Line(tip, AtAzimuth(kArrowBarb, trend + kPi / 200), colour);
+}
+
+void SetPlotDrawMode() {
+    SetPlotDrawMode(DrawingInForce());
+}
+
+void DrawPlotBase() {
+    DrawPlotBase(ActiveRecord(), DrawingInForce());
+}
+
+void DrawPlotFurniture() {
+    DrawPlotFurniture(ActiveRecord(), DrawingInForce());
 }
 
 } // namespace quandrel

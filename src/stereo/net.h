@@ -4,20 +4,28 @@
 
 #pragma once
 
+#include "core/plot_record.h"
+#include "stereo/drawing.h"
+
 namespace quandrel {
 
-/// Puts the surface into the state in which every drawing begins.
-void SetPlotDrawMode();
+/// Puts the plot's surface into the state in which every drawing begins.
+void SetPlotDrawMode(const Drawing& drawing);
 
-/// Clears the surface of gActivePlot and draws the primitive circle with the axes in the style of
-/// gPlotAxesStyle: 0 a centre cross, 1 a small cross and rim ticks (none in the north), 2 diameters
-/// with ticks every ten degrees, 3 ticks on the eastern rim and on the axes. A value outside draws
-/// the circle alone. With gSettings.styles.showNorth an "N" stands at the top. A rose draws its
-/// own.
-void DrawPlotBase();
+/// Draws the primitive circle with the axes in the style of Styles::plotAxesStyle: 0 a centre
+/// cross, 1 a small cross and rim ticks (none in the north), 2 diameters with ticks every ten
+/// degrees, 3 ticks on the eastern rim and on the axes. A value outside draws the circle alone.
+/// With Styles::showNorth an "N" is at the top. A rose draws its own. A drawing for a window clears
+/// the surface first.
+void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
 
 /// The mean arrow at the rim, in the style of the mean, when the mean is shown and the plot has no
 /// overlays.
+void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing);
+
+// The same of gActivePlot, in its window.
+void SetPlotDrawMode();
+void DrawPlotBase();
 void DrawPlotFurniture();
 
 } // namespace quandrel

@@ -6,9 +6,9 @@
 #include "core/step_progress.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/draw_target.h"
 #include "stereo/great_circles.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <array>
@@ -66,19 +66,21 @@ struct StyledRow {
     SymbolCode code = 0;
 };
 
-SymbolCode CodeOfRow(std::int32_t index, RowStyle style) {
-    const SymbolCode own = gDataSymbol(gActivePlot, index);
+SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index, RowStyle style) {
+    const SymbolCode own = plot.rows.symbol(index);
     if (style == RowStyle::Own || CodeSymbol(own) == kNoSymbol) {
         return own;
     }
-    const int band = gPointDensity(gActivePlot, index);
+    const int band = plot.rows.pointDensity(index);
     const int row = std::min(kFirstBandSymbol + std::max(band, 1) - 1, kLastBandSymbol);
-    return CodeOfStyleRow(row);
+    return CodeOfStyleRow(styles, row);
 }
 
 /// The rows of a range in the order of the table, without hidden ones and those that a later one of
 /// the same style and place covers.
-std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyle style) {
+std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRange range,
+                                  RowStyle style) {
+    const RowTable& table = plot.table;
     std::unordered_map<SymbolCode, TakenPlaces> taken;
     std::vector<StyledRow> rows;
     SymbolCode currentCode = std::numeric_limits<SymbolCode>::max();
@@ -88,7 +90,7 @@ std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyl
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
             continue;
         }
-        const SymbolCode code = CodeOfRow(index, style);
+        const SymbolCode code = CodeOfRow(plot, styles, index, style);
         if (CodeSymbol(code) == kNoSymbol) {
             continue;
         }
@@ -105,14 +107,14 @@ std::vector<StyledRow> RowsToDraw(const RowTable& table, RowRange range, RowStyl
 }
 
 /// Rows behind one another with one style go to the surface together.
-void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow> rows) {
+void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const StyledRow> rows) {
     std::vector<Point> positions;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::uint32_t place = rows[i].place;
         positions.push_back(
             {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
         if (i + 1 == rows.size() || rows[i + 1].code != rows[i].code) {
-            DrawSymbols(surface, positions, rows[i].code);
+            DrawSymbols(drawing.plot, drawing.styles, positions, rows[i].code);
             positions.clear();
         }
     }
@@ -120,24 +122,25 @@ void DrawRuns(Surface& surface, const RowTable& table, std::span<const StyledRow
 
 /// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
 /// is left out.
-void DrawWithSlipArrows(Surface& surface, const RowTable& table, RowRange range, RowStyle style,
+void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
                         const SlipArrows& arrows) {
+    const RowTable& table = plot.table;
     const int arrow = arrows.haveHeads ? kSlipArrowSymbol : kSlipLineSymbol;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
             continue;
         }
-        const SymbolCode code = CodeOfRow(index, style);
+        const SymbolCode code = CodeOfRow(plot, drawing.styles, index, style);
         if (CodeSymbol(code) == kNoSymbol) {
             continue;
         }
         const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
-        DrawSymbols(surface, std::span(&at, 1), code);
+        DrawSymbols(drawing.plot, drawing.styles, std::span(&at, 1), code);
         const double angle = arrows.azimuth(index);
         if (std::isfinite(angle)) {
-            DrawSymbol(surface, table.x[place], table.y[place], CodeColour(code), arrow,
-                       CodeSize(code), angle);
+            DrawSymbol(drawing.plot, drawing.styles, table.x[place], table.y[place],
+                       CodeColour(code), arrow, CodeSize(code), angle);
         }
     }
 }
@@ -148,10 +151,10 @@ struct DistinctPlanes {
     std::vector<std::int64_t> weights; ///< how many rows share each
 };
 
-/// The planes of the valid main rows of the active plot, from their poles.
-DistinctPlanes PlanesOfMainRows() {
-    const RowTable& table = TableOf(gActivePlot);
-    const std::int32_t last = ActiveRecord().NumData;
+/// The planes of the valid main rows of a plot, from their poles.
+DistinctPlanes PlanesOfMainRows(const Plot& plot) {
+    const RowTable& table = plot.table;
+    const std::int32_t last = plot.record.NumData;
     std::map<std::pair<double, double>, std::int64_t> rows;
     for (std::size_t place = 0; place < table.size(); ++place) {
         if (table.index[place] <= last && !IsErrorRow(table.plunge[place])) {
@@ -166,6 +169,31 @@ DistinctPlanes PlanesOfMainRows() {
     return planes;
 }
 
+BetaIntersections BetaIntersectionsOf(const Plot& plot, StatusLine* watcher) {
+    const DistinctPlanes planes = PlanesOfMainRows(plot);
+    const auto n = static_cast<std::int64_t>(planes.normals.size());
+    StepProgress progress(std::max(n * (n - 1) / 2, std::int64_t{1}), kDrawingWithoutProgress,
+                          watcher);
+    BetaIntersections found;
+    found.places = IntersectionPositions(
+        plot.record.PlotKind, planes.normals, planes.weights,
+        [&progress](std::int64_t pairs) { progress.Reach(pairs); }, found.count);
+    return found;
+}
+
+/// The intersections of a plot with what they were made from.
+struct KeptIntersections {
+    std::uint64_t version = 0; ///< of the table; 0 is none
+    std::int32_t lastIndex = 0;
+    std::int16_t plotKind = 0;
+    BetaIntersections found;
+
+    [[nodiscard]] bool AreOf(const Plot& plot) const {
+        return version == plot.table.version && lastIndex == plot.record.NumData
+               && plotKind == plot.record.PlotKind;
+    }
+};
+
 } // namespace
 
 bool ShowsMainRows(const PlotRecord& record) {
@@ -173,26 +201,24 @@ bool ShowsMainRows(const PlotRecord& record) {
            || record.NumClasses == kContoursOnRows;
 }
 
-void DrawRowSymbols(RowRange range, RowStyle style, const SlipArrows& arrows) {
-    Surface& surface = PlotSurface();
-    const RowTable& table = TableOf(gActivePlot);
+void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
+                    const SlipArrows& arrows) {
     if (arrows.azimuth) {
-        DrawWithSlipArrows(surface, table, range, style, arrows);
+        DrawWithSlipArrows(plot, drawing, range, style, arrows);
         return;
     }
-    DrawRuns(surface, table, RowsToDraw(table, range, style));
+    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style));
 }
 
-void DrawRowGreatCircles(RowRange range) {
-    Surface& surface = PlotSurface();
-    const RowTable& table = TableOf(gActivePlot);
-    const int plotKind = ActiveRecord().PlotKind;
-    const DrawState& state = surface.State();
+void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
+    const RowTable& table = plot.table;
+    const int plotKind = plot.record.PlotKind;
+    const DrawState& state = drawing.plot.State();
     const int style = state.drawStyle;
     const double width = state.drawWidth;
-    const std::vector<StyledRow> rows = RowsToDraw(table, range, RowStyle::Own);
+    const std::vector<StyledRow> rows = RowsToDraw(plot, drawing.styles, range, RowStyle::Own);
     StepProgress progress(std::max(static_cast<std::int64_t>(rows.size()), std::int64_t{1}),
-                          kDrawingWithoutProgress);
+                          kDrawingWithoutProgress, drawing.watcher);
     std::int64_t drawn = 0;
     for (const StyledRow& row : rows) {
         progress.Reach(drawn++);
@@ -202,7 +228,8 @@ void DrawRowGreatCircles(RowRange range) {
         if (plunge < -kSteepestUpwardPole) {
             continue;
         }
-        DrawGreatCircleOfPole(surface, plotKind, plunge, trend, CodeColour(row.code), style, width);
+        DrawGreatCircleOfPole(drawing.plot, drawing.styles, plotKind, plunge, trend,
+                              CodeColour(row.code), style, width);
     }
 }
 
@@ -234,15 +261,34 @@ std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction
     return positions;
 }
 
+const BetaIntersections& WorkOutBetaIntersections(Plot& plot, StatusLine* watcher) {
+    auto& kept = plot.attachments.Of<KeptIntersections>();
+    if (!kept.AreOf(plot)) {
+        kept = {plot.table.version, plot.record.NumData, plot.record.PlotKind,
+                BetaIntersectionsOf(plot, watcher)};
+    }
+    return kept.found;
+}
+
+void DropBetaIntersections(Plot& plot) {
+    plot.attachments.Drop<KeptIntersections>();
+}
+
+void DrawBetaIntersections(const Plot& plot, const Drawing& drawing) {
+    const SymbolCode code = CodeOfStyleRow(drawing.styles, kRowSymbol);
+    const auto* kept = plot.attachments.Find<KeptIntersections>();
+    if (kept != nullptr && kept->AreOf(plot)) {
+        DrawSymbols(drawing.plot, drawing.styles, kept->found.places, code);
+    } else {
+        DrawSymbols(drawing.plot, drawing.styles, BetaIntersectionsOf(plot, drawing.watcher).places,
+                    code);
+    }
+}
+
 std::int64_t DrawBetaIntersections() {
-    const DistinctPlanes planes = PlanesOfMainRows();
-    const auto n = static_cast<std::int64_t>(planes.normals.size());
-    StepProgress progress(std::max(n * (n - 1) / 2, std::int64_t{1}), kDrawingWithoutProgress);
-    std::int64_t count = 0;
-    const std::vector<Point> positions = IntersectionPositions(
-        ActiveRecord().PlotKind, planes.normals, planes.weights,
-        [&progress](std::int64_t pairs) { progress.Reach(pairs); }, count);
-    DrawSymbols(PlotSurface(), positions, CodeOfStyleRow(kRowSymbol));
+    const Drawing drawing = WindowDrawing(gActivePlot);
+    const std::int64_t count = WorkOutBetaIntersections(ActivePlot(), drawing.watcher).count;
+    DrawBetaIntersections(ActivePlot(), drawing);
     return count;
 }
 

@@ -7,11 +7,9 @@
 
 #pragma once
 
-#include "core/plot_record.h"
-#include "core/row_table.h"
-#include "core/style_tables.h"
+#include "core/plot.h"
 #include "orientation/angles.h"
-#include "platform/surface.h"
+#include "stereo/drawing.h"
 
 #include <cstdint>
 #include <functional>
@@ -24,7 +22,7 @@ namespace quandrel {
 /// by appended numbers may show their grid instead.
 [[nodiscard]] bool ShowsMainRows(const PlotRecord& record);
 
-/// Rows to draw: those of the active plot's table whose point index lies from `first` to `last`.
+/// Rows to draw: those of the table whose point index lies from `first` to `last`.
 struct RowRange {
     std::int32_t first = 1;
     std::int32_t last = 0;
@@ -32,7 +30,7 @@ struct RowRange {
 
 /// How the symbol of a row is found.
 enum class RowStyle {
-    Own,         ///< its code in gDataSymbol
+    Own,         ///< its code in the symbol column
     DensityBand, ///< the style of its density band
 };
 
@@ -44,15 +42,35 @@ struct SlipArrows {
 };
 
 /// A symbol for each row with its style, its arrow on top of it. A code of symbol 0 hides a row.
-void DrawRowSymbols(RowRange range, RowStyle style = RowStyle::Own, const SlipArrows& arrows = {});
+void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range,
+                    RowStyle style = RowStyle::Own, const SlipArrows& arrows = {});
 
-/// The great circle of each row: of the plane whose pole stands in the table, in the colour of the
-/// row. A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.
-void DrawRowGreatCircles(RowRange range);
+/// The great circle of each row: of the plane whose pole is in the table, in the colour of the row.
+/// A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.
+void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range);
 
-/// A symbol where the planes of each pair of valid main rows meet, hidden ones too, in the style of
-/// row 0. Parallel planes have no intersection. Returns how many there are. n different planes cost
+/// Where the planes of the main rows meet.
+struct BetaIntersections {
+    std::vector<Point> places; ///< without repeats, whole plot units
+    std::int64_t count = 0;    ///< pairs that meet
+};
+
+/// The intersections of each pair of valid main rows, hidden ones too, kept with the plot until its
+/// rows or its kind change. Parallel planes have no intersection. n different planes cost
 /// n (n - 1) / 2.
+///
+/// @param watcher  the status line, or nothing
+const BetaIntersections& WorkOutBetaIntersections(Plot& plot, StatusLine* watcher);
+
+/// Gives back the memory of the intersections.
+void DropBetaIntersections(Plot& plot);
+
+/// A symbol at each intersection, in the style of row 0. Those that are not kept with the plot are
+/// worked out for this drawing.
+void DrawBetaIntersections(const Plot& plot, const Drawing& drawing);
+
+/// Works out the intersections of gActivePlot and draws them into its window. Returns how many
+/// there are.
 std::int64_t DrawBetaIntersections();
 
 /// Positions, without repeats, of the intersections of all pairs of planes.

@@ -66,18 +66,24 @@ bool IsWholeDegreeLine(ShownOrientation line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
 }
 
-/// True when a plunge marks a row of intersections whose planes do not meet in a line.
-bool MarksParallelPlanes(int slot, std::int32_t plunge) {
+/// True when a plunge marks a row of intersections whose planes do not meet in a line: the plot is
+/// the one that the plot of the planes is linked to.
+bool MarksParallelPlanes(const Plot& plot, std::int32_t plunge) {
     constexpr std::int32_t kNoLine = -90;
-    const int source = RecordOf(slot).KinematicState;
-    return plunge == kNoLine && IsOpenSlot(source) && RecordOf(source).IntersectionState == slot;
+    const int source = plot.record.KinematicState;
+    return plunge == kNoLine && IsOpenSlot(source)
+           && PlotSlots::Find(RecordOf(source).IntersectionState) == &plot;
 }
 
 } // namespace
 
+std::int32_t DipOfRow(const Plot& plot, std::int32_t row) {
+    const std::int32_t dip = plot.rows.dip(row);
+    return MarksParallelPlanes(plot, dip) ? kErrorRow : dip;
+}
+
 std::int32_t DipOfRow(int slot, std::int32_t row) {
-    const std::int32_t dip = gDataDip(slot, row);
-    return MarksParallelPlanes(slot, dip) ? kErrorRow : dip;
+    return DipOfRow(PlotOf(slot), row);
 }
 
 ShownOrientation PoleInDegrees(ShownOrientation plane) {
@@ -97,16 +103,20 @@ bool IsPlottedAsPole(const PlotRecord& record, int overlay) {
     return ShowsPlaneData(record) || record.DataKind == kPlanes;
 }
 
-ShownOrientation OrientationShown(int slot, std::int32_t row) {
-    const PlotRecord& record = RecordOf(slot);
-    ShownOrientation shown{gDataDip(slot, row), gDataAz(slot, row)};
+ShownOrientation OrientationShown(const Plot& plot, std::int32_t row) {
+    const PlotRecord& record = plot.record;
+    ShownOrientation shown{plot.rows.dip(row), plot.rows.azimuth(row)};
     if (record.ShowSecondary != 0 && row <= record.NumData && shown.dip != kErrorRow) {
-        shown = {gData2Dip(slot, row), gData2Az(slot, row)};
+        shown = {plot.rows.dip2(row), plot.rows.azimuth2(row)};
     }
-    if (row <= record.NumData && MarksParallelPlanes(slot, shown.dip)) {
+    if (row <= record.NumData && MarksParallelPlanes(plot, shown.dip)) {
         shown.dip = kErrorRow;
     }
     return shown;
+}
+
+ShownOrientation OrientationShown(int slot, std::int32_t row) {
+    return OrientationShown(PlotOf(slot), row);
 }
 
 PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
@@ -119,26 +129,37 @@ PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
     return {index, place.x, place.y, RadiansOf(line.dip), RadiansOf(line.azimuth)};
 }
 
-void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
-                      bool asPole) {
-    RowTable& table = TableOf(slot);
-    const PlottedRow row = PlottedOrientation(RecordOf(slot).PlotKind, asPole, index, shown);
-    if (place < table.size()) {
-        SetRow(table, place, row);
+namespace {
+
+void StorePosition(Plot& plot, std::size_t place, std::int32_t index, ShownOrientation shown,
+                   bool asPole) {
+    const PlottedRow row = PlottedOrientation(plot.record.PlotKind, asPole, index, shown);
+    if (place < plot.table.size()) {
+        SetRow(plot.table, place, row);
     } else {
-        AppendRow(table, row);
+        AppendRow(plot.table, row);
     }
 }
 
-void RebuildRowTable(int slot) {
-    PlotRecord& record = RecordOf(slot);
-    RowTable& table = TableOf(slot);
-    ResizeRowTable(table, static_cast<std::size_t>(record.NumLoadedData));
+} // namespace
+
+void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
+                      bool asPole) {
+    StorePosition(PlotOf(slot), place, index, shown, asPole);
+}
+
+void RebuildRowTable(Plot& plot) {
+    PlotRecord& record = plot.record;
+    ResizeRowTable(plot.table, static_cast<std::size_t>(record.NumLoadedData));
     for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
-        StoreRowPosition(slot, static_cast<std::size_t>(row) - 1, row, OrientationShown(slot, row),
-                         IsPlottedAsPole(record, OverlayOfRow(record, row)));
+        StorePosition(plot, static_cast<std::size_t>(row) - 1, row, OrientationShown(plot, row),
+                      IsPlottedAsPole(record, OverlayOfRow(record, row)));
     }
     record.RowsChanged = kTrue;
+}
+
+void RebuildRowTable(int slot) {
+    RebuildRowTable(PlotOf(slot));
 }
 
 } // namespace quandrel

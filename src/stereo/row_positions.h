@@ -4,12 +4,12 @@
 // it is plotted as a pole, and where it falls on the net.
 //
 // Inside the folder: the places of rows on the net, symbols, great circles, the net; what the rows
-// of axes say, and the caption of a plot. Enters: the rows, record and styles of gActivePlot.
-// Leaves: the row table with the place of each row, and drawing operations on the surfaces of the
-// plot's window.
+// of axes say, and the caption of a plot; what a drawing is given (drawing.h). Enters: a plot, and
+// a Drawing. Leaves: the row table with the place of each row, and drawing operations on surfaces.
 
 #pragma once
 
+#include "core/plot.h"
 #include "core/plot_rows.h"
 #include "core/row_table.h"
 
@@ -34,6 +34,7 @@ struct ShownOrientation {
 /// The primary dip or plunge of a row as it counts: kErrorRow also for a row of a plot of
 /// intersections whose planes do not meet in a line, which the columns mark with -90. Everyone who
 /// takes rows from the columns asks here which of them are rows.
+[[nodiscard]] std::int32_t DipOfRow(const Plot& plot, std::int32_t row);
 [[nodiscard]] std::int32_t DipOfRow(int slot, std::int32_t row);
 
 /// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip plays no part.
@@ -41,6 +42,7 @@ struct ShownOrientation {
 
 /// The orientation of a row that is shown: the secondary one of a main row while the plot shows the
 /// secondary data, else the primary one.
+[[nodiscard]] ShownOrientation OrientationShown(const Plot& plot, std::int32_t row);
 [[nodiscard]] ShownOrientation OrientationShown(int slot, std::int32_t row);
 
 /// The line of the table for an orientation in whole degrees, dip -90 to 90, azimuth 0 to 360.
@@ -52,8 +54,9 @@ struct ShownOrientation {
 void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
                       bool asPole);
 
-/// Makes the table of a slot anew from the columns, all rows in order, and marks its rows as
+/// Makes the table of a plot anew from the columns, all rows in order, and marks its rows as
 /// changed.
+void RebuildRowTable(Plot& plot);
 void RebuildRowTable(int slot);
 
 } // namespace quandrel

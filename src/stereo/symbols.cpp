@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <map>
+#include <mutex>
 #include <utility>
 
 namespace quandrel {
@@ -183,9 +184,12 @@ std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
     }
 }
 
-/// Glyphs that do not turn, made once each.
+/// Glyphs that do not turn, made once each. They stay at their places, so that a thread may use one
+/// while another makes the next.
 const Glyph& KnownGlyph(int symbolCode, int size) {
+    static std::mutex mutex;
     static std::map<std::pair<int, int>, Glyph> known;
+    const std::lock_guard lock(mutex);
     const auto [place, isNew] = known.try_emplace({symbolCode, size});
     if (isNew) {
         place->second = GlyphOfSymbol(symbolCode, size, 0);
@@ -211,13 +215,13 @@ Glyph GlyphOfSymbol(int symbolCode, int size, double angle) {
     return {std::move(name), PartsOf(symbolCode, drawnSize, angle)};
 }
 
-bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex, int symbolCode,
-                int size, double angle) {
+bool DrawSymbol(Surface& surface, const Styles& styles, std::int16_t x, std::int16_t y,
+                int colourIndex, int symbolCode, int size, double angle) {
     const Point at{static_cast<double>(x), static_cast<double>(y)};
     if (!IsColour(colourIndex)) {
         return false;
     }
-    const Colour colour = TableColour(colourIndex);
+    const Colour colour = TableColour(styles, colourIndex);
     if (IsTurned(symbolCode)) {
         surface.Markers(GlyphOfSymbol(symbolCode, size, angle), colour, std::span(&at, 1));
         return true;
@@ -229,13 +233,14 @@ bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourInde
     return true;
 }
 
-bool DrawSymbols(Surface& surface, std::span<const Point> places, SymbolCode code) {
+bool DrawSymbols(Surface& surface, const Styles& styles, std::span<const Point> places,
+                 SymbolCode code) {
     if (!IsColour(CodeColour(code))) {
         return false;
     }
     const Glyph& glyph = KnownGlyph(CodeSymbol(code), CodeSize(code));
     if (!glyph.parts.empty() && !places.empty()) {
-        surface.Markers(glyph, TableColour(CodeColour(code)), places);
+        surface.Markers(glyph, TableColour(styles, CodeColour(code)), places);
     }
     return true;
 }

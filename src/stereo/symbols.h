@@ -29,15 +29,22 @@ enum SymbolCodeNumber : int {
 /// @param angle  azimuth of a slip arrow or slip line, radians; other shapes do not turn
 [[nodiscard]] Glyph GlyphOfSymbol(int symbolCode, int size, double angle);
 
-/// Draws a symbol. The surface's state is left as it was.
+/// Draws a symbol in the colours of some styles. The surface's state is left as it was.
 ///
 /// @param x, y         plot units
 /// @param colourIndex  0 to 24; any other is refused
 /// @return false when the colour was refused: nothing is drawn
-bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex, int symbolCode,
-                int size, double angle);
+bool DrawSymbol(Surface& surface, const Styles& styles, std::int16_t x, std::int16_t y,
+                int colourIndex, int symbolCode, int size, double angle);
+
+/// The same in the colours in force.
+inline bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex,
+                       int symbolCode, int size, double angle) {
+    return DrawSymbol(surface, gSettings.styles, x, y, colourIndex, symbolCode, size, angle);
+}
 
 /// Draws one style at many places, in their order.
-bool DrawSymbols(Surface& surface, std::span<const Point> places, SymbolCode code);
+bool DrawSymbols(Surface& surface, const Styles& styles, std::span<const Point> places,
+                 SymbolCode code);
 
 } // namespace quandrel

@@ -6,7 +6,8 @@
 #include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/class_stats.h"
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/grid_density.h"
 #include "drawing/legend.h"
 #include "stereo/legend_line.h"
@@ -18,7 +19,7 @@ class ClassLegend : public ClassTest {
 protected:
     static std::vector<std::string> Texts() {
         std::vector<std::string> texts;
-        for (const LegendLine& line : ClassLegendLines()) {
+        for (const LegendLine& line : ClassLegendLines(ActivePlot(), gSettings.styles)) {
             texts.push_back(line.text);
         }
         return texts;
@@ -80,7 +81,7 @@ TEST_F(ClassLegend, ShowsTheStyleThatTheRowsAreDrawnIn) {
     ActiveRecord().ClassMode = kClassesByNumber;
     ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {2, 4}, 3);
     ApplyClassification(kClassesByNumber);
-    const std::vector<LegendLine> lines = ClassLegendLines();
+    const std::vector<LegendLine> lines = ClassLegendLines(ActivePlot(), gSettings.styles);
     ASSERT_EQ(lines.size(), 4U);
     EXPECT_EQ(lines[0].sample, LegendSample::None);
     for (std::size_t row = 1; row <= 3; ++row) {
@@ -91,14 +92,15 @@ TEST_F(ClassLegend, ShowsTheStyleThatTheRowsAreDrawnIn) {
 
 TEST_F(ClassLegend, IsEmptyWithoutClasses) {
     AddNumbers({1});
-    EXPECT_TRUE(ClassLegendLines().empty());
+    EXPECT_TRUE(ClassLegendLines(ActivePlot(), gSettings.styles).empty());
 }
 
 TEST_F(ClassLegend, StandsInTheLegendOfAClassifiedPlot) {
     AddNumbers({3});
     ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {2, 4}, 0);
     ActiveRecord().ClassMode = kClassesByNumber;
-    const std::vector<LegendLine> lines = LegendLines();
+    const std::vector<LegendLine> lines =
+        LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas);
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1].text, "Classified by: Thickness");
     EXPECT_EQ(lines[2].text, "2-4");
@@ -114,18 +116,18 @@ protected:
         record.ClassMode = kClassesByNumber;
         record.ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6, 8}, 3);
         record.ClassStats[kGridChoice] = {static_cast<double>(ClassGridValue::Mean), 0};
-        gGridDensitySlider = 40;
+        gSettings.gridSize = 40;
         ComputeGridDensity();
     }
 
     void TearDown() override {
-        gGridDensitySlider = 50;
+        gSettings.gridSize = 50;
         ClassLegend::TearDown();
     }
 
     static std::vector<LegendSample> Samples() {
         std::vector<LegendSample> samples;
-        for (const LegendLine& line : ClassLegendLines()) {
+        for (const LegendLine& line : ClassLegendLines(ActivePlot(), gSettings.styles)) {
             samples.push_back(line.sample);
         }
         return samples;
@@ -164,7 +166,7 @@ TEST_F(GridLegend, ListsTheClassesThatThePlotTypeShows) {
 
 TEST_F(GridLegend, LinesHaveTheColoursOfTheContours) {
     ActiveRecord().NumClasses = kContouredGriddedValues;
-    EXPECT_EQ(ClassLegendLines()[2].code,
+    EXPECT_EQ(ClassLegendLines(ActivePlot(), gSettings.styles)[2].code,
               MakeSymbolCode(CodeColour(CodeOfClass(3)), kSolidLine, 1));
 }
 
@@ -183,7 +185,7 @@ TEST_F(GridLegend, ShowsNoSamplesOfRowsThatAreNotDrawnInTheirStyles) {
 
 TEST_F(GridLegend, OfGreatCirclesShowsLinesInTheirColours) {
     ActiveRecord().PlotSymbolMode = kGreatCircles;
-    const std::vector<LegendLine> lines = ClassLegendLines();
+    const std::vector<LegendLine> lines = ClassLegendLines(ActivePlot(), gSettings.styles);
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1].sample, LegendSample::GreatCircle);
     EXPECT_EQ(lines[2].code, CodeOfClass(5));

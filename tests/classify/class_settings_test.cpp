@@ -2,6 +2,7 @@
 
 #include "class_fixture.h"
 #include "classify/class_settings.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 
 #include <algorithm>
@@ -250,7 +251,8 @@ TEST_F(ClassSettingsTest, FillTypesWithAClassForEachNumber) {
     EXPECT_EQ(chosen.textNumbers.limits.limits[1], 9);
     EXPECT_EQ(chosen.textNumbers.limits.top, 10);
     ASSERT_EQ(ApplyClassSettings(chosen), "");
-    EXPECT_EQ(RowsOfClasses(kClassesByTextNumber), (std::vector<std::int32_t>{1, 0, 2, 1, 1}));
+    EXPECT_EQ(RowsOfClasses(ActivePlot(), kClassesByTextNumber),
+              (std::vector<std::int32_t>{1, 0, 2, 1, 1}));
 }
 
 TEST(SetNumberOfRanges, KeepsTheTopAndTheLimitsThatStay) {

@@ -2,7 +2,9 @@
 
 #include "class_fixture.h"
 #include "classify/classification.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -92,7 +94,8 @@ TEST_F(Classification, HidesErrorRowsAndLeavesThemUncounted) {
     ApplyClassification(kClassesByNumber);
     EXPECT_EQ(Codes(), (std::vector<SymbolCode>{TableCode(40), 0}));
     EXPECT_EQ(ActiveRecord().NumClassified, 1);
-    EXPECT_EQ(RowsOfClasses(kClassesByNumber), (std::vector<std::int32_t>{0, 0, 1, 0}));
+    EXPECT_EQ(RowsOfClasses(ActivePlot(), kClassesByNumber),
+              (std::vector<std::int32_t>{0, 0, 1, 0}));
 }
 
 TEST_F(Classification, SetToNoneGivesTheLoadedSymbolsBack) {
@@ -112,7 +115,7 @@ TEST_F(Classification, OfAnUnknownModeIsNone) {
     gDataSymbol.At(gActivePlot, 1) = 0;
     EXPECT_EQ(ClassifyRow(1, 4), 0);
     EXPECT_EQ(ClassifyRow(1, -1), 0);
-    EXPECT_TRUE(RowsOfClasses(9).empty());
+    EXPECT_TRUE(RowsOfClasses(ActivePlot(), 9).empty());
     ApplyClassification(9);
     EXPECT_EQ(Codes(), std::vector<SymbolCode>{50302});
 }
@@ -160,7 +163,7 @@ TEST_F(Classification, ClassesSumUpToTheClassifiedRows) {
         }
         for (const ClassModeCode mode : {kClassesByNumber, kClassesByTextNumber, kClassesByName}) {
             ApplyClassification(mode);
-            const std::vector<std::int32_t> rows = RowsOfClasses(mode);
+            const std::vector<std::int32_t> rows = RowsOfClasses(ActivePlot(), mode);
             EXPECT_EQ(std::accumulate(rows.begin() + 1, rows.end(), 0),
                       ActiveRecord().NumClassified);
             EXPECT_EQ(std::accumulate(rows.begin(), rows.end(), 0), ActiveRecord().NumValidData);
@@ -175,11 +178,11 @@ TEST_F(Classification, ClassesSumUpToTheClassifiedRows) {
 TEST_F(Classification, IsRefreshedForNewRowsOfAClassifiedPlotAlone) {
     AddNumbers({3});
     ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {2, 4}, 0);
-    RefreshClassification();
+    RefreshClassification(ActivePlot(), gSettings.styles);
     EXPECT_EQ(Codes(), std::vector<SymbolCode>{50302});
     ActiveRecord().ClassMode = kClassesByNumber;
     AddNumbers({2});
-    RefreshClassification();
+    RefreshClassification(ActivePlot(), gSettings.styles);
     EXPECT_EQ(Codes(), (std::vector<SymbolCode>{TableCode(40), TableCode(40)}));
     EXPECT_EQ(ActiveRecord().NumClassified, 2);
 }

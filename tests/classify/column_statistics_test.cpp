@@ -2,7 +2,8 @@
 
 #include "class_fixture.h"
 #include "classify/column_statistics.h"
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/grid_density.h"
 
 #include <cmath>
@@ -37,9 +38,11 @@ TEST_F(ColumnStatisticsTest, CountValidNumbersOfMainRowsAlone) {
 TEST_F(ColumnStatisticsTest, ReadTextsByTheRegionalDelimiter) {
     AddTexts({"2,5", "7", "2.5"});
     gDecimalIsComma = true;
-    EXPECT_EQ(ValidNumbersOfColumn(kTextNumberClasses), (std::vector<double>{2.5, 7}));
+    EXPECT_EQ(ValidNumbersOfColumn(ActivePlot(), kTextNumberClasses),
+              (std::vector<double>{2.5, 7}));
     gDecimalIsComma = false;
-    EXPECT_EQ(ValidNumbersOfColumn(kTextNumberClasses), (std::vector<double>{7, 2.5}));
+    EXPECT_EQ(ValidNumbersOfColumn(ActivePlot(), kTextNumberClasses),
+              (std::vector<double>{7, 2.5}));
 }
 
 TEST_F(ColumnStatisticsTest, CountNamesWithoutCase) {
@@ -74,7 +77,7 @@ TEST_F(ColumnStatisticsTest, GoIntoTheRecordWithTheRangesOfTheGrids) {
     ActiveRecord().DataKind = kLines;
     ActiveRecord().ClassMode = 1;
     ActiveRecord().ClassStats[kGridChoice] = {1, -5};
-    gGridDensitySlider = 20;
+    gSettings.gridSize = 20;
     AddNumbers({2, 4, 9}); // three rows of one place: their mean is 5, their sum 15 at every node
     ComputeGridDensity();
     UpdateClassStats();
@@ -89,7 +92,7 @@ TEST_F(ColumnStatisticsTest, GoIntoTheRecordWithTheRangesOfTheGrids) {
     EXPECT_EQ(stats[kCumulativeRange][1], 15);
     EXPECT_EQ(GridValueShown(ActiveRecord()), ClassGridValue::Cumulative);
     EXPECT_EQ(GridBackground(ActiveRecord()), -5);
-    gGridDensitySlider = 50;
+    gSettings.gridSize = 50;
 }
 
 TEST_F(ColumnStatisticsTest, AreZeroInTheRecordOfAPlotWithoutValues) {

@@ -5,12 +5,13 @@
 #include "classify/classification.h"
 #include "classify/column_statistics.h"
 #include "classify/value_grid.h"
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/class_grid.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
-#include "stereo/draw_target.h"
+#include "stereo/window_drawing.h"
 
 #include <cmath>
 #include <random>
@@ -24,7 +25,7 @@ constexpr int kSize = 40;
 class ValueGrid : public ClassTest {
 protected:
     void TearDown() override {
-        gGridDensitySlider = 50;
+        gSettings.gridSize = 50;
         ClassTest::TearDown();
     }
 
@@ -41,11 +42,11 @@ protected:
         record.ClassMode = kClassesByNumber;
         record.ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6, 8}, 3);
         record.ClassStats[kGridChoice] = {static_cast<double>(shown), background};
-        gGridDensitySlider = kSize;
+        gSettings.gridSize = kSize;
         ComputeGridDensity();
         ASSERT_NE(gGridCount[static_cast<std::size_t>(gActivePlot)], 0);
-        PlotSurface().SetUserScale(kPlotScale);
-        PlotSurface().Clear(kWhite);
+        FormOf(gActivePlot).PlotSurface().SetUserScale(kPlotScale);
+        FormOf(gActivePlot).PlotSurface().Clear(kWhite);
     }
 
     static double ValueAt(GridLayer layer, int column, int row) {
@@ -99,7 +100,7 @@ TEST_F(ValueGrid, ShowsTheClassOfEachNodeOnTheNetThatHasAValue) {
             }
         }
         ASSERT_GE(expected.size(), 4U);
-        DrawValueGrid();
+        DrawValueGrid(ActivePlot(), WindowDrawing(gActivePlot));
         const auto drawn = Drawn();
         ASSERT_EQ(drawn.size(), expected.size());
         auto operation = drawn.begin();
@@ -117,7 +118,7 @@ TEST_F(ValueGrid, ShowsTheClassOfEachNodeOnTheNetThatHasAValue) {
 
 TEST_F(ValueGrid, IsContouredWhereClassesMeet) {
     MakePlot(ClassGridValue::Mean, 0);
-    const auto contours = ValueContoursOfActivePlot();
+    const auto contours = ValueContoursOf(ActivePlot());
     ASSERT_EQ(contours.size(), 4U);
     const double limits[] = {2, 4, 6, 8};
     for (std::size_t k = 0; k < contours.size(); ++k) {
@@ -141,7 +142,7 @@ TEST_F(ValueGrid, IsContouredWhereClassesMeet) {
 TEST_F(ValueGrid, WithoutABackgroundHasNoContourAboutEmptyNodes) {
     MakePlot(ClassGridValue::Mean, kUnsetValue);
     std::size_t segments = 0;
-    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+    for (const ValueContour& contour : ValueContoursOf(ActivePlot())) {
         segments += contour.segments.size();
         for (const ContourSegment& segment : contour.segments) {
             ASSERT_TRUE(
@@ -151,7 +152,7 @@ TEST_F(ValueGrid, WithoutABackgroundHasNoContourAboutEmptyNodes) {
     EXPECT_GT(segments, 0U);
     ActiveRecord().ClassStats[kGridChoice][1] = 0;
     std::size_t withBackground = 0;
-    for (const ValueContour& contour : ValueContoursOfActivePlot()) {
+    for (const ValueContour& contour : ValueContoursOf(ActivePlot())) {
         withBackground += contour.segments.size();
     }
     EXPECT_GT(withBackground, segments);
@@ -188,7 +189,7 @@ TEST_F(ValueGrid, GivesRangesTheirLimits) {
         // Every node has a class, and the top one is not for the sums alone.
         ASSERT_EQ(ApplyClassSettings(chosen), "");
         ComputeGridDensity();
-        std::vector<bool> classes = ClassesOfValueNodes();
+        std::vector<bool> classes = ClassesOfValueNodes(ActivePlot());
         ASSERT_EQ(classes.size(), 7U) << "both excesses are kept";
         EXPECT_TRUE(classes[2] && classes[5]) << "from the lowest to the highest";
     }
@@ -205,7 +206,7 @@ TEST_F(ValueGrid, GivesRangesTheirLimits) {
 TEST_F(ValueGrid, OfAPlotThatIsNotClassifiedByNumbersIsNothing) {
     MakePlot(ClassGridValue::Mean, 0);
     ActiveRecord().ClassMode = kClassesByName;
-    DrawValueGrid();
+    DrawValueGrid(ActivePlot(), WindowDrawing(gActivePlot));
     TraceContoursClassified();
     EXPECT_TRUE(Drawn().empty());
 }

@@ -10,7 +10,7 @@ class Progress : public EngineTest {};
 
 TEST_F(Progress, AStepThatTakesLongHasABarUntilItsEnd) {
     {
-        StepProgress progress(10, std::chrono::milliseconds(0));
+        StepProgress progress(10, std::chrono::milliseconds(0), &status);
         EXPECT_FALSE(status.ProgressIsShown());
         EXPECT_TRUE(progress.Reach(3));
         EXPECT_TRUE(status.ProgressIsShown());
@@ -19,7 +19,7 @@ TEST_F(Progress, AStepThatTakesLongHasABarUntilItsEnd) {
 }
 
 TEST_F(Progress, AQuickStepHasNone) {
-    StepProgress progress(10, std::chrono::hours(1));
+    StepProgress progress(10, std::chrono::hours(1), &status);
     EXPECT_FALSE(progress.Reach(9));
     EXPECT_FALSE(status.ProgressIsShown());
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
+#include "core/settings_value.h"
 #include "density/class_grid.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
@@ -21,7 +21,7 @@ protected:
         EngineTest::SetUp();
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;
-        gGridDensitySlider = 20;
+        gSettings.gridSize = 20;
         NewPlot();
         ActiveRecord().ClassMode = 1;
         ActiveRecord().HasAppendedNumeric = kTrue;
@@ -34,7 +34,7 @@ protected:
     }
 
     void TearDown() override {
-        gGridDensitySlider = 50;
+        gSettings.gridSize = 50;
         EngineTest::TearDown();
     }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/contours.h"
 #include "density/grid_geometry.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -46,7 +47,7 @@ protected:
     static const RecordingSurface& Net() { return Form(gActivePlot).Plot(); }
 
     static std::vector<DrawOperation> Trace() {
-        PlotSurface().Clear(kWhite);
+        FormOf(gActivePlot).PlotSurface().Clear(kWhite);
         TraceContours();
         return DrawnOn(Net());
     }
@@ -63,7 +64,7 @@ TEST_F(Contours, AreFoundAtTheDoublingLevelsOfTheGrid) {
 TEST_F(Contours, StandWhereTheGridHasTheirDensity) {
     MakeHill(200, 100); // up to 50%, whole counts are half per cents
     Trace();
-    const auto contours = ContoursOfActivePlot();
+    const auto contours = ContoursOf(ActivePlot());
     ASSERT_EQ(contours.size(), 6U);
     for (const LevelContour& contour : contours) {
         ASSERT_FALSE(contour.segments.empty());
@@ -80,7 +81,7 @@ TEST_F(Contours, RunHalfWayBetweenWholeCountsAndKeepTheirNames) {
     // 2% of 60 rows are 1.2 of them: nodes of 2 lie inside, nodes of 1 do not.
     MakeHill(60, 12);
     Trace();
-    const auto contours = ContoursOfActivePlot();
+    const auto contours = ContoursOf(ActivePlot());
     ASSERT_EQ(contours.size(), 4U);
     const std::array<double, 4> counts = {1.5, 2.5, 4.5, 9.5}; // 1.2, 2.4, 4.8, 9.6 rounded up
     const std::array<std::int16_t, 4> names = {2, 4, 8, 16};
@@ -121,7 +122,7 @@ TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
     gSettings.styles.contours[1] = {7, kDashedLine, 3};
     const auto drawn = Trace();
     ASSERT_EQ(drawn.size(), 4U) << "a closed line a level";
-    const auto contours = ContoursOfActivePlot();
+    const auto contours = ContoursOf(ActivePlot());
     for (std::size_t k = 0; k < drawn.size(); ++k) {
         EXPECT_EQ(drawn[k].kind, Kind::Polyline);
         EXPECT_EQ(drawn[k].colour, TableColour(gSettings.styles.contours[k][0]));
@@ -135,9 +136,9 @@ TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
 TEST_F(Contours, LeaveTheSurfaceAsItWas) {
     MakeHill(60, 12);
     gSettings.styles.contours[3] = {7, kDottedLine, 4};
-    const DrawState before = PlotSurface().State();
+    const DrawState before = FormOf(gActivePlot).PlotSurface().State();
     Trace();
-    EXPECT_EQ(PlotSurface().State(), before);
+    EXPECT_EQ(FormOf(gActivePlot).PlotSurface().State(), before);
 }
 
 TEST_F(Contours, AreTheSameInTwoDrawings) {
@@ -201,9 +202,9 @@ TEST_F(Contours, EndOnThePrimitive) {
 }
 
 TEST_F(Contours, BeyondTheSixthLevelTakeTheLastStyle) {
-    EXPECT_EQ(ContourStyleOf(5), gSettings.styles.contours[5]);
-    EXPECT_EQ(ContourStyleOf(6), gSettings.styles.contours[5]);
-    EXPECT_EQ(ContourStyleOf(8), gSettings.styles.contours[5]);
+    EXPECT_EQ(ContourStyleOf(gSettings.styles, 5), gSettings.styles.contours[5]);
+    EXPECT_EQ(ContourStyleOf(gSettings.styles, 6), gSettings.styles.contours[5]);
+    EXPECT_EQ(ContourStyleOf(gSettings.styles, 8), gSettings.styles.contours[5]);
 }
 
 TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "density/contours.h"
 #include "density/density_legend.h"
@@ -41,7 +42,7 @@ protected:
 
     static std::vector<std::string> Texts() {
         std::vector<std::string> texts;
-        for (const LegendLine& line : BandLegendLines()) {
+        for (const LegendLine& line : BandLegendLines(ActivePlot(), gSettings.styles)) {
             texts.push_back(line.text);
         }
         return texts;
@@ -50,7 +51,7 @@ protected:
     /// Rows of gSymbolTable of the samples, -1 for a line without one.
     static std::vector<int> SampleRows() {
         std::vector<int> rows;
-        for (const LegendLine& line : BandLegendLines()) {
+        for (const LegendLine& line : BandLegendLines(ActivePlot(), gSettings.styles)) {
             int found = -1;
             for (int row = kFirstBandSymbol; row <= kLastBandSymbol; ++row) {
                 found = line.sample == LegendSample::Symbol && line.code == CodeOfStyleRow(row)
@@ -134,7 +135,7 @@ TEST_F(DensityLegend, OfContoursHasALineForEachLevelInItsStyle) {
     gSettings.styles.contours[1] = {7, kDashedLine, 3};
     EXPECT_EQ(Texts(),
               (Lines{" 1 pt. (1.67%)", " > 2.00%", " > 4.00%", " > 8.00%", "(Max. =9.00%)"}));
-    const auto lines = BandLegendLines();
+    const auto lines = BandLegendLines(ActivePlot(), gSettings.styles);
     EXPECT_EQ(lines[0].sample, LegendSample::Indent);
     EXPECT_EQ(lines[2].sample, LegendSample::Line);
     EXPECT_EQ(lines[2].code, MakeSymbolCode(7, kDashedLine, 3));
@@ -159,14 +160,14 @@ TEST_F(DensityLegend, IsEmptyWhereNoDensitiesAreShown) {
     for (const std::int16_t mode :
          {kGreatCircles, kPointSymbols, kPointSymbolsToo, kBetaIntersections}) {
         Show(60, mode, 10);
-        EXPECT_TRUE(BandLegendLines().empty()) << mode;
+        EXPECT_TRUE(BandLegendLines(ActivePlot(), gSettings.styles).empty()) << mode;
     }
 }
 
 TEST_F(DensityLegend, IsEmptyWithoutRows) {
     for (const std::int16_t mode : {kPointDensitySymbols, kContours, kContoursAndGrid}) {
         Show(0, mode, 0);
-        EXPECT_TRUE(BandLegendLines().empty()) << mode;
+        EXPECT_TRUE(BandLegendLines(ActivePlot(), gSettings.styles).empty()) << mode;
     }
 }
 
@@ -175,15 +176,17 @@ TEST_F(DensityLegend, IsEmptyWhereTheGridShowsValuesOfClasses) {
     ActiveRecord().GridDensityMax = 9;
     ActiveRecord().ClassMode = 1;
     SetLevels({2, 4});
-    EXPECT_EQ(BandLegendLines().size(), 4U) << "densities of a plot of classified points";
+    EXPECT_EQ(BandLegendLines(ActivePlot(), gSettings.styles).size(), 4U)
+        << "densities of a plot of classified points";
     for (std::int16_t type = 1; type <= 3; ++type) {
         ActiveRecord().NumClasses = type;
-        EXPECT_TRUE(BandLegendLines().empty()) << type;
+        EXPECT_TRUE(BandLegendLines(ActivePlot(), gSettings.styles).empty()) << type;
     }
     ActiveRecord().NumClasses = 4;
-    EXPECT_EQ(BandLegendLines().size(), 4U) << "contours of values over the densities";
+    EXPECT_EQ(BandLegendLines(ActivePlot(), gSettings.styles).size(), 4U)
+        << "contours of values over the densities";
     ActiveRecord().PlotSymbolMode = kPointSymbols;
-    EXPECT_TRUE(BandLegendLines().empty()) << "and over points";
+    EXPECT_TRUE(BandLegendLines(ActivePlot(), gSettings.styles).empty()) << "and over points";
 }
 
 /// The styles of the bands that counts from `least` to n fall into.

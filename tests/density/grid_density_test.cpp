@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
@@ -170,7 +171,7 @@ protected:
         EngineTest::SetUp();
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;
-        gGridDensitySlider = 20;
+        gSettings.gridSize = 20;
         NewPlot();
     }
 
@@ -181,7 +182,7 @@ protected:
     }
 
     void TearDown() override {
-        gGridDensitySlider = 50;
+        gSettings.gridSize = 50;
         EngineTest::TearDown();
     }
 
@@ -236,7 +237,7 @@ TEST_F(GridDensity, HoldsTheCountsOfEveryNodeAndNothingElse) {
 
 TEST_F(GridDensity, ASingleRowMakesAPatchOfOnes) {
     AddRow(90, 0);
-    gGridDensitySlider = 100;
+    gSettings.gridSize = 100;
     ComputeGridDensity();
     EXPECT_EQ(ActiveRecord().GridDensityMax, 100);
     for (int column = 0; column < GridNodes(100); ++column) {
@@ -262,7 +263,7 @@ TEST_F(GridDensity, TakesItsSizeFromTheSlider) {
     AddRow(30, 120);
     const std::map<int, int> sizes = {{10, 10}, {70, 70}, {150, 150}, {400, 150}, {3, 10}};
     for (const auto& [slider, size] : sizes) {
-        gGridDensitySlider = slider;
+        gSettings.gridSize = slider;
         ComputeGridDensity();
         EXPECT_EQ(ActiveRecord().GridSize, size);
     }
@@ -336,7 +337,7 @@ TEST_F(GridDensity, CountsMoreThanSixteenBitsHold) {
     ComputeGridDensity();
     EXPECT_EQ(std::ranges::max(Cells()), 40000);
     EXPECT_EQ(ActiveRecord().GridDensityMax, 100);
-    EXPECT_EQ(DensityAt(DegToRad(45), DegToRad(45)).count, 40000);
+    EXPECT_EQ(DensityAt(ActivePlot(), DegToRad(45), DegToRad(45)).count, 40000);
 }
 
 TEST_F(GridDensity, AtALineIsWhatANodeThereWouldHold) {
@@ -347,7 +348,7 @@ TEST_F(GridDensity, AtALineIsWhatANodeThereWouldHold) {
             double plunge = 0;
             double trend = 0;
             UnprojectPoint(kEqualArea, column * 100 - 1100, row * 100 - 1100, plunge, trend);
-            const ConeDensity density = DensityAt(plunge, trend);
+            const ConeDensity density = DensityAt(ActivePlot(), plunge, trend);
             ASSERT_EQ(density.count, Cell(column, row));
             ASSERT_DOUBLE_EQ(density.perCent, density.count / 3.0) << "of 300 rows";
         }
@@ -355,8 +356,8 @@ TEST_F(GridDensity, AtALineIsWhatANodeThereWouldHold) {
 }
 
 TEST_F(GridDensity, AtALineOfAnEmptyPlotIsNothing) {
-    EXPECT_EQ(DensityAt(1, 1).count, 0);
-    EXPECT_EQ(DensityAt(1, 1).perCent, 0);
+    EXPECT_EQ(DensityAt(ActivePlot(), 1, 1).count, 0);
+    EXPECT_EQ(DensityAt(ActivePlot(), 1, 1).perCent, 0);
 }
 
 // Symbols.

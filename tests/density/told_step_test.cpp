@@ -10,7 +10,7 @@ class Told : public EngineTest {};
 
 TEST_F(Told, ALongStepHasItsTextAndBarUntilItsEnd) {
     {
-        ToldStep step("counting", 0, std::chrono::milliseconds(0));
+        ToldStep step("counting", 0, &status, std::chrono::milliseconds(0));
         EXPECT_EQ(status.Text(), "");
         step.Reach(0);
         EXPECT_EQ(status.Text(), "counting");
@@ -23,7 +23,7 @@ TEST_F(Told, ALongStepHasItsTextAndBarUntilItsEnd) {
 TEST_F(Told, AQuickStepLeavesTheStatusLineAlone) {
     status.SetText("as before");
     {
-        ToldStep step("counting", 10, std::chrono::hours(1));
+        ToldStep step("counting", 10, &status, std::chrono::hours(1));
         step.Reach(9);
         EXPECT_EQ(status.Text(), "as before");
     }

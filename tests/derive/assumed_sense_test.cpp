@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "derive/fault_plot.h"
 #include "derive/fault_rows.h"
 #include "derive/kinematic_plots.h"
@@ -93,13 +95,17 @@ TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
     ReplotActivePlot(false);
     EXPECT_EQ(drawn("50/"), 0);
     EXPECT_EQ(drawn("53/"), 2);
-    EXPECT_EQ(LegendLines().back().text, "Slip lines, sense not told");
-    EXPECT_EQ(LegendLines().back().sample, LegendSample::Line);
+    EXPECT_EQ(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
+              "Slip lines, sense not told");
+    EXPECT_EQ(
+        LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().sample,
+        LegendSample::Line);
     SetSecondary(slot, 1, -60, 90);
     ReplotActivePlot(false);
     EXPECT_EQ(drawn("50/"), 2) << "one row that tells its sense is enough";
     EXPECT_EQ(drawn("53/"), 0);
-    EXPECT_NE(LegendLines().back().text, "Slip lines, sense not told");
+    EXPECT_NE(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
+              "Slip lines, sense not told");
 }
 
 TEST(SlipLineSymbol, ReachesAsFarToBothSides) {

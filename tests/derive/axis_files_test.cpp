@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "derive/fault_plot.h"
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
@@ -53,7 +54,10 @@ protected:
         std::vector<std::string> rows;
         for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
             if (gDataDip(slot, row) != kErrorRow) {
-                rows.push_back(std::string(AxisOfRow(slot, row) == AxisKind::Extension ? "T" : "P")
+                rows.push_back(std::string(AxisOfRow(PlotOf(slot), gSettings.styles, row)
+                                                   == AxisKind::Extension
+                                               ? "T"
+                                               : "P")
                                + " " + std::string(gAppText(slot, row)) + " " + Line(slot, row)
                                + " " + SymbolCodeText(gDataSymbol(slot, row)));
             }

@@ -263,10 +263,10 @@ TEST_F(SlipOptions, OnPlanesDrawGreatCirclesAndTheLinesAsAnOverlayWithArrows) {
     EXPECT_EQ(Record().NumSymbolsInPlot, 2);
     EXPECT_EQ(Arrows(slot), 3);
     for (std::int32_t row = 1; row <= 3; ++row) {
-        const float inOverlay = SlipArrowAngle(slot, 3 + row);
+        const float inOverlay = SlipArrowAngle(PlotOf(slot), 3 + row);
         Record().ShowSecondary = kTrue;
         Record().DataKind = kLines;
-        EXPECT_FLOAT_EQ(inOverlay, SlipArrowAngle(slot, row)) << "that of the line alone";
+        EXPECT_FLOAT_EQ(inOverlay, SlipArrowAngle(PlotOf(slot), row)) << "that of the line alone";
         Record().ShowSecondary = 0;
     }
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "derive/fault_plot.h"
 #include "derive/fault_rows.h"
@@ -124,7 +125,7 @@ TEST(SlipArrowAzimuth, IsNotThereForALineAtRightAnglesToItsPlane) {
 class SlipArrows : public FaultTest {
 protected:
     static float Degrees(int slot, std::int32_t row) {
-        return SlipArrowAngle(slot, row) * 180 / std::acos(-1.0F);
+        return SlipArrowAngle(PlotOf(slot), row) * 180 / std::acos(-1.0F);
     }
 };
 
@@ -153,7 +154,7 @@ TEST_F(SlipArrows, FollowTheSetThatIsShown) {
 
 TEST_F(SlipArrows, AreDrawnInWholeDegrees) {
     const int slot = NewFaultPlot({{60, 45, 50, 80}});
-    const double drawn = DrawnSlipArrowAngle(1) / Radians(1);
+    const double drawn = DrawnSlipArrowAngle(ActivePlot(), 1) / Radians(1);
     EXPECT_NEAR(drawn, std::round(drawn), 1e-9);
     EXPECT_NEAR(drawn, static_cast<double>(Degrees(slot, 1)), 0.5);
 }
@@ -162,8 +163,8 @@ TEST_F(SlipArrows, AreNotThereForRowsThatLackAFault) {
     const int slot =
         NewFaultPlot({{60, 45, kErrorRow, 0}, {kErrorRow, 0, 0, 0}, {60, 90, 30, 270}});
     for (std::int32_t row = 1; row <= 3; ++row) {
-        EXPECT_TRUE(std::isnan(SlipArrowAngle(slot, row))) << row;
-        EXPECT_TRUE(std::isnan(DrawnSlipArrowAngle(row))) << row;
+        EXPECT_TRUE(std::isnan(SlipArrowAngle(PlotOf(slot), row))) << row;
+        EXPECT_TRUE(std::isnan(DrawnSlipArrowAngle(ActivePlot(), row))) << row;
     }
     ActiveRecord().DensityInvalid = kTrue;
     ReplotActivePlot(false);
@@ -186,7 +187,7 @@ TEST_F(SlipArrows, OfAnOverlayThatWasLoadedOverTheSecondarySetTakeItsPairsExchan
     int secondary = 1;
     GrowDataColumns(secondary, 2);
     SetSecondary(slot, 2, 60, 45);
-    EXPECT_FLOAT_EQ(SlipArrowAngle(slot, 2), SlipArrowAngle(slot, 1));
+    EXPECT_FLOAT_EQ(SlipArrowAngle(PlotOf(slot), 2), SlipArrowAngle(PlotOf(slot), 1));
 }
 
 TEST(FaultRows, AreReadableWithinTheRangesOfOrientations) {

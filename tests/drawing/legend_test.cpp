@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "classify/class_legend.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "drawing/legend.h"
 #include "rose/rose_legend.h"
 #include "stereo/legend_line.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -27,7 +29,7 @@ protected:
     std::vector<DrawOperation> Drawn(const LegendLine& line, Kind kind) {
         RecordingForm& form = Form(gActivePlot);
         form.LegendSurface().Clear(kWhite);
-        DrawLegendLines(form.LegendSurface(), {line});
+        DrawLegendLines(WindowDrawing(gActivePlot), {line});
         std::vector<DrawOperation> found;
         std::ranges::copy_if(
             DrawnOn(form.Legend()), std::back_inserter(found),
@@ -43,7 +45,9 @@ protected:
         return texts;
     }
 
-    static std::vector<std::string> Texts() { return TextsOf(LegendLines()); }
+    static std::vector<std::string> Texts() {
+        return TextsOf(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas));
+    }
 
     /// The name of the data, and lines of a folder below it.
     static std::vector<std::string> TextsWith(const std::vector<LegendLine>& lines) {
@@ -87,7 +91,7 @@ TEST_F(Legend, OfAClassifiedPlotListsClassesInThePlaceOfRows) {
     AddRow(30, 120);
     EXPECT_EQ(Texts().back(), "Poles to planes");
     ActiveRecord().ClassMode = 1;
-    EXPECT_EQ(Texts(), TextsWith(ClassLegendLines()));
+    EXPECT_EQ(Texts(), TextsWith(ClassLegendLines(ActivePlot(), gSettings.styles)));
 }
 
 TEST_F(Legend, CallsTheOtherSetOfTheRowsByWhatItIs) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/grid_slider.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "core/settings.h"
+#include "core/settings_value.h"
+#include "drawing/draw_plot.h"
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "drawing/plot_state.h"
@@ -12,10 +14,10 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/data_kind.h"
-#include "stereo/draw_target.h"
 #include "stereo/legend_line.h"
 #include "stereo/plot_title.h"
 #include "stereo/row_drawing.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -38,7 +40,7 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         gPlotAxesStyle = 9;
-        gGridDensitySlider = 50;
+        gSettings.gridSize = 50;
         NewPlot();
     }
 
@@ -185,7 +187,7 @@ TEST_F(PlotDriver, TheSliderMakesTheGridStaleAtTheNextReplot) {
     ActiveRecord().PlotSymbolMode = kContours;
     Replot();
     EXPECT_EQ(Replot(), Calls{"texts"});
-    gGridDensitySlider = 80;
+    gSettings.gridSize = 80;
     EXPECT_EQ(Replot(), (Calls{"grid", "texts"}));
 }
 
@@ -231,17 +233,17 @@ TEST_F(PlotDriver, AnotherPlotThatIsDrawnAnewKeepsItsGrid) {
     AddRow(30, 120);
     const int first = gActivePlot;
     ActiveRecord().PlotSymbolMode = kContours;
-    gGridDensitySlider = 100;
+    gSettings.gridSize = 100;
     Replot();
     ASSERT_EQ(ActiveRecord().GridSize, 100);
     NewPlot();
-    gGridDensitySlider = 50;
+    gSettings.gridSize = 50;
     const float greatest = RecordOf(first).GridDensityMax;
     RecordOf(first).GridDensityMax = kSpoilt;
     RedrawPlot(first);
     EXPECT_EQ(RecordOf(first).GridDensityMax, kSpoilt) << greatest;
     EXPECT_EQ(RecordOf(first).GridSize, 100);
-    EXPECT_EQ(gGridDensitySlider, 50);
+    EXPECT_EQ(gSettings.gridSize, 50);
 }
 
 TEST_F(PlotDriver, AClassificationThatComesOrGoesCountsTheGridAnew) {
@@ -495,13 +497,13 @@ TEST_F(PlotDriver, SlipArrowsGoWithEveryRowThatShows) {
     AddRow(40, 100, MakeSymbolCode(5, 0, 2));
     SlipArrows arrows;
     arrows.azimuth = [](std::int32_t) { return 0.5; };
-    DrawRowSymbols({1, 2}, RowStyle::Own, arrows);
+    DrawRowSymbols(ActivePlot(), WindowDrawing(gActivePlot), {1, 2}, RowStyle::Own, arrows);
     const auto markers = Drawn(Kind::Markers);
     ASSERT_EQ(markers.size(), 2U) << "symbol 0 hides its arrow too";
     EXPECT_TRUE(markers[1].text.starts_with("50/"));
     gPointDensity.At(gActivePlot, 1) = 3;
     arrows.haveHeads = false;
-    DrawRowSymbols({1, 2}, RowStyle::DensityBand, arrows);
+    DrawRowSymbols(ActivePlot(), WindowDrawing(gActivePlot), {1, 2}, RowStyle::DensityBand, arrows);
     EXPECT_EQ(Drawn(Kind::Markers)[2].colour,
               TableColour(gSymbolTable[kFirstBandSymbol + 2][kPlaceColour]));
     EXPECT_TRUE(Drawn(Kind::Markers)[3].text.starts_with("53/"));
@@ -554,12 +556,11 @@ TEST_F(PlotDriver, DrawingElsewhereLeavesTheWindowAndTheStalenessAlone) {
     Spoil();
     RecordingSurface net(500, 500);
     RecordingSurface legend(100, 100);
-    DrawActivePlotOn(net, legend);
+    DrawPlot(ActivePlot(), PaperDrawing(net, legend));
     EXPECT_EQ(Renewed(), Calls{});
     EXPECT_EQ(Drawn().size(), before);
     EXPECT_FALSE(net.Operations().empty());
     EXPECT_NE(ActiveRecord().RowsChanged, 0);
-    EXPECT_FALSE(IsDrawingElsewhere());
 }
 
 TEST_F(PlotDriver, AClosedSlotIsNotDrawn) {
@@ -623,8 +624,8 @@ TEST_F(PlotDriver, LookingChangesNothingThatIsToBeSaved) {
         ShowPlotPart(button, !IsPlotPartShown(button));
         EXPECT_EQ(ActiveRecord().Modified, 0) << button;
     }
-    MoveGridSlider(kFinestGrid);
-    ReleaseGridSlider();
+    ChooseGridSize(kFinestGrid);
+    UseGridSize();
     UseAdvancedStatistics(true);
     SetDataType(kLines);
     EXPECT_EQ(ActiveRecord().Modified, 0);
@@ -667,7 +668,8 @@ class LegendTest : public PlotDriver {
 protected:
     static Calls Texts() {
         Calls texts;
-        for (const LegendLine& line : LegendLines()) {
+        for (const LegendLine& line :
+             LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
             texts.push_back(line.text);
         }
         return texts;
@@ -700,7 +702,8 @@ TEST_F(LegendTest, BetaIntersectionsAreCounted) {
     ActiveRecord().PlotSymbolMode = kBetaIntersections;
     ActiveRecord().BetaCount = 1;
     EXPECT_EQ(Texts(), (Calls{"Data: ", "1 intersections of", "2 planes"}));
-    EXPECT_EQ(LegendLines()[2].sample, LegendSample::Indent);
+    EXPECT_EQ(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)[2].sample,
+              LegendSample::Indent);
 }
 
 TEST_F(LegendTest, EachPlotKeepsItsCountOfIntersections) {
@@ -725,13 +728,15 @@ TEST_F(LegendTest, ARoseHasNoSamplesOfSymbols) {
     AddRow(30, 120);
     ActiveRecord().PlotKind = kRose;
     EXPECT_TRUE(std::ranges::none_of(
-        LegendLines(), [](const LegendLine& line) { return line.sample == LegendSample::Symbol; }));
+        LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas),
+        [](const LegendLine& line) { return line.sample == LegendSample::Symbol; }));
 }
 
 TEST_F(LegendTest, TheSampleOfGreatCirclesShowsWhenAllRowsPointUp) {
     AddRow(-30, 120, MakeSymbolCode(8, 2, 3));
     ActiveRecord().PlotSymbolMode = kGreatCircles;
-    EXPECT_EQ(LegendLines()[1].code, MakeSymbolCode(8, 2, 3));
+    EXPECT_EQ(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)[1].code,
+              MakeSymbolCode(8, 2, 3));
 }
 
 TEST_F(LegendTest, KinematicAxesAreNamed) {
@@ -739,7 +744,8 @@ TEST_F(LegendTest, KinematicAxesAreNamed) {
     ActiveRecord().AxesTitle = "P & T";
     // The symbols of the derived rows, each with the numbers of its axes below it.
     Calls named;
-    for (const LegendLine& line : LegendLines()) {
+    for (const LegendLine& line :
+         LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
         if (line.sample == LegendSample::Symbol) {
             named.push_back(line.text);
         }
@@ -755,7 +761,8 @@ TEST_F(LegendTest, EveryOverlayIsNamedWithItsSample) {
     AddOverlay(kOverlayGreatCircles, 40, 10, MakeSymbolCode(20, 8, 3));
     ActiveRecord().OverlayFiles[1] = {"/a/cleavage.txt", "/a/more.txt"};
     AddOverlay(kOverlayLines, 20, 90, MakeSymbolCode(8, 2, 3));
-    const std::vector<LegendLine> lines = LegendLines();
+    const std::vector<LegendLine> lines =
+        LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas);
     ASSERT_EQ(lines.size(), 4U);
     EXPECT_EQ(lines[2].text, "cleavage.txt + more.txt");
     EXPECT_EQ(lines[2].sample, LegendSample::GreatCircle);

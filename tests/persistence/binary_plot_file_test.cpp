@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/grid_slider.h"
 #include "core/replot.h"
 #include "core/row_table.h"
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
@@ -303,7 +303,7 @@ TEST_F(BinaryPlotFile, TheGridIsCountedAnewAfterALoad) {
     const std::string bytes = Bytes(gActivePlot);
     gActivePlot = StoreAnew(bytes);
     gGridCount[static_cast<std::size_t>(gActivePlot)] = 0;
-    gGridDensitySlider = 20;
+    gSettings.gridSize = 20;
     ActiveRecord().PlotSymbolMode = kPointSymbols;
     ReplotActivePlot(false);
     EXPECT_TRUE(ActiveRecord().DensityGridFromFile);

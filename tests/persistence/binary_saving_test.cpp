@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/grid_slider.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "input/file_loading.h"
 #include "persistence/ascii_plot_file.h"
 #include "persistence/binary_plot_file.h"
@@ -240,7 +240,7 @@ TEST_F(BinarySaving, TheSliderFollowsTheGridOfTheFile) {
     plot.gridSize = 30;
     plot.mode = kContours;
     OpenSample("grid.qpx", plot);
-    EXPECT_EQ(gGridDensitySlider, 30);
+    EXPECT_EQ(gSettings.gridSize, 30);
     EXPECT_FALSE(ActiveRecord().DensityGridFromFile) << "counted anew, at that density";
     EXPECT_EQ(ActiveRecord().GridSize, 30);
 }

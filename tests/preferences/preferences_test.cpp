@@ -410,7 +410,7 @@ TEST_F(PreferencesTest, RowsOfClassesFollowTheStyleOfTheirClass) {
     record.ClassTable[2][0] = 2.0;  // to 2
     record.ClassTable[11][0] = 4.0; // to 4
     record.ClassMode = kClassesByNumber;
-    RefreshClassification();
+    RefreshClassification(ActivePlot(), gSettings.styles);
     const int ofFirst = ClassifyRow(1, kClassesByNumber);
     const int ofSecond = ClassifyRow(2, kClassesByNumber);
     ASSERT_NE(ofFirst, ofSecond);

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/grid_slider.h"
 #include "core/plot_texts.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "platform/scripted/no_printers.h"
 #include "platform/scripted/recording_printer.h"
 #include "print/print_run.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -236,21 +235,29 @@ TEST_F(PrintTest, TellsWhileItPrintsAndPutsBackWhatWasActive) {
     const int first = MakePlot("One");
     const int second = MakePlot("Two");
     gActivePlot = first;
-    gGridDensitySlider = 70;
-    RecordOf(second).GridSize = 30;
     std::vector<std::vector<int>> seen;
     printer.onSurface = [&seen] {
-        const std::vector<int> state = {gPrinting, gActivePlot, gGridDensitySlider};
+        const std::vector<int> state = {gPrinting, gActivePlot};
         if (seen.empty() || seen.back() != state) {
             seen.push_back(state);
         }
     };
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({second, first}, printer.paper).plots),
               PrintOutcome::Printed);
-    EXPECT_EQ(seen, (std::vector<std::vector<int>>{{1, second, 30}, {1, first, 70}}));
+    EXPECT_EQ(seen, (std::vector<std::vector<int>>{{1, second}, {1, first}}));
     EXPECT_EQ(gPrinting, 0);
     EXPECT_EQ(gActivePlot, first);
-    EXPECT_EQ(gGridDensitySlider, 70);
+}
+
+TEST_F(PrintTest, APlotIsPrintedWithTheGridThatItHas) {
+    const int slot = MakePlot("One");
+    RecordOf(slot).PlotSymbolMode = kContours;
+    gSettings.gridSize = 30;
+    ReplotActivePlot(true);
+    gSettings.gridSize = 70;
+    EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
+    EXPECT_EQ(RecordOf(slot).GridSize, 30);
+    EXPECT_EQ(gSettings.gridSize, 70);
 }
 
 TEST_F(PrintTest, LeavesTheScreenAsItWas) {
@@ -280,7 +287,7 @@ TEST_F(PrintTest, PutsEverythingBackWhenMemoryRunsOut) {
     EXPECT_EQ(gActivePlot, first);
     EXPECT_EQ(gSettings.styles.fonts[kLegendFont].font, fonts[kLegendFont].font);
     EXPECT_FALSE(Page().isSent);
-    PlotSurface().Line({0, 0}, {1, 1}, kBlack);
+    FormOf(gActivePlot).PlotSurface().Line({0, 0}, {1, 1}, kBlack);
     EXPECT_EQ(Form(first).Plot().Operations().back().kind, DrawOperation::Kind::Line);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
+#include "core/settings_value.h"
 #include "drawing/plot_state.h"
 #include "session/window_state.h"
 #include "support/plot_rows.h"
@@ -224,8 +224,8 @@ TEST_F(Toolbar, TheSliderSnapsDownToTens) {
     const int snapped[][2] = {{10, 10},   {19, 10}, {20, 20},  {59, 50},
                               {150, 150}, {3, 10},  {999, 150}};
     for (const auto& [value, expected] : snapped) {
-        MoveGridSlider(value);
-        EXPECT_EQ(gGridDensitySlider, expected) << value;
+        ChooseGridSize(value);
+        EXPECT_EQ(gSettings.gridSize, expected) << value;
     }
 }
 
@@ -234,19 +234,19 @@ TEST_F(Toolbar, LettingTheSliderGoReplotsPlotsWithAnotherGrid) {
     const auto timesShown = [] { return Form(gActivePlot).TimesShown(); };
     record.PlotSymbolMode = kContours;
     record.GridSize = 50;
-    MoveGridSlider(50);
-    ReleaseGridSlider();
+    ChooseGridSize(50);
+    UseGridSize();
     EXPECT_EQ(timesShown(), 0) << "the grid is that one";
-    MoveGridSlider(80);
+    ChooseGridSize(80);
     EXPECT_EQ(timesShown(), 0) << "it is still held";
-    ReleaseGridSlider();
+    UseGridSize();
     EXPECT_EQ(timesShown(), 1);
     record.PlotSymbolMode = kPointSymbols;
-    ReleaseGridSlider();
+    UseGridSize();
     EXPECT_EQ(timesShown(), 1) << "points need no grid";
     record.GridSize = 120;
     FollowGridOfPlot();
-    EXPECT_EQ(gGridDensitySlider, 120);
+    EXPECT_EQ(gSettings.gridSize, 120);
 }
 
 TEST_F(Toolbar, CaptionsNameWhatThePressWillDo) {

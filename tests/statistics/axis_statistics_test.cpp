@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "drawing/legend.h"
 #include "orientation/angles.h"
 #include "statistics/axis_statistics.h"
@@ -118,7 +120,8 @@ TEST_F(AxisStatisticsTest, StandApartInBothBoxesAndTheLegend) {
               std::string::npos)
         << advanced;
     std::vector<std::string> texts;
-    for (const LegendLine& line : LegendLines()) {
+    for (const LegendLine& line :
+         LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
         texts.push_back(line.text);
     }
     ASSERT_EQ(texts.size(), 9U);
@@ -139,7 +142,8 @@ TEST_F(AxisStatisticsTest, SayThatTheSenseWasAssumed) {
             Box(box).starts_with("(sense assumed: the hanging walls moved up)\r\nP shortening"))
             << Box(box);
     }
-    EXPECT_EQ(LegendLines().back().text, "sense assumed");
+    EXPECT_EQ(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
+              "sense assumed");
 }
 
 TEST_F(AxisStatisticsTest, OfAnAxisWithoutRowsAreItsNumberAlone) {
@@ -155,10 +159,10 @@ TEST_F(AxisStatisticsTest, WithoutTextsGoByTheSignOfThePlunge) {
     const int slot = NewAxisPlot({{60, 10, ""}, {-30, 190, ""}, {0, 5, ""}, {0, 95, ""}}, "P & T");
     gDataSymbolBase.At(slot, 3) = CodeOfStyleRow(kDerivedSymbol);
     gDataSymbolBase.At(slot, 4) = CodeOfStyleRow(kDerivedUpSymbol);
-    EXPECT_EQ(AxisOfRow(slot, 1), AxisKind::Shortening);
-    EXPECT_EQ(AxisOfRow(slot, 2), AxisKind::Extension);
-    EXPECT_EQ(AxisOfRow(slot, 3), AxisKind::Shortening);
-    EXPECT_EQ(AxisOfRow(slot, 4), AxisKind::Extension);
+    EXPECT_EQ(AxisOfRow(PlotOf(slot), gSettings.styles, 1), AxisKind::Shortening);
+    EXPECT_EQ(AxisOfRow(PlotOf(slot), gSettings.styles, 2), AxisKind::Extension);
+    EXPECT_EQ(AxisOfRow(PlotOf(slot), gSettings.styles, 3), AxisKind::Shortening);
+    EXPECT_EQ(AxisOfRow(PlotOf(slot), gSettings.styles, 4), AxisKind::Extension);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "orientation/angles.h"
 #include "statistics/confidence_cone.h"
 #include "statistics/fabric_statistics.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -25,7 +26,7 @@ protected:
     std::size_t LinesDrawn() {
         Form(gActivePlot).PlotSurface().Clear(kWhite);
         const std::size_t before = DrawnOn(Form(gActivePlot).Plot()).size();
-        DrawConfidenceCone();
+        DrawConfidenceCone(ActiveRecord(), WindowDrawing(gActivePlot));
         return DrawnOn(Form(gActivePlot).Plot()).size() - before;
     }
 };
@@ -87,7 +88,7 @@ TEST_F(ConfidenceCone, GoesOnAtTheFarSideWhereItPassesThePrimitive) {
         ASSERT_TRUE(angle);
         ASSERT_GT(*angle, axis.plunge);
         Form(gActivePlot).PlotSurface().Clear(kWhite);
-        DrawConfidenceCone();
+        DrawConfidenceCone(ActiveRecord(), WindowDrawing(gActivePlot));
         int ends = 0;
         int nearSide = 0;
         int farSide = 0;

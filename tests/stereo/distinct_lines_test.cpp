@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "stereo/distinct_lines.h"
 #include "support/plot_rows.h"
@@ -55,25 +56,25 @@ TEST_F(DistinctLines, CountsAddUpToTheRows) {
         AddRow(static_cast<std::int32_t>(random() % 10), static_cast<std::int32_t>(random() % 20));
     }
     std::int32_t sum = 0;
-    for (const DistinctLine& line : DistinctLinesOfActivePlot()) {
+    for (const DistinctLine& line : DistinctLinesOf(ActivePlot())) {
         sum += line.rows;
     }
     EXPECT_EQ(sum, 500);
-    EXPECT_LE(DistinctLinesOfActivePlot().size(), 200U);
+    EXPECT_LE(DistinctLinesOf(ActivePlot()).size(), 200U);
 }
 
 TEST_F(DistinctLines, ChangedRowsAndOtherPlotsAreSeen) {
     AddRow(30, 120);
-    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 1U);
+    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 1U);
     AddRow(40, 120);
-    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
     const int first = gActivePlot;
     NewPlot();
-    EXPECT_TRUE(DistinctLinesOfActivePlot().empty());
+    EXPECT_TRUE(DistinctLinesOf(ActivePlot()).empty());
     gActivePlot = first;
-    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
     SortRowTable(TableOf(first), 2);
-    EXPECT_EQ(DistinctLinesOfActivePlot().size(), 2U);
+    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "core/settings.h"
 #include "orientation/angles.h"
-#include "stereo/draw_target.h"
 #include "stereo/net.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -147,8 +147,7 @@ protected:
         NewPlot();
         gPlotAxesStyle = style;
         RecordingSurface page(500, 500);
-        const DrawElsewhere elsewhere(page, page);
-        DrawPlotBase();
+        DrawPlotBase(ActiveRecord(), PaperDrawing(page, page));
         return page.Operations();
     }
 
@@ -176,8 +175,7 @@ TEST_F(NetLook, PagesAreNeverGivenABackground) {
         EXPECT_NE(operation.kind, DrawOperation::Kind::Clear);
     }
     RecordingSurface page(500, 500);
-    const DrawElsewhere elsewhere(page, page);
-    EXPECT_EQ(PlotBackground(DrawingInForce()), kWhite);
+    EXPECT_EQ(PlotBackground(PaperDrawing(page, page)), kWhite);
 }
 
 TEST_F(NetLook, CircleAndAxesOfEachStyleHaveTheirColour) {
@@ -204,14 +202,11 @@ TEST_F(NetLook, ASampleOfTheScreenHasItsColours) {
     gSettings.styles.plotAxesColour = 0xffffff;
     gSettings.styles.plotBackColour = 0x332211;
     RecordingSurface sample(500, 500);
-    {
-        const DrawElsewhere elsewhere(sample, sample, DrawnFor::Sample);
-        EXPECT_EQ(AxesColour(DrawingInForce()), kWhite);
-        EXPECT_EQ(PlotBackground(DrawingInForce()), (Colour{0x11, 0x22, 0x33}));
-        const DrawElsewhere page(sample, sample);
-        EXPECT_EQ(AxesColour(DrawingInForce()), kBlack);
-    }
-    EXPECT_EQ(AxesColour(DrawingInForce()), kWhite);
+    Drawing drawing{sample, sample, gSettings.styles, DrawnFor::Sample};
+    EXPECT_EQ(AxesColour(drawing), kWhite);
+    EXPECT_EQ(PlotBackground(drawing), (Colour{0x11, 0x22, 0x33}));
+    drawing.purpose = DrawnFor::Paper;
+    EXPECT_EQ(AxesColour(drawing), kBlack);
 }
 
 TEST_F(NetLook, ANorthStandsAboveTheCircleWhenItIsWanted) {

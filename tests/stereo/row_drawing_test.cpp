@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_store.h"
 #include "core/settings.h"
-#include "stereo/draw_target.h"
 #include "stereo/row_drawing.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -19,8 +20,8 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         NewPlot();
-        PlotSurface().SetUserScale(kPlotScale);
-        PlotSurface().Clear(kWhite);
+        FormOf(gActivePlot).PlotSurface().SetUserScale(kPlotScale);
+        FormOf(gActivePlot).PlotSurface().Clear(kWhite);
     }
 
     static std::vector<Colour> ColoursDrawn() {
@@ -36,7 +37,7 @@ TEST_F(RowDrawing, HiddenRowsHaveNoGreatCircle) {
     AddRow(30, 120, kNoClass);
     AddRow(40, 200, MakeSymbolCode(8, kNoSymbol, 3));
     AddRow(50, 300, MakeSymbolCode(7, 2, 3));
-    DrawRowGreatCircles({1, 3});
+    DrawRowGreatCircles(ActivePlot(), WindowDrawing(gActivePlot), {1, 3});
     const std::vector<Colour> colours = ColoursDrawn();
     ASSERT_FALSE(colours.empty());
     EXPECT_TRUE(std::ranges::all_of(colours, [](Colour c) { return c == TableColour(7); }));
@@ -45,8 +46,8 @@ TEST_F(RowDrawing, HiddenRowsHaveNoGreatCircle) {
 TEST_F(RowDrawing, HiddenRowsHaveNoSymbolInAnyStyle) {
     AddRow(30, 120, kNoClass);
     AddRow(40, 200, MakeSymbolCode(8, kNoSymbol, 3));
-    DrawRowSymbols({1, 2});
-    DrawRowSymbols({1, 2}, RowStyle::DensityBand);
+    DrawRowSymbols(ActivePlot(), WindowDrawing(gActivePlot), {1, 2});
+    DrawRowSymbols(ActivePlot(), WindowDrawing(gActivePlot), {1, 2}, RowStyle::DensityBand);
     EXPECT_TRUE(ColoursDrawn().empty());
 }
 

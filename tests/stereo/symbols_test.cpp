@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "platform/scripted/recording_surface.h"
 #include "stereo/symbols.h"
@@ -72,13 +73,14 @@ TEST_F(Symbols, CodeNoughtAndUnknownCodesDrawNothing) {
     EXPECT_TRUE(DrawSymbol(surface, 0, 0, 5, 0, 3, 0));
     EXPECT_TRUE(DrawSymbol(surface, 0, 0, 5, 47, 3, 0));
     const Point place{1, 2};
-    EXPECT_TRUE(DrawSymbols(surface, std::span(&place, 1), MakeSymbolCode(5, 0, 2)));
+    EXPECT_TRUE(
+        DrawSymbols(surface, gSettings.styles, std::span(&place, 1), MakeSymbolCode(5, 0, 2)));
     EXPECT_TRUE(surface.Operations().empty());
 }
 
 TEST_F(Symbols, AMarkerIsOneCallInTheColourOfItsIndex) {
     const std::vector<Point> places = {{1, 2}, {3, 4}};
-    EXPECT_TRUE(DrawSymbols(surface, places, MakeSymbolCode(8, 3, 2)));
+    EXPECT_TRUE(DrawSymbols(surface, gSettings.styles, places, MakeSymbolCode(8, 3, 2)));
     ASSERT_EQ(surface.Operations().size(), 1U);
     EXPECT_EQ(surface.Operations()[0].points, places);
     EXPECT_EQ(surface.Operations()[0].colour, (Colour{255, 0, 0}));

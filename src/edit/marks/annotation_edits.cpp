@@ -11,7 +11,6 @@
 #include "edit/selection/marquee.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
-#include "stereo/draw_target.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -141,7 +140,8 @@ std::optional<AnnotationStyles> StylesOfSelectedAnnotations() {
         const auto found = std::ranges::find_if(members, [&](std::size_t member) {
             return IsOfRightButton(annotations[member]) == ofRightButton;
         });
-        return StyleOfAnnotation(annotations[found == members.end() ? members[0] : *found]);
+        return StyleOfAnnotation(gSettings.styles,
+                                 annotations[found == members.end() ? members[0] : *found]);
     };
     return AnnotationStyles{firstOf(false), firstOf(true)};
 }
@@ -156,7 +156,7 @@ void ChangeAnnotationSymbols(const AnnotationStyles& styles) {
         Annotation& annotation = AnnotationsOfActivePlot()[member];
         const SymbolRow& style = IsOfRightButton(annotation) ? styles.up : styles.down;
         // A shape that is not changed goes on following the style table, and keeps its button.
-        if (style[kPlaceSymbol] != StyleOfAnnotation(annotation)[kPlaceSymbol]
+        if (style[kPlaceSymbol] != StyleOfAnnotation(gSettings.styles, annotation)[kPlaceSymbol]
             && style[kPlaceSymbol] != kNoSymbol) {
             annotation.SymbolType = style[kPlaceSymbol];
         }

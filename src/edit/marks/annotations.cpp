@@ -14,8 +14,8 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
-#include "stereo/draw_target.h"
 #include "stereo/symbols.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <charconv>
@@ -47,28 +47,30 @@ Point PointOf(const LineNode& node) {
     return {static_cast<double>(node.X), static_cast<double>(node.Y)};
 }
 
-void DrawPolyline(Surface& surface, std::span<const LineNode> nodes, const Annotation& annotation) {
+void DrawPolyline(const Drawing& drawing, std::span<const LineNode> nodes,
+                  const Annotation& annotation) {
     if (nodes.size() < 2) {
         return;
     }
     std::vector<Point> points;
     points.reserve(nodes.size());
     std::ranges::transform(nodes, std::back_inserter(points), PointOf);
-    const SavedState saved(surface);
-    DrawState state = surface.State();
+    const SavedState saved(drawing.plot);
+    DrawState state = drawing.plot.State();
     state.drawMode = kDrawCopy;
     state.drawWidth = 1;
     const bool isStyle = annotation.lineStyle >= kSolidLine && annotation.lineStyle <= kNoLine;
     state.drawStyle = isStyle ? int{annotation.lineStyle} : int{kSolidLine};
-    surface.SetState(state);
-    surface.Polyline(points, TableColour(StyleOfAnnotation(annotation)[kPlaceColour]));
+    drawing.plot.SetState(state);
+    const int colour = StyleOfAnnotation(drawing.styles, annotation)[kPlaceColour];
+    drawing.plot.Polyline(points, TableColour(drawing.styles, colour));
 }
 
-void DrawAnnotation(Surface& surface, const Annotation& annotation) {
-    DrawPolyline(surface, annotation.LineNodes, annotation);
-    const SymbolRow style = StyleOfAnnotation(annotation);
-    DrawSymbol(surface, annotation.X, annotation.Y, style[kPlaceColour], style[kPlaceSymbol],
-               style[kPlaceSize], 0);
+void DrawAnnotation(const Drawing& drawing, const Annotation& annotation) {
+    DrawPolyline(drawing, annotation.LineNodes, annotation);
+    const SymbolRow style = StyleOfAnnotation(drawing.styles, annotation);
+    DrawSymbol(drawing.plot, drawing.styles, annotation.X, annotation.Y, style[kPlaceColour],
+               style[kPlaceSymbol], style[kPlaceSize], 0);
 }
 
 } // namespace
@@ -85,8 +87,8 @@ bool CanEditAnnotations() {
     return !gBusy && IsOpenSlot(gActivePlot) && ActiveRecord().PlotKind != kRose;
 }
 
-SymbolRow StyleOfAnnotation(const Annotation& annotation) {
-    SymbolRow style = gSymbolTable[static_cast<std::size_t>(
+SymbolRow StyleOfAnnotation(const Styles& styles, const Annotation& annotation) {
+    SymbolRow style = styles.symbols[static_cast<std::size_t>(
         IsOfRightButton(annotation) ? kRightAnnotationStyle : kLeftAnnotationStyle)];
     if (annotation.SymbolType > 0 && annotation.SymbolType < kLeftAnnotationStyle) {
         style[kPlaceSymbol] = annotation.SymbolType;
@@ -100,18 +102,26 @@ SymbolRow StyleOfAnnotation(const Annotation& annotation) {
     return style;
 }
 
-std::span<const Annotation> AnnotationsOf(int slot) {
-    const std::unique_ptr<Annotations>& annotations = RecordOf(slot).PlotAnnotations;
+std::span<const Annotation> AnnotationsOf(const PlotRecord& record) {
+    const std::unique_ptr<Annotations>& annotations = record.PlotAnnotations;
     return annotations ? std::span<const Annotation>(*annotations) : std::span<const Annotation>();
 }
 
-void DrawAnnotations() {
-    if (ActiveRecord().ShowAnnotations == 0) {
+std::span<const Annotation> AnnotationsOf(int slot) {
+    return AnnotationsOf(RecordOf(slot));
+}
+
+void DrawAnnotations(const PlotRecord& record, const Drawing& drawing) {
+    if (record.ShowAnnotations == 0) {
         return;
     }
-    for (const Annotation& annotation : AnnotationsOf(gActivePlot)) {
-        DrawAnnotation(PlotSurface(), annotation);
+    for (const Annotation& annotation : AnnotationsOf(record)) {
+        DrawAnnotation(drawing, annotation);
     }
+}
+
+void DrawAnnotations() {
+    DrawAnnotations(ActiveRecord(), WindowDrawing(gActivePlot));
 }
 
 bool AddAnnotation(int button, double x, double y) {
@@ -140,7 +150,7 @@ bool AddAnnotation(int button, double x, double y) {
     // What is there stays as it is: one symbol more needs no drawing of all the rows.
     step.Finish(wereShown ? Redraw::Nothing : Redraw::Plot);
     if (wereShown) {
-        DrawAnnotation(PlotSurface(), AnnotationsOfActivePlot().back());
+        DrawAnnotation(WindowDrawing(gActivePlot), AnnotationsOfActivePlot().back());
         FormOf(gActivePlot).Show();
     }
     return true;
@@ -164,7 +174,7 @@ bool ExtendAnnotation(double x, double y) {
     nodes.push_back(node);
     step.Finish(Redraw::Nothing);
     if (ActiveRecord().ShowAnnotations != 0) {
-        DrawPolyline(PlotSurface(), std::span(nodes).last(2), annotation);
+        DrawPolyline(WindowDrawing(gActivePlot), std::span(nodes).last(2), annotation);
         FormOf(gActivePlot).Show();
     }
     return true;

@@ -8,7 +8,7 @@
 // What enters: places on the net, texts of boxes and of the clipboard, the selection. What leaves:
 // marks in the record of a plot, their drawing, and steps of the undo list.
 //
-// Positions are plot units. SymbolType 21 and 22 are rows of gSymbolTable, those of the left and
+// Positions are plot units. SymbolType 21 and 22 are rows of Styles::symbols, those of the left and
 // the right button, and give the shape alone; a lower SymbolType is the code of a symbol itself.
 // Colour and size are the annotation's own. All procedures work on gActivePlot unless they say
 // otherwise; those that change it keep the undo, set Modified and draw, and do nothing while a long
@@ -18,6 +18,7 @@
 
 #include "core/plot_record.h"
 #include "core/style_tables.h"
+#include "stereo/drawing.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -43,7 +44,7 @@ inline constexpr double kNodeDistance = 10;
 
 /// What an annotation is drawn with: colour index, symbol code, size. Where it has no symbol, no
 /// size or no colour of its own, those of the style of its button.
-[[nodiscard]] SymbolRow StyleOfAnnotation(const Annotation& annotation);
+[[nodiscard]] SymbolRow StyleOfAnnotation(const Styles& styles, const Annotation& annotation);
 
 [[nodiscard]] constexpr bool IsOfRightButton(const Annotation& annotation) {
     return annotation.SymbolType == kRightAnnotationStyle;
@@ -57,11 +58,15 @@ inline constexpr double kNodeDistance = 10;
 /// True when gActivePlot has a layer to edit: it is open and no rose, and no long loop runs.
 [[nodiscard]] bool CanEditAnnotations();
 
-/// The annotations of a slot, none where there are none.
+/// The annotations of a plot, none where there are none.
+[[nodiscard]] std::span<const Annotation> AnnotationsOf(const PlotRecord& record);
 [[nodiscard]] std::span<const Annotation> AnnotationsOf(int slot);
 
-/// Draws the annotations of the plot in their order, each with its polyline below its symbol, if
-/// they are shown.
+/// Draws the annotations of a plot in their order, each with its polyline below its symbol, if they
+/// are shown.
+void DrawAnnotations(const PlotRecord& record, const Drawing& drawing);
+
+/// The same of gActivePlot, in its window.
 void DrawAnnotations();
 
 /// Adds an annotation in the style of the button, shows the layer and draws it. Nothing is added

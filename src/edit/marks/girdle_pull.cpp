@@ -204,8 +204,8 @@ void DrawPulledGirdle(Surface& surface) {
     if (values == nullptr || TextOf((*values)[kItemText]).empty()) {
         return;
     }
-    DrawGreatCircleOfPole(surface, RecordOf(gPull.slot).PlotKind, NumberOf((*values)[kItemPlunge]),
-                          NumberOf((*values)[kItemTrend]),
+    DrawGreatCircleOfPole(surface, gSettings.styles, RecordOf(gPull.slot).PlotKind,
+                          NumberOf((*values)[kItemPlunge]), NumberOf((*values)[kItemTrend]),
                           StyleValue((*values)[kItemColour], kColourCount - 1),
                           StyleValue((*values)[kItemDrawStyle], kNoLine),
                           StyleValue((*values)[kItemDrawWidth], kWidestGirdle));

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "edit/history/edit_step.h"
 #include "edit/marks/small_circles.h"
 #include "edit/selection/net_line.h"
@@ -134,8 +135,8 @@ bool IsDraggingSmallCircle() {
     return gPick.isDragging;
 }
 
-bool IsCircleAbovePicture(std::int32_t slot, int set) {
-    return gPick.isDragging && gPick.slot == slot && gPick.set == set;
+int CircleAbovePicture(std::int32_t slot) {
+    return gPick.isDragging && gPick.slot == slot ? gPick.set : 0;
 }
 
 void DrawPickedCircle(Surface& surface) {
@@ -144,7 +145,7 @@ void DrawPickedCircle(Surface& surface) {
         return;
     }
     if (const auto cone = ConeOfCircle(*circle)) {
-        DrawSmallCircle(surface, RecordOf(gPick.slot).PlotKind, *cone, *circle);
+        DrawSmallCircle(surface, gSettings.styles, RecordOf(gPick.slot).PlotKind, *cone, *circle);
     }
 }
 

@@ -47,8 +47,8 @@ void EndSmallCirclePick();
 /// True between the press and its end.
 [[nodiscard]] bool IsDraggingSmallCircle();
 
-/// True for a circle of a slot that is drawn above the picture, and so not in it.
-[[nodiscard]] bool IsCircleAbovePicture(std::int32_t slot, int set);
+/// The set of the circle of a slot that is drawn above the picture, and so not in it; 0 for none.
+[[nodiscard]] int CircleAbovePicture(std::int32_t slot);
 
 /// Draws the circle under the mouse; nothing while none is dragged.
 void DrawPickedCircle(Surface& surface);

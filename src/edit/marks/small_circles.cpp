@@ -6,14 +6,12 @@
 #include "core/plot_store.h"
 #include "core/style_tables.h"
 #include "edit/history/edit_step.h"
-#include "edit/marks/small_circle_pick.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "statistics/confidence_cone.h"
 #include "stereo/cones.h"
-#include "stereo/draw_target.h"
 
 #include <algorithm>
 #include <array>
@@ -117,10 +115,10 @@ std::optional<CircleCone> ConeOfCircle(const SmallCircle& circle) {
     return CircleCone{*plunge, WrappedAngle(*trend), *angle > kPi / 2 ? kPi - *angle : *angle};
 }
 
-void DrawSmallCircle(Surface& surface, int plotKind, const CircleCone& cone,
+void DrawSmallCircle(Surface& surface, const Styles& styles, int plotKind, const CircleCone& cone,
                      const SmallCircle& circle) {
     const CircleStyle style = StyleOf(circle);
-    const Colour ink = TableColour(style.colour);
+    const Colour ink = TableColour(styles, style.colour);
     const SavedState saved(surface);
     DrawState state = surface.State();
     state.drawStyle = style.lineStyle;
@@ -138,18 +136,28 @@ void DrawSmallCircle(Surface& surface, int plotKind, const CircleCone& cone,
     surface.Circle(axis, style.width * std::abs(surface.PixelSize().x), ink);
 }
 
-void DrawSmallCircles() {
-    DrawConfidenceCone();
-    PlotRecord& record = ActiveRecord();
+void NoteSmallCircles(PlotRecord& record) {
+    if (!record.PlotSmallCircles || record.PlotKind == kRose) {
+        return;
+    }
+    for (SmallCircle& circle : *record.PlotSmallCircles) {
+        if (circle.Visible != 0 && ConeOfCircle(circle)) {
+            circle.LastPlotSects = kSmallCircleSectors;
+        }
+    }
+}
+
+void DrawSmallCircles(const PlotRecord& record, const Drawing& drawing) {
+    DrawConfidenceCone(record, drawing);
     if (!record.PlotSmallCircles || record.PlotKind == kRose) {
         return;
     }
     int set = 0;
-    for (SmallCircle& circle : *record.PlotSmallCircles) {
+    for (const SmallCircle& circle : *record.PlotSmallCircles) {
+        const bool isAbove = drawing.circleAbove > 0 && drawing.circleAbove == set;
         const auto cone = ConeOfCircle(circle);
-        if (circle.Visible != 0 && cone && !IsCircleAbovePicture(gActivePlot, set)) {
-            DrawSmallCircle(PlotSurface(), record.PlotKind, *cone, circle);
-            circle.LastPlotSects = kSmallCircleSectors;
+        if (circle.Visible != 0 && cone && !isAbove) {
+            DrawSmallCircle(drawing.plot, drawing.styles, record.PlotKind, *cone, circle);
         }
         ++set;
     }

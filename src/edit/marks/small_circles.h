@@ -10,7 +10,7 @@
 #pragma once
 
 #include "core/plot_record.h"
-#include "platform/surface.h"
+#include "stereo/drawing.h"
 
 #include <optional>
 #include <string>
@@ -62,12 +62,15 @@ struct CircleCone {
 [[nodiscard]] std::optional<CircleCone> ConeOfCircle(const SmallCircle& circle);
 
 /// Draws a cone in the style, width and colour of a circle. One of angle 0 is a point.
-void DrawSmallCircle(Surface& surface, int plotKind, const CircleCone& cone,
+void DrawSmallCircle(Surface& surface, const Styles& styles, int plotKind, const CircleCone& cone,
                      const SmallCircle& circle);
 
-/// Draws the small circles of gActivePlot that are shown and can be read, and its confidence cone:
-/// the whole stage of a replot.
-void DrawSmallCircles();
+/// Notes the steps that the circles that are drawn have, LastPlotSects.
+void NoteSmallCircles(PlotRecord& record);
+
+/// Draws the small circles of a plot that are shown and can be read, and its confidence cone: the
+/// whole stage of a drawing.
+void DrawSmallCircles(const PlotRecord& record, const Drawing& drawing);
 
 // The dialog. Everything below is about gActivePlot and does nothing when none is open; sets run
 // from 1 to kUserCircles. A change draws the plot anew if it shows.

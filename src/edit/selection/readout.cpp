@@ -53,7 +53,7 @@ std::optional<double> GridValueAt(const PlotRecord& record, double x, double y) 
 }
 
 std::string DensityText(const PlotRecord& record, const NetLine& line, double x, double y) {
-    const ConeDensity density = DensityAt(line.plunge, line.trend);
+    const ConeDensity density = DensityAt(ActivePlot(), line.plunge, line.trend);
     const std::string share = "  [" + FormatNumber(density.perCent, "0.00") + "% : ";
     if (const std::optional<double> value = GridValueAt(record, x, y)) {
         return share + FormatNumber(*value, "0.00") + "]";

@@ -2,8 +2,8 @@
 
 #include "shell/controls/picture_box.h"
 
+#include "platform/surface.h"
 #include "shell/controls/plain_tip.h"
-#include "stereo/draw_target.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

@@ -2,7 +2,6 @@
 //
 // What the commands of the main window do.
 
-#include "core/grid_slider.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
@@ -350,15 +349,15 @@ void GeolPlotMain::ConnectWindowCommands() {
 void GeolPlotMain::ConnectSlider() {
     QSlider* slider = panToolbarBox_->sldGridDensity;
     connect(slider, &QSlider::valueChanged, this, [this, slider](int value) {
-        MoveGridSlider(value);
+        ChooseGridSize(value);
         panToolbarBox_->ShowGrid();
         if (!slider->isSliderDown()) {
-            ReleaseGridSlider();
+            UseGridSize();
         }
     });
     connect(slider, &QSlider::sliderReleased, this, [this] {
         panToolbarBox_->ShowGrid();
-        ReleaseGridSlider();
+        UseGridSize();
     });
 }
 

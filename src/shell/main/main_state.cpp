@@ -3,7 +3,6 @@
 // What the main window shows of the store: buttons, menus and panels, read anew after each command.
 
 #include "core/data_format.h"
-#include "core/grid_slider.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/settings.h"

@@ -2,7 +2,7 @@
 
 #include "shell/main/tool_strip.h"
 
-#include "core/grid_slider.h"
+#include "core/settings_value.h"
 #include "shell/controls/icons.h"
 #include "shell/main/commands.h"
 
@@ -122,9 +122,9 @@ void ToolStrip::AddGridSlider() {
 void ToolStrip::ShowGrid() {
     const QSignalBlocker quiet(*sldGridDensity);
     if (!sldGridDensity->isSliderDown()) {
-        sldGridDensity->setValue(gGridDensitySlider);
+        sldGridDensity->setValue(gSettings.gridSize);
     }
-    panGridDensity->setToolTip("Set contour grid density (" + QString::number(gGridDensitySlider)
+    panGridDensity->setToolTip("Set contour grid density (" + QString::number(gSettings.gridSize)
                                + ")");
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "derive/derived_plots.h"
 #include "drawing/legend.h"
 #include "drawing/plot_state.h"
@@ -14,6 +15,7 @@
 #include "shell/controls/icons.h"
 #include "shell/controls/picture_box.h"
 #include "shell/plot/window_arrangement.h"
+#include "stereo/window_drawing.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -235,7 +237,7 @@ void frmPlotForms::PlaceBeside(const PlotForm& neighbour) {
 
 void frmPlotForms::Show() {
     if (gActivePlot == Slot()) { // which a drawing makes it
-        const LegendSize legend = SizeOfLegend();
+        const LegendSize legend = SizeOfLegend(ActivePlot(), WindowDrawing(gActivePlot));
         legendSize_ = {static_cast<int>(std::ceil(legend.width)),
                        static_cast<int>(std::ceil(legend.height))};
     }

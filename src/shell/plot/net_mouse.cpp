@@ -6,10 +6,10 @@
 #include "edit/marks/annotations.h"
 #include "edit/marks/girdle_pull.h"
 #include "edit/marks/small_circle_pick.h"
+#include "platform/surface.h"
 #include "shell/controls/picture_box.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/plot_dialogs.h"
-#include "stereo/draw_target.h"
 
 #include <QAction>
 #include <QKeyEvent>

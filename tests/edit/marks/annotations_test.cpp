@@ -2,6 +2,7 @@
 
 #include "core/data_format.h"
 #include "core/replot.h"
+#include "core/settings_value.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotation_edits.h"
@@ -11,7 +12,6 @@
 #include "edit/rows/clipboard_text.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 #include "support/trial.h"
@@ -248,7 +248,7 @@ TEST_F(AnnotationLayer, StylesFallBackOnTheTable) {
              Case{{0, 0, 22, 25, -3, 0, "", {}}, {9, 8, 4}},
              Case{{0, 0, 99, 0, 1, 0, "", {}}, {0, 2, 1}},
          }) {
-        EXPECT_EQ(StyleOfAnnotation(c.mark), c.expected) << c.mark.SymbolType;
+        EXPECT_EQ(StyleOfAnnotation(gSettings.styles, c.mark), c.expected) << c.mark.SymbolType;
     }
 }
 
@@ -446,13 +446,14 @@ TEST_F(AnnotationLayer, ChangesSymbolsByTheirButton) {
     styles.down = {12, 11, 6};
     styles.up = {13, 8, 7};
     ChangeAnnotationSymbols(styles);
-    EXPECT_EQ(StyleOfAnnotation(Marks()[0]), (SymbolRow{12, 11, 6}));
-    EXPECT_EQ(StyleOfAnnotation(Marks()[1]), (SymbolRow{13, 8, 7}));
-    EXPECT_EQ(StyleOfAnnotation(Marks()[2]), (SymbolRow{6, 2, 3})) << "not selected";
+    EXPECT_EQ(StyleOfAnnotation(gSettings.styles, Marks()[0]), (SymbolRow{12, 11, 6}));
+    EXPECT_EQ(StyleOfAnnotation(gSettings.styles, Marks()[1]), (SymbolRow{13, 8, 7}));
+    EXPECT_EQ(StyleOfAnnotation(gSettings.styles, Marks()[2]), (SymbolRow{6, 2, 3}))
+        << "not selected";
     EXPECT_EQ(Marks()[1].SymbolType, 22) << "an equal shape goes on following its row";
     EXPECT_EQ(UndoCaption(), "&Undo Change");
     UndoLastEdit();
-    EXPECT_EQ(StyleOfAnnotation(Marks()[0]), (SymbolRow{6, 2, 3}));
+    EXPECT_EQ(StyleOfAnnotation(gSettings.styles, Marks()[0]), (SymbolRow{6, 2, 3}));
 }
 
 TEST_F(AnnotationLayer, SelectsAllAndNone) {

@@ -4,6 +4,7 @@
 #include "edit/marks/small_circles.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
+#include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -283,13 +284,13 @@ TEST_F(SmallCircleTest, TheConfidenceConeIsDrawnInTheSameStage) {
     record.NumValidData = 5;
     record.FabricValueC = 0.1;
     record.EigenResults[3][1] = static_cast<float>(Radians(60));
-    DrawSmallCircles();
+    DrawSmallCircles(ActiveRecord(), WindowDrawing(gActivePlot));
     EXPECT_TRUE(DrawnInColour(kDarkBlue).empty());
     record.ShowConfidenceCone = true;
-    DrawSmallCircles();
+    DrawSmallCircles(ActiveRecord(), WindowDrawing(gActivePlot));
     EXPECT_EQ(DrawnInColour(kDarkBlue).size(), 1U);
     record.PlotSmallCircles.reset();
-    DrawSmallCircles();
+    DrawSmallCircles(ActiveRecord(), WindowDrawing(gActivePlot));
     EXPECT_EQ(DrawnInColour(kDarkBlue).size(), 2U) << "a plot without small circles may have one";
 }
 

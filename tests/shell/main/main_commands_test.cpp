@@ -2,7 +2,7 @@
 //
 // The commands of the main window from end to end, by menu item and by button.
 
-#include "core/grid_slider.h"
+#include "core/settings_value.h"
 #include "core/style_tables.h"
 #include "qt/plot_picture.h"
 #include "session/closing.h"
@@ -176,7 +176,7 @@ TEST_F(MainCommands, TheGirdlePanelFollowsItsButton) {
 }
 
 TEST_F(MainCommands, TheGridSliderSnapsAndReplotsWhenLetGo) {
-    gGridDensitySlider = 50;
+    gSettings.gridSize = 50;
     OpenFile("a.txt");
     auto& slider = ControlOf<QSlider>(*main, "sldGridDensity");
     EXPECT_FALSE(slider.isEnabled());
@@ -185,7 +185,7 @@ TEST_F(MainCommands, TheGridSliderSnapsAndReplotsWhenLetGo) {
     EXPECT_EQ(ActiveRecord().GridSize, 50);
     slider.setSliderDown(true);
     slider.setValue(87);
-    EXPECT_EQ(gGridDensitySlider, 80);
+    EXPECT_EQ(gSettings.gridSize, 80);
     EXPECT_EQ(ActiveRecord().GridSize, 50) << "still held";
     slider.setSliderDown(false);
     EXPECT_EQ(slider.value(), 80) << "the handle shows what is in force";

@@ -3,7 +3,9 @@
 // Every example in the first plot window of a common screen: its boxes hold all that they say.
 
 #include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
+#include "drawing/draw_plot.h"
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "orientation/number_text.h"
@@ -12,6 +14,7 @@
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
 #include "stereo/legend_line.h"
+#include "stereo/window_drawing.h"
 #include "support/main_window_test.h"
 
 #include <QMdiSubWindow>
@@ -125,7 +128,7 @@ protected:
         const QSize net = form.picStereoArea->PictureSize();
         RecordingSurface plot(net.width(), net.height());
         RecordingSurface legend(size.width(), size.height());
-        DrawActivePlotOn(plot, legend);
+        DrawPlot(ActivePlot(), PaperDrawing(plot, legend));
         QStringList drawn;
         for (const DrawOperation& operation : legend.Operations()) {
             if (operation.kind == DrawOperation::Kind::Text) {
@@ -133,7 +136,8 @@ protected:
             }
         }
         QStringList cut;
-        for (const LegendLine& line : LegendLines()) {
+        for (const LegendLine& line :
+             LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
             const QString text = QString::fromStdString(line.text);
             if (!text.isEmpty() && !drawn.contains(text)) {
                 cut << text;

@@ -10,7 +10,6 @@
 #include "edit/selection/marquee.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
-#include "stereo/draw_target.h"
 #include "support/main_window_test.h"
 
 #include <cmath>

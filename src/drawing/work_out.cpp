@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+
+#include "drawing/work_out.h"
+
+#include "classify/classification.h"
+#include "core/data_format.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
+#include "density/contours.h"
+#include "density/grid_density.h"
+#include "density/point_density.h"
+#include "drawing/rose_bridge.h"
+#include "edit/marks/small_circles.h"
+#include "statistics/fabric_statistics.h"
+#include "stereo/axis_rows.h"
+#include "stereo/row_drawing.h"
+#include "stereo/row_positions.h"
+#include "stereo/window_drawing.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+bool ShowsDensityGrid(const PlotRecord& record) {
+    return record.PlotSymbolMode >= kGridDensitySymbols
+           && record.PlotSymbolMode <= kContoursAndGrid;
+}
+
+bool GridIsStale(const Plot& plot, int gridSize) {
+    const PlotRecord& record = plot.record;
+    const bool wantsValues = record.ClassMode == kClassesByNumber && record.HasAppendedNumeric != 0;
+    return gridSize != record.GridSize || record.DensityCount != record.NumValidData
+           || record.RowsChanged != 0 || record.DensityGridFromFile
+           || (plot.gridCount != 0) != wantsValues;
+}
+
+/// The grid of a plot that shows it, by symbols, contours or classes, and its contours.
+void WorkOutGrid(Plot& plot, const WorkingOut& how) {
+    const PlotRecord& record = plot.record;
+    const bool showsClasses = record.ClassMode == kClassesByNumber && record.NumClasses >= 1;
+    const bool showsDensities = ShowsMainRows(record) && ShowsDensityGrid(record);
+    if ((showsClasses || showsDensities) && GridIsStale(plot, how.gridSize)) {
+        ComputeGridDensity(plot, how.gridSize, how.watcher);
+    }
+    if (showsDensities && record.PlotSymbolMode != kGridDensitySymbols) {
+        FindContourLevels(plot);
+    }
+}
+
+void WorkOutIntersections(Plot& plot, const WorkingOut& how) {
+    PlotRecord& record = plot.record;
+    if (ShowsMainRows(record) && record.PlotSymbolMode == kBetaIntersections) {
+        record.BetaCount = WorkOutBetaIntersections(plot, how.watcher).count;
+    } else {
+        record.BetaCount = 0;
+        DropBetaIntersections(plot);
+    }
+}
+
+/// An edit that was taken back may have made axes of a plot's lines again: what counts over both
+/// kinds of axes is not drawn.
+void KeepAxesApart(Plot& plot) {
+    const std::int16_t formerKind = plot.record.PlotKind;
+    MendMixedAxes(plot.record);
+    if (plot.record.PlotKind != formerKind) {
+        RebuildRowTable(plot);
+    }
+}
+
+} // namespace
+
+WorkingOut WorkingOutOf(int slot, ReplotCause cause) {
+    const int ownGrid = RecordOf(slot).GridSize;
+    const bool keepsGrid =
+        cause == ReplotCause::Picture || cause == ReplotCause::Repaint || slot != gActivePlot;
+    return {cause, gSettings.styles, gSettings.notation.formulas,
+            keepsGrid && ownGrid > 0 ? ownGrid : gSettings.gridSize, WatcherInForce()};
+}
+
+void WorkOutPlot(Plot& plot, const WorkingOut& how) {
+    PlotRecord& record = plot.record;
+    if (how.cause == ReplotCause::Rows) {
+        record.RowsChanged = kTrue;
+    }
+    KeepAxesApart(plot);
+    if (record.PlotKind == kRose) {
+        WorkOutRose(plot, how.cause);
+        return;
+    }
+    // A change of the main rows of a plot with overlays shows in its statistics too.
+    if (record.RowsChanged != 0) {
+        ComputeRowStatistics(plot, how);
+    }
+    if (record.NumSymbolsInPlot > 0) {
+        record.DensityInvalid = kTrue;
+    }
+    WorkOutGrid(plot, how);
+    WorkOutIntersections(plot, how);
+    NoteSmallCircles(record);
+    record.RowsChanged = 0;
+}
+
+void ComputeRowStatistics(Plot& plot, const WorkingOut& how) {
+    SortRowTable(plot.table,
+                 std::min(plot.table.size(), static_cast<std::size_t>(plot.record.NumData)));
+    ComputePointDensities(plot, how.watcher);
+    ComputeFabricStatistics(plot, how.formulas);
+    if (plot.record.RowsChanged != 0) {
+        RefreshClassification(plot, how.styles);
+    }
+}
+
+void ComputeRowStatistics() {
+    ComputeRowStatistics(ActivePlot(), WorkingOutOf(gActivePlot, ReplotCause::Settings));
+}
+
+} // namespace quandrel
