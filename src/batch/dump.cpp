@@ -290,7 +290,7 @@ Json BothAxesJson() {
 void AddResults(Json& json) {
     const PlotRecord& record = ActiveRecord();
     if (record.PlotKind == kRose) {
-        json["rose"] = RoseJson();
+        json["rose"] = RoseJson(ActivePlot());
     }
     if (gGridCount[static_cast<std::size_t>(gActivePlot)] != 0 && record.GridSize > 0) {
         json["valueGrid"] = ValueGridJson(record);

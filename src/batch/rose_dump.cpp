@@ -2,7 +2,6 @@
 
 #include "batch/rose_dump.h"
 
-#include "core/plot_store.h"
 #include "rose/petal_tip.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
@@ -14,60 +13,62 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 /// Numbers of a sector, [class], of one layer.
-Json ClassesJson(int sector, RoseLayer layer) {
+Json ClassesJson(const RoseSectorTable& sectors, int sector, RoseLayer layer) {
     Json classes = Json::array();
-    for (int c = 0; c <= gRoseSectors->Classes(); ++c) {
-        classes.push_back(gRoseSectors(sector, c, layer));
+    for (int c = 0; c <= sectors.Classes(); ++c) {
+        classes.push_back(sectors(sector, c, layer));
     }
     return classes;
 }
 
-Json SectorsJson() {
-    Json sectors = Json::array();
-    for (int s = 1; s <= gRoseSectors->Sectors(); ++s) {
-        sectors.push_back({{"sector", s},
-                           {"azimuths", SectorBoundsText(s)},
-                           {"frequency", ClassesJson(s, kRoseFrequencyLayer)},
-                           {"value", ClassesJson(s, kRoseValueLayer)}});
+Json SectorsJson(const Plot& plot) {
+    const RoseSectorTable& sectors = RoseOf(plot).sectors;
+    Json json = Json::array();
+    for (int s = 1; s <= sectors.Sectors(); ++s) {
+        json.push_back({{"sector", s},
+                        {"azimuths", SectorBoundsText(plot, s)},
+                        {"frequency", ClassesJson(sectors, s, kRoseFrequencyLayer)},
+                        {"value", ClassesJson(sectors, s, kRoseValueLayer)}});
     }
-    return sectors;
+    return json;
 }
 
-Json RadiiJson() {
-    Json radii = Json::array();
-    for (int s = 0; s <= gRoseRadii->Sectors(); ++s) {
+Json RadiiJson(const RoseRadiiTable& radii) {
+    Json json = Json::array();
+    for (int s = 0; s <= radii.Sectors(); ++s) {
         Json row = Json::array();
-        for (int c = 0; c <= gRoseRadii->Classes(); ++c) {
-            row.push_back(gRoseRadii(s, c));
+        for (int c = 0; c <= radii.Classes(); ++c) {
+            row.push_back(radii(s, c));
         }
-        radii.push_back(std::move(row));
+        json.push_back(std::move(row));
     }
-    return radii;
+    return json;
 }
 
-Json WedgesJson() {
-    Json wedges = Json::array();
-    for (const RoseWedge& wedge : ActiveRose().wedges) {
-        wedges.push_back({{"sector", wedge.sector},
-                          {"class", wedge.classNumber},
-                          {"layer", wedge.layer},
-                          {"mirror", wedge.mirror},
-                          {"start", wedge.start},
-                          {"end", wedge.end},
-                          {"radius", wedge.radius}});
+Json WedgesJson(const std::vector<RoseWedge>& wedges) {
+    Json json = Json::array();
+    for (const RoseWedge& wedge : wedges) {
+        json.push_back({{"sector", wedge.sector},
+                        {"class", wedge.classNumber},
+                        {"layer", wedge.layer},
+                        {"mirror", wedge.mirror},
+                        {"start", wedge.start},
+                        {"end", wedge.end},
+                        {"radius", wedge.radius}});
     }
-    return wedges;
+    return json;
 }
 
 } // namespace
 
-Json RoseJson() {
-    const PlotRose& rose = ActiveRose();
+Json RoseJson(const Plot& plot) {
+    const PlotRose& rose = RoseOf(plot);
     if (!rose.isCounted) {
         return nullptr;
     }
-    return {{"sectors", SectorsJson()}, {"stats", rose.sectorStats}, {"trigSums", rose.trigSums},
-            {"radii", RadiiJson()},     {"total", rose.total},       {"wedges", WedgesJson()},
+    return {{"sectors", SectorsJson(plot)}, {"stats", rose.sectorStats},
+            {"trigSums", rose.trigSums},    {"radii", RadiiJson(rose.radii)},
+            {"total", rose.total},          {"wedges", WedgesJson(rose.wedges)},
             {"leftOut", rose.leftOut}};
 }
 

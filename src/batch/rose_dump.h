@@ -4,12 +4,14 @@
 
 #pragma once
 
+#include "core/plot.h"
+
 #include <nlohmann/json.hpp>
 
 namespace quandrel {
 
-/// The tables of the rose of gActivePlot: sectors, their statistics, trigonometric sums, radii and
-/// wedges. Null when the rose drawn last is another plot's.
-[[nodiscard]] nlohmann::ordered_json RoseJson();
+/// The tables of the rose of a plot: sectors, their statistics, trigonometric sums, radii and
+/// wedges. Null when it was never counted.
+[[nodiscard]] nlohmann::ordered_json RoseJson(const Plot& plot);
 
 } // namespace quandrel

@@ -270,10 +270,6 @@ LimitForm LimitFormOf(const Plot& plot, ClassColumn column) {
                : LimitForm::Plain;
 }
 
-LimitForm LimitFormOfActivePlot(ClassColumn column) {
-    return LimitFormOf(ActivePlot(), column);
-}
-
 void SetNumberOfRanges(ClassLimits& limits, int classes) {
     const int base = std::clamp(classes, 1, kMostRanges);
     // New classes have the top limit until the user moves it.
@@ -322,8 +318,8 @@ std::string ApplyClassSettings(const ClassSettings& settings) {
     ReplotActivePlot(true);
     UpdateClassStats();
     const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
-    if (column && DecimalWarningNeeded(*column)) {
-        Tell(DecimalWarningText(), Icon::Stop);
+    if (column && DecimalWarningNeeded(ActivePlot(), *column)) {
+        Tell(DecimalWarningText(record), Icon::Stop);
     }
     return {};
 }

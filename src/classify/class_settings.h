@@ -101,9 +101,6 @@ void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
 /// LimitFormOf for a column of a plot, by its settings and the size of its grid.
 [[nodiscard]] LimitForm LimitFormOf(const Plot& plot, ClassColumn column);
 
-/// LimitFormOf for a column of gActivePlot.
-[[nodiscard]] LimitForm LimitFormOfActivePlot(ClassColumn column);
-
 /// Sets the number of classes without moving a limit: the top stays the top.
 void SetNumberOfRanges(ClassLimits& limits, int classes);
 

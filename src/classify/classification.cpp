@@ -174,23 +174,22 @@ std::string ClassLabel(const ClassTableCells& table, ClassColumn column, int cla
     return classNumber > rule.base + 1 ? "> " + labels.At(kTopRow) : labels.Range(classNumber - 1);
 }
 
-bool DecimalWarningNeeded(ClassColumn column) {
-    const PlotRecord& record = ActiveRecord();
+bool DecimalWarningNeeded(const Plot& plot, ClassColumn column) {
+    const PlotRecord& record = plot.record;
     if (column == kNameClasses || record.NumValidData < 1
         || static_cast<double>(record.NumClassified) / record.NumValidData
                >= kShareWithoutWarning) {
         return false;
     }
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (DipOfRow(gActivePlot, row) != kErrorRow && !NumberOfRow(ActivePlot(), column, row)) {
+        if (DipOfRow(plot, row) != kErrorRow && !NumberOfRow(plot, column, row)) {
             return true;
         }
     }
     return false;
 }
 
-std::string DecimalWarningText() {
-    const PlotRecord& record = ActiveRecord();
+std::string DecimalWarningText(const PlotRecord& record) {
     const double share =
         record.NumValidData > 0 ? 100.0 * record.NumClassified / record.NumValidData : 0;
     return "Only " + FormatNumber(share, "#0.0")

@@ -79,12 +79,12 @@ enum class LimitForm { Plain, Deviations };
 [[nodiscard]] std::string ClassLabel(const ClassTableCells& table, ClassColumn column,
                                      int classNumber, LimitForm form = LimitForm::Plain);
 
-/// True when fewer than seven in ten valid rows of gActivePlot are classified by a number (see
+/// True when fewer than seven in ten valid rows of a plot are classified by a number (see
 /// NumClassified), and the numbers may be the cause: some row has no readable number. Rows outside
 /// the user's limits alone cause no warning.
-[[nodiscard]] bool DecimalWarningNeeded(ClassColumn column);
+[[nodiscard]] bool DecimalWarningNeeded(const Plot& plot, ClassColumn column);
 
 /// The warning for that case.
-[[nodiscard]] std::string DecimalWarningText();
+[[nodiscard]] std::string DecimalWarningText(const PlotRecord& record);
 
 } // namespace quandrel

@@ -2,8 +2,6 @@
 
 #include "core/plot_texts.h"
 
-#include "core/plot_store.h"
-
 #include <utility>
 
 namespace quandrel {
@@ -19,14 +17,18 @@ const std::string& StatisticsInUse(const Plot& plot) {
     return plot.record.StatsBoxKind != 0 ? texts.advanced : texts.normal;
 }
 
-void KeepNormalStatistics(int slot, std::string text) {
-    FormOf(slot).SetBoxText(PlotBox::StatsNormal, text);
-    PlotOf(slot).attachments.Of<PlotStatistics>().normal = std::move(text);
+void KeepNormalStatistics(Plot& plot, std::string text) {
+    if (plot.form != nullptr) {
+        plot.form->SetBoxText(PlotBox::StatsNormal, text);
+    }
+    plot.attachments.Of<PlotStatistics>().normal = std::move(text);
 }
 
-void KeepAdvancedStatistics(int slot, std::string text) {
-    FormOf(slot).SetBoxText(PlotBox::StatsAdvanced, text);
-    PlotOf(slot).attachments.Of<PlotStatistics>().advanced = std::move(text);
+void KeepAdvancedStatistics(Plot& plot, std::string text) {
+    if (plot.form != nullptr) {
+        plot.form->SetBoxText(PlotBox::StatsAdvanced, text);
+    }
+    plot.attachments.Of<PlotStatistics>().advanced = std::move(text);
 }
 
 } // namespace quandrel

@@ -24,8 +24,8 @@ struct PlotStatistics {
 /// The one of them that the plot shows.
 [[nodiscard]] const std::string& StatisticsInUse(const Plot& plot);
 
-/// Keeps a text with the plot of a slot, and gives it to its window.
-void KeepNormalStatistics(int slot, std::string text);
-void KeepAdvancedStatistics(int slot, std::string text);
+/// Keeps a text with the plot, and gives it to its window, if it has one.
+void KeepNormalStatistics(Plot& plot, std::string text);
+void KeepAdvancedStatistics(Plot& plot, std::string text);
 
 } // namespace quandrel

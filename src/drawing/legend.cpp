@@ -211,7 +211,7 @@ void Legend::AddOverlays() {
 std::vector<LegendLine> Legend::Lines() {
     AddDataNames(lines_, record_);
     if (record_.PlotKind == kRose) {
-        Add(RoseLegendLines());
+        Add(RoseLegendLines(plot_, styles_));
         return std::move(lines_);
     }
     if (record_.ClassMode > 0) {

@@ -44,8 +44,9 @@ double TotalOfRose(const PlotRecord& record) {
 
 /// Draws the picture of gActivePlot.
 void DrawPicture(const WorkingOut& how) {
+    const Drawing drawing = DrawingOfWindow(gActivePlot);
     WorkOutPlot(ActivePlot(), how);
-    DrawPlot(ActivePlot(), DrawingOfWindow(gActivePlot));
+    DrawPlot(ActivePlot(), drawing);
 }
 
 /// Everything of the active plot and of its window.
@@ -85,7 +86,7 @@ void DrawForCause(int slot, ReplotCause cause) {
         return;
     }
     if (cause == ReplotCause::File && ActiveRecord().PlotKind == kRose) {
-        AcceptSectorSize();
+        AcceptSectorSize(ActivePlot());
     }
     DrawActivePlot(how);
 }

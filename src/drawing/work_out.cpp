@@ -9,8 +9,8 @@
 #include "density/contours.h"
 #include "density/grid_density.h"
 #include "density/point_density.h"
-#include "drawing/rose_bridge.h"
 #include "edit/marks/small_circles.h"
+#include "rose/rose_plot.h"
 #include "statistics/fabric_statistics.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
@@ -100,6 +100,12 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
     WorkOutIntersections(plot, how);
     NoteSmallCircles(record);
     record.RowsChanged = 0;
+}
+
+void WorkOutUnseen(Plot& plot) {
+    if (plot.record.PlotKind == kRose) {
+        WorkOutRoseUnseen(plot);
+    }
 }
 
 void ComputeRowStatistics(Plot& plot, const WorkingOut& how) {

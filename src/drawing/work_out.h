@@ -28,6 +28,10 @@ struct WorkingOut {
 /// Works out what has gone stale in a plot.
 void WorkOutPlot(Plot& plot, const WorkingOut& how);
 
+/// Before a plot is drawn elsewhere than in its window: counts a rose whose rows or settings have
+/// changed since its window was drawn. Nothing is asked or told.
+void WorkOutUnseen(Plot& plot);
+
 /// Sorts the main rows by x and works out their densities, statistics and classes.
 void ComputeRowStatistics(Plot& plot, const WorkingOut& how);
 

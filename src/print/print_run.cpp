@@ -6,6 +6,7 @@
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "drawing/draw_plot.h"
+#include "drawing/work_out.h"
 #include "platform/platform.h"
 #include "platform/scripted/recording_surface.h"
 #include "print/print_texts.h"
@@ -172,6 +173,7 @@ void PrintRun::PrintNext() {
 void PrintRun::DrawItem(const PlotOnPage& item) {
     const PlotInWork work(item.slot);
     const PrinterFonts fonts;
+    WorkOutUnseen(ActivePlot());
     // The whole of the square is the net's scale: 1000 units are the radius, 100 are about it.
     Surface& net = page_->SurfaceIn(NetSquare(item));
     if (item.texts.width < kLeastRoom || item.texts.height < kLeastRoom) {

@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "drawing/draw_plot.h"
 #include "drawing/plot_driver.h"
+#include "drawing/work_out.h"
 #include "platform/platform.h"
 #include "qt/image_surface.h"
 #include "qt/painter_surface.h"
@@ -68,6 +69,7 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
 
 /// Draws the whole picture with `factor` painter units per logical pixel.
 void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medium) {
+    WorkOutUnseen(ActivePlot());
     const PictureLayout layout = LayOut(part);
     PainterSurface net(painter, Scaled(layout.net, factor), factor, medium);
     if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
@@ -109,6 +111,7 @@ QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) 
     const auto pixels = [density](QSize box) { return (box * density).expandedTo({1, 1}); };
     ImageSurface net(pixels(boxes.net), density, kWhite);
     ImageSurface legend(pixels(boxes.legend), density, kWhite);
+    WorkOutUnseen(ActivePlot());
     DrawPlot(ActivePlot(), PaperDrawing(net.Drawing(), legend.Drawing()));
     return part == PlotImagePart::Net ? net.Image().copy() : legend.Image().copy();
 }

@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 #include "rose/circular_median.h"
 #include "rose/circular_reference.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_tables.h"
 
@@ -82,8 +83,8 @@ std::optional<RoseLayer> LayerOfMeasure(int measure) {
     return measure == kRoseFrequency ? kRoseFrequencyLayer : kRoseValueLayer;
 }
 
-double WeightOfLayer(RoseLayer layer) {
-    return gRoseSectors(0, layer == kRoseFrequencyLayer ? 0 : 1, kRoseValueLayer);
+double WeightOfLayer(const PlotRose& rose, RoseLayer layer) {
+    return rose.sectors(0, layer == kRoseFrequencyLayer ? 0 : 1, kRoseValueLayer);
 }
 
 /// A kind with statistics, and a weight.
@@ -91,11 +92,16 @@ bool IsWorkedOn(const PlotRecord& record) {
     return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
 }
 
+AngleSense SenseOf(const PlotRose& rose) {
+    return rose.isDirectional ? AngleSense::kDirected : AngleSense::kAxial;
+}
+
 /// The median of grouped data is that of the rows repeated as often as they count, and the weights
 /// of a bias correction count as they do for the mean.
-void FindMedian(PlotRecord& record, AngleSense sense) {
-    const std::vector<AngleCount>& azimuths = ActiveRose().azimuths;
-    if (gSettings.notation.formulas == Formulas::Textbook) {
+void FindMedian(PlotRecord& record, const PlotRose& rose, Formulas formulas) {
+    const std::vector<AngleCount>& azimuths = rose.azimuths;
+    const AngleSense sense = SenseOf(rose);
+    if (formulas == Formulas::Textbook) {
         const LeastDeviation least = TextbookMedian(azimuths, record.RoseMeanDir[kOfAngles], sense);
         record.RoseMedian = least.median;
         record.RoseMeanDev = least.deviation;
@@ -188,23 +194,29 @@ std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& s
     return results;
 }
 
-void RoseCircularStats(int measure) {
-    PlotRecord& record = ActiveRecord();
+void WorkOutCircularStats(Plot& plot, int measure, Formulas formulas) {
+    PlotRecord& record = plot.record;
+    PlotRose& rose = RoseOf(plot);
     ClearCircularStatistics(record);
+    rose.confidence.reset();
     const std::optional<RoseLayer> layer = LayerOfMeasure(measure);
     if (!layer) {
         return;
     }
-    const double weight = WeightOfLayer(*layer);
+    const double weight = WeightOfLayer(rose, *layer);
     if (weight == 0 || !std::isfinite(weight)) {
         return;
     }
-    const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     if (const std::optional<CircularResults> results =
-            CircularStatistics(gRoseTrigSums[*layer], weight, sense, gSettings.notation.formulas)) {
+            CircularStatistics(rose.trigSums[*layer], weight, SenseOf(rose), formulas)) {
         Store(record, *results);
-        FindMedian(record, sense);
+        FindMedian(record, rose, formulas);
+        rose.confidence = RoseConfidenceOf(plot, formulas);
     }
+}
+
+void RoseCircularStats(int measure) {
+    WorkOutCircularStats(ActivePlot(), measure, gSettings.notation.formulas);
 }
 
 CircularResults ResultsInRecord(const PlotRecord& record) {
@@ -221,14 +233,15 @@ CircularResults ResultsInRecord(const PlotRecord& record) {
     return results;
 }
 
-std::optional<CircularResults> CircularResultsOfActivePlot(Formulas formulas) {
-    const PlotRecord& record = ActiveRecord();
+std::optional<CircularResults> CircularResultsOf(const Plot& plot, Formulas formulas) {
+    const PlotRecord& record = plot.record;
+    const PlotRose& rose = RoseOf(plot);
     const std::optional<RoseLayer> layer = LayerOfMeasure(MeasureOfRose(record.RoseType));
-    if (!ActiveRose().isCounted || !layer || !HasCircularStatistics(record)) {
+    if (!rose.isCounted || !layer || !HasCircularStatistics(record)) {
         return std::nullopt;
     }
-    const AngleSense sense = gRoseDirectional ? AngleSense::kDirected : AngleSense::kAxial;
-    return CircularStatistics(gRoseTrigSums[*layer], WeightOfStatistics(record), sense, formulas);
+    return CircularStatistics(rose.trigSums[*layer], WeightOfStatistics(record), SenseOf(rose),
+                              formulas);
 }
 
 bool HasCircularStatistics(const PlotRecord& record) {

@@ -9,7 +9,7 @@
 #pragma once
 
 #include "core/formulas.h"
-#include "core/plot_record.h"
+#include "core/plot.h"
 
 #include <array>
 #include <optional>
@@ -90,8 +90,8 @@ struct CircularResults {
 /// Above so many data the confidence interval of the mean is told.
 inline constexpr double kLargeSample = 25;
 
-/// Works out the circular statistics of the rose of gActivePlot, from the tables of its data pass,
-/// into the record, by the formulas in force.
+/// Works out the circular statistics of the rose of a plot, from the tables of its data pass, into
+/// the record, and the confidence of its mean.
 ///
 /// @param measure  RoseKindCode: frequencies are weighted by the count of observations, means and
 ///                 deviations have no statistics, all others are weighted by the value of a row
@@ -99,9 +99,12 @@ inline constexpr double kLargeSample = 25;
 /// Without statistics, without weight, and when values of both signs make a resultant longer than
 /// 1, all of the fields are 0. The median and the deviation about it are 0 where there is no
 /// median. O(rows).
+void WorkOutCircularStats(Plot& plot, int measure, Formulas formulas);
+
+/// The same of gActivePlot, by the formulas in force.
 void RoseCircularStats(int measure);
 
-/// Whether RoseCircularStats had something to work on: a kind with statistics, a weight, and
+/// Whether WorkOutCircularStats had something to work on: a kind with statistics, a weight, and
 /// resultants of 1 at most.
 [[nodiscard]] bool HasCircularStatistics(const PlotRecord& record);
 
@@ -111,9 +114,9 @@ void RoseCircularStats(int measure);
 /// The statistics that a record holds.
 [[nodiscard]] CircularResults ResultsInRecord(const PlotRecord& record);
 
-/// The statistics of the rose of gActivePlot by the given formulas, from the tables of its data
-/// pass; nothing when it has none, or the tables are of another plot.
-[[nodiscard]] std::optional<CircularResults> CircularResultsOfActivePlot(Formulas formulas);
+/// The statistics of the rose of a plot by the given formulas, from the tables of its data pass;
+/// nothing when it has none, or was never counted.
+[[nodiscard]] std::optional<CircularResults> CircularResultsOf(const Plot& plot, Formulas formulas);
 
 /// The weight that the statistics of a rose are over: of frequencies the number of observations, of
 /// other kinds the sum of the values, under the weights of a bias correction.

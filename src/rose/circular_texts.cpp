@@ -67,11 +67,12 @@ void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularRe
 }
 
 /// The textbook's median beside the program's own. Halves of the last digit are rounded alike.
-void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const PlotRecord& record,
-                         AngleSense sense) {
+void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const Plot& plot) {
     constexpr double kRounding = 1e-9;
+    const PlotRecord& record = plot.record;
+    const AngleSense sense = SenseOf(record);
     LeastDeviation median =
-        TextbookMedian(ActiveRose().azimuths, results.meanDirection[kOfAngles], sense);
+        TextbookMedian(RoseOf(plot).azimuths, results.meanDirection[kOfAngles], sense);
     if (std::abs(median.median - record.RoseMedian) < kRounding) {
         median.median = record.RoseMedian;
     }
@@ -142,7 +143,8 @@ std::string FineAzimuthOf(double azimuth, AngleSense sense) {
     return text;
 }
 
-CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
+CircularTexts CircularTextsOf(const Plot& plot, Formulas formulas) {
+    const PlotRecord& record = plot.record;
     const AngleSense sense = SenseOf(record);
     const double count = record.RoseStats[kRoseCount][kWeightedTotal];
     const CircularResults results = ResultsInRecord(record);
@@ -150,9 +152,9 @@ CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
     WriteMedian(printed, {record.RoseMedian, record.RoseMeanDev}, results, sense);
     OwnTexts textbook = printed;
     if (formulas != Formulas::Textbook) {
-        if (const auto other = CircularResultsOfActivePlot(Formulas::Textbook)) {
+        if (const auto other = CircularResultsOf(plot, Formulas::Textbook)) {
             textbook = TextsOf(*other, sense, Formulas::Textbook, count);
-            WriteTextbookMedian(textbook, *other, record, sense);
+            WriteTextbookMedian(textbook, *other, plot);
             if (IsSameMean(results, *other, sense)) {
                 WriteMeans(textbook, results, sense);
             }
@@ -171,8 +173,8 @@ CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas) {
             {printed.kappa, textbook.kappa}};
 }
 
-std::string ConfidenceLines(const PlotRecord& record, Formulas formulas) {
-    const std::optional<RoseConfidence> own = RoseConfidenceOf(record, formulas);
+std::string ConfidenceLines(const Plot& plot, Formulas formulas) {
+    const std::optional<RoseConfidence>& own = RoseOf(plot).confidence;
     if (!own) {
         return {};
     }
@@ -181,7 +183,7 @@ std::string ConfidenceLines(const PlotRecord& record, Formulas formulas) {
         return ResultLine("[Bootstrap 95% Confidence interval = ", {text, text}, "]") + "  ("
                + std::to_string(kBootstrapResamples) + " resamples; unimodal data)" + kLineEnd;
     }
-    const std::optional<RoseConfidence> textbook = RoseConfidenceOf(record, Formulas::Textbook);
+    const std::optional<RoseConfidence> textbook = RoseConfidenceOf(plot, Formulas::Textbook);
     const PrintedResult printed = {HalfWidthText(*own), textbook && textbook->isInterval
                                                             ? HalfWidthText(*textbook)
                                                             : kUndetermined};

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/formulas.h"
-#include "core/plot_record.h"
+#include "core/plot.h"
 #include "core/result_lines.h"
 #include "rose/circular_statistics.h"
 
@@ -33,15 +33,16 @@ struct CircularTexts {
 /// WholeAzimuthOf with a decimal.
 [[nodiscard]] std::string FineAzimuthOf(double azimuth, AngleSense sense);
 
-/// The texts of the rose of gActivePlot, which has circular statistics. Directions that are a whole
+/// The texts of the rose of a plot, which has circular statistics. Directions that are a whole
 /// number of periods apart are the same, however they are printed.
 ///
 /// @param formulas  of the statistics in the record. Without the tables of the rose they alone are
 ///                  printed
-[[nodiscard]] CircularTexts CircularTextsOf(const PlotRecord& record, Formulas formulas);
+[[nodiscard]] CircularTexts CircularTextsOf(const Plot& plot, Formulas formulas);
 
-/// The interval of the mean direction of the rose of gActivePlot: its lines in the statistics,
-/// empty when it has no mean direction.
-[[nodiscard]] std::string ConfidenceLines(const PlotRecord& record, Formulas formulas);
+/// The confidence of the rose of a plot: its lines in the statistics, empty when there is none.
+///
+/// @param formulas  of the statistics in the record
+[[nodiscard]] std::string ConfidenceLines(const Plot& plot, Formulas formulas);
 
 } // namespace quandrel

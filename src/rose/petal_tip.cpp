@@ -5,7 +5,6 @@
 #include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/data_format.h"
-#include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "rose/rose_legend.h"
 #include "rose/rose_radii.h"
@@ -19,8 +18,8 @@ namespace quandrel {
 
 namespace {
 
-double StatsOf(int sector, RoseStatsColumn column) {
-    return gRoseSectorStats[static_cast<std::size_t>(sector)][column];
+double StatsOf(const PlotRose& rose, int sector, RoseStatsColumn column) {
+    return rose.sectorStats[static_cast<std::size_t>(sector)][column];
 }
 
 std::string Azimuth(double degrees) {
@@ -37,17 +36,18 @@ std::string ShareText(double part, double whole) {
     return whole > 0 ? " (" + FormatNumber(100 * part / whole, "0.0") + "%)" : std::string();
 }
 
-std::string CountLine(const RoseWedge& wedge) {
-    const double count = StatsOf(wedge.sector, kRoseCount);
-    return FormatNumber(count, "0.##") + " of " + FormatNumber(StatsOf(0, kRoseCount), "0.##")
-           + " data" + ShareText(count, StatsOf(0, kRoseCount));
+std::string CountLine(const PlotRose& rose, const RoseWedge& wedge) {
+    const double count = StatsOf(rose, wedge.sector, kRoseCount);
+    const double all = StatsOf(rose, 0, kRoseCount);
+    return FormatNumber(count, "0.##") + " of " + FormatNumber(all, "0.##") + " data"
+           + ShareText(count, all);
 }
 
 /// Sum and mean of the appended values, or speed and energy of winds.
-std::string ValueLines(const PlotRecord& record, int sector) {
-    const int kind = RoseKindOf(record.RoseType);
-    const auto line = [sector](const std::string& what, RoseStatsColumn column) {
-        return "\n" + what + FormatNumber(StatsOf(sector, column), "0.###");
+std::string ValueLines(const Plot& plot, int sector) {
+    const int kind = RoseKindOf(plot.record.RoseType);
+    const auto line = [&plot, sector](const std::string& what, RoseStatsColumn column) {
+        return "\n" + what + FormatNumber(StatsOf(RoseOf(plot), sector, column), "0.###");
     };
     if (kind == kRoseFrequency) {
         return {};
@@ -60,52 +60,56 @@ std::string ValueLines(const PlotRecord& record, int sector) {
         }
         return lines;
     }
-    const std::string name = RoseValueLabel(record.AppNumName);
+    const std::string name = RoseValueLabel(plot.record.AppNumName);
     return line(name + ", sum: ", kRoseValueSum) + line(name + ", mean: ", kRoseMean)
            + line(name + ", std. deviation: ", kRoseDeviation);
 }
 
-std::string ClassLine(const PlotRecord& record, const RoseWedge& wedge) {
+std::string ClassLine(const Plot& plot, const RoseWedge& wedge) {
+    const PlotRecord& record = plot.record;
+    const RoseSectorTable& sectors = RoseOf(plot).sectors;
     const std::optional<ClassColumn> column = RoseClassColumn(record);
     if (!column || wedge.classNumber == 0) {
         return {};
     }
     // The whole of a sector counts observations, its classes count rows.
     double all = 0;
-    for (int c = 1; c <= gRoseSectors->Classes(); ++c) {
-        all += gRoseSectors(wedge.sector, c, kRoseFrequencyLayer);
+    for (int c = 1; c <= sectors.Classes(); ++c) {
+        all += sectors(wedge.sector, c, kRoseFrequencyLayer);
     }
-    const double rows = gRoseSectors(wedge.sector, wedge.classNumber, kRoseFrequencyLayer);
-    const LimitForm form = LimitFormOfActivePlot(*column);
+    const double rows = sectors(wedge.sector, wedge.classNumber, kRoseFrequencyLayer);
+    const LimitForm form = LimitFormOf(plot, *column);
     return "\n" + ClassLabel(record.ClassTable, *column, wedge.classNumber, form) + ": "
            + FormatNumber(rows, "0.##") + ShareText(rows, all);
 }
 
 } // namespace
 
-std::string SectorBoundsText(int sector) {
-    const PlotRecord& record = ActiveRecord();
-    const bool isLast = sector == gRoseSectors->Sectors() && sector > 1;
+std::string SectorBoundsText(const Plot& plot, int sector) {
+    const PlotRecord& record = plot.record;
+    const PlotRose& rose = RoseOf(plot);
+    const int sectors = rose.sectors.Sectors();
+    const bool isLast = sector == sectors && sector > 1;
     const double size = record.RoseSectorSize;
-    const double oddSize = OddSectorOfRose(record, gRoseSectors->Sectors());
+    const double oddSize = OddSectorOfRose(record, sectors);
     const double width = isLast && oddSize > 0 ? oddSize : size;
-    const double end = 90 - gRoseStartMath - (sector - 1) * size;
+    const double end = 90 - rose.startMath - (sector - 1) * size;
     const std::string bounds = Bounds(end - width, end);
-    const bool isOneSided = gRoseDirectional || CountsBothEnds(record);
+    const bool isOneSided = rose.isDirectional || CountsBothEnds(record);
     return isOneSided ? bounds : bounds + ", " + Bounds(end - width + 180, end + 180);
 }
 
-std::string PetalTip(Point at) {
-    if (!IsOpenSlot(gActivePlot) || !ActiveRose().isCounted || ActiveRecord().PlotKind != kRose) {
+std::string PetalTip(const Plot& plot, Point at) {
+    const PlotRose& rose = RoseOf(plot);
+    if (plot.record.PlotKind != kRose || !rose.isCounted) {
         return {};
     }
-    const RoseWedge* const wedge = WedgeAt(ActiveRose().wedges, at);
-    if (wedge == nullptr || wedge->sector > gRoseSectors->Sectors()) {
+    const RoseWedge* const wedge = WedgeAt(rose.wedges, at);
+    if (wedge == nullptr || wedge->sector > rose.sectors.Sectors()) {
         return {};
     }
-    const PlotRecord& record = ActiveRecord();
-    return "Sector " + SectorBoundsText(wedge->sector) + "\n" + CountLine(*wedge)
-           + ClassLine(record, *wedge) + ValueLines(record, wedge->sector);
+    return "Sector " + SectorBoundsText(plot, wedge->sector) + "\n" + CountLine(rose, *wedge)
+           + ClassLine(plot, *wedge) + ValueLines(plot, wedge->sector);
 }
 
 } // namespace quandrel

@@ -32,21 +32,22 @@ std::optional<double> SineOfConfidence(const PlotRecord& record, Formulas formul
 }
 
 /// The observations that the statistics of a rose are over, of axial data with doubled angles.
-std::vector<WeightedAngle> ObservationsOf(const PlotRecord& record) {
+std::vector<WeightedAngle> ObservationsOf(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
     const double factor = record.DataKind == kPolarLines ? 1 : 2;
     std::vector<WeightedAngle> observations;
-    for (const RoseObservation& row : RowsOfRose(record)) {
+    for (const RoseObservation& row : RowsOfRose(plot)) {
         const WeightedAngle one{factor * row.angle, isFrequency ? row.weight : row.valueWeight};
         observations.insert(observations.end(), isFrequency ? row.count : 1, one);
     }
     return observations;
 }
 
-RoseConfidence BootstrapConfidence(const PlotRecord& record) {
+RoseConfidence BootstrapConfidence(const Plot& plot) {
     RoseConfidence confidence{ConfidenceMethod::kBootstrap, {}, false};
-    if (const std::optional<double> halfWidth = BootstrapHalfWidth(ObservationsOf(record))) {
-        confidence.halfWidth = record.DataKind == kPolarLines ? *halfWidth : *halfWidth / 2;
+    if (const std::optional<double> halfWidth = BootstrapHalfWidth(ObservationsOf(plot))) {
+        confidence.halfWidth = plot.record.DataKind == kPolarLines ? *halfWidth : *halfWidth / 2;
         confidence.isInterval = true;
     }
     return confidence;
@@ -58,25 +59,25 @@ bool HasRoseMean(const PlotRecord& record) {
     return HasCircularStatistics(record) && record.RoseResultant[kOfAngles] > 0;
 }
 
-std::optional<double> RoseConfidenceHalfWidth(const PlotRecord& record, Formulas formulas) {
-    const std::optional<double> sine = SineOfConfidence(record, formulas);
+std::optional<double> RoseConfidenceHalfWidth(const Plot& plot, Formulas formulas) {
+    const std::optional<double> sine = SineOfConfidence(plot.record, formulas);
     if (!sine) {
         return std::nullopt;
     }
     const double halfWidth = ArcSin(*sine); // Kept: a right angle where there is no interval
-    return gRoseDirectional ? halfWidth : halfWidth / 2;
+    return RoseOf(plot).isDirectional ? halfWidth : halfWidth / 2;
 }
 
-std::optional<RoseConfidence> RoseConfidenceOf(const PlotRecord& record, Formulas formulas) {
-    const std::optional<double> sine = SineOfConfidence(record, formulas);
+std::optional<RoseConfidence> RoseConfidenceOf(const Plot& plot, Formulas formulas) {
+    const std::optional<double> sine = SineOfConfidence(plot.record, formulas);
     if (!sine) {
         return std::nullopt;
     }
-    if (record.RoseStats[kRoseCount][kWeightedTotal] <= kLargeSample) {
-        return BootstrapConfidence(record);
+    if (plot.record.RoseStats[kRoseCount][kWeightedTotal] <= kLargeSample) {
+        return BootstrapConfidence(plot);
     }
-    return RoseConfidence{ConfidenceMethod::kByDispersion,
-                          RoseConfidenceHalfWidth(record, formulas), *sine <= 1};
+    return RoseConfidence{ConfidenceMethod::kByDispersion, RoseConfidenceHalfWidth(plot, formulas),
+                          *sine <= 1};
 }
 
 } // namespace quandrel

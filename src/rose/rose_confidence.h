@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/formulas.h"
-#include "core/plot_record.h"
+#include "rose/rose_tables.h"
 
 #include <optional>
 
@@ -18,28 +18,12 @@ namespace quandrel {
 /// Formula: arc sin(z s), s the circular standard error, the root of the dispersion over the number
 /// of data; z is 1.9604, in the textbook 1.96. N. I. Fisher, Statistical Analysis of Circular Data
 /// (1993), 4.4.4.
-[[nodiscard]] std::optional<double> RoseConfidenceHalfWidth(const PlotRecord& record,
+[[nodiscard]] std::optional<double> RoseConfidenceHalfWidth(const Plot& plot,
                                                             Formulas formulas = Formulas::Own);
 
-/// How an interval is worked out.
-enum class ConfidenceMethod {
-    kBootstrap,    ///< of kLargeSample data at most, by all formulas: BootstrapHalfWidth
-    kByDispersion, ///< of more: RoseConfidenceHalfWidth
-};
-
-/// The interval that is printed of a rose.
-struct RoseConfidence {
-    ConfidenceMethod method = ConfidenceMethod::kByDispersion;
-    std::optional<double> halfWidth; ///< radians; nothing prints as undetermined
-    bool isInterval = false;         ///< false for the right angle where there is no interval
-};
-
-/// The interval of the rose of gActivePlot, nothing when it has no mean direction.
-///
-/// @param record  of gActivePlot, with the statistics of its rose. The rows of a small sample are
-///                counted once more
-[[nodiscard]] std::optional<RoseConfidence> RoseConfidenceOf(const PlotRecord& record,
-                                                             Formulas formulas);
+/// The interval by the statistics in the record of a plot, nothing when it has no mean direction.
+/// The rows of a small sample are counted once more.
+[[nodiscard]] std::optional<RoseConfidence> RoseConfidenceOf(const Plot& plot, Formulas formulas);
 
 /// Whether a rose has a mean direction: statistics, and a resultant.
 [[nodiscard]] bool HasRoseMean(const PlotRecord& record);

@@ -3,12 +3,11 @@
 #include "rose/rose_furniture.h"
 
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_scale.h"
-#include "stereo/draw_target.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <array>
@@ -87,20 +86,22 @@ Point AlongAxis(int axis, double radius, double across = 0) {
     return {along.x * radius + along.y * across, along.y * radius - along.x * across};
 }
 
-void DrawAxes(Surface& surface, int shape) {
-    const bool ticks = gRoseAxesStyle == 1 || gRoseAxesStyle == 3;
-    if (!ticks && gRoseAxesStyle != 0) {
+void DrawAxes(const Drawing& drawing, int shape) {
+    Surface& surface = drawing.plot;
+    const int style = drawing.styles.roseAxesStyle;
+    const bool ticks = style == 1 || style == 3;
+    if (!ticks && style != 0) {
         return;
     }
     for (const int axis : AxesShown(shape)) {
         if (ticks) {
             surface.Line(AlongAxis(axis, kNetRadius), AlongAxis(axis, kOuterTick),
-                         AxesColour(DrawingInForce()));
+                         AxesColour(drawing));
         } else if (IsHalfRose(shape)) {
-            surface.Line({}, AlongAxis(axis, kNetRadius), AxesColour(DrawingInForce()));
+            surface.Line({}, AlongAxis(axis, kNetRadius), AxesColour(drawing));
         } else if (axis < 2) {
             surface.Line(AlongAxis(axis, -kNetRadius), AlongAxis(axis, kNetRadius),
-                         AxesColour(DrawingInForce()));
+                         AxesColour(drawing));
         }
     }
 }
@@ -121,18 +122,18 @@ bool Meet(const LabelBox& a, const LabelBox& b) {
 /// others.
 class CompassLabels {
 public:
-    CompassLabels(Surface& surface, const PlotRecord& record)
-        : surface_(surface)
-        , arrows_(RoseArrowAzimuths(record)) {
-        DrawState state = surface.State();
-        state.foreColour = AxesColour(DrawingInForce());
+    CompassLabels(const Plot& plot, const Drawing& drawing)
+        : surface_(drawing.plot)
+        , arrows_(RoseArrowAzimuths(plot)) {
+        DrawState state = surface_.State();
+        state.foreColour = AxesColour(drawing);
         // Between the ticks and the edge of the surface is little room, and less in a small window.
-        const double room = surface.Scale().top - kLabelRadius;
-        const double height = surface.TextHeight();
+        const double room = surface_.Scale().top - kLabelRadius;
+        const double height = surface_.TextHeight();
         if (height > room && height > 0) {
             state.font.points = std::max(state.font.points * room / height, kLeastLabelPoints);
         }
-        surface.SetState(state);
+        surface_.SetState(state);
     }
 
     void Draw(int i) {
@@ -202,44 +203,45 @@ private:
     std::vector<LabelBox> taken_;
 };
 
-void DrawCompassPoints(Surface& surface, const PlotRecord& record) {
-    const SavedState saved(surface);
-    CompassLabels labels(surface, record);
-    for (const int i : CompassPointsShown(record.RoseShape)) {
-        surface.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i),
-                     AxesColour(DrawingInForce()));
+void DrawCompassPoints(const Plot& plot, const Drawing& drawing) {
+    const SavedState saved(drawing.plot);
+    CompassLabels labels(plot, drawing);
+    for (const int i : CompassPointsShown(plot.record.RoseShape)) {
+        drawing.plot.Line(AtCompassPoint(kNetRadius, i), AtCompassPoint(kCompassTick, i),
+                          AxesColour(drawing));
         labels.Draw(i);
     }
 }
 
-void DrawShownArc(Surface& surface, int shape, double radius) {
+void DrawShownArc(const Drawing& drawing, int shape, double radius) {
     const RoseArc arc = ShownArc(shape);
-    surface.Arc({}, radius, arc.start, arc.end, AxesColour(DrawingInForce()));
+    drawing.plot.Arc({}, radius, arc.start, arc.end, AxesColour(drawing));
 }
 
 /// A tick across each axis that carries the scale: all four, or the middle one of a half.
-void DrawTicks(Surface& surface, int shape, double radius) {
+void DrawTicks(const Drawing& drawing, int shape, double radius) {
+    Surface& surface = drawing.plot;
     for (const int axis : AxesShown(shape)) {
         if (IsHalfRose(shape) && std::abs(axis * kPi / 2 - HalfOf(shape).middle) > 0.1) {
             continue;
         }
         surface.Line(AlongAxis(axis, radius, -kScaleTick), AlongAxis(axis, radius, kScaleTick),
-                     AxesColour(DrawingInForce()));
-        if (gRoseAxesStyle != 0) {
+                     AxesColour(drawing));
+        if (drawing.styles.roseAxesStyle != 0) {
             // There is no axis that the tick could stand on.
             surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick),
-                         AxesColour(DrawingInForce()));
+                         AxesColour(drawing));
         }
     }
 }
 
-void DrawMarks(Surface& surface, const PlotRecord& record) {
+void DrawMarks(const Drawing& drawing, const PlotRecord& record) {
     const RoseScaleSettings scale = ScaleOfRose(record);
     for (const RoseScaleMark& mark : MarksOfScale(scale)) {
         if (scale.circles) {
-            DrawShownArc(surface, record.RoseShape, mark.radius);
+            DrawShownArc(drawing, record.RoseShape, mark.radius);
         } else {
-            DrawTicks(surface, record.RoseShape, mark.radius);
+            DrawTicks(drawing, record.RoseShape, mark.radius);
         }
     }
 }
@@ -284,28 +286,29 @@ std::string CompassName(int i) {
     return kNames.at(static_cast<std::size_t>(i));
 }
 
-void DrawRoseScale() {
-    const PlotRecord& record = ActiveRecord();
-    Surface& surface = PlotSurface();
-    const SavedState saved(surface);
-    DrawState state = surface.State();
+void DrawRoseScale(const Plot& plot, const Drawing& drawing) {
+    const PlotRecord& record = plot.record;
+    const SavedState saved(drawing.plot);
+    DrawState state = drawing.plot.State();
     state.fillStyle = kNoFill;
     state.drawStyle = kSolidLine;
     state.drawWidth = 1;
-    surface.SetState(state);
-    DrawAxes(surface, record.RoseShape);
-    if (gSettings.styles.showCompassPoints) {
-        DrawCompassPoints(surface, record);
-    }
-    if (!IsDrawingElsewhere()) {
-        StoreRoseInterval();
+    drawing.plot.SetState(state);
+    DrawAxes(drawing, record.RoseShape);
+    if (drawing.styles.showCompassPoints) {
+        DrawCompassPoints(plot, drawing);
     }
     if (record.RoseDisplay6 != 0) {
-        DrawMarks(surface, record);
+        DrawMarks(drawing, record);
     }
-    if (gRoseOuterCircle) {
-        DrawShownArc(surface, record.RoseShape, kNetRadius);
+    if (drawing.styles.roseOuterCircle) {
+        DrawShownArc(drawing, record.RoseShape, kNetRadius);
     }
+}
+
+void DrawRoseScale() {
+    StoreRoseInterval(ActiveRecord());
+    DrawRoseScale(ActivePlot(), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -7,6 +7,9 @@
 
 #pragma once
 
+#include "core/plot.h"
+#include "stereo/drawing.h"
+
 #include <string>
 
 namespace quandrel {
@@ -36,10 +39,12 @@ struct RoseArc {
 /// "N", "NNE" and so on, clockwise in sixteenths of the circle. `i` is 0 to 15.
 [[nodiscard]] std::string CompassName(int i);
 
-/// Draws axes in the style of gRoseAxesStyle (0 lines, 1 and 3 ticks outside the circle, 2 none),
-/// compass points if gSettings.styles.showCompassPoints, the scale of the rose of gActivePlot if
-/// its RoseDisplay6, and the outer circle if gRoseOuterCircle. Writes the interval of the scale
-/// into RoseScaleType, but for "auto", unless the drawing goes elsewhere than to the plot's window.
+/// Draws axes in the style of roseAxesStyle (0 lines, 1 and 3 ticks outside the circle, 2 none),
+/// compass points if showCompassPoints, the scale of the rose if RoseDisplay6, and the outer circle
+/// if roseOuterCircle.
+void DrawRoseScale(const Plot& plot, const Drawing& drawing);
+
+/// The same of gActivePlot, after StoreRoseInterval.
 void DrawRoseScale();
 
 } // namespace quandrel

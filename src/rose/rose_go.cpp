@@ -124,7 +124,8 @@ std::string DefaultScale(const RoseSettings& settings, const RoseSettings& forme
 }
 
 /// What the largest sector of a rose would be, per cent of all.
-double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) {
+double LargestPerCentOf(const RoseSettings& settings, const Plot& plot) {
+    const PlotRecord& record = plot.record;
     PlotRecord asked;
     asked.DataKind = record.DataKind;
     asked.PrimaryFormat = record.PrimaryFormat;
@@ -136,16 +137,16 @@ double LargestPerCentOf(const RoseSettings& settings, const PlotRecord& record) 
     SetCounts(asked, CountsOf(record));
     asked.ClassTable = record.ClassTable;
     Write(settings, asked);
-    RoseTables tables = TablesOfRose(asked);
+    RoseTables tables = TablesOfRose(plot, asked);
     if (FaultOfTotals(asked, tables.totals, tables.sectors(0, 0, kRoseValueLayer))
         != kNoRoseFault) {
         asked.RoseType = kRoseFrequency; // as the drawing makes it
-        tables = TablesOfRose(asked);
+        tables = TablesOfRose(plot, asked);
     }
     return LargestPerCent(tables.totals, MeasureOfRose(asked.RoseType));
 }
 
-std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const PlotRecord& record) {
+std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const Plot& plot) {
     if (!settings.interval) {
         return std::nullopt;
     }
@@ -157,7 +158,7 @@ std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const Plo
     const double largest = interval * kMostRoseMarks * (1 + 1e-9);
     // No frequency is above 100 %; sums of values of both signs may be.
     const bool fitsAny = settings.kind == kRoseFrequency && largest >= 100;
-    if (interval > 0 && !fitsAny && LargestPerCentOf(settings, record) > largest) {
+    if (interval > 0 && !fitsAny && LargestPerCentOf(settings, plot) > largest) {
         return RoseRefusal{RoseField::ScaleInterval,
                            "The scale interval is too small: it would give more than "
                                + std::to_string(kMostRoseMarks) + " marks."};
@@ -194,8 +195,8 @@ RoseSettings RoseSettingsOfActivePlot() {
     return settings;
 }
 
-std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings) {
-    const PlotRecord& record = ActiveRecord();
+std::optional<RoseRefusal> CheckRoseSettings(const Plot& plot, const RoseSettings& settings) {
+    const PlotRecord& record = plot.record;
     if (HoldsBothAxes(record)) {
         return RoseRefusal{RoseField::Kind, kMixedRoseRefusal};
     }
@@ -206,14 +207,14 @@ std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings) {
         return RoseRefusal{RoseField::OwnLines,
                            "These data have no appended lines to correct their bias with."};
     }
-    return CheckInterval(settings, record);
+    return CheckInterval(settings, plot);
 }
 
 RoseOutcome TryRoseSettings(const RoseSettings& settings) {
-    if (std::optional<RoseRefusal> refusal = CheckRoseSettings(settings)) {
+    if (std::optional<RoseRefusal> refusal = CheckRoseSettings(ActivePlot(), settings)) {
         return {RoseVerdict::Refused, std::move(refusal)};
     }
-    if (!AskForSectorSize(settings.sectorSize)) {
+    if (!AskForSectorSize(ActivePlot(), settings.sectorSize)) {
         return {RoseVerdict::Cancelled, std::nullopt};
     }
     return {};

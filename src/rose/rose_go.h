@@ -65,9 +65,10 @@ struct RoseRefusal {
     std::string reason; ///< a sentence for the status line
 };
 
-/// The first setting that cannot be used for gActivePlot, and why. A scale interval below 1 % is
+/// The first setting that cannot be used for a plot, and why. A scale interval below 1 % is
 /// tried on the rose asked for, which takes a pass over the rows.
-[[nodiscard]] std::optional<RoseRefusal> CheckRoseSettings(const RoseSettings& settings);
+[[nodiscard]] std::optional<RoseRefusal> CheckRoseSettings(const Plot& plot,
+                                                           const RoseSettings& settings);
 
 /// How a Go ended.
 enum class RoseVerdict {

@@ -5,11 +5,9 @@
 #include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/letter_case.h"
-#include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "rose/bias_weights.h"
 #include "rose/rose_radii.h"
-#include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
 
 #include <algorithm>
@@ -45,11 +43,11 @@ LegendLine PatchLine(RoseFill fill, std::string text, int percent = 0) {
 }
 
 /// The line of a layer. The petals of a classified top layer have no one fill.
-LegendLine LayerLine(const PlotRecord& record, int layer, std::string text) {
+LegendLine LayerLine(const PlotRecord& record, const Styles& styles, int layer, std::string text) {
     if (layer == 0 && HasRoseClasses(record.RoseType)) {
         return {LegendSample::Indent, 0, std::move(text)};
     }
-    return PatchLine(FillOfRoseLayer(layer), std::move(text));
+    return PatchLine(FillOfRoseLayer(styles, layer), std::move(text));
 }
 
 std::string FrequencyTitle(const PlotRecord& record) {
@@ -92,7 +90,7 @@ std::string RoseValueLabel(std::string_view name) {
     return FirstCharacters(name, kLabelLength);
 }
 
-std::vector<LegendLine> RoseTitleLines(const PlotRecord& record) {
+std::vector<LegendLine> RoseTitleLines(const PlotRecord& record, const Styles& styles) {
     const std::string name = RoseValueLabel(record.AppNumName);
     switch (RoseKindOf(record.RoseType)) {
     case kRoseValue:
@@ -109,14 +107,16 @@ std::vector<LegendLine> RoseTitleLines(const PlotRecord& record) {
                 TextLine("[Mean Wind Speed^3 x Mean Frequency]")};
     case kRoseOverlaidWind:
         return {TextLine("Overlayed Wind Rose"),
-                LayerLine(record, 0, "Wind Energy x mean freq [top]"),
-                LayerLine(record, 1, "Mean Wind Speed [middle]"),
+                LayerLine(record, styles, 0, "Wind Energy x mean freq [top]"),
+                LayerLine(record, styles, 1, "Mean Wind Speed [middle]"),
                 {LegendSample::Indent, 0, "[sum of speeds/sector]"},
-                LayerLine(record, 2, "Mean Wind Frequency [base]")};
+                LayerLine(record, styles, 2, "Mean Wind Frequency [base]")};
     case kRoseValueOverFrequency:
-        return {LayerLine(record, 0, name), LayerLine(record, 1, "overlayed on Data frequency")};
+        return {LayerLine(record, styles, 0, name),
+                LayerLine(record, styles, 1, "overlayed on Data frequency")};
     case kRoseValueOverMean:
-        return {LayerLine(record, 0, name), LayerLine(record, 1, "overlayed on Mean " + name)};
+        return {LayerLine(record, styles, 0, name),
+                LayerLine(record, styles, 1, "overlayed on Mean " + name)};
     default:
         return {TextLine(FrequencyTitle(record))};
     }
@@ -136,7 +136,8 @@ std::vector<LegendLine> RoseBiasLines(const PlotRecord& record) {
             TextLine(" [Min.angle used = " + FormatNumber(record.RoseMinBiasAngle, "#0") + "° ]")};
 }
 
-std::vector<LegendLine> RoseClassLines(const PlotRecord& record) {
+std::vector<LegendLine> RoseClassLines(const Plot& plot, const Styles& styles) {
+    const PlotRecord& record = plot.record;
     const std::optional<ClassColumn> column = RoseClassColumn(record);
     std::vector<LegendLine> lines;
     if (!column || !HasRoseClasses(record.RoseType)) {
@@ -144,10 +145,10 @@ std::vector<LegendLine> RoseClassLines(const PlotRecord& record) {
     }
     const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
     const int classes = LastClass(rule);
-    const LimitForm form = LimitFormOfActivePlot(*column);
+    const LimitForm form = LimitFormOf(plot, *column);
     for (int c = rule.keepLow ? 1 : 2; c <= classes; ++c) {
         if (CanHoldValues(rule, c)) {
-            lines.push_back(PatchLine(FillOfRoseClass(c),
+            lines.push_back(PatchLine(FillOfRoseClass(styles, c),
                                       ClassLabel(record.ClassTable, *column, c, form),
                                       PatchWidth(record, c, classes)));
         }
@@ -155,9 +156,9 @@ std::vector<LegendLine> RoseClassLines(const PlotRecord& record) {
     return lines;
 }
 
-std::vector<LegendLine> RoseLegendLines() {
-    const PlotRecord& record = ActiveRecord();
-    std::vector<LegendLine> lines = RoseTitleLines(record);
+std::vector<LegendLine> RoseLegendLines(const Plot& plot, const Styles& styles) {
+    const PlotRecord& record = plot.record;
+    std::vector<LegendLine> lines = RoseTitleLines(record, styles);
     const auto append = [&lines](std::vector<LegendLine> more) {
         lines.insert(lines.end(), std::make_move_iterator(more.begin()),
                      std::make_move_iterator(more.end()));
@@ -171,7 +172,7 @@ std::vector<LegendLine> RoseLegendLines() {
             TextLine("Classified by: " + (byLength ? record.AppNumName : record.AppNonNumName)));
     }
     append(RoseBiasLines(record));
-    append(RoseClassLines(record));
+    append(RoseClassLines(plot, styles));
     return lines;
 }
 

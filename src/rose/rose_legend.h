@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/plot.h"
 #include "rose/rose_sectors.h"
 #include "stereo/legend_line.h"
 
@@ -19,17 +19,18 @@ namespace quandrel {
 [[nodiscard]] std::string RoseValueLabel(std::string_view name);
 
 /// The lines that tell the kind of a rose; the layers of an overlaid one have samples.
-[[nodiscard]] std::vector<LegendLine> RoseTitleLines(const PlotRecord& record);
+[[nodiscard]] std::vector<LegendLine> RoseTitleLines(const PlotRecord& record,
+                                                     const Styles& styles);
 
 /// The lines of a bias correction, none without one; "Dip only" says that there is no correction.
 [[nodiscard]] std::vector<LegendLine> RoseBiasLines(const PlotRecord& record);
 
 /// A sample and a label for each class that is kept and can hold rows; samples are as wide as the
 /// classes where these differ in width. None for a rose without classes.
-[[nodiscard]] std::vector<LegendLine> RoseClassLines(const PlotRecord& record);
+[[nodiscard]] std::vector<LegendLine> RoseClassLines(const Plot& plot, const Styles& styles);
 
-/// The lines of the legend of the rose of gActivePlot: its kind, whether axes are counted at both
+/// The lines of the legend of the rose of a plot: its kind, whether axes are counted at both
 /// ends, what it is classified by, its bias correction, and its classes.
-[[nodiscard]] std::vector<LegendLine> RoseLegendLines();
+[[nodiscard]] std::vector<LegendLine> RoseLegendLines(const Plot& plot, const Styles& styles);
 
 } // namespace quandrel

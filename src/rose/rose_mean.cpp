@@ -2,14 +2,11 @@
 
 #include "rose/rose_mean.h"
 
-#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "rose/circular_statistics.h"
 #include "rose/rose_confidence.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_tables.h"
-#include "stereo/draw_target.h"
 
 #include <cmath>
 
@@ -23,12 +20,13 @@ constexpr double kArrowWidth = 2;
 constexpr double kArcWidth = 4;
 
 /// The azimuths of the mean: of axial data both ends.
-std::vector<double> MeanEnds(const PlotRecord& record) {
-    if (!HasRoseMean(record)) {
+std::vector<double> MeanEnds(const Plot& plot) {
+    if (!HasRoseMean(plot.record)) {
         return {};
     }
-    const double mean = record.RoseMeanDir[kOfAngles];
-    return gRoseDirectional ? std::vector{mean} : std::vector{mean, WrappedAngle(mean + kPi)};
+    const double mean = plot.record.RoseMeanDir[kOfAngles];
+    return RoseOf(plot).isDirectional ? std::vector{mean}
+                                      : std::vector{mean, WrappedAngle(mean + kPi)};
 }
 
 Point AtAzimuth(double radius, double azimuth) {
@@ -49,14 +47,13 @@ void DrawArrow(Surface& surface, double azimuth) {
     surface.Line(tip, AtAzimuth(kArrowBarb, azimuth + kBarbAngle), kBlack);
 }
 
-void DrawConfidenceArcs(Surface& surface, const PlotRecord& record) {
-    const std::optional<RoseConfidence> confidence =
-        RoseConfidenceOf(record, gSettings.notation.formulas);
+void DrawConfidenceArcs(Surface& surface, const Plot& plot) {
+    const std::optional<RoseConfidence>& confidence = RoseOf(plot).confidence;
     if (!confidence || !confidence->isInterval) {
         return;
     }
-    for (const double end : MeanEnds(record)) {
-        const RoseArc arc = ClippedArc(record.RoseShape, end, *confidence->halfWidth);
+    for (const double end : MeanEnds(plot)) {
+        const RoseArc arc = ClippedArc(plot.record.RoseShape, end, *confidence->halfWidth);
         if (arc.start != arc.end) {
             surface.Arc({}, kNetRadius, arc.start, arc.end, kBlack);
         }
@@ -65,27 +62,27 @@ void DrawConfidenceArcs(Surface& surface, const PlotRecord& record) {
 
 } // namespace
 
-std::vector<double> RoseArrowAzimuths(const PlotRecord& record) {
+std::vector<double> RoseArrowAzimuths(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     std::vector<double> azimuths;
     if (record.RoseDisplay7 != 0) {
-        azimuths = MeanEnds(record);
+        azimuths = MeanEnds(plot);
     }
     std::erase_if(azimuths,
                   [&record](double azimuth) { return !IsAzimuthShown(record.RoseShape, azimuth); });
     return azimuths;
 }
 
-void DrawRoseMean() {
-    const PlotRecord& record = ActiveRecord();
-    Surface& surface = PlotSurface();
+void DrawRoseMean(const Plot& plot, const Drawing& drawing) {
+    Surface& surface = drawing.plot;
     const SavedState saved(surface);
     UseWidth(surface, kArrowWidth);
-    for (const double azimuth : RoseArrowAzimuths(record)) {
+    for (const double azimuth : RoseArrowAzimuths(plot)) {
         DrawArrow(surface, azimuth);
     }
-    if (record.RoseDisplay8 != 0) {
+    if (plot.record.RoseDisplay8 != 0) {
         UseWidth(surface, kArcWidth);
-        DrawConfidenceArcs(surface, record);
+        DrawConfidenceArcs(surface, plot);
     }
 }
 

@@ -9,8 +9,8 @@
 #include "core/settings.h"
 #include "platform/platform.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_furniture.h"
-#include "rose/rose_legend.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
@@ -19,13 +19,13 @@
 #include "rose/rose_statistics_texts.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
-#include "stereo/draw_target.h"
+#include "stereo/window_drawing.h"
 
 #include <string>
+#include <utility>
 
 namespace quandrel {
 
-std::function<void(int fault)> gRoseFaultHook;
 bool gRoseClassWarned = false;
 
 namespace {
@@ -86,23 +86,30 @@ std::string FaultText(const PlotRecord& record, int fault) {
     return text + kFrequenciesAlone;
 }
 
+/// Fills the tables from rows and settings that were accepted before.
+void CountAccepted(Plot& plot, MayAsk mayAsk) {
+    RoseOf(plot).isOddAsked = true;
+    (void)CountRose(plot, mayAsk);
+    RoseOf(plot).isOddAsked = false;
+}
+
 /// Turns a rose that the data cannot show into one of frequencies.
-void MendFault(PlotRecord& record) {
-    const int fault = FaultOfRose();
+void MendFault(Plot& plot) {
+    PlotRecord& record = plot.record;
+    const double classed = RoseOf(plot).sectors(0, 0, kRoseValueLayer);
+    const int fault = FaultOfTotals(record, record.RoseStats, classed);
     if (fault == kNoRoseFault) {
         return;
     }
     Stop(FaultText(record, fault));
     record.RoseType = kRoseFrequency;
-    if (gRoseFaultHook) {
-        gRoseFaultHook(fault);
-    }
-    gRoseOddAsked = true; // the size has been accepted a moment ago
-    (void)RoseCountSectors();
+    RoseOf(plot).fault = fault;
+    CountAccepted(plot, MayAsk::Yes);
 }
 
 /// Warns once when hardly any number of a classified rose could be read.
-void CheckClasses(PlotRecord& record) {
+void CheckClasses(Plot& plot) {
+    PlotRecord& record = plot.record;
     if (record.ClassifyCheckPending == 0 || gRoseClassWarned) {
         return;
     }
@@ -111,110 +118,113 @@ void CheckClasses(PlotRecord& record) {
         return;
     }
     record.ClassifyCheckPending = 0;
-    if (DecimalWarningNeeded(*column)) {
+    if (DecimalWarningNeeded(plot, *column)) {
         gRoseClassWarned = true;
-        Stop(DecimalWarningText());
+        Stop(DecimalWarningText(record));
     }
 }
 
 /// Counts rows and works out statistics after a change. False when the user wants none of it.
-bool CountAnew(PlotRecord& record) {
+bool CountAnew(Plot& plot) {
     gPlatform.status->SetText(kCountingText);
-    if (!RoseCountSectors()) {
+    if (!CountRose(plot, MayAsk::Yes)) {
         gPlatform.status->SetText({});
         return false;
     }
-    MendFault(record);
-    CheckClasses(record);
-    RoseCircularStats(MeasureOfRose(record.RoseType));
+    MendFault(plot);
+    CheckClasses(plot);
+    WorkOutCircularStats(plot, MeasureOfRose(plot.record.RoseType), gSettings.notation.formulas);
     gPlatform.status->SetText({});
-    record.RowsChanged = 0;
-    RememberRose();
+    plot.record.RowsChanged = 0;
+    RememberRose(plot, gSettings.notation.formulas);
     return true;
 }
 
-/// Fills the tables from rows and settings that have not changed.
-void CountAgain() {
-    gRoseOddAsked = true;
-    (void)RoseCountSectors();
-    gRoseOddAsked = false;
+/// Fills the tables for the statistics that the record has.
+void CountAgain(Plot& plot, MayAsk mayAsk) {
+    CountAccepted(plot, mayAsk);
+    RoseOf(plot).confidence = RoseConfidenceOf(plot, gSettings.notation.formulas);
 }
 
 /// Brings the tables up to date with the plot. False when there is nothing to draw.
-bool PrepareTables(PlotRecord& record, bool recalculate) {
-    if (IsDrawingElsewhere()) {
-        if (IsRoseRefused()) {
-            return false;
-        }
-        if (!ActiveRose().isCounted || IsRoseStale()) {
-            CountAgain();
-        }
-        return true;
-    }
-    if (!recalculate && IsRoseRefused()) {
+bool PrepareTables(Plot& plot, ReplotCause cause) {
+    const bool recalculate = cause == ReplotCause::Rows;
+    if (!recalculate && IsRoseRefused(plot)) {
         return false;
     }
-    if (IsRepainting()) {
-        if (IsRoseStale()) {
+    const bool isStale = IsRoseStale(plot, gSettings.notation.formulas);
+    if (cause == ReplotCause::Repaint) {
+        if (isStale) {
             return false; // the command that changed the plot counts, and asks what it has to
         }
-    } else if (recalculate || record.RoseRangeA[0][kInPerCent] == 0 || IsRoseStale()) {
-        if (CountAnew(record)) {
+    } else if (recalculate || plot.record.RoseRangeA[0][kInPerCent] == 0 || isStale) {
+        if (CountAnew(plot)) {
             return true;
         }
-        if (!RestoreRose()) {
-            RefuseRose();
+        if (!RestoreRose(plot, gSettings.notation.formulas)) {
+            RefuseRose(plot);
             return false;
         }
     }
-    if (!ActiveRose().isCounted) {
-        CountAgain();
+    if (!RoseOf(plot).isCounted) {
+        CountAgain(plot, cause == ReplotCause::Repaint ? MayAsk::No : MayAsk::Yes);
     }
     return true;
 }
 
-/// Keeps scale and largest sector of the layer in gRoseRadii.
-void StoreLayerScale(PlotRecord& record, std::size_t layer) {
-    const double largest = gRoseRadii(0, 0);
-    const double scale = gRoseRadii(0, 1);
-    record.RoseRangeB[layer] = {gRoseTotal != 0 ? largest * 100 / gRoseTotal : 0, largest};
-    record.RoseRangeA[layer] = {gRoseTotal * scale / 100, scale};
+/// Keeps scale and largest sector of the layer worked out last.
+void StoreLayerScale(PlotRecord& record, const PlotRose& rose, std::size_t layer) {
+    const double largest = rose.radii(0, 0);
+    const double scale = rose.radii(0, 1);
+    record.RoseRangeB[layer] = {rose.total != 0 ? largest * 100 / rose.total : 0, largest};
+    record.RoseRangeA[layer] = {rose.total * scale / 100, scale};
 }
 
-void DrawLayer(PlotRecord& record, int measure, int layer) {
-    RoseRadii(measure, layer);
-    StoreLayerScale(record, static_cast<std::size_t>(layer));
-    DrawRoseWedges(record.RoseHistStyle, layer);
+void WorkOutLayer(Plot& plot, int measure, int layer) {
+    WorkOutRadii(plot, measure, layer);
+    StoreLayerScale(plot.record, RoseOf(plot), static_cast<std::size_t>(layer));
+    AddRoseWedges(plot, layer);
 }
 
-void DrawLayers(PlotRecord& record) {
-    const int kind = RoseKindOf(record.RoseType);
+void WorkOutLayers(Plot& plot) {
+    const int kind = RoseKindOf(plot.record.RoseType);
     switch (kind) {
     case kRoseOverlaidWind:
-        DrawLayer(record, kRoseOverlaidWind, 2);
-        DrawLayer(record, kRoseWindSpeed, 1);
-        DrawLayer(record, kRoseWindEnergy, 0);
+        WorkOutLayer(plot, kRoseOverlaidWind, 2);
+        WorkOutLayer(plot, kRoseWindSpeed, 1);
+        WorkOutLayer(plot, kRoseWindEnergy, 0);
         break;
     case kRoseValueOverFrequency:
     case kRoseValueOverMean:
-        DrawLayer(record, kind == kRoseValueOverMean ? kRoseMeanValue : kRoseFrequency, 1);
-        DrawLayer(record, kRoseValue, 0);
+        WorkOutLayer(plot, kind == kRoseValueOverMean ? kRoseMeanValue : kRoseFrequency, 1);
+        WorkOutLayer(plot, kRoseValue, 0);
         break;
     default:
-        DrawLayer(record, MeasureOfRose(record.RoseType), 0);
+        WorkOutLayer(plot, MeasureOfRose(plot.record.RoseType), 0);
         break;
     }
 }
 
-void WriteTexts(const std::string& normal, const std::string& advanced) {
-    KeepNormalStatistics(gActivePlot, normal);
-    KeepAdvancedStatistics(gActivePlot, advanced);
+/// Makes the petals of a rose whose tables are ready, or none.
+void WorkOutPetals(Plot& plot, bool isReady) {
+    PlotRose& rose = RoseOf(plot);
+    rose.wedges.clear();
+    rose.isShown = isReady;
+    if (isReady) {
+        WorkOutLayers(plot);
+    }
+}
+
+void WriteTexts(Plot& plot, const std::string& normal, const std::string& advanced) {
+    KeepNormalStatistics(plot, normal);
+    KeepAdvancedStatistics(plot, advanced);
 }
 
 /// The texts of a plot that shows no rose.
-void WriteNumberAlone(const PlotRecord& record) {
-    const std::string number = "No. of Data = " + std::to_string(record.NumValidData) + kLineEnd;
-    WriteTexts(number, number);
+void WriteNumberAlone(Plot& plot) {
+    const std::string number =
+        "No. of Data = " + std::to_string(plot.record.NumValidData) + kLineEnd;
+    WriteTexts(plot, number, number);
 }
 
 } // namespace
@@ -245,26 +255,41 @@ int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals, d
     return measure != kRoseFrequency ? kNoRoseValues : kNoRoseFault;
 }
 
-int FaultOfRose() {
-    const PlotRecord& record = ActiveRecord();
-    return FaultOfTotals(record, record.RoseStats, gRoseSectors(0, 0, kRoseValueLayer));
+int TakeRoseFault(Plot& plot) {
+    return std::exchange(RoseOf(plot).fault, kNoRoseFault);
+}
+
+void WorkOutRose(Plot& plot, ReplotCause cause) {
+    WorkOutPetals(plot, plot.record.NumValidData != 0 && PrepareTables(plot, cause));
+    if (RoseOf(plot).isShown) {
+        StoreRoseInterval(plot.record);
+        WriteTexts(plot, RoseStatsShort(plot, gSettings.notation.formulas),
+                   RoseStatsFull(plot, gSettings.notation.formulas));
+    } else if (cause != ReplotCause::Repaint) {
+        WriteNumberAlone(plot);
+    }
+}
+
+void WorkOutRoseUnseen(Plot& plot) {
+    const bool isReady = plot.record.NumValidData != 0 && !IsRoseRefused(plot);
+    if (isReady && (!RoseOf(plot).isCounted || IsRoseStale(plot, gSettings.notation.formulas))) {
+        CountAgain(plot, MayAsk::No);
+    }
+    WorkOutPetals(plot, isReady);
+}
+
+void DrawRose(const Plot& plot, const Drawing& drawing) {
+    if (RoseOf(plot).isShown) {
+        DrawRoseWedges(plot, drawing);
+        DrawRoseScale(plot, drawing);
+        DrawRoseMean(plot, drawing);
+    }
 }
 
 void RosePlot(bool recalculate) {
-    PlotRecord& record = ActiveRecord();
-    ActiveRose().wedges.clear();
-    if (record.NumValidData == 0 || !PrepareTables(record, recalculate)) {
-        if (MayAskWhileDrawing()) {
-            WriteNumberAlone(record);
-        }
-        return;
-    }
-    DrawLayers(record);
-    DrawRoseScale();
-    DrawRoseMean();
-    if (!IsDrawingElsewhere()) {
-        WriteTexts(RoseStatsShort(), RoseStatsFull());
-    }
+    const Drawing drawing = WindowDrawing(gActivePlot);
+    WorkOutRose(ActivePlot(), recalculate ? ReplotCause::Rows : ReplotCause::Settings);
+    DrawRose(ActivePlot(), drawing);
 }
 
 } // namespace quandrel

@@ -1,30 +1,25 @@
 // SPDX-License-Identifier: MIT
 //
-// The drawing of a rose from its rows to its texts: the rose branch of the plot driver.
+// The rose of a plot, from its rows to its texts and its drawing: the rose branch of the plot
+// driver. It is worked out first, then drawn.
 //
 // Inside the folder: sectors, counts, circular statistics, petals, scale, the rules of the dialog.
-// Enters: azimuths of the active plot's rows with their weights and classes, and the rose's
-// settings.
-// Leaves: petals and texts on the plot's surface, statistics in its record, lines of its legend.
+// Enters: azimuths of a plot's rows with their weights and classes, and the rose's settings.
+// Leaves: what is to be drawn, attached to the plot (rose_tables.h), statistics in its record and
+// texts in its window; from there petals and texts on a surface, lines of its legend.
 // The kernels are functions of values.
 
 #pragma once
 
-#include "core/plot_record.h"
-
-#include <functional>
+#include "core/plot.h"
+#include "core/replot.h"
+#include "rose/rose_tables.h"
+#include "stereo/drawing.h"
 
 namespace quandrel {
 
-/// Why a kind of rose cannot be drawn from the data.
-enum RoseFault : int {
-    kNoRoseFault = 0,
-    kNoRoseValues = 1,  ///< no row has the value that the kind needs
-    kNoRoseClasses = 2, ///< no row falls in a class by type
-    kNoRoseLengths = 3, ///< no row falls in a class by length, or there are no numbers
-};
-
-/// The fault of a rose by what was counted for it.
+/// The fault of a rose by what was counted for it. Kinds of means and deviations need a row with a
+/// value; without spread they are merely empty.
 ///
 /// @param record   RoseType, and which columns there are
 /// @param totals   as RoseStats of the record
@@ -32,26 +27,36 @@ enum RoseFault : int {
 [[nodiscard]] int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals,
                                 double classed);
 
-/// The fault of the rose of gActivePlot after its data pass. Kinds of means and deviations need a
-/// row with a value; without spread they are merely empty.
-[[nodiscard]] int FaultOfRose();
-
-/// Called once a fault has turned a rose into one of frequencies; for an open dialog. May be empty.
-extern std::function<void(int fault)> gRoseFaultHook;
+/// The RoseFault that has turned the rose of a plot into one of frequencies since this was last
+/// called, or kNoRoseFault.
+[[nodiscard]] int TakeRoseFault(Plot& plot);
 
 /// The warning about decimal delimiters has been given in this run of the program.
 extern bool gRoseClassWarned;
 
-/// Draws the rose of gActivePlot, wedges, scale and mean, and writes its statistics into the boxes
-/// of its window. A plot without valid rows draws nothing.
+/// Works out the rose of a plot for its window, and writes its statistics into the boxes of the
+/// window, if there is one. A plot without valid rows has nothing to draw.
 ///
-/// @param recalculate  counts its rows anew. They are counted also when they never were, or the
-///     tables are stale; the statistics then stand as long as rows and settings do
+/// @param cause  Rows counts the rows anew. They are counted also when they never were, or the
+///     tables are stale; the statistics then stand as long as rows and settings do. Repaint asks
+///     nothing: a stale rose has nothing to draw
 ///
 /// Settings that the data cannot show give a message and a rose of frequencies. When the user does
 /// not want the smaller last sector that a size makes, the old rose of the plot stays, with its
-/// settings; without one nothing is drawn until rows or size change. While drawing goes elsewhere
-/// than to the plot's window, no text changes and nothing is asked or told.
+/// settings; without one there is nothing to draw until rows or size change.
+void WorkOutRose(Plot& plot, ReplotCause cause);
+
+/// Works out the rose of a plot for a page or a file: rows are counted where they never were, or
+/// the tables are stale. No text changes, nothing is asked or told.
+void WorkOutRoseUnseen(Plot& plot);
+
+/// Draws the rose of a plot as it was worked out, wedges, scale and mean. It can be called by
+/// several threads at once.
+void DrawRose(const Plot& plot, const Drawing& drawing);
+
+/// Works out and draws the rose of gActivePlot.
+///
+/// @param recalculate  counts its rows anew
 void RosePlot(bool recalculate = true);
 
 } // namespace quandrel

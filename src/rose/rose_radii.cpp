@@ -172,20 +172,25 @@ double OddSectorOfRose(const PlotRecord& record, int sectors) {
     return sectors * record.RoseSectorSize > 360 ? record.RoseOddSectorSize : 0;
 }
 
-void RoseRadii(int measure, int singleClass) {
-    const PlotRecord& record = ActiveRecord();
+void WorkOutRadii(Plot& plot, int measure, int singleClass) {
+    const PlotRecord& record = plot.record;
+    PlotRose& rose = RoseOf(plot);
     RoseRadiiSettings settings;
     settings.measure = measure;
     settings.classes = singleClass <= 0 && HasRoseClasses(record.RoseType);
     settings.equalArea = record.RoseEqualArea != 0;
     settings.grouped = record.HasFrequencyColumn != 0;
     settings.sectorSize = record.RoseSectorSize;
-    settings.oddSectorSize = OddSectorOfRose(record, gRoseSectors->Sectors());
+    settings.oddSectorSize = OddSectorOfRose(record, rose.sectors.Sectors());
     settings.zeroRadius = ZeroRadiusOfRose(record);
     RoseRadiiResult result =
-        RadiiOfRose(gRoseSectors, gRoseSectorStats, record.RoseStats, settings);
-    gRoseRadii = std::move(result.radii);
-    gRoseTotal = result.total;
+        RadiiOfRose(rose.sectors, rose.sectorStats, record.RoseStats, settings);
+    rose.radii = std::move(result.radii);
+    rose.total = result.total;
+}
+
+void RoseRadii(int measure, int singleClass) {
+    WorkOutRadii(ActivePlot(), measure, singleClass);
 }
 
 } // namespace quandrel

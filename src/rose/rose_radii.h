@@ -61,10 +61,13 @@ struct RoseRadiiResult {
 /// RoseOddSectorSize has kept from another division does not count.
 [[nodiscard]] double OddSectorOfRose(const PlotRecord& record, int sectors);
 
-/// Fills gRoseRadii and gRoseTotal from the tables of the rose of gActivePlot.
+/// Fills radii and total of the rose of a plot from its tables.
 ///
 /// @param measure      RoseKindCode
 /// @param singleClass  above 0 leaves the classes out
+void WorkOutRadii(Plot& plot, int measure, int singleClass = 0);
+
+/// The same of gActivePlot.
 void RoseRadii(int measure, int singleClass = 0);
 
 } // namespace quandrel

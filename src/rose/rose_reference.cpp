@@ -3,11 +3,8 @@
 #include "rose/rose_reference.h"
 
 #include "core/data_format.h"
-#include "core/formulas.h"
-#include "core/plot_store.h"
-#include "core/settings_value.h"
 #include "orientation/angles.h"
-#include "rose/rose_mean.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_tables.h"
 
@@ -28,8 +25,8 @@ double PeriodOf(const PlotRecord& record) {
 
 /// A number whose printed text is a word with the textbook's formulas where they leave it open.
 void AddNumber(ReferenceLines& lines, const char* name, const std::optional<double>& value,
-               double printed, const char* format) {
-    if (gSettings.notation.formulas == Formulas::Textbook && (!value || std::isinf(*value))) {
+               double printed, const char* format, Formulas formulas) {
+    if (formulas == Formulas::Textbook && (!value || std::isinf(*value))) {
         lines.Add(name, value);
     } else {
         lines.Add(name, value, printed, format);
@@ -48,34 +45,37 @@ void AddMeanDirection(ReferenceLines& lines, const CircularReference& reference,
     }
 }
 
-void AddMoments(ReferenceLines& lines, const CircularReference& reference,
-                const PlotRecord& record) {
+void AddMoments(ReferenceLines& lines, const CircularReference& reference, const PlotRecord& record,
+                Formulas formulas) {
     AddMeanDirection(lines, reference, record);
     lines.Add("mean resultant length R1", reference.resultant[kOfAngles],
               record.RoseResultant[kOfAngles], kFourDecimals);
     lines.Add("mean resultant length R2", reference.resultant[kOfDoubledAngles],
               record.RoseResultant[kOfDoubledAngles], kFourDecimals);
     lines.Add("circular variance", reference.variance, record.RoseVariance, kFixed);
-    if (gSettings.notation.formulas == Formulas::Textbook && !reference.standardDeviation) {
+    if (formulas == Formulas::Textbook && !reference.standardDeviation) {
         lines.Add("circular standard deviation", std::nullopt);
     } else {
         lines.AddAngle("circular standard deviation", reference.standardDeviation,
                        record.RoseStdDev, kFixed);
     }
-    AddNumber(lines, "circular dispersion", reference.dispersion, record.RoseDispersion, kFixed);
-    AddNumber(lines, "circular skewness", reference.skewness, record.RoseSkewness, kFixed);
-    AddNumber(lines, "circular kurtosis", reference.kurtosis, record.RoseKurtosis, kFixed);
+    AddNumber(lines, "circular dispersion", reference.dispersion, record.RoseDispersion, kFixed,
+              formulas);
+    AddNumber(lines, "circular skewness", reference.skewness, record.RoseSkewness, kFixed,
+              formulas);
+    AddNumber(lines, "circular kurtosis", reference.kurtosis, record.RoseKurtosis, kFixed,
+              formulas);
 }
 
-void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
-                  const PlotRecord& record) {
+void AddPrecision(ReferenceLines& lines, const CircularReference& reference, const Plot& plot,
+                  Formulas formulas) {
+    const PlotRecord& record = plot.record;
     const double printedError =
         std::sqrt(record.RoseDispersion / record.RoseStats[kRoseCount][kWeightedTotal]);
-    AddNumber(lines, "circular standard error", reference.standardError, printedError,
-              kErrorFormat);
+    AddNumber(lines, "circular standard error", reference.standardError, printedError, kErrorFormat,
+              formulas);
     constexpr const char* kHalfWidth = "95% confidence half-width";
-    const std::optional<double> printed =
-        RoseConfidenceHalfWidth(record, gSettings.notation.formulas);
+    const std::optional<double> printed = RoseConfidenceHalfWidth(plot, formulas);
     if (printed && record.RoseStats[kRoseCount][kWeightedTotal] > kLargeSample) {
         lines.AddAngle(kHalfWidth, reference.confidenceHalfWidth, *printed, kOneDecimal);
     } else if (reference.confidenceHalfWidth) {
@@ -83,15 +83,16 @@ void AddPrecision(ReferenceLines& lines, const CircularReference& reference,
     } else {
         lines.Add(kHalfWidth, std::nullopt);
     }
-    const auto confidence = RoseConfidenceOf(record, gSettings.notation.formulas);
+    const std::optional<RoseConfidence>& confidence = RoseOf(plot).confidence;
     if (confidence && confidence->method == ConfidenceMethod::kBootstrap) {
         lines.Add("95% bootstrap half-width", confidence->halfWidth
                                                   ? std::optional(RadToDeg(*confidence->halfWidth))
                                                   : std::nullopt);
     }
-    AddNumber(lines, "kappa, maximum likelihood", reference.kappa, record.RoseKappa, kFixed);
+    AddNumber(lines, "kappa, maximum likelihood", reference.kappa, record.RoseKappa, kFixed,
+              formulas);
     AddNumber(lines, "kappa, corrected for small samples", reference.correctedKappa,
-              record.RoseKappa, kFixed);
+              record.RoseKappa, kFixed, formulas);
 }
 
 void AddMedian(ReferenceLines& lines, const LeastDeviation& least, const PlotRecord& record) {
@@ -124,13 +125,13 @@ void AddTests(ReferenceLines& lines, const CircularReference& reference) {
 
 } // namespace
 
-std::optional<CircularReference> RoseReferenceOfActivePlot() {
-    const PlotRecord& record = ActiveRecord();
-    if (record.PlotKind != kRose || !ActiveRose().isCounted || !HasCircularStatistics(record)) {
+std::optional<CircularReference> RoseReferenceOf(const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    const PlotRose& rose = RoseOf(plot);
+    if (record.PlotKind != kRose || !rose.isCounted || !HasCircularStatistics(record)) {
         return std::nullopt;
     }
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
-    const PlotRose& rose = ActiveRose();
     CircularSample sample;
     sample.sums = rose.trigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
     sample.weight = WeightOfStatistics(record);
@@ -140,12 +141,13 @@ std::optional<CircularReference> RoseReferenceOfActivePlot() {
     return ComputeCircularReference(sample);
 }
 
-std::vector<ReferenceLine> RoseReferenceLines(const CircularReference& reference,
-                                              const PlotRecord& record) {
+std::vector<ReferenceLine> RoseReferenceLines(const CircularReference& reference, const Plot& plot,
+                                              Formulas formulas) {
+    const PlotRecord& record = plot.record;
     ReferenceLines lines;
     lines.Add("n", reference.count);
-    AddMoments(lines, reference, record);
-    AddPrecision(lines, reference, record);
+    AddMoments(lines, reference, record, formulas);
+    AddPrecision(lines, reference, plot, formulas);
     if (reference.median) {
         AddMedian(lines, *reference.median, record);
     }

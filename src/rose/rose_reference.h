@@ -4,7 +4,8 @@
 
 #pragma once
 
-#include "core/plot_record.h"
+#include "core/formulas.h"
+#include "core/plot.h"
 #include "core/reference_lines.h"
 #include "rose/circular_reference.h"
 
@@ -13,18 +14,18 @@
 
 namespace quandrel {
 
-/// The reference of the rose of gActivePlot: moments over what its statistics are over, median and
+/// The reference of the rose of a plot: moments over what its statistics are over, median and
 /// tests over the azimuths of its observations, without the weights of a bias correction.
 ///
-/// @return nothing for other plots, kinds of rose without statistics, and when the tables are of
-///         another plot
-[[nodiscard]] std::optional<CircularReference> RoseReferenceOfActivePlot();
+/// @return nothing for other plots, kinds of rose without statistics, and roses never counted
+[[nodiscard]] std::optional<CircularReference> RoseReferenceOf(const Plot& plot);
 
 /// The numbers in their order, angles in degrees. Median and tests are left out without a list of
 /// azimuths.
 ///
-/// @param record  of the same rose, with its statistics worked out
+/// @param plot      of the same rose, with its statistics worked out
+/// @param formulas  of these statistics
 [[nodiscard]] std::vector<ReferenceLine> RoseReferenceLines(const CircularReference& reference,
-                                                            const PlotRecord& record);
+                                                            const Plot& plot, Formulas formulas);
 
 } // namespace quandrel

@@ -2,7 +2,6 @@
 
 #include "rose/rose_scale.h"
 
-#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
@@ -110,8 +109,7 @@ RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
     return settings;
 }
 
-void StoreRoseInterval() {
-    PlotRecord& record = ActiveRecord();
+void StoreRoseInterval(PlotRecord& record) {
     if (HasAutomaticInterval(record.RoseScaleType)) {
         return; // "auto" stays, so that files and the next Go have it too
     }

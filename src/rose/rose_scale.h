@@ -35,7 +35,7 @@ inline constexpr int kMostRoseMarks = 100;
 /// @param largestPerCent  the largest sector, 0 or more
 [[nodiscard]] double IntervalOfScale(std::string_view scaleType, double largestPerCent);
 
-/// The interval of a plot's rose as last drawn.
+/// The interval of a plot's rose as last worked out.
 [[nodiscard]] double RoseScaleInterval(const PlotRecord& record);
 
 /// What the marks of a scale are worked out from.
@@ -59,13 +59,12 @@ struct RoseScaleMark {
 /// for circles, up to it for tick marks. None for an interval that is not above 0.
 [[nodiscard]] std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings);
 
-/// The scale of the rose of a plot as last drawn: its marks stand where petals of their value end,
-/// but for the smaller last sector of equal area, which is longer.
+/// The scale of the rose of a plot as last worked out: its marks stand where petals of their value
+/// end, but for the smaller last sector of equal area, which is longer.
 [[nodiscard]] RoseScaleSettings ScaleOfRose(const PlotRecord& record);
 
-/// Writes the interval behind the form in RoseScaleType of gActivePlot, as far as one was given:
-/// "auto" stays.
-void StoreRoseInterval();
+/// Writes the interval behind the form in RoseScaleType, as far as one was given: "auto" stays.
+void StoreRoseInterval(PlotRecord& record);
 
 /// A scale's text with its interval, or "auto", behind another form.
 [[nodiscard]] std::string ScaleTypeWithForm(std::string_view scaleType, bool circles);

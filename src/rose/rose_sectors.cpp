@@ -11,7 +11,6 @@
 #include "rose/rose_count.h"
 #include "rose/rose_shown.h"
 #include "rose/rose_tables.h"
-#include "stereo/draw_target.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -49,8 +48,8 @@ struct AcceptedSectorSize {
     double size = 0;
 };
 
-void KeepAcceptedSize(double size) {
-    ActivePlot().attachments.Of<AcceptedSectorSize>().size = size;
+void KeepAcceptedSize(Plot& plot, double size) {
+    plot.attachments.Of<AcceptedSectorSize>().size = size;
 }
 
 /// The value, or the whole number that it is but for rounding.
@@ -77,20 +76,21 @@ int SectorOfPair(const SectorLayout& layout, int sector) {
 }
 
 /// True when the user has accepted a smaller last sector, or need not be asked.
-bool AcceptsDivision(const SectorDivision& division) {
-    if (division.oddSize == 0 || gRoseOddAsked || !MayAskWhileDrawing()) {
+bool AcceptsDivision(Plot& plot, const SectorDivision& division) {
+    bool& isAsked = RoseOf(plot).isOddAsked;
+    if (division.oddSize == 0 || isAsked) {
         return true;
     }
-    const auto* accepted = ActivePlot().attachments.Find<AcceptedSectorSize>();
+    const auto* accepted = plot.attachments.Find<AcceptedSectorSize>();
     if (accepted != nullptr && accepted->size == division.size
-        && ActiveRecord().RoseOddSectorSize == division.oddSize) {
+        && plot.record.RoseOddSectorSize == division.oddSize) {
         return true;
     }
-    gRoseOddAsked = AskToGoOn(kOddSizeQuestion);
-    if (gRoseOddAsked) {
-        KeepAcceptedSize(division.size);
+    isAsked = AskToGoOn(kOddSizeQuestion);
+    if (isAsked) {
+        KeepAcceptedSize(plot, division.size);
     }
-    return gRoseOddAsked;
+    return isAsked;
 }
 
 bool DrawsWind(const PlotRecord& record) {
@@ -98,11 +98,10 @@ bool DrawsWind(const PlotRecord& record) {
     return kind >= kRoseWindSpeed && kind <= kRoseOverlaidWind;
 }
 
-/// Cells 1 to `count` of a column; behind the rows that it has grown to they are copied to
-/// `storage`.
+/// Cells 1 to `count` of a column; where it has grown to fewer rows they are copied to `storage`.
 template <class T>
-std::span<const T> RowsOf(const DataColumn<T>& column, std::size_t count, std::vector<T>& storage) {
-    const std::span<const T> cells = column.Rows(gActivePlot);
+std::span<const T> RowsOf(const RowColumn<T>& column, std::size_t count, std::vector<T>& storage) {
+    const std::span<const T> cells = column.Rows();
     if (cells.size() > count) {
         return cells.subspan(1, count);
     }
@@ -113,18 +112,19 @@ std::span<const T> RowsOf(const DataColumn<T>& column, std::size_t count, std::v
     return storage;
 }
 
-/// The columns of the main rows of gActivePlot, as far as its rose needs them.
+/// The columns of the main rows of a plot, as far as a rose of some settings needs them.
 class GatheredRows {
 public:
-    explicit GatheredRows(const PlotRecord& record)
-        : count_(static_cast<std::size_t>(std::max(record.NumData, 0))) {
+    GatheredRows(const Plot& plot, const PlotRecord& record)
+        : plot_(plot)
+        , count_(static_cast<std::size_t>(std::max(record.NumData, 0))) {
         GatherOrientations(record);
         if (record.HasAppendedNumeric != 0) {
-            rows_.numbers = RowsOf(gAppNumeric, count_, numbers_);
+            rows_.numbers = RowsOf(plot.rows.number, count_, numbers_);
         }
         if (record.HasAppendedLine != 0) {
-            rows_.linePlunges = RowsOf(gAppLineDip, count_, linePlunges_);
-            rows_.lineTrends = RowsOf(gAppLineAz, count_, lineTrends_);
+            rows_.linePlunges = RowsOf(plot.rows.lineDip, count_, linePlunges_);
+            rows_.lineTrends = RowsOf(plot.rows.lineAzimuth, count_, lineTrends_);
         }
         const std::optional<ClassColumn> column = RoseClassColumn(record);
         if (DrawsWind(record) || column == kTextNumberClasses) {
@@ -147,6 +147,7 @@ private:
     [[nodiscard]] int ClassOfRow(const ClassRule& rule, std::size_t row);
     [[nodiscard]] int RememberedClass(const ClassRule& rule, std::string_view text);
 
+    const Plot& plot_;
     std::size_t count_;
     RoseRows rows_;
     std::vector<std::int32_t> dips_;
@@ -162,15 +163,14 @@ private:
 void GatheredRows::GatherOrientations(const PlotRecord& record) {
     // A child's rows may be marked as none; the columns alone do not tell.
     if (record.ShowSecondary == 0 && record.KinematicState == 0) {
-        rows_.dips = RowsOf(gDataDip, count_, dips_);
-        rows_.azimuths = RowsOf(gDataAz, count_, azimuths_);
+        rows_.dips = RowsOf(plot_.rows.dip, count_, dips_);
+        rows_.azimuths = RowsOf(plot_.rows.azimuth, count_, azimuths_);
         return;
     }
     dips_.resize(count_);
     azimuths_.resize(count_);
     for (std::size_t row = 0; row < count_; ++row) {
-        const ShownOrientation shown =
-            OrientationShown(gActivePlot, static_cast<std::int32_t>(row) + 1);
+        const ShownOrientation shown = OrientationShown(plot_, static_cast<std::int32_t>(row) + 1);
         dips_[row] = shown.dip;
         azimuths_[row] = shown.azimuth;
     }
@@ -181,9 +181,8 @@ void GatheredRows::GatherOrientations(const PlotRecord& record) {
 void GatheredRows::ReadTexts() {
     textNumbers_.resize(count_);
     for (std::size_t row = 0; row < count_; ++row) {
-        textNumbers_[row] =
-            ParseAppendedNumber(gAppText(gActivePlot, static_cast<std::int32_t>(row) + 1))
-                .value_or(std::numeric_limits<double>::quiet_NaN());
+        textNumbers_[row] = ParseAppendedNumber(plot_.rows.text(static_cast<std::int32_t>(row) + 1))
+                                .value_or(std::numeric_limits<double>::quiet_NaN());
     }
     rows_.textNumbers = textNumbers_;
 }
@@ -209,7 +208,7 @@ int GatheredRows::ClassOfRow(const ClassRule& rule, std::size_t row) {
         return std::isnan(textNumbers_[row]) ? kNoClassValue
                                              : ClassOfNumber(rule, textNumbers_[row]);
     default:
-        return RememberedClass(rule, gAppText(gActivePlot, static_cast<std::int32_t>(row) + 1));
+        return RememberedClass(rule, plot_.rows.text(static_cast<std::int32_t>(row) + 1));
     }
 }
 
@@ -260,8 +259,9 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
     return settings;
 }
 
-void Store(RoseTables tables, const SectorLayout& layout, PlotRecord& record) {
-    PlotRose& rose = ActiveRose();
+void Store(RoseTables tables, const SectorLayout& layout, Plot& plot) {
+    PlotRecord& record = plot.record;
+    PlotRose& rose = RoseOf(plot);
     rose.isCounted = true;
     rose.sectors = std::move(tables.sectors);
     rose.sectorStats = std::move(tables.stats);
@@ -353,66 +353,70 @@ std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record) {
     }
 }
 
-bool RoseCountSectors() {
-    PlotRecord& record = ActiveRecord();
+bool CountRose(Plot& plot, MayAsk mayAsk) {
+    PlotRecord& record = plot.record;
     if (record.NumValidData <= 0) {
         return true;
     }
     const SectorDivision division = DivideCircle(record.RoseSectorSize);
-    if (!AcceptsDivision(division)) {
+    if (mayAsk == MayAsk::Yes && !AcceptsDivision(plot, division)) {
         return false;
     }
     record.RoseSectorSize = division.size;
     if (division.oddSize != 0) {
         record.RoseOddSectorSize = division.oddSize; // Kept: not cleared when all are equal
     }
-    if (!MendBias(record) && MayAskWhileDrawing()) {
+    if (!MendBias(record) && mayAsk == MayAsk::Yes) {
         Tell(kNoLinesText);
     }
     const SectorLayout layout = LayoutOfRose(record);
-    const GatheredRows rows(record);
-    Store(CountRoseRows(SettingsOf(record, layout), rows.Rows()), layout, record);
-    gRoseOddAsked = false;
+    const GatheredRows rows(plot, record);
+    Store(CountRoseRows(SettingsOf(record, layout), rows.Rows()), layout, plot);
+    RoseOf(plot).isOddAsked = false;
     return true;
 }
 
-RoseTables TablesOfRose(PlotRecord& asked) {
+bool RoseCountSectors() {
+    return CountRose(ActivePlot(), MayAsk::Yes);
+}
+
+RoseTables TablesOfRose(const Plot& plot, PlotRecord& asked) {
     asked.RoseSectorSize = DivideCircle(asked.RoseSectorSize).size;
     (void)MendBias(asked);
-    const GatheredRows rows(asked);
+    const GatheredRows rows(plot, asked);
     return CountRoseRows(SettingsOf(asked, LayoutOfRose(asked)), rows.Rows());
 }
 
-std::vector<RoseObservation> RowsOfRose(const PlotRecord& record) {
-    const GatheredRows rows(record);
+std::vector<RoseObservation> RowsOfRose(const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    const GatheredRows rows(plot, record);
     return CountRoseRows(SettingsOf(record, LayoutOfRose(record)), rows.Rows()).rows;
 }
 
-bool AskForSectorSize(double size) {
+bool AskForSectorSize(Plot& plot, double size) {
     const SectorDivision division = DivideCircle(size);
-    if (division.oddSize == 0 || ActiveRecord().NumValidData <= 0) {
-        ForgetAcceptedSectorSize();
+    if (division.oddSize == 0 || plot.record.NumValidData <= 0) {
+        ForgetAcceptedSectorSize(plot);
         return true;
     }
     if (!AskToGoOn(kOddSizeQuestion)) {
         return false;
     }
-    KeepAcceptedSize(division.size);
+    KeepAcceptedSize(plot, division.size);
     return true;
 }
 
-void AcceptSectorSize() {
-    PlotRecord& record = ActiveRecord();
-    ForgetRoseOfPlot(gActivePlot);
-    const SectorDivision division = DivideCircle(record.RoseSectorSize);
-    KeepAcceptedSize(division.size);
+void AcceptSectorSize(Plot& plot) {
+    ForgetRose(plot);
+    const SectorDivision division = DivideCircle(plot.record.RoseSectorSize);
+    KeepAcceptedSize(plot, division.size);
     if (division.oddSize != 0) {
-        record.RoseOddSectorSize = division.oddSize;
+        plot.record.RoseOddSectorSize = division.oddSize;
     }
 }
 
-void ForgetAcceptedSectorSize(int slot) {
-    PlotOf(slot == 0 ? gActivePlot : slot).attachments.Drop<AcceptedSectorSize>();
+void ForgetAcceptedSectorSize(Plot& plot) {
+    plot.attachments.Drop<AcceptedSectorSize>();
 }
 
 } // namespace quandrel

@@ -10,7 +10,7 @@
 #pragma once
 
 #include "classify/class_rule.h"
-#include "core/plot_record.h"
+#include "core/plot.h"
 #include "orientation/notation.h"
 
 #include <cstdint>
@@ -91,45 +91,50 @@ struct CountedSectors {
 /// The column of the class table that a rose is classified by, nothing without classes.
 [[nodiscard]] std::optional<ClassColumn> RoseClassColumn(const PlotRecord& record);
 
-/// Fills the tables of the rose (rose_tables.h) and the totals in the record with the main rows of
-/// gActivePlot: RoseStats, RoseSectorSize (brought into 1 to 360), RoseOddSectorSize (left as it is
+/// Whether the user may be asked and told.
+enum class MayAsk { No, Yes };
+
+/// Fills the tables of the rose of a plot (rose_tables.h) and the totals in its record with its
+/// main rows: RoseStats, RoseSectorSize (brought into 1 to 360), RoseOddSectorSize (left as it is
 /// when all sectors are equal), RoseBiasMode (where the rows allow no other) and, of a classified
 /// rose, NumClassified.
 ///
-/// Asks before it makes a smaller last sector, unless gRoseOddAsked is set, the size was accepted
-/// for this plot before, or the drawing goes elsewhere than to the plot's window.
+/// Asks before it makes a smaller last sector, if it may, unless isOddAsked is set or the size was
+/// accepted for this plot before.
 ///
 /// @return false when the user thinks better of it: the tables and the record are as they were
 ///
 /// A plot without valid rows leaves everything as it was. O(rows), no sorting.
+[[nodiscard]] bool CountRose(Plot& plot, MayAsk mayAsk);
+
+/// The same of gActivePlot.
 [[nodiscard]] bool RoseCountSectors();
 
-/// The tables that the main rows of gActivePlot would have under other settings. Nothing is kept,
-/// asked or told.
+/// The tables that the main rows of a plot would have under other settings. Nothing is kept, asked
+/// or told.
 ///
 /// @param[in,out] asked  the settings, and what tells the columns: kinds of data, the columns there
 ///                       are, and the number of rows; sector size and bias are mended as by
-///                       RoseCountSectors
-[[nodiscard]] RoseTables TablesOfRose(PlotRecord& asked);
+///                       CountRose
+[[nodiscard]] RoseTables TablesOfRose(const Plot& plot, PlotRecord& asked);
 
-/// The rows of the rose of gActivePlot one by one, when there are so few that they are listed
+/// The rows of the rose of a plot one by one, when there are so few that they are listed
 /// (kMostListedRows). Nothing is kept, asked or told. O(rows).
-[[nodiscard]] std::vector<RoseObservation> RowsOfRose(const PlotRecord& record);
+[[nodiscard]] std::vector<RoseObservation> RowsOfRose(const Plot& plot);
 
-/// Asks whether gActivePlot may get a smaller last sector by a size, whatever was accepted before;
-/// a size that makes none, and a plot without valid rows, need no question. A size accepted so is
+/// Asks whether a plot may get a smaller last sector by a size, whatever was accepted before; a
+/// size that makes none, and a plot without valid rows, need no question. A size accepted so is
 /// not asked about by the next passes, once the record has its RoseOddSectorSize.
 ///
 /// @return false when the user thinks better of it: nothing has changed
-[[nodiscard]] bool AskForSectorSize(double size);
+[[nodiscard]] bool AskForSectorSize(Plot& plot, double size);
 
-/// Takes the sector size of gActivePlot as accepted, a smaller last sector included: it comes from
-/// a file, where it was drawn before.
-void AcceptSectorSize();
+/// Takes the sector size of a plot as accepted, a smaller last sector included: it comes from a
+/// file, where it was drawn before.
+void AcceptSectorSize(Plot& plot);
 
 /// Lets the next pass ask again about a smaller last sector of a plot: to be called when its
-/// settings are applied anew, when it is loaded, and when it is recalculated. `slot` 0 is
-/// gActivePlot.
-void ForgetAcceptedSectorSize(int slot = 0);
+/// settings are applied anew, when it is loaded, and when it is recalculated.
+void ForgetAcceptedSectorSize(Plot& plot);
 
 } // namespace quandrel

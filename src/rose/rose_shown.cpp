@@ -3,9 +3,6 @@
 #include "rose/rose_shown.h"
 
 #include "classify/class_rule.h"
-#include "core/formulas.h"
-#include "core/plot_store.h"
-#include "core/settings_value.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 
@@ -51,10 +48,6 @@ struct RoseKnown {
     std::optional<CountedFrom> refused;
 };
 
-RoseKnown& ActiveKnown() {
-    return ActivePlot().attachments.Of<RoseKnown>();
-}
-
 CountedFrom CountOf(const PlotRecord& record) {
     CountedFrom counted;
     counted.type = record.RoseType;
@@ -73,12 +66,12 @@ CountedFrom CountOf(const PlotRecord& record) {
 
 } // namespace
 
-void RememberRose() {
-    const PlotRecord& record = ActiveRecord();
-    RoseKnown& known = ActiveKnown();
+void RememberRose(Plot& plot, Formulas formulas) {
+    const PlotRecord& record = plot.record;
+    RoseKnown& known = plot.attachments.Of<RoseKnown>();
     RoseSettingsShown& shown = known.shown.emplace();
     shown.counted = CountOf(record);
-    shown.formulas = gSettings.notation.formulas;
+    shown.formulas = formulas;
     shown.classTable = record.ClassTable;
     shown.oddSectorSize = record.RoseOddSectorSize;
     shown.shape = record.RoseShape;
@@ -91,16 +84,15 @@ void RememberRose() {
     known.refused.reset();
 }
 
-bool IsRoseStale() {
-    const PlotRecord& record = ActiveRecord();
-    const std::optional<RoseSettingsShown>& shown = ActiveKnown().shown;
-    return record.RowsChanged != 0 || !shown || shown->counted != CountOf(record)
-           || shown->formulas != gSettings.notation.formulas;
+bool IsRoseStale(const Plot& plot, Formulas formulas) {
+    const auto* const known = plot.attachments.Find<RoseKnown>();
+    return plot.record.RowsChanged != 0 || known == nullptr || !known->shown
+           || known->shown->counted != CountOf(plot.record) || known->shown->formulas != formulas;
 }
 
-bool RestoreRose() {
-    PlotRecord& record = ActiveRecord();
-    std::optional<RoseSettingsShown>& known = ActiveKnown().shown;
+bool RestoreRose(Plot& plot, Formulas formulas) {
+    PlotRecord& record = plot.record;
+    std::optional<RoseSettingsShown>& known = plot.attachments.Of<RoseKnown>().shown;
     if (!known || record.RoseRangeA[0][kInPerCent] == 0) {
         return false;
     }
@@ -124,26 +116,24 @@ bool RestoreRose() {
     record.RoseScaleType = shown.scaleType;
     // The rose stays as it is although the rows may have changed.
     counted = CountOf(record);
-    shown.formulas = gSettings.notation.formulas;
+    shown.formulas = formulas;
     record.RowsChanged = 0;
     return true;
 }
 
-void RefuseRose() {
-    const PlotRecord& record = ActiveRecord();
-    ActiveKnown() = {std::nullopt, CountOf(record)};
+void RefuseRose(Plot& plot) {
+    plot.attachments.Of<RoseKnown>() = {std::nullopt, CountOf(plot.record)};
 }
 
-bool IsRoseRefused() {
-    const std::optional<CountedFrom>& refused = ActiveKnown().refused;
-    return refused && *refused == CountOf(ActiveRecord());
+bool IsRoseRefused(const Plot& plot) {
+    const auto* const known = plot.attachments.Find<RoseKnown>();
+    return known != nullptr && known->refused && *known->refused == CountOf(plot.record);
 }
 
-void ForgetRoseOfPlot(int slot) {
-    PlotAttachments& attachments = PlotOf(slot).attachments;
-    attachments.Drop<RoseKnown>();
-    attachments.Drop<PlotRose>();
-    ForgetAcceptedSectorSize(slot);
+void ForgetRose(Plot& plot) {
+    plot.attachments.Drop<RoseKnown>();
+    plot.attachments.Drop<PlotRose>();
+    ForgetAcceptedSectorSize(plot);
 }
 
 } // namespace quandrel

@@ -60,8 +60,7 @@ std::string AmountText(const PlotRecord& record, int measure, double amount) {
            + (isFrequency ? " data]" : ": " + UnitOf(record, measure) + "]");
 }
 
-std::string LeftOutLine() {
-    const PlotRose& rose = ActiveRose();
+std::string LeftOutLine(const PlotRose& rose) {
     if (!rose.isCounted || rose.leftOut == 0) {
         return {};
     }
@@ -69,7 +68,8 @@ std::string LeftOutLine() {
                 + " without a valid value left out");
 }
 
-std::string DataLines(const PlotRecord& record) {
+std::string DataLines(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     const auto& counts = record.RoseStats[kRoseCount];
     const bool isCorrected = IsRoseBiasCorrected(record);
     std::string lines;
@@ -81,7 +81,7 @@ std::string DataLines(const PlotRecord& record) {
     if (isCorrected) {
         lines += Line("(Bias-corrected total = ", counts[kWeightedTotal], kFixed, ")");
     }
-    return lines + LeftOutLine()
+    return lines + LeftOutLine(RoseOf(plot))
            + Line("Sector angle = ", record.RoseSectorSize, "0.##", kDegreeSign) + kLineEnd;
 }
 
@@ -129,16 +129,15 @@ std::string ScaleLines(const PlotRecord& record) {
 
 constexpr const char* kBothSignsText = "(no circular statistics: values of both signs)";
 
-std::string MeanLines(const PlotRecord& record) {
-    if (IsResultantTooLong(record)) {
+std::string MeanLines(const Plot& plot, Formulas formulas) {
+    if (IsResultantTooLong(plot.record)) {
         return Line(kBothSignsText);
     }
-    if (!HasCircularStatistics(record)) {
+    if (!HasCircularStatistics(plot.record)) {
         return {};
     }
-    return ResultLine("Mean Resultant dir'n  = ",
-                      CircularTextsOf(record, gSettings.notation.formulas).wholeMean)
-           + ConfidenceLines(record, gSettings.notation.formulas);
+    return ResultLine("Mean Resultant dir'n  = ", CircularTextsOf(plot, formulas).wholeMean)
+           + ConfidenceLines(plot, formulas);
 }
 
 std::string LowerLayerLines(const PlotRecord& record) {
@@ -213,25 +212,33 @@ std::string SourceLines(const PlotRecord& record) {
 
 } // namespace
 
-std::string RoseStatsShort() {
-    const PlotRecord& record = ActiveRecord();
+std::string RoseStatsShort(const Plot& plot, Formulas formulas) {
+    const PlotRecord& record = plot.record;
     const std::string assumption = AssumedSenseText(record);
-    return (assumption.empty() ? assumption : Line(assumption)) + DataLines(record)
-           + ScaleLines(record) + MeanLines(record) + LowerLayerLines(record);
+    return (assumption.empty() ? assumption : Line(assumption)) + DataLines(plot)
+           + ScaleLines(record) + MeanLines(plot, formulas) + LowerLayerLines(record);
 }
 
-std::string RoseStatsFull() {
-    const PlotRecord& record = ActiveRecord();
-    std::string text = RoseStatsShort() + Line("_________________________");
+std::string RoseStatsFull(const Plot& plot, Formulas formulas) {
+    const PlotRecord& record = plot.record;
+    std::string text = RoseStatsShort(plot, formulas) + Line("_________________________");
     if (!HasCircularStatistics(record)) {
         return text
                + Line(IsResultantTooLong(record) ? kBothSignsText
                                                  : "(no circular statistics of this kind of rose)");
     }
-    const CircularTexts texts = CircularTextsOf(record, gSettings.notation.formulas);
+    const CircularTexts texts = CircularTextsOf(plot, formulas);
     return text + ResultLine("Mean Resultant dir'n  = ", texts.fineMean)
            + MedianLines(record, texts) + SpreadLines(record, texts) + ResultantLines(record, texts)
            + SourceLines(record);
+}
+
+std::string RoseStatsShort() {
+    return RoseStatsShort(ActivePlot(), gSettings.notation.formulas);
+}
+
+std::string RoseStatsFull() {
+    return RoseStatsFull(ActivePlot(), gSettings.notation.formulas);
 }
 
 } // namespace quandrel

@@ -5,16 +5,25 @@
 
 #pragma once
 
+#include "core/formulas.h"
+#include "core/plot.h"
+
 #include <string>
 
 namespace quandrel {
 
-/// The normal text of the rose of gActivePlot as last drawn: its data, scale, largest sectors and
+/// The normal text of the rose of a plot as last worked out: its data, scale, largest sectors and
 /// mean direction. A kind without a mean direction has no such lines.
-[[nodiscard]] std::string RoseStatsShort();
+///
+/// @param formulas  of the statistics in the record
+[[nodiscard]] std::string RoseStatsShort(const Plot& plot, Formulas formulas);
 
 /// The advanced text: RoseStatsShort, a line, and all circular statistics with their sources. The
 /// statistics are left out where the rose has none.
+[[nodiscard]] std::string RoseStatsFull(const Plot& plot, Formulas formulas);
+
+/// Those of gActivePlot, by the formulas in force.
+[[nodiscard]] std::string RoseStatsShort();
 [[nodiscard]] std::string RoseStatsFull();
 
 } // namespace quandrel

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The rose of a plot: its tables, made by its data pass, read by its statistics and its drawing,
-// and its petals. Sector 0 of each table is a header or total; real sectors are 1 to n, classes 1
-// to m. Each plot has its own, so that drawing another one leaves it as it is.
+// The rose of a plot: its tables, made by its data pass, and what is worked out from them for its
+// texts and its drawing. Sector 0 of each table is a header or total; real sectors are 1 to n,
+// classes 1 to m. Each plot has its own, so that working out another one leaves it as it is.
 
 #pragma once
 
@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -129,7 +130,7 @@ struct AngleCount {
 using RoseSectorStats = std::vector<std::array<double, 7>>; ///< [sector][RoseStatsColumn]
 using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][sin a, cos a, sin b, cos b]
 
-/// A petal, or a part of one, as it was drawn. Its geometry is that of rose_wedges.h.
+/// A petal, or a part of one, as it is drawn. Its geometry is that of rose_wedges.h.
 struct RoseWedge {
     double start = 0; ///< 0 to 2 pi
     double end = 0;   ///< 0 to 2 pi
@@ -138,6 +139,27 @@ struct RoseWedge {
     int classNumber = 0; ///< 0: the whole sector, which has no classes
     int layer = 0;       ///< of an overlaid rose: 0 on top
     bool mirror = false; ///< the opposite of an axial sector
+};
+
+/// How a confidence interval is worked out.
+enum class ConfidenceMethod {
+    kBootstrap,    ///< of kLargeSample data at most, by all formulas: BootstrapHalfWidth
+    kByDispersion, ///< of more: RoseConfidenceHalfWidth
+};
+
+/// The interval of the mean direction that is printed of a rose.
+struct RoseConfidence {
+    ConfidenceMethod method = ConfidenceMethod::kByDispersion;
+    std::optional<double> halfWidth; ///< radians; nothing prints as undetermined
+    bool isInterval = false;         ///< false for the right angle where there is no interval
+};
+
+/// Why a kind of rose cannot be drawn from the data.
+enum RoseFault : int {
+    kNoRoseFault = 0,
+    kNoRoseValues = 1,  ///< no row has the value that the kind needs
+    kNoRoseClasses = 2, ///< no row falls in a class by type
+    kNoRoseLengths = 3, ///< no row falls in a class by length, or there are no numbers
 };
 
 /// The rose of a plot.
@@ -152,13 +174,17 @@ struct PlotRose {
     bool isDirectional = false;       ///< polar lines: a direction is not its opposite
     double startMath = 0;    ///< degrees counter-clockwise from east: where sector 1 starts
     bool isOddAsked = false; ///< the question for a smaller last sector was answered yes
-    RoseRadiiTable radii;
+    std::optional<RoseConfidence> confidence; ///< nothing without a mean direction
+    int fault = kNoRoseFault;      ///< RoseFault that was met last; TakeRoseFault takes it
+    RoseRadiiTable radii;          ///< of the layer worked out last
     double total = 0;              ///< what is 100 % in radii
-    std::vector<RoseWedge> wedges; ///< drawn last, in their order. Empty when there are none
+    bool isShown = false;          ///< the last working out has left a rose to draw
+    std::vector<RoseWedge> wedges; ///< of all layers, in the order of their drawing
 };
 
 /// The rose of a plot; an empty one when it was never counted.
 [[nodiscard]] PlotRose& RoseOf(Plot& plot);
+[[nodiscard]] const PlotRose& RoseOf(const Plot& plot);
 
 /// The rose of gActivePlot.
 [[nodiscard]] PlotRose& ActiveRose();

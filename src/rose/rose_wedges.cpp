@@ -8,39 +8,38 @@
 #include "rose/rose_furniture.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_sectors.h"
-#include "stereo/draw_target.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace quandrel {
 
 namespace {
 
-constexpr int kWedgeRow = 16;      // style of petals without classes
-constexpr int kBackgroundRow = 17; // blank, and in the second place the colour of outlines
-constexpr int kFirstClassRow = 24;
 constexpr int kClassFills = 12;
-constexpr int kTopLayerRow = 38;
+constexpr int kLowestLayer = 2;
 
 constexpr double kBlankWidth = 3; // pen and margin wipe the outline of what is blanked
 constexpr double kBlankMargin = 5;
 
-RoseFill FillOfRow(int row) {
-    const SymbolRow& style = gSymbolTable.at(static_cast<std::size_t>(row));
+RoseFill FillOfRow(const Styles& styles, int row) {
+    const SymbolRow& style = styles.symbols.at(static_cast<std::size_t>(row));
     const int pattern = style[kPlaceSymbol];
     const bool isPattern = pattern >= kSolidFill && pattern <= kDiagonalCrossHatch;
     return {style[kPlaceColour], isPattern ? pattern : static_cast<int>(kSolidFill)};
 }
 
-Colour OutlineColour() {
-    return TableColour(gSymbolTable[kBackgroundRow][kPlaceSymbol]);
+Colour OutlineColour(const Styles& styles) {
+    return TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceSymbol]);
 }
 
 /// White is that of the paper, and a window has its own colour for paper.
-Colour BlankColour() {
-    const Colour blank = TableColour(gSymbolTable[kBackgroundRow][kPlaceColour]);
-    return blank == kWhite ? PlotBackground(DrawingInForce()) : blank;
+Colour BlankColour(const Drawing& drawing) {
+    const Styles& styles = drawing.styles;
+    const Colour blank = TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceColour]);
+    return blank == kWhite ? PlotBackground(drawing) : blank;
 }
 
 /// A wedge between two angles that are not wrapped.
@@ -120,14 +119,17 @@ private:
 /// Draws the wedges of a layer.
 class WedgePainter {
 public:
-    WedgePainter(Surface& surface, const RoseWedgeSettings& settings, const RoseRadiiTable& radii)
-        : surface_(surface)
+    /// @param sectors  of the rose
+    WedgePainter(const Drawing& drawing, const RoseWedgeSettings& settings, int sectors)
+        : surface_(drawing.plot)
+        , styles_(drawing.styles)
+        , blank_(BlankColour(drawing))
+        , outline_(OutlineColour(drawing.styles))
         , settings_(settings)
-        , sectors_(radii.Sectors())
-        , classes_(radii.Classes()) {}
+        , sectors_(sectors) {}
 
     void Draw(std::span<const RoseWedge> wedges) {
-        if (settings_.stepped && classes_ > 1) {
+        if (settings_.stepped && !wedges.empty() && wedges.front().classNumber != 0) {
             DrawSteps(wedges);
             return;
         }
@@ -147,15 +149,15 @@ private:
     }
 
     void DrawWedge(const RoseWedge& wedge) {
-        const RoseFill fill = wedge.classNumber == 0 ? FillOfRoseLayer(wedge.layer)
-                                                     : FillOfRoseClass(wedge.classNumber);
+        const RoseFill fill = wedge.classNumber == 0 ? FillOfRoseLayer(styles_, wedge.layer)
+                                                     : FillOfRoseClass(styles_, wedge.classNumber);
         if (wedge.classNumber != 0 && fill.pattern != kSolidFill) {
             // A pattern would let the class below it through.
-            Use(BlankColour(), kSolidFill, 1);
-            surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, BlankColour());
+            Use(blank_, kSolidFill, 1);
+            surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, blank_);
         }
-        Use(TableColour(fill.colour), fill.pattern, 1);
-        surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, OutlineColour());
+        Use(TableColour(styles_, fill.colour), fill.pattern, 1);
+        surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, outline_);
     }
 
     /// Classes that differ in width. An inner one must not lie on the outer ones, whose colour
@@ -170,9 +172,9 @@ private:
             }
         }
         for (std::size_t i = 0; i < wedges.size(); ++i) {
-            const RoseFill fill = FillOfRoseClass(wedges[i].classNumber);
-            Use(TableColour(fill.colour), fill.pattern, 1);
-            surface_.Polygon(RingPart(wedges[i], InnerRadius(wedges, i)), OutlineColour());
+            const RoseFill fill = FillOfRoseClass(styles_, wedges[i].classNumber);
+            Use(TableColour(styles_, fill.colour), fill.pattern, 1);
+            surface_.Polygon(RingPart(wedges[i], InnerRadius(wedges, i)), outline_);
         }
     }
 
@@ -181,9 +183,9 @@ private:
         const RoseWedge sector =
             WedgeBetween(SpanOfSector(settings_, sectors_, wedge.sector), wedge.radius);
         const RoseWedge blank = wedge.mirror ? MirrorOf(sector) : sector;
-        Use(BlankColour(), kSolidFill, kBlankWidth);
+        Use(blank_, kSolidFill, kBlankWidth);
         surface_.Wedge({}, std::max(blank.radius - kBlankMargin, 0.0), blank.start, blank.end,
-                       BlankColour());
+                       blank_);
     }
 
     /// Where a class begins: at the outer radius of the next one inside, or at the zero circle.
@@ -218,55 +220,75 @@ private:
     }
 
     Surface& surface_;
+    const Styles& styles_;
+    Colour blank_;
+    Colour outline_;
     const RoseWedgeSettings& settings_;
     int sectors_;
-    int classes_;
 };
 
-RoseWedgeSettings SettingsOfLayer(const PlotRecord& record, int layer) {
+RoseWedgeSettings SettingsOfLayer(const Plot& plot, int layer) {
+    const PlotRecord& record = plot.record;
+    const PlotRose& rose = RoseOf(plot);
     RoseWedgeSettings settings;
-    settings.startMath = gRoseStartMath;
+    settings.startMath = rose.startMath;
     settings.sectorSize = record.RoseSectorSize;
-    settings.oddSectorSize = OddSectorOfRose(record, gRoseRadii->Sectors());
+    settings.oddSectorSize = OddSectorOfRose(record, rose.radii.Sectors());
     settings.fraction =
         FractionOfLayer(std::clamp<int>(record.RoseSectorFraction, 1, 100) / 100.0, layer);
     settings.zeroRadius = ZeroRadiusOfRose(record);
     settings.stepped = record.RoseSegShape == 1;
-    settings.mirror = !gRoseDirectional && !CountsBothEnds(record);
+    settings.mirror = !rose.isDirectional && !CountsBothEnds(record);
     settings.layer = layer;
     return settings;
 }
 
 /// The outlines of the lower layers, in their colours, so that each can be read below the others.
-void DrawLowerOutlines(Surface& surface) {
-    DrawState state = surface.State();
+void DrawLowerOutlines(const PlotRose& rose, const Drawing& drawing) {
+    DrawState state = drawing.plot.State();
     state.fillStyle = kNoFill;
-    surface.SetState(state);
-    for (const RoseWedge& wedge : ActiveRose().wedges) {
+    drawing.plot.SetState(state);
+    for (const RoseWedge& wedge : rose.wedges) {
         if (wedge.layer > 0) {
-            surface.Wedge({}, wedge.radius, wedge.start, wedge.end,
-                          TableColour(FillOfRoseLayer(wedge.layer).colour));
+            const RoseFill fill = FillOfRoseLayer(drawing.styles, wedge.layer);
+            drawing.plot.Wedge({}, wedge.radius, wedge.start, wedge.end,
+                               TableColour(drawing.styles, fill.colour));
         }
     }
 }
 
-void DrawBlanks(Surface& surface, const PlotRecord& record) {
+void DrawBlanks(const PlotRecord& record, const Drawing& drawing) {
+    Surface& surface = drawing.plot;
+    const Colour blank = BlankColour(drawing);
     DrawState state = surface.State();
     state.drawWidth = 1;
     state.fillStyle = kSolidFill;
-    state.fillColour = BlankColour();
+    state.fillColour = blank;
     surface.SetState(state);
     const double zeroRadius = ZeroRadiusOfRose(record);
     if (zeroRadius >= 1) {
-        surface.Circle({}, zeroRadius, OutlineColour());
+        surface.Circle({}, zeroRadius, OutlineColour(drawing.styles));
     }
     if (IsHalfRose(record.RoseShape)) {
         const RoseArc hidden = HiddenArc(record.RoseShape);
-        surface.Wedge({}, kNetRadius, hidden.start, hidden.end, BlankColour());
+        surface.Wedge({}, kNetRadius, hidden.start, hidden.end, blank);
         // The longest petals have the outer half of their outline beyond the circle.
         state.drawWidth = kBlankWidth;
         surface.SetState(state);
-        surface.Arc({}, kNetRadius, hidden.start, hidden.end, BlankColour());
+        surface.Arc({}, kNetRadius, hidden.start, hidden.end, blank);
+    }
+}
+
+/// Draws the wedges of a layer, and after those of layer 0 what lies on top of all.
+void DrawLayer(const Plot& plot, int layer, std::span<const RoseWedge> wedges,
+               const Drawing& drawing) {
+    const PlotRose& rose = RoseOf(plot);
+    const SavedState saved(drawing.plot);
+    const RoseWedgeSettings settings = SettingsOfLayer(plot, layer);
+    WedgePainter(drawing, settings, rose.radii.Sectors()).Draw(wedges);
+    if (layer == 0) {
+        DrawLowerOutlines(rose, drawing);
+        DrawBlanks(plot.record, drawing);
     }
 }
 
@@ -309,17 +331,18 @@ const RoseWedge* WedgeAt(std::span<const RoseWedge> wedges, Point at) {
     return nullptr;
 }
 
-RoseFill FillOfRoseClass(int classNumber) {
+RoseFill FillOfRoseClass(const Styles& styles, int classNumber) {
     const int place = std::max(classNumber - 1, 0);
-    RoseFill fill = FillOfRow(kFirstClassRow + place % kClassFills);
+    RoseFill fill = FillOfRow(styles, kFirstRoseClassStyle + place % kClassFills);
     if (place >= kClassFills) {
         fill.pattern = fill.pattern == kUpwardHatch ? kDownwardHatch : kUpwardHatch;
     }
     return fill;
 }
 
-RoseFill FillOfRoseLayer(int layer) {
-    return FillOfRow(layer <= 0 ? kWedgeRow : kTopLayerRow - std::min(layer, 2));
+RoseFill FillOfRoseLayer(const Styles& styles, int layer) {
+    return FillOfRow(styles,
+                     layer <= 0 ? kRoseStyle : kOverlaidRoseStyle - std::min(layer, kLowestLayer));
 }
 
 double FractionOfLayer(double fraction, int layer) {
@@ -327,20 +350,27 @@ double FractionOfLayer(double fraction, int layer) {
     return layer == 1 ? std::max(fraction - 0.25, kLeast) : fraction;
 }
 
-void DrawRoseWedges(int /*style*/, int layer) {
-    const PlotRecord& record = ActiveRecord();
-    const int drawn = layer < 0 || layer > 2 ? 0 : layer;
-    Surface& surface = PlotSurface();
-    const SavedState saved(surface);
-    const RoseWedgeSettings settings = SettingsOfLayer(record, drawn);
-    const std::vector<RoseWedge> wedges = WedgesOfRose(gRoseRadii, settings);
-    std::vector<RoseWedge>& all = ActiveRose().wedges;
-    WedgePainter(surface, settings, gRoseRadii).Draw(wedges);
-    all.insert(all.end(), wedges.begin(), wedges.end());
-    if (drawn == 0) {
-        DrawLowerOutlines(surface);
-        DrawBlanks(surface, record);
+void AddRoseWedges(Plot& plot, int layer) {
+    PlotRose& rose = RoseOf(plot);
+    const std::vector<RoseWedge> wedges = WedgesOfRose(rose.radii, SettingsOfLayer(plot, layer));
+    rose.wedges.insert(rose.wedges.end(), wedges.begin(), wedges.end());
+}
+
+void DrawRoseWedges(const Plot& plot, const Drawing& drawing) {
+    for (int layer = kLowestLayer; layer >= 0; --layer) {
+        DrawLayer(
+            plot, layer,
+            std::ranges::equal_range(RoseOf(plot).wedges, layer, std::greater(), &RoseWedge::layer),
+            drawing);
     }
+}
+
+void DrawRoseWedges(int /*style*/, int layer) {
+    const int drawn = layer < 0 || layer > kLowestLayer ? 0 : layer;
+    const std::vector<RoseWedge>& wedges = ActiveRose().wedges;
+    const std::size_t before = wedges.size();
+    AddRoseWedges(ActivePlot(), drawn);
+    DrawLayer(ActivePlot(), drawn, std::span(wedges).subspan(before), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -10,6 +10,7 @@
 
 #include "platform/surface.h"
 #include "rose/rose_tables.h"
+#include "stereo/drawing.h"
 
 #include <span>
 #include <vector>
@@ -48,23 +49,29 @@ struct RoseSpan {
 
 /// How petals of a class, or of a layer of an overlaid rose, are filled.
 struct RoseFill {
-    int colour = 0;  ///< index of gColourTable
+    int colour = 0;  ///< index of Styles::colours
     int pattern = 0; ///< FillStyle
 };
 
 /// Of a class, 1 or more. Classes beyond the table have the colours of the first ones, hatched.
-[[nodiscard]] RoseFill FillOfRoseClass(int classNumber);
+[[nodiscard]] RoseFill FillOfRoseClass(const Styles& styles, int classNumber);
 
 /// Of a layer 0 to 2; 0 is also a rose that has no layers and no classes.
-[[nodiscard]] RoseFill FillOfRoseLayer(int layer);
+[[nodiscard]] RoseFill FillOfRoseLayer(const Styles& styles, int layer);
 
 /// Width of a wedge in the layers of an overlaid rose, of the width set: the middle layer is a
 /// quarter of its sector narrower, but never without width.
 [[nodiscard]] double FractionOfLayer(double fraction, int layer);
 
-/// Draws the wedges of gRoseRadii and adds them to those of the rose. Layer 0 is the last one:
-/// behind it come the outlines of the layers below it, the zero circle, and the blank of a half
-/// rose.
+/// Adds the wedges of a layer, made of the radii of the rose, to those of the plot's rose. Layers
+/// are added from 2 down to 0, in the order of their drawing.
+void AddRoseWedges(Plot& plot, int layer);
+
+/// Draws the wedges of the rose of a plot, and after those of layer 0 the outlines of the layers
+/// below it, the zero circle, and the blank of a half rose.
+void DrawRoseWedges(const Plot& plot, const Drawing& drawing);
+
+/// Adds and draws a layer of the rose of gActivePlot.
 ///
 /// @param style  RoseHistStyle. Kept: it plays no part, wedges are always drawn
 /// @param layer  0 to 2; above counts as 0

@@ -13,7 +13,7 @@
 namespace quandrel {
 
 void RecalculateActivePlot() {
-    ForgetAcceptedSectorSize();
+    ForgetAcceptedSectorSize(ActivePlot());
     RefreshSecondaryOverlay();
     ReplotActivePlot(true);
 }

@@ -36,8 +36,9 @@ std::vector<ReferenceLine> ReferenceOfBothAxes() {
 std::vector<ReferenceLine> ReferenceOfActivePlot() {
     const PlotRecord& record = ActiveRecord();
     if (record.PlotKind == kRose) {
-        const auto reference = RoseReferenceOfActivePlot();
-        return reference ? RoseReferenceLines(*reference, record) : std::vector<ReferenceLine>();
+        const auto reference = RoseReferenceOf(ActivePlot());
+        return reference ? RoseReferenceLines(*reference, ActivePlot(), gSettings.notation.formulas)
+                         : std::vector<ReferenceLine>();
     }
     if (HoldsBothAxes(record)) {
         return ReferenceOfBothAxes();

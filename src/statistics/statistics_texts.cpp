@@ -363,11 +363,11 @@ std::string FabricBoxText() {
 }
 
 void WriteStatsBox() {
-    KeepNormalStatistics(gActivePlot, StatsBoxText());
+    KeepNormalStatistics(ActivePlot(), StatsBoxText());
 }
 
 void WriteFabricBox() {
-    KeepAdvancedStatistics(gActivePlot, FabricBoxText());
+    KeepAdvancedStatistics(ActivePlot(), FabricBoxText());
 }
 
 void WriteStatisticsBoxes() {

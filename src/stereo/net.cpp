@@ -6,7 +6,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
-#include "stereo/draw_target.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -155,15 +155,15 @@ void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
 }
 
 void SetPlotDrawMode() {
-    SetPlotDrawMode(DrawingInForce());
+    SetPlotDrawMode(WindowDrawing(gActivePlot));
 }
 
 void DrawPlotBase() {
-    DrawPlotBase(ActiveRecord(), DrawingInForce());
+    DrawPlotBase(ActiveRecord(), WindowDrawing(gActivePlot));
 }
 
 void DrawPlotFurniture() {
-    DrawPlotFurniture(ActiveRecord(), DrawingInForce());
+    DrawPlotFurniture(ActiveRecord(), WindowDrawing(gActivePlot));
 }
 
 } // namespace quandrel

@@ -238,40 +238,40 @@ TEST_F(Classification, WarnsOfDelimitersBelowSevenInTenWhenANumberIsUnreadable) 
     for (const WarningCase& row : cases) {
         ActiveRecord().NumClassified = row.classified;
         gAppNumeric.At(gActivePlot, 4) = row.hasInvalid ? kInvalidNumber : 1.0F;
-        EXPECT_EQ(DecimalWarningNeeded(kNumberClasses), row.warns) << row.what;
+        EXPECT_EQ(DecimalWarningNeeded(ActivePlot(), kNumberClasses), row.warns) << row.what;
     }
 }
 
 TEST_F(Classification, WarnsOfTextsWithTheOtherDelimiter) {
     AddTexts({"1,5", "2.5"});
     ActiveRecord().NumClassified = 1;
-    EXPECT_TRUE(DecimalWarningNeeded(kTextNumberClasses));
-    EXPECT_FALSE(DecimalWarningNeeded(kNameClasses));
+    EXPECT_TRUE(DecimalWarningNeeded(ActivePlot(), kTextNumberClasses));
+    EXPECT_FALSE(DecimalWarningNeeded(ActivePlot(), kNameClasses));
     gAppText.Set(gActivePlot, 1, "1.5");
-    EXPECT_FALSE(DecimalWarningNeeded(kTextNumberClasses));
+    EXPECT_FALSE(DecimalWarningNeeded(ActivePlot(), kTextNumberClasses));
     gDecimalIsComma = true;
-    EXPECT_TRUE(DecimalWarningNeeded(kTextNumberClasses));
+    EXPECT_TRUE(DecimalWarningNeeded(ActivePlot(), kTextNumberClasses));
 }
 
 TEST_F(Classification, DoesNotWarnOfErrorRowsNorOfAnEmptyPlot) {
-    EXPECT_FALSE(DecimalWarningNeeded(kNumberClasses));
+    EXPECT_FALSE(DecimalWarningNeeded(ActivePlot(), kNumberClasses));
     AddNumbers({1, 1});
     AddValued(kInvalidNumber, "", kErrorRow);
     ActiveRecord().NumClassified = 0;
-    EXPECT_FALSE(DecimalWarningNeeded(kNumberClasses));
+    EXPECT_FALSE(DecimalWarningNeeded(ActivePlot(), kNumberClasses));
 }
 
 TEST_F(Classification, WarningNamesTheShareAndTheDelimiter) {
     AddNumbers({1, 2, 3});
     ActiveRecord().NumClassified = 2;
-    EXPECT_EQ(DecimalWarningText(),
+    EXPECT_EQ(DecimalWarningText(ActiveRecord()),
               "Only 66.7% of your Appended data contributed valid values to the classification. \n"
               "The problem appears to be that the decimal values in your Appended data do not "
               "appear to use period decimal delimiters consistent with your Windows Regional "
               "Settings.\nIf this is a problem then you either need to change the delimiter in "
               "your data or reset the Regional Settings from the Windows Control Panel.");
     gDecimalIsComma = true;
-    EXPECT_NE(DecimalWarningText().find("to use comma decimal"), std::string::npos);
+    EXPECT_NE(DecimalWarningText(ActiveRecord()).find("to use comma decimal"), std::string::npos);
 }
 
 TEST_F(Classification, GreatCirclesAreThoseOfRowsWithAClassAndASymbol) {

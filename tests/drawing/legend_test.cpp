@@ -108,7 +108,7 @@ TEST_F(Legend, OfARoseIsTheRosesOwn) {
     AddRow(30, 120);
     ActiveRecord().PlotSymbolMode = kPointDensitySymbols; // whose bands a net would list
     ActiveRecord().PlotKind = kRose;
-    EXPECT_EQ(Texts(), TextsWith(RoseLegendLines()));
+    EXPECT_EQ(Texts(), TextsWith(RoseLegendLines(ActivePlot(), gSettings.styles)));
 }
 
 TEST_F(Legend, OfAClassifiedPlotTellsOfIntersectionsWhereTheyAreDrawn) {

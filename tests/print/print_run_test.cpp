@@ -36,7 +36,7 @@ protected:
         record.LayerVisible.fill(kTrue);
         record.FabricText = fabric;
         record.DescriptionText = "Upper limb of the fold";
-        KeepNormalStatistics(slot, "No. of Data = 3\r\nMean = 12 - 345\r\n");
+        KeepNormalStatistics(PlotOf(slot), "No. of Data = 3\r\nMean = 12 - 345\r\n");
         return slot;
     }
 
@@ -176,13 +176,13 @@ TEST_F(PrintTest, SetsTextsSmallerWhereTheRoomIsNarrow) {
     for (int i = 0; i < 40; ++i) {
         text += "Line " + std::to_string(i) + "\r\n";
     }
-    KeepNormalStatistics(slot, text);
+    KeepNormalStatistics(PlotOf(slot), text);
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
     const auto& operations = PartWith("Line 39").surface.Operations();
     const double points = operations.back().state.font.points;
     EXPECT_GE(points, 4);
     EXPECT_LE(points, 8);
-    KeepNormalStatistics(slot, text + text + text + text + text + text);
+    KeepNormalStatistics(PlotOf(slot), text + text + text + text + text + text);
     EXPECT_EQ(PrintSelectedPlots(LayoutOf({slot}, printer.paper).plots), PrintOutcome::Printed);
     EXPECT_EQ(PartWith("...").surface.Operations().back().text, "...");
 }

@@ -21,37 +21,37 @@ protected:
     }
 
     void TearDown() override {
-        ForgetAcceptedSectorSize();
+        ForgetAcceptedSectorSize(ActivePlot());
         EngineTest::TearDown();
     }
 };
 
 TEST_F(AcceptedSectors, OfAFileAreDrawnWithoutAQuestion) {
-    AcceptSectorSize();
+    AcceptSectorSize(ActivePlot());
     EXPECT_TRUE(RoseCountSectors());
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 3);
 }
 
 TEST_F(AcceptedSectors, OfAFileTakeThePlaceOfWhatTheSlotHadBefore) {
-    RefuseRose();
-    ASSERT_TRUE(IsRoseRefused());
-    AcceptSectorSize();
-    EXPECT_FALSE(IsRoseRefused());
+    RefuseRose(ActivePlot());
+    ASSERT_TRUE(IsRoseRefused(ActivePlot()));
+    AcceptSectorSize(ActivePlot());
+    EXPECT_FALSE(IsRoseRefused(ActivePlot()));
     EXPECT_TRUE(RoseCountSectors());
 }
 
 TEST_F(AcceptedSectors, AskWhateverWasAcceptedOnceGoDoes) {
-    AcceptSectorSize();
+    AcceptSectorSize(ActivePlot());
     Expect("Because you have chosen an odd sector size", Button::Cancel);
-    EXPECT_FALSE(AskForSectorSize(7));
+    EXPECT_FALSE(AskForSectorSize(ActivePlot(), 7));
     EXPECT_TRUE(RoseCountSectors()) << "the size that the rose has stays accepted";
-    EXPECT_TRUE(AskForSectorSize(10)) << "equal sectors need no question";
+    EXPECT_TRUE(AskForSectorSize(ActivePlot(), 10)) << "equal sectors need no question";
     ActiveRecord().NumValidData = 0;
-    EXPECT_TRUE(AskForSectorSize(7)) << "nor does a plot without rows";
+    EXPECT_TRUE(AskForSectorSize(ActivePlot(), 7)) << "nor does a plot without rows";
 }
 
 TEST_F(AcceptedSectors, HoldForTheirSizeAlone) {
-    AcceptSectorSize();
+    AcceptSectorSize(ActivePlot());
     ActiveRecord().RoseSectorSize = 11;
     Expect("Because you have chosen an odd sector size", Button::Cancel);
     EXPECT_FALSE(RoseCountSectors());

@@ -43,7 +43,7 @@ protected:
     }
 
     void TearDown() override {
-        ForgetRoseOfPlot(gActivePlot);
+        ForgetRose(ActivePlot());
         EngineTest::TearDown();
     }
 
@@ -64,11 +64,11 @@ protected:
 
     static std::string TipAt(double azimuth, double radius) {
         const double angle = DegToRad(azimuth);
-        return PetalTip({radius * std::sin(angle), radius * std::cos(angle)});
+        return PetalTip(ActivePlot(), {radius * std::sin(angle), radius * std::cos(angle)});
     }
 
     static bool LegendHasNote() {
-        const std::vector<LegendLine> lines = RoseLegendLines();
+        const std::vector<LegendLine> lines = RoseLegendLines(ActivePlot(), gSettings.styles);
         return std::ranges::any_of(lines,
                                    [](const LegendLine& line) { return line.text == kNote; });
     }

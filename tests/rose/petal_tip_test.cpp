@@ -30,7 +30,7 @@ protected:
     }
 
     void TearDown() override {
-        ForgetRoseOfPlot(gActivePlot);
+        ForgetRose(ActivePlot());
         EngineTest::TearDown();
     }
 
@@ -54,7 +54,7 @@ protected:
 
     static std::string TipAt(double azimuth, double radius) {
         const double angle = azimuth * std::acos(-1.0) / 180;
-        return PetalTip({radius * std::sin(angle), radius * std::cos(angle)});
+        return PetalTip(ActivePlot(), {radius * std::sin(angle), radius * std::cos(angle)});
     }
 };
 
@@ -120,16 +120,16 @@ TEST_F(PetalTips, KnowTheSmallerLastSector) {
     gRoseOddAsked = true;
     RosePlot();
     // Seven of 50 from 050 backward, and 10 degrees up to 060.
-    EXPECT_EQ(SectorBoundsText(1), "000-050");
-    EXPECT_EQ(SectorBoundsText(2), "310-000");
-    EXPECT_EQ(SectorBoundsText(8), "050-060");
+    EXPECT_EQ(SectorBoundsText(ActivePlot(), 1), "000-050");
+    EXPECT_EQ(SectorBoundsText(ActivePlot(), 2), "310-000");
+    EXPECT_EQ(SectorBoundsText(ActivePlot(), 8), "050-060");
 }
 
 TEST_F(PetalTips, IgnoreASmallerSectorOfAnotherSize) {
     AddRow(10, 12);
     ActiveRecord().RoseOddSectorSize = 3; // kept from a size of 7
     RosePlot();
-    EXPECT_EQ(SectorBoundsText(36), "010-020");
+    EXPECT_EQ(SectorBoundsText(ActivePlot(), 36), "010-020");
 }
 
 TEST_F(PetalTips, AreOfTheRoseDrawnLastAlone) {

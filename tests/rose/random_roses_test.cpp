@@ -192,7 +192,7 @@ TEST_F(RandomRosesTrial, HaveNoFieldThatIsNoNumber) {
         ChooseSettings();
         RosePlot();
         ASSERT_EQ(Faults(), "") << "rose " << rose << " of type " << record.RoseType;
-        ForgetRoseOfPlot(gActivePlot);
+        ForgetRose(ActivePlot());
         ReleasePlotSlot(gActivePlot);
     }
 }

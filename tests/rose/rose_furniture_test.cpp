@@ -4,7 +4,6 @@
 #include "orientation/angles.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_tables.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -272,15 +271,12 @@ TEST_F(DrawRoseScaleTest, HasNoMarksOnAnEmptyRose) {
     EXPECT_EQ(Draw().size(), 1U);
 }
 
-TEST_F(DrawRoseScaleTest, WritesTheIntervalUnlessItDrawsElsewhere) {
+TEST_F(DrawRoseScaleTest, WritesTheIntervalInTheActivePlotAlone) {
     PlotRecord& record = ActiveRecord();
     record.RoseScaleType = "tick0";
     RecordingSurface page(600, 600);
     RecordingSurface legend(100, 100);
-    {
-        const DrawElsewhere elsewhere(page, legend);
-        DrawRoseScale();
-    }
+    DrawRoseScale(ActivePlot(), {page, legend, gSettings.styles, DrawnFor::Paper});
     EXPECT_EQ(record.RoseScaleType, "tick0");
     DrawRoseScale();
     EXPECT_EQ(record.RoseScaleType.substr(0, 4), "tick");
@@ -310,10 +306,7 @@ protected:
         RecordingSurface window(pixels, pixels);
         window.SetUserScale(kPlotScale);
         RecordingSurface legend(100, 100);
-        {
-            const DrawElsewhere elsewhere(window, legend);
-            DrawRoseScale();
-        }
+        DrawRoseScale(ActivePlot(), {window, legend, gSettings.styles});
         std::vector<Label> labels;
         for (const DrawOperation& operation : window.Operations()) {
             if (operation.kind == DrawOperation::Kind::Text) {

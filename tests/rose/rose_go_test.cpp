@@ -293,19 +293,19 @@ TEST_F(RoseGoTest, AcceptsTheEndsOfEachRange) {
         rose.startAngle = size == 1 ? 0 : 360;
         rose.samplePlunge = size == 1 ? 0 : 90;
         rose.minBiasAngle = size == 1 ? 1 : 90;
-        EXPECT_FALSE(CheckRoseSettings(rose)) << size;
+        EXPECT_FALSE(CheckRoseSettings(ActivePlot(), rose)) << size;
     }
 }
 
 TEST_F(RoseGoTest, RefusesAnIntervalOfTooManyMarks) {
     RoseSettings rose; // three of six lines in one sector: 50 %
     rose.interval = 0.49;
-    ASSERT_TRUE(CheckRoseSettings(rose));
-    EXPECT_EQ(CheckRoseSettings(rose)->field, RoseField::ScaleInterval);
+    ASSERT_TRUE(CheckRoseSettings(ActivePlot(), rose));
+    EXPECT_EQ(CheckRoseSettings(ActivePlot(), rose)->field, RoseField::ScaleInterval);
     rose.interval = 0.5;
-    EXPECT_FALSE(CheckRoseSettings(rose));
+    EXPECT_FALSE(CheckRoseSettings(ActivePlot(), rose));
     rose.interval = 0; // leaves it to the drawing
-    EXPECT_FALSE(CheckRoseSettings(rose));
+    EXPECT_FALSE(CheckRoseSettings(ActivePlot(), rose));
 }
 
 TEST_F(RoseGoTest, JudgesTheIntervalByTheRoseAskedFor) {
@@ -330,9 +330,9 @@ TEST_F(RoseGoTest, JudgesTheIntervalByTheFrequenciesThatAFaultLeaves) {
     RoseSettings rose;
     rose.kind = kRoseValue; // there are no values
     rose.interval = 0.49;
-    EXPECT_TRUE(CheckRoseSettings(rose));
+    EXPECT_TRUE(CheckRoseSettings(ActivePlot(), rose));
     rose.interval = 0.5;
-    EXPECT_FALSE(CheckRoseSettings(rose));
+    EXPECT_FALSE(CheckRoseSettings(ActivePlot(), rose));
     EXPECT_TRUE(prompts.Shown().empty());
 }
 

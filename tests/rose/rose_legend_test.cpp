@@ -61,7 +61,7 @@ protected:
 
     static PlotRecord& Record() { return ActiveRecord(); }
 
-    static Texts Lines() { return TextsOf(RoseLegendLines()); }
+    static Texts Lines() { return TextsOf(RoseLegendLines(ActivePlot(), gSettings.styles)); }
 };
 
 TEST_F(RoseLegendTest, TellsTheKind) {
@@ -130,8 +130,9 @@ TEST_F(RoseLegendTest, ListsClassesByLength) {
     record.ClassTable[12][0] = std::int16_t{0};
     EXPECT_EQ(Lines(), (Texts{"Data Frequency-Azimuth", "Classified by: Length", "2-4", "4-10"}));
     record.ClassTable[12][0] = std::int16_t{3};
-    EXPECT_EQ(TextsOf(RoseClassLines(record)), (Texts{"< 2", "2-4", "4-10", "> 10"}));
-    const auto lines = RoseClassLines(record);
+    EXPECT_EQ(TextsOf(RoseClassLines(ActivePlot(), gSettings.styles)),
+              (Texts{"< 2", "2-4", "4-10", "> 10"}));
+    const auto lines = RoseClassLines(ActivePlot(), gSettings.styles);
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(lines[i].sample, LegendSample::Patch);
         EXPECT_EQ(CodeColour(lines[i].code), gSymbolTable[24 + i][kPlaceColour]);
@@ -150,7 +151,8 @@ TEST_F(RoseLegendTest, ListsNoClassThatCanHoldNoRow) {
     record.ClassTable[4][0] = 10.0;
     record.ClassTable[11][0] = 10.0;
     record.ClassTable[12][0] = std::int16_t{0};
-    EXPECT_EQ(TextsOf(RoseClassLines(record)), (Texts{"2-4", "4-10", "10"})) << "not 4-4";
+    EXPECT_EQ(TextsOf(RoseClassLines(ActivePlot(), gSettings.styles)), (Texts{"2-4", "4-10", "10"}))
+        << "not 4-4";
 }
 
 TEST_F(RoseLegendTest, ListsClassesByName) {
@@ -178,7 +180,7 @@ TEST_F(RoseLegendTest, MakesPatchesAsWideAsSteppedClasses) {
     record.ClassTable[2][0] = 3.0;
     record.ClassTable[3][0] = 6.0;
     record.ClassTable[11][0] = 10.0;
-    const auto lines = RoseClassLines(record);
+    const auto lines = RoseClassLines(ActivePlot(), gSettings.styles);
     ASSERT_EQ(lines.size(), 4U);
     // Sevenths of the whole: 1, 3, 5, 7.
     const std::array<int, 4> widths = {14, 42, 71, 0};
@@ -195,17 +197,18 @@ TEST_F(RoseLegendTest, HasNoClassesOfMeans) {
 
 TEST_F(RoseLegendTest, ShowsSamplesOfTheLayers) {
     Record().RoseType = 6;
-    auto lines = RoseTitleLines(Record());
+    auto lines = RoseTitleLines(Record(), gSettings.styles);
     EXPECT_EQ(lines[0].sample, LegendSample::None);
     const std::array<std::size_t, 3> lineOfLayer = {1, 2, 4}; // the third says what the second is
     for (std::size_t layer = 0; layer < 3; ++layer) {
         const LegendLine& line = lines[lineOfLayer[layer]];
         EXPECT_EQ(line.sample, LegendSample::Patch);
-        EXPECT_EQ(CodeColour(line.code), FillOfRoseLayer(static_cast<int>(layer)).colour);
+        EXPECT_EQ(CodeColour(line.code),
+                  FillOfRoseLayer(gSettings.styles, static_cast<int>(layer)).colour);
     }
     EXPECT_EQ(lines[3].sample, LegendSample::Indent);
     Record().RoseType = 16;
-    lines = RoseTitleLines(Record());
+    lines = RoseTitleLines(Record(), gSettings.styles);
     EXPECT_EQ(lines[1].sample, LegendSample::Indent); // each class has its own fill
     EXPECT_EQ(lines[2].sample, LegendSample::Patch);
 }

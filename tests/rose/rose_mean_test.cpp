@@ -5,6 +5,7 @@
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_confidence.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_shown.h"
@@ -33,6 +34,12 @@ double Radians(double degrees) {
     return degrees * std::acos(-1.0) / 180;
 }
 
+std::vector<DrawOperation> DrawnMean() {
+    RecordingSurface surface(600, 600);
+    DrawRoseMean(ActivePlot(), {surface, surface, gSettings.styles});
+    return surface.Operations();
+}
+
 } // namespace
 
 class RoseMeanTest : public EngineTest {
@@ -53,35 +60,34 @@ protected:
     }
 
     std::vector<DrawOperation> Draw() {
-        Form(gActivePlot).PlotSurface().Clear(kWhite);
-        DrawRoseMean();
-        return DrawnOn(Form(gActivePlot).Plot());
+        ActiveRose().confidence = RoseConfidenceOf(ActivePlot(), Formulas::Own);
+        return DrawnMean();
     }
 };
 
 TEST_F(RoseMeanTest, PointsBothWaysForAxialData) {
-    const auto ends = RoseArrowAzimuths(ActiveRecord());
+    const auto ends = RoseArrowAzimuths(ActivePlot());
     ASSERT_EQ(ends.size(), 2U);
     EXPECT_NEAR(Degrees(ends[0]), 60, kClose);
     EXPECT_NEAR(Degrees(ends[1]), 240, kClose);
     gRoseDirectional = true;
-    ASSERT_EQ(RoseArrowAzimuths(ActiveRecord()).size(), 1U);
-    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 60, kClose);
+    ASSERT_EQ(RoseArrowAzimuths(ActivePlot()).size(), 1U);
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActivePlot())[0]), 60, kClose);
 }
 
 TEST_F(RoseMeanTest, ShowsNoArrowWhereThereIsNoMean) {
     PlotRecord& record = ActiveRecord();
     record.RoseDisplay7 = 0;
-    EXPECT_TRUE(RoseArrowAzimuths(record).empty());
+    EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty());
     record.RoseDisplay7 = kTrue;
     record.RoseResultant[0] = 0;
-    EXPECT_TRUE(RoseArrowAzimuths(record).empty());
-    EXPECT_FALSE(RoseConfidenceHalfWidth(record));
+    EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty());
+    EXPECT_FALSE(RoseConfidenceHalfWidth(ActivePlot()));
     record.RoseResultant[0] = 0.8;
     for (const std::int16_t kind : std::array<std::int16_t, 2>{2, 3}) {
         record.RoseType = kind;
-        EXPECT_TRUE(RoseArrowAzimuths(record).empty()) << kind;
-        EXPECT_FALSE(RoseConfidenceHalfWidth(record)) << kind;
+        EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty()) << kind;
+        EXPECT_FALSE(RoseConfidenceHalfWidth(ActivePlot())) << kind;
     }
 }
 
@@ -89,7 +95,7 @@ TEST_F(RoseMeanTest, ShowsTheEndsInTheHalfDrawn) {
     const std::array<double, 5> ends = {0, 60, 60, 240, 240};
     for (std::int16_t shape = 1; shape <= 4; ++shape) {
         ActiveRecord().RoseShape = shape;
-        const auto shown = RoseArrowAzimuths(ActiveRecord());
+        const auto shown = RoseArrowAzimuths(ActivePlot());
         ASSERT_EQ(shown.size(), 1U) << shape;
         EXPECT_NEAR(Degrees(shown[0]), ends[static_cast<std::size_t>(shape)], kClose) << shape;
     }
@@ -115,11 +121,11 @@ TEST_F(RoseMeanTest, DrawsArrowsOutsideTheRim) {
 TEST_F(RoseMeanTest, HasAnIntervalFromTheStandardError) {
     // Standard error 0.05: asin(0.09802) is 5.625 degrees; axial data have half of it.
     PlotRecord& record = ActiveRecord();
-    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 5.62514 / 2, 1e-4);
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 5.62514 / 2, 1e-4);
     gRoseDirectional = true;
-    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 5.62514, 1e-4);
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 5.62514, 1e-4);
     record.RoseDispersion = 1000;
-    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 90, kClose);
 }
 
 // Kept: a right angle where there is no interval.
@@ -129,28 +135,28 @@ TEST_F(RoseMeanTest, KeepsTheRightAngleOfAnIntervalThatDoesNotExistAndDrawsNoArc
     record.RoseDisplay7 = 0;
     record.RoseDisplay8 = kTrue;
     record.RoseDispersion = 26.1; // 1.9604 x sqrt(0.261) is 1.0015
-    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 90, kClose);
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 90, kClose);
     EXPECT_TRUE(Draw().empty());
     record.RoseDispersion = 26; // and of 0.26 it is 0.9996
-    EXPECT_LT(Degrees(*RoseConfidenceHalfWidth(record)), 90);
+    EXPECT_LT(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 90);
     EXPECT_EQ(Draw().size(), 1U);
     gRoseDirectional = false;
     record.RoseDispersion = 26.1;
-    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(record)), 45, kClose);
+    EXPECT_NEAR(Degrees(*RoseConfidenceHalfWidth(ActivePlot())), 45, kClose);
     EXPECT_TRUE(Draw().empty());
 }
 
 TEST_F(RoseMeanTest, CountsTheWeightedDataUnderABiasCorrection) {
     gRoseDirectional = true;
     ActiveRecord().RoseStats[0] = {100, 400, 20}; // 400 weighted: half the standard error
-    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActiveRecord())), 1.9604 * 0.025, 1e-12);
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActivePlot())), 1.9604 * 0.025, 1e-12);
 }
 
 TEST_F(RoseMeanTest, DrawsTheArcOnTheRimAboutBothEnds) {
     PlotRecord& record = ActiveRecord();
     record.RoseDisplay7 = 0;
     record.RoseDisplay8 = kTrue;
-    const double half = Degrees(*RoseConfidenceHalfWidth(record));
+    const double half = Degrees(*RoseConfidenceHalfWidth(ActivePlot()));
     const auto drawn = Draw();
     ASSERT_EQ(drawn.size(), 2U);
     const std::array<double, 2> middles = {30, 210}; // azimuths 60 and 240
@@ -166,9 +172,10 @@ TEST_F(RoseMeanTest, DrawsTheArcOnTheRimAboutBothEnds) {
 
 TEST_F(RoseMeanTest, TakesTheFactorOfTheFormulasInForce) {
     gRoseDirectional = true;
-    const PlotRecord& record = ActiveRecord();
-    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(record, Formulas::Textbook)), 1.96 * 0.05, 1e-12);
-    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(record, Formulas::Own)), 1.9604 * 0.05, 1e-12);
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActivePlot(), Formulas::Textbook)), 1.96 * 0.05,
+                1e-12);
+    EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActivePlot(), Formulas::Own)), 1.9604 * 0.05,
+                1e-12);
 }
 
 /// A rose of a few rows, drawn with its arcs alone.
@@ -190,14 +197,10 @@ protected:
         RoseCircularStats(kRoseFrequency);
     }
 
-    static std::vector<DrawOperation> Draw() {
-        Form(gActivePlot).PlotSurface().Clear(kWhite);
-        DrawRoseMean();
-        return DrawnOn(Form(gActivePlot).Plot());
-    }
+    static std::vector<DrawOperation> Draw() { return DrawnMean(); }
 
     void TearDown() override {
-        ForgetRoseOfPlot(gActivePlot);
+        ForgetRose(ActivePlot());
         EngineTest::TearDown();
     }
 };
@@ -205,10 +208,10 @@ protected:
 TEST_F(RoseOfFewData, DrawsTheArcOfTheIntervalThatIsPrinted) {
     for (const std::int16_t kind : {kPolarLines, kLines}) {
         Work(kind, {20, 32, 10, 41, 28, 35});
-        const auto confidence = RoseConfidenceOf(ActiveRecord(), Formulas::Own);
+        const auto confidence = RoseConfidenceOf(ActivePlot(), Formulas::Own);
         ASSERT_TRUE(confidence && confidence->halfWidth);
         EXPECT_EQ(confidence->method, ConfidenceMethod::kBootstrap);
-        EXPECT_EQ(RoseConfidenceOf(ActiveRecord(), Formulas::Textbook)->halfWidth,
+        EXPECT_EQ(RoseConfidenceOf(ActivePlot(), Formulas::Textbook)->halfWidth,
                   confidence->halfWidth);
         const auto drawn = Draw();
         ASSERT_EQ(drawn.size(), kind == kLines ? 2U : 1U);
@@ -222,9 +225,9 @@ TEST_F(RoseOfFewData, DrawsTheArcOfTheIntervalThatIsPrinted) {
 
 TEST_F(RoseOfFewData, HalvesTheIntervalOfTheDoubledAnglesOfAxes) {
     Work(kPolarLines, {40, 64, 20, 82, 56, 70});
-    const double ofDoubled = *RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth;
+    const double ofDoubled = *RoseConfidenceOf(ActivePlot(), Formulas::Own)->halfWidth;
     Work(kLines, {20, 32, 10, 41, 28, 35});
-    EXPECT_NEAR(*RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, ofDoubled / 2, 1e-9);
+    EXPECT_NEAR(*RoseConfidenceOf(ActivePlot(), Formulas::Own)->halfWidth, ofDoubled / 2, 1e-9);
 }
 
 TEST_F(RoseOfFewData, DrawsNoArcWhereNoIntervalIsPrinted) {
@@ -241,7 +244,7 @@ TEST_F(RoseOfFewData, DrawsNoArcWhereNoIntervalIsPrinted) {
 
 TEST_F(RoseOfFewData, CountsGroupedRowsAsOftenAsTheyOccur) {
     Work(kPolarLines, {10, 10, 20, 30, 30, 30, 40});
-    const auto oneByOne = RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth;
+    const auto oneByOne = RoseConfidenceOf(ActivePlot(), Formulas::Own)->halfWidth;
     Work(kPolarLines, {10, 20, 30, 40});
     ActiveRecord().HasAppendedNumeric = kTrue;
     ActiveRecord().HasFrequencyColumn = kTrue;
@@ -252,23 +255,25 @@ TEST_F(RoseOfFewData, CountsGroupedRowsAsOftenAsTheyOccur) {
     }
     ASSERT_TRUE(RoseCountSectors());
     RoseCircularStats(kRoseFrequency);
-    EXPECT_EQ(RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, oneByOne);
+    EXPECT_EQ(RoseConfidenceOf(ActivePlot(), Formulas::Own)->halfWidth, oneByOne);
 }
 
 TEST_F(RoseOfFewData, FollowsTheFormulasWithItsArrows) {
     Work(kLines, {40, 45, 50});
     ActiveRecord().RoseDisplay7 = kTrue;
-    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 90, 1e-9);
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActivePlot())[0]), 90, 1e-9);
     gSettings.notation.formulas = Formulas::Textbook;
     RoseCircularStats(kRoseFrequency);
-    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActiveRecord())[0]), 45, 1e-9);
+    EXPECT_NEAR(Degrees(RoseArrowAzimuths(ActivePlot())[0]), 45, 1e-9);
 }
 
 TEST_F(RoseMeanTest, LeavesTheSurfaceAsItWas) {
-    Surface& surface = Form(gActivePlot).PlotSurface();
+    RecordingSurface surface(600, 600);
     const DrawState before = surface.State();
     ActiveRecord().RoseDisplay8 = kTrue;
-    DrawRoseMean();
+    ActiveRose().confidence = RoseConfidenceOf(ActivePlot(), Formulas::Own);
+    DrawRoseMean(ActivePlot(), {surface, surface, gSettings.styles});
+    EXPECT_FALSE(surface.Operations().empty());
     EXPECT_EQ(surface.State(), before);
 }
 

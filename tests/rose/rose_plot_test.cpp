@@ -7,7 +7,6 @@
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -42,21 +41,19 @@ protected:
         BuildStyleTables();
         gPlotKind = kRose;
         gRoseClassWarned = false;
-        gRoseFaultHook = {};
         gRoseOddAsked = false;
         NewRose();
     }
 
     void TearDown() override {
         gPlotKind = kEqualArea;
-        gRoseFaultHook = {};
         EngineTest::TearDown();
     }
 
     /// A rose of polar lines without rows.
     void NewRose() {
         NewPlot();
-        ForgetAcceptedSectorSize();
+        ForgetAcceptedSectorSize(ActivePlot());
         Record().DataKind = kPolarLines;
         Record().PrimaryFormat = kPrimaryLine;
         Record().AppNumName = "Length";
@@ -222,8 +219,6 @@ TEST_F(RosePlotTest, LaysValuesOverFrequenciesAndMeans) {
 TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
     const std::vector<RoseRow> rows = {{5, kInvalidNumber, ""}, {95, kInvalidNumber, ""}};
     AddRows(rows);
-    std::vector<int> faults;
-    gRoseFaultHook = [&faults](int fault) { faults.push_back(fault); };
     for (std::int16_t kind = 1; kind <= 8; ++kind) {
         Record().RoseType = kind;
         const bool isText = kind == kRoseWindSpeed;
@@ -233,10 +228,11 @@ TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
         RosePlot();
         EXPECT_EQ(Record().RoseType, 0) << kind;
         EXPECT_EQ(ActiveRose().wedges.size(), 2U) << kind;
-        ASSERT_EQ(faults.size(), static_cast<std::size_t>(kind)) << kind;
-        EXPECT_EQ(faults.back(), kNoRoseValues) << kind;
+        EXPECT_EQ(TakeRoseFault(ActivePlot()), kNoRoseValues) << kind;
+        EXPECT_EQ(TakeRoseFault(ActivePlot()), kNoRoseFault) << "it was taken";
     }
     RosePlot(); // says nothing any more
+    EXPECT_EQ(TakeRoseFault(ActivePlot()), kNoRoseFault);
 }
 
 TEST_F(RosePlotTest, WithoutAColumnNamesWhatIsMissing) {
@@ -267,14 +263,12 @@ TEST_F(RosePlotTest, WithoutAColumnNamesWhatIsMissing) {
         Record().ClassTable[12][0] = Record().ClassTable[12][1] =
             static_cast<std::int16_t>(keepsLow ? 1 : 0);
         for (const Case& test : cases) {
-            int fault = 0;
-            gRoseFaultHook = [&fault](int number) { fault = number; };
             Record().RoseType = test.type;
             Expect(std::string("No appended ") + test.name
                    + " data were found in this data set.\nThese data will only be plotted as "
                      "Frequency-Azimuth roses.");
             RosePlot();
-            EXPECT_EQ(fault, test.fault) << test.type;
+            EXPECT_EQ(TakeRoseFault(ActivePlot()), test.fault) << test.type;
             EXPECT_EQ(Record().RoseType, 0) << test.type;
             EXPECT_EQ(ActiveRose().wedges.size(), 2U) << test.type;
         }
@@ -300,13 +294,11 @@ TEST_F(RosePlotTest, NamesTheLengthsWhenNoRowFallsInOne) {
     Record().ClassTable[1][0] = 100.0;
     Record().ClassTable[11][0] = 200.0;
     Record().ClassTable[12][0] = std::int16_t{0};
-    int fault = 0;
-    gRoseFaultHook = [&fault](int number) { fault = number; };
     Expect("No row of this data set falls in a class of Length.\n(Try checking your "
            "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
            "roses.");
     RosePlot();
-    EXPECT_EQ(fault, kNoRoseLengths);
+    EXPECT_EQ(TakeRoseFault(ActivePlot()), kNoRoseLengths);
     EXPECT_EQ(ActiveRose().wedges.size(), 2U) << "never an empty rose";
 }
 
@@ -317,13 +309,11 @@ TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {
     Record().ClassTable[0][2] = std::int16_t{0};
     Record().ClassTable[1][2] = std::string("nothing has this name");
     Record().ClassTable[12][1] = std::int16_t{0};
-    int fault = 0;
-    gRoseFaultHook = [&fault](int number) { fault = number; };
     Expect("No row of this data set falls in a class of Speed.\n(Try checking your "
            "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
            "roses.");
     RosePlot();
-    EXPECT_EQ(fault, kNoRoseClasses);
+    EXPECT_EQ(TakeRoseFault(ActivePlot()), kNoRoseClasses);
     EXPECT_EQ(Record().RoseType, 0);
 }
 
@@ -365,7 +355,7 @@ TEST_F(RosePlotTest, DrawsNoRoseThatTheUserDoesNotWant) {
     EXPECT_EQ(ActiveRose().wedges.size(), 2U);
 }
 
-TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
+TEST_F(RosePlotTest, SaysAndChangesNothingForPagesAndFiles) {
     AddFourRows();
     RosePlot();
     const int first = gActivePlot;
@@ -373,19 +363,11 @@ TEST_F(RosePlotTest, SaysAndChangesNothingWhileItDrawsElsewhere) {
     AddRows({{300, kInvalidNumber, ""}});
     Record().RoseType = kRoseValue;
     Record().RoseSectorSize = 7;
-    RecordingSurface page(600, 600);
-    RecordingSurface legend(100, 100);
-    {
-        const DrawElsewhere elsewhere(page, legend);
-        RosePlot(false); // neither the question nor the fault
-    }
+    WorkOutRoseUnseen(ActivePlot()); // neither the question nor the fault
     EXPECT_EQ(Record().RoseType, kRoseValue);
     EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsNormal), "");
     gActivePlot = first;
-    {
-        const DrawElsewhere elsewhere(page, legend);
-        RosePlot(false);
-    }
+    WorkOutRoseUnseen(ActivePlot());
     EXPECT_EQ(ActiveRose().wedges.size(), 2U);
 }
 

@@ -41,8 +41,8 @@ protected:
     static std::vector<ReferenceLine> Work() {
         EXPECT_TRUE(RoseCountSectors());
         RoseCircularStats(MeasureOfRose(ActiveRecord().RoseType));
-        const auto reference = RoseReferenceOfActivePlot();
-        return reference ? RoseReferenceLines(*reference, ActiveRecord())
+        const auto reference = RoseReferenceOf(ActivePlot());
+        return reference ? RoseReferenceLines(*reference, ActivePlot(), gSettings.notation.formulas)
                          : std::vector<ReferenceLine>();
     }
 
@@ -121,8 +121,8 @@ TEST_F(RoseReference, OfOppositeRowsHasWhatTheTextsLeaveOpen) {
     NewRose(kPolarLines, {20, 32, 10, 41, 28, 35});
     const auto half = Find(Work(), "95% bootstrap half-width");
     ASSERT_TRUE(half && half->value);
-    EXPECT_NEAR(*half->value * kPi / 180,
-                *RoseConfidenceOf(ActiveRecord(), Formulas::Own)->halfWidth, 1e-12);
+    EXPECT_NEAR(*half->value * kPi / 180, *RoseConfidenceOf(ActivePlot(), Formulas::Own)->halfWidth,
+                1e-12);
 }
 
 TEST_F(RoseReference, TakesOppositeEndsOfAnAxisForOne) {
@@ -185,14 +185,14 @@ TEST_F(RoseReference, IsOfRosesWithStatisticsAlone) {
     NewRose(kPolarLines, {10, 20});
     EXPECT_FALSE(Work().empty());
     ActiveRecord().PlotKind = kEqualArea;
-    EXPECT_FALSE(RoseReferenceOfActivePlot());
+    EXPECT_FALSE(RoseReferenceOf(ActivePlot()));
     ActiveRecord().PlotKind = kRose;
     ActiveRecord().RoseType = kRoseMeanValue;
-    EXPECT_FALSE(RoseReferenceOfActivePlot());
+    EXPECT_FALSE(RoseReferenceOf(ActivePlot()));
     ActiveRecord().RoseType = kRoseFrequency;
-    EXPECT_TRUE(RoseReferenceOfActivePlot());
+    EXPECT_TRUE(RoseReferenceOf(ActivePlot()));
     ActiveRose().isCounted = false;
-    EXPECT_FALSE(RoseReferenceOfActivePlot());
+    EXPECT_FALSE(RoseReferenceOf(ActivePlot()));
 }
 
 } // namespace

@@ -198,7 +198,7 @@ TEST_F(RoseScaleOfPlot, WritesTheIntervalInPlaceOfAuto) {
                                                                        {"tick7", "tick7"}}};
     for (const auto& [before, after] : cases) {
         record.RoseScaleType = before;
-        StoreRoseInterval();
+        StoreRoseInterval(record);
         EXPECT_EQ(record.RoseScaleType, after) << before;
     }
 }

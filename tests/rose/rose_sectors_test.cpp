@@ -5,7 +5,6 @@
 #include "rose/bias_weights.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -192,7 +191,7 @@ protected:
 
     void TearDown() override {
         for (int slot = 1; slot <= HighestSlot(); ++slot) {
-            ForgetAcceptedSectorSize(slot);
+            ForgetAcceptedSectorSize(PlotOf(slot));
         }
         EngineTest::TearDown();
     }
@@ -459,7 +458,7 @@ TEST_F(RoseSectors, AreAskedAboutAnewOnceTheAnswerIsForgotten) {
     ActiveRecord().RoseSectorSize = 7;
     Expect(kOddQuestion);
     ASSERT_TRUE(RoseCountSectors());
-    ForgetAcceptedSectorSize();
+    ForgetAcceptedSectorSize(ActivePlot());
     Expect(kOddQuestion);
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(prompts.Shown().size(), 2U);
@@ -468,10 +467,7 @@ TEST_F(RoseSectors, AreAskedAboutAnewOnceTheAnswerIsForgotten) {
 TEST_F(RoseSectors, AreNotAskedAboutOnPagesAndInFiles) {
     AddRow(0, 8);
     ActiveRecord().RoseSectorSize = 7;
-    RecordingSurface plot{500, 500};
-    RecordingSurface legend{200, 500};
-    const DrawElsewhere elsewhere(plot, legend);
-    ASSERT_TRUE(RoseCountSectors());
+    ASSERT_TRUE(CountRose(ActivePlot(), MayAsk::No));
     EXPECT_EQ(gRoseSectors->Sectors(), 52);
 }
 

@@ -27,7 +27,7 @@ protected:
 
     void TearDown() override {
         for (int each = 1; each <= HighestSlot(); ++each) {
-            ForgetRoseOfPlot(each);
+            ForgetRose(PlotOf(each));
         }
         EngineTest::TearDown();
     }
@@ -57,33 +57,34 @@ protected:
 TEST_F(RoseShown, IsStaleUnderOtherFormulas) {
     RosePlot();
     gSettings.notation.formulas = Formulas::Textbook;
-    EXPECT_TRUE(IsRoseStale());
+    EXPECT_TRUE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
     RosePlot(false);
-    EXPECT_FALSE(IsRoseStale());
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
 }
 
 TEST_F(RoseShown, ARefusedRoseStaysRefusedUnderOtherFormulas) {
     Record().RoseSectorSize = 100;
     Expect(kOddQuestion, Button::Cancel);
     RosePlot(true);
-    EXPECT_TRUE(IsRoseRefused());
+    EXPECT_TRUE(IsRoseRefused(ActivePlot()));
     gSettings.notation.formulas = Formulas::Textbook;
     RosePlot(false);
-    EXPECT_TRUE(IsRoseRefused());
+    EXPECT_TRUE(IsRoseRefused(ActivePlot()));
 }
 
 TEST_F(RoseShown, IsStaleOnceRowsOrSettingsOfTheCountChange) {
-    EXPECT_TRUE(IsRoseStale()) << "none was noted";
+    EXPECT_TRUE(IsRoseStale(ActivePlot(), gSettings.notation.formulas)) << "none was noted";
     RosePlot();
-    EXPECT_FALSE(IsRoseStale());
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
     Record().RoseShape = 2;
-    EXPECT_FALSE(IsRoseStale()) << "the count does not depend on it";
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas))
+        << "the count does not depend on it";
     Record().RoseStartAngle = 5;
-    EXPECT_TRUE(IsRoseStale());
+    EXPECT_TRUE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
     Record().RoseStartAngle = 0;
-    EXPECT_FALSE(IsRoseStale());
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
     AddRow(0, 200);
-    EXPECT_TRUE(IsRoseStale());
+    EXPECT_TRUE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
 }
 
 TEST_F(RoseShown, RestoresTheSettingsNoted) {
@@ -96,36 +97,36 @@ TEST_F(RoseShown, RestoresTheSettingsNoted) {
     Record().RoseZeroCircle = 40;
     Record().RoseScaleType = "tick2";
     Record().RowsChanged = kTrue;
-    ASSERT_TRUE(RestoreRose());
+    ASSERT_TRUE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
     EXPECT_EQ(Record().RoseShape, 1);
     EXPECT_EQ(Record().RoseSectorSize, 10);
     EXPECT_EQ(Record().RoseStartAngle, 0);
     EXPECT_EQ(Record().RoseZeroCircle, 0);
     EXPECT_EQ(Record().RoseScaleType, "circ7");
     EXPECT_EQ(Record().RowsChanged, 0);
-    EXPECT_FALSE(IsRoseStale());
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
 }
 
 TEST_F(RoseShown, RestoresNothingOfAnotherPlot) {
     RosePlot();
     ReuseSlot();
-    EXPECT_FALSE(RestoreRose());
+    EXPECT_FALSE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
     Record().RoseRangeA[0][0] = 20; // of a file
-    EXPECT_FALSE(RestoreRose());
+    EXPECT_FALSE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
 }
 
 TEST_F(RoseShown, IsRefusedUntilRowsOrSizeChange) {
-    RefuseRose();
-    EXPECT_TRUE(IsRoseRefused());
+    RefuseRose(ActivePlot());
+    EXPECT_TRUE(IsRoseRefused(ActivePlot()));
     Record().RoseSectorSize = 20;
-    EXPECT_FALSE(IsRoseRefused());
+    EXPECT_FALSE(IsRoseRefused(ActivePlot()));
     Record().RoseSectorSize = 10;
-    EXPECT_TRUE(IsRoseRefused());
+    EXPECT_TRUE(IsRoseRefused(ActivePlot()));
     RosePlot();
-    EXPECT_FALSE(IsRoseRefused()) << "there is one now";
-    RefuseRose();
+    EXPECT_FALSE(IsRoseRefused(ActivePlot())) << "there is one now";
+    RefuseRose(ActivePlot());
     ReuseSlot();
-    EXPECT_FALSE(IsRoseRefused()) << "of another plot in the slot";
+    EXPECT_FALSE(IsRoseRefused(ActivePlot())) << "of another plot in the slot";
 }
 
 TEST_F(RoseShown, AsksAboutTheSizeOfANewPlotInASlot) {
@@ -144,7 +145,7 @@ TEST_F(RoseShown, AsksAboutASizeThatWasForgotten) {
     Record().RoseSectorSize = 7;
     Expect(kOddQuestion);
     RosePlot();
-    ForgetRoseOfPlot(slot);
+    ForgetRose(PlotOf(slot));
     Expect(kOddQuestion);
     RosePlot();
     EXPECT_EQ(prompts.Shown().size(), 2U);
@@ -156,19 +157,19 @@ TEST_F(RoseShown, IsForgottenWhole) {
     ASSERT_TRUE(ActiveRose().isCounted);
     ASSERT_FALSE(ActiveRose().wedges.empty());
     const int other = NewPlot();
-    ForgetRoseOfPlot(other);
+    ForgetRose(PlotOf(other));
     ReleasePlotSlot(other);
     gActivePlot = slot;
     EXPECT_TRUE(ActiveRose().isCounted);
-    EXPECT_FALSE(IsRoseStale());
-    ForgetRoseOfPlot(slot);
+    EXPECT_FALSE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
+    ForgetRose(PlotOf(slot));
     EXPECT_FALSE(ActiveRose().isCounted);
     EXPECT_TRUE(ActiveRose().wedges.empty());
-    EXPECT_TRUE(IsRoseStale());
-    EXPECT_FALSE(RestoreRose());
-    RefuseRose();
-    ForgetRoseOfPlot(slot);
-    EXPECT_FALSE(IsRoseRefused());
+    EXPECT_TRUE(IsRoseStale(ActivePlot(), gSettings.notation.formulas));
+    EXPECT_FALSE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
+    RefuseRose(ActivePlot());
+    ForgetRose(PlotOf(slot));
+    EXPECT_FALSE(IsRoseRefused(ActivePlot()));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "core/data_format.h"
 #include "orientation/angles.h"
 #include "rose/rose_wedges.h"
-#include "stereo/draw_target.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -347,8 +346,7 @@ TEST_F(DrawRoseWedgesTest, BlanksWithTheBackgroundOfTheScreenAndWithWhiteOnPages
     DrawRoseWedges(0);
     EXPECT_EQ(Drawn().back().state.fillColour, (Colour{0x11, 0x22, 0x33}));
     RecordingSurface page(500, 500);
-    const DrawElsewhere elsewhere(page, page);
-    DrawRoseWedges(0);
+    DrawRoseWedges(ActivePlot(), {page, page, gSettings.styles, DrawnFor::Paper});
     EXPECT_EQ(page.Operations().back().state.fillColour, kWhite);
 }
 
@@ -379,10 +377,7 @@ TEST_F(DrawRoseWedgesTest, BlanksWithThePaperOfAPage) {
     Record().RoseShape = 1;
     RecordingSurface page(600, 600);
     RecordingSurface legend(100, 100);
-    {
-        const DrawElsewhere elsewhere(page, legend);
-        DrawRoseWedges(0);
-    }
+    DrawRoseWedges(ActivePlot(), {page, legend, gSettings.styles, DrawnFor::Paper});
     EXPECT_EQ(page.Operations().back().state.fillColour, kWhite);
     // A colour of one's own is the same everywhere.
     gSymbolTable[17][kPlaceColour] = 13;
@@ -490,7 +485,7 @@ TEST(FillOfRoseClass, TellsClassesBeyondTheTableApart) {
     BuildStyleTables();
     std::set<std::pair<int, int>> fills;
     for (int c = 1; c <= 13; ++c) {
-        const RoseFill fill = FillOfRoseClass(c);
+        const RoseFill fill = FillOfRoseClass(gSettings.styles, c);
         fills.insert({fill.colour, fill.pattern});
     }
     EXPECT_EQ(fills.size(), 13U);

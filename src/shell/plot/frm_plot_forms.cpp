@@ -78,7 +78,8 @@ void frmPlotForms::MakePictures() {
     picStereoArea->onTip = [this](QPointF share) {
         const double x = kPlotScale.left + share.x() * (kPlotScale.right - kPlotScale.left);
         const double y = kPlotScale.top + share.y() * (kPlotScale.bottom - kPlotScale.top);
-        return Slot() == gActivePlot ? QString::fromStdString(PetalTip({x, y})) : QString();
+        return Slot() == gActivePlot ? QString::fromStdString(PetalTip(ActivePlot(), {x, y}))
+                                     : QString();
     };
     picLegendBox->onStale = redraw;
 }

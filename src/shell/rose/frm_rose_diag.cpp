@@ -100,11 +100,6 @@ frmRoseDiag::frmRoseDiag(QWidget* parent, std::function<void(int tab)> showPrefe
     ConnectScaleAndBias();
     ConnectButtons();
     Load();
-    gRoseFaultHook = [this](int fault) { FaultFound(fault); };
-}
-
-frmRoseDiag::~frmRoseDiag() {
-    gRoseFaultHook = nullptr;
 }
 
 void frmRoseDiag::FollowActivePlot() {
@@ -117,6 +112,7 @@ void frmRoseDiag::FollowActivePlot() {
         return;
     }
     setWindowTitle("Rose: " + QString::fromStdString(ActiveRecord().PlotTitle));
+    FollowFault();
     EnableRoseClassifOptions();
     EnableRoseClassifControls();
     SetBiasOptButtons();
@@ -137,6 +133,7 @@ void frmRoseDiag::Load() {
         setWindowTitle(kCaption);
         return;
     }
+    (void)TakeRoseFault(ActivePlot()); // its message told of it
     setWindowTitle("Rose: " + QString::fromStdString(ActiveRecord().PlotTitle));
     const RoseSettings settings = RoseSettingsOfActivePlot();
     Choose(optRoseType, settings.kind);
@@ -322,6 +319,7 @@ void frmRoseDiag::Go() {
     }
     settings.table = TableOfSettings(classBoxes->Settings(), ActiveRecord().ClassTable);
     const RoseOutcome outcome = ApplyRose(settings, classBoxes->Styles());
+    FollowFault();
     if (outcome.refusal) {
         Mark(outcome.refusal->field, outcome.refusal->reason);
         return;

@@ -49,7 +49,6 @@ class frmRoseDiag : public QDialog {
 public:
     /// @param showPreferences  opens the preferences at a page; empty while there are none
     explicit frmRoseDiag(QWidget* parent, std::function<void(int tab)> showPreferences = {});
-    ~frmRoseDiag() override;
 
     frmRoseDiag(const frmRoseDiag&) = delete;
     frmRoseDiag& operator=(const frmRoseDiag&) = delete;
@@ -142,7 +141,7 @@ private:
     static void ShowOnSlider(QSlider& slider, double value);
     void ShowSectorSize(double size, const QWidget* source);
     void CorrectBiasBox(BiasBox box);
-    void FaultFound(int fault);
+    void FollowFault();
     void Mark(RoseField field, const std::string& reason);
     void ColourMark();
     void ClearMark();

@@ -25,8 +25,9 @@ void Choose(const std::array<QRadioButton*, N>& options, int chosen) {
 
 } // namespace
 
-void frmRoseDiag::FaultFound(int fault) {
-    if (!isVisible() || slot_ != gActivePlot) {
+void frmRoseDiag::FollowFault() {
+    const int fault = TakeRoseFault(ActivePlot());
+    if (fault == kNoRoseFault) {
         return;
     }
     const QScopedValueRollback loading(loading_, true);

@@ -137,9 +137,10 @@ TEST_F(PlotDialogsTest, APetalTellsItsSectorAndItsShare) {
     ASSERT_FALSE(ActiveRose().wedges.empty());
     // Strike 030 of the first two rows: its petal reaches the rim.
     const double azimuth = DegToRad(25);
-    const std::string tip = PetalTip({500 * std::sin(azimuth), 500 * std::cos(azimuth)});
+    const std::string tip =
+        PetalTip(ActivePlot(), {500 * std::sin(azimuth), 500 * std::cos(azimuth)});
     EXPECT_EQ(tip, "Sector 020-030, 200-210\n2 of 4 data (50.0%)");
-    EXPECT_EQ(PetalTip({-500, 500}), "") << "there is no petal";
+    EXPECT_EQ(PetalTip(ActivePlot(), {-500, 500}), "") << "there is no petal";
     PictureBox& box = *FormOfSlot(gActivePlot).picStereoArea;
     const QPoint at(static_cast<int>(box.width() * (0.5 + 500 * std::sin(azimuth) / 2200)),
                     static_cast<int>(box.height() * (0.5 - 500 * std::cos(azimuth) / 2200)));

@@ -342,10 +342,21 @@ TEST_F(RoseDialogTest, OpensThePreferencesWhereThereAreSome) {
     EXPECT_EQ(shown, 2) << "Symbols, Lines, Roses";
 }
 
-TEST_F(RoseDialogTest, LeavesNoHookBehind) {
-    EXPECT_TRUE(gRoseFaultHook);
-    dialog.reset();
-    EXPECT_FALSE(gRoseFaultHook);
+TEST_F(RoseDialogTest, FollowsAFaultOfAnotherCommandOnce) {
+    Check("optRoseType_1");
+    Go();
+    for (std::int32_t row = 1; row <= Record().NumData; ++row) {
+        gAppNumeric.At(gActivePlot, row) = kInvalidNumber;
+    }
+    Check("optRoseType_2");
+    Expect("data were found in this data set.");
+    ReplotActivePlot(true);
+    EXPECT_TRUE(Of<QAbstractButton>("optRoseType_2").isChecked());
+    dialog->FollowActivePlot();
+    EXPECT_TRUE(Of<QAbstractButton>("optRoseType_0").isChecked());
+    Check("optRoseType_7");
+    dialog->FollowActivePlot();
+    EXPECT_TRUE(Of<QAbstractButton>("optRoseType_7").isChecked()) << "it is told of once";
 }
 
 /// The letters of the Alt keys that work while a page shows.
