@@ -7,8 +7,6 @@
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "orientation/number_text.h"
-#include "platform/platform.h"
-#include "platform/scripted/scripted_prompts.h"
 #include "print/print_layout.h"
 #include "print/print_run.h"
 #include "qt/pdf_printer.h"
@@ -141,31 +139,6 @@ std::string LayOut(const Draft& draft, PrintLayout& layout) {
     return {};
 }
 
-/// A printer, and the answer to its question for a path, for the length of a block.
-class PrinterInWork {
-public:
-    PrinterInWork(PrinterPort& printer, const std::string& path)
-        : formerPrinters_(gPlatform.printers)
-        , formerPrompts_(gPlatform.prompts) {
-        prompts_.QueueSavePath(path);
-        gPlatform.printers = &printer;
-        gPlatform.prompts = &prompts_;
-    }
-
-    ~PrinterInWork() {
-        gPlatform.printers = formerPrinters_;
-        gPlatform.prompts = formerPrompts_;
-    }
-
-    PrinterInWork(const PrinterInWork&) = delete;
-    PrinterInWork& operator=(const PrinterInWork&) = delete;
-
-private:
-    ScriptedPrompts prompts_{ScriptedPrompts::Mode::Batch};
-    PrinterPort* formerPrinters_;
-    Prompts* formerPrompts_;
-};
-
 } // namespace
 
 std::string PrintToFile(const Command& command, std::ostream& log) {
@@ -191,8 +164,11 @@ std::string PrintToFile(const Command& command, std::ostream& log) {
         const PlotInWork work(slot);
         ReplotActivePlot(false);
     }
-    const PrinterInWork work(printer, draft.path);
-    if (PrintSelectedPlots(layout.plots) == PrintOutcome::Printed) {
+    PrintRun run(layout.plots, printer, draft.path);
+    while (run.HasMore()) {
+        run.PrintNext();
+    }
+    if (run.End() == PrintOutcome::Printed) {
         return {};
     }
     const std::string& reason = printer.Failure();

@@ -140,7 +140,21 @@ PrintRun::PrintRun(std::vector<PlotOnPage> items)
         GiveUp(PrintOutcome::Cancelled);
         return;
     }
-    page_ = gPlatform.printers->StartPage(RecordOf(items_.front().slot).PlotTitle, *path);
+    TakePage(*gPlatform.printers, *path);
+}
+
+PrintRun::PrintRun(std::vector<PlotOnPage> items, PrinterPort& printer, const std::string& path)
+    : items_(std::move(items)) {
+    gPrinting = 1;
+    if (AreAllOpen(items_)) {
+        TakePage(printer, path);
+    } else {
+        GiveUp(PrintOutcome::Failed);
+    }
+}
+
+void PrintRun::TakePage(PrinterPort& printer, const std::string& path) {
+    page_ = printer.StartPage(RecordOf(items_.front().slot).PlotTitle, path);
     if (page_ == nullptr) {
         GiveUp(PrintOutcome::Failed);
     }
@@ -193,13 +207,17 @@ void PrintRun::Stop() {
     GiveUp(PrintOutcome::Stopped);
 }
 
-PrintOutcome PrintRun::Finish() {
+PrintOutcome PrintRun::End() {
     if (outcome_ == PrintOutcome::Printed && (page_ == nullptr || !page_->Send())) {
         outcome_ = PrintOutcome::Failed;
     }
     page_.reset();
     gPrinting = 0;
-    if (outcome_ == PrintOutcome::Failed) {
+    return outcome_;
+}
+
+PrintOutcome PrintRun::Finish() {
+    if (End() == PrintOutcome::Failed) {
         Tell(kFailureText);
     }
     gPlatform.status->SetText(kPrintAnotherText);

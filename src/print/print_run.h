@@ -67,8 +67,13 @@ enum class PrintOutcome {
 /// when it is gone.
 class PrintRun {
 public:
-    /// Asks for a path when the page goes to a file, and takes a page.
+    /// Takes a page of the platform's printer; asks for a path when the page goes to a file.
     explicit PrintRun(std::vector<PlotOnPage> items);
+
+    /// Takes a page of a printer.
+    ///
+    /// @param path  of the file that the page goes to
+    PrintRun(std::vector<PlotOnPage> items, PrinterPort& printer, const std::string& path);
     ~PrintRun();
     PrintRun(const PrintRun&) = delete;
     PrintRun& operator=(const PrintRun&) = delete;
@@ -82,10 +87,14 @@ public:
     /// Draws no more, and drops the page.
     void Stop();
 
-    /// Ends the document; tells a failure. Called once, when there are no more plots.
+    /// Ends the document. Called once, when there are no more plots.
+    PrintOutcome End();
+
+    /// The same, and tells the user of a failure.
     PrintOutcome Finish();
 
 private:
+    void TakePage(PrinterPort& printer, const std::string& path);
     void DrawItem(const PlotOnPage& item);
     void GiveUp(PrintOutcome outcome);
 
