@@ -81,5 +81,12 @@ TEST_F(SharedDrawing, ClassesOfNumbersAreDrawnAtOnce) {
     ExpectSameAtOnce(classed(3, 3), classed(4, 4));
 }
 
+TEST_F(SharedDrawing, ARoseAndANetAreDrawnAtOnce) {
+    const Plot rose = WorkedOut(kRose, kPointSymbols, 3);
+    ExpectSameAtOnce(rose, WorkedOut(kEqualArea, kContoursAndGrid, 4));
+    ExpectSameAtOnce(rose, WorkedOut(kRose, kPointSymbols, 5));
+    EXPECT_NE(DrawnText(rose, gSettings.styles).find("wedge"), std::string::npos);
+}
+
 } // namespace
 } // namespace quandrel
