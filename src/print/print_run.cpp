@@ -10,8 +10,6 @@
 #include "platform/platform.h"
 #include "platform/scripted/recording_surface.h"
 #include "print/print_texts.h"
-#include "print/printer_fonts.h"
-#include "stereo/window_drawing.h"
 
 #include <new>
 #include <optional>
@@ -58,28 +56,43 @@ bool AreAllOpen(const std::vector<PlotOnPage>& items) {
     return !items.empty();
 }
 
+/// The styles with the fonts of the printer in the place of those of the screen: of the fabric
+/// label, the legend, the statistics and the plot area.
+Styles StylesForPrinter(const Styles& styles) {
+    Styles printed = styles;
+    printed.fonts[kFabricFont] = styles.fonts[kPrintFabricFont];
+    printed.fonts[kLegendFont] = styles.fonts[kPrintLegendFont];
+    printed.fonts[kStatsFont] = styles.fonts[kPrintStatsFont];
+    printed.fonts[kGeneralFont] = styles.fonts[kPrintPlotFont];
+    return printed;
+}
+
+void DrawOnPaper(Surface& net, Surface& legend, const Styles& styles) {
+    DrawPlot(ActivePlot(),
+             {net, legend, styles, DrawnFor::Paper, gSettings.notation.formulas, gPlatform.status});
+}
+
 /// Draws the active plot without legend and texts.
-void DrawNetAlone(Surface& net) {
+void DrawNetAlone(Surface& net, const Styles& styles) {
     RecordingSurface unseen(kUnseenSide, kUnseenSide);
-    DrawPlot(ActivePlot(), PaperDrawing(net, unseen));
+    DrawOnPaper(net, unseen, styles);
 }
 
 /// Draws the active plot with what is about it.
-void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room) {
+void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room, const Styles& styles) {
     Surface& texts = page.SurfaceIn(room);
     texts.SetUserScale({0, 0, room.width, -room.height});
-    const TextPlan plan = PlanTexts(texts, room.width, room.height);
+    const TextPlan plan = PlanTexts(texts, styles, room.width, room.height);
     if (plan.legend.height > 0) {
         Surface& legend = page.SurfaceIn({room.left + plan.legend.left, room.top + plan.legend.top,
                                           plan.legend.width, plan.legend.height});
-        Styles styles = gSettings.styles;
-        styles.fonts[kLegendFont].font.points *= plan.fontScale;
-        DrawPlot(ActivePlot(), {net, legend, styles, DrawnFor::Paper, gSettings.notation.formulas,
-                                gPlatform.status});
+        Styles scaled = styles;
+        scaled.fonts[kLegendFont].font.points *= plan.fontScale;
+        DrawOnPaper(net, legend, scaled);
     } else {
-        DrawNetAlone(net);
+        DrawNetAlone(net, styles);
     }
-    DrawPlannedTexts(texts, plan);
+    DrawPlannedTexts(texts, styles, plan);
 }
 
 } // namespace
@@ -186,14 +199,14 @@ void PrintRun::PrintNext() {
 
 void PrintRun::DrawItem(const PlotOnPage& item) {
     const PlotInWork work(item.slot);
-    const PrinterFonts fonts;
+    const Styles styles = StylesForPrinter(gSettings.styles);
     WorkOutUnseen(ActivePlot());
     // The whole of the square is the net's scale: 1000 units are the radius, 100 are about it.
     Surface& net = page_->SurfaceIn(NetSquare(item));
     if (item.texts.width < kLeastRoom || item.texts.height < kLeastRoom) {
-        DrawNetAlone(net);
+        DrawNetAlone(net, styles);
     } else {
-        DrawWithTexts(net, *page_, item.texts);
+        DrawWithTexts(net, *page_, item.texts, styles);
     }
 }
 

@@ -53,8 +53,8 @@ std::vector<Section> SectionsOfPlot() {
     return sections;
 }
 
-void UseFont(Surface& surface, PlotFontPlace font, double scale) {
-    const PlotFont& chosen = gSettings.styles.fonts[static_cast<std::size_t>(font)];
+void UseFont(Surface& surface, const Styles& styles, PlotFontPlace font, double scale) {
+    const PlotFont& chosen = styles.fonts[static_cast<std::size_t>(font)];
     DrawState state;
     state.font = chosen.font;
     state.font.points *= scale;
@@ -65,8 +65,10 @@ void UseFont(Surface& surface, PlotFontPlace font, double scale) {
 /// Fills the columns of a room from the top down.
 class ColumnFiller {
 public:
-    ColumnFiller(Surface& surface, double height, double columnWidth, int columns, double scale)
+    ColumnFiller(Surface& surface, const Styles& styles, double height, double columnWidth,
+                 int columns, double scale)
         : surface_(surface)
+        , styles_(styles)
         , height_(height)
         , columnWidth_(columnWidth)
         , columns_(columns) {
@@ -74,7 +76,7 @@ public:
     }
 
     void AddLegend(const std::vector<LegendLine>& lines) {
-        UseFont(surface_, kLegendFont, plan_.fontScale);
+        UseFont(surface_, styles_, kLegendFont, plan_.fontScale);
         const double indent = kSampleWidth * surface_.TextWidth("M");
         for (const LegendLine& line : lines) {
             const double left = line.sample == LegendSample::None ? 0 : indent;
@@ -90,7 +92,7 @@ public:
     }
 
     void AddSection(const Section& section) {
-        UseFont(surface_, section.font, plan_.fontScale);
+        UseFont(surface_, styles_, section.font, plan_.fontScale);
         const double lineHeight = surface_.TextHeight();
         std::vector<std::vector<std::string>> paragraphs;
         std::size_t lines = 0;
@@ -166,6 +168,7 @@ private:
     }
 
     Surface& surface_;
+    const Styles& styles_;
     double height_;
     double columnWidth_;
     int columns_;
@@ -179,10 +182,10 @@ private:
 
 } // namespace
 
-TextPlan PlanTexts(Surface& surface, double width, double height) {
+TextPlan PlanTexts(Surface& surface, const Styles& styles, double width, double height) {
     const std::vector<LegendLine> legend =
         ActiveRecord().LayerVisible[kLegendLayer] != 0
-            ? LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)
+            ? LegendLines(ActivePlot(), styles, gSettings.notation.formulas)
             : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
     TextPlan plan;
@@ -198,7 +201,7 @@ TextPlan PlanTexts(Surface& surface, double width, double height) {
             if (columns > 1 && columnWidth < kNarrowColumn) {
                 break;
             }
-            ColumnFiller filler(surface, height, columnWidth, columns, scale);
+            ColumnFiller filler(surface, styles, height, columnWidth, columns, scale);
             filler.AddAll(legend, sections);
             plan = filler.Plan();
             if (filler.IsWhole() && !filler.CutsLegend()) {
@@ -212,9 +215,9 @@ TextPlan PlanTexts(Surface& surface, double width, double height) {
     return cut.value_or(plan);
 }
 
-void DrawPlannedTexts(Surface& surface, const TextPlan& plan) {
+void DrawPlannedTexts(Surface& surface, const Styles& styles, const TextPlan& plan) {
     for (const PlacedText& placed : plan.texts) {
-        UseFont(surface, placed.font, plan.fontScale);
+        UseFont(surface, styles, placed.font, plan.fontScale);
         DrawTabbedLine(surface, {placed.where.left, -placed.where.top}, placed.text);
     }
 }

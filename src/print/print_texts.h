@@ -8,7 +8,7 @@
 
 #pragma once
 
-#include "core/settings.h"
+#include "core/styles.h"
 #include "platform/surface.h"
 
 #include <string>
@@ -42,10 +42,11 @@ struct TextPlan {
 ///
 /// @param surface  of the room, for the measures of its texts; its state changes
 /// @param room     width and height, in the surface's units
-[[nodiscard]] TextPlan PlanTexts(Surface& surface, double width, double height);
+[[nodiscard]] TextPlan PlanTexts(Surface& surface, const Styles& styles, double width,
+                                 double height);
 
 /// Draws the texts of a plan. The surface's units are those of the plan, y being up from -height at
 /// the foot of the room to 0.
-void DrawPlannedTexts(Surface& surface, const TextPlan& plan);
+void DrawPlannedTexts(Surface& surface, const Styles& styles, const TextPlan& plan);
 
 } // namespace quandrel
