@@ -70,8 +70,11 @@ void UseGeneralOptions(const Preferences& preferences) {
     return true;
 }
 
-Preferences PreferencesInForce() {
+} // namespace
+
+Preferences CurrentPreferences() {
     Preferences now;
+    now.maxPlots = MaxPlotsInStore();
     now.styles = gSettings.styles;
     now.plotWidthPercent = gPlotWidthPercent;
     now.plotAspect = gPlotAspect;
@@ -81,14 +84,6 @@ Preferences PreferencesInForce() {
     now.convertDecimals = gConvertDecimals;
     now.saveNonDataLines = gSettings.files.nonDataLines;
     now.formulas = gSettings.notation.formulas;
-    return now;
-}
-
-} // namespace
-
-Preferences CurrentPreferences() {
-    Preferences now = PreferencesInForce();
-    now.maxPlots = MaxPlotsInStore();
     return now;
 }
 
@@ -127,15 +122,6 @@ void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
         Tell("The preferences hold for this session, but could not be saved.");
     }
     change.RedrawStyles();
-}
-
-PreviewPreferences::PreviewPreferences(const Preferences& preferences)
-    : former_(PreferencesInForce()) {
-    gSettings.styles = preferences.styles;
-}
-
-PreviewPreferences::~PreviewPreferences() {
-    gSettings.styles = former_.styles;
 }
 
 } // namespace quandrel

@@ -60,16 +60,4 @@ enum class KeepSettings { No, Yes };
 /// is told of.
 void ApplyPreferences(const Preferences& preferences, KeepSettings keep);
 
-/// Another look for the length of a block, for samples.
-class PreviewPreferences {
-public:
-    explicit PreviewPreferences(const Preferences& preferences);
-    ~PreviewPreferences();
-    PreviewPreferences(const PreviewPreferences&) = delete;
-    PreviewPreferences& operator=(const PreviewPreferences&) = delete;
-
-private:
-    Preferences former_;
-};
-
 } // namespace quandrel

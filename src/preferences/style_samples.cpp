@@ -4,14 +4,12 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
-#include "core/style_tables.h"
 #include "density/contour_trace.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_tables.h"
-#include "stereo/draw_target.h"
+#include "rose/rose_wedges.h"
 #include "stereo/great_circles.h"
 #include "stereo/net.h"
 
@@ -23,48 +21,33 @@ namespace quandrel {
 
 namespace {
 
-/// The place of the store that is never a plot serves as the plot of a sample.
-class SamplePlot {
-public:
-    SamplePlot(Surface& surface, std::int16_t plotKind)
-        : work_(0)
-        , elsewhere_(surface, surface, DrawnFor::Sample)
-        , former_(std::exchange(gPlots.at(0), NewPlotRecord())) {
-        gPlots[0].PlotKind = plotKind;
-    }
+/// An empty plot of a kind.
+Plot SamplePlot(std::int16_t plotKind) {
+    Plot plot;
+    plot.record = NewPlotRecord();
+    plot.record.PlotKind = plotKind;
+    return plot;
+}
 
-    ~SamplePlot() { gPlots[0] = std::move(former_); }
+/// A rose without scale and mean, whose petals fill their sectors.
+Plot SampleRose() {
+    Plot plot = SamplePlot(kRose);
+    PlotRecord& record = plot.record;
+    record.RoseDisplay6 = 0;
+    record.RoseDisplay7 = 0;
+    record.RoseSectorFraction = 100;
+    record.RoseZeroCircle = 0;
+    record.RoseSegShape = 0;
+    return plot;
+}
 
-    SamplePlot(const SamplePlot&) = delete;
-    SamplePlot& operator=(const SamplePlot&) = delete;
+Drawing SampleOn(Surface& surface, const Styles& styles) {
+    return {surface, surface, styles, DrawnFor::Sample};
+}
 
-private:
-    PlotInWork work_;
-    DrawElsewhere elsewhere_;
-    PlotRecord former_;
-};
-
-/// Another value for the length of a block.
-template <class T>
-class SampleValue {
-public:
-    SampleValue(T& place, T value)
-        : place_(place)
-        , former_(std::exchange(place, std::move(value))) {}
-
-    ~SampleValue() { place_ = std::move(former_); }
-
-    SampleValue(const SampleValue&) = delete;
-    SampleValue& operator=(const SampleValue&) = delete;
-
-private:
-    T& place_;
-    T former_;
-};
-
-void DrawEmptyNet(Surface& surface) {
-    surface.Clear(PlotBackground(DrawingInForce()));
-    DrawPlotBase();
+void DrawEmptyNet(const PlotRecord& record, const Drawing& drawing) {
+    drawing.plot.Clear(PlotBackground(drawing));
+    DrawPlotBase(record, drawing);
 }
 
 /// Two hills on a grid of nodes over the net, 0 to 1 high.
@@ -91,30 +74,30 @@ std::vector<double> HillNodes() {
     return nodes;
 }
 
-void DrawContourSamples(Surface& surface) {
+void DrawContourSamples(Surface& surface, const Styles& styles) {
     const SavedState saved(surface);
     const std::vector<double> nodes = HillNodes();
     const NodeValues grid{nodes, kHillNodes, -kNetRadius, kNodeStep};
     for (int level = 0; level < kContourStyles; ++level) {
-        const AxisStyle& style = gSettings.styles.contours[static_cast<std::size_t>(level)];
+        const AxisStyle& style = styles.contours[static_cast<std::size_t>(level)];
         DrawState state = surface.State();
         state.drawStyle = style[1];
         state.drawWidth = style[2];
         surface.SetState(state);
         for (const std::vector<Point>& line :
              ChainSegments(TraceContour(grid, 0.2 + 0.14 * level))) {
-            surface.Polyline(line, TableColour(style[0]));
+            surface.Polyline(line, TableColour(styles, style[0]));
         }
     }
 }
 
-void DrawGirdleSamples(Surface& surface) {
+void DrawGirdleSamples(Surface& surface, const Styles& styles) {
     constexpr std::array<std::size_t, 2> kKinds = {kUserGirdleStyle, kCalculatedGirdleStyle};
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
-        const AxisStyle& style = gAxisStyleTable[kKinds[i]];
+        const AxisStyle& style = styles.axes[kKinds[i]];
         const double plunge = DegToRad(38.0 - 16.0 * static_cast<double>(i));
-        DrawGreatCircleOfPole(surface, gSettings.styles, kEqualArea, plunge, DegToRad(315.0),
-                              style[0], style[1], style[2]);
+        DrawGreatCircleOfPole(surface, styles, kEqualArea, plunge, DegToRad(315.0), style[0],
+                              style[1], style[2]);
     }
 }
 
@@ -131,10 +114,11 @@ constexpr int kWindSectors = 12;
 constexpr int kClassedSectors = 6;
 constexpr int kSampleClasses = 12;
 
-/// Draws the wedges of gRoseRadii as a layer of a rose and gives them.
-void DrawSampleLayer(int sectors, double turn, int layer) {
-    gPlots[0].RoseSectorSize = turn / sectors;
-    DrawRoseWedges(0, layer);
+/// Adds a layer of petals of these lengths, which share `turn` degrees.
+void AddLayer(Plot& plot, RoseRadiiTable radii, double turn, int layer) {
+    plot.record.RoseSectorSize = turn / radii.Sectors();
+    RoseOf(plot).radii = std::move(radii);
+    AddRoseWedges(plot, layer);
 }
 
 /// Lengths that rise and fall once over the sectors, from `least` to `most`.
@@ -147,84 +131,75 @@ RoseRadiiTable Waves(int sectors, double least, double most) {
     return radii;
 }
 
-void DrawSimpleRose() {
-    gRoseDirectional = false;
-    gRoseRadii = Waves(kSimpleSectors, 250, 1000);
-    DrawSampleLayer(kSimpleSectors, 180, 0);
+Plot SimpleRose() {
+    Plot plot = SampleRose();
+    AddLayer(plot, Waves(kSimpleSectors, 250, 1000), 180, 0);
+    return plot;
 }
 
-void DrawWindRose() {
-    gRoseDirectional = true;
+Plot WindRose() {
+    Plot plot = SampleRose();
+    RoseOf(plot).isDirectional = true;
     constexpr std::array<double, 3> kLongest = {450, 750, 1000};
     for (int layer = 2; layer >= 0; --layer) {
         const double longest = kLongest[static_cast<std::size_t>(layer)];
-        gRoseRadii = Waves(kWindSectors, longest / 2, longest);
-        DrawSampleLayer(kWindSectors, 360, layer);
+        AddLayer(plot, Waves(kWindSectors, longest / 2, longest), 360, layer);
     }
+    return plot;
 }
 
-void DrawClassedRose() {
-    gRoseDirectional = false;
-    gRoseRadii = RoseRadiiTable(kClassedSectors, kSampleClasses);
+Plot ClassedRose() {
+    Plot plot = SampleRose();
+    RoseRadiiTable radii(kClassedSectors, kSampleClasses);
     const RoseRadiiTable lengths = Waves(kClassedSectors, 500, 1000);
     for (int sector = 1; sector <= kClassedSectors; ++sector) {
-        gRoseRadii(sector, 0) = lengths(sector, 0);
+        radii(sector, 0) = lengths(sector, 0);
         for (int c = 1; c <= kSampleClasses; ++c) {
-            gRoseRadii(sector, c) = lengths(sector, 0) / kSampleClasses;
+            radii(sector, c) = lengths(sector, 0) / kSampleClasses;
         }
     }
-    DrawSampleLayer(kClassedSectors, 180, 0);
+    AddLayer(plot, std::move(radii), 180, 0);
+    return plot;
 }
 
 } // namespace
 
-void DrawNetSample(Surface& surface, std::int16_t axesStyle) {
-    const SampleValue style(gPlotAxesStyle, axesStyle);
-    const SamplePlot plot(surface, kEqualArea);
-    DrawEmptyNet(surface);
+void DrawNetSample(Surface& surface, Styles styles, std::int16_t axesStyle) {
+    styles.plotAxesStyle = axesStyle;
+    DrawEmptyNet(SamplePlot(kEqualArea).record, SampleOn(surface, styles));
 }
 
-void DrawRoseAxesSample(Surface& surface, std::int16_t axesStyle) {
-    const SampleValue style(gRoseAxesStyle, axesStyle);
-    const SamplePlot plot(surface, kRose);
-    gPlots[0].RoseDisplay6 = 0;
-    gPlots[0].RoseDisplay7 = 0;
-    DrawEmptyNet(surface);
-    DrawRoseScale();
+void DrawRoseAxesSample(Surface& surface, Styles styles, std::int16_t axesStyle) {
+    styles.roseAxesStyle = axesStyle;
+    const Plot rose = SampleRose();
+    DrawEmptyNet(rose.record, SampleOn(surface, styles));
+    DrawRoseScale(rose, SampleOn(surface, styles));
 }
 
-void DrawLinesSample(Surface& surface) {
-    const SamplePlot plot(surface, kEqualArea);
-    DrawEmptyNet(surface);
-    DrawContourSamples(surface);
-    DrawGirdleSamples(surface);
-    gPlots[0].AxisItems[kMeanItem][kItemShown] = true;
-    gPlots[0].AxisItems[kMeanItem][kItemTrend] = DegToRad(100.0);
-    DrawPlotFurniture();
+void DrawLinesSample(Surface& surface, const Styles& styles) {
+    PlotRecord record = SamplePlot(kEqualArea).record;
+    DrawEmptyNet(record, SampleOn(surface, styles));
+    DrawContourSamples(surface, styles);
+    DrawGirdleSamples(surface, styles);
+    record.AxisItems[kMeanItem][kItemShown] = true;
+    record.AxisItems[kMeanItem][kItemTrend] = DegToRad(100.0);
+    DrawPlotFurniture(record, SampleOn(surface, styles));
 }
 
-SampleWedges DrawRoseSamples(Surface& surface) {
-    const SampleValue compass(gSettings.styles.showCompassPoints, false);
-    const SamplePlot plot(surface, kRose);
-    PlotRose& rose = ActiveRose();
-    rose = {};
-    PlotRecord& record = gPlots[0];
-    record.RoseDisplay6 = 0;
-    record.RoseDisplay7 = 0;
-    record.RoseSectorFraction = 100;
-    record.RoseZeroCircle = 0;
-    record.RoseSegShape = 0;
-    surface.Clear(PlotBackground(DrawingInForce()));
-    constexpr std::array<void (*)(), kSampleRoses> kRoses = {DrawSimpleRose, DrawWindRose,
-                                                             DrawClassedRose};
+SampleWedges DrawRoseSamples(Surface& surface, Styles styles) {
+    styles.showCompassPoints = false;
+    const Drawing drawing = SampleOn(surface, styles);
+    surface.Clear(PlotBackground(drawing));
+    constexpr std::array<Plot (*)(), kSampleRoses> kRoses = {SimpleRose, WindRose, ClassedRose};
     SampleWedges drawn;
     for (int number = 0; number < kSampleRoses; ++number) {
-        SetPlotDrawMode();
+        const auto place = static_cast<std::size_t>(number);
+        const Plot rose = kRoses[place]();
+        SetPlotDrawMode(drawing);
         surface.SetUserScale(ScaleOfRoseNumber(number));
-        rose.wedges.clear();
-        kRoses[static_cast<std::size_t>(number)]();
-        DrawRoseScale();
-        drawn[static_cast<std::size_t>(number)] = rose.wedges;
+        DrawRoseWedges(rose, drawing);
+        DrawRoseScale(rose, drawing);
+        drawn[place] = RoseOf(rose).wedges;
     }
     return drawn;
 }

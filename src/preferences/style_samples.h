@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Samples of styles: small pictures made by the procedures that draw plots, from the style tables
-// and settings in force, as a plot's window on the screen shows them. No plot is touched.
+// Samples of styles: small pictures made by the procedures that draw plots, of plots made for them,
+// as a plot's window on the screen shows them.
 
 #pragma once
 
@@ -14,14 +14,14 @@
 
 namespace quandrel {
 
-/// An empty net with axes in a style, a value of gPlotAxesStyle.
-void DrawNetSample(Surface& surface, std::int16_t axesStyle);
+/// An empty net with axes in a style, a value of plotAxesStyle.
+void DrawNetSample(Surface& surface, Styles styles, std::int16_t axesStyle);
 
-/// The furniture of a rose with axes in a style, a value of gRoseAxesStyle.
-void DrawRoseAxesSample(Surface& surface, std::int16_t axesStyle);
+/// The furniture of a rose with axes in a style, a value of roseAxesStyle.
+void DrawRoseAxesSample(Surface& surface, Styles styles, std::int16_t axesStyle);
 
 /// A net with contours of all levels and a girdle of each kind.
-void DrawLinesSample(Surface& surface);
+void DrawLinesSample(Surface& surface, const Styles& styles);
 
 /// Three roses side by side: a simple one, an overlaid wind rose and a classified one.
 inline constexpr int kSampleRoses = 3;
@@ -30,9 +30,9 @@ inline constexpr int kSampleRoses = 3;
 using SampleWedges = std::array<std::vector<RoseWedge>, kSampleRoses>;
 
 /// Draws the three roses over a surface three times as wide as it is high.
-[[nodiscard]] SampleWedges DrawRoseSamples(Surface& surface);
+[[nodiscard]] SampleWedges DrawRoseSamples(Surface& surface, Styles styles);
 
-/// The row of gSymbolTable that the place of a sample is drawn with: that of its petal, or
+/// The row of Styles::symbols that the place of a sample is drawn with: that of its petal, or
 /// kRoseBackgroundStyle where there is none.
 ///
 /// @param across, down  shares of the surface's width and height, 0 to 1 from the top left corner

@@ -10,12 +10,13 @@
 #include "preferences/style_changes.h"
 #include "preferences/style_samples.h"
 #include "session/start.h"
-#include "stereo/draw_target.h"
 #include "stereo/net.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
+#include <algorithm>
 #include <cmath>
+#include <ranges>
 #include <set>
 
 namespace quandrel {
@@ -439,17 +440,23 @@ TEST_F(PreferencesTest, GirdlesInTheFormerStyleTakeTheNewOne) {
     EXPECT_EQ(NumberOf(record.AxisItems[2][4]), 3) << "another style than the table's";
 }
 
-TEST_F(PreferencesTest, APreviewHoldsForItsBlockAlone) {
-    for (const Case& preference : AllPreferences()) {
-        Preferences preferences = CurrentPreferences();
-        preference.change(preferences);
-        { const PreviewPreferences preview(preferences); }
-        EXPECT_FALSE(preference.holds()) << preference.name;
-    }
-    Preferences red = CurrentPreferences();
-    red.styles.plotAxesColour = 0xff;
-    const PreviewPreferences preview(red);
-    EXPECT_EQ(AxesColour(DrawingInForce()), (Colour{255, 0, 0}));
+TEST_F(PreferencesTest, SamplesHaveTheStylesThatTheyAreGiven) {
+    Styles red = gSettings.styles;
+    red.plotAxesColour = 0xff;
+    red.plotBackColour = 0xff00;
+    red.symbols[kRoseStyle] = {3, kCrossHatch, 1};
+    const auto isRed = [](const DrawOperation& operation) {
+        return operation.colour == Colour{255, 0, 0};
+    };
+    RecordingSurface net(100, 100);
+    DrawNetSample(net, red, 0);
+    EXPECT_EQ(net.Operations().front().colour, (Colour{0, 255, 0})) << "the background";
+    EXPECT_TRUE(std::ranges::all_of(net.Operations() | std::views::drop(1), isRed));
+    RecordingSurface roses(600, 200);
+    const SampleWedges wedges = DrawRoseSamples(roses, red);
+    EXPECT_EQ(roses.Operations()[1].state.fillStyle, kCrossHatch);
+    EXPECT_EQ(roses.Operations()[1].state.fillColour, TableColour(red, 3));
+    EXPECT_FALSE(wedges[0].empty());
 }
 
 TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
@@ -459,15 +466,14 @@ TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
     ActiveRose().wedges.resize(2);
     gPlots[0].PlotTitle = "untouched";
     RecordingSurface surface(600, 200);
-    const SampleWedges wedges = DrawRoseSamples(surface);
-    DrawNetSample(surface, 2);
-    DrawRoseAxesSample(surface, 1);
-    DrawLinesSample(surface);
+    const SampleWedges wedges = DrawRoseSamples(surface, gSettings.styles);
+    DrawNetSample(surface, gSettings.styles, 2);
+    DrawRoseAxesSample(surface, gSettings.styles, 1);
+    DrawLinesSample(surface, gSettings.styles);
     EXPECT_EQ(gActivePlot, slot);
     EXPECT_EQ(gPlots[0].PlotTitle, "untouched");
     EXPECT_EQ(gRoseRadii->Sectors(), 3);
     EXPECT_EQ(ActiveRose().wedges.size(), 2U);
-    EXPECT_FALSE(IsDrawingElsewhere());
     EXPECT_EQ(gPlotAxesStyle, 0);
     EXPECT_TRUE(DrawnOn(Form(slot).Plot()).empty());
     EXPECT_FALSE(wedges[0].empty());
@@ -475,7 +481,7 @@ TEST_F(PreferencesTest, SamplesLeaveThePlotsAndTheirTablesAlone) {
 
 TEST_F(PreferencesTest, ASampleOfANetIsThatOfItsStyle) {
     RecordingSurface surface(100, 100);
-    DrawNetSample(surface, 2);
+    DrawNetSample(surface, gSettings.styles, 2);
     int diameters = 0;
     for (const DrawOperation& operation : surface.Operations()) {
         if (operation.kind == DrawOperation::Kind::Line
@@ -490,7 +496,7 @@ TEST_F(PreferencesTest, ASampleOfANetIsThatOfItsStyle) {
 
 TEST_F(PreferencesTest, PlacesOfTheRoseSamplesTellTheStyleTheyAreDrawnWith) {
     RecordingSurface surface(600, 200);
-    const SampleWedges wedges = DrawRoseSamples(surface);
+    const SampleWedges wedges = DrawRoseSamples(surface, gSettings.styles);
     std::set<int> rows;
     for (int i = 0; i < 300; ++i) {
         for (int j = 0; j < 100; ++j) {

@@ -235,9 +235,8 @@ void frmPreferences::ReplaceColour() {
 }
 
 void frmPreferences::DrawPictures() {
-    const PreviewPreferences preview(now_);
-    DrawLinesSample(picLineBox->Picture());
-    roses_ = DrawRoseSamples(picPlotBox->Picture());
+    DrawLinesSample(picLineBox->Picture(), now_.styles);
+    roses_ = DrawRoseSamples(picPlotBox->Picture(), now_.styles);
     picLineBox->update();
     picPlotBox->update();
     for (QButtonGroup* styles : {netStyles_, roseStyles_}) {

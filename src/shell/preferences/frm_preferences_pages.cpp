@@ -53,9 +53,10 @@ QGroupBox* frmPreferences::MakeNetStyles() {
     netStyles_ = new QButtonGroup(this);
     for (int i = 0; i < static_cast<int>(kNetCaptions.size()); ++i) {
         const ControlText& text = kNetCaptions[static_cast<std::size_t>(i)];
-        auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
-            DrawNetSample(surface, static_cast<std::int16_t>(i));
-        });
+        auto* sample =
+            new SampleButton(now_.styles, kAxesRoom, [i](Surface& surface, const Styles& styles) {
+                DrawNetSample(surface, styles, static_cast<std::int16_t>(i));
+            });
         sample->setObjectName(Numbered("picAxes", i));
         sample->setAccessibleName(text.caption);
         sample->setToolTip(text.tip);
@@ -77,9 +78,10 @@ QGroupBox* frmPreferences::MakeRoseStyles() {
     roseStyles_ = new QButtonGroup(this);
     for (int i = 0; i < static_cast<int>(kRoseCaptions.size()); ++i) {
         const ControlText& text = kRoseCaptions[static_cast<std::size_t>(i)];
-        auto* sample = new SampleButton(now_, kAxesRoom, [i](Surface& surface) {
-            DrawRoseAxesSample(surface, static_cast<std::int16_t>(i));
-        });
+        auto* sample =
+            new SampleButton(now_.styles, kAxesRoom, [i](Surface& surface, const Styles& styles) {
+                DrawRoseAxesSample(surface, styles, static_cast<std::int16_t>(i));
+            });
         sample->setObjectName(Numbered("picRoseAxes", i));
         sample->setAccessibleName(text.caption);
         sample->setToolTip(text.tip);

@@ -88,7 +88,7 @@ void frmPreferences::AddSlot(PreferencesTab page, QAbstractButton& sample, const
 StylePatch* frmPreferences::MakeSlot(PreferencesTab page, const StyleSlot& slot,
                                      const QString& name, const QString& text) {
     const StyleKind kind = page == kRosesPage ? StyleKind::Fill : StyleKind::Symbol;
-    auto* sample = new PreviewPatch(now_, kind, kSlotRoom);
+    auto* sample = new PreviewPatch(now_.styles, kind, kSlotRoom);
     AddSlot(page, *sample, slot, name, text);
     connect(sample, &StylePatch::Picked, this, [this, sample, slot] {
         sample->setChecked(true);
@@ -99,9 +99,10 @@ StylePatch* frmPreferences::MakeSlot(PreferencesTab page, const StyleSlot& slot,
 
 SampleButton* frmPreferences::MakeLineSlot(const StyleSlot& slot, const QString& name,
                                            const QString& text) {
-    auto* sample = new SampleButton(now_, kLineRoom, [this, slot](Surface& surface) {
-        DrawLineAcross(surface, kLineRoom - QSize(6, 6), StyleOf(slot));
-    });
+    auto* sample = new SampleButton(
+        now_.styles, kLineRoom, [this, slot](Surface& surface, const Styles& styles) {
+            DrawLineAcross(surface, styles, kLineRoom - QSize(6, 6), StyleOf(slot));
+        });
     AddSlot(kLinesPage, *sample, slot, name, text);
     connect(sample, &QAbstractButton::clicked, this, [this, slot] { PickSlot(slot); });
     return sample;
@@ -170,7 +171,7 @@ QGroupBox* frmPreferences::MakeTypes() {
     grid->setSpacing(3);
     types_ = new QButtonGroup(this);
     for (int i = 0; i < kPickedSymbols; ++i) {
-        auto* cell = new PreviewPatch(now_, StyleKind::Symbol, kCellRoom, PatchScale::Fit);
+        auto* cell = new PreviewPatch(now_.styles, StyleKind::Symbol, kCellRoom, PatchScale::Fit);
         NameCell(*cell, Numbered("picSymbolTypes", i), NameOfSymbol(i));
         SymbolRow style = kCellStyle;
         style[kPlaceSymbol] = static_cast<std::int16_t>(i);
@@ -254,15 +255,16 @@ QGroupBox* frmPreferences::MakeLineStyles() {
     auto* layout = new QVBoxLayout(box);
     lineStyles_ = new QButtonGroup(this);
     for (int i = 0; i < kLineStyleCount; ++i) {
-        auto* cell = new SampleButton(now_, kLineRoom, [i](Surface& surface) {
-            const QSize room = kLineRoom - QSize(6, 6);
-            DrawLineAcross(surface, room, {5, static_cast<std::int16_t>(i), 1});
-            if (i == kNoLine) {
-                surface.Text({(room.width() - surface.TextWidth("none")) / 2,
-                              (room.height() + surface.TextHeight()) / 2},
-                             "none");
-            }
-        });
+        auto* cell =
+            new SampleButton(now_.styles, kLineRoom, [i](Surface& surface, const Styles& styles) {
+                const QSize room = kLineRoom - QSize(6, 6);
+                DrawLineAcross(surface, styles, room, {5, static_cast<std::int16_t>(i), 1});
+                if (i == kNoLine) {
+                    surface.Text({(room.width() - surface.TextWidth("none")) / 2,
+                                  (room.height() + surface.TextHeight()) / 2},
+                                 "none");
+                }
+            });
         NameCell(*cell, Numbered("panLineStyle", i), kLineStyleNames[static_cast<std::size_t>(i)]);
         lineStyles_->addButton(cell, i);
         layout->addWidget(cell);
@@ -345,7 +347,7 @@ QGroupBox* frmPreferences::MakePatterns() {
     grid->setSpacing(3);
     patterns_ = new QButtonGroup(this);
     for (int i = 0; i < kPickedFills; ++i) {
-        auto* cell = new PreviewPatch(now_, StyleKind::Fill, kCellRoom);
+        auto* cell = new PreviewPatch(now_.styles, StyleKind::Fill, kCellRoom);
         NameCell(*cell, Numbered("picPatternStyles", i), NameOfFill(i));
         SymbolRow style = kCellStyle;
         style[kPlaceSymbol] = static_cast<std::int16_t>(i);
@@ -402,7 +404,7 @@ QGroupBox* frmPreferences::MakePalette() {
     line->addLayout(grid);
     colours_ = new QButtonGroup(this);
     for (int i = 0; i < kColourCount; ++i) {
-        auto* cell = new PreviewPatch(now_, StyleKind::Fill, kColourRoom);
+        auto* cell = new PreviewPatch(now_.styles, StyleKind::Fill, kColourRoom);
         NameCell(*cell, Numbered("picColour", i), {}); // NameColours names it
         cell->SetStyle({static_cast<std::int16_t>(i), kSolidFill, 1});
         colours_->addButton(cell, i);

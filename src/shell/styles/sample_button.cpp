@@ -39,14 +39,12 @@ void DrawBoxInside(Surface& surface, QSize room, double inset, const QColor& col
 
 } // namespace
 
-PreviewPatch::PreviewPatch(const Preferences& preferences, StyleKind kind, QSize room,
-                           PatchScale scale)
-    : StylePatch(kind, room, scale)
-    , preferences_(preferences)
+PreviewPatch::PreviewPatch(const Styles& styles, StyleKind kind, QSize room, PatchScale scale)
+    : StylePatch(kind, room, scale, styles)
+    , styles_(styles)
     , kind_(kind) {}
 
 void PreviewPatch::paintEvent(QPaintEvent* event) {
-    const PreviewPreferences preview(preferences_);
     StylePatch::paintEvent(event);
     if (kind_ == StyleKind::Fill && Style()[kPlaceSymbol] == kNoFill) {
         PaintOutline();
@@ -63,13 +61,12 @@ void PreviewPatch::PaintOutline() {
     image.Drawing().SetState(state);
     image.Drawing().Box({kWidth / 2, kWidth / 2},
                         {inside.width() - kWidth / 2, inside.height() - kWidth / 2},
-                        TableColour(Style()[kPlaceColour]));
+                        TableColour(styles_, Style()[kPlaceColour]));
     PaintImage(*this, inside, image.Image());
 }
 
-SampleButton::SampleButton(const Preferences& preferences, QSize room,
-                           std::function<void(Surface&)> draw)
-    : preferences_(preferences)
+SampleButton::SampleButton(const Styles& styles, QSize room, Draw draw)
+    : styles_(styles)
     , room_(room)
     , draw_(std::move(draw)) {
     setFixedSize(room);
@@ -89,10 +86,7 @@ void SampleButton::paintEvent(QPaintEvent*) {
     PaintImage(*this, rect(), frame.Image());
     const QRect inside = rect().adjusted(kFrame, kFrame, -kFrame, -kFrame);
     ImageSurface image = SurfaceOf(inside.size(), density, kWhite);
-    {
-        const PreviewPreferences preview(preferences_);
-        draw_(image.Drawing());
-    }
+    draw_(image.Drawing(), styles_);
     if (hasFocus()) {
         image.Drawing().SetUserScale(
             {0, static_cast<double>(inside.height()), static_cast<double>(inside.width()), 0});
@@ -104,7 +98,7 @@ void SampleButton::paintEvent(QPaintEvent*) {
     PaintImage(*this, inside, image.Image());
 }
 
-void DrawLineAcross(Surface& surface, QSize room, const AxisStyle& style) {
+void DrawLineAcross(Surface& surface, const Styles& styles, QSize room, const AxisStyle& style) {
     constexpr double kMargin = 6;
     surface.SetUserScale(
         {0, static_cast<double>(room.height()), static_cast<double>(room.width()), 0});
@@ -113,7 +107,8 @@ void DrawLineAcross(Surface& surface, QSize room, const AxisStyle& style) {
     state.drawWidth = style[2];
     surface.SetState(state);
     const double middle = room.height() / 2.0;
-    surface.Line({kMargin, middle}, {room.width() - kMargin, middle}, TableColour(style[0]));
+    surface.Line({kMargin, middle}, {room.width() - kMargin, middle},
+                 TableColour(styles, style[0]));
 }
 
 } // namespace quandrel

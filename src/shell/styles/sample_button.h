@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: MIT
 //
-// Buttons that show a style as preferences would have it, before these hold.
+// Buttons that show styles that are being changed, before these hold.
 
 #pragma once
 
-#include "preferences/preferences.h"
 #include "shell/styles/style_patch.h"
 
 #include <functional>
 
 namespace quandrel {
 
-/// A patch in the colours of preferences that are being changed. A fill that is none shows its
-/// colour as an outline.
+/// A patch in the colours of styles that are being changed. A fill that is none shows its colour as
+/// an outline.
 class PreviewPatch : public StylePatch {
 public:
-    /// @param preferences  outlive the patch
-    PreviewPatch(const Preferences& preferences, StyleKind kind, QSize room,
+    /// @param styles  outlive the patch
+    PreviewPatch(const Styles& styles, StyleKind kind, QSize room,
                  PatchScale scale = PatchScale::Plot);
 
 protected:
@@ -25,16 +24,18 @@ protected:
 private:
     void PaintOutline();
 
-    const Preferences& preferences_;
+    const Styles& styles_;
     StyleKind kind_;
 };
 
 /// A button with a drawing of its own.
 class SampleButton : public QAbstractButton {
 public:
-    /// @param preferences  in force while it draws; outlive the button
-    /// @param draw         draws on the whole of a white surface
-    SampleButton(const Preferences& preferences, QSize room, std::function<void(Surface&)> draw);
+    using Draw = std::function<void(Surface& surface, const Styles& styles)>;
+
+    /// @param styles  that it draws with; outlive the button
+    /// @param draw    draws on the whole of a white surface
+    SampleButton(const Styles& styles, QSize room, Draw draw);
 
     [[nodiscard]] QSize sizeHint() const override { return room_; }
 
@@ -42,12 +43,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const Preferences& preferences_;
+    const Styles& styles_;
     QSize room_;
-    std::function<void(Surface&)> draw_;
+    Draw draw_;
 };
 
 /// Draws a line across the middle of a surface of so many pixels: colour index, draw style, width.
-void DrawLineAcross(Surface& surface, QSize room, const AxisStyle& style);
+void DrawLineAcross(Surface& surface, const Styles& styles, QSize room, const AxisStyle& style);
 
 } // namespace quandrel

@@ -63,10 +63,11 @@ QImage Dimmed(const QImage& image, const QColor& background) {
 
 } // namespace
 
-StylePatch::StylePatch(StyleKind kind, QSize room, PatchScale scale)
+StylePatch::StylePatch(StyleKind kind, QSize room, PatchScale scale, const Styles& styles)
     : kind_(kind)
     , room_(room)
-    , scale_(scale) {
+    , scale_(scale)
+    , styles_(styles) {
     setFixedSize(room);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QAbstractButton::clicked, this,
@@ -99,11 +100,11 @@ void StylePatch::DrawSample(Surface& surface) const {
         return;
     }
     const int size = scale_ == PatchScale::Fit ? kUsualSymbolSize : style_[kPlaceSize];
-    DrawSymbol(surface, 0, 0, style_[kPlaceColour], style_[kPlaceSymbol], size, 0);
+    DrawSymbol(surface, styles_, 0, 0, style_[kPlaceColour], style_[kPlaceSymbol], size, 0);
 }
 
 void StylePatch::DrawFill(Surface& surface) const {
-    const Colour colour = TableColour(style_[kPlaceColour]);
+    const Colour colour = TableColour(styles_, style_[kPlaceColour]);
     DrawState state = surface.State();
     state.drawStyle = kNoLine;
     state.fillStyle = style_[kPlaceSymbol];

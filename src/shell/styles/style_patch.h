@@ -29,7 +29,9 @@ class StylePatch : public QAbstractButton {
     Q_OBJECT
 
 public:
-    StylePatch(StyleKind kind, QSize room, PatchScale scale = PatchScale::Plot);
+    /// @param styles  whose colours it has; outlive the patch
+    explicit StylePatch(StyleKind kind, QSize room, PatchScale scale = PatchScale::Plot,
+                        const Styles& styles = gSettings.styles);
 
     void SetStyle(const SymbolRow& style);
 
@@ -55,6 +57,7 @@ private:
     StyleKind kind_;
     QSize room_;
     PatchScale scale_;
+    const Styles& styles_;
     SymbolRow style_{};
     bool byMouse_ = false;
 };
