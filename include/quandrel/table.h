@@ -39,8 +39,8 @@ enum class Primary {
 /// The second measurement of a line.
 enum class Secondary {
     kNone = 0,
-    kPitch =
-        1, ///< of a line in the plane, with the compass name of the end that it is measured from
+    /// Of a line in the plane, with the compass name of the end that it is measured from.
+    kPitch = 1,
     kTrend = 2, ///< of a line in the plane
     kLine = 3,
     kPlane = 4,

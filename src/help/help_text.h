@@ -25,8 +25,8 @@ struct HelpPage {
 
 /// A line of the contents or of the index.
 struct HelpEntry {
-    int level =
-        0; ///< 0 for a heading of second order, 1 for an item of a list, 2 for one within it
+    /// 0 for a heading of second order, 1 for an item of a list, 2 for one within it.
+    int level = 0;
     std::string title;
     std::string target; ///< page, with an optional "#" and anchor; empty for a heading
 };

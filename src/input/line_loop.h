@@ -16,8 +16,8 @@ namespace quandrel {
 
 /// One pass over the lines of a file.
 struct LinePass {
-    bool skipHeading =
-        false; ///< the first line that is not a comment, a parameter line or blank is a heading
+    /// The first line that is not a comment, a parameter line or blank is a heading.
+    bool skipHeading = false;
     bool reportBadLines = true; ///< ask about the first bad line
     LineFormat format;
     RowTarget target;

@@ -29,8 +29,8 @@ struct DrawOperation {
         Text
     };
     Kind kind = Kind::Line;
-    std::vector<Point>
-        points; ///< ends, corners, centre, vertices or positions, as passed to the call
+    /// Ends, corners, centre, vertices or positions, as passed to the call.
+    std::vector<Point> points;
     double radius = 0;
     double start = 0; ///< radians
     double end = 0;
