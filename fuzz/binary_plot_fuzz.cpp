@@ -40,8 +40,7 @@ void CheckPlot(BinaryPlot plot) {
     Require(BytesOfActivePlot() == first);
     ReplotActivePlot(false);
     (void)BinaryPlotBytes(gActivePlot);
-    ReleasePlotSlot(
-        gActivePlot); // what an input leaves behind, libFuzzer takes for a leak and runs again
+    ReleasePlotSlot(gActivePlot); // libFuzzer reruns inputs that leave memory allocated
 }
 
 } // namespace

@@ -36,7 +36,7 @@ struct LoadCounters {
     std::vector<std::string> missingFiles; ///< further files that were not found
 };
 
-/// The counters of the last load of a text file, whether its rows came to stay or not.
+/// The counters of the last load of a text file, whether or not its rows were kept.
 [[nodiscard]] LoadCounters& LastLoad();
 
 /// The counters of the last load of a text file into a plot; nothing when there was none.

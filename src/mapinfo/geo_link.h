@@ -3,7 +3,7 @@
 // The correspondence between rows of a plot and rows of a table of the map session.
 //
 // Rows of plots are point indices, rows of tables the session's numbers; both count from 1. The
-// links follow the rows of their plots when some of these go or come back (core/row_links.h).
+// links follow the rows of their plots when rows are removed or restored (core/row_links.h).
 
 #pragma once
 
@@ -54,10 +54,10 @@ private:
     std::unordered_map<std::int32_t, std::int32_t> miRows_;  ///< by plot row
 };
 
-/// The links of all plots; a plot has one at most, which is attached to it.
+/// The links of all plots, at most one for each, attached to the plot.
 class MIGeoLinks {
 public:
-    /// Gives a plot a link, in the place of a former one.
+    /// Gives a plot a link, replacing an existing one.
     static MIGeoLink& Add(int slot, MIGeoLink link);
 
     /// The link of a plot, or nullptr.
@@ -67,16 +67,17 @@ public:
 
     static void Remove(int slot);
 
-    /// All links by their slots, in the order of these.
+    /// All links, in the order of their slots.
     [[nodiscard]] static std::map<int, MIGeoLink*> NewEnum();
 
-    /// The first slot of a plot that is linked to a table, by its name in any case; 0 for none.
+    /// The first slot of a plot that is linked to a table, by its name in any case; 0 when there is
+    /// none.
     [[nodiscard]] static int SlotOfTable(std::string_view table);
 };
 
 inline constexpr MIGeoLinks gMIGeoLinks;
 
-/// From now on the links follow the rows of their plots. Called at start.
+/// Makes links follow the rows of their plots. Called at start.
 void FollowRowsOfPlots();
 
 /// Removes the link of a plot, with its mark in the plot and in the plot's caption.

@@ -59,11 +59,11 @@ private:
     void SessionEnded() override;
 };
 
-/// The link, and what is known of the session.
+/// The link, and the known state of the session.
 struct MapLinkState {
     std::unique_ptr<MapInfoLink> link;      ///< or nothing
-    std::vector<std::string> tables = {""}; ///< 1 is the first; element 0 is empty and always there
-    std::vector<std::string> rowList;       ///< the statements that were sent last, in their order
+    std::vector<std::string> tables = {""}; ///< from 1; element 0 always exists and is empty
+    std::vector<std::string> rowList;       ///< the statements that were sent last, in order
 
     static MapLinkState now;
 };

@@ -16,11 +16,11 @@ struct MapRows {
     std::vector<std::int32_t> rows;
 };
 
-/// Answers a message of the session: "MI:" with fields parted by commas, of which 1, 2 and 5, 6 are
-/// the corners and 7 the tool. The point tool and the marquee tool select objects; anything else
-/// means that the session's own selection has changed; a message that names no tool at all tells of
-/// that in passing, and what hinders goes to the status line. Other messages are ignored, and so
-/// are all during a long loop (gBusy).
+/// Handles a message of the session: "MI:" with fields separated by commas, of which 1, 2 and 5, 6
+/// are the corners and 7 the tool. The point tool and the marquee tool select objects; any other
+/// tool means that the session's own selection has changed. A message without a tool reports such a
+/// change in passing, so problems go to the status line. Other messages are ignored, and so are all
+/// during a long loop (gBusy).
 void HandleToolButton(const std::string& message);
 
 /// Links the objects at a point of the front map, in its coordinates. Does nothing when there are
@@ -44,9 +44,9 @@ void LinkMapSelectionToPlot(const std::vector<MapRows>& found);
 /// unless that plot has a link.
 void SelectPlotRowsInMap();
 
-/// SelectPlotRowsInMap after a change of the selection, by whatever means: called by whoever is
-/// told of changes (ConnectSelection). Sends nothing while the selection comes from the map, or
-/// when the session has it already. A failure is told once, until a selection gets through again.
+/// SelectPlotRowsInMap after any change of the selection; called through ConnectSelection. Sends
+/// nothing while the selection comes from the map, or when the session has it already. A failure is
+/// reported once, until a selection succeeds again.
 void FollowSelectionInMap();
 
 /// Forgets the last selection, for a new link.

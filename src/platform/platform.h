@@ -45,10 +45,10 @@ struct Platform {
     /// Approximate size of the parts of a text that threads take; their rows fit into the cache.
     std::size_t textBlockBytes = 32768;
 
-    /// The most rows that a column may hold; growing beyond counts as out of memory.
+    /// Largest number of rows of a column; exceeding it counts as out of memory.
     std::int32_t mostRows = std::numeric_limits<std::int32_t>::max() / 2;
 
-    /// A load that takes longer shows its progress, and can be ended by the user.
+    /// A load that takes longer shows its progress and can be cancelled.
     std::chrono::milliseconds timeWithoutProgress{200};
 };
 

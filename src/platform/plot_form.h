@@ -27,7 +27,7 @@ public:
 
     virtual void SetCaption(const std::string& caption) = 0;
 
-    /// Shows a text. The plot keeps it; the window is not asked for it.
+    /// Shows a text. The plot keeps it; it is never read back from the window.
     virtual void SetBoxText(PlotBox box, const std::string& text) = 0;
 
     /// The position of the window.

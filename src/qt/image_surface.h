@@ -34,13 +34,13 @@ private:
     std::unique_ptr<PainterSurface> surface_;
 };
 
-/// The pixels of a picture, at least 1 each way.
+/// The size of a picture in pixels, at least 1 each way.
 ///
 /// @param size     logical pixels
-/// @param density  pixels in a logical pixel
+/// @param density  pixels per logical pixel
 [[nodiscard]] QSize PixelsOf(QSize size, double density);
 
-/// Copies an image onto a device, into a rectangle of its logical pixels.
+/// Copies an image to a device, into a rectangle of its logical pixels.
 void PaintImage(QPaintDevice& device, const QRectF& target, const QImage& image);
 
 } // namespace quandrel

@@ -42,9 +42,9 @@ struct LacksCopy {
     bool isTold = false; ///< reported, or about to be
 };
 
-/// Kept with a plot that has a copy.
+/// Attached to a plot that has a copy.
 struct WrittenCopy {
-    std::uint64_t fingerprint = 0; ///< of the plot as it was written
+    std::uint64_t fingerprint = 0; ///< hash of the plot as written
 };
 
 constexpr const char* kLockName = "lock";

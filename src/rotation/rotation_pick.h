@@ -20,7 +20,7 @@ enum RotationFocus : std::int16_t {
     kNewStrikeFocus = 3,   ///< txtRotAngle(2) of kPlaneToVertical
 };
 
-/// Where the rotation dialog takes what the net is pressed for.
+/// The box of the rotation dialog that a press on the net fills.
 struct RotationInWork {
     std::int16_t focus = kNoRotationFocus; ///< a RotationFocus
 

@@ -61,8 +61,8 @@ void InitialiseApplication() {
     gDecimalIsComma = gPlatform.decimalIsComma;
     ConnectDrawing();
     FollowRowsOfPlots();
-    // A derived plot closes with its parent's, without a question. The slot may be another plot's
-    // next, which the steps of the former one are no part of.
+    // A derived plot closes with its parent's, without a question. Its slot may be reused by
+    // another plot, to which the steps of the previous one do not apply.
     ConnectClosing([](int slot) { ForgetUndo(slot); });
     LoadSettings();
     ListPrinters();

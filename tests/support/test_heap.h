@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Operators new and delete that count the bytes taken, and that can refuse memory to all threads
-// but one. At most one source of a test program includes this header. The address sanitizer brings
-// operators of its own: then QUANDREL_HAS_TEST_HEAP is not defined, nor is anything else here.
+// Operators new and delete that count the allocated bytes, and that can refuse memory to all
+// threads but one. At most one source of a test program may include this header. The address
+// sanitizer has operators of its own: then neither QUANDREL_HAS_TEST_HEAP nor anything else here is
+// defined.
 
 #pragma once
 
@@ -17,14 +18,14 @@
 
 namespace quandrel {
 
-/// Bytes taken by all threads, those given back included. A test sets it to 0 before it counts.
+/// Bytes allocated by all threads, including freed ones. A test sets it to 0 before counting.
 inline std::atomic<std::size_t> gBytesTaken{0};
 
 inline std::atomic<bool> gIsHeapRefused{false};
 inline std::atomic<int> gHeapRefusals{0};
 inline std::thread::id gThreadWithHeap;
 
-/// Memory is there for this thread alone, for the length of a block.
+/// Until the end of a block, only this thread can allocate memory.
 class MemoryForThisThreadAlone {
 public:
     MemoryForThisThreadAlone() {

@@ -55,7 +55,7 @@ SelectionWay WayOfKeys(int shift) {
     return shift == kCtrlKey ? SelectionWay::Toggle : SelectionWay::Replace;
 }
 
-/// Takes out of a selection what the frame that stands holds.
+/// Removes the contents of the frame that is shown from a selection.
 void LeaveOutFrame(Selection& selection) {
     const std::vector<std::int32_t> rows = RowsInMarquee();
     std::erase_if(selection.rows,

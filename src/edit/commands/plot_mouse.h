@@ -121,7 +121,7 @@ private:
     Point last_;               ///< present position of the pointer
     std::vector<Point> lasso_; ///< drawn so far
     Selection kept_;           ///< the selection before the drag
-    Selection base_;           ///< what of it the frame adds to, or toggles
+    Selection base_;           ///< the part of it that the frame adds to, or toggles
     SelectionWay way_ = SelectionWay::Replace;
 };
 

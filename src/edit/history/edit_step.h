@@ -16,8 +16,8 @@
 //
 // Finish marks the plot as modified, adds the change as a step to the undo list (undo.h), includes
 // the rotation before an edit of rows in it, and draws. An edit that changes nothing does not call
-// Finish. Small circles and what is typed or ticked for girdles cannot be undone: such edits end in
-// FinishUnkept instead.
+// Finish. Edits that cannot be undone (small circles, typed or ticked girdles) call FinishUnkept
+// instead.
 
 #pragma once
 
@@ -30,7 +30,7 @@ namespace quandrel {
 /// What is redrawn after an edit.
 enum class Redraw {
     Nothing, ///< the edit draws itself
-    Picture, ///< the picture alone: texts and status line stay
+    Picture, ///< only the picture: texts and status line stay
     Plot,    ///< the plot as it is: marks and styles
     Rows,    ///< the plot with its statistics: rows were added, removed or changed
 };
@@ -41,7 +41,7 @@ template <class Change>
     return std::make_unique<Change>(slot);
 }
 
-/// An edit of a plot that cannot be taken back has been made: marks the plot as modified and draws.
+/// Ends an edit of a plot that cannot be undone: marks the plot as modified and draws.
 void FinishUnkept(int slot, Redraw redraw);
 
 class EditStep {

@@ -157,8 +157,8 @@ bool HasOneOf(const Selection& selection, const std::vector<std::int32_t>& rows)
     });
 }
 
-/// Selects the rows that a step is about, after it has been taken back or made again.
-/// @param kept  the selection of that side of the step
+/// Selects the rows that a step affects, after it has been undone or redone.
+/// @param kept  the selection on that side of the step
 void SelectRowsOf(const UndoStep& step, Selection kept, bool isUndo) {
     std::vector<std::int32_t> rows = step.change->RowsConcerned();
     const bool isOfPlot = kept.slot == step.slot;

@@ -70,31 +70,30 @@ struct UndoStep {
     EditKind kind = kNoEdit;
     EditRun run = EditRun::Alone;
     std::unique_ptr<PlotChange> change; ///< complete
-    Selection selection;                ///< of the other side; nothing where it was of another plot
-    std::optional<RotationMemory> rotation; ///< that can be taken back once the edit has been
-    std::uint64_t hashBefore = 0;           ///< of its part of the plot
+    Selection selection;                ///< of the other side; nothing when it was in another plot
+    std::optional<RotationMemory> rotation; ///< can be undone once the edit has been
+    std::uint64_t hashBefore = 0;           ///< hash of its part of the plot
     std::uint64_t hashAfter = 0;
     std::int16_t modifiedBefore = 0; ///< PlotRecord::Modified
     std::int16_t modifiedAfter = 0;
     std::size_t bytes = 0; ///< memory of everything that it keeps
 };
 
-/// The edits that have been made, and those that have been taken back. The procedures below alone
-/// change it.
+/// The edits to undo, and those to redo. Only the procedures below change it.
 struct EditHistory {
     std::deque<UndoStep> done;   ///< the newest last
-    std::deque<UndoStep> undone; ///< the next to be made again last
+    std::deque<UndoStep> undone; ///< the next one to redo is the last
     std::size_t bound = kUndoMemory;
-    std::int16_t lastKind = kNoEdit; ///< EditKind of the newest; kNoEdit without any
+    std::int16_t lastKind = kNoEdit; ///< EditKind of the newest; kNoEdit when there is none
 
     static EditHistory now;
 };
 
 inline constinit auto& gLastEditKind = EditHistory::now.lastKind;
 
-/// Adds a step to the list, whose plot is as the step left it, and sets Modified of that. What an
-/// edit of rows ends is kept with it: the rotation that can be taken back.
-/// @param joins  it becomes part of the step before it
+/// Adds a step, whose plot must be in the state after it, to the list, and sets the plot's
+/// Modified. A rotation that an edit of rows makes final is kept with it.
+/// @param joins  it becomes part of the previous step
 void KeepStep(UndoStep step, bool joins);
 
 /// True when an edit of gActivePlot would join the previous one.

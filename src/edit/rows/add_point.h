@@ -13,8 +13,8 @@
 
 namespace quandrel {
 
-/// A point at a place of the net, on the layer that is edited. Outside the net, and on a rose,
-/// nothing happens; a place on the primitive is on the net.
+/// Adds a point at a position on the net, on the layer being edited. Does nothing outside the net
+/// and on a rose; a position on the primitive is on the net.
 ///
 /// On the data layer the right button makes an upward line, or a plane with a negative dip, at the
 /// same position. Without overlays, a point in a plot of planes is the pole of the plane that is

@@ -23,8 +23,8 @@
 
 namespace quandrel {
 
-/// Writes the selected rows to the clipboard. Too many intersections are told and not copied.
-/// @return false when nothing was written
+/// Copies the selected rows to the clipboard. Too many intersections are reported and not copied.
+/// @return false when nothing was copied
 bool CopyRows(CopiedFields fields);
 
 /// Removes the selected rows of gActivePlot, with their rows of the secondary overlay.

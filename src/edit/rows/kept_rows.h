@@ -82,7 +82,7 @@ struct KeptRows {
     std::array<std::vector<std::uint32_t>, kRowColumns> cells; ///< BitsOf
     std::vector<std::string> texts;
     ErrorLines errorLines;
-    std::shared_ptr<const void> links; ///< what the follower of rows knew of them
+    std::shared_ptr<const void> links; ///< what the follower of rows knew about them
 };
 
 /// The present rows of a plot. Throws std::bad_alloc. O(rows).

@@ -251,7 +251,7 @@ std::vector<std::int32_t> RowsInMarquee() {
         return {};
     }
     const int slot = Selection::now.slot;
-    // Main rows whose intersections are drawn in their place are not seen.
+    // Main rows that are replaced by their intersections are not visible.
     const std::int32_t firstSeen = ShowsIntersections(slot) ? RecordOf(slot).NumData + 1 : 1;
     return RowsInside(TableOf(slot), IsInMarquee, [slot, firstSeen](std::int32_t row) {
         return row >= firstSeen && CodeSymbol(gDataSymbol(slot, row)) != 0;
@@ -312,7 +312,7 @@ std::string SelectionText() {
     }
     const std::string text =
         std::to_string(rows) + (rows == 1 ? " row selected" : " rows selected");
-    // A frame takes great circles by what is not seen of them.
+    // A frame selects great circles by their poles, which are not visible.
     const bool isByPoles = MarqueeStands() && LitPlaces(Selection::now.slot).empty()
                            && !LitArcs(Selection::now.slot).empty();
     return isByPoles ? text + (rows == 1 ? " by its pole" : " by their poles") : text;

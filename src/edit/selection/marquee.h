@@ -2,11 +2,12 @@
 //
 // The marquee and the selection: the rows of a plot that the next edit applies to.
 //
-// What is inside this room: marquee and selection (this file), the intersections within it
-// (selected_intersections.h), the rows of other plots that are lit with it (linked_rows.h), and
-// places of the net as lines and as texts (net_line.h, readout.h).
-// What enters: places on the net, rows and tables of plots. What leaves: lists of rows, lit places,
-// and notice of each change (ConnectSelection). Nothing here changes a plot.
+// This folder holds the marquee and the selection (this file), the intersections within it
+// (selected_intersections.h), the rows of other plots that are highlighted with it (linked_rows.h),
+// and positions on the net as lines and as texts (net_line.h, readout.h).
+// Input: positions on the net, rows and tables of plots.
+// Output: lists of rows, highlighted positions, and a call after each change (ConnectSelection).
+// Nothing here changes a plot.
 //
 // A marquee is a rectangle on the net, or a lasso, whose record is that of its bounding rectangle.
 // When it is complete, its rows are put into gSelectionRows; another one may add to them. Rows can
@@ -63,8 +64,7 @@ enum class SelectionWay {
 
 inline constinit auto& gMarquee = Selection::now.marquee;
 
-/// Says who is told after each change of the selection, and of a marquee that stands; `{}` is
-/// nobody.
+/// Sets what to call after each change of the selection, or of a complete marquee; `{}` for none.
 void ConnectSelection(std::function<void()> changed);
 
 /// A rectangle including its edges.
@@ -121,7 +121,7 @@ void ClearSelection();
 /// Removes those of a plot that closes, or whose rows have changed.
 void ClearSelectionOf(std::int32_t slot);
 
-/// Makes marquee and selection what they were. Rows that are no longer there are left out.
+/// Restores marquee and selection. Rows that no longer exist are left out.
 void PutSelectionBack(Selection kept);
 
 /// The rows of a table that a marquee selects: valid ones with a symbol, including rows of
@@ -142,7 +142,7 @@ void SelectRowsInMarquee();
 /// As SelectRowsInMarquee for a frame that adds to the previous selection or toggles it; on the
 /// annotation layer the same for annotations.
 ///
-/// @param former  the selection before the frame was drawn; that of another plot does not count
+/// @param former  the selection before the frame was drawn; ignored if it was in another plot
 void SelectInMarquee(SelectionWay way, const Selection& former);
 
 /// The selected annotations, ascending, when frames have added to each other or toggled; nothing

@@ -23,7 +23,7 @@ public:
 
     void SetBoxText(PlotBox box, const std::string& text) override { boxes_[box] = text; }
 
-    /// What the window was told last for a box.
+    /// The last text set for a box.
     [[nodiscard]] std::string Told(PlotBox box) const {
         const auto text = boxes_.find(box);
         return text == boxes_.end() ? std::string() : text->second;
