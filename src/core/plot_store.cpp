@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/letter_case.h"
+#include "core/new_record.h"
 #include "core/row_links.h"
 #include "core/settings.h"
 #include "platform/platform.h"
@@ -30,17 +31,16 @@ void GiveFreeMemoryBack() {
 
 constexpr double kTopOfDefaultClasses = 999999;
 
-void SetDefaultClasses(PlotRecord& record) {
+void SetDefaultClasses(PlotRecord& record, const NewPlotSettings& settings) {
     record.ClassTable = {};
-    record.ClassTable[kBaseRow] = gSettings.newPlots.classes[kBaseRow];
-    record.ClassTable[kLowestRow] = gSettings.newPlots.classes[kLowestRow];
+    record.ClassTable[kBaseRow] = settings.classes[kBaseRow];
+    record.ClassTable[kLowestRow] = settings.classes[kLowestRow];
     record.ClassTable[kTopRow][kNumberClasses] = kTopOfDefaultClasses;
     record.ClassTable[kTopRow][kTextNumberClasses] = kTopOfDefaultClasses;
     record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{1};
 }
 
-void SetDefaultRose(PlotRecord& record) {
-    const RoseDefaults& settings = gSettings.newPlots.rose;
+void SetDefaultRose(PlotRecord& record, const RoseDefaults& settings) {
     record.RoseHistStyle = settings.histStyle;
     record.RoseSegShape = settings.segShape;
     record.RoseSectorFraction = settings.sectorFraction;
@@ -52,9 +52,8 @@ void SetDefaultRose(PlotRecord& record) {
     record.RoseMinBiasAngle = 5;
 }
 
-void SetStandingSmallCircles(PlotRecord& record) {
+void SetStandingSmallCircles(PlotRecord& record, const AxisStyle& style) {
     record.PlotSmallCircles = std::make_unique<SmallCircles>();
-    const AxisStyle& style = gAxisStyleTable[kSmallCircleStyle];
     for (SmallCircle& circle : *record.PlotSmallCircles) {
         circle.LineColour = style[0];
         circle.lineStyle = style[1];
@@ -62,20 +61,20 @@ void SetStandingSmallCircles(PlotRecord& record) {
     }
 }
 
-const AxisStyle& StyleOfAxisItem(int item) {
+const AxisStyle& StyleOfAxisItem(const Styles& styles, int item) {
     if (item == kMeanItem) {
-        return gAxisStyleTable[kMeanGirdleStyle];
+        return styles.axes[kMeanGirdleStyle];
     }
-    return gAxisStyleTable[item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle];
+    return styles.axes[item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle];
 }
 
-void SetEmptyAxisItems(PlotRecord& record) {
+void SetEmptyAxisItems(PlotRecord& record, const Styles& styles) {
     for (int item = 0; item < kAxisItems; ++item) {
         auto& values = record.AxisItems[static_cast<std::size_t>(item)];
         values = {};
         values[kItemShown] = false;
         values[kItemText] = std::string();
-        const AxisStyle& style = StyleOfAxisItem(item);
+        const AxisStyle& style = StyleOfAxisItem(styles, item);
         values[kItemColour] = style[0];
         values[kItemDrawStyle] = style[1];
         values[kItemDrawWidth] = style[2];
@@ -174,23 +173,27 @@ void ReleasePlotSlot(int slot) {
     GiveFreeMemoryBack();
 }
 
-PlotRecord NewPlotRecord() {
+PlotRecord NewPlotRecord(const Settings& settings) {
+    const NewPlotSettings& newPlots = settings.newPlots;
     PlotRecord record;
-    record.AppNumName = gFileAppNumName;
-    record.AppNonNumName = gFileAppNonNumName;
-    record.StatsBoxKind = gSettings.newPlots.statsBoxKind;
+    record.AppNumName = settings.format.numericName;
+    record.AppNonNumName = settings.format.nonNumericName;
+    record.StatsBoxKind = newPlots.statsBoxKind;
     ResetAppendedRange(record);
-    record.DataKind = gPlotDataKind;
-    record.PrimaryFormat = gPrimaryDataType;
-    record.PlotKind = gPlotKind;
-    record.LayerVisible = {0,     kTrue,
-                           kTrue, kTrue,
-                           kTrue, gSettings.newPlots.statisticsShown ? kTrue : std::int16_t{0}};
-    SetDefaultClasses(record);
-    SetDefaultRose(record);
-    SetStandingSmallCircles(record);
-    SetEmptyAxisItems(record);
+    record.DataKind = settings.format.plotDataKind;
+    record.PrimaryFormat = settings.format.primary;
+    record.PlotKind = settings.format.plotKind;
+    record.LayerVisible = {0,     kTrue, kTrue,
+                           kTrue, kTrue, newPlots.statisticsShown ? kTrue : std::int16_t{0}};
+    SetDefaultClasses(record, newPlots);
+    SetDefaultRose(record, newPlots.rose);
+    SetStandingSmallCircles(record, settings.styles.axes[kSmallCircleStyle]);
+    SetEmptyAxisItems(record, settings.styles);
     return record;
+}
+
+PlotRecord NewPlotRecord() {
+    return NewPlotRecord(gSettings);
 }
 
 void SetNewFVariables(int slot) {

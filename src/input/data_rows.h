@@ -67,6 +67,10 @@ struct RowForm {
 ///
 /// @param overlay  the overlay of the row, or 0
 /// @param upward   the row's dip or plunge is negative
+[[nodiscard]] SymbolCode CodeOfNewRow(const Styles& styles, const PlotRecord& record, int overlay,
+                                      bool upward);
+
+/// The same by the styles in force.
 [[nodiscard]] SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward);
 
 } // namespace quandrel

@@ -66,4 +66,8 @@ struct BinaryPlot {
 /// overlay is too large for it.
 [[nodiscard]] Result<std::string> BinaryPlotBytes(int slot);
 
+/// The same of a plot without a slot, whose versions play no part. The table has a line for each of
+/// its rows, in the order to be written.
+[[nodiscard]] Result<std::string> BinaryPlotBytes(const BinaryPlot& plot, const RowTable& table);
+
 } // namespace quandrel

@@ -9,11 +9,11 @@ namespace quandrel {
 
 namespace {
 
-/// A slot of the store in the shape of a BinaryPlot.
+/// A plot in the shape of a BinaryPlot.
 struct PlotToWrite {
-    explicit PlotToWrite(int slot)
-        : record(RecordOf(slot))
-        , lines(TableOf(slot)) {}
+    PlotToWrite(const PlotRecord& itsRecord, const RowTable& itsTable)
+        : record(itsRecord)
+        , lines(itsTable) {}
 
     const PlotRecord& record;
     const RowTable& lines;
@@ -63,7 +63,7 @@ BinaryRow RowInStore(int slot, std::int32_t row) {
 
 PlotToWrite PlotOfSlot(int slot) {
     const auto place = static_cast<std::size_t>(slot);
-    PlotToWrite plot(slot);
+    PlotToWrite plot(RecordOf(slot), TableOf(slot));
     const std::int32_t rows = RowsOf(plot.record);
     plot.rows.reserve(static_cast<std::size_t>(rows));
     for (std::int32_t row = 1; row <= rows; ++row) {
@@ -98,8 +98,9 @@ void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
     }
 }
 
-Result<std::string> Bytes(int slot) {
-    PlotToWrite plot = PlotOfSlot(slot);
+/// The bytes of a plot, which read as one. A script can give fields values that no plot has; they
+/// are not to be lost in a file that nobody opens again.
+Result<std::string> Bytes(PlotToWrite plot) {
     BinaryWriter writer;
     writer.Bytes().reserve(kBytesWithoutRows + plot.rows.size() * kUsualRowBytes);
     CheckOverlays(writer, plot.record);
@@ -108,27 +109,42 @@ Result<std::string> Bytes(int slot) {
     if (!writer.Error().empty()) {
         return Failure{writer.Error()};
     }
+    const Result<BinaryPlot> again = ReadBinaryPlot(writer.Bytes());
+    if (!again) {
+        return Failure{"the file could not be opened again: " + again.Error()};
+    }
     return std::move(writer.Bytes());
+}
+
+PlotToWrite PlotWithoutSlot(const BinaryPlot& plot, const RowTable& table) {
+    PlotToWrite wanted(plot.record, table);
+    wanted.rows = plot.rows;
+    wanted.texts.assign(plot.texts.begin(), plot.texts.end());
+    wanted.errorLines = &plot.errorLines;
+    wanted.gridCount = plot.gridCount;
+    wanted.gridValues = plot.gridValues.get();
+    wanted.place = plot.place.value_or(WindowPlace{});
+    return wanted;
+}
+
+/// The bytes of what `make` makes. A failure where memory is short.
+template <class Make>
+Result<std::string> BytesOf(const Make& make) {
+    try {
+        return Bytes(make());
+    } catch (const std::bad_alloc&) {
+        return Failure{"there is not enough memory"};
+    }
 }
 
 } // namespace
 
 Result<std::string> BinaryPlotBytes(int slot) {
-    try {
-        Result<std::string> bytes = Bytes(slot);
-        if (!bytes) {
-            return bytes;
-        }
-        // A script can give fields values that no plot has; they are not to be lost in a file that
-        // nobody opens again.
-        const Result<BinaryPlot> again = ReadBinaryPlot(*bytes);
-        if (!again) {
-            return Failure{"the file could not be opened again: " + again.Error()};
-        }
-        return bytes;
-    } catch (const std::bad_alloc&) {
-        return Failure{"there is not enough memory"};
-    }
+    return BytesOf([slot] { return PlotOfSlot(slot); });
+}
+
+Result<std::string> BinaryPlotBytes(const BinaryPlot& plot, const RowTable& table) {
+    return BytesOf([&] { return PlotWithoutSlot(plot, table); });
 }
 
 } // namespace quandrel
