@@ -217,7 +217,7 @@ void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary) {
 
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary) {
     // A failure is none: it is told when a row finds no room.
-    (void)MakeRoom(plot.rows, last, ColumnsOf(plot.record, withSecondary));
+    (void)MakeRoom(plot.rows, last, ColumnsOf(plot.record, withSecondary), RoomAhead::None);
     ReserveRows(plot.table, static_cast<std::size_t>(last));
 }
 
