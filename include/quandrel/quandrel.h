@@ -14,6 +14,8 @@
 //   - A question without an answer gives an empty std::optional. Invalid arguments (a plunge beyond
 //     90, a value that is not finite, spans of different lengths) throw std::invalid_argument with
 //     a text that names the value. Too little memory throws std::bad_alloc. Nothing else is thrown.
+//     Input from outside that may be invalid, such as the bytes of a plot file, gives a Result: a
+//     value, or a text that says why there is none.
 //   - Statistics and geometry use unrounded values. Functions that count lines in cones or azimuths
 //     in sectors (density.h, rose.h) count them at their nearest whole degrees, like the program.
 //
@@ -39,6 +41,8 @@
 #include "quandrel/net.h"
 #include "quandrel/notation.h"
 #include "quandrel/orientation.h"
+#include "quandrel/plot_file.h"
+#include "quandrel/result.h"
 #include "quandrel/rose.h"
 #include "quandrel/rotation.h"
 #include "quandrel/table.h"

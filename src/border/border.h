@@ -6,7 +6,8 @@
 // Public values arrive as degrees, are checked here, and go to the kernels as radians; results
 // leave as degrees, with azimuths below 360. Nothing here keeps or reads state, and nothing is
 // computed here that a kernel computes. A kernel that reads a global does not belong here: it gets
-// an argument instead.
+// an argument instead. The one exception is reading a plot file, which begins with the record of a
+// new plot: no field that the settings decide leaves.
 
 #pragma once
 
