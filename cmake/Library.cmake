@@ -5,6 +5,7 @@ if(QUANDREL_FUZZ)
 endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
+find_package(Threads REQUIRED)
 
 # Adds the library of a folder, and those that it depends on, to the list named `found`.
 function(quandrel_gather library found)
@@ -34,6 +35,7 @@ endforeach()
 set_target_properties(quandrel_archive PROPERTIES
     OUTPUT_NAME quandrel EXPORT_NAME quandrel LINKER_LANGUAGE CXX)
 target_compile_features(quandrel_archive INTERFACE cxx_std_20)
+target_link_libraries(quandrel_archive INTERFACE Threads::Threads)
 
 # The version of the interface, from its header.
 set(header ${PROJECT_SOURCE_DIR}/include/quandrel/version.h)
@@ -50,9 +52,9 @@ set(configuration ${CMAKE_INSTALL_LIBDIR}/cmake/quandrel)
 install(TARGETS quandrel_archive EXPORT quandrel COMPONENT dev
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT quandrel NAMESPACE quandrel:: FILE quandrelConfig.cmake
+install(EXPORT quandrel NAMESPACE quandrel:: FILE quandrelTargets.cmake
         DESTINATION ${configuration} COMPONENT dev)
-install(FILES ${PROJECT_BINARY_DIR}/quandrelConfigVersion.cmake
+install(FILES cmake/quandrelConfig.cmake ${PROJECT_BINARY_DIR}/quandrelConfigVersion.cmake
         DESTINATION ${configuration} COMPONENT dev)
 install(DIRECTORY include/quandrel DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev
         FILES_MATCHING PATTERN "*.h")

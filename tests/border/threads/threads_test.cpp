@@ -7,6 +7,7 @@
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/settings.h"
+#include "core/settings_value.h"
 #include "quandrel/quandrel.h"
 
 #include <gtest/gtest.h>
@@ -149,6 +150,20 @@ void AddTable(Results& results, std::span<const Plane> planes) {
     }
 }
 
+void AddPlotFile(Results& results, std::span<const Line> lines, std::span<const Plane> planes) {
+    Plot plot;
+    plot.rows.planes.assign(planes.begin(), planes.end());
+    plot.rows.numbers.assign(planes.size(), 2.5);
+    plot.overlays = {{OverlayKind::kPolarLines, {}}};
+    plot.overlays[0].rows.lines.assign(lines.begin(), lines.end());
+    const Result<std::string> bytes = PlotBytes(plot);
+    results.Add(*bytes);
+    const Result<Plot> again = ReadPlot(*bytes);
+    results.Add(again->rows.planes[7]);
+    results.Add(again->overlays[0].rows.lines[7]);
+    results.Add(ReadPlot(std::string_view(*bytes).substr(0, 200)).Error());
+}
+
 std::string AllResults(std::uint32_t seed) {
     RandomValues random(seed);
     const std::vector<Line> lines = random.Lines(200, -90);
@@ -162,6 +177,7 @@ std::string AllResults(std::uint32_t seed) {
     AddStatistics(results, lines, values);
     AddDrawings(results, lines, planes);
     AddTable(results, planes);
+    AddPlotFile(results, lines, planes);
     return results.Text();
 }
 
@@ -188,11 +204,11 @@ TEST(PublicThreads, TwoAtOnceHaveTheResultsOfOne) {
 
 TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
     const std::string before = AllResults(1);
-    const FormatSettings format = gSettings.format;
+    const Settings settings = gSettings;
     gSettings.notation.formulas = Formulas::Textbook;
     gDecimalIsComma = true;
     gConvertDecimals = true;
-    FormatSettings odd = format;
+    FormatSettings odd = settings.format;
     odd.conventions = -13;
     odd.delimiter = ";";
     odd.planeSeparator = odd.lineSeparator = "~";
@@ -201,11 +217,11 @@ TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
     odd.negativePlunge = NegativePlunge::Vector;
     odd.hasHeadings = true;
     gSettings.format = odd;
+    gSettings.newPlots.rose.sectorSize = 40;
+    gSettings.newPlots.statsBoxKind = 1;
+    gSettings.styles.symbols[0] = {1, 2, 3};
     const std::string after = AllResults(1);
-    gSettings.format = format;
-    gSettings.notation.formulas = Formulas::Own;
-    gDecimalIsComma = false;
-    gConvertDecimals = false;
+    gSettings = settings;
     EXPECT_TRUE(before == after);
 }
 
