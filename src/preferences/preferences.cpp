@@ -28,14 +28,14 @@ std::int16_t MaxPlotsInStore() {
     return MaxPlotsOf(text, gMaxPlots);
 }
 
-void UseGeneralOptions(const Preferences& preferences) {
-    gSettings.notation.pitchName = PitchNameOf(preferences.pitchName);
-    gPlotWidthPercent = PlotWidthOf(preferences.plotWidthPercent);
-    gPlotAspect = PlotAspectOf(static_cast<double>(preferences.plotAspect));
-    gPlotWinLast = preferences.plotWinLast;
-    gSettings.files.folder = preferences.filesDirectory;
-    gConvertDecimals = preferences.convertDecimals;
-    gSettings.files.nonDataLines = preferences.saveNonDataLines;
+void UseGeneralOptions(const Settings& preferences) {
+    gSettings.notation.pitchName = PitchNameOf(preferences.notation.pitchName);
+    gPlotWidthPercent = PlotWidthOf(preferences.windows.plotWidthPercent);
+    gPlotAspect = PlotAspectOf(static_cast<double>(preferences.windows.plotAspect));
+    gPlotWinLast = preferences.windows.plotWinLast;
+    gSettings.files.folder = preferences.files.folder;
+    gConvertDecimals = preferences.notation.convertDecimals;
+    gSettings.files.nonDataLines = preferences.files.nonDataLines;
 }
 
 /// Saves a number of plots for the next run; this one goes on with its own.
@@ -72,23 +72,15 @@ void UseGeneralOptions(const Preferences& preferences) {
 
 } // namespace
 
-Preferences CurrentPreferences() {
-    Preferences now;
-    now.maxPlots = MaxPlotsInStore();
-    now.styles = gSettings.styles;
-    now.plotWidthPercent = gPlotWidthPercent;
-    now.plotAspect = gPlotAspect;
-    now.plotWinLast = gPlotWinLast;
-    now.filesDirectory = gSettings.files.folder;
-    now.pitchName = PitchNameOf(gSettings.notation.pitchName);
-    now.convertDecimals = gConvertDecimals;
-    now.saveNonDataLines = gSettings.files.nonDataLines;
-    now.formulas = gSettings.notation.formulas;
+Settings CurrentPreferences() {
+    Settings now = gSettings;
+    now.notation.pitchName = PitchNameOf(now.notation.pitchName);
+    now.newPlots.maxPlots = MaxPlotsInStore();
     return now;
 }
 
-Preferences DefaultPreferences() {
-    Preferences start;
+Settings DefaultPreferences() {
+    Settings start;
     start.styles = StartStyles();
     return start;
 }
@@ -106,14 +98,14 @@ std::int16_t MaxPlotsOf(std::string_view text, std::int16_t otherwise) {
         std::clamp(std::nearbyint(*number), 1.0, static_cast<double>(kMostPlots)));
 }
 
-void ApplyPreferences(const Preferences& preferences, KeepSettings keep) {
+void ApplyPreferences(const Settings& preferences, KeepSettings keep) {
     const StyleChange change;
     gSettings.styles = preferences.styles;
     UseGeneralOptions(preferences);
-    if (preferences.formulas != gSettings.notation.formulas) {
-        UseFormulas(preferences.formulas);
+    if (preferences.notation.formulas != gSettings.notation.formulas) {
+        UseFormulas(preferences.notation.formulas);
     }
-    bool saved = KeepMaxPlots(preferences.maxPlots);
+    bool saved = KeepMaxPlots(preferences.newPlots.maxPlots);
     if (keep == KeepSettings::Yes) {
         saved = SaveSettings(SettingsGroup::Preferences) && saved;
         saved = SaveSettings(SettingsGroup::DataFolder) && saved;

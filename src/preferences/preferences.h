@@ -23,25 +23,12 @@
 
 namespace quandrel {
 
-struct Preferences {
-    Styles styles;
-    std::int16_t plotWidthPercent = 50; ///< of the main window's width
-    float plotAspect = 0.75F;           ///< height over width
-    bool plotWinLast = false;
-    std::int16_t maxPlots = kStartMaxPlots; ///< of the next run
-    std::string filesDirectory;             ///< empty: the folder of the last file
-    std::string pitchName = "pitch";
-    bool convertDecimals = false;
-    bool saveNonDataLines = false;
-    Formulas formulas = Formulas::Own; ///< of statistics
-};
-
 /// The preferences in force. Their number of plots is that of the store: the running session keeps
 /// what it began with.
-[[nodiscard]] Preferences CurrentPreferences();
+[[nodiscard]] Settings CurrentPreferences();
 
 /// Those of a first run.
-[[nodiscard]] Preferences DefaultPreferences();
+[[nodiscard]] Settings DefaultPreferences();
 
 /// The first of the names that a pitch can have when the text is neither.
 [[nodiscard]] std::string PitchNameOf(std::string_view text);
@@ -58,6 +45,6 @@ enum class KeepSettings { No, Yes };
 /// The width and the aspect of new windows are brought into their ranges (PlotWidthOf,
 /// PlotAspectOf). The number of plots of the running session stays. A store that cannot be written
 /// is told of.
-void ApplyPreferences(const Preferences& preferences, KeepSettings keep);
+void ApplyPreferences(const Settings& preferences, KeepSettings keep);
 
 } // namespace quandrel

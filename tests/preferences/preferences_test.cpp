@@ -25,38 +25,38 @@ namespace {
 /// One preference: how it is changed, and whether the globals hold the change.
 struct Case {
     const char* name;
-    std::function<void(Preferences&)> change;
+    std::function<void(Settings&)> change;
     std::function<bool()> holds;
     bool ofSession = false; ///< saved with the session, not with the preferences
 };
 
 const std::vector<Case>& AllPreferences() {
     static const std::vector<Case> kCases = {
-        {"a colour", [](Preferences& p) { p.styles.colours[7] = 0x123456; },
+        {"a colour", [](Settings& p) { p.styles.colours[7] = 0x123456; },
          [] { return gColourTable[7] == 0x123456; }},
         {"symbol of rows",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[0] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[0] == SymbolRow{9, 12, 4};
          }},
         {"symbol of overlays",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[3] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[3] == SymbolRow{9, 12, 4};
          }},
         {"density level",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[15] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[15] == SymbolRow{9, 12, 4};
          }},
         {"annotation points",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[22] = {9, 12, 4};
          },
          [] {
@@ -64,28 +64,28 @@ const std::vector<Case>& AllPreferences() {
          },
          true},
         {"fill of roses",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[16] = {9, 4, 1};
          },
          [] {
              return gSymbolTable[16] == SymbolRow{9, 4, 1};
          }},
         {"class of roses",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[35] = {9, 4, 1};
          },
          [] {
              return gSymbolTable[35] == SymbolRow{9, 4, 1};
          }},
         {"class symbol",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.symbols[50] = {9, 12, 4};
          },
          [] {
              return gSymbolTable[50] == SymbolRow{9, 12, 4};
          }},
         {"beta axis",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.axes[kBetaAxisStyle] = {9, 12, 4};
          },
          [] {
@@ -93,42 +93,42 @@ const std::vector<Case>& AllPreferences() {
          },
          true}, // read back once a session of this version has ended
         {"mean",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.axes[kMeanGirdleStyle] = {9, 1, 4};
          },
          [] {
              return gAxisStyleTable[kMeanGirdleStyle] == AxisStyle{9, 1, 4};
          }},
         {"drawn girdles",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.axes[kUserGirdleStyle] = {9, 1, 4};
          },
          [] {
              return gAxisStyleTable[kUserGirdleStyle] == AxisStyle{9, 1, 4};
          }},
         {"calculated girdles",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.axes[kCalculatedGirdleStyle] = {9, 3, 4};
          },
          [] {
              return gAxisStyleTable[kCalculatedGirdleStyle] == AxisStyle{9, 3, 4};
          }},
         {"first contour",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.contours[0] = {9, 3, 4};
          },
          [] {
              return gSettings.styles.contours[0] == AxisStyle{9, 3, 4};
          }},
         {"last contour",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.contours[5] = {9, 3, 4};
          },
          [] {
              return gSettings.styles.contours[5] == AxisStyle{9, 3, 4};
          }},
         {"legend font",
-         [](Preferences& p) {
+         [](Settings& p) {
              p.styles.fonts[kLegendFont] = {{"Serif", 11, true, true, true}, 700, 0x0000ff};
          },
          [] {
@@ -136,37 +136,37 @@ const std::vector<Case>& AllPreferences() {
              return font.font == FontSpec{"Serif", 11, true, true, true} && font.weight == 700
                     && font.colour == 0x0000ff;
          }},
-        {"printer font", [](Preferences& p) { p.styles.fonts[kPrintPlotFont].font.points = 21; },
+        {"printer font", [](Settings& p) { p.styles.fonts[kPrintPlotFont].font.points = 21; },
          [] { return gSettings.styles.fonts[kPrintPlotFont].font.points == 21; }},
-        {"background", [](Preferences& p) { p.styles.plotBackColour = 0x332211; },
+        {"background", [](Settings& p) { p.styles.plotBackColour = 0x332211; },
          [] { return gSettings.styles.plotBackColour == 0x332211; }},
-        {"axes", [](Preferences& p) { p.styles.plotAxesColour = 0x112233; },
+        {"axes", [](Settings& p) { p.styles.plotAxesColour = 0x112233; },
          [] { return gSettings.styles.plotAxesColour == 0x112233; }},
-        {"style of nets", [](Preferences& p) { p.styles.plotAxesStyle = 2; },
+        {"style of nets", [](Settings& p) { p.styles.plotAxesStyle = 2; },
          [] { return gPlotAxesStyle == 2; }},
-        {"north", [](Preferences& p) { p.styles.showNorth = true; },
+        {"north", [](Settings& p) { p.styles.showNorth = true; },
          [] { return gSettings.styles.showNorth; }},
-        {"style of roses", [](Preferences& p) { p.styles.roseAxesStyle = 2; },
+        {"style of roses", [](Settings& p) { p.styles.roseAxesStyle = 2; },
          [] { return gRoseAxesStyle == 2; }},
-        {"outer circle", [](Preferences& p) { p.styles.roseOuterCircle = false; },
+        {"outer circle", [](Settings& p) { p.styles.roseOuterCircle = false; },
          [] { return !gRoseOuterCircle; }},
-        {"compass points", [](Preferences& p) { p.styles.showCompassPoints = true; },
+        {"compass points", [](Settings& p) { p.styles.showCompassPoints = true; },
          [] { return gSettings.styles.showCompassPoints; }},
-        {"width of windows", [](Preferences& p) { p.plotWidthPercent = 70; },
+        {"width of windows", [](Settings& p) { p.windows.plotWidthPercent = 70; },
          [] { return gPlotWidthPercent == 70; }, true},
-        {"aspect of windows", [](Preferences& p) { p.plotAspect = 0.5F; },
+        {"aspect of windows", [](Settings& p) { p.windows.plotAspect = 0.5F; },
          [] { return gPlotAspect == 0.5F; }, true},
-        {"folder", [](Preferences& p) { p.filesDirectory = "/somewhere"; },
+        {"folder", [](Settings& p) { p.files.folder = "/somewhere"; },
          [] { return gSettings.files.folder == "/somewhere"; }},
-        {"pitch", [](Preferences& p) { p.pitchName = "rake"; },
+        {"pitch", [](Settings& p) { p.notation.pitchName = "rake"; },
          [] { return gSettings.notation.pitchName == "rake"; }},
-        {"formulas", [](Preferences& p) { p.formulas = Formulas::Textbook; },
+        {"formulas", [](Settings& p) { p.notation.formulas = Formulas::Textbook; },
          [] { return gSettings.notation.formulas == Formulas::Textbook; }},
-        {"decimals", [](Preferences& p) { p.convertDecimals = true; },
+        {"decimals", [](Settings& p) { p.notation.convertDecimals = true; },
          [] { return gConvertDecimals; }},
-        {"non-data lines", [](Preferences& p) { p.saveNonDataLines = true; },
+        {"non-data lines", [](Settings& p) { p.files.nonDataLines = true; },
          [] { return gSettings.files.nonDataLines; }},
-        {"isolated points", [](Preferences& p) { p.styles.showIsolatedPts = 1; },
+        {"isolated points", [](Settings& p) { p.styles.showIsolatedPts = 1; },
          [] { return gShowIsolatedPts == 1; }},
     };
     return kCases;
@@ -174,9 +174,9 @@ const std::vector<Case>& AllPreferences() {
 
 class PreferencesTest : public EngineTest {
 protected:
-    static void Apply(const std::function<void(Preferences&)>& change,
+    static void Apply(const std::function<void(Settings&)>& change,
                       KeepSettings keep = KeepSettings::No) {
-        Preferences preferences = CurrentPreferences();
+        Settings preferences = CurrentPreferences();
         change(preferences);
         ApplyPreferences(preferences, keep);
     }
@@ -221,7 +221,7 @@ TEST_F(PreferencesTest, WithoutSavingARestartForgetsThem) {
 TEST_F(PreferencesTest, ACopyThatIsDroppedChangesNothing) {
     for (const Case& preference : AllPreferences()) {
         SCOPED_TRACE(preference.name);
-        Preferences preferences = CurrentPreferences();
+        Settings preferences = CurrentPreferences();
         preference.change(preferences);
         EXPECT_FALSE(preference.holds());
     }
@@ -231,7 +231,7 @@ TEST_F(PreferencesTest, DefaultsAreThoseOfAFirstRunAndLeaveTheGlobalsAlone) {
     for (const Case& preference : AllPreferences()) {
         Apply(preference.change);
     }
-    const Preferences start = DefaultPreferences();
+    const Settings start = DefaultPreferences();
     for (const Case& preference : AllPreferences()) {
         EXPECT_TRUE(preference.holds()) << preference.name;
     }
@@ -262,7 +262,7 @@ TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifie
     ASSERT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n(textbook: 045-225)\r\n"),
               std::string::npos);
     ASSERT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = 99999.00"), std::string::npos);
-    Apply([](Preferences& p) { p.formulas = Formulas::Textbook; });
+    Apply([](Settings& p) { p.notation.formulas = Formulas::Textbook; });
     EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 045-225\r\n"), std::string::npos);
     EXPECT_EQ(text(rose, PlotBox::StatsNormal).find("textbook"), std::string::npos);
     EXPECT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = undetermined"), std::string::npos);
@@ -270,13 +270,13 @@ TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifie
     EXPECT_EQ(RecordOf(rose).Modified, 0);
     EXPECT_EQ(RecordOf(fabric).Modified, 0);
     EXPECT_EQ(gActivePlot, fabric);
-    Apply([](Preferences& p) { p.formulas = Formulas::Own; });
+    Apply([](Settings& p) { p.notation.formulas = Formulas::Own; });
     EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 090-270\r\n"), std::string::npos);
 }
 
 TEST_F(PreferencesTest, UseLastResizeEndsWithTheSession) {
     // It is saved under a key that is never read.
-    Apply([](Preferences& p) { p.plotWinLast = true; }, KeepSettings::Yes);
+    Apply([](Settings& p) { p.windows.plotWinLast = true; }, KeepSettings::Yes);
     EXPECT_TRUE(gPlotWinLast);
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     LoadSettings();
@@ -287,18 +287,18 @@ TEST_F(PreferencesTest, ANewMaximumOfPlotsIsSavedAtOnceAndHoldsFromTheNextStart)
     Expect("Do you want to save the changes to the maximum number of plots?", Button::Yes);
     Expect("You will have to exit Quandrel and restart for the changes in the maximum number of "
            "plots to have affect.");
-    Apply([](Preferences& p) { p.maxPlots = 25; });
+    Apply([](Settings& p) { p.newPlots.maxPlots = 25; });
     EXPECT_EQ(gMaxPlots, 10) << "the session keeps its own";
-    EXPECT_EQ(CurrentPreferences().maxPlots, 25);
+    EXPECT_EQ(CurrentPreferences().newPlots.maxPlots, 25);
     // Asked once: the store has it now.
-    Apply([](Preferences& p) { p.styles.roseAxesStyle = 1; });
+    Apply([](Settings& p) { p.styles.roseAxesStyle = 1; });
     LoadSettings();
     EXPECT_EQ(gMaxPlots, 25);
 }
 
 TEST_F(PreferencesTest, AMaximumOfPlotsThatIsNotToBeSavedChangesNothing) {
     Expect("Do you want to save the changes to the maximum number of plots?", Button::No);
-    Apply([](Preferences& p) { p.maxPlots = 25; }, KeepSettings::Yes);
+    Apply([](Settings& p) { p.newPlots.maxPlots = 25; }, KeepSettings::Yes);
     EXPECT_EQ(gMaxPlots, 10);
     LoadSettings();
     EXPECT_EQ(gMaxPlots, 10);
@@ -313,15 +313,15 @@ TEST_F(PreferencesTest, TheNumberOfPlotsIsAWholeOneUpToNinetyNine) {
 }
 
 TEST_F(PreferencesTest, WidthAndAspectComeIntoTheirRanges) {
-    Apply([](Preferences& p) {
-        p.plotWidthPercent = 0;
-        p.plotAspect = 50;
+    Apply([](Settings& p) {
+        p.windows.plotWidthPercent = 0;
+        p.windows.plotAspect = 50;
     });
     EXPECT_EQ(gPlotWidthPercent, 50);
     EXPECT_FLOAT_EQ(gPlotAspect, 0.5F);
-    Apply([](Preferences& p) {
-        p.plotWidthPercent = 150;
-        p.plotAspect = 0;
+    Apply([](Settings& p) {
+        p.windows.plotWidthPercent = 150;
+        p.windows.plotAspect = 0;
     });
     EXPECT_EQ(gPlotWidthPercent, 100);
     EXPECT_FLOAT_EQ(gPlotAspect, 0.75F);
@@ -340,7 +340,7 @@ TEST_F(PreferencesTest, EachOpenPlotIsDrawnAnewAndTheActiveOneStays) {
     AddRow(40, 10);
     const int shown = Form(first).TimesShown();
     const int shownSecond = Form(second).TimesShown();
-    Apply([](Preferences& p) { p.styles.plotAxesStyle = 1; });
+    Apply([](Settings& p) { p.styles.plotAxesStyle = 1; });
     EXPECT_EQ(Form(first).TimesShown(), shown + 1);
     EXPECT_EQ(Form(second).TimesShown(), shownSecond + 1);
     EXPECT_EQ(gActivePlot, second);
@@ -352,7 +352,7 @@ TEST_F(PreferencesTest, ARowWithTheFormerCodeOfItsStyleTakesTheNewOne) {
     AddRow(30, 120, CodeOfStyleRow(kRowSymbol));
     AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
     AddRow(40, 200, MakeSymbolCode(8, 13, 9)); // changed by hand
-    Apply([](Preferences& p) {
+    Apply([](Settings& p) {
         p.styles.symbols[kRowSymbol] = {9, 12, 4};
         p.styles.symbols[kUpRowSymbol] = {10, 13, 5};
     });
@@ -367,7 +367,7 @@ TEST_F(PreferencesTest, ARowHiddenByHandStaysHiddenWhileWhatItGoesBackToFollows)
     NewPlot();
     AddRow(30, 120);
     gDataSymbol.At(gActivePlot, 1) = 0;
-    Apply([](Preferences& p) { p.styles.symbols[kRowSymbol] = {9, 12, 4}; });
+    Apply([](Settings& p) { p.styles.symbols[kRowSymbol] = {9, 12, 4}; });
     EXPECT_EQ(Drawn(1), 0U);
     EXPECT_EQ(Base(1), MakeSymbolCode(9, 12, 4));
 }
@@ -379,7 +379,7 @@ TEST_F(PreferencesTest, StylesThatAreExchangedDoNotMixTheirRows) {
     AddRow(-30, 120, CodeOfStyleRow(kUpRowSymbol));
     const SymbolCode down = CodeOfStyleRow(kRowSymbol);
     const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
-    Apply([](Preferences& p) {
+    Apply([](Settings& p) {
         std::swap(p.styles.symbols[kRowSymbol], p.styles.symbols[kUpRowSymbol]);
     });
     EXPECT_EQ(Drawn(1), up);
@@ -392,7 +392,7 @@ TEST_F(PreferencesTest, OverlayRowsFollowTheStyleOfTheirOverlay) {
     const SymbolCode former = CodeOfStyleRow(kFirstOverlaySymbol + 1);
     AddOverlay(kOverlayPoles, 50, 20, former);
     gDataSymbolBase.At(gActivePlot, 2) = former;
-    Apply([](Preferences& p) { p.styles.symbols[kFirstOverlaySymbol + 1] = {9, 12, 4}; });
+    Apply([](Settings& p) { p.styles.symbols[kFirstOverlaySymbol + 1] = {9, 12, 4}; });
     EXPECT_EQ(Drawn(2), MakeSymbolCode(9, 12, 4));
     EXPECT_EQ(Drawn(1), CodeOfStyleRow(kRowSymbol));
 }
@@ -416,7 +416,7 @@ TEST_F(PreferencesTest, RowsOfClassesFollowTheStyleOfTheirClass) {
     const int ofSecond = ClassifyRow(2, kClassesByNumber);
     ASSERT_NE(ofFirst, ofSecond);
     ASSERT_EQ(Drawn(2), CodeOfClass(ofSecond));
-    Apply([ofSecond](Preferences& p) {
+    Apply([ofSecond](Settings& p) {
         p.styles.symbols[static_cast<std::size_t>(kFirstClassStyle + ofSecond - 1)] = {9, 12, 4};
         p.styles.symbols[kRowSymbol] = {6, 14, 2};
     });
@@ -433,7 +433,7 @@ TEST_F(PreferencesTest, GirdlesInTheFormerStyleTakeTheNewOne) {
         record.AxisItems[1][4 + place] = former[place];
         record.AxisItems[2][4 + place] = std::int16_t{3};
     }
-    Apply([](Preferences& p) { p.styles.axes[kUserGirdleStyle] = {9, 1, 4}; });
+    Apply([](Settings& p) { p.styles.axes[kUserGirdleStyle] = {9, 1, 4}; });
     EXPECT_EQ(NumberOf(record.AxisItems[1][4]), 9);
     EXPECT_EQ(NumberOf(record.AxisItems[1][5]), 1);
     EXPECT_EQ(NumberOf(record.AxisItems[1][6]), 4);
@@ -521,7 +521,7 @@ TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOf) {
     FullStore full;
     gPlatform.settings = &full;
     Expect("could not be saved");
-    Apply([](Preferences& p) { p.styles.showNorth = true; }, KeepSettings::Yes);
+    Apply([](Settings& p) { p.styles.showNorth = true; }, KeepSettings::Yes);
     EXPECT_TRUE(gSettings.styles.showNorth);
     gPlatform.settings = &settings;
 }

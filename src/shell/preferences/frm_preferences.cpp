@@ -132,7 +132,7 @@ void frmPreferences::Connect() {
     connect(tabPreferences, &QTabWidget::currentChanged, this, &frmPreferences::ShowSlots);
     connect(chkUseLastDirectory, &QCheckBox::clicked, this, [this](bool on) {
         if (on) {
-            now_.filesDirectory.clear();
+            now_.files.folder.clear();
         }
         ShowFolder();
     });
@@ -159,17 +159,17 @@ void frmPreferences::Load() {
     chkRoseOuterCircle->setChecked(now_.styles.roseOuterCircle);
     chkShowCompass->setChecked(now_.styles.showCompassPoints);
     chkShowNorth->setChecked(now_.styles.showNorth);
-    txtPlotSize->setText(QString::number(now_.plotWidthPercent));
-    chkPlotLast->setChecked(now_.plotWinLast);
-    cboPlotAspect->setEditText(
-        QString::fromStdString(FormatNumber(static_cast<double>(now_.plotAspect), "Fixed")));
-    txtNumPlots->setText(QString::fromStdString(FormatNumber(now_.maxPlots, "#0")));
-    optPitchName[now_.pitchName == "rake" ? 1 : 0]->setChecked(true);
-    optFormulas[now_.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
-    chkDecimalConv->setChecked(now_.convertDecimals);
-    chkSaveLinesOption->setChecked(now_.saveNonDataLines);
+    txtPlotSize->setText(QString::number(now_.windows.plotWidthPercent));
+    chkPlotLast->setChecked(now_.windows.plotWinLast);
+    cboPlotAspect->setEditText(QString::fromStdString(
+        FormatNumber(static_cast<double>(now_.windows.plotAspect), "Fixed")));
+    txtNumPlots->setText(QString::fromStdString(FormatNumber(now_.newPlots.maxPlots, "#0")));
+    optPitchName[now_.notation.pitchName == "rake" ? 1 : 0]->setChecked(true);
+    optFormulas[now_.notation.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
+    chkDecimalConv->setChecked(now_.notation.convertDecimals);
+    chkSaveLinesOption->setChecked(now_.files.nonDataLines);
     chkIsolatedPts->setChecked(now_.styles.showIsolatedPts != 0);
-    chkUseLastDirectory->setChecked(now_.filesDirectory.empty());
+    chkUseLastDirectory->setChecked(now_.files.folder.empty());
     const auto check = [](QButtonGroup& cells, int id) {
         if (QAbstractButton* cell = cells.button(id)) {
             cell->setChecked(true);
@@ -184,8 +184,8 @@ void frmPreferences::Load() {
     DrawPictures();
 }
 
-Preferences frmPreferences::Choice() const {
-    Preferences choice = now_;
+Settings frmPreferences::Choice() const {
+    Settings choice = now_;
     choice.styles.roseOuterCircle = chkRoseOuterCircle->isChecked();
     choice.styles.showCompassPoints = chkShowCompass->isChecked();
     choice.styles.showNorth = chkShowNorth->isChecked();
@@ -196,18 +196,21 @@ Preferences frmPreferences::Choice() const {
     if (roseStyles_->checkedId() >= 0 && roseStyles_->checkedId() != formerRose) {
         choice.styles.roseAxesStyle = static_cast<std::int16_t>(roseStyles_->checkedId());
     }
-    choice.plotWidthPercent = PlotWidthOf(NumberIn(txtPlotSize->text(), now_.plotWidthPercent));
+    choice.windows.plotWidthPercent =
+        PlotWidthOf(NumberIn(txtPlotSize->text(), now_.windows.plotWidthPercent));
     const std::string aspect = cboPlotAspect->currentText().toStdString();
-    const std::string formerAspect = FormatNumber(static_cast<double>(now_.plotAspect), "Fixed");
+    const std::string formerAspect =
+        FormatNumber(static_cast<double>(now_.windows.plotAspect), "Fixed");
     if (aspect != formerAspect) { // two decimals may be fewer than it has
-        choice.plotAspect = PlotAspectOf(NumberFromText(aspect, gDecimalIsComma));
+        choice.windows.plotAspect = PlotAspectOf(NumberFromText(aspect, gDecimalIsComma));
     }
-    choice.plotWinLast = chkPlotLast->isChecked();
-    choice.maxPlots = MaxPlotsOf(txtNumPlots->text().toStdString(), now_.maxPlots);
-    choice.pitchName = optPitchName[1]->isChecked() ? "rake" : "pitch";
-    choice.formulas = optFormulas[1]->isChecked() ? Formulas::Textbook : Formulas::Own;
-    choice.convertDecimals = chkDecimalConv->isChecked();
-    choice.saveNonDataLines = chkSaveLinesOption->isChecked();
+    choice.windows.plotWinLast = chkPlotLast->isChecked();
+    choice.newPlots.maxPlots =
+        MaxPlotsOf(txtNumPlots->text().toStdString(), now_.newPlots.maxPlots);
+    choice.notation.pitchName = optPitchName[1]->isChecked() ? "rake" : "pitch";
+    choice.notation.formulas = optFormulas[1]->isChecked() ? Formulas::Textbook : Formulas::Own;
+    choice.notation.convertDecimals = chkDecimalConv->isChecked();
+    choice.files.nonDataLines = chkSaveLinesOption->isChecked();
     const bool showsIsolated = chkIsolatedPts->isChecked();
     if (showsIsolated != (now_.styles.showIsolatedPts != 0)) {
         choice.styles.showIsolatedPts = showsIsolated ? 1 : 0;

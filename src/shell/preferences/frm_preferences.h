@@ -75,7 +75,7 @@ public:
     frmPreferences(QWidget* parent, int tab);
 
     /// What the dialog would let take hold, as its controls stand.
-    [[nodiscard]] Preferences Choice() const;
+    [[nodiscard]] Settings Choice() const;
 
     /// True for the settings to be saved too.
     [[nodiscard]] bool IsSaveWanted() const;
@@ -181,7 +181,7 @@ private:
     void ShowFonts();
     void ShowFolder();
     void DrawPictures();
-    Preferences now_;
+    Settings now_;
     std::array<std::optional<StyleSlot>, 3> current_; ///< of the first three pages
     std::map<QAbstractButton*, StyleSlot> slots_;     ///< of each sample that can be picked
     std::array<QButtonGroup*, 3> samples_{};          ///< the samples of the first three pages

@@ -239,7 +239,7 @@ QWidget* frmPreferences::MakeGeneralPage() {
 
 void frmPreferences::ShowFolder() {
     const bool isSet = !chkUseLastDirectory->isChecked();
-    txtDirectory->setText(QString::fromStdString(now_.filesDirectory));
+    txtDirectory->setText(QString::fromStdString(now_.files.folder));
     txtDirectory->setEnabled(isSet);
     cmdDirectory->setEnabled(isSet);
     cmdDirectory->setToolTip(isSet ? "Choose the folder that file dialogs start in"
@@ -247,11 +247,11 @@ void frmPreferences::ShowFolder() {
 }
 
 void frmPreferences::ChooseFolder() {
-    const auto folder = askFolder(QString::fromStdString(now_.filesDirectory));
+    const auto folder = askFolder(QString::fromStdString(now_.files.folder));
     if (!folder) {
         return;
     }
-    now_.filesDirectory = folder->toStdString();
+    now_.files.folder = folder->toStdString();
     chkUseLastDirectory->setChecked(folder->isEmpty());
     ShowFolder();
 }

@@ -60,7 +60,7 @@ protected:
         QTest::mouseClick(&Button(name), button);
     }
 
-    [[nodiscard]] Preferences Choice() const { return dialog_->Choice(); }
+    [[nodiscard]] Settings Choice() const { return dialog_->Choice(); }
 
     static QString Plain(QString text) { return text.remove('&'); }
 
@@ -254,7 +254,7 @@ TEST_F(PreferencesWindow, EverySymbolSampleTakesShapeColourAndSize) {
         QTest::keyClick(&Button("picSymbolTypes_14"), Qt::Key_Space);
         QTest::keyClick(&Button("picColour_18"), Qt::Key_Space);
         dialog_->spnSymbSize->setValue(11);
-        const Preferences choice = Choice();
+        const Settings choice = Choice();
         const SymbolRow& style = row < 0 ? choice.styles.axes[kBetaAxisStyle]
                                          : choice.styles.symbols[static_cast<std::size_t>(row)];
         EXPECT_EQ(style, (SymbolRow{18, 14, 11}));
@@ -383,7 +383,7 @@ TEST_F(PreferencesWindow, PlotStylesAreChosenByTheirSamples) {
     EXPECT_FALSE(Choice().styles.roseOuterCircle);
     EXPECT_TRUE(Choice().styles.showCompassPoints);
     EXPECT_TRUE(Choice().styles.showNorth);
-    EXPECT_TRUE(Choice().plotWinLast);
+    EXPECT_TRUE(Choice().windows.plotWinLast);
 }
 
 TEST_F(PreferencesWindow, TheLastStyleOfRosesStaysWhileNoOtherIsChosen) {
@@ -411,13 +411,13 @@ TEST_F(PreferencesWindow, SizesOfWindowsAreNumbersInEitherLocale) {
         {"0.50", 0.5F}, {"0,6", 0.6F}, {"80", 0.8F}, {"wide", 0.75F}, {"-1", 0.75F}};
     for (const auto& [text, expected] : aspects) {
         dialog_->cboPlotAspect->setEditText(text);
-        EXPECT_FLOAT_EQ(Choice().plotAspect, expected) << text.toStdString();
+        EXPECT_FLOAT_EQ(Choice().windows.plotAspect, expected) << text.toStdString();
     }
     const std::vector<std::pair<QString, int>> widths = {
         {"70", 70}, {"0", 50}, {"150", 100}, {"wide", 50}};
     for (const auto& [text, expected] : widths) {
         dialog_->txtPlotSize->setText(text);
-        EXPECT_EQ(Choice().plotWidthPercent, expected) << text.toStdString();
+        EXPECT_EQ(Choice().windows.plotWidthPercent, expected) << text.toStdString();
     }
 }
 
@@ -425,7 +425,7 @@ TEST_F(PreferencesWindow, AnAspectOfMoreDecimalsStaysWhenItIsNotTouched) {
     gPlotAspect = 0.618F;
     Open(kPlotStylePage);
     EXPECT_EQ(dialog_->cboPlotAspect->currentText(), "0.62");
-    EXPECT_FLOAT_EQ(Choice().plotAspect, 0.618F);
+    EXPECT_FLOAT_EQ(Choice().windows.plotAspect, 0.618F);
 }
 
 TEST_F(PreferencesWindow, FontsAndTheirColoursAreAskedFor) {
@@ -468,12 +468,12 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     dialog_->chkDecimalConv->click();
     dialog_->chkSaveLinesOption->click();
     dialog_->chkIsolatedPts->click();
-    const Preferences choice = Choice();
-    EXPECT_EQ(choice.maxPlots, 42);
-    EXPECT_EQ(choice.pitchName, "rake");
-    EXPECT_EQ(choice.formulas, Formulas::Textbook);
-    EXPECT_TRUE(choice.convertDecimals);
-    EXPECT_TRUE(choice.saveNonDataLines);
+    const Settings choice = Choice();
+    EXPECT_EQ(choice.newPlots.maxPlots, 42);
+    EXPECT_EQ(choice.notation.pitchName, "rake");
+    EXPECT_EQ(choice.notation.formulas, Formulas::Textbook);
+    EXPECT_TRUE(choice.notation.convertDecimals);
+    EXPECT_TRUE(choice.files.nonDataLines);
     EXPECT_EQ(choice.styles.showIsolatedPts, 1);
     EXPECT_FALSE(gConvertDecimals);
     EXPECT_EQ(gSettings.notation.pitchName, "pitch");
@@ -488,9 +488,9 @@ TEST_F(PreferencesWindow, ADataFolderIsChosenOrThatOfTheLastFileIsUsed) {
     dialog_->askFolder = [](const QString&) { return std::optional<QString>("/somewhere"); };
     QTest::mouseClick(dialog_->cmdDirectory, Qt::LeftButton);
     EXPECT_EQ(dialog_->txtDirectory->text(), "/somewhere");
-    EXPECT_EQ(Choice().filesDirectory, "/somewhere");
+    EXPECT_EQ(Choice().files.folder, "/somewhere");
     dialog_->chkUseLastDirectory->click();
-    EXPECT_EQ(Choice().filesDirectory, "");
+    EXPECT_EQ(Choice().files.folder, "");
 }
 
 TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
@@ -503,13 +503,13 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     gSettings.styles.plotBackColour = 0;
     Open(0);
     QTest::mouseClick(dialog_->cmdOK[2], Qt::LeftButton);
-    const Preferences choice = Choice();
+    const Settings choice = Choice();
     EXPECT_EQ(choice.styles.symbols[0], (SymbolRow{5, 3, 2}));
     EXPECT_EQ(choice.styles.colours[9], 16576U);
     EXPECT_EQ(choice.styles.plotAxesStyle, 0);
     EXPECT_FALSE(choice.styles.showNorth);
     EXPECT_EQ(choice.styles.fonts[0].font.points, 8);
-    EXPECT_EQ(choice.pitchName, "pitch");
+    EXPECT_EQ(choice.notation.pitchName, "pitch");
     EXPECT_EQ(choice.styles.plotBackColour, 0xffffffU);
     EXPECT_EQ(gPlotAxesStyle, 3) << "nothing holds before OK";
 }
