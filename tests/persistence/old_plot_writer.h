@@ -60,8 +60,8 @@ struct OldPlot {
 
 class OldPlotWriter {
 public:
-    explicit OldPlotWriter(const OldPlot& plot)
-        : plot_(plot) {
+    explicit OldPlotWriter(OldPlot plot)
+        : plot_(std::move(plot)) {
         Heading();
         Rows();
         Cells();
