@@ -3,6 +3,7 @@
 // Edits by mouse and keys in the real windows.
 
 #include "edit/marks/annotations.h"
+#include "edit/rows/paste_rows.h"
 #include "orientation/angles.h"
 #include "shell/plot/plot_editing_fixture.h"
 #include "support/drawing_requests.h"
@@ -251,6 +252,7 @@ TEST_F(PlotEditing, RowsPasteBetweenPlotsOfDifferentKindsWithTheQuestionAnswered
 
 TEST_F(PlotEditing, TextOfASpreadsheetGoesThroughTheFormatDialogOnce) {
     int asked = 0;
+    ForgetPasteFormat(); // that of a test before
     OpenFile("a.txt");
     prompts.OnFormat([&asked](const FormatQuestion& question) -> std::optional<FormatAnswer> {
         EXPECT_EQ(question.command, "Paste");
