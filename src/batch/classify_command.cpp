@@ -172,7 +172,7 @@ void TakeGiven(Draft& draft) {
 
 /// The classes of a rose: what the stereo plot calls its mode is the rose's kind of class.
 std::string ApplyToRose(ClassSettings& settings) {
-    RoseSettings rose = RoseSettingsOfActivePlot();
+    RoseSettings rose = RoseSettingsOf(ActiveRecord());
     settings.treatAsNumeric = settings.mode == kClassesByTextNumber;
     rose.table = TableOfSettings(settings, ActiveRecord().ClassTable);
     rose.classes = settings.mode == kNotClassified     ? kRoseUnclassified

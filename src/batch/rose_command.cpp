@@ -3,6 +3,7 @@
 #include "batch/rose_command.h"
 
 #include "batch/key_values.h"
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "rose/rose_go.h"
 
@@ -73,7 +74,7 @@ const Takers<RoseSettings>& RoseTakers() {
 } // namespace
 
 std::string ApplyRoseArguments(const std::vector<Argument>& arguments) {
-    RoseSettings settings = RoseSettingsOfActivePlot();
+    RoseSettings settings = RoseSettingsOf(ActiveRecord());
     std::string error = TakeArguments(arguments, RoseTakers(), "a rose", settings);
     if (error.empty()) {
         if (const std::optional<RoseRefusal> refusal = ApplyRoseSettings(settings)) {

@@ -86,7 +86,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
     }
     KeepAxesApart(plot);
     if (record.PlotKind == kRose) {
-        WorkOutRose(plot, how.cause);
+        WorkOutRose(plot, how.cause, how.formulas);
         return;
     }
     // A change of the main rows of a plot with overlays shows in its statistics too.
@@ -104,7 +104,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
 
 void WorkOutUnseen(Plot& plot) {
     if (plot.record.PlotKind == kRose) {
-        WorkOutRoseUnseen(plot);
+        WorkOutRoseUnseen(plot, gSettings.notation.formulas);
     }
 }
 

@@ -168,8 +168,7 @@ std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const Plo
 
 } // namespace
 
-RoseSettings RoseSettingsOfActivePlot() {
-    const PlotRecord& record = ActiveRecord();
+RoseSettings RoseSettingsOf(const PlotRecord& record) {
     RoseSettings settings;
     settings.kind = IsRoseKind(RoseKindOf(record.RoseType)) ? RoseKindOf(record.RoseType)
                                                             : static_cast<int>(kRoseFrequency);
@@ -227,10 +226,10 @@ void PlotRoseSettings(const RoseSettings& settings) {
         RebuildRowTable(gActivePlot);
     }
     // A net that becomes a rose is looked at another way; other settings are to be saved.
-    const RoseSettings former = RoseSettingsOfActivePlot();
+    const RoseSettings former = RoseSettingsOf(record);
     const ClassTableCells formerTable = record.ClassTable;
     Write(settings, record);
-    if (!(RoseSettingsOfActivePlot() == former) || record.ClassTable != formerTable) {
+    if (!(RoseSettingsOf(record) == former) || record.ClassTable != formerTable) {
         record.Modified = kTrue;
     }
     gRoseOuterCircle = settings.outerCircle;

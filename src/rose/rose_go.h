@@ -40,8 +40,8 @@ struct RoseSettings {
     bool operator==(const RoseSettings&) const = default;
 };
 
-/// The settings of the rose of gActivePlot.
-[[nodiscard]] RoseSettings RoseSettingsOfActivePlot();
+/// The settings of the rose of a plot, and the outer circle of all roses.
+[[nodiscard]] RoseSettings RoseSettingsOf(const PlotRecord& record);
 
 /// What a refusal is about.
 enum class RoseField {

@@ -125,7 +125,7 @@ void CheckClasses(Plot& plot) {
 }
 
 /// Counts rows and works out statistics after a change. False when the user wants none of it.
-bool CountAnew(Plot& plot) {
+bool CountAnew(Plot& plot, Formulas formulas) {
     gPlatform.status->SetText(kCountingText);
     if (!CountRose(plot, MayAsk::Yes)) {
         gPlatform.status->SetText({});
@@ -133,41 +133,41 @@ bool CountAnew(Plot& plot) {
     }
     MendFault(plot);
     CheckClasses(plot);
-    WorkOutCircularStats(plot, MeasureOfRose(plot.record.RoseType), gSettings.notation.formulas);
+    WorkOutCircularStats(plot, MeasureOfRose(plot.record.RoseType), formulas);
     gPlatform.status->SetText({});
     plot.record.RowsChanged = 0;
-    RememberRose(plot, gSettings.notation.formulas);
+    RememberRose(plot, formulas);
     return true;
 }
 
 /// Fills the tables for the statistics that the record has.
-void CountAgain(Plot& plot, MayAsk mayAsk) {
+void CountAgain(Plot& plot, Formulas formulas, MayAsk mayAsk) {
     CountAccepted(plot, mayAsk);
-    RoseOf(plot).confidence = RoseConfidenceOf(plot, gSettings.notation.formulas);
+    RoseOf(plot).confidence = RoseConfidenceOf(plot, formulas);
 }
 
 /// Brings the tables up to date with the plot. False when there is nothing to draw.
-bool PrepareTables(Plot& plot, ReplotCause cause) {
+bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
     const bool recalculate = cause == ReplotCause::Rows;
     if (!recalculate && IsRoseRefused(plot)) {
         return false;
     }
-    const bool isStale = IsRoseStale(plot, gSettings.notation.formulas);
+    const bool isStale = IsRoseStale(plot, formulas);
     if (cause == ReplotCause::Repaint) {
         if (isStale) {
             return false; // the command that changed the plot counts, and asks what it has to
         }
     } else if (recalculate || plot.record.RoseRangeA[0][kInPerCent] == 0 || isStale) {
-        if (CountAnew(plot)) {
+        if (CountAnew(plot, formulas)) {
             return true;
         }
-        if (!RestoreRose(plot, gSettings.notation.formulas)) {
+        if (!RestoreRose(plot, formulas)) {
             RefuseRose(plot);
             return false;
         }
     }
     if (!RoseOf(plot).isCounted) {
-        CountAgain(plot, cause == ReplotCause::Repaint ? MayAsk::No : MayAsk::Yes);
+        CountAgain(plot, formulas, cause == ReplotCause::Repaint ? MayAsk::No : MayAsk::Yes);
     }
     return true;
 }
@@ -259,21 +259,20 @@ int TakeRoseFault(Plot& plot) {
     return std::exchange(RoseOf(plot).fault, kNoRoseFault);
 }
 
-void WorkOutRose(Plot& plot, ReplotCause cause) {
-    WorkOutPetals(plot, plot.record.NumValidData != 0 && PrepareTables(plot, cause));
+void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas) {
+    WorkOutPetals(plot, plot.record.NumValidData != 0 && PrepareTables(plot, cause, formulas));
     if (RoseOf(plot).isShown) {
         StoreRoseInterval(plot.record);
-        WriteTexts(plot, RoseStatsShort(plot, gSettings.notation.formulas),
-                   RoseStatsFull(plot, gSettings.notation.formulas));
+        WriteTexts(plot, RoseStatsShort(plot, formulas), RoseStatsFull(plot, formulas));
     } else if (cause != ReplotCause::Repaint) {
         WriteNumberAlone(plot);
     }
 }
 
-void WorkOutRoseUnseen(Plot& plot) {
+void WorkOutRoseUnseen(Plot& plot, Formulas formulas) {
     const bool isReady = plot.record.NumValidData != 0 && !IsRoseRefused(plot);
-    if (isReady && (!RoseOf(plot).isCounted || IsRoseStale(plot, gSettings.notation.formulas))) {
-        CountAgain(plot, MayAsk::No);
+    if (isReady && (!RoseOf(plot).isCounted || IsRoseStale(plot, formulas))) {
+        CountAgain(plot, formulas, MayAsk::No);
     }
     WorkOutPetals(plot, isReady);
 }
@@ -288,7 +287,8 @@ void DrawRose(const Plot& plot, const Drawing& drawing) {
 
 void RosePlot(bool recalculate) {
     const Drawing drawing = WindowDrawing(gActivePlot);
-    WorkOutRose(ActivePlot(), recalculate ? ReplotCause::Rows : ReplotCause::Settings);
+    WorkOutRose(ActivePlot(), recalculate ? ReplotCause::Rows : ReplotCause::Settings,
+                gSettings.notation.formulas);
     DrawRose(ActivePlot(), drawing);
 }
 

@@ -6,7 +6,7 @@
 // Inside the folder: sectors, counts, circular statistics, petals, scale, the rules of the dialog.
 // Enters: azimuths of a plot's rows with their weights and classes, and the rose's settings.
 // Leaves: what is to be drawn, attached to the plot (rose_tables.h), statistics in its record and
-// texts in its window; from there petals and texts on a surface, lines of its legend.
+// their texts; from there petals and names on a surface, lines of its legend.
 // The kernels are functions of values.
 
 #pragma once
@@ -34,21 +34,22 @@ namespace quandrel {
 /// The warning about decimal delimiters has been given in this run of the program.
 extern bool gRoseClassWarned;
 
-/// Works out the rose of a plot for its window, and writes its statistics into the boxes of the
-/// window, if there is one. A plot without valid rows has nothing to draw.
+/// Works out the rose of a plot, and the texts of its statistics (core/plot_texts.h). A plot
+/// without valid rows has nothing to draw.
 ///
 /// @param cause  Rows counts the rows anew. They are counted also when they never were, or the
 ///     tables are stale; the statistics then stand as long as rows and settings do. Repaint asks
 ///     nothing: a stale rose has nothing to draw
+/// @param formulas  of the circular statistics
 ///
 /// Settings that the data cannot show give a message and a rose of frequencies. When the user does
 /// not want the smaller last sector that a size makes, the old rose of the plot stays, with its
 /// settings; without one there is nothing to draw until rows or size change.
-void WorkOutRose(Plot& plot, ReplotCause cause);
+void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas);
 
 /// Works out the rose of a plot for a page or a file: rows are counted where they never were, or
 /// the tables are stale. No text changes, nothing is asked or told.
-void WorkOutRoseUnseen(Plot& plot);
+void WorkOutRoseUnseen(Plot& plot, Formulas formulas);
 
 /// Draws the rose of a plot as it was worked out, wedges, scale and mean. It can be called by
 /// several threads at once.

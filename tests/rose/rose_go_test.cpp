@@ -89,7 +89,7 @@ TEST_F(RoseGoTest, ReadsBackWhatItWrote) {
     EXPECT_EQ(record.RoseHistStyle, 2);
     EXPECT_EQ(record.Modified, kTrue);
     EXPECT_EQ(requests.Causes(), std::vector<ReplotCause>{ReplotCause::Rows});
-    const RoseSettings read = RoseSettingsOfActivePlot();
+    const RoseSettings read = RoseSettingsOf(ActiveRecord());
     EXPECT_EQ(read.kind, rose.kind);
     EXPECT_EQ(read.classes, rose.classes);
     EXPECT_EQ(read.shape, rose.shape);
@@ -139,11 +139,11 @@ TEST_F(RoseGoTest, LeavesAutoInThePlot) {
     EXPECT_EQ(ApplyRoseSettings({}).verdict, RoseVerdict::Done);
     EXPECT_EQ(RoseScaleInterval(Record()), 10) << "three of six in one sector: 50 %";
     EXPECT_EQ(Record().RoseScaleType, "tickauto");
-    EXPECT_FALSE(RoseSettingsOfActivePlot().interval);
-    EXPECT_EQ(ApplyRoseSettings(RoseSettingsOfActivePlot()).verdict, RoseVerdict::Done);
+    EXPECT_FALSE(RoseSettingsOf(ActiveRecord()).interval);
+    EXPECT_EQ(ApplyRoseSettings(RoseSettingsOf(ActiveRecord())).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tickauto");
     EXPECT_EQ(gSettings.newPlots.rose.scaleType, "tickauto");
-    RoseSettings rose = RoseSettingsOfActivePlot();
+    RoseSettings rose = RoseSettingsOf(ActiveRecord());
     rose.interval = 10;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick10");
@@ -153,7 +153,7 @@ TEST_F(RoseGoTest, LeavesAutoInThePlot) {
 TEST_F(RoseGoTest, MakesNoDefaultOfAnIntervalThatThePlotHad) {
     gSettings.newPlots.rose.scaleType = "tickauto";
     Record().RoseScaleType = "tick4"; // of an older file
-    RoseSettings rose = RoseSettingsOfActivePlot();
+    RoseSettings rose = RoseSettingsOf(ActiveRecord());
     rose.sectorFraction = 60;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseScaleType, "tick4");
@@ -223,7 +223,7 @@ TEST_F(RoseGoTest, WritesOwnLinesAsAMark) {
     rose.ownLines = true;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().RoseSamplePlunge, -9999);
-    EXPECT_TRUE(RoseSettingsOfActivePlot().ownLines);
+    EXPECT_TRUE(RoseSettingsOf(ActiveRecord()).ownLines);
 }
 
 TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
@@ -275,7 +275,7 @@ TEST_F(RoseGoTest, RefusesWhatCannotBeDrawn) {
 
 TEST_F(RoseGoTest, ARoseWithItsSettingsAsTheyWereChangesNothingThatIsToBeSaved) {
     Record().Modified = 0;
-    RoseSettings rose = RoseSettingsOfActivePlot();
+    RoseSettings rose = RoseSettingsOf(ActiveRecord());
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
     EXPECT_EQ(Record().PlotKind, kRose);
     EXPECT_EQ(Record().Modified, 0);

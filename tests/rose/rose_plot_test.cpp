@@ -363,12 +363,29 @@ TEST_F(RosePlotTest, SaysAndChangesNothingForPagesAndFiles) {
     AddRows({{300, kInvalidNumber, ""}});
     Record().RoseType = kRoseValue;
     Record().RoseSectorSize = 7;
-    WorkOutRoseUnseen(ActivePlot()); // neither the question nor the fault
+    WorkOutRoseUnseen(ActivePlot(), Formulas::Own); // neither the question nor the fault
     EXPECT_EQ(Record().RoseType, kRoseValue);
     EXPECT_EQ(Form(gActivePlot).Told(PlotBox::StatsNormal), "");
     gActivePlot = first;
-    WorkOutRoseUnseen(ActivePlot());
+    WorkOutRoseUnseen(ActivePlot(), Formulas::Own);
     EXPECT_EQ(ActiveRose().wedges.size(), 2U);
+}
+
+TEST_F(RosePlotTest, WaitsForItsCommandWhenPaintedAndIsCountedForAPage) {
+    AddFourRows();
+    RosePlot();
+    AddRows({{200, 1, "1"}});
+    Plot& plot = ActivePlot();
+    RecordingSurface page(600, 600);
+    const Drawing drawing{page, page, gSettings.styles, DrawnFor::Paper};
+    WorkOutRose(plot, ReplotCause::Repaint, Formulas::Own);
+    DrawRose(plot, drawing);
+    EXPECT_TRUE(page.Operations().empty());
+    WorkOutRoseUnseen(plot, Formulas::Own);
+    DrawRose(plot, drawing);
+    EXPECT_EQ(ActiveRose().wedges.size(), 3U);
+    EXPECT_EQ(page.Operations().front().kind, DrawOperation::Kind::Wedge);
+    EXPECT_NE(Record().RowsChanged, 0) << "the window has not shown them yet";
 }
 
 } // namespace quandrel

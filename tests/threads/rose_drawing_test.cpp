@@ -40,7 +40,7 @@ protected:
             plot.rows.number.At(row) = static_cast<float>(row % 7 + 1);
             plot.rows.text.Set(row, std::to_string(row % 5 + 1));
         }
-        WorkOutRose(plot, ReplotCause::Rows);
+        WorkOutRose(plot, ReplotCause::Rows, Formulas::Own);
     }
 
     /// What a drawing of a rose leaves on a surface.

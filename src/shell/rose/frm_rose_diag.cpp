@@ -135,7 +135,7 @@ void frmRoseDiag::Load() {
     }
     (void)TakeRoseFault(ActivePlot()); // its message told of it
     setWindowTitle("Rose: " + QString::fromStdString(ActiveRecord().PlotTitle));
-    const RoseSettings settings = RoseSettingsOfActivePlot();
+    const RoseSettings settings = RoseSettingsOf(ActiveRecord());
     Choose(optRoseType, settings.kind);
     Choose(optRoseClassif, settings.classes);
     Choose(optRoseOptions, settings.shape);

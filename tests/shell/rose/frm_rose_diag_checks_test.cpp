@@ -46,7 +46,7 @@ TEST_F(RoseDialogTest, GoMarksTheBoxThatItRefusesAndSaysWhy) {
         dialog->tabRose->setCurrentIndex(kRoseTypePage);
         Type(test.box, test.text);
         const QColor unmarked = box.palette().color(QPalette::Base);
-        const RoseSettings before = RoseSettingsOfActivePlot();
+        const RoseSettings before = RoseSettingsOf(ActiveRecord());
         Go();
         EXPECT_NE(box.palette().color(QPalette::Base), unmarked) << test.box << test.text;
         EXPECT_EQ(dialog->tabRose->currentIndex(), test.page);
@@ -312,7 +312,7 @@ TEST_F(RoseDialogTest, TakesNumbersAsTheyAreTyped) {
     EXPECT_EQ(interval.currentText(), "1") << "there is a 10 in the list";
     Go();
     EXPECT_EQ(Record().RoseSectorSize, 360.0 / 7);
-    EXPECT_EQ(RoseSettingsOfActivePlot().interval, 1);
+    EXPECT_EQ(RoseSettingsOf(ActiveRecord()).interval, 1);
 }
 
 } // namespace
