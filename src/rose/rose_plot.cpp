@@ -26,7 +26,7 @@
 
 namespace quandrel {
 
-bool gRoseClassWarned = false;
+constinit RoseWarnings RoseWarnings::now;
 
 namespace {
 

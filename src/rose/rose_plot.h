@@ -31,8 +31,14 @@ namespace quandrel {
 /// called, or kNoRoseFault.
 [[nodiscard]] int TakeRoseFault(Plot& plot);
 
-/// The warning about decimal delimiters has been given in this run of the program.
-extern bool gRoseClassWarned;
+/// What a run of the program has already warned of.
+struct RoseWarnings {
+    bool ofDelimiters = false; ///< texts of classes with the other decimal delimiter
+
+    static RoseWarnings now;
+};
+
+inline constinit auto& gRoseClassWarned = RoseWarnings::now.ofDelimiters;
 
 /// Works out the rose of a plot, and the texts of its statistics (core/plot_texts.h). A plot
 /// without valid rows has nothing to draw.
