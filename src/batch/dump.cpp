@@ -328,6 +328,15 @@ void WriteOperations(JsonWriter& writer, const RecordingSurface& surface) {
                [&](std::size_t i) { writer.Text(OperationText(operations[i])); });
 }
 
+/// The named fields of a part.
+template <class Part>
+Json FieldsJson(const Part& part) {
+    Json json = Json::object();
+    const auto add = [&json](const char* name, const auto& field) { json[name] = field; };
+    VisitFieldsOf(part, add);
+    return json;
+}
+
 Json AnnotationsJson(const PlotRecord& record) {
     Json marks = Json::array();
     if (record.PlotAnnotations == nullptr) {
@@ -338,32 +347,18 @@ Json AnnotationsJson(const PlotRecord& record) {
         for (const LineNode& node : mark.LineNodes) {
             nodes.push_back({node.X, node.Y});
         }
-        marks.push_back({{"X", mark.X},
-                         {"Y", mark.Y},
-                         {"SymbolType", mark.SymbolType},
-                         {"Colour", mark.Colour},
-                         {"Size", mark.Size},
-                         {"lineStyle", mark.lineStyle},
-                         {"Tag", mark.Tag},
-                         {"LineNodes", nodes}});
+        marks.push_back(FieldsJson(mark));
+        marks.back()["LineNodes"] = std::move(nodes);
     }
     return marks;
 }
 
 Json SmallCirclesJson(const PlotRecord& record) {
     Json circles = Json::array();
-    if (record.PlotSmallCircles == nullptr) {
-        return circles;
-    }
-    for (const SmallCircle& circle : *record.PlotSmallCircles) {
-        circles.push_back({{"LineColour", circle.LineColour},
-                           {"lineStyle", circle.lineStyle},
-                           {"LineWidth", circle.LineWidth},
-                           {"Visible", circle.Visible},
-                           {"LastPlotSects", circle.LastPlotSects},
-                           {"Angle", circle.Angle},
-                           {"AxisAz", circle.AxisAz},
-                           {"AxisPl", circle.AxisPl}});
+    if (record.PlotSmallCircles != nullptr) {
+        for (const SmallCircle& circle : *record.PlotSmallCircles) {
+            circles.push_back(FieldsJson(circle));
+        }
     }
     return circles;
 }

@@ -2,7 +2,7 @@
 
 #include "batch/field_access.h"
 
-#include "core/plot_fields.h"
+#include "core/plot_record.h"
 #include "orientation/number_text.h"
 
 #include <nlohmann/json.hpp>

@@ -89,10 +89,7 @@ void TrackTextIn(Range& range, std::string_view text) {
 } // namespace
 
 void ResetAppendedRange(PlotRecord& record) {
-    const AppendedRange none;
-    record.AppendedMin = none.AppendedMin;
-    record.AppendedMax = none.AppendedMax;
-    record.DistinctValues = none.DistinctValues;
+    static_cast<RecordRanges&>(record) = AppendedRange();
 }
 
 void TrackAppendedRange(Plot& plot, std::int32_t row) {

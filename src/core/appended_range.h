@@ -6,7 +6,6 @@
 
 #include "core/plot.h"
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -16,11 +15,12 @@ namespace quandrel {
 inline constexpr double kNoMinimum = 999999999999999.0;
 inline constexpr double kNoMaximum = -999999999999999.0;
 
-/// The range of rows that are not in a plot yet. The fields are those of a record.
-struct AppendedRange {
-    std::array<double, 2> AppendedMin{kNoMinimum, kNoMinimum};
-    std::array<double, 2> AppendedMax{kNoMaximum, kNoMaximum};
-    Table<TaggedValue, kDistinctValues, 2> DistinctValues;
+/// The range of rows that are not in a plot yet, without a value at first.
+struct AppendedRange : RecordRanges {
+    AppendedRange() {
+        AppendedMin.fill(kNoMinimum);
+        AppendedMax.fill(kNoMaximum);
+    }
 };
 
 /// Forgets range and distinct values of a record.

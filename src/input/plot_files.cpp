@@ -51,15 +51,15 @@ void TakeFileOut(PlotRecord& record, const std::string& path) {
 }
 
 PlotBeforeLoad StateOf(const PlotRecord& record) {
-    return {record.NumFiles,  record.FileNames,   record.MainFiles,   record.OverlayFiles,
-            record.FileTitle, record.PlotTitle,   CountsOf(record),   record.SelectedOverlay,
-            record.Modified,  record.AppendedMin, record.AppendedMax, record.DistinctValues};
+    return {record.NumFiles,  record.FileNames,
+            record.MainFiles, record.OverlayFiles,
+            record.FileTitle, record.PlotTitle,
+            CountsOf(record), record.SelectedOverlay,
+            record.Modified,  static_cast<const RecordRanges&>(record)};
 }
 
 void RestoreRanges(PlotRecord& record, const PlotBeforeLoad& before) {
-    record.AppendedMin = before.appendedMin;
-    record.AppendedMax = before.appendedMax;
-    record.DistinctValues = before.distinctValues;
+    static_cast<RecordRanges&>(record) = before.ranges;
 }
 
 void RestoreState(Plot& plot, const PlotBeforeLoad& before) {

@@ -39,9 +39,7 @@ struct PlotBeforeLoad {
     RowCounts counts;
     std::int16_t selectedOverlay = 0;
     std::int16_t modified = 0;
-    std::array<double, 2> appendedMin{};
-    std::array<double, 2> appendedMax{};
-    Table<TaggedValue, kDistinctValues, 2> distinctValues;
+    RecordRanges ranges;
 };
 
 [[nodiscard]] PlotBeforeLoad StateOf(const PlotRecord& record);

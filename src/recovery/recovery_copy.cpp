@@ -3,8 +3,8 @@
 #include "recovery/recovery_copy.h"
 
 #include "core/data_format.h"
-#include "core/plot_fields.h"
 #include "core/plot_life.h"
+#include "core/plot_record.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "edit/history/fingerprint.h"

@@ -2,7 +2,7 @@
 //
 // Roses of random rows and settings: no field of theirs is ever no number.
 
-#include "core/plot_fields.h"
+#include "core/plot_record.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "orientation/angles.h"

@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/plot_fields.h"
+#include "core/plot_record.h"
 #include "core/plot_store.h"
 
 #include <map>

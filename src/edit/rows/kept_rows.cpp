@@ -102,9 +102,7 @@ RowSettings SettingsOfRows(const PlotRecord& record) {
     settings.textName = record.AppNonNumName;
     settings.axesTitle = record.AxesTitle;
     settings.overlayFiles = record.OverlayFiles;
-    settings.appendedMin = record.AppendedMin;
-    settings.appendedMax = record.AppendedMax;
-    settings.distinctValues = record.DistinctValues;
+    settings.ranges = static_cast<const RecordRanges&>(record);
     return settings;
 }
 
@@ -115,9 +113,7 @@ void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings) {
     record.DataFull = settings.dataFull;
     record.AxesTitle = settings.axesTitle;
     TakeOverlayFiles(record, settings);
-    record.AppendedMin = settings.appendedMin;
-    record.AppendedMax = settings.appendedMax;
-    record.DistinctValues = settings.distinctValues;
+    static_cast<RecordRanges&>(record) = settings.ranges;
     record.RowsChanged = kTrue;
     record.ClassifyCheckPending = kTrue;
 }

@@ -38,9 +38,7 @@ struct RowSettings {
     std::string plotTitle;
     std::vector<std::string> fileNames;
     std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
-    std::array<double, 2> appendedMin{};
-    std::array<double, 2> appendedMax{};
-    Table<TaggedValue, kDistinctValues, 2> distinctValues;
+    RecordRanges ranges;
 };
 
 [[nodiscard]] RowSettings SettingsOfRows(const PlotRecord& record);

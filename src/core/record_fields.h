@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+//
+// What the parts of a record are made with. A part is a plain struct in a header of its own,
+// record_*.h, that ends in QUANDREL_FIELDS; PlotRecord (plot_record.h) joins them.
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+namespace quandrel {
+
+template <class T, std::size_t Rows, std::size_t Columns>
+using Table = std::array<std::array<T, Columns>, Rows>;
+
+/// A 16-bit truth as files keep it.
+inline constexpr std::int16_t kTrue = -1;
+
+inline constexpr double kUnsetValue = -999999999999999.0; ///< of class widths and grid sums
+
+/// Names that stand in one text with a comma and a blank between them.
+[[nodiscard]] inline std::vector<std::string> FieldNamesIn(std::string_view list) {
+    constexpr std::string_view kBetween = ", ";
+    std::vector<std::string> names;
+    for (std::size_t end = 0; end != std::string_view::npos;) {
+        end = list.find(kBetween);
+        names.emplace_back(list.substr(0, end));
+        list.remove_prefix(end == std::string_view::npos ? list.size() : end + kBetween.size());
+    }
+    return names;
+}
+
+/// Calls `visit(name, field)` for the fields of a part, in the order of its QUANDREL_FIELDS.
+template <class Part, class Visitor>
+void VisitFieldsOf(Part& part, Visitor& visit) {
+    static const std::vector<std::string> names = FieldNamesIn(Part::kFieldNames);
+    std::size_t place = 0;
+    std::apply([&](auto&... fields) { (visit(names[place++].c_str(), fields), ...); },
+               part.Fields());
+}
+
+/// Parts joined to one record, whose fields are those of all parts.
+template <class... Parts>
+struct JoinedRecord : Parts... {
+    /// Calls `visit(const char* name, field)` for each field that a part names, in the order of the
+    /// parts. `Record` is derived from this, const or not.
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor& visit) {
+        if constexpr (std::is_const_v<Record>) {
+            (VisitFieldsOf(static_cast<const Parts&>(record), visit), ...);
+        } else {
+            (VisitFieldsOf(static_cast<Parts&>(record), visit), ...);
+        }
+    }
+};
+
+} // namespace quandrel
+
+/// The fields of a part that scripts and dumps know by their names, in the order of dumps. Fields
+/// that point to their value, such as annotations, are left out.
+#define QUANDREL_FIELDS(...)                                                                       \
+    [[nodiscard]] auto Fields() {                                                                  \
+        return std::tie(__VA_ARGS__);                                                              \
+    }                                                                                              \
+    [[nodiscard]] auto Fields() const {                                                            \
+        return std::tie(__VA_ARGS__);                                                              \
+    }                                                                                              \
+    static constexpr std::string_view kFieldNames = #__VA_ARGS__

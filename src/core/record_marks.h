@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+//
+// What is drawn on the net of a plot that is not data: annotations, girdles, small circles, boxes.
+
+#pragma once
+
+#include "core/record_fields.h"
+#include "core/record_places.h"
+#include "core/tagged_value.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+inline constexpr int kAxisItems = 11;
+inline constexpr int kAxisValues = 7;
+
+/// A vertex of an annotation, plot units.
+struct LineNode {
+    std::int16_t X = 0;
+    std::int16_t Y = 0;
+};
+
+/// A mark on the net that is not data: a point, or a polyline when it has nodes. Plot units.
+struct Annotation {
+    std::int16_t X = 0;
+    std::int16_t Y = 0;
+    std::int16_t SymbolType = 0;
+    std::int16_t Colour = 0;
+    std::int16_t Size = 0;
+    std::int16_t lineStyle = 0;
+    std::string Tag;
+    std::vector<LineNode> LineNodes;
+
+    QUANDREL_FIELDS(X, Y, SymbolType, Colour, Size, lineStyle, Tag);
+};
+
+using Annotations = std::vector<Annotation>;
+
+/// A cone about an axis. The three orientations are texts, in degrees, as their boxes show them.
+struct SmallCircle {
+    std::int16_t LineColour = 0; ///< index of gColourTable
+    std::int16_t lineStyle = 0;
+    std::int16_t LineWidth = 1;
+    std::int16_t Visible = 0;
+    std::int16_t LastPlotSects = 0;
+    std::string Angle;
+    std::string AxisAz;
+    std::string AxisPl;
+
+    QUANDREL_FIELDS(LineColour, lineStyle, LineWidth, Visible, LastPlotSects, Angle, AxisAz,
+                    AxisPl);
+};
+
+/// Numbers 1 to 4 are the user's; number 0 is the standing one of the plot.
+using SmallCircles = std::array<SmallCircle, 5>;
+
+/// Places of LayerVisible: what stands about the net.
+enum PlotLayer : std::size_t {
+    kGirdleLayer = 0,
+    kFabricLayer = 1,
+    kDescriptionLayer = 2,
+    kLegendLayer = 3,
+    kNumberLayer = 4,
+    kStatisticsLayer = 5,
+};
+
+/// The annotations.
+struct RecordAnnotations {
+    std::int16_t ShowAnnotations = 0;
+    std::unique_ptr<Annotations> PlotAnnotations;
+
+    QUANDREL_FIELDS(ShowAnnotations);
+};
+
+/// Girdles and axes, and small circles.
+struct RecordGirdles {
+    Table<TaggedValue, kAxisItems, kAxisValues> AxisItems;
+    std::unique_ptr<SmallCircles> PlotSmallCircles;
+
+    QUANDREL_FIELDS(AxisItems);
+};
+
+/// What is shown about the net.
+struct RecordLayers {
+    std::array<std::int16_t, 6> LayerVisible{};
+
+    QUANDREL_FIELDS(LayerVisible);
+};
+
+} // namespace quandrel
