@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
-// The fields of a binary plot file in their order: the one list that reader and writer share. The
-// present version is written; fields that an earlier version lacks are passed over when reading.
+// The fields of a binary plot file in their order, with their names: the one list that reader,
+// writer and dump share. The present version is written; fields that an earlier version lacks are
+// passed over when reading.
 //
-// `Stream` is BinaryReader or BinaryWriter. `Plot` is BinaryPlot, or for writing what has its
-// members, the record constant.
+// `Stream` is as in binary_field_walk.h. `Plot` is BinaryPlot, or what has its members: for writing
+// with the record constant, for a dump without room for rows.
 
 #pragma once
 
 #include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "persistence/binary_field_walk.h"
 #include "persistence/binary_plot.h"
 #include "persistence/binary_plot_checks.h"
 #include "persistence/binary_row_fields.h"
@@ -23,6 +25,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -37,15 +40,20 @@ inline constexpr double kFirstWithFrequency = 9.44;
 inline constexpr std::size_t kLeastAnnotation = 16;
 inline constexpr std::size_t kNodeBytes = 4;
 
+#define FIELD(name)                                                                                \
+    Named {                                                                                        \
+#name, record_.name                                                                        \
+    }
+
 template <class Stream, class Plot>
-class BinaryPlotFields {
+class BinaryPlotFields : private BinaryFieldWalk<Stream> {
 public:
     BinaryPlotFields(Stream& stream, Plot& plot)
-        : stream_(stream)
+        : BinaryFieldWalk<Stream>(stream)
         , plot_(plot)
         , record_(plot.record) {}
 
-    /// All fields behind the version.
+    /// All fields after the version.
     void VisitAll() {
         BinaryRowFields(stream_, plot_).VisitAll();
         Densities();
@@ -66,7 +74,7 @@ public:
             Classes();
         }
         if (plot_.version >= 91) {
-            EachShort(record_.LayerVisible);
+            Shorts(FIELD(LayerVisible));
         }
         if (plot_.version >= 92) {
             LaterRose();
@@ -80,64 +88,34 @@ public:
     }
 
 private:
-    static constexpr bool kReads = Stream::kReads;
-
-    template <class... Fields>
-    void Shorts(Fields&... fields) {
-        (stream_.Short(fields), ...);
-    }
-
-    template <class... Fields>
-    void Longs(Fields&... fields) {
-        (stream_.Long(fields), ...);
-    }
-
-    template <class... Fields>
-    void Singles(Fields&... fields) {
-        (stream_.Single(fields), ...);
-    }
-
-    template <class... Fields>
-    void Doubles(Fields&... fields) {
-        (stream_.Double(fields), ...);
-    }
-
-    template <class... Fields>
-    void Texts(Fields&... fields) {
-        (stream_.Text(fields), ...);
-    }
-
-    template <class Array>
-    void EachShort(Array& fields) {
-        for (auto& field : fields) {
-            stream_.Short(field);
-        }
-    }
-
-    template <class Rows>
-    void EachDouble(Rows& rows) {
-        for (auto& row : rows) {
-            for (auto& field : row) {
-                stream_.Double(field);
-            }
-        }
-    }
+    using Walk = BinaryFieldWalk<Stream>;
+    using Walk::Array;
+    using Walk::Columns;
+    using Walk::Doubles;
+    using Walk::HasFailed;
+    using Walk::kLists;
+    using Walk::kReads;
+    using Walk::Longs;
+    using Walk::Name;
+    using Walk::Object;
+    using Walk::Shorts;
+    using Walk::Singles;
+    using Walk::stream_;
+    using Walk::Texts;
 
     void AxisItems(std::size_t first, std::size_t last) {
         for (std::size_t item = first; item <= last; ++item) {
-            for (auto& value : record_.AxisItems[item]) {
-                stream_.Value(value);
-            }
+            this->RowOfValues(FIELD(AxisItems), item);
         }
     }
 
     void Densities() {
-        Singles(record_.PointDensityMax, record_.GridDensityMax);
-        Longs(record_.DensityCount);
-        Shorts(record_.GridSize, record_.NumContours);
+        Singles(FIELD(PointDensityMax), FIELD(GridDensityMax));
+        Longs(FIELD(DensityCount));
+        Shorts(FIELD(GridSize), FIELD(NumContours));
         if constexpr (kReads) {
             RequirePossibleGrid(stream_, record_);
-            if (stream_.HasFailed()) {
+            if (HasFailed()) {
                 return;
             }
             if (record_.GridSize > 0) {
@@ -145,16 +123,23 @@ private:
                     std::make_unique<Table<std::int32_t, kGridNodes, kGridNodes>>();
             }
         }
-        for (std::size_t i = 0; i <= LastNode() && record_.GridSize > 0; ++i) {
-            for (std::size_t j = 0; j <= LastNode(); ++j) {
-                GridCount(i, j);
-            }
+        if (record_.GridSize > 0) {
+            Name("DensityGrid");
+            GridCounts(static_cast<std::size_t>(record_.GridSize));
         }
-        EachShort(record_.ContourLevels);
+        Shorts(FIELD(ContourLevels));
     }
 
-    [[nodiscard]] std::size_t LastNode() const {
-        return static_cast<std::size_t>(record_.GridSize);
+    void GridCounts(std::size_t last) {
+        Array([&] {
+            for (std::size_t i = 0; i <= last; ++i) {
+                Array([&] {
+                    for (std::size_t j = 0; j <= last; ++j) {
+                        GridCount(i, j);
+                    }
+                });
+            }
+        });
     }
 
     void GridCount(std::size_t i, std::size_t j) {
@@ -170,39 +155,59 @@ private:
 
     /// Rows 1 to 3 of a table of results.
     template <class Results>
-    void ResultRows(Results& results) {
-        for (std::size_t i = 1; i <= 3; ++i) {
-            for (auto& field : results[i]) {
-                stream_.Single(field);
-            }
-        }
+    void ResultRows(Named<Results> table) {
+        auto rows = std::span(table.value).template subspan<1, 3>();
+        Singles(Named{table.name, rows});
     }
 
     void Statistics() {
-        ResultRows(record_.FabricResults);
-        Singles(record_.FabricValueF, record_.RoseResultant[kOfAngles], record_.FabricValueA,
-                record_.FabricValueB);
+        ResultRows(FIELD(FabricResults));
+        Singles(FIELD(FabricValueF));
+        Earlier([this] { Singles(Named{"RoseResultant", record_.RoseResultant[kOfAngles]}); });
+        Singles(FIELD(FabricValueA), FIELD(FabricValueB));
         AxisItems(kMeanItem, 5);
         AxisItems(kMeanPlaneItem, kMeanPlaneItem);
     }
 
-    /// The settings of a rose before it had more kinds. Versions from 9.0 on tell most of them once
-    /// more in full.
+    /// What the body visits is told once more, in full, by versions from 9.0 on.
+    template <class Body>
+    void Earlier(const Body& body) {
+        if constexpr (kLists) {
+            stream_.BeginEarlier();
+        }
+        body();
+        if constexpr (kLists) {
+            stream_.End();
+        }
+    }
+
+    /// The settings of a rose before it had more kinds.
     void EarlierRose() {
-        Shorts(record_.RoseShape);
-        EarlierRoseType();
-        Shorts(record_.RoseEqualArea, record_.RoseDisplay6, record_.RoseDisplay7,
-               record_.RoseDisplay8);
-        Singles(record_.RoseSectorSize, record_.RoseStartAngle, record_.RoseRangeA[0][kInPerCent],
-                record_.RoseRangeB[0][kInPerCent]);
-        Shorts(record_.RoseBiasMode);
-        RoundedRoseCount();
-        Singles(record_.RoseStats[kRoseCount][kRawTotal]);
-        Shorts(record_.RoseSamplePlunge, record_.RoseSampleTrend, record_.RoseMinBiasAngle);
-        Singles(record_.RoseMeanDir[kOfAngles], record_.RoseVariance, record_.RoseStdDev);
+        Shorts(FIELD(RoseShape));
+        Earlier([this] { EarlierRoseType(); });
+        Shorts(FIELD(RoseEqualArea), FIELD(RoseDisplay6), FIELD(RoseDisplay7), FIELD(RoseDisplay8));
+        Earlier([this] {
+            Singles(FIELD(RoseSectorSize), FIELD(RoseStartAngle),
+                    Named{"RoseRangeA", record_.RoseRangeA[0][kInPerCent]},
+                    Named{"RoseRangeB", record_.RoseRangeB[0][kInPerCent]});
+        });
+        Shorts(FIELD(RoseBiasMode));
+        Earlier([this] {
+            RoundedRoseCount();
+            Singles(Named{"RoseStats", record_.RoseStats[kRoseCount][kRawTotal]});
+        });
+        Shorts(FIELD(RoseSamplePlunge), FIELD(RoseSampleTrend), FIELD(RoseMinBiasAngle));
+        Earlier([this] {
+            Singles(Named{"RoseMeanDir", record_.RoseMeanDir[kOfAngles]}, FIELD(RoseVariance),
+                    FIELD(RoseStdDev));
+        });
+        if constexpr (kLists) {
+            stream_.PutEarlier("earlierRose");
+        }
     }
 
     void EarlierRoseType() {
+        Name("RoseType");
         if constexpr (kReads) {
             std::int16_t code = 0;
             stream_.Short(code);
@@ -215,8 +220,9 @@ private:
     }
 
     void RoundedRoseCount() {
+        Name("RoseStatsRounded");
         if constexpr (kReads) {
-            std::int16_t rounded = 0; // the field behind it has it in full
+            std::int16_t rounded = 0; // the next field has it in full
             stream_.Short(rounded);
         } else {
             const double rounded = RoundToEven(record_.RoseStats[kRoseCount][kRawTotal]);
@@ -228,13 +234,8 @@ private:
 
     void Place() {
         if constexpr (kReads) {
-            std::int32_t state = 0;
-            std::array<float, 4> place{};
-            stream_.Long(state);
-            for (float& value : place) {
-                stream_.AnySingle(value);
-            }
-            plot_.place = PossiblePlace(state, place);
+            Name("window");
+            Object([this] { ReadPlace(); });
         } else {
             stream_.Long(plot_.place.state);
             for (const std::int32_t value :
@@ -244,33 +245,53 @@ private:
         }
     }
 
+    void ReadPlace() {
+        std::int32_t state = 0;
+        std::array<float, 4> place{};
+        Longs(Named{"state", state});
+        for (std::size_t i = 0; const char* const name : {"top", "left", "width", "height"}) {
+            Name(name);
+            stream_.AnySingle(place[i++]);
+        }
+        plot_.place = PossiblePlace(state, place);
+    }
+
     void LaterStatistics() {
-        Singles(record_.FabricValueD, record_.FabricValueE);
-        Doubles(record_.FabricValueC);
-        Shorts(record_.StatsBoxKind);
-        ResultRows(record_.EigenResults);
+        Singles(FIELD(FabricValueD), FIELD(FabricValueE));
+        Doubles(FIELD(FabricValueC));
+        Shorts(FIELD(StatsBoxKind));
+        ResultRows(FIELD(EigenResults));
         AxisItems(kGirdleItem, kGirdleItem);
     }
 
     template <class Mark>
     void AnnotationFields(Mark& mark) {
-        Shorts(mark.X, mark.Y, mark.SymbolType, mark.Colour, mark.Size, mark.lineStyle);
+        Shorts(Named{"X", mark.X}, Named{"Y", mark.Y}, Named{"SymbolType", mark.SymbolType},
+               Named{"Colour", mark.Colour}, Named{"Size", mark.Size},
+               Named{"lineStyle", mark.lineStyle});
         if constexpr (kReads) {
             std::int16_t tag = 0;
             std::int16_t nodes = 0;
-            Shorts(tag, nodes);
+            Shorts(Named{"Tag", tag});
+            stream_.Short(nodes);
             mark.Tag = std::to_string(tag);
             stream_.RequireRoom(nodes, kNodeBytes);
-            if (!stream_.HasFailed()) {
+            if (!HasFailed()) {
                 mark.LineNodes.resize(static_cast<std::size_t>(nodes));
             }
         } else {
             stream_.Short(static_cast<std::int32_t>(ShortNumberOf(mark.Tag)));
             stream_.Short(static_cast<std::int32_t>(mark.LineNodes.size()));
         }
-        for (auto& node : mark.LineNodes) {
-            Shorts(node.X, node.Y);
-        }
+        Name("LineNodes");
+        Array([&] {
+            for (auto& node : mark.LineNodes) {
+                Array([&] {
+                    stream_.Short(node.X);
+                    stream_.Short(node.Y);
+                });
+            }
+        });
     }
 
     void AllAnnotations() {
@@ -278,85 +299,71 @@ private:
             std::int32_t count = 0;
             stream_.Long(count);
             stream_.RequireRoom(count, kLeastAnnotation);
-            if (stream_.HasFailed() || count == 0) {
-                return;
-            }
-            record_.PlotAnnotations = std::make_unique<Annotations>();
-            record_.PlotAnnotations->reserve(static_cast<std::size_t>(count));
-            for (std::int32_t i = 0; i < count && !stream_.HasFailed(); ++i) {
-                AnnotationFields(record_.PlotAnnotations->emplace_back());
+            if (!HasFailed() && count > 0) {
+                record_.PlotAnnotations = std::make_unique<Annotations>();
+                record_.PlotAnnotations->resize(static_cast<std::size_t>(count));
             }
         } else {
-            const bool hasSome = record_.PlotAnnotations != nullptr;
-            stream_.Long(static_cast<std::int32_t>(hasSome ? record_.PlotAnnotations->size() : 0));
-            if (hasSome) {
-                for (const Annotation& mark : *record_.PlotAnnotations) {
-                    AnnotationFields(mark);
+            stream_.Long(static_cast<std::int32_t>(
+                record_.PlotAnnotations ? record_.PlotAnnotations->size() : 0));
+        }
+        Name("annotations");
+        Array([this] {
+            if (record_.PlotAnnotations) {
+                for (auto& mark : *record_.PlotAnnotations) {
+                    Object([&] { AnnotationFields(mark); });
                 }
             }
-        }
+        });
     }
 
     template <class Circle>
     void SmallCircleFields(Circle& circle) {
-        Shorts(circle.LineColour, circle.lineStyle, circle.LineWidth, circle.Visible,
-               circle.LastPlotSects);
-        Texts(circle.Angle, circle.AxisAz, circle.AxisPl);
+        Shorts(Named{"LineColour", circle.LineColour}, Named{"lineStyle", circle.lineStyle},
+               Named{"LineWidth", circle.LineWidth}, Named{"Visible", circle.Visible},
+               Named{"LastPlotSects", circle.LastPlotSects});
+        Texts(Named{"Angle", circle.Angle}, Named{"AxisAz", circle.AxisAz},
+              Named{"AxisPl", circle.AxisPl});
     }
 
     void AllSmallCircles() {
-        for (std::size_t i = 1; i < std::tuple_size_v<SmallCircles>; ++i) {
-            if constexpr (kReads) {
-                SmallCircleFields((*record_.PlotSmallCircles)[i]);
-            } else {
-                const SmallCircle none;
-                SmallCircleFields(record_.PlotSmallCircles ? (*record_.PlotSmallCircles)[i] : none);
+        SmallCircles none;
+        auto& circles = record_.PlotSmallCircles ? *record_.PlotSmallCircles : none;
+        Name("smallCircles");
+        Array([&] {
+            for (std::size_t i = 1; i < circles.size(); ++i) {
+                Object([&] { SmallCircleFields(circles[i]); });
             }
-        }
+        });
     }
 
     void Rose() {
-        Shorts(record_.RoseType);
-        Texts(record_.AppNumName, record_.AppNonNumName, record_.RoseScaleType);
-        Shorts(record_.RoseHistStyle, record_.RoseSegShape, record_.RoseSectorFraction,
-               record_.RoseZeroCircle);
-        Doubles(record_.RoseMeanDev, record_.RoseDispersion, record_.RoseSkewness,
-                record_.RoseKurtosis, record_.RoseKappa, record_.RoseVariance, record_.RoseStdDev,
-                record_.RoseSectorSize, record_.RoseStartAngle);
-        Doubles(record_.RoseResultant[kOfAngles], record_.RoseResultant[kOfDoubledAngles],
-                record_.RoseMoments[0], record_.RoseMoments[1]);
-        EachDouble(record_.RoseRangeA);
-        EachDouble(record_.RoseRangeB);
-        Doubles(record_.AppendedMin[kOfNumbers], record_.AppendedMin[kOfTexts],
-                record_.AppendedMax[kOfNumbers], record_.AppendedMax[kOfTexts]);
-        EachDouble(record_.RoseStats);
-    }
-
-    /// Column by column.
-    template <class Cells>
-    void Values(Cells& cells) {
-        for (std::size_t column = 0; column < cells[0].size(); ++column) {
-            for (auto& row : cells) {
-                stream_.Value(row[column]);
-            }
-        }
+        Shorts(FIELD(RoseType));
+        Texts(FIELD(AppNumName), FIELD(AppNonNumName), FIELD(RoseScaleType));
+        Shorts(FIELD(RoseHistStyle), FIELD(RoseSegShape), FIELD(RoseSectorFraction),
+               FIELD(RoseZeroCircle));
+        Doubles(FIELD(RoseMeanDev), FIELD(RoseDispersion), FIELD(RoseSkewness), FIELD(RoseKurtosis),
+                FIELD(RoseKappa), FIELD(RoseVariance), FIELD(RoseStdDev), FIELD(RoseSectorSize),
+                FIELD(RoseStartAngle));
+        Doubles(FIELD(RoseResultant), FIELD(RoseMoments), FIELD(RoseRangeA), FIELD(RoseRangeB),
+                FIELD(AppendedMin), FIELD(AppendedMax), FIELD(RoseStats));
     }
 
     void Classes() {
-        Values(record_.DistinctValues);
-        Values(record_.ClassTable);
-        Shorts(record_.ClassMode);
-        Longs(record_.NumClassified);
+        Columns(FIELD(DistinctValues));
+        Columns(FIELD(ClassTable));
+        Shorts(FIELD(ClassMode));
+        Longs(FIELD(NumClassified));
     }
 
     void LaterRose() {
-        Doubles(record_.RoseMedian);
-        Shorts(record_.NumClasses);
-        Doubles(record_.ClassWidth, record_.ClassLow, record_.ClassHigh);
-        Doubles(record_.RoseMeanDir[kOfAngles], record_.RoseMeanDir[kOfDoubledAngles]);
+        Doubles(FIELD(RoseMedian));
+        Shorts(FIELD(NumClasses));
+        Doubles(FIELD(ClassWidth), FIELD(ClassLow), FIELD(ClassHigh), FIELD(RoseMeanDir));
     }
 
     void FullVersion() {
+        Name("fullVersion");
         if constexpr (kReads) {
             std::string text;
             stream_.Fixed(text, kFullVersion);
@@ -375,10 +382,10 @@ private:
     /// Both grids, kept for all nodes that a grid can have.
     void GridsOfValues() {
         FullVersion();
-        Shorts(plot_.gridCount);
+        Shorts(Named{"gGridCount", plot_.gridCount});
         if constexpr (kReads) {
             stream_.RequireRoom(kGridNodes, std::size_t{kGridNodes} * 2 * sizeof(double));
-            if (stream_.HasFailed()) {
+            if (HasFailed()) {
                 return;
             }
             if (plot_.gridCount != 0) {
@@ -388,15 +395,16 @@ private:
         for (std::size_t i = 0; i < kGridNodes; ++i) {
             RowOfGrids(i);
         }
-        EachDouble(record_.ClassStats);
+        Doubles(FIELD(ClassStats));
         if (plot_.hasFrequencyField) {
-            Shorts(record_.HasFrequencyColumn);
+            Shorts(FIELD(HasFrequencyColumn));
         }
     }
 
     /// A row of nodes, the values of both grids beside each other.
     void RowOfGrids(std::size_t i) {
         std::array<double, std::size_t{kGridNodes} * 2> row{};
+        Name("gGridValues");
         if (!plot_.gridValues) {
             stream_.Doubles(row);
             return;
@@ -418,9 +426,10 @@ private:
         }
     }
 
-    Stream& stream_;
     Plot& plot_;
     decltype(plot_.record)& record_;
 };
+
+#undef FIELD
 
 } // namespace quandrel

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // The fields of a binary plot file that hold its rows: counts and formats, main rows, overlays, the
-// texts of the row table. As binary_plot_fields.h for the rest, for reader and writer both.
+// texts of the row table. As binary_plot_fields.h for the rest, for all kinds of streams.
 
 #pragma once
 
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "persistence/binary_field_walk.h"
 #include "persistence/binary_plot.h"
 #include "persistence/binary_plot_checks.h"
 #include "persistence/binary_stream.h"
@@ -25,11 +26,16 @@ inline constexpr std::size_t kLeastOverlayRow = kLeastMainRow;
 inline constexpr std::size_t kCellColumns = 5;
 inline constexpr std::size_t kLeastCellRow = kCellColumns * 2;
 
+#define FIELD(name)                                                                                \
+    Named {                                                                                        \
+#name, record_.name                                                                        \
+    }
+
 template <class Stream, class Plot>
-class BinaryRowFields {
+class BinaryRowFields : private BinaryFieldWalk<Stream> {
 public:
     BinaryRowFields(Stream& stream, Plot& plot)
-        : stream_(stream)
+        : BinaryFieldWalk<Stream>(stream)
         , plot_(plot)
         , record_(plot.record) {}
 
@@ -41,28 +47,25 @@ public:
     }
 
 private:
-    static constexpr bool kReads = Stream::kReads;
-
-    template <class... Fields>
-    void Shorts(Fields&... fields) {
-        (stream_.Short(fields), ...);
-    }
-
-    template <class... Fields>
-    void Longs(Fields&... fields) {
-        (stream_.Long(fields), ...);
-    }
+    using Walk = BinaryFieldWalk<Stream>;
+    using Walk::Element;
+    using Walk::HasFailed;
+    using Walk::kLists;
+    using Walk::kReads;
+    using Walk::Longs;
+    using Walk::Name;
+    using Walk::Shorts;
+    using Walk::Singles;
+    using Walk::stream_;
+    using Walk::Texts;
 
     void Head() {
-        Longs(record_.NumValidData, record_.NumData, record_.NumLoadedData);
-        Shorts(record_.PrimaryFormat, record_.SecondaryFormat, record_.ShowSecondary,
-               record_.SelectedOverlay, record_.ShowAnnotations, record_.HasAppendedLine,
-               record_.HasAppendedNumeric, record_.HasAppendedText);
-        stream_.Text(record_.AxesTitle);
-        stream_.Text(record_.FabricText);
-        stream_.Text(record_.DescriptionText);
-        Shorts(record_.PlotKind, record_.DataKind, record_.PlotSymbolMode,
-               record_.NumSymbolsInPlot);
+        Longs(FIELD(NumValidData), FIELD(NumData), FIELD(NumLoadedData));
+        Shorts(FIELD(PrimaryFormat), FIELD(SecondaryFormat), FIELD(ShowSecondary),
+               FIELD(SelectedOverlay), FIELD(ShowAnnotations), FIELD(HasAppendedLine),
+               FIELD(HasAppendedNumeric), FIELD(HasAppendedText));
+        Texts(FIELD(AxesTitle), FIELD(FabricText), FIELD(DescriptionText));
+        Shorts(FIELD(PlotKind), FIELD(DataKind), FIELD(PlotSymbolMode), FIELD(NumSymbolsInPlot));
         if constexpr (kReads) {
             RequirePossibleHead(stream_, record_);
         }
@@ -71,6 +74,7 @@ private:
     /// The code that a row is drawn in, or the line of one that is no data.
     template <class Row>
     void CodeOrLine(std::size_t index, Row& row) {
+        Name("gDataSymbol");
         if (row.dip != kErrorRow) {
             stream_.Code(row.code);
             return;
@@ -92,14 +96,16 @@ private:
     /// What main and overlay rows have in common.
     template <class Row>
     void Orientations(std::size_t index, Row& row) {
-        Longs(row.dip, row.azimuth, row.density, row.order);
+        Longs(Named{"gDataDip", row.dip}, Named{"gDataAz", row.azimuth},
+              Named{"gPointDensity", row.density}, Named{"gDataOrder", row.order});
         CodeOrLine(index, row);
         if (record_.SecondaryFormat != 0) {
-            Longs(row.dip2, row.azimuth2);
+            Longs(Named{"gData2Dip", row.dip2}, Named{"gData2Az", row.azimuth2});
         }
     }
 
     void AppendedText(std::size_t row) {
+        Name("gAppText");
         if constexpr (kReads) {
             std::string text;
             if (plot_.version < 90) {
@@ -120,91 +126,127 @@ private:
     void MainRow(std::size_t index, Row& row) {
         Orientations(index, row);
         if (record_.HasAppendedLine != 0) {
-            Longs(row.lineDip, row.lineAzimuth);
+            Longs(Named{"gAppLineDip", row.lineDip}, Named{"gAppLineAz", row.lineAzimuth});
         }
         if (record_.HasAppendedNumeric != 0) {
-            stream_.Single(row.number);
+            Singles(Named{"gAppNumeric", row.number});
         }
         if (record_.HasAppendedText != 0) {
             AppendedText(index);
         }
     }
 
-    /// Visits rows behind those visited so far.
+    /// Visits rows after those visited so far.
     template <class Visit>
-    void Rows(std::size_t first, std::int32_t count, const Visit& visit) {
-        for (std::size_t i = first; i < first + static_cast<std::size_t>(count); ++i) {
+    void Rows(const char* name, std::size_t first, std::int32_t count, const Visit& visit) {
+        if constexpr (kLists) {
+            stream_.BeginRows(name);
+        }
+        const std::size_t end = first + static_cast<std::size_t>(count);
+        for (std::size_t i = first; i < end && !HasFailed(); ++i) {
+            if constexpr (kLists) {
+                stream_.BeginRow();
+            }
             if constexpr (kReads) {
-                if (stream_.HasFailed()) {
-                    return;
-                }
                 visit(i, plot_.rows.emplace_back());
                 RequirePossibleRow(stream_, plot_.rows.back());
             } else {
                 visit(i, plot_.rows[i]);
             }
         }
+        if constexpr (kLists) {
+            stream_.EndRows();
+        }
     }
 
     void MainRows() {
         if constexpr (kReads) {
             stream_.RequireRoom(record_.NumData, kLeastMainRow);
-            if (stream_.HasFailed()) {
+            if (HasFailed()) {
                 return;
             }
             const auto rows = static_cast<std::size_t>(record_.NumData);
             plot_.rows.reserve(rows);
             plot_.texts.reserve(record_.HasAppendedText != 0 ? rows : 0);
         }
-        Rows(0, record_.NumData, [this](std::size_t i, auto& row) { this->MainRow(i, row); });
+        Rows("rows", 0, record_.NumData,
+             [this](std::size_t i, auto& row) { this->MainRow(i, row); });
+    }
+
+    /// The number of overlays, and rows and kind of each.
+    void OverlayAt(std::size_t k) {
+        Element("OverlayRows", k, k + 1);
+        stream_.Short(record_.OverlayRows[k]);
+        Element("OverlayKind", k, k + 1);
+        stream_.Short(record_.OverlayKind[k]);
     }
 
     void Overlays() {
-        Shorts(record_.OverlayRows[kOverlayCount], record_.OverlayKind[kOverlayCount]);
+        OverlayAt(kOverlayCount);
         if constexpr (kReads) {
             RequirePossibleOverlays(stream_, record_);
         }
-        auto first = static_cast<std::size_t>(record_.NumData);
-        for (std::size_t k = 1; k <= static_cast<std::size_t>(record_.OverlayRows[kOverlayCount]);
-             ++k) {
-            Shorts(record_.OverlayRows[k], record_.OverlayKind[k]);
-            if constexpr (kReads) {
-                RequirePossibleOverlay(stream_, record_, k);
-                stream_.RequireRoom(record_.OverlayRows[k], kLeastOverlayRow);
-                if (stream_.HasFailed()) {
-                    return;
+        List("overlays", [this] {
+            auto first = static_cast<std::size_t>(record_.NumData);
+            const auto overlays = static_cast<std::size_t>(record_.OverlayRows[kOverlayCount]);
+            for (std::size_t k = 1; k <= overlays; ++k) {
+                OverlayAt(k);
+                if constexpr (kReads) {
+                    RequirePossibleOverlay(stream_, record_, k);
+                    stream_.RequireRoom(record_.OverlayRows[k], kLeastOverlayRow);
+                    if (HasFailed()) {
+                        return;
+                    }
                 }
+                Rows(nullptr, first, record_.OverlayRows[k],
+                     [this](std::size_t i, auto& row) { this->Orientations(i, row); });
+                first += static_cast<std::size_t>(record_.OverlayRows[k]);
             }
-            Rows(first, record_.OverlayRows[k],
-                 [this](std::size_t i, auto& row) { this->Orientations(i, row); });
-            first += static_cast<std::size_t>(record_.OverlayRows[k]);
+        });
+    }
+
+    /// What the body visits are the elements of a long array.
+    template <class Body>
+    void List(const char* name, const Body& body) {
+        if constexpr (kLists) {
+            stream_.BeginList(name);
+        }
+        body();
+        if constexpr (kLists) {
+            stream_.EndList();
         }
     }
 
-    /// The texts of the row table. Positions are worked out anew from the rows; what is kept of the
-    /// table is its order, the numbers in its first column.
+    /// The texts of a line of the row table. Positions are worked out anew from the rows; what is
+    /// kept of the table is its order, the numbers in its first column.
+    void CellsOf(std::int32_t line) {
+        if constexpr (kReads) {
+            plot_.table.push_back(RowOfCell(stream_.TextBytes()));
+            for (std::size_t column = 1; column < kCellColumns; ++column) {
+                (void)stream_.TextBytes();
+            }
+        } else {
+            for (std::size_t column = 0; column < kCellColumns; ++column) {
+                stream_.Text(plot_.Cell(line, column));
+            }
+        }
+    }
+
     void Cells() {
         if constexpr (kReads) {
             stream_.RequireRoom(record_.NumLoadedData, kLeastCellRow);
-            for (std::int32_t line = 0; line < record_.NumLoadedData && !stream_.HasFailed();
-                 ++line) {
-                plot_.table.push_back(RowOfCell(stream_.TextBytes()));
-                for (std::size_t column = 1; column < kCellColumns; ++column) {
-                    (void)stream_.TextBytes();
-                }
-            }
-        } else {
-            for (std::int32_t line = 0; line < record_.NumLoadedData; ++line) {
-                for (std::size_t column = 0; column < kCellColumns; ++column) {
-                    stream_.Text(plot_.Cell(line, column));
-                }
-            }
         }
+        List("cells", [this] {
+            for (std::int32_t line = 0; line < record_.NumLoadedData && !HasFailed(); ++line) {
+                List(nullptr, [&] { CellsOf(line); });
+            }
+        });
     }
 
-    Stream& stream_;
     Plot& plot_;
     decltype(plot_.record)& record_;
 };
+
+#undef FIELD
 
 } // namespace quandrel

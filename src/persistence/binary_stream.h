@@ -27,6 +27,7 @@ inline constexpr std::size_t kLongestFileText = 32767;
 class BinaryReader {
 public:
     static constexpr bool kReads = true;
+    static constexpr bool kLists = false;
 
     /// @param bytes  have to outlive the reader
     explicit BinaryReader(std::string_view bytes)
@@ -93,6 +94,7 @@ private:
 class BinaryWriter {
 public:
     static constexpr bool kReads = false;
+    static constexpr bool kLists = false;
 
     /// The first fault, for the user; empty without one.
     [[nodiscard]] const std::string& Error() const { return error_; }
