@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+//
+// Commands of a session that show the active plot and its fields.
+
+#include "batch/batch_session.h"
+#include "batch/dump.h"
+#include "batch/field_access.h"
+#include "batch/field_rules.h"
+#include "batch/key_values.h"
+#include "batch/standard_streams.h"
+#include "core/atomic_file.h"
+#include "core/plot_store.h"
+#include "core/plot_texts.h"
+#include "core/replot.h"
+#include "input/load_report.h"
+#include "platform/scripted/recording_form.h"
+#include "qt/plot_picture.h"
+#include "session/reference.h"
+#include "statistics/confidence_cone.h"
+#include "stereo/axis_rows.h"
+#include "stereo/row_positions.h"
+
+#include <new>
+#include <optional>
+#include <ostream>
+
+namespace quandrel {
+
+namespace {
+
+/// The set that is shown now is plotted as what it is.
+void FollowShownSet(PlotRecord& record) {
+    record.DataKind = DataKindOfSet(ShowsPlaneData(record), record.DataKind);
+}
+
+/// The statistics of a kind as they stand.
+std::string StatisticsText(const std::string& kind) {
+    if (kind == "reference") {
+        return TextOfReference(ReferenceOfActivePlot());
+    }
+    const PlotStatistics& texts = StatisticsOf(ActivePlot());
+    return kind == "advanced" ? texts.advanced : texts.normal;
+}
+
+} // namespace
+
+/// Shows or hides the 95% confidence cone, and prints the one that is shown.
+std::string BatchSession::Cone(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const std::string error =
+        TakeName({{"on", 1}, {"off", 0}}, command.Words(), ActiveRecord().ShowConfidenceCone);
+    if (!error.empty()) {
+        return error;
+    }
+    ReplotActivePlot(false);
+    if (ActiveRecord().ShowConfidenceCone) {
+        *answers_ << ConfidenceConeText() << '\n';
+    }
+    return {};
+}
+
+std::string BatchSession::Dump(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+        return error;
+    }
+    const auto dump = [this](JsonLayout layout, const PutBytes& put) {
+        const auto& form = static_cast<const RecordingForm&>(FormOf(gActivePlot));
+        return DumpActivePlot(prompts_, form.Plot(), layout, put);
+    };
+    if (*path == kStandardStream) {
+        // One line, as every answer of a script.
+        return dump(JsonLayout::OneLine,
+                    [this](std::string_view bytes) {
+                        return static_cast<bool>(
+                            out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())));
+                    })
+                   ? ""
+                   : "standard output could not be written";
+    }
+    const std::string error = WriteFileAtomically(*path, [&dump](const PutBytes& put) {
+        try {
+            // Of a write that fails the file knows why.
+            return dump(JsonLayout::Lines, put) ? std::string() : std::string("it is cut short");
+        } catch (const std::bad_alloc&) {
+            return std::string("there is not enough memory");
+        }
+    });
+    return error.empty() ? error : "'" + *path + "' could not be written: " + error;
+}
+
+std::string BatchSession::Export(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "a path is missing";
+    }
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+        return error;
+    }
+    PictureOptions options;
+    if (const std::optional<std::string> text = command.Value("size")) {
+        const std::optional<int> size = WholeNumber(*text, 50, 20000);
+        if (!size) {
+            return "'" + *text + "' is no size: 50 to 20000 pixels";
+        }
+        options.size = *size;
+    }
+    const std::string part = command.Value("part").value_or("whole");
+    if (part != "whole" && part != "net") {
+        return "'" + part + "' is none of whole, net";
+    }
+    options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
+    return SavePlotPicture(*path, options);
+}
+
+std::string BatchSession::Get(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const Result<std::string> text = FieldText(ActiveRecord(), command.Bare(0).value_or(""));
+    if (!text) {
+        return text.Error();
+    }
+    *answers_ << *text << '\n';
+    return {};
+}
+
+std::string BatchSession::Set(const Command& command) {
+    const std::optional<std::string> field = command.Bare(0);
+    const std::optional<std::string> value = command.Bare(1);
+    if (!field || !value) {
+        return "a field and a value are wanted";
+    }
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    std::string error = RefusalOfField(*field, *value);
+    const bool showedSecondary = ActiveRecord().ShowSecondary != 0;
+    if (error.empty()) {
+        error = SetField(ActiveRecord(), *field, *value);
+    }
+    if (error.empty()) {
+        setPlots_.insert(gActivePlot);
+        if (IsEditOfPlot(field->substr(0, field->find('[')))) {
+            ActiveRecord().Modified = kTrue;
+        }
+    }
+    if (showedSecondary != (ActiveRecord().ShowSecondary != 0)) {
+        FollowShownSet(ActiveRecord());
+    }
+    if (error.empty() && MovesRows(*field)) {
+        RebuildRowTable(gActivePlot);
+    }
+    return error;
+}
+
+std::string BatchSession::Stats(const Command& command) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+        return error;
+    }
+    const std::string kind = command.Bare(0).value_or("normal");
+    if (kind != "normal" && kind != "advanced" && kind != "reference") {
+        return "'" + kind + "' is none of normal, advanced, reference";
+    }
+    const std::string text = StatisticsText(kind);
+    if (const LoadCounters* load = LoadOf(ActivePlot());
+        load != nullptr && ActiveRecord().NumFiles > 0) {
+        *answers_ << LoadText(*load) << '\n';
+    }
+    *answers_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData)
+                               : text)
+              << '\n';
+    return {};
+}
+
+} // namespace quandrel
