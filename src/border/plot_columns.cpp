@@ -277,20 +277,4 @@ BinaryPlot PlotIn(const Plot& plot) {
     return wanted;
 }
 
-RowTable TableOfPlot(const BinaryPlot& plot) {
-    const PlotRecord& record = plot.record;
-    RowTable table;
-    for (std::size_t i = 0; i < plot.rows.size(); ++i) {
-        const BinaryRow& row = plot.rows[i];
-        const std::int32_t index = static_cast<std::int32_t>(i) + 1;
-        const int overlay = OverlayOfRow(record, index);
-        const bool showsSecond = record.ShowSecondary != 0 && overlay == 0 && row.dip != kErrorRow;
-        const ShownOrientation shown = showsSecond ? ShownOrientation{row.dip2, row.azimuth2}
-                                                   : ShownOrientation{row.dip, row.azimuth};
-        AppendRow(table, PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, overlay),
-                                            index, shown));
-    }
-    return table;
-}
-
 } // namespace quandrel::api

@@ -4,7 +4,6 @@
 
 #pragma once
 
-#include "core/row_table.h"
 #include "persistence/binary_plot.h"
 #include "quandrel/plot_file.h"
 
@@ -16,8 +15,5 @@ namespace quandrel::api {
 /// A checked plot as one to be written, with the styles of a first run. Throws
 /// std::invalid_argument.
 [[nodiscard]] BinaryPlot PlotIn(const Plot& plot);
-
-/// The places of the rows on the net, in their order.
-[[nodiscard]] RowTable TableOfPlot(const BinaryPlot& plot);
 
 } // namespace quandrel::api

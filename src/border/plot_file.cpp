@@ -5,6 +5,8 @@
 #include "border/plot_columns.h"
 #include "core/atomic_file.h"
 #include "persistence/binary_plot_file.h"
+#include "persistence/plot_file_bytes.h"
+#include "persistence/plot_of_file.h"
 
 namespace quandrel::api {
 
@@ -29,8 +31,11 @@ Result<Plot> ReadPlotFile(const std::string& path) {
 }
 
 Result<std::string> PlotBytes(const Plot& plot) {
-    const BinaryPlot inner = PlotIn(plot);
-    quandrel::Result<std::string> bytes = BinaryPlotBytes(inner, TableOfPlot(inner));
+    quandrel::Plot inner;
+    if (!TakeBinaryPlot(PlotIn(plot), inner)) {
+        return Failure{"There is not enough memory for it."};
+    }
+    quandrel::Result<std::string> bytes = PlotFileBytes(inner);
     if (!bytes) {
         return Failure{bytes.Error()};
     }

@@ -52,6 +52,8 @@ struct BinaryPlot {
     bool hasWeightedRose = false;           ///< a weighting that is no more
 };
 
+inline constexpr const char* kNoMemoryForPlot = "There is not enough memory for it.";
+
 /// The plot that a file's bytes hold.
 ///
 /// Every version from 7.0 on is read; a file of a later version than this one is read as one of
@@ -65,9 +67,5 @@ struct BinaryPlot {
 /// A slot as the bytes of a binary plot file of the present version; a failure when a text or an
 /// overlay is too large for it.
 [[nodiscard]] Result<std::string> BinaryPlotBytes(int slot);
-
-/// The same of a plot without a slot, whose versions play no part. The table has a line for each of
-/// its rows, in the order to be written.
-[[nodiscard]] Result<std::string> BinaryPlotBytes(const BinaryPlot& plot, const RowTable& table);
 
 } // namespace quandrel

@@ -87,7 +87,7 @@ Result<BinaryPlot> ReadBinaryPlot(std::string_view bytes) {
     try {
         return Read(bytes);
     } catch (const std::bad_alloc&) {
-        return Failure{"There is not enough memory for it."};
+        return Failure{kNoMemoryForPlot};
     }
 }
 

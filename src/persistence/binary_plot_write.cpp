@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "persistence/binary_plot_fields.h"
+#include "persistence/plot_file_bytes.h"
 #include "stereo/row_positions.h"
 
 #include <new>
@@ -9,26 +10,55 @@ namespace quandrel {
 
 namespace {
 
+/// The row of a plot.
+BinaryRow RowOf(const PlotRows& rows, std::int32_t row) {
+    BinaryRow stored;
+    stored.dip = rows.dip(row);
+    stored.azimuth = rows.azimuth(row);
+    stored.density = rows.pointDensity(row);
+    stored.order = rows.order(row);
+    stored.code = rows.symbol(row);
+    stored.dip2 = rows.dip2(row);
+    stored.azimuth2 = rows.azimuth2(row);
+    stored.lineDip = rows.lineDip(row);
+    stored.lineAzimuth = rows.lineAzimuth(row);
+    stored.number = rows.number(row);
+    return stored;
+}
+
 /// A plot in the shape of a BinaryPlot.
 struct PlotToWrite {
-    PlotToWrite(const PlotRecord& itsRecord, const RowTable& itsTable)
-        : record(itsRecord)
-        , lines(itsTable) {}
+    explicit PlotToWrite(const Plot& plot)
+        : record(plot.record)
+        , lines(plot.table)
+        , errorLines(plot.rows.errorLines)
+        , gridCount(plot.gridCount)
+        , gridValues(plot.gridCount != 0 ? plot.gridValues.get() : nullptr)
+        , place(plot.form ? plot.form->Place() : WindowPlace()) {
+        const std::int32_t count = CountOfRows();
+        rows.reserve(static_cast<std::size_t>(count));
+        for (std::int32_t row = 1; row <= count; ++row) {
+            rows.push_back(RowOf(plot.rows, row));
+        }
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            texts.push_back(plot.rows.text(row));
+        }
+    }
 
     const PlotRecord& record;
     const RowTable& lines;
+    const ErrorLines& errorLines;
     int version = 95;
     bool hasFrequencyField = true;
     std::vector<BinaryRow> rows;
     std::vector<std::string_view> texts;
-    const std::unordered_map<std::int32_t, std::string>* errorLines = nullptr;
-    std::int16_t gridCount = 0;
-    const GridValues* gridValues = nullptr;
+    std::int16_t gridCount;
+    const GridValues* gridValues;
     WindowPlace place;
 
     [[nodiscard]] std::string ErrorLine(std::int32_t row) const {
-        const auto line = errorLines->find(row);
-        return line == errorLines->end() ? std::string() : line->second;
+        const auto line = errorLines.find(row);
+        return line == errorLines.end() ? std::string() : line->second;
     }
 
     [[nodiscard]] std::string Cell(std::int32_t line, std::size_t column) const {
@@ -36,48 +66,17 @@ struct PlotToWrite {
         return at < lines.size() ? RowTableText(lines, at, static_cast<int>(column))
                                  : std::string();
     }
+
+private:
+    [[nodiscard]] std::int32_t CountOfRows() const {
+        std::int32_t count = record.NumData;
+        const auto overlays = static_cast<std::size_t>(record.OverlayRows[kOverlayCount]);
+        for (std::size_t k = 1; k <= overlays; ++k) {
+            count += record.OverlayRows[k];
+        }
+        return count;
+    }
 };
-
-std::int32_t RowsOf(const PlotRecord& record) {
-    std::int32_t rows = record.NumData;
-    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {
-        rows += record.OverlayRows[k];
-    }
-    return rows;
-}
-
-BinaryRow RowInStore(int slot, std::int32_t row) {
-    BinaryRow stored;
-    stored.dip = DipOfRow(slot, row); // a file knows nothing of the links that mark rows
-    stored.azimuth = gDataAz(slot, row);
-    stored.density = gPointDensity(slot, row);
-    stored.order = gDataOrder(slot, row);
-    stored.code = gDataSymbol(slot, row);
-    stored.dip2 = gData2Dip(slot, row);
-    stored.azimuth2 = gData2Az(slot, row);
-    stored.lineDip = gAppLineDip(slot, row);
-    stored.lineAzimuth = gAppLineAz(slot, row);
-    stored.number = gAppNumeric(slot, row);
-    return stored;
-}
-
-PlotToWrite PlotOfSlot(int slot) {
-    const auto place = static_cast<std::size_t>(slot);
-    PlotToWrite plot(RecordOf(slot), TableOf(slot));
-    const std::int32_t rows = RowsOf(plot.record);
-    plot.rows.reserve(static_cast<std::size_t>(rows));
-    for (std::int32_t row = 1; row <= rows; ++row) {
-        plot.rows.push_back(RowInStore(slot, row));
-    }
-    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
-        plot.texts.push_back(gAppText(slot, row));
-    }
-    plot.errorLines = &gErrorLines[place];
-    plot.gridCount = gGridCount[place];
-    plot.gridValues = plot.gridCount != 0 ? gGridValues[place].get() : nullptr;
-    plot.place = FormOf(slot).Place();
-    return plot;
-}
 
 constexpr std::size_t kBytesWithoutRows = sizeof(GridValues) + std::size_t{32} * 1024;
 constexpr std::size_t kUsualRowBytes = 128; ///< most of them for the cells of the table
@@ -98,9 +97,7 @@ void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
     }
 }
 
-/// The bytes of a plot, which read as one. A script can give fields values that no plot has; they
-/// are not to be lost in a file that nobody opens again.
-Result<std::string> Bytes(PlotToWrite plot) {
+Result<std::string> Written(const PlotToWrite& plot) {
     BinaryWriter writer;
     writer.Bytes().reserve(kBytesWithoutRows + plot.rows.size() * kUsualRowBytes);
     CheckOverlays(writer, plot.record);
@@ -109,29 +106,29 @@ Result<std::string> Bytes(PlotToWrite plot) {
     if (!writer.Error().empty()) {
         return Failure{writer.Error()};
     }
-    const Result<BinaryPlot> again = ReadBinaryPlot(writer.Bytes());
-    if (!again) {
-        return Failure{"the file could not be opened again: " + again.Error()};
-    }
     return std::move(writer.Bytes());
 }
 
-PlotToWrite PlotWithoutSlot(const BinaryPlot& plot, const RowTable& table) {
-    PlotToWrite wanted(plot.record, table);
-    wanted.rows = plot.rows;
-    wanted.texts.assign(plot.texts.begin(), plot.texts.end());
-    wanted.errorLines = &plot.errorLines;
-    wanted.gridCount = plot.gridCount;
-    wanted.gridValues = plot.gridValues.get();
-    wanted.place = plot.place.value_or(WindowPlace{});
-    return wanted;
-}
-
-/// The bytes of what `make` makes. A failure where memory is short.
-template <class Make>
-Result<std::string> BytesOf(const Make& make) {
+/// The bytes of a plot, which are read back: a script can give fields values that no plot has;
+/// they are not to be lost in a file that nobody opens again.
+///
+/// @param prepare  changes what is written
+template <class Prepare>
+Result<std::string> CheckedBytes(const Plot& plot, const Prepare& prepare) {
     try {
-        return Bytes(make());
+        Result<std::string> bytes = [&] {
+            PlotToWrite written(plot);
+            prepare(written);
+            return Written(written);
+        }();
+        if (!bytes) {
+            return bytes;
+        }
+        const Result<BinaryPlot> again = ReadBinaryPlot(*bytes);
+        if (!again) {
+            return Failure{"the file could not be opened again: " + again.Error()};
+        }
+        return bytes;
     } catch (const std::bad_alloc&) {
         return Failure{"there is not enough memory"};
     }
@@ -139,12 +136,18 @@ Result<std::string> BytesOf(const Make& make) {
 
 } // namespace
 
-Result<std::string> BinaryPlotBytes(int slot) {
-    return BytesOf([slot] { return PlotOfSlot(slot); });
+Result<std::string> PlotFileBytes(const Plot& plot) {
+    return CheckedBytes(plot, [](const PlotToWrite&) {});
 }
 
-Result<std::string> BinaryPlotBytes(const BinaryPlot& plot, const RowTable& table) {
-    return BytesOf([&] { return PlotWithoutSlot(plot, table); });
+Result<std::string> BinaryPlotBytes(int slot) {
+    (void)FormOf(slot); // its place is that of its window
+    return CheckedBytes(PlotOf(slot), [slot](PlotToWrite& written) {
+        // A file knows nothing of the links that mark rows.
+        for (std::size_t i = 0; i < written.rows.size(); ++i) {
+            written.rows[i].dip = DipOfRow(slot, static_cast<std::int32_t>(i) + 1);
+        }
+    });
 }
 
 } // namespace quandrel

@@ -173,7 +173,7 @@ std::string OpenBinaryPlot(const std::string& path) {
     }
     if (!StoreBinaryPlot(std::move(*plot), path, gActivePlot)) {
         GiveUpPlot(formerPlot);
-        TellUnreadable(path, "There is not enough memory for it.");
+        TellUnreadable(path, kNoMemoryForPlot);
         return kLoadError;
     }
     TellRemarks(remarks);

@@ -184,7 +184,7 @@ RecoveredPlot OpenRecoveryCopy(const fs::path& file) {
     if (!StoreBinaryPlot(std::move(*plot), file.string(), gActivePlot)) {
         ClosePlot(gActivePlot);
         gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
-        recovered.problem = "There is not enough memory for it.";
+        recovered.problem = kNoMemoryForPlot;
         return recovered;
     }
     CopyNames nameless;
