@@ -100,7 +100,7 @@ void PointDensitiesOneByOne(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(sum);
     }
-    PrintRatio(state, start, ComputePointDensities);
+    PrintRatio(state, start, [] { ComputePointDensities(); });
 }
 
 void GridOf150OneByOne(benchmark::State& state) {
@@ -125,7 +125,7 @@ void GridOf150OneByOne(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(sum);
     }
-    PrintRatio(state, start, ComputeGridDensity);
+    PrintRatio(state, start, [] { ComputeGridDensity(); });
 }
 
 void AllSizes(benchmark::internal::Benchmark* bench) {
