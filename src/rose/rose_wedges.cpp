@@ -358,10 +358,9 @@ void AddRoseWedges(Plot& plot, int layer) {
 
 void DrawRoseWedges(const Plot& plot, const Drawing& drawing) {
     for (int layer = kLowestLayer; layer >= 0; --layer) {
-        DrawLayer(
-            plot, layer,
-            std::ranges::equal_range(RoseOf(plot).wedges, layer, std::greater(), &RoseWedge::layer),
-            drawing);
+        const auto wedges =
+            std::ranges::equal_range(RoseOf(plot).wedges, layer, std::greater(), &RoseWedge::layer);
+        DrawLayer(plot, layer, {wedges.begin(), wedges.end()}, drawing);
     }
 }
 
