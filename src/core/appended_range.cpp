@@ -21,7 +21,8 @@ TaggedValue HeldOf(std::string_view text) {
     return std::string(text);
 }
 
-/// Keeps a value in the first free place, unless it is there already or all places are taken.
+/// Stores a value in the first free place, unless the value is already there or all places are
+/// taken.
 template <class Range, class Value, class Equals>
 void KeepDistinct(Range& range, std::size_t which, const Value& value, const Equals& equals) {
     for (auto& held : range.DistinctValues) {
@@ -113,7 +114,7 @@ void MergeAppendedRange(PlotRecord& record, const AppendedRange& later) {
     for (const std::size_t which : {kOfNumbers, kOfTexts}) {
         Widen(record, which, later.AppendedMin[which], later.AppendedMax[which]);
     }
-    // The first values of all rows are among the first ones of each part.
+    // The first distinct values of all rows are among the first distinct values of each part.
     for (const auto& held : later.DistinctValues) {
         if (!IsEmpty(held[kOfNumbers])) {
             KeepNumber(record, NumberOf(held[kOfNumbers]));

@@ -11,11 +11,11 @@
 
 namespace quandrel {
 
-/// No value yet: any value is within [kNoMinimum, kNoMaximum] turned round.
+/// No value yet: the minimum is above the maximum, so that the first value replaces both.
 inline constexpr double kNoMinimum = 999999999999999.0;
 inline constexpr double kNoMaximum = -999999999999999.0;
 
-/// The range of rows that are not in a plot yet, without a value at first.
+/// The range of rows that are not in a plot yet. It starts without a value.
 struct AppendedRange : RecordRanges {
     AppendedRange() {
         AppendedMin.fill(kNoMinimum);
@@ -23,21 +23,21 @@ struct AppendedRange : RecordRanges {
     }
 };
 
-/// Forgets range and distinct values of a record.
+/// Clears the range and the distinct values of a record.
 void ResetAppendedRange(PlotRecord& record);
 
-/// Takes the appended values of a row of a plot into the range of its record, as far as the record
-/// has them. Texts are kept as first typed and compared without case.
+/// Extends the range of a plot's record by the appended values of a row, for the columns that the
+/// record has. Texts are stored as first typed and compared without case.
 void TrackAppendedRange(Plot& plot, std::int32_t row);
 
-/// Takes a number into a range; kInvalidNumber is passed over.
+/// Extends a range by a number; kInvalidNumber is ignored.
 void TrackNumber(AppendedRange& range, float number);
 
-/// Takes a text into a range; an empty one is passed over.
+/// Extends a range by a text; an empty one is ignored.
 void TrackText(AppendedRange& range, std::string_view text);
 
-/// Takes the range of rows that follow those of a record into it: the record then is as if the rows
-/// had been taken in one by one.
+/// Merges the range of the rows that follow those of a record into it. The result is the same as if
+/// the rows had been added one by one.
 void MergeAppendedRange(PlotRecord& record, const AppendedRange& later);
 
 } // namespace quandrel

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file that a chain of links leads to, so that a link stays one.
+/// The file at the end of a chain of links. Writing to it leaves the links in place.
 Result<fs::path> TargetOf(const std::string& path) {
     std::error_code failed;
     if (!fs::is_symlink(path, failed)) {
@@ -28,7 +28,7 @@ Result<fs::path> TargetOf(const std::string& path) {
     return failed ? Result<fs::path>(Failure{failed.message()}) : Result<fs::path>(target);
 }
 
-/// Why there can be no new file in the place of another, or nothing.
+/// Why no new file can replace another one; empty when it can.
 std::string RefusalOf(const fs::file_status& status) {
     if (fs::is_directory(status)) {
         return "it is a folder";

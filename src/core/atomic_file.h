@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Writing a file so that at any moment either the old or the new one is there, whole.
+// Atomic writing of a file: at any moment either the complete old file or the complete new one
+// exists.
 
 #pragma once
 
@@ -11,18 +12,18 @@
 
 namespace quandrel {
 
-/// Writes bytes to a file: to a new one first, which is brought to the disk and then takes the
-/// place of the old one. On failure the file that was there is untouched and nothing is left beside
-/// it. A link stays a link; one that leads to nothing is a failure.
+/// Writes bytes to a new file, flushes it to disk and then replaces the old file with it. On
+/// failure the old file is untouched and no new file remains. A link is followed and kept; a
+/// dangling link is a failure.
 ///
-/// @return empty on success, else a text for the user that says why
+/// @return empty on success, else the reason as a text for the user
 [[nodiscard]] std::string WriteFileAtomically(const std::string& path, std::string_view bytes,
                                               UnderWay underWay = UnderWay::Unnamed);
 
-/// The same for a file that is too large to be held: `make` puts its bytes, in their order. When it
-/// gives a reason, nothing is written. It does not throw.
+/// The same for a file that is too large for memory: `make` writes its bytes in order. When `make`
+/// returns a reason, nothing is written. It must not throw.
 ///
-/// @return empty on success, else the reason of `make`, or a text for the user
+/// @return empty on success, else the reason from `make`, or a text for the user
 [[nodiscard]] std::string WriteFileAtomically(const std::string& path, const MakeBytes& make,
                                               UnderWay underWay = UnderWay::Unnamed);
 

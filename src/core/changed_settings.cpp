@@ -17,7 +17,7 @@ namespace {
 constexpr std::array kSections = {kStartUp, kDataFormats,   kSymbolArray,
                                   kFonts,   kFileMenuArray, kDataClassifArray};
 
-/// No setting has this value.
+/// A value that no setting has.
 const std::string kMissing = "\x1b(missing)";
 
 MemorySettingsStore noted;
@@ -48,7 +48,7 @@ void NoteLoadedSettings(const SettingsStore& wouldWrite) {
 
 bool WriteChangedSettings(const SettingsStore& wanted) {
     SettingsStore& store = *gPlatform.settings;
-    (void)store.Sync(); // what other sessions wrote comes in; the second one has the verdict
+    (void)store.Sync(); // fetches what other sessions wrote; the result of the second Sync counts
     ForEachKey(
         wanted, [&store](const char* section, const std::string& key, const std::string& value) {
             if (value == ValueIn(noted, section, key) && ValueIn(store, section, key) != kMissing) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What this session has changed of the settings. Two sessions share a store: each writes the keys
-// that it changed, and leaves the others as the other session has them.
+// The settings that this session has changed. Two sessions share a store: each writes only the keys
+// that it changed and leaves the others as the other session wrote them.
 
 #pragma once
 
@@ -9,13 +9,14 @@
 
 namespace quandrel {
 
-/// Takes note of the settings as a load found them.
+/// Records the settings as they were loaded.
 ///
-/// @param wouldWrite  what a save of all groups would write now; it holds for the keys that the
-///                    store lacks
+/// @param wouldWrite  what a save of all groups would write now; used for the keys that the store
+///                    lacks
 void NoteLoadedSettings(const SettingsStore& wouldWrite);
 
-/// Writes those keys that differ from what was noted, or that the store lacks, and notes them.
+/// Writes the keys whose values differ from the recorded ones or that the store lacks, and records
+/// them.
 ///
 /// @param wanted  the keys to save, with their values
 /// @return false when the store could not be written

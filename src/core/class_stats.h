@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the rows of ClassStats hold: figures of the classified number, and how its grids are shown.
+// The layout of ClassStats: statistics of the classified number, and how its grids are shown.
 
 #pragma once
 
@@ -13,17 +13,17 @@ namespace quandrel {
 
 /// Rows of ClassStats.
 enum ClassStatsRow : std::size_t {
-    kRawRange = 0,        ///< least and greatest value of the rows
+    kRawRange = 0,        ///< minimum and maximum of the rows
     kRawMean = 1,         ///< their mean and standard deviation
-    kMeansRange = 2,      ///< least and greatest node of the grid of means
+    kMeansRange = 2,      ///< minimum and maximum node of the grid of means
     kCumulativeRange = 3, ///< the same of the grid of sums
-    kGridChoice = 4,      ///< the grid shown, a ClassGridValue; and its background
+    kGridChoice = 4,      ///< the grid that is shown, a ClassGridValue; and its background
 };
 
 /// Columns of the row kGridChoice.
 enum GridChoiceColumn : std::size_t { kShownGrid = 0, kBackground = 1 };
 
-/// Which grid of a plot that is classified by its appended numbers is shown.
+/// The grid that is shown for a plot that is classified by its appended numbers.
 enum class ClassGridValue { Mean = 0, Cumulative = 1 };
 
 [[nodiscard]] inline ClassGridValue GridValueShown(const PlotRecord& record) {
@@ -33,8 +33,8 @@ enum class ClassGridValue { Mean = 0, Cumulative = 1 };
                : ClassGridValue::Mean;
 }
 
-/// The value of nodes without rows when the grid is contoured; nothing when they have none, so that
-/// contours end at them. 0 for a plot that was never classified.
+/// The value of nodes without rows when the grid is contoured. Empty when such nodes have no value,
+/// so that contours end at them. 0 for a plot that was never classified.
 [[nodiscard]] inline std::optional<double> GridBackground(const PlotRecord& record) {
     const double value = record.ClassStats[kGridChoice][kBackground];
     return value == kUnsetValue ? std::nullopt : std::optional(value);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The data format in force under its given names. All plots share it while they load. The data
+// The current data format under its given names. All plots share it while they load. The data
 // format dialog and the parameter lines of a file change it.
 
 #pragma once
@@ -9,11 +9,11 @@
 
 namespace quandrel {
 
-/// The kind in which a set of orientations is plotted once it takes the place of the other set of
-/// its rows: planes as planes; lines as lines, or as polar lines when the former set was.
+/// The kind in which a set of orientations is plotted when it replaces the other set of its rows:
+/// planes as planes; lines as lines, or as polar lines when the former set was.
 [[nodiscard]] std::int16_t DataKindOfSet(bool holdsPlanes, std::int16_t formerKind);
 
-// Views on the format in force.
+// Views on the current format.
 inline constinit auto& gConventions = gSettings.format.conventions;
 inline constinit auto& gFileDelimiter = gSettings.format.delimiter;
 inline constinit auto& gPlaneSeparator = gSettings.format.planeSeparator;
@@ -29,11 +29,11 @@ inline constinit auto& gFileColumnSettings = gSettings.format.columns;
 inline constinit auto& gPlotDataKind = gSettings.format.plotDataKind;
 inline constinit auto& gPlotKind = gSettings.format.plotKind;
 
-/// Appended numbers with the other decimal delimiter are converted without a word.
+/// Whether appended numbers with the other decimal delimiter are converted silently.
 inline constinit auto& gConvertDecimals = gSettings.notation.convertDecimals;
 
-/// What a load can change of the settings, as it was when this was made: the format, and the
-/// symbols of rows, which the format dialog chooses too.
+/// A snapshot of the settings that a load can change: the format, and the symbols of rows, which
+/// the format dialog also sets.
 struct FormatBefore {
     FormatSettings format = gSettings.format;
     std::array<SymbolRow, kSymbolRowCount> symbols = gSettings.styles.symbols;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The format of data files as a value: which column of a line of text holds what, and how an
-// orientation is written in it. The one in force is part of the settings (data_format.h).
+// orientation is written in it. The current format is part of the settings (data_format.h).
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quandrel {
 
-/// Formats of the primary data. 0 counts as directions too.
+/// Formats of the primary data. 0 also means directions.
 enum PrimaryFormatCode : std::int16_t { kDirections = 1, kPrimaryPlane = 2, kPrimaryLine = 3 };
 
 /// Formats of the secondary data.
@@ -56,11 +56,12 @@ enum ColumnSlot : int {
 
 inline constexpr int kColumnSlots = 10;
 
-/// Zero-based token indexes, one for each ColumnSlot.
+/// Zero-based token indexes, one per ColumnSlot.
 using ColumnSettings = std::array<std::int32_t, kColumnSlots>;
 
-/// What the trend beside a negative plunge names in files to come. In the columns it always names
-/// the lower end: (-p, t) is the line whose lower end is (p, t), pointing the other way.
+/// Which end of an upward line a trend belongs to when data files give it with a negative plunge.
+/// In the columns the trend is always that of the lower end: (-p, t) is the line whose lower end is
+/// (p, t), pointing the other way.
 enum class NegativePlunge : std::int16_t {
     LowerEnd = 0, ///< the trend of the line's lower end
     Vector = 1,   ///< the trend that the line points to, upward
@@ -70,12 +71,12 @@ struct FormatSettings {
     /// Plane convention 1 to 6, plus 10 for lines as trend, plunge; negative for quadrant notation.
     std::int16_t conventions = 1;
 
-    /// Between the columns of a line: one character, or empty for any of comma, semicolon, blank,
-    /// tab.
+    /// The separator of the columns of a line: one character, or empty for any of comma, semicolon,
+    /// blank and tab.
     std::string delimiter;
 
-    std::string planeSeparator;      ///< between dip and direction, on output only
-    std::string lineSeparator;       ///< between plunge and trend, on output only
+    std::string planeSeparator;      ///< between dip and direction, output only
+    std::string lineSeparator;       ///< between plunge and trend, output only
     std::int16_t primary = 0;        ///< PrimaryFormatCode
     std::int16_t secondary = 0;      ///< SecondaryFormatCode
     bool lineAppended = false;       ///< lines hold an appended line
@@ -84,7 +85,7 @@ struct FormatSettings {
     std::string numericName;         ///< of the appended number
     std::string nonNumericName;      ///< of the appended text
     ColumnSettings columns{};
-    std::int16_t plotDataKind = 0; ///< DataKindCode for data to come
+    std::int16_t plotDataKind = 0; ///< DataKindCode for new data
     std::int16_t plotKind = 0;     ///< PlotKindCode of the next new plot
     bool hasHeadings = false;      ///< the first row of a file holds column headings
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd;

@@ -10,8 +10,8 @@ namespace quandrel {
 
 namespace {
 
-/// Capitals from `first` to `last` that lie `distance` before their small letters; with a step of 2
-/// every other letter is one.
+/// Capitals from `first` to `last`. Each is `distance` before its small letter. With a step of 2
+/// only every second letter is a capital.
 struct Capitals {
     char32_t first;
     char32_t last;
@@ -19,8 +19,8 @@ struct Capitals {
     char32_t step;
 };
 
-/// Letters whose cases have as many bytes, of the alphabets that names of rocks are written in (The
-/// Unicode Standard, CaseFolding.txt).
+/// Letters whose two cases have the same number of bytes, in the alphabets in which rock names are
+/// written (The Unicode Standard, CaseFolding.txt).
 constexpr std::array<Capitals, 25> kCapitals = {{
     // Latin-1 Supplement.
     {0x00c0, 0x00d6, 32, 1},
@@ -32,9 +32,9 @@ constexpr std::array<Capitals, 25> kCapitals = {{
     {0x014a, 0x0176, 1, 2},
     {0x0178, 0x0178, -121, 1},
     {0x0179, 0x017d, 1, 2},
-    // Latin Extended-B: letters with two accents, Romanian ones.
+    // Latin Extended-B: letters with two accents, Romanian letters.
     {0x01f8, 0x021e, 1, 2},
-    // Greek; the last is the sigma at the end of a word.
+    // Greek; the last entry is the final sigma.
     {0x0370, 0x0372, 1, 2},
     {0x0376, 0x0376, 1, 1},
     {0x0386, 0x0386, 38, 1},
@@ -54,7 +54,7 @@ constexpr std::array<Capitals, 25> kCapitals = {{
     {0x04d0, 0x052e, 1, 2},
 }};
 
-/// A letter, or a byte of something longer.
+/// A letter, or one byte of a longer sequence.
 struct Unit {
     char32_t code = 0;
     std::size_t bytes = 1;
@@ -75,13 +75,13 @@ char32_t SmallOf(char32_t code) {
     return code;
 }
 
-/// What stands at a place of a text, in lower case.
+/// The lower-case form of the letter at a position of a text.
 Unit SmallAt(std::string_view text, std::size_t place) {
     const char32_t lead = Byte(text, place);
     if (lead >= 'A' && lead <= 'Z') {
         return {lead - U'A' + U'a', 1};
     }
-    const bool isLead = lead >= 0xc2 && lead <= 0xdf; // of two bytes
+    const bool isLead = lead >= 0xc2 && lead <= 0xdf; // of a two-byte sequence
     if (!isLead || place + 1 >= text.size() || (Byte(text, place + 1) & 0xc0U) != 0x80U) {
         return {lead, 1};
     }
@@ -104,7 +104,7 @@ std::string LowerCase(std::string text) {
 }
 
 bool EqualWithoutCase(std::string_view a, std::string_view b) {
-    // Most texts that are compared are alike to the letter.
+    // Most of the texts compared are identical.
     if (a == b) {
         return true;
     }

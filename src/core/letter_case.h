@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Upper and lower case of letters in UTF-8 texts: Latin, Greek and Cyrillic, as far as they are
-// written in one or two bytes. No letter changes its number of bytes. Bytes that are no UTF-8 stay.
+// Upper and lower case of letters in UTF-8 texts: the Latin, Greek and Cyrillic letters of one or
+// two bytes. A change of case never changes the number of bytes. Bytes that are not UTF-8 stay.
 
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace quandrel {
 
-/// A text for comparison without case: letters in lower case, both small sigmas alike.
+/// Folds a text for comparison without case: letters in lower case, both small sigmas the same.
 [[nodiscard]] std::string LowerCase(std::string text);
 
-/// True when two texts are alike but for the case of letters.
+/// Whether two texts are equal when case is ignored.
 [[nodiscard]] bool EqualWithoutCase(std::string_view a, std::string_view b);
 
 } // namespace quandrel

@@ -39,7 +39,7 @@ fs::path FolderOf(const fs::path& file) {
     return folder.empty() ? fs::path(".") : folder;
 }
 
-/// A name of the form that IsNameUnderWay knows.
+/// A name that IsNameUnderWay recognises.
 std::string RandomName() {
     static std::mt19937 random{std::random_device{}()};
     std::uniform_int_distribution<std::size_t> letter(0, kNameLetters.size() - 1);
@@ -52,9 +52,9 @@ std::string RandomName() {
 
 #ifdef _WIN32
 
-/// Writes, flushes and closes. Empty on success.
+/// Writes, flushes and closes a file. Empty on success.
 std::string WriteAll(std::FILE* file, const MakeBytes& make) {
-    std::string failure; // of the first write that failed
+    std::string failure; // of the first failed write
     std::string error = make([file, &failure](std::string_view bytes) {
         if (failure.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
             failure = LastError();
@@ -89,7 +89,7 @@ using FileFacts = struct stat;
 
 constexpr std::size_t kPiece = 65536;
 
-/// An open file, closed with its owner.
+/// An open file, closed by its owner's destructor.
 class Descriptor {
 public:
     explicit Descriptor(int number)
@@ -116,12 +116,13 @@ private:
     int number_;
 };
 
-/// Until a file has its rights nobody else reads it, unless it is to have those of the user's mask.
+/// Until a file has its final rights only its owner can read it, unless the user's mask decides its
+/// rights.
 mode_t FirstRights(const std::optional<fs::perms>& rights) {
     return rights ? 0600 : 0666;
 }
 
-/// Writes to a descriptor in pieces that are worth a call.
+/// Buffers writes to a descriptor, so that each system call writes a large piece.
 class PieceWriter {
 public:
     explicit PieceWriter(const Descriptor& file)
@@ -142,7 +143,7 @@ public:
         waiting_.clear();
     }
 
-    /// Why the first write that failed did so.
+    /// The reason for the first failed write.
     [[nodiscard]] const std::string& Error() const { return error_; }
 
 private:
@@ -161,7 +162,7 @@ private:
     std::string error_;
 };
 
-/// Writes all, gives the file its rights and brings it to the disk. Empty on success.
+/// Writes everything, sets the file's rights and flushes it to disk. Empty on success.
 std::string Fill(const Descriptor& file, const MakeBytes& make,
                  const std::optional<fs::perms>& rights) {
     PieceWriter writer(file);
@@ -175,7 +176,7 @@ std::string Fill(const Descriptor& file, const MakeBytes& make,
     return isDone || !error.empty() ? error : LastError();
 }
 
-/// A file with a name of its own, locked; with the reason in errno when there is none.
+/// A locked file with a unique name. On failure the reason is in errno.
 Descriptor OpenNamed(const fs::path& folder, mode_t rights, fs::path& name) {
     for (int i = 0; i < kNameTries; ++i) {
         name = folder / RandomName();
@@ -184,7 +185,7 @@ Descriptor OpenNamed(const fs::path& folder, mode_t rights, fs::path& name) {
         if (!file.IsOpen() && errno != EEXIST) {
             return file;
         }
-        // Before it was locked another save may have taken it for one that was left.
+        // Before the lock another save may have removed the file as abandoned.
         FileFacts facts{};
         if (file.IsOpen() && (flock(file.Number(), LOCK_EX), true)
             && fstat(file.Number(), &facts) == 0 && facts.st_nlink > 0) {
@@ -226,8 +227,8 @@ std::string ReplaceByNamed(const fs::path& target, const MakeBytes& make,
     return linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
-/// Gives a whole file the name of the target. A name cannot be given over another file's; there the
-/// file takes a short one first. Nothing when files cannot be named here.
+/// Gives a complete file the name of the target. A name cannot replace that of another file; in
+/// that case the file first takes a short name. Empty when files cannot be named here.
 std::optional<std::string> PutInPlace(const Descriptor& file, const fs::path& target) {
     if (NameIt(file, target)) {
         return std::string();
@@ -241,7 +242,7 @@ std::optional<std::string> PutInPlace(const Descriptor& file, const fs::path& ta
     return std::nullopt;
 }
 
-/// The bytes of a file that is open.
+/// The bytes of an open file.
 std::string CopyBytes(const Descriptor& file, const PutBytes& put) {
     std::string piece(kPiece, '\0');
     for (off_t at = 0;;) {
@@ -256,7 +257,7 @@ std::string CopyBytes(const Descriptor& file, const PutBytes& put) {
     }
 }
 
-/// Nothing where the system has no files without a name.
+/// Empty where the system has no unnamed files.
 std::optional<std::string> ReplaceByUnnamed(const fs::path& target, const MakeBytes& make,
                                             const std::optional<fs::perms>& rights) {
     const Descriptor file(
@@ -268,7 +269,7 @@ std::optional<std::string> ReplaceByUnnamed(const fs::path& target, const MakeBy
     if (!error.empty()) {
         return error;
     }
-    // Locked before it has a name: nobody is to take it for one that was left.
+    // Locked before it has a name, so that no other save takes it for an abandoned file.
     (void)flock(file.Number(), LOCK_EX);
     const std::optional<std::string> placed = PutInPlace(file, target);
     const auto copy = [&file](const PutBytes& put) { return CopyBytes(file, put); };
@@ -284,15 +285,15 @@ std::optional<std::string> ReplaceByUnnamed(const fs::path&, const MakeBytes&,
 
 #endif
 
-/// Brings the names in a folder to the disk. Systems that cannot do so, or folders that this user
-/// may not read, are no failure.
+/// Flushes the names in a folder to disk. A system that cannot do so, or a folder that the user may
+/// not read, is not a failure.
 std::string SyncFolder(const fs::path& folder) {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const bool failed = opened.IsOpen() && fsync(opened.Number()) != 0 && errno == EIO;
     return failed ? LastError() : std::string();
 }
 
-/// True for a file of this user that no process holds.
+/// Whether a file belongs to this user and no process holds it.
 bool IsLeft(const fs::path& file) {
     const Descriptor opened(open(file.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     FileFacts facts{};
@@ -312,7 +313,7 @@ bool IsNameUnderWay(std::string_view name) {
 
 #ifdef _WIN32
 
-// A file here has neither an owner nor a lock that would tell whose it is.
+// On this system a file has neither an owner nor a lock that would show whose it is.
 void RemoveLeftUnderWay(const fs::path&) {}
 
 std::string ReplaceByNewFile(const fs::path& target, const MakeBytes& make,

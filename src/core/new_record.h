@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The record of a new plot by settings that are given.
+// The record of a new plot from given settings.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace quandrel {
 
-/// The record of an empty plot. Reads nothing but the settings; NewPlotRecord() is by those in
-/// force.
+/// The record of an empty plot. Reads only the settings given; NewPlotRecord() uses the current
+/// ones.
 [[nodiscard]] PlotRecord NewPlotRecord(const Settings& settings);
 
 } // namespace quandrel

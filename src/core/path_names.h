@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Names of files: in texts, for new files, and one spelling for each. Paths are UTF-8.
+// File names: in texts, for new files, and in one canonical spelling. Paths are UTF-8.
 
 #pragma once
 
@@ -12,14 +12,14 @@ namespace quandrel {
 /// A path's last component.
 [[nodiscard]] std::string FileTitleOf(const std::string& path);
 
-/// A text as the name of a file: what no name may hold on one system or another becomes "-".
+/// Makes a text a valid file name: characters that some system does not allow become "-".
 [[nodiscard]] std::string FileNameOf(std::string text);
 
-/// One spelling for each file, so that it is known again wherever it is named from: its absolute
+/// The canonical spelling of a path, so that a file is recognised however it is named: its absolute
 /// path.
 [[nodiscard]] std::string NormalPath(const std::string& path);
 
-/// True when a path ends so, in any case.
+/// Whether a path ends with a suffix, in any case.
 [[nodiscard]] bool HasEnding(const std::string& path, std::string_view ending);
 
 } // namespace quandrel

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// A plot as a value: its record, its rows, the table of the plotted ones, its grids, its window,
-// and what other folders keep with it. Open plots are in the slots of the store (plot_slots.h); a
-// plot can be made and filled without one.
+// A plot as a value: its record, its rows, the table of plotted rows, its grids, its window, and
+// what other folders attach to it. Open plots are in the slots of the store (plot_slots.h); a plot
+// can also be made and filled outside the store.
 
 #pragma once
 
@@ -21,16 +21,16 @@
 
 namespace quandrel {
 
-/// Texts of error rows by their rows, as they were in the file.
+/// Texts of error rows as they were in the file, by row.
 using ErrorLines = std::unordered_map<std::int32_t, std::string>;
 
-/// The rows of a plot, whole degrees: the main rows from 1, then those of its overlays in order.
-/// plot_rows.h appends, changes and removes them and keeps the counts of the record.
+/// The rows of a plot in whole degrees: the main rows from 1, then those of its overlays in order.
+/// plot_rows.h appends, changes and removes them and updates the counts of the record.
 struct PlotRows {
     RowColumn<std::int32_t> dip;          ///< dip or plunge; kErrorRow marks an error row
     RowColumn<std::int32_t> azimuth;      ///< dip direction, trend, or direction
-    RowColumn<SymbolCode> symbol;         ///< what is drawn
-    RowColumn<SymbolCode> symbolBase;     ///< what it goes back to
+    RowColumn<SymbolCode> symbol;         ///< the current symbol
+    RowColumn<SymbolCode> symbolBase;     ///< the symbol to restore
     RowColumn<std::int32_t> pointDensity; ///< density band of the row, 0 until counted
     RowColumn<std::int32_t> order;        ///< index of the row as it was loaded
     RowColumn<std::int32_t> dip2;         ///< secondary orientation, made on demand
@@ -42,7 +42,7 @@ struct PlotRows {
     ErrorLines errorLines;
 };
 
-/// Layers of GridValues.
+/// Layers of class grid values.
 enum GridLayer : std::size_t { kMeanLayer = 0, kCumulativeLayer = 1 };
 
 /// Grids of appended numbers over the net: mean and sum at each node, [layer][column][row].
@@ -56,7 +56,7 @@ struct Plot {
     std::int16_t gridCount = 0;             ///< non-zero where gridValues holds data
     std::int16_t lock = 0;
     PlotAttachments attachments;
-    std::unique_ptr<PlotForm> form; ///< empty where no window was made; goes before the rest
+    std::unique_ptr<PlotForm> form; ///< empty without a window; destroyed before the rest
 };
 
 } // namespace quandrel

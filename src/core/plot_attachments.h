@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What folders above the store keep with a plot: a value of each type that one of them defines. A
-// new plot has none; they go with the plot, and when it is made empty.
+// Attachments: values that folders above the store keep with a plot, one value of each type. A new
+// plot has none. They are destroyed with the plot and when it is emptied.
 
 #pragma once
 
@@ -14,8 +14,8 @@ namespace quandrel {
 
 class PlotAttachments {
 public:
-    /// The plot's value of a type; made with its defaults when it is first asked for. It stays at
-    /// its address until it is dropped.
+    /// The plot's value of a type, default-constructed at the first request. Its address is stable
+    /// until it is dropped.
     template <class T>
     [[nodiscard]] T& Of() {
         std::shared_ptr<void>& value = values_[typeid(T)];
@@ -25,30 +25,30 @@ public:
         return *static_cast<T*>(value.get());
     }
 
-    /// The plot's value of a type, or nothing when none was made.
+    /// The plot's value of a type, or null when none was made.
     template <class T>
     [[nodiscard]] const T* Find() const {
         const auto value = values_.find(typeid(T));
         return value == values_.end() ? nullptr : static_cast<const T*>(value->second.get());
     }
 
-    /// The same, to be changed.
+    /// The same, mutable.
     template <class T>
     [[nodiscard]] T* Find() {
         return const_cast<T*>(std::as_const(*this).Find<T>());
     }
 
-    /// Forgets the value of a type.
+    /// Drops the value of a type.
     template <class T>
     void Drop() {
         values_.erase(typeid(T));
     }
 
-    /// Forgets all values.
+    /// Drops all values.
     void Clear() { values_.clear(); }
 
 private:
-    /// Each is of the type of its key; the pointer alone knows how to destroy it.
+    /// Each value has the type of its key; its pointer holds the matching deleter.
     std::unordered_map<std::type_index, std::shared_ptr<void>> values_;
 };
 

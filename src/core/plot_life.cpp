@@ -29,7 +29,7 @@ bool PrepareNewPlotWindow() {
 }
 
 void ClosePlot(int slot) {
-    // A window that closes brings another one into focus.
+    // When a window closes, another one comes into focus.
     const bool wasActive = gActivePlot == slot;
     std::unique_ptr<PlotForm>& form = gPlotForm.at(static_cast<std::size_t>(slot));
     if (form != nullptr) {

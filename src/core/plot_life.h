@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// How a plot begins and ends: its slot, its window, and which plot is active afterwards.
+// Opening and closing a plot: its slot, its window, and which plot is active afterwards.
 
 #pragma once
 
 namespace quandrel {
 
-/// A slot with a window for a new plot, made the active one. False, with a message, when all are
-/// taken.
+/// Takes a slot with a window for a new plot and makes it active. False, with a message, when all
+/// slots are taken.
 [[nodiscard]] bool PrepareNewPlotWindow();
 
-/// Closes the plot of a slot without asking: its window goes and its slot becomes free. The open
-/// plot with the highest slot comes into focus, or none.
+/// Closes the plot of a slot without asking: removes its window and frees its slot. The open plot
+/// with the highest slot comes into focus, or none.
 void ClosePlot(int slot);
 
 } // namespace quandrel

@@ -4,7 +4,7 @@
 //
 // Its fields are in parts, each in a header of its subject. Whole-degree orientations are in the
 // data columns (plot_store.h); angles in a record are radians unless a field says degrees. Truth
-// values are 16 bits, 0 or -1, as files keep them.
+// values have 16 bits, 0 or -1, as in files.
 
 #pragma once
 
@@ -17,7 +17,7 @@
 
 namespace quandrel {
 
-/// The parts in the order of dumps.
+/// The parts, in the order of dumps.
 struct PlotRecord
     : JoinedRecord<RecordRows, RecordAnnotations, RecordColumns, RecordRanges, RecordClasses,
                    RecordTexts, RecordOverlays, RecordView, RecordDensities, RecordFabric,

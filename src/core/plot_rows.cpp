@@ -13,7 +13,7 @@ namespace quandrel {
 
 namespace {
 
-/// Counts rows at the end of a plot.
+/// Adds rows at the end of a plot to its counts.
 void CountIn(PlotRecord& record, int overlay, std::int32_t rows, std::int32_t valid) {
     record.NumLoadedData += rows;
     if (overlay > 0) {
@@ -28,8 +28,7 @@ void DropErrorLines(ErrorLines& lines, std::int32_t last) {
     std::erase_if(lines, [last](const auto& held) { return held.first > last; });
 }
 
-/// Removes what is stored of rows after the counted ones. Cells after the last row may keep what
-/// they hold.
+/// Discards stored texts after the counted rows. Cells after the last row may keep old values.
 void DropUncounted(Plot& plot) {
     const std::int32_t last = plot.record.NumLoadedData;
     ResizeRowTable(plot.table, static_cast<std::size_t>(last));
@@ -93,12 +92,12 @@ bool IsMainData(const Plot& plot, std::int32_t row) {
     return row <= plot.record.NumData && plot.rows.dip(row) != kErrorRow;
 }
 
-/// Counts a row that was main data and is none now out.
+/// Removes from the counts a row that has changed from data to an error row.
 void CountOutValid(PlotRecord& record) {
     record.NumValidData = std::max(record.NumValidData - 1, 0);
 }
 
-/// Takes rows out of the counts. The columns must still hold them.
+/// Removes rows from the counts. The columns must still hold them.
 void CountOut(Plot& plot, std::span<const std::int32_t> rows) {
     PlotRecord& record = plot.record;
     std::array<std::int32_t, kMaxOverlays + 1> ofOverlay{};
@@ -216,7 +215,7 @@ void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary) {
 }
 
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary) {
-    // A failure is none: it is told when a row finds no room.
+    // A failure is ignored here: it is reported when a row finds no room.
     (void)MakeRoom(plot.rows, last, ColumnsOf(plot.record, withSecondary), RoomAhead::None);
     ReserveRows(plot.table, static_cast<std::size_t>(last));
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The owner of the rows of a plot: it appends, changes and removes them, with their lines of the
-// row table, and keeps the counts of the record: NumData, NumValidData, NumLoadedData, OverlayRows
-// and OverlayKind. Nobody else writes these, but a reader of files, which sets a whole record
-// before its rows.
+// The owner of a plot's rows. It appends, changes and removes them together with their lines in the
+// row table, and updates the counts of the record: NumData, NumValidData, NumLoadedData,
+// OverlayRows and OverlayKind. Nobody else writes these counts, except a reader of files, which
+// sets the whole record before its rows.
 //
-// Rows run from 1: the main rows, then those of the overlays in order. New rows go to the end, so
-// that only the last overlay, or a plot without any, takes them.
+// Rows run from 1: the main rows, then those of the overlays in order. New rows go to the end. Only
+// the last overlay, or the main rows of a plot without overlays, can take them.
 
 #pragma once
 
@@ -25,13 +25,13 @@ struct RowCounts {
     std::int32_t main = 0;                                    ///< main rows, error rows included
     std::int32_t valid = 0;                                   ///< main rows that are data
     std::int32_t all = 0;                                     ///< main and overlay rows
-    std::array<std::int32_t, kMaxOverlays + 1> overlayRows{}; ///< [0] how many overlays
+    std::array<std::int32_t, kMaxOverlays + 1> overlayRows{}; ///< [0] number of overlays
     std::array<std::int16_t, kMaxOverlays + 1> overlayKind{};
 };
 
 [[nodiscard]] RowCounts CountsOf(const PlotRecord& record);
 
-/// Gives a record counts of former rows, which must be those of the cells.
+/// Restores earlier counts of a record. They must match the cells.
 void SetCounts(PlotRecord& record, const RowCounts& counts);
 
 /// The overlay that a row of a plot belongs to, or 0 for a main row.
@@ -40,48 +40,48 @@ void SetCounts(PlotRecord& record, const RowCounts& counts);
 /// The first row of an overlay 1 to OverlayRows[kOverlayCount].
 [[nodiscard]] std::int32_t FirstRowOfOverlay(const PlotRecord& record, int overlay);
 
-/// Appends a row to a plot: its cells, its line of the table, its range of appended values, its
-/// counts. The appended columns take it as far as the record has them.
+/// Appends a row to a plot: its cells, its line of the table, its range of appended values, and its
+/// counts. Only the appended columns that the record has are filled.
 ///
 /// @param overlay  the last overlay, or 0 for the main rows of a plot without overlays
-/// @return false when memory ran out: then nothing has changed but DataFull, which is set
+/// @return false when memory ran out: then nothing has changed except DataFull, which is set
 [[nodiscard]] bool AppendRow(Plot& plot, int overlay, const RowValues& values);
 
 /// Appends the rows of a block, as AppendRow does one by one. Its columns must be those of the
 /// plot.
 ///
-/// @return how many were appended: less than the block has when memory ran out; DataFull is then
-/// set
+/// @return how many rows were appended: fewer than the block has when memory ran out; DataFull is
+///         then set
 [[nodiscard]] std::int32_t AppendBlock(Plot& plot, int overlay, const RowBlock& block);
 
-/// Takes memory for rows 1 to `last`, if it is there, for blocks to come.
+/// Reserves memory for rows 1 to `last` of later blocks, if it is available.
 void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary);
 
-/// Makes room for rows 1 to `last` at once, if the memory is there; rows that come one by one find
-/// it otherwise.
+/// Makes room for rows 1 to `last` in one step, if the memory is available. Otherwise rows make
+/// room one by one.
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary);
 
-/// Gives a row an orientation in whole degrees. An error row becomes data, and its text goes. The
-/// line of the table is for the caller to write.
+/// Gives a row an orientation in whole degrees. An error row becomes data and loses its text. The
+/// caller updates the line of the table.
 void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t azimuth);
 
-/// Makes an error row of a row, and keeps a text with it unless that is empty. Its line of the
-/// table is for the caller to write.
+/// Turns a row into an error row, and keeps a text with it unless the text is empty. The caller
+/// updates the line of the table.
 void SpoilRow(Plot& plot, std::int32_t row, std::string_view line = {});
 
-/// Removes rows, and overlays of which none is left. The table is for the caller to make anew.
+/// Removes rows, and overlays that become empty. The caller rebuilds the table.
 ///
-/// @param rows  point indices, ascending, none twice
+/// @param rows  point indices, ascending, without repeats
 void RemoveRows(Plot& plot, std::span<const std::int32_t> rows);
 
-/// Removes the rows that were appended since the counts were `former`, and the overlays that were
-/// opened. The range of appended values stays as it is.
+/// Removes the rows and overlays that were added since the counts were `former`. The range of
+/// appended values is not reduced.
 void CutRows(Plot& plot, const RowCounts& former);
 
 /// Removes all rows and overlays of a plot.
 void ClearRows(Plot& plot);
 
-/// Opens an overlay for rows to come. There must be less than kMaxOverlays.
+/// Opens an overlay for rows to come. There must be fewer than kMaxOverlays.
 ///
 /// @param kind  an OverlayKindCode
 /// @return its number
@@ -93,11 +93,11 @@ void RemoveOverlay(Plot& plot);
 /// Changes the kind of an overlay, an OverlayKindCode.
 void SetOverlayKind(PlotRecord& record, int overlay, std::int16_t kind);
 
-/// Takes an overlay without rows out of the tables of a record; those above it move down.
+/// Removes an empty overlay from the tables of a record; those above it move down.
 void CloseOverlay(PlotRecord& record, int overlay);
 
-/// Sets how many main rows count as data, where a datum takes more than one of them: the axes P and
-/// T of one fault.
+/// Sets how many main rows count as data, where one datum has several rows: the P and T axes of one
+/// fault.
 void SetCountOfValid(PlotRecord& record, std::int32_t valid);
 
 } // namespace quandrel

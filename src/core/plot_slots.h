@@ -21,7 +21,7 @@ class PlotSlots {
 public:
     [[nodiscard]] static std::size_t Count() { return plots_.size(); }
 
-    /// The plot of a slot, or nothing for a slot that was never made.
+    /// The plot of a slot, or null for a slot that was never made.
     [[nodiscard]] static Plot* Find(int slot) {
         const auto s = static_cast<std::size_t>(slot);
         return s < plots_.size() ? plots_[s].get() : nullptr;
@@ -30,14 +30,15 @@ public:
     /// The plot of a slot. Throws std::out_of_range for a slot that was never made.
     [[nodiscard]] static Plot& At(std::size_t slot) { return *plots_.at(slot); }
 
-    /// Makes slots with empty plots, or removes the last ones. The other plots stay where they are.
+    /// Adds slots with empty plots, or removes the last ones. The addresses of the other plots are
+    /// stable.
     static void Resize(std::size_t count);
 
 private:
     static constinit inline std::vector<std::unique_ptr<Plot>> plots_;
 };
 
-/// A part of each plot, as a table over the slots: `Path` leads from a plot to the part.
+/// A part of every plot, as a table indexed by slot: `Path` leads from a plot to the part.
 template <auto... Path>
 class SlotView {
 public:
@@ -50,7 +51,7 @@ public:
     [[nodiscard]] static std::size_t size() { return PlotSlots::Count(); }
 };
 
-/// A column of the rows of all plots. A cell is addressed (slot, row).
+/// A column of the rows of all plots. A cell is addressed by (slot, row).
 template <class T>
 class DataColumn {
 public:
@@ -63,10 +64,10 @@ public:
         return plot != nullptr ? (plot->rows.*column_)(row) : T{};
     }
 
-    /// The cell, to be written. The slot must have been grown to hold the row.
+    /// The cell, writable. The slot must have been grown to hold the row.
     [[nodiscard]] T& At(int slot, std::int32_t row) const { return Of(slot).At(row); }
 
-    /// The cells of rows 0 to n of a slot, n the rows that it was grown to.
+    /// The cells of rows 0 to n of a slot, where n is the number of rows that it was grown to.
     [[nodiscard]] std::span<const T> Rows(int slot) const {
         const Plot* plot = PlotSlots::Find(slot);
         return plot != nullptr ? (plot->rows.*column_).Rows() : std::span<const T>();
@@ -77,7 +78,7 @@ public:
         return static_cast<std::int32_t>(Rows(slot).size());
     }
 
-    /// The highest row of any slot: one number for all of them. 0 when none has rows.
+    /// The highest row that any slot can hold. 0 when none has rows.
     [[nodiscard]] std::int32_t Capacity() const {
         std::int32_t most = 1;
         for (std::size_t slot = 0; slot < PlotSlots::Count(); ++slot) {

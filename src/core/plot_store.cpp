@@ -22,7 +22,7 @@ constinit Selection Selection::now;
 
 namespace {
 
-/// Gives what the allocator keeps of released rows back to the system, where it can be asked to.
+/// Returns memory that the allocator keeps of released rows to the system, where it supports this.
 void GiveFreeMemoryBack() {
 #ifdef __GLIBC__
     ::malloc_trim(0);

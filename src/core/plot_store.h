@@ -7,10 +7,10 @@
 // Orientations in the columns are whole degrees. Rows of a plot run from 1: the main rows, then
 // those of its overlays in order.
 //
-// This is the chief header of the folder. Enters: rows, records and settings, from loading, edits
-// and files. Leaves: the same to all who work them out or draw them. The rest of the folder is what
-// the store is made of: columns, row table, record, settings and their file, the styles, the data
-// format, messages, names of files and their safe writing.
+// This folder holds the plot store and its parts: columns, the row table, the record, the settings
+// and their file, the styles, the data format, messages, file names and atomic writing.
+// Input: rows, records and settings, from loading, edits and files.
+// Output: the same data, for all code that computes or draws.
 
 #pragma once
 
@@ -26,12 +26,12 @@ namespace quandrel {
 /// The layer that the mouse edits.
 enum LayerCode : std::int16_t { kAnnotationLayer = 1, kDataLayer = 2 };
 
-/// What the store keeps besides the plots.
+/// What the store holds besides the plots.
 struct StoreState {
     std::int32_t activePlot = 0;           ///< the plot in focus, 0 when none is open
-    bool isFull = false;                   ///< the last request for a slot found none
+    bool isFull = false;                   ///< the last request for a slot found no free one
     std::int16_t activeLayer = kDataLayer; ///< LayerCode
-    bool isBusy = false;                   ///< button events do nothing while a long loop runs
+    bool isBusy = false;                   ///< button events are ignored while a long loop runs
 
     static StoreState now;
 };
@@ -66,7 +66,7 @@ inline constexpr DataColumn gAppLineAz(&PlotRows::lineAzimuth);
 inline constexpr DataColumn gAppNumeric(&PlotRows::number);
 inline constexpr TextColumn gAppText;
 
-/// Another plot as the active one for the length of a block.
+/// Makes another plot the active one for the scope of a block.
 class PlotInWork {
 public:
     explicit PlotInWork(int slot)
@@ -98,13 +98,13 @@ private:
 /// The plotted rows of a slot.
 [[nodiscard]] RowTable& TableOf(int slot);
 
-/// The window of a slot; made at this moment if there is none.
+/// The window of a slot; made on demand.
 [[nodiscard]] PlotForm& FormOf(int slot);
 
 /// The highest slot made so far, 0 at the start.
 [[nodiscard]] int HighestSlot();
 
-/// True for a slot that holds an open plot.
+/// Whether a slot holds an open plot.
 [[nodiscard]] bool IsOpenSlot(int slot);
 
 /// Number of open plots.
@@ -117,34 +117,34 @@ void MakeStoreTables();
 /// gPlotTableFull set.
 [[nodiscard]] int FindFreePlotSlot();
 
-/// Marks a slot free and takes its rows out of use. The rows' memory is given back.
+/// Frees a slot, its rows and their memory.
 void ReleasePlotSlot(int slot);
 
-/// The record of an empty plot, by the settings of the moment.
+/// The record of an empty plot, from the current settings.
 [[nodiscard]] PlotRecord NewPlotRecord();
 
-/// Gives a slot the values of an empty plot: every field of the record. An old number of the slot's
-/// settings is never inherited. `slot` 0 is gActivePlot.
+/// Resets a slot to an empty plot: every field of the record. Nothing of the slot's former plot is
+/// inherited. `slot` 0 means gActivePlot.
 void SetNewFVariables(int slot = 0);
 
-/// As SetNewFVariables, on the load of a plot window: also what follows the defaults of the moment
-/// (data kind, primary format, kind of plot) and the caption.
+/// As SetNewFVariables, when a plot window loads. Also sets the caption and what follows the
+/// current defaults: data kind, primary format and kind of plot.
 void ResetPlotRecord(int slot);
 
-/// Lets the columns of gActivePlot hold a row more, or `newCapacity` rows when that is not 0.
-/// @param[in,out] withSecondary  in: non-zero when the secondary columns must follow; out: 0 on
-///     success, -1 when memory ran out: then DataFull of the plot is set and no column has
-///     grown
+/// Grows the columns of gActivePlot by one row, or to `newCapacity` rows when that is not 0.
+///
+/// @param[in,out] withSecondary  in: non-zero when the secondary columns must grow too; out: 0 on
+///     success, -1 when memory ran out: DataFull of the plot is then set and no column has grown
 void GrowDataColumns(int& withSecondary, std::int32_t newCapacity = 0);
 
-/// Lets an appended column of gActivePlot hold as many rows as gDataDip. False when memory ran out.
+/// Grows an appended column of gActivePlot to as many rows as gDataDip. False when memory ran out.
 [[nodiscard]] bool GrowAppendedColumn(AppendedColumn which);
 
-/// Forgets range and distinct values of the appended data of gActivePlot.
+/// Clears the range and the distinct values of the appended data of gActivePlot.
 void ResetAppendedRange();
 
-/// Takes the appended values of a row of gActivePlot into its range and distinct values. Texts are
-/// kept as first typed and compared without case.
+/// Extends the range and the distinct values of gActivePlot by the appended values of a row. Texts
+/// are stored as first typed and compared without case.
 void TrackAppendedRange(std::int32_t row);
 
 } // namespace quandrel

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The statistics of a plot as texts, normal and advanced. Whoever works them out keeps them with
-// the plot; its window shows them, and pages, pictures and scripts take them from here. A plot that
-// has not been drawn has none.
+// The statistics of a plot as texts, normal and advanced. The code that computes them stores them
+// with the plot; windows, pages, pictures and scripts read them from here. A plot that has not been
+// drawn does not have any.
 
 #pragma once
 
@@ -18,13 +18,13 @@ struct PlotStatistics {
     std::string advanced;
 };
 
-/// The texts of a plot; empty where nothing was worked out.
+/// The texts of a plot; empty before the statistics are computed.
 [[nodiscard]] const PlotStatistics& StatisticsOf(const Plot& plot);
 
-/// The one of them that the plot shows.
+/// The text that the plot shows.
 [[nodiscard]] const std::string& StatisticsInUse(const Plot& plot);
 
-/// Keeps a text with the plot, and gives it to its window, if it has one.
+/// Stores a text with the plot, and passes it to its window, if it has one.
 void KeepNormalStatistics(Plot& plot, std::string text);
 void KeepAdvancedStatistics(Plot& plot, std::string text);
 

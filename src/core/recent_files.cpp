@@ -13,7 +13,7 @@ namespace quandrel {
 
 namespace {
 
-/// The files as the store of this generation had them when they were last read or written.
+/// The recent files in the store of this generation when they were last read or written.
 std::vector<std::string> lastKept;
 
 void WriteAll() {
@@ -31,7 +31,7 @@ void WriteAll() {
     lastKept = gSettings.files.recent;
 }
 
-/// A list behind another, without those that are in it.
+/// Appends a list to another, without the entries that are already there.
 void Append(const std::vector<std::string>& more, std::vector<std::string>& files) {
     for (const std::string& path : more) {
         if (std::ranges::find(files, path) == files.end()) {
@@ -40,10 +40,10 @@ void Append(const std::vector<std::string>& more, std::vector<std::string>& file
     }
 }
 
-/// What other windows have opened since goes behind `first`, then what is in the list.
+/// What other windows have opened since follows `first`; the rest of the list comes last.
 void Merge(const std::string& first) {
     SettingsStore& store = *gPlatform.settings;
-    (void)store.Sync(); // a store that cannot be written is told of at the end of the session
+    (void)store.Sync(); // a store that cannot be written is reported at the end of the session
     std::vector<std::string> files;
     if (!first.empty()) {
         files.push_back(first);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The files last opened, shared by all windows on the same settings. AddRecentFile (settings.h)
-// puts a file at their head and writes them at once; what other windows opened since goes behind
-// it.
+// The recent files, shared by all windows with the same settings. AddRecentFile (settings.h) puts a
+// file at the head of the list and writes the list at once; files that other windows opened since
+// follow it.
 
 #pragma once
 
@@ -13,17 +13,17 @@
 
 namespace quandrel {
 
-/// The recent files of a store, the last one first.
+/// The recent files of a store, the latest first.
 [[nodiscard]] std::vector<std::string> StoredRecentFiles(const SettingsStore& store,
                                                          const char* application);
 
 /// Reads the recent files (FileSettings) from the store.
 void LoadRecentFiles(const char* application);
 
-/// Writes the recent files if they are no longer those that were last read or written.
+/// Writes the recent files if they differ from those last read or written.
 void SaveRecentFiles();
 
-/// Takes a file out of the list, in the store too.
+/// Removes a file from the list, and from the store.
 void RemoveRecentFile(const std::string& path);
 
 } // namespace quandrel

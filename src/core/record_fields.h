@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the parts of a record are made with. A part is a plain struct in a header of its own,
+// Building blocks for the parts of a record. A part is a plain struct in its own header,
 // record_*.h, that ends in QUANDREL_FIELDS; PlotRecord (plot_record.h) joins them.
 
 #pragma once
@@ -19,12 +19,12 @@ namespace quandrel {
 template <class T, std::size_t Rows, std::size_t Columns>
 using Table = std::array<std::array<T, Columns>, Rows>;
 
-/// A 16-bit truth as files keep it.
+/// A 16-bit truth value, as in files.
 inline constexpr std::int16_t kTrue = -1;
 
 inline constexpr double kUnsetValue = -999999999999999.0; ///< of class widths and grid sums
 
-/// Names that stand in one text with a comma and a blank between them.
+/// Splits a text of names that are separated by a comma and a blank.
 [[nodiscard]] inline std::vector<std::string> FieldNamesIn(std::string_view list) {
     constexpr std::string_view kBetween = ", ";
     std::vector<std::string> names;
@@ -45,7 +45,7 @@ void VisitFieldsOf(Part& part, Visitor& visit) {
                part.Fields());
 }
 
-/// Parts joined to one record, whose fields are those of all parts.
+/// Parts joined into one record, whose fields are those of all parts.
 template <class... Parts>
 struct JoinedRecord : Parts... {
     /// Calls `visit(const char* name, field)` for each field that a part names, in the order of the
@@ -62,8 +62,8 @@ struct JoinedRecord : Parts... {
 
 } // namespace quandrel
 
-/// The fields of a part that scripts and dumps know by their names, in the order of dumps. Fields
-/// that point to their value, such as annotations, are left out.
+/// The fields of a part that scripts and dumps know by name, in the order of dumps. Fields that
+/// point to their value, such as annotations, are left out.
 #define QUANDREL_FIELDS(...)                                                                       \
     [[nodiscard]] auto Fields() {                                                                  \
         return std::tie(__VA_ARGS__);                                                              \

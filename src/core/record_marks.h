@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What is drawn on the net of a plot that is not data: annotations, girdles, small circles, boxes.
+// What is drawn on the net of a plot besides data: annotations, girdles, small circles, boxes.
 
 #pragma once
 
@@ -20,13 +20,13 @@ namespace quandrel {
 inline constexpr int kAxisItems = 11;
 inline constexpr int kAxisValues = 7;
 
-/// A vertex of an annotation, plot units.
+/// A vertex of an annotation, in plot units.
 struct LineNode {
     std::int16_t X = 0;
     std::int16_t Y = 0;
 };
 
-/// A mark on the net that is not data: a point, or a polyline when it has nodes. Plot units.
+/// An annotation: a point, or a polyline when it has nodes. In plot units.
 struct Annotation {
     std::int16_t X = 0;
     std::int16_t Y = 0;
@@ -42,7 +42,7 @@ struct Annotation {
 
 using Annotations = std::vector<Annotation>;
 
-/// A cone about an axis. The three orientations are texts, in degrees, as their boxes show them.
+/// A cone about an axis. The three orientations are texts, in degrees, as shown in their boxes.
 struct SmallCircle {
     std::int16_t LineColour = 0; ///< index of gColourTable
     std::int16_t lineStyle = 0;
@@ -57,10 +57,10 @@ struct SmallCircle {
                     AxisPl);
 };
 
-/// Numbers 1 to 4 are the user's; number 0 is the standing one of the plot.
+/// Sets 1 to 4 belong to the user; set 0 is the plot's permanent one.
 using SmallCircles = std::array<SmallCircle, 5>;
 
-/// Places of LayerVisible: what stands about the net.
+/// Indexes of LayerVisible: what is shown around the net.
 enum PlotLayer : std::size_t {
     kGirdleLayer = 0,
     kFabricLayer = 1,
@@ -86,7 +86,7 @@ struct RecordGirdles {
     QUANDREL_FIELDS(AxisItems);
 };
 
-/// What is shown about the net.
+/// What is shown around the net.
 struct RecordLayers {
     std::array<std::int16_t, 6> LayerVisible{};
 

@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// The place of OverlayRows that holds the number of overlays; those are at 1 and above.
+/// The index of OverlayRows that holds the number of overlays; the overlays are at 1 and above.
 inline constexpr std::size_t kOverlayCount = 0;
 
 /// Rows of AxisItems, the girdles and axes of a plot.
@@ -17,18 +17,18 @@ enum AxisItemRow : int {
     kMeanItem = 0, ///< the mean direction
     kFirstUserGirdle = 1,
     kLastUserGirdle = 8,
-    kFirstStatisticalItem = 9, ///< those that the statistics fill
+    kFirstStatisticalItem = 9, ///< those that the statistics set
     kMeanPlaneItem = 9,
-    kGirdleItem = 10, ///< the girdle that is fitted to the data, and its axis
+    kGirdleItem = 10, ///< the best-fit girdle of the data, and its axis
 };
 
 /// Columns of AxisItems.
 enum AxisItemColumn : std::size_t {
     kItemShown = 0,  ///< whether it is drawn
-    kItemText = 1,   ///< what its text box shows
+    kItemText = 1,   ///< the text of its text box
     kItemPlunge = 2, ///< of its pole, radians
     kItemTrend = 3,  ///< of its pole, radians
-    kItemColour = 4, ///< from here on an AxisStyle
+    kItemColour = 4, ///< the first number of an AxisStyle
     kItemDrawStyle = 5,
     kItemDrawWidth = 6,
 };
@@ -36,14 +36,14 @@ enum AxisItemColumn : std::size_t {
 /// Columns of AppendedMin, AppendedMax and DistinctValues.
 enum AppendedRangeColumn : std::size_t {
     kOfNumbers = 0,
-    kOfTexts = 1, ///< of AppendedMin and AppendedMax: texts that read as numbers
+    kOfTexts = 1, ///< of AppendedMin and AppendedMax: texts read as numbers
 };
 
 /// Columns of ClassTable.
 enum ClassColumn : std::size_t {
     kNumberClasses = 0,     ///< ranges of the appended number
     kTextNumberClasses = 1, ///< ranges of the appended text read as a number
-    kNameClasses = 2,       ///< names that the appended text may be
+    kNameClasses = 2,       ///< values of the appended text
 };
 
 /// Rows of ClassTable.
@@ -51,18 +51,18 @@ enum ClassTableRow : std::size_t {
     kBaseRow = 0,   ///< number of base classes; of names, 1 where texts are read as numbers
     kLowestRow = 1, ///< lowest limit, or first name; upper limits and further names follow
     kTopRow = 11,   ///< upper limit of the last base class, or last name
-    kFlagRow = 12,  ///< which values beyond are kept; of names, 1 where case matters
+    kFlagRow = 12,  ///< which values outside the classes are kept; of names, 1 where case matters
 };
 
-/// Columns of FabricResults: the eigenvalue of an axis in its row. Axis i has its components in
-/// column i.
+/// Columns of FabricResults. Each eigenvalue is in the row of its axis; the components of axis i
+/// are in column i.
 inline constexpr std::size_t kEigenvalue = 0;
 
 /// Rows of FabricResults.
 enum AxisComponent : std::size_t { kNorthOfAxis = 1, kEastOfAxis = 2, kDownOfAxis = 3 };
 
-/// Columns of EigenResults: axis i has its plunge in [i][kAxisPlunge] and its trend in
-/// [i][kAxisTrend]; the numbers of the shape are beside them.
+/// Columns of EigenResults. The plunge of axis i is in [i][kAxisPlunge], its trend in
+/// [i][kAxisTrend]; the shape parameters are in the other columns.
 enum EigenPlace : std::size_t {
     kShapeNumber = 0, ///< [1] gamma, [2] zeta, [3] the fourth moment about the greatest axis
     kAxisPlunge = 1,
@@ -84,14 +84,14 @@ enum RoseStatsColumn : std::size_t {
 /// Columns of RoseStats.
 enum RoseTotalColumn : std::size_t {
     kRawTotal = 0,      ///< without weights
-    kWeightedTotal = 1, ///< what percentages are of
+    kWeightedTotal = 1, ///< the total that percentages refer to
     kLargestSector = 2,
 };
 
 /// Columns of RoseRangeA, the scale of a layer, and of RoseRangeB, its largest sector.
 enum RoseRangeColumn : std::size_t { kInPerCent = 0, kInUnits = 1 };
 
-/// Places of RoseResultant and RoseMeanDir.
+/// Indexes of RoseResultant and RoseMeanDir.
 enum RoseAngles : std::size_t { kOfAngles = 0, kOfDoubledAngles = 1 };
 
 } // namespace quandrel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What is worked out from the rows of a plot: densities and fabric statistics of a net, and its
-// rose, with how that is drawn.
+// Results computed from the rows of a plot: densities and fabric statistics of a net, and its rose
+// with its drawing options.
 
 #pragma once
 
@@ -17,20 +17,20 @@ namespace quandrel {
 
 inline constexpr int kGridNodes = 153;
 
-/// Densities. What they were counted from is in RecordState.
+/// Densities. Their source rows are recorded in RecordState.
 struct RecordDensities {
     float PointDensityMax = 0;
     float GridDensityMax = 0;
     std::int16_t GridSize = 0;
     std::unique_ptr<Table<std::int32_t, kGridNodes, kGridNodes>> DensityGrid; ///< made on first use
-    bool DensityGridFromFile = false; ///< it was not counted here; files do not keep this
+    bool DensityGridFromFile = false; ///< read from a file, not counted here; not saved
     std::array<std::int16_t, 9> ContourLevels{};
     std::int16_t NumContours = 0;
 
     QUANDREL_FIELDS(PointDensityMax, GridDensityMax, GridSize, ContourLevels, NumContours);
 };
 
-/// Fabric statistics; statistics/fabric_statistics.h has what is where.
+/// Fabric statistics; statistics/fabric_statistics.h describes the layout.
 struct RecordFabric {
     Table<float, 4, 4> EigenResults{};
     Table<float, 4, 4> FabricResults{};
@@ -41,7 +41,7 @@ struct RecordFabric {
     float FabricValueE = 0;
     float FabricValueF = 0;
     std::int16_t StatsBoxKind = 0;   ///< 0 normal, other advanced
-    bool ShowConfidenceCone = false; ///< of the principal axis; files do not keep it
+    bool ShowConfidenceCone = false; ///< of the principal axis; not saved
 
     QUANDREL_FIELDS(EigenResults, FabricResults, FabricValueA, FabricValueB, FabricValueC,
                     FabricValueD, FabricValueE, FabricValueF, StatsBoxKind);

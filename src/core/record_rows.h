@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What a record says of the rows of its plot: counts, formats, appended columns and their classes,
-// overlays, files. core/plot_rows keeps the counts; nobody else writes them. The rows of ClassStats
-// are named in class_stats.h.
+// What a record says about the rows of its plot: counts, formats, appended columns and their
+// classes, overlays, files. core/plot_rows updates the counts; nobody else writes them. The rows of
+// ClassStats are named in class_stats.h.
 
 #pragma once
 
@@ -21,7 +21,7 @@ inline constexpr int kMaxFiles = 20;
 inline constexpr int kMaxOverlays = 20;
 inline constexpr int kDistinctValues = 11;
 inline constexpr int kClassRows = 13;
-inline constexpr float kInvalidNumber = -9999.0F;         ///< in gAppNumeric; no valid number is it
+inline constexpr float kInvalidNumber = -9999.0F;         ///< in gAppNumeric; not a valid number
 inline constexpr std::int32_t kInvalidAppendedLine = -99; ///< in gAppLineDip
 
 /// Kinds of an overlay.
@@ -34,12 +34,12 @@ enum OverlayKindCode : std::int16_t {
 
 /// Counts and formats.
 struct RecordRows {
-    std::int32_t NumValidData = 0;    ///< main rows that are no error rows
+    std::int32_t NumValidData = 0;    ///< main rows that are not error rows
     std::int32_t NumData = 0;         ///< main rows, error rows included
-    std::int32_t NumLoadedData = 0;   ///< main and overlay rows; the next row goes behind them
+    std::int32_t NumLoadedData = 0;   ///< main and overlay rows; the next row follows them
     std::int16_t PrimaryFormat = 0;   ///< PrimaryFormatCode
     std::int16_t SecondaryFormat = 0; ///< SecondaryFormatCode
-    std::int16_t SelectedOverlay = 0; ///< the overlay that holds the secondary data, or 0
+    std::int16_t SelectedOverlay = 0; ///< the overlay with the secondary data, or 0
 
     QUANDREL_FIELDS(NumValidData, NumData, NumLoadedData, PrimaryFormat, SecondaryFormat,
                     SelectedOverlay);

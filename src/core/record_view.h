@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How a plot is shown, what it is linked to, and what of it is out of date.
+// How a plot is shown, what it is linked to, and which of its results are out of date.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// Drawing modes of the rows. 2 has no button of its own and draws as kPointSymbols.
+/// Drawing modes of the rows. 2 does not have a button and draws as kPointSymbols.
 enum PlotSymbolModeCode : std::int16_t {
     kGreatCircles = 0,
     kPointSymbols = 1,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Statistics in full precision as lines "name = value", with what the printed statistics have
-// beside them.
+// Statistics in full precision as lines "name = value", with the printed value beside them where it
+// differs.
 
 #pragma once
 
@@ -15,21 +15,21 @@ namespace quandrel {
 /// One number of a reference.
 struct ReferenceLine {
     std::string name;
-    std::optional<double> value; ///< angles in degrees; may be infinite; nothing is undetermined
-    std::string printed;         ///< what the printed texts have, where its digits are others; each
-                                 ///< of several formats, with commas between
+    std::optional<double> value; ///< angles in degrees; may be infinite; empty is undetermined
+    std::string printed;         ///< the printed value where its digits differ; several formats are
+                                 ///< separated by commas
 };
 
-/// Gathers lines.
+/// Collects lines.
 class ReferenceLines {
 public:
     void Add(std::string_view name, std::optional<double> value);
 
-    /// A value for which the printed text has words.
+    /// A value that is printed as words.
     void AddBesideWords(std::string_view name, std::optional<double> value,
                         const std::string& words);
 
-    /// @param printed  the number behind the printed text, which rounds by `format`
+    /// @param printed  the number that the printed text rounds by `format`
     void Add(std::string_view name, std::optional<double> value, double printed,
              std::string_view format);
 
@@ -37,20 +37,19 @@ public:
     void AddAngle(std::string_view name, std::optional<double> value, double printed,
                   std::string_view format);
 
-    /// AddAngle for a direction: one a whole number of periods off is the same.
+    /// AddAngle for a direction: angles that differ by a whole number of periods are equal.
     void AddDirection(std::string_view name, std::optional<double> value, double printed,
                       std::string_view format, double period);
 
-    /// The lines gathered; the list is empty then.
+    /// Returns the collected lines and clears the list.
     [[nodiscard]] std::vector<ReferenceLine> Take();
 
 private:
     std::vector<ReferenceLine> lines_;
 };
 
-/// The lines as a text, with " (printed ...)" where the two differ. Lines end in a line feed,
-/// values have the shortest digits that read back; an infinite one is
-/// "inf".
+/// Formats the lines, with " (printed ...)" where the two differ. Lines end in a line feed. Values
+/// have the shortest digits that read back; an infinite one is "inf".
 [[nodiscard]] std::string TextOfReference(const std::vector<ReferenceLine>& lines);
 
 } // namespace quandrel

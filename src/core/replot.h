@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Drawing plots anew, asked for from below.
+// Requests to redraw plots, for folders below the drawing.
 //
 // The folder that draws whole plots is above all folders whose work it draws, and above those that
-// change plots. It is called upward by this one hook, which the program connects at start-up.
-// Before that, and in programs that draw nothing, a request does nothing.
+// change plots. They call it through this one hook, which the program connects at start-up. Before
+// that, and in programs that draw nothing, a request does nothing.
 
 #pragma once
 
@@ -12,36 +12,36 @@
 
 namespace quandrel {
 
-/// Why a plot is drawn anew.
+/// Why a plot is redrawn.
 enum class ReplotCause {
-    Settings, ///< rows are as they were: what has gone stale is worked out
-    Rows,     ///< rows have changed: everything is worked out
-    File,    ///< as Settings, of a plot file just read: odd sectors of its rose are not asked about
-    Picture, ///< nothing has changed: the picture is drawn, texts and status line stay
-    Repaint, ///< as Picture, while the window is painted: nothing can be asked
+    Settings, ///< rows are unchanged: results that are out of date are recomputed
+    Rows,     ///< rows have changed: everything is recomputed
+    File,     ///< as Settings, for a plot file just read: no question about odd sectors of its rose
+    Picture,  ///< nothing has changed: only the picture is drawn, not texts and status line
+    Repaint,  ///< as Picture, while the window is painted: no questions are possible
 };
 
 /// Draws the plot of an open slot.
 using PlotDrawer = std::function<void(int slot, ReplotCause cause)>;
 
-/// Says who draws plots; an empty drawer draws none.
+/// Sets the function that draws plots; an empty one draws nothing.
 void ConnectPlotDrawer(PlotDrawer drawer);
 
-/// Draws the plot of a slot anew, whichever plot is the active one. A slot that is not open is
-/// passed over.
+/// Redraws the plot of a slot, whether or not it is the active one. Does nothing for a slot that is
+/// not open.
 void ReplotPlot(int slot, ReplotCause cause);
 
-/// Draws the window of gActivePlot anew, and works out on the way what has gone stale: statistics,
-/// densities, grid, contours. Every change of a plot's data or settings ends in one call of it.
+/// Redraws the window of gActivePlot, and recomputes what is out of date: statistics, densities,
+/// grid, contours. Every change of a plot's data or settings ends with one call of it.
 ///
-/// @param recalculate  true takes the rows as changed
+/// @param recalculate  true treats the rows as changed
 void ReplotActivePlot(bool recalculate);
 
-/// Draws the window of a plot anew as the plot is. Texts and the status line stay.
+/// Redraws the window of a plot as it is. Texts and the status line stay.
 void RedrawPlot(int slot);
 
-/// RedrawPlot for a window that is painted: it asks nothing, and a rose whose rows have changed
-/// waits for the command that changed them.
+/// RedrawPlot for a window that is being painted: it asks no questions, and a rose whose rows have
+/// changed waits for the command that changed them.
 void RepaintPlot(int slot);
 
 } // namespace quandrel

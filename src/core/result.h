@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The outcome of a step that can fail: a value, or a text for the user that says why there is none.
+// The outcome of a step that can fail: a value, or the reason for the failure as a text for the
+// user.
 
 #pragma once
 
@@ -10,7 +11,7 @@
 
 namespace quandrel {
 
-/// A failure, to be turned into any Result.
+/// A failure that converts to any Result.
 struct Failure {
     std::string text;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines of printed results, with the textbook's value below those of the program's own formulas
-// that it differs from.
+// Lines of printed results. The textbook's value follows a result of the program's own formulas
+// that differs from it.
 
 #pragma once
 
@@ -9,14 +9,14 @@
 
 namespace quandrel {
 
-/// A result as it is printed, with its unit, and as the textbook's formula would have it printed.
-/// Both are the same text where the textbook's formulas are in force.
+/// A printed result with its unit, and the same result by the textbook's formula. Both texts are
+/// the same while the textbook's formulas are chosen.
 struct PrintedResult {
     std::string value;
     std::string textbook;
 };
 
-/// The line "before value after", ended by CR LF. Where the textbook has another text, the line
+/// The line "before value after", ended by CR LF. If the textbook's text differs, the line
 /// "(textbook: ...)" follows.
 [[nodiscard]] std::string ResultLine(const std::string& before, const PrintedResult& result,
                                      const std::string& after = {});

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows on their way into a plot: the values of one, and a block of many that has no plot yet.
+// Rows before they are in a plot: the values of one row, and a block of many.
 
 #pragma once
 
@@ -16,46 +16,45 @@
 
 namespace quandrel {
 
-/// A row as the columns keep it. What is not set is missing.
+/// The values of a row for the columns. A value that is not set is missing.
 struct RowValues {
     bool isData = false; ///< false: an error row, of which only errorLine counts
     std::int32_t dip = kErrorRow;
     std::int32_t azimuth = 0;
     SymbolCode code = 0;
-    bool hasSecondary = false; ///< the secondary columns take the row, too
+    bool hasSecondary = false; ///< the secondary columns take the row too
     std::int32_t dip2 = kErrorRow;
     std::int32_t azimuth2 = kErrorRow;
     std::int32_t lineDip = kInvalidAppendedLine;
     std::int32_t lineAzimuth = 0;
     float number = kInvalidNumber;
     std::string_view text;
-    bool isInRange = false; ///< number and text count in the range of the appended values
-    PlottedRow place{0, 0, 0, static_cast<double>(kErrorRow), 0}; ///< its index plays no part
-    std::string_view errorLine; ///< what an error row was in its file, to be kept with it
+    bool isInRange = false; ///< whether number and text extend the range of the appended values
+    PlottedRow place{0, 0, 0, static_cast<double>(kErrorRow), 0}; ///< its index is ignored
+    std::string_view errorLine; ///< the text of an error row in its file, stored with it
 };
 
-/// Makes the cells of a row those of an error row: defaults in all columns, for former rows may
-/// have left others there. The order of its loading stays, and so does a text unless there is
-/// another.
+/// Resets the cells of a row to an error row: defaults in all columns, because removed rows may
+/// have left values there. Its load order stays, and so does a text unless a new one is given.
 void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line);
 
-/// Writes a row to its cells, which must be there.
+/// Writes a row to its cells. The columns must hold them.
 void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
                 const ColumnSet& columns);
 
-/// Rows in the order of their coming, as columns. It touches nothing outside itself, so that a
-/// thread of its own can fill it.
+/// A block of rows in order, as columns. It uses nothing outside itself, so each thread can fill
+/// its own.
 class RowBlock {
 public:
-    /// @param columns  those of the plot that the rows are for
+    /// @param columns  those of the plot for which the rows are meant
     explicit RowBlock(const ColumnSet& columns)
         : columns_(columns) {}
 
-    /// Empties the block for rows to come, of which there may be more than expected. Its memory
-    /// stays with it. Throws std::bad_alloc when there is none for so many rows.
+    /// Clears the block and makes room for the expected rows; more may follow. The block keeps its
+    /// memory. Throws std::bad_alloc when there is not enough memory.
     void Begin(const ColumnSet& columns, std::int32_t expectedRows);
 
-    /// Appends a row. Throws std::bad_alloc when memory ran out, and then has not changed.
+    /// Appends a row. On std::bad_alloc the block is unchanged.
     void Add(const RowValues& values);
 
     /// Row 1 to Count(), with the block's own texts.
@@ -63,14 +62,14 @@ public:
 
     [[nodiscard]] std::int32_t Count() const { return count_; }
 
-    /// Rows that are no error rows.
+    /// Rows that are not error rows.
     [[nodiscard]] std::int32_t CountOfValid() const { return valid_; }
 
     [[nodiscard]] const ColumnSet& Columns() const { return columns_; }
 
     [[nodiscard]] const PlotRows& Cells() const { return cells_; }
 
-    /// The lines of the rows for the table, without their indices.
+    /// The lines for the row table, without their indices.
     [[nodiscard]] std::span<const PlottedRow> Places() const {
         return std::span(places_).first(static_cast<std::size_t>(count_));
     }
@@ -78,20 +77,20 @@ public:
     [[nodiscard]] const AppendedRange& Range() const { return range_; }
 
 private:
-    /// What else there is to know of a row.
+    /// The other properties of a row.
     struct Flags {
         bool isData = false;
         bool isInRange = false;
     };
 
-    /// Lets all columns hold a number of rows. Throws std::bad_alloc.
+    /// Grows all columns to a number of rows. Throws std::bad_alloc.
     void MakeRoomFor(std::int32_t rows);
 
     ColumnSet columns_;
     std::int32_t count_ = 0;
     std::int32_t valid_ = 0;
     PlotRows cells_;
-    std::vector<PlottedRow> places_; ///< by row - 1, like the flags; both as long as there is room
+    std::vector<PlottedRow> places_; ///< by row - 1, like the flags; both as long as the capacity
     std::vector<Flags> flags_;
     AppendedRange range_;
 };

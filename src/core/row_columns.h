@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The columns that hold the rows of one plot. Cells are addressed by their row, from 1; row 0 is
-// never used. A cell that was never written reads as the default, beyond the end of a column too.
+// The columns that hold the rows of one plot. Cells are addressed by row, from 1; row 0 is never
+// used. A cell that was never written reads as the default, even beyond the end of a column.
 
 #pragma once
 
@@ -22,10 +22,10 @@ public:
         return r < cells_.size() ? cells_[r] : T{};
     }
 
-    /// The cell, to be written. The column must have been grown to hold the row.
+    /// The cell, writable. The column must have been grown to hold the row.
     [[nodiscard]] T& At(std::int32_t row) { return cells_[static_cast<std::size_t>(row)]; }
 
-    /// The cells of rows 0 to n, n the rows that the column was grown to.
+    /// The cells of rows 0 to n, where n is the number of rows that the column was grown to.
     [[nodiscard]] std::span<const T> Rows() const { return cells_; }
 
     [[nodiscard]] std::span<T> Rows() { return cells_; }
@@ -33,8 +33,8 @@ public:
     /// How many cells there are, the unused one of row 0 included; 0 when it never grew.
     [[nodiscard]] std::int32_t RowCount() const { return static_cast<std::int32_t>(cells_.size()); }
 
-    /// Makes place for rows up to `capacity`, keeping contents; amortised O(1) a row. Never
-    /// shrinks. Throws std::bad_alloc or std::length_error, and then nothing has changed.
+    /// Grows to hold rows up to `capacity`, keeping contents; amortised O(1) per row. Never
+    /// shrinks. On std::bad_alloc or std::length_error the column is unchanged.
     void Grow(std::int32_t capacity) {
         const auto size = static_cast<std::size_t>(capacity) + 1;
         if (size <= cells_.size()) {
@@ -46,20 +46,20 @@ public:
         cells_.resize(size);
     }
 
-    /// Takes memory for rows up to `capacity`, for growths to come. Throws as Grow.
+    /// Reserves memory for rows up to `capacity`. Throws as Grow.
     void Reserve(std::int32_t capacity) { cells_.reserve(static_cast<std::size_t>(capacity) + 1); }
 
-    /// Takes back a growth: the column has `rowCount` cells again.
+    /// Undoes a growth: the column has `rowCount` cells again.
     void Shrink(std::int32_t rowCount) { cells_.resize(static_cast<std::size_t>(rowCount)); }
 
-    /// Gives the memory back. All cells read as the default again.
+    /// Releases the memory. All cells read as the default again.
     void Release() { std::vector<T>().swap(cells_); } // an assignment would keep the capacity
 
 private:
     std::vector<T> cells_;
 };
 
-/// A column of texts. They follow one another in one buffer.
+/// A column of texts, stored one after another in one buffer.
 class RowTexts {
 public:
     /// The text, or an empty one when nothing was written there. Valid until the next Set.
@@ -69,19 +69,19 @@ public:
     void Set(std::int32_t row, std::string_view text);
 
     /// Writes the first `count` texts of another column to the rows after `last`. The column must
-    /// have been grown to hold them. Throws std::bad_alloc, and then nothing has changed.
+    /// have been grown to hold them. On std::bad_alloc it is unchanged.
     void TakeRows(const RowTexts& from, std::int32_t count, std::int32_t last);
 
     [[nodiscard]] std::int32_t RowCount() const { return places_.RowCount(); }
 
     void Grow(std::int32_t capacity) { places_.Grow(capacity); }
 
-    /// Takes memory for the rows, not for their texts.
+    /// Reserves memory for the rows, not for their texts.
     void Reserve(std::int32_t capacity) { places_.Reserve(capacity); }
 
     void Shrink(std::int32_t rowCount) { places_.Shrink(rowCount); }
 
-    /// Makes all texts empty. The memory stays.
+    /// Makes all texts empty, but keeps the memory.
     void Clear();
 
     void Release();
@@ -95,7 +95,7 @@ private:
     /// Throws std::bad_alloc when the buffer cannot take more bytes.
     void RequireRoom(std::size_t bytes) const;
 
-    /// Takes the texts that were written over out of the buffer.
+    /// Removes overwritten texts from the buffer.
     void Compact();
 
     RowColumn<Place> places_;

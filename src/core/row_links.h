@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// For those that know rows of plots by their point indices, as the links to tables do: they are
-// told here when rows go, and when the rows of a moment come back. Rows that come stand after the
-// others.
+// The hook for code that refers to rows of plots by point indices, such as the links to tables. It
+// is called when rows are removed, and when rows are restored by undo or redo. New rows come after
+// the others.
 
 #pragma once
 
@@ -14,43 +14,43 @@
 
 namespace quandrel {
 
-/// The one that follows the rows. What it leaves out does nothing.
+/// The follower of the rows. An empty function does nothing.
 struct RowFollower {
-    /// Rows of a linked plot are about to go: ascending point indices.
+    /// Rows of a linked plot are about to be removed: ascending point indices.
     std::function<void(int slot, std::span<const std::int32_t> rows)> leave = [](auto&&...) {};
 
-    /// The rows after `last` have gone.
+    /// The rows after `last` have been removed.
     std::function<void(int slot, std::int32_t last)> cut = [](auto&&...) {};
 
-    /// What is known of the rows of a plot at the moment; nothing where that is nothing.
+    /// A snapshot of the follower's knowledge of a plot's rows; null where there is none.
     std::function<std::shared_ptr<const void>(int slot)> keep = [](int) { return nullptr; };
 
-    /// The rows of the plot are again those of the moment of `kept`.
+    /// The rows of the plot have been restored to the time of the snapshot `kept`.
     std::function<void(int slot, const std::shared_ptr<const void>& kept)> putBack = [](auto&&...) {
     };
 
     /// An edit has broken the link of a plot.
     std::function<void(int slot)> unlink = [](int) {};
 
-    /// The edit that broke the link of a plot has been taken back: the link of the moment of `kept`
-    /// is there again, if what it leads to is.
+    /// The edit that broke the link of a plot has been undone: the link at the time of the snapshot
+    /// `kept` is restored, if its target still exists.
     std::function<void(int slot, const std::shared_ptr<const void>& kept)> linkAgain =
         [](auto&&...) {};
 
-    /// The table that a plot is linked to; empty for none.
+    /// The table to which a plot is linked; empty for none.
     std::function<std::string(int slot)> linkedTable = [](int) { return std::string(); };
 };
 
-/// Says who follows the rows; `{}` is nobody.
+/// Sets the follower of the rows; `{}` is none.
 void ConnectRowFollower(RowFollower follower);
 
-/// The one that follows the rows.
+/// The follower of the rows.
 [[nodiscard]] const RowFollower& FollowerOfRows();
 
-/// Says who is told that the plot of a slot closes, while it is open; `{}` is nobody.
+/// Sets the function that is called before the plot of a slot closes; `{}` is none.
 void ConnectClosing(std::function<void(int slot)> closing);
 
-/// Tells that the plot of a slot closes.
+/// Reports that the plot of a slot is about to close.
 void TellOfClosing(int slot);
 
 } // namespace quandrel

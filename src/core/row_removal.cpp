@@ -11,7 +11,7 @@ namespace quandrel {
 
 namespace {
 
-/// The rows that stay, ascending.
+/// The remaining rows, ascending.
 std::vector<std::int32_t> RowsThatStay(std::int32_t count, std::span<const std::int32_t> removed) {
     std::vector<std::int32_t> stay;
     stay.reserve(static_cast<std::size_t>(count));
@@ -26,7 +26,7 @@ std::vector<std::int32_t> RowsThatStay(std::int32_t count, std::span<const std::
     return stay;
 }
 
-/// Cells beyond a column's end were never written, and need not move.
+/// Cells beyond a column's end were never written and need no move.
 template <class T>
 void MoveUp(const std::vector<std::int32_t>& stay, RowColumn<T>& column) {
     const std::int32_t end = column.RowCount();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Takes rows out of the columns of a plot.
+// Removes rows from the columns of a plot.
 
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace quandrel {
 
-/// Moves the cells of the rows that stay together, in their order, with the texts of error rows.
-/// Cells after the last one keep what they hold.
+/// Closes the gaps: moves the cells of the remaining rows together, in their order, with the texts
+/// of error rows. Cells after the last remaining row keep their values.
 ///
 /// @param count    rows 1 to `count` are in use
 /// @param removed  rows among these, ascending

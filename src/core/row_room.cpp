@@ -17,7 +17,7 @@ namespace {
     return true;
 }
 
-/// Grows a column, and the rest; what has grown shrinks back when one of them fails.
+/// Grows a column and then the remaining ones; all shrink back when one of them fails.
 template <class Column, class... Rest>
 [[nodiscard]] bool GrowTogether(std::int32_t capacity, Column& column, Rest&... rest) {
     const std::int32_t rows = column.RowCount();
@@ -54,7 +54,7 @@ void VisitColumns(PlotRows& rows, const ColumnSet& columns, const Visit& visit) 
     visitIf(columns.text, rows.text);
 }
 
-/// True when a column has a place for a row.
+/// Whether a column has room for a row.
 template <class Column>
 bool Holds(const Column& column, std::int32_t row) {
     return row < column.RowCount();
@@ -121,7 +121,7 @@ void ReserveRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns) {
     try {
         VisitColumns(rows, columns, [last](auto& column) { column.Reserve(last); });
     } catch (const std::bad_alloc&) {
-        return; // blocks may find the memory that all of them together did not
+        return; // blocks may find enough memory where the whole did not
     } catch (const std::length_error&) {
         return;
     }

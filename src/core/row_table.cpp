@@ -22,7 +22,7 @@ void Permute(std::vector<T>& column, const std::vector<std::uint32_t>& order) {
     std::copy(sorted.begin(), sorted.end(), column.begin());
 }
 
-/// The places of the first `rows` lines in the order of their x.
+/// The positions of the first `rows` lines, sorted by x.
 std::vector<std::uint32_t> OrderByX(const std::vector<std::int16_t>& x, std::size_t rows) {
     const auto [lowest, highest] =
         std::minmax_element(x.begin(), x.begin() + static_cast<long>(rows));
@@ -103,7 +103,7 @@ void ReserveRows(RowTable& table, std::size_t rows) {
         table.plunge.reserve(rows);
         table.trend.reserve(rows);
     } catch (const std::bad_alloc&) {
-        // Rows that come one by one may find the memory that all together did not.
+        // Rows that come one by one may find enough memory where the whole did not.
         return;
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The table of the plotted rows of a plot: what every drawing and count reads.
+// The table of the plotted rows of a plot. Every drawing and count reads it.
 
 #pragma once
 
@@ -11,26 +11,25 @@
 
 namespace quandrel {
 
-/// One line of the table. A row that could not be read, or that cannot be plotted, has kErrorRow as
-/// its plunge and stands at (0, 0).
+/// One line of the table. A row that could not be read, or that cannot be plotted, has the plunge
+/// kErrorRow and the position (0, 0).
 struct PlottedRow {
     std::int32_t index = 0; ///< point index in the data columns
     std::int16_t x = 0;     ///< plot units
     std::int16_t y = 0;
-    double plunge =
-        0;            ///< radians, of the pole where the row is plotted as one; kErrorRow is no row
-    double trend = 0; ///< radians
+    double plunge = 0; ///< radians, of the pole if plotted as one; kErrorRow in error rows
+    double trend = 0;  ///< radians
 };
 
-/// The five columns, as parallel arrays of one length. The main rows come first, sorted by x once a
-/// drawing has asked for statistics; then the rows of the overlays in their order.
+/// The five columns, as parallel arrays of equal length. The main rows come first, sorted by x once
+/// a drawing has asked for statistics; the rows of the overlays follow in order.
 struct RowTable {
     std::vector<std::int32_t> index;
     std::vector<std::int16_t> x;
     std::vector<std::int16_t> y;
     std::vector<double> plunge;
     std::vector<double> trend;
-    std::uint64_t version = 0; ///< another one after each change of a line, never the same again
+    std::uint64_t version = 0; ///< changes with each change of a line, never repeats
 
     [[nodiscard]] std::size_t size() const { return index.size(); }
 
@@ -39,23 +38,23 @@ struct RowTable {
     }
 };
 
-/// True for a row that takes no part in drawings and counts.
+/// Whether a row is excluded from drawings and counts.
 [[nodiscard]] bool IsErrorRow(double plunge);
 
 void ClearRowTable(RowTable& table);
-/// As ClearRowTable, and gives the memory back.
+/// As ClearRowTable, and releases the memory.
 void ReleaseRowTable(RowTable& table);
 void AppendRow(RowTable& table, const PlottedRow& row);
-/// Appends rows, which take the point indices after `last`. Throws std::bad_alloc, and then the
-/// columns may differ in their length.
+/// Appends rows with the point indices after `last`. On std::bad_alloc the columns may differ in
+/// length.
 void AppendRows(RowTable& table, std::span<const PlottedRow> rows, std::int32_t last);
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
-/// Takes memory for rows to come, if it is there.
+/// Reserves memory for more rows, if it is available.
 void ReserveRows(RowTable& table, std::size_t rows);
 
 void ResizeRowTable(RowTable& table, std::size_t rows);
 
-/// Sorts the first `rows` lines by x, equal ones in their order. Counting sort, O(rows).
+/// Sorts the first `rows` lines by x, stably. Counting sort, O(rows).
 void SortRowTable(RowTable& table, std::size_t rows);
 
 /// The text of a cell as files and grids show it: column 0 index, 1 x, 2 y, 3 plunge, 4 trend. The

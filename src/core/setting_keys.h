@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The sections of the settings store, and the keys that are made of numbers.
+// The sections of the settings store, and the keys that contain numbers.
 
 #pragma once
 
@@ -16,7 +16,7 @@ inline constexpr const char* kFonts = "Fonts";
 inline constexpr const char* kFileMenuArray = "FileMenuArray";
 inline constexpr const char* kDataClassifArray = "DataClassifArray";
 
-// Keys that others read beside the load of all settings.
+// Keys that are read outside the load of all settings too.
 inline constexpr const char* kMaxPlotsKey = "gMaxPlots";
 inline constexpr const char* kSecondaryTypeKey = "gSecondaryDataType";
 inline constexpr const char* kLineAppendedKey = "gFileLineAppended";
@@ -24,11 +24,11 @@ inline constexpr const char* kNumericAppendedKey = "gFileNumericAppended";
 inline constexpr const char* kNonNumericAppendedKey = "gFileNonNumericAppended";
 inline constexpr const char* kFontNameKey = "FontName";
 
-/// How truths are saved. TruthOfSetting reads other spellings too.
+/// How truth values are saved. TruthOfSetting also reads other spellings.
 inline constexpr const char* kTrueText = "True";
 inline constexpr const char* kFalseText = "False";
 
-/// In FontName0 it means that no font was ever chosen.
+/// As the value of FontName0: no font was ever chosen.
 inline constexpr const char* kNoFontName = "none";
 
 [[nodiscard]] inline std::string TwoDigits(std::size_t number) {
@@ -36,17 +36,17 @@ inline constexpr const char* kNoFontName = "none";
     return digits.size() < 2 ? "0" + digits : digits;
 }
 
-/// A place of gFileColumnSettings.
+/// An element of gFileColumnSettings.
 [[nodiscard]] inline std::string ColumnKey(std::size_t slot) {
     return "gFileColumnSettings" + std::to_string(slot);
 }
 
-/// What is kept of a font, by its place in gSettings.styles.fonts.
+/// The saved properties of a font, by its index in gSettings.styles.fonts.
 [[nodiscard]] inline std::string FontKey(const char* what, std::size_t index) {
     return what + std::to_string(index);
 }
 
-/// A place of gSymbolTable.
+/// An element of gSymbolTable.
 [[nodiscard]] inline std::string SymbolKey(std::size_t row, std::size_t place) {
     return "SymbolArray" + TwoDigits(row) + std::to_string(place);
 }
@@ -63,7 +63,7 @@ struct LineStyleKeys {
     std::string width;
 };
 
-/// The style of the contours of a level.
+/// The contour style of a level.
 [[nodiscard]] inline LineStyleKeys ContourKeys(std::size_t level) {
     const std::string number = std::to_string(level);
     return {"ContourColour" + number, "ContourStyle" + number, "ContourWidth" + number};
@@ -74,7 +74,8 @@ struct LineStyleKeys {
     return {kind + "GirdleStyle0", kind + "GirdleStyle1", kind + "GirdleStyle2"};
 }
 
-/// A cell of the default class table: "00" to "12" the first column, then the second, the third.
+/// A cell of the default class table: "00" to "12" is the first column; the second and the third
+/// follow.
 [[nodiscard]] inline std::string ClassKey(std::size_t row, std::size_t column) {
     return TwoDigits(column * 13 + row);
 }

@@ -39,7 +39,7 @@ void SaveGroup(SettingsStore& store, SettingsGroup group) {
     }
 }
 
-/// Reads the table of an application. Without a name for the first font none was ever chosen.
+/// Reads the table of an application. If the first font has no name, no font was ever chosen.
 void ReadTable(const char* application) {
     const SettingsStore& store = *gPlatform.settings;
     const bool hasFonts =
@@ -51,7 +51,7 @@ void ReadTable(const char* application) {
     }
 }
 
-/// The data folder of an earlier version is forgotten once.
+/// The data folder of an earlier version is discarded once.
 void ForgetFolderOnce(const char* application) {
     SettingsStore& store = *gPlatform.settings;
     if (TruthOfSetting(store.Read(application, kStartUp, kFirstRunKey, kTrueText))) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How the user's settings (settings_value.h) are read and saved, and given names for parts of them.
+// Reading and saving the user's settings (settings_value.h), and given names for parts of them.
 
 #pragma once
 
@@ -17,7 +17,7 @@ inline constexpr const char* kEarlierApplicationName = "Quandrel configuration";
 /// The title of every message box.
 inline constexpr const char* gCaption = "Quandrel, ver 9.5.1";
 
-/// The version as files and settings hold it: five characters, the blank is one of them.
+/// The version in files and settings: five characters, including one blank.
 inline constexpr const char* kVersionText = "9.51 ";
 
 /// The version's date, as the intro screen shows it.
@@ -33,7 +33,7 @@ inline constexpr const char* gDataFileFilter =
 inline constexpr const char* gHintText =
     "<Alt> plus Left mouse button to add points; marquee-select to edit";
 
-// Views on the styles in force.
+// Views on the current styles.
 inline constinit auto& gPlotAxesStyle = gSettings.styles.plotAxesStyle;
 inline constinit auto& gRoseAxesStyle = gSettings.styles.roseAxesStyle;
 inline constinit auto& gRoseOuterCircle = gSettings.styles.roseOuterCircle;
@@ -52,22 +52,22 @@ inline constexpr std::int16_t kStartMaxPlots = 10;
 inline constexpr std::int16_t kMostPlots = 99;
 inline constexpr int kWidestLine = 20; ///< draw width of a style, logical pixels
 
-/// The width of a new plot window from a number of the user's, per cent of the main window: 50 for
-/// one below 1, at most 100.
+/// The width of a new plot window from the user's number, per cent of the main window: 50 for a
+/// number below 1, at most 100.
 [[nodiscard]] std::int16_t PlotWidthOf(double percent);
 
-/// Height over width of a new plot window from a number of the user's, above 0 and at most 1: one
-/// above 1 is in per cent, one that is not above 0 gives 0.75.
+/// Height over width of a new plot window from the user's number, above 0 and at most 1. A number
+/// above 1 is in per cent; one that is not above 0 gives 0.75.
 [[nodiscard]] float PlotAspectOf(double aspect);
 
-/// Gives every setting its value of a first run.
+/// Resets every setting to its value at a first run.
 void SetDefaultSettings();
 
-/// What a text of the store means as a truth.
+/// The truth value of a text of the store.
 [[nodiscard]] bool TruthOfSetting(const std::string& text);
 
-/// Reads the settings. A key that is missing or cannot be read takes its default. Settings of the
-/// earlier generation are read when there are none of this one, and saved again at once.
+/// Reads the settings. A key that is missing or cannot be read takes its default. If there are no
+/// settings of this generation, those of the earlier generation are read and saved again at once.
 void LoadSettings();
 
 /// Saves a group of the settings:

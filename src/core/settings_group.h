@@ -8,14 +8,14 @@
 
 namespace quandrel {
 
-/// The groups by the numbers that SaveSettings(int) takes.
+/// The groups, with the numbers that SaveSettings(int) takes.
 enum class SettingsGroup {
     Conventions = 0, ///< this and the next two from the data format dialog
     Columns = 1,
     Names = 3, ///< of appended columns
     Preferences = 4,
-    PlotCount = 5, ///< how many plots there can be, from the next run on
-    Session = 6,   ///< what the program remembers by itself
+    PlotCount = 5, ///< maximum number of plots, from the next run on
+    Session = 6,   ///< what the program remembers automatically
     DataFolder = 7,
 };
 

@@ -33,7 +33,7 @@ constexpr double kStartPlotAspect = 75; ///< per cent of the width
 constexpr double kStartSectorSize = 10; ///< degrees
 constexpr double kFirstVersionWithBetaStyle = 9.5;
 
-/// Where a setting is kept, and who saves it.
+/// Where a setting is stored, and which groups save it.
 struct Place {
     std::vector<SettingsGroup> groups;
     const char* section;
@@ -49,7 +49,7 @@ std::string TextOfNumber(double value) {
     return TextOf(TaggedValue(value));
 }
 
-/// The number, brought into its range and rounded.
+/// The number, clamped to its range and rounded.
 template <class Whole>
 Whole ToWhole(double value, Range range) {
     return static_cast<Whole>(std::clamp(std::nearbyint(value), range.lowest, range.highest));
@@ -71,7 +71,7 @@ Setting WholeNumber(Place place, Whole& value, double otherwise, Range range) {
         [&value] { return TextOfNumber(static_cast<double>(value)); });
 }
 
-/// A whole number whose default is what the style tables were built with.
+/// A whole number whose default is the built-in value of the style tables.
 template <class Whole>
 Setting BuiltNumber(Place place, Whole& value, Range range) {
     return SettingOf(
@@ -82,7 +82,7 @@ Setting BuiltNumber(Place place, Whole& value, Range range) {
         [&value] { return TextOfNumber(static_cast<double>(value)); });
 }
 
-/// A number of the style tables that stays as it was built where the store has one out of range.
+/// A number of the style tables that keeps its built-in value where the stored one is out of range.
 template <class Whole>
 Setting BuiltChoice(Place place, Whole& value, double highest) {
     return SettingOf(
@@ -96,7 +96,7 @@ Setting BuiltChoice(Place place, Whole& value, double highest) {
         [&value] { return TextOfNumber(static_cast<double>(value)); });
 }
 
-/// A colour, `otherwise` where the store has none of 24 bits.
+/// A colour; `otherwise` where the stored value is not a 24-bit colour.
 Setting PlotColour(Place place, std::uint32_t& value, std::uint32_t otherwise) {
     Setting setting = BuiltChoice(std::move(place), value, kMostColour);
     setting.take = [&value, otherwise, take = setting.take](const std::string& text) {
@@ -141,8 +141,8 @@ void AddWindow(Rows& table) {
             OfNormalWindow(WholeNumber({{Session}, kStartUp, key}, value, otherwise, range)));
     };
     add("WinTop", place.top, kStart.top, edge);
-    // The left edge is saved under a key of another spelling; stores that part them by case would
-    // lose it.
+    // The left edge is saved under a key that differs in case; a store that ignores case would lose
+    // it.
     add("Winleft", place.left, kStart.left, edge);
     table.push_back(BuiltNumber({{}, kStartUp, "WinLeft"}, place.left, edge));
     add("WinWidth", place.width, kStart.width, size);
@@ -314,7 +314,7 @@ void AddLineStyle(Rows& table, const LineStyleKeys& keys, AxisStyle& style) {
     add(keys.width, style[2], {1, kWidestLine});
 }
 
-/// The symbol of beta axes. What versions before 9.5 saved under these keys is not read.
+/// The symbol of beta axes. Values that versions before 9.5 saved under these keys are ignored.
 void AddBetaStyle(Rows& table) {
     AxisStyle& beta = gAxisStyleTable[kBetaAxisStyle];
     const auto add = [&table](const char* key, std::int16_t& value, double highest) {
@@ -332,7 +332,7 @@ void AddBetaStyle(Rows& table) {
 }
 
 void AddStyles(Rows& table) {
-    // The kinds of girdle by the names that their keys begin with.
+    // The kinds of girdle by the prefixes of their keys.
     constexpr std::array<std::pair<const char*, std::size_t>, 3> kGirdleKinds = {
         {{"", kUserGirdleStyle}, {"Mean", kMeanGirdleStyle}, {"Calc", kCalculatedGirdleStyle}}};
     for (const auto& [kind, row] : kGirdleKinds) {
@@ -348,7 +348,7 @@ void AddStyles(Rows& table) {
     AddBetaStyle(table);
 }
 
-/// A truth that is kept as 0 or 1.
+/// A truth value that is stored as 0 or 1.
 Setting FontTruth(Place place, bool& value) {
     return SettingOf(
         std::move(place), "0",
@@ -399,7 +399,7 @@ void AddClasses(Rows& table) {
 
 Rows MakeTable() {
     Rows table;
-    AddSession(table); // first: the version decides on the style of beta axes
+    AddSession(table); // first: the version decides the style of beta axes
     AddWindow(table);
     AddPlotWindow(table);
     AddFiles(table);

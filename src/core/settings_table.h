@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The table of the settings: of each its section and key in the store, its global, its default, its
-// range, and the groups that save it. Loads, saves and defaults walk it, so that a setting is one
-// line of it.
+// The table of the settings. Each line is one setting: its section and key in the store, its
+// global, its default, its range, and the groups that save it. Loads and saves walk the table.
 
 #pragma once
 
@@ -16,22 +15,21 @@
 
 namespace quandrel {
 
-/// A setting under a key. Some globals have two: what is written under one key and read under
-/// another.
+/// A setting under a key. Some globals have two entries: one key is written, the other is read.
 struct Setting {
-    std::vector<SettingsGroup> groups; ///< that save it; none for a key that is read alone
+    std::vector<SettingsGroup> groups; ///< groups that save it; none for a key that is only read
     const char* section = "";
     std::string key;
 
-    /// What a store without the key is read as. An empty text leaves numbers of the style tables as
-    /// they were built.
+    /// The value for a store without the key. An empty text leaves numbers of the style tables at
+    /// their built-in values.
     std::string otherwise;
 
-    /// Takes a text of the store into the global: one that makes no sense as the default, a number
-    /// beyond the range as the nearest within it. Empty for a key that is saved alone.
+    /// Sets the global from a text of the store. A text that cannot be read gives the default; a
+    /// number out of range gives the nearest limit. Empty for a key that is only saved.
     std::function<void(const std::string& text)> take;
 
-    /// The global as the store has it; nothing where it is not to be saved now.
+    /// The global as a text of the store; empty while it must not be saved.
     std::function<std::optional<std::string>()> text;
 };
 

@@ -25,13 +25,13 @@ struct NotationSettings {
     Formulas formulas = Formulas::Own;
 };
 
-/// Windows as they open.
+/// New windows.
 struct WindowSettings {
     WindowPlace main;
-    bool plotWinLast = false;           ///< a new plot window takes the size of the last one
+    bool plotWinLast = false;           ///< new plot windows take the size of the last one
     std::int16_t plotWidthPercent = 50; ///< of a new plot window, per cent of the main window
     float plotAspect = 0.75F;           ///< its height over its width
-    bool mapToolbar = true;             ///< the toolbar of a map link is shown
+    bool mapToolbar = true;             ///< whether the toolbar of a map link is shown
 };
 
 /// Files and folders.
@@ -41,9 +41,9 @@ struct FileSettings {
     std::string workspaceFolder; ///< of the last workspace
     std::string workspaceName;
     std::string workspaceTitle;
-    std::string lastVersion = "9.4"; ///< of the program that saved the settings
-    bool nonDataLines = false;       ///< texts of plots have the lines that are no data too
-    std::vector<std::string> recent; ///< paths of the files last opened, the last one first
+    std::string lastVersion = "9.4"; ///< the program version that saved the settings
+    bool nonDataLines = false;       ///< whether texts of plots include the lines that are not data
+    std::vector<std::string> recent; ///< paths of recent files, the latest first
 };
 
 /// Roses of new plots.
@@ -56,7 +56,7 @@ struct RoseDefaults {
     std::int16_t zeroCircle = 0; ///< per cent
 };
 
-/// What new plots start with.
+/// Defaults of new plots.
 struct NewPlotSettings {
     std::int16_t maxPlots = 10;    ///< largest slot allowed
     std::int16_t statsBoxKind = 0; ///< statistics box: 0 normal, other advanced
@@ -65,7 +65,7 @@ struct NewPlotSettings {
     Table<TaggedValue, kClassRows, 3> classes;
 };
 
-/// Sizes that the user can choose for density grids.
+/// Sizes of density grids that the user can choose.
 inline constexpr int kCoarsestGrid = 10;
 inline constexpr int kFinestGrid = 150;
 inline constexpr int kGridStep = 10;
@@ -89,7 +89,7 @@ struct Settings {
     NewPlotSettings newPlots;
 };
 
-/// The settings in force.
+/// The current settings.
 extern Settings gSettings;
 
 } // namespace quandrel

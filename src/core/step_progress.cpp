@@ -6,7 +6,7 @@ namespace quandrel {
 
 namespace {
 
-/// The eye sees no more; each showing paints the bar.
+/// More frequent updates are not visible; each one paints the bar.
 constexpr std::chrono::milliseconds kBetweenShowings{40};
 
 } // namespace

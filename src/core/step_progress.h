@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The progress bar of a step that may take long.
+// The progress bar of a step that may take a long time.
 
 #pragma once
 
@@ -11,15 +11,15 @@
 
 namespace quandrel {
 
-/// A drawing shows its progress from this on.
+/// The number of items from which a drawing shows its progress.
 inline constexpr std::chrono::milliseconds kDrawingWithoutProgress{100};
 
-/// Shows the bar once a step has taken some time, and takes it away at its own end.
+/// Shows the bar after a step has taken some time, and removes it in the destructor.
 class StepProgress {
 public:
     /// @param maximum  value of the whole step, above 0
-    /// @param patience  how long the bar stays away
-    /// @param watcher   has the bar; without one nothing is shown
+    /// @param patience  delay before the bar appears
+    /// @param watcher   owns the bar; without it nothing is shown
     StepProgress(std::int64_t maximum, std::chrono::milliseconds patience, StatusLine* watcher)
         : maximum_(maximum)
         , patience_(patience)
@@ -30,7 +30,7 @@ public:
     StepProgress(const StepProgress&) = delete;
     StepProgress& operator=(const StepProgress&) = delete;
 
-    /// Tells how far the step is. True once the bar is there.
+    /// Reports the progress of the step. True when the bar is shown.
     bool Reach(std::int64_t done);
 
 private:

@@ -17,10 +17,10 @@ constexpr std::array<std::uint32_t, kColourCount> kStartColours = {
     0x808000, 0xff0000, 0xbb0000, 0x800000, 0xff00ff, 0xc000c0, 0x800080,
 };
 
-// Overlays are told apart by colour and by shape, so that they hold in black and white too; the row
-// behind an overlay's own serves its upward lines. Density bands run from small and grey to large
-// and warm. Rows 24 to 38 are fills of roses: their second place is a pattern, 0 solid. Classes
-// have full colours, one shape as long as the colours last.
+// Overlays differ in colour and in shape, so that they remain distinct in black and white. The row
+// after an overlay's own is for its upward lines. Density bands run from small and grey to large
+// and warm. Rows 24 to 38 are fills of roses: their second number is a pattern, 0 solid. Classes
+// have full colours and one shape until the colours run out.
 constexpr std::array<SymbolRow, kSymbolRowCount> kStartSymbols = {{
     {5, 3, 2}, // 0 a row
     {5, 7, 3}, // 1 a row that points upward
@@ -46,12 +46,13 @@ constexpr std::array<SymbolRow, kSymbolRowCount> kStartSymbols = {{
 constexpr std::array<AxisStyle, 5> kStartAxisStyles = {{
     {7, 8, 5}, // beta axis: colour, symbol, size
     {5, 0, 1}, // mean great circle: colour, draw style, draw width
-    {5, 2, 1}, // girdles of the user
+    {5, 2, 1}, // user-defined girdles
     {8, 1, 1}, // calculated girdle
     {20, 0, 1} // small circles
 }};
 
-// Each level has the colour of the band symbols that it encloses, the sixth one more.
+// Each level has the colour of the band symbols that it encloses; the sixth level has its own
+// colour.
 constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
     {18, kSolidLine, 1},
     {15, kSolidLine, 1},

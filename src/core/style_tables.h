@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The styles in force under their given names, and the codes that rows keep of them.
+// The current styles under their given names, and the codes that rows store of them.
 
 #pragma once
 
@@ -13,21 +13,21 @@
 
 namespace quandrel {
 
-// Views on the styles in force.
+// Views on the current styles.
 inline constinit auto& gColourTable = gSettings.styles.colours;
 inline constinit auto& gSymbolTable = gSettings.styles.symbols;
 inline constinit auto& gAxisStyleTable = gSettings.styles.axes;
 
-/// Gives the tables in force what the program starts with; the rest of the styles stays.
+/// Resets the current tables to the start values of the program; the rest of the styles stays.
 void BuildStyleTables();
 
-/// The colour of an index of the styles in force.
+/// The colour of an index in the current styles.
 [[nodiscard]] inline Colour TableColour(int index) {
     return TableColour(gSettings.styles, index);
 }
 
-/// A drawing code: colour index, symbol code and size, each 0 to 99, in one number. From outside it
-/// is six digits, two each.
+/// A drawing code: colour index, symbol code and size, each 0 to 99, in one number. Outside the
+/// program it is written as six digits, two each.
 using SymbolCode = std::uint32_t;
 
 [[nodiscard]] constexpr SymbolCode MakeSymbolCode(int colour, int symbol, int size) {
@@ -46,10 +46,10 @@ using SymbolCode = std::uint32_t;
     return static_cast<int>(code % 100);
 }
 
-/// The code of a row of Styles::symbols. Throws std::out_of_range for a row that there is not.
+/// The code of a row of Styles::symbols. Throws std::out_of_range for an invalid row.
 [[nodiscard]] SymbolCode CodeOfStyleRow(const Styles& styles, int row);
 
-/// The same of the styles in force.
+/// The same in the current styles.
 [[nodiscard]] inline SymbolCode CodeOfStyleRow(int row) {
     return CodeOfStyleRow(gSettings.styles, row);
 }
@@ -57,7 +57,7 @@ using SymbolCode = std::uint32_t;
 /// The six digits of a code.
 [[nodiscard]] std::string SymbolCodeText(SymbolCode code);
 
-/// The code of six digits, or nothing when the text is anything else.
+/// The code of six digits; empty when the text is anything else.
 [[nodiscard]] std::optional<SymbolCode> SymbolCodeFromText(std::string_view text);
 
 } // namespace quandrel

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// How plots look, as a value: colours, styles of symbols and lines that refer to them, fonts, axes.
-// A drawing is given one (stereo/drawing.h); the one in force is part of the settings.
+// The appearance of plots as a value: colours, styles of symbols and lines that refer to them,
+// fonts, axes. Each drawing is given one (stereo/drawing.h); the current one is part of the
+// settings.
 
 #pragma once
 
@@ -15,7 +16,7 @@ namespace quandrel {
 inline constexpr int kColourCount = 25;
 inline constexpr int kSymbolRowCount = 51;
 
-/// Places of a row of Styles::symbols.
+/// Indexes within a row of Styles::symbols.
 enum SymbolPlace : int { kPlaceColour = 0, kPlaceSymbol = 1, kPlaceSize = 2 };
 
 using SymbolRow = std::array<std::int16_t, 3>;
@@ -28,7 +29,7 @@ inline constexpr int kOverlaySymbols = 7;
 inline constexpr int kFirstBandSymbol = 10;
 inline constexpr int kLastBandSymbol = 15;
 inline constexpr int kRoseStyle = 16;           ///< wedges of a rose: colour and fill style
-inline constexpr int kRoseBackgroundStyle = 17; ///< its blank parts; in the symbol's place the
+inline constexpr int kRoseBackgroundStyle = 17; ///< its blank parts; the symbol number is the
                                                 ///< colour of outlines
 inline constexpr int kFirstRoseClassStyle = 24; ///< fills of the classes of a rose
 inline constexpr int kOverlaidRoseStyle = 38;   ///< fill of overlaid rose i is row 38 - i
@@ -74,37 +75,37 @@ enum PlotFontPlace : int {
 inline constexpr std::uint32_t kStartBackColour = 0xffffff;
 inline constexpr std::uint32_t kStartAxesColour = 0;
 
-/// All that decides how a plot looks beside its rows and its record.
+/// Everything that decides how a plot looks, besides its rows and its record.
 struct Styles {
     /// 24-bit colours, red in the low byte.
     std::array<std::uint32_t, kColourCount> colours{};
 
-    /// [row][place]: colour index, symbol code, size. Row 0 is the symbol of a row, row 1 of one
-    /// with an upward line, rows 2 to 9 of overlays, 10 to 15 of density bands, 19 and 20 of
-    /// derived axes, 39 to 50 of classes.
+    /// [row][place]: colour index, symbol code, size. Row 0 is the symbol of a row, row 1 that of
+    /// an upward line, rows 2 to 9 of overlays, 10 to 15 of density bands, 19 and 20 of derived
+    /// axes, 39 to 50 of classes.
     std::array<SymbolRow, kSymbolRowCount> symbols{};
 
-    std::array<AxisStyle, 5> axes{}; ///< by AxisStyleRow
+    std::array<AxisStyle, 5> axes{}; ///< indexed by AxisStyleRow
 
-    /// Of density contours, by level: colour index, draw style, draw width. Levels beyond take the
-    /// last.
+    /// Density contours by level: colour index, draw style, draw width. Higher levels use the last
+    /// one.
     std::array<AxisStyle, kContourStyles> contours{};
 
-    std::array<PlotFont, 10> fonts{};                ///< by PlotFontPlace
+    std::array<PlotFont, 10> fonts{};                ///< indexed by PlotFontPlace
     std::uint32_t plotBackColour = kStartBackColour; ///< behind the net on the screen
     std::uint32_t plotAxesColour = kStartAxesColour; ///< of the primitive circle and the axes
     std::int16_t plotAxesStyle = 0;                  ///< of nets, 0 to 3
-    bool showNorth = false;                          ///< nets have an "N" at the top
+    bool showNorth = false;                          ///< nets show an "N" at the top
     std::int16_t roseAxesStyle = 0;                  ///< 0 to 3
     bool roseOuterCircle = true;
-    bool showCompassPoints = false;   ///< roses have N, E, S and W
-    std::int16_t showIsolatedPts = 0; ///< contours have the rows that are alone in their cone
+    bool showCompassPoints = false;   ///< roses show N, E, S and W
+    std::int16_t showIsolatedPts = 0; ///< contours show the rows that are alone in their cone
 };
 
-/// The colours, symbols and lines of a first run; the rest as a Styles begins.
+/// The colours, symbols and lines of a first run; the rest as in a default Styles.
 [[nodiscard]] Styles StartStyles();
 
-/// The colour of an index 0 to 24. An index outside is a mistake of the caller and gives black.
+/// The colour of an index 0 to 24. An index outside is an error of the caller and gives black.
 [[nodiscard]] Colour TableColour(const Styles& styles, int index);
 
 } // namespace quandrel

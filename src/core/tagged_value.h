@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A value that may be empty, a number, a truth or a text, as cells of the record's tables hold it.
+// A value that may be empty, a number, a truth value or a text, for the cells of the record's
+// tables.
 
 #pragma once
 
@@ -13,10 +14,12 @@ namespace quandrel {
 using TaggedValue =
     std::variant<std::monostate, std::int16_t, std::int32_t, float, double, std::string, bool>;
 
-/// The value as a number: a truth is -1 or 0; empty, and a text that is no number, give 0.
+/// The value as a number: a truth value is -1 or 0; an empty value and a text that is not a number
+/// give 0.
 [[nodiscard]] double NumberOf(const TaggedValue& value);
 
-/// The value as a text: empty gives "", a truth "True" or "False", a number its shortest form.
+/// The value as a text: an empty value gives "", a truth value "True" or "False", a number its
+/// shortest form.
 [[nodiscard]] std::string TextOf(const TaggedValue& value);
 
 [[nodiscard]] inline bool IsEmpty(const TaggedValue& value) {
