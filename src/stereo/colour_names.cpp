@@ -10,7 +10,7 @@ namespace quandrel {
 
 namespace {
 
-/// A colour by hue in degrees, saturation and lightness 0 to 1.
+/// A colour from hue in degrees and saturation and lightness 0 to 1.
 struct HueColour {
     double hue = 0;
     double saturation = 0;
@@ -72,7 +72,7 @@ const char* NameOfHue(double hue) {
     return std::ranges::find_if(kHues, [hue](const Hue& range) { return hue < range.below; })->name;
 }
 
-/// The part of the light of a channel that the eye takes for brightness.
+/// The linear-light value of a colour channel.
 double LinearLight(std::uint8_t channel) {
     const double value = channel / 255.0;
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);

@@ -15,13 +15,13 @@ namespace {
 constexpr int kSteps = 360;
 constexpr int kHalvings = 50;
 
-/// The cone as directions by the angle about its axis.
+/// The cone as directions, by the angle about its axis.
 class Cone {
 public:
     Cone(double plunge, double trend, double halfAngle)
         : axis_(LineToCosines(plunge, trend))
         , halfAngle_(halfAngle) {
-        // The turn begins at the steepest place, as far from the primitive as can be.
+        // The parametrisation starts at the steepest point, as far from the primitive as possible.
         across_ = LineToCosines(0, trend + kPi / 2);
         up_ = {axis_.m * across_.n - axis_.n * across_.m, axis_.n * across_.l - axis_.l * across_.n,
                axis_.l * across_.m - axis_.m * across_.l};
@@ -36,7 +36,7 @@ public:
                 along * axis_.n + a * across_.n + b * up_.n};
     }
 
-    /// The turn between two at which the cone passes the horizontal.
+    /// The angle between two others at which the cone crosses the horizontal.
     [[nodiscard]] double Crossing(double from, double to) const {
         const bool startsDown = At(from).n >= 0;
         for (int i = 0; i < kHalvings; ++i) {
@@ -53,10 +53,10 @@ private:
     Direction up_;
 };
 
-/// The plotted place of a direction: that of its other end where it points up.
+/// The plotted position of a direction; an upward one is plotted by its opposite end.
 Point PlaceOf(int plotKind, const Direction& direction, bool isDown) {
     const double sign = isDown ? 1 : -1;
-    // On the horizontal itself rounding must not turn the direction round.
+    // At the horizontal itself rounding must not reverse the direction.
     const Direction plotted{sign * direction.l, sign * direction.m,
                             std::max(sign * direction.n, 0.0)};
     const NetPosition place = PositionOfDirection(plotKind, plotted);

@@ -10,9 +10,9 @@
 
 namespace quandrel {
 
-/// The trace of a cone on the lower hemisphere, as open lines. Where it passes the primitive it
-/// goes on at the far side, as what points up is plotted by its other end; lines end on the
-/// primitive.
+/// The trace of a cone on the lower hemisphere, as open lines. Where it crosses the primitive it
+/// continues on the far side, because upward directions are plotted by their opposite ends; lines
+/// end on the primitive.
 ///
 /// @param plotKind   projection
 /// @param plunge     of the axis, radians, -kPi/2 to kPi/2
@@ -21,7 +21,7 @@ namespace quandrel {
 [[nodiscard]] std::vector<std::vector<Point>> ConeTrace(int plotKind, double plunge, double trend,
                                                         double halfAngle);
 
-/// Draws the trace of a cone in the state's line style and width.
+/// Draws the trace of a cone in the surface's current line style and width.
 void DrawCone(Surface& surface, int plotKind, double plunge, double trend, double halfAngle,
               Colour colour);
 

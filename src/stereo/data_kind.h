@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the rows of a plot are taken as.
+// Changes of the kind of data of a plot.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace quandrel {
 
-/// Takes the rows of gActivePlot as a kind of data (a DataKindCode), without a question: they get
-/// their places as that kind, and the plot is drawn anew.
+/// Treats the rows of gActivePlot as a kind of data (a DataKindCode), without a question: computes
+/// their positions for that kind, and redraws the plot.
 void SetDataType(std::int16_t kind);
 
 } // namespace quandrel

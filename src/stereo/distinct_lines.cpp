@@ -13,9 +13,9 @@ namespace quandrel {
 
 namespace {
 
-/// Lines with the table that they were taken from.
+/// Lines with the version of the table they were taken from.
 struct KnownLines {
-    std::uint64_t version = 0; ///< of the table; 0 is none
+    std::uint64_t version = 0; ///< of the table; 0 for none
     std::int32_t lastIndex = 0;
     std::vector<DistinctLine> lines;
 
@@ -24,14 +24,13 @@ struct KnownLines {
     }
 };
 
-/// What is kept with a plot: the lines of all main rows, and those of its statistics where these
-/// are others.
+/// The cache of a plot: the lines of all main rows, and those of its statistics where these differ.
 struct LinesOfPlot {
     KnownLines rows;
     KnownLines axes;
 };
 
-/// Counts the rows of a table up to a point index that are wanted, by the numbers of their lines.
+/// Counts the selected rows of a table up to a point index, by the numbers of their lines.
 template <class Wanted>
 std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastIndex,
                                      const Wanted& isWanted) {
@@ -54,7 +53,7 @@ std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastInd
     return lines;
 }
 
-/// The sign of an axis marks its kind, and a level one cannot have it: all are taken by their lower
+/// The sign of an axis marks its kind, even where it is horizontal: all are taken by their lower
 /// ends.
 std::vector<DistinctLine> ByLowerEnds(std::vector<DistinctLine> lines) {
     for (DistinctLine& line : lines) {
@@ -63,7 +62,8 @@ std::vector<DistinctLine> ByLowerEnds(std::vector<DistinctLine> lines) {
     return lines;
 }
 
-/// Degrees lifted above 0, so that cutting their half more rounds them without looking at a sign.
+/// Degrees shifted above 0, so that truncation after adding one half rounds them without a test of
+/// the sign.
 constexpr double kLift = 90;
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The different lines among the plotted rows. Orientations are whole degrees, so there are few of
-// them however many rows there are: what counts or sums over rows does so over these.
+// The distinct lines among the plotted rows. Orientations are whole degrees, so there are few
+// distinct lines, whatever the number of rows. Counts and sums over rows use them.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// A line with the rows that share it.
+/// A line and the number of rows that share it.
 struct DistinctLine {
     std::int16_t plunge = 0; ///< degrees, -90 to 90, negative upward
     std::int16_t trend = 0;  ///< degrees, 0 to 360
@@ -22,10 +22,10 @@ struct DistinctLine {
     friend bool operator==(const DistinctLine&, const DistinctLine&) = default;
 };
 
-/// A number for each line of whole degrees, from 0.
+/// The number of whole-degree lines; each has its own number from 0.
 inline constexpr int kLineKeys = 181 * 361;
 
-/// The number of a line; plunge and trend in radians, whole degrees but for rounding.
+/// The number of a line. Plunge and trend are in radians, whole degrees except for rounding.
 [[nodiscard]] int LineKey(double plunge, double trend);
 
 /// The same from degrees.
@@ -33,30 +33,30 @@ inline constexpr int kLineKeys = 181 * 361;
     return (plunge + 90) * 361 + trend;
 }
 
-/// The different lines of the rows up to a point index, without error rows, in the order of their
+/// The distinct lines of the rows up to a point index, without error rows, in the order of their
 /// numbers. O(rows).
 [[nodiscard]] std::vector<DistinctLine> DistinctLinesOf(const RowTable& table,
                                                         std::int32_t lastIndex);
 
-/// Those of the main rows of a plot, kept with it until a row changes. Good until then.
+/// The distinct lines of the main rows of a plot. They are cached with the plot; the result is
+/// valid until a row changes.
 [[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOf(Plot& plot);
 
-/// How many rows these are: the main rows that are plotted. O(lines) where they are kept, else
-/// O(rows).
+/// The number of rows of these lines: the plotted main rows. O(lines) if cached, else O(rows).
 [[nodiscard]] std::int32_t CountOfMainRows(const Plot& plot);
 
-/// The lines that the statistics of a plot are about: its main rows; in a plot of P and T axes
-/// those of P. P and T axes are taken by their lower ends, for the sign of their plunge marks their
-/// kind and not a direction. Kept as those of all rows are.
+/// The lines for the statistics of a plot: its main rows; in a plot of P and T axes only those of
+/// P. P and T axes are taken by their lower ends, because the sign of their plunge marks their kind
+/// and not a direction. Cached like those of all rows.
 [[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot);
 
 /// The axes of one kind in a plot of P and T axes, by their lower ends. O(rows).
 ///
-/// @param styles  that the symbols of the axes were taken from
+/// @param styles  the source of the symbols of the axes
 [[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(const Plot& plot, const Styles& styles,
                                                             AxisKind kind);
 
-/// The number of rows of some lines.
+/// The number of rows of a list of lines.
 [[nodiscard]] std::int32_t CountOfLines(const std::vector<DistinctLine>& lines);
 
 } // namespace quandrel

@@ -11,13 +11,13 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xef\xbf\xbd"; // U+FFFD
 
-/// A code point with the bytes that it takes; no bytes where there is none.
+/// A code point with its number of bytes; no bytes at an invalid sequence.
 struct Character {
     std::uint32_t code = 0;
     std::size_t bytes = 0;
 };
 
-/// The first character of a text that is not empty. Unicode 15.0 (2022), table 3-7.
+/// The first character of a non-empty text. Unicode 15.0 (2022), table 3-7.
 Character FirstOf(std::string_view text) {
     const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned first = byte(0);
@@ -40,7 +40,7 @@ Character FirstOf(std::string_view text) {
     return isOverlong || isSurrogate || code > 0x10ffff ? Character{} : Character{code, length};
 }
 
-/// Tabs, ends of lines and of pages.
+/// Tabs, line ends and form feeds.
 bool IsBlankControl(std::uint32_t code) {
     return (code >= 0x09 && code <= 0x0d) || code == 0x85 || code == 0x2028 || code == 0x2029;
 }
@@ -53,7 +53,7 @@ bool IsNoCharacter(std::uint32_t code) {
     return (code & 0xfffeU) == 0xfffeU || (code >= 0xfdd0 && code <= 0xfdef);
 }
 
-/// Marks of direction, and the mark of a byte order.
+/// Marks of direction, and the byte order mark.
 bool IsDirectionMark(std::uint32_t code) {
     return code == 0x061c || code == 0x200e || code == 0x200f || (code >= 0x202a && code <= 0x202e)
            || (code >= 0x2066 && code <= 0x2069) || code == 0xfeff;
@@ -75,7 +75,7 @@ std::string DrawableText(std::string_view text) {
         const Character character = FirstOf(text);
         const std::size_t bytes = std::max<std::size_t>(character.bytes, 1);
         if (IsBlankControl(character.code) && character.bytes > 0) {
-            // Both bytes of the end of a line are one blank.
+            // CR LF becomes a single blank.
             const bool isPair = text.starts_with("\r\n");
             drawable += isPair ? "" : " ";
         } else if (character.bytes == 0 || IsControl(character.code)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts of users on their way into a picture. They may hold anything: control characters, bytes of
-// other encodings, marks that turn the direction of what follows. Not every kind of picture takes
-// these, so each text goes through here before it comes to a surface.
+// Users' texts, made safe for a picture. They may contain anything: control characters, bytes of
+// other encodings, marks that change the direction of the following text. Not every kind of picture
+// allows these, so each text passes through here before it reaches a surface.
 
 #pragma once
 
@@ -13,9 +13,9 @@ namespace quandrel {
 
 /// A text as one line that can be drawn, written into an XML file, and measured.
 ///
-/// Ends of lines and tabs become blanks. Other control characters, what is not UTF-8 and code
-/// points that are no characters become U+FFFD. Marks without a width that order letters from right
-/// to left are left out; letters that are written so stay. A clean text comes back as it is.
+/// Line ends and tabs become blanks. Other control characters, invalid UTF-8 and noncharacters
+/// become U+FFFD. Zero-width marks that control the direction of text are removed; right-to-left
+/// letters stay. A text without any of these is returned unchanged.
 [[nodiscard]] std::string DrawableText(std::string_view text);
 
 } // namespace quandrel

@@ -6,7 +6,7 @@ namespace quandrel {
 
 namespace {
 
-/// How bright a colour looks, 0 to 1: the luma of ITU-R Recommendation BT.601 (1982).
+/// The perceived brightness of a colour, 0 to 1: the luma of ITU-R Recommendation BT.601 (1982).
 double Brightness(Colour colour) {
     return (0.299 * colour.red + 0.587 * colour.green + 0.114 * colour.blue) / 255;
 }

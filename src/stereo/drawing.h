@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// On what and how a plot is drawn.
+// The surfaces and properties with which a plot is drawn.
 //
-// What draws takes the plot and a Drawing, changes nothing but the surfaces, and reads no settings:
-// two plots can be drawn at once, each onto surfaces of its own.
+// Drawing code takes the plot and a Drawing, changes only the surfaces, and reads no settings. Two
+// plots can be drawn at the same time, each onto its own surfaces.
 
 #pragma once
 
@@ -14,9 +14,9 @@
 
 namespace quandrel {
 
-/// What the picture is for.
+/// The medium of the picture.
 enum class DrawnFor {
-    Window, ///< the plot's window: the background is wiped, what the window paints above stays out
+    Window, ///< the plot's window: the background is cleared, overpainted parts are left out
     Sample, ///< a sample of what windows show
     Paper,  ///< pages, files and copies: white, and no colour that white does not show
 };
@@ -26,17 +26,17 @@ struct Drawing {
     Surface& legend; ///< of the legend's box
     const Styles& styles;
     DrawnFor purpose = DrawnFor::Window;
-    Formulas formulas = Formulas::Own; ///< of the results that are drawn
-    StatusLine* watcher = nullptr;     ///< hears how far long steps have come, if there is one
+    Formulas formulas = Formulas::Own; ///< for the results that are drawn
+    StatusLine* watcher = nullptr;     ///< receives the progress of long steps; may be null
     int circleAbove = 0;               ///< set of the small circle that the window paints above the
                                        ///< picture and that is left out here; 0 leaves out none
 };
 
-/// What is behind the net: the colour of the styles in windows, white on paper.
+/// The background of the net: the colour of the styles in windows, white on paper.
 [[nodiscard]] Colour PlotBackground(const Drawing& drawing);
 
-/// The colour of the primitive circle and of axes. On paper black in place of a colour that white
-/// does not show.
+/// The colour of the primitive circle and of axes. On paper, black replaces a colour that is
+/// invisible on white.
 [[nodiscard]] Colour AxesColour(const Drawing& drawing);
 
 } // namespace quandrel

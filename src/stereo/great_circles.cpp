@@ -8,7 +8,7 @@ namespace quandrel {
 
 namespace {
 
-/// The diameter at right angles to the direction of (cx, cy).
+/// The diameter at right angles to the direction (cx, cy).
 void DrawChord(Surface& surface, double cx, double cy, Colour colour) {
     if (cy == 0) {
         surface.Line({0, -kNetRadius}, {0, kNetRadius}, colour);

@@ -10,8 +10,8 @@
 
 namespace quandrel {
 
-/// Draws a great circle as GreatCircleArc gives it: an arc, the primitive for a horizontal plane, a
-/// chord through the centre for a vertical one.
+/// Draws a great circle from GreatCircleArc: an arc, the primitive for a horizontal plane, a
+/// straight line through the centre for a vertical one.
 ///
 /// @param colour     index of Styles::colours
 /// @param drawStyle  a DrawStyle
@@ -19,16 +19,16 @@ namespace quandrel {
 void DrawGreatCircleArc(Surface& surface, const Styles& styles, const GreatCircle& circle,
                         int colour, int drawStyle, double drawWidth);
 
-/// The same in the colours in force.
+/// The same in the current colours.
 inline void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int colour,
                                int drawStyle, double drawWidth) {
     DrawGreatCircleArc(surface, gSettings.styles, circle, colour, drawStyle, drawWidth);
 }
 
-/// The great circle in any colour, in the surface's own state.
+/// The great circle in any colour, with the surface's current line style.
 void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink);
 
-/// Draws the great circle whose pole is given, radians, in a projection.
+/// Draws the great circle of a pole, radians, in a projection.
 void DrawGreatCircleOfPole(Surface& surface, const Styles& styles, int plotKind, double polePlunge,
                            double poleTrend, int colour, int drawStyle, double drawWidth);
 

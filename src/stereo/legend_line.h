@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A line of a legend, as the folders make them of what they show.
+// A line of a legend, as each folder supplies it for what it shows.
 
 #pragma once
 
@@ -10,15 +10,15 @@
 
 namespace quandrel {
 
-/// What is in front of a line's text.
+/// The sample before a line's text.
 enum class LegendSample {
     None,   ///< the text begins at the margin
-    Indent, ///< nothing, but the text is below those with samples
+    Indent, ///< none, but the text is aligned with those that have samples
     Symbol,
     GreatCircle,
     Line,  ///< code: colour, draw style in the symbol's place, draw width in the size's
-    Patch, ///< code: colour, fill style in the symbol's place, width in per cent in the size's; 0
-           ///< is the full width
+    Patch, ///< code: colour, fill style as the symbol, width in per cent as the size; 0 is the full
+           ///< width
 };
 
 struct LegendLine {

@@ -85,9 +85,9 @@ void DrawAxes(Surface& surface, int plotKind, int axesStyle, Colour ink) {
     }
 }
 
-/// An "N" between the top of the circle and the edge of the surface, as small as that asks for.
+/// An "N" between the top of the circle and the edge of the surface, at the size that fits there.
 void DrawNorth(Surface& surface, Colour ink) {
-    constexpr double kGap = 8; // to the circle
+    constexpr double kGap = 8; // from the circle
     constexpr double kLeastPoints = 4;
     const SavedState saved(surface);
     DrawState state = surface.State();
@@ -145,7 +145,7 @@ void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
     const Colour colour = TableColour(drawing.styles, style[0]);
     DrawState state = surface.State();
     state.drawStyle = style[1];
-    state.drawWidth = style[2] + 1; // it stands out among lines of the same style
+    state.drawWidth = style[2] + 1; // wider than other lines of the same style
     surface.SetState(state);
     const double trend = NumberOf(mean[kItemTrend]);
     const Point tip = AtAzimuth(kArrowTip, trend);

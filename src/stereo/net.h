@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The net below the data, and what lies on top of them.
+// The net beneath the data, and the marks on top of them.
 
 #pragma once
 
@@ -9,18 +9,18 @@
 
 namespace quandrel {
 
-/// Puts the plot's surface into the state in which every drawing begins.
+/// Sets the initial state of the plot's surface for every drawing.
 void SetPlotDrawMode(const Drawing& drawing);
 
 /// Draws the primitive circle with the axes in the style of Styles::plotAxesStyle: 0 a centre
 /// cross, 1 a small cross and rim ticks (none in the north), 2 diameters with ticks every ten
-/// degrees, 3 ticks on the eastern rim and on the axes. A value outside draws the circle alone.
-/// With Styles::showNorth an "N" is at the top. A rose draws its own. A drawing for a window clears
-/// the surface first.
+/// degrees, 3 ticks on the eastern rim and on the axes. Any other value draws the circle only. With
+/// Styles::showNorth an "N" is at the top. A rose draws its own. A drawing for a window clears the
+/// surface first.
 void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
 
-/// The mean arrow at the rim, in the style of the mean, when the mean is shown and the plot has no
-/// overlays.
+/// Draws the mean arrow at the rim, in the style of the mean, when the mean is shown and the plot
+/// has no overlays.
 void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing);
 
 // The same of gActivePlot, in its window.

@@ -21,7 +21,7 @@ std::string TitleOfPlot() {
         return title + record.AxesTitle + " axes"
                + (AssumedSense(record) ? ", sense assumed]" : "]");
     }
-    // The trailing blanks keep the captions of one width.
+    // The trailing blanks give all captions the same width.
     switch (record.DataKind) {
     case kLines:
         return title + "Lines]      ";

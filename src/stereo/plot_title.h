@@ -8,10 +8,10 @@
 
 namespace quandrel {
 
-/// What is said of gActivePlot: its title, the set shown, the kind of data.
+/// The description of gActivePlot: its title, the set shown, the kind of data.
 [[nodiscard]] std::string TitleOfPlot();
 
-/// The same, with the table that the plot is linked to.
+/// The same, with the table to which the plot is linked.
 [[nodiscard]] std::string CaptionOfPlot();
 
 /// Writes CaptionOfPlot to the window of gActivePlot.

@@ -23,19 +23,19 @@ namespace quandrel {
 
 namespace {
 
-/// A read-back pole that points up by more than this has left the net; it has no great circle.
+/// A computed pole that points up by more than this is outside the net; it has no great circle.
 constexpr double kSteepestUpwardPole = 0.05;
 
 constexpr std::int16_t kByNumbers = 1;      ///< ClassMode of a plot that may show a grid of values
-constexpr std::int16_t kPointsAlone = 0;    ///< NumClasses that show rows: these without a grid,
-constexpr std::int16_t kContoursOnRows = 4; ///< these with contours of the values
+constexpr std::int16_t kPointsAlone = 0;    ///< NumClasses that show rows: this one without a grid,
+constexpr std::int16_t kContoursOnRows = 4; ///< this one with contours of the values
 
-/// Which places of the net were taken, by whole plot units. A strip of the net takes memory only
-/// once a place of it is taken: few rows are drawn without a map of all places.
+/// The occupied positions of the net, in whole plot units. A strip of the net is allocated when its
+/// first position is taken, so that drawing a few rows does not need a complete map.
 class TakenPlaces {
 public:
-    /// Takes a place. False when it was taken before. A place that is no whole number within the
-    /// picture is never taken.
+    /// Takes a position. False when it was taken before. A position that is not a whole number or
+    /// is outside the picture is never taken.
     bool Take(std::int16_t x, std::int16_t y) {
         if (x < -kReach || x > kReach || y < -kReach || y > kReach) {
             return true;
@@ -60,7 +60,7 @@ private:
     std::array<std::vector<bool>, kSide / kStripColumns + 1> strips_;
 };
 
-/// A row to be drawn: its place in the table, and its code.
+/// A row to be drawn: its position in the table, and its code.
 struct StyledRow {
     std::uint32_t place = 0;
     SymbolCode code = 0;
@@ -76,8 +76,8 @@ SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index,
     return CodeOfStyleRow(styles, row);
 }
 
-/// The rows of a range in the order of the table, without hidden ones and those that a later one of
-/// the same style and place covers.
+/// The rows of a range in table order, without hidden rows and those covered by a later row of the
+/// same style and position.
 std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRange range,
                                   RowStyle style) {
     const RowTable& table = plot.table;
@@ -106,7 +106,7 @@ std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRan
     return rows;
 }
 
-/// Rows behind one another with one style go to the surface together.
+/// Consecutive rows of the same style are sent to the surface together.
 void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const StyledRow> rows) {
     std::vector<Point> positions;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -120,8 +120,8 @@ void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const Sty
     }
 }
 
-/// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so that none
-/// is left out.
+/// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so no row is
+/// skipped.
 void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
                         const SlipArrows& arrows) {
     const RowTable& table = plot.table;
@@ -145,10 +145,10 @@ void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range
     }
 }
 
-/// The different planes of some rows.
+/// The distinct planes of some rows.
 struct DistinctPlanes {
     std::vector<Direction> normals;
-    std::vector<std::int64_t> weights; ///< how many rows share each
+    std::vector<std::int64_t> weights; ///< number of rows of each
 };
 
 /// The planes of the valid main rows of a plot, from their poles.
@@ -181,9 +181,9 @@ BetaIntersections BetaIntersectionsOf(const Plot& plot, StatusLine* watcher) {
     return found;
 }
 
-/// The intersections of a plot with what they were made from.
+/// The intersections of a plot with the data they were computed from.
 struct KeptIntersections {
-    std::uint64_t version = 0; ///< of the table; 0 is none
+    std::uint64_t version = 0; ///< of the table; 0 for none
     std::int32_t lastIndex = 0;
     std::int16_t plotKind = 0;
     BetaIntersections found;

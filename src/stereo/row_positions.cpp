@@ -20,8 +20,8 @@ namespace {
 constexpr std::size_t kPlunges = 91;
 constexpr std::size_t kTrends = 361;
 
-/// Where a line falls. No line falls on the default. Aligned as the word that it is, for compilers
-/// that otherwise call a library for atomic values.
+/// The position of a line. No line has the default position. Aligned as one word, because some
+/// compilers otherwise call a library for atomic values.
 struct alignas(std::uint32_t) NetPlace {
     std::int16_t x = std::numeric_limits<std::int16_t>::max();
     std::int16_t y = std::numeric_limits<std::int16_t>::max();
@@ -29,14 +29,14 @@ struct alignas(std::uint32_t) NetPlace {
     friend bool operator==(const NetPlace&, const NetPlace&) = default;
 };
 
-// Threads that parse rows ask for places, too. A place is one word and always the same, so that
-// it does not matter which of them finds it first.
+// Threads that parse rows also ask for positions. A position is one word and always the same, so it
+// does not matter which thread computes it first.
 using SharedPlace = std::atomic<NetPlace>;
 static_assert(SharedPlace::is_always_lock_free);
 
 using WholeDegreePlaces = std::array<std::array<SharedPlace, kTrends>, kPlunges>;
 
-/// Place of a downward whole-degree line. There are few of them, so each is worked out once.
+/// Position of a downward whole-degree line. There are few such lines, so each is computed once.
 NetPlace PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
     static const auto known = std::make_unique<std::array<WholeDegreePlaces, 2>>();
     const std::size_t projection = plotKind == kEqualAngle ? 1 : 0;
@@ -50,7 +50,7 @@ NetPlace PlaceOf(int plotKind, std::int32_t plunge, std::int32_t trend) {
     return place;
 }
 
-/// DegToRad of whole degrees from -360 to 360, without its division.
+/// DegToRad of whole degrees from -360 to 360, without a division.
 double RadiansOf(std::int32_t degrees) {
     static const auto radians = [] {
         std::array<double, 2 * kTrends - 1> table{};
@@ -66,8 +66,8 @@ bool IsWholeDegreeLine(ShownOrientation line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
 }
 
-/// True when a plunge marks a row of intersections whose planes do not meet in a line: the plot is
-/// the one that the plot of the planes is linked to.
+/// Whether a plunge marks a row of intersections whose planes do not meet in a line. Such a plot is
+/// linked to the plot of the planes.
 bool MarksParallelPlanes(const Plot& plot, std::int32_t plunge) {
     constexpr std::int32_t kNoLine = -90;
     const int source = plot.record.KinematicState;

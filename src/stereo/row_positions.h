@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // From the data columns to the table of plotted rows: which orientation of a row is shown, whether
-// it is plotted as a pole, and where it falls on the net.
+// it is plotted as a pole, and its position on the net.
 //
-// Inside the folder: the places of rows on the net, symbols, great circles, the net; what the rows
-// of axes say, and the caption of a plot; what a drawing is given (drawing.h). Enters: a plot, and
-// a Drawing. Leaves: the row table with the place of each row, and drawing operations on surfaces.
+// This folder holds the drawing of rows on the net: positions, symbols, great circles, the net, the
+// texts of P and T axes, the caption of a plot, and the Drawing (drawing.h).
+// Input: a plot, and a Drawing.
+// Output: the row table with the position of each row, and drawing operations on surfaces.
 
 #pragma once
 
@@ -17,12 +18,11 @@
 
 namespace quandrel {
 
-/// True when the set of the main rows that is shown was measured as planes.
+/// Whether the set of the main rows that is shown was measured as planes.
 [[nodiscard]] bool ShowsPlaneData(const PlotRecord& record);
 
-/// True when rows are plotted as the poles of planes: the plotted set is plane data, or is plotted
-/// as planes. `overlay` 0 asks for the main rows. Everyone who turns columns into positions, or
-/// positions into columns, asks here.
+/// Whether rows are plotted as the poles of planes: the plotted set is plane data, or is plotted as
+/// planes. `overlay` 0 means the main rows. All conversions between columns and positions ask here.
 [[nodiscard]] bool IsPlottedAsPole(const PlotRecord& record, int overlay);
 
 /// An orientation in whole degrees as the columns hold it.
@@ -31,13 +31,13 @@ struct ShownOrientation {
     std::int32_t azimuth = 0;
 };
 
-/// The primary dip or plunge of a row as it counts: kErrorRow also for a row of a plot of
-/// intersections whose planes do not meet in a line, which the columns mark with -90. Everyone who
-/// takes rows from the columns asks here which of them are rows.
+/// The effective primary dip or plunge of a row. It is kErrorRow also for a row of a plot of
+/// intersections whose planes do not meet in a line; the columns mark such a row with -90. All code
+/// that reads rows from the columns asks here which of them are data.
 [[nodiscard]] std::int32_t DipOfRow(const Plot& plot, std::int32_t row);
 [[nodiscard]] std::int32_t DipOfRow(int slot, std::int32_t row);
 
-/// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip plays no part.
+/// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip is ignored.
 [[nodiscard]] ShownOrientation PoleInDegrees(ShownOrientation plane);
 
 /// The orientation of a row that is shown: the secondary one of a main row while the plot shows the
@@ -49,13 +49,12 @@ struct ShownOrientation {
 [[nodiscard]] PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
                                             ShownOrientation shown);
 
-/// Writes the line of a row at a place of the table of a slot, the place at its end included. An
-/// orientation that is missing makes an error row.
+/// Writes the line of a row at a position of the table of a slot, or appends it at the end. A
+/// missing orientation makes an error row.
 void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
                       bool asPole);
 
-/// Makes the table of a plot anew from the columns, all rows in order, and marks its rows as
-/// changed.
+/// Rebuilds the table of a plot from the columns, all rows in order, and marks its rows as changed.
 void RebuildRowTable(Plot& plot);
 void RebuildRowTable(int slot);
 

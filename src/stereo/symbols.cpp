@@ -35,7 +35,7 @@ GlyphPart SquarePart(double h, Ink ink) {
     return PolygonPart({{-h, -h}, {h, -h}, {h, h}, {-h, h}}, ink);
 }
 
-/// A plus with arms of width 2h that reach to 3h.
+/// A plus with arms of width 2h and length 3h.
 GlyphPart PlusPart(double h, Ink ink) {
     return PolygonPart({{-h, 3 * h},
                         {h, 3 * h},
@@ -52,8 +52,7 @@ GlyphPart PlusPart(double h, Ink ink) {
                        ink);
 }
 
-/// An upright triangle about its centre of mass, of half-width h / 2; `sign` -1 stands it on its
-/// tip.
+/// An upright triangle about its centroid, of half-width h / 2; `sign` -1 turns it upside down.
 GlyphPart TrianglePart(double h, double sign, Ink ink) {
     const double halfWidth = h / 2;
     const double height = halfWidth * std::sqrt(3.0);
@@ -67,7 +66,7 @@ GlyphPart DiamondPart(double h, Ink ink) {
     return PolygonPart({{0, 1.3 * h}, {h, 0}, {0, -1.3 * h}, {-h, 0}}, ink);
 }
 
-/// A star of `tips` tips between two radii, the first tip up.
+/// A star with `tips` tips between two radii, the first tip up.
 GlyphPart StarPart(int tips, double outer, double inner, Ink ink) {
     std::vector<Point> points;
     for (int i = 0; i < 2 * tips; ++i) {
@@ -78,7 +77,7 @@ GlyphPart StarPart(int tips, double outer, double inner, Ink ink) {
     return PolygonPart(std::move(points), ink);
 }
 
-/// A compass mark: a four-tipped star over a ring, and an arrow head in the north.
+/// A compass mark: a four-tipped star over a ring, with an arrow head in the north.
 std::vector<GlyphPart> CompassParts(double h) {
     return {CirclePart(1.5 * h, Ink::Outline),
             StarPart(4, 2.6 * h, 0.6 * h, Ink::White),
@@ -92,7 +91,7 @@ std::vector<GlyphPart> CompassParts(double h) {
 constexpr double kArrowLength = 25;
 constexpr double kArrowHead = 8;
 
-/// A line from the place along an azimuth, with a filled head at its end.
+/// A line from the position along an azimuth, with a filled head at its end.
 std::vector<GlyphPart> ArrowParts(double size, double azimuth) {
     const Point along{std::sin(azimuth), std::cos(azimuth)};
     const Point across{along.y, -along.x};
@@ -107,20 +106,20 @@ std::vector<GlyphPart> ArrowParts(double size, double azimuth) {
                         Ink::Filled)};
 }
 
-/// A line as long as an arrow, to both sides of the place: it tells no sense.
+/// A line of an arrow's length to both sides of the position, without a sense.
 std::vector<GlyphPart> SlipLineParts(double size, double azimuth) {
     const double reach = kArrowLength * size / 2;
     const Point along{reach * std::sin(azimuth), reach * std::cos(azimuth)};
     return {LinePart({-along.x, -along.y}, along)};
 }
 
-/// True for the symbols that turn.
+/// Whether a symbol is rotated by an angle.
 bool IsTurned(int symbolCode) {
     return symbolCode == kSlipArrowSymbol || symbolCode == kSlipLineSymbol;
 }
 
-/// The mark at the end of a slip arrow: a broad ring with a bar, or for the upward side a narrow
-/// one with a cross.
+/// The mark at the end of a slip arrow: a broad ring with a bar; for the upward side, a narrow ring
+/// with a cross.
 std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
     std::vector<GlyphPart> parts = {CirclePart(5 * h, upward ? Ink::White : Ink::Filled),
                                     CirclePart(3 * h, Ink::White),
@@ -184,8 +183,8 @@ std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
     }
 }
 
-/// Glyphs that do not turn, made once each. They stay at their places, so that a thread may use one
-/// while another makes the next.
+/// Glyphs that do not rotate, made once each. Their addresses are stable, so that one thread may
+/// use a glyph while another makes the next.
 const Glyph& KnownGlyph(int symbolCode, int size) {
     static std::mutex mutex;
     static std::map<std::pair<int, int>, Glyph> known;
@@ -207,7 +206,7 @@ Glyph GlyphOfSymbol(int symbolCode, int size, double angle) {
     const int drawnSize = std::max(size, 1);
     std::string name = std::to_string(symbolCode) + "/" + std::to_string(drawnSize);
     if (IsTurned(symbolCode)) {
-        // To the last digit: glyphs of one name have one shape.
+        // All digits, so that glyphs of the same name have the same shape.
         std::array<char, 32> digits{};
         name.append("/").append(
             digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), angle).ptr);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Markers: the one primitive behind data rows, grid symbols, legend samples and the symbol picker.
+// Markers: the shared primitive for data rows, grid symbols, legend samples and the symbol picker.
 
 #pragma once
 
@@ -12,24 +12,24 @@
 
 namespace quandrel {
 
-/// Codes of symbols that procedures name. The others, 2 to 17, are in the table of glyphs.
+/// Codes of the named symbols. The others, 2 to 17, are in the table of glyphs.
 enum SymbolCodeNumber : int {
     kNoSymbol = 0,    ///< hides a row
     kPixelSymbol = 1, ///< one logical pixel
     kSlipArrowSymbol = 50,
     kSlipEndSymbol = 51,   ///< end mark of a downward slip arrow
     kSlipUpEndSymbol = 52, ///< end mark of an upward one
-    kSlipLineSymbol = 53,  ///< a slip arrow whose sense is not known: a line to both sides
+    kSlipLineSymbol = 53,  ///< a slip arrow of unknown sense: a line to both sides
     kLargeCircleSymbol = 100,
 };
 
-/// The shape of a symbol in plot units about its place; empty for code 0 and unknown codes.
+/// The shape of a symbol in plot units about its position; empty for code 0 and unknown codes.
 ///
 /// @param size   0 counts as 1; the half-size is the size times a factor of the code
-/// @param angle  azimuth of a slip arrow or slip line, radians; other shapes do not turn
+/// @param angle  azimuth of a slip arrow or slip line, radians; other shapes do not rotate
 [[nodiscard]] Glyph GlyphOfSymbol(int symbolCode, int size, double angle);
 
-/// Draws a symbol in the colours of some styles. The surface's state is left as it was.
+/// Draws a symbol in the colours of a Styles. The surface's state is restored.
 ///
 /// @param x, y         plot units
 /// @param colourIndex  0 to 24; any other is refused
@@ -37,13 +37,13 @@ enum SymbolCodeNumber : int {
 bool DrawSymbol(Surface& surface, const Styles& styles, std::int16_t x, std::int16_t y,
                 int colourIndex, int symbolCode, int size, double angle);
 
-/// The same in the colours in force.
+/// The same in the current colours.
 inline bool DrawSymbol(Surface& surface, std::int16_t x, std::int16_t y, int colourIndex,
                        int symbolCode, int size, double angle) {
     return DrawSymbol(surface, gSettings.styles, x, y, colourIndex, symbolCode, size, angle);
 }
 
-/// Draws one style at many places, in their order.
+/// Draws one style at many positions, in order.
 bool DrawSymbols(Surface& surface, const Styles& styles, std::span<const Point> places,
                  SymbolCode code);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What drawings are given by the settings in force.
+// Drawings with the current settings.
 
 #pragma once
 
@@ -8,14 +8,14 @@
 
 namespace quandrel {
 
-/// The surfaces of the window of a slot, with the styles, the formulas and the status line in
-/// force. The window is made at this moment if there is none.
+/// The surfaces of the window of a slot, with the current styles, formulas and status line. The
+/// window is made on demand.
 [[nodiscard]] Drawing WindowDrawing(int slot);
 
-/// What a page, a file or a copy is given: other surfaces, with the same styles and formulas.
+/// A drawing for a page, a file or a copy: other surfaces, with the same styles and formulas.
 [[nodiscard]] Drawing PaperDrawing(Surface& plot, Surface& legend);
 
-/// Who hears how far long steps have come; nothing in programs without a status line.
+/// The receiver of the progress of long steps; null in programs without a status line.
 [[nodiscard]] StatusLine* WatcherInForce();
 
 } // namespace quandrel
