@@ -31,13 +31,13 @@ Direction DirectionOf(int plunge, int trend, bool isPlane) {
     return LineToCosines(downward, azimuth);
 }
 
-/// Place of an orientation in tables of all whole-degree ones.
+/// Index of an orientation in tables of all whole-degree orientations.
 std::size_t PlaceOf(const DegreeLine& line) {
     const int plunge = std::min(std::abs(line.plunge), kSteepest);
     return static_cast<std::size_t>(plunge * kTrends + WholeTrend(line.trend));
 }
 
-/// The direction from a table of those worked out before. Rows with a sample line each have too
+/// The direction, from a table of those already computed. Rows with a sample line each have too
 /// many pairs of lines for AngleBetweenLines, which takes ten sines and cosines each time.
 const Direction& Remembered(std::vector<Direction>& table, std::size_t place, bool isPlane) {
     if (table.empty()) {

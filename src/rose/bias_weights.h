@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Weights that correct a sample for the direction it was taken along: structures that are met at a
-// small angle are met seldom. Orientations are whole degrees; angles of results are radians.
+// Terzaghi weights, which correct a sample for the direction in which it was taken: structures at a
+// small angle to that direction are undersampled. Orientations are whole degrees; angles of results
+// are radians.
 //
 // Formula: w = 1 / sin x. R. D. Terzaghi, Sources of error in joint surveys, Geotechnique 15
 // (1965).
@@ -17,7 +18,7 @@
 
 namespace quandrel {
 
-/// Which angle between structure and sample line counts.
+/// Which angle between structure and sample line is used.
 enum BiasModeCode : std::int16_t {
     kNoBias = 0,
     kSpaceAngle = 1,      ///< in space: to the plane, or to the line
@@ -27,12 +28,12 @@ enum BiasModeCode : std::int16_t {
 
 struct BiasSettings {
     std::int16_t mode = kNoBias; ///< BiasModeCode
-    bool planes = false;         ///< the rows are planes, else lines
+    bool planes = false;         ///< whether the rows are planes, else lines
     int minimumAngle = 0;        ///< degrees; smaller angles count as this one, or as 1 degree
     bool ownLines = false;       ///< each row has its own sample line, else all have the same
 };
 
-/// A line as the columns hold it.
+/// A line as in the columns.
 struct DegreeLine {
     std::int32_t plunge = 0; ///< -90 to 90; the sign is ignored
     std::int32_t trend = 0;  ///< any whole degree
@@ -41,12 +42,12 @@ struct DegreeLine {
 /// Weight of a structure at an angle to the sample line.
 ///
 /// @param angle  0 to kPi/2
-/// @param least  angles below this count as this one; below a degree everything counts as a degree
-/// @return 1 and above
+/// @param least  smaller angles count as this one; angles below a degree count as a degree
+/// @return at least 1
 [[nodiscard]] double TerzaghiWeight(double angle, double least);
 
-/// The weights of rows. Keeps what it has worked out, so that a million rows take no longer than
-/// the different orientations among them.
+/// The weights of rows. Computed weights are cached, so that the cost depends on the number of
+/// distinct orientations, not of rows.
 class BiasWeights {
 public:
     explicit BiasWeights(const BiasSettings& settings);
@@ -56,13 +57,13 @@ public:
     [[nodiscard]] double operator()(const DegreeLine& structure, const DegreeLine& sampleLine);
 
 private:
-    /// Both by the numbers of their orientations.
+    /// Both are indexed by the numbers of their orientations.
     [[nodiscard]] double SpaceWeight(std::size_t structure, std::size_t sampleLine);
     [[nodiscard]] double WorkedOut(std::size_t structure, std::size_t sampleLine);
 
     BiasSettings settings_;
     double least_;                      ///< radians
-    std::vector<Direction> structures_; ///< poles or lines by orientation, zero until worked out
+    std::vector<Direction> structures_; ///< poles or lines by orientation, zero until computed
     std::vector<Direction> lines_;      ///< sample lines, likewise
     std::vector<double> inSpace_;       ///< weights to the one sample line, likewise
     std::array<double, 91> byDegree_{}; ///< weights of the angles 0 to 90 degrees

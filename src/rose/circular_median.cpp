@@ -12,13 +12,13 @@ namespace quandrel {
 
 namespace {
 
-/// Angles that differ by less are the same.
+/// Angles that differ by less are equal.
 constexpr double kRounding = 1e-9;
 
-/// Share of the count that two halves may differ by through rounding of weights.
+/// Share of the count by which two halves may differ through rounding of weights.
 constexpr double kHalfMargin = 1e-9;
 
-/// An angle on its way from the antipode. Equal ones keep their order.
+/// An angle by its distance from the antipode. Equal ones keep their order.
 struct Place {
     double way = 0;
     std::size_t index = 0;
@@ -36,7 +36,7 @@ double AntipodeOf(double meanDirection, AngleSense sense) {
     return WrappedAngle(Worked(meanDirection, sense) + kPi);
 }
 
-/// A median at north is given as a full turn, so that it is not taken for none.
+/// A median at north is given as a full turn, to distinguish it from kNoMedian.
 double AsMedian(double angle, AngleSense sense) {
     const double median = WrappedAngle(angle);
     if (median < kRounding || median > kTwoPi - kRounding) {
@@ -103,7 +103,7 @@ double GroupedCircularMedian(std::span<const AngleCount> groups, double meanDire
     const double half = total / 2;
     const double margin = kHalfMargin * total;
     double reached = 0;
-    const Place* before = nullptr; // half of the count ends there
+    const Place* before = nullptr; // half of the count ends here
     for (const Place& place : places) {
         const AngleCount& group = groups[place.index];
         if (!(group.count > 0)) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The circular median, and the mean deviation about it. Angles are radians; axial data are worked
-// on in doubled angles.
+// The circular median, and the mean deviation about it. Angles are radians; axial data are computed
+// with doubled angles.
 //
-// The circle is cut open at the antipode of the mean direction. The median is the middle one of the
-// angles on the way from there clockwise, through the mean, back to the antipode.
+// The circle is cut at the antipode of the mean direction. The median is the middle one of the
+// angles in clockwise order from there, through the mean, back to the antipode.
 
 #pragma once
 
@@ -15,15 +15,15 @@
 
 namespace quandrel {
 
-/// The answer when there is no median.
+/// The result when there is no median.
 inline constexpr double kNoMedian = -1;
 
-/// The way from an antipode clockwise to an angle.
+/// The clockwise distance from an antipode to an angle.
 ///
 /// @param antipode  0 to kTwoPi
 /// @param angle     0 to kTwoPi
-/// @return 0 to below kTwoPi; an angle that lies before the antipode by no more than rounding is
-///         at the antipode
+/// @return 0 to below kTwoPi; an angle just before the antipode, within rounding, is at the
+///         antipode
 [[nodiscard]] double WayFromAntipode(double antipode, double angle);
 
 /// Median of angles.
@@ -33,13 +33,13 @@ inline constexpr double kNoMedian = -1;
 /// @return above 0 to kTwoPi, of axial data to kPi; a median at north is kTwoPi. kNoMedian without
 ///         angles
 ///
-/// An even number of angles has its median half-way between the two in the middle. O(n).
+/// For an even number of angles the median is half-way between the two in the middle. O(n).
 [[nodiscard]] double CircularMedian(std::span<const double> angles, double meanDirection,
                                     AngleSense sense);
 
-/// Median of grouped angles: the angle at which the count passes half of the whole, or half-way
-/// between the two that it lies between. Whole counts give the very median of the angles repeated
-/// so often.
+/// Median of grouped angles: the angle at which the count passes half of the total, or half-way
+/// between the two angles on either side of half. For whole counts it equals the median of the
+/// angles repeated that often.
 ///
 /// @return as CircularMedian; kNoMedian without a count. O(n log n).
 [[nodiscard]] double GroupedCircularMedian(std::span<const AngleCount> groups, double meanDirection,

@@ -18,13 +18,13 @@ namespace {
 constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kHalfTurn = std::numbers::pi;
 
-/// Angles nearer to a full turn are there.
+/// Angles closer to a full turn count as a full turn.
 constexpr double kRounding = 1e-12;
 
 /// Mean distances that differ by less are equal.
 constexpr double kEqualDeviations = 1e-11;
 
-/// 97.5 % of the normal distribution.
+/// 97.5 % quantile of the normal distribution.
 constexpr double kNormalQuantile = 1.959963984540054;
 
 /// Samples up to this size need a correction of kappa.
@@ -33,7 +33,7 @@ constexpr double kSmallestLargeSample = 16;
 double InTurn(double angle) {
     const double within = std::fmod(angle, kTurn);
     const double positive = within < 0 ? within + kTurn : within;
-    // Just below a turn is north, which in degrees would come out as 360 and more.
+    // Just below a full turn is north; in degrees it would print as 360 or more.
     return positive < kTurn - kRounding ? positive : 0;
 }
 
@@ -48,7 +48,7 @@ std::vector<double> SortedTurn(std::span<const double> angles) {
     return sorted;
 }
 
-/// Groups that count, ascending.
+/// The groups with a positive count, ascending.
 std::vector<AngleCount> SortedGroups(std::span<const AngleCount> groups) {
     std::vector<AngleCount> sorted;
     for (const auto& [angle, count] : groups) {
@@ -61,7 +61,7 @@ std::vector<AngleCount> SortedGroups(std::span<const AngleCount> groups) {
     return sorted;
 }
 
-/// Mean distance of angles from any direction, in O(log n) each.
+/// Mean distance of the angles from any direction, in O(log n) each.
 class MeanDistances {
 public:
     /// @param groups  ascending from 0, below a turn
@@ -77,12 +77,12 @@ public:
         SumUp();
     }
 
-    /// The different angles, ascending.
+    /// The distinct angles, ascending.
     [[nodiscard]] std::span<const double> Angles() const { return angles_; }
 
     [[nodiscard]] double From(double direction) const {
-        // Half a turn either way, somewhere on two turns. It holds each angle once: one opposite to
-        // the direction must not be lost or counted twice by rounding.
+        // Half a turn to either side, within two turns. Each angle is included once: an angle
+        // opposite to the direction must not be lost or counted twice by rounding.
         const double turned = InTurn(direction);
         const double middle = turned < kHalfTurn ? turned + kTurn : turned;
         const std::size_t from = PlaceOf(middle - kHalfTurn);
@@ -113,7 +113,7 @@ private:
         }
     }
 
-    /// How many of the angles on two turns lie below one.
+    /// The number of angles in two turns that are below a value.
     [[nodiscard]] std::size_t PlaceOf(double angle) const {
         const auto found = std::lower_bound(turns_.begin(), turns_.end(), angle);
         return static_cast<std::size_t>(found - turns_.begin());
@@ -121,12 +121,12 @@ private:
 
     std::vector<double> angles_;
     std::vector<double> counts_;
-    std::vector<double> turns_; ///< the angles on two turns
+    std::vector<double> turns_; ///< the angles in two turns
     std::vector<Sums> sums_;    ///< [i] of the first i of these
     double total_ = 0;
 };
 
-/// The directions of least mean distance: angles, and middles between two that all are so.
+/// The directions of least mean distance: angles, and midpoints where all directions between are.
 std::vector<double> LeastDirections(const MeanDistances& distances) {
     const std::span<const double> angles = distances.Angles();
     double least = std::numeric_limits<double>::infinity();
@@ -154,7 +154,7 @@ std::vector<double> LeastDirections(const MeanDistances& distances) {
     return found;
 }
 
-/// The quotient of the series of both functions for large arguments.
+/// The quotient of the asymptotic series of both functions for large arguments.
 double LargeVonMisesLength(double kappa) {
     const double x = 1 / kappa;
     return 1 - x * (1.0 / 2 + x * (1.0 / 8 + x * (1.0 / 8 + x * (25.0 / 128))));
@@ -180,7 +180,7 @@ double KuiperProbability(double statistic) {
 /// False when a resultant is longer than 1.
 [[nodiscard]] bool FindMoments(CircularReference& result, const CircularSample& sample) {
     const auto [sine1, cosine1, sine2, cosine2] = sample.sums;
-    // A negative weight turns the vector round.
+    // A negative weight reverses the vector.
     const double theta1 = std::atan2(sine1 / sample.weight, cosine1 / sample.weight);
     const double theta2 = std::atan2(sine2 / sample.weight, cosine2 / sample.weight);
     const auto first = MeanResultantLength(cosine1 / sample.weight, sine1 / sample.weight);
@@ -221,7 +221,7 @@ void FindPrecision(CircularReference& result, AngleSense sense) {
     }
 }
 
-/// @param angles  doubled ones of axial data
+/// @param angles  doubled for axial data
 void FindTests(CircularReference& result, std::span<const double> angles) {
     double sine = 0;
     double cosine = 0;
@@ -243,7 +243,8 @@ double VonMisesLength(double kappa) {
     if (kappa > 500) {
         return LargeVonMisesLength(kappa);
     }
-    // I(n) / I(n-1) = 1 / (2 n / kappa + I(n+1) / I(n)); far beyond kappa the start does not count.
+    // I(n) / I(n-1) = 1 / (2 n / kappa + I(n+1) / I(n)); for n far above kappa the start value does
+    // not matter.
     double ratio = 0;
     for (int n = static_cast<int>(kappa) + 60; n >= 1; --n) {
         ratio = 1 / (2 * n / kappa + ratio);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Circular statistics as textbooks have them, in full precision: what the printed ones are to be
-// compared with, and the tests that they do not have.
+// Circular statistics by the textbook, in full precision: a reference for the printed ones, and
+// tests that these do not include.
 //
-// Angles are radians. Everything but the sense of the angles is as in N. I. Fisher, Statistical
+// Angles are radians. Everything except the sense of the angles is as in N. I. Fisher, Statistical
 // Analysis of Circular Data (1993), where no other source is named.
 
 #pragma once
@@ -28,7 +28,8 @@ namespace quandrel {
 /// @param meanLength  0 to below 1
 [[nodiscard]] double VonMisesKappa(double meanLength);
 
-/// Kappa corrected for its bias in samples of 15 and less, 4.5.5. Larger samples keep theirs.
+/// Kappa corrected for its bias in samples of 15 and fewer, 4.5.5. It is unchanged for larger
+/// samples.
 ///
 /// @param kappa  by maximum likelihood
 /// @param n      sample size, at least 1
@@ -37,7 +38,7 @@ namespace quandrel {
 /// A test of the hypothesis that directions are uniform.
 struct UniformityTest {
     double statistic = 0;
-    double probability = 1; ///< of a statistic as large or larger, 0 to 1
+    double probability = 1; ///< of a statistic at least as large, 0 to 1
 };
 
 /// Rayleigh's test against a single preferred direction, 4.3.3: the statistic is n R^2.
@@ -47,7 +48,7 @@ struct UniformityTest {
 
 /// Kuiper's test against any alternative.
 struct KuiperResult {
-    double range = 0;    ///< V, the sum of the largest deviations of the distribution either way
+    double range = 0;    ///< V, largest positive plus largest negative deviation
     UniformityTest test; ///< of V (sqrt n + 0.155 + 0.24 / sqrt n)
 };
 
@@ -57,46 +58,46 @@ struct KuiperResult {
 /// (1970), J. R. Statist. Soc. B 32, 115-122. O(n log n).
 [[nodiscard]] KuiperResult KuiperTest(std::span<const double> angles);
 
-/// Median direction, the one with the least mean distance from the angles, 2.3.2.
+/// Median direction: the direction of least mean distance from the angles, 2.3.2.
 struct LeastDeviation {
     double median = 0; ///< 0 to below 2 pi
     double deviation = 0;
 };
 
 /// @param angles         any values, at least one
-/// @param meanDirection  of several medians the nearest to it is taken; nothing takes the first
+/// @param meanDirection  if there are several medians, the one nearest to it is chosen; empty
+///                       chooses the first
 ///
-/// Where all directions between two angles are medians it is the middle of them. O(n log n).
+/// Where all directions between two angles are medians the result is their midpoint. O(n log n).
 [[nodiscard]] LeastDeviation MedianOfLeastDeviation(std::span<const double> angles,
                                                     std::optional<double> meanDirection);
 
-/// MedianOfLeastDeviation of grouped angles: each counts as its group does.
+/// MedianOfLeastDeviation of grouped angles, each weighted by its group's count.
 ///
-/// @param groups  with a count above 0 in all
+/// @param groups  with a total count above 0
 [[nodiscard]] LeastDeviation MedianOfLeastDeviation(std::span<const AngleCount> groups,
                                                     std::optional<double> meanDirection);
 
-/// The median of grouped azimuths by the textbook: that of least mean deviation, of axial data
-/// found on doubled angles and halved.
+/// The textbook's median of grouped azimuths: the one of least mean deviation, for axial data
+/// computed on doubled angles and halved.
 ///
 /// @param meanDirection  of axial data not doubled
-/// @return a median above 0 as of GroupedCircularMedian: at north it is kTwoPi. Both are 0 without
-/// a
-///         count
+/// @return a median above 0 as from GroupedCircularMedian: at north it is kTwoPi. 0 without a
+///         count, as there
 [[nodiscard]] LeastDeviation TextbookMedian(std::span<const AngleCount> groups,
                                             double meanDirection, AngleSense sense);
 
-/// What the reference of a sample is worked out from.
+/// The input of the reference of a sample.
 struct CircularSample {
-    std::array<double, 4> sums{};   ///< as of CircularStatistics
-    double weight = 1;              ///< that the sums are over
-    double count = 1;               ///< of data, under the weights of a bias correction
+    std::array<double, 4> sums{};   ///< as in CircularStatistics
+    double weight = 1;              ///< the total weight of the sums
+    double count = 1;               ///< of data, with the weights of a bias correction
     std::span<const double> angles; ///< of the observations; may be empty
     AngleSense sense = AngleSense::kDirected;
 };
 
-/// Whatever fails, or has no meaning, is left out. Angles of axial data are halved, the rest of
-/// their statistics but variance and standard deviation belongs to the doubled angles.
+/// Results that fail or are meaningless are empty. Angles of axial data are halved; their other
+/// statistics, except variance and standard deviation, refer to the doubled angles.
 struct CircularReference {
     double count = 0;
     std::optional<double> meanDirection; ///< from 0, below 2 pi, of axial data below pi
@@ -108,14 +109,14 @@ struct CircularReference {
     std::optional<double> confidenceHalfWidth; ///< 95 %, 4.4.4
     std::optional<double> skewness;
     std::optional<double> kurtosis;
-    double kappa = 0;          ///< by maximum likelihood; infinite of identical angles
-    double correctedKappa = 0; ///< CorrectedKappa of it
+    double kappa = 0;          ///< by maximum likelihood; infinite for identical angles
+    double correctedKappa = 0; ///< CorrectedKappa of kappa
     std::optional<LeastDeviation> median;
     std::optional<UniformityTest> rayleigh;
     std::optional<KuiperResult> kuiper;
 };
 
-/// @return nothing when the weight or the count is 0, or weights of both signs make a resultant
+/// @return empty when the weight or the count is 0, or weights of both signs make a resultant
 ///         longer than 1. O(n log n).
 [[nodiscard]] std::optional<CircularReference>
 ComputeCircularReference(const CircularSample& sample);

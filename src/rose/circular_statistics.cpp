@@ -20,11 +20,11 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kAxisWidth = 1e-10;       ///< about an axis of AngleFromSinCos
-constexpr double kResultantMargin = 1e-12; ///< resultants so near 0 and 1 are meant to be there
+constexpr double kAxisWidth = 1e-10;       ///< around an axis in AngleFromSinCos
+constexpr double kResultantMargin = 1e-12; ///< resultants this close to 0 and 1 count as 0 and 1
 constexpr double kThreeRightAngles = 4.712388980384685;
 
-/// An angle from 0, below a turn. What rounding has left below 0 is 0, not a turn.
+/// An angle from 0 to below a full turn. A rounding error below 0 gives 0, not a full turn.
 double AngleInTurn(double angle) {
     if (angle >= 0) {
         return angle;
@@ -37,7 +37,7 @@ double StandardDeviationOf(double r, AngleSense sense) {
     return sense == AngleSense::kAxial ? deviation / 2 : deviation;
 }
 
-/// Skewness and kurtosis go with 1 - R1, of axial data too: R2 belongs to the doubled angles.
+/// Skewness and kurtosis use 1 - R1, for axial data too: R2 belongs to the doubled angles.
 void FindShape(CircularResults& results, double theta1, double theta2) {
     const auto [r1, r2] = results.resultant;
     const double variance = 1 - r1;
@@ -75,7 +75,7 @@ void Store(PlotRecord& record, const CircularResults& results) {
     record.RoseKurtosis = results.kurtosis;
 }
 
-/// The layer of the tables that a measure is of; nothing for means and deviations.
+/// The layer of the tables for a measure; empty for means and deviations.
 std::optional<RoseLayer> LayerOfMeasure(int measure) {
     if (measure == kRoseMeanValue || measure == kRoseVariance) {
         return std::nullopt;
@@ -87,7 +87,7 @@ double WeightOfLayer(const PlotRose& rose, RoseLayer layer) {
     return rose.sectors(0, layer == kRoseFrequencyLayer ? 0 : 1, kRoseValueLayer);
 }
 
-/// A kind with statistics, and a weight.
+/// Whether the kind has statistics, and there is a weight.
 bool IsWorkedOn(const PlotRecord& record) {
     return LayerOfMeasure(MeasureOfRose(record.RoseType)) && WeightOfStatistics(record) != 0;
 }
@@ -96,8 +96,8 @@ AngleSense SenseOf(const PlotRose& rose) {
     return rose.isDirectional ? AngleSense::kDirected : AngleSense::kAxial;
 }
 
-/// The median of grouped data is that of the rows repeated as often as they count, and the weights
-/// of a bias correction count as they do for the mean.
+/// The median of grouped data is that of the rows repeated as often as they count. The weights of a
+/// bias correction apply as they do for the mean.
 void FindMedian(PlotRecord& record, const PlotRose& rose, Formulas formulas) {
     const std::vector<AngleCount>& azimuths = rose.azimuths;
     const AngleSense sense = SenseOf(rose);

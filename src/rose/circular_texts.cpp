@@ -54,8 +54,8 @@ void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sens
     texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
 }
 
-/// Without a resultant nothing says where the circle is to be cut, or which of several medians is
-/// meant.
+/// Without a resultant there is no direction at which to cut the circle or to choose between
+/// several medians.
 void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularResults& results,
                  AngleSense sense) {
     if (results.resultant[kOfAngles] == 0) {
@@ -66,7 +66,8 @@ void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularRe
     texts.medianDeviation = FormatNumber(RadToDeg(median.deviation), kDegreeFormat) + kDegreeSign;
 }
 
-/// The textbook's median beside the program's own. Halves of the last digit are rounded alike.
+/// The textbook's median beside the program's own. Halves of the last digit are rounded in the same
+/// way.
 void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const Plot& plot) {
     constexpr double kRounding = 1e-9;
     const PlotRecord& record = plot.record;
@@ -82,7 +83,8 @@ void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const 
     WriteMedian(texts, median, results, sense);
 }
 
-/// What the textbook leaves open, and the program's own formulas have a number for.
+/// A result that the textbook leaves undetermined although the program's own formulas give a
+/// number.
 void OpenTextbookResults(OwnTexts& texts, const CircularResults& results) {
     if (results.resultant[kOfAngles] == 0) {
         texts.deviation = texts.dispersion = texts.error = kUndetermined;
@@ -110,7 +112,7 @@ OwnTexts TextsOf(const CircularResults& results, AngleSense sense, Formulas form
     return texts;
 }
 
-/// The mean directions are printed alike, a turn or half of one apart.
+/// The mean directions print the same when they differ by a full turn, or by half a turn.
 bool IsSameMean(const CircularResults& a, const CircularResults& b, AngleSense sense) {
     const double period = sense == AngleSense::kAxial ? kPi : kTwoPi;
     const double distance =

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The circular statistics of a rose as texts, each beside that of the textbook's formula.
+// The circular statistics of a rose as texts, each with that of the textbook's formula.
 
 #pragma once
 
@@ -11,14 +11,13 @@
 
 namespace quandrel {
 
-/// Results as they are printed, with their units. Where the resultant is 0 directions are
-/// undetermined.
+/// Printed results with their units. Directions are undetermined where the resultant is 0.
 struct CircularTexts {
     PrintedResult wholeMean; ///< "050-230": whole degrees, of axial data both ends
     PrintedResult fineMean;  ///< "050.0 - 230.0"
     PrintedResult doubledMean;
     PrintedResult median;          ///< as fineMean
-    PrintedResult medianDeviation; ///< about it
+    PrintedResult medianDeviation; ///< about the median
     PrintedResult deviation;
     PrintedResult dispersion;
     PrintedResult error;
@@ -27,16 +26,16 @@ struct CircularTexts {
     PrintedResult kappa;
 };
 
-/// An azimuth in whole degrees; of axial data the opposite one after it.
+/// An azimuth in whole degrees; for axial data the opposite one follows.
 [[nodiscard]] std::string WholeAzimuthOf(double azimuth, AngleSense sense);
 
-/// WholeAzimuthOf with a decimal.
+/// WholeAzimuthOf with one decimal.
 [[nodiscard]] std::string FineAzimuthOf(double azimuth, AngleSense sense);
 
-/// The texts of the rose of a plot, which has circular statistics. Directions that are a whole
-/// number of periods apart are the same, however they are printed.
+/// The texts of the rose of a plot, which must have circular statistics. Directions that differ by
+/// a whole number of periods are equal, however they are printed.
 ///
-/// @param formulas  of the statistics in the record. Without the tables of the rose they alone are
+/// @param formulas  of the statistics in the record. Without the tables of the rose only these are
 ///                  printed
 [[nodiscard]] CircularTexts CircularTextsOf(const Plot& plot, Formulas formulas);
 

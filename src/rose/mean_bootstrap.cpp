@@ -18,7 +18,7 @@ namespace {
 constexpr std::uint32_t kSeed = 19930444;
 constexpr int kPlaceOfLimit = kBootstrapResamples * 95 / 100 - 1; ///< of the sorted quotients
 
-/// What is smaller for each unit of weight is rounding.
+/// A length below this, per unit of weight, is rounding error.
 constexpr double kRounding = 1e-12;
 
 /// Sums over angles with their weights: of cosine and sine, of those of the doubled angle, and of
@@ -39,7 +39,7 @@ struct Sums {
     }
 };
 
-/// A mean direction as a unit vector, with its standard error times the root of n: that of the
+/// A mean direction as a unit vector, with its standard error times the square root of n: the
 /// sample size is the same for all resamples.
 struct MeanVector {
     double cosine = 0;
@@ -53,13 +53,13 @@ Sums SumsOf(const WeightedAngle& one) {
             weight * std::sin(2 * angle), weight};
 }
 
-/// Nothing without a resultant.
+/// Empty without a resultant.
 std::optional<MeanVector> MeanOf(const Sums& sums) {
     const double length = std::hypot(sums.cosine, sums.sine);
     if (length <= kRounding * std::abs(sums.weight)) {
         return std::nullopt;
     }
-    const double sign = sums.weight < 0 ? -1 : 1; // negative weights turn the vector round
+    const double sign = sums.weight < 0 ? -1 : 1; // negative weights reverse the vector
     MeanVector mean{sign * sums.cosine / length, sign * sums.sine / length, 0};
     const double cosineOfDouble = mean.cosine * mean.cosine - mean.sine * mean.sine;
     const double sineOfDouble = 2 * mean.cosine * mean.sine;
@@ -72,8 +72,8 @@ std::optional<MeanVector> MeanOf(const Sums& sums) {
     return mean;
 }
 
-/// The sine of a resample's deviation in units of its standard error; infinite without an error, or
-/// for a deviation of a right angle and more.
+/// The sine of a resample's deviation in units of its standard error; infinite for an error of 0,
+/// or a deviation of at least a right angle.
 double QuotientOf(const std::optional<MeanVector>& resample, const MeanVector& mean) {
     if (!resample) {
         return std::numeric_limits<double>::infinity();
@@ -102,8 +102,8 @@ public:
     }
 
 private:
-    /// The distributions of the standard library differ between its makers, its generator does not.
-    /// The chances of the places differ by less than n / 2^32.
+    /// The distributions of the standard library depend on its implementation, its generator does
+    /// not. The probabilities of the indexes differ by less than n / 2^32.
     [[nodiscard]] std::size_t Place() {
         return static_cast<std::size_t>((std::uint64_t{random_()} * parts_.size()) >> 32U);
     }
@@ -115,7 +115,7 @@ private:
 } // namespace
 
 std::optional<double> BootstrapHalfWidth(std::span<const WeightedAngle> sample) {
-    // In an order of their own, so that the order of the rows does not matter.
+    // Sorted, so that the order of the rows does not matter.
     std::vector<WeightedAngle> sorted(sample.begin(), sample.end());
     std::sort(sorted.begin(), sorted.end(), [](const WeightedAngle& a, const WeightedAngle& b) {
         return a.angle != b.angle ? a.angle < b.angle : a.weight < b.weight;

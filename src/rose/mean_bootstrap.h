@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// Resamples that an interval is worked out from.
+/// The number of resamples for an interval.
 inline constexpr int kBootstrapResamples = 2000;
 
 /// An angle, radians, with its weight in the resultant.
@@ -20,14 +20,14 @@ struct WeightedAngle {
 
 /// Half the 95% confidence interval of the mean direction of a sample.
 ///
-/// Samples of the same size are drawn from it with replacement. Of each of them the sine of the
-/// deviation of its mean direction is taken in units of its own standard error; the interval is 95%
-/// of these quotients times the standard error of the data, to either side. The generator is seeded
-/// alike at each call, and its numbers become places of the sample by whole numbers alone: the
-/// result is the same on any machine.
+/// Samples of the same size are drawn from it with replacement. For each, the sine of the deviation
+/// of its mean direction is divided by its own standard error. The interval holds 95% of these
+/// quotients, times the standard error of the data, to either side. The generator has the same seed
+/// at each call, and its numbers become indexes of the sample by integer arithmetic: the result is
+/// the same on any machine.
 ///
 /// @param sample  axial data with doubled angles
-/// @return radians, 0 to pi/2; 0 for equal angles. Nothing without a resultant, for a single angle,
+/// @return radians, 0 to pi/2; 0 for equal angles. Empty without a resultant, for a single angle,
 ///         and where no interval holds 95%: more than 5% of the resamples are of equal angles, or
 ///         the data are too few and too dispersed
 ///

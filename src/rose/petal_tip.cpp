@@ -72,7 +72,7 @@ std::string ClassLine(const Plot& plot, const RoseWedge& wedge) {
     if (!column || wedge.classNumber == 0) {
         return {};
     }
-    // The whole of a sector counts observations, its classes count rows.
+    // A whole sector counts observations, its classes count rows.
     double all = 0;
     for (int c = 1; c <= sectors.Classes(); ++c) {
         all += sectors(wedge.sector, c, kRoseFrequencyLayer);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a petal of a rose stands for, in words.
+// The description of a petal of a rose.
 
 #pragma once
 
@@ -13,11 +13,11 @@ namespace quandrel {
 
 /// Lines for the petal of the rose of a plot at a position in plot units: its class, the sector's
 /// bounds, its count and share of all data, and its value where the kind has one. Empty where there
-/// is no petal, and for plots that are no roses.
+/// is no petal, and for plots that are not roses.
 [[nodiscard]] std::string PetalTip(const Plot& plot, Point at);
 
-/// Azimuth bounds of a sector as text, "020-030"; of axial data with those of its opposite,
-/// "020-030, 200-210".
+/// Azimuth bounds of a sector as text, "020-030"; for axial data with the opposite ones, "020-030,
+/// 200-210".
 [[nodiscard]] std::string SectorBoundsText(const Plot& plot, int sector);
 
 } // namespace quandrel

@@ -21,7 +21,7 @@ namespace {
 constexpr double kOwnQuantile = 1.9604;
 constexpr double kTextbookQuantile = 1.96;
 
-/// The sine of half the interval; above 1 there is none.
+/// The sine of half the interval; above 1 there is no interval.
 std::optional<double> SineOfConfidence(const PlotRecord& record, Formulas formulas) {
     const double count = record.RoseStats[kRoseCount][kWeightedTotal];
     if (!HasRoseMean(record) || !(count > 0)) {
@@ -31,7 +31,7 @@ std::optional<double> SineOfConfidence(const PlotRecord& record, Formulas formul
     return quantile * std::sqrt(record.RoseDispersion / count);
 }
 
-/// The observations that the statistics of a rose are over, of axial data with doubled angles.
+/// The observations for the statistics of a rose, with doubled angles for axial data.
 std::vector<WeightedAngle> ObservationsOf(const Plot& plot) {
     const PlotRecord& record = plot.record;
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;

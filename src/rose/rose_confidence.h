@@ -11,18 +11,18 @@
 
 namespace quandrel {
 
-/// Half the interval by the method for large samples, radians, 0 to pi/2 (pi/4 of axial data; the
-/// whole of it for data so few or so dispersed that there is no interval); nothing when the rose
-/// has no mean direction.
+/// Half the interval by the method for large samples, radians, 0 to pi/2 (for axial data pi/4; this
+/// maximum if there is no interval, because the data are too few or too dispersed). Empty when the
+/// rose does not have a mean direction.
 ///
-/// Formula: arc sin(z s), s the circular standard error, the root of the dispersion over the number
-/// of data; z is 1.9604, in the textbook 1.96. N. I. Fisher, Statistical Analysis of Circular Data
-/// (1993), 4.4.4.
+/// Formula: arc sin(z s), s the circular standard error, the square root of the dispersion over the
+/// number of data; z is 1.9604, in the textbook 1.96. N. I. Fisher, Statistical Analysis of
+/// Circular Data (1993), 4.4.4.
 [[nodiscard]] std::optional<double> RoseConfidenceHalfWidth(const Plot& plot,
                                                             Formulas formulas = Formulas::Own);
 
-/// The interval by the statistics in the record of a plot, nothing when it has no mean direction.
-/// The rows of a small sample are counted once more.
+/// The interval from the statistics in the record of a plot, empty when it does not have a mean
+/// direction. The rows of a small sample are counted again.
 [[nodiscard]] std::optional<RoseConfidence> RoseConfidenceOf(const Plot& plot, Formulas formulas);
 
 /// Whether a rose has a mean direction: statistics, and a resultant.

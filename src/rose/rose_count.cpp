@@ -16,7 +16,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::int32_t kSteepestUpward = -90; ///< an appended plunge below is none
+constexpr std::int32_t kSteepestUpward = -90; ///< a lower appended plunge is invalid
 constexpr std::size_t kAzimuths = 361;
 constexpr double kNoSpeed = std::numeric_limits<double>::quiet_NaN();
 
@@ -32,7 +32,7 @@ bool IsRoseValue(double value) {
     return std::abs(value) <= kLargestRoseValue; // false for NaN
 }
 
-/// A row as it is counted.
+/// A row for counting.
 struct RoseRow {
     double count = 1; ///< n', observations
     double value = 0; ///< v
@@ -40,8 +40,8 @@ struct RoseRow {
     double windFrequency = 0;
 };
 
-/// Sums over the rows of a whole-degree azimuth. Sectors and trigonometric sums are made of these
-/// at the end: that is quicker than to make them row by row, and rounds less.
+/// Sums over the rows of a whole-degree azimuth. Sectors and trigonometric sums are made from these
+/// at the end, which is faster and more accurate than row by row.
 struct AzimuthSums {
     double count = 0;
     double weightedCount = 0; ///< n' w
@@ -53,7 +53,7 @@ struct AzimuthSums {
     double windFrequency = 0;
 };
 
-/// Weighted mean and sum of squares about it, value by value.
+/// Weighted mean and sum of squares about it, updated value by value.
 class RunningSpread {
 public:
     void Add(double value, double weight) {
@@ -63,7 +63,7 @@ public:
         weight_ += weight;
         const double step = value - mean_;
         mean_ += step * weight / weight_;
-        // Rounding lets the mean pass the value, by less than a digit.
+        // By rounding the mean can pass the value, by less than a digit.
         squares_ += std::max(weight * step * (value - mean_), 0.0);
     }
 
@@ -84,7 +84,7 @@ public:
 
     void CountRows();
 
-    /// The tables, once all rows are counted.
+    /// The tables, after all rows are counted.
     [[nodiscard]] RoseTables Finish();
 
 private:
@@ -177,7 +177,7 @@ std::size_t RoseCounter::ShownAzimuth(std::size_t row) const {
     return static_cast<std::size_t>(shown < 0 ? shown + 360 : shown);
 }
 
-/// The values of a row; nothing when one that is needed is not valid.
+/// The values of a row; empty when a required one is not valid.
 std::optional<RoseRow> RoseCounter::ReadRow(std::size_t row) const {
     RoseRow read;
     const float number = rows_.numbers.empty() ? 0.0F : rows_.numbers[row];
@@ -201,7 +201,7 @@ std::optional<RoseRow> RoseCounter::ReadRow(std::size_t row) const {
     return isUsable ? std::optional(read) : std::nullopt;
 }
 
-/// Nothing for a row whose own sample line is not valid.
+/// Empty for a row whose own sample line is not valid.
 std::optional<double> RoseCounter::WeightOf(std::size_t row) {
     DegreeLine line = settings_.sampleLine;
     if (settings_.bias.ownLines) {
@@ -273,7 +273,7 @@ void RoseCounter::ListRow(const RoseRow& row, double angle, double weight) {
     }
 }
 
-/// Adds what belongs to the count, to the sum of values, and so on, to the row of a sector.
+/// Adds the terms of the count, of the sum of values, and so on, to the row of a sector.
 void AddColumns(const AzimuthSums& sums, std::array<double, 7>& stats) {
     stats[kRoseCount] += sums.count;
     stats[kRoseValueSum] += sums.value;
@@ -327,7 +327,7 @@ RoseTables RoseCounter::Finish() {
 }
 
 void RoseCounter::FinishMeans() {
-    // Petals of means are shares of their sum, and those opposite to each other count once.
+    // Petals of means are shares of their sum, in which opposite petals count once.
     const double ends = settings_.layout.bothEnds ? 2 : 1;
     for (std::size_t sector = 1; sector < tables_.stats.size(); ++sector) {
         std::array<double, 7>& stats = tables_.stats[sector];

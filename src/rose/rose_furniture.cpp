@@ -49,8 +49,8 @@ const Half& HalfOf(int shape) {
     return kHalves[IsHalfRose(shape) ? static_cast<std::size_t>(shape) : 0];
 }
 
-/// The compass points shown, those of fewer letters first: where there is no room for all, they are
-/// the ones that stay.
+/// The compass points shown, those with fewer letters first: they are the ones that stay when there
+/// is no room for all.
 std::vector<int> CompassPointsShown(int shape) {
     std::vector<int> points(16);
     for (int i = 0; i < 16; ++i) {
@@ -118,8 +118,8 @@ bool Meet(const LabelBox& a, const LabelBox& b) {
     return a.left < b.right && b.left < a.right && a.bottom < b.top && b.bottom < a.top;
 }
 
-/// Puts the names of compass points about the rim, each clear of the arrows of the mean and of the
-/// others.
+/// Places the names of compass points around the rim, each clear of the arrows of the mean and of
+/// the other names.
 class CompassLabels {
 public:
     CompassLabels(const Plot& plot, const Drawing& drawing)
@@ -127,7 +127,8 @@ public:
         , arrows_(RoseArrowAzimuths(plot)) {
         DrawState state = surface_.State();
         state.foreColour = AxesColour(drawing);
-        // Between the ticks and the edge of the surface is little room, and less in a small window.
+        // There is little room between the ticks and the edge of the surface, and less in a small
+        // window.
         const double room = surface_.Scale().top - kLabelRadius;
         const double height = surface_.TextHeight();
         if (height > room && height > 0) {
@@ -162,7 +163,7 @@ private:
         return {left, top - height, left + width, top};
     }
 
-    /// In a tiny window a name has no room beside the circle.
+    /// In a tiny window there is no room for a name beside the circle.
     [[nodiscard]] static bool ReachesIntoCircle(const LabelBox& box) {
         return std::hypot(std::clamp(0.0, box.left, box.right),
                           std::clamp(0.0, box.bottom, box.top))
@@ -184,7 +185,7 @@ private:
         });
     }
 
-    /// The box nearest to its place that no arrow crosses.
+    /// The box nearest to its default position that no arrow crosses.
     [[nodiscard]] LabelBox ClearOfArrows(const std::string& name, double azimuth) const {
         constexpr int kMostDegrees = 11; // half way to the next compass point
         for (int degrees = 0; degrees <= kMostDegrees; ++degrees) {
@@ -218,7 +219,7 @@ void DrawShownArc(const Drawing& drawing, int shape, double radius) {
     drawing.plot.Arc({}, radius, arc.start, arc.end, AxesColour(drawing));
 }
 
-/// A tick across each axis that carries the scale: all four, or the middle one of a half.
+/// Draws a tick across each axis that carries the scale: all four, or the middle one of a half.
 void DrawTicks(const Drawing& drawing, int shape, double radius) {
     Surface& surface = drawing.plot;
     for (const int axis : AxesShown(shape)) {
@@ -228,7 +229,7 @@ void DrawTicks(const Drawing& drawing, int shape, double radius) {
         surface.Line(AlongAxis(axis, radius, -kScaleTick), AlongAxis(axis, radius, kScaleTick),
                      AxesColour(drawing));
         if (drawing.styles.roseAxesStyle != 0) {
-            // There is no axis that the tick could stand on.
+            // There is no axis for the tick.
             surface.Line(AlongAxis(axis, radius), AlongAxis(axis, radius + kScaleTick),
                          AxesColour(drawing));
         }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// What stands about the petals of a rose: axes, compass points, scale and outer circle.
+// The surroundings of the petals of a rose: axes, compass points, scale and outer circle.
 //
-// A rose is drawn whole or as a half, by RoseShape: 0 whole, 1 north, 2 east, 3 south, 4 west. A
-// value outside counts as 0. Angles of arcs are radians counter-clockwise from east.
+// A rose is drawn whole or as a half, by RoseShape: 0 whole, 1 north, 2 east, 3 south, 4 west. Any
+// other value counts as 0. Angles of arcs are radians counter-clockwise from east.
 
 #pragma once
 
@@ -25,13 +25,13 @@ struct RoseArc {
 /// The part of the circle that a shape shows.
 [[nodiscard]] RoseArc ShownArc(int shape);
 
-/// The part that a half does not show; of a whole rose an arc of no meaning.
+/// The part that a half does not show; for a whole rose the arc is meaningless.
 [[nodiscard]] RoseArc HiddenArc(int shape);
 
-/// True when an azimuth, radians, lies in the part shown or on its edge.
+/// Whether an azimuth, radians, is in the part shown or on its edge.
 [[nodiscard]] bool IsAzimuthShown(int shape, double azimuth);
 
-/// The part of an arc that a shape shows. An arc of no length (start and end equal) shows nothing.
+/// The part of an arc that a shape shows. An empty arc (start and end equal) shows nothing.
 ///
 /// @param middle, halfWidth  of the arc, azimuth and angle in radians; halfWidth 0 to pi/2
 [[nodiscard]] RoseArc ClippedArc(int shape, double middle, double halfWidth);

@@ -34,7 +34,7 @@ bool IsWithin(double value, double least, double most) {
     return value >= least && value <= most;
 }
 
-/// A setting that must lie between two values.
+/// A setting that must be between two limits.
 struct Bounds {
     RoseField field;
     double value;
@@ -85,7 +85,7 @@ std::string TextOfScale(const RoseSettings& settings) {
 
 int TypeOf(const RoseSettings& settings) {
     const int type = settings.kind + settings.classes * kClassDigit;
-    // Means and deviations have no classes.
+    // Means and deviations do not have classes.
     return HasRoseClasses(type) ? type : settings.kind;
 }
 
@@ -115,15 +115,15 @@ void Write(const RoseSettings& settings, PlotRecord& record) {
     WriteBias(settings, record);
 }
 
-/// The scale of new plots after a Go. An interval that the plot had already, from a file as it may
-/// be, was not typed and is no default.
+/// The scale of new plots after a Go. An interval that the plot already had, for instance from a
+/// file, was not typed and does not become the default.
 std::string DefaultScale(const RoseSettings& settings, const RoseSettings& former) {
     const bool isTyped = !settings.interval || settings.interval != former.interval;
     return isTyped ? TextOfScale(settings)
                    : ScaleTypeWithForm(gSettings.newPlots.rose.scaleType, settings.circles);
 }
 
-/// What the largest sector of a rose would be, per cent of all.
+/// The largest sector of the requested rose, per cent of the total.
 double LargestPerCentOf(const RoseSettings& settings, const Plot& plot) {
     const PlotRecord& record = plot.record;
     PlotRecord asked;
@@ -140,7 +140,7 @@ double LargestPerCentOf(const RoseSettings& settings, const Plot& plot) {
     RoseTables tables = TablesOfRose(plot, asked);
     if (FaultOfTotals(asked, tables.totals, tables.sectors(0, 0, kRoseValueLayer))
         != kNoRoseFault) {
-        asked.RoseType = kRoseFrequency; // as the drawing makes it
+        asked.RoseType = kRoseFrequency; // as the drawing does
         tables = TablesOfRose(plot, asked);
     }
     return LargestPerCent(tables.totals, MeasureOfRose(asked.RoseType));
@@ -156,7 +156,7 @@ std::optional<RoseRefusal> CheckInterval(const RoseSettings& settings, const Plo
                            "The scale interval must be a number above 0, or auto."};
     }
     const double largest = interval * kMostRoseMarks * (1 + 1e-9);
-    // No frequency is above 100 %; sums of values of both signs may be.
+    // Frequencies are at most 100 %; sums of values of both signs may be larger.
     const bool fitsAny = settings.kind == kRoseFrequency && largest >= 100;
     if (interval > 0 && !fitsAny && LargestPerCentOf(settings, plot) > largest) {
         return RoseRefusal{RoseField::ScaleInterval,
@@ -225,7 +225,7 @@ void PlotRoseSettings(const RoseSettings& settings) {
         record.PlotKind = kRose;
         RebuildRowTable(gActivePlot);
     }
-    // A net that becomes a rose is looked at another way; other settings are to be saved.
+    // Showing a net as a rose does not need saving; other settings do.
     const RoseSettings former = RoseSettingsOf(record);
     const ClassTableCells formerTable = record.ClassTable;
     Write(settings, record);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The rose dialog without its window: what it shows of the active plot, what it refuses, and what
-// its Go does.
+// The rose dialog without its window: the settings it shows for the active plot, the settings it
+// refuses, and the effect of its Go button.
 
 #pragma once
 
@@ -19,17 +19,17 @@ namespace quandrel {
 struct RoseSettings {
     int kind = kRoseFrequency;            ///< RoseKindCode
     int classes = kRoseUnclassified;      ///< RoseClassCode
-    std::optional<ClassTableCells> table; ///< of the classes; nothing leaves the plot's
+    std::optional<ClassTableCells> table; ///< of the classes; empty keeps the plot's
     int shape = 0;                        ///< 0 whole; north, east, south, west half
     bool equalArea = false;
-    double sectorSize = 10;         ///< degrees, in full whatever a box shows
+    double sectorSize = 10;         ///< degrees, unrounded, whatever a box shows
     double startAngle = 0;          ///< azimuth in degrees
     int sectorFraction = 100;       ///< width of the wedges, per cent of their sectors
     int zeroCircle = 0;             ///< per cent of the radius
-    int histStyle = 0;              ///< kept, no drawing depends on it
+    int histStyle = 0;              ///< stored, but no drawing depends on it
     int segShape = 0;               ///< 1: classes differ in width
     bool circles = false;           ///< the scale's marks
-    std::optional<double> interval; ///< of the scale, per cent; nothing is "auto"
+    std::optional<double> interval; ///< of the scale, per cent; empty is "auto"
     bool outerCircle = true;        ///< of all roses
     int biasMode = 0;               ///< 0 none, 1 angle in space, 2 of strike or trend, 3 of dip
     bool ownLines = false;          ///< sample lines: those of the rows, else the one below
@@ -43,7 +43,7 @@ struct RoseSettings {
 /// The settings of the rose of a plot, and the outer circle of all roses.
 [[nodiscard]] RoseSettings RoseSettingsOf(const PlotRecord& record);
 
-/// What a refusal is about.
+/// The subject of a refusal.
 enum class RoseField {
     Kind,
     Classes,
@@ -65,53 +65,53 @@ struct RoseRefusal {
     std::string reason; ///< a sentence for the status line
 };
 
-/// The first setting that cannot be used for a plot, and why. A scale interval below 1 % is
-/// tried on the rose asked for, which takes a pass over the rows.
+/// The first setting that cannot be used for a plot, and the reason. A scale interval below 1 % is
+/// tested on the requested rose, which takes a pass over the rows.
 [[nodiscard]] std::optional<RoseRefusal> CheckRoseSettings(const Plot& plot,
                                                            const RoseSettings& settings);
 
-/// How a Go ended.
+/// The outcome of a Go.
 enum class RoseVerdict {
     Done,
     Refused,
-    Cancelled, ///< the user does not want the smaller last sector that the size makes
+    Cancelled, ///< the user rejected the smaller last sector of this size
 };
 
 struct RoseOutcome {
     RoseVerdict verdict = RoseVerdict::Done;
     std::optional<RoseRefusal> refusal; ///< of Refused
 
-    /// For those to whom a Go that the user cancelled is none that failed.
+    /// For callers to which a Go that the user cancelled is not a failure.
     operator std::optional<RoseRefusal>() const { return refusal; }
 };
 
 /// The first half of Go: checks the settings for gActivePlot, and asks about a smaller last sector.
-/// Whatever it ends with, plot and defaults are as they were.
+/// The plot and the defaults are unchanged, whatever the outcome.
 [[nodiscard]] RoseOutcome TryRoseSettings(const RoseSettings& settings);
 
-/// The second half, once the first is Done: writes the settings into gActivePlot, makes a rose of a
-/// stereo plot, counts its rows and draws it. Sector size, width and scale are the defaults of new
-/// plots from then on; of intervals of the scale "auto" and those that Go changes.
+/// The second half, after the first is Done: writes the settings into gActivePlot, makes a rose of
+/// a stereo plot, counts its rows and draws it. Sector size, width and scale become the defaults of
+/// new plots; scale intervals only if they are "auto" or changed by this Go.
 void PlotRoseSettings(const RoseSettings& settings);
 
-/// Go: both halves. Unless it is Done nothing has changed.
+/// Go: both halves. Unless the outcome is Done nothing has changed.
 [[nodiscard]] RoseOutcome ApplyRoseSettings(const RoseSettings& settings);
 
 /// The boxes of the sampling line.
 enum class BiasBox { Plunge = 0, Trend = 1, MinAngle = 2 };
 
-/// What a box of the sampling line shows once the user leaves it: plunges 0 to 90, trends 0 to 360,
-/// least angles 1 to 90, the nearest to what was typed.
+/// The value of a box of the sampling line after the user leaves it: the nearest to what was typed
+/// within plunges 0 to 90, trends 0 to 360, least angles 1 to 90.
 [[nodiscard]] int CorrectedBiasValue(BiasBox box, double typed);
 
-/// A number in a box of the dialog by the regional decimal delimiter; nothing when it is none. An
+/// Reads a number of a dialog box with the regional decimal delimiter; empty for an invalid one. An
 /// empty box is 0.
 [[nodiscard]] std::optional<double> NumberOfRoseBox(std::string_view text);
 
-/// The size of a number of sectors, degrees, in full.
+/// The size for a number of sectors, degrees, unrounded.
 [[nodiscard]] double SizeOfSectors(int sectors);
 
-/// True when a size divides the circle into equal sectors, so that nothing is asked about it.
+/// Whether a size divides the circle into equal sectors, so that no question is needed.
 [[nodiscard]] bool DividesCircle(double sectorSize);
 
 } // namespace quandrel

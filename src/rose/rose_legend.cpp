@@ -23,7 +23,7 @@ LegendLine TextLine(std::string text) {
     return {LegendSample::None, 0, std::move(text)};
 }
 
-/// The first characters of a text, those of several bytes whole.
+/// The first characters of a text; multi-byte characters stay whole.
 std::string FirstCharacters(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     while (end < text.size()) {
@@ -42,7 +42,7 @@ LegendLine PatchLine(RoseFill fill, std::string text, int percent = 0) {
             std::move(text)};
 }
 
-/// The line of a layer. The petals of a classified top layer have no one fill.
+/// The line of a layer. The petals of a classified top layer do not have a common fill.
 LegendLine LayerLine(const PlotRecord& record, const Styles& styles, int layer, std::string text) {
     if (layer == 0 && HasRoseClasses(record.RoseType)) {
         return {LegendSample::Indent, 0, std::move(text)};

@@ -19,7 +19,7 @@ constexpr double kBarbAngle = kPi / 200;
 constexpr double kArrowWidth = 2;
 constexpr double kArcWidth = 4;
 
-/// The azimuths of the mean: of axial data both ends.
+/// The azimuths of the mean: for axial data both ends.
 std::vector<double> MeanEnds(const Plot& plot) {
     if (!HasRoseMean(plot.record)) {
         return {};

@@ -11,8 +11,8 @@
 
 namespace quandrel {
 
-/// Where the arrows of the mean stand, azimuths in radians: both ends of axial data. None when the
-/// arrow is not shown (RoseDisplay7), the rose has no mean direction, or the half drawn does not
+/// The arrows of the mean as azimuths in radians: both ends for axial data. Empty when the arrow is
+/// not shown (RoseDisplay7), the rose does not have a mean direction, or the half drawn does not
 /// show it.
 [[nodiscard]] std::vector<double> RoseArrowAzimuths(const Plot& plot);
 
@@ -20,7 +20,7 @@ namespace quandrel {
 /// the rose is an interval.
 void DrawRoseMean(const Plot& plot, const Drawing& drawing);
 
-/// Reach of the arrows, plot units from the centre and to either side of their azimuth.
+/// Extent of the arrows, plot units from the centre and to either side of their azimuth.
 inline constexpr double kArrowLength = 91;
 inline constexpr double kArrowHalfWidth = 17;
 

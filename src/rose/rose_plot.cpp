@@ -41,7 +41,7 @@ void Stop(const std::string& text) {
     (void)gPlatform.prompts->Ask({gCaption, text, Icon::Stop, Buttons::Ok});
 }
 
-/// True for a fault of the appended texts, false for one of the numbers.
+/// True for a fault of the appended texts, false for a fault of the numbers.
 bool IsFaultOfTexts(const PlotRecord& record, int fault) {
     switch (MeasureOfRose(record.RoseType)) {
     case kRoseWindSpeed:
@@ -54,7 +54,7 @@ bool IsFaultOfTexts(const PlotRecord& record, int fault) {
     }
 }
 
-/// True for a classified rose whose class table has no class that a row could fall in.
+/// Whether a classified rose has a class table without any class for a row.
 bool HasNoClassSet(const PlotRecord& record) {
     const std::optional<ClassColumn> column = RoseClassColumn(record);
     if (!column) {
@@ -93,7 +93,7 @@ void CountAccepted(Plot& plot, MayAsk mayAsk) {
     RoseOf(plot).isOddAsked = false;
 }
 
-/// Turns a rose that the data cannot show into one of frequencies.
+/// Replaces a rose that the data cannot show by one of frequencies.
 void MendFault(Plot& plot) {
     PlotRecord& record = plot.record;
     const double classed = RoseOf(plot).sectors(0, 0, kRoseValueLayer);
@@ -124,7 +124,7 @@ void CheckClasses(Plot& plot) {
     }
 }
 
-/// Counts rows and works out statistics after a change. False when the user wants none of it.
+/// Counts rows and computes statistics after a change. False when the user cancels.
 bool CountAnew(Plot& plot, Formulas formulas) {
     gPlatform.status->SetText(kCountingText);
     if (!CountRose(plot, MayAsk::Yes)) {
@@ -140,13 +140,13 @@ bool CountAnew(Plot& plot, Formulas formulas) {
     return true;
 }
 
-/// Fills the tables for the statistics that the record has.
+/// Fills the tables to match the statistics in the record.
 void CountAgain(Plot& plot, Formulas formulas, MayAsk mayAsk) {
     CountAccepted(plot, mayAsk);
     RoseOf(plot).confidence = RoseConfidenceOf(plot, formulas);
 }
 
-/// Brings the tables up to date with the plot. False when there is nothing to draw.
+/// Updates the tables of the plot. False when there is nothing to draw.
 bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
     const bool recalculate = cause == ReplotCause::Rows;
     if (!recalculate && IsRoseRefused(plot)) {
@@ -155,7 +155,7 @@ bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
     const bool isStale = IsRoseStale(plot, formulas);
     if (cause == ReplotCause::Repaint) {
         if (isStale) {
-            return false; // the command that changed the plot counts, and asks what it has to
+            return false; // the command that changed the plot counts and asks its questions
         }
     } else if (recalculate || plot.record.RoseRangeA[0][kInPerCent] == 0 || isStale) {
         if (CountAnew(plot, formulas)) {
@@ -172,7 +172,7 @@ bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
     return true;
 }
 
-/// Keeps scale and largest sector of the layer worked out last.
+/// Stores scale and largest sector of the last layer computed.
 void StoreLayerScale(PlotRecord& record, const PlotRose& rose, std::size_t layer) {
     const double largest = rose.radii(0, 0);
     const double scale = rose.radii(0, 1);
@@ -220,7 +220,7 @@ void WriteTexts(Plot& plot, const std::string& normal, const std::string& advanc
     KeepAdvancedStatistics(plot, advanced);
 }
 
-/// The texts of a plot that shows no rose.
+/// The texts of a plot without a rose.
 void WriteNumberAlone(Plot& plot) {
     const std::string number =
         "No. of Data = " + std::to_string(plot.record.NumValidData) + kLineEnd;

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // The rose of a plot, from its rows to its texts and its drawing: the rose branch of the plot
-// driver. It is worked out first, then drawn.
+// driver. It is first computed, then drawn.
 //
-// Inside the folder: sectors, counts, circular statistics, petals, scale, the rules of the dialog.
-// Enters: azimuths of a plot's rows with their weights and classes, and the rose's settings.
-// Leaves: what is to be drawn, attached to the plot (rose_tables.h), statistics in its record and
-// their texts; from there petals and names on a surface, lines of its legend.
-// The kernels are functions of values.
+// This folder holds roses: sectors, counts, circular statistics, petals, scale, and the rules of
+// the dialog. The kernels are functions of values.
+// Input: azimuths of a plot's rows with their weights and classes, and the rose's settings.
+// Output: the rose to be drawn, attached to the plot (rose_tables.h), statistics in its record and
+// their texts; from these, petals and names on a surface and lines of its legend.
 
 #pragma once
 
@@ -18,8 +18,8 @@
 
 namespace quandrel {
 
-/// The fault of a rose by what was counted for it. Kinds of means and deviations need a row with a
-/// value; without spread they are merely empty.
+/// The fault of a rose, from its counts. Kinds of means and deviations need a row with a value;
+/// without spread they are only empty.
 ///
 /// @param record   RoseType, and which columns there are
 /// @param totals   as RoseStats of the record
@@ -27,43 +27,43 @@ namespace quandrel {
 [[nodiscard]] int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals,
                                 double classed);
 
-/// The RoseFault that has turned the rose of a plot into one of frequencies since this was last
-/// called, or kNoRoseFault.
+/// The RoseFault that has replaced the rose of a plot by one of frequencies since the last call, or
+/// kNoRoseFault.
 [[nodiscard]] int TakeRoseFault(Plot& plot);
 
-/// What a run of the program has already warned of.
+/// The warnings already given in this run of the program.
 struct RoseWarnings {
-    bool ofDelimiters = false; ///< texts of classes with the other decimal delimiter
+    bool ofDelimiters = false; ///< of texts of classes with the other decimal delimiter
 
     static RoseWarnings now;
 };
 
 inline constinit auto& gRoseClassWarned = RoseWarnings::now.ofDelimiters;
 
-/// Works out the rose of a plot, and the texts of its statistics (core/plot_texts.h). A plot
-/// without valid rows has nothing to draw.
+/// Computes the rose of a plot, and the texts of its statistics (core/plot_texts.h). A plot without
+/// valid rows has nothing to draw.
 ///
-/// @param cause  Rows counts the rows anew. They are counted also when they never were, or the
-///     tables are stale; the statistics then stand as long as rows and settings do. Repaint asks
-///     nothing: a stale rose has nothing to draw
+/// @param cause  Rows counts the rows again. They are also counted when they never were, or the
+///               tables are out of date; the statistics are then kept while rows and settings are
+///               unchanged. Repaint asks nothing: a rose that is out of date has nothing to draw
 /// @param formulas  of the circular statistics
 ///
-/// Settings that the data cannot show give a message and a rose of frequencies. When the user does
-/// not want the smaller last sector that a size makes, the old rose of the plot stays, with its
-/// settings; without one there is nothing to draw until rows or size change.
+/// Settings that the data cannot show give a message and a rose of frequencies. When the user
+/// rejects a smaller last sector, the old rose of the plot stays, with its settings; without an old
+/// rose there is nothing to draw until rows or size change.
 void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas);
 
-/// Works out the rose of a plot for a page or a file: rows are counted where they never were, or
-/// the tables are stale. No text changes, nothing is asked or told.
+/// Computes the rose of a plot for a page or a file: counts rows that were never counted or whose
+/// tables are out of date. No text changes, and there are no questions or messages.
 void WorkOutRoseUnseen(Plot& plot, Formulas formulas);
 
-/// Draws the rose of a plot as it was worked out, wedges, scale and mean. It can be called by
-/// several threads at once.
+/// Draws the rose of a plot as last computed: wedges, scale and mean. Several threads can call it
+/// at the same time.
 void DrawRose(const Plot& plot, const Drawing& drawing);
 
-/// Works out and draws the rose of gActivePlot.
+/// Computes and draws the rose of gActivePlot.
 ///
-/// @param recalculate  counts its rows anew
+/// @param recalculate  true counts its rows again
 void RosePlot(bool recalculate = true);
 
 } // namespace quandrel

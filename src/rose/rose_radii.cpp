@@ -43,12 +43,12 @@ double ScaleOf(double maximum, const RoseRadiiSettings& settings) {
                               : ring / maximum;
 }
 
-/// Length of what begins at a radius.
+/// Length from a given start radius.
 double LengthOf(double scaledValue, double base, bool equalArea) {
     return equalArea ? std::sqrt(std::max(scaledValue + base * base, 0.0)) - base : scaledValue;
 }
 
-/// Lets the smaller last sector show the density of its data. True when lengths have changed.
+/// Adjusts the smaller last sector to the density of its data. True when lengths have changed.
 bool CorrectOddSector(RoseRadiiTable& radii, double& scale, const RoseRadiiSettings& settings) {
     const int last = radii.Sectors();
     if (std::trunc(settings.oddSectorSize) == 0 || !settings.equalArea || last < 1) {
@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    /// What a class counts of the observations of its sector.
+    /// The factor from the rows of the classes to the observations of their sector.
     [[nodiscard]] double FactorOfValues(int sector, RoseLayer layer) const {
         double sum = 0;
         for (int c = 1; c <= sectors_.Classes(); ++c) {

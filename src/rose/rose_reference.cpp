@@ -23,7 +23,7 @@ double PeriodOf(const PlotRecord& record) {
     return record.DataKind == kPolarLines ? kTwoPi : kPi;
 }
 
-/// A number whose printed text is a word with the textbook's formulas where they leave it open.
+/// A number that prints as a word with the textbook's formulas where they leave it undetermined.
 void AddNumber(ReferenceLines& lines, const char* name, const std::optional<double>& value,
                double printed, const char* format, Formulas formulas) {
     if (formulas == Formulas::Textbook && (!value || std::isinf(*value))) {
@@ -33,7 +33,7 @@ void AddNumber(ReferenceLines& lines, const char* name, const std::optional<doub
     }
 }
 
-/// The mean direction, which is undetermined in the texts too without a resultant.
+/// The mean direction, which the texts also print as undetermined without a resultant.
 void AddMeanDirection(ReferenceLines& lines, const CircularReference& reference,
                       const PlotRecord& record) {
     constexpr const char* kName = "mean direction";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The reference to the circular statistics of a rose.
+// Reference values for the circular statistics of a rose.
 
 #pragma once
 
@@ -14,16 +14,16 @@
 
 namespace quandrel {
 
-/// The reference of the rose of a plot: moments over what its statistics are over, median and
-/// tests over the azimuths of its observations, without the weights of a bias correction.
+/// The reference of the rose of a plot: moments with the weights of its statistics, median and
+/// tests from the azimuths of its observations, without the weights of a bias correction.
 ///
-/// @return nothing for other plots, kinds of rose without statistics, and roses never counted
+/// @return empty for other plots, kinds of rose without statistics, and roses never counted
 [[nodiscard]] std::optional<CircularReference> RoseReferenceOf(const Plot& plot);
 
-/// The numbers in their order, angles in degrees. Median and tests are left out without a list of
+/// The numbers in order, angles in degrees. Median and tests are left out without a list of
 /// azimuths.
 ///
-/// @param plot      of the same rose, with its statistics worked out
+/// @param plot      of the same rose, with its statistics computed
 /// @param formulas  of these statistics
 [[nodiscard]] std::vector<ReferenceLine> RoseReferenceLines(const CircularReference& reference,
                                                             const Plot& plot, Formulas formulas);

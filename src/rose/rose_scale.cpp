@@ -22,8 +22,8 @@ std::string_view IntervalText(std::string_view scaleType) {
     return scaleType.substr(std::min(kFormLength, scaleType.size()));
 }
 
-/// By what the petals of a rose of equal area were shortened: the scale is, too, where otherwise
-/// the largest value would fill the ring.
+/// The factor by which the petals and the scale of a rose of equal area were shortened: below 1
+/// where the largest value does not fill the ring.
 double ShorteningOfRose(const PlotRecord& record, double zeroRadius) {
     const double ring = kNetRadius * kNetRadius - zeroRadius * zeroRadius;
     const double filled = record.RoseRangeA[0][kInUnits] * record.RoseRangeB[0][kInUnits];
@@ -74,7 +74,7 @@ double RoseScaleInterval(const PlotRecord& record) {
 }
 
 std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings) {
-    // Multiples of a fraction miss the largest sector by rounding.
+    // Multiples of a fraction can miss the largest sector by rounding.
     const double tolerance = 1e-9 * settings.largestPerCent;
     const double last = settings.largestPerCent + (settings.circles ? -tolerance : tolerance);
     const double r0 = settings.zeroRadius;
@@ -111,7 +111,7 @@ RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
 
 void StoreRoseInterval(PlotRecord& record) {
     if (HasAutomaticInterval(record.RoseScaleType)) {
-        return; // "auto" stays, so that files and the next Go have it too
+        return; // "auto" stays, for files and for the next Go
     }
     const char* const form = HasScaleCircles(record.RoseScaleType) ? kCircleForm : kTickForm;
     record.RoseScaleType = form + FormatNumber(RoseScaleInterval(record), "General Number");

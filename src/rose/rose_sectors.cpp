@@ -30,7 +30,8 @@ namespace {
 constexpr double kFullTurn = 360;
 constexpr double kHalfTurn = 180;
 
-// Sizes such as 360 / 7 meet their edges only but for rounding: so near, an edge is met.
+// Sizes such as 360 / 7 meet their edges only approximately: within this distance an azimuth is on
+// an edge.
 constexpr double kEdgeTolerance = 1e-9;
 
 constexpr const char* kOddSizeQuestion =
@@ -40,7 +41,7 @@ constexpr const char* kNoLinesText =
     "These data have no appended lines to be used as sample lines.\n"
     "The rose is drawn without a bias correction.";
 
-/// Different texts whose classes are remembered.
+/// The number of distinct texts whose classes are cached.
 constexpr std::size_t kRememberedNames = 1000;
 
 /// The sector size for which the user accepted a smaller last sector of a plot.
@@ -52,7 +53,7 @@ void KeepAcceptedSize(Plot& plot, double size) {
     plot.attachments.Of<AcceptedSectorSize>().size = size;
 }
 
-/// The value, or the whole number that it is but for rounding.
+/// The value, rounded if it is a whole number except for rounding errors.
 double Snapped(double value) {
     const double whole = RoundToEven(value);
     return std::abs(value - whole) < kEdgeTolerance ? whole : value;
@@ -63,19 +64,20 @@ double StartMath(double startAzimuth, double size) {
     return start < 0 ? start + kFullTurn : start;
 }
 
-/// The one of a sector and its opposite that both are counted in.
+/// The common bin of a sector and its opposite.
 int SectorOfPair(const SectorLayout& layout, int sector) {
     const int half = layout.sectors / 2;
     const int lower = sector > half ? sector - half : sector;
     // Sector 1 ends one size clockwise from the start.
     const double end = layout.startAzimuth + (2 - lower) * layout.size;
     const double turns = Snapped(end / kHalfTurn);
-    // Above 0 and at 180 at most, after whole turns: the first half, its end included.
+    // The sector that ends above 0 and at 180 at most, after whole turns: the first half, including
+    // its end.
     const auto halfTurns = static_cast<long>(std::ceil(turns));
     return halfTurns % 2 != 0 ? lower : lower + half;
 }
 
-/// True when the user has accepted a smaller last sector, or need not be asked.
+/// True when the user has accepted a smaller last sector, or no question is needed.
 bool AcceptsDivision(Plot& plot, const SectorDivision& division) {
     bool& isAsked = RoseOf(plot).isOddAsked;
     if (division.oddSize == 0 || isAsked) {
@@ -98,7 +100,7 @@ bool DrawsWind(const PlotRecord& record) {
     return kind >= kRoseWindSpeed && kind <= kRoseOverlaidWind;
 }
 
-/// Cells 1 to `count` of a column; where it has grown to fewer rows they are copied to `storage`.
+/// Cells 1 to `count` of a column. They are copied to `storage` where the column has fewer rows.
 template <class T>
 std::span<const T> RowsOf(const RowColumn<T>& column, std::size_t count, std::vector<T>& storage) {
     const std::span<const T> cells = column.Rows();
@@ -112,7 +114,7 @@ std::span<const T> RowsOf(const RowColumn<T>& column, std::size_t count, std::ve
     return storage;
 }
 
-/// The columns of the main rows of a plot, as far as a rose of some settings needs them.
+/// The columns of the main rows of a plot that a rose with some settings needs.
 class GatheredRows {
 public:
     GatheredRows(const Plot& plot, const PlotRecord& record)
@@ -161,7 +163,7 @@ private:
 };
 
 void GatheredRows::GatherOrientations(const PlotRecord& record) {
-    // A child's rows may be marked as none; the columns alone do not tell.
+    // Rows of a child plot may be marked as missing; the columns alone do not show this.
     if (record.ShowSecondary == 0 && record.KinematicState == 0) {
         rows_.dips = RowsOf(plot_.rows.dip, count_, dips_);
         rows_.azimuths = RowsOf(plot_.rows.azimuth, count_, azimuths_);
@@ -200,7 +202,7 @@ int GatheredRows::ClassOfRow(const ClassRule& rule, std::size_t row) {
     case kNumberClasses: {
         const float number = rows_.numbers.empty() ? kInvalidNumber : rows_.numbers[row];
         if (number == kInvalidNumber) {
-            return rule.keepLow ? 1 : kNoClassValue; // what is not known is with the low ones
+            return rule.keepLow ? 1 : kNoClassValue; // an unknown value is in the low class
         }
         return ClassOfNumber(rule, static_cast<double>(number));
     }
@@ -212,7 +214,8 @@ int GatheredRows::ClassOfRow(const ClassRule& rule, std::size_t row) {
     }
 }
 
-/// The class of a name; there are few different ones as a rule, and comparing takes its time.
+/// The class of a name. Results are cached, because there are usually few distinct names and
+/// comparing is slow.
 int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) {
     const auto known = classOfText_.find(text);
     if (known != classOfText_.end()) {
@@ -225,7 +228,7 @@ int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) 
     return classNumber;
 }
 
-/// Takes back a bias correction that the rows do not allow. False when there is none then.
+/// Removes a bias correction that the rows do not allow. False when none is left.
 [[nodiscard]] bool MendBias(PlotRecord& record) {
     if (!IsRoseBiasCorrected(record)) {
         return true;
@@ -235,7 +238,7 @@ int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) 
         return false;
     }
     if (record.ShowSecondary == 0 && record.PrimaryFormat <= kDirections) {
-        record.RoseBiasMode = kHorizontalAngle; // there is no dip to make an angle in space
+        record.RoseBiasMode = kHorizontalAngle; // there is no dip for an angle in space
     }
     return true;
 }
@@ -245,8 +248,8 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
     settings.kind = RoseKindOf(record.RoseType);
     settings.layout = layout;
     settings.strikes = record.DataKind == kPlanes;
-    // The sign of a T axis is its mark, level ones have it too: all keep the trend of their lower
-    // end.
+    // The sign of the plunge marks a T axis, even a horizontal one: all axes keep the trend of
+    // their lower end.
     settings.polar =
         record.DataKind == kPolarLines && !ShowsPlaneData(record) && record.AxesTitle.empty();
     settings.grouped = record.HasFrequencyColumn != 0;

@@ -14,7 +14,7 @@ namespace quandrel {
 
 namespace {
 
-/// What the count depends on.
+/// The input of the count.
 struct CountedFrom {
     std::int16_t type = 0;
     double sectorSize = 0;
@@ -27,7 +27,7 @@ struct CountedFrom {
     friend bool operator==(const CountedFrom&, const CountedFrom&) = default;
 };
 
-/// Settings that go back into the record.
+/// Settings that are restored to the record.
 struct RoseSettingsShown {
     CountedFrom counted;
     Formulas formulas = Formulas::Own; ///< of its circular statistics
@@ -42,7 +42,7 @@ struct RoseSettingsShown {
     std::string scaleType;
 };
 
-/// What is known of the rose of a plot.
+/// The stored state of the rose of a plot.
 struct RoseKnown {
     std::optional<RoseSettingsShown> shown;
     std::optional<CountedFrom> refused;
@@ -114,7 +114,7 @@ bool RestoreRose(Plot& plot, Formulas formulas) {
     record.RoseSectorFraction = shown.sectorFraction;
     record.RoseZeroCircle = shown.zeroCircle;
     record.RoseScaleType = shown.scaleType;
-    // The rose stays as it is although the rows may have changed.
+    // The rose stays unchanged although the rows may have changed.
     counted = CountOf(record);
     shown.formulas = formulas;
     record.RowsChanged = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the rose of a plot was made from when it was last worked out, so that it is counted again
-// when that has changed, and can stay when the user refuses a change.
+// The input from which the rose of a plot was last computed. It is counted again when that input
+// has changed, and can stay when the user refuses a change.
 
 #pragma once
 
@@ -10,26 +10,27 @@
 
 namespace quandrel {
 
-/// Notes rows and settings of a plot as those of the rose shown, and the formulas of its circular
+/// Stores rows and settings of a plot as those of the rose shown, and the formulas of its circular
 /// statistics.
 void RememberRose(Plot& plot, Formulas formulas);
 
-/// True when rows, formulas, or settings that the count depends on differ from those noted, or none
-/// were.
+/// Whether rows, formulas, or settings that affect the count differ from those stored, or none were
+/// stored.
 [[nodiscard]] bool IsRoseStale(const Plot& plot, Formulas formulas);
 
-/// Puts the settings noted back into the record, whose rose then stays as it is until rows,
-/// formulas or settings change again. False when none were noted of this plot.
+/// Restores the stored settings to the record. Its rose then stays unchanged until rows, formulas
+/// or settings change again. False when none were stored for this plot.
 [[nodiscard]] bool RestoreRose(Plot& plot, Formulas formulas);
 
-/// Notes that the user wants no rose of this sector size, and that there is none to stay.
+/// Records that the user rejects a rose of this sector size, and that there is no former rose to
+/// keep.
 void RefuseRose(Plot& plot);
 
-/// True while that holds: the plot has the same rows and size, and no rose.
+/// Whether this still holds: the plot has the same rows and size, and no rose.
 [[nodiscard]] bool IsRoseRefused(const Plot& plot);
 
-/// Forgets whatever is kept of the rose of a plot beside its record: to be called before another
-/// one comes from a file.
+/// Clears all stored state of the rose of a plot besides its record. Call it before another rose is
+/// read from a file.
 void ForgetRose(Plot& plot);
 
 } // namespace quandrel

@@ -39,7 +39,7 @@ std::string ValueName(const PlotRecord& record) {
     return RoseValueLabel(record.AppNumName);
 }
 
-/// What a measure counts.
+/// The unit that a measure counts.
 std::string UnitOf(const PlotRecord& record, int measure) {
     switch (measure) {
     case kRoseFrequency:
@@ -53,7 +53,7 @@ std::string UnitOf(const PlotRecord& record, int measure) {
     }
 }
 
-/// An amount of a measure, behind per cents: "  [12 data]", "  [3.5: Speed]".
+/// An amount of a measure, after per cents: "  [12 data]", "  [3.5: Speed]".
 std::string AmountText(const PlotRecord& record, int measure, double amount) {
     const bool isFrequency = measure == kRoseFrequency;
     return "  [" + FormatNumber(amount, isFrequency ? "0.##" : "0.####")
@@ -103,7 +103,7 @@ std::string TopHeading(const PlotRecord& record) {
     }
 }
 
-/// What a total or a layer is, where its name says something else; empty for the others.
+/// The description of a total or a layer whose name alone would mislead; empty for the others.
 std::string MeaningOf(int measure) {
     switch (measure) {
     case kRoseMeanValue:
@@ -179,7 +179,7 @@ std::string SpreadLines(const PlotRecord& record, const CircularTexts& texts) {
            + Line("     (von Mises concentration param. estimate)");
 }
 
-/// Two numbers on a line.
+/// Two numbers on one line.
 std::string PairLine(const char* label, double first, double second) {
     return Line(label + FormatNumber(first, kFourDecimals)
                 + "; Sbar = " + FormatNumber(second, kFourDecimals));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The rose of a plot: its tables, made by its data pass, and what is worked out from them for its
-// texts and its drawing. Sector 0 of each table is a header or total; real sectors are 1 to n,
-// classes 1 to m. Each plot has its own, so that working out another one leaves it as it is.
+// The rose of a plot: its tables, filled by its data pass, and the results for its texts and its
+// drawing. Sector 0 of each table is a header or total; real sectors are 1 to n, classes 1 to m.
+// Each plot has its own tables.
 
 #pragma once
 
@@ -45,7 +45,7 @@ enum RoseClassCode : int { kRoseUnclassified = 0, kRoseByLength = 1, kRoseByType
 /// Layers of gRoseSectors and gRoseTrigSums.
 enum RoseLayer : std::size_t { kRoseFrequencyLayer = 0, kRoseValueLayer = 1 };
 
-/// Numbers by sector, class and layer. Cell (s, 0, layer) is the whole of a sector. Cells of sector
+/// Numbers by sector, class and layer. Cell (s, 0, layer) is the total of a sector. Cells of sector
 /// 0: (0, 0, 0) holds n, (0, 1, 0) holds m, (0, 0, 1) the weighted count and (0, 1, 1) the weighted
 /// sum of values.
 class RoseSectorTable {
@@ -54,7 +54,7 @@ public:
     RoseSectorTable()
         : RoseSectorTable(0, 1) {}
 
-    /// All zero but for n and m.
+    /// All zero except n and m.
     RoseSectorTable(int sectors, int classes)
         : sectors_(sectors)
         , classes_(classes)
@@ -88,8 +88,7 @@ private:
     std::vector<double> cells_;
 };
 
-/// Lengths by sector and class, user units of the plot. (0, 0) is the largest value, (0, 1) the
-/// scale.
+/// Lengths by sector and class, plot units. (0, 0) is the largest value, (0, 1) the scale.
 class RoseRadiiTable {
 public:
     RoseRadiiTable()
@@ -121,65 +120,65 @@ private:
     std::vector<double> cells_;
 };
 
-/// An angle that stands for several.
+/// An angle with the count of its occurrences.
 struct AngleCount {
     double angle = 0;
-    double count = 0; ///< any weight of 0 or more
+    double count = 0; ///< any weight, 0 or more
 };
 
 using RoseSectorStats = std::vector<std::array<double, 7>>; ///< [sector][RoseStatsColumn]
 using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][sin a, cos a, sin b, cos b]
 
-/// A petal, or a part of one, as it is drawn. Its geometry is that of rose_wedges.h.
+/// A petal, or a part of one, for drawing. rose_wedges.h describes its geometry.
 struct RoseWedge {
     double start = 0; ///< 0 to 2 pi
     double end = 0;   ///< 0 to 2 pi
     double radius = 0;
     int sector = 1;
-    int classNumber = 0; ///< 0: the whole sector, which has no classes
+    int classNumber = 0; ///< 0: the whole sector, without classes
     int layer = 0;       ///< of an overlaid rose: 0 on top
     bool mirror = false; ///< the opposite of an axial sector
 };
 
-/// How a confidence interval is worked out.
+/// The method for a confidence interval.
 enum class ConfidenceMethod {
     kBootstrap,    ///< of kLargeSample data at most, by all formulas: BootstrapHalfWidth
     kByDispersion, ///< of more: RoseConfidenceHalfWidth
 };
 
-/// The interval of the mean direction that is printed of a rose.
+/// The printed confidence interval of the mean direction of a rose.
 struct RoseConfidence {
     ConfidenceMethod method = ConfidenceMethod::kByDispersion;
-    std::optional<double> halfWidth; ///< radians; nothing prints as undetermined
-    bool isInterval = false;         ///< false for the right angle where there is no interval
+    std::optional<double> halfWidth; ///< radians; empty prints as undetermined
+    bool isInterval = false;         ///< false for the right angle that replaces a missing interval
 };
 
 /// Why a kind of rose cannot be drawn from the data.
 enum RoseFault : int {
     kNoRoseFault = 0,
-    kNoRoseValues = 1,  ///< no row has the value that the kind needs
+    kNoRoseValues = 1,  ///< no row has a value that the kind requires
     kNoRoseClasses = 2, ///< no row falls in a class by type
     kNoRoseLengths = 3, ///< no row falls in a class by length, or there are no numbers
 };
 
 /// The rose of a plot.
 struct PlotRose {
-    bool isCounted = false; ///< the tables are filled with the rows of the plot
+    bool isCounted = false; ///< whether the tables are filled with the rows of the plot
     RoseSectorTable sectors;
     RoseSectorStats sectorStats; ///< row 0: sums over the sectors
     RoseTrigSums trigSums{};
-    std::vector<double> angles;       ///< azimuths of the observations, radians; place 0 unused
+    std::vector<double> angles;       ///< azimuths of the observations, radians; index 0 is unused
     std::vector<AngleCount> azimuths; ///< azimuths, radians, and their weighted counts
     std::int32_t leftOut = 0;         ///< rows without a valid value, skipped by the data pass
-    bool isDirectional = false;       ///< polar lines: a direction is not its opposite
-    double startMath = 0;    ///< degrees counter-clockwise from east: where sector 1 starts
-    bool isOddAsked = false; ///< the question for a smaller last sector was answered yes
-    std::optional<RoseConfidence> confidence; ///< nothing without a mean direction
-    int fault = kNoRoseFault;      ///< RoseFault that was met last; TakeRoseFault takes it
-    RoseRadiiTable radii;          ///< of the layer worked out last
-    double total = 0;              ///< what is 100 % in radii
-    bool isShown = false;          ///< the last working out has left a rose to draw
-    std::vector<RoseWedge> wedges; ///< of all layers, in the order of their drawing
+    bool isDirectional = false;       ///< polar lines: a direction differs from its opposite
+    double startMath = 0;             ///< start of sector 1, degrees counter-clockwise from east
+    bool isOddAsked = false;          ///< whether the user accepted a smaller last sector
+    std::optional<RoseConfidence> confidence; ///< empty without a mean direction
+    int fault = kNoRoseFault;      ///< last RoseFault; TakeRoseFault returns and clears it
+    RoseRadiiTable radii;          ///< of the last layer computed
+    double total = 0;              ///< the value of 100 % in radii
+    bool isShown = false;          ///< whether the last computation left a rose to draw
+    std::vector<RoseWedge> wedges; ///< of all layers, in drawing order
 };
 
 /// The rose of a plot; an empty one when it was never counted.

@@ -21,7 +21,7 @@ namespace {
 constexpr int kClassFills = 12;
 constexpr int kLowestLayer = 2;
 
-constexpr double kBlankWidth = 3; // pen and margin wipe the outline of what is blanked
+constexpr double kBlankWidth = 3; // pen and margin, which a blank erases of outlines
 constexpr double kBlankMargin = 5;
 
 RoseFill FillOfRow(const Styles& styles, int row) {
@@ -35,14 +35,14 @@ Colour OutlineColour(const Styles& styles) {
     return TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceSymbol]);
 }
 
-/// White is that of the paper, and a window has its own colour for paper.
+/// White is the paper's white; a window has its own paper colour.
 Colour BlankColour(const Drawing& drawing) {
     const Styles& styles = drawing.styles;
     const Colour blank = TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceColour]);
     return blank == kWhite ? PlotBackground(drawing) : blank;
 }
 
-/// A wedge between two angles that are not wrapped.
+/// A wedge between two unwrapped angles.
 RoseWedge WedgeBetween(RoseSpan span, double radius) {
     RoseWedge wedge;
     wedge.start = WrappedAngle(span.start);
@@ -67,7 +67,7 @@ RoseSpan SpanOfClass(RoseSpan sector, int classNumber, int classes) {
     return {sector.start + inset, sector.end - inset};
 }
 
-/// Makes the wedges of one sector after the other.
+/// Makes the wedges of one sector after another.
 class WedgeMaker {
 public:
     WedgeMaker(const RoseRadiiTable& radii, const RoseWedgeSettings& settings)
@@ -152,7 +152,7 @@ private:
         const RoseFill fill = wedge.classNumber == 0 ? FillOfRoseLayer(styles_, wedge.layer)
                                                      : FillOfRoseClass(styles_, wedge.classNumber);
         if (wedge.classNumber != 0 && fill.pattern != kSolidFill) {
-            // A pattern would let the class below it through.
+            // A pattern would let the class beneath show through.
             Use(blank_, kSolidFill, 1);
             surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, blank_);
         }
@@ -160,11 +160,11 @@ private:
         surface_.Wedge({}, wedge.radius, wedge.start, wedge.end, outline_);
     }
 
-    /// Classes that differ in width. An inner one must not lie on the outer ones, whose colour
-    /// would show beside it: each is a part of a ring, and below it the sector is blank.
+    /// Classes that differ in width. An inner class must not be drawn over the outer ones, whose
+    /// colour would show beside it: each is a part of a ring, and the sector is blank inside it.
     void DrawSteps(std::span<const RoseWedge> wedges) {
-        // All sectors first, as a blank wipes a little of what lies beside it. The one of the
-        // outermost class blanks for those inside too.
+        // All blanks come first, because a blank erases a little beside it. The blank of the
+        // outermost class covers the inner classes too.
         for (std::size_t i = 0; i < wedges.size(); ++i) {
             const std::size_t before = settings_.mirror ? 2 : 1;
             if (i < before || wedges[i - before].sector != wedges[i].sector) {
@@ -178,7 +178,7 @@ private:
         }
     }
 
-    /// Blanks the sector of a class below it.
+    /// Blanks the part of the sector inside a class.
     void BlankSector(const RoseWedge& wedge) {
         const RoseWedge sector =
             WedgeBetween(SpanOfSector(settings_, sectors_, wedge.sector), wedge.radius);
@@ -188,7 +188,7 @@ private:
                        blank_);
     }
 
-    /// Where a class begins: at the outer radius of the next one inside, or at the zero circle.
+    /// The inner radius of a class: the outer radius of the next class inside, or the zero circle.
     [[nodiscard]] double InnerRadius(std::span<const RoseWedge> wedges, std::size_t i) const {
         for (std::size_t inner = i + 1;
              inner < wedges.size() && wedges[inner].sector == wedges[i].sector; ++inner) {
@@ -199,9 +199,9 @@ private:
         return settings_.zeroRadius;
     }
 
-    /// The corners of a wedge from a radius on.
+    /// The corners of a wedge from an inner radius.
     [[nodiscard]] static std::vector<Point> RingPart(const RoseWedge& wedge, double innerRadius) {
-        constexpr double kStep = kPi / 360; // arcs are true to 0.01 units
+        constexpr double kStep = kPi / 360; // arcs are accurate to 0.01 units
         const double turn = WrappedAngle(wedge.end - wedge.start);
         const double sweep = wedge.start == wedge.end ? kTwoPi : turn;
         const int steps = static_cast<int>(std::ceil(sweep / kStep));
@@ -243,7 +243,8 @@ RoseWedgeSettings SettingsOfLayer(const Plot& plot, int layer) {
     return settings;
 }
 
-/// The outlines of the lower layers, in their colours, so that each can be read below the others.
+/// The outlines of the lower layers, in their colours, so that each remains visible under the
+/// others.
 void DrawLowerOutlines(const PlotRose& rose, const Drawing& drawing) {
     DrawState state = drawing.plot.State();
     state.fillStyle = kNoFill;
@@ -272,14 +273,14 @@ void DrawBlanks(const PlotRecord& record, const Drawing& drawing) {
     if (IsHalfRose(record.RoseShape)) {
         const RoseArc hidden = HiddenArc(record.RoseShape);
         surface.Wedge({}, kNetRadius, hidden.start, hidden.end, blank);
-        // The longest petals have the outer half of their outline beyond the circle.
+        // The longest petals have the outer half of their outline outside the circle.
         state.drawWidth = kBlankWidth;
         surface.SetState(state);
         surface.Arc({}, kNetRadius, hidden.start, hidden.end, blank);
     }
 }
 
-/// Draws the wedges of a layer, and after those of layer 0 what lies on top of all.
+/// Draws the wedges of a layer, and after those of layer 0 the parts on top of all.
 void DrawLayer(const Plot& plot, int layer, std::span<const RoseWedge> wedges,
                const Drawing& drawing) {
     const PlotRose& rose = RoseOf(plot);

@@ -3,8 +3,8 @@
 // The petals of a rose as wedges: their geometry, and their drawing.
 //
 // Angles of wedges are radians, counter-clockwise from east; a wedge runs counter-clockwise from
-// its start to its end, once round when both are equal. Radii are plot units; all wedges begin at
-// the centre, an inner one lies on top of an outer one.
+// its start to its end, a full turn when both are equal. Radii are plot units; all wedges begin at
+// the centre, and inner ones are on top of outer ones.
 
 #pragma once
 
@@ -18,18 +18,18 @@
 namespace quandrel {
 
 struct RoseWedgeSettings {
-    double startMath = 80;    ///< degrees counter-clockwise from east, where sector 1 starts
+    double startMath = 80;    ///< start of sector 1, degrees counter-clockwise from east
     double sectorSize = 10;   ///< degrees
-    double oddSectorSize = 0; ///< of the smaller last sector, degrees; 0: there is none
-    double fraction = 1;      ///< of the sector that its wedge fills, above 0
+    double oddSectorSize = 0; ///< of the smaller last sector, degrees; 0 for none
+    double fraction = 1;      ///< part of the sector that its wedge fills, above 0
     double zeroRadius = 0;
-    bool stepped = false; ///< classes differ in width too
-    bool mirror = false;  ///< a second wedge opposite to each
+    bool stepped = false; ///< whether classes differ in width too
+    bool mirror = false;  ///< whether each wedge has an opposite one
     int layer = 0;
 };
 
-/// The angle that a wedge takes in its sector: in its middle. The smaller last sector ends where
-/// the first one begins; its gaps are whole numbers of degrees where there is room for them.
+/// The angle of a wedge, in the middle of its sector. The smaller last sector ends where the first
+/// one begins; its gaps are whole degrees where there is room for them.
 struct RoseSpan {
     double start = 0; ///< radians, not wrapped
     double end = 0;
@@ -38,16 +38,16 @@ struct RoseSpan {
 /// The span of a sector, 1 to `sectors`, before classes narrow it.
 [[nodiscard]] RoseSpan SpanOfSector(const RoseWedgeSettings& settings, int sectors, int sector);
 
-/// The wedges of all sectors that are longer than 0, each with its mirror behind it: the whole
-/// sector, or its classes from the outermost to the innermost. Classes of a width of their own
-/// widen outward in equal steps: class c of m is (2 c - 1) / (2 m - 1) as wide as its sector.
+/// The wedges of all sectors with a length above 0, each followed by its mirror: the whole sector,
+/// or its classes from the outermost to the innermost. Classes of different widths widen outward in
+/// equal steps: class c of m is (2 c - 1) / (2 m - 1) as wide as its sector.
 [[nodiscard]] std::vector<RoseWedge> WedgesOfRose(const RoseRadiiTable& radii,
                                                   const RoseWedgeSettings& settings);
 
-/// The wedge on top at a position, or nothing.
+/// The topmost wedge at a position, or empty.
 [[nodiscard]] const RoseWedge* WedgeAt(std::span<const RoseWedge> wedges, Point at);
 
-/// How petals of a class, or of a layer of an overlaid rose, are filled.
+/// The fill of the petals of a class, or of a layer of an overlaid rose.
 struct RoseFill {
     int colour = 0;  ///< index of Styles::colours
     int pattern = 0; ///< FillStyle
@@ -56,15 +56,15 @@ struct RoseFill {
 /// Of a class, 1 or more. Classes beyond the table have the colours of the first ones, hatched.
 [[nodiscard]] RoseFill FillOfRoseClass(const Styles& styles, int classNumber);
 
-/// Of a layer 0 to 2; 0 is also a rose that has no layers and no classes.
+/// Of a layer 0 to 2; 0 is also a rose without layers and classes.
 [[nodiscard]] RoseFill FillOfRoseLayer(const Styles& styles, int layer);
 
-/// Width of a wedge in the layers of an overlaid rose, of the width set: the middle layer is a
-/// quarter of its sector narrower, but never without width.
+/// Width of a wedge in the layers of an overlaid rose, as a fraction of its sector: the middle
+/// layer is a quarter of its sector narrower, but never without width.
 [[nodiscard]] double FractionOfLayer(double fraction, int layer);
 
-/// Adds the wedges of a layer, made of the radii of the rose, to those of the plot's rose. Layers
-/// are added from 2 down to 0, in the order of their drawing.
+/// Adds the wedges of a layer, from the radii of the rose, to those of the plot's rose. Layers are
+/// added from 2 down to 0, in drawing order.
 void AddRoseWedges(Plot& plot, int layer);
 
 /// Draws the wedges of the rose of a plot, and after those of layer 0 the outlines of the layers
