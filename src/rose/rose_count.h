@@ -27,8 +27,7 @@ struct RoseCountSettings {
     int kind = kRoseFrequency; ///< RoseKindCode
     SectorLayout layout;
     bool strikes = false;  ///< azimuths are dip directions, and the rose shows strikes
-    bool polar = false;    ///< directed lines: one with a negative plunge points away from its
-                           ///< azimuth
+    bool polar = false;    ///< lines with a sense: a negative plunge points away from the azimuth
     bool grouped = false;  ///< the number of a row is its count of observations
     int classes = 1;       ///< m
     BiasSettings bias;     ///< applies to the first three kinds
@@ -42,8 +41,7 @@ struct RoseRows {
     std::span<const std::int32_t> azimuths;    ///< whole degrees
     std::span<const float> numbers;            ///< appended numbers; kInvalidNumber is invalid
     std::span<const double> textNumbers;       ///< wind speeds; NaN is invalid
-    std::span<const std::int16_t> classes;     ///< 1 to m, 0 or kNoClassValue; empty: all rows are
-                                               ///< in class 1
+    std::span<const std::int16_t> classes;     ///< 1 to m, 0 or kNoClassValue; empty: all 1
     std::span<const std::int32_t> linePlunges; ///< appended lines; below -90 is invalid
     std::span<const std::int32_t> lineTrends;
 };
