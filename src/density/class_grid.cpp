@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::int16_t kByNumbers = 1;
 
-/// Adds up line by line: differences of running totals would leave a rest of rounding where there
-/// is nothing.
+/// Adds up line by line, because differences of running totals would leave rounding errors where
+/// the sum is 0.
 struct ValueTotal {
     const LineValues& values;
     ValueSum total;
@@ -59,7 +59,8 @@ LineValues ValuesOfRows(const Plot& plot) {
     return values;
 }
 
-/// Calls with the column, the row and the values of each node of a grid over a plot that has any.
+/// Calls a function with the column, the row and the values of each grid node over a plot that has
+/// any values.
 template <class Visit>
 void VisitNodes(const Plot& plot, int gridSize, Visit visit) {
     const LineValues values = ValuesOfRows(plot);
@@ -79,7 +80,7 @@ void VisitNodes(const Plot& plot, int gridSize, Visit visit) {
     }
 }
 
-/// Both layers of a plot with no node set.
+/// Both layers of a plot with all nodes unset.
 GridValues& UnsetGrid(Plot& plot) {
     if (plot.gridValues == nullptr) {
         plot.gridValues = std::make_unique<GridValues>();

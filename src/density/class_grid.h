@@ -20,7 +20,7 @@ struct ValueSum {
     std::int32_t values = 0;
 };
 
-/// Values by the lines of whole degrees that they belong to. 0.5 MB.
+/// Values grouped by their whole-degree lines. 0.5 MB.
 class LineValues {
 public:
     LineValues();
@@ -29,7 +29,7 @@ public:
     /// @param trend   degrees, 0 to 360
     void Add(int plunge, int trend, double value);
 
-    /// Values of a line, plunge 0 to 90 and trend 0 to 360 apart from 0.
+    /// Values of a line, plunge 0 to 90; trend 0 and 360 are separate.
     [[nodiscard]] const ValueSum& At(int plunge, int trend) const {
         return (*sums_)[static_cast<std::size_t>(plunge)][static_cast<std::size_t>(trend)];
     }
@@ -42,15 +42,15 @@ private:
 [[nodiscard]] ValueSum ValuesWithin(const LineValues& values, double plunge, double trend,
                                     double cone);
 
-/// The values that the nodes of a grid over a plot have in a layer, nodes without rows left out:
-/// what ComputeGridValues would make of the plot with such a grid, whatever it is classified by.
+/// The values at the nodes of a grid over a plot, for one layer, without nodes that have no rows:
+/// the result of ComputeGridValues for the plot with such a grid, however it is classified.
 /// O(nodes^2).
 ///
-/// @param gridSize  brought into kSmallestGridSize to kLargestGridSize
+/// @param gridSize  clamped to kSmallestGridSize to kLargestGridSize
 [[nodiscard]] std::vector<double> NodeValuesOf(const Plot& plot, GridLayer layer, int gridSize);
 
 /// Fills gridValues of a plot that is classified by its appended numbers, on the nodes of its
-/// density grid: kUnsetValue where no row with a number lies within the cone. Rows with an invalid
+/// density grid: kUnsetValue where no row with a number is within the cone. Rows with an invalid
 /// number do not count. For any other plot gridCount becomes 0.
 void ComputeGridValues(Plot& plot);
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kDegree = kPi / 180;
 
-// Cosines this close to that of the cone are left to the exact rule.
+// Cosines this close to that of the cone are decided by the exact rule.
 constexpr double kUnsureCosine = 1e-12;
 
 struct RowTotal {
@@ -24,8 +24,8 @@ struct RowTotal {
     void AddLine(int plunge, int trend) { sum += rows.At(plunge, trend); }
 };
 
-/// The trends, counted from that of a line, at which the lines of another ring lie within the
-/// counting cone: up to `near` on either side, and up to `far` about the opposite trend. -1 is
+/// The trends, relative to that of a line, at which the lines of another ring are within the
+/// counting cone: up to `near` on either side, and up to `far` around the opposite trend. -1 means
 /// none, 180 all.
 struct Reach {
     int near = -1;
@@ -40,7 +40,7 @@ int HalfWidth(double bound) {
     return bound <= -1 ? 180 : static_cast<int>(std::acos(bound) / kDegree);
 }
 
-/// No two whole-degree lines have a cosine within 1e-9 of the cone's, so this needs no care.
+/// No two whole-degree lines have a cosine within 1e-9 of the cone's, so no tolerance is needed.
 Reach ReachOf(int plunge, int otherPlunge) {
     const WholeDegrees& degrees = WholeDegreeTable();
     const auto from = static_cast<std::size_t>(plunge);
@@ -53,7 +53,7 @@ Reach ReachOf(int plunge, int otherPlunge) {
 
 using RingCounts = std::array<std::int32_t, 360>;
 
-/// Adds the rows of a ring to the counts of cones about the lines of another.
+/// Adds the rows of a ring to the counts of cones about the lines of another ring.
 void AddRing(const LineHistogram& rows, int ring, const Reach& reach, RingCounts& counts) {
     if (reach.near >= 180) {
         const std::int32_t all = rows.OnRing(ring);
@@ -62,7 +62,7 @@ void AddRing(const LineHistogram& rows, int ring, const Reach& reach, RingCounts
         }
         return;
     }
-    // Neighbouring cones read neighbouring totals: one straight run for the whole ring.
+    // Neighbouring cones read neighbouring totals: one sequential run for the whole ring.
     const auto addArcs = [&](int centre, int halfWidth) {
         const std::int32_t* const upper = rows.Below(ring, centre + halfWidth + 1);
         const std::int32_t* const lower = rows.Below(ring, centre - halfWidth);
@@ -78,9 +78,9 @@ void AddRing(const LineHistogram& rows, int ring, const Reach& reach, RingCounts
     }
 }
 
-/// Counts of cones about the 360 lines of a plunge.
+/// Counts of cones about the 360 lines of one plunge.
 RingCounts CountsOfRing(const LineHistogram& rows, int plunge) {
-    constexpr int kReach = 12; // degrees, more than the cone's
+    constexpr int kReach = 12; // degrees, more than the cone's half-angle
     RingCounts counts{};
     for (int ring = std::max(plunge - kReach, 0); ring <= std::min(plunge + kReach, kRings - 1);
          ++ring) {
@@ -153,7 +153,7 @@ LineHistogram::LineHistogram(std::span<const DistinctLine> lines)
     }
     for (std::size_t ring = 0; ring < rows_->size(); ++ring) {
         if (!hasLines[ring]) {
-            continue; // its totals stay 0
+            continue; // empty ring
         }
         const std::array<std::int32_t, kRingTrends>& rows = (*rows_)[ring];
         Totals& totals = (*running_)[ring];

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Counting rows within a cone. Lines are undirected: a line counts when it, or its opposite, lies
-// within the cone, the bound included. The counts are those of AngleBetweenLines for each row.
+// Counting rows within a cone. Lines are undirected: a line counts when it, or its opposite, is
+// within the cone, including its boundary. The counts equal those of AngleBetweenLines for each
+// row.
 //
-// Rows are whole degrees, so they are counted by plunge and trend once. A cone then costs two
-// differences of running totals for each ring of equal plunge that it meets, however many rows
-// there are.
+// Rows are whole degrees, so they are first counted by plunge and trend. A cone then costs two
+// differences of running totals for each ring of equal plunge that it meets, whatever the number of
+// rows.
 
 #pragma once
 
@@ -25,8 +26,8 @@ namespace quandrel {
 // What is called the density in 1% of the area is the share of the rows in this cone.
 inline constexpr double kCountCone = 0.200334842323118;
 
-/// The same where nodes of a grid are counted: a 32-bit number, some 1e-8 wider. A vertical line
-/// whose cone ends on a node of the equal area net counts there.
+/// The same for nodes of a grid: a 32-bit number, about 1e-8 wider. A vertical line whose cone ends
+/// on a node of the equal area net counts there.
 inline constexpr double kGridCountCone = 0.20033485;
 
 /// Sum of the rows of some lines.
@@ -38,7 +39,7 @@ public:
     /// O(lines).
     explicit LineHistogram(std::span<const DistinctLine> lines);
 
-    /// Rows of one line, plunge 0 to 90 and trend 0 to 360 apart from 0.
+    /// Rows of one line, plunge 0 to 90; trend 0 and 360 are separate.
     [[nodiscard]] std::int32_t At(int plunge, int trend) const {
         return (*rows_)[Place(plunge)][Place(trend)];
     }
@@ -47,14 +48,14 @@ public:
     [[nodiscard]] std::int32_t OnRing(int plunge) const { return OnArc(plunge, 0, 359); }
 
     /// Rows of a ring with trends from `first` to `last`, -kArcReach to 360 + kArcReach, at most a
-    /// turn apart.
+    /// full turn apart.
     [[nodiscard]] std::int32_t OnArc(int plunge, int first, int last) const {
         const Totals& totals = (*running_)[Place(plunge)];
         return totals[Place(last + 1 + kArcReach)] - totals[Place(first + kArcReach)];
     }
 
-    /// Running total of a ring: the rows below a trend, counted from -kArcReach. Consecutive trends
-    /// stand behind one another.
+    /// Running total of a ring: the rows below a trend, from -kArcReach. Consecutive trends are
+    /// consecutive elements.
     [[nodiscard]] const std::int32_t* Below(int plunge, int trend) const {
         return (*running_)[Place(plunge)].data() + Place(trend + kArcReach);
     }
@@ -77,8 +78,8 @@ private:
 [[nodiscard]] std::int32_t CountWithin(const LineHistogram& rows, double plunge, double trend,
                                        double cone);
 
-/// Rows within kCountCone of each line, itself included; one count for each line, in their order.
-/// O(lines) besides a third of a millisecond.
+/// Rows within kCountCone of each line, including itself; one count for each line, in order.
+/// O(lines) plus a third of a millisecond.
 [[nodiscard]] std::vector<std::int32_t> CountsOfLines(std::span<const DistinctLine> lines);
 
 } // namespace quandrel

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Which lines of whole degrees lie within a cone. On a ring of equal plunge they form an arc about
-// the trend of the cone's axis; where the cone reaches over the rim, a second one opposite.
+// Whole-degree lines within a cone. On a ring of equal plunge they form an arc about the trend of
+// the cone's axis; where the cone extends over the rim, there is a second, opposite arc.
 //
-// The answer for each line is that of AngleBetweenLines, digit for digit: an arc whose end is too
-// close to a line for the shortcut to be sure of it is looked at line by line.
+// The result for each line is exactly that of AngleBetweenLines: if the end of an arc is too close
+// to a line to decide quickly, the lines are tested one by one.
 
 #pragma once
 
@@ -17,12 +17,12 @@
 namespace quandrel {
 
 inline constexpr int kRings = 91;       ///< plunges 0 to 90
-inline constexpr int kRingTrends = 361; ///< trends 0 to 360; the last is the first once more
+inline constexpr int kRingTrends = 361; ///< trends 0 to 360; the last equals the first
 
-/// Arcs are told in degrees from -kArcReach to 360 + kArcReach, so that none has to be split.
+/// Arcs are given in degrees from -kArcReach to 360 + kArcReach, so that none has to be split.
 inline constexpr int kArcReach = 200;
 
-/// A cone about a line, both ends of it.
+/// A cone about a line, at both of its ends.
 class CountingCone {
 public:
     /// @param plunge  radians; the sign is ignored
@@ -30,28 +30,28 @@ public:
     /// @param angle   half-angle, radians, below kPi / 4
     CountingCone(double plunge, double trend, double angle);
 
-    /// True when AngleBetweenLines of the axis and a line is not above the half-angle.
+    /// Whether AngleBetweenLines of the axis and a line is at most the half-angle.
     [[nodiscard]] bool Contains(int plungeDegrees, int trendDegrees) const;
 
-    /// Tells what lies within the cone, by calls of
+    /// Reports what is within the cone by calls of
     ///     total.AddRing(plunge)               all lines of a ring
     ///     total.AddArc(plunge, first, last)   those with trends of an arc, degrees
     ///     total.AddLine(plunge, trend)        one line, trend 0 to 360
-    /// No line is told twice.
+    /// No line is reported twice.
     template <class Total>
     void Scan(Total& total) const;
 
 private:
     enum class Part { None, Arc, Ring, Unsure };
 
-    /// What the cone, or its other end, cuts out of a ring.
+    /// The intersection of the cone, or of its opposite end, with a ring.
     struct RingPart {
         Part part = Part::None;
         int first = 0; ///< degrees, of an arc
         int last = -1;
     };
 
-    /// @param centre  trend in degrees about which the arc lies
+    /// @param centre  trend in degrees of the middle of the arc
     /// @param bound   cosine of half its width
     [[nodiscard]] static RingPart PartOf(double centre, double bound);
 
@@ -76,8 +76,9 @@ struct WholeDegrees {
 
 [[nodiscard]] const WholeDegrees& WholeDegreeTable();
 
-// How near to a bound the arithmetic is trusted. The widths of arcs are good to 1e-7 degrees as
-// long as the product of the cosines and the bound keep clear of 0 and of 1.
+// The distance to a bound within which the arithmetic is not trusted. The widths of arcs are
+// accurate to 1e-7 degrees as long as the product of the cosines and the bound are not close to 0
+// or 1.
 inline constexpr double kUnsureDegrees = 1e-6;
 inline constexpr double kUnsureBound = 1e-6;
 inline constexpr double kUnsureProduct = 1e-4;

@@ -12,7 +12,7 @@ namespace quandrel {
 
 inline constexpr int kMostContourLevels = 9;
 
-/// Levels, rising; those from `count` on are 0.
+/// Levels, ascending; those from `count` on are 0.
 struct ContourLevelSet {
     std::array<std::int16_t, kMostContourLevels> levels{};
     std::int16_t count = 0;
@@ -25,18 +25,18 @@ struct ContourLevelSet {
     return 100.0 / n;
 }
 
-/// The levels of n rows: the density of one row, rounded up to a whole per cent (GridBandBase), and
-/// its doubles, up to the greatest density.
+/// The levels of n rows: the density of one row, rounded up to a whole per cent (GridBandBase),
+/// doubled repeatedly up to the greatest density.
 ///
 /// @param n            rows counted; below 1 there are no levels
 /// @param mostDensity  greatest density of the grid, per cent; only its whole part counts
 [[nodiscard]] ContourLevelSet ContourLevelsOf(std::int32_t n, double mostDensity);
 
-/// Where the contour of a level runs among the counts of n rows: half-way between the least whole
-/// count that has the level's density and the one below. Counts are whole numbers; a contour at one
-/// of them would follow the edges of its cells.
+/// The position of the contour of a level among the counts of n rows: half-way between the smallest
+/// whole count that has the level's density and the count below. Counts are whole numbers; a
+/// contour at a whole number would follow the edges of its cells.
 ///
-/// @param level  per cent. The product of a whole one and n is exact, so that the count is too
+/// @param level  per cent. The product of a whole level and n is exact, and so is the count
 [[nodiscard]] inline double CountOfLevel(double level, std::int32_t n) {
     return std::ceil(level * n / 100) - 0.5;
 }

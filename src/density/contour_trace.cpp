@@ -18,8 +18,8 @@ int SignOf(double height) {
     return (height > 0 ? 1 : 0) - (height < 0 ? 1 : 0);
 }
 
-/// Where the level is met between two vertices on either side of it. Turning the vertices round
-/// changes the signs above and below the line and nothing else: neighbours find the same point.
+/// The point between two vertices on either side of a level where the level is met. Swapping the
+/// vertices only changes the signs of the heights: neighbouring triangles find the same point.
 Point Crossing(const TriangleVertex& a, const TriangleVertex& b) {
     const double rise = b.height - a.height;
     return {(b.height * a.at.x - a.height * b.at.x) / rise,
@@ -38,7 +38,7 @@ std::vector<double> HeightsAbove(const NodeValues& grid, double level) {
     return heights;
 }
 
-/// Twice the area that a closed line encloses, by the sum of its cross products.
+/// Twice the area of a closed line, by the sum of its cross products.
 double DoubleAreaOf(std::span<const Point> line) {
     double sum = 0;
     for (std::size_t i = 1; i < line.size(); ++i) {
@@ -47,9 +47,9 @@ double DoubleAreaOf(std::span<const Point> line) {
     return std::abs(sum);
 }
 
-/// The mean of whole counts often lies half-way between two of them. A centre exactly on the level
-/// would join the two lines of a saddle in one point; it counts as above, as nodes do, by so much
-/// of the highest corner.
+/// The mean of whole counts is often half-way between two of them. A centre exactly on the level
+/// would join the two lines of a saddle in one point; it counts as above, as nodes do, by this
+/// fraction of the highest corner.
 constexpr double kCentreLift = 1e-9;
 
 double HighestOf(const std::array<TriangleVertex, 4>& corners) {
@@ -78,7 +78,7 @@ void TraceCell(const std::array<TriangleVertex, 4>& corners, std::vector<Contour
     }
 }
 
-/// The ends of segments by their places. End 2k is the first end of segment k, 2k + 1 the second.
+/// The ends of segments by position. End 2k is the first end of segment k, 2k + 1 the second.
 class EndTable {
 public:
     explicit EndTable(std::span<const ContourSegment> segments)
@@ -93,7 +93,7 @@ public:
 
     static constexpr std::size_t kAlone = SIZE_MAX;
 
-    /// The end of another segment at the same place, or kAlone.
+    /// The end of another segment at the same position, or kAlone.
     [[nodiscard]] std::size_t PartnerOf(std::size_t end) const { return partners_[end]; }
 
     [[nodiscard]] Point PlaceOf(std::size_t end) const {
@@ -101,7 +101,7 @@ public:
     }
 
 private:
-    /// Joins an end to one at its place that has no partner, or lets it wait for one.
+    /// Joins an end to an unpaired end at its position, or stores it until one comes.
     void Pair(std::size_t end) {
         const Point place = PlaceOf(end);
         std::size_t slot = HashOf(place) & mask_;
@@ -117,7 +117,7 @@ private:
     }
 
     static std::size_t HashOf(Point place) {
-        // Adding 0 turns a negative zero, which is equal to a positive one, into that.
+        // Adding 0 turns a negative zero into a positive one; the two compare equal.
         const auto x = std::bit_cast<std::uint64_t>(place.x + 0.0);
         const auto y = std::bit_cast<std::uint64_t>(place.y + 0.0);
         const std::uint64_t mixed = (x ^ std::rotl(y, 23)) * 0x9e3779b97f4a7c15U;
@@ -130,7 +130,7 @@ private:
     std::vector<std::size_t> partners_;
 };
 
-/// The end from which the line of a segment is drawn: the loose one that is met going backward from
+/// The end from which the line of a segment is drawn: the loose end found by going backward from
 /// its first end, or that first end itself in a closed line.
 std::size_t StartOfLine(const EndTable& ends, std::size_t segment) {
     std::size_t end = 2 * segment;
@@ -151,7 +151,7 @@ std::size_t StartOfLine(const EndTable& ends, std::size_t segment) {
 int TriangleCase(int sign1, int sign2, int sign3) {
     const std::array<int, 3> signs = {sign1, sign2, sign3};
     const auto isBelow = [&signs](std::size_t vertex) { return signs[vertex % 3] < 0; };
-    // The vertex that is alone on its side of the level has the contour between it and the others.
+    // The contour separates the vertex that is alone on its side of the level from the other two.
     for (std::size_t alone = 0; alone < 3; ++alone) {
         if (isBelow(alone) == isBelow(alone + 1) || isBelow(alone) == isBelow(alone + 2)) {
             continue;
@@ -204,8 +204,8 @@ std::optional<ContourSegment> ClippedToPrimitive(const ContourSegment& segment) 
     }
     const Point inner = fromIsInside ? segment.from : segment.to;
     const Point outer = fromIsInside ? segment.to : segment.from;
-    // |inner + t (outer - inner)|^2 = r^2, of which t = 0 is inside and t = 1 is not: there is one
-    // root between. Of the two ways to write it, the one without a difference of like numbers.
+    // |inner + t (outer - inner)|^2 = r^2; t = 0 is inside and t = 1 is not, so there is one root
+    // between. This form of the solution avoids the difference of nearly equal numbers.
     const double dx = outer.x - inner.x;
     const double dy = outer.y - inner.y;
     const double a = dx * dx + dy * dy;

@@ -19,10 +19,11 @@ namespace quandrel {
 
 namespace {
 
-/// Closed parts of a contour that enclose less than this many cells are specks of the counting.
+/// Closed parts of a contour that enclose less than this number of cells are artefacts of the
+/// counting.
 constexpr double kLeastCells = 4;
 
-/// Counts of the nodes of a plot's grid.
+/// Counts at the nodes of a plot's grid.
 std::vector<double> CountsOfGrid(const PlotRecord& record, int nodes) {
     std::vector<double> counts;
     const auto side = static_cast<std::size_t>(nodes);

@@ -2,10 +2,12 @@
 //
 // Density contours of a plot: from the counts of its grid to lines on the net.
 //
-// Inside the folder: counting in the cone, at rows and on a grid, levels, tracing, the legend.
-// Enters: orientations with their weights, a cone's half-angle, a grid's size; a plot, and what it
-// is drawn on. Leaves: counts, levels and lines as values of the kernels, kept in the plot by what
-// works out; symbols and contours on a surface by what draws. The kernels know neither.
+// This folder holds densities: counting in the cone, at rows and on a grid, levels, tracing, and
+// the legend. The kernels take values only; they know neither plots nor surfaces.
+// Input: orientations with their weights, a cone's half-angle, a grid's size; a plot, and the
+// surface for the drawing.
+// Output: counts, levels and lines as values of the kernels, stored in the plot; symbols and
+// contours on a surface.
 
 #pragma once
 
@@ -33,7 +35,7 @@ void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& 
 ///
 /// @param counts  at the nodes of a grid
 /// @param level   per cent of the rows
-/// @param rows    that were counted
+/// @param rows    number of rows counted
 [[nodiscard]] std::vector<ContourSegment> ContourOfCounts(const NodeValues& counts, double level,
                                                           std::int32_t rows);
 
@@ -44,20 +46,20 @@ struct LevelContour {
 };
 
 /// The contours of a plot's DensityGrid at its ContourLevels, without closed parts that enclose
-/// less than four cells of the grid. They run half-way between whole counts. The same data give the
-/// same segments each time. None without rows or without a grid.
+/// less than four cells of the grid. They run half-way between whole counts. The same data always
+/// give the same segments. Empty without rows or without a grid.
 ///
-/// @param watcher  the status line, or nothing
+/// @param watcher  the status line, or null
 [[nodiscard]] std::vector<LevelContour> ContoursOf(const Plot& plot, StatusLine* watcher = nullptr);
 
-/// Finds the levels of a plot, ContourLevels and NumContours, by the maximum of its grid.
+/// Computes the levels of a plot, ContourLevels and NumContours, from the maximum of its grid.
 void FindContourLevels(Plot& plot);
 
 /// Draws the contours of a plot, each in the style of its level. With Styles::showIsolatedPts, rows
-/// that have no other row within the counting cone are drawn too.
+/// without another row within the counting cone are drawn too.
 void DrawContours(const Plot& plot, const Drawing& drawing);
 
-/// Finds the levels of gActivePlot and draws its contours into its window.
+/// Computes the levels of gActivePlot and draws its contours into its window.
 void TraceContours();
 
 } // namespace quandrel

@@ -20,7 +20,7 @@ namespace quandrel {
 
 namespace {
 
-/// A band of symbols: it holds densities from `bound` on, up to that of the next one.
+/// A band of symbols: densities from `bound` up to that of the next band.
 struct Band {
     int number = 1;
     double bound = 0; ///< per cent
@@ -28,7 +28,7 @@ struct Band {
 
 constexpr int kLastBand = kLastBandSymbol - kFirstBandSymbol + 1;
 
-/// Which densities a plot shows.
+/// The kinds of densities that a plot shows.
 struct DensitiesShown {
     bool points = false;
     bool gridSymbols = false;
@@ -40,7 +40,7 @@ struct DensitiesShown {
 DensitiesShown ShownBy(const PlotRecord& record) {
     DensitiesShown shown;
     if (!ShowsMainRows(record)) {
-        return shown; // the grid shows values, whose classes have lines of their own
+        return shown; // the grid shows values, whose classes have their own lines
     }
     const std::int16_t mode = record.PlotSymbolMode;
     shown.points = mode == kPointDensitySymbols;
@@ -49,7 +49,7 @@ DensitiesShown ShownBy(const PlotRecord& record) {
     return shown;
 }
 
-/// Bands of rows, behind the first, that two or more of n rows can make.
+/// Bands of rows after the first that two or more of n rows can reach.
 std::vector<Band> PointBands(std::int32_t n, double most) {
     const double unit = DensityOfOneRow(n);
     const double base = std::max(std::floor(unit), 1.0);
@@ -59,8 +59,7 @@ std::vector<Band> PointBands(std::int32_t n, double most) {
     }
     double bound = base;
     for (int number = 3; number <= kLastBand && bound <= most; ++number, bound *= 2) {
-        // A band that is wider than one row counts has room for some number of them; it has to end
-        // above two.
+        // A band wider than the density of one row can contain some count; it must end above two.
         if (bound > unit) {
             bands.push_back({number, bound});
         }
@@ -68,7 +67,7 @@ std::vector<Band> PointBands(std::int32_t n, double most) {
     return bands;
 }
 
-/// Bands of the grid's nodes behind the first.
+/// Bands of the grid's nodes after the first.
 std::vector<Band> GridBands(std::int32_t n, double most) {
     std::vector<Band> bands;
     double bound = GridBandBase(n);
@@ -82,8 +81,8 @@ SymbolCode CodeOfBand(const Styles& styles, int number) {
     return CodeOfStyleRow(styles, kFirstBandSymbol + number - 1);
 }
 
-/// Per cents of a column whose least one above 0 is told: with two decimals, or as many as give the
-/// least one two digits. None reads 0.00.
+/// The percentages of a column, with two decimals, or with as many as give the smallest one above 0
+/// two digits. None reads 0.00.
 class PerCentText {
 public:
     explicit PerCentText(double least)
@@ -123,7 +122,7 @@ void AddContours(std::vector<LegendLine>& lines, const Styles& styles, const Plo
     }
 }
 
-/// What one point counts, with the symbol of one point where there are such.
+/// The density of one point, with the symbol of an isolated point if there are any.
 LegendLine OnePointLine(const Styles& styles, const DensitiesShown& shown, std::int32_t n) {
     const double unit = DensityOfOneRow(n);
     const bool hasSymbol = shown.points || (shown.gridSymbols && unit < GridBandBase(n))

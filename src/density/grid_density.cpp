@@ -27,7 +27,7 @@ constexpr int kSquaredRim = 1000000;
 
 using DensityTable = std::remove_reference_t<decltype(*PlotRecord::DensityGrid)>;
 
-/// The emptied table of a plot, made on first use.
+/// The cleared table of a plot, made on first use.
 DensityTable& EmptyGrid(PlotRecord& record) {
     if (record.DensityGrid == nullptr) {
         record.DensityGrid = std::make_unique<DensityTable>();
@@ -38,7 +38,7 @@ DensityTable& EmptyGrid(PlotRecord& record) {
     return *record.DensityGrid;
 }
 
-/// Fills the table and gives the greatest count.
+/// Fills the table and returns the greatest count.
 std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows, StatusLine* watcher) {
     const int gridSize = record.GridSize;
     const int nodes = GridNodes(gridSize);
@@ -140,7 +140,7 @@ void DrawGridSymbols(const Plot& plot, const Drawing& drawing) {
     }
     const std::vector<DrawnNode> nodes = NodesToDraw(record, rows);
     ToldStep step(kDrawingText, static_cast<std::int64_t>(nodes.size()), drawing.watcher);
-    // Nodes behind one another with one band go to the surface together.
+    // Consecutive nodes of the same band are sent to the surface together.
     std::vector<Point> places;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         places.push_back(nodes[i].at);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Densities on a grid over the net: what gridded symbols show and contours follow.
+// Densities on a grid over the net, for gridded symbols and contours.
 //
-// The value of a node is the number of rows within kGridCountCone of the line under it. A node
-// outside the primitive stands for a line that left the net on this side and came in on the other,
-// at its distance from the rim mirrored; contours are clipped before that matters. Nodes are
-// indexed [column][row].
+// The value of a node is the number of rows within kGridCountCone of the line at its position. A
+// node outside the primitive represents a line that has left the net on this side and entered on
+// the other, mirrored at the rim; contours are clipped before that matters. Nodes are indexed
+// [column][row].
 
 #pragma once
 
@@ -27,8 +27,7 @@ namespace quandrel {
 void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int column,
                      std::span<std::int32_t> counts);
 
-/// What a node of the lowest band but one begins at: the density of one row in per cent, rounded
-/// up, and at least 1.
+/// The lower bound of band 2: the density of one row in per cent, rounded up, and at least 1.
 ///
 /// @param rows  rows of the plot, above 0
 [[nodiscard]] int GridBandBase(std::int32_t rows);
@@ -39,17 +38,17 @@ void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int 
 /// @param rows   rows of the plot, above 0
 [[nodiscard]] int GridBand(std::int32_t count, std::int32_t rows);
 
-/// True for a plot whose grid was counted.
+/// Whether the grid of a plot was counted.
 [[nodiscard]] bool HasDensityGrid(const PlotRecord& record);
 
 /// Counts the grid of a plot: GridSize, DensityGrid, GridDensityMax and DensityCount; also the
 /// class grid of a plot that is classified by its appended numbers.
 ///
-/// @param gridSize  brought into kSmallestGridSize to kLargestGridSize
-/// @param watcher   the status line, or nothing
+/// @param gridSize  clamped to kSmallestGridSize to kLargestGridSize
+/// @param watcher   the status line, or null
 void ComputeGridDensity(Plot& plot, int gridSize, StatusLine* watcher);
 
-/// Counts the grid of gActivePlot, of the size that the user has chosen.
+/// Counts the grid of gActivePlot at the size that the user has chosen.
 void ComputeGridDensity();
 
 /// Draws the symbol of its band at each node on the net that has rows within its cone. A plot
@@ -59,13 +58,13 @@ void DrawGridSymbols(const Plot& plot, const Drawing& drawing);
 /// The same of gActivePlot, in its window.
 void DrawGridSymbols();
 
-/// Rows about a line.
+/// The rows around a line.
 struct ConeDensity {
     std::int32_t count = 0;
     double perCent = 0; ///< of all rows
 };
 
-/// Density of a plot about any line: what a node of the grid there would hold.
+/// Density of a plot about any line: the value of a grid node at that line.
 ///
 /// @param plunge, trend  radians; the sign of the plunge is ignored
 [[nodiscard]] ConeDensity DensityAt(Plot& plot, double plunge, double trend);

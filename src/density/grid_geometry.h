@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where the nodes of the density grid lie: a square of GridNodes by GridNodes over the net, indexed
+// The geometry of the density grid: a square of GridNodes by GridNodes nodes over the net, indexed
 // (column, row) from its south-west corner, in plot units.
 
 #pragma once
@@ -21,7 +21,7 @@ inline constexpr int kLargestGridSize = kGridNodes - 3;
 ///
 /// @param gridSize  kSmallestGridSize to kLargestGridSize
 ///
-/// A whole number of units, so `gridSize` steps may fall short of the net's width. The step is one
+/// A whole number of units, so `gridSize` steps may be less than the net's width. The step is one
 /// unit more where the grid would otherwise end before the east and north rim: at 70, and from 110
 /// on.
 [[nodiscard]] constexpr int GridStep(int gridSize) {

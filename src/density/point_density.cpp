@@ -79,7 +79,7 @@ int PointDensityBand(std::int32_t count, std::int32_t rows) {
     if (density < static_cast<float>(base)) {
         return kFirstDoublingBand - 1;
     }
-    // The exponent of a floating number is the whole part of its logarithm to the base of 2.
+    // The exponent of a floating-point number is the integer part of its base-2 logarithm.
     return std::ilogb(static_cast<double>(density) / base) + kFirstDoublingBand;
 }
 

@@ -12,13 +12,13 @@
 
 namespace quandrel {
 
-/// Shows bar and text once a step has taken some time, and clears both at its own end. A step that
-/// is quick enough leaves the status line alone.
+/// Shows bar and text after a step has taken some time, and clears both in the destructor. A quick
+/// step does not change the status line.
 class ToldStep {
 public:
     /// @param maximum   value of the whole step; 0 counts as 1
-    /// @param watcher   the status line; without one nothing is shown
-    /// @param patience  how long the status line stays as it is
+    /// @param watcher   the status line; without it nothing is shown
+    /// @param patience  delay before the status line changes
     ToldStep(std::string text, std::int64_t maximum, StatusLine* watcher,
              std::chrono::milliseconds patience = kDrawingWithoutProgress);
 
@@ -27,7 +27,7 @@ public:
     ToldStep(const ToldStep&) = delete;
     ToldStep& operator=(const ToldStep&) = delete;
 
-    /// Tells how far the step is.
+    /// Reports the progress of the step.
     void Reach(std::int64_t done);
 
 private:
