@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kWidestGirdle = 50;
 
-/// A value as a whole number from 0 to `most`.
+/// A value as a whole number, clamped to 0 to `most`.
 int WholeOf(const TaggedValue& value, int most) {
     const double number = NumberOf(value);
     return number > 0 ? static_cast<int>(std::min(number, static_cast<double>(most))) : 0;
@@ -62,7 +62,7 @@ void DrawDensities(const Plot& plot, const Drawing& drawing) {
     }
 }
 
-/// The arrows that go with the rows, or none.
+/// The arrows of the rows, or none.
 SlipArrows ArrowsOfPlot(const Plot& plot) {
     if (plot.record.DensityInvalid == 0 && plot.record.NumSymbolsInPlot <= 0) {
         return {};
@@ -71,7 +71,7 @@ SlipArrows ArrowsOfPlot(const Plot& plot) {
             SlipArrowsTellSense(plot)};
 }
 
-/// The main rows, as the plot's mode tells.
+/// The main rows, in the plot's mode.
 void DrawMainRows(const Plot& plot, const Drawing& drawing) {
     switch (plot.record.PlotSymbolMode) {
     case kGreatCircles:
@@ -110,7 +110,7 @@ void DrawOverlays(const Plot& plot, const Drawing& drawing) {
     }
 }
 
-/// What the statistics leave open has no pole, and is not drawn.
+/// A girdle or axis that the statistics leave undetermined does not have a pole, and is not drawn.
 bool IsItemShown(const PlotRecord& record, int item) {
     const auto& values = record.AxisItems[static_cast<std::size_t>(item)];
     return NumberOf(values[kItemShown]) != 0 && !IsEmpty(values[kItemTrend]);

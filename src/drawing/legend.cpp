@@ -32,8 +32,8 @@ LegendLine TextLine(std::string text) {
     return {LegendSample::None, 0, std::move(text)};
 }
 
-/// The code that most speaks for rows first to last: that of the first one with a symbol whose
-/// shown value has the sign asked for.
+/// The most representative code of rows first to last: that of the first one with a symbol whose
+/// shown value has the given sign.
 SymbolCode CodeOfRows(const Plot& plot, std::int32_t first, std::int32_t last, bool upward) {
     for (std::int32_t row = first; row <= last; ++row) {
         const SymbolCode code = plot.rows.symbol(row);
@@ -45,7 +45,7 @@ SymbolCode CodeOfRows(const Plot& plot, std::int32_t first, std::int32_t last, b
     return 0;
 }
 
-/// What a symbol of the main rows stands for.
+/// The meaning of a symbol of the main rows.
 std::string NounOfRows(const PlotRecord& record) {
     if (IsPlottedAsPole(record, 0)) {
         return "Poles to planes";
@@ -74,7 +74,7 @@ LegendLine GreatCircleLine(const Plot& plot, std::int32_t first, std::int32_t la
             std::move(text)};
 }
 
-/// What an overlay shows: its files, or the other set of the rows, or its number.
+/// The description of an overlay: its files, or the other set of the rows, or its number.
 std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay) {
     std::string text;
     for (const std::string& path : record.OverlayFiles[overlay]) {
@@ -134,7 +134,7 @@ private:
     std::vector<LegendLine> lines_;
 };
 
-/// What there is to tell of the axes of one kind among both.
+/// The description of the axes of one kind in a plot of both.
 void Legend::AddAxisNumbers(AxisKind kind) {
     for (std::string& text : AxisLegendTexts(StatisticsOfAxes(plot_, styles_, formulas_, kind))) {
         lines_.push_back({LegendSample::Indent, 0, std::move(text)});
@@ -159,10 +159,10 @@ void Legend::AddKinematicLines() {
     }
 }
 
-/// Slip lines without a sense need a word, for they look like other marks.
+/// Slip lines without a sense need a word, because they look like other marks.
 void Legend::AddSlipLines() {
     if (record_.NumSymbolsInPlot > 0 && !SlipArrowsTellSense(plot_)) {
-        // They are in the colour of their rows: those of the top overlay where there is one.
+        // They are in the colour of their rows: those of the top overlay if there is one.
         const int top = record_.OverlayRows[kOverlayCount];
         const std::int32_t first = top > 0 ? FirstRowOfOverlay(record_, top) : 1;
         const SymbolCode row = CodeOfRows(plot_, first, record_.NumLoadedData, false);
@@ -185,7 +185,7 @@ void Legend::AddMainRows() {
     }
 }
 
-/// The classes of a classified plot, and what its rows show beside them.
+/// The classes of a classified plot, and what else its rows show.
 void Legend::AddClassifiedRows() {
     Add(ClassLegendLines(plot_, styles_));
     if (record_.PlotSymbolMode == kBetaIntersections && ShowsMainRows(record_)
@@ -225,14 +225,14 @@ std::vector<LegendLine> Legend::Lines() {
     return std::move(lines_);
 }
 
-/// The text, cut with a mark so that it is no wider than asked for.
+/// The text, cut and marked as cut if it is wider than the given width.
 std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
     if (surface.TextWidth(text) <= width) {
         return text;
     }
     std::string cut = text;
     while (!cut.empty()) {
-        // A character of several bytes goes whole.
+        // Removes a multi-byte character as a whole.
         while (cut.size() > 1 && (static_cast<unsigned char>(cut.back()) & 0xc0U) == 0x80U) {
             cut.pop_back();
         }
@@ -245,7 +245,7 @@ std::string CutToWidth(const Surface& surface, const std::string& text, double w
     return {};
 }
 
-/// Where lines go in the legend's box, in plot units from its top left corner.
+/// The positions of lines in the legend's box, in plot units from its top left corner.
 struct LegendLayout {
     double width = 0;
     double height = 0;
@@ -253,7 +253,7 @@ struct LegendLayout {
     double sampleWidth = 0;
 };
 
-/// Gives the box the units of the plot, so that samples are as large as what they stand for.
+/// Gives the box the units of the plot, so that samples have the size of the symbols on the plot.
 LegendLayout LayOut(const Drawing& drawing) {
     Surface& box = drawing.legend;
     const UserScale scale = box.Scale();
@@ -300,7 +300,7 @@ void DrawPatch(const Drawing& drawing, SymbolCode code, double left, double righ
                                            {centre + half, middle + halfHeight},
                                            {centre + half, middle - halfHeight},
                                            {centre - half, middle - halfHeight}}};
-    // Without a fill the outline alone shows the colour.
+    // Without a fill only the outline shows the colour.
     box.Polygon(corners,
                 CodeSymbol(code) == kNoFill
                     ? state.fillColour

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The legend: one line for each kind of thing on the plot, a sample and a text.
+// The legend: one line for each kind of thing on the plot, with a sample and a text.
 
 #pragma once
 
@@ -24,11 +24,11 @@ struct LegendSize {
     double height = 0;
 };
 
-/// The size that a box needs to hold the whole legend of a plot; 0 for a hidden one.
+/// The size of a box for the whole legend of a plot; 0 for a hidden one.
 [[nodiscard]] LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing);
 
-/// Draws lines from the top of the legend's box down. A text too long for the box is cut, and a box
-/// that cannot hold all lines ends in "...".
+/// Draws lines from the top of the legend's box down. A text too long for the box is cut. If the
+/// box cannot hold all lines, it ends in "...".
 void DrawLegendLines(const Drawing& drawing, const std::vector<LegendLine>& lines);
 
 /// Draws the legend of a plot into its box. A hidden legend draws nothing. A drawing for a window

@@ -25,16 +25,16 @@ namespace quandrel {
 
 namespace {
 
-/// What the window of a slot is drawn with.
+/// The Drawing for the window of a slot.
 Drawing DrawingOfWindow(int slot) {
     Drawing drawing = WindowDrawing(slot);
     drawing.circleAbove = CircleAbovePicture(slot);
     return drawing;
 }
 
-constexpr std::int16_t kFirstClassedRose = 10; ///< RoseType; below it are the kinds without classes
+constexpr std::int16_t kFirstClassedRose = 10; ///< RoseType; smaller ones do not have classes
 
-/// What all petals of a rose without classes make up: observations, or the sum of its values.
+/// The total of the petals of a rose without classes: observations, or the sum of its values.
 double TotalOfRose(const PlotRecord& record) {
     constexpr std::array<std::size_t, 10> kMeasureOfKind = {0, 1, 2, 3, 4, 5, 5, 1, 1, 0};
     return record
@@ -49,7 +49,7 @@ void DrawPicture(const WorkingOut& how) {
     DrawPlot(ActivePlot(), drawing);
 }
 
-/// Everything of the active plot and of its window.
+/// Draws the active plot and everything else in its window.
 void DrawActivePlot(const WorkingOut& how) {
     const BusyPointer busy(*gPlatform.status);
     DrawPicture(how);

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The plot driver: draws plots into their windows. It has worked out what has gone stale
-// (work_out.h), draws (draw_plot.h), and writes the texts of the window. It alone knows the order.
-// Folders below ask for it by ReplotActivePlot and RedrawPlot (core/replot.h).
+// The plot driver draws plots into their windows. It first recomputes what is out of date
+// (work_out.h), then draws (draw_plot.h), then writes the texts of the window. Only the driver
+// knows this order. Folders below request a redraw by ReplotActivePlot and RedrawPlot
+// (core/replot.h).
 //
-// Inside the folder: the driver, the working out, the drawing of whole plots, the legend, what the
-// buttons of a plot do.
-// Enters: a plot, what it is drawn with, and why (ReplotCause).
-// Leaves: drawing operations on the surfaces of the plot's window or on others, its texts, and what
-// the folders below have worked out in the plot.
+// This folder holds the plot driver, the computation of results, the drawing of whole plots, the
+// legend, and the actions of a plot's buttons.
+// Input: a plot, its Drawing, and the reason (ReplotCause).
+// Output: drawing operations on the surfaces of the plot's window or on others, its texts, and the
+// results that the folders below store in the plot.
 
 #pragma once
 
@@ -18,25 +19,26 @@
 
 namespace quandrel {
 
-/// Makes DrawForCause the drawer of all plots (core/replot.h).
+/// Makes DrawForCause the function that draws all plots (core/replot.h).
 void ConnectDrawing();
 
-/// Draws the plot of an open slot for a cause, whichever plot is the active one.
+/// Draws the plot of an open slot for a cause, whether or not it is the active one.
 void DrawForCause(int slot, ReplotCause cause);
 
-// What the window of gActivePlot is drawn with, part by part.
+// Draws the window of gActivePlot, part by part.
 
-/// Works out the plot and draws what its net has on it.
+/// Recomputes the plot and draws the contents of its net.
 void DrawStereoPlot(bool recalculate);
 
-/// Draws the great circle of a row of AxisItems that is shown; row 0 has none. A rose has none.
+/// Draws the great circle of a row of AxisItems that is shown; row 0 does not have one. A rose does
+/// not have any.
 void DrawGirdle(int item);
 
 /// Draws the symbol of a statistical axis, rows 9 and 10 of AxisItems.
 void DrawAxisItemSymbol(int item);
 
-/// The text of the number box: the valid rows, or the classified ones of them; of a rose what its
-/// petals make up, with the rows behind it where that is something else.
+/// The text of the number box: the valid rows, or how many of them are classified; for a rose the
+/// total of its petals, followed by the number of rows if that differs.
 [[nodiscard]] std::string NumberBoxText();
 
 } // namespace quandrel

@@ -29,7 +29,7 @@ std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     return "This will replot the data in the active plot:\n" + record.PlotTitle + "\nContinue?";
 }
 
-/// The first two buttons on a plot with overlays: the top one takes the form.
+/// The first two buttons on a plot with overlays: they change the drawing of the top overlay.
 void SetTopOverlayForm(PlotRecord& record, int button) {
     std::int16_t& kind =
         record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
@@ -102,7 +102,7 @@ void SetPlotSymbol(int button) {
         return;
     }
     if (button >= 2) {
-        // There is no button of mode 2.
+        // Mode 2 does not have a button.
         if (!hasOverlays && record.PlotSymbolMode != button + 1) {
             record.PlotSymbolMode = static_cast<std::int16_t>(button + 1);
             ReplotActivePlot(false);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the plot type, data type and symbol buttons do to the active plot. Each does nothing while a
-// long loop runs (gBusy). Looking at a plot in another way changes nothing that is to be saved:
+// The actions of the plot type, data type and symbol buttons on the active plot. Each does nothing
+// while a long loop runs (gBusy). A different view of a plot changes nothing that needs saving:
 // only texts of the user set Modified here.
 
 #pragma once
@@ -11,11 +11,12 @@
 
 namespace quandrel {
 
-/// Draws the plot as another kind (a PlotKindCode). All rows get their places on the other net.
+/// Draws the plot as another kind (a PlotKindCode). The positions of all rows are recomputed for
+/// the other net.
 void ChangePlotKind(std::int16_t kind);
 
-/// Takes the data as another kind (a DataKindCode), after a question when the plot has rows. False
-/// when the user thought better of it.
+/// Treats the data as another kind (a DataKindCode), after a question when the plot has rows. False
+/// when the user cancels.
 bool ChangeDataKind(std::int16_t kind);
 
 inline constexpr int kLastModeButton = 6;
@@ -25,7 +26,7 @@ inline constexpr int kLastModeButton = 6;
 /// overlay and the others do nothing.
 void SetPlotSymbol(int button);
 
-/// What the buttons of the display show or hide. The first six are places of LayerVisible.
+/// The display options of the buttons. The first six are indexes of LayerVisible.
 enum DisplayButton : int {
     kShowGirdles = 0,
     kShowFabric = 1,
@@ -40,28 +41,29 @@ enum DisplayButton : int {
 
 inline constexpr int kDisplayButtons = 9;
 
-/// Shows or hides a part of the active plot. The parts of a rose draw it anew, and so does the
-/// legend; the others are a matter of the window. New plots follow the last wish for statistics.
+/// Shows or hides a part of the active plot. The parts of a rose and the legend redraw it; the
+/// other parts only change the window. New plots take the last choice for statistics.
 void ShowPlotPart(int button, bool on);
 
-/// True when a part of the active plot is to be seen.
+/// Whether a part of the active plot is shown.
 [[nodiscard]] bool IsPlotPartShown(int button);
 
-/// Takes what the user has written about a plot.
+/// Stores the user's texts about a plot.
 void DescribePlot(int slot, const std::string& description);
 void NameFabric(int slot, const std::string& fabric);
 
-/// Takes a size of density grids for the plot in focus and for new plots (Settings::gridSize), down
-/// to a multiple of kGridStep within kCoarsestGrid to kFinestGrid. Nothing is drawn yet.
+/// Sets the size of density grids for the plot in focus and for new plots (Settings::gridSize),
+/// rounded down to a multiple of kGridStep within kCoarsestGrid to kFinestGrid. Nothing is drawn
+/// yet.
 void ChooseGridSize(int cells);
 
-/// The size chosen becomes that of the grid of the active plot, if it has one.
+/// Applies the chosen size to the grid of the active plot, if it has one.
 void FollowGridOfPlot();
 
-/// A plot that counts on a grid of another size than the one chosen is drawn anew.
+/// Redraws a plot whose grid was counted at another size than the chosen one.
 void UseGridSize();
 
-/// Takes the normal or the advanced statistics of the active plot; new plots follow.
+/// Selects the normal or the advanced statistics of the active plot; new plots follow.
 void UseAdvancedStatistics(bool advanced);
 
 } // namespace quandrel

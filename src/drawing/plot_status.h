@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the status line says of a plot once it is drawn.
+// The status line of a plot after it is drawn.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace quandrel {
 
-/// The number of data and the plot's title; of a plot without data what can be done with it.
+/// The number of data and the plot's title; for a plot without data, what the user can do with it.
 [[nodiscard]] std::string StatusOfPlot(const PlotRecord& record);
 
 } // namespace quandrel

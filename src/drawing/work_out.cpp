@@ -36,7 +36,7 @@ bool GridIsStale(const Plot& plot, int gridSize) {
            || (plot.gridCount != 0) != wantsValues;
 }
 
-/// The grid of a plot that shows it, by symbols, contours or classes, and its contours.
+/// The grid of a plot that shows it, as symbols, contours or classes, and its contours.
 void WorkOutGrid(Plot& plot, const WorkingOut& how) {
     const PlotRecord& record = plot.record;
     const bool showsClasses = record.ClassMode == kClassesByNumber && record.NumClasses >= 1;
@@ -59,8 +59,8 @@ void WorkOutIntersections(Plot& plot, const WorkingOut& how) {
     }
 }
 
-/// An edit that was taken back may have made axes of a plot's lines again: what counts over both
-/// kinds of axes is not drawn.
+/// Undoing an edit may have turned a plot's lines back into axes: drawings that count over both
+/// kinds of axes are not drawn.
 void KeepAxesApart(Plot& plot) {
     const std::int16_t formerKind = plot.record.PlotKind;
     MendMixedAxes(plot.record);
@@ -89,7 +89,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
         WorkOutRose(plot, how.cause, how.formulas);
         return;
     }
-    // A change of the main rows of a plot with overlays shows in its statistics too.
+    // A change of the main rows of a plot with overlays also affects its statistics.
     if (record.RowsChanged != 0) {
         ComputeRowStatistics(plot, how);
     }

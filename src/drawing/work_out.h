@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What a plot has worked out before it is drawn: the order of its rows, statistics, densities,
-// grids, classes. All of it is kept in the plot.
+// The computation of a plot's results before it is drawn: the order of its rows, statistics,
+// densities, grids, classes. All of them are stored in the plot.
 
 #pragma once
 
@@ -12,27 +12,27 @@
 
 namespace quandrel {
 
-/// What the working out goes by.
+/// The input of the computation besides the plot.
 struct WorkingOut {
-    ReplotCause cause = ReplotCause::Settings; ///< Rows takes the rows as changed
+    ReplotCause cause = ReplotCause::Settings; ///< Rows treats the rows as changed
     const Styles& styles;                      ///< of the symbols of classes
     Formulas formulas = Formulas::Own;
     int gridSize = 0; ///< of the density grid, kCoarsestGrid to kFinestGrid
     StatusLine* watcher = nullptr;
 };
 
-/// That of a slot for a cause, by the settings in force. Plots but the one in focus, and pictures
-/// of what has not changed, keep the grid that they have.
+/// The input for a slot and a cause, from the current settings. Plots that are not in focus, and
+/// pictures of unchanged plots, keep their grid.
 [[nodiscard]] WorkingOut WorkingOutOf(int slot, ReplotCause cause);
 
-/// Works out what has gone stale in a plot.
+/// Recomputes the results of a plot that are out of date.
 void WorkOutPlot(Plot& plot, const WorkingOut& how);
 
-/// Before a plot is drawn elsewhere than in its window: counts a rose whose rows or settings have
-/// changed since its window was drawn. Nothing is asked or told.
+/// Counts a rose whose rows or settings have changed since its window was drawn, before the plot is
+/// drawn elsewhere. There are no questions or messages.
 void WorkOutUnseen(Plot& plot);
 
-/// Sorts the main rows by x and works out their densities, statistics and classes.
+/// Sorts the main rows by x and computes their densities, statistics and classes.
 void ComputeRowStatistics(Plot& plot, const WorkingOut& how);
 
 /// The same of gActivePlot.
