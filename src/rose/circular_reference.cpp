@@ -64,7 +64,7 @@ std::vector<AngleCount> SortedGroups(std::span<const AngleCount> groups) {
 /// Mean distance of the angles from any direction, in O(log n) each.
 class MeanDistances {
 public:
-    /// @param groups  ascending from 0, below a turn
+    /// @param groups  ascending from 0, below a full turn
     explicit MeanDistances(std::span<const AngleCount> groups) {
         for (const auto& [angle, count] : groups) {
             if (angles_.empty() || angle > angles_.back()) {
