@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Statistics of P and of T axes apart, in a plot that shows both. The record of such a plot holds
+// Separate statistics of P and of T axes in a plot that shows both. The record of such a plot holds
 // those of P.
 
 #pragma once
@@ -15,19 +15,19 @@
 
 namespace quandrel {
 
-/// The axes of one kind with their statistics, as a record of theirs alone has them.
+/// The axes of one kind with their statistics, as in the record of a plot of these axes alone.
 struct AxisStatistics {
-    std::vector<DistinctLine> lines; ///< empty without axes; the record is then that of no plot
+    std::vector<DistinctLine> lines; ///< empty without axes; the record is then meaningless
     PlotRecord record;
 };
 
-/// Those of a plot, worked out from its rows. O(rows).
+/// The statistics of a plot, computed from its rows. O(rows).
 ///
-/// @param styles  that the symbols of the axes were taken from
+/// @param styles  the source of the symbols of the axes
 [[nodiscard]] AxisStatistics StatisticsOfAxes(const Plot& plot, const Styles& styles,
                                               Formulas formulas, AxisKind kind);
 
-/// Those of gActivePlot, by the formulas in force.
+/// Those of gActivePlot, by the current formulas.
 [[nodiscard]] AxisStatistics StatisticsOfAxes(AxisKind kind);
 
 /// "P shortening axes" or "T extension axes".

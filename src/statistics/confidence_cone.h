@@ -13,17 +13,16 @@
 
 namespace quandrel {
 
-/// Semi-angle of the cone by the given formulas, radians, from the spherical standard error;
-/// nothing where the distribution is not symmetric about its axis, or the error is too large for a
-/// cone.
+/// Semi-angle of the cone by the given formulas, radians, from the spherical standard error. Empty
+/// where the distribution is not symmetric about its axis, or the error is too large for a cone.
 [[nodiscard]] std::optional<double> ConfidenceConeAngle(const PlotRecord& record,
                                                         Formulas formulas = Formulas::Own);
 
-/// The cone of gActivePlot in a line: its axis and semi-angle in degrees, or why there is none.
+/// The cone of gActivePlot on one line: its axis and semi-angle in degrees, or why there is none.
 [[nodiscard]] std::string ConfidenceConeText();
 
 /// Draws the cone about the principal axis, by the formulas of the drawing, if it is to be shown
-/// and there is one.
+/// and exists.
 void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing);
 
 } // namespace quandrel

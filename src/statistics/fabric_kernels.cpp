@@ -14,10 +14,10 @@ namespace {
 constexpr std::size_t kPlunges = 91;
 constexpr std::size_t kTrends = 361;
 
-/// Components smaller than this are what rounding has left of 0.
+/// Components smaller than this are rounding errors of 0.
 constexpr double kLeastComponent = 1e-12;
 
-/// @param whole  what the component is a part of
+/// @param whole  the size of the vector to which the component belongs
 double WithoutRounding(double component, double whole = 1) {
     return std::abs(component) < kLeastComponent * whole ? 0 : component;
 }
@@ -27,7 +27,7 @@ Direction WithoutRounding(const Direction& vector, double whole = 1) {
             WithoutRounding(vector.n, whole)};
 }
 
-/// The parts that direction cosines of whole degrees are made of.
+/// The factors of the direction cosines of whole degrees.
 struct DegreeCosines {
     std::array<Direction, kPlunges> toNorth; ///< lines that plunge to the north
     std::array<Direction, kTrends> level;    ///< horizontal lines
@@ -53,7 +53,7 @@ double Dot(const Direction& a, const Direction& b) {
     return a.l * b.l + a.m * b.m + a.n * b.n;
 }
 
-/// The place of the first greatest value.
+/// The index of the first greatest value.
 std::size_t PlaceOfGreatest(const std::array<double, 3>& values) {
     std::size_t greatest = 0;
     for (std::size_t i = 1; i < values.size(); ++i) {
@@ -64,7 +64,7 @@ std::size_t PlaceOfGreatest(const std::array<double, 3>& values) {
     return greatest;
 }
 
-/// The place of the first least value.
+/// The index of the first least value.
 std::size_t PlaceOfLeast(const std::array<double, 3>& values) {
     std::size_t least = 0;
     for (std::size_t i = 1; i < values.size(); ++i) {
@@ -75,7 +75,7 @@ std::size_t PlaceOfLeast(const std::array<double, 3>& values) {
     return least;
 }
 
-/// The places of three values in ascending order.
+/// The indexes of three values in ascending order.
 std::array<std::size_t, 3> AscendingPlaces(const std::array<double, 3>& values) {
     const std::size_t greatest = PlaceOfGreatest(values);
     const std::size_t least = PlaceOfLeast(values);
@@ -85,18 +85,18 @@ std::array<std::size_t, 3> AscendingPlaces(const std::array<double, 3>& values) 
     return {least, 3 - greatest - least, greatest};
 }
 
-/// A vector as a unit vector that points down; north or east when it is horizontal.
+/// A vector as a unit vector that points down; a horizontal one points north or east.
 Direction Downward(const Direction& vector) {
     const double length = LengthOf(vector);
     const Direction unit =
         WithoutRounding({vector.l / length, vector.m / length, vector.n / length});
     const double sense = unit.n != 0 ? unit.n : unit.l != 0 ? unit.l : unit.m;
     const double sign = sense < 0 ? -1 : 1;
-    // The sums make a plain 0 of -0.
+    // The sums turn -0 into 0.
     return {sign * unit.l + 0.0, sign * unit.m + 0.0, sign * unit.n + 0.0};
 }
 
-/// ln(a/b) of two eigenvalues; eigenvalues that count as 0 have none.
+/// ln(a/b) of two eigenvalues; empty when one counts as 0.
 double LogRatio(double a, double b) {
     return a < kLeastEigenvalue || b < kLeastEigenvalue ? kFailedResult : std::log(a / b);
 }
@@ -118,7 +118,7 @@ WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LinePolarit
         const Direction& level = cosines.level[static_cast<std::size_t>(line.trend)];
         const Direction& steep = cosines.toNorth[static_cast<std::size_t>(std::abs(line.plunge))];
         const double sign = polarity == LinePolarity::kDirected && line.plunge < 0 ? -1 : 1;
-        // The sums make a plain 0 of -0.
+        // The sums turn -0 into 0.
         result.directions[i] = {sign * steep.l * level.l + 0.0, sign * steep.l * level.m + 0.0,
                                 sign * steep.n};
         result.weights[i] = line.rows;
@@ -201,7 +201,7 @@ FabricAxes SortedAxes(const EigenSystem3& system) {
 }
 
 void AxisToLine(const Direction& axis, double& plunge, double& trend) {
-    // The trend is that of the downward end already.
+    // The trend is already that of the lower end.
     CosinesToLine(axis, plunge, trend);
     plunge = std::abs(plunge);
 }
@@ -209,7 +209,7 @@ void AxisToLine(const Direction& axis, double& plunge, double& trend) {
 void DirectedLine(const Direction& direction, double& plunge, double& trend) {
     CosinesToLine(direction, plunge, trend);
     if (direction.n < 0 && direction.l == 0 && direction.m == 0) {
-        plunge = -plunge; // straight up, which CosinesToLine does not tell from straight down
+        plunge = -plunge; // CosinesToLine gives straight up as straight down
     }
 }
 
@@ -219,7 +219,7 @@ FabricShape ShapeOf(const std::array<double, 3>& eigenvalues) {
     shape.ratio12 = LogRatio(e2, e1);
     shape.ratio23 = LogRatio(e3, e2);
     shape.zeta = LogRatio(e3, e1);
-    // Equal eigenvalues differ by rounding, and so little is no divisor.
+    // Equal eigenvalues differ by rounding; such a small difference must not be a divisor.
     const bool hasRatios = shape.ratio12 != kFailedResult && shape.ratio23 != kFailedResult;
     if (hasRatios && e2 - e1 >= kLeastEigenvalue) {
         shape.gamma = shape.ratio23 / shape.ratio12;

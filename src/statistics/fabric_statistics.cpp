@@ -36,7 +36,7 @@ MeanDirection MeanOf(const WeightedDirections& rows,
     return mean;
 }
 
-/// The means; those of polar lines tell the senses, the others lie in the lower hemisphere.
+/// The means; those of polar lines have a sense, the others are in the lower hemisphere.
 void StoreMeans(PlotRecord& record, const std::vector<DistinctLine>& lines,
                 const WeightedDirections& axes) {
     const MeanDirection axial = MeanOf(axes, AxisToLine);
@@ -71,7 +71,7 @@ EigenSystem3 SystemOf(const EigenTable& table) {
     return system;
 }
 
-/// Puts eigenvalues and axes in the place of the tensor that they are of.
+/// Replaces the tensor by its eigenvalues and axes.
 void StoreAxes(PlotRecord& record) {
     EigenTable table{};
     JacobiEigen3(record.FabricResults, table);
@@ -112,7 +112,7 @@ void StorePlaneItem(PlotRecord& record, std::size_t item, std::size_t axis) {
     record.AxisItems[item][kItemTrend] = pole.trend;
 }
 
-/// The statistical rows of the axis items; which of them are shown is the user's matter.
+/// Sets the statistical rows of the axis items; the user decides which of them are shown.
 void StoreAxisItems(PlotRecord& record) {
     auto& mean = record.AxisItems[kMeanItem];
     mean[kItemPlunge] = TaggedValue();
@@ -125,7 +125,7 @@ void StoreAxisItems(PlotRecord& record) {
     StorePlaneItem(record, kGirdleItem, 1);
 }
 
-/// The sample as the record has it, in 32 bits.
+/// The sample as in the record, in 32 bits.
 AxisSample SampleInRecord(const PlotRecord& record, const WeightedDirections& axes) {
     AxisSample sample;
     sample.count = TotalWeight(axes.weights);
@@ -137,7 +137,7 @@ AxisSample SampleInRecord(const PlotRecord& record, const WeightedDirections& ax
     return sample;
 }
 
-/// The standard error, or kNotSymmetric. Formulas differ in the test of symmetry alone.
+/// The standard error, or kNotSymmetric. The formulas differ only in the test of symmetry.
 double JudgedStandardError(const AxisSample& sample, const WeightedDirections& axes,
                            Formulas formulas) {
     const AxisSample judged =

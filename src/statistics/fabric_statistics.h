@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The fabric statistics of a plot, worked out from its main rows into its record.
+// The fabric statistics of a plot, computed from its main rows into its record.
 //
-// Angles are radians. Where the results stand in PlotRecord:
+// This folder holds fabric statistics, their texts, and a reference in full precision.
+// Input: the lines of a plot's rows, and the choice of formulas.
+// Output: results in the plot's record, texts, and the confidence cone on a surface.
+//
+// Angles are radians. The results in PlotRecord:
 //   FabricResults[i][0]     eigenvalue i of the orientation tensor, 1 least to 3 greatest
 //   FabricResults[1..3][i]  its axis along north, east and down, of unit length, pointing down
 //   EigenResults            see EigenPlace
@@ -16,7 +20,7 @@
 //   AxisItems[0][2..3]      the mean direction
 //   AxisItems[9], [10]      the planes normal to the greatest and to the least axis
 // A mean without a direction has kNoDirection as plunge and trend. The planes of axes that the
-// eigenvalues leave open have the text kUndetermined and no pole.
+// eigenvalues do not determine have the text kUndetermined and no pole.
 
 #pragma once
 
@@ -29,15 +33,15 @@
 
 namespace quandrel {
 
-/// Works out the fabric statistics of a plot. Without a valid row the old ones stay.
+/// Computes the fabric statistics of a plot. Without a valid row the old ones stay.
 ///
 /// In a plot of P and T axes they are those of P.
 void ComputeFabricStatistics(Plot& plot, Formulas formulas);
 
-/// The same of gActivePlot, by the formulas in force.
+/// The same of gActivePlot, by the current formulas.
 void ComputeFabricStatistics();
 
-/// The same of some lines into any record, by its DataKind. Without a line the old ones stay.
+/// The same of some lines for any record, by its DataKind. Without a line the old ones stay.
 void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
                            Formulas formulas);
 
@@ -52,18 +56,18 @@ struct AxisLine {
 
 [[nodiscard]] AxisLine FabricAxis(const PlotRecord& record, std::size_t axis);
 
-/// True when the eigenvalues of a record leave no doubt about an axis, 1 to 3.
+/// Whether the eigenvalues of a record determine an axis, 1 to 3.
 [[nodiscard]] bool IsAxisDetermined(const PlotRecord& record, std::size_t axis);
 
-/// The spherical standard error of gActivePlot by the given formulas: what FabricValueC holds when
-/// they are in force. kFailedResult without rows.
+/// The spherical standard error of gActivePlot by the given formulas: the value of FabricValueC
+/// when these are chosen. kFailedResult without rows.
 [[nodiscard]] double StandardErrorOfActivePlot(Formulas formulas);
 
 /// The same of lines whose statistics a record holds.
 [[nodiscard]] double StandardErrorOf(const PlotRecord& record,
                                      const std::vector<DistinctLine>& lines, Formulas formulas);
 
-/// True when the record has a mean direction.
+/// Whether the record has a mean direction.
 [[nodiscard]] bool HasMeanDirection(const PlotRecord& record);
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines and planes as texts, in the notation in force or in any other.
+// Lines and planes as texts, in the current notation or in any other.
 
 #pragma once
 
@@ -10,15 +10,15 @@
 
 namespace quandrel {
 
-/// A line as it is printed with so many decimals of degrees: one that points up by less than they
-/// show lies level and takes the trend that it points to.
+/// Rounds a line to a number of decimals of degrees, as it is printed. An upward line whose plunge
+/// rounds to 0 becomes horizontal and takes the trend to which it points.
 ///
-/// @param[in,out] plunge  radians; negative upward, beside the trend of the lower end
+/// @param[in,out] plunge  radians; negative upward, with the trend of the lower end
 /// @param[in,out] trend   radians
 void SettleForPrint(int decimals, double& plunge, double& trend);
 
-/// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: what rounds to
-/// a full turn is north, "0".
+/// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: a value that
+/// rounds to 360 is north, "0".
 ///
 /// @param azimuth  radians
 [[nodiscard]] std::string WholeAzimuthText(double azimuth);

@@ -19,7 +19,7 @@ namespace quandrel {
 
 namespace {
 
-/// The shortest digits that read back as the value; "inf" of an infinite one.
+/// The shortest digits that read back as the value; "inf" for an infinite one.
 template <class Number>
 std::string AllDigits(Number value) {
     std::array<char, 32> digits{};
@@ -27,7 +27,7 @@ std::string AllDigits(Number value) {
     return std::string(digits.data(), end);
 }
 
-// The formats of the texts. Angles come in radians.
+// The formats of the texts. Angles are in radians.
 
 std::string Whole(double value) {
     return FormatNumber(value, "0");
@@ -45,30 +45,30 @@ std::string FixedDegrees(double radians) {
     return Fixed(RadToDeg(radians));
 }
 
-/// One place of the texts that has the number of an entry.
+/// One place in the texts that shows the number of an entry.
 struct Printing {
     std::string (*text)(double) = nullptr;
-    double number = 0; ///< behind the printed text
+    double number = 0; ///< printed in rounded form
 };
 
 using Printings = std::vector<Printing>;
 
-/// The printings of an axis, 1 to 3: none where the texts say that it is undetermined.
+/// The printed forms of an axis, 1 to 3: none where the texts print it as undetermined.
 Printings OfAxis(const PlotRecord& record, std::size_t axis, Printings printings) {
     return IsAxisDetermined(record, axis) ? std::move(printings) : Printings();
 }
 
-/// The printings of a number: none where the textbook's formulas print that it is undetermined.
+/// The printed forms of a number: none where the textbook's formulas print it as undetermined.
 Printings OfNumber(double number, Printings printings) {
     const bool isWord =
         gSettings.notation.formulas == Formulas::Textbook && number == kFailedResult;
     return isWord ? Printings() : std::move(printings);
 }
 
-/// Gathers entries, and notes where the texts print something else.
+/// Collects entries, and records where the texts print something else.
 class EntryList {
 public:
-    /// @param value  in the unit of the printings
+    /// @param value  in the unit of the printed forms
     void Add(std::string name, std::optional<double> value, const Printings& printings = {}) {
         ReferenceLine entry{std::move(name), value, {}};
         for (const auto& [text, number] : printings) {
@@ -80,7 +80,7 @@ public:
         entries_.push_back(std::move(entry));
     }
 
-    /// @param radians  as of the printings; the entry has degrees
+    /// @param radians  as in the printed forms; the entry is in degrees
     void AddAngle(std::string name, std::optional<double> radians,
                   const Printings& printings = {}) {
         Add(std::move(name), radians, printings);
@@ -89,7 +89,7 @@ public:
         }
     }
 
-    /// A value for which the texts have words.
+    /// A value that the texts print as words.
     void AddBesideWords(std::string name, std::optional<double> value, std::string words) {
         entries_.push_back({std::move(name), value, std::move(words)});
     }
@@ -100,7 +100,7 @@ private:
     std::vector<ReferenceLine> entries_;
 };
 
-/// A line or a plane, radians, or nothing.
+/// A line or a plane, radians, or empty.
 struct Pair {
     std::optional<double> first;
     std::optional<double> azimuth;
@@ -134,16 +134,16 @@ Pair PrintedAxis(const PlotRecord& record, std::size_t axis) {
     return {line.plunge, line.trend};
 }
 
-/// A printed pair with so many decimals.
+/// A printed pair with a number of decimals.
 AxisLine SettledPair(int decimals, const Pair& printed) {
     AxisLine settled{*printed.first, *printed.azimuth};
     SettleForPrint(decimals, settled.plunge, settled.trend);
     return settled;
 }
 
-/// A pair that the advanced text has with decimals and the normal one in whole degrees.
+/// A pair that the advanced text prints with decimals and the normal one in whole degrees.
 ///
-/// @param printed  nothing where the texts say that it is undetermined
+/// @param printed  empty where the texts print it as undetermined
 void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pair& value,
              const Pair& printed) {
     if (!printed.first) {
@@ -223,10 +223,10 @@ void AddShape(EntryList& list, const ReferenceStatistics& statistics, const Plot
     list.Add("zeta", statistics.zeta, printed(2, kShapeNumber));
 }
 
-/// The statistic that decides what the texts say, in the digits of its 32 bits.
+/// The statistic that decides what the texts say, with 32-bit precision.
 std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& record) {
     const float statistic = record.EigenResults[3][kLogRatio];
-    // What a difference of eigenvalues that counts as 0 leads to.
+    // The results when a difference of eigenvalues counts as 0.
     const double least = 2 * count * kLeastEigenvalue * kLeastEigenvalue;
     return static_cast<double>(statistic) < least ? 0 : ReadNumber(AllDigits(statistic));
 }

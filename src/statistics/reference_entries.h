@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The reference statistics as a list of named numbers, each beside what the statistics texts of the
-// plot have for it.
+// The reference statistics as a list of named numbers, each with the corresponding value of the
+// statistics texts.
 
 #pragma once
 
@@ -13,9 +13,9 @@
 
 namespace quandrel {
 
-/// The numbers in their order.
+/// The numbers in order.
 ///
-/// @param record  of the same rows, with its statistics worked out
+/// @param record  of the same rows, with its statistics computed
 [[nodiscard]] std::vector<ReferenceLine> ReferenceEntries(const ReferenceStatistics& statistics,
                                                           const PlotRecord& record);
 

@@ -15,14 +15,14 @@ namespace quandrel {
 
 namespace {
 
-/// What lies below this beside 1 is rounding of doubles.
+/// A value smaller than this, relative to 1, is a rounding error of doubles.
 constexpr double kRounding = 1e-12;
 
 double WithoutRounding(double value) {
     return std::abs(value) < kRounding ? 0 : value;
 }
 
-/// A value that is 1 but for rounding as 1.
+/// The value, or 1 if it differs only by rounding.
 double SettledAtOne(double value) {
     return 1 - WithoutRounding(1 - value);
 }
@@ -31,7 +31,7 @@ double Dot(const Direction& a, const Direction& b) {
     return a.l * b.l + a.m * b.m + a.n * b.n;
 }
 
-/// Eigenvalues that differ by less than the printed ones can tell count as equal.
+/// Eigenvalues count as equal if they differ by less than the printed ones can show.
 bool Tie(double e, double greater) {
     return greater - e < kLeastEigenvalue;
 }
@@ -43,7 +43,7 @@ std::optional<double> LogOfQuotient(double above, double below) {
     return std::log(above / below);
 }
 
-/// Takes rounding off ascending eigenvalues: from 0 and 1, and between equal ones.
+/// Removes rounding errors from ascending eigenvalues: from 0 and 1, and between equal ones.
 std::array<double, 3> SettledEigenvalues(std::array<double, 3> values) {
     for (double& value : values) {
         value = WithoutRounding(SettledAtOne(value));
@@ -129,7 +129,7 @@ AxisCovariance CovarianceOf(const WeightedDirections& rows, const ReferenceStati
             sum.mixed / (squaredCount * gap1 * gap2)};
 }
 
-/// The ellipse that holds the axis at 95%: chi-square with two degrees of freedom.
+/// The 95% confidence ellipse of the axis: chi-square with two degrees of freedom.
 void FindEllipse(ReferenceStatistics& result, const WeightedDirections& rows) {
     if (result.count <= 1 || !result.hasAxis[2]) {
         return;
@@ -170,7 +170,7 @@ FisherStatistics FisherOf(const WeightedDirections& rows, double count) {
     return fisher;
 }
 
-/// The mean resultant length that a precision parameter leads to.
+/// The mean resultant length of a precision parameter.
 double MeanLengthOf(double kappa) {
     if (kappa < 1e-3) {
         return kappa / 3 - kappa * kappa * kappa / 45; // the series, where the two terms cancel

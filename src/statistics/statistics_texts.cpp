@@ -41,7 +41,7 @@ std::string NumberLine(const PlotRecord& record) {
     return Line("No. of Data = " + std::to_string(record.NumValidData));
 }
 
-/// True when there is nothing to tell of but the number of data. A rose writes its own statistics.
+/// Whether there is nothing to report but the number of data. A rose writes its own statistics.
 bool HasStereoStatistics(const PlotRecord& record) {
     return record.PlotKind < kRose && !DistinctLinesOf(ActivePlot()).empty();
 }
@@ -72,7 +72,7 @@ std::string DegreesOfPlane(const PlotRecord& record, std::size_t axis) {
     return DegreePair(dip, dipDirection) + " (dip - dip dir'n)";
 }
 
-/// An axis in the notation in force, or the plane normal to it.
+/// An axis in the current notation, or the plane normal to it.
 ///
 /// @param text  TextOfLine or TextOfPlaneOfPole
 std::string TextOfAxis(const PlotRecord& record, std::size_t axis,
@@ -133,7 +133,7 @@ struct Range {
     double greatest = 0;
 };
 
-/// The least and the greatest value of a layer of the class grid, nodes without one apart.
+/// The minimum and maximum of a layer of the class grid, without unset nodes.
 std::optional<Range> RangeOfGrid(const GridValues& grid, std::size_t layer, int gridSize) {
     std::optional<Range> range;
     const auto nodes = static_cast<std::size_t>(std::clamp(gridSize + 3, 0, kGridNodes));
@@ -170,7 +170,7 @@ std::string GridLines(const PlotRecord& record) {
     return lines;
 }
 
-/// What the lines about the precision of the principal axis print.
+/// The printed values of the lines about the precision of the principal axis.
 struct PrecisionTexts {
     std::string error;
     std::string cone;
@@ -229,7 +229,7 @@ std::string ResultantLines(const PlotRecord& record) {
            + Line("E2-E3 (girdle) plane: " + DegreesOfPlane(record, 1)) + kLineEnd;
 }
 
-/// The components of an axis, each with the tab after it.
+/// The components of an axis, each followed by a tab.
 std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
     if (!IsAxisDetermined(record, axis)) {
         return std::string(kUndetermined) + "\t\t"; // as wide as two columns
@@ -254,7 +254,7 @@ std::string EigenvectorLines(const PlotRecord& record, const std::vector<Distinc
     return lines;
 }
 
-/// A number that failed as the program prints it, and as the textbook has none.
+/// A failed number: the program's own marker, and the textbook's text for undetermined.
 PrintedResult ShapeNumber(double value) {
     const std::string text = FormatNumber(value, kFixed);
     const std::string textbook = value == kFailedResult ? std::string(kUndetermined) : text;
@@ -286,7 +286,7 @@ std::string AssumptionLine(const PlotRecord& record) {
     return text.empty() ? text : Line(text);
 }
 
-/// The normal text of P and of T, one below the other.
+/// The normal text of P, followed by that of T.
 std::string MeanLinesOfBothAxes() {
     std::string lines;
     for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
@@ -297,7 +297,7 @@ std::string MeanLinesOfBothAxes() {
     return lines;
 }
 
-/// The advanced text of P and of T, one below the other.
+/// The advanced text of P, followed by that of T.
 std::string FabricLinesOfBothAxes() {
     std::string lines;
     for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
@@ -324,8 +324,8 @@ std::optional<AppendedStatistics> AppendedStatisticsOfActivePlot() {
         if (dips[row] == kErrorRow || numbers[row] == kInvalidNumber) {
             continue;
         }
-        // The sums run along with the mean, so that large numbers close to each other keep theirs
-        // (B. P. Welford 1962, Technometrics 4, 419-420).
+        // The sums are updated with the mean, so that large numbers close to each other keep their
+        // precision (B. P. Welford 1962, Technometrics 4, 419-420).
         const auto number = static_cast<double>(numbers[row]);
         count += 1;
         const double step = number - result.mean;
