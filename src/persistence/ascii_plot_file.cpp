@@ -29,7 +29,7 @@ namespace quandrel {
 
 namespace {
 
-/// The pair of gDataFileFilter for binary plot files: they keep all of a plot.
+/// The gDataFileFilter index of binary plot files, which store a complete plot.
 constexpr int kBinaryFilter = 3;
 
 ParameterItems ItemsOf(const PlotRecord& record) {
@@ -68,7 +68,7 @@ public:
         text_ += field;
     }
 
-    /// An orientation in two fields; both empty where it is missing.
+    /// An orientation in two fields; both are empty where it is missing.
     void AddPair(std::int32_t dip, std::int32_t azimuth, bool present) {
         Add(present ? TextOf(dip) : std::string());
         Add(present ? TextOf(azimuth) : std::string());
@@ -92,8 +92,8 @@ std::string OnOneLine(std::string_view text) {
     return field;
 }
 
-/// A text as a field: one that begins with a quote is put in quotes, its own written twice, for a
-/// reader takes quotes about a field away.
+/// A text as a field. A text that begins with a quote is enclosed in quotes, and its own quotes are
+/// doubled, because a reader removes quotes around a field.
 std::string FieldOfText(std::string_view text) {
     const std::string field = OnOneLine(text);
     if (field.empty() || field.front() != '"') {
@@ -109,7 +109,7 @@ std::string FieldOfText(std::string_view text) {
     return quoted + "\"";
 }
 
-/// What the user has written about the plot, as comments: a name in front of each line.
+/// The user's texts about the plot, as comments: a name at the start of each line.
 std::string CommentLines(const std::string& name, const std::string& text) {
     std::string lines;
     for (std::size_t start = 0; start < text.size();) {
@@ -169,7 +169,7 @@ std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
     return fields.Text() + "\r\n";
 }
 
-/// How a reader takes the lines of the text.
+/// How a reader interprets the lines of the text.
 LineFormat FormatOfOwnText() {
     const FormatSettings inForce = gSettings.format;
     ParameterItems items = ParseParameterLine(BuildParameterLine(true));
@@ -180,13 +180,13 @@ LineFormat FormatOfOwnText() {
     return format;
 }
 
-/// The kept lines of a plot that are no data, row by row.
+/// The stored non-data lines of a plot, row by row.
 class NonDataLines {
 public:
     NonDataLines(int slot, const PlotRecord& record)
         : lines_(gErrorLines[static_cast<std::size_t>(slot)])
         , format_(FormatOfOwnText()) {
-        // A head of our own has been written anew.
+        // The program's own head is written again.
         const bool hasOwnHead = Of(1).starts_with(kOwnTextStart);
         for (std::int32_t row = 1; hasOwnHead && row <= record.NumData; ++row) {
             if (DipOfRow(slot, row) != kErrorRow || IsParameterLine(Of(row))) {
@@ -196,14 +196,14 @@ public:
         }
     }
 
-    /// The line of an error row with its line end, as a comment when a reader would take it for
-    /// data; empty where it was blank, or set a format, which is not that of the text to write.
+    /// The line of an error row with its line end, as a comment if a reader would take it for data.
+    /// Empty if it was blank or set a format, because the new text has its own format.
     [[nodiscard]] std::string TextOfErrorRow(std::int32_t row) const {
         const std::string_view line = Of(row);
         if (row <= lastOfHead_ || line.empty() || IsParameterLine(line)) {
             return {};
         }
-        // Another format may have kept it from being data.
+        // In another format it may have been no data.
         const bool wouldBeData = ParseLine(line, format_).status == LineStatus::Row;
         return (wouldBeData ? "; " : "") + std::string(line) + "\r\n";
     }
@@ -258,7 +258,7 @@ void TellFailure(const PlotRecord& record, const std::string& path, const std::s
     Tell(text);
 }
 
-/// Where the plot's own file is, or the last one that was opened.
+/// The folder of the plot's own file, or of the last one that was opened.
 std::string FolderOfPlot(const PlotRecord& record) {
     return record.MainFiles.empty()
                ? gSettings.files.lastFolder
@@ -272,7 +272,7 @@ std::string ProposedName(const PlotRecord& record) {
     return FileNameOf(stem) + kBinaryEnding;
 }
 
-/// The plot goes by the name of the file that it was saved to.
+/// The plot takes the name of the file to which it was saved.
 void TakeNameOf(PlotRecord& record, const std::string& path) {
     record.FileTitle = FileTitleOf(path);
     record.PlotTitle = record.FileTitle + ": " + std::to_string(gActivePlot);
@@ -325,7 +325,7 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
     const std::string path = NormalPath(target);
     const std::string name = FileTitleOf(path);
     const bool isBinary = HasEnding(path, kBinaryEnding);
-    // A file of its own has been agreed to before.
+    // For the plot's own file the user has already agreed.
     const bool isOwnFile = isBinary && path == record.SaveFileName;
     if ((!isOwnFile && !AcceptSeveralFiles(record, name))
         || (!isBinary && !AcceptLossOfOverlays(record, name))) {
@@ -337,7 +337,7 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
         TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;
     }
-    // A text holds less than the plot: a binary file from before is not this plot any more.
+    // A text holds less than the plot: an earlier binary file no longer holds this plot.
     record.SaveFileName = isBinary ? path : std::string();
     TakeNameOf(record, path);
     return SaveOutcome::Saved;

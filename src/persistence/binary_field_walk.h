@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// What a list of the fields of a binary plot file is written with.
+// The primitives for the list of the fields of a binary plot file.
 //
-// `Stream` is BinaryReader, BinaryWriter, or a reader that lists what it reads (kLists). The names
-// of fields, and which of them are tables or objects, are for the last alone: the others pay
-// nothing for them.
+// `Stream` is BinaryReader, BinaryWriter, or a reader that lists what it reads (kLists). Only the
+// last one uses the names of fields, and which of them are tables or objects; they cost the others
+// nothing.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace quandrel {
 
-/// A field with its name, the one that it has in a record.
+/// A field with its name in the record.
 template <class Value>
 struct Named {
     const char* name;
@@ -32,7 +32,7 @@ protected:
     static constexpr bool kReads = Stream::kReads;
     static constexpr bool kLists = Stream::kLists;
 
-    /// Whether a reader came upon a fault; a writer goes on.
+    /// Whether a reader has found a fault; a writer always continues.
     [[nodiscard]] bool HasFailed() const {
         if constexpr (kReads) {
             return stream_.HasFailed();
@@ -41,7 +41,7 @@ protected:
         }
     }
 
-    // Fields one after the other. One that is an array or a table has its cells row by row.
+    // Consecutive fields. The cells of an array or table are in row order.
 
     template <class... Values>
     void Shorts(Named<Values>... fields) {
@@ -68,7 +68,7 @@ protected:
         ((Name(fields.name), stream_.Text(fields.value)), ...);
     }
 
-    /// A table of values that is in the file column by column.
+    /// A table of values that the file holds in column order.
     template <class Rows>
     void Columns(Named<Rows> table) {
         Name(table.name);
@@ -93,24 +93,25 @@ protected:
         Cells(table.value[row], [this](auto& cell) { stream_.Value(cell); });
     }
 
-    // The shape of what is listed.
+    // The structure of a listing.
 
-    /// The next value, array or object is the member `name` of the object in work. Without a name a
-    /// value in an object is not listed.
+    /// The next value, array or object is the member `name` of the current object. A value in an
+    /// object is not listed without a name.
     void Name(const char* name) {
         if constexpr (kLists) {
             stream_.Name(name);
         }
     }
 
-    /// The next value or array is at a place of the member `name`, an array of so many.
+    /// The next value or array is an element, at a given index, of the member `name`, an array of a
+    /// given size.
     void Element(const char* name, std::size_t place, std::size_t size) {
         if constexpr (kLists) {
             stream_.Element(name, place, size);
         }
     }
 
-    /// What the body visits is an array.
+    /// The body visits an array.
     template <class Body>
     void Array(const Body& body) {
         if constexpr (kLists) {
@@ -122,7 +123,7 @@ protected:
         }
     }
 
-    /// What the body visits are the members of an object.
+    /// The body visits the members of an object.
     template <class Body>
     void Object(const Body& body) {
         if constexpr (kLists) {

@@ -36,7 +36,7 @@ bool IsDip(std::int32_t dip) {
     return IsWithin(dip, -90, 90);
 }
 
-/// Refuses an azimuth that is none, and turns one beyond the circle into it.
+/// Rejects an invalid azimuth, and wraps one beyond the circle.
 void RequireAzimuth(BinaryReader& reader, std::int32_t& azimuth) {
     reader.Require(IsWithin(azimuth, -kHugeAzimuth, kHugeAzimuth));
     if (!IsWithin(azimuth, 0, kFullTurn)) {
@@ -52,7 +52,7 @@ void RequireOrientation(BinaryReader& reader, std::int32_t& dip, std::int32_t& a
     }
 }
 
-/// Refuses an angle that is none, and turns one beyond a full turn either way into it.
+/// Rejects an invalid angle, and wraps one beyond a full turn in either sense.
 void RequireAngle(BinaryReader& reader, double& angle, double fullTurn) {
     reader.Require(IsWithin(angle, -kHugeAngle, kHugeAngle));
     if (std::abs(angle) > fullTurn) {
@@ -130,7 +130,7 @@ void RequirePossibleSettings(BinaryReader& reader, PlotRecord& record) {
     reader.Require(IsWithin<std::int16_t>(record.ClassMode, 0, kLastClassMode));
     reader.Require(record.NumClasses >= 0 && record.NumClassified >= 0);
     for (auto& held : record.DistinctValues) {
-        // The second ones are compared as texts.
+        // The second values are compared as texts.
         if (!IsEmpty(held[kOfTexts]) && !std::holds_alternative<std::string>(held[kOfTexts])) {
             held[kOfTexts] = TextOf(held[kOfTexts]);
         }

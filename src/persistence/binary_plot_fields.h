@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The fields of a binary plot file in their order, with their names: the one list that reader,
-// writer and dump share. The present version is written; fields that an earlier version lacks are
-// passed over when reading.
+// The fields of a binary plot file in order, with their names: the single list for reader, writer
+// and dump. The present version is written; when reading, fields that an earlier version does not
+// have are skipped.
 //
-// `Stream` is as in binary_field_walk.h. `Plot` is BinaryPlot, or what has its members: for writing
-// with the record constant, for a dump without room for rows.
+// `Stream` is as in binary_field_walk.h. `Plot` is BinaryPlot, or a type with its members: with a
+// constant record for writing, without room for rows for a dump.
 
 #pragma once
 
@@ -36,7 +36,7 @@ inline constexpr std::size_t kShortVersion = 3;
 inline constexpr std::size_t kFullVersion = 5;
 inline constexpr double kFirstWithFrequency = 9.44;
 
-// The fewest bytes of what is counted.
+// The least number of bytes of a counted item.
 inline constexpr std::size_t kLeastAnnotation = 16;
 inline constexpr std::size_t kNodeBytes = 4;
 
@@ -146,7 +146,7 @@ private:
         if constexpr (kReads) {
             stream_.Short((*record_.DensityGrid)[i][j]);
         } else {
-            // Kept: greater counts are cut to what the field holds. A reader counts anew.
+            // Kept: greater counts are cut to what the field holds. A reader counts again.
             constexpr std::int32_t kMost = std::numeric_limits<std::int16_t>::max();
             const std::int32_t count = record_.DensityGrid ? (*record_.DensityGrid)[i][j] : 0;
             stream_.Short(std::min(count, kMost));
@@ -169,7 +169,7 @@ private:
         AxisItems(kMeanPlaneItem, kMeanPlaneItem);
     }
 
-    /// What the body visits is told once more, in full, by versions from 9.0 on.
+    /// Versions from 9.0 on repeat what the body visits, in full.
     template <class Body>
     void Earlier(const Body& body) {
         if constexpr (kLists) {
@@ -222,7 +222,7 @@ private:
     void RoundedRoseCount() {
         Name("RoseStatsRounded");
         if constexpr (kReads) {
-            std::int16_t rounded = 0; // the next field has it in full
+            std::int16_t rounded = 0; // the next field has the full value
             stream_.Short(rounded);
         } else {
             const double rounded = RoundToEven(record_.RoseStats[kRoseCount][kRawTotal]);
@@ -368,7 +368,7 @@ private:
             std::string text;
             stream_.Fixed(text, kFullVersion);
             plot_.fullVersion = WithoutPadding(text);
-            // Left blank, the version is that of the beginning.
+            // If blank, the version is that of the file's head.
             const bool isBlank = plot_.fullVersion.empty();
             const std::optional<double> version =
                 ReadNumber(isBlank ? plot_.versionText : plot_.fullVersion);
@@ -379,7 +379,7 @@ private:
         }
     }
 
-    /// Both grids, kept for all nodes that a grid can have.
+    /// Both grids, stored for the largest possible number of nodes.
     void GridsOfValues() {
         FullVersion();
         Shorts(Named{"gGridCount", plot_.gridCount});
@@ -389,7 +389,7 @@ private:
                 return;
             }
             if (plot_.gridCount != 0) {
-                plot_.gridValues = std::make_unique_for_overwrite<GridValues>(); // below, all of it
+                plot_.gridValues = std::make_unique_for_overwrite<GridValues>(); // filled below
             }
         }
         for (std::size_t i = 0; i < kGridNodes; ++i) {
@@ -401,7 +401,7 @@ private:
         }
     }
 
-    /// A row of nodes, the values of both grids beside each other.
+    /// A row of nodes, with the values of both grids side by side.
     void RowOfGrids(std::size_t i) {
         std::array<double, std::size_t{kGridNodes} * 2> row{};
         Name("gGridValues");

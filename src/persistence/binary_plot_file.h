@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Plots whole in one file, with the extension .qpx: rows, settings, results, annotations, small
-// circles, and the place of the window. The format is told in docs/file_formats.md.
+// A complete plot in one file, with the extension .qpx: rows, settings, results, annotations, small
+// circles, and the place of the window. docs/file_formats.md describes the format.
 //
-// This is the chief header of the folder, which holds all files that the program writes for itself:
-// plot files, texts of plots, workspaces, and the open commands. Enters: bytes, which are never
-// trusted, or a plot of the store. Leaves: a plot in a slot, or a file that is whole; what fails
-// leaves both as they were.
+// This folder holds all files that the program writes for itself: plot files, texts of plots,
+// workspaces, and the open commands.
+// Input: bytes, which are never trusted, or a plot of the store.
+// Output: a plot in a slot, or a complete file. A failure leaves both unchanged.
 
 #pragma once
 
@@ -18,27 +18,27 @@ namespace quandrel {
 
 inline constexpr const char* kBinaryEnding = ".qpx";
 
-/// Writes a slot to a file. What was there stays until the new file is whole. The record is not
-/// touched.
+/// Writes a slot to a file. An old file stays until the new one is complete. The record is not
+/// changed.
 ///
-/// @return empty on success, else why not
+/// @return empty on success, else the reason
 [[nodiscard]] std::string SaveBinaryPlot(const std::string& path, int slot);
 
-/// The plot of a file; nothing of it goes into the store. A failure is a text for the user.
+/// Reads the plot of a file without changing the store. A failure is a text for the user.
 [[nodiscard]] Result<BinaryPlot> ReadBinaryPlotFile(const std::string& path);
 
 /// Puts a plot into an empty slot, under the name of its file: all of it, or nothing when memory
-/// runs out. The drawing to come counts anew what it needs.
+/// runs out. The next drawing recounts what it needs.
 [[nodiscard]] bool StoreBinaryPlot(BinaryPlot plot, const std::string& path, int slot);
 
-/// Loads a file into an empty slot, which stays as it is when anything is wrong with the file.
+/// Loads a file into an empty slot, which is unchanged when anything is wrong with the file.
 ///
 /// @param[out] version  of the file, "9.5", or "Error"
 void LoadBinaryPlot(const std::string& path, int slot, std::string& version);
 
-/// What the user is to know of a file once it is open.
+/// What the user should know about a file after it is opened.
 struct BinaryPlotRemarks {
-    bool hasWeightedRose = false; ///< it asks for a rose that is no more
+    bool hasWeightedRose = false; ///< it uses a rose that no longer exists
     std::string laterVersion;     ///< that saved it, empty when it is not later than this one
     bool mixesAxes = false;       ///< it counts over P and T axes together, and opens as points
     bool mixesAxesAsRose = false; ///< it is a rose of P and T axes together, and opens as a net
@@ -46,7 +46,7 @@ struct BinaryPlotRemarks {
 
 [[nodiscard]] BinaryPlotRemarks RemarksOn(const BinaryPlot& plot);
 
-/// Tells the user, one box for each remark.
+/// Shows the user one message box for each remark.
 void TellRemarks(const BinaryPlotRemarks& remarks);
 
 } // namespace quandrel

@@ -13,7 +13,7 @@ constexpr const char* kNoBinaryPlot = "It is no binary plot file.";
 constexpr double kFirstVersion = 7.0;
 constexpr double kVersionsEnd = 100;
 
-/// Reads what stands in front of the fields.
+/// Reads the head before the fields.
 void ReadHeading(BinaryReader& reader, BinaryPlot& plot, std::string& error) {
     std::string mark;
     reader.Fixed(mark, std::char_traits<char>::length(kBinaryMark));
@@ -41,7 +41,7 @@ std::string Reason(const BinaryPlot& plot, const std::string& error) {
                         : error;
 }
 
-/// Names and values that files of before version 9.0 and 7.2 lack.
+/// Names and values that files before versions 9.0 and 7.2 do not have.
 void TakeEarlierValues(BinaryPlot& plot) {
     PlotRecord& record = plot.record;
     if (plot.version <= 71) {

@@ -26,7 +26,7 @@ BinaryRow RowOf(const PlotRows& rows, std::int32_t row) {
     return stored;
 }
 
-/// A plot in the shape of a BinaryPlot.
+/// A plot with the structure of a BinaryPlot.
 struct PlotToWrite {
     explicit PlotToWrite(const Plot& plot)
         : record(plot.record)
@@ -79,7 +79,7 @@ private:
 };
 
 constexpr std::size_t kBytesWithoutRows = sizeof(GridValues) + std::size_t{32} * 1024;
-constexpr std::size_t kUsualRowBytes = 128; ///< most of them for the cells of the table
+constexpr std::size_t kUsualRowBytes = 128; ///< mostly for the cells of the table
 
 std::string Heading() {
     return kBinaryMark + std::string(kVersionText, kShortVersion);
@@ -109,8 +109,8 @@ Result<std::string> Written(const PlotToWrite& plot) {
     return std::move(writer.Bytes());
 }
 
-/// The bytes of a plot, which are read back: a script can give fields values that no plot has;
-/// they are not to be lost in a file that nobody opens again.
+/// The bytes of a plot. They are read back as a check, because a script can give fields values that
+/// no plot has; such a file could never be opened again.
 ///
 /// @param prepare  changes what is written
 template <class Prepare>
@@ -143,7 +143,7 @@ Result<std::string> PlotFileBytes(const Plot& plot) {
 Result<std::string> BinaryPlotBytes(int slot) {
     (void)FormOf(slot); // its place is that of its window
     return CheckedBytes(PlotOf(slot), [slot](PlotToWrite& written) {
-        // A file knows nothing of the links that mark rows.
+        // A file does not contain the links that mark rows.
         for (std::size_t i = 0; i < written.rows.size(); ++i) {
             written.rows[i].dip = DipOfRow(slot, static_cast<std::int32_t>(i) + 1);
         }

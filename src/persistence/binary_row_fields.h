@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The fields of a binary plot file that hold its rows: counts and formats, main rows, overlays, the
-// texts of the row table. As binary_plot_fields.h for the rest, for all kinds of streams.
+// texts of the row table. For all kinds of streams, like binary_plot_fields.h.
 
 #pragma once
 
@@ -20,7 +20,7 @@
 
 namespace quandrel {
 
-// The fewest bytes of what is counted.
+// The least number of bytes of a counted item.
 inline constexpr std::size_t kLeastMainRow = 4 * 4 + 2;
 inline constexpr std::size_t kLeastOverlayRow = kLeastMainRow;
 inline constexpr std::size_t kCellColumns = 5;
@@ -71,7 +71,7 @@ private:
         }
     }
 
-    /// The code that a row is drawn in, or the line of one that is no data.
+    /// The drawing code of a row, or the line of an error row.
     template <class Row>
     void CodeOrLine(std::size_t index, Row& row) {
         Name("gDataSymbol");
@@ -93,7 +93,7 @@ private:
         }
     }
 
-    /// What main and overlay rows have in common.
+    /// The fields that main and overlay rows have in common.
     template <class Row>
     void Orientations(std::size_t index, Row& row) {
         Longs(Named{"gDataDip", row.dip}, Named{"gDataAz", row.azimuth},
@@ -109,7 +109,7 @@ private:
         if constexpr (kReads) {
             std::string text;
             if (plot_.version < 90) {
-                // Once it was a number.
+                // Formerly a number.
                 float number = 0;
                 stream_.Single(number);
                 text = number == kInvalidNumber ? std::string() : TextOf(number);
@@ -136,7 +136,7 @@ private:
         }
     }
 
-    /// Visits rows after those visited so far.
+    /// Visits the rows after those already visited.
     template <class Visit>
     void Rows(const char* name, std::size_t first, std::int32_t count, const Visit& visit) {
         if constexpr (kLists) {
@@ -205,7 +205,7 @@ private:
         });
     }
 
-    /// What the body visits are the elements of a long array.
+    /// The body visits the elements of a long array.
     template <class Body>
     void List(const char* name, const Body& body) {
         if constexpr (kLists) {
@@ -217,8 +217,8 @@ private:
         }
     }
 
-    /// The texts of a line of the row table. Positions are worked out anew from the rows; what is
-    /// kept of the table is its order, the numbers in its first column.
+    /// The texts of a line of the row table. Positions are recomputed from the rows; only the order
+    /// of the table, the numbers in its first column, is used.
     void CellsOf(std::int32_t line) {
         if constexpr (kReads) {
             plot_.table.push_back(RowOfCell(stream_.TextBytes()));

@@ -31,8 +31,8 @@ enum ValueKind : std::int16_t {
 constexpr std::size_t kCodeDigits = 6;
 constexpr const char* kTooShort = "It ends too early.";
 
-/// Whether one of the doubles in these bytes is no number. Without a branch for each of them, as a
-/// grid of values has 46,818: without its sign only a NaN is above the bits of infinity.
+/// Whether any of the doubles in these bytes is NaN. Without a branch for each, because a grid of
+/// values has 46,818: with the sign removed only NaN is above the bits of infinity.
 bool HoldsNan(std::string_view bytes) {
     constexpr std::uint64_t kWithoutSign = 0x7fffffffffffffff;
     constexpr std::uint64_t kCarriesNan = 0x000fffffffffffff;
@@ -120,7 +120,7 @@ void BinaryReader::Double(double& value) {
 void BinaryReader::Doubles(std::span<double> values) {
     if constexpr (std::endian::native == std::endian::little) {
         const std::string_view taken = Take(values.size_bytes());
-        if (taken.empty()) { // which has no address
+        if (taken.empty()) { // its address may be null
             std::ranges::fill(values, 0.0);
         } else {
             std::memcpy(values.data(), taken.data(), taken.size());

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Streams of little-endian fields without alignment, as the binary plot file has them.
+// Streams of little-endian fields without alignment, for the binary plot file.
 //
 // Reader and writer have procedures of the same names, so that one list of fields serves both. A
-// field in memory may be wider than in the file. Texts in memory are UTF-8; in the file they are a
-// 16-bit length and as many bytes, Windows-1252 where that can hold them and else UTF-8.
+// field in memory may be wider than in the file. Texts in memory are UTF-8. In the file they are a
+// 16-bit length and as many bytes, in Windows-1252 if that can represent them, else in UTF-8.
 
 #pragma once
 
@@ -19,58 +19,59 @@
 
 namespace quandrel {
 
-/// The most bytes of a text in a file.
+/// The maximum number of bytes of a text in a file.
 inline constexpr std::size_t kLongestFileText = 32767;
 
 /// Reads fields from bytes and never beyond them. After the first fault it stays at the end: every
-/// further field reads as 0 or empty, and the fault stands.
+/// further field reads as 0 or empty, and the fault remains.
 class BinaryReader {
 public:
     static constexpr bool kReads = true;
     static constexpr bool kLists = false;
 
-    /// @param bytes  have to outlive the reader
+    /// @param bytes  must outlive the reader
     explicit BinaryReader(std::string_view bytes)
         : bytes_(bytes) {}
 
-    /// True once something could not be read, or was refused.
+    /// Whether something could not be read, or was rejected.
     [[nodiscard]] bool HasFailed() const { return !error_.empty(); }
 
-    /// Why, for the user; empty without a fault.
+    /// The reason, for the user; empty without a fault.
     [[nodiscard]] const std::string& Error() const { return error_; }
 
     /// Bytes not yet read, 0 after a fault.
     [[nodiscard]] std::size_t Left() const { return HasFailed() ? 0 : bytes_.size() - position_; }
 
-    /// Refuses what was read last.
+    /// Rejects the value that was read last.
     void Refuse();
 
-    /// Refuses what was read last, unless it holds.
+    /// Rejects the value that was read last, unless a condition is true.
     void Require(bool holds) {
         if (!holds) {
             Refuse();
         }
     }
 
-    /// Requires a count to be none below 0, and the rest to be large enough for it.
-    /// @param least  the fewest bytes that each of them takes
+    /// Requires count >= 0 and that count * least bytes are left.
+    ///
+    /// @param least  the least number of bytes of each item
     void RequireRoom(std::int64_t count, std::size_t least);
 
     void Short(std::int16_t& value);
     void Short(std::int32_t& value);
     void Long(std::int32_t& value);
-    void Single(float& value);              ///< refuses what is no number
+    void Single(float& value);              ///< rejects NaN
     void Single(double& value);             ///< the same
     void Double(double& value);             ///< the same
-    void Doubles(std::span<double> values); ///< as many of them, as Double reads each
+    void Doubles(std::span<double> values); ///< an array, each as Double reads it
 
-    /// A 32-bit float of any kind.
+    /// A 32-bit float with any bits.
     void AnySingle(float& value);
 
     void Text(std::string& text);
     void Fixed(std::string& text, std::size_t length);
 
-    /// Passes over a text and gives its bytes.
+    /// Skips a text and returns its bytes.
     [[nodiscard]] std::string_view TextBytes();
 
     /// A drawing code of six digits; an empty text is code 0.
@@ -90,7 +91,7 @@ private:
     std::string error_;
 };
 
-/// Writes fields to bytes. What a field cannot hold is a fault, which stands.
+/// Writes fields to bytes. A value that a field cannot hold is a fault, which remains.
 class BinaryWriter {
 public:
     static constexpr bool kReads = false;
@@ -104,11 +105,11 @@ public:
     void Fail(const std::string& reason);
 
     void Short(std::int16_t value);
-    void Short(std::int32_t value); ///< a fault where it does not fit
+    void Short(std::int32_t value); ///< a fault if it does not fit
     void Long(std::int32_t value);
-    void Single(float value); ///< 0 for what is no number
+    void Single(float value); ///< 0 for NaN
     void Single(double value);
-    void Double(double value);                    ///< 0 for what is no number
+    void Double(double value);                    ///< 0 for NaN
     void Doubles(std::span<const double> values); ///< each as Double writes it
     void Text(std::string_view text);
     void Fixed(std::string_view text);

@@ -16,24 +16,24 @@ namespace {
 constexpr std::size_t kCodeDigits = 6;
 constexpr const char* kNoCode = "000000";
 
-/// True for six digits alone, or with blanks after them.
+/// True for exactly six digits, or with blanks after them.
 bool IsCodeAndBlanks(std::string_view text) {
     return SymbolCodeFromText(text.substr(0, kCodeDigits))
            && text.find_first_not_of(' ', kCodeDigits) == std::string_view::npos;
 }
 
-/// Such rows are drawn by their secondary orientation, or were drawn before their source moved.
+/// Such rows are drawn by their secondary orientation, or were drawn before their source changed.
 bool MayHaveCodes(const PlotRecord& record) {
     return record.SecondaryFormat != kNoSecondary || !record.AxesTitle.empty();
 }
 
-/// The start of a text with whole characters and at most so many bytes.
+/// The start of a text: complete characters of at most a number of bytes.
 std::string_view WholeCharacters(std::string_view text, std::size_t most) {
     const std::string_view start = text.substr(0, most);
     return start.substr(0, LengthOfUtf8(start));
 }
 
-/// The start of a text that a field can hold.
+/// The start of a text that fits a field.
 std::string CutToField(const std::string& text) {
     const std::string bytes = ToFileBytes(text);
     if (bytes.size() <= kLongestFileText) {
@@ -42,7 +42,8 @@ std::string CutToField(const std::string& text) {
     if (bytes == text) {
         return std::string(WholeCharacters(text, kLongestFileText));
     }
-    // A byte a character; the start may have no letter that keeps it from being read as UTF-8.
+    // One byte per character; the start must not contain a letter that prevents it from being read
+    // as UTF-8.
     std::string start = FromWindows1252(std::string_view(bytes).substr(0, kLongestFileText));
     if (ToFileBytes(start).size() > kLongestFileText) {
         start = WholeCharacters(start, kLongestFileText);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What stands in a binary plot file in place of the drawing code of a row that is no data: the line
-// of the data file.
+// The value of an error row in a binary plot file, in the place of the drawing code: the line of
+// the data file.
 
 #pragma once
 
@@ -18,13 +18,13 @@ struct ErrorRowText {
     std::string line; ///< empty for a row without one
 };
 
-/// The field of an error row as it is written: its line, cut at a character to what a field holds;
-/// without a line the code where such rows may be drawn, which are those of derived plots and those
-/// that may have a secondary orientation. A line that would be read as a code ends in one more
-/// blank.
+/// The field of an error row for writing: its line, cut at a character to the size of a field.
+/// Without a line it is the code if such rows may be drawn, which are those of derived plots and
+/// those that may have a secondary orientation. If the line could be read as a code, a blank is
+/// appended.
 [[nodiscard]] std::string FieldOfErrorRow(const PlotRecord& record, const ErrorRowText& row);
 
-/// What a field of an error row means. Inverse of FieldOfErrorRow.
+/// The meaning of a field of an error row. Inverse of FieldOfErrorRow.
 [[nodiscard]] ErrorRowText ErrorRowOfField(const PlotRecord& record, std::string field);
 
 } // namespace quandrel

@@ -11,7 +11,7 @@ namespace quandrel {
 
 namespace {
 
-/// Characters that a line cannot hold wherever they are.
+/// Characters that a line cannot contain at any position.
 bool IsUnfit(char c) {
     constexpr unsigned char kFirstPrinted = 0x20;
     constexpr unsigned char kDelete = 0x7f;

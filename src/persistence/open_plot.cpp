@@ -75,8 +75,7 @@ std::optional<std::string> AskForPath(const std::string& command) {
     return gPlatform.prompts->AskOpenPath(question);
 }
 
-/// The kind that was asked for serves one plot. A command that comes to nothing leaves it for the
-/// next.
+/// The requested kind applies to one plot. A command that opens nothing leaves it for the next.
 class OneTimePlotKind {
 public:
     OneTimePlotKind() = default;
@@ -86,7 +85,7 @@ public:
     OneTimePlotKind(const OneTimePlotKind&) = delete;
     OneTimePlotKind& operator=(const OneTimePlotKind&) = delete;
 
-    /// Passes the outcome of a command on, and takes note of it.
+    /// Returns the outcome of a command, and records it.
     [[nodiscard]] std::string After(std::string outcome) {
         used_ = outcome != kLoadError;
         return outcome;
@@ -119,7 +118,7 @@ void WarnOfDecimalMismatch() {
          Icon::Exclamation);
 }
 
-/// A blank plot is a net, to which points can be added, also after files of directions.
+/// A blank plot is a net, to which points can be added, even after files of directions.
 void MakeBlankPlot() {
     SetPlotFormatFromGlobals();
     PlotRecord& record = ActiveRecord();
@@ -135,7 +134,7 @@ void MakeBlankPlot() {
     record.PlotTitle = "Plot " + std::to_string(gActivePlot) + ": Untitled";
 }
 
-/// Draws what was opened, and remembers the file.
+/// Draws the opened plot, and remembers the file.
 void FinishOpening(const std::string& path, ReplotCause cause = ReplotCause::Settings) {
     ReplotPlot(gActivePlot, cause);
     if (!path.empty()) {
@@ -143,7 +142,7 @@ void FinishOpening(const std::string& path, ReplotCause cause = ReplotCause::Set
     }
 }
 
-/// The plot in work is given up, and another one comes into focus: the former one if it is there.
+/// Discards the new plot and brings another one into focus: the former one if it still exists.
 void GiveUpPlot(std::int32_t formerPlot) {
     ClosePlot(gActivePlot);
     gActivePlot = IsOpenSlot(formerPlot) ? formerPlot : gActivePlot;
@@ -159,7 +158,7 @@ void TellUnreadable(const std::string& path, const std::string& reason) {
                      + " this type of file with this plot.\nLoad file as a separate plot?");
 }
 
-/// The file is read and found good before anything of the program changes.
+/// The file is read and validated before anything in the program changes.
 std::string OpenBinaryPlot(const std::string& path) {
     Result<BinaryPlot> plot = ReadBinaryPlotFile(path);
     if (!plot) {
@@ -181,7 +180,7 @@ std::string OpenBinaryPlot(const std::string& path) {
     return kBinaryCommand;
 }
 
-/// A plot that is to be filled is given up when the load comes to nothing.
+/// A new plot is discarded when the load fails.
 std::string OpenNewPlot(const std::string& path) {
     const std::int32_t formerPlot = gActivePlot;
     if (!PrepareNewPlotWindow()) {
@@ -210,7 +209,7 @@ std::string AddToPlot(const std::string& command, const std::string& path) {
     return outcome;
 }
 
-/// The kind of file that stands at a path; empty with a message when it cannot be read.
+/// The kind of file at a path; empty with a message when it cannot be read.
 enum class FileKind { Text, BinaryPlot, Workspace, Unreadable };
 
 FileKind KindOfFile(const std::string& path) {
@@ -230,7 +229,7 @@ FileKind KindOfFile(const std::string& path) {
     return isWorkspace ? FileKind::Workspace : FileKind::Text;
 }
 
-/// A workspace among the files of a workspace is passed over: it might list itself.
+/// A workspace among the files of a workspace is skipped: it might list itself.
 std::string OpenListedPlots(const std::string& path) {
     static bool isOpening = false;
     if (std::exchange(isOpening, true)) {

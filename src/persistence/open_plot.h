@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The open commands, from the user's wish to a plot on the screen.
+// The open commands, from the user's choice to a plot on the screen.
 
 #pragma once
 
@@ -10,14 +10,13 @@ namespace quandrel {
 
 /// Opens a file, or an empty plot.
 ///
-/// @param command  "New", "Merge", "Overlay" ask for the path; "Blank" needs none; "File" and a
-/// path
-///     behind it opens that path as a new plot
+/// @param command  "New", "Merge" and "Overlay" ask for the path; "Blank" needs none; "File"
+///                 followed by a path opens that path as a new plot
 /// @return the command, kBinaryCommand for a binary plot file, or kLoadError when nothing was
-///     opened or added
+///         opened or added
 std::string OpenPlotFile(const std::string& command);
 
-/// As OpenPlotFile with "New", "Merge" or "Overlay", with a path that is known.
+/// As OpenPlotFile with "New", "Merge" or "Overlay", with a known path.
 std::string OpenPlotFile(const std::string& command, const std::string& path);
 
 } // namespace quandrel

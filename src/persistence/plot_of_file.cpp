@@ -23,7 +23,7 @@ namespace quandrel {
 
 namespace {
 
-/// The orientation of a row that is shown. Plots of files have no links that mark rows.
+/// The orientation of a row that is shown. Plots of files do not have links that mark rows.
 ShownOrientation ShownOf(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     const bool isSecondary =
         record.ShowSecondary != 0 && row <= record.NumData && stored.dip != kErrorRow;
@@ -31,7 +31,7 @@ ShownOrientation ShownOf(const PlotRecord& record, std::int32_t row, const Binar
                        : ShownOrientation{stored.dip, stored.azimuth};
 }
 
-/// The code that a row has when no class gives it another.
+/// The code of a row to which no class gives another one.
 SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     if (record.ClassMode == 0 || row > record.NumData) {
         return stored.code;
@@ -51,7 +51,7 @@ void StoreRow(const PlotRecord& record, std::int32_t row, const BinaryRow& store
         rows.azimuth2.At(row) = stored.azimuth2;
     }
     rows.symbolBase.At(row) = PlainCode(record, row, stored);
-    const bool isMain = row <= record.NumData; // files keep no appended data of overlay rows
+    const bool isMain = row <= record.NumData; // files do not store appended data of overlay rows
     if (record.HasAppendedLine != 0) {
         rows.lineDip.At(row) = isMain ? stored.lineDip : kInvalidAppendedLine;
         rows.lineAzimuth.At(row) = isMain ? stored.lineAzimuth : 0;
@@ -70,7 +70,7 @@ void StoreRows(const BinaryPlot& file, Plot& plot) {
     }
 }
 
-/// The order of the row table: that of the file where it is one, else that of the rows.
+/// The order of the row table: that of the file if it is valid, else that of the rows.
 std::vector<std::int32_t> OrderOfTable(const BinaryPlot& file) {
     const std::size_t rows = file.rows.size();
     std::vector<std::int32_t> order(rows);
@@ -78,7 +78,7 @@ std::vector<std::int32_t> OrderOfTable(const BinaryPlot& file) {
     if (file.table.size() != rows) {
         return order;
     }
-    // The main rows in any order, then those of the overlays in their own.
+    // The main rows in any order, followed by those of the overlays in their own order.
     const auto main = static_cast<std::ptrdiff_t>(file.record.NumData);
     std::vector<std::int32_t> sorted = file.table;
     std::sort(sorted.begin(), sorted.begin() + main);
@@ -98,7 +98,7 @@ void StoreTable(const BinaryPlot& file, const std::vector<std::int32_t>& order, 
     }
 }
 
-/// Versions before 9.0 do not keep the range of the appended data.
+/// Versions before 9.0 do not store the range of the appended data.
 void FindAppendedRange(Plot& plot) {
     ResetAppendedRange(plot.record);
     for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
@@ -124,7 +124,7 @@ std::string TextOfGirdle(const TaggedValue& plunge, const TaggedValue& trend) {
     return OrientationText(RadToDegText(dip), RadToDegText(dipDirection), options);
 }
 
-/// Girdles of before version 9.1 are named in the notation in force. The statistical ones get
+/// Girdles from before version 9.1 are named in the current notation. The statistical ones get
 /// their names with the statistics.
 void NameGirdles(PlotRecord& record) {
     for (std::size_t item = kFirstUserGirdle; item <= kLastUserGirdle; ++item) {
@@ -135,8 +135,8 @@ void NameGirdles(PlotRecord& record) {
     }
 }
 
-/// True for a rose whose classes are ranges of numbers. Its rows were checked before it was drawn,
-/// and so before it was saved.
+/// Whether a rose has classes that are ranges of numbers. Its rows were checked before it was
+/// drawn, and therefore before it was saved.
 bool IsRoseOfRanges(const PlotRecord& record) {
     constexpr std::int16_t kFirstByLength = 10;
     constexpr std::int16_t kFirstByText = 20;

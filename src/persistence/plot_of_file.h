@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// From a binary plot file that was read to a plot.
+// Conversion of a binary plot file that was read to a plot.
 
 #pragma once
 
@@ -9,11 +9,11 @@
 
 namespace quandrel {
 
-/// Gives an empty plot the record, the rows and the grids of a file; the place of the window, the
-/// names of files and the title are for the caller. Kinds of drawing that the program refuses
-/// become those that it opens instead.
+/// Gives an empty plot the record, the rows and the grids of a file. The caller sets the place of
+/// the window, the file names and the title. Kinds of drawing that the program refuses are replaced
+/// by those that it opens instead.
 ///
-/// Throws std::bad_alloc; the plot is then of no use.
+/// Throws std::bad_alloc; the plot is then unusable.
 ///
 /// @return false when there is no memory for the rows: then nothing has changed
 [[nodiscard]] bool TakeBinaryPlot(BinaryPlot file, Plot& plot);

@@ -31,7 +31,7 @@ constexpr std::string_view kEscapesBegin = "[Names]: %";
 constexpr const char* kEscapes =
     "[Names]: %20 stands for a blank, %5C for a backslash, %25 for a percent sign";
 
-/// Relative to the folder where the path is in or below it.
+/// Relative to the folder if the path is in or below it.
 std::string ListedPath(const std::string& file, const fs::path& folder) {
     const fs::path path = NormalPath(file);
     const fs::path relative = path.lexically_normal().lexically_relative(folder.lexically_normal());
@@ -47,7 +47,7 @@ std::string_view Trimmed(std::string_view line) {
                : line.substr(first, line.find_last_not_of(kBlanks) + 1 - first);
 }
 
-/// The file that a plot was saved to just now: binary, or text.
+/// The file to which a plot was just saved: binary, or text.
 std::string SavedFileOf(const PlotRecord& record) {
     if (!record.SaveFileName.empty()) {
         return record.SaveFileName;
@@ -55,8 +55,8 @@ std::string SavedFileOf(const PlotRecord& record) {
     return record.MainFiles.size() == 1 ? record.MainFiles.front() : std::string();
 }
 
-/// The text file of the program's own that a plot was saved to or read from and that still has its
-/// rows; empty when there is none.
+/// The program's own text file to which a plot was saved or from which it was read, if it still
+/// matches the plot's rows; else empty.
 std::string OwnTextOf(const PlotRecord& record) {
     if (record.Modified != 0 || record.MainFiles.size() != 1) {
         return {};
@@ -66,13 +66,13 @@ std::string OwnTextOf(const PlotRecord& record) {
     return start && *start == kOwnTextStart ? path : std::string();
 }
 
-/// A new plot that nothing was done with: there is nothing to save.
+/// A new, unused plot: there is nothing to save.
 bool IsEmptyAndUntitled(const PlotRecord& record) {
     return record.NumLoadedData == 0 && record.NumFiles == 0 && record.SaveFileName.empty()
            && record.Modified == 0;
 }
 
-/// "Plot 2: beds". The title of a plot without a file begins so already.
+/// "Plot 2: beds". The title of a plot without a file already begins in this way.
 std::string NumberedTitle(int slot, const std::string& title) {
     const std::string number = "Plot " + std::to_string(slot) + ": ";
     return title.starts_with(number) ? title : number + title;
@@ -93,8 +93,8 @@ Message QuestionAbout(int slot) {
             Icon::Question, Buttons::YesNoCancel};
 }
 
-/// The file that a plot is listed by, an empty text for one that is left out; a failure when it was
-/// to be saved and was not, or the user wants no workspace after all.
+/// The file listed for a plot, an empty text for a plot that is left out; a failure when the save
+/// failed or the user cancelled the workspace.
 Result<std::string> FileToList(int slot, PlotsSavedAsText texts) {
     const PlotRecord& record = RecordOf(slot);
     if (!record.SaveFileName.empty() && record.Modified == 0) {
@@ -129,8 +129,7 @@ Result<std::string> FileToList(int slot, PlotsSavedAsText texts) {
     }
 }
 
-/// The files of all plots that are to be listed; a failure when the user thinks better of a save,
-/// or one fails.
+/// The files of all plots to be listed; a failure when the user cancels a save, or a save fails.
 Result<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
     std::vector<std::string> paths;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {

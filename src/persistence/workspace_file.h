@@ -16,62 +16,62 @@ namespace quandrel {
 inline constexpr const char* kWorkspaceEnding = ".qwo";
 
 /// The text of a workspace. Lines end in CR LF; paths have "/" between their parts, and are
-/// relative in or below the folder. Where a line cannot hold one of them, all are escaped.
+/// relative in or below the folder. If a line cannot hold one of them, all are escaped.
 ///
 /// @param paths   absolute, in the order of the plots
-/// @param folder  where the workspace will be, absolute
+/// @param folder  of the new workspace, absolute
 [[nodiscard]] std::string WorkspaceText(std::span<const std::string> paths,
                                         const std::filesystem::path& folder);
 
-/// The paths that a workspace lists, made absolute; those of files that do not exist too. Both
-/// kinds of separator are read.
+/// The paths that a workspace lists, made absolute, including those of files that do not exist.
+/// Both kinds of separator are read.
 ///
-/// @param folder  where the workspace is, absolute
+/// @param folder  of the workspace, absolute
 [[nodiscard]] std::vector<std::string> PathsOfWorkspace(std::string_view text,
                                                         const std::filesystem::path& folder);
 
-/// True for a text with a list of files, which a workspace is beside its ending or first line.
+/// Whether a text is a list of files: the test for a workspace besides its extension or first line.
 [[nodiscard]] bool HasFilesList(std::string_view text);
 
 enum class WorkspaceDialog { Open, Save };
 
-/// Asks for a workspace's path and remembers it in the settings.
+/// Asks for a workspace's path and stores it in the settings.
 [[nodiscard]] std::optional<std::string> WorkspaceFileDialog(WorkspaceDialog mode);
 
 enum class WorkspaceOutcome { Saved, Cancelled, Failed };
 
-/// Saves the list of the open plots, after a dialog for its path and a question for each plot that
-/// has unsaved data: it is saved or left out. Cancelled when such a save comes to nothing: then no
-/// workspace is written. Nor is one that would list nothing, which is told.
+/// Saves the list of the open plots, after a dialog for its path and a question for each plot with
+/// unsaved data: it is saved or left out. Cancelled when such a save fails or is cancelled: then no
+/// workspace is written. An empty workspace is not written either, with a message.
 WorkspaceOutcome SaveWorkspace();
 
-/// What becomes of plots whose rows a text file of the program's own holds.
+/// The treatment of plots whose rows are in one of the program's own text files.
 enum class PlotsSavedAsText {
-    Ask,  ///< as of plots without a file
-    List, ///< they are listed by it
+    Ask,  ///< as for plots without a file
+    List, ///< the workspace lists that file
 };
 
-/// As SaveWorkspace, to a path that is known.
+/// As SaveWorkspace, with a known path.
 ///
-/// @param reason  takes why it was not saved
+/// @param reason  receives why it was not saved
 WorkspaceOutcome SaveWorkspaceAs(const std::string& path,
                                  PlotsSavedAsText texts = PlotsSavedAsText::Ask,
                                  std::string* reason = nullptr);
 
-/// Opens the plots of a workspace. Files that do not exist are passed over. The status line says
-/// how many were opened.
+/// Opens the plots of a workspace. Files that do not exist are skipped. The status line reports how
+/// many were opened.
 ///
-/// @return plots opened; nothing, with a message, when the workspace cannot be read
+/// @return plots opened; empty, with a message, when the workspace cannot be read
 std::optional<int> OpenWorkspace(const std::string& path);
 
-/// What came of the files that a workspace lists, in its order.
+/// The outcome for the files that a workspace lists, in its order.
 struct OpenedWorkspace {
     std::string path;
     std::vector<std::string> opened;
-    std::vector<std::string> missing; ///< do not exist, or did not open
+    std::vector<std::string> missing; ///< do not exist, or could not be opened
 };
 
-/// The workspace that was opened last in this session; without a path before that.
+/// The last workspace opened in this session; without a path before that.
 [[nodiscard]] const OpenedWorkspace& LastOpenedWorkspace();
 
 /// "3 of 4 files opened".
