@@ -21,8 +21,7 @@ TaggedValue HeldOf(std::string_view text) {
     return std::string(text);
 }
 
-/// Stores a value in the first free place, unless the value is already there or all places are
-/// taken.
+/// Stores a value in the first free place, unless it is already there or all places are taken.
 template <class Range, class Value, class Equals>
 void KeepDistinct(Range& range, std::size_t which, const Value& value, const Equals& equals) {
     for (auto& held : range.DistinctValues) {

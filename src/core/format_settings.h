@@ -71,8 +71,8 @@ struct FormatSettings {
     /// Plane convention 1 to 6, plus 10 for lines as trend, plunge; negative for quadrant notation.
     std::int16_t conventions = 1;
 
-    /// The separator of the columns of a line: one character, or empty for any of comma, semicolon,
-    /// blank and tab.
+    /// The separator of the columns of a line: one character; empty means comma, semicolon, blank
+    /// or tab.
     std::string delimiter;
 
     std::string planeSeparator;      ///< between dip and direction, output only

@@ -116,8 +116,7 @@ private:
     int number_;
 };
 
-/// Until a file has its final rights only its owner can read it, unless the user's mask decides its
-/// rights.
+/// Until a file has its final rights only its owner can read it, unless the user's mask decides.
 mode_t FirstRights(const std::optional<fs::perms>& rights) {
     return rights ? 0600 : 0666;
 }

@@ -8,8 +8,7 @@
 
 namespace quandrel {
 
-/// The record of an empty plot. Reads only the settings given; NewPlotRecord() uses the current
-/// ones.
+/// The record of an empty plot. Reads only these settings; NewPlotRecord() uses the current ones.
 [[nodiscard]] PlotRecord NewPlotRecord(const Settings& settings);
 
 } // namespace quandrel

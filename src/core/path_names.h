@@ -15,8 +15,7 @@ namespace quandrel {
 /// Makes a text a valid file name: characters that some system does not allow become "-".
 [[nodiscard]] std::string FileNameOf(std::string text);
 
-/// The canonical spelling of a path, so that a file is recognised however it is named: its absolute
-/// path.
+/// The canonical spelling of a path, its absolute path, so that a file is always recognised.
 [[nodiscard]] std::string NormalPath(const std::string& path);
 
 /// Whether a path ends with a suffix, in any case.

@@ -6,8 +6,7 @@
 
 namespace quandrel {
 
-/// Takes a slot with a window for a new plot and makes it active. False, with a message, when all
-/// slots are taken.
+/// Takes a slot with a window for a new plot and makes it active. False, with a message, when full.
 [[nodiscard]] bool PrepareNewPlotWindow();
 
 /// Closes the plot of a slot without asking: removes its window and frees its slot. The open plot

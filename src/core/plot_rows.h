@@ -57,8 +57,7 @@ void SetCounts(PlotRecord& record, const RowCounts& counts);
 /// Reserves memory for rows 1 to `last` of later blocks, if it is available.
 void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary);
 
-/// Makes room for rows 1 to `last` in one step, if the memory is available. Otherwise rows make
-/// room one by one.
+/// Makes room for rows 1 to `last` at once, if the memory is available. Else rows do so one by one.
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary);
 
 /// Gives a row an orientation in whole degrees. An error row becomes data and loses its text. The
@@ -96,8 +95,7 @@ void SetOverlayKind(PlotRecord& record, int overlay, std::int16_t kind);
 /// Removes an empty overlay from the tables of a record; those above it move down.
 void CloseOverlay(PlotRecord& record, int overlay);
 
-/// Sets how many main rows count as data, where one datum has several rows: the P and T axes of one
-/// fault.
+/// Sets how many main rows count as data where a datum has several rows, as P and T of one fault.
 void SetCountOfValid(PlotRecord& record, std::int32_t valid);
 
 } // namespace quandrel

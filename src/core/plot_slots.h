@@ -30,8 +30,7 @@ public:
     /// The plot of a slot. Throws std::out_of_range for a slot that was never made.
     [[nodiscard]] static Plot& At(std::size_t slot) { return *plots_.at(slot); }
 
-    /// Adds slots with empty plots, or removes the last ones. The addresses of the other plots are
-    /// stable.
+    /// Adds slots with empty plots, or removes the last ones. Addresses of other plots are stable.
     static void Resize(std::size_t count);
 
 private:

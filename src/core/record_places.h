@@ -54,8 +54,7 @@ enum ClassTableRow : std::size_t {
     kFlagRow = 12,  ///< which values outside the classes are kept; of names, 1 where case matters
 };
 
-/// Columns of FabricResults. Each eigenvalue is in the row of its axis; the components of axis i
-/// are in column i.
+/// Columns of FabricResults. Each eigenvalue is in the row of its axis; column i has the axis i.
 inline constexpr std::size_t kEigenvalue = 0;
 
 /// Rows of FabricResults.

@@ -27,8 +27,7 @@ using PlotDrawer = std::function<void(int slot, ReplotCause cause)>;
 /// Sets the function that draws plots; an empty one draws nothing.
 void ConnectPlotDrawer(PlotDrawer drawer);
 
-/// Redraws the plot of a slot, whether or not it is the active one. Does nothing for a slot that is
-/// not open.
+/// Redraws the plot of a slot, active or not. Does nothing for a slot that is not open.
 void ReplotPlot(int slot, ReplotCause cause);
 
 /// Redraws the window of gActivePlot, and recomputes what is out of date: statistics, densities,

@@ -42,8 +42,7 @@ void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line);
 void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
                 const ColumnSet& columns);
 
-/// A block of rows in order, as columns. It uses nothing outside itself, so each thread can fill
-/// its own.
+/// A block of rows in order, as columns. It is self-contained, so each thread can fill its own.
 class RowBlock {
 public:
     /// @param columns  those of the plot for which the rows are meant

@@ -38,9 +38,8 @@ enum class RoomAhead { None, WhereMemoryAllows };
 [[nodiscard]] bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns,
                             RoomAhead ahead = RoomAhead::WhereMemoryAllows);
 
-/// Grows the columns of rows that are not in a plot yet to hold rows up to `capacity`. The row
-/// limit of a plot is not applied. Throws std::bad_alloc or std::length_error; some columns may
-/// then have grown.
+/// Grows the columns of rows without a plot to hold rows up to `capacity`, without the row limit of
+/// a plot. Throws std::bad_alloc or std::length_error; some columns may then have grown.
 void GrowBlock(PlotRows& rows, std::int32_t capacity, const ColumnSet& columns);
 
 /// Reserves memory for rows up to `last` that will be appended in blocks, if it is available.

@@ -45,8 +45,7 @@ void ClearRowTable(RowTable& table);
 /// As ClearRowTable, and releases the memory.
 void ReleaseRowTable(RowTable& table);
 void AppendRow(RowTable& table, const PlottedRow& row);
-/// Appends rows with the point indices after `last`. On std::bad_alloc the columns may differ in
-/// length.
+/// Appends rows with the point indices after `last`. On std::bad_alloc column lengths may differ.
 void AppendRows(RowTable& table, std::span<const PlottedRow> rows, std::int32_t last);
 void SetRow(RowTable& table, std::size_t place, const PlottedRow& row);
 /// Reserves memory for more rows, if it is available.

@@ -74,8 +74,7 @@ struct LineStyleKeys {
     return {kind + "GirdleStyle0", kind + "GirdleStyle1", kind + "GirdleStyle2"};
 }
 
-/// A cell of the default class table: "00" to "12" is the first column; the second and the third
-/// follow.
+/// A cell of the default class table: "00" to "12" is the first column; the others follow.
 [[nodiscard]] inline std::string ClassKey(std::size_t row, std::size_t column) {
     return TwoDigits(column * 13 + row);
 }

@@ -141,8 +141,7 @@ void AddWindow(Rows& table) {
             OfNormalWindow(WholeNumber({{Session}, kStartUp, key}, value, otherwise, range)));
     };
     add("WinTop", place.top, kStart.top, edge);
-    // The left edge is saved under a key that differs in case; a store that ignores case would lose
-    // it.
+    // The left edge is saved under a key that differs in case; a case-sensitive store loses it.
     add("Winleft", place.left, kStart.left, edge);
     table.push_back(BuiltNumber({{}, kStartUp, "WinLeft"}, place.left, edge));
     add("WinWidth", place.width, kStart.width, size);

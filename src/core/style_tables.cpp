@@ -51,8 +51,7 @@ constexpr std::array<AxisStyle, 5> kStartAxisStyles = {{
     {20, 0, 1} // small circles
 }};
 
-// Each level has the colour of the band symbols that it encloses; the sixth level has its own
-// colour.
+// Each level has the colour of the band symbols that it encloses; the sixth has its own colour.
 constexpr std::array<AxisStyle, kContourStyles> kStartContourStyles = {{
     {18, kSolidLine, 1},
     {15, kSolidLine, 1},

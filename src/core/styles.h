@@ -87,8 +87,8 @@ struct Styles {
 
     std::array<AxisStyle, 5> axes{}; ///< indexed by AxisStyleRow
 
-    /// Density contours by level: colour index, draw style, draw width. Higher levels use the last
-    /// one.
+    /// Density contours by level: colour index, draw style, draw width. The last one is for the
+    /// rest.
     std::array<AxisStyle, kContourStyles> contours{};
 
     std::array<PlotFont, 10> fonts{};                ///< indexed by PlotFontPlace

@@ -14,12 +14,11 @@ namespace quandrel {
 using TaggedValue =
     std::variant<std::monostate, std::int16_t, std::int32_t, float, double, std::string, bool>;
 
-/// The value as a number: a truth value is -1 or 0; an empty value and a text that is not a number
-/// give 0.
+/// The value as a number: a truth value is -1 or 0; empty values and other texts give 0.
 [[nodiscard]] double NumberOf(const TaggedValue& value);
 
-/// The value as a text: an empty value gives "", a truth value "True" or "False", a number its
-/// shortest form.
+/// The value as a text: empty gives "", a truth value "True" or "False", a number its shortest
+/// form.
 [[nodiscard]] std::string TextOf(const TaggedValue& value);
 
 [[nodiscard]] inline bool IsEmpty(const TaggedValue& value) {

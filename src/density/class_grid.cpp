@@ -15,8 +15,7 @@ namespace {
 
 constexpr std::int16_t kByNumbers = 1;
 
-/// Adds up line by line, because differences of running totals would leave rounding errors where
-/// the sum is 0.
+/// Adds up line by line, because differences of running totals would leave rounding errors.
 struct ValueTotal {
     const LineValues& values;
     ValueSum total;
@@ -59,8 +58,7 @@ LineValues ValuesOfRows(const Plot& plot) {
     return values;
 }
 
-/// Calls a function with the column, the row and the values of each grid node over a plot that has
-/// any values.
+/// Calls a function with column, row and values of each grid node over a plot that has any values.
 template <class Visit>
 void VisitNodes(const Plot& plot, int gridSize, Visit visit) {
     const LineValues values = ValuesOfRows(plot);

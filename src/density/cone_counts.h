@@ -47,8 +47,8 @@ public:
     /// Rows of a ring.
     [[nodiscard]] std::int32_t OnRing(int plunge) const { return OnArc(plunge, 0, 359); }
 
-    /// Rows of a ring with trends from `first` to `last`, -kArcReach to 360 + kArcReach, at most a
-    /// full turn apart.
+    /// Rows of a ring, trends `first` to `last` in -kArcReach to 360 + kArcReach, a full turn at
+    /// most.
     [[nodiscard]] std::int32_t OnArc(int plunge, int first, int last) const {
         const Totals& totals = (*running_)[Place(plunge)];
         return totals[Place(last + 1 + kArcReach)] - totals[Place(first + kArcReach)];

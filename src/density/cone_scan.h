@@ -77,8 +77,7 @@ struct WholeDegrees {
 [[nodiscard]] const WholeDegrees& WholeDegreeTable();
 
 // The distance to a bound within which the arithmetic is not trusted. The widths of arcs are
-// accurate to 1e-7 degrees as long as the product of the cosines and the bound are not close to 0
-// or 1.
+// accurate to 1e-7 degrees while the product of the cosines and the bound are not near 0 or 1.
 inline constexpr double kUnsureDegrees = 1e-6;
 inline constexpr double kUnsureBound = 1e-6;
 inline constexpr double kUnsureProduct = 1e-4;

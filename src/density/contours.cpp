@@ -19,8 +19,7 @@ namespace quandrel {
 
 namespace {
 
-/// Closed parts of a contour that enclose less than this number of cells are artefacts of the
-/// counting.
+/// Closed parts of a contour with fewer cells than this are artefacts of the counting.
 constexpr double kLeastCells = 4;
 
 /// Counts at the nodes of a plot's grid.

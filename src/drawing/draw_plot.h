@@ -11,8 +11,7 @@
 
 namespace quandrel {
 
-/// Draws a plot with its legend: the net with its contents, in the order of DrawStereoPlot, or a
-/// rose.
+/// Draws a plot with its legend: the net with its contents, as DrawStereoPlot does, or a rose.
 void DrawPlot(const Plot& plot, const Drawing& drawing);
 
 /// Draws the contents of a net: the grid of classes, rows, overlays, annotations, legend,

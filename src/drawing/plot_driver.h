@@ -30,8 +30,7 @@ void DrawForCause(int slot, ReplotCause cause);
 /// Recomputes the plot and draws the contents of its net.
 void DrawStereoPlot(bool recalculate);
 
-/// Draws the great circle of a row of AxisItems that is shown; row 0 does not have one. A rose does
-/// not have any.
+/// Draws the great circle of a row of AxisItems that is shown. Row 0 and roses do not have any.
 void DrawGirdle(int item);
 
 /// Draws the symbol of a statistical axis, rows 9 and 10 of AxisItems.

@@ -11,8 +11,7 @@
 
 namespace quandrel {
 
-/// Draws the plot as another kind (a PlotKindCode). The positions of all rows are recomputed for
-/// the other net.
+/// Draws the plot as another kind (a PlotKindCode). All positions are recomputed for the other net.
 void ChangePlotKind(std::int16_t kind);
 
 /// Treats the data as another kind (a DataKindCode), after a question when the plot has rows. False

@@ -103,8 +103,8 @@ protected:
         }
     }
 
-    /// The next value or array is an element, at a given index, of the member `name`, an array of a
-    /// given size.
+    /// The next value or array is an element, at an index, of the member `name`, an array of a
+    /// size.
     void Element(const char* name, std::size_t place, std::size_t size) {
         if constexpr (kLists) {
             stream_.Element(name, place, size);

@@ -38,8 +38,7 @@ void RequirePossibleGrid(BinaryReader& reader, const PlotRecord& record);
 /// Angles beyond their range are wrapped.
 void RequirePossibleSettings(BinaryReader& reader, PlotRecord& record);
 
-/// The place of a window: top, left, width and height in 1/1440 inch; empty when it is not a
-/// possible one.
+/// The place of a window: top, left, width and height in 1/1440 inch; empty when impossible.
 [[nodiscard]] std::optional<WindowPlace> PossiblePlace(std::int32_t state,
                                                        const std::array<float, 4>& place);
 

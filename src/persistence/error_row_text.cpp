@@ -42,8 +42,7 @@ std::string CutToField(const std::string& text) {
     if (bytes == text) {
         return std::string(WholeCharacters(text, kLongestFileText));
     }
-    // One byte per character; the start must not contain a letter that prevents it from being read
-    // as UTF-8.
+    // One byte per character; no letter of the start may prevent it from being read as UTF-8.
     std::string start = FromWindows1252(std::string_view(bytes).substr(0, kLongestFileText));
     if (ToFileBytes(start).size() > kLongestFileText) {
         start = WholeCharacters(start, kLongestFileText);

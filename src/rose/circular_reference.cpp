@@ -243,8 +243,7 @@ double VonMisesLength(double kappa) {
     if (kappa > 500) {
         return LargeVonMisesLength(kappa);
     }
-    // I(n) / I(n-1) = 1 / (2 n / kappa + I(n+1) / I(n)); for n far above kappa the start value does
-    // not matter.
+    // I(n) / I(n-1) = 1 / (2 n / kappa + I(n+1) / I(n)); far above kappa any start value will do.
     double ratio = 0;
     for (int n = static_cast<int>(kappa) + 60; n >= 1; --n) {
         ratio = 1 / (2 * n / kappa + ratio);

@@ -78,9 +78,8 @@ struct CircularResults {
 /// @param formulas  decides the mean directions (AngleFromSinCos) and kappa (KappaOfLength)
 /// @return empty when a resultant is longer than MeanResultantLength allows
 ///
-/// Formulas: N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3 and 4.5.5; variance
-/// and standard deviation of axial data by K. V. Mardia, Statistics of Directional Data (1972),
-/// 2.6.
+/// Formulas: N. I. Fisher, Statistical Analysis of Circular Data (1993), 2.3, 4.5.5; variance and
+/// standard deviation of axial data: K. V. Mardia, Statistics of Directional Data (1972), 2.6.
 [[nodiscard]] std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums,
                                                                 double n, AngleSense sense,
                                                                 Formulas formulas = Formulas::Own);

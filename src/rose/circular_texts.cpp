@@ -54,8 +54,7 @@ void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sens
     texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
 }
 
-/// Without a resultant there is no direction at which to cut the circle or to choose between
-/// several medians.
+/// Without a resultant the circle cannot be cut, nor a median chosen among several.
 void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularResults& results,
                  AngleSense sense) {
     if (results.resultant[kOfAngles] == 0) {
@@ -66,8 +65,7 @@ void WriteMedian(OwnTexts& texts, const LeastDeviation& median, const CircularRe
     texts.medianDeviation = FormatNumber(RadToDeg(median.deviation), kDegreeFormat) + kDegreeSign;
 }
 
-/// The textbook's median beside the program's own. Halves of the last digit are rounded in the same
-/// way.
+/// The textbook's median beside the program's own. Halves of the last digit round the same way.
 void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const Plot& plot) {
     constexpr double kRounding = 1e-9;
     const PlotRecord& record = plot.record;
@@ -83,8 +81,7 @@ void WriteTextbookMedian(OwnTexts& texts, const CircularResults& results, const 
     WriteMedian(texts, median, results, sense);
 }
 
-/// A result that the textbook leaves undetermined although the program's own formulas give a
-/// number.
+/// A result that the textbook leaves undetermined, although the program's own formulas do not.
 void OpenTextbookResults(OwnTexts& texts, const CircularResults& results) {
     if (results.resultant[kOfAngles] == 0) {
         texts.deviation = texts.dispersion = texts.error = kUndetermined;

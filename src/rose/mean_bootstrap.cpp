@@ -21,8 +21,8 @@ constexpr int kPlaceOfLimit = kBootstrapResamples * 95 / 100 - 1; ///< of the so
 /// A length below this, per unit of weight, is rounding error.
 constexpr double kRounding = 1e-12;
 
-/// Sums over angles with their weights: of cosine and sine, of those of the doubled angle, and of
-/// the weights.
+/// Weighted sums over angles: of cosine and sine, of those of the doubled angle, and of the
+/// weights.
 struct Sums {
     double cosine = 0;
     double sine = 0;

@@ -16,8 +16,7 @@ namespace quandrel {
 /// is no petal, and for plots that are not roses.
 [[nodiscard]] std::string PetalTip(const Plot& plot, Point at);
 
-/// Azimuth bounds of a sector as text, "020-030"; for axial data with the opposite ones, "020-030,
-/// 200-210".
+/// Azimuth bounds of a sector as text, "020-030"; for axial data both ends, "020-030, 200-210".
 [[nodiscard]] std::string SectorBoundsText(const Plot& plot, int sector);
 
 } // namespace quandrel

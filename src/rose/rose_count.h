@@ -34,8 +34,7 @@ struct RoseCountSettings {
     DegreeLine sampleLine; ///< of all rows, unless each has its own
 };
 
-/// The columns of the rows to count. All have dips.size() values; all but the first two may also be
-/// empty.
+/// The columns of the rows to count. All have dips.size() values; the later ones may be empty.
 struct RoseRows {
     std::span<const std::int32_t> dips;        ///< or plunges; kErrorRow is skipped
     std::span<const std::int32_t> azimuths;    ///< whole degrees

@@ -118,8 +118,7 @@ bool Meet(const LabelBox& a, const LabelBox& b) {
     return a.left < b.right && b.left < a.right && a.bottom < b.top && b.bottom < a.top;
 }
 
-/// Places the names of compass points around the rim, each clear of the arrows of the mean and of
-/// the other names.
+/// Places the names of compass points around the rim, clear of the mean's arrows and of each other.
 class CompassLabels {
 public:
     CompassLabels(const Plot& plot, const Drawing& drawing)
@@ -127,8 +126,7 @@ public:
         , arrows_(RoseArrowAzimuths(plot)) {
         DrawState state = surface_.State();
         state.foreColour = AxesColour(drawing);
-        // There is little room between the ticks and the edge of the surface, and less in a small
-        // window.
+        // There is little room between the ticks and the edge, and less in a small window.
         const double room = surface_.Scale().top - kLabelRadius;
         const double height = surface_.TextHeight();
         if (height > room && height > 0) {

@@ -104,8 +104,7 @@ enum class BiasBox { Plunge = 0, Trend = 1, MinAngle = 2 };
 /// within plunges 0 to 90, trends 0 to 360, least angles 1 to 90.
 [[nodiscard]] int CorrectedBiasValue(BiasBox box, double typed);
 
-/// Reads a number of a dialog box with the regional decimal delimiter; empty for an invalid one. An
-/// empty box is 0.
+/// Reads a number of a box with the regional decimal delimiter; empty if invalid, 0 for no text.
 [[nodiscard]] std::optional<double> NumberOfRoseBox(std::string_view text);
 
 /// The size for a number of sectors, degrees, unrounded.

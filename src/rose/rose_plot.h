@@ -27,7 +27,7 @@ namespace quandrel {
 [[nodiscard]] int FaultOfTotals(const PlotRecord& record, const Table<double, 7, 3>& totals,
                                 double classed);
 
-/// The RoseFault that has replaced the rose of a plot by one of frequencies since the last call, or
+/// The RoseFault that has made a plot's rose one of frequencies since the last call, or
 /// kNoRoseFault.
 [[nodiscard]] int TakeRoseFault(Plot& plot);
 

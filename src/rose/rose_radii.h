@@ -50,8 +50,7 @@ struct RoseRadiiResult {
 /// counts as frequencies.
 [[nodiscard]] int MeasureOfRose(int roseType);
 
-/// Whether a rose has class segments. Means and deviations do not, because they are not sums over
-/// their classes.
+/// Whether a rose has class segments. Means and deviations do not: they are not sums over classes.
 [[nodiscard]] bool HasRoseClasses(int roseType);
 
 /// Radius of the zero circle, plot units: a whole number from 0 to 990.

@@ -30,8 +30,7 @@ namespace {
 constexpr double kFullTurn = 360;
 constexpr double kHalfTurn = 180;
 
-// Sizes such as 360 / 7 meet their edges only approximately: within this distance an azimuth is on
-// an edge.
+// Sizes such as 360 / 7 meet their edges only approximately: an azimuth this close is on the edge.
 constexpr double kEdgeTolerance = 1e-9;
 
 constexpr const char* kOddSizeQuestion =
@@ -71,8 +70,8 @@ int SectorOfPair(const SectorLayout& layout, int sector) {
     // Sector 1 ends one size clockwise from the start.
     const double end = layout.startAzimuth + (2 - lower) * layout.size;
     const double turns = Snapped(end / kHalfTurn);
-    // The sector that ends above 0 and at 180 at most, after whole turns: the first half, including
-    // its end.
+    // The sector that ends above 0 and at 180 at most, after whole turns: the first half and its
+    // end.
     const auto halfTurns = static_cast<long>(std::ceil(turns));
     return halfTurns % 2 != 0 ? lower : lower + half;
 }
@@ -248,8 +247,7 @@ RoseCountSettings SettingsOf(const PlotRecord& record, const SectorLayout& layou
     settings.kind = RoseKindOf(record.RoseType);
     settings.layout = layout;
     settings.strikes = record.DataKind == kPlanes;
-    // The sign of the plunge marks a T axis, even a horizontal one: all axes keep the trend of
-    // their lower end.
+    // The sign of the plunge marks a T axis, even a horizontal one: all keep the lower end's trend.
     settings.polar =
         record.DataKind == kPolarLines && !ShowsPlaneData(record) && record.AxesTitle.empty();
     settings.grouped = record.HasFrequencyColumn != 0;

@@ -54,8 +54,7 @@ struct SectorLayout {
 };
 
 /// Lays out sectors from a start azimuth. An even number of sectors of axial data without a smaller
-/// one makes pairs. Otherwise an axis is counted at both its ends; for a single sector the two are
-/// the same.
+/// one makes pairs. Otherwise an axis is counted at both its ends, which a single sector shares.
 [[nodiscard]] SectorLayout LayOutSectors(const SectorDivision& division, double startAzimuth,
                                          bool directional);
 

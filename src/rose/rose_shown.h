@@ -10,20 +10,17 @@
 
 namespace quandrel {
 
-/// Stores rows and settings of a plot as those of the rose shown, and the formulas of its circular
-/// statistics.
+/// Stores rows, settings and the formulas of circular statistics of a plot, for the rose shown.
 void RememberRose(Plot& plot, Formulas formulas);
 
-/// Whether rows, formulas, or settings that affect the count differ from those stored, or none were
-/// stored.
+/// Whether rows, formulas, or settings of the count differ from those stored, or none were stored.
 [[nodiscard]] bool IsRoseStale(const Plot& plot, Formulas formulas);
 
 /// Restores the stored settings to the record. Its rose then stays unchanged until rows, formulas
 /// or settings change again. False when none were stored for this plot.
 [[nodiscard]] bool RestoreRose(Plot& plot, Formulas formulas);
 
-/// Records that the user rejects a rose of this sector size, and that there is no former rose to
-/// keep.
+/// Records that the user rejects a rose of this sector size, and that there is no former rose.
 void RefuseRose(Plot& plot);
 
 /// Whether this still holds: the plot has the same rows and size, and no rose.

@@ -243,8 +243,7 @@ RoseWedgeSettings SettingsOfLayer(const Plot& plot, int layer) {
     return settings;
 }
 
-/// The outlines of the lower layers, in their colours, so that each remains visible under the
-/// others.
+/// The outlines of the lower layers, in their colours, so that each remains visible.
 void DrawLowerOutlines(const PlotRose& rose, const Drawing& drawing) {
     DrawState state = drawing.plot.State();
     state.fillStyle = kNoFill;

@@ -21,8 +21,7 @@ namespace quandrel {
 /// The cone of gActivePlot on one line: its axis and semi-angle in degrees, or why there is none.
 [[nodiscard]] std::string ConfidenceConeText();
 
-/// Draws the cone about the principal axis, by the formulas of the drawing, if it is to be shown
-/// and exists.
+/// Draws the cone about the principal axis, by the formulas of the drawing, if shown and possible.
 void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing);
 
 } // namespace quandrel

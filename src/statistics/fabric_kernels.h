@@ -30,8 +30,7 @@ inline constexpr double kNotSymmetric = -1;
 /// Plunge and trend of a mean without a direction.
 inline constexpr double kNoDirection = 9999;
 
-/// Eigenvalues, and differences of eigenvalues, below this count as 0: the results are stored in 32
-/// bits.
+/// Eigenvalues, and their differences, below this count as 0: results are stored in 32 bits.
 inline constexpr double kLeastEigenvalue = 1e-6;
 
 /// A resultant shorter than this per direction has no direction: it is rounding error.
@@ -52,8 +51,7 @@ enum class LinePolarity {
     kDirected,
 };
 
-/// The directions of lines, with their rows as weights. O(lines), without trigonometric functions
-/// per line.
+/// The directions of lines, with their rows as weights. O(lines), without trigonometry per line.
 [[nodiscard]] WeightedDirections DirectionsOf(std::span<const DistinctLine> lines,
                                               LinePolarity polarity);
 

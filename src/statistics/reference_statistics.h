@@ -39,8 +39,7 @@ struct ConfidenceEllipse {
     Direction majorDirection; ///< at right angles to the principal axis, pointing down
 };
 
-/// Empty values: a logarithm or a quotient failed, or equal eigenvalues leave the result
-/// undetermined.
+/// Empty: a logarithm or a quotient failed, or equal eigenvalues leave the result undetermined.
 struct ReferenceStatistics {
     double count = 0;                    ///< rows
     std::array<double, 3> eigenvalues{}; ///< ascending, accurate to 1e-12

@@ -30,8 +30,8 @@ bool IsAxisColumn(std::string_view name) {
     return name.empty() || name == kAssumedNormal || name == kAssumedReverse;
 }
 
-/// The valid main rows of a plot with the contents of their texts; empty when any text is of
-/// another kind.
+/// The valid main rows of a plot with their texts' contents; empty when any text is of another
+/// kind.
 struct AxisRows {
     std::vector<std::pair<std::int32_t, AxisKind>> rows;
     std::set<std::int32_t> faults;

@@ -69,8 +69,7 @@ struct AxisSource {
 
 /// Restores a plot of axes from rows that were read from a text file. If the name of the text
 /// column and the texts of all valid main rows are those of axes, the plot gets their title, and
-/// each axis its symbol; a rose of both kinds becomes a net, with a message. Other plots are
-/// unchanged.
+/// each axis its symbol; a rose of both kinds becomes a net, with a message. Other plots stay.
 void RestoreAxes(int slot);
 
 /// Why densities and contours of P and T together are refused, and how to get them.
@@ -96,8 +95,7 @@ inline constexpr const char* kOpensAsNet = "The plot opens as a net.\n";
 [[nodiscard]] bool MixesAxesAsRose(const PlotRecord& record, int plotKind);
 
 /// Changes a plot of P and T together to points if its mode counts over both, and to an equal area
-/// net if it is a rose. True when something changed; the row table of a former rose must then be
-/// rebuilt.
+/// net if it is a rose. True when something changed; the table of a former rose must be rebuilt.
 bool MendMixedAxes(PlotRecord& record);
 
 } // namespace quandrel

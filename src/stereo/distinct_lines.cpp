@@ -53,8 +53,7 @@ std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastInd
     return lines;
 }
 
-/// The sign of an axis marks its kind, even where it is horizontal: all are taken by their lower
-/// ends.
+/// The sign of an axis marks its kind, even a horizontal one: all are taken by their lower ends.
 std::vector<DistinctLine> ByLowerEnds(std::vector<DistinctLine> lines) {
     for (DistinctLine& line : lines) {
         line.plunge = static_cast<std::int16_t>(std::abs(line.plunge));
@@ -62,8 +61,7 @@ std::vector<DistinctLine> ByLowerEnds(std::vector<DistinctLine> lines) {
     return lines;
 }
 
-/// Degrees shifted above 0, so that truncation after adding one half rounds them without a test of
-/// the sign.
+/// Degrees are shifted above 0, so that adding one half and truncating rounds them.
 constexpr double kLift = 90;
 
 } // namespace

@@ -14,9 +14,9 @@ void SetPlotDrawMode(const Drawing& drawing);
 
 /// Draws the primitive circle with the axes in the style of Styles::plotAxesStyle: 0 a centre
 /// cross, 1 a small cross and rim ticks (none in the north), 2 diameters with ticks every ten
-/// degrees, 3 ticks on the eastern rim and on the axes. Any other value draws the circle only. With
-/// Styles::showNorth an "N" is at the top. A rose draws its own. A drawing for a window clears the
-/// surface first.
+/// degrees, 3 ticks on the eastern rim and on the axes. Any other value draws the circle only.
+/// Styles::showNorth adds an "N" at the top. A rose draws its own. For a window the surface is
+/// cleared first.
 void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
 
 /// Draws the mean arrow at the rim, in the style of the mean, when the mean is shown and the plot

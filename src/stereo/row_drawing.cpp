@@ -120,8 +120,7 @@ void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const Sty
     }
 }
 
-/// Each row's symbol with its arrow on top, in order. Arrows differ from row to row, so no row is
-/// skipped.
+/// Each row's symbol with its arrow on top, in order. Arrows differ, so no row is skipped.
 void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
                         const SlipArrows& arrows) {
     const RowTable& table = plot.table;

@@ -36,8 +36,7 @@ enum class RowStyle {
 
 /// The slip arrows of rows.
 struct SlipArrows {
-    /// Azimuth of a row's arrow in radians, NaN for a row without one. An empty function draws no
-    /// arrows.
+    /// Azimuth of a row's arrow in radians, NaN for a row without one. Empty: no arrows.
     std::function<double(std::int32_t row)> azimuth;
     bool haveHeads = true; ///< false: lines to both sides, because the sense is unknown
 };

@@ -118,8 +118,8 @@ bool IsTurned(int symbolCode) {
     return symbolCode == kSlipArrowSymbol || symbolCode == kSlipLineSymbol;
 }
 
-/// The mark at the end of a slip arrow: a broad ring with a bar; for the upward side, a narrow ring
-/// with a cross.
+/// The mark at the end of a slip arrow: a broad ring with a bar, or if upward a narrow one with a
+/// cross.
 std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
     std::vector<GlyphPart> parts = {CirclePart(5 * h, upward ? Ink::White : Ink::Filled),
                                     CirclePart(3 * h, Ink::White),

@@ -12,8 +12,7 @@ namespace quandrel {
 
 namespace {
 
-/// Passes each cell of a line to a function with its distance from the line's start. Returns the
-/// line's width.
+/// Passes each cell of a line to a function with its distance from the start. Returns the width.
 double EachCell(const Surface& surface, const std::string& line,
                 const std::function<void(double left, const std::string& cell)>& tell) {
     const double tab = surface.TextWidth(kTabSample);
