@@ -16,8 +16,7 @@ namespace quandrel {
 struct ReferenceLine {
     std::string name;
     std::optional<double> value; ///< angles in degrees; may be infinite; empty is undetermined
-    std::string printed;         ///< the printed value where its digits differ; several formats are
-                                 ///< separated by commas
+    std::string printed;         ///< the printed values where they differ, with commas
 };
 
 /// Collects lines.
