@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kNoNumber = "A class limit is no number.";
 
-/// The kind that a mode stands for, None where the plot lacks the column.
+/// The kind of a mode. None if the plot does not have the column that the mode needs.
 ClassKind UsableKind(int mode, const PlotRecord& record) {
     const ClassKind kind = KindOfMode(mode);
     const bool lacks = (kind == ClassKind::Numbers && record.HasAppendedNumeric == 0)
@@ -85,7 +85,7 @@ std::string ClassBoxes::GoToFault() {
 
 void ClassBoxes::ChooseStyle(int classNumber) {
     if (classNumber < 1) {
-        return; // the patch of a line that is not in use
+        return; // the patch belongs to a line that is not in use
     }
     SymbolRow& style = styles_[At(classNumber - 1) % styles_.size()];
     StyleQuestion question;
@@ -175,7 +175,7 @@ void ClassBoxes::LimitEdited(ClassKind kind, int box) {
         LimitOfBox(edited.text().toStdString(), given.text.toStdString(), given.value);
     MarkBox(edited, !limit);
     BecomeCustom();
-    // While the text is no number the limit is the one before.
+    // While the text is not a valid number, the previous limit applies.
     ClassLimits& limits = RangesOfKind(settings_, kind).limits;
     SetLimitAt(limits, box, limit.value_or(given.value));
     ShowNeighbours(kind, box);
@@ -216,7 +216,7 @@ void ClassBoxes::BecomeCustom() {
 }
 
 void ClassBoxes::MarkBox(QLineEdit& box, bool isFault) {
-    QPalette colours; // without colours of its own the box follows the window
+    QPalette colours; // a box without colours of its own uses those of the window
     if (isFault) {
         const bool isDark = palette().color(QPalette::Base).lightness() < 128;
         colours.setColor(QPalette::Base, isDark ? QColor(110, 30, 30) : QColor(255, 205, 205));

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of classes that the classification and the rose dialog share: number of classes,
-// procedures, limits or names, what is kept outside of them, and a patch with each class's style.
+// The class controls that the classification dialog and the rose dialog share: number of classes,
+// procedures, limits or names, options that are stored outside the class settings, and a patch that
+// shows the style of each class.
 //
-// The boxes edit copies of the settings and of the styles, made by Load from what the dialog gives;
-// the plot and the style table change only when the dialog applies them. Procedures read
-// gActivePlot. One page shows at a time: limits of the appended numbers, or the types. Alt keys
-// taken: U, P, M, V.
+// The boxes edit copies of the settings and styles that the dialog passes to Load. The plot and the
+// style table change only when the dialog applies the copies. Procedures read gActivePlot. One page
+// is visible at a time: the limits of the appended numbers, or the types. Alt keys in use: U, P, M,
+// V.
 //
-// This is the chief header of the room. Enters: class settings and styles of the dialog that holds
-// the boxes. Leaves: the edited copies, and signals that tell of each change and of a fault in a
-// box.
+// This is the chief header of the room.
+// Input: class settings and styles of the dialog that contains the boxes.
+// Output: the edited copies, and signals for each change and for an invalid text in a box.
 
 #pragma once
 
@@ -43,43 +44,43 @@ class ClassBoxes : public QWidget {
     Q_OBJECT
 
 public:
-    /// @param patches  what the patches show and a click on one edits
+    /// @param patches  what the patches show, and what a click on a patch edits
     explicit ClassBoxes(StyleKind patches, QWidget* parent = nullptr);
 
-    /// Shows settings and styles, under "Last Used". The kind is that of settings.mode; one whose
-    /// column gActivePlot does not have counts as None.
+    /// Shows settings and styles under "Last Used". The kind follows from settings.mode. If
+    /// gActivePlot does not have the column of that kind, the kind is None.
     void Load(const ClassSettings& settings, const ClassStyles& styles);
 
-    /// The settings as edited, the mode among them. Limits are in full precision.
+    /// The edited settings, including the mode. Limits have full precision.
     [[nodiscard]] const ClassSettings& Settings() const { return settings_; }
 
-    /// Styles of classes 1 to 12 as edited.
+    /// The edited styles of classes 1 to 12.
     [[nodiscard]] const ClassStyles& Styles() const { return styles_; }
 
     void SetStyles(const ClassStyles& styles);
 
-    /// What the plot is to show of its numbers. Limits that a procedure made are made anew where a
-    /// grid has other values than the rows.
+    /// What the plot shows of its numbers. If a procedure made the limits and a grid has other
+    /// values than the rows, the limits are calculated again.
     void ChoosePlotType(std::int16_t plotType, ClassGridValue gridValue);
 
-    /// What is classified by. None keeps the page before and disables it.
+    /// Sets the kind of classification. None keeps the previous page and disables it.
     void ChooseKind(ClassKind kind);
 
     [[nodiscard]] ClassKind Kind() const { return kind_; }
 
-    /// The first box that holds no number gets the focus.
+    /// Gives the focus to the first box with an invalid number.
     ///
-    /// @return what is wrong with it, empty when all is well
+    /// @return what is wrong with it, empty if all boxes are valid
     [[nodiscard]] std::string GoToFault();
 
     /// Asks for the style of a class. Connected to PatchClicked.
     void ChooseStyle(int classNumber);
 
-    std::array<QComboBox*, 2> cboNumClasses{}; ///< of numbers, of types
+    std::array<QComboBox*, 2> cboNumClasses{}; ///< for numbers, for types
     QComboBox* cboRange;
     QComboBox* cboType;
     std::array<QLineEdit*, kLimitBoxes> txtRange{};     ///< lower and upper limit of each range
-    std::array<QLineEdit*, kLimitBoxes> txtTypeRange{}; ///< the same of types that are numbers
+    std::array<QLineEdit*, kLimitBoxes> txtTypeRange{}; ///< the same for numeric types
     std::array<QLineEdit*, kMostNames> txtType{};
     QCheckBox* chkTypeNumeric;
     QCheckBox* chkCaseSensitive;
@@ -87,7 +88,7 @@ public:
     std::array<StylePatch*, kClassLines> picPlotBox{}; ///< by line, see class_editing.h
     QLabel* lblRanges;
     QLabel* lblTypes;
-    QLabel* lblClassNote; ///< what is odd about the classes
+    QLabel* lblClassNote; ///< a note about unusual classes
 
 Q_SIGNALS:
     /// The user changed settings or styles.
@@ -102,7 +103,7 @@ protected:
 private:
     using LimitBoxes = std::array<QLineEdit*, kLimitBoxes>;
 
-    /// What a box was given last.
+    /// The last values that were set in a box.
     struct Given {
         QString text;
         double value = 0;
@@ -110,10 +111,10 @@ private:
 
     using GivenLimits = std::array<Given, kLimitBoxes>;
 
-    /// Property of a box whose text is not a number.
+    /// The property of a box whose text is not a number.
     static constexpr const char* kFault = "isFault";
 
-    /// The page of a kind: numbers first.
+    /// The page of a kind; numbers come first.
     [[nodiscard]] static std::size_t PlaceOf(ClassKind kind) {
         return kind == ClassKind::Types ? 1 : 0;
     }
@@ -158,7 +159,7 @@ private:
     void EnableBoxes();
 
     StyleKind patches_;
-    std::array<QWidget*, 2> pages_{}; ///< of numbers, of types
+    std::array<QWidget*, 2> pages_{}; ///< for numbers, for types
     QWidget* lines_ = nullptr;
     std::array<QLabel*, kMostRanges> dashes_{};
     ClassSettings settings_;
@@ -169,9 +170,9 @@ private:
     RangeProcedure rangeProcedure_ = RangeProcedure::LastUsed;
     LimitForm numberForm_ = LimitForm::Plain;
     TypeProcedure typeProcedure_ = TypeProcedure::LastUsed;
-    std::array<GivenLimits, 2> given_{}; ///< of numbers, of types
-    bool hasNumericTypes_ = false;       ///< of the plot loaded
-    bool loading_ = false;               ///< controls are being set by the program
+    std::array<GivenLimits, 2> given_{}; ///< for numbers, for types
+    bool hasNumericTypes_ = false;       ///< of the loaded plot
+    bool loading_ = false;               ///< the program is setting the controls
 };
 
 } // namespace quandrel

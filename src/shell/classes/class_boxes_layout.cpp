@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of classes, where they stand and whom they tell.
+// The class controls: their layout and connections.
 
 #include "shell/classes/class_boxes.h"
 #include "shell/controls/control_kit.h"
@@ -170,7 +170,8 @@ void ClassBoxes::MakeLimits(LimitBoxes& boxes, const char* name, QGridLayout& li
             QString("%1 limit of range %2").arg(isLower ? "Lower" : "Upper").arg(range);
         box->setAccessibleName(text);
         box->setToolTip(text);
-        // The tab key goes through limits once: a lower one is the upper one of the range before.
+        // Tab visits each limit once: the lower limit of a range is the upper limit of the previous
+        // one.
         box->setFocusPolicy(isLower && range > 1 ? Qt::ClickFocus : Qt::StrongFocus);
         boxes[static_cast<std::size_t>(i)] = box;
         lines.addWidget(box, range, isLower ? kLowerColumn : kUpperColumn);

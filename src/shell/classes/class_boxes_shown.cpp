@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the boxes of classes show of the settings under edit.
+// What the class boxes show of the edited settings.
 
 #include "core/plot_store.h"
 #include "shell/classes/class_boxes.h"
@@ -62,7 +62,7 @@ void ClassBoxes::Refresh() {
 }
 
 void ClassBoxes::ShowPage() {
-    // Both pages take the same room, and never both of them take it: the window keeps its size.
+    // Only one page is visible. Both take up the same height, so the window keeps its size.
     const std::size_t place = PlaceOf(page_);
     pages_[1 - place]->hide();
     const int spare = pages_[1]->sizeHint().height() - pages_[place]->sizeHint().height();
@@ -115,7 +115,7 @@ void ClassBoxes::ShowLines() {
     chkShowOthers[kOtherNames]->setVisible(!hasRanges);
 }
 
-/// The boxes that change with an edited one: its twin, or all whose form is no longer theirs.
+/// The boxes that change with an edited box: its twin, or all boxes whose format has changed.
 void ClassBoxes::ShowNeighbours(ClassKind kind, int box) {
     const ClassLimits& limits = RangesOfKind(settings_, kind).limits;
     const bool changesForm = kind == ClassKind::Numbers

@@ -52,7 +52,7 @@ QString FigureText(std::optional<double> figure) {
     return figure ? QString::fromStdString(ShownNumber(*figure)) : QString(kNoFigure);
 }
 
-/// A tip, or why the control cannot be used.
+/// A tip, or the reason why the control is disabled.
 void Enable(QWidget& control, bool isEnabled, const QString& tip, const QString& reason) {
     control.setEnabled(isEnabled);
     control.setToolTip(isEnabled ? tip : reason);
@@ -350,7 +350,7 @@ bool frmDataClassification::ReadBackground(ClassSettings& settings) {
 
 bool frmDataClassification::Apply() {
     if (slot_ != gActivePlot || !IsOpenSlot(gActivePlot)) {
-        return false; // there is nothing to apply to
+        return false; // there is no plot to apply it to
     }
     ClassSettings settings = SettingsOfControls();
     if (const std::string fault = boxes->GoToFault(); !fault.empty()) {

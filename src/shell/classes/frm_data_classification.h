@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The classification dialog: classes of the rows of the active plot by their appended values, what
-// a plot of numbers shows, and the statistics of the numbers.
+// The classification dialog: classes of the rows of the active plot by their appended values, the
+// display of a plot of numbers, and the statistics of the numbers.
 //
-// The dialog may stay open beside the plots and follow the active one. Everything in it is a copy,
-// symbols of classes included, until OK or Apply.
+// The dialog can stay open beside the plots and follows the active plot. It edits copies, including
+// the symbols of classes, until OK or Apply.
 
 #pragma once
 
@@ -43,20 +43,22 @@ enum NumericStatsLabel : std::size_t {
 
 class frmDataClassification : public QDialog {
 public:
-    /// @param showPreferences  opens the preferences at a page; empty while there are none
+    /// @param showPreferences  opens the preferences at a page; empty if there are none
     explicit frmDataClassification(QWidget* parent,
                                    std::function<void(int tab)> showPreferences = {});
 
-    /// Shows gActivePlot. While the dialog is open, what was changed of the same plot and not
-    /// applied yet stays as it is; a dialog that comes up begins anew.
+    /// Shows gActivePlot. While the dialog is open, changes to the same plot that are not applied
+    /// yet are kept. When the dialog opens, they are discarded.
     void FollowActivePlot();
 
-    /// Enables what the appended columns and the choices so far allow, and tells why not.
+    /// Enables the controls that the appended columns and the choices allow. Disabled controls show
+    /// the reason.
     void EnableClassOptions();
 
-    /// Classifies the plot by what the dialog shows.
+    /// Classifies the plot with the settings of the dialog.
     ///
-    /// @return false when something is refused: then nothing has changed, and the user knows why
+    /// @return false if a setting is refused: then nothing has changed, and the user has seen the
+    ///         reason
     bool Apply();
 
     void accept() override;
@@ -66,7 +68,7 @@ public:
     std::array<QCheckBox*, 2> chkGridValues{};         ///< cumulative, mean
     QLineEdit* txtMinValue;
     std::array<QLabel*, 8> lblNumericStats{}; ///< [NumericStatsLabel]
-    QLabel* lblValues;                        ///< how many rows have a value
+    QLabel* lblValues;                        ///< the number of rows with a value
     ClassBoxes* boxes;
     QPushButton* OKButton;
     QPushButton* CancelButton;
@@ -91,10 +93,10 @@ private:
 
     std::function<void(int)> showPreferences_;
     QString shownBackground_;
-    std::optional<double> background_; ///< in full, of shownBackground_
-    int slot_ = 0;                     ///< the plot shown
-    bool changed_ = false;             ///< controls differ from the plot
-    bool loading_ = false;             ///< controls are being set by the program
+    std::optional<double> background_; ///< in full precision, of shownBackground_
+    int slot_ = 0;                     ///< the plot that is shown
+    bool changed_ = false;             ///< the controls differ from the plot
+    bool loading_ = false;             ///< the program is setting the controls
 };
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How a text is shown that cannot be read.
+// How an invalid text is shown.
 
 #pragma once
 
@@ -11,14 +11,14 @@
 
 namespace quandrel {
 
-/// Its colour, on the base colour of the program's palette.
+/// The colour of invalid texts, on the base colour of the program's palette.
 [[nodiscard]] inline QColor BadTextColour() {
     constexpr int kDarkBelow = 128; // lightness of a dark palette's base
     const bool isDark = QGuiApplication::palette().color(QPalette::Base).lightness() < kDarkBelow;
     return isDark ? QColor(0xff, 0x7a, 0x70) : QColor(0xb8, 0x00, 0x00);
 }
 
-/// Shows a box's text in that colour, or in the usual one.
+/// Shows the text of a box in that colour, or in the usual one.
 inline void ShowAsBad(QLineEdit& box, bool isBad) {
     QPalette colours;
     if (isBad) {

@@ -18,7 +18,7 @@ bool IsReturn(const QKeyEvent& event) {
     return isPlain && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
 }
 
-/// Boxes to tick, and patches that are chosen like radio buttons, leave Return to the dialog.
+/// In check boxes, and in patches that act like radio buttons, Return belongs to the dialog.
 bool IsPressedByReturn(const QAbstractButton& button) {
     return qobject_cast<const QPushButton*>(&button) != nullptr
            || qobject_cast<const QToolButton*>(&button) != nullptr || !button.isCheckable();
@@ -39,7 +39,7 @@ bool ButtonKeys::eventFilter(QObject* watched, QEvent* event) {
     if (button == nullptr || !IsPressedByReturn(*button)) {
         return QObject::eventFilter(watched, event);
     }
-    // A key that is held must not press what comes up next.
+    // A held key must not press a button of the next window.
     if (!static_cast<const QKeyEvent*>(event)->isAutoRepeat()) {
         button->click();
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Return presses the button that has the focus: in dialogs and message boxes, where Qt sees to it
-// for push buttons that may become the default, and in panels, bars and drawn buttons as well.
+// Return presses the button that has the focus. Qt does this only for push buttons that can become
+// the default button in dialogs and message boxes. This class adds panels, bars and custom buttons.
 
 #pragma once
 
@@ -11,7 +11,7 @@ namespace quandrel {
 
 class ButtonKeys : public QObject {
 public:
-    /// Watches the keys of the whole application while it lives.
+    /// Watches the keys of the whole application during its lifetime.
     explicit ButtonKeys(QObject* parent);
 
 protected:

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// What the windows of all rooms are made of: controls with a name, a caption and a tip, made in one
-// line, and the order in which Tab visits them.
+// The common parts of all windows: functions that create a control with a name, a caption and a tip
+// in one line, and the order in which Tab visits the controls.
 //
-// Enters: captions, tips and names from the tables of a window. Leaves: new controls without a
-// parent, which the layout of the window takes, and nothing else; no room above is known here. The
-// rest of the folder is used alike: the picture box, icons, notes, the colours of faint and bad
-// texts, what holds for all buttons and all boxes for text.
+// Input: captions, tips and names from the tables of a window. Output: new controls without a
+// parent, which the layout of the window takes over. This folder does not use any room above it. It
+// also holds the picture box, icons, notes, the colours of faint and invalid texts, and the rules
+// for all buttons and all text boxes.
 
 #pragma once
 
@@ -29,7 +29,7 @@ class QWidget;
 
 namespace quandrel {
 
-/// What the user reads on a control, and in its tip.
+/// The caption and the tip of a control.
 struct ControlText {
     const char* caption;
     const char* tip;
@@ -40,10 +40,10 @@ struct ControlText {
     return QString("%1_%2").arg(name).arg(index);
 }
 
-/// A label of plain text, which is never taken for text with formatting.
+/// A plain-text label. Its text is never interpreted as rich text.
 ///
-/// @param name   its object name; empty for a label that nobody looks for
-/// @param buddy  the control that its mnemonic leads to, or null
+/// @param name   its object name; empty if no code looks for the label
+/// @param buddy  the control that its mnemonic activates, or null
 [[nodiscard]] QLabel* MakeLabel(const QString& text, const QString& name = {},
                                 QWidget* buddy = nullptr);
 
@@ -57,27 +57,27 @@ struct ControlText {
 
 /// One option of a group.
 ///
-/// @param id  what the group calls it by
+/// @param id  the id of the option in the group
 [[nodiscard]] QRadioButton* MakeOption(const QString& name, const ControlText& text,
                                        QButtonGroup* group, int id);
 
 /// An empty list.
 [[nodiscard]] QComboBox* MakeList(const QString& name, const QString& accessibleName);
 
-/// Makes a button one cell of a choice of drawn cells: it can be checked, and its text is read out
-/// and shown as its tip.
+/// Makes a button one cell in a choice of drawn cells: the button becomes checkable, and its text
+/// serves screen readers and is its tip.
 void NameCell(QAbstractButton& cell, const QString& name, const QString& text);
 
-/// Keeps the room of a control while it is hidden, so that its window keeps its size.
+/// Keeps the space of a control while it is hidden, so that the window keeps its size.
 void KeepRoomWhenHidden(QWidget& control);
 
 /// The order in which Tab visits the controls of a window.
 class TabOrder {
 public:
-    /// The control comes after the one that was added before it. Null is passed over.
+    /// Adds a control after the one that was added last. Null is ignored.
     TabOrder& Then(QWidget* control);
 
-    /// The controls of an array come in their order.
+    /// Adds the controls of an array in their order.
     template <std::ranges::range Controls>
     TabOrder& Then(const Controls& controls) {
         for (QWidget* control : controls) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts of the status line that end by themselves, with what they told of.
+// Texts of the status line that disappear when they no longer apply.
 
 #pragma once
 
@@ -9,19 +9,19 @@
 
 namespace quandrel {
 
-/// What a status line is, too, that can end its texts.
+/// An additional interface of a status line that can remove its texts.
 class EndingTexts {
 public:
     virtual ~EndingTexts() = default;
 
-    /// Tells something of gActivePlot until it is no longer so.
+    /// Shows a text about gActivePlot as long as it applies.
     ///
-    /// @param holds  asked after each command while that plot is in front; false ends the text
+    /// @param holds  called after each command while that plot is in front; false removes the text
     virtual void SetTextWhile(std::string_view text, std::function<bool()> holds) = 0;
 };
 
-/// Tells something on the status line until it is no longer so; on a line that cannot end its
-/// texts, until the next one.
+/// Shows a text on the status line as long as it applies. If the line cannot remove its texts, the
+/// text stays until the next one.
 void TellWhile(std::string_view text, std::function<bool()> holds);
 
 } // namespace quandrel

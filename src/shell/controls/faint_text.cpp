@@ -45,7 +45,7 @@ QColor MutedText(const QPalette& palette) {
 void UseReadablePlaceholders() {
     QPalette palette = QApplication::palette();
     const QColor faint = MutedText(palette);
-    // Setting a palette sends each window another change of the theme.
+    // Setting a palette sends each window another theme change.
     if (palette.color(QPalette::PlaceholderText) != faint) {
         palette.setColor(QPalette::PlaceholderText, faint);
         QApplication::setPalette(palette);

@@ -6,8 +6,8 @@
 
 #include <QFile>
 
-/// Resources of a static library are not found before they are asked for by name. The macro
-/// declares a function of the global namespace.
+/// Resources of a static library are not found before they are requested by name. The macro
+/// declares a function in the global namespace.
 static void MakeIconsKnown() {
     Q_INIT_RESOURCE(icons);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The program's pictures for buttons and menus.
+// The program's icons for buttons and menus.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace quandrel {
 
-/// The icon of a drawing, without its ending: "open", "great_circles", ... An unknown name is an
-/// empty icon.
+/// The icon of a drawing, by its file name without the extension: "open", "great_circles", ... An
+/// unknown name gives an empty icon.
 [[nodiscard]] QIcon IconOf(const QString& name);
 
 /// The program's own icon.

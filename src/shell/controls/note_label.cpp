@@ -24,7 +24,7 @@ void NoteLabel::changeEvent(QEvent* event) {
 void NoteLabel::UseMutedText() {
     QPalette colours = palette();
     const QColor muted = MutedText(colours);
-    // Setting a palette is a change of it, too.
+    // Setting a palette is a palette change, too.
     if (colours.color(QPalette::WindowText) != muted) {
         colours.setColor(QPalette::WindowText, muted);
         setPalette(colours);

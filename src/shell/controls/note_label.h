@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A line of a window that matters less than the controls about it.
+// A line of a window that is less important than the controls around it.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace quandrel {
 
-/// A plain text in the muted colour of the theme in force. A disabled label would be too faint to
-/// be read.
+/// A plain text in the muted colour of the current theme. A disabled label would be too faint to
+/// read.
 class NoteLabel : public QLabel {
 public:
     explicit NoteLabel(const QString& text);

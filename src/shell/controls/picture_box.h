@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A box that shows a drawing which stays: what is drawn is kept in an image of the screen's own
-// density, and painting the box only copies it.
+// A box that shows a stored drawing. The drawing is an image in the screen's pixel density;
+// painting the box only copies it.
 
 #pragma once
 
@@ -17,43 +17,45 @@ namespace quandrel {
 
 class PictureBox : public QWidget {
 public:
-    /// @param margin  white, about the drawing, logical pixels
+    /// @param margin  white, around the drawing, logical pixels
     explicit PictureBox(QWidget* parent, int margin = 0);
 
-    /// Room for the drawing, logical pixels.
+    /// The space for the drawing, logical pixels.
     [[nodiscard]] QSize PictureSize() const;
 
-    /// What to draw on; made anew and empty when the box has got another size or density.
+    /// The surface to draw on. It is created again, empty, after the size or density of the box
+    /// changes.
     [[nodiscard]] Surface& Picture();
 
-    /// The drawing as it stands; null before there is one.
+    /// The current drawing; null before the first one.
     [[nodiscard]] QImage Image() const;
 
-    /// True when the drawing does not fit the box any more.
+    /// True if the drawing no longer fits the box.
     [[nodiscard]] bool IsStale() const;
 
-    /// Called before a painting that finds the drawing stale.
+    /// Called before the box is painted with an outdated drawing.
     std::function<void()> onStale;
 
-    /// The tip at a position of the drawing, in shares of its width and height from the top left
-    /// corner; an empty one is none.
+    /// The tip at a position of the drawing, given as fractions of its width and height from the
+    /// top left corner. An empty text means that there is no tip.
     std::function<QString(QPointF)> onTip;
 
-    /// Draws, in plot scale, over what the box shows. It leaves no trace in the drawing. An empty
-    /// one costs nothing; whoever sets or changes it calls update().
+    /// Draws, in plot scale, over what the box shows, without changing the drawing. An empty
+    /// function costs nothing. After setting or changing it, call update().
     std::function<void(Surface&)> onOverlay;
 
-    /// Called when a button of the mouse goes down, with the position in plot units. False leaves
-    /// the press to the widgets behind the box.
+    /// Called when a mouse button is pressed, with the position in plot units. False passes the
+    /// press on to the widgets behind the box.
     std::function<bool(Point, const QMouseEvent&)> onPress;
 
-    /// Called when the mouse moves over the box, and while a button that went down there is held.
+    /// Called when the mouse moves over the box, and while a button that was pressed there is held.
     std::function<void(Point, const QMouseEvent&)> onMove;
 
-    /// Called when a button goes up that went down over the box.
+    /// Called when a button that was pressed over the box is released.
     std::function<void(Point, const QMouseEvent&)> onRelease;
 
-    /// Called when a key goes down or up while the box has the focus. False leaves it to others.
+    /// Called when a key is pressed or released while the box has the focus. False passes the key
+    /// on.
     std::function<bool(const QKeyEvent&)> onKey;
 
     /// Called when the mouse leaves the box.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Tips that show texts of files and paths as they stand.
+// Tips that show the texts of files and paths unchanged.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// A tip that is never taken for a text with formatting.
+/// A tip that is never interpreted as rich text.
 [[nodiscard]] inline QString PlainTip(const QString& text) {
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }

@@ -17,7 +17,7 @@ namespace quandrel {
 
 namespace {
 
-/// The boxes of lists and numbers hold a QLineEdit; texts of several lines get the mouse through
+/// Combo boxes and spin boxes contain a QLineEdit. Multi-line text boxes receive the mouse through
 /// their viewport.
 bool IsTextBox(const QObject* widget) {
     const QObject* parent = widget->parent();
@@ -32,8 +32,8 @@ bool IsMiddleClick(const QObject* watched, const QEvent& event) {
            && IsTextBox(watched);
 }
 
-/// The key that means the primary selection where there is one, and the clipboard elsewhere. Boxes
-/// of lists and numbers hand it on to their QLineEdit, so that any window may get it.
+/// The key that pastes the primary selection if there is one, and the clipboard otherwise. Combo
+/// boxes and spin boxes pass it on to their QLineEdit, so any window can receive it.
 bool IsKeyOfSelection(const QEvent& event) {
     if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress) {
         return false;

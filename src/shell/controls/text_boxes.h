@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What holds for every box that text is typed into.
+// Rules for every text box.
 
 #pragma once
 
@@ -10,15 +10,15 @@ class QComboBox;
 
 namespace quandrel {
 
-/// Lets a list take any text as it is typed. Qt's own editable lists complete what is typed from
+/// Lets the user type any text into a list. Qt's own editable lists complete the typed text from
 /// their entries, so that 7 becomes 72.
 void MakeEditable(QComboBox& list);
 
-/// Keeps a middle click and Ctrl+Shift+Insert from pasting the primary selection while nobody owns
-/// one: Qt's text boxes take the data for granted, and the program would end.
+/// Prevents a middle click and Ctrl+Shift+Insert from pasting the primary selection while it has no
+/// owner: Qt's text boxes do not check for missing data, and the program would crash.
 class SelectionPasteGuard : public QObject {
 public:
-    /// Watches the mouse and the keys of the whole application while it lives.
+    /// Watches the mouse and the keys of the whole application during its lifetime.
     explicit SelectionPasteGuard(QObject* parent);
 
 protected:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The fonts of the settings as widgets take them.
+// The fonts of the settings as QFont values.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace quandrel {
 
-/// A font of gSettings.styles.fonts; that of the program where no family was chosen.
+/// A font of gSettings.styles.fonts; the program's own font if no family was chosen.
 [[nodiscard]] QFont WidgetFont(const PlotFont& font);
 
 } // namespace quandrel

@@ -30,13 +30,13 @@ namespace {
 
 constexpr const char* kCaption = "Rotation Variables";
 
-// Open circles in a colour that no style of rows starts with, on top of all of them.
+// Open circles in a colour that no row style has by default, drawn on top of all rows.
 constexpr Colour kPreviewColour{0xd0, 0x00, 0x90};
 constexpr int kPreviewSymbol = 7;
 constexpr int kPreviewSize = 4;
 
-/// The letters that are underlined in an option's texts, so that each is the only one of its kind
-/// in the dialog. 0 underlines none.
+/// The mnemonic letters in the texts of an option, each of them unique in the dialog. 0 means no
+/// mnemonic.
 struct OptionKeys {
     char firstLabel;
     char secondLabel;
@@ -58,7 +58,7 @@ QString Underlined(const char* text, char key) {
     return at >= 0 ? marked.insert(at, '&') : marked;
 }
 
-/// A frame that is not shown keeps its title, and with that its height.
+/// A hidden frame keeps its title, and therefore its height.
 void SetShown(QGroupBox& frame, const char* heading, char key) {
     const bool isShown = *heading != '\0';
     if (isShown) {
@@ -72,7 +72,7 @@ QString Told(const char* heading, const char* label) {
     return shown.isEmpty() ? QString(heading) : QString(heading) + ", " + shown;
 }
 
-/// Rows that are drawn with no symbol are shown nowhere.
+/// Rows without a symbol are not visible anywhere.
 bool IsHiddenRow(std::int32_t row) {
     return CodeSymbol(gDataSymbol(gActivePlot, row)) == kNoSymbol;
 }
@@ -121,7 +121,7 @@ void frmRotationMenu::Load() {
 
 void frmRotationMenu::FollowActivePlot() {
     if (!isVisible()) {
-        return; // to be shown is to be loaded
+        return; // showing the dialog loads it
     }
     const bool isOpen = IsOpenSlot(gActivePlot);
     setWindowTitle(isOpen ? QString::fromStdString(RotationCaption()) : QString(kCaption));
@@ -145,7 +145,7 @@ void frmRotationMenu::ShowOption(int operation) {
     QRadioButton* chosen = optRotate[static_cast<std::size_t>(operation) - 1];
     chosen->setChecked(true);
     for (QRadioButton* button : optRotate) {
-        // The tab key enters at the chosen one.
+        // Tab enters at the chosen option.
         button->setFocusPolicy(button == chosen ? Qt::StrongFocus : Qt::ClickFocus);
     }
     const RotationOption& option = OptionOfRotation(operation);
@@ -169,7 +169,7 @@ void frmRotationMenu::LimitNewStrike(bool limited) {
     QLineEdit& box = *txtRotAngle[2];
     box.setValidator(limited ? upToFullTurn_ : nullptr);
     if (!box.hasAcceptableInput()) {
-        box.clear(); // a rotation angle that is no strike could not be edited
+        box.clear(); // a rotation angle that is not a strike could not be edited
     }
 }
 
@@ -222,7 +222,7 @@ void frmRotationMenu::RefreshPreview(const RotationSettings& settings) {
             }
         }
     } catch (const std::bad_alloc&) {
-        preview_.clear(); // the rotation itself will say what it lacks
+        preview_.clear(); // the rotation itself reports what is missing
     }
     if (previewChanged_) {
         previewChanged_();
@@ -300,7 +300,8 @@ void frmRotationMenu::hideEvent(QHideEvent* event) {
 }
 
 bool frmRotationMenu::eventFilter(QObject* object, QEvent* event) {
-    // The focus leaves the dialog when the net is pressed: the last box that had it counts.
+    // A press on the net takes the focus from the dialog, so the last box that had the focus
+    // counts.
     if (event->type() == QEvent::FocusIn) {
         if (object == txtRotAngleSense) {
             gRotFocusBox = kSenseFocus;

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The rotation dialog: takes the values of a rotation, shows beforehand where the rows of the
-// active plot would go, and rotates them. It stays open beside the plots and follows the active
-// one; a plot changes by "Rotate Plot" alone.
+// The rotation dialog: takes the values of a rotation, shows a preview of the rotated rows of the
+// active plot, and rotates them. It stays open beside the plots and follows the active one. Only
+// "Rotate Plot" changes a plot.
 //
-// optRotate[i] stands for the operation i + 1. txtRotAngle and lblRotMenu have the numbers of
-// RotationBoxes: inclination, azimuth, angle or new strike, pitch; lblRotMenu[4] belongs to
-// txtRotAngleSense.
+// optRotate[i] is the operation i + 1. txtRotAngle and lblRotMenu use the indices of RotationBoxes:
+// inclination, azimuth, angle or new strike, pitch. lblRotMenu[4] belongs to txtRotAngleSense.
 
 #pragma once
 
@@ -33,35 +32,36 @@ namespace quandrel {
 
 class frmRotationMenu : public QDialog {
 public:
-    /// @param previewChanged  called when HasPreview or DrawPreview give something else than before
+    /// @param previewChanged  called when the results of HasPreview or DrawPreview change
     explicit frmRotationMenu(QWidget* parent, std::function<void()> previewChanged = {});
     ~frmRotationMenu() override;
 
     frmRotationMenu(const frmRotationMenu&) = delete;
     frmRotationMenu& operator=(const frmRotationMenu&) = delete;
 
-    /// Works for gActivePlot from now on. What the boxes hold stays. Does nothing while the dialog
-    /// is not shown.
+    /// Sets gActivePlot as the plot of the dialog. The boxes keep their contents. Does nothing
+    /// while the dialog is hidden.
     void FollowActivePlot();
 
-    /// True while there are rows to show at their new places.
+    /// True while there is a preview of rotated rows.
     [[nodiscard]] bool HasPreview() const { return !preview_.empty(); }
 
-    /// Draws the rows of gActivePlot at their new places.
+    /// Draws the preview of the rotated rows of gActivePlot.
     ///
-    /// @param surface  in plot scale; its state is left as it was
+    /// @param surface  in plot scale; its state is restored
     void DrawPreview(Surface& surface) const;
 
-    /// Fills the boxes in focus from a place of the net of gActivePlot.
+    /// Fills the focused boxes from a position on the net of gActivePlot.
     ///
     /// @param at    plot units
-    /// @param keys  that are held down
+    /// @param keys  the keys held down
     void TakePick(Point at, Qt::KeyboardModifiers keys);
 
-    /// What a press would put into the boxes; empty when it would do nothing.
+    /// The values that a press would put into the boxes; empty if it would do nothing.
     [[nodiscard]] QString HintAt(Point at, Qt::KeyboardModifiers keys) const;
 
-    /// Rotates the plot and closes the dialog. What is refused is told, and the dialog stays.
+    /// Rotates the plot and closes the dialog. If the rotation is refused, the user sees the reason
+    /// and the dialog stays open.
     void Go();
 
     std::array<QRadioButton*, 5> optRotate{};
@@ -71,7 +71,7 @@ public:
     std::array<QLineEdit*, 4> txtRotAngle{};
     QLineEdit* txtRotAngleSense = nullptr;
     QLabel* lblRotInfo = nullptr;
-    QLabel* lblRotStatus = nullptr; ///< what the boxes still lack
+    QLabel* lblRotStatus = nullptr; ///< the values still missing
     std::array<QPushButton*, 2> cmdRotGo{};
 
 protected:
@@ -105,7 +105,7 @@ private:
     std::function<void()> previewChanged_;
     std::vector<Point> preview_;
     QValidator* upToFullTurn_ = nullptr;
-    bool loading_ = false; ///< controls are being set by the program
+    bool loading_ = false; ///< the program is setting the controls
 };
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of the rotation dialog and where they stand.
+// The controls of the rotation dialog and their layout.
 
 #include "shell/controls/control_kit.h"
 #include "shell/dialogs/frm_rotation_menu.h"
@@ -42,7 +42,7 @@ constexpr std::array<const char*, 4> kBoxTips = {
     "Enter the pitch of the line in the plane, 0 to 90 degrees",
 };
 
-/// A frame keeps its room when it is not shown, so that the dialog keeps its size.
+/// A hidden frame keeps its space, so that the dialog keeps its size.
 QGroupBox* MakeFrame(const QString& name) {
     auto* frame = MakeGroup(name);
     KeepRoomWhenHidden(*frame);

@@ -363,7 +363,7 @@ void frmSmallCircle::reject() {
 }
 
 void frmSmallCircle::keyPressEvent(QKeyEvent* event) {
-    // Numbers count as they are typed; Return at their end must not close the dialog.
+    // Numbers take effect as they are typed, and Return must not close the dialog.
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && BoxOf(focusWidget()) != 0) {
         event->accept();
@@ -373,7 +373,7 @@ void frmSmallCircle::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmSmallCircle::closeEvent(QCloseEvent* event) {
-    EndSmallCirclePick(); // or closing would stop at its end
+    EndSmallCirclePick(); // otherwise closing would only end the pick
     QDialog::closeEvent(event);
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The dialog of the small circles of the active plot. It stays open beside the plots and follows
-// the active one; what is changed in it is changed in the plot at once.
+// the active one. Each change in the dialog changes the plot at once.
 //
 // Sets run from 1 to kUserCircles, boxes from 1 to kCircleBoxes: plunge and azimuth of the axis,
-// and angle, of the first set, then those of the next. Style, colour and width are those of one
-// set, the current one.
+// and the angle, of the first set, then those of the next. Style, colour and width belong to the
+// current set.
 
 #pragma once
 
@@ -35,42 +35,44 @@ class frmSmallCircle : public QDialog {
 public:
     explicit frmSmallCircle(QWidget* parent);
 
-    /// Works for gActivePlot from now on. Picking on another plot ends. Does nothing while the
-    /// dialog is not shown.
+    /// Sets gActivePlot as the plot of the dialog. A pick on another plot ends. Does nothing while
+    /// the dialog is hidden.
     void FollowActivePlot();
 
-    /// Shows the active plot's small circles as they are now: called after a press, a move and a
+    /// Shows the current small circles of the active plot. Called after a press, a move and a
     /// release of the mouse on the plot, and after Esc there.
     void Refresh();
 
-    /// The slot that the dialog works for; 0 without one that shows small circles.
+    /// The slot of the dialog's plot; 0 if no plot shows small circles.
     [[nodiscard]] int ActiveForm() const;
 
-    /// The set that the mouse is to set on the plot, 0 for none.
+    /// The set that is being picked on the plot, 0 for none.
     [[nodiscard]] int SmallCircleFocus() const;
 
-    /// The box that had the keys last.
+    /// The box that had the keyboard focus last.
     [[nodiscard]] int TextBoxIndex() const { return box_; }
 
-    /// Draws or wipes a set, as its box is ticked. Why it cannot be drawn is told.
+    /// Shows or hides a set to match its check box. If it cannot be drawn, the user sees the
+    /// reason.
     void DrawSmallCircle(int set);
 
-    /// Stores what stands in a box.
+    /// Stores the contents of a box.
     void SetSmallCircleObject(int box);
 
-    /// Shows in a box what its set holds.
+    /// Shows the stored value in a box.
     void SetFocusText(int box);
 
-    /// Lets the controls be used where there are small circles, and shows the current set's style.
+    /// Enables the controls if the plot can have small circles, and shows the style of the current
+    /// set.
     void ActivateSmallCircleSettings();
 
-    /// Makes a set the one whose style is shown and changed.
+    /// Makes a set the current one.
     void ChooseCircleSet(int set);
 
-    /// Lets the mouse set a set on the active plot.
+    /// Starts setting a set with the mouse on the active plot.
     void PickWithMouse(int set);
 
-    /// Esc: ends the picking, or closes the dialog when there is none.
+    /// Esc: ends the pick, or closes the dialog if there is none.
     void reject() override;
 
     std::array<QLineEdit*, kCircleBoxes> txtSmallCircle{};    ///< [box - 1]
@@ -101,8 +103,8 @@ private:
     [[nodiscard]] int BoxOf(const QObject* control) const; ///< 0 for none
     [[nodiscard]] int SetOf(const QObject* control) const; ///< 0 for none
 
-    int slot_ = 0; ///< the plot shown
-    int set_ = 1;  ///< the current one
+    int slot_ = 0; ///< the plot that is shown
+    int set_ = 1;  ///< the current set
     int box_ = 1;
 };
 

@@ -20,7 +20,7 @@ namespace quandrel {
 
 namespace {
 
-/// A busy pointer does not stand over a question.
+/// Shows the normal pointer instead of the busy one while a question is open.
 class PlainPointer {
 public:
     PlainPointer() {
@@ -79,7 +79,7 @@ QMessageBox::Icon IconOfMessage(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// What closing the box means.
+/// The answer that closing the box gives.
 Button EscapeButton(Buttons set) {
     switch (set) {
     case Buttons::Ok:
@@ -95,7 +95,7 @@ Button EscapeButton(Buttons set) {
     return Button::Cancel;
 }
 
-/// A dialog of a window's, or the window itself.
+/// The active dialog of a window, or the window itself.
 bool Belongs(const QWidget& widget, const QWidget& window) {
     for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
         if (at == &window) {
@@ -113,7 +113,8 @@ bool Belongs(const QWidget& widget, const QWidget& window) {
     return true;
 }
 
-/// The filters of a question, as a file dialog takes them. Endings are met in any case.
+/// The filters of a question in the form of a file dialog. Upper and lower case of extensions are
+/// equal.
 QStringList FiltersOf(const std::string& filter) {
     const QStringList parts = QString::fromStdString(filter).split('|', Qt::SkipEmptyParts);
     QStringList filters;
@@ -126,7 +127,7 @@ QStringList FiltersOf(const std::string& filter) {
     return filters;
 }
 
-/// The file dialog of a question. The objects that a test looks for have the same names everywhere.
+/// The file dialog of a question. The object names that tests use are the same on all platforms.
 class GetFile : public QFileDialog {
 public:
     GetFile(const PathQuestion& question, QWidget* parent)
@@ -150,14 +151,15 @@ public:
     }
 };
 
-/// The ending that the chosen filter stands for, without its point; empty for all files.
+/// The extension of the chosen filter, without its point; empty for all files.
 QString EndingOfFilter(const QString& filter) {
     static const QRegularExpression ending("\\(\\*\\.([a-z]+)");
     return ending.match(filter).captured(1);
 }
 
-/// The dialog takes what follows a point in a name for its ending. A name whose last part is none
-/// that the filters know gets the chosen filter's; nothing when that file exists and is to stay.
+/// The dialog takes the text after a point in a name for its extension. An extension that
+/// the filters do not know is followed by that of the chosen filter. Returns nothing if that file
+/// exists and the user keeps it.
 std::optional<std::string> WithEnding(const std::string& path, const PathQuestion& question,
                                       const QString& filter, QWidget* parent) {
     const QString ending = EndingOfFilter(filter);
@@ -237,7 +239,7 @@ std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& questi
     const PlainPointer pointer;
     GetFile dialog(question, Parent());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // The dialog adds the ending by itself, so that it asks about the file that will be written.
+    // The dialog adds the extension itself, so that it asks about the file that will be written.
     const auto useEnding = [&dialog](const QString& filter) {
         dialog.setDefaultSuffix(EndingOfFilter(filter));
     };

@@ -2,10 +2,10 @@
 //
 // The program's questions as windows.
 //
-// This is the chief header of the room: message boxes and file dialogs behind the port of prompts,
-// and the dialogs that stay open beside plots but need none of their windows.
-// Enters: questions of the engine, and what the user does. Leaves: answers; rotations and small
-// circles to the engine, which decides.
+// This is the chief header of the room: message boxes and file dialogs that implement the prompts
+// port, and the dialogs that stay open beside plots but do not need their windows.
+// Input: questions from the engine, and the user's actions.
+// Output: answers; rotations and small circles, which the engine checks.
 
 #pragma once
 
@@ -15,16 +15,16 @@ class QWidget;
 
 namespace quandrel {
 
-/// True within the paint event of any widget. Nothing may be asked or told then: the event loop of
+/// True within the paint event of any widget. Message boxes are not allowed then: the event loop of
 /// a box would paint the half-painted window again.
 [[nodiscard]] bool IsPainting();
 
-/// Each box stands over the dialog that it comes from. One that is raised within a paint event is
-/// a fault of the program's: it is written to the log and answered as if it had been closed.
+/// Each box appears above the dialog that it belongs to. A box that is requested within a paint
+/// event is a program error: it is written to the log and answered as if it had been closed.
 class WidgetPrompts : public Prompts {
 public:
-    /// @param parent  the window that the questions stand above where no dialog of its is in use;
-    ///                outlives the prompts
+    /// @param parent  the parent window of the questions if none of its dialogs is in use; outlives
+    ///                the prompts
     explicit WidgetPrompts(QWidget& parent)
         : parent_(parent) {}
 

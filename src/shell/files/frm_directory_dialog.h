@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The choice of the folder that file dialogs start in.
+// The choice of the initial folder of file dialogs.
 
 #pragma once
 
@@ -15,10 +15,10 @@ namespace quandrel {
 
 class frmDirectoryDialog : public QDialog {
 public:
-    /// @param folder  the folder in force; empty when file dialogs start where the last file was
+    /// @param folder  the current folder; empty if file dialogs open in the folder of the last file
     frmDirectoryDialog(const QString& folder, QWidget* parent);
 
-    /// The folder chosen; empty for that of the last file.
+    /// The chosen folder; empty for that of the last file.
     [[nodiscard]] QString Folder() const;
 
 private:

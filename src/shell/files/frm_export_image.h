@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a picture file of the plot is to hold, before its path is asked for.
+// The contents of a picture file of the plot. This dialog comes before the one for the path.
 
 #pragma once
 

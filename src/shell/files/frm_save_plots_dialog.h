@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The question about one of several plots with unsaved data, when the program is left.
+// The question about one of several plots with unsaved data when the program closes.
 //
-// This is the chief header of the room: the small dialogs about files and folders. Deciding what is
-// asked is the engine's, as it is to write, to read and to remember.
-// Enters: the name of a plot, a folder, the kind of a picture.
-// Leaves: the user's answer, or nothing on Cancel. No file is touched here.
+// This is the chief header of the room: the small dialogs about files and folders. The engine
+// decides what to ask; it also writes, reads and stores. No file is accessed here.
+// Input: the name of a plot, a folder, the kind of a picture.
+// Output: the user's answer, or nothing on Cancel.
 
 #pragma once
 
@@ -19,7 +19,7 @@ class frmSavePlotsDialog : public QDialog {
 public:
     frmSavePlotsDialog(const QString& title, const QString& text, QWidget* parent);
 
-    /// What was pressed; closing the window is Cancel.
+    /// The pressed button; closing the window counts as Cancel.
     [[nodiscard]] SaveAnswer Answer() const { return answer_; }
 
 private:
