@@ -19,7 +19,7 @@ constexpr int kWidestColumn = 180;
 constexpr int kNarrowestColumn = 52;
 constexpr int kAir = 10; ///< beside the longest text of a column
 
-/// Hues of the items, in the order of the slots: related items are neighbours, the sets far apart.
+/// Hues of the items, in the order of the slots: close for related items, far apart between sets.
 constexpr std::array<int, kColumnSlots> kHues = {212, 150, 182, 28, 50, 8, 285, 318, 245, 90};
 
 } // namespace
@@ -35,7 +35,7 @@ QColor ItemColour(int slot, ItemPlace place, const QPalette& palette) {
 
 FormatGrid::FormatGrid(QWidget* parent)
     : QTableWidget(parent) {
-    // The headings carry meaning by their colours, which not every style of a desktop shows.
+    // The colours of the headings carry meaning; not every desktop style shows them.
     if (QStyle* style = QStyleFactory::create("Fusion")) {
         style->setParent(this);
         horizontalHeader()->setStyle(style);
@@ -63,7 +63,7 @@ void FormatGrid::Show(const FormatPreview& preview, const FormatChoice& choice,
     setRowCount(static_cast<int>(preview.lines.size()));
     setColumnCount(std::max(preview.columns, 1));
     ShowHeadings(preview, choice);
-    // Comments go across all columns and must not widen one.
+    // Comments span all columns and must not widen one.
     for (const bool isOther : {false, true}) {
         for (int row = 0; row < rowCount(); ++row) {
             const PreviewLine& line = preview.lines[static_cast<std::size_t>(row)];

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The preview of a data file: its first lines in columns, each column in the colour of the item
-// that it serves and with the item's name above it.
+// The preview of a data file: its first lines in columns. Each column has the colour and the name
+// of the item that it contains.
 
 #pragma once
 
@@ -14,22 +14,22 @@
 
 namespace quandrel {
 
-/// Where an item's colour stands.
+/// Where the colour of an item is used.
 enum class ItemPlace {
-    Heading, ///< full, behind names
-    Cell,    ///< pale, behind values
+    Heading, ///< full, for names
+    Cell,    ///< pale, for values
 };
 
-/// The colour of an item of a line, fit to stand behind the text of a palette.
+/// The background colour of an item, readable with the text colour of a palette.
 [[nodiscard]] QColor ItemColour(int slot, ItemPlace place, const QPalette& palette);
 
 class FormatGrid : public QTableWidget {
 public:
     explicit FormatGrid(QWidget* parent);
 
-    /// Shows lines as a choice splits them.
+    /// Shows lines, split as a format choice says.
     ///
-    /// @param colours  of the window: when these change, the grid learns of it only afterwards
+    /// @param colours  of the window; the grid receives a palette change later than the window
     void Show(const FormatPreview& preview, const FormatChoice& choice, const QPalette& colours);
 
 private:

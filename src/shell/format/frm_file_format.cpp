@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kDialogWidth = 960;
 constexpr int kDialogHeight = 660;
-constexpr double kSymbolScale = 110; ///< plot units from the middle of a symbol's box to its edge
+constexpr double kSymbolScale = 110; ///< plot units from the centre of a symbol's box to its edge
 
 } // namespace
 
@@ -133,7 +133,7 @@ void frmFileFormat::CheckMisMatch() {
         texts.value(0)
         + (texts.size() > 1 ? QString(" (and %1 more)").arg(texts.size() - 1) : QString()));
     for (QLabel* label : {lblDataMismatch, lblMismatchReasons}) {
-        // A tip is rich text when it looks like it; these words come from a file.
+        // Qt shows a tip as rich text if it looks like it; these words come from a file.
         label->setToolTip(texts.isEmpty()
                               ? QString()
                               : "<p>" + texts.join('\n').toHtmlEscaped().replace('\n', "</p><p>")
@@ -175,7 +175,7 @@ bool frmFileFormat::CheckPlotType() {
         return true;
     }
     if (choice_.plotDataKind == kNoDataKind) {
-        reject(); // as the question says
+        reject(); // the question announces this
     }
     return false;
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The data format dialog: what a data file holds, and how its orientations are written.
+// The data format dialog: the contents of a data file, and the notation of its orientations.
 //
-// The dialog holds a FormatChoice and shows it; the rules are those of input/format_choice.h. The
-// globals of the format change on OK alone. Control arrays have the numbers of the codes that they
-// stand for, where there are such: optPrimary[1] to [3], optPlaneConv[1] to [6], cmdDataType[1] to
-// [3], optLineConv[1] for trend first; optSecondary is in the order of its captions.
+// The dialog holds a FormatChoice and shows it; the rules are in input/format_choice.h. The format
+// globals change on OK only. The indices of control arrays are the codes of the format:
+// optPrimary[1] to [3], optPlaneConv[1] to [6], cmdDataType[1] to [3], optLineConv[1] for trend
+// first. optSecondary is in the order of its captions.
 //
-// This is the chief header of the room. Enters: the first lines of a file and the format in force.
-// Leaves: the format that the user accepted, in the globals and as an answer to the prompt.
+// This is the chief header of the room.
+// Input: the first lines of a file and the current format.
+// Output: the format that the user accepted, in the globals and as an answer to the prompt.
 
 #pragma once
 
@@ -42,10 +43,10 @@ class frmFileFormat : public QDialog {
 public:
     frmFileFormat(const FormatQuestion& question, QWidget* parent);
 
-    /// What a load takes from the dialog besides the globals, once it was accepted.
+    /// The settings that a load takes from the accepted dialog in addition to the globals.
     [[nodiscard]] FormatAnswer Answer() const;
 
-    /// The secondary set is to be plotted.
+    /// Whether the secondary set is plotted.
     [[nodiscard]] bool PlotSecondary() const;
 
     /// The line of column headings, or empty.
@@ -54,10 +55,10 @@ public:
     [[nodiscard]] std::string AppendedNumericName() const;
     [[nodiscard]] std::string AppendedNonNumericName() const;
 
-    /// Brings options and boxes in line with the choice.
+    /// Updates options and boxes from the choice.
     void InitialiseOptButtons();
 
-    /// Names and enables all that depends on the format.
+    /// Names and enables all controls that depend on the format.
     void CheckCombos();
 
     /// Names and enables the selectors of the primary set.
@@ -66,10 +67,10 @@ public:
     /// Names and enables the selectors of the secondary set.
     void SetSecondaryCombos();
 
-    /// Shows the reasons to doubt the format, if there are any.
+    /// Shows warnings about the format, if there are any.
     void CheckMisMatch();
 
-    /// Splits the lines anew.
+    /// Splits the lines again.
     void DelimiterChanged();
 
     /// Takes the columns from the selectors.
@@ -81,29 +82,29 @@ public:
     /// Sets the selectors to the columns.
     void LoadColumnCombos();
 
-    /// Takes the column settings that were saved.
+    /// Restores the saved column settings.
     void LoadSavedSettings();
 
     /// Puts the columns in the order of the format.
     void SetInitialColumns();
 
-    /// Tells what is wrong in the columns, and asks about what is unusual.
-    /// @return false when the dialog is to stay
+    /// Reports errors in the columns, and asks about unusual settings.
+    /// @return false if the dialog must stay open
     [[nodiscard]] bool CheckColumnValidity();
 
     /// Fills the preview.
     void SetDataGrid();
 
-    /// The convention code of the options.
+    /// The convention code of the chosen options.
     [[nodiscard]] std::int16_t SetConventions() const;
 
-    /// Puts the choice into the globals of the format.
+    /// Stores the choice in the format globals.
     void SetGlobalSettings();
 
     void accept() override;
 
     QTabWidget* tabConventions;
-    std::array<QRadioButton*, 4> optPrimary{}; ///< from 1 on
+    std::array<QRadioButton*, 4> optPrimary{}; ///< from index 1
     std::array<QRadioButton*, 6> optSecondary{};
     std::array<QComboBox*, kColumnSlots> cboColumns{};
     std::array<QLabel*, kColumnSlots> lblColumns{};
@@ -115,13 +116,13 @@ public:
     std::array<QCheckBox*, 3> chkSaveSettings{}; ///< columns, conventions, names
     QPushButton* cmdUseSaved;
     QPushButton* cmdInitialColumns;
-    std::array<QRadioButton*, 7> optPlaneConv{}; ///< from 1 on
-    std::array<QLabel*, 7> lblPlaneSample{};     ///< how each looks, from 1 on
+    std::array<QRadioButton*, 7> optPlaneConv{}; ///< from index 1
+    std::array<QLabel*, 7> lblPlaneSample{};     ///< an example of each, from index 1
     std::array<QRadioButton*, 2> optLineConv{};
     std::array<QRadioButton*, 2> optDirnConv{};
-    std::array<QRadioButton*, 2> optNegativePlunge{}; ///< lower end, the end it points to
+    std::array<QRadioButton*, 2> optNegativePlunge{}; ///< lower end, the end that it points to
     std::array<QComboBox*, 2> cboSeparator{};         ///< planes, lines
-    std::array<QPushButton*, 4> cmdDataType{};        ///< from 1 on
+    std::array<QPushButton*, 4> cmdDataType{};        ///< from index 1
     QCheckBox* chkSecondaryData;
     std::array<PictureBox*, 2> picCurrentSymbol{};
     std::array<QLabel*, 2> lblUpSymbol{};
@@ -177,11 +178,11 @@ private:
     FormatChoice choice_;
     bool joinsRows_;
     std::vector<std::string> lines_; ///< of the file
-    QString previewTitle_;           ///< what the lines are of, however long
+    QString previewTitle_;           ///< the full title of the preview
     FormatPreview preview_;
-    std::array<int, 2> symbolRows_; ///< of gSymbolTable
+    std::array<int, 2> symbolRows_; ///< rows of gSymbolTable
     std::array<SymbolRow, 2> symbols_;
-    bool loading_ = false; ///< controls are being set by the program
+    bool loading_ = false; ///< the program is setting the controls
 };
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The choice that the controls of the format dialog make, and what they show of it.
+// Reads the format choice from the controls of the format dialog, and shows it in them.
 
 #include "shell/format/format_grid.h"
 #include "shell/format/frm_file_format.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kShownHeading = 30;  ///< characters of a heading in the list of a selector
 constexpr int kScrollBarRoom = 24; ///< beside the entries of a list
-constexpr int kFewestColumns = 10; ///< that the selectors offer
+constexpr int kFewestColumns = 10; ///< that the selectors list
 
 /// Codes of the secondary formats in the order of their captions.
 constexpr std::array<std::int16_t, 6> kSecondaryCodes = {
@@ -35,13 +35,13 @@ int Chosen(const std::array<QRadioButton*, N>& options) {
     return -1;
 }
 
-/// The typed name, or the one before when nothing is left of it.
+/// The typed name, or the previous one if the typed name is blank.
 std::string NameIn(const QComboBox& list, const std::string& before) {
     const std::string name = list.currentText().trimmed().toStdString();
     return name.empty() ? before : name;
 }
 
-/// Sets a list to a text, which is added when the list does not have it.
+/// Selects a text in a list; adds it if the list does not have it.
 void ShowInList(QComboBox& list, const std::string& text) {
     const QString entry = QString::fromStdString(text);
     if (list.findText(entry) < 0) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The page of conventions of the format dialog.
+// The conventions page of the format dialog.
 
 #include "shell/controls/control_kit.h"
 #include "shell/format/frm_file_format.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of the data format dialog and where they stand.
+// The controls of the data format dialog and their layout.
 
 #include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
@@ -65,7 +65,7 @@ constexpr ControlText kKinds[] = {
     {"P&olar Lines", "Lines keep their sense: upward ones have a symbol of their own"},
 };
 
-/// Shows the heading of a column behind its number, in the list alone: the box has no room for it.
+/// Shows the heading of a column after its number, in the list only: the box is too narrow.
 class ColumnDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -80,7 +80,7 @@ protected:
     }
 };
 
-/// Adds a name to a list, which shows each of its names whole.
+/// Adds a name to a list that shows all its names in full.
 void AddName(QComboBox& list, const char* name) {
     list.addItem(name);
     const int width = list.fontMetrics().horizontalAdvance(name) + kNameArrowRoom;
@@ -124,7 +124,7 @@ void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
     cboColumns[index]->setToolTip("The column of the file that holds this item");
     cboColumns[index]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cboColumns[index]->setMinimumContentsLength(2);
-    // Room for a number and the arrow, none for the icon that a list could have.
+    // Space for a number and the arrow, without space for an icon.
     cboColumns[index]->setMinimumWidth(fontMetrics().horizontalAdvance("000") + kArrowRoom);
     cboColumns[index]->setItemDelegate(new ColumnDelegate(cboColumns[index]));
     lblColumns[index]->setBuddy(cboColumns[index]);

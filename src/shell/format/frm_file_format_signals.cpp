@@ -95,7 +95,7 @@ void frmFileFormat::ConnectConventions() {
 
 void frmFileFormat::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    // Of a name that has no room the middle goes, and a sign stands for it.
+    // A long name is shortened in the middle, with an ellipsis.
     lblPreview->setText(
         lblPreview->fontMetrics().elidedText(previewTitle_, Qt::ElideMiddle, lblPreview->width()));
 }

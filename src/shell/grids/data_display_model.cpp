@@ -19,7 +19,7 @@ namespace quandrel {
 namespace {
 
 constexpr int kShownCharacters = 500;
-constexpr int kLongText = 30; ///< one that its column may cut
+constexpr int kLongText = 30; ///< length of a text that its column may cut
 
 std::size_t Place(int index) {
     return static_cast<std::size_t>(index);
@@ -62,7 +62,7 @@ bool PlotDataModel::SetText(const QModelIndex& cell, const QString& text) {
 }
 
 bool PlotDataModel::AddGridRow() {
-    // Whether the plot takes it is known only when it is there; as the last it shifts no other.
+    // AddRow can fail, so the view learns of the row afterwards. A last row moves no other row.
     const int rows = rowCount();
     if (!grid_.AddRow()) {
         return false;
@@ -90,7 +90,7 @@ void PlotDataModel::RowsRemoved(std::span<const std::int32_t> points) {
 }
 
 GridEditReport PlotDataModel::Apply() {
-    // This may ask: until it is done the rows stay what they are.
+    // This may ask the user; until then the rows stay unchanged.
     const GridEditReport report = ApplyGridEdits(grid_);
     beginResetModel();
     endResetModel();

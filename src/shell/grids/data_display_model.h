@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The two grids of a plot's data as a table shows them: the rows of the plot, and the lines of its
-// files. Nothing is made of a row until it is to be seen.
+// Table models of the two grids of a plot's data: the rows of the plot, and the lines of its files.
+// The contents of a row are created when the row becomes visible.
 
 #pragma once
 
@@ -19,25 +19,25 @@ namespace quandrel {
 
 class DataDisplayModel : public QAbstractTableModel {
 public:
-    /// The plot that the data are of.
+    /// The plot of the data.
     [[nodiscard]] virtual int Slot() const = 0;
 
     [[nodiscard]] virtual QString Caption() const = 0;
 
-    /// Makes rows of the grid the selection.
+    /// Makes grid rows the selection.
     virtual void Select(std::span<const std::size_t> rows) const = 0;
 
-    /// The rows of the grid whose points are lit in its plot: selected there, or linked to what is
-    /// selected in another. Ascending.
+    /// The grid rows whose points are highlighted in the plot: selected there, or linked to the
+    /// selection of another plot. Ascending.
     [[nodiscard]] virtual std::vector<std::size_t> LitRowsOfGrid() const = 0;
 
-    /// What a cell holds, of any length.
+    /// The full contents of a cell, of any length.
     [[nodiscard]] virtual QString FullText(int row, int column) const = 0;
 
-    /// True for columns that are there to be copied.
+    /// True for columns that can be copied only.
     [[nodiscard]] virtual bool IsDataColumn(int column) const = 0;
 
-    /// Tells the view that cells may show something else now.
+    /// Notifies the view that cells may have changed.
     void CellsChanged();
 };
 
@@ -49,13 +49,13 @@ public:
 
     [[nodiscard]] const DataGrid& Grid() const { return grid_; }
 
-    /// As DataGrid::SetCell.
+    /// See DataGrid::SetCell.
     bool SetText(const QModelIndex& cell, const QString& text);
 
-    /// As DataGrid::AddRow.
+    /// See DataGrid::AddRow.
     bool AddGridRow();
 
-    /// As the procedures of the same name.
+    /// See the DataGrid procedures of the same names.
     void Refill();
     void DiscardEdits();
     void RowsRemoved(std::span<const std::int32_t> points);
@@ -64,10 +64,10 @@ public:
     [[nodiscard]] bool IsEditable(const QModelIndex& cell) const;
     [[nodiscard]] QString EditText(const QModelIndex& cell) const;
 
-    /// True when a cell is bad with a text that is being typed.
+    /// True if the text that is being typed is invalid for its cell.
     [[nodiscard]] bool IsBadText(const QModelIndex& cell, const QString& text) const;
 
-    /// Edited rows with a cell that cannot be read.
+    /// Edited rows with an invalid cell.
     [[nodiscard]] int BadRows() const;
 
     [[nodiscard]] int Slot() const override { return grid_.Slot(); }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The two windows that show a plot's data: the one of its files, and the one of its rows. Each is
-// made when it is first wanted.
+// The two windows that show a plot's data: that of its files and that of its rows. Each is created
+// when it is first needed.
 //
-// Inside the room: both grids over one model, rows that are picked, cells that are typed into.
-// Enters: what edit/data_grid and edit/raw_data show of a plot, and the selection.
-// Leaves: edits to edit/data_grid, and the rows that the user picks.
+// This room holds one model for both grids, the selection of rows, and the cell editor.
+// Input: the contents of edit/data_grid and edit/raw_data, and the selection.
+// Output: edits to edit/data_grid, and the rows that the user selects.
 
 #pragma once
 
@@ -21,34 +21,35 @@ class frmDataDisplay;
 
 class DataDisplays {
 public:
-    /// @param window  that the windows belong to, and that outlives this
+    /// @param window  the owner of the windows; outlives this object
     /// @param edited  called when edits in a grid have changed a plot
     DataDisplays(QWidget& window, std::function<void()> edited);
 
     DataDisplays(const DataDisplays&) = delete;
     DataDisplays& operator=(const DataDisplays&) = delete;
 
-    /// Shows the files of gActivePlot; tells the reason when they cannot be shown.
+    /// Shows the files of gActivePlot, or a message with the reason why they cannot be shown.
     void ShowRawData();
 
     /// Shows the rows of gActivePlot.
     void ShowPlotData();
 
-    /// Picks in both grids what is selected. Called after each change of the selection.
+    /// Shows the selection in both grids. Called after each change of the selection.
     void SelectionChanged();
 
-    /// Lets the windows show their plots as they stand; they close with their plots. Called
-    /// whenever rows, titles or fields may have changed.
+    /// Updates the windows from their plots; a window closes with its plot. Called whenever rows,
+    /// titles or fields may have changed.
     void FollowPlots();
 
-    /// Marks rows as deleted that an edit took out of a plot.
-    /// @param points  their point indices before that, ascending
+    /// Marks rows as deleted after an edit has removed them from a plot.
+    /// @param points  their point indices before the removal, ascending
     void RowsRemoved(int slot, std::span<const std::int32_t> points);
 
-    /// Writes edits that wait into their plot; before it is saved, or asked about when it closes.
+    /// Writes pending edits to their plot; called before the plot is saved, and before the question
+    /// when it closes.
     void ApplyEdits(int slot);
 
-    /// Takes away the windows of a plot that closes. Edits that wait are gone.
+    /// Closes the windows of a plot that closes. Pending edits are lost.
     void PlotClosed(int slot);
 
 private:

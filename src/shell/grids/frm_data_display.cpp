@@ -272,7 +272,7 @@ void frmDataDisplay::PlotClosed() {
 
 void frmDataDisplay::closeEvent(QCloseEvent* event) {
     if (gBusy || applying_) {
-        event->ignore(); // the edits could not be written now
+        event->ignore(); // the edits could not be written
         return;
     }
     ApplyEdits();
@@ -297,7 +297,7 @@ void frmDataDisplay::ShowEdits() {
     if (!HasEdits()) {
         lblEdits->setText(mode_ == DataDisplayMode::Raw ? kReadOnly : kHowToEdit);
         if (std::exchange(toldOfEdits_, false)) {
-            gPlatform.status->SetText({}); // nothing waits any more
+            gPlatform.status->SetText({}); // no edits are pending
         }
         return;
     }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// A plot's data in a grid: the lines of its files, to be read, or its rows, to be edited.
+// A plot's data in a grid: the lines of its files (read-only), or its rows (editable).
 //
-// The window stays with its plot until that closes. Rows picked in it are selected on the plot, and
-// rows selected there are picked in it. A cell is edited in txtCellContents, which stands over it;
-// what was typed waits in the grid until OK or until the window closes.
+// The window stays with its plot until the plot closes. Rows selected in the grid are selected on
+// the plot, and vice versa. A cell is edited in txtCellContents, which lies over the cell. Edits
+// are pending until OK or until the window closes.
 
 #pragma once
 
@@ -38,52 +38,52 @@ public:
     frmDataDisplay(const frmDataDisplay&) = delete;
     frmDataDisplay& operator=(const frmDataDisplay&) = delete;
 
-    /// The window that shows the other grid, or none.
+    /// The window that shows the other grid, or null.
     void SetOtherGrid(frmDataDisplay* other) { other_ = other; }
 
-    /// Brings the window up with the data of a plot. Edits that wait are applied if they are of
-    /// another plot, and stay if they are of this one.
-    /// @return false, with the reason told, when the data cannot be shown
+    /// Opens the window with the data of a plot. Pending edits of another plot are applied first;
+    /// pending edits of this plot are kept.
+    /// @return false if the data cannot be shown; the user has seen the reason
     bool ShowData(int slot);
 
-    /// The plot shown; 0 while the window is not up.
+    /// The plot that is shown; 0 while the window is closed.
     [[nodiscard]] int Slot() const;
 
-    /// Makes the rows picked in the grid the selection of the plot.
+    /// Makes the rows selected in the grid the selection of the plot.
     void SelectFromGrid();
 
-    /// Picks the selected rows in the other grid.
+    /// Selects the same rows in the other grid.
     void ShowSelectionInOtherGrid();
 
-    /// Picks the rows that are selected on the plot. Does nothing while it is the grid's own
-    /// picking that changes the selection.
+    /// Selects the rows that are selected on the plot. Does nothing while the grid itself is
+    /// changing the selection.
     void SelectionChanged();
 
-    /// Shows the plot as it stands now. Edits that wait go with their rows.
+    /// Shows the current state of the plot. Pending edits stay with their rows.
     void FollowPlot();
 
-    /// As DataGrid::RowsRemoved, for a plot.
+    /// See DataGrid::RowsRemoved; for a plot.
     void RowsRemoved(int slot, std::span<const std::int32_t> points);
 
-    /// Writes the edits that wait into the plot.
+    /// Writes the pending edits to the plot.
     void ApplyEdits();
 
-    /// The plot is gone: the window closes, and edits that wait are gone too.
+    /// The plot is closed: the window closes, and pending edits are lost.
     void PlotClosed();
 
-    /// Opens the editor over a cell, if that can be edited.
+    /// Opens the editor over a cell, if the cell is editable.
     void BeginEdit(const QModelIndex& cell);
 
-    /// Takes what was typed, or drops it.
+    /// Accepts or discards the typed text.
     void ConfirmEdit();
     void DropEdit();
 
-    /// Esc: closes the window, unless edits wait.
+    /// Esc: closes the window unless edits are pending.
     void reject() override;
 
     RowGrid* grdRawData;
     QLineEdit* txtCellContents;
-    QLabel* lblEdits; ///< how many edits wait, and whether all of them can be read
+    QLabel* lblEdits; ///< the number of pending edits, and whether all are valid
     QPushButton* cmdAddRow;
     QPushButton* cmdDiscard;
     QPushButton* cmdOK;
@@ -117,11 +117,11 @@ private:
     std::function<void()> editsApplied_;
     frmDataDisplay* other_ = nullptr;
     std::unique_ptr<DataDisplayModel> model_;
-    PlotDataModel* plot_ = nullptr; ///< model_ where the grid can be edited
+    PlotDataModel* plot_ = nullptr; ///< equal to model_ if the grid is editable
     QPersistentModelIndex edited_;  ///< the cell under the editor
-    bool selecting_ = false;        ///< the grid's picking is on its way to the plot
+    bool selecting_ = false;        ///< the grid is changing the selection of the plot
     bool applying_ = false;
-    bool toldOfEdits_ = false; ///< the status line says that edits wait
+    bool toldOfEdits_ = false; ///< the status line reports pending edits
 };
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The editor over the cells of the data grid, and the keys that lead to it and away from it.
+// The cell editor of the data grid, and the keys that open and leave it.
 
 #include "shell/controls/bad_text.h"
 #include "shell/grids/data_display_model.h"
@@ -48,7 +48,7 @@ void frmDataDisplay::PlaceEditor() {
     if (!IsEditing()) {
         return;
     }
-    // A little larger than its cell, so that a text has the room that it has there.
+    // A little larger than its cell, so that the text has the same space as in the cell.
     QRect room = grdRawData->visualRect(edited_);
     room.adjust(-1, -1, 1, 1);
     room.setWidth(qMax(room.width(), txtCellContents->minimumSizeHint().width()));
@@ -66,7 +66,7 @@ void frmDataDisplay::ConfirmEdit() {
         return;
     }
     const QModelIndex cell = edited_;
-    edited_ = QPersistentModelIndex(); // the focus that goes confirms nothing more
+    edited_ = QPersistentModelIndex(); // losing the focus must not confirm again
     static_cast<void>(plot_->SetText(cell, txtCellContents->text()));
     DropEdit();
     ShowEdits();
@@ -94,7 +94,7 @@ void frmDataDisplay::ConfirmAndGoTo(const QModelIndex& cell) {
 QModelIndex frmDataDisplay::NextEditable(const QModelIndex& from, bool isForward) const {
     const int columns = plot_->columnCount();
     const int step = isForward ? 1 : -1;
-    // Rows that are gone and columns that cannot be edited are passed over.
+    // Deleted rows and read-only columns are skipped.
     for (int place = from.row() * columns + from.column() + step;
          place >= 0 && place < plot_->rowCount() * columns; place += step) {
         const QModelIndex cell = plot_->index(place / columns, place % columns);

@@ -16,11 +16,11 @@ namespace {
 
 constexpr int kNarrowestColumn = 36;
 constexpr int kWidestColumn = 320;
-constexpr int kAirBeside = 10; ///< of the longest text of a column
-constexpr int kAirAbove = 6;   ///< and below a text
+constexpr int kAirBeside = 10; ///< beside the longest text of a column
+constexpr int kAirAbove = 6;   ///< above and below a text
 constexpr int kRowsMeasured = 500;
 
-/// Draws the cells of picked rows as selected.
+/// Draws the cells of selected rows as selected.
 class PickedRowDelegate : public QStyledItemDelegate {
 public:
     explicit PickedRowDelegate(RowGrid& grid)
@@ -80,14 +80,14 @@ void RowPicker::select(const QItemSelection& selection, SelectionFlags command) 
     if (command == NoUpdate) {
         return;
     }
-    // A model that has got its rows only now changes nothing of what is picked.
+    // A model that has only just received its rows does not change the selection.
     rows_.resize(RowCount());
     const std::vector<bool> before = rows_;
     if (command.testFlag(Clear)) {
         rows_.assign(rows_.size(), false);
         settled_ = rows_;
     }
-    // A range that is still being drawn takes the place of the one drawn just before.
+    // A range that is still being dragged replaces its previous state.
     if (command.testFlag(Current)) {
         settled_.resize(rows_.size());
         rows_ = settled_;
@@ -126,7 +126,7 @@ RowGrid::RowGrid(QWidget* parent)
     setWordWrap(false);
     setCornerButtonEnabled(false);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    // A column as a whole is nothing that could be picked.
+    // A whole column cannot be selected.
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
@@ -201,7 +201,7 @@ QItemSelectionModel::SelectionFlags RowGrid::selectionCommand(const QModelIndex&
     }
     QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
     if (command.testFlag(QItemSelectionModel::Toggle)) {
-        // All rows that a drag goes over become what the first one does.
+        // A drag gives all rows that it crosses the state of the first one.
         if (!command.testFlag(QItemSelectionModel::Current)) {
             toggled_ =
                 IsPicked(index.row()) ? QItemSelectionModel::Deselect : QItemSelectionModel::Select;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// A table whose rows are picked with mouse and keys, as files are in a list, and from outside.
+// A table whose rows are selected with mouse and keys, like files in a list, or by the program.
 //
-// Which rows are picked is a bit each, so that a hundred thousand of them, however scattered, cost
-// no more to draw than one. The selection of the view's selection model stays empty.
+// The selection is one bit for each row, so that drawing costs the same for one row as for a
+// hundred thousand scattered ones. The selection of the view's selection model stays empty.
 
 #pragma once
 
@@ -17,7 +17,7 @@
 
 namespace quandrel {
 
-/// Takes what a view selects, and keeps it by rows.
+/// Takes the selection commands of a view, and stores them by row.
 class RowPicker : public QItemSelectionModel {
 public:
     RowPicker(QAbstractItemModel& model, std::function<void()> picked, QObject* parent);
@@ -27,7 +27,7 @@ public:
     /// Ascending.
     [[nodiscard]] std::vector<std::size_t> Rows() const;
 
-    /// Tells nobody. Rows that are not there are left out.
+    /// Selects rows without a notification. Rows that do not exist are ignored.
     void SetRows(std::span<const std::size_t> rows);
 
     void select(const QModelIndex& index, SelectionFlags command) override;
@@ -40,7 +40,7 @@ private:
 
     std::function<void()> picked_;
     std::vector<bool> rows_;
-    std::vector<bool> settled_; ///< without the range that is being drawn
+    std::vector<bool> settled_; ///< without the range that is being dragged
 };
 
 class RowGrid : public QTableView {
@@ -54,16 +54,16 @@ public:
     /// Ascending.
     [[nodiscard]] std::vector<std::size_t> PickedRows() const;
 
-    /// Picks rows, scrolls to the first when none of them is in sight, and tells nobody.
+    /// Selects rows without a notification, and scrolls to the first if none of them is visible.
     void PickRows(std::span<const std::size_t> rows);
 
-    /// Gives each column the room that its head and the rows in sight need.
+    /// Fits the width of each column to its heading and the visible rows.
     void FitColumns();
 
-    /// Typing is for the cells.
+    /// No search by keys: typed keys belong to the cells.
     void keyboardSearch(const QString&) override {}
 
-    std::function<void()> onPicked; ///< told when the user has picked other rows
+    std::function<void()> onPicked; ///< called after the user has selected other rows
 
 protected:
     [[nodiscard]] QItemSelectionModel::SelectionFlags

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The box that says what the program is.
+// The About box of the program.
 
 #pragma once
 

@@ -48,7 +48,7 @@ QString FileOf(const QString& target) {
     return target.section('#', 0, 0);
 }
 
-/// A page of the tabs: a line to type in above a list.
+/// A tab page: a search line above a list.
 QWidget* ListPage(QLineEdit& line, QWidget& list, QWidget* below = nullptr) {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -60,7 +60,8 @@ QWidget* ListPage(QLineEdit& line, QWidget& list, QWidget* below = nullptr) {
     return page;
 }
 
-/// The words of a query as a pattern that finds what the search found: words that begin so.
+/// The words of a query as a pattern for the same matches as the search: words with these
+/// beginnings.
 QRegularExpression PatternOf(const QString& query) {
     QStringList words;
     for (const std::string& word : HelpWords(query.toStdString())) {
@@ -76,12 +77,12 @@ QPointer<frmHelp>& TheHelp() {
     return window;
 }
 
-/// Brings the window to the front. A modal dialog blocks all windows but those that belong to it,
-/// so the help belongs to the dialog while that is open.
+/// Brings the window to the front. A modal dialog blocks all windows except its own child windows,
+/// so the help window belongs to the dialog while that is open.
 void BringUp(frmHelp& window) {
     QWidget* const modal = QApplication::activeModalWidget();
     QWindow* const owner = modal != nullptr ? modal->windowHandle() : nullptr;
-    window.winId(); // makes the window that can be owned
+    window.winId(); // creates the native window that can have an owner
     if (window.windowHandle()->transientParent() != owner) {
         window.hide();
         window.windowHandle()->setTransientParent(owner);
@@ -285,7 +286,7 @@ void frmHelp::OpenItem(const QString& target, const QString& query) {
     }
 }
 
-/// The first item that matches becomes the current one, so that Enter opens it.
+/// Makes the first matching item the current one, so that Enter opens it.
 void frmHelp::FilterIndex(const QString& text) {
     QListWidgetItem* first = nullptr;
     for (int i = 0; i < lstIndex->count(); ++i) {

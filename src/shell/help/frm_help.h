@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The help window: contents, index and full-text search beside the page that is read.
+// The help window: contents, index and full-text search beside the open page.
 //
-// This is the chief header of the room, with the keys of the help and the box about the program.
-// Enters: pages from help/help_library, names of windows, words that the user types.
-// What the pages say is written in docs/help; the library knows the page of each window.
-// Leaves: nothing but what is read; F1 opens the page of the window that has the focus.
+// This is the chief header of the room; the help keys and the About box are here too.
+// Input: pages from help/help_library, names of windows, search words.
+// The pages are in docs/help; the library maps each window to its page.
+// Output: none but the window itself. F1 opens the page of the window that has the focus.
 
 #pragma once
 
@@ -33,10 +33,11 @@ class frmHelp : public QMainWindow {
 public:
     frmHelp(HelpLibrary library, const std::filesystem::path& folder);
 
-    /// Shows a page: its file, perhaps with "#" and an anchor. An empty topic is the contents page.
+    /// Shows a page: its file, optionally with "#" and an anchor. An empty topic is the contents
+    /// page.
     void Open(const QString& topic);
 
-    /// File of the page that is shown.
+    /// The file of the page that is shown.
     [[nodiscard]] QString Page() const;
 
     /// Prints the page that is shown.
@@ -73,7 +74,8 @@ private:
     void FilterIndex(const QString& text);
     void Search(const QString& query);
     void OpenItem(const QString& target, const QString& query);
-    /// Fits title, tree and marks to a page. The browser tells of a page before it is its source.
+    /// Updates title, tree and highlights for a page. The browser reports a page before it is its
+    /// source.
     void PageShown(const QString& file);
     void MarkWords();
     void Zoom(int step);
@@ -82,21 +84,21 @@ private:
 
     HelpLibrary library_;
     QString folder_;
-    QString marked_; ///< the query whose words are marked on the page
+    QString marked_; ///< the query whose words are highlighted on the page
     int zoom_ = 0;
 };
 
-/// Shows a page of the help in front of everything, also while a modal dialog is open. When there
-/// is no help the user is told.
+/// Shows a page of the help in front of all windows, even while a modal dialog is open. If there is
+/// no help, the user sees a message.
 ///
 /// @param topic          as for frmHelp::Open
-/// @param programFolder  where the program lies; empty is that of the running one
+/// @param programFolder  the folder of the program; if empty, that of the running program
 void ShowHelp(const QString& topic = {}, const QString& programFolder = {});
 
-/// The help window, or nullptr while there is none.
+/// The help window, or nullptr if it does not exist.
 [[nodiscard]] frmHelp* HelpWindow();
 
-/// Closes the help window, if there is one.
+/// Closes the help window, if it exists.
 void CloseHelp();
 
 } // namespace quandrel

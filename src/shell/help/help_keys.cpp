@@ -13,7 +13,8 @@ namespace quandrel {
 
 namespace {
 
-/// The page that the event asks for; empty when it is none that asks, or the menu's.
+/// The help page for a key event; empty if the event is not a request for help, or belongs to the
+/// menu.
 QString AskedPage(const QObject* watched, const QEvent& event) {
     const auto* widget = qobject_cast<const QWidget*>(watched);
     if (widget == nullptr) {
@@ -57,7 +58,7 @@ bool HelpKeys::eventFilter(QObject* watched, QEvent* event) {
         return QObject::eventFilter(watched, event);
     }
     event->accept();
-    // The override keeps the key from the menu's shortcut; it comes again as a press.
+    // The override keeps the key from the menu's shortcut; the key then arrives as a press.
     if (event->type() != QEvent::ShortcutOverride) {
         ShowHelp(page);
     }

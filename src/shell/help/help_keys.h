@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // F1 opens the page of the dialog, panel or plot window that has the focus. In the main window
-// itself the key belongs to the menu.
+// itself, the menu handles the key.
 
 #pragma once
 
@@ -12,10 +12,11 @@ class QWidget;
 
 namespace quandrel {
 
-/// The page of the innermost window or panel about a widget that has one; empty without any.
+/// The page of the innermost window or panel around a widget that has a page; empty if there is
+/// none.
 [[nodiscard]] QString HelpPageOfWidget(const QWidget* widget);
 
-/// Hears the keys of the whole application as long as it lives.
+/// Watches the keys of the whole application during its lifetime.
 class HelpKeys : public QObject {
 public:
     /// @param application  the application object, which owns it
