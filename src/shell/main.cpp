@@ -2,10 +2,10 @@
 //
 // quandrel: the program with its windows.
 //
-// Inside the folder: this start alone; the windows are in the rooms below it, each a library of its
-// own, with controls at the ground and main at the top (docs/architecture.md).
-// Enters: the command line. Leaves: an exit code. The ports of the engine are filled here, before
-// anything else of it is called.
+// Only the start is in this folder itself. The windows are in the rooms below it, each a library of
+// its own, with controls at the bottom and main at the top (docs/architecture.md).
+// Input: the command line.
+// Output: an exit code. The ports of the engine are set here, before any other call of the engine.
 
 #include "platform/platform.h"
 #include "qt/qt_clipboard.h"
@@ -28,7 +28,7 @@
 
 namespace {
 
-/// Prints what needs no window; true when there is nothing more to do.
+/// Prints what needs no window; true if the program can then exit.
 bool IsAnswered(const std::optional<quandrel::AnswerOnTerminal>& answer) {
     if (answer) {
         (answer->exitCode == 0 ? std::cout : std::cerr) << answer->text << std::flush;
@@ -36,7 +36,7 @@ bool IsAnswered(const std::optional<quandrel::AnswerOnTerminal>& answer) {
     return answer.has_value();
 }
 
-/// What is asked for with --help and --version, which need no screen either.
+/// The output of --help and --version, which need no screen either.
 std::optional<quandrel::AnswerOnTerminal> AnswerWithoutScreen(int argc, char** argv) {
     auto answer = quandrel::AnswerToOptions(std::vector<std::string>(argv + 1, argv + argc));
     return answer && answer->exitCode == 0 ? answer : std::nullopt;
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     if (IsAnswered(AnswerWithoutScreen(argc, argv))) {
         return 0;
     }
-    const QApplication application(argc, argv); // takes the options of Qt out
+    const QApplication application(argc, argv); // removes Qt's own options
     std::vector<std::string> arguments;
     for (const QString& argument : QApplication::arguments().mid(1)) {
         arguments.push_back(argument.toStdString());
@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
     window.ShowAtLastPlace();
     quandrel::RecoveryTimer recovery(window, quandrel::RecoveryFolder());
     const quandrel::NamedFiles named = quandrel::FilesOfCommandLine(arguments);
-    // What is asked comes over the window, and plots take their size from it: both wait for it.
+    // Questions appear above the window, and plots take their size from it, so both wait for it.
     quandrel::RunOnceExposed(window, [&] {
         quandrel::StartWork(window, recovery, {});
         window.OpenNamedFiles(named);

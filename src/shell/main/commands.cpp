@@ -16,7 +16,7 @@ enum class Kind { Plain, OnOff };
 struct CommandSpec {
     const char* name;
     const char* caption;
-    const char* tip; ///< of the button; the caption without marks where this is empty
+    const char* tip; ///< tip of the button; if empty, the caption without its marks
     const char* icon;
     const char* shortcut;
     Kind kind = Kind::Plain;
@@ -168,7 +168,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuHelpAbout", "&About Quandrel...", kNone, "about", kNone},
 };
 
-/// The keys of a command, the one that menus show first. Redo has the other usual one too.
+/// The keys of a command; menus show the first. Redo also has the other usual key.
 QList<QKeySequence> ShortcutsOf(const CommandSpec& spec) {
     QList<QKeySequence> keys;
     for (const char* key : {spec.shortcut, spec.otherShortcut}) {
@@ -198,7 +198,7 @@ Commands::Commands(QObject* parent)
         const QKeySequence shortcut(spec.shortcut);
         action->setShortcuts(ShortcutsOf(spec));
         action->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut.toString() + ")");
-        // Not a status tip: that would cover the information line while the pointer rests.
+        // Not a status tip: that would cover the information line under the pointer.
         action->setWhatsThis(tip);
         action->setCheckable(spec.kind == Kind::OnOff);
         action->setEnabled(false);

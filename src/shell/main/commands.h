@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The commands of the main window: one action for each, by its name, shared by the menu item and
-// the button that presses it.
+// The commands of the main window: one named action for each, shared by its menu item and its
+// button.
 
 #pragma once
 
@@ -19,23 +19,23 @@ class Commands : public QObject {
     Q_OBJECT
 
 public:
-    /// Makes all actions. Those without work are disabled, and stay so.
+    /// Creates all actions. Actions without a handler are disabled and remain so.
     explicit Commands(QObject* parent);
 
     /// The action of a name: "mnuFileLoad_0".
     [[nodiscard]] QAction& Of(const QString& name) const;
 
-    /// Gives a command its work. It does nothing while a long loop runs.
+    /// Sets the handler of a command. A command does nothing while a long loop runs.
     void Connect(const QString& name, const std::function<void()>& work);
 
-    /// Whether a command can be used now. One without work never can.
+    /// Enables or disables a command. A command without a handler is always disabled.
     void Enable(const QString& name, bool enabled);
 
-    /// As Enable, for a command that is on or off.
+    /// Same as Enable, for a command that can be checked.
     void Enable(const QString& name, bool enabled, bool down);
 
 Q_SIGNALS:
-    /// A command has done its work.
+    /// A command has finished.
     void Done();
 
 private:

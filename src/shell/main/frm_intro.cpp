@@ -34,7 +34,7 @@ constexpr std::array<Start, 3> kStarts = {{
 constexpr int kMargin = 28;
 constexpr int kLongestName = 48;
 
-/// Centres a line and gives it a size by that of other texts.
+/// Centres a line and scales its font relative to other texts.
 QLabel* SetLine(QLabel* line, double scale) {
     line->setTextFormat(Qt::PlainText);
     line->setAlignment(Qt::AlignHCenter);
@@ -48,7 +48,7 @@ QLabel* MakeLine(const QString& text, double scale) {
     return SetLine(new QLabel(text), scale);
 }
 
-/// A file's name as a caption: "&" doubled, a long name cut in its middle.
+/// A file name as a caption: "&" is doubled, and a long name is cut in the middle.
 QString CaptionOfFile(const std::string& path) {
     QString name = QString::fromStdString(FileTitleOf(path));
     if (name.size() > kLongestName) {
@@ -105,12 +105,12 @@ void frmIntro::Refresh() {
         button->setToolTip(PlainTip(QString::fromStdString(gSettings.files.recent[i])));
         button->setCursor(Qt::PointingHandCursor);
         const int index = kFirstRecentFile + static_cast<int>(i);
-        // Pressing it may take the button away: the list changes.
+        // A press may remove the button, because the list changes.
         connect(
             button, &QPushButton::clicked, this, [this, index] { Q_EMIT StartWanted(index); },
             Qt::QueuedConnection);
         recent_->addWidget(button);
-        button->show(); // a button that is still hidden takes no room in the layout
+        button->show(); // a hidden button takes no space in the layout
     }
     resize(sizeHint());
 }

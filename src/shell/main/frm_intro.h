@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The intro screen: how a session begins. It stands in the main window while no plot is open.
+// The intro screen of a session. It is visible in the main window while no plot is open.
 
 #pragma once
 
@@ -19,13 +19,13 @@ class frmIntro : public QFrame {
 public:
     explicit frmIntro(QWidget* parent);
 
-    /// Shows the recent files, and whether roses can be drawn.
+    /// Shows the recent files, and enables roses if they can be drawn.
     void Refresh();
 
     std::array<QPushButton*, 3> cmdStart; ///< stereographic projection, rose diagram, blank plot
 
 Q_SIGNALS:
-    /// A start command: one of the three buttons, or a recent file.
+    /// A start command was chosen: one of the three buttons, or a recent file.
     void StartWanted(int index);
 
 private:

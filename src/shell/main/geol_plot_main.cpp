@@ -62,7 +62,7 @@ GeolPlotMain::GeolPlotMain()
     setAcceptDrops(true);
     new ButtonKeys(this);
     new SelectionPasteGuard(this);
-    // The built-in menu would show and hide bars behind the back of the View menu.
+    // The built-in menu would show and hide bars without updating the View menu.
     setContextMenuPolicy(Qt::NoContextMenu);
     MakeStatusBar();
     MakeToolBars();
@@ -114,7 +114,7 @@ void GeolPlotMain::ConnectChanges() {
 
 GeolPlotMain::~GeolPlotMain() {
     mapLink_.reset();
-    // Plot windows belong to the store, and must not outlive the room that they stand in.
+    // Plot windows belong to the store, and must not outlive the area that contains them.
     for (int slot = 0; slot <= HighestSlot(); ++slot) {
         PlotOf(slot).form.reset();
     }
@@ -132,7 +132,7 @@ void GeolPlotMain::MakeStatusBar() {
     panInfoLine = new QLabel;
     panInfoLine->setObjectName("panInfoLine");
     panInfoLine->setTextFormat(Qt::PlainText);
-    // A long text is cut rather than widening the window.
+    // A long text is cut so that it does not widen the window.
     panInfoLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     panHintLine = new QLabel;
     panHintLine->setObjectName("panHintLine");
@@ -160,7 +160,7 @@ void GeolPlotMain::MakeToolBars() {
     toolMapInfo_->hide();
     panGirdleBox_ = new GirdlePanel(this);
     addDockWidget(Qt::RightDockWidgetArea, panGirdleBox_);
-    // Closing the panel by its own button is pressing the button that shows it.
+    // Closing the panel with its own button acts like the button that shows it.
     panGirdleBox_->toggleViewAction()->setVisible(false);
     panGirdleBox_->installEventFilter(this);
     panGirdleBox_->onChanged = [this] { UpdatePlotState(); };
@@ -232,7 +232,7 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
     window->Place(QtRect(CountOpenPlots() > 1
                              ? NewPlotWindowPlace(slot, width(), room.width(), room.height())
                              : FirstPlotWindowPlace(width(), room.width(), room.height())));
-    // A plot must not go while its window is still at work on what the user did.
+    // A plot must not be deleted while its window is still handling an event.
     connect(
         window, &frmPlotForms::CloseWanted, this,
         [this](int closing) {
@@ -254,7 +254,7 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
         KeepPlotWindowSize(size.width(), size.height(), width());
     });
     mouse_->Watch(*window);
-    // The slot may be in use again before anybody looks.
+    // The slot may be in use again before the window is destroyed.
     connect(window, &QObject::destroyed, this, [this, slot] { displays_->PlotClosed(slot); });
     intro_->hide();
     window->show();
@@ -286,7 +286,7 @@ void GeolPlotMain::SetStatusText(const QString& text) {
 }
 
 void GeolPlotMain::EndStatusText(const QString& text) {
-    // Texts that others have put there since stay.
+    // A text that has replaced this one stays.
     if (!text.isEmpty() && status_->Text() == text) {
         SetStatusText({});
     }
@@ -327,7 +327,7 @@ void GeolPlotMain::OpenNamedFiles(const NamedFiles& named) {
 }
 
 frmPlotForms* GeolPlotMain::ActiveForm() const {
-    // A window that is only being made is not in the store yet.
+    // A window under construction is not in the store yet.
     return IsOpenSlot(gActivePlot)
                ? static_cast<frmPlotForms*>(gPlotForm[static_cast<std::size_t>(gActivePlot)].get())
                : nullptr;
@@ -357,7 +357,7 @@ void GeolPlotMain::ArrangeWindows(int way) {
     const QList<QMdiSubWindow*> windows = room_->subWindowList(QMdiArea::CreationOrder);
     QMdiSubWindow* const active = room_->activeSubWindow();
     Arrange(windows, static_cast<Arrangement>(way), room_->viewport()->size(), active);
-    room_->setActiveSubWindow(active); // a window that came back from its full size took the focus
+    room_->setActiveSubWindow(active); // a window restored from full size took the focus
 }
 
 } // namespace quandrel

@@ -3,10 +3,9 @@
 // The main window: the parent of all plot windows, with the tool strip, the menus and the status
 // line. Its handlers read a control, call one procedure and show the result.
 //
-// This is the chief header of the room: commands, menus, tool strip, status line, the intro, the
-// start.
-// Enters: the state of all commands (session/window_state), anew after each of them.
-// Leaves: calls of the engine and of the other rooms. It alone knows all rooms.
+// This is the chief header of the room: commands, menus, tool strip, status line, intro, start.
+// Input: the state of all commands (session/window_state), read after each command.
+// Output: calls of the engine and of the other rooms. Only this room uses all the others.
 
 #pragma once
 
@@ -42,26 +41,26 @@ class frmPlotForms;
 
 class GeolPlotMain : public QMainWindow {
 public:
-    /// The engine must have been initialised, all but the windows.
+    /// Requires an initialised engine; only the windows may be missing.
     GeolPlotMain();
     ~GeolPlotMain() override;
 
     GeolPlotMain(const GeolPlotMain&) = delete;
     GeolPlotMain& operator=(const GeolPlotMain&) = delete;
 
-    /// Shows the window where it was left.
+    /// Shows the window at its last position.
     void ShowAtLastPlace();
 
-    /// A start command of the intro screen or a recent file: IntroStart of the engine.
+    /// Runs a start command of the intro screen or opens a recent file: IntroStart of the engine.
     void IntroButtonStart(int index);
 
     /// Opens files as new plots, one after the other.
     void OpenFiles(const QStringList& paths);
 
-    /// Opens the files of the command line, then tells of those that are missing.
+    /// Opens the files of the command line, then reports the missing ones.
     void OpenNamedFiles(const NamedFiles& named);
 
-    /// Shows or hides the girdle panel as its button says.
+    /// Shows or hides the girdle panel to match its button.
     void GirdleBoxDisplay();
 
     /// Fills the girdle panel from the active plot.
@@ -70,7 +69,7 @@ public:
     /// Writes to the information line.
     void SetStatusText(const QString& text);
 
-    /// Brings buttons, menus and dialogs in line with the active plot.
+    /// Updates buttons, menus and dialogs for the active plot.
     void UpdatePlotState();
 
     /// The window of a slot, for the engine.
@@ -78,8 +77,8 @@ public:
 
     [[nodiscard]] Commands& AllCommands() { return *commands_; }
 
-    QLabel* panInfoLine = nullptr; ///< what was told last of the plot in front
-    QLabel* panHintLine = nullptr; ///< what can be done there
+    QLabel* panInfoLine = nullptr; ///< the last message about the plot in front
+    QLabel* panHintLine = nullptr; ///< a hint on the next possible steps
     QProgressBar* progBar = nullptr;
     QLabel* panDipAzBox = nullptr;
 
@@ -142,7 +141,7 @@ private:
     void SelectionChanged();
     void ShowSelectionCount();
 
-    /// Takes a text off the status line, if it is still there.
+    /// Removes a text from the status line, if it is still there.
     void EndStatusText(const QString& text);
     void UpdatePlotMenus();
     void PlaceIntro();
@@ -163,9 +162,9 @@ private:
     std::unique_ptr<MainStatusLine> status_;
     std::unique_ptr<WidgetPrompts> prompts_;
     bool menusHavePlots_ = false;
-    QString selectionText_; ///< what the status line was last told of the selection
+    QString selectionText_; ///< the last status text about the selection
     Notation notation_;     ///< of the texts of the open plots
-    QString clipboardText_; ///< and of what is on the clipboard
+    QString clipboardText_; ///< the text on the clipboard
     std::unique_ptr<MapLinkWindows> mapLink_;
 };
 

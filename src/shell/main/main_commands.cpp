@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the commands of the main window do.
+// The handlers of the main window's commands.
 
 #include "core/messages.h"
 #include "core/plot_store.h"
@@ -69,7 +69,7 @@ namespace {
 constexpr std::array<const char*, 4> kLoadCommands = {kNewCommand, kMergeCommand, kOverlayCommand,
                                                       kBlankCommand};
 
-/// Pixels in a logical pixel of a copied picture: enough for paper.
+/// Pixels per logical pixel of a copied picture: enough for printing.
 constexpr double kCopyDensity = 3;
 
 constexpr const char* kPictureFilter =
@@ -299,7 +299,7 @@ void GeolPlotMain::ConnectPlotCommands() {
         commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
     }
     for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
-        // The menu has a separator in front of these.
+        // In the menus a separator comes before these commands.
         commands_->Connect(Numbered("mnuPlotSymbols", button + 1), [button] {
             SetSecondaryButton(button, !IsSecondaryButtonDown(button));
         });

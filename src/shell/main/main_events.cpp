@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the main window takes from the desktop: files dropped on it, its close button, its size.
+// Desktop events of the main window: dropped files, the close button, resizing.
 
 #include "core/messages.h"
 #include "core/plot_store.h"
@@ -38,7 +38,7 @@ WindowState StateOf(const QWidget& window) {
                                                          : WindowState::Normal;
 }
 
-/// The files among what is dragged.
+/// The dragged files.
 QStringList FilesOf(const QMimeData& data) {
     QStringList files;
     for (const QUrl& url : data.urls()) {
@@ -68,7 +68,7 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
 
 void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
     if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
-        // The files stay where they are, whatever the source proposes.
+        // The files are copied, never moved, whatever the source proposes.
         event->setDropAction(Qt::CopyAction);
         event->accept();
     }
@@ -82,7 +82,7 @@ void GeolPlotMain::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     const QStringList files = FilesOf(*event->mimeData());
-    // The place that the files come from waits for the drop to end; questions come after that.
+    // The source of the files waits until the drop ends, so questions come afterwards.
     QMetaObject::invokeMethod(
         this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
 }
@@ -96,7 +96,7 @@ void GeolPlotMain::changeEvent(QEvent* event) {
 }
 
 bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
-    if (intro_ == nullptr) { // the window is being made
+    if (intro_ == nullptr) { // the window is under construction
         return QMainWindow::eventFilter(object, event);
     }
     if (object == room_->viewport() && event->type() == QEvent::Resize) {

@@ -160,7 +160,7 @@ void MainMenus::MakeOtherMenus(const Commands& commands) {
 }
 
 void MainMenus::FillBar(QMenuBar& bar, bool hasPlots) const {
-    // Hidden menus would keep their mnemonics, so the bar is filled anew.
+    // The mnemonics of hidden menus would remain active, so the bar is filled again.
     bar.clear();
     const QList<QMenu*> menus =
         hasPlots
@@ -177,7 +177,7 @@ void MainMenus::RefreshRecent() const {
         const bool isUsed = i < gSettings.files.recent.size();
         item.setVisible(isUsed);
         if (isUsed) {
-            // The path stands apart from the caption, in which "&" marks a key.
+            // The path is separate from the caption, in which "&" marks a key.
             const QString name = QString::fromStdString(FileTitleOf(gSettings.files.recent[i]));
             item.setText("&" + QString::number(i + 1) + " " + QString(name).replace("&", "&&"));
             item.setToolTip(PlainTip(QString::fromStdString(gSettings.files.recent[i])));

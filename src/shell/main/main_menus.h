@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The menus of the main window, over its commands: one set for a session with plots, and a short
-// one for a session without.
+// The menus of the main window: one set for a session with plots, and a short one for a session
+// without plots.
 
 #pragma once
 
@@ -21,8 +21,8 @@ inline constexpr int kRecentItems = 6;
 
 class MainMenus {
 public:
-    /// @param owner     whose children the menus are
-    /// @param commands  whose actions the menus show; outlives the menus
+    /// @param owner     the parent of the menus
+    /// @param commands  the actions that the menus show; outlives the menus
     MainMenus(QWidget& owner, const Commands& commands);
 
     /// Fills the bar with the set for a session with or without plots.
@@ -35,7 +35,7 @@ public:
     QMenu* mnuEdit;
     QMenu* mnuPlot;
     QMenu* mnuView;
-    QMenu* mnuPlotTypes; ///< of a session without plots
+    QMenu* mnuPlotTypes; ///< in a session without plots
     QMenu* mnuMapInfoTop;
     QMenu* mnuWindow;
     QMenu* mnuHelps;

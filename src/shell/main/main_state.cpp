@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the main window shows of the store: buttons, menus and panels, read anew after each command.
+// The parts of the main window that depend on the store: buttons, menus and panels, updated after
+// each command.
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -38,7 +39,7 @@ namespace quandrel {
 
 namespace {
 
-/// What a command needs so that it can be used.
+/// What a command requires to be enabled.
 struct CommandNeed {
     const char* command;
     bool ToolbarState::*condition;
@@ -98,7 +99,7 @@ void GeolPlotMain::UpdatePlotState() {
     status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
     if (hasPlots && Selection::now.slot == gActivePlot
         && status_->Text().toStdString() == StatusOfPlot(ActiveRecord())) {
-        ShowSelectionCount(); // a redraw has told of the plot, whose rows are still lit
+        ShowSelectionCount(); // a redraw has replaced the text of the selection
     }
     menus_->RefreshRecent();
     RefreshWindowMenu();
@@ -113,7 +114,8 @@ void GeolPlotMain::UpdatePlotState() {
         form->FollowRecord();
         const QMdiSubWindow* front = room_->activeSubWindow();
         if (front != form && dynamic_cast<const frmMapinfo*>(front) == nullptr) {
-            // The plot that the engine went back to comes to the front, but not before the map.
+            // The plot that the engine has made active comes to the front, but not in front of the
+            // map.
             room_->setActiveSubWindow(form);
         }
     }
@@ -136,7 +138,7 @@ void GeolPlotMain::UpdateToolbar() {
         set("mnuPlotDataType_" + QString::number(i), state.dataTypes[static_cast<std::size_t>(i)]);
     }
     for (int i = 0; i < kSymbolButtons; ++i) {
-        // The menu has a separator in front of the items of the secondary data.
+        // The menu has a separator before the items of the secondary data.
         const int item = i < kOverlaySecondaryButton ? i : i + 1;
         set("mnuPlotSymbols_" + QString::number(item), state.symbols[static_cast<std::size_t>(i)]);
     }
@@ -242,7 +244,7 @@ void GeolPlotMain::RefreshWindowMenu() {
     QMenu& menu = *menus_->mnuWindow;
     for (QAction* action : menu.actions()) {
         if (action->objectName().startsWith("mnuWindowPlot_")) {
-            // It may be the one that is at work.
+            // This action may be running now.
             action->setObjectName({});
             menu.removeAction(action);
             action->deleteLater();
@@ -253,7 +255,7 @@ void GeolPlotMain::RefreshWindowMenu() {
         if (form != nullptr && !IsOpenSlot(form->Slot())) {
             continue;
         }
-        // Of the windows that are not plots' there is that of the map link.
+        // Windows without a plot include that of the map link.
         const QString title = form != nullptr
                                   ? QString::fromStdString(RecordOf(form->Slot()).PlotTitle)
                                   : window->windowTitle();

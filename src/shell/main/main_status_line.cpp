@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kNoPlot = 0;
 
-/// Kept with a plot: the text that was told last of it.
+/// The last text about a plot, stored with the plot.
 struct ToldLast {
     QString text;
     std::function<bool()> holds; ///< empty for a text that stays until the next one
@@ -29,7 +29,7 @@ ToldLast& ToldOf(int slot) {
 
 constexpr int kBarSteps = 1000;
 
-/// Takes everything that the user does in while it lives, and remembers Esc.
+/// Intercepts all user input during its lifetime, and records Esc.
 class EscapeWatch : public QObject {
 public:
     EscapeWatch() { qApp->installEventFilter(this); }
@@ -150,7 +150,7 @@ void MainStatusLine::SetBusy(bool busy) {
 }
 
 bool MainStatusLine::CancelRequested() {
-    // The one place where events are looked at within a step: there is no other way to hear a key.
+    // The only place that processes events within a step: there is no other way to detect a key.
     const EscapeWatch watch;
     QCoreApplication::processEvents();
     return watch.Pressed();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The main window's line at the bottom as the engine's sign of life. What was told last and what
-// can be done have places of their own; both belong to the plot in front.
+// The status line of the main window, which also shows that the engine is working. The last message
+// and the hint have separate labels; both belong to the plot in front.
 
 #pragma once
 
@@ -20,10 +20,10 @@ namespace quandrel {
 
 class MainStatusLine : public StatusLine, public EndingTexts {
 public:
-    /// The controls outlive the line.
+    /// The controls outlive the status line.
     MainStatusLine(QLabel& text, QLabel& hint, QProgressBar& bar);
 
-    /// Tells something of gActivePlot.
+    /// Shows a text about gActivePlot.
     void SetText(std::string_view text) override;
 
     void SetTextWhile(std::string_view text, std::function<bool()> holds) override;
@@ -31,16 +31,16 @@ public:
     /// The text that is shown.
     [[nodiscard]] const QString& Text() const { return text_; }
 
-    /// Shows a hint until the next one; an empty one brings back what can be done with the plot.
+    /// Shows a hint until the next one; an empty hint restores the usual hint of the plot.
     void ShowHint(const QString& hint);
 
-    /// Shows what was told last of the plot in front, and what can be done there.
+    /// Shows the last message about the plot in front, and its hint.
     void FollowPlot(int slot, const QString& standingHint);
     void SetProgress(std::int64_t done, std::int64_t maximum) override;
     void SetBusy(bool busy) override;
 
-    /// Looks whether Esc was pressed. Other keys, the mouse and the closing of windows are put off
-    /// their work while a step is under way.
+    /// Returns whether Esc was pressed. Other keys, mouse events and requests to close windows have
+    /// no effect while a step is running.
     [[nodiscard]] bool CancelRequested() override;
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Places of windows as the engine and as Qt have them, logical pixels in both.
+// Window rectangles in the engine's form and in Qt's form, both in logical pixels.
 
 #pragma once
 

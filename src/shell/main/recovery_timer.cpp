@@ -20,7 +20,7 @@ namespace quandrel {
 
 namespace {
 
-/// Events that work of the user's can begin with.
+/// Events that can start an action of the user.
 bool StartsWork(QEvent::Type type) {
     switch (type) {
     case QEvent::KeyPress:
@@ -30,7 +30,7 @@ bool StartsWork(QEvent::Type type) {
     case QEvent::Wheel:
     case QEvent::Shortcut:
     case QEvent::Drop:
-    case QEvent::MetaCall: // work that was put off to the end of an event
+    case QEvent::MetaCall: // an action that was postponed to the end of an event
         return true;
     default:
         return false;
@@ -47,7 +47,7 @@ bool IsAtRest() {
 } // namespace
 
 std::filesystem::path RecoveryFolder() {
-    // A relative path in the variable is not valid, and is passed over.
+    // A relative path in the variable is invalid, and is ignored.
     const QString named = qEnvironmentVariable("XDG_STATE_HOME");
     const QString states = QDir::isAbsolutePath(named) ? named : QDir::homePath() + "/.local/state";
     return std::filesystem::path(states.toStdU16String()) / "quandrel" / "recovery";
@@ -89,7 +89,7 @@ void RecoveryTimer::OnIdle() {
         roundDue_ = true;
     }
     work_.invalidate();
-    // What is due waits for the next event that ends at rest.
+    // A due round waits until the end of the next event.
     if (!IsAtRest()) {
         return;
     }
@@ -100,7 +100,7 @@ void RecoveryTimer::OnIdle() {
     WriteNext();
 }
 
-/// One plot at a time: events that came meanwhile go first.
+/// Writes one plot at a time, so that events in between are handled first.
 void RecoveryTimer::WriteNext() {
     if (toWrite_.empty()) {
         return;
@@ -108,7 +108,7 @@ void RecoveryTimer::WriteNext() {
     const int slot = toWrite_.back();
     toWrite_.pop_back();
     if (IsOpenSlot(slot) && HoldsUnsavedData(slot)) {
-        (void)session_.Write(slot); // what went wrong is told when the round is over
+        (void)session_.Write(slot); // failures are reported at the end of the round
     }
     if (!toWrite_.empty()) {
         idle_.start();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// When copies of unsaved plots are written: from time to time, and after long work of the user's,
-// in moments when the event loop has nothing else to do.
+// Writes copies of unsaved plots: at regular intervals, and after long operations, when the event
+// loop is idle.
 
 #pragma once
 
@@ -21,16 +21,17 @@ class GeolPlotMain;
 
 struct RecoveryPace {
     std::chrono::milliseconds interval = std::chrono::minutes(2); ///< between two rounds
-    std::chrono::milliseconds longWork = std::chrono::seconds(1); ///< what is worth a round at once
+    std::chrono::milliseconds longWork =
+        std::chrono::seconds(1); ///< the shortest operation that starts a round
 };
 
-/// The folder of all sessions, "quandrel/recovery" in the user's folder of states.
+/// The folder of all sessions, "quandrel/recovery" in the user's state folder.
 [[nodiscard]] std::filesystem::path RecoveryFolder();
 
-/// Keeps the copies for the length of its life, which is that of the session.
+/// Maintains the copies during its lifetime, which is that of the session.
 class RecoveryTimer : public QObject {
 public:
-    /// The engine and its windows must be there, and outlive this.
+    /// Requires that the engine and its windows exist; they outlive this object.
     RecoveryTimer(GeolPlotMain& window, std::filesystem::path root, RecoveryPace pace = {});
 
     /// Asks about plots of earlier sessions, if there are any.
@@ -47,7 +48,7 @@ private:
     RecoverySession session_;
     RecoveryPace pace_;
     QTimer period_;
-    QTimer idle_; ///< runs out once all events are done
+    QTimer idle_; ///< fires when all events are processed
     QElapsedTimer work_;
     bool roundDue_ = false;
     std::vector<int> toWrite_;

@@ -12,7 +12,7 @@ namespace quandrel {
 
 namespace {
 
-/// Waits for the first picture of a window.
+/// Waits until a window is exposed for the first time.
 class ExposeWatch : public QObject {
 public:
     ExposeWatch(QWidget& window, std::function<void()> work)
@@ -26,7 +26,7 @@ public:
 protected:
     bool eventFilter(QObject* object, QEvent* event) override {
         if (event->type() == QEvent::Expose) {
-            // The window takes the event after this.
+            // The window receives the event after this filter.
             QMetaObject::invokeMethod(
                 this, [this] { Look(); }, Qt::QueuedConnection);
         }
@@ -49,7 +49,7 @@ private:
 } // namespace
 
 void RunOnceExposed(QWidget& window, std::function<void()> work) {
-    window.winId(); // a window that was never shown has a handle then
+    window.winId(); // a window that was never shown has a handle from here on
     new ExposeWatch(window, std::move(work));
 }
 

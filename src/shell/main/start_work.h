@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the program does once its window has come up.
+// What the program does after its window has appeared.
 
 #pragma once
 
@@ -15,11 +15,11 @@ namespace quandrel {
 class GeolPlotMain;
 class RecoveryTimer;
 
-/// Does a work once a window is seen on the screen, so that its questions stand over the window.
-/// At once means after the events that wait.
+/// Calls a function as soon as a window is visible, so that its questions appear above the window.
+/// If the window is visible already, the call follows the pending events.
 void RunOnceExposed(QWidget& window, std::function<void()> work);
 
-/// Offers what a session left that was not closed properly, and after the answer opens files.
+/// Offers to recover a session that was not closed properly, then opens files.
 void StartWork(GeolPlotMain& window, RecoveryTimer& recovery, const QStringList& files);
 
 } // namespace quandrel

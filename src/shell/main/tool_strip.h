@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The tool strip: buttons that show the commands of the main window, and the slider of the grid.
+// The tool strip: buttons for the commands of the main window, and the slider of the grid.
 
 #pragma once
 
@@ -14,10 +14,10 @@ class Commands;
 
 class ToolStrip : public QToolBar {
 public:
-    /// @param commands  whose actions the buttons press; outlives the strip
+    /// @param commands  the actions of the buttons; outlives the strip
     explicit ToolStrip(const Commands& commands);
 
-    /// Shows the value that the slider has for the engine.
+    /// Shows the engine's value on the slider.
     void ShowGrid();
 
     QWidget* panGridDensity;

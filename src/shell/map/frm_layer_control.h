@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Which layers of a map can be seen, and which are found by tools.
+// Which layers of a map are visible, and which are selectable by tools.
 
 #pragma once
 
@@ -16,10 +16,10 @@ namespace quandrel {
 
 class frmLayerControl : public QDialog {
 public:
-    /// @param layers  the topmost first, as the list shows them
+    /// @param layers  the topmost layer first, as in the list
     frmLayerControl(const std::vector<SessionLayer>& layers, QWidget* parent);
 
-    /// The layers as the user wants them.
+    /// The layers with the user's changes.
     [[nodiscard]] std::vector<SessionLayer> Layers() const;
 
 private:

@@ -27,7 +27,7 @@ namespace quandrel {
 
 namespace {
 
-/// Per cent of the width that maps have beside tables.
+/// Width of the maps beside tables, per cent.
 constexpr int kMapShare = 58;
 
 constexpr const char* kShortcutMenu = "MapperShortcut";
@@ -44,7 +44,7 @@ const char* TitleOf(SessionWindowKind kind) {
     return "Information";
 }
 
-/// What a page is called: the tables of its window.
+/// The title of a page: the tables of its window.
 QString TabTextOf(const SessionWindow& window) {
     QStringList tables;
     for (const SessionLayer& layer : window.layers) {
@@ -54,7 +54,7 @@ QString TabTextOf(const SessionWindow& window) {
     return tables.isEmpty() ? title : title + ": " + tables.join(", ").replace("&", "&&");
 }
 
-/// Does in the session what an item of its own menus says.
+/// Runs an item of the session's own menus.
 void RunItem(int command) {
     InMapAction([command] {
         if (!MIRunMenuCommand(command)) {
@@ -256,12 +256,12 @@ void frmMapinfo::DropDocument(std::int64_t id) {
         }
     }
     page->hide();
-    page->deleteLater(); // it may be at work
+    page->deleteLater(); // it may be handling an event
     ShowUsedPages();
 }
 
 void frmMapinfo::DropAllDocuments() {
-    // None may turn to the session while the others go.
+    // No page may use the session while the others are removed.
     for (MapDocument* page : documents_) {
         page->Leave();
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The window of the map link: the maps of the session on the left, its browsers on the right with
-// the information below, each as pages; menus and a status line of its own. It passes on what the
-// user does.
+// the information below, each as pages; it has its own menus and status line. It passes on the
+// user's actions.
 
 #pragma once
 
@@ -33,13 +33,13 @@ public:
     /// Shows a window of the session as a page, in front of the others of its kind.
     void ShowDocument(EmbeddedMapSession& session, const SessionWindow& window);
 
-    /// A window of the session has gone.
+    /// A window of the session was closed.
     void DropDocument(std::int64_t id);
 
-    /// The session goes, with all windows.
+    /// The session ends, with all its windows.
     void DropAllDocuments();
 
-    /// Shows what the session has now.
+    /// Shows the current state of the session.
     void RefreshDocuments();
 
     /// Another tool was chosen.
@@ -47,7 +47,7 @@ public:
 
     void SetStatusText(const QString& text);
 
-    /// A page by the number of its window; nullptr for none.
+    /// The page of a window number; nullptr if there is none.
     [[nodiscard]] MapDocument* Document(std::int64_t id) const;
 
     QMenu* mnuFile;
@@ -61,13 +61,13 @@ public:
     QAction* mnuMarqueeSelect;
     QLabel* lblMIStatus;
 
-    /// Called when the user closes the window. False keeps it.
+    /// Called when the user closes the window. False keeps it open.
     std::function<bool()> onClose;
 
     /// Called when the user closes a page.
     std::function<void(std::int64_t id)> onDocumentClose;
 
-    /// Called when the user has done something in a page.
+    /// Called after an action of the user in a page.
     std::function<void()> onDone;
 
     /// Called when the window comes to the front.

@@ -13,11 +13,11 @@ namespace quandrel {
 
 class frmMITableDialog : public QDialog {
 public:
-    /// @param tables  at least one; the session's selection can be among them, as "Selection"
-    /// @param chosen  the one that it opens with; another text is the first one
+    /// @param tables  at least one; may include the session's selection, as "Selection"
+    /// @param chosen  the initial table; any other text means the first one
     frmMITableDialog(const QStringList& tables, const QString& chosen, QWidget* parent);
 
-    /// The table in the box.
+    /// The chosen table.
     [[nodiscard]] QString Table() const;
 
 private:

@@ -22,37 +22,37 @@ namespace quandrel {
 
 class MapActions : public QObject {
 public:
-    /// Makes all actions, disabled until there is a link. The name of an action is that of its menu
+    /// Creates all actions, disabled until there is a link. An action has the name of its menu
     /// item.
     explicit MapActions(QObject* parent);
 
     /// The action of a command: "OpenMITable".
     [[nodiscard]] QAction& Of(std::string_view name) const;
 
-    /// The action of a command or tool of the session by its id; nullptr when there is none.
+    /// The action of a command or tool of the session by its id; nullptr if there is none.
     [[nodiscard]] QAction* OfId(int id) const;
 
-    /// Adds the buttons of the link to a toolbar. Their names are those of the commands.
+    /// Adds the buttons of the link to a toolbar. They have the names of the commands.
     void AddButtons(QToolBar& toolbar) const;
 
     /// Adds the items of a menu.
     void AddItems(MapMenu of, QMenu& menu) const;
 
-    /// A command can be chosen now, or not.
+    /// Enables or disables the commands.
     ///
-    /// @param hasMap  a map is shown. The mouse brings it to the front, so its tools can be chosen
-    ///                while another window is there
+    /// @param hasMap  a map is shown. A click brings it to the front, so its tools are enabled even
+    ///                while another window is in front
     void Enable(std::string_view name, bool isEnabled, bool hasMap);
 
     void DisableAll();
 
-    /// Shows a tool as the one that is chosen.
+    /// Shows a tool as the chosen one.
     void ShowTool(int tool);
 
     /// Shows or hides the toolbar of the link.
     QAction* mnuShowMIToolbar;
 
-    /// Called when a command has done its work.
+    /// Called after a command has finished.
     std::function<void()> onDone;
 
 private:

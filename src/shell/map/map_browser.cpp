@@ -26,7 +26,8 @@ constexpr int kShownCharacters = 500;
 constexpr int kRowsMeasured = 50;
 constexpr int kWidestColumn = 220;
 
-/// The view's own selection is slow with many runs of rows; beyond this the rows are lit alone.
+/// The view's own selection is slow with many runs of rows; above this number, rows are only
+/// highlighted.
 constexpr std::size_t kMostRuns = 1000;
 
 QString Shown(std::string_view text) {
@@ -34,7 +35,7 @@ QString Shown(std::string_view text) {
         .left(kShownCharacters);
 }
 
-/// What is lit looks the same whether its window is in front or not.
+/// Highlighted rows look the same in active and inactive windows.
 void LightAlways(QWidget& grid) {
     QPalette palette = grid.palette();
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
@@ -80,7 +81,7 @@ void BrowserModel::Leave() {
 }
 
 bool BrowserModel::HasRow(int row) const {
-    // The selection may have shrunk since the table was told of it.
+    // The selection may have shrunk before the table was notified.
     return state_ != nullptr && row >= 0 && row < contents_.RowCount();
 }
 
@@ -249,7 +250,7 @@ bool MapBrowser::eventFilter(QObject* object, QEvent* event) {
         isHeld_ = true;
     } else if (event->type() == QEvent::MouseButtonRelease) {
         isHeld_ = false;
-        // The table takes the release first: the selection is as its user wants it then.
+        // The table receives the release first, so the selection is then up to date.
         QMetaObject::invokeMethod(
             this,
             [this] {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A browser window of the map session on the screen: the rows of a table, the selected ones lit.
+// A browser window of the map session: the rows of a table, with the selected ones highlighted.
 
 #pragma once
 
@@ -15,18 +15,18 @@ class QTableView;
 
 namespace quandrel {
 
-/// A browser's rows as a table shows them, read when they are to be seen.
+/// The rows of a browser as a table model; a row is read when it becomes visible.
 class BrowserModel : public QAbstractTableModel {
 public:
     BrowserModel(const EmbeddedMapSession& session, std::int64_t id);
 
-    /// Takes over what the session has now.
+    /// Takes over the current state of the session.
     void Refresh();
 
-    /// The session has gone.
+    /// The session has ended.
     void Leave();
 
-    /// A row's number in the table that it comes from.
+    /// The number of a row in its source table.
     [[nodiscard]] int TableRow(int row) const;
 
     [[nodiscard]] bool IsLit(int row) const;
@@ -65,9 +65,9 @@ private:
 
     std::unique_ptr<BrowserModel> model_;
     QTableView* grdBrowser_;
-    bool following_ = false; ///< the view is being brought in line with the session
-    bool isHeld_ = false;    ///< a button of the mouse, over the rows
-    bool waits_ = false;     ///< rows were chosen by a button that is still held
+    bool following_ = false; ///< the view is being updated from the session
+    bool isHeld_ = false;    ///< a mouse button is held over the rows
+    bool waits_ = false;     ///< rows were selected by a button that is still held
 };
 
 } // namespace quandrel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the windows of the map session have in common on the screen: each is a page of the link
-// window, by the number that the session has given it.
+// The common base of the map session's windows: each is a page of the link window, identified by
+// the number of the session's window.
 
 #pragma once
 
@@ -14,48 +14,48 @@
 
 namespace quandrel {
 
-/// What pages tell the window that they stand in.
+/// The signals of pages to their window.
 struct MapDocumentSigns {
-    /// The user has done something in a page.
+    /// The user has acted in a page.
     std::function<void()> done;
 
-    /// The shortcut menu of maps is wanted at a place of the screen.
+    /// The context menu of maps is requested at a screen position.
     std::function<void(const SessionState& state, const QPoint& at)> menuWanted;
 
-    /// Where on the map the mouse is; empty for nowhere.
+    /// The position of the mouse on the map; empty outside.
     std::function<void(const QString& position)> position;
 };
 
 class MapDocument : public QWidget {
 public:
-    /// @param session  that the window belongs to; it says when it goes, by Leave
+    /// @param session  the owner of the window; it calls Leave when it ends
     /// @param signs    outlive the page
     MapDocument(EmbeddedMapSession& session, std::int64_t id, const MapDocumentSigns& signs);
 
     [[nodiscard]] std::int64_t Id() const { return id_; }
 
-    /// Shows what the session has now.
+    /// Shows the current state of the session.
     virtual void Refresh() = 0;
 
     /// Another tool was chosen.
     virtual void ToolChanged() {}
 
-    /// The session or its window has gone; from now on the page does nothing.
+    /// The session or its window has gone; the page then does nothing.
     void Leave();
 
-    /// Makes the window the session's front one, as its user does by a click.
+    /// Makes the window the session's front window, as a click does.
     void BringToFront();
 
 protected:
-    /// The session's window; nullptr when it has gone.
+    /// The session's window; nullptr after it has gone.
     [[nodiscard]] SessionWindow* Window() const;
 
-    /// The session; nullptr when it has gone.
+    /// The session; nullptr after it has gone.
     [[nodiscard]] EmbeddedMapSession* Session() const { return session_; }
 
     [[nodiscard]] const MapDocumentSigns& Signs() const { return signs_; }
 
-    /// Tells that the user has done something here.
+    /// Reports an action of the user on this page.
     void TellDone() const;
 
 private:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The screen of the program's own map session: it shows the session's windows in the window of the
-// link.
+// The screen of the program's own map session: shows the session's windows in the link window.
 
 #pragma once
 
@@ -20,17 +19,17 @@ class frmMapinfo;
 
 class MapHost : public SessionHost {
 public:
-    /// @param parent  that dialogs stand above; both outlive the host
+    /// @param parent  the parent of dialogs; both outlive the host
     MapHost(QWidget& parent, MapActions& actions);
     ~MapHost() override;
 
     MapHost(const MapHost&) = delete;
     MapHost& operator=(const MapHost&) = delete;
 
-    /// From now on the session's windows are shown there; nullptr for nowhere.
+    /// Sets the window that shows the session's windows; nullptr for none.
     void UseWindow(frmMapinfo* window);
 
-    /// The session that is shown here; nullptr for none.
+    /// The session that is shown; nullptr for none.
     [[nodiscard]] EmbeddedMapSession* Session() const { return session_; }
 
     /// True while the session shows a map.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The information window of the map session on the screen: the values of the first selected object.
+// The information window of the map session: the values of the first selected object.
 
 #pragma once
 

@@ -32,15 +32,15 @@ namespace {
 
 constexpr int kButtonSize = 20;
 
-/// What brings the readers of map files, where they are missing.
+/// What to install if the readers of map files are missing.
 constexpr const char* kPackageHint =
     ". The package quandrel brings it; a program that is built from "
     "source needs the package libgdal-dev.";
 
-/// What they need, where they cannot be loaded.
+/// What the readers require if they cannot be loaded.
 constexpr const char* kLibraryHint = ". The package libgdal32 is needed.";
 
-/// The room that the window takes at first.
+/// The initial size of the window.
 constexpr double kWidthShare = 0.5;
 constexpr double kHeightShare = 0.85;
 
@@ -70,7 +70,7 @@ private:
     EmbeddedMapSessions own_;
 };
 
-/// Where sessions come from on this machine.
+/// The sources of sessions on this machine.
 std::unique_ptr<MapSessions> SessionsOfMachine(SessionHost& host) {
 #ifdef Q_OS_WIN
     auto outside = std::make_unique<AutomationSessions>();
@@ -81,7 +81,7 @@ std::unique_ptr<MapSessions> SessionsOfMachine(SessionHost& host) {
     return std::make_unique<OwnSessions>(host);
 }
 
-/// The window of the link as the engine has it. The widget goes when it is no longer at work.
+/// The engine's view of the link window. The widget is deleted after it has handled its events.
 class LinkWindowOnScreen : public LinkWindow {
 public:
     LinkWindowOnScreen(frmMapinfo& window, MapHost& host, MapActions& actions,
@@ -100,7 +100,7 @@ public:
 #ifdef Q_OS_WIN
         return window_ != nullptr ? window_->winId() : 0;
 #else
-        // A window of its own would be in the way of the others in the room, and none is asked for.
+        // A separate window would cover the others in the area, and none is requested.
         return window_ != nullptr ? window_->effectiveWinId() : 0;
 #endif
     }
@@ -202,7 +202,7 @@ void MapLinkWindows::MakePort() {
 
 void MapLinkWindows::Done() {
     if (host_.Session() != nullptr) {
-        // A button that was pressed in vain is not down.
+        // A button whose press had no effect must not stay checked.
         actions_->ShowTool(host_.Session()->State().tool);
     }
     if (signs_.done) {

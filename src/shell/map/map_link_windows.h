@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The map link on the screen: the window of the link among the plots, its toolbar, and the sessions
-// that the program brings along.
+// The map link on the screen: the link window among the plots, its toolbar, and the sessions that
+// are part of the program.
 //
-// Inside the room: the windows of a session (maps, browsers, information) and the dialogs about
+// This room holds the windows of a session (maps, browsers, information) and the dialogs about
 // them.
-// Enters: what the embedded session draws and lists, the state of the link.
-// Leaves: clicks and commands to the session and to mapinfo/map_commands.
+// Input: drawings and lists from the embedded session, and the state of the link.
+// Output: clicks and commands to the session and to mapinfo/map_commands.
 
 #pragma once
 
@@ -26,13 +26,13 @@ class MapActions;
 class MapSessions;
 class frmMapinfo;
 
-/// What the main window does with what the link tells.
+/// What the main window does when the link reports an event.
 struct MapLinkSigns {
-    /// The rows of a table stand in the active plot; as of MapLinkPort.
+    /// The rows of a table are now in the active plot; see MapLinkPort.
     std::function<void(const std::string& command)> plotted;
 
-    /// The user has done something in the link that may have changed plots, the selection, or
-    /// whether there is a link.
+    /// The user has acted in the link. Plots, the selection, or the existence of a link may have
+    /// changed.
     std::function<void()> done;
 };
 
@@ -40,8 +40,8 @@ class MapLinkWindows {
 public:
     /// Sets gPlatform.mapLink. The windows outlive this object.
     ///
-    /// @param room     where the window of the link stands
-    /// @param toolbar  empty; takes the buttons of the link
+    /// @param room     the area that contains the link window
+    /// @param toolbar  initially empty; receives the buttons of the link
     MapLinkWindows(QMainWindow& main, QMdiArea& room, QToolBar& toolbar, MapLinkSigns signs);
 
     /// Ends the link.

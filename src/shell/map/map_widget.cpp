@@ -20,10 +20,10 @@ namespace {
 
 constexpr double kZoomStep = 1.25;
 
-/// Of the wheel, in its own units.
+/// Of the mouse wheel, in its own units.
 constexpr double kWheelNotch = 120;
 
-/// The part of the map that an arrow key moves it by.
+/// The fraction of the map that an arrow key moves it by.
 constexpr double kKeyShare = 0.125;
 
 /// True for tools whose drag is a shape on the map.
@@ -55,7 +55,7 @@ MapWidget::MapWidget(EmbeddedMapSession& session, std::int64_t id, const MapDocu
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setMinimumSize(80, 60);
-    // Paper, whatever the desktop's colours.
+    // White paper, whatever the desktop's colours.
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
@@ -247,7 +247,7 @@ void MapWidget::ShowPosition(QPointF position) const {
         return;
     }
     const MapPoint at = MapPointAt(position);
-    // As many places as a pixel can tell.
+    // As many decimals as one pixel can resolve.
     const double unit = Window()->view.UnitsPerPixel();
     const int places = std::clamp(static_cast<int>(std::ceil(-std::log10(unit))), 0, 9);
     const auto text = [places](double value) { return QLocale::c().toString(value, 'f', places); };

@@ -14,9 +14,8 @@
 
 namespace quandrel {
 
-/// The tools work with the left button; the middle one moves the map, the wheel shows it larger and
-/// smaller. Keys: arrows move the map, + and - show it larger and smaller, Home shows all of it,
-/// Esc lets go what is being dragged.
+/// The tools use the left button; the middle button moves the map, the wheel zooms. Keys: arrows
+/// move the map, + and - zoom, Home shows the whole map, Esc cancels a drag.
 class MapWidget : public MapDocument {
 public:
     MapWidget(EmbeddedMapSession& session, std::int64_t id, const MapDocumentSigns& signs);
