@@ -91,7 +91,7 @@ QPlainTextEdit* frmPlotForms::MakeTextBox(const QString& name, const QString& ti
     box->setAcceptDrops(false);
     box->setTabChangesFocus(true);
     box->installEventFilter(this);
-    box->viewport()->installEventFilter(this); // the mouse asks there for the menu
+    box->viewport()->installEventFilter(this); // the context menu event arrives at the viewport
     return box;
 }
 
@@ -107,7 +107,7 @@ void frmPlotForms::MakeTexts() {
     txtStatsBox[1] = MakeTextBox("txtStatsBox_1", "Advanced statistics");
     for (QPlainTextEdit* box : txtStatsBox) {
         box->setReadOnly(true);
-        // Lines that are too wide go on below rather than behind a bar.
+        // Long lines wrap instead of requiring a scroll bar.
         box->setLineWrapMode(QPlainTextEdit::WidgetWidth);
         box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         box->hide();
@@ -185,7 +185,7 @@ void frmPlotForms::SetBoxText(PlotBox box, const std::string& text) {
         txtFabricBox->setText(shown);
         break;
     case PlotBox::Description: {
-        // What the user writes is a change of the plot; what is shown is none.
+        // A text from the user changes the plot; a text from the program does not.
         const QSignalBlocker quiet(*txtDescBox);
         txtDescBox->setPlainText(shown);
         break;
@@ -237,7 +237,7 @@ void frmPlotForms::PlaceBeside(const PlotForm& neighbour) {
 }
 
 void frmPlotForms::Show() {
-    if (gActivePlot == Slot()) { // which a drawing makes it
+    if (gActivePlot == Slot()) { // a drawing makes its plot the active one
         const LegendSize legend = SizeOfLegend(ActivePlot(), WindowDrawing(gActivePlot));
         legendSize_ = {static_cast<int>(std::ceil(legend.width)),
                        static_cast<int>(std::ceil(legend.height))};
@@ -273,7 +273,7 @@ void frmPlotForms::NameDataTab() {
     const bool hasData = IsOpenSlot(Slot()) && RecordOf(Slot()).NumData > 0;
     const QString ofData = isNamedFile_ ? "File" : "Data layer";
     const QString caption = hasData ? ofData : "Data Layer";
-    if (tabLayers->tabText(kDataTab) != caption) { // naming a tab lays out all of them
+    if (tabLayers->tabText(kDataTab) != caption) { // naming a tab lays out all tabs
         tabLayers->setTabText(kDataTab, caption);
     }
     tabLayers->setTabToolTip(kDataTab, hasData ? "Select main data set"
@@ -307,7 +307,7 @@ void frmPlotForms::UseOwnLayer() {
 }
 
 void frmPlotForms::closeEvent(QCloseEvent* event) {
-    // The window goes when the plot goes, after the questions that the plot calls for.
+    // The window closes with its plot, after the questions that the plot requires.
     event->ignore();
     Q_EMIT CloseWanted(Slot());
 }

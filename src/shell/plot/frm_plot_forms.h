@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The window of a plot: the net, the boxes about it, and the layer under edit. It passes on what
-// the user does and shows what the plot's record says.
+// The window of a plot: the net, the boxes around it, and the layer being edited. It passes on the
+// user's actions and shows the contents of the plot's record.
 //
-// Inside the room: that window with its layout, the mouse on its net (net_mouse.h), the dialogs
-// that stay open beside plots (plot_dialogs.h), the girdles' panel, windows in order.
-// Enters: drawings and texts of the engine, through the port PlotForm.
-// Leaves: presses, keys and typed texts to the engine; wishes, such as to be closed, as signals.
+// This room holds that window with its layout, the mouse on its net (net_mouse.h), the dialogs that
+// stay open beside plots (plot_dialogs.h), the girdle panel, and the arrangement of windows.
+// Input: drawings and texts of the engine, through the port PlotForm.
+// Output: presses, keys and typed texts to the engine; requests, such as to be closed, as signals.
 
 #pragma once
 
@@ -36,7 +36,7 @@ class frmPlotForms : public QMdiSubWindow, public PlotForm {
 public:
     explicit frmPlotForms(int slot);
 
-    /// The slot, as the window's Tag says.
+    /// The slot, equal to the window's Tag.
     [[nodiscard]] int Slot() const;
 
     [[nodiscard]] Surface& PlotSurface() override;
@@ -50,25 +50,25 @@ public:
     void Raise() override;
     void Close() override;
 
-    /// Selects the tab of the data when data arrive; a file without a name of its own names it.
+    /// Selects the data tab when data arrive; a file without a name gives the tab its name.
     void AddLayerTab(const QString& name, const QString& kind);
 
-    /// Shows and hides the parts as the plot's record says, and places them.
+    /// Shows or hides the parts as the plot's record says, and places them.
     void FollowRecord();
 
-    /// Gives the window a place that is not the user's doing.
+    /// Moves the window from the program, not as an action of the user.
     void Place(const QRect& rect);
 
-    /// Lays the boxes out anew and draws the plot into the present size.
+    /// Lays the boxes out again and redraws the plot at the current size.
     void ReplotIntoWindow();
 
-    /// Takes the fonts in force for the boxes.
+    /// Applies the current fonts to the boxes.
     void ApplyFonts();
 
-    /// Makes a layer, kAnnotationLayer or kDataLayer, that of this window.
+    /// Sets the layer of this window: kAnnotationLayer or kDataLayer.
     void ShowLayer(int layer);
 
-    /// Takes the layer of this window as the one under edit.
+    /// Makes the layer of this window the one being edited.
     void UseOwnLayer();
 
     PictureBox* picStereoArea = nullptr;
@@ -82,16 +82,16 @@ public:
     QLabel* lblNumBox = nullptr;
 
 Q_SIGNALS:
-    /// The user wants the window closed.
+    /// The user closes the window.
     void CloseWanted(int slot);
-    /// The menu of a box is wanted at a place of the screen, with the items of the View menu below
-    /// its own. It deletes itself.
+    /// The context menu of a box is requested at a screen position, with the items of the View menu
+    /// below its own. It deletes itself.
     void BoxMenuWanted(QMenu* menu, const QPoint& at);
-    /// The picture of the legend is wanted on the clipboard.
+    /// The user copies the picture of the legend to the clipboard.
     void LegendCopyWanted();
-    /// A text for the hint line; empty puts the usual one back.
+    /// A text for the hint line; empty restores the usual one.
     void Hint(const QString& text);
-    /// The user has given the window another size.
+    /// The user has resized the window.
     void ResizedByHand(const QSize& size);
 
 protected:
@@ -100,27 +100,27 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    static constexpr int kLegendMargin = 5; ///< logical pixels about the picture of the legend
+    static constexpr int kLegendMargin = 5; ///< logical pixels around the picture of the legend
 
     void MakePictures();
     void MakeTexts();
     void MakeTabs();
     void SetOrder();
-    /// Names the tab of the data by whether there are any.
+    /// Names the data tab depending on whether there are data.
     void NameDataTab();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
-    /// The box that has a menu of its own and is this object, or shows its text in it; or none.
+    /// The box with its own menu that is this object or contains it as its viewport; or null.
     [[nodiscard]] QWidget* BoxOf(const QObject& object) const;
     void ShowBoxMenu(QWidget& box, const QPoint& at);
     [[nodiscard]] bool TakeKeyOfBox(QWidget& box, QKeyEvent& event);
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);
 
     QWidget* body_ = nullptr;
-    std::string description_; ///< as the record had it when it was last shown
+    std::string description_; ///< from the record, when it was last shown
     std::string fabric_;
-    QSize legendSize_;         ///< what the legend needs, as it was last drawn
-    bool isNamedFile_ = false; ///< the data's tab is called "File"
+    QSize legendSize_;         ///< the size that the legend needed when it was last drawn
+    bool isNamedFile_ = false; ///< the data tab has the title "File"
     bool placing_ = false;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The texts and the legend about a net: their keys, their menus, and what they tell.
+// The texts and the legend around a net: keys, menus, and signals.
 
 #include "shell/controls/picture_box.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -18,7 +18,7 @@ namespace quandrel {
 
 namespace {
 
-/// Keys that texts and the rows of a plot have in common: they belong to the box that is in use.
+/// Keys that both texts and the rows of a plot use: they belong to the focused box.
 bool IsEditingKey(const QKeyEvent& event) {
     constexpr std::array<QKeySequence::StandardKey, 7> kKeys = {
         QKeySequence::Copy,   QKeySequence::Cut,  QKeySequence::Paste, QKeySequence::SelectAll,
@@ -27,7 +27,7 @@ bool IsEditingKey(const QKeyEvent& event) {
                        [&event](QKeySequence::StandardKey key) { return event.matches(key); });
 }
 
-/// Copies the selected part of a text, or the whole where none is selected.
+/// Copies the selected part of a text, or all of it if nothing is selected.
 void CopyText(QPlainTextEdit& box) {
     if (box.textCursor().hasSelection()) {
         box.copy();
@@ -74,7 +74,7 @@ bool frmPlotForms::TakeKeyOfBox(QWidget& box, QKeyEvent& event) {
     const bool isEscape = event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
     if (event.type() == QEvent::ShortcutOverride) {
         if (isEscape || IsEditingKey(event)) {
-            event.accept(); // or the commands of the same keys would work on the rows
+            event.accept(); // otherwise the commands of the same keys would act on the rows
         }
         return event.isAccepted() && IsEditingKey(event);
     }
@@ -90,7 +90,7 @@ bool frmPlotForms::TakeKeyOfBox(QWidget& box, QKeyEvent& event) {
 }
 
 bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
-    if (lblNumBox == nullptr) { // the boxes are being made
+    if (lblNumBox == nullptr) { // the boxes are under construction
         return QMdiSubWindow::eventFilter(object, event);
     }
     if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {

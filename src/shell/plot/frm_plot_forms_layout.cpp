@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Which parts of a plot window are to be seen, and where.
+// The visible parts of a plot window and their positions.
 
 #include "core/plot_store.h"
 #include "core/settings.h"
@@ -23,8 +23,8 @@ namespace quandrel {
 
 namespace {
 
-/// Sets the tab stops of a statistics box by its font: as on pictures, but narrower in a narrow
-/// box, as far as numbers and heads of columns allow.
+/// Sets the tab stops of a statistics box from its font. They equal those of pictures, but are
+/// closer in a narrow box, as far as the numbers and column headings allow.
 void FitTabStops(QPlainTextEdit& box) {
     const QFontMetricsF metrics(box.font());
     const double least = std::max(metrics.horizontalAdvance("-0.000 "),
@@ -36,7 +36,8 @@ void FitTabStops(QPlainTextEdit& box) {
     box.setTabStopDistance(std::clamp(room, least, most));
 }
 
-/// Boxes are paper: white, whatever the desktop's colours, for the fonts' colours are the user's.
+/// Boxes are white like paper, whatever the desktop's colours, because the user chooses the font
+/// colours.
 void UseFont(QWidget& box, PlotFontPlace place) {
     const PlotFont& font = gSettings.styles.fonts[place];
     const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
@@ -50,8 +51,8 @@ void UseFont(QWidget& box, PlotFontPlace place) {
     box.setFont(WidgetFont(font));
 }
 
-/// The size that a box needs to show its text without bars; empty for an empty one. Lines with tabs
-/// follow the width that there is.
+/// The size at which a box shows its text without scroll bars; empty for an empty box. Lines with
+/// tabs depend on the available width.
 QSize SizeOfText(const QPlainTextEdit& box) {
     if (box.document()->isEmpty()) {
         return {};

@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kTextWidth = 110;
 
-/// The order of a girdle's text in the conventions in force.
+/// The order of a girdle's text in the current conventions.
 QString OrderOfTexts() {
     const std::string_view caption =
         PlaneConventionCaption(LineFormatFromGlobals(false).planeConvention);
@@ -34,7 +34,7 @@ QString OrderOfTexts() {
 
 QString MarkedCaption(int row, std::int16_t dataKind) {
     QString caption = QString::fromStdString(GirdleCaption(row, dataKind));
-    // The digit is the key of a row of the user's.
+    // The digit is the key of one of the user's rows.
     return IsUserGirdle(row) ? caption.insert(caption.size() - 1, '&') : caption;
 }
 
@@ -77,7 +77,7 @@ void GirdlePanel::AddRow(QGridLayout& grid, int row) {
         text->setFocusPolicy(Qt::NoFocus);
     }
     connect(check, &QCheckBox::clicked, this, [this, row](bool on) { Tick(row, on); });
-    grid.addWidget(check, row + 1, 0, Qt::AlignLeft); // only the caption takes a click
+    grid.addWidget(check, row + 1, 0, Qt::AlignLeft); // a click counts on the caption only
     grid.addWidget(text, row + 1, 1);
     chkGirdle[static_cast<std::size_t>(row)] = check;
     txtGirdle[static_cast<std::size_t>(row)] = text;
@@ -126,7 +126,7 @@ void GirdlePanel::MarkActiveRow() {
         if (row == gActiveGirdle) {
             colours.setColor(QPalette::Base, colours.color(QPalette::Highlight));
             colours.setColor(QPalette::Text, colours.color(QPalette::HighlightedText));
-            // A selected part of the text has to show in it.
+            // A selected part of the text must be visible in it.
             colours.setColor(QPalette::Highlight, colours.color(QPalette::Window));
             colours.setColor(QPalette::HighlightedText, colours.color(QPalette::WindowText));
         }
@@ -144,7 +144,7 @@ void GirdlePanel::Take(int row) {
     Changed();
 }
 
-/// What was typed is dropped.
+/// Discards the typed text.
 void GirdlePanel::LeaveText(int row) {
     QLineEdit& box = *txtGirdle[static_cast<std::size_t>(row)];
     box.setModified(false);
@@ -181,7 +181,7 @@ bool GirdlePanel::eventFilter(QObject* object, QEvent* event) {
         if (event->type() == QEvent::KeyPress) {
             LeaveText(row);
         }
-        event->accept(); // or the commands of the same key would work on the rows
+        event->accept(); // otherwise the commands of the same key would act on the rows
         return true;
     }
     return QDockWidget::eventFilter(object, event);

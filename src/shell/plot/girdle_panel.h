@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The girdle panel: the great circles laid over the active plot, one row each. Row 0 is the mean,
-// rows 1 to 8 are the user's, rows 9 and 10 are those of the statistics.
+// The girdle panel: the great circles of the active plot, one row each. Row 0 is the mean, rows 1
+// to 8 are the user's, rows 9 and 10 are those of the statistics.
 
 #pragma once
 
@@ -26,16 +26,16 @@ public:
     /// Shows the girdles of the active plot.
     void Refresh();
 
-    /// The styles of girdles are to be chosen. May be empty.
+    /// Called to choose the styles of girdles. May be empty.
     std::function<void()> onStyle;
 
-    /// A girdle has changed. May be empty.
+    /// Called after a girdle has changed. May be empty.
     std::function<void()> onChanged;
 
-    /// The user leaves a text by Esc; the plot is to have the keys again. May be empty.
+    /// Called when the user leaves a text with Esc; the plot then gets the focus. May be empty.
     std::function<void()> onLeave;
 
-    QLabel* lblGirdle = nullptr; ///< how the texts are to be written
+    QLabel* lblGirdle = nullptr; ///< the notation of the texts
     std::array<QCheckBox*, kGirdleRows> chkGirdle{};
     std::array<QLineEdit*, kGirdleRows> txtGirdle{};
 

@@ -78,7 +78,7 @@ std::optional<PlotKey> PlotKeyOf(int key) {
     }
 }
 
-/// Rings and handles are in the colour of selected texts, made fit for white paper.
+/// Rings and handles have the colour of selected texts, adjusted for white paper.
 Colour HighlightColour(const QWidget& widget) {
     constexpr int kDarkestLightness = 140;
     QColor colour = widget.palette().color(QPalette::Highlight);
@@ -196,7 +196,7 @@ bool NetMouse::Key(const frmPlotForms& form, const QKeyEvent& event) {
 }
 
 void NetMouse::Leave(const frmPlotForms& form) {
-    // L may be let go of where nobody hears it.
+    // L may be released where no widget receives the event.
     lassoKey_ = false;
     Show(form, PlotMouse::Leave());
 }

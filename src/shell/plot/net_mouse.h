@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The mouse and the keys on the pictures of the plot windows: events go to the open dialogs that
-// wait for them, else to the engine's mouse; what comes back is shown. There is one for all
+// The mouse and the keys on the pictures of the plot windows. Events go to the open dialogs that
+// wait for them, otherwise to the engine's mouse; then the results are shown. One object serves all
 // windows.
 
 #pragma once
@@ -23,10 +23,11 @@ class PictureBox;
 class PlotDialogs;
 class frmPlotForms;
 
-/// What the main window does with what the mouse tells.
+/// What the main window does when the mouse reports an event.
 struct NetMouseSigns {
     std::function<void(const QString&)> readout;
-    std::function<void(const QString&)> hint; ///< for the information line; empty for the usual
+    std::function<void(const QString&)>
+        hint; ///< for the information line; empty restores the usual hint
     std::function<void(const QPoint&)> editMenu;
     std::function<void()> dragged; ///< the mouse has moved a girdle or a small circle
     std::function<void()> done;    ///< a button or a key may have changed the plot
@@ -34,22 +35,22 @@ struct NetMouseSigns {
 
 class NetMouse {
 public:
-    /// @param dialogs   that may wait for presses; outlives the mouse
-    /// @param addsMode  is down while a plain press adds points
-    /// @param lasso     is down while marquees are lassos
+    /// @param dialogs   may wait for presses; outlives the mouse
+    /// @param addsMode  checked while a plain press adds points
+    /// @param lasso     checked while marquees are lassos
     NetMouse(PlotDialogs& dialogs, const QAction& addsMode, const QAction& lasso,
              NetMouseSigns signs);
 
-    /// Takes over the picture of a window.
+    /// Watches the picture of a window.
     void Watch(frmPlotForms& form);
 
-    /// Paints what stands above the pictures of all plots anew.
+    /// Repaints everything that is drawn above the pictures of all plots.
     static void UpdateOverlays();
 
-    /// Takes what the mouse or a dialog has said off the information line.
+    /// Removes the hint of the mouse or a dialog from the information line.
     void ClearHint() { ShowHint({}); }
 
-    /// Another plot comes to the front, or a window goes: what the mouse was about ends.
+    /// Another plot comes to the front, or a window closes: the current mouse action ends.
     void Cancel();
 
 private:
@@ -69,7 +70,7 @@ private:
     NetMouseSigns signs_;
     PlotMouse mouse_;
     bool lassoKey_ = false; ///< L is held
-    QString hinted_;        ///< what stands on the information line for the mouse
+    QString hinted_;        ///< the mouse's text on the information line
 };
 
 } // namespace quandrel

@@ -18,8 +18,8 @@ namespace quandrel {
 
 namespace {
 
-// Room between a dialog and the window's edges, logical pixels: the second clears the
-// menus and the tool strip.
+// Distance between a dialog and the window's edges, logical pixels: the second clears the menus and
+// the tool strip.
 constexpr int kGapToEdge = 24;
 constexpr int kGapToTop = 110;
 

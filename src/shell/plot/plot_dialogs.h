@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The dialogs that stay open beside the plots and follow the active one. Each is made when it is
-// first wanted.
+// The dialogs that stay open beside the plots and follow the active one. Each is created when it is
+// first needed.
 
 #pragma once
 
@@ -26,8 +26,8 @@ class frmSmallCircle;
 
 class PlotDialogs : public QObject {
 public:
-    /// @param window   that the dialogs belong to
-    /// @param changed  called when a dialog has come up or gone
+    /// @param window   the owner of the dialogs
+    /// @param changed  called when a dialog has opened or closed
     /// @param preferences  shows a page of the preferences
     PlotDialogs(QWidget& window, std::function<void()> changed,
                 std::function<void(int tab)> preferences);
@@ -35,52 +35,52 @@ public:
     PlotDialogs(const PlotDialogs&) = delete;
     PlotDialogs& operator=(const PlotDialogs&) = delete;
 
-    /// Brings the rose dialog up, if the active plot is a rose.
+    /// Opens the rose dialog if the active plot is a rose.
     void ShowRose();
 
-    /// Brings the rotation dialog up, if there is an active plot.
+    /// Opens the rotation dialog if there is an active plot.
     void ShowRotation();
 
-    /// Brings the small circle dialog up, if the active plot has a net.
+    /// Opens the small circle dialog if the active plot has a net.
     void ShowSmallCircles();
 
-    /// Shows what the small circles of the active plot have become, if their dialog is open.
+    /// Updates the small circle dialog from the active plot, if it is open.
     void FollowSmallCircles();
 
     /// True while the rose dialog is open.
     [[nodiscard]] bool IsRoseShown() const;
 
     /// Offers a press on the picture of a plot's window to the dialogs.
-    /// @return true when one has taken it
+    /// @return true if a dialog has used it
     [[nodiscard]] bool TakePress(const frmPlotForms& form, Point at, const QMouseEvent& event);
 
-    /// What a press would do for the dialogs, in words; empty where it would do nothing.
+    /// What a press would do in the dialogs, in words; empty if it would do nothing.
     [[nodiscard]] QString HintAt(const frmPlotForms& form, Point at,
                                  const QMouseEvent& event) const;
 
-    /// Draws what the dialogs show above the picture of a plot.
+    /// Draws the dialogs' previews above the picture of a plot.
     void DrawPreview(Surface& surface, int slot) const;
 
-    /// Brings up the dialog in which the active plot's classes are edited, or takes it away: that
-    /// of the classification, or that of the rose for a rose.
+    /// Opens or closes the dialog for the active plot's classes: the rose dialog for a rose,
+    /// otherwise the classification dialog.
     void ToggleClassification();
 
     /// True while the dialog of the active plot's classes is open.
     [[nodiscard]] bool IsClassificationShown() const;
 
-    /// Lets the open dialogs show the active plot. Without plots they close, and so does one that
-    /// is of the other kind of plot.
+    /// Updates the open dialogs from the active plot. A dialog closes if there are no plots, or if
+    /// the active plot is of another kind.
     void FollowActivePlot();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    /// The dialog of the active plot's classes as far as it was made.
+    /// The dialog for the active plot's classes; null if it does not exist yet.
     [[nodiscard]] QDialog* ClassDialog() const;
     void Show(QDialog& dialog);
 
-    /// Places a dialog so that the net can be seen, and pressed.
+    /// Places a dialog so that it does not cover the net.
     void PlaceBesideNet(QDialog& dialog) const;
     void FollowInClassification();
     QWidget& window_;

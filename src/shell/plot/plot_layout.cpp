@@ -12,10 +12,10 @@ constexpr int kGap = 4;
 constexpr int kNarrowestColumn = 190;
 constexpr int kWidestColumn = 420;
 constexpr double kColumnShare = 0.36;
-constexpr double kNetShare = 0.64; ///< of the height that a net with boxes below it takes at most
+constexpr double kNetShare = 0.64; ///< largest share of the height for a net with boxes below it
 constexpr int kSmallestNet = 40;
 constexpr int kDescriptionLines = 3;
-constexpr double kStatisticsShare = 0.55; ///< of the room that legend and statistics have
+constexpr double kStatisticsShare = 0.55; ///< of the space of legend and statistics
 
 bool HasBoxes(const PlotParts& parts) {
     return parts.fabric || parts.description || parts.legend || parts.statistics;
@@ -28,8 +28,8 @@ QRect TakeTop(QRect& area, int height) {
     return top;
 }
 
-/// What of a height is the legend's, where the statistics have the rest: both have what they need
-/// where there is room for both, else each its part of it.
+/// The legend's part of a height; the statistics have the rest. The two share the height in
+/// proportion to what they need.
 int LegendHeight(int height, const PlotMetrics& metrics) {
     const int needed = metrics.legend.height() + metrics.statistics.height();
     if (metrics.legend.isEmpty() || metrics.statistics.isEmpty()) {
@@ -38,7 +38,7 @@ int LegendHeight(int height, const PlotMetrics& metrics) {
     return static_cast<int>(static_cast<double>(height) * metrics.legend.height() / needed);
 }
 
-/// Boxes one below the other; legend and statistics share what is left.
+/// Stacks the boxes; legend and statistics share the remaining height.
 void StackBoxes(PlotLayout& layout, QRect area, const PlotParts& parts,
                 const PlotMetrics& metrics) {
     if (parts.fabric) {

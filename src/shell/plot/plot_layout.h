@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where the parts of a plot window stand.
+// The positions of the parts of a plot window.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace quandrel {
 
-/// Which of the parts about the net are to be seen.
+/// Which of the parts around the net are visible.
 struct PlotParts {
     bool fabric = true;
     bool description = true;
@@ -18,16 +18,16 @@ struct PlotParts {
     bool statistics = true;
 };
 
-/// Sizes that follow from the fonts, and from what the boxes hold, in logical pixels.
+/// Sizes that depend on the fonts and on the contents of the boxes, in logical pixels.
 struct PlotMetrics {
     int tabs = 24;
     int line = 22;    ///< height of the one-line boxes
-    QSize legend;     ///< that legend and statistics need to be seen whole; empty where that is
-    QSize statistics; ///< not known
+    QSize legend;     ///< full size of the legend; empty if unknown
+    QSize statistics; ///< full size of the statistics; empty if unknown
 };
 
-/// Rectangles in the window; parts that are not to be seen are empty. None overlaps another but the
-/// number, which stands in the corner of the net's square that the net leaves free.
+/// Rectangles in the window; invisible parts are empty. No two overlap, except that the number is
+/// in a corner of the net's square outside the circle.
 struct PlotLayout {
     QRect tabs;
     QRect net; ///< a square
@@ -39,7 +39,7 @@ struct PlotLayout {
     QRect statistics;
 };
 
-/// The boxes stand beside the net or below it, wherever the net is larger.
+/// The boxes are beside the net or below it, whichever makes the net larger.
 [[nodiscard]] PlotLayout LayOutPlot(QSize window, const PlotParts& parts,
                                     const PlotMetrics& metrics);
 

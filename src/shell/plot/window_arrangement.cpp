@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kCascadeStep = 28;
 constexpr int kCascadeLength = 10;
-constexpr int kFewTiles = 3; ///< that many stand in one line
+constexpr int kFewTiles = 3; ///< largest number of tiles in a single line
 
 QRect CascadePlace(qsizetype index, QSize room) {
     const int step = static_cast<int>(index % kCascadeLength) * kCascadeStep;
@@ -23,8 +23,8 @@ QRect CascadePlace(qsizetype index, QSize room) {
             size};
 }
 
-/// Tiles in lines; the last line may have fewer, wider ones. `across` fills a line from left to
-/// right, else lines are columns.
+/// Tiles in lines; the last line may have fewer, wider tiles. If `across`, a line runs from left to
+/// right, otherwise lines are columns.
 QList<QRect> Tiles(qsizetype count, bool across, QSize room) {
     const auto lines =
         count <= kFewTiles
@@ -53,7 +53,7 @@ QList<QRect> Tiles(qsizetype count, bool across, QSize room) {
 
 void PlaceWindow(QMdiSubWindow& window, const QRect& place) {
     if (auto* form = dynamic_cast<frmPlotForms*>(&window)) {
-        form->Place(place); // not the user's doing
+        form->Place(place); // an action of the program, not of the user
     } else {
         window.setGeometry(place);
     }

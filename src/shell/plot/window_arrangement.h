@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Plot windows in order: one behind the other, or side by side.
+// Arranges plot windows: cascaded or tiled.
 
 #pragma once
 
@@ -15,23 +15,23 @@ namespace quandrel {
 /// In the order of the Window menu.
 enum class Arrangement { Cascade = 0, TileVertically = 1, TileHorizontally = 2, Icons = 3 };
 
-/// Places of windows in a room.
+/// Positions of windows in an area.
 ///
-/// Cascade: each a step down and right of the one before, two thirds of the room large. Tile
-/// vertically: side by side, in more than one row from four on; horizontally: one below the other,
-/// in more than one column from four on. Tiles fill the room and do not overlap.
+/// Cascade: each window is one step down and right of the previous one and takes two thirds of the
+/// area's width and height. Tile vertically: side by side, in several rows from four windows on;
+/// horizontally: one below the other, in several columns from four on. Tiles fill the area and do
+/// not overlap.
 ///
 /// @param count  0 or more
 /// @param way    not Icons
 [[nodiscard]] QList<QRect> PlacesOf(qsizetype count, Arrangement way, QSize room);
 
-/// A place moved so that it does not hang over the edges of a room, and cut to it where it is
-/// larger.
+/// A rectangle moved to lie within the edges of an area, and cut to the area if it is larger.
 [[nodiscard]] QRect WithinRoom(QRect place, QSize room);
 
-/// Arranges windows. Minimised ones stay so, along the lower edge of the room.
+/// Arranges windows. Minimised windows stay minimised, along the lower edge of the area.
 ///
-/// @param active  stays on top: of a cascade it is the last one; null for none
+/// @param active  stays on top; in a cascade it is the last one; null for none
 void Arrange(QList<QMdiSubWindow*> windows, Arrangement way, QSize room, QMdiSubWindow* active);
 
 } // namespace quandrel
