@@ -36,7 +36,7 @@ constexpr std::array<const char*, 6> kPages = {"Symbols",    "Lines", "Roses",
                                                "Plot style", "Fonts", "General"};
 constexpr const char* kReplaceTitle = "Replace currently seleted colour with:";
 
-/// A number of the user's, or the one that stood there.
+/// A valid number from the user, or the previous value.
 double NumberIn(const QString& text, double otherwise) {
     return ReadNumber(text.toStdString()).value_or(otherwise);
 }
@@ -176,7 +176,7 @@ void frmPreferences::Load() {
         }
     };
     check(*netStyles_, now_.styles.plotAxesStyle);
-    // The last style of roses draws what the second does.
+    // The last axes style of roses draws the same as the second one.
     check(*roseStyles_, now_.styles.roseAxesStyle == 3 ? 1 : now_.styles.roseAxesStyle);
     ShowFolder();
     ShowFonts();
@@ -201,7 +201,7 @@ Settings frmPreferences::Choice() const {
     const std::string aspect = cboPlotAspect->currentText().toStdString();
     const std::string formerAspect =
         FormatNumber(static_cast<double>(now_.windows.plotAspect), "Fixed");
-    if (aspect != formerAspect) { // two decimals may be fewer than it has
+    if (aspect != formerAspect) { // the box shows two decimals, the value may have more
         choice.windows.plotAspect = PlotAspectOf(NumberFromText(aspect, gDecimalIsComma));
     }
     choice.windows.plotWinLast = chkPlotLast->isChecked();

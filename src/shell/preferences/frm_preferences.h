@@ -2,11 +2,12 @@
 //
 // The preferences: how plots look, and the program's general options.
 //
-// The dialog works on a copy (preferences/preferences.h), in whose looks all samples are drawn; OK
-// lets it take hold, Cancel drops it.
+// The dialog works on a copy (preferences/preferences.h), which also determines how all samples
+// look. OK applies the copy, Cancel discards it.
 //
-// This is the chief header of the room. Enters: the settings as a copy.
-// Leaves: the copy to ApplyPreferences at OK; nothing at Cancel.
+// This is the chief header of the room.
+// Input: the settings as a copy.
+// Output: the copy to ApplyPreferences at OK; nothing at Cancel.
 
 #pragma once
 
@@ -74,10 +75,10 @@ class frmPreferences : public QDialog {
 public:
     frmPreferences(QWidget* parent, int tab);
 
-    /// What the dialog would let take hold, as its controls stand.
+    /// The preferences as the controls show them.
     [[nodiscard]] Settings Choice() const;
 
-    /// True for the settings to be saved too.
+    /// True if the settings are also saved.
     [[nodiscard]] bool IsSaveWanted() const;
 
     QTabWidget* tabPreferences = nullptr;
@@ -104,25 +105,25 @@ public:
     QPushButton* cmdDirectory = nullptr;
     QCheckBox* chkUseLastDirectory = nullptr;
     std::array<QRadioButton*, 2> optPitchName{};
-    std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, the textbook's
+    std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, or those of textbooks
     QCheckBox* chkDecimalConv = nullptr;
     QCheckBox* chkSaveLinesOption = nullptr;
     QCheckBox* chkIsolatedPts = nullptr;
 
-    /// Asks for a colour: the one to begin with, and a title. Nothing on Cancel.
+    /// Asks for a colour, given the initial colour and a title. Nothing on Cancel.
     std::function<std::optional<Colour>(Colour, const QString&)> askColour;
 
     /// Asks for a font. Nothing on Cancel.
     std::function<std::optional<QFont>(const QFont&)> askFont;
 
-    /// Asks for a folder, beginning with one; empty is that of the last file. Nothing on Cancel.
+    /// Asks for a folder, given the initial one; empty is that of the last file. Nothing on Cancel.
     std::function<std::optional<QString>(const QString&)> askFolder;
 
-    /// Shows a text under a title.
+    /// Shows a text with a title.
     std::function<void(const QString&, const QString&)> showText;
 
 private:
-    /// What the cells of the pages choose.
+    /// The purpose of the cells of a page.
     enum class Part { Colour, Shape, Size };
 
     void UseOwnDialogs();
@@ -183,7 +184,7 @@ private:
     void DrawPictures();
     Settings now_;
     std::array<std::optional<StyleSlot>, 3> current_; ///< of the first three pages
-    std::map<QAbstractButton*, StyleSlot> slots_;     ///< of each sample that can be picked
+    std::map<QAbstractButton*, StyleSlot> slots_;     ///< of each sample that can be selected
     std::array<QButtonGroup*, 3> samples_{};          ///< the samples of the first three pages
     QGroupBox* palette_ = nullptr;
     QButtonGroup* colours_ = nullptr;
@@ -195,11 +196,10 @@ private:
     SampleWedges roses_;
 };
 
-/// Gives the line at the bottom of the main window and its box of orientations their fonts, once
-/// they have been chosen.
+/// Applies the chosen fonts to the status line of the main window and its box of orientations.
 void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox);
 
-/// Shows the preferences at a page, and lets them take hold on OK: all open plots are drawn anew.
+/// Shows the preferences at a page, and applies them on OK: all open plots are redrawn.
 ///
 /// @param tab  a PreferencesTab
 /// @return false on Cancel

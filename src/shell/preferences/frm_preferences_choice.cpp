@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a click on the pages of styles does to the copy of the preferences, and how the pages show
-// it.
+// How a click on the style pages changes the copy of the preferences, and how the pages show it.
 
 #include "shell/preferences/frm_preferences.h"
 #include "shell/styles/frm_symbol_select.h"
@@ -98,7 +97,7 @@ void frmPreferences::Choose(Part part, int value, Qt::MouseButton button) {
         return;
     }
     if (const auto upward = UpwardSlotOf(*slot); upward && button != Qt::NoButton) {
-        // The row in front of that of upward lines is that of downward ones.
+        // The row before that of upward lines is that of downward lines.
         slot = button == Qt::RightButton ? *upward : StyleSlot{upward->table, upward->row - 1};
         current_[static_cast<std::size_t>(tabPreferences->currentIndex())] = slot;
     }
@@ -130,7 +129,7 @@ void frmPreferences::ShowSlots() {
     const auto page = static_cast<std::size_t>(tabPreferences->currentIndex());
     QAbstractButton* const checked = samples_[page]->checkedButton();
     if (checked == nullptr || slots_[checked] != *current) {
-        // In the order of the page: some styles have two samples.
+        // In the order of the page. Some styles have two samples.
         for (QAbstractButton* sample : samples_[page]->buttons()) {
             if (slots_[sample] == *current) {
                 sample->setChecked(true);

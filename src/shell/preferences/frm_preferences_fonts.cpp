@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The page of fonts and colours of the preferences.
+// The fonts and colours page of the preferences.
 
 #include "core/settings_value.h"
 #include "shell/controls/control_kit.h"
@@ -25,9 +25,9 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kLargestSample = 13; ///< points that a font's own box has room for
+constexpr double kLargestSample = 13; ///< points; the largest size that fits a font's box
 constexpr QSize kSwatch(28, 16);
-constexpr int kCaptionWidth = 86; ///< of fonts, so that the boxes of all groups are in line
+constexpr int kCaptionWidth = 86; ///< of fonts, so that the boxes of all groups are aligned
 
 /// By PlotFontPlace.
 constexpr std::array<ControlText, 10> kFontCaptions = {{
@@ -57,7 +57,7 @@ QString NameOf(const PlotFont& font) {
     return name + (font.font.underline ? ", underlined" : "");
 }
 
-/// A patch of one colour in a frame that stands out from it and from the button.
+/// A patch of one colour in a frame that contrasts with the patch and with the button.
 void ShowColour(QPushButton& button, std::uint32_t value) {
     QImage image(kSwatch, QImage::Format_RGB32);
     image.fill(QColor(0x80, 0x80, 0x80));
@@ -206,7 +206,7 @@ void UseInfoFonts(QLabel& infoLine, QLabel& orientationBox) {
         const bool isChosen = !(font.font == FontSpec{});
         label.setFont(isChosen ? WidgetFont(font) : QFont());
         QPalette colours;
-        if (font.colour != 0) { // black stands for the colour of the desktop's texts
+        if (font.colour != 0) { // black means the text colour of the desktop
             colours.setColor(QPalette::WindowText,
                              ColourOfValue(static_cast<std::uint32_t>(font.colour)));
         }

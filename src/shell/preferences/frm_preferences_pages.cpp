@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The pages of the preferences beside those of styles: plot style, fonts, general.
+// The pages of the preferences without style tables: plot style, fonts, general.
 
 #include "shell/controls/control_kit.h"
 #include "shell/controls/text_boxes.h"
@@ -37,7 +37,7 @@ constexpr std::array<ControlText, 4> kNetCaptions = {{
     {"Ticks every 10° shown", "Ticks every 10° on the eastern rim and along the axes"},
 }};
 
-/// By value of gRoseAxesStyle; the last value draws what the second does.
+/// By value of gRoseAxesStyle; the last value draws the same as the second.
 constexpr std::array<ControlText, 3> kRoseCaptions = {{
     {"N-S & E-W axes shown", "Axes through the centre"},
     {"qudrant ticks shown", "Ticks outside the circle"},

@@ -51,7 +51,7 @@ StyleSlot SymbolSlot(int row) {
     return {StyleTable::Symbol, static_cast<std::size_t>(row)};
 }
 
-/// A slider and a box of numbers that show the same number.
+/// A slider and a spin box that show the same number.
 std::pair<QSlider*, QSpinBox*> AddNumber(QHBoxLayout& line, const QString& caption,
                                          const QString& name, const char* slider, const char* spin,
                                          int most) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What is told about the preferences.
+// The help text of the preferences.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace quandrel {
 
-/// The text of the preferences' help, in lines.
+/// The help text of the preferences, in lines.
 [[nodiscard]] QString PreferencesHelp();
 
 } // namespace quandrel

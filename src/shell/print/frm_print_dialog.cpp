@@ -24,7 +24,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kSliderSteps = 10; ///< in a millimetre
+constexpr double kSliderSteps = 10; ///< per millimetre
 constexpr int kSmallestCircle = 8;  ///< logical pixels
 
 int SliderValue(double millimetres) {
@@ -35,7 +35,7 @@ QString LengthIn(const PrintLayout& layout, double millimetres, const char* form
     return QString::fromStdString(LengthText(millimetres, layout.units, format));
 }
 
-/// Sets a slider without telling anybody, so that its steps do not round what it shows.
+/// Sets a slider without signals, so that its steps do not round the number in the box.
 void SetQuietly(QSlider& slider, double least, double most, double value) {
     const QSignalBlocker quiet(slider);
     slider.setRange(SliderValue(least), SliderValue(most));
@@ -71,7 +71,7 @@ frmPrintDialog::frmPrintDialog(QWidget* parent)
 }
 
 frmPrintDialog::~frmPrintDialog() {
-    // A box that loses the focus while the dialog goes has nothing to show any more.
+    // A box that loses the focus while the dialog closes has nothing to update.
     for (QLineEdit* box : {txtScale, txtCentre[0], txtCentre[1]}) {
         box->disconnect(this);
     }
@@ -174,7 +174,7 @@ void frmPrintDialog::ShowMark(std::size_t index, double scale) {
     QLabel& circle = *picPlotCircle[index];
     circle.setGeometry(pixels(plot.centreX) - side / 2, pixels(plot.centreY) - side / 2, side,
                        side);
-    // Black and blue on paper, whatever the desktop's colours are.
+    // Black and blue on white paper, whatever the desktop's colours.
     circle.setStyleSheet(QString("border: %1; border-radius: %2px; background: transparent")
                              .arg(index == Current() ? "2px solid #0050c0" : "1px solid black")
                              .arg(side / 2));
@@ -249,7 +249,7 @@ void frmPrintDialog::PrintOrStop() {
 }
 
 void frmPrintDialog::PrintOn() {
-    // One plot at a time, so that the button is heard in between.
+    // Prints one plot at a time, so that the button responds in between.
     if (!IsPrinting()) {
         return;
     }
@@ -314,7 +314,7 @@ bool frmPrintDialog::eventFilter(QObject* object, QEvent* event) {
         }
     }
     if (event->type() == QEvent::KeyPress) {
-        // Enter ends the typing of a number; it does not print.
+        // Enter completes a typed number; it does not print.
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             ShowBoxes();

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// The print layout dialog: plots are placed on a page at the size that they are to have on paper,
-// and printed.
+// The print layout dialog: places plots on a page at their printed size, and prints them.
 //
-// The plot that cboPlotName names is the one whose size and place the boxes and sliders show, if it
-// is on the page. Sliders count tenths of a millimetre. Centre boxes: 0 from the left, 1 from the
-// top. optScale, cmdSelect, cmdOK: 0 and 1 as their captions tell.
+// Boxes and sliders show the size and position of the plot that cboPlotName names, if it is on the
+// page. Sliders count tenths of a millimetre. Centre boxes: 0 from the left, 1 from the top.
+// optScale, cmdSelect and cmdOK have the indices 0 and 1 in the order of their captions.
 //
-// This is the chief header of the room. Enters: open plots and the paper of the printer.
-// Leaves: a layout to print/print_run, and the user's choice of printer (widget_printers.h).
+// This is the chief header of the room.
+// Input: open plots and the paper of the printer.
+// Output: a layout to print/print_run, and the user's choice of printer (widget_printers.h).
 
 #pragma once
 
@@ -36,14 +36,14 @@ namespace quandrel {
 
 class frmPrintDialog : public QDialog {
 public:
-    /// Begins with the active plot, fitted to the page.
+    /// Starts with the active plot, fitted to the page.
     explicit frmPrintDialog(QWidget* parent);
     ~frmPrintDialog() override;
 
     frmPrintDialog(const frmPrintDialog&) = delete;
     frmPrintDialog& operator=(const frmPrintDialog&) = delete;
 
-    /// What will be printed.
+    /// The layout that will be printed.
     [[nodiscard]] const PrintLayout& Layout() const { return layout_; }
 
     /// True while plots are being printed.
@@ -55,7 +55,7 @@ public:
     QComboBox* cboPlotName = nullptr;
     std::array<QPushButton*, 2> cmdSelect{};
     QWidget* picPage = nullptr;
-    std::vector<QLabel*> picPlotCircle; ///< by the place in the layout; those beyond are hidden
+    std::vector<QLabel*> picPlotCircle; ///< by index in the layout; surplus circles are hidden
     std::vector<QLabel*> PlotNo;
     std::vector<QFrame*> shpLegend;
     QGroupBox* frmScaleBox = nullptr;
@@ -67,7 +67,7 @@ public:
     std::array<QSlider*, 2> SldCentre{};
     std::array<QLabel*, 2> lblXY{};
     QLabel* lblCentre = nullptr;
-    QLabel* lblOverEdge = nullptr; ///< names plots whose nets reach over the edge
+    QLabel* lblOverEdge = nullptr; ///< names plots whose nets extend beyond the page
     QGroupBox* fraDestination = nullptr;
     QLabel* lblDefaultPrinter = nullptr;
     QLabel* lblPrinterName = nullptr;
@@ -113,10 +113,10 @@ private:
 
     PrintLayout layout_;
     std::unique_ptr<PrintRun> run_;
-    QPoint grip_; ///< from the corner of the circle that is dragged
+    QPoint grip_; ///< relative to the corner of the dragged circle
 };
 
-/// Shows the dialog, if there is an active plot and anything to print on.
+/// Shows the dialog, if there is an active plot and a printer or file to print to.
 void ShowPrintDialog(QWidget* parent);
 
 } // namespace quandrel

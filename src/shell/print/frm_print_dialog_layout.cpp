@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of the print layout dialog and where they stand.
+// The controls of the print layout dialog and their layout.
 
 #include "shell/controls/bad_text.h"
 #include "shell/controls/control_kit.h"
@@ -186,7 +186,7 @@ QWidget* frmPrintDialog::MakeButtons() {
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch(1);
-    // The caption changes while plots are printed; the button does not.
+    // The caption changes during printing; the size of the button does not.
     cmdOK[0]->setMinimumWidth(fontMetrics().horizontalAdvance("Stop printing") + 40);
     for (QPushButton* button : cmdOK) {
         layout->addWidget(button);

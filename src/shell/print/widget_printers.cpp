@@ -24,7 +24,7 @@ namespace quandrel {
 
 namespace {
 
-/// A page of a printer of the desktop.
+/// A page of one of the desktop's printers.
 class DesktopPage : public PrintedPage {
 public:
     DesktopPage(QPrinter& printer, const std::string& title)
@@ -63,7 +63,7 @@ bool GoesToFile(const QPrinter& printer) {
     return printer.outputFormat() == QPrinter::PdfFormat;
 }
 
-/// Asks for the paper of pages that go to a file.
+/// Asks for the paper size of pages printed to a file.
 class PaperDialog : public QDialog {
 public:
     PaperDialog(const QPageLayout& layout, QWidget* parent)
@@ -180,7 +180,7 @@ bool WidgetPrinters::SetUp() {
     QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle("Printer Setup");
     dialog.setOptions({});
-    // Nothing is printed from here.
+    // The dialog prints nothing, so its button must not say Print.
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
         if (QPushButton* button = buttons->button(QDialogButtonBox::Ok)) {
             button->setText("OK");

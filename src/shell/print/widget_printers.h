@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The printers of the desktop, with its own dialogs. A machine without printers prints to PDF
-// files, on paper of the usual size.
+// The printers of the desktop, with the desktop's own dialogs. A machine without printers prints to
+// PDF files, on the usual paper size.
 
 #pragma once
 
@@ -26,14 +26,14 @@ public:
     [[nodiscard]] PrinterChoice Chosen() const override;
     [[nodiscard]] Sheet Paper() const override;
 
-    /// The printer dialog; where there is no printer, that of paper and orientation.
+    /// The printer dialog; without a printer, the dialog for paper and orientation.
     bool SetUp() override;
 
     [[nodiscard]] std::unique_ptr<PrintedPage> StartPage(const std::string& title,
                                                          const std::string& path) override;
 
 private:
-    /// The choice of printer and paper; made when it is first wanted, for it is slow.
+    /// The choice of printer and paper. It is created when first needed, because that is slow.
     [[nodiscard]] QPrinter& Printer() const;
 
     mutable std::unique_ptr<QPrinter> printer_;

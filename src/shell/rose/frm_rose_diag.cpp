@@ -28,8 +28,8 @@ namespace {
 constexpr const char* kCaption = "Rose Diagram";
 constexpr const char* kPressGo = "Press GO to replot Rose with new settings";
 constexpr const char* kAutomatic = "auto";
-constexpr const char* kOpenTip = "openTip"; ///< property: the tip of a control that is not closed
-constexpr int kNoWhole = -1;                ///< of a box without a number
+constexpr const char* kOpenTip = "openTip"; ///< property: the tip of an enabled control
+constexpr int kNoWhole = -1;                ///< the value of a box without a number
 constexpr int kLargestWhole = 9999;
 
 template <std::size_t N>
@@ -48,7 +48,8 @@ void Choose(const std::array<QRadioButton*, N>& options, int chosen) {
     options[static_cast<std::size_t>(std::clamp(chosen, 0, last))]->setChecked(true);
 }
 
-/// Closes a control for a reason, which becomes its tip; without one it is open.
+/// Disables a control with a reason, which becomes its tip. Without a reason the control is
+/// enabled.
 void CloseFor(QWidget& control, std::string_view reason) {
     if (!control.property(kOpenTip).isValid()) {
         control.setProperty(kOpenTip, control.toolTip());
@@ -104,7 +105,7 @@ frmRoseDiag::frmRoseDiag(QWidget* parent, std::function<void(int tab)> showPrefe
 
 void frmRoseDiag::FollowActivePlot() {
     if (!isVisible()) {
-        return; // to be shown is to be loaded
+        return; // showing the dialog loads it
     }
     const int slot = IsOpenSlot(gActivePlot) ? gActivePlot : 0;
     if (slot != slot_ || !changed_) {
@@ -133,7 +134,7 @@ void frmRoseDiag::Load() {
         setWindowTitle(kCaption);
         return;
     }
-    (void)TakeRoseFault(ActivePlot()); // its message told of it
+    (void)TakeRoseFault(ActivePlot()); // its message has reported it
     setWindowTitle("Rose: " + QString::fromStdString(ActiveRecord().PlotTitle));
     const RoseSettings settings = RoseSettingsOf(ActiveRecord());
     Choose(optRoseType, settings.kind);
@@ -257,7 +258,7 @@ void frmRoseDiag::ClassesEdited() {
     if (loading_) {
         return;
     }
-    fault_ = kNoRoseFault; // other limits may have rows
+    fault_ = kNoRoseFault; // other limits may contain rows
     EnableRoseClassifOptions();
     Changed();
 }
@@ -312,7 +313,7 @@ void frmRoseDiag::Go() {
     if (settings.classes != kRoseUnclassified) {
         if (const std::string fault = classBoxes->GoToFault(); !fault.empty()) {
             tabRose->setCurrentIndex(kRoseClassPage);
-            (void)classBoxes->GoToFault(); // a page that is not shown takes no focus
+            (void)classBoxes->GoToFault(); // a hidden page cannot take the focus
             SetStatus(QString::fromStdString(fault));
             return;
         }
@@ -331,7 +332,7 @@ void frmRoseDiag::Go() {
     }
     const QScopedValueRollback loading(loading_, true);
     lblRoseStatus->clear();
-    Choose(optBias, ActiveRecord().RoseBiasMode); // directions have had another one
+    Choose(optBias, ActiveRecord().RoseBiasMode); // the mode of directions may differ
     SetBiasOptButtons();
 }
 
@@ -345,7 +346,7 @@ void frmRoseDiag::showEvent(QShowEvent* event) {
 void frmRoseDiag::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     if (!event->spontaneous() && !lblRoseStatus->text().isEmpty()) {
-        SetStatus({}); // what it says is about the boxes of the dialog
+        SetStatus({}); // its text is about the boxes of the dialog
     }
 }
 

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // The rose dialog: shows and edits the rose settings of the active plot. It stays open beside the
-// plots and follows the active one; a plot changes by GO alone.
+// plots and follows the active one. Only GO changes a plot.
 //
-// Control arrays have the numbers of the settings that they stand for: optRoseType[kind],
+// The indices of control arrays are the values of the settings: optRoseType[kind],
 // optRoseClassif[class], optRoseOptions[shape], optHistStyle[style], optSegShape[shape],
 // optBias[mode], txtBias[BiasBox]; optScale is in the order of its captions, circles first.
 //
-// This is the chief header of the room. Enters: the rose settings of the active plot.
-// Leaves: settings to rose/rose_go at GO, and marks on boxes that it refuses.
+// This is the chief header of the room.
+// Input: the rose settings of the active plot.
+// Output: settings to rose/rose_go at GO, and marks on invalid boxes.
 
 #pragma once
 
@@ -36,7 +37,7 @@ namespace quandrel {
 
 class ClassBoxes;
 
-/// Pages of tabRose, and places of tabFrameRose.
+/// Pages of tabRose, and positions in tabFrameRose.
 enum RosePage : int {
     kRoseTypePage = 0,
     kRoseSectorPage = 1,
@@ -47,26 +48,27 @@ enum RosePage : int {
 
 class frmRoseDiag : public QDialog {
 public:
-    /// @param showPreferences  opens the preferences at a page; empty while there are none
+    /// @param showPreferences  opens the preferences at a page; empty if there are none
     explicit frmRoseDiag(QWidget* parent, std::function<void(int tab)> showPreferences = {});
 
     frmRoseDiag(const frmRoseDiag&) = delete;
     frmRoseDiag& operator=(const frmRoseDiag&) = delete;
 
-    /// Shows the settings of gActivePlot. What was changed of the same plot and not plotted yet
-    /// stays as it is.
+    /// Shows the settings of gActivePlot. Changes to the same plot that are not plotted yet are
+    /// kept.
     void FollowActivePlot();
 
-    /// Enables and explains the corrections for bias, and the boxes of their sampling line.
+    /// Enables and explains the bias corrections and the boxes of their sampling line.
     void SetBiasOptButtons();
 
-    /// Enables what depends on the classes: their boxes, and the shape of their segments.
+    /// Enables the controls that depend on the classes: their boxes, and the shape of their
+    /// segments.
     void EnableRoseClassifControls();
 
     /// Enables the kinds and classes that the plot has data for.
     void EnableRoseClassifOptions();
 
-    /// Plots the rose. What is refused is marked, and the status line says why.
+    /// Plots the rose. A refused value is marked, and the status line shows the reason.
     void Go();
 
     QTabWidget* tabRose = nullptr;
@@ -151,14 +153,14 @@ private:
     std::function<void(int tab)> showPreferences_;
     int slot_ = 0;
     int fault_ = kNoRoseFault;
-    // Numbers whose boxes may show them rounded: they stay in full until others are typed. NaN is a
-    // text that is no number.
+    // Numbers that their boxes may show rounded. They keep full precision until the user types
+    // others. NaN means a text that is not a number.
     double sectorSize_ = 10; ///< degrees
     double startAngle_ = 0;  ///< degrees
     std::optional<double> interval_;
-    QWidget* marked_ = nullptr; ///< the box that was refused
-    bool changed_ = false;      ///< controls differ from the plot
-    bool loading_ = false;      ///< controls are being set by the program
+    QWidget* marked_ = nullptr; ///< the box with the refused value
+    bool changed_ = false;      ///< the controls differ from the plot
+    bool loading_ = false;      ///< the program is setting the controls
 };
 
 } // namespace quandrel

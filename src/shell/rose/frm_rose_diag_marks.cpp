@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The box of the rose dialog that an odd value is marked in.
+// The marked box of the rose dialog, which contains an invalid value.
 
 #include "core/plot_store.h"
 #include "platform/platform.h"

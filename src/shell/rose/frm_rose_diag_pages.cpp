@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The controls of the rose dialog and where they stand.
+// The controls of the rose dialog and their layout.
 
 #include "shell/classes/class_boxes.h"
 #include "shell/controls/control_kit.h"
@@ -27,9 +27,9 @@ namespace {
 
 constexpr int kNumberBoxWidth = 76;
 constexpr int kShortestSlider = 180;
-constexpr int kIntervalLength = 4; ///< characters that can be typed
+constexpr int kIntervalLength = 4; ///< the most characters of an interval
 constexpr int kMostSectors = 360;
-constexpr int kLargestSliderSize = 90; ///< degrees; larger sizes are few, and typed
+constexpr int kLargestSliderSize = 90; ///< degrees; the few larger sizes are typed
 
 constexpr ControlText kKinds[] = {
     {"Frequency - Azimuth", "Length of a sector: how many data lie in it"},
@@ -99,7 +99,7 @@ constexpr BiasBoxText kBiasBoxes[] = {
      "Smaller angles to the sampling line count as this one, 1 to 90 degrees"},
 };
 
-/// Numbers of sectors of a whole number of degrees.
+/// The numbers of sectors whose size is a whole number of degrees.
 constexpr int kSectorNumbers[] = {4,  6,  8,  9,  10, 12, 15, 18,  20, 24,
                                   30, 36, 40, 45, 60, 72, 90, 120, 180};
 
@@ -175,7 +175,7 @@ void frmRoseDiag::MakePages() {
     }
     lblRoseStatus = MakeLabel({}, "lblRoseStatus");
     lblRoseStatus->setWordWrap(true);
-    // Room for two lines, so that the dialog keeps its size when a reason is long.
+    // Space for two lines, so that the dialog keeps its size if a reason is long.
     lblRoseStatus->setMinimumHeight(2 * fontMetrics().lineSpacing());
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabRose, 1);
@@ -207,7 +207,7 @@ QGroupBox* frmRoseDiag::MakeSizeBox() {
     cboNumSectors->setObjectName("cboNumSectors");
     cboNumSectors->setEditable(true);
     cboNumSectors->setInsertPolicy(QComboBox::NoInsert);
-    cboNumSectors->setCompleter(nullptr); // 7 is not to become 72
+    cboNumSectors->setCompleter(nullptr); // 7 must not become 72
     cboNumSectors->setValidator(new QIntValidator(1, kMostSectors, cboNumSectors));
     cboNumSectors->setToolTip("Select  or enter no of sectors");
     cboNumSectors->setAccessibleName("Number of sectors");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the controls of the rose dialog do, and their order for the Tab key.
+// The signals of the rose dialog's controls, and their order for the Tab key.
 
 #include "shell/classes/class_boxes.h"
 #include "shell/controls/control_kit.h"
@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kRosesPage = 2; ///< of the preferences
 
-/// True for "auto", in any short form, and for an empty box.
+/// True for "auto", also abbreviated, and for an empty box.
 bool IsAutomatic(const QString& interval) {
     const QString typed = interval.trimmed();
     return typed.isEmpty() || typed.startsWith('a', Qt::CaseInsensitive);
@@ -92,7 +92,7 @@ void frmRoseDiag::ConnectSectors() {
         }
     });
     connect(cboNumSectors->lineEdit(), &QLineEdit::editingFinished, this, [this] {
-        // A number left half typed goes back to that of the size.
+        // An incomplete number of sectors is replaced by that of the sector size.
         if (cboNumSectors->currentText().toInt() < 1) {
             ShowSectorSize(sectorSize_, txtRoseSectSize);
         }

@@ -59,7 +59,7 @@ constexpr std::array<const char*, kPickedFills> kFillNames = {
     "rising lines", "falling lines", "upright grid",     "diagonal grid",
 };
 
-/// The name of a colour of the table, with its red, green and blue.
+/// The name of a colour of the table, with its red, green and blue values.
 QString NameOfColour(int index) {
     const Colour colour = TableColour(index);
     return QString("%1 (red %2, green %3, blue %4)")
@@ -258,7 +258,7 @@ void frmSymbolSelect::ShowChoice() {
     const SymbolRow& row = rows_[current_];
     CheckCell(*types_, row[kPlaceSymbol]);
     CheckCell(*colours_, row[kPlaceColour]);
-    // A size beyond the slider stays as it is until the user moves the slider.
+    // A size beyond the slider's range is kept until the user moves the slider.
     const QSignalBlocker noSlide(sldSymbSize);
     const QSignalBlocker noSpin(spnSymbSize);
     sldSymbSize->setValue(row[kPlaceSize]);

@@ -3,13 +3,13 @@
 // The symbol picker: symbol, colour and size of one style, or of the two of downward and upward
 // lines; for roses, fill and colour.
 //
-// The left mouse button chooses for the downward style, the right one for the upward style; keys
-// choose for the style whose option is on. The picker works on copies: what becomes of its choice
-// is the caller's business.
+// The left mouse button chooses the downward style, the right one the upward style; keys choose the
+// style whose option is selected. The picker works on copies; the caller applies the choice.
 //
-// This is the chief header of the room: patches and buttons that show a style, and the choice of
-// one.
-// Enters: a style of the table. Leaves: the style that the user chose, or nothing on Cancel.
+// This is the chief header of the room: patches and buttons that show a style, and the choice of a
+// style.
+// Input: a style of the table.
+// Output: the style that the user chose, or nothing on Cancel.
 
 #pragma once
 
@@ -36,21 +36,21 @@ inline constexpr int kPickedSymbols = 18; ///< codes 0 to 17
 inline constexpr int kPickedFills = 8;    ///< fill styles 0 to 7
 inline constexpr int kLargestSymbolSize = 20;
 
-/// What a symbol code 0 to kPickedSymbols - 1 is called.
+/// The name of a symbol code from 0 to kPickedSymbols - 1.
 [[nodiscard]] QString NameOfSymbol(int code);
 
-/// What a fill style 0 to kPickedFills - 1 is called.
+/// The name of a fill style from 0 to kPickedFills - 1.
 [[nodiscard]] QString NameOfFill(int pattern);
 
-/// Checks the cell of a value, none for a value without a cell. The tab key enters there.
+/// Checks the cell of a value, or none for a value without a cell. Tab enters at that cell.
 void CheckCell(QButtonGroup& cells, int value);
 
-/// What the picker is to ask for.
+/// The style that the picker asks for.
 struct StyleQuestion {
-    QString title; ///< what the style is of
+    QString title; ///< what the style applies to
     StyleKind kind = StyleKind::Symbol;
     SymbolRow down{};            ///< the style, or that of downward lines
-    std::optional<SymbolRow> up; ///< of upward lines, where they have their own
+    std::optional<SymbolRow> up; ///< of upward lines, if they have their own
 };
 
 class frmSymbolSelect : public QDialog {
@@ -71,7 +71,7 @@ public:
 
     [[nodiscard]] const SymbolRow& Down() const { return rows_[0]; }
 
-    /// The same as asked when only one style was asked for.
+    /// Equal to the initial style if only one style was asked for.
     [[nodiscard]] const SymbolRow& Up() const { return rows_[1]; }
 
     std::vector<StylePatch*> picSymbolTypes; ///< by symbol code, or fill style
@@ -95,15 +95,15 @@ private:
     StyleKind kind_;
     bool hasUp_;
     std::array<SymbolRow, 2> rows_{}; ///< down, up
-    std::size_t current_ = 0;         ///< the one that keys change
+    std::size_t current_ = 0;         ///< the style that the keys change
     QButtonGroup* types_;
     QButtonGroup* colours_;
 };
 
-/// What was chosen in the picker.
+/// The choice made in the picker.
 struct ChosenStyles {
     SymbolRow down{};
-    SymbolRow up{}; ///< what was asked with, when only one style was asked for
+    SymbolRow up{}; ///< the initial style if only one style was asked for
 };
 
 /// Shows the picker.

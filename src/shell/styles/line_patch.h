@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A patch that shows a line as it is drawn, and can be picked by mouse or key.
+// A patch that shows a line as it is drawn, and can be selected by mouse or key.
 
 #pragma once
 

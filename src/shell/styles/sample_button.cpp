@@ -15,14 +15,14 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kFrame = 3; ///< logical pixels about a drawing
+constexpr int kFrame = 3; ///< logical pixels around a drawing
 
 Colour ColourOf(const QColor& colour) {
     return {static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
             static_cast<std::uint8_t>(colour.blue())};
 }
 
-/// An image in the density of the screen, its user units logical pixels.
+/// An image in the screen's pixel density; its user units are logical pixels.
 ImageSurface SurfaceOf(QSize room, double density, Colour background) {
     const auto pixels = [density](int length) {
         return std::max(1, static_cast<int>(std::lround(length * density)));

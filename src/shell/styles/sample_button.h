@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Buttons that show styles that are being changed, before these hold.
+// Buttons that show edited styles before these are applied.
 
 #pragma once
 
@@ -10,8 +10,7 @@
 
 namespace quandrel {
 
-/// A patch in the colours of styles that are being changed. A fill that is none shows its colour as
-/// an outline.
+/// A patch in the colours of the edited styles. An empty fill is shown as an outline in its colour.
 class PreviewPatch : public StylePatch {
 public:
     /// @param styles  outlive the patch
@@ -28,13 +27,13 @@ private:
     StyleKind kind_;
 };
 
-/// A button with a drawing of its own.
+/// A button with a custom drawing.
 class SampleButton : public QAbstractButton {
 public:
     using Draw = std::function<void(Surface& surface, const Styles& styles)>;
 
-    /// @param styles  that it draws with; outlive the button
-    /// @param draw    draws on the whole of a white surface
+    /// @param styles  the styles of the drawing; outlive the button
+    /// @param draw    draws on a white surface, over its full size
     SampleButton(const Styles& styles, QSize room, Draw draw);
 
     [[nodiscard]] QSize sizeHint() const override { return room_; }
@@ -48,7 +47,8 @@ private:
     Draw draw_;
 };
 
-/// Draws a line across the middle of a surface of so many pixels: colour index, draw style, width.
+/// Draws a line across the middle of a surface of the given size in pixels: colour index, draw
+/// style, width.
 void DrawLineAcross(Surface& surface, const Styles& styles, QSize room, const AxisStyle& style);
 
 } // namespace quandrel

@@ -17,12 +17,12 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kPlotUnitsPerPixel = 2.75; ///< about those of a plot of 800 pixels
-constexpr double kFittedSize = 0.62;        ///< of a fitted symbol, to the shorter side
-constexpr double kLargestSize = 0.9;        ///< of one at its own scale
-constexpr int kFillMargin = 2;              ///< pixels about a fill
-constexpr int kUsualSymbolSize = 3;         ///< of fitted symbols, so that lines are alike
-constexpr const char* kNone = "none";       ///< in the place of the symbol that is none
+constexpr double kPlotUnitsPerPixel = 2.75; ///< about that of a plot of 800 pixels
+constexpr double kFittedSize = 0.62;        ///< of a fitted symbol, relative to the shorter side
+constexpr double kLargestSize = 0.9;        ///< of a symbol at its own scale
+constexpr int kFillMargin = 2;              ///< pixels around a fill
+constexpr int kUsualSymbolSize = 3;         ///< of fitted symbols, so that line widths are equal
+constexpr const char* kNone = "none";       ///< instead of the empty symbol
 constexpr double kDimmed = 0.3;             ///< share of a disabled patch's own colours
 
 Colour ColourOf(const QColor& colour) {
@@ -30,7 +30,7 @@ Colour ColourOf(const QColor& colour) {
             static_cast<std::uint8_t>(colour.blue())};
 }
 
-/// How far a glyph reaches from its place, user units.
+/// The extent of a glyph from its position, user units.
 double ReachOf(const Glyph& glyph) {
     double reach = 0;
     for (const GlyphPart& part : glyph.parts) {
@@ -46,7 +46,7 @@ int Mixed(int own, int other) {
     return static_cast<int>(std::lround(kDimmed * own + (1 - kDimmed) * other));
 }
 
-/// The image as it stands back behind what can be used.
+/// The dimmed image of a disabled patch.
 QImage Dimmed(const QImage& image, const QColor& background) {
     QImage dimmed = image;
     for (int y = 0; y < dimmed.height(); ++y) {

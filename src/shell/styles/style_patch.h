@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A patch that shows a style as it is drawn, and can be picked by mouse or key.
+// A patch that shows a style as it is drawn, and can be selected by mouse or key.
 
 #pragma once
 
@@ -13,23 +13,23 @@ class QImage;
 
 namespace quandrel {
 
-/// What the second place of a style is.
+/// The meaning of a style's second value.
 enum class StyleKind {
-    Symbol, ///< a symbol code; the third place is its size
+    Symbol, ///< a symbol code; the third value is its size
     Fill,   ///< a fill style
 };
 
-/// How large a symbol is shown.
+/// The size of a symbol in a patch.
 enum class PatchScale {
-    Plot, ///< as in a plot; smaller when the patch has no room for it
-    Fit,  ///< all of one size
+    Plot, ///< as in a plot; smaller if it does not fit
+    Fit,  ///< all at the same size
 };
 
 class StylePatch : public QAbstractButton {
     Q_OBJECT
 
 public:
-    /// @param styles  whose colours it has; outlive the patch
+    /// @param styles  the source of its colours; outlive the patch
     explicit StylePatch(StyleKind kind, QSize room, PatchScale scale = PatchScale::Plot,
                         const Styles& styles = gSettings.styles);
 
@@ -40,7 +40,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return room_; }
 
 Q_SIGNALS:
-    /// @param button  left or right for the mouse, none for a key
+    /// @param button  left or right for the mouse, no button for a key
     void Picked(Qt::MouseButton button);
 
 protected:
