@@ -21,7 +21,7 @@ std::string LackOfNet() {
     return ActiveRecord().PlotKind == kRose ? "nothing can be set on a rose" : "";
 }
 
-/// A word that is bare, or nothing.
+/// A bare word, or nothing.
 std::optional<std::string> WordAt(const std::vector<Argument>& arguments, std::size_t place) {
     if (place >= arguments.size() || !arguments[place].name.empty()) {
         return std::nullopt;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Marks and points set by hand, in words. Both work on gActivePlot, which must be an open plot.
+// Commands for annotations and points. Both work on gActivePlot, which must be an open plot.
 
 #pragma once
 
@@ -11,15 +11,15 @@
 
 namespace quandrel {
 
-/// Adds an annotation: its place on the net in plot units, then `left` or `right` for the button
-/// whose style it takes. Without one it is `left`.
+/// Adds an annotation: its position on the net in plot units, then optionally `left` or `right` for
+/// the mouse button whose style it takes. The default is `left`.
 ///
-/// @return empty, or what is wrong; nothing has then changed
+/// @return empty, or an error message; nothing has then changed
 [[nodiscard]] std::string ApplyAnnotateArguments(const std::vector<Argument>& arguments);
 
-/// Adds a row: dip and dip direction, or plunge and trend, in degrees; they are rounded.
+/// Adds a row: dip and dip direction, or plunge and trend, in degrees. They are rounded.
 ///
-/// @return empty, or what is wrong; nothing has then changed
+/// @return empty, or an error message; nothing has then changed
 [[nodiscard]] std::string ApplyAddPointArguments(const std::vector<Argument>& arguments);
 
 } // namespace quandrel

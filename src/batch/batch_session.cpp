@@ -31,7 +31,7 @@ namespace {
 
 NoPrinters noPrinters;
 
-/// A text of several lines on one.
+/// A text of several lines on one line.
 std::string OnOneLine(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
@@ -117,7 +117,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
 
 std::string BatchSession::Run(const Command& command) {
     const std::string error = RunCommand(command);
-    answers_->flush(); // whoever writes the script may wait for the answer
+    answers_->flush(); // the author of the script may be waiting for the answer
     if (error.empty()) {
         return error;
     }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The program without a screen: the engine behind commands in the words of the menus.
+// The program without a screen: runs the engine by commands named like the menus.
 //
-// Inside the folder: the command line, scripts, one file for a group of commands, the dumps.
-// Enters: the lines of a script or the options of a command line.
-// Leaves: files, pictures and JSON, an answer to each line, an exit code. Questions are answered by
-// rule; whatever would lose work is refused.
+// This folder holds the command line, scripts, one file per group of commands, and the dumps.
+// Input: the lines of a script or the options of a command line.
+// Output: files, pictures and JSON, an answer to each line, an exit code.
+// Questions are answered by fixed rules; anything that would lose work is refused.
 
 #pragma once
 
@@ -29,34 +29,35 @@
 
 namespace quandrel {
 
-/// What standard input is used for.
+/// The use of standard input.
 enum class InputUse {
-    Free,   ///< data may be read from it
-    Script, ///< the commands come from it
-    Read,   ///< it has been read to its end
+    Free,   ///< free for data
+    Script, ///< contains the commands
+    Read,   ///< read to its end
 };
 
-/// One run. There is one at a time, for the engine's tables are one: it sets gPlatform and starts
-/// the engine with the settings of a first run, so that a script means the same everywhere.
+/// One run. Only one can exist at a time, because the engine's tables are global. It sets gPlatform
+/// and starts the engine with the settings of a first run, so that a script gives the same results
+/// everywhere.
 class BatchSession {
 public:
-    /// @param out  what commands print
-    /// @param log  the boxes that the program showed, with their answers
-    /// @param outside  what becomes of files that data files name outside their folder
+    /// @param out  receives the output of commands
+    /// @param log  receives the message boxes and their answers
+    /// @param outside  the rule for files that data files name outside their folder
     BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside = OutsideFiles::Refuse,
                  InputUse input = InputUse::Free);
     ~BatchSession();
     BatchSession(const BatchSession&) = delete;
     BatchSession& operator=(const BatchSession&) = delete;
 
-    /// What commands print goes there from now on; a dump to standard output stays on `out`.
+    /// Redirects the output of commands; a dump to standard output still goes to `out`.
     void AnswerOn(std::ostream& answers) { answers_ = &answers; }
 
     /// Runs commands in order, up to the first that fails.
-    /// @return empty, or what failed, with its line where it has one
+    /// @return empty, or an error message, with the line number if there is one
     [[nodiscard]] std::string Run(const std::vector<Command>& commands);
 
-    /// Runs one command; what it prints is put out before this returns.
+    /// Runs one command. Its output is flushed before this function returns.
     [[nodiscard]] std::string Run(const Command& command);
 
 private:
@@ -72,11 +73,11 @@ private:
     [[nodiscard]] std::string OpenStandardInput(const char* engineCommand);
     [[nodiscard]] std::string NeedPlot() const;
 
-    /// Names the files of a workspace that did not open, if the file was one.
+    /// Reports the files of a workspace that did not open, if the file was a workspace.
     void LogMissingFiles(const std::string& path) const;
 
-    /// NeedPlot for commands that show results: a plot with fields set since it was drawn is drawn
-    /// anew, so that nothing older than its fields is shown.
+    /// NeedPlot for commands that show results: redraws a plot whose fields were set after it was
+    /// last drawn, so that the results match its fields.
     [[nodiscard]] std::string NeedPlotAsSet();
 
     std::string Activate(const Command& command);
@@ -107,11 +108,12 @@ private:
     QuietStatusLine status_;
     ScriptedPrompts prompts_;
     Platform formerPlatform_;
-    FormatSettings firstFormat_; ///< that of a first run, from which each `format` starts
+    FormatSettings firstFormat_; ///< of a first run; each `format` starts from it
     StatedFormat stated_;
-    std::set<int> setPlots_;  ///< slots of plots with fields set since results were last shown
-    std::string formatPath_;  ///< the file that was last asked about
-    int formatQuestions_ = 0; ///< times that the load in work has asked for the format
+    std::set<int> setPlots_; ///< slots of plots with fields set since results were last shown
+    std::string formatPath_; ///< the file of the last format question
+    int formatQuestions_ =
+        0; ///< the number of times that the current load has asked for the format
 };
 
 } // namespace quandrel

@@ -16,15 +16,15 @@ namespace quandrel {
 
 namespace {
 
-/// A classification being put together. Limits and names are given by a procedure or one by one;
-/// what is given one by one wins, wherever it stands.
+/// A draft of a classification. A procedure gives limits and names, or the arguments do so one by
+/// one. Single arguments override the procedure, whatever their order.
 struct Draft {
     ClassSettings settings;
     std::optional<int> classes;
     std::string procedure;
     std::vector<double> limits;
     std::vector<std::string> names;
-    bool hasNames = false; ///< the key was given
+    bool hasNames = false; ///< the key is present
     std::optional<bool> low;
     std::optional<bool> high;
 };
@@ -96,7 +96,7 @@ const Takers<Draft>& ClassTakers() {
     return takers;
 }
 
-/// What cannot be given one by one in the mode that is chosen.
+/// The single arguments that the chosen mode does not allow.
 std::string MisfitOf(const Draft& draft) {
     const int mode = draft.settings.mode;
     if (draft.hasNames && mode != kClassesByName) {
@@ -111,8 +111,8 @@ std::string MisfitOf(const Draft& draft) {
     return {};
 }
 
-/// The procedure for a number of classes without a procedure: what a plot without classes would
-/// begin with, else the limits or names that it has.
+/// The given procedure. The default is the initial one for a plot without classes, otherwise the
+/// plot's existing limits or names.
 std::string ProcedureOr(const Draft& draft, int formerClasses, const char* first) {
     if (!draft.procedure.empty()) {
         return draft.procedure;
@@ -120,7 +120,8 @@ std::string ProcedureOr(const Draft& draft, int formerClasses, const char* first
     return formerClasses == 0 ? first : "lastused";
 }
 
-/// Lets the procedure fill limits or names, with as many classes as there are unless told.
+/// Lets the procedure fill limits or names. The default number of classes is the existing one; for
+/// types, as many as there are.
 std::string FillByProcedure(Draft& draft) {
     ClassSettings& settings = draft.settings;
     if (draft.procedure.empty() && !draft.classes) {
@@ -152,7 +153,7 @@ void TakeGivenLimits(const Draft& draft, ClassRanges& ranges) {
     ranges.limits.top = draft.limits.back();
 }
 
-/// What was given one by one, into the column that the mode reads.
+/// Stores single arguments in the column that the mode reads.
 void TakeGiven(Draft& draft) {
     ClassSettings& settings = draft.settings;
     if (settings.mode == kClassesByName) {
@@ -170,7 +171,7 @@ void TakeGiven(Draft& draft) {
     ranges.keepHigh = draft.high.value_or(ranges.keepHigh);
 }
 
-/// The classes of a rose: what the stereo plot calls its mode is the rose's kind of class.
+/// The classes of a rose: the mode of a stereo plot is the kind of class of a rose.
 std::string ApplyToRose(ClassSettings& settings) {
     RoseSettings rose = RoseSettingsOf(ActiveRecord());
     settings.treatAsNumeric = settings.mode == kClassesByTextNumber;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The classification dialog in words.
+// The command that does the work of the classification dialog.
 
 #pragma once
 
@@ -12,10 +12,10 @@
 namespace quandrel {
 
 /// Changes the classification of gActivePlot by arguments such as `mode=1`, `procedure=equal`,
-/// `classes=5`, and applies it as the dialog's OK does; for a rose it changes its class table and
-/// draws it anew. Nothing changes when one of them is wrong or refused.
+/// `classes=5`, and applies it like the dialog's OK. For a rose it changes the class table and
+/// redraws the rose. If an argument is invalid or refused, nothing changes.
 ///
-/// @return empty, or what is wrong
+/// @return empty, or an error message
 [[nodiscard]] std::string ApplyClassArguments(const std::vector<Argument>& arguments);
 
 } // namespace quandrel

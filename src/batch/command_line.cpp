@@ -23,8 +23,9 @@ constexpr const char* kProgram = "quandrel-batch: ";
 
 using Commands = std::vector<Command>;
 
-/// The commands of the short form: words as they are, so that a path may hold anything. The plot
-/// takes the name of the file that it is saved to, so that comes behind the picture.
+/// The commands of the short form. The words are not parsed, so that a path may contain any
+/// character. The plot takes the name of the file that it is saved to, so saving follows the
+/// picture.
 Result<Commands> CommandsOfShortForm(const BatchOptions& options) {
     std::string format = "format " + options.format;
     std::replace(format.begin(), format.end(), '\n', ' ');
@@ -62,7 +63,7 @@ OutsideFiles OutsideFilesOf(const BatchOptions& options) {
     return options.allowOutside ? OutsideFiles::Read : OutsideFiles::Refuse;
 }
 
-/// @param answers  takes what commands print, but for a dump
+/// @param answers  receives the output of commands, except dumps
 int RunCommands(const Result<Commands>& commands, OutsideFiles outside, std::ostream& out,
                 std::ostream& log, std::ostream& answers) {
     if (!commands) {
@@ -79,7 +80,7 @@ int RunCommands(const Result<Commands>& commands, OutsideFiles outside, std::ost
     return kBatchDone;
 }
 
-/// Runs the commands that are whole. Nothing, or the exit code when one fails.
+/// Runs the complete commands. Returns nothing, or the exit code if one fails.
 std::optional<int> RunWholeCommands(ScriptReader& reader, BatchSession& session,
                                     std::ostream& log) {
     for (;;) {
@@ -95,7 +96,7 @@ std::optional<int> RunWholeCommands(ScriptReader& reader, BatchSession& session,
     }
 }
 
-/// Runs each command as soon as its line has come.
+/// Runs each command as soon as its line is complete.
 int RunScript(const std::string& path, OutsideFiles outside, std::ostream& out, std::ostream& log) {
     const auto unreadable = [&](const std::string& why) {
         log << kProgram << "the script '" << path << "' cannot be read: " << why << '\n';
@@ -139,12 +140,12 @@ int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& l
         return RunCommands(ParseScript(options.commands, CommandBreak::SemicolonToo),
                            OutsideFilesOf(options), out, log, out);
     }
-    // JSON on standard output has it for itself.
+    // JSON on standard output must be its only content.
     return RunCommands(CommandsOfShortForm(options), OutsideFilesOf(options), out, log,
                        options.json == kStandardStream ? log : out);
 }
 
-/// The exit code of a run that printed what it had to, or that of one whose output is lost.
+/// The exit code of a run with complete output, or of a run whose output was lost.
 int ExitAfter(int exitCode, std::ostream& out, std::ostream& log) {
     if (out.flush()) {
         return exitCode;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The command line of quandrel-batch: what it may say, and what is done then.
+// The command line of quandrel-batch: its options and what they do.
 
 #pragma once
 
@@ -13,14 +13,14 @@ namespace quandrel {
 /// Exit codes of the program.
 enum BatchExit : int { kBatchDone = 0, kBatchFailed = 1, kBatchBadUsage = 2 };
 
-/// What the command line asks for: a data file with what becomes of it, or a script, or commands.
+/// The options of the command line: a data file and its outputs, or a script, or commands.
 struct BatchOptions {
     std::string data;
     std::string picture;
-    int size = 0; ///< of the picture in pixels, 0 for the usual one
+    int size = 0; ///< of the picture in pixels, 0 for the default
     std::string save;
     std::string json;
-    std::string format; ///< words as behind the command `format`
+    std::string format; ///< the words that follow the command `format`
     bool stats = false;
     bool allowOutside = false; ///< data files may name files outside their folder
     std::string script;        ///< path of a script, or "-"
@@ -30,14 +30,14 @@ struct BatchOptions {
 /// Reads the command line.
 ///
 /// @param[out] options  filled when nothing is returned
-/// @return the exit code, when the program is done with it: help was asked for, or it is wrong
+/// @return the exit code if the program ends here: after help, or if the command line is invalid
 [[nodiscard]] std::optional<int> ReadCommandLine(int argc, const char* const* argv,
                                                  BatchOptions& options);
 
-/// Does what the options ask for. A Qt application object must be there, for fonts.
+/// Executes the options. Requires a Qt application object, for fonts.
 ///
-/// @param out  what commands print
-/// @param log  boxes with their answers, and what failed
+/// @param out  receives the output of commands
+/// @param log  receives message boxes with their answers, and errors
 /// @return a BatchExit
 [[nodiscard]] int RunBatch(const BatchOptions& options, std::ostream& out, std::ostream& log);
 

@@ -12,7 +12,7 @@ namespace quandrel {
 
 namespace {
 
-/// What keeps the buttons of the secondary data from acting on the active plot, or nothing.
+/// Why the buttons of the secondary data cannot act on the active plot, or nothing.
 std::string LackOfSecondarySet() {
     const PlotRecord& record = ActiveRecord();
     if (record.SecondaryFormat == kNoSecondary) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Derived plots and secondary data in words. All work on gActivePlot, which must be an open plot.
+// Commands for derived plots and secondary data. All work on gActivePlot, which must be an open
+// plot.
 
 #pragma once
 
@@ -11,9 +12,9 @@ namespace quandrel {
 
 /// Makes P and T axes: "0" on one plot, "1" on two, "2" on two with contours.
 ///
-/// @param sense  "normal" or "reverse": that of faults none of whose rows tells theirs, which are
-///               refused without; nothing where a row tells it
-/// @return empty, or what is wrong; this of all of these
+/// @param sense  "normal" or "reverse": the sense of faults if no row states one; such faults are
+///               refused without it. Must be absent if a row states a sense
+/// @return empty, or an error message; the same for all functions below
 [[nodiscard]] std::string MakeAxes(const std::string& index,
                                    const std::optional<std::string>& sense = std::nullopt);
 
@@ -23,10 +24,10 @@ namespace quandrel {
 /// Plots the other set of the rows.
 [[nodiscard]] std::string PlotOtherSet();
 
-/// Lays the secondary data over the primary ones, "on", or takes them off, "off".
+/// Adds the secondary data to the primary data, "on", or removes them, "off".
 [[nodiscard]] std::string OverlaySecondarySet(const std::string& state);
 
-/// Presses a symbol button 7 to 10: one that is up goes down, one that is down comes up.
+/// Presses a symbol button 7 to 10, which toggles it.
 [[nodiscard]] std::string PressSecondaryButton(int button);
 
 } // namespace quandrel

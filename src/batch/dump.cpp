@@ -35,7 +35,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// An array of values, made one by one.
+/// An array of values, created one by one.
 template <class Count, class WriteOne>
 void WriteArray(JsonWriter& writer, const char* name, Count count, const WriteOne& writeOne) {
     writer.Key(name);
@@ -46,7 +46,7 @@ void WriteArray(JsonWriter& writer, const char* name, Count count, const WriteOn
     writer.EndArray();
 }
 
-/// A column of the active plot, from row 1 to the last one loaded.
+/// A column of the active plot, from row 1 to the last loaded row.
 template <class Column>
 void WriteColumn(JsonWriter& writer, const char* name, const Column& column) {
     WriteArray(writer, name, ActiveRecord().NumLoadedData, [&](std::int32_t i) {
@@ -62,7 +62,7 @@ void WriteColumn(JsonWriter& writer, const char* name, const Column& column) {
     });
 }
 
-/// Codes of symbols. Neighbours mostly have the same one, whose text is made once.
+/// Symbol codes. Neighbouring rows mostly have the same code, whose text is created once.
 void WriteCodes(JsonWriter& writer, const char* name, const DataColumn<SymbolCode>& column) {
     SymbolCode last = 0;
     std::string text = SymbolCodeText(last);
@@ -102,7 +102,7 @@ void WriteRows(JsonWriter& writer) {
     writer.EndObject();
 }
 
-/// Angles of whole degrees: as texts they are few, and long to make.
+/// Angles of whole degrees: few different texts, which are slow to create.
 class KnownNumbers {
 public:
     [[nodiscard]] std::string_view TextOf(double value) {
@@ -196,7 +196,7 @@ Json ContoursJson() {
     return {{"levels", levels}, {"segments", segments}};
 }
 
-/// The values of lines, each a number, or null where it is undetermined or infinite.
+/// The values of lines; an undetermined or infinite number is null.
 Json ValuesJson(const std::vector<ReferenceLine>& lines) {
     Json json = Json::object();
     for (const ReferenceLine& entry : lines) {
@@ -205,7 +205,7 @@ Json ValuesJson(const std::vector<ReferenceLine>& lines) {
     return json;
 }
 
-/// The texts of those lines whose number does not say what is printed.
+/// The texts of the lines whose printed text differs from their number.
 Json PrintedJson(const std::vector<ReferenceLine>& lines) {
     Json json = Json::object();
     for (const ReferenceLine& entry : lines) {
@@ -218,7 +218,8 @@ Json PrintedJson(const std::vector<ReferenceLine>& lines) {
     return json;
 }
 
-/// Contours of the gridded values of a classified plot: limits, then class and ends of segments.
+/// Contours of the gridded values of a classified plot: limits, then class and end points of
+/// segments.
 Json ValueContoursJson() {
     Json limits = Json::array();
     Json segments = Json::array();
@@ -232,7 +233,7 @@ Json ValueContoursJson() {
     return {{"limits", limits}, {"segments", segments}};
 }
 
-/// Mean and sum of the appended numbers at each node, null where there is none.
+/// Mean and sum of the appended numbers at each node, null if there are none.
 Json ValueGridJson(const PlotRecord& record) {
     const GridValues& values = *gGridValues[static_cast<std::size_t>(gActivePlot)];
     const auto nodes = static_cast<std::size_t>(GridNodes(record.GridSize));
@@ -253,7 +254,7 @@ Json ValueGridJson(const PlotRecord& record) {
             {"contours", ValueContoursJson()}};
 }
 
-/// Number, axes and girdle of P or of T; angles in degrees.
+/// Number, axes and girdle of P or T axes; angles in degrees.
 Json AxesJson(AxisKind kind) {
     const AxisStatistics axes = StatisticsOfAxes(kind);
     Json json = {{"count", axes.record.NumValidData}};
@@ -280,13 +281,13 @@ Json AxesJson(AxisKind kind) {
     return json;
 }
 
-/// What a plot of P and T axes together has of each.
+/// The separate results for P and T axes in a plot of both.
 Json BothAxesJson() {
     return {{"P", AxesJson(AxisKind::Shortening)}, {"T", AxesJson(AxisKind::Extension)}};
 }
 
-/// Densities, contours and statistics of a plot, or the tables of a rose, as far as they were
-/// worked out.
+/// Densities, contours and statistics of a plot, or the tables of a rose, as far as they have been
+/// calculated.
 void AddResults(Json& json) {
     const PlotRecord& record = ActiveRecord();
     if (record.PlotKind == kRose) {
@@ -328,7 +329,7 @@ void WriteOperations(JsonWriter& writer, const RecordingSurface& surface) {
                [&](std::size_t i) { writer.Text(OperationText(operations[i])); });
 }
 
-/// The named fields of a part.
+/// The named fields of a part of the dump.
 template <class Part>
 Json FieldsJson(const Part& part) {
     Json json = Json::object();
@@ -363,7 +364,7 @@ Json SmallCirclesJson(const PlotRecord& record) {
     return circles;
 }
 
-/// What of a plot stands beside its record and its rows.
+/// The data of a plot outside its record and rows.
 void AddParts(Json& json) {
     const PlotRecord& record = ActiveRecord();
     json["annotations"] = AnnotationsJson(record);
@@ -377,7 +378,7 @@ void AddParts(Json& json) {
                       {"height", place.height}};
 }
 
-/// The binary plot file that a plot was opened from or saved to, where it has one.
+/// The binary plot file that a plot was opened from or saved to, if there is one.
 void WriteFile(JsonWriter& writer) {
     const std::string& path = ActiveRecord().SaveFileName;
     if (path.empty()) {
@@ -397,7 +398,7 @@ void WriteMembers(JsonWriter& writer, const Json& json) {
     }
 }
 
-/// What stands in the dump between the rows and the file.
+/// The part of the dump between the rows and the file.
 Json PartsJson() {
     Json json = Json::object();
     AddParts(json);

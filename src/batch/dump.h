@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The whole of a plot as JSON.
+// A whole plot as JSON.
 
 #pragma once
 
@@ -10,15 +10,15 @@
 
 namespace quandrel {
 
-/// Writes the active plot: slot, title, record, rows, table, load, legend, and what was asked and
-/// drawn. Parts that do not apply are absent. Numbers read back exactly. Of a plot that has a
-/// binary plot file, "file" is every field of it as it stands in the file now
-/// (batch/file_dump.h). The rows are written one by one, so that no dump is held whole.
+/// Writes the active plot: slot, title, record, rows, table, load, legend, prompts and drawing
+/// operations. Parts that do not apply are absent. Numbers read back exactly. If the plot has a
+/// binary plot file, "file" contains every field with its present value in the file
+/// (batch/file_dump.h). Rows are written one by one, so that the whole dump is never in memory.
 ///
-/// @param prompts     boxes shown so far
+/// @param prompts     message boxes shown so far
 /// @param operations  of the last drawing
-/// @param put         takes the bytes
-/// @return false when `put` did not take them
+/// @param put         receives the bytes
+/// @return false if `put` failed
 [[nodiscard]] bool DumpActivePlot(const ScriptedPrompts& prompts,
                                   const RecordingSurface& operations, JsonLayout layout,
                                   const PutBytes& put);

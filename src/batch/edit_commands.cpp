@@ -36,7 +36,7 @@ bool HasSelection() {
                                             : !SelectedRowsOf(gActivePlot).empty();
 }
 
-/// How a frame is selected by, and its corners: "add X1,Y1,X2,Y2".
+/// The operation that selects by a frame, and its corners: "add X1,Y1,X2,Y2".
 std::pair<SelectionWay, std::string> WayOfWords(const std::string& words) {
     const std::pair<std::string, SelectionWay> ways[] = {{"add ", SelectionWay::Add},
                                                          {"toggle ", SelectionWay::Toggle}};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The selection and the Edit menu in words. All work on gActivePlot, which must be an open plot.
+// Commands for the selection and the Edit menu. All work on gActivePlot, which must be an open
+// plot.
 
 #pragma once
 
@@ -11,22 +12,21 @@ namespace quandrel {
 /// Selects: `all`, `none`, or a rectangle on the net by two opposite corners in plot units,
 /// `-200,300,100,-50`.
 ///
-/// @return empty, or what is wrong; the selection is then what it was
+/// @return empty, or an error message; the selection is then unchanged
 [[nodiscard]] std::string SelectByWords(const std::string& words);
 
-/// Does what an item of the Edit menu does with the selection: `cut`, `copy`, `copyall`, `paste`,
-/// `delete`.
+/// Applies an item of the Edit menu to the selection: `cut`, `copy`, `copyall`, `paste`, `delete`.
 ///
-/// @return empty, or what is wrong
+/// @return empty, or an error message
 [[nodiscard]] std::string EditByWords(const std::string& words);
 
-/// Chooses what selecting and editing is about: `data` or `annotations`.
+/// Sets what selecting and editing applies to: `data` or `annotations`.
 [[nodiscard]] std::string ChooseLayer(const std::string& words);
 
-/// Takes the last edit back.
+/// Undoes the last edit.
 [[nodiscard]] std::string TakeEditBack();
 
-/// Makes the edit that was taken back once more.
+/// Redoes the edit that was undone last.
 [[nodiscard]] std::string MakeEditAgain();
 
 } // namespace quandrel

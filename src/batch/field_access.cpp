@@ -52,7 +52,7 @@ Json JsonOf(const T& value) {
     }
 }
 
-/// A field's name with the indexes behind it.
+/// A field name with the indices that follow it.
 struct FieldPath {
     std::string name;
     std::vector<std::size_t> indexes;
@@ -110,7 +110,7 @@ requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::str
     return {};
 }
 
-/// A cell keeps the kind of what it holds; an empty one takes a number where the text is one.
+/// A cell keeps the type of its value. An empty cell takes a number if the text is one.
 std::string Assign(TaggedValue& field, std::string_view value) {
     if (std::holds_alternative<std::monostate>(field)) {
         const std::optional<double> number = ReadNumber(value);
@@ -128,7 +128,7 @@ std::string Assign(TaggedValue& field, std::string_view value) {
         field);
 }
 
-/// Calls `act` on the field or cell that the indexes lead to.
+/// Calls `act` on the field or cell that the indices select.
 template <class Field, class Act>
 std::string AtIndexes(Field& field, std::span<const std::size_t> indexes, const Act& act) {
     using Plain = std::remove_const_t<Field>;
@@ -146,7 +146,7 @@ std::string AtIndexes(Field& field, std::span<const std::size_t> indexes, const 
     }
 }
 
-/// Calls `act` on the field or cell of a name. Gives an error, or what `act` gives.
+/// Calls `act` on the named field or cell. Returns an error, or the result of `act`.
 template <class Record, class Act>
 std::string AtField(Record& record, std::string_view text, const Act& act) {
     const std::optional<FieldPath> path = ParsePath(text);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Fields of a plot record by their names, as scripts write them: "PlotSymbolMode",
-// "OverlayKind[1]", "ClassTable[2][0]".
+// Access to the fields of a plot record by name, as in scripts: "PlotSymbolMode", "OverlayKind[1]",
+// "ClassTable[2][0]".
 
 #pragma once
 
@@ -15,18 +15,17 @@
 
 namespace quandrel {
 
-/// The value of a field, or of the cell of a table: a number, a text, or an array for a whole
-/// table.
+/// The value of a field or of a cell of a table: a number or a text; a whole table is an array.
 [[nodiscard]] Result<std::string> FieldText(const PlotRecord& record, std::string_view field);
 
-/// Sets a field or a cell. A cell of any kind keeps the kind that it has; an empty one takes a
-/// number when the text is one.
+/// Sets a field or a cell. A cell of any type keeps its type; an empty cell takes a number if the
+/// text is one.
 ///
-/// @return empty, or what is wrong
+/// @return empty, or an error message
 [[nodiscard]] std::string SetField(PlotRecord& record, std::string_view field,
                                    std::string_view value);
 
-/// Every field by its name, tables as nested arrays.
+/// All fields by name, with tables as nested arrays.
 [[nodiscard]] nlohmann::ordered_json RecordJson(const PlotRecord& record);
 
 } // namespace quandrel

@@ -87,7 +87,7 @@ void FieldLister::Element(const char* name, std::size_t place, std::size_t size)
         array = Json::array();
     }
     auto& cells = array.get_ref<Json::array_t&>();
-    cells.resize(std::max(size, cells.size())); // null until the file tells it
+    cells.resize(std::max(size, cells.size())); // null until the file contains the cell
     next_ = &cells[place];
 }
 

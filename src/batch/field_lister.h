@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// A reader of a binary plot file that lists what it reads as JSON.
+// A reader of a binary plot file that lists its contents as JSON.
 //
-// The list of fields (persistence/binary_plot_fields.h) visits it as any other stream and says the
-// names and the shape. Long arrays go to the writer as they are read, and columns of rows as text;
-// members of the file's object are held until what is above them in the list is out.
+// The list of fields (persistence/binary_plot_fields.h) visits it like any other stream, and also
+// states names and shapes. Long arrays go to the writer while they are read; columns of rows are
+// collected as text. Members of the file's object are held until those that precede them in the
+// list are written.
 
 #pragma once
 
@@ -27,12 +28,12 @@ public:
 
     static constexpr bool kLists = true;
 
-    /// @param bytes  of a file that was found good; have to outlive the lister
+    /// @param bytes  of a valid file; must outlive the lister
     FieldLister(std::string_view bytes, JsonWriter& writer)
         : BinaryReader(bytes)
         , writer_(writer) {}
 
-    // What is listed. Numbers are those of the file, before any of them is brought into its range.
+    // Listed values. Numbers have their values in the file, before any range check.
 
     void Short(std::int16_t& value) { Read(&BinaryReader::Short, value); }
 
@@ -53,22 +54,22 @@ public:
     void Fixed(std::string& text, std::size_t length);
     void Value(TaggedValue& value);
 
-    /// A row of nodes, of both layers of the grids of values in turn.
+    /// A row of nodes; the two layers of the value grids alternate.
     void Doubles(std::span<double> values);
 
     /// An element of a long array.
     [[nodiscard]] std::string_view TextBytes();
 
-    /// Listed as its text.
+    /// Listed as text.
     void Code(SymbolCode& code);
 
-    // Names and shape.
+    // Names and shapes.
 
-    /// The next value, array or object is a member of the object in work. A value without a name is
-    /// an element of the array in work; in an object it is not listed.
+    /// Names the next value, array or object, a member of the current object. A value without a
+    /// name is an element of the current array; in an object it is not listed.
     void Name(const char* name);
 
-    /// The next value or array is at a place of the member `name`, an array of so many.
+    /// Places the next value or array at an index of the member `name`, an array of the given size.
     void Element(const char* name, std::size_t place, std::size_t size);
 
     void BeginArray() { Begin(Json::array()); }
@@ -78,21 +79,21 @@ public:
     /// Ends an array or an object.
     void End() { levels_.pop_back(); }
 
-    /// Turns the array in work, of arrays, into its columns.
+    /// Transposes the current array of arrays.
     void Transpose();
 
-    /// Begins what files tell once more in full, to be ended by End.
+    /// Begins values that the file repeats later in full. End ends them.
     void BeginEarlier() { levels_.push_back(&earlier_); }
 
-    /// Lists what was begun so as a member.
+    /// Lists these earlier values as a member.
     void PutEarlier(const char* name) { file_[name] = std::exchange(earlier_, Json::object()); }
 
-    /// A long array. Without a name it is an element of another.
+    /// A long array. Without a name it is an element of another one.
     void BeginList(const char* name);
 
     void EndList() { writer_.EndArray(); }
 
-    /// Rows as columns of values. Those with a name follow the members so far; those without are an
+    /// Rows as columns of values. Named columns follow the members so far; unnamed ones are an
     /// element of a long array.
     void BeginRows(const char* name);
 
@@ -100,14 +101,14 @@ public:
 
     void EndRows();
 
-    /// A value that is not read from the file.
+    /// A value that does not come from the file.
     void List(Json value);
 
-    /// Writes the members that are held.
+    /// Writes the held members.
     void PutMembers();
 
 private:
-    /// A column of rows under its name: the elements of a JSON array.
+    /// A named column of rows: the elements of a JSON array.
     using ColumnText = std::pair<const char*, std::string>;
 
     template <class T>
@@ -124,17 +125,17 @@ private:
     void ListRead(const std::string& text);
     void Begin(Json value);
 
-    /// The elements of the column that the next value belongs to, with what parts it from the last.
+    /// The elements of the column for the next value, with a separator from the last element.
     [[nodiscard]] std::string& NextOfColumn();
 
     JsonWriter& writer_;
     Json file_ = Json::object();    ///< members of the file that are not written yet
-    Json earlier_ = Json::object(); ///< what was begun by BeginEarlier
+    Json earlier_ = Json::object(); ///< the values between BeginEarlier and End
     std::vector<Json*> levels_{&file_};
-    Json* next_ = nullptr; ///< where the next value belongs that has a name or a place
+    Json* next_ = nullptr; ///< the destination of the next value with a name or an index
     bool isInRows_ = false;
     std::vector<ColumnText> columns_;
-    std::size_t column_ = 0;           ///< of the next value of a row
+    std::size_t column_ = 0;           ///< column of the next value of a row
     const char* columnName_ = nullptr; ///< its name
 };
 

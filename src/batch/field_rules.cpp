@@ -21,13 +21,13 @@ namespace {
 
 constexpr double kAnyNumber = std::numeric_limits<double>::max();
 
-/// The values that a field may take from a script.
+/// The values that a script may give to a field.
 struct FieldRange {
     double lowest = 0;
     double highest = 0;
 };
 
-/// Fields whose values index tables, choose procedures, or are parts of a circle.
+/// Fields whose values are indices of tables, codes of procedures, or angles.
 const std::map<std::string, FieldRange>& FieldRanges() {
     static const std::map<std::string, FieldRange> ranges = {
         {"PlotKind", {kEqualArea, kRose}},
@@ -53,7 +53,7 @@ const std::map<std::string, FieldRange>& FieldRanges() {
     return ranges;
 }
 
-/// Fields of two states, which files keep as 0 and -1.
+/// Fields with two states, which files store as 0 and -1.
 bool IsTruth(const std::string& name) {
     static const std::set<std::string> names = {
         "ShowAnnotations", "HasFrequencyColumn", "ShowSecondary", "StatsBoxKind",
@@ -62,7 +62,7 @@ bool IsTruth(const std::string& name) {
     return names.contains(name);
 }
 
-/// Fields that keep account of the rows and files; they follow from what is loaded.
+/// Fields that describe the rows and files; they follow from the loaded data.
 bool KeepsAccount(const std::string& name) {
     static const std::set<std::string> names = {
         "NumData",         "NumValidData",      "NumLoadedData",      "NumFiles",
@@ -75,7 +75,7 @@ bool KeepsAccount(const std::string& name) {
     return names.contains(name);
 }
 
-/// Fields that are worked out from the rows when the plot is drawn.
+/// Fields that are calculated from the rows when the plot is drawn.
 bool IsResult(const std::string& name) {
     static const std::set<std::string> names = {
         "ClassStats",   "ContourLevels", "EigenResults",   "FabricResults", "FabricValueA",
@@ -86,13 +86,13 @@ bool IsResult(const std::string& name) {
     return names.contains(name);
 }
 
-/// Rows of AxisItems that are those of the statistics.
+/// Rows of AxisItems that belong to the statistics.
 bool IsStatisticalItem(const std::string& field) {
     return field.starts_with("AxisItems[0]") || field.starts_with("AxisItems[9]")
            || field.starts_with("AxisItems[10]");
 }
 
-/// True for the cells of such a row that say what is shown and how: they are the user's.
+/// True for the cells of such a row that the user may set: visibility and style.
 bool IsStyleOfItem(const std::string& field) {
     for (const char* const cell : {"][0]", "][4]", "][5]", "][6]"}) {
         if (field.ends_with(cell)) {
@@ -102,7 +102,7 @@ bool IsStyleOfItem(const std::string& field) {
     return false;
 }
 
-/// "tick" or "circ", and "auto" or an interval behind it.
+/// "tick" or "circ", followed by "auto" or an interval.
 bool IsScale(const std::string& value) {
     const std::string marks = value.substr(0, 4);
     const std::string interval = value.size() > 4 ? value.substr(4) : "";
@@ -113,8 +113,8 @@ std::string NoValue(const std::string& value, const std::string& name, const std
     return "'" + value + "' is no value of " + name + (wanted.empty() ? "" : ": " + wanted);
 }
 
-/// Why a number is no RoseType of the plot: the kind and the classes that it says need a column
-/// that the rows lack.
+/// Why a number is not a valid RoseType of the plot: its kind and classes require a column that the
+/// rows do not have.
 std::string RefusalOfRoseType(std::optional<double> number, const std::string& value) {
     const int type = number ? static_cast<int>(std::clamp(*number, -1.0, 100.0)) : -1;
     RoseSettings settings;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Which fields of a plot a script may set, and to what.
+// Which fields of a plot a script may set, and their valid values.
 
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace quandrel {
 
-/// What is wrong with setting a field of gActivePlot to a value, or nothing. Refused are fields
-/// that follow from the rows or are worked out when the plot is drawn, which the next drawing would
-/// take back, and values that are none of the field's.
+/// Why a field of gActivePlot cannot be set to a value, or nothing. Refused are invalid values, and
+/// fields that follow from the rows or are calculated when the plot is drawn, because the next
+/// drawing would overwrite them.
 [[nodiscard]] std::string RefusalOfField(const std::string& field, const std::string& value);
 
-/// True for fields that are an edit of the plot: its texts, its styles and its marks. What is
-/// shown, and how, is not.
+/// True for fields whose change is an edit of the plot: its texts, styles and marks. Display
+/// options are not edits.
 [[nodiscard]] bool IsEditOfPlot(const std::string& name);
 
-/// True for fields whose change moves rows, or changes what is counted.
+/// True for fields whose change moves rows or changes what is counted.
 [[nodiscard]] bool MovesRows(const std::string& field);
 
 } // namespace quandrel

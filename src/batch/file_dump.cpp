@@ -10,7 +10,7 @@ namespace quandrel {
 
 namespace {
 
-/// A place for rows that are listed and not kept.
+/// A destination for rows that are listed but not stored.
 class ListedRows {
 public:
     void reserve(std::size_t) {}
@@ -34,7 +34,7 @@ struct ListedValues {
     void emplace(std::int32_t, const Value&) {}
 };
 
-/// A plot that keeps none of its rows.
+/// A plot that stores no rows.
 struct ListedPlot : BinaryPlot {
     ListedRows rows;
     ListedValues texts;
@@ -46,7 +46,7 @@ struct ListedPlot : BinaryPlot {
 
 std::string WriteBinaryFile(std::string_view bytes, JsonWriter& writer) {
     ListedPlot listed;
-    { // the plot is let go before its fields are listed
+    { // frees the plot before its fields are listed
         const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
         if (!plot) {
             return plot.Error();

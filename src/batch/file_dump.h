@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A binary plot file as JSON: every field as it stands in the file, before anything of it goes into
-// a plot, is drawn or worked out.
+// A binary plot file as JSON: every field with its value in the file, before a plot is created from
+// it.
 
 #pragma once
 
@@ -12,12 +12,13 @@
 
 namespace quandrel {
 
-/// Writes the fields of a file as an object, under the names that they have in a plot.
+/// Writes the fields of a file as an object, under their names in a plot.
 ///
-/// Fields that the version of the file lacks are absent. Rows are columns of numbers; tables are
-/// arrays of rows, a table whose first row files leave out begins with its second. What files tell
-/// a second time in lesser detail stands under "earlierRose". Numbers read back exactly; one that
-/// is infinite is "inf" or "-inf". "bytesBehind" counts what follows the last field.
+/// Fields that the version of the file does not have are absent. Rows are columns of numbers.
+/// Tables are arrays of rows; a table whose first row is not stored in files begins with its
+/// second. Values that files store twice, first in less detail, are under "earlierRose". Numbers
+/// read back exactly; an infinite number is "inf" or "-inf". "bytesBehind" is the number of bytes
+/// after the last field.
 ///
 /// @return empty, or why a file cannot be opened as a plot: then nothing was written
 [[nodiscard]] std::string WriteBinaryFile(std::string_view bytes, JsonWriter& writer);

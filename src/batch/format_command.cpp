@@ -25,11 +25,11 @@ const Names kDataNames = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPol
 const std::map<std::string, std::string> kDelimiters = {
     {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
 
-constexpr int kTrendFirst = 10; ///< is added to the code of conventions
+constexpr int kTrendFirst = 10; ///< added to the code of conventions
 constexpr const char* kDirectionsAsPlanes = "directions have no dip and cannot be planes: state "
                                             "data=lines or data=polar, or neither";
 
-/// A format being put together: applied when all arguments were good.
+/// A draft of a format. It is applied if all arguments are valid.
 struct Draft {
     FormatSettings format;
     StatedFormat stated;
@@ -50,7 +50,7 @@ std::int16_t ConventionCode(const Draft& draft) {
     return static_cast<std::int16_t>(draft.quadrant ? -code : code);
 }
 
-/// The defaults of all that the keys state, beside what they do not state.
+/// The defaults of everything that the keys can set; the rest is that of the current format.
 Draft FreshDraft(const FormatSettings& defaults) {
     const FormatSettings current = gSettings.format;
     Draft draft;
@@ -188,7 +188,7 @@ const Takers<Draft>& FormatTakers() {
     return takers;
 }
 
-/// The stated kind, or the one that the format in force leads to.
+/// The stated kind, or the kind that follows from the current format.
 std::int16_t KindFollowing(const StatedFormat& stated) {
     return stated.dataKind.value_or(DataKindOfSet(gPrimaryDataType == kPrimaryPlane, kLines));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The data format, stated in words.
+// The command for the data format.
 
 #pragma once
 
@@ -14,33 +14,35 @@
 
 namespace quandrel {
 
-/// What a script states of a format beside the format globals: the ticks of the format dialog.
+/// The settings of a script's format outside the format globals: the check boxes of the format
+/// dialog.
 struct StatedFormat {
     bool showSecondary = false;
     bool frequencyColumn = false;
-    std::optional<std::int16_t>
-        dataKind; ///< a DataKindCode; without one it follows from the format
+    std::optional<std::int16_t> dataKind; ///< a DataKindCode; if absent, it follows from the format
 };
 
-/// The first word of a `format` that changes the one in force instead of stating a new one.
+/// The first word of a `format` that changes the current format instead of starting from the
+/// defaults.
 inline constexpr const char* kAddToFormat = "add";
 
 /// Sets the format globals from arguments such as `primary=plane`, `conventions=6`,
-/// `delimiter=tab`, `columns=1,0,2,3,4,5,6,7,8,9`. What is not stated is as in the defaults, or
-/// stays as it is after the word `add`. Nothing changes when one of the arguments is wrong.
+/// `delimiter=tab`, `columns=1,0,2,3,4,5,6,7,8,9`. Missing arguments take their defaults, or keep
+/// their current values after the word `add`. If an argument is invalid, nothing changes.
 ///
-/// @param defaults  of all that the keys state; the kind of plot, separators and symbols stay
-/// @return empty, or what is wrong
+/// @param defaults  of everything that the keys can set; the kind of plot, separators and symbols
+///                  are kept
+/// @return empty, or an error message
 [[nodiscard]] std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
                                                const FormatSettings& defaults,
                                                StatedFormat& stated);
 
-/// Sets the kind in which the data of a file are plotted: the file's own, else the stated one, else
-/// the one that its format leads to: planes, or lines for lines and directions.
+/// Sets the kind in which the data of a file are plotted: the file's own kind, otherwise the stated
+/// one, otherwise the one that follows from the format: planes, or lines for lines and directions.
 ///
-/// @param kindFromFile  DataKindCode, or 0 where the file does not say. Planes count as not said in
-///                      a file of directions
-/// @return empty, or why the stated kind cannot be had
+/// @param kindFromFile  DataKindCode, or 0 if the file does not state it. Planes count as not
+///                      stated in a file of directions
+/// @return empty, or why the stated kind is not possible
 [[nodiscard]] std::string TakeDataKind(const StatedFormat& stated, int kindFromFile);
 
 } // namespace quandrel
