@@ -23,7 +23,7 @@ constexpr const char* kOff = "off";
 constexpr const char* kCircleUse = "a number from 1 to 4 with plunge and azimuth of the axis and "
                                    "the angle, or with on or off";
 
-/// What is wrong before anything is read, or nothing.
+/// An error that is known before parsing, or nothing.
 std::string RefusedPlot(const char* what) {
     if (!IsOpenSlot(gActivePlot)) {
         return "no plot is open";
@@ -31,7 +31,7 @@ std::string RefusedPlot(const char* what) {
     return ActiveRecord().PlotKind == kRose ? std::string("a rose has no ") + what : std::string();
 }
 
-/// The bare words of a command, or nothing when one has a name.
+/// The bare words of a command, or nothing if a word has a name.
 std::optional<std::vector<std::string>> BareWords(const std::vector<Argument>& arguments) {
     std::vector<std::string> words;
     for (const Argument& argument : arguments) {
@@ -43,8 +43,8 @@ std::optional<std::vector<std::string>> BareWords(const std::vector<Argument>& a
     return words;
 }
 
-/// How a plane is typed in the conventions in force: their order with an example, the same plane in
-/// each.
+/// The notation of a plane in the current conventions: their order with an example, always of the
+/// same plane.
 std::string ExpectedPlane() {
     constexpr std::array<const char*, 7> kExamples = {"45/120",  "45/120", "120/45", "30/45SE",
                                                       "45SE/30", "45/30",  "30/45"};
@@ -54,7 +54,7 @@ std::string ExpectedPlane() {
            + kExamples[place];
 }
 
-/// The rows that hold a girdle, with what they are and whether they are shown.
+/// The rows that hold a girdle, with their captions and whether they are visible.
 std::string RowsInUse() {
     std::string rows;
     for (int row = kFirstUserGirdle; row < kAxisItems; ++row) {
@@ -91,7 +91,7 @@ std::string TypeGirdle(int row, const std::string& text) {
     return {};
 }
 
-/// Stores the three texts of a set, and shows it.
+/// Stores the three texts of a set, and shows the set.
 std::string TypeCircle(int set, const std::vector<std::string>& words) {
     constexpr std::array<CirclePart, kTextsOfCircle> kParts = {
         CirclePart::kPlunge, CirclePart::kAzimuth, CirclePart::kAngle};

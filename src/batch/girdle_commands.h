@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Girdles and small circles in words.
+// Commands for girdles and small circles.
 
 #pragma once
 
@@ -11,16 +11,16 @@
 
 namespace quandrel {
 
-/// Lays a girdle over gActivePlot: `1 45/120`, in the conventions in force; `1 off` and `1 on` hide
-/// and show it. Rows 9 and 10, those of the statistics, take on and off alone.
+/// Sets a girdle of gActivePlot: `1 45/120`, in the current conventions; `1 off` and `1 on` hide
+/// and show it. Rows 9 and 10, those of the statistics, accept on and off only.
 ///
-/// @return empty, or what is wrong; nothing has then changed
+/// @return empty, or an error message; nothing has then changed
 [[nodiscard]] std::string ApplyGirdleArguments(const std::vector<Argument>& arguments);
 
-/// Draws a small circle on gActivePlot: number 1 to 4, plunge and azimuth of its axis, its angle;
-/// behind the number alone `off` and `on` hide and show it.
+/// Sets a small circle of gActivePlot: number 1 to 4, plunge and azimuth of its axis, its angle.
+/// `off` and `on` after the number hide and show it.
 ///
-/// @return empty, or what is wrong; nothing has then changed
+/// @return empty, or an error message; nothing has then changed
 [[nodiscard]] std::string ApplySmallCircleArguments(const std::vector<Argument>& arguments);
 
 } // namespace quandrel

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kFullBuffer = 1 << 16;
 
-/// Room for any number.
+/// Enough characters for any number.
 using Digits = std::array<char, 40>;
 
 bool NeedsNoEscape(char c) {
@@ -45,7 +45,7 @@ void AppendJsonNumber(double value, std::string& json) {
     const std::string_view text(digits.data(), static_cast<std::size_t>(end - digits.data()));
     json += text;
     if (text.find_first_of(".e") == std::string_view::npos) {
-        json += ".0"; // it stays a number with a fraction for whoever reads it
+        json += ".0"; // a reader must recognise it as a floating-point number
     }
 }
 
@@ -112,7 +112,7 @@ void JsonWriter::End(char bracket) {
     FlushIfFull();
 }
 
-/// A value behind a key stands on the key's line; else it is an element, or a member's key.
+/// A value after a key is on the key's line; any other value is an element, or a member's key.
 void JsonWriter::BeginValue() {
     if (isAfterKey_ || levels_.empty()) {
         isAfterKey_ = false;

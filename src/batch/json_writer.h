@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// JSON written as it is made, so that a long one is never held whole.
+// A JSON writer that never holds a long value as a whole.
 
 #pragma once
 
@@ -17,13 +17,13 @@ namespace quandrel {
 
 /// Where lines end.
 enum class JsonLayout {
-    Lines,   ///< behind each member of an object that is opened here; arrays stay on their line
-    OneLine, ///< at the end alone
+    Lines,   ///< after each member of an object that is opened here; arrays stay on one line
+    OneLine, ///< only at the end
 };
 
-/// Puts out one JSON value. Calls follow the grammar: a key before each value of an object. The
-/// bytes are UTF-8; what is not in a text becomes U+FFFD. Numbers read back exactly; one that is
-/// not finite is null, for JSON has none.
+/// Writes one JSON value. Calls follow the grammar: a key before each value of an object. The
+/// output is UTF-8; invalid bytes in a text become U+FFFD. Numbers read back exactly; a number that
+/// is not finite becomes null, because JSON has no notation for it.
 class JsonWriter {
 public:
     JsonWriter(PutBytes put, JsonLayout layout)
@@ -45,7 +45,7 @@ public:
     void Text(std::string_view text);
     void Value(const nlohmann::ordered_json& value);
 
-    /// JSON that is ready made, as the next value.
+    /// Finished JSON as the next value.
     void Ready(std::string_view json);
 
     /// A member of an object.
@@ -54,7 +54,7 @@ public:
         Value(value);
     }
 
-    /// Ends the last line and puts out what is left. False when a write failed.
+    /// Ends the last line and flushes the output. Returns false if a write failed.
     [[nodiscard]] bool Finish();
 
 private:
@@ -81,7 +81,7 @@ private:
 /// A text as JSON, quotes included.
 void AppendJsonText(std::string_view text, std::string& json);
 
-/// The shortest number that reads back as the value; null for one that is not finite.
+/// The shortest number that reads back as the value; null if it is not finite.
 void AppendJsonNumber(double value, std::string& json);
 void AppendJsonNumber(std::int64_t value, std::string& json);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Arguments of the form key=value, each taken by what its key stands for.
+// Arguments of the form key=value; a function for each key processes the value.
 
 #pragma once
 
@@ -27,12 +27,12 @@ std::string ListOf(const std::map<std::string, Value>& names) {
 
 [[nodiscard]] std::vector<std::string> SplitAtCommas(const std::string& text);
 
-/// A text as a whole number within bounds, or nothing.
+/// A text as an integer within bounds, or nothing.
 [[nodiscard]] std::optional<int> WholeNumber(const std::string& text, int lowest, int highest);
 
 using Names = std::map<std::string, int>;
 
-/// Takes a value by its name in a table. Gives what is wrong, or nothing.
+/// Reads a value by its name in a table. Returns an error message, or nothing.
 template <class Field>
 std::string TakeName(const Names& names, const std::string& value, Field& field) {
     const auto found = names.find(value);
@@ -43,13 +43,13 @@ std::string TakeName(const Names& names, const std::string& value, Field& field)
     return {};
 }
 
-/// Takes yes or no.
+/// Reads yes or no.
 template <class Field>
 std::string TakeTruth(const std::string& value, Field& field) {
     return TakeName({{"yes", 1}, {"no", 0}}, value, field);
 }
 
-/// Takes a whole number within bounds.
+/// Reads an integer within bounds.
 template <class Field>
 std::string TakeWhole(const std::string& value, int lowest, int highest, Field& field) {
     const std::optional<int> number = WholeNumber(value, lowest, highest);
@@ -61,19 +61,20 @@ std::string TakeWhole(const std::string& value, int lowest, int highest, Field& 
     return {};
 }
 
-/// Takes any number.
+/// Reads any number.
 [[nodiscard]] std::string TakeNumber(const std::string& value, double& field);
 
-/// What the keys of a command do to its draft. Each gives what is wrong with its value, or nothing.
+/// The functions that store the values of a command's keys in its draft. Each returns an error
+/// message, or nothing.
 template <class Draft>
 using Takers = std::map<std::string, std::function<std::string(const std::string&, Draft&)>>;
 
 [[nodiscard]] std::string LackOfValue(const std::string& key);
 
-/// Gives each argument to the taker of its key, in their order.
+/// Passes each argument, in order, to the function of its key.
 ///
-/// @param what  that the keys are of, for messages: "a format"
-/// @return empty, or what is wrong with the first that is
+/// @param what  the subject of the keys, for messages: "a format"
+/// @return empty, or the first error message
 template <class Draft>
 std::string TakeArguments(const std::vector<Argument>& arguments, const Takers<Draft>& takers,
                           const std::string& what, Draft& draft) {

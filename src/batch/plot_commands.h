@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Commands that do something to the active plot, as its menus and dialogs do.
+// Commands that act on the active plot, like its menus and dialogs.
 
 #pragma once
 
@@ -14,12 +14,12 @@ namespace quandrel {
 
 struct PlotCommand {
     CommandShape shape;
-    /// Works on gActivePlot, which must be an open plot; `log` takes what is worth a note. Gives
-    /// what is wrong, or nothing.
+    /// Acts on gActivePlot, which must be an open plot; `log` receives notes. Returns an error
+    /// message, or nothing.
     std::function<std::string(const Command&, std::ostream& log)> act;
 };
 
-/// The command of a name, or null.
+/// The command with a name, or null.
 [[nodiscard]] const PlotCommand* FindPlotCommand(const std::string& name);
 
 } // namespace quandrel

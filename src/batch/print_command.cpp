@@ -30,7 +30,7 @@ const Names kPapers = {{"a3", QPageSize::A3},
 const Names kOrientations = {{"landscape", QPageLayout::Landscape},
                              {"portrait", QPageLayout::Portrait}};
 
-/// What a command asks for.
+/// The arguments of a command.
 struct Draft {
     std::string path;
     std::vector<int> plots;
@@ -103,7 +103,7 @@ std::string TakeWords(const Command& command, Draft& draft) {
     return TakeArguments(pairs, PrintTakers(), "print", draft);
 }
 
-/// Puts the plots where the command wants them.
+/// Positions the plots as the command says.
 std::string LayOut(const Draft& draft, PrintLayout& layout) {
     for (const int slot : draft.plots) {
         SelectPlot(layout, slot);
@@ -160,7 +160,7 @@ std::string PrintToFile(const Command& command, std::ostream& log) {
         log << "print: " << note << '\n';
     }
     for (const int slot : draft.plots) {
-        // What was set since the plot was drawn shows on the page too.
+        // The page also shows fields that were set after the plot was last drawn.
         const PlotInWork work(slot);
         ReplotActivePlot(false);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The print dialog in words.
+// The command that does the work of the print dialog.
 
 #pragma once
 
@@ -18,10 +18,10 @@ namespace quandrel {
 ///   centre=8,12,15,12   a pair for each plot, from the top left corner of the paper
 ///   paper=a4|a3|a5|letter|legal
 ///   orientation=portrait|landscape
-/// The order of the words does not matter. Nothing is printed when one of them is wrong.
+/// The order of the words does not matter. If one of them is invalid, nothing is printed.
 ///
-/// @param log  takes a note of nets that reach over the edge of the paper
-/// @return empty, or what is wrong
+/// @param log  receives a note about nets that extend beyond the paper
+/// @return empty, or an error message
 [[nodiscard]] std::string PrintToFile(const Command& command, std::ostream& log);
 
 } // namespace quandrel

@@ -14,7 +14,7 @@ namespace {
 const Names kClassNames = {
     {"none", kRoseUnclassified}, {"length", kRoseByLength}, {"type", kRoseByType}};
 
-/// "tick" or "circ", and "auto" or an interval behind it.
+/// "tick" or "circ", followed by "auto" or an interval.
 std::string TakeScale(const std::string& value, RoseSettings& settings) {
     const std::string marks = value.substr(0, 4);
     const std::string interval = value.size() > 4 ? value.substr(4) : "auto";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The rose dialog in words.
+// The command that does the work of the rose dialog.
 
 #pragma once
 
@@ -11,10 +11,10 @@
 
 namespace quandrel {
 
-/// Changes the settings of the rose of gActivePlot by arguments such as `type=0`, `sector=10`,
-/// `scale=circ5`, and draws it. Nothing changes when one of them is wrong or refused.
+/// Changes the rose settings of gActivePlot by arguments such as `type=0`, `sector=10`,
+/// `scale=circ5`, and draws the rose. If an argument is invalid or refused, nothing changes.
 ///
-/// @return empty, or what is wrong
+/// @return empty, or an error message
 [[nodiscard]] std::string ApplyRoseArguments(const std::vector<Argument>& arguments);
 
 } // namespace quandrel

@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// Numbers of a sector, [class], of one layer.
+/// The numbers of a sector, [class], in one layer.
 Json ClassesJson(const RoseSectorTable& sectors, int sector, RoseLayer layer) {
     Json classes = Json::array();
     for (int c = 0; c <= sectors.Classes(); ++c) {

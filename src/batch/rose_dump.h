@@ -11,7 +11,7 @@
 namespace quandrel {
 
 /// The tables of the rose of a plot: sectors, their statistics, trigonometric sums, radii and
-/// wedges. Null when it was never counted.
+/// wedges. Null if it was never counted.
 [[nodiscard]] nlohmann::ordered_json RoseJson(const Plot& plot);
 
 } // namespace quandrel

@@ -13,13 +13,13 @@ namespace quandrel {
 
 namespace {
 
-/// Settings being put together, with the word that their orientation came by.
+/// A draft of the settings, with the word that gave their orientation.
 struct Draft {
     RotationSettings settings;
     std::string orientationKey;
 };
 
-/// Takes "30,120" behind the word axis, plane or line.
+/// Reads "30,120" after the word axis, plane or line.
 std::string TakeOrientation(const char* key, const std::string& value, Draft& draft) {
     if (!draft.orientationKey.empty()) {
         return "there is one already, " + draft.orientationKey;
@@ -62,7 +62,7 @@ const Takers<Draft>& RotateTakers() {
     return takers;
 }
 
-/// The words that an operation takes. An axis may stand for any of its orientations.
+/// The words that an operation accepts. An axis can be given by any of its orientations.
 std::vector<std::string> WordsOf(int operation) {
     switch (operation) {
     case kUnfoldAboutAppended:
@@ -78,7 +78,7 @@ std::vector<std::string> WordsOf(int operation) {
     }
 }
 
-/// What is wrong with the words as a whole, or nothing.
+/// The error of the combination of words, or nothing.
 std::string RefusedWords(const std::vector<Argument>& arguments, int operation) {
     const auto isGiven = [&arguments](const char* name) {
         return std::ranges::any_of(arguments, [name](auto& a) { return a.name == name; });

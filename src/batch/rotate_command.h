@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The rotation dialog in words.
+// The command that does the work of the rotation dialog.
 
 #pragma once
 
@@ -11,11 +11,11 @@
 
 namespace quandrel {
 
-/// Rotates gActivePlot by arguments such as `op=3`, `axis=20,135`, `angle=-30`, and draws it.
-/// Nothing changes when one of them is wrong, lacks, or is refused.
+/// Rotates gActivePlot by arguments such as `op=3`, `axis=20,135`, `angle=-30`, and draws it. If an
+/// argument is invalid, missing or refused, nothing changes.
 ///
-/// @param[out] note  what was left unrotated, or nothing
-/// @return empty, or what is wrong
+/// @param[out] note  what was not rotated, or nothing
+/// @return empty, or an error message
 [[nodiscard]] std::string ApplyRotateArguments(const std::vector<Argument>& arguments,
                                                std::string& note);
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kAllLines = "all";
 
-/// Whether texts have the lines without data, for the length of a block.
+/// Sets whether texts include the lines without data, for the duration of a block.
 class NonDataLinesSaved {
 public:
     explicit NonDataLinesSaved(bool all)

@@ -10,10 +10,10 @@
 
 namespace quandrel {
 
-/// Saves gActivePlot to the path of a command, with `lines=all` as a text that has the lines
-/// without data too.
+/// Saves gActivePlot to the path of a command. With `lines=all` a text file includes the lines
+/// without data.
 ///
-/// @return empty, or what is wrong
+/// @return empty, or an error message
 [[nodiscard]] std::string SaveToFile(const Command& command);
 
 } // namespace quandrel

@@ -9,7 +9,7 @@ namespace quandrel {
 
 namespace {
 
-/// A word with the place of the first "=" that stood outside quotes.
+/// A word with the position of its first "=" outside quotes.
 struct Word {
     std::string text;
     std::size_t equals = std::string::npos;
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] int Line() const { return line_; }
 
-    /// The words up to the next break, which is passed. False when a quote is not closed.
+    /// The words up to the next break, which is consumed. False if a quote is not closed.
     [[nodiscard]] bool ReadCommand(std::vector<Word>& words) {
         words.clear();
         for (;;) {
@@ -184,7 +184,7 @@ Result<std::optional<Command>> ScriptReader::Next() {
         WordReader reader(std::string_view(text_).substr(read), breaks_, line);
         const bool isClosed = reader.ReadCommand(words);
         if (reader.AtEnd() && !hasEnded_ && !(isClosed && text_.back() == '\n')) {
-            break; // it may go on
+            break; // the command may continue
         }
         if (!isClosed) {
             return Failure{"line " + std::to_string(line) + ": a quote is not closed"};

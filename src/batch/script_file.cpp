@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t kReadStep = 65536;
 
-/// Why nothing is read from what stands at a path, or nothing.
+/// Why the file at a path cannot be read, or nothing.
 std::string RefusalOf(mode_t mode) {
     if (S_ISDIR(mode)) {
         return "it is a folder";
@@ -37,7 +37,7 @@ std::string TooLarge() {
     return "it holds more than " + std::to_string(kLargestScript >> 20) + " MB";
 }
 
-/// The end of the last whole line of UTF-16, in bytes; 0 without one.
+/// The end of the last complete line of UTF-16, in bytes; 0 if there is none.
 std::size_t EndOfLines(std::string_view bytes, std::string_view mark) {
     const std::size_t low = mark == kUtf16Marks[0] ? 0 : 1;
     for (std::size_t end = bytes.size() - bytes.size() % kUnit; end >= kUnit; end -= kUnit) {
@@ -54,7 +54,7 @@ Result<ScriptSource> ScriptSource::Open(const std::string& path) {
     if (path == kStandardStream) {
         return ScriptSource(STDIN_FILENO);
     }
-    // Looked at before it is opened: opening a device may do something to it.
+    // Checked before the file is opened: opening a device may have an effect.
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0) {
         return Failure{std::strerror(errno)};
@@ -62,7 +62,7 @@ Result<ScriptSource> ScriptSource::Open(const std::string& path) {
     if (const std::string refusal = RefusalOf(status.st_mode); !refusal.empty()) {
         return Failure{refusal};
     }
-    // Opening does not wait for a writer of a pipe; reading does.
+    // Opening a pipe does not wait for a writer; reading does.
     ScriptSource source(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (source.descriptor_ < 0) {
         return Failure{std::strerror(errno)};
@@ -117,7 +117,7 @@ Result<std::string> ScriptSource::Read() {
     }
 }
 
-/// Waits with the first bytes until they are a mark or none.
+/// Waits until the first bytes are known to be a byte order mark or not.
 void ScriptSource::LookForMark(bool isEnd) {
     const bool isShort = bytes_.size() < kUtf8Mark.size();
     if (encoding_ != Encoding::NotKnown || (isShort && !isEnd && kUtf8Mark.starts_with(bytes_))) {
@@ -136,7 +136,7 @@ void ScriptSource::LookForMark(bool isEnd) {
     bytes_.erase(0, bytes_.starts_with(kUtf8Mark) ? kUtf8Mark.size() : mark_.size());
 }
 
-/// Bytes without a mark stay as they are, for paths in them need not be UTF-8.
+/// Bytes without a mark are not converted, because paths in them need not be UTF-8.
 std::string ScriptSource::TakeDecoded(bool isEnd) {
     LookForMark(isEnd);
     if (encoding_ == Encoding::NotKnown) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where scripts come from: a file, a pipe, standard input.
+// Sources of scripts: a file, a pipe, standard input.
 
 #pragma once
 
@@ -11,18 +11,18 @@
 
 namespace quandrel {
 
-/// A script of more bytes is none.
+/// The largest size of a script in bytes.
 inline constexpr std::size_t kLargestScript = std::size_t{64} << 20;
 
-/// A script that is read as it comes: from a regular file, a pipe that somebody writes to, or
-/// standard input for "-". It is UTF-8, or UTF-16 with a mark; marks are no part of it.
+/// A script that is read as it arrives: from a regular file, a pipe with a writer, or standard
+/// input for "-". It is UTF-8, or UTF-16 with a byte order mark; marks are removed.
 class ScriptSource {
 public:
-    /// A folder, a device, and what is longer than kLargestScript are refused with a text that says
-    /// why.
+    /// Refuses a folder, a device, and a file longer than kLargestScript, with a text that gives
+    /// the reason.
     [[nodiscard]] static Result<ScriptSource> Open(const std::string& path);
 
-    /// Reads a descriptor that is open already, whatever is behind it, and leaves it open.
+    /// Reads an open descriptor of any type, and leaves it open.
     explicit ScriptSource(int descriptor)
         : descriptor_(descriptor) {}
 
@@ -30,9 +30,10 @@ public:
     ScriptSource& operator=(ScriptSource&&) = delete;
     ~ScriptSource();
 
-    /// What has come since, as UTF-8; waits until something has. Empty at the end.
+    /// The text that has arrived since the last call, as UTF-8; waits until there is some. Empty at
+    /// the end.
     ///
-    /// A pipe through which nothing comes, and the byte beyond kLargestScript are failures.
+    /// Fails for a pipe through which nothing arrives, and for more than kLargestScript bytes.
     [[nodiscard]] Result<std::string> Read();
 
 private:
@@ -42,12 +43,12 @@ private:
     void LookForMark(bool isEnd);
 
     int descriptor_ = -1;
-    bool isOwn_ = false;  ///< to be closed
-    bool isPipe_ = false; ///< somebody has to write to it
+    bool isOwn_ = false;  ///< the descriptor is closed by this object
+    bool isPipe_ = false; ///< requires a writer
     std::size_t count_ = 0;
     Encoding encoding_ = Encoding::NotKnown;
-    std::string mark_;  ///< of UTF-16
-    std::string bytes_; ///< read and not decoded
+    std::string mark_;  ///< the byte order mark of UTF-16
+    std::string bytes_; ///< read but not decoded
 };
 
 } // namespace quandrel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Commands of a session that open files.
+// Session commands that open files.
 
 #include "batch/batch_session.h"
 #include "batch/standard_streams.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Commands of a session that show the active plot and its fields.
+// Session commands that show the active plot and its fields.
 
 #include "batch/batch_session.h"
 #include "batch/dump.h"
@@ -28,12 +28,12 @@ namespace quandrel {
 
 namespace {
 
-/// The set that is shown now is plotted as what it is.
+/// The set that is now shown is plotted as its own kind.
 void FollowShownSet(PlotRecord& record) {
     record.DataKind = DataKindOfSet(ShowsPlaneData(record), record.DataKind);
 }
 
-/// The statistics of a kind as they stand.
+/// The current statistics of a kind.
 std::string StatisticsText(const std::string& kind) {
     if (kind == "reference") {
         return TextOfReference(ReferenceOfActivePlot());
@@ -44,7 +44,7 @@ std::string StatisticsText(const std::string& kind) {
 
 } // namespace
 
-/// Shows or hides the 95% confidence cone, and prints the one that is shown.
+/// Shows or hides the 95% confidence cone, and prints it if it is visible.
 std::string BatchSession::Cone(const Command& command) {
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
@@ -74,7 +74,7 @@ std::string BatchSession::Dump(const Command& command) {
         return DumpActivePlot(prompts_, form.Plot(), layout, put);
     };
     if (*path == kStandardStream) {
-        // One line, as every answer of a script.
+        // One line, like every answer to a script.
         return dump(JsonLayout::OneLine,
                     [this](std::string_view bytes) {
                         return static_cast<bool>(
@@ -85,7 +85,7 @@ std::string BatchSession::Dump(const Command& command) {
     }
     const std::string error = WriteFileAtomically(*path, [&dump](const PutBytes& put) {
         try {
-            // Of a write that fails the file knows why.
+            // If a write fails, the file object has the reason.
             return dump(JsonLayout::Lines, put) ? std::string() : std::string("it is cut short");
         } catch (const std::bad_alloc&) {
             return std::string("there is not enough memory");

@@ -78,7 +78,7 @@ void InputCopy::NameIn(PlotRecord& record) const {
         std::for_each(files.begin(), files.end(), name);
     }
     if (record.SaveFileName == path_) {
-        record.SaveFileName.clear(); // nothing can be saved to where it came from
+        record.SaveFileName.clear(); // the plot cannot be saved to its source
     }
 }
 

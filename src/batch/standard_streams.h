@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Standard input and output in the place of files.
+// Standard input and output as files.
 
 #pragma once
 
@@ -12,15 +12,15 @@
 
 namespace quandrel {
 
-/// The path that stands for standard input where one is read, for standard output where one is
-/// written. A file of this name is "./-".
+/// The path that means standard input for reading and standard output for writing. A file with this
+/// name is "./-".
 inline constexpr const char* kStandardStream = "-";
 
-/// What plots and messages call data from standard input.
+/// The name of standard input in plots and messages.
 inline constexpr const char* kStandardInputName = "standard input";
 
-/// Standard input as a file, for as long as this lives: what reads data looks at them twice, and
-/// from their beginning.
+/// Standard input as a file during the lifetime of this object. A file is needed because data are
+/// read twice from the beginning.
 class InputCopy {
 public:
     /// Reads a descriptor to its end.
@@ -35,7 +35,8 @@ public:
     /// A text with the name of standard input instead of the path.
     [[nodiscard]] std::string Named(std::string text) const;
 
-    /// Names standard input in the lists of a record instead of the path, which is about to go.
+    /// Replaces the path by the name of standard input in the lists of a record; the path is about
+    /// to be deleted.
     void NameIn(PlotRecord& record) const;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What Qt has to say of the desktop does not concern a program without one.
+/// Qt's messages about the desktop do not concern a program without a window.
 void TellSevereFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) {
         std::cerr << text.toStdString() << '\n';
@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
     if (const auto exitCode = quandrel::ReadCommandLine(argc, argv, options)) {
         return *exitCode;
     }
-    // Fonts need an application object; a screen is never opened.
+    // Fonts need an application object; no screen is opened.
     qInstallMessageHandler(TellSevereFaultsOnly);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
