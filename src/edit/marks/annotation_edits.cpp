@@ -22,8 +22,8 @@ namespace quandrel {
 
 namespace {
 
-/// How far pasted annotations lie from those that were copied, plot units, and how many such steps
-/// are tried.
+/// The distance of pasted annotations from the copied ones, plot units, and the largest number of
+/// such steps that are tried.
 constexpr int kPasteOffset = 30;
 constexpr int kMostPasteSteps = 50;
 
@@ -34,7 +34,7 @@ bool IsInPicture(double x, double y) {
            && y <= kPlotScale.top;
 }
 
-/// Moves an annotation by whole units; false when it would leave the picture.
+/// Moves an annotation by whole units; false if it would leave the picture.
 bool MoveOne(Annotation& annotation, int dx, int dy) {
     const auto movedBy = [](std::int16_t position, int offset) {
         using Limits = std::numeric_limits<std::int16_t>;
@@ -55,8 +55,8 @@ bool MoveOne(Annotation& annotation, int dx, int dy) {
 
 using Place = std::pair<int, int>;
 
-/// How far pasted annotations are set off from where they were copied: in steps to the right and
-/// down, or away from an edge of the picture, until none of them covers one that is there.
+/// The offset of pasted annotations from their copied positions: steps to the right and down, or
+/// away from an edge of the picture, until no pasted annotation covers an existing one.
 Place OffsetOfPaste(const Annotations& pasted, const Annotations& others) {
     std::set<Place> taken;
     for (const Annotation& other : others) {
@@ -155,7 +155,7 @@ void ChangeAnnotationSymbols(const AnnotationStyles& styles) {
     for (const std::size_t member : members) {
         Annotation& annotation = AnnotationsOfActivePlot()[member];
         const SymbolRow& style = IsOfRightButton(annotation) ? styles.up : styles.down;
-        // A shape that is not changed goes on following the style table, and keeps its button.
+        // An unchanged shape still follows the style table, and keeps its button.
         if (style[kPlaceSymbol] != StyleOfAnnotation(gSettings.styles, annotation)[kPlaceSymbol]
             && style[kPlaceSymbol] != kNoSymbol) {
             annotation.SymbolType = style[kPlaceSymbol];
@@ -203,7 +203,7 @@ void PasteAnnotationText(const std::string& text) {
                 continue;
             }
             annotation.Tag = std::to_string(*tag);
-            (void)MoveOne(annotation, dx, dy); // one that has no room stays where it was
+            (void)MoveOne(annotation, dx, dy); // an annotation without space to move stays
             annotations.push_back(std::move(annotation));
         }
         ActiveRecord().ShowAnnotations = kTrue;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kTagTries = 100;
 
-/// The number of a tag, or 0 for a text that is none.
+/// The number of a tag, or 0 for a text that is not a number.
 int NumberOfTag(std::string_view tag) {
     int number = 0;
     const auto [stop, error] = std::from_chars(tag.data(), tag.data() + tag.size(), number);

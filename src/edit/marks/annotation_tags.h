@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The numbers that annotations bear.
+// The numbers of annotations.
 
 #pragma once
 
@@ -11,13 +11,13 @@
 
 namespace quandrel {
 
-/// Hands out free numbers one after the other: each one more than the last, on upward past those
-/// that are taken; numbers end at 32767 and go on at 1.
+/// Returns unused numbers in sequence: each is one more than the last, skipping used numbers. After
+/// 32767 the sequence continues at 1.
 class FreeTags {
 public:
     explicit FreeTags(const Annotations& annotations);
 
-    /// The next free number; nothing after so many that are taken.
+    /// The next unused number; nothing after the given number of used numbers in a row.
     [[nodiscard]] std::optional<int> Next(int tries);
 
 private:
@@ -25,9 +25,9 @@ private:
     int last_;
 };
 
-/// The number for a new annotation: one more than the last one's, 1 without any, and on upward to
-/// the first that none bears; numbers end at 32767 and go on at 1. Nothing after 100 numbers that
-/// are taken.
+/// The number of a new annotation: one more than that of the last annotation, or 1 without any,
+/// skipping used numbers. After 32767 the sequence continues at 1. Nothing after 100 used numbers
+/// in a row.
 [[nodiscard]] std::optional<int> FreeAnnotationTag(const Annotations& annotations);
 
 } // namespace quandrel

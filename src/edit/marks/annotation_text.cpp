@@ -32,7 +32,7 @@ std::optional<std::int16_t> WholeField(std::string_view text) {
     return error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
 
-/// The fields of a line as numbers, or nothing when one of them is none.
+/// The fields of a line as numbers, or nothing if one of them is invalid.
 std::optional<std::vector<std::int16_t>> FieldsOf(std::string_view line) {
     std::vector<std::int16_t> fields;
     for (std::size_t start = 0; start <= line.size();) {
@@ -66,7 +66,7 @@ std::string LineOf(const Annotation& annotation) {
                             annotation.Size, annotation.lineStyle}) {
         line += std::to_string(field) + '\t';
     }
-    // A tag is a number; in a file that another hand has changed it may be anything.
+    // A tag is a number. In a file that was edited elsewhere, it can be any text.
     line += std::to_string(WholeField(annotation.Tag).value_or(0));
     for (const LineNode& node : annotation.LineNodes) {
         line += '\t' + std::to_string(node.X) + '\t' + std::to_string(node.Y);

@@ -147,7 +147,7 @@ bool AddAnnotation(int button, double x, double y) {
                                          {}});
     PlotRecord& record = ActiveRecord();
     const bool wereShown = std::exchange(record.ShowAnnotations, kTrue) != 0;
-    // What is there stays as it is: one symbol more needs no drawing of all the rows.
+    // Draws only the new annotation: one more symbol does not require drawing all rows again.
     step.Finish(wereShown ? Redraw::Nothing : Redraw::Plot);
     if (wereShown) {
         DrawAnnotation(WindowDrawing(gActivePlot), AnnotationsOfActivePlot().back());

@@ -25,14 +25,14 @@ namespace {
 
 using GirdleValues = std::array<TaggedValue, kAxisValues>;
 
-/// Places closer than this are one: the pointer cannot tell them apart.
+/// Positions closer than this are treated as equal: the pointer cannot distinguish them.
 constexpr double kSamePlace = 2;
 
 constexpr int kWidestGirdle = 50;
 
-/// The pull in work.
+/// The current pull.
 struct Pull {
-    int row = 0; ///< 0: there is none
+    int row = 0; ///< 0 if there is none
     std::int32_t slot = 0;
     GirdleForm form = GirdleForm::kDipLine;
     GirdlePlane former;  ///< the plane at the press
@@ -43,7 +43,7 @@ struct Pull {
 
 Pull gPull;
 
-/// The row that is pulled, or nothing once its plot has gone.
+/// The row that is pulled, or nothing after its plot was closed.
 GirdleValues* PulledValues() {
     if (gPull.row == 0 || !IsOpenSlot(gPull.slot)) {
         return nullptr;
@@ -51,7 +51,7 @@ GirdleValues* PulledValues() {
     return &RecordOf(gPull.slot).AxisItems[static_cast<std::size_t>(gPull.row)];
 }
 
-/// A part of a style; files may hold any number.
+/// A component of a style; files may contain any number.
 int StyleValue(const TaggedValue& value, int most) {
     return static_cast<int>(std::clamp(NumberOf(value), 0.0, static_cast<double>(most)));
 }
@@ -74,7 +74,7 @@ bool IsAtFormerDipLine(int plotKind, double x, double y) {
     return std::hypot(x - dipX, y - dipY) <= kSamePlace;
 }
 
-/// True when a press may move the girdle of a row.
+/// True if a press may move the girdle of a row.
 bool MayBePulled(const GirdleValues& values, GirdleForm form) {
     const bool hasText = !TextOf(values[kItemText]).empty();
     const bool isHidden = !IsShown(values) && hasText;
@@ -143,7 +143,8 @@ bool PressGirdle(int button, int shift, double x, double y) {
     }
     values[kItemShown] = false;
     if (IsShown(gPull.before)) {
-        RedrawPlot(gActivePlot); // the old girdle goes; the new one is drawn above the picture
+        RedrawPlot(
+            gActivePlot); // the old girdle disappears; the new one is drawn above the picture
     }
     DragGirdle(x, y);
     return true;

@@ -2,8 +2,8 @@
 //
 // Girdles set with the mouse.
 //
-// While the button is held the girdle is no part of the picture: it is drawn above it, by
-// DrawPulledGirdle, so that a move costs no replot. Positions are plot units.
+// While the button is held, the girdle is not part of the picture. DrawPulledGirdle draws it above
+// the picture, so that a move does not require a replot. Positions are plot units.
 
 #pragma once
 
@@ -15,57 +15,57 @@
 
 namespace quandrel {
 
-/// Keys held and buttons pressed, as numbers to be added.
+/// The sum of held keys and pressed buttons.
 inline constexpr int kGirdleShiftKey = 1;
 inline constexpr int kGirdleCtrlKey = 2;
 inline constexpr int kGirdleLeftButton = 1;
 inline constexpr int kGirdleRightButton = 2;
 
-/// What the mouse makes of a place.
+/// How the line at the pointer determines the girdle.
 enum class GirdleForm {
-    kDipLine,        ///< the true dip of the plane
-    kPole,           ///< its pole
-    kThroughDipLine, ///< a line of the plane that also holds the former dip line
+    kDipLine,        ///< it is the true dip of the plane
+    kPole,           ///< it is the pole of the plane
+    kThroughDipLine, ///< it is a line of the plane that also contains the previous dip line
 };
 
-/// The form that goes with a button and keys: Shift and left kDipLine, Shift and right kPole,
-/// Shift, Ctrl and left kThroughDipLine; nothing for any other.
+/// The form for a button and keys: Shift and left kDipLine, Shift and right kPole, Shift, Ctrl and
+/// left kThroughDipLine; nothing for any other combination.
 [[nodiscard]] std::optional<GirdleForm> FormOfKeys(int button, int shift);
 
-/// The plane that a line makes.
+/// The plane that a line determines.
 ///
-/// @param former  the plane whose dip line counts for kThroughDipLine
-/// @return nothing when the line is the former dip line
+/// @param former  the plane whose dip line kThroughDipLine uses
+/// @return nothing if the line equals the former dip line
 [[nodiscard]] std::optional<GirdlePlane> PulledPlane(GirdleForm form, const GirdlePlane& former,
                                                      const NetLine& line);
 
-/// True when gActivePlot is a stereo plot and a row of the user's is active: Shift is then for its
-/// girdle. Rows 9 and 10 are not the mouse's.
+/// True if gActivePlot is a stereo plot and one of the user's rows is active: Shift then applies to
+/// its girdle. The mouse cannot change rows 9 and 10.
 [[nodiscard]] bool CanPullGirdle();
 
-/// A button goes down: the active girdle goes through this place, and follows until the release.
-/// Nothing happens for other keys, for a girdle that is hidden but has a text, and for
+/// A button is pressed: the active girdle passes through this position, and follows the pointer
+/// until the release. Does nothing for other keys, for a hidden girdle with a text, and for
 /// kThroughDipLine in a row without a girdle.
-/// @return true when moves and the release are to follow
+/// @return true if moves and the release must follow
 bool PressGirdle(int button, int shift, double x, double y);
 
 /// The pointer moves with the button held. The text of the row follows.
 void DragGirdle(double x, double y);
 
-/// The button goes up: the girdle is shown in the picture.
+/// The button is released: the girdle becomes part of the picture.
 void ReleaseGirdle();
 
-/// Ends the pull, on Esc, when another plot comes to the front, and before its plot closes: the
-/// girdle becomes what it was.
+/// Cancels the pull, on Esc, when another plot comes to the front, and before its plot closes: the
+/// former girdle is restored.
 void CancelGirdlePull();
 
 /// The row that the mouse pulls, 0 for none.
 [[nodiscard]] int PulledGirdle();
 
-/// Draws the girdle under the mouse; nothing while none is pulled.
+/// Draws the girdle under the mouse; nothing without a pull.
 void DrawPulledGirdle(Surface& surface);
 
-/// What the mouse does until the release: PressGirdle first, DragGirdle with every further call.
+/// The mouse handler until the release: PressGirdle first, DragGirdle on each further call.
 void ChangeUserGirdle(int button, int shift, double x, double y);
 
 } // namespace quandrel

@@ -65,7 +65,7 @@ bool EndsInSense(std::string_view dip) {
     return SplitSenseLetters(dip, number, sense) && !sense.empty();
 }
 
-/// The convention that the parts are in: without a sense of dip they are dip and dip direction.
+/// The convention of the two parts: without a sense of dip they are dip and dip direction.
 int ConventionOf(const Parts& parts, int convention) {
     const std::string_view dip = convention == kStrikeDipSense ? parts.second : parts.first;
     return HasSenseOfDip(convention) && !EndsInSense(dip) ? int{kDipDipDirection} : convention;

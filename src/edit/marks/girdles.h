@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Girdles of a plot: the rules of the girdle panel, over the rows of AxisItems.
+// Girdles of a plot: the rules of the girdle panel for the rows of AxisItems.
 //
-// Row 0 is the mean, rows 1 to 8 are the user's, rows 9 and 10 those of the statistics. A row
-// holds: 0 shown, 1 its text, 2 and 3 plunge and trend of the pole in radians, 4 to 6 colour, draw
-// style and draw width. Girdles set by text hold what the text says; those set with the mouse keep
-// their pole in full, and their text tells it in whole degrees.
+// Row 0 is the mean, rows 1 to 8 are the user's, rows 9 and 10 are those of the statistics. The
+// columns of a row are: 0 whether it is shown, 1 its text, 2 and 3 plunge and trend of the pole in
+// radians, 4 to 6 colour, draw style and draw width. A girdle set by text has the values of the
+// text. A girdle set with the mouse keeps its pole in full precision, and its text has whole
+// degrees.
 
 #pragma once
 
@@ -21,7 +22,7 @@ namespace quandrel {
 
 /// The girdle that the mouse edits.
 struct GirdleInWork {
-    std::int16_t row = 0; ///< 1 to 8; 0 when there is none
+    std::int16_t row = 0; ///< 1 to 8; 0 if there is none
 
     static GirdleInWork now;
 };
@@ -33,7 +34,7 @@ inline constexpr const char* kGirdleHint = "<Shift>+Left or <Shift>+Right mouseb
 
 inline constexpr const char* kGirdleHelpTitle = "To manually fit girdle";
 
-/// What ParseGirdleText gives for a text that it cannot read.
+/// The result of ParseGirdleText for an invalid text.
 inline constexpr const char* kGirdleError = "Error";
 
 [[nodiscard]] constexpr bool IsUserGirdle(int row) {
@@ -48,60 +49,60 @@ struct GirdlePlane {
 
 /// Reads the text of a girdle.
 ///
-/// The two parts of the text are read as the plane convention of `format` orders them. Where that
-/// has a sense of dip and the text has none, they are dip and dip direction.
+/// The two parts of the text are in the order of the plane convention of `format`. If the
+/// convention has a sense of dip but the text does not, they are dip and dip direction.
 ///
-/// @param separator  of the two parts; where the text does not hold it, the first that it holds of
-///                   "/", "\", "-" and "," parts them. May be empty
+/// @param separator  of the two parts; if the text does not contain it, the first of "/", "\", "-"
+///                   and "," in the text separates them. May be empty
 /// @param row        of the panel, for the message
 /// @return a Failure with the message for the user
 [[nodiscard]] Result<GirdlePlane> ReadGirdleText(std::string_view text, std::string_view separator,
                                                  const LineFormat& format, int row);
 
-/// Reads a text in the conventions in force into a row of gActivePlot: its pole, and the style of
-/// its kind of girdle. Tells the user what is wrong with it.
+/// Reads a text in the current conventions into a row of gActivePlot: its pole, and the style of
+/// its kind of girdle. Shows the user what is wrong with an invalid text.
 ///
-/// @return empty, or kGirdleError. Neither that nor an empty text changes the row
+/// @return empty, or kGirdleError. Neither an invalid nor an empty text changes the row
 [[nodiscard]] std::string ParseGirdleText(const std::string& text, int row);
 
 /// Copies the style of a row's kind of girdle into the row.
 void CopyGirdleStyle(PlotRecord& record, int row);
 
-/// Caption of a row's tick: "Mean S" and "Beta axis" of planes, "Mean equiv S" and "Girdle normal"
-/// of other data, "Girdle 1" to "Girdle 8", "Mean arrow".
+/// Caption of a row's check box: "Mean S" and "Beta axis" of planes, "Mean equiv S" and "Girdle
+/// normal" of other data, "Girdle 1" to "Girdle 8", "Mean arrow".
 ///
 /// @param dataKind  DataKindCode of the plot
 [[nodiscard]] std::string GirdleCaption(int row, std::int16_t dataKind);
 
-// The panel. Everything below is about gActivePlot and does nothing when none is open. What changes
-// a girdle draws the plot and its statistics anew.
+// The panel. All functions below act on gActivePlot and do nothing if no plot is open. A change of
+// a girdle redraws the plot and updates its statistics.
 
-/// What the row's text box shows.
+/// The contents of the row's text box.
 [[nodiscard]] std::string GirdleText(int row);
 
-/// True when the row's box is ticked, which it is while the mouse pulls its girdle.
+/// True if the row's box is checked, which includes the time while the mouse pulls its girdle.
 [[nodiscard]] bool IsGirdleShown(int row);
 
-/// The row's box gets the focus: a row of the user's becomes the active one. Others take no part.
+/// The row's box receives the focus: one of the user's rows becomes active. Other rows are ignored.
 void FocusGirdle(int row);
 
-/// No row is active any more: the panel goes.
+/// Deactivates the active row, because the panel closes.
 void LeaveGirdles();
 
-/// Takes what was typed into the box of a row 1 to 8, on Enter or when the focus leaves it: a plane
-/// is stored and shown, an empty text hides the girdle, one that cannot be read hides it and leaves
-/// text and plane as they were. A text that is the row's own is not read again. Afterwards the box
-/// shows GirdleText, the tick IsGirdleShown.
+/// Reads the typed text of row 1 to 8, on Enter or when its box loses the focus: a plane is stored
+/// and shown, an empty text hides the girdle, and an invalid text hides it without changing the
+/// stored text and plane. An unchanged text is not read again. Afterwards the box shows GirdleText,
+/// and the check box IsGirdleShown.
 void UpdateGirdle(int row, const std::string& text);
 
-/// Ticks or unticks a row.
+/// Checks or unchecks a row.
 /// @return false for a row without a girdle, which cannot be shown
 bool ShowGirdle(int row, bool on);
 
-/// Tells how girdles are set with the mouse, and puts the hint back into the information line.
+/// Shows how to set girdles with the mouse, or restores the hint on the information line.
 void ShowGirdleHelp();
 
-/// Draws gActivePlot and writes its statistics after a change of its girdles. A rose has none.
+/// Redraws gActivePlot and its statistics after a change of its girdles. Roses have no girdles.
 void RefreshGirdles();
 
 } // namespace quandrel

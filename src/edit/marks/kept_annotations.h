@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The annotations of a plot as a property that undo keeps (plot_change.h).
+// The annotations of a plot as an undoable property (plot_change.h).
 
 #pragma once
 
@@ -22,7 +22,7 @@ struct AnnotationsProperty {
     [[nodiscard]] static KeptAnnotations Of(int slot);
     static void Give(int slot, const KeptAnnotations& kept);
 
-    /// Of the annotations; whether they are shown plays no part.
+    /// A hash of the annotations; their visibility is not included.
     [[nodiscard]] static std::uint64_t FingerprintOf(int slot);
     [[nodiscard]] static std::size_t BytesOf(const KeptAnnotations& kept);
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The girdles that the user has set in a plot, as a property that undo keeps (plot_change.h).
+// The user's girdles of a plot as an undoable property (plot_change.h).
 
 #pragma once
 
@@ -13,7 +13,7 @@
 namespace quandrel {
 
 struct GirdlesProperty {
-    /// The rows of AxisItems that are the user's, in their order.
+    /// The user's rows of AxisItems, in their order.
     using Value = std::vector<std::array<TaggedValue, kAxisValues>>;
     static constexpr PlotPart kPart = PlotPart::Girdles;
 

@@ -17,13 +17,13 @@ namespace quandrel {
 
 namespace {
 
-/// The picking in work.
+/// The current pick.
 struct Pick {
-    int set = 0; ///< 0: there is none
+    int set = 0; ///< 0 if there is none
     std::int32_t slot = 0;
     bool isDragging = false;
-    NetLine axis;       ///< in full, while the texts hold whole degrees
-    SmallCircle before; ///< the set as it was at the press
+    NetLine axis;       ///< in full precision, while the texts have whole degrees
+    SmallCircle before; ///< the set before the press
 };
 
 Pick gPick;
@@ -32,7 +32,7 @@ bool IsStereoPlot(std::int32_t slot) {
     return IsOpenSlot(slot) && RecordOf(slot).PlotKind != kRose;
 }
 
-/// The circle that is being set, or nothing once its plot has gone.
+/// The circle that is being set, or nothing after its plot was closed.
 SmallCircle* CircleInWork() {
     if (gPick.set == 0 || !IsOpenSlot(gPick.slot) || !RecordOf(gPick.slot).PlotSmallCircles) {
         return nullptr;
@@ -44,7 +44,7 @@ NetLine LineOnPickedPlot(double x, double y) {
     return LineAtPosition(RecordOf(gPick.slot).PlotKind, x, y);
 }
 
-/// Nothing waits for the mouse any more.
+/// Ends the pick.
 void ForgetPick() {
     gPick = {};
     gPlatform.status->SetText(kSmallCircleHint);
@@ -84,7 +84,7 @@ bool PressSmallCircle(double x, double y) {
     circle.AxisAz = WholeAzimuthText(gPick.axis.trend);
     circle.Angle = RadToDegText(0);
     if (circle.Visible != 0) {
-        RedrawPlot(gPick.slot); // the old circle goes; the new one is drawn above the picture
+        RedrawPlot(gPick.slot); // the old circle disappears; the new one is drawn above the picture
     }
     return true;
 }

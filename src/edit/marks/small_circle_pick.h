@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// A small circle set with the mouse: a press gives its axis, the drag its angle, the release ends
-// it.
+// A small circle set with the mouse: a press sets its axis, the drag its angle, and the release
+// ends the pick.
 //
-// While the button is held the circle is no part of the picture: it is drawn above it, by
-// DrawPickedCircle, so that a move costs no replot. Positions are plot units.
+// While the button is held, the circle is not part of the picture. DrawPickedCircle draws it above
+// the picture, so that a move does not require a replot. Positions are plot units.
 
 #pragma once
 
@@ -18,39 +18,39 @@ namespace quandrel {
 inline constexpr const char* kPickCircleHint =
     "Left click on plot, and drag mouse, to set centre and angle of small circle.";
 
-/// Waits for the mouse to set a small circle of gActivePlot. The information line says what to do.
+/// Starts setting a small circle of gActivePlot with the mouse. The information line explains it.
 ///
 /// @param set  1 to kUserCircles
-/// @return false, with nothing begun, without a stereo plot
+/// @return false if there is no stereo plot; then nothing has started
 bool BeginSmallCirclePick(int set);
 
-/// The set that the next press on gActivePlot is for, 0 for none. One that was begun on another
-/// plot does not count.
+/// The set for the next press on gActivePlot, 0 for none. A pick that was started on another plot
+/// does not count.
 [[nodiscard]] int PickedSet();
 
-/// The left button goes down: the axis is here, the angle 0. A press outside the net sets nothing,
-/// and the picking goes on.
-/// @return true while a set is picked: the press is then for nobody else
+/// The left button is pressed: sets the axis, with the angle 0. A press outside the net sets
+/// nothing, and the pick continues.
+/// @return true during a pick: no other code may handle the press
 bool PressSmallCircle(double x, double y);
 
-/// The pointer moves with the button held: the angle is that between the axis and this place.
+/// The pointer moves with the button held: sets the angle between the axis and this position.
 void DragSmallCircle(double x, double y);
 
-/// The button goes up: the circle is shown in its own style, and the picking is over.
+/// The button is released: the circle is shown in its own style, and the pick ends.
 void ReleaseSmallCircle(double x, double y);
 
-/// Ends the picking, on Esc, when the dialog closes, when another plot comes to the front, and
-/// before its plot closes. With the button still held the set becomes what it was. Does nothing
-/// while there is no picking.
+/// Ends the pick, on Esc, when the dialog closes, when another plot comes to the front, and before
+/// its plot closes. While the button is held, this restores the former set. Does nothing without a
+/// pick.
 void EndSmallCirclePick();
 
-/// True between the press and its end.
+/// True between the press and the end of the drag.
 [[nodiscard]] bool IsDraggingSmallCircle();
 
-/// The set of the circle of a slot that is drawn above the picture, and so not in it; 0 for none.
+/// The set that is drawn above the picture of a slot and therefore not in it; 0 for none.
 [[nodiscard]] int CircleAbovePicture(std::int32_t slot);
 
-/// Draws the circle under the mouse; nothing while none is dragged.
+/// Draws the circle under the mouse; nothing without a drag.
 void DrawPickedCircle(Surface& surface);
 
 } // namespace quandrel

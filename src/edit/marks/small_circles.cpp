@@ -72,7 +72,7 @@ CircleStyle StyleOf(const SmallCircle& circle) {
     return PossibleStyle({circle.LineColour, circle.lineStyle, circle.LineWidth});
 }
 
-/// A change of gActivePlot has been made. A rose has no small circles to be drawn.
+/// Completes a change of gActivePlot. A rose does not show small circles.
 void FinishChange(bool isShown) {
     const bool isSeen = isShown && ActiveRecord().PlotKind != kRose;
     FinishUnkept(gActivePlot, isSeen ? Redraw::Picture : Redraw::Nothing);

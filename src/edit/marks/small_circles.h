@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Small circles of a plot: how they are read from their texts, drawn, and changed by the dialog.
+// Small circles of a plot: reading their texts, drawing them, and changes by the dialog.
 //
 // A plot has the user's sets 1 to 4. The texts of a set are degrees: plunge and azimuth of the axis
-// and the angle about it. An axis has two ends, so that the cone about it has two parts: what
-// points up is plotted by its other end, and an angle above 90 gives the same circle as 180 less
-// it.
+// and the angle around it. An axis has two ends, so the cone has two parts: upward directions are
+// plotted at their opposite ends, and an angle above 90 gives the same circle as 180 minus the
+// angle.
 
 #pragma once
 
@@ -21,7 +21,7 @@ inline constexpr int kUserCircles = 4;
 inline constexpr int kTextsOfCircle = 3;
 inline constexpr int kCircleBoxes = kUserCircles * kTextsOfCircle;
 
-/// Steps of a drawn circle, as LastPlotSects keeps them.
+/// The number of steps of a drawn circle, as in LastPlotSects.
 inline constexpr std::int16_t kSmallCircleSectors = 360;
 
 inline constexpr int kWidestCircle = 20; ///< logical pixels
@@ -39,56 +39,56 @@ enum class CirclePart { kPlunge = 0, kAzimuth = 1, kAngle = 2 };
     return (box - 1) / kTextsOfCircle + 1;
 }
 
-/// What a box txtSmallCircle(1) to (12) holds.
+/// The contents of a box txtSmallCircle(1) to (12).
 [[nodiscard]] constexpr CirclePart PartOfCircleBox(int box) {
     return static_cast<CirclePart>((box - 1) % kTextsOfCircle);
 }
 
-/// A small circle as it is drawn, radians.
+/// A small circle for drawing, radians.
 struct CircleCone {
     double plunge = 0; ///< of the axis, -kPi/2 to kPi/2
     double trend = 0;
     double halfAngle = 0; ///< 0 to kPi/2
 };
 
-/// The value of a text in radians: a plunge from -90 to 90, an azimuth from -360 to 360 or in
+/// The value of a text in radians: a plunge from -90 to 90, an azimuth from -360 to 360, in
 /// quadrant notation or as a compass name, an angle from 0 to 180. Nothing for other texts.
 [[nodiscard]] std::optional<double> CircleValue(CirclePart part, const std::string& text);
 
-/// What a box may hold, in words: "The angle has to be a number from 0 to 180."
+/// The rule for a box, in words: "The angle has to be a number from 0 to 180."
 [[nodiscard]] std::string CircleRule(CirclePart part);
 
-/// The cone of a small circle, or nothing when one of its texts cannot be read.
+/// The cone of a small circle, or nothing if one of its texts is invalid.
 [[nodiscard]] std::optional<CircleCone> ConeOfCircle(const SmallCircle& circle);
 
-/// Draws a cone in the style, width and colour of a circle. One of angle 0 is a point.
+/// Draws a cone in the style, width and colour of a circle. A cone with angle 0 is a point.
 void DrawSmallCircle(Surface& surface, const Styles& styles, int plotKind, const CircleCone& cone,
                      const SmallCircle& circle);
 
-/// Notes the steps that the circles that are drawn have, LastPlotSects.
+/// Sets LastPlotSects to the number of steps of the drawn circles.
 void NoteSmallCircles(PlotRecord& record);
 
-/// Draws the small circles of a plot that are shown and can be read, and its confidence cone: the
-/// whole stage of a drawing.
+/// Draws the visible small circles with valid texts, and the confidence cone, of a plot: the
+/// complete stage of a drawing.
 void DrawSmallCircles(const PlotRecord& record, const Drawing& drawing);
 
-// The dialog. Everything below is about gActivePlot and does nothing when none is open; sets run
-// from 1 to kUserCircles. A change draws the plot anew if it shows.
+// The dialog. All functions below act on gActivePlot and do nothing if no plot is open; sets run
+// from 1 to kUserCircles. A visible change redraws the plot.
 
 /// "Small Circles on: " and the title of the plot.
 [[nodiscard]] std::string SmallCircleCaption();
 
-/// The small circle of a set, or nothing while no plot is open. Not for changes.
+/// The small circle of a set, or nothing if no plot is open. Read-only.
 [[nodiscard]] const SmallCircle* SmallCircleOfSet(int set);
 
-/// True when the set is ticked.
+/// True if the set is checked.
 [[nodiscard]] bool IsSmallCircleShown(int set);
 
-/// Stores what stands in a box. A set with a text that cannot be read is not drawn.
+/// Stores the contents of a box. A set with an invalid text is not drawn.
 void TypeCircleText(int set, CirclePart part, const std::string& text);
 
-/// Ticks or unticks a set; its texts stay.
-/// @return empty, or why it cannot be ticked: the rule of the first box that breaks its own
+/// Checks or unchecks a set; its texts are kept.
+/// @return empty, or why it cannot be checked: the rule of the first invalid box
 [[nodiscard]] std::string ShowSmallCircle(int set, bool on);
 
 struct CircleStyle {
@@ -99,7 +99,7 @@ struct CircleStyle {
     friend bool operator==(const CircleStyle&, const CircleStyle&) = default;
 };
 
-/// The style of a set, with values that cannot be drawn brought into their ranges.
+/// The style of a set, with invalid values brought into range.
 [[nodiscard]] CircleStyle StyleOfSmallCircle(int set);
 
 void StyleSmallCircle(int set, const CircleStyle& style);
