@@ -11,13 +11,13 @@ namespace quandrel {
 namespace {
 
 constexpr double kGap = 4;              ///< between things on a page, millimetres
-constexpr double kLeastTextWidth = 55;  ///< wanted for texts beside a net
-constexpr double kLeastTextHeight = 40; ///< wanted for texts below a net
+constexpr double kLeastTextWidth = 55;  ///< for texts beside a net, millimetres
+constexpr double kLeastTextHeight = 40; ///< for texts below a net, millimetres
 constexpr double kMostTextShare = 0.4;  ///< of a cell, for texts
-constexpr double kAmpleTexts = 4500;    ///< square millimetres that hold all texts of most plots
-constexpr double kLeastStrip = 25;      ///< room for texts below a plot that fills a page's width
-constexpr double kMostTextSide = 90;    ///< of texts about a plot that the user has placed
-constexpr double kRoundingRoom = 1e-9;  ///< of lengths that are equal but for rounding
+constexpr double kAmpleTexts = 4500;    ///< square millimetres; enough for all texts of most plots
+constexpr double kLeastStrip = 25; ///< millimetres; for texts below a plot with the width of a page
+constexpr double kMostTextSide = 90;   ///< of texts around a plot that the user has placed
+constexpr double kRoundingRoom = 1e-9; ///< for lengths that differ only by rounding
 
 PlotPlaces BesideNet(const PageRect& cell) {
     const double wanted = std::min(kLeastTextWidth, kMostTextShare * cell.width);
@@ -35,7 +35,7 @@ PlotPlaces BelowNet(const PageRect& cell) {
             {cell.left, top, cell.width, cell.Bottom() - top}};
 }
 
-/// The largest net of a cell; texts stand beside it where that costs nothing.
+/// The largest net of a cell. Texts are beside it if that does not make it smaller.
 PlotPlaces PlacesInCell(const PageRect& cell) {
     const PlotPlaces beside = BesideNet(cell);
     const PlotPlaces below = BelowNet(cell);
@@ -57,13 +57,13 @@ std::size_t RowsFor(std::size_t count, std::size_t columns) {
     return (count + columns - 1) / columns;
 }
 
-/// What places are good for: large nets, and a little for texts that need not be small.
+/// The score of an arrangement: large nets count most, and enough space for texts a little.
 double Merit(const PlotPlaces& places) {
     const double share = places.texts.width * places.texts.height / kAmpleTexts;
     return places.net.width * std::pow(std::min(share, 1.0), 0.25);
 }
 
-/// The number of columns that gives the best places; the fewer of equals.
+/// The number of columns with the best score; the smaller number if scores are equal.
 std::size_t BestColumns(const PageRect& area, std::size_t count) {
     std::size_t best = 1;
     double most = 0;
@@ -77,7 +77,7 @@ std::size_t BestColumns(const PageRect& area, std::size_t count) {
     return best;
 }
 
-/// One plot in the middle, with its texts in what is left at the area's right or lower end.
+/// One plot in the middle, with its texts in the remaining space on the right or below.
 PlotPlaces MiddleOf(const PageRect& area) {
     const double side = std::min(area.width, area.height);
     const PageRect net{area.left + (area.width - side) / 2, area.top + (area.height - side) / 2,
@@ -90,7 +90,7 @@ PlotPlaces MiddleOf(const PageRect& area) {
     return {net, {area.left, top, area.width, area.Bottom() - top}};
 }
 
-/// What is left of a strip along x or y once others are cut away from its far end.
+/// The rest of a strip along x or y after other rectangles are cut off its far end.
 void CutAway(PageRect& room, const PageRect& other, const PageRect& square) {
     if (!DoOverlap(room, other)) {
         return;
@@ -145,7 +145,7 @@ PageRect RoomBeside(const PageRect& square, const PageRect& area,
                     std::span<const PageRect> others) {
     const double top = std::max(square.top, area.top);
     const double left = std::max(square.left, area.left);
-    // Beside a small net the texts may be higher than it, and below it wider.
+    // Texts can be higher than a small net beside them, and wider than one above them.
     const double bottom =
         std::min(std::max(square.Bottom(), top + kLeastTextHeight), area.Bottom());
     const double right = std::min(std::max(square.Right(), left + kLeastTextWidth), area.Right());

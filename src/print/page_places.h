@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Sharing out a page among plots: pure geometry, millimetres from the top left corner.
+// Dividing a page among plots: pure geometry, millimetres from the top left corner.
 
 #pragma once
 
@@ -12,25 +12,25 @@
 
 namespace quandrel {
 
-/// The places of a plot.
+/// The rectangles of a plot.
 struct PlotPlaces {
     PageRect net;   ///< a square
-    PageRect texts; ///< beside or below it; they do not touch
+    PageRect texts; ///< beside or below the net, without contact
 };
 
-/// Places for plots, none overlapping another.
+/// Rectangles for plots, without overlaps.
 ///
-/// @param area  to be shared out, sides above 0
-/// @return `count` places, in rows from the top, all nets of one size. One plot alone has the
-///     largest square in the middle of the area, if the area is long enough to leave room for texts
+/// @param area  to be divided; both sides are greater than 0
+/// @return `count` elements, in rows from the top, with nets of equal size. A single plot has the
+///         largest square in the middle of the area, if the area is long enough for texts
 [[nodiscard]] std::vector<PlotPlaces> FittedPlaces(const PageRect& area, std::size_t count);
 
-/// The best room for texts beside a square: right, left, below or above it, inside an area and
-/// clear of other squares. Without any room its width and height are 0.
+/// The best space for texts beside a square: right, left, below or above it, within an area and
+/// clear of other squares. If there is none, its width and height are 0.
 [[nodiscard]] PageRect RoomBeside(const PageRect& square, const PageRect& area,
                                   std::span<const PageRect> others);
 
-/// True when two rectangles have more in common than an edge.
+/// True if two rectangles share more than an edge.
 [[nodiscard]] bool DoOverlap(const PageRect& a, const PageRect& b);
 
 } // namespace quandrel

@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kUnitsAbout = 1.1; ///< half the side of a net's square, in radii
 
-/// Finds room for legend and texts of plots that the user has placed: clear of all nets, and of the
-/// texts of the plots before.
+/// Finds space for legend and texts of plots that the user has placed: clear of all nets, and of
+/// the texts of the previous plots.
 void PlaceAllTexts(PrintLayout& layout) {
     const PageRect area = FittingArea(layout.paper);
     for (std::size_t i = 0; i < layout.plots.size(); ++i) {

@@ -30,13 +30,13 @@ constexpr const char* kNoDefaultText =
     "Can't detect a default printer.\nYou will need to choose Printer Setup.. from the Files Menu "
     "before you can print any data.";
 
-/// What has less room than this is left out, millimetres.
+/// Anything with less space than this is omitted, millimetres.
 constexpr double kLeastRoom = 8;
 
-/// Pixels each way of a legend that nobody sees.
+/// Width and height in pixels of a legend that is not visible.
 constexpr double kUnseenSide = 8;
 
-/// A file to print to; nothing when the user names none.
+/// A file to print to; nothing if the user cancels.
 std::optional<std::string> AskForFile(const std::vector<PlotOnPage>& items) {
     PathQuestion question;
     question.title = "Print to a PDF file";
@@ -56,8 +56,8 @@ bool AreAllOpen(const std::vector<PlotOnPage>& items) {
     return !items.empty();
 }
 
-/// The styles with the fonts of the printer in the place of those of the screen: of the fabric
-/// label, the legend, the statistics and the plot area.
+/// The styles with the fonts of the printer instead of those of the screen, for the fabric label,
+/// the legend, the statistics and the plot area.
 Styles StylesForPrinter(const Styles& styles) {
     Styles printed = styles;
     printed.fonts[kFabricFont] = styles.fonts[kPrintFabricFont];
@@ -78,7 +78,7 @@ void DrawNetAlone(Surface& net, const Styles& styles) {
     DrawOnPaper(net, unseen, styles);
 }
 
-/// Draws the active plot with what is about it.
+/// Draws the active plot with the texts around it.
 void DrawWithTexts(Surface& net, PrintedPage& page, const PageRect& room, const Styles& styles) {
     Surface& texts = page.SurfaceIn(room);
     texts.SetUserScale({0, 0, room.width, -room.height});
@@ -201,7 +201,7 @@ void PrintRun::DrawItem(const PlotOnPage& item) {
     const PlotInWork work(item.slot);
     const Styles styles = StylesForPrinter(gSettings.styles);
     WorkOutUnseen(ActivePlot());
-    // The whole of the square is the net's scale: 1000 units are the radius, 100 are about it.
+    // The square extends 1100 units from the centre: 1000 are the radius, 100 are outside it.
     Surface& net = page_->SurfaceIn(NetSquare(item));
     if (item.texts.width < kLeastRoom || item.texts.height < kLeastRoom) {
         DrawNetAlone(net, styles);

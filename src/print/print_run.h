@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Printing: plots of a layout are drawn on a page by the procedures that draw them on the screen.
+// Printing: draws the plots of a layout on a page by the procedures that draw them on the screen.
 //
-// Inside the folder: places on a page, texts beside a plot, the layout of a picture file.
-// Enters: open plots with the places and sizes that the user gives them, in millimetres.
-// Leaves: pages that are drawn plot by plot through the printer port, and layouts as values; the
-// screen's plots stay as they are.
+// This folder holds positions on a page, texts beside a plot, and the layout of a picture file.
+// Input: open plots with the positions and sizes that the user chooses, in millimetres.
+// Output: pages that are drawn plot by plot through the printer port, and layouts as values; the
+// plots on the screen do not change.
 
 #pragma once
 
@@ -19,10 +19,10 @@
 
 namespace quandrel {
 
-/// What printing is at.
+/// The state of printing.
 struct PrintState {
     int printing = 0;                  ///< non-zero while plots are being printed
-    std::vector<std::string> printers; ///< as they were last listed; empty when there are none
+    std::vector<std::string> printers; ///< as last listed; empty if there are none
 
     static PrintState now;
 };
@@ -38,18 +38,18 @@ inline constexpr const char* kLegendNote =
 inline constexpr const char* kPrintAnotherText =
     "Print another selection or <Close> to return to main plot";
 
-/// Width, height and blank rim of the page, in millimetres, the unit of all printers.
+/// Width, height and unprintable margin of the page, in millimetres, the unit of all printers.
 void GetPagePrintArea(double& width, double& height, double& margin);
 
 /// Shows the platform's printer dialog and lists the printers in gPrinters. False on Cancel.
 bool PrinterSetup();
 
-/// Whether plots can be printed: there is a printer, or a file to print to. Tells the user when
-/// there is nothing, and when none of the printers is the default one: a printer then has to be
-/// chosen first.
+/// Whether plots can be printed: there is a printer, or a file to print to. Shows a message if
+/// there is neither, and if no printer is the default one: the user must then choose a printer
+/// first.
 [[nodiscard]] bool CanPrint();
 
-/// The printer's name, " on ", its port; without a port the name alone.
+/// The printer's name, " on ", its port; without a port only the name.
 [[nodiscard]] std::string PrinterText(const PrinterChoice& printer);
 
 /// "Portrait" or "Landscape".
@@ -58,21 +58,20 @@ bool PrinterSetup();
 enum class PrintOutcome {
     Printed,
     Stopped,   ///< by the user; nothing is printed
-    Cancelled, ///< the user named no file
-    Failed,    ///< and the user has been told; nothing is printed
+    Cancelled, ///< the user chose no file
+    Failed,    ///< the user has seen a message; nothing is printed
 };
 
-/// A page that is drawn plot by plot, so that whoever drives it can stop it in between. Whatever
-/// happens, gPrinting, gActivePlot, the fonts and the state of the screen's plots are as before
-/// when it is gone.
+/// A page that is drawn plot by plot, so that the caller can stop in between. The destructor always
+/// restores gPrinting, gActivePlot, the fonts and the state of the plots on the screen.
 class PrintRun {
 public:
-    /// Takes a page of the platform's printer; asks for a path when the page goes to a file.
+    /// Opens a page of the platform's printer; asks for a path if the page goes to a file.
     explicit PrintRun(std::vector<PlotOnPage> items);
 
-    /// Takes a page of a printer.
+    /// Opens a page of a printer.
     ///
-    /// @param path  of the file that the page goes to
+    /// @param path  of the file that receives the page
     PrintRun(std::vector<PlotOnPage> items, PrinterPort& printer, const std::string& path);
     ~PrintRun();
     PrintRun(const PrintRun&) = delete;
@@ -84,13 +83,13 @@ public:
     /// Draws the next plot.
     void PrintNext();
 
-    /// Draws no more, and drops the page.
+    /// Stops drawing, and discards the page.
     void Stop();
 
-    /// Ends the document. Called once, when there are no more plots.
+    /// Ends the document. Call it once, when no plots are left.
     PrintOutcome End();
 
-    /// The same, and tells the user of a failure.
+    /// Same as above, and reports a failure to the user.
     PrintOutcome Finish();
 
 private:
@@ -104,7 +103,7 @@ private:
     PrintOutcome outcome_ = PrintOutcome::Printed;
 };
 
-/// Prints plots on one page. Esc is heard between them.
+/// Prints plots on one page. Esc is checked between plots.
 PrintOutcome PrintSelectedPlots(const std::vector<PlotOnPage>& items);
 
 } // namespace quandrel

@@ -22,14 +22,15 @@ namespace {
 
 constexpr double kSmallestScale = 0.5;
 constexpr double kScaleStep = 0.05;
-constexpr double kUncutLegend = 0.75; ///< in smaller sizes a legend that is too wide is cut instead
+constexpr double kUncutLegend =
+    0.75; ///< at smaller scales, a legend that is too wide is cut instead
 constexpr int kMostColumns = 4;
-constexpr double kColumnGap = 4;     ///< millimetres, as all rooms on pages are measured
-constexpr double kNarrowColumn = 32; ///< columns of a room with several are at least as wide
+constexpr double kColumnGap = 4;     ///< millimetres, like all space on pages
+constexpr double kNarrowColumn = 32; ///< minimum width if there are several columns
 constexpr double kLegendSpacing = 1.15;
 constexpr double kSampleWidth = 2.5; ///< of a legend's samples, in widths of an M
 
-/// A text that is to be placed.
+/// A text to be placed.
 struct Section {
     PlotFontPlace font;
     std::string text;
@@ -62,7 +63,7 @@ void UseFont(Surface& surface, const Styles& styles, PlotFontPlace font, double 
     surface.SetState(state);
 }
 
-/// Fills the columns of a room from the top down.
+/// Fills the columns of an area from the top down.
 class ColumnFiller {
 public:
     ColumnFiller(Surface& surface, const Styles& styles, double height, double columnWidth,
@@ -84,7 +85,7 @@ public:
                 cutsLegend_ || left + surface_.TextWidth(DrawableText(line.text)) > columnWidth_;
         }
         const double lineHeight = kLegendSpacing * surface_.TextHeight();
-        // A hair more, so that rounding does not cost the last line.
+        // Slightly more, so that rounding does not remove the last line.
         const double wanted = (static_cast<double>(lines.size()) + 0.01) * lineHeight;
         isWhole_ = isWhole_ && wanted <= height_;
         plan_.legend = {0, 0, columnWidth_, std::min(wanted, height_)};
@@ -120,10 +121,10 @@ public:
         }
     }
 
-    /// True when everything has found its place, the ends of wide legend lines aside.
+    /// True if everything fits, except for the ends of wide legend lines.
     [[nodiscard]] bool IsWhole() const { return isWhole_; }
 
-    /// True when a line of the legend is wider than its column.
+    /// True if a line of the legend is wider than its column.
     [[nodiscard]] bool CutsLegend() const { return cutsLegend_; }
 
     [[nodiscard]] const TextPlan& Plan() const { return plan_; }
@@ -134,7 +135,7 @@ private:
         top_ = 0;
     }
 
-    /// Lines that would part here, and need not in the next column, go there.
+    /// Moves lines to the next column if they would be separated here but not there.
     void KeepTogether(std::size_t lines, double lineHeight) {
         const double wanted = static_cast<double>(lines) * lineHeight;
         if (top_ > 0 && top_ + wanted > height_ && wanted <= height_ && column_ + 1 < columns_) {
@@ -147,7 +148,7 @@ private:
             NextColumn();
         }
         if (top_ == 0 && column_ > 0 && line.find_first_not_of(" \t") == std::string::npos) {
-            return; // a gap has no use at the head of a column
+            return; // a gap at the top of a column is useless
         }
         if (isCut_ || top_ + lineHeight > height_) {
             Cut();
@@ -189,7 +190,7 @@ TextPlan PlanTexts(Surface& surface, const Styles& styles, double width, double 
             : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
     TextPlan plan;
-    std::optional<TextPlan> cut; // the largest whose only fault is a legend that is cut
+    std::optional<TextPlan> cut; // the largest that fits except for a cut legend
     const int steps = static_cast<int>(std::lround((1 - kSmallestScale) / kScaleStep));
     for (int step = 0; step <= steps; ++step) {
         const double scale = 1 - kScaleStep * step;

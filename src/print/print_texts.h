@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// What stands about a printed plot: its legend, and under it fabric, description and statistics.
+// The texts around a printed plot: its legend, and below it fabric, description and statistics.
 //
-// The texts run down the columns of their room. They have the sizes of their fonts as long as the
-// room allows, and are set smaller where it is narrow. A line of the legend that is far too wide
-// for it, such as a long name of a file, is cut as on the screen and leaves the sizes as they are.
+// The texts fill the columns of their area. They have their normal font sizes if the area is large
+// enough, and smaller sizes otherwise. A legend line that is far too wide, such as a long file
+// name, is cut as on the screen and does not affect the sizes.
 
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace quandrel {
 
-/// A rectangle of a room, in its units from its top left corner.
+/// A rectangle in an area, in its units from its top left corner.
 struct RoomRect {
     double left = 0;
     double top = 0;
@@ -24,7 +24,7 @@ struct RoomRect {
     double height = 0;
 };
 
-/// A line of text with its place.
+/// A line of text with its position.
 struct PlacedText {
     RoomRect where;
     PlotFontPlace font = kGeneralFont;
@@ -32,21 +32,21 @@ struct PlacedText {
 };
 
 struct TextPlan {
-    double fontScale = 1; ///< what the sizes of all fonts are multiplied with, up to 1
-    RoomRect legend;      ///< without height when the plot shows none
+    double fontScale = 1; ///< scale of all font sizes, up to 1
+    RoomRect legend;      ///< height 0 if the plot shows none
     std::vector<PlacedText> texts;
 };
 
-/// How the texts of gActivePlot go into a room. What finds no place even in the smallest size is
-/// left out, and "..." stands for it.
+/// The layout of the texts of gActivePlot in an area. Text that does not fit even at the smallest
+/// size is replaced by "...".
 ///
-/// @param surface  of the room, for the measures of its texts; its state changes
+/// @param surface  of the area, for text measurements; its state changes
 /// @param room     width and height, in the surface's units
 [[nodiscard]] TextPlan PlanTexts(Surface& surface, const Styles& styles, double width,
                                  double height);
 
-/// Draws the texts of a plan. The surface's units are those of the plan, y being up from -height at
-/// the foot of the room to 0.
+/// Draws the texts of a plan. The surface's units are those of the plan, with y upward from -height
+/// at the bottom of the area to 0.
 void DrawPlannedTexts(Surface& surface, const Styles& styles, const TextPlan& plan);
 
 } // namespace quandrel
