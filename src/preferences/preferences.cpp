@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::array<const char*, 2> kPitchNames = {"pitch", "rake"};
 
-/// The number of plots that the next run will have.
+/// The number of plots of the next run.
 std::int16_t MaxPlotsInStore() {
     const std::string text = gPlatform.settings->Read(kApplicationName, kStartUp, kMaxPlotsKey, {});
     return MaxPlotsOf(text, gMaxPlots);
@@ -38,7 +38,7 @@ void UseGeneralOptions(const Settings& preferences) {
     gSettings.files.nonDataLines = preferences.files.nonDataLines;
 }
 
-/// Saves a number of plots for the next run; this one goes on with its own.
+/// Saves a number of plots for the next run; this run keeps its own.
 [[nodiscard]] bool SaveMaxPlots(std::int16_t plots) {
     const std::int16_t inUse = gMaxPlots;
     gMaxPlots = std::clamp<std::int16_t>(plots, 1, kMostPlots);
@@ -56,7 +56,7 @@ void UseGeneralOptions(const Settings& preferences) {
     return gPlatform.prompts->Ask(question) == Button::Yes;
 }
 
-/// False when the store could not be written.
+/// False if the store could not be written.
 [[nodiscard]] bool KeepMaxPlots(std::int16_t plots) {
     if (plots == MaxPlotsInStore() || !AskToSaveMaxPlots()) {
         return true;

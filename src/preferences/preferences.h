@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The preferences: a working copy of the settings that the user changes in one go, and how it takes
-// hold.
+// The preferences: a working copy of the settings that the user changes, and how it is applied.
 //
-// The copy is the caller's. Nothing changes until ApplyPreferences: a copy that is dropped leaves
-// no trace.
+// The caller owns the copy. Nothing changes until ApplyPreferences: a discarded copy has no effect.
 //
-// Inside the folder: that copy, samples drawn by it, and what a changed style does to rows.
-// Enters: the settings, and what the user changes of them.
-// Leaves: settings in force and in their file, open plots drawn anew by them.
+// This folder holds that copy, samples drawn with it, and the effect of a changed style on rows.
+// Input: the settings, and the user's changes to them.
+// Output: the current settings and their file, and all open plots redrawn with them.
 
 #pragma once
 
@@ -23,28 +21,28 @@
 
 namespace quandrel {
 
-/// The preferences in force. Their number of plots is that of the store: the running session keeps
-/// what it began with.
+/// The current preferences. Their number of plots is that in the store: the running session keeps
+/// its initial number.
 [[nodiscard]] Settings CurrentPreferences();
 
-/// Those of a first run.
+/// The preferences of a first run.
 [[nodiscard]] Settings DefaultPreferences();
 
-/// The first of the names that a pitch can have when the text is neither.
+/// The first of the names for a pitch if the text is neither of them.
 [[nodiscard]] std::string PitchNameOf(std::string_view text);
 
-/// A text of a number of plots: whole, 1 to kMostPlots; nothing readable gives `otherwise`.
+/// The number of plots in a text: whole, 1 to kMostPlots. An invalid text gives `otherwise`.
 [[nodiscard]] std::int16_t MaxPlotsOf(std::string_view text, std::int16_t otherwise);
 
 enum class KeepSettings { No, Yes };
 
-/// Lets the preferences take hold: copies them into the globals, asks about another number of plots
-/// and saves it at once when the user agrees, saves the settings when asked to, and draws all open
-/// plots anew (RedrawStyles).
+/// Applies the preferences: copies them into the globals, asks about a changed number of plots and
+/// saves it at once if the user agrees, saves the settings if requested, and redraws all open plots
+/// (RedrawStyles).
 ///
 /// The width and the aspect of new windows are brought into their ranges (PlotWidthOf,
-/// PlotAspectOf). The number of plots of the running session stays. A store that cannot be written
-/// is told of.
+/// PlotAspectOf). The number of plots of the running session is unchanged. Reports a store that
+/// cannot be written.
 void ApplyPreferences(const Settings& preferences, KeepSettings keep);
 
 } // namespace quandrel

@@ -16,7 +16,7 @@ namespace quandrel {
 
 namespace {
 
-/// The row of gAxisStyleTable that a girdle of the panel is drawn in.
+/// The row of gAxisStyleTable for a girdle of the panel.
 std::size_t StyleOfItem(std::size_t item) {
     if (item == kMeanItem) {
         return kMeanGirdleStyle;
@@ -85,7 +85,7 @@ void StyleChange::FollowInRows(const PlotCodes& former, const PlotCodes& now) {
         const auto overlay = static_cast<std::size_t>(OverlayOfRow(record, row));
         const SymbolCode formerBase = base;
         const std::size_t own = shown.dip < 0 && shown.dip != kErrorRow ? 1 : 0;
-        // Rows of derived lines may have the other style of their two.
+        // Rows of derived lines may have either of their two styles.
         for (const std::size_t sign : {own, 1 - own}) {
             if (formerBase == former.rows[overlay][sign]) {
                 base = now.rows[overlay][sign];

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What a change of the style tables does to the open plots: rows, and the girdles and axes of their
-// records, hold copies of styles.
+// The effect of a change of the style tables on the open plots. Rows, and the girdles and axes of
+// plot records, contain copies of styles.
 
 #pragma once
 
@@ -13,8 +13,7 @@
 
 namespace quandrel {
 
-/// Remembers the style tables as they are; once they have changed, RedrawStyles brings the open
-/// plots in line.
+/// Stores the style tables before a change. RedrawStyles then updates the open plots.
 class StyleChange {
 public:
     StyleChange();
@@ -22,16 +21,16 @@ public:
     StyleChange(const StyleChange&) = delete;
     StyleChange& operator=(const StyleChange&) = delete;
 
-    /// Gives each row of an open plot that still has the former code of its style the new one, the
-    /// same for the styles of classes and girdles, and draws the plots anew. What was changed by
-    /// hand stays. Nothing is worked out anew. O(rows).
+    /// Each row of an open plot that still has the former code of its style gets the new code; so
+    /// do the styles of classes and girdles. Then the plots are redrawn. Changes made by hand are
+    /// kept. Nothing is recalculated. O(rows).
     void RedrawStyles() const;
 
 private:
     /// The codes of new rows of one set, of downward and of upward lines.
     using CodePair = std::array<SymbolCode, 2>;
 
-    /// What the open plot of a slot takes from the tables.
+    /// The codes that the plot of a slot takes from the tables.
     struct PlotCodes {
         int slot = 0;
         std::array<CodePair, kMaxOverlays + 1> rows{}; ///< [0] main rows, [k] overlay k

@@ -101,9 +101,9 @@ void DrawGirdleSamples(Surface& surface, const Styles& styles) {
     }
 }
 
-constexpr double kFrame = 2200; ///< plot units of a rose with its margins
+constexpr double kFrame = 2200; ///< plot units; size of a rose with its margins
 
-/// The user scale that puts the frame of one of several roses at its place in a row of them.
+/// The user scale that places the frame of one of several roses in a row of them.
 UserScale ScaleOfRoseNumber(int number) {
     const double left = kPlotScale.left - number * kFrame;
     return {left, kPlotScale.top, left + kSampleRoses * kFrame, kPlotScale.bottom};
@@ -114,14 +114,14 @@ constexpr int kWindSectors = 12;
 constexpr int kClassedSectors = 6;
 constexpr int kSampleClasses = 12;
 
-/// Adds a layer of petals of these lengths, which share `turn` degrees.
+/// Adds a layer of petals with these lengths, which divide `turn` degrees equally.
 void AddLayer(Plot& plot, RoseRadiiTable radii, double turn, int layer) {
     plot.record.RoseSectorSize = turn / radii.Sectors();
     RoseOf(plot).radii = std::move(radii);
     AddRoseWedges(plot, layer);
 }
 
-/// Lengths that rise and fall once over the sectors, from `least` to `most`.
+/// Lengths that increase and decrease once over the sectors, from `least` to `most`.
 RoseRadiiTable Waves(int sectors, double least, double most) {
     RoseRadiiTable radii(sectors, 1);
     for (int sector = 1; sector <= sectors; ++sector) {
