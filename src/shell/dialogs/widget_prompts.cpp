@@ -95,7 +95,7 @@ Button EscapeButton(Buttons set) {
     return Button::Cancel;
 }
 
-/// The active dialog of a window, or the window itself.
+/// True for a window itself and for its dialogs.
 bool Belongs(const QWidget& widget, const QWidget& window) {
     for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
         if (at == &window) {

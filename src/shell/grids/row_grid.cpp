@@ -80,7 +80,7 @@ void RowPicker::select(const QItemSelection& selection, SelectionFlags command) 
     if (command == NoUpdate) {
         return;
     }
-    // A model that has only just received its rows does not change the selection.
+    // The model may have more rows than before; this does not change the selection.
     rows_.resize(RowCount());
     const std::vector<bool> before = rows_;
     if (command.testFlag(Clear)) {

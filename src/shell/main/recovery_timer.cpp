@@ -89,7 +89,7 @@ void RecoveryTimer::OnIdle() {
         roundDue_ = true;
     }
     work_.invalidate();
-    // A due round waits until the end of the next event.
+    // A due round waits until the end of a later event, outside of steps and drags.
     if (!IsAtRest()) {
         return;
     }

@@ -38,7 +38,7 @@ public:
     /// Adds the items of a menu.
     void AddItems(MapMenu of, QMenu& menu) const;
 
-    /// Enables or disables the commands.
+    /// Enables or disables a command by its name.
     ///
     /// @param hasMap  a map is shown. A click brings it to the front, so its tools are enabled even
     ///                while another window is in front
