@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// The public interface (include/quandrel) over the kernels of the engine. This is its chief header:
-// how values cross the border.
+// The public interface (include/quandrel) of the engine's kernels. This is its chief header: the
+// conversion of values between the interface and the kernels.
 //
-// Public values arrive as degrees, are checked here, and go to the kernels as radians; results
-// leave as degrees, with azimuths below 360. Nothing here keeps or reads state, and nothing is
-// computed here that a kernel computes. A kernel that reads a global does not belong here: it gets
-// an argument instead. The one exception is reading a plot file, which begins with the record of a
-// new plot: no field that the settings decide leaves.
+// Public values are in degrees. They are checked here and passed to the kernels in radians. Results
+// are returned in degrees, with azimuths below 360. This folder neither stores nor reads state, and
+// it leaves all calculations to the kernels. A kernel that reads a global cannot be called here: it
+// needs an argument instead. The only exception is reading a plot file, which starts from the
+// record of a new plot: no field that depends on the settings is returned.
 
 #pragma once
 

@@ -27,7 +27,7 @@ ClassRule RuleOf(const Ranges& ranges) {
         throw std::invalid_argument("the limits of ranges are not ascending");
     }
     ClassRule rule;
-    rule.column = kTextNumberClasses; // whose limits are 64-bit
+    rule.column = kTextNumberClasses; // its limits are 64-bit
     rule.base = static_cast<int>(ranges.limits.size()) - 1;
     std::copy(ranges.limits.begin(), ranges.limits.end() - 1, rule.limits.begin());
     rule.top = ranges.limits.back();
@@ -49,7 +49,7 @@ ClassRule RuleOf(const Names& names) {
     return rule;
 }
 
-/// The kernel numbers the first class 1 whether or not it is kept, and has no class 0.
+/// The kernel gives the first class the number 1, whether it is kept or not, and has no class 0.
 int ClassOut(int classNumber) {
     return classNumber == 0 ? kNoClass : classNumber - 1;
 }

@@ -36,7 +36,7 @@ LineHistogram HistogramOf(std::span<const Line> lines) {
     return LineHistogram(whole);
 }
 
-/// Checks a field, as a caller may have made or changed it.
+/// Checks a field, because a caller may have created or changed it.
 void RequireWhole(const DensityField& field) {
     const auto side = static_cast<std::size_t>(std::max(field.nodes, 0));
     SameLength(field.counts.size(), side * side, "counts and nodes");

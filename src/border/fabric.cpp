@@ -31,7 +31,7 @@ std::optional<double> DegreesOf(const std::optional<double>& radians) {
     return radians ? std::optional(RadToDeg(*radians)) : std::nullopt;
 }
 
-/// Nothing for a mean without a direction.
+/// A mean line; nothing if the mean has no direction.
 std::optional<Line> MeanOut(double plunge, double trend) {
     return plunge == kNoDirection ? std::nullopt : std::optional(LineOut(plunge, trend));
 }

@@ -67,8 +67,8 @@ Line LineAtPoint(const NetPoint& point, Projection projection) {
 }
 
 NetLine TraceOfPlane(const Plane& plane, Projection projection) {
-    // The trace is a cone of a right angle about the pole. Its upper half falls on the lower one:
-    // the longest of its lines is the whole trace.
+    // The trace is a cone with a right angle around the pole. Its upper half coincides with its
+    // lower half, so the longest line is the whole trace.
     const std::vector<NetLine> lines = TraceAbout(In(PoleOf(plane)), kPi / 2, projection);
     return *std::ranges::max_element(lines, {}, &NetLine::size);
 }

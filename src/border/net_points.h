@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Positions on the net across the border: plot units inside, radii of the primitive outside.
+// Conversion of positions on the net: plot units in the engine, radii of the primitive in the
+// interface.
 
 #pragma once
 
@@ -11,7 +12,7 @@
 
 namespace quandrel::api {
 
-/// The kind of a checked projection, as the kernels number them.
+/// The kernels' code of a checked projection.
 [[nodiscard]] int KindOf(Projection projection);
 
 /// Points in plot units as a line in radii.

@@ -49,7 +49,7 @@ bool IsPlaneOverlay(std::int16_t kind) {
     return kind <= kOverlayPoles;
 }
 
-/// Rows `first` to before `first + count` of a file, with what main and overlay rows both have.
+/// Rows `first` to before `first + count` of a file: the columns that main and overlay rows share.
 PlotRows RowsOut(BinaryPlot& plot, std::size_t first, std::int32_t count, bool arePlanes) {
     const std::int16_t secondary = plot.record.SecondaryFormat;
     PlotRows rows;
@@ -86,7 +86,7 @@ void AppendedOut(BinaryPlot& plot, PlotRows& rows) {
     rows.texts = std::move(plot.texts);
 }
 
-/// Requires columns to be empty or to have all rows, and gives how many these are.
+/// Requires each column to be empty or to have all rows, and returns the number of rows.
 std::int32_t LengthOf(const PlotRows& rows, bool arePlanes) {
     const std::size_t count = arePlanes ? rows.planes.size() : rows.lines.size();
     if (!(arePlanes ? rows.lines.empty() : rows.planes.empty())) {
@@ -122,7 +122,7 @@ ShownOrientation At(const std::vector<Plane>& planes, const Column& lines, std::
                             : ShownOrientation{kErrorRow, 0};
 }
 
-/// Adds checked rows, with what main and overlay rows both have, to a plot to be written.
+/// Adds checked rows to a plot for writing: the columns that main and overlay rows share.
 void AddRows(const PlotRows& rows, int overlay, const Styles& styles, BinaryPlot& plot) {
     const std::size_t first = plot.rows.size();
     const std::size_t count = std::max(rows.planes.size(), rows.lines.size());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Public plots and those of binary plot files: what they have in common, either way.
+// Conversion between public plots and those of binary plot files.
 
 #pragma once
 
@@ -9,11 +9,10 @@
 
 namespace quandrel::api {
 
-/// What a file told, with its rows as arrays.
+/// The contents of a file, with its rows as arrays.
 [[nodiscard]] Plot PlotOut(BinaryPlot plot);
 
-/// A checked plot as one to be written, with the styles of a first run. Throws
-/// std::invalid_argument.
+/// A checked plot for writing, with the styles of a first run. Throws std::invalid_argument.
 [[nodiscard]] BinaryPlot PlotIn(const Plot& plot);
 
 } // namespace quandrel::api

@@ -51,7 +51,7 @@ RoseTables Count(std::span<const double> azimuths, std::span<const double> value
     rows.textNumbers = values;
     RoseCountSettings settings;
     settings.layout = layout;
-    // Speeds are the values that are counted as 64-bit numbers.
+    // Only wind speeds are summed as 64-bit numbers.
     settings.kind = values.empty() ? kRoseFrequency : kRoseWindSpeed;
     return CountRoseRows(settings, rows);
 }
@@ -66,8 +66,8 @@ RoseRadiiTable RadiiOf(const RoseTables& tables, const RoseOptions& options,
     return RadiiOfRose(tables.sectors, tables.stats, tables.totals, settings).radii;
 }
 
-/// The sectors of the kernel in clockwise order: it numbers them counter-clockwise, except the
-/// first, which is clockwise of the start.
+/// The sectors of the kernel in clockwise order. The kernel numbers them counter-clockwise from the
+/// start, except for the first sector, which is clockwise of the start.
 std::vector<int> ClockwiseSectors(int sectors) {
     std::vector<int> order = {1};
     for (int sector = sectors; sector > 1; --sector) {
@@ -76,7 +76,7 @@ std::vector<int> ClockwiseSectors(int sectors) {
     return order;
 }
 
-/// The sector that holds the counts of a sector: of a pair only one is filled.
+/// The sector with the counts of a given sector: of a pair of opposite sectors only one is filled.
 int FilledSector(const RoseTables& tables, const SectorLayout& layout, int sector) {
     const int half = layout.sectors / 2;
     const int opposite = sector > half ? sector - half : sector + half;

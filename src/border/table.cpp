@@ -21,7 +21,7 @@ double Turned(double degrees) {
     return degrees < 0 ? degrees + 360 : degrees < 360 ? degrees : degrees - 360;
 }
 
-/// Appends rows to the columns that a format has.
+/// Appends rows to the columns that the format contains.
 class TableFiller {
 public:
     TableFiller(const TableFormat& format, Table& table)
@@ -69,7 +69,7 @@ private:
     Table& table_;
 };
 
-/// True for a line that says nothing about rows, so that it may also precede a heading.
+/// True for a line without information about rows; it may also precede a heading.
 bool IsBesideRows(LineStatus status) {
     return status == LineStatus::Blank || status == LineStatus::Comment
            || status == LineStatus::ParameterLine;

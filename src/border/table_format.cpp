@@ -78,7 +78,7 @@ FormatSettings SettingsIn(const TableFormat& format) {
     return settings;
 }
 
-/// @param format  supplies what settings do not state
+/// @param format  supplies the values that the settings do not state
 TableFormat FormatOut(const FormatSettings& settings, TableFormat format) {
     std::int16_t convention = 0;
     bool lineIsTrendFirst = false;

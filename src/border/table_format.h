@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The public format of a text as the line parser takes it.
+// Conversion of the public format of a text to that of the line parser.
 
 #pragma once
 
@@ -18,7 +18,7 @@ namespace quandrel::api {
 /// A checked format changed by the parameter lines of a text.
 [[nodiscard]] TableFormat WithParameterLines(std::string_view text, const TableFormat& format);
 
-/// The reason why a line with a status is not a row.
+/// The reason why a line with a given status is not a row.
 [[nodiscard]] std::string ReasonOf(LineStatus status);
 
 } // namespace quandrel::api
