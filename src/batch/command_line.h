@@ -10,7 +10,6 @@
 
 namespace quandrel {
 
-/// Exit codes of the program.
 enum BatchExit : int { kBatchDone = 0, kBatchFailed = 1, kBatchBadUsage = 2 };
 
 /// The options of the command line: a data file and its outputs, or a script, or commands.

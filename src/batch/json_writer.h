@@ -48,7 +48,6 @@ public:
     /// Finished JSON as the next value.
     void Ready(std::string_view json);
 
-    /// A member of an object.
     void Member(std::string_view name, const nlohmann::ordered_json& value) {
         Key(name);
         Value(value);

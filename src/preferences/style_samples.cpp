@@ -21,7 +21,6 @@ namespace quandrel {
 
 namespace {
 
-/// An empty plot of a kind.
 Plot SamplePlot(std::int16_t plotKind) {
     Plot plot;
     plot.record = NewPlotRecord();

@@ -26,7 +26,6 @@ inline constexpr const char* kPageUnitNames[] = {"cms", "inches"};
 inline constexpr const char* kPlaceFormat = "##0.0"; ///< of a distance from the top left
 inline constexpr const char* kSizeFormat = "#0.0";   ///< of a radius
 
-/// Millimetres in a unit.
 [[nodiscard]] double MillimetresIn(PageUnits units);
 
 /// A length in the units, with the decimals of a format.
@@ -37,7 +36,6 @@ inline constexpr const char* kSizeFormat = "#0.0";   ///< of a radius
 [[nodiscard]] bool TakeLength(const std::string& text, PageUnits units, std::string_view format,
                               double& millimetres);
 
-/// A plot on the page.
 struct PlotOnPage {
     int slot = 0;
     double centreX = 0; ///< of the net, from the left

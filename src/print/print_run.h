@@ -80,7 +80,6 @@ public:
     /// True while there are plots to draw.
     [[nodiscard]] bool HasMore() const;
 
-    /// Draws the next plot.
     void PrintNext();
 
     /// Stops drawing, and discards the page.
