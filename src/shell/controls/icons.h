@@ -13,7 +13,6 @@ namespace quandrel {
 /// unknown name gives an empty icon.
 [[nodiscard]] QIcon IconOf(const QString& name);
 
-/// The program's own icon.
 [[nodiscard]] QIcon ProgramIcon();
 
 } // namespace quandrel

@@ -58,7 +58,6 @@ public:
     /// on.
     std::function<bool(const QKeyEvent&)> onKey;
 
-    /// Called when the mouse leaves the box.
     std::function<void()> onLeave;
 
 protected:

@@ -40,7 +40,6 @@ public:
     /// The file of the page that is shown.
     [[nodiscard]] QString Page() const;
 
-    /// Prints the page that is shown.
     void PrintTo(QPagedPaintDevice& device) const;
 
     QTabWidget* tabHelp;

@@ -118,7 +118,7 @@ private:
     [[nodiscard]] bool CloseAll(Closing closing);
     void ExportImage();
     void CopyImage(bool legend);
-    /// With line ends as the window has them.
+    /// @param text  with the line ends of the window
     static void CopyStatistics(std::string text);
     void EditFormat();
     void ChooseDataFolder();

@@ -28,7 +28,6 @@ public:
     /// Fills the bar with the set for a session with or without plots.
     void FillBar(QMenuBar& bar, bool hasPlots) const;
 
-    /// Shows the recent files.
     void RefreshRecent() const;
 
     QMenu* mnuFile;

@@ -42,7 +42,6 @@ public:
     /// Shows the current state of the session.
     void RefreshDocuments();
 
-    /// Another tool was chosen.
     void ToolChanged();
 
     void SetStatusText(const QString& text);
@@ -64,7 +63,6 @@ public:
     /// Called when the user closes the window. False keeps it open.
     std::function<bool()> onClose;
 
-    /// Called when the user closes a page.
     std::function<void(std::int64_t id)> onDocumentClose;
 
     /// Called after an action of the user in a page.

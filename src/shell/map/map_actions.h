@@ -35,7 +35,6 @@ public:
     /// Adds the buttons of the link to a toolbar. They have the names of the commands.
     void AddButtons(QToolBar& toolbar) const;
 
-    /// Adds the items of a menu.
     void AddItems(MapMenu of, QMenu& menu) const;
 
     /// Enables or disables a command by its name.

@@ -37,7 +37,6 @@ public:
     /// Shows the current state of the session.
     virtual void Refresh() = 0;
 
-    /// Another tool was chosen.
     virtual void ToolChanged() {}
 
     /// The session or its window has gone; the page then does nothing.

@@ -32,7 +32,6 @@ public:
     /// The session that is shown; nullptr for none.
     [[nodiscard]] EmbeddedMapSession* Session() const { return session_; }
 
-    /// True while the session shows a map.
     [[nodiscard]] bool HasMap() const;
 
     void SessionStarted(EmbeddedMapSession& session) override;

@@ -44,13 +44,11 @@ public:
     /// @param toolbar  initially empty; receives the buttons of the link
     MapLinkWindows(QMainWindow& main, QMdiArea& room, QToolBar& toolbar, MapLinkSigns signs);
 
-    /// Ends the link.
     ~MapLinkWindows();
 
     MapLinkWindows(const MapLinkWindows&) = delete;
     MapLinkWindows& operator=(const MapLinkWindows&) = delete;
 
-    /// The screen of embedded sessions.
     [[nodiscard]] MapHost& Host() { return host_; }
 
     [[nodiscard]] MapActions& Actions() const { return *actions_; }

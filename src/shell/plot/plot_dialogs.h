@@ -47,7 +47,6 @@ public:
     /// Updates the small circle dialog from the active plot, if it is open.
     void FollowSmallCircles();
 
-    /// True while the rose dialog is open.
     [[nodiscard]] bool IsRoseShown() const;
 
     /// Offers a press on the picture of a plot's window to the dialogs.

@@ -46,7 +46,6 @@ namespace quandrel {
 class PictureBox;
 class SampleButton;
 
-/// The pages, in their order.
 enum PreferencesTab : int {
     kSymbolsPage = 0,
     kLinesPage = 1,

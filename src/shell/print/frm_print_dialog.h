@@ -46,7 +46,6 @@ public:
     /// The layout that will be printed.
     [[nodiscard]] const PrintLayout& Layout() const { return layout_; }
 
-    /// True while plots are being printed.
     [[nodiscard]] bool IsPrinting() const { return run_ != nullptr; }
 
     void reject() override;
