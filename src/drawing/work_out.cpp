@@ -112,7 +112,7 @@ void ComputeRowStatistics(Plot& plot, const WorkingOut& how) {
     SortRowTable(plot.table,
                  std::min(plot.table.size(), static_cast<std::size_t>(plot.record.NumData)));
     ComputePointDensities(plot, how.watcher);
-    ComputeFabricStatistics(plot, how.formulas);
+    ComputeFabricStatistics(plot, how.styles, how.formulas);
     if (plot.record.RowsChanged != 0) {
         RefreshClassification(plot, how.styles);
     }

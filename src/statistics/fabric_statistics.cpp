@@ -159,12 +159,12 @@ void Derive(PlotRecord& record, const WeightedDirections& axes, Formulas formula
 
 } // namespace
 
-void ComputeFabricStatistics(Plot& plot, Formulas formulas) {
-    StoreFabricStatistics(plot.record, StatisticsLinesOf(plot), formulas);
+void ComputeFabricStatistics(Plot& plot, const Styles& styles, Formulas formulas) {
+    StoreFabricStatistics(plot.record, StatisticsLinesOf(plot, styles), formulas);
 }
 
 void ComputeFabricStatistics() {
-    ComputeFabricStatistics(ActivePlot(), gSettings.notation.formulas);
+    ComputeFabricStatistics(ActivePlot(), gSettings.styles, gSettings.notation.formulas);
 }
 
 void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
@@ -183,14 +183,15 @@ void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& 
 
 void ComputeFabricDerived() {
     const WeightedDirections axes =
-        DirectionsOf(StatisticsLinesOf(ActivePlot()), LinePolarity::kAxial);
+        DirectionsOf(StatisticsLinesOf(ActivePlot(), gSettings.styles), LinePolarity::kAxial);
     if (!axes.directions.empty()) {
         Derive(ActiveRecord(), axes, gSettings.notation.formulas);
     }
 }
 
 double StandardErrorOfActivePlot(Formulas formulas) {
-    return StandardErrorOf(ActiveRecord(), StatisticsLinesOf(ActivePlot()), formulas);
+    return StandardErrorOf(ActiveRecord(), StatisticsLinesOf(ActivePlot(), gSettings.styles),
+                           formulas);
 }
 
 double StandardErrorOf(const PlotRecord& record, const std::vector<DistinctLine>& lines,

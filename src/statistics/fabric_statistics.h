@@ -36,7 +36,7 @@ namespace quandrel {
 /// Computes the fabric statistics of a plot. Without a valid row the old ones stay.
 ///
 /// In a plot of P and T axes they are those of P.
-void ComputeFabricStatistics(Plot& plot, Formulas formulas);
+void ComputeFabricStatistics(Plot& plot, const Styles& styles, Formulas formulas);
 
 /// The same of gActivePlot, by the current formulas.
 void ComputeFabricStatistics();

@@ -210,7 +210,7 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
 }
 
 std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {
-    return ComputeReferenceStatistics(StatisticsLinesOf(ActivePlot()),
+    return ComputeReferenceStatistics(StatisticsLinesOf(ActivePlot(), gSettings.styles),
                                       ActiveRecord().DataKind == kPolarLines ? RowSense::kPolarLines
                                                                              : RowSense::kAxes);
 }

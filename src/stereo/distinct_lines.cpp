@@ -2,7 +2,6 @@
 
 #include "stereo/distinct_lines.h"
 
-#include "core/settings_value.h"
 #include "orientation/angles.h"
 
 #include <array>
@@ -99,7 +98,7 @@ std::int32_t CountOfMainRows(const Plot& plot) {
     return count;
 }
 
-const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot) {
+const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot, const Styles& styles) {
     if (plot.record.AxesTitle.empty()) {
         return DistinctLinesOf(plot);
     }
@@ -108,7 +107,7 @@ const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot) {
         const std::int32_t last = plot.record.NumData;
         known = {plot.table.version, last,
                  HoldsBothAxes(plot.record)
-                     ? DistinctLinesOfAxes(plot, gSettings.styles, AxisKind::Shortening)
+                     ? DistinctLinesOfAxes(plot, styles, AxisKind::Shortening)
                      : ByLowerEnds(DistinctLinesOf(plot.table, last))};
     }
     return known.lines;

@@ -48,7 +48,9 @@ inline constexpr int kLineKeys = 181 * 361;
 /// The lines for the statistics of a plot: its main rows; in a plot of P and T axes only those of
 /// P. P and T axes are taken by their lower ends, because the sign of their plunge marks their kind
 /// and not a direction. Cached like those of all rows.
-[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot);
+///
+/// @param styles  from which the symbols of the axes were taken
+[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot, const Styles& styles);
 
 /// The axes of one kind in a plot of P and T axes, by their lower ends. O(rows).
 ///
