@@ -124,6 +124,13 @@ void CheckClasses(Plot& plot) {
     }
 }
 
+/// Computes the statistics of rows that were counted, and records what they are of.
+void KeepStatistics(Plot& plot, Formulas formulas) {
+    WorkOutCircularStats(plot, MeasureOfRose(plot.record.RoseType), formulas);
+    plot.record.RowsChanged = 0;
+    RememberRose(plot, formulas);
+}
+
 /// Counts rows and computes statistics after a change. False when the user cancels.
 bool CountAnew(Plot& plot, Formulas formulas) {
     gPlatform.status->SetText(kCountingText);
@@ -133,10 +140,8 @@ bool CountAnew(Plot& plot, Formulas formulas) {
     }
     MendFault(plot);
     CheckClasses(plot);
-    WorkOutCircularStats(plot, MeasureOfRose(plot.record.RoseType), formulas);
+    KeepStatistics(plot, formulas);
     gPlatform.status->SetText({});
-    plot.record.RowsChanged = 0;
-    RememberRose(plot, formulas);
     return true;
 }
 
@@ -275,6 +280,16 @@ void WorkOutRoseUnseen(Plot& plot, Formulas formulas) {
         CountAgain(plot, formulas, MayAsk::No);
     }
     WorkOutPetals(plot, isReady);
+}
+
+void WorkOutRoseUnasked(Plot& plot, Formulas formulas) {
+    const bool isReady = plot.record.NumValidData != 0;
+    if (isReady) {
+        (void)CountRose(plot, MayAsk::No);
+        KeepStatistics(plot, formulas);
+    }
+    WorkOutPetals(plot, isReady);
+    StoreRoseInterval(plot.record);
 }
 
 void DrawRose(const Plot& plot, const Drawing& drawing) {

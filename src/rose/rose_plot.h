@@ -57,6 +57,11 @@ void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas);
 /// tables are out of date. No text changes, and there are no questions or messages.
 void WorkOutRoseUnseen(Plot& plot, Formulas formulas);
 
+/// Computes the rose of a plot without a window, with its statistics. No text changes, there are no
+/// questions or messages, and several threads can compute plots of their own. The data must be able
+/// to show the rose, as they always can for frequencies without classes.
+void WorkOutRoseUnasked(Plot& plot, Formulas formulas);
+
 /// Draws the rose of a plot as last computed: wedges, scale and mean. Several threads can call it
 /// at the same time.
 void DrawRose(const Plot& plot, const Drawing& drawing);
