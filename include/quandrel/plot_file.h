@@ -46,6 +46,17 @@ enum class DrawnAs {
     kPolarLines = 3,
 };
 
+/// How the main rows appear on a net. Roses leave it aside.
+enum class RowsAs {
+    kGreatCircles = 0,
+    kPoints = 1,
+    kIntersections = 3,       ///< lines in which the planes meet
+    kPointDensities = 4,      ///< points by the density about each
+    kDensities = 5,           ///< symbols on a grid
+    kContours = 6,            ///< of the densities
+    kContoursOnDensities = 7, ///< both
+};
+
 /// What the rows of an overlay are, and are drawn as.
 enum class OverlayKind {
     kGreatCircles = 0, ///< of planes
@@ -94,6 +105,7 @@ struct PlotOverlay {
 struct Plot {
     PlotKind kind = PlotKind::kEqualArea;
     DrawnAs drawnAs = DrawnAs::kPlanes;
+    RowsAs rowsAs = RowsAs::kPoints;
     Primary primary = Primary::kPlanes;
     Secondary secondary = Secondary::kNone;
     bool showsSecondary = false; ///< the second orientations are drawn instead

@@ -212,6 +212,7 @@ PlotRecord RecordIn(const Plot& plot, const Settings& settings) {
     PlotRecord record = NewPlotRecord(settings);
     record.PlotKind = static_cast<std::int16_t>(plot.kind);
     record.DataKind = static_cast<std::int16_t>(plot.drawnAs);
+    record.PlotSymbolMode = static_cast<std::int16_t>(plot.rowsAs);
     record.PrimaryFormat = static_cast<std::int16_t>(plot.primary);
     record.SecondaryFormat = static_cast<std::int16_t>(plot.secondary);
     record.ShowSecondary = plot.showsSecondary ? kTrue : std::int16_t{0};
@@ -235,6 +236,9 @@ Plot PlotOut(BinaryPlot plot) {
     Plot out;
     out.kind = static_cast<PlotKind>(record.PlotKind);
     out.drawnAs = static_cast<DrawnAs>(record.DataKind);
+    out.rowsAs = record.PlotSymbolMode == kPointSymbolsToo
+                     ? RowsAs::kPoints
+                     : static_cast<RowsAs>(record.PlotSymbolMode);
     out.primary = static_cast<Primary>(std::max(record.PrimaryFormat, std::int16_t{kDirections}));
     out.secondary = static_cast<Secondary>(record.SecondaryFormat);
     out.showsSecondary = record.ShowSecondary != 0;

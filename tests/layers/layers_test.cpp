@@ -74,7 +74,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"help", onCore},
         // The public headers, below include/.
         {"quandrel", {}},
-        {"border", Above(onAll, {"quandrel", "persistence"})},
+        {"border", Above(onMarks, {"quandrel", "persistence", "drawing"})},
     };
     return allowed;
 }
