@@ -164,6 +164,37 @@ void AddPlotFile(Results& results, std::span<const Line> lines, std::span<const 
     results.Add(ReadPlot(std::string_view(*bytes).substr(0, 200)).Error());
 }
 
+void AddSurface(Results& results, const Recording& recording) {
+    results.Add(static_cast<double>(recording.Operations().size()));
+    for (const Operation& operation : recording.Operations()) {
+        results.Add(static_cast<double>(operation.kind));
+        results.Add(operation.text);
+        results.Add(operation.radius);
+        results.Add(operation.pen.width);
+        for (const Point& point : operation.points) {
+            results.Add(point.x);
+            results.Add(point.y);
+        }
+    }
+}
+
+void AddPictures(Results& results, std::span<const Plane> planes) {
+    Plot plot;
+    plot.rows.planes.assign(planes.begin(), planes.begin() + 60);
+    for (const RowsAs rowsAs : {RowsAs::kGreatCircles, RowsAs::kPoints, RowsAs::kIntersections,
+                                RowsAs::kContoursOnDensities}) {
+        for (const PlotKind kind : {PlotKind::kEqualAngle, PlotKind::kRose}) {
+            plot.rowsAs = rowsAs;
+            plot.kind = kind;
+            Recording net({500, 500});
+            Recording legend({200, 400});
+            DrawPlot(plot, {.plot = net, .legend = legend, .gridSize = 20});
+            AddSurface(results, net);
+            AddSurface(results, legend);
+        }
+    }
+}
+
 std::string AllResults(std::uint32_t seed) {
     RandomValues random(seed);
     const std::vector<Line> lines = random.Lines(200, -90);
@@ -178,6 +209,7 @@ std::string AllResults(std::uint32_t seed) {
     AddDrawings(results, lines, planes);
     AddTable(results, planes);
     AddPlotFile(results, lines, planes);
+    AddPictures(results, planes);
     return results.Text();
 }
 

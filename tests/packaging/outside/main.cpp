@@ -28,8 +28,16 @@ int main() {
     const auto circular = qd::CircularStatisticsOf(azimuths, qd::Sense::kAxes);
     const auto rose = qd::RoseOf(azimuths);
     const auto axes = qd::KinematicAxesOf({{60, 90}, {60, 90}});
+    qd::Plot plot;
+    plot.rowsAs = qd::RowsAs::kContours;
+    plot.rows.planes = {{60, 90}, {62, 95}};
+    qd::Recording net({550, 550});
+    qd::Recording legend({160, 400});
+    qd::DrawPlot(plot, {.plot = net, .legend = legend, .title = "beds"});
     const bool isWhole = !contours.empty() && circular && rose.count == 12 && axes
-                         && qd::ClassOf(2, qd::EqualRanges(0, 9, 3)) == 1;
+                         && qd::ClassOf(2, qd::EqualRanges(0, 9, 3)) == 1
+                         && net.Operations().size() > 3
+                         && legend.Operations().at(0).text == "Data: beds";
     std::cout << qd::TextOf(fabric->axes[0]) << (isWhole ? " whole" : " broken") << '\n';
     return 0;
 }
