@@ -47,5 +47,6 @@
 #include "quandrel/rose.h"
 #include "quandrel/rotation.h"
 #include "quandrel/surface.h"
+#include "quandrel/svg.h"
 #include "quandrel/table.h"
 #include "quandrel/version.h"

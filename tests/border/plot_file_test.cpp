@@ -137,6 +137,22 @@ TEST(PlotFile, KeepsDirectionsAndSecondPlanes) {
     EXPECT_EQ(Pairs(both->rows.secondPlanes), "70/200 ");
 }
 
+TEST(PlotFile, KeepsWhatRowsLookLike) {
+    EXPECT_EQ(ReadPlot(*PlotBytes({}))->rowsAs, RowsAs::kPoints);
+    for (const RowsAs rowsAs :
+         {RowsAs::kGreatCircles, RowsAs::kIntersections, RowsAs::kPointDensities,
+          RowsAs::kDensities, RowsAs::kContours, RowsAs::kContoursOnDensities}) {
+        Plot plot;
+        plot.rowsAs = rowsAs;
+        plot.rows.planes = {{30, 120}};
+        EXPECT_EQ(ReadPlot(*PlotBytes(plot))->rowsAs, rowsAs);
+    }
+    // Files know points by two numbers.
+    Plot points;
+    points.rowsAs = static_cast<RowsAs>(2);
+    EXPECT_EQ(ReadPlot(*PlotBytes(points))->rowsAs, RowsAs::kPoints);
+}
+
 TEST(PlotFile, RefusesEveryCutFileWithAText) {
     const std::string bytes = *PlotBytes(FaultPlot());
     for (std::size_t length = 0; length < bytes.size(); length += length < 2000 ? 1 : 9973) {
