@@ -231,6 +231,19 @@ TEST_F(FabricStatistics, RowsSummedDecideTheNumberOfRows) {
                 kTolerance);
 }
 
+TEST_F(FabricStatistics, LevelAxesAreToldApartByTheStylesGiven) {
+    gPlotDataKind = kPolarLines;
+    NewPlot();
+    AddRow(0, 30);
+    AddRow(0, 120);
+    ActiveRecord().AxesTitle = kBothAxes;
+    Styles given = gSettings.styles;
+    given.symbols[kDerivedUpSymbol] = {3, 4, 5};
+    ActivePlot().rows.symbolBase.At(2) = CodeOfStyleRow(given, kDerivedUpSymbol);
+    ComputeFabricStatistics(ActivePlot(), given, Formulas::Own);
+    ExpectEigenvalues(ActiveRecord(), 0, 0, 1); // of the first alone
+}
+
 TEST_F(FabricStatistics, WithoutAValidRowTheOldResultsStay) {
     StatisticsOf(kLines, kFourLines);
     PlotRecord& record = ActiveRecord();
