@@ -357,10 +357,14 @@ void AddRoseWedges(Plot& plot, int layer) {
 }
 
 void DrawRoseWedges(const Plot& plot, const Drawing& drawing) {
+    const std::vector<RoseWedge>& wedges = RoseOf(plot).wedges;
+    auto first = wedges.begin();
     for (int layer = kLowestLayer; layer >= 0; --layer) {
-        const auto wedges =
-            std::ranges::equal_range(RoseOf(plot).wedges, layer, std::greater(), &RoseWedge::layer);
-        DrawLayer(plot, layer, {wedges.begin(), wedges.end()}, drawing);
+        // The layers follow one another, the lowest first.
+        const auto end = std::find_if(
+            first, wedges.end(), [layer](const RoseWedge& wedge) { return wedge.layer < layer; });
+        DrawLayer(plot, layer, {first, end}, drawing);
+        first = end;
     }
 }
 
