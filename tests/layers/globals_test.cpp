@@ -4,6 +4,8 @@
 // with a name of its own is a view on a value of its subject. How often folders go to the plot in
 // focus, and how long sources are.
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
