@@ -3,11 +3,11 @@
 #include "recovery/recovery_copy.h"
 
 #include "core/data_format.h"
+#include "core/fingerprint.h"
 #include "core/plot_life.h"
 #include "core/plot_record.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "edit/history/fingerprint.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
 #include "recovery/copy_names.h"

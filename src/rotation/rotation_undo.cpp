@@ -2,6 +2,7 @@
 
 #include "rotation/rotation_undo.h"
 
+#include "core/fingerprint.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "rotation/rotate_data.h"
@@ -30,23 +31,13 @@ std::span<const std::int32_t> CellsInUse(const DataColumn<std::int32_t>& column,
     return cells.first(std::min(cells.size(), inUse));
 }
 
-void MixCells(std::span<const std::int32_t> cells, std::uint64_t& mix) {
-    // The prime and the start value of the 64-bit FNV hash, applied to cells instead of bytes.
-    constexpr std::uint64_t kPrime = 1099511628211U;
-    mix = (mix ^ cells.size()) * kPrime;
-    for (const std::int32_t cell : cells) {
-        mix = (mix ^ static_cast<std::uint32_t>(cell)) * kPrime;
-        mix ^= mix >> 32;
-    }
-}
-
 /// A 64-bit hash of the columns that a rotation changes.
 std::uint64_t FingerprintOf(int slot) {
-    std::uint64_t mix = 14695981039346656037U;
+    Fingerprint mix;
     for (const DataColumn<std::int32_t>* column : OrientationColumns()) {
-        MixCells(CellsInUse(*column, slot), mix);
+        mix.AddCells(CellsInUse(*column, slot));
     }
-    return mix;
+    return mix.Value();
 }
 
 void WriteBack(const std::vector<std::int32_t>& cells, const DataColumn<std::int32_t>& column,

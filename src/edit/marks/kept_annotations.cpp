@@ -2,8 +2,8 @@
 
 #include "edit/marks/kept_annotations.h"
 
+#include "core/fingerprint.h"
 #include "core/plot_store.h"
-#include "edit/history/fingerprint.h"
 
 #include <memory>
 

@@ -2,8 +2,8 @@
 
 #include "edit/marks/kept_girdles.h"
 
+#include "core/fingerprint.h"
 #include "core/plot_store.h"
-#include "edit/history/fingerprint.h"
 #include "edit/marks/girdles.h"
 
 namespace quandrel {

@@ -2,8 +2,8 @@
 
 #include "edit/rows/kept_rows.h"
 
+#include "core/fingerprint.h"
 #include "core/row_links.h"
-#include "edit/history/fingerprint.h"
 #include "input/plot_files.h"
 
 #include <algorithm>
