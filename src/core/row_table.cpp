@@ -6,6 +6,7 @@
 #include "orientation/angles.h"
 
 #include <algorithm>
+#include <atomic>
 #include <new>
 #include <numeric>
 
@@ -39,7 +40,8 @@ std::vector<std::uint32_t> OrderByX(const std::vector<std::int16_t>& x, std::siz
     return order;
 }
 
-std::uint64_t lastVersion = 0;
+/// Atomic, for plots of several threads are filled at once.
+std::atomic<std::uint64_t> lastVersion = 0;
 
 void MarkChanged(RowTable& table) {
     table.version = ++lastVersion;
