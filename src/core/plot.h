@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "core/measured_columns.h"
 #include "core/plot_attachments.h"
 #include "core/plot_record.h"
 #include "core/row_columns.h"
@@ -24,8 +25,9 @@ namespace quandrel {
 /// Texts of error rows as they were in the file, by row.
 using ErrorLines = std::unordered_map<std::int32_t, std::string>;
 
-/// The rows of a plot in whole degrees: the main rows from 1, then those of its overlays in order.
-/// plot_rows.h appends, changes and removes them and updates the counts of the record.
+/// The rows of a plot: the main rows from 1, then those of its overlays in order. Orientations are
+/// in whole degrees; rows with decimals also have them as they were measured (measured_rows.h).
+/// plot_rows.h appends, changes and removes rows and updates the counts of the record.
 struct PlotRows {
     RowColumn<std::int32_t> dip;          ///< dip or plunge; kErrorRow marks an error row
     RowColumn<std::int32_t> azimuth;      ///< dip direction, trend, or direction
@@ -37,8 +39,11 @@ struct PlotRows {
     RowColumn<std::int32_t> azimuth2;
     RowColumn<std::int32_t> lineDip; ///< appended line; kInvalidAppendedLine is invalid
     RowColumn<std::int32_t> lineAzimuth;
-    RowColumn<float> number; ///< appended number; kInvalidNumber is invalid
-    RowTexts text;           ///< appended text; empty is invalid
+    RowColumn<float> number;  ///< appended number; kInvalidNumber is invalid
+    RowTexts text;            ///< appended text; empty is invalid
+    MeasuredColumns measured; ///< of dip and azimuth, made for the first row with decimals
+    MeasuredColumns measured2;
+    MeasuredColumns measuredLine;
     ErrorLines errorLines;
 };
 

@@ -73,14 +73,55 @@ void CopyOtherColumns(const RowBlock& block, PlotRows& rows, std::int32_t last) 
     }
 }
 
+/// Copies measured angles to rows that have room for them.
+void CopyMeasured(const MeasuredColumns& from, std::int32_t count, MeasuredColumns& to,
+                  std::int32_t last) {
+    CopyCells(from.dip, count, to.dip, last);
+    CopyCells(from.dipOffset, count, to.dipOffset, last);
+    CopyCells(from.azimuth, count, to.azimuth, last);
+    CopyCells(from.azimuthOffset, count, to.azimuthOffset, last);
+}
+
+/// Stores the measured angles of a block, and clears those of former rows that are in their place.
+void StoreMeasured(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    for (const RowAngles which : kRowAngles) {
+        if (block.HasMeasured(which)) {
+            CopyMeasured(MeasuredOf(block.Cells(), which), block.Count(), MeasuredOf(rows, which),
+                         last);
+            continue;
+        }
+        const std::int32_t end =
+            std::min(last + block.Count() + 1, MeasuredOf(rows, which).RowCount());
+        for (std::int32_t row = last + 1; row < end; ++row) {
+            ClearDecimals(rows, which, row);
+        }
+    }
+}
+
+[[nodiscard]] bool MakeRoomForMeasuredOf(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    return std::all_of(kRowAngles.begin(), kRowAngles.end(), [&](RowAngles which) {
+        return !block.HasMeasured(which) || MakeRoomForMeasured(rows, which, last);
+    });
+}
+
+[[nodiscard]] bool MakeRoomForMeasuredOf(const RowValues& values, PlotRows& rows,
+                                         std::int32_t row) {
+    return std::all_of(kRowAngles.begin(), kRowAngles.end(), [&](RowAngles which) {
+        return !values.measured[static_cast<std::size_t>(which)]
+               || MakeRoomForMeasured(rows, which, row);
+    });
+}
+
 /// Stores a block after the counted rows. False when memory ran out.
 [[nodiscard]] bool StoreBlock(Plot& plot, const RowBlock& block) {
     const std::int32_t last = plot.record.NumLoadedData;
-    if (!MakeRoom(plot.rows, last + block.Count(), block.Columns(), RoomAhead::None)) {
+    if (!MakeRoom(plot.rows, last + block.Count(), block.Columns(), RoomAhead::None)
+        || !MakeRoomForMeasuredOf(block, plot.rows, last + block.Count())) {
         return false;
     }
     CopyBaseColumns(block, plot.rows, last);
     CopyOtherColumns(block, plot.rows, last);
+    StoreMeasured(block, plot.rows, last);
     for (const auto& [row, line] : block.Cells().errorLines) {
         plot.rows.errorLines[last + row] = line;
     }
@@ -168,7 +209,7 @@ bool AppendRow(Plot& plot, int overlay, const RowValues& values) {
     const std::int32_t row = plot.record.NumLoadedData + 1;
     const ColumnSet columns = ColumnsOf(plot.record, values.hasSecondary);
     try {
-        if (!MakeRoom(plot.rows, row, columns)) {
+        if (!MakeRoom(plot.rows, row, columns) || !MakeRoomForMeasuredOf(values, plot.rows, row)) {
             plot.record.DataFull = kTrue;
             return false;
         }
@@ -223,8 +264,7 @@ void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary) {
 void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t azimuth) {
     const bool wasError = plot.rows.dip(row) == kErrorRow;
     const bool isError = dip == kErrorRow;
-    plot.rows.dip.At(row) = dip;
-    plot.rows.azimuth.At(row) = azimuth;
+    SetWholeAttitude(plot.rows, RowAngles::Primary, row, {dip, azimuth});
     if (wasError && !isError) {
         plot.rows.errorLines.erase(row);
     }
@@ -235,6 +275,14 @@ void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t
         CountOutValid(plot.record);
     } else {
         ++plot.record.NumValidData;
+    }
+}
+
+void SetMeasuredOrientation(Plot& plot, std::int32_t row, const Attitude& whole,
+                            const Attitude& measured) {
+    SetOrientation(plot, row, WholeDegree(whole.dip), WholeDegree(whole.azimuth));
+    if (!SetDecimals(plot.rows, RowAngles::Primary, row, measured)) {
+        plot.record.DataFull = kTrue;
     }
 }
 

@@ -60,9 +60,17 @@ void ReserveBlocks(Plot& plot, std::int32_t last, bool withSecondary);
 /// Makes room for rows 1 to `last` at once, if the memory is available. Else rows do so one by one.
 void MakeRoomForRows(Plot& plot, std::int32_t last, bool withSecondary);
 
-/// Gives a row an orientation in whole degrees. An error row becomes data and loses its text. The
-/// caller updates the line of the table.
+/// Gives a row an orientation in whole degrees, without decimals. An error row becomes data and
+/// loses its text. The caller updates the line of the table.
 void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t azimuth);
+
+/// As SetOrientation, for a row with decimals. When memory runs out, the row keeps the whole
+/// degrees alone, and DataFull is set.
+///
+/// @param whole     `measured` in whole degrees, as the rule of its maker rounds it
+/// @param measured  stored only where it differs from `whole`
+void SetMeasuredOrientation(Plot& plot, std::int32_t row, const Attitude& whole,
+                            const Attitude& measured);
 
 /// Turns a row into an error row, and keeps a text with it unless the text is empty. The caller
 /// updates the line of the table.

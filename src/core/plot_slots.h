@@ -50,17 +50,23 @@ public:
     [[nodiscard]] static std::size_t size() { return PlotSlots::Count(); }
 };
 
+/// The column of rows to which `Path` leads.
+template <auto... Path>
+[[nodiscard]] auto& ColumnAt(PlotRows& rows) {
+    return (rows.*....*Path);
+}
+
 /// A column of the rows of all plots. A cell is addressed by (slot, row).
 template <class T>
 class DataColumn {
 public:
-    explicit constexpr DataColumn(RowColumn<T> PlotRows::*column)
+    explicit constexpr DataColumn(RowColumn<T>& (*column)(PlotRows&))
         : column_(column) {}
 
     /// The cell, or the default when nothing was written there.
     [[nodiscard]] T operator()(int slot, std::int32_t row) const {
-        const Plot* plot = PlotSlots::Find(slot);
-        return plot != nullptr ? (plot->rows.*column_)(row) : T{};
+        Plot* plot = PlotSlots::Find(slot);
+        return plot != nullptr ? column_(plot->rows)(row) : T{};
     }
 
     /// The cell, writable. The slot must have been grown to hold the row.
@@ -68,8 +74,8 @@ public:
 
     /// The cells of rows 0 to n of a slot, where n is the number of rows that it was grown to.
     [[nodiscard]] std::span<const T> Rows(int slot) const {
-        const Plot* plot = PlotSlots::Find(slot);
-        return plot != nullptr ? (plot->rows.*column_).Rows() : std::span<const T>();
+        Plot* plot = PlotSlots::Find(slot);
+        return plot != nullptr ? column_(plot->rows).Rows() : std::span<const T>();
     }
 
     /// How many cells a slot has, the unused one of row 0 included; 0 when it never grew.
@@ -91,10 +97,10 @@ public:
 
 private:
     [[nodiscard]] RowColumn<T>& Of(int slot) const {
-        return PlotSlots::At(static_cast<std::size_t>(slot)).rows.*column_;
+        return column_(PlotSlots::At(static_cast<std::size_t>(slot)).rows);
     }
 
-    RowColumn<T> PlotRows::*column_;
+    RowColumn<T>& (*column_)(PlotRows&);
 };
 
 /// The column of the texts of all plots.

@@ -53,17 +53,17 @@ inline constexpr SlotView<&Plot::gridCount> gGridCount; ///< non-zero where gGri
 inline constexpr SlotView<&Plot::lock> gSlotLock;
 inline constexpr SlotView<&Plot::rows, &PlotRows::errorLines> gErrorLines;
 
-inline constexpr DataColumn gDataDip(&PlotRows::dip);
-inline constexpr DataColumn gDataAz(&PlotRows::azimuth);
-inline constexpr DataColumn gDataSymbol(&PlotRows::symbol);
-inline constexpr DataColumn gDataSymbolBase(&PlotRows::symbolBase);
-inline constexpr DataColumn gPointDensity(&PlotRows::pointDensity);
-inline constexpr DataColumn gDataOrder(&PlotRows::order);
-inline constexpr DataColumn gData2Dip(&PlotRows::dip2);
-inline constexpr DataColumn gData2Az(&PlotRows::azimuth2);
-inline constexpr DataColumn gAppLineDip(&PlotRows::lineDip);
-inline constexpr DataColumn gAppLineAz(&PlotRows::lineAzimuth);
-inline constexpr DataColumn gAppNumeric(&PlotRows::number);
+inline constexpr DataColumn gDataDip(&ColumnAt<&PlotRows::dip>);
+inline constexpr DataColumn gDataAz(&ColumnAt<&PlotRows::azimuth>);
+inline constexpr DataColumn gDataSymbol(&ColumnAt<&PlotRows::symbol>);
+inline constexpr DataColumn gDataSymbolBase(&ColumnAt<&PlotRows::symbolBase>);
+inline constexpr DataColumn gPointDensity(&ColumnAt<&PlotRows::pointDensity>);
+inline constexpr DataColumn gDataOrder(&ColumnAt<&PlotRows::order>);
+inline constexpr DataColumn gData2Dip(&ColumnAt<&PlotRows::dip2>);
+inline constexpr DataColumn gData2Az(&ColumnAt<&PlotRows::azimuth2>);
+inline constexpr DataColumn gAppLineDip(&ColumnAt<&PlotRows::lineDip>);
+inline constexpr DataColumn gAppLineAz(&ColumnAt<&PlotRows::lineAzimuth>);
+inline constexpr DataColumn gAppNumeric(&ColumnAt<&PlotRows::number>);
 inline constexpr TextColumn gAppText;
 
 /// Makes another plot the active one for the scope of a block.

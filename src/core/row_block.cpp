@@ -37,6 +37,14 @@ void StoreGoodCells(PlotRows& rows, std::int32_t row, const RowValues& values,
     if (columns.text) {
         rows.text.Set(row, values.text);
     }
+    for (const RowAngles which : kRowAngles) {
+        const std::optional<Attitude>& measured = values.measured[static_cast<std::size_t>(which)];
+        if (measured) {
+            MeasuredOf(rows, which).Set(row, *measured);
+        } else {
+            ClearDecimals(rows, which, row);
+        }
+    }
 }
 
 } // namespace
@@ -54,6 +62,9 @@ void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line) {
     SetIfThere(rows.number, row, 0.0F);
     if (!rows.text(row).empty()) {
         rows.text.Set(row, {});
+    }
+    for (const RowAngles which : kRowAngles) {
+        ClearDecimals(rows, which, row);
     }
     if (!line.empty()) {
         rows.errorLines[row] = std::string(line);
@@ -75,6 +86,7 @@ void RowBlock::Begin(const ColumnSet& columns, std::int32_t expectedRows) {
     count_ = 0;
     valid_ = 0;
     range_ = {};
+    hasMeasured_ = {};
     cells_.errorLines.clear();
     cells_.text.Clear();
     MakeRoomFor(expectedRows);
@@ -82,9 +94,24 @@ void RowBlock::Begin(const ColumnSet& columns, std::int32_t expectedRows) {
 
 void RowBlock::MakeRoomFor(std::int32_t rows) {
     GrowBlock(cells_, rows, columns_);
+    for (const RowAngles which : kRowAngles) {
+        if (MeasuredOf(cells_, which).RowCount() > 0) {
+            GrowMeasured(cells_, which, rows);
+        }
+    }
     const auto places = static_cast<std::size_t>(rows);
     flags_.resize(std::max(flags_.size(), places));
     places_.resize(std::max(places_.size(), places));
+}
+
+void RowBlock::MakeRoomForMeasuredOf(const RowValues& values, std::int32_t row) {
+    for (const RowAngles which : kRowAngles) {
+        const auto place = static_cast<std::size_t>(which);
+        if (values.measured[place]) {
+            GrowMeasured(cells_, which, std::max(row, cells_.dip.RowCount() - 1));
+            hasMeasured_[place] = true;
+        }
+    }
 }
 
 void RowBlock::Add(const RowValues& values) {
@@ -93,6 +120,7 @@ void RowBlock::Add(const RowValues& values) {
     if (place >= places_.size()) {
         MakeRoomFor(row + row / 2);
     }
+    MakeRoomForMeasuredOf(values, row);
     StoreCells(cells_, row, values, columns_);
     places_[place] = values.place;
     flags_[place] = {values.isData, values.isInRange};
@@ -120,6 +148,9 @@ RowValues RowBlock::Row(std::int32_t row) const {
     values.lineAzimuth = cells_.lineAzimuth(row);
     values.number = cells_.number(row);
     values.text = cells_.text(row);
+    for (const RowAngles which : kRowAngles) {
+        values.measured[static_cast<std::size_t>(which)] = DecimalsOf(cells_, which, row);
+    }
     values.isInRange = flags.isInRange;
     values.place = places_[static_cast<std::size_t>(row) - 1];
     if (const auto line = cells_.errorLines.find(row); line != cells_.errorLines.end()) {

@@ -5,16 +5,22 @@
 #pragma once
 
 #include "core/appended_range.h"
+#include "core/measured_rows.h"
 #include "core/plot.h"
 #include "core/row_room.h"
 #include "orientation/angles.h"
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
 
 namespace quandrel {
+
+/// The measured attitudes of a row, by RowAngles.
+using MeasuredValues = std::array<std::optional<Attitude>, kRowAngles.size()>;
 
 /// The values of a row for the columns. A value that is not set is missing.
 struct RowValues {
@@ -29,7 +35,8 @@ struct RowValues {
     std::int32_t lineAzimuth = 0;
     float number = kInvalidNumber;
     std::string_view text;
-    bool isInRange = false; ///< whether number and text extend the range of the appended values
+    MeasuredValues measured; ///< of the orientations that have decimals
+    bool isInRange = false;  ///< whether number and text extend the range of the appended values
     PlottedRow place{0, 0, 0, static_cast<double>(kErrorRow), 0}; ///< its index is ignored
     std::string_view errorLine; ///< the text of an error row in its file, stored with it
 };
@@ -38,7 +45,8 @@ struct RowValues {
 /// have left values there. Its load order stays, and so does a text unless a new one is given.
 void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line);
 
-/// Writes a row to its cells. The columns must hold them.
+/// Writes a row to its cells. The columns must hold them, those of measured angles where the row
+/// has some.
 void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
                 const ColumnSet& columns);
 
@@ -64,6 +72,11 @@ public:
     /// Rows that are not error rows.
     [[nodiscard]] std::int32_t CountOfValid() const { return valid_; }
 
+    /// Whether any row has decimals in an orientation.
+    [[nodiscard]] bool HasMeasured(RowAngles which) const {
+        return hasMeasured_[static_cast<std::size_t>(which)];
+    }
+
     [[nodiscard]] const ColumnSet& Columns() const { return columns_; }
 
     [[nodiscard]] const PlotRows& Cells() const { return cells_; }
@@ -85,10 +98,14 @@ private:
     /// Grows all columns to a number of rows. Throws std::bad_alloc.
     void MakeRoomFor(std::int32_t rows);
 
+    /// Makes the columns of measured angles that a row needs. Throws std::bad_alloc.
+    void MakeRoomForMeasuredOf(const RowValues& values, std::int32_t row);
+
     ColumnSet columns_;
     std::int32_t count_ = 0;
     std::int32_t valid_ = 0;
     PlotRows cells_;
+    std::array<bool, kRowAngles.size()> hasMeasured_{};
     std::vector<PlottedRow> places_; ///< by row - 1, like the flags; both as long as the capacity
     std::vector<Flags> flags_;
     AppendedRange range_;

@@ -26,13 +26,24 @@ std::vector<std::int32_t> RowsThatStay(std::int32_t count, std::span<const std::
     return stay;
 }
 
-/// Cells beyond a column's end were never written and need no move.
+/// Cells beyond a column's end were never written and read as the default.
 template <class T>
 void MoveUp(const std::vector<std::int32_t>& stay, RowColumn<T>& column) {
     const std::int32_t end = column.RowCount();
-    for (std::size_t place = 0; place < stay.size() && stay[place] < end; ++place) {
-        column.At(static_cast<std::int32_t>(place) + 1) = column(stay[place]);
+    for (std::size_t place = 0; place < stay.size(); ++place) {
+        const auto row = static_cast<std::int32_t>(place) + 1;
+        if (row >= end) {
+            return;
+        }
+        column.At(row) = column(stay[place]);
     }
+}
+
+void MoveUp(const std::vector<std::int32_t>& stay, MeasuredColumns& columns) {
+    MoveUp(stay, columns.dip);
+    MoveUp(stay, columns.dipOffset);
+    MoveUp(stay, columns.azimuth);
+    MoveUp(stay, columns.azimuthOffset);
 }
 
 void MoveUp(const std::vector<std::int32_t>& stay, RowTexts& column) {
@@ -62,7 +73,8 @@ void RemoveCells(PlotRows& rows, std::int32_t count, std::span<const std::int32_
     const std::vector<std::int32_t> stay = RowsThatStay(count, removed);
     const auto moveUp = [&stay](auto&... columns) { (MoveUp(stay, columns), ...); };
     moveUp(rows.dip, rows.azimuth, rows.symbol, rows.symbolBase, rows.pointDensity, rows.order,
-           rows.dip2, rows.azimuth2, rows.lineDip, rows.lineAzimuth, rows.number, rows.text);
+           rows.dip2, rows.azimuth2, rows.lineDip, rows.lineAzimuth, rows.number, rows.text,
+           rows.measured, rows.measured2, rows.measuredLine);
     rows.errorLines = Renumbered(stay, std::move(rows.errorLines));
 }
 

@@ -93,6 +93,13 @@ bool GrowAppendedColumn(PlotRows& rows, AppendedColumn which) {
     return false;
 }
 
+bool MakeRoomForMeasured(PlotRows& rows, RowAngles which, std::int32_t row) {
+    MeasuredColumns& columns = MeasuredOf(rows, which);
+    return Holds(columns.azimuthOffset, row)
+           || GrowTogether(std::max(rows.dip.RowCount() - 1, row), columns.dip, columns.dipOffset,
+                           columns.azimuth, columns.azimuthOffset);
+}
+
 ColumnSet ColumnsOf(const PlotRecord& record, bool withSecondary) {
     return {withSecondary, record.HasAppendedLine != 0, record.HasAppendedNumeric != 0,
             record.HasAppendedText != 0};
@@ -115,6 +122,14 @@ bool MakeRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns, RoomA
 
 void GrowBlock(PlotRows& rows, std::int32_t capacity, const ColumnSet& columns) {
     VisitColumns(rows, columns, [capacity](auto& column) { column.Grow(capacity); });
+}
+
+void GrowMeasured(PlotRows& rows, RowAngles which, std::int32_t capacity) {
+    MeasuredColumns& columns = MeasuredOf(rows, which);
+    columns.dip.Grow(capacity);
+    columns.dipOffset.Grow(capacity);
+    columns.azimuth.Grow(capacity);
+    columns.azimuthOffset.Grow(capacity);
 }
 
 void ReserveRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns) {

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "core/measured_rows.h"
 #include "core/plot.h"
 
 #include <cstdint>
@@ -20,7 +21,12 @@ enum class AppendedColumn { Line = 0, Number = 1, Text = 2 };
 /// Grows an appended column to as many rows as the base columns. False when memory ran out.
 [[nodiscard]] bool GrowAppendedColumn(PlotRows& rows, AppendedColumn which);
 
-/// The columns of a row besides the base columns.
+/// Grows the columns of measured angles to hold a row, and to as many rows as the base columns.
+/// False when memory ran out.
+[[nodiscard]] bool MakeRoomForMeasured(PlotRows& rows, RowAngles which, std::int32_t row);
+
+/// The columns of a row besides the base columns. Those of measured angles are made when a row
+/// needs them.
 struct ColumnSet {
     bool secondary = false;
     bool line = false;
@@ -41,6 +47,9 @@ enum class RoomAhead { None, WhereMemoryAllows };
 /// Grows the columns of rows without a plot to hold rows up to `capacity`, without the row limit of
 /// a plot. Throws std::bad_alloc or std::length_error; some columns may then have grown.
 void GrowBlock(PlotRows& rows, std::int32_t capacity, const ColumnSet& columns);
+
+/// The same for columns of measured angles.
+void GrowMeasured(PlotRows& rows, RowAngles which, std::int32_t capacity);
 
 /// Reserves memory for rows up to `last` that will be appended in blocks, if it is available.
 void ReserveRoom(PlotRows& rows, std::int32_t last, const ColumnSet& columns);

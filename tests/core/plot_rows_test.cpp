@@ -15,6 +15,7 @@ namespace {
 struct ModelRow {
     bool isData = false;
     std::array<std::int32_t, 6> angles{}; ///< both orientations and the line
+    MeasuredValues measured;
     float number = 0;
     std::string text;
     std::string line;
@@ -27,6 +28,11 @@ std::ostream& operator<<(std::ostream& out, const ModelRow& row) {
     out << (row.isData ? "data" : "error");
     for (const std::int32_t angle : row.angles) {
         out << ' ' << angle;
+    }
+    for (const std::optional<Attitude>& measured : row.measured) {
+        out << (measured
+                    ? " " + std::to_string(measured->dip) + "/" + std::to_string(measured->azimuth)
+                    : " -");
     }
     return out << ' ' << row.number << " \"" << row.text << "\" \"" << row.line << "\" overlay "
                << row.overlay;
@@ -41,6 +47,9 @@ std::vector<ModelRow> RowsOf(const Plot& plot) {
         held.isData = cells.dip(row) != kErrorRow;
         held.angles = {cells.dip(row),      cells.azimuth(row), cells.dip2(row),
                        cells.azimuth2(row), cells.lineDip(row), cells.lineAzimuth(row)};
+        for (const RowAngles which : kRowAngles) {
+            held.measured[static_cast<std::size_t>(which)] = DecimalsOf(cells, which, row);
+        }
         held.number = cells.number(row);
         held.text = cells.text(row);
         const auto line = cells.errorLines.find(row);
@@ -75,6 +84,12 @@ protected:
         if (row.isData) {
             row.angles = {Random(-90, 90), Random(0, 360), Random(-90, 90),
                           Random(0, 360),  Random(0, 90),  Random(0, 360)};
+            for (std::optional<Attitude>& measured : row.measured) {
+                if (Random(0, 3) == 0) { // sixty-fourths are exact in columns
+                    measured =
+                        Attitude{Random(-90 * 64, 90 * 64) / 64.0, Random(0, 360 * 64) / 64.0};
+                }
+            }
             row.number = Random(0, 9) == 0 ? kInvalidNumber : static_cast<float>(Random(-20, 20));
             static constexpr std::array<const char*, 6> kTexts = {"",   "Slate", "slate",
                                                                   "12", "-3.5",  "gneiss"};
@@ -98,6 +113,7 @@ protected:
         values.azimuth2 = row.angles[3];
         values.lineDip = row.angles[4];
         values.lineAzimuth = row.angles[5];
+        values.measured = row.measured;
         values.number = row.number;
         values.text = row.text;
         values.isInRange = row.isData && row.number != kInvalidNumber;

@@ -32,6 +32,14 @@ std::span<const T> CellsThatSay(const DataColumn<T>& column, int slot) {
     return cells;
 }
 
+template <class T>
+void AddCells(std::span<const T> cells, Fingerprint& mix) {
+    mix.Add(std::uint64_t{cells.size()});
+    for (const T cell : cells) {
+        mix.Add(std::uint64_t{BitsOf(cell)});
+    }
+}
+
 /// The names of the files of a plot, in order.
 std::vector<std::string> NamesOf(const PlotRecord& record) {
     const auto first = record.FileNames.begin() + 1;
@@ -147,7 +155,7 @@ std::uint64_t FingerprintOfRows(int slot) {
     }
     ForEachColumn([&](const auto& column, std::size_t place) {
         if (!IsWorkedOut(place)) {
-            mix.AddCells(CellsThatSay(column, slot));
+            AddCells(CellsThatSay(column, slot), mix);
         }
     });
     std::int32_t texts = std::min(gAppText.RowCount(slot), record.NumLoadedData + 1);

@@ -49,7 +49,7 @@ struct RowSettings {
 void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings);
 
 /// Number of numeric columns, in the order of ForEachColumn.
-inline constexpr std::size_t kRowColumns = 11;
+inline constexpr std::size_t kRowColumns = 23;
 inline constexpr std::size_t kDensityColumn = 9;
 inline constexpr std::size_t kDrawnColumn = 10;
 inline constexpr std::size_t kBaseColumn = 7;
@@ -59,19 +59,47 @@ inline constexpr std::size_t kBaseColumn = 7;
     return column == kDensityColumn || column == kDrawnColumn;
 }
 
-/// Calls visit(column, index) for all numeric columns, whose cells have 32 bits.
+/// Calls visit(column) for the four columns of measured angles of `Columns`.
+template <auto Columns, class Visit>
+void ForEachMeasuredColumn(const Visit& visit) {
+    visit(DataColumn(&ColumnAt<Columns, &MeasuredColumns::dip>));
+    visit(DataColumn(&ColumnAt<Columns, &MeasuredColumns::dipOffset>));
+    visit(DataColumn(&ColumnAt<Columns, &MeasuredColumns::azimuth>));
+    visit(DataColumn(&ColumnAt<Columns, &MeasuredColumns::azimuthOffset>));
+}
+
+/// Calls visit(column, index) for all numeric columns.
 template <class Visit>
 void ForEachColumn(const Visit& visit) {
     std::size_t place = 0;
-    const auto next = [&](auto&... columns) { (visit(columns, place++), ...); };
+    const auto next = [&](const auto&... columns) { (visit(columns, place++), ...); };
     next(gDataDip, gDataAz, gData2Dip, gData2Az, gAppLineDip, gAppLineAz, gDataOrder,
          gDataSymbolBase, gAppNumeric, gPointDensity, gDataSymbol);
+    ForEachMeasuredColumn<&PlotRows::measured>(next);
+    ForEachMeasuredColumn<&PlotRows::measured2>(next);
+    ForEachMeasuredColumn<&PlotRows::measuredLine>(next);
 }
 
-/// The bits of a cell, so that all columns can be stored alike.
+/// The bits of a cell, so that all columns can be stored alike. A cell that was never written has
+/// none.
 template <class T>
 [[nodiscard]] std::uint32_t BitsOf(T cell) {
     return std::bit_cast<std::uint32_t>(cell);
+}
+
+[[nodiscard]] inline std::uint32_t BitsOf(NearestDegree cell) {
+    return cell.bits;
+}
+
+/// The cell of some bits. Inverse of BitsOf.
+template <class T>
+[[nodiscard]] T CellOf(std::uint32_t bits) {
+    return std::bit_cast<T>(bits);
+}
+
+template <>
+[[nodiscard]] inline NearestDegree CellOf(std::uint32_t bits) {
+    return {static_cast<std::uint16_t>(bits)};
 }
 
 /// The rows of a plot: the cells of its columns from row 0 on, fewer where a column is shorter.

@@ -8,7 +8,6 @@
 #include "stereo/row_positions.h"
 
 #include <algorithm>
-#include <bit>
 #include <iterator>
 #include <utility>
 
@@ -59,7 +58,7 @@ void SetText(int slot, std::int32_t row, const std::string& text) {
 
 template <class T>
 void WriteCell(const DataColumn<T>& column, int slot, std::int32_t row, std::uint32_t bits) {
-    column.At(slot, row) = std::bit_cast<T>(bits);
+    column.At(slot, row) = CellOf<T>(bits);
 }
 
 /// True when a row of the plot equals a kept one, except for what drawings recompute.
