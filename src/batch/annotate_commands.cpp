@@ -69,13 +69,11 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
     }
     const PlotRecord& record = ActiveRecord();
     const bool isPlane = record.OverlayRows[kOverlayCount] == 0 && ShowsPlaneData(record);
-    const std::optional<ShownOrientation> row = ReadGridPair(*dip, *azimuth, isPlane);
+    const std::optional<Attitude> row = ReadGridPair(*dip, *azimuth, isPlane);
     if (!row) {
         return "'" + *dip + " " + *azimuth + "' is no orientation";
     }
-    return AddRowByHand({static_cast<double>(row->dip), static_cast<double>(row->azimuth)})
-               ? ""
-               : "no row was added: see the message";
+    return AddRowByHand({row->dip, row->azimuth}) ? "" : "no row was added: see the message";
 }
 
 } // namespace quandrel

@@ -105,21 +105,21 @@ std::int32_t LengthOf(const PlotRows& rows, bool arePlanes) {
 }
 
 /// A checked orientation in whole degrees; kErrorRow for NaN.
-ShownOrientation OrientationIn(double dip, double azimuth, bool isPlane) {
+Attitude OrientationIn(double dip, double azimuth, bool isPlane) {
     if (std::isnan(dip)) {
         return {kErrorRow, 0};
     }
-    return RoundedOrientation(Within(dip, -90, 90, "dip or plunge"),
-                              Within(azimuth, 0, 360, "azimuth"), isPlane);
+    return RoundedAttitude(
+        {Within(dip, -90, 90, "dip or plunge"), Within(azimuth, 0, 360, "azimuth")}, isPlane);
 }
 
 template <class Column>
-ShownOrientation At(const std::vector<Plane>& planes, const Column& lines, std::size_t i) {
+Attitude At(const std::vector<Plane>& planes, const Column& lines, std::size_t i) {
     if (i < planes.size()) {
         return OrientationIn(planes[i].dip, planes[i].dipDirection, true);
     }
     return i < lines.size() ? OrientationIn(lines[i].plunge, lines[i].trend, false)
-                            : ShownOrientation{kErrorRow, 0};
+                            : Attitude{kErrorRow, 0};
 }
 
 /// Adds checked rows to a plot for writing: the columns that main and overlay rows share.
@@ -127,16 +127,16 @@ void AddRows(const PlotRows& rows, int overlay, const Styles& styles, BinaryPlot
     const std::size_t first = plot.rows.size();
     const std::size_t count = std::max(rows.planes.size(), rows.lines.size());
     for (std::size_t i = 0; i < count; ++i) {
-        const ShownOrientation primary = At(rows.planes, rows.lines, i);
-        const ShownOrientation second = At(rows.secondPlanes, rows.secondLines, i);
+        const Attitude primary = At(rows.planes, rows.lines, i);
+        const Attitude second = At(rows.secondPlanes, rows.secondLines, i);
         const bool isUpward = primary.dip < 0 && primary.dip != kErrorRow;
         BinaryRow row;
-        row.dip = primary.dip;
-        row.azimuth = primary.azimuth;
+        row.dip = WholeDegree(primary.dip);
+        row.azimuth = WholeDegree(primary.azimuth);
         row.order = static_cast<std::int32_t>(first + i) + 1;
         row.code = CodeOfNewRow(styles, plot.record, overlay, isUpward);
-        row.dip2 = second.dip;
-        row.azimuth2 = second.azimuth;
+        row.dip2 = WholeDegree(second.dip);
+        row.azimuth2 = WholeDegree(second.azimuth);
         row.lineDip = kInvalidAppendedLine;
         row.number = kInvalidNumber;
         plot.rows.push_back(row);
@@ -167,9 +167,9 @@ void AddAppended(const PlotRows& rows, BinaryPlot& plot) {
         const bool isRow = row.dip != kErrorRow;
         if (isRow && i < rows.appendedLines.size()) {
             const Line& line = rows.appendedLines[i];
-            const ShownOrientation shown = OrientationIn(line.plunge, line.trend, false);
-            row.lineDip = shown.dip == kErrorRow ? kInvalidAppendedLine : shown.dip;
-            row.lineAzimuth = shown.azimuth;
+            const Attitude shown = OrientationIn(line.plunge, line.trend, false);
+            row.lineDip = IsKnown(shown) ? WholeDegree(shown.dip) : kInvalidAppendedLine;
+            row.lineAzimuth = WholeDegree(shown.azimuth);
         }
         if (isRow && i < rows.numbers.size()) {
             row.number = NumberIn(rows.numbers[i]);

@@ -39,11 +39,13 @@ struct RecordView {
     std::int16_t PlotKind = 1; ///< PlotKindCode
     std::int16_t DataKind = 1; ///< DataKindCode
     std::int16_t ShowSecondary = 0;
+    std::int16_t UseDecimals = 0; ///< results and drawings use measured angles where rows have them
     std::int16_t PlotSymbolMode = 1; ///< PlotSymbolModeCode
     std::int16_t NumSymbolsInPlot = 0;
     std::int64_t BetaCount = 0; ///< intersections in the last drawing of a beta plot
 
-    QUANDREL_FIELDS(PlotKind, DataKind, ShowSecondary, PlotSymbolMode, NumSymbolsInPlot);
+    QUANDREL_FIELDS(PlotKind, DataKind, ShowSecondary, UseDecimals, PlotSymbolMode,
+                    NumSymbolsInPlot);
 };
 
 /// Links to parents, children and map tables.

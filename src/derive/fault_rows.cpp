@@ -8,7 +8,7 @@
 
 namespace quandrel {
 
-bool IsReadable(ShownOrientation orientation) {
+bool IsReadable(Attitude orientation) {
     return orientation.dip != kErrorRow && std::abs(orientation.dip) <= 90
            && orientation.azimuth >= 0 && orientation.azimuth <= 360;
 }

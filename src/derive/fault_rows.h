@@ -16,12 +16,12 @@ namespace quandrel {
 /// A fault in whole degrees. A negative plunge of the line means upward polarity: the hanging wall
 /// moves up along it. The trend is still that of its downward end.
 struct Fault {
-    ShownOrientation plane;
-    ShownOrientation line;
+    Attitude plane;
+    Attitude line;
 };
 
 /// True when an orientation was read: not a marker, dip -90 to 90, azimuth 0 to 360.
-[[nodiscard]] bool IsReadable(ShownOrientation orientation);
+[[nodiscard]] bool IsReadable(Attitude orientation);
 
 /// The fault of a main row. Values that the row lacks are not readable.
 [[nodiscard]] Fault FaultOfRow(const Plot& plot, std::int32_t row);

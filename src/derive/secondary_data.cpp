@@ -22,7 +22,7 @@ void FollowShownSigns(int slot) {
     const SymbolCode down = CodeOfStyleRow(kRowSymbol);
     const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
     for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
-        const ShownOrientation shown = OrientationShown(slot, row);
+        const Attitude shown = OrientationShown(slot, row);
         if (shown.dip == kErrorRow) {
             continue;
         }

@@ -15,9 +15,9 @@ namespace quandrel {
 namespace {
 
 /// The secondary orientation of a main row; the error marker for a row that lacks either.
-ShownOrientation SecondaryOfRow(std::int32_t row) {
-    const ShownOrientation line = FaultOfRow(gActivePlot, row).line;
-    return IsReadable(line) ? line : ShownOrientation{kErrorRow, 0};
+Attitude SecondaryOfRow(std::int32_t row) {
+    const Attitude line = FaultOfRow(gActivePlot, row).line;
+    return IsReadable(line) ? line : Attitude{kErrorRow, 0};
 }
 
 void CopyAppended(std::int32_t row, const PlotRecord& record, ParsedRow& parsed) {
@@ -38,7 +38,7 @@ void CopyAppended(std::int32_t row, const PlotRecord& record, ParsedRow& parsed)
 
 ParsedRow OverlayRowOf(std::int32_t row, const PlotRecord& record) {
     ParsedRow parsed;
-    const ShownOrientation secondary = SecondaryOfRow(row);
+    const Attitude secondary = SecondaryOfRow(row);
     if (secondary.dip == kErrorRow) {
         return parsed;
     }
@@ -74,9 +74,8 @@ void RewriteSecondaryOverlay(int overlay) {
     const std::int32_t rows = record.OverlayRows[static_cast<std::size_t>(overlay)];
     for (std::int32_t i = 0; i < rows; ++i) {
         const std::int32_t row = first + i;
-        const ShownOrientation line = SecondaryOfRow(i + 1);
-        gDataDip.At(gActivePlot, row) = line.dip;
-        gDataAz.At(gActivePlot, row) = line.azimuth;
+        const Attitude line = SecondaryOfRow(i + 1);
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Primary, row, line);
         StoreRowPosition(gActivePlot, static_cast<std::size_t>(row) - 1, row, line,
                          IsPlottedAsPole(record, overlay));
     }

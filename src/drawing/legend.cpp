@@ -37,7 +37,7 @@ LegendLine TextLine(std::string text) {
 SymbolCode CodeOfRows(const Plot& plot, std::int32_t first, std::int32_t last, bool upward) {
     for (std::int32_t row = first; row <= last; ++row) {
         const SymbolCode code = plot.rows.symbol(row);
-        const std::int32_t dip = OrientationShown(plot, row).dip;
+        const double dip = OrientationShown(plot, row).dip;
         if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
             return code;
         }

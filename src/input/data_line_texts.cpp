@@ -44,9 +44,9 @@ void TellSecondary(const ParsedRow& row, const LineFormat& format, std::string& 
         return;
     }
     if (IsComputed(format.secondary)) {
-        const ShownOrientation whole = RoundedOrientation(row.dip2, row.az2, false);
-        outDip2 = std::to_string(whole.dip);
-        outAz2 = std::to_string(whole.azimuth);
+        const Attitude whole = RoundedAttitude({row.dip2, row.az2}, false);
+        outDip2 = std::to_string(WholeDegree(whole.dip));
+        outAz2 = std::to_string(WholeDegree(whole.azimuth));
         return;
     }
     outDip2 = GeneralText(row.dip2);

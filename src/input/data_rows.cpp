@@ -8,58 +8,72 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace quandrel {
 
 namespace {
 
-/// Degrees rounded, halves to even. Most are whole already, which is faster to test than to round.
-std::int32_t WholeDegrees(double degrees) {
-    const auto whole = static_cast<std::int32_t>(degrees);
-    return whole == degrees ? whole : static_cast<std::int32_t>(RoundToEven(degrees));
+/// An orientation of a row in whole degrees, and as it was measured where it has decimals.
+struct KeptAttitude {
+    Attitude whole{kErrorRow, kErrorRow};
+    std::optional<Attitude> measured;
+};
+
+/// A measured attitude as rows keep it: azimuth 0 to 360.
+Attitude WithAzimuthOnCompass(Attitude measured) {
+    if (measured.azimuth < 0) {
+        WrapDegrees(measured.azimuth);
+    }
+    return measured;
 }
 
-std::int32_t WholeAzimuth(double degrees) {
-    const std::int32_t whole = WholeDegrees(degrees);
-    if (whole >= 0 && whole <= 360) {
-        return whole;
+KeptAttitude KeptOf(const Attitude& parsed, bool isPlane, bool turn) {
+    KeptAttitude kept{RoundedAttitude(parsed, isPlane), std::nullopt};
+    if (!IsWhole(parsed)) {
+        kept.measured = WithAzimuthOnCompass(parsed);
     }
-    double azimuth = whole;
-    WrapDegrees(azimuth);
-    return static_cast<std::int32_t>(azimuth);
+    if (turn) {
+        kept.whole = PoleInDegrees(kept.whole);
+        kept.measured = kept.measured ? std::optional(PoleInDegrees(*kept.measured)) : std::nullopt;
+    }
+    return kept;
+}
+
+std::optional<Attitude>& MeasuredIn(RowValues& values, RowAngles which) {
+    return values.measured[static_cast<std::size_t>(which)];
 }
 
 /// The orientations of a row, in the columns that keep them.
 void SetOrientations(const ParsedRow& row, const RowForm& form, RowValues& values) {
     const RowTarget& target = form.target;
-    ShownOrientation primary = RoundedOrientation(row.dip, row.az, row.isPlane);
-    if (target.turnToPole) {
-        primary = PoleInDegrees(primary);
-    }
+    KeptAttitude primary = KeptOf({row.dip, row.az}, row.isPlane, target.turnToPole);
     values.hasSecondary = form.columns.secondary;
     if (values.hasSecondary) {
-        ShownOrientation secondary{kErrorRow, kErrorRow};
+        KeptAttitude secondary;
         if (row.secondaryPresent) {
-            secondary = RoundedOrientation(row.dip2, row.az2, row.isPlane2);
-            secondary = target.turnSecondary ? PoleInDegrees(secondary) : secondary;
+            secondary = KeptOf({row.dip2, row.az2}, row.isPlane2, target.turnSecondary);
         }
         if (target.overlay > 0 && form.showsSecondary) {
             std::swap(primary, secondary);
         }
-        values.dip2 = secondary.dip;
-        values.azimuth2 = secondary.azimuth;
+        values.dip2 = WholeDegree(secondary.whole.dip);
+        values.azimuth2 = WholeDegree(secondary.whole.azimuth);
+        MeasuredIn(values, RowAngles::Secondary) = secondary.measured;
     }
-    values.dip = primary.dip;
-    values.azimuth = primary.azimuth;
+    values.dip = WholeDegree(primary.whole.dip);
+    values.azimuth = WholeDegree(primary.whole.azimuth);
+    MeasuredIn(values, RowAngles::Primary) = primary.measured;
 }
 
 void SetLine(const ParsedRow& row, RowValues& values, RowFaults& faults) {
     faults.line = row.lineStatus != AppendedLineStatus::Good;
     if (!faults.line) {
-        const ShownOrientation line = RoundedOrientation(row.linePlunge, row.lineTrend, false);
-        values.lineDip = line.dip;
-        values.lineAzimuth = line.azimuth;
+        const KeptAttitude line = KeptOf({row.linePlunge, row.lineTrend}, false, false);
+        values.lineDip = WholeDegree(line.whole.dip);
+        values.lineAzimuth = WholeDegree(line.whole.azimuth);
+        MeasuredIn(values, RowAngles::Line) = line.measured;
     }
 }
 
@@ -87,13 +101,12 @@ void SetAppended(const ParsedRow& row, const ColumnSet& columns, RowValues& valu
     values.isInRange = !faults.number && !faults.text && (columns.number || columns.text);
 }
 
-/// The orientation shown for a row: a secondary one that is not kept reads as 0.
-ShownOrientation ShownOf(const RowValues& values, const RowForm& form) {
-    if (form.target.overlay > 0 || !form.showsSecondary) {
+/// The orientation shown for a row in whole degrees: a secondary one that is not kept reads as 0.
+Attitude WholeShownOf(const RowValues& values, RowAngles which) {
+    if (which == RowAngles::Primary) {
         return {values.dip, values.azimuth};
     }
-    return values.hasSecondary ? ShownOrientation{values.dip2, values.azimuth2}
-                               : ShownOrientation{};
+    return values.hasSecondary ? Attitude{values.dip2, values.azimuth2} : Attitude{};
 }
 
 } // namespace
@@ -116,19 +129,12 @@ SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward) {
     return CodeOfNewRow(gSettings.styles, record, overlay, upward);
 }
 
-ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane) {
-    const ShownOrientation rounded{WholeDegrees(dip), WholeAzimuth(azimuth)};
-    if (isPlane || rounded.dip != 0 || !(dip < 0)) {
-        return rounded;
-    }
-    return {0, rounded.azimuth < 180 ? rounded.azimuth + 180 : rounded.azimuth - 180};
-}
-
 RowForm FormOfRows(const PlotRecord& record, const RowTarget& target) {
     return {
         target,
         ColumnsOf(record, target.secondaryFormat != 0),
         record.ShowSecondary != 0,
+        record.UseDecimals != 0,
         IsPlottedAsPole(record, target.overlay),
         record.PlotKind,
         {CodeOfNewRow(record, target.overlay, false), CodeOfNewRow(record, target.overlay, true)}};
@@ -143,10 +149,15 @@ RowValues ValuesOfRow(const ParsedRow& row, const RowForm& form, RowFaults& faul
     values.isData = true;
     SetOrientations(row, form, values);
     SetAppended(row, form.columns, values, faults);
-    const ShownOrientation shown = ShownOf(values, form);
-    const bool isUpward = shown.dip < 0 && shown.dip != kErrorRow;
+    const RowAngles which =
+        form.target.overlay > 0 || !form.showsSecondary ? RowAngles::Primary : RowAngles::Secondary;
+    const Attitude whole = WholeShownOf(values, which);
+    const bool isUpward = whole.dip < 0 && IsKnown(whole);
     values.code = form.codes[isUpward ? 1 : 0];
-    values.place = PlottedOrientation(form.plotKind, form.isPlottedAsPole, 0, shown);
+    const std::optional<Attitude>& measured = MeasuredIn(values, which);
+    const bool isMeasured = form.usesDecimals && measured;
+    values.place =
+        PlottedOrientation(form.plotKind, form.isPlottedAsPole, 0, isMeasured ? *measured : whole);
     return values;
 }
 

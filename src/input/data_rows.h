@@ -36,6 +36,7 @@ struct RowForm {
     RowTarget target;
     ColumnSet columns;
     bool showsSecondary = false;
+    bool usesDecimals = false; ///< rows are plotted where they were measured
     bool isPlottedAsPole = false;
     std::int16_t plotKind = kEqualArea;
     std::array<SymbolCode, 2> codes{}; ///< [0] of a row, [1] of a row that points up
@@ -43,9 +44,9 @@ struct RowForm {
 
 [[nodiscard]] RowForm FormOfRows(const PlotRecord& record, const RowTarget& target);
 
-/// A parsed row as the columns keep it. Orientations are rounded to whole degrees, halves to even;
-/// azimuths are brought into 0 to 360. A row without data becomes an error row. Pure, so that
-/// threads can call it.
+/// A parsed row as the columns keep it: in whole degrees, halves to even, azimuths from 0 to 360,
+/// and as measured where the line has decimals. A row without data becomes an error row. Pure, so
+/// that threads can call it.
 ///
 /// @param[out] faults  appended values that are kept as invalid
 /// @return values with views of the parsed row's texts
@@ -58,10 +59,6 @@ struct RowForm {
 /// @return false when memory ran out: the row was not stored, and DataFull of the plot is set
 [[nodiscard]] bool StoreDataRow(Plot& plot, const ParsedRow& row, const RowTarget& target,
                                 RowFaults& faults, std::string_view line = {});
-
-/// An orientation in whole degrees, halves to even, azimuth 0 to 360. A line that points up by an
-/// angle that rounds to 0 becomes level, with the trend that it points to.
-[[nodiscard]] ShownOrientation RoundedOrientation(double dip, double azimuth, bool isPlane);
 
 /// The drawing code that a new row of a plot takes.
 ///

@@ -24,11 +24,11 @@ namespace quandrel {
 namespace {
 
 /// The orientation of a row that is shown. Plots of files do not have links that mark rows.
-ShownOrientation ShownOf(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
+Attitude ShownOf(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     const bool isSecondary =
         record.ShowSecondary != 0 && row <= record.NumData && stored.dip != kErrorRow;
-    return isSecondary ? ShownOrientation{stored.dip2, stored.azimuth2}
-                       : ShownOrientation{stored.dip, stored.azimuth};
+    return isSecondary ? Attitude{stored.dip2, stored.azimuth2}
+                       : Attitude{stored.dip, stored.azimuth};
 }
 
 /// The code of a row to which no class gives another one.
@@ -36,7 +36,7 @@ SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow
     if (record.ClassMode == 0 || row > record.NumData) {
         return stored.code;
     }
-    const std::int32_t dip = ShownOf(record, row, stored).dip;
+    const double dip = ShownOf(record, row, stored).dip;
     return stored.dip == kErrorRow ? 0 : CodeOfNewRow(record, 0, dip < 0 && dip != kErrorRow);
 }
 

@@ -76,7 +76,7 @@ void StyleChange::FollowInRows(const PlotCodes& former, const PlotCodes& now) {
     const PlotRecord& record = ActiveRecord();
     const std::optional<ClassRule> rule = RuleOfPlot(record);
     for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
-        const ShownOrientation shown = OrientationShown(gActivePlot, row);
+        const Attitude shown = OrientationShown(gActivePlot, row);
         if (DipOfRow(gActivePlot, row) == kErrorRow) {
             continue;
         }

@@ -171,9 +171,9 @@ void GatheredRows::GatherOrientations(const PlotRecord& record) {
     dips_.resize(count_);
     azimuths_.resize(count_);
     for (std::size_t row = 0; row < count_; ++row) {
-        const ShownOrientation shown = OrientationShown(plot_, static_cast<std::int32_t>(row) + 1);
-        dips_[row] = shown.dip;
-        azimuths_[row] = shown.azimuth;
+        const Attitude shown = OrientationShown(plot_, static_cast<std::int32_t>(row) + 1);
+        dips_[row] = WholeDegree(shown.dip);
+        azimuths_[row] = WholeDegree(shown.azimuth);
     }
     rows_.dips = dips_;
     rows_.azimuths = azimuths_;

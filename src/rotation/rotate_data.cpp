@@ -32,7 +32,7 @@ public:
     StatusWord& operator=(const StatusWord&) = delete;
 };
 
-bool PointsUp(ShownOrientation shown) {
+bool PointsUp(Attitude shown) {
     return shown.dip < 0 && shown.dip != kErrorRow;
 }
 
@@ -55,14 +55,14 @@ void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& change
     changes.push_back(change);
 }
 
-void StoreColumns(const std::vector<ShownOrientation>& rows, const DataColumn<std::int32_t>& dips,
-                  const DataColumn<std::int32_t>& azimuths) {
-    const auto last = static_cast<std::int32_t>(rows.size()) - 1;
-    for (std::int32_t row = 1; row <= last; ++row) {
-        // Rows after the end of a column have no values, and stay so.
-        if (row < dips.RowCount(gActivePlot)) {
-            dips.At(gActivePlot, row) = rows[static_cast<std::size_t>(row)].dip;
-            azimuths.At(gActivePlot, row) = rows[static_cast<std::size_t>(row)].azimuth;
+/// Rows after the end of a column have no values, and stay so.
+void StoreColumns(const std::vector<Attitude>& turned, RowAngles which) {
+    PlotRows& rows = ActivePlot().rows;
+    const auto last = static_cast<std::int32_t>(turned.size()) - 1;
+    for (std::int32_t row = 1; row <= last && row < RowCountOf(rows, which); ++row) {
+        const Attitude& now = turned[static_cast<std::size_t>(row)];
+        if (now != WholeAttitude(rows, which, row)) {
+            SetWholeAttitude(rows, which, row, now);
         }
     }
 }
@@ -79,9 +79,9 @@ std::vector<bool> UpwardRows() {
 void StoreRows(const TurnedRows& rows, std::vector<SymbolChange>& changes) {
     const std::vector<bool> wereUp = UpwardRows();
     changes.reserve(wereUp.size());
-    StoreColumns(rows.primary, gDataDip, gDataAz);
-    StoreColumns(rows.secondary, gData2Dip, gData2Az);
-    StoreColumns(rows.appended, gAppLineDip, gAppLineAz);
+    StoreColumns(rows.primary, RowAngles::Primary);
+    StoreColumns(rows.secondary, RowAngles::Secondary);
+    StoreColumns(rows.appended, RowAngles::Line);
     for (std::size_t row = 1; row < wereUp.size(); ++row) {
         FollowSense(static_cast<std::int32_t>(row), wereUp[row], changes);
     }
@@ -89,7 +89,7 @@ void StoreRows(const TurnedRows& rows, std::vector<SymbolChange>& changes) {
 }
 
 /// The orientation of a row that would be shown.
-ShownOrientation ShownAfter(const PlotRecord& record, const TurnedRows& rows, std::int32_t row) {
+Attitude ShownAfter(const PlotRecord& record, const TurnedRows& rows, std::int32_t row) {
     const auto place = static_cast<std::size_t>(row);
     const bool showsSecondary =
         record.ShowSecondary != 0 && row <= record.NumData && !rows.secondary.empty();

@@ -66,6 +66,9 @@ RotationMemory RememberRows(int slot) {
         const auto cells = CellsInUse(*column, slot);
         memory.orientations.emplace_back(cells.begin(), cells.end());
     }
+    for (const RowAngles which : kRowAngles) {
+        memory.measured[static_cast<std::size_t>(which)] = MeasuredOf(PlotOf(slot).rows, which);
+    }
     return memory;
 }
 
@@ -92,12 +95,16 @@ bool UndoRotation() {
     if (gBusy || !CanUndoRotation()) {
         return false;
     }
-    const RotationMemory memory = std::move(*gLastRotation);
+    RotationMemory memory = std::move(*gLastRotation);
     gLastRotation.reset();
     PlotRecord& record = ActiveRecord();
     const auto columns = OrientationColumns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         WriteBack(memory.orientations[i], *columns[i], memory.slot);
+    }
+    for (const RowAngles which : kRowAngles) {
+        MeasuredOf(ActivePlot().rows, which) =
+            std::move(memory.measured[static_cast<std::size_t>(which)]);
     }
     for (const SymbolChange& change : memory.symbols) {
         WriteBack(change, memory.slot);

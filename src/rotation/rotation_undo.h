@@ -5,8 +5,10 @@
 
 #pragma once
 
+#include "core/measured_rows.h"
 #include "core/style_tables.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -30,8 +32,9 @@ inline constexpr std::int16_t kModifiedByRotation = 2;
 struct RotationMemory {
     int slot = 0;
     std::int16_t rotationState = 0;
-    std::int16_t modified = 0;                           ///< PlotRecord::Modified
-    std::vector<std::vector<std::int32_t>> orientations; ///< in the order of the columns
+    std::int16_t modified = 0;                               ///< PlotRecord::Modified
+    std::vector<std::vector<std::int32_t>> orientations;     ///< in the order of the columns
+    std::array<MeasuredColumns, kRowAngles.size()> measured; ///< by RowAngles
     std::vector<SymbolChange> symbols;
     std::uint64_t fingerprint = 0; ///< hash of the columns after the rotation
 };

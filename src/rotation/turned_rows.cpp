@@ -24,11 +24,11 @@ struct Line {
     double trend = 0;
 };
 
-Line LineOf(ShownOrientation degrees) {
+Line LineOf(Attitude degrees) {
     return {DegToRad(degrees.dip), DegToRad(degrees.azimuth)};
 }
 
-Line PoleOf(ShownOrientation plane) {
+Line PoleOf(Attitude plane) {
     Line pole;
     PoleOfPlane(DegToRad(plane.dip), DegToRad(plane.azimuth), pole.plunge, pole.trend);
     return pole;
@@ -49,13 +49,13 @@ std::int32_t WholeAzimuth(double radians) {
     return WholeDegrees(WrappedAngle(radians)) % 360;
 }
 
-bool IsSameAzimuth(std::int32_t a, std::int32_t b) {
-    return (a - b) % 360 == 0;
+bool IsSameAzimuth(double a, double b) {
+    return std::fmod(a - b, 360) == 0;
 }
 
-ShownOrientation RoundedLine(Line line, EndsOfLine sense, ShownOrientation former) {
+Attitude RoundedLine(Line line, EndsOfLine sense, Attitude former) {
     const bool isVertical = std::abs(line.plunge) == kRightAngle;
-    ShownOrientation rounded;
+    Attitude rounded;
     rounded.dip = sense == EndsOfLine::Level ? 0 : WholeDegrees(line.plunge);
     if (rounded.dip == 0 && line.plunge < 0) {
         line.trend += kPi;
@@ -74,9 +74,9 @@ ShownOrientation RoundedLine(Line line, EndsOfLine sense, ShownOrientation forme
 }
 
 /// The plane of a pole, with the sign that the dip had.
-ShownOrientation RoundedPlane(Line pole, ShownOrientation former) {
+Attitude RoundedPlane(Line pole, Attitude former) {
     const std::int32_t dip = WholeDegrees(kRightAngle - std::abs(pole.plunge));
-    ShownOrientation rounded{former.dip < 0 ? -dip : dip, 0};
+    Attitude rounded{former.dip < 0 ? -dip : dip, 0};
     if (std::abs(pole.plunge) != kRightAngle) {
         rounded.azimuth = WholeAzimuth(pole.trend + kPi);
     }
@@ -112,14 +112,13 @@ struct SetRule {
     EndsOfLine sense = EndsOfLine::None;
 };
 
-ShownOrientation TurnedOrientation(const Rotation& rotation, SetRule rule, ShownOrientation row) {
+Attitude TurnedOrientation(const Rotation& rotation, SetRule rule, Attitude row) {
     return rule.isPlane ? RoundedPlane(Turned(rotation, PoleOf(row)), row)
                         : RoundedLine(Turned(rotation, LineOf(row)), rule.sense, row);
 }
 
 /// The slip line of a fault: that of the other block when the fault is turned over.
-ShownOrientation TurnedSlip(const Rotation& rotation, ShownOrientation fault,
-                            ShownOrientation slip) {
+Attitude TurnedSlip(const Rotation& rotation, Attitude fault, Attitude slip) {
     const Line line = Turned(rotation, LineOf(slip));
     const bool turnsOver = Turned(rotation, PoleOf(fault)).plunge < 0;
     return RoundedLine(turnsOver ? OppositeOf(line) : line, EndsOfLine::Directed, slip);
@@ -194,9 +193,9 @@ public:
     }
 
 private:
-    using Rows = std::vector<ShownOrientation>;
+    using Rows = std::vector<Attitude>;
 
-    static ShownOrientation& At(Rows& rows, std::int32_t row) {
+    static Attitude& At(Rows& rows, std::int32_t row) {
         return rows[static_cast<std::size_t>(row)];
     }
 
@@ -243,9 +242,9 @@ private:
     }
 
     void TurnRow(std::int32_t row, SetRule rule) {
-        ShownOrientation& main = At(rows_.primary, row);
+        Attitude& main = At(rows_.primary, row);
         if (HasSecondary(row)) {
-            ShownOrientation& second = At(rows_.secondary, row);
+            Attitude& second = At(rows_.secondary, row);
             const bool isSlip = rule.isPlane && !secondary_.isPlane
                                 && (hasAxes_ || secondary_.sense == EndsOfLine::Directed);
             second = isSlip ? TurnedSlip(rotation_, main, second)
@@ -264,7 +263,7 @@ private:
     }
 
     /// The fold axis of a row, or kInvalidAppendedLine for its plunge.
-    [[nodiscard]] ShownOrientation OwnAxis(std::int32_t row) const {
+    [[nodiscard]] Attitude OwnAxis(std::int32_t row) const {
         return {gAppLineDip(slot_, row), gAppLineAz(slot_, row)};
     }
 
@@ -280,7 +279,7 @@ private:
         }
         const Line axis =
             hasOwnAxis ? LineOf(OwnAxis(row)) : Line{rotation_.inclination, rotation_.azimuth};
-        ShownOrientation& bed = At(rows_.primary, row);
+        Attitude& bed = At(rows_.primary, row);
         if (HasSecondary(row)) {
             At(rows_.secondary, row) = UnfoldedSecondary(bed, axis, At(rows_.secondary, row));
         }
@@ -288,8 +287,7 @@ private:
         ++rows_.turned;
     }
 
-    [[nodiscard]] ShownOrientation UnfoldedSecondary(ShownOrientation bed, Line axis,
-                                                     ShownOrientation second) const {
+    [[nodiscard]] Attitude UnfoldedSecondary(Attitude bed, Line axis, Attitude second) const {
         const Line line = secondary_.isPlane ? PoleOf(second) : LineOf(second);
         Line unfolded;
         UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), axis.plunge, axis.trend, line.plunge,

@@ -51,12 +51,12 @@ enum class EndsOfLine {
 /// The rows of a plot after a rotation, indexed by point index; element 0 is not used. Rows that
 /// the rotation does not affect are unchanged.
 struct TurnedRows {
-    std::vector<ShownOrientation> primary;
-    std::vector<ShownOrientation> secondary; ///< empty without secondary data
-    std::vector<ShownOrientation> appended;  ///< empty unless appended lines are rotated
-    std::int32_t turned = 0;                 ///< rows that were rotated
-    std::int32_t withoutAxis = 0;            ///< and those without an appended line
-    std::int32_t withoutPlane = 0;           ///< and rows of overlays that are not planes
+    std::vector<Attitude> primary;
+    std::vector<Attitude> secondary; ///< empty without secondary data
+    std::vector<Attitude> appended;  ///< empty unless appended lines are rotated
+    std::int32_t turned = 0;         ///< rows that were rotated
+    std::int32_t withoutAxis = 0;    ///< and those without an appended line
+    std::int32_t withoutPlane = 0;   ///< and rows of overlays that are not planes
 };
 
 /// Rotates all rows of a plot: the main rows with their secondary data, and the overlays. Rotations

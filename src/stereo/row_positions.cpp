@@ -62,8 +62,19 @@ double RadiansOf(std::int32_t degrees) {
     return radians[static_cast<std::size_t>(degrees + 360)];
 }
 
-bool IsWholeDegreeLine(ShownOrientation line) {
+bool IsOnNet(const Attitude& line) {
     return std::abs(line.dip) <= 90 && line.azimuth >= 0 && line.azimuth <= 360;
+}
+
+PlottedRow PlottedWhole(int plotKind, std::int32_t index, std::int32_t plunge, std::int32_t trend) {
+    const NetPlace place = PlaceOf(plotKind, std::abs(plunge), trend);
+    return {index, place.x, place.y, RadiansOf(plunge), RadiansOf(trend)};
+}
+
+PlottedRow PlottedMeasured(int plotKind, std::int32_t index, const Attitude& line) {
+    PlottedRow row{index, 0, 0, DegToRad(line.dip), DegToRad(line.azimuth)};
+    ProjectPointInt(plotKind, std::abs(row.plunge), row.trend, row.x, row.y);
+    return row;
 }
 
 /// Whether a plunge marks a row of intersections whose planes do not meet in a line. Such a plot is
@@ -75,6 +86,19 @@ bool MarksParallelPlanes(const Plot& plot, std::int32_t plunge) {
            && PlotSlots::Find(RecordOf(source).IntersectionState) == &plot;
 }
 
+/// The shown orientation of a row, measured or in whole degrees.
+Attitude Shown(const Plot& plot, std::int32_t row, bool isMeasured) {
+    const bool isMain = row <= plot.record.NumData;
+    const std::int32_t dip = plot.rows.dip(row);
+    const RowAngles which = dip == kErrorRow ? RowAngles::Primary : AnglesShown(plot.record, row);
+    Attitude shown =
+        isMeasured ? MeasuredAttitude(plot.rows, which, row) : WholeAttitude(plot.rows, which, row);
+    if (isMain && MarksParallelPlanes(plot, WholeDegree(shown.dip))) {
+        shown.dip = kErrorRow;
+    }
+    return shown;
+}
+
 } // namespace
 
 std::int32_t DipOfRow(const Plot& plot, std::int32_t row) {
@@ -84,11 +108,6 @@ std::int32_t DipOfRow(const Plot& plot, std::int32_t row) {
 
 std::int32_t DipOfRow(int slot, std::int32_t row) {
     return DipOfRow(PlotOf(slot), row);
-}
-
-ShownOrientation PoleInDegrees(ShownOrientation plane) {
-    const std::int32_t trend = plane.azimuth < 180 ? plane.azimuth + 180 : plane.azimuth - 180;
-    return {90 - std::abs(plane.dip), trend};
 }
 
 bool ShowsPlaneData(const PlotRecord& record) {
@@ -103,35 +122,40 @@ bool IsPlottedAsPole(const PlotRecord& record, int overlay) {
     return ShowsPlaneData(record) || record.DataKind == kPlanes;
 }
 
-ShownOrientation OrientationShown(const Plot& plot, std::int32_t row) {
-    const PlotRecord& record = plot.record;
-    ShownOrientation shown{plot.rows.dip(row), plot.rows.azimuth(row)};
-    if (record.ShowSecondary != 0 && row <= record.NumData && shown.dip != kErrorRow) {
-        shown = {plot.rows.dip2(row), plot.rows.azimuth2(row)};
-    }
-    if (row <= record.NumData && MarksParallelPlanes(plot, shown.dip)) {
-        shown.dip = kErrorRow;
-    }
-    return shown;
+RowAngles AnglesShown(const PlotRecord& record, std::int32_t row) {
+    return record.ShowSecondary != 0 && row <= record.NumData ? RowAngles::Secondary
+                                                              : RowAngles::Primary;
 }
 
-ShownOrientation OrientationShown(int slot, std::int32_t row) {
+Attitude OrientationShown(const Plot& plot, std::int32_t row) {
+    return Shown(plot, row, plot.record.UseDecimals != 0);
+}
+
+Attitude MeasuredShown(const Plot& plot, std::int32_t row) {
+    return Shown(plot, row, true);
+}
+
+Attitude OrientationShown(int slot, std::int32_t row) {
     return OrientationShown(PlotOf(slot), row);
 }
 
 PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
-                              ShownOrientation shown) {
-    if (shown.dip == kErrorRow || !IsWholeDegreeLine(shown)) {
+                              const Attitude& shown) {
+    if (!IsKnown(shown) || !IsOnNet(shown)) {
         return {index, 0, 0, kErrorRow, 0};
     }
-    const ShownOrientation line = asPole ? PoleInDegrees(shown) : shown;
-    const NetPlace place = PlaceOf(plotKind, std::abs(line.dip), line.azimuth);
-    return {index, place.x, place.y, RadiansOf(line.dip), RadiansOf(line.azimuth)};
+    const Attitude line = asPole ? PoleInDegrees(shown) : shown;
+    const std::int32_t plunge = WholeDegree(line.dip);
+    const std::int32_t trend = WholeDegree(line.azimuth);
+    if (plunge == line.dip && trend == line.azimuth) {
+        return PlottedWhole(plotKind, index, plunge, trend);
+    }
+    return PlottedMeasured(plotKind, index, line);
 }
 
 namespace {
 
-void StorePosition(Plot& plot, std::size_t place, std::int32_t index, ShownOrientation shown,
+void StorePosition(Plot& plot, std::size_t place, std::int32_t index, const Attitude& shown,
                    bool asPole) {
     const PlottedRow row = PlottedOrientation(plot.record.PlotKind, asPole, index, shown);
     if (place < plot.table.size()) {
@@ -143,7 +167,7 @@ void StorePosition(Plot& plot, std::size_t place, std::int32_t index, ShownOrien
 
 } // namespace
 
-void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
+void StoreRowPosition(int slot, std::size_t place, std::int32_t index, const Attitude& shown,
                       bool asPole) {
     StorePosition(PlotOf(slot), place, index, shown, asPole);
 }

@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include "core/measured_rows.h"
 #include "core/plot.h"
 #include "core/plot_rows.h"
 #include "core/row_table.h"
@@ -25,33 +26,33 @@ namespace quandrel {
 /// planes. `overlay` 0 means the main rows. All conversions between columns and positions ask here.
 [[nodiscard]] bool IsPlottedAsPole(const PlotRecord& record, int overlay);
 
-/// An orientation in whole degrees as the columns hold it.
-struct ShownOrientation {
-    std::int32_t dip = 0; ///< or plunge; kErrorRow where the row cannot be plotted
-    std::int32_t azimuth = 0;
-};
-
 /// The effective primary dip or plunge of a row. It is kErrorRow also for a row of a plot of
 /// intersections whose planes do not meet in a line; the columns mark such a row with -90. All code
 /// that reads rows from the columns asks here which of them are data.
 [[nodiscard]] std::int32_t DipOfRow(const Plot& plot, std::int32_t row);
 [[nodiscard]] std::int32_t DipOfRow(int slot, std::int32_t row);
 
-/// The pole of a plane, or the plane of a pole, in whole degrees. The sign of a dip is ignored.
-[[nodiscard]] ShownOrientation PoleInDegrees(ShownOrientation plane);
-
-/// The orientation of a row that is shown: the secondary one of a main row while the plot shows the
+/// Which orientation of a row is shown: the secondary one of a main row while the plot shows the
 /// secondary data, else the primary one.
-[[nodiscard]] ShownOrientation OrientationShown(const Plot& plot, std::int32_t row);
-[[nodiscard]] ShownOrientation OrientationShown(int slot, std::int32_t row);
+[[nodiscard]] RowAngles AnglesShown(const PlotRecord& record, std::int32_t row);
 
-/// The line of the table for an orientation in whole degrees, dip -90 to 90, azimuth 0 to 360.
+/// The orientation of a row that is shown, as the plot shows it: measured if it uses decimals, else
+/// in whole degrees. All drawings and results start from it. Its dip is kErrorRow where the row
+/// cannot be plotted.
+[[nodiscard]] Attitude OrientationShown(const Plot& plot, std::int32_t row);
+[[nodiscard]] Attitude OrientationShown(int slot, std::int32_t row);
+
+/// The orientation of a row that is shown, as it was measured, whether the plot uses decimals or
+/// not. Operations that make rows from rows start from it.
+[[nodiscard]] Attitude MeasuredShown(const Plot& plot, std::int32_t row);
+
+/// The line of the table for an orientation, dip -90 to 90, azimuth 0 to 360 degrees.
 [[nodiscard]] PlottedRow PlottedOrientation(int plotKind, bool asPole, std::int32_t index,
-                                            ShownOrientation shown);
+                                            const Attitude& shown);
 
 /// Writes the line of a row at a position of the table of a slot, or appends it at the end. A
 /// missing orientation makes an error row.
-void StoreRowPosition(int slot, std::size_t place, std::int32_t index, ShownOrientation shown,
+void StoreRowPosition(int slot, std::size_t place, std::int32_t index, const Attitude& shown,
                       bool asPole);
 
 /// Rebuilds the table of a plot from the columns, all rows in order, and marks its rows as changed.

@@ -43,26 +43,26 @@ protected:
     }
 
     /// A plot of planes as the active one.
-    int NewPlanes(const std::vector<ShownOrientation>& rows) {
+    int NewPlanes(const std::vector<Attitude>& rows) {
         const int slot = NewPlot();
         PlotRecord& record = ActiveRecord();
         record.PrimaryFormat = kPrimaryPlane;
         record.DataKind = kPlanes;
-        for (const ShownOrientation& row : rows) {
-            AddRow(row.dip, row.azimuth);
+        for (const Attitude& row : rows) {
+            AddRow(WholeDegree(row.dip), WholeDegree(row.azimuth));
             gDataOrder.At(slot, record.NumData) = record.NumData;
         }
         return slot;
     }
 
     /// A plot of lines as the active one.
-    int NewLines(const std::vector<ShownOrientation>& rows, std::int16_t kind = kLines) {
+    int NewLines(const std::vector<Attitude>& rows, std::int16_t kind = kLines) {
         const int slot = NewPlot();
         PlotRecord& record = ActiveRecord();
         record.PrimaryFormat = kPrimaryLine;
         record.DataKind = kind;
-        for (const ShownOrientation& row : rows) {
-            AddRow(row.dip, row.azimuth);
+        for (const Attitude& row : rows) {
+            AddRow(WholeDegree(row.dip), WholeDegree(row.azimuth));
             gDataOrder.At(slot, record.NumData) = record.NumData;
         }
         return slot;

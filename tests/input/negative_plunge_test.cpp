@@ -98,7 +98,7 @@ TEST(NegativePlunge, ReadsTheSameVectorsInBothMeanings) {
                 const ParsedRow row =
                     ParseLine(std::to_string(plunge) + "\t" + std::to_string(trend), format);
                 ASSERT_EQ(row.status, LineStatus::Row);
-                const ShownOrientation whole = RoundedOrientation(row.dip, row.az, row.isPlane);
+                const Attitude whole = RoundedAttitude({row.dip, row.az}, row.isPlane);
                 const Vector stored =
                     testing::LineVector(Radians(whole.dip), Radians(whole.azimuth));
                 ASSERT_LT(testing::AngleOf(stored, vector), Radians(0.75))
@@ -108,14 +108,14 @@ TEST(NegativePlunge, ReadsTheSameVectorsInBothMeanings) {
     }
 }
 
-TEST(RoundedOrientation, KeepsTheDirectionOfALineThatComesOutLevel) {
-    EXPECT_EQ(RoundedOrientation(-0.3, 100, false).azimuth, 280);
-    EXPECT_EQ(RoundedOrientation(-0.3, 280, false).azimuth, 100);
-    EXPECT_EQ(RoundedOrientation(-0.3, 280, false).dip, 0);
-    EXPECT_EQ(RoundedOrientation(0.3, 100, false).azimuth, 100);
-    EXPECT_EQ(RoundedOrientation(0, 100, false).azimuth, 100);
-    EXPECT_EQ(RoundedOrientation(-0.6, 100, false).azimuth, 100);
-    EXPECT_EQ(RoundedOrientation(-0.3, 100, true).azimuth, 100) << "a plane has no sense";
+TEST(RoundedAttitude, KeepsTheDirectionOfALineThatComesOutLevel) {
+    EXPECT_EQ(RoundedAttitude({-0.3, 100}, false).azimuth, 280);
+    EXPECT_EQ(RoundedAttitude({-0.3, 280}, false).azimuth, 100);
+    EXPECT_EQ(RoundedAttitude({-0.3, 280}, false).dip, 0);
+    EXPECT_EQ(RoundedAttitude({0.3, 100}, false).azimuth, 100);
+    EXPECT_EQ(RoundedAttitude({0, 100}, false).azimuth, 100);
+    EXPECT_EQ(RoundedAttitude({-0.6, 100}, false).azimuth, 100);
+    EXPECT_EQ(RoundedAttitude({-0.3, 100}, true).azimuth, 100) << "a plane has no sense";
 }
 
 TEST(ParameterLine, SaysWhatTheTrendBesideANegativePlungeNames) {

@@ -42,9 +42,8 @@ TEST_F(RowPositions, ALineStandsAsItIsAndKeepsItsSense) {
 }
 
 TEST_F(RowPositions, WhatCannotBePlottedIsAnErrorRow) {
-    for (const ShownOrientation shown :
-         {ShownOrientation{kErrorRow, 0}, ShownOrientation{91, 0}, ShownOrientation{10, 361},
-          ShownOrientation{10, -1}, ShownOrientation{10, kErrorRow}}) {
+    for (const Attitude shown : {Attitude{kErrorRow, 0}, Attitude{91, 0}, Attitude{10, 361},
+                                 Attitude{10, -1}, Attitude{10, kErrorRow}}) {
         EXPECT_TRUE(IsErrorRow(PlottedOrientation(1, true, 1, shown).plunge)) << shown.dip;
     }
 }

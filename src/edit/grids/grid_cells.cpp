@@ -83,15 +83,14 @@ std::string DataGridCaption(const PlotRecord& record) {
     return "Processed data in: " + record.PlotTitle;
 }
 
-std::optional<ShownOrientation> ReadGridPair(std::string_view dip, std::string_view azimuth,
-                                             bool isPlane) {
+std::optional<Attitude> ReadGridPair(std::string_view dip, std::string_view azimuth, bool isPlane) {
     LineFormat format;
     format.primary = isPlane ? kPrimaryPlane : kPrimaryLine;
     const ParsedRow row = ParseValues({WithoutBlanks(dip), WithoutBlanks(azimuth)}, format);
     if (row.status != LineStatus::Row) {
         return std::nullopt;
     }
-    return RoundedOrientation(row.dip, row.az, isPlane);
+    return RoundedAttitude({row.dip, row.az}, isPlane);
 }
 
 std::optional<float> ReadGridNumber(std::string_view text) {

@@ -53,8 +53,8 @@ inline constexpr std::string_view kNonDataRow = "non-data";
 
 /// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, parsed as dip, dip
 /// direction or plunge, trend in a file. Nothing when they are invalid.
-[[nodiscard]] std::optional<ShownOrientation> ReadGridPair(std::string_view dip,
-                                                           std::string_view azimuth, bool isPlane);
+[[nodiscard]] std::optional<Attitude> ReadGridPair(std::string_view dip, std::string_view azimuth,
+                                                   bool isPlane);
 
 /// A cell as an appended number; nothing when it is not a number that a column can hold.
 [[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);

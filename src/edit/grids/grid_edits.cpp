@@ -28,7 +28,7 @@ enum class PairEdit { None, Empty, Bad, Good };
 
 struct EditedPair {
     PairEdit edit = PairEdit::None;
-    ShownOrientation value;
+    Attitude value;
 };
 
 EditedPair ReadPair(const DataGrid& grid, std::size_t row, Kind dip, Kind azimuth, bool isPlane) {
@@ -40,7 +40,7 @@ EditedPair ReadPair(const DataGrid& grid, std::size_t row, Kind dip, Kind azimut
     if (WithoutBlanks(dipText).empty() && WithoutBlanks(azimuthText).empty()) {
         return {PairEdit::Empty, {}};
     }
-    const std::optional<ShownOrientation> value = ReadGridPair(dipText, azimuthText, isPlane);
+    const std::optional<Attitude> value = ReadGridPair(dipText, azimuthText, isPlane);
     return value ? EditedPair{PairEdit::Good, *value} : EditedPair{PairEdit::Bad, {}};
 }
 
@@ -86,7 +86,7 @@ std::string LineOfCells(const DataGrid& grid, std::size_t row) {
 }
 
 bool IsUp(std::int32_t point) {
-    const std::int32_t dip = OrientationShown(gActivePlot, point).dip;
+    const double dip = OrientationShown(gActivePlot, point).dip;
     return dip < 0 && dip != kErrorRow;
 }
 
@@ -99,8 +99,8 @@ bool IsUp(std::int32_t point) {
 void StoreAppended(const RowEdit& edit, std::int32_t point) {
     if (edit.line.edit != PairEdit::None) {
         const bool isGood = edit.line.edit == PairEdit::Good;
-        gAppLineDip.At(gActivePlot, point) = isGood ? edit.line.value.dip : kInvalidAppendedLine;
-        gAppLineAz.At(gActivePlot, point) = isGood ? edit.line.value.azimuth : 0;
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Line, point,
+                         isGood ? edit.line.value : Attitude{kInvalidAppendedLine, 0});
     }
     if (edit.hasNumber) {
         gAppNumeric.At(gActivePlot, point) = edit.number.value_or(kInvalidNumber);
@@ -130,12 +130,13 @@ void StoreOrientations(const RowEdit& edit, std::int32_t point) {
     const bool wasError = gDataDip(gActivePlot, point) == kErrorRow;
     const bool wasUp = IsUp(point);
     if (edit.primary.edit == PairEdit::Good) {
-        SetOrientation(ActivePlot(), point, edit.primary.value.dip, edit.primary.value.azimuth);
+        SetOrientation(ActivePlot(), point, WholeDegree(edit.primary.value.dip),
+                       WholeDegree(edit.primary.value.azimuth));
     }
     if (edit.secondary.edit != PairEdit::None) {
         const bool isGood = edit.secondary.edit == PairEdit::Good;
-        gData2Dip.At(gActivePlot, point) = isGood ? edit.secondary.value.dip : kErrorRow;
-        gData2Az.At(gActivePlot, point) = isGood ? edit.secondary.value.azimuth : kErrorRow;
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Secondary, point,
+                         isGood ? edit.secondary.value : Attitude{kErrorRow, kErrorRow});
     }
     if (gDataDip(gActivePlot, point) == kErrorRow) {
         return;
@@ -146,12 +147,10 @@ void StoreOrientations(const RowEdit& edit, std::int32_t point) {
 /// Sets missing values where a former error row has none.
 void MakeMissing(const PlotRecord& record, std::int32_t point) {
     if (record.SecondaryFormat != kNoSecondary) {
-        gData2Dip.At(gActivePlot, point) = kErrorRow;
-        gData2Az.At(gActivePlot, point) = kErrorRow;
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Secondary, point, {kErrorRow, kErrorRow});
     }
     if (record.HasAppendedLine != 0) {
-        gAppLineDip.At(gActivePlot, point) = kInvalidAppendedLine;
-        gAppLineAz.At(gActivePlot, point) = 0;
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Line, point, {kInvalidAppendedLine, 0});
     }
     if (record.HasAppendedNumeric != 0) {
         gAppNumeric.At(gActivePlot, point) = kInvalidNumber;
@@ -187,8 +186,7 @@ void AddNewRows(const DataGrid& grid, GridEditReport& report) {
         const RowEdit edit = ReadEdit(grid, row, ActiveRecord());
         if (edit.primary.edit != PairEdit::Good || edit.secondary.edit == PairEdit::Bad
             || !MayAddRow()
-            || !StoreRowByHand({static_cast<double>(edit.primary.value.dip),
-                                static_cast<double>(edit.primary.value.azimuth)})) {
+            || !StoreRowByHand({edit.primary.value.dip, edit.primary.value.azimuth})) {
             continue;
         }
         ++report.added;

@@ -43,11 +43,11 @@ std::string FieldOfText(std::string_view text) {
 }
 
 /// An orientation among others, with at least two digits, so that columns line up.
-std::string FieldPairText(ShownOrientation pair, bool present) {
+std::string FieldPairText(Attitude pair, bool present) {
     return present ? FormatNumber(pair.dip, "00") + "\t" + FormatNumber(pair.azimuth, "00") : "\t";
 }
 
-std::string PairText(ShownOrientation pair, bool present) {
+std::string PairText(Attitude pair, bool present) {
     return present ? TextOf(pair.dip) + "\t" + TextOf(pair.azimuth) : "\t";
 }
 
@@ -148,7 +148,7 @@ private:
 
     /// A row in its plotted form.
     [[nodiscard]] std::string PointOf(std::int32_t row) const {
-        const ShownOrientation shown = OrientationShown(slot_, row);
+        const Attitude shown = OrientationShown(slot_, row);
         if (IsDirections()) {
             return TextOf(shown.azimuth);
         }
@@ -157,9 +157,9 @@ private:
     }
 
     /// The primary orientation, then the secondary one, in the form of the main rows' columns.
-    [[nodiscard]] std::pair<ShownOrientation, ShownOrientation> BothOf(std::int32_t row) const {
-        ShownOrientation primary{gDataDip(slot_, row), gDataAz(slot_, row)};
-        ShownOrientation secondary{gData2Dip(slot_, row), gData2Az(slot_, row)};
+    [[nodiscard]] std::pair<Attitude, Attitude> BothOf(std::int32_t row) const {
+        Attitude primary{gDataDip(slot_, row), gDataAz(slot_, row)};
+        Attitude secondary{gData2Dip(slot_, row), gData2Az(slot_, row)};
         const int overlay = OverlayOfRow(record_, row);
         if (overlay > 0 && record_.SecondaryFormat != kNoSecondary && record_.ShowSecondary != 0) {
             std::swap(primary, secondary);

@@ -27,18 +27,18 @@ std::int32_t WholeDegrees(double radians) {
     return static_cast<std::int32_t>(RoundToEven(RadToDeg(radians)));
 }
 
-bool IsSame(ShownOrientation a, ShownOrientation b) {
+bool IsSame(Attitude a, Attitude b) {
     return a.dip == b.dip && a.azimuth == b.azimuth;
 }
 
 /// A row and its new orientation.
 struct Change {
     std::int32_t row = 0;
-    ShownOrientation wanted;
+    Attitude wanted;
 };
 
 /// True for rows of the main set that were measured as directions.
-bool IsDirection(const PlotRecord& record, std::int32_t row, ShownOrientation former) {
+bool IsDirection(const PlotRecord& record, std::int32_t row, Attitude former) {
     return row <= record.NumData && record.ShowSecondary == 0 && former.dip == 0
            && record.PrimaryFormat <= kDirections && !IsPlottedAsPole(record, 0);
 }
@@ -56,26 +56,24 @@ std::int32_t MainRowBehind(const PlotRecord& record, std::int32_t row) {
 
 void StoreOrientation(const Change& change) {
     const PlotRecord& record = ActiveRecord();
-    const bool isSecondary = record.ShowSecondary != 0 && change.row <= record.NumData;
-    (isSecondary ? gData2Dip : gDataDip).At(gActivePlot, change.row) = change.wanted.dip;
-    (isSecondary ? gData2Az : gDataAz).At(gActivePlot, change.row) = change.wanted.azimuth;
+    PlotRows& rows = ActivePlot().rows;
+    SetWholeAttitude(rows, AnglesShown(record, change.row), change.row, change.wanted);
     if (const std::int32_t main = MainRowBehind(record, change.row); main != 0) {
-        gData2Dip.At(gActivePlot, main) = change.wanted.dip;
-        gData2Az.At(gActivePlot, main) = change.wanted.azimuth;
+        SetWholeAttitude(rows, RowAngles::Secondary, main, change.wanted);
     }
 }
 
 /// The new orientations of the selected rows, by a rule that takes the row's index and orientation;
 /// only those that change.
 std::vector<Change>
-ChangesOfSelection(const std::function<ShownOrientation(std::int32_t, ShownOrientation)>& rule) {
+ChangesOfSelection(const std::function<Attitude(std::int32_t, Attitude)>& rule) {
     std::vector<Change> changes;
     for (const std::int32_t row : SelectedRowsOf(gActivePlot)) {
-        const ShownOrientation former = OrientationShown(gActivePlot, row);
+        const Attitude former = OrientationShown(gActivePlot, row);
         if (row < 1 || row > ActiveRecord().NumLoadedData || former.dip == kErrorRow) {
             continue;
         }
-        const ShownOrientation wanted = rule(row, former);
+        const Attitude wanted = rule(row, former);
         if (!IsSame(wanted, former)) {
             changes.push_back({row, wanted});
         }
@@ -98,9 +96,9 @@ std::int32_t Carry(const std::vector<Change>& changes, EditRun run) {
 
 /// A line that pointed up and has become level gets the trend that it points to, which is opposite
 /// to that of its former lower end.
-ShownOrientation SettledUpward(ShownOrientation now, bool isPlane, ShownOrientation former) {
+Attitude SettledUpward(Attitude now, bool isPlane, Attitude former) {
     if (!isPlane && former.dip < 0 && now.dip == 0) {
-        now.azimuth = (now.azimuth + kFullTurn / 2) % kFullTurn;
+        now.azimuth = std::fmod(now.azimuth + kFullTurn / 2, kFullTurn);
     }
     return now;
 }
@@ -123,7 +121,7 @@ std::optional<PushedLine> PushLine(int plotKind, double x, double y, double dx, 
     return line;
 }
 
-ShownOrientation MovedOrientation(const PushedLine& line, bool isPole, ShownOrientation former) {
+Attitude MovedOrientation(const PushedLine& line, bool isPole, Attitude former) {
     PushedLine shown = line;
     if (isPole) {
         PoleOfPlane(line.plunge, line.trend, shown.plunge, shown.trend);
@@ -133,13 +131,12 @@ ShownOrientation MovedOrientation(const PushedLine& line, bool isPole, ShownOrie
                          isPole, former);
 }
 
-ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane, int plungeStep,
-                                   int trendStep) {
-    const std::int32_t dip = std::abs(former.dip) + plungeStep;
+Attitude NudgedOrientation(Attitude former, bool isPlane, int plungeStep, int trendStep) {
+    const double dip = std::abs(former.dip) + plungeStep;
     if (dip < 0 || dip > kRightAngle) {
         return former;
     }
-    const std::int32_t azimuth = (former.azimuth + trendStep % kFullTurn + kFullTurn) % kFullTurn;
+    const double azimuth = std::fmod(former.azimuth + trendStep % kFullTurn + kFullTurn, kFullTurn);
     return SettledUpward({former.dip < 0 ? -dip : dip, trendStep == 0 ? former.azimuth : azimuth},
                          isPlane, former);
 }
@@ -149,7 +146,7 @@ std::int32_t MoveSelection(double dx, double dy) {
         return 0;
     }
     const PlotRecord& record = ActiveRecord();
-    const auto moved = [&](std::int32_t row, ShownOrientation former) {
+    const auto moved = [&](std::int32_t row, Attitude former) {
         const bool isPole = IsPlottedAsPole(record, OverlayOfRow(record, row));
         const PlottedRow at = PlottedOrientation(record.PlotKind, isPole, row, former);
         if (IsErrorRow(at.plunge)) {
@@ -159,7 +156,7 @@ std::int32_t MoveSelection(double dx, double dy) {
         if (!line) {
             return former;
         }
-        ShownOrientation wanted = MovedOrientation(*line, isPole, former);
+        Attitude wanted = MovedOrientation(*line, isPole, former);
         wanted.dip = IsDirection(record, row, former) ? former.dip : wanted.dip;
         // Some orientations share a position on the net: a row that stays there keeps its values.
         const PlottedRow to = PlottedOrientation(record.PlotKind, isPole, row, wanted);
@@ -174,7 +171,7 @@ std::int32_t NudgeSelection(int plungeStep, int trendStep) {
         return 0;
     }
     const PlotRecord& record = ActiveRecord();
-    const auto nudged = [&](std::int32_t row, ShownOrientation former) {
+    const auto nudged = [&](std::int32_t row, Attitude former) {
         const bool isPlane = IsPlottedAsPole(record, OverlayOfRow(record, row));
         return NudgedOrientation(former, isPlane, IsDirection(record, row, former) ? 0 : plungeStep,
                                  trendStep);

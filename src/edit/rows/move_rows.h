@@ -32,16 +32,15 @@ struct PushedLine {
 /// @param isPole  the line is the pole of the row's plane
 /// @param former  the row before; the sign of its dip stays. A line that pointed up and becomes
 ///                level gets the trend that it points to
-[[nodiscard]] ShownOrientation MovedOrientation(const PushedLine& line, bool isPole,
-                                                ShownOrientation former);
+[[nodiscard]] Attitude MovedOrientation(const PushedLine& line, bool isPole, Attitude former);
 
 /// The orientation of a row after steps in whole degrees. The dip or plunge changes without its
 /// sign, which stays; a step that would lead below 0 or above 90 leaves the row unchanged. A line
 /// that pointed up and becomes level gets the trend that it points to.
 ///
 /// @param isPlane  the row is a plane, whose negative dip is not a sense
-[[nodiscard]] ShownOrientation NudgedOrientation(ShownOrientation former, bool isPlane,
-                                                 int plungeStep, int trendStep);
+[[nodiscard]] Attitude NudgedOrientation(Attitude former, bool isPlane, int plungeStep,
+                                         int trendStep);
 
 /// Moves each plotted position of the selected rows by (dx, dy) plot units. Rows that would leave
 /// the net stay; directions stay horizontal. The columns of the set that is shown get the new

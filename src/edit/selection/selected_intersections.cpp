@@ -39,11 +39,11 @@ std::vector<Direction> NormalsOf(int slot, std::span<const std::int32_t> rows) {
     const bool isPole = IsPlottedAsPole(record, 0);
     std::vector<Direction> normals;
     for (const std::int32_t row : rows) {
-        const ShownOrientation shown = OrientationShown(slot, row);
+        const Attitude shown = OrientationShown(slot, row);
         if (row > record.NumData || shown.dip == kErrorRow) {
             continue;
         }
-        const ShownOrientation pole = isPole ? PoleInDegrees(shown) : shown;
+        const Attitude pole = isPole ? PoleInDegrees(shown) : shown;
         normals.push_back(LineToCosines(DegToRad(std::abs(pole.dip)), DegToRad(pole.azimuth)));
     }
     return normals;

@@ -62,12 +62,10 @@ protected:
         ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Text));
     }
 
-    static void Fill(std::int32_t row, ShownOrientation secondary, ShownOrientation line,
-                     float number, const char* text) {
-        gData2Dip.At(gActivePlot, row) = secondary.dip;
-        gData2Az.At(gActivePlot, row) = secondary.azimuth;
-        gAppLineDip.At(gActivePlot, row) = line.dip;
-        gAppLineAz.At(gActivePlot, row) = line.azimuth;
+    static void Fill(std::int32_t row, Attitude secondary, Attitude line, float number,
+                     const char* text) {
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Secondary, row, secondary);
+        SetWholeAttitude(ActivePlot().rows, RowAngles::Line, row, line);
         gAppNumeric.At(gActivePlot, row) = number;
         gAppText.Set(gActivePlot, row, text);
     }
@@ -246,7 +244,7 @@ TEST(GridPair, IsReadAsTheFilesAre) {
         const auto read = ReadGridPair(c.dip, c.azimuth, c.isPlane);
         ASSERT_EQ(read.has_value(), c.expected.has_value()) << c.dip << '/' << c.azimuth;
         if (read) {
-            EXPECT_EQ(std::pair(read->dip, read->azimuth), *c.expected) << c.dip;
+            EXPECT_EQ(*read, Attitude(c.expected->first, c.expected->second)) << c.dip;
         }
     }
 }

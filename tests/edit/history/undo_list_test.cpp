@@ -85,7 +85,7 @@ protected:
 
     void MakePlots() {
         for (int plot = 0; plot < 3; ++plot) {
-            std::vector<ShownOrientation> rows;
+            std::vector<Attitude> rows;
             for (int row = 0; row < 12; ++row) {
                 rows.push_back({Below(91), Below(361)});
             }
@@ -340,7 +340,7 @@ TEST_F(UndoList, KeepsWhatTheMemoryHoldsAndDropsTheOldestFirst) {
 }
 
 TEST_F(UndoList, KeepsTheNewestStepWhateverItTakes) {
-    const int slot = NewPlanes(std::vector<ShownOrientation>(1000, {10, 10}));
+    const int slot = NewPlanes(std::vector<Attitude>(1000, {10, 10}));
     SetUndoMemory(1);
     Move(slot, 1, 20);
     SelectAll();
@@ -352,7 +352,7 @@ TEST_F(UndoList, KeepsTheNewestStepWhateverItTakes) {
 }
 
 TEST_F(UndoList, OfAMoveTakesTheMemoryOfTheRowsMoved) {
-    const int slot = NewPlanes(std::vector<ShownOrientation>(100000, {10, 10}));
+    const int slot = NewPlanes(std::vector<Attitude>(100000, {10, 10}));
     Move(slot, 5, 20);
     EXPECT_LT(UseOfUndo().bytes, 10000U);
     SelectRows(slot, {7, 70000});

@@ -481,7 +481,7 @@ TEST_F(EditRowsTrial, AnyEditIsTakenBackAndMadeAgainExactly) {
     };
     std::vector<int> slots;
     for (int plot = 0; plot < 4; ++plot) {
-        std::vector<ShownOrientation> rows;
+        std::vector<Attitude> rows;
         for (int row = 0; row < 12; ++row) {
             rows.push_back({row == 5 ? kErrorRow : below(91), below(361)});
         }

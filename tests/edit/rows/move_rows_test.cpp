@@ -244,7 +244,7 @@ TEST_F(MoveRows, StepsOfADegreeStopAtTheEnds) {
     };
 
     for (const auto& [row, plungeStep, trendStep, wanted, isPlane] : cases) {
-        const ShownOrientation now =
+        const Attitude now =
             NudgedOrientation({row.first, row.second}, isPlane, plungeStep, trendStep);
         EXPECT_EQ((Pair{now.dip, now.azimuth}), wanted) << row.first << "/" << row.second;
     }

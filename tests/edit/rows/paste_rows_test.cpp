@@ -159,7 +159,7 @@ TEST_F(PasteRows, ANoLeavesThePlotAsItWas) {
 
 TEST_F(PasteRows, BetweenPlanesAndLinesKeepsThePlacesOnTheNet) {
     std::mt19937 random(3);
-    std::vector<ShownOrientation> rows;
+    std::vector<Attitude> rows;
     for (int i = 0; i < 50; ++i) {
         rows.push_back(
             {static_cast<std::int32_t>(random() % 91), static_cast<std::int32_t>(random() % 360)});
