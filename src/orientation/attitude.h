@@ -21,8 +21,8 @@ struct Attitude {
     /// From numbers of any type; angles of a file in 32-bit floats are too coarse for decimals.
     template <class Dip, class Azimuth>
     Attitude(Dip inDip, Azimuth inAzimuth)
-        : dip(static_cast<double>(inDip)),
-          azimuth(static_cast<double>(inAzimuth)) {}
+        : dip(static_cast<double>(inDip))
+        , azimuth(static_cast<double>(inAzimuth)) {}
 
     friend bool operator==(const Attitude&, const Attitude&) = default;
 };
