@@ -21,7 +21,7 @@ first=$(find "$sources/tests/data/persistence" -name '*.qpx' | head -n 1)
 [ "$(head -c 3 "$first")" = bin ]
 for size in 16 22 24 32 48 64 128 256; do
     picture=$sources/packaging/icons/quandrel-$size.png
-    # Width and height stand big-endian at 16 in a PNG.
+    # Width and height are big-endian at 16 in a PNG.
     read -r a b c d e f g h < <(od -An -tu1 -j16 -N8 "$picture" | tr -s ' ')
     [ $(((a << 24) + (b << 16) + (c << 8) + d)) = "$size" ]
     [ $(((e << 24) + (f << 16) + (g << 8) + h)) = "$size" ]

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the library into a folder, and builds and runs a program outside of the tree with it.
+# Installs the library into a folder, and builds and runs a program outside the tree with it.
 # usage: library_installs.sh CMAKE BUILD SOURCES COMPILER
 set -euo pipefail
 cmake=$1
@@ -15,7 +15,7 @@ fail() {
 
 "$cmake" --install "$build" --component dev --prefix "$folder/stage" >"$folder/log" 2>&1 \
     || fail "not installed: $(cat "$folder/log")"
-# The public headers alone, all of them.
+# All public headers, and nothing else.
 diff <(cd "$sources/include" && find . -type f | sort) \
     <(cd "$folder/stage/include" && find . -type f | sort) || fail "other headers than the public ones"
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The manual pages are set without a warning, and name themselves as the system's index wants it.
+# The manual pages are set without a warning, and state their names as the system's index requires.
 # usage: manuals.sh FOLDER
 set -euo pipefail
 for page in "$1"/*.1; do

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian packages, lays them out below folders of their own, and runs what is in them.
+# Makes the Debian packages, unpacks them below folders of their own, and runs their programs.
 # usage: package_installs.sh CPACK BUILD SOURCES
 set -euo pipefail
 cpack=$1
@@ -42,11 +42,11 @@ for library in libqt6widgets6 libqt6svg6; do
         || fail "the package does not depend on $library once: $depends"
 done
 
-# The tarball of the sources has them below a folder of its version.
+# The tarball holds the sources below a folder with its version.
 "$cpack" --config "$build/CPackSourceConfig.cmake" -B "$folder/sources" >"$folder/log" 2>&1 \
     || fail "no tarball: $(cat "$folder/log")"
 tar -tzf "$folder"/sources/quandrel-*.tar.gz >"$folder/list"
-grep -q '^quandrel-[0-9.]*/CMakeLists.txt$' "$folder/list" || fail "the tarball is no source tree"
+grep -q '^quandrel-[0-9.]*/CMakeLists.txt$' "$folder/list" || fail "the tarball is not a source tree"
 ! grep -q '/build/\|/\.git/' "$folder/list" || fail "the tarball holds what was built"
 
 # The axis of the model that the example was made from plunges 14 towards 052.
@@ -57,7 +57,7 @@ QT_QPA_PLATFORM=offscreen "$root/usr/bin/quandrel-batch" "$examples/folded_beddi
 grep -q "Calculated beta axis: 14-052" "$folder/stats" || fail "$(cat "$folder/stats")"
 [ "$(head -c 4 "$folder/beds.png" | tail -c 3)" = PNG ] || fail "no picture"
 
-# The window, from the file to the end, where there is a screen to run it on.
+# The window, from the file to the end, if there is a screen to run it on.
 if command -v Xvfb >/dev/null && command -v xdotool >/dev/null \
     && command -v matchbox-window-manager >/dev/null; then
     "$sources/tests/smoke/window_smoke.sh" "$root/usr/bin/quandrel"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Options that are answered on the terminal: the program prints and leaves, without a window. Help and
+# Options that are answered on the terminal: the program prints and exits, without a window. Help and
 # version need no screen.
 # usage: options.sh PROGRAM
 set -euo pipefail
@@ -13,7 +13,7 @@ fail() {
     exit 1
 }
 
-# Runs the program with an option, for 20 seconds at most: its exit code, output and complaints.
+# Runs the program with an option, for at most 20 seconds: its exit code, output and errors.
 run() {
     code=0
     timeout 20 "$program" "$@" >"$folder/out" 2>"$folder/err" || code=$?

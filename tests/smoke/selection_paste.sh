@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs the tests of the primary selection on an X server of their own, where nobody owns one: in the
-# pictures of other tests there is none at all.
+# Runs the tests of the primary selection on an X server of their own, where nobody owns one: the
+# off-screen pictures of other tests have no such selection.
 # usage: selection_paste.sh TEST_PROGRAM
 set -euo pipefail
 program=$1
@@ -22,7 +22,7 @@ for _ in $(seq 100); do
 done
 DISPLAY=:$(tr -d '[:space:]' <"$folder/display")
 export DISPLAY XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8 QUANDREL_TEST_PLATFORM=xcb
-# The leak of a connection that a library keeps is not ours.
+# The leak of a connection that a library keeps open is not a fault of the program.
 echo "leak:libdbus-1" >"$folder/leaks"
 export LSAN_OPTIONS=suppressions=$folder/leaks
 "$program" --gtest_brief=1 --gtest_filter='PrimarySelection.*' >"$folder/out" 2>&1 || {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the program as a user does, on a screen of its own with a small window manager: opens a file
-# of planes, accepts the format dialog, and leaves.
+# of planes, accepts the format dialog, and exits.
 # usage: window_smoke.sh PROGRAM
 set -euo pipefail
 program=$1
@@ -21,7 +21,7 @@ fail() {
 }
 
 export XDG_CONFIG_HOME=$folder XDG_STATE_HOME=$folder XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-# The leak of a connection that a library keeps is not ours.
+# The leak of a connection that a library keeps open is not a fault of the program.
 echo "leak:libdbus-1" >"$folder/leaks"
 export LSAN_OPTIONS=suppressions=$folder/leaks
 
@@ -42,7 +42,7 @@ jobs_to_end+=($!)
 running=$!
 jobs_to_end+=("$running")
 
-# Gives the number of a window of this name, waiting for it.
+# Waits for a window of this name and prints its number.
 window() {
     local found
     for _ in $(seq 200); do
@@ -57,7 +57,7 @@ window() {
     fail "no window $1"
 }
 
-# Presses a key, again and again for keys that come before a window listens, until a condition holds.
+# Presses a key until a condition holds: a key may arrive before the window is ready.
 press_until() {
     local key=$1
     shift
