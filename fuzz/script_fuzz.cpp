@@ -108,7 +108,7 @@ std::string SetByWords(const Command& command) {
     const std::optional<std::string> field = command.Bare(0);
     const std::optional<std::string> value = command.Bare(1);
     if (!field || !value) {
-        return "a field and a value are wanted";
+        return "a field and a value are required";
     }
     const std::string refusal = RefusalOfField(*field, *value);
     return refusal.empty() ? SetField(ActiveRecord(), *field, *value) : refusal;

@@ -17,7 +17,7 @@
 //     const qd::Result<qd::Plot> again = qd::ReadPlot(*bytes);
 //     std::cout << again->fabric << ' ' << again->rows.planes[1].dip << '\n'; // -> S0 38
 //     std::cout << again->overlays[0].rows.lines[0].trend << '\n'; // -> 31
-//     std::cout << qd::ReadPlot("a letter").Error() << '\n'; // -> It is no binary plot file.
+//     std::cout << qd::ReadPlot("a letter").Error() << '\n'; // -> It is not a binary plot file.
 
 #pragma once
 

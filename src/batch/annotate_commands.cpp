@@ -18,7 +18,7 @@ namespace quandrel {
 namespace {
 
 std::string LackOfNet() {
-    return ActiveRecord().PlotKind == kRose ? "nothing can be set on a rose" : "";
+    return ActiveRecord().PlotKind == kRose ? "nothing can be placed on a rose" : "";
 }
 
 /// A bare word, or nothing.
@@ -41,10 +41,11 @@ std::string ApplyAnnotateArguments(const std::vector<Argument>& arguments) {
     const std::optional<double> y = NumberAt(arguments, 1);
     const std::string button = WordAt(arguments, 2).value_or(arguments.size() > 2 ? "" : "left");
     if (!x || !y || arguments.size() > 3) {
-        return "wants a place in plot units, such as 300 -250, and left or right behind it";
+        return "expects a place in plot units, such as 300 -250, optionally followed by left or "
+               "right";
     }
     if (button != "left" && button != "right") {
-        return "the button is left or right";
+        return "the button must be left or right";
     }
     if (*x * *x + *y * *y > kNetRadius * kNetRadius) {
         return "the place is not on the net, whose radius is 1000";
@@ -62,7 +63,7 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
     const std::optional<std::string> dip = WordAt(arguments, 0);
     const std::optional<std::string> azimuth = WordAt(arguments, 1);
     if (!dip || !azimuth || arguments.size() != 2) {
-        return "wants dip and dip direction, or plunge and trend, such as 45 120";
+        return "expects dip and dip direction, or plunge and trend, such as 45 120";
     }
     if (std::string error = LackOfNet(); !error.empty()) {
         return error;
@@ -71,7 +72,7 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
     const bool isPlane = record.OverlayRows[kOverlayCount] == 0 && ShowsPlaneData(record);
     const std::optional<Attitude> row = ReadGridPair(*dip, *azimuth, isPlane);
     if (!row) {
-        return "'" + *dip + " " + *azimuth + "' is no orientation";
+        return "'" + *dip + " " + *azimuth + "' is not an orientation";
     }
     return AddRowByHand({row->dip, row->azimuth}) ? "" : "no row was added: see the message";
 }

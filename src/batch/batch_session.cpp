@@ -162,7 +162,7 @@ std::string BatchSession::NeedPlotAsSet() {
 std::string BatchSession::Activate(const Command& command) {
     const std::optional<int> slot = WholeNumber(command.Bare(0).value_or(""), 1, HighestSlot());
     if (!slot || !IsOpenSlot(*slot)) {
-        return "'" + command.Words() + "' is no open plot";
+        return "'" + command.Words() + "' is not an open plot";
     }
     gActivePlot = *slot;
     FollowGridOfPlot();
@@ -174,7 +174,7 @@ std::string BatchSession::Answer(const Command& command) {
     for (const auto& [name, value] : command.arguments) {
         const std::optional<Button> button = ButtonFromName(value);
         if (!name.empty() || !button) {
-            return "'" + (name.empty() ? value : name + "=" + value) + "' is no button";
+            return "'" + (name.empty() ? value : name + "=" + value) + "' is not a button";
         }
         buttons.push_back(*button);
     }
@@ -207,7 +207,7 @@ std::string BatchSession::ChooseFormulas(const Command& command) {
             return {};
         }
     }
-    return "'" + command.Words() + "' is none of own, textbook";
+    return "'" + command.Words() + "' is neither own nor textbook";
 }
 
 std::string BatchSession::Save(const Command& command) {

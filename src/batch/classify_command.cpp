@@ -47,7 +47,7 @@ const Names kGridValues = {{"mean", static_cast<int>(ClassGridValue::Mean)},
 
 std::string TakeProcedure(const std::string& value, Draft& draft) {
     if (!kRangeWords.contains(value) && !kTypeWords.contains(value)) {
-        return "'" + value + "' is none of " + ListOf(kRangeWords) + ", " + ListOf(kTypeWords);
+        return "'" + value + "' is not one of " + ListOf(kRangeWords) + ", " + ListOf(kTypeWords);
     }
     draft.procedure = value;
     return {};
@@ -61,7 +61,7 @@ std::string TakeLimits(const std::string& value, Draft& draft) {
         }
     }
     if (draft.limits.size() < 2 || draft.limits.size() > kMostRanges + 1U) {
-        return "limits are two to eleven numbers: the lowest, then the upper one of each class";
+        return "limits are two to eleven numbers: the lowest, then the upper limit of each class";
     }
     return {};
 }
@@ -69,7 +69,7 @@ std::string TakeLimits(const std::string& value, Draft& draft) {
 std::string TakeNames(const std::string& value, Draft& draft) {
     draft.names = SplitAtCommas(value);
     draft.hasNames = true;
-    return draft.names.size() > kMostNames ? "there are eleven names at most" : "";
+    return draft.names.size() > kMostNames ? "there are at most eleven names" : "";
 }
 
 std::string TakeBackground(const std::string& value, Draft& draft) {
@@ -100,13 +100,13 @@ const Takers<Draft>& ClassTakers() {
 std::string MisfitOf(const Draft& draft) {
     const int mode = draft.settings.mode;
     if (draft.hasNames && mode != kClassesByName) {
-        return "names are of mode 3 alone";
+        return "names apply to mode 3 only";
     }
     if (mode == kClassesByName && !draft.limits.empty()) {
-        return "limits are of modes 1 and 2";
+        return "limits apply to modes 1 and 2 only";
     }
     if (mode == kClassesByName && draft.high) {
-        return "high is of modes 1 and 2: names that fit none are low";
+        return "high applies to modes 1 and 2 only: names that fit no class are low";
     }
     return {};
 }
@@ -131,14 +131,14 @@ std::string FillByProcedure(Draft& draft) {
         const int former = settings.numbers.limits.base;
         const auto procedure = kRangeWords.find(ProcedureOr(draft, former, "equal"));
         return procedure == kRangeWords.end()
-                   ? "'" + draft.procedure + "' is a procedure of types"
+                   ? "'" + draft.procedure + "' is a procedure for types"
                    : FillRanges(settings, procedure->second, draft.classes.value_or(former));
     }
     const int former =
         settings.mode == kClassesByTextNumber ? settings.textNumbers.limits.base : settings.types;
     const auto procedure = kTypeWords.find(ProcedureOr(draft, former, "first"));
     if (procedure == kTypeWords.end()) {
-        return "'" + draft.procedure + "' is a procedure of ranges";
+        return "'" + draft.procedure + "' is a procedure for ranges";
     }
     FillTypes(settings, procedure->second, draft.classes.value_or(kMostNames));
     return {};

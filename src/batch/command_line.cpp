@@ -130,7 +130,7 @@ int RunOneSource(const BatchOptions& options, std::ostream& out, std::ostream& l
     const int sources = (options.data.empty() ? 0 : 1) + (options.script.empty() ? 0 : 1)
                         + (options.commands.empty() ? 0 : 1);
     if (sources != 1) {
-        log << kProgram << "one of DATA, --script, -c is wanted; see --help\n";
+        log << kProgram << "one of DATA, --script and -c is required; see --help\n";
         return kBatchBadUsage;
     }
     if (!options.script.empty()) {
@@ -177,8 +177,8 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     app.add_flag("--allow-outside", options.allowOutside,
                  "read files that data files name outside their folder, too");
     app.add_option("--script", options.script,
-                   "file of commands, one a line; - reads standard input");
-    app.add_option("-c", options.commands, "commands, parted by semicolons");
+                   "file of commands, one per line; - reads standard input");
+    app.add_option("-c", options.commands, "commands, separated by semicolons");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -21,7 +21,7 @@ std::string LackOfSecondarySet() {
     if (record.NumValidData == 0) {
         return "the plot holds no valid rows";
     }
-    return record.PlotKind == kRose ? "a rose shows no secondary set beside its own" : "";
+    return record.PlotKind == kRose ? "a rose cannot show a secondary set beside its own" : "";
 }
 
 constexpr std::string_view kNormal = "normal";
@@ -36,10 +36,11 @@ std::string SetButton(int button, bool down) {
 
 std::string MakeAxes(const std::string& index, const std::optional<std::string>& sense) {
     if (index.size() != 1 || index[0] < '0' || index[0] > '2') {
-        return "'" + index + "' is none of 0 (one plot), 1 (two plots), 2 (two plots, contoured)";
+        return "'" + index
+               + "' is not one of 0 (one plot), 1 (two plots), 2 (two plots, contoured)";
     }
     if (sense && *sense != kNormal && *sense != kReverse) {
-        return "sense: '" + *sense + "' is none of normal, reverse";
+        return "sense: '" + *sense + "' is neither normal nor reverse";
     }
     const int faults = SlotOfFaults();
     if (!sense && IsOpenSlot(faults) && LacksMovement(faults)) {
@@ -74,7 +75,7 @@ std::string PlotOtherSet() {
 
 std::string OverlaySecondarySet(const std::string& state) {
     if (state != "on" && state != "off") {
-        return "'" + state + "' is none of on, off";
+        return "'" + state + "' is neither on nor off";
     }
     const std::string lack = LackOfSecondarySet();
     return lack.empty() ? SetButton(kOverlaySecondary, state == "on") : lack;

@@ -65,12 +65,12 @@ std::string SelectByWords(const std::string& words) {
     for (std::size_t i = 0; i < corners.size(); ++i) {
         if (parts.size() != corners.size() || !TakeNumber(parts[i], corners[i]).empty()) {
             return "'" + words
-                   + "' is none of all, none, and two corners X1,Y1,X2,Y2, after add or toggle "
-                     "where they join a selection";
+                   + "' is not all, none, or two corners X1,Y1,X2,Y2 (after add or toggle to "
+                     "change a selection)";
         }
     }
     if (ActiveRecord().PlotKind == kRose) {
-        return "a rose has no places to select by: take all";
+        return "a rose has no positions to select by: use all";
     }
     Selection former = Selection::now;
     if (gActiveLayer == kAnnotationLayer) {
@@ -105,7 +105,7 @@ std::string ChooseLayer(const std::string& words) {
 
 std::string TakeEditBack() {
     if (!CanUndo()) {
-        return "there is no edit to take back";
+        return "there is no edit to undo";
     }
     UndoEdits();
     return {};
@@ -113,7 +113,7 @@ std::string TakeEditBack() {
 
 std::string MakeEditAgain() {
     if (!CanRedo()) {
-        return "there is no edit to make again";
+        return "there is no edit to redo";
     }
     RedoEdits();
     return {};

@@ -92,7 +92,7 @@ template <class Number>
 requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::string_view value) {
     const std::optional<double> number = ReadNumber(value);
     if (!number) {
-        return "'" + std::string(value) + "' is no number";
+        return "'" + std::string(value) + "' is not a number";
     }
     if constexpr (std::is_same_v<Number, bool>) {
         field = *number != 0;
@@ -103,7 +103,7 @@ requires std::is_arithmetic_v<Number> std::string Assign(Number& field, std::str
         if (*number != std::floor(*number)
             || *number < static_cast<double>(std::numeric_limits<Number>::min())
             || *number > static_cast<double>(std::numeric_limits<Number>::max())) {
-            return "'" + std::string(value) + "' is no whole number that the field can hold";
+            return "'" + std::string(value) + "' is not a whole number that the field can hold";
         }
     }
     field = static_cast<Number>(*number);
@@ -150,7 +150,7 @@ std::string AtIndexes(Field& field, std::span<const std::size_t> indexes, const 
 template <class Record, class Act>
 std::string AtField(Record& record, std::string_view text, const Act& act) {
     const std::optional<FieldPath> path = ParsePath(text);
-    std::string error = "'" + std::string(text) + "' is no field of a plot";
+    std::string error = "'" + std::string(text) + "' is not a field of a plot";
     if (path) {
         VisitPlotFields(record, [&](const char* name, auto& field) {
             if (path->name == name) {

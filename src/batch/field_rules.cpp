@@ -110,7 +110,7 @@ bool IsScale(const std::string& value) {
 }
 
 std::string NoValue(const std::string& value, const std::string& name, const std::string& wanted) {
-    return "'" + value + "' is no value of " + name + (wanted.empty() ? "" : ": " + wanted);
+    return "'" + value + "' is not a value of " + name + (wanted.empty() ? "" : ": " + wanted);
 }
 
 /// Why a number is not a valid RoseType of the plot: its kind and classes require a column that the
@@ -140,14 +140,14 @@ std::string RefusalOfField(const std::string& field, const std::string& value) {
         return "'" + name + "' follows from the rows and cannot be set";
     }
     if (IsResult(name) || (IsStatisticalItem(field) && !IsStyleOfItem(field))) {
-        return "'" + field + "' is worked out when the plot is drawn and cannot be set";
+        return "'" + field + "' is computed when the plot is drawn and cannot be set";
     }
     const std::optional<double> number = ReadNumber(value);
     if (IsTruth(name) && number != 0 && number != 1 && number != kTrue) {
         return NoValue(value, name, "0 or -1");
     }
     if (name == "RoseScaleType" && !IsScale(value)) {
-        return NoValue(value, name, "tickauto, circauto, or a number behind tick or circ");
+        return NoValue(value, name, "tickauto, circauto, or a number after tick or circ");
     }
     if (name == "RoseType") {
         return RefusalOfRoseType(number, value);

@@ -74,7 +74,8 @@ std::string TakeConventions(const std::string& value, Draft& draft) {
     const std::optional<int> code = WholeNumber(value, -16, 16);
     const int plane = code ? std::abs(*code) % 10 : 0;
     if (plane < 1 || plane > 6) {
-        return "'" + value + "' is no convention code: 1 to 6, 11 to 16, or these below 0";
+        return "'" + value
+               + "' is not a convention code: 1 to 6, 11 to 16, or one of these with a minus sign";
     }
     TakeConventionCode(*code, draft);
     return {};
@@ -83,7 +84,7 @@ std::string TakeConventions(const std::string& value, Draft& draft) {
 std::string TakePlane(const std::string& value, Draft& draft) {
     const std::optional<int> plane = WholeNumber(value, 1, 6);
     if (!plane) {
-        return "'" + value + "' is no plane convention: 1 to 6";
+        return "'" + value + "' is not a plane convention: 1 to 6";
     }
     draft.plane = *plane;
     return {};
@@ -100,7 +101,7 @@ std::string TakeNotation(const std::string& value, Draft& draft) {
 std::string TakeDelimiter(const std::string& value, Draft& draft) {
     const auto found = kDelimiters.find(value);
     if (found == kDelimiters.end()) {
-        return "'" + value + "' is none of " + ListOf(kDelimiters);
+        return "'" + value + "' is not one of " + ListOf(kDelimiters);
     }
     draft.format.delimiter = found->second;
     return {};
@@ -109,12 +110,12 @@ std::string TakeDelimiter(const std::string& value, Draft& draft) {
 std::string TakeColumns(const std::string& value, Draft& draft) {
     const std::vector<std::string> parts = SplitAtCommas(value);
     if (parts.size() > draft.format.columns.size()) {
-        return "there are ten column slots at most";
+        return "there are at most ten column slots";
     }
     for (std::size_t slot = 0; slot < parts.size(); ++slot) {
         const std::optional<int> column = WholeNumber(parts[slot], 0, 254);
         if (!column) {
-            return "'" + parts[slot] + "' is no column: 0 to 254";
+            return "'" + parts[slot] + "' is not a column: 0 to 254";
         }
         draft.format.columns[slot] = *column;
     }
@@ -135,7 +136,7 @@ std::string TakeAppended(const std::string& value, Draft& draft) {
         } else if (part == "text") {
             format.nonNumericAppended = true;
         } else {
-            return "'" + part + "' is none of line, numeric, text, none";
+            return "'" + part + "' is not one of line, numeric, text, none";
         }
     }
     return {};
@@ -210,7 +211,7 @@ std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
     };
     const bool adds = !arguments.empty() && isAdd(arguments.front());
     if (std::count_if(arguments.begin(), arguments.end(), isAdd) > (adds ? 1 : 0)) {
-        return "'add' stands before the keys: format add KEY=VALUE...";
+        return "'add' comes before the keys: format add KEY=VALUE...";
     }
     Draft draft = adds ? DraftInForce(stated) : FreshDraft(defaults);
     TakeConventionCode(draft.format.conventions, draft);

@@ -80,7 +80,7 @@ bool IsSwitch(const std::string& word) {
 
 std::string TypeGirdle(int row, const std::string& text) {
     if (!IsUserGirdle(row)) {
-        return "girdle " + std::to_string(row) + " is that of the statistics: " + GirdleUse();
+        return "girdle " + std::to_string(row) + " belongs to the statistics: " + GirdleUse();
     }
     const auto plane = ReadGirdleText(text, gPlaneSeparator, LineFormatFromGlobals(false), row);
     if (!plane) {
@@ -119,7 +119,7 @@ std::string ApplyGirdleArguments(const std::vector<Argument>& arguments) {
     }
     const std::optional<int> row = WholeNumber(words->front(), kFirstUserGirdle, kAxisItems - 1);
     if (!row) {
-        return "'" + words->front() + "' is no girdle: " + GirdleUse();
+        return "'" + words->front() + "' is not a girdle: " + GirdleUse();
     }
     const std::string& text = words->back();
     if (!IsSwitch(text)) {
@@ -142,7 +142,7 @@ std::string ApplySmallCircleArguments(const std::vector<Argument>& arguments) {
     }
     const std::optional<int> set = WholeNumber(words->front(), 1, kUserCircles);
     if (!set) {
-        return "'" + words->front() + "' is no small circle: " + kCircleUse;
+        return "'" + words->front() + "' is not a small circle: " + kCircleUse;
     }
     return isSwitch ? ShowSmallCircle(*set, words->back() == kOn) : TypeCircle(*set, *words);
 }

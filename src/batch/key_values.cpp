@@ -31,7 +31,7 @@ std::optional<int> WholeNumber(const std::string& text, int lowest, int highest)
 std::string TakeNumber(const std::string& value, double& field) {
     const std::optional<double> number = ReadNumber(value);
     if (!number) {
-        return "'" + value + "' is no number";
+        return "'" + value + "' is not a number";
     }
     field = *number;
     return {};

@@ -37,7 +37,7 @@ template <class Field>
 std::string TakeName(const Names& names, const std::string& value, Field& field) {
     const auto found = names.find(value);
     if (found == names.end()) {
-        return "'" + value + "' is none of " + ListOf(names);
+        return "'" + value + "' is not one of " + ListOf(names);
     }
     field = static_cast<Field>(found->second);
     return {};
@@ -54,7 +54,7 @@ template <class Field>
 std::string TakeWhole(const std::string& value, int lowest, int highest, Field& field) {
     const std::optional<int> number = WholeNumber(value, lowest, highest);
     if (!number) {
-        return "'" + value + "' is no whole number from " + std::to_string(lowest) + " to "
+        return "'" + value + "' is not a whole number from " + std::to_string(lowest) + " to "
                + std::to_string(highest);
     }
     field = static_cast<Field>(*number);
@@ -89,7 +89,7 @@ std::string TakeArguments(const std::vector<Argument>& arguments, const Takers<D
         }
         if (taker == takers.end()) {
             return "'" + (argument.name.empty() ? argument.value : argument.name)
-                   + "' is no key of " + what + ": " + ListOf(takers);
+                   + "' is not a key of " + what + ": " + ListOf(takers);
         }
         const std::string error = taker->second(argument.value, draft);
         if (!error.empty()) {

@@ -61,9 +61,9 @@ std::string PressSymbolButton(const Command& command, std::ostream&) {
     const std::optional<int> button = WholeNumber(command.Words(), 0, kSlipArrowsOnPoles);
     if (!button) {
         return "'" + command.Words()
-               + "' is no symbol button: 0 great circles, 1 points, 2 beta intersections, 3 point "
-                 "density, 4 gridded density, 5 contours, 6 contours and gridded density, 7 "
-                 "secondary data over primary, 8 slip arrows alone, 9 on planes, 10 on poles";
+               + "' is not a symbol button: 0 great circles, 1 points, 2 beta intersections, "
+                 "3 point density, 4 gridded density, 5 contours, 6 contours and gridded density, "
+                 "7 secondary data over primary, 8 slip arrows alone, 9 on planes, 10 on poles";
     }
     if (*button > kLastModeButton) {
         return PressSecondaryButton(*button);
@@ -78,7 +78,7 @@ std::string PressSymbolButton(const Command& command, std::ostream&) {
 std::string MoveSlider(const Command& command, std::ostream&) {
     const std::optional<int> value = WholeNumber(command.Words(), kCoarsestGrid, kFinestGrid);
     if (!value) {
-        return "'" + command.Words() + "' is no grid density from 10 to 150";
+        return "'" + command.Words() + "' is not a grid density from 10 to 150";
     }
     ChooseGridSize(*value);
     UseGridSize();

@@ -54,7 +54,7 @@ std::string TakePlots(const std::string& text, std::vector<int>& plots) {
     for (const std::string& part : SplitAtCommas(text)) {
         const std::optional<int> slot = WholeNumber(part, 1, HighestSlot());
         if (!slot || !IsOpenSlot(*slot)) {
-            return "'" + part + "' is no open plot";
+            return "'" + part + "' is not an open plot";
         }
         if (std::ranges::find(plots, *slot) != plots.end()) {
             return "plot " + part + " is named twice";
@@ -66,7 +66,7 @@ std::string TakePlots(const std::string& text, std::vector<int>& plots) {
 
 std::string TakePath(const std::string& text, Draft& draft) {
     if (!draft.path.empty()) {
-        return "'" + text + "' is a path too many";
+        return "'" + text + "' is one path too many";
     }
     draft.path = text;
     return {};
@@ -110,10 +110,10 @@ std::string LayOut(const Draft& draft, PrintLayout& layout) {
     }
     const std::size_t count = layout.plots.size();
     if (draft.sizes.size() > 1 && draft.sizes.size() != count) {
-        return "size: one is wanted, or one for each plot";
+        return "size: one value is required, or one for each plot";
     }
     if (!draft.centres.empty() && draft.centres.size() != 2 * count) {
-        return "centre: two numbers are wanted for each plot";
+        return "centre: two numbers are required for each plot";
     }
     const double unit = MillimetresIn(draft.units);
     for (std::size_t i = 0; i < count; ++i) {

@@ -20,7 +20,7 @@ std::string TakeScale(const std::string& value, RoseSettings& settings) {
     const std::string interval = value.size() > 4 ? value.substr(4) : "auto";
     const std::optional<double> number = ReadNumber(interval);
     if ((marks != "tick" && marks != "circ") || (interval != "auto" && !number)) {
-        return "'" + value + "' is no scale such as tickauto, circ5";
+        return "'" + value + "' is not a scale such as tickauto or circ5";
     }
     settings.circles = marks == "circ";
     settings.interval = number;
@@ -34,7 +34,8 @@ std::string TakeSample(const std::string& value, RoseSettings& settings) {
     const std::optional<int> trend =
         parts.size() == 2 ? WholeNumber(parts[1], 0, 360) : std::nullopt;
     if (!plunge || !trend) {
-        return "'" + value + "' is no plunge 0 to 90 and trend 0 to 360, such as 20,135";
+        return "'" + value
+               + "' is not a plunge from 0 to 90 and a trend from 0 to 360, such as 20,135";
     }
     settings.samplePlunge = *plunge;
     settings.sampleTrend = *trend;

@@ -22,13 +22,13 @@ struct Draft {
 /// Reads "30,120" after the word axis, plane or line.
 std::string TakeOrientation(const char* key, const std::string& value, Draft& draft) {
     if (!draft.orientationKey.empty()) {
-        return "there is one already, " + draft.orientationKey;
+        return "an orientation is already given: " + draft.orientationKey;
     }
     const std::vector<std::string> parts = SplitAtCommas(value);
     const std::optional<double> inclination = ReadNumber(parts[0]);
     const std::optional<double> azimuth = parts.size() == 2 ? ReadNumber(parts[1]) : std::nullopt;
     if (!inclination || !azimuth) {
-        return "'" + value + "' is no pair of numbers such as 20,135";
+        return "'" + value + "' is not a pair of numbers such as 20,135";
     }
     draft.orientationKey = key;
     draft.settings.inclination = inclination;
@@ -90,7 +90,7 @@ std::string RefusedWords(const std::vector<Argument>& arguments, int operation) 
     const std::vector<std::string> words = WordsOf(operation);
     for (const Argument& argument : arguments) {
         if (argument.name != "op" && std::ranges::find(words, argument.name) == words.end()) {
-            return "op=" + std::to_string(operation) + " has no use for '" + argument.name + "'";
+            return "op=" + std::to_string(operation) + " does not use '" + argument.name + "'";
         }
     }
     return {};

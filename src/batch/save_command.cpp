@@ -40,7 +40,7 @@ std::string SaveToFile(const Command& command) {
     }
     const std::optional<std::string> lines = command.Value("lines");
     if (lines && *lines != kAllLines) {
-        return "'" + *lines + "' is no value of lines: " + kAllLines;
+        return "'" + *lines + "' is not a value of lines: " + kAllLines;
     }
     if (lines && HasEnding(*path, ".qpx")) {
         return "lines=all is for text files: a plot file has all lines";

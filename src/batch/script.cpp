@@ -162,11 +162,11 @@ std::string RefusedWord(const Command& command, const CommandShape& shape) {
     std::set<std::string> named;
     for (const auto& [name, value] : command.arguments) {
         if (name.empty() && ++bare > shape.mostBare) {
-            return "'" + value + (isKey(value) ? "' lacks a value" : "' is a word too many");
+            return "'" + value + (isKey(value) ? "' lacks a value" : "' is one word too many");
         }
         if (!name.empty() && !isKey(name)) {
-            const std::string hint = shape.keys.empty() ? "; words with '=' stand in quotes" : "";
-            return "'" + name + "=" + value + "' is no argument of the command" + hint;
+            const std::string hint = shape.keys.empty() ? "; put words with '=' in quotes" : "";
+            return "'" + name + "=" + value + "' is not an argument of the command" + hint;
         }
         if (!name.empty() && !named.insert(name).second) {
             return "'" + name + "' is given twice";

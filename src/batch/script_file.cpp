@@ -26,7 +26,7 @@ std::string RefusalOf(mode_t mode) {
     if (S_ISDIR(mode)) {
         return "it is a folder";
     }
-    return S_ISREG(mode) || S_ISFIFO(mode) ? "" : "it is no file, but a device";
+    return S_ISREG(mode) || S_ISFIFO(mode) ? "" : "it is a device, not a file";
 }
 
 constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
@@ -109,7 +109,7 @@ Result<std::string> ScriptSource::Read() {
             return Failure{TooLarge()};
         }
         if (got == 0 && count_ == 0 && isPipe_) {
-            return Failure{"nothing comes through the pipe"};
+            return Failure{"no data came through the pipe"};
         }
         if (std::string text = TakeDecoded(got == 0); got == 0 || !text.empty()) {
             return text;

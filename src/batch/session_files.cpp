@@ -35,10 +35,10 @@ std::string BatchSession::OpenFile(const char* engineCommand, const Command& com
 
 std::string BatchSession::OpenStandardInput(const char* engineCommand) {
     if (input_ == InputUse::Script) {
-        return "the script comes from standard input; no data can";
+        return "the script comes from standard input, so data cannot";
     }
     if (input_ == InputUse::Read) {
-        return "standard input has been read already";
+        return "standard input has already been read";
     }
     input_ = InputUse::Read;
     Result<std::unique_ptr<InputCopy>> copy = InputCopy::Make(STDIN_FILENO);
@@ -72,7 +72,7 @@ std::string BatchSession::Workspace(const Command& command) {
     const std::string what = command.Bare(0).value_or("");
     const std::optional<std::string> path = command.Bare(1);
     if ((what != "open" && what != "save") || !path) {
-        return "'" + command.Words() + "' is none of open PATH, save PATH";
+        return "'" + command.Words() + "' is not one of open PATH, save PATH";
     }
     if (what == "save") {
         std::string reason;

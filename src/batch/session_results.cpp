@@ -106,13 +106,13 @@ std::string BatchSession::Export(const Command& command) {
     if (const std::optional<std::string> text = command.Value("size")) {
         const std::optional<int> size = WholeNumber(*text, 50, 20000);
         if (!size) {
-            return "'" + *text + "' is no size: 50 to 20000 pixels";
+            return "'" + *text + "' is not a size: 50 to 20000 pixels";
         }
         options.size = *size;
     }
     const std::string part = command.Value("part").value_or("whole");
     if (part != "whole" && part != "net") {
-        return "'" + part + "' is none of whole, net";
+        return "'" + part + "' is neither whole nor net";
     }
     options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
     return SavePlotPicture(*path, options);
@@ -134,7 +134,7 @@ std::string BatchSession::Set(const Command& command) {
     const std::optional<std::string> field = command.Bare(0);
     const std::optional<std::string> value = command.Bare(1);
     if (!field || !value) {
-        return "a field and a value are wanted";
+        return "a field and a value are required";
     }
     if (const std::string error = NeedPlot(); !error.empty()) {
         return error;
@@ -165,7 +165,7 @@ std::string BatchSession::Stats(const Command& command) {
     }
     const std::string kind = command.Bare(0).value_or("normal");
     if (kind != "normal" && kind != "advanced" && kind != "reference") {
-        return "'" + kind + "' is none of normal, advanced, reference";
+        return "'" + kind + "' is not one of normal, advanced, reference";
     }
     const std::string text = StatisticsText(kind);
     if (const LoadCounters* load = LoadOf(ActivePlot());

@@ -144,7 +144,7 @@ void AddRows(const PlotRows& rows, int overlay, const Styles& styles, BinaryPlot
     for (const UnreadRow& unread : rows.unread) {
         const std::size_t place = first + unread.row;
         if (unread.row >= count || plot.rows[place].dip != kErrorRow) {
-            throw std::invalid_argument("a row that held no data is one with data");
+            throw std::invalid_argument("a row marked as unread holds data");
         }
         if (!unread.text.empty()) {
             plot.errorLines[static_cast<std::int32_t>(place) + 1] = unread.text;

@@ -34,7 +34,7 @@ std::string RefusalOf(const fs::file_status& status) {
         return "it is a folder";
     }
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        return "it is no ordinary file";
+        return "it is not an ordinary file";
     }
     const bool isWritable = (status.permissions() & fs::perms::owner_write) != fs::perms::none;
     return fs::is_regular_file(status) && !isWritable ? "it is read-only" : "";

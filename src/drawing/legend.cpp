@@ -167,7 +167,7 @@ void Legend::AddSlipLines() {
         const std::int32_t first = top > 0 ? FirstRowOfOverlay(record_, top) : 1;
         const SymbolCode row = CodeOfRows(plot_, first, record_.NumLoadedData, false);
         lines_.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
-                          "Slip lines, sense not told"});
+                          "Slip lines, sense unknown"});
     }
 }
 

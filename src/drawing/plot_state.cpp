@@ -20,7 +20,7 @@ namespace quandrel {
 
 namespace {
 
-static_assert(kOverlaySecondary == kLastModeButton + 1, "the buttons of a plot are numbered on");
+static_assert(kOverlaySecondary == kLastModeButton + 1, "button numbers continue");
 
 std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     if (kind == kPolarLines && ShowsPlaneData(record)) {

@@ -9,7 +9,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr const char* kNoBinaryPlot = "It is no binary plot file.";
+constexpr const char* kNoBinaryPlot = "It is not a binary plot file.";
 constexpr double kFirstVersion = 7.0;
 constexpr double kVersionsEnd = 100;
 

@@ -111,7 +111,7 @@ void ApplyPreferences(const Settings& preferences, KeepSettings keep) {
         saved = SaveSettings(SettingsGroup::DataFolder) && saved;
     }
     if (!saved) {
-        Tell("The preferences hold for this session, but could not be saved.");
+        Tell("The preferences apply to this session, but could not be saved.");
     }
     change.RedrawStyles();
 }

@@ -51,13 +51,13 @@ TEST_F(AnnotateCommands, AnnotateNamesWhatIsWrong) {
     };
 
     for (const Case c : {
-             Case{"", "wants a place"},
-             Case{"300", "wants a place"},
-             Case{"300 x", "wants a place"},
-             Case{"x=300 y=2", "wants a place"},
-             Case{"1 2 left 3", "wants a place"},
-             Case{"1 2 middle", "the button is left or right"},
-             Case{"1 2 a=b", "the button is left or right"},
+             Case{"", "expects a place"},
+             Case{"300", "expects a place"},
+             Case{"300 x", "expects a place"},
+             Case{"x=300 y=2", "expects a place"},
+             Case{"1 2 left 3", "expects a place"},
+             Case{"1 2 middle", "the button must be left or right"},
+             Case{"1 2 a=b", "the button must be left or right"},
              Case{"800 601", "not on the net"},
          }) {
         const std::string error = ApplyAnnotateArguments(Words(c.words));

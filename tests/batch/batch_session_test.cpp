@@ -69,30 +69,31 @@ TEST_F(Batch, SetsAndGetsFieldsAndCells) {
 
 TEST_F(Batch, WordsThatACommandDoesNotKnowAreRefusedByName) {
     const std::vector<std::pair<std::string, std::string>> lines = {
-        {"open \"FOLDER/planes.txt\" b", "'b' is a word too many"},
-        {"open a=b.txt", "'a=b.txt' is no argument of the command; words with '=' stand in quotes"},
-        {"merge a b", "'b' is a word too many"},
-        {"overlay a b", "'b' is a word too many"},
-        {"blank x", "'x' is a word too many"},
-        {"close x", "'x' is a word too many"},
-        {"activate 1 2", "'2' is a word too many"},
+        {"open \"FOLDER/planes.txt\" b", "'b' is one word too many"},
+        {"open a=b.txt",
+         "'a=b.txt' is not an argument of the command; put words with '=' in quotes"},
+        {"merge a b", "'b' is one word too many"},
+        {"overlay a b", "'b' is one word too many"},
+        {"blank x", "'x' is one word too many"},
+        {"close x", "'x' is one word too many"},
+        {"activate 1 2", "'2' is one word too many"},
         {"answer", "a button is missing"},
-        {"answer ok maybe", "'maybe' is no button"},
-        {"answer button=ok", "'button=ok' is no button"},
-        {"data planes lines", "'lines' is a word too many"},
-        {"plot equalarea rose", "'rose' is a word too many"},
-        {"symbols 0 1", "'1' is a word too many"},
-        {"set DataKind 1 2", "'2' is a word too many"},
-        {"get DataKind PlotKind", "'PlotKind' is a word too many"},
-        {"replot x", "'x' is a word too many"},
+        {"answer ok maybe", "'maybe' is not a button"},
+        {"answer button=ok", "'button=ok' is not a button"},
+        {"data planes lines", "'lines' is one word too many"},
+        {"plot equalarea rose", "'rose' is one word too many"},
+        {"symbols 0 1", "'1' is one word too many"},
+        {"set DataKind 1 2", "'2' is one word too many"},
+        {"get DataKind PlotKind", "'PlotKind' is one word too many"},
+        {"replot x", "'x' is one word too many"},
         {"recalculate now=yes",
-         "'now=yes' is no argument of the command; words with '=' stand in quotes"},
-        {"stats foo", "'foo' is none of normal, advanced, reference"},
-        {"stats normal advanced", "'advanced' is a word too many"},
-        {"save a.txt b.txt", "'b.txt' is a word too many"},
-        {"dump a.json b.json", "'b.json' is a word too many"},
-        {"export a.png sise=3", "'sise=3' is no argument of the command"},
-        {"export a.png b.png", "'b.png' is a word too many"},
+         "'now=yes' is not an argument of the command; put words with '=' in quotes"},
+        {"stats foo", "'foo' is not one of normal, advanced, reference"},
+        {"stats normal advanced", "'advanced' is one word too many"},
+        {"save a.txt b.txt", "'b.txt' is one word too many"},
+        {"dump a.json b.json", "'b.json' is one word too many"},
+        {"export a.png sise=3", "'sise=3' is not an argument of the command"},
+        {"export a.png b.png", "'b.png' is one word too many"},
         {"export a.png size", "'size' lacks a value"},
         {"export a.png size=100 size=200", "'size' is given twice"},
     };
@@ -406,7 +407,7 @@ TEST_F(Batch, TheConeIsDrawnWhenItIsOn) {
     const std::size_t without = Dump(open)["operations"].size();
     EXPECT_GT(Dump(open + "; cone on")["operations"].size(), without);
     EXPECT_EQ(Dump(open + "; cone on; cone off")["operations"].size(), without);
-    EXPECT_EQ(Run("blank; cone perhaps"), "line 1: cone: 'perhaps' is none of off, on");
+    EXPECT_EQ(Run("blank; cone perhaps"), "line 1: cone: 'perhaps' is not one of off, on");
     EXPECT_EQ(Run("cone on"), "line 1: cone: no plot is open");
 }
 
@@ -510,7 +511,7 @@ TEST_F(Batch, ATextKeepsTheLinesWithoutDataWhereItIsAskedTo) {
     EXPECT_NE(saved(" lines=all").find("sheared contact"), std::string::npos);
     EXPECT_EQ(saved("").find("sheared contact"), std::string::npos) << "for that save alone";
     EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.txt\" lines=some"),
-              "line 1: save: 'some' is no value of lines: all");
+              "line 1: save: 'some' is not a value of lines: all");
     EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.qpx\" lines=all"),
               "line 1: save: lines=all is for text files: a plot file has all lines");
     EXPECT_FALSE(std::filesystem::exists(folder / "x.txt"));

@@ -267,12 +267,12 @@ TEST_F(CommandLine, StandardInputIsReadOnceAndNotAsTwoThings) {
     input.Put("30\t120\n");
     input.End();
     EXPECT_EQ(Run({"-c", "open -; merge -"}), kBatchFailed);
-    EXPECT_TRUE(Logged("merge: standard input has been read already")) << log.str();
+    EXPECT_TRUE(Logged("merge: standard input has already been read")) << log.str();
     PipedInput script;
     script.Put("blank\nopen -\n");
     script.End();
     EXPECT_EQ(Run({"--script", "-"}), kBatchFailed);
-    EXPECT_TRUE(Logged("line 2: open: the script comes from standard input; no data can"));
+    EXPECT_TRUE(Logged("line 2: open: the script comes from standard input, so data cannot"));
 }
 
 TEST_F(CommandLine, JsonOnStandardOutputIsAlone) {

@@ -84,7 +84,7 @@ TEST_F(DeriveCommands, PlotOtherSetChangesTheSetThatIsShown) {
 
 TEST_F(DeriveCommands, OverlaySecondarySetSaysWhatCameOfIt) {
     NewFault(kSecondaryLine);
-    EXPECT_EQ(OverlaySecondarySet("up"), "'up' is none of on, off");
+    EXPECT_EQ(OverlaySecondarySet("up"), "'up' is neither on nor off");
     EXPECT_EQ(OverlaySecondarySet("on"), "");
     EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
     EXPECT_EQ(OverlaySecondarySet("off"), "");

@@ -94,16 +94,16 @@ TEST_F(EditCommands, WhatIsWrongIsNamed) {
     };
 
     for (const Case c : {
-             Case{"select some", "'some' is none of all, none"},
+             Case{"select some", "'some' is not all, none"},
              Case{"select 1,2,3", "two corners"},
              Case{"select 1,2,3,x", "two corners"},
-             Case{"plot rose; select 1,2,3,4", "a rose has no places"},
+             Case{"plot rose; select 1,2,3,4", "a rose has no positions"},
              Case{"edit cut", "nothing is selected"},
              Case{"edit paste", "there is nothing to paste"},
-             Case{"edit bend", "'bend' is none of copy, copyall, cut, delete, paste"},
-             Case{"undo", "there is no edit to take back"},
-             Case{"redo", "there is no edit to make again"},
-             Case{"layer top", "'top' is none of annotations, data"},
+             Case{"edit bend", "'bend' is not one of copy, copyall, cut, delete, paste"},
+             Case{"undo", "there is no edit to undo"},
+             Case{"redo", "there is no edit to redo"},
+             Case{"layer top", "'top' is not one of annotations, data"},
          }) {
         const std::string error = Run(std::string("open \"FOLDER/planes.txt\"; ") + c.commands);
         EXPECT_NE(error.find(c.error), std::string::npos) << c.commands << ": " << error;

@@ -87,13 +87,12 @@ TEST_F(FieldRules, ResultsAndAccountsAreRefusedByName) {
     const std::vector<std::pair<std::string, std::string>> lines = {
         {"NumValidData 3", "'NumValidData' follows from the rows and cannot be set"},
         {"AppendedMin[0] 3", "'AppendedMin' follows from the rows and cannot be set"},
-        {"FabricValueC 0.1",
-         "'FabricValueC' is worked out when the plot is drawn and cannot be set"},
+        {"FabricValueC 0.1", "'FabricValueC' is computed when the plot is drawn and cannot be set"},
         {"EigenResults[1][1] 0.5",
-         "'EigenResults[1][1]' is worked out when the plot is drawn and cannot be set"},
-        {"RoseMedian 40", "'RoseMedian' is worked out when the plot is drawn and cannot be set"},
+         "'EigenResults[1][1]' is computed when the plot is drawn and cannot be set"},
+        {"RoseMedian 40", "'RoseMedian' is computed when the plot is drawn and cannot be set"},
         {"AxisItems[9][2] 1",
-         "'AxisItems[9][2]' is worked out when the plot is drawn and cannot be set"},
+         "'AxisItems[9][2]' is computed when the plot is drawn and cannot be set"},
     };
     for (const auto& [words, refusal] : lines) {
         EXPECT_EQ(Run("open \"FOLDER/planes.txt\"; set " + words), "line 1: set: " + refusal);
@@ -106,14 +105,15 @@ TEST_F(FieldRules, KindsOfRoseWithoutTheirColumnAreRefused) {
         EXPECT_NE(Run(rose + "set RoseType " + type), "") << type;
     }
     EXPECT_EQ(Run(rose + "set RoseType 3"),
-              "line 1: set: '3' is no value of RoseType: The plot has "
+              "line 1: set: '3' is not a value of RoseType: The plot has "
               "no appended numbers");
-    EXPECT_EQ(Run(rose + "set RoseType 20"), "line 1: set: '20' is no value of RoseType: The plot "
-                                             "has no appended texts");
+    EXPECT_EQ(Run(rose + "set RoseType 20"),
+              "line 1: set: '20' is not a value of RoseType: The plot "
+              "has no appended texts");
     for (const std::string type : {"-1", "9", "19", "30", "1.5", "wide"}) {
         EXPECT_EQ(Run(kWithValues + ("set RoseType " + type)),
                   "line 1: set: '" + type
-                      + "' is no value of RoseType: a kind from 0 to 8, and 10 "
+                      + "' is not a value of RoseType: a kind from 0 to 8, and 10 "
                         "or 20 more with classes");
     }
     for (const std::string type : {"0", "1", "2", "3", "11"}) {

@@ -68,10 +68,10 @@ TEST_F(FormatCommand, AFormatWithoutWordsIsThatOfAFirstRun) {
 
 TEST_F(FormatCommand, AFormatThatIsRefusedLeavesTheOneInForce) {
     EXPECT_EQ(Run("format delimiter=comma; format primary=line delimiter=pipe"),
-              "line 1: format: delimiter: 'pipe' is none of any, comma, semicolon, space, tab");
+              "line 1: format: delimiter: 'pipe' is not one of any, comma, semicolon, space, tab");
     EXPECT_EQ(gFileDelimiter, ",");
     EXPECT_EQ(Run("format delimiter=comma add"),
-              "line 1: format: 'add' stands before the keys: format add KEY=VALUE...");
+              "line 1: format: 'add' comes before the keys: format add KEY=VALUE...");
 }
 
 } // namespace

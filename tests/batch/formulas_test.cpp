@@ -83,9 +83,9 @@ TEST_F(BatchFormulas, NotesStandBesideThePrintedConeToo) {
 }
 
 TEST_F(BatchFormulas, RefuseOtherWords) {
-    EXPECT_EQ(Run("formulas"), "line 1: formulas: '' is none of own, textbook");
-    EXPECT_EQ(Run("formulas mine"), "line 1: formulas: 'mine' is none of own, textbook");
-    EXPECT_EQ(Run("formulas own textbook"), "line 1: formulas: 'textbook' is a word too many");
+    EXPECT_EQ(Run("formulas"), "line 1: formulas: '' is neither own nor textbook");
+    EXPECT_EQ(Run("formulas mine"), "line 1: formulas: 'mine' is neither own nor textbook");
+    EXPECT_EQ(Run("formulas own textbook"), "line 1: formulas: 'textbook' is one word too many");
 }
 
 TEST_F(BatchFormulas, DumpsHaveWhatTheFormulasLeaveOpenAsNull) {

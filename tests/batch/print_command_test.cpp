@@ -105,18 +105,19 @@ TEST_F(PrintCommandTest, GivesTheSameBytesForTheSamePlot) {
 
 TEST_F(PrintCommandTest, RefusesWhatItCannotPrint) {
     const std::vector<std::pair<std::string, std::string>> cases = {
-        {"plots=2", "plots: '2' is no open plot"},
+        {"plots=2", "plots: '2' is not an open plot"},
         {"plots=1,1", "plots: plot 1 is named twice"},
         {"size=0.1", "size: a net's radius is 0.5 to 14.9 cms"},
         {"size=15", "size: a net's radius is 0.5 to 14.9 cms"},
-        {"size=1,2", "size: one is wanted, or one for each plot"},
-        {"size=wide", "size: 'wide' is no number"},
-        {"centre=5", "centre: two numbers are wanted for each plot"},
+        {"size=1,2", "size: one value is required, or one for each plot"},
+        {"size=wide", "size: 'wide' is not a number"},
+        {"centre=5", "centre: two numbers are required for each plot"},
         {"centre=5,30", "centre: it is not on the paper"},
-        {"paper=foolscap", "paper: 'foolscap' is none of a3, a4, a5, legal, letter"},
+        {"paper=foolscap", "paper: 'foolscap' is not one of a3, a4, a5, legal, letter"},
         {"size", "'size' lacks a value: size=..."},
-        {"other.pdf", "'other.pdf' is a path too many"},
-        {"scale=2", "'scale' is no key of print: centre, orientation, paper, plots, size, units"},
+        {"other.pdf", "'other.pdf' is one path too many"},
+        {"scale=2",
+         "'scale' is not a key of print: centre, orientation, paper, plots, size, units"},
     };
     for (const auto& [words, error] : cases) {
         EXPECT_EQ(Print(words), error) << words;

@@ -88,7 +88,7 @@ TEST_F(ScriptFile, MarksOfTheEncodingAreNoPartOfIt) {
 
 TEST_F(ScriptFile, WhatIsNoScriptIsRefused) {
     EXPECT_EQ(ErrorOf(ReadScriptFile(folder.string())), "it is a folder");
-    EXPECT_EQ(ErrorOf(ReadScriptFile("/dev/zero")), "it is no file, but a device");
+    EXPECT_EQ(ErrorOf(ReadScriptFile("/dev/zero")), "it is a device, not a file");
     EXPECT_EQ(ErrorOf(ReadScriptFile((folder / "none").string())), "No such file or directory");
 }
 
@@ -159,7 +159,7 @@ TEST_F(ScriptFile, Utf16IsGivenLineByLine) {
 }
 
 TEST_F(ScriptFile, APipeThatNobodyWritesToDoesNotMakeTheProgramWait) {
-    EXPECT_EQ(ErrorOf(ReadScriptFile(MakePipe())), "nothing comes through the pipe");
+    EXPECT_EQ(ErrorOf(ReadScriptFile(MakePipe())), "no data came through the pipe");
 }
 
 TEST_F(ScriptFile, ADescriptorThatCannotBeReadIsTold) {

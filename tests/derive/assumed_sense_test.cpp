@@ -96,7 +96,7 @@ TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
     EXPECT_EQ(drawn("50/"), 0);
     EXPECT_EQ(drawn("53/"), 2);
     EXPECT_EQ(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
-              "Slip lines, sense not told");
+              "Slip lines, sense unknown");
     EXPECT_EQ(
         LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().sample,
         LegendSample::Line);
@@ -105,7 +105,7 @@ TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
     EXPECT_EQ(drawn("50/"), 2) << "one row that tells its sense is enough";
     EXPECT_EQ(drawn("53/"), 0);
     EXPECT_NE(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
-              "Slip lines, sense not told");
+              "Slip lines, sense unknown");
 }
 
 TEST(SlipLineSymbol, ReachesAsFarToBothSides) {

@@ -91,14 +91,14 @@ void ExpectGolden(const std::string& name, const std::string& actual) {
     }
     if (std::getenv(kSwitch) != nullptr) {
         WriteBytes(path, actual);
-        std::cout << "written anew: " << path.string() << "\n";
+        std::cout << "rewritten: " << path.string() << "\n";
         return;
     }
-    ADD_FAILURE() << path.string() << " says otherwise (- expected, + drawn):\n"
+    ADD_FAILURE() << path.string() << " differs (- expected, + drawn):\n"
                   << DifferenceOf(expected, actual)
                   << "expected: " << LeftBehind(name + ".expected", expected)
                   << "\ndrawn:    " << LeftBehind(name + ".actual", actual)
-                  << "\nWhere the new one is right, " << kSwitch << "=1 writes it.";
+                  << "\nIf the new one is right, " << kSwitch << "=1 writes it.";
 }
 
 } // namespace quandrel

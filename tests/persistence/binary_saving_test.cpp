@@ -125,7 +125,7 @@ TEST_F(BinarySaving, AFailureIsToldAndLeavesThePlotChanged) {
     Expect("There has been an unknown error trying to save\nthis plot: beds.txt: 1");
     EXPECT_EQ(SavePlotAs(Path("missing/beds.qpx"), SaveKind::SaveAs), SaveOutcome::Failed);
     std::filesystem::create_symlink("/dev/full", Path("full.qpx"));
-    Expect("it is no ordinary file");
+    Expect("it is not an ordinary file");
     EXPECT_EQ(SavePlotAs(Path("full.qpx"), SaveKind::SaveAs), SaveOutcome::Failed);
     ActiveRecord().DescriptionText = std::string(40000, 'x');
     Expect("a text of the plot has 40000 bytes");

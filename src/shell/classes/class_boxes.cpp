@@ -15,7 +15,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr const char* kNoNumber = "A class limit is no number.";
+constexpr const char* kNoNumber = "A class limit is not a number.";
 
 /// The kind of a mode. None if the plot does not have the column that the mode needs.
 ClassKind UsableKind(int mode, const PlotRecord& record) {

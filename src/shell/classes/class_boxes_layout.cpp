@@ -77,7 +77,7 @@ ClassBoxes::ClassBoxes(StyleKind patches, QWidget* parent)
     , chkTypeNumeric(MakeCheck("chkTypeNumeric", "Treat as Nu&meric",
                                "The types are numbers: classes are ranges of them"))
     , chkCaseSensitive(MakeCheck("chkCaseSensitive", "Case sensiti&ve",
-                                 "Names that differ in capitals alone are different types"))
+                                 "Names that differ only in capitals are different types"))
     , lblRanges(MakeLabel({}, "lblRanges"))
     , lblTypes(MakeLabel({}, "lblTypes"))
     , lblClassNote(MakeLabel({}, "lblClassNote"))

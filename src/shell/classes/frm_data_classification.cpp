@@ -30,7 +30,7 @@ constexpr int kSymbolsTab = 0; ///< page of the preferences
 constexpr int kColumnGap = 24;
 constexpr int kFigureWidth = 84;
 constexpr const char* kNoFigure = "\u2013";
-constexpr const char* kNoBackground = "The minimum possible background value is no number.";
+constexpr const char* kNoBackground = "The minimum possible background value is not a number.";
 
 constexpr std::array<const char*, 3> kKindCaptions = {"&None", "by numeri&c value",
                                                       "by alphanumeric &type"};
@@ -44,8 +44,8 @@ constexpr std::array<ControlText, 5> kPlotTypes = {{
 }};
 
 constexpr std::array<ControlText, 2> kGridValues = {{
-    {"Cumu&lative", "A node has the sum of the values about it"},
-    {"M&ean", "A node has the mean of the values about it"},
+    {"Cumu&lative", "A node has the sum of the values around it"},
+    {"M&ean", "A node has the mean of the values around it"},
 }};
 
 QString FigureText(std::optional<double> figure) {

@@ -115,8 +115,8 @@ void frmRotationMenu::MakeBoxes() {
         txtRotAngle[i]->setAlignment(Qt::AlignRight);
         txtRotAngle[i]->installEventFilter(this);
     }
-    txtRotAngleSense =
-        MakeBox("txtRotAngleSense", "Enter the compass direction that the line plunges to, as NE");
+    txtRotAngleSense = MakeBox("txtRotAngleSense",
+                               "Enter the compass direction that the line plunges to, such as NE");
     txtRotAngleSense->installEventFilter(this);
     txtRotAngle[3]->setAccessibleName("Horizontal line, pitch");
     txtRotAngleSense->setAccessibleName("Horizontal line, sense");

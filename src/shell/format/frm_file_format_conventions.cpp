@@ -73,7 +73,7 @@ QGroupBox* frmFileFormat::MakeSeparatorBox() {
         for (const char* separator : kOutputSeparators) {
             list->addItem(separator);
         }
-        list->setToolTip("Stands between the two values wherever the program writes them");
+        list->setToolTip("Separates the two values wherever the program writes them");
         auto* label = MakeLabel(kNames[i], Numbered("lblSeparator", i));
         label->setBuddy(list);
         layout->addWidget(label, 0, 2 * i);

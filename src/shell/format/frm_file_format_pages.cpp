@@ -309,7 +309,7 @@ QGroupBox* frmFileFormat::MakeSymbolBox() {
     cmdButtons[3] = new QPushButton("C&hange...");
     cmdButtons[3]->setToolTip("Chooses symbol, colour and size of both");
     cmdButtons[2] = new QPushButton("Defaul&ts");
-    cmdButtons[2]->setToolTip("Puts both symbols back to those of the first start");
+    cmdButtons[2]->setToolTip("Resets both symbols to those of the first start");
     for (const std::size_t i : {std::size_t{3}, std::size_t{2}}) {
         cmdButtons[i]->setObjectName(Numbered("cmdButtons", static_cast<int>(i)));
         buttons->addWidget(cmdButtons[i]);
@@ -324,11 +324,11 @@ QWidget* frmFileFormat::MakeFileLine() {
     layout->setContentsMargins(0, 0, 0, 0);
     cboDelim = new QComboBox;
     cboDelim->setObjectName("cboDelim");
-    cboDelim->setToolTip("What parts the columns of a line");
+    cboDelim->setToolTip("What separates the columns of a line");
     for (const DelimiterName& entry : kDelimiters) {
         cboDelim->addItem(entry.name, QString(entry.delimiter));
     }
-    auto* label = MakeLabel("Columns are parted by (&delimiter)", "lblDelim");
+    auto* label = MakeLabel("Columns are separated by (&delimiter)", "lblDelim");
     label->setBuddy(cboDelim);
     chkTableHeadings = new QCheckBox("&First row contains column headings");
     chkTableHeadings->setObjectName("chkTableHeadings");

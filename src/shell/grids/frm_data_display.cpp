@@ -75,7 +75,7 @@ void frmDataDisplay::MakeLayout() {
     cmdAddRow->setObjectName("cmdAddRow");
     cmdAddRow->setToolTip("Begins a new row at the end of the grid");
     cmdDiscard->setObjectName("cmdDiscard");
-    cmdDiscard->setToolTip("Forgets what was typed");
+    cmdDiscard->setToolTip("Discards what was typed");
     cmdOK->setObjectName("cmdOK");
     cmdOK->setToolTip(isRaw ? "Closes the window" : "Writes the edits into the plot and closes");
     auto* line = new QHBoxLayout;

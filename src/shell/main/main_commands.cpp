@@ -370,7 +370,7 @@ void GeolPlotMain::EditFormat() {
         question.columnHeadings = gSettings.format.hasHeadings;
     }
     if (gPlatform.prompts->AskFormat(question)) {
-        SetStatusText("The data format holds for the next file");
+        SetStatusText("The data format applies to the next file");
     }
 }
 
@@ -379,7 +379,7 @@ void GeolPlotMain::ChooseDataFolder() {
     if (dialog.exec() == QDialog::Accepted) {
         gSettings.files.folder = dialog.Folder().toStdString();
         if (!SaveSettings(SettingsGroup::DataFolder)) {
-            Tell("The data folder holds for this session, but it could not be saved.");
+            Tell("The data folder applies to this session, but it could not be saved.");
         }
     }
 }

@@ -34,7 +34,7 @@ constexpr int kButtonSize = 20;
 
 /// What to install if the readers of map files are missing.
 constexpr const char* kPackageHint =
-    ". The package quandrel brings it; a program that is built from "
+    ". The package quandrel includes it; a program that is built from "
     "source needs the package libgdal-dev.";
 
 /// What the readers require if they cannot be loaded.

@@ -101,14 +101,14 @@ void frmPreferences::MakeButtons() {
     chkSaveSettings = new QCheckBox("Sa&ve settings");
     chkSaveSettings->setObjectName("chkSaveSettings");
     chkSaveSettings->setToolTip(
-        "Keep the preferences for later sessions. Otherwise they hold until "
+        "Keep the preferences for later sessions. Otherwise they apply until "
         "Quandrel ends");
     auto* line = new QHBoxLayout;
     line->addWidget(chkSaveSettings);
     line->addStretch(1);
     constexpr std::array<const char*, 4> kCaptions = {"OK", "Cancel", "&Defaults", "&Help..."};
     constexpr std::array<const char*, 4> kTips = {
-        "Use these preferences, and draw all open plots anew", "Change nothing",
+        "Use these preferences, and redraw all open plots", "Change nothing",
         "Show what Quandrel starts with", "Get help with this dialog"};
     for (std::size_t i = 0; i < kCaptions.size(); ++i) {
         cmdOK[i] = new QPushButton(kCaptions[i]);

@@ -32,7 +32,7 @@ constexpr QSize kAxesRoom(124, 124);
 /// By value of gPlotAxesStyle.
 constexpr std::array<ControlText, 4> kNetCaptions = {{
     {"Only the centre shown", "A cross at the centre"},
-    {"qudrant ticks shown", "Ticks at the quadrants but the north, and a cross at the centre"},
+    {"qudrant ticks shown", "Ticks at the quadrants except the north, and a cross at the centre"},
     {"N-S & E-W axes shown", "Both axes, with a tick every 10° of plunge"},
     {"Ticks every 10° shown", "Ticks every 10° on the eastern rim and along the axes"},
 }};
@@ -91,7 +91,7 @@ QGroupBox* frmPreferences::MakeRoseStyles() {
         grid->addWidget(new QLabel(text.caption), 3, i, Qt::AlignHCenter);
     }
     chkRoseOuterCircle =
-        MakeCheck("chkRoseOuterCircle", "Show &outer circle", "The circle about roses");
+        MakeCheck("chkRoseOuterCircle", "Show &outer circle", "The circle around roses");
     chkShowCompass = MakeCheck("chkShowCompass", "Show &Compass points",
                                "All octants marked with direction, and the points between them");
     const int column = static_cast<int>(kRoseCaptions.size());
@@ -121,7 +121,7 @@ QGroupBox* frmPreferences::MakeWindowSizes() {
     auto* aspect = new QLabel("Enter hei&ght to width ratio of plot window");
     aspect->setBuddy(cboPlotAspect);
     chkPlotLast = MakeCheck("chkPlotLast", "Use &last resize",
-                            "New plot windows take the size that one was last given. Holds until "
+                            "New plot windows take the size that one was last given. Applies until "
                             "Quandrel ends");
     grid->addWidget(size, 0, 0);
     grid->addWidget(txtPlotSize, 0, 1);
@@ -168,7 +168,7 @@ QGroupBox* frmPreferences::MakeFormulasBox() {
     constexpr std::array<const char*, 2> kCaptions = {"Quandrel's o&wn", "&Textbook"};
     constexpr std::array<const char*, 2> kTips = {
         "Statistics, arrows, arcs and cones by the program's own definitions. Where the textbook's "
-        "result is another one it stands below",
+        "result differs, it is shown below",
         "Statistics, arrows, arcs and cones by the formulas of the textbooks"};
     for (std::size_t i = 0; i < kCaptions.size(); ++i) {
         optFormulas[i] = new QRadioButton(kCaptions[i]);
@@ -226,10 +226,10 @@ QWidget* frmPreferences::MakeGeneralPage() {
         "Numbers with the other decimal delimiter are read as numbers");
     chkSaveLinesOption =
         MakeCheck("chkSaveLinesOption", "&Include non-data lines in ASCII Saves [default = No]",
-                  "Texts of plots keep comments and other lines that are no data");
+                  "Texts of plots keep comments and other lines that are not data");
     chkIsolatedPts =
         MakeCheck("chkIsolatedPts", "&Show single isolated pts with contours",
-                  "Contour plots mark each point that has no other one within its counting cone");
+                  "Contour plots mark each point that has no other point within its counting cone");
     for (QCheckBox* box : {chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
         layout->addWidget(box);
     }

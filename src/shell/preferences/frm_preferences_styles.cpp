@@ -317,7 +317,7 @@ QWidget* frmPreferences::MakeRoseSlots() {
     slot({StyleTable::Outline, kRoseBackgroundStyle}, "outline", 5, "outlines",
          "Outlines of the sectors of all roses");
     slot({StyleTable::Blank, kRoseBackgroundStyle}, "blank", 9, "blank parts",
-         "Blank parts of roses: white stands for the background");
+         "Blank parts of roses: white means the background");
     line += 2;
     heading("Wind Rose", "Overlayed");
     slot(SymbolSlot(kOverlaidRoseStyle - 2), "frequency", 1, "frequency", "Wind Rose: frequency");
@@ -414,7 +414,7 @@ QGroupBox* frmPreferences::MakePalette() {
     }
     cmdOK[4] = new QPushButton("&more colours ...");
     cmdOK[4]->setObjectName("cmdOK_4");
-    cmdOK[4]->setToolTip("Replace the selected colour by another, in all that it colours");
+    cmdOK[4]->setToolTip("Replace the selected colour by another one wherever it is used");
     line->addSpacing(12);
     line->addWidget(cmdOK[4]);
     line->addStretch(1);

@@ -7,23 +7,23 @@ namespace quandrel {
 QString PreferencesHelp() {
     return R"(PREFERENCES
 
-OK lets the preferences take hold: all open plots are drawn anew. With
-"Save settings" they are kept for later sessions too, otherwise they hold
-until Quandrel ends. Cancel drops every change, those of colours and fonts
-too. "Defaults" shows what Quandrel starts with; it takes hold with OK.
+OK applies the preferences: all open plots are redrawn. With "Save settings"
+they are also kept for later sessions; otherwise they apply until Quandrel
+ends. Cancel discards every change, including those of colours and fonts.
+"Defaults" shows what Quandrel starts with; OK applies it.
 
 SYMBOLS, LINES, ROSES
 Click on a sample, then choose its shape, its colour and its size or width.
 All samples are drawn as plots will be.
 
-- For the pairs of "+ve" and "-ve" plunges the left mouse button chooses for
+- For the pairs of "+ve" and "-ve" plunges, the left mouse button chooses for
   the first and the right one for the second, whichever is selected.
 - Rows of open plots follow their style. A row whose symbol you have changed
   yourself keeps it.
-- "more colours ..." puts another colour in the place of the selected one.
-  Everything that has this colour changes with it.
+- "more colours ..." replaces the selected colour by another one. Everything
+  that has this colour changes with it.
 - Symbol "none" hides rows; the line style "none" hides lines.
-- On the page of roses a click on the picture selects what is there. White
+- On the page of roses, a click on the picture selects what is there. White
   blank parts take the background of the plot.
 
 PLOT STYLE
@@ -36,27 +36,27 @@ PLOT STYLE
   ends with the session.
 
 FONTS
-- Fonts of the boxes about the net on the screen, and those on printed pages.
+- Fonts of the boxes around the net on the screen, and those on printed pages.
 - The background and the colour of axes and circle are those of all plots on
-  the screen. Copies, prints and exports are always on white; axes that white
-  paper would not show are black there.
+  the screen. Copies, prints and exports are always on white; axes that would
+  not be visible on white paper are black there.
 
 GENERAL
-- A change of the maximum number of plots asks whether to save it, and holds
-  from the next start.
+- After a change of the maximum number of plots, Quandrel asks whether to save
+  it; it applies from the next start.
 - File dialogs start in the folder of the file that you last opened, or in
   the one that you set here.
 - "pitch" or "rake" is the word for the angle of a line in a plane.
-- Formulas of statistics: some results of the boxes are Quandrel's own by
-  definition; where the textbook has another one, it stands below in brackets.
-  "Textbook" has the boxes, arrows, arcs and cones of all plots by the
-  textbook's formulas instead.
+- Formulas of statistics: some results in the boxes are Quandrel's own by
+  definition; where the textbook's result differs, it is shown below in
+  brackets. "Textbook" uses the textbook's formulas for the boxes, arrows,
+  arcs and cones of all plots instead.
 - Convert 'invalid' decimal-like numbers: a number of an appended column with
   the other decimal delimiter is read as a number.
 - Include non-data lines: a plot that is saved as text keeps comments,
-  headings and other lines of its files that are no data, in their places.
-- Single isolated points: contour plots mark each point that has no other one
-  within its counting cone.
+  headings and other lines of its files that are not data, in their places.
+- Single isolated points: contour plots mark each point that has no other
+  point within its counting cone.
 )";
 }
 

@@ -204,7 +204,7 @@ TEST_F(ClassBoxesTest, ATextThatIsNoNumberIsMarkedAndFound) {
         EXPECT_NE(boxes_->txtRange[3]->palette().color(QPalette::Base), usual) << text;
         EXPECT_EQ(boxes_->Settings().numbers.limits.limits[2], 4) << text;
         boxes_->txtRange[0]->setFocus();
-        EXPECT_EQ(boxes_->GoToFault(), "A class limit is no number.") << text;
+        EXPECT_EQ(boxes_->GoToFault(), "A class limit is not a number.") << text;
         EXPECT_EQ(boxes_->focusWidget(), boxes_->txtRange[3]) << text;
         Type(*boxes_->txtRange[3], "4");
     }

@@ -261,7 +261,7 @@ TEST_F(ClassificationDialogTest, TextsThatAreNoNumbersAreRefused) {
     Open();
     Choose(ClassKind::Numbers);
     Type(*dialog_->boxes->txtRange[1], "x");
-    Expect("A class limit is no number.");
+    Expect("A class limit is not a number.");
     dialog_->OKButton->click();
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(dialog_->focusWidget(), dialog_->boxes->txtRange[1]);
@@ -269,7 +269,7 @@ TEST_F(ClassificationDialogTest, TextsThatAreNoNumbersAreRefused) {
     Type(*dialog_->boxes->txtRange[1], "2");
     dialog_->optClassifPlotType[2]->setChecked(true);
     Type(*dialog_->txtMinValue, "none");
-    Expect("The minimum possible background value is no number.");
+    Expect("The minimum possible background value is not a number.");
     dialog_->OKButton->click();
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(dialog_->focusWidget(), dialog_->txtMinValue);

@@ -484,7 +484,7 @@ TEST_F(MainCommands, AHintIsNotSaidTwice) {
 
 TEST_F(MainCommands, TextsAreSeenWithoutAPlotToo) {
     Press("mnuFileStruct");
-    EXPECT_EQ(Info(), "The data format holds for the next file");
+    EXPECT_EQ(Info(), "The data format applies to the next file");
     OpenFile("a.txt");
     Press("mnuFileClose_0");
     EXPECT_EQ(Info(), "") << "what was told of a plot goes with the last one";

@@ -81,7 +81,7 @@ TEST_F(MapinfoWindow, AnOpenedTableIsShownAsAMapAndCanBePlotted) {
 
 TEST_F(MapinfoWindow, AFileThatIsNoTableIsToldAndTheLinkStays) {
     ASSERT_TRUE(StartMapInfoLink());
-    Expect(std::string(kCommandFailed) + "\n\nThis is no table");
+    Expect(std::string(kCommandFailed) + "\n\nThis is not a table");
     LinkTo("broken.tab");
     EXPECT_TRUE(IsMapInfoLinked());
     EXPECT_EQ(ControlOf<QTabWidget>(*LinkForm(), "tabMaps").count(), 0);

@@ -41,7 +41,7 @@ public:
     SessionResult<std::vector<SessionTable>> OpenTables(const std::string& path) override {
         const std::string name = std::filesystem::path(path).stem().string();
         if (name == "broken") {
-            return SessionError{kSessionFileError, "This is no table"};
+            return SessionError{kSessionFileError, "This is not a table"};
         }
         SessionTable table(name, path);
         table.AddColumn("Dip", SessionColumnKind::Number);

@@ -212,7 +212,7 @@ TEST_F(RoseDialogTest, GoShowsTheClassBoxThatHoldsNoNumber) {
     dialog->tabRose->setCurrentIndex(kRoseTypePage);
     Go();
     EXPECT_EQ(dialog->tabRose->currentIndex(), kRoseClassPage);
-    EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "A class limit is no number.");
+    EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "A class limit is not a number.");
     EXPECT_EQ(dialog->focusWidget(), &limit);
     EXPECT_EQ(Record().RoseType, 0);
 }
