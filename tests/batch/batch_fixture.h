@@ -34,7 +34,7 @@ protected:
         return (folder / name).string();
     }
 
-    /// Runs commands; FOLDER in them is the test's folder. Gives the error.
+    /// Runs commands, in which FOLDER is the test's folder. Returns the error.
     std::string Run(std::string commands) {
         for (std::size_t at = 0; (at = commands.find("FOLDER", at)) != std::string::npos;) {
             commands.replace(at, 6, folder.string());

@@ -397,7 +397,7 @@ TEST_F(Batch, APictureFollowsTheFieldsThatWereSet) {
     EXPECT_NE(pixels("set PlotKind 2"), pixels("replot"));
 }
 
-/// Lines in a ring about the vertical, which have a cone of some 25 degrees.
+/// Lines in a ring about the vertical, which have a cone of about 25 degrees.
 constexpr const char* kRing = "60\t0\n60\t40\n60\t80\n60\t120\n60\t160\n60\t200\n60\t240\n"
                               "60\t280\n60\t320\n";
 
@@ -654,7 +654,7 @@ TEST_F(Batch, FaultsWithAxesKeepTheirMovementWhenTheyTurnOver) {
     const std::string open =
         "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
         "open \"FOLDER/faults.txt\"; ";
-    // The plane dips 70 to the west then, its other side up: what went down goes up.
+    // The plane then dips 70 to the west, with its other side up: what went down goes up.
     const auto plain = Dump(open + "rotate op=3 axis=0,0 angle=100");
     EXPECT_EQ(std::abs(plain["rows"]["gDataDip"][0].get<int>()),
               std::abs(plain["rows"]["gData2Dip"][0].get<int>()));

@@ -38,7 +38,7 @@ protected:
         return In(name);
     }
 
-    /// The exit code of the program for these words behind its name.
+    /// The exit code of the program for these arguments.
     int Run(std::vector<std::string> words) {
         words.insert(words.begin(), "quandrel-batch");
         std::vector<const char*> pointers;
@@ -63,7 +63,7 @@ protected:
     std::filesystem::path folder;
     std::ostringstream out;
     std::ostringstream log;
-    std::string usage; ///< what the command line itself was answered
+    std::string usage; ///< what the parser of the command line printed
 };
 
 TEST_F(CommandLine, ExitCodesTellWhatHappened) {
@@ -138,7 +138,7 @@ TEST_F(CommandLine, TheShortFormTellsWhichCommandFailed) {
     EXPECT_EQ(Run({data, "--format", "header=no\n  data=lines"}), kBatchDone) << log.str();
 }
 
-/// Takes some bytes, as a device or a pipe that fails then.
+/// Accepts some bytes and then fails, as a device or a pipe may.
 class FailingBuffer : public std::stringbuf {
 public:
     explicit FailingBuffer(std::streamsize room)
@@ -191,7 +191,7 @@ TEST_F(CommandLine, FilesOutsideTheFolderAreReadWithLeaveAlone) {
     EXPECT_EQ(out.str(), "2\n");
 }
 
-/// A pipe as standard input, for the length of a block.
+/// A pipe as standard input until the end of a block.
 class PipedInput {
 public:
     PipedInput() {
@@ -278,7 +278,7 @@ TEST_F(CommandLine, StandardInputIsReadOnceAndNotAsTwoThings) {
 TEST_F(CommandLine, JsonOnStandardOutputIsAlone) {
     const std::string data = Write("a.txt", "30\t120\n45\t270\n");
     ASSERT_EQ(Run({data, "--json", "-", "--stats"}), kBatchDone) << log.str();
-    const auto json = nlohmann::json::parse(out.str()); // throws where something else is there
+    const auto json = nlohmann::json::parse(out.str()); // throws if there is anything else
     EXPECT_EQ(json["record"]["NumValidData"], 2);
     EXPECT_TRUE(Logged("2 rows read, 2 of them data")) << "printed where it does not disturb";
     EXPECT_EQ(Run({"-c", "open \"" + data + "\"; get NumData; dump -; get NumData"}), kBatchDone);
@@ -286,7 +286,7 @@ TEST_F(CommandLine, JsonOnStandardOutputIsAlone) {
     EXPECT_EQ(std::count(answers.begin(), answers.end(), '\n'), 3) << "a line each";
 }
 
-/// What is printed, with a sign when it is put out.
+/// What is printed, with a mark at each flush.
 class AnswerBuffer : public std::stringbuf {
 public:
     int sync() override {
@@ -296,7 +296,7 @@ public:
         return 0;
     }
 
-    /// Waits until so much was put out; false after ten seconds.
+    /// Waits until that much was written; returns false after ten seconds.
     bool WaitFor(const std::string& text) {
         std::unique_lock guard(lock_);
         return hasPut_.wait_for(guard, std::chrono::seconds(10), [&] { return put_ == text; });

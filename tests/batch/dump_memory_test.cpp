@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Dumps are streams: what they take of the memory does not grow with the rows.
+// Dumps are streams: the memory that they use does not grow with the number of rows.
 
 #include "batch/dump.h"
 #include "core/plot_store.h"
@@ -38,7 +38,7 @@ protected:
         RebuildRowTable(slot);
     }
 
-    /// The most that a dump of so many rows takes beside the plot, bytes.
+    /// The most memory that a dump of so many rows uses in addition to the plot, in bytes.
     std::size_t PeakOfDump(std::int32_t rows) {
         MakePlot(rows);
         const std::size_t before = AllocatedBytes();

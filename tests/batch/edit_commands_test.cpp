@@ -7,7 +7,7 @@ namespace {
 
 class EditCommands : public BatchTest {
 protected:
-    /// The dips of the rows behind commands on three planes.
+    /// The dips of the rows after commands on three planes.
     std::vector<int> DipsAfter(const std::string& commands) {
         const auto dump = Dump("open \"FOLDER/planes.txt\"; " + commands);
         std::vector<int> dips;

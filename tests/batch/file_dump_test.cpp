@@ -14,7 +14,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// What the samples hold, told once more by hand from what their writer puts into them.
+// The contents of the samples, listed again by hand from what their writer puts into them.
 
 Json Item(const std::string& label) {
     return {true, label, 0.5, 0.25, 4, 1, nullptr};
@@ -181,7 +181,7 @@ void AddRose(Json& json) {
     json.update({{"ClassMode", 0}, {"NumClassified", 2}});
 }
 
-/// All that the sample of a version holds.
+/// Everything that the sample of a version holds.
 Json SampleAsJson(const OldVersion& version) {
     Json json;
     AddHead(json, version);
@@ -230,7 +230,7 @@ Json SampleAsJson(const OldVersion& version) {
     return json;
 }
 
-/// Compares as tables without an order of names.
+/// Compares two objects without regard to the order of their names.
 void ExpectSame(const nlohmann::json& dumped, const nlohmann::json& expected,
                 const std::string& what) {
     for (const auto& [name, value] : expected.items()) {
@@ -243,7 +243,7 @@ void ExpectSame(const nlohmann::json& dumped, const nlohmann::json& expected,
     }
 }
 
-/// What is written of a file, and why not.
+/// What is written for a file, and the reason if nothing is.
 std::pair<std::string, std::string> WrittenOf(std::string_view bytes) {
     std::string text;
     JsonWriter writer(

@@ -11,7 +11,7 @@ namespace {
 
 class FormatCommand : public BatchTest {
 protected:
-    /// Runs commands in one session and gives the format in force after them.
+    /// Runs commands in one session and returns the format in force afterwards.
     FormatSettings FormatAfter(const std::string& commands) {
         EXPECT_EQ(Run(commands), "");
         return gSettings.format;

@@ -13,7 +13,7 @@ constexpr double kTolerance = 0.05; ///< millimetres
 
 class PrintCommandTest : public BatchTest {
 protected:
-    /// Opens plots of the same file, prints with the words behind "print", and gives the error.
+    /// Opens plots of the same file, prints with the words after "print", and returns the error.
     std::string Print(const std::string& words, int plots = 1) {
         out.str("");
         log.str("");

@@ -14,7 +14,8 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-/// The rule in words: the number of limits that a value has reached, the greatest belongs below.
+/// The rule in words: the number of limits that a value has reached; the greatest limit belongs to
+/// the class below it.
 int TrueClass(double value, const Ranges& ranges) {
     const auto last = static_cast<int>(ranges.limits.size()) - 1;
     if (value < ranges.limits.front()) {

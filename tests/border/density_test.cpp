@@ -22,7 +22,7 @@ std::vector<Line> WholeLines(std::size_t count, std::uint32_t seed) {
     return lines;
 }
 
-/// Lines within a cone pair by pair; nothing where one is too near to its rim to be told by this.
+/// Lines within a cone, pair by pair; nothing if one is too near the rim for this method to decide.
 std::optional<std::int32_t> TrueCount(const std::vector<Line>& lines, const Line& axis,
                                       double halfAngle) {
     std::int32_t count = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Pictures for other programs against what the program itself draws of the same plot files.
+// Pictures for other programs, compared with what the program itself draws from the same plot
+// files.
 
 #include "core/settings_value.h"
 #include "drawing/draw_plot.h"
@@ -25,7 +26,7 @@ constexpr Extent kLegend{160, 400};
 constexpr double kUnits = 4;
 constexpr double kNear = 1e-9;
 
-/// Beds about a fold axis with numbers, and an overlay of each kind where asked for.
+/// Beds about a fold axis with numbers, and an overlay of each kind if requested.
 Plot FoldPlot(PlotKind kind, RowsAs rowsAs, bool hasOverlays = false) {
     Plot plot;
     plot.kind = kind;
@@ -76,7 +77,7 @@ struct Pair {
     }
 };
 
-/// What the program draws of the file of a plot.
+/// What the program draws from a plot's file.
 struct InnerPair {
     RecordingSurface net{kNet.width, kNet.height};
     RecordingSurface legend{kLegend.width, kLegend.height};
@@ -176,7 +177,7 @@ void ExpectRound(const Operation& found, const DrawOperation& inner) {
     }
 }
 
-/// Expects the operations of the program, `corner` being the top left one in units.
+/// Expects the operations of the program; `corner` is the top left corner in units.
 void ExpectOperations(const Recording& found, const RecordingSurface& inner,
                       quandrel::Point corner) {
     ASSERT_EQ(found.Operations().size(), inner.Operations().size());

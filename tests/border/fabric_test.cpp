@@ -17,7 +17,7 @@ namespace qt = quandrel::testing;
 
 constexpr double kRounding = 1e-9;
 
-/// Lines about an axis, the farther the larger the spread.
+/// Lines about an axis: the larger the spread, the farther away.
 std::vector<Line> LinesAbout(const qt::Vector& axis, double spread, std::size_t count,
                              std::uint32_t seed) {
     RandomValues random(seed);

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::array kProjections = {Projection::kEqualArea, Projection::kEqualAngle};
 
-/// The place of a vector by the geometry of the projection: equal angle is seen from the zenith of
-/// a sphere of radius 1 on the plane through its centre.
+/// The position of a vector by the geometry of the projection: equal angle is seen from the zenith
+/// of a sphere of radius 1 on the plane through its centre.
 NetPoint TruePlace(testing::Vector vector, Projection projection) {
     if (vector.down < 0) {
         vector = testing::Sum(vector, -1, {}, 0);
@@ -49,7 +49,7 @@ TEST(PublicNet, TracesOfPlanesRunFromRimToRimThroughThePlane) {
             EXPECT_NEAR(std::hypot(trace.back().east, trace.back().north), 1, 1e-9);
             EXPECT_NEAR(trace.front().east, -trace.back().east, 1e-9);
             for (const NetPoint& point : trace) {
-                // On the rim rounding may carry a point out, where it has the other sense.
+                // On the rim, rounding may move a point outside, where it has the other sense.
                 const Line line = LineAtPoint(point, projection);
                 EXPECT_NEAR(testing::Dot(TrueVector(line), TrueNormal(plane)), 0, 1e-6);
             }

@@ -147,7 +147,7 @@ TEST(PlotFile, KeepsWhatRowsLookLike) {
         plot.rows.planes = {{30, 120}};
         EXPECT_EQ(ReadPlot(*PlotBytes(plot))->rowsAs, rowsAs);
     }
-    // Files know points by two numbers.
+    // Files have two numbers for points.
     Plot points;
     points.rowsAs = static_cast<RowsAs>(2);
     EXPECT_EQ(ReadPlot(*PlotBytes(points))->rowsAs, RowsAs::kPoints);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The public headers as strangers meet them: the example that each opens with prints what it says,
-// the chief header has all of them, and none leads into the engine. That each compiles alone, and
-// all of them together, is a matter of building this program.
+// The public headers as other developers see them: the example at the top of each prints what it
+// says, the chief header includes all of them, and none leads into the engine. Building this
+// program shows that each compiles alone and that all of them compile together.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ std::vector<std::string> LinesOfHeader(const std::string& name) {
     return lines;
 }
 
-/// What the head comment of a header says that its example prints.
+/// What the comment at the top of a header says that its example prints.
 std::string PromisedOutput(const std::string& name) {
     constexpr std::string_view kArrow = "// -> ";
     std::string promised;
@@ -56,7 +56,7 @@ std::string PromisedOutput(const std::string& name) {
     return promised;
 }
 
-/// What an example prints.
+/// The output of an example.
 std::string OutputOf(const PublicHeader& header) {
     std::ostringstream output;
     std::streambuf* const before = std::cout.rdbuf(output.rdbuf());

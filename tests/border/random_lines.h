@@ -61,7 +61,7 @@ inline double AxesApart(const Line& a, const Line& b) {
     return InDegrees(testing::AcuteAngleOf(TrueVector(a), TrueVector(b)));
 }
 
-/// Degrees between two lines that point.
+/// Degrees between two directed lines.
 inline double DirectionsApart(const Line& a, const Line& b) {
     return InDegrees(testing::AngleOf(TrueVector(a), TrueVector(b)));
 }

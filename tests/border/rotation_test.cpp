@@ -96,7 +96,8 @@ TEST(PublicKinematics, AxesLieHalfARightAngleFromPoleAndSlipLine) {
         EXPECT_NEAR(AxesApart(axes.p, axes.t), 90, 1e-5);
         EXPECT_NEAR(AxesApart(axes.p, down), 45, 1e-5);
         EXPECT_NEAR(InDegrees(qt::AcuteAngleOf(TrueVector(axes.t), pole)), 45, 1e-5);
-        // P lies between the pole and the way of the hanging wall, seen from the footwall's side.
+        // P lies between the pole and the movement of the hanging wall, seen from the footwall's
+        // side.
         const qt::Vector toward = qt::Unit(qt::Sum(pole, 1, TrueVector(slip), 1));
         EXPECT_NEAR(qt::AcuteAngleOf(TrueVector(axes.p), toward), 0, 1e-6);
         EXPECT_GE(axes.t.plunge, 0);

@@ -13,7 +13,7 @@ namespace {
 constexpr Pen kRed{{255, 0, 0}, 2};
 constexpr Pen kNoPen{{}, 1, Dash::kNone};
 
-/// What a document holds between its root's tags.
+/// The contents of a document between the tags of its root.
 std::string BodyOf(const SvgPicture& picture) {
     const std::string document = picture.Document();
     const std::size_t first = document.find('\n') + 1;

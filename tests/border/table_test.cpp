@@ -94,7 +94,7 @@ TEST(PublicTable, SecondaryLinesAreReadAsTheyWereMeasured) {
         EXPECT_NEAR(found.trend, truth.trend, 1e-9);
     };
     expectNear(secondOf(Secondary::kLine, "45,120,,45,120"), {45, 120});
-    // Half-way down the plane of 45 degrees: the plunge has the sine of 1/2.
+    // Half-way down the plane of 45 degrees: the sine of the plunge is 1/2.
     const Line halfWay = LineAtPitch({45, 120}, 45);
     EXPECT_NEAR(halfWay.plunge, 30, 1e-9);
     expectNear(secondOf(Secondary::kAngle, "45,120,,,45"), halfWay);

@@ -11,7 +11,7 @@ namespace {
 
 class ClassEditingTest : public ClassTest {
 protected:
-    /// A plot with a row of class 2 by number, in the styles that classes have now.
+    /// A plot with a row of class 2 by number, in the current styles of the classes.
     int MakeClassifiedPlot() {
         NewPlot();
         AddRow(45, 90, 50302);
@@ -126,7 +126,7 @@ TEST_F(ClassEditingTest, LinesStandForClasses) {
 }
 
 TEST_F(ClassEditingTest, ClassesOfLinesAreThoseOfTheRule) {
-    // A value in each range has the class that its line is said to have.
+    // A value in each range has the class that ClassOfLine reports for its line.
     ClassSettings chosen;
     chosen.numbers.keepLow = true;
     chosen.numbers.keepHigh = true;

@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// A table whose column of numbers has these limits, the last one the top.
+/// A table whose column of numbers has these limits, of which the last is the top.
 inline ClassTableCells TableOfRanges(ClassColumn column, std::initializer_list<double> limits,
                                      int flags) {
     ClassTableCells table;

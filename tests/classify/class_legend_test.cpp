@@ -106,7 +106,7 @@ TEST_F(ClassLegend, StandsInTheLegendOfAClassifiedPlot) {
     EXPECT_EQ(lines[2].text, "2-4");
 }
 
-/// Two rows on one place, with values in the outermost classes and a mean amid them.
+/// Two rows at one position, with values in the outermost classes and a mean between them.
 class GridLegend : public ClassLegend {
 protected:
     void SetUp() override {
@@ -140,7 +140,8 @@ constexpr LegendSample kSymbol = LegendSample::Symbol;
 constexpr LegendSample kLine = LegendSample::Line;
 
 TEST_F(GridLegend, ListsTheClassesThatThePlotTypeShows) {
-    // Nodes have the mean 5 about the rows and the background 0 elsewhere: contours lie at 2 and 4.
+    // Nodes have the mean 5 around the rows and the background 0 elsewhere: contours lie at 2 and
+    // 4.
     const struct {
         ClassPlotType type;
         Lines texts;

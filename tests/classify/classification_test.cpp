@@ -194,7 +194,7 @@ TEST_F(Classification, StylesBeginAgainInTheNextShapeBehindTheTable) {
     gSymbolTable[40] = {8, 17, 5};
     gSymbolTable[41] = {9, 0, 5};
     EXPECT_EQ(CodeOfClass(13), 70506U);
-    EXPECT_EQ(CodeOfClass(14), 80205U); // behind the last shape comes the first
+    EXPECT_EQ(CodeOfClass(14), 80205U); // the first shape follows the last
     EXPECT_EQ(CodeOfClass(15), 90005U); // a hidden class stays hidden
     EXPECT_EQ(CodeOfClass(25), 70606U);
 }

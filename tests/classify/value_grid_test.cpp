@@ -54,7 +54,7 @@ protected:
             gActivePlot)])[layer][static_cast<std::size_t>(column)][static_cast<std::size_t>(row)];
     }
 
-    /// The class by comparing with the limits one by one.
+    /// The class found by comparing with the limits one by one.
     static int ClassOf(double value) {
         return value < 2 ? 1 : value < 4 ? 2 : value < 6 ? 3 : value <= 8 ? 4 : 5;
     }
@@ -186,7 +186,7 @@ TEST_F(ValueGrid, GivesRangesTheirLimits) {
         EXPECT_NEAR(chosen.numbers.limits.limits[0], range->least, 1e-9);
         EXPECT_NEAR(chosen.numbers.limits.top, range->greatest, 1e-9);
         EXPECT_EQ(ProcedureOfRanges(chosen), RangeProcedure::EqualRanges);
-        // Every node has a class, and the top one is not for the sums alone.
+        // Every node has a class, and the top class is not only for sums.
         ASSERT_EQ(ApplyClassSettings(chosen), "");
         ComputeGridDensity();
         std::vector<bool> classes = ClassesOfValueNodes(ActivePlot());

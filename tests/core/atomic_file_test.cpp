@@ -22,15 +22,15 @@
 
 namespace {
 
-/// What the system's procedures below are to do besides their work.
+/// What the system's functions below are to do in addition to their work.
 std::vector<bool> syncedFolders; ///< for each fsync, whether it was that of a folder
 std::function<void()> beforeRename;
-uid_t pretendedUser = 0; ///< 0 is the true one
+uid_t pretendedUser = 0; ///< 0 is the real one
 bool linksFail = false;
 
 } // namespace
 
-// These take the place of the library's for this program.
+// These replace the library's functions in this program.
 
 extern "C" int fsync(int descriptor) {
     struct stat facts {};
@@ -87,7 +87,7 @@ protected:
         return WriteFileAtomically(file, make, GetParam());
     }
 
-    /// A file under way as a killed process leaves it.
+    /// An unfinished file as a killed process leaves it.
     std::string LeaveFile(const std::string& name = ".quandrel-saving-abcdef12") const {
         const std::string left = (folder / name).string();
         std::ofstream(left) << "half";
@@ -112,7 +112,7 @@ protected:
     std::string path;
 };
 
-/// No file may grow beyond some bytes, as on a full disk, for the length of a block.
+/// Until the end of a block, no file may grow beyond some bytes, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes)
@@ -371,7 +371,7 @@ INSTANTIATE_TEST_SUITE_P(, AtomicFile, ::testing::Values(UnderWay::Unnamed, Unde
                              return kind.param == UnderWay::Unnamed ? "Unnamed" : "Named";
                          });
 
-/// Ends a process at any moment within the saves of `act`.
+/// Kills a process at a moment during the saves of `act`.
 void KillWithin(const std::function<bool()>& act, suseconds_t moment) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
@@ -423,7 +423,7 @@ TEST_P(KilledSaves, OverAFileLeaveWholeFilesAloneWhichGoAtTheNextSave) {
     EXPECT_EQ(FilesInFolder(), 1U);
 }
 
-// Where there are no files without a name a killed save leaves its file until the next one.
+// Without support for unnamed files, a killed save leaves its file until the next save.
 INSTANTIATE_TEST_SUITE_P(, KilledSaves, ::testing::Values(UnderWay::Unnamed));
 
 } // namespace

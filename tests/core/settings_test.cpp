@@ -124,7 +124,7 @@ TEST_F(SettingsTest, EarlierSettingsAreReadOnceAndSavedUnderTheNewName) {
     ASSERT_EQ(gSettings.files.recent.size(), 1U);
     EXPECT_EQ(gSettings.files.recent[0], "/data/a.txt");
     EXPECT_EQ(earlier.Read(kApplicationName, "DataFormats", "Conventions", ""), "-4");
-    // From now on the earlier name plays no part.
+    // From now on the earlier name has no effect.
     earlier.Write(kEarlierApplicationName, "DataFormats", "Conventions", "3");
     LoadSettings();
     EXPECT_EQ(gConventions, -4);

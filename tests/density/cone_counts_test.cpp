@@ -22,7 +22,7 @@ double AcuteAngle(double plunge, double trend, const DistinctLine& line) {
     return angle;
 }
 
-/// Every line looked at by itself.
+/// Each line is examined by itself.
 std::int32_t CountOneByOne(const std::vector<DistinctLine>& lines, double plunge, double trend,
                            double cone) {
     std::int32_t count = 0;
@@ -34,7 +34,7 @@ std::int32_t CountOneByOne(const std::vector<DistinctLine>& lines, double plunge
     return count;
 }
 
-/// One row on every line of whole degrees, upward ones included.
+/// One row for every line of whole degrees, including upward ones.
 std::vector<DistinctLine> AllLines() {
     std::vector<DistinctLine> lines;
     for (std::int16_t plunge = -90; plunge <= 90; ++plunge) {
@@ -150,7 +150,7 @@ TEST(CountWithin, EqualsTheExactRuleForAnyCone) {
     }
 }
 
-// Cones of whole degrees end exactly on lines, where only the exact rule can tell.
+// Cones of whole degrees end exactly on lines, where only the exact rule can decide.
 TEST(CountWithinTrial, EqualsTheExactRuleWhereConesEndOnLines) {
     TrialShare share;
     const std::vector<DistinctLine> lines = AllLines();

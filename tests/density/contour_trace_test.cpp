@@ -86,7 +86,7 @@ NetGrid Plateaus(int gridSize, unsigned seed, int most) {
     });
 }
 
-/// Whole numbers from node to node at random.
+/// A random whole number at each node.
 NetGrid Noise(int gridSize, unsigned seed, int most) {
     std::mt19937 random(seed);
     return NetGrid(gridSize, [&random, most](double, double) {
@@ -250,7 +250,7 @@ TEST(ClippedToPrimitive, DrawsNothingBetweenTwoEndsOutside) {
 
 TEST(TraceContour, OfAPlaneIsItsStraightLine) {
     for (const int gridSize : {10, 35, 50, 70, 150}) {
-        // 3x + 4y = 100 (level - 7) stands 20 (level - 7) from the centre.
+        // 3x + 4y = 100 (level - 7) is 20 (level - 7) from the centre.
         const NetGrid plane(gridSize, [](double x, double y) { return 7 + (3 * x + 4 * y) / 100; });
         for (const double level : {-20.5, 0.25, 7.7, 40.5}) {
             const auto segments = plane.Contour(level);
@@ -272,7 +272,7 @@ TEST(TraceContour, OfAConeLiesWithinTheErrorOfItsCells) {
         const double step = GridStep(gridSize);
         for (const double level : {1.5, 4.2, 8.5}) {
             const double radius = 100 * (10 - level);
-            // The surface's curvature across a cell, times what it does between two nodes and
+            // The surface's curvature across a cell, times its effects between two nodes and
             // between the corners and the centre.
             const double nearest = radius - 2 * step;
             ASSERT_GT(nearest, 0) << "the tip is outside of the error formula";

@@ -70,8 +70,8 @@ TEST_F(Contours, StandWhereTheGridHasTheirDensity) {
         ASSERT_FALSE(contour.segments.empty());
         for (const ContourSegment& segment : contour.segments) {
             const double density = 50 * (1 - std::hypot(segment.from.x, segment.from.y) / 600);
-            // Half a count below the level; half a count of rounding, and a cell, whose lower end
-            // may lie beyond the foot.
+            // Half a count below the level; half a count for rounding, and one cell, whose lower
+            // end may lie beyond the foot.
             EXPECT_NEAR(density, contour.level - 0.25, 1.1);
         }
     }
@@ -88,7 +88,7 @@ TEST_F(Contours, RunHalfWayBetweenWholeCountsAndKeepTheirNames) {
     const int step = GridStep(50);
     for (std::size_t k = 0; k < 4; ++k) {
         EXPECT_EQ(contours[k].level, names[k]);
-        // On a side between two nodes the height is as far along as the place.
+        // On a side between two nodes the height changes in proportion to the distance.
         for (const ContourSegment& segment : contours[k].segments) {
             const double column = (segment.from.x - NodePosition(0, step)) / step;
             const double row = (segment.from.y - NodePosition(0, step)) / step;
@@ -177,7 +177,7 @@ TEST_F(Contours, NeedAGrid) {
 
 TEST_F(Contours, CountTheRowsOfTheTableAndNotTheFaultsBehindThem) {
     MakeHill(60, 12);
-    ActiveRecord().NumValidData = 30; // two axes a fault
+    ActiveRecord().NumValidData = 30; // two axes per fault
     Trace();
     EXPECT_EQ(ActiveRecord().ContourLevels[0], 2) << "100 / 60 rounded up, not 100 / 30";
     AddRow(kErrorRow, kErrorRow);

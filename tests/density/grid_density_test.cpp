@@ -149,7 +149,7 @@ TEST(CountGridColumnTrial, EqualsTheExactRuleForManyRowsAndOddGrids) {
     }
 }
 
-// Exact: x^2 + y^2 is 20000 there, whose colatitude in the equal area net has the cosine 0.98.
+// Exact: x^2 + y^2 is 20000 there, and the cosine of the colatitude in the equal area net is 0.98.
 TEST(CountGridColumn, AVerticalLineCountsAtNodesOnTheVeryEdgeOfItsCone) {
     const LineSample vertical = {"vertical", {}, {{90, 0, 1}, {90, 77, 1}, {90, 360, 1}}};
     const LineHistogram rows(vertical.lines);
@@ -362,7 +362,7 @@ TEST_F(GridDensity, AtALineOfAnEmptyPlotIsNothing) {
 
 // Symbols.
 
-/// Where symbols stand and their glyphs, of all operations since the surface was cleared.
+/// The positions and glyphs of symbols, from all operations since the surface was cleared.
 std::map<std::pair<int, int>, std::string> SymbolsDrawn() {
     std::map<std::pair<int, int>, std::string> symbols;
     const auto& form = static_cast<RecordingForm&>(FormOf(gActivePlot));

@@ -17,7 +17,8 @@
 namespace quandrel {
 namespace {
 
-/// No row of these is upward. Axes by hand as of normal faults: 75/270 and 15/090, 0/315 and 0/225.
+/// None of these rows is upward. Axes by hand, as for normal faults: 75/270 and 15/090, 0/315 and
+/// 0/225.
 const std::vector<FaultRow> kWithoutSense = {{60, 90, 60, 90}, {90, 90, 0, 0}};
 
 class AssumedSenseOfFaults : public FaultTest {

@@ -16,7 +16,7 @@
 namespace quandrel {
 namespace {
 
-/// The third fault has a horizontal T axis, which no sign tells from a P axis.
+/// The third fault has a horizontal T axis, which no sign distinguishes from a P axis.
 const std::vector<FaultRow> kFaults = {
     {60, 90, 60, 90}, {60, 90, -60, 90}, {90, 90, 0, 0}, {kErrorRow, 0, 0, 0}, {30, 10, 30, 10}};
 
@@ -28,7 +28,7 @@ protected:
         return gActivePlot;
     }
 
-    /// Saves the active plot to a file and opens that. Gives the slot of what was read.
+    /// Saves the active plot to a file and opens the file. Returns the slot of the new plot.
     int ThroughFile(const std::string& name) {
         const std::string path = (folder / name).string();
         EXPECT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);

@@ -36,7 +36,7 @@ protected:
         gData2Az.At(slot, row) = azimuth;
     }
 
-    /// A plot of planes, each with a secondary orientation, as the active plot. Gives its slot.
+    /// A plot of planes, each with a secondary orientation, as the active plot. Returns its slot.
     int NewFaultPlot(const std::vector<FaultRow>& rows,
                      std::int16_t secondaryFormat = kSecondaryLine) {
         const int slot = NewPlot();

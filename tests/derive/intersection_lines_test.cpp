@@ -31,7 +31,7 @@ protected:
 };
 
 /// Planes that dip 45 to the north and to the east meet at atan(1 / sqrt 2) = 35 to the north-east;
-/// the level one meets a plane along its strike; the last two planes are one.
+/// the level one meets a plane along its strike; the last two planes are the same.
 const std::vector<FaultRow> kThreePairs = {{45, 0, 45, 90}, {0, 10, 30, 90}, {45, 360, 45, 0}};
 
 TEST_F(IntersectionLines, MakeAPlotOfLinesBoundToItsSource) {

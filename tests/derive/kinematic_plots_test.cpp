@@ -25,7 +25,7 @@ const std::vector<std::string> kBoth = {"75/270", "-15/090", "15/090", "-75/270"
 
 class KinematicPlots : public FaultTest {
 protected:
-    /// Makes axes of the active plot and gives the slot that is then active.
+    /// Makes axes of the active plot and returns the slot that is then active.
     static int Make(int index) {
         EXPECT_TRUE(MakeKinematicPlots(index));
         return gActivePlot;
@@ -129,7 +129,8 @@ TEST_F(KinematicPlots, ReadTheColumnsWhicheverSetIsShown) {
 }
 
 TEST_F(KinematicPlots, FollowTheOrderOfTheParentsRows) {
-    // Poles at 30/270, 30/090: the drawing sorts the table by x, and that of the parent counts not.
+    // Poles at 30/270, 30/090: the drawing sorts the table by x, but the order of the parent's rows
+    // does not change.
     NewFaultPlot({{60, 270, 60, 270}, {kErrorRow, 0, 0, 0}, {60, 90, 60, 90}, {60, 90, -60, 90}});
     ReplotActivePlot(true);
     const int second = Make(kAxesOnTwoPlots);

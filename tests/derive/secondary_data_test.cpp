@@ -420,7 +420,7 @@ TEST_F(SlipOptions, DoNothingInARoseInAnEmptyPlotWithoutASecondSetOrWhileBusy) {
 }
 
 TEST_F(SlipOptions, AreDrawnOnTheSetInTheColourAndSizeOfTheirRow) {
-    const int slot = NewFaultPlot({{60, 90, -60, 90}}); // a sense is told, so that there are heads
+    const int slot = NewFaultPlot({{60, 90, -60, 90}}); // a sense is given, so that there are heads
     gDataSymbol.At(slot, 1) = CodeOfStyleRow(7);
     SetSecondaryButton(kSlipArrowsOnPoles, true);
     for (const DrawOperation& operation : DrawnOn(Form(slot).Plot())) {

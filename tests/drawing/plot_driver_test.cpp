@@ -57,7 +57,7 @@ protected:
         return found;
     }
 
-    /// Spoils what drawings work out, so that it shows what is worked out anew.
+    /// Spoils the results of drawings, so that a new calculation becomes visible.
     void Spoil() {
         PlotRecord& record = ActiveRecord();
         former = {record.PointDensityMax, record.EigenResults[3][1], record.GridDensityMax};
@@ -68,7 +68,7 @@ protected:
         FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, kOldText);
     }
 
-    /// What has been worked out since; the rest is put back.
+    /// What has been computed since; the rest is restored.
     Calls Renewed() {
         PlotRecord& record = ActiveRecord();
         Calls renewed;
@@ -110,7 +110,7 @@ TEST_F(PlotDriver, APlotWithoutRowsDrawsNetAndLegendOnly) {
     EXPECT_EQ(Form(gActivePlot).Told(PlotBox::NumberOfData), "0");
 }
 
-/// The place of the first operation that fits among those drawn; a test fails when there is none.
+/// The index of the first matching operation among those drawn; the test fails if there is none.
 std::size_t PlaceOf(const std::vector<DrawOperation>& drawn,
                     const std::function<bool(const DrawOperation&)>& fits) {
     const auto found = std::ranges::find_if(drawn, fits);
@@ -333,7 +333,8 @@ TEST_F(PlotDriver, EqualRowsShowOnceWhereTheLastOfThemStands) {
         AddRow(dip, azimuth, MakeSymbolCode(static_cast<int>(random() % 25), 2, 3));
     }
     ReplotActivePlot(false);
-    // Brute force: all rows drawn in the order of the table, the last on a place stays visible.
+    // Brute force: all rows are drawn in the order of the table; the last at a position stays
+    // visible.
     const RowTable& table = TableOf(gActivePlot);
     for (std::size_t place = 0; place < table.size(); ++place) {
         expected[{table.x[place], table.y[place]}] =

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Plots for tests of edits, and what stands in them as text.
+// Plots for tests of edits, and their contents as text.
 
 #pragma once
 
@@ -94,7 +94,7 @@ protected:
         }
     }
 
-    /// A row with all that it holds.
+    /// A row with everything that it holds.
     static std::string RowText(int slot, std::int32_t row) {
         std::string text;
         for (const DataColumn<std::int32_t>* column :
@@ -124,7 +124,7 @@ protected:
         return rows;
     }
 
-    /// Where rows are plotted, in the order of their numbers: worked out from the table.
+    /// Where rows are plotted, in the order of their numbers: computed from the table.
     static std::vector<Point> Places(int slot) {
         const RowTable& table = TableOf(slot);
         std::vector<Point> places(table.size());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Recorded drawings as a picture for eyes.
+// Recorded drawings as a picture to look at.
 
 #pragma once
 
@@ -14,7 +14,7 @@ namespace quandrel {
 /// Draws the operations of a drawing again, on another surface of any size.
 void DrawAgain(const Drawing& drawing, Surface& surface);
 
-/// Writes drawings beside each other into an SVG file. Empty, or why there is none.
+/// Writes drawings side by side into an SVG file. Returns an empty text, or why there is no file.
 [[nodiscard]] std::string WritePicture(const std::string& path,
                                        const std::vector<Drawing>& drawings);
 

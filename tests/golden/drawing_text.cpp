@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kPerUnit = 100;
 constexpr double kPerRadian = 1e6;
-constexpr double kPerGlyphRadian = 1e4; ///< in the names of glyphs that turn
+constexpr double kPerGlyphRadian = 1e4; ///< in the names of rotated glyphs
 constexpr std::size_t kPointsInLine = 8;
 
 constexpr std::array<const char*, 12> kKinds = {"clear",   "line",  "box",     "filledbox",
@@ -25,8 +25,8 @@ constexpr std::array<const char*, 12> kKinds = {"clear",   "line",  "box",     "
 constexpr std::array<const char*, 4> kParts = {"pixel", "polyline", "polygon", "circle"};
 constexpr std::array<const char*, 3> kInks = {"outline", "filled", "white"};
 
-/// Rounds to 1/steps. Halves and other short decimals are common among true values, where noise
-/// would decide; so the boundaries are a little off.
+/// Rounds to 1/steps. Halves and other short decimals are common among true values, and noise would
+/// decide their rounding; so the boundaries are slightly offset.
 std::string Rounded(double value, double steps) {
     constexpr double kOff = 0.000317;
     const double rounded = std::floor(value * steps + 0.5 + kOff) / steps + 0.0;
@@ -50,8 +50,8 @@ std::string Quoted(const std::string& text) {
     return quoted.str();
 }
 
-/// A glyph that turns has its angle in full in its name ("50/1/2.0943951023931953"), which noise
-/// changes.
+/// The name of a rotated glyph holds its angle with all digits ("50/1/2.0943951023931953"), which
+/// noise changes.
 std::string StableName(const std::string& name) {
     const std::size_t symbol = name.find('/');
     const std::size_t angle = symbol == std::string::npos ? symbol : name.find('/', symbol + 1);
@@ -227,7 +227,7 @@ Drawing ReadHead(std::istream& line) {
     return drawing;
 }
 
-/// The lines of a text, those that go on joined.
+/// The lines of a text, with continued lines joined.
 std::vector<std::string> JoinedLines(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);

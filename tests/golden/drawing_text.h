@@ -2,8 +2,8 @@
 //
 // Recorded drawings as plain text, and back: what the reference files of tests/golden hold.
 //
-// A line is one operation: its kind and colour, what of the state differs from a fresh one, and
-// "at" with its points, which may go on in lines that begin with a blank:
+// A line is one operation: its kind and colour, whatever differs from the initial state, and "at"
+// with its points, which may continue on lines that begin with a blank:
 //
 //     drawing "plot 1" size 1000 1000 scale -1100 1100 1100 -1100
 //     glyph "2/3"
@@ -36,10 +36,10 @@ struct Drawing {
 [[nodiscard]] Drawing DrawingOf(const std::string& name, const RecordingSurface& surface);
 
 /// A drawing as text. Lengths are rounded to hundredths of a user unit, angles to millionths, by a
-/// rule that the noise of floating point does not turn: boundaries lie off all short decimals.
+/// rule that floating-point noise does not affect: its boundaries avoid all short decimals.
 [[nodiscard]] std::string TextOfDrawing(const Drawing& drawing);
 
-/// The drawings that a text holds; lines that are no part of one are passed over.
+/// The drawings in a text; lines that are not part of one are skipped.
 [[nodiscard]] std::vector<Drawing> DrawingsOfText(const std::string& text);
 
 } // namespace quandrel

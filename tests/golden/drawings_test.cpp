@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the program draws, operation by operation: all that surfaces and boxes hold after a script
-// is the reference file of the script's name.
+// What the program draws, operation by operation: the contents of all surfaces and boxes after a
+// script must equal the reference file with the script's name.
 
 #include "core/plot_store.h"
 #include "golden/drawing_text.h"
@@ -56,7 +56,7 @@ std::string TextOfPage(const RecordedPage& page) {
     return text;
 }
 
-/// All that a script leaves on surfaces and in boxes.
+/// Everything that a script leaves on surfaces and in boxes.
 std::string MadeBy(const std::string& script) {
     ScriptRun run;
     run.Play(script);

@@ -41,7 +41,7 @@ std::string LineOf(const std::string& name, const std::filesystem::path& file) {
     return name + " " + std::to_string(bytes.size()) + " " + HashOf(bytes) + "\n";
 }
 
-/// Saves a session's plots, and gives a line for each file.
+/// Saves a session's plots, and returns a line for each file.
 std::string SavedFiles(ScriptRun& run, const std::string& name) {
     std::string text;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {

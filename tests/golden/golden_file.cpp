@@ -46,7 +46,8 @@ void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// Leaves one side of a comparison in the build folder, and gives the path of what to look at.
+/// Writes one side of a comparison to the build folder, and returns the path of the file to look
+/// at.
 std::string LeftBehind(const std::string& name, const std::string& text) {
     const std::filesystem::path base = std::filesystem::path(QUANDREL_GOLDEN_OUTPUT) / name;
     WriteBytes(base.string() + ".txt", text);

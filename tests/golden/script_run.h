@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The scripts of tests/golden/scripts, run: commands of quandrel-batch, one a line. EXAMPLES, DATA
-// and FOLDER in them are the folders of the examples, of tests/data and of the run itself, which
-// has small files of its own. The command "page" prints all plots onto one page.
+// The scripts of tests/golden/scripts, run: commands of quandrel-batch, one per line. EXAMPLES,
+// DATA and FOLDER in them are the folders of the examples, of tests/data and of the run itself,
+// which has small files of its own. The command "page" prints all plots onto one page.
 
 #pragma once
 
@@ -30,17 +30,18 @@ public:
     ScriptRun(const ScriptRun&) = delete;
     ScriptRun& operator=(const ScriptRun&) = delete;
 
-    /// Runs the script of a name. The test fails at a command that fails.
+    /// Runs the script with a name. The test fails if a command fails.
     void Play(const std::string& name);
 
-    /// Runs one line. Gives the error.
+    /// Runs one line. Returns the error.
     [[nodiscard]] std::string Run(const std::string& line);
 
     [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
 
     [[nodiscard]] const std::deque<RecordedPage>& Pages() const { return printer_.pages; }
 
-    /// What commands printed, and the boxes that were shown, by names of folders in place of paths.
+    /// What commands printed, and the boxes that were shown, with names of folders in place of
+    /// paths.
     [[nodiscard]] std::string Printed() const { return WithNames(out_.str()); }
 
     [[nodiscard]] std::string Told() const { return WithNames(log_.str()); }

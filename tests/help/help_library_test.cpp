@@ -44,7 +44,7 @@ std::string FileOf(const std::string& target) {
     return target.substr(0, target.find('#'));
 }
 
-/// Why a target leads nowhere; empty when it leads somewhere.
+/// Why a target leads nowhere; empty if it leads somewhere.
 std::string FaultOf(const std::string& from, const std::string& target) {
     const std::string file = target.starts_with('#') ? from : FileOf(target);
     const auto page = Pages().find(file);
@@ -86,7 +86,7 @@ TEST(HelpPages, ShowOnlyPicturesThatThereAreAndAllOfThem) {
         }
     }
     for (const auto& picture : fs::directory_iterator(kHelp / "pictures")) {
-        // Beside a picture lies the same at twice the size, for screens that are that dense.
+        // Beside each picture is the same picture at twice the size, for screens of high density.
         std::string name = picture.path().filename().string();
         if (const std::size_t dense = name.find("@2x"); dense != std::string::npos) {
             name.erase(dense, 3);

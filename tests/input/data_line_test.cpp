@@ -112,7 +112,7 @@ TEST(ParseLine, ReadsPlanesAndLinesByTheirSlots) {
     });
 }
 
-// The order in a line comes from the slots alone.
+// The order in a line depends only on the slots.
 TEST(ParseLine, DoesNotTurnLinesForTrendFirst) {
     LineFormat format = Format(kPrimaryLine);
     format.lineIsTrendFirst = true;
@@ -193,9 +193,9 @@ TEST(ParseLine, TellsWhatIsWrongWithASense) {
         {"120\t45XY", sameColumn, LineStatus::NotOrientation},
         {"120\tSW", sameColumn, LineStatus::NotOrientation},
         {"120\t45WSW", sameColumn, LineStatus::NotOrientation},
-        {"120\t45XY", Quadrant(sameColumn), LineStatus::NotOrientation}, // told before the strike
+        {"120\t45XY", Quadrant(sameColumn), LineStatus::NotOrientation}, // seen before the strike
         {"120\t45SW", Quadrant(sameColumn), LineStatus::NotQuadrant},
-        // Along the strike there is no telling which side is meant.
+        // Along the strike it is undecided which side is meant.
         {"45\t30\tNE", ownColumn, LineStatus::NotOrientation},
         {"135\t30NW", sameColumn, LineStatus::NotOrientation},
     });
@@ -474,7 +474,7 @@ TEST(ParseLine, ReadsAnAngleInThePlaneInEitherNotation) {
 
 TEST(ParseValues, TakesARowWithoutALine) {
     LineFormat format = Format(kPrimaryPlane, 3);
-    format.slots.fill(4); // have no say
+    format.slots.fill(4); // have no effect
     format.wantNumber = true;
     format.wantText = true;
     const ParsedRow row =

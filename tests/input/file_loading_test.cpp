@@ -169,7 +169,7 @@ TEST_F(FileLoading, FurtherFilesHaveHeadsOfTheirOwn) {
     EXPECT_EQ(LastLoad().blankLines, 5) << "of all three together";
 }
 
-// A number that is the mark of invalid numbers cannot be kept apart from it.
+// A number that equals the mark of invalid numbers cannot be distinguished from it.
 // Kept: -9999 cannot be stored either.
 TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
     gFileNumericAppended = true;

@@ -42,7 +42,7 @@ TEST(ConventionsText, TellsAllThreeChoices) {
               "Planes as Strike,Dip,Sense; Lines as Plunge,Trend (all in quadrant notation)");
 }
 
-// The slots are powers of two apart, so that the highest one tells which were counted.
+// The slots are powers of two apart, so that the highest one shows which were counted.
 struct NeededColumns {
     const char* what;
     std::int16_t primary;

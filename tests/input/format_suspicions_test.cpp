@@ -49,7 +49,7 @@ TEST_F(FormatSuspicionsTest, DoubtsADelimiterByMostLines) {
     // One line without a comma does not spoil the others.
     EXPECT_EQ(Reasons(choice, {"45,120", "50 130", "60,140"}, Doubt::Misfits), Lines{});
     choice.delimiter = ";";
-    // The first line alone would speak for the tab.
+    // The first line alone would suggest the tab.
     EXPECT_EQ(Reasons(choice, {"45\t120\t5", "50,130", "60,140", "70,150"}),
               Lines{"With the delimiter \";\" each line is one column; with \",\" there are 2."});
 }
@@ -69,7 +69,7 @@ TEST_F(FormatSuspicionsTest, PrefersTheDelimiterThatHeadingsAndRowsAgreeOn) {
               "With the delimiter \",\" headings and rows differ in their number of columns; with "
               "\";\" both "
               "have 3.");
-    choice.delimiter = ""; // words of headings part otherwise, rows do not
+    choice.delimiter = ""; // words of headings split further, rows do not
     EXPECT_EQ(Reasons(choice, {"dip\tdip direction", "45\t120"}), Lines{});
 }
 

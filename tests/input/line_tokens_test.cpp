@@ -125,7 +125,7 @@ TEST(NextToken, MarksNumbersThatItReadOnTheWay) {
     }
 }
 
-// The quick way through a token against the general reader of numbers.
+// The fast path for a token, compared with the general reader of numbers.
 TEST(NextToken, ReadsPlainNumbersAsReadNumberDoes) {
     std::mt19937 random(7);
     constexpr std::string_view kLetters = "0123456789.,-+eE xN";

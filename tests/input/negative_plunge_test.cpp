@@ -85,7 +85,7 @@ std::pair<double, double> Written(const Vector& vector, NegativePlunge meaning) 
 TEST(NegativePlunge, ReadsTheSameVectorsInBothMeanings) {
     std::mt19937 random(kSeed);
     std::normal_distribution<double> normal;
-    // Vectors close to the horizon, too: whole degrees must not turn them round.
+    // Vectors close to the horizon, too: rounding to whole degrees must not reverse them.
     for (const double flatness : {1.0, 0.1, 0.01, 0.001}) {
         for (int i = 0; i < 500; ++i) {
             const Vector vector =

@@ -198,7 +198,7 @@ TEST(WithFormatItems, LaysColumnsOutAfterAllItems) {
     settings.columns.fill(77);
     settings.delimiter = ",";
     settings.hasHeadings = true;
-    // The flags stand behind the old item, and count all the same.
+    // The flags come after the old item, and count all the same.
     const FormatSettings found = WithFormatItems(
         settings, ReadParameterLines(";Quandrel\n/I2\t/T1\t/12\t/23\t/A1\t/L1\t/W1\t/C1\n"));
     EXPECT_EQ(found.columns, (ColumnSettings{0, 1, 8, 2, 3, 8, 4, 5, 6, 7}));

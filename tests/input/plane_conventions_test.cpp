@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The parser against vectors: planes and lines are made as vectors, written out by the rules of
-// each notation here, and must come back as the same vectors.
+// The parser, checked with vectors: planes and lines are made as vectors, written here by the rules
+// of each notation, and must be read back as the same vectors.
 
 #include "input/data_line.h"
 

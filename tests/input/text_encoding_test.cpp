@@ -35,7 +35,7 @@ TEST(TextEncoding, AFileTextReadsBackAsItWas) {
         {"\xce\xa9", "\xce\xa9"},
         // Its bytes in the code page, C3 A9, would be read as another letter.
         {"\xc3\x83\xc2\xa9", "\xc3\x83\xc2\xa9"},
-        // A mark is a letter like others.
+        // A byte order mark is treated like any other letter.
         {"\xef\xbb\xbfx", "\xef\xbb\xbfx"},
         {"", ""},
     };

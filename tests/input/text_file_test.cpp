@@ -80,7 +80,7 @@ TEST(DecodeText, TakesWrongUtf8AsWindows1252) {
     EXPECT_EQ(DecodeText("\xf4\x90\x80\x80"), "\xc3\xb4\xc2\x90\xe2\x82\xac\xe2\x82\xac");
     EXPECT_EQ(DecodeText("x\xc3"), "x\xc3\x83");
     EXPECT_EQ(DecodeText("\x81\x9f"), "\xc2\x81\xc5\xb8");
-    // One wrong byte far behind.
+    // One invalid byte far from the beginning.
     std::string text(100000, 'x');
     text += "\xe4";
     EXPECT_EQ(DecodeText(text), std::string(100000, 'x') + "\xc3\xa4");
@@ -134,7 +134,7 @@ TEST_F(TextFileTest, RefusesPipesSocketsAndDevicesWithoutWaiting) {
     ::close(socket);
 }
 
-// Run in a child without the rights of the superuser, whom nothing is forbidden.
+// Runs in a child process without the rights of the superuser, to whom nothing is forbidden.
 TEST_F(TextFileTest, TellsThatAFileMayNotBeRead) {
     const std::string path = Write("secret", "45\t120\n");
     ASSERT_EQ(::chmod(path.c_str(), 0), 0);
@@ -218,7 +218,7 @@ TEST_F(TextFileTest, GivesTheFirstLines) {
     EXPECT_EQ(*FirstLines(Write("nothing", ""), 2), Lines{});
     EXPECT_EQ(*FirstLines(Write("wide", Bytes({0xFF, 0xFE, 'a', 0, '\n', 0, 'b', 0})), 2),
               (Lines{"a", "b"}));
-    // Long lines are read whole as far as a megabyte goes.
+    // Long lines are read whole up to a megabyte.
     const std::string longLine(200000, 'x');
     EXPECT_EQ(*FirstLines(Write("long", longLine + "\ny\n" + longLine), 2), (Lines{longLine, "y"}));
     EXPECT_EQ(*FirstLines(Write("last", "y\n" + longLine + "\nz"), 2), (Lines{"y", longLine}));
@@ -227,7 +227,7 @@ TEST_F(TextFileTest, GivesTheFirstLines) {
     EXPECT_GE(part->front().size(), std::size_t{1} << 20);
 }
 
-// The end of what is read may cut a character apart; that does not make the file Windows-1252.
+// The end of what is read may split a character; that does not make the file Windows-1252.
 TEST_F(TextFileTest, GivesFirstLinesOfUtf8WhereverThePartEnds) {
     for (std::size_t lead = 0; lead < 4; ++lead) {
         std::string text = "\xc3\xa4\n" + std::string(lead, 'x');

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What draws meets the outside in what it is given: folders that draw do not reach for a port, but
-// for the few sources that fill in a drawing, or that are about windows and questions.
+// Drawing code meets the outside only in its arguments: folders that draw do not access a port,
+// except for the few sources that fill in a drawing or deal with windows and questions.
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What is shared by all of the program: the outside and the settings are values; everything else
-// with a name of its own is a view on a value of its subject. How often folders go to the plot in
-// focus, and how long sources are.
+// What the whole program shares: the outside and the settings are values; everything else with a
+// global name is a view of a value of its subject. Also how often folders access the plot in focus,
+// and how long sources are.
 
 #include <gtest/gtest.h>
 
@@ -22,13 +22,13 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kMostLines = 450;
-constexpr int kSlack = 10; ///< by which the table of readers may lie above the counts
+constexpr int kSlack = 10; ///< by which the table of readers may exceed the counts
 
 using Names = std::set<std::string>;
 using Counts = std::map<std::string, int>;
 
 /// How often the sources of a folder may name the plot in focus: procedures with given names work
-/// on it, others take a plot. A number may become less, never more.
+/// on it, others take a plot. A number may decrease, but never increase.
 const Counts& MostReadersOfFocus() {
     static const Counts most = {
         {"classify", 28},   {"core", 24},          {"density", 7},         {"derive", 46},
@@ -51,8 +51,8 @@ std::string WithoutComments(const std::string& source) {
     return code;
 }
 
-/// The variables that a header makes known to others: declared with extern, or defined inline
-/// without being constant or a view.
+/// The variables that a header shares with others: declared with extern, or defined inline without
+/// being constant or a view.
 Names VariablesOf(const std::string& code) {
     static const std::regex shared(
         R"((?:^|\n)(?:extern\s|(?:constinit\s+)?inline\s+(?!constexpr\b|constinit\s+auto&|const\b))[^;{}]*?(\w+)\s*(?:\[[^\]]*\]\s*)*(?:=[^;]*|\{[^;]*\})?;)");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Behaviour that looks like a mistake and is meant is marked "Kept:" in the code. A test names each
-// mark: a comment "Kept:" with the words of the mark up to its first punctuation or line end stands
+// mark: a comment "Kept:" with the words of the mark up to its first punctuation or line end is
 // above the test, or in it.
 
 #include <gtest/gtest.h>

@@ -19,7 +19,7 @@ using Folders = std::set<std::string>;
 constexpr int kMostPairs = 12; ///< headers with their sources in a room of the windows
 constexpr int kLeastLinesOfChief = 5;
 
-/// Folders, and more of them.
+/// A set of folders with further ones.
 Folders Above(Folders folders, std::initializer_list<const char*> more) {
     for (const char* folder : more) {
         folders.insert(folder);
@@ -79,7 +79,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
     return allowed;
 }
 
-/// The same of the rooms of the windows, from the ground up, besides the engine and qt.
+/// The same for the rooms of the windows, from the bottom up, in addition to the engine and qt.
 const std::map<std::string, Folders>& RoomIncludes() {
     static const Folders onControls = {"shell/controls"};
     static const Folders onStyles = Above(onControls, {"shell/styles"});
@@ -158,7 +158,7 @@ std::vector<Include> IncludesOf(const fs::path& file) {
     return includes;
 }
 
-/// Every include of every source below src/, by the folder that it stands in.
+/// Every include of every source below src/, by the folder of the source.
 std::map<std::string, std::vector<Include>> IncludesByFolder() {
     const fs::path root = fs::path(QUANDREL_SOURCE_DIR) / "src";
     std::map<std::string, std::vector<Include>> found;
@@ -190,7 +190,7 @@ std::map<std::string, std::string> ChiefHeaders() {
     return chiefs;
 }
 
-/// Lines with words in the comment that a file opens with, the licence apart.
+/// Lines with words in the comment at the top of a file, except the licence.
 int LinesOfHeadComment(const fs::path& file) {
     int lines = 0;
     std::ifstream stream(file);
@@ -229,7 +229,8 @@ TEST(Layers, NoFolderIncludesFromOneAboveIt) {
 }
 
 TEST(Layers, TheTableHoldsNoCycle) {
-    // Folders whose every include is already placed come next; what never comes is in a cycle.
+    // Folders whose includes are all placed already come next; a folder that is never placed is in
+    // a cycle.
     std::set<std::string> placed;
     const auto& table = AllowedIncludes();
     for (std::size_t round = 0; round < table.size(); ++round) {

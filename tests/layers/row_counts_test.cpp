@@ -40,7 +40,7 @@ std::size_t AfterIndex(std::string_view code, std::size_t place) {
     return place;
 }
 
-/// True when what follows a name assigns to it or counts it.
+/// True if the text after a name assigns to it or counts it.
 bool IsWrittenBy(std::string_view rest) {
     std::size_t place = 0;
     while (place < rest.size() && IsBlank(rest[place])) {
@@ -55,7 +55,7 @@ bool IsWrittenBy(std::string_view rest) {
     return rest.starts_with("=") && !rest.starts_with("==");
 }
 
-/// True when what stands before a name, of the same expression, counts it.
+/// True if the text before a name, in the same expression, counts it.
 bool IsWrittenBefore(std::string_view code) {
     std::size_t start = code.size();
     while (start > 0
@@ -63,7 +63,7 @@ bool IsWrittenBefore(std::string_view code) {
                || code[start - 1] == '(' || code[start - 1] == ')')) {
         --start;
         if (code[start] == '>' && start > 0 && code[start - 1] == '-') {
-            --start; // an arrow is no minus
+            --start; // an arrow is not a minus
         }
     }
     const std::string_view before = code.substr(0, start);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The link over the map session that the program brings along.
+// The link over the map session that comes with the program.
 
 #include "link_test_base.h"
 #include "mapinfo/map_windows.h"
@@ -12,7 +12,7 @@
 namespace quandrel {
 namespace {
 
-/// Points at (row, 0), with dip, dip direction, number and type; every seventh dip is none.
+/// Points at (row, 0), with dip, dip direction, number and type; every seventh dip is invalid.
 SessionTable PointTable(const std::string& name, int rows) {
     SessionTable table(name, name + ".tab");
     table.AddColumn("Dip", SessionColumnKind::Number);
@@ -68,7 +68,7 @@ protected:
         return points.session->State().selection.rows;
     }
 
-    /// Plots a table. Gives its slot.
+    /// Plots a table. Returns its slot.
     int Plot(const std::string& table) {
         AcceptJoints();
         prompts.ExpectAny("invalid orientation data");
@@ -104,7 +104,7 @@ TEST_F(EmbeddedLink, WhatIsSelectedOnTheNetIsSelectedOnTheMap) {
     SelectRows(slot, ThreeHundred());
     EXPECT_GT(gMIRowList.size(), 10U);
     EXPECT_EQ(Sorted(SelectedOnMap()), ThreeHundred());
-    SelectRows(slot, {7, 8}); // row 7 is no data
+    SelectRows(slot, {7, 8}); // row 7 holds no data
     EXPECT_EQ(SelectedOnMap(), std::vector<int>{8});
     ClearSelection();
     EXPECT_TRUE(SelectedOnMap().empty());
@@ -138,7 +138,7 @@ TEST_F(EmbeddedLink, TheToolsOfTheSessionReachThePlot) {
     points.session->UseTool(*map, {9.5, -1}, {12.5, 1}, {});
     EXPECT_EQ(gSelectionRows, (Rows{10, 11, 12}));
     EXPECT_EQ(Selection::now.slot, slot);
-    // The session's own marquee selects first, and tells it then.
+    // The session's own marquee selects first, and reports it afterwards.
     ASSERT_TRUE(MIRunMenuCommand(1722));
     points.session->UseTool(*map, {19.5, -1}, {21.5, 1}, {});
     EXPECT_EQ(gSelectionRows, Rows{20}) << "21 is no data";

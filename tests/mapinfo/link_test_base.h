@@ -64,7 +64,7 @@ protected:
         EngineTest::TearDown();
     }
 
-    /// A link that stands, with nothing said so far.
+    /// An established link, over which nothing has been sent yet.
     void Link() {
         ASSERT_TRUE(StartMapInfoLink());
         sessions.script.said.clear();
@@ -86,7 +86,7 @@ protected:
             times);
     }
 
-    /// Pastes a table into a new plot. Gives its slot.
+    /// Pastes a table into a new plot. Returns its slot.
     int PasteNew(const std::string& table) {
         AcceptJoints();
         EXPECT_EQ(PasteMITable(table, kNewCommand), kNewCommand);

@@ -41,7 +41,7 @@ TEST(BuildSelects, FillsStatementsToTheLimitAndNotBeyond) {
 }
 
 TEST(BuildSelects, TakesAStatementOfExactlyTheLimit) {
-    // A name that leaves just the room for two rows of one digit.
+    // A name that leaves just enough room for two rows of one digit.
     const std::vector<std::int32_t> rows = {1, 2};
     const std::string two = " Where RowID = 1 or RowID = 2";
     const std::string name(240 - two.size() - std::string("Select * From ").size(), 'T');

@@ -176,13 +176,13 @@ TEST_F(SelectionLink, TheFirstPlotOfTheTableBecomesTheActiveOne) {
     SelectFromMap(1, 2);
     EXPECT_EQ(gActivePlot, again) << "the active plot comes first";
     EXPECT_EQ(Selection::now.slot, again);
-    // Else that of the lowest slot, in whatever order the objects come.
+    // Otherwise that of the lowest slot, in whatever order the objects come.
     gActivePlot = NewPlot();
     Find("SearchPoint(5,1,2)", {{"Faults", 3}, {"Joints", 2}});
     SelectFromMap(1, 2);
     EXPECT_EQ(gActivePlot, joints);
     EXPECT_EQ(gSelectionRows, Rows{2});
-    // Of objects of both tables those of the active plot count.
+    // If objects of both tables are found, those of the active plot count.
     Find("SearchPoint(5,1,2)", {{"Joints", 2}, {"Faults", 3}, {"Faults", 1}});
     gActivePlot = faults;
     SelectFromMap(1, 2);

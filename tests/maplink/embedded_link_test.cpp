@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The link to the program's own map session, over files that GDAL has written: from a table to a
-// plot, and the same rows lit on both sides.
+// plot, and the same rows highlighted on both sides.
 
 #include "mapinfo/link_test_base.h"
 #include "mapinfo/map_commands.h"
@@ -36,7 +36,7 @@ protected:
         return dynamic_cast<EmbeddedMapSession&>(*gMapInfo->MILink);
     }
 
-    /// Starts a link, opens a file of 5,000 rows in a map and in a browser. Gives the map's id.
+    /// Starts a link, opens a file of 5,000 rows in a map and in a browser. Returns the map's id.
     std::int64_t OpenFile(const std::string& name, const std::string& table,
                           std::vector<const char*> options = {}) {
         const std::string path = scratch.File(name);
@@ -49,7 +49,7 @@ protected:
         return map.value_or(0);
     }
 
-    /// Plots a table of which some rows cannot be plotted. Gives the plot's slot.
+    /// Plots a table of which some rows cannot be plotted. Returns the plot's slot.
     int PasteMeasurements(const std::string& table) {
         Expect("invalid orientation data", Button::Ignore);
         Expect("54 invalid data have been detected");

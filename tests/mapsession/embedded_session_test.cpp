@@ -132,7 +132,7 @@ TEST(EmbeddedSession, UnitesTheSelectsOfABracket) {
     EXPECT_EQ(sample.SelectedRows(), rows);
     EXPECT_EQ(sample.host.refreshed, refreshedBefore + 1);
 
-    // After the bracket each one replaces the former again.
+    // After the end of the batch, each statement replaces the former selection again.
     (void)sample.session->Do(statements.front());
     EXPECT_LT(sample.SelectedRows().size(), 300U);
 }
@@ -163,7 +163,7 @@ TEST(EmbeddedSession, HasTheSelectedRowsAsATable) {
     EXPECT_EQ(sample.Do("Select * From Selection Where RowID = 7 or RowID = 8"), "Done");
     EXPECT_EQ(sample.SelectedRows(), (std::vector<int>{7}));
     EXPECT_EQ(sample.Eval("NumTables()"), "1");
-    // Another selection has to be fetched from anew.
+    // Another selection has to be fetched again.
     EXPECT_EQ(sample.Do("Fetch First From Selection"), "Done");
     EXPECT_EQ(sample.Eval("Selection.RowID"), "7");
     EXPECT_EQ(sample.Do("Select * From dips Where RowID = 9"), "Done");
@@ -390,7 +390,7 @@ TEST(EmbeddedSession, TellsNobodyWithoutScreenAndProgram) {
     EXPECT_EQ(session.State().selection.rows.size(), 12U);
 }
 
-/// A program that asks and selects while it is being told.
+/// A program that asks and selects while it is being notified.
 class BusyCallback : public RecordingCallback {
 public:
     EmbeddedMapSession* session = nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A map session over tables that are made in memory, with a screen and a program that write down
-// what they are told.
+// A map session over tables that are made in memory, with a screen and a program that record what
+// they are told.
 
 #pragma once
 
@@ -115,7 +115,7 @@ struct SampleSession {
         return id;
     }
 
-    /// The reply's text, "Refused: " and the code of the error before a refusal.
+    /// The reply's text, or "Refused" and the code of the error.
     std::string Eval(const std::string& expression) {
         const MapReply reply = session->Eval(expression);
         return reply.IsDone() ? reply.text : "Refused " + std::to_string(session->LastErrorCode());

@@ -115,7 +115,7 @@ TEST(SessionEvaluator, RefusesWithACodeThatTellsWhy) {
 
 TEST(SessionEvaluator, FindsWhatLiesInARectangle) {
     TwoWindows sample;
-    // Of the grid's points those from (3, 2) to (5, 3): rows 23, 24, 25, 33, 34, 35.
+    // The grid's points from (3, 2) to (5, 3): rows 23, 24, 25, 33, 34, 35.
     ASSERT_EQ(sample.Eval("SearchRect(1,5.2,3.2,2.8,1.8)"), "6");
     std::string rows;
     for (int i = 1; i <= 6; ++i) {

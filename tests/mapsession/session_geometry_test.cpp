@@ -130,7 +130,7 @@ double AreaOf(const std::vector<MapPoint>& ring) {
 
 TEST(ClipRing, LeavesTheAreaThatTheBoxHolds) {
     const std::vector<MapPoint> diamond = {{5, -5}, {15, 5}, {5, 15}, {-5, 5}};
-    // Of the diamond's 200 the box of 100 holds all but four corners, none of which it reaches.
+    // The area of the diamond is 200; the box of 100 lies within it, and cuts off its four corners.
     EXPECT_DOUBLE_EQ(AreaOf(ClipRing(MapBox::Of({0, 0}, {10, 10}), diamond)), 100);
     // Its right half.
     EXPECT_DOUBLE_EQ(AreaOf(ClipRing(MapBox::Of({5, -20}, {30, 30}), diamond)), 100);

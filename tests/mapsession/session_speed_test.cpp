@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Large tables at the pace of a hand. The limits are those of a program built for debugging.
+// Large tables at interactive speed. The limits are for a debug build.
 
 #include "mapsession/map_drawing.h"
 #include "platform/scripted/recording_surface.h"
@@ -18,7 +18,7 @@ double MillisecondsOf(const auto& action) {
         .count();
 }
 
-/// The shortest of several tries: other programs may have the processor at times.
+/// The shortest of several attempts: other programs may occupy the processor at times.
 double BestMillisecondsOf(const auto& action) {
     double best = MillisecondsOf(action);
     for (int i = 0; i < 4; ++i) {

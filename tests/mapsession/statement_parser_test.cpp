@@ -9,7 +9,7 @@
 namespace quandrel {
 namespace {
 
-/// What was understood, in words of our own.
+/// The parsed statement, in the words of this test.
 std::string Told(const SessionStatement& statement) {
     const auto tell = [](const auto& kind) -> std::string {
         using Kind = std::decay_t<decltype(kind)>;

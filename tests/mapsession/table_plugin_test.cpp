@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder of this test's own, gone with it.
+/// A folder for one test, removed with it.
 class ScratchFolder {
 public:
     ScratchFolder() {

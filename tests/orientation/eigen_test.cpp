@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Eigenvalues and eigenvectors by what defines them: A v = lambda v, in vectors at right angles.
+// Eigenvalues and eigenvectors by their definition: A v = lambda v, with vectors at right angles.
 
 #include "orientation/eigen.h"
 
@@ -105,7 +105,7 @@ TEST(JacobiEigen3, AnOffDiagonalTooSmallForFloatsCountsAsZero) {
 }
 
 TEST(JacobiEigen3, SolvesAMatrixDoneByHand) {
-    // (2 - x)^2 = 1 gives 3 with (1, 1, 0) and 1 with (1, -1, 0); 5 stands apart.
+    // (2 - x)^2 = 1 gives 3 with (1, 1, 0) and 1 with (1, -1, 0); 5 is separate.
     const EigenTable solution = SolutionOf({{{2, 1, 0}, {1, 2, 0}, {0, 0, 5}}});
     std::vector<float> values = {solution[1][0], solution[2][0], solution[3][0]};
     std::sort(values.begin(), values.end());

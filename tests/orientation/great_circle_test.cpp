@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Great circles as arcs, against the true trace of the plane on the net.
+// Great circles as arcs, compared with the true trace of the plane on the net.
 
 #include "orientation/angles.h"
 #include "orientation/projection.h"
@@ -51,7 +51,7 @@ double DistanceFromArc(const GreatCircle& arc, const NetPosition& position) {
     return std::abs(std::hypot(position.x - arc.cx, position.y - arc.cy) - arc.radius);
 }
 
-// Where an angle stands on the way counter-clockwise from the arc's start, as a share of the arc.
+// The position of an angle counter-clockwise from the arc's start, as a fraction of the arc.
 double ShareOfArc(const GreatCircle& arc, const NetPosition& position) {
     const double angle = std::atan2(position.y - arc.cy, position.x - arc.cx);
     const double length = std::fmod(arc.end - arc.start + kFullTurn, kFullTurn);
@@ -94,7 +94,7 @@ TEST(GreatCircleArc, DeviatesByTwoPercentAtMostOnTheEqualAreaNet) {
     RecordProperty("largestDeviation", std::to_string(largest));
     RecordProperty("atDip", steepest);
     EXPECT_LT(largest, 20.2);
-    // Tells that it is the arc of three points which is measured and no exact trace.
+    // Shows that the arc through three points is measured, not an exact trace.
     EXPECT_GT(largest, 20.1);
     EXPECT_EQ(steepest, 56);
 }
@@ -156,7 +156,8 @@ TEST(GreatCircleArc, IsAStraightLineForAVerticalPlane) {
 }
 
 TEST(GreatCircleArc, DrawsNearVerticalPlanesAtFixedDips) {
-    // On the equal angle net the radius of a plane is that of the net over the cosine of its dip.
+    // On the equal angle net the radius of a plane is that of the net divided by the cosine of its
+    // dip.
     struct Case {
         double dip;
         double radius;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines given by trend, pitch or a full-turn angle in a plane, against vectors built by hand.
+// Lines given by trend, pitch or a full-turn angle in a plane, compared with vectors built by hand.
 
 #include "orientation/angles.h"
 #include "orientation/notation.h"

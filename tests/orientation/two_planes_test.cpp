@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The line of two planes and the plane of two lines, against cross products.
+// The line of two planes and the plane of two lines, compared with cross products.
 
 #include "orientation/angles.h"
 #include "orientation/vectors.h"
@@ -25,7 +25,7 @@ using testing::Vector;
 
 constexpr unsigned kSeed = 4711;
 
-// The formulas go through arc sines, which are this blunt near a right angle.
+// The formulas use arc sines, which are only this accurate near a right angle.
 constexpr double kArcSineAccuracy = 1e-7;
 
 struct Pair {

@@ -219,7 +219,7 @@ protected:
         ASSERT_EQ(OpenPlotFile(kNewCommand, WriteFile("mixed.txt", text)), kNewCommand);
     }
 
-    /// What stands behind the parameter line.
+    /// What follows the parameter line.
     static std::string Body() {
         const std::string text = AsciiPlotText();
         return text.substr(text.find("\r\n", text.find("\r\n/") + 2) + 2);
@@ -253,7 +253,7 @@ TEST_F(NonDataLines, AreReadBackAsWhatTheyWereAndTheHeadDoesNotGrow) {
 }
 
 TEST_F(NonDataLines, ALineThatTheNewFormatWouldTakeForDataIsAComment) {
-    gConventions = kDipDirectionDip; // a dip of 95 there is none
+    gConventions = kDipDirectionDip; // there is no dip of 95
     gFileColumnSettings[0] = 1;
     gFileColumnSettings[1] = 0;
     Load("30\t60\n45\t95\n40\t70\n");

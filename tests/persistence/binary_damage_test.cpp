@@ -12,7 +12,7 @@
 namespace quandrel {
 namespace {
 
-/// What a file needs whatever it holds: the record, the density grid, the grids of values.
+/// What a file needs whatever its contents: the record, the density grid, the grids of values.
 constexpr std::size_t kFixedMemory = 700000;
 constexpr std::size_t kMemoryPerByte = 12;
 
@@ -30,7 +30,7 @@ protected:
 #endif
     }
 
-    /// Stores and draws a plot that was read, and lets it go.
+    /// Stores and draws a plot that was read, and releases it.
     static void Use(BinaryPlot plot) {
         const int slot = FindFreePlotSlot();
         ASSERT_GT(slot, 0);
@@ -42,7 +42,7 @@ protected:
         ReleasePlotSlot(slot);
     }
 
-    /// The bits between two places, turned over one at a time. Some still make a plot.
+    /// The bits between two positions, inverted one at a time. Some results are still plots.
     static void TurnEveryBit(std::string bytes, std::size_t first, std::size_t last) {
         int plots = 0;
         TrialShare share;
@@ -110,7 +110,7 @@ TEST_F(BinaryDamageTrial, NoBitOfTheLaterFieldsMakesHarm) {
 
 TEST_F(BinaryDamage, ACountThatTheRestCannotHoldTakesNoMemory) {
     std::string bytes = OldPlotWriter(SampleOfVersion({92, "", ""})).Bytes();
-    // Rows and table rows of two thousand millions.
+    // Two thousand million rows and table rows.
     for (const std::size_t place : {6U, 10U, 14U}) {
         std::string changed = bytes;
         changed.replace(place, 4, "\xff\xff\xff\x7f");

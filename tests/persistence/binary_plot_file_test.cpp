@@ -23,7 +23,7 @@ protected:
         return bytes ? *bytes : std::string();
     }
 
-    /// Stores bytes in a new slot and gives it.
+    /// Stores bytes in a new slot and returns it.
     int StoreAnew(const std::string& bytes) {
         Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
         EXPECT_TRUE(plot) << plot.Error();
@@ -223,7 +223,7 @@ TEST_F(BinaryPlotFile, StandsWhereTheFormatSays) {
     NewPlot();
     const std::string bytes = Bytes(gActivePlot);
     EXPECT_EQ(bytes.substr(0, 6), "bin9.5");
-    // Behind the full version: a count, two grids, ten statistics, a flag, three items of a truth,
+    // After the full version: a count, two grids, ten statistics, a flag, three items of a truth,
     // an empty text, two empty values and three numbers.
     const std::size_t items = 3 * (4 + 4 + 2 + 2 + 3 * 4);
     const std::size_t behind = 2 + 153 * 153 * 2 * 8 + 10 * 8 + 2 + items;
@@ -240,7 +240,7 @@ TEST_F(BinaryPlotFile, AgreesWithAnotherWriterFieldByField) {
     // Up to the cells, whose texts follow from the rows, the bytes are the same.
     const std::size_t cells = other.Fields()[kCells];
     EXPECT_TRUE(ours.substr(0, cells) == theirs.substr(0, cells));
-    // And again from the place of the window on.
+    // They are also the same from the position of the window onwards.
     const std::size_t place = theirs.size() - other.Fields()[kPlace];
     ASSERT_GT(ours.size(), place);
     EXPECT_TRUE(ours.substr(ours.size() - place) == theirs.substr(theirs.size() - place));

@@ -174,7 +174,7 @@ TEST_F(BinarySaving, AProgramThatIsKilledLeavesTheOldOrTheNewFileWhole) {
         const pid_t child = fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
-            // Ends by the timer's signal, at any moment of the saves.
+            // Ended by the timer's signal, at a moment during the saves.
             std::signal(SIGALRM, SIG_DFL);
             const itimerval timer{{0, 0}, {0, moment}};
             setitimer(ITIMER_REAL, &timer, nullptr);

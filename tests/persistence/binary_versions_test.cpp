@@ -13,7 +13,7 @@ namespace {
 
 class BinaryVersions : public EngineTest {
 protected:
-    /// Loads bytes into a new slot; gives the version told.
+    /// Loads bytes into a new slot; returns the reported version.
     std::string Load(const std::string& bytes) {
         const std::string path = WriteFile("old.qpx", bytes);
         NewPlot();
@@ -80,10 +80,11 @@ TEST_F(BinaryVersions, RowsComeBackFromAll) {
     }
 }
 
-/// What a version brings, by the first that has it: nothing before it, and all of it from it on.
+/// What a version adds, by the first version that has it: absent in earlier ones, complete from
+/// that one on.
 struct Since {
     const char* what;
-    int tenths; ///< and 944 for the field that came with 9.44
+    int tenths; ///< and 944 for the field that was added with 9.44
     std::function<bool(const PlotRecord&)> isFromFile;
 };
 
@@ -263,7 +264,7 @@ TEST_F(BinaryVersions, TheFullVersionIsTakenWithoutWhatFillsIt) {
         OldPlot plot = SampleOfVersion({test.tenths, test.full, ""});
         std::string bytes = OldPlotWriter(plot).Bytes();
         if (test.hasFrequency && test.tenths == 94) {
-            // The writer knows the one spelling of 9.44 only.
+            // The writer knows only one spelling of 9.44.
             plot.fullVersion = "9.44 ";
             bytes = OldPlotWriter(plot).Bytes();
             bytes.replace(bytes.find(plot.fullVersion), 5, test.full);
@@ -296,7 +297,7 @@ TEST_F(BinaryVersions, FilesOfLaterVersionsOpenWithAWarning) {
             Expect("This .qpx file was saved by a later version of Quandrel, "
                    + std::string(test.told) + ".\n");
         }
-        // What a later version adds stands behind the fields of this one.
+        // What a later version adds comes after the fields of this one.
         ASSERT_EQ(Load(bytes + "more"), test.first) << test.full;
         EXPECT_EQ(ActiveRecord().NumData, 4) << test.full;
         EXPECT_EQ(TextOf(ActiveRecord().AxisItems[8][1]), "item 8") << test.full;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows that are no data, through binary plot files of all versions.
+// Rows without data, through binary plot files of all versions.
 
 #include "input/file_loading.h"
 #include "orientation/angles.h"

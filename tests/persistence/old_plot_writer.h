@@ -31,7 +31,7 @@ struct OldMark {
     std::vector<std::pair<int, int>> nodes;
 };
 
-/// What a file is to hold. Numbers that a test has no name for are told by where they stand.
+/// The contents of a file. Numbers for which a test has no name are identified by their position.
 struct OldPlot {
     int version = 95; // ten times
     std::string fullVersion = "9.51 ";

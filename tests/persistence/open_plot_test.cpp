@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The whole road from a file to a plot.
+// The whole path from a file to a plot.
 
 #include "input/file_loading.h"
 #include "input/line_loop.h"

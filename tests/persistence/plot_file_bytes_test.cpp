@@ -10,7 +10,7 @@ namespace {
 
 class PlotFileValues : public EngineTest {
 protected:
-    /// The bytes of a plot of a file as the store writes it, without the place of its window.
+    /// The bytes of a plot from a file as the store writes it, without the position of its window.
     std::string StoredAndWritten(const std::string& bytes) {
         Result<BinaryPlot> file = ReadBinaryPlot(bytes);
         EXPECT_TRUE(file);

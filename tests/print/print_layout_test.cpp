@@ -60,7 +60,7 @@ TEST(SelectPlot, CentresTheFirstAndFitsItBy1100Units) {
     EXPECT_EQ(layout.plots[0].slot, 3);
     EXPECT_DOUBLE_EQ(layout.plots[0].centreX, 105);
     EXPECT_DOUBLE_EQ(layout.plots[0].centreY, 148.5);
-    // A rim of 10 mm is left: the 190 mm between are 2200 units.
+    // A margin of 10 mm remains at either side: the 190 mm between are 2200 units.
     EXPECT_NEAR(layout.plots[0].radius, 190.0 / 2200 * 1000, 1e-9);
     EXPECT_TRUE(layout.fitsPage);
 }

@@ -51,7 +51,7 @@ protected:
 
     [[nodiscard]] const RecordedPage& Page() const { return printer.pages.back(); }
 
-    /// The part of the page in which a text stands; a test fails when there is none.
+    /// The part of the page that holds a text; the test fails if there is none.
     [[nodiscard]] const RecordedPart& PartWith(const std::string& text) const {
         for (const RecordedPart& part : Page().parts) {
             for (const DrawOperation& operation : part.surface.Operations()) {
@@ -102,7 +102,7 @@ TEST_F(PrintTest, DrawsTheNetAtItsTrueSizeAndPlace) {
     EXPECT_TRUE(Page().isSent);
     const RecordedPart& net = Page().parts.front();
     EXPECT_EQ(net.surface.Scale(), kPlotScale);
-    // 2200 units across are 2.2 radii: the circle of 1000 units has 70 mm.
+    // 2200 units across are 2.2 radii: the circle of 1000 units has a radius of 70 mm.
     EXPECT_NEAR(net.rect.width * 1000 / 2200, 70, 1e-9);
     EXPECT_NEAR(net.rect.left + net.rect.width / 2, 100, 1e-9);
     EXPECT_NEAR(net.rect.top + net.rect.height / 2, 110, 1e-9);

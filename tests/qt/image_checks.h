@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What tests ask of pictures.
+// Measurements of pictures for tests.
 
 #pragma once
 

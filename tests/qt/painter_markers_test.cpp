@@ -41,7 +41,7 @@ QImage DrawMarkers(const Glyph& glyph, const std::vector<Point>& places, Way way
     return image;
 }
 
-/// Places on quarters of pixels, far enough apart for large symbols to overlap but little.
+/// Places on quarters of pixels, far enough apart for large symbols to overlap only slightly.
 std::vector<Point> QuarterPlaces() {
     std::mt19937 random(3);
     std::vector<Point> places;
@@ -173,8 +173,8 @@ QImage DrawRingWithHalo(int density, QRgb ground, Medium medium = Medium::Raster
     return image;
 }
 
-/// Pixels of about a colour, as curved edges are soft, from the centre of a picture to its right
-/// border.
+/// Pixels of approximately a colour, because curved edges are soft, from the centre of a picture to
+/// its right border.
 int CountOutward(const QImage& image, QColor colour) {
     constexpr int kSoftness = 16;
     int count = 0;

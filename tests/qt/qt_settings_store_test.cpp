@@ -137,7 +137,7 @@ TEST_F(QtSettings, KeysOfAnotherProcessComeInWithSyncAndStay) {
 }
 
 TEST_F(QtSettings, SyncTellsWhenNothingCanBeWritten) {
-    // A file stands where the folder would have to be made.
+    // A file is in the place of the folder that would have to be created.
     std::ofstream(std::filesystem::path(folder.path().toStdString()) / "quandrel") << "x";
     QtSettingsStore store;
     store.Write("Quandrel 9", "Options", "Name", "x");

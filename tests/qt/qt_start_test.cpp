@@ -45,7 +45,7 @@ TEST(NeutralNumbers, TakeTheRulesForNumbersBackAndLeaveTheOthers) {
 
 /// The exit code of a program started under a locale: 1 when its decimal delimiter is a comma.
 void ExpectComma(const char* locale, int isComma) {
-    ::testing::GTEST_FLAG(death_test_style) = "threadsafe"; // runs this program anew
+    ::testing::GTEST_FLAG(death_test_style) = "threadsafe"; // runs this program again
     const std::string before = qgetenv("LC_ALL").toStdString();
     qputenv("LC_ALL", locale);
     EXPECT_EXIT(std::_Exit(QtDecimalIsComma() ? 1 : 0), ::testing::ExitedWithCode(isComma), "")

@@ -27,7 +27,7 @@ std::map<std::string, mode_t> madeFolders;
 
 } // namespace
 
-// Takes the place of the library's for this program.
+// Replaces the library's function in this program.
 extern "C" int mkdir(const char* path, mode_t rights) noexcept {
     madeFolders[path] = rights;
     return static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, rights));
@@ -59,7 +59,7 @@ protected:
 
     [[nodiscard]] fs::path Root() const { return folder / "state" / "recovery"; }
 
-    /// All files below the recovery folder but for the locks.
+    /// All files below the recovery folder except the locks.
     [[nodiscard]] std::vector<fs::path> CopiesThere() const {
         std::vector<fs::path> files;
         if (fs::exists(Root())) {
@@ -72,8 +72,9 @@ protected:
         return files;
     }
 
-    /// A session in a process of its own, which writes all plots, does some more and is killed. The
-    /// work gets a descriptor that the test waits at for `signals` bytes before it kills.
+    /// A session in a process of its own, which writes all plots, does some more work and is
+    /// killed. The work gets a descriptor from which the test awaits `signals` bytes before it
+    /// kills.
     void Crash(const std::function<void(RecoverySession&, int)>& work, int signals = 1) const {
         int ends[2];
         ASSERT_EQ(pipe(ends), 0);
@@ -517,7 +518,7 @@ TEST_F(Recovery, ADiskThatIsFullKeepsTheEarlierCopy) {
     ASSERT_EQ(session.Write(slot), "");
     const std::string earlier = BytesOf(CopiesThere()[0]);
     gDataDip.At(slot, 1) = 31;
-    // A limit on the size of files is the full disk.
+    // A limit on the size of files simulates a full disk.
     rlimit former{};
     getrlimit(RLIMIT_FSIZE, &former);
     const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Axes in sectors that make no pairs, counted at both ends: held against brute force.
+// Axes in sectors that make no pairs, counted at both ends: compared with brute force.
 
 #include "rose/rose_count.h"
 

@@ -39,7 +39,7 @@ public:
             const double worked = Doubled(angle, sense);
             double way = worked < antipode ? worked - antipode + kTwoPi : worked - antipode;
             if (way > kTwoPi - 1e-9) {
-                way = 0; // at the antipode, but for rounding
+                way = 0; // at the antipode, except for rounding
             }
             (way <= kPi ? before_ : behind_).push_back({worked, way});
         }

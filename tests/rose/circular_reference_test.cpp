@@ -150,7 +150,7 @@ TEST(KuiperTest, TakesTheLargestDifferenceOverAllArcs) {
     std::mt19937 random(kSeed);
     for (int sample = 0; sample < 100; ++sample) {
         std::vector<double> angles = GridAngles(random, 2 + random() % 20);
-        // Ties would need an arc of no width outside the angles.
+        // With ties, the largest difference could need an arc of zero width.
         std::sort(angles.begin(), angles.end());
         angles.erase(std::unique(angles.begin(), angles.end()), angles.end());
         if (angles.size() > 1) {

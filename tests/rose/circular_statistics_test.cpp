@@ -113,7 +113,7 @@ TEST(CircularStatistics, OfRandomAnglesAgreeWithComplexMoments) {
         EXPECT_NEAR(found.variance, isAxial ? 1 - std::sqrt(std::sqrt(r1)) : 1 - r1, 1e-12);
         EXPECT_NEAR(found.standardDeviation, std::sqrt(-2 * std::log(r1)) / p, 1e-9);
         EXPECT_NEAR(found.dispersion, (1 - std::abs(m2)) / (2 * r1 * r1), 1e-9 / (r1 * r1));
-        // m2 turned back by twice the mean has both as its parts.
+        // Both are components of m2 turned back by twice the mean.
         const std::complex<double> turned = m2 * std::polar(1.0, -2 * std::arg(m1));
         EXPECT_NEAR(found.skewness * std::pow(1 - r1, 1.5), turned.imag(), 1e-9);
         EXPECT_NEAR(found.kurtosis * std::pow(1 - r1, 2) + std::pow(r1, 4), turned.real(), 1e-9);
@@ -410,7 +410,7 @@ TEST_F(RoseCircularStatistics, OfAnyNumberOfDataHaveTheMedianAndAskNothing) {
     EXPECT_TRUE(prompts.Shown().empty());
 }
 
-/// A grouped row, and what its bias is corrected by.
+/// A grouped row and its correction of bias.
 struct GroupedRow {
     std::int32_t azimuth = 0;
     int count = 0;

@@ -74,11 +74,11 @@ TEST(BootstrapHalfWidthTrial, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
                 }
                 const double mean = std::atan2(sine, cosine) / 2;
                 const double off = std::abs(std::remainder(mean - 70 * pi / 180, pi));
-                // No interval is one that holds all axes.
+                // No interval counts as one that holds all axes.
                 const auto halfWidth = BootstrapHalfWidth(doubled);
                 held += !halfWidth || off <= *halfWidth / 2 ? 1 : 0;
             }
-            // Small samples hold more: of 4000 with 12 axes 96.2%.
+            // Small samples hold more: 96.2% of 4000 with 12 axes.
             const double share = static_cast<double>(held) / samples;
             SCOPED_TRACE(testing::Message()
                          << "seed " << kSeed << " n " << n << " kappa " << kappa);
@@ -166,7 +166,7 @@ TEST(BootstrapHalfWidth, TurnsWithNothing) {
 }
 
 TEST(BootstrapHalfWidth, WeightsCountAsRepeatedLengthsDo) {
-    // All weights alike change nothing, not even all of them negative.
+    // Equal weights change nothing, even if all of them are negative.
     const std::vector<WeightedAngle> plain = SampleOf({12, 20, 31, 33, 40, 47, 60, 81});
     for (const double weight : {3.5, -2.0}) {
         std::vector<WeightedAngle> weighted = plain;

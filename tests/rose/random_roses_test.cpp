@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Roses of random rows and settings: no field of theirs is ever no number.
+// Roses of random rows and settings: none of their fields is ever NaN or infinite.
 
 #include "core/plot_record.h"
 #include "core/plot_store.h"
@@ -29,8 +29,7 @@ namespace {
 
 constexpr unsigned kSeed = 2000;
 
-/// True when a text has "nan" or "inf" as a word, as in "(nan)" or "-inf%", not as in
-/// "information".
+/// True if a text has "nan" or "inf" as a word, as in "(nan)" or "-inf%", not as in "information".
 bool HasNoNumber(std::string text) {
     const auto isLetter = [](char c) { return std::isalpha(static_cast<unsigned char>(c)) != 0; };
     std::replace_if(text.begin(), text.end(), std::not_fn(isLetter), ' ');
@@ -43,7 +42,7 @@ bool HasNoNumber(std::string text) {
     return false;
 }
 
-/// Looks for numbers that are none in fields of any type.
+/// Looks for NaN and infinity in fields of any type.
 class FieldCheck {
 public:
     void operator()(const char* name, double value) {
@@ -144,7 +143,7 @@ protected:
         record.ClassTable[0][2] = static_cast<std::int16_t>(Below(2));
     }
 
-    /// The names of what is no number, and the texts that say so.
+    /// The names of fields that are not finite, and the texts that say so.
     static std::string Faults() {
         FieldCheck check;
         VisitPlotFields(ActiveRecord(), check);

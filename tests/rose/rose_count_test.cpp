@@ -410,7 +410,7 @@ TEST(RoseCount, PutsEachRowIntoOneSectorWhateverTheLayout) {
         RoseCountSettings settings = TenDegrees();
         settings.layout = LayOutSectors(DivideCircle(size), start, i % 5 < 3);
         if (settings.layout.bothEnds) {
-            continue; // two sectors a row
+            continue; // two sectors per row
         }
         const RoseTables tables = Count(settings, {.azimuths = RandomAzimuths(random, 500)});
         const std::vector<double> counts = CountsBySector(tables);

@@ -238,7 +238,7 @@ TEST_F(DrawRoseScaleTest, DrawsTicksAcrossTheAxes) {
            {-1000, -15, -1000, 15}};
     all.insert(axes.begin(), axes.end());
     EXPECT_EQ(LinesOf(Draw()), all);
-    // A half has them on its middle axis alone.
+    // A half has them only on its middle axis.
     const std::array<std::array<double, 4>, 5> middle = {{{},
                                                           {-15, 1000, 15, 1000},
                                                           {1000, -15, 1000, 15},
@@ -301,7 +301,7 @@ protected:
         gSettings.styles.showCompassPoints = true;
     }
 
-    /// Draws on a window of so many pixels; gives the names with their boxes.
+    /// Draws on a window of that many pixels; returns the names with their boxes.
     static std::vector<Label> LabelsAt(double pixels) {
         RecordingSurface window(pixels, pixels);
         window.SetUserScale(kPlotScale);

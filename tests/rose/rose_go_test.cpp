@@ -336,7 +336,7 @@ TEST_F(RoseGoTest, JudgesTheIntervalByTheFrequenciesThatAFaultLeaves) {
     EXPECT_TRUE(prompts.Shown().empty());
 }
 
-/// All that a Go may change beside the tables.
+/// Everything that a Go may change besides the tables.
 struct RoseTraces {
     std::string fields;
     double sectorSize = gRoseSectorSize;

@@ -196,7 +196,7 @@ protected:
         EngineTest::TearDown();
     }
 
-    /// A new plot for polar lines, or for what else is said, drawn as a rose of 10 degrees.
+    /// A new plot of polar lines, or of another kind if given, drawn as a rose of 10 degrees.
     void NewRose(std::int16_t primary = kPrimaryLine, std::int16_t kind = kPolarLines) {
         gPrimaryDataType = primary;
         gPlotDataKind = kind;
@@ -372,7 +372,7 @@ TEST_F(RoseSectors, OfUpwardPolarLinesAreWeightedAsTheirLowerEnds) {
     record.RoseSamplePlunge = 90;
     record.RoseMinBiasAngle = 10;
     ASSERT_TRUE(RoseCountSectors());
-    // The sample line stands 60 degrees from the line, whichever way that points.
+    // The sample line is 60 degrees from the line, whichever way that points.
     EXPECT_NEAR(gRoseSectors(0, 0, kRoseValueLayer), 1 / std::sin(60 * M_PI / 180), 1e-12);
 }
 

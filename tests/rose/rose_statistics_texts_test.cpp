@@ -77,7 +77,7 @@ protected:
         }
     }
 
-    /// Counts and works out; what a drawing would note of its layers stands in `ranges`.
+    /// Counts and computes; `ranges` holds what a drawing would note of its layers.
     static void Work(const std::vector<std::array<double, 2>>& ranges) {
         PlotRecord& record = ActiveRecord();
         ASSERT_TRUE(RoseCountSectors());
@@ -231,7 +231,7 @@ TEST_F(RoseStatisticsTexts, TellWhatTheTextbookLeavesOpen) {
 }
 
 TEST_F(RoseStatisticsTexts, TellTheMedianOfLeastDeviationWhereItIsAnother) {
-    // From 060 the five lie 66 degrees off in the mean, from 040 62.
+    // From 060 the five are 66 degrees away on average, from 040 62 degrees.
     NewRose(kPolarLines);
     AddRows({20, 40, 60, 150, 240});
     Work({{20, 1}});

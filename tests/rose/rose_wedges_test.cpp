@@ -132,7 +132,7 @@ TEST(WedgesOfRose, FitsTheSmallerLastSectorBetweenItsNeighbours) {
 
 // Kept: a gap of whole degrees.
 TEST(WedgesOfRose, GivesTheSmallerLastSectorItsOwnWholeGaps) {
-    // Size 100, and 60 behind three of them. Half of it is 30, with gaps of 15.
+    // Size 100, and 60 after three of them. Half of it is 30, with gaps of 15.
     RoseWedgeSettings settings = Sectors(100, 10);
     settings.oddSectorSize = 60;
     settings.fraction = 0.5;
@@ -365,7 +365,7 @@ TEST_F(DrawRoseWedgesTest, BlanksTheHalfThatIsNotShown) {
         EXPECT_EQ(last.colour, kBlank);
         EXPECT_NEAR(Degrees(last.start), hidden.at(static_cast<std::size_t>(shape)).first, kClose);
         EXPECT_NEAR(Degrees(last.end), hidden.at(static_cast<std::size_t>(shape)).second, kClose);
-        // and wipes what stands out of the circle
+        // and erases what protrudes from the circle
         EXPECT_EQ(drawn.back().kind, DrawOperation::Kind::Arc);
         EXPECT_EQ(drawn.back().colour, kBlank);
         EXPECT_EQ(drawn.back().start, last.start);
@@ -379,7 +379,7 @@ TEST_F(DrawRoseWedgesTest, BlanksWithThePaperOfAPage) {
     RecordingSurface legend(100, 100);
     DrawRoseWedges(ActivePlot(), {page, legend, gSettings.styles, DrawnFor::Paper});
     EXPECT_EQ(page.Operations().back().state.fillColour, kWhite);
-    // A colour of one's own is the same everywhere.
+    // A colour that the user has chosen is the same everywhere.
     gSymbolTable[17][kPlaceColour] = 13;
     DrawRoseWedges(0);
     EXPECT_EQ(Drawn().back().state.fillColour, TableColour(13));

@@ -266,7 +266,7 @@ TEST_F(RotateRows, DirectionsTurnAndStayLevel) {
     PlotOf(kDirections, kLines, {{0, 10}, {0, 200}});
     Rotate(AboutAxis(90, 0, 25));
     EXPECT_EQ(Primary(), (std::vector<Pair>{{0, 35}, {0, 225}}));
-    // About a horizontal axis a direction keeps its way although it is lifted.
+    // About a horizontal axis a direction keeps its sense although the rotated line is lifted.
     Rotate(AboutAxis(0, 300, 60));
     const Turn turn = About(0, 300, 60);
     for (std::size_t i = 0; i < 2; ++i) {

@@ -42,7 +42,7 @@ inline std::vector<Pair> Appended() {
     return PairsOf(gAppLineDip, gAppLineAz);
 }
 
-// Half a degree in each of two values that are rounded, and some room at the steep ones.
+// Half a degree in each of two values that are rounded, and some tolerance for the steep ones.
 inline const double kRounding = testing::Radians(0.75);
 
 using Turn = std::function<testing::Vector(const testing::Vector&)>;
@@ -175,7 +175,7 @@ protected:
         return settings;
     }
 
-    /// Rotates the active plot, which must not be refused.
+    /// Rotates the active plot; the rotation must not be refused.
     static RotationReport Rotate(const RotationSettings& settings) {
         RotationReport report;
         const std::optional<RotationRefusal> refusal = ApplyRotation(settings, report);

@@ -280,7 +280,7 @@ Unfolding UnfoldingTruth(double dip, double dipDir, Line axis, Vector vector) {
     return {lay(VectorOf(axis)), lay(PlaneNormal(std::abs(dip), dipDir)), lay(vector)};
 }
 
-/// A line through UnfoldRow.
+/// A line as UnfoldRow returns it.
 Vector Unfolded(double dip, double dipDir, Line axis, Line line) {
     Line out;
     UnfoldRow(dip, dipDir, axis.plunge, axis.trend, line.plunge, line.trend, out.plunge, out.trend);
@@ -298,7 +298,7 @@ TEST(UnfoldRow, EqualsTheTwoRotations) {
         const Vector lifted = TurnedAbout(PlaneNormal(std::abs(dip), dipDir),
                                           Horizontal(axis.trend + kHalfTurn / 2), axis.plunge);
         if (dip == 0 || std::abs(lifted.down) < 1e-5) {
-            continue; // a bed that stands upright on the way may go to either side
+            continue; // a bed that is vertical in between may go to either side
         }
         ++compared;
         const Unfolding truth = UnfoldingTruth(dip, dipDir, axis, VectorOf(line));
@@ -336,7 +336,7 @@ TEST(UnfoldRow, LaysBedAndFoldAxisFlatAndKeepsTheAngleToTheLine) {
 
 TEST(UnfoldRow, AnOverturnedBedGoesTheLongWay) {
     // Dipping 60 east and overturned: 120 degrees about the strike bring its base down again. What
-    // points down the dip comes to lie to the west.
+    // points down the dip then points west.
     const Vector normal = Unfolded(Radians(60), Radians(90), {0, 0}, {Radians(60), Radians(90)});
     EXPECT_LT(Apart(normal, Horizontal(Radians(90))), kTolerance);
     const Vector over = Unfolded(Radians(-60), Radians(90), {0, 0}, {Radians(60), Radians(90)});
@@ -353,7 +353,7 @@ TEST(UnfoldRow, AHorizontalBedKeepsItsLines) {
 
 TEST(UnfoldRow, AHorizontalAxisLeavesOneRotation) {
     // About the strike alone, whatever the trend of the axis: a bed that dips 50 to 140 is lifted
-    // by an anticlockwise turn of 50 for one who looks along 050, with the dip on his right.
+    // by a turn of 50, anticlockwise as seen looking along 050, with the dip on the right.
     for (const double trend : {0.0, 1.0, 4.0}) {
         const Vector line = Unfolded(Radians(50), Radians(140), {0, trend}, {0.3, 2.0});
         const Vector truth =
@@ -377,7 +377,7 @@ TEST(RotationBetweenPlanes, CarriesTheFirstIntoTheSecondTheShortWay) {
         const Vector second = PlaneNormal(std::abs(dip2), dipDir2);
         ASSERT_GE(axisPlunge, 0);
         ASSERT_LE(std::abs(angle), kHalfTurn / 2 + 1e-9);
-        // The arc sine is flat at its end: there the angle is known to about 1e-8.
+        // The sine is flat at a right angle: there the angle is known only to about 1e-8.
         ASSERT_NEAR(std::abs(angle), AcuteAngleOf(first, second), 1e-7);
         const Vector turned = TurnedAbout(first, LineVector(axisPlunge, axisTrend), angle);
         ASSERT_LT(AcuteAngleOf(turned, second), 1e-7) << dip1 << ' ' << dipDir1 << ' ' << dip2;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Axes of published faults, against the vector form worked out row by row from the data columns.
+// Axes of published faults, compared with the vector form computed row by row from the data
+// columns.
 
 #include "derive/derived_plots.h"
 #include "derive/kinematic_plots.h"

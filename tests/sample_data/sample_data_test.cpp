@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Every file of the published sample data, read in the format that its own page tells, saved, and
+// Every file of the published sample data, read in the format that its own page states, saved, and
 // read back; and their converted rows against vector algebra.
 
 #include "core/plot_life.h"
@@ -63,7 +63,7 @@ protected:
         gPlotDataKind = format.dataKind;
     }
 
-    /// The button that goes on with the load.
+    /// The button that continues the load.
     static Button GoingOn(const std::string& box) {
         if (box.find("delimiter") != std::string::npos) {
             return Button::Retry;
@@ -72,7 +72,7 @@ protected:
         return isLine ? Button::Ignore : Button::Ok;
     }
 
-    /// Opens a file in its format and gives the slot; the boxes that it calls for must come.
+    /// Opens a file in its format and returns the slot; the boxes that it requires must appear.
     int Load(const SampleFile& file, const std::string& path) {
         Defaults();
         State(file.format);
@@ -86,8 +86,8 @@ protected:
 
     int Load(const SampleFile& file) { return Load(file, PathOf(file.name)); }
 
-    /// Opens a saved plot. Nothing is told but numbers that were invalid from the start: the lines
-    /// in front of the rows are the program's own.
+    /// Opens a saved plot. Only numbers that were invalid from the start are reported: the lines
+    /// before the rows are the program's own.
     void OpenSaved(const std::string& path, const Counts& counts) {
         if (counts.badNumbers > 0) {
             Expect(kBadNumbers);
@@ -96,7 +96,8 @@ protected:
         EXPECT_EQ(prompts.Problems(), "");
     }
 
-    /// Saves the active plot as text and reads it with the settings of a first run. Gives the slot.
+    /// Saves the active plot as text and reads it with the settings of a first run. Returns the
+    /// slot.
     int SaveAndReadBack(const Counts& counts) {
         const std::string saved = (folder / "saved.txt").string();
         EXPECT_EQ(SavePlotAs(saved, SaveKind::SaveAs), SaveOutcome::Saved);
@@ -209,7 +210,7 @@ protected:
         EXPECT_EQ(first.RoseType, second.RoseType);
     }
 
-    /// Where the rows of data stand on the net, in the order of the rows.
+    /// The positions of the rows of data on the net, in the order of the rows.
     static std::vector<std::pair<double, double>> Positions(int slot) {
         const RowTable& table = TableOf(slot);
         std::vector<std::size_t> places(table.size());
@@ -378,7 +379,7 @@ double SenseAzimuth(const std::string& sense) {
     return 45.0 * static_cast<double>(found - names.begin());
 }
 
-/// Of an azimuth and its opposite, that which lies nearer to a sense.
+/// An azimuth or its opposite, whichever is nearer to a sense.
 double EndTowards(double one, const std::string& sense) {
     return AzimuthsApart(one, SenseAzimuth(sense)) < 90 ? one : one + 180;
 }

@@ -43,7 +43,7 @@ struct Counts {
     std::int32_t read = 0; ///< all lines but the heading
     std::int32_t valid = 0;
     std::int32_t blank = 0;   ///< comments, blank lines, parameter lines, titles
-    std::int32_t invalid = 0; ///< lines that hold digits and are no data
+    std::int32_t invalid = 0; ///< lines that hold digits and are not data
     std::int32_t badNumbers = 0;
 };
 
@@ -126,7 +126,7 @@ inline std::vector<SampleFile> PlanesWithLines() {
          {43, 33, 4, 6, 0},
          {2149, 6305, 1958, 6690},
          {"does not appear to contain that many columns", "6 invalid data have been detected"}},
-        {kLofotenFaults, // a blank line behind each row but the last
+        {kLofotenFaults, // a blank line after each row except the last
          {kPrimaryPlane, kSecondaryLine, 16, "\t", {1, 0, 0, 3, 2}, false, false, false, kPlanes},
          {395, 198, 197, 0, 0},
          {13016, 44423, 9968, 42885},
@@ -197,7 +197,7 @@ inline std::vector<SampleFile> DirectionFiles() {
 }
 
 /// Its numbers need a decimal comma; a title, a comment and a blank line in front, and two lines
-/// without data behind each 60 rows.
+/// without data after every 60 rows.
 inline SampleFile TracesWithComma() {
     return {kTracesComma,
             {kDirections, 0, 1, ";", {0, 0, 0, 0, 0, 0, 0, 0, 1}, false, true, false, kLines},

@@ -18,7 +18,7 @@ protected:
         AcceptFormat({}, 1000);
     }
 
-    /// Opens a file of two rows; gives the slot.
+    /// Opens a file of two rows; returns the slot.
     int OpenFile(const std::string& name) {
         EXPECT_EQ(OpenPlotFile(kNewCommand, WriteFile(name, "30\t120\n45\t270\n")), kNewCommand);
         return gActivePlot;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The notes of the textbook's results stand on printed pages too.
+// The notes of the textbook's results appear on printed pages too.
 
 #include "core/formulas.h"
 #include "core/replot.h"
@@ -22,7 +22,7 @@ protected:
         gPlatform.printers = &printer;
     }
 
-    /// Prints the plot of a slot, drawn anew by the formulas in force.
+    /// Prints the plot of a slot, redrawn by the formulas in force.
     void Print(int slot) {
         ReplotActivePlot(true);
         PrintLayout layout;
@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(PrintSelectedPlots(layout.plots), PrintOutcome::Printed);
     }
 
-    /// How often a text stands on the last page.
+    /// How often a text occurs on the last page.
     [[nodiscard]] std::ptrdiff_t TimesOnPage(const std::string& text) const {
         std::ptrdiff_t times = 0;
         for (const RecordedPart& part : printer.pages.back().parts) {

@@ -156,7 +156,7 @@ TEST_F(FabricStatistics, RowsInOnePlaneHaveItAsGirdle) {
         rows.push_back({static_cast<int>(std::lround(plunge)), trend});
     }
     const PlotRecord& record = StatisticsOf(kLines, rows);
-    // Whole degrees leave a little out of the plane.
+    // Rounding to whole degrees leaves a small component out of the plane.
     EXPECT_LT(Eigenvalue(record, 1), 1e-4);
     EXPECT_NEAR(NumberOf(record.AxisItems[10][2]), Radians(50), 0.01);
     EXPECT_NEAR(NumberOf(record.AxisItems[10][3]), Radians(255), 0.01);
@@ -285,7 +285,7 @@ TEST_F(FabricStatistics, PolarLinesHaveADirectedMean) {
     EXPECT_NEAR(std::cos(static_cast<double>(record.FabricValueB)), 1, kTolerance);
     EXPECT_NEAR(record.RoseResultant[0], std::cos(Radians(30)), kTolerance);
     EXPECT_NEAR(record.FabricValueF, 1 - std::cos(Radians(30)), kTolerance);
-    // As axes the two stand 60 degrees from each other, to both sides of the vertical.
+    // As axes the two are 60 degrees apart, on both sides of the vertical.
     EXPECT_NEAR(record.FabricValueD, Radians(90), kTolerance);
     ExpectEigenvalues(record, 0, 0.25, 0.75);
 }

@@ -64,7 +64,7 @@ Vector MeanOf(const ReferenceStatistics& statistics) {
     return testing::LineVector(statistics.fisher->plunge, statistics.fisher->trend);
 }
 
-/// What rounding may leave.
+/// The errors that rounding may leave.
 struct Tolerances {
     double number = 0; ///< of eigenvalues and R/n
     double kappa = 0;  ///< as a part of it

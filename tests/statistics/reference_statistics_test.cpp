@@ -105,7 +105,7 @@ TEST(ReferenceStatistics, RowsOfOneLineHaveNoRounding) {
 }
 
 TEST(ReferenceStatistics, AnErrorTooLargeForAConeHasNone) {
-    // Tensor diag(0.3, 0.3, 0.4), m4 = 0.4: no scatter about the axis, and a cone of nothing.
+    // Tensor diag(0.3, 0.3, 0.4), m4 = 0.4: no scatter about the axis, and a cone of angle 0.
     const auto exact =
         ComputeReferenceStatistics(Lines{{0, 0, 3}, {0, 90, 3}, {90, 0, 4}}, RowSense::kAxes);
     EXPECT_EQ(*exact->coneAngle, 0);

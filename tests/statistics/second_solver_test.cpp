@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Eigenvalues and eigenvectors of orientation tensors against another library's solver.
+// Eigenvalues and eigenvectors of orientation tensors, compared with another library's solver.
 
 #include "orientation/eigen.h"
 
@@ -17,8 +17,8 @@ namespace {
 constexpr unsigned kSeed = 1977;
 constexpr int kTensors = 1000;
 
-/// Eigenvectors are compared where their eigenvalue stands apart as far as this: closer ones turn
-/// with the last digits of the tensor.
+/// Eigenvectors are compared if their eigenvalue is at least this far from the others: closer ones
+/// turn with the last digits of the tensor.
 constexpr double kGap = 1e-3;
 
 using Vector = Eigen::Vector3d;
@@ -56,7 +56,7 @@ Tensor TensorOf(std::mt19937& random, int kind) {
         return FromValues(random, part / 2, part / 2, 1 - part);
     case 5: // close together
         return FromValues(random, 0.33, 0.33 + part / 100, 0.34 - part / 100);
-    default: { // so many directions
+    default: { // the sum of random directions
         Tensor sum = Tensor::Zero();
         const int rows = 2 + static_cast<int>(random() % 40);
         for (int row = 0; row < rows; ++row) {
@@ -82,7 +82,7 @@ bool StandsApart(const Vector& values, int i) {
     return true;
 }
 
-/// What a solution gives, sorted ascending.
+/// The results of a solution, sorted in ascending order.
 struct Solution {
     Vector values;
     Tensor vectors; ///< columns
@@ -141,7 +141,7 @@ Solution OursInDoubles(const Tensor& tensor) {
     return Sorted(Vector(found.values[0], found.values[1], found.values[2]), vectors);
 }
 
-/// Compares with the other solver; gives how many eigenvectors stood apart.
+/// Compares with the other solver; returns how many eigenvectors were compared.
 int CompareWithOtherSolver(const Tensor& tensor, const Solution& ours, double tolerance) {
     const Eigen::SelfAdjointEigenSolver<Tensor> other(tensor);
     int compared = 0;
@@ -163,7 +163,7 @@ TEST(JacobiEigen3, AgreesWithAnotherSolverInFloats) {
     int compared = 0;
     for (int i = 0; i < kTensors && !HasFailure(); ++i) {
         SCOPED_TRACE(i);
-        // The other one gets the tensor as floats hold it.
+        // The other solver gets the tensor in single precision.
         const Tensor tensor = TensorOf(random, i).cast<float>().cast<double>();
         compared += CompareWithOtherSolver(tensor, OursInFloats(tensor), 1e-6);
     }

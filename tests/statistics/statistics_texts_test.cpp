@@ -403,7 +403,7 @@ TEST_F(StatisticsTexts, AClassGridShowsItsRanges) {
     (*gGridValues[slot])[kMeanLayer][12][12] = 7;
     (*gGridValues[slot])[kCumulativeLayer][3][4] = 0;
     (*gGridValues[slot])[kCumulativeLayer][5][5] = 42;
-    (*gGridValues[slot])[kCumulativeLayer][13][5] = 1000; // behind the grid
+    (*gGridValues[slot])[kCumulativeLayer][13][5] = 1000; // after the grid
     EXPECT_EQ(StatsBoxText().find("grid value"), std::string::npos);
     gGridCount[slot] = 1;
     EXPECT_EQ(StatsBoxText().find("grid value"), std::string::npos) << "not classified by numbers";

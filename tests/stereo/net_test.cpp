@@ -134,7 +134,7 @@ TEST_F(Net, AnOverlayHidesTheMeanArrow) {
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
 }
 
-/// Gives the settings of the look their defaults again, whatever a test does.
+/// Resets the settings of the look to their defaults, whatever a test does.
 class NetLook : public Net {
 protected:
     std::vector<DrawOperation> AllOf(std::int16_t style) {

@@ -80,7 +80,7 @@ inline std::string TextOf(const RecordingSurface& surface) {
     return text;
 }
 
-/// Draws a plot onto surfaces of its own and gives what was drawn on both.
+/// Draws a plot onto its own surfaces and returns what was drawn on both.
 inline std::string DrawnText(const Plot& plot, const Styles& styles) {
     RecordingSurface net(500, 500);
     RecordingSurface legend(160, 400);

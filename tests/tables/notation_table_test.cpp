@@ -11,7 +11,7 @@ namespace quandrel {
 
 namespace {
 
-/// What stands in a table for a text that could not be read.
+/// The entry in a table for a text that could not be read.
 constexpr const char* kNone = "none";
 
 std::string Readable(const std::string& text) {
@@ -52,7 +52,7 @@ std::string DipDirectionByRightHand(const TableRow& row) {
     return Readable(result);
 }
 
-/// Strike and sense, parted by a blank.
+/// Strike and sense, separated by a blank.
 std::string DipDirectionBySense(const TableRow& row) {
     const std::vector<std::string> words = WordsOf(row.input);
     if (words.size() != 2) {

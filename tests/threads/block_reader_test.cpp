@@ -28,7 +28,8 @@ std::size_t ThreadsOfProcess() {
     return threads;
 }
 
-/// True once there are so many threads again: the system may list one that was joined for a moment.
+/// True once there are that many threads again: for a moment, the system may still list one that
+/// was joined.
 bool ComesBackTo(std::size_t threads) {
     for (int i = 0; i < 100000 && ThreadsOfProcess() != threads; ++i) {
         std::this_thread::yield();
@@ -145,7 +146,8 @@ TEST(BlockReader, AFailureComesInThePlaceOfItsBlock) {
 
 #endif
 
-/// Loads whose first line is asked about; what happens meanwhile happens beside the second thread.
+/// Loads whose first line is asked about; what happens meanwhile happens concurrently with the
+/// second thread.
 class LoadWithQuestion : public EngineTest {
 protected:
     void Load(const std::string& text, const std::string& message,

@@ -55,7 +55,7 @@ protected:
         return text;
     }
 
-    /// Draws a rose often; the times that it was not as expected.
+    /// Draws a rose many times; returns how often it was not as expected.
     [[nodiscard]] int Faults(const Plot& plot, const std::string& expected) const {
         int faults = 0;
         for (int time = 0; time < 20; ++time) {

@@ -21,7 +21,7 @@ protected:
         return plot;
     }
 
-    /// Draws both at once, some times over.
+    /// Draws both at once, several times.
     static void ExpectSameAtOnce(const Plot& first, const Plot& second) {
         constexpr int kTimes = 3;
         const Styles bright = [] {

@@ -12,7 +12,7 @@
 namespace quandrel {
 namespace {
 
-/// A status line that writes down what it is told, and hears Esc after some time.
+/// A status line that records what it is told, and reports Esc after some time.
 class TracingStatus : public StatusLine {
 public:
     /// @param looksBeforeEsc  how often the program looks for Esc before it is pressed
@@ -75,7 +75,7 @@ std::string Printed(const LoadCounters& counters) {
     return out.str();
 }
 
-/// Loads that are made up; the thread sanitizer takes many times as long for each.
+/// The number of generated loads; with the thread sanitizer each takes many times as long.
 #if defined(__SANITIZE_THREAD__)
 constexpr int kMadeUpLoads = 90;
 #else
@@ -109,7 +109,7 @@ protected:
         EngineTest::TearDown();
     }
 
-    /// Everything that comes of the loads with so many threads.
+    /// All results of the loads with that many threads.
     std::string Outcome(const Loads& loads, unsigned threads) {
         TracingStatus tracing(loads.looksBeforeEsc);
         ScriptedPrompts answering(ScriptedPrompts::Mode::Batch);
@@ -204,13 +204,13 @@ private:
     std::int32_t rowLimit_ = 0;
 };
 
-/// Loads made up from a seed.
+/// Loads generated from a seed.
 class RandomLoads {
 public:
     explicit RandomLoads(unsigned seed)
         : random_(seed) {}
 
-    /// @param writeFile  writes a text under a name and gives its path
+    /// @param writeFile  writes a text under a name and returns its path
     template <class WriteFile>
     Loads Make(const WriteFile& writeFile) {
         Loads loads;

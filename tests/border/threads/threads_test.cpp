@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// All of the public functions in two threads at once, with the results of one; and beside settings
-// of the program that must not matter.
+// All public functions in two threads at once, with the results of one thread; and with settings of
+// the program that must not matter.
 
 #include "border/random_lines.h"
 #include "core/data_format.h"
@@ -214,7 +214,7 @@ std::string AllResults(std::uint32_t seed) {
 }
 
 TEST(PublicThreads, TwoAtOnceHaveTheResultsOfOne) {
-    // The threads come first, so that they meet whatever is made on first use.
+    // The threads run first, so that they meet everything that is created on first use.
     constexpr std::uint32_t kRounds = 5;
     std::array<std::vector<std::string>, 2> found;
     const auto fill = [](std::vector<std::string>& mine) {

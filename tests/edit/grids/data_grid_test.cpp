@@ -49,7 +49,7 @@ protected:
         }
     }
 
-    /// Gives the rows all columns that there are.
+    /// Gives the rows all possible columns.
     static void AddAllColumns() {
         Record().SecondaryFormat = kPitchInPlane;
         Record().HasAppendedLine = kTrue;

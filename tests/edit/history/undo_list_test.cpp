@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Long sequences of edits taken back and made again, against full copies of the plots after each.
+// Long sequences of edits that are undone and redone, compared with full copies of the plots after
+// each.
 
 #include "core/replot.h"
 #include "edit/commands/edit_menu.h"
@@ -32,7 +33,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// All that an edit may change in a plot, as it would be written or shown.
+/// Everything that an edit may change in a plot, as it would be written or shown.
 struct PlotImage {
     Texts rows;
     Texts marks;
@@ -200,7 +201,7 @@ protected:
         LeaveGirdles();
     }
 
-    /// An edit of some plot, which may come to nothing.
+    /// An edit of some plot, which may have no effect.
     void EditOnce() {
         if (std::exchange(isInRun_, false) && Below(2) == 0) {
             isInRun_ = NudgeSelection(-1, 3) > 0;
@@ -224,7 +225,7 @@ protected:
         }
     }
 
-    /// Makes edits, and writes down what each step leaves.
+    /// Makes edits, and records what each step leaves.
     void MakeEdits(int count) {
         for (int edit = 0; edit < count; ++edit) {
             const std::size_t before = UseOfUndo().steps;
@@ -476,8 +477,8 @@ TEST_F(UndoList, NumbersTheRowsConcernedAsTheyAreNow) {
     const Texts before = Rows(slot);
     EditStep step(kGridEdit, Before<RowChange>);
     RemoveRows(slot, std::vector<std::int32_t>{1});
-    gDataDip.At(slot, 1) = 21;             // once row 2; as no rows are the same then, the last one
-    gAppText.Set(slot, 2, "another rock"); // counts as gone
+    gDataDip.At(slot, 1) = 21;             // formerly row 2; since no row is unchanged, the last
+    gAppText.Set(slot, 2, "another rock"); // row counts as removed
     RebuildRowTable(slot);
     step.Finish(Redraw::Nothing);
     const Texts after = Rows(slot);

@@ -72,7 +72,7 @@ constexpr TextRow kTexts[] = {
     {1, "/", "0/0", 0, 0},
     {1, "/", "90/360", 90, 360},
     {1, "/", "7.5/12.25", 7.5, 12.25},
-    // What is none.
+    // What is not a plane.
     {1, "/", "95/120", kUnreadableDip, 0},
     {1, "/", "45/400", kUnreadableDip, 0},
     {1, "/", "45/", kUnreadableDip, 0},
@@ -128,7 +128,7 @@ protected:
         EngineTest::TearDown();
     }
 
-    /// True when the statistics were written since this was asked last.
+    /// True if the statistics were written since the last call.
     [[nodiscard]] bool AreStatisticsWritten() {
         const bool areWritten = Form(slot).Told(PlotBox::StatsAdvanced) != kOldText;
         FormOf(slot).SetBoxText(PlotBox::StatsAdvanced, kOldText);
@@ -144,7 +144,7 @@ protected:
         return VectorOf(NumberOf(ValuesOf(row)[2]), NumberOf(ValuesOf(row)[3]));
     }
 
-    /// What of the plot's picture is drawn in the colour of the user's girdles.
+    /// The parts of the plot's picture in the colour of the user's girdles.
     std::vector<DrawOperation> DrawnGirdles() const {
         std::vector<DrawOperation> drawn = DrawnOn(Form(slot).Plot());
         std::erase_if(drawn, [](const DrawOperation& operation) {

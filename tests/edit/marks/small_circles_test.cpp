@@ -114,7 +114,7 @@ protected:
         TypeCircleText(set, CirclePart::kAngle, angle);
     }
 
-    /// What of the plot's picture is drawn in the colour of the set, which nothing else wears.
+    /// The parts of the plot's picture in the colour of the set, which nothing else has.
     std::vector<DrawOperation> DrawnInColour(int colour) const {
         std::vector<DrawOperation> drawn = DrawnOn(Form(slot).Plot());
         std::erase_if(drawn, [colour](const DrawOperation& operation) {

@@ -454,7 +454,7 @@ TEST_F(EditRows, RangeOfAppendedNumbersFollowsARemoval) {
     EXPECT_EQ(RecordOf(slot).AppendedMax[0], 3.5);
 }
 
-/// The counts of a plot fit each other and its table.
+/// The counts of a plot are consistent with each other and with its table.
 void ExpectSound(int slot) {
     const PlotRecord& record = RecordOf(slot);
     std::int32_t overlays = 0;

@@ -136,8 +136,8 @@ TEST_F(LinkedRows, PairsOfPlanesAndTheirIntersectionsLightEachOther) {
     ActiveRecord().PrimaryFormat = kPrimaryPlane;
     ActiveRecord().SecondaryFormat = kSecondaryPlane;
     ActiveRecord().DataKind = kPlanes;
-    // Two planes that dip as much to the east and to the west meet in a level line to the north;
-    // upright ones to the east and to the north in the plumb line.
+    // Two planes that dip equally to the east and to the west meet in a level line to the north;
+    // vertical planes whose dip directions are east and north meet in a vertical line.
     AddFault(45, 90, 45, 270);
     AddFault(90, 90, 90, 0);
     AddFault(30, 120, 30, 120); // parallel

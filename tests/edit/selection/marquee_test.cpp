@@ -69,7 +69,7 @@ TEST_F(MarqueeTest, RowsOnTheEdgeAreInside) {
 
 TEST_F(MarqueeTest, HiddenAndErrorRowsAreNotSelectedOverlayRowsAre) {
     AddRow(80, 0);
-    AddRow(kErrorRow, 0);                    // stands at (0, 0)
+    AddRow(kErrorRow, 0);                    // is at (0, 0)
     AddRow(80, 90, MakeSymbolCode(5, 0, 2)); // symbol 0 hides it
     AddOverlay(kOverlayLines, 80, 180, CodeOfStyleRow(2));
     SelectAll();
@@ -174,7 +174,7 @@ TEST_F(MarqueeTest, AMarqueeOnAnotherPlotTakesTheSelectionWithIt) {
     EXPECT_TRUE(SelectedRowsOf(second).empty());
     StandMarquee(second, {0, 0}, {10, 10});
     EXPECT_TRUE(gSelectionRows.empty());
-    ClearSelectionOf(first); // no longer its own
+    ClearSelectionOf(first); // the marquee is no longer its own
     EXPECT_TRUE(MarqueeStandsOn(second));
     ClearSelectionOf(second);
     EXPECT_FALSE(MarqueeStands());
@@ -232,7 +232,7 @@ TEST_F(MarqueeTest, TheMarqueeHoldsWhatTheLayerHasInIt) {
     UseLayer(kAnnotationLayer);
     EXPECT_TRUE(gSelectionRows.empty());
     EXPECT_TRUE(MarqueeStands());
-    // Rows that were picked one by one are not about a place.
+    // Rows that were picked one by one do not depend on a position.
     SelectRows(gActivePlot, {1});
     UseLayer(kDataLayer);
     EXPECT_EQ(gSelectionRows, Rows{1});

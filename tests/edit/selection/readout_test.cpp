@@ -147,7 +147,7 @@ TEST_F(Readout, TheOddLastSectorKeepsItsSize) {
     record.PlotKind = kRose;
     ASSERT_TRUE(RoseCountSectors());
     ActiveRose().isCounted = true;
-    // 0 to 100, 260 to 360, 160 to 260, and 100 to 160 is left.
+    // 0 to 100, 260 to 360, 160 to 260, and 100 to 160 remains.
     EXPECT_EQ(ReadoutText(500 * std::sin(150 * kPi / 180), 500 * std::cos(150 * kPi / 180)),
               "150  [100 to 160: 1 data]");
     EXPECT_EQ(ReadoutText(500, 1), "090  [0 to 100: 0 data]");

@@ -175,7 +175,7 @@ TEST_F(LitArcsTest, RowsThatAreDrawnAsGreatCirclesLightUpAsThese) {
     EXPECT_EQ(arcs[0].colour, kWhite);
     EXPECT_EQ(arcs[1].colour, (Colour{10, 20, 30}));
     EXPECT_GT(arcs[0].state.drawWidth, arcs[1].state.drawWidth);
-    // The arc of the row itself, but for the whole numbers of its pole's place.
+    // The arc of the row itself, except that the position of its pole is rounded.
     double plunge = 0;
     double trend = 0;
     PoleOfPlane(DegToRad(30), DegToRad(120), plunge, trend);

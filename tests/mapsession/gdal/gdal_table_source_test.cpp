@@ -47,7 +47,7 @@ void ExpectMeasurements(const SessionTable& table) {
         const MapShape shape = table.ShapeOf(row);
         ASSERT_EQ(shape.size(), 1U) << row;
         ASSERT_EQ(shape[0].kind, MapPartKind::Points);
-        // Some of the formats keep coordinates as steps of a grid, of some centimetres here.
+        // Some of the formats store coordinates as steps of a grid, here of a few centimetres.
         ASSERT_NEAR(shape[0].points[0].x, measurement.x, 0.03) << row;
         ASSERT_NEAR(shape[0].points[0].y, measurement.y, 0.03) << row;
     }

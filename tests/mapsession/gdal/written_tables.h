@@ -40,7 +40,7 @@ inline Measurement MeasurementOf(int row) {
             kTypes[static_cast<std::size_t>(row % 3)]};
 }
 
-/// A folder of this test's own, gone with it.
+/// A folder for one test, removed with it.
 class ScratchFolder {
 public:
     ScratchFolder() {

@@ -88,7 +88,8 @@ std::vector<NamedDialog> AllDialogs() {
     };
 }
 
-/// Buttons that a user takes for such: what is chosen like a radio button is none.
+/// Controls that a user recognises as buttons: one that is chosen like a radio button does not
+/// count.
 bool IsButton(const QAbstractButton& button) {
     return (qobject_cast<const QPushButton*>(&button) != nullptr
             || qobject_cast<const QToolButton*>(&button) != nullptr || !button.isCheckable())
@@ -125,7 +126,7 @@ protected:
         gPlatform.prompts = &prompts;
         Press("mnuFileLoad_0");
         gPlatform.prompts = &batch_;
-        // Whatever a button brings up goes at once.
+        // Whatever a button opens is closed at once.
         QObject::connect(&closer_, &QTimer::timeout, [this] {
             QWidget* modal = QApplication::activeModalWidget();
             if (modal != nullptr && modal != dialog_) {
@@ -135,7 +136,7 @@ protected:
         closer_.start(0);
     }
 
-    /// What a press of a key does: the buttons clicked, and whether the dialog was left, and how.
+    /// What a press of a key does: the buttons clicked, and whether and how the dialog was closed.
     struct Outcome {
         std::vector<int> clicked;
         bool isOpen = true;

@@ -145,7 +145,7 @@ protected:
         return IsGreyNote(label) || dynamic_cast<const NoteLabel*>(&label) != nullptr;
     }
 
-    /// Gives the number of notes that were seen.
+    /// Returns the number of notes that were seen.
     static int Check(QWidget& window) {
         window.show();
         QCoreApplication::processEvents();
@@ -163,7 +163,7 @@ protected:
         return notes;
     }
 
-    /// The windows that need no plot of a kind of its own.
+    /// The windows that do not need a particular kind of plot.
     static void CheckWindows() {
         FormatQuestion question;
         question.command = "New";

@@ -90,7 +90,7 @@ QImage PictureOf(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
         .convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The picture as it is seen on a ground.
+/// The picture as it appears on a background.
 QImage OnGround(const QImage& picture, const QColor& ground) {
     QImage seen(picture.size(), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y) {
@@ -134,7 +134,7 @@ int InkedPixels(const QImage& picture) {
     return count;
 }
 
-/// The cover of all pixels together, of 255 each.
+/// The sum of the coverage of all pixels, each up to 255.
 int CoverOf(const QImage& picture) {
     int cover = 0;
     for (int y = 0; y < picture.height(); ++y) {
@@ -145,7 +145,7 @@ int CoverOf(const QImage& picture) {
     return cover;
 }
 
-/// Pixels of nearly full cover that have one colour, within the rounding of the cover.
+/// Pixels of nearly full coverage that have one colour, within the rounding of the coverage.
 int PixelsOf(const QImage& picture, const QColor& colour) {
     constexpr int kRounding = 2;
     int count = 0;

@@ -19,7 +19,7 @@ namespace {
 
 class WidgetQuestions : public EngineTest {
 protected:
-    /// Does this with the window that comes up next.
+    /// Does this with the next window that opens.
     static void WhenShown(const std::function<void(QWidget&)>& act) {
         QTimer::singleShot(0, [act] {
             ASSERT_NE(QApplication::activeModalWidget(), nullptr);
@@ -126,7 +126,7 @@ TEST_F(WidgetQuestions, StandOverTheDialogInUse) {
         QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_EQ(widgetPrompts.Ask({gCaption, "text", Icon::None, Buttons::Ok}), Button::Ok);
-    QWidget other; // the help, which is nobody's
+    QWidget other; // the help window, which has no parent
     other.show();
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));

@@ -37,7 +37,7 @@ using Pair = std::pair<std::int32_t, std::int32_t>;
 constexpr int kDip = 1;
 constexpr int kAzimuth = 2;
 
-/// Both windows over an engine of their own, told of the selection as the main window tells them.
+/// Both windows over an engine of their own, notified of the selection as by the main window.
 class DataDisplayTest : public EngineTest {
 protected:
     void SetUp() override {
@@ -130,7 +130,7 @@ protected:
         QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
     }
 
-    /// Types into the cell as a user does, up to and with the key that confirms.
+    /// Types into the cell as a user does, up to and including the key that confirms.
     static void Type(frmDataDisplay& window, int row, int column, const char* text,
                      Qt::Key key = Qt::Key_Return) {
         DoubleClick(window, row, column);
@@ -526,7 +526,7 @@ TEST_F(DataDisplayTest, WhatIsSelectedInALinkedPlotIsPicked) {
     ASSERT_NE(gActivePlot, parent);
     Points axesOfSecond;
     for (std::int32_t row = 1; row <= ActiveRecord().NumData; ++row) {
-        // P and T of a dip slip stand over the dip direction and opposite to it.
+        // P and T of a dip slip trend along the dip direction and opposite to it.
         if (gDataAz(gActivePlot, row) % 180 == 20) {
             axesOfSecond.push_back(row);
         }

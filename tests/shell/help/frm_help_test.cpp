@@ -34,7 +34,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where test programs lie, and so whence the pages of the sources are found.
+/// The folder of test programs, from which the pages of the sources are found.
 const QString kProgramFolder = QString(QUANDREL_SOURCE_DIR) + "/build/any/tests";
 
 class HelpWindowTest : public EngineTest {

@@ -167,7 +167,7 @@ TEST_F(MainWindow, TipsAndCaptionsAreTheProgramsOwn) {
         {"grpAnnotationButton", "Show annotation points"},
     };
     for (const auto& [name, tip] : tips) {
-        // A shortcut may stand behind the tip.
+        // A shortcut may follow the tip.
         EXPECT_EQ(ToolButton(name).toolTip().toStdString().rfind(tip, 0), 0U) << name;
         EXPECT_FALSE(ToolButton(name).accessibleName().isEmpty()) << name;
     }

@@ -391,7 +391,8 @@ TEST_F(MainCommands, CancellingTheFileDialogOfASessionWithoutPlotsMakesABlankPlo
     EXPECT_EQ(CountOpenPlots(), 1);
 }
 
-/// Each command that can be used, by its menu item and by its button, with what has to hold behind.
+/// Each command that can be used, by its menu item and by its button, with what must hold
+/// afterwards.
 TEST_F(MainCommands, MenuItemsAndButtonsDoTheSame) {
     struct Case {
         const char* command;

@@ -36,7 +36,7 @@ namespace {
 
 using Captions = std::map<QString, QStringList>; ///< by their underlined key
 
-/// Captions that are given as they are, and share a key in one menu: Qt goes from one to the other.
+/// Captions that are fixed, and share a key in one menu: Qt alternates between them.
 const std::set<QString> kGiven = {"Open Wor&kspace...", "Lin&k to Mapinfo..."};
 
 class Mnemonics : public MainWindowTest {
@@ -144,7 +144,7 @@ private:
 TEST_F(Mnemonics, OfTheMenusLeadToOneCommandEach) {
     CheckMainWindow();
     OpenFile("a.txt");
-    Press("mnuViewLegends_0"); // the girdle panel stands in the main window
+    Press("mnuViewLegends_0"); // the girdle panel is in the main window
     CheckMainWindow();
     Press("mnuPlotType_2");
     CheckMainWindow();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A hand that knows nothing: random presses, moves, keys and commands over several plots.
+// A user who knows nothing: random presses, moves, keys and commands over several plots.
 
 #include "core/data_format.h"
 #include "core/plot_life.h"

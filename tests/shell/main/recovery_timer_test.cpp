@@ -29,7 +29,7 @@ class RecoveryTimerTest : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        Click(); // a press without a release, by whoever, ends here
+        Click(); // a press without a release, from any other test, ends here
     }
 
     [[nodiscard]] fs::path Root() const { return folder / "state"; }
@@ -48,7 +48,7 @@ protected:
         return QTest::qWaitFor([&] { return Copies() == count; });
     }
 
-    /// Some rounds of the event loop, with whatever a timer of no delay has to do.
+    /// Some rounds of the event loop, including the work of timers without delay.
     static void LetEventsPass() {
         for (int round = 0; round < 3; ++round) {
             bool passed = false;

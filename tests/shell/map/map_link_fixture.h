@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The windows of the map link over the program's own session, for tests: tables that are grids of
-// points, and a main window to stand in.
+// points, and a main window that holds them.
 
 #pragma once
 
@@ -28,7 +28,7 @@ namespace quandrel {
 
 inline constexpr int kAcross = 20;
 inline constexpr int kRowsOfTable = 200;
-inline constexpr int kBadRow = 13; ///< its dip is none
+inline constexpr int kBadRow = 13; ///< its dip is invalid
 
 /// Where a row of the tables lies: a grid of points, one unit apart.
 inline MapPoint PlaceOfRow(int row) {
@@ -126,7 +126,7 @@ protected:
         Click("OpenMITable");
     }
 
-    /// Plots the table in front. Gives the plot's slot.
+    /// Plots the table in front. Returns the plot's slot.
     int PlotTable() {
         AcceptJoints();
         prompts.ExpectAny("invalid orientation data");
@@ -162,14 +162,14 @@ protected:
         QTest::mouseRelease(&Map(), button, {}, to);
     }
 
-    /// A browser of the table of the map. Gives its page.
+    /// A browser of the table of the map. Returns its page.
     MapBrowser& Browse(const std::string& table) {
         const auto id = OpenMIWindow(MapWindowKind::Browser, table);
         EXPECT_TRUE(id);
         return dynamic_cast<MapBrowser&>(*LinkForm()->Document(id.value_or(0)));
     }
 
-    /// The rows that a browser shows lit.
+    /// The rows that a browser highlights.
     static std::vector<int> LitIn(const MapBrowser& browser) {
         std::vector<int> rows;
         const QAbstractItemModel& model = *browser.Grid().model();
@@ -205,7 +205,7 @@ protected:
     int done = 0;
 };
 
-/// The rows of table rows that are data: each has the plot row of its number.
+/// The plot rows of the table rows that are data: the numbers are the same.
 inline Rows RowsOfPlot(const std::vector<int>& tableRows) {
     Rows rows;
     for (const int row : tableRows) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Every example in the first plot window of a common screen: its boxes hold all that they say.
+// Every example in the first plot window of a common screen: its boxes show the whole of their
+// texts.
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -122,7 +123,7 @@ protected:
         return gActivePlot;
     }
 
-    /// The lines of the legend that are cut, or fall out of its box.
+    /// The lines of the legend that are cut off, or lie outside its box.
     static QStringList CutLines(const frmPlotForms& form) {
         const QSize size = form.picLegendBox->PictureSize();
         const QSize net = form.picStereoArea->PictureSize();

@@ -175,7 +175,7 @@ TEST_F(PlotWindow, APlotFileOfManyDirectionsOpensAndIsPaintedWithoutAQuestion) {
     frmPlotForms& opened = FormOfSlot(gActivePlot);
     ASSERT_EQ(ActiveRecord().NumValidData, 2001);
     opened.grab();
-    opened.resize(opened.size() + QSize(80, 60)); // painted anew
+    opened.resize(opened.size() + QSize(80, 60)); // painted again
     opened.grab();
     EXPECT_TRUE(prompts.Shown().empty());
     EXPECT_GT(ActiveRecord().RoseMedian, 0) << "worked out all the same";
@@ -184,7 +184,7 @@ TEST_F(PlotWindow, APlotFileOfManyDirectionsOpensAndIsPaintedWithoutAQuestion) {
 TEST_F(PlotWindow, WhatHasToBeAskedWaitsForTheCommand) {
     PlotRecord& record = ActiveRecord();
     Press("mnuPlotType_2");
-    // A step that changes the plot, and comes to its drawing only after the window was painted.
+    // A step that changes the plot, and draws it only after the window was painted.
     record.RoseSectorSize = 100;
     record.RowsChanged = kTrue;
     form->resize(form->size() + QSize(80, 60));
@@ -231,7 +231,8 @@ protected:
         ActiveRecord().LayerVisible[kLegendLayer] = kTrue;
     }
 
-    /// Presses the right button on a box. The menu, or a null pointer where another one came up.
+    /// Presses the right button on a box. Returns the menu, or a null pointer if another one
+    /// opened.
     QMenu* MenuOf(QWidget& box) {
         auto* text = qobject_cast<QPlainTextEdit*>(&box);
         const QWidget* seen = text != nullptr ? text->viewport() : &box;

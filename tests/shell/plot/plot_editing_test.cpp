@@ -31,7 +31,8 @@ TEST_F(PlotEditing, AddSelectMoveUndo) {
     EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{3}));
     EXPECT_TRUE(IsEnabled("mnuEditSelection_1"));
 
-    // Pushed to the north by as much again, it keeps its trend on the line through both places.
+    // Moved to the north by the same distance, it keeps the trend of the line through both
+    // positions.
     Drag({600, 50}, {600 - 541, 50 + 541});
     EXPECT_EQ(gDataAz(gActivePlot, 3), 0);
     EXPECT_NEAR(gDataDip(gActivePlot, 3), 45, 1);
@@ -252,7 +253,7 @@ TEST_F(PlotEditing, RowsPasteBetweenPlotsOfDifferentKindsWithTheQuestionAnswered
 
 TEST_F(PlotEditing, TextOfASpreadsheetGoesThroughTheFormatDialogOnce) {
     int asked = 0;
-    ForgetPasteFormat(); // that of a test before
+    ForgetPasteFormat(); // that of an earlier test
     OpenFile("a.txt");
     prompts.OnFormat([&asked](const FormatQuestion& question) -> std::optional<FormatAnswer> {
         EXPECT_EQ(question.command, "Paste");

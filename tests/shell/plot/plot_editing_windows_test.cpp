@@ -86,8 +86,8 @@ protected:
         Press("mnuEditSelection_" + std::to_string(item));
     }
 
-    /// Undo and redo of an edit that was just made: the very rows and marks of before, then those
-    /// that the edit made.
+    /// Undo and redo of an edit that was just made: exactly the rows and marks of before, then
+    /// those that the edit made.
     void ExpectUndoAndRedo(const char* name, const std::vector<std::string>& before) {
         const std::vector<std::string> behind = State();
         EXPECT_NE(behind, before) << name;

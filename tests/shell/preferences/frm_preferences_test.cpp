@@ -64,7 +64,7 @@ protected:
 
     static QString Plain(QString text) { return text.remove('&'); }
 
-    /// All that the dialog says, without marks of keys.
+    /// All texts of the dialog, without marks of keys.
     [[nodiscard]] std::set<QString> Texts() const {
         std::set<QString> texts;
         for (const auto* label : dialog_->findChildren<QLabel*>()) {
@@ -531,7 +531,7 @@ TEST_F(PreferencesWindow, HelpIsShownInAWindowOfText) {
     }
 }
 
-/// Shows the preferences, changes some in the way of a user, and ends the dialog by a button.
+/// Shows the preferences, changes some as a user does, and ends the dialog by a button.
 class ShownPreferences : public PreferencesWindow {
 protected:
     static bool Answer(const char* button, bool save) {

@@ -69,7 +69,7 @@ protected:
         return dialog->Layout().plots.at(index);
     }
 
-    /// Types a text in place of what a box holds.
+    /// Replaces the contents of a box by typing a text.
     static void Type(QLineEdit& box, const char* text) {
         box.setFocus();
         box.selectAll();

@@ -77,7 +77,7 @@ TEST_F(RoseDialogTest, RefusesAnIntervalOfTooManyMarks) {
 }
 
 TEST_F(RoseDialogTest, CorrectsTheSamplingLineOnLeavingABox) {
-    dialog->activateWindow(); // the focus moves in the active window alone
+    dialog->activateWindow(); // the focus moves only in the active window
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     dialog->tabRose->setCurrentIndex(kRoseBiasPage);
     Check("optBias_1");
