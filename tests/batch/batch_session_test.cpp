@@ -509,7 +509,7 @@ TEST_F(Batch, ATextKeepsTheLinesWithoutDataWhereItIsAskedTo) {
     };
     EXPECT_EQ(saved("").find("sheared contact"), std::string::npos);
     EXPECT_NE(saved(" lines=all").find("sheared contact"), std::string::npos);
-    EXPECT_EQ(saved("").find("sheared contact"), std::string::npos) << "for that save alone";
+    EXPECT_EQ(saved("").find("sheared contact"), std::string::npos) << "only for that save";
     EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.txt\" lines=some"),
               "line 1: save: 'some' is not a value of lines: all");
     EXPECT_EQ(Run("open \"FOLDER/notes.txt\"; save \"FOLDER/x.qpx\" lines=all"),
@@ -576,7 +576,7 @@ TEST_F(Batch, DerivedPlotsAndRotationsAreCommands) {
     EXPECT_EQ(out.str(), "-1\n2\n");
     const auto dump = Dump(open + "rotate op=3 axis=0,0 angle=90");
     EXPECT_NE(dump["record"]["Modified"], 0);
-    EXPECT_NE(Run(open + "intersections"), "") << "a line is no plane";
+    EXPECT_NE(Run(open + "intersections"), "") << "a line is not a plane";
     out.str({});
     EXPECT_NE(Run(open + "kinematic 0 sense=normal; plot rose").find(kMixedRoseRefusal),
               std::string::npos);

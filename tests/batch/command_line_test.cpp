@@ -120,7 +120,7 @@ TEST_F(CommandLine, TheShortFormTakesAnyPath) {
         std::ifstream stream(In(name + ".json"));
         EXPECT_EQ(nlohmann::json::parse(stream)["record"]["FileNames"][1], data);
         EXPECT_EQ(Run({In(name + " saved.txt")}), kBatchDone) << log.str();
-        EXPECT_EQ(log.str(), "") << "the head of a file of our own is nothing to tell";
+        EXPECT_EQ(log.str(), "") << "the head of a file of our own is not reported";
     }
 }
 
@@ -283,7 +283,7 @@ TEST_F(CommandLine, JsonOnStandardOutputIsAlone) {
     EXPECT_TRUE(Logged("2 rows read, 2 of them data")) << "printed where it does not disturb";
     EXPECT_EQ(Run({"-c", "open \"" + data + "\"; get NumData; dump -; get NumData"}), kBatchDone);
     const std::string answers = out.str();
-    EXPECT_EQ(std::count(answers.begin(), answers.end(), '\n'), 3) << "a line each";
+    EXPECT_EQ(std::count(answers.begin(), answers.end(), '\n'), 3) << "a line for each";
 }
 
 /// What is printed, with a mark at each flush.

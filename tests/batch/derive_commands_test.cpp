@@ -54,7 +54,7 @@ TEST_F(DeriveCommands, MakeAxesNeverInventsASense) {
     EXPECT_EQ(MakeAxes("0", "reverse"), "");
     EXPECT_EQ(gDataDip(gActivePlot, 1), 15);
     EXPECT_EQ(gDataDip(gActivePlot, 2), -75);
-    EXPECT_NE(MakeAxes("0"), "") << "made anew the same question stands";
+    EXPECT_NE(MakeAxes("0"), "") << "made again, the same question is open";
     gActivePlot = parent;
     gData2Dip.At(parent, 1) = -60;
     EXPECT_EQ(MakeAxes("0"), "");

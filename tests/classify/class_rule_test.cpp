@@ -218,7 +218,7 @@ TEST(ClassOfName, KnowsCaseBeyondAscii) {
     const ClassRule rule = RuleOfClassTable(table, kNameClasses);
     EXPECT_EQ(ClassOfName(rule, "ärmelSAND"), 2);
     EXPECT_EQ(ClassOfName(rule, "grès"), 3);
-    EXPECT_EQ(ClassOfName(rule, "gres"), 1) << "an accent is no matter of case";
+    EXPECT_EQ(ClassOfName(rule, "gres"), 1) << "an accent is not a matter of case";
     EXPECT_EQ(ClassOfName(rule, "øyegneis"), 4);
     EXPECT_EQ(ClassOfName(rule, "ЯШМА"), 5);
     const ClassRule strict =

@@ -51,7 +51,7 @@ TEST(LetterCase, LeavesOtherCharactersAlone) {
 TEST(LetterCase, TellsLettersApart) {
     EXPECT_FALSE(EqualWithoutCase("Ä", "a"));
     EXPECT_FALSE(EqualWithoutCase("Ä", "Ö"));
-    EXPECT_FALSE(EqualWithoutCase("×", "÷")) << "they stand as far apart as a letter's two cases";
+    EXPECT_FALSE(EqualWithoutCase("×", "÷")) << "they are as far apart as a letter's two cases";
     EXPECT_FALSE(EqualWithoutCase("Р", "P")) << "Cyrillic and Latin";
     EXPECT_FALSE(EqualWithoutCase("slate", "slates"));
     EXPECT_FALSE(EqualWithoutCase("\xc3\x84", "\xc3\x84\xc3"));

@@ -114,14 +114,14 @@ TEST_F(Contours, LeaveOutSpecks) {
             (*ActiveRecord().DensityGrid)[at(i)][at(j)] = 2;
         }
     }
-    EXPECT_EQ(Trace().size(), lines + 1) << "nine nodes are no speck";
+    EXPECT_EQ(Trace().size(), lines + 1) << "nine nodes are not a speck";
 }
 
 TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
     MakeHill(60, 12);
     gSettings.styles.contours[1] = {7, kDashedLine, 3};
     const auto drawn = Trace();
-    ASSERT_EQ(drawn.size(), 4U) << "a closed line a level";
+    ASSERT_EQ(drawn.size(), 4U) << "a closed line for each level";
     const auto contours = ContoursOf(ActivePlot());
     for (std::size_t k = 0; k < drawn.size(); ++k) {
         EXPECT_EQ(drawn[k].kind, Kind::Polyline);

@@ -81,7 +81,7 @@ TEST_F(AssumedSenseOfFaults, IsAskedForAgainWhenAxesAreMadeAnew) {
     EXPECT_EQ(Line(child, 1), "75/270");
     SetSecondary(parent, 2, -1, 0);
     Make(kAxesOnOnePlot);
-    EXPECT_EQ(AssumedSense(RecordOf(child)), std::nullopt) << "now a row tells it";
+    EXPECT_EQ(AssumedSense(RecordOf(child)), std::nullopt) << "now a row states it";
 }
 
 TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
@@ -103,7 +103,7 @@ TEST_F(AssumedSenseOfFaults, GivesSlipLinesNoHeads) {
         LegendSample::Line);
     SetSecondary(slot, 1, -60, 90);
     ReplotActivePlot(false);
-    EXPECT_EQ(drawn("50/"), 2) << "one row that tells its sense is enough";
+    EXPECT_EQ(drawn("50/"), 2) << "one row that states its sense is enough";
     EXPECT_EQ(drawn("53/"), 0);
     EXPECT_NE(LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas).back().text,
               "Slip lines, sense unknown");

@@ -30,7 +30,7 @@ TEST(LeftBeside, KeepsThreeQuartersOfTheWindowOnTheScreen) {
     EXPECT_EQ(LeftBeside(1220, 400, 400, 1920), 1620) << "1620 + 300 is just on it";
     EXPECT_EQ(LeftBeside(1221, 400, 400, 1920), 1521) << "a step of a quarter";
     EXPECT_EQ(LeftBeside(1900, 400, 400, 1920), 1600);
-    EXPECT_EQ(LeftBeside(0, 10, 2, 5), 2) << "windows of no width end, too";
+    EXPECT_EQ(LeftBeside(0, 10, 2, 5), 2) << "windows of zero width end, too";
 }
 
 TEST_F(DerivedPlots, DescribeTheirOriginInALineOfItsOwn) {

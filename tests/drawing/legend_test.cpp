@@ -65,7 +65,7 @@ TEST_F(Legend, ALineHasColourPatternAndWidthOfWhatItStandsFor) {
     EXPECT_EQ(lines[0].colour, TableColour(7));
     EXPECT_EQ(lines[0].state.drawStyle, kDashedLine);
     EXPECT_EQ(lines[0].state.drawWidth, 3);
-    EXPECT_EQ(Form(gActivePlot).LegendSurface().State().drawStyle, kSolidLine) << "put back";
+    EXPECT_EQ(Form(gActivePlot).LegendSurface().State().drawStyle, kSolidLine) << "restored";
 }
 
 TEST_F(Legend, APatchHasFillAndShareOfTheWidthOfWhatItStandsFor) {

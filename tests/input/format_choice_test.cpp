@@ -337,12 +337,12 @@ TEST_F(FormatChoiceTest, GivesNewItemsTheNextFreeColumns) {
     after = choice;
     after.planeConvention = kStrikeDipSense;
     FollowFormat(choice, after);
-    EXPECT_EQ(after.columns[kSlotSense], 3) << "behind its strike and dip";
+    EXPECT_EQ(after.columns[kSlotSense], 3) << "after its strike and dip";
     after = choice;
     after.secondary = kSecondaryPlane;
     after.planeConvention = kDipSenseStrike;
     FollowFormat(choice, after);
-    EXPECT_EQ(after.columns[kSlotSecondaryDip], 4) << "behind the sense, 4";
+    EXPECT_EQ(after.columns[kSlotSecondaryDip], 4) << "after the sense, 4";
     EXPECT_EQ(after.columns[kSlotSecondarySense], 6) << "over the text, 6";
     EXPECT_EQ(after.columns[kSlotSecondaryDirection], 7);
 }

@@ -145,7 +145,7 @@ TEST_F(FormatSuspicionsTest, DoubtsTextsWhereNumbersAreWanted) {
     EXPECT_EQ(Reasons(choice, {"45 120 marl", "45 120 marl"}),
               Lines{"Column 3 is the value, but holds \"marl\" in line 1, which is not a number."});
     EXPECT_EQ(Reasons(choice, {"45 120 1", "45 120 -", "45 120 2"}), Lines{})
-        << "a gap is no reason";
+        << "a gap is not a reason";
     choice.columns[kSlotDip] = 2;
     choice.numericAppended = false;
     EXPECT_EQ(Reasons(choice, {"45 120 marl", "45 120 marl"}),
@@ -176,7 +176,7 @@ TEST_F(FormatSuspicionsTest, DoubtsSensesThatAreNone) {
     EXPECT_EQ(reasons[0],
               "Column 3 is the sense, but holds \"marl\" in line 1, which is not a sense of dip.");
     choice.columns[kSlotSense] = 1;
-    EXPECT_EQ(Reasons(choice, {"30 45SE", "210 45NW"}), Lines{}) << "behind the dip";
+    EXPECT_EQ(Reasons(choice, {"30 45SE", "210 45NW"}), Lines{}) << "after the dip";
 }
 
 // By the right-hand rule a strike of 30 dips to 120, the south-east, and one of 210 to 300.

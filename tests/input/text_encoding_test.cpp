@@ -48,7 +48,7 @@ TEST(TextEncoding, AFileTextReadsBackAsItWas) {
 TEST(TextEncoding, LengthOfUtf8EndsAtTheFirstWrongByte) {
     EXPECT_EQ(LengthOfUtf8("ab\xc3\xa9"), 4U);
     EXPECT_EQ(LengthOfUtf8("ab\xc3"), 2U);
-    EXPECT_EQ(LengthOfUtf8("\xed\xa0\x80"), 0U) << "half of a pair is no character";
+    EXPECT_EQ(LengthOfUtf8("\xed\xa0\x80"), 0U) << "half of a pair is not a character";
     std::string longer(300, 'a');
     longer.back() = '\xff';
     EXPECT_EQ(LengthOfUtf8(longer), 299U);

@@ -141,7 +141,7 @@ TEST_F(EmbeddedLink, TheToolsOfTheSessionReachThePlot) {
     // The session's own marquee selects first, and reports it afterwards.
     ASSERT_TRUE(MIRunMenuCommand(1722));
     points.session->UseTool(*map, {19.5, -1}, {21.5, 1}, {});
-    EXPECT_EQ(gSelectionRows, Rows{20}) << "21 is no data";
+    EXPECT_EQ(gSelectionRows, Rows{20}) << "21 holds no data";
     EXPECT_EQ(SelectedOnMap(), (std::vector<int>{20, 21})) << "it keeps its own selection";
 }
 

@@ -93,7 +93,7 @@ TEST(DrawMapWindow, SelectedPointsKeepTheFinePenOfSymbols) {
     const auto markers = OfKind(Drawn(sample.session->State(), map), Kind::Markers);
     ASSERT_EQ(markers.size(), 2U);
     EXPECT_EQ(markers[1].points.size(), 2U);
-    EXPECT_EQ(markers[1].state.drawWidth, 1) << "selected lines alone are broad";
+    EXPECT_EQ(markers[1].state.drawWidth, 1) << "only selected lines are broad";
 }
 
 TEST(DrawMapWindow, CutsLinesAtTheWindow) {

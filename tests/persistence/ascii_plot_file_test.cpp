@@ -236,7 +236,7 @@ TEST_F(NonDataLines, StandInTheirPlacesWhenTheyAreWanted) {
     gSettings.files.nonDataLines = true;
     EXPECT_EQ(Body(), "; measured in May\r\n30\t120\r\nsecond outcrop\r\n40\t200\r\n95\t200\r\n"
                       "50\t10\r\n; the end\r\n")
-        << "blank lines are no text, and a parameter line is another file's format";
+        << "blank lines are not text, and a parameter line is another file's format";
 }
 
 TEST_F(NonDataLines, AreReadBackAsWhatTheyWereAndTheHeadDoesNotGrow) {

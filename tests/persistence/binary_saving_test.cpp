@@ -241,7 +241,7 @@ TEST_F(BinarySaving, TheSliderFollowsTheGridOfTheFile) {
     plot.mode = kContours;
     OpenSample("grid.qpx", plot);
     EXPECT_EQ(gSettings.gridSize, 30);
-    EXPECT_FALSE(ActiveRecord().DensityGridFromFile) << "counted anew, at that density";
+    EXPECT_FALSE(ActiveRecord().DensityGridFromFile) << "counted again, at that density";
     EXPECT_EQ(ActiveRecord().GridSize, 30);
 }
 

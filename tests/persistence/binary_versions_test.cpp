@@ -224,7 +224,7 @@ TEST_F(BinaryVersions, GirdlesOfBeforeNineOneAreNamedAnew) {
     ASSERT_EQ(Load(SampleOfVersion({90, "", ""})), "9.0");
     EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][1]), "61/194");
     EXPECT_EQ(TextOf(ActiveRecord().AxisItems[9][1]), "item 9") << "named with the statistics";
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[7][1]), "") << "a girdle that is none has no name";
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[7][1]), "") << "an invalid girdle has no name";
     ASSERT_EQ(Load(SampleOfVersion({91, "", ""})), "9.1");
     EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][1]), "item 3");
 }

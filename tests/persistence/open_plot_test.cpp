@@ -209,7 +209,7 @@ TEST_F(OpenPlot, ADirectionsFileIsARoseWhateverWasAskedFor) {
     gPlotKind = kEqualAngle;
     Open("a.txt", "0\t120\n0\t360\n");
     EXPECT_EQ(ActiveRecord().PlotKind, kRose);
-    EXPECT_EQ(gPlotKind, kEqualArea) << "the next plot is no rose";
+    EXPECT_EQ(gPlotKind, kEqualArea) << "the next plot is not a rose";
     gPrimaryDataType = kPrimaryPlane;
     Open("b.txt", "30\t120\n");
     EXPECT_EQ(ActiveRecord().PlotKind, kEqualArea);

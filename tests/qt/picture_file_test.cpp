@@ -166,7 +166,7 @@ TEST_F(PictureFile, AFailureSaysWhyAndLeavesTheOldFile) {
     EXPECT_NE(Save(Path("missing/a.svg")).find("No such file"), std::string::npos);
     fs::create_symlink("/dev/full", Path("full.pdf"));
     EXPECT_NE(Save(Path("full.pdf")), "");
-    EXPECT_EQ(CountFiles(), 2U) << "nothing is left behind";
+    EXPECT_EQ(CountFiles(), 2U) << "no file is left over";
 
     ASSERT_EQ(Save(Path("old.png")), "");
     const std::string before = Bytes(Path("old.png"));

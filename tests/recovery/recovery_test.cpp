@@ -217,7 +217,7 @@ TEST_F(Recovery, ACopyGoesWithItsPlotThoughAnotherTakesTheSlot) {
     CloseWithLinks(closed);
     ASSERT_EQ(UnsavedPlot(), closed);
     session.DropSettled();
-    EXPECT_TRUE(CopiesThere().empty()) << "the copy is none of the new plot";
+    EXPECT_TRUE(CopiesThere().empty()) << "the copy does not belong to the new plot";
     EXPECT_EQ(session.PlotsToWrite(), std::vector<int>{closed});
 }
 

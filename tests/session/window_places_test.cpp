@@ -119,7 +119,7 @@ TEST_F(WindowPlaces, ASizeGivenByHandCountsOnlyWhileTheSettingSaysSo) {
     EXPECT_FLOAT_EQ(gPlotAspect, 0.5F);
     KeepPlotWindowSize(2000, 3000, 1000);
     EXPECT_EQ(gPlotWidthPercent, 100);
-    EXPECT_FLOAT_EQ(gPlotAspect, 1) << "the settings hold no higher windows";
+    EXPECT_FLOAT_EQ(gPlotAspect, 1) << "the settings hold no taller windows";
     gPlotWinLast = false;
 }
 

@@ -459,7 +459,7 @@ TEST_F(PlotMouseTest, ShiftAddsWhatItsFrameHolds) {
     Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
     EXPECT_EQ(gSelectionRows, (Rows{1, 2}));
     EXPECT_EQ(gMarquee, (std::array<float, 7>{0, -300, 100, 290, -200, 0, 9999}))
-        << "the last frame stands";
+        << "the last frame remains";
     Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kShiftKey);
     EXPECT_EQ(gSelectionRows, (Rows{1, 2})) << "rows are added once";
 }
@@ -518,7 +518,7 @@ TEST_F(PlotMouseTest, ShiftAddsNothingWhileAGirdleIsActive) {
     EXPECT_EQ(gSelectionRows, Rows{1});
     EXPECT_TRUE(IsGirdleShown(3));
     Drag({-300, 100}, {-10, -100}, kLeftMouseButton, kCtrlKey);
-    EXPECT_EQ(gSelectionRows, (Rows{1, 2})) << "Ctrl alone is no key of girdles";
+    EXPECT_EQ(gSelectionRows, (Rows{1, 2})) << "Ctrl alone is not a key of girdles";
 }
 
 TEST_F(PlotMouseTest, DragsAndKeysActOnAllSelectedRows) {
@@ -562,7 +562,7 @@ TEST_F(PlotMouseTest, OnTheAnnotationLayerShiftAddsAndCtrlToggles) {
     EXPECT_EQ(SelectedAnnotations(), std::vector<std::size_t>{1});
     EXPECT_TRUE(gSelectionRows.empty());
     Drag({-700, 300}, {700, -300});
-    EXPECT_EQ(SelectedAnnotations().size(), 3U) << "a plain frame begins anew";
+    EXPECT_EQ(SelectedAnnotations().size(), 3U) << "a plain frame starts a new selection";
 }
 
 TEST_F(PlotMouseTest, ARunOfStepsIsTakenBackAsOne) {

@@ -220,7 +220,7 @@ TEST_F(GirdleTest, NewGirdlesWearTheStyleOfTheMoment) {
     gAxisStyleTable[kUserGirdleStyle] = {9, kSolidLine, 1};
     EXPECT_TRUE(PressGirdle(kGirdleLeftButton, kGirdleShiftKey, 100, 300));
     ReleaseGirdle();
-    EXPECT_EQ(NumberOf(ValuesOf(2)[4]), 7) << "one that stands keeps its own";
+    EXPECT_EQ(NumberOf(ValuesOf(2)[4]), 7) << "one that is drawn keeps its own";
     gAxisStyleTable[kMeanGirdleStyle] = {1, 2, 3};
     gAxisStyleTable[kCalculatedGirdleStyle] = {4, 5, 6};
     CopyGirdleStyle(ActiveRecord(), 0);

@@ -273,7 +273,7 @@ TEST_F(MoveRows, AStepMakesOneFrameAboutTheRowsOfSeveral) {
     const Selection former = Selection::now;
     StandMarquee(gActivePlot, {400, 200}, {700, -200});
     SelectInMarquee(SelectionWay::Add, former);
-    ASSERT_FALSE(IsInMarquee({-541, 0})) << "the last frame alone stands";
+    ASSERT_FALSE(IsInMarquee({-541, 0})) << "only the last frame remains";
     ASSERT_EQ(NudgeSelection(0, 1), 2);
     for (const Point& place : PlacesOfRows(gActivePlot, gSelectionRows)) {
         EXPECT_TRUE(IsInMarquee(place)) << place.x;

@@ -265,7 +265,7 @@ TEST_F(RotationMenuTest, ANewStrikeStopsAtAFullTurn) {
     QTest::keyClicks(dialog->txtRotAngle[2], "-450");
     EXPECT_EQ(Text(2), "-450") << "a rotation angle is only checked";
     Choose(3);
-    EXPECT_EQ(Text(2), "") << "it is no strike";
+    EXPECT_EQ(Text(2), "") << "it is not a strike";
     Type(2, "30");
     Choose(2);
     EXPECT_EQ(Text(2), "30");

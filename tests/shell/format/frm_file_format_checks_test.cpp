@@ -318,7 +318,7 @@ TEST_F(FileFormatTest, DoesNotDoubtFilesThatItKnows) {
     Open();
     EXPECT_FALSE(Of<QLabel>("lblDataMismatch").isVisible());
     Of<QComboBox>("cboDelim").setCurrentText("tab");
-    EXPECT_TRUE(Of<QLabel>("lblDataMismatch").isVisible()) << "what cannot work is told always";
+    EXPECT_TRUE(Of<QLabel>("lblDataMismatch").isVisible()) << "what cannot work is always reported";
     gSettings.files.recent.clear();
     path_ = WriteFile("own.csv", std::string("/T1 /C1\n") + steep);
     Open();

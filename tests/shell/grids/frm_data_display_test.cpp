@@ -263,7 +263,7 @@ TEST_F(DataDisplayTest, ClosingWithoutEditsLeavesThePlotAlone) {
     frmDataDisplay& window = ShowPlot();
     DoubleClick(window, 0, kAzimuth);
     QTest::keyClick(window.txtCellContents, Qt::Key_Return);
-    EXPECT_EQ(EditedMark(window, 0), "") << "the same text is no edit";
+    EXPECT_EQ(EditedMark(window, 0), "") << "the same text is not an edit";
     window.cmdOK->click();
     EXPECT_EQ(ActiveRecord().Modified, 0);
     EXPECT_EQ(applications, 0);
@@ -438,7 +438,7 @@ TEST_F(DataDisplayTest, PickedRowsAreTheSelection) {
         Click(window, c.row, c.keys);
         EXPECT_EQ(gSelectionRows, c.points) << c.row;
         EXPECT_EQ(Selection::now.slot, gActivePlot);
-        EXPECT_EQ(selections, before + 1) << "told once, round no loop";
+        EXPECT_EQ(selections, before + 1) << "notified once, without a loop";
         Rows rows;
         for (const std::int32_t point : c.points) {
             rows.push_back(static_cast<std::size_t>(point) - 1);

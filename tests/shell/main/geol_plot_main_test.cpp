@@ -405,7 +405,7 @@ TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     QApplication::sendEvent(main.get(), &drop);
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the files stay where they are";
     QApplication::processEvents();
-    EXPECT_EQ(CountOpenPlots(), 2) << "a folder is no file";
+    EXPECT_EQ(CountOpenPlots(), 2) << "a folder is not a file";
     QMimeData text;
     text.setText("30 120");
     QDragEnterEvent other(QPoint(50, 50), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);

@@ -488,7 +488,7 @@ TEST_F(MainCommands, TextsAreSeenWithoutAPlotToo) {
     EXPECT_EQ(Info(), "The data format applies to the next file");
     OpenFile("a.txt");
     Press("mnuFileClose_0");
-    EXPECT_EQ(Info(), "") << "what was told of a plot goes with the last one";
+    EXPECT_EQ(Info(), "") << "what was reported about a plot goes with the last one";
 }
 
 TEST_F(MainCommands, ThePictureOfANewPlotIsOfferedUnderItsTitle) {

@@ -27,7 +27,7 @@ TEST_F(MapinfoWindow, AStartOpensTheWindowWithItsMenusAndShowsTheToolbar) {
     EXPECT_EQ(form->windowTitle(), "MapInfo link window");
     EXPECT_EQ(form->lblMIStatus->text(), "Use 'File_Open' to select a MapInfo Table for linking");
     EXPECT_TRUE(toolbar->isVisible());
-    EXPECT_GE(form->x(), room->viewport()->width() / 2) << "a plot stands beside it";
+    EXPECT_GE(form->x(), room->viewport()->width() / 2) << "a plot is beside it";
     EXPECT_TRUE(MapButton("OpenMITable").isEnabled());
     EXPECT_FALSE(MapButton("PlotMITable").isEnabled());
     EXPECT_FALSE(MapButton("SelectTool").isEnabled());

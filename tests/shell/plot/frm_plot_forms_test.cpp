@@ -70,7 +70,7 @@ TEST_F(PlotWindow, FocusOnATextShowsItsHint) {
     EXPECT_EQ(Hint(), "Enter description of data if required");
     form->txtFabricBox->setFocus();
     EXPECT_EQ(Hint(), "Enter name of structural fabric");
-    EXPECT_EQ(Info(), told) << "a message has a place of its own";
+    EXPECT_EQ(Info(), told) << "a message has its own place";
     main->SetStatusText("something");
     EXPECT_EQ(Info(), "something");
     EXPECT_EQ(Hint(), "Enter name of structural fabric") << "a message takes no hint away";

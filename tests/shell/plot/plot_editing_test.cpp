@@ -82,7 +82,7 @@ TEST_F(PlotEditing, TheStatusLineCountsTheSelectedRowsAfterRedrawsToo) {
     EXPECT_NE(Info(), "3 rows selected");
     QTest::keyClick(&Net(), Qt::Key_Z, Qt::ControlModifier);
     ASSERT_EQ(gSelectionRows.size(), 3U);
-    EXPECT_EQ(Info(), "3 rows selected") << "after rows have come back";
+    EXPECT_EQ(Info(), "3 rows selected") << "after rows are restored";
     Press("mnuPlotSymbols_0");
     EXPECT_EQ(Info(), "3 rows selected by their poles");
     QTest::keyClick(&Net(), Qt::Key_Escape);
@@ -416,7 +416,7 @@ TEST_F(PlotEditing, MovingTheMouseDrawsNoPlotAnew) {
     EXPECT_TRUE(requests.Causes().empty());
     EXPECT_EQ(Net().Image(), before);
     EXPECT_EQ(gSelectionRows.size(), 3U);
-    EXPECT_NE(Net().grab().toImage(), before) << "rings and marquee stand above the picture";
+    EXPECT_NE(Net().grab().toImage(), before) << "rings and marquee are above the picture";
 }
 
 } // namespace

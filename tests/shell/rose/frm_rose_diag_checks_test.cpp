@@ -247,7 +247,7 @@ TEST_F(RoseDialogTest, AFaultOfValuesClosesTheirKinds) {
     EXPECT_TRUE(IsOpen("optRoseType_7"));
     gAppNumeric.At(gActivePlot, 1) = 2;
     dialog->FollowActivePlot();
-    EXPECT_TRUE(IsOpen("optRoseType_1")) << "data loaded anew may have values";
+    EXPECT_TRUE(IsOpen("optRoseType_1")) << "newly loaded data may have values";
 }
 
 TEST_F(RoseDialogTest, AFaultOfTypesGivesTheirClassesUp) {

@@ -356,7 +356,7 @@ TEST_F(RoseDialogTest, FollowsAFaultOfAnotherCommandOnce) {
     EXPECT_TRUE(Of<QAbstractButton>("optRoseType_0").isChecked());
     Check("optRoseType_7");
     dialog->FollowActivePlot();
-    EXPECT_TRUE(Of<QAbstractButton>("optRoseType_7").isChecked()) << "it is told of once";
+    EXPECT_TRUE(Of<QAbstractButton>("optRoseType_7").isChecked()) << "it is reported once";
 }
 
 /// The letters of the Alt keys that work while a page shows.
