@@ -13,7 +13,7 @@
 #include "edit/marks/annotations.h"
 #include "edit/marks/small_circles.h"
 #include "orientation/projection.h"
-#include "rose/rose_plot.h"
+#include "rose/draw_rose.h"
 #include "stereo/great_circles.h"
 #include "stereo/net.h"
 #include "stereo/row_drawing.h"

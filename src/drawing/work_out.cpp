@@ -86,7 +86,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
     }
     KeepAxesApart(plot);
     if (record.PlotKind == kRose) {
-        WorkOutRose(plot, how.cause, how.formulas);
+        WorkOutRose(plot, how.cause, how.formulas, how.watcher);
         return;
     }
     // A change of the main rows of a plot with overlays also affects its statistics.

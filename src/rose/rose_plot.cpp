@@ -9,9 +9,8 @@
 #include "core/settings.h"
 #include "platform/platform.h"
 #include "rose/circular_statistics.h"
+#include "rose/draw_rose.h"
 #include "rose/rose_confidence.h"
-#include "rose/rose_furniture.h"
-#include "rose/rose_mean.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"
@@ -35,7 +34,6 @@ constexpr const char* kFrequenciesAlone =
     "\nThese data will only be plotted as Frequency-Azimuth roses.";
 constexpr const char* kSetClasses = "Set them under Classification of sectors in the rose dialog, "
                                     "or by classify in a script.";
-constexpr const char* kCountingText = "Please wait - calculating rose diagram sectors";
 
 void Stop(const std::string& text) {
     (void)gPlatform.prompts->Ask({gCaption, text, Icon::Stop, Buttons::Ok});
@@ -131,17 +129,38 @@ void KeepStatistics(Plot& plot, Formulas formulas) {
     RememberRose(plot, formulas);
 }
 
+/// Shows that rows are being counted, for the scope of a block.
+class CountingText {
+public:
+    explicit CountingText(StatusLine* watcher)
+        : watcher_(watcher) {
+        Show("Please wait - calculating rose diagram sectors");
+    }
+
+    ~CountingText() { Show({}); }
+
+    CountingText(const CountingText&) = delete;
+    CountingText& operator=(const CountingText&) = delete;
+
+private:
+    void Show(const std::string& text) {
+        if (watcher_ != nullptr) {
+            watcher_->SetText(text);
+        }
+    }
+
+    StatusLine* watcher_;
+};
+
 /// Counts rows and computes statistics after a change. False when the user cancels.
-bool CountAnew(Plot& plot, Formulas formulas) {
-    gPlatform.status->SetText(kCountingText);
+bool CountAnew(Plot& plot, Formulas formulas, StatusLine* watcher) {
+    const CountingText text(watcher);
     if (!CountRose(plot, MayAsk::Yes)) {
-        gPlatform.status->SetText({});
         return false;
     }
     MendFault(plot);
     CheckClasses(plot);
     KeepStatistics(plot, formulas);
-    gPlatform.status->SetText({});
     return true;
 }
 
@@ -152,7 +171,7 @@ void CountAgain(Plot& plot, Formulas formulas, MayAsk mayAsk) {
 }
 
 /// Updates the tables of the plot. False when there is nothing to draw.
-bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
+bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas, StatusLine* watcher) {
     const bool recalculate = cause == ReplotCause::Rows;
     if (!recalculate && IsRoseRefused(plot)) {
         return false;
@@ -163,7 +182,7 @@ bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas) {
             return false; // the command that changed the plot counts and asks its questions
         }
     } else if (recalculate || plot.record.RoseRangeA[0][kInPerCent] == 0 || isStale) {
-        if (CountAnew(plot, formulas)) {
+        if (CountAnew(plot, formulas, watcher)) {
             return true;
         }
         if (!RestoreRose(plot, formulas)) {
@@ -264,8 +283,9 @@ int TakeRoseFault(Plot& plot) {
     return std::exchange(RoseOf(plot).fault, kNoRoseFault);
 }
 
-void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas) {
-    WorkOutPetals(plot, plot.record.NumValidData != 0 && PrepareTables(plot, cause, formulas));
+void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas, StatusLine* watcher) {
+    WorkOutPetals(plot,
+                  plot.record.NumValidData != 0 && PrepareTables(plot, cause, formulas, watcher));
     if (RoseOf(plot).isShown) {
         StoreRoseInterval(plot.record);
         WriteTexts(plot, RoseStatsShort(plot, formulas), RoseStatsFull(plot, formulas));
@@ -292,18 +312,10 @@ void WorkOutRoseUnasked(Plot& plot, Formulas formulas) {
     StoreRoseInterval(plot.record);
 }
 
-void DrawRose(const Plot& plot, const Drawing& drawing) {
-    if (RoseOf(plot).isShown) {
-        DrawRoseWedges(plot, drawing);
-        DrawRoseScale(plot, drawing);
-        DrawRoseMean(plot, drawing);
-    }
-}
-
 void RosePlot(bool recalculate) {
     const Drawing drawing = WindowDrawing(gActivePlot);
     WorkOutRose(ActivePlot(), recalculate ? ReplotCause::Rows : ReplotCause::Settings,
-                gSettings.notation.formulas);
+                drawing.formulas, drawing.watcher);
     DrawRose(ActivePlot(), drawing);
 }
 

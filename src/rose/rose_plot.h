@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The rose of a plot, from its rows to its texts and its drawing: the rose branch of the plot
-// driver. It is first computed, then drawn.
+// The rose of a plot, from its rows to its petals and texts: the rose branch of the plot driver.
+// draw_rose.h then draws it.
 //
 // This folder holds roses: sectors, counts, circular statistics, petals, scale, and the rules of
 // the dialog. The kernels are functions of values.
@@ -13,8 +13,8 @@
 
 #include "core/plot.h"
 #include "core/replot.h"
+#include "platform/status_line.h"
 #include "rose/rose_tables.h"
-#include "stereo/drawing.h"
 
 namespace quandrel {
 
@@ -47,11 +47,12 @@ inline constinit auto& gRoseClassWarned = RoseWarnings::now.ofDelimiters;
 ///               tables are out of date; the statistics are then kept while rows and settings are
 ///               unchanged. Repaint asks nothing: a rose that is out of date has nothing to draw
 /// @param formulas  of the circular statistics
+/// @param watcher  shows a text while rows are counted; may be null
 ///
 /// Settings that the data cannot show give a message and a rose of frequencies. When the user
 /// rejects a smaller last sector, the old rose of the plot stays, with its settings; without an old
 /// rose there is nothing to draw until rows or size change.
-void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas);
+void WorkOutRose(Plot& plot, ReplotCause cause, Formulas formulas, StatusLine* watcher = nullptr);
 
 /// Computes the rose of a plot for a page or a file: counts rows that were never counted or whose
 /// tables are out of date. No text changes, and there are no questions or messages.
@@ -61,10 +62,6 @@ void WorkOutRoseUnseen(Plot& plot, Formulas formulas);
 /// questions or messages, and several threads can compute plots of their own. The data must be able
 /// to show the rose, as they always can for frequencies without classes.
 void WorkOutRoseUnasked(Plot& plot, Formulas formulas);
-
-/// Draws the rose of a plot as last computed: wedges, scale and mean. Several threads can call it
-/// at the same time.
-void DrawRose(const Plot& plot, const Drawing& drawing);
 
 /// Computes and draws the rose of gActivePlot.
 ///

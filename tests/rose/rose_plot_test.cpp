@@ -2,6 +2,7 @@
 
 #include "core/data_format.h"
 #include "core/settings.h"
+#include "rose/draw_rose.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"
 #include "rose/rose_sectors.h"

@@ -3,6 +3,7 @@
 // Roses that threads draw at once, each onto a surface of its own.
 
 #include "platform/scripted/recording_surface.h"
+#include "rose/draw_rose.h"
 #include "rose/rose_plot.h"
 #include "support/test_platform.h"
 
