@@ -130,57 +130,64 @@ std::vector<GlyphPart> SlipEndParts(double h, bool upward) {
     return parts;
 }
 
-std::vector<GlyphPart> PartsOf(int symbolCode, double size, double angle) {
-    const double s = size;
+using Parts = std::vector<GlyphPart>;
+
+/// The shapes of the symbols from kFirstTableSymbol to kLastTableSymbol, by their size.
+constexpr auto kTableShapes = std::to_array<Parts (*)(double)>({
+    [](double s) { return Parts{CirclePart(4 * s, Ink::Filled)}; },
+    [](double s) { return Parts{SquarePart(4 * s, Ink::Filled)}; },
+    [](double s) { return Parts{PlusPart(2 * s, Ink::Filled)}; },
+    [](double s) { return Parts{CirclePart(5 * s, Ink::White)}; },
+    [](double s) {
+        return Parts{CirclePart(5 * s, Ink::White), CirclePart(2.5 * s, Ink::Filled)};
+    },
+    [](double s) { return Parts{CirclePart(4 * s, Ink::Outline)}; },
+    [](double s) { return Parts{SquarePart(4 * s, Ink::Outline)}; },
+    [](double s) { return Parts{PlusPart(2 * s, Ink::Outline)}; },
+    [](double s) { return Parts{TrianglePart(8 * s, 1, Ink::Filled)}; },
+    [](double s) { return Parts{TrianglePart(8 * s, -1, Ink::Filled)}; },
+    [](double s) { return Parts{DiamondPart(4 * s, Ink::Filled)}; },
+    [](double s) { return Parts{StarPart(5, 6 * s, 2.4 * s, Ink::Filled)}; },
+    [](double s) {
+        return Parts{LinePart({-5 * s, -5 * s}, {5 * s, 5 * s})};
+    },
+    [](double s) {
+        return Parts{LinePart({-5 * s, 5 * s}, {5 * s, -5 * s})};
+    },
+    [](double s) {
+        return Parts{LinePart({-5 * s / 1.4, -5 * s / 1.4}, {5 * s / 1.4, 5 * s / 1.4}),
+                     LinePart({-5 * s / 1.4, 5 * s / 1.4}, {5 * s / 1.4, -5 * s / 1.4})};
+    },
+    [](double s) { return CompassParts(3 * s); },
+});
+static_assert(kTableShapes.size() == kLastTableSymbol - kFirstTableSymbol + 1,
+              "each code of the table has one shape");
+
+/// The parts of a named symbol; none for other codes.
+Parts PartsOfNamed(int symbolCode, double size, double angle) {
     switch (symbolCode) {
     case kPixelSymbol:
         return {{Kind::Pixel, Ink::Filled, {{0, 0}}, 0}};
-    case 2:
-        return {CirclePart(4 * s, Ink::Filled)};
-    case 3:
-        return {SquarePart(4 * s, Ink::Filled)};
-    case 4:
-        return {PlusPart(2 * s, Ink::Filled)};
-    case 5:
-        return {CirclePart(5 * s, Ink::White)};
-    case 6:
-        return {CirclePart(5 * s, Ink::White), CirclePart(2.5 * s, Ink::Filled)};
-    case 7:
-        return {CirclePart(4 * s, Ink::Outline)};
-    case 8:
-        return {SquarePart(4 * s, Ink::Outline)};
-    case 9:
-        return {PlusPart(2 * s, Ink::Outline)};
-    case 10:
-        return {TrianglePart(8 * s, 1, Ink::Filled)};
-    case 11:
-        return {TrianglePart(8 * s, -1, Ink::Filled)};
-    case 12:
-        return {DiamondPart(4 * s, Ink::Filled)};
-    case 13:
-        return {StarPart(5, 6 * s, 2.4 * s, Ink::Filled)};
-    case 14:
-        return {LinePart({-5 * s, -5 * s}, {5 * s, 5 * s})};
-    case 15:
-        return {LinePart({-5 * s, 5 * s}, {5 * s, -5 * s})};
-    case 16:
-        return {LinePart({-5 * s / 1.4, -5 * s / 1.4}, {5 * s / 1.4, 5 * s / 1.4}),
-                LinePart({-5 * s / 1.4, 5 * s / 1.4}, {5 * s / 1.4, -5 * s / 1.4})};
-    case 17:
-        return CompassParts(3 * s);
     case kSlipArrowSymbol:
-        return ArrowParts(s, angle);
+        return ArrowParts(size, angle);
     case kSlipLineSymbol:
-        return SlipLineParts(s, angle);
+        return SlipLineParts(size, angle);
     case kSlipEndSymbol:
-        return SlipEndParts(s, false);
+        return SlipEndParts(size, false);
     case kSlipUpEndSymbol:
-        return SlipEndParts(s, true);
+        return SlipEndParts(size, true);
     case kLargeCircleSymbol:
         return {CirclePart(100, Ink::Outline)};
     default:
         return {};
     }
+}
+
+Parts PartsOf(int symbolCode, double size, double angle) {
+    if (symbolCode < kFirstTableSymbol || symbolCode > kLastTableSymbol) {
+        return PartsOfNamed(symbolCode, size, angle);
+    }
+    return kTableShapes[static_cast<std::size_t>(symbolCode - kFirstTableSymbol)](size);
 }
 
 /// Glyphs that do not rotate, made once each. Their addresses are stable, so that one thread may

@@ -12,7 +12,12 @@
 
 namespace quandrel {
 
-/// Codes of the named symbols. The others, 2 to 17, are in the table of glyphs.
+/// Codes of the symbols in the table of shapes. The user chooses among them, kNoSymbol and
+/// kPixelSymbol.
+inline constexpr int kFirstTableSymbol = 2;
+inline constexpr int kLastTableSymbol = 17;
+
+/// Codes of the named symbols.
 enum SymbolCodeNumber : int {
     kNoSymbol = 0,    ///< hides a row
     kPixelSymbol = 1, ///< one logical pixel

@@ -4,8 +4,12 @@
 #include "golden/drawing_text.h"
 #include "golden/golden_file.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
+
+#include <cstdlib>
+#include <optional>
 
 namespace quandrel {
 namespace {
@@ -86,6 +90,48 @@ TEST(Difference, ShowsTheFirstLinesThatDifferAfterThoseBeforeThem) {
     EXPECT_EQ(DifferenceOf("1\n2\n3\n4\n5\nold\n7\n", "1\n2\n3\n4\n5\nnew\n7\n"),
               "  3: 3\n  4: 4\n  5: 5\n- 6: old\n- 7: 7\n+ 6: new\n+ 7: 7\n");
     EXPECT_EQ(DifferenceOf("1\n", "1\n2\n"), "  1: 1\n+ 2: 2\n");
+}
+
+/// Compares rather than rewrites for the scope of a block.
+class ComparedAlone {
+public:
+    ComparedAlone() {
+        if (const char* value = std::getenv(kSwitch)) {
+            former_ = value;
+            ::unsetenv(kSwitch);
+        }
+    }
+
+    ~ComparedAlone() {
+        if (former_) {
+            ::setenv(kSwitch, former_->c_str(), 1);
+        }
+    }
+
+    ComparedAlone(const ComparedAlone&) = delete;
+    ComparedAlone& operator=(const ComparedAlone&) = delete;
+
+private:
+    static constexpr const char* kSwitch = "QUANDREL_WRITE_GOLDEN";
+    std::optional<std::string> former_;
+};
+
+TEST(ExpectGolden, FailsWithTheDifferenceAndBothPictures) {
+    const ComparedAlone compared;
+    const std::filesystem::path left(QUANDREL_GOLDEN_OUTPUT "/symbols");
+    for (const char* side : {"00.expected.svg", "00.actual.svg"}) {
+        std::filesystem::remove(left / side);
+    }
+    EXPECT_NONFATAL_FAILURE(ExpectGolden("symbols/00", TextOfDrawing(SampleDrawing())),
+                            "+ 1: drawing \"sample\"");
+    EXPECT_NE(BytesOf(left / "00.expected.svg").find("<svg"), std::string::npos);
+    EXPECT_NE(BytesOf(left / "00.actual.svg").find("quoted"), std::string::npos);
+}
+
+TEST(ExpectGolden, FailsWithoutAReferenceFile) {
+    const ComparedAlone compared;
+    EXPECT_NONFATAL_FAILURE(ExpectGolden("symbols/none", TextOfDrawing(SampleDrawing())),
+                            "+ 1: drawing");
 }
 
 TEST(DrawingPicture, IsAFileForEyes) {

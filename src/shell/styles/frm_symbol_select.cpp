@@ -33,7 +33,7 @@ constexpr int kColoursInLine = 13;
 constexpr int kPageStep = 5;
 constexpr SymbolRow kCellStyle{5, 0, 3}; ///< black; the symbol is that of the cell
 
-constexpr std::array<const char*, kPickedSymbols> kSymbolNames = {
+constexpr auto kSymbolNames = std::to_array<const char*>({
     "none: hides the rows",
     "dot of one pixel",
     "filled circle",
@@ -52,7 +52,8 @@ constexpr std::array<const char*, kPickedSymbols> kSymbolNames = {
     "diagonal, falling",
     "cross",
     "compass mark",
-};
+});
+static_assert(kSymbolNames.size() == kPickedSymbols, "each symbol has a name");
 
 constexpr std::array<const char*, kPickedFills> kFillNames = {
     "solid",        "transparent",   "horizontal lines", "vertical lines",

@@ -15,6 +15,7 @@
 
 #include "core/style_tables.h"
 #include "shell/styles/style_patch.h"
+#include "stereo/symbols.h"
 
 #include <QDialog>
 #include <QString>
@@ -32,8 +33,8 @@ class QSpinBox;
 
 namespace quandrel {
 
-inline constexpr int kPickedSymbols = 18; ///< codes 0 to 17
-inline constexpr int kPickedFills = 8;    ///< fill styles 0 to 7
+inline constexpr int kPickedSymbols = kLastTableSymbol + 1; ///< codes 0 to kLastTableSymbol
+inline constexpr int kPickedFills = 8;                      ///< fill styles 0 to 7
 inline constexpr int kLargestSymbolSize = 20;
 
 /// The name of a symbol code from 0 to kPickedSymbols - 1.
