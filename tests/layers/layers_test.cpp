@@ -2,134 +2,20 @@
 //
 // The rules of the tree: which folder of src/ may include which, and who may know Qt.
 
+#include "layers/folder_rules.h"
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <set>
 
 namespace quandrel {
 namespace {
 
 namespace fs = std::filesystem;
 
-using Folders = std::set<std::string>;
-
 constexpr int kMostPairs = 12; ///< headers with their sources in a room of the windows
 constexpr int kLeastLinesOfChief = 5;
-
-/// A set of folders with further ones.
-Folders Above(Folders folders, std::initializer_list<const char*> more) {
-    for (const char* folder : more) {
-        folders.insert(folder);
-    }
-    return folders;
-}
-
-/// Each folder without Qt with the folders that it may include from.
-const std::map<std::string, Folders>& EngineIncludes() {
-    static const Folders ground = {"platform", "orientation"};
-    static const Folders onCore = Above(ground, {"core"});
-    static const Folders onStereo = Above(onCore, {"stereo"});
-    static const Folders onInput = Above(onStereo, {"input"});
-    static const Folders onDensity = Above(onStereo, {"density"});
-    static const Folders onAll =
-        Above(onInput, {"rotation", "derive", "statistics", "density", "classify", "rose"});
-    static const Folders onMarks = Above(onAll, {"edit/selection", "edit/history", "edit/marks"});
-    static const Folders onRows = Above(onMarks, {"edit/rows"});
-    static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
-    static const Folders onDrawing = Above(onEdits, {"drawing", "platform/scripted"});
-    static const Folders onSession =
-        Above(onDrawing, {"mapinfo", "persistence", "print", "session"});
-    static const std::map<std::string, Folders> allowed = {
-        {"platform", {}},
-        {"platform/scripted", {"platform"}},
-        {"orientation", {}},
-        {"mapsession", {"platform"}},
-        {"mapsession/gdal", {"mapsession"}},
-        {"mapsession/windows", {"platform"}},
-        {"core", ground},
-        {"stereo", onCore},
-        {"input", onStereo},
-        {"rotation", onInput},
-        {"persistence", onInput},
-        {"derive", onInput},
-        {"statistics", onStereo},
-        {"density", onStereo},
-        {"classify", onDensity},
-        {"rose", Above(onDensity, {"classify"})},
-        {"edit/selection", onAll},
-        {"edit/history", Above(onAll, {"edit/selection"})},
-        {"edit/marks", Above(onAll, {"edit/selection", "edit/history"})},
-        {"edit/rows", onMarks},
-        {"edit/grids", onRows},
-        {"edit/commands", onRows},
-        {"mapinfo", onEdits},
-        {"drawing", onMarks},
-        {"print", onDrawing},
-        {"session", Above(onDrawing, {"mapinfo", "persistence", "print"})},
-        {"recovery", onSession},
-        {"preferences", onSession},
-        {"help", onCore},
-        // The public headers, below include/.
-        {"quandrel", {}},
-        {"border", Above(onMarks, {"quandrel", "persistence", "drawing"})},
-    };
-    return allowed;
-}
-
-/// The same for the rooms of the windows, from the bottom up, in addition to the engine and qt.
-const std::map<std::string, Folders>& RoomIncludes() {
-    static const Folders onControls = {"shell/controls"};
-    static const Folders onStyles = Above(onControls, {"shell/styles"});
-    static const Folders onFormat = Above(onStyles, {"shell/format", "shell/files"});
-    static const Folders onClasses = Above(onStyles, {"shell/classes"});
-    static const Folders onDialogs = Above(onFormat, {"shell/dialogs"});
-    static const Folders onPlot = Above(onDialogs, {"shell/classes", "shell/rose", "shell/plot"});
-    static const Folders onAll = Above(
-        onPlot, {"shell/grids", "shell/help", "shell/map", "shell/preferences", "shell/print"});
-    static const std::map<std::string, Folders> allowed = {
-        {"shell/controls", {}},
-        {"shell/styles", onControls},
-        {"shell/classes", onStyles},
-        {"shell/rose", onClasses},
-        {"shell/grids", onControls},
-        {"shell/files", onControls},
-        {"shell/print", onControls},
-        {"shell/help", onControls},
-        {"shell/map", Above(onControls, {"mapsession", "mapsession/windows"})},
-        {"shell/format", onStyles},
-        {"shell/dialogs", onFormat},
-        {"shell/preferences", onDialogs},
-        {"shell/plot", Above(onDialogs, {"shell/classes", "shell/rose"})},
-        {"shell/main", onAll},
-        {"shell", Above(onAll, {"shell/main"})}, // the program's start
-    };
-    return allowed;
-}
-
-/// Each folder with the folders that it may include from. Its own is always allowed.
-const std::map<std::string, Folders>& AllowedIncludes() {
-    static const std::map<std::string, Folders> allowed = [] {
-        std::map<std::string, Folders> all = EngineIncludes();
-        Folders engine;
-        for (const auto& [folder, includes] : all) {
-            if (!folder.starts_with("mapsession") && folder != "border" && folder != "quandrel") {
-                engine.insert(folder);
-            }
-        }
-        all["qt"] = engine;
-        engine.insert("qt");
-        all["batch"] = engine;
-        for (const auto& [room, includes] : RoomIncludes()) {
-            all[room] = engine;
-            all[room].insert(includes.begin(), includes.end());
-        }
-        return all;
-    }();
-    return allowed;
-}
 
 struct Include {
     fs::path file;
@@ -158,7 +44,7 @@ std::vector<Include> IncludesOf(const fs::path& file) {
     return includes;
 }
 
-/// Every include of every source below src/, by the folder of the source.
+/// Every include of every source below src/, by the folder that it stands in.
 std::map<std::string, std::vector<Include>> IncludesByFolder() {
     const fs::path root = fs::path(QUANDREL_SOURCE_DIR) / "src";
     std::map<std::string, std::vector<Include>> found;
@@ -190,7 +76,7 @@ std::map<std::string, std::string> ChiefHeaders() {
     return chiefs;
 }
 
-/// Lines with words in the comment at the top of a file, except the licence.
+/// Lines with words in the comment that a file opens with, the licence apart.
 int LinesOfHeadComment(const fs::path& file) {
     int lines = 0;
     std::ifstream stream(file);
@@ -229,8 +115,7 @@ TEST(Layers, NoFolderIncludesFromOneAboveIt) {
 }
 
 TEST(Layers, TheTableHoldsNoCycle) {
-    // Folders whose includes are all placed already come next; a folder that is never placed is in
-    // a cycle.
+    // Folders whose every include is already placed come next; what never comes is in a cycle.
     std::set<std::string> placed;
     const auto& table = AllowedIncludes();
     for (std::size_t round = 0; round < table.size(); ++round) {
