@@ -91,56 +91,61 @@ void Take(const std::optional<T>& value, std::optional<T>& item) {
     }
 }
 
-void TakeItem(char item, std::string_view value, ParameterItems& items) {
+// Takes an item that is a number or a code; skips the others.
+void TakeNumber(char item, std::string_view value, ParameterItems& items) {
     switch (item) {
     case 'T':
-        Take(NumberInRange(value, kPlanes, kPolarLines), items.T);
-        break;
+        return Take(NumberInRange(value, kPlanes, kPolarLines), items.T);
     case 'N':
-        Take(NumberInRange(value, kEqualArea, kRose), items.N);
-        break;
+        return Take(NumberInRange(value, kEqualArea, kRose), items.N);
     case 'P':
-        Take(NumberAtStart(value), items.P);
-        break;
+        return Take(NumberAtStart(value), items.P);
     case 'I':
-        Take(NumberInRange(value, 1, INT16_MAX), items.I);
-        break;
+        return Take(NumberInRange(value, 1, INT16_MAX), items.I);
     case 'C':
-        Take(ConventionsIn(value), items.C);
-        break;
+        return Take(ConventionsIn(value), items.C);
     case 'U':
-        Take(UpwardIn(value), items.U);
-        break;
+        return Take(UpwardIn(value), items.U);
     case '1':
-        Take(FormatCodeIn(value), items.one);
-        break;
+        return Take(FormatCodeIn(value), items.one);
     case '2':
-        Take(NumberInRange(value, kNoSecondary, kHadeInPlane), items.two);
-        break;
-    case 'S':
-        Take(TruthOf(value), items.S);
-        break;
-    case 'A':
-        Take(TruthOf(value), items.A);
-        break;
-    case 'L':
-        Take(TruthOf(value), items.L);
-        break;
-    case 'W':
-        Take(TruthOf(value), items.W);
-        break;
-    case 'F':
-        items.F = NameOf(value);
-        break;
-    case 'D':
-        items.D = NameOf(value);
-        break;
-    case 'X':
-        items.extraFiles.emplace_back(value);
-        break;
+        return Take(NumberInRange(value, kNoSecondary, kHadeInPlane), items.two);
     default:
-        break;
+        return;
     }
+}
+
+// Takes an item that is true or false; skips the others.
+void TakeTruth(char item, std::string_view value, ParameterItems& items) {
+    switch (item) {
+    case 'S':
+        return Take(TruthOf(value), items.S);
+    case 'A':
+        return Take(TruthOf(value), items.A);
+    case 'L':
+        return Take(TruthOf(value), items.L);
+    case 'W':
+        return Take(TruthOf(value), items.W);
+    default:
+        return;
+    }
+}
+
+// Takes an item that is a name or a path; skips the others.
+void TakeName(char item, std::string_view value, ParameterItems& items) {
+    if (item == 'F') {
+        items.F = NameOf(value);
+    } else if (item == 'D') {
+        items.D = NameOf(value);
+    } else if (item == 'X') {
+        items.extraFiles.emplace_back(value);
+    }
+}
+
+void TakeItem(char item, std::string_view value, ParameterItems& items) {
+    TakeNumber(item, value, items);
+    TakeTruth(item, value, items);
+    TakeName(item, value, items);
 }
 
 // The value of an item, starting after its letter.
