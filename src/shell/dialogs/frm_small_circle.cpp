@@ -130,6 +130,13 @@ QGroupBox* frmSmallCircle::MakeCircles() {
 QGroupBox* frmSmallCircle::MakeLine() {
     fraLine->setObjectName("fraLine");
     auto* layout = new QVBoxLayout(fraLine);
+    layout->addLayout(MakeColours());
+    layout->addLayout(MakeLineStyles());
+    layout->addLayout(MakeLineWidth());
+    return fraLine;
+}
+
+QLayout* frmSmallCircle::MakeColours() {
     auto* colours = new QGridLayout;
     colours->setSpacing(3);
     for (int index = 0; index < static_cast<int>(kCircleColours); ++index) {
@@ -143,6 +150,10 @@ QGroupBox* frmSmallCircle::MakeLine() {
         colours->addWidget(patch, index / kColoursAcross, index % kColoursAcross);
     }
     colours->setColumnStretch(kColoursAcross, 1);
+    return colours;
+}
+
+QLayout* frmSmallCircle::MakeLineStyles() {
     auto* styles = new QHBoxLayout;
     for (int style = 0; style < static_cast<int>(kCircleLineStyles); ++style) {
         auto* patch = new LinePatch(kStyleRoom);
@@ -154,6 +165,10 @@ QGroupBox* frmSmallCircle::MakeLine() {
         styles->addWidget(patch);
     }
     styles->addStretch(1);
+    return styles;
+}
+
+QLayout* frmSmallCircle::MakeLineWidth() {
     auto* width = new QHBoxLayout;
     auto* label = new QLabel("&Width");
     label->setBuddy(sldLineWidth);
@@ -167,10 +182,7 @@ QGroupBox* frmSmallCircle::MakeLine() {
     width->addWidget(label);
     width->addWidget(sldLineWidth, 1);
     width->addWidget(lblLineWidth);
-    layout->addLayout(colours);
-    layout->addLayout(styles);
-    layout->addLayout(width);
-    return fraLine;
+    return width;
 }
 
 void frmSmallCircle::SetOrder() {

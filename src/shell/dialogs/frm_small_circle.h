@@ -19,6 +19,7 @@
 class QCheckBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QSlider;
@@ -96,6 +97,9 @@ protected:
 private:
     [[nodiscard]] QGroupBox* MakeCircles();
     [[nodiscard]] QGroupBox* MakeLine();
+    [[nodiscard]] QLayout* MakeColours();
+    [[nodiscard]] QLayout* MakeLineStyles();
+    [[nodiscard]] QLayout* MakeLineWidth();
     void SetOrder();
     void Connect();
     void ShowVerdict(int box);

@@ -145,7 +145,7 @@ QTabWidget* frmMapinfo::MakePages(const char* name, const char* title) {
     return pages;
 }
 
-void frmMapinfo::MakeBody(QMenuBar& bar) {
+void frmMapinfo::MakeSides() {
     tabMaps_ = MakePages("tabMaps", "Maps");
     tabBrowsers_ = MakePages("tabBrowsers", "Tables");
     tabInformation_ = MakePages("tabInformation", "Information");
@@ -159,6 +159,9 @@ void frmMapinfo::MakeBody(QMenuBar& bar) {
     sides_->addWidget(rightSide_);
     sides_->setStretchFactor(0, 3);
     sides_->setStretchFactor(1, 2);
+}
+
+void frmMapinfo::MakeTextWithoutTables() {
     lblNoTables_ = new QLabel("No table is shown.\n\nOpen Table in the File menu opens one, "
                               "New Mapper and New Browser in the Window menu show it.");
     lblNoTables_->setObjectName("lblNoTables");
@@ -166,6 +169,9 @@ void frmMapinfo::MakeBody(QMenuBar& bar) {
     lblNoTables_->setWordWrap(true);
     lblNoTables_->setAlignment(Qt::AlignCenter);
     lblNoTables_->setMargin(16);
+}
+
+QLayout* frmMapinfo::MakeStatus() {
     lblMIStatus->setObjectName("lblMIStatus");
     lblMIStatus->setTextFormat(Qt::PlainText);
     // A long text must not widen the window.
@@ -178,6 +184,13 @@ void frmMapinfo::MakeBody(QMenuBar& bar) {
     status->setContentsMargins(6, 2, 6, 2);
     status->addWidget(lblMIStatus, 1);
     status->addWidget(lblPosition_);
+    return status;
+}
+
+void frmMapinfo::MakeBody(QMenuBar& bar) {
+    MakeSides();
+    MakeTextWithoutTables();
+    QLayout* status = MakeStatus();
     auto* body = new QWidget;
     auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(0, 0, 0, 0);

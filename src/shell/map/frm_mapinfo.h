@@ -16,6 +16,7 @@
 
 class QAction;
 class QLabel;
+class QLayout;
 class QMenu;
 class QMenuBar;
 class QSplitter;
@@ -78,6 +79,9 @@ private:
     [[nodiscard]] QMenu* MakeMenu(MapMenu menu, QMenuBar& bar);
     [[nodiscard]] QTabWidget* MakePages(const char* name, const char* title);
     [[nodiscard]] QTabWidget& PagesOf(SessionWindowKind kind) const;
+    void MakeSides();
+    void MakeTextWithoutTables();
+    [[nodiscard]] QLayout* MakeStatus();
     void MakeBody(QMenuBar& bar);
     void ShowUsedPages();
     void PopUpMenu(const SessionState& state, const QPoint& at);

@@ -70,6 +70,11 @@ struct StyleSlot {
     friend auto operator<=>(const StyleSlot&, const StyleSlot&) = default;
 };
 
+/// The slot of a row of gSymbolTable.
+[[nodiscard]] constexpr StyleSlot SymbolSlot(int row) {
+    return {StyleSlot::Table::Symbol, static_cast<std::size_t>(row)};
+}
+
 class frmPreferences : public QDialog {
 public:
     frmPreferences(QWidget* parent, int tab);
@@ -136,11 +141,19 @@ private:
     [[nodiscard]] QWidget* MakeLinesPage();
     [[nodiscard]] QWidget* MakeRosesPage();
     [[nodiscard]] QWidget* MakeSymbolArray();
+    void AddSymbol(QGridLayout& grid, int row, int line, int column, const QString& text);
+    void AddSymbolPairs(QGridLayout& grid);
+    void AddOverlaySymbols(QGridLayout& grid);
+    void AddBandSymbols(QGridLayout& grid);
+    void AddBetaSymbol(QGridLayout& grid);
+    void AddClassSymbols(QGridLayout& grid);
     [[nodiscard]] QGroupBox* MakeTypes();
     [[nodiscard]] QGroupBox* MakeSizes();
     [[nodiscard]] QWidget* MakeLineSamples();
     [[nodiscard]] QGroupBox* MakeLineStyles();
     [[nodiscard]] QWidget* MakeRoseSlots();
+    void AddRoseSlots(QGridLayout& grid);
+    void AddRoseClassSlots(QGridLayout& grid, int line);
     [[nodiscard]] QGroupBox* MakePatterns();
     [[nodiscard]] StylePatch* MakeSlot(PreferencesTab page, const StyleSlot& slot,
                                        const QString& name, const QString& text);
@@ -178,6 +191,10 @@ private:
 
     void Load();
     void ShowSlots();
+    void ShowSamples();
+    void CheckSample(const StyleSlot& current);
+    void ShowCells(const StyleSlot& current);
+    void ShowWidth(int width);
     void ShowFonts();
     void ShowFolder();
     void DrawPictures();

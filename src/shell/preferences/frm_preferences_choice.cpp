@@ -21,10 +21,6 @@ namespace {
 
 using StyleTable = StyleSlot::Table;
 
-StyleSlot SymbolSlot(int row) {
-    return {StyleTable::Symbol, static_cast<std::size_t>(row)};
-}
-
 } // namespace
 
 std::optional<StyleSlot> frmPreferences::CurrentSlot() const {
@@ -111,6 +107,16 @@ void frmPreferences::Choose(Part part, int value, Qt::MouseButton button) {
 void frmPreferences::ShowSlots() {
     const std::optional<StyleSlot> current = CurrentSlot();
     palette_->setVisible(current.has_value());
+    ShowSamples();
+    NameColours();
+    if (current) {
+        CheckSample(*current);
+        ShowCells(*current);
+        ShowWidth(StyleOf(*current)[kPlaceSize]);
+    }
+}
+
+void frmPreferences::ShowSamples() {
     for (const auto& [sample, slot] : slots_) {
         if (auto* const patch = dynamic_cast<StylePatch*>(sample)) {
             patch->SetStyle(StyleOf(slot));
@@ -122,35 +128,41 @@ void frmPreferences::ShowSlots() {
             cell->update();
         }
     }
-    NameColours();
-    if (!current) {
-        return;
-    }
+}
+
+void frmPreferences::CheckSample(const StyleSlot& current) {
     const auto page = static_cast<std::size_t>(tabPreferences->currentIndex());
     QAbstractButton* const checked = samples_[page]->checkedButton();
-    if (checked == nullptr || slots_[checked] != *current) {
-        // In the order of the page. Some styles have two samples.
-        for (QAbstractButton* sample : samples_[page]->buttons()) {
-            if (slots_[sample] == *current) {
-                sample->setChecked(true);
-                break;
-            }
+    if (checked != nullptr && slots_[checked] == current) {
+        return; // some styles have two samples
+    }
+    // In the order of the page.
+    for (QAbstractButton* sample : samples_[page]->buttons()) {
+        if (slots_[sample] == current) {
+            sample->setChecked(true);
+            break;
         }
     }
-    const SymbolRow style = StyleOf(*current);
+}
+
+void frmPreferences::ShowCells(const StyleSlot& current) {
+    const SymbolRow style = StyleOf(current);
+    const bool hasShape = PlaceOf(current, Part::Shape) != nullptr;
     CheckCell(*colours_, style[kPlaceColour]);
-    const bool hasShape = PlaceOf(*current, Part::Shape) != nullptr;
     CheckCell(*types_, style[kPlaceSymbol]);
     CheckCell(*patterns_, hasShape ? style[kPlaceSymbol] : -1);
     CheckCell(*lineStyles_, style[kPlaceSymbol]);
     for (QAbstractButton* cell : patterns_->buttons()) {
         cell->setEnabled(hasShape);
     }
-    const auto show = [&style](QSlider& slider, QSpinBox& box) {
+}
+
+void frmPreferences::ShowWidth(int width) {
+    const auto show = [width](QSlider& slider, QSpinBox& box) {
         const QSignalBlocker noSlide(slider);
         const QSignalBlocker noSpin(box);
-        slider.setValue(style[kPlaceSize]);
-        box.setValue(style[kPlaceSize]);
+        slider.setValue(width);
+        box.setValue(width);
     };
     show(*sldSymbSize, *spnSymbSize);
     show(*sldLineWidth, *spnLineWidth);

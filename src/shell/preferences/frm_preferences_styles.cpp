@@ -47,8 +47,10 @@ constexpr SymbolRow kCellStyle{5, 0, 3}; ///< black; the shape is that of the ce
 constexpr std::array<const char*, kLineStyleCount> kLineStyleNames = {
     "solid", "dashed", "dotted", "dashes and dots", "dashes and two dots", "none: not drawn"};
 
-StyleSlot SymbolSlot(int row) {
-    return {StyleTable::Symbol, static_cast<std::size_t>(row)};
+/// The heading of two lines of a grid.
+void AddHeading(QGridLayout& grid, int line, const char* upper, const char* lower) {
+    grid.addWidget(new QLabel(upper), line, 0, Qt::AlignBottom);
+    grid.addWidget(new QLabel(lower), line + 1, 0, Qt::AlignTop);
 }
 
 /// A slider and a spin box that show the same number.
@@ -106,63 +108,6 @@ SampleButton* frmPreferences::MakeLineSlot(const StyleSlot& slot, const QString&
     AddSlot(kLinesPage, *sample, slot, name, text);
     connect(sample, &QAbstractButton::clicked, this, [this, slot] { PickSlot(slot); });
     return sample;
-}
-
-QWidget* frmPreferences::MakeSymbolArray() {
-    QGroupBox* box = MakeGroup("picSymbolArray", "Current Symbol Array");
-    auto* grid = new QGridLayout(box);
-    grid->setSpacing(3);
-    int line = 0;
-    const auto slot = [this, grid](int row, int gridLine, int column, const QString& text) {
-        grid->addWidget(MakeSlot(kSymbolsPage, SymbolSlot(row),
-                                 Numbered("picSymbolArray", static_cast<std::size_t>(row)), text),
-                        gridLine, column);
-    };
-    const auto heading = [grid](const char* text, int gridLine) {
-        grid->addWidget(new QLabel(text), gridLine, 0);
-    };
-    const auto pair = [&](const char* caption, int down, const QString& downText, int up,
-                          const QString& upText) {
-        heading(caption, line);
-        slot(down, line, 1, downText);
-        grid->addWidget(new QLabel("(left button)"), line, 2, 1, 3);
-        slot(up, line, 5, upText);
-        grid->addWidget(new QLabel("(right button)"), line, 6, 1, 3);
-        ++line;
-    };
-    grid->addWidget(new QLabel("+ve plunges"), line, 1, 1, 4);
-    grid->addWidget(new QLabel("\"-ve\" plunges"), line++, 5, 1, 4);
-    pair("Point plots", kRowSymbol, "Symbol for single point plots", kUpRowSymbol,
-         "Symbol for -ve plunge single point plots");
-    pair("Derived axes", kDerivedSymbol, "Symbol for derived axes", kDerivedUpSymbol,
-         "Symbol for -ve plunge derived axes");
-    pair("Annotation points", 21, "Symbol for added annotation points (left button)", 22,
-         "Symbol for added annotation points (right button)");
-    heading("Overlays", line);
-    for (int overlay = 1; overlay <= kOverlaySymbols; ++overlay) {
-        slot(kFirstOverlaySymbol + overlay % kOverlaySymbols, line, overlay,
-             QString("Symbol for overlay %1").arg(overlay));
-    }
-    heading("density level symbols", ++line);
-    for (int row = kFirstBandSymbol; row <= kLastBandSymbol; ++row) {
-        slot(row, line, 1 + row - kFirstBandSymbol,
-             QString("Symbol for density level %1").arg(1 + row - kFirstBandSymbol));
-    }
-    heading("Beta axis", ++line);
-    grid->addWidget(MakeSlot(kSymbolsPage, {StyleTable::Axis, kBetaAxisStyle},
-                             "picSymbolArray_beta", "Symbol for the beta axis"),
-                    line, 1);
-    constexpr int kFirstClass = 39;
-    auto* classes = new QLabel("Class range settings for classified plots");
-    grid->addWidget(classes, ++line, 0, 1, 9);
-    ++line;
-    for (int row = kFirstClass; row < kSymbolRowCount; ++row) {
-        const int place = row - kFirstClass;
-        slot(row, line + place / 6, 1 + place % 6, QString("Symbol for class %1").arg(place + 1));
-    }
-    grid->setColumnStretch(9, 1);
-    grid->setRowStretch(line + 2, 1);
-    return box;
 }
 
 QGroupBox* frmPreferences::MakeTypes() {
@@ -297,46 +242,67 @@ QWidget* frmPreferences::MakeLinesPage() {
     return page;
 }
 
+void frmPreferences::AddRoseSlots(QGridLayout& grid) {
+    struct Slot {
+        StyleSlot style;
+        const char* name;
+        const char* caption;
+        const char* text;
+        int line;
+        int column;
+    };
+
+    constexpr std::array<Slot, 6> kSlots = {
+        {{SymbolSlot(kRoseStyle), "sectors", "sectors", "Simple rose: sectors", 0, 1},
+         {{StyleTable::Outline, kRoseBackgroundStyle},
+          "outline",
+          "outlines",
+          "Outlines of the sectors of all roses",
+          0,
+          5},
+         {{StyleTable::Blank, kRoseBackgroundStyle},
+          "blank",
+          "blank parts",
+          "Blank parts of roses: white means the background",
+          0,
+          9},
+         {SymbolSlot(kOverlaidRoseStyle - 2), "frequency", "frequency", "Wind Rose: frequency", 2,
+          1},
+         {SymbolSlot(kOverlaidRoseStyle - 1), "speed", "mean wind speed",
+          "Wind Rose: mean wind speed", 2, 5},
+         {SymbolSlot(kRoseStyle), "energy", "energy",
+          "Wind Rose: energy, as the sectors of a simple rose", 2, 9}}};
+    for (const Slot& slot : kSlots) {
+        grid.addWidget(new QLabel(slot.caption), slot.line, slot.column, 1, 3);
+        grid.addWidget(
+            MakeSlot(kRosesPage, slot.style, QString("picRoseSlot_%1").arg(slot.name), slot.text),
+            slot.line + 1, slot.column);
+    }
+}
+
+void frmPreferences::AddRoseClassSlots(QGridLayout& grid, int line) {
+    grid.addWidget(new QLabel("lowest"), line, 1, 1, 3);
+    auto* highest = new QLabel("highest");
+    highest->setAlignment(Qt::AlignRight);
+    grid.addWidget(highest, line, kSlotsInLine - 2, 1, 3);
+    for (int i = 0; i < kSlotsInLine; ++i) {
+        grid.addWidget(MakeSlot(kRosesPage, SymbolSlot(kFirstRoseClassStyle + i),
+                                Numbered("picRoseSlot", kFirstRoseClassStyle + i),
+                                QString("Classified rose: class %1").arg(i + 1)),
+                       line + 1, 1 + i);
+    }
+}
+
 QWidget* frmPreferences::MakeRoseSlots() {
+    constexpr int kClassLine = 4;
     QGroupBox* box = MakeGroup("lblPatterns", "Fills");
     auto* grid = new QGridLayout(box);
     grid->setSpacing(3);
-    int line = 0;
-    const auto heading = [grid, &line](const char* upper, const char* lower) {
-        grid->addWidget(new QLabel(upper), line, 0, Qt::AlignBottom);
-        grid->addWidget(new QLabel(lower), line + 1, 0, Qt::AlignTop);
-    };
-    const auto slot = [this, grid, &line](const StyleSlot& style, const char* name, int column,
-                                          const char* caption, const QString& text) {
-        grid->addWidget(new QLabel(caption), line, column, 1, 3);
-        grid->addWidget(MakeSlot(kRosesPage, style, QString("picRoseSlot_%1").arg(name), text),
-                        line + 1, column);
-    };
-    heading("Simple rose", "");
-    slot(SymbolSlot(kRoseStyle), "sectors", 1, "sectors", "Simple rose: sectors");
-    slot({StyleTable::Outline, kRoseBackgroundStyle}, "outline", 5, "outlines",
-         "Outlines of the sectors of all roses");
-    slot({StyleTable::Blank, kRoseBackgroundStyle}, "blank", 9, "blank parts",
-         "Blank parts of roses: white means the background");
-    line += 2;
-    heading("Wind Rose", "Overlayed");
-    slot(SymbolSlot(kOverlaidRoseStyle - 2), "frequency", 1, "frequency", "Wind Rose: frequency");
-    slot(SymbolSlot(kOverlaidRoseStyle - 1), "speed", 5, "mean wind speed",
-         "Wind Rose: mean wind speed");
-    slot(SymbolSlot(kRoseStyle), "energy", 9, "energy",
-         "Wind Rose: energy, as the sectors of a simple rose");
-    line += 2;
-    heading("Classified rose", "segment range");
-    grid->addWidget(new QLabel("lowest"), line, 1, 1, 3);
-    auto* highest = new QLabel("highest");
-    highest->setAlignment(Qt::AlignRight);
-    grid->addWidget(highest, line, kSlotsInLine - 2, 1, 3);
-    for (int i = 0; i < kSlotsInLine; ++i) {
-        grid->addWidget(MakeSlot(kRosesPage, SymbolSlot(kFirstRoseClassStyle + i),
-                                 Numbered("picRoseSlot", kFirstRoseClassStyle + i),
-                                 QString("Classified rose: class %1").arg(i + 1)),
-                        line + 1, 1 + i);
-    }
+    AddHeading(*grid, 0, "Simple rose", "");
+    AddHeading(*grid, 2, "Wind Rose", "Overlayed");
+    AddRoseSlots(*grid);
+    AddHeading(*grid, kClassLine, "Classified rose", "segment range");
+    AddRoseClassSlots(*grid, kClassLine);
     grid->setColumnStretch(kSlotsInLine + 1, 1);
     return box;
 }

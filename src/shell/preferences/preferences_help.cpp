@@ -4,8 +4,9 @@
 
 namespace quandrel {
 
-QString PreferencesHelp() {
-    return R"(PREFERENCES
+namespace {
+
+constexpr const char* kHelp = R"(PREFERENCES
 
 OK applies the preferences: all open plots are redrawn. With "Save settings"
 they are also kept for later sessions; otherwise they apply until Quandrel
@@ -58,6 +59,11 @@ GENERAL
 - Single isolated points: contour plots mark each point that has no other
   point within its counting cone.
 )";
+
+} // namespace
+
+QString PreferencesHelp() {
+    return kHelp;
 }
 
 } // namespace quandrel

@@ -25,6 +25,7 @@
 
 class QComboBox;
 class QFrame;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -82,6 +83,11 @@ private:
     [[nodiscard]] QWidget* MakePage();
     void MakeSelection();
     void MakeScale();
+    void AddScaleChoice(QGridLayout& grid);
+    void AddNumber(QGridLayout& grid, int row, QLabel* label, QLineEdit* box, QSlider* slider);
+    void AddSize(QGridLayout& grid, int row);
+    void AddUnits(QGridLayout& grid, int row);
+    void AddCentre(QGridLayout& grid, int row);
     void MakeDestination();
     [[nodiscard]] QWidget* MakeButtons();
     void SetOrder();

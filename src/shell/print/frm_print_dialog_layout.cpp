@@ -107,58 +107,77 @@ void frmPrintDialog::MakeSelection() {
 }
 
 void frmPrintDialog::MakeScale() {
-    constexpr std::array<const char*, 2> kScales = {"&Fit to Page", "&Manual Fit"};
-    constexpr std::array<const char*, 2> kAxes = {"&Horiz.", "&Vert."};
-    constexpr std::array<const char*, 2> kCentres = {"Centre, horizontal", "Centre, vertical"};
+    constexpr int kOverEdgeRow = 6;
     frmScaleBox = new QGroupBox("Scale");
     frmScaleBox->setObjectName("frmScaleBox");
     auto* grid = new QGridLayout(frmScaleBox);
+    AddScaleChoice(*grid);
+    AddSize(*grid, 1);
+    AddUnits(*grid, 2);
+    AddCentre(*grid, 3);
+    lblOverEdge = MakeLabel({}, "lblOverEdge");
+    lblOverEdge->setAccessibleName("Plots over the edge");
+    QPalette colours;
+    colours.setColor(QPalette::WindowText, BadTextColour());
+    lblOverEdge->setPalette(colours);
+    grid->addWidget(lblOverEdge, kOverEdgeRow, 0, 1, 4);
+    grid->setColumnStretch(3, 1);
+}
+
+void frmPrintDialog::AddScaleChoice(QGridLayout& grid) {
+    constexpr std::array<const char*, 2> kScales = {"&Fit to Page", "&Manual Fit"};
     auto* group = new QButtonGroup(frmScaleBox);
     for (std::size_t i = 0; i < optScale.size(); ++i) {
         optScale[i] = new QRadioButton(kScales[i]);
         optScale[i]->setObjectName(Numbered("optScale", i));
         group->addButton(optScale[i], static_cast<int>(i));
-        grid->addWidget(optScale[i], 0, i == 0 ? 0 : 2, 1, 2);
+        grid.addWidget(optScale[i], 0, i == 0 ? 0 : 2, 1, 2);
     }
-    const auto addRow = [&](int row, QLabel* label, QLineEdit* box, QSlider* slider) {
-        box->setFixedWidth(kNumberBoxWidth);
-        box->setAlignment(Qt::AlignRight);
-        box->installEventFilter(this);
-        label->setBuddy(box);
-        grid->addWidget(label, row, 0);
-        grid->addWidget(box, row, 1);
-        grid->addWidget(slider, row, 2, 1, 2);
-    };
+}
+
+void frmPrintDialog::AddNumber(QGridLayout& grid, int row, QLabel* label, QLineEdit* box,
+                               QSlider* slider) {
+    box->setFixedWidth(kNumberBoxWidth);
+    box->setAlignment(Qt::AlignRight);
+    box->installEventFilter(this);
+    label->setBuddy(box);
+    grid.addWidget(label, row, 0);
+    grid.addWidget(box, row, 1);
+    grid.addWidget(slider, row, 2, 1, 2);
+}
+
+void frmPrintDialog::AddSize(QGridLayout& grid, int row) {
     txtScale = new QLineEdit;
     txtScale->setObjectName("txtScale");
     txtScale->setToolTip("Radius of the net on paper");
     sldScale = MakeSlider("sldScale", "Size");
-    addRow(1, MakeLabel("Si&ze (radius)", "lblScale"), txtScale, sldScale);
+    AddNumber(grid, row, MakeLabel("Si&ze (radius)", "lblScale"), txtScale, sldScale);
+}
+
+void frmPrintDialog::AddUnits(QGridLayout& grid, int row) {
     cboScaleUnits = new QComboBox;
     cboScaleUnits->setObjectName("cboScaleUnits");
     cboScaleUnits->addItems({kPageUnitNames[0], kPageUnitNames[1]});
     auto* units = MakeLabel("&units", "lblScaleUnits");
     units->setBuddy(cboScaleUnits);
-    grid->addWidget(units, 2, 0);
-    grid->addWidget(cboScaleUnits, 2, 1, 1, 2, Qt::AlignLeft);
-    grid->addWidget(MakeLabel("Location of Centre", "lblLocation"), 3, 0, 1, 2);
+    grid.addWidget(units, row, 0);
+    grid.addWidget(cboScaleUnits, row, 1, 1, 2, Qt::AlignLeft);
+}
+
+void frmPrintDialog::AddCentre(QGridLayout& grid, int row) {
+    constexpr std::array<const char*, 2> kAxes = {"&Horiz.", "&Vert."};
+    constexpr std::array<const char*, 2> kCentres = {"Centre, horizontal", "Centre, vertical"};
+    grid.addWidget(MakeLabel("Location of Centre", "lblLocation"), row, 0, 1, 2);
     lblCentre = MakeLabel("from top left ", "lblCentre");
-    grid->addWidget(lblCentre, 3, 2, 1, 2);
+    grid.addWidget(lblCentre, row, 2, 1, 2);
     for (std::size_t i = 0; i < txtCentre.size(); ++i) {
         lblXY[i] = MakeLabel(kAxes[i], Numbered("lblXY", i));
         txtCentre[i] = new QLineEdit;
         txtCentre[i]->setObjectName(Numbered("txtCentre", i));
         txtCentre[i]->setAccessibleName(kCentres[i]);
         SldCentre[i] = MakeSlider(Numbered("SldCentre", i), kCentres[i]);
-        addRow(4 + static_cast<int>(i), lblXY[i], txtCentre[i], SldCentre[i]);
+        AddNumber(grid, ++row, lblXY[i], txtCentre[i], SldCentre[i]);
     }
-    lblOverEdge = MakeLabel({}, "lblOverEdge");
-    lblOverEdge->setAccessibleName("Plots over the edge");
-    QPalette colours;
-    colours.setColor(QPalette::WindowText, BadTextColour());
-    lblOverEdge->setPalette(colours);
-    grid->addWidget(lblOverEdge, 6, 0, 1, 4);
-    grid->setColumnStretch(3, 1);
 }
 
 void frmPrintDialog::MakeDestination() {
