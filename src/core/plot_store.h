@@ -107,6 +107,16 @@ private:
 /// Whether a slot holds an open plot.
 [[nodiscard]] bool IsOpenSlot(int slot);
 
+/// The slot of an open plot that has a value of a type attached; 0 when none has. O(slots).
+template <class T>
+[[nodiscard]] int SlotWith() {
+    int slot = HighestSlot();
+    while (slot > 0 && (!IsOpenSlot(slot) || PlotOf(slot).attachments.Find<T>() == nullptr)) {
+        --slot;
+    }
+    return slot;
+}
+
 /// Number of open plots.
 [[nodiscard]] int CountOpenPlots();
 
