@@ -4,7 +4,7 @@
 // by walking from angle to angle.
 
 #include "bench_engine.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/circular_median.h"
 #include "rose/circular_reference.h"

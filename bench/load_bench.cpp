@@ -3,7 +3,6 @@
 // Loading a file of planes with a number and a text, from bytes on the disk to rows in the store.
 // The floor only reads the file and converts its columns.
 
-#include "core/data_format.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/settings.h"

@@ -4,7 +4,7 @@
 // line.
 
 #include "bench_engine.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "rose/bias_weights.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"

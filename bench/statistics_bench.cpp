@@ -4,7 +4,7 @@
 // goes row by row and computes the cosines of each; the ratio of the times is reported.
 
 #include "bench_engine.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"

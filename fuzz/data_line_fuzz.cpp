@@ -3,8 +3,7 @@
 // Arbitrary bytes as a line of data, in any format: the first 16 bytes choose the format, the rest
 // is the line. A result that breaks its rules aborts the program.
 
-#include "core/data_format.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "input/data_line.h"
 
 #include <cmath>

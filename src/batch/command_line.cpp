@@ -6,7 +6,7 @@
 #include "batch/script.h"
 #include "batch/script_file.h"
 #include "batch/standard_streams.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 
 #include <CLI/CLI.hpp>
 

@@ -4,7 +4,7 @@
 
 #include "batch/key_values.h"
 #include "core/data_format.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "platform/platform.h"
 
 #include <algorithm>

@@ -3,7 +3,6 @@
 #include "batch/girdle_commands.h"
 
 #include "batch/key_values.h"
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "edit/marks/girdles.h"
 #include "edit/marks/small_circles.h"

@@ -4,7 +4,7 @@
 
 #include "core/appended_number.h"
 #include "core/letter_case.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 
 #include <algorithm>

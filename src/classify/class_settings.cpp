@@ -8,7 +8,6 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "density/class_grid.h"
 #include "orientation/number_text.h"
 

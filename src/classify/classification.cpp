@@ -5,7 +5,6 @@
 #include "classify/class_limits.h"
 #include "classify/column_statistics.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "stereo/row_positions.h"

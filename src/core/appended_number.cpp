@@ -2,7 +2,7 @@
 
 #include "core/appended_number.h"
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 
 namespace quandrel {

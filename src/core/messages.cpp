@@ -2,7 +2,7 @@
 
 #include "core/messages.h"
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "platform/platform.h"
 
 namespace quandrel {

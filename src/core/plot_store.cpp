@@ -2,7 +2,6 @@
 
 #include "core/plot_store.h"
 
-#include "core/data_format.h"
 #include "core/letter_case.h"
 #include "core/new_record.h"
 #include "core/row_links.h"

@@ -36,6 +36,22 @@ struct StoreState {
     static StoreState now;
 };
 
+// Given names. All are constants or views on values of this folder, without state of their own.
+
+/// The title of every message box.
+inline constexpr const char* gCaption = "Quandrel, ver 9.5.1";
+
+inline constexpr const char* gFileFilter =
+    "All files (*.*)|*.*|Text files (*.txt)|*.txt|Quandrel binary files(*.qpx)|*.qpx|Quandrel "
+    "Workspace files (.qwo)|*.qwo";
+inline constexpr const char* gWorkspaceFilter =
+    "Quandrel Workspace files (.qwo)|*.qwo|All files (*.*)|*.*|";
+inline constexpr const char* gDataFileFilter =
+    "All files (*.*)|*.*|Text files (*.txt)|*.txt|Quandrel binary files(*.qpx)|*.qpx";
+inline constexpr const char* gHintText =
+    "<Alt> plus Left mouse button to add points; marquee-select to edit";
+
+// The store.
 inline constinit auto& gMaxPlots = gSettings.newPlots.maxPlots;
 inline constinit auto& gActivePlot = StoreState::now.activePlot;
 inline constinit auto& gPlotTableFull = StoreState::now.isFull;
@@ -43,15 +59,13 @@ inline constinit auto& gActiveLayer = StoreState::now.activeLayer;
 inline constinit auto& gBusy = StoreState::now.isBusy;
 inline constinit auto& gSelectionRows = Selection::now.rows;
 
-// The parts of the plots by their slots. All are views on the plots.
-
+// The parts of the plots by their slots.
 inline constexpr SlotView<&Plot::record> gPlots;  ///< slot 0 is never a plot
 inline constexpr SlotView<&Plot::form> gPlotForm; ///< empty where no window was made
 inline constexpr SlotView<&Plot::table> grdData;  ///< the plotted rows of each slot
 inline constexpr SlotView<&Plot::gridValues> gGridValues;
 inline constexpr SlotView<&Plot::gridCount> gGridCount; ///< non-zero where gGridValues holds data
 inline constexpr SlotView<&Plot::lock> gSlotLock;
-inline constexpr SlotView<&Plot::rows, &PlotRows::errorLines> gErrorLines;
 
 inline constexpr DataColumn gDataDip(&ColumnAt<&PlotRows::dip>);
 inline constexpr DataColumn gDataAz(&ColumnAt<&PlotRows::azimuth>);
@@ -65,6 +79,40 @@ inline constexpr DataColumn gAppLineDip(&ColumnAt<&PlotRows::lineDip>);
 inline constexpr DataColumn gAppLineAz(&ColumnAt<&PlotRows::lineAzimuth>);
 inline constexpr DataColumn gAppNumeric(&ColumnAt<&PlotRows::number>);
 inline constexpr TextColumn gAppText;
+
+// The styles.
+inline constinit auto& gColourTable = gSettings.styles.colours;
+inline constinit auto& gSymbolTable = gSettings.styles.symbols;
+inline constinit auto& gAxisStyleTable = gSettings.styles.axes;
+inline constinit auto& gPlotAxesStyle = gSettings.styles.plotAxesStyle;
+inline constinit auto& gRoseAxesStyle = gSettings.styles.roseAxesStyle;
+inline constinit auto& gRoseOuterCircle = gSettings.styles.roseOuterCircle;
+inline constinit auto& gShowIsolatedPts = gSettings.styles.showIsolatedPts;
+
+// The data format (data_format.h).
+inline constinit auto& gConventions = gSettings.format.conventions;
+inline constinit auto& gFileDelimiter = gSettings.format.delimiter;
+inline constinit auto& gPlaneSeparator = gSettings.format.planeSeparator;
+inline constinit auto& gLineSeparator = gSettings.format.lineSeparator;
+inline constinit auto& gPrimaryDataType = gSettings.format.primary;
+inline constinit auto& gSecondaryDataType = gSettings.format.secondary;
+inline constinit auto& gFileLineAppended = gSettings.format.lineAppended;
+inline constinit auto& gFileNumericAppended = gSettings.format.numericAppended;
+inline constinit auto& gFileNonNumericAppended = gSettings.format.nonNumericAppended;
+inline constinit auto& gFileAppNumName = gSettings.format.numericName;
+inline constinit auto& gFileAppNonNumName = gSettings.format.nonNumericName;
+inline constinit auto& gFileColumnSettings = gSettings.format.columns;
+inline constinit auto& gPlotDataKind = gSettings.format.plotDataKind;
+inline constinit auto& gPlotKind = gSettings.format.plotKind;
+
+// The other settings.
+inline constinit auto& gDecimalIsComma = gSettings.notation.decimalIsComma;
+inline constinit auto& gConvertDecimals = gSettings.notation.convertDecimals;
+inline constinit auto& gPlotWinLast = gSettings.windows.plotWinLast;
+inline constinit auto& gPlotWidthPercent = gSettings.windows.plotWidthPercent;
+inline constinit auto& gPlotAspect = gSettings.windows.plotAspect;
+inline constinit auto& gRoseSectorSize = gSettings.newPlots.rose.sectorSize;
+inline constinit auto& gRoseSectorFraction = gSettings.newPlots.rose.sectorFraction;
 
 /// Makes another plot the active one for the scope of a block.
 class PlotInWork {

@@ -3,7 +3,6 @@
 #include "core/settings.h"
 
 #include "core/changed_settings.h"
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
 #include "core/setting_keys.h"

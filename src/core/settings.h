@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Reading and saving the user's settings (settings_value.h), and given names for parts of them.
+// Reading and saving the user's settings (settings_value.h). plot_store.h has parts of them under
+// their given names.
 
 #pragma once
 
@@ -14,38 +15,11 @@ namespace quandrel {
 inline constexpr const char* kApplicationName = "Quandrel 9";
 inline constexpr const char* kEarlierApplicationName = "Quandrel configuration";
 
-/// The title of every message box.
-inline constexpr const char* gCaption = "Quandrel, ver 9.5.1";
-
 /// The version in files and settings: five characters, including one blank.
 inline constexpr const char* kVersionText = "9.51 ";
 
 /// The version's date, as the intro screen shows it.
 inline constexpr const char* kVersionDate = "21 November 2026";
-
-inline constexpr const char* gFileFilter =
-    "All files (*.*)|*.*|Text files (*.txt)|*.txt|Quandrel binary files(*.qpx)|*.qpx|Quandrel "
-    "Workspace files (.qwo)|*.qwo";
-inline constexpr const char* gWorkspaceFilter =
-    "Quandrel Workspace files (.qwo)|*.qwo|All files (*.*)|*.*|";
-inline constexpr const char* gDataFileFilter =
-    "All files (*.*)|*.*|Text files (*.txt)|*.txt|Quandrel binary files(*.qpx)|*.qpx";
-inline constexpr const char* gHintText =
-    "<Alt> plus Left mouse button to add points; marquee-select to edit";
-
-// Views on the current styles.
-inline constinit auto& gPlotAxesStyle = gSettings.styles.plotAxesStyle;
-inline constinit auto& gRoseAxesStyle = gSettings.styles.roseAxesStyle;
-inline constinit auto& gRoseOuterCircle = gSettings.styles.roseOuterCircle;
-inline constinit auto& gShowIsolatedPts = gSettings.styles.showIsolatedPts;
-
-// Views on the other settings; those of the data format are in data_format.h.
-inline constinit auto& gDecimalIsComma = gSettings.notation.decimalIsComma;
-inline constinit auto& gPlotWinLast = gSettings.windows.plotWinLast;
-inline constinit auto& gPlotWidthPercent = gSettings.windows.plotWidthPercent;
-inline constinit auto& gPlotAspect = gSettings.windows.plotAspect;
-inline constinit auto& gRoseSectorSize = gSettings.newPlots.rose.sectorSize;
-inline constinit auto& gRoseSectorFraction = gSettings.newPlots.rose.sectorFraction;
 
 inline constexpr std::size_t kMaxRecentFiles = 6;
 inline constexpr std::int16_t kStartMaxPlots = 10;

@@ -2,12 +2,10 @@
 
 #include "core/settings_table.h"
 
-#include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
 #include "core/setting_keys.h"
 #include "core/settings_value.h"
-#include "core/style_tables.h"
 #include "orientation/number_text.h"
 
 #include <algorithm>

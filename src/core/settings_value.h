@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The user's settings as one value. settings.h reads and saves them; globals with given names are
-// views on them.
+// The user's settings as one value. settings.h reads and saves them; plot_store.h has views on them
+// under given names.
 
 #pragma once
 

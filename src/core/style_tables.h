@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The current styles under their given names, and the codes that rows store of them.
+// The colours and symbols of the current styles, and the codes that rows store of them.
+// plot_store.h has the tables of styles under their given names.
 
 #pragma once
 
@@ -12,11 +13,6 @@
 #include <string_view>
 
 namespace quandrel {
-
-// Views on the current styles.
-inline constinit auto& gColourTable = gSettings.styles.colours;
-inline constinit auto& gSymbolTable = gSettings.styles.symbols;
-inline constinit auto& gAxisStyleTable = gSettings.styles.axes;
 
 /// Resets the current tables to the start values of the program; the rest of the styles stays.
 void BuildStyleTables();

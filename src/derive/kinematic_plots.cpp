@@ -5,7 +5,6 @@
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "derive/fault_rows.h"
 #include "derive/kinematic_axes.h"

@@ -5,7 +5,6 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "drawing/draw_plot.h"
 #include "drawing/plot_state.h"
 #include "drawing/plot_status.h"

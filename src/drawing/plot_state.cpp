@@ -6,7 +6,6 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "derive/secondary_data.h"
 #include "platform/platform.h"
 #include "stereo/axis_rows.h"

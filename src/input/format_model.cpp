@@ -2,7 +2,7 @@
 
 #include "input/format_model.h"
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/notation.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include "input/line_loop.h"
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/step_progress.h"
 #include "input/block_reader.h"

@@ -7,7 +7,6 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "core/tagged_value.h"
 #include "input/data_line.h"
 #include "input/format_model.h"
@@ -184,7 +183,7 @@ LineFormat FormatOfOwnText() {
 class NonDataLines {
 public:
     NonDataLines(int slot, const PlotRecord& record)
-        : lines_(gErrorLines[static_cast<std::size_t>(slot)])
+        : lines_(PlotOf(slot).rows.errorLines)
         , format_(FormatOfOwnText()) {
         // The program's own head is written again.
         const bool hasOwnHead = Of(1).starts_with(kOwnTextStart);

@@ -3,7 +3,7 @@
 #include "persistence/plot_of_file.h"
 
 #include "core/appended_range.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/row_room.h"
 #include "input/data_rows.h"
 #include "input/format_model.h"

@@ -2,7 +2,6 @@
 
 #include "preferences/preferences.h"
 
-#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/setting_keys.h"

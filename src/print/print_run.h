@@ -27,6 +27,7 @@ struct PrintState {
     static PrintState now;
 };
 
+// Given names.
 inline constinit auto& gPrinting = PrintState::now.printing;
 inline constinit auto& gPrinters = PrintState::now.printers;
 

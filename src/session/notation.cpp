@@ -2,7 +2,6 @@
 
 #include "session/notation.h"
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "drawing/legend.h"
 #include "orientation/angles.h"

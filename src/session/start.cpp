@@ -2,7 +2,6 @@
 
 #include "session/start.h"
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
 #include "core/row_links.h"

@@ -17,7 +17,7 @@ namespace quandrel {
 namespace {
 
 bool HasErrorLines() {
-    return !gErrorLines[static_cast<std::size_t>(gActivePlot)].empty();
+    return !ActivePlot().rows.errorLines.empty();
 }
 
 /// True for a plot that the workspace has opened.
@@ -41,7 +41,7 @@ std::string MissingFilesText() {
 
 /// The lines without data, by row.
 std::string ErrorLinesText() {
-    const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
+    const auto& lines = ActivePlot().rows.errorLines;
     std::vector<std::pair<std::int32_t, std::string>> ordered(lines.begin(), lines.end());
     std::sort(ordered.begin(), ordered.end());
     std::string text;

@@ -2,7 +2,7 @@
 
 #include "session/window_places.h"
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 
 #include <algorithm>
 #include <cmath>

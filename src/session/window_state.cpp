@@ -2,10 +2,8 @@
 
 #include "session/window_state.h"
 
-#include "core/data_format.h"
 #include "core/letter_case.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "edit/history/undo.h"
 #include "edit/rows/clipboard_text.h"
 #include "edit/selection/marquee.h"

@@ -2,7 +2,7 @@
 
 #include "statistics/orientation_notation.h"
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "batch/annotate_commands.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotations.h"
 #include "support/plot_rows.h"

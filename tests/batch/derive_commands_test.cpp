@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "batch/derive_commands.h"
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "derive/secondary_data.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

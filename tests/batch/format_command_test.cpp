@@ -2,9 +2,7 @@
 
 #include "batch/format_command.h"
 #include "batch_fixture.h"
-#include "core/data_format.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 
 namespace quandrel {
 namespace {

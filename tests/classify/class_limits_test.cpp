@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "classify/class_limits.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/appended_number.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "support/test_platform.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/plot_store.h"
 
 #include <gtest/gtest.h>
 

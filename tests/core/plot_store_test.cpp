@@ -55,7 +55,7 @@ TEST_F(PlotStore, AReusedSlotInheritsNothing) {
     record.RoseOddSectorSize = 3;
     record.OverlayRows = {2, 5, 7};
     record.DistinctValues[0][1] = std::string("slate");
-    gErrorLines[static_cast<std::size_t>(slot)][4] = "old line";
+    PlotOf(slot).rows.errorLines[4] = "old line";
     AppendRow(TableOf(slot), {1, 2, 3, 0.1, 0.2});
     int secondary = 0;
     GrowDataColumns(secondary, 5);
@@ -69,9 +69,22 @@ TEST_F(PlotStore, AReusedSlotInheritsNothing) {
     EXPECT_EQ(fresh.RoseOddSectorSize, 0);
     EXPECT_EQ(fresh.OverlayRows[1], 0);
     EXPECT_TRUE(IsEmpty(fresh.DistinctValues[0][1]));
-    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(slot)].empty());
+    EXPECT_TRUE(PlotOf(slot).rows.errorLines.empty());
     EXPECT_EQ(TableOf(slot).size(), 0U);
     EXPECT_EQ(gDataDip(slot, 5), 0);
+}
+
+TEST_F(PlotStore, FindsTheOpenPlotWithAnAttachedValue) {
+    struct Value {};
+    NewPlot();
+    const int slot = NewPlot();
+    NewPlot();
+    EXPECT_EQ(SlotWith<Value>(), 0);
+    PlotOf(slot).attachments.Of<Value>() = {};
+    EXPECT_EQ(SlotWith<Value>(), slot);
+    EXPECT_EQ(SlotWith<int>(), 0);
+    ReleasePlotSlot(slot);
+    EXPECT_EQ(SlotWith<Value>(), 0);
 }
 
 TEST_F(PlotStore, ANewPlotStartsWithTheToldValues) {
@@ -160,12 +173,12 @@ TEST_F(PlotStore, AClosedPlotGivesItsMemoryBack) {
     for (std::int32_t row = 1; row <= kRows; ++row) {
         AppendRow(TableOf(slot), {row, 1, 2, 0.5, 0.25});
     }
-    gErrorLines[static_cast<std::size_t>(slot)][7] = "a line";
+    PlotOf(slot).rows.errorLines[7] = "a line";
     EXPECT_GT(AllocatedMegabytes() - before, 40);
     ReleasePlotSlot(slot);
     EXPECT_LT(AllocatedMegabytes() - before, 5);
     EXPECT_EQ(TableOf(slot).size(), 0U);
-    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(slot)].empty());
+    EXPECT_TRUE(PlotOf(slot).rows.errorLines.empty());
 }
 
 TEST_F(PlotStore, ADirectionsDefaultMakesTheNewPlotARose) {

@@ -3,10 +3,10 @@
 // What each group writes, key by key: settings that were saved by any build are read by any other.
 
 #include "core/formulas.h"
+#include "core/plot_store.h"
 #include "core/setting_keys.h"
 #include "core/settings.h"
 #include "core/settings_group.h"
-#include "core/style_tables.h"
 #include "support/test_platform.h"
 
 #include <fstream>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "density/class_grid.h"
 #include "density/cone_counts.h"

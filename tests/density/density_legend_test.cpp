@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "density/contours.h"
 #include "density/density_legend.h"
 #include "density/grid_density.h"

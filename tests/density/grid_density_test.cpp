@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "density/grid_density.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "density/cone_counts.h"
 #include "density/point_density.h"
 #include "orientation/angles.h"

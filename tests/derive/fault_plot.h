@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "derive/slip_arrows.h"
 #include "orientation/angles.h"
 #include "support/plot_rows.h"

@@ -2,7 +2,6 @@
 
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "core/settings_value.h"
 #include "drawing/draw_plot.h"
 #include "drawing/legend.h"

@@ -104,7 +104,7 @@ protected:
         text += SymbolCodeText(gDataSymbol(slot, row)) + " "
                 + SymbolCodeText(gDataSymbolBase(slot, row)) + " "
                 + std::to_string(gAppNumeric(slot, row)) + " ";
-        const auto& errors = gErrorLines[static_cast<std::size_t>(slot)];
+        const auto& errors = PlotOf(slot).rows.errorLines;
         return text + std::string(gAppText(slot, row))
                + (errors.contains(row) ? " !" + errors.at(row) : "");
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "input/data_line.h"
 #include "orientation/number_text.h"
 

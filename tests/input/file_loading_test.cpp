@@ -140,7 +140,7 @@ TEST_F(FileLoading, TheHeadOfAFileOfOurOwnIsNotReported) {
     EXPECT_EQ(LastLoad().blankLines, 5) << "they are counted like those of any file";
     EXPECT_EQ(LastLoad().rowsRead, 6);
     EXPECT_EQ(gDataDip(gActivePlot, 1), kErrorRow);
-    EXPECT_EQ(gErrorLines[static_cast<std::size_t>(gActivePlot)].at(2), "; beds.txt: 1");
+    EXPECT_EQ(ActivePlot().rows.errorLines.at(2), "; beds.txt: 1");
 }
 
 TEST_F(FileLoading, NonDataLinesBehindTheHeadOfAFileOfOurOwnAreReported) {

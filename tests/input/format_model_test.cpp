@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "input/format_model.h"
 
 namespace quandrel {

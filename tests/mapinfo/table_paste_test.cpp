@@ -2,6 +2,7 @@
 
 #include "core/plot_life.h"
 #include "edit/commands/edit_menu.h"
+#include "edit/history/edit_step.h"
 #include "input/line_loop.h"
 #include "input/load_report.h"
 #include "input/text_file.h"
@@ -181,7 +182,7 @@ TEST_F(TablePaste, ARowThatIsNoDataIsCountedAndNotLinked) {
     EXPECT_EQ(TableRow(slot, 1), 1);
     EXPECT_EQ(TableRow(slot, 2), 0);
     EXPECT_EQ(TableRow(slot, 4), 4);
-    EXPECT_EQ(gErrorLines.at(static_cast<std::size_t>(slot)).at(2), "95\t14\t2.5\tvein");
+    EXPECT_EQ(PlotOf(slot).rows.errorLines.at(2), "95\t14\t2.5\tvein");
 }
 
 TEST_F(TablePaste, ATypeThatBeginsLikeAnErrorIsNone) {
@@ -250,7 +251,7 @@ TEST_F(TablePaste, AsksForTheFormatAgainWhenNoRowIsData) {
     EXPECT_EQ(times, 2);
     EXPECT_EQ(RecordOf(gActivePlot).NumData, 2);
     EXPECT_EQ(gMIGeoLinks.Item(gActivePlot)->RowCount(), 2U);
-    EXPECT_TRUE(gErrorLines.at(static_cast<std::size_t>(gActivePlot)).empty());
+    EXPECT_TRUE(ActivePlot().rows.errorLines.empty());
 }
 
 TEST_F(TablePaste, RetryAtABadRowAsksForTheFormatAgainAndAbortKeepsTheRowsSoFar) {

@@ -19,7 +19,7 @@ class ErrorRows : public EngineTest {
 protected:
     using Lines = std::unordered_map<std::int32_t, std::string>;
 
-    static const Lines& LinesOf(int slot) { return gErrorLines[static_cast<std::size_t>(slot)]; }
+    static const Lines& LinesOf(int slot) { return PlotOf(slot).rows.errorLines; }
 
     void Load(const std::string& bytes) {
         if (CountOpenPlots() >= gMaxPlots) {
@@ -51,7 +51,7 @@ protected:
         int secondary = 0;
         GrowDataColumns(secondary, 1);
         gDataDip.At(gActivePlot, 1) = kErrorRow;
-        gErrorLines[static_cast<std::size_t>(gActivePlot)][1] = line;
+        ActivePlot().rows.errorLines[1] = line;
         RebuildRowTable(gActivePlot);
         SaveAndLoad();
         return LinesOf(gActivePlot).contains(1) ? LinesOf(gActivePlot).at(1) : "(none)";

@@ -89,7 +89,7 @@ TEST_F(OpenPlot, EveryLineIsARowAndOnlyGoodOnesAreValid) {
     EXPECT_EQ(LastLoad().invalidLines, 1);
     EXPECT_EQ(Dip(1), kErrorRow);
     EXPECT_EQ(Dip(2), 30);
-    const auto& lines = gErrorLines[static_cast<std::size_t>(gActivePlot)];
+    const auto& lines = ActivePlot().rows.errorLines;
     EXPECT_EQ(lines.at(1), "; comment");
     EXPECT_EQ(lines.at(5), "letters only");
     EXPECT_EQ(RowTableText(TableOf(gActivePlot), PlaceOf(1), 3), "-9999");
@@ -499,7 +499,7 @@ TEST_F(OpenPlot, RemovingAnOverlayLeavesNoTraceOfIt) {
     EXPECT_EQ(record.FileNames[2], "");
     EXPECT_EQ(record.PlotTitle, "a.txt: 1");
     EXPECT_EQ(record.SelectedOverlay, 0);
-    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(gActivePlot)].empty());
+    EXPECT_TRUE(ActivePlot().rows.errorLines.empty());
     EXPECT_EQ(TableOf(gActivePlot).size(), 1U);
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, (folder / "c.txt").string()), kOverlayCommand);
 }

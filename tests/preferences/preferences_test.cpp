@@ -9,6 +9,7 @@
 #include "preferences/preferences.h"
 #include "preferences/style_changes.h"
 #include "preferences/style_samples.h"
+#include "rose/rose_plot.h"
 #include "session/start.h"
 #include "stereo/net.h"
 #include "support/plot_rows.h"

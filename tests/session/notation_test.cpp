@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "edit/marks/girdles.h"
 #include "session/notation.h"

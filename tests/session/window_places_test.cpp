@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "session/window_places.h"
 #include "support/test_platform.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "statistics/confidence_cone.h"
 #include "statistics/fabric_statistics.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "orientation/angles.h"
 #include "orientation/vectors.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/vectors.h"
 #include "statistics/orientation_notation.h"
 #include "support/test_platform.h"

@@ -2,8 +2,8 @@
 //
 // The list of reference numbers beside the texts of the same plots.
 
-#include "core/data_format.h"
 #include "core/formulas.h"
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "orientation/vectors.h"
 #include "statistics/fabric_kernels.h"

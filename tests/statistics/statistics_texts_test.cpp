@@ -2,7 +2,7 @@
 //
 // Both texts of small plots, with numbers worked out by hand.
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/replot.h"
 #include "orientation/angles.h"

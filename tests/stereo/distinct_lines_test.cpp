@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "stereo/distinct_lines.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "stereo/net.h"
 #include "stereo/window_drawing.h"

@@ -4,7 +4,6 @@
 
 #pragma once
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "platform/memory_settings_store.h"

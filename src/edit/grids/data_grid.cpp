@@ -179,12 +179,12 @@ std::string DataGrid::CellText(std::size_t row, std::size_t column) const {
 
 std::string DataGrid::LineBehind(std::size_t row) const {
     const std::int32_t point = PointOfRow(row);
-    const auto slot = static_cast<std::size_t>(slot_);
-    if (point == 0 || slot >= gErrorLines.size()) {
+    const Plot* const plot = PlotSlots::Find(slot_);
+    if (point == 0 || plot == nullptr) {
         return {};
     }
-    const auto line = gErrorLines[slot].find(point);
-    return line == gErrorLines[slot].end() ? std::string() : line->second;
+    const auto line = plot->rows.errorLines.find(point);
+    return line == plot->rows.errorLines.end() ? std::string() : line->second;
 }
 
 bool DataGrid::IsMainRow(const GridLine& line) const {

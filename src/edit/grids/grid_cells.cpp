@@ -2,8 +2,7 @@
 
 #include "edit/grids/grid_cells.h"
 
-#include "core/data_format.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "input/data_rows.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"

@@ -140,7 +140,7 @@ KeptRows KeepRows(int slot) {
     for (std::int32_t row = 0; row < texts; ++row) {
         kept.texts.emplace_back(gAppText(slot, row));
     }
-    kept.errorLines = gErrorLines[static_cast<std::size_t>(slot)];
+    kept.errorLines = PlotOf(slot).rows.errorLines;
     kept.links = FollowerOfRows().keep(slot);
     return kept;
 }

@@ -36,7 +36,7 @@ std::optional<std::string> LineOf(const ErrorLines& lines, std::int32_t row) {
 }
 
 ErrorLines& LinesOf(int slot) {
-    return gErrorLines[static_cast<std::size_t>(slot)];
+    return PlotOf(slot).rows.errorLines;
 }
 
 void SetLine(ErrorLines& lines, std::int32_t row, std::optional<std::string> line) {

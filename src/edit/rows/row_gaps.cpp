@@ -66,7 +66,7 @@ void OpenGaps(int slot, std::span<const std::int32_t> rows, std::int32_t count) 
             column.At(slot, stay[place - 1]) = column(slot, static_cast<std::int32_t>(place));
         }
     });
-    ErrorLines& lines = gErrorLines[static_cast<std::size_t>(slot)];
+    ErrorLines& lines = PlotOf(slot).rows.errorLines;
     ErrorLines renumbered;
     for (auto& [row, line] : lines) {
         if (row >= 1 && static_cast<std::size_t>(row) <= stay.size()) {

@@ -5,7 +5,6 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "input/format_suspicions.h"
 #include "input/text_file.h"
 #include "platform/platform.h"

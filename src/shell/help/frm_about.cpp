@@ -2,6 +2,7 @@
 
 #include "shell/help/frm_about.h"
 
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "shell/controls/icons.h"
 

@@ -3,6 +3,7 @@
 #include "shell/main/frm_intro.h"
 
 #include "core/path_names.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "session/start.h"
 #include "session/window_state.h"

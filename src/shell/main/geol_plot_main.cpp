@@ -4,7 +4,6 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/marks/girdle_pull.h"
 #include "edit/marks/small_circle_pick.h"

@@ -2,6 +2,7 @@
 
 #include "shell/preferences/frm_preferences.h"
 
+#include "core/plot_store.h"
 #include "orientation/number_text.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"

@@ -4,9 +4,8 @@
 // the program that must not matter.
 
 #include "border/random_lines.h"
-#include "core/data_format.h"
 #include "core/formulas.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "quandrel/quandrel.h"
 

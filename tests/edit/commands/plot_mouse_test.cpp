@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/commands/plot_mouse.h"
+#include "edit/history/edit_step.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotation_edits.h"
 #include "edit/marks/annotations.h"

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "derive/secondary_data.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/grids/data_grid.h"
+#include "edit/history/edit_step.h"
 #include "edit/history/undo.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
@@ -175,7 +176,7 @@ TEST_F(Grid, ASortedTableLeavesItAsItIs) {
 TEST_F(Grid, ErrorRowsShowNonData) {
     Load(30, 120);
     Load(kErrorRow, 0);
-    gErrorLines[static_cast<std::size_t>(gActivePlot)][2] = "; a remark";
+    ActivePlot().rows.errorLines[2] = "; a remark";
     const DataGrid grid(gActivePlot);
     EXPECT_EQ(RowTexts(grid, 1), (Texts{"2", "non-data", "", ""}));
     EXPECT_EQ(grid.EditText(1, 1), "");
@@ -339,7 +340,7 @@ TEST_F(Grid, AnErrorRowBecomesDataByAGoodPair) {
     Load(kErrorRow, 0);
     AddAllColumns();
     Fill(1, {12, 99}, {8, 3}, 2.5F, "bed A");
-    gErrorLines[static_cast<std::size_t>(gActivePlot)][2] = "45 ?";
+    ActivePlot().rows.errorLines[2] = "45 ?";
     DataGrid grid(gActivePlot);
     grid.SetCell(1, 1, "-45");
     grid.SetCell(1, 2, "10");

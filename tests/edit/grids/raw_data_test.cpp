@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/grids/raw_data.h"
 #include "edit/history/undo.h"

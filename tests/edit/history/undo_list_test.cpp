@@ -493,11 +493,11 @@ TEST_F(UndoList, NumbersTheRowsConcernedAsTheyAreNow) {
 TEST_F(UndoList, SelectsRowsThatWentAndOneThatChangedByTheirFormerNumbers) {
     const int slot = NewPlanes({{10, 10}, {20, 20}, {30, 30}, {40, 40}});
     EditStep step(kGridEdit, Before<RowChange>);
-    gErrorLines[static_cast<std::size_t>(slot)][4] = "a line that was behind it";
+    PlotOf(slot).rows.errorLines[4] = "a line that was behind it";
     RemoveRows(slot, std::vector<std::int32_t>{1, 2});
     step.Finish(Redraw::Nothing);
     UndoLastEdit();
-    EXPECT_TRUE(gErrorLines[static_cast<std::size_t>(slot)].empty());
+    EXPECT_TRUE(PlotOf(slot).rows.errorLines.empty());
     EXPECT_EQ(gSelectionRows, (std::vector<std::int32_t>{1, 2, 4}));
     RedoLastEdit();
     EXPECT_EQ(gSelectionRows, std::vector<std::int32_t>{2});

@@ -4,6 +4,7 @@
 #include "derive/derived_plots.h"
 #include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
+#include "edit/history/edit_step.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/rows/remove_rows.h"
 #include "input/data_rows.h"
@@ -41,7 +42,7 @@ TEST_F(EditRows, RemovalLeavesTheOthersWithAllTheirFieldsInOrder) {
         }
         AddFields();
         for (std::int32_t row = 4; row <= 40; row += 7) {
-            gErrorLines[static_cast<std::size_t>(slot)][row] = "bad " + std::to_string(row);
+            PlotOf(slot).rows.errorLines[row] = "bad " + std::to_string(row);
         }
         std::vector<std::int32_t> removed;
         Texts before;
@@ -69,7 +70,7 @@ TEST_F(EditRows, RemovalLeavesTheOthersWithAllTheirFieldsInOrder) {
 TEST_F(EditRows, CutOfAllRowsLeavesAnEmptyPlotAndUndoPutsThemBack) {
     const int slot = NewPlanes({{30, 120}, {kErrorRow, 0}, {60, 300}});
     AddFields();
-    gErrorLines[static_cast<std::size_t>(slot)][2] = "no data";
+    PlotOf(slot).rows.errorLines[2] = "no data";
     const Texts before = Rows(slot);
     SelectAll();
     SelectRows(slot, {1, 2, 3});

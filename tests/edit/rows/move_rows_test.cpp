@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "edit/history/edit_step.h"
 #include "edit/history/undo.h"
 #include "edit/rows/move_rows.h"
 #include "edit/selection/marquee.h"

@@ -2,6 +2,7 @@
 
 #include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
+#include "edit/history/edit_step.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/rows/paste_rows.h"
 #include "edit/rows/pasted_format.h"

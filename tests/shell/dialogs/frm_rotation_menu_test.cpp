@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "platform/scripted/recording_surface.h"
 #include "rotation/rotate_data.h"
 #include "shell/dialogs/frm_rotation_menu.h"

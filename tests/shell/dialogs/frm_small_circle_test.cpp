@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "edit/marks/small_circle_pick.h"
 #include "edit/marks/small_circles.h"
 #include "orientation/projection.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/style_tables.h"
 #include "derive/kinematic_plots.h"
 #include "edit/commands/edit_menu.h"

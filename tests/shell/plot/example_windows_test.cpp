@@ -3,7 +3,6 @@
 // Every example in the first plot window of a common screen: its boxes show the whole of their
 // texts.
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "drawing/draw_plot.h"

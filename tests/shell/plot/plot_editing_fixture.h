@@ -4,8 +4,9 @@
 
 #pragma once
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "edit/history/undo.h"
+#include "edit/marks/annotations.h"
 #include "edit/marks/girdles.h"
 #include "edit/selection/marquee.h"
 #include "session/start.h"

@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/settings.h"
 #include "rose/rose_legend.h"
 #include "rose/rose_plot.h"
