@@ -5,7 +5,6 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "rose/rose_count.h"

@@ -6,7 +6,6 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
-#include "core/settings.h"
 #include "platform/platform.h"
 #include "rose/circular_statistics.h"
 #include "rose/draw_rose.h"

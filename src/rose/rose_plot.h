@@ -16,6 +16,9 @@
 #include "platform/status_line.h"
 #include "rose/rose_tables.h"
 
+#include <type_traits>
+#include <utility>
+
 namespace quandrel {
 
 /// The fault of a rose, from its counts. Kinds of means and deviations need a row with a value;
@@ -38,7 +41,42 @@ struct RoseWarnings {
     static RoseWarnings now;
 };
 
+/// A part of the rose of gActivePlot under its given name. It has no state of its own.
+template <auto Part>
+class ActiveRosePart {
+public:
+    using Value = std::remove_reference_t<decltype(std::declval<PlotRose&>().*Part)>;
+
+    operator Value&() const { return ActiveRose().*Part; }
+
+    Value& operator=(Value value) const { return ActiveRose().*Part = std::move(value); }
+
+    Value& operator*() const { return ActiveRose().*Part; }
+
+    Value* operator->() const { return &(ActiveRose().*Part); }
+
+    template <class... Places>
+    decltype(auto) operator()(Places... places) const {
+        return (ActiveRose().*Part)(places...);
+    }
+
+    template <class Place>
+    decltype(auto) operator[](Place place) const {
+        return (ActiveRose().*Part)[place];
+    }
+};
+
+// Given names.
 inline constinit auto& gRoseClassWarned = RoseWarnings::now.ofDelimiters;
+inline constexpr ActiveRosePart<&PlotRose::sectors> gRoseSectors;
+inline constexpr ActiveRosePart<&PlotRose::sectorStats> gRoseSectorStats;
+inline constexpr ActiveRosePart<&PlotRose::trigSums> gRoseTrigSums;
+inline constexpr ActiveRosePart<&PlotRose::angles> gRoseAngles;
+inline constexpr ActiveRosePart<&PlotRose::radii> gRoseRadii;
+inline constexpr ActiveRosePart<&PlotRose::total> gRoseTotal;
+inline constexpr ActiveRosePart<&PlotRose::isDirectional> gRoseDirectional;
+inline constexpr ActiveRosePart<&PlotRose::startMath> gRoseStartMath;
+inline constexpr ActiveRosePart<&PlotRose::isOddAsked> gRoseOddAsked;
 
 /// Computes the rose of a plot, and the texts of its statistics (core/plot_texts.h). A plot without
 /// valid rows has nothing to draw.

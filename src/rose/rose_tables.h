@@ -12,8 +12,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace quandrel {
@@ -187,40 +185,5 @@ struct PlotRose {
 
 /// The rose of gActivePlot.
 [[nodiscard]] PlotRose& ActiveRose();
-
-/// A part of the rose of gActivePlot under its given name. It has no state of its own.
-template <auto Part>
-class ActiveRosePart {
-public:
-    using Value = std::remove_reference_t<decltype(std::declval<PlotRose&>().*Part)>;
-
-    operator Value&() const { return ActiveRose().*Part; }
-
-    Value& operator=(Value value) const { return ActiveRose().*Part = std::move(value); }
-
-    Value& operator*() const { return ActiveRose().*Part; }
-
-    Value* operator->() const { return &(ActiveRose().*Part); }
-
-    template <class... Places>
-    decltype(auto) operator()(Places... places) const {
-        return (ActiveRose().*Part)(places...);
-    }
-
-    template <class Place>
-    decltype(auto) operator[](Place place) const {
-        return (ActiveRose().*Part)[place];
-    }
-};
-
-inline constexpr ActiveRosePart<&PlotRose::sectors> gRoseSectors;
-inline constexpr ActiveRosePart<&PlotRose::sectorStats> gRoseSectorStats;
-inline constexpr ActiveRosePart<&PlotRose::trigSums> gRoseTrigSums;
-inline constexpr ActiveRosePart<&PlotRose::angles> gRoseAngles;
-inline constexpr ActiveRosePart<&PlotRose::radii> gRoseRadii;
-inline constexpr ActiveRosePart<&PlotRose::total> gRoseTotal;
-inline constexpr ActiveRosePart<&PlotRose::isDirectional> gRoseDirectional;
-inline constexpr ActiveRosePart<&PlotRose::startMath> gRoseStartMath;
-inline constexpr ActiveRosePart<&PlotRose::isOddAsked> gRoseOddAsked;
 
 } // namespace quandrel

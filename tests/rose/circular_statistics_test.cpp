@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/bias_weights.h"
 #include "rose/circular_median.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "support/plot_rows.h"

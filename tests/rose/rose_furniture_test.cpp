@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/rose_furniture.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_tables.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

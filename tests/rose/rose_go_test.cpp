@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
-#include "core/settings.h"
 #include "rose/rose_go.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"

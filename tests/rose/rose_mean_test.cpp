@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "rose/circular_statistics.h"
 #include "rose/rose_confidence.h"
 #include "rose/rose_mean.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_shown.h"
 #include "rose/rose_statistics_texts.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "rose/draw_rose.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_scale.h"

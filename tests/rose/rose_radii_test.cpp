@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "rose/rose_plot.h"
 #include "rose/rose_radii.h"
 #include "support/test_platform.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/circular_statistics.h"
 #include "rose/rose_confidence.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_reference.h"
 #include "rose/rose_sectors.h"

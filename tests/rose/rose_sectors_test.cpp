@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "rose/bias_weights.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "support/plot_rows.h"

@@ -2,9 +2,9 @@
 //
 // Both texts of small roses, with numbers worked out by hand or with complex moments.
 
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "rose/circular_statistics.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_statistics_texts.h"

@@ -2,6 +2,7 @@
 
 #include "core/data_format.h"
 #include "orientation/angles.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_wedges.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

@@ -62,6 +62,7 @@ enum class SelectionWay {
     Toggle,  ///< the contents of the frame are added, or deselected if selected
 };
 
+// Given names.
 inline constinit auto& gMarquee = Selection::now.marquee;
 
 /// Sets what to call after each change of the selection, or of a complete marquee; `{}` for none.

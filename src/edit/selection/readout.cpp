@@ -4,7 +4,6 @@
 
 #include "classify/classification.h"
 #include "core/class_stats.h"
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
@@ -12,6 +11,7 @@
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
 #include "statistics/orientation_notation.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "edit/commands/plot_mouse.h"
 #include "edit/rows/add_point.h"
 #include "edit/rows/clipboard_text.h"
