@@ -27,6 +27,9 @@
 
 namespace quandrel {
 
+// Given names.
+inline constinit auto& gLastEditKind = EditHistory::now.lastKind;
+
 /// What is redrawn after an edit.
 enum class Redraw {
     Nothing, ///< the edit draws itself

@@ -17,8 +17,7 @@ EditHistory EditHistory::now;
 
 namespace {
 
-auto& gDone = EditHistory::now.done;
-auto& gUndone = EditHistory::now.undone;
+constexpr EditHistory& history = EditHistory::now;
 
 bool IsOfRows(const UndoStep& step) {
     return step.change->Part() == PlotPart::Rows;
@@ -45,9 +44,11 @@ std::size_t BytesOf(const UndoStep& step) {
 /// limit. One step always stays.
 void KeepToBound() {
     UndoUse use = UseOfUndo();
-    while (use.bytes > EditHistory::now.bound && use.steps > 1) {
+    while (use.bytes > history.bound && use.steps > 1) {
         std::deque<UndoStep>& steps =
-            gDone.empty() || (gDone.size() == 1 && !gUndone.empty()) ? gUndone : gDone;
+            history.done.empty() || (history.done.size() == 1 && !history.undone.empty())
+                ? history.undone
+                : history.done;
         use.bytes -= steps.front().bytes;
         --use.steps;
         steps.pop_front();
@@ -57,7 +58,7 @@ void KeepToBound() {
 /// Call it after each change of the list.
 void FollowList() {
     KeepToBound();
-    gLastEditKind = gDone.empty() ? kNoEdit : gDone.back().kind;
+    history.lastKind = history.done.empty() ? kNoEdit : history.done.back().kind;
 }
 
 /// The newest step whose plot is in the state that the step needs; nullptr when there is none.
@@ -77,24 +78,24 @@ const UndoStep* NewestOf(const std::deque<UndoStep>& steps, std::uint64_t UndoSt
 }
 
 const UndoStep* StepToUndo() {
-    return NewestOf(gDone, &UndoStep::hashAfter);
+    return NewestOf(history.done, &UndoStep::hashAfter);
 }
 
 const UndoStep* StepToRedo() {
-    return NewestOf(gUndone, &UndoStep::hashBefore);
+    return NewestOf(history.undone, &UndoStep::hashBefore);
 }
 
 void DropSteps(int slot) {
     const auto isOfSlot = [slot](const UndoStep& step) { return IsOf(step, slot); };
-    std::erase_if(gDone, isOfSlot);
-    std::erase_if(gUndone, isOfSlot);
+    std::erase_if(history.done, isOfSlot);
+    std::erase_if(history.undone, isOfSlot);
 }
 
 /// Drops the steps of the plots that were skipped on the way to a step, and returns that step.
 UndoStep TakeStep(std::deque<UndoStep>& steps, const UndoStep* wanted) {
     while (&steps.back() != wanted) {
         DropSteps(steps.back().slot);
-        wanted = &steps == &gDone ? StepToUndo() : StepToRedo(); // it may have moved
+        wanted = &steps == &history.done ? StepToUndo() : StepToRedo(); // it may have moved
     }
     UndoStep step = std::move(steps.back());
     steps.pop_back();
@@ -110,15 +111,15 @@ auto NewestOfSlot(Steps& steps, int slot) {
 /// Records a change of a plot's Modified since its last step: after a save, its other states differ
 /// from the file; after another change, all its states do.
 void NoteModified(int slot, std::int16_t modified) {
-    const auto done = NewestOfSlot(gDone, slot);
-    const auto undone = NewestOfSlot(gUndone, slot);
-    const bool hasDone = done != gDone.rend();
-    const bool hasUndone = undone != gUndone.rend();
+    const auto done = NewestOfSlot(history.done, slot);
+    const auto undone = NewestOfSlot(history.undone, slot);
+    const bool hasDone = done != history.done.rend();
+    const bool hasUndone = undone != history.undone.rend();
     if ((!hasDone && !hasUndone)
         || modified == (hasDone ? done->modifiedAfter : undone->modifiedBefore)) {
         return;
     }
-    for (std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+    for (std::deque<UndoStep>* steps : {&history.done, &history.undone}) {
         for (UndoStep& step : *steps) {
             if (IsOf(step, slot)) {
                 step.modifiedBefore = kTrue;
@@ -136,10 +137,11 @@ void NoteModified(int slot, std::int16_t modified) {
 
 /// True when the part of a new step is unchanged since the last step of that part.
 bool FollowsOn(const UndoStep& step) {
-    const auto former = std::find_if(gDone.rbegin(), gDone.rend(), [&](const UndoStep& other) {
-        return IsOf(other, step.slot) && other.change->Part() == step.change->Part();
-    });
-    return former == gDone.rend() || former->hashAfter == step.hashBefore;
+    const auto former =
+        std::find_if(history.done.rbegin(), history.done.rend(), [&](const UndoStep& other) {
+            return IsOf(other, step.slot) && other.change->Part() == step.change->Part();
+        });
+    return former == history.done.rend() || former->hashAfter == step.hashBefore;
 }
 
 Selection SelectionOf(int slot) {
@@ -206,7 +208,7 @@ void FollowRotation(UndoStep& step, bool isUndo) {
 /// Undoes or redoes a step.
 void Carry(const UndoStep* wanted, bool isUndo) {
     NoteModified(wanted->slot, RecordOf(wanted->slot).Modified);
-    UndoStep step = TakeStep(isUndo ? gDone : gUndone, wanted);
+    UndoStep step = TakeStep(isUndo ? history.done : history.undone, wanted);
     const int slot = step.slot;
     gActivePlot = slot;
     UseLayerOf(step.change->Part());
@@ -218,7 +220,7 @@ void Carry(const UndoStep* wanted, bool isUndo) {
         FollowRotation(step, isUndo);
         step.bytes = BytesOf(step);
         RecordOf(slot).Modified = isUndo ? step.modifiedBefore : step.modifiedAfter;
-        (isUndo ? gUndone : gDone).push_back(std::move(step));
+        (isUndo ? history.undone : history.done).push_back(std::move(step));
     } catch (const std::bad_alloc&) {
         ForgetUndo(slot);
         ForgetRotation();
@@ -267,29 +269,29 @@ const char* NameOf(EditKind kind) {
 
 void KeepStep(UndoStep step, bool joins) {
     const int slot = step.slot;
-    gUndone.clear();
+    history.undone.clear();
     if (!FollowsOn(step)) {
         DropSteps(slot);
     }
     NoteModified(slot, step.modifiedBefore);
     RecordOf(slot).Modified = kModifiedByLastEdit;
-    if (joins && !gDone.empty() && gDone.back().change->Join(*step.change)) {
-        gDone.back().hashAfter = step.hashAfter;
-        gDone.back().bytes = BytesOf(gDone.back());
+    if (joins && !history.done.empty() && history.done.back().change->Join(*step.change)) {
+        history.done.back().hashAfter = step.hashAfter;
+        history.done.back().bytes = BytesOf(history.done.back());
     } else {
         step.modifiedAfter = kModifiedByLastEdit;
         if (IsOfRows(step)) {
             step.rotation = TakeRotation(slot);
         }
         step.bytes = BytesOf(step);
-        gDone.push_back(std::move(step));
+        history.done.push_back(std::move(step));
     }
     FollowList();
 }
 
 bool IsWithinRun(EditKind kind) {
-    const UndoStep* const last = gUndone.empty() ? StepToUndo() : nullptr;
-    return last != nullptr && last == &gDone.back() && last->kind == kind
+    const UndoStep* const last = history.undone.empty() ? StepToUndo() : nullptr;
+    return last != nullptr && last == &history.done.back() && last->kind == kind
            && last->run != EditRun::Alone && last->slot == gActivePlot
            && ActiveRecord().Modified == kModifiedByLastEdit
            && last->selection.slot == SelectionOf(gActivePlot).slot
@@ -297,8 +299,8 @@ bool IsWithinRun(EditKind kind) {
 }
 
 void ForgetUndo() {
-    gDone.clear();
-    gUndone.clear();
+    history.done.clear();
+    history.undone.clear();
     FollowList();
 }
 
@@ -343,13 +345,13 @@ std::string RedoCaption() {
 }
 
 void SetUndoMemory(std::size_t bytes) {
-    EditHistory::now.bound = bytes;
+    history.bound = bytes;
     FollowList();
 }
 
 UndoUse UseOfUndo() {
     UndoUse use;
-    for (const std::deque<UndoStep>* steps : {&gDone, &gUndone}) {
+    for (const std::deque<UndoStep>* steps : {&history.done, &history.undone}) {
         for (const UndoStep& step : *steps) {
             use.bytes += step.bytes;
             ++use.steps;

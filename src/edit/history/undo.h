@@ -89,8 +89,6 @@ struct EditHistory {
     static EditHistory now;
 };
 
-inline constinit auto& gLastEditKind = EditHistory::now.lastKind;
-
 /// Adds a step, whose plot must be in the state after it, to the list, and sets the plot's
 /// Modified. A rotation that an edit of rows makes final is kept with it.
 /// @param joins  it becomes part of the previous step
