@@ -3,7 +3,7 @@
 #include "edit/marks/annotation_text.h"
 
 #include "core/letter_case.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "input/parameter_line.h"
 #include "input/text_file.h"
 #include "orientation/number_text.h"

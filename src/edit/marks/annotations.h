@@ -18,6 +18,7 @@
 
 #include "core/plot_record.h"
 #include "core/style_tables.h"
+#include "edit/marks/girdles.h"
 #include "stereo/drawing.h"
 
 #include <cstddef>
@@ -28,6 +29,9 @@
 #include <vector>
 
 namespace quandrel {
+
+// Given names.
+inline constinit auto& gActiveGirdle = GirdleInWork::now.row;
 
 /// Rows of gSymbolTable for annotations.
 inline constexpr std::int16_t kLeftAnnotationStyle = 21;

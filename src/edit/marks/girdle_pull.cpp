@@ -7,6 +7,7 @@
 #include "core/replot.h"
 #include "core/style_tables.h"
 #include "edit/history/edit_step.h"
+#include "edit/marks/annotations.h"
 #include "edit/marks/kept_girdles.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
@@ -30,10 +31,9 @@ constexpr double kSamePlace = 2;
 
 constexpr int kWidestGirdle = 50;
 
-/// The current pull.
-struct Pull {
-    int row = 0; ///< 0 if there is none
-    std::int32_t slot = 0;
+/// The current pull, attached to its plot. There is one at most.
+struct GirdlePull {
+    int row = 0;
     GirdleForm form = GirdleForm::kDipLine;
     GirdlePlane former;  ///< the plane at the press
     GirdleValues before; ///< the row at the press
@@ -41,14 +41,19 @@ struct Pull {
     bool hasMoved = false;
 };
 
-Pull gPull;
+/// The plot whose girdle is pulled, 0 if there is none.
+std::int32_t PulledSlot() {
+    return SlotWith<GirdlePull>();
+}
 
-/// The row that is pulled, or nothing after its plot was closed.
-GirdleValues* PulledValues() {
-    if (gPull.row == 0 || !IsOpenSlot(gPull.slot)) {
-        return nullptr;
-    }
-    return &RecordOf(gPull.slot).AxisItems[static_cast<std::size_t>(gPull.row)];
+/// The pull of a plot that has one.
+GirdlePull& PullOn(std::int32_t slot) {
+    return PlotOf(slot).attachments.Of<GirdlePull>();
+}
+
+/// The row that is pulled on a plot.
+GirdleValues& ValuesPulledOn(std::int32_t slot) {
+    return RecordOf(slot).AxisItems[static_cast<std::size_t>(PullOn(slot).row)];
 }
 
 /// A component of a style; files may contain any number.
@@ -67,10 +72,10 @@ GirdlePlane PlaneOf(const GirdleValues& values) {
     return plane;
 }
 
-bool IsAtFormerDipLine(int plotKind, double x, double y) {
+bool IsAtDipLine(const GirdlePlane& plane, int plotKind, double x, double y) {
     double dipX = 0;
     double dipY = 0;
-    ProjectPoint(plotKind, gPull.former.dip, gPull.former.dipDirection, dipX, dipY);
+    ProjectPoint(plotKind, plane.dip, plane.dipDirection, dipX, dipY);
     return std::hypot(x - dipX, y - dipY) <= kSamePlace;
 }
 
@@ -81,10 +86,14 @@ bool MayBePulled(const GirdleValues& values, GirdleForm form) {
     return !isHidden && (hasText || form != GirdleForm::kThroughDipLine);
 }
 
-/// Ends the pull and draws its plot.
-void EndPull() {
-    const PlotInWork work(gPull.slot);
-    gPull = {};
+void ForgetPull(std::int32_t slot) {
+    PlotOf(slot).attachments.Drop<GirdlePull>();
+}
+
+/// Ends the pull of a plot and draws the plot.
+void EndPull(std::int32_t slot) {
+    const PlotInWork work(slot);
+    ForgetPull(slot);
     RefreshGirdles();
 }
 
@@ -127,93 +136,101 @@ bool CanPullGirdle() {
 
 bool PressGirdle(int button, int shift, double x, double y) {
     const std::optional<GirdleForm> form = FormOfKeys(button, shift);
-    if (!form || !CanPullGirdle() || gPull.row != 0) {
+    if (!form || !CanPullGirdle() || PulledGirdle() != 0) {
         return false;
     }
     GirdleValues& values = ActiveRecord().AxisItems[static_cast<std::size_t>(gActiveGirdle)];
     if (!MayBePulled(values, *form)) {
         return false;
     }
-    gPull = {gActiveGirdle, gActivePlot,
-             *form,         PlaneOf(values),
-             values,        EditStep(kGirdleEdit, Before<PropertyChange<GirdlesProperty>>),
-             false};
+    const GirdlePull& pull = ActivePlot().attachments.Of<GirdlePull>() =
+        GirdlePull{gActiveGirdle,
+                   *form,
+                   PlaneOf(values),
+                   values,
+                   EditStep(kGirdleEdit, Before<PropertyChange<GirdlesProperty>>),
+                   false};
     if (TextOf(values[kItemText]).empty()) {
         CopyGirdleStyle(ActiveRecord(), gActiveGirdle);
     }
     values[kItemShown] = false;
-    if (IsShown(gPull.before)) {
-        RedrawPlot(
-            gActivePlot); // the old girdle disappears; the new one is drawn above the picture
+    if (IsShown(pull.before)) {
+        // The old girdle disappears; the new one is drawn above the picture.
+        RedrawPlot(gActivePlot);
     }
     DragGirdle(x, y);
     return true;
 }
 
 void DragGirdle(double x, double y) {
-    GirdleValues* const values = PulledValues();
-    if (values == nullptr) {
+    const std::int32_t slot = PulledSlot();
+    if (slot == 0) {
         return;
     }
-    const int plotKind = RecordOf(gPull.slot).PlotKind;
-    if (gPull.form == GirdleForm::kThroughDipLine && IsAtFormerDipLine(plotKind, x, y)) {
+    GirdlePull& pull = PullOn(slot);
+    const int plotKind = RecordOf(slot).PlotKind;
+    if (pull.form == GirdleForm::kThroughDipLine && IsAtDipLine(pull.former, plotKind, x, y)) {
         return;
     }
-    const auto plane = PulledPlane(gPull.form, gPull.former, LineAtPosition(plotKind, x, y));
+    const auto plane = PulledPlane(pull.form, pull.former, LineAtPosition(plotKind, x, y));
     if (!plane) {
         return;
     }
     double plunge = 0;
     double trend = 0;
     OppositeOfPlane(plane->dip, plane->dipDirection, plunge, trend);
-    (*values)[kItemText] = TextOfPlaneOfPole(plunge, trend);
-    (*values)[kItemPlunge] = plunge;
-    (*values)[kItemTrend] = trend;
-    gPull.hasMoved = true;
+    GirdleValues& values = ValuesPulledOn(slot);
+    values[kItemText] = TextOfPlaneOfPole(plunge, trend);
+    values[kItemPlunge] = plunge;
+    values[kItemTrend] = trend;
+    pull.hasMoved = true;
 }
 
 void ReleaseGirdle() {
-    if (!gPull.hasMoved) {
+    const std::int32_t slot = PulledSlot();
+    if (slot == 0 || !PullOn(slot).hasMoved) {
         CancelGirdlePull();
         return;
     }
-    if (GirdleValues* const values = PulledValues()) {
-        (*values)[kItemShown] = true;
-        gPull.step->Finish(Redraw::Nothing);
-        EndPull();
-    }
-    gPull = {};
+    ValuesPulledOn(slot)[kItemShown] = true;
+    PullOn(slot).step->Finish(Redraw::Nothing);
+    EndPull(slot);
 }
 
 void CancelGirdlePull() {
-    if (GirdleValues* const values = PulledValues()) {
-        const bool wasShown = IsShown(gPull.before);
-        *values = gPull.before;
-        if (wasShown) {
-            EndPull();
-        }
+    const std::int32_t slot = PulledSlot();
+    if (slot == 0) {
+        return;
     }
-    gPull = {};
+    GirdleValues& values = ValuesPulledOn(slot);
+    values = PullOn(slot).before;
+    if (IsShown(values)) {
+        EndPull(slot);
+    } else {
+        ForgetPull(slot);
+    }
 }
 
 int PulledGirdle() {
-    return gPull.row;
+    const std::int32_t slot = PulledSlot();
+    return slot == 0 ? 0 : PullOn(slot).row;
 }
 
 void DrawPulledGirdle(Surface& surface) {
-    const GirdleValues* const values = PulledValues();
-    if (values == nullptr || TextOf((*values)[kItemText]).empty()) {
+    const std::int32_t slot = PulledSlot();
+    if (slot == 0 || TextOf(ValuesPulledOn(slot)[kItemText]).empty()) {
         return;
     }
-    DrawGreatCircleOfPole(surface, gSettings.styles, RecordOf(gPull.slot).PlotKind,
-                          NumberOf((*values)[kItemPlunge]), NumberOf((*values)[kItemTrend]),
-                          StyleValue((*values)[kItemColour], kColourCount - 1),
-                          StyleValue((*values)[kItemDrawStyle], kNoLine),
-                          StyleValue((*values)[kItemDrawWidth], kWidestGirdle));
+    const GirdleValues& values = ValuesPulledOn(slot);
+    DrawGreatCircleOfPole(surface, gSettings.styles, RecordOf(slot).PlotKind,
+                          NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]),
+                          StyleValue(values[kItemColour], kColourCount - 1),
+                          StyleValue(values[kItemDrawStyle], kNoLine),
+                          StyleValue(values[kItemDrawWidth], kWidestGirdle));
 }
 
 void ChangeUserGirdle(int button, int shift, double x, double y) {
-    if (gPull.row == 0) {
+    if (PulledGirdle() == 0) {
         (void)PressGirdle(button, shift, x, y);
     } else {
         DragGirdle(x, y);

@@ -27,8 +27,6 @@ struct GirdleInWork {
     static GirdleInWork now;
 };
 
-inline constinit auto& gActiveGirdle = GirdleInWork::now.row;
-
 inline constexpr const char* kGirdleHint = "<Shift>+Left or <Shift>+Right mousebutton to change "
                                            "orientation of active girdle";
 

@@ -17,36 +17,47 @@ namespace quandrel {
 
 namespace {
 
-/// The current pick.
-struct Pick {
-    int set = 0; ///< 0 if there is none
-    std::int32_t slot = 0;
+/// The current pick, attached to its plot. There is one at most.
+struct CirclePick {
+    int set = 0;
     bool isDragging = false;
     NetLine axis;       ///< in full precision, while the texts have whole degrees
     SmallCircle before; ///< the set before the press
 };
 
-Pick gPick;
-
 bool IsStereoPlot(std::int32_t slot) {
     return IsOpenSlot(slot) && RecordOf(slot).PlotKind != kRose;
 }
 
-/// The circle that is being set, or nothing after its plot was closed.
-SmallCircle* CircleInWork() {
-    if (gPick.set == 0 || !IsOpenSlot(gPick.slot) || !RecordOf(gPick.slot).PlotSmallCircles) {
-        return nullptr;
-    }
-    return &(*RecordOf(gPick.slot).PlotSmallCircles)[static_cast<std::size_t>(gPick.set)];
+/// The pick of a plot, or nothing.
+const CirclePick* PickOn(std::int32_t slot) {
+    return IsOpenSlot(slot) ? PlotOf(slot).attachments.Find<CirclePick>() : nullptr;
 }
 
-NetLine LineOnPickedPlot(double x, double y) {
-    return LineAtPosition(RecordOf(gPick.slot).PlotKind, x, y);
+/// The plot of the current pick, 0 if there is none.
+std::int32_t PickedSlot() {
+    return SlotWith<CirclePick>();
 }
 
-/// Ends the pick.
-void ForgetPick() {
-    gPick = {};
+/// The plot of a circle under the mouse, 0 if there is none.
+std::int32_t DraggedSlot() {
+    const std::int32_t slot = PickedSlot();
+    return slot != 0 && PickOn(slot)->isDragging ? slot : 0;
+}
+
+/// The circle that is being set on a plot with a pick, or nothing without small circles.
+SmallCircle* CircleInWork(std::int32_t slot) {
+    SmallCircles* const circles = RecordOf(slot).PlotSmallCircles.get();
+    return circles == nullptr ? nullptr : &circles->at(static_cast<std::size_t>(PickOn(slot)->set));
+}
+
+NetLine LineOn(std::int32_t slot, double x, double y) {
+    return LineAtPosition(RecordOf(slot).PlotKind, x, y);
+}
+
+/// Ends the pick of a plot.
+void ForgetPick(std::int32_t slot) {
+    PlotOf(slot).attachments.Drop<CirclePick>();
     gPlatform.status->SetText(kSmallCircleHint);
 }
 
@@ -57,58 +68,60 @@ bool BeginSmallCirclePick(int set) {
     if (!IsStereoPlot(gActivePlot) || SmallCircleOfSet(set) == nullptr) {
         return false;
     }
-    gPick.set = set;
-    gPick.slot = gActivePlot;
+    ActivePlot().attachments.Of<CirclePick>().set = set;
     gPlatform.status->SetText(kPickCircleHint);
     return true;
 }
 
 int PickedSet() {
-    return gPick.slot == gActivePlot && CircleInWork() != nullptr && IsStereoPlot(gPick.slot)
-               ? gPick.set
-               : 0;
+    const std::int32_t slot = gActivePlot;
+    const CirclePick* const pick = PickOn(slot);
+    return pick != nullptr && CircleInWork(slot) != nullptr && IsStereoPlot(slot) ? pick->set : 0;
 }
 
 bool PressSmallCircle(double x, double y) {
     if (PickedSet() == 0) {
         return false;
     }
-    if (gPick.isDragging || !IsOnNet(x, y)) {
+    const std::int32_t slot = PickedSlot();
+    CirclePick& pick = PlotOf(slot).attachments.Of<CirclePick>();
+    if (pick.isDragging || !IsOnNet(x, y)) {
         return true;
     }
-    SmallCircle& circle = *CircleInWork();
-    gPick.before = circle;
-    gPick.isDragging = true;
-    gPick.axis = LineOnPickedPlot(x, y);
-    circle.AxisPl = RadToDegText(gPick.axis.plunge);
-    circle.AxisAz = WholeAzimuthText(gPick.axis.trend);
+    SmallCircle& circle = *CircleInWork(slot);
+    pick.before = circle;
+    pick.isDragging = true;
+    pick.axis = LineOn(slot, x, y);
+    circle.AxisPl = RadToDegText(pick.axis.plunge);
+    circle.AxisAz = WholeAzimuthText(pick.axis.trend);
     circle.Angle = RadToDegText(0);
     if (circle.Visible != 0) {
-        RedrawPlot(gPick.slot); // the old circle disappears; the new one is drawn above the picture
+        RedrawPlot(slot); // the old circle disappears; the new one is drawn above the picture
     }
     return true;
 }
 
 void DragSmallCircle(double x, double y) {
-    SmallCircle* const circle = CircleInWork();
-    if (!gPick.isDragging || circle == nullptr) {
+    const std::int32_t slot = DraggedSlot();
+    SmallCircle* const circle = slot == 0 ? nullptr : CircleInWork(slot);
+    if (circle == nullptr) {
         return;
     }
-    const NetLine line = LineOnPickedPlot(x, y);
+    const NetLine& axis = PickOn(slot)->axis;
+    const NetLine line = LineOn(slot, x, y);
     double angle = 0;
-    AngleBetweenLines(gPick.axis.plunge, gPick.axis.trend, line.plunge, line.trend, angle,
-                      LineAngle::kAcute);
+    AngleBetweenLines(axis.plunge, axis.trend, line.plunge, line.trend, angle, LineAngle::kAcute);
     circle->Angle = RadToDegText(angle);
 }
 
 void ReleaseSmallCircle(double x, double y) {
-    if (!gPick.isDragging) {
+    const std::int32_t slot = DraggedSlot();
+    if (slot == 0) {
         return;
     }
     DragSmallCircle(x, y);
-    const std::int32_t slot = gPick.slot;
-    SmallCircle* const circle = CircleInWork();
-    ForgetPick();
+    SmallCircle* const circle = CircleInWork(slot);
+    ForgetPick(slot);
     if (circle != nullptr) {
         circle->Visible = kTrue;
         FinishUnkept(slot, Redraw::Picture);
@@ -116,13 +129,13 @@ void ReleaseSmallCircle(double x, double y) {
 }
 
 void EndSmallCirclePick() {
-    if (gPick.set == 0) {
+    const std::int32_t slot = PickedSlot();
+    if (slot == 0) {
         return;
     }
-    const std::int32_t slot = gPick.slot;
-    SmallCircle* const circle = gPick.isDragging ? CircleInWork() : nullptr;
-    const SmallCircle before = gPick.before;
-    ForgetPick();
+    SmallCircle* const circle = IsDraggingSmallCircle() ? CircleInWork(slot) : nullptr;
+    const SmallCircle before = PickOn(slot)->before;
+    ForgetPick(slot);
     if (circle != nullptr) {
         *circle = before;
         if (before.Visible != 0) {
@@ -132,20 +145,22 @@ void EndSmallCirclePick() {
 }
 
 bool IsDraggingSmallCircle() {
-    return gPick.isDragging;
+    return DraggedSlot() != 0;
 }
 
 int CircleAbovePicture(std::int32_t slot) {
-    return gPick.isDragging && gPick.slot == slot ? gPick.set : 0;
+    const CirclePick* const pick = PickOn(slot);
+    return pick != nullptr && pick->isDragging ? pick->set : 0;
 }
 
 void DrawPickedCircle(Surface& surface) {
-    const SmallCircle* const circle = CircleInWork();
-    if (!gPick.isDragging || circle == nullptr) {
+    const std::int32_t slot = DraggedSlot();
+    const SmallCircle* const circle = slot == 0 ? nullptr : CircleInWork(slot);
+    if (circle == nullptr) {
         return;
     }
     if (const auto cone = ConeOfCircle(*circle)) {
-        DrawSmallCircle(surface, gSettings.styles, RecordOf(gPick.slot).PlotKind, *cone, *circle);
+        DrawSmallCircle(surface, gSettings.styles, RecordOf(slot).PlotKind, *cone, *circle);
     }
 }
 

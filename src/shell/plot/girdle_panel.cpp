@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "edit/marks/annotations.h"
 #include "edit/marks/girdles.h"
 #include "input/format_model.h"
 #include "orientation/notation.h"

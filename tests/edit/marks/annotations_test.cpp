@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "core/replot.h"
 #include "core/settings_value.h"
 #include "edit/commands/edit_menu.h"
+#include "edit/history/edit_step.h"
 #include "edit/history/undo.h"
 #include "edit/marks/annotation_edits.h"
 #include "edit/marks/annotation_tags.h"

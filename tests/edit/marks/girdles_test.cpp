@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "edit/history/undo.h"
+#include "edit/marks/annotations.h"
 #include "edit/marks/girdle_pull.h"
 #include "edit/marks/girdles.h"
 #include "orientation/angles.h"
