@@ -10,6 +10,7 @@
 #pragma once
 
 #include "platform/surface.h"
+#include "rotation/rotation_pick.h"
 #include "rotation/rotation_settings.h"
 
 #include <cstdint>
@@ -18,6 +19,9 @@
 #include <vector>
 
 namespace quandrel {
+
+// Given names.
+inline constinit auto& gRotFocusBox = RotationInWork::now.focus;
 
 /// The result of a rotation.
 struct RotationReport {

@@ -27,8 +27,6 @@ struct RotationInWork {
     static RotationInWork now;
 };
 
-inline constinit auto& gRotFocusBox = RotationInWork::now.focus;
-
 /// The precision with which a new strike is taken from the net.
 enum class PickStep { TenDegrees, FiveDegrees, Exact };
 

@@ -3,7 +3,6 @@
 #include "rotation/rotation_settings.h"
 
 #include "core/appended_number.h"
-#include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"

@@ -18,8 +18,6 @@ namespace quandrel {
 
 namespace {
 
-std::optional<RotationMemory> gLastRotation;
-
 std::array<const DataColumn<std::int32_t>*, 6> OrientationColumns() {
     return {&gDataDip, &gDataAz, &gData2Dip, &gData2Az, &gAppLineDip, &gAppLineAz};
 }
@@ -74,29 +72,41 @@ RotationMemory RememberRows(int slot) {
 
 void KeepForUndo(RotationMemory memory) {
     memory.fingerprint = FingerprintOf(memory.slot);
-    gLastRotation = std::move(memory);
+    OfferRotation(std::move(memory));
 }
 
 std::optional<RotationMemory> TakeRotation(int slot) {
-    return gLastRotation && gLastRotation->slot == slot ? std::exchange(gLastRotation, std::nullopt)
-                                                        : std::nullopt;
+    if (!IsOpenSlot(slot)) {
+        return std::nullopt;
+    }
+    PlotAttachments& attachments = PlotOf(slot).attachments;
+    RotationMemory* const kept = attachments.Find<RotationMemory>();
+    std::optional<RotationMemory> memory;
+    if (kept != nullptr) {
+        memory = std::move(*kept);
+        attachments.Drop<RotationMemory>();
+    }
+    return memory;
 }
 
 void OfferRotation(RotationMemory memory) {
-    gLastRotation = std::move(memory);
+    ForgetRotation();
+    PlotAttachments& attachments = PlotOf(memory.slot).attachments;
+    attachments.Of<RotationMemory>() = std::move(memory);
 }
 
 bool CanUndoRotation() {
-    return gLastRotation && gLastRotation->slot == gActivePlot && IsOpenSlot(gActivePlot)
-           && gLastRotation->fingerprint == FingerprintOf(gActivePlot);
+    const int slot = gActivePlot;
+    const RotationMemory* const kept =
+        IsOpenSlot(slot) ? PlotOf(slot).attachments.Find<RotationMemory>() : nullptr;
+    return kept != nullptr && kept->fingerprint == FingerprintOf(slot);
 }
 
 bool UndoRotation() {
     if (gBusy || !CanUndoRotation()) {
         return false;
     }
-    RotationMemory memory = std::move(*gLastRotation);
-    gLastRotation.reset();
+    RotationMemory memory = *TakeRotation(gActivePlot);
     PlotRecord& record = ActiveRecord();
     const auto columns = OrientationColumns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -112,13 +122,15 @@ bool UndoRotation() {
     record.RotationState = memory.rotationState;
     // Rows that were saved since differ from their file again, and other changes remain.
     record.Modified = record.Modified == kModifiedByRotation ? memory.modified : kTrue;
-    RebuildRowTable(gActivePlot);
+    RebuildRowTable(memory.slot);
     ReplotActivePlot(true);
     return true;
 }
 
 void ForgetRotation() {
-    gLastRotation.reset();
+    if (const int slot = SlotWith<RotationMemory>(); slot != 0) {
+        PlotOf(slot).attachments.Drop<RotationMemory>();
+    }
 }
 
 } // namespace quandrel

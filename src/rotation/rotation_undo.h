@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The rows as they were before the last rotation. CanUndoRotation, UndoRotation and ForgetRotation
-// of rotate_data.h work on this data.
+// The rows as they were before the last rotation, attached to their plot: only the last rotation of
+// all plots can be undone. CanUndoRotation, UndoRotation and ForgetRotation of rotate_data.h work
+// on this data.
 
 #pragma once
 

@@ -76,6 +76,18 @@ TEST_F(UndoOfRotation, IsThereForThePlotThatWasRotated) {
     gBusy = false;
 }
 
+TEST_F(UndoOfRotation, IsNotThereForAnotherPlotWithTheSameRowsInTheSlot) {
+    PlotOf(kPrimaryPlane, kPlanes, {{60, 90}});
+    const int slot = gActivePlot;
+    Rotate(AboutAxis(33, 71, 101));
+    const std::vector<Pair> turned = Primary();
+    ReleasePlotSlot(slot);
+    PlotOf(kPrimaryPlane, kPlanes, turned);
+    ASSERT_EQ(gActivePlot, slot);
+    ASSERT_EQ(Primary(), turned);
+    EXPECT_FALSE(CanUndoRotation());
+}
+
 TEST_F(UndoOfRotation, EndsWithTheNextEdit) {
     using Edit = void (*)();
     const std::vector<Edit> edits = {
