@@ -75,8 +75,6 @@ public:
     [[nodiscard]] static int SlotOfTable(std::string_view table);
 };
 
-inline constexpr MIGeoLinks gMIGeoLinks;
-
 /// Makes links follow the rows of their plots. Called at start.
 void FollowRowsOfPlots();
 

@@ -37,27 +37,13 @@ constexpr const char* kShortcutMenu = "Create Menu \"MapperShortcut\" ID 17 As "
                                       "\"Find Selection\" Calling 306, "
                                       "\"Layer Control...\" Calling 801 ";
 
-/// The action in progress.
-struct ActionState {
-    int depth = 0;
-    bool refreshes = false; ///< update captions and menus at its end
-    std::string lastWords;  ///< message to show after the link of a dead session is gone
-    std::string refusal;    ///< reason why the last call was refused
-    int callbacks = 0;      ///< callbacks of the session that have not returned
-};
-
-ActionState gAction;
-
-/// A session that ended during a callback. It is destroyed once it can no longer be running.
-std::unique_ptr<MapSession> gEndedSession;
-
 void DropSession(std::unique_ptr<MapSession> session) {
     if (session == nullptr) {
         return;
     }
     session->SetCallback(nullptr);
-    if (gAction.callbacks > 0) {
-        gEndedSession = std::move(session);
+    if (MapLinkState::now.action.callbacks > 0) {
+        MapLinkState::now.endedSession = std::move(session);
     }
 }
 
@@ -66,7 +52,7 @@ void DropLink() {
     std::unique_ptr<MapInfoLink> link = std::exchange(gMapInfo, nullptr);
     gMITables = {""};
     ForgetMapSelection();
-    gAction.refreshes = false;
+    MapLinkState::now.action.refreshes = false;
     if (link == nullptr) {
         return;
     }
@@ -84,7 +70,7 @@ void DropLink() {
 /// Ends the last action: does what had to wait for it.
 void EndAction() {
     if (gMapInfo != nullptr && gMapInfo->LinkType == kLinkOpen
-        && std::exchange(gAction.refreshes, false)) {
+        && std::exchange(MapLinkState::now.action.refreshes, false)) {
         CheckMICaptions();
         UpdateMIMenus();
     }
@@ -92,7 +78,7 @@ void EndAction() {
         return;
     }
     const bool hasDied = gMapInfo->LinkType == kLinkDead;
-    std::string lastWords = std::exchange(gAction.lastWords, {});
+    std::string lastWords = std::exchange(MapLinkState::now.action.lastWords, {});
     if (hasDied && lastWords.empty()) {
         lastWords = kLinkAbandoned;
     }
@@ -111,7 +97,8 @@ void EndAction() {
         && gMapInfo->LinkType == kLinkOpen) {
         gMapInfo->LinkType = kLinkDead;
     }
-    gAction.refusal = reply.kind == MapReplyKind::Refused ? reply.text : std::string();
+    MapLinkState::now.action.refusal =
+        reply.kind == MapReplyKind::Refused ? reply.text : std::string();
     return reply.IsDone() && IsMapInfoLinked();
 }
 
@@ -156,9 +143,9 @@ void GreetUser() {
 /// An action is in progress while one of these lives.
 class ActionInWork {
 public:
-    ActionInWork() { ++gAction.depth; }
+    ActionInWork() { ++MapLinkState::now.action.depth; }
 
-    ~ActionInWork() { --gAction.depth; }
+    ~ActionInWork() { --MapLinkState::now.action.depth; }
 
     ActionInWork(const ActionInWork&) = delete;
     ActionInWork& operator=(const ActionInWork&) = delete;
@@ -167,9 +154,9 @@ public:
 /// A callback of the session is handled while one of these lives.
 class CallbackInWork {
 public:
-    CallbackInWork() { ++gAction.callbacks; }
+    CallbackInWork() { ++MapLinkState::now.action.callbacks; }
 
-    ~CallbackInWork() { --gAction.callbacks; }
+    ~CallbackInWork() { --MapLinkState::now.action.callbacks; }
 
     CallbackInWork(const CallbackInWork&) = delete;
     CallbackInWork& operator=(const CallbackInWork&) = delete;
@@ -272,8 +259,8 @@ void CloseMapInfoLink() {
     if (gMapInfo != nullptr) {
         DropLink();
     }
-    if (gAction.callbacks == 0) {
-        gEndedSession.reset();
+    if (MapLinkState::now.action.callbacks == 0) {
+        MapLinkState::now.endedSession.reset();
     }
 }
 
@@ -285,30 +272,30 @@ void InMapAction(const std::function<void()>& body) {
     if (!IsMapInfoLinked()) {
         return;
     }
-    if (gAction.depth == 0) {
-        gAction.lastWords.clear();
+    if (MapLinkState::now.action.depth == 0) {
+        MapLinkState::now.action.lastWords.clear();
     }
     const ActionInWork work;
     body();
-    if (gAction.depth == 1) {
+    if (MapLinkState::now.action.depth == 1) {
         EndAction();
     }
 }
 
 bool IsInMapAction() {
-    return gAction.depth > 0;
+    return MapLinkState::now.action.depth > 0;
 }
 
 void TellInMapAction(const std::string& text) {
     if (IsMapInfoLinked()) {
         Tell(text);
-    } else if (gAction.lastWords.empty()) {
-        gAction.lastWords = text;
+    } else if (MapLinkState::now.action.lastWords.empty()) {
+        MapLinkState::now.action.lastWords = text;
     }
 }
 
 void RefreshAfterMapAction() {
-    gAction.refreshes = true;
+    MapLinkState::now.action.refreshes = true;
 }
 
 bool MIDo(const std::string& command) {
@@ -337,7 +324,7 @@ bool MIRunMenuCommand(int id) {
 }
 
 const std::string& MIRefusal() {
-    return gAction.refusal;
+    return MapLinkState::now.action.refusal;
 }
 
 void SetMIStatus(const std::string& text) {

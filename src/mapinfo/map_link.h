@@ -13,6 +13,8 @@
 
 #pragma once
 
+#include "mapinfo/geo_link.h"
+#include "mapinfo/selection_link.h"
 #include "platform/link_window.h"
 #include "platform/map_session.h"
 
@@ -59,18 +61,33 @@ private:
     void SessionEnded() override;
 };
 
+/// The action in progress.
+struct MapAction {
+    int depth = 0;          ///< of nested calls of InMapAction
+    bool refreshes = false; ///< update captions and menus at its end
+    std::string lastWords;  ///< message to show after the link of a dead session is gone
+    std::string refusal;    ///< reason why the last call was refused
+    int callbacks = 0;      ///< callbacks of the session that have not returned
+};
+
 /// The link, and the known state of the session.
 struct MapLinkState {
     std::unique_ptr<MapInfoLink> link;      ///< or nothing
     std::vector<std::string> tables = {""}; ///< from 1; element 0 always exists and is empty
     std::vector<std::string> rowList;       ///< the statements that were sent last, in order
+    MapRows sent;                           ///< the rows that they selected in the session
+    bool failureIsTold = false;             ///< the last selection failed, and was reported
+    MapAction action;
+    std::unique_ptr<MapSession> endedSession; ///< ended in a callback, which may still be running
 
     static MapLinkState now;
 };
 
+// Given names.
 inline constinit auto& gMapInfo = MapLinkState::now.link;
 inline constinit auto& gMITables = MapLinkState::now.tables;
 inline constinit auto& gMIRowList = MapLinkState::now.rowList;
+inline constexpr MIGeoLinks gMIGeoLinks;
 
 /// The start command: opens a session, sets it up, opens the link window. Reports all failures.
 /// @return true when a new link has been made

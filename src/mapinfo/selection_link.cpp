@@ -45,15 +45,6 @@ enum MessageField : std::size_t {
 /// Never the number of a table row.
 constexpr std::int32_t kNoMapRow = 0;
 
-/// The rows that the program has selected in the session.
-struct SentSelection {
-    std::string table;
-    std::vector<std::int32_t> rows;
-};
-
-SentSelection gSent;
-bool gFailureIsTold = false;
-
 /// Origin of the selection that is linked.
 enum class Origin {
     Search,  ///< a search by the program: the session has to be updated
@@ -191,7 +182,7 @@ void SearchMap(const char* search, std::span<const double> corners) {
     if (!isSent) {
         return false;
     }
-    gSent = {table, {rows.begin(), rows.end()}};
+    MapLinkState::now.sent = {table, {rows.begin(), rows.end()}};
     if (statements.texts.size() > 1 && !session.UnitesSelects()) {
         SetMIStatus("Only the last " + std::to_string(statements.rowsInLast) + " of "
                     + std::to_string(rows.size()) + " rows are selected in MapInfo");
@@ -267,7 +258,7 @@ void LinkRows(const std::vector<MapRows>& found, Origin origin) {
     const std::vector<std::int32_t> miRows = MarkRows(place);
     const std::string table = gMIGeoLinks.Item(place.slot)->MITableName;
     if (origin != Origin::Search) {
-        gSent = {table, miRows};
+        MapLinkState::now.sent = {table, miRows};
     } else if (!SendSelects(table, miRows)) {
         TellFailure();
     }
@@ -286,7 +277,7 @@ void LinkSessionSelection(Origin origin) {
         } else if (!found->empty()) {
             LinkRows(*found, origin);
         } else if (gMIGeoLinks.Item(Selection::now.slot) != nullptr) {
-            gSent = {};
+            MapLinkState::now.sent = {};
             ClearSelection();
         }
     });
@@ -307,24 +298,26 @@ std::vector<std::int32_t> SelectedTableRows(const MIGeoLink& link) {
 
 /// The selection that the session should have, by the selection in the plots: nothing when it does
 /// not concern the session's tables.
-std::optional<SentSelection> WantedSelection() {
+std::optional<MapRows> WantedSelection() {
     const MIGeoLink* link = gMIGeoLinks.Item(Selection::now.slot);
     if (link != nullptr) {
-        return SentSelection{link->MITableName, SelectedTableRows(*link)};
+        return MapRows{link->MITableName, SelectedTableRows(*link)};
     }
     // The rows selected before are deselected.
-    return gSent.rows.empty() ? std::nullopt : std::optional(SentSelection{gSent.table, {}});
+    return MapLinkState::now.sent.rows.empty()
+               ? std::nullopt
+               : std::optional(MapRows{MapLinkState::now.sent.table, {}});
 }
 
 /// Sends a selection of the plots. Consecutive failures are reported once.
-void SendWanted(const SentSelection& wanted) {
+void SendWanted(const MapRows& wanted) {
     if (gBusy) {
         return;
     }
     InMapAction([&wanted] {
         if (SendSelects(wanted.table, wanted.rows)) {
-            gFailureIsTold = false;
-        } else if (!std::exchange(gFailureIsTold, true) || !IsMapInfoLinked()) {
+            MapLinkState::now.failureIsTold = false;
+        } else if (!std::exchange(MapLinkState::now.failureIsTold, true) || !IsMapInfoLinked()) {
             TellFailure();
         }
     });
@@ -378,8 +371,8 @@ void LinkMapSelectionToPlot(const std::vector<MapRows>& found) {
 }
 
 void SelectPlotRowsInMap() {
-    gFailureIsTold = false;
-    if (const std::optional<SentSelection> wanted = WantedSelection()) {
+    MapLinkState::now.failureIsTold = false;
+    if (const std::optional<MapRows> wanted = WantedSelection()) {
         SendWanted(*wanted);
     }
 }
@@ -389,17 +382,19 @@ void FollowSelectionInMap() {
     if (!IsMapInfoLinked() || IsInMapAction()) {
         return;
     }
-    const std::optional<SentSelection> wanted = WantedSelection();
-    if (!wanted || (wanted->table == gSent.table && wanted->rows == gSent.rows)
-        || (wanted->rows.empty() && gSent.rows.empty())) {
+    const std::optional<MapRows> wanted = WantedSelection();
+    if (!wanted
+        || (wanted->table == MapLinkState::now.sent.table
+            && wanted->rows == MapLinkState::now.sent.rows)
+        || (wanted->rows.empty() && MapLinkState::now.sent.rows.empty())) {
         return;
     }
     SendWanted(*wanted);
 }
 
 void ForgetMapSelection() {
-    gSent = {};
-    gFailureIsTold = false;
+    MapLinkState::now.sent = {};
+    MapLinkState::now.failureIsTold = false;
     gMIRowList.clear();
 }
 
