@@ -15,6 +15,7 @@
 #include <array>
 #include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 namespace quandrel {
@@ -156,21 +157,23 @@ std::vector<std::int32_t> LitRows(std::int32_t slot) {
 
 namespace {
 
-/// What cached marks depend on.
+/// What the marks of a plot depend on.
 struct LitKey {
-    std::int32_t slot = 0;
-    std::int32_t source = 0;
+    std::int32_t source = 0; ///< the plot of the selection
     std::uint64_t version = 0;
     std::uint64_t sourceVersion = 0;
     std::int16_t mode = 0;
     std::array<std::int16_t, kMaxOverlays + 1> kinds{};
+    std::array<std::int16_t, 4> links{};
+    std::array<std::string, 2> axes; ///< titles of both plots
     std::vector<std::int32_t> rows;
 
     bool operator==(const LitKey&) const = default;
 };
 
-/// The marks of highlighted rows.
+/// The marks of highlighted rows, attached to their plot.
 struct LitMarks {
+    LitKey key;
     std::vector<Point> points;
     std::vector<Point> arcs; ///< poles of great circles
 };
@@ -182,7 +185,7 @@ bool IsDrawnAsArc(const PlotRecord& record, std::int32_t row) {
                         : record.OverlayKind[overlay] == kOverlayGreatCircles;
 }
 
-LitMarks MarksOfRows(std::int32_t slot) {
+LitMarks MarksOfRows(std::int32_t slot, LitKey key) {
     const PlotRecord& record = RecordOf(slot);
     std::vector<std::int32_t> points = LitRows(slot);
     const auto firstArc =
@@ -190,27 +193,34 @@ LitMarks MarksOfRows(std::int32_t slot) {
                               [&record](std::int32_t row) { return !IsDrawnAsArc(record, row); });
     const std::vector<std::int32_t> arcs(firstArc, points.end());
     points.erase(firstArc, points.end());
-    return {PlacesOfRows(slot, points), PlacesOfRows(slot, arcs)};
+    return {std::move(key), PlacesOfRows(slot, points), PlacesOfRows(slot, arcs)};
 }
 
-/// The marks of a plot, cached until what they depend on changes.
+LitKey LitKeyOf(std::int32_t slot, std::int32_t source) {
+    const PlotRecord& record = RecordOf(slot);
+    const PlotRecord& other = RecordOf(source);
+    return {source,
+            TableOf(slot).version,
+            TableOf(source).version,
+            record.PlotSymbolMode,
+            record.OverlayKind,
+            {record.KinematicState, record.IntersectionState, other.KinematicState,
+             other.IntersectionState},
+            {record.AxesTitle, other.AxesTitle},
+            gSelectionRows};
+}
+
+/// The marks of a plot, kept until what they depend on changes.
 const LitMarks& MarksOf(std::int32_t slot) {
-    static LitKey known;
-    static LitMarks marks;
-    LitKey key;
-    if (IsOpenSlot(slot) && IsOpenSlot(Selection::now.slot)) {
-        const PlotRecord& record = RecordOf(slot);
-        key = {slot,
-               Selection::now.slot,
-               TableOf(slot).version,
-               TableOf(Selection::now.slot).version,
-               record.PlotSymbolMode,
-               record.OverlayKind,
-               gSelectionRows};
+    static const LitMarks none;
+    const std::int32_t source = Selection::now.slot;
+    if (!IsOpenSlot(slot) || !IsOpenSlot(source)) {
+        return none;
     }
-    if (!(key == known)) {
-        marks = key.slot != 0 ? MarksOfRows(slot) : LitMarks();
-        known = std::move(key);
+    LitKey key = LitKeyOf(slot, source);
+    LitMarks& marks = PlotOf(slot).attachments.Of<LitMarks>();
+    if (!(key == marks.key)) {
+        marks = MarksOfRows(slot, std::move(key));
     }
     return marks;
 }

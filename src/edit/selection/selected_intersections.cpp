@@ -20,9 +20,8 @@ namespace quandrel {
 
 namespace {
 
-/// What a cached selection depends on.
+/// What the intersections that are selected in a plot depend on.
 struct SelectionKey {
-    int slot = 0;
     std::uint64_t version = 0;
     std::int16_t plotKind = 0;
     std::array<float, 7> marquee{};
@@ -31,6 +30,12 @@ struct SelectionKey {
     bool hasMarquee = false;
 
     bool operator==(const SelectionKey&) const = default;
+};
+
+/// Attached to a plot of intersections.
+struct KnownIntersections {
+    std::optional<SelectionKey> key; ///< nothing: not yet computed
+    SelectedIntersections selected;
 };
 
 /// Downward normals of the planes of valid main rows.
@@ -98,7 +103,6 @@ SelectedIntersections Select(int slot, std::span<const std::int32_t> rows, bool 
 SelectionKey KeyOf(int slot) {
     const bool hasMarquee = MarqueeStandsOn(slot);
     SelectionKey key;
-    key.slot = slot;
     key.version = TableOf(slot).version;
     key.plotKind = RecordOf(slot).PlotKind;
     key.hasMarquee = hasMarquee;
@@ -120,23 +124,21 @@ bool ShowsIntersections(int slot) {
 }
 
 const SelectedIntersections& IntersectionsSelectedIn(int slot) {
-    static SelectionKey known;
-    static SelectedIntersections selected;
+    static const SelectedIntersections none;
     if (!ShowsIntersections(slot)) {
-        known = {};
-        selected = {};
-        return selected;
+        return none;
     }
-    if (SelectionKey key = KeyOf(slot); !(key == known)) {
+    KnownIntersections& known = PlotOf(slot).attachments.Of<KnownIntersections>();
+    if (SelectionKey key = KeyOf(slot); known.key != key) {
         std::vector<std::int32_t> rows = key.rows;
         if (key.hasMarquee) {
             rows.resize(static_cast<std::size_t>(std::max(RecordOf(slot).NumData, 0)));
             std::iota(rows.begin(), rows.end(), 1);
         }
-        selected = Select(slot, rows, key.hasMarquee);
-        known = std::move(key);
+        known.selected = Select(slot, rows, key.hasMarquee);
+        known.key = std::move(key);
     }
-    return selected;
+    return known.selected;
 }
 
 std::vector<Direction> IntersectionsBetween(int slot, std::span<const std::int32_t> rows) {

@@ -88,6 +88,20 @@ TEST_F(LinkedRows, TheMarqueeInOnePlotLightsTheOthers) {
     EXPECT_TRUE(LitPlaces(parent).empty());
 }
 
+TEST_F(LinkedRows, AnotherSelectionOrACutLinkLightsOtherPlaces) {
+    ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, SlipSense::Normal));
+    const int axes = gActivePlot;
+    SelectRows(parent, {4});
+    const std::vector<Point> places = LitPlaces(axes);
+    SelectRows(parent, {1});
+    EXPECT_EQ(LitPlaces(axes).size(), 2U);
+    EXPECT_NE(LitPlaces(axes), places);
+    EXPECT_EQ(LitPlaces(parent).size(), 1U);
+    RecordOf(axes).KinematicState = 0;
+    EXPECT_TRUE(LitPlaces(axes).empty());
+    EXPECT_EQ(LitPlaces(parent).size(), 1U);
+}
+
 TEST_F(LinkedRows, MakingAndRefreshingADerivedPlotKeepsTheSelectionAndLightsItsRows) {
     SelectRows(parent, {1, 4});
     FitMarqueeToRows();
