@@ -15,7 +15,6 @@
 #include "drawing/plot_state.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
-#include "platform/scripted/no_printers.h"
 #include "platform/scripted/recording_form.h"
 #include "session/closing.h"
 #include "session/recalculate.h"
@@ -28,8 +27,6 @@
 namespace quandrel {
 
 namespace {
-
-NoPrinters noPrinters;
 
 /// A text of several lines on one line.
 std::string OnOneLine(std::string text) {
@@ -76,7 +73,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
     gPlatform.status = &status_;
     gPlatform.settings = &settings_;
     gPlatform.clipboard = &clipboard_;
-    gPlatform.printers = &noPrinters;
+    gPlatform.printers = &printers_;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     InitialiseApplication();
     SetOutsideFiles(outside);

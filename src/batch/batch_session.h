@@ -16,6 +16,7 @@
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/memory_clipboard.h"
+#include "platform/scripted/no_printers.h"
 #include "platform/scripted/quiet_status_line.h"
 #include "platform/scripted/scripted_prompts.h"
 
@@ -107,6 +108,7 @@ private:
     MemoryClipboard clipboard_;
     QuietStatusLine status_;
     ScriptedPrompts prompts_;
+    NoPrinters printers_;
     Platform formerPlatform_;
     FormatSettings firstFormat_; ///< of a first run; each `format` starts from it
     StatedFormat stated_;

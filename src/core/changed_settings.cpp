@@ -4,13 +4,14 @@
 
 #include "core/setting_keys.h"
 #include "core/settings.h"
-#include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 
 #include <array>
 #include <string>
 
 namespace quandrel {
+
+StoredSettings StoredSettings::now;
 
 namespace {
 
@@ -19,8 +20,6 @@ constexpr std::array kSections = {kStartUp, kDataFormats,   kSymbolArray,
 
 /// A value that no setting has.
 const std::string kMissing = "\x1b(missing)";
-
-MemorySettingsStore noted;
 
 std::string ValueIn(const SettingsStore& store, const char* section, const std::string& key) {
     return store.Read(kApplicationName, section, key, kMissing);
@@ -38,9 +37,10 @@ void ForEachKey(const SettingsStore& store, const Act& act) {
 } // namespace
 
 void NoteLoadedSettings(const SettingsStore& wouldWrite) {
+    MemorySettingsStore& noted = StoredSettings::now.values;
     noted = {};
     ForEachKey(wouldWrite,
-               [](const char* section, const std::string& key, const std::string& value) {
+               [&noted](const char* section, const std::string& key, const std::string& value) {
                    const std::string found = ValueIn(*gPlatform.settings, section, key);
                    noted.Write(kApplicationName, section, key, found == kMissing ? value : found);
                });
@@ -48,15 +48,16 @@ void NoteLoadedSettings(const SettingsStore& wouldWrite) {
 
 bool WriteChangedSettings(const SettingsStore& wanted) {
     SettingsStore& store = *gPlatform.settings;
+    MemorySettingsStore& noted = StoredSettings::now.values;
     (void)store.Sync(); // fetches what other sessions wrote; the result of the second Sync counts
-    ForEachKey(
-        wanted, [&store](const char* section, const std::string& key, const std::string& value) {
-            if (value == ValueIn(noted, section, key) && ValueIn(store, section, key) != kMissing) {
-                return;
-            }
-            store.Write(kApplicationName, section, key, value);
-            noted.Write(kApplicationName, section, key, value);
-        });
+    ForEachKey(wanted, [&store, &noted](const char* section, const std::string& key,
+                                        const std::string& value) {
+        if (value == ValueIn(noted, section, key) && ValueIn(store, section, key) != kMissing) {
+            return;
+        }
+        store.Write(kApplicationName, section, key, value);
+        noted.Write(kApplicationName, section, key, value);
+    });
     return store.Sync();
 }
 

@@ -5,9 +5,21 @@
 
 #pragma once
 
+#include "platform/memory_settings_store.h"
 #include "platform/settings_store.h"
 
+#include <string>
+#include <vector>
+
 namespace quandrel {
+
+/// The settings as this session last read or wrote them.
+struct StoredSettings {
+    MemorySettingsStore values;
+    std::vector<std::string> recentFiles;
+
+    static StoredSettings now;
+};
 
 /// Records the settings as they were loaded.
 ///

@@ -2,6 +2,7 @@
 
 #include "core/recent_files.h"
 
+#include "core/changed_settings.h"
 #include "core/setting_keys.h"
 #include "core/settings.h"
 #include "orientation/number_text.h"
@@ -12,9 +13,6 @@
 namespace quandrel {
 
 namespace {
-
-/// The recent files in the store of this generation when they were last read or written.
-std::vector<std::string> lastKept;
 
 void WriteAll() {
     SettingsStore& store = *gPlatform.settings;
@@ -28,7 +26,7 @@ void WriteAll() {
             store.Remove(kApplicationName, kFileMenuArray, key);
         }
     }
-    lastKept = gSettings.files.recent;
+    StoredSettings::now.recentFiles = gSettings.files.recent;
 }
 
 /// Appends a list to another, without the entries that are already there.
@@ -79,11 +77,11 @@ std::vector<std::string> StoredRecentFiles(const SettingsStore& store, const cha
 
 void LoadRecentFiles(const char* application) {
     gSettings.files.recent = StoredRecentFiles(*gPlatform.settings, application);
-    lastKept = StoredRecentFiles(*gPlatform.settings, kApplicationName);
+    StoredSettings::now.recentFiles = StoredRecentFiles(*gPlatform.settings, kApplicationName);
 }
 
 void SaveRecentFiles() {
-    if (gSettings.files.recent != lastKept) {
+    if (gSettings.files.recent != StoredSettings::now.recentFiles) {
         WriteAll();
     }
 }

@@ -4,7 +4,7 @@
 
 #include "core/messages.h"
 #include "core/path_names.h"
-#include "core/settings.h"
+#include "core/plot_store.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -14,9 +14,9 @@ namespace quandrel {
 
 namespace fs = std::filesystem;
 
-namespace {
+constinit FurtherFilesState FurtherFilesState::now;
 
-OutsideFiles outsideFiles = OutsideFiles::Ask;
+namespace {
 
 bool IsFile(const fs::path& path) {
     std::error_code unreadable;
@@ -59,7 +59,7 @@ std::string Lines(std::span<const std::string> paths) {
 } // namespace
 
 void SetOutsideFiles(OutsideFiles outside) {
-    outsideFiles = outside;
+    FurtherFilesState::now.outside = outside;
 }
 
 bool IsOutside(const fs::path& file, const fs::path& folder) {
@@ -87,10 +87,10 @@ std::optional<std::vector<std::string>> FurtherFilesOf(const std::string& dataFi
             outside.push_back(files.back());
         }
     }
-    if (outside.empty() || outsideFiles == OutsideFiles::Read) {
+    if (outside.empty() || FurtherFilesState::now.outside == OutsideFiles::Read) {
         return files;
     }
-    if (outsideFiles == OutsideFiles::Refuse) {
+    if (FurtherFilesState::now.outside == OutsideFiles::Refuse) {
         Tell(FileTitleOf(dataFile) + " names files outside its folder:" + Lines(outside)
              + "\nThey are read only with --allow-outside.");
         return std::nullopt;

@@ -20,6 +20,13 @@ enum class OutsideFiles {
     Read,
 };
 
+/// How the loads of further files go.
+struct FurtherFilesState {
+    OutsideFiles outside = OutsideFiles::Ask;
+
+    static FurtherFilesState now;
+};
+
 /// Applies to all loads until it is set again. The initial value is Ask.
 void SetOutsideFiles(OutsideFiles outside);
 

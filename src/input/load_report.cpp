@@ -2,14 +2,14 @@
 
 #include "input/load_report.h"
 
-#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "input/format_model.h"
 #include "platform/platform.h"
 
 namespace quandrel {
+
+LoadCounters LoadCounters::now;
 
 namespace {
 
@@ -163,8 +163,7 @@ std::string StoppedText(const LoadCounters& counters) {
 } // namespace
 
 LoadCounters& LastLoad() {
-    static LoadCounters counters;
-    return counters;
+    return LoadCounters::now;
 }
 
 bool CountsUpwardLines(const LineFormat& format, int overlay) {

@@ -34,6 +34,8 @@ struct LoadCounters {
     bool outOfMemory = false;
     bool cancelled = false;                ///< the user ended the load
     std::vector<std::string> missingFiles; ///< further files that were not found
+
+    static LoadCounters now; ///< of the last load (LastLoad)
 };
 
 /// The counters of the last load of a text file, whether or not its rows were kept.

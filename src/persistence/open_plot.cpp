@@ -2,7 +2,6 @@
 
 #include "persistence/open_plot.h"
 
-#include "core/data_format.h"
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_life.h"
@@ -23,13 +22,11 @@
 
 namespace quandrel {
 
+constinit OpenState OpenState::now;
+
 namespace {
 
 constexpr std::string_view kFileCommand = "File";
-
-/// The filter offered next time, counted from 1, and whether a file was opened in this session.
-int filterIndex = 1;
-bool openedBefore = false;
 
 bool NeedsNewPlot(const std::string& command) {
     return command != kMergeCommand && command != kOverlayCommand;
@@ -59,11 +56,11 @@ bool NeedsNewPlot(const std::string& command) {
 }
 
 std::string StartFolder() {
-    if (!openedBefore && !gSettings.files.lastFolder.empty()) {
+    if (!OpenState::now.hasOpened && !gSettings.files.lastFolder.empty()) {
         return gSettings.files.lastFolder;
     }
-    return gSettings.files.folder.empty() && openedBefore ? gSettings.files.lastFolder
-                                                          : gSettings.files.folder;
+    return gSettings.files.folder.empty() && OpenState::now.hasOpened ? gSettings.files.lastFolder
+                                                                      : gSettings.files.folder;
 }
 
 std::optional<std::string> AskForPath(const std::string& command) {
@@ -71,7 +68,7 @@ std::optional<std::string> AskForPath(const std::string& command) {
     question.title = command + " File";
     question.folder = StartFolder();
     question.filter = gFileFilter;
-    question.filterIndex = filterIndex;
+    question.filterIndex = OpenState::now.filterIndex;
     return gPlatform.prompts->AskOpenPath(question);
 }
 
@@ -97,9 +94,11 @@ private:
 };
 
 void RememberPath(const std::string& path) {
-    openedBefore = true;
+    OpenState::now.hasOpened = true;
     gSettings.files.lastFolder = std::filesystem::path(path).parent_path().string();
-    filterIndex = HasEnding(path, kBinaryEnding) ? 3 : HasEnding(path, ".txt") ? 2 : 1;
+    OpenState::now.filterIndex = HasEnding(path, kBinaryEnding) ? 3
+                                 : HasEnding(path, ".txt")      ? 2
+                                                                : 1;
 }
 
 void WarnOfDecimalMismatch() {
@@ -231,12 +230,11 @@ FileKind KindOfFile(const std::string& path) {
 
 /// A workspace among the files of a workspace is skipped: it might list itself.
 std::string OpenListedPlots(const std::string& path) {
-    static bool isOpening = false;
-    if (std::exchange(isOpening, true)) {
+    if (std::exchange(OpenState::now.isOpeningWorkspace, true)) {
         return kLoadError;
     }
     const std::optional<int> opened = OpenWorkspace(path);
-    isOpening = false;
+    OpenState::now.isOpeningWorkspace = false;
     if (!opened) {
         return kLoadError;
     }

@@ -8,6 +8,15 @@
 
 namespace quandrel {
 
+/// The state of the open commands.
+struct OpenState {
+    int filterIndex = 1;             ///< of the filter that is offered next, from 1
+    bool hasOpened = false;          ///< a file was opened in this session
+    bool isOpeningWorkspace = false; ///< the files of a workspace are being opened
+
+    static OpenState now;
+};
+
 /// Opens a file, or an empty plot.
 ///
 /// @param command  "New", "Merge" and "Overlay" ask for the path; "Blank" needs none; "File"

@@ -6,7 +6,6 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "input/file_loading.h"
 #include "input/parameter_line.h"
 #include "input/text_file.h"
@@ -19,6 +18,8 @@
 #include <utility>
 
 namespace quandrel {
+
+OpenedWorkspace OpenedWorkspace::now;
 
 namespace {
 
@@ -153,8 +154,6 @@ void Remember(const std::string& path) {
     gSettings.files.workspaceTitle = FileTitleOf(path);
 }
 
-OpenedWorkspace lastOpened;
-
 fs::path FolderOf(const std::string& path) {
     std::error_code failed;
     const fs::path whole = fs::absolute(path, failed);
@@ -284,13 +283,13 @@ std::optional<int> OpenWorkspace(const std::string& path) {
             fs::is_regular_file(listed, unreadable) && OpenPlotFile("File" + listed) != kLoadError;
         (isOpened ? workspace.opened : workspace.missing).push_back(listed);
     }
-    lastOpened = std::move(workspace);
-    gPlatform.status->SetText(TextOfOpening(lastOpened));
-    return static_cast<int>(lastOpened.opened.size());
+    OpenedWorkspace::now = std::move(workspace);
+    gPlatform.status->SetText(TextOfOpening(OpenedWorkspace::now));
+    return static_cast<int>(OpenedWorkspace::now.opened.size());
 }
 
 const OpenedWorkspace& LastOpenedWorkspace() {
-    return lastOpened;
+    return OpenedWorkspace::now;
 }
 
 std::string TextOfOpening(const OpenedWorkspace& workspace) {

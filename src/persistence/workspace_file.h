@@ -69,6 +69,8 @@ struct OpenedWorkspace {
     std::string path;
     std::vector<std::string> opened;
     std::vector<std::string> missing; ///< do not exist, or could not be opened
+
+    static OpenedWorkspace now; ///< the last one of this session
 };
 
 /// The last workspace opened in this session; without a path before that.

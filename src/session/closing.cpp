@@ -4,7 +4,6 @@
 
 #include "core/plot_life.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/history/undo.h"
 #include "edit/marks/girdle_pull.h"
@@ -19,16 +18,15 @@
 
 namespace quandrel {
 
-namespace {
+constinit ClosingState ClosingState::now;
 
-/// A question is open. A second closing waits for its answer: both would ask about the same plots.
-bool asking = false;
+namespace {
 
 class Asking {
 public:
-    Asking() { asking = true; }
+    Asking() { ClosingState::now.isAsking = true; }
 
-    ~Asking() { asking = false; }
+    ~Asking() { ClosingState::now.isAsking = false; }
 
     Asking(const Asking&) = delete;
     Asking& operator=(const Asking&) = delete;
@@ -160,7 +158,7 @@ bool QueryClose(int slot, Closing closing) {
 }
 
 bool ClosePlotWindow(int slot) {
-    if (asking || !IsOpenSlot(slot)) {
+    if (ClosingState::now.isAsking || !IsOpenSlot(slot)) {
         return false;
     }
     const Asking once;
@@ -172,7 +170,7 @@ bool ClosePlotWindow(int slot) {
 }
 
 bool CloseAllPlots(Closing closing) {
-    if (asking) {
+    if (ClosingState::now.isAsking) {
         return false;
     }
     const Asking once;

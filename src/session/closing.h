@@ -16,6 +16,13 @@ enum class Closing {
     Application, ///< with several plots open each question is one about all of them
 };
 
+/// The state of closing.
+struct ClosingState {
+    bool isAsking = false; ///< a question is open; a second closing would ask about the same plots
+
+    static ClosingState now;
+};
+
 /// True when the plot of a slot has rows that no file holds, or has been changed.
 [[nodiscard]] bool HoldsUnsavedData(int slot);
 

@@ -4,7 +4,6 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
-#include "core/settings.h"
 #include "derive/derived_plots.h"
 #include "edit/history/edit_step.h"
 #include "edit/marks/annotation_edits.h"
@@ -29,14 +28,12 @@
 
 namespace quandrel {
 
+AcceptedPasteFormat AcceptedPasteFormat::now;
+
 namespace {
 
 /// The command of a load of foreign text.
 constexpr const char* kPasteCommand = "Paste";
-
-/// The format that was last accepted for foreign text.
-std::optional<FormatSettings> gPasteFormat;
-bool gPasteShowsSecondary = false;
 
 /// Sets the format in force until the end of a block.
 class FormatInWork {
@@ -215,7 +212,7 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         return FormatOfPastedText(gSettings.format, items, true);
     }
     bool hasHeadings = false;
-    if (!gPasteFormat) {
+    if (!AcceptedPasteFormat::now.settings) {
         const OwnWordOnUpwardLines own(items);
         const bool headingsOfFiles = gSettings.format.hasHeadings;
         gSettings.format = WithFormatItems(gSettings.format, items);
@@ -225,16 +222,17 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         }
         gSettings.format.hasHeadings = headingsOfFiles;
         hasHeadings = answer->columnHeadings;
-        gPasteShowsSecondary = answer->plotSecondary;
-        gPasteFormat = gSettings.format;
+        AcceptedPasteFormat::now.showsSecondary = answer->plotSecondary;
+        AcceptedPasteFormat::now.settings = gSettings.format;
     } else {
-        const FormatInWork work(*gPasteFormat);
+        const FormatInWork work(*AcceptedPasteFormat::now.settings);
         hasHeadings =
             SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
     }
-    PastedFormat format = FormatOfPastedText(*gPasteFormat, {}, false);
+    PastedFormat format = FormatOfPastedText(*AcceptedPasteFormat::now.settings, {}, false);
     format.settings.hasHeadings = hasHeadings;
-    format.showsSecondary = gPasteShowsSecondary && gPasteFormat->secondary != kNoSecondary;
+    format.showsSecondary = AcceptedPasteFormat::now.showsSecondary
+                            && AcceptedPasteFormat::now.settings->secondary != kNoSecondary;
     return format;
 }
 
@@ -360,7 +358,7 @@ void PasteData() {
 }
 
 void ForgetPasteFormat() {
-    gPasteFormat.reset();
+    AcceptedPasteFormat::now.settings.reset();
 }
 
 } // namespace quandrel

@@ -5,9 +5,11 @@
 
 #pragma once
 
+#include "core/format_settings.h"
 #include "input/load_report.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quandrel {
@@ -20,6 +22,14 @@ struct PasteReport {
     bool aborted = false;       ///< the user ended it
     bool outOfMemory = false;
     LoadCounters upward; ///< plain lines with a negative plunge in foreign text
+};
+
+/// The format that was last accepted for foreign text.
+struct AcceptedPasteFormat {
+    std::optional<FormatSettings> settings; ///< nothing: the next text asks for it
+    bool showsSecondary = false;
+
+    static AcceptedPasteFormat now;
 };
 
 /// Sentences on the lines that are missing in the plot, and on plain ones with a negative plunge;
