@@ -5,14 +5,16 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 
 namespace quandrel {
 
 /// Combines numbers into one: the prime and the start value of the 64-bit FNV hash, applied to
-/// numbers instead of bytes.
+/// numbers instead of bytes. The hash of bytes depends on the byte order of the machine.
 class Fingerprint {
 public:
     void Add(std::uint64_t number) {
@@ -23,10 +25,19 @@ public:
 
     void AddWhole(std::int32_t number) { Add(std::uint64_t{static_cast<std::uint32_t>(number)}); }
 
-    void Add(std::string_view text) {
-        Add(std::uint64_t{text.size()});
-        for (const char c : text) {
-            Add(std::uint64_t{static_cast<unsigned char>(c)});
+    void Add(std::string_view text) { AddBytes(text.data(), text.size()); }
+
+    /// Bytes and their number, eight bytes a step.
+    void AddBytes(const void* data, std::size_t size) {
+        Add(std::uint64_t{size});
+        const auto* bytes = static_cast<const char*>(data);
+        for (std::size_t left = size; left > 0;) { // an empty range may have no address
+            std::uint64_t word = 0;
+            const std::size_t step = left < sizeof(word) ? left : sizeof(word);
+            std::memcpy(&word, bytes, step);
+            Add(word);
+            bytes += step;
+            left -= step;
         }
     }
 

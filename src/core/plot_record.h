@@ -25,11 +25,18 @@ struct PlotRecord
 };
 
 /// Calls `visit(const char* name, field)` for each field that is a value, a text or a table of
-/// them. The reference fields (annotations, small circles, the density grid) are left out.
+/// them. VisitFurtherPlotFields visits the others that files keep.
 /// `Record` is PlotRecord, const or not.
 template <class Record, class Visitor>
 void VisitPlotFields(Record& record, Visitor&& visit) {
     PlotRecord::Visit(record, visit);
+}
+
+/// Calls `visit(field)` for the annotations, the small circles and the paths of files. The density
+/// grid is left out.
+template <class Visitor>
+void VisitFurtherPlotFields(const PlotRecord& record, Visitor&& visit) {
+    PlotRecord::VisitFurther(record, visit);
 }
 
 } // namespace quandrel

@@ -45,6 +45,14 @@ void VisitFieldsOf(Part& part, Visitor& visit) {
                part.Fields());
 }
 
+/// Calls `visit(field)` for the further fields of a part; none without QUANDREL_FURTHER_FIELDS.
+template <class Part, class Visitor>
+void VisitFurtherFieldsOf(const Part& part, Visitor& visit) {
+    if constexpr (requires { part.FurtherFields(); }) {
+        std::apply([&](const auto&... fields) { (visit(fields), ...); }, part.FurtherFields());
+    }
+}
+
 /// Parts joined into one record, whose fields are those of all parts.
 template <class... Parts>
 struct JoinedRecord : Parts... {
@@ -58,12 +66,18 @@ struct JoinedRecord : Parts... {
             (VisitFieldsOf(static_cast<Parts&>(record), visit), ...);
         }
     }
+
+    /// Calls `visit(field)` for the further fields of each part.
+    template <class Visitor>
+    static void VisitFurther(const JoinedRecord& record, Visitor& visit) {
+        (VisitFurtherFieldsOf(static_cast<const Parts&>(record), visit), ...);
+    }
 };
 
 } // namespace quandrel
 
-/// The fields of a part that scripts and dumps know by name, in the order of dumps. Fields that
-/// point to their value, such as annotations, are left out.
+/// The fields of a part that scripts and dumps know by name, in the order of dumps.
+/// QUANDREL_FURTHER_FIELDS names the others that files keep, such as annotations.
 #define QUANDREL_FIELDS(...)                                                                       \
     [[nodiscard]] auto Fields() {                                                                  \
         return std::tie(__VA_ARGS__);                                                              \
@@ -72,3 +86,11 @@ struct JoinedRecord : Parts... {
         return std::tie(__VA_ARGS__);                                                              \
     }                                                                                              \
     static constexpr std::string_view kFieldNames = #__VA_ARGS__
+
+/// The fields of a part that files keep, but that scripts and dumps do not know by name, because
+/// they are lists or point to their value.
+#define QUANDREL_FURTHER_FIELDS(...)                                                               \
+    [[nodiscard]] auto FurtherFields() const {                                                     \
+        return std::tie(__VA_ARGS__);                                                              \
+    }                                                                                              \
+    static_assert(true)

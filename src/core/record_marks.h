@@ -24,6 +24,8 @@ inline constexpr int kAxisValues = 7;
 struct LineNode {
     std::int16_t X = 0;
     std::int16_t Y = 0;
+
+    QUANDREL_FIELDS(X, Y);
 };
 
 /// An annotation: a point, or a polyline when it has nodes. In plot units.
@@ -38,6 +40,7 @@ struct Annotation {
     std::vector<LineNode> LineNodes;
 
     QUANDREL_FIELDS(X, Y, SymbolType, Colour, Size, lineStyle, Tag);
+    QUANDREL_FURTHER_FIELDS(LineNodes);
 };
 
 using Annotations = std::vector<Annotation>;
@@ -76,6 +79,7 @@ struct RecordAnnotations {
     std::unique_ptr<Annotations> PlotAnnotations;
 
     QUANDREL_FIELDS(ShowAnnotations);
+    QUANDREL_FURTHER_FIELDS(PlotAnnotations);
 };
 
 /// Girdles and axes, and small circles.
@@ -84,6 +88,7 @@ struct RecordGirdles {
     std::unique_ptr<SmallCircles> PlotSmallCircles;
 
     QUANDREL_FIELDS(AxisItems);
+    QUANDREL_FURTHER_FIELDS(PlotSmallCircles);
 };
 
 /// What is shown around the net.

@@ -102,6 +102,7 @@ struct RecordFiles {
     std::array<std::vector<std::string>, kMaxOverlays + 1> OverlayFiles; ///< [k] paths of overlay k
 
     QUANDREL_FIELDS(PlotTitle, SaveFileName, FileTitle, FileHeadLine, NumFiles, FileNames);
+    QUANDREL_FURTHER_FIELDS(MainFiles, OverlayFiles);
 };
 
 } // namespace quandrel

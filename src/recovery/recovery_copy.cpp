@@ -8,12 +8,14 @@
 #include "core/plot_record.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "edit/rows/kept_rows.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
 #include "recovery/copy_names.h"
 
 #include <array>
-#include <cstring>
+#include <map>
+#include <memory>
 #include <new>
 #include <span>
 #include <string_view>
@@ -30,35 +32,23 @@ namespace {
 template <class T>
 concept Plain = std::is_arithmetic_v<T>;
 
-/// The hash of a plot's contents, eight bytes a step.
+/// A struct that names its fields.
+template <class T>
+concept Part = requires {
+    T::kFieldNames;
+};
+
+/// The hash of a plot's contents. A part counts with all the fields that it names.
 class PlotFingerprint {
 public:
-    void Bytes(const void* data, std::size_t size) {
-        const auto* bytes = static_cast<const char*>(data);
-        for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
-            std::uint64_t word = 0;
-            std::memcpy(&word, bytes, sizeof(word));
-            mix_.Add(word);
-            bytes += sizeof(word);
-        }
-        std::uint64_t tail = size;
-        if (size > 0) { // an empty range may have no address
-            std::memcpy(reinterpret_cast<char*>(&tail) + 1, bytes, size);
-        }
-        mix_.Add(tail);
-    }
-
     template <Plain T>
     void Add(T value) {
-        Bytes(&value, sizeof(value));
+        mix_.AddBytes(&value, sizeof(value));
     }
 
-    void Add(std::string_view text) {
-        Add(text.size());
-        Bytes(text.data(), text.size());
-    }
+    void Add(std::string_view text) { mix_.Add(text); }
 
-    void Add(const std::string& text) { Add(std::string_view(text)); }
+    void Add(const std::string& text) { mix_.Add(std::string_view(text)); }
 
     void Add(std::monostate) { Add(0); }
 
@@ -82,24 +72,6 @@ public:
         }
     }
 
-    void Add(const LineNode& node) {
-        Add(node.X);
-        Add(node.Y);
-    }
-
-    void Add(const Annotation& mark) {
-        Add(std::array{mark.X, mark.Y, mark.SymbolType, mark.Colour, mark.Size, mark.lineStyle});
-        Add(mark.Tag);
-        Add(mark.LineNodes);
-    }
-
-    void Add(const SmallCircle& circle) {
-        Add(std::array{circle.LineColour, circle.lineStyle, circle.LineWidth, circle.Visible});
-        Add(circle.Angle);
-        Add(circle.AxisAz);
-        Add(circle.AxisPl);
-    }
-
     template <class T>
     void Add(const std::unique_ptr<T>& held) {
         Add(held != nullptr);
@@ -108,11 +80,33 @@ public:
         }
     }
 
+    template <Part T>
+    void Add(const T& part) {
+        const auto addNamed = [this](const char*, const auto& field) { Add(field); };
+        const auto add = [this](const auto& field) { Add(field); };
+        VisitFieldsOf(part, addNamed);
+        VisitFurtherFieldsOf(part, add);
+    }
+
+    void Add(const PlotRecord& record) {
+        VisitPlotFields(record, [this](const char*, const auto& field) { Add(field); });
+        VisitFurtherPlotFields(record, [this](const auto& field) { Add(field); });
+    }
+
     template <class T>
     void Rows(const DataColumn<T>& column, int slot) {
         const std::span<const T> rows = column.Rows(slot);
-        Add(rows.size());
-        Bytes(rows.data(), rows.size_bytes());
+        mix_.AddBytes(rows.data(), rows.size_bytes());
+    }
+
+    /// The texts of error rows, in the order of the rows.
+    void Add(const ErrorLines& lines) {
+        const std::map<std::int32_t, std::string_view> inOrder(lines.begin(), lines.end());
+        Add(inOrder.size());
+        for (const auto& [row, line] : inOrder) {
+            Add(row);
+            Add(line);
+        }
     }
 
     [[nodiscard]] std::uint64_t Value() const { return mix_.Value(); }
@@ -120,6 +114,12 @@ public:
 private:
     Fingerprint mix_;
 };
+
+/// True for a column that a copy keeps: densities are counted again, and the symbols to restore
+/// follow from those that are drawn.
+constexpr bool IsKept(std::size_t column) {
+    return column != kDensityColumn && column != kBaseColumn;
+}
 
 /// Draws the active plot like any opened plot, and marks it as unsaved.
 void DrawRecovered() {
@@ -132,20 +132,13 @@ void DrawRecovered() {
 std::uint64_t FingerprintOf(int slot) {
     const PlotRecord& record = RecordOf(slot);
     PlotFingerprint print;
-    VisitPlotFields(record, [&print](const char*, const auto& field) { print.Add(field); });
-    print.Add(record.PlotAnnotations);
-    print.Add(record.PlotSmallCircles);
-    print.Add(record.MainFiles);
-    print.Add(record.OverlayFiles);
-    print.Rows(gDataDip, slot);
-    print.Rows(gDataAz, slot);
-    print.Rows(gDataSymbol, slot);
-    print.Rows(gDataOrder, slot);
-    print.Rows(gData2Dip, slot);
-    print.Rows(gData2Az, slot);
-    print.Rows(gAppLineDip, slot);
-    print.Rows(gAppLineAz, slot);
-    print.Rows(gAppNumeric, slot);
+    print.Add(record);
+    ForEachColumn([&print, slot](const auto& column, std::size_t place) {
+        if (IsKept(place)) {
+            print.Rows(column, slot);
+        }
+    });
+    print.Add(PlotOf(slot).rows.errorLines);
     for (std::int32_t row = 1; record.HasAppendedText != 0 && row <= record.NumData; ++row) {
         print.Add(gAppText(slot, row));
     }

@@ -13,8 +13,9 @@
 
 namespace quandrel {
 
-/// A 64-bit hash of everything in a plot that a copy keeps. Large data that drawings compute from
-/// the rows is left out. O(rows).
+/// A 64-bit hash of everything in a plot that a copy keeps: the fields that the parts of the record
+/// name, the columns, the appended texts and the texts of error rows. Densities and grids, which
+/// drawings compute from the rows, are left out. O(rows).
 [[nodiscard]] std::uint64_t FingerprintOf(int slot);
 
 /// A slot as a copy; fails when it cannot be a binary plot file, or memory runs out.
