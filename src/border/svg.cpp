@@ -2,6 +2,8 @@
 
 #include "quandrel/svg.h"
 
+#include "platform/surface.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -32,13 +34,7 @@ std::string Attribute(const char* name, double value) {
 }
 
 std::string HexOf(Colour colour) {
-    constexpr const char* kDigits = "0123456789abcdef";
-    std::string text;
-    for (const unsigned channel : {colour.red, colour.green, colour.blue}) {
-        text += kDigits[channel / 16];
-        text += kDigits[channel % 16];
-    }
-    return text;
+    return quandrel::HexOf({colour.red, colour.green, colour.blue});
 }
 
 std::string PlaceText(Point point) {

@@ -41,6 +41,9 @@ constexpr std::uint32_t ColourValue(Colour colour) {
            | static_cast<std::uint32_t>(colour.blue) << 16;
 }
 
+/// A colour as six hexadecimal digits, red first: "ff8000".
+[[nodiscard]] std::string HexOf(Colour colour);
+
 /// A position in user units.
 struct Point {
     double x = 0;

@@ -23,16 +23,6 @@ std::string NumberText(double value) {
     return {buffer.data(), end.ptr};
 }
 
-std::string ColourText(Colour colour) {
-    constexpr const char* kDigits = "0123456789abcdef";
-    std::string text;
-    for (const unsigned channel : {colour.red, colour.green, colour.blue}) {
-        text += kDigits[channel / 16];
-        text += kDigits[channel % 16];
-    }
-    return text;
-}
-
 std::string FontText(const FontSpec& font) {
     std::string text;
     if (!font.family.empty()) {
@@ -65,7 +55,7 @@ std::string OperationText(const DrawOperation& operation) {
     if (operation.start != 0 || operation.end != 0) {
         text += " from " + NumberText(operation.start) + " to " + NumberText(operation.end);
     }
-    text += " " + ColourText(operation.colour);
+    text += " " + HexOf(operation.colour);
     if (operation.kind == DrawOperation::Kind::Text) {
         return text + FontText(operation.state.font) + " '" + operation.text + "'";
     }
@@ -80,7 +70,7 @@ std::string OperationText(const DrawOperation& operation) {
     }
     if (operation.state.fillStyle != kNoFill) {
         text += " fill " + NumberText(operation.state.fillStyle) + " "
-                + ColourText(operation.state.fillColour);
+                + HexOf(operation.state.fillColour);
     }
     return operation.text.empty() ? text : text + " '" + operation.text + "'";
 }
