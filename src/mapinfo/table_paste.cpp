@@ -5,9 +5,8 @@
 #include "core/messages.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
-#include "core/replot.h"
 #include "core/settings.h"
-#include "edit/history/undo.h"
+#include "edit/history/edit_step.h"
 #include "edit/rows/paste_rows.h"
 #include "edit/rows/pasted_format.h"
 #include "input/file_loading.h"
@@ -18,7 +17,6 @@
 #include "mapinfo/map_link.h"
 #include "mapinfo/table_reader.h"
 #include "platform/platform.h"
-#include "rotation/rotate_data.h"
 
 #include <exception>
 #include <utility>
@@ -157,10 +155,7 @@ private:
     void Finish() {
         record_.RowsChanged = kTrue;
         record_.ClassifyCheckPending = kTrue;
-        record_.Modified = kTrue;
         NamePlot();
-        ForgetUndo(gActivePlot);
-        ForgetRotation();
         KeepLoad(plot_, LastLoad());
         gMIGeoLinks.Add(gActivePlot, std::move(link_));
         record_.MapInfoLinked = kTrue;
@@ -263,7 +258,7 @@ std::string Paste(const std::string& table, const std::string& command) {
         gFileDelimiter = former.format.delimiter;
         gSettings.format.hasHeadings = former.format.hasHeadings;
         gPlotKind = kEqualArea;
-        ReplotActivePlot(false);
+        FinishUnkeptRows(gActivePlot, Redraw::Plot);
         if (gPlatform.mapLink.tablePlotted) {
             gPlatform.mapLink.tablePlotted(command);
         }

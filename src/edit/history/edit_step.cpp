@@ -29,11 +29,22 @@ void Draw(int slot, Redraw redraw) {
     }
 }
 
+/// Ends the undo of a plot whose rows have changed without a step.
+void ForgetSteps(int slot) {
+    ForgetUndo(slot);
+    ForgetRotation();
+}
+
 } // namespace
 
 void FinishUnkept(int slot, Redraw redraw) {
     RecordOf(slot).Modified = kTrue;
     Draw(slot, redraw);
+}
+
+void FinishUnkeptRows(int slot, Redraw redraw) {
+    ForgetSteps(slot);
+    FinishUnkept(slot, redraw);
 }
 
 EditStep::EditStep(EditKind kind, std::unique_ptr<PlotChange> (*before)(int slot), EditRun run) {
@@ -70,8 +81,7 @@ void EditStep::Keep() {
             // An edit that cannot be kept is still made.
         }
     }
-    ForgetUndo(slot);
-    ForgetRotation();
+    ForgetSteps(slot);
 }
 
 void EditStep::PutBack() {

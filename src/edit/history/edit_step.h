@@ -17,7 +17,7 @@
 // Finish marks the plot as modified, adds the change as a step to the undo list (undo.h), includes
 // the rotation before an edit of rows in it, and draws. An edit that changes nothing does not call
 // Finish. Edits that cannot be undone (small circles, typed or ticked girdles) call FinishUnkept
-// instead.
+// instead, edits of rows that cannot be undone (pasted tables) FinishUnkeptRows.
 
 #pragma once
 
@@ -46,6 +46,9 @@ template <class Change>
 
 /// Ends an edit of a plot that cannot be undone: marks the plot as modified and draws.
 void FinishUnkept(int slot, Redraw redraw);
+
+/// The same for an edit of rows: former edits and the last rotation can no longer be undone.
+void FinishUnkeptRows(int slot, Redraw redraw);
 
 class EditStep {
 public:

@@ -432,6 +432,26 @@ TEST_F(UndoList, ClosingAPlotDropsItsStepsAlone) {
 }
 
 TEST_F(UndoList, AnEditThatIsNotKeptEndsThatOfItsPlotAlone) {
+TEST_F(UndoList, AnUnkeptEditOfRowsEndsStepsAndRotationOfItsPlot) {
+    const int one = NewPlanes({{10, 10}});
+    const int other = NewPlanes({{50, 50}});
+    Move(one, 1, 11);
+    Move(other, 1, 51);
+    RotationSettings turn;
+    turn.inclination = 30;
+    turn.azimuth = 90;
+    turn.angle = 45;
+    RotationReport report;
+    ASSERT_FALSE(ApplyRotation(turn, report));
+    ASSERT_TRUE(CanUndoRotation());
+    RecordOf(other).Modified = 0;
+    FinishUnkeptRows(other, Redraw::Nothing);
+    EXPECT_FALSE(CanUndoRotation());
+    EXPECT_EQ(RecordOf(other).Modified, kTrue);
+    EXPECT_EQ(UseOfUndo().steps, 1U);
+    EXPECT_EQ(UndoSlot(), one);
+}
+
     const int one = NewPlanes({{10, 10}});
     const int other = NewPlanes({{50, 50}});
     Move(one, 1, 11);
