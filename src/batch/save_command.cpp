@@ -14,23 +14,6 @@ namespace {
 
 constexpr const char* kAllLines = "all";
 
-/// Sets whether texts include the lines without data, for the duration of a block.
-class NonDataLinesSaved {
-public:
-    explicit NonDataLinesSaved(bool all)
-        : former_(gSettings.files.nonDataLines) {
-        gSettings.files.nonDataLines = all;
-    }
-
-    ~NonDataLinesSaved() { gSettings.files.nonDataLines = former_; }
-
-    NonDataLinesSaved(const NonDataLinesSaved&) = delete;
-    NonDataLinesSaved& operator=(const NonDataLinesSaved&) = delete;
-
-private:
-    bool former_;
-};
-
 } // namespace
 
 std::string SaveToFile(const Command& command) {
@@ -45,8 +28,8 @@ std::string SaveToFile(const Command& command) {
     if (lines && HasEnding(*path, ".qpx")) {
         return "lines=all is for text files: a plot file has all lines";
     }
-    const NonDataLinesSaved saved(gSettings.files.nonDataLines || lines.has_value());
-    return SavePlotAs(*path, SaveKind::SaveAs) == SaveOutcome::Saved
+    const bool hasAllLines = gSettings.files.nonDataLines || lines.has_value();
+    return SavePlotAs(*path, SaveKind::SaveAs, hasAllLines) == SaveOutcome::Saved
                ? std::string()
                : "'" + *path + "' was not saved";
 }

@@ -290,14 +290,14 @@ std::string BuildParameterLine(bool full) {
     return BuildParameterText(ItemsOf(ActiveRecord()), full);
 }
 
-std::string AsciiPlotText() {
+std::string AsciiPlotText(bool withNonDataLines) {
     const PlotRecord& record = ActiveRecord();
     std::string text = HeadLines(record) + BuildParameterLine(true);
     const NonDataLines nonData(gActivePlot, record);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         if (DipOfRow(gActivePlot, row) != kErrorRow) {
             text += TextOfRow(record, row);
-        } else if (gSettings.files.nonDataLines) {
+        } else if (withNonDataLines) {
             text += nonData.TextOfErrorRow(row);
         }
     }
@@ -319,7 +319,7 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
 }
 
-SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
+SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, bool withNonDataLines) {
     PlotRecord& record = ActiveRecord();
     const std::string path = NormalPath(target);
     const std::string name = FileTitleOf(path);
@@ -330,8 +330,8 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind) {
         || (!isBinary && !AcceptLossOfOverlays(record, name))) {
         return SaveOutcome::Cancelled;
     }
-    const std::string error =
-        isBinary ? SaveBinaryPlot(path, gActivePlot) : WriteFileAtomically(path, AsciiPlotText());
+    const std::string error = isBinary ? SaveBinaryPlot(path, gActivePlot)
+                                       : WriteFileAtomically(path, AsciiPlotText(withNonDataLines));
     if (!error.empty()) {
         TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;

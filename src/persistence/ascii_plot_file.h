@@ -5,6 +5,8 @@
 
 #pragma once
 
+#include "core/settings_value.h"
+
 #include <string>
 
 namespace quandrel {
@@ -16,10 +18,12 @@ namespace quandrel {
 
 /// The main rows of gActivePlot as a text file: head lines, the parameter line, then a line for
 /// each valid row with every value in its own field, separated by tabs. Planes are dip and dip
-/// direction, lines plunge and trend, numbers have a decimal point. With FileSettings::nonDataLines
-/// the non-data lines of the plot's files are included at their positions, except for parameter
-/// lines and the head of a file that the program wrote.
-[[nodiscard]] std::string AsciiPlotText();
+/// direction, lines plunge and trend, numbers have a decimal point.
+///
+/// @param withNonDataLines  includes the non-data lines of the plot's files at their positions,
+///                          except for parameter lines and the head of a file that the program
+///                          wrote
+[[nodiscard]] std::string AsciiPlotText(bool withNonDataLines = gSettings.files.nonDataLines);
 
 enum class SaveKind { Save, SaveAs, SaveAll };
 
@@ -30,6 +34,9 @@ enum class SaveOutcome { Saved, Cancelled, Failed };
 [[nodiscard]] SaveOutcome SaveAsciiPlot(SaveKind kind);
 
 /// As SaveAsciiPlot, with a known path.
-[[nodiscard]] SaveOutcome SavePlotAs(const std::string& target, SaveKind kind);
+///
+/// @param withNonDataLines  as of AsciiPlotText, if the plot is saved as text
+[[nodiscard]] SaveOutcome SavePlotAs(const std::string& target, SaveKind kind,
+                                     bool withNonDataLines = gSettings.files.nonDataLines);
 
 } // namespace quandrel
