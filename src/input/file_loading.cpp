@@ -53,17 +53,13 @@ std::int16_t KindOfOverlay(const PlotRecord& record) {
     return isSecondaryLine ? std::int16_t{kOverlayLines} : gPlotDataKind;
 }
 
-/// The first characters of the text files that the program writes.
-constexpr std::string_view kOwnFileMark = ";Quandrel";
-
-int ownFilesWithoutDialog = 0;
-
 /// A load of a text file, from its parameter lines to its rows.
 class TextLoad {
 public:
-    TextLoad(std::string command, std::string path)
+    TextLoad(std::string command, std::string path, FormatDialog dialog)
         : command_(std::move(command))
         , path_(std::move(path))
+        , dialog_(dialog)
         , plot_(ActivePlot())
         , record_(plot_.record) {}
 
@@ -81,8 +77,7 @@ public:
         }
         furtherFiles_ = *further;
         missingFiles_ = MissingFilesOf(path_, items_.extraFiles);
-        saysAll_ = ownFilesWithoutDialog > 0 && text->starts_with(kOwnFileMark);
-        const OwnWordOnUpwardLines own(items_);
+        saysAll_ = dialog_ == FormatDialog::ForeignFiles && items_.isOwnText;
         ApplyParameterItems();
         if (!AskFormat() || !Accept()) {
             return false;
@@ -97,6 +92,9 @@ public:
         }
         return true;
     }
+
+    /// What the parameter lines of the file say.
+    [[nodiscard]] const ParameterItems& Items() const { return items_; }
 
 private:
     [[nodiscard]] bool IsNew() const { return command_ == kNewCommand; }
@@ -381,6 +379,7 @@ private:
 
     std::string command_;
     std::string path_;
+    FormatDialog dialog_;
     Plot& plot_;
     PlotRecord& record_;
     ParameterItems items_;
@@ -397,19 +396,13 @@ private:
 
 } // namespace
 
-OwnFilesWithoutDialog::OwnFilesWithoutDialog() {
-    ++ownFilesWithoutDialog;
-}
-
-OwnFilesWithoutDialog::~OwnFilesWithoutDialog() {
-    --ownFilesWithoutDialog;
-}
-
-std::string ReadTextFile(const std::string& command, const std::string& path) {
+std::string ReadTextFile(const std::string& command, const std::string& path, FormatDialog dialog) {
     const FormatBefore formerFormat;
     const PlotBeforeLoad formerState = StateOf(ActiveRecord());
-    TextLoad load(command, path);
+    TextLoad load(command, path, dialog);
     if (load.Run()) {
+        gSettings.format.negativePlunge =
+            UpwardLinesAfterText(formerFormat.format, load.Items(), gSettings.format);
         KeepLoad(ActivePlot(), LastLoad());
         return command;
     }
@@ -419,26 +412,30 @@ std::string ReadTextFile(const std::string& command, const std::string& path) {
     return kLoadError;
 }
 
-void SetPlotFormatFromGlobals() {
-    PlotRecord& record = ActiveRecord();
-    record.PrimaryFormat = gPrimaryDataType;
-    record.SecondaryFormat = gSecondaryDataType;
-    record.HasAppendedLine = gFileLineAppended ? kTrue : std::int16_t{0};
-    record.HasAppendedNumeric = gFileNumericAppended ? kTrue : std::int16_t{0};
-    record.HasAppendedText = gFileNonNumericAppended ? kTrue : std::int16_t{0};
-    record.AppNumName = gFileAppNumName;
-    record.AppNonNumName = gFileAppNonNumName;
+void SetPlotFormat(Plot& plot, const FormatSettings& format) {
+    PlotRecord& record = plot.record;
+    record.PrimaryFormat = format.primary;
+    record.SecondaryFormat = format.secondary;
+    record.HasAppendedLine = format.lineAppended ? kTrue : std::int16_t{0};
+    record.HasAppendedNumeric = format.numericAppended ? kTrue : std::int16_t{0};
+    record.HasAppendedText = format.nonNumericAppended ? kTrue : std::int16_t{0};
+    record.AppNumName = format.numericName;
+    record.AppNonNumName = format.nonNumericName;
     record.NumFiles = 1;
-    ClearRows(ActivePlot());
-    record.DataKind = gPlotDataKind;
+    ClearRows(plot);
+    record.DataKind = format.plotDataKind;
     record.RoseType = 0;
     // The names stay from file to file; these two imply columns that are read alone.
-    if (gFileNonNumericAppended && LowerCase(record.AppNonNumName) == "mean wind speed") {
+    if (format.nonNumericAppended && LowerCase(record.AppNonNumName) == "mean wind speed") {
         record.RoseType = 4;
     }
-    if (gFileNumericAppended && LowerCase(record.AppNumName) == "mean wind frequency") {
+    if (format.numericAppended && LowerCase(record.AppNumName) == "mean wind frequency") {
         record.RoseType = 1;
     }
+}
+
+void SetPlotFormatFromGlobals() {
+    SetPlotFormat(ActivePlot(), gSettings.format);
 }
 
 } // namespace quandrel

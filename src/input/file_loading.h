@@ -10,6 +10,8 @@
 
 #pragma once
 
+#include "core/format_settings.h"
+#include "core/plot.h"
 #include "input/load_report.h"
 
 #include <string>
@@ -26,22 +28,23 @@ inline constexpr const char* kMergeCommand = "Merge";
 inline constexpr const char* kOverlayCommand = "Overlay";
 inline constexpr const char* kBinaryCommand = "Binary"; ///< what opening a binary plot file reports
 
+/// For which text files a load shows the data format dialog.
+enum class FormatDialog {
+    Always,
+    ForeignFiles, ///< not for files that the program wrote: their parameter line states the format
+};
+
 /// Loads a text file into gActivePlot: parameter lines, data format dialog, rows, summary. The
 /// format globals change as the file and the user say; on failure they are restored.
 ///
 /// @param command  "New", "Merge" or "Overlay"
 /// @return the command, or kLoadError
-[[nodiscard]] std::string ReadTextFile(const std::string& command, const std::string& path);
+[[nodiscard]] std::string ReadTextFile(const std::string& command, const std::string& path,
+                                       FormatDialog dialog = FormatDialog::Always);
 
-/// While an object of this class lives, text files that the program wrote are loaded without the
-/// data format dialog: their parameter line states the whole format.
-class OwnFilesWithoutDialog {
-public:
-    OwnFilesWithoutDialog();
-    ~OwnFilesWithoutDialog();
-    OwnFilesWithoutDialog(const OwnFilesWithoutDialog&) = delete;
-    OwnFilesWithoutDialog& operator=(const OwnFilesWithoutDialog&) = delete;
-};
+/// Gives a plot the format of its first file: orientations, appended columns, kind of data. Its
+/// rows are removed.
+void SetPlotFormat(Plot& plot, const FormatSettings& format);
 
 /// Copies the format globals into the record of gActivePlot.
 void SetPlotFormatFromGlobals();

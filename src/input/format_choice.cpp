@@ -284,16 +284,7 @@ std::array<int, 2> SymbolRowsOf(const FormatQuestion& question) {
 }
 
 SymbolRow FirstSymbol(int row) {
-    // The tables are filled together, so the user's are restored.
-    const auto colours = gColourTable;
-    const auto symbols = gSymbolTable;
-    const auto axes = gAxisStyleTable;
-    BuildStyleTables();
-    const SymbolRow first = gSymbolTable[static_cast<std::size_t>(row)];
-    gColourTable = colours;
-    gSymbolTable = symbols;
-    gAxisStyleTable = axes;
-    return first;
+    return StartStyles().symbols.at(static_cast<std::size_t>(row));
 }
 
 std::string NameOfDelimiter(const std::string& delimiter) {

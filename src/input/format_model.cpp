@@ -66,24 +66,30 @@ std::int32_t HighestColumnNeeded(const LineFormat& format) {
     return std::min(highest, kMostColumns);
 }
 
-LineFormat LineFormatFromGlobals(bool hasOverlays) {
+LineFormat LineFormatOf(const FormatSettings& settings, const NotationSettings& notation,
+                        bool hasOverlays) {
     LineFormat format;
     std::int16_t planeConvention = 0;
-    DecodeConventions(gConventions, planeConvention, format.lineIsTrendFirst, format.isQuadrant);
+    DecodeConventions(settings.conventions, planeConvention, format.lineIsTrendFirst,
+                      format.isQuadrant);
     format.planeConvention = planeConvention;
-    format.primary = gPrimaryDataType;
-    format.secondary = gSecondaryDataType;
-    format.slots = gFileColumnSettings;
-    format.delimiter = gFileDelimiter.empty() ? kAnyDelimiter : gFileDelimiter.front();
-    format.wantLine = gFileLineAppended;
-    format.wantNumber = gFileNumericAppended;
-    format.wantText = gFileNonNumericAppended;
+    format.primary = settings.primary;
+    format.secondary = settings.secondary;
+    format.slots = settings.columns;
+    format.delimiter = settings.delimiter.empty() ? kAnyDelimiter : settings.delimiter.front();
+    format.wantLine = settings.lineAppended;
+    format.wantNumber = settings.numericAppended;
+    format.wantText = settings.nonNumericAppended;
     format.hasOverlays = hasOverlays;
-    format.decimalIsComma = gDecimalIsComma;
-    format.convertDecimals = gConvertDecimals;
+    format.decimalIsComma = notation.decimalIsComma;
+    format.convertDecimals = notation.convertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
-    format.negativePlunge = gSettings.format.negativePlunge;
+    format.negativePlunge = settings.negativePlunge;
     return format;
+}
+
+LineFormat LineFormatFromGlobals(bool hasOverlays) {
+    return LineFormatOf(gSettings.format, gSettings.notation, hasOverlays);
 }
 
 } // namespace quandrel

@@ -64,9 +64,14 @@ void DecodeConventions(std::int16_t code, std::int16_t& planeConvention, bool& l
 /// The highest zero-based column that the format uses: a line has to reach it. 0 to kMostColumns.
 [[nodiscard]] std::int32_t HighestColumnNeeded(const LineFormat& format);
 
-/// The format in force (data_format.h), with the regional decimal delimiter.
+/// A format as the line parser takes it.
 ///
+/// @param notation     the regional decimal delimiter, and whether the other one is converted
 /// @param hasOverlays  whether the plot that the lines are for has overlays
+[[nodiscard]] LineFormat LineFormatOf(const FormatSettings& settings,
+                                      const NotationSettings& notation, bool hasOverlays);
+
+/// The same of the format and the notation in force.
 [[nodiscard]] LineFormat LineFormatFromGlobals(bool hasOverlays);
 
 } // namespace quandrel

@@ -334,14 +334,10 @@ FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& i
     return settings;
 }
 
-OwnWordOnUpwardLines::OwnWordOnUpwardLines(const ParameterItems& items)
-    : former_(gSettings.format.negativePlunge)
-    , ofText_(WithFormatItems(gSettings.format, items).negativePlunge) {}
-
-OwnWordOnUpwardLines::~OwnWordOnUpwardLines() {
-    if (gSettings.format.negativePlunge == ofText_) {
-        gSettings.format.negativePlunge = former_;
-    }
+NegativePlunge UpwardLinesAfterText(const FormatSettings& before, const ParameterItems& items,
+                                    const FormatSettings& now) {
+    const NegativePlunge ofText = WithFormatItems(before, items).negativePlunge;
+    return now.negativePlunge == ofText ? before.negativePlunge : now.negativePlunge;
 }
 
 void ApplyFormatItems(const ParameterItems& items) {

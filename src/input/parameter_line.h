@@ -81,20 +81,15 @@ struct ParameterItems {
 /// which names.
 [[nodiscard]] FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& items);
 
-/// Limits what a text says about the trends beside negative plunges to that text: the destructor
-/// restores the setting, unless the user has changed it meanwhile.
-class OwnWordOnUpwardLines {
-public:
-    /// @param items  those of the text, before they are applied
-    explicit OwnWordOnUpwardLines(const ParameterItems& items);
-    ~OwnWordOnUpwardLines();
-    OwnWordOnUpwardLines(const OwnWordOnUpwardLines&) = delete;
-    OwnWordOnUpwardLines& operator=(const OwnWordOnUpwardLines&) = delete;
-
-private:
-    NegativePlunge former_;
-    NegativePlunge ofText_;
-};
+/// The setting of the trends beside negative plunges after a text has been read. What the text says
+/// about them is limited to the text: the former setting returns, unless the user has chosen
+/// another one meanwhile.
+///
+/// @param before  the format before the items of the text were applied
+/// @param now     the format in which the text was read
+[[nodiscard]] NegativePlunge UpwardLinesAfterText(const FormatSettings& before,
+                                                  const ParameterItems& items,
+                                                  const FormatSettings& now);
 
 /// Applies WithFormatItems to the format in force.
 void ApplyFormatItems(const ParameterItems& items);

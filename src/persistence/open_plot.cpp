@@ -72,27 +72,6 @@ std::optional<std::string> AskForPath(const std::string& command) {
     return gPlatform.prompts->AskOpenPath(question);
 }
 
-/// The requested kind applies to one plot. A command that opens nothing leaves it for the next.
-class OneTimePlotKind {
-public:
-    OneTimePlotKind() = default;
-
-    ~OneTimePlotKind() { gPlotKind = used_ ? std::int16_t{kEqualArea} : former_; }
-
-    OneTimePlotKind(const OneTimePlotKind&) = delete;
-    OneTimePlotKind& operator=(const OneTimePlotKind&) = delete;
-
-    /// Returns the outcome of a command, and records it.
-    [[nodiscard]] std::string After(std::string outcome) {
-        used_ = outcome != kLoadError;
-        return outcome;
-    }
-
-private:
-    std::int16_t former_ = gPlotKind;
-    bool used_ = false;
-};
-
 void RememberPath(const std::string& path) {
     OpenState::now.hasOpened = true;
     gSettings.files.lastFolder = std::filesystem::path(path).parent_path().string();
@@ -180,14 +159,14 @@ std::string OpenBinaryPlot(const std::string& path) {
 }
 
 /// A new plot is discarded when the load fails.
-std::string OpenNewPlot(const std::string& path) {
+std::string OpenNewPlot(const std::string& path, FormatDialog dialog) {
     const std::int32_t formerPlot = gActivePlot;
     if (!PrepareNewPlotWindow()) {
         return kLoadError;
     }
     if (path.empty()) {
         MakeBlankPlot();
-    } else if (ReadTextFile(kNewCommand, path) == kLoadError) {
+    } else if (ReadTextFile(kNewCommand, path, dialog) == kLoadError) {
         GiveUpPlot(formerPlot);
         return kLoadError;
     } else {
@@ -197,8 +176,8 @@ std::string OpenNewPlot(const std::string& path) {
     return path.empty() ? kBlankCommand : kNewCommand;
 }
 
-std::string AddToPlot(const std::string& command, const std::string& path) {
-    const std::string outcome = ReadTextFile(command, path);
+std::string AddToPlot(const std::string& command, const std::string& path, FormatDialog dialog) {
+    const std::string outcome = ReadTextFile(command, path, dialog);
     if (outcome == kLoadError) {
         ReplotActivePlot(false);
         return outcome;
@@ -246,14 +225,14 @@ std::string OpenListedPlots(const std::string& path) {
     return kNewCommand;
 }
 
-std::string OpenByKind(const std::string& command, const std::string& path) {
+std::string OpenByKind(const std::string& command, const std::string& path, FormatDialog dialog) {
     const FileKind kind = KindOfFile(path);
     if (kind != FileKind::Unreadable) {
         RememberPath(path);
     }
     switch (kind) {
     case FileKind::Text:
-        return NeedsNewPlot(command) ? OpenNewPlot(path) : AddToPlot(command, path);
+        return NeedsNewPlot(command) ? OpenNewPlot(path, dialog) : AddToPlot(command, path, dialog);
     case FileKind::BinaryPlot:
         return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenBinaryPlot(path)
                                                                       : kLoadError;
@@ -265,23 +244,32 @@ std::string OpenByKind(const std::string& command, const std::string& path) {
     return kLoadError;
 }
 
+/// Opens a file, or an empty plot without a path. The requested kind applies to one plot; a command
+/// that opens nothing leaves it for the next.
+std::string OpenAsRequested(const std::string& command, const std::string& path,
+                            FormatDialog dialog) {
+    const std::int16_t requested = gPlotKind;
+    std::string outcome =
+        path.empty() ? OpenNewPlot(path, dialog) : OpenByKind(command, path, dialog);
+    gPlotKind = outcome == kLoadError ? requested : std::int16_t{kEqualArea};
+    return outcome;
+}
+
 } // namespace
 
-std::string OpenPlotFile(const std::string& command, const std::string& path) {
+std::string OpenPlotFile(const std::string& command, const std::string& path, FormatDialog dialog) {
     if (!NeedsNewPlot(command) && (!IsOpenSlot(gActivePlot) || !HasRoomFor(command))) {
         return kLoadError;
     }
     if (path.empty()) {
         return kLoadError;
     }
-    OneTimePlotKind once;
-    return once.After(OpenByKind(command, NormalPath(path)));
+    return OpenAsRequested(command, NormalPath(path), dialog);
 }
 
 std::string OpenPlotFile(const std::string& command) {
     if (command == kBlankCommand) {
-        OneTimePlotKind once;
-        return once.After(OpenNewPlot({}));
+        return OpenAsRequested(command, {}, FormatDialog::Always);
     }
     if (command.starts_with(kFileCommand)) {
         return OpenPlotFile(kNewCommand, command.substr(kFileCommand.size()));

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "input/file_loading.h"
+
 #include <string>
 
 namespace quandrel {
@@ -26,6 +28,7 @@ struct OpenState {
 std::string OpenPlotFile(const std::string& command);
 
 /// As OpenPlotFile with "New", "Merge" or "Overlay", with a known path.
-std::string OpenPlotFile(const std::string& command, const std::string& path);
+std::string OpenPlotFile(const std::string& command, const std::string& path,
+                         FormatDialog dialog = FormatDialog::Always);
 
 } // namespace quandrel

@@ -276,11 +276,11 @@ std::optional<int> OpenWorkspace(const std::string& path) {
     Remember(path);
     OpenedWorkspace workspace;
     workspace.path = path;
-    const OwnFilesWithoutDialog own;
     for (const std::string& listed : PathsOfWorkspace(*text, FolderOf(path))) {
         std::error_code unreadable;
         const bool isOpened =
-            fs::is_regular_file(listed, unreadable) && OpenPlotFile("File" + listed) != kLoadError;
+            fs::is_regular_file(listed, unreadable)
+            && OpenPlotFile(kNewCommand, listed, FormatDialog::ForeignFiles) != kLoadError;
         (isOpened ? workspace.opened : workspace.missing).push_back(listed);
     }
     OpenedWorkspace::now = std::move(workspace);

@@ -32,8 +32,7 @@ protected:
     int ThroughFile(const std::string& name) {
         const std::string path = (folder / name).string();
         EXPECT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
-        const OwnFilesWithoutDialog noDialog;
-        EXPECT_NE(OpenPlotFile(kNewCommand, path), kLoadError);
+        EXPECT_NE(OpenPlotFile(kNewCommand, path, FormatDialog::ForeignFiles), kLoadError);
         return gActivePlot;
     }
 

@@ -95,6 +95,31 @@ TEST(HighestColumnNeeded, StaysWithinBoundsForWildSlots) {
     EXPECT_EQ(HighestColumnNeeded(format), kMostColumns);
 }
 
+TEST(LineFormatOf, TakesTheGivenValuesWhateverIsInForce) {
+    FormatSettings settings = gSettings.format;
+    settings.conventions = 12;
+    settings.delimiter = ";";
+    settings.primary = kPrimaryLine;
+    settings.columns = {3, 4, 9, 9, 9, 9, 9, 9, 6, 9};
+    settings.lineAppended = false;
+    settings.numericAppended = true;
+    settings.nonNumericAppended = false;
+    settings.negativePlunge = NegativePlunge::Vector;
+    const LineFormat format =
+        LineFormatOf(settings, {.decimalIsComma = true, .convertDecimals = true}, false);
+    EXPECT_EQ(format.planeConvention, kDipDirectionDip);
+    EXPECT_TRUE(format.lineIsTrendFirst);
+    EXPECT_EQ(format.delimiter, ';');
+    EXPECT_EQ(format.primary, kPrimaryLine);
+    EXPECT_EQ(format.slots, settings.columns);
+    EXPECT_TRUE(format.wantNumber);
+    EXPECT_FALSE(format.hasOverlays);
+    EXPECT_TRUE(format.decimalIsComma);
+    EXPECT_TRUE(format.convertDecimals);
+    EXPECT_EQ(format.neededColumns, 7);
+    EXPECT_EQ(format.negativePlunge, NegativePlunge::Vector);
+}
+
 TEST(LineFormatFromGlobals, TakesTheFormatInForce) {
     const FormatSettings former = gSettings.format;
     gConventions = -3;

@@ -240,6 +240,33 @@ TEST(WithNewPlotItems, SetsKindFlagsAndNames) {
     EXPECT_TRUE(WithNewPlotItems(settings, ParseParameterLine("/T1")).lineAppended);
 }
 
+TEST(UpwardLinesAfterText, WhatATextSaysHoldsForItAlone) {
+    struct WordCase {
+        const char* text;
+        NegativePlunge before;
+        NegativePlunge now;
+        NegativePlunge after;
+    };
+
+    constexpr auto kLower = NegativePlunge::LowerEnd;
+    constexpr auto kVector = NegativePlunge::Vector;
+    const std::vector<WordCase> cases = {
+        {"/U1", kLower, kVector, kLower},  {"/U1", kLower, kLower, kLower}, // chosen by the user
+        {"/U0", kVector, kLower, kVector}, {"/U0", kVector, kVector, kVector},
+        {"/U1", kVector, kLower, kLower}, // chosen by the user, against text and setting
+        {"/T1", kLower, kVector, kVector}, {"/T1", kVector, kVector, kVector},
+    };
+    for (const WordCase& expected : cases) {
+        FormatSettings before;
+        before.negativePlunge = expected.before;
+        FormatSettings now;
+        now.negativePlunge = expected.now;
+        EXPECT_EQ(UpwardLinesAfterText(before, ParseParameterLine(expected.text), now),
+                  expected.after)
+            << expected.text;
+    }
+}
+
 TEST(ApplyFormatItems, ChangesTheFormatInForce) {
     const FormatSettings former = gSettings.format;
     ApplyFormatItems(ParseParameterLine("/C14 /T3"));

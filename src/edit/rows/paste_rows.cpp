@@ -35,28 +35,12 @@ namespace {
 /// The command of a load of foreign text.
 constexpr const char* kPasteCommand = "Paste";
 
-/// Sets the format in force until the end of a block.
-class FormatInWork {
-public:
-    explicit FormatInWork(const FormatSettings& settings)
-        : former_(gSettings.format) {
-        gSettings.format = settings;
-    }
-
-    ~FormatInWork() { gSettings.format = former_; }
-
-    FormatInWork(const FormatInWork&) = delete;
-    FormatInWork& operator=(const FormatInWork&) = delete;
-
-private:
-    FormatSettings former_;
-};
 
 /// Gives an empty plot the format of the text. Its titles and files stay.
-void TakeFormatOfText(PlotRecord& record, const PastedFormat& format) {
-    const FormatInWork work(format.settings);
+void TakeFormatOfText(Plot& plot, const PastedFormat& format) {
+    PlotRecord& record = plot.record;
     const std::int16_t files = record.NumFiles;
-    SetPlotFormatFromGlobals();
+    SetPlotFormat(plot, format.settings);
     record.NumFiles = files;
     record.DataKind = format.dataKind;
     const bool isSecondary = format.showsSecondary && format.settings.secondary != kNoSecondary;
@@ -82,7 +66,7 @@ public:
         , record_(plot_.record)
         , overlay_(overlay)
         , target_(TargetOfPaste(record_, format, overlay))
-        , lines_(LineFormatOf(format)) {}
+        , lines_(FormatOfLines(format)) {}
 
     PasteReport Run(std::string_view text) {
         LineReader reader(text);
@@ -104,9 +88,9 @@ public:
     }
 
 private:
-    [[nodiscard]] LineFormat LineFormatOf(const PastedFormat& format) const {
-        const FormatInWork work(format.settings);
-        LineFormat lines = LineFormatFromGlobals(overlay_ > 0 && !format.isOwn);
+    [[nodiscard]] LineFormat FormatOfLines(const PastedFormat& format) const {
+        LineFormat lines =
+            LineFormatOf(format.settings, gSettings.notation, overlay_ > 0 && !format.isOwn);
         if (record_.SecondaryFormat == kNoSecondary) {
             lines.secondary = kNoSecondary;
         }
@@ -213,21 +197,20 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
     }
     bool hasHeadings = false;
     if (!AcceptedPasteFormat::now.settings) {
-        const OwnWordOnUpwardLines own(items);
-        const bool headingsOfFiles = gSettings.format.hasHeadings;
-        gSettings.format = WithFormatItems(gSettings.format, items);
+        const FormatSettings before = gSettings.format;
+        gSettings.format = WithFormatItems(before, items);
         const std::optional<FormatAnswer> answer = AskPasteFormat(text, items);
         if (!answer) {
             return std::nullopt;
         }
-        gSettings.format.hasHeadings = headingsOfFiles;
+        gSettings.format.hasHeadings = before.hasHeadings;
         hasHeadings = answer->columnHeadings;
         AcceptedPasteFormat::now.showsSecondary = answer->plotSecondary;
         AcceptedPasteFormat::now.settings = gSettings.format;
+        gSettings.format.negativePlunge = UpwardLinesAfterText(before, items, gSettings.format);
     } else {
-        const FormatInWork work(*AcceptedPasteFormat::now.settings);
-        hasHeadings =
-            SuggestsHeadings(FirstLinesOfText(text, kPreviewLines), LineFormatFromGlobals(false));
+        hasHeadings = SuggestsHeadings(FirstLinesOfText(text, kPreviewLines),
+                                       LineFormatOf(*AcceptedPasteFormat::now.settings, gSettings.notation, false));
     }
     PastedFormat format = FormatOfPastedText(*AcceptedPasteFormat::now.settings, {}, false);
     format.settings.hasHeadings = hasHeadings;
@@ -247,13 +230,14 @@ void SettlePastedRows(PlotRecord& record) {
 
 /// Pastes rows of a known format. When none is read, the plot stays unchanged.
 PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
-    PlotRecord& record = ActiveRecord();
+    Plot& plot = ActivePlot();
+    PlotRecord& record = plot.record;
     EditStep step(kPasteEdit, Before<RowChange>);
     if (!step.IsKept()) {
         throw std::bad_alloc(); // so that a paste that fails half way is undone
     }
     if (record.NumLoadedData == 0) {
-        TakeFormatOfText(record, format);
+        TakeFormatOfText(plot, format);
     }
     int overlay = 0;
     if (GoesIntoOverlay(record, format)) {
