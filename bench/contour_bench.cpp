@@ -204,10 +204,10 @@ void DrawOneByOne(benchmark::State& state, Spread spread) {
         TraceEveryTriangle([&](int level, const ContourSegment& segment) {
             const AxisStyle style = ContourStyleOf(gSettings.styles, level);
             DrawState drawing = image.Net().State();
-            drawing.drawStyle = style[1];
-            drawing.drawWidth = style[2];
+            drawing.drawStyle = style[kStyleLine];
+            drawing.drawWidth = style[kStyleWidth];
             image.Net().SetState(drawing);
-            image.Net().Line(segment.from, segment.to, TableColour(style[0]));
+            image.Net().Line(segment.from, segment.to, TableColour(style[kStyleColour]));
         });
     }
     TellRatio(state, start, [&image] { image.TraceContours(); });

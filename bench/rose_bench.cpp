@@ -79,12 +79,12 @@ void PassOverNames(benchmark::State& state) {
     PlotRecord& record = ActiveRecord();
     record.HasAppendedText = kTrue;
     record.RoseType = 10 * kRoseByType;
-    record.ClassTable[0][1] = std::int16_t{11};
-    record.ClassTable[0][2] = std::int16_t{0};
+    record.ClassTable[kBaseRow][kTextNumberClasses] = std::int16_t{11};
+    record.ClassTable[kBaseRow][kNameClasses] = std::int16_t{0};
     for (std::size_t name = 1; name <= 11; ++name) {
-        record.ClassTable[name][2] = std::to_string(name * 8) + ".5";
+        record.ClassTable[name][kNameClasses] = std::to_string(name * 8) + ".5";
     }
-    record.ClassTable[12][1] = std::int16_t{1};
+    record.ClassTable[kFlagRow][kTextNumberClasses] = std::int16_t{1};
     Pass(state);
 }
 

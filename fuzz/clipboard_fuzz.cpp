@@ -43,7 +43,7 @@ void NewPlot(std::uint8_t choice) {
 void CheckCounts() {
     const PlotRecord& record = ActiveRecord();
     std::int32_t rows = record.NumData;
-    for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         rows += record.OverlayRows[static_cast<std::size_t>(overlay)];
     }
     Require(rows == record.NumLoadedData);

@@ -261,7 +261,7 @@ Json AxesJson(AxisKind kind) {
     if (axes.lines.empty()) {
         return json;
     }
-    for (const std::size_t axis : {3U, 2U, 1U}) {
+    for (const std::size_t axis : {kGreatestAxis, kMiddleAxis, kLeastAxis}) {
         const AxisLine line = FabricAxis(axes.record, axis);
         const bool isKnown = IsAxisDetermined(axes.record, axis);
         json["E" + std::to_string(axis)] = {
@@ -270,10 +270,10 @@ Json AxesJson(AxisKind kind) {
             {"trend", isKnown ? Json(RadToDeg(line.trend)) : Json(nullptr)}};
     }
     json["girdle"] = nullptr;
-    if (!IsAxisDetermined(axes.record, 1)) {
+    if (!IsAxisDetermined(axes.record, kLeastAxis)) {
         return json;
     }
-    const AxisLine beta = FabricAxis(axes.record, 1);
+    const AxisLine beta = FabricAxis(axes.record, kLeastAxis);
     double dip = 0;
     double dipDirection = 0;
     PoleOfPlane(beta.plunge, beta.trend, dip, dipDirection);

@@ -9,6 +9,7 @@
 #include "stereo/axis_rows.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -86,20 +87,23 @@ bool IsResult(const std::string& name) {
     return names.contains(name);
 }
 
+/// An index as in the name of a field.
+std::string IndexText(std::size_t index) {
+    return "[" + std::to_string(index) + "]";
+}
+
 /// Rows of AxisItems that belong to the statistics.
 bool IsStatisticalItem(const std::string& field) {
-    return field.starts_with("AxisItems[0]") || field.starts_with("AxisItems[9]")
-           || field.starts_with("AxisItems[10]");
+    return std::ranges::any_of(
+        std::array<std::size_t, 3>{kMeanItem, kMeanPlaneItem, kGirdleItem},
+        [&field](std::size_t item) { return field.starts_with("AxisItems" + IndexText(item)); });
 }
 
 /// True for the cells of such a row that the user may set: visibility and style.
 bool IsStyleOfItem(const std::string& field) {
-    for (const char* const cell : {"][0]", "][4]", "][5]", "][6]"}) {
-        if (field.ends_with(cell)) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(
+        std::array{kItemShown, kItemColour, kItemDrawStyle, kItemDrawWidth},
+        [&field](AxisItemColumn cell) { return field.ends_with("]" + IndexText(cell)); });
 }
 
 /// "tick" or "circ", followed by "auto" or an interval.

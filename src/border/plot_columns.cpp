@@ -196,7 +196,7 @@ RowCounts CountsIn(const Plot& plot) {
                    - static_cast<std::int32_t>(std::ranges::count_if(plot.rows.planes, isNan)
                                                + std::ranges::count_if(plot.rows.lines, isNan));
     for (const PlotOverlay& overlay : plot.overlays) {
-        const auto k = static_cast<std::size_t>(++counts.overlayRows[0]);
+        const auto k = static_cast<std::size_t>(++counts.overlayRows[kOverlayCount]);
         counts.overlayKind[k] = static_cast<std::int16_t>(overlay.kind);
         counts.overlayRows[k] = LengthOf(overlay.rows, IsPlaneOverlay(counts.overlayKind[k]));
         if (counts.overlayRows[k] > static_cast<std::int32_t>(kMostOverlayRows)) {
@@ -251,7 +251,7 @@ Plot PlotOut(BinaryPlot plot) {
     out.version = VersionToTell(plot);
     out.rows = RowsOut(plot, 0, record.NumData, out.primary == Primary::kPlanes);
     auto first = static_cast<std::size_t>(record.NumData);
-    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[0]); ++k) {
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {
         const std::int16_t kind = record.OverlayKind[k];
         out.overlays.push_back({static_cast<OverlayKind>(kind),
                                 RowsOut(plot, first, record.OverlayRows[k], IsPlaneOverlay(kind))});

@@ -80,7 +80,9 @@ std::vector<int> ClockwiseSectors(int sectors) {
 int FilledSector(const RoseTables& tables, const SectorLayout& layout, int sector) {
     const int half = layout.sectors / 2;
     const int opposite = sector > half ? sector - half : sector + half;
-    const auto count = [&tables](int s) { return tables.stats[static_cast<std::size_t>(s)][0]; };
+    const auto count = [&tables](int s) {
+        return tables.stats[static_cast<std::size_t>(s)][kRoseCount];
+    };
     return layout.pairs && count(opposite) > count(sector) ? opposite : sector;
 }
 

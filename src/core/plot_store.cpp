@@ -2,6 +2,7 @@
 
 #include "core/plot_store.h"
 
+#include "core/item_style.h"
 #include "core/letter_case.h"
 #include "core/new_record.h"
 #include "core/row_links.h"
@@ -54,17 +55,10 @@ void SetDefaultRose(PlotRecord& record, const RoseDefaults& settings) {
 void SetStandingSmallCircles(PlotRecord& record, const AxisStyle& style) {
     record.PlotSmallCircles = std::make_unique<SmallCircles>();
     for (SmallCircle& circle : *record.PlotSmallCircles) {
-        circle.LineColour = style[0];
-        circle.lineStyle = style[1];
-        circle.LineWidth = style[2];
+        circle.LineColour = style[kStyleColour];
+        circle.lineStyle = style[kStyleLine];
+        circle.LineWidth = style[kStyleWidth];
     }
-}
-
-const AxisStyle& StyleOfAxisItem(const Styles& styles, int item) {
-    if (item == kMeanItem) {
-        return styles.axes[kMeanGirdleStyle];
-    }
-    return styles.axes[item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle];
 }
 
 void SetEmptyAxisItems(PlotRecord& record, const Styles& styles) {
@@ -73,10 +67,7 @@ void SetEmptyAxisItems(PlotRecord& record, const Styles& styles) {
         values = {};
         values[kItemShown] = false;
         values[kItemText] = std::string();
-        const AxisStyle& style = StyleOfAxisItem(styles, item);
-        values[kItemColour] = style[0];
-        values[kItemDrawStyle] = style[1];
-        values[kItemDrawWidth] = style[2];
+        SetStyleOfItem(values, styles.axes[StyleRowOfItem(item)]);
     }
 }
 

@@ -12,6 +12,9 @@ namespace quandrel {
 /// The index of OverlayRows that holds the number of overlays; the overlays are at 1 and above.
 inline constexpr std::size_t kOverlayCount = 0;
 
+/// The index of FileNames that holds the first name.
+inline constexpr std::size_t kFirstFile = 1;
+
 /// Rows of AxisItems, the girdles and axes of a plot.
 enum AxisItemRow : int {
     kMeanItem = 0, ///< the mean direction
@@ -24,13 +27,13 @@ enum AxisItemRow : int {
 
 /// Columns of AxisItems.
 enum AxisItemColumn : std::size_t {
-    kItemShown = 0,  ///< whether it is drawn
-    kItemText = 1,   ///< the text of its text box
-    kItemPlunge = 2, ///< of its pole, radians
-    kItemTrend = 3,  ///< of its pole, radians
-    kItemColour = 4, ///< the first number of an AxisStyle
-    kItemDrawStyle = 5,
-    kItemDrawWidth = 6,
+    kItemShown = 0,     ///< whether it is drawn
+    kItemText = 1,      ///< the text of its text box
+    kItemPlunge = 2,    ///< of its pole, radians
+    kItemTrend = 3,     ///< of its pole, radians
+    kItemColour = 4,    ///< kStyleColour of its AxisStyle
+    kItemDrawStyle = 5, ///< kStyleLine of the same
+    kItemDrawWidth = 6, ///< kStyleWidth of the same
 };
 
 /// Columns of AppendedMin, AppendedMax and DistinctValues.
@@ -54,19 +57,36 @@ enum ClassTableRow : std::size_t {
     kFlagRow = 12,  ///< which values outside the classes are kept; of names, 1 where case matters
 };
 
-/// Columns of FabricResults. Each eigenvalue is in the row of its axis; column i has the axis i.
+/// The principal axes by their eigenvalues: columns of FabricResults for their components, rows of
+/// FabricResults and EigenResults for their numbers.
+enum PrincipalAxis : std::size_t { kLeastAxis = 1, kMiddleAxis = 2, kGreatestAxis = 3 };
+
+/// The column of FabricResults with the eigenvalues, each in the row of its axis.
 inline constexpr std::size_t kEigenvalue = 0;
 
 /// Rows of FabricResults.
 enum AxisComponent : std::size_t { kNorthOfAxis = 1, kEastOfAxis = 2, kDownOfAxis = 3 };
 
-/// Columns of EigenResults. The plunge of axis i is in [i][kAxisPlunge], its trend in
-/// [i][kAxisTrend]; the shape parameters are in the other columns.
+/// Columns of EigenResults. Plunges and trends are in the rows of their axes.
 enum EigenPlace : std::size_t {
-    kShapeNumber = 0, ///< [1] gamma, [2] zeta, [3] the fourth moment about the greatest axis
+    kShapeNumber = 0, ///< rows: ShapeNumberRow
     kAxisPlunge = 1,
     kAxisTrend = 2,
-    kLogRatio = 3, ///< [1] ln(E2/E1), [2] ln(E3/E2), [3] SymmetryStatistic
+    kLogRatio = 3, ///< rows: LogRatioRow
+};
+
+/// Rows of EigenResults in the column kShapeNumber.
+enum ShapeNumberRow : std::size_t {
+    kGamma = 1,
+    kZeta = 2,
+    kFourthMoment = 3, ///< about the greatest axis
+};
+
+/// Rows of EigenResults in the column kLogRatio.
+enum LogRatioRow : std::size_t {
+    kMiddleToLeast = 1,     ///< ln(E2/E1)
+    kGreatestToMiddle = 2,  ///< ln(E3/E2)
+    kSymmetryStatistic = 3, ///< SymmetryStatistic
 };
 
 /// Rows of RoseStats, and columns of gRoseSectorStats.
@@ -85,6 +105,13 @@ enum RoseTotalColumn : std::size_t {
     kRawTotal = 0,      ///< without weights
     kWeightedTotal = 1, ///< the total that percentages refer to
     kLargestSector = 2,
+};
+
+/// Rows of RoseRangeA and RoseRangeB: the layers of a rose. A rose without layers has the top one.
+enum RoseRangeRow : std::size_t {
+    kTopRoseLayer = 0,
+    kMiddleRoseLayer = 1,
+    kBottomRoseLayer = 2,
 };
 
 /// Columns of RoseRangeA, the scale of a layer, and of RoseRangeB, its largest sector.

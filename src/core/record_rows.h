@@ -84,7 +84,8 @@ struct RecordClasses {
 
 /// The overlays.
 struct RecordOverlays {
-    std::array<std::int32_t, kMaxOverlays + 1> OverlayRows{}; ///< [0] how many, [k] rows of k
+    /// [k] rows of overlay k; their number is at kOverlayCount.
+    std::array<std::int32_t, kMaxOverlays + 1> OverlayRows{};
     std::array<std::int16_t, kMaxOverlays + 1> OverlayKind{}; ///< [k] an OverlayKindCode
 
     QUANDREL_FIELDS(OverlayRows, OverlayKind);
@@ -97,7 +98,7 @@ struct RecordFiles {
     std::string FileTitle;
     std::string FileHeadLine;
     std::int16_t NumFiles = 0;
-    std::array<std::string, kMaxFiles + 1> FileNames; ///< [1] is the first
+    std::array<std::string, kMaxFiles + 1> FileNames; ///< from kFirstFile on
     std::vector<std::string> MainFiles; ///< paths of the files of the main rows, in their order
     std::array<std::vector<std::string>, kMaxOverlays + 1> OverlayFiles; ///< [k] paths of overlay k
 

@@ -306,9 +306,9 @@ void AddLineStyle(Rows& table, const LineStyleKeys& keys, AxisStyle& style) {
     const auto add = [&table](const std::string& key, std::int16_t& value, Range range) {
         table.push_back(BuiltNumber({{Preferences}, kSymbolArray, key}, value, range));
     };
-    add(keys.colour, style[0], {0, kColourCount - 1});
-    add(keys.style, style[1], {kSolidLine, kNoLine});
-    add(keys.width, style[2], {1, kWidestLine});
+    add(keys.colour, style[kStyleColour], {0, kColourCount - 1});
+    add(keys.style, style[kStyleLine], {kSolidLine, kNoLine});
+    add(keys.width, style[kStyleWidth], {1, kWidestLine});
 }
 
 /// The symbol of beta axes. Values that versions before 9.5 saved under these keys are ignored.
@@ -323,9 +323,9 @@ void AddBetaStyle(Rows& table) {
         };
         table.push_back(std::move(setting));
     };
-    add("BetaAxisColor", beta[0], kColourCount - 1);
-    add("BetaAxisType", beta[1], kMostSymbol);
-    add("BetaAxisSize", beta[2], kMostSymbol);
+    add("BetaAxisColor", beta[kStyleColour], kColourCount - 1);
+    add("BetaAxisType", beta[kStyleSymbol], kMostSymbol);
+    add("BetaAxisSize", beta[kStyleSize], kMostSymbol);
 }
 
 void AddStyles(Rows& table) {

@@ -9,6 +9,7 @@
 #include "platform/surface.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace quandrel {
@@ -39,6 +40,15 @@ inline constexpr int kDerivedUpSymbol = 20;
 /// Style of a computed axis, a girdle or a small circle: colour index, then draw style and draw
 /// width of a line, or symbol code and size of a point.
 using AxisStyle = std::array<std::int16_t, 3>;
+
+/// Places of an AxisStyle.
+enum AxisStylePlace : std::size_t {
+    kStyleColour = 0, ///< colour index
+    kStyleLine = 1,   ///< draw style of a line
+    kStyleWidth = 2,  ///< draw width of a line
+    kStyleSymbol = 1, ///< symbol code of a point
+    kStyleSize = 2,   ///< size of a point
+};
 
 /// Rows of Styles::axes.
 enum AxisStyleRow : int {

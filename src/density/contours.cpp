@@ -59,11 +59,11 @@ void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& 
                      const AxisStyle& style) {
     Surface& surface = drawing.plot;
     DrawState state = surface.State();
-    state.drawStyle = style[1];
-    state.drawWidth = style[2];
+    state.drawStyle = style[kStyleLine];
+    state.drawWidth = style[kStyleWidth];
     surface.SetState(state);
     for (const std::vector<Point>& line : ChainSegments(segments)) {
-        surface.Polyline(line, TableColour(drawing.styles, style[0]));
+        surface.Polyline(line, TableColour(drawing.styles, style[kStyleColour]));
     }
 }
 

@@ -117,7 +117,8 @@ void AddContours(std::vector<LegendLine>& lines, const Styles& styles, const Plo
     for (int k = 0; k < record.NumContours; ++k) {
         const AxisStyle style = ContourStyleOf(styles, k);
         const int level = record.ContourLevels.at(static_cast<std::size_t>(k));
-        lines.push_back({LegendSample::Line, MakeSymbolCode(style[0], style[1], style[2]),
+        lines.push_back({LegendSample::Line,
+                         MakeSymbolCode(style[kStyleColour], style[kStyleLine], style[kStyleWidth]),
                          " > " + text(level)});
     }
 }

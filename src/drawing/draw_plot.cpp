@@ -175,7 +175,8 @@ void DrawAxisItemSymbol(const PlotRecord& record, const Drawing& drawing, int it
     ProjectPointInt(record.PlotKind, NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]), x,
                     y);
     const AxisStyle& style = drawing.styles.axes[kBetaAxisStyle];
-    DrawSymbol(drawing.plot, drawing.styles, x, y, style[0], style[1], style[2], 0);
+    DrawSymbol(drawing.plot, drawing.styles, x, y, style[kStyleColour], style[kStyleSymbol],
+               style[kStyleSize], 0);
 }
 
 } // namespace quandrel

@@ -222,7 +222,7 @@ private:
         const std::string title = FileTitleOf(path_);
         if (IsNew()) {
             record_.NumFiles = 1;
-            record_.FileNames[1] = path_;
+            record_.FileNames[kFirstFile] = path_;
             record_.MainFiles = {path_};
             return;
         }

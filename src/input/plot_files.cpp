@@ -11,7 +11,7 @@
 namespace quandrel {
 
 std::ptrdiff_t TimesInPlot(const PlotRecord& record, const std::string& path) {
-    return std::count(record.FileNames.begin() + 1, record.FileNames.end(), path);
+    return std::count(record.FileNames.begin() + kFirstFile, record.FileNames.end(), path);
 }
 
 bool IsInPlot(const PlotRecord& record, const std::string& path) {
@@ -35,7 +35,7 @@ void TakeFileIn(PlotRecord& record, const std::string& path) {
 void TakeFileOut(PlotRecord& record, const std::string& path) {
     const auto end = record.FileNames.begin() + record.NumFiles + 1;
     auto place = record.FileNames.end();
-    for (auto name = record.FileNames.begin() + 1; name != end; ++name) {
+    for (auto name = record.FileNames.begin() + kFirstFile; name != end; ++name) {
         place = *name == path ? name : place;
     }
     if (place == record.FileNames.end()) {

@@ -278,7 +278,7 @@ void TakeNameOf(PlotRecord& record, const std::string& path) {
     record.MainFiles = {path};
     if (record.NumFiles == 0) {
         record.NumFiles = 1;
-        record.FileNames[1] = path;
+        record.FileNames[kFirstFile] = path;
     }
     record.Modified = 0;
     UpdateTitle();

@@ -35,6 +35,7 @@ inline constexpr const char* kBinaryMark = "bin";
 inline constexpr std::size_t kShortVersion = 3;
 inline constexpr std::size_t kFullVersion = 5;
 inline constexpr double kFirstWithFrequency = 9.44;
+inline constexpr int kLastEarlierGirdle = 5; ///< of the user, before version 9.5
 
 // The least number of bytes of a counted item.
 inline constexpr std::size_t kLeastAnnotation = 16;
@@ -83,7 +84,7 @@ public:
             GridsOfValues();
         }
         if (plot_.version >= 95) {
-            AxisItems(6, kLastUserGirdle);
+            AxisItems(kLastEarlierGirdle + 1, kLastUserGirdle);
         }
     }
 
@@ -165,7 +166,7 @@ private:
         Singles(FIELD(FabricValueF));
         Earlier([this] { Singles(Named{"RoseResultant", record_.RoseResultant[kOfAngles]}); });
         Singles(FIELD(FabricValueA), FIELD(FabricValueB));
-        AxisItems(kMeanItem, 5);
+        AxisItems(kMeanItem, kLastEarlierGirdle);
         AxisItems(kMeanPlaneItem, kMeanPlaneItem);
     }
 
@@ -188,8 +189,8 @@ private:
         Shorts(FIELD(RoseEqualArea), FIELD(RoseDisplay6), FIELD(RoseDisplay7), FIELD(RoseDisplay8));
         Earlier([this] {
             Singles(FIELD(RoseSectorSize), FIELD(RoseStartAngle),
-                    Named{"RoseRangeA", record_.RoseRangeA[0][kInPerCent]},
-                    Named{"RoseRangeB", record_.RoseRangeB[0][kInPerCent]});
+                    Named{"RoseRangeA", record_.RoseRangeA[kTopRoseLayer][kInPerCent]},
+                    Named{"RoseRangeB", record_.RoseRangeB[kTopRoseLayer][kInPerCent]});
         });
         Shorts(FIELD(RoseBiasMode));
         Earlier([this] {
@@ -409,8 +410,8 @@ private:
             stream_.Doubles(row);
             return;
         }
-        auto* const means = (*plot_.gridValues)[0][i].data();
-        auto* const sums = (*plot_.gridValues)[1][i].data();
+        auto* const means = (*plot_.gridValues)[kMeanLayer][i].data();
+        auto* const sums = (*plot_.gridValues)[kCumulativeLayer][i].data();
         if constexpr (!kReads) {
             for (std::size_t j = 0; j < kGridNodes; ++j) {
                 row[2 * j] = means[j];

@@ -21,7 +21,7 @@ namespace {
 
 void NamePlot(PlotRecord& record, const std::string& path, int slot) {
     record.SaveFileName = path;
-    record.FileNames[1] = path;
+    record.FileNames[kFirstFile] = path;
     record.NumFiles = 1;
     record.MainFiles = {path};
     record.FileTitle = FileTitleOf(path);

@@ -3,6 +3,7 @@
 #include "preferences/style_changes.h"
 
 #include "classify/classification.h"
+#include "core/item_style.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "input/data_rows.h"
@@ -15,14 +16,6 @@
 namespace quandrel {
 
 namespace {
-
-/// The row of gAxisStyleTable for a girdle of the panel.
-std::size_t StyleOfItem(std::size_t item) {
-    if (item == kMeanItem) {
-        return kMeanGirdleStyle;
-    }
-    return item <= kLastUserGirdle ? kUserGirdleStyle : kCalculatedGirdleStyle;
-}
 
 /// The rule of the classes of gActivePlot, if its rows are drawn by class.
 std::optional<ClassRule> RuleOfPlot(const PlotRecord& record) {
@@ -59,15 +52,11 @@ StyleChange::PlotCodes StyleChange::CodesOfPlot(int slot) {
 }
 
 void StyleChange::FollowInGirdles(PlotRecord& record) const {
-    for (std::size_t item = 0; item < record.AxisItems.size(); ++item) {
-        const AxisStyle& former = axes_[StyleOfItem(item)];
-        const AxisStyle& now = gAxisStyleTable[StyleOfItem(item)];
-        auto& values = record.AxisItems[item];
-        const bool isFormer = NumberOf(values[kItemColour]) == former[0]
-                              && NumberOf(values[kItemColour + 1]) == former[1]
-                              && NumberOf(values[kItemColour + 2]) == former[2];
-        for (std::size_t place = 0; isFormer && place < now.size(); ++place) {
-            values[kItemColour + place] = now[place];
+    for (int item = 0; item < kAxisItems; ++item) {
+        const AxisStyleRow row = StyleRowOfItem(item);
+        AxisItem& values = record.AxisItems[static_cast<std::size_t>(item)];
+        if (HasStyleOfItem(values, axes_[row])) {
+            SetStyleOfItem(values, gAxisStyleTable[row]);
         }
     }
 }

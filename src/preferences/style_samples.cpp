@@ -80,12 +80,12 @@ void DrawContourSamples(Surface& surface, const Styles& styles) {
     for (int level = 0; level < kContourStyles; ++level) {
         const AxisStyle& style = styles.contours[static_cast<std::size_t>(level)];
         DrawState state = surface.State();
-        state.drawStyle = style[1];
-        state.drawWidth = style[2];
+        state.drawStyle = style[kStyleLine];
+        state.drawWidth = style[kStyleWidth];
         surface.SetState(state);
         for (const std::vector<Point>& line :
              ChainSegments(TraceContour(grid, 0.2 + 0.14 * level))) {
-            surface.Polyline(line, TableColour(styles, style[0]));
+            surface.Polyline(line, TableColour(styles, style[kStyleColour]));
         }
     }
 }
@@ -95,8 +95,8 @@ void DrawGirdleSamples(Surface& surface, const Styles& styles) {
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
         const AxisStyle& style = styles.axes[kKinds[i]];
         const double plunge = DegToRad(38.0 - 16.0 * static_cast<double>(i));
-        DrawGreatCircleOfPole(surface, styles, kEqualArea, plunge, DegToRad(315.0), style[0],
-                              style[1], style[2]);
+        DrawGreatCircleOfPole(surface, styles, kEqualArea, plunge, DegToRad(315.0),
+                              style[kStyleColour], style[kStyleLine], style[kStyleWidth]);
     }
 }
 

@@ -102,7 +102,7 @@ std::optional<int> SlotOfCopyName(std::string_view name) {
 
 CopyNames NamesOf(const PlotRecord& record) {
     const auto count = std::clamp<int>(record.NumFiles, 0, kMaxFiles);
-    const auto first = record.FileNames.begin() + 1;
+    const auto first = record.FileNames.begin() + kFirstFile;
     return {record.PlotTitle,
             record.SaveFileName,
             record.FileTitle,
@@ -154,7 +154,7 @@ void RestoreNames(PlotRecord& record, CopyNames names) {
     const std::size_t count = std::min(names.files.size(), std::size_t{kMaxFiles});
     record.NumFiles = static_cast<std::int16_t>(count);
     record.FileNames = {};
-    std::copy_n(names.files.begin(), count, record.FileNames.begin() + 1);
+    std::copy_n(names.files.begin(), count, record.FileNames.begin() + kFirstFile);
     record.MainFiles = std::move(names.mainFiles);
     names.overlayFiles.resize(kOverlayLists);
     std::ranges::move(names.overlayFiles, record.OverlayFiles.begin());

@@ -169,10 +169,10 @@ std::optional<double> MeanResultantLength(double cosine, double sine) {
 std::optional<CircularResults> CircularStatistics(const std::array<double, 4>& sums, double n,
                                                   AngleSense sense, Formulas formulas) {
     CircularResults results;
-    const double sine = sums[0] / n;
-    const double cosine = sums[1] / n;
-    const double sineOfDouble = sums[2] / n;
-    const double cosineOfDouble = sums[3] / n;
+    const double sine = sums[kSine] / n;
+    const double cosine = sums[kCosine] / n;
+    const double sineOfDouble = sums[kSineOfDouble] / n;
+    const double cosineOfDouble = sums[kCosineOfDouble] / n;
     const std::optional<double> first = MeanResultantLength(cosine, sine);
     const std::optional<double> second = MeanResultantLength(cosineOfDouble, sineOfDouble);
     if (!first || !second) {

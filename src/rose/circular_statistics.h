@@ -12,6 +12,7 @@
 #include "core/plot.h"
 
 #include <array>
+#include <cstddef>
 #include <optional>
 
 namespace quandrel {
@@ -26,9 +27,16 @@ inline constexpr double kNoDispersion = 99999;
 /// records hold finite numbers.
 inline constexpr double kBoundlessKappa = 99999;
 
-/// The sums from which statistics are computed: sin a, cos a, sin b, cos b; b is twice a, and a is
-/// the angle, or twice an axial one.
+/// The sums from which statistics are computed, of an angle or of twice an axial one.
 using TrigSums = std::array<double, 4>;
+
+/// Places of TrigSums.
+enum TrigTerm : std::size_t {
+    kSine = 0,
+    kCosine = 1,
+    kSineOfDouble = 2,
+    kCosineOfDouble = 3,
+};
 
 /// The contribution of one angle to the sums.
 [[nodiscard]] TrigSums TrigTermsOf(double angle, AngleSense sense);

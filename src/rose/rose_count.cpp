@@ -283,7 +283,7 @@ void AddColumns(const AzimuthSums& sums, std::array<double, 7>& stats) {
 }
 
 void RoseCounter::AddTotals(const AzimuthSums& sums) {
-    AddColumns(sums, tables_.stats[0]);
+    AddColumns(sums, tables_.stats[kAllSectors]);
     tables_.sectors(0, 0, kRoseValueLayer) += sums.weightedCount;
     tables_.sectors(0, 1, kRoseValueLayer) += sums.weightedValue;
 }
@@ -319,7 +319,7 @@ RoseTables RoseCounter::Finish() {
             tables_.azimuths.push_back({radians_[azimuth], sums.weightedCount});
         }
     }
-    if (tables_.stats[0][kRoseCount] > 0) {
+    if (tables_.stats[kAllSectors][kRoseCount] > 0) {
         FinishMeans();
         FinishTotals();
     }
@@ -339,8 +339,8 @@ void RoseCounter::FinishMeans() {
         if (stats[kRoseCount] > 1) {
             stats[kRoseDeviation] = spreads_[sector].Deviation(stats[kRoseCount]);
         }
-        tables_.stats[0][kRoseMean] += stats[kRoseMean] / ends;
-        tables_.stats[0][kRoseDeviation] += stats[kRoseDeviation] / ends;
+        tables_.stats[kAllSectors][kRoseMean] += stats[kRoseMean] / ends;
+        tables_.stats[kAllSectors][kRoseDeviation] += stats[kRoseDeviation] / ends;
     }
 }
 
@@ -359,7 +359,7 @@ void RoseCounter::FinishTotals() {
         }
         return most;
     };
-    const std::array<double, 7>& sums = tables_.stats[0];
+    const std::array<double, 7>& sums = tables_.stats[kAllSectors];
     const double mostValue = largestWhole(kRoseValueLayer);
     tables_.totals[kRoseCount] = {sums[kRoseCount], tables_.sectors(0, 0, kRoseValueLayer),
                                   largestWhole(kRoseFrequencyLayer)};

@@ -180,7 +180,7 @@ bool PrepareTables(Plot& plot, ReplotCause cause, Formulas formulas, StatusLine*
         if (isStale) {
             return false; // the command that changed the plot counts and asks its questions
         }
-    } else if (recalculate || plot.record.RoseRangeA[0][kInPerCent] == 0 || isStale) {
+    } else if (recalculate || plot.record.RoseRangeA[kTopRoseLayer][kInPerCent] == 0 || isStale) {
         if (CountAnew(plot, formulas, watcher)) {
             return true;
         }

@@ -26,7 +26,8 @@ std::string_view IntervalText(std::string_view scaleType) {
 /// where the largest value does not fill the ring.
 double ShorteningOfRose(const PlotRecord& record, double zeroRadius) {
     const double ring = kNetRadius * kNetRadius - zeroRadius * zeroRadius;
-    const double filled = record.RoseRangeA[0][kInUnits] * record.RoseRangeB[0][kInUnits];
+    const double filled =
+        record.RoseRangeA[kTopRoseLayer][kInUnits] * record.RoseRangeB[kTopRoseLayer][kInUnits];
     const bool isShorter = record.RoseEqualArea != 0 && filled > 0 && filled < ring * (1 - 1e-9);
     return isShorter ? filled / ring : 1;
 }
@@ -70,7 +71,7 @@ double IntervalOfScale(std::string_view scaleType, double largestPerCent) {
 }
 
 double RoseScaleInterval(const PlotRecord& record) {
-    return IntervalOfScale(record.RoseScaleType, record.RoseRangeB[0][kInPerCent]);
+    return IntervalOfScale(record.RoseScaleType, record.RoseRangeB[kTopRoseLayer][kInPerCent]);
 }
 
 std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings) {
@@ -100,10 +101,10 @@ std::vector<RoseScaleMark> MarksOfScale(const RoseScaleSettings& settings) {
 RoseScaleSettings ScaleOfRose(const PlotRecord& record) {
     RoseScaleSettings settings;
     settings.interval = RoseScaleInterval(record);
-    settings.largestPerCent = record.RoseRangeB[0][kInPerCent];
+    settings.largestPerCent = record.RoseRangeB[kTopRoseLayer][kInPerCent];
     settings.zeroRadius = ZeroRadiusOfRose(record);
     settings.shortening = ShorteningOfRose(record, settings.zeroRadius);
-    settings.unitsPerCent = record.RoseRangeA[0][kInPerCent] / settings.shortening;
+    settings.unitsPerCent = record.RoseRangeA[kTopRoseLayer][kInPerCent] / settings.shortening;
     settings.equalArea = record.RoseEqualArea != 0;
     settings.circles = HasScaleCircles(record.RoseScaleType);
     return settings;

@@ -14,12 +14,22 @@ namespace quandrel {
 
 namespace {
 
+/// The weights against bias, as of the record.
+struct BiasCounted {
+    std::int16_t mode = 0;
+    std::int16_t plunge = 0;
+    std::int16_t trend = 0;
+    std::int16_t leastAngle = 0;
+
+    friend bool operator==(const BiasCounted&, const BiasCounted&) = default;
+};
+
 /// The input of the count.
 struct CountedFrom {
     std::int16_t type = 0;
     double sectorSize = 0;
     double startAngle = 0;
-    std::array<std::int16_t, 4> bias{}; ///< mode, plunge, trend, least angle
+    BiasCounted bias;
     ClassTableCells classTable;         ///< empty without classes
     std::array<std::int16_t, 4> data{}; ///< kind, primary format, secondary shown, grouped
     std::array<std::int32_t, 2> rows{}; ///< all, valid
@@ -93,7 +103,7 @@ bool IsRoseStale(const Plot& plot, Formulas formulas) {
 bool RestoreRose(Plot& plot, Formulas formulas) {
     PlotRecord& record = plot.record;
     std::optional<RoseSettingsShown>& known = plot.attachments.Of<RoseKnown>().shown;
-    if (!known || record.RoseRangeA[0][kInPerCent] == 0) {
+    if (!known || record.RoseRangeA[kTopRoseLayer][kInPerCent] == 0) {
         return false;
     }
     RoseSettingsShown& shown = *known;
@@ -101,10 +111,10 @@ bool RestoreRose(Plot& plot, Formulas formulas) {
     record.RoseType = counted.type;
     record.RoseSectorSize = counted.sectorSize;
     record.RoseStartAngle = counted.startAngle;
-    record.RoseBiasMode = counted.bias[0];
-    record.RoseSamplePlunge = counted.bias[1];
-    record.RoseSampleTrend = counted.bias[2];
-    record.RoseMinBiasAngle = counted.bias[3];
+    record.RoseBiasMode = counted.bias.mode;
+    record.RoseSamplePlunge = counted.bias.plunge;
+    record.RoseSampleTrend = counted.bias.trend;
+    record.RoseMinBiasAngle = counted.bias.leastAngle;
     record.ClassTable = shown.classTable;
     record.RoseOddSectorSize = shown.oddSectorSize;
     record.RoseShape = shown.shape;

@@ -125,7 +125,10 @@ struct AngleCount {
 };
 
 using RoseSectorStats = std::vector<std::array<double, 7>>; ///< [sector][RoseStatsColumn]
-using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][sin a, cos a, sin b, cos b]
+using RoseTrigSums = Table<double, 2, 4>;                   ///< [layer][TrigTerm]
+
+/// The row of RoseSectorStats with the sums over all sectors.
+inline constexpr std::size_t kAllSectors = 0;
 
 /// A petal, or a part of one, for drawing. rose_wedges.h describes its geometry.
 struct RoseWedge {

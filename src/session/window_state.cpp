@@ -189,7 +189,7 @@ bool HasRawFiles() {
     if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles < 1) {
         return false;
     }
-    const std::string& path = ActiveRecord().FileNames[1];
+    const std::string& path = ActiveRecord().FileNames[kFirstFile];
     return !path.empty() && !LowerCase(path).ends_with(kBinaryEnding);
 }
 

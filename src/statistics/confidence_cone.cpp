@@ -69,11 +69,11 @@ void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing) {
     const AxisStyle& style = drawing.styles.axes[kSmallCircleStyle];
     const SavedState saved(drawing.plot);
     DrawState state = drawing.plot.State();
-    state.drawStyle = style[1];
-    state.drawWidth = style[2];
+    state.drawStyle = style[kStyleLine];
+    state.drawWidth = style[kStyleWidth];
     drawing.plot.SetState(state);
     DrawCone(drawing.plot, record.PlotKind, axis.plunge, axis.trend, *angle,
-             TableColour(drawing.styles, style[0]));
+             TableColour(drawing.styles, style[kStyleColour]));
 }
 
 } // namespace quandrel

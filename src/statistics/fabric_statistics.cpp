@@ -121,8 +121,8 @@ void StoreAxisItems(PlotRecord& record) {
         mean[kItemPlunge] = static_cast<double>(record.FabricValueA);
         mean[kItemTrend] = static_cast<double>(record.FabricValueB);
     }
-    StorePlaneItem(record, kMeanPlaneItem, 3);
-    StorePlaneItem(record, kGirdleItem, 1);
+    StorePlaneItem(record, kMeanPlaneItem, kGreatestAxis);
+    StorePlaneItem(record, kGirdleItem, kLeastAxis);
 }
 
 /// The sample as in the record, in 32 bits.
@@ -130,9 +130,10 @@ AxisSample SampleInRecord(const PlotRecord& record, const WeightedDirections& ax
     AxisSample sample;
     sample.count = TotalWeight(axes.weights);
     sample.eigenvalues = EigenvaluesOf(record);
-    const Direction greatest = {static_cast<double>(record.FabricResults[kNorthOfAxis][3]),
-                                static_cast<double>(record.FabricResults[kEastOfAxis][3]),
-                                static_cast<double>(record.FabricResults[kDownOfAxis][3])};
+    const Direction greatest = {
+        static_cast<double>(record.FabricResults[kNorthOfAxis][kGreatestAxis]),
+        static_cast<double>(record.FabricResults[kEastOfAxis][kGreatestAxis]),
+        static_cast<double>(record.FabricResults[kDownOfAxis][kGreatestAxis])};
     sample.fourthMoment = FourthMoment(axes.directions, axes.weights, greatest).value_or(0);
     return sample;
 }
@@ -148,12 +149,13 @@ double JudgedStandardError(const AxisSample& sample, const WeightedDirections& a
 void Derive(PlotRecord& record, const WeightedDirections& axes, Formulas formulas) {
     const AxisSample sample = SampleInRecord(record, axes);
     const FabricShape shape = ShapeOf(sample.eigenvalues);
-    record.EigenResults[1][kShapeNumber] = static_cast<float>(shape.gamma);
-    record.EigenResults[2][kShapeNumber] = static_cast<float>(shape.zeta);
-    record.EigenResults[3][kShapeNumber] = static_cast<float>(sample.fourthMoment);
-    record.EigenResults[1][kLogRatio] = static_cast<float>(shape.ratio12);
-    record.EigenResults[2][kLogRatio] = static_cast<float>(shape.ratio23);
-    record.EigenResults[3][kLogRatio] = static_cast<float>(SymmetryStatistic(sample));
+    record.EigenResults[kGamma][kShapeNumber] = static_cast<float>(shape.gamma);
+    record.EigenResults[kZeta][kShapeNumber] = static_cast<float>(shape.zeta);
+    record.EigenResults[kFourthMoment][kShapeNumber] = static_cast<float>(sample.fourthMoment);
+    record.EigenResults[kMiddleToLeast][kLogRatio] = static_cast<float>(shape.ratio12);
+    record.EigenResults[kGreatestToMiddle][kLogRatio] = static_cast<float>(shape.ratio23);
+    record.EigenResults[kSymmetryStatistic][kLogRatio] =
+        static_cast<float>(SymmetryStatistic(sample));
     record.FabricValueC = JudgedStandardError(sample, axes, formulas);
 }
 

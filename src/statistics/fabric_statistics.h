@@ -7,8 +7,8 @@
 // Output: results in the plot's record, texts, and the confidence cone on a surface.
 //
 // Angles are radians. The results in PlotRecord:
-//   FabricResults[i][0]     eigenvalue i of the orientation tensor, 1 least to 3 greatest
-//   FabricResults[1..3][i]  its axis along north, east and down, of unit length, pointing down
+//   FabricResults           eigenvalues of the orientation tensor, and their axes along north, east
+//                           and down, of unit length, pointing down; see PrincipalAxis
 //   EigenResults            see EigenPlace
 //   FabricValueA, B         plunge and trend of the mean direction: of polar lines the directed one
 //                           (of one that points up the plunge is negative, the trend that of its
@@ -16,9 +16,10 @@
 //   FabricValueC            spherical standard error, kNotSymmetric or kFailedResult
 //   FabricValueD, E         plunge and trend of the resultant of the axes
 //   FabricValueF            variance, 1 - R/n, of the mean in A and B
-//   RoseResultant[0]        mean resultant length R/n of the same (a rose has its own there)
-//   AxisItems[0][2..3]      the mean direction
-//   AxisItems[9], [10]      the planes normal to the greatest and to the least axis
+//   RoseResultant           at kOfAngles the mean resultant length R/n of the same (a rose has its
+//   own there) AxisItems               kMeanItem: the mean direction; kMeanPlaneItem and
+//   kGirdleItem: the
+//                           planes normal to the greatest and to the least axis
 // A mean without a direction has kNoDirection as plunge and trend. The planes of axes that the
 // eigenvalues do not determine have the text kUndetermined and no pole.
 
@@ -48,7 +49,7 @@ void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& 
 /// The part of ComputeFabricStatistics that follows from eigenvalues and axes in the record.
 void ComputeFabricDerived();
 
-/// Axis 1 (least) to 3 (greatest) of a record.
+/// A principal axis of a record.
 struct AxisLine {
     double plunge = 0;
     double trend = 0;

@@ -161,10 +161,10 @@ void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pai
 
 void AddEigenvalues(EntryList& list, const ReferenceStatistics& statistics,
                     const PlotRecord& record) {
-    for (std::size_t axis = 1; axis <= 3; ++axis) {
+    for (std::size_t axis = kLeastAxis; axis <= kGreatestAxis; ++axis) {
         const std::string number = std::to_string(axis);
         const double value = statistics.eigenvalues.at(axis - 1);
-        const auto printed = static_cast<double>(record.FabricResults.at(axis)[0]);
+        const auto printed = static_cast<double>(record.FabricResults.at(axis)[kEigenvalue]);
         list.Add("eigenvalue " + number, value, {{ThreeDecimals, printed}});
         list.Add("n x eigenvalue " + number, statistics.count * value,
                  {{ThreeDecimals, statistics.count * printed}});
@@ -181,33 +181,35 @@ void AddComponents(EntryList& list, const ReferenceStatistics& statistics, std::
             OfAxis(record, axis,
                    {{ThreeDecimals, static_cast<double>(record.FabricResults.at(row).at(axis))}}));
     };
-    add(" north", direction.l, 1);
-    add(" east", direction.m, 2);
-    add(" down", direction.n, 3);
+    add(" north", direction.l, kNorthOfAxis);
+    add(" east", direction.m, kEastOfAxis);
+    add(" down", direction.n, kDownOfAxis);
 }
 
 void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
-    for (std::size_t axis = 1; axis <= 3; ++axis) {
+    for (std::size_t axis = kLeastAxis; axis <= kGreatestAxis; ++axis) {
         AddComponents(list, statistics, axis, record);
     }
-    const Pair least = LineOfAxis(statistics, 1);
-    const Pair middle = LineOfAxis(statistics, 2);
-    const Pair greatest = LineOfAxis(statistics, 3);
-    const Pair printedLeast = PrintedAxis(record, 1);
-    const Pair printedGreatest = PrintedAxis(record, 3);
+    const Pair least = LineOfAxis(statistics, kLeastAxis);
+    const Pair middle = LineOfAxis(statistics, kMiddleAxis);
+    const Pair greatest = LineOfAxis(statistics, kGreatestAxis);
+    const Pair printedLeast = PrintedAxis(record, kLeastAxis);
+    const Pair printedGreatest = PrintedAxis(record, kGreatestAxis);
     list.AddAngle("axis 1 plunge", least.first,
-                  OfAxis(record, 1, {{RadToDegText, printedLeast.first.value_or(0)}}));
-    list.AddAngle("axis 1 trend", least.azimuth,
-                  OfAxis(record, 1, {{WholeAzimuthText, printedLeast.azimuth.value_or(0)}}));
+                  OfAxis(record, kLeastAxis, {{RadToDegText, printedLeast.first.value_or(0)}}));
+    list.AddAngle(
+        "axis 1 trend", least.azimuth,
+        OfAxis(record, kLeastAxis, {{WholeAzimuthText, printedLeast.azimuth.value_or(0)}}));
     list.AddAngle("axis 2 plunge", middle.first);
     list.AddAngle("axis 2 trend", middle.azimuth);
     AddPair(list, {"axis 3 plunge", "axis 3 trend"}, greatest, printedGreatest);
     const Pair normal = PlaneOfPole(greatest);
     const Pair printedNormal = PlaneOfPole(printedGreatest);
     list.AddAngle("plane normal to axis 3, dip", normal.first,
-                  OfAxis(record, 3, {{FixedDegrees, printedNormal.first.value_or(0)}}));
-    list.AddAngle("plane normal to axis 3, dip direction", normal.azimuth,
-                  OfAxis(record, 3, {{FixedDegrees, printedNormal.azimuth.value_or(0)}}));
+                  OfAxis(record, kGreatestAxis, {{FixedDegrees, printedNormal.first.value_or(0)}}));
+    list.AddAngle(
+        "plane normal to axis 3, dip direction", normal.azimuth,
+        OfAxis(record, kGreatestAxis, {{FixedDegrees, printedNormal.azimuth.value_or(0)}}));
     AddPair(list, {"girdle dip", "girdle dip direction"}, PlaneOfPole(least),
             PlaneOfPole(printedLeast));
 }
@@ -217,15 +219,15 @@ void AddShape(EntryList& list, const ReferenceStatistics& statistics, const Plot
         const auto number = static_cast<double>(record.EigenResults.at(row).at(place));
         return OfNumber(number, {{Fixed, number}});
     };
-    list.Add("ln(E2/E1)", statistics.logRatio12, printed(1, kLogRatio));
-    list.Add("ln(E3/E2)", statistics.logRatio23, printed(2, kLogRatio));
-    list.Add("gamma", statistics.gamma, printed(1, kShapeNumber));
-    list.Add("zeta", statistics.zeta, printed(2, kShapeNumber));
+    list.Add("ln(E2/E1)", statistics.logRatio12, printed(kMiddleToLeast, kLogRatio));
+    list.Add("ln(E3/E2)", statistics.logRatio23, printed(kGreatestToMiddle, kLogRatio));
+    list.Add("gamma", statistics.gamma, printed(kGamma, kShapeNumber));
+    list.Add("zeta", statistics.zeta, printed(kZeta, kShapeNumber));
 }
 
 /// The statistic that decides what the texts say, with 32-bit precision.
 std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& record) {
-    const float statistic = record.EigenResults[3][kLogRatio];
+    const float statistic = record.EigenResults[kSymmetryStatistic][kLogRatio];
     // The results when a difference of eigenvalues counts as 0.
     const double least = 2 * count * kLeastEigenvalue * kLeastEigenvalue;
     return static_cast<double>(statistic) < least ? 0 : ReadNumber(AllDigits(statistic));

@@ -51,7 +51,7 @@ std::string DegreePair(double first, double second) {
     return FormatNumber(RadToDeg(first), kFixed) + " - " + FormatNumber(RadToDeg(second), kFixed);
 }
 
-/// An axis of the record, 1 to 3, in degrees.
+/// An axis of the record in degrees.
 std::string DegreesOfAxis(const PlotRecord& record, std::size_t axis) {
     if (!IsAxisDetermined(record, axis)) {
         return kUndetermined;
@@ -92,12 +92,12 @@ std::string MeanLines(const PlotRecord& record) {
     const double length = record.RoseResultant[kOfAngles];
     const char* const what = record.DataKind == kPolarLines ? "Mean Principal Direction = "
                                                             : "Mean Principal Orientation = ";
-    return Line(what + TextOfAxis(record, 3, TextOfLine))
+    return Line(what + TextOfAxis(record, kGreatestAxis, TextOfLine))
            + Line("Mean Resultant dir'n = " + MeanText(record))
            + Line("Mean Resultant length = ", length, kFixed)
            + Line("         (Variance = ", 1 - length, kFixed, ")")
-           + Line("Calculated. girdle: " + TextOfAxis(record, 1, TextOfPlaneOfPole))
-           + Line("Calculated beta axis: " + TextOfAxis(record, 1, TextOfLine));
+           + Line("Calculated. girdle: " + TextOfAxis(record, kLeastAxis, TextOfPlaneOfPole))
+           + Line("Calculated beta axis: " + TextOfAxis(record, kLeastAxis, TextOfLine));
 }
 
 std::string GirdleLines(const PlotRecord& record) {
@@ -212,8 +212,8 @@ std::string StandardErrorLines(const PlotRecord& record, const std::vector<Disti
 }
 
 std::string PrincipalLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
-    return Line("Principal Eigenvector: " + DegreesOfAxis(record, 3))
-           + Line("(i.e. normal to plane dipping: " + DegreesOfPlane(record, 3) + ")")
+    return Line("Principal Eigenvector: " + DegreesOfAxis(record, kGreatestAxis))
+           + Line("(i.e. normal to plane dipping: " + DegreesOfPlane(record, kGreatestAxis) + ")")
            + StandardErrorLines(record, rows);
 }
 
@@ -226,7 +226,7 @@ std::string ResultantLines(const PlotRecord& record) {
     const double length = record.RoseResultant[kOfAngles];
     return Line("Mean Direction:  " + mean) + Line("Mean Resultant = ", length, kThreeDecimals)
            + Line("('Variance' = ", 1 - length, kThreeDecimals, ")")
-           + Line("E2-E3 (girdle) plane: " + DegreesOfPlane(record, 1)) + kLineEnd;
+           + Line("E2-E3 (girdle) plane: " + DegreesOfPlane(record, kLeastAxis)) + kLineEnd;
 }
 
 /// The components of an axis, each followed by a tab.
@@ -235,7 +235,7 @@ std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
         return std::string(kUndetermined) + "\t\t"; // as wide as two columns
     }
     std::string components;
-    for (std::size_t component = 1; component <= 3; ++component) {
+    for (std::size_t component = kNorthOfAxis; component <= kDownOfAxis; ++component) {
         const auto value = static_cast<double>(record.FabricResults[component][axis]);
         components += FormatNumber(value, "#0.000") + "\t";
     }
@@ -246,7 +246,7 @@ std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
 std::string EigenvectorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
     const double count = CountOfLines(rows);
     std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
-    for (std::size_t axis = 1; axis <= 3; ++axis) {
+    for (std::size_t axis = kLeastAxis; axis <= kGreatestAxis; ++axis) {
         const auto eigenvalue = static_cast<double>(record.FabricResults[axis][kEigenvalue]);
         lines += ComponentsOf(record, axis) + FormatNumber(count * eigenvalue, "##0.000") + " ("
                  + FormatNumber(eigenvalue, kThreeDecimals) + ")" + kLineEnd;
@@ -266,11 +266,11 @@ std::string ShapeLines(const PlotRecord& record) {
     const auto number = [&results](std::size_t row, EigenPlace place) {
         return ShapeNumber(static_cast<double>(results[row][place]));
     };
-    const PrintedResult first = number(1, kLogRatio);
-    const PrintedResult second = number(2, kLogRatio);
+    const PrintedResult first = number(kMiddleToLeast, kLogRatio);
+    const PrintedResult second = number(kGreatestToMiddle, kLogRatio);
     constexpr const char* kBetween = " \t|      ";
-    return ResultLine("Shape parameter, gamma = ", number(1, kShapeNumber))
-           + ResultLine("Strength parameter, zeta   = ", number(2, kShapeNumber))
+    return ResultLine("Shape parameter, gamma = ", number(kGamma, kShapeNumber))
+           + ResultLine("Strength parameter, zeta   = ", number(kZeta, kShapeNumber))
            + Line("Eigenvalue log ratios:") + Line("(E2/E1\t|    E3/E2)")
            + ResultLine({}, {first.value + kBetween + second.value,
                              first.textbook + kBetween + second.textbook});

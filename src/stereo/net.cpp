@@ -142,10 +142,10 @@ void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
     const AxisStyle& style = drawing.styles.axes[kMeanGirdleStyle];
-    const Colour colour = TableColour(drawing.styles, style[0]);
+    const Colour colour = TableColour(drawing.styles, style[kStyleColour]);
     DrawState state = surface.State();
-    state.drawStyle = style[1];
-    state.drawWidth = style[2] + 1; // wider than other lines of the same style
+    state.drawStyle = style[kStyleLine];
+    state.drawWidth = style[kStyleWidth] + 1; // wider than other lines of the same style
     surface.SetState(state);
     const double trend = NumberOf(mean[kItemTrend]);
     const Point tip = AtAzimuth(kArrowTip, trend);

@@ -86,9 +86,9 @@ TEST_F(DeriveCommands, OverlaySecondarySetSaysWhatCameOfIt) {
     NewFault(kSecondaryLine);
     EXPECT_EQ(OverlaySecondarySet("up"), "'up' is neither on nor off");
     EXPECT_EQ(OverlaySecondarySet("on"), "");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(OverlaySecondarySet("off"), "");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(PlotOtherSet(), "");
     Expect("The secondary data is already plotted");
     EXPECT_EQ(OverlaySecondarySet("on"), "refused: see the message");

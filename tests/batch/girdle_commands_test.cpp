@@ -33,8 +33,8 @@ protected:
 TEST_F(GirdleCommands, LayAGirdleAndHideAndShowIt) {
     EXPECT_EQ(Run("girdle 2 45/120"), "");
     EXPECT_TRUE(IsGirdleShown(2));
-    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][2]), std::numbers::pi / 4, 1e-12);
-    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][3]), std::numbers::pi * 5 / 3, 1e-12);
+    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][kItemPlunge]), std::numbers::pi / 4, 1e-12);
+    EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[2][kItemTrend]), std::numbers::pi * 5 / 3, 1e-12);
     EXPECT_EQ(Run("girdle 2 off"), "");
     EXPECT_FALSE(IsGirdleShown(2));
     EXPECT_EQ(Run("girdle 2 45/120"), "") << "its own text shows it again";
@@ -116,8 +116,10 @@ TEST_F(GirdleCommands, SayTheOrderThatTheyExpect) {
         const std::size_t start = use.find("such as ") + 8;
         const std::string example = use.substr(start, use.find(',', start) - start);
         ASSERT_EQ(Run("girdle 3 " + example), "") << example;
-        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][2]), std::numbers::pi / 4, 1e-12);
-        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][3]), std::numbers::pi * 5 / 3, 1e-12)
+        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][kItemPlunge]), std::numbers::pi / 4,
+                    1e-12);
+        EXPECT_NEAR(NumberOf(ActiveRecord().AxisItems[3][kItemTrend]), std::numbers::pi * 5 / 3,
+                    1e-12)
             << convention;
         EXPECT_EQ(Run("girdle 3 off"), "");
     }

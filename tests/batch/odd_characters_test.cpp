@@ -54,7 +54,7 @@ protected:
         PlotRecord& record = ActiveRecord();
         record.PlotTitle = record.FileTitle = record.DescriptionText = record.FabricText = text;
         record.AppNumName = record.AppNonNumName = record.AxesTitle = text;
-        record.FileNames[1] = text;
+        record.FileNames[kFirstFile] = text;
         record.MainFiles = {text};
         for (auto& row : record.ClassTable) {
             row[1] = text;

@@ -216,7 +216,7 @@ TEST_F(PlotFileOnDisk, OpensInTheProgram) {
     EXPECT_EQ(record.NumValidData, 2);
     EXPECT_EQ(record.NumData, 3);
     EXPECT_EQ(record.NumLoadedData, 6);
-    EXPECT_EQ(record.AppendedMin[0], 1.5);
+    EXPECT_EQ(record.AppendedMin[kOfNumbers], 1.5);
     EXPECT_EQ(gDataSymbol(slot, 1), CodeOfStyleRow(StartStyles(), 0));
     EXPECT_EQ(RecordOf(slot).RoseSectorSize, 10);
 }

@@ -248,10 +248,10 @@ TEST_F(ClassEditingTest, StylesGoWithTheSettings) {
     chosen.mode = kClassesByNumber;
     chosen.numbers.limits = Limits({0, 2, 4});
     ClassStyles styles = StylesOfClasses(kFirstClassStyle);
-    EXPECT_EQ(styles[1], gSymbolTable[40]);
+    EXPECT_EQ(styles[1], gSymbolTable[kFirstClassStyle + 1]);
     styles[1] = {8, 13, 7}; // class 2
     EXPECT_EQ(ApplyClasses(chosen, styles), "");
-    EXPECT_EQ(gSymbolTable[40], (SymbolRow{8, 13, 7}));
+    EXPECT_EQ(gSymbolTable[kFirstClassStyle + 1], (SymbolRow{8, 13, 7}));
     EXPECT_EQ(gDataSymbol(gActivePlot, 1), MakeSymbolCode(8, 13, 7));
 }
 

@@ -33,7 +33,7 @@ TEST_F(ClassLegend, ListsExactlyTheClassesWithRows) {
     ActiveRecord().ClassMode = kClassesByNumber;
     ActiveRecord().ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6, 8}, 3);
     EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "< 2", "2-4", "> 8"}));
-    ActiveRecord().ClassTable[12][0] = std::int16_t{0};
+    ActiveRecord().ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "2-4"}));
     gAppNumeric.At(gActivePlot, 1) = 7;
     EXPECT_EQ(Texts(), (Lines{"Classified by: Thickness", "2-4", "6-8"}));

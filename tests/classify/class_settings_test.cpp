@@ -32,12 +32,12 @@ TEST_F(ClassSettingsTest, OkWritesTableModeAndRangeClassifiesAndDraws) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.ClassMode, 1);
     EXPECT_EQ(record.NumClasses, 4);
-    EXPECT_EQ(NumberOf(record.ClassTable[0][0]), 3);
-    EXPECT_EQ(NumberOf(record.ClassTable[1][0]), 2);
-    EXPECT_EQ(NumberOf(record.ClassTable[2][0]), 4);
-    EXPECT_EQ(NumberOf(record.ClassTable[3][0]), 6);
-    EXPECT_EQ(NumberOf(record.ClassTable[11][0]), 8);
-    EXPECT_EQ(NumberOf(record.ClassTable[12][0]), 2);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kNumberClasses]), 3);
+    EXPECT_EQ(NumberOf(record.ClassTable[kLowestRow][kNumberClasses]), 2);
+    EXPECT_EQ(NumberOf(record.ClassTable[kLowestRow + 1][kNumberClasses]), 4);
+    EXPECT_EQ(NumberOf(record.ClassTable[kLowestRow + 2][kNumberClasses]), 6);
+    EXPECT_EQ(NumberOf(record.ClassTable[kTopRow][kNumberClasses]), 8);
+    EXPECT_EQ(NumberOf(record.ClassTable[kFlagRow][kNumberClasses]), 2);
     EXPECT_EQ(record.ClassLow, 2);
     EXPECT_EQ(record.ClassHigh, 8);
     EXPECT_EQ(record.ClassWidth, 2);
@@ -93,17 +93,17 @@ TEST_F(ClassSettingsTest, OfTextsDecideByModeWhetherTheyAreNumbers) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.ClassMode, 3);
     EXPECT_EQ(record.NumClasses, 0);
-    EXPECT_EQ(NumberOf(record.ClassTable[0][1]), 2);
-    EXPECT_EQ(NumberOf(record.ClassTable[0][2]), 0);
-    EXPECT_EQ(NumberOf(record.ClassTable[12][1]), 0);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kTextNumberClasses]), 2);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kNameClasses]), 0);
+    EXPECT_EQ(NumberOf(record.ClassTable[kFlagRow][kTextNumberClasses]), 0);
     EXPECT_EQ(record.NumClassified, 1);
     EXPECT_EQ(record.ClassWidth, kUnsetValue);
     chosen.mode = kClassesByTextNumber;
     chosen.textNumbers.keepHigh = true;
     ASSERT_EQ(ApplyClassSettings(chosen), "");
-    EXPECT_EQ(NumberOf(record.ClassTable[0][1]), 3);
-    EXPECT_EQ(NumberOf(record.ClassTable[0][2]), 1);
-    EXPECT_EQ(NumberOf(record.ClassTable[12][1]), 3);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kTextNumberClasses]), 3);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kNameClasses]), 1);
+    EXPECT_EQ(NumberOf(record.ClassTable[kFlagRow][kTextNumberClasses]), 3);
     EXPECT_EQ(record.NumClassified, 3);
     EXPECT_EQ(record.ClassWidth, 1);
 }
@@ -138,7 +138,7 @@ TEST_F(ClassSettingsTest, RefusedChangeNothing) {
     EXPECT_NE(ApplyClassSettings(chosen), "");
     EXPECT_EQ(ActiveRecord().ClassMode, 0);
     EXPECT_EQ(ActiveRecord().Modified, 0);
-    EXPECT_EQ(NumberOf(ActiveRecord().ClassTable[11][0]), 999999);
+    EXPECT_EQ(NumberOf(ActiveRecord().ClassTable[kTopRow][kNumberClasses]), 999999);
 }
 
 TEST_F(ClassSettingsTest, WarnOnceWhenTextsAreReadByTheOtherDelimiter) {
@@ -326,10 +326,10 @@ TEST_F(ClassSettingsTest, OpenWhatTheColumnsAndTheModeAllow) {
 }
 
 TEST_F(ClassSettingsTest, OfANewPlotHaveNoNames) {
-    ASSERT_FALSE(IsEmpty(ActiveRecord().ClassTable[1][kNameClasses])) << "a number";
+    ASSERT_FALSE(IsEmpty(ActiveRecord().ClassTable[kLowestRow][kNameClasses])) << "a number";
     AddTexts({"0", "slate"});
     EXPECT_EQ(SettingsOfActivePlot().names, (std::array<std::string, kMostNames>{}));
-    ActiveRecord().ClassTable[0][kTextNumberClasses] = std::int16_t{1};
+    ActiveRecord().ClassTable[kBaseRow][kTextNumberClasses] = std::int16_t{1};
     const ClassRule rule = RuleOfClassTable(ActiveRecord().ClassTable, kNameClasses);
     EXPECT_EQ(ClassOfName(rule, "0"), 0);
     EXPECT_EQ(ClassLabel(ActiveRecord().ClassTable, kNameClasses, 2), "");

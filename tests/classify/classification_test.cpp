@@ -38,7 +38,7 @@ TEST_F(Classification, GivesRowsTheStylesOfTheirClassesAndCountsThem) {
     EXPECT_EQ(Codes(),
               (std::vector<SymbolCode>{0, TableCode(40), TableCode(40), TableCode(41), 0}));
     EXPECT_EQ(ActiveRecord().NumClassified, 3);
-    ActiveRecord().ClassTable[12][0] = std::int16_t{3};
+    ActiveRecord().ClassTable[kFlagRow][kNumberClasses] = std::int16_t{3};
     ApplyClassification(kClassesByNumber);
     EXPECT_EQ(Codes(), (std::vector<SymbolCode>{TableCode(39), TableCode(40), TableCode(40),
                                                 TableCode(41), TableCode(42)}));
@@ -158,8 +158,8 @@ TEST_F(Classification, ClassesSumUpToTheClassifiedRows) {
                                           ? TableOfNames({"slate", "gneiss"}, flags > 1, flags > 1)
                                           : TableOfRanges(kTextNumberClasses, {2, 4, 6, 8}, flags);
         for (std::size_t row = 0; row < types.size(); ++row) {
-            ActiveRecord().ClassTable[row][1] = types[row][1];
-            ActiveRecord().ClassTable[row][2] = types[row][2];
+            ActiveRecord().ClassTable[row][kTextNumberClasses] = types[row][1];
+            ActiveRecord().ClassTable[row][kNameClasses] = types[row][2];
         }
         for (const ClassModeCode mode : {kClassesByNumber, kClassesByTextNumber, kClassesByName}) {
             ApplyClassification(mode);
@@ -190,9 +190,9 @@ TEST_F(Classification, IsRefreshedForNewRowsOfAClassifiedPlotAlone) {
 TEST_F(Classification, StylesBeginAgainInTheNextShapeBehindTheTable) {
     EXPECT_EQ(CodeOfClass(1), TableCode(39));
     EXPECT_EQ(CodeOfClass(12), TableCode(50));
-    gSymbolTable[39] = {7, 4, 6};
-    gSymbolTable[40] = {8, 17, 5};
-    gSymbolTable[41] = {9, 0, 5};
+    gSymbolTable[kFirstClassStyle] = {7, 4, 6};
+    gSymbolTable[kFirstClassStyle + 1] = {8, 17, 5};
+    gSymbolTable[kFirstClassStyle + 2] = {9, 0, 5};
     EXPECT_EQ(CodeOfClass(13), 70506U);
     EXPECT_EQ(CodeOfClass(14), 80205U); // the first shape follows the last
     EXPECT_EQ(CodeOfClass(15), 90005U); // a hidden class stays hidden
@@ -286,8 +286,8 @@ TEST_F(Classification, GreatCirclesAreThoseOfRowsWithAClassAndASymbol) {
     record.ClassMode = kClassesByNumber;
     record.ClassTable = TableOfRanges(kNumberClasses, {2, 4, 6}, 0);
     record.PlotSymbolMode = kGreatCircles;
-    const SymbolRow former = gSymbolTable[41];
-    gSymbolTable[41][kPlaceSymbol] = kNoSymbol; // class 3
+    const SymbolRow former = gSymbolTable[kFirstClassStyle + 2];
+    gSymbolTable[kFirstClassStyle + 2][kPlaceSymbol] = kNoSymbol; // class 3
     ApplyClassification(kClassesByNumber);
     ReplotActivePlot(true);
     std::vector<Colour> arcs;
@@ -296,7 +296,7 @@ TEST_F(Classification, GreatCirclesAreThoseOfRowsWithAClassAndASymbol) {
             arcs.push_back(operation.colour);
         }
     }
-    gSymbolTable[41] = former;
+    gSymbolTable[kFirstClassStyle + 2] = former;
     EXPECT_EQ(arcs, std::vector<Colour>{TableColour(CodeColour(CodeOfClass(2)))});
 }
 

@@ -105,7 +105,7 @@ TEST_F(ColumnStatisticsTest, AreZeroInTheRecordOfAPlotWithoutValues) {
 }
 
 TEST_F(ColumnStatisticsTest, HaveNoBackgroundWhereItIsUnset) {
-    ActiveRecord().ClassStats[kGridChoice][1] = kUnsetValue;
+    ActiveRecord().ClassStats[kGridChoice][kBackground] = kUnsetValue;
     EXPECT_EQ(GridBackground(ActiveRecord()), std::nullopt);
 }
 

@@ -150,7 +150,7 @@ TEST_F(ValueGrid, WithoutABackgroundHasNoContourAboutEmptyNodes) {
         }
     }
     EXPECT_GT(segments, 0U);
-    ActiveRecord().ClassStats[kGridChoice][1] = 0;
+    ActiveRecord().ClassStats[kGridChoice][kBackground] = 0;
     std::size_t withBackground = 0;
     for (const ValueContour& contour : ValueContoursOf(ActivePlot())) {
         withBackground += contour.segments.size();

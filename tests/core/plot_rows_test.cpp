@@ -168,7 +168,7 @@ TEST_F(PlotRowsTest, APlotWithoutASlotTakesRowsAndCountsThem) {
     EXPECT_EQ(plot.record.NumData, 200);
     EXPECT_EQ(plot.record.NumValidData, valid);
     EXPECT_EQ(plot.record.NumLoadedData, 300);
-    EXPECT_EQ(plot.record.OverlayRows[0], 2);
+    EXPECT_EQ(plot.record.OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(plot.record.OverlayRows[1], 60);
     EXPECT_EQ(plot.record.OverlayRows[2], 40);
     EXPECT_EQ(plot.table.size(), 300U);
@@ -268,7 +268,7 @@ TEST_F(PlotRowsTest, CuttingRemovesTheRowsAndOverlaysThatCameSince) {
     }
     CutRows(plot, former);
     EXPECT_EQ(RowsOf(plot), model);
-    EXPECT_EQ(plot.record.OverlayRows[0], 0);
+    EXPECT_EQ(plot.record.OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(plot.table.size(), 20U);
     for (const auto& [row, line] : plot.rows.errorLines) {
         EXPECT_LE(row, 20);
@@ -314,7 +314,7 @@ TEST_F(PlotRowsTest, RemovalKeepsTheOtherRowsAndDropsEmptyOverlays) {
         RemoveRows(plot, removed);
         EXPECT_EQ(RowsOf(plot), stay);
         EXPECT_EQ(plot.record.NumValidData, valid);
-        EXPECT_EQ(plot.record.OverlayRows[0], static_cast<int>(overlaysLeft.size()));
+        EXPECT_EQ(plot.record.OverlayRows[kOverlayCount], static_cast<int>(overlaysLeft.size()));
         int number = 0;
         for (const int former : overlaysLeft) {
             EXPECT_EQ(plot.record.OverlayKind[static_cast<std::size_t>(++number)], former);
@@ -361,7 +361,7 @@ TEST_F(PlotRowsTest, RemovingTheLastOverlayLeavesTheRowsBelowIt) {
     const std::vector<ModelRow> before = RowsOf(plot);
     RemoveOverlay(plot);
     EXPECT_EQ(RowsOf(plot), std::vector(before.begin(), before.begin() + 6));
-    EXPECT_EQ(plot.record.OverlayRows[0], 1);
+    EXPECT_EQ(plot.record.OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(plot.record.OverlayRows[1], 3);
     EXPECT_EQ(plot.record.OverlayRows[2], 0);
     EXPECT_EQ(plot.table.size(), 6U);

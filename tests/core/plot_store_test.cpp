@@ -50,11 +50,11 @@ TEST_F(PlotStore, AReusedSlotInheritsNothing) {
     const int slot = NewPlot();
     PlotRecord& record = ActiveRecord();
     record.NumFiles = 3;
-    record.FileNames[2] = "old.txt";
+    record.FileNames[kFirstFile + 1] = "old.txt";
     record.AxesTitle = "P & T";
     record.RoseOddSectorSize = 3;
     record.OverlayRows = {2, 5, 7};
-    record.DistinctValues[0][1] = std::string("slate");
+    record.DistinctValues[0][kOfTexts] = std::string("slate");
     PlotOf(slot).rows.errorLines[4] = "old line";
     AppendRow(TableOf(slot), {1, 2, 3, 0.1, 0.2});
     int secondary = 0;
@@ -64,11 +64,11 @@ TEST_F(PlotStore, AReusedSlotInheritsNothing) {
     EXPECT_EQ(NewPlot(), slot);
     const PlotRecord& fresh = RecordOf(slot);
     EXPECT_EQ(fresh.NumFiles, 0);
-    EXPECT_EQ(fresh.FileNames[2], "");
+    EXPECT_EQ(fresh.FileNames[kFirstFile + 1], "");
     EXPECT_EQ(fresh.AxesTitle, "");
     EXPECT_EQ(fresh.RoseOddSectorSize, 0);
     EXPECT_EQ(fresh.OverlayRows[1], 0);
-    EXPECT_TRUE(IsEmpty(fresh.DistinctValues[0][1]));
+    EXPECT_TRUE(IsEmpty(fresh.DistinctValues[0][kOfTexts]));
     EXPECT_TRUE(PlotOf(slot).rows.errorLines.empty());
     EXPECT_EQ(TableOf(slot).size(), 0U);
     EXPECT_EQ(gDataDip(slot, 5), 0);
@@ -95,8 +95,8 @@ TEST_F(PlotStore, ANewPlotStartsWithTheToldValues) {
     EXPECT_EQ(record.PlotSymbolMode, kPointSymbols);
     EXPECT_EQ(record.AppNumName, "thickness");
     EXPECT_EQ(record.ClassWidth, -999999999999999.0);
-    EXPECT_EQ(NumberOf(record.ClassTable[11][0]), 999999);
-    EXPECT_EQ(NumberOf(record.ClassTable[12][0]), 1);
+    EXPECT_EQ(NumberOf(record.ClassTable[kTopRow][kNumberClasses]), 999999);
+    EXPECT_EQ(NumberOf(record.ClassTable[kFlagRow][kNumberClasses]), 1);
     EXPECT_EQ(record.RoseSectorSize, 15);
     EXPECT_EQ(record.RoseDisplay6, -1);
     EXPECT_EQ(record.RoseDisplay8, 0);
@@ -107,8 +107,8 @@ TEST_F(PlotStore, ANewPlotStartsWithTheToldValues) {
     ASSERT_NE(record.PlotSmallCircles, nullptr);
     EXPECT_EQ(record.PlotSmallCircles->size(), 5U);
     for (const auto& item : record.AxisItems) {
-        EXPECT_EQ(NumberOf(item[0]), 0);
-        EXPECT_EQ(TextOf(item[1]), "");
+        EXPECT_EQ(NumberOf(item[kItemShown]), 0);
+        EXPECT_EQ(TextOf(item[kItemText]), "");
     }
     EXPECT_EQ(Form(gActivePlot).Caption(), "1");
 }
@@ -245,9 +245,9 @@ TEST_F(PlotStore, RemembersElevenDistinctValuesAndNotATwelfth) {
         TakeAppended(row, static_cast<float>(row), "unit " + std::to_string(row));
     }
     const PlotRecord& record = ActiveRecord();
-    EXPECT_EQ(NumberOf(record.DistinctValues[10][0]), 11);
-    EXPECT_EQ(TextOf(record.DistinctValues[10][1]), "unit 11");
-    EXPECT_EQ(record.AppendedMax[0], 12);
+    EXPECT_EQ(NumberOf(record.DistinctValues[10][kOfNumbers]), 11);
+    EXPECT_EQ(TextOf(record.DistinctValues[10][kOfTexts]), "unit 11");
+    EXPECT_EQ(record.AppendedMax[kOfNumbers], 12);
 }
 
 TEST_F(PlotStore, ATextOfDigitsWidensTheTextRangeOnly) {
@@ -255,11 +255,11 @@ TEST_F(PlotStore, ATextOfDigitsWidensTheTextRangeOnly) {
     ActiveRecord().HasAppendedText = kTrue;
     TakeAppended(1, 99, "2.5");
     const PlotRecord& record = ActiveRecord();
-    EXPECT_EQ(TextOf(record.DistinctValues[0][1]), "2.5");
-    EXPECT_EQ(record.AppendedMin[1], 2.5);
-    EXPECT_EQ(record.AppendedMax[1], 2.5);
-    EXPECT_EQ(record.AppendedMin[0], 999999999999999.0);
-    EXPECT_TRUE(IsEmpty(record.DistinctValues[0][0]));
+    EXPECT_EQ(TextOf(record.DistinctValues[0][kOfTexts]), "2.5");
+    EXPECT_EQ(record.AppendedMin[kOfTexts], 2.5);
+    EXPECT_EQ(record.AppendedMax[kOfTexts], 2.5);
+    EXPECT_EQ(record.AppendedMin[kOfNumbers], 999999999999999.0);
+    EXPECT_TRUE(IsEmpty(record.DistinctValues[0][kOfNumbers]));
 }
 
 TEST_F(PlotStore, DistinctTextsAreKeptAsTypedAndComparedWithoutCase) {
@@ -268,9 +268,9 @@ TEST_F(PlotStore, DistinctTextsAreKeptAsTypedAndComparedWithoutCase) {
     TakeAppended(1, 0, "Slate");
     TakeAppended(2, 0, "SLATE");
     TakeAppended(3, 0, "Schist");
-    EXPECT_EQ(TextOf(ActiveRecord().DistinctValues[0][1]), "Slate");
-    EXPECT_EQ(TextOf(ActiveRecord().DistinctValues[1][1]), "Schist");
-    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[2][1]));
+    EXPECT_EQ(TextOf(ActiveRecord().DistinctValues[0][kOfTexts]), "Slate");
+    EXPECT_EQ(TextOf(ActiveRecord().DistinctValues[1][kOfTexts]), "Schist");
+    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[2][kOfTexts]));
 }
 
 TEST_F(PlotStore, InvalidAppendedValuesAreNotTracked) {
@@ -278,8 +278,8 @@ TEST_F(PlotStore, InvalidAppendedValuesAreNotTracked) {
     ActiveRecord().HasAppendedNumeric = kTrue;
     ActiveRecord().HasAppendedText = kTrue;
     TakeAppended(1, kInvalidNumber, "");
-    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[0][0]));
-    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[0][1]));
+    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[0][kOfNumbers]));
+    EXPECT_TRUE(IsEmpty(ActiveRecord().DistinctValues[0][kOfTexts]));
 }
 
 } // namespace

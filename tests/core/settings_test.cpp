@@ -207,8 +207,8 @@ TEST_F(SettingsTest, AGroupThatDoesNotExistWritesTheDateAlone) {
 }
 
 TEST_F(SettingsTest, SymbolRowsOfTheSessionAreSavedApart) {
-    gSymbolTable[0] = {7, 2, 9};
-    gSymbolTable[19] = {8, 10, 4};
+    gSymbolTable[kRowSymbol] = {7, 2, 9};
+    gSymbolTable[kDerivedSymbol] = {8, 10, 4};
     gColourTable[3] = 0x123456;
     EXPECT_TRUE(SaveSettings(SettingsGroup::Preferences));
     EXPECT_EQ(Stored("SymbolArray", "SymbolArray000"), "7");
@@ -216,8 +216,8 @@ TEST_F(SettingsTest, SymbolRowsOfTheSessionAreSavedApart) {
     EXPECT_TRUE(SaveSettings(SettingsGroup::Session));
     EXPECT_EQ(Stored("SymbolArray", "SymbolArray191"), "10");
     LoadSettings();
-    EXPECT_EQ(gSymbolTable[0], (SymbolRow{7, 2, 9}));
-    EXPECT_EQ(gSymbolTable[19], (SymbolRow{8, 10, 4}));
+    EXPECT_EQ(gSymbolTable[kRowSymbol], (SymbolRow{7, 2, 9}));
+    EXPECT_EQ(gSymbolTable[kDerivedSymbol], (SymbolRow{8, 10, 4}));
     EXPECT_EQ(gColourTable[3], 0x123456U);
 }
 
@@ -229,7 +229,7 @@ TEST_F(SettingsTest, TheBetaStyleOfAnOlderVersionIsNotRead) {
     EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle], builtIn);
     Put("StartUp", "LastUsedVersion", kVersionText);
     LoadSettings();
-    EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle][0], 12);
+    EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle][kStyleColour], 12);
 }
 
 TEST_F(SettingsTest, GirdlesOfTheUserAreColourFiveStyleTwoWidthOne) {
@@ -285,7 +285,7 @@ TEST_F(SettingsTest, EverySettingSurvivesASaveAndALoad) {
 TEST_F(SettingsTest, TheStyleTablesHoldTheBuiltInRows) {
     EXPECT_EQ(SymbolCodeText(CodeOfStyleRow(0)), "050302");
     EXPECT_EQ(SymbolCodeText(CodeOfStyleRow(1)), "050703");
-    EXPECT_EQ(gSymbolTable[19], (SymbolRow{5, 3, 5}));
+    EXPECT_EQ(gSymbolTable[kDerivedSymbol], (SymbolRow{5, 3, 5}));
     EXPECT_EQ(gSymbolTable[46], (SymbolRow{24, 2, 3}));
     EXPECT_EQ(gColourTable[24], 0x800080U);
     EXPECT_EQ(TableColour(8), (Colour{255, 0, 0}));

@@ -125,9 +125,9 @@ TEST_F(Contours, AreDrawnFromTheLowestLevelEachInItsStyle) {
     const auto contours = ContoursOf(ActivePlot());
     for (std::size_t k = 0; k < drawn.size(); ++k) {
         EXPECT_EQ(drawn[k].kind, Kind::Polyline);
-        EXPECT_EQ(drawn[k].colour, TableColour(gSettings.styles.contours[k][0]));
-        EXPECT_EQ(drawn[k].state.drawStyle, gSettings.styles.contours[k][1]);
-        EXPECT_EQ(drawn[k].state.drawWidth, gSettings.styles.contours[k][2]);
+        EXPECT_EQ(drawn[k].colour, TableColour(gSettings.styles.contours[k][kStyleColour]));
+        EXPECT_EQ(drawn[k].state.drawStyle, gSettings.styles.contours[k][kStyleLine]);
+        EXPECT_EQ(drawn[k].state.drawWidth, gSettings.styles.contours[k][kStyleWidth]);
         EXPECT_EQ(drawn[k].points.size(), contours[k].segments.size() + 1);
         EXPECT_EQ(drawn[k].points.front(), drawn[k].points.back());
     }
@@ -210,7 +210,8 @@ TEST_F(Contours, BeyondTheSixthLevelTakeTheLastStyle) {
 TEST_F(Contours, OfTheFirstSixLevelsAreToldApartByColour) {
     for (std::size_t i = 0; i < gSettings.styles.contours.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            EXPECT_NE(gSettings.styles.contours[i][0], gSettings.styles.contours[j][0]);
+            EXPECT_NE(gSettings.styles.contours[i][kStyleColour],
+                      gSettings.styles.contours[j][kStyleColour]);
         }
     }
 }

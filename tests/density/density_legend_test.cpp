@@ -138,7 +138,7 @@ TEST_F(DensityLegend, OfContoursHasALineForEachLevelInItsStyle) {
     EXPECT_EQ(lines[0].sample, LegendSample::Indent);
     EXPECT_EQ(lines[2].sample, LegendSample::Line);
     EXPECT_EQ(lines[2].code, MakeSymbolCode(7, kDashedLine, 3));
-    EXPECT_EQ(CodeColour(lines[3].code), gSettings.styles.contours[2][0]);
+    EXPECT_EQ(CodeColour(lines[3].code), gSettings.styles.contours[2][kStyleColour]);
 }
 
 TEST_F(DensityLegend, OfContoursShowsTheSymbolOfIsolatedPoints) {

@@ -231,10 +231,10 @@ TEST_F(KinematicPlots, GoBeforeTheirRowsWhenTheUserHasLaidSomethingOverThem) {
     Expect("This will remove the overlayed data in this plot.\nDo you want to continue?",
            Button::Cancel);
     EXPECT_FALSE(MakeKinematicPlots(kAxesOnOnePlot));
-    EXPECT_EQ(Of(child).OverlayRows[0], 1);
+    EXPECT_EQ(Of(child).OverlayRows[kOverlayCount], 1);
     Expect("This will remove the overlayed data");
     EXPECT_TRUE(MakeKinematicPlots(kAxesOnOnePlot));
-    EXPECT_EQ(Of(child).OverlayRows[0], 0);
+    EXPECT_EQ(Of(child).OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(Of(child).NumLoadedData, 6);
 }
 

@@ -119,7 +119,7 @@ TEST_F(SecondaryOverlay, HoldsRowIAtNPlusI) {
                                    {60, 90, -50, 60},
                                    {60, 90, kErrorRow, kErrorRow}});
     SetSecondaryButton(kOverlaySecondary, true);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Record().OverlayRows[1], 4) << "error rows keep their place";
     EXPECT_EQ(Record().OverlayKind[1], kOverlayPolarLines);
     EXPECT_EQ(Record().SelectedOverlay, 1);
@@ -168,19 +168,19 @@ TEST_F(SecondaryOverlay, GoesWithWhatWasLaidOverIt) {
     EXPECT_EQ(Record().SelectedOverlay, 2);
     AddOverlay(kOverlayLines, 30, 40, CodeOfStyleRow(2));
     SetSecondaryButton(kOverlaySecondary, false);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Record().SelectedOverlay, 0);
     EXPECT_EQ(Record().NumLoadedData, 4);
     EXPECT_EQ(TableOf(gActivePlot).size(), 4U);
     SetSecondaryButton(kOverlaySecondary, false);
-    EXPECT_EQ(Record().OverlayRows[0], 1) << "none of its own is left";
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1) << "none of its own is left";
 }
 
 TEST_F(SecondaryOverlay, IsMadeOnce) {
     NewFaultPlot(kFaults);
     SetOverlaySecondary(true);
     SetOverlaySecondary(true);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
 }
 
 TEST_F(SecondaryOverlay, IsRefusedWhereTheSecondarySetIsPlotted) {
@@ -189,7 +189,7 @@ TEST_F(SecondaryOverlay, IsRefusedWhereTheSecondarySetIsPlotted) {
     Expect("The secondary data is already plotted\nTo use this option you need to plot and "
            "process the primary data first");
     SetSecondaryButton(kOverlaySecondary, true);
-    EXPECT_EQ(Record().OverlayRows[0], 0);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 0);
     EXPECT_FALSE(IsSecondaryButtonDown(kOverlaySecondary));
 }
 
@@ -200,7 +200,7 @@ TEST_F(SecondaryOverlay, IsRefusedAsTheTwentyFirst) {
     }
     Expect("You can't overlay more than 20 datasets in any one plot.");
     SetSecondaryButton(kOverlaySecondary, true);
-    EXPECT_EQ(Record().OverlayRows[0], kMaxOverlays);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], kMaxOverlays);
 }
 
 TEST_F(SecondaryOverlay, KeepsTheRowsThatFoundMemory) {
@@ -254,7 +254,7 @@ TEST_F(SlipOptions, OnPlanesDrawGreatCirclesAndTheLinesAsAnOverlayWithArrows) {
     EXPECT_EQ(Record().ShowSecondary, 0);
     EXPECT_EQ(Record().DataKind, kPlanes);
     EXPECT_EQ(Record().PlotSymbolMode, kGreatCircles);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Record().OverlayRows[1], 3);
     EXPECT_EQ(Record().OverlayKind[1], kOverlayPolarLines);
     EXPECT_EQ(Record().SelectedOverlay, 1);
@@ -291,12 +291,12 @@ TEST_F(SlipOptions, ReleasedOnPlanesLeaveTheGreatCirclesAndTheLines) {
     SetSecondaryButton(kSlipArrowsOnPlanes, true);
     SetSecondaryButton(kSlipArrowsOnPlanes, false);
     EXPECT_EQ(Record().PlotSymbolMode, kGreatCircles);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Record().SelectedOverlay, 0);
     EXPECT_EQ(Record().NumSymbolsInPlot, 0);
     EXPECT_EQ(Arrows(slot), 0);
     SetSecondaryButton(kSlipArrowsOnPlanes, true);
-    EXPECT_EQ(Record().OverlayRows[0], 1) << "in the place of the lines that were left";
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1) << "in the place of the lines that were left";
     EXPECT_EQ(Record().NumLoadedData, 6);
 }
 
@@ -306,7 +306,7 @@ TEST_F(SlipOptions, ReleasedOnPolesLeaveAnOverlayThatTheyDidNotMake) {
     AddOverlay(kOverlayLines, 10, 20, CodeOfStyleRow(2));
     Record().PlotSymbolMode = kGreatCircles;
     SetSecondaryButton(kSlipArrowsOnPoles, false);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Record().PlotSymbolMode, kPointSymbols);
 }
 
@@ -319,7 +319,7 @@ TEST_F(SlipOptions, GiveWayToOneAnotherWithoutAQuestion) {
         for (int other = kSlipArrowsAlone; other <= kSlipArrowsOnPoles; ++other) {
             EXPECT_EQ(IsSecondaryButtonDown(other), other == button);
         }
-        EXPECT_EQ(Record().OverlayRows[0], button == kSlipArrowsOnPlanes ? 1 : 0);
+        EXPECT_EQ(Record().OverlayRows[kOverlayCount], button == kSlipArrowsOnPlanes ? 1 : 0);
         EXPECT_EQ(Record().ShowSecondary != 0, button == kSlipArrowsAlone);
     }
 }
@@ -330,11 +330,11 @@ TEST_F(SlipOptions, AskBeforeTheyRemoveAnOverlayOfTheUser) {
         AddOverlay(kOverlayLines, 10, 20, CodeOfStyleRow(2));
         Expect(kRemoves, Button::Cancel);
         SetSecondaryButton(button, true);
-        EXPECT_EQ(Record().OverlayRows[0], 1);
+        EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
         EXPECT_EQ(Record().NumSymbolsInPlot, 0);
         Expect(kRemoves);
         SetSecondaryButton(button, true);
-        EXPECT_EQ(Record().OverlayRows[0], 0);
+        EXPECT_EQ(Record().OverlayRows[kOverlayCount], 0);
         EXPECT_TRUE(IsSecondaryButtonDown(button));
     }
 }
@@ -344,7 +344,7 @@ TEST_F(SlipOptions, OnPlanesTakeThePlaceOfAnOverlayWithoutAQuestion) {
     const int slot = NewFaultPlot(kFaults);
     AddOverlay(kOverlayLines, 10, 20, CodeOfStyleRow(2));
     SetSecondaryButton(kSlipArrowsOnPlanes, true);
-    EXPECT_EQ(Record().OverlayRows[0], 1);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(Line(slot, 4), "60/090");
 }
 
@@ -356,7 +356,7 @@ TEST_F(SlipOptions, AreRefusedWithSeveralOverlays) {
         Expect(kTooMany);
         SetSecondaryButton(button, true);
     }
-    EXPECT_EQ(Record().OverlayRows[0], 2);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(Record().NumSymbolsInPlot, 0);
 }
 
@@ -393,7 +393,7 @@ TEST_F(SlipOptions, EndWhenAnOverlayOfTheSecondaryDataIsLaidOverOrTakenOff) {
     SetSecondaryButton(kSlipArrowsOnPlanes, true);
     SetSecondaryButton(kOverlaySecondary, false);
     EXPECT_EQ(Record().NumSymbolsInPlot, 0);
-    EXPECT_EQ(Record().OverlayRows[0], 0);
+    EXPECT_EQ(Record().OverlayRows[kOverlayCount], 0);
 }
 
 TEST_F(SlipOptions, DoNothingInARoseInAnEmptyPlotWithoutASecondSetOrWhileBusy) {
@@ -401,7 +401,7 @@ TEST_F(SlipOptions, DoNothingInARoseInAnEmptyPlotWithoutASecondSetOrWhileBusy) {
         for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
             SetSecondaryButton(button, true);
         }
-        return Record().NumSymbolsInPlot == 0 && Record().OverlayRows[0] == 0;
+        return Record().NumSymbolsInPlot == 0 && Record().OverlayRows[kOverlayCount] == 0;
     };
     NewFaultPlot(kFaults, kNoSecondary);
     EXPECT_TRUE(pressAll());

@@ -95,10 +95,10 @@ TEST_F(DrawPlotTest, LeavesOutTheCircleThatTheWindowPaintsAbove) {
 TEST_F(DrawPlotTest, ClassesOfNumbersAreDrawnFromTheirGrid) {
     Plot plot = SlotlessPlot(kEqualArea, kPointSymbols, 9);
     PlotRecord& record = plot.record;
-    record.ClassTable[0][0] = std::int16_t{2};
-    record.ClassTable[1][0] = 0.0;
-    record.ClassTable[2][0] = 4.0;
-    record.ClassTable[11][0] = 9.0;
+    record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
+    record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
+    record.ClassTable[kLowestRow + 1][kNumberClasses] = 4.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 9.0;
     record.ClassMode = 1;
     record.NumClasses = 3;
     WorkOut(plot);

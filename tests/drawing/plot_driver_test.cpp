@@ -59,9 +59,10 @@ protected:
     /// Spoils the results of drawings, so that a new calculation becomes visible.
     void Spoil() {
         PlotRecord& record = ActiveRecord();
-        former = {record.PointDensityMax, record.EigenResults[3][1], record.GridDensityMax};
+        former = {record.PointDensityMax, record.EigenResults[kGreatestAxis][kAxisPlunge],
+                  record.GridDensityMax};
         record.PointDensityMax = kSpoilt;
-        record.EigenResults[3][1] = kSpoilt;
+        record.EigenResults[kGreatestAxis][kAxisPlunge] = kSpoilt;
         record.NumClassified = -1;
         record.GridDensityMax = kSpoilt;
         FormOf(gActivePlot).SetBoxText(PlotBox::StatsAdvanced, kOldText);
@@ -79,7 +80,7 @@ protected:
             }
         };
         look(record.PointDensityMax, former[0], "densities");
-        look(record.EigenResults[3][1], former[1], "statistics");
+        look(record.EigenResults[kGreatestAxis][kAxisPlunge], former[1], "statistics");
         if (record.NumClassified >= 0) {
             renewed.push_back("classes");
         }
@@ -136,7 +137,7 @@ TEST_F(PlotDriver, ADrawingIsInThisOrder) {
     TypeCircleText(1, CirclePart::kAngle, "20");
     EXPECT_EQ(ShowSmallCircle(1, true), "");
     record.PlotSmallCircles->at(1).LineColour = kCircleColour;
-    record.AxisItems[9][0] = true;
+    record.AxisItems[kMeanPlaneItem][kItemShown] = true;
     ReplotActivePlot(true);
     const std::vector<DrawOperation> drawn = Drawn();
     const auto ofColour = [&drawn](int colour) {
@@ -211,9 +212,9 @@ void ClassByNumber() {
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         gAppNumeric.At(gActivePlot, row) = 5;
     }
-    record.ClassTable[0][0] = std::int16_t{1};
-    record.ClassTable[1][0] = 0.0;
-    record.ClassTable[11][0] = 10.0;
+    record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{1};
+    record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 10.0;
     record.ClassMode = 1;
 }
 
@@ -460,9 +461,9 @@ TEST_F(PlotDriver, ShownGirdlesAreDrawnAndTheMeanIsNone) {
     AddRow(30, 120);
     for (const std::size_t item : {0U, 3U, 9U}) {
         auto& values = ActiveRecord().AxisItems[item];
-        values[0] = true;
-        values[2] = DegToRad(40);
-        values[3] = DegToRad(70);
+        values[kItemShown] = true;
+        values[kItemPlunge] = DegToRad(40);
+        values[kItemTrend] = DegToRad(70);
     }
     ActiveRecord().RowsChanged = 0; // the statistics of one row have no girdle
     ReplotActivePlot(false);
@@ -474,10 +475,10 @@ TEST_F(PlotDriver, ShownGirdlesAreDrawnAndTheMeanIsNone) {
 
 TEST_F(PlotDriver, GirdlesThatTheStatisticsLeaveOpenAreNotDrawn) {
     AddRow(30, 120);
-    auto& values = ActiveRecord().AxisItems[10];
-    values[0] = true;
-    values[2] = TaggedValue();
-    values[3] = TaggedValue();
+    auto& values = ActiveRecord().AxisItems[kGirdleItem];
+    values[kItemShown] = true;
+    values[kItemPlunge] = TaggedValue();
+    values[kItemTrend] = TaggedValue();
     ReplotActivePlot(false);
     EXPECT_TRUE(Drawn(Kind::Arc).empty());
     EXPECT_EQ(Drawn(Kind::Markers).size(), 1U) << "the row alone";
@@ -529,10 +530,10 @@ TEST_F(PlotDriver, TheNumberBoxOfARoseTellsWhatItsPetalsMakeUp) {
     PlotRecord& record = ActiveRecord();
     record.PlotKind = kRose;
     record.NumValidData = 40;
-    record.RoseStats[0][0] = 40;
-    record.RoseStats[1][0] = 12.5;
+    record.RoseStats[kRoseCount][kRawTotal] = 40;
+    record.RoseStats[kRoseValueSum][kRawTotal] = 12.5;
     EXPECT_EQ(NumberBoxText(), "40");
-    record.RoseStats[0][0] = 170; // grouped rows
+    record.RoseStats[kRoseCount][kRawTotal] = 170; // grouped rows
     EXPECT_EQ(NumberBoxText(), "170 (40)");
     record.RoseType = 8;
     EXPECT_EQ(NumberBoxText(), "12.5 (40)");

@@ -114,7 +114,7 @@ protected:
         const PlotRecord& record = RecordOf(slot);
         std::vector<std::string> rows = {"valid " + std::to_string(record.NumValidData) + " of "
                                          + std::to_string(record.NumData)};
-        for (int k = 1; k <= record.OverlayRows[0]; ++k) {
+        for (int k = 1; k <= record.OverlayRows[kOverlayCount]; ++k) {
             rows.push_back("overlay " + std::to_string(record.OverlayRows[static_cast<size_t>(k)])
                            + " kind " + std::to_string(record.OverlayKind[static_cast<size_t>(k)]));
         }

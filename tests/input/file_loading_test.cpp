@@ -182,7 +182,7 @@ TEST_F(FileLoading, ANumberThatIsTheInvalidMarkIsToldAsInvalid) {
     EXPECT_EQ(LastLoad().rowsValid, 5);
     EXPECT_EQ(gAppNumeric(gActivePlot, 1), kInvalidNumber);
     EXPECT_EQ(gAppNumeric(gActivePlot, 4), -9998.0F);
-    EXPECT_EQ(ActiveRecord().AppendedMin[0], -9998) << "the mark is not a minimum";
+    EXPECT_EQ(ActiveRecord().AppendedMin[kOfNumbers], -9998) << "the mark is not a minimum";
 }
 
 TEST_F(FileLoading, AppendedDataThatAFileIsNotReadForAreNoneOfItsFaults) {

@@ -228,7 +228,7 @@ TEST_F(FormatChoiceTest, WantsAPlungeOfDirectionsThatJoinAPlotWithOverlays) {
     EXPECT_TRUE(ColumnsInUse(ChoiceOf(question))[kSlotDip]);
     question.command = "Merge";
     EXPECT_FALSE(ColumnsInUse(ChoiceOf(question))[kSlotDip]);
-    ActiveRecord().OverlayRows[0] = 1;
+    ActiveRecord().OverlayRows[kOverlayCount] = 1;
     EXPECT_TRUE(ColumnsInUse(ChoiceOf(question))[kSlotDip]);
 }
 
@@ -583,12 +583,12 @@ TEST_F(FormatChoiceTest, FindsTheSymbolsOfTheRowsToCome) {
     question.command = "Overlay";
     question.path = "b.txt";
     EXPECT_EQ(SymbolRowsOf(question), (std::array<int, 2>{3, 4}));
-    ActiveRecord().OverlayRows[0] = 1;
+    ActiveRecord().OverlayRows[kOverlayCount] = 1;
     ActiveRecord().OverlayFiles[1] = {"a.txt"};
     EXPECT_EQ(SymbolRowsOf(question), (std::array<int, 2>{4, 5}));
     ActiveRecord().OverlayFiles[1] = {"b.txt"};
     EXPECT_EQ(SymbolRowsOf(question), (std::array<int, 2>{3, 4})) << "asked for the second time";
-    ActiveRecord().OverlayRows[0] = 0;
+    ActiveRecord().OverlayRows[kOverlayCount] = 0;
     ActiveRecord().AxesTitle = "axes";
     question.command = "Merge";
     EXPECT_EQ(SymbolRowsOf(question), (std::array<int, 2>{19, 20}));
@@ -598,11 +598,11 @@ TEST_F(FormatChoiceTest, KnowsTheFirstSymbolsWithoutTouchingTheTables) {
     const SymbolRow first = gSymbolTable[kRowSymbol];
     gSymbolTable[kRowSymbol] = {9, 9, 9};
     gColourTable[3] = 42;
-    gAxisStyleTable[0] = {1, 2, 3};
+    gAxisStyleTable[kBetaAxisStyle] = {1, 2, 3};
     EXPECT_EQ(FirstSymbol(kRowSymbol), first);
     EXPECT_EQ(gSymbolTable[kRowSymbol], (SymbolRow{9, 9, 9}));
     EXPECT_EQ(gColourTable[3], 42U);
-    EXPECT_EQ(gAxisStyleTable[0], (AxisStyle{1, 2, 3}));
+    EXPECT_EQ(gAxisStyleTable[kBetaAxisStyle], (AxisStyle{1, 2, 3}));
 }
 
 TEST_F(FormatChoiceTest, NamesDelimiters) {

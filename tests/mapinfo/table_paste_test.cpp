@@ -565,7 +565,7 @@ TEST_F(TablePaste, ValuesOfAPassThatIsRepeatedLeaveNoTrace) {
     Expect("invalid orientation data", Button::Ignore);
     Expect("1 invalid data have been detected");
     ASSERT_EQ(PasteMITable("Joints", kMergeCommand), kMergeCommand);
-    EXPECT_DOUBLE_EQ(ActiveRecord().AppendedMax[0], 1.5);
+    EXPECT_DOUBLE_EQ(ActiveRecord().AppendedMax[kOfNumbers], 1.5);
 }
 
 TEST_F(TablePaste, TellsTheWindowsThatATableIsPlotted) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/class_stats.h"
 #include "core/replot.h"
 #include "core/row_table.h"
 #include "core/settings_value.h"
@@ -42,7 +43,7 @@ protected:
             record.OverlayKind[k + 1] = static_cast<std::int16_t>(k % 4);
             record.NumLoadedData += overlays[k];
         }
-        record.OverlayRows[0] = static_cast<std::int32_t>(overlays.size());
+        record.OverlayRows[kOverlayCount] = static_cast<std::int32_t>(overlays.size());
         if (record.NumLoadedData == 0) {
             return;
         }
@@ -103,15 +104,15 @@ protected:
         record.AxisItems[4] = {true,         std::string("30/120"), 1.25,
                                0.5F,         std::int32_t{3},       std::int16_t{1},
                                TaggedValue()};
-        record.RoseStats[0][0] = 123456.5;
+        record.RoseStats[kRoseCount][kRawTotal] = 123456.5;
         record.RoseMeanDir = {123.456789012345, -1e-300};
-        record.RoseRangeA[2][1] = 1e300;
+        record.RoseRangeA[kBottomRoseLayer][kInUnits] = 1e300;
         record.RoseType = 12;
         record.RoseScaleType = "circ2.5";
-        record.DistinctValues[3][1] = std::string("gr\xc3\xa8s");
-        record.DistinctValues[10][0] = 0.1;
-        record.ClassTable[12][2] = std::string("last");
-        record.ClassStats[4][1] = kUnsetValue;
+        record.DistinctValues[3][kOfTexts] = std::string("gr\xc3\xa8s");
+        record.DistinctValues[10][kOfNumbers] = 0.1;
+        record.ClassTable[kFlagRow][kNameClasses] = std::string("last");
+        record.ClassStats[kGridChoice][kBackground] = kUnsetValue;
         record.HasFrequencyColumn = kTrue;
         record.PlotAnnotations = std::make_unique<Annotations>();
         record.PlotAnnotations->push_back({1, -2, 3, 4, 5, 6, "17", {{7, -8}, {9, 10}}});

@@ -199,7 +199,7 @@ TEST_F(BinarySaving, OpeningTellsNameCaptionAndRecentFile) {
     const std::string path = Path("old.qpx");
     EXPECT_EQ(record.PlotTitle, "old.qpx: 1");
     EXPECT_EQ(record.FileTitle, "old.qpx");
-    EXPECT_EQ(record.FileNames[1], path);
+    EXPECT_EQ(record.FileNames[kFirstFile], path);
     EXPECT_EQ(record.SaveFileName, path);
     EXPECT_EQ(record.NumFiles, 1);
     EXPECT_EQ(record.Modified, 0);
@@ -232,7 +232,7 @@ TEST_F(BinarySaving, APlotFileCannotJoinAnother) {
     Expect("You can't Overlay this type of file with this plot.", Button::Ok);
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, path), kBinaryCommand);
     EXPECT_EQ(CountOpenPlots(), 2);
-    EXPECT_EQ(RecordOf(1).OverlayRows[0], 0);
+    EXPECT_EQ(RecordOf(1).OverlayRows[kOverlayCount], 0);
 }
 
 TEST_F(BinarySaving, TheSliderFollowsTheGridOfTheFile) {

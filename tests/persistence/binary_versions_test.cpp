@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/class_stats.h"
 #include "input/file_loading.h"
 #include "orientation/angles.h"
 #include "persistence/binary_plot_file.h"
@@ -72,11 +73,11 @@ TEST_F(BinaryVersions, RowsComeBackFromAll) {
         EXPECT_EQ(record.GridSize, 10);
         EXPECT_EQ((*record.DensityGrid)[3][7], 307);
         EXPECT_EQ(record.ContourLevels[4], 16);
-        EXPECT_EQ(record.FabricResults[2][1], 0.25F * 5);
+        EXPECT_EQ(record.FabricResults[kEastOfAxis][kLeastAxis], 0.25F * 5);
         EXPECT_EQ(record.FabricValueB, 1.5F);
         EXPECT_EQ(record.RoseMinBiasAngle, 7);
         EXPECT_EQ(record.RoseDisplay8, kTrue);
-        EXPECT_EQ(TextOf(record.AxisItems[9][1]), "item 9");
+        EXPECT_EQ(TextOf(record.AxisItems[kMeanPlaneItem][kItemText]), "item 9");
     }
 }
 
@@ -94,9 +95,12 @@ const std::vector<Since>& AllSince() {
         {"FabricValueD", 72, [](const PlotRecord& r) { return r.FabricValueD == 2.25F; }},
         {"FabricValueE", 72, [](const PlotRecord& r) { return r.FabricValueE == 3.25F; }},
         {"StatsBoxKind", 72, [](const PlotRecord& r) { return r.StatsBoxKind == kTrue; }},
-        {"EigenResults", 72, [](const PlotRecord& r) { return r.EigenResults[3][3] == 5.5F; }},
+        {"EigenResults", 72,
+         [](const PlotRecord& r) { return r.EigenResults[kSymmetryStatistic][kLogRatio] == 5.5F; }},
         {"AxisItems 10", 72,
-         [](const PlotRecord& r) { return TextOf(r.AxisItems[10][1]) == "item 10"; }},
+         [](const PlotRecord& r) {
+             return TextOf(r.AxisItems[kGirdleItem][kItemText]) == "item 10";
+         }},
         {"annotations", 80,
          [](const PlotRecord& r) {
              return r.PlotAnnotations != nullptr && r.PlotAnnotations->size() == 2
@@ -115,29 +119,43 @@ const std::vector<Since>& AllSince() {
         {"RoseZeroCircle", 90, [](const PlotRecord& r) { return r.RoseZeroCircle == 10; }},
         {"RoseKappa", 90, [](const PlotRecord& r) { return r.RoseKappa == 0.1 * 5; }},
         {"RoseSectorSize", 90, [](const PlotRecord& r) { return r.RoseSectorSize == 20; }},
-        {"RoseResultant", 90, [](const PlotRecord& r) { return r.RoseResultant[1] == 0.02; }},
+        {"RoseResultant", 90,
+         [](const PlotRecord& r) { return r.RoseResultant[kOfDoubledAngles] == 0.02; }},
         {"RoseRangeB", 90,
-         [](const PlotRecord& r) { return r.RoseRangeA[2][1] == 6 && r.RoseRangeB[0][0] == 7; }},
-        {"RoseStats", 90, [](const PlotRecord& r) { return r.RoseStats[6][2] == 120; }},
+         [](const PlotRecord& r) {
+             return r.RoseRangeA[kBottomRoseLayer][kInUnits] == 6
+                    && r.RoseRangeB[kTopRoseLayer][kInPerCent] == 7;
+         }},
+        {"RoseStats", 90,
+         [](const PlotRecord& r) {
+             return r.RoseStats[kRoseWindFrequencySum][kLargestSector] == 120;
+         }},
         {"AppendedMax", 90,
-         [](const PlotRecord& r) { return r.AppendedMin[1] == -2.5 && r.AppendedMax[0] == 11.5; }},
+         [](const PlotRecord& r) {
+             return r.AppendedMin[kOfTexts] == -2.5 && r.AppendedMax[kOfNumbers] == 11.5;
+         }},
         {"DistinctValues", 90,
          [](const PlotRecord& r) {
-             return NumberOf(r.DistinctValues[10][0]) == 5
-                    && TextOf(r.DistinctValues[1][1]) == "t1";
+             return NumberOf(r.DistinctValues[10][kOfNumbers]) == 5
+                    && TextOf(r.DistinctValues[1][kOfTexts]) == "t1";
          }},
-        {"ClassTable", 90, [](const PlotRecord& r) { return NumberOf(r.ClassTable[2][1]) == 15; }},
+        {"ClassTable", 90,
+         [](const PlotRecord& r) {
+             return NumberOf(r.ClassTable[kLowestRow + 1][kTextNumberClasses]) == 15;
+         }},
         {"NumClassified", 90, [](const PlotRecord& r) { return r.NumClassified == 2; }},
         {"LayerVisible", 91,
          [](const PlotRecord& r) { return r.LayerVisible[0] == kTrue && r.LayerVisible[1] == 0; }},
         {"RoseMedian", 92, [](const PlotRecord& r) { return r.RoseMedian == 33.5; }},
         {"ClassHigh", 92, [](const PlotRecord& r) { return r.ClassHigh == 70; }},
-        {"RoseMeanDir", 92, [](const PlotRecord& r) { return r.RoseMeanDir[1] == 88.5; }},
-        {"ClassStats", 94, [](const PlotRecord& r) { return r.ClassStats[4][1] == 9.5; }},
+        {"RoseMeanDir", 92,
+         [](const PlotRecord& r) { return r.RoseMeanDir[kOfDoubledAngles] == 88.5; }},
+        {"ClassStats", 94,
+         [](const PlotRecord& r) { return r.ClassStats[kGridChoice][kBackground] == 9.5; }},
         {"HasFrequencyColumn", 944,
          [](const PlotRecord& r) { return r.HasFrequencyColumn == kTrue; }},
         {"AxisItems 8", 95,
-         [](const PlotRecord& r) { return TextOf(r.AxisItems[8][1]) == "item 8"; }},
+         [](const PlotRecord& r) { return TextOf(r.AxisItems[8][kItemText]) == "item 8"; }},
     };
     return all;
 }
@@ -168,7 +186,8 @@ TEST_F(BinaryVersions, WhatAFileLacksIsAsInANewPlot) {
     EXPECT_EQ(record.FabricValueE, record.FabricValueB);
     EXPECT_EQ(record.FabricValueC, 0.75);
     EXPECT_EQ(record.PlotAnnotations, nullptr);
-    EXPECT_EQ((*record.PlotSmallCircles)[4].LineColour, gAxisStyleTable[kSmallCircleStyle][0]);
+    EXPECT_EQ((*record.PlotSmallCircles)[4].LineColour,
+              gAxisStyleTable[kSmallCircleStyle][kStyleColour]);
     EXPECT_EQ(record.RoseSectorFraction, 55);
     EXPECT_EQ(record.RoseType, 1);
     EXPECT_EQ(record.RoseSectorSize, 15) << "the earlier field";
@@ -181,12 +200,12 @@ TEST_F(BinaryVersions, RangesOfBeforeNineAreFoundInTheRows) {
     ASSERT_EQ(Load(SampleOfVersion({80, "", ""})), "8.0");
     const PlotRecord& record = ActiveRecord();
     // The error row's 0 and the invalid number take no part.
-    EXPECT_EQ(record.AppendedMin[0], 1.5);
-    EXPECT_EQ(record.AppendedMax[0], 300);
-    EXPECT_EQ(record.AppendedMin[1], -3);
-    EXPECT_EQ(record.AppendedMax[1], 12.5);
-    EXPECT_EQ(TextOf(record.DistinctValues[2][1]), "-3");
-    EXPECT_TRUE(IsEmpty(record.DistinctValues[3][1]));
+    EXPECT_EQ(record.AppendedMin[kOfNumbers], 1.5);
+    EXPECT_EQ(record.AppendedMax[kOfNumbers], 300);
+    EXPECT_EQ(record.AppendedMin[kOfTexts], -3);
+    EXPECT_EQ(record.AppendedMax[kOfTexts], 12.5);
+    EXPECT_EQ(TextOf(record.DistinctValues[2][kOfTexts]), "-3");
+    EXPECT_TRUE(IsEmpty(record.DistinctValues[3][kOfTexts]));
 }
 
 TEST_F(BinaryVersions, EarlierRosesTakeTheirPresentNumbers) {
@@ -222,11 +241,13 @@ TEST_F(BinaryVersions, GirdlesOfBeforeNineOneAreNamedAnew) {
     gPlaneSeparator = "/";
     // The pole 0.5, 0.25 radians: the plane dips pi/2 - 0.5 = 61.35 to 0.25 + pi = 194.3 degrees.
     ASSERT_EQ(Load(SampleOfVersion({90, "", ""})), "9.0");
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][1]), "61/194");
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[9][1]), "item 9") << "named with the statistics";
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[7][1]), "") << "an invalid girdle has no name";
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][kItemText]), "61/194");
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[kMeanPlaneItem][kItemText]), "item 9")
+        << "named with the statistics";
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[7][kItemText]), "")
+        << "an invalid girdle has no name";
     ASSERT_EQ(Load(SampleOfVersion({91, "", ""})), "9.1");
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][1]), "item 3");
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[3][kItemText]), "item 3");
 }
 
 TEST_F(BinaryVersions, GridsOfValuesComeNodeByNodeInBothLayers) {
@@ -271,7 +292,7 @@ TEST_F(BinaryVersions, TheFullVersionIsTakenWithoutWhatFillsIt) {
         }
         ASSERT_NE(Load(bytes), kLoadError) << test.what;
         EXPECT_EQ(ActiveRecord().HasFrequencyColumn != 0, test.hasFrequency) << test.what;
-        EXPECT_EQ(ActiveRecord().ClassStats[4][1], 9.5) << test.what;
+        EXPECT_EQ(ActiveRecord().ClassStats[kGridChoice][kBackground], 9.5) << test.what;
     }
 }
 
@@ -300,7 +321,7 @@ TEST_F(BinaryVersions, FilesOfLaterVersionsOpenWithAWarning) {
         // What a later version adds comes after the fields of this one.
         ASSERT_EQ(Load(bytes + "more"), test.first) << test.full;
         EXPECT_EQ(ActiveRecord().NumData, 4) << test.full;
-        EXPECT_EQ(TextOf(ActiveRecord().AxisItems[8][1]), "item 8") << test.full;
+        EXPECT_EQ(TextOf(ActiveRecord().AxisItems[8][kItemText]), "item 8") << test.full;
         EXPECT_EQ(prompts.Problems(), "") << test.full;
     }
 }

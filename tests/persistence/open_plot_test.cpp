@@ -55,7 +55,7 @@ TEST_F(OpenPlot, ANewPlotHoldsTheRowsAndTheNameOfItsFile) {
     EXPECT_EQ(record.NumFiles, 1);
     EXPECT_EQ(record.FileTitle, "beds.txt");
     EXPECT_EQ(record.PlotTitle, "beds.txt: 1");
-    EXPECT_EQ(record.FileNames[1], (folder / "beds.txt").string());
+    EXPECT_EQ(record.FileNames[kFirstFile], (folder / "beds.txt").string());
     EXPECT_EQ(Dip(1), 30);
     EXPECT_EQ(Azimuth(2), 270);
     EXPECT_EQ(gDataDip(gActivePlot, 0), 0) << "row 0 is never used";
@@ -219,7 +219,7 @@ TEST_F(OpenPlot, TheSecondOverlayOfAFileIsRefused) {
     Open("a.txt", "30\t120\n");
     const std::string overlay = WriteFile("b.txt", "40\t100\n50\t90\n");
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, overlay), kOverlayCommand);
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(ActiveRecord().OverlayRows[1], 2);
     EXPECT_EQ(ActiveRecord().NumData, 1);
     EXPECT_EQ(ActiveRecord().NumValidData, 1);
@@ -227,7 +227,7 @@ TEST_F(OpenPlot, TheSecondOverlayOfAFileIsRefused) {
     EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt");
     Expect("You have already plotted this file");
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, overlay), kLoadError);
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(ActiveRecord().NumFiles, 2);
     EXPECT_EQ(ActiveRecord().PlotTitle, "a.txt: 1 + b.txt");
 }
@@ -283,10 +283,10 @@ TEST_F(OpenPlot, TwentyFilesAndTwentyOverlaysAreTheMost) {
     Expect("You can't have more than 20 total files in any one plot.");
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
     ActiveRecord().NumFiles = 1;
-    ActiveRecord().OverlayRows[0] = 20;
+    ActiveRecord().OverlayRows[kOverlayCount] = 20;
     Expect("You can't overlay more than 20 datasets in any one plot.");
     EXPECT_EQ(OpenPlotFile(kOverlayCommand, WriteFile("b.txt", "1\t1\n")), kLoadError);
-    ActiveRecord().OverlayRows[0] = 0;
+    ActiveRecord().OverlayRows[kOverlayCount] = 0;
 }
 
 TEST_F(OpenPlot, AMissingSecondaryValueIsNeverZero) {
@@ -491,12 +491,12 @@ TEST_F(OpenPlot, RemovingAnOverlayLeavesNoTraceOfIt) {
     ActiveRecord().SelectedOverlay = 1;
     RemoveLastOverlay(gActivePlot);
     const PlotRecord& record = ActiveRecord();
-    EXPECT_EQ(record.OverlayRows[0], 0);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(record.NumLoadedData, 1);
     EXPECT_EQ(record.NumData, 1);
     EXPECT_EQ(record.NumValidData, 1);
     EXPECT_EQ(record.NumFiles, 1);
-    EXPECT_EQ(record.FileNames[2], "");
+    EXPECT_EQ(record.FileNames[kFirstFile + 1], "");
     EXPECT_EQ(record.PlotTitle, "a.txt: 1");
     EXPECT_EQ(record.SelectedOverlay, 0);
     EXPECT_TRUE(ActivePlot().rows.errorLines.empty());
@@ -571,7 +571,7 @@ TEST_F(OpenPlot, AMergeThatComesToNothingPutsEverythingBack) {
               kLoadError);
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.NumData, 1);
-    EXPECT_EQ(record.AppendedMax[0], 5);
+    EXPECT_EQ(record.AppendedMax[kOfNumbers], 5);
     EXPECT_EQ(record.Modified, 0);
     EXPECT_EQ(record.FileHeadLine, "head 1");
     EXPECT_EQ(record.PlotTitle, "a.txt: 1");
@@ -703,7 +703,7 @@ TEST_F(OpenPlot, AnAbortedOverlayOrMergeLeavesNoTraceOfItsFile) {
         const PlotRecord& record = ActiveRecord();
         EXPECT_EQ(record.PlotTitle, title) << command;
         EXPECT_EQ(record.NumFiles, 1) << command;
-        EXPECT_EQ(record.OverlayRows[0], 0) << command;
+        EXPECT_EQ(record.OverlayRows[kOverlayCount], 0) << command;
         EXPECT_EQ(record.NumLoadedData, 2) << command;
         EXPECT_EQ(record.Modified, 0) << command;
         EXPECT_EQ(TableOf(gActivePlot).size(), 2U) << command;

@@ -37,10 +37,10 @@ const std::vector<Case>& AllPreferences() {
          [] { return gColourTable[7] == 0x123456; }},
         {"symbol of rows",
          [](Settings& p) {
-             p.styles.symbols[0] = {9, 12, 4};
+             p.styles.symbols[kRowSymbol] = {9, 12, 4};
          },
          [] {
-             return gSymbolTable[0] == SymbolRow{9, 12, 4};
+             return gSymbolTable[kRowSymbol] == SymbolRow{9, 12, 4};
          }},
         {"symbol of overlays",
          [](Settings& p) {
@@ -51,10 +51,10 @@ const std::vector<Case>& AllPreferences() {
          }},
         {"density level",
          [](Settings& p) {
-             p.styles.symbols[15] = {9, 12, 4};
+             p.styles.symbols[kLastBandSymbol] = {9, 12, 4};
          },
          [] {
-             return gSymbolTable[15] == SymbolRow{9, 12, 4};
+             return gSymbolTable[kLastBandSymbol] == SymbolRow{9, 12, 4};
          }},
         {"annotation points",
          [](Settings& p) {
@@ -66,10 +66,10 @@ const std::vector<Case>& AllPreferences() {
          true},
         {"fill of roses",
          [](Settings& p) {
-             p.styles.symbols[16] = {9, 4, 1};
+             p.styles.symbols[kRoseStyle] = {9, 4, 1};
          },
          [] {
-             return gSymbolTable[16] == SymbolRow{9, 4, 1};
+             return gSymbolTable[kRoseStyle] == SymbolRow{9, 4, 1};
          }},
         {"class of roses",
          [](Settings& p) {
@@ -267,7 +267,7 @@ TEST_F(PreferencesTest, FormulasChangeTheBoxesOfAllPlotsAtOnceAndNoPlotIsModifie
     EXPECT_NE(text(rose, PlotBox::StatsNormal).find("= 045-225\r\n"), std::string::npos);
     EXPECT_EQ(text(rose, PlotBox::StatsNormal).find("textbook"), std::string::npos);
     EXPECT_NE(text(fabric, PlotBox::StatsAdvanced).find("gamma = undetermined"), std::string::npos);
-    EXPECT_NEAR(RecordOf(rose).RoseMeanDir[0], kPi / 4, 1e-9);
+    EXPECT_NEAR(RecordOf(rose).RoseMeanDir[kOfAngles], kPi / 4, 1e-9);
     EXPECT_EQ(RecordOf(rose).Modified, 0);
     EXPECT_EQ(RecordOf(fabric).Modified, 0);
     EXPECT_EQ(gActivePlot, fabric);
@@ -407,10 +407,10 @@ TEST_F(PreferencesTest, RowsOfClassesFollowTheStyleOfTheirClass) {
     ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
     gAppNumeric.At(gActivePlot, 1) = 1.0F;
     gAppNumeric.At(gActivePlot, 2) = 3.0F;
-    record.ClassTable[0][0] = 2.0;  // two base classes
-    record.ClassTable[1][0] = 0.0;  // from 0
-    record.ClassTable[2][0] = 2.0;  // to 2
-    record.ClassTable[11][0] = 4.0; // to 4
+    record.ClassTable[kBaseRow][kNumberClasses] = 2.0;       // two base classes
+    record.ClassTable[kLowestRow][kNumberClasses] = 0.0;     // from 0
+    record.ClassTable[kLowestRow + 1][kNumberClasses] = 2.0; // to 2
+    record.ClassTable[kTopRow][kNumberClasses] = 4.0;        // to 4
     record.ClassMode = kClassesByNumber;
     RefreshClassification(ActivePlot(), gSettings.styles);
     const int ofFirst = ClassifyRow(1, kClassesByNumber);
@@ -431,14 +431,14 @@ TEST_F(PreferencesTest, GirdlesInTheFormerStyleTakeTheNewOne) {
     PlotRecord& record = ActiveRecord();
     const AxisStyle former = gAxisStyleTable[kUserGirdleStyle];
     for (std::size_t place = 0; place < 3; ++place) {
-        record.AxisItems[1][4 + place] = former[place];
-        record.AxisItems[2][4 + place] = std::int16_t{3};
+        record.AxisItems[1][kItemColour + place] = former[place];
+        record.AxisItems[2][kItemColour + place] = std::int16_t{3};
     }
     Apply([](Settings& p) { p.styles.axes[kUserGirdleStyle] = {9, 1, 4}; });
-    EXPECT_EQ(NumberOf(record.AxisItems[1][4]), 9);
-    EXPECT_EQ(NumberOf(record.AxisItems[1][5]), 1);
-    EXPECT_EQ(NumberOf(record.AxisItems[1][6]), 4);
-    EXPECT_EQ(NumberOf(record.AxisItems[2][4]), 3) << "another style than the table's";
+    EXPECT_EQ(NumberOf(record.AxisItems[1][kItemColour]), 9);
+    EXPECT_EQ(NumberOf(record.AxisItems[1][kItemDrawStyle]), 1);
+    EXPECT_EQ(NumberOf(record.AxisItems[1][kItemDrawWidth]), 4);
+    EXPECT_EQ(NumberOf(record.AxisItems[2][kItemColour]), 3) << "another style than the table's";
 }
 
 TEST_F(PreferencesTest, SamplesHaveTheStylesThatTheyAreGiven) {

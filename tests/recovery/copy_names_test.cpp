@@ -32,8 +32,8 @@ TEST(RecoveryNames, OfAPlotAreReadBack) {
     record.PlotTitle = "Plot 3: beds.txt";
     record.FileTitle = "beds.txt";
     record.NumFiles = 2;
-    record.FileNames[1] = "/a/beds.txt";
-    record.FileNames[2] = "/a/more beds.txt";
+    record.FileNames[kFirstFile] = "/a/beds.txt";
+    record.FileNames[kFirstFile + 1] = "/a/more beds.txt";
     record.MainFiles = {"/a/beds.txt"};
     record.OverlayFiles[2] = {"/b/x.txt", ""};
     const CopyNames names = NamesOf(record);

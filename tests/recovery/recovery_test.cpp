@@ -172,7 +172,7 @@ TEST_F(Recovery, WritesAgainOnlyWhatHasChanged) {
         {"the text of a row", [&] { gAppText.Set(slot, 1, "slate"); }},
         {"a row more", [] { AddRow(1, 2); }},
         {"the description", [] { ActiveRecord().DescriptionText = "north limb"; }},
-        {"a girdle", [] { ActiveRecord().AxisItems[3][0] = true; }},
+        {"a girdle", [] { ActiveRecord().AxisItems[3][kItemShown] = true; }},
         {"the kind of plot", [] { ActiveRecord().PlotKind = kEqualAngle; }},
         {"a node of a mark",
          [] {
@@ -262,8 +262,8 @@ TEST_F(Recovery, AfterACrashPlotsComeBackUnsavedUnderTheirNames) {
     record.SaveFileName = "/data/a folder/beds.qpx";
     record.FileTitle = "beds.qpx";
     record.NumFiles = 2;
-    record.FileNames[1] = "/data/a.txt";
-    record.FileNames[2] = "/data/b.txt";
+    record.FileNames[kFirstFile] = "/data/a.txt";
+    record.FileNames[kFirstFile + 1] = "/data/b.txt";
     record.MainFiles = {"/data/a.txt"};
     record.OverlayFiles[1] = {"/data/b.txt"};
     record.DescriptionText = "north limb";
@@ -279,7 +279,7 @@ TEST_F(Recovery, AfterACrashPlotsComeBackUnsavedUnderTheirNames) {
     EXPECT_EQ(back.SaveFileName, "/data/a folder/beds.qpx");
     EXPECT_EQ(back.FileTitle, "beds.qpx");
     EXPECT_EQ(back.NumFiles, 2);
-    EXPECT_EQ(back.FileNames[2], "/data/b.txt");
+    EXPECT_EQ(back.FileNames[kFirstFile + 1], "/data/b.txt");
     EXPECT_EQ(back.MainFiles, std::vector<std::string>{"/data/a.txt"});
     EXPECT_EQ(back.OverlayFiles[1], std::vector<std::string>{"/data/b.txt"});
     EXPECT_EQ(back.DescriptionText, "north limb");
@@ -300,7 +300,7 @@ TEST_F(Recovery, APlotWithoutAPathHasNoneAfterwards) {
     EXPECT_EQ(RecordOf(1).PlotTitle, "beds");
     EXPECT_EQ(RecordOf(1).SaveFileName, "");
     EXPECT_EQ(RecordOf(1).NumFiles, 0);
-    EXPECT_EQ(RecordOf(1).FileNames[1], "");
+    EXPECT_EQ(RecordOf(1).FileNames[kFirstFile], "");
 }
 
 TEST_F(Recovery, WhatIsOpenedAgainBelongsToTheNewSession) {

@@ -87,8 +87,8 @@ TEST_F(BothEnds, FillThePetalAboutNorth) {
     AddAxesAboutNorth();
     RosePlot();
     const PlotRecord& record = ActiveRecord();
-    EXPECT_EQ(record.RoseRangeB[0][0], 100) << "per cent in 340 to 20";
-    EXPECT_EQ(record.RoseRangeB[0][1], 9);
+    EXPECT_EQ(record.RoseRangeB[kTopRoseLayer][kInPerCent], 100) << "per cent in 340 to 20";
+    EXPECT_EQ(record.RoseRangeB[kTopRoseLayer][kInUnits], 9);
     ASSERT_EQ(ActiveRose().wedges.size(), 3U);
     EXPECT_NEAR(RadToDeg(ActiveRose().wedges[0].start), 70, 1e-9) << "20 clockwise from north";
     EXPECT_NEAR(RadToDeg(ActiveRose().wedges[0].end), 110, 1e-9);
@@ -118,7 +118,7 @@ TEST_F(BothEnds, CountValuesToo) {
     RosePlot();
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.RoseStats[kRoseValueSum], (std::array<double, 3>{14, 14, 14}));
-    EXPECT_EQ(record.RoseRangeB[0][0], 100);
+    EXPECT_EQ(record.RoseRangeB[kTopRoseLayer][kInPerCent], 100);
     // The other ends: 001 to 004 in 180 to 220, those of 1 each in 140 to 180, with that of 000.
     EXPECT_NEAR(gRoseRadii(5, 0), 1000.0 * 8 / 14, 1e-9);
     EXPECT_NEAR(gRoseRadii(6, 0), 1000.0 * 6 / 14, 1e-9);
@@ -136,7 +136,7 @@ TEST_F(BothEnds, MakePetalsOfTwiceTheWhole) {
             RosePlot();
             double sum = 0;
             for (const double radius : Radii()) {
-                sum += radius / ActiveRecord().RoseRangeA[0][0];
+                sum += radius / ActiveRecord().RoseRangeA[kTopRoseLayer][kInPerCent];
             }
             EXPECT_NEAR(sum, 200, 1e-9) << size << " kind " << kind;
         }
@@ -162,7 +162,7 @@ TEST_F(BothEnds, ShowAHalfOfTheSamePetals) {
         RosePlot();
         EXPECT_EQ(Radii(), whole) << shape;
         EXPECT_EQ(ActiveRose().wedges.size(), wedges) << "what lies in the other half is covered";
-        EXPECT_EQ(ActiveRecord().RoseRangeB[0][0], 100);
+        EXPECT_EQ(ActiveRecord().RoseRangeB[kTopRoseLayer][kInPerCent], 100);
     }
 }
 

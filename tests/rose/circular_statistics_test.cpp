@@ -314,8 +314,8 @@ TEST_F(RoseCircularStatistics, OfFrequenciesGoByTheRows) {
     Work();
     const PlotRecord& record = ActiveRecord();
     const std::complex<double> mean = MomentOf({pi / 18, pi / 9, pi / 3}, 1);
-    EXPECT_NEAR(record.RoseMeanDir[0], std::arg(mean), 1e-12);
-    EXPECT_NEAR(record.RoseResultant[0], std::abs(mean), 1e-12);
+    EXPECT_NEAR(record.RoseMeanDir[kOfAngles], std::arg(mean), 1e-12);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], std::abs(mean), 1e-12);
     EXPECT_NEAR(record.RoseMedian, pi / 9, 1e-12);
     EXPECT_NEAR(record.RoseMeanDev, (10 + 40) / 3.0 * pi / 180, 1e-12);
     EXPECT_TRUE(HasCircularStatistics(record));
@@ -330,7 +330,7 @@ TEST_F(RoseCircularStatistics, OfAxialDataAreHalvedBack) {
     EXPECT_NEAR(RadToDeg(record.RoseMedian), 10, 1e-9);
     EXPECT_NEAR(RadToDeg(record.RoseMeanDev), 30 / 3.0, 1e-9);
     const std::complex<double> mean = MomentOf({-pi / 18, pi / 18, pi / 9}, 2);
-    EXPECT_NEAR(record.RoseMeanDir[0], std::arg(mean) / 2, 1e-12);
+    EXPECT_NEAR(record.RoseMeanDir[kOfAngles], std::arg(mean) / 2, 1e-12);
     EXPECT_NEAR(record.RoseStdDev, std::sqrt(-2 * std::log(std::abs(mean))) / 2, 1e-12);
 }
 
@@ -339,8 +339,8 @@ TEST_F(RoseCircularStatistics, OfValuesGoByTheValues) {
     AddNumbers({1, 3});
     Work(kRoseValue);
     const PlotRecord& record = ActiveRecord();
-    EXPECT_NEAR(record.RoseMeanDir[0], std::atan(3), 1e-12);
-    EXPECT_NEAR(record.RoseResultant[0], std::sqrt(10) / 4, 1e-12);
+    EXPECT_NEAR(record.RoseMeanDir[kOfAngles], std::atan(3), 1e-12);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], std::sqrt(10) / 4, 1e-12);
     EXPECT_EQ(WeightOfStatistics(record), 4);
 }
 
@@ -352,7 +352,7 @@ TEST_F(RoseCircularStatistics, OfMeansAndDeviationsAreNone) {
         EXPECT_GT(ActiveRecord().RoseMedian, 0);
         Work(measure);
         const PlotRecord& record = ActiveRecord();
-        EXPECT_EQ(record.RoseMeanDir[0], 0);
+        EXPECT_EQ(record.RoseMeanDir[kOfAngles], 0);
         EXPECT_EQ(record.RoseVariance, 0);
         EXPECT_EQ(record.RoseStdDev, 0);
         EXPECT_EQ(record.RoseMedian, 0);
@@ -368,8 +368,8 @@ TEST_F(RoseCircularStatistics, OfBothSignsAreNoneOnceTheResultantIsTooLong) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_TRUE(IsResultantTooLong(record));
     EXPECT_FALSE(HasCircularStatistics(record));
-    EXPECT_EQ(record.RoseMeanDir[0], 0);
-    EXPECT_EQ(record.RoseResultant[0], 0);
+    EXPECT_EQ(record.RoseMeanDir[kOfAngles], 0);
+    EXPECT_EQ(record.RoseResultant[kOfAngles], 0);
     EXPECT_EQ(record.RoseStdDev, 0);
     EXPECT_EQ(record.RoseDispersion, 0);
     EXPECT_EQ(record.RoseMedian, 0);
@@ -377,14 +377,14 @@ TEST_F(RoseCircularStatistics, OfBothSignsAreNoneOnceTheResultantIsTooLong) {
     Work(kRoseValue);
     EXPECT_FALSE(IsResultantTooLong(record));
     EXPECT_TRUE(HasCircularStatistics(record));
-    EXPECT_NEAR(record.RoseResultant[0], std::sqrt(10) / 4, 1e-12);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], std::sqrt(10) / 4, 1e-12);
 }
 
 TEST_F(RoseCircularStatistics, WithoutWeightAreNone) {
     AddRows({10, 20});
     AddNumbers({2, -2});
     Work(kRoseValue);
-    EXPECT_EQ(ActiveRecord().RoseMeanDir[0], 0);
+    EXPECT_EQ(ActiveRecord().RoseMeanDir[kOfAngles], 0);
     EXPECT_EQ(ActiveRecord().RoseMedian, 0);
     EXPECT_FALSE(HasCircularStatistics(ActiveRecord()));
     EXPECT_FALSE(IsResultantTooLong(ActiveRecord()));
@@ -447,7 +447,7 @@ TEST_F(RoseCircularStatistics, OfGroupedDataHaveTheMedianOfTheRowsRepeated) {
             record.RoseMinBiasAngle = 5;
             Work();
             worked[isGrouped ? 0 : 1] = {record.RoseMedian, record.RoseMeanDev,
-                                         record.RoseMeanDir[0]};
+                                         record.RoseMeanDir[kOfAngles]};
             ReleasePlotSlot(gActivePlot);
         }
         for (std::size_t i = 0; i < 3; ++i) {
@@ -509,9 +509,9 @@ TEST_F(RoseCircularStatistics, OfAxesCountedAtBothEndsCountEachOnce) {
     }
     const PlotRecord& tens = RecordOf(worked[0]);
     const PlotRecord& forties = RecordOf(worked[1]);
-    EXPECT_EQ(tens.RoseStats[kRoseCount][0], 9);
-    EXPECT_EQ(forties.RoseStats[kRoseCount][0], 9);
-    EXPECT_EQ(forties.RoseStats[kRoseCount][2], 9) << "all have an end in 340 to 20";
+    EXPECT_EQ(tens.RoseStats[kRoseCount][kRawTotal], 9);
+    EXPECT_EQ(forties.RoseStats[kRoseCount][kRawTotal], 9);
+    EXPECT_EQ(forties.RoseStats[kRoseCount][kLargestSector], 9) << "all have an end in 340 to 20";
     EXPECT_EQ(tens.RoseResultant, forties.RoseResultant);
     EXPECT_EQ(tens.RoseMeanDir, forties.RoseMeanDir);
     EXPECT_EQ(tens.RoseMedian, forties.RoseMedian);
@@ -525,7 +525,7 @@ TEST_F(RoseCircularStatistics, OfMoreDataThanAreListedHaveAMedian) {
     ActiveRecord().HasFrequencyColumn = kTrue;
     Work();
     EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMedian), 25, 1e-9);
-    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDir[0]), 25, 1e-9);
+    EXPECT_NEAR(RadToDeg(ActiveRecord().RoseMeanDir[kOfAngles]), 25, 1e-9);
 }
 
 } // namespace

@@ -46,10 +46,10 @@ protected:
     static void ClassifyByLength() {
         PlotRecord& record = ActiveRecord();
         record.RoseType = 10;
-        record.ClassTable[0][kNumberClasses] = std::int16_t{2};
-        record.ClassTable[1][kNumberClasses] = 0.0;
-        record.ClassTable[2][kNumberClasses] = 5.0;
-        record.ClassTable[3][kNumberClasses] = 10.0;
+        record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
+        record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
+        record.ClassTable[kLowestRow + 1][kNumberClasses] = 5.0;
+        record.ClassTable[kLowestRow + 2][kNumberClasses] = 10.0;
     }
 
     static std::string TipAt(double azimuth, double radius) {
@@ -108,7 +108,7 @@ TEST_F(PetalTips, ShareGroupedRowsByRows) {
     ActiveRecord().HasFrequencyColumn = kTrue;
     ClassifyByLength();
     RosePlot();
-    ASSERT_EQ(gRoseSectorStats[0][kRoseCount], 12);
+    ASSERT_EQ(gRoseSectorStats[kAllSectors][kRoseCount], 12);
     EXPECT_NE(TipAt(15, 300).find(": 2 (66.7%)"), std::string::npos) << TipAt(15, 300);
     EXPECT_NE(TipAt(15, 900).find(": 1 (33.3%)"), std::string::npos) << TipAt(15, 900);
 }

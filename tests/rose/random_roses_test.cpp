@@ -134,13 +134,13 @@ protected:
         record.RoseDisplay6 = record.RoseDisplay7 = record.RoseDisplay8 = kTrue;
         record.HasFrequencyColumn = Pick<std::int16_t>({0, kTrue});
         for (const std::size_t column : {0U, 1U}) {
-            record.ClassTable[0][column] = static_cast<std::int16_t>(Below(4));
-            record.ClassTable[1][column] = 1.0;
-            record.ClassTable[2][column] = 20.0;
-            record.ClassTable[11][column] = 100.0;
-            record.ClassTable[12][column] = static_cast<std::int16_t>(Below(4));
+            record.ClassTable[kBaseRow][column] = static_cast<std::int16_t>(Below(4));
+            record.ClassTable[kLowestRow][column] = 1.0;
+            record.ClassTable[kLowestRow + 1][column] = 20.0;
+            record.ClassTable[kTopRow][column] = 100.0;
+            record.ClassTable[kFlagRow][column] = static_cast<std::int16_t>(Below(4));
         }
-        record.ClassTable[0][2] = static_cast<std::int16_t>(Below(2));
+        record.ClassTable[kBaseRow][kNameClasses] = static_cast<std::int16_t>(Below(2));
     }
 
     /// The names of fields that are not finite, and the texts that say so.

@@ -167,9 +167,9 @@ TEST_F(RoseChoicesEngineTest, ClassesOfARoseFollowItsTypeAndWhatTypesAre) {
     record.RoseType = 17;
     EXPECT_EQ(ClassSettingsOfRose().mode, kClassesByNumber);
     record.RoseType = 20;
-    record.ClassTable[0][kNameClasses] = std::int16_t{0};
+    record.ClassTable[kBaseRow][kNameClasses] = std::int16_t{0};
     EXPECT_EQ(ClassSettingsOfRose().mode, kClassesByName);
-    record.ClassTable[0][kNameClasses] = std::int16_t{1};
+    record.ClassTable[kBaseRow][kNameClasses] = std::int16_t{1};
     EXPECT_EQ(ClassSettingsOfRose().mode, kClassesByTextNumber);
 }
 

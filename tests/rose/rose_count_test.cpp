@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "orientation/angles.h"
+#include "rose/circular_statistics.h"
 #include "rose/rose_count.h"
 
 #include <cmath>
@@ -255,7 +256,7 @@ TEST(RoseCount, OfGroupedRowsCountsTheirObservations) {
     EXPECT_EQ(StatsOf(tables, kEndsAt20, kRoseCount), 3);
     EXPECT_EQ(tables.totals[kRoseCount], (std::array<double, 3>{10, 10, 7}));
     EXPECT_EQ(tables.leftOut, 1) << "no count is below 0";
-    EXPECT_NEAR(tables.trigSums[kRoseFrequencyLayer][0],
+    EXPECT_NEAR(tables.trigSums[kRoseFrequencyLayer][kSine],
                 5 * std::sin(5 * M_PI / 180) + 2 * std::sin(6 * M_PI / 180)
                     + 3 * std::sin(15 * M_PI / 180),
                 1e-12);
@@ -354,7 +355,7 @@ TEST(RoseCount, WeighsRowsByTheirAngleToTheSampleLine) {
     EXPECT_NEAR(tables.totals[kRoseCount][1], 4 + 2 * steep, 1e-12);
     EXPECT_NEAR(tables.totals[kRoseCount][2], steep, 1e-12);
     EXPECT_NEAR(tables.totals[kRoseValueSum][1], 24 + 8 * steep, 1e-10);
-    EXPECT_NEAR(tables.trigSums[kRoseFrequencyLayer][1],
+    EXPECT_NEAR(tables.trigSums[kRoseFrequencyLayer][kCosine],
                 4 * std::cos(M_PI / 6) + 2 * steep * std::cos(5 * M_PI / 180), 1e-12);
 }
 
@@ -415,7 +416,7 @@ TEST(RoseCount, PutsEachRowIntoOneSectorWhateverTheLayout) {
         const RoseTables tables = Count(settings, {.azimuths = RandomAzimuths(random, 500)});
         const std::vector<double> counts = CountsBySector(tables);
         EXPECT_EQ(std::accumulate(counts.begin(), counts.end(), 0.0), 500) << size << ' ' << start;
-        EXPECT_EQ(tables.stats[0][kRoseCount], 500);
+        EXPECT_EQ(tables.stats[kAllSectors][kRoseCount], 500);
         EXPECT_EQ(tables.angles.size(), 501U);
     }
 }

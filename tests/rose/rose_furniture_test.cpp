@@ -115,8 +115,8 @@ protected:
         NewPlot();
         PlotRecord& record = ActiveRecord();
         record.RoseScaleType = "tick5";
-        record.RoseRangeB[0] = {20, 20};
-        record.RoseRangeA[0] = {50, 50};
+        record.RoseRangeB[kTopRoseLayer] = {20, 20};
+        record.RoseRangeA[kTopRoseLayer] = {50, 50};
         record.RoseDisplay6 = 0;
         record.RoseDisplay7 = 0;
         gRoseAxesStyle = 2;
@@ -266,8 +266,8 @@ TEST_F(DrawRoseScaleTest, StandsTicksUpWhereThereIsNoAxis) {
 TEST_F(DrawRoseScaleTest, HasNoMarksOnAnEmptyRose) {
     PlotRecord& record = ActiveRecord();
     record.RoseDisplay6 = kTrue;
-    record.RoseRangeA[0] = {0, 0};
-    record.RoseRangeB[0] = {0, 0};
+    record.RoseRangeA[kTopRoseLayer] = {0, 0};
+    record.RoseRangeB[kTopRoseLayer] = {0, 0};
     gRoseOuterCircle = true;
     EXPECT_EQ(Draw().size(), 1U);
 }
@@ -378,9 +378,9 @@ TEST_F(CompassPointsTest, KeepsNamesInTheWindowAndClearOfCircleAndEachOther) {
 TEST_F(CompassPointsTest, MakesRoomForTheArrowOfTheMean) {
     PlotRecord& record = ActiveRecord();
     record.RoseDisplay7 = kTrue;
-    record.RoseStats[0] = {30, 30, 5};
+    record.RoseStats[kRoseCount] = {30, 30, 5};
     record.RoseResultant = {0.8, 0.5};
-    record.RoseMeanDir[0] = 0.02;
+    record.RoseMeanDir[kOfAngles] = 0.02;
     gRoseDirectional = true;
     gRoseSectors = RoseSectorTable(4, 1);
     gRoseSectors(0, 0, kRoseValueLayer) = 30;

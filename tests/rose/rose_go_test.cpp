@@ -50,9 +50,9 @@ protected:
         for (std::int32_t row = 1; row <= record.NumData; ++row) {
             gAppNumeric.At(gActivePlot, row) = 1;
         }
-        record.ClassTable[0][0] = std::int16_t{1};
-        record.ClassTable[1][0] = 0.0;
-        record.ClassTable[11][0] = 10.0;
+        record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{1};
+        record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
+        record.ClassTable[kTopRow][kNumberClasses] = 10.0;
     }
 
     DrawingRequests requests;
@@ -205,13 +205,13 @@ TEST_F(RoseGoTest, LeavesClassesOutOfMeansAndDeviations) {
 
 TEST_F(RoseGoTest, WritesAClassTableWhenItIsGivenOne) {
     RoseSettings rose;
-    Record().ClassTable[1][0] = 5.0;
+    Record().ClassTable[kLowestRow][kNumberClasses] = 5.0;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
-    EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 5);
+    EXPECT_EQ(NumberOf(Record().ClassTable[kLowestRow][kNumberClasses]), 5);
     rose.table = Record().ClassTable;
     (*rose.table)[1][0] = 6.0;
     EXPECT_EQ(ApplyRoseSettings(rose).verdict, RoseVerdict::Done);
-    EXPECT_EQ(NumberOf(Record().ClassTable[1][0]), 6);
+    EXPECT_EQ(NumberOf(Record().ClassTable[kLowestRow][kNumberClasses]), 6);
 }
 
 TEST_F(RoseGoTest, WritesOwnLinesAsAMark) {
@@ -313,10 +313,10 @@ TEST_F(RoseGoTest, JudgesTheIntervalByTheRoseAskedFor) {
     RoseSettings fine;
     fine.sectorSize = 10;
     EXPECT_EQ(ApplyRoseSettings(whole).verdict, RoseVerdict::Done);
-    EXPECT_EQ(Record().RoseRangeB[0][0], 100);
+    EXPECT_EQ(Record().RoseRangeB[kTopRoseLayer][kInPerCent], 100);
     fine.interval = 0.5;
     EXPECT_EQ(ApplyRoseSettings(fine).verdict, RoseVerdict::Done);
-    EXPECT_EQ(Record().RoseRangeB[0][0], 50);
+    EXPECT_EQ(Record().RoseRangeB[kTopRoseLayer][kInPerCent], 50);
     EXPECT_EQ(Record().RoseScaleType, "tick0.5");
     whole.interval = 0.5;
     const RoseOutcome outcome = ApplyRoseSettings(whole);
@@ -354,8 +354,9 @@ RoseTraces TracesOf(const PlotRecord& record) {
           record.RoseOddSectorSize, record.RoseStartAngle, double(record.RoseSectorFraction),
           double(record.RoseZeroCircle), double(record.RoseSegShape), double(record.RoseHistStyle),
           double(record.RoseBiasMode), double(record.RoseSamplePlunge),
-          double(record.RoseMinBiasAngle), double(record.RowsChanged), record.RoseRangeA[0][0],
-          NumberOf(record.ClassTable[1][0])}) {
+          double(record.RoseMinBiasAngle), double(record.RowsChanged),
+          record.RoseRangeA[kTopRoseLayer][kInPerCent],
+          NumberOf(record.ClassTable[kLowestRow][kNumberClasses])}) {
         traces.fields += std::to_string(field) + ' ';
     }
     traces.fields += record.RoseScaleType;

@@ -123,13 +123,13 @@ TEST_F(RoseLegendTest, IsSilentOnABiasThatPlaysNoPart) {
 TEST_F(RoseLegendTest, ListsClassesByLength) {
     PlotRecord& record = Record();
     record.RoseType = 10;
-    record.ClassTable[0][0] = std::int16_t{2};
-    record.ClassTable[1][0] = 2.0;
-    record.ClassTable[2][0] = 4.0;
-    record.ClassTable[11][0] = 10.0;
-    record.ClassTable[12][0] = std::int16_t{0};
+    record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
+    record.ClassTable[kLowestRow][kNumberClasses] = 2.0;
+    record.ClassTable[kLowestRow + 1][kNumberClasses] = 4.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 10.0;
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     EXPECT_EQ(Lines(), (Texts{"Data Frequency-Azimuth", "Classified by: Length", "2-4", "4-10"}));
-    record.ClassTable[12][0] = std::int16_t{3};
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{3};
     EXPECT_EQ(TextsOf(RoseClassLines(ActivePlot(), gSettings.styles)),
               (Texts{"< 2", "2-4", "4-10", "> 10"}));
     const auto lines = RoseClassLines(ActivePlot(), gSettings.styles);
@@ -144,13 +144,13 @@ TEST_F(RoseLegendTest, ListsClassesByLength) {
 TEST_F(RoseLegendTest, ListsNoClassThatCanHoldNoRow) {
     PlotRecord& record = Record();
     record.RoseType = 10;
-    record.ClassTable[0][0] = std::int16_t{4};
-    record.ClassTable[1][0] = 2.0;
-    record.ClassTable[2][0] = 4.0;
-    record.ClassTable[3][0] = 4.0;
-    record.ClassTable[4][0] = 10.0;
-    record.ClassTable[11][0] = 10.0;
-    record.ClassTable[12][0] = std::int16_t{0};
+    record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{4};
+    record.ClassTable[kLowestRow][kNumberClasses] = 2.0;
+    record.ClassTable[kLowestRow + 1][kNumberClasses] = 4.0;
+    record.ClassTable[kLowestRow + 2][kNumberClasses] = 4.0;
+    record.ClassTable[kLowestRow + 3][kNumberClasses] = 10.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 10.0;
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     EXPECT_EQ(TextsOf(RoseClassLines(ActivePlot(), gSettings.styles)), (Texts{"2-4", "4-10", "10"}))
         << "not 4-4";
 }
@@ -158,11 +158,11 @@ TEST_F(RoseLegendTest, ListsNoClassThatCanHoldNoRow) {
 TEST_F(RoseLegendTest, ListsClassesByName) {
     PlotRecord& record = Record();
     record.RoseType = 20;
-    record.ClassTable[0][1] = std::int16_t{2};
-    record.ClassTable[0][2] = std::int16_t{0};
-    record.ClassTable[1][2] = std::string("granite");
-    record.ClassTable[2][2] = std::string("gneiss");
-    record.ClassTable[12][1] = std::int16_t{1};
+    record.ClassTable[kBaseRow][kTextNumberClasses] = std::int16_t{2};
+    record.ClassTable[kBaseRow][kNameClasses] = std::int16_t{0};
+    record.ClassTable[kLowestRow][kNameClasses] = std::string("granite");
+    record.ClassTable[kLowestRow + 1][kNameClasses] = std::string("gneiss");
+    record.ClassTable[kFlagRow][kTextNumberClasses] = std::int16_t{1};
     const Texts lines = Lines();
     ASSERT_EQ(lines.size(), 5U);
     EXPECT_EQ(lines[1], "Classified by: Rock");
@@ -175,11 +175,11 @@ TEST_F(RoseLegendTest, MakesPatchesAsWideAsSteppedClasses) {
     PlotRecord& record = Record();
     record.RoseType = 10;
     record.RoseSegShape = 1;
-    record.ClassTable[0][0] = std::int16_t{3};
-    record.ClassTable[12][0] = std::int16_t{1};
-    record.ClassTable[2][0] = 3.0;
-    record.ClassTable[3][0] = 6.0;
-    record.ClassTable[11][0] = 10.0;
+    record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{3};
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{1};
+    record.ClassTable[kLowestRow + 1][kNumberClasses] = 3.0;
+    record.ClassTable[kLowestRow + 2][kNumberClasses] = 6.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 10.0;
     const auto lines = RoseClassLines(ActivePlot(), gSettings.styles);
     ASSERT_EQ(lines.size(), 4U);
     // Sevenths of the whole: 1, 3, 5, 7.
@@ -191,7 +191,7 @@ TEST_F(RoseLegendTest, MakesPatchesAsWideAsSteppedClasses) {
 
 TEST_F(RoseLegendTest, HasNoClassesOfMeans) {
     Record().RoseType = 12;
-    Record().ClassTable[0][0] = std::int16_t{2};
+    Record().ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
     EXPECT_EQ(Lines(), (Texts{"Mean Length - Azimuth", "[Length Means/sector]"}));
 }
 

@@ -50,8 +50,8 @@ protected:
         PlotRecord& record = ActiveRecord();
         record.RoseDisplay7 = kTrue;
         record.RoseDisplay8 = 0;
-        record.RoseStats[0] = {100, 100, 20};
-        record.RoseMeanDir[0] = Radians(60);
+        record.RoseStats[kRoseCount] = {100, 100, 20};
+        record.RoseMeanDir[kOfAngles] = Radians(60);
         record.RoseResultant = {0.8, 0.5};
         record.RoseDispersion = 0.25;
         gRoseSectors = RoseSectorTable(4, 1);
@@ -80,10 +80,10 @@ TEST_F(RoseMeanTest, ShowsNoArrowWhereThereIsNoMean) {
     record.RoseDisplay7 = 0;
     EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty());
     record.RoseDisplay7 = kTrue;
-    record.RoseResultant[0] = 0;
+    record.RoseResultant[kOfAngles] = 0;
     EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty());
     EXPECT_FALSE(RoseConfidenceHalfWidth(ActivePlot()));
-    record.RoseResultant[0] = 0.8;
+    record.RoseResultant[kOfAngles] = 0.8;
     for (const std::int16_t kind : std::array<std::int16_t, 2>{2, 3}) {
         record.RoseType = kind;
         EXPECT_TRUE(RoseArrowAzimuths(ActivePlot()).empty()) << kind;
@@ -148,7 +148,7 @@ TEST_F(RoseMeanTest, KeepsTheRightAngleOfAnIntervalThatDoesNotExistAndDrawsNoArc
 
 TEST_F(RoseMeanTest, CountsTheWeightedDataUnderABiasCorrection) {
     gRoseDirectional = true;
-    ActiveRecord().RoseStats[0] = {100, 400, 20}; // 400 weighted: half the standard error
+    ActiveRecord().RoseStats[kRoseCount] = {100, 400, 20}; // 400 weighted: half the standard error
     EXPECT_NEAR(std::sin(*RoseConfidenceHalfWidth(ActivePlot())), 1.9604 * 0.025, 1e-12);
 }
 

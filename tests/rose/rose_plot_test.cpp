@@ -58,7 +58,7 @@ protected:
         Record().PrimaryFormat = kPrimaryLine;
         Record().AppNumName = "Length";
         Record().AppNonNumName = "Speed";
-        Record().FileNames[1] = "slot" + std::to_string(gActivePlot);
+        Record().FileNames[kFirstFile] = "slot" + std::to_string(gActivePlot);
     }
 
     static void AddRows(const std::vector<RoseRow>& rows) {
@@ -107,10 +107,10 @@ TEST_F(RosePlotTest, GivesEachDirectionItsPetal) {
     ASSERT_TRUE(north != nullptr && east != nullptr);
     EXPECT_NEAR(north->radius, 1000, 1e-9);
     EXPECT_NEAR(east->radius, 1000 / 3.0, 1e-9);
-    EXPECT_EQ(Record().RoseRangeB[0][0], 75);
-    EXPECT_EQ(Record().RoseRangeB[0][1], 3);
-    EXPECT_NEAR(Record().RoseRangeA[0][0], 1000 / 75.0, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeA[0][1], 1000 / 3.0, 1e-9);
+    EXPECT_EQ(Record().RoseRangeB[kTopRoseLayer][kInPerCent], 75);
+    EXPECT_EQ(Record().RoseRangeB[kTopRoseLayer][kInUnits], 3);
+    EXPECT_NEAR(Record().RoseRangeA[kTopRoseLayer][kInPerCent], 1000 / 75.0, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeA[kTopRoseLayer][kInUnits], 1000 / 3.0, 1e-9);
     EXPECT_EQ(RoseScaleInterval(Record()), 20);
     EXPECT_EQ(Record().RowsChanged, 0);
 }
@@ -197,10 +197,10 @@ TEST_F(RosePlotTest, StacksTheLayersOfAWindRose) {
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_EQ(ActiveRose().wedges[i].layer, layers[i]);
     }
-    EXPECT_NEAR(Record().RoseRangeB[0][1], 64, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeB[0][0], 6400 / 118.0, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeB[1][1], 4, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeB[2][1], 2, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kTopRoseLayer][kInUnits], 64, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kTopRoseLayer][kInPerCent], 6400 / 118.0, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kMiddleRoseLayer][kInUnits], 4, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kBottomRoseLayer][kInUnits], 2, 1e-9);
 }
 
 TEST_F(RosePlotTest, LaysValuesOverFrequenciesAndMeans) {
@@ -208,12 +208,12 @@ TEST_F(RosePlotTest, LaysValuesOverFrequenciesAndMeans) {
     Record().RoseType = kRoseValueOverFrequency;
     RosePlot();
     EXPECT_EQ(ActiveRose().wedges.size(), 4U);
-    EXPECT_NEAR(Record().RoseRangeB[1][1], 2, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeB[0][1], 6, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kMiddleRoseLayer][kInUnits], 2, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kTopRoseLayer][kInUnits], 6, 1e-9);
     Record().RoseType = kRoseValueOverMean;
     RosePlot();
-    EXPECT_NEAR(Record().RoseRangeB[1][1], 5, 1e-9);
-    EXPECT_NEAR(Record().RoseRangeB[0][1], 6, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kMiddleRoseLayer][kInUnits], 5, 1e-9);
+    EXPECT_NEAR(Record().RoseRangeB[kTopRoseLayer][kInUnits], 6, 1e-9);
 }
 
 TEST_F(RosePlotTest, TurnsAKindWithoutValuesIntoFrequencies) {
@@ -259,9 +259,11 @@ TEST_F(RosePlotTest, WithoutAColumnNamesWhatIsMissing) {
         {12, "Length", kNoRoseValues},
     };
     for (const bool keepsLow : {false, true}) {
-        Record().ClassTable[0][0] = Record().ClassTable[0][1] = std::int16_t{1};
-        Record().ClassTable[12][0] = Record().ClassTable[12][1] =
-            static_cast<std::int16_t>(keepsLow ? 1 : 0);
+        Record().ClassTable[kBaseRow][kNumberClasses] =
+            Record().ClassTable[kBaseRow][kTextNumberClasses] = std::int16_t{1};
+        Record().ClassTable[kFlagRow][kNumberClasses] =
+            Record().ClassTable[kFlagRow][kTextNumberClasses] =
+                static_cast<std::int16_t>(keepsLow ? 1 : 0);
         for (const Case& test : cases) {
             Record().RoseType = test.type;
             Expect(std::string("No appended ") + test.name
@@ -290,10 +292,10 @@ TEST_F(RosePlotTest, OfWindEnergyNamesTheTextsWhenTheyAreMissing) {
 TEST_F(RosePlotTest, NamesTheLengthsWhenNoRowFallsInOne) {
     AddFourRows();
     Record().RoseType = 10;
-    Record().ClassTable[0][0] = std::int16_t{1};
-    Record().ClassTable[1][0] = 100.0;
-    Record().ClassTable[11][0] = 200.0;
-    Record().ClassTable[12][0] = std::int16_t{0};
+    Record().ClassTable[kBaseRow][kNumberClasses] = std::int16_t{1};
+    Record().ClassTable[kLowestRow][kNumberClasses] = 100.0;
+    Record().ClassTable[kTopRow][kNumberClasses] = 200.0;
+    Record().ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     Expect("No row of this data set falls in a class of Length.\n(Try checking your "
            "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
            "roses.");
@@ -305,10 +307,10 @@ TEST_F(RosePlotTest, NamesTheLengthsWhenNoRowFallsInOne) {
 TEST_F(RosePlotTest, NamesTheClassesWhenNoRowFallsInOne) {
     AddFourRows();
     Record().RoseType = 20;
-    Record().ClassTable[0][1] = std::int16_t{1};
-    Record().ClassTable[0][2] = std::int16_t{0};
-    Record().ClassTable[1][2] = std::string("nothing has this name");
-    Record().ClassTable[12][1] = std::int16_t{0};
+    Record().ClassTable[kBaseRow][kTextNumberClasses] = std::int16_t{1};
+    Record().ClassTable[kBaseRow][kNameClasses] = std::int16_t{0};
+    Record().ClassTable[kLowestRow][kNameClasses] = std::string("nothing has this name");
+    Record().ClassTable[kFlagRow][kTextNumberClasses] = std::int16_t{0};
     Expect("No row of this data set falls in a class of Speed.\n(Try checking your "
            "classification range settings)\nThese data will only be plotted as Frequency-Azimuth "
            "roses.");
@@ -323,17 +325,17 @@ TEST_F(RosePlotTest, LeavesDeviationsWithoutSpreadEmpty) {
     RosePlot();
     EXPECT_EQ(Record().RoseType, kRoseVariance);
     EXPECT_TRUE(ActiveRose().wedges.empty());
-    EXPECT_EQ(Record().RoseRangeA[0][0], 0);
+    EXPECT_EQ(Record().RoseRangeA[kTopRoseLayer][kInPerCent], 0);
 }
 
 TEST_F(RosePlotTest, WarnsOnceAboutDelimiters) {
     AddRows({{5, kInvalidNumber, ""}, {15, kInvalidNumber, ""}, {95, 5, ""}});
     Record().RoseType = 10;
     Record().ClassifyCheckPending = kTrue;
-    Record().ClassTable[0][0] = std::int16_t{1};
-    Record().ClassTable[1][0] = 0.0;
-    Record().ClassTable[11][0] = 10.0;
-    Record().ClassTable[12][0] = std::int16_t{0};
+    Record().ClassTable[kBaseRow][kNumberClasses] = std::int16_t{1};
+    Record().ClassTable[kLowestRow][kNumberClasses] = 0.0;
+    Record().ClassTable[kTopRow][kNumberClasses] = 10.0;
+    Record().ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     Expect("of your Appended data contributed valid values");
     RosePlot();
     EXPECT_TRUE(gRoseClassWarned);

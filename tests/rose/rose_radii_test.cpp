@@ -268,7 +268,7 @@ TEST_F(RoseRadiiOfPlot, LeavesTheClassesOutForOneClass) {
     NewPlot();
     PlotRecord& record = ActiveRecord();
     record.RoseType = 10;
-    record.RoseStats[0] = {4, 4, 4};
+    record.RoseStats[kRoseCount] = {4, 4, 4};
     gRoseSectors = RoseSectorTable(2, 3);
     gRoseSectorStats->assign(3, {});
     gRoseSectors(1, 0, kRoseFrequencyLayer) = 4;

@@ -86,7 +86,7 @@ TEST_F(RoseReference, SaysWherePrintedNumbersLean) {
 TEST_F(RoseReference, TakesAFullTurnForNorth) {
     NewRose(kPolarLines, {0, 0, 0});
     const auto lines = Work();
-    EXPECT_EQ(ActiveRecord().RoseMeanDir[0], kTwoPi);
+    EXPECT_EQ(ActiveRecord().RoseMeanDir[kOfAngles], kTwoPi);
     ExpectLine(lines, "mean direction", 0, "");
     ExpectLine(lines, "median of least mean deviation", 0, "");
     const auto kappa = Find(lines, "kappa, maximum likelihood");

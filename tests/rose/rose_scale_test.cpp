@@ -161,7 +161,7 @@ TEST_F(RoseScaleOfPlot, HasItsMarkOfTheLargestSectorAtTheEndOfItsPetal) {
         for (const auto& azimuths : {noneInLast, someInLast}) {
             MakeRose(zeroCircle, azimuths);
             PlotRecord& record = ActiveRecord();
-            ASSERT_EQ(record.RoseRangeB[0][0], 40);
+            ASSERT_EQ(record.RoseRangeB[kTopRoseLayer][kInPerCent], 40);
             ASSERT_EQ(record.RoseOddSectorSize, 10);
             const bool isLastFilled = gRoseSectors(8, 0, kRoseFrequencyLayer) > 0;
             ASSERT_EQ(isLastFilled, azimuths == someInLast);
@@ -189,7 +189,7 @@ TEST_F(RoseScaleOfPlot, HasItsMarkOfTheLargestSectorAtTheEndOfItsPetal) {
 TEST_F(RoseScaleOfPlot, WritesTheIntervalInPlaceOfAuto) {
     NewPlot();
     PlotRecord& record = ActiveRecord();
-    record.RoseRangeB[0][0] = 25;
+    record.RoseRangeB[kTopRoseLayer][kInPerCent] = 25;
     const std::array<std::pair<const char*, const char*>, 6> cases = {{{"tickauto", "tickauto"},
                                                                        {"circauto", "circauto"},
                                                                        {"circ2.5", "circ2.5"},

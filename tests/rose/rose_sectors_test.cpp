@@ -2,6 +2,7 @@
 
 #include "core/plot_store.h"
 #include "rose/bias_weights.h"
+#include "rose/circular_statistics.h"
 #include "rose/rose_plot.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
@@ -266,7 +267,7 @@ TEST_F(RoseSectors, FillTheTablesAndTheRecord) {
     AddValued(5, 2);
     AddValued(6, 5);
     AddValued(95, 1);
-    ActiveRecord().RoseStats[6][2] = 77;
+    ActiveRecord().RoseStats[kRoseWindFrequencySum][kLargestSector] = 77;
     ActiveRecord().RoseStartAngle = 90;
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(gRoseSectors->Sectors(), 36);
@@ -274,16 +275,17 @@ TEST_F(RoseSectors, FillTheTablesAndTheRecord) {
     EXPECT_EQ(gRoseSectors(10, 0, kRoseFrequencyLayer), 2) << "0 to 10";
     EXPECT_EQ(gRoseSectorStats->at(10)[kRoseValueSum], 7);
     EXPECT_EQ(*gRoseAngles, (Sums{0, DegToRad(5), DegToRad(6), DegToRad(95)}));
-    EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][0],
+    EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][kSine],
                 std::sin(5 * M_PI / 180) + std::sin(6 * M_PI / 180) + std::sin(95 * M_PI / 180),
                 1e-12);
     EXPECT_TRUE(gRoseDirectional);
     EXPECT_EQ(*gRoseStartMath, 350);
     EXPECT_TRUE(ActiveRose().isCounted);
     EXPECT_EQ(ActiveRose().leftOut, 0);
-    EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{3, 3, 2}));
-    EXPECT_EQ(ActiveRecord().RoseStats[1], (std::array<double, 3>{8, 8, 7}));
-    EXPECT_EQ(ActiveRecord().RoseStats[6][2], 0) << "of another kind, before";
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount], (std::array<double, 3>{3, 3, 2}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseValueSum], (std::array<double, 3>{8, 8, 7}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseWindFrequencySum][kLargestSector], 0)
+        << "of another kind, before";
 }
 
 TEST_F(RoseSectors, OfAPlotWithoutValidRowsStayAsTheyWere) {
@@ -293,12 +295,12 @@ TEST_F(RoseSectors, OfAPlotWithoutValidRowsStayAsTheyWere) {
     NewRose();
     AddRow(kErrorRow, 0);
     ActiveRecord().RoseSectorSize = 0.5;
-    ActiveRecord().RoseStats[0][0] = 9;
+    ActiveRecord().RoseStats[kRoseCount][kRawTotal] = 9;
     EXPECT_TRUE(RoseCountSectors());
     EXPECT_FALSE(ActiveRose().isCounted);
     EXPECT_EQ(RoseOf(PlotOf(slot)).sectors(0, 0, kRoseValueLayer), 1);
     EXPECT_EQ(ActiveRecord().RoseSectorSize, 0.5);
-    EXPECT_EQ(ActiveRecord().RoseStats[0][0], 9);
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount][kRawTotal], 9);
 }
 
 TEST_F(RoseSectors, LeaveErrorRowsAndOverlaysOut) {
@@ -307,7 +309,7 @@ TEST_F(RoseSectors, LeaveErrorRowsAndOverlaysOut) {
     AddRow(0, 5);
     AddOverlay(kOverlayLines, 0, 5, CodeOfStyleRow(2));
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(ActiveRecord().RoseStats[0][0], 2);
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount][kRawTotal], 2);
 }
 
 TEST_F(RoseSectors, OfPlanesShowStrikesAndAreAxial) {
@@ -319,7 +321,7 @@ TEST_F(RoseSectors, OfPlanesShowStrikesAndAreAxial) {
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_FALSE(gRoseDirectional);
     EXPECT_EQ(gRoseSectors(20, 0, kRoseFrequencyLayer), 20) << "170 to 180";
-    EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{20, 20, 20}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount], (std::array<double, 3>{20, 20, 20}));
 }
 
 TEST_F(RoseSectors, OfPolarLinesThatPointUpAreOppositeTheirLowerEnds) {
@@ -331,7 +333,7 @@ TEST_F(RoseSectors, OfPolarLinesThatPointUpAreOppositeTheirLowerEnds) {
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(*gRoseAngles,
               (Sums{0, DegToRad(50), DegToRad(230), DegToRad(175), DegToRad(180), DegToRad(5)}));
-    EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][1],
+    EXPECT_NEAR(gRoseTrigSums[kRoseFrequencyLayer][kCosine],
                 -std::cos(5 * M_PI / 180) - 1 + std::cos(5 * M_PI / 180), 1e-12);
 }
 
@@ -427,7 +429,7 @@ TEST_F(RoseSectors, StayAsTheyAreWhenTheUserThinksBetterOfIt) {
     Expect(kOddQuestion, Button::Cancel);
     EXPECT_FALSE(RoseCountSectors());
     EXPECT_EQ(gRoseSectors->Sectors(), 36);
-    EXPECT_EQ(ActiveRecord().RoseStats[0][0], 1);
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount][kRawTotal], 1);
     EXPECT_EQ(ActiveRecord().RoseOddSectorSize, 0);
     Expect(kOddQuestion, Button::Cancel);
     EXPECT_FALSE(RoseCountSectors()) << "asked again";
@@ -565,7 +567,7 @@ TEST_F(RoseSectors, ByTypeAsNumberFollowTheDecimalDelimiter) {
     }
     ActiveRecord().RoseType = 20;
     SetLimits(1, 1);
-    ActiveRecord().ClassTable[0][2] = std::int16_t{1};
+    ActiveRecord().ClassTable[kBaseRow][kNameClasses] = std::int16_t{1};
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(RowsByClass(), (Sums{3, 1, 1, 1}));
     EXPECT_EQ(ActiveRose().leftOut, 3);
@@ -589,9 +591,9 @@ TEST_F(RoseSectors, OfWindReadSpeedsFromTheTexts) {
     AddValued(18, kInvalidNumber, "4");
     ActiveRecord().RoseType = 6;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(ActiveRecord().RoseStats[4], (std::array<double, 3>{5, 5, 5}));
-    EXPECT_EQ(ActiveRecord().RoseStats[5], (std::array<double, 3>{620, 620, 620}));
-    EXPECT_EQ(ActiveRecord().RoseStats[6], (std::array<double, 3>{30, 30, 30}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseSpeedSum], (std::array<double, 3>{5, 5, 5}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseEnergySum], (std::array<double, 3>{620, 620, 620}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseWindFrequencySum], (std::array<double, 3>{30, 30, 30}));
     EXPECT_EQ(ActiveRose().leftOut, 2);
 }
 
@@ -601,7 +603,7 @@ TEST_F(RoseSectors, OfGroupedRowsCountObservations) {
     AddValued(25, kInvalidNumber);
     ActiveRecord().HasFrequencyColumn = kTrue;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_EQ(ActiveRecord().RoseStats[0], (std::array<double, 3>{8, 8, 5}));
+    EXPECT_EQ(ActiveRecord().RoseStats[kRoseCount], (std::array<double, 3>{8, 8, 5}));
     EXPECT_EQ(gRoseAngles->size(), 9U);
     EXPECT_EQ(ActiveRose().leftOut, 1);
 }
@@ -613,12 +615,12 @@ TEST_F(RoseSectors, AreWeighedByTheSampleLineOfTheRecord) {
     record.RoseSamplePlunge = 0;
     record.RoseSampleTrend = 0;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_NEAR(record.RoseStats[0][1], 2, 1e-12);
-    EXPECT_EQ(record.RoseStats[0][0], 1);
+    EXPECT_NEAR(record.RoseStats[kRoseCount][kWeightedTotal], 2, 1e-12);
+    EXPECT_EQ(record.RoseStats[kRoseCount][kRawTotal], 1);
     record.RoseSampleTrend = 30;
     record.RoseMinBiasAngle = 10;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_NEAR(record.RoseStats[0][1], 1 / std::sin(10 * M_PI / 180), 1e-9);
+    EXPECT_NEAR(record.RoseStats[kRoseCount][kWeightedTotal], 1 / std::sin(10 * M_PI / 180), 1e-9);
 }
 
 TEST_F(RoseSectors, OfPlanesAreWeighedByTheirPoles) {
@@ -628,7 +630,7 @@ TEST_F(RoseSectors, OfPlanesAreWeighedByTheirPoles) {
     record.RoseBiasMode = kSpaceAngle;
     record.RoseSamplePlunge = 90; // 60 degrees to the plane
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_NEAR(record.RoseStats[0][1], 2 / std::sqrt(3.0), 1e-9);
+    EXPECT_NEAR(record.RoseStats[kRoseCount][kWeightedTotal], 2 / std::sqrt(3.0), 1e-9);
 }
 
 TEST_F(RoseSectors, AreWeighedByTheLinesOfTheRows) {
@@ -639,7 +641,7 @@ TEST_F(RoseSectors, AreWeighedByTheLinesOfTheRows) {
     record.RoseBiasMode = kSpaceAngle;
     record.RoseSamplePlunge = -9999;
     ASSERT_TRUE(RoseCountSectors());
-    EXPECT_NEAR(record.RoseStats[0][1], 3, 1e-12);
+    EXPECT_NEAR(record.RoseStats[kRoseCount][kWeightedTotal], 3, 1e-12);
     EXPECT_EQ(ActiveRose().leftOut, 1);
 }
 
@@ -651,7 +653,7 @@ TEST_F(RoseSectors, WithoutTheLinesOfTheRowsSaySo) {
     Expect("no appended lines");
     ASSERT_TRUE(RoseCountSectors());
     EXPECT_EQ(record.RoseBiasMode, kNoBias);
-    EXPECT_EQ(record.RoseStats[0][1], 1);
+    EXPECT_EQ(record.RoseStats[kRoseCount][kWeightedTotal], 1);
     ASSERT_TRUE(RoseCountSectors()) << "once";
 }
 

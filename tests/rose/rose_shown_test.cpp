@@ -111,7 +111,7 @@ TEST_F(RoseShown, RestoresNothingOfAnotherPlot) {
     RosePlot();
     ReuseSlot();
     EXPECT_FALSE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
-    Record().RoseRangeA[0][0] = 20; // of a file
+    Record().RoseRangeA[kTopRoseLayer][kInPerCent] = 20; // of a file
     EXPECT_FALSE(RestoreRose(ActivePlot(), gSettings.notation.formulas));
 }
 

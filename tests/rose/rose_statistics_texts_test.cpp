@@ -255,7 +255,7 @@ TEST_F(RoseStatisticsTexts, OppositeRowsHaveUndeterminedDirections) {
     EXPECT_TRUE(HasLine(text, "Circ.Median = undetermined"));
     EXPECT_TRUE(HasLine(text, "Circ.Mean Dev.about median = undetermined"));
     EXPECT_TRUE(HasLine(text, "Mean direction of doubled angles = undetermined"));
-    EXPECT_EQ(ActiveRecord().RoseMeanDir[0], 0);
+    EXPECT_EQ(ActiveRecord().RoseMeanDir[kOfAngles], 0);
 }
 
 TEST_F(RoseStatisticsTexts, HalveTheConfidenceIntervalOfAxialData) {

@@ -282,8 +282,8 @@ protected:
 };
 
 TEST_F(DrawRoseWedgesTest, FillsTheWedgesWithTheirStyle) {
-    gSymbolTable[16] = {8, kUpwardHatch, 1};
-    gSymbolTable[17] = {1, 19, 1};
+    gSymbolTable[kRoseStyle] = {8, kUpwardHatch, 1};
+    gSymbolTable[kRoseBackgroundStyle] = {1, 19, 1};
     DrawRoseWedges(0);
     const auto drawn = Drawn();
     ASSERT_EQ(drawn.size(), 2U);
@@ -381,7 +381,7 @@ TEST_F(DrawRoseWedgesTest, BlanksWithThePaperOfAPage) {
     DrawRoseWedges(ActivePlot(), {page, legend, gSettings.styles, DrawnFor::Paper});
     EXPECT_EQ(page.Operations().back().state.fillColour, kWhite);
     // A colour that the user has chosen is the same everywhere.
-    gSymbolTable[17][kPlaceColour] = 13;
+    gSymbolTable[kRoseBackgroundStyle][kPlaceColour] = 13;
     DrawRoseWedges(0);
     EXPECT_EQ(Drawn().back().state.fillColour, TableColour(13));
 }
@@ -397,7 +397,7 @@ TEST_F(DrawRoseWedgesTest, FillsEachClassWithItsOwnStyle) {
 }
 
 TEST_F(DrawRoseWedgesTest, LetsNothingThroughAPatternedClass) {
-    gSymbolTable[24][kPlaceSymbol] = kCrossHatch;
+    gSymbolTable[kFirstRoseClassStyle][kPlaceSymbol] = kCrossHatch;
     gRoseRadii = ThreeClasses();
     DrawRoseWedges(0);
     const auto drawn = Drawn();

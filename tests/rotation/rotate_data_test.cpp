@@ -380,9 +380,10 @@ TEST_F(RotateRows, MarksThePlotAndClearsTheStatusText) {
 TEST_F(RotateRows, StatisticsAndDrawingFollow) {
     PlotOf(kPrimaryPlane, kPlanes, {{30, 40}});
     constexpr float kNoEigenvalue = -1;
-    ActiveRecord().EigenResults[3][1] = kNoEigenvalue;
+    ActiveRecord().EigenResults[kGreatestAxis][kAxisPlunge] = kNoEigenvalue;
     Rotate(AboutAxis(0, 0, 10));
-    EXPECT_NE(ActiveRecord().EigenResults[3][1], kNoEigenvalue) << "worked out";
+    EXPECT_NE(ActiveRecord().EigenResults[kGreatestAxis][kAxisPlunge], kNoEigenvalue)
+        << "worked out";
     EXPECT_FALSE(DrawnOn(Form(gActivePlot).Plot()).empty());
 }
 

@@ -40,9 +40,10 @@ TEST_F(UndoOfRotation, GivesEveryCellBackThatRotatingBackWouldMiss) {
     EXPECT_NE(gDataSymbol(gActivePlot, 4), before.drawn);
     ASSERT_TRUE(CanUndoRotation());
     constexpr float kNoEigenvalue = -1;
-    ActiveRecord().EigenResults[3][1] = kNoEigenvalue;
+    ActiveRecord().EigenResults[kGreatestAxis][kAxisPlunge] = kNoEigenvalue;
     EXPECT_TRUE(UndoRotation());
-    EXPECT_NE(ActiveRecord().EigenResults[3][1], kNoEigenvalue) << "worked out";
+    EXPECT_NE(ActiveRecord().EigenResults[kGreatestAxis][kAxisPlunge], kNoEigenvalue)
+        << "worked out";
     RebuildRowTable(gActivePlot);
     EXPECT_EQ(Cells(), before);
     EXPECT_EQ(ActiveRecord().RotationState, 0);

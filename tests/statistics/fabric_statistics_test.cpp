@@ -47,7 +47,7 @@ protected:
     }
 
     static double Eigenvalue(const PlotRecord& record, std::size_t i) {
-        return static_cast<double>(record.FabricResults[i][0]);
+        return static_cast<double>(record.FabricResults[i][kEigenvalue]);
     }
 
     static void ExpectEigenvalues(const PlotRecord& record, double e1, double e2, double e3) {
@@ -93,7 +93,7 @@ std::vector<double> ResultsOf(const PlotRecord& record) {
         results.push_back(static_cast<double>(value));
     }
     results.push_back(record.FabricValueC);
-    results.push_back(record.RoseResultant[0]);
+    results.push_back(record.RoseResultant[kOfAngles]);
     return results;
 }
 
@@ -113,10 +113,10 @@ TEST_F(FabricStatistics, FourLinesAsDoneByHand) {
     ExpectAxis(record, 1, 0, 0);
     ExpectAxis(record, 2, 0, 90);
     ExpectAxis(record, 3, 90, 0);
-    EXPECT_NEAR(record.EigenResults[1][kShapeNumber], std::log(2.5) / std::log(2.0), 1e-5);
-    EXPECT_NEAR(record.EigenResults[2][kShapeNumber], std::log(5.0), 1e-5);
-    EXPECT_NEAR(record.EigenResults[1][kLogRatio], std::log(2.0), 1e-5);
-    EXPECT_NEAR(record.EigenResults[2][kLogRatio], std::log(2.5), 1e-5);
+    EXPECT_NEAR(record.EigenResults[kGamma][kShapeNumber], std::log(2.5) / std::log(2.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[kZeta][kShapeNumber], std::log(5.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[kMiddleToLeast][kLogRatio], std::log(2.0), 1e-5);
+    EXPECT_NEAR(record.EigenResults[kGreatestToMiddle][kLogRatio], std::log(2.5), 1e-5);
     // m4 = (2 (3/4)^2 + 1) / 4 = 17/32, and the standard error follows.
     EXPECT_NEAR(record.FabricValueC, std::sqrt((0.625 - 0.53125) / 4) / 0.375, kTolerance);
     // The resultant is (0, 1, 1 + sqrt 3).
@@ -125,24 +125,24 @@ TEST_F(FabricStatistics, FourLinesAsDoneByHand) {
     EXPECT_NEAR(record.FabricValueB, std::numbers::pi / 2, kTolerance);
     EXPECT_EQ(record.FabricValueD, record.FabricValueA);
     EXPECT_EQ(record.FabricValueE, record.FabricValueB);
-    EXPECT_NEAR(record.RoseResultant[0], std::hypot(1, down) / 4, kTolerance);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], std::hypot(1, down) / 4, kTolerance);
     EXPECT_NEAR(record.FabricValueF, 1 - std::hypot(1, down) / 4, kTolerance);
 }
 
 TEST_F(FabricStatistics, EigenvectorsStandInColumns) {
     const PlotRecord& record = StatisticsOf(kLines, {{30, 120}, {30, 120}, {30, 120}});
     const testing::Vector axis = testing::LineVector(Radians(30), Radians(120));
-    EXPECT_NEAR(record.FabricResults[1][3], axis.north, kTolerance);
-    EXPECT_NEAR(record.FabricResults[2][3], axis.east, kTolerance);
-    EXPECT_NEAR(record.FabricResults[3][3], axis.down, kTolerance);
+    EXPECT_NEAR(record.FabricResults[kNorthOfAxis][kGreatestAxis], axis.north, kTolerance);
+    EXPECT_NEAR(record.FabricResults[kEastOfAxis][kGreatestAxis], axis.east, kTolerance);
+    EXPECT_NEAR(record.FabricResults[kDownOfAxis][kGreatestAxis], axis.down, kTolerance);
 }
 
 TEST_F(FabricStatistics, OneRowIsAllInOneAxis) {
     const PlotRecord& record = StatisticsOf(kLines, {{37, 222}});
     ExpectEigenvalues(record, 0, 0, 1);
     ExpectAxis(record, 3, 37, 222);
-    EXPECT_EQ(record.EigenResults[1][kShapeNumber], 99999.0F);
-    EXPECT_EQ(record.EigenResults[2][kShapeNumber], 99999.0F);
+    EXPECT_EQ(record.EigenResults[kGamma][kShapeNumber], 99999.0F);
+    EXPECT_EQ(record.EigenResults[kZeta][kShapeNumber], 99999.0F);
     EXPECT_EQ(record.FabricValueC, 99999.0);
     EXPECT_NEAR(record.FabricValueF, 0, kTolerance);
 }
@@ -158,16 +158,16 @@ TEST_F(FabricStatistics, RowsInOnePlaneHaveItAsGirdle) {
     const PlotRecord& record = StatisticsOf(kLines, rows);
     // Rounding to whole degrees leaves a small component out of the plane.
     EXPECT_LT(Eigenvalue(record, 1), 1e-4);
-    EXPECT_NEAR(NumberOf(record.AxisItems[10][2]), Radians(50), 0.01);
-    EXPECT_NEAR(NumberOf(record.AxisItems[10][3]), Radians(255), 0.01);
+    EXPECT_NEAR(NumberOf(record.AxisItems[kGirdleItem][kItemPlunge]), Radians(50), 0.01);
+    EXPECT_NEAR(NumberOf(record.AxisItems[kGirdleItem][kItemTrend]), Radians(255), 0.01);
 }
 
 TEST_F(FabricStatistics, RowsInOneVerticalPlaneHaveNoShape) {
     const PlotRecord& record = StatisticsOf(kLines, {{10, 30}, {40, 30}, {70, 210}, {5, 30}});
     EXPECT_NEAR(Eigenvalue(record, 1), 0, kTolerance);
-    EXPECT_EQ(record.EigenResults[1][kLogRatio], 99999.0F);
-    EXPECT_EQ(record.EigenResults[2][kShapeNumber], 99999.0F);
-    EXPECT_LT(record.EigenResults[2][kLogRatio], 99999.0F);
+    EXPECT_EQ(record.EigenResults[kMiddleToLeast][kLogRatio], 99999.0F);
+    EXPECT_EQ(record.EigenResults[kZeta][kShapeNumber], 99999.0F);
+    EXPECT_LT(record.EigenResults[kGreatestToMiddle][kLogRatio], 99999.0F);
     ExpectAxis(record, 1, 0, 120);
 }
 
@@ -192,11 +192,12 @@ TEST_F(FabricStatistics, VerticalRowsOfDifferentTrendsAreVertical) {
         EXPECT_EQ(record.FabricValueA, static_cast<float>(std::numbers::pi / 2));
         EXPECT_EQ(record.FabricValueB, 0.0F) << "a vertical line has the trend of north";
         EXPECT_EQ(FabricAxis(record, 3).trend, 0);
-        EXPECT_EQ(record.FabricResults[1][3], 0.0F);
-        EXPECT_EQ(record.FabricResults[2][3], 0.0F);
-        EXPECT_EQ(TextOf(record.AxisItems[9][1]), "0/180");
-        EXPECT_EQ(TextOf(record.AxisItems[10][1]), "undetermined") << "two axes are alike";
-        EXPECT_TRUE(IsEmpty(record.AxisItems[10][3]));
+        EXPECT_EQ(record.FabricResults[kNorthOfAxis][kGreatestAxis], 0.0F);
+        EXPECT_EQ(record.FabricResults[kEastOfAxis][kGreatestAxis], 0.0F);
+        EXPECT_EQ(TextOf(record.AxisItems[kMeanPlaneItem][kItemText]), "0/180");
+        EXPECT_EQ(TextOf(record.AxisItems[kGirdleItem][kItemText]), "undetermined")
+            << "two axes are alike";
+        EXPECT_TRUE(IsEmpty(record.AxisItems[kGirdleItem][kItemTrend]));
         ExpectEigenvalues(record, 0, 0, 1);
     }
 }
@@ -227,7 +228,7 @@ TEST_F(FabricStatistics, RowsSummedDecideTheNumberOfRows) {
     ActiveRecord().NumValidData = 2;
     ComputeFabricStatistics();
     ExpectEigenvalues(ActiveRecord(), 0.125, 0.25, 0.625);
-    EXPECT_NEAR(ActiveRecord().RoseResultant[0], std::hypot(1, 1 + std::numbers::sqrt3) / 4,
+    EXPECT_NEAR(ActiveRecord().RoseResultant[kOfAngles], std::hypot(1, 1 + std::numbers::sqrt3) / 4,
                 kTolerance);
 }
 
@@ -283,7 +284,7 @@ TEST_F(FabricStatistics, PolarLinesHaveADirectedMean) {
     const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 0}, {-30, 180}});
     EXPECT_NEAR(record.FabricValueA, 0, kTolerance);
     EXPECT_NEAR(std::cos(static_cast<double>(record.FabricValueB)), 1, kTolerance);
-    EXPECT_NEAR(record.RoseResultant[0], std::cos(Radians(30)), kTolerance);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], std::cos(Radians(30)), kTolerance);
     EXPECT_NEAR(record.FabricValueF, 1 - std::cos(Radians(30)), kTolerance);
     // As axes the two are 60 degrees apart, on both sides of the vertical.
     EXPECT_NEAR(record.FabricValueD, Radians(90), kTolerance);
@@ -292,7 +293,7 @@ TEST_F(FabricStatistics, PolarLinesHaveADirectedMean) {
 
 TEST_F(FabricStatistics, OppositeEndsOfALineCancel) {
     const PlotRecord& record = StatisticsOf(kPolarLines, {{30, 10}, {-30, 10}, {30, 10}});
-    EXPECT_NEAR(record.RoseResultant[0], 1.0 / 3, kTolerance);
+    EXPECT_NEAR(record.RoseResultant[kOfAngles], 1.0 / 3, kTolerance);
     EXPECT_NEAR(record.FabricValueA, Radians(30), kTolerance);
     EXPECT_NEAR(record.FabricValueB, Radians(10), kTolerance);
     ExpectEigenvalues(record, 0, 0, 1);
@@ -311,7 +312,7 @@ TEST_F(FabricStatistics, OpposedDirectionsHaveNoMeanDirection) {
     EXPECT_EQ(record.FabricValueA, 9999.0F);
     EXPECT_EQ(record.FabricValueB, 9999.0F);
     EXPECT_EQ(record.FabricValueF, 1.0F);
-    EXPECT_TRUE(IsEmpty(record.AxisItems[0][3]));
+    EXPECT_TRUE(IsEmpty(record.AxisItems[kMeanItem][kItemTrend]));
 }
 
 TEST_F(FabricStatistics, AxialMeansOfLinesIgnoreTheSense) {
@@ -371,8 +372,8 @@ TEST_F(FabricStatistics, AxesOfEqualEigenvaluesAreOpen) {
     EXPECT_TRUE(IsAxisDetermined(rightAngle, 1));
     EXPECT_FALSE(IsAxisDetermined(rightAngle, 2));
     EXPECT_FALSE(IsAxisDetermined(rightAngle, 3));
-    EXPECT_EQ(TextOf(rightAngle.AxisItems[9][1]), "undetermined");
-    EXPECT_EQ(TextOf(rightAngle.AxisItems[10][1]), "0/180");
+    EXPECT_EQ(TextOf(rightAngle.AxisItems[kMeanPlaneItem][kItemText]), "undetermined");
+    EXPECT_EQ(TextOf(rightAngle.AxisItems[kGirdleItem][kItemText]), "0/180");
     const PlotRecord& three = StatisticsOf(kLines, {{0, 0}, {0, 90}, {0, 45}});
     EXPECT_TRUE(IsAxisDetermined(three, 1));
     EXPECT_TRUE(IsAxisDetermined(three, 2));
@@ -429,8 +430,8 @@ TEST_F(FabricStatistics, DerivedValuesFollowFromTheRecord) {
     const std::vector<double> expected = ResultsOf(ActiveRecord());
     PlotRecord& record = ActiveRecord();
     record.FabricValueC = 0;
-    record.EigenResults[1][kShapeNumber] = 0;
-    record.EigenResults[2][kShapeNumber] = 0;
+    record.EigenResults[kGamma][kShapeNumber] = 0;
+    record.EigenResults[kZeta][kShapeNumber] = 0;
     ComputeFabricDerived();
     ExpectEqualResults(ResultsOf(record), expected);
 }
@@ -439,32 +440,36 @@ TEST_F(FabricStatistics, DerivedValuesFollowFromTheRecord) {
 
 TEST_F(FabricStatistics, AxisItemsHoldPlanesPolesAndTexts) {
     const PlotRecord& record = StatisticsOf(kLines, kFourLines);
-    EXPECT_NEAR(NumberOf(record.AxisItems[0][2]), std::atan(1 + std::numbers::sqrt3), kTolerance);
-    EXPECT_NEAR(NumberOf(record.AxisItems[0][3]), std::numbers::pi / 2, kTolerance);
-    EXPECT_NEAR(NumberOf(record.AxisItems[9][2]), std::numbers::pi / 2, kTolerance);
-    EXPECT_EQ(TextOf(record.AxisItems[9][1]), "0/180");
-    EXPECT_NEAR(NumberOf(record.AxisItems[10][2]), 0, kTolerance);
-    EXPECT_EQ(TextOf(record.AxisItems[10][1]), "90/180");
+    EXPECT_NEAR(NumberOf(record.AxisItems[kMeanItem][kItemPlunge]),
+                std::atan(1 + std::numbers::sqrt3), kTolerance);
+    EXPECT_NEAR(NumberOf(record.AxisItems[kMeanItem][kItemTrend]), std::numbers::pi / 2,
+                kTolerance);
+    EXPECT_NEAR(NumberOf(record.AxisItems[kMeanPlaneItem][kItemPlunge]), std::numbers::pi / 2,
+                kTolerance);
+    EXPECT_EQ(TextOf(record.AxisItems[kMeanPlaneItem][kItemText]), "0/180");
+    EXPECT_NEAR(NumberOf(record.AxisItems[kGirdleItem][kItemPlunge]), 0, kTolerance);
+    EXPECT_EQ(TextOf(record.AxisItems[kGirdleItem][kItemText]), "90/180");
 }
 
 TEST_F(FabricStatistics, AxisItemsAreWrittenInTheNotationInForce) {
     gConventions = kStrikeDipSense;
     const PlotRecord& record = StatisticsOf(kLines, {{60, 210}, {60, 210}});
-    EXPECT_EQ(TextOf(record.AxisItems[9][1]), "300/30N"); // 30/030: strike 300, to the north
+    EXPECT_EQ(TextOf(record.AxisItems[kMeanPlaneItem][kItemText]),
+              "300/30N"); // 30/030: strike 300, to the north
 }
 
 TEST_F(FabricStatistics, TheUserDecidesWhichAxisItemsAreShown) {
     StatisticsOf(kLines, kFourLines);
     PlotRecord& record = ActiveRecord();
-    record.AxisItems[0][0] = true;
-    record.AxisItems[9][0] = false;
-    record.AxisItems[10][0] = true;
-    record.AxisItems[10][4] = std::int16_t{13};
+    record.AxisItems[kMeanItem][kItemShown] = true;
+    record.AxisItems[kMeanPlaneItem][kItemShown] = false;
+    record.AxisItems[kGirdleItem][kItemShown] = true;
+    record.AxisItems[kGirdleItem][kItemColour] = std::int16_t{13};
     ComputeFabricStatistics();
-    EXPECT_NE(NumberOf(record.AxisItems[0][0]), 0);
-    EXPECT_EQ(NumberOf(record.AxisItems[9][0]), 0);
-    EXPECT_NE(NumberOf(record.AxisItems[10][0]), 0);
-    EXPECT_EQ(NumberOf(record.AxisItems[10][4]), 13);
+    EXPECT_NE(NumberOf(record.AxisItems[kMeanItem][kItemShown]), 0);
+    EXPECT_EQ(NumberOf(record.AxisItems[kMeanPlaneItem][kItemShown]), 0);
+    EXPECT_NE(NumberOf(record.AxisItems[kGirdleItem][kItemShown]), 0);
+    EXPECT_EQ(NumberOf(record.AxisItems[kGirdleItem][kItemColour]), 13);
 }
 
 TEST_F(FabricStatistics, RowTenHasATextOnlyFromTheStatistics) {
@@ -472,10 +477,10 @@ TEST_F(FabricStatistics, RowTenHasATextOnlyFromTheStatistics) {
     gPlotDataKind = kLines;
     NewPlot();
     ComputeFabricStatistics();
-    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[10][1]), "");
+    EXPECT_EQ(TextOf(ActiveRecord().AxisItems[kGirdleItem][kItemText]), "");
     AddRow(30, 40);
     ComputeFabricStatistics();
-    EXPECT_NE(TextOf(ActiveRecord().AxisItems[10][1]), "");
+    EXPECT_NE(TextOf(ActiveRecord().AxisItems[kGirdleItem][kItemText]), "");
 }
 
 } // namespace

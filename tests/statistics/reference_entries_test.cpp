@@ -111,7 +111,8 @@ TEST_F(ReferenceEntriesOfPlot, TheJudgementIsTheOneThatThePlotHas) {
     const auto entries = EntriesOf(kLines, kFourLines);
     const ReferenceLine judgement =
         EntryOf(entries, "symmetry statistic, 1 - E3 + m4 (printed judgement)");
-    EXPECT_EQ(static_cast<float>(*judgement.value), ActiveRecord().EigenResults[3][kLogRatio]);
+    EXPECT_EQ(static_cast<float>(*judgement.value),
+              ActiveRecord().EigenResults[kSymmetryStatistic][kLogRatio]);
     EXPECT_NEAR(*judgement.value, 0.125 / 0.90625, 1e-7);
     // Of two equal axes the plot has taken one, and judges by that: 2 n (1/2)^2 / (1 - 1/2 + 1/2).
     const auto tied = EntriesOf(kLines, {{0, 0}, {0, 90}, {0, 0}, {0, 90}});
@@ -209,9 +210,9 @@ TEST_F(ReferenceEntriesOfPlot, AMillionRowsShowTheWidthOfTheTable) {
 TEST_F(ReferenceEntriesOfPlot, ANumberInTwoFormatsTellsBothTexts) {
     EntriesOf(kLines, kFourLines);
     PlotRecord& record = ActiveRecord();
-    record.RoseResultant[0] = 0.5;
+    record.RoseResultant[kOfAngles] = 0.5;
     EXPECT_EQ(EntryOf(EntriesOfPlot(), "axial R/n").printed, "0.500, 0.50");
-    record.RoseResultant[0] = 0.7274;
+    record.RoseResultant[kOfAngles] = 0.7274;
     EXPECT_EQ(EntryOf(EntriesOfPlot(), "axial R/n").printed, "") << "0.72734 in both formats";
     record.FabricValueB = static_cast<float>(Radians(90.3));
     EXPECT_EQ(EntryOf(EntriesOfPlot(), "axial mean trend").printed, "90.30");

@@ -334,13 +334,13 @@ TEST_F(StatisticsTexts, ShownGirdlesAreListed) {
     AddFourLines();
     PlotRecord& record = ActiveRecord();
     for (const std::size_t item : {2U, 8U, 9U}) {
-        record.AxisItems[item][0] = true;
+        record.AxisItems[item][kItemShown] = true;
     }
-    record.AxisItems[2][2] = DegToRad(45);
-    record.AxisItems[2][3] = DegToRad(300);
-    record.AxisItems[5][2] = DegToRad(10); // not shown
-    record.AxisItems[8][2] = DegToRad(20);
-    record.AxisItems[8][3] = DegToRad(10);
+    record.AxisItems[2][kItemPlunge] = DegToRad(45);
+    record.AxisItems[2][kItemTrend] = DegToRad(300);
+    record.AxisItems[5][kItemPlunge] = DegToRad(10); // not shown
+    record.AxisItems[8][kItemPlunge] = DegToRad(20);
+    record.AxisItems[8][kItemTrend] = DegToRad(10);
     const std::string text = StatsBoxText();
     EXPECT_NE(text.find("Calculated beta axis: 0-000\r\n"
                         "Girdle2: 45/120 [axis: 45-300]\r\n"

@@ -100,9 +100,9 @@ TEST_F(Net, DrawingBeginsWithTheOrdinaryPenOnAClearedSurface) {
 TEST_F(Net, TheMeanArrowStandsAtTheTrueAzimuthInBothNets) {
     for (const std::int16_t kind : {kEqualArea, kEqualAngle}) {
         Draw(9, kind);
-        auto& mean = ActiveRecord().AxisItems[0];
-        mean[0] = true;
-        mean[3] = DegToRad(60);
+        auto& mean = ActiveRecord().AxisItems[kMeanItem];
+        mean[kItemShown] = true;
+        mean[kItemTrend] = DegToRad(60);
         DrawPlotFurniture();
         const auto operations = DrawnOn(Form(gActivePlot).Plot());
         ASSERT_EQ(operations.size(), 4U);
@@ -119,17 +119,17 @@ TEST_F(Net, TheMeanArrowStandsAtTheTrueAzimuthInBothNets) {
 
 TEST_F(Net, WithoutAMeanDirectionThereIsNoMeanArrow) {
     Draw(9);
-    ActiveRecord().AxisItems[0][0] = true;
-    ActiveRecord().AxisItems[0][3] = TaggedValue();
+    ActiveRecord().AxisItems[kMeanItem][kItemShown] = true;
+    ActiveRecord().AxisItems[kMeanItem][kItemTrend] = TaggedValue();
     DrawPlotFurniture();
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
 }
 
 TEST_F(Net, AnOverlayHidesTheMeanArrow) {
     Draw(9);
-    ActiveRecord().AxisItems[0][0] = true;
-    ActiveRecord().AxisItems[0][3] = 1.0;
-    ActiveRecord().OverlayRows[0] = 1;
+    ActiveRecord().AxisItems[kMeanItem][kItemShown] = true;
+    ActiveRecord().AxisItems[kMeanItem][kItemTrend] = 1.0;
+    ActiveRecord().OverlayRows[kOverlayCount] = 1;
     DrawPlotFurniture();
     EXPECT_EQ(DrawnOn(Form(gActivePlot).Plot()).size(), 1U);
 }
@@ -226,8 +226,8 @@ TEST_F(NetLook, ANorthStandsAboveTheCircleWhenItIsWanted) {
 
 TEST_F(NetLook, TheMeanArrowHasTheStyleOfTheMean) {
     NewPlot();
-    ActiveRecord().AxisItems[0][0] = true;
-    ActiveRecord().AxisItems[0][3] = 1.0;
+    ActiveRecord().AxisItems[kMeanItem][kItemShown] = true;
+    ActiveRecord().AxisItems[kMeanItem][kItemTrend] = 1.0;
     gAxisStyleTable[kMeanGirdleStyle] = {8, kDashedLine, 3};
     DrawPlotFurniture();
     const auto operations = DrawnOn(Form(gActivePlot).Plot());

@@ -42,7 +42,7 @@ inline void AddRow(std::int32_t dip, std::int32_t azimuth, SymbolCode code = Cod
 /// Adds an overlay with one row to the active plot.
 inline void AddOverlay(std::int16_t kind, std::int32_t dip, std::int32_t azimuth, SymbolCode code) {
     PlotRecord& record = ActiveRecord();
-    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[0]);
+    const auto overlay = static_cast<std::size_t>(++record.OverlayRows[kOverlayCount]);
     record.OverlayRows[overlay] = 1;
     record.OverlayKind[overlay] = kind;
     const std::int32_t row = ++record.NumLoadedData;

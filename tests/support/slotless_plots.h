@@ -67,7 +67,7 @@ inline Plot SlotlessPlot(std::int16_t plotKind, std::int16_t symbolMode, std::in
     record.AxisItems[3] = {true,           std::string("30/120"), 0.5,
                            0.01 * seed,    std::int16_t{11},      std::int16_t{0},
                            std::int16_t{1}};
-    record.AxisItems[9][0] = true;
+    record.AxisItems[kMeanPlaneItem][kItemShown] = true;
     return plot;
 }
 

@@ -69,10 +69,10 @@ TEST_F(SharedDrawing, PlotsThatNothingIsKeptForAreDrawnAtOnce) {
 TEST_F(SharedDrawing, ClassesOfNumbersAreDrawnAtOnce) {
     const auto classed = [](std::int16_t type, std::int32_t seed) {
         Plot plot = SlotlessPlot(kEqualArea, kPointSymbols, seed);
-        plot.record.ClassTable[0][0] = std::int16_t{2};
-        plot.record.ClassTable[1][0] = 0.0;
-        plot.record.ClassTable[2][0] = 4.0;
-        plot.record.ClassTable[11][0] = 9.0;
+        plot.record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
+        plot.record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
+        plot.record.ClassTable[kLowestRow + 1][kNumberClasses] = 4.0;
+        plot.record.ClassTable[kTopRow][kNumberClasses] = 9.0;
         plot.record.ClassMode = 1;
         plot.record.NumClasses = type;
         WorkOutPlot(plot, {ReplotCause::Rows, gSettings.styles, Formulas::Own, kGridSize});

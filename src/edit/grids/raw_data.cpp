@@ -29,8 +29,8 @@ std::vector<std::string> PathsOf(const PlotRecord& record) {
     }
     if (paths.empty()) {
         const auto files = static_cast<std::size_t>(std::clamp<int>(record.NumFiles, 0, kMaxFiles));
-        paths.assign(record.FileNames.begin() + 1,
-                     record.FileNames.begin() + 1 + static_cast<std::ptrdiff_t>(files));
+        paths.assign(record.FileNames.begin() + kFirstFile,
+                     record.FileNames.begin() + kFirstFile + static_cast<std::ptrdiff_t>(files));
     }
     std::erase(paths, std::string());
     return paths;

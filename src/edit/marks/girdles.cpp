@@ -2,6 +2,7 @@
 
 #include "edit/marks/girdles.h"
 
+#include "core/item_style.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
@@ -104,23 +105,21 @@ std::string UnreadableMessage(int row) {
              "\nPlease check and re-enter the value";
 }
 
-using GirdleValues = std::array<TaggedValue, kAxisValues>;
-
 /// The values of a row of gActivePlot, or nothing.
-GirdleValues* ValuesOf(int row) {
+AxisItem* ValuesOf(int row) {
     if (!IsOpenSlot(gActivePlot) || row < 0 || row >= kAxisItems) {
         return nullptr;
     }
     return &ActiveRecord().AxisItems[static_cast<std::size_t>(row)];
 }
 
-void StoreShown(GirdleValues& values, bool on) {
+void StoreShown(AxisItem& values, bool on) {
     values[kItemShown] = on;
     FinishUnkept(gActivePlot, Redraw::Nothing);
     RefreshGirdles();
 }
 
-void HideGirdle(GirdleValues& values) {
+void HideGirdle(AxisItem& values) {
     if (NumberOf(values[kItemShown]) != 0) {
         StoreShown(values, false);
     }
@@ -142,7 +141,7 @@ Result<GirdlePlane> ReadGirdleText(std::string_view text, std::string_view separ
 }
 
 std::string ParseGirdleText(const std::string& text, int row) {
-    GirdleValues* const values = ValuesOf(row);
+    AxisItem* const values = ValuesOf(row);
     if (values == nullptr || WithoutBlanks(text).empty()) {
         return {};
     }
@@ -161,14 +160,8 @@ std::string ParseGirdleText(const std::string& text, int row) {
 }
 
 void CopyGirdleStyle(PlotRecord& record, int row) {
-    const int kind = row == kMeanItem
-                         ? kMeanGirdleStyle
-                         : (IsUserGirdle(row) ? kUserGirdleStyle : kCalculatedGirdleStyle);
-    const AxisStyle& style = gAxisStyleTable[static_cast<std::size_t>(kind)];
-    GirdleValues& values = record.AxisItems.at(static_cast<std::size_t>(row));
-    for (std::size_t place = 0; place < style.size(); ++place) {
-        values[kItemColour + place] = style[place];
-    }
+    SetStyleOfItem(record.AxisItems.at(static_cast<std::size_t>(row)),
+                   gAxisStyleTable[StyleRowOfItem(row)]);
 }
 
 std::string GirdleCaption(int row, std::int16_t dataKind) {
@@ -186,12 +179,12 @@ std::string GirdleCaption(int row, std::int16_t dataKind) {
 }
 
 std::string GirdleText(int row) {
-    const GirdleValues* const values = ValuesOf(row);
+    const AxisItem* const values = ValuesOf(row);
     return values == nullptr ? std::string() : TextOf((*values)[kItemText]);
 }
 
 bool IsGirdleShown(int row) {
-    const GirdleValues* const values = ValuesOf(row);
+    const AxisItem* const values = ValuesOf(row);
     return values != nullptr
            && (NumberOf((*values)[kItemShown]) != 0 || (row != kMeanItem && PulledGirdle() == row));
 }
@@ -208,7 +201,7 @@ void LeaveGirdles() {
 }
 
 void UpdateGirdle(int row, const std::string& text) {
-    GirdleValues* const values = ValuesOf(row);
+    AxisItem* const values = ValuesOf(row);
     if (values == nullptr || !IsUserGirdle(row) || text == TextOf((*values)[kItemText])) {
         return;
     }
@@ -227,7 +220,7 @@ void UpdateGirdle(int row, const std::string& text) {
 }
 
 bool ShowGirdle(int row, bool on) {
-    GirdleValues* const values = ValuesOf(row);
+    AxisItem* const values = ValuesOf(row);
     const bool hasGirdle = row == kMeanItem || !GirdleText(row).empty();
     if (values == nullptr || (on && !hasGirdle)) {
         return false;

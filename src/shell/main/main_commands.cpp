@@ -365,7 +365,7 @@ void GeolPlotMain::EditFormat() {
     FormatQuestion question;
     question.command = "None";
     if (IsOpenSlot(gActivePlot)) {
-        question.path = ActiveRecord().FileNames[1];
+        question.path = ActiveRecord().FileNames[kFirstFile];
         question.showSecondary = ActiveRecord().ShowSecondary != 0;
         question.columnHeadings = gSettings.format.hasHeadings;
     }

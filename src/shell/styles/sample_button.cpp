@@ -103,12 +103,12 @@ void DrawLineAcross(Surface& surface, const Styles& styles, QSize room, const Ax
     surface.SetUserScale(
         {0, static_cast<double>(room.height()), static_cast<double>(room.width()), 0});
     DrawState state;
-    state.drawStyle = style[1];
-    state.drawWidth = style[2];
+    state.drawStyle = style[kStyleLine];
+    state.drawWidth = style[kStyleWidth];
     surface.SetState(state);
     const double middle = room.height() / 2.0;
     surface.Line({kMargin, middle}, {room.width() - kMargin, middle},
-                 TableColour(styles, style[0]));
+                 TableColour(styles, style[kStyleColour]));
 }
 
 } // namespace quandrel

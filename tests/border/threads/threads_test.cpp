@@ -250,7 +250,7 @@ TEST(PublicThreads, SettingsOfTheProgramPlayNoPart) {
     gSettings.format = odd;
     gSettings.newPlots.rose.sectorSize = 40;
     gSettings.newPlots.statsBoxKind = 1;
-    gSettings.styles.symbols[0] = {1, 2, 3};
+    gSettings.styles.symbols[kRowSymbol] = {1, 2, 3};
     const std::string after = AllResults(1);
     gSettings = settings;
     EXPECT_TRUE(before == after);

@@ -774,7 +774,7 @@ TEST_F(PlotMouseTest, RandomEventsKeepTheStoreWhole) {
         }
         const PlotRecord& record = ActiveRecord();
         std::int32_t rows = record.NumData;
-        for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+        for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
             rows += record.OverlayRows[static_cast<std::size_t>(overlay)];
         }
         ASSERT_EQ(rows, record.NumLoadedData) << step;

@@ -350,7 +350,7 @@ TEST_F(Grid, AnErrorRowBecomesDataByAGoodPair) {
     EXPECT_EQ(Record().NumValidData, 2);
     EXPECT_EQ(gDataSymbol(gActivePlot, 2), CodeOfStyleRow(kUpRowSymbol));
     EXPECT_EQ(grid.LineBehind(1), "");
-    EXPECT_EQ(Record().AppendedMax[0], 4);
+    EXPECT_EQ(Record().AppendedMax[kOfNumbers], 4);
 }
 
 TEST_F(Grid, HalfAPairLeavesAnErrorRowOne) {
@@ -389,8 +389,8 @@ TEST_F(Grid, WritesSecondaryAndAppendedCells) {
     ApplyGridEdits(grid);
     EXPECT_EQ(RowTexts(grid, 0),
               (Texts{"1", "30", "120", "-20", "099", "70", "250", "-1.5", "bed A", ""}));
-    EXPECT_EQ(Record().AppendedMin[0], -1.5);
-    EXPECT_EQ(Record().AppendedMax[0], -1.5) << "the former number is forgotten";
+    EXPECT_EQ(Record().AppendedMin[kOfNumbers], -1.5);
+    EXPECT_EQ(Record().AppendedMax[kOfNumbers], -1.5) << "the former number is forgotten";
     grid.SetCell(0, 3, "");
     grid.SetCell(0, 4, " ");
     grid.SetCell(0, 5, "steep");
@@ -408,7 +408,7 @@ TEST_F(Grid, TheOverlayOfSecondaryDataFollows) {
     AddAllColumns();
     Fill(1, {12, 99}, {8, 3}, 2.5F, "bed A");
     MakeSecondaryOverlay();
-    ASSERT_EQ(Record().OverlayRows[0], 1);
+    ASSERT_EQ(Record().OverlayRows[kOverlayCount], 1);
     DataGrid grid(gActivePlot);
     ASSERT_EQ(grid.RowCount(), 2U);
     EXPECT_EQ(grid.CellText(1, 1), "12");

@@ -62,7 +62,8 @@ protected:
         }
         for (int row = kFirstUserGirdle; row <= kLastUserGirdle; ++row) {
             const auto& girdle = RecordOf(slot).AxisItems[static_cast<std::size_t>(row)];
-            marks.push_back(TextOf(girdle[0]) + TextOf(girdle[1]) + TextOf(girdle[2]));
+            marks.push_back(TextOf(girdle[kItemShown]) + TextOf(girdle[kItemText])
+                            + TextOf(girdle[kItemPlunge]));
         }
         return marks;
     }
@@ -431,7 +432,6 @@ TEST_F(UndoList, ClosingAPlotDropsItsStepsAlone) {
     EXPECT_EQ(gDataDip(one, 1), 12);
 }
 
-TEST_F(UndoList, AnEditThatIsNotKeptEndsThatOfItsPlotAlone) {
 TEST_F(UndoList, AnUnkeptEditOfRowsEndsStepsAndRotationOfItsPlot) {
     const int one = NewPlanes({{10, 10}});
     const int other = NewPlanes({{50, 50}});
@@ -452,6 +452,7 @@ TEST_F(UndoList, AnUnkeptEditOfRowsEndsStepsAndRotationOfItsPlot) {
     EXPECT_EQ(UndoSlot(), one);
 }
 
+TEST_F(UndoList, AnEditThatIsNotKeptEndsThatOfItsPlotAlone) {
     const int one = NewPlanes({{10, 10}});
     const int other = NewPlanes({{50, 50}});
     Move(one, 1, 11);

@@ -95,7 +95,7 @@ TEST_F(Undo, OfAnAddedRowTakesAnOverlayThatHoldsNothingElse) {
     step.Finish(Redraw::Nothing);
     UndoLastEdit();
     EXPECT_EQ(Rows(slot), before);
-    EXPECT_EQ(RecordOf(slot).OverlayRows[0], 0);
+    EXPECT_EQ(RecordOf(slot).OverlayRows[kOverlayCount], 0);
 }
 
 TEST_F(Undo, AfterADisplayChangeStillGivesTheRowsBack) {

@@ -116,8 +116,8 @@ TEST(FreeAnnotationTag, GivesUpAfterAHundredTries) {
 }
 
 TEST_F(AnnotationLayer, TheButtonDecidesTheStyle) {
-    gSymbolTable[21] = {6, 2, 3};
-    gSymbolTable[22] = {9, 8, 4};
+    gSymbolTable[kLeftAnnotationStyle] = {6, 2, 3};
+    gSymbolTable[kRightAnnotationStyle] = {9, 8, 4};
     EXPECT_TRUE(AddAnnotation(kLeftMouseButton, 10, 20));
     EXPECT_TRUE(AddAnnotation(kRightMouseButton, -30.4, 40.6));
     ASSERT_EQ(Marks().size(), 2U);
@@ -184,9 +184,9 @@ TEST_F(AnnotationLayer, IsDrawnInItsOrderOverTheData) {
     EXPECT_EQ(marks[0].points, (std::vector<Point>{{10, 20}, {50, 60}, {70, 60}}));
     EXPECT_EQ(marks[0].state.drawStyle, kDottedLine);
     EXPECT_EQ(marks[0].state.drawMode, kDrawCopy);
-    EXPECT_EQ(marks[1].colour, TableColour(gSymbolTable[21][kPlaceColour]));
+    EXPECT_EQ(marks[1].colour, TableColour(gSymbolTable[kLeftAnnotationStyle][kPlaceColour]));
     EXPECT_EQ(marks[2].points[0], (Point{300, 0}));
-    EXPECT_EQ(marks[2].colour, TableColour(gSymbolTable[22][kPlaceColour]));
+    EXPECT_EQ(marks[2].colour, TableColour(gSymbolTable[kRightAnnotationStyle][kPlaceColour]));
 }
 
 TEST_F(AnnotationLayer, OneMoreIsDrawnWithoutTheRows) {
@@ -233,8 +233,8 @@ TEST_F(AnnotationLayer, RemovingAllCanBeTakenBackAndMadeAgain) {
 }
 
 TEST_F(AnnotationLayer, StylesFallBackOnTheTable) {
-    gSymbolTable[21] = {6, 2, 3};
-    gSymbolTable[22] = {9, 8, 4};
+    gSymbolTable[kLeftAnnotationStyle] = {6, 2, 3};
+    gSymbolTable[kRightAnnotationStyle] = {9, 8, 4};
 
     struct Case {
         Annotation mark;
@@ -437,8 +437,8 @@ TEST_F(AnnotationLayer, PasteOfNothingButBadLinesIsNoEdit) {
 }
 
 TEST_F(AnnotationLayer, ChangesSymbolsByTheirButton) {
-    gSymbolTable[21] = {6, 2, 3};
-    gSymbolTable[22] = {9, 8, 4};
+    gSymbolTable[kLeftAnnotationStyle] = {6, 2, 3};
+    gSymbolTable[kRightAnnotationStyle] = {9, 8, 4};
     EXPECT_FALSE(StylesOfSelectedAnnotations().has_value());
     SelectTwoOfThree();
     AnnotationStyles styles = *StylesOfSelectedAnnotations();

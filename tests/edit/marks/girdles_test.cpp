@@ -241,7 +241,7 @@ TEST_F(GirdleTest, AnEmptiedBoxHidesTheGirdle) {
 
 TEST_F(GirdleTest, TheRowsOwnTextIsNotReadAgain) {
     UpdateGirdle(1, "45/120");
-    ActiveRecord().AxisItems[1][2] = Radians(44.6);
+    ActiveRecord().AxisItems[1][kItemPlunge] = Radians(44.6);
     EXPECT_TRUE(ShowGirdle(1, false));
     const int before = Drawings();
     UpdateGirdle(1, "45/120");
@@ -274,7 +274,7 @@ TEST_F(GirdleTest, AToggleIsOneDrawing) {
 TEST_F(GirdleTest, TheStatisticalRowsShowOnceTheStatisticsGaveThemOne) {
     EXPECT_FALSE(ShowGirdle(10, true));
     EXPECT_FALSE(IsGirdleShown(10));
-    ActiveRecord().AxisItems[10][1] = std::string("30/200");
+    ActiveRecord().AxisItems[kGirdleItem][kItemText] = std::string("30/200");
     EXPECT_TRUE(ShowGirdle(10, true));
     EXPECT_TRUE(IsGirdleShown(10));
     UpdateGirdle(10, "45/120");
@@ -562,16 +562,16 @@ TEST_F(GirdlePullTest, AReleaseInFrontOfAnotherPlotStaysWithItsOwn) {
     const int other = NewPlot();
     ReleaseGirdle();
     EXPECT_EQ(gActivePlot, other);
-    EXPECT_EQ(TextOf(RecordOf(other).AxisItems[1][1]), "");
-    EXPECT_EQ(NumberOf(RecordOf(slot).AxisItems[1][0]), -1);
+    EXPECT_EQ(TextOf(RecordOf(other).AxisItems[1][kItemText]), "");
+    EXPECT_EQ(NumberOf(RecordOf(slot).AxisItems[1][kItemShown]), -1);
     EXPECT_EQ(DrawnGirdles().size(), 1U);
 }
 
 TEST_F(GirdlePullTest, StylesOfFilesThatCannotBeDrawnDoNoHarm) {
     UpdateGirdle(1, "40/100");
-    ActiveRecord().AxisItems[1][4] = 1e300;
-    ActiveRecord().AxisItems[1][5] = -1e300;
-    ActiveRecord().AxisItems[1][6] = 1e300;
+    ActiveRecord().AxisItems[1][kItemColour] = 1e300;
+    ActiveRecord().AxisItems[1][kItemDrawStyle] = -1e300;
+    ActiveRecord().AxisItems[1][kItemDrawWidth] = 1e300;
     FocusGirdle(1);
     ASSERT_TRUE(Press(1, 1, 20, 10));
     RecordingSurface above(1000, 1000);

@@ -283,7 +283,7 @@ TEST_F(SmallCircleTest, TheConfidenceConeIsDrawnInTheSameStage) {
     PlotRecord& record = ActiveRecord();
     record.NumValidData = 5;
     record.FabricValueC = 0.1;
-    record.EigenResults[3][1] = static_cast<float>(Radians(60));
+    record.EigenResults[kGreatestAxis][kAxisPlunge] = static_cast<float>(Radians(60));
     DrawSmallCircles(ActiveRecord(), WindowDrawing(gActivePlot));
     EXPECT_TRUE(DrawnInColour(kDarkBlue).empty());
     record.ShowConfidenceCone = true;

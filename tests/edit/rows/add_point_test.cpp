@@ -183,14 +183,14 @@ TEST_F(AddPoint, OverOverlaysPointsMakeOneOfTheirOwn) {
     PlotRecord& record = ActiveRecord();
     record.OverlayFiles[1] = {"planes.txt"};
     AddStereoPoint(kRightMouseButton, EastOf(30), 0);
-    EXPECT_EQ(record.OverlayRows[0], 2);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(record.OverlayKind[1], kOverlayPoles);
     EXPECT_EQ(record.OverlayKind[2], kOverlayPolarLines);
     EXPECT_EQ(record.OverlayRows[2], 1);
     EXPECT_EQ(record.NumData, 1);
     EXPECT_EQ(Row(3), (Pair{-30, 90})); // a line, not the plane of the pole
     AddStereoPoint(kLeftMouseButton, EastOf(40), 0);
-    EXPECT_EQ(record.OverlayRows[0], 2);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(record.OverlayRows[2], 2);
     EXPECT_EQ(Row(4), (Pair{40, 90}));
 }
@@ -200,7 +200,7 @@ TEST_F(AddPoint, PolarLinesOfAFileAreNoneMadeByHand) {
     AddOverlay(kOverlayPolarLines, 30, 30, CodeOfStyleRow(2));
     ActiveRecord().OverlayFiles[1] = {"lines.txt"};
     EXPECT_TRUE(AddPointToPlot("10", "20"));
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 2);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(ActiveRecord().OverlayRows[1], 1);
 }
 
@@ -210,7 +210,7 @@ TEST_F(AddPoint, TheSecondaryOverlayIsNotAddedTo) {
     AddOverlay(kOverlayPolarLines, 30, 30, CodeOfStyleRow(2));
     ActiveRecord().SelectedOverlay = 1;
     EXPECT_TRUE(AddPointToPlot("10", "20"));
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 2);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(ActiveRecord().SelectedOverlay, 0);
 }
 
@@ -221,7 +221,7 @@ TEST_F(AddPoint, TwentyOverlaysAreTheMost) {
     }
     Expect("You can't overlay any more points on this plot");
     EXPECT_FALSE(AddPointToPlot("10", "20"));
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], kMaxOverlays);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], kMaxOverlays);
     EXPECT_EQ(ActiveRecord().NumLoadedData, 1 + kMaxOverlays);
 }
 
@@ -247,7 +247,7 @@ TEST_F(AddPoint, WithoutMemoryTheCountsAreAsBefore) {
     EXPECT_EQ(ActiveRecord().NumLoadedData, 1);
     ActiveRecord().ShowSecondary = kTrue; // the row would go into a new overlay
     EXPECT_FALSE(AddPointToPlot("10", "20"));
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(ActiveRecord().NumLoadedData, 1);
     EXPECT_EQ(TableOf(gActivePlot).size(), 1U);
     gPlatform.mostRows = former;
@@ -269,10 +269,10 @@ TEST_F(AddPoint, UndoGivesBackTheOverlayOfTheSecondaryData) {
     ActiveRecord().SelectedOverlay = 1;
     EXPECT_TRUE(AddPointToPlot("10", "20"));
     UndoLastEdit();
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(ActiveRecord().SelectedOverlay, 1);
     RedoLastEdit();
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 2);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(ActiveRecord().SelectedOverlay, 0);
 }
 

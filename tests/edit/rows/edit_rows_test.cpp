@@ -197,7 +197,7 @@ TEST_F(EditRows, CutOfTheLastOverlayRowsRemovesTheOverlay) {
     SelectRows(slot, {2});
     EditSelection(kCutItem);
     const PlotRecord& record = RecordOf(slot);
-    EXPECT_EQ(record.OverlayRows[0], 1);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(record.OverlayRows[1], 1);
     EXPECT_EQ(record.OverlayKind[1], kOverlayPolarLines);
     EXPECT_EQ(record.NumData, 1);
@@ -215,7 +215,7 @@ TEST_F(EditRows, RowsOfTheSecondaryOverlayGoWithTheirMainRows) {
         AddOverlay(kOverlayLines, plunge, 1, CodeOfStyleRow(3));
     }
     record.OverlayRows = {};
-    record.OverlayRows[0] = 1;
+    record.OverlayRows[kOverlayCount] = 1;
     record.OverlayRows[1] = 3;
     record.SelectedOverlay = 1;
     EXPECT_EQ(RowsToRemove(slot, std::vector<std::int32_t>{2}), (std::vector<std::int32_t>{2, 5}));
@@ -392,16 +392,16 @@ TEST_F(EditRows, RemovedOverlaysCanBeTakenBack) {
     ChangeSymbols({{3, 4, 5}, {6, 7, 8}});
     RecordOf(slot).SelectedOverlay = 1;
     RemoveOverlay();
-    EXPECT_EQ(RecordOf(slot).OverlayRows[0], 1);
+    EXPECT_EQ(RecordOf(slot).OverlayRows[kOverlayCount], 1);
     RecordOf(slot).SelectedOverlay = 0;
     RemoveOverlay();
-    EXPECT_EQ(RecordOf(slot).OverlayRows[0], 0);
+    EXPECT_EQ(RecordOf(slot).OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(RecordOf(slot).NumLoadedData, 1);
     RemoveOverlay();
     EXPECT_EQ(RecordOf(slot).NumData, 1);
     EXPECT_EQ(UndoCaption(), "&Undo Removal");
     UndoEdits();
-    EXPECT_EQ(RecordOf(slot).OverlayRows[0], 1);
+    EXPECT_EQ(RecordOf(slot).OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(RecordOf(slot).OverlayKind[1], kOverlayLines);
     EXPECT_EQ(gDataDip(slot, 2), 20);
     RedoEdits();
@@ -435,10 +435,10 @@ TEST_F(EditRows, TheFileOfARemovedOverlayComesBackWithIt) {
     RedoEdits();
     EXPECT_EQ(record.NumFiles, 2);
     EXPECT_EQ(record.PlotTitle, "Plot 1: main.txt + merged.txt");
-    record.FileNames[1] = "/data/saved_as.qpx";
+    record.FileNames[kFirstFile] = "/data/saved_as.qpx";
     record.PlotTitle = "Plot 1: saved_as.qpx + merged.txt";
     UndoEdits();
-    EXPECT_EQ(record.FileNames[1], "/data/saved_as.qpx") << "a save since keeps its name";
+    EXPECT_EQ(record.FileNames[kFirstFile], "/data/saved_as.qpx") << "a save since keeps its name";
     EXPECT_TRUE(IsInPlot(record, "/data/over.txt"));
     EXPECT_EQ(record.PlotTitle, "Plot 1: saved_as.qpx + merged.txt + over.txt");
 }
@@ -447,19 +447,19 @@ TEST_F(EditRows, RangeOfAppendedNumbersFollowsARemoval) {
     const int slot = NewPlanes({{30, 120}, {60, 300}, {10, 10}});
     AddFields();
     RecountAppendedRange();
-    EXPECT_EQ(RecordOf(slot).AppendedMax[0], 3.5);
+    EXPECT_EQ(RecordOf(slot).AppendedMax[kOfNumbers], 3.5);
     SelectRows(slot, {3});
     EditSelection(kDeleteItem);
-    EXPECT_EQ(RecordOf(slot).AppendedMax[0], 2.5);
+    EXPECT_EQ(RecordOf(slot).AppendedMax[kOfNumbers], 2.5);
     UndoEdits();
-    EXPECT_EQ(RecordOf(slot).AppendedMax[0], 3.5);
+    EXPECT_EQ(RecordOf(slot).AppendedMax[kOfNumbers], 3.5);
 }
 
 /// The counts of a plot are consistent with each other and with its table.
 void ExpectSound(int slot) {
     const PlotRecord& record = RecordOf(slot);
     std::int32_t overlays = 0;
-    for (int k = 1; k <= record.OverlayRows[0]; ++k) {
+    for (int k = 1; k <= record.OverlayRows[kOverlayCount]; ++k) {
         EXPECT_GT(record.OverlayRows[static_cast<std::size_t>(k)], 0);
         overlays += record.OverlayRows[static_cast<std::size_t>(k)];
     }

@@ -241,7 +241,7 @@ TEST_F(PasteRows, OverAnOverlayGoesToAnOverlayMadeByHand) {
     PasteData();
     const PlotRecord& record = RecordOf(slot);
     EXPECT_EQ(record.NumData, 1);
-    EXPECT_EQ(record.OverlayRows[0], 2);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(record.OverlayKind[1], kOverlayLines);
     EXPECT_EQ(record.OverlayKind[2], kOverlayPolarLines);
     EXPECT_EQ(record.OverlayRows[2], 1);
@@ -252,7 +252,7 @@ TEST_F(PasteRows, OverAnOverlayGoesToAnOverlayMadeByHand) {
     EXPECT_EQ(Rows(slot), before);
     RedoEdits();
     PasteData();
-    EXPECT_EQ(record.OverlayRows[0], 2);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 2);
     EXPECT_EQ(record.OverlayRows[2], 2);
 }
 
@@ -286,7 +286,7 @@ TEST_F(PasteRows, OverSecondaryDataPointsGoToAnOverlayAndFullRowsToTheMainRows) 
     EditSelection(kCopyItem);
     PasteData();
     EXPECT_EQ(record.NumData, 2);
-    EXPECT_EQ(record.OverlayRows[0], 1);
+    EXPECT_EQ(record.OverlayRows[kOverlayCount], 1);
     ExpectSamePlace(Places(slot)[2], place);
     SelectRows(slot, {1});
     EditSelection(kCopyAllItem);

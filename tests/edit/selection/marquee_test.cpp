@@ -252,7 +252,7 @@ TEST_F(MarqueeTest, TheCountSaysWhenRowsAreTakenByPolesThatAreNotSeen) {
     EXPECT_EQ(SelectionText(), "2 rows selected") << "rows that were picked in a table";
     // An overlay of points among the great circles.
     ActiveRecord().NumData = 1;
-    ActiveRecord().OverlayRows[0] = 1;
+    ActiveRecord().OverlayRows[kOverlayCount] = 1;
     ActiveRecord().OverlayRows[1] = 1;
     ActiveRecord().OverlayKind[1] = kOverlayLines;
     SelectAll();

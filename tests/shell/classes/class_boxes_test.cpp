@@ -469,7 +469,7 @@ TEST_F(ClassBoxesTest, ThePlotDoesNotChange) {
     OpenRanges();
     boxes_->cboNumClasses[0]->setCurrentIndex(7);
     Type(*boxes_->txtRange[0], "-5");
-    EXPECT_EQ(NumberOf(ActiveRecord().ClassTable[0][0]), 0);
+    EXPECT_EQ(NumberOf(ActiveRecord().ClassTable[kBaseRow][kNumberClasses]), 0);
     EXPECT_EQ(ActiveRecord().ClassMode, kNotClassified);
     EXPECT_EQ(gDataSymbol(gActivePlot, 1), 50302U);
 }

@@ -152,7 +152,7 @@ TEST_F(ClassificationDialogTest, OkClassifiesAndCloses) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.ClassMode, kClassesByNumber);
     EXPECT_EQ(record.NumClassified, 4);
-    EXPECT_EQ(NumberOf(record.ClassTable[2][0]), 5);
+    EXPECT_EQ(NumberOf(record.ClassTable[kLowestRow + 1][kNumberClasses]), 5);
     EXPECT_EQ(gDataSymbol(gActivePlot, 1), CodeOfClass(2));
     EXPECT_EQ(gDataSymbol(gActivePlot, 3), CodeOfClass(3));
 }
@@ -183,7 +183,7 @@ TEST_F(ClassificationDialogTest, CancelChangesNothing) {
     const PlotRecord& record = ActiveRecord();
     EXPECT_EQ(record.ClassMode, kNotClassified);
     EXPECT_EQ(record.NumClasses, 0);
-    EXPECT_EQ(NumberOf(record.ClassTable[0][0]), 0);
+    EXPECT_EQ(NumberOf(record.ClassTable[kBaseRow][kNumberClasses]), 0);
     EXPECT_EQ(GridBackground(record), 0);
     EXPECT_EQ(gSymbolTable, table);
     EXPECT_EQ(gDataSymbol(gActivePlot, 1), 50302U);
@@ -250,7 +250,7 @@ TEST_F(ClassificationDialogTest, TheBackgroundIsReadByTheRegionalDelimiter) {
 }
 
 TEST_F(ClassificationDialogTest, ABackgroundThatIsNotTouchedKeepsItsDigits) {
-    ActiveRecord().ClassStats[kGridChoice][1] = 1.0 / 3;
+    ActiveRecord().ClassStats[kGridChoice][kBackground] = 1.0 / 3;
     Open();
     Choose(ClassKind::Numbers);
     dialog_->OKButton->click();

@@ -57,11 +57,11 @@ TEST_F(MainCommands, MergeOverlayAndBlankDoWhatTheyAreCalled) {
     EXPECT_EQ(ActiveRecord().NumData, 4);
     prompts.QueueOpenPath(WriteFile("c.txt", "10\t20\n12\t30\n"));
     QTest::mouseClick(&ToolButton("cmdOverlayButton"), Qt::LeftButton);
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     EXPECT_EQ(ActiveRecord().OverlayRows[1], 2);
     EXPECT_TRUE(Action("mnuEditRemoveOverlay").isEnabled());
     Press("mnuEditRemoveOverlay");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 0);
     EXPECT_FALSE(Action("mnuEditRemoveOverlay").isEnabled());
     QTest::mouseClick(&ToolButton("cmdBlankButton"), Qt::LeftButton);
     EXPECT_EQ(CountOpenPlots(), 2);
@@ -165,7 +165,7 @@ TEST_F(MainCommands, TheGirdlePanelFollowsItsButton) {
     auto& panel = ControlOf<QDockWidget>(*main, "panGirdleBox");
     EXPECT_FALSE(panel.isVisible());
     OpenFile("a.txt");
-    ActiveRecord().AxisItems[2][1] = std::string("45/120");
+    ActiveRecord().AxisItems[2][kItemText] = std::string("45/120");
     Press("mnuEditGirdles");
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(ControlOf<QLineEdit>(panel, "txtGirdle_2").text(), "45/120");
@@ -196,7 +196,7 @@ TEST_F(MainCommands, TheGridSliderSnapsAndReplotsWhenLetGo) {
 
 TEST_F(MainCommands, RefreshDrawsAndRecalculateWorksOut) {
     OpenFile("a.txt");
-    float& result = ActiveRecord().EigenResults[3][1];
+    float& result = ActiveRecord().EigenResults[kGreatestAxis][kAxisPlunge];
     const float worked = result;
     result = worked + 1;
     Press("mnuEditRefresh");

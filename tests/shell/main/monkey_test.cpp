@@ -219,7 +219,7 @@ protected:
         for (const int slot : OpenSlots()) {
             const PlotRecord& record = RecordOf(slot);
             std::int32_t rows = record.NumData;
-            for (int overlay = 1; overlay <= record.OverlayRows[0]; ++overlay) {
+            for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
                 rows += record.OverlayRows[static_cast<std::size_t>(overlay)];
             }
             if (rows != record.NumLoadedData) {

@@ -73,7 +73,7 @@ TEST_F(DerivedWindow, TheButtonsOfSecondaryDataToggle) {
     EXPECT_EQ(ActiveRecord().SelectedOverlay, 1);
     Press("mnuPlotSymbols_8");
     EXPECT_FALSE(IsDown(8));
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 0);
     Press("mnuPlotSymbols_11");
     EXPECT_TRUE(IsDown(11));
     EXPECT_EQ(ActiveRecord().NumSymbolsInPlot, 3);

@@ -95,12 +95,12 @@ TEST_F(PlotEditing, GirdlesOverlaysAndAnnotationsComeBackFromTheMenu) {
     OpenFile("a.txt");
     prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
     Press("mnuFileLoad_2");
-    ASSERT_EQ(ActiveRecord().OverlayRows[0], 1);
+    ASSERT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     Press("mnuEditRemoveOverlay");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 0);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 0);
     EXPECT_EQ(Action("mnuEditUndo").text(), "&Undo Removal");
     Press("mnuEditUndo");
-    EXPECT_EQ(ActiveRecord().OverlayRows[0], 1);
+    EXPECT_EQ(ActiveRecord().OverlayRows[kOverlayCount], 1);
     FormOfSlot(gActivePlot).tabLayers->setCurrentIndex(0);
     Click(-300, 300, Qt::AltModifier);
     ASSERT_EQ(AnnotationsOf(gActivePlot).size(), 1U);

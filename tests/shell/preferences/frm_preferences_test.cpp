@@ -235,8 +235,8 @@ TEST_F(PreferencesWindow, TheMouseButtonsChooseForDownwardAndUpwardRows) {
     Click("picSymbolTypes_13", Qt::RightButton);
     Click("picColour_9");
     Click("picColour_10", Qt::RightButton);
-    EXPECT_EQ(Choice().styles.symbols[0], (SymbolRow{9, 12, 2}));
-    EXPECT_EQ(Choice().styles.symbols[1], (SymbolRow{10, 13, 3}));
+    EXPECT_EQ(Choice().styles.symbols[kRowSymbol], (SymbolRow{9, 12, 2}));
+    EXPECT_EQ(Choice().styles.symbols[kUpRowSymbol], (SymbolRow{10, 13, 3}));
     EXPECT_TRUE(Button("picSymbolArray_1").isChecked()) << "the one chosen for last";
 }
 
@@ -261,7 +261,7 @@ TEST_F(PreferencesWindow, EverySymbolSampleTakesShapeColourAndSize) {
         EXPECT_EQ(static_cast<StylePatch&>(Button(name)).Style(), style) << "the sample follows";
         EXPECT_EQ(dialog_->sldSymbSize->value(), 11);
     }
-    EXPECT_EQ(gSymbolTable[0], (SymbolRow{5, 3, 2})) << "nothing holds before OK";
+    EXPECT_EQ(gSymbolTable[kRowSymbol], (SymbolRow{5, 3, 2})) << "nothing holds before OK";
 }
 
 TEST_F(PreferencesWindow, LinesOfContoursAndGirdlesTakeStyleColourAndWidth) {
@@ -296,14 +296,14 @@ TEST_F(PreferencesWindow, RosesTakeFillsAndColours) {
     EXPECT_EQ(Choice().styles.symbols[35], (SymbolRow{8, 4, 1}));
     Click("picRoseSlot_energy");
     Click("picColour_21");
-    EXPECT_EQ(Choice().styles.symbols[16][kPlaceColour], 21) << "the top of the layers";
+    EXPECT_EQ(Choice().styles.symbols[kRoseStyle][kPlaceColour], 21) << "the top of the layers";
     Click("picRoseSlot_outline");
     Click("picColour_19");
-    EXPECT_EQ(Choice().styles.symbols[17], (SymbolRow{1, 19, 1}));
+    EXPECT_EQ(Choice().styles.symbols[kRoseBackgroundStyle], (SymbolRow{1, 19, 1}));
     EXPECT_FALSE(Button("picPatternStyles_0").isEnabled()) << "an outline has no fill";
     Click("picRoseSlot_blank");
     Click("picColour_2");
-    EXPECT_EQ(Choice().styles.symbols[17], (SymbolRow{2, 19, 1}));
+    EXPECT_EQ(Choice().styles.symbols[kRoseBackgroundStyle], (SymbolRow{2, 19, 1}));
 }
 
 TEST_F(PreferencesWindow, AClickOnTheRosesPicksTheFillThatIsThere) {
@@ -336,7 +336,7 @@ TEST_F(PreferencesWindow, ThePicturesShowWhatIsChosenBeforeItHolds) {
     Click("picColour_22");
     dialog_->spnLineWidth->setValue(6);
     EXPECT_GT(CountPixels(dialog_->picLineBox->Image(), magenta), lines + 300);
-    EXPECT_EQ(gSymbolTable[16], (SymbolRow{5, 0, 1}));
+    EXPECT_EQ(gSymbolTable[kRoseStyle], (SymbolRow{5, 0, 1}));
     EXPECT_EQ(gSettings.styles.contours[0], (AxisStyle{18, 0, 1}));
 }
 
@@ -494,7 +494,7 @@ TEST_F(PreferencesWindow, ADataFolderIsChosenOrThatOfTheLastFileIsUsed) {
 }
 
 TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
-    gSymbolTable[0] = {9, 12, 7};
+    gSymbolTable[kRowSymbol] = {9, 12, 7};
     gColourTable[9] = 0x010203;
     gPlotAxesStyle = 3;
     gSettings.styles.showNorth = true;
@@ -504,7 +504,7 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     Open(0);
     QTest::mouseClick(dialog_->cmdOK[2], Qt::LeftButton);
     const Settings choice = Choice();
-    EXPECT_EQ(choice.styles.symbols[0], (SymbolRow{5, 3, 2}));
+    EXPECT_EQ(choice.styles.symbols[kRowSymbol], (SymbolRow{5, 3, 2}));
     EXPECT_EQ(choice.styles.colours[9], 16576U);
     EXPECT_EQ(choice.styles.plotAxesStyle, 0);
     EXPECT_FALSE(choice.styles.showNorth);
@@ -554,14 +554,14 @@ protected:
     }
 
     static bool Holds() {
-        return gSymbolTable[0] == SymbolRow{5, 12, 2} && gColourTable[5] == 0x563412
+        return gSymbolTable[kRowSymbol] == SymbolRow{5, 12, 2} && gColourTable[5] == 0x563412
                && gSettings.styles.plotBackColour == 0x563412
                && gSettings.styles.fonts[kLegendFont].colour == 0x563412
                && gSettings.files.nonDataLines;
     }
 
     static bool IsUntouched() {
-        return gSymbolTable[0] == SymbolRow{5, 3, 2} && gColourTable[5] == 0
+        return gSymbolTable[kRowSymbol] == SymbolRow{5, 3, 2} && gColourTable[5] == 0
                && gSettings.styles.plotBackColour == 0xffffff
                && gSettings.styles.fonts[kLegendFont].colour == 0 && !gSettings.files.nonDataLines;
     }

@@ -67,7 +67,7 @@ TEST_F(RoseDialogTest, GoMarksTheBoxThatItRefusesAndSaysWhy) {
 
 TEST_F(RoseDialogTest, RefusesAnIntervalOfTooManyMarks) {
     Go(); // half of the data lies in one sector
-    ASSERT_GT(Record().RoseRangeB[0][0], 40);
+    ASSERT_GT(Record().RoseRangeB[kTopRoseLayer][kInPerCent], 40);
     for (const char* interval : {"0.3", "-1", "none"}) {
         Of<QComboBox>("cboScaleInt").setEditText(interval);
         Go();
@@ -186,9 +186,9 @@ TEST_F(RoseDialogTest, GoTakesTheClassesFromTheirBoxes) {
     EXPECT_EQ(Record().RoseType, 20);
     EXPECT_EQ(Record().RoseSegShape, 1);
     // The types found first, one class each.
-    EXPECT_EQ(TextOf(Record().ClassTable[1][kNameClasses]), "marl");
-    EXPECT_EQ(TextOf(Record().ClassTable[2][kNameClasses]), "chalk");
-    EXPECT_EQ(TextOf(Record().ClassTable[3][kNameClasses]), "sandst");
+    EXPECT_EQ(TextOf(Record().ClassTable[kLowestRow][kNameClasses]), "marl");
+    EXPECT_EQ(TextOf(Record().ClassTable[kLowestRow + 1][kNameClasses]), "chalk");
+    EXPECT_EQ(TextOf(Record().ClassTable[kLowestRow + 2][kNameClasses]), "sandst");
     double marl = 0;
     for (int sector = 1; sector <= gRoseSectors->Sectors(); ++sector) {
         marl += gRoseSectors(sector, 2, kRoseFrequencyLayer);
@@ -198,8 +198,8 @@ TEST_F(RoseDialogTest, GoTakesTheClassesFromTheirBoxes) {
     Of<QComboBox>("cboNumClasses_0").setCurrentIndex(1);
     Go();
     EXPECT_EQ(Record().RoseType, 10);
-    EXPECT_EQ(NumberOf(Record().ClassTable[0][kNumberClasses]), 2);
-    EXPECT_EQ(NumberOf(Record().ClassTable[11][kNumberClasses]), 6);
+    EXPECT_EQ(NumberOf(Record().ClassTable[kBaseRow][kNumberClasses]), 2);
+    EXPECT_EQ(NumberOf(Record().ClassTable[kTopRow][kNumberClasses]), 6);
 }
 
 TEST_F(RoseDialogTest, GoShowsTheClassBoxThatHoldsNoNumber) {

@@ -187,7 +187,7 @@ TEST_F(RoseDialogTest, GoWritesEverythingAndStaysOpen) {
     EXPECT_EQ(record.RoseSamplePlunge, 30);
     EXPECT_EQ(record.RoseSampleTrend, 100);
     EXPECT_EQ(record.RoseMinBiasAngle, 12);
-    EXPECT_EQ(record.RoseStats[kRoseValueSum][0], 21) << "1 + 2 + ... + 6 was counted";
+    EXPECT_EQ(record.RoseStats[kRoseValueSum][kRawTotal], 21) << "1 + 2 + ... + 6 was counted";
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(Of<QLabel>("lblRoseStatus").text(), "");
 }
