@@ -41,26 +41,29 @@ std::vector<std::int32_t> BandsByLine(std::span<const DistinctLine> lines,
 void StoreBands(Plot& plot, const std::vector<std::int32_t>& bandsByLine, StatusLine* watcher) {
     constexpr std::size_t kRowsAtOnce = 0x10000;
     const RowTable& table = plot.table;
+    const std::span<const std::int32_t> indices = table.index;
+    const std::span<const double> plunges = table.plunge;
+    const std::span<const double> trends = table.trend;
     const std::span<std::int32_t> bands = plot.rows.pointDensity.Rows();
     const std::int32_t last =
         std::min(plot.record.NumData, static_cast<std::int32_t>(bands.size()) - 1);
     if (last < 1) {
         return;
     }
-    ToldStep step(kStepText, static_cast<std::int64_t>(table.size()), watcher);
-    for (std::size_t place = 0; place < table.size(); ++place) {
+    ToldStep step(kStepText, static_cast<std::int64_t>(indices.size()), watcher);
+    for (std::size_t place = 0; place < indices.size(); ++place) {
         if (place % kRowsAtOnce == 0) {
             step.Reach(static_cast<std::int64_t>(place));
         }
-        const std::int32_t index = table.index[place];
+        const std::int32_t index = indices[place];
         if (index < 1 || index > last) {
             continue;
         }
-        const double plunge = table.plunge[place];
+        const double plunge = plunges[place];
         bands[static_cast<std::size_t>(index)] =
             IsErrorRow(plunge)
                 ? 0
-                : bandsByLine[static_cast<std::size_t>(LineKey(plunge, table.trend[place]))];
+                : bandsByLine[static_cast<std::size_t>(LineKey(plunge, trends[place]))];
     }
 }
 
