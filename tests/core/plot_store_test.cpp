@@ -76,6 +76,7 @@ TEST_F(PlotStore, AReusedSlotInheritsNothing) {
 
 TEST_F(PlotStore, FindsTheOpenPlotWithAnAttachedValue) {
     struct Value {};
+
     NewPlot();
     const int slot = NewPlot();
     NewPlot();

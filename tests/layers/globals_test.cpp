@@ -137,8 +137,6 @@ const NamesByFile& LastingState() {
         {"rose/rose_plot.h", {"RoseWarnings::now"}},
         {"rotation/rotation_pick.h", {"RotationInWork::now"}},
         {"session/closing.h", {"ClosingState::now"}},
-        // Loads within a scope.
-        {"input/file_loading.cpp", {"ownFilesWithoutDialog"}},
         // Calls that go up.
         {"core/replot.cpp", {"drawer"}},
         {"core/row_links.cpp", {"rowFollower", "whenClosing"}},

@@ -35,7 +35,6 @@ namespace {
 /// The command of a load of foreign text.
 constexpr const char* kPasteCommand = "Paste";
 
-
 /// Gives an empty plot the format of the text. Its titles and files stay.
 void TakeFormatOfText(Plot& plot, const PastedFormat& format) {
     PlotRecord& record = plot.record;
@@ -209,8 +208,9 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         AcceptedPasteFormat::now.settings = gSettings.format;
         gSettings.format.negativePlunge = UpwardLinesAfterText(before, items, gSettings.format);
     } else {
-        hasHeadings = SuggestsHeadings(FirstLinesOfText(text, kPreviewLines),
-                                       LineFormatOf(*AcceptedPasteFormat::now.settings, gSettings.notation, false));
+        hasHeadings = SuggestsHeadings(
+            FirstLinesOfText(text, kPreviewLines),
+            LineFormatOf(*AcceptedPasteFormat::now.settings, gSettings.notation, false));
     }
     PastedFormat format = FormatOfPastedText(*AcceptedPasteFormat::now.settings, {}, false);
     format.settings.hasHeadings = hasHeadings;
