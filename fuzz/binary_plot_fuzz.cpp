@@ -40,7 +40,9 @@ void CheckPlot(BinaryPlot plot) {
     Require(BytesOfActivePlot() == first);
     ReplotActivePlot(false);
     (void)BinaryPlotBytes(gActivePlot);
-    ReleasePlotSlot(gActivePlot); // libFuzzer reruns inputs that leave memory allocated
+    // libFuzzer reruns inputs that leave memory allocated, such as a recorded drawing.
+    PlotOf(gActivePlot).form.reset();
+    ReleasePlotSlot(gActivePlot);
 }
 
 } // namespace
