@@ -131,7 +131,7 @@ std::string FillByProcedure(Draft& draft) {
         const int former = settings.numbers.limits.base;
         const auto procedure = kRangeWords.find(ProcedureOr(draft, former, "equal"));
         return procedure == kRangeWords.end()
-                   ? "'" + draft.procedure + "' is a procedure for types"
+                   ? "'" + draft.procedure + "' does not apply to ranges of numbers"
                    : FillRanges(settings, procedure->second, draft.classes.value_or(former));
     }
     const int former =

@@ -142,7 +142,7 @@ std::string AtIndexes(Field& field, std::span<const std::size_t> indexes, const 
         }
         return AtIndexes(field[indexes.front()], indexes.subspan(1), act);
     } else {
-        return "the field has fewer indexes";
+        return "there are more indexes than the field has";
     }
 }
 

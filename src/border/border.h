@@ -8,6 +8,9 @@
 // it leaves all calculations to the kernels. A kernel that reads a global cannot be called here: it
 // needs an argument instead. The only exception is reading a plot file, which starts from the
 // record of a new plot: no field that depends on the settings is returned.
+//
+// Input: values in degrees from other programs, bytes of plot files, surfaces to draw on.
+// Output: results in degrees, bytes of plot files, calls of the surfaces.
 
 #pragma once
 

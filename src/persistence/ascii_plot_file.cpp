@@ -170,13 +170,10 @@ std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
 
 /// How a reader interprets the lines of the text.
 LineFormat FormatOfOwnText() {
-    const FormatSettings inForce = gSettings.format;
     ParameterItems items = ParseParameterLine(BuildParameterLine(true));
     items.isOwnText = true;
-    gSettings.format = WithNewPlotItems(WithFormatItems(inForce, items), items);
-    const LineFormat format = LineFormatFromGlobals(false);
-    gSettings.format = inForce;
-    return format;
+    return LineFormatOf(WithNewPlotItems(WithFormatItems(gSettings.format, items), items),
+                        gSettings.notation, false);
 }
 
 /// The stored non-data lines of a plot, row by row.

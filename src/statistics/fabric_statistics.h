@@ -16,9 +16,9 @@
 //   FabricValueC            spherical standard error, kNotSymmetric or kFailedResult
 //   FabricValueD, E         plunge and trend of the resultant of the axes
 //   FabricValueF            variance, 1 - R/n, of the mean in A and B
-//   RoseResultant           at kOfAngles the mean resultant length R/n of the same (a rose has its
-//   own there) AxisItems               kMeanItem: the mean direction; kMeanPlaneItem and
-//   kGirdleItem: the
+//   RoseResultant           at kOfAngles the mean resultant length R/n of the same ; a rose
+//                           has its own there
+//   AxisItems               kMeanItem: the mean direction; kMeanPlaneItem and kGirdleItem: the
 //                           planes normal to the greatest and to the least axis
 // A mean without a direction has kNoDirection as plunge and trend. The planes of axes that the
 // eigenvalues do not determine have the text kUndetermined and no pole.

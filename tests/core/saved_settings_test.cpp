@@ -94,7 +94,7 @@ protected:
         gSettings.newPlots.classes[0][1] = std::int16_t{3};
     }
 
-    /// What all groups write, each into an empty store.
+    /// What all groups write, each to an empty store.
     std::string TextOfGroups() {
         std::ostringstream text;
         for (std::size_t i = 0; i < kSettingsGroups.size(); ++i) {

@@ -17,8 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<const char*, 5> kDrawingFolders = {"stereo", "density", "classify", "rose",
-                                                        "drawing"};
+constexpr std::array<const char*, 7> kDrawingFolders = {
+    "stereo", "statistics", "density", "classify", "rose", "edit/marks", "drawing"};
 
 std::string TextOfFile(const fs::path& path) {
     std::ifstream file(path);
@@ -42,7 +42,9 @@ std::set<std::string> SourcesWith(const std::string& word) {
 TEST(DrawingPorts, AreReadWhereDrawingsAreFilledInAndWindowsAreWrittenAlone) {
     EXPECT_EQ(SourcesWith("gPlatform"),
               (std::set<std::string>{"drawing/plot_driver.cpp", "drawing/plot_state.cpp",
-                                     "rose/rose_plot.cpp", "stereo/window_drawing.cpp"}));
+                                     "edit/marks/annotation_edits.cpp", "edit/marks/girdles.cpp",
+                                     "edit/marks/small_circle_pick.cpp", "rose/rose_plot.cpp",
+                                     "stereo/window_drawing.cpp"}));
 }
 
 TEST(DrawingPorts, SurfacesOfWindowsAreTakenInOnePlace) {

@@ -27,7 +27,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kMostLines = 450;
-constexpr int kSlack = 10; ///< by which the table of readers may exceed the counts
 
 using Names = std::set<std::string>;
 using NamesByFile = std::map<std::string, Names>;
@@ -156,11 +155,11 @@ const NamesByFile& LastingState() {
 /// on it, others take a plot. A number may decrease, but never increase.
 const Counts& MostReadersOfFocus() {
     static const Counts most = {
-        {"classify", 28},   {"core", 24},          {"density", 7},         {"derive", 46},
-        {"drawing", 38},    {"edit/commands", 18}, {"edit/grids", 29},     {"edit/history", 10},
-        {"edit/marks", 45}, {"edit/rows", 54},     {"edit/selection", 12}, {"input", 17},
+        {"classify", 28},   {"core", 21},          {"density", 7},         {"derive", 44},
+        {"drawing", 38},    {"edit/commands", 18}, {"edit/grids", 25},     {"edit/history", 10},
+        {"edit/marks", 45}, {"edit/rows", 51},     {"edit/selection", 12}, {"input", 16},
         {"mapinfo", 25},    {"persistence", 31},   {"preferences", 10},    {"print", 6},
-        {"qt", 11},         {"recovery", 10},      {"rose", 20},           {"rotation", 29},
+        {"qt", 11},         {"recovery", 10},      {"rose", 20},           {"rotation", 26},
         {"session", 37},    {"statistics", 20},    {"stereo", 14}};
     return most;
 }
@@ -426,7 +425,7 @@ TEST(ReadersOfFocus, BecomeFewerInEachFolder) {
         const auto most = MostReadersOfFocus().find(folder);
         const int allowed = most == MostReadersOfFocus().end() ? 0 : most->second;
         EXPECT_LE(count, allowed) << folder << ": take a plot rather than the one in focus";
-        EXPECT_GE(count + kSlack, allowed) << folder << ": the table is to have " << count;
+        EXPECT_GE(count, allowed) << folder << ": fewer now, so put " << count << " into the table";
     }
     for (const auto& [folder, most] : MostReadersOfFocus()) {
         EXPECT_TRUE(counts.contains(folder)) << folder;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Behaviour that looks like a mistake and is meant is marked "Kept:" in the code. A test names each
-// mark: a comment "Kept:" with the words of the mark up to its first punctuation or line end is
-// above the test, or in it.
+// Behaviour that looks like a mistake but is intended is marked "Kept:" in the code. A test names
+// each mark: a comment "Kept:" with the words of the mark up to its first punctuation or line end
+// is above the test, or in it.
 
 #include <gtest/gtest.h>
 

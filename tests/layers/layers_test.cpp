@@ -44,7 +44,7 @@ std::vector<Include> IncludesOf(const fs::path& file) {
     return includes;
 }
 
-/// Every include of every source below src/, by the folder that it stands in.
+/// Every include of every source below src/, by the folder that contains it.
 std::map<std::string, std::vector<Include>> IncludesByFolder() {
     const fs::path root = fs::path(QUANDREL_SOURCE_DIR) / "src";
     std::map<std::string, std::vector<Include>> found;
@@ -162,6 +162,16 @@ TEST(Layers, NoRoomOfTheWindowsHoldsMoreThanTwelvePairs) {
     }
 }
 
+bool HasLineWith(const fs::path& file, const std::string& words) {
+    std::ifstream stream(file);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.find(words) != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
 TEST(Layers, EveryFolderHasAChiefHeaderThatSaysWhatItIsFor) {
     const std::map<std::string, std::string> chiefs = ChiefHeaders();
     for (const auto& [folder, includes] : IncludesByFolder()) {
@@ -169,6 +179,8 @@ TEST(Layers, EveryFolderHasAChiefHeaderThatSaysWhatItIsFor) {
         ASSERT_NE(chief, chiefs.end()) << "docs/architecture.md has no row for " << folder;
         const fs::path file = fs::path(QUANDREL_SOURCE_DIR) / "src" / folder / chief->second;
         EXPECT_GE(LinesOfHeadComment(file), kLeastLinesOfChief) << file;
+        EXPECT_TRUE(HasLineWith(file, "Input: ")) << file;
+        EXPECT_TRUE(HasLineWith(file, "Output: ")) << file;
     }
 }
 

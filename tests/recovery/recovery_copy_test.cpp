@@ -117,7 +117,7 @@ protected:
         unsigned char first = 0;
         std::memcpy(&first, &cell, 1);
         first ^= 1U;
-        std::memcpy(&cell, &first, 1);
+        std::memcpy(static_cast<void*>(&cell), &first, 1);
     }
 
     int slot_ = 0;

@@ -104,7 +104,7 @@ void ExpectEqualResults(const std::vector<double>& left, const std::vector<doubl
     }
 }
 
-// Done by hand: (60/000), (60/180), (90/000), (00/090) have the tensor diag(1/8, 1/4, 5/8).
+// Worked out by hand: (60/000), (60/180), (90/000), (00/090) have the tensor diag(1/8, 1/4, 5/8).
 const Rows kFourLines = {{60, 0}, {60, 180}, {90, 0}, {0, 90}};
 
 TEST_F(FabricStatistics, FourLinesAsDoneByHand) {

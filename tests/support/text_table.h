@@ -129,7 +129,7 @@ inline void TakeBlock(const std::string& text, TableRow& block) {
 
 /// Reads a table.
 ///
-/// @param name  its name in complaints
+/// @param name  its name in failure messages
 /// @throw TableError for a row before the first block, a line that is neither a row nor the head of
 /// a block, and a table without rows
 inline std::vector<TableRow> ReadTextTable(std::istream& stream, const std::string& name) {

@@ -4,8 +4,8 @@
 // when it is first needed.
 //
 // This room holds one model for both grids, the selection of rows, and the cell editor.
-// Input: the contents of edit/data_grid and edit/raw_data, and the selection.
-// Output: edits to edit/data_grid, and the rows that the user selects.
+// Input: the contents of edit/grids/data_grid and edit/grids/raw_data, and the selection.
+// Output: edits to edit/grids/data_grid, and the rows that the user selects.
 
 #pragma once
 

@@ -172,7 +172,7 @@ TEST_F(FileFormatTest, AsksAboutSharedColumnsOneAfterTheOther) {
                                      "is used both for the appended line and for other orientation",
                                      "is used both for the appended Length and for the appended",
                                      "is used to refer to different orientation data items"};
-    // All up to number n - 1 are agreed to, number n is not.
+    // All up to number n - 1 are accepted, number n is not.
     for (int refused = 0; refused <= 4; ++refused) {
         SetDefaultSettings();
         Open();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The keys that are underlined in menus and windows: each leads to one thing.
+// The keys that are underlined in menus and windows: each triggers one command.
 
 #include "mapsession/session_state.h"
 #include "platform/scripted/no_printers.h"
