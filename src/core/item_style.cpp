@@ -4,7 +4,7 @@
 
 namespace quandrel {
 
-AxisStyleRow StyleRowOfItem(int item) {
+std::size_t StyleRowOfItem(int item) {
     if (item == kMeanItem) {
         return kMeanGirdleStyle;
     }

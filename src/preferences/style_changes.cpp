@@ -53,7 +53,7 @@ StyleChange::PlotCodes StyleChange::CodesOfPlot(int slot) {
 
 void StyleChange::FollowInGirdles(PlotRecord& record) const {
     for (int item = 0; item < kAxisItems; ++item) {
-        const AxisStyleRow row = StyleRowOfItem(item);
+        const std::size_t row = StyleRowOfItem(item);
         AxisItem& values = record.AxisItems[static_cast<std::size_t>(item)];
         if (HasStyleOfItem(values, axes_[row])) {
             SetStyleOfItem(values, gAxisStyleTable[row]);

@@ -78,7 +78,7 @@ CountedFrom CountOf(const PlotRecord& record) {
 
 void RememberRose(Plot& plot, Formulas formulas) {
     const PlotRecord& record = plot.record;
-    RoseKnown& known = plot.attachments.Of<RoseKnown>();
+    auto& known = plot.attachments.Of<RoseKnown>();
     RoseSettingsShown& shown = known.shown.emplace();
     shown.counted = CountOf(record);
     shown.formulas = formulas;

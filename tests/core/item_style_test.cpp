@@ -8,11 +8,11 @@ namespace quandrel {
 namespace {
 
 TEST(ItemStyle, EveryKindOfItemHasARowOfItsOwn) {
-    EXPECT_EQ(StyleRowOfItem(kMeanItem), kMeanGirdleStyle);
-    EXPECT_EQ(StyleRowOfItem(kFirstUserGirdle), kUserGirdleStyle);
-    EXPECT_EQ(StyleRowOfItem(kLastUserGirdle), kUserGirdleStyle);
-    EXPECT_EQ(StyleRowOfItem(kMeanPlaneItem), kCalculatedGirdleStyle);
-    EXPECT_EQ(StyleRowOfItem(kGirdleItem), kCalculatedGirdleStyle);
+    EXPECT_EQ(StyleRowOfItem(kMeanItem), std::size_t{kMeanGirdleStyle});
+    EXPECT_EQ(StyleRowOfItem(kFirstUserGirdle), std::size_t{kUserGirdleStyle});
+    EXPECT_EQ(StyleRowOfItem(kLastUserGirdle), std::size_t{kUserGirdleStyle});
+    EXPECT_EQ(StyleRowOfItem(kMeanPlaneItem), std::size_t{kCalculatedGirdleStyle});
+    EXPECT_EQ(StyleRowOfItem(kGirdleItem), std::size_t{kCalculatedGirdleStyle});
 }
 
 TEST(ItemStyle, TakesThePlacesOfAnItemThatHoldIt) {
