@@ -82,15 +82,15 @@ public:
 
     template <Part T>
     void Add(const T& part) {
-        const auto addNamed = [this](const char*, const auto& field) { Add(field); };
-        const auto add = [this](const auto& field) { Add(field); };
+        const auto addNamed = [this](const char*, const auto& field) { this->Add(field); };
+        const auto add = [this](const auto& field) { this->Add(field); };
         VisitFieldsOf(part, addNamed);
         VisitFurtherFieldsOf(part, add);
     }
 
     void Add(const PlotRecord& record) {
-        VisitPlotFields(record, [this](const char*, const auto& field) { Add(field); });
-        VisitFurtherPlotFields(record, [this](const auto& field) { Add(field); });
+        VisitPlotFields(record, [this](const char*, const auto& field) { this->Add(field); });
+        VisitFurtherPlotFields(record, [this](const auto& field) { this->Add(field); });
     }
 
     template <class T>
