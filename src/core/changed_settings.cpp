@@ -40,7 +40,7 @@ void NoteLoadedSettings(const SettingsStore& wouldWrite) {
     MemorySettingsStore& noted = StoredSettings::now.values;
     noted = {};
     ForEachKey(wouldWrite,
-               [&noted](const char* section, const std::string& key, const std::string& value) {
+               [&](const char* section, const std::string& key, const std::string& value) {
                    const std::string found = ValueIn(*gPlatform.settings, section, key);
                    noted.Write(kApplicationName, section, key, found == kMissing ? value : found);
                });
@@ -50,8 +50,7 @@ bool WriteChangedSettings(const SettingsStore& wanted) {
     SettingsStore& store = *gPlatform.settings;
     MemorySettingsStore& noted = StoredSettings::now.values;
     (void)store.Sync(); // fetches what other sessions wrote; the result of the second Sync counts
-    ForEachKey(wanted, [&store, &noted](const char* section, const std::string& key,
-                                        const std::string& value) {
+    ForEachKey(wanted, [&](const char* section, const std::string& key, const std::string& value) {
         if (value == ValueIn(noted, section, key) && ValueIn(store, section, key) != kMissing) {
             return;
         }
