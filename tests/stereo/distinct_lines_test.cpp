@@ -5,6 +5,7 @@
 #include "stereo/distinct_lines.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
+#include "support/trial.h"
 
 #include <random>
 
@@ -74,6 +75,40 @@ TEST_F(DistinctLines, ChangedRowsAndOtherPlotsAreSeen) {
     EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
     SortRowTable(TableOf(first), 2);
     EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
+}
+
+/// A block with all whole-degree lines of the lower hemisphere but for trend 360, once each.
+RowBlock AllLines(const PlotRecord& record) {
+    RowBlock block(ColumnsOf(record, false));
+    for (std::int32_t plunge = 0; plunge <= 90; ++plunge) {
+        for (std::int32_t trend = 0; trend < 360; ++trend) {
+            RowValues values;
+            values.isData = true;
+            values.dip = plunge;
+            values.azimuth = trend;
+            values.place = PlottedOrientation(kEqualArea, false, 0, {plunge, trend});
+            block.Add(values);
+        }
+    }
+    return block;
+}
+
+TEST_F(DistinctLines, AHundredMillionRowsAreCountedTrial) {
+    constexpr std::int32_t kLines = 91 * 360;
+    const std::int32_t times = TrialRounds(100'000'000 / kLines);
+    Plot& plot = ActivePlot();
+    const RowBlock block = AllLines(plot.record);
+    ReserveBlocks(plot, times * kLines, false);
+    for (std::int32_t i = 0; i < times; ++i) {
+        ASSERT_EQ(AppendBlock(plot, 0, block), kLines);
+    }
+    EXPECT_EQ(plot.record.NumValidData, times * kLines);
+    const std::vector<DistinctLine> lines = DistinctLinesOf(plot.table, plot.record.NumData);
+    ASSERT_EQ(lines.size(), static_cast<std::size_t>(kLines));
+    for (const DistinctLine& line : lines) {
+        ASSERT_EQ(line.rows, times) << line.plunge << " " << line.trend;
+    }
+    EXPECT_EQ(plot.table.index.back(), times * kLines);
 }
 
 } // namespace
