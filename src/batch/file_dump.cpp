@@ -2,9 +2,13 @@
 
 #include "batch/file_dump.h"
 
+#include "batch/extension_dump.h"
 #include "batch/field_lister.h"
 #include "core/plot_store.h"
 #include "persistence/binary_plot_fields.h"
+#include "persistence/plot_extension.h"
+
+#include <utility>
 
 namespace quandrel {
 
@@ -47,11 +51,12 @@ struct ListedPlot : BinaryPlot {
 std::string WriteBinaryFile(std::string_view bytes, JsonWriter& writer) {
     ListedPlot listed;
     { // frees the plot before its fields are listed
-        const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
+        Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
         if (!plot) {
             return plot.Error();
         }
         listed.version = plot->version;
+        listed.leftOut = std::move(plot->leftOut);
     }
     listed.record = NewPlotRecord();
     FieldLister lister(bytes, writer);
@@ -62,9 +67,18 @@ std::string WriteBinaryFile(std::string_view bytes, JsonWriter& writer) {
     lister.Name("version");
     lister.Fixed(listed.versionText, kShortVersion);
     BinaryPlotFields(lister, listed).VisitAll();
+    const Result<Extension> extension = ReadExtension(bytes.substr(bytes.size() - lister.Left()));
+    if (!listed.leftOut.empty()) {
+        lister.Name("leftOut");
+        lister.List(listed.leftOut);
+    }
     lister.Name("bytesBehind");
-    lister.List(lister.Left());
+    lister.List(lister.Left() - (extension ? extension->length : 0));
     lister.PutMembers();
+    if (extension && extension->length > 0) {
+        writer.Key("extension");
+        WriteExtension(extension->blocks, writer);
+    }
     writer.EndObject();
     return {};
 }

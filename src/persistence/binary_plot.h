@@ -5,12 +5,15 @@
 
 #pragma once
 
+#include "core/measured_rows.h"
 #include "core/plot_record.h"
 #include "core/plot_store.h"
 #include "core/result.h"
 #include "core/style_tables.h"
+#include "persistence/plot_extension.h"
 #include "platform/window_place.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -50,7 +53,17 @@ struct BinaryPlot {
     std::unique_ptr<GridValues> gridValues; ///< if the grid count is not 0
     std::optional<WindowPlace> place;       ///< of the window, if the file has a valid one
     bool hasWeightedRose = false;           ///< uses a weighting that no longer exists
+
+    std::array<MeasuredColumns, kRowAngles.size()> measured; ///< by RowAngles
+    std::vector<ExtensionBlock> unknownBlocks;               ///< of the file's extension
+    std::vector<std::string> leftOut; ///< what is damaged in the extension, a sentence each
 };
+
+/// Gives an orientation of a row its measured angles. Throws std::bad_alloc.
+///
+/// @param row       from 1
+/// @param measured  dip -90 to 90, azimuth 0 to 360 degrees
+void SetMeasured(BinaryPlot& plot, RowAngles which, std::int32_t row, const Attitude& measured);
 
 inline constexpr const char* kNoMemoryForPlot = "There is not enough memory for it.";
 

@@ -39,10 +39,7 @@ bool IsDip(std::int32_t dip) {
 /// Rejects an invalid azimuth, and wraps one beyond the circle.
 void RequireAzimuth(BinaryReader& reader, std::int32_t& azimuth) {
     reader.Require(IsWithin(azimuth, -kHugeAzimuth, kHugeAzimuth));
-    if (!IsWithin(azimuth, 0, kFullTurn)) {
-        azimuth %= kFullTurn;
-        azimuth += azimuth < 0 ? kFullTurn : 0;
-    }
+    azimuth = AzimuthOnCircle(azimuth);
 }
 
 void RequireOrientation(BinaryReader& reader, std::int32_t& dip, std::int32_t& azimuth) {
@@ -89,6 +86,14 @@ void RequirePossibleHead(BinaryReader& reader, const PlotRecord& record) {
     reader.Require(IsWithin<std::int16_t>(record.PlotKind, kEqualArea, kRose));
     reader.Require(IsWithin<std::int16_t>(record.DataKind, kPlanes, kPolarLines));
     reader.Require(IsWithin<std::int16_t>(record.PlotSymbolMode, kGreatCircles, kContoursAndGrid));
+}
+
+std::int32_t AzimuthOnCircle(std::int32_t azimuth) {
+    if (IsWithin(azimuth, 0, kFullTurn)) {
+        return azimuth;
+    }
+    const std::int32_t rest = azimuth % kFullTurn;
+    return rest < 0 ? rest + kFullTurn : rest;
 }
 
 void RequirePossibleRow(BinaryReader& reader, BinaryRow& row) {

@@ -22,6 +22,9 @@ namespace quandrel {
 /// Counts of rows, formats and kinds.
 void RequirePossibleHead(BinaryReader& reader, const PlotRecord& record);
 
+/// An azimuth on the circle: one outside 0 to 360 is wrapped.
+[[nodiscard]] std::int32_t AzimuthOnCircle(std::int32_t azimuth);
+
 /// A row's orientations: a dip is -90 to 90 or marks an error, an azimuth is wrapped to 0 to 360.
 void RequirePossibleRow(BinaryReader& reader, BinaryRow& row);
 

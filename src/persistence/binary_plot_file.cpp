@@ -19,6 +19,10 @@ namespace quandrel {
 
 namespace {
 
+constexpr const char* kLeftOut =
+    "Part of this .qpx file was left out, such as decimals of its angles. It is lost if the plot "
+    "is saved under the same name.";
+
 void NamePlot(PlotRecord& record, const std::string& path, int slot) {
     record.SaveFileName = path;
     record.FileNames[kFirstFile] = path;
@@ -77,7 +81,7 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version) {
 BinaryPlotRemarks RemarksOn(const BinaryPlot& plot) {
     return {plot.hasWeightedRose, plot.isLater ? VersionToTell(plot) : std::string(),
             MixesAxes(plot.record, plot.record.PlotSymbolMode),
-            MixesAxesAsRose(plot.record, plot.record.PlotKind)};
+            MixesAxesAsRose(plot.record, plot.record.PlotKind), plot.leftOut};
 }
 
 void TellRemarks(const BinaryPlotRemarks& remarks) {
@@ -92,6 +96,13 @@ void TellRemarks(const BinaryPlotRemarks& remarks) {
              "To repeat the weighting used on the original plot you will have to replot the "
              "diagram.",
              Icon::Information);
+    }
+    if (!remarks.leftOut.empty()) {
+        std::string text = kLeftOut;
+        for (const std::string& fault : remarks.leftOut) {
+            text += "\n" + fault;
+        }
+        Tell(text, Icon::Exclamation);
     }
     if (remarks.mixesAxes) {
         Tell(std::string(kOpensAsPoints) + kMixedAxesRefusal, Icon::Information);

@@ -13,6 +13,7 @@
 #include "persistence/binary_plot.h"
 
 #include <string>
+#include <vector>
 
 namespace quandrel {
 
@@ -38,10 +39,11 @@ void LoadBinaryPlot(const std::string& path, int slot, std::string& version);
 
 /// What the user should know about a file after it is opened.
 struct BinaryPlotRemarks {
-    bool hasWeightedRose = false; ///< it uses a rose that no longer exists
-    std::string laterVersion;     ///< that saved it, empty when it is not later than this one
-    bool mixesAxes = false;       ///< it counts over P and T axes together, and opens as points
-    bool mixesAxesAsRose = false; ///< it is a rose of P and T axes together, and opens as a net
+    bool hasWeightedRose = false;     ///< it uses a rose that no longer exists
+    std::string laterVersion;         ///< that saved it, empty when it is not later than this one
+    bool mixesAxes = false;           ///< it counts over P and T axes together, and opens as points
+    bool mixesAxesAsRose = false;     ///< it is a rose of P and T axes together, and opens as a net
+    std::vector<std::string> leftOut; ///< what is damaged in its extension, a sentence each
 };
 
 [[nodiscard]] BinaryPlotRemarks RemarksOn(const BinaryPlot& plot);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "persistence/binary_plot_fields.h"
+#include "persistence/plot_blocks.h"
 
 #include <cmath>
 #include <new>
@@ -72,6 +73,7 @@ Result<BinaryPlot> Read(std::string_view bytes) {
     }
     plot.record.DensityGridFromFile = plot.record.DensityGrid != nullptr;
     plot.record.NumLoadedData = static_cast<std::int32_t>(plot.rows.size());
+    ReadBlocks(bytes.substr(bytes.size() - reader.Left()), plot);
     TakeEarlierValues(plot);
     return plot;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "persistence/binary_plot_fields.h"
+#include "persistence/plot_blocks.h"
 #include "persistence/plot_file_bytes.h"
 #include "stereo/row_positions.h"
 
@@ -29,7 +30,8 @@ BinaryRow RowOf(const PlotRows& rows, std::int32_t row) {
 /// A plot with the structure of a BinaryPlot.
 struct PlotToWrite {
     explicit PlotToWrite(const Plot& plot)
-        : record(plot.record)
+        : source(plot)
+        , record(plot.record)
         , lines(plot.table)
         , errorLines(plot.rows.errorLines)
         , gridCount(plot.gridCount)
@@ -45,6 +47,7 @@ struct PlotToWrite {
         }
     }
 
+    const Plot& source;
     const PlotRecord& record;
     const RowTable& lines;
     const ErrorLines& errorLines;
@@ -80,6 +83,7 @@ private:
 
 constexpr std::size_t kBytesWithoutRows = sizeof(GridValues) + std::size_t{32} * 1024;
 constexpr std::size_t kUsualRowBytes = 128; ///< mostly for the cells of the table
+constexpr std::size_t kMeasuredBytes = 12;  ///< of a row, for each orientation with decimals
 
 std::string Heading() {
     return kBinaryMark + std::string(kVersionText, kShortVersion);
@@ -97,16 +101,33 @@ void CheckOverlays(BinaryWriter& writer, const PlotRecord& record) {
     }
 }
 
+std::size_t UsualRowBytes(const PlotRows& rows) {
+    std::size_t bytes = kUsualRowBytes;
+    for (const RowAngles which : kRowAngles) {
+        bytes += MeasuredOf(rows, which).RowCount() > 0 ? kMeasuredBytes : 0;
+    }
+    return bytes;
+}
+
 Result<std::string> Written(const PlotToWrite& plot) {
     BinaryWriter writer;
-    writer.Bytes().reserve(kBytesWithoutRows + plot.rows.size() * kUsualRowBytes);
+    writer.Bytes().reserve(kBytesWithoutRows + plot.rows.size() * UsualRowBytes(plot.source.rows));
     CheckOverlays(writer, plot.record);
     writer.Fixed(Heading());
     BinaryPlotFields(writer, plot).VisitAll();
+    WriteBlocks(writer, plot.source, plot.rows);
     if (!writer.Error().empty()) {
         return Failure{writer.Error()};
     }
     return std::move(writer.Bytes());
+}
+
+/// Why a plot would not come back complete from its file; empty if it does.
+std::string FaultOf(const Result<BinaryPlot>& read) {
+    if (!read) {
+        return read.Error();
+    }
+    return read->leftOut.empty() ? std::string() : read->leftOut.front();
 }
 
 /// The bytes of a plot. They are read back as a check, because a script can give fields values that
@@ -124,9 +145,9 @@ Result<std::string> CheckedBytes(const Plot& plot, const Prepare& prepare) {
         if (!bytes) {
             return bytes;
         }
-        const Result<BinaryPlot> again = ReadBinaryPlot(*bytes);
-        if (!again) {
-            return Failure{"the file could not be opened again: " + again.Error()};
+        const std::string fault = FaultOf(ReadBinaryPlot(*bytes));
+        if (!fault.empty()) {
+            return Failure{"the file could not be opened again: " + fault};
         }
         return bytes;
     } catch (const std::bad_alloc&) {

@@ -5,10 +5,7 @@
 #include <zlib.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <optional>
 #include <type_traits>
-#include <utility>
 
 namespace quandrel {
 
@@ -19,21 +16,28 @@ namespace {
 constexpr std::string_view kMark = "\x8fQX\r\n\x1a"
                                    "01";
 constexpr std::size_t kMarkWithoutVersion = 6;
-constexpr BlockTag kEndTag = {'E', 'N', 'D', ' '};
-constexpr std::uint32_t kForAnyRows = 1; ///< the one flag that there is
-constexpr std::size_t kHeadBytes = 4 + 4 + 8;
+constexpr BlockHead kEnd{{'E', 'N', 'D', ' '}, true};
+constexpr std::uint32_t kForAnyRows = 1; ///< the only flag
+constexpr std::size_t kPlaceOfCount = 4 + 4;
+constexpr std::size_t kHeadBytes = kPlaceOfCount + 8;
+constexpr std::size_t kCrcBytes = 4;
 
 constexpr const char* kCutOff = "Its extension is cut off.";
 constexpr const char* kDamaged = "Its extension is damaged.";
-constexpr const char* kNoExtension = "What follows its last field is not an extension.";
-constexpr const char* kOtherVersion = "Its extension is of a later form.";
+constexpr const char* kOtherVersion = "Its extension has the form of a later version.";
+
+template <class T>
+void PutNumber(std::string& bytes, std::size_t place, T number) {
+    static_assert(std::is_unsigned_v<T>);
+    for (std::size_t i = 0; i < sizeof(T); ++i) {
+        bytes[place + i] = static_cast<char>(number >> (8 * i) & 0xffU);
+    }
+}
 
 template <class T>
 void AppendNumber(std::string& bytes, T number) {
-    static_assert(std::is_unsigned_v<T>);
-    for (std::size_t i = 0; i < sizeof(T); ++i) {
-        bytes.push_back(static_cast<char>(number >> (8 * i) & 0xffU));
-    }
+    bytes.resize(bytes.size() + sizeof(T));
+    PutNumber(bytes, bytes.size() - sizeof(T), number);
 }
 
 template <class T>
@@ -45,34 +49,18 @@ T NumberAt(std::string_view bytes, std::size_t place) {
     return number;
 }
 
-std::uint32_t Crc32(std::string_view bytes) {
-    return static_cast<std::uint32_t>(
-        crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
-}
-
-void AppendBlock(std::string& bytes, const BlockTag& tag, std::uint32_t flags,
-                 std::string_view content) {
-    const std::size_t begin = bytes.size();
-    bytes.append(tag.data(), tag.size());
-    AppendNumber(bytes, flags);
-    AppendNumber(bytes, std::uint64_t{content.size()});
-    bytes.append(content);
-    AppendNumber(bytes, Crc32(std::string_view(bytes).substr(begin)));
-}
-
-/// A block with its flags, and how many bytes it takes in the file.
+/// A block, and how many bytes it takes in the file.
 struct FiledBlock {
-    ExtensionBlock block;
+    BlockView block;
     std::size_t length = 0;
 };
 
 /// The block that bytes begin with. A failure when they end before it does, or it is damaged.
 Result<FiledBlock> FirstBlock(std::string_view bytes) {
-    constexpr std::size_t kCrcBytes = sizeof(std::uint32_t);
     if (bytes.size() < kHeadBytes + kCrcBytes) {
         return Failure{kCutOff};
     }
-    const auto count = NumberAt<std::uint64_t>(bytes, 8);
+    const auto count = NumberAt<std::uint64_t>(bytes, kPlaceOfCount);
     if (count > bytes.size() - kHeadBytes - kCrcBytes) {
         return Failure{kCutOff};
     }
@@ -81,67 +69,98 @@ Result<FiledBlock> FirstBlock(std::string_view bytes) {
         return Failure{kDamaged};
     }
     FiledBlock filed;
-    std::copy_n(bytes.begin(), filed.block.tag.size(), filed.block.tag.begin());
-    filed.block.holdsForAnyRows = (NumberAt<std::uint32_t>(bytes, 4) & kForAnyRows) != 0;
+    std::copy_n(bytes.begin(), filed.block.head.tag.size(), filed.block.head.tag.begin());
+    filed.block.head.holdsForAnyRows = (NumberAt<std::uint32_t>(bytes, 4) & kForAnyRows) != 0;
     filed.block.bytes = bytes.substr(kHeadBytes, static_cast<std::size_t>(count));
     filed.length = end + kCrcBytes;
     return filed;
 }
 
-/// Why bytes do not begin with the mark, or nothing when they do.
-std::optional<Failure> FaultOfMark(std::string_view bytes) {
+/// Whether bytes are an extension with a damaged mark: the last block is always the same.
+bool HoldsEnd(std::string_view bytes) {
+    std::string end;
+    ExtensionWriter(end).Block(kEnd, [] {});
+    return bytes.find(std::string_view(end).substr(kMark.size())) != std::string_view::npos;
+}
+
+/// What bytes begin with.
+enum class Beginning { Mark, PartOfMark, OtherVersion, DamagedMark, Nothing };
+
+Beginning BeginningOf(std::string_view bytes) {
     if (bytes.starts_with(kMark)) {
-        return std::nullopt;
+        return Beginning::Mark;
     }
-    if (bytes.size() < kMark.size() && kMark.starts_with(bytes)) {
-        return Failure{kCutOff};
+    if (bytes.empty()) {
+        return Beginning::Nothing;
     }
-    const bool isOther = bytes.starts_with(kMark.substr(0, kMarkWithoutVersion));
-    return Failure{isOther ? kOtherVersion : kNoExtension};
+    if (kMark.starts_with(bytes)) {
+        return Beginning::PartOfMark;
+    }
+    if (bytes.starts_with(kMark.substr(0, kMarkWithoutVersion))) {
+        return Beginning::OtherVersion;
+    }
+    return HoldsEnd(bytes) ? Beginning::DamagedMark : Beginning::Nothing;
+}
+
+/// The blocks of bytes that begin with the mark.
+Result<Extension> ReadBlocks(std::string_view bytes) {
+    Extension extension;
+    for (std::size_t place = kMark.size();;) {
+        Result<FiledBlock> filed = FirstBlock(bytes.substr(place));
+        if (!filed) {
+            return Failure{filed.Error()};
+        }
+        place += filed->length;
+        if (filed->block.head.tag == kEnd.tag) {
+            extension.length = place;
+            return extension;
+        }
+        extension.blocks.push_back(filed->block);
+    }
 }
 
 } // namespace
 
-Result<std::vector<ExtensionBlock>> ReadExtension(std::string_view bytes) {
-    std::vector<ExtensionBlock> blocks;
-    if (bytes.empty()) {
-        return blocks;
-    }
-    if (const std::optional<Failure> fault = FaultOfMark(bytes)) {
-        return *fault;
-    }
-    bytes.remove_prefix(kMark.size());
-    for (;;) {
-        Result<FiledBlock> filed = FirstBlock(bytes);
-        if (!filed) {
-            return Failure{filed.Error()};
-        }
-        bytes.remove_prefix(filed->length);
-        if (filed->block.tag == kEndTag) {
-            break;
-        }
-        blocks.push_back(std::move(filed->block));
-    }
-    if (!bytes.empty()) {
-        return Failure{kDamaged};
-    }
-    return blocks;
+std::uint32_t Crc32(std::string_view bytes, std::uint32_t former) {
+    return static_cast<std::uint32_t>(
+        crc32_z(former, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
 }
 
-Result<std::string> ExtensionBytes(std::span<const ExtensionBlock> blocks) {
-    std::string bytes;
-    if (blocks.empty()) {
-        return bytes;
+Result<Extension> ReadExtension(std::string_view bytes) {
+    switch (BeginningOf(bytes)) {
+    case Beginning::Mark:
+        return ReadBlocks(bytes);
+    case Beginning::PartOfMark:
+        return Failure{kCutOff};
+    case Beginning::OtherVersion:
+        return Failure{kOtherVersion};
+    case Beginning::DamagedMark:
+        return Failure{kDamaged};
+    case Beginning::Nothing:
+        break;
     }
-    bytes = kMark;
-    for (const ExtensionBlock& block : blocks) {
-        if (block.tag == kEndTag) {
-            return Failure{"A block cannot have the tag \"END \"."};
-        }
-        AppendBlock(bytes, block.tag, block.holdsForAnyRows ? kForAnyRows : 0, block.bytes);
+    return Extension();
+}
+
+void ExtensionWriter::Begin(const BlockHead& head) {
+    if (begin_ == 0) {
+        bytes_ += kMark;
     }
-    AppendBlock(bytes, kEndTag, kForAnyRows, {});
-    return bytes;
+    begin_ = bytes_.size();
+    bytes_.append(head.tag.data(), head.tag.size());
+    AppendNumber(bytes_, head.holdsForAnyRows ? kForAnyRows : std::uint32_t{0});
+    AppendNumber(bytes_, std::uint64_t{0}); // the count, known at the end
+}
+
+void ExtensionWriter::End() {
+    PutNumber(bytes_, begin_ + kPlaceOfCount, std::uint64_t{bytes_.size() - begin_ - kHeadBytes});
+    AppendNumber(bytes_, Crc32(std::string_view(bytes_).substr(begin_)));
+}
+
+void ExtensionWriter::Finish() {
+    if (begin_ != 0) {
+        Block(kEnd, [] {});
+    }
 }
 
 } // namespace quandrel

@@ -10,6 +10,7 @@
 #include "input/load_report.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
+#include "persistence/plot_blocks.h"
 #include "persistence/plot_file_bytes.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_positions.h"
@@ -23,8 +24,8 @@ namespace quandrel {
 
 namespace {
 
-/// The orientation of a row that is shown. Plots of files do not have links that mark rows.
-Attitude ShownOf(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
+/// The orientation of a row that is shown, in whole degrees.
+Attitude WholeShown(const PlotRecord& record, std::int32_t row, const BinaryRow& stored) {
     const bool isSecondary =
         record.ShowSecondary != 0 && row <= record.NumData && stored.dip != kErrorRow;
     return isSecondary ? Attitude{stored.dip2, stored.azimuth2}
@@ -36,7 +37,7 @@ SymbolCode PlainCode(const PlotRecord& record, std::int32_t row, const BinaryRow
     if (record.ClassMode == 0 || row > record.NumData) {
         return stored.code;
     }
-    const double dip = ShownOf(record, row, stored).dip;
+    const double dip = WholeShown(record, row, stored).dip;
     return stored.dip == kErrorRow ? 0 : CodeOfNewRow(record, 0, dip < 0 && dip != kErrorRow);
 }
 
@@ -85,16 +86,16 @@ std::vector<std::int32_t> OrderOfTable(const BinaryPlot& file) {
     return sorted == order ? file.table : order;
 }
 
-void StoreTable(const BinaryPlot& file, const std::vector<std::int32_t>& order, Plot& plot) {
+/// Builds the row table from the rows of the plot.
+void StoreTable(const std::vector<std::int32_t>& order, Plot& plot) {
     const PlotRecord& record = plot.record;
     ResizeRowTable(plot.table, order.size());
     for (std::size_t place = 0; place < order.size(); ++place) {
         const std::int32_t row = order[place];
-        const BinaryRow& stored = file.rows[static_cast<std::size_t>(row) - 1];
         SetRow(plot.table, place,
                PlottedOrientation(record.PlotKind,
                                   IsPlottedAsPole(record, OverlayOfRow(record, row)), row,
-                                  ShownOf(record, row, stored)));
+                                  OrientationShown(plot, row)));
     }
 }
 
@@ -151,7 +152,8 @@ void Take(BinaryPlot file, Plot& plot) {
     record = std::move(file.record);
     MendMixedAxes(record);
     StoreRows(file, plot);
-    StoreTable(file, order, plot);
+    TakeBlocks(file, plot);
+    StoreTable(order, plot);
     if (file.version < 90) {
         FindAppendedRange(plot);
     }

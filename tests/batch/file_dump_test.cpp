@@ -3,6 +3,7 @@
 #include "batch/file_dump.h"
 #include "batch_fixture.h"
 #include "persistence/binary_samples.h"
+#include "persistence/extension_by_hand.h"
 
 #include <nlohmann/json.hpp>
 
@@ -326,6 +327,49 @@ TEST(WriteBinaryFile, InfiniteNumbersAreTexts) {
 
 TEST(WriteBinaryFile, CountsWhatIsBehindTheLastField) {
     EXPECT_EQ(ListedOf(SampleOfVersion({92, "", ""}), "rest")["bytesBehind"], 4);
+}
+
+TEST(WriteBinaryFile, ListsTheBlocksOfAnExtension) {
+    // Row 1 is 30/120, measured as 30.25/119.7; the sample has seven rows in all.
+    std::string content = LongByHand(7);
+    std::string whole;
+    for (const auto& [dip, azimuth] : std::vector<std::pair<int, int>>{
+             {30, 120}, {45, 270}, {-9999, 0}, {80, 5}, {10, 20}, {-20, 30}, {21, 31}}) {
+        whole += LongByHand(dip) + LongByHand(azimuth);
+    }
+    const std::uint32_t checksum = CrcBitByBit(whole);
+    content += LittleEndian(checksum, 4) + AngleByHand(30, 0.25F) + AngleByHand(120, -0.3F);
+    for (int row = 2; row <= 7; ++row) {
+        content += AngleByHand(-9999, 0) + AngleByHand(0, 0);
+    }
+    const std::string extension =
+        ExtensionByHand(BlockByHand("UDEC", 1, LittleEndian(0xffff, 2))
+                        + BlockByHand("MPRI", 0, content) + BlockByHand("LATE", 1, "later"));
+    const Json json = ListedOf(SampleOfVersion({92, "", ""}), extension + "rest");
+    const nlohmann::json expected = {
+        {{"tag", "UDEC"}, {"holdsForAnyRows", true}, {"bytes", 2}, {"UseDecimals", -1}},
+        {{"tag", "MPRI"},
+         {"holdsForAnyRows", false},
+         {"bytes", 8 + 7 * 12},
+         {"rows", 7},
+         {"checksum", checksum},
+         {"dip", {30.25, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr}},
+         {"azimuth", {119.7, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr}}},
+        {{"tag", "LATE"}, {"holdsForAnyRows", true}, {"bytes", 5}}};
+    EXPECT_EQ(nlohmann::json(json["extension"]), expected);
+    EXPECT_EQ(json["bytesBehind"], 4);
+    EXPECT_FALSE(json.contains("leftOut"));
+}
+
+TEST(WriteBinaryFile, NamesTheDamageOfAnExtension) {
+    const std::string extension = ExtensionByHand(BlockByHand("UDEC", 1, "odd"));
+    const Json json = ListedOf(SampleOfVersion({92, "", ""}), extension);
+    EXPECT_EQ(json["leftOut"], Json({"The choice to use decimals is damaged."}));
+    EXPECT_FALSE(json["extension"][0].contains("UseDecimals"));
+    const Json cut = ListedOf(SampleOfVersion({92, "", ""}), extension.substr(0, 20));
+    EXPECT_EQ(cut["leftOut"], Json({"Its extension is cut off."}));
+    EXPECT_FALSE(cut.contains("extension"));
+    EXPECT_EQ(cut["bytesBehind"], 20);
 }
 
 TEST(WriteBinaryFile, LeavesOutWhatThePlotHasNot) {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_rows.h"
 #include "core/replot.h"
 #include "input/file_loading.h"
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
+#include "persistence/extension_by_hand.h"
 #include "persistence/open_plot.h"
+#include "persistence/plot_file_bytes.h"
 #include "support/test_heap.h"
 #include "support/test_platform.h"
 #include "support/trial.h"
@@ -117,6 +120,55 @@ TEST_F(BinaryDamage, ACountThatTheRestCannotHoldTakesNoMemory) {
         EXPECT_FALSE(Read(changed));
     }
 }
+
+TEST_F(BinaryDamage, ManySmallBlocksTakeLittleMemory) {
+    std::string blocks;
+    for (int i = 0; i < 3000; ++i) {
+        blocks += BlockByHand("MPRI", 0, "") + BlockByHand("VOID", 1, "");
+    }
+    const std::string file =
+        OldPlotWriter(SampleOfVersion({92, "", ""})).Bytes() + ExtensionByHand(blocks);
+    const Result<BinaryPlot> plot = Read(file);
+    ASSERT_TRUE(plot);
+    EXPECT_EQ(plot->unknownBlocks.size(), 3000U);
+    EXPECT_EQ(plot->leftOut.size(), 1U) << "the same damage is named once";
+}
+
+#ifdef QUANDREL_HAS_TEST_HEAP
+TEST_F(BinaryDamage, DecimalsTakeTheMemoryOfTheirColumns) {
+    constexpr std::size_t kRows = 100000;
+    constexpr std::size_t kBytesOfDecimals = 12 * kRows;
+    constexpr std::size_t kBuffers = 600000; // not more for more rows
+    const auto taken = [](const auto& act) {
+        gBytesTaken = 0;
+        act();
+        return gBytesTaken.load();
+    };
+    NewPlot();
+    Plot& plot = ActivePlot();
+    for (std::size_t row = 1; row <= kRows; ++row) {
+        RowValues values;
+        values.isData = true;
+        values.dip = static_cast<std::int32_t>(row % 90);
+        values.azimuth = static_cast<std::int32_t>(row % 360);
+        ASSERT_TRUE(AppendRow(plot, 0, values));
+    }
+    std::string bytes;
+    const auto write = [&] { bytes = std::move(*PlotFileBytes(plot)); };
+    const auto read = [&] { ASSERT_TRUE(ReadPlotFile(bytes)); };
+    const std::size_t writing = taken(write);
+    const std::size_t reading = taken(read);
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        const Attitude whole = WholeAttitude(plot.rows, RowAngles::Primary, row);
+        ASSERT_TRUE(
+            SetDecimals(plot.rows, RowAngles::Primary, row, {whole.dip + 0.25, whole.azimuth}));
+    }
+    EXPECT_LT(taken(read), reading + kBuffers) << "the same file again";
+    // The block, and the columns that are read as a check.
+    EXPECT_LT(taken(write), writing + 2 * kBytesOfDecimals + kBuffers);
+    EXPECT_LT(taken(read), reading + kBytesOfDecimals + kBuffers) << "columns go into the plot";
+}
+#endif
 
 TEST_F(BinaryDamage, ADamagedFileLeavesTheStoreAsItWas) {
     const std::string good =

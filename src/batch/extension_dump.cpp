@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/extension_dump.h"
+
+#include "orientation/attitude.h"
+#include "persistence/measured_block.h"
+#include "persistence/plot_blocks.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace quandrel {
+
+namespace {
+
+void WriteNumber(const char* name, std::int64_t value, JsonWriter& writer) {
+    writer.Key(name);
+    writer.Number(value);
+}
+
+/// An angle of each row.
+void WriteAngles(const char* name, double Attitude::*angle, const MeasuredBlock& block,
+                 JsonWriter& writer) {
+    writer.Key(name);
+    writer.BeginArray();
+    for (std::int32_t row = 1; row <= block.count; ++row) {
+        if (block.columns.Has(row)) {
+            writer.Number(ToMicrodegree(block.columns.At(row).*angle));
+        } else {
+            writer.Ready("null");
+        }
+    }
+    writer.EndArray();
+}
+
+void WriteMeasured(std::string_view bytes, JsonWriter& writer) {
+    const std::optional<MeasuredBlock> block = ReadMeasuredBlock(bytes);
+    if (block) {
+        WriteNumber("rows", block->count, writer);
+        WriteNumber("checksum", block->checksum, writer);
+        WriteAngles("dip", &Attitude::dip, *block, writer);
+        WriteAngles("azimuth", &Attitude::azimuth, *block, writer);
+    }
+}
+
+void WriteKnown(const BlockView& block, JsonWriter& writer) {
+    if (AnglesOfBlock(block.head)) {
+        WriteMeasured(block.bytes, writer);
+    } else if (block.head.tag == kUseDecimalsBlock.tag) {
+        if (const std::optional<std::int16_t> value = UseDecimalsOfBlock(block.bytes)) {
+            WriteNumber("UseDecimals", *value, writer);
+        }
+    }
+}
+
+} // namespace
+
+void WriteExtension(std::span<const BlockView> blocks, JsonWriter& writer) {
+    writer.BeginArray();
+    for (const BlockView& block : blocks) {
+        writer.BeginObject();
+        writer.Key("tag");
+        writer.Text(std::string_view(block.head.tag.data(), block.head.tag.size()));
+        writer.Key("holdsForAnyRows");
+        writer.Ready(block.head.holdsForAnyRows ? "true" : "false");
+        WriteNumber("bytes", static_cast<std::int64_t>(block.bytes.size()), writer);
+        WriteKnown(block, writer);
+        writer.EndObject();
+    }
+    writer.EndArray();
+}
+
+} // namespace quandrel

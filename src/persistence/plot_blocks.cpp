@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+
+#include "persistence/plot_blocks.h"
+
+#include "core/fingerprint.h"
+#include "persistence/measured_block.h"
+#include "stereo/row_positions.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// The decimals of an orientation, at the beginning of a sentence.
+const char* NameOfDecimals(RowAngles which) {
+    switch (which) {
+    case RowAngles::Secondary:
+        return "The decimals of secondary orientations";
+    case RowAngles::Line:
+        return "The decimals of appended lines";
+    case RowAngles::Primary:
+        break;
+    }
+    return "The decimals of orientations";
+}
+
+/// Names a fault to the user. Blocks of the same kind have one sentence.
+void LeaveOut(BinaryPlot& plot, std::string fault) {
+    if (std::find(plot.leftOut.begin(), plot.leftOut.end(), fault) == plot.leftOut.end()) {
+        plot.leftOut.push_back(std::move(fault));
+    }
+}
+
+void ReadMeasured(std::string_view bytes, RowAngles which, BinaryPlot& plot) {
+    std::optional<MeasuredBlock> block = ReadMeasuredBlock(bytes);
+    const auto rows = RowsWith(plot.rows, plot.record, which);
+    if (!block) {
+        LeaveOut(plot, std::string(NameOfDecimals(which)) + " are damaged.");
+    } else if (static_cast<std::size_t>(block->count) != rows.size()
+               || block->checksum != ChecksumOf(rows, which)
+               || !Fits(block->columns, rows, which)) {
+        LeaveOut(plot, std::string(NameOfDecimals(which)) + " belong to other rows.");
+    } else {
+        plot.measured[static_cast<std::size_t>(which)] = std::move(block->columns);
+    }
+}
+
+void ReadUseDecimals(std::string_view bytes, BinaryPlot& plot) {
+    const std::optional<std::int16_t> value = UseDecimalsOfBlock(bytes);
+    if (!value) {
+        LeaveOut(plot, "The choice to use decimals is damaged.");
+    }
+    plot.record.UseDecimals = value.value_or(0);
+}
+
+void ReadBlock(const BlockView& block, BinaryPlot& plot) {
+    if (const std::optional<RowAngles> which = AnglesOfBlock(block.head)) {
+        ReadMeasured(block.bytes, *which, plot);
+    } else if (block.head.tag == kUseDecimalsBlock.tag) {
+        ReadUseDecimals(block.bytes, plot);
+    } else {
+        plot.unknownBlocks.push_back({block.head, std::string(block.bytes)});
+    }
+}
+
+void WriteMeasured(ExtensionWriter& extension, BinaryWriter& writer, const Plot& plot,
+                   std::span<const BinaryRow> rows) {
+    for (const RowAngles which : kRowAngles) {
+        const MeasuredColumns& columns = MeasuredOf(plot.rows, which);
+        const auto held = RowsWith(rows, plot.record, which);
+        if (HasMeasured(columns, held, which)) {
+            extension.Block(MeasuredBlockHead(which),
+                            [&] { WriteMeasuredBlock(writer, columns, held, which); });
+        }
+    }
+}
+
+void WriteUnknown(ExtensionWriter& extension, BinaryWriter& writer, const Plot& plot) {
+    const auto* const unknown = plot.attachments.Find<UnknownBlocks>();
+    if (unknown == nullptr) {
+        return;
+    }
+    const bool hasSameRows = FingerprintOfRows(plot) == unknown->rows;
+    for (const ExtensionBlock& block : unknown->blocks) {
+        if (hasSameRows || block.head.holdsForAnyRows) {
+            extension.Block(block.head, [&] { writer.Fixed(block.bytes); });
+        }
+    }
+}
+
+void AddMeasured(const PlotRows& rows, RowAngles which, std::int32_t row, Fingerprint& print) {
+    const std::optional<Attitude> measured = DecimalsOf(rows, which, row);
+    print.Add(std::uint64_t{measured.has_value()});
+    if (measured) {
+        print.Add(std::bit_cast<std::uint64_t>(measured->dip));
+        print.Add(std::bit_cast<std::uint64_t>(measured->azimuth));
+    }
+}
+
+} // namespace
+
+std::uint64_t FingerprintOfRows(const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    const PlotRows& rows = plot.rows;
+    Fingerprint print;
+    print.AddWhole(record.NumData);
+    for (std::size_t k = 0; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {
+        print.AddWhole(record.OverlayRows[k]);
+        print.AddWhole(k == kOverlayCount ? 0 : record.OverlayKind[k]);
+    }
+    for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
+        print.AddWhole(DipOfRow(plot, row));
+        print.AddWhole(rows.azimuth(row));
+        for (const RowAngles which : kRowAngles) {
+            AddMeasured(rows, which, row, print);
+        }
+        print.AddWhole(rows.dip2(row));
+        print.AddWhole(rows.azimuth2(row));
+        print.AddWhole(rows.lineDip(row));
+        print.AddWhole(rows.lineAzimuth(row));
+        print.AddWhole(std::bit_cast<std::int32_t>(rows.number(row)));
+        print.Add(rows.text(row));
+    }
+    return print.Value();
+}
+
+std::optional<std::int16_t> UseDecimalsOfBlock(std::string_view bytes) {
+    BinaryReader reader(bytes);
+    std::int16_t value = 0;
+    reader.Short(value);
+    if (reader.HasFailed() || reader.Left() != 0) {
+        return std::nullopt;
+    }
+    return value != 0 ? kTrue : std::int16_t{0};
+}
+
+void ReadBlocks(std::string_view bytes, BinaryPlot& plot) {
+    plot.record.UseDecimals = 0; // whatever new plots do
+    const Result<Extension> extension = ReadExtension(bytes);
+    if (!extension) {
+        LeaveOut(plot, extension.Error());
+        return;
+    }
+    for (const BlockView& block : extension->blocks) {
+        ReadBlock(block, plot);
+    }
+}
+
+void TakeBlocks(BinaryPlot& file, Plot& plot) {
+    for (const RowAngles which : kRowAngles) {
+        MeasuredOf(plot.rows, which) = std::move(file.measured[static_cast<std::size_t>(which)]);
+    }
+    if (!file.unknownBlocks.empty()) {
+        plot.attachments.Of<UnknownBlocks>() = {std::move(file.unknownBlocks),
+                                                FingerprintOfRows(plot)};
+    }
+}
+
+void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryRow> rows) {
+    ExtensionWriter extension(writer.Bytes());
+    if (plot.record.UseDecimals != 0) {
+        extension.Block(kUseDecimalsBlock, [&] { writer.Short(kTrue); });
+    }
+    WriteMeasured(extension, writer, plot, rows);
+    WriteUnknown(extension, writer, plot);
+    extension.Finish();
+}
+
+} // namespace quandrel

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+//
+// Decimals and other properties of plots in the extension of their files.
+
+#include "core/plot_rows.h"
+#include "core/replot.h"
+#include "input/file_loading.h"
+#include "persistence/ascii_plot_file.h"
+#include "persistence/binary_plot_file.h"
+#include "persistence/binary_samples.h"
+#include "persistence/extension_by_hand.h"
+#include "persistence/open_plot.h"
+#include "persistence/plot_blocks.h"
+#include "persistence/plot_file_bytes.h"
+#include "persistence/workspace_file.h"
+#include "stereo/row_positions.h"
+#include "support/decimal_rows.h"
+#include "support/test_platform.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <utility>
+
+namespace quandrel {
+namespace {
+
+constexpr const char* kLeftOut =
+    "Part of this .qpx file was left out, such as decimals of its angles. It is lost if the plot "
+    "is saved under the same name.\n";
+
+/// Rows of the samples: dip, azimuth of each (secondary orientations, appended lines).
+std::string CrcOfPairs(const std::vector<std::pair<int, int>>& pairs) {
+    std::string bytes;
+    for (const auto& [dip, azimuth] : pairs) {
+        bytes += LongByHand(dip) + LongByHand(azimuth);
+    }
+    return LittleEndian(CrcBitByBit(bytes), 4);
+}
+
+const std::string kNoDecimals = AngleByHand(-9999, 0) + AngleByHand(0, 0);
+
+/// The orientations of all seven rows of a sample. Row 1 is 30/120, measured as 30.25/119.75.
+std::string OrientationsOfSample(const std::string& firstRow = AngleByHand(30, 0.25F)
+                                                               + AngleByHand(120, -0.25F)) {
+    std::string content =
+        LongByHand(7)
+        + CrcOfPairs({{30, 120}, {45, 270}, {-9999, 0}, {80, 5}, {10, 20}, {-20, 30}, {21, 31}})
+        + firstRow;
+    for (int row = 2; row <= 7; ++row) {
+        content += kNoDecimals;
+    }
+    return content;
+}
+
+std::string MeasuredByHand() {
+    return BlockByHand("MPRI", 0, OrientationsOfSample());
+}
+
+std::string SampleBytes() {
+    return OldPlotWriter(SampleOfVersion({92, "", ""})).Bytes();
+}
+
+std::string SampleWith(const std::string& blocks) {
+    return SampleBytes() + ExtensionByHand(blocks);
+}
+
+class PlotBlocks : public EngineTest {
+protected:
+    static std::string Bytes(int slot) {
+        const Result<std::string> bytes = BinaryPlotBytes(slot);
+        EXPECT_TRUE(bytes) << bytes.Error();
+        return bytes ? *bytes : std::string();
+    }
+
+    int Open(const std::string& bytes) {
+        EXPECT_EQ(OpenPlotFile(kNewCommand, WriteFile("plot.qpx", bytes)), kBinaryCommand);
+        return gActivePlot;
+    }
+
+    /// What the file of a plot has after some fields, which must be its own.
+    static std::string AfterFields(int slot, const std::string& fields) {
+        const std::string bytes = Bytes(slot);
+        EXPECT_TRUE(bytes.starts_with(fields)) << "the fields are the same";
+        return bytes.substr(std::min(fields.size(), bytes.size()));
+    }
+
+    static std::vector<std::string> LeftOutOf(const std::string& bytes) {
+        const Result<BinaryPlot> plot = ReadBinaryPlot(bytes);
+        EXPECT_TRUE(plot) << plot.Error();
+        return plot ? plot->leftOut : std::vector<std::string>();
+    }
+};
+
+using Sentences = std::vector<std::string>;
+
+TEST_F(PlotBlocks, APlotWithoutDecimalsHasNoExtension) {
+    for (const OldVersion& version : OldVersions()) {
+        const Result<Plot> plot = ReadPlotFile(OldPlotWriter(SampleOfVersion(version)).Bytes());
+        ASSERT_TRUE(plot);
+        const std::string bytes = *PlotFileBytes(*plot);
+        EXPECT_EQ(bytes.find("\x8fQX"), std::string::npos) << version.file;
+    }
+}
+
+TEST_F(PlotBlocks, TheBytesBeforeAnExtensionAreThoseWithoutIt) {
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    PlotRows& rows = PlotOf(slot).rows;
+    ASSERT_TRUE(SetDecimals(rows, RowAngles::Primary, 1, {30.25, 119.75}));
+    EXPECT_EQ(AfterFields(slot, plain), ExtensionByHand(MeasuredByHand()));
+
+    ActiveRecord().UseDecimals = kTrue;
+    const std::string used = BlockByHand("UDEC", 1, LittleEndian(0xffff, 2));
+    EXPECT_EQ(AfterFields(slot, plain), ExtensionByHand(used + MeasuredByHand()));
+
+    ClearDecimals(rows, RowAngles::Primary, 1);
+    EXPECT_EQ(AfterFields(slot, plain), ExtensionByHand(used))
+        << "the rows have whole degrees again";
+
+    ActiveRecord().UseDecimals = 0;
+    EXPECT_EQ(AfterFields(slot, plain), "");
+}
+
+TEST_F(PlotBlocks, EachOrientationHasABlock) {
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    PlotRows& rows = PlotOf(slot).rows;
+    ASSERT_TRUE(SetDecimals(rows, RowAngles::Secondary, 4, {11.5, 15}));
+    ASSERT_TRUE(SetDecimals(rows, RowAngles::Line, 1, {10, 90.5}));
+    std::string line = LongByHand(4) + CrcOfPairs({{10, 90}, {-99, 0}, {0, 0}, {5, 15}});
+    // A half is nearest to the even degree. The azimuth of -9999 is 81 on the circle.
+    const std::string second =
+        LongByHand(7)
+        + CrcOfPairs({{20, 80}, {-9999, 81}, {0, 0}, {11, 15}, {1, 2}, {0, 0}, {0, 0}})
+        + kNoDecimals + kNoDecimals + kNoDecimals + AngleByHand(12, -0.5F) + AngleByHand(15, 0)
+        + kNoDecimals + kNoDecimals + kNoDecimals;
+    line += AngleByHand(10, 0) + AngleByHand(90, 0.5F) + kNoDecimals + kNoDecimals + kNoDecimals;
+    EXPECT_EQ(AfterFields(slot, plain),
+              ExtensionByHand(BlockByHand("MSEC", 0, second) + BlockByHand("MLIN", 0, line)));
+}
+
+TEST_F(PlotBlocks, DecimalsAreReadWhetherTheyAreUsedOrNot) {
+    const Result<Plot> plot = ReadPlotFile(SampleWith(MeasuredByHand()));
+    ASSERT_TRUE(plot);
+    EXPECT_EQ(plot->record.UseDecimals, 0);
+    EXPECT_EQ(MeasuredAttitude(plot->rows, RowAngles::Primary, 1), Attitude(30.25, 119.75));
+    EXPECT_EQ(WholeAttitude(plot->rows, RowAngles::Primary, 1), Attitude(30, 120));
+    EXPECT_EQ(CountRowsWithDecimals(plot->rows, 1, 7), 1);
+    EXPECT_NEAR(plot->table.plunge[0], DegToRad(60), 1e-12);
+
+    const Result<Plot> used =
+        ReadPlotFile(SampleWith(BlockByHand("UDEC", 1, LittleEndian(1, 2)) + MeasuredByHand()));
+    ASSERT_TRUE(used);
+    EXPECT_EQ(used->record.UseDecimals, kTrue);
+    EXPECT_NEAR(used->table.plunge[0], DegToRad(59.75), 1e-12) << "the pole as it was measured";
+}
+
+TEST_F(PlotBlocks, RandomRowsComeBackFromAFile) {
+    NewPlot();
+    FillWithDecimals(ActivePlot(), 2000, 1);
+    ActiveRecord().UseDecimals = kTrue;
+    RebuildRowTable(gActivePlot);
+    const int slot = gActivePlot;
+    const std::string path = (folder / "random.qpx").string();
+    ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kBinaryCommand);
+    ExpectSameDecimals(ActivePlot(), PlotOf(slot));
+    EXPECT_EQ(ActiveRecord().UseDecimals, kTrue);
+}
+
+TEST_F(PlotBlocks, RandomRowsComeBackThroughAWorkspace) {
+    NewPlot();
+    FillWithDecimals(ActivePlot(), 2000, 2);
+    const int slot = gActivePlot;
+    ASSERT_EQ(SavePlotAs((folder / "random.qpx").string(), SaveKind::SaveAs), SaveOutcome::Saved);
+    const std::string path = (folder / "all.qwo").string();
+    ASSERT_EQ(SaveWorkspaceAs(path), WorkspaceOutcome::Saved);
+    EXPECT_EQ(OpenWorkspace(path), 1);
+    ASSERT_NE(gActivePlot, slot);
+    ExpectSameDecimals(ActivePlot(), PlotOf(slot));
+    EXPECT_EQ(ActiveRecord().UseDecimals, 0);
+}
+
+TEST_F(PlotBlocks, AFileCutInItsExtensionOpensWithoutIt) {
+    const std::string fields = SampleBytes();
+    const std::string whole = SampleWith(BlockByHand("UDEC", 1, LittleEndian(0xffff, 2))
+                                         + MeasuredByHand() + BlockByHand("LATE", 1, "kept"));
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const Result<BinaryPlot> plot = ReadBinaryPlot(std::string_view(whole).substr(0, length));
+        ASSERT_EQ(static_cast<bool>(plot), length >= fields.size()) << length;
+        if (!plot) {
+            ASSERT_EQ(plot.Error(), ReadBinaryPlot(fields.substr(0, length)).Error());
+            continue;
+        }
+        ASSERT_EQ(plot->leftOut,
+                  length > fields.size() ? Sentences{"Its extension is cut off."} : Sentences{})
+            << length;
+        ASSERT_EQ(plot->measured[0].RowCount(), 0) << length;
+        ASSERT_EQ(plot->record.UseDecimals, 0) << length;
+        ASSERT_TRUE(plot->unknownBlocks.empty()) << length;
+    }
+}
+
+TEST_F(PlotBlocks, DamageIsReportedOnce) {
+    std::string bytes = SampleWith(MeasuredByHand());
+    bytes[bytes.size() - 60] = static_cast<char>(bytes[bytes.size() - 60] ^ 1);
+    Expect(kLeftOut + std::string("Its extension is damaged."));
+    const int slot = Open(bytes);
+    EXPECT_EQ(CountRowsWithDecimals(PlotOf(slot).rows, 1, 7), 0);
+    EXPECT_EQ(RecordOf(slot).NumLoadedData, 7);
+
+    const std::string other =
+        BlockByHand("MPRI", 0, OrientationsOfSample() + "x") + BlockByHand("UDEC", 1, "");
+    Expect(kLeftOut
+           + std::string("The decimals of orientations are damaged.\n"
+                         "The choice to use decimals is damaged."));
+    Open(SampleWith(other + other));
+}
+
+TEST_F(PlotBlocks, DecimalsOfOtherRowsAreLeftOut) {
+    const Sentences primary = {"The decimals of orientations belong to other rows."};
+    OldPlot sample = SampleOfVersion({92, "", ""});
+    const auto extension = ExtensionByHand(MeasuredByHand());
+    EXPECT_EQ(LeftOutOf(OldPlotWriter(sample).Bytes() + extension), Sentences{});
+    sample.rows[1].azimuth = 271;
+    EXPECT_EQ(LeftOutOf(OldPlotWriter(sample).Bytes() + extension), primary) << "another azimuth";
+    sample.rows[1].azimuth = 270;
+    std::swap(sample.rows[0], sample.rows[3]);
+    EXPECT_EQ(LeftOutOf(OldPlotWriter(sample).Bytes() + extension), primary) << "another order";
+    std::swap(sample.rows[0], sample.rows[3]);
+    sample.overlays.pop_back();
+    EXPECT_EQ(LeftOutOf(OldPlotWriter(sample).Bytes() + extension), primary) << "fewer rows";
+
+    const std::string empty = LongByHand(0) + LongByHand(0);
+    OldPlot bare;
+    bare.version = 92;
+    EXPECT_EQ(LeftOutOf(OldPlotWriter(bare).Bytes()
+                        + ExtensionByHand(BlockByHand("MSEC", 0, empty + kNoDecimals))),
+              Sentences{"The decimals of secondary orientations are damaged."});
+    const std::string one = LongByHand(1) + CrcOfPairs({{0, 0}}) + kNoDecimals;
+    EXPECT_EQ(
+        LeftOutOf(OldPlotWriter(bare).Bytes()
+                  + ExtensionByHand(BlockByHand("MSEC", 0, one) + BlockByHand("MLIN", 0, one))),
+        (Sentences{"The decimals of secondary orientations belong to other rows.",
+                   "The decimals of appended lines belong to other rows."}));
+}
+
+TEST_F(PlotBlocks, AnglesThatNoRowHasAreLeftOut) {
+    const auto leftOut = [](const std::string& dip, const std::string& azimuth) {
+        return LeftOutOf(SampleWith(BlockByHand("MPRI", 0, OrientationsOfSample(dip + azimuth))));
+    };
+    const std::string dip = AngleByHand(30, 0.25F);
+    const std::string azimuth = AngleByHand(120, -0.25F);
+    const Sentences damaged = {"The decimals of orientations are damaged."};
+    EXPECT_EQ(leftOut(dip, azimuth), Sentences{});
+    EXPECT_EQ(leftOut(AngleByHand(90, -0.5F), AngleByHand(360, -0.5F)), Sentences{});
+    EXPECT_EQ(leftOut(AngleByHand(-90, 0.5F), AngleByHand(0, 0.5F)), Sentences{});
+    EXPECT_EQ(leftOut(AngleByHand(91, -0.5F), azimuth), damaged);
+    EXPECT_EQ(leftOut(AngleByHand(90, 0.25F), azimuth), damaged);
+    EXPECT_EQ(leftOut(AngleByHand(-90, -0.25F), azimuth), damaged);
+    EXPECT_EQ(leftOut(AngleByHand(30, 0.75F), azimuth), damaged);
+    EXPECT_EQ(leftOut(AngleByHand(30, std::nanf("")), azimuth), damaged);
+    EXPECT_EQ(leftOut(AngleByHand(30, INFINITY), azimuth), damaged);
+    EXPECT_EQ(leftOut(dip, AngleByHand(361, -0.5F)), damaged);
+    EXPECT_EQ(leftOut(dip, AngleByHand(0, -0.25F)), damaged);
+    EXPECT_EQ(leftOut(dip, AngleByHand(-1, 0.25F)), damaged);
+}
+
+TEST_F(PlotBlocks, AnErrorRowHasNoDecimals) {
+    std::string content = OrientationsOfSample();
+    content.replace(8 + 2 * 12, 12, AngleByHand(1, 0.5F) + AngleByHand(1, 0.5F));
+    EXPECT_EQ(LeftOutOf(SampleWith(BlockByHand("MPRI", 0, content))),
+              Sentences{"The decimals of orientations belong to other rows."});
+
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    PlotRows& rows = PlotOf(slot).rows;
+    ASSERT_TRUE(SetDecimals(rows, RowAngles::Primary, 3, {1.5, 1.5}));
+    ASSERT_TRUE(SetDecimals(rows, RowAngles::Line, 2, {1.5, 1.5}));
+    EXPECT_EQ(AfterFields(slot, plain), "");
+}
+
+TEST_F(PlotBlocks, ACountBeyondTheBlockTakesNoMemory) {
+    for (const std::int32_t count : {-1, 8, 1 << 28, 0x7fffffff}) {
+        std::string content = OrientationsOfSample();
+        content.replace(0, 4, LongByHand(count));
+        EXPECT_EQ(LeftOutOf(SampleWith(BlockByHand("MPRI", 0, content))),
+                  Sentences{"The decimals of orientations are damaged."})
+            << count;
+    }
+}
+
+class UnknownBlocksOfFiles : public PlotBlocks {
+protected:
+    void SetUp() override {
+        PlotBlocks::SetUp();
+        slot = Open(SampleWith(MeasuredByHand() + about + always));
+        plain = Bytes(slot);
+        plain.resize(plain.find("\x8fQX"));
+    }
+
+    /// Whether the next save has the block about the rows. It always has the other one.
+    [[nodiscard]] bool KeepsBlockAboutRows() const {
+        const std::string bytes = Bytes(slot);
+        EXPECT_TRUE(bytes.ends_with(ExtensionByHand(always).substr(8)));
+        return bytes.ends_with(ExtensionByHand(about + always).substr(8));
+    }
+
+    const std::string about = BlockByHand("ROWS", 0, "about these rows");
+    const std::string always = BlockByHand("LATE", 1, "about any rows");
+    std::string plain;
+    int slot = 0;
+};
+
+TEST_F(UnknownBlocksOfFiles, AreWrittenBack) {
+    EXPECT_EQ(AfterFields(slot, plain), ExtensionByHand(MeasuredByHand() + about + always));
+    const int again = Open(Bytes(slot));
+    EXPECT_EQ(Bytes(again).substr(plain.size()), AfterFields(slot, plain));
+}
+
+TEST_F(UnknownBlocksOfFiles, StayWhenOnlyTheViewChanges) {
+    Plot& plot = PlotOf(slot);
+    plot.record.PlotKind = kEqualAngle;
+    plot.record.UseDecimals = kTrue;
+    plot.record.ClassMode = 1;
+    plot.rows.symbol.At(1) = CodeOfStyleRow(3);
+    plot.rows.pointDensity.At(1) = 5;
+    plot.record.FabricText = "S2";
+    ReplotPlot(slot, ReplotCause::Settings);
+    EXPECT_TRUE(KeepsBlockAboutRows());
+}
+
+TEST_F(UnknownBlocksOfFiles, AboutRowsGoWithAChangeOfTheRows) {
+    struct Change {
+        const char* what;
+        std::function<void(Plot&)> make;
+        std::function<void(Plot&)> revert;
+    };
+
+    const Change changes[] = {
+        {"an orientation", [](Plot& p) { p.rows.azimuth.At(2) = 271; },
+         [](Plot& p) { p.rows.azimuth.At(2) = 270; }},
+        {"decimals",
+         [](Plot& p) {
+             ASSERT_TRUE(SetDecimals(p.rows, RowAngles::Primary, 1, {30.25, 119.5}));
+         },
+         [](Plot& p) {
+             ASSERT_TRUE(SetDecimals(p.rows, RowAngles::Primary, 1, {30.25, 119.75}));
+         }},
+        {"a secondary orientation", [](Plot& p) { p.rows.dip2.At(1) = 21; },
+         [](Plot& p) { p.rows.dip2.At(1) = 20; }},
+        {"an appended line", [](Plot& p) { p.rows.lineAzimuth.At(1) = 91; },
+         [](Plot& p) { p.rows.lineAzimuth.At(1) = 90; }},
+        {"a number", [](Plot& p) { p.rows.number.At(1) = 2; },
+         [](Plot& p) { p.rows.number.At(1) = 1.5F; }},
+        {"a text", [](Plot& p) { p.rows.text.Set(1, "slate"); },
+         [](Plot& p) { p.rows.text.Set(1, "12.5"); }},
+        {"the kind of an overlay", [](Plot& p) { SetOverlayKind(p.record, 1, 2); },
+         [](Plot& p) { SetOverlayKind(p.record, 1, 1); }},
+    };
+    Plot& plot = PlotOf(slot);
+    for (const Change& change : changes) {
+        change.make(plot);
+        EXPECT_FALSE(KeepsBlockAboutRows()) << change.what;
+        change.revert(plot);
+        EXPECT_TRUE(KeepsBlockAboutRows()) << change.what << ", undone";
+    }
+}
+
+TEST_F(UnknownBlocksOfFiles, AboutRowsGoWithAnOverlay) {
+    RemoveOverlay(PlotOf(slot));
+    EXPECT_FALSE(KeepsBlockAboutRows());
+}
+
+TEST_F(UnknownBlocksOfFiles, AboutRowsGoWithARow) {
+    const std::int32_t row = 4;
+    RemoveRows(PlotOf(slot), std::span(&row, 1));
+    EXPECT_FALSE(KeepsBlockAboutRows());
+}
+
+TEST_F(UnknownBlocksOfFiles, GoWithThePlot) {
+    ResetPlotRecord(slot);
+    EXPECT_EQ(PlotOf(slot).attachments.Find<UnknownBlocks>(), nullptr);
+}
+
+} // namespace
+} // namespace quandrel
