@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Names in recovery: those of folders and files, and the texts of a plot that a binary plot file
-// derives from its own name, which a copy keeps after its last field.
+// derives from its own name, which a copy keeps at its end.
 //
 // All of them come from a folder that others can write to, so none are trusted.
 

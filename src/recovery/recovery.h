@@ -6,7 +6,7 @@
 //
 // A session holds a lock on its folder. The system frees it when the process ends, however it ends,
 // so a folder without a lock belongs to nobody. A copy is a binary plot file with the plot's names
-// after its last field: any reader of binary plot files accepts it.
+// at its end: any reader of binary plot files accepts it.
 //
 // Input: the unsaved plots of the store, and the folders that other sessions left.
 // Output: copies in this session's folder, and after a crash the plots that the user wants back.

@@ -169,6 +169,8 @@ RecoveredPlot OpenRecoveryCopy(const fs::path& file) {
         recovered.problem = plot.Error();
         return recovered;
     }
+    BinaryPlotRemarks remarks; // of a copy only damage is new to the user
+    remarks.leftOut = plot->leftOut;
     const std::int32_t formerPlot = gActivePlot;
     if (!PrepareNewPlotWindow()) {
         recovered.problem = "There are too many plot windows.";
@@ -184,6 +186,7 @@ RecoveredPlot OpenRecoveryCopy(const fs::path& file) {
     nameless.title = "Plot " + std::to_string(gActivePlot) + ": Recovered";
     RestoreNames(ActiveRecord(), NamesOfCopy(*bytes).value_or(std::move(nameless)));
     DrawRecovered();
+    TellRemarks(remarks);
     recovered.slot = gActivePlot;
     return recovered;
 }
