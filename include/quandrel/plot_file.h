@@ -2,7 +2,8 @@
 //
 // Plots as values, from binary plot files (.qpx) and into them.
 //
-// Angles are degrees, which a plot file keeps whole. A row that has no value in a column holds NaN
+// Angles are degrees. Results of the program start from whole degrees, unless a plot uses decimals;
+// a plot file keeps up to six decimals in addition. A row that has no value in a column holds NaN
 // there; a line of the data file that held no data is a row of NaN.
 //
 // Example: beds and a line of another set, written and read again.
@@ -15,7 +16,7 @@
 //     plot.overlays[0].rows.lines = {{12, 31}};
 //     const qd::Result<std::string> bytes = qd::PlotBytes(plot);
 //     const qd::Result<qd::Plot> again = qd::ReadPlot(*bytes);
-//     std::cout << again->fabric << ' ' << again->rows.planes[1].dip << '\n'; // -> S0 38
+//     std::cout << again->fabric << ' ' << again->rows.planes[1].dip << '\n'; // -> S0 38.4
 //     std::cout << again->overlays[0].rows.lines[0].trend << '\n'; // -> 31
 //     std::cout << qd::ReadPlot("a letter").Error() << '\n'; // -> It is not a binary plot file.
 
@@ -109,6 +110,7 @@ struct Plot {
     Primary primary = Primary::kPlanes;
     Secondary secondary = Secondary::kNone;
     bool showsSecondary = false; ///< the second orientations are drawn instead
+    bool usesDecimals = false;   ///< drawings and results use decimals, not whole degrees
     std::string axesTitle;       ///< of derived axes, such as P and T; empty for measured rows
     std::string fabric;
     std::string description;
@@ -118,6 +120,10 @@ struct Plot {
     PlotRows rows;
     std::vector<PlotOverlay> overlays;
     std::string version; ///< that saved it, such as "9.51"; plays no part in writing
+
+    /// What of the file was damaged and is left out, such as its decimals, a sentence each. Plays
+    /// no part in writing.
+    std::vector<std::string> leftOut;
 };
 
 /// The plot that the bytes of a file hold. Of the file's settings, results and marks nothing is
@@ -134,9 +140,10 @@ struct Plot {
 
 /// A plot as the bytes of a file. What a Plot does not say is as in a new plot of the program.
 ///
-/// Orientations are rounded to whole degrees, halves to even. A row whose dip or plunge is NaN is
-/// one without data. Texts longer than 32767 bytes are a failure. Arrays of lengths that do not fit
-/// each other, angles out of their range, too many overlays or rows of one throw
+/// Orientations are rounded to 1e-6 degree, and are stored beside their whole degrees (halves to
+/// even), which are all that earlier versions of the program read. A row whose dip or plunge is NaN
+/// is one without data. Texts longer than 32767 bytes are a failure. Arrays of lengths that do not
+/// fit each other, angles out of their range, too many overlays or rows of one throw
 /// std::invalid_argument. Inverse: ReadPlot.
 [[nodiscard]] Result<std::string> PlotBytes(const Plot& plot);
 

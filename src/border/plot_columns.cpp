@@ -29,20 +29,32 @@ double DipOf(const Line& line) {
     return line.plunge;
 }
 
-/// An orientation of the columns; NaN where it is missing.
 template <class Orientation>
-Orientation OrientationOut(std::int32_t dip, std::int32_t azimuth, std::int32_t missing) {
-    return dip == missing ? Orientation{kNone, kNone}
-                          : Orientation{static_cast<double>(dip), static_cast<double>(azimuth)};
+Orientation OrientationOut(const Attitude& attitude) {
+    return IsKnown(attitude) ? Orientation{attitude.dip, attitude.azimuth}
+                             : Orientation{kNone, kNone};
 }
 
-void AddOut(bool isPlane, std::int32_t dip, std::int32_t azimuth, std::vector<Plane>& planes,
+void AddOut(bool isPlane, const Attitude& attitude, std::vector<Plane>& planes,
             std::vector<Line>& lines) {
     if (isPlane) {
-        planes.push_back(OrientationOut<Plane>(dip, azimuth, kErrorRow));
+        planes.push_back(OrientationOut<Plane>(attitude));
     } else {
-        lines.push_back(OrientationOut<Line>(dip, azimuth, kErrorRow));
+        lines.push_back(OrientationOut<Line>(attitude));
     }
+}
+
+/// An orientation of a row as it was measured; not known where it is missing.
+///
+/// @param whole  in whole degrees, its dip `missing` where there is none
+Attitude MeasuredOut(const BinaryPlot& plot, RowAngles which, std::size_t place, Attitude whole,
+                     std::int32_t missing = kErrorRow) {
+    const MeasuredColumns& measured = plot.measured[static_cast<std::size_t>(which)];
+    const auto row = static_cast<std::int32_t>(place) + 1;
+    if (whole.dip == missing) {
+        return {kErrorRow, 0};
+    }
+    return measured.Has(row) ? ToMicrodegree(measured.At(row)) : whole;
 }
 
 bool IsPlaneOverlay(std::int16_t kind) {
@@ -56,9 +68,11 @@ PlotRows RowsOut(BinaryPlot& plot, std::size_t first, std::int32_t count, bool a
     for (std::size_t i = first; i < first + static_cast<std::size_t>(count); ++i) {
         const BinaryRow& row = plot.rows[i];
         const bool isRow = row.dip != kErrorRow;
-        AddOut(arePlanes, row.dip, row.azimuth, rows.planes, rows.lines);
+        AddOut(arePlanes, MeasuredOut(plot, RowAngles::Primary, i, {row.dip, row.azimuth}),
+               rows.planes, rows.lines);
         if (secondary != kNoSecondary) {
-            AddOut(secondary == kSecondaryPlane, isRow ? row.dip2 : kErrorRow, row.azimuth2,
+            const Attitude second = {isRow ? row.dip2 : kErrorRow, row.azimuth2};
+            AddOut(secondary == kSecondaryPlane, MeasuredOut(plot, RowAngles::Secondary, i, second),
                    rows.secondPlanes, rows.secondLines);
         }
         if (!isRow) {
@@ -75,8 +89,9 @@ void AppendedOut(BinaryPlot& plot, PlotRows& rows) {
         const BinaryRow& row = plot.rows[i];
         const bool isRow = row.dip != kErrorRow;
         if (plot.record.HasAppendedLine != 0) {
+            const Attitude line = {isRow ? row.lineDip : kInvalidAppendedLine, row.lineAzimuth};
             rows.appendedLines.push_back(OrientationOut<Line>(
-                isRow ? row.lineDip : kInvalidAppendedLine, row.lineAzimuth, kInvalidAppendedLine));
+                MeasuredOut(plot, RowAngles::Line, i, line, kInvalidAppendedLine)));
         }
         if (plot.record.HasAppendedNumeric != 0) {
             rows.numbers.push_back(
@@ -104,45 +119,62 @@ std::int32_t LengthOf(const PlotRows& rows, bool arePlanes) {
     return static_cast<std::int32_t>(Within(static_cast<double>(count), 0, kMostRows, "rows"));
 }
 
-/// A checked orientation in whole degrees; kErrorRow for NaN.
-Attitude OrientationIn(double dip, double azimuth, bool isPlane) {
+/// A checked orientation, in whole degrees and as it was given; dips of kErrorRow for NaN.
+struct OrientationToStore {
+    Attitude whole{kErrorRow, 0};
+    Attitude measured{kErrorRow, 0};
+};
+
+OrientationToStore OrientationIn(double dip, double azimuth, bool isPlane) {
     if (std::isnan(dip)) {
-        return {kErrorRow, 0};
+        return {};
     }
-    return RoundedAttitude(
-        {Within(dip, -90, 90, "dip or plunge"), Within(azimuth, 0, 360, "azimuth")}, isPlane);
+    const Attitude measured =
+        ToMicrodegree({Within(dip, -90, 90, "dip or plunge"), Within(azimuth, 0, 360, "azimuth")});
+    return {RoundedAttitude(measured, isPlane), measured};
 }
 
-template <class Column>
-Attitude At(const std::vector<Plane>& planes, const Column& lines, std::size_t i) {
+OrientationToStore At(const std::vector<Plane>& planes, const std::vector<Line>& lines,
+                      std::size_t i) {
     if (i < planes.size()) {
         return OrientationIn(planes[i].dip, planes[i].dipDirection, true);
     }
     return i < lines.size() ? OrientationIn(lines[i].plunge, lines[i].trend, false)
-                            : Attitude{kErrorRow, 0};
+                            : OrientationToStore();
+}
+
+/// Stores the decimals of an orientation of a row, if it has some.
+void AddDecimals(BinaryPlot& plot, RowAngles which, std::size_t place,
+                 const OrientationToStore& orientation) {
+    if (orientation.measured != orientation.whole) {
+        SetMeasured(plot, which, static_cast<std::int32_t>(place) + 1, orientation.measured);
+    }
 }
 
 /// Adds checked rows to a plot for writing: the columns that main and overlay rows share.
 void AddRows(const PlotRows& rows, int overlay, const Styles& styles, BinaryPlot& plot) {
-    const std::size_t first = plot.rows.size();
+    const std::size_t begin = plot.rows.size();
     const std::size_t count = std::max(rows.planes.size(), rows.lines.size());
     for (std::size_t i = 0; i < count; ++i) {
-        const Attitude primary = At(rows.planes, rows.lines, i);
-        const Attitude second = At(rows.secondPlanes, rows.secondLines, i);
+        const OrientationToStore first = At(rows.planes, rows.lines, i);
+        const OrientationToStore second = At(rows.secondPlanes, rows.secondLines, i);
+        const Attitude& primary = first.whole;
         const bool isUpward = primary.dip < 0 && primary.dip != kErrorRow;
         BinaryRow row;
         row.dip = WholeDegree(primary.dip);
         row.azimuth = WholeDegree(primary.azimuth);
-        row.order = static_cast<std::int32_t>(first + i) + 1;
+        row.order = static_cast<std::int32_t>(begin + i) + 1;
         row.code = CodeOfNewRow(styles, plot.record, overlay, isUpward);
-        row.dip2 = WholeDegree(second.dip);
-        row.azimuth2 = WholeDegree(second.azimuth);
+        row.dip2 = WholeDegree(second.whole.dip);
+        row.azimuth2 = WholeDegree(second.whole.azimuth);
         row.lineDip = kInvalidAppendedLine;
         row.number = kInvalidNumber;
         plot.rows.push_back(row);
+        AddDecimals(plot, RowAngles::Primary, begin + i, first);
+        AddDecimals(plot, RowAngles::Secondary, begin + i, second);
     }
     for (const UnreadRow& unread : rows.unread) {
-        const std::size_t place = first + unread.row;
+        const std::size_t place = begin + unread.row;
         if (unread.row >= count || plot.rows[place].dip != kErrorRow) {
             throw std::invalid_argument("a row marked as unread holds data");
         }
@@ -167,9 +199,10 @@ void AddAppended(const PlotRows& rows, BinaryPlot& plot) {
         const bool isRow = row.dip != kErrorRow;
         if (isRow && i < rows.appendedLines.size()) {
             const Line& line = rows.appendedLines[i];
-            const Attitude shown = OrientationIn(line.plunge, line.trend, false);
-            row.lineDip = IsKnown(shown) ? WholeDegree(shown.dip) : kInvalidAppendedLine;
-            row.lineAzimuth = WholeDegree(shown.azimuth);
+            const OrientationToStore held = OrientationIn(line.plunge, line.trend, false);
+            row.lineDip = IsKnown(held.whole) ? WholeDegree(held.whole.dip) : kInvalidAppendedLine;
+            row.lineAzimuth = WholeDegree(held.whole.azimuth);
+            AddDecimals(plot, RowAngles::Line, i, held);
         }
         if (isRow && i < rows.numbers.size()) {
             row.number = NumberIn(rows.numbers[i]);
@@ -216,6 +249,7 @@ PlotRecord RecordIn(const Plot& plot, const Settings& settings) {
     record.PrimaryFormat = static_cast<std::int16_t>(plot.primary);
     record.SecondaryFormat = static_cast<std::int16_t>(plot.secondary);
     record.ShowSecondary = plot.showsSecondary ? kTrue : std::int16_t{0};
+    record.UseDecimals = plot.usesDecimals ? kTrue : std::int16_t{0};
     record.AxesTitle = plot.axesTitle;
     record.FabricText = plot.fabric;
     record.DescriptionText = plot.description;
@@ -248,7 +282,9 @@ Plot PlotOut(BinaryPlot plot) {
     out.numberName = record.AppNumName;
     out.textName = record.AppNonNumName;
     out.numberIsFrequency = record.HasFrequencyColumn != 0;
+    out.usesDecimals = record.UseDecimals != 0;
     out.version = VersionToTell(plot);
+    out.leftOut = plot.leftOut;
     out.rows = RowsOut(plot, 0, record.NumData, out.primary == Primary::kPlanes);
     auto first = static_cast<std::size_t>(record.NumData);
     for (std::size_t k = 1; k <= static_cast<std::size_t>(record.OverlayRows[kOverlayCount]); ++k) {

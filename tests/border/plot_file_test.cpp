@@ -137,6 +137,59 @@ TEST(PlotFile, KeepsDirectionsAndSecondPlanes) {
     EXPECT_EQ(Pairs(both->rows.secondPlanes), "70/200 ");
 }
 
+TEST(PlotFile, KeepsSixDecimals) {
+    Plot plot;
+    plot.secondary = Secondary::kLine;
+    plot.usesDecimals = true;
+    plot.rows.planes = {{47.3, 218.6}, {30, 120}, {0.4, 359.7}, {89.9999996, 359.9999996}};
+    plot.rows.secondLines = {{-0.3, 10.5}, {20, 80}, {-12.123456, 0.000001}, {kNan, kNan}};
+    plot.rows.appendedLines = {{kNan, kNan}, {1.25, 2.5}, {3, 4}, {-89.7, 180.000001}};
+    plot.overlays = {{OverlayKind::kLines, {}}};
+    plot.overlays[0].rows.lines = {{12, 31}, {12.7, 31.2}};
+    plot.overlays[0].rows.secondLines = {{kNan, kNan}, {5.5, 6.5}};
+    const Result<Plot> again = ReadPlot(*PlotBytes(plot));
+    ASSERT_TRUE(again) << again.Error();
+    const auto expectLines = [](const std::vector<Line>& lines, const std::vector<Line>& expected) {
+        ASSERT_EQ(lines.size(), expected.size());
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            EXPECT_EQ(std::isnan(lines[i].plunge), std::isnan(expected[i].plunge)) << i;
+            if (!std::isnan(expected[i].plunge)) {
+                EXPECT_EQ(lines[i].plunge, expected[i].plunge) << i;
+                EXPECT_EQ(lines[i].trend, expected[i].trend) << i;
+            }
+        }
+    };
+    const std::vector<std::pair<double, double>> planes = {
+        {47.3, 218.6}, {30, 120}, {0.4, 359.7}, {90, 360}};
+    ASSERT_EQ(again->rows.planes.size(), planes.size());
+    for (std::size_t i = 0; i < planes.size(); ++i) {
+        EXPECT_EQ(again->rows.planes[i].dip, planes[i].first) << i;
+        EXPECT_EQ(again->rows.planes[i].dipDirection, planes[i].second) << i;
+    }
+    expectLines(again->rows.secondLines, plot.rows.secondLines);
+    expectLines(again->rows.appendedLines, plot.rows.appendedLines);
+    expectLines(again->overlays[0].rows.lines, plot.overlays[0].rows.lines);
+    expectLines(again->overlays[0].rows.secondLines, plot.overlays[0].rows.secondLines);
+    EXPECT_TRUE(again->usesDecimals);
+    EXPECT_TRUE(again->leftOut.empty());
+    EXPECT_EQ(*PlotBytes(*again), *PlotBytes(plot));
+}
+
+TEST(PlotFile, WithoutItsDecimalsIsOneInWholeDegrees) {
+    Plot whole;
+    whole.rows.planes = {{47, 219}, {30, 120}};
+    Plot measured = whole;
+    measured.rows.planes[0] = {47.3, 218.6};
+    const std::string bytes = *PlotBytes(measured);
+    const std::string fields = *PlotBytes(whole);
+    EXPECT_TRUE(bytes.starts_with(fields));
+    const Result<Plot> cut = ReadPlot(std::string_view(bytes).substr(0, fields.size() + 50));
+    ASSERT_TRUE(cut) << cut.Error();
+    EXPECT_EQ(Pairs(cut->rows.planes), "47/219 30/120 ");
+    EXPECT_EQ(cut->rows.planes[0].dip, 47);
+    EXPECT_EQ(cut->leftOut, std::vector<std::string>{"Its extension is cut off."});
+}
+
 TEST(PlotFile, KeepsWhatRowsLookLike) {
     EXPECT_EQ(ReadPlot(*PlotBytes({}))->rowsAs, RowsAs::kPoints);
     for (const RowsAs rowsAs :
