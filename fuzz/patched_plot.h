@@ -10,11 +10,20 @@
 //
 // Fields are counted from 0 in the order of the file and taken modulo their number, offsets modulo
 // the length of the field. In a field longer than 64 kB the offsets are spread out, so that they
-// reach its end. A count of 0 cuts the file there. Any other input is the file itself.
+// reach its end. A count of 0 cuts the file there.
+//
+// An input that begins with 'E' is the blocks of an extension after the fields of a short file, for
+// each
+//
+//     four characters of the tag, flag, low and high byte of the count, the bytes
+//
+// with the checksums that belong to them, which no mutation would find. Any other input is the file
+// itself.
 
 #pragma once
 
 #include "persistence/binary_samples.h"
+#include "persistence/plot_extension.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -57,13 +66,39 @@ inline std::size_t PlaceOfPatch(const BasePlotFile& base, std::size_t field, std
     return begin + place * (length / kPlaces + 1) % std::max<std::size_t>(length, 1);
 }
 
+inline std::size_t ByteOfInput(char c) {
+    return std::size_t{static_cast<unsigned char>(c)};
+}
+
+/// A file with an extension of blocks.
+inline std::string ExtendedFile(std::string_view blocks) {
+    constexpr std::size_t kBlockHead = 4 + 1 + 2;
+    std::string file = BasePlotFiles().front().bytes;
+    ExtensionWriter extension(file);
+    while (blocks.size() >= kBlockHead) {
+        BlockHead head;
+        std::copy_n(blocks.begin(), head.tag.size(), head.tag.begin());
+        head.holdsForAnyRows = blocks[4] % 2 != 0;
+        const std::size_t count = ByteOfInput(blocks[5]) + 256 * ByteOfInput(blocks[6]);
+        blocks.remove_prefix(kBlockHead);
+        const std::string_view bytes = blocks.substr(0, count);
+        extension.Block(head, [&] { file += bytes; });
+        blocks.remove_prefix(bytes.size());
+    }
+    extension.Finish();
+    return file;
+}
+
 /// The file described by an input.
 inline std::string PlotFileOfInput(std::string_view input) {
     constexpr std::size_t kPatchHead = 4;
+    if (input.starts_with('E')) {
+        return ExtendedFile(input.substr(1));
+    }
     if (input.size() < 2 || input.front() != 'P') {
         return std::string(input);
     }
-    const auto byte = [](char c) { return std::size_t{static_cast<unsigned char>(c)}; };
+    const auto byte = ByteOfInput;
     const BasePlotFile& base = BasePlotFiles()[byte(input[1]) % BasePlotFiles().size()];
     std::string file = base.bytes;
     for (input.remove_prefix(2); input.size() >= kPatchHead;) {
