@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The copy of an unsaved plot: a binary plot file with the plot's names at its end, after its fields
-// and its extension, where readers of binary plot files do not look.
+// The copy of an unsaved plot: a binary plot file with the plot's names at its end, after its
+// fields and its extension, where readers of binary plot files do not look.
 
 #pragma once
 
