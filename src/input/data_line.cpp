@@ -5,6 +5,7 @@
 #include "input/decimal_delimiter.h"
 #include "input/line_tokens.h"
 #include "orientation/angles.h"
+#include "orientation/attitude.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 
@@ -20,6 +21,9 @@ constexpr double kSteepest = 90;
 constexpr double kHalfTurn = 180;
 constexpr double kFullTurn = 360;
 constexpr double kSteepestPitch = 180;
+
+// What adding or subtracting right angles may change an angle by. More is a digit of the file.
+constexpr double kRounding = 1e-10;
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -172,10 +176,23 @@ LineStatus ReadPrimary(const Items& items, ParsedRow& row) {
     return ReadPlane(dip, azimuth, items.At(kSlotSense).Text(), format, row.dip, row.az);
 }
 
-void TakeSecondary(double plunge, double trend, ParsedRow& row) {
+// Rounds an angle of the line, -360 to 360, to six decimals.
+void RoundAngle(double& degrees, ParsedRow& row) {
+    if (degrees == static_cast<double>(static_cast<std::int32_t>(degrees))) {
+        return;
+    }
+    const double rounded = ToMicrodegree(degrees) + 0.0; // never -0
+    row.hasMoreDecimals = row.hasMoreDecimals || std::abs(rounded - degrees) > kRounding;
+    degrees = rounded;
+}
+
+// Takes a line that was computed from an angle in the plane, in degrees.
+void TakeSecondary(double plunge, double trend, double angle, ParsedRow& row) {
     row.dip2 = RadToDeg(plunge);
     row.az2 = RadToDeg(trend);
     row.secondaryPresent = true;
+    const bool isWhole = IsWhole({row.dip, row.az}) && IsWholeNumber(angle);
+    row.secondaryOrigin = isWhole ? SecondaryOrigin::WholeDegrees : SecondaryOrigin::Decimals;
 }
 
 LineStatus ReadPitch(const Items& items, ParsedRow& row) {
@@ -193,15 +210,18 @@ LineStatus ReadPitch(const Items& items, ParsedRow& row) {
     if (number.empty() || sense.empty()) {
         return LineStatus::Missing;
     }
-    const std::optional<double> pitch = ReadNumber(number);
-    double plunge = 0;
-    double trend = 0;
-    if (!pitch || std::abs(*pitch) > kSteepestPitch
-        || !PlanePitchToLine(DegToRad(row.dip), DegToRad(row.az), DegToRad(*pitch), sense, plunge,
-                             trend)) {
+    std::optional<double> pitch = ReadNumber(number);
+    if (!pitch || std::abs(*pitch) > kSteepestPitch) {
         return LineStatus::NotOrientation;
     }
-    TakeSecondary(plunge, trend, row);
+    RoundAngle(*pitch, row);
+    double plunge = 0;
+    double trend = 0;
+    if (!PlanePitchToLine(DegToRad(row.dip), DegToRad(row.az), DegToRad(*pitch), sense, plunge,
+                          trend)) {
+        return LineStatus::NotOrientation;
+    }
+    TakeSecondary(plunge, trend, *pitch, row);
     return LineStatus::Row;
 }
 
@@ -218,10 +238,11 @@ LineStatus ReadTrend(const Items& items, ParsedRow& row) {
     if (std::abs(*degrees) > kFullTurn) {
         return LineStatus::NotOrientation;
     }
+    RoundAngle(*degrees, row);
     double plunge = 0;
     double trend = 0;
     PlaneTrendToLine(DegToRad(row.dip), DegToRad(row.az), DegToRad(*degrees), plunge, trend);
-    TakeSecondary(plunge, trend, row);
+    TakeSecondary(plunge, trend, *degrees, row);
     return LineStatus::Row;
 }
 
@@ -237,10 +258,11 @@ LineStatus ReadHade(const Items& items, ParsedRow& row) {
     if (status != LineStatus::Row) {
         return status;
     }
+    RoundAngle(hade, row);
     double plunge = 0;
     double trend = 0;
     PlaneHadeToPlunge(DegToRad(row.dip), DegToRad(row.az), DegToRad(hade), plunge, trend);
-    TakeSecondary(plunge, trend, row);
+    TakeSecondary(plunge, trend, hade, row);
     return LineStatus::Row;
 }
 
@@ -259,6 +281,10 @@ LineStatus ReadSecondaryPair(const Items& items, ParsedRow& row) {
                            row.az2);
     }
     row.secondaryPresent = status == LineStatus::Row;
+    if (row.secondaryPresent) {
+        RoundAngle(row.dip2, row);
+        RoundAngle(row.az2, row);
+    }
     return status;
 }
 
@@ -283,6 +309,8 @@ void ReadAppendedLine(const Items& items, ParsedRow& row) {
                      items.format.isQuadrant, row.linePlunge, row.lineTrend)) {
     case LineStatus::Row:
         row.lineStatus = AppendedLineStatus::Good;
+        RoundAngle(row.linePlunge, row);
+        RoundAngle(row.lineTrend, row);
         break;
     case LineStatus::Missing:
         row.lineStatus = AppendedLineStatus::Missing;
@@ -297,18 +325,6 @@ bool Holds(std::string_view text, char c) {
     return text.find(c) != std::string_view::npos;
 }
 
-// A number with thousands separators: the region's, or others when delimiters are to be converted.
-std::optional<double> NumberWithGroups(std::string_view text, const LineFormat& format) {
-    if (!Holds(text, '.') && !Holds(text, ',')) {
-        return std::nullopt;
-    }
-    double value = NumberFromText(text, format.decimalIsComma);
-    if (value == 0 && format.convertDecimals) {
-        value = NumberFromText(text, !format.decimalIsComma);
-    }
-    return value == 0 ? std::nullopt : std::optional<double>(value);
-}
-
 void ReadNumberItem(const Items& items, ParsedRow& row) {
     const Token& token = items.At(kSlotNumber);
     const LineFormat& format = items.format;
@@ -318,7 +334,7 @@ void ReadNumberItem(const Items& items, ParsedRow& row) {
     }
     std::optional<double> value = NumberIn(token);
     if (!value) {
-        value = NumberWithGroups(token.Text(), format);
+        value = NumberWithGroups(token.Text(), format.decimalIsComma, format.convertDecimals);
     }
     if (!value) {
         row.numberStatus = NumberStatus::Incorrect;
@@ -373,6 +389,8 @@ void ReadRow(const Items& items, ParsedRow& row) {
     row.isPlane2 = items.format.secondary == kSecondaryPlane;
     row.status = ReadPrimary(items, row);
     if (row.status == LineStatus::Row) {
+        RoundAngle(row.dip, row);
+        RoundAngle(row.az, row);
         row.status = ReadSecondary(items, row);
     }
     if (row.status != LineStatus::Row) {

@@ -2,11 +2,11 @@
 //
 // Parses one line of text by the data format: into a row, or the reason why it is not a row.
 //
-// Angles are degrees as the line states them: not rounded, not wrapped. A plane is a dip (-90 to
+// Angles are degrees as the line states them: not whole ones, not wrapped. A plane is a dip (-90 to
 // 90) and a dip direction (-360 to 360, or 0 to 360 when converted from another notation); a line
 // is a plunge and a trend in the same ranges. A line with a negative plunge gets the trend of its
 // lower end, whichever end the format says the trend names. Numbers may have a decimal point or
-// comma.
+// comma. Angles count to 1e-6 degree; further decimals are rounded.
 //
 // ParseLine is for loops over files: it is pure, and allocates memory only for the rare text that
 // has to be changed. ParseDataLine gives the same results as texts.
@@ -48,6 +48,13 @@ enum class NumberStatus : std::uint8_t {
 
 enum class TextStatus : std::uint8_t { Absent, Good };
 
+/// Where the secondary orientation of a row comes from.
+enum class SecondaryOrigin : std::uint8_t {
+    Stated,
+    WholeDegrees, ///< computed from an angle in the plane; the line has whole degrees only
+    Decimals,     ///< likewise; the plane or the angle in it has decimals
+};
+
 /// A text that is usually a view into the line, and owns its characters only when it was changed.
 class CellText {
 public:
@@ -77,6 +84,8 @@ struct ParsedRow {
     bool isPlane = false;                  ///< dip and az are those of a plane
     bool isPlane2 = false;                 ///< likewise dip2 and az2
     bool secondaryPresent = false;         ///< also false for a format without one
+    bool hasMoreDecimals = false;          ///< an angle had more than six decimals
+    SecondaryOrigin secondaryOrigin = SecondaryOrigin::Stated;
     AppendedLineStatus lineStatus = AppendedLineStatus::Absent;
     NumberStatus numberStatus = NumberStatus::Absent;
     TextStatus textStatus = TextStatus::Absent;

@@ -15,28 +15,53 @@ namespace quandrel {
 
 namespace {
 
-/// An orientation of a row in whole degrees, and as it was measured where it has decimals.
-struct KeptAttitude {
-    Attitude whole{kErrorRow, kErrorRow};
-    std::optional<Attitude> measured;
-};
-
-/// A measured attitude as rows keep it: azimuth 0 to 360.
-Attitude WithAzimuthOnCompass(Attitude measured) {
-    if (measured.azimuth < 0) {
-        WrapDegrees(measured.azimuth);
+/// An azimuth from -360 on as rows keep it: 0 to 360.
+double OnCompass(double azimuth) {
+    if (azimuth < 0) {
+        WrapDegrees(azimuth);
     }
-    return measured;
+    return azimuth;
 }
 
-KeptAttitude KeptOf(const Attitude& parsed, bool isPlane, bool turn) {
-    KeptAttitude kept{RoundedAttitude(parsed, isPlane), std::nullopt};
-    if (!IsWhole(parsed)) {
-        kept.measured = WithAzimuthOnCompass(parsed);
+/// A line that was computed from an angle in the plane. It keeps all its digits, so that the angle
+/// can be computed from it again.
+KeptAttitude KeptOfComputed(const Attitude& line, SecondaryOrigin origin) {
+    KeptAttitude kept{RoundedAttitude(line, false), std::nullopt};
+    const Attitude measured{line.dip, OnCompass(line.azimuth)};
+    if (origin == SecondaryOrigin::Decimals && measured != kept.whole) {
+        kept.measured = measured;
     }
-    if (turn) {
-        kept.whole = PoleInDegrees(kept.whole);
-        kept.measured = kept.measured ? std::optional(PoleInDegrees(*kept.measured)) : std::nullopt;
+    return kept;
+}
+
+/// The pole of a plane, or the plane of a pole. A right angle added to an angle of six decimals
+/// leaves the seventh unclean.
+void TurnToPole(KeptAttitude& kept, SecondaryOrigin origin) {
+    kept.whole = PoleInDegrees(kept.whole);
+    if (kept.measured) {
+        const Attitude pole = PoleInDegrees(*kept.measured);
+        kept.measured = origin == SecondaryOrigin::Stated ? ToMicrodegree(pole) : pole;
+    }
+}
+
+KeptAttitude PrimaryOf(const ParsedRow& row, const RowTarget& target) {
+    KeptAttitude kept = KeptOf({row.dip, row.az}, row.isPlane);
+    if (target.turnToPole) {
+        TurnToPole(kept, SecondaryOrigin::Stated);
+    }
+    return kept;
+}
+
+KeptAttitude SecondaryOf(const ParsedRow& row, const RowTarget& target) {
+    if (!row.secondaryPresent) {
+        return {};
+    }
+    const Attitude parsed{row.dip2, row.az2};
+    KeptAttitude kept = row.secondaryOrigin == SecondaryOrigin::Stated
+                            ? KeptOf(parsed, row.isPlane2)
+                            : KeptOfComputed(parsed, row.secondaryOrigin);
+    if (target.turnSecondary) {
+        TurnToPole(kept, row.secondaryOrigin);
     }
     return kept;
 }
@@ -48,13 +73,10 @@ std::optional<Attitude>& MeasuredIn(RowValues& values, RowAngles which) {
 /// The orientations of a row, in the columns that keep them.
 void SetOrientations(const ParsedRow& row, const RowForm& form, RowValues& values) {
     const RowTarget& target = form.target;
-    KeptAttitude primary = KeptOf({row.dip, row.az}, row.isPlane, target.turnToPole);
+    KeptAttitude primary = PrimaryOf(row, target);
     values.hasSecondary = form.columns.secondary;
     if (values.hasSecondary) {
-        KeptAttitude secondary;
-        if (row.secondaryPresent) {
-            secondary = KeptOf({row.dip2, row.az2}, row.isPlane2, target.turnSecondary);
-        }
+        KeptAttitude secondary = SecondaryOf(row, target);
         if (target.overlay > 0 && form.showsSecondary) {
             std::swap(primary, secondary);
         }
@@ -70,7 +92,7 @@ void SetOrientations(const ParsedRow& row, const RowForm& form, RowValues& value
 void SetLine(const ParsedRow& row, RowValues& values, RowFaults& faults) {
     faults.line = row.lineStatus != AppendedLineStatus::Good;
     if (!faults.line) {
-        const KeptAttitude line = KeptOf({row.linePlunge, row.lineTrend}, false, false);
+        const KeptAttitude line = KeptOf({row.linePlunge, row.lineTrend}, false);
         values.lineDip = WholeDegree(line.whole.dip);
         values.lineAzimuth = WholeDegree(line.whole.azimuth);
         MeasuredIn(values, RowAngles::Line) = line.measured;
@@ -110,6 +132,18 @@ Attitude WholeShownOf(const RowValues& values, RowAngles which) {
 }
 
 } // namespace
+
+KeptAttitude KeptOf(const Attitude& attitude, bool isPlane) {
+    KeptAttitude kept{RoundedAttitude(attitude, isPlane), std::nullopt};
+    if (IsWhole(attitude)) {
+        return kept;
+    }
+    const Attitude measured = ToMicrodegree({attitude.dip, OnCompass(attitude.azimuth)});
+    if (measured != kept.whole) {
+        kept.measured = measured;
+    }
+    return kept;
+}
 
 SymbolCode CodeOfNewRow(const Styles& styles, const PlotRecord& record, int overlay, bool upward) {
     if (overlay > 0) {

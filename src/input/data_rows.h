@@ -7,10 +7,12 @@
 #include "core/data_format.h"
 #include "core/plot_rows.h"
 #include "input/data_line.h"
+#include "orientation/attitude.h"
 #include "stereo/row_positions.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace quandrel {
@@ -29,6 +31,20 @@ struct RowFaults {
     bool number = false;
     bool text = false;
 };
+
+/// An orientation of a row as the columns keep it.
+struct KeptAttitude {
+    Attitude whole{kErrorRow, kErrorRow}; ///< in whole degrees, azimuth 0 to 360
+    std::optional<Attitude> measured;     ///< with its decimals, if it has some; azimuth 0 to 360
+
+    [[nodiscard]] Attitude Measured() const { return measured.value_or(whole); }
+};
+
+/// A measured orientation as the columns keep it: rounded to 1e-6 degree, and in whole degrees by
+/// RoundedAttitude.
+///
+/// @param attitude  dip -90 to 90, azimuth -360 to 360 degrees
+[[nodiscard]] KeptAttitude KeptOf(const Attitude& attitude, bool isPlane);
 
 /// Everything that decides how a parsed row is kept, copied once from a plot and the styles, so
 /// that rows can be prepared without either.

@@ -25,6 +25,18 @@ std::string FixDecimalDelimiter(std::string_view value, bool decimalIsComma) {
     return fixed;
 }
 
+std::optional<double> NumberWithGroups(std::string_view text, bool decimalIsComma,
+                                       bool orOtherNotation) {
+    if (text.find_first_of(",.") == std::string_view::npos) {
+        return std::nullopt;
+    }
+    double value = NumberFromText(text, decimalIsComma);
+    if (value == 0 && orOtherNotation) {
+        value = NumberFromText(text, !decimalIsComma);
+    }
+    return value == 0 ? std::nullopt : std::optional<double>(value);
+}
+
 int DetectDecimalMismatch(std::span<const std::string> texts, bool decimalIsComma) {
     const char wrong = decimalIsComma ? '.' : ',';
     int decimals = 0;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,11 @@ namespace quandrel {
 /// when it is the wrong one, the two are swapped: "1,234.5" becomes "1.234,5". A text that holds
 /// only the wrong one, more than once, has digit groups and stays as it is.
 [[nodiscard]] std::string FixDecimalDelimiter(std::string_view value, bool decimalIsComma);
+
+/// A number with digit groups: in the region's notation, or also in the other one. Nothing for a
+/// text without delimiters, or that is not such a number, and for 0.
+[[nodiscard]] std::optional<double> NumberWithGroups(std::string_view text, bool decimalIsComma,
+                                                     bool orOtherNotation);
 
 /// Detects decimal numbers that are written with the other decimal delimiter.
 ///

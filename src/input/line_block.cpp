@@ -55,6 +55,7 @@ void CountRow(const ParsedRow& row, const RowFaults& faults, const LineRules& ru
               LoadCounters& counters) {
     const LineFormat& format = rules.format;
     ++counters.rowsValid;
+    counters.hasMoreDecimals = counters.hasMoreDecimals || row.hasMoreDecimals;
     if (row.dip < 0 && rules.countsUpward) {
         ++counters.upwardLines;
         counters.negativePlunge = format.negativePlunge;

@@ -45,7 +45,8 @@ struct LineBlock {
     bool hasWrongDelimiter = false; ///< a row has a number with the other decimal delimiter
 };
 
-/// Counts what a row adds to a load: a valid row, its faults, its negative plunge.
+/// Counts what a row adds to a load: a valid row, its faults, its negative plunge, angles with more
+/// than six decimals.
 void CountRow(const ParsedRow& row, const RowFaults& faults, const LineRules& rules,
               LoadCounters& counters);
 

@@ -254,9 +254,9 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
     std::size_t position = EndOfBlock(text, 0, blockBytes);
     Lead lead(text, blockBytes);
     lead.Begin(position, loop.Rules());
+    Plot& plot = ActivePlot();
+    const std::int32_t held = plot.record.NumLoadedData;
     if (const std::int32_t lines = CountLines(text); lines > kFewLines) {
-        Plot& plot = ActivePlot();
-        const std::int32_t held = plot.record.NumLoadedData;
         ReserveBlocks(plot, std::min(gPlatform.mostRows - held, lines) + held,
                       pass.target.secondaryFormat != 0);
     }
@@ -273,6 +273,8 @@ PassEnd LoadDataLines(std::string_view text, const LinePass& pass, LoadCounters&
         }
         position = end;
     }
+    counters.rowsWithDecimals =
+        CountRowsWithDecimals(plot.rows, held + 1, plot.record.NumLoadedData);
     return loop.End();
 }
 

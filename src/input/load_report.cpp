@@ -200,10 +200,29 @@ void AddCounters(const LoadCounters& part, LoadCounters& sum) {
     sum.badNumeric += part.badNumeric;
     sum.badText += part.badText;
     sum.badLine += part.badLine;
+    sum.rowsWithDecimals += part.rowsWithDecimals;
+    sum.hasMoreDecimals = sum.hasMoreDecimals || part.hasMoreDecimals;
     if (part.upwardLines > 0) {
         sum.upwardLines += part.upwardLines;
         sum.negativePlunge = part.negativePlunge;
     }
+}
+
+std::string DecimalsText(const LoadCounters& counters, bool usesDecimals) {
+    std::string text;
+    if (counters.rowsWithDecimals > 0) {
+        const bool isOne = counters.rowsWithDecimals == 1;
+        text = std::to_string(counters.rowsWithDecimals) + (isOne ? " row has" : " rows have")
+               + " decimals";
+        text += usesDecimals ? "."
+                : isOne      ? "; Plot > Use Decimals shows it."
+                             : "; Plot > Use Decimals shows them.";
+    }
+    if (counters.hasMoreDecimals) {
+        text += std::string(text.empty() ? "" : " ")
+                + "Angles with more than six decimals were rounded to six.";
+    }
+    return text;
 }
 
 std::string UpwardLinesText(const LoadCounters& counters) {
@@ -309,8 +328,10 @@ std::string LoadSummaryText(const LoadCounters& counters) {
 }
 
 void ReportLoadSummary(const LoadCounters& counters) {
-    const std::string text = LoadSummaryText(counters);
+    std::string text = LoadSummaryText(counters);
     if (!text.empty()) {
+        const std::string decimals = DecimalsText(counters, ActiveRecord().UseDecimals != 0);
+        text += (decimals.empty() ? "" : "\n") + decimals;
         (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});
     }
 }

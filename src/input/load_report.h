@@ -29,6 +29,8 @@ struct LoadCounters {
     std::int32_t badLine = 0;
     std::int32_t upwardLines = 0; ///< plain lines with a negative plunge
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< how these were read
+    std::int32_t rowsWithDecimals = 0;
+    bool hasMoreDecimals = false;   ///< an angle had more than six decimals
     std::int64_t stoppedAtLine = 0; ///< line at which a run of bad lines ended the load, or 0
     std::int32_t invalidInRun = 0;  ///< invalid lines of that run; the others have no data
     bool outOfMemory = false;
@@ -62,6 +64,12 @@ void CountUpwardLine(const ParsedRow& row, const LineFormat& format, int overlay
 /// Adds the counters of another part of a load, but for its end and the files that were not found.
 void AddCounters(const LoadCounters& part, LoadCounters& sum);
 
+/// How many rows have decimals, in a sentence, and whether angles were rounded to six decimals;
+/// empty when none has any.
+///
+/// @param usesDecimals  of the plot: else the sentence names the command that shows them
+[[nodiscard]] std::string DecimalsText(const LoadCounters& counters, bool usesDecimals);
+
 /// What was done with plain lines with a negative plunge, in a sentence; empty when there are none.
 [[nodiscard]] std::string UpwardLinesText(const LoadCounters& counters);
 
@@ -92,8 +100,8 @@ void ReportLoadFailure(const LoadCounters& counters, const std::string& error);
 /// True when a load gave no valid row and the format has to be checked.
 [[nodiscard]] bool LoadFailed(const LoadCounters& counters);
 
-/// Shows the end-of-file report. A load that met no problems, from the clipboard ("PasteData") or a
-/// file, shows none.
+/// Shows the end-of-file report of a load into gActivePlot. A load that met no problems, from the
+/// clipboard ("PasteData") or a file, shows none, with or without decimals.
 void ReportLoadSummary(const LoadCounters& counters);
 
 } // namespace quandrel

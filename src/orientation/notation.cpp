@@ -3,6 +3,7 @@
 #include "orientation/notation.h"
 
 #include "orientation/angles.h"
+#include "orientation/degrees_text.h"
 #include "orientation/number_text.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ std::string GeneralText(double degrees) {
 
 std::string QuadrantText(char base, double degrees, char side) {
     std::string text(1, base);
-    text += GeneralText(degrees);
+    text += DegreesText(degrees);
     text += side;
     return text;
 }

@@ -81,7 +81,11 @@ std::string OpeningText() {
         return {};
     }
     const LoadCounters* load = LoadOf(ActivePlot());
-    return load != nullptr ? LoadText(*load) : std::string();
+    if (load == nullptr) {
+        return {};
+    }
+    const std::string decimals = DecimalsText(*load, ActiveRecord().UseDecimals != 0);
+    return LoadText(*load) + (decimals.empty() ? "" : " ") + decimals;
 }
 
 } // namespace quandrel

@@ -16,7 +16,8 @@ namespace quandrel {
 [[nodiscard]] bool HasUnplottedLines();
 
 /// The result of the last opening of a file, in a sentence: how many files of a workspace were
-/// opened, or how many rows of the active plot's files were read; empty for a plot file.
+/// opened, or how many rows of the active plot's files were read and how many of them have
+/// decimals; empty for a plot file.
 [[nodiscard]] std::string OpeningText();
 
 } // namespace quandrel

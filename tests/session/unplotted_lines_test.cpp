@@ -55,6 +55,15 @@ TEST_F(UnplottedLines, TheOpeningOfAWorkspaceIsToldByItsFilesAndOthersByTheirRow
     EXPECT_EQ(OpeningText().substr(0, 11), "2 rows read");
 }
 
+TEST_F(UnplottedLines, TheOpeningOfAFileWithDecimalsSaysSo) {
+    AcceptFormat({}, 10);
+    Open("47.3\t218.6\n40\t200\n");
+    EXPECT_EQ(OpeningText(), "2 rows read, 2 of them data; 0 lines without data, 0 invalid. "
+                             "1 row has decimals; Plot > Use Decimals shows it.");
+    ActiveRecord().UseDecimals = kTrue;
+    EXPECT_TRUE(OpeningText().ends_with(" 0 invalid. 1 row has decimals."));
+}
+
 TEST_F(UnplottedLines, NameTheFilesThatAWorkspaceMisses) {
     AcceptFormat({}, 10);
     WriteFile("one.txt", "30\t120\n");

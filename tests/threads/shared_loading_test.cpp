@@ -67,10 +67,10 @@ std::string Printed(const LoadCounters& counters) {
     Print(out,
           std::array{counters.rowsRead, counters.rowsValid, counters.blankLines, counters.headLines,
                      counters.invalidLines, counters.badNumeric, counters.badText, counters.badLine,
-                     counters.upwardLines, counters.invalidInRun});
+                     counters.upwardLines, counters.invalidInRun, counters.rowsWithDecimals});
     Print(out, counters.negativePlunge);
     Print(out, counters.stoppedAtLine);
-    Print(out, std::array{counters.outOfMemory, counters.cancelled});
+    Print(out, std::array{counters.outOfMemory, counters.cancelled, counters.hasMoreDecimals});
     Print(out, counters.missingFiles);
     return out.str();
 }
