@@ -104,7 +104,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},
-        {"save", {&BatchSession::Save, {1, {"lines"}}}},
+        {"save", {&BatchSession::Save, {2, {"lines"}}}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},
         {"workspace", {&BatchSession::Workspace, {2, {}}}},

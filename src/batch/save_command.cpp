@@ -13,6 +13,7 @@ namespace quandrel {
 namespace {
 
 constexpr const char* kAllLines = "all";
+constexpr const char* kWholeDegrees = "whole";
 
 } // namespace
 
@@ -28,8 +29,17 @@ std::string SaveToFile(const Command& command) {
     if (lines && HasEnding(*path, ".qpx")) {
         return "lines=all is for text files: a plot file has all lines";
     }
-    const bool hasAllLines = gSettings.files.nonDataLines || lines.has_value();
-    return SavePlotAs(*path, SaveKind::SaveAs, hasAllLines) == SaveOutcome::Saved
+    const std::optional<std::string> degrees = command.Bare(1);
+    if (degrees && *degrees != kWholeDegrees) {
+        return "'" + *degrees + "' is a word too many";
+    }
+    if (degrees && HasEnding(*path, ".qpx")) {
+        return "whole is for text files: a plot file has all decimals";
+    }
+    TextContents contents;
+    contents.nonDataLines = contents.nonDataLines || lines.has_value();
+    contents.degrees = degrees ? SavedDegrees::Whole : SavedDegrees::Measured;
+    return SavePlotAs(*path, SaveKind::SaveAs, contents) == SaveOutcome::Saved
                ? std::string()
                : "'" + *path + "' was not saved";
 }

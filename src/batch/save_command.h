@@ -10,8 +10,8 @@
 
 namespace quandrel {
 
-/// Saves gActivePlot to the path of a command. With `lines=all` a text file includes the lines
-/// without data.
+/// Saves gActivePlot to the path of a command. With `whole` a text file has angles in whole
+/// degrees, with `lines=all` it includes the lines without data.
 ///
 /// @return empty, or an error message
 [[nodiscard]] std::string SaveToFile(const Command& command);

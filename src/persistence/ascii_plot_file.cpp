@@ -4,6 +4,7 @@
 
 #include "core/atomic_file.h"
 #include "core/data_format.h"
+#include "core/measured_rows.h"
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
@@ -12,6 +13,7 @@
 #include "input/format_model.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
+#include "orientation/degrees_text.h"
 #include "orientation/number_text.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
@@ -68,9 +70,9 @@ public:
     }
 
     /// An orientation in two fields; both are empty where it is missing.
-    void AddPair(std::int32_t dip, std::int32_t azimuth, bool present) {
-        Add(present ? TextOf(dip) : std::string());
-        Add(present ? TextOf(azimuth) : std::string());
+    void AddPair(const Attitude& attitude, bool present) {
+        Add(present ? DegreesText(attitude.dip) : std::string());
+        Add(present ? DegreesText(attitude.azimuth) : std::string());
     }
 
     [[nodiscard]] const std::string& Text() const { return text_; }
@@ -143,27 +145,31 @@ std::string HeadLines(const PlotRecord& record) {
     return head + "\r\n";
 }
 
-std::string TextOfRow(const PlotRecord& record, std::int32_t row) {
+std::string TextOfRow(const Plot& plot, std::int32_t row, SavedDegrees degrees) {
+    const PlotRecord& record = plot.record;
+    const PlotRows& rows = plot.rows;
+    const auto saved = [&rows, row, degrees](RowAngles which) {
+        return degrees == SavedDegrees::Whole ? WholeAttitude(rows, which, row)
+                                              : MeasuredAttitude(rows, which, row);
+    };
     LineOfFields fields;
     if (record.PrimaryFormat <= kDirections) {
-        fields.Add(TextOf(gDataAz(gActivePlot, row)));
+        fields.Add(DegreesText(saved(RowAngles::Primary).azimuth));
     } else {
-        fields.AddPair(gDataDip(gActivePlot, row), gDataAz(gActivePlot, row), true);
+        fields.AddPair(saved(RowAngles::Primary), true);
     }
     if (record.SecondaryFormat != kNoSecondary) {
-        const std::int32_t dip = gData2Dip(gActivePlot, row);
-        fields.AddPair(dip, gData2Az(gActivePlot, row), dip != kErrorRow);
+        fields.AddPair(saved(RowAngles::Secondary), rows.dip2(row) != kErrorRow);
     }
     if (record.HasAppendedLine != 0) {
-        const std::int32_t plunge = gAppLineDip(gActivePlot, row);
-        fields.AddPair(plunge, gAppLineAz(gActivePlot, row), plunge != kInvalidAppendedLine);
+        fields.AddPair(saved(RowAngles::Line), rows.lineDip(row) != kInvalidAppendedLine);
     }
     if (record.HasAppendedNumeric != 0) {
-        const float number = gAppNumeric(gActivePlot, row);
+        const float number = rows.number(row);
         fields.Add(number == kInvalidNumber ? std::string() : TextOf(number));
     }
     if (record.HasAppendedText != 0) {
-        fields.Add(FieldOfText(gAppText(gActivePlot, row)));
+        fields.Add(FieldOfText(rows.text(row)));
     }
     return fields.Text() + "\r\n";
 }
@@ -287,14 +293,15 @@ std::string BuildParameterLine(bool full) {
     return BuildParameterText(ItemsOf(ActiveRecord()), full);
 }
 
-std::string AsciiPlotText(bool withNonDataLines) {
-    const PlotRecord& record = ActiveRecord();
+std::string AsciiPlotText(const TextContents& contents) {
+    const Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
     std::string text = HeadLines(record) + BuildParameterLine(true);
     const NonDataLines nonData(gActivePlot, record);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         if (DipOfRow(gActivePlot, row) != kErrorRow) {
-            text += TextOfRow(record, row);
-        } else if (withNonDataLines) {
+            text += TextOfRow(plot, row, contents.degrees);
+        } else if (contents.nonDataLines) {
             text += nonData.TextOfErrorRow(row);
         }
     }
@@ -302,7 +309,8 @@ std::string AsciiPlotText(bool withNonDataLines) {
 }
 
 SaveOutcome SaveAsciiPlot(SaveKind kind) {
-    const PlotRecord& record = ActiveRecord();
+    const Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
     if (kind != SaveKind::SaveAs && !record.SaveFileName.empty()) {
         return SavePlotAs(record.SaveFileName, kind);
     }
@@ -316,7 +324,7 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
 }
 
-SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, bool withNonDataLines) {
+SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextContents& contents) {
     PlotRecord& record = ActiveRecord();
     const std::string path = NormalPath(target);
     const std::string name = FileTitleOf(path);
@@ -328,7 +336,7 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, bool withNonDat
         return SaveOutcome::Cancelled;
     }
     const std::string error = isBinary ? SaveBinaryPlot(path, gActivePlot)
-                                       : WriteFileAtomically(path, AsciiPlotText(withNonDataLines));
+                                       : WriteFileAtomically(path, AsciiPlotText(contents));
     if (!error.empty()) {
         TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;

@@ -518,6 +518,30 @@ TEST_F(Batch, ATextKeepsTheLinesWithoutDataWhereItIsAskedTo) {
     EXPECT_FALSE(std::filesystem::exists(folder / "x.qpx"));
 }
 
+TEST_F(Batch, ATextHasDecimalsUnlessWholeDegreesAreAskedFor) {
+    Write("survey.txt", "47.3\t218.60\n45\t7\n");
+    const auto saved = [this](const std::string& words) {
+        EXPECT_EQ(Run("open \"FOLDER/survey.txt\"; save \"FOLDER/saved.txt\"" + words), "");
+        std::ifstream stream(folder / "saved.txt", std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(stream), {}};
+    };
+    EXPECT_TRUE(saved("").ends_with("\r\n47.3\t218.6\r\n45\t7\r\n"));
+    EXPECT_TRUE(saved(" whole").ends_with("\r\n47\t219\r\n45\t7\r\n"));
+    EXPECT_TRUE(saved(" lines=all whole").ends_with("\r\n47\t219\r\n45\t7\r\n"));
+    EXPECT_EQ(Run("open \"FOLDER/survey.txt\"; save \"FOLDER/x.qpx\" whole"),
+              "line 1: save: whole is for text files: a plot file has all decimals");
+    EXPECT_FALSE(std::filesystem::exists(folder / "x.qpx"));
+}
+
+TEST_F(Batch, APointThatIsAddedKeepsItsDecimals) {
+    Write("survey.txt", "45\t7\n");
+    EXPECT_EQ(Run("open \"FOLDER/survey.txt\"; addpoint 47.3 218.6; save \"FOLDER/saved.txt\""),
+              "");
+    std::ifstream stream(folder / "saved.txt", std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_TRUE(text.ends_with("\r\n45\t7\r\n47.3\t218.6\r\n")) << text;
+}
+
 TEST_F(Batch, ARoseByClassesSaysThatNoneAreSet) {
     Write("rocks.txt", "30\t120\t2\tslate\n45\t270\t3\tmarl\n");
     const std::string open = "format primary=plane delimiter=tab columns=0,1,2,3,4,5,6,7,2,3 "
