@@ -70,11 +70,14 @@ std::string ApplyAddPointArguments(const std::vector<Argument>& arguments) {
     }
     const PlotRecord& record = ActiveRecord();
     const bool isPlane = record.OverlayRows[kOverlayCount] == 0 && ShowsPlaneData(record);
-    const std::optional<Attitude> row = ReadGridPair(*dip, *azimuth, isPlane);
+    const std::optional<KeptAttitude> row = ReadGridPair(*dip, *azimuth, isPlane);
     if (!row) {
         return "'" + *dip + " " + *azimuth + "' is not an orientation";
     }
-    return AddRowByHand({row->dip, row->azimuth}) ? "" : "no row was added: see the message";
+    const Attitude measured = row->Measured();
+    return AddRowByHand({measured.dip, measured.azimuth, isPlane})
+               ? ""
+               : "no row was added: see the message";
 }
 
 } // namespace quandrel

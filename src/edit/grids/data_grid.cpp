@@ -3,6 +3,7 @@
 #include "edit/grids/data_grid.h"
 
 #include "core/data_format.h"
+#include "core/measured_rows.h"
 #include "core/plot_store.h"
 #include "edit/selection/marquee.h"
 #include "orientation/angles.h"
@@ -13,6 +14,12 @@
 #include <utility>
 
 namespace quandrel {
+
+namespace {
+
+constexpr std::int32_t kFullTurn = 360;
+
+} // namespace
 
 DataGrid::DataGrid(int slot)
     : slot_(slot) {
@@ -105,27 +112,26 @@ std::string DataGrid::NumberText(std::size_t row) const {
     return FormatNumber(static_cast<double>(row + 1), digits);
 }
 
+std::string DataGrid::AngleText(std::int32_t point, GridColumnKind kind, AngleDigits digits) const {
+    const PairKinds pair = PairOf(kind).value();
+    const RowAngles which = AnglesOf(pair);
+    const PlotRows& rows = PlotOf(slot_).rows;
+    const Attitude whole = WholeAttitude(rows, which, point);
+    if (whole.dip == (which == RowAngles::Line ? kInvalidAppendedLine : kErrorRow)) {
+        return {};
+    }
+    const Attitude shown =
+        digits == AngleDigits::Whole ? whole : MeasuredAttitude(rows, which, point);
+    return kind == pair.dip ? DipText(shown.dip, digits) : AzimuthText(shown.azimuth, digits);
+}
+
 std::string DataGrid::StoredText(const GridLine& line, GridColumnKind kind) const {
     const std::int32_t point = line.point;
     const bool isError = gDataDip(slot_, point) == kErrorRow;
     if (point == 0 || (isError && kind != GridColumnKind::Dip)) {
         return {};
     }
-    const bool isSecondaryMissing = gData2Dip(slot_, point) == kErrorRow;
-    const bool isLineMissing = gAppLineDip(slot_, point) == kInvalidAppendedLine;
     switch (kind) {
-    case GridColumnKind::Dip:
-        return DipText(gDataDip(slot_, point), isError);
-    case GridColumnKind::Azimuth:
-        return AzimuthText(gDataAz(slot_, point), false);
-    case GridColumnKind::SecondaryDip:
-        return DipText(gData2Dip(slot_, point), isSecondaryMissing);
-    case GridColumnKind::SecondaryAzimuth:
-        return AzimuthText(gData2Az(slot_, point), isSecondaryMissing);
-    case GridColumnKind::LinePlunge:
-        return DipText(gAppLineDip(slot_, point), isLineMissing);
-    case GridColumnKind::LineTrend:
-        return AzimuthText(gAppLineAz(slot_, point), isLineMissing);
     case GridColumnKind::Number: {
         const float number = gAppNumeric(slot_, point);
         return number == kInvalidNumber ? std::string() : RegionalText(number);
@@ -134,9 +140,32 @@ std::string DataGrid::StoredText(const GridLine& line, GridColumnKind kind) cons
         return std::string(gAppText(slot_, point));
     case GridColumnKind::RowNumber:
     case GridColumnKind::Edited:
-        break;
+        return {};
+    default:
+        return AngleText(point, kind,
+                         RecordOf(slot_).UseDecimals != 0 ? AngleDigits::OneDecimal
+                                                          : AngleDigits::Whole);
     }
-    return {};
+}
+
+bool DataGrid::IsChanged(std::size_t row, GridColumnKind kind) const {
+    return HasEdit(row, kind) && TextOfKind(row, kind) != StoredText(lines_.at(row), kind);
+}
+
+std::string DataGrid::ExactTextOfKind(std::size_t row, GridColumnKind kind) const {
+    const std::optional<PairKinds> pair = PairOf(kind);
+    const std::int32_t point = PointOfRow(row);
+    const std::string shown = TextOfKind(row, kind);
+    if (!pair || point == 0 || shown.empty() || IsChanged(row, kind)) {
+        return shown;
+    }
+    const PlotRows& rows = PlotOf(slot_).rows;
+    const Attitude measured = MeasuredAttitude(rows, AnglesOf(*pair), point);
+    // The whole degrees of a nearly level line may name its other end: its digits do not fit them.
+    const Attitude whole = WholeAttitude(rows, AnglesOf(*pair), point);
+    const bool isSameEnd = RecordOf(slot_).UseDecimals != 0
+                           || (WholeDegree(measured.azimuth - whole.azimuth) % kFullTurn) == 0;
+    return isSameEnd ? AngleText(point, kind, AngleDigits::All) : shown;
 }
 
 std::string DataGrid::EditText(std::size_t row, std::size_t column) const {

@@ -7,9 +7,11 @@
 // Input: rows, columns and files of a plot, typed texts.
 // Output: texts of cells, selected rows, and one edit of rows for all changed cells.
 //
-// Cells of orientations are dip or plunge and azimuth in whole degrees, whatever the convention in
-// force. The main rows are in the order of loading; those of the overlays follow and cannot be
-// edited. Grid rows and columns count from 0; texts are made when requested.
+// Cells of orientations are dip or plunge and azimuth, whatever the convention in force: in whole
+// degrees, or with one decimal in plots that use decimals. Either way an edit keeps the decimals of
+// the angles that it does not change. The main rows are in the order of loading; those of the
+// overlays follow and cannot be edited. Grid rows and columns count from 0; texts are made when
+// requested.
 
 #pragma once
 
@@ -83,6 +85,13 @@ public:
     /// The text of a row's cell of a kind; empty when the plot has no such column.
     [[nodiscard]] std::string TextOfKind(std::size_t row, GridColumnKind kind) const;
 
+    /// The text by which an edit of a row's pair is read: as TextOfKind in a cell whose text was
+    /// changed; in the others of the pair all digits of what they show.
+    [[nodiscard]] std::string ExactTextOfKind(std::size_t row, GridColumnKind kind) const;
+
+    /// True when a row has an edit in its cell of a kind that differs from the store's text.
+    [[nodiscard]] bool IsChanged(std::size_t row, GridColumnKind kind) const;
+
     /// Drops the edits of all rows, and new rows.
     void DiscardEdits();
 
@@ -123,6 +132,8 @@ private:
     using CellEdits = std::map<GridColumnKind, std::string>;
 
     [[nodiscard]] std::string StoredText(const GridLine& line, GridColumnKind kind) const;
+    [[nodiscard]] std::string AngleText(std::int32_t point, GridColumnKind kind,
+                                        AngleDigits digits) const;
     [[nodiscard]] std::string NumberText(std::size_t row) const;
     [[nodiscard]] bool IsMainRow(const GridLine& line) const;
     [[nodiscard]] std::size_t FirstOfOrder(std::size_t row) const;

@@ -54,6 +54,21 @@ GridColumn ColumnOf(std::string_view piece, GridColumnKind kind) {
     return column;
 }
 
+std::string WithRegionalDelimiter(std::string text) {
+    if (gDecimalIsComma) {
+        std::ranges::replace(text, '.', ',');
+    }
+    return text;
+}
+
+/// @param wholeFormat  number format of the whole degrees
+std::string AngleText(double degrees, const std::string& wholeFormat, AngleDigits digits) {
+    const char* decimals = digits == AngleDigits::Whole        ? ""
+                           : digits == AngleDigits::OneDecimal ? ".0"
+                                                               : ".######";
+    return WithRegionalDelimiter(FormatNumber(degrees, wholeFormat + decimals));
+}
+
 } // namespace
 
 std::string GridFormatOf(const PlotRecord& record) {
@@ -82,14 +97,15 @@ std::string DataGridCaption(const PlotRecord& record) {
     return "Processed data in: " + record.PlotTitle;
 }
 
-std::optional<Attitude> ReadGridPair(std::string_view dip, std::string_view azimuth, bool isPlane) {
+std::optional<KeptAttitude> ReadGridPair(std::string_view dip, std::string_view azimuth,
+                                         bool isPlane) {
     LineFormat format;
     format.primary = isPlane ? kPrimaryPlane : kPrimaryLine;
     const ParsedRow row = ParseValues({WithoutBlanks(dip), WithoutBlanks(azimuth)}, format);
     if (row.status != LineStatus::Row) {
         return std::nullopt;
     }
-    return RoundedAttitude({row.dip, row.az}, isPlane);
+    return KeptOf({row.dip, row.az}, isPlane);
 }
 
 std::optional<float> ReadGridNumber(std::string_view text) {
@@ -126,6 +142,17 @@ std::optional<PairKinds> PairOf(GridColumnKind kind) {
     }
 }
 
+RowAngles AnglesOf(const PairKinds& pair) {
+    switch (pair.dip) {
+    case GridColumnKind::SecondaryDip:
+        return RowAngles::Secondary;
+    case GridColumnKind::LinePlunge:
+        return RowAngles::Line;
+    default:
+        return RowAngles::Primary;
+    }
+}
+
 bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
                std::string_view azimuth) {
     const bool isPrimary = pair.dip == GridColumnKind::Dip;
@@ -138,20 +165,16 @@ bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view
     return !ReadGridPair(dip, azimuth, isPlane);
 }
 
-std::string DipText(std::int32_t dip, bool isMissing) {
-    return isMissing ? std::string() : std::to_string(dip);
+std::string DipText(double dip, AngleDigits digits) {
+    return AngleText(dip, "0", digits);
 }
 
-std::string AzimuthText(std::int32_t azimuth, bool isMissing) {
-    return isMissing ? std::string() : FormatNumber(azimuth, "000");
+std::string AzimuthText(double azimuth, AngleDigits digits) {
+    return AngleText(azimuth, "000", digits);
 }
 
 std::string RegionalText(float number) {
-    std::string text = TextOf(TaggedValue(number));
-    if (gDecimalIsComma) {
-        std::ranges::replace(text, '.', ',');
-    }
-    return text;
+    return WithRegionalDelimiter(TextOf(TaggedValue(number)));
 }
 
 } // namespace quandrel

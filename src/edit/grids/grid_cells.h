@@ -4,8 +4,9 @@
 
 #pragma once
 
+#include "core/measured_rows.h"
 #include "core/plot_record.h"
-#include "stereo/row_positions.h"
+#include "input/data_rows.h"
 
 #include <cstdint>
 #include <optional>
@@ -51,10 +52,10 @@ inline constexpr std::string_view kNonDataRow = "non-data";
 /// The caption of the grid of a plot.
 [[nodiscard]] std::string DataGridCaption(const PlotRecord& record);
 
-/// A pair of cells as an orientation in whole degrees, azimuths from 0 to 360, parsed as dip, dip
-/// direction or plunge, trend in a file. Nothing when they are invalid.
-[[nodiscard]] std::optional<Attitude> ReadGridPair(std::string_view dip, std::string_view azimuth,
-                                                   bool isPlane);
+/// A pair of cells as an orientation, parsed as dip, dip direction or plunge, trend in a file.
+/// Nothing when they are invalid.
+[[nodiscard]] std::optional<KeptAttitude> ReadGridPair(std::string_view dip,
+                                                       std::string_view azimuth, bool isPlane);
 
 /// A cell as an appended number; nothing when it is not a number that a column can hold.
 [[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);
@@ -68,6 +69,9 @@ struct PairKinds {
 /// The pair that a column belongs to, or nothing.
 [[nodiscard]] std::optional<PairKinds> PairOf(GridColumnKind kind);
 
+/// The orientation that a pair of columns shows.
+[[nodiscard]] RowAngles AnglesOf(const PairKinds& pair);
+
 /// True for an invalid pair; all but the primary one may be empty.
 [[nodiscard]] bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
                              std::string_view azimuth);
@@ -77,10 +81,17 @@ struct PairKinds {
     return kind != GridColumnKind::RowNumber && kind != GridColumnKind::Edited;
 }
 
-/// The texts of cells. A missing value is an empty text; an azimuth has three digits; a number has
-/// the decimal delimiter of the region, as when it is read.
-[[nodiscard]] std::string DipText(std::int32_t dip, bool isMissing);
-[[nodiscard]] std::string AzimuthText(std::int32_t azimuth, bool isMissing);
+/// How many decimals the text of an angle has.
+enum class AngleDigits : std::uint8_t {
+    Whole,
+    OneDecimal,
+    All, ///< at most six, without trailing zeros
+};
+
+/// The texts of cells. An azimuth has three digits before its decimals. Decimals have the delimiter
+/// of the region, as when they are read.
+[[nodiscard]] std::string DipText(double dip, AngleDigits digits);
+[[nodiscard]] std::string AzimuthText(double azimuth, AngleDigits digits);
 [[nodiscard]] std::string RegionalText(float number);
 
 } // namespace quandrel

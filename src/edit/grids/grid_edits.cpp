@@ -28,19 +28,19 @@ enum class PairEdit { None, Empty, Bad, Good };
 
 struct EditedPair {
     PairEdit edit = PairEdit::None;
-    Attitude value;
+    KeptAttitude value;
 };
 
 EditedPair ReadPair(const DataGrid& grid, std::size_t row, Kind dip, Kind azimuth, bool isPlane) {
-    if (!grid.HasEdit(row, dip) && !grid.HasEdit(row, azimuth)) {
+    if (!grid.IsChanged(row, dip) && !grid.IsChanged(row, azimuth)) {
         return {};
     }
-    const std::string dipText = grid.TextOfKind(row, dip);
-    const std::string azimuthText = grid.TextOfKind(row, azimuth);
+    const std::string dipText = grid.ExactTextOfKind(row, dip);
+    const std::string azimuthText = grid.ExactTextOfKind(row, azimuth);
     if (WithoutBlanks(dipText).empty() && WithoutBlanks(azimuthText).empty()) {
         return {PairEdit::Empty, {}};
     }
-    const std::optional<Attitude> value = ReadGridPair(dipText, azimuthText, isPlane);
+    const std::optional<KeptAttitude> value = ReadGridPair(dipText, azimuthText, isPlane);
     return value ? EditedPair{PairEdit::Good, *value} : EditedPair{PairEdit::Bad, {}};
 }
 
@@ -80,13 +80,14 @@ RowEdit ReadEdit(const DataGrid& grid, std::size_t row, const PlotRecord& record
 std::string LineOfCells(const DataGrid& grid, std::size_t row) {
     std::string line;
     for (std::size_t column = 1; column + 1 < grid.Columns().size(); ++column) {
-        line += (column == 1 ? "" : "\t") + grid.EditText(row, column);
+        line += (column == 1 ? "" : "\t") + grid.ExactTextOfKind(row, grid.Columns()[column].kind);
     }
     return line;
 }
 
+/// By the whole degrees, as when rows are loaded.
 bool IsUp(std::int32_t point) {
-    const double dip = OrientationShown(gActivePlot, point).dip;
+    const std::int32_t dip = WholeDegree(OrientationShown(gActivePlot, point).dip);
     return dip < 0 && dip != kErrorRow;
 }
 
@@ -96,12 +97,21 @@ bool IsUp(std::int32_t point) {
     return MakeRoom(plot.rows, plot.record.NumLoadedData, ColumnsOf(plot.record, hasSecondary));
 }
 
-void StoreAppended(const RowEdit& edit, std::int32_t point) {
-    if (edit.line.edit != PairEdit::None) {
-        const bool isGood = edit.line.edit == PairEdit::Good;
-        SetWholeAttitude(ActivePlot().rows, RowAngles::Line, point,
-                         isGood ? edit.line.value : Attitude{kInvalidAppendedLine, 0});
+/// Stores an edited pair, or `missing` where it is empty or bad.
+void StorePair(const EditedPair& pair, RowAngles which, std::int32_t point, Attitude missing) {
+    if (pair.edit == PairEdit::None) {
+        return;
     }
+    PlotRows& rows = ActivePlot().rows;
+    const bool isGood = pair.edit == PairEdit::Good;
+    SetWholeAttitude(rows, which, point, isGood ? pair.value.whole : missing);
+    if (isGood && pair.value.measured && !SetDecimals(rows, which, point, *pair.value.measured)) {
+        ActiveRecord().DataFull = kTrue;
+    }
+}
+
+void StoreAppended(const RowEdit& edit, std::int32_t point) {
+    StorePair(edit.line, RowAngles::Line, point, {kInvalidAppendedLine, 0});
     if (edit.hasNumber) {
         gAppNumeric.At(gActivePlot, point) = edit.number.value_or(kInvalidNumber);
     }
@@ -130,14 +140,10 @@ void StoreOrientations(const RowEdit& edit, std::int32_t point) {
     const bool wasError = gDataDip(gActivePlot, point) == kErrorRow;
     const bool wasUp = IsUp(point);
     if (edit.primary.edit == PairEdit::Good) {
-        SetOrientation(ActivePlot(), point, WholeDegree(edit.primary.value.dip),
-                       WholeDegree(edit.primary.value.azimuth));
+        SetMeasuredOrientation(ActivePlot(), point, edit.primary.value.whole,
+                               edit.primary.value.Measured());
     }
-    if (edit.secondary.edit != PairEdit::None) {
-        const bool isGood = edit.secondary.edit == PairEdit::Good;
-        SetWholeAttitude(ActivePlot().rows, RowAngles::Secondary, point,
-                         isGood ? edit.secondary.value : Attitude{kErrorRow, kErrorRow});
-    }
+    StorePair(edit.secondary, RowAngles::Secondary, point, {kErrorRow, kErrorRow});
     if (gDataDip(gActivePlot, point) == kErrorRow) {
         return;
     }
@@ -176,6 +182,11 @@ void ApplyRow(const DataGrid& grid, std::size_t row, std::int32_t point, GridEdi
     StoreAppended(edit, point);
 }
 
+DegreesByHand RowByHand(const KeptAttitude& row) {
+    const Attitude measured = row.Measured();
+    return {measured.dip, measured.azimuth, ActiveRecord().PrimaryFormat == kPrimaryPlane};
+}
+
 /// Adds the new rows of a grid, with their appended values. Rows without an orientation, and rows
 /// that the user declines, are dropped.
 void AddNewRows(const DataGrid& grid, GridEditReport& report) {
@@ -185,8 +196,7 @@ void AddNewRows(const DataGrid& grid, GridEditReport& report) {
         }
         const RowEdit edit = ReadEdit(grid, row, ActiveRecord());
         if (edit.primary.edit != PairEdit::Good || edit.secondary.edit == PairEdit::Bad
-            || !MayAddRow()
-            || !StoreRowByHand({edit.primary.value.dip, edit.primary.value.azimuth})) {
+            || !MayAddRow() || !StoreRowByHand(RowByHand(edit.primary.value))) {
             continue;
         }
         ++report.added;

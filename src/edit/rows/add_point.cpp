@@ -72,6 +72,8 @@ bool GoesOverMainRows(const PlotRecord& record) {
     row.status = LineStatus::Row;
     row.dip = point.dip;
     row.az = point.azimuth;
+    row.isPlane = point.keepsAzimuth;
+    row.isPlane2 = point.keepsAzimuth;
     if (overlay > 0 && record.ShowSecondary != 0 && record.SecondaryFormat != kNoSecondary) {
         // The store can then swap the orientations of such a row.
         row.secondaryPresent = true;
@@ -89,10 +91,6 @@ bool GoesOverMainRows(const PlotRecord& record) {
     return false;
 }
 
-double WholeDegrees(double radians) {
-    return RoundToEven(RadToDeg(radians));
-}
-
 /// The row for the line at a position: the plane with that pole, if the plot shows poles.
 DegreesByHand RowOfPoint(const NetLine& line, bool isUpward) {
     const PlotRecord& record = ActiveRecord();
@@ -101,7 +99,8 @@ DegreesByHand RowOfPoint(const NetLine& line, bool isUpward) {
     if (!GoesOverMainRows(record) && IsPlottedAsPole(record, 0)) {
         PoleOfPlane(line.plunge, line.trend, dip, azimuth);
     }
-    return {WholeDegrees(isUpward ? -dip : dip), WholeDegrees(azimuth)};
+    // A point near the primitive stays on its side of the net, whichever end it points to.
+    return {RadToDeg(isUpward ? -dip : dip), RadToDeg(azimuth), true};
 }
 
 } // namespace
@@ -179,7 +178,7 @@ bool AddRowByHand(DegreesByHand row) {
 }
 
 bool AddPointToPlot(const std::string& dipText, const std::string& azText) {
-    return AddRowByHand({ParseNumber(dipText), ParseNumber(azText)});
+    return AddRowByHand({ParseNumber(dipText), ParseNumber(azText), false});
 }
 
 } // namespace quandrel

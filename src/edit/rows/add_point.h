@@ -16,18 +16,21 @@ namespace quandrel {
 /// Adds a point at a position on the net, on the layer being edited. Does nothing outside the net
 /// and on a rose; a position on the primitive is on the net.
 ///
-/// On the data layer the right button makes an upward line, or a plane with a negative dip, at the
-/// same position. Without overlays, a point in a plot of planes is the pole of the plane that is
-/// added.
+/// A point has the decimals of its position. On the data layer the right button makes an upward
+/// line, or a plane with a negative dip, at the same position. Without overlays, a point in a plot
+/// of planes is the pole of the plane that is added.
 ///
 /// @param button  kLeftMouseButton or kRightMouseButton
 /// @param x,y     plot units
 void AddStereoPoint(int button, double x, double y);
 
-/// A row added by hand, in degrees; fractions are rounded, halves to even.
+/// A row added by hand, in degrees. It is measured: it keeps six decimals.
 struct DegreesByHand {
     double dip = 0;     ///< of a plane, or the plunge of a line: negative when it points up
     double azimuth = 0; ///< dip direction or trend
+    /// In whole degrees a negative dip that rounds to 0 leaves the azimuth as it is. Else it is
+    /// that of a line, which turns.
+    bool keepsAzimuth = false;
 };
 
 /// Whether a row can be added to gActivePlot: not to a rose, not over intersections (with a

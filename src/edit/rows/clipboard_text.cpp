@@ -4,12 +4,14 @@
 
 #include "core/data_format.h"
 #include "core/letter_case.h"
+#include "core/measured_rows.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "edit/marks/annotation_text.h"
 #include "edit/selection/selected_intersections.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
+#include "orientation/degrees_text.h"
 #include "orientation/number_text.h"
 #include "platform/platform.h"
 #include "stereo/row_positions.h"
@@ -24,6 +26,7 @@ namespace quandrel {
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
+constexpr double kFullTurn = 360;
 
 /// A text as a field: characters that would end a field become blanks. A text that begins with a
 /// quote is put in quotes, with its own quotes doubled, as readers remove quotes around a field.
@@ -44,11 +47,13 @@ std::string FieldOfText(std::string_view text) {
 
 /// An orientation among others, with at least two digits, so that columns line up.
 std::string FieldPairText(Attitude pair, bool present) {
-    return present ? FormatNumber(pair.dip, "00") + "\t" + FormatNumber(pair.azimuth, "00") : "\t";
+    constexpr const char* kFormat = "00.######";
+    return present ? FormatNumber(pair.dip, kFormat) + "\t" + FormatNumber(pair.azimuth, kFormat)
+                   : "\t";
 }
 
 std::string PairText(Attitude pair, bool present) {
-    return present ? TextOf(pair.dip) + "\t" + TextOf(pair.azimuth) : "\t";
+    return present ? DegreesText(pair.dip) + "\t" + DegreesText(pair.azimuth) : "\t";
 }
 
 /// The kind of the overlays that all rows of a list belong to; nothing when they differ, or the
@@ -78,7 +83,8 @@ class RowWriter {
 public:
     RowWriter(int slot, std::span<const std::int32_t> rows, CopiedFields fields)
         : slot_(slot)
-        , record_(RecordOf(slot))
+        , plot_(PlotOf(slot))
+        , record_(plot_.record)
         , rows_(rows)
         , isFull_(fields == CopiedFields::All && record_.PlotSymbolMode != kBetaIntersections) {
         items_.T = record_.DataKind;
@@ -148,9 +154,9 @@ private:
 
     /// A row in its plotted form.
     [[nodiscard]] std::string PointOf(std::int32_t row) const {
-        const Attitude shown = OrientationShown(slot_, row);
+        const Attitude shown = MeasuredShown(plot_, row);
         if (IsDirections()) {
-            return TextOf(shown.azimuth);
+            return DegreesText(shown.azimuth);
         }
         const bool isPlane = IsPlottedAsPole(record_, OverlayOfRow(record_, row));
         return PairText(isPlane == writesPlanes_ ? shown : PoleInDegrees(shown), true);
@@ -158,8 +164,8 @@ private:
 
     /// The primary orientation, then the secondary one, in the form of the main rows' columns.
     [[nodiscard]] std::pair<Attitude, Attitude> BothOf(std::int32_t row) const {
-        Attitude primary{gDataDip(slot_, row), gDataAz(slot_, row)};
-        Attitude secondary{gData2Dip(slot_, row), gData2Az(slot_, row)};
+        Attitude primary = MeasuredAttitude(plot_.rows, RowAngles::Primary, row);
+        Attitude secondary = MeasuredAttitude(plot_.rows, RowAngles::Secondary, row);
         const int overlay = OverlayOfRow(record_, row);
         if (overlay > 0 && record_.SecondaryFormat != kNoSecondary && record_.ShowSecondary != 0) {
             std::swap(primary, secondary);
@@ -171,16 +177,15 @@ private:
 
     [[nodiscard]] std::string FullLine(std::int32_t row) const {
         const auto [primary, secondary] = BothOf(row);
-        std::string line = IsDirections() ? TextOf(primary.azimuth)
+        std::string line = IsDirections() ? DegreesText(primary.azimuth)
                                           : FieldPairText(primary, primary.dip != kErrorRow);
         if (record_.SecondaryFormat != kNoSecondary) {
             line += "\t" + FieldPairText(secondary, secondary.dip != kErrorRow);
         }
         if (record_.HasAppendedLine != 0) {
-            const std::int32_t plunge = gAppLineDip(slot_, row);
-            line +=
-                "\t"
-                + FieldPairText({plunge, gAppLineAz(slot_, row)}, plunge != kInvalidAppendedLine);
+            line += "\t"
+                    + FieldPairText(MeasuredAttitude(plot_.rows, RowAngles::Line, row),
+                                    gAppLineDip(slot_, row) != kInvalidAppendedLine);
         }
         if (record_.HasAppendedNumeric != 0) {
             const float number = gAppNumeric(slot_, row);
@@ -192,20 +197,21 @@ private:
         return line;
     }
 
-    static void AddLines(std::string& text, std::span<const Direction> lines) {
+    void AddLines(std::string& text, std::span<const Direction> lines) const {
         for (const Direction& line : lines) {
             double plunge = 0;
             double trend = 0;
             CosinesToLine(line, plunge, trend);
-            const auto azimuth = static_cast<std::int32_t>(RoundToEven(RadToDeg(trend)));
-            text +=
-                PairText({static_cast<std::int32_t>(RoundToEven(RadToDeg(plunge))), azimuth % 360},
-                         true)
-                + kLineEnd;
+            const Attitude exact{RadToDeg(plunge), RadToDeg(trend)};
+            Attitude shown =
+                record_.UseDecimals != 0 ? ToMicrodegree(exact) : RoundedAttitude(exact, true);
+            shown.azimuth = shown.azimuth == kFullTurn ? 0 : shown.azimuth;
+            text += PairText(shown, true) + kLineEnd;
         }
     }
 
     int slot_;
+    const Plot& plot_;
     const PlotRecord& record_;
     std::span<const std::int32_t> rows_;
     bool isFull_;

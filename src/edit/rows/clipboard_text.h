@@ -4,7 +4,8 @@
 //
 // The program's own text: a head line ";Quandrel, ver 9.5.1", a parameter line (parameter_line.h),
 // then a line for each row, its fields separated by tabs; every line ends with CR LF. Planes are
-// dip and dip direction, lines plunge and trend, in whole degrees, whatever notation is in force.
+// dip and dip direction, lines plunge and trend, whatever notation is in force, with the decimals
+// that they were measured with, at most six. Intersections have decimals in plots that use them.
 // Annotations have a line of their own after the head.
 
 #pragma once

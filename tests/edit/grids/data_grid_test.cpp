@@ -213,9 +213,10 @@ TEST_F(Grid, TheNumberAndTheMarkCannotBeEdited) {
 
 TEST_F(Grid, TypedLinesHaveTheTrendsOfTheirLowerEndsWhateverFilesSay) {
     gSettings.format.negativePlunge = NegativePlunge::Vector;
-    EXPECT_EQ(ReadGridPair("-30", "120", false)->azimuth, 120);
-    EXPECT_EQ(ReadGridPair("-0.3", "120", false)->azimuth, 300) << "level, as it points";
-    EXPECT_EQ(ReadGridPair("-0.3", "120", true)->azimuth, 120) << "a plane";
+    EXPECT_EQ(ReadGridPair("-30", "120", false)->whole.azimuth, 120);
+    EXPECT_EQ(ReadGridPair("-0.3", "120", false)->whole.azimuth, 300) << "level, as it points";
+    EXPECT_EQ(ReadGridPair("-0.3", "120", false)->measured, Attitude(-0.3, 120));
+    EXPECT_EQ(ReadGridPair("-0.3", "120", true)->whole.azimuth, 120) << "a plane";
 }
 
 TEST(GridPair, IsReadAsTheFilesAre) {
@@ -245,7 +246,7 @@ TEST(GridPair, IsReadAsTheFilesAre) {
         const auto read = ReadGridPair(c.dip, c.azimuth, c.isPlane);
         ASSERT_EQ(read.has_value(), c.expected.has_value()) << c.dip << '/' << c.azimuth;
         if (read) {
-            EXPECT_EQ(*read, Attitude(c.expected->first, c.expected->second)) << c.dip;
+            EXPECT_EQ(read->whole, Attitude(c.expected->first, c.expected->second)) << c.dip;
         }
     }
 }
