@@ -8,7 +8,7 @@
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/readout.h"
 #include "input/file_loading.h"
-#include "support/decimal_rows.h"
+#include "support/decimal_lines.h"
 
 namespace quandrel {
 
