@@ -5,6 +5,7 @@
 #include "core/row_room.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quandrel {
 
@@ -22,6 +23,19 @@ auto& ColumnsOf(Rows& rows, RowAngles which) {
         break;
     }
     return rows.measured;
+}
+
+/// An angle from the columns with the digits that it was given: of six decimals, which their
+/// offsets of 32 bits miss by less than half of a seventh.
+double Regained(double degrees) {
+    constexpr double kPrecision = 4e-8;
+    const double digits = ToMicrodegree(degrees);
+    return std::abs(degrees - digits) < kPrecision ? digits : degrees;
+}
+
+Attitude RegainedAt(const MeasuredColumns& measured, std::int32_t row) {
+    const Attitude attitude = measured.At(row);
+    return {Regained(attitude.dip), Regained(attitude.azimuth)};
 }
 
 } // namespace
@@ -70,12 +84,12 @@ void SetWholeAttitude(PlotRows& rows, RowAngles which, std::int32_t row, const A
 
 Attitude MeasuredAttitude(const PlotRows& rows, RowAngles which, std::int32_t row) {
     const MeasuredColumns& measured = MeasuredOf(rows, which);
-    return measured.Has(row) ? measured.At(row) : WholeAttitude(rows, which, row);
+    return measured.Has(row) ? RegainedAt(measured, row) : WholeAttitude(rows, which, row);
 }
 
 std::optional<Attitude> DecimalsOf(const PlotRows& rows, RowAngles which, std::int32_t row) {
     const MeasuredColumns& measured = MeasuredOf(rows, which);
-    return measured.Has(row) ? std::optional(measured.At(row)) : std::nullopt;
+    return measured.Has(row) ? std::optional(RegainedAt(measured, row)) : std::nullopt;
 }
 
 bool HasDecimals(const PlotRows& rows, std::int32_t row) {
