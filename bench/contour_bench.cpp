@@ -57,7 +57,7 @@ public:
         gSettings.gridSize = kLargestGridSize;
         ComputeGridDensity();
         const ContourLevelSet set =
-            ContourLevelsOf(RowsOf(DistinctLinesOf(ActivePlot())), record.GridDensityMax);
+            ContourLevelsOf(CountOfLines(LinesOf(ActivePlot())), record.GridDensityMax);
         record.ContourLevels = set.levels;
         record.NumContours = set.count;
     }
@@ -96,7 +96,7 @@ void TraceEveryTriangle(Take take) {
     const PlotRecord& record = ActiveRecord();
     const int nodes = GridNodes(record.GridSize);
     const int step = GridStep(record.GridSize);
-    const std::int32_t rows = RowsOf(DistinctLinesOf(ActivePlot()));
+    const std::int32_t rows = CountOfLines(LinesOf(ActivePlot()));
     for (int k = 0; k < record.NumContours; ++k) {
         const double level = CountOfLevel(record.ContourLevels[static_cast<std::size_t>(k)], rows);
         const auto vertex = [&](int i, int j) -> TriangleVertex {

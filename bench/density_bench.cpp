@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Densities of plots of whole-degree rows: around each row, and on the finest grid. The baseline
-// takes the rows one by one.
+// Densities of plots of whole-degree rows, and of rows with six decimals: around each row, and on
+// the finest grid. The baseline takes the rows one by one.
 
 #include "bench_engine.h"
+#include "core/plot_rows.h"
 #include "core/settings_value.h"
 #include "density/cone_counts.h"
 #include "density/grid_density.h"
@@ -16,6 +17,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <vector>
@@ -37,6 +39,22 @@ public:
         RebuildRowTable(gActivePlot);
         SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(rows));
         gSettings.gridSize = kLargestGridSize;
+    }
+
+    /// Gives the rows decimals, half a degree at most.
+    void AddDecimals() const {
+        std::mt19937 random(2);
+        std::uniform_real_distribution<double> offset(-0.499, 0.499);
+        PlotRecord& record = ActiveRecord();
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            const Attitude whole{gDataDip(gActivePlot, row), gDataAz(gActivePlot, row)};
+            const Attitude measured{std::clamp(whole.dip + offset(random), 0.0, 90.0),
+                                    std::clamp(whole.azimuth + offset(random), 0.0, 360.0)};
+            SetMeasuredOrientation(ActivePlot(), row, whole, ToMicrodegree(measured));
+        }
+        record.UseDecimals = kTrue;
+        RebuildRowTable(gActivePlot);
+        SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(record.NumData));
     }
 
     /// Makes the next count read the rows again.
@@ -67,6 +85,24 @@ void GridOf150(benchmark::State& state) {
 void GridOf150Again(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     for (auto _ : state) {
+        ComputeGridDensity();
+    }
+}
+
+void PointDensitiesOfDecimals(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    plot.AddDecimals();
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
+        ComputePointDensities();
+    }
+}
+
+void GridOf150OfDecimals(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    plot.AddDecimals();
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
         ComputeGridDensity();
     }
 }
@@ -135,6 +171,8 @@ void AllSizes(benchmark::internal::Benchmark* bench) {
 BENCHMARK(PointDensities)->Apply(AllSizes);
 BENCHMARK(GridOf150)->Apply(AllSizes);
 BENCHMARK(GridOf150Again)->Apply(AllSizes);
+BENCHMARK(PointDensitiesOfDecimals)->Apply(AllSizes)->UseRealTime()->MeasureProcessCPUTime();
+BENCHMARK(GridOf150OfDecimals)->Apply(AllSizes)->UseRealTime()->MeasureProcessCPUTime();
 BENCHMARK(PointDensitiesOneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(GridOf150OneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 

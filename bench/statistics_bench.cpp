@@ -4,12 +4,14 @@
 // goes row by row and computes the cosines of each; the ratio of the times is reported.
 
 #include "bench_engine.h"
+#include "core/plot_rows.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
 #include "stereo/distinct_lines.h"
+#include "stereo/row_positions.h"
 
 #include <benchmark/benchmark.h>
 
@@ -63,6 +65,24 @@ void StatisticsOfChangedRows(benchmark::State& state) {
     }
 }
 
+/// The same of rows with decimals, each of which has a line of its own.
+void StatisticsOfDecimals(benchmark::State& state) {
+    const PlotOfLines plot(state.range(0));
+    std::mt19937 random(2);
+    std::uniform_real_distribution<double> plunges(-90, 90);
+    std::uniform_real_distribution<double> trends(0, 360);
+    PlotRecord& record = ActiveRecord();
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        const Attitude measured = ToMicrodegree({plunges(random), trends(random)});
+        SetMeasuredOrientation(ActivePlot(), row, RoundedAttitude(measured, false), measured);
+    }
+    record.UseDecimals = kTrue;
+    RebuildRowTable(gActivePlot);
+    for (auto _ : state) {
+        StatisticsAnew();
+    }
+}
+
 void RowByRow(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     const RowTable& table = TableOf(gActivePlot);
@@ -94,6 +114,10 @@ BENCHMARK(StatisticsOfKnownLines)
     ->Range(1000, 1000000)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(StatisticsOfChangedRows)
+    ->RangeMultiplier(10)
+    ->Range(1000, 1000000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(StatisticsOfDecimals)
     ->RangeMultiplier(10)
     ->Range(1000, 1000000)
     ->Unit(benchmark::kMillisecond);

@@ -2,6 +2,7 @@
 
 #include "density/class_grid.h"
 
+#include "density/axis_cells.h"
 #include "density/cone_counts.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
@@ -39,9 +40,10 @@ struct ValueTotal {
     }
 };
 
-/// The valid appended numbers of the main rows of a plot.
-LineValues ValuesOfRows(const Plot& plot) {
-    LineValues values;
+/// Calls a function with plunge, trend and valid appended number of each main row of a plot that
+/// has one.
+template <class Visit>
+void VisitValues(const Plot& plot, const Visit& visit) {
     const RowTable& table = plot.table;
     const std::int32_t last = plot.record.NumData;
     for (std::size_t place = 0; place < table.size(); ++place) {
@@ -51,31 +53,88 @@ LineValues ValuesOfRows(const Plot& plot) {
             continue;
         }
         if (const float value = plot.rows.number(index); value != kInvalidNumber) {
-            const int key = LineKey(table.plunge[place], table.trend[place]);
-            values.Add(key / kRingTrends - 90, key % kRingTrends, static_cast<double>(value));
+            visit(table.plunge[place], table.trend[place], static_cast<double>(value));
         }
     }
+}
+
+/// The values of a plot by whole-degree lines.
+LineValues ValuesOfRows(const Plot& plot) {
+    LineValues values;
+    VisitValues(plot, [&values](double plunge, double trend, double value) {
+        const int key = LineKey(plunge, trend);
+        values.Add(key / kRingTrends - 90, key % kRingTrends, value);
+    });
     return values;
 }
 
-/// Calls a function with column, row and values of each grid node over a plot that has any values.
-template <class Visit>
-void VisitNodes(const Plot& plot, int gridSize, Visit visit) {
-    const LineValues values = ValuesOfRows(plot);
+/// The measured lines of the main rows of a plot that have valid appended numbers.
+class MeasuredValues {
+public:
+    explicit MeasuredValues(const Plot& plot)
+        : axes_(Gather(plot, values_)) {}
+
+    [[nodiscard]] ValueSum Within(double plunge, double trend) const {
+        ValueSum total;
+        axes_.VisitWithin({plunge, WrappedAngle(trend)}, kGridCountCone, [&](std::int32_t number) {
+            total.sum += values_[static_cast<std::size_t>(number)];
+            ++total.values;
+        });
+        return total;
+    }
+
+private:
+    static std::vector<MeasuredLine> Gather(const Plot& plot, std::vector<double>& values) {
+        std::vector<MeasuredLine> lines;
+        VisitValues(plot, [&](double plunge, double trend, double value) {
+            lines.push_back({plunge, trend});
+            values.push_back(value);
+        });
+        return lines;
+    }
+
+    std::vector<double> values_;
+    AxisCells axes_;
+};
+
+/// Calls a function with column, row and values of each grid node that has any.
+///
+/// @param valuesAt  gives the values about a line
+template <class ValuesAt, class Visit>
+void VisitNodes(int plotKind, int gridSize, const ValuesAt& valuesAt, const Visit& visit) {
     const int step = GridStep(gridSize);
     const int nodes = GridNodes(gridSize);
     for (int column = 0; column < nodes; ++column) {
         for (int row = 0; row < nodes; ++row) {
             double plunge = 0;
             double trend = 0;
-            UnprojectPoint(plot.record.PlotKind, NodePosition(column, step),
-                           NodePosition(row, step), plunge, trend);
-            const ValueSum here = ValuesWithin(values, plunge, trend, kGridCountCone);
+            UnprojectPoint(plotKind, NodePosition(column, step), NodePosition(row, step), plunge,
+                           trend);
+            const ValueSum here = valuesAt(plunge, trend);
             if (here.values > 0) {
                 visit(column, row, here);
             }
         }
     }
+}
+
+/// The same with the values of the main rows of a plot.
+template <class Visit>
+void VisitNodesOf(const Plot& plot, int gridSize, const Visit& visit) {
+    if (ShowsDecimals(plot)) {
+        const MeasuredValues values(plot);
+        VisitNodes(
+            plot.record.PlotKind, gridSize,
+            [&](double plunge, double trend) { return values.Within(plunge, trend); }, visit);
+        return;
+    }
+    const LineValues values = ValuesOfRows(plot);
+    VisitNodes(
+        plot.record.PlotKind, gridSize,
+        [&](double plunge, double trend) {
+            return ValuesWithin(values, plunge, trend, kGridCountCone);
+        },
+        visit);
 }
 
 /// Both layers of a plot with all nodes unset.
@@ -112,10 +171,10 @@ ValueSum ValuesWithin(const LineValues& values, double plunge, double trend, dou
 std::vector<double> NodeValuesOf(const Plot& plot, GridLayer layer, int gridSize) {
     std::vector<double> nodes;
     if (plot.record.HasAppendedNumeric != 0) {
-        VisitNodes(plot, std::clamp(gridSize, kSmallestGridSize, kLargestGridSize),
-                   [&](int /*column*/, int /*row*/, const ValueSum& here) {
-                       nodes.push_back(layer == kMeanLayer ? here.sum / here.values : here.sum);
-                   });
+        VisitNodesOf(plot, std::clamp(gridSize, kSmallestGridSize, kLargestGridSize),
+                     [&](int /*column*/, int /*row*/, const ValueSum& here) {
+                         nodes.push_back(layer == kMeanLayer ? here.sum / here.values : here.sum);
+                     });
     }
     return nodes;
 }
@@ -127,7 +186,7 @@ void ComputeGridValues(Plot& plot) {
         return;
     }
     GridValues& grid = UnsetGrid(plot);
-    VisitNodes(plot, record.GridSize, [&grid](int column, int row, const ValueSum& here) {
+    VisitNodesOf(plot, record.GridSize, [&grid](int column, int row, const ValueSum& here) {
         const auto i = static_cast<std::size_t>(column);
         const auto j = static_cast<std::size_t>(row);
         grid[kCumulativeLayer][i][j] = here.sum;

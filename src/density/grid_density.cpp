@@ -8,6 +8,7 @@
 #include "density/grid_geometry.h"
 #include "density/told_step.h"
 #include "orientation/projection.h"
+#include "platform/platform.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
@@ -55,6 +56,21 @@ std::int32_t CountGrid(PlotRecord& record, const LineHistogram& rows, StatusLine
     return greatest;
 }
 
+/// Fills the table with the counts of measured rows and returns the greatest.
+std::int32_t StoreMeasuredGrid(PlotRecord& record, const AxisCells& rows, StatusLine* watcher) {
+    const auto nodes = static_cast<std::size_t>(GridNodes(record.GridSize));
+    ToldStep step(kCountingText, static_cast<std::int64_t>(nodes * nodes), watcher);
+    const std::vector<std::int32_t> counts =
+        CountMeasuredGrid(rows, record.PlotKind, record.GridSize, ThreadsToUse(),
+                          [&step](std::int64_t done) { step.Reach(done); });
+    DensityTable& grid = EmptyGrid(record);
+    for (std::size_t column = 0; column < nodes; ++column) {
+        std::copy_n(counts.begin() + static_cast<std::ptrdiff_t>(column * nodes), nodes,
+                    grid[column].begin());
+    }
+    return *std::max_element(counts.begin(), counts.end());
+}
+
 /// A node that shows a symbol.
 struct DrawnNode {
     Point at;
@@ -98,6 +114,24 @@ void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int 
     }
 }
 
+std::vector<std::int32_t> CountMeasuredGrid(const AxisCells& rows, int plotKind, int gridSize,
+                                            unsigned threads,
+                                            const std::function<void(std::int64_t)>& onDone) {
+    const int step = GridStep(gridSize);
+    const int nodes = GridNodes(gridSize);
+    std::vector<MeasuredLine> centres;
+    for (int column = 0; column < nodes; ++column) {
+        for (int row = 0; row < nodes; ++row) {
+            double plunge = 0;
+            double trend = 0;
+            UnprojectPoint(plotKind, NodePosition(column, step), NodePosition(row, step), plunge,
+                           trend);
+            centres.push_back({plunge, WrappedAngle(trend)});
+        }
+    }
+    return CountsAbout(rows, centres, kGridCountCone, threads, onDone);
+}
+
 bool HasDensityGrid(const PlotRecord& record) {
     return record.DensityGrid != nullptr && record.GridSize >= kSmallestGridSize
            && record.GridSize <= kLargestGridSize;
@@ -117,11 +151,14 @@ int GridBand(std::int32_t count, std::int32_t rows) {
 
 void ComputeGridDensity(Plot& plot, int gridSize, StatusLine* watcher) {
     PlotRecord& record = plot.record;
-    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
-    const std::int32_t rows = RowsOf(lines);
+    const RowLines& lines = LinesOf(plot);
+    const std::int32_t rows = CountOfLines(lines);
     record.GridSize =
         static_cast<std::int16_t>(std::clamp(gridSize, kSmallestGridSize, kLargestGridSize));
-    const std::int32_t greatest = CountGrid(record, LineHistogram(lines), watcher);
+    const AxisCells* const measured = MeasuredCellsOf(plot);
+    const std::int32_t greatest = measured != nullptr
+                                      ? StoreMeasuredGrid(record, *measured, watcher)
+                                      : CountGrid(record, LineHistogram(lines.whole), watcher);
     record.GridDensityMax = rows > 0 ? static_cast<float>(100.0 * greatest / rows) : 0;
     record.DensityCount = record.NumValidData;
     record.DensityGridFromFile = false;
@@ -158,12 +195,16 @@ void DrawGridSymbols() {
 }
 
 ConeDensity DensityAt(Plot& plot, double plunge, double trend) {
-    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
-    const std::int32_t rows = RowsOf(lines);
+    const RowLines& lines = LinesOf(plot);
+    const std::int32_t rows = CountOfLines(lines);
     if (rows == 0) {
         return {};
     }
-    const std::int32_t count = CountWithin(LineHistogram(lines), plunge, trend, kGridCountCone);
+    const AxisCells* const measured = MeasuredCellsOf(plot);
+    const std::int32_t count =
+        measured != nullptr
+            ? measured->CountWithin({plunge, WrappedAngle(trend)}, kGridCountCone)
+            : CountWithin(LineHistogram(lines.whole), plunge, trend, kGridCountCone);
     return {count, 100.0 * count / rows};
 }
 

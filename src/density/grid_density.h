@@ -10,11 +10,14 @@
 #pragma once
 
 #include "core/plot.h"
+#include "density/axis_cells.h"
 #include "density/cone_counts.h"
 #include "stereo/drawing.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <vector>
 
 namespace quandrel {
 
@@ -26,6 +29,15 @@ namespace quandrel {
 /// @param[out] counts  GridNodes values, from south to north
 void CountGridColumn(const LineHistogram& rows, int plotKind, int gridSize, int column,
                      std::span<std::int32_t> counts);
+
+/// Counts measured rows at all nodes of the grid, by several threads.
+///
+/// @param threads  1 or more
+/// @param onDone   called from time to time with the number of nodes that are done
+/// @return GridNodes counts from south to north for each column, from west to east
+[[nodiscard]] std::vector<std::int32_t>
+CountMeasuredGrid(const AxisCells& rows, int plotKind, int gridSize, unsigned threads,
+                  const std::function<void(std::int64_t)>& onDone);
 
 /// The lower bound of band 2: the density of one row in per cent, rounded up, and at least 1.
 ///

@@ -3,8 +3,11 @@
 #include "density/point_density.h"
 
 #include "core/plot_store.h"
+#include "density/axis_cells.h"
 #include "density/cone_counts.h"
+#include "density/count_classes.h"
 #include "density/told_step.h"
+#include "platform/platform.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/window_drawing.h"
 
@@ -67,6 +70,27 @@ void StoreBands(Plot& plot, const std::vector<std::int32_t>& bandsByLine, Status
     }
 }
 
+/// Counts measured rows, and writes the bands of the main rows of their plot.
+void ComputeMeasured(Plot& plot, const AxisCells& axes) {
+    const std::int32_t rows = axes.Count();
+    const CountClasses bands = ClassesOfCounts(
+        axes, kCountCone, [rows](std::int32_t count) { return PointDensityBand(count, rows); },
+        ThreadsToUse());
+    plot.record.PointDensityMax = PointDensity(bands.greatest, rows);
+    const std::span<std::int32_t> column = plot.rows.pointDensity.Rows();
+    const auto end =
+        std::min(static_cast<std::size_t>(std::max(plot.record.NumData, 0)) + 1, column.size());
+    for (std::size_t row = 1; row < end; ++row) {
+        column[row] = 0;
+    }
+    const std::vector<std::int32_t>& indexes = LinesOf(plot).rows;
+    for (std::size_t i = 0; i < indexes.size(); ++i) {
+        if (const auto row = static_cast<std::size_t>(indexes[i]); row < end) {
+            column[row] = bands.ofAxis[i];
+        }
+    }
+}
+
 } // namespace
 
 float PointDensity(std::int32_t count, std::int32_t rows) {
@@ -87,7 +111,11 @@ int PointDensityBand(std::int32_t count, std::int32_t rows) {
 }
 
 void ComputePointDensities(Plot& plot, StatusLine* watcher) {
-    const std::vector<DistinctLine>& lines = DistinctLinesOf(plot);
+    if (const AxisCells* const measured = MeasuredCellsOf(plot)) {
+        ComputeMeasured(plot, *measured);
+        return;
+    }
+    const std::vector<DistinctLine>& lines = LinesOf(plot).whole;
     const std::vector<std::int32_t> counts = CountsOfLines(lines);
     const std::int32_t rows = RowsOf(lines);
     const auto greatest = std::max_element(counts.begin(), counts.end());

@@ -31,7 +31,7 @@ inline constexpr int kIsolatedBand = 1;
 /// Counts the rows within kCountCone of each main row of a plot: PointDensityMax, and the band of
 /// each row in its column pointDensity, 0 for an error row. Rows of overlays are not changed. The
 /// densities are shares of the rows that were counted. O(rows), plus once for each whole-degree
-/// line.
+/// line; in a plot that shows decimals, rows whose band is not clear are counted one by one.
 ///
 /// @param watcher  the status line, or null
 void ComputePointDensities(Plot& plot, StatusLine* watcher);

@@ -18,8 +18,8 @@ void NameGirdles(PlotRecord& record) {
     for (std::size_t item = kFirstUserGirdle; item < record.AxisItems.size(); ++item) {
         auto& values = record.AxisItems[item];
         if (!TextOf(values[kItemText]).empty() && !IsEmpty(values[kItemPlunge])) {
-            values[kItemText] =
-                TextOfPlaneOfPole(NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]));
+            values[kItemText] = TextOfPlaneOfPole(
+                NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]), DecimalsShown(record));
         }
     }
 }

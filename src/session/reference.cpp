@@ -15,11 +15,14 @@ namespace quandrel {
 namespace {
 
 /// The separate references of P and T axes; the axis precedes each name.
-std::vector<ReferenceLine> ReferenceOfBothAxes() {
+std::vector<ReferenceLine> ReferenceOfBothAxes(const Plot& plot) {
+    const Styles& styles = gSettings.styles;
     std::vector<ReferenceLine> lines;
     for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
-        const AxisStatistics axes = StatisticsOfAxes(kind);
-        const auto reference = ComputeReferenceStatistics(axes.lines, RowSense::kAxes);
+        const AxisStatistics axes =
+            StatisticsOfAxes(plot, styles, gSettings.notation.formulas, kind);
+        const auto reference = ReferenceStatisticsOfLines(
+            LinesOfAxes(plot, styles, kind, LinePrecision::Measured), RowSense::kAxes);
         if (!reference) {
             continue;
         }
@@ -34,17 +37,17 @@ std::vector<ReferenceLine> ReferenceOfBothAxes() {
 } // namespace
 
 std::vector<ReferenceLine> ReferenceOfActivePlot() {
-    const PlotRecord& record = ActiveRecord();
-    if (record.PlotKind == kRose) {
-        const auto reference = RoseReferenceOf(ActivePlot());
-        return reference ? RoseReferenceLines(*reference, ActivePlot(), gSettings.notation.formulas)
+    const Plot& plot = ActivePlot();
+    if (plot.record.PlotKind == kRose) {
+        const auto reference = RoseReferenceOf(plot);
+        return reference ? RoseReferenceLines(*reference, plot, gSettings.notation.formulas)
                          : std::vector<ReferenceLine>();
     }
-    if (HoldsBothAxes(record)) {
-        return ReferenceOfBothAxes();
+    if (HoldsBothAxes(plot.record)) {
+        return ReferenceOfBothAxes(plot);
     }
     const auto reference = ReferenceStatisticsOfActivePlot();
-    return reference ? ReferenceEntries(*reference, record) : std::vector<ReferenceLine>();
+    return reference ? ReferenceEntries(*reference, plot.record) : std::vector<ReferenceLine>();
 }
 
 } // namespace quandrel

@@ -11,8 +11,9 @@ namespace quandrel {
 AxisStatistics StatisticsOfAxes(const Plot& plot, const Styles& styles, Formulas formulas,
                                 AxisKind kind) {
     AxisStatistics axes;
-    axes.lines = DistinctLinesOfAxes(plot, styles, kind);
+    axes.lines = LinesOfAxes(plot, styles, kind);
     axes.record.DataKind = plot.record.DataKind;
+    axes.record.UseDecimals = plot.record.UseDecimals;
     SetCountOfValid(axes.record, CountOfLines(axes.lines));
     StoreFabricStatistics(axes.record, axes.lines, formulas);
     return axes;
@@ -31,10 +32,11 @@ std::vector<std::string> AxisLegendTexts(const AxisStatistics& axes) {
     if (axes.lines.empty()) {
         return texts;
     }
-    const auto text = [&axes](std::size_t axis, std::string (*write)(double, double)) {
+    const auto text = [&axes](std::size_t axis, std::string (*write)(double, double, int)) {
         const AxisLine line = FabricAxis(axes.record, axis);
-        return IsAxisDetermined(axes.record, axis) ? write(line.plunge, line.trend)
-                                                   : std::string(kUndetermined);
+        return IsAxisDetermined(axes.record, axis)
+                   ? write(line.plunge, line.trend, DecimalsShown(axes.record))
+                   : std::string(kUndetermined);
     };
     texts.push_back("principal axis " + text(3, TextOfLine));
     texts.push_back("girdle " + text(1, TextOfPlaneOfPole));

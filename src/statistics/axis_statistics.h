@@ -17,7 +17,7 @@ namespace quandrel {
 
 /// The axes of one kind with their statistics, as in the record of a plot of these axes alone.
 struct AxisStatistics {
-    std::vector<DistinctLine> lines; ///< empty without axes; the record is then meaningless
+    RowLines lines; ///< empty without axes; the record is then meaningless
     PlotRecord record;
 };
 

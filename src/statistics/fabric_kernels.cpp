@@ -2,6 +2,7 @@
 
 #include "statistics/fabric_kernels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -123,6 +124,21 @@ WeightedDirections DirectionsOf(std::span<const DistinctLine> lines, LinePolarit
                                 sign * steep.n};
         result.weights[i] = line.rows;
     }
+    return result;
+}
+
+WeightedDirections DirectionsOf(const RowLines& lines, LinePolarity polarity) {
+    if (!lines.AreMeasured()) {
+        return DirectionsOf(std::span(lines.whole), polarity);
+    }
+    const bool isDirected = polarity == LinePolarity::kDirected;
+    WeightedDirections result;
+    result.directions.resize(lines.measured.size());
+    std::transform(lines.measured.begin(), lines.measured.end(), result.directions.begin(),
+                   [isDirected](const MeasuredLine& line) {
+                       return isDirected ? DirectionOf(line) : AxisOf(line);
+                   });
+    result.weights.assign(lines.measured.size(), 1);
     return result;
 }
 

@@ -55,6 +55,9 @@ enum class LinePolarity {
 [[nodiscard]] WeightedDirections DirectionsOf(std::span<const DistinctLine> lines,
                                               LinePolarity polarity);
 
+/// The same of lines in whole degrees or measured. O(rows) for measured ones.
+[[nodiscard]] WeightedDirections DirectionsOf(const RowLines& lines, LinePolarity polarity);
+
 /// The sum of the weights.
 [[nodiscard]] double TotalWeight(std::span<const double> weights);
 

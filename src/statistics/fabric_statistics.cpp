@@ -37,8 +37,7 @@ MeanDirection MeanOf(const WeightedDirections& rows,
 }
 
 /// The means; those of polar lines have a sense, the others are in the lower hemisphere.
-void StoreMeans(PlotRecord& record, const std::vector<DistinctLine>& lines,
-                const WeightedDirections& axes) {
+void StoreMeans(PlotRecord& record, const RowLines& lines, const WeightedDirections& axes) {
     const MeanDirection axial = MeanOf(axes, AxisToLine);
     MeanDirection mean = axial;
     if (record.DataKind == kPolarLines) {
@@ -107,7 +106,8 @@ void StorePlaneItem(PlotRecord& record, std::size_t item, std::size_t axis) {
         return;
     }
     const AxisLine pole = FabricAxis(record, axis);
-    record.AxisItems[item][kItemText] = TextOfPlaneOfPole(pole.plunge, pole.trend);
+    record.AxisItems[item][kItemText] =
+        TextOfPlaneOfPole(pole.plunge, pole.trend, DecimalsShown(record));
     record.AxisItems[item][kItemPlunge] = pole.plunge;
     record.AxisItems[item][kItemTrend] = pole.trend;
 }
@@ -169,8 +169,7 @@ void ComputeFabricStatistics() {
     ComputeFabricStatistics(ActivePlot(), gSettings.styles, gSettings.notation.formulas);
 }
 
-void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
-                           Formulas formulas) {
+void StoreFabricStatistics(PlotRecord& record, const RowLines& lines, Formulas formulas) {
     const WeightedDirections axes = DirectionsOf(lines, LinePolarity::kAxial);
     const auto tensor = OrientationTensor(axes.directions, axes.weights);
     if (!tensor) {
@@ -196,8 +195,7 @@ double StandardErrorOfActivePlot(Formulas formulas) {
                            formulas);
 }
 
-double StandardErrorOf(const PlotRecord& record, const std::vector<DistinctLine>& lines,
-                       Formulas formulas) {
+double StandardErrorOf(const PlotRecord& record, const RowLines& lines, Formulas formulas) {
     const WeightedDirections axes = DirectionsOf(lines, LinePolarity::kAxial);
     return axes.directions.empty()
                ? kFailedResult

@@ -30,7 +30,6 @@
 #include "stereo/distinct_lines.h"
 
 #include <cstddef>
-#include <vector>
 
 namespace quandrel {
 
@@ -43,8 +42,7 @@ void ComputeFabricStatistics(Plot& plot, const Styles& styles, Formulas formulas
 void ComputeFabricStatistics();
 
 /// The same of some lines for any record, by its DataKind. Without a line the old ones stay.
-void StoreFabricStatistics(PlotRecord& record, const std::vector<DistinctLine>& lines,
-                           Formulas formulas);
+void StoreFabricStatistics(PlotRecord& record, const RowLines& lines, Formulas formulas);
 
 /// The part of ComputeFabricStatistics that follows from eigenvalues and axes in the record.
 void ComputeFabricDerived();
@@ -65,8 +63,8 @@ struct AxisLine {
 [[nodiscard]] double StandardErrorOfActivePlot(Formulas formulas);
 
 /// The same of lines whose statistics a record holds.
-[[nodiscard]] double StandardErrorOf(const PlotRecord& record,
-                                     const std::vector<DistinctLine>& lines, Formulas formulas);
+[[nodiscard]] double StandardErrorOf(const PlotRecord& record, const RowLines& lines,
+                                     Formulas formulas);
 
 /// Whether the record has a mean direction.
 [[nodiscard]] bool HasMeanDirection(const PlotRecord& record);

@@ -5,6 +5,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
+#include "orientation/number_text.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -27,15 +28,29 @@ OrientationOptions OptionsInForce(OrientationKind kind) {
     return options;
 }
 
-std::string TextOfPair(double first, double azimuth, const OrientationOptions& options) {
-    return OrientationText(RadToDegText(first), WholeAzimuthText(azimuth), options);
+std::string TextOfPair(double first, double azimuth, const OrientationOptions& options,
+                       int decimals = 0) {
+    return OrientationText(DegreesText(first, decimals), AzimuthDegreesText(azimuth, decimals),
+                           options);
 }
 
 } // namespace
 
+int DecimalsShown(const PlotRecord& record) {
+    return record.UseDecimals != 0 ? 1 : 0;
+}
+
+std::string DegreesText(double radians, int decimals) {
+    return decimals == 0 ? RadToDegText(radians) : FormatNumber(RadToDeg(radians), "0.0");
+}
+
+std::string AzimuthDegreesText(double azimuth, int decimals) {
+    const std::string degrees = DegreesText(azimuth, decimals);
+    return degrees.starts_with("360") ? DegreesText(0, decimals) : degrees;
+}
+
 std::string WholeAzimuthText(double azimuth) {
-    const std::string degrees = RadToDegText(azimuth);
-    return degrees == "360" ? "0" : degrees;
+    return AzimuthDegreesText(azimuth, 0);
 }
 
 void SettleForPrint(int decimals, double& plunge, double& trend) {
@@ -46,8 +61,9 @@ void SettleForPrint(int decimals, double& plunge, double& trend) {
     }
 }
 
-std::string TextOfLine(double plunge, double trend) {
-    return TextOfLine(plunge, trend, OptionsInForce(OrientationKind::kLine));
+std::string TextOfLine(double plunge, double trend, int decimals) {
+    SettleForPrint(decimals, plunge, trend);
+    return TextOfPair(plunge, trend, OptionsInForce(OrientationKind::kLine), decimals);
 }
 
 std::string TextOfLine(double plunge, double trend, const OrientationOptions& options) {
@@ -59,11 +75,11 @@ std::string TextOfPlane(double dip, double dipDirection, const OrientationOption
     return TextOfPair(dip, dipDirection, options);
 }
 
-std::string TextOfPlaneOfPole(double polePlunge, double poleTrend) {
+std::string TextOfPlaneOfPole(double polePlunge, double poleTrend, int decimals) {
     double dip = 0;
     double dipDirection = 0;
     PoleOfPlane(polePlunge, poleTrend, dip, dipDirection);
-    return TextOfPlane(dip, dipDirection, OptionsInForce(OrientationKind::kPlane));
+    return TextOfPair(dip, dipDirection, OptionsInForce(OrientationKind::kPlane), decimals);
 }
 
 std::string OrderInForce() {

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/plot_record.h"
 #include "orientation/notation.h"
 
 #include <string>
@@ -17,19 +18,29 @@ namespace quandrel {
 /// @param[in,out] trend   radians
 void SettleForPrint(int decimals, double& plunge, double& trend);
 
+/// The decimals of degrees in the texts of a plot: one where it uses decimals, else none.
+[[nodiscard]] int DecimalsShown(const PlotRecord& record);
+
+/// Degrees of an angle in radians with 0 or 1 decimals.
+[[nodiscard]] std::string DegreesText(double radians, int decimals);
+
+/// The same of a trend or dip direction from 0 to kTwoPi: a value that rounds to 360 is north.
+[[nodiscard]] std::string AzimuthDegreesText(double azimuth, int decimals);
+
 /// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: a value that
 /// rounds to 360 is north, "0".
 ///
 /// @param azimuth  radians
 [[nodiscard]] std::string WholeAzimuthText(double azimuth);
 
-/// A line in whole degrees.
+/// A line in degrees.
 ///
-/// @param plunge  radians; negative upward
-/// @param trend   radians; of an upward line that of its lower end
-[[nodiscard]] std::string TextOfLine(double plunge, double trend);
+/// @param plunge    radians; negative upward
+/// @param trend     radians; of an upward line that of its lower end
+/// @param decimals  0 or 1
+[[nodiscard]] std::string TextOfLine(double plunge, double trend, int decimals = 0);
 
-/// The same in any notation.
+/// The same in whole degrees and any notation.
 [[nodiscard]] std::string TextOfLine(double plunge, double trend,
                                      const OrientationOptions& options);
 
@@ -40,11 +51,12 @@ void SettleForPrint(int decimals, double& plunge, double& trend);
 [[nodiscard]] std::string TextOfPlane(double dip, double dipDirection,
                                       const OrientationOptions& options);
 
-/// The plane of a pole, in whole degrees.
+/// The plane of a pole, in degrees.
 ///
 /// @param polePlunge  radians
 /// @param poleTrend   radians
-[[nodiscard]] std::string TextOfPlaneOfPole(double polePlunge, double poleTrend);
+/// @param decimals    0 or 1
+[[nodiscard]] std::string TextOfPlaneOfPole(double polePlunge, double poleTrend, int decimals = 0);
 
 /// The order of the values in the texts: "planes as Dip,Dip Dir'n; lines as Plunge,Trend".
 [[nodiscard]] std::string OrderInForce();

@@ -45,6 +45,25 @@ std::string FixedDegrees(double radians) {
     return Fixed(RadToDeg(radians));
 }
 
+std::string TenthOfDegree(double radians) {
+    return DegreesText(radians, 1);
+}
+
+std::string TenthOfAzimuth(double radians) {
+    return AzimuthDegreesText(radians, 1);
+}
+
+/// The formats of the normal text.
+struct NormalFormat {
+    std::string (*angle)(double) = RadToDegText;
+    std::string (*azimuth)(double) = WholeAzimuthText;
+};
+
+NormalFormat NormalFormatOf(const PlotRecord& record) {
+    return DecimalsShown(record) == 0 ? NormalFormat()
+                                      : NormalFormat{TenthOfDegree, TenthOfAzimuth};
+}
+
 /// One place in the texts that shows the number of an entry.
 struct Printing {
     std::string (*text)(double) = nullptr;
@@ -141,22 +160,23 @@ AxisLine SettledPair(int decimals, const Pair& printed) {
     return settled;
 }
 
-/// A pair that the advanced text prints with decimals and the normal one in whole degrees.
+/// A pair that the advanced text prints with two decimals and the normal one with those of a plot.
 ///
 /// @param printed  empty where the texts print it as undetermined
 void AddPair(EntryList& list, const std::array<std::string, 2>& names, const Pair& value,
-             const Pair& printed) {
+             const Pair& printed, const PlotRecord& record) {
     if (!printed.first) {
         list.AddAngle(names[0], value.first);
         list.AddAngle(names[1], value.azimuth);
         return;
     }
     const AxisLine fixed = SettledPair(2, printed);
-    const AxisLine whole = SettledPair(0, printed);
+    const AxisLine normal = SettledPair(DecimalsShown(record), printed);
+    const NormalFormat format = NormalFormatOf(record);
     list.AddAngle(names[0], value.first,
-                  {{FixedDegrees, fixed.plunge}, {RadToDegText, whole.plunge}});
+                  {{FixedDegrees, fixed.plunge}, {format.angle, normal.plunge}});
     list.AddAngle(names[1], value.azimuth,
-                  {{FixedDegrees, fixed.trend}, {WholeAzimuthText, whole.trend}});
+                  {{FixedDegrees, fixed.trend}, {format.azimuth, normal.trend}});
 }
 
 void AddEigenvalues(EntryList& list, const ReferenceStatistics& statistics,
@@ -195,14 +215,14 @@ void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotR
     const Pair greatest = LineOfAxis(statistics, kGreatestAxis);
     const Pair printedLeast = PrintedAxis(record, kLeastAxis);
     const Pair printedGreatest = PrintedAxis(record, kGreatestAxis);
+    const NormalFormat format = NormalFormatOf(record);
     list.AddAngle("axis 1 plunge", least.first,
-                  OfAxis(record, kLeastAxis, {{RadToDegText, printedLeast.first.value_or(0)}}));
-    list.AddAngle(
-        "axis 1 trend", least.azimuth,
-        OfAxis(record, kLeastAxis, {{WholeAzimuthText, printedLeast.azimuth.value_or(0)}}));
+                  OfAxis(record, kLeastAxis, {{format.angle, printedLeast.first.value_or(0)}}));
+    list.AddAngle("axis 1 trend", least.azimuth,
+                  OfAxis(record, kLeastAxis, {{format.azimuth, printedLeast.azimuth.value_or(0)}}));
     list.AddAngle("axis 2 plunge", middle.first);
     list.AddAngle("axis 2 trend", middle.azimuth);
-    AddPair(list, {"axis 3 plunge", "axis 3 trend"}, greatest, printedGreatest);
+    AddPair(list, {"axis 3 plunge", "axis 3 trend"}, greatest, printedGreatest, record);
     const Pair normal = PlaneOfPole(greatest);
     const Pair printedNormal = PlaneOfPole(printedGreatest);
     list.AddAngle("plane normal to axis 3, dip", normal.first,
@@ -211,7 +231,7 @@ void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotR
         "plane normal to axis 3, dip direction", normal.azimuth,
         OfAxis(record, kGreatestAxis, {{FixedDegrees, printedNormal.azimuth.value_or(0)}}));
     AddPair(list, {"girdle dip", "girdle dip direction"}, PlaneOfPole(least),
-            PlaneOfPole(printedLeast));
+            PlaneOfPole(printedLeast), record);
 }
 
 void AddShape(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
@@ -270,7 +290,8 @@ void AddMean(EntryList& list, const std::string& what, const Pair& mean, double 
     if (HasMeanDirection(record)) {
         AddPair(
             list, {what + " mean plunge", what + " mean trend"}, mean,
-            {static_cast<double>(record.FabricValueA), static_cast<double>(record.FabricValueB)});
+            {static_cast<double>(record.FabricValueA), static_cast<double>(record.FabricValueB)},
+            record);
     } else {
         list.AddAngle(what + " mean plunge", mean.first);
         list.AddAngle(what + " mean trend", mean.azimuth);

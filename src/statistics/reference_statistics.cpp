@@ -201,6 +201,11 @@ std::optional<ReferenceStatistics> ReferenceStatisticsOf(const WeightedDirection
 
 std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const DistinctLine> lines,
                                                               RowSense sense) {
+    return ReferenceStatisticsOfLines({{lines.begin(), lines.end()}, {}, {}}, sense);
+}
+
+std::optional<ReferenceStatistics> ReferenceStatisticsOfLines(const RowLines& lines,
+                                                              RowSense sense) {
     WeightedDirections polar;
     if (sense == RowSense::kPolarLines) {
         polar = DirectionsOf(lines, LinePolarity::kDirected);
@@ -210,7 +215,7 @@ std::optional<ReferenceStatistics> ComputeReferenceStatistics(std::span<const Di
 }
 
 std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot() {
-    return ComputeReferenceStatistics(StatisticsLinesOf(ActivePlot(), gSettings.styles),
+    return ReferenceStatisticsOfLines(MeasuredStatisticsLinesOf(ActivePlot(), gSettings.styles),
                                       ActiveRecord().DataKind == kPolarLines ? RowSense::kPolarLines
                                                                              : RowSense::kAxes);
 }

@@ -81,7 +81,12 @@ ReferenceStatisticsOf(const WeightedDirections& axes, const WeightedDirections* 
 [[nodiscard]] std::optional<ReferenceStatistics>
 ComputeReferenceStatistics(std::span<const DistinctLine> lines, RowSense sense);
 
-/// The reference of the main rows of gActivePlot; in a plot of P and T axes that of P.
+/// The same from lines in whole degrees or measured.
+[[nodiscard]] std::optional<ReferenceStatistics> ReferenceStatisticsOfLines(const RowLines& lines,
+                                                                            RowSense sense);
+
+/// The reference of the main rows of gActivePlot; in a plot of P and T axes that of P. Rows count
+/// as they were measured, whether the plot uses decimals or not.
 [[nodiscard]] std::optional<ReferenceStatistics> ReferenceStatisticsOfActivePlot();
 
 /// Solves coth(kappa) - 1/kappa = R/n for kappa.

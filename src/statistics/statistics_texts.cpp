@@ -43,7 +43,7 @@ std::string NumberLine(const PlotRecord& record) {
 
 /// Whether there is nothing to report but the number of data. A rose writes its own statistics.
 bool HasStereoStatistics(const PlotRecord& record) {
-    return record.PlotKind < kRose && !DistinctLinesOf(ActivePlot()).empty();
+    return record.PlotKind < kRose && !LinesOf(ActivePlot()).empty();
 }
 
 /// A pair of angles in degrees with two decimals.
@@ -76,16 +76,17 @@ std::string DegreesOfPlane(const PlotRecord& record, std::size_t axis) {
 ///
 /// @param text  TextOfLine or TextOfPlaneOfPole
 std::string TextOfAxis(const PlotRecord& record, std::size_t axis,
-                       std::string (*text)(double, double)) {
+                       std::string (*text)(double, double, int)) {
     const AxisLine line = FabricAxis(record, axis);
-    return IsAxisDetermined(record, axis) ? text(line.plunge, line.trend)
+    return IsAxisDetermined(record, axis) ? text(line.plunge, line.trend, DecimalsShown(record))
                                           : std::string(kUndetermined);
 }
 
 std::string MeanText(const PlotRecord& record) {
-    return HasMeanDirection(record) ? TextOfLine(static_cast<double>(record.FabricValueA),
-                                                 static_cast<double>(record.FabricValueB))
-                                    : std::string(kUndetermined);
+    return HasMeanDirection(record)
+               ? TextOfLine(static_cast<double>(record.FabricValueA),
+                            static_cast<double>(record.FabricValueB), DecimalsShown(record))
+               : std::string(kUndetermined);
 }
 
 std::string MeanLines(const PlotRecord& record) {
@@ -101,14 +102,16 @@ std::string MeanLines(const PlotRecord& record) {
 }
 
 std::string GirdleLines(const PlotRecord& record) {
+    const int decimals = DecimalsShown(record);
     std::string lines;
     for (std::size_t item = kFirstUserGirdle; item <= kLastUserGirdle; ++item) {
         const auto& values = record.AxisItems[item];
         if (NumberOf(values[kItemShown]) != 0) {
             const double plunge = NumberOf(values[kItemPlunge]);
             const double trend = NumberOf(values[kItemTrend]);
-            lines += Line("Girdle" + std::to_string(item) + ": " + TextOfPlaneOfPole(plunge, trend)
-                          + " [axis: " + TextOfLine(plunge, trend) + "]");
+            lines += Line("Girdle" + std::to_string(item) + ": "
+                          + TextOfPlaneOfPole(plunge, trend, decimals)
+                          + " [axis: " + TextOfLine(plunge, trend, decimals) + "]");
         }
     }
     return lines;
@@ -193,7 +196,7 @@ PrecisionTexts PrecisionBy(Formulas formulas, double error) {
             sine >= 1 ? kUndetermined : texts.cone};
 }
 
-std::string StandardErrorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+std::string StandardErrorLines(const PlotRecord& record, const RowLines& rows) {
     const PrecisionTexts own = PrecisionBy(gSettings.notation.formulas, record.FabricValueC);
     const PrecisionTexts textbook =
         gSettings.notation.formulas == Formulas::Textbook
@@ -211,7 +214,7 @@ std::string StandardErrorLines(const PlotRecord& record, const std::vector<Disti
            + ResultLine("95% conf. cone semi-angle: ", {own.cone, textbook.cone}) + kLineEnd;
 }
 
-std::string PrincipalLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+std::string PrincipalLines(const PlotRecord& record, const RowLines& rows) {
     return Line("Principal Eigenvector: " + DegreesOfAxis(record, kGreatestAxis))
            + Line("(i.e. normal to plane dipping: " + DegreesOfPlane(record, kGreatestAxis) + ")")
            + StandardErrorLines(record, rows);
@@ -243,7 +246,7 @@ std::string ComponentsOf(const PlotRecord& record, std::size_t axis) {
 }
 
 /// A row for each axis: its components, n E, and E in brackets.
-std::string EigenvectorLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+std::string EigenvectorLines(const PlotRecord& record, const RowLines& rows) {
     const double count = CountOfLines(rows);
     std::string lines = Line("\t\t\t(Normalised)") + Line(" Eigenvectors\t\t(Eigenvalue)");
     for (std::size_t axis = kLeastAxis; axis <= kGreatestAxis; ++axis) {
@@ -276,7 +279,7 @@ std::string ShapeLines(const PlotRecord& record) {
                              first.textbook + kBetween + second.textbook});
 }
 
-std::string FabricLines(const PlotRecord& record, const std::vector<DistinctLine>& rows) {
+std::string FabricLines(const PlotRecord& record, const RowLines& rows) {
     return PrincipalLines(record, rows) + ResultantLines(record) + EigenvectorLines(record, rows)
            + ShapeLines(record);
 }
@@ -359,7 +362,7 @@ std::string FabricBoxText() {
     }
     return AssumptionLine(record)
            + (HoldsBothAxes(record) ? FabricLinesOfBothAxes()
-                                    : FabricLines(record, DistinctLinesOf(ActivePlot())));
+                                    : FabricLines(record, LinesOf(ActivePlot())));
 }
 
 void WriteStatsBox() {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// The distinct lines among the plotted rows. Orientations are whole degrees, so there are few
-// distinct lines, whatever the number of rows. Counts and sums over rows use them.
+// The lines of the plotted rows, from which counts and sums over rows are made. In whole degrees
+// there are few distinct lines, whatever the number of rows. In a plot that shows decimals each row
+// has a line of its own.
 
 #pragma once
 
 #include "core/plot.h"
 #include "stereo/axis_rows.h"
+#include "stereo/measured_line.h"
 
 #include <cstdint>
 #include <vector>
@@ -38,9 +40,32 @@ inline constexpr int kLineKeys = 181 * 361;
 [[nodiscard]] std::vector<DistinctLine> DistinctLinesOf(const RowTable& table,
                                                         std::int32_t lastIndex);
 
-/// The distinct lines of the main rows of a plot. They are cached with the plot; the result is
-/// valid until a row changes.
-[[nodiscard]] const std::vector<DistinctLine>& DistinctLinesOf(Plot& plot);
+/// The lines of some rows: in whole degrees or measured.
+struct RowLines {
+    std::vector<DistinctLine> whole;    ///< empty where the lines are measured
+    std::vector<MeasuredLine> measured; ///< one for each row
+    std::vector<std::int32_t> rows;     ///< the point index of each measured line
+
+    [[nodiscard]] bool AreMeasured() const { return !measured.empty(); }
+
+    [[nodiscard]] bool empty() const { return whole.empty() && measured.empty(); }
+};
+
+/// Which lines of rows are meant: as the plot shows them, or measured whether it uses decimals or
+/// not.
+enum class LinePrecision { Shown, Measured };
+
+/// Whether a main row has decimals in the set of orientations that is shown. Results of a plot
+/// without any are those of whole degrees. O(rows) where none has.
+[[nodiscard]] bool HasMeasuredLines(const Plot& plot);
+
+/// Whether the lines of a plot are measured ones: it uses decimals and has some. All results that
+/// work on measured values ask here.
+[[nodiscard]] bool ShowsDecimals(const Plot& plot);
+
+/// The lines of the main rows of a plot. They are cached with the plot; the result is valid until a
+/// row changes.
+[[nodiscard]] const RowLines& LinesOf(Plot& plot);
 
 /// The number of rows of these lines: the plotted main rows. O(lines) if cached, else O(rows).
 [[nodiscard]] std::int32_t CountOfMainRows(const Plot& plot);
@@ -50,15 +75,18 @@ inline constexpr int kLineKeys = 181 * 361;
 /// and not a direction. Cached like those of all rows.
 ///
 /// @param styles  from which the symbols of the axes were taken
-[[nodiscard]] const std::vector<DistinctLine>& StatisticsLinesOf(Plot& plot, const Styles& styles);
+[[nodiscard]] const RowLines& StatisticsLinesOf(Plot& plot, const Styles& styles);
+
+/// The same lines as measured, whether the plot uses decimals or not. O(rows).
+[[nodiscard]] RowLines MeasuredStatisticsLinesOf(const Plot& plot, const Styles& styles);
 
 /// The axes of one kind in a plot of P and T axes, by their lower ends. O(rows).
 ///
 /// @param styles  the source of the symbols of the axes
-[[nodiscard]] std::vector<DistinctLine> DistinctLinesOfAxes(const Plot& plot, const Styles& styles,
-                                                            AxisKind kind);
+[[nodiscard]] RowLines LinesOfAxes(const Plot& plot, const Styles& styles, AxisKind kind,
+                                   LinePrecision precision = LinePrecision::Shown);
 
-/// The number of rows of a list of lines.
-[[nodiscard]] std::int32_t CountOfLines(const std::vector<DistinctLine>& lines);
+/// The number of rows of some lines.
+[[nodiscard]] std::int32_t CountOfLines(const RowLines& lines);
 
 } // namespace quandrel

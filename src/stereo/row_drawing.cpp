@@ -212,6 +212,7 @@ void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, Ro
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
     const RowTable& table = plot.table;
     const int plotKind = plot.record.PlotKind;
+    const bool isMeasured = plot.record.UseDecimals != 0;
     const DrawState& state = drawing.plot.State();
     const int style = state.drawStyle;
     const double width = state.drawWidth;
@@ -221,9 +222,11 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange rang
     std::int64_t drawn = 0;
     for (const StyledRow& row : rows) {
         progress.Reach(drawn++);
-        double plunge = 0;
-        double trend = 0;
-        UnprojectPoint(plotKind, table.x[row.place], table.y[row.place], plunge, trend);
+        double plunge = std::abs(table.plunge[row.place]);
+        double trend = table.trend[row.place];
+        if (!isMeasured) {
+            UnprojectPoint(plotKind, table.x[row.place], table.y[row.place], plunge, trend);
+        }
         if (plunge < -kSteepestUpwardPole) {
             continue;
         }

@@ -47,6 +47,8 @@ void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range,
 
 /// Draws the great circle of each row: of the plane whose pole is in the table, in the colour of
 /// the row. A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.
+/// A plot that uses decimals has its circles at the measured planes, others at the planes whose
+/// poles are at the plotted positions.
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range);
 
 /// The intersections of the planes of the main rows.

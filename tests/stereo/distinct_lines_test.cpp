@@ -56,25 +56,25 @@ TEST_F(DistinctLines, CountsAddUpToTheRows) {
         AddRow(static_cast<std::int32_t>(random() % 10), static_cast<std::int32_t>(random() % 20));
     }
     std::int32_t sum = 0;
-    for (const DistinctLine& line : DistinctLinesOf(ActivePlot())) {
+    for (const DistinctLine& line : LinesOf(ActivePlot()).whole) {
         sum += line.rows;
     }
     EXPECT_EQ(sum, 500);
-    EXPECT_LE(DistinctLinesOf(ActivePlot()).size(), 200U);
+    EXPECT_LE(LinesOf(ActivePlot()).whole.size(), 200U);
 }
 
 TEST_F(DistinctLines, ChangedRowsAndOtherPlotsAreSeen) {
     AddRow(30, 120);
-    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 1U);
+    EXPECT_EQ(LinesOf(ActivePlot()).whole.size(), 1U);
     AddRow(40, 120);
-    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
+    EXPECT_EQ(LinesOf(ActivePlot()).whole.size(), 2U);
     const int first = gActivePlot;
     NewPlot();
-    EXPECT_TRUE(DistinctLinesOf(ActivePlot()).empty());
+    EXPECT_TRUE(LinesOf(ActivePlot()).whole.empty());
     gActivePlot = first;
-    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
+    EXPECT_EQ(LinesOf(ActivePlot()).whole.size(), 2U);
     SortRowTable(TableOf(first), 2);
-    EXPECT_EQ(DistinctLinesOf(ActivePlot()).size(), 2U);
+    EXPECT_EQ(LinesOf(ActivePlot()).whole.size(), 2U);
 }
 
 /// A block with all whole-degree lines of the lower hemisphere but for trend 360, once each.

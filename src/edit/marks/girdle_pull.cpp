@@ -180,7 +180,7 @@ void DragGirdle(double x, double y) {
     double trend = 0;
     OppositeOfPlane(plane->dip, plane->dipDirection, plunge, trend);
     GirdleValues& values = ValuesPulledOn(slot);
-    values[kItemText] = TextOfPlaneOfPole(plunge, trend);
+    values[kItemText] = TextOfPlaneOfPole(plunge, trend, DecimalsShown(RecordOf(slot)));
     values[kItemPlunge] = plunge;
     values[kItemTrend] = trend;
     pull.hasMoved = true;

@@ -92,9 +92,10 @@ bool PressSmallCircle(double x, double y) {
     pick.before = circle;
     pick.isDragging = true;
     pick.axis = LineOn(slot, x, y);
-    circle.AxisPl = RadToDegText(pick.axis.plunge);
-    circle.AxisAz = WholeAzimuthText(pick.axis.trend);
-    circle.Angle = RadToDegText(0);
+    const int decimals = DecimalsShown(RecordOf(slot));
+    circle.AxisPl = DegreesText(pick.axis.plunge, decimals);
+    circle.AxisAz = AzimuthDegreesText(pick.axis.trend, decimals);
+    circle.Angle = DegreesText(0, decimals);
     if (circle.Visible != 0) {
         RedrawPlot(slot); // the old circle disappears; the new one is drawn above the picture
     }
@@ -111,7 +112,7 @@ void DragSmallCircle(double x, double y) {
     const NetLine line = LineOn(slot, x, y);
     double angle = 0;
     AngleBetweenLines(axis.plunge, axis.trend, line.plunge, line.trend, angle, LineAngle::kAcute);
-    circle->Angle = RadToDegText(angle);
+    circle->Angle = DegreesText(angle, DecimalsShown(RecordOf(slot)));
 }
 
 void ReleaseSmallCircle(double x, double y) {
