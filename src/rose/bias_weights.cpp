@@ -2,6 +2,8 @@
 
 #include "rose/bias_weights.h"
 
+#include "orientation/notation.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -22,13 +24,18 @@ int WholeTrend(std::int32_t trend) {
 }
 
 /// Direction of a line, or of the pole of a plane.
-Direction DirectionOf(int plunge, int trend, bool isPlane) {
+Direction DirectionOf(double plunge, double trend, bool isPlane) {
     double downward = DegToRad(plunge);
     double azimuth = DegToRad(trend);
     if (isPlane) {
         PoleOfPlane(downward, azimuth, downward, azimuth);
     }
     return LineToCosines(downward, azimuth);
+}
+
+double WrappedDegrees(double azimuth) {
+    WrapDegrees(azimuth);
+    return azimuth;
 }
 
 /// Index of an orientation in tables of all whole-degree orientations.
@@ -49,6 +56,21 @@ const Direction& Remembered(std::vector<Direction>& table, std::size_t place, bo
         direction = DirectionOf(number / kTrends, number % kTrends, isPlane);
     }
     return direction;
+}
+
+/// Radians 0 to kPi/2 between two horizontal lines, from degrees.
+double MeasuredHorizontalAngle(double trend1, double trend2) {
+    const double difference = std::fmod(std::abs(trend1 - trend2), 180);
+    return DegToRad(difference > 90 ? 180 - difference : difference);
+}
+
+/// The angle between a structure and a sample line.
+///
+/// @param structure  direction of a line, or of the pole of a plane
+double SpaceAngle(const Direction& structure, const Direction& line, bool isPlane) {
+    const double angle =
+        ArcCos(std::abs(structure.l * line.l + structure.m * line.m + structure.n * line.n));
+    return isPlane ? kRightAngle - angle : angle;
 }
 
 /// Degrees 0 to 90 between two horizontal lines.
@@ -101,8 +123,25 @@ double BiasWeights::SpaceWeight(std::size_t structure, std::size_t sampleLine) {
 double BiasWeights::WorkedOut(std::size_t structure, std::size_t sampleLine) {
     const Direction& a = Remembered(structures_, structure, settings_.planes);
     const Direction& b = Remembered(lines_, sampleLine, false);
-    const double angle = ArcCos(std::abs(a.l * b.l + a.m * b.m + a.n * b.n));
-    return TerzaghiWeight(settings_.planes ? kRightAngle - angle : angle, least_);
+    return TerzaghiWeight(SpaceAngle(a, b, settings_.planes), least_);
+}
+
+double BiasWeights::Measured(const Attitude& structure, const Attitude& sampleLine) const {
+    switch (settings_.mode) {
+    case kSpaceAngle: {
+        const Direction a = DirectionOf(std::abs(structure.dip), WrappedDegrees(structure.azimuth),
+                                        settings_.planes);
+        const Direction b =
+            DirectionOf(std::abs(sampleLine.dip), WrappedDegrees(sampleLine.azimuth), false);
+        return TerzaghiWeight(SpaceAngle(a, b, settings_.planes), least_);
+    }
+    case kHorizontalAngle: {
+        const double trend = settings_.planes ? structure.azimuth + 90 : structure.azimuth;
+        return TerzaghiWeight(MeasuredHorizontalAngle(trend, sampleLine.azimuth), least_);
+    }
+    default:
+        return 1;
+    }
 }
 
 } // namespace quandrel

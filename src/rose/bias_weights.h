@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // Terzaghi weights, which correct a sample for the direction in which it was taken: structures at a
-// small angle to that direction are undersampled. Orientations are whole degrees; angles of results
-// are radians.
+// small angle to that direction are undersampled. Orientations are in degrees, mostly whole ones;
+// angles of results are radians.
 //
 // Formula: w = 1 / sin x. R. D. Terzaghi, Sources of error in joint surveys, Geotechnique 15
 // (1965).
 
 #pragma once
 
-#include "orientation/angles.h"
+#include "orientation/attitude.h"
 
 #include <array>
 #include <cstddef>
@@ -55,6 +55,9 @@ public:
     /// Weight of a structure: plunge and trend, or dip and dip direction of a plane. Without own
     /// lines the sample line must be the same in every call.
     [[nodiscard]] double operator()(const DegreeLine& structure, const DegreeLine& sampleLine);
+
+    /// The same from angles of any precision, in degrees. Nothing is cached.
+    [[nodiscard]] double Measured(const Attitude& structure, const Attitude& sampleLine) const;
 
 private:
     /// Both are indexed by the numbers of their orientations.

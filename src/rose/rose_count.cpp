@@ -4,6 +4,7 @@
 
 #include "orientation/angles.h"
 #include "rose/circular_statistics.h"
+#include "rose/shown_azimuths.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,6 @@ namespace quandrel {
 namespace {
 
 constexpr std::int32_t kSteepestUpward = -90; ///< a lower appended plunge is invalid
-constexpr std::size_t kAzimuths = 361;
 constexpr double kNoSpeed = std::numeric_limits<double>::quiet_NaN();
 
 bool IsWind(int kind) {
@@ -40,7 +40,7 @@ struct RoseRow {
     double windFrequency = 0;
 };
 
-/// Sums over the rows of a whole-degree azimuth. Sectors and trigonometric sums are made from these
+/// Sums over the rows of an azimuth. Sectors and trigonometric sums are made from these
 /// at the end, which is faster and more accurate than row by row.
 struct AzimuthSums {
     double count = 0;
@@ -89,7 +89,6 @@ public:
 
 private:
     void CountRow(std::size_t row);
-    [[nodiscard]] std::size_t ShownAzimuth(std::size_t row) const;
     [[nodiscard]] std::optional<RoseRow> ReadRow(std::size_t row) const;
     [[nodiscard]] std::optional<double> WeightOf(std::size_t row);
     void Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight);
@@ -112,11 +111,12 @@ private:
     bool listsAngles_ = true;
     bool listsRows_ = true;
     RoseTables tables_;
-    std::array<AzimuthSums, kAzimuths> azimuths_{};
-    std::array<CountedSectors, kAzimuths> sectorsOf_{};
-    std::array<double, kAzimuths> radians_{}; ///< of the folded azimuth
-    std::vector<RunningSpread> spreads_;      ///< by sector
-    std::vector<double> observedValues_;      ///< by sector: sums of n' v w
+    ShownAzimuths shown_;
+    std::vector<AzimuthSums> azimuths_; ///< these and the next two as the azimuths of shown_
+    std::vector<CountedSectors> sectorsOf_;
+    std::vector<double> radians_;        ///< of the folded azimuth
+    std::vector<RunningSpread> spreads_; ///< by sector
+    std::vector<double> observedValues_; ///< by sector: sums of n' v w
 };
 
 RoseCounter::RoseCounter(const RoseCountSettings& settings, const RoseRows& rows)
@@ -128,16 +128,17 @@ RoseCounter::RoseCounter(const RoseCountSettings& settings, const RoseRows& rows
     , needsNumber_(!rows.numbers.empty()
                    && (settings.grouped
                        || (settings.kind != kRoseFrequency && settings.kind != kRoseWindSpeed)))
-    , hasValues_(!rows.numbers.empty() || IsWind(settings.kind)) {
+    , hasValues_(!rows.numbers.empty() || IsWind(settings.kind))
+    , shown_(settings, rows)
+    , azimuths_(shown_.Different().size()) {
     const auto sectors = static_cast<std::size_t>(settings.layout.sectors);
     tables_.sectors = RoseSectorTable(settings.layout.sectors, settings.classes);
     tables_.stats.resize(sectors + 1);
     spreads_.resize(sectors + 1);
     observedValues_.resize(sectors + 1);
-    for (std::size_t azimuth = 0; azimuth < kAzimuths; ++azimuth) {
-        const auto degrees = static_cast<double>(azimuth);
-        sectorsOf_[azimuth] = SectorsOfAxis(settings.layout, degrees);
-        radians_[azimuth] = DegToRad(FoldedAzimuth(degrees, settings.layout.directional));
+    for (const double degrees : shown_.Different()) {
+        sectorsOf_.push_back(SectorsOfAxis(settings.layout, degrees));
+        radians_.push_back(DegToRad(FoldedAzimuth(degrees, settings.layout.directional)));
     }
 }
 
@@ -153,7 +154,7 @@ void RoseCounter::CountRows() {
 
 void RoseCounter::CountRow(std::size_t row) {
     const int classNumber = rows_.classes.empty() ? 1 : rows_.classes[row];
-    const std::size_t azimuth = ShownAzimuth(row);
+    const std::size_t azimuth = shown_.PlaceOf(row);
     const std::optional<RoseRow> read = ReadRow(row);
     const std::optional<double> weight = isWeighted_ ? WeightOf(row) : 1.0;
     if (!read || !weight || classNumber == kNoClassValue) {
@@ -164,17 +165,6 @@ void RoseCounter::CountRow(std::size_t row) {
         ListAngle(read->count, radians_[azimuth]);
         ListRow(*read, radians_[azimuth], *weight);
     }
-}
-
-/// Azimuth of a row as the rose shows it, 0 to 360.
-std::size_t RoseCounter::ShownAzimuth(std::size_t row) const {
-    const bool pointsUp = settings_.polar && rows_.dips[row] < 0;
-    const std::int32_t turn = settings_.strikes ? 90 : pointsUp ? 180 : 0;
-    std::int32_t shown = rows_.azimuths[row] + turn;
-    if (shown < 0 || shown > 360) {
-        shown %= 360;
-    }
-    return static_cast<std::size_t>(shown < 0 ? shown + 360 : shown);
 }
 
 /// The values of a row; empty when a required one is not valid.
@@ -210,7 +200,13 @@ std::optional<double> RoseCounter::WeightOf(std::size_t row) {
             return std::nullopt;
         }
     }
-    return weights_({rows_.dips[row], rows_.azimuths[row]}, line);
+    if (rows_.measured.empty()) {
+        return weights_({rows_.dips[row], rows_.azimuths[row]}, line);
+    }
+    const bool hasMeasuredLine = settings_.bias.ownLines && !rows_.measuredLines.empty();
+    return weights_.Measured(rows_.measured[row], hasMeasuredLine
+                                                      ? rows_.measuredLines[row]
+                                                      : Attitude{line.plunge, line.trend});
 }
 
 void RoseCounter::Add(const RoseRow& row, std::size_t azimuth, int classNumber, double weight) {
@@ -306,7 +302,7 @@ void RoseCounter::AddTrigSums(const AzimuthSums& sums, double angle) {
 }
 
 RoseTables RoseCounter::Finish() {
-    for (std::size_t azimuth = 0; azimuth < kAzimuths; ++azimuth) {
+    for (std::size_t azimuth = 0; azimuth < azimuths_.size(); ++azimuth) {
         const AzimuthSums& sums = azimuths_[azimuth];
         const CountedSectors& sectors = sectorsOf_[azimuth];
         AddTotals(sums);

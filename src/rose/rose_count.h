@@ -43,6 +43,8 @@ struct RoseRows {
     std::span<const std::int16_t> classes;     ///< 1 to m, 0 or kNoClassValue; empty: all 1
     std::span<const std::int32_t> linePlunges; ///< appended lines; below -90 is invalid
     std::span<const std::int32_t> lineTrends;
+    std::span<const Attitude> measured{}; ///< empty: whole degrees; else the rows with decimals
+    std::span<const Attitude> measuredLines{}; ///< likewise of the appended lines
 };
 
 /// Above this number rows are not listed one by one.

@@ -5,10 +5,15 @@
 #include "core/data_format.h"
 #include "orientation/angles.h"
 #include "rose/rose_confidence.h"
+#include "rose/rose_count.h"
 #include "rose/rose_radii.h"
+#include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
+#include "stereo/distinct_lines.h"
 
 #include <cmath>
+#include <span>
+#include <vector>
 
 namespace quandrel {
 
@@ -132,11 +137,20 @@ std::optional<CircularReference> RoseReferenceOf(const Plot& plot) {
         return std::nullopt;
     }
     const bool isFrequency = MeasureOfRose(record.RoseType) == kRoseFrequency;
+    const RoseLayer layer = isFrequency ? kRoseFrequencyLayer : kRoseValueLayer;
     CircularSample sample;
-    sample.sums = rose.trigSums[isFrequency ? kRoseFrequencyLayer : kRoseValueLayer];
+    sample.sums = rose.trigSums[layer];
     sample.weight = WeightOfStatistics(record);
     sample.count = record.RoseStats[kRoseCount][kWeightedTotal];
-    sample.angles = std::span<const double>(rose.angles).subspan(rose.angles.empty() ? 0 : 1);
+    RoseTables measured; // holds the angles of the sample
+    if (record.UseDecimals == 0 && HasMeasuredLines(plot)) {
+        measured = MeasuredTablesOfRose(plot);
+        sample.sums = measured.trigSums[layer];
+        sample.weight = measured.totals[isFrequency ? kRoseCount : kRoseValueSum][kWeightedTotal];
+        sample.count = measured.totals[kRoseCount][kWeightedTotal];
+    }
+    const std::vector<double>& angles = measured.angles.size() > 1 ? measured.angles : rose.angles;
+    sample.angles = std::span<const double>(angles).subspan(angles.empty() ? 0 : 1);
     sample.sense = rose.isDirectional ? AngleSense::kDirected : AngleSense::kAxial;
     return ComputeCircularReference(sample);
 }

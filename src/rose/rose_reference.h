@@ -15,7 +15,8 @@
 namespace quandrel {
 
 /// The reference of the rose of a plot: moments with the weights of its statistics, median and
-/// tests from the azimuths of its observations, without the weights of a bias correction.
+/// tests from the azimuths of its observations, without the weights of a bias correction. Azimuths
+/// count as they were measured, whether the plot uses decimals or not.
 ///
 /// @return empty for other plots, kinds of rose without statistics, and roses never counted
 [[nodiscard]] std::optional<CircularReference> RoseReferenceOf(const Plot& plot);

@@ -3,11 +3,11 @@
 #include "rose/rose_sectors.h"
 
 #include "classify/class_rule.h"
-#include "core/appended_number.h"
 #include "core/data_format.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
+#include "rose/gathered_rows.h"
 #include "rose/rose_count.h"
 #include "rose/rose_shown.h"
 #include "rose/rose_tables.h"
@@ -15,11 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
-#include <span>
-#include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -39,9 +35,6 @@ constexpr const char* kOddSizeQuestion =
 constexpr const char* kNoLinesText =
     "These data have no appended lines to be used as sample lines.\n"
     "The rose is drawn without a bias correction.";
-
-/// The number of distinct texts whose classes are cached.
-constexpr std::size_t kRememberedNames = 1000;
 
 /// The sector size for which the user accepted a smaller last sector of a plot.
 struct AcceptedSectorSize {
@@ -92,139 +85,6 @@ bool AcceptsDivision(Plot& plot, const SectorDivision& division) {
         KeepAcceptedSize(plot, division.size);
     }
     return isAsked;
-}
-
-bool DrawsWind(const PlotRecord& record) {
-    const int kind = RoseKindOf(record.RoseType);
-    return kind >= kRoseWindSpeed && kind <= kRoseOverlaidWind;
-}
-
-/// Cells 1 to `count` of a column. They are copied to `storage` where the column has fewer rows.
-template <class T>
-std::span<const T> RowsOf(const RowColumn<T>& column, std::size_t count, std::vector<T>& storage) {
-    const std::span<const T> cells = column.Rows();
-    if (cells.size() > count) {
-        return cells.subspan(1, count);
-    }
-    storage.assign(count, T{});
-    if (cells.size() > 1) {
-        std::copy(cells.begin() + 1, cells.end(), storage.begin());
-    }
-    return storage;
-}
-
-/// The columns of the main rows of a plot that a rose with some settings needs.
-class GatheredRows {
-public:
-    GatheredRows(const Plot& plot, const PlotRecord& record)
-        : plot_(plot)
-        , count_(static_cast<std::size_t>(std::max(record.NumData, 0))) {
-        GatherOrientations(record);
-        if (record.HasAppendedNumeric != 0) {
-            rows_.numbers = RowsOf(plot.rows.number, count_, numbers_);
-        }
-        if (record.HasAppendedLine != 0) {
-            rows_.linePlunges = RowsOf(plot.rows.lineDip, count_, linePlunges_);
-            rows_.lineTrends = RowsOf(plot.rows.lineAzimuth, count_, lineTrends_);
-        }
-        const std::optional<ClassColumn> column = RoseClassColumn(record);
-        if (DrawsWind(record) || column == kTextNumberClasses) {
-            ReadTexts();
-        }
-        if (column) {
-            Classify(RuleOfClassTable(record.ClassTable, *column));
-        }
-    }
-
-    GatheredRows(const GatheredRows&) = delete;
-    GatheredRows& operator=(const GatheredRows&) = delete;
-
-    [[nodiscard]] const RoseRows& Rows() const { return rows_; }
-
-private:
-    void GatherOrientations(const PlotRecord& record);
-    void ReadTexts();
-    void Classify(const ClassRule& rule);
-    [[nodiscard]] int ClassOfRow(const ClassRule& rule, std::size_t row);
-    [[nodiscard]] int RememberedClass(const ClassRule& rule, std::string_view text);
-
-    const Plot& plot_;
-    std::size_t count_;
-    RoseRows rows_;
-    std::vector<std::int32_t> dips_;
-    std::vector<std::int32_t> azimuths_;
-    std::vector<float> numbers_;
-    std::vector<double> textNumbers_;
-    std::vector<std::int16_t> classes_;
-    std::vector<std::int32_t> linePlunges_;
-    std::vector<std::int32_t> lineTrends_;
-    std::unordered_map<std::string_view, int> classOfText_;
-};
-
-void GatheredRows::GatherOrientations(const PlotRecord& record) {
-    // Rows of a child plot may be marked as missing; the columns alone do not show this.
-    if (record.ShowSecondary == 0 && record.KinematicState == 0) {
-        rows_.dips = RowsOf(plot_.rows.dip, count_, dips_);
-        rows_.azimuths = RowsOf(plot_.rows.azimuth, count_, azimuths_);
-        return;
-    }
-    dips_.resize(count_);
-    azimuths_.resize(count_);
-    for (std::size_t row = 0; row < count_; ++row) {
-        const Attitude shown = OrientationShown(plot_, static_cast<std::int32_t>(row) + 1);
-        dips_[row] = WholeDegree(shown.dip);
-        azimuths_[row] = WholeDegree(shown.azimuth);
-    }
-    rows_.dips = dips_;
-    rows_.azimuths = azimuths_;
-}
-
-void GatheredRows::ReadTexts() {
-    textNumbers_.resize(count_);
-    for (std::size_t row = 0; row < count_; ++row) {
-        textNumbers_[row] = ParseAppendedNumber(plot_.rows.text(static_cast<std::int32_t>(row) + 1))
-                                .value_or(std::numeric_limits<double>::quiet_NaN());
-    }
-    rows_.textNumbers = textNumbers_;
-}
-
-void GatheredRows::Classify(const ClassRule& rule) {
-    classes_.resize(count_);
-    for (std::size_t row = 0; row < count_; ++row) {
-        classes_[row] = static_cast<std::int16_t>(ClassOfRow(rule, row));
-    }
-    rows_.classes = classes_;
-}
-
-int GatheredRows::ClassOfRow(const ClassRule& rule, std::size_t row) {
-    switch (rule.column) {
-    case kNumberClasses: {
-        const float number = rows_.numbers.empty() ? kInvalidNumber : rows_.numbers[row];
-        if (number == kInvalidNumber) {
-            return rule.keepLow ? 1 : kNoClassValue; // an unknown value is in the low class
-        }
-        return ClassOfNumber(rule, static_cast<double>(number));
-    }
-    case kTextNumberClasses:
-        return std::isnan(textNumbers_[row]) ? kNoClassValue
-                                             : ClassOfNumber(rule, textNumbers_[row]);
-    default:
-        return RememberedClass(rule, plot_.rows.text(static_cast<std::int32_t>(row) + 1));
-    }
-}
-
-/// The class of a name. Results are cached, because there are usually few distinct names and
-/// comparing is slow.
-int GatheredRows::RememberedClass(const ClassRule& rule, std::string_view text) {
-    const auto known = classOfText_.find(text);
-    if (known != classOfText_.end()) {
-        return known->second;
-    }
-    const int classNumber = ClassOfName(rule, text);
-    if (classOfText_.size() < kRememberedNames) {
-        classOfText_.emplace(text, classNumber);
-    }
-    return classNumber;
 }
 
 /// Removes a bias correction that the rows do not allow. False when none is left.
@@ -386,6 +246,11 @@ RoseTables TablesOfRose(const Plot& plot, PlotRecord& asked) {
     (void)MendBias(asked);
     const GatheredRows rows(plot, asked);
     return CountRoseRows(SettingsOf(asked, LayoutOfRose(asked)), rows.Rows());
+}
+
+RoseTables MeasuredTablesOfRose(const Plot& plot) {
+    const GatheredRows rows(plot, plot.record, RosePrecision::Measured);
+    return CountRoseRows(SettingsOf(plot.record, LayoutOfRose(plot.record)), rows.Rows());
 }
 
 std::vector<RoseObservation> RowsOfRose(const Plot& plot) {

@@ -117,6 +117,10 @@ enum class MayAsk { No, Yes };
 ///                       corrected as by CountRose
 [[nodiscard]] RoseTables TablesOfRose(const Plot& plot, PlotRecord& asked);
 
+/// The tables of the rose of a plot from its rows as they were measured, whether it uses decimals
+/// or not. Nothing is stored, and there are no questions or messages. O(rows).
+[[nodiscard]] RoseTables MeasuredTablesOfRose(const Plot& plot);
+
 /// The rows of the rose of a plot one by one, if there are few enough to be listed
 /// (kMostListedRows). Nothing is stored, and there are no questions or messages. O(rows).
 [[nodiscard]] std::vector<RoseObservation> RowsOfRose(const Plot& plot);

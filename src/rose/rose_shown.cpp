@@ -31,7 +31,7 @@ struct CountedFrom {
     double startAngle = 0;
     BiasCounted bias;
     ClassTableCells classTable;         ///< empty without classes
-    std::array<std::int16_t, 4> data{}; ///< kind, primary format, secondary shown, grouped
+    std::array<std::int16_t, 5> data{}; ///< kind, primary format, secondary, grouped, decimals
     std::array<std::int32_t, 2> rows{}; ///< all, valid
 
     friend bool operator==(const CountedFrom&, const CountedFrom&) = default;
@@ -69,7 +69,7 @@ CountedFrom CountOf(const PlotRecord& record) {
         counted.classTable = record.ClassTable;
     }
     counted.data = {record.DataKind, record.PrimaryFormat, record.ShowSecondary,
-                    record.HasFrequencyColumn};
+                    record.HasFrequencyColumn, record.UseDecimals};
     counted.rows = {record.NumData, record.NumValidData};
     return counted;
 }
