@@ -73,6 +73,22 @@ TEST(MeasuredRows, AWholeOrientationReplacesDecimals) {
     EXPECT_FALSE(HasDecimals(plot.rows, 2));
 }
 
+TEST(MeasuredRows, GiveBackSixDecimalsAndKeepFurtherDigits) {
+    Plot plot = PlotOfPlanes(2);
+    std::mt19937 random(8);
+    std::uniform_int_distribution<std::int32_t> dips(-90'000'000, 90'000'000);
+    std::uniform_int_distribution<std::int32_t> azimuths(0, 360'000'000);
+    for (int i = 0; i < 10'000; ++i) {
+        const Attitude measured{dips(random) / 1e6, azimuths(random) / 1e6};
+        ASSERT_TRUE(SetDecimals(plot.rows, RowAngles::Primary, 1, measured));
+        ASSERT_EQ(MeasuredAttitude(plot.rows, RowAngles::Primary, 1), measured);
+    }
+    const double dip = 47.1234567891;
+    ASSERT_TRUE(SetDecimals(plot.rows, RowAngles::Primary, 2, {dip, 10}));
+    EXPECT_NEAR(DecimalsOf(plot.rows, RowAngles::Primary, 2)->dip, dip, 3e-8);
+    EXPECT_NE(DecimalsOf(plot.rows, RowAngles::Primary, 2)->dip, ToMicrodegree(dip));
+}
+
 TEST(Attitude, RoundsHalvesToEvenAndWraps) {
     EXPECT_EQ(RoundedAttitude({0.5, 359.7}, true), (Attitude{0, 360}));
     EXPECT_EQ(RoundedAttitude({1.5, -0.4}, true), (Attitude{2, 0}));
