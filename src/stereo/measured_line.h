@@ -19,7 +19,7 @@ struct MeasuredLine {
 /// The unit vector of a line, north, east and down; of one with a negative plunge that points up.
 ///
 /// As LineToCosines, but several times as fast, and without rounding errors at whole degrees: the
-/// components that are 0 there are exactly 0. Accurate to 4e-16.
+/// components that are 0 there are exactly 0. Accurate to 5e-15, as kPi is.
 [[nodiscard]] Direction DirectionOf(const MeasuredLine& line);
 
 /// The same by the lower end: the sign of the plunge is ignored.

@@ -24,9 +24,9 @@ TEST(MeasuredLine, DirectionsAreAccurate) {
         const long double trend = line.trend;
         const long double sign = line.plunge < 0 ? -1 : 1;
         const Direction found = DirectionOf(line);
-        ASSERT_NEAR(found.l, static_cast<double>(sign * std::cos(plunge) * std::cos(trend)), 5e-16);
-        ASSERT_NEAR(found.m, static_cast<double>(sign * std::cos(plunge) * std::sin(trend)), 5e-16);
-        ASSERT_NEAR(found.n, static_cast<double>(sign * std::sin(plunge)), 5e-16);
+        ASSERT_NEAR(found.l, static_cast<double>(sign * std::cos(plunge) * std::cos(trend)), 5e-15);
+        ASSERT_NEAR(found.m, static_cast<double>(sign * std::cos(plunge) * std::sin(trend)), 5e-15);
+        ASSERT_NEAR(found.n, static_cast<double>(sign * std::sin(plunge)), 5e-15);
     }
 }
 
