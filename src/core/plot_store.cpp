@@ -173,6 +173,7 @@ PlotRecord NewPlotRecord(const Settings& settings) {
     record.DataKind = settings.format.plotDataKind;
     record.PrimaryFormat = settings.format.primary;
     record.PlotKind = settings.format.plotKind;
+    record.UseDecimals = newPlots.useDecimals ? kTrue : std::int16_t{0};
     record.LayerVisible = {0,     kTrue, kTrue,
                            kTrue, kTrue, newPlots.statisticsShown ? kTrue : std::int16_t{0}};
     SetDefaultClasses(record, newPlots);

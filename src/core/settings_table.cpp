@@ -204,6 +204,8 @@ void AddPreferences(Rows& table) {
     table.push_back(
         Truth({{Preferences}, kStartUp, "SaveNonDataLines"}, gSettings.files.nonDataLines, false));
     table.push_back(ChoiceOfFormulas());
+    table.push_back(
+        Truth({{Preferences}, kStartUp, "UseDecimals"}, gSettings.newPlots.useDecimals, false));
     table.push_back(WholeNumber({{Preferences}, kSymbolArray, "gShowIsolatedPts"}, gShowIsolatedPts,
                                 0, {-1, 1}));
 }

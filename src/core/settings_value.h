@@ -61,6 +61,7 @@ struct NewPlotSettings {
     std::int16_t maxPlots = 10;    ///< largest slot allowed
     std::int16_t statsBoxKind = 0; ///< statistics box: 0 normal, other advanced
     bool statisticsShown = true;
+    bool useDecimals = false; ///< RecordView::UseDecimals
     RoseDefaults rose;
     Table<TaggedValue, kClassRows, 3> classes;
 };

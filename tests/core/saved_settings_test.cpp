@@ -46,6 +46,7 @@ protected:
         gSettings.styles.showNorth = true;
         gSettings.files.nonDataLines = true;
         gSettings.notation.formulas = Formulas::Textbook;
+        gSettings.newPlots.useDecimals = true;
         gSettings.files.folder = "/d";
         gMaxPlots = 33;
         gShowIsolatedPts = -1;

@@ -60,6 +60,20 @@ TEST_F(SettingsTest, TheChoiceOfFormulasLastsAndAnUnknownOneIsTheProgramsOwn) {
     EXPECT_EQ(gSettings.notation.formulas, Formulas::Own);
 }
 
+TEST_F(SettingsTest, NewPlotsUseDecimalsWhereTheSettingSaysSo) {
+    EXPECT_FALSE(gSettings.newPlots.useDecimals);
+    EXPECT_EQ(NewPlotRecord().UseDecimals, 0);
+    gSettings.newPlots.useDecimals = true;
+    EXPECT_EQ(NewPlotRecord().UseDecimals, kTrue);
+    ASSERT_TRUE(SaveSettings(SettingsGroup::Preferences));
+    EXPECT_EQ(Stored("StartUp", "UseDecimals"), "True");
+    SetDefaultSettings();
+    EXPECT_FALSE(gSettings.newPlots.useDecimals);
+    LoadSettings();
+    EXPECT_TRUE(gSettings.newPlots.useDecimals);
+    EXPECT_EQ(NewPlotRecord(Settings()).UseDecimals, 0) << "only the given settings count";
+}
+
 TEST_F(SettingsTest, PlotWindowWidthFallsBackBelowOneAndStopsAtAHundred) {
     const std::vector<std::pair<std::string, int>> cases = {
         {"0", 50}, {"-3", 50}, {"150", 100}, {"1", 1}, {"100", 100}, {"80", 80}, {"x", 50}};
