@@ -9,6 +9,7 @@
 #include "rose/rose_sectors.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/statistics_texts.h"
+#include "stereo/row_positions.h"
 
 namespace quandrel {
 
@@ -16,6 +17,18 @@ void RecalculateActivePlot() {
     ForgetAcceptedSectorSize(ActivePlot());
     RefreshSecondaryOverlay();
     ReplotActivePlot(true);
+}
+
+void UseDecimals(int slot, bool on) {
+    if (gBusy || !IsOpenSlot(slot)) {
+        return;
+    }
+    PlotRecord& record = RecordOf(slot);
+    if ((record.UseDecimals != 0) != on) {
+        record.UseDecimals = on ? kTrue : std::int16_t{0};
+        RebuildRowTable(slot);
+    }
+    ReplotPlot(slot, ReplotCause::Settings);
 }
 
 void UseFormulas(Formulas formulas) {

@@ -137,6 +137,7 @@ ToolbarState StateOfToolbar() {
     SetModeButtons(state, record);
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
+    state.useDecimals = {true, record.UseDecimals != 0};
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
     state.confidenceCone = {
         state.isStereo && ConfidenceConeAngle(record, gSettings.notation.formulas).has_value(),

@@ -31,6 +31,7 @@ struct ToolbarState {
     std::array<ControlState, kSymbolButtons> symbols;
     std::array<ControlState, kDisplayButtons> display;
     std::array<ControlState, 2> secondary; ///< as the base plot, as an overlay
+    ControlState useDecimals;
     ControlState annotations;
     ControlState confidenceCone;
     bool intersections = false; ///< each row holds two planes

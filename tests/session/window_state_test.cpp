@@ -53,6 +53,7 @@ TEST_F(Toolbar, WithoutAPlotTheTypesAreThoseOfTheNextOne) {
     EXPECT_EQ(Enabled(state.symbols), Numbers{});
     EXPECT_EQ(Enabled(state.display), Numbers{});
     EXPECT_FALSE(state.hasPlot);
+    EXPECT_EQ(state.useDecimals, ControlState());
     PressPlotType(1);
     PressDataType(2);
     EXPECT_EQ(gPlotKind, kEqualAngle);
@@ -77,6 +78,15 @@ TEST_F(Toolbar, DirectionsAreNoPlanes) {
 TEST_F(Toolbar, APlotWithRowsOffersAllSymbols) {
     PlotWithRows();
     EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2, 3, 4, 5, 6}));
+}
+
+TEST_F(Toolbar, DecimalsCanBeSwitchedInEachPlot) {
+    PlotRecord& record = PlotWithRows();
+    EXPECT_EQ(StateOfToolbar().useDecimals, (ControlState{true, false}));
+    record.UseDecimals = kTrue;
+    EXPECT_EQ(StateOfToolbar().useDecimals, (ControlState{true, true}));
+    record.PlotKind = kRose;
+    EXPECT_EQ(StateOfToolbar().useDecimals, (ControlState{true, true}));
 }
 
 TEST_F(Toolbar, EachModeHasItsButton) {

@@ -66,9 +66,10 @@ std::string NetReadout(const PlotRecord& record, double x, double y) {
     if (!line) {
         return "";
     }
-    std::string text = TextOfLine(line->plunge, line->trend);
+    const int decimals = DecimalsShown(record);
+    std::string text = TextOfLine(line->plunge, line->trend, decimals);
     if (IsPlottedAsPole(record, 0)) {
-        text += "  (Pole to Plane: " + TextOfPlaneOfPole(line->plunge, line->trend) + ")";
+        text += "  (Pole to Plane: " + TextOfPlaneOfPole(line->plunge, line->trend, decimals) + ")";
     }
     return ShowsDensity(record) ? text + DensityText(record, *line, x, y) : text;
 }
@@ -96,10 +97,11 @@ std::string RoseReadout(const PlotRecord& record, double x, double y) {
     if (!IsOnNet(x, y) || (x == 0 && y == 0)) {
         return "";
     }
-    const double azimuth = RadToDeg(AzimuthBetweenPoints(0, 0, x, y));
-    const double whole = std::fmod(RoundToEven(azimuth), kFullTurn);
+    const double direction = AzimuthBetweenPoints(0, 0, x, y);
+    const double azimuth = RadToDeg(direction);
+    const std::string degrees = AzimuthDegreesText(direction, DecimalsShown(record));
     const std::string text =
-        gConventions < 0 ? AzimuthToQuadrant(whole) : FormatNumber(whole, "000");
+        gConventions < 0 ? AzimuthToQuadrant(std::string_view(degrees)) : PadAzimuth(degrees);
     const SectorLayout layout = LayoutOfRose(record);
     if (!ActiveRose().isCounted || gRoseSectors->Sectors() != layout.sectors) {
         return text;

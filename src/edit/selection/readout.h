@@ -22,6 +22,8 @@ namespace quandrel {
 /// The text of panDipAzBox for a position over gActivePlot; empty outside the net and without a
 /// plot.
 ///
+/// Angles are whole degrees; in a plot that uses decimals they have one decimal.
+///
 /// On a net: plunge and trend in the notation in force, "30/120"; for a plot of planes also the
 /// plane with that pole, "30/120  (Pole to Plane: 60/300)"; with a density display also the share
 /// of the rows within its cone and their number, "  [12.50% : 3 data]". If a grid of appended

@@ -57,6 +57,18 @@ TEST_F(Readout, ALineIsToldInTheNotationInForce) {
     }
 }
 
+TEST_F(Readout, APlotThatUsesDecimalsHasOne) {
+    ActiveRecord().UseDecimals = kTrue;
+    // 90 - 2 asin(690.07 / 1414.21) is 31.58, atan(690 / 10) 89.17.
+    EXPECT_EQ(ReadoutText(690, 10), "31.6/089.2");
+    EXPECT_EQ(ReadoutText(0, EastOf(30)), "30.0/000.0");
+    EXPECT_EQ(ReadoutText(-1, 999), "0.1/359.9");
+    SetKind(kPrimaryPlane, kPlanes);
+    EXPECT_EQ(ReadoutText(690, 10), "31.6/089.2  (Pole to Plane: 58.4/269.2)");
+    ActiveRecord().UseDecimals = 0;
+    EXPECT_EQ(ReadoutText(690, 10), "32/089  (Pole to Plane: 58/269)");
+}
+
 TEST_F(Readout, OverPlanesThePlaneOfThePoleFollows) {
     SetKind(kPrimaryPlane, kPlanes);
     EXPECT_EQ(ReadoutText(EastOf(30), 0), "30/090  (Pole to Plane: 60/270)");
@@ -136,6 +148,18 @@ TEST_F(Readout, ARoseTellsAzimuthSectorAndCount) {
     gConventions = -1;
     EXPECT_EQ(ReadoutText(500, 500), "N45E  [40 to 50: 4 data]");
     ActiveRose().isCounted = false;
+    EXPECT_EQ(ReadoutText(500, 500), "N45E");
+}
+
+TEST_F(Readout, ARoseThatUsesDecimalsHasOneInItsAzimuth) {
+    ActiveRecord().PlotKind = kRose;
+    EXPECT_EQ(ReadoutText(100, 690), "008");
+    EXPECT_EQ(ReadoutText(-0.5, 999), "000");
+    ActiveRecord().UseDecimals = kTrue;
+    EXPECT_EQ(ReadoutText(100, 690), "008.2"); // atan(100 / 690) is 8.246
+    EXPECT_EQ(ReadoutText(-500, -500), "225.0");
+    EXPECT_EQ(ReadoutText(-0.5, 999), "000.0") << "359.97 is north";
+    gConventions = -1;
     EXPECT_EQ(ReadoutText(500, 500), "N45E");
 }
 
