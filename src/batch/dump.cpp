@@ -5,6 +5,7 @@
 #include "batch/field_access.h"
 #include "batch/file_dump.h"
 #include "batch/rose_dump.h"
+#include "batch/row_dump.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
@@ -23,10 +24,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include <bit>
 #include <cmath>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace quandrel {
@@ -34,120 +33,6 @@ namespace quandrel {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-/// An array of values, created one by one.
-template <class Count, class WriteOne>
-void WriteArray(JsonWriter& writer, const char* name, Count count, const WriteOne& writeOne) {
-    writer.Key(name);
-    writer.BeginArray();
-    for (Count i = 0; i < count; ++i) {
-        writeOne(i);
-    }
-    writer.EndArray();
-}
-
-/// A column of the active plot, from row 1 to the last loaded row.
-template <class Column>
-void WriteColumn(JsonWriter& writer, const char* name, const Column& column) {
-    WriteArray(writer, name, ActiveRecord().NumLoadedData, [&](std::int32_t i) {
-        const auto value = column(gActivePlot, i + 1);
-        using Value = std::remove_const_t<decltype(value)>;
-        if constexpr (std::is_floating_point_v<Value>) {
-            writer.Number(static_cast<double>(value));
-        } else if constexpr (std::is_integral_v<Value>) {
-            writer.Number(std::int64_t{value});
-        } else {
-            writer.Text(value);
-        }
-    });
-}
-
-/// Symbol codes. Neighbouring rows mostly have the same code, whose text is created once.
-void WriteCodes(JsonWriter& writer, const char* name, const DataColumn<SymbolCode>& column) {
-    SymbolCode last = 0;
-    std::string text = SymbolCodeText(last);
-    WriteArray(writer, name, ActiveRecord().NumLoadedData, [&](std::int32_t i) {
-        if (const SymbolCode code = column(gActivePlot, i + 1); code != last) {
-            last = code;
-            text = SymbolCodeText(code);
-        }
-        writer.Text(text);
-    });
-}
-
-void WriteRows(JsonWriter& writer) {
-    const PlotRecord& record = ActiveRecord();
-    writer.Key("rows");
-    writer.BeginObject();
-    WriteColumn(writer, "gDataDip", gDataDip);
-    WriteColumn(writer, "gDataAz", gDataAz);
-    WriteCodes(writer, "gDataSymbol", gDataSymbol);
-    WriteCodes(writer, "gDataSymbolBase", gDataSymbolBase);
-    WriteColumn(writer, "gPointDensity", gPointDensity);
-    WriteColumn(writer, "gDataOrder", gDataOrder);
-    if (record.SecondaryFormat != 0) {
-        WriteColumn(writer, "gData2Dip", gData2Dip);
-        WriteColumn(writer, "gData2Az", gData2Az);
-    }
-    if (record.HasAppendedLine != 0) {
-        WriteColumn(writer, "gAppLineDip", gAppLineDip);
-        WriteColumn(writer, "gAppLineAz", gAppLineAz);
-    }
-    if (record.HasAppendedNumeric != 0) {
-        WriteColumn(writer, "gAppNumeric", gAppNumeric);
-    }
-    if (record.HasAppendedText != 0) {
-        WriteColumn(writer, "gAppText", gAppText);
-    }
-    writer.EndObject();
-}
-
-/// Angles of whole degrees: few different texts, which are slow to create.
-class KnownNumbers {
-public:
-    [[nodiscard]] std::string_view TextOf(double value) {
-        constexpr int kShift = 64 - kBits;
-        const auto bits = std::bit_cast<std::uint64_t>(value);
-        Entry& entry = entries_[bits * 0x9E3779B97F4A7C15U >> kShift]; // spread by Knuth's constant
-        if (entry.text.empty() || entry.bits != bits) {
-            entry.bits = bits;
-            entry.text.clear();
-            AppendJsonNumber(value, entry.text);
-        }
-        return entry.text;
-    }
-
-private:
-    static constexpr int kBits = 12;
-
-    struct Entry {
-        std::uint64_t bits = 0;
-        std::string text;
-    };
-
-    std::vector<Entry> entries_ = std::vector<Entry>(std::size_t{1} << kBits);
-};
-
-void WriteTable(JsonWriter& writer) {
-    const RowTable& table = TableOf(gActivePlot);
-    const auto whole = [&writer](const char* name, const auto& column) {
-        WriteArray(writer, name, column.size(),
-                   [&](std::size_t i) { writer.Number(std::int64_t{column[i]}); });
-    };
-    KnownNumbers known;
-    const auto angles = [&](const char* name, const std::vector<double>& column) {
-        WriteArray(writer, name, column.size(),
-                   [&](std::size_t i) { writer.Ready(known.TextOf(column[i])); });
-    };
-    writer.Key("table");
-    writer.BeginObject();
-    whole("index", table.index);
-    whole("x", table.x);
-    whole("y", table.y);
-    angles("plunge", table.plunge);
-    angles("trend", table.trend);
-    writer.EndObject();
-}
 
 Json LoadJson(const LoadCounters& counters) {
     Json load = {{"rowsRead", counters.rowsRead},     {"rowsValid", counters.rowsValid},
@@ -420,7 +305,7 @@ bool DumpActivePlot(const ScriptedPrompts& prompts, const RecordingSurface& oper
     writer.Member("title", TitleOfPlot());
     writer.Member("record", RecordJson(ActiveRecord()));
     WriteRows(writer);
-    WriteTable(writer);
+    WriteRowTable(writer);
     WriteMembers(writer, PartsJson());
     WriteFile(writer);
     writer.Member("legend", LegendJson());

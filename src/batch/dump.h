@@ -11,8 +11,9 @@
 namespace quandrel {
 
 /// Writes the active plot: slot, title, record, rows, table, load, legend, prompts and drawing
-/// operations. Parts that do not apply are absent. Numbers read back exactly. If the plot has a
-/// binary plot file, "file" contains every field with its present value in the file
+/// operations. Parts that do not apply are absent. Numbers read back exactly; measured angles of
+/// rows with decimals ("measured", "measured2", "measuredLine") have six decimals. If the plot has
+/// a binary plot file, "file" contains every field with its present value in the file
 /// (batch/file_dump.h). Rows are written one by one, so that the whole dump is never in memory.
 ///
 /// @param prompts     message boxes shown so far

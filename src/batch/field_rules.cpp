@@ -57,9 +57,9 @@ const std::map<std::string, FieldRange>& FieldRanges() {
 /// Fields with two states, which files store as 0 and -1.
 bool IsTruth(const std::string& name) {
     static const std::set<std::string> names = {
-        "ShowAnnotations", "HasFrequencyColumn", "ShowSecondary", "StatsBoxKind",
-        "LayerVisible",    "RoseEqualArea",      "RoseDisplay6",  "RoseDisplay7",
-        "RoseDisplay8",    "RoseHistStyle",      "RoseSegShape",  "ClassifyCheckPending"};
+        "ShowAnnotations", "HasFrequencyColumn",   "ShowSecondary", "StatsBoxKind", "LayerVisible",
+        "RoseEqualArea",   "RoseDisplay6",         "RoseDisplay7",  "RoseDisplay8", "RoseHistStyle",
+        "RoseSegShape",    "ClassifyCheckPending", "UseDecimals"};
     return names.contains(name);
 }
 
@@ -188,7 +188,7 @@ bool IsEditOfPlot(const std::string& name) {
 
 bool MovesRows(const std::string& field) {
     return field == "PlotKind" || field == "DataKind" || field == "ShowSecondary"
-           || field == "PrimaryFormat" || field == "SecondaryFormat"
+           || field == "UseDecimals" || field == "PrimaryFormat" || field == "SecondaryFormat"
            || field.starts_with("OverlayKind");
 }
 

@@ -77,6 +77,17 @@ private:
     bool hasFailed_ = false;
 };
 
+/// Writes an array as a member of an object. `writeOne(i)` writes the value i, from 0 to count - 1.
+template <class Count, class WriteOne>
+void WriteArray(JsonWriter& writer, const char* name, Count count, const WriteOne& writeOne) {
+    writer.Key(name);
+    writer.BeginArray();
+    for (Count i = 0; i < count; ++i) {
+        writeOne(i);
+    }
+    writer.EndArray();
+}
+
 /// A text as JSON, quotes included.
 void AppendJsonText(std::string_view text, std::string& json);
 

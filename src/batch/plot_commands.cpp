@@ -57,6 +57,15 @@ std::string TakePlotKind(const Command& command, std::ostream&) {
     return {};
 }
 
+std::string SwitchDecimals(const Command& command, std::ostream&) {
+    bool on = false;
+    const std::string error = TakeName({{"on", 1}, {"off", 0}}, command.Words(), on);
+    if (error.empty()) {
+        UseDecimals(gActivePlot, on);
+    }
+    return error;
+}
+
 std::string PressSymbolButton(const Command& command, std::ostream&) {
     const std::optional<int> button = WholeNumber(command.Words(), 0, kSlipArrowsOnPoles);
     if (!button) {
@@ -129,6 +138,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"classify",
          {its, [](const Command& c, std::ostream&) { return ApplyClassArguments(c.arguments); }}},
         {"data", {one, TakeDataKind}},
+        {"decimals", {one, SwitchDecimals}},
         {"edit", {one, [](const Command& c, std::ostream&) { return EditByWords(c.Words()); }}},
         {"girdle",
          {two, [](const Command& c, std::ostream&) { return ApplyGirdleArguments(c.arguments); }}},
