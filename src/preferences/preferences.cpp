@@ -35,6 +35,7 @@ void UseGeneralOptions(const Settings& preferences) {
     gSettings.files.folder = preferences.files.folder;
     gConvertDecimals = preferences.notation.convertDecimals;
     gSettings.files.nonDataLines = preferences.files.nonDataLines;
+    gSettings.newPlots.useDecimals = preferences.newPlots.useDecimals;
 }
 
 /// Saves a number of plots for the next run; this run keeps its own.

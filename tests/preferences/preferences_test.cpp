@@ -165,6 +165,8 @@ const std::vector<Case>& AllPreferences() {
          [] { return gSettings.notation.formulas == Formulas::Textbook; }},
         {"decimals", [](Settings& p) { p.notation.convertDecimals = true; },
          [] { return gConvertDecimals; }},
+        {"decimals of new plots", [](Settings& p) { p.newPlots.useDecimals = true; },
+         [] { return NewPlotRecord().UseDecimals == kTrue; }},
         {"non-data lines", [](Settings& p) { p.files.nonDataLines = true; },
          [] { return gSettings.files.nonDataLines; }},
         {"isolated points", [](Settings& p) { p.styles.showIsolatedPts = 1; },

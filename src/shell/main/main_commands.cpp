@@ -305,6 +305,8 @@ void GeolPlotMain::ConnectPlotCommands() {
         });
     }
     commands_->Connect("mnuPlotSecondary", [] { ToggleSecondaryData(); });
+    commands_->Connect("mnuPlotDecimals",
+                       [] { UseDecimals(gActivePlot, ActiveRecord().UseDecimals == 0); });
     for (int index = 0; index < 3; ++index) {
         commands_->Connect(Numbered("mnuKinematicPlots", index),
                            [index] { MakeKinematicPlots(index); });

@@ -146,6 +146,7 @@ void GeolPlotMain::UpdateToolbar() {
         set("mnuViewLegends_" + QString::number(i), state.display[static_cast<std::size_t>(i)]);
     }
     set("mnuPlotSecondary", state.secondary[0]);
+    set("mnuPlotDecimals", state.useDecimals);
     set("mnuPlotAnnotation", state.annotations);
     set("mnuViewConfidence", state.confidenceCone);
     set("mnuViewClassification", {state.hasPlot, dialogs_->IsClassificationShown()});

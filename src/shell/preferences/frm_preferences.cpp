@@ -167,6 +167,7 @@ void frmPreferences::Load() {
     txtNumPlots->setText(QString::fromStdString(FormatNumber(now_.newPlots.maxPlots, "#0")));
     optPitchName[now_.notation.pitchName == "rake" ? 1 : 0]->setChecked(true);
     optFormulas[now_.notation.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
+    chkUseDecimals->setChecked(now_.newPlots.useDecimals);
     chkDecimalConv->setChecked(now_.notation.convertDecimals);
     chkSaveLinesOption->setChecked(now_.files.nonDataLines);
     chkIsolatedPts->setChecked(now_.styles.showIsolatedPts != 0);
@@ -210,6 +211,7 @@ Settings frmPreferences::Choice() const {
         MaxPlotsOf(txtNumPlots->text().toStdString(), now_.newPlots.maxPlots);
     choice.notation.pitchName = optPitchName[1]->isChecked() ? "rake" : "pitch";
     choice.notation.formulas = optFormulas[1]->isChecked() ? Formulas::Textbook : Formulas::Own;
+    choice.newPlots.useDecimals = chkUseDecimals->isChecked();
     choice.notation.convertDecimals = chkDecimalConv->isChecked();
     choice.files.nonDataLines = chkSaveLinesOption->isChecked();
     const bool showsIsolated = chkIsolatedPts->isChecked();

@@ -40,6 +40,7 @@ class QRadioButton;
 class QSlider;
 class QSpinBox;
 class QTabWidget;
+class QVBoxLayout;
 
 namespace quandrel {
 
@@ -110,6 +111,7 @@ public:
     QCheckBox* chkUseLastDirectory = nullptr;
     std::array<QRadioButton*, 2> optPitchName{};
     std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, or those of textbooks
+    QCheckBox* chkUseDecimals = nullptr;        ///< in new plots
     QCheckBox* chkDecimalConv = nullptr;
     QCheckBox* chkSaveLinesOption = nullptr;
     QCheckBox* chkIsolatedPts = nullptr;
@@ -180,6 +182,7 @@ private:
     void AddFont(QGridLayout& grid, int line, std::size_t font, const QString& caption);
     [[nodiscard]] QLayout* MakePlotCount();
     [[nodiscard]] QGroupBox* MakePitchBox();
+    void AddGeneralChecks(QVBoxLayout& layout);
     [[nodiscard]] QWidget* MakeGeneralPage();
     [[nodiscard]] QGroupBox* MakeFolderBox();
     [[nodiscard]] QGroupBox* MakeFormulasBox();

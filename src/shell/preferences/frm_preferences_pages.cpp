@@ -208,6 +208,23 @@ QGroupBox* frmPreferences::MakePitchBox() {
     return pitch;
 }
 
+void frmPreferences::AddGeneralChecks(QVBoxLayout& layout) {
+    chkUseDecimals = MakeCheck("chkUseDecimals", "&Use decimals of orientations in new plots",
+                               "New plots start with Plot > Use Decimals switched on");
+    chkDecimalConv = MakeCheck(
+        "chkDecimalConv", "&Convert 'invalid' decimal-like numbers to agree with Regional Settings",
+        "Numbers with the other decimal delimiter are read as numbers");
+    chkSaveLinesOption =
+        MakeCheck("chkSaveLinesOption", "&Include non-data lines in ASCII Saves [default = No]",
+                  "Texts of plots keep comments and other lines that are not data");
+    chkIsolatedPts =
+        MakeCheck("chkIsolatedPts", "&Show single isolated pts with contours",
+                  "Contour plots mark each point that has no other point within its counting cone");
+    for (QCheckBox* box : {chkUseDecimals, chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
+        layout.addWidget(box);
+    }
+}
+
 QWidget* frmPreferences::MakeGeneralPage() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -221,18 +238,7 @@ QWidget* frmPreferences::MakeGeneralPage() {
     layout->addWidget(MakePitchBox());
     layout->addWidget(MakeFormulasBox());
     layout->addSpacing(8);
-    chkDecimalConv = MakeCheck(
-        "chkDecimalConv", "&Convert 'invalid' decimal-like numbers to agree with Regional Settings",
-        "Numbers with the other decimal delimiter are read as numbers");
-    chkSaveLinesOption =
-        MakeCheck("chkSaveLinesOption", "&Include non-data lines in ASCII Saves [default = No]",
-                  "Texts of plots keep comments and other lines that are not data");
-    chkIsolatedPts =
-        MakeCheck("chkIsolatedPts", "&Show single isolated pts with contours",
-                  "Contour plots mark each point that has no other point within its counting cone");
-    for (QCheckBox* box : {chkDecimalConv, chkSaveLinesOption, chkIsolatedPts}) {
-        layout->addWidget(box);
-    }
+    AddGeneralChecks(*layout);
     layout->addStretch(1);
     return page;
 }

@@ -52,6 +52,8 @@ GENERAL
   definition; where the textbook's result differs, it is shown below in
   brackets. "Textbook" uses the textbook's formulas for the boxes, arrows,
   arcs and cones of all plots instead.
+- Use decimals of orientations: new plots start with Plot > Use Decimals
+  switched on. Open plots and plots of plot files keep their own choice.
 - Convert 'invalid' decimal-like numbers: a number of an appended column with
   the other decimal delimiter is read as a number.
 - Include non-data lines: a plot that is saved as text keeps comments,

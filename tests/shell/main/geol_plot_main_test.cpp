@@ -92,6 +92,7 @@ TEST_F(MainWindow, EveryControlHasItsName) {
                            "mnuEditFileFormat",
                            "mnuFileFormat",
                            "mnuPlotSecondary",
+                           "mnuPlotDecimals",
                            "mnuPlotIntersection",
                            "mnuPlotAnnotation",
                            "mnuViewAnnotations",

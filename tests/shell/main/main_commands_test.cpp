@@ -4,6 +4,7 @@
 
 #include "core/settings_value.h"
 #include "core/style_tables.h"
+#include "orientation/angles.h"
 #include "qt/plot_picture.h"
 #include "session/closing.h"
 #include "shell/controls/picture_box.h"
@@ -119,6 +120,29 @@ TEST_F(MainCommands, SymbolButtonsSetTheMode) {
         EXPECT_TRUE(ToolButton(name).isChecked());
         EXPECT_NE(FormOfSlot(1).picStereoArea->Image(), before) << name;
     }
+}
+
+TEST_F(MainCommands, UseDecimalsIsAPropertyOfEachPlot) {
+    EXPECT_FALSE(Action("mnuPlotDecimals").isEnabled()) << "there is no plot";
+    const auto plungeOfPole = [](int slot) { return RadToDeg(TableOf(slot).plunge.at(0)); };
+    const int first = OpenFile("a.txt", "47.3\t218.6\n");
+    EXPECT_FALSE(Action("mnuPlotDecimals").isChecked());
+    Press("mnuPlotDecimals");
+    EXPECT_TRUE(Action("mnuPlotDecimals").isChecked());
+    EXPECT_NE(RecordOf(first).UseDecimals, 0);
+    EXPECT_NEAR(plungeOfPole(first), 42.7, 1e-6);
+    EXPECT_EQ(RecordOf(first).Modified, 0);
+    const int second = OpenFile("b.txt");
+    EXPECT_FALSE(Action("mnuPlotDecimals").isChecked());
+    EXPECT_TRUE(Action("mnuPlotDecimals").isEnabled()) << "rows may be added";
+    EXPECT_EQ(RecordOf(second).UseDecimals, 0);
+    Room().setActiveSubWindow(&FormOfSlot(first));
+    EXPECT_TRUE(Action("mnuPlotDecimals").isChecked());
+    Press("mnuPlotDecimals");
+    EXPECT_FALSE(Action("mnuPlotDecimals").isChecked());
+    EXPECT_NEAR(plungeOfPole(first), 43, 1e-9);
+    Press("mnuFileClose_1");
+    EXPECT_FALSE(Action("mnuPlotDecimals").isEnabled());
 }
 
 TEST_F(MainCommands, DisplayButtonsShowAndHideTheBoxes) {

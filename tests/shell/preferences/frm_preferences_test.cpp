@@ -465,6 +465,8 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     dialog_->optPitchName[1]->click();
     EXPECT_TRUE(dialog_->optFormulas[0]->isChecked());
     dialog_->optFormulas[1]->click();
+    EXPECT_FALSE(dialog_->chkUseDecimals->isChecked());
+    dialog_->chkUseDecimals->click();
     dialog_->chkDecimalConv->click();
     dialog_->chkSaveLinesOption->click();
     dialog_->chkIsolatedPts->click();
@@ -472,10 +474,12 @@ TEST_F(PreferencesWindow, GeneralOptionsAreRead) {
     EXPECT_EQ(choice.newPlots.maxPlots, 42);
     EXPECT_EQ(choice.notation.pitchName, "rake");
     EXPECT_EQ(choice.notation.formulas, Formulas::Textbook);
+    EXPECT_TRUE(choice.newPlots.useDecimals);
     EXPECT_TRUE(choice.notation.convertDecimals);
     EXPECT_TRUE(choice.files.nonDataLines);
     EXPECT_EQ(choice.styles.showIsolatedPts, 1);
     EXPECT_FALSE(gConvertDecimals);
+    EXPECT_FALSE(gSettings.newPlots.useDecimals);
     EXPECT_EQ(gSettings.notation.pitchName, "pitch");
 }
 
@@ -501,7 +505,9 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     gSettings.styles.fonts[0].font.points = 30;
     gSettings.notation.pitchName = "rake";
     gSettings.styles.plotBackColour = 0;
+    gSettings.newPlots.useDecimals = true;
     Open(0);
+    EXPECT_TRUE(dialog_->chkUseDecimals->isChecked());
     QTest::mouseClick(dialog_->cmdOK[2], Qt::LeftButton);
     const Settings choice = Choice();
     EXPECT_EQ(choice.styles.symbols[kRowSymbol], (SymbolRow{5, 3, 2}));
@@ -511,6 +517,7 @@ TEST_F(PreferencesWindow, DefaultsShowWhatAFirstRunHas) {
     EXPECT_EQ(choice.styles.fonts[0].font.points, 8);
     EXPECT_EQ(choice.notation.pitchName, "pitch");
     EXPECT_EQ(choice.styles.plotBackColour, 0xffffffU);
+    EXPECT_FALSE(choice.newPlots.useDecimals);
     EXPECT_EQ(gPlotAxesStyle, 3) << "nothing holds before OK";
 }
 
