@@ -5,13 +5,16 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "core/row_room.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "platform/platform.h"
 #include "rotation/rotation_undo.h"
 #include "rotation/turned_rows.h"
 #include "stereo/row_positions.h"
+#include "stereo/row_sense.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
@@ -32,13 +35,9 @@ public:
     StatusWord& operator=(const StatusWord&) = delete;
 };
 
-bool PointsUp(Attitude shown) {
-    return shown.dip < 0 && shown.dip != kErrorRow;
-}
-
 /// A row that is drawn in the style of its sense gets that of its new sense.
 void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& changes) {
-    const bool isUp = PointsUp(OrientationShown(gActivePlot, row));
+    const bool isUp = IsStyledUpward(ActivePlot(), row);
     if (wasUp == isUp) {
         return;
     }
@@ -55,15 +54,32 @@ void FollowSense(std::int32_t row, bool wasUp, std::vector<SymbolChange>& change
     changes.push_back(change);
 }
 
-/// Rows after the end of a column have no values, and stay so.
-void StoreColumns(const std::vector<Attitude>& turned, RowAngles which) {
-    PlotRows& rows = ActivePlot().rows;
-    const auto last = static_cast<std::int32_t>(turned.size()) - 1;
-    for (std::int32_t row = 1; row <= last && row < RowCountOf(rows, which); ++row) {
-        const Attitude& now = turned[static_cast<std::size_t>(row)];
-        if (now != WholeAttitude(rows, which, row)) {
-            SetWholeAttitude(rows, which, row, now);
+using Attitudes = std::vector<Attitude>;
+
+/// The last row of a set that has cells. Rows after the end of a column have no values, and stay
+/// so.
+std::int32_t LastRowOf(const PlotRows& rows, RowAngles which, const Attitudes& turned) {
+    return std::min(static_cast<std::int32_t>(turned.size()), RowCountOf(rows, which)) - 1;
+}
+
+/// Throws std::bad_alloc, with no row changed.
+void MakeRoomForDecimals(PlotRows& rows, RowAngles which, const Attitudes& whole,
+                         const Attitudes& measured) {
+    const std::int32_t last = LastRowOf(rows, which, whole);
+    if (whole != measured && last > 0 && !MakeRoomForMeasured(rows, which, last)) {
+        throw std::bad_alloc();
+    }
+}
+
+void StoreColumns(PlotRows& rows, RowAngles which, const Attitudes& whole,
+                  const Attitudes& measured) {
+    const std::int32_t last = LastRowOf(rows, which, whole);
+    for (std::int32_t row = 1; row <= last; ++row) {
+        const auto place = static_cast<std::size_t>(row);
+        if (whole[place] != WholeAttitude(rows, which, row)) {
+            SetWholeAttitude(rows, which, row, whole[place]);
         }
+        (void)SetDecimals(rows, which, row, measured[place]); // there is room
     }
 }
 
@@ -71,17 +87,35 @@ void StoreColumns(const std::vector<Attitude>& turned, RowAngles which) {
 std::vector<bool> UpwardRows() {
     std::vector<bool> upward(static_cast<std::size_t>(ActiveRecord().NumLoadedData) + 1);
     for (std::size_t row = 1; row < upward.size(); ++row) {
-        upward[row] = PointsUp(OrientationShown(gActivePlot, static_cast<std::int32_t>(row)));
+        upward[row] = IsStyledUpward(ActivePlot(), static_cast<std::int32_t>(row));
     }
     return upward;
 }
 
-void StoreRows(const TurnedRows& rows, std::vector<SymbolChange>& changes) {
+const Attitudes& SetOf(const TurnedRows& rows, RowAngles which) {
+    switch (which) {
+    case RowAngles::Secondary:
+        return rows.secondary;
+    case RowAngles::Line:
+        return rows.appended;
+    case RowAngles::Primary:
+        break;
+    }
+    return rows.primary;
+}
+
+/// Throws std::bad_alloc, with no row changed.
+void StoreRows(const TurnedRows& whole, const TurnedRows& measured,
+               std::vector<SymbolChange>& changes) {
+    PlotRows& rows = ActivePlot().rows;
     const std::vector<bool> wereUp = UpwardRows();
     changes.reserve(wereUp.size());
-    StoreColumns(rows.primary, RowAngles::Primary);
-    StoreColumns(rows.secondary, RowAngles::Secondary);
-    StoreColumns(rows.appended, RowAngles::Line);
+    for (const RowAngles which : kRowAngles) {
+        MakeRoomForDecimals(rows, which, SetOf(whole, which), SetOf(measured, which));
+    }
+    for (const RowAngles which : kRowAngles) {
+        StoreColumns(rows, which, SetOf(whole, which), SetOf(measured, which));
+    }
     for (std::size_t row = 1; row < wereUp.size(); ++row) {
         FollowSense(static_cast<std::int32_t>(row), wereUp[row], changes);
     }
@@ -126,9 +160,11 @@ RotationReport RotateData(std::int16_t state, const RotationSettings& settings) 
     wanted.operation = std::abs(state);
     wanted.forceIntoBeds = state < 0;
     PlotRecord& record = ActiveRecord();
-    const TurnedRows rows = TurnRows(gActivePlot, RotationOf(wanted));
+    const Rotation rotation = RotationOf(wanted);
+    const TurnedRows rows = TurnRows(gActivePlot, rotation, AngleColumns::Whole);
+    const TurnedRows measured = TurnRows(gActivePlot, rotation, AngleColumns::Measured);
     RotationMemory memory = RememberRows(gActivePlot);
-    StoreRows(rows, memory.symbols);
+    StoreRows(rows, measured, memory.symbols);
     record.RotationState = state;
     record.Modified = kModifiedByRotation;
     RebuildRowTable(gActivePlot);
@@ -161,7 +197,9 @@ std::vector<PreviewedRow> PreviewRotation(const RotationSettings& settings) {
         return preview;
     }
     const PlotRecord& record = ActiveRecord();
-    const TurnedRows rows = TurnRows(gActivePlot, RotationOf(settings));
+    const TurnedRows rows =
+        TurnRows(gActivePlot, RotationOf(settings),
+                 record.UseDecimals != 0 ? AngleColumns::Measured : AngleColumns::Whole);
     preview.reserve(static_cast<std::size_t>(record.NumLoadedData));
     for (std::int32_t row = 1; row <= record.NumLoadedData; ++row) {
         const PlottedRow plotted =

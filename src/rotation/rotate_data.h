@@ -33,7 +33,8 @@ struct RotationReport {
 /// A sentence on the rows that were left unchanged; empty when there are none.
 [[nodiscard]] std::string NoteOnRotation(const RotationReport& report);
 
-/// Rotates all rows of gActivePlot: its columns, and its table. Marks the rows as changed. Draws
+/// Rotates all rows of gActivePlot, from their measured angles: its columns of whole degrees and of
+/// measured angles, and its table. Marks the rows as changed. Draws
 /// nothing. UndoRotation restores the rows.
 ///
 /// @param state     RotationState: the operation, negative to put lines into the unfolded beds
@@ -56,9 +57,9 @@ struct PreviewedRow {
     Point place;          ///< plot units
 };
 
-/// The exact positions that all rows of gActivePlot would have after a rotation. Main rows show the
-/// set that is shown, overlays what they show; error rows have no position. Nothing changes in the
-/// store. Empty when CheckRotation refuses, or for a rose. O(rows).
+/// The positions that all rows of gActivePlot would be drawn at after a rotation. Main rows show
+/// the set that is shown, overlays what they show; error rows have no position. Nothing changes in
+/// the store. Empty when CheckRotation refuses, or for a rose. O(rows).
 [[nodiscard]] std::vector<PreviewedRow> PreviewRotation(const RotationSettings& settings);
 
 /// True while the rows of gActivePlot are as the last rotation left them. O(rows) when this plot

@@ -12,29 +12,28 @@ namespace {
 
 constexpr double kRightAngle = kPi / 2;
 constexpr double kThreeQuarterTurn = 9.42477796076937 / 2;
-constexpr double kTiltTolerance = 1e-06; // of directions that count as horizontal or vertical
-constexpr double kVerticalAxis = 1e-07;  // an axis this steep is vertical
+constexpr double kVerticalAxis = 1e-07; // an axis this steep is vertical
 
-bool IsAbout(double angle, double other) {
-    return std::abs(angle - other) < kTiltTolerance;
+bool IsAbout(double angle, double other, double tolerance) {
+    return std::abs(angle - other) < tolerance;
 }
 
 // True for a line on the horizontal axis about which a tilt towards axisTrend rotates.
-bool LiesOnHinge(double plunge, double trend, double axisTrend) {
-    return std::abs(plunge) < kTiltTolerance
-           && (IsAbout(trend, WrappedAngle(axisTrend + kRightAngle))
-               || IsAbout(trend, WrappedAngle(axisTrend + kThreeQuarterTurn)));
+bool LiesOnHinge(double plunge, double trend, double axisTrend, double tolerance) {
+    return std::abs(plunge) < tolerance
+           && (IsAbout(trend, WrappedAngle(axisTrend + kRightAngle), tolerance)
+               || IsAbout(trend, WrappedAngle(axisTrend + kThreeQuarterTurn), tolerance));
 }
 
 // A line within the tolerance of horizontal or vertical becomes exactly that, and keeps its sense.
-void SettleLine(double down, double& plunge, double& trend) {
-    if (std::abs(plunge) < kTiltTolerance) {
+void SettleLine(double down, double tolerance, double& plunge, double& trend) {
+    if (std::abs(plunge) < tolerance) {
         if (plunge < 0) {
             // The trend has to name the end that pointed up before.
             trend = WrappedAngle(trend + kPi);
         }
         plunge = 0;
-    } else if (IsAbout(std::abs(plunge), kRightAngle)) {
+    } else if (IsAbout(std::abs(plunge), kRightAngle, tolerance)) {
         plunge = down < 0 ? -kRightAngle : kRightAngle;
     }
 }
@@ -42,8 +41,8 @@ void SettleLine(double down, double& plunge, double& trend) {
 } // namespace
 
 void TiltLine(double plunge, double trend, double axisPlunge, double axisTrend, double& outPlunge,
-              double& outTrend) {
-    if (LiesOnHinge(plunge, trend, axisTrend)) {
+              double& outTrend, double tolerance) {
+    if (LiesOnHinge(plunge, trend, axisTrend, tolerance)) {
         outPlunge = plunge;
         outTrend = trend;
         return;
@@ -60,11 +59,11 @@ void TiltLine(double plunge, double trend, double axisPlunge, double axisTrend, 
         cosPlunge * cosTrend * line.l + cosPlunge * sinTrend * line.m + sinPlunge * line.n;
     CosinesToLine(along, across, down, outPlunge, outTrend);
     outTrend = WrappedAngle(outTrend + axisTrend - kTwoPi);
-    SettleLine(down, outPlunge, outTrend);
+    SettleLine(down, tolerance, outPlunge, outTrend);
 }
 
 void RotateLineAboutAxis(double plunge, double trend, double angle, double axisPlunge,
-                         double axisTrend, double& outPlunge, double& outTrend) {
+                         double axisTrend, double& outPlunge, double& outTrend, double tolerance) {
     const double downward = std::abs(axisPlunge);
     if (std::abs(kRightAngle - downward) < kVerticalAxis) {
         outPlunge = plunge;
@@ -73,9 +72,9 @@ void RotateLineAboutAxis(double plunge, double trend, double angle, double axisP
     }
     double tiltedPlunge = 0;
     double tiltedTrend = 0;
-    TiltLine(plunge, trend, downward, axisTrend, tiltedPlunge, tiltedTrend);
+    TiltLine(plunge, trend, downward, axisTrend, tiltedPlunge, tiltedTrend, tolerance);
     TiltLine(tiltedPlunge, WrappedAngle(tiltedTrend + angle), downward,
-             WrappedAngle(axisTrend + kPi), outPlunge, outTrend);
+             WrappedAngle(axisTrend + kPi), outPlunge, outTrend, tolerance);
 }
 
 void RotatePlaneAboutAxis(double dip, double dipDir, double axisPlunge, double axisTrend,
@@ -89,19 +88,20 @@ void RotatePlaneAboutAxis(double dip, double dipDir, double axisPlunge, double a
 
 void RotatePlaneToVertical(double plunge, double trend, double strikeAz, double axisPlunge,
                            double axisTrend, double pitch, double newAz, double& outPlunge,
-                           double& outTrend) {
+                           double& outTrend, double tolerance) {
     double tiltedPlunge = 0;
     double tiltedTrend = 0;
-    TiltLine(plunge, trend, std::abs(axisPlunge), axisTrend, tiltedPlunge, tiltedTrend);
+    TiltLine(plunge, trend, std::abs(axisPlunge), axisTrend, tiltedPlunge, tiltedTrend, tolerance);
     const double turnedTrend = WrappedAngle(tiltedTrend + (newAz - strikeAz));
     // The line that is now at right angles to the pitched one becomes vertical; it plunges to the
     // other end of the strike.
     const double away = pitch < 0 ? WrappedAngle(newAz) : WrappedAngle(newAz - kPi);
-    TiltLine(tiltedPlunge, turnedTrend, kRightAngle - std::abs(pitch), away, outPlunge, outTrend);
+    TiltLine(tiltedPlunge, turnedTrend, kRightAngle - std::abs(pitch), away, outPlunge, outTrend,
+             tolerance);
 }
 
 void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, double plunge,
-               double trend, double& outPlunge, double& outTrend) {
+               double trend, double& outPlunge, double& outTrend, double tolerance) {
     outPlunge = plunge;
     outTrend = trend;
     if (dip == 0) {
@@ -114,15 +114,15 @@ void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, d
     double polePlunge = 0;
     double poleTrend = 0;
     PoleOfPlane(dip, dipDir, polePlunge, poleTrend);
-    TiltLine(polePlunge, poleTrend, above, aboveTrend, polePlunge, poleTrend);
-    TiltLine(outPlunge, outTrend, above, aboveTrend, outPlunge, outTrend);
-    TiltLine(outPlunge, outTrend, std::abs(polePlunge), poleTrend, outPlunge, outTrend);
+    TiltLine(polePlunge, poleTrend, above, aboveTrend, polePlunge, poleTrend, tolerance);
+    TiltLine(outPlunge, outTrend, above, aboveTrend, outPlunge, outTrend, tolerance);
+    TiltLine(outPlunge, outTrend, std::abs(polePlunge), poleTrend, outPlunge, outTrend, tolerance);
     if (dip < 0) {
         // The long way ends half a turn about the strike from the short one. A bed that is already
         // horizontal is rotated about its original strike.
         const double across = polePlunge == kRightAngle ? dipDir : poleTrend;
         RotateLineAboutAxis(outPlunge, outTrend, kPi, 0, WrappedAngle(across + kRightAngle),
-                            outPlunge, outTrend);
+                            outPlunge, outTrend, tolerance);
     }
 }
 

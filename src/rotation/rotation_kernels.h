@@ -6,23 +6,34 @@
 // as a vector: a negative plunge is the upward end of the line, its trend that of the downward end.
 // Trends are 0 to kTwoPi, both as arguments and as results. A positive angle is clockwise looking
 // down the plunge of the axis.
+//
+// Directions within a tolerance of horizontal, vertical or the hinge of a tilt count as being
+// there, so that the noise of rounding does not choose between the ends of a line.
 
 #pragma once
 
 namespace quandrel {
+
+/// The tolerance for results in whole degrees, radians.
+inline constexpr double kTiltTolerance = 1e-06;
+
+/// The tolerance for results to 1e-6 degree, radians: more than half of that, and so little that a
+/// rotation and its reverse return a line within 1e-5 degree.
+inline constexpr double kFineTolerance = 1e-08;
 
 /// Rotates a line by the rotation that carries another line to the vertical: about the horizontal
 /// axis at right angles to axisTrend, through kPi/2 - |axisPlunge|.
 ///
 /// @param plunge,trend            the line
 /// @param axisPlunge,axisTrend    the line that becomes vertical; the sign of its plunge is ignored
-/// @param[out] outPlunge          -kPi/2 to kPi/2; exactly 0 or kPi/2 when it is within 1e-6 of it
+/// @param[out] outPlunge          -kPi/2 to kPi/2; exactly 0 or kPi/2 within the tolerance of it
 /// @param[out] outTrend           0 to kTwoPi
+/// @param tolerance               of directions, radians
 ///
 /// A line that becomes horizontal points where its vector does. A line on the hinge of the rotation
 /// is returned unchanged.
 void TiltLine(double plunge, double trend, double axisPlunge, double axisTrend, double& outPlunge,
-              double& outTrend);
+              double& outTrend, double tolerance = kTiltTolerance);
 
 /// Rotates a line about an axis.
 ///
@@ -35,7 +46,8 @@ void TiltLine(double plunge, double trend, double axisPlunge, double axisTrend, 
 /// The axis is brought to the vertical, the angle added to the trend, and the axis brought back.
 /// Equals v cos(a) + (k x v) sin(a) + k (k.v) (1 - cos(a)). The opposite angle is the inverse.
 void RotateLineAboutAxis(double plunge, double trend, double angle, double axisPlunge,
-                         double axisTrend, double& outPlunge, double& outTrend);
+                         double axisTrend, double& outPlunge, double& outTrend,
+                         double tolerance = kTiltTolerance);
 
 /// Rotates a plane about an axis, by its pole.
 ///
@@ -57,7 +69,7 @@ void RotatePlaneAboutAxis(double dip, double dipDir, double axisPlunge, double a
 /// @param newAz                 the new azimuth of strikeAz
 void RotatePlaneToVertical(double plunge, double trend, double strikeAz, double axisPlunge,
                            double axisTrend, double pitch, double newAz, double& outPlunge,
-                           double& outTrend);
+                           double& outTrend, double tolerance = kTiltTolerance);
 
 /// Rotates a line of a bed by the rotations that unfold the bed: first the fold axis to horizontal,
 /// about the horizontal line at right angles to its trend, then the bed in its new position to
@@ -70,7 +82,8 @@ void RotatePlaneToVertical(double plunge, double trend, double strikeAz, double 
 ///
 /// A horizontal bed is already unfolded: its lines stay unchanged.
 void UnfoldRow(double dip, double dipDir, double axisPlunge, double axisTrend, double plunge,
-               double trend, double& outPlunge, double& outTrend);
+               double trend, double& outPlunge, double& outTrend,
+               double tolerance = kTiltTolerance);
 
 /// The rotation by the smallest angle from one plane to another.
 ///

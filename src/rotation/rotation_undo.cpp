@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <optional>
 #include <span>
 #include <utility>
@@ -29,11 +30,27 @@ std::span<const std::int32_t> CellsInUse(const DataColumn<std::int32_t>& column,
     return cells.first(std::min(cells.size(), inUse));
 }
 
+void AddDecimals(const Plot& plot, RowAngles which, Fingerprint& mix) {
+    const MeasuredColumns& measured = MeasuredOf(plot.rows, which);
+    const std::int32_t end = std::min(measured.RowCount(), plot.record.NumLoadedData + 1);
+    for (std::int32_t row = 1; row < end; ++row) {
+        if (measured.Has(row)) {
+            const Attitude at = measured.At(row);
+            mix.AddWhole(row);
+            mix.Add(std::bit_cast<std::uint64_t>(at.dip));
+            mix.Add(std::bit_cast<std::uint64_t>(at.azimuth));
+        }
+    }
+}
+
 /// A 64-bit hash of the columns that a rotation changes.
 std::uint64_t FingerprintOf(int slot) {
     Fingerprint mix;
     for (const DataColumn<std::int32_t>* column : OrientationColumns()) {
         mix.AddCells(CellsInUse(*column, slot));
+    }
+    for (const RowAngles which : kRowAngles) {
+        AddDecimals(PlotOf(slot), which, mix);
     }
     return mix.Value();
 }

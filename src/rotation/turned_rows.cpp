@@ -3,6 +3,7 @@
 #include "rotation/turned_rows.h"
 
 #include "core/data_format.h"
+#include "core/measured_rows.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rotation/rotation_kernels.h"
@@ -40,67 +41,84 @@ Line OppositeOf(Line line) {
                             : Line{-line.plunge, line.trend};
 }
 
-std::int32_t WholeDegrees(double radians) {
-    return static_cast<std::int32_t>(RoundToEven(RadToDeg(radians)));
-}
+/// An orientation of a row before a rotation.
+struct Former {
+    Attitude start;  ///< as measured: what is rotated
+    Attitude stored; ///< in the columns that the result is meant for
+};
 
-/// 0 to 359.
-std::int32_t WholeAzimuth(double radians) {
-    return WholeDegrees(WrappedAngle(radians)) % 360;
-}
+/// Rounds rotated directions for one kind of columns.
+class Rounder {
+public:
+    explicit Rounder(AngleColumns columns)
+        : columns_(columns) {}
 
-bool IsSameAzimuth(double a, double b) {
-    return std::fmod(a - b, 360) == 0;
-}
-
-Attitude RoundedLine(Line line, EndsOfLine sense, Attitude former) {
-    const bool isVertical = std::abs(line.plunge) == kRightAngle;
-    Attitude rounded;
-    rounded.dip = sense == EndsOfLine::Level ? 0 : WholeDegrees(line.plunge);
-    if (rounded.dip == 0 && line.plunge < 0) {
-        line.trend += kPi;
+    [[nodiscard]] double Tolerance() const {
+        return columns_ == AngleColumns::Whole ? kTiltTolerance : kFineTolerance;
     }
-    rounded.azimuth = isVertical ? 0 : WholeAzimuth(line.trend);
-    if (sense == EndsOfLine::None) {
-        rounded.dip = std::abs(rounded.dip);
-    } else if (sense == EndsOfLine::Kept) {
-        rounded.dip = former.dip < 0 ? -std::abs(rounded.dip) : std::abs(rounded.dip);
-    }
-    const bool hasTrend =
-        std::abs(rounded.dip) != 90 && !(sense == EndsOfLine::Level && isVertical);
-    const bool isSame =
-        rounded.dip == former.dip && (!hasTrend || IsSameAzimuth(rounded.azimuth, former.azimuth));
-    return isSame ? former : rounded;
-}
 
-/// The plane of a pole, with the sign that the dip had.
-Attitude RoundedPlane(Line pole, Attitude former) {
-    const std::int32_t dip = WholeDegrees(kRightAngle - std::abs(pole.plunge));
-    Attitude rounded{former.dip < 0 ? -dip : dip, 0};
-    if (std::abs(pole.plunge) != kRightAngle) {
-        rounded.azimuth = WholeAzimuth(pole.trend + kPi);
+    [[nodiscard]] Attitude RoundedLine(Line line, EndsOfLine sense, const Former& former) const {
+        const bool isVertical = std::abs(line.plunge) == kRightAngle;
+        Attitude rounded;
+        rounded.dip = sense == EndsOfLine::Level ? 0 : Degrees(line.plunge);
+        if (rounded.dip == 0 && line.plunge < 0) {
+            line.trend += kPi;
+        }
+        rounded.azimuth = isVertical ? 0 : Azimuth(line.trend);
+        if (sense == EndsOfLine::None) {
+            rounded.dip = std::abs(rounded.dip);
+        } else if (sense == EndsOfLine::Kept) {
+            rounded.dip = former.start.dip < 0 ? -std::abs(rounded.dip) : std::abs(rounded.dip);
+        }
+        const bool hasTrend =
+            std::abs(rounded.dip) != 90 && !(sense == EndsOfLine::Level && isVertical);
+        return IsSame(rounded, former.stored, hasTrend) ? former.stored : rounded;
     }
-    const bool isSame =
-        rounded.dip == former.dip && (dip == 0 || IsSameAzimuth(rounded.azimuth, former.azimuth));
-    return isSame ? former : rounded;
-}
+
+    /// The plane of a pole, with the sign that the dip had.
+    [[nodiscard]] Attitude RoundedPlane(Line pole, const Former& former) const {
+        const double dip = Degrees(kRightAngle - std::abs(pole.plunge));
+        Attitude rounded{former.start.dip < 0 ? -dip : dip, 0};
+        if (std::abs(pole.plunge) != kRightAngle) {
+            rounded.azimuth = Azimuth(pole.trend + kPi);
+        }
+        return IsSame(rounded, former.stored, dip != 0) ? former.stored : rounded;
+    }
+
+private:
+    [[nodiscard]] double Degrees(double radians) const {
+        const double degrees = RadToDeg(radians);
+        return columns_ == AngleColumns::Whole ? RoundToEven(degrees) : ToMicrodegree(degrees);
+    }
+
+    /// From 0 to less than 360.
+    [[nodiscard]] double Azimuth(double radians) const {
+        return std::fmod(Degrees(WrappedAngle(radians)), 360);
+    }
+
+    static bool IsSame(const Attitude& a, const Attitude& b, bool hasAzimuth) {
+        return a.dip == b.dip && (!hasAzimuth || std::fmod(a.azimuth - b.azimuth, 360) == 0);
+    }
+
+    AngleColumns columns_;
+};
 
 /// Applies a rotation that does not unfold to a line.
-Line Turned(const Rotation& rotation, Line line) {
+Line Turned(const Rotation& rotation, Line line, double tolerance) {
     Line turned;
     switch (rotation.operation) {
     case kPlaneToVertical:
         RotatePlaneToVertical(line.plunge, line.trend, rotation.strike, rotation.inclination,
                               rotation.azimuth, rotation.pitch, rotation.angle, turned.plunge,
-                              turned.trend);
+                              turned.trend, tolerance);
         break;
     case kLineToVertical:
         TiltLine(line.plunge, line.trend, rotation.inclination, rotation.azimuth, turned.plunge,
-                 turned.trend);
+                 turned.trend, tolerance);
         break;
     default:
         RotateLineAboutAxis(line.plunge, line.trend, rotation.angle, rotation.inclination,
-                            rotation.azimuth, turned.plunge, turned.trend);
+                            rotation.azimuth, turned.plunge, turned.trend, tolerance);
         break;
     }
     return turned;
@@ -112,22 +130,27 @@ struct SetRule {
     EndsOfLine sense = EndsOfLine::None;
 };
 
-Attitude TurnedOrientation(const Rotation& rotation, SetRule rule, Attitude row) {
-    return rule.isPlane ? RoundedPlane(Turned(rotation, PoleOf(row)), row)
-                        : RoundedLine(Turned(rotation, LineOf(row)), rule.sense, row);
+Attitude TurnedOrientation(const Rotation& rotation, SetRule rule, const Rounder& rounder,
+                           const Former& row) {
+    const double tolerance = rounder.Tolerance();
+    return rule.isPlane ? rounder.RoundedPlane(Turned(rotation, PoleOf(row.start), tolerance), row)
+                        : rounder.RoundedLine(Turned(rotation, LineOf(row.start), tolerance),
+                                              rule.sense, row);
 }
 
-/// The slip line of a fault: that of the other block when the fault is turned over.
-Attitude TurnedSlip(const Rotation& rotation, Attitude fault, Attitude slip) {
-    const Line line = Turned(rotation, LineOf(slip));
-    const bool turnsOver = Turned(rotation, PoleOf(fault)).plunge < 0;
-    return RoundedLine(turnsOver ? OppositeOf(line) : line, EndsOfLine::Directed, slip);
+/// The slip line of a fault: that of the other block when the fault is turned over, which both
+/// kinds of columns decide alike.
+Attitude TurnedSlip(const Rotation& rotation, const Attitude& fault, const Rounder& rounder,
+                    const Former& slip) {
+    const Line line = Turned(rotation, LineOf(slip.start), rounder.Tolerance());
+    const bool turnsOver = Turned(rotation, PoleOf(fault), kTiltTolerance).plunge < 0;
+    return rounder.RoundedLine(turnsOver ? OppositeOf(line) : line, EndsOfLine::Directed, slip);
 }
 
-bool HasUpward(const DataColumn<std::int32_t>& column, int slot, std::int32_t first,
-               std::int32_t last) {
+bool HasUpward(RowAngles which, int slot, std::int32_t first, std::int32_t last) {
+    const PlotRows& rows = PlotOf(slot).rows;
     for (std::int32_t row = first; row <= last; ++row) {
-        const std::int32_t plunge = column(slot, row);
+        const double plunge = MeasuredAttitude(rows, which, row).dip;
         if (plunge < 0 && plunge >= -90 && DipOfRow(slot, row) != kErrorRow) {
             return true;
         }
@@ -158,7 +181,7 @@ SetRule RuleOfOverlay(int slot, int overlay, std::int32_t first, std::int32_t la
     const bool isPolar =
         record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
     return {IsPlottedAsPole(record, overlay),
-            Directed(isPolar || HasUpward(gDataDip, slot, first, last))};
+            Directed(isPolar || HasUpward(RowAngles::Primary, slot, first, last))};
 }
 
 /// True when an open plot shows the P or T axes of these faults.
@@ -175,9 +198,11 @@ bool HasKinematicAxes(int slot) {
 /// Rotates the rows of one plot.
 class RowTurner {
 public:
-    RowTurner(int slot, const Rotation& rotation)
+    RowTurner(int slot, const Rotation& rotation, AngleColumns columns)
         : slot_(slot)
         , rotation_(rotation)
+        , columns_(columns)
+        , rounder_(columns)
         , record_(RecordOf(slot))
         , primary_(RuleOfPrimary(slot))
         , secondary_(RuleOfSecondary(slot))
@@ -204,23 +229,28 @@ private:
     /// True for a row that stays unchanged.
     [[nodiscard]] bool IsNoRow(std::int32_t row) const { return DipOfRow(slot_, row) == kErrorRow; }
 
-    [[nodiscard]] Rows Copied(const DataColumn<std::int32_t>& dips,
-                              const DataColumn<std::int32_t>& azimuths) const {
+    [[nodiscard]] Attitude Measured(RowAngles which, std::int32_t row) const {
+        return MeasuredAttitude(PlotOf(slot_).rows, which, row);
+    }
+
+    [[nodiscard]] Rows Copied(RowAngles which) const {
+        const PlotRows& columns = PlotOf(slot_).rows;
         Rows rows(static_cast<std::size_t>(record_.NumLoadedData) + 1);
         for (std::int32_t row = 1; row <= record_.NumLoadedData; ++row) {
-            At(rows, row) = {dips(slot_, row), azimuths(slot_, row)};
+            At(rows, row) = columns_ == AngleColumns::Whole ? WholeAttitude(columns, which, row)
+                                                            : MeasuredAttitude(columns, which, row);
         }
         return rows;
     }
 
     void CopyRows() {
-        rows_.primary = Copied(gDataDip, gDataAz);
+        rows_.primary = Copied(RowAngles::Primary);
         if (record_.SecondaryFormat != kNoSecondary) {
-            rows_.secondary = Copied(gData2Dip, gData2Az);
+            rows_.secondary = Copied(RowAngles::Secondary);
         }
         if (record_.HasAppendedLine != 0 && !IsUnfolding(rotation_.operation)) {
-            rows_.appended = Copied(gAppLineDip, gAppLineAz);
-            appendedSense_ = Directed(HasUpward(gAppLineDip, slot_, 1, record_.NumData));
+            rows_.appended = Copied(RowAngles::Line);
+            appendedSense_ = Directed(HasUpward(RowAngles::Line, slot_, 1, record_.NumData));
         }
     }
 
@@ -243,28 +273,31 @@ private:
 
     void TurnRow(std::int32_t row, SetRule rule) {
         Attitude& main = At(rows_.primary, row);
+        const Former former{Measured(RowAngles::Primary, row), main};
         if (HasSecondary(row)) {
             Attitude& second = At(rows_.secondary, row);
+            const Former formerSecond{Measured(RowAngles::Secondary, row), second};
             const bool isSlip = rule.isPlane && !secondary_.isPlane
                                 && (hasAxes_ || secondary_.sense == EndsOfLine::Directed);
-            second = isSlip ? TurnedSlip(rotation_, main, second)
-                            : TurnedOrientation(rotation_, secondary_, second);
+            second = isSlip ? TurnedSlip(rotation_, former.start, rounder_, formerSecond)
+                            : TurnedOrientation(rotation_, secondary_, rounder_, formerSecond);
         }
-        main = TurnedOrientation(rotation_, rule, main);
+        main = TurnedOrientation(rotation_, rule, rounder_, former);
         TurnAppended(row);
         ++rows_.turned;
     }
 
     void TurnAppended(std::int32_t row) {
         if (!rows_.appended.empty() && At(rows_.appended, row).dip != kInvalidAppendedLine) {
-            At(rows_.appended, row) =
-                TurnedOrientation(rotation_, {false, appendedSense_}, At(rows_.appended, row));
+            Attitude& line = At(rows_.appended, row);
+            line = TurnedOrientation(rotation_, {false, appendedSense_}, rounder_,
+                                     {Measured(RowAngles::Line, row), line});
         }
     }
 
     /// The fold axis of a row, or kInvalidAppendedLine for its plunge.
     [[nodiscard]] Attitude OwnAxis(std::int32_t row) const {
-        return {gAppLineDip(slot_, row), gAppLineAz(slot_, row)};
+        return Measured(RowAngles::Line, row);
     }
 
     void Unfold(std::int32_t row, SetRule rule) {
@@ -281,22 +314,25 @@ private:
             hasOwnAxis ? LineOf(OwnAxis(row)) : Line{rotation_.inclination, rotation_.azimuth};
         Attitude& bed = At(rows_.primary, row);
         if (HasSecondary(row)) {
-            At(rows_.secondary, row) = UnfoldedSecondary(bed, axis, At(rows_.secondary, row));
+            Attitude& second = At(rows_.secondary, row);
+            second = UnfoldedSecondary(Measured(RowAngles::Primary, row), axis,
+                                       {Measured(RowAngles::Secondary, row), second});
         }
         bed.dip = 0;
         ++rows_.turned;
     }
 
-    [[nodiscard]] Attitude UnfoldedSecondary(Attitude bed, Line axis, Attitude second) const {
-        const Line line = secondary_.isPlane ? PoleOf(second) : LineOf(second);
+    [[nodiscard]] Attitude UnfoldedSecondary(const Attitude& bed, Line axis,
+                                             const Former& second) const {
+        const Line line = secondary_.isPlane ? PoleOf(second.start) : LineOf(second.start);
         Line unfolded;
         UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), axis.plunge, axis.trend, line.plunge,
-                  line.trend, unfolded.plunge, unfolded.trend);
+                  line.trend, unfolded.plunge, unfolded.trend, rounder_.Tolerance());
         if (secondary_.isPlane) {
-            return RoundedPlane(unfolded, second);
+            return rounder_.RoundedPlane(unfolded, second);
         }
-        return RoundedLine(unfolded, rotation_.forced ? EndsOfLine::Level : secondary_.sense,
-                           second);
+        return rounder_.RoundedLine(
+            unfolded, rotation_.forced ? EndsOfLine::Level : secondary_.sense, second);
     }
 
     void TurnOverlay(int overlay) {
@@ -322,6 +358,8 @@ private:
 
     int slot_;
     const Rotation& rotation_;
+    AngleColumns columns_;
+    Rounder rounder_;
     const PlotRecord& record_;
     SetRule primary_;
     SetRule secondary_;
@@ -360,18 +398,18 @@ EndsOfLine SenseOfPrimaryLines(int slot) {
         return EndsOfLine::Kept;
     }
     return Directed((record.ShowSecondary == 0 && record.DataKind == kPolarLines)
-                    || HasUpward(gDataDip, slot, 1, record.NumData));
+                    || HasUpward(RowAngles::Primary, slot, 1, record.NumData));
 }
 
 EndsOfLine SenseOfSecondaryLines(int slot) {
     const PlotRecord& record = RecordOf(slot);
     return Directed(record.NumSymbolsInPlot > 0
                     || (record.ShowSecondary != 0 && record.DataKind == kPolarLines)
-                    || HasUpward(gData2Dip, slot, 1, record.NumData));
+                    || HasUpward(RowAngles::Secondary, slot, 1, record.NumData));
 }
 
-TurnedRows TurnRows(int slot, const Rotation& rotation) {
-    return RowTurner(slot, rotation).Turn();
+TurnedRows TurnRows(int slot, const Rotation& rotation, AngleColumns columns) {
+    return RowTurner(slot, rotation, columns).Turn();
 }
 
 } // namespace quandrel

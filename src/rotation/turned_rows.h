@@ -2,9 +2,10 @@
 //
 // The rows of a plot as a rotation would leave them. Nothing here writes to the store.
 //
-// A row goes through the whole rotation unrounded; its values are rounded to whole degrees once, at
-// the end. Planes are rotated by their poles, and a negative dip stays negative. A row that the
-// rotation does not move keeps its exact numbers.
+// A row starts from its measured angles and goes through the whole rotation unrounded; its values
+// are rounded once, at the end: to whole degrees, or to 1e-6 degree for the measured columns.
+// Planes are rotated by their poles, and a negative dip stays negative. A row that the rotation
+// does not move keeps its exact numbers.
 
 #pragma once
 
@@ -48,6 +49,12 @@ enum class EndsOfLine {
 /// arrows, or one of them points upward.
 [[nodiscard]] EndsOfLine SenseOfSecondaryLines(int slot);
 
+/// The columns that the results of a rotation are rounded for.
+enum class AngleColumns : std::uint8_t {
+    Whole,    ///< whole degrees
+    Measured, ///< 1e-6 degree
+};
+
 /// The rows of a plot after a rotation, indexed by point index; element 0 is not used. Rows that
 /// the rotation does not affect are unchanged.
 struct TurnedRows {
@@ -59,14 +66,14 @@ struct TurnedRows {
     std::int32_t withoutPlane = 0;   ///< and rows of overlays that are not planes
 };
 
-/// Rotates all rows of a plot: the main rows with their secondary data, and the overlays. Rotations
-/// that do not unfold also rotate appended lines. Error rows are left unchanged. The overlay that
-/// shows the secondary data shows the rotated ones.
+/// Rotates all rows of a plot, for one kind of its columns: the main rows with their secondary
+/// data, and the overlays. Rotations that do not unfold also rotate appended lines. Error rows are
+/// left unchanged. The overlay that shows the secondary data shows the rotated ones.
 ///
 /// The slip line of a fault, a directed line in a row with a plane, states how the hanging wall
 /// moved. When a rotation turns the plane over, the other block becomes the hanging wall and moves
 /// the other way. Unfolding restores beds, and the line keeps its direction. Throws
 /// std::bad_alloc. O(rows).
-[[nodiscard]] TurnedRows TurnRows(int slot, const Rotation& rotation);
+[[nodiscard]] TurnedRows TurnRows(int slot, const Rotation& rotation, AngleColumns columns);
 
 } // namespace quandrel
