@@ -7,6 +7,7 @@
 #include "core/plot_life.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
+#include "derive/measured_line.h"
 #include "input/data_rows.h"
 #include "input/plot_files.h"
 #include "orientation/angles.h"
@@ -40,6 +41,7 @@ void MarkRowsWithoutLine(int slot) {
     for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
         if (gDataDip(slot, row) == kNoLine) {
             gDataDip.At(slot, row) = kErrorRow;
+            ClearDecimals(PlotOf(slot).rows, RowAngles::Primary, row);
         }
     }
 }
@@ -55,11 +57,13 @@ int LeftBeside(int neighbourLeft, int neighbourWidth, int width, int screenWidth
     return left;
 }
 
-int OpenDerivedPlot() {
+int OpenDerivedPlot(int source) {
+    const std::int16_t usesDecimals = RecordOf(source).UseDecimals;
     if (!PrepareNewPlotWindow()) {
         return 0;
     }
     PlotRecord& record = ActiveRecord();
+    record.UseDecimals = usesDecimals;
     if (record.PlotKind == kRose) { // the next file says nothing about derived lines
         record.PlotKind = kEqualArea;
     }
@@ -101,8 +105,11 @@ bool StoreDerivedLine(int slot, double plunge, double trend, const std::string& 
     line.az = std::fmod(RoundToEven(RadToDeg(trend)), 360);
     line.text.View(source);
     line.textStatus = TextStatus::Good;
-    RowFaults faults;
-    return StoreDataRow(PlotOf(slot), line, RowTarget{}, faults);
+    MeasuredValues measured;
+    if (plunge != kNoAnswerPlunge) {
+        measured[static_cast<std::size_t>(RowAngles::Primary)] = MeasuredLine(plunge, trend);
+    }
+    return StoreMeasuredRow(PlotOf(slot), line, measured, RowTarget{});
 }
 
 void GiveUpDerivedRows(int slot) {

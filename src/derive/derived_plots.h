@@ -31,9 +31,10 @@ inline constexpr const char* kNotCompleted = "not completed";
 /// @param neighbourLeft,neighbourWidth,width,screenWidth  in the same unit; width above 0
 [[nodiscard]] int LeftBeside(int neighbourLeft, int neighbourWidth, int width, int screenWidth);
 
-/// Opens a slot with a window for a derived plot and makes it active. Returns 0, with a message,
-/// when all slots are taken: then the active plot stays.
-[[nodiscard]] int OpenDerivedPlot();
+/// Opens a slot with a window for a plot derived from `source` and makes it active. It uses
+/// decimals if its source does. Returns 0, with a message, when all slots are taken: then the
+/// active plot stays.
+[[nodiscard]] int OpenDerivedPlot(int source);
 
 /// Closes a derived plot without asking.
 void CloseDerivedPlot(int slot);
@@ -47,7 +48,8 @@ void ClearDerivedRows(int slot);
 /// @param textColumn  name of the column of texts
 void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::string& textColumn);
 
-/// Appends a line as a main row to a derived plot, rounded to whole degrees.
+/// Appends a line as a main row to a derived plot: rounded to whole degrees, and to 1e-6 degree for
+/// the measured angles.
 /// @param plunge,trend  radians; a negative plunge points upward
 /// @param source        text that says where it comes from
 /// @return false when memory ran out

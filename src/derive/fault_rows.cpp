@@ -13,14 +13,27 @@ bool IsReadable(Attitude orientation) {
            && orientation.azimuth >= 0 && orientation.azimuth <= 360;
 }
 
-Fault FaultOfRow(const Plot& plot, std::int32_t row) {
-    Fault fault;
-    fault.plane = {plot.rows.dip(row), plot.rows.azimuth(row)};
-    fault.line = {plot.rows.dip2(row), plot.rows.azimuth2(row)};
-    if (fault.plane.dip == kErrorRow) {
+namespace {
+
+/// A fault of angles as one of the readers of rows gives them.
+Fault FaultOf(const Plot& plot, std::int32_t row,
+              Attitude (*read)(const PlotRows&, RowAngles, std::int32_t)) {
+    Fault fault{read(plot.rows, RowAngles::Primary, row),
+                read(plot.rows, RowAngles::Secondary, row)};
+    if (!IsKnown(fault.plane)) {
         fault.line = {kErrorRow, 0}; // no values were read for such a row
     }
     return fault;
+}
+
+} // namespace
+
+Fault FaultOfRow(const Plot& plot, std::int32_t row) {
+    return FaultOf(plot, row, MeasuredAttitude);
+}
+
+Fault FaultShown(const Plot& plot, std::int32_t row) {
+    return FaultOf(plot, row, plot.record.UseDecimals != 0 ? MeasuredAttitude : WholeAttitude);
 }
 
 Fault FaultOfRow(int slot, std::int32_t row) {

@@ -13,7 +13,7 @@
 
 namespace quandrel {
 
-/// A fault in whole degrees. A negative plunge of the line means upward polarity: the hanging wall
+/// A fault in degrees. A negative plunge of the line means upward polarity: the hanging wall
 /// moves up along it. The trend is still that of its downward end.
 struct Fault {
     Attitude plane;
@@ -23,9 +23,13 @@ struct Fault {
 /// True when an orientation was read: not a marker, dip -90 to 90, azimuth 0 to 360.
 [[nodiscard]] bool IsReadable(Attitude orientation);
 
-/// The fault of a main row. Values that the row lacks are not readable.
+/// The fault of a main row as it was measured, whether the plot uses decimals or not. Values that
+/// the row lacks are not readable.
 [[nodiscard]] Fault FaultOfRow(const Plot& plot, std::int32_t row);
 [[nodiscard]] Fault FaultOfRow(int slot, std::int32_t row);
+
+/// The same as the plot shows it: measured if it uses decimals, else in whole degrees.
+[[nodiscard]] Fault FaultShown(const Plot& plot, std::int32_t row);
 
 /// True when the main rows hold faults with slip lines, and none of these states its sense of
 /// movement by a negative plunge. O(rows).

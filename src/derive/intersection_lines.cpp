@@ -33,7 +33,7 @@ int PlotOfIntersections(int source) {
 
 /// A new plot for the intersections of a source, or 0.
 int OpenPlotOfIntersections(int source) {
-    const int slot = OpenDerivedPlot();
+    const int slot = OpenDerivedPlot(source);
     if (slot != 0) {
         ActiveRecord().PlotTitle = "Plot " + std::to_string(slot)
                                    + ": Intersection lines of planes in Plot "

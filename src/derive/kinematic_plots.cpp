@@ -116,11 +116,11 @@ Family FamilyOfActivePlot() {
     const std::int32_t former = gActivePlot;
     const bool isNew = family.first == 0;
     if (isNew) {
-        family.first = OpenDerivedPlot();
+        family.first = OpenDerivedPlot(family.parent);
     }
     const bool needsSecond = onTwoPlots && family.second == 0;
     if (needsSecond && family.first != 0) {
-        family.second = OpenDerivedPlot();
+        family.second = OpenDerivedPlot(family.parent);
     }
     if (family.first != 0 && (!needsSecond || family.second != 0)) {
         if (needsSecond) {

@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "stereo/data_kind.h"
 #include "stereo/row_positions.h"
+#include "stereo/row_sense.h"
 
 namespace quandrel {
 
@@ -22,11 +23,10 @@ void FollowShownSigns(int slot) {
     const SymbolCode down = CodeOfStyleRow(kRowSymbol);
     const SymbolCode up = CodeOfStyleRow(kUpRowSymbol);
     for (std::int32_t row = 1; row <= RecordOf(slot).NumData; ++row) {
-        const Attitude shown = OrientationShown(slot, row);
-        if (shown.dip == kErrorRow) {
+        if (!IsKnown(OrientationShown(slot, row))) {
             continue;
         }
-        const SymbolCode plain = shown.dip < 0 ? up : down;
+        const SymbolCode plain = IsStyledUpward(PlotOf(slot), row) ? up : down;
         for (SymbolCode* code : {&gDataSymbol.At(slot, row), &gDataSymbolBase.At(slot, row)}) {
             *code = *code == down || *code == up ? plain : *code;
         }

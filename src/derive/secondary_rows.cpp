@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "derive/fault_rows.h"
+#include "derive/measured_line.h"
 #include "input/data_rows.h"
 #include "orientation/angles.h"
 #include "stereo/row_positions.h"
@@ -15,10 +16,18 @@ namespace quandrel {
 namespace {
 
 /// The secondary orientation of a main row; the error marker for a row that lacks either.
-Attitude SecondaryOfRow(std::int32_t row) {
-    const Attitude line = FaultOfRow(gActivePlot, row).line;
-    return IsReadable(line) ? line : Attitude{kErrorRow, 0};
-}
+struct SecondaryOfRow {
+    Attitude whole{kErrorRow, 0};
+    Attitude measured{kErrorRow, 0};
+
+    SecondaryOfRow(const Plot& plot, std::int32_t row) {
+        const Attitude line = FaultOfRow(plot, row).line;
+        if (IsReadable(line)) {
+            whole = WholeAttitude(plot.rows, RowAngles::Secondary, row);
+            measured = line;
+        }
+    }
+};
 
 void CopyAppended(std::int32_t row, const PlotRecord& record, ParsedRow& parsed) {
     if (record.HasAppendedLine != 0 && gAppLineDip(gActivePlot, row) != kInvalidAppendedLine) {
@@ -36,17 +45,26 @@ void CopyAppended(std::int32_t row, const PlotRecord& record, ParsedRow& parsed)
     }
 }
 
-ParsedRow OverlayRowOf(std::int32_t row, const PlotRecord& record) {
+ParsedRow OverlayRowOf(std::int32_t row, const Attitude& whole, const PlotRecord& record) {
     ParsedRow parsed;
-    const Attitude secondary = SecondaryOfRow(row);
-    if (secondary.dip == kErrorRow) {
+    if (!IsKnown(whole)) {
         return parsed;
     }
     parsed.status = LineStatus::Row;
-    parsed.dip = secondary.dip;
-    parsed.az = secondary.azimuth;
+    parsed.dip = whole.dip;
+    parsed.az = whole.azimuth;
     CopyAppended(row, record, parsed);
     return parsed;
+}
+
+[[nodiscard]] bool StoreOverlayRow(Plot& plot, std::int32_t row, const RowTarget& target) {
+    const SecondaryOfRow secondary(plot, row);
+    MeasuredValues measured;
+    measured[static_cast<std::size_t>(RowAngles::Primary)] = secondary.measured;
+    measured[static_cast<std::size_t>(RowAngles::Line)] =
+        DecimalsOf(plot.rows, RowAngles::Line, row);
+    return StoreMeasuredRow(plot, OverlayRowOf(row, secondary.whole, plot.record), measured,
+                            target);
 }
 
 } // namespace
@@ -59,9 +77,8 @@ bool AppendSecondaryOverlay(std::int16_t kind) {
     record.SelectedOverlay = static_cast<std::int16_t>(overlay);
     const RowTarget target{overlay, record.SecondaryFormat, false, false};
     MakeRoomForRows(plot, record.NumLoadedData + record.NumData, target.secondaryFormat != 0);
-    RowFaults faults;
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        if (!StoreDataRow(plot, OverlayRowOf(row, record), target, faults)) {
+        if (!StoreOverlayRow(plot, row, target)) {
             return false;
         }
     }
@@ -69,15 +86,16 @@ bool AppendSecondaryOverlay(std::int16_t kind) {
 }
 
 void RewriteSecondaryOverlay(int overlay) {
-    const PlotRecord& record = ActiveRecord();
+    Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
     const std::int32_t first = FirstRowOfOverlay(record, overlay);
     const std::int32_t rows = record.OverlayRows[static_cast<std::size_t>(overlay)];
     for (std::int32_t i = 0; i < rows; ++i) {
         const std::int32_t row = first + i;
-        const Attitude line = SecondaryOfRow(i + 1);
-        SetWholeAttitude(ActivePlot().rows, RowAngles::Primary, row, line);
-        StoreRowPosition(gActivePlot, static_cast<std::size_t>(row) - 1, row, line,
-                         IsPlottedAsPole(record, overlay));
+        const SecondaryOfRow line(plot, i + 1);
+        SetMeasuredOrientation(plot, row, line.whole, line.measured);
+        StoreRowPosition(gActivePlot, static_cast<std::size_t>(row) - 1, row,
+                         OrientationShown(plot, row), IsPlottedAsPole(record, overlay));
     }
 }
 

@@ -36,9 +36,9 @@ Fault FaultOfShownRow(const Plot& plot, std::int32_t row) {
     const PlotRecord& record = plot.record;
     const int overlay = OverlayOfRow(record, row);
     if (overlay > 0 && overlay == record.SelectedOverlay) {
-        return FaultOfRow(plot, row - FirstRowOfOverlay(record, overlay) + 1);
+        return FaultShown(plot, row - FirstRowOfOverlay(record, overlay) + 1);
     }
-    Fault fault = FaultOfRow(plot, row);
+    Fault fault = FaultShown(plot, row);
     if (overlay > 0 && record.ShowSecondary != 0) {
         std::swap(fault.plane, fault.line);
     }
