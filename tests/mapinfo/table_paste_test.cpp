@@ -109,6 +109,25 @@ TEST_F(TablePaste, PlotsTheRowsOfATableAndLinksThem) {
     EXPECT_TRUE(status.Text() != "" && !gBusy);
 }
 
+TEST_F(TablePaste, KeepsTheDecimalsOfRowsThatHaveThem) {
+    script.tables = {Joints(3)};
+    script.tables[0].rows[1][0] = "47.3";
+    script.tables[0].rows[1][1] = "218.654321";
+    Link();
+    const int slot = PasteNew("Joints");
+    const PlotRows& rows = PlotOf(slot).rows;
+    EXPECT_FALSE(HasDecimals(rows, 1));
+    const Attitude measured = MeasuredAttitude(rows, RowAngles::Primary, 2);
+    EXPECT_NEAR(measured.dip, 47.3, 1e-7);
+    EXPECT_NEAR(measured.azimuth, 218.654321, 1e-7);
+    EXPECT_EQ(gDataDip(slot, 2), 47);
+    EXPECT_EQ(gDataAz(slot, 2), 219);
+    SelectRows(slot, {1});
+    RemoveSelectedRows(kDeleteEdit);
+    EXPECT_EQ(MeasuredAttitude(rows, RowAngles::Primary, 1), measured);
+    EXPECT_EQ(TableRow(slot, 1), 2);
+}
+
 TEST_F(TablePaste, ShowsTheTableToTheFormatDialogAsAFileWithNamedColumns) {
     script.tables = {Joints(30)};
     Link();

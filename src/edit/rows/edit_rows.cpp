@@ -15,6 +15,7 @@
 #include "orientation/angles.h"
 #include "platform/platform.h"
 #include "stereo/row_positions.h"
+#include "stereo/row_sense.h"
 
 #include <algorithm>
 #include <new>
@@ -33,7 +34,7 @@ SymbolRow StyleOfCode(SymbolCode code) {
 }
 
 bool PointsUp(std::int32_t row) {
-    return OrientationShown(gActivePlot, row).dip < 0;
+    return IsStyledUpward(ActivePlot(), row);
 }
 
 bool IsValid(std::int32_t row) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Moving the selected rows of a plot: on the net by the mouse, or by whole degrees from the
-// keyboard. All functions work on gActivePlot, and only when it has the selection.
+// keyboard. Rows are moved from where they were measured and get measured angles, whether the plot
+// uses decimals or not. All functions work on gActivePlot, and only when it has the selection.
 
 #pragma once
 
@@ -27,25 +28,35 @@ struct PushedLine {
 [[nodiscard]] std::optional<PushedLine> PushLine(int plotKind, double x, double y, double dx,
                                                  double dy);
 
-/// The orientation of a row whose plotted line has changed: whole degrees, azimuth 0 to 359.
+/// A new orientation of a row.
+struct MovedAttitude {
+    Attitude whole;    ///< for the columns of whole degrees
+    Attitude measured; ///< to 1e-6 degree
+};
+
+/// The orientation of a row whose plotted line has changed: azimuth 0 to less than 360.
 ///
 /// @param isPole  the line is the pole of the row's plane
-/// @param former  the row before; the sign of its dip stays. A line that pointed up and becomes
-///                level gets the trend that it points to
-[[nodiscard]] Attitude MovedOrientation(const PushedLine& line, bool isPole, Attitude former);
+/// @param former  the row before, as measured; the sign of its dip stays. A line that pointed up
+/// and
+///                becomes level gets the trend that it points to
+[[nodiscard]] MovedAttitude MovedOrientation(const PushedLine& line, bool isPole,
+                                             const Attitude& former);
 
-/// The orientation of a row after steps in whole degrees. The dip or plunge changes without its
-/// sign, which stays; a step that would lead below 0 or above 90 leaves the row unchanged. A line
-/// that pointed up and becomes level gets the trend that it points to.
+/// The orientation of a row after steps in whole degrees: 47.3 becomes 48.3. The dip or plunge
+/// changes without its sign, which stays; a step that would lead below 0 or above 90 leaves the row
+/// unchanged. A line that pointed up and becomes level gets the trend that it points to.
 ///
+/// @param former   the row before, as measured
 /// @param isPlane  the row is a plane, whose negative dip is not a sense
-[[nodiscard]] Attitude NudgedOrientation(Attitude former, bool isPlane, int plungeStep,
-                                         int trendStep);
+[[nodiscard]] MovedAttitude NudgedOrientation(const Attitude& former, bool isPlane, int plungeStep,
+                                              int trendStep);
 
-/// Moves each plotted position of the selected rows by (dx, dy) plot units. Rows that would leave
-/// the net stay; directions stay horizontal. The columns of the set that is shown get the new
-/// values; a row of the overlay that shows the secondary data also changes the secondary
-/// orientation of its main row. The marquee stays. Undoable; redraws.
+/// Moves the positions of the selected rows by (dx, dy) plot units: the plotted position of a row
+/// in whole degrees, the exact one of a row with decimals. Rows that would leave the net, or that
+/// stay at the same plotted position, are unchanged; directions stay horizontal. The columns of the
+/// set that is shown get the new values; a row of the overlay that shows the secondary data also
+/// changes the secondary orientation of its main row. The marquee stays. Undoable; redraws.
 ///
 /// @return number of rows changed; with 0 nothing else has changed
 std::int32_t MoveSelection(double dx, double dy);

@@ -22,18 +22,30 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::int32_t kFullTurn = 360;
+constexpr std::int64_t kFullTurn = 360;
+constexpr std::int64_t kMicrodegrees = 1'000'000;
 
-/// A line in whole degrees, with north as 0.
-using Numbers = std::pair<std::int32_t, std::int32_t>;
+/// A line in millionths of a degree, with north as 0.
+using Numbers = std::pair<std::int64_t, std::int64_t>;
 
-Numbers NumbersOf(double plunge, double trend) {
-    return {static_cast<std::int32_t>(RoundToEven(RadToDeg(plunge))),
-            static_cast<std::int32_t>(RoundToEven(RadToDeg(trend))) % kFullTurn};
+Numbers NumbersOf(const Attitude& degrees) {
+    const auto millionths = [](double angle) {
+        return static_cast<std::int64_t>(RoundToEven(angle * static_cast<double>(kMicrodegrees)));
+    };
+    return {millionths(degrees.dip), millionths(degrees.azimuth) % (kFullTurn * kMicrodegrees)};
 }
 
+/// The line of a row, in whole degrees if it has no decimals.
 Numbers NumbersOfRow(std::int32_t slot, std::int32_t row) {
-    return {gDataDip(slot, row), gDataAz(slot, row) % kFullTurn};
+    return NumbersOf(MeasuredAttitude(PlotOf(slot).rows, RowAngles::Primary, row));
+}
+
+/// Adds a line in both forms in which its row may have it: measured, and, where the decimals of
+/// that row were lost, in whole degrees.
+void AddNumbers(double plunge, double trend, std::vector<Numbers>& lines) {
+    const Attitude degrees{RadToDeg(plunge), RadToDeg(trend)};
+    lines.push_back(NumbersOf(degrees));
+    lines.push_back(NumbersOf({RoundToEven(degrees.dip), RoundToEven(degrees.azimuth)}));
 }
 
 /// The axes of a fault that a plot holds, by the title of its axes; empty for a fault without axes.
@@ -44,10 +56,10 @@ std::vector<Numbers> AxesOfFault(const Fault& fault, const PlotRecord& derived) 
     }
     std::vector<Numbers> axes;
     if (derived.AxesTitle != kExtensionAxes) {
-        axes.push_back(NumbersOf(lines->pPlunge, lines->pTrend));
+        AddNumbers(lines->pPlunge, lines->pTrend, axes);
     }
     if (derived.AxesTitle != kShorteningAxes) {
-        axes.push_back(NumbersOf(lines->tPlunge, lines->tTrend));
+        AddNumbers(lines->tPlunge, lines->tTrend, axes);
     }
     return axes;
 }
@@ -58,7 +70,11 @@ std::vector<Numbers> LineOfPlanes(const Fault& planes) {
     double trend = 0;
     IntersectPlanes(DegToRad(planes.plane.dip), DegToRad(planes.plane.azimuth),
                     DegToRad(planes.line.dip), DegToRad(planes.line.azimuth), plunge, trend);
-    return plunge < 0 ? std::vector<Numbers>() : std::vector{NumbersOf(plunge, trend)};
+    std::vector<Numbers> lines;
+    if (plunge >= 0) {
+        AddNumbers(plunge, trend, lines);
+    }
+    return lines;
 }
 
 /// The lines of a derived plot that come from a row of its parent.

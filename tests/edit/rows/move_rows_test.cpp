@@ -6,6 +6,7 @@
 #include "edit/rows/move_rows.h"
 #include "edit/selection/marquee.h"
 #include "orientation/projection.h"
+#include "support/measured.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -245,10 +246,68 @@ TEST_F(MoveRows, StepsOfADegreeStopAtTheEnds) {
     };
 
     for (const auto& [row, plungeStep, trendStep, wanted, isPlane] : cases) {
-        const Attitude now =
+        const MovedAttitude now =
             NudgedOrientation({row.first, row.second}, isPlane, plungeStep, trendStep);
-        EXPECT_EQ((Pair{now.dip, now.azimuth}), wanted) << row.first << "/" << row.second;
+        EXPECT_EQ((Pair{now.whole.dip, now.whole.azimuth}), wanted)
+            << row.first << "/" << row.second;
+        EXPECT_EQ(now.measured, now.whole) << row.first << "/" << row.second;
     }
+}
+
+TEST_F(MoveRows, StepsOfADegreeKeepDecimals) {
+    const struct {
+        Attitude row;
+        int plungeStep;
+        int trendStep;
+        Attitude measured;
+        Attitude whole;
+        bool isPlane = false;
+    } cases[] = {
+        {{47.3, 218.6}, 1, 0, {48.3, 218.6}, {48, 219}},
+        {{47.3, 218.6}, -1, 2, {46.3, 220.6}, {46, 221}},
+        {{89.6, 10.5}, 1, 0, {89.6, 10.5}, {90, 10}},
+        {{0.4, 10.5}, -1, 0, {0.4, 10.5}, {0, 10}},
+        {{45.123456, 359.7}, 0, 1, {45.123456, 0.7}, {45, 1}},
+        {{45.1, 358.7}, 0, 1, {45.1, 359.7}, {45, 0}},
+        {{-1.3, 10.2}, -1, 0, {-0.3, 10.2}, {0, 190}},
+        {{-0.3, 10.2}, 1, 0, {-1.3, 10.2}, {-1, 10}},
+        {{-1.3, 10.2}, -1, 0, {-0.3, 10.2}, {0, 10}, true},
+    };
+
+    for (const auto& [row, plungeStep, trendStep, measured, whole, isPlane] : cases) {
+        const MovedAttitude now = NudgedOrientation(row, isPlane, plungeStep, trendStep);
+        EXPECT_EQ(now.measured, measured) << row.dip << "/" << row.azimuth;
+        EXPECT_EQ(now.whole, whole) << row.dip << "/" << row.azimuth;
+    }
+}
+
+TEST_F(MoveRows, RowsWithDecimalsReturnFromAMoveThereAndBack) {
+    const std::vector<Attitude> rows = RandomAttitudes(200, 20, 5);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        AddRow(0, 0);
+        Measure(gActivePlot, RowAngles::Primary, static_cast<std::int32_t>(i) + 1, rows[i], false);
+    }
+    RebuildRowTable(gActivePlot);
+    SelectAll();
+    ASSERT_EQ(MoveSelection(31.5, -12.25), 200);
+    EXPECT_NE(MeasuredRowsOf(gActivePlot, RowAngles::Primary), rows);
+    ASSERT_EQ(MoveSelection(-31.5, 12.25), 200);
+    const std::vector<Attitude> now = MeasuredRowsOf(gActivePlot, RowAngles::Primary);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_LT(DegreesOf(AcuteAngleOf(VectorOf(now[i]), VectorOf(rows[i]))), 1e-5) << i;
+    }
+}
+
+TEST_F(MoveRows, AMoveWithinTheWholeDegreesOfARowChangesItsDecimals) {
+    AddRow(33, 77);
+    SelectAll();
+    EXPECT_EQ(MoveSelection(4, 0), 1);
+    EXPECT_EQ(Row(1), (Pair{33, 77}));
+    const Attitude now = MeasuredAttitude(ActivePlot().rows, RowAngles::Primary, 1);
+    EXPECT_NEAR(now.dip, 33, 0.5);
+    EXPECT_NE(now.dip, 33);
+    UndoLastEdit();
+    EXPECT_FALSE(HasDecimals(ActivePlot().rows, 1));
 }
 
 TEST_F(MoveRows, TheMarqueeFollowsRowsThatAreNudged) {

@@ -5,6 +5,7 @@
 #include "derive/kinematic_plots.h"
 #include "edit/selection/linked_rows.h"
 #include "edit/selection/marquee.h"
+#include "support/measured.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
 
@@ -165,6 +166,28 @@ TEST_F(LinkedRows, PairsOfPlanesAndTheirIntersectionsLightEachOther) {
     EXPECT_TRUE(RowsLinkedTo(parent, lines, Rows{1}).empty());
     SelectRows(lines, {1});
     EXPECT_EQ(LitPlaces(source).size(), 1U);
+}
+
+TEST_F(LinkedRows, AreToldApartByTheirDecimals) {
+    const int source = NewPlot();
+    ActiveRecord().PrimaryFormat = kPrimaryPlane;
+    ActiveRecord().SecondaryFormat = kSecondaryPlane;
+    ActiveRecord().DataKind = kPlanes;
+    AddFault(0, 0, 0, 0);
+    AddFault(0, 0, 0, 0);
+    testing::Measure(source, RowAngles::Primary, 1, {44.9, 90.1}, true);
+    testing::Measure(source, RowAngles::Secondary, 1, {45.3, 180.2}, true);
+    testing::Measure(source, RowAngles::Primary, 2, {45, 90}, true);
+    testing::Measure(source, RowAngles::Secondary, 2, {45.2, 180.2}, true);
+    ASSERT_TRUE(MakeIntersectionPlot());
+    const int lines = gActivePlot;
+    ASSERT_EQ(gDataDip(lines, 1), gDataDip(lines, 2)) << "the same in whole degrees";
+    ASSERT_EQ(gDataAz(lines, 1), gDataAz(lines, 2));
+    EXPECT_EQ(RowsLinkedTo(lines, source, Rows{1}), Rows{1});
+    EXPECT_EQ(RowsLinkedTo(source, lines, Rows{2}), Rows{2});
+    ClearDecimals(PlotOf(lines).rows, RowAngles::Primary, 2);
+    EXPECT_EQ(RowsLinkedTo(lines, source, Rows{2}), Rows{2})
+        << "by the whole degrees that are left";
 }
 
 TEST_F(LinkedRows, StrangersLightNothing) {

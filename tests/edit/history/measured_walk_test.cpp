@@ -1,0 +1,441 @@
+// SPDX-License-Identifier: MIT
+//
+// A random walk through edits, undo and redo, rotations, overlays and switches of what is shown,
+// with a plain model of the measured orientations kept beside the plot.
+
+#include "classify/classification.h"
+#include "core/replot.h"
+#include "derive/secondary_data.h"
+#include "edit/commands/edit_menu.h"
+#include "edit/edit_plot.h"
+#include "edit/rows/edit_rows.h"
+#include "edit/rows/move_rows.h"
+#include "input/data_rows.h"
+#include "rotation/rotate_data.h"
+#include "rotation/rotation_kernels.h"
+#include "support/measured.h"
+#include "support/trial.h"
+#include "support/turning.h"
+
+#include <array>
+#include <random>
+
+namespace quandrel {
+
+namespace {
+
+using namespace testing;
+
+/// The measured orientations of a row, by RowAngles.
+using ModelRow = std::array<Attitude, 3>;
+using Model = std::vector<ModelRow>;
+
+constexpr double kRounding = 2e-6; // degrees, of two angles that are rounded to 1e-6
+
+Attitude& At(ModelRow& row, RowAngles which) {
+    return row[static_cast<std::size_t>(which)];
+}
+
+class MeasuredWalk : public EditTest {
+protected:
+    void SetUp() override {
+        EditTest::SetUp();
+        ForgetRotation();
+    }
+
+    double Part() { return std::uniform_real_distribution<double>(0, 1)(random_); }
+
+    int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+
+    /// With 0 to 6 decimals.
+    double Angle(double most) {
+        const double unit = std::pow(10, Below(7));
+        return ToMicrodegree(std::floor(Part() * most * unit) / unit);
+    }
+
+    Attitude RandomAttitude() {
+        const double dip = Angle(90);
+        return {dip, Angle(360)};
+    }
+
+    [[nodiscard]] Plot& Here() const { return PlotOf(slot_); }
+
+    [[nodiscard]] PlotRecord& Record() const { return RecordOf(slot_); }
+
+    ModelRow& RowAt(std::int32_t row) { return model_[static_cast<std::size_t>(row) - 1]; }
+
+    void MakePlot() {
+        slot_ = NewPlot();
+        Record().PrimaryFormat = kPrimaryPlane;
+        Record().SecondaryFormat = kSecondaryLine;
+        Record().DataKind = kPlanes;
+        Record().HasAppendedLine = kTrue;
+        Record().HasAppendedNumeric = kTrue;
+        for (int row = 0; row < 12; ++row) {
+            AddParsedRow();
+        }
+        ReplotActivePlot(true);
+    }
+
+    /// Appends a main row as a load does.
+    void AddParsedRow() {
+        const ModelRow row{RandomAttitude(), RandomAttitude(), RandomAttitude()};
+        ParsedRow parsed;
+        parsed.status = LineStatus::Row;
+        parsed.isPlane = true;
+        parsed.dip = row[0].dip;
+        parsed.az = row[0].azimuth;
+        parsed.secondaryPresent = true;
+        parsed.dip2 = row[1].dip;
+        parsed.az2 = row[1].azimuth;
+        parsed.lineStatus = AppendedLineStatus::Good;
+        parsed.linePlunge = row[2].dip;
+        parsed.lineTrend = row[2].azimuth;
+        parsed.numberStatus = NumberStatus::Good;
+        parsed.number = Part() * 10;
+        RowFaults faults;
+        ASSERT_TRUE(StoreDataRow(Here(), parsed, {0, kSecondaryLine, false, false}, faults));
+        model_.push_back(row);
+    }
+
+    void ExpectModel(const std::string& after) {
+        ASSERT_EQ(static_cast<std::size_t>(Record().NumLoadedData), model_.size()) << after;
+        for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
+            for (const RowAngles which : kRowAngles) {
+                if (which == RowAngles::Secondary && row > Record().NumData) {
+                    continue; // rows of overlays have none
+                }
+                const Attitude now = MeasuredAttitude(Here().rows, which, row);
+                const Attitude wanted = At(RowAt(row), which);
+                ASSERT_LT(std::hypot(now.dip - wanted.dip, now.azimuth - wanted.azimuth), 1e-7)
+                    << after << ", row " << row << " set " << static_cast<int>(which) << ": "
+                    << now.dip << "/" << now.azimuth << " is not " << wanted.dip << "/"
+                    << wanted.azimuth;
+                ExpectWholeBeside(row, which, now);
+            }
+        }
+    }
+
+    /// The whole degrees of a row are those of its measured angles.
+    void ExpectWholeBeside(std::int32_t row, RowAngles which, const Attitude& measured) const {
+        const Attitude whole = WholeAttitude(Here().rows, which, row);
+        ASSERT_NEAR(whole.dip, measured.dip, 0.500001) << row;
+        const double turn = std::fmod(std::abs(whole.azimuth - measured.azimuth), 360);
+        const double apart = std::min(turn, 360 - turn);
+        // The ends of a level line: a line of 0.3 that points up is level the other way.
+        const bool isReversed = whole.dip == 0 && std::abs(180 - apart) <= 0.500001;
+        const bool hasAzimuth = std::abs(measured.dip) < 90 && measured.dip != 0;
+        ASSERT_TRUE(!hasAzimuth || isReversed || apart <= 0.500001)
+            << row << ": " << whole.azimuth << " " << measured.azimuth;
+    }
+
+    void SelectSome() {
+        std::vector<std::int32_t> chosen;
+        for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
+            if (Below(4) == 0) {
+                chosen.push_back(row);
+            }
+        }
+        SelectRows(slot_, chosen);
+    }
+
+    /// The row of the secondary overlay's main row, or 0: moves of the one are moves of the other.
+    [[nodiscard]] std::int32_t MainOf(std::int32_t row) const {
+        const int overlay = Record().SelectedOverlay;
+        const bool isOf =
+            overlay > 0 && OverlayOfRow(Record(), row) == overlay
+            && Record().OverlayRows[static_cast<std::size_t>(overlay)] == Record().NumData;
+        return isOf ? row - FirstRowOfOverlay(Record(), overlay) + 1 : 0;
+    }
+
+    [[nodiscard]] RowAngles ShownOf(std::int32_t row) const {
+        return Record().ShowSecondary != 0 && row <= Record().NumData ? RowAngles::Secondary
+                                                                      : RowAngles::Primary;
+    }
+
+    void TakeInModel(std::int32_t row, const Attitude& now) {
+        At(RowAt(row), ShownOf(row)) = now;
+        if (const std::int32_t main = MainOf(row); main != 0) {
+            At(RowAt(main), RowAngles::Secondary) = now;
+        }
+    }
+
+    void CutSome() {
+        SelectSome();
+        const std::vector<std::int32_t> gone = RowsToRemove(slot_, SelectedRowsOf(slot_));
+        if (static_cast<std::int32_t>(gone.size()) + 4 > Record().NumData) {
+            return;
+        }
+        EditSelection(Below(2) == 0 ? kCutItem : kDeleteItem);
+        for (auto row = gone.rbegin(); row != gone.rend(); ++row) {
+            model_.erase(model_.begin() + (*row - 1));
+        }
+    }
+
+    void NudgeSome() {
+        SelectSome();
+        const int steps = Below(5) - 2;
+        const int turn = Below(7) - 3;
+        const std::vector<std::int32_t> rows = gSelectionRows;
+        NudgeSelection(steps, turn);
+        for (const std::int32_t row : rows) {
+            Attitude now = At(RowAt(row), ShownOf(row));
+            const bool isPlane = row <= Record().NumData && Record().ShowSecondary == 0;
+            const double dip = std::abs(now.dip) + steps;
+            if (dip < 0 || dip > 90 || (steps == 0 && turn == 0)) {
+                continue;
+            }
+            const double sign = now.dip < 0 ? -1 : 1;
+            now.azimuth = turn == 0 ? now.azimuth : std::fmod(now.azimuth + turn + 360, 360);
+            if (!isPlane && sign < 0 && dip == 0) {
+                now.azimuth = std::fmod(now.azimuth + 180, 360);
+            }
+            now.dip = sign * dip;
+            TakeInModel(row, ToMicrodegree(now));
+        }
+    }
+
+    /// The line of a row on the net, as a unit vector of its lower end.
+    Vector PlottedLine(std::int32_t row, const Attitude& shown) const {
+        const bool isPole = row <= Record().NumData && Record().ShowSecondary == 0;
+        return isPole ? NormalOfPlane(shown) : VectorOf({std::abs(shown.dip), shown.azimuth});
+    }
+
+    /// A move of a line over the equal area net, by the formulas of the projection.
+    static Vector MovedOnNet(const Vector& line, double dx, double dy, bool fromPlottedPlace) {
+        constexpr double kRadius = 1000;
+        const double scale = kRadius / std::sqrt(1 + line.down);
+        double x = line.east * scale;
+        double y = line.north * scale;
+        if (fromPlottedPlace) {
+            x = std::nearbyint(x);
+            y = std::nearbyint(y);
+        }
+        x = (x + dx) / kRadius;
+        y = (y + dy) / kRadius;
+        const double square = x * x + y * y;
+        const double length = std::sqrt(2 - square);
+        return {y * length, x * length, 1 - square};
+    }
+
+    void MoveSome() {
+        SelectSome();
+        const double dx = std::round(Part() * 200 - 100) + 0.25;
+        const double dy = std::round(Part() * 200 - 100) + 0.5;
+        const std::vector<std::int32_t> rows = gSelectionRows;
+        MoveSelection(dx, dy);
+        for (const std::int32_t row : rows) {
+            const Attitude before = At(RowAt(row), ShownOf(row));
+            const Attitude now = MeasuredAttitude(Here().rows, ShownOf(row), row);
+            const Vector line = PlottedLine(row, before);
+            const Vector wanted = MovedOnNet(line, dx, dy, IsWhole(before));
+            const bool leaves = wanted.down < 0;
+            const Vector moved = PlottedLine(row, now);
+            ASSERT_LT(DegreesOf(AcuteAngleOf(moved, leaves ? line : wanted)), kRounding) << row;
+            ASSERT_TRUE(now.dip == 0 || std::signbit(now.dip) == std::signbit(before.dip)
+                        || leaves);
+            TakeInModel(row, now);
+        }
+    }
+
+    void Unfold() {
+        RotationSettings settings;
+        settings.operation = kUnfoldAboutSelected;
+        settings.inclination = std::floor(Part() * 90);
+        settings.azimuth = std::floor(Part() * 360);
+        RotationReport report;
+        const auto refusal = ApplyRotation(settings, report);
+        ASSERT_FALSE(refusal) << refusal->reason;
+        for (std::int32_t row = 1; row <= Record().NumData; ++row) {
+            const Attitude bed = At(RowAt(row), RowAngles::Primary);
+            const Attitude line = At(RowAt(row), RowAngles::Secondary);
+            double plunge = 0;
+            double trend = 0;
+            UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), DegToRad(*settings.inclination),
+                      DegToRad(*settings.azimuth), DegToRad(line.dip), DegToRad(line.azimuth),
+                      plunge, trend, kFineTolerance);
+            const Attitude now = MeasuredAttitude(Here().rows, RowAngles::Secondary, row);
+            ASSERT_LT(DegreesOf(AcuteAngleOf(VectorOf(now), LineVector(plunge, trend))), kRounding);
+            At(RowAt(row), RowAngles::Primary).dip = 0;
+            At(RowAt(row), RowAngles::Secondary) = now;
+        }
+        FollowInModel();
+    }
+
+    void TurnAll() {
+        RotationSettings settings;
+        settings.operation = kRotateAboutAxis;
+        settings.inclination = Angle(90);
+        settings.azimuth = Angle(360);
+        settings.angle = Angle(720) - 360;
+        RotationReport report;
+        ASSERT_FALSE(ApplyRotation(settings, report));
+        const Vector axis = VectorOf({*settings.inclination, *settings.azimuth});
+        for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
+            for (const RowAngles which : kRowAngles) {
+                if (row > Record().NumData && which == RowAngles::Secondary) {
+                    continue;
+                }
+                const bool isPlane = which == RowAngles::Primary && row <= Record().NumData;
+                const auto vectorOf = isPlane ? NormalOfPlane : VectorOf;
+                Attitude& before = At(RowAt(row), which);
+                const Attitude now = MeasuredAttitude(Here().rows, which, row);
+                // The overlay of the secondary data takes nothing but these along.
+                const bool stays = which == RowAngles::Line && MainOf(row) != 0;
+                const Vector wanted =
+                    TurnedAbout(vectorOf(before), axis, stays ? 0 : Radians(*settings.angle));
+                ASSERT_LT(DegreesOf(AcuteAngleOf(vectorOf(now), wanted)), kRounding)
+                    << "row " << row << " set " << static_cast<int>(which);
+                before = now;
+            }
+        }
+        FollowInModel();
+    }
+
+    /// The overlay of the secondary data shows them.
+    void FollowInModel() {
+        for (std::int32_t row = Record().NumData + 1; row <= Record().NumLoadedData; ++row) {
+            if (const std::int32_t main = MainOf(row); main != 0) {
+                At(RowAt(row), RowAngles::Primary) = At(RowAt(main), RowAngles::Secondary);
+            }
+        }
+    }
+
+    void OverlaySecondary() {
+        const bool isDown = Record().SelectedOverlay > 0;
+        if (Record().ShowSecondary != 0 || Record().OverlayRows[kOverlayCount] > 2) {
+            return;
+        }
+        SetSecondaryButton(kOverlaySecondary, !isDown);
+        if (isDown) {
+            model_.resize(static_cast<std::size_t>(Record().NumLoadedData));
+            return;
+        }
+        for (std::int32_t row = 1; row <= Record().NumData; ++row) {
+            const ModelRow main = RowAt(row);
+            model_.push_back({main[1], {}, main[2]});
+        }
+    }
+
+    /// An edit that can be undone, or none.
+    void EditOnce() {
+        switch (Below(5)) {
+        case 0:
+            CutSome();
+            break;
+        case 1:
+            NudgeSome();
+            break;
+        case 2:
+            MoveSome();
+            break;
+        case 3:
+            SelectSome();
+            ChangeSymbols({{static_cast<std::int16_t>(Below(25)), 3, 4}, {1, 2, 3}});
+            break;
+        default: {
+            const bool isRemoved =
+                Record().OverlayRows[kOverlayCount] >= 1
+                && Record().OverlayRows[kOverlayCount] != Record().SelectedOverlay;
+            RemoveOverlay();
+            if (isRemoved) {
+                model_.resize(static_cast<std::size_t>(Record().NumLoadedData));
+            }
+        }
+        }
+    }
+
+    /// A run of edits, all the way back through them and forward again.
+    void EditAndUndo(int count) {
+        ForgetUndo();
+        std::vector<Model> states = {model_};
+        for (int edit = 0; edit < count && !HasFatalFailure(); ++edit) {
+            EditOnce();
+            ExpectModel("edit");
+            const std::size_t steps = UseOfUndo().steps;
+            states.resize(std::max(states.size(), steps + 1), model_);
+            states[steps] = model_; // a nudge may have joined the last step
+        }
+        for (std::size_t state = states.size() - 1; state > 0 && !HasFatalFailure(); --state) {
+            UndoLastEdit();
+            model_ = states[state - 1];
+            ExpectModel("undo");
+        }
+        for (std::size_t state = 1; state < states.size() && !HasFatalFailure(); ++state) {
+            RedoLastEdit();
+            model_ = states[state];
+            ExpectModel("redo");
+        }
+    }
+
+    void ChangeOtherwise() {
+        switch (Below(8)) {
+        case 0:
+        case 1:
+            TurnAll();
+            break;
+        case 2: {
+            const Model before = model_;
+            if (Below(2) == 0) {
+                Unfold();
+            } else {
+                TurnAll();
+            }
+            if (!HasFatalFailure() && UndoRotation()) {
+                model_ = before;
+                ++rotationsUndone_;
+            }
+            break;
+        }
+        case 3:
+            OverlaySecondary();
+            break;
+        case 4:
+            if (Record().OverlayRows[kOverlayCount] == 0) {
+                ToggleSecondaryData();
+            }
+            break;
+        case 5:
+            SwitchDecimals();
+            break;
+        case 6:
+            ApplyClassification(Below(2) == 0 ? kClassesByNumber : kNotClassified);
+            break;
+        default:
+            while (Record().OverlayRows[kOverlayCount] == 0 && Record().NumData < 12) {
+                AddParsedRow();
+            }
+            Record().RowsChanged = kTrue;
+            ReplotActivePlot(true);
+        }
+    }
+
+    void SwitchDecimals() {
+        Record().UseDecimals = Record().UseDecimals != 0 ? std::int16_t{0} : kTrue;
+        RebuildRowTable(slot_);
+        ReplotActivePlot(true);
+    }
+
+    std::mt19937 random_{20261122};
+    int slot_ = 0;
+    Model model_;
+    int rotationsUndone_ = 0;
+};
+
+TEST_F(MeasuredWalk, CarriesTheDecimalsThroughEveryEditTrial) {
+    MakePlot();
+    ExpectModel("load");
+    const int rounds = TrialRounds(1000);
+    for (int round = 0; round < rounds && !HasFailure(); ++round) {
+        EditAndUndo(1 + Below(8));
+        if (!HasFailure()) {
+            ChangeOtherwise();
+            ExpectModel("round " + std::to_string(round));
+        }
+    }
+    EXPECT_GT(rotationsUndone_, 3);
+}
+
+} // namespace
+
+} // namespace quandrel
