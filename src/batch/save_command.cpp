@@ -31,7 +31,7 @@ std::string SaveToFile(const Command& command) {
     }
     const std::optional<std::string> degrees = command.Bare(1);
     if (degrees && *degrees != kWholeDegrees) {
-        return "'" + *degrees + "' is a word too many";
+        return "'" + *degrees + "' is one word too many";
     }
     if (degrees && HasEnding(*path, ".qpx")) {
         return "whole is for text files: a plot file has all decimals";

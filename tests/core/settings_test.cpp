@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/formulas.h"
+#include "core/new_record.h"
 #include "core/plot_store.h"
 #include "core/recent_files.h"
 #include "core/settings.h"

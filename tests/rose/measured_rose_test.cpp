@@ -9,6 +9,7 @@
 #include "rose/circular_median.h"
 #include "rose/circular_statistics.h"
 #include "rose/rose_confidence.h"
+#include "rose/rose_plot.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_reference.h"
 #include "rose/rose_sectors.h"

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "core/data_format.h"
+#include "core/plot_store.h"
 #include "orientation/attitude.h"
 
 #include <array>

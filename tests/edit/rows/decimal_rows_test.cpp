@@ -4,6 +4,7 @@
 
 #include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
+#include "edit/marks/annotations.h"
 #include "edit/rows/add_point.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/readout.h"
