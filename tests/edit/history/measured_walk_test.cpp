@@ -239,21 +239,21 @@ protected:
     }
 
     void Unfold() {
-        RotationSettings settings;
-        settings.operation = kUnfoldAboutSelected;
-        settings.inclination = std::floor(Part() * 90);
-        settings.azimuth = std::floor(Part() * 360);
+        RotationSettings turn;
+        turn.operation = kUnfoldAboutSelected;
+        turn.inclination = std::floor(Part() * 90);
+        turn.azimuth = std::floor(Part() * 360);
         RotationReport report;
-        const auto refusal = ApplyRotation(settings, report);
+        const auto refusal = ApplyRotation(turn, report);
         ASSERT_FALSE(refusal) << refusal->reason;
         for (std::int32_t row = 1; row <= Record().NumData; ++row) {
             const Attitude bed = At(RowAt(row), RowAngles::Primary);
             const Attitude line = At(RowAt(row), RowAngles::Secondary);
             double plunge = 0;
             double trend = 0;
-            UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), DegToRad(*settings.inclination),
-                      DegToRad(*settings.azimuth), DegToRad(line.dip), DegToRad(line.azimuth),
-                      plunge, trend, kFineTolerance);
+            UnfoldRow(DegToRad(bed.dip), DegToRad(bed.azimuth), DegToRad(*turn.inclination),
+                      DegToRad(*turn.azimuth), DegToRad(line.dip), DegToRad(line.azimuth), plunge,
+                      trend, kFineTolerance);
             const Attitude now = MeasuredAttitude(Here().rows, RowAngles::Secondary, row);
             ASSERT_LT(DegreesOf(AcuteAngleOf(VectorOf(now), LineVector(plunge, trend))), kRounding);
             At(RowAt(row), RowAngles::Primary).dip = 0;
@@ -263,14 +263,14 @@ protected:
     }
 
     void TurnAll() {
-        RotationSettings settings;
-        settings.operation = kRotateAboutAxis;
-        settings.inclination = Angle(90);
-        settings.azimuth = Angle(360);
-        settings.angle = Angle(720) - 360;
+        RotationSettings turn;
+        turn.operation = kRotateAboutAxis;
+        turn.inclination = Angle(90);
+        turn.azimuth = Angle(360);
+        turn.angle = Angle(720) - 360;
         RotationReport report;
-        ASSERT_FALSE(ApplyRotation(settings, report));
-        const Vector axis = VectorOf({*settings.inclination, *settings.azimuth});
+        ASSERT_FALSE(ApplyRotation(turn, report));
+        const Vector axis = VectorOf({*turn.inclination, *turn.azimuth});
         for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
             for (const RowAngles which : kRowAngles) {
                 if (row > Record().NumData && which == RowAngles::Secondary) {
@@ -283,7 +283,7 @@ protected:
                 // The overlay of the secondary data takes nothing but these along.
                 const bool stays = which == RowAngles::Line && MainOf(row) != 0;
                 const Vector wanted =
-                    TurnedAbout(vectorOf(before), axis, stays ? 0 : Radians(*settings.angle));
+                    TurnedAbout(vectorOf(before), axis, stays ? 0 : Radians(*turn.angle));
                 ASSERT_LT(DegreesOf(AcuteAngleOf(vectorOf(now), wanted)), kRounding)
                     << "row " << row << " set " << static_cast<int>(which);
                 before = now;
