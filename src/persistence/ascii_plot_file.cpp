@@ -320,8 +320,13 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     question.fileName = ProposedName(record);
     question.filter = gDataFileFilter;
     question.filterIndex = kBinaryFilter;
-    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
-    return path ? SavePlotAs(*path, kind) : SaveOutcome::Cancelled;
+    const bool hasDecimals = CountRowsWithDecimals(plot.rows, 1, record.NumData) > 0;
+    const auto answer = gPlatform.prompts->AskPlotPath(question, hasDecimals);
+    if (!answer) {
+        return SaveOutcome::Cancelled;
+    }
+    return SavePlotAs(answer->path, kind,
+                      answer->wholeDegrees ? SavedDegrees::Whole : SavedDegrees::Measured);
 }
 
 SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextContents& contents) {

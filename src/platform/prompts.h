@@ -49,6 +49,12 @@ struct PathQuestion {
     int filterIndex = 1;  ///< the pair offered first, counted from 1
 };
 
+/// Where and how to write a plot.
+struct PlotPathAnswer {
+    std::string path;
+    bool wholeDegrees = false; ///< a text has orientations in whole degrees
+};
+
 /// The data format dialog, as the caller wants it opened.
 struct FormatQuestion {
     std::string path;         ///< the file whose first lines are shown; empty shows none
@@ -97,6 +103,11 @@ public:
     /// @param text  the question, with the plot's title
     [[nodiscard]] virtual SaveAnswer AskSavePlots(const std::string& title,
                                                   const std::string& text) = 0;
+
+    /// AskSavePath for a plot. For a plot with decimals there is a box "Whole degrees", off at
+    /// first, which is about text files.
+    [[nodiscard]] virtual std::optional<PlotPathAnswer> AskPlotPath(const PathQuestion& question,
+                                                                    bool hasDecimals) = 0;
 };
 
 } // namespace quandrel

@@ -68,7 +68,8 @@ std::vector<RowAngles> AnglesIn(const RowNotation& notation) {
     return angles;
 }
 
-/// The angle in the plane from an azimuth of its strike down to a line, degrees.
+/// The angle in the plane from an azimuth of its strike down to a line,
+/// degrees.
 double AngleInPlane(const Attitude& plane, double strikeEnd, const Attitude& line) {
     const Direction l = LineToCosines(DegToRad(line.dip), DegToRad(line.azimuth));
     const double end = DegToRad(strikeEnd);
@@ -186,6 +187,22 @@ TEST_F(DecimalsInTexts, WholeDegreesAreWrittenWhereTheyAreAskedFor) {
     EXPECT_EQ(afterTitle(SavedText()), afterTitle(rounded));
 }
 
+TEST_F(DecimalsInTexts, TheSaveDialogHasABoxForWholeDegrees) {
+    Load("47.3\t218.6\n");
+    const auto saved = [this] {
+        const std::string path = (folder / "chosen.txt").string();
+        prompts.QueueSavePath(path);
+        EXPECT_EQ(SaveAsciiPlot(SaveKind::SaveAs), SaveOutcome::Saved);
+        std::ostringstream text;
+        text << std::ifstream(path, std::ios::binary).rdbuf();
+        return RowsIn(text.str());
+    };
+    EXPECT_EQ(saved(), std::vector<std::string>{"47.3\t218.6"});
+    prompts.CheckWholeDegrees();
+    EXPECT_EQ(saved(), std::vector<std::string>{"47\t219"});
+    EXPECT_EQ(saved(), std::vector<std::string>{"47.3\t218.6"}) << "for that save alone";
+}
+
 TEST_F(DecimalsInTexts, OfALoadAreToldWithItsReportAlone) {
     Load("47.3\t218.6\n45\t7\n");
     EXPECT_EQ(LastLoad().rowsWithDecimals, 1);
@@ -216,7 +233,8 @@ TEST(DecimalsText, SaysHowManyRowsHaveSome) {
     EXPECT_EQ(DecimalsText(counters, false), "1 row has decimals; Plot > Use Decimals shows it.");
     counters.hasMoreDecimals = true;
     EXPECT_EQ(DecimalsText(counters, true),
-              "1 row has decimals. Angles with more than six decimals were rounded to six.");
+              "1 row has decimals. Angles with more than six decimals were "
+              "rounded to six.");
     counters.rowsWithDecimals = 0;
     EXPECT_EQ(DecimalsText(counters, true),
               "Angles with more than six decimals were rounded to six.");

@@ -3,6 +3,7 @@
 #include "platform/scripted/scripted_prompts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quandrel {
 
@@ -92,6 +93,15 @@ std::optional<std::string> ScriptedPrompts::AskOpenPath(const PathQuestion&) {
 
 std::optional<std::string> ScriptedPrompts::AskSavePath(const PathQuestion&) {
     return TakeFirst(savePaths_);
+}
+
+std::optional<PlotPathAnswer> ScriptedPrompts::AskPlotPath(const PathQuestion& question,
+                                                           bool hasDecimals) {
+    const std::optional<std::string> path = AskSavePath(question);
+    if (!path) {
+        return std::nullopt;
+    }
+    return PlotPathAnswer{*path, hasDecimals && std::exchange(wholeDegrees_, false)};
 }
 
 std::optional<FormatAnswer> ScriptedPrompts::AskFormat(const FormatQuestion& question) {

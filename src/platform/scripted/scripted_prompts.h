@@ -48,6 +48,9 @@ public:
 
     void QueueSavePath(const std::string& path) { savePaths_.push_back(path); }
 
+    /// The next plot with decimals for which a path is asked is saved in whole degrees.
+    void CheckWholeDegrees() { wholeDegrees_ = true; }
+
     /// The next question about one of several unsaved plots must hold this text in its title, and
     /// gets this answer. An unexpected question skips the plot; in strict mode it is a problem.
     void ExpectSavePlots(const std::string& fragment, SaveAnswer answer);
@@ -71,6 +74,8 @@ public:
     [[nodiscard]] Button Ask(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskOpenPath(const PathQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskSavePath(const PathQuestion& question) override;
+    [[nodiscard]] std::optional<PlotPathAnswer> AskPlotPath(const PathQuestion& question,
+                                                            bool hasDecimals) override;
     [[nodiscard]] std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) override;
     [[nodiscard]] SaveAnswer AskSavePlots(const std::string& title,
                                           const std::string& text) override;
@@ -96,6 +101,7 @@ private:
     std::deque<Button> answers_;
     std::deque<std::string> openPaths_;
     std::deque<std::string> savePaths_;
+    bool wholeDegrees_ = false;
     std::vector<ShownBox> shown_;
     std::string problems_;
     std::function<void(const ShownBox&)> onBox_;

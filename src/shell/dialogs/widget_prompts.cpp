@@ -6,9 +6,11 @@
 #include "shell/format/frm_file_format.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -130,8 +132,9 @@ QStringList FiltersOf(const std::string& filter) {
 /// The file dialog of a question. The object names that tests use are the same on all platforms.
 class GetFile : public QFileDialog {
 public:
-    GetFile(const PathQuestion& question, QWidget* parent)
+    GetFile(const PathQuestion& question, QWidget* parent, Options further = {})
         : QFileDialog(parent, QString::fromStdString(question.title)) {
+        setOptions(options() | further);
         setObjectName("dlgGetFile");
         const QStringList filters = FiltersOf(question.filter);
         setNameFilters(filters);
@@ -180,6 +183,32 @@ std::optional<std::string> WithEnding(const std::string& path, const PathQuestio
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
                == QMessageBox::Yes;
     return mayWrite ? std::optional(whole.toStdString()) : std::nullopt;
+}
+
+/// The path to write to that the user chooses in a dialog.
+std::optional<std::string> SavePathFrom(GetFile& dialog, const PathQuestion& question) {
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The dialog adds the extension itself, so that it asks about the file that will be written.
+    const auto useEnding = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(EndingOfFilter(filter));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useEnding);
+    useEnding(dialog.selectedNameFilter());
+    dialog.selectFile(QString::fromStdString(question.fileName));
+    const std::optional<std::string> path = dialog.Path();
+    return path ? WithEnding(*path, question, dialog.selectedNameFilter(), &dialog) : path;
+}
+
+/// A box below the controls of a dialog that is not the platform's own.
+QCheckBox* AddWholeDegreesBox(GetFile& dialog) {
+    auto* box = new QCheckBox("&Whole degrees", &dialog);
+    box->setObjectName("chkWholeDegrees");
+    box->setToolTip("Text files: saves orientations rounded to whole degrees, without the "
+                    "decimals that they were measured with");
+    if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
+        grid->addWidget(box, grid->rowCount(), 1);
+    }
+    return box;
 }
 
 } // namespace
@@ -238,16 +267,27 @@ std::optional<std::string> WidgetPrompts::AskSavePath(const PathQuestion& questi
     }
     const PlainPointer pointer;
     GetFile dialog(question, Parent());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // The dialog adds the extension itself, so that it asks about the file that will be written.
-    const auto useEnding = [&dialog](const QString& filter) {
-        dialog.setDefaultSuffix(EndingOfFilter(filter));
-    };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useEnding);
-    useEnding(dialog.selectedNameFilter());
-    dialog.selectFile(QString::fromStdString(question.fileName));
-    const std::optional<std::string> path = dialog.Path();
-    return path ? WithEnding(*path, question, dialog.selectedNameFilter(), &dialog) : path;
+    return SavePathFrom(dialog, question);
+}
+
+std::optional<PlotPathAnswer> WidgetPrompts::AskPlotPath(const PathQuestion& question,
+                                                         bool hasDecimals) {
+    if (!hasDecimals) {
+        const std::optional<std::string> path = AskSavePath(question);
+        return path ? std::optional(PlotPathAnswer{*path, false}) : std::nullopt;
+    }
+    if (RefusesWhilePainting(question.title)) {
+        return std::nullopt;
+    }
+    const PlainPointer pointer;
+    // The platform's own dialog has no place for a box.
+    GetFile dialog(question, Parent(), QFileDialog::DontUseNativeDialog);
+    const QCheckBox* wholeDegrees = AddWholeDegreesBox(dialog);
+    const std::optional<std::string> path = SavePathFrom(dialog, question);
+    if (!path) {
+        return std::nullopt;
+    }
+    return PlotPathAnswer{*path, wholeDegrees->isChecked()};
 }
 
 std::optional<FormatAnswer> WidgetPrompts::AskFormat(const FormatQuestion& question) {

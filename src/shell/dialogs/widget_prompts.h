@@ -31,6 +31,8 @@ public:
     [[nodiscard]] Button Ask(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskOpenPath(const PathQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskSavePath(const PathQuestion& question) override;
+    [[nodiscard]] std::optional<PlotPathAnswer> AskPlotPath(const PathQuestion& question,
+                                                            bool hasDecimals) override;
     [[nodiscard]] std::optional<FormatAnswer> AskFormat(const FormatQuestion& question) override;
     [[nodiscard]] SaveAnswer AskSavePlots(const std::string& title,
                                           const std::string& text) override;

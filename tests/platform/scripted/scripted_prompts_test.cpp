@@ -114,6 +114,14 @@ TEST(BatchPrompts, GivePathsInTheirOrderAndThenNone) {
     EXPECT_EQ(prompts.AskOpenPath({}), "b.txt");
     EXPECT_EQ(prompts.AskOpenPath({}), std::nullopt);
     EXPECT_EQ(prompts.AskSavePath({}), std::nullopt);
+    prompts.QueueSavePath("d.txt");
+    prompts.QueueSavePath("e.txt");
+    prompts.QueueSavePath("f.txt");
+    prompts.CheckWholeDegrees();
+    EXPECT_FALSE(prompts.AskPlotPath({}, false)->wholeDegrees) << "has no such box";
+    EXPECT_TRUE(prompts.AskPlotPath({}, true)->wholeDegrees);
+    EXPECT_FALSE(prompts.AskPlotPath({}, true)->wholeDegrees);
+    EXPECT_FALSE(prompts.AskPlotPath({}, true));
 }
 
 TEST(BatchPrompts, AcceptTheFormatDialogAsItOpened) {

@@ -5,6 +5,7 @@
 #include "shell/files/frm_save_plots_dialog.h"
 #include "support/shell_test.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QFileDialog>
 #include <QLabel>
@@ -216,6 +217,36 @@ TEST_F(WidgetQuestions, ASavedFileGetsTheEndingOfItsKind) {
         question.filterIndex = filter;
         EXPECT_EQ(widgetPrompts.AskSavePath(question), (folder / expected).string());
     }
+}
+
+TEST_F(WidgetQuestions, APlotWithDecimalsMayBeSavedInWholeDegrees) {
+    PathQuestion question;
+    question.title = "Save As";
+    question.folder = folder.string();
+    question.filter = gDataFileFilter;
+    question.filterIndex = 2;
+    for (const bool whole : {false, true}) {
+        WhenShown([whole](QWidget& dialog) {
+            auto& box = ControlOf<QCheckBox>(dialog, "chkWholeDegrees");
+            EXPECT_TRUE(box.isVisible());
+            EXPECT_FALSE(box.isChecked()) << "off at first";
+            if (whole) {
+                box.click();
+            }
+            ControlOf<QLineEdit>(dialog, "fileNameEdit").setText("x");
+            QTest::keyClick(&ControlOf<QLineEdit>(dialog, "fileNameEdit"), Qt::Key_Return);
+        });
+        const std::optional<PlotPathAnswer> answer = widgetPrompts.AskPlotPath(question, true);
+        ASSERT_TRUE(answer);
+        EXPECT_EQ(answer->path, (folder / "x.txt").string());
+        EXPECT_EQ(answer->wholeDegrees, whole);
+    }
+    WhenShown([](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QCheckBox*>("chkWholeDegrees"), nullptr)
+            << "without decimals there is nothing to round";
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(widgetPrompts.AskPlotPath(question, false));
 }
 
 TEST_F(WidgetQuestions, APointInANameIsNoEnding) {
