@@ -325,8 +325,11 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     if (!answer) {
         return SaveOutcome::Cancelled;
     }
-    return SavePlotAs(answer->path, kind,
-                      answer->wholeDegrees ? SavedDegrees::Whole : SavedDegrees::Measured);
+    TextContents contents;
+    if (answer->wholeDegrees) {
+        contents.degrees = SavedDegrees::Whole;
+    }
+    return SavePlotAs(answer->path, kind, contents);
 }
 
 SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextContents& contents) {

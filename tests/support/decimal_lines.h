@@ -20,7 +20,7 @@ namespace quandrel {
 
 /// A notation for rows.
 struct RowNotation {
-    std::int16_t conventions = 1; ///< as gConventions
+    std::int16_t conventions = 1; ///< as gConventions: lines as trend, plunge from 10 on
     std::int16_t primary = kPrimaryPlane;
     std::int16_t secondary = kNoSecondary;
     bool line = false;
@@ -157,7 +157,7 @@ private:
 
     /// Writes a plane to the columns dip, direction, sense from `first` on.
     Attitude AddPlane(Fields& fields, std::size_t first) {
-        const int convention = std::abs(notation_.conventions);
+        const int convention = std::abs(notation_.conventions) % 10;
         const std::int64_t dip = Angle(0, 90);
         const std::int64_t direction = Turned(Angle(0, 360));
         const std::int64_t right = Turned(direction - 90 * kDegree);
