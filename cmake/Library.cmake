@@ -6,6 +6,7 @@ endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
 
 # Adds the library of a folder, and those that it depends on, to the list named `found`.
 function(quandrel_gather library found)
@@ -35,7 +36,7 @@ endforeach()
 set_target_properties(quandrel_archive PROPERTIES
     OUTPUT_NAME quandrel EXPORT_NAME quandrel LINKER_LANGUAGE CXX)
 target_compile_features(quandrel_archive INTERFACE cxx_std_20)
-target_link_libraries(quandrel_archive INTERFACE Threads::Threads)
+target_link_libraries(quandrel_archive INTERFACE Threads::Threads ZLIB::ZLIB)
 
 # The version of the interface, from its header.
 set(header ${PROJECT_SOURCE_DIR}/include/quandrel/version.h)

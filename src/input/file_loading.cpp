@@ -320,7 +320,7 @@ private:
             LastLoad().missingFiles = missingFiles_; // named once, with the file that names them
         }
         if (end == PassEnd::Done) {
-            ReportLoadSummary(LastLoad());
+            ReportLoadSummary(LastLoad(), record_);
         }
         if (isFirst) {
             record_.FileHeadLine = heading;

@@ -327,10 +327,10 @@ std::string LoadSummaryText(const LoadCounters& counters) {
     return text;
 }
 
-void ReportLoadSummary(const LoadCounters& counters) {
+void ReportLoadSummary(const LoadCounters& counters, const PlotRecord& record) {
     std::string text = LoadSummaryText(counters);
     if (!text.empty()) {
-        const std::string decimals = DecimalsText(counters, ActiveRecord().UseDecimals != 0);
+        const std::string decimals = DecimalsText(counters, record.UseDecimals != 0);
         text += (decimals.empty() ? "" : "\n") + decimals;
         (void)gPlatform.prompts->Ask({gCaption, text, Icon::Exclamation, Buttons::Ok});
     }

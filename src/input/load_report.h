@@ -100,8 +100,8 @@ void ReportLoadFailure(const LoadCounters& counters, const std::string& error);
 /// True when a load gave no valid row and the format has to be checked.
 [[nodiscard]] bool LoadFailed(const LoadCounters& counters);
 
-/// Shows the end-of-file report of a load into gActivePlot. A load that met no problems, from the
+/// Shows the end-of-file report of a load into a plot. A load that met no problems, from the
 /// clipboard ("PasteData") or a file, shows none, with or without decimals.
-void ReportLoadSummary(const LoadCounters& counters);
+void ReportLoadSummary(const LoadCounters& counters, const PlotRecord& record);
 
 } // namespace quandrel

@@ -140,7 +140,7 @@ private:
         }
         gBusy = false;
         if (end == PassEnd::Done && IsMapInfoLinked()) {
-            ReportLoadSummary(LastLoad());
+            ReportLoadSummary(LastLoad(), record_);
         }
         return end;
     }

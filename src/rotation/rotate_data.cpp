@@ -193,10 +193,13 @@ std::optional<RotationRefusal> ApplyRotation(const RotationSettings& settings,
 
 std::vector<PreviewedRow> PreviewRotation(const RotationSettings& settings) {
     std::vector<PreviewedRow> preview;
-    if (!IsOpenSlot(gActivePlot) || ActiveRecord().PlotKind == kRose || CheckRotation(settings)) {
+    if (!IsOpenSlot(gActivePlot)) {
         return preview;
     }
     const PlotRecord& record = ActiveRecord();
+    if (record.PlotKind == kRose || CheckRotation(settings)) {
+        return preview;
+    }
     const TurnedRows rows =
         TurnRows(gActivePlot, RotationOf(settings),
                  record.UseDecimals != 0 ? AngleColumns::Measured : AngleColumns::Whole);

@@ -22,7 +22,8 @@ protected:
         "format primary=line data=lines delimiter=tab; open \"FOLDER/phone.txt\"; ";
 
     static constexpr const char* kOpenFaults =
-        "format primary=plane secondary=line delimiter=tab; open \"FOLDER/faults.txt\"";
+        "format primary=plane secondary=line delimiter=tab columns=0,1,2,2,3 data=planes; "
+        "open \"FOLDER/faults.txt\"";
 
     /// The plunge of the line that is plotted for row 1, degrees.
     static double PlungeIn(const nlohmann::json& dump) {

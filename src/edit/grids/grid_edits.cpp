@@ -98,20 +98,21 @@ bool IsUp(std::int32_t point) {
 }
 
 /// Stores an edited pair, or `missing` where it is empty or bad.
-void StorePair(const EditedPair& pair, RowAngles which, std::int32_t point, Attitude missing) {
+void StorePair(Plot& plot, const EditedPair& pair, RowAngles which, std::int32_t point,
+               Attitude missing) {
     if (pair.edit == PairEdit::None) {
         return;
     }
-    PlotRows& rows = ActivePlot().rows;
     const bool isGood = pair.edit == PairEdit::Good;
-    SetWholeAttitude(rows, which, point, isGood ? pair.value.whole : missing);
-    if (isGood && pair.value.measured && !SetDecimals(rows, which, point, *pair.value.measured)) {
-        ActiveRecord().DataFull = kTrue;
+    SetWholeAttitude(plot.rows, which, point, isGood ? pair.value.whole : missing);
+    if (isGood && pair.value.measured
+        && !SetDecimals(plot.rows, which, point, *pair.value.measured)) {
+        plot.record.DataFull = kTrue;
     }
 }
 
 void StoreAppended(const RowEdit& edit, std::int32_t point) {
-    StorePair(edit.line, RowAngles::Line, point, {kInvalidAppendedLine, 0});
+    StorePair(ActivePlot(), edit.line, RowAngles::Line, point, {kInvalidAppendedLine, 0});
     if (edit.hasNumber) {
         gAppNumeric.At(gActivePlot, point) = edit.number.value_or(kInvalidNumber);
     }
@@ -143,7 +144,7 @@ void StoreOrientations(const RowEdit& edit, std::int32_t point) {
         SetMeasuredOrientation(ActivePlot(), point, edit.primary.value.whole,
                                edit.primary.value.Measured());
     }
-    StorePair(edit.secondary, RowAngles::Secondary, point, {kErrorRow, kErrorRow});
+    StorePair(ActivePlot(), edit.secondary, RowAngles::Secondary, point, {kErrorRow, kErrorRow});
     if (gDataDip(gActivePlot, point) == kErrorRow) {
         return;
     }
@@ -182,26 +183,27 @@ void ApplyRow(const DataGrid& grid, std::size_t row, std::int32_t point, GridEdi
     StoreAppended(edit, point);
 }
 
-DegreesByHand RowByHand(const KeptAttitude& row) {
+DegreesByHand RowByHand(const KeptAttitude& row, const PlotRecord& record) {
     const Attitude measured = row.Measured();
-    return {measured.dip, measured.azimuth, ActiveRecord().PrimaryFormat == kPrimaryPlane};
+    return {measured.dip, measured.azimuth, record.PrimaryFormat == kPrimaryPlane};
 }
 
 /// Adds the new rows of a grid, with their appended values. Rows without an orientation, and rows
 /// that the user declines, are dropped.
 void AddNewRows(const DataGrid& grid, GridEditReport& report) {
+    Plot& plot = ActivePlot();
     for (const std::size_t row : grid.EditedRows()) {
         if (!grid.IsNew(row)) {
             continue;
         }
-        const RowEdit edit = ReadEdit(grid, row, ActiveRecord());
+        const RowEdit edit = ReadEdit(grid, row, plot.record);
         if (edit.primary.edit != PairEdit::Good || edit.secondary.edit == PairEdit::Bad
-            || !MayAddRow() || !StoreRowByHand(RowByHand(edit.primary.value))) {
+            || !MayAddRow() || !StoreRowByHand(RowByHand(edit.primary.value, plot.record))) {
             continue;
         }
         ++report.added;
-        const std::int32_t point = ActiveRecord().NumLoadedData;
-        if (point == ActiveRecord().NumData && GrowColumns(ActivePlot())) {
+        const std::int32_t point = plot.record.NumLoadedData;
+        if (point == plot.record.NumData && GrowColumns(plot)) {
             RowEdit rest = edit;
             rest.primary = {};
             StoreOrientations(rest, point);
