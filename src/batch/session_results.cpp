@@ -170,7 +170,7 @@ std::string BatchSession::Stats(const Command& command) {
     const std::string text = StatisticsText(kind);
     if (const LoadCounters* load = LoadOf(ActivePlot());
         load != nullptr && ActiveRecord().NumFiles > 0) {
-        *answers_ << LoadText(*load) << '\n';
+        *answers_ << LoadText(*load, ActiveRecord()) << '\n';
     }
     *answers_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData)
                                : text)

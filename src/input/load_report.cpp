@@ -289,6 +289,11 @@ std::string LoadText(const LoadCounters& counters) {
            + std::to_string(counters.invalidLines) + " invalid.";
 }
 
+std::string LoadText(const LoadCounters& counters, const PlotRecord& record) {
+    const std::string decimals = DecimalsText(counters, record.UseDecimals != 0);
+    return LoadText(counters) + (decimals.empty() ? "" : " ") + decimals;
+}
+
 bool LoadFailed(const LoadCounters& counters) {
     return counters.rowsValid == 0 && !counters.outOfMemory;
 }

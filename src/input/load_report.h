@@ -97,6 +97,9 @@ void ReportLoadFailure(const LoadCounters& counters, const std::string& error);
 /// invalid."
 [[nodiscard]] std::string LoadText(const LoadCounters& counters);
 
+/// The same of a load into a plot, followed by DecimalsText.
+[[nodiscard]] std::string LoadText(const LoadCounters& counters, const PlotRecord& record);
+
 /// True when a load gave no valid row and the format has to be checked.
 [[nodiscard]] bool LoadFailed(const LoadCounters& counters);
 

@@ -2,6 +2,7 @@
 
 #include "mapinfo/table_paste.h"
 
+#include "core/measured_rows.h"
 #include "core/messages.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
@@ -139,6 +140,8 @@ private:
             ReportLoadFailure(LastLoad(), error.what());
         }
         gBusy = false;
+        LastLoad().rowsWithDecimals =
+            CountRowsWithDecimals(plot_.rows, before_.counts.all + 1, record_.NumLoadedData);
         if (end == PassEnd::Done && IsMapInfoLinked()) {
             ReportLoadSummary(LastLoad(), record_);
         }

@@ -113,10 +113,25 @@ std::string AzimuthText(std::string_view azimuth, AzimuthNotation notation) {
                                                   : PadAzimuth(azimuth);
 }
 
+// 0 to 360, of a dip direction in degrees.
+double RightHandStrike(double dipDirection) {
+    return WrappedDegrees(WrappedDegrees(dipDirection) - 90);
+}
+
 bool HasSense(const OrientationOptions& options) {
     return options.kind == OrientationKind::kPlane
            && (options.planeConvention == kStrikeDipSenseConvention
                || options.planeConvention == kDipSenseStrikeConvention);
+}
+
+// An azimuth strike with as many decimals as the text of its dip direction has.
+std::string StrikeWithDecimals(std::string_view dipDirection, std::size_t decimals) {
+    double strike = RightHandStrike(ParseNumber(dipDirection));
+    const double unit = std::pow(10.0, static_cast<double>(decimals));
+    if (RoundToEven(strike * unit) == 0) {
+        strike = kFullTurn;
+    }
+    return FormatNumber(strike, "000." + std::string(decimals, '0'));
 }
 
 OrientationFields SplitPlane(std::string_view dip, std::string_view dipDirection,
@@ -124,6 +139,10 @@ OrientationFields SplitPlane(std::string_view dip, std::string_view dipDirection
     std::string strike;
     std::string sense;
     DipDirToStrikeQuadrant(dipDirection, strike, sense, options.notation);
+    const std::size_t point = WithoutBlanks(dipDirection).find('.');
+    if (options.notation == AzimuthNotation::kAzimuth && point != std::string_view::npos) {
+        strike = StrikeWithDecimals(dipDirection, WithoutBlanks(dipDirection).size() - point - 1);
+    }
     switch (options.planeConvention) {
     case 2:
         return {AzimuthText(dipDirection, options.notation), std::string(dip), {}};
@@ -342,7 +361,7 @@ void DipDirToStrikeQuadrant(std::string_view dipDirection, std::string& strike, 
         return;
     }
     const double a = WrappedDegrees(ParseNumber(dipDirection));
-    const double strikeDegrees = WrappedDegrees(a - 90);
+    const double strikeDegrees = RightHandStrike(a);
     if (notation == AzimuthNotation::kAzimuth) {
         strike = FormatNumber(strikeDegrees, "000");
         strike = strike == "000" ? "360" : strike;

@@ -162,7 +162,7 @@ void DipDirToStrikeQuadrant(std::string_view dipDirection, std::string& strike, 
 
 // Pairs.
 
-/// The values of a pair in the written order.
+/// The values of a pair in the written order. A strike has as many decimals as its dip direction.
 ///
 /// @param first    dip or plunge in degrees, written unchanged; the azimuth of a direction
 /// @param second   dip direction or trend in degrees. When it is empty, only the first is written,

@@ -136,7 +136,9 @@ std::string MeanLines(const Plot& plot, Formulas formulas) {
     if (!HasCircularStatistics(plot.record)) {
         return {};
     }
-    return ResultLine("Mean Resultant dir'n  = ", CircularTextsOf(plot, formulas).wholeMean)
+    const CircularTexts texts = CircularTextsOf(plot, formulas);
+    return ResultLine("Mean Resultant dir'n  = ",
+                      plot.record.UseDecimals != 0 ? texts.fineMean : texts.wholeMean)
            + ConfidenceLines(plot, formulas);
 }
 

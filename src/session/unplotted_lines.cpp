@@ -84,8 +84,7 @@ std::string OpeningText() {
     if (load == nullptr) {
         return {};
     }
-    const std::string decimals = DecimalsText(*load, ActiveRecord().UseDecimals != 0);
-    return LoadText(*load) + (decimals.empty() ? "" : " ") + decimals;
+    return LoadText(*load, ActiveRecord());
 }
 
 } // namespace quandrel

@@ -22,12 +22,12 @@ constexpr std::size_t kPrincipalAxis = 3;
 constexpr const char* kNoCone =
     "none, for the data are not symmetric about their principal axis, or too few";
 
-std::string DegreesText(double radians) {
+std::string ShortDegrees(double radians) {
     return FormatNumber(RadToDeg(radians), "0.00");
 }
 
 std::string AngleText(const std::optional<double>& angle) {
-    return angle ? DegreesText(*angle) : kNoCone;
+    return angle ? ShortDegrees(*angle) : kNoCone;
 }
 
 } // namespace
@@ -51,8 +51,8 @@ std::string ConfidenceConeText() {
         return name + angle;
     }
     const AxisLine axis = FabricAxis(record, kPrincipalAxis);
-    const std::string text = name + "axis " + DegreesText(axis.plunge) + " - "
-                             + DegreesText(axis.trend) + " (plunge - trend), semi-angle " + angle;
+    const std::string text = name + "axis " + ShortDegrees(axis.plunge) + " - "
+                             + ShortDegrees(axis.trend) + " (plunge - trend), semi-angle " + angle;
     PlotRecord textbook;
     SetCountOfValid(textbook, record.NumValidData);
     textbook.FabricValueC = StandardErrorOfActivePlot(Formulas::Textbook);

@@ -30,7 +30,7 @@ OrientationOptions OptionsInForce(OrientationKind kind) {
 
 std::string TextOfPair(double first, double azimuth, const OrientationOptions& options,
                        int decimals = 0) {
-    return OrientationText(DegreesText(first, decimals), AzimuthDegreesText(azimuth, decimals),
+    return OrientationText(TextOfAngle(first, decimals), TextOfAzimuth(azimuth, decimals),
                            options);
 }
 
@@ -40,17 +40,17 @@ int DecimalsShown(const PlotRecord& record) {
     return record.UseDecimals != 0 ? 1 : 0;
 }
 
-std::string DegreesText(double radians, int decimals) {
+std::string TextOfAngle(double radians, int decimals) {
     return decimals == 0 ? RadToDegText(radians) : FormatNumber(RadToDeg(radians), "0.0");
 }
 
-std::string AzimuthDegreesText(double azimuth, int decimals) {
-    const std::string degrees = DegreesText(azimuth, decimals);
-    return degrees.starts_with("360") ? DegreesText(0, decimals) : degrees;
+std::string TextOfAzimuth(double azimuth, int decimals) {
+    const std::string degrees = TextOfAngle(azimuth, decimals);
+    return degrees.starts_with("360") ? TextOfAngle(0, decimals) : degrees;
 }
 
 std::string WholeAzimuthText(double azimuth) {
-    return AzimuthDegreesText(azimuth, 0);
+    return TextOfAzimuth(azimuth, 0);
 }
 
 void SettleForPrint(int decimals, double& plunge, double& trend) {

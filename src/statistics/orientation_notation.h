@@ -22,10 +22,10 @@ void SettleForPrint(int decimals, double& plunge, double& trend);
 [[nodiscard]] int DecimalsShown(const PlotRecord& record);
 
 /// Degrees of an angle in radians with 0 or 1 decimals.
-[[nodiscard]] std::string DegreesText(double radians, int decimals);
+[[nodiscard]] std::string TextOfAngle(double radians, int decimals);
 
 /// The same of a trend or dip direction from 0 to kTwoPi: a value that rounds to 360 is north.
-[[nodiscard]] std::string AzimuthDegreesText(double azimuth, int decimals);
+[[nodiscard]] std::string TextOfAzimuth(double azimuth, int decimals);
 
 /// The whole degrees of a trend or dip direction from 0 to kTwoPi, as plain digits: a value that
 /// rounds to 360 is north, "0".

@@ -46,11 +46,11 @@ std::string FixedDegrees(double radians) {
 }
 
 std::string TenthOfDegree(double radians) {
-    return DegreesText(radians, 1);
+    return TextOfAngle(radians, 1);
 }
 
 std::string TenthOfAzimuth(double radians) {
-    return AzimuthDegreesText(radians, 1);
+    return TextOfAzimuth(radians, 1);
 }
 
 /// The formats of the normal text.

@@ -122,6 +122,7 @@ TEST_F(TablePaste, KeepsTheDecimalsOfRowsThatHaveThem) {
     EXPECT_NEAR(measured.azimuth, 218.654321, 1e-7);
     EXPECT_EQ(gDataDip(slot, 2), 47);
     EXPECT_EQ(gDataAz(slot, 2), 219);
+    EXPECT_EQ(LastLoad().rowsWithDecimals, 1);
     SelectRows(slot, {1});
     RemoveSelectedRows(kDeleteEdit);
     EXPECT_EQ(MeasuredAttitude(rows, RowAngles::Primary, 1), measured);

@@ -477,6 +477,22 @@ TEST(OrientationText, WritesALoneValuePadded) {
     EXPECT_EQ(OrientationText("7", "", options), "N7E");
 }
 
+TEST(OrientationText, AStrikeHasTheDecimalsOfItsDipDirection) {
+    OrientationOptions options;
+    options.kind = OrientationKind::kPlane;
+    options.planeConvention = 3;
+    EXPECT_EQ(OrientationText("47.3", "218.6", options), "128.6/47.3S");
+    EXPECT_EQ(OrientationText("47.25", "30.05", options), "300.05/47.25N");
+    EXPECT_EQ(OrientationText("47.0", "90.0", options), "360.0/47.0E");
+    options.planeConvention = 5;
+    EXPECT_EQ(OrientationText("5.5", "97.5", options), "5.5/007.5");
+    options.notation = AzimuthNotation::kQuadrant;
+    EXPECT_EQ(OrientationText("5.5", "97.5", options), "5.5/N7.5E");
+    options.planeConvention = 6;
+    options.notation = AzimuthNotation::kAzimuth;
+    EXPECT_EQ(OrientationText("5", "97", options), "007/5");
+}
+
 TEST(SplitOrientation, GivesEveryValueAFieldOfItsOwn) {
     OrientationOptions options;
     options.kind = OrientationKind::kPlane;

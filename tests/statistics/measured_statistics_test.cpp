@@ -172,12 +172,12 @@ TEST_F(MeasuredStatistics, AxesOfOneKindCountAsMeasured) {
               "principal axis 20-131");
 }
 
-TEST(DegreesText, OfOneDecimalWrapsAtNorth) {
-    EXPECT_EQ(DegreesText(Radians(47.26), 1), "47.3");
-    EXPECT_EQ(DegreesText(Radians(47.26), 0), "47");
-    EXPECT_EQ(AzimuthDegreesText(Radians(359.96), 1), "0.0");
-    EXPECT_EQ(AzimuthDegreesText(Radians(359.94), 1), "359.9");
-    EXPECT_EQ(AzimuthDegreesText(Radians(359.6), 0), "0");
+TEST(TextOfAngle, OfOneDecimalWrapsAtNorth) {
+    EXPECT_EQ(TextOfAngle(Radians(47.26), 1), "47.3");
+    EXPECT_EQ(TextOfAngle(Radians(47.26), 0), "47");
+    EXPECT_EQ(TextOfAzimuth(Radians(359.96), 1), "0.0");
+    EXPECT_EQ(TextOfAzimuth(Radians(359.94), 1), "359.9");
+    EXPECT_EQ(TextOfAzimuth(Radians(359.6), 0), "0");
 }
 
 } // namespace

@@ -93,9 +93,9 @@ bool PressSmallCircle(double x, double y) {
     pick.isDragging = true;
     pick.axis = LineOn(slot, x, y);
     const int decimals = DecimalsShown(RecordOf(slot));
-    circle.AxisPl = DegreesText(pick.axis.plunge, decimals);
-    circle.AxisAz = AzimuthDegreesText(pick.axis.trend, decimals);
-    circle.Angle = DegreesText(0, decimals);
+    circle.AxisPl = TextOfAngle(pick.axis.plunge, decimals);
+    circle.AxisAz = TextOfAzimuth(pick.axis.trend, decimals);
+    circle.Angle = TextOfAngle(0, decimals);
     if (circle.Visible != 0) {
         RedrawPlot(slot); // the old circle disappears; the new one is drawn above the picture
     }
@@ -112,7 +112,7 @@ void DragSmallCircle(double x, double y) {
     const NetLine line = LineOn(slot, x, y);
     double angle = 0;
     AngleBetweenLines(axis.plunge, axis.trend, line.plunge, line.trend, angle, LineAngle::kAcute);
-    circle->Angle = DegreesText(angle, DecimalsShown(RecordOf(slot)));
+    circle->Angle = TextOfAngle(angle, DecimalsShown(RecordOf(slot)));
 }
 
 void ReleaseSmallCircle(double x, double y) {

@@ -99,7 +99,7 @@ std::string RoseReadout(const PlotRecord& record, double x, double y) {
     }
     const double direction = AzimuthBetweenPoints(0, 0, x, y);
     const double azimuth = RadToDeg(direction);
-    const std::string degrees = AzimuthDegreesText(direction, DecimalsShown(record));
+    const std::string degrees = TextOfAzimuth(direction, DecimalsShown(record));
     const std::string text =
         gConventions < 0 ? AzimuthToQuadrant(std::string_view(degrees)) : PadAzimuth(degrees);
     const SectorLayout layout = LayoutOfRose(record);
