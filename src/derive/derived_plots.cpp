@@ -101,13 +101,14 @@ void PrepareDerivedPlot(PlotRecord& record, std::int16_t dataKind, const std::st
 bool StoreDerivedLine(int slot, double plunge, double trend, const std::string& source) {
     ParsedRow line;
     line.status = LineStatus::Row;
-    line.dip = RoundToEven(RadToDeg(plunge));
-    line.az = std::fmod(RoundToEven(RadToDeg(trend)), 360);
+    const Attitude kept = MeasuredLine(plunge, trend);
+    line.dip = WholeDegree(kept.dip);
+    line.az = WholeDegree(kept.azimuth) % 360;
     line.text.View(source);
     line.textStatus = TextStatus::Good;
     MeasuredValues measured;
     if (plunge != kNoAnswerPlunge) {
-        measured[static_cast<std::size_t>(RowAngles::Primary)] = MeasuredLine(plunge, trend);
+        measured[static_cast<std::size_t>(RowAngles::Primary)] = kept;
     }
     return StoreMeasuredRow(PlotOf(slot), line, measured, RowTarget{});
 }

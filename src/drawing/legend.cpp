@@ -15,6 +15,7 @@
 #include "stereo/drawable_text.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
+#include "stereo/row_sense.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
 
@@ -34,9 +35,10 @@ LegendLine TextLine(std::string text) {
 
 /// The most representative code of rows first to last: that of the first one with a symbol whose
 /// shown value has the given sign.
-SymbolCode CodeOfRows(const Plot& plot, std::int32_t first, std::int32_t last, bool upward) {
+SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first, std::int32_t last,
+                      bool upward) {
     for (std::int32_t row = first; row <= last; ++row) {
-        const SymbolCode code = plot.rows.symbol(row);
+        const SymbolCode code = CodeShown(plot, styles, row);
         const double dip = OrientationShown(plot, row).dip;
         if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
             return code;
@@ -54,10 +56,10 @@ std::string NounOfRows(const PlotRecord& record) {
 }
 
 /// Samples of downward rows, of upward ones, or of both.
-void AddSignedSamples(std::vector<LegendLine>& lines, const Plot& plot, std::int32_t first,
-                      std::int32_t last, const std::string& noun) {
-    const SymbolCode down = CodeOfRows(plot, first, last, false);
-    const SymbolCode up = CodeOfRows(plot, first, last, true);
+void AddSignedSamples(std::vector<LegendLine>& lines, const Plot& plot, const Styles& styles,
+                      std::int32_t first, std::int32_t last, const std::string& noun) {
+    const SymbolCode down = CodeOfRows(plot, styles, first, last, false);
+    const SymbolCode up = CodeOfRows(plot, styles, first, last, true);
     if (down != 0) {
         lines.push_back({LegendSample::Symbol, down, up != 0 ? noun + ", 'down' plunge" : noun});
     }
@@ -67,11 +69,11 @@ void AddSignedSamples(std::vector<LegendLine>& lines, const Plot& plot, std::int
 }
 
 /// The style of rows that are drawn as great circles.
-LegendLine GreatCircleLine(const Plot& plot, std::int32_t first, std::int32_t last,
-                           std::string text) {
-    const SymbolCode down = CodeOfRows(plot, first, last, false);
-    return {LegendSample::GreatCircle, down != 0 ? down : CodeOfRows(plot, first, last, true),
-            std::move(text)};
+LegendLine GreatCircleLine(const Plot& plot, const Styles& styles, std::int32_t first,
+                           std::int32_t last, std::string text) {
+    const SymbolCode down = CodeOfRows(plot, styles, first, last, false);
+    return {LegendSample::GreatCircle,
+            down != 0 ? down : CodeOfRows(plot, styles, first, last, true), std::move(text)};
 }
 
 /// The description of an overlay: its files, or the other set of the rows, or its number.
@@ -165,7 +167,7 @@ void Legend::AddSlipLines() {
         // They are in the colour of their rows: those of the top overlay if there is one.
         const int top = record_.OverlayRows[kOverlayCount];
         const std::int32_t first = top > 0 ? FirstRowOfOverlay(record_, top) : 1;
-        const SymbolCode row = CodeOfRows(plot_, first, record_.NumLoadedData, false);
+        const SymbolCode row = CodeOfRows(plot_, styles_, first, record_.NumLoadedData, false);
         lines_.push_back({LegendSample::Line, MakeSymbolCode(CodeColour(row), 0, 1),
                           "Slip lines, sense unknown"});
     }
@@ -178,10 +180,10 @@ void Legend::AddMainRows() {
         AddBetaLines(lines_, record_, styles_);
     } else if (record_.PlotSymbolMode == kGreatCircles) {
         lines_.push_back(
-            GreatCircleLine(plot_, 1, record_.NumData,
+            GreatCircleLine(plot_, styles_, 1, record_.NumData,
                             IsPlottedAsPole(record_, 0) ? "Planes" : "Planes normal to lines"));
     } else if (record_.PlotSymbolMode <= kPointSymbolsToo) {
-        AddSignedSamples(lines_, plot_, 1, record_.NumData, NounOfRows(record_));
+        AddSignedSamples(lines_, plot_, styles_, 1, record_.NumData, NounOfRows(record_));
     }
 }
 
@@ -201,9 +203,9 @@ void Legend::AddOverlays() {
         const std::int32_t last = first + record_.OverlayRows[k] - 1;
         const std::string text = TextOfOverlay(record_, k);
         if (record_.OverlayKind[k] == kOverlayGreatCircles) {
-            lines_.push_back(GreatCircleLine(plot_, first, last, text));
+            lines_.push_back(GreatCircleLine(plot_, styles_, first, last, text));
         } else {
-            AddSignedSamples(lines_, plot_, first, last, text);
+            AddSignedSamples(lines_, plot_, styles_, first, last, text);
         }
     }
 }

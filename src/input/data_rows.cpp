@@ -145,20 +145,6 @@ KeptAttitude KeptOf(const Attitude& attitude, bool isPlane) {
     return kept;
 }
 
-SymbolCode CodeOfNewRow(const Styles& styles, const PlotRecord& record, int overlay, bool upward) {
-    if (overlay > 0) {
-        const bool isPolar =
-            record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayPolarLines;
-        const int style = isPolar && upward ? overlay + 1 : overlay;
-        return CodeOfStyleRow(styles, kFirstOverlaySymbol + style % kOverlaySymbols);
-    }
-    if (!record.AxesTitle.empty()) {
-        const bool isUp = upward && record.DataKind == kPolarLines;
-        return CodeOfStyleRow(styles, isUp ? kDerivedUpSymbol : kDerivedSymbol);
-    }
-    return CodeOfStyleRow(styles, upward ? kUpRowSymbol : kRowSymbol);
-}
-
 SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward) {
     return CodeOfNewRow(gSettings.styles, record, overlay, upward);
 }

@@ -9,6 +9,7 @@
 #include "input/data_line.h"
 #include "orientation/attitude.h"
 #include "stereo/row_positions.h"
+#include "stereo/row_sense.h"
 
 #include <array>
 #include <cstdint>
@@ -76,14 +77,7 @@ struct RowForm {
 [[nodiscard]] bool StoreDataRow(Plot& plot, const ParsedRow& row, const RowTarget& target,
                                 RowFaults& faults, std::string_view line = {});
 
-/// The drawing code that a new row of a plot takes.
-///
-/// @param overlay  the overlay of the row, or 0
-/// @param upward   the row's dip or plunge is negative
-[[nodiscard]] SymbolCode CodeOfNewRow(const Styles& styles, const PlotRecord& record, int overlay,
-                                      bool upward);
-
-/// The same by the styles in force.
+/// CodeOfNewRow (stereo/row_sense.h) by the styles in force.
 [[nodiscard]] SymbolCode CodeOfNewRow(const PlotRecord& record, int overlay, bool upward);
 
 } // namespace quandrel

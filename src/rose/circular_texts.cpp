@@ -33,6 +33,7 @@ struct OwnTexts {
     std::string wholeMean;
     std::string fineMean;
     std::string doubledMean;
+    std::string fineDoubledMean;
     std::string median;
     std::string medianDeviation;
     std::string deviation;
@@ -45,13 +46,16 @@ struct OwnTexts {
 
 void WriteMeans(OwnTexts& texts, const CircularResults& results, AngleSense sense) {
     if (results.resultant[kOfAngles] == 0) {
-        texts.wholeMean = texts.fineMean = texts.doubledMean = kUndetermined;
+        texts.wholeMean = texts.fineMean = kUndetermined;
+        texts.doubledMean = texts.fineDoubledMean = kUndetermined;
         return;
     }
     const double mean = results.meanDirection[kOfAngles];
     texts.wholeMean = WholeAzimuthOf(mean, sense);
     texts.fineMean = FineAzimuthOf(mean, sense);
-    texts.doubledMean = RadToAzimuthText(WrappedAngle(2 * mean));
+    const double doubled = WrappedAngle(2 * mean);
+    texts.doubledMean = RadToAzimuthText(doubled);
+    texts.fineDoubledMean = FineAzimuthOf(doubled, AngleSense::kDirected);
 }
 
 /// Without a resultant the circle cannot be cut, nor a median chosen among several.
@@ -162,6 +166,7 @@ CircularTexts CircularTextsOf(const Plot& plot, Formulas formulas) {
     return {{printed.wholeMean, textbook.wholeMean},
             {printed.fineMean, textbook.fineMean},
             {printed.doubledMean, textbook.doubledMean},
+            {printed.fineDoubledMean, textbook.fineDoubledMean},
             {printed.median, textbook.median},
             {printed.medianDeviation, textbook.medianDeviation},
             {printed.deviation, textbook.deviation},

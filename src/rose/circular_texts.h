@@ -15,7 +15,8 @@ namespace quandrel {
 struct CircularTexts {
     PrintedResult wholeMean; ///< "050-230": whole degrees, of axial data both ends
     PrintedResult fineMean;  ///< "050.0 - 230.0"
-    PrintedResult doubledMean;
+    PrintedResult doubledMean;     ///< "100": whole degrees
+    PrintedResult fineDoubledMean; ///< "100.0"
     PrintedResult median;          ///< as fineMean
     PrintedResult medianDeviation; ///< about the median
     PrintedResult deviation;

@@ -198,7 +198,8 @@ std::string ResultantLines(const PlotRecord& record, const CircularTexts& texts)
     lines += PairLine("'Full' trig. sums: SumCos = ", weight * cosine, weight * sine);
     if (IsAxial(record)) {
         lines += Line("Mean resultant of doubled angles = ", length, kFourDecimals)
-                 + ResultLine("Mean direction of doubled angles = ", texts.doubledMean);
+                 + ResultLine("Mean direction of doubled angles = ",
+                              record.UseDecimals != 0 ? texts.fineDoubledMean : texts.doubledMean);
     }
     return lines;
 }

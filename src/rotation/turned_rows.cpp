@@ -88,7 +88,8 @@ public:
 private:
     [[nodiscard]] double Degrees(double radians) const {
         const double degrees = RadToDeg(radians);
-        return columns_ == AngleColumns::Whole ? RoundToEven(degrees) : ToMicrodegree(degrees);
+        const double measured = ToMicrodegree(degrees);
+        return columns_ == AngleColumns::Whole ? RoundToEven(measured) : measured;
     }
 
     /// From 0 to less than 360.

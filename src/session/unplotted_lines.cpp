@@ -2,6 +2,7 @@
 
 #include "session/unplotted_lines.h"
 
+#include "core/measured_rows.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "input/load_report.h"
@@ -46,7 +47,7 @@ std::string ErrorLinesText() {
     std::sort(ordered.begin(), ordered.end());
     std::string text;
     if (const LoadCounters* load = LoadOf(ActivePlot())) {
-        text = LoadText(*load) + "\n\n";
+        text = LoadText(*load, ActiveRecord()) + "\n\n";
     }
     text += "row\tline\n";
     for (const auto& [row, line] : ordered) {
@@ -77,14 +78,20 @@ std::string OpeningText() {
     if (!gSettings.files.recent.empty() && gSettings.files.recent.front() == workspace.path) {
         return TextOfOpening(workspace);
     }
-    if (!IsOpenSlot(gActivePlot) || ActiveRecord().NumFiles == 0) {
+    if (!IsOpenSlot(gActivePlot)) {
         return {};
     }
-    const LoadCounters* load = LoadOf(ActivePlot());
-    if (load == nullptr) {
+    const Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
+    if (record.NumFiles == 0) {
         return {};
     }
-    return LoadText(*load, ActiveRecord());
+    if (const LoadCounters* load = LoadOf(plot)) {
+        return LoadText(*load, record);
+    }
+    LoadCounters ofPlotFile;
+    ofPlotFile.rowsWithDecimals = CountRowsWithDecimals(plot.rows, 1, record.NumLoadedData);
+    return DecimalsText(ofPlotFile, record.UseDecimals != 0);
 }
 
 } // namespace quandrel

@@ -7,6 +7,7 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/great_circles.h"
+#include "stereo/row_sense.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
 
@@ -67,7 +68,7 @@ struct StyledRow {
 };
 
 SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index, RowStyle style) {
-    const SymbolCode own = plot.rows.symbol(index);
+    const SymbolCode own = CodeShown(plot, styles, index);
     if (style == RowStyle::Own || CodeSymbol(own) == kNoSymbol) {
         return own;
     }

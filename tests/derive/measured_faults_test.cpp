@@ -5,6 +5,7 @@
 #include "derive/intersection_lines.h"
 #include "derive/kinematic_plots.h"
 #include "derive/secondary_data.h"
+#include "stereo/row_sense.h"
 #include "support/measured.h"
 
 namespace quandrel {
@@ -193,7 +194,7 @@ TEST_F(MeasuredFaults, HaveArrowsOfWholeDegreesUntilThePlotUsesDecimals) {
     EXPECT_NEAR(SlipArrowAngle(PlotOf(slot), 1), ofWhole, 0.05);
 }
 
-TEST_F(MeasuredFaults, HaveTheSymbolsOfTheirWholeDegrees) {
+TEST_F(MeasuredFaults, KeepTheSymbolsOfTheirWholeDegreesAndAreDrawnByTheirSense) {
     const int slot = NewMeasured({{60, 90}, {60, 90}}, {{-0.3, 100.2}, {-0.8, 100.2}});
     RecordOf(slot).UseDecimals = kTrue;
     gActivePlot = slot;
@@ -201,6 +202,13 @@ TEST_F(MeasuredFaults, HaveTheSymbolsOfTheirWholeDegrees) {
     ASSERT_LT(OrientationShown(slot, 1).dip, 0);
     EXPECT_EQ(gDataSymbol(slot, 1), CodeOfStyleRow(kRowSymbol)) << "level in whole degrees";
     EXPECT_EQ(gDataSymbol(slot, 2), CodeOfStyleRow(kUpRowSymbol));
+    EXPECT_EQ(CodeShown(PlotOf(slot), gSettings.styles, 1), CodeOfStyleRow(kUpRowSymbol));
+    RecordOf(slot).UseDecimals = 0;
+    EXPECT_EQ(CodeShown(PlotOf(slot), gSettings.styles, 1), CodeOfStyleRow(kRowSymbol));
+    gDataSymbol.At(slot, 1) = CodeOfStyleRow(kFirstBandSymbol);
+    RecordOf(slot).UseDecimals = kTrue;
+    EXPECT_EQ(CodeShown(PlotOf(slot), gSettings.styles, 1), CodeOfStyleRow(kFirstBandSymbol))
+        << "a style that the user gave stays";
 }
 
 } // namespace

@@ -160,7 +160,7 @@ const Counts& MostReadersOfFocus() {
         {"edit/marks", 45}, {"edit/rows", 49},     {"edit/selection", 12}, {"input", 16},
         {"mapinfo", 25},    {"persistence", 22},   {"preferences", 10},    {"print", 6},
         {"qt", 11},         {"recovery", 10},      {"rose", 20},           {"rotation", 26},
-        {"session", 36},    {"statistics", 20},    {"stereo", 14}};
+        {"session", 35},    {"statistics", 20},    {"stereo", 14}};
     return most;
 }
 

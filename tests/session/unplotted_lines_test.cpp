@@ -62,6 +62,22 @@ TEST_F(UnplottedLines, TheOpeningOfAFileWithDecimalsSaysSo) {
                              "1 row has decimals; Plot > Use Decimals shows it.");
     ActiveRecord().UseDecimals = kTrue;
     EXPECT_TRUE(OpeningText().ends_with(" 0 invalid. 1 row has decimals."));
+    ActiveRecord().UseDecimals = 0;
+    const std::string path = (folder / "plot.qpx").string();
+    ASSERT_EQ(SavePlotAs(path, SaveKind::SaveAs), SaveOutcome::Saved);
+    ASSERT_EQ(OpenPlotFile(kNewCommand, path), kBinaryCommand);
+    EXPECT_EQ(OpeningText(), "1 row has decimals; Plot > Use Decimals shows it.");
+}
+
+TEST_F(UnplottedLines, DigitsBeyondSixDecimalsAreReportedOnce) {
+    AcceptFormat({}, 10);
+    Open("47.3\t218.6000001\n40.1234567\t200\n30\t120.00000049\n");
+    EXPECT_TRUE(LastLoad().hasMoreDecimals);
+    EXPECT_EQ(OpeningText(), "3 rows read, 3 of them data; 0 lines without data, 0 invalid. "
+                             "2 rows have decimals; Plot > Use Decimals shows them. "
+                             "Angles with more than six decimals were rounded to six.");
+    Open("47.3\t218.600000\n");
+    EXPECT_FALSE(LastLoad().hasMoreDecimals);
 }
 
 TEST_F(UnplottedLines, NameTheFilesThatAWorkspaceMisses) {

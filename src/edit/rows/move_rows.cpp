@@ -118,6 +118,11 @@ double AsItIs(double azimuth) {
     return azimuth;
 }
 
+/// The whole degree of an angle that is kept to 1e-6 degree.
+double WholeOfMeasured(double degrees) {
+    return RoundToEven(ToMicrodegree(degrees));
+}
+
 /// An orientation in both forms, with the sign of the former dip.
 ///
 /// @param now   dip 0 to 90
@@ -129,7 +134,7 @@ MovedAttitude BothForms(const Attitude& now, bool isPlane, const Attitude& forme
         return SettledUpward({former.dip < 0 ? -dip : dip, wrap(rounding(now.azimuth))}, isPlane,
                              former);
     };
-    return {rounded(RoundToEven), rounded(ToMicrodegree)};
+    return {rounded(WholeOfMeasured), rounded(ToMicrodegree)};
 }
 
 /// Where the move of a row starts.
