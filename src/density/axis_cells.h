@@ -10,6 +10,7 @@
 #pragma once
 
 #include "core/plot.h"
+#include "density/cone_tests.h"
 #include "density/ring_reach.h"
 #include "stereo/measured_line.h"
 
@@ -17,17 +18,11 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <vector>
 
 namespace quandrel {
-
-/// True when two axes are no further apart than a cone's half-angle: the rule of all counts here.
-///
-/// @param cosine  of the half-angle
-[[nodiscard]] inline bool AreWithin(const Direction& a, const Direction& b, double cosine) {
-    return std::abs(a.l * b.l + a.m * b.m + a.n * b.n) >= cosine;
-}
 
 /// Axes `first` to before `end`, by their places in the order of their cells.
 struct AxisRun {
@@ -37,13 +32,14 @@ struct AxisRun {
 
 class AxisCells {
 public:
-    /// Sorts axes. O(n); 28 bytes an axis, and up to 2 MB.
+    /// Sorts axes. O(n); 44 bytes an axis, and up to 0.5 MB.
     ///
-    /// @param lines  in either sense, at most 2^31 - 1
-    explicit AxisCells(std::span<const MeasuredLine> lines);
+    /// @param lines    in either sense, at most 2^31 - 1
+    /// @param threads  1 or more; the order does not depend on them
+    explicit AxisCells(std::span<const MeasuredLine> lines, unsigned threads = 1);
 
     /// How many axes there are.
-    [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(order_.size()); }
+    [[nodiscard]] std::int32_t Count() const { return count_; }
 
     /// How many axes lie within a cone, the bound included.
     ///
@@ -90,14 +86,22 @@ public:
 
     /// The axis at a place of the order of the cells, pointing down.
     [[nodiscard]] Direction AxisAt(std::int32_t place) const {
-        const auto i = static_cast<std::size_t>(place);
-        return {norths_[i], easts_[i], downs_[i]};
+        const SortedAxis& axis = axes_[static_cast<std::size_t>(place)];
+        return {axis.north, axis.east, axis.down};
     }
 
     /// The number of the axis at a place in the constructor's order.
     [[nodiscard]] std::int32_t NumberAt(std::int32_t place) const {
-        return order_[static_cast<std::size_t>(place)];
+        return axes_[static_cast<std::size_t>(place)].number;
     }
+
+    /// The axes in single precision, in the order of the cells. kBeyond more may be read after the
+    /// last one.
+    [[nodiscard]] AxisColumns Columns() const {
+        return {norths_.get(), easts_.get(), downs_.get()};
+    }
+
+    static constexpr std::size_t kBeyond = 16;
 
     /// Calls `visit` with the axes of cells `first` to before `end` of a ring, in one or two runs;
     /// cells may be numbered from one turn below 0 to one turn above the last.
@@ -143,12 +147,26 @@ private:
         }
     }
 
+    /// Without initial values, so that the threads that sort are the first to touch the memory.
+    struct SortedAxis {
+        double north;
+        double east;
+        double down;
+        std::int32_t number; ///< in the constructor's order
+    };
+
+    struct LineOfRing;
+
+    void SortRing(int ring, std::span<const LineOfRing> own);
+    void Store(std::int32_t place, const MeasuredLine& line, std::int32_t number);
+
     CellRings rings_;
+    std::int32_t count_;
     std::vector<std::int32_t> starts_; ///< the first axis of each cell, by ring and trend
-    std::vector<double> norths_;
-    std::vector<double> easts_;
-    std::vector<double> downs_;
-    std::vector<std::int32_t> order_; ///< the number of each axis in the constructor's order
+    std::unique_ptr<SortedAxis[]> axes_;
+    std::unique_ptr<float[]> norths_;
+    std::unique_ptr<float[]> easts_;
+    std::unique_ptr<float[]> downs_;
 };
 
 /// The measured axes of the main rows of a plot in cells, in the order of LinesOf. They are cached
