@@ -2,10 +2,16 @@
 
 #include "density/count_classes.h"
 
+#include "density/axis_list.h"
+#include "density/cell_bounds.h"
+#include "density/shared_work.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <thread>
+#include <iterator>
+#include <numeric>
+#include <span>
 
 namespace quandrel {
 
@@ -13,233 +19,225 @@ namespace {
 
 using ClassOf = std::function<std::int32_t(std::int32_t)>;
 
-/// Running totals along each ring, over one turn below and two turns above the first cell.
-class RingTotals {
-public:
-    explicit RingTotals(const AxisCells& axes)
-        : turn_(axes.Rings().Trends())
-        , totals_(static_cast<std::size_t>(axes.Rings().Rings()) * Width()) {
-        for (int ring = 0; ring < axes.Rings().Rings(); ++ring) {
-            std::int32_t* const totals = &totals_[static_cast<std::size_t>(ring) * Width()];
-            const std::int32_t first = axes.RunOf(ring, 0, 0).first;
-            const std::int32_t all = axes.RunOf(ring, 0, turn_).end - first;
-            for (int cell = 0; cell <= turn_; ++cell) {
-                const std::int32_t total = axes.RunOf(ring, cell, cell).first - first;
-                for (int turns = 0; turns < kTurns; ++turns) {
-                    totals[turns * turn_ + cell] = total + turns * all;
-                }
-            }
-        }
-    }
-
-    /// The total before a cell, -Trends to 2 Trends. Totals of consecutive cells follow one
-    /// another.
-    [[nodiscard]] const std::int32_t* Before(int ring, int cell) const {
-        return &totals_[static_cast<std::size_t>(ring) * Width()
-                        + static_cast<std::size_t>(cell + turn_)];
-    }
-
-    [[nodiscard]] int Turn() const { return turn_; }
-
-private:
-    static constexpr int kTurns = 3;
-
-    [[nodiscard]] std::size_t Width() const { return static_cast<std::size_t>(kTurns * turn_) + 1; }
-
-    int turn_;
-    std::vector<std::int32_t> totals_;
-};
-
-/// An arc of a ring relative to a cell: cells from `first` to before `end` on.
-struct RelativeArc {
+/// A cell whose counts its bounds do not settle.
+struct OpenCell {
     int ring = 0;
-    int first = 0;
-    int end = 0;
+    int cell = 0;
+    CountBounds bounds;
 };
 
-/// The arcs of a cone about any point of a cell, the same for all cells of a ring.
-struct ConesOfRing {
-    std::vector<RelativeArc> inside; ///< in every such cone
-    std::vector<RelativeArc> border; ///< in some of them, or in part
+double Component(const Direction& axis, int component) {
+    return component == 0 ? axis.l : component == 1 ? axis.m : axis.n;
+}
 
-    void Add(const CellRings& rings, const ConeReach& narrow, const ConeReach& wide, double place);
+double LengthOf(const Direction& vector) {
+    return std::sqrt(vector.l * vector.l + vector.m * vector.m + vector.n * vector.n);
+}
+
+/// Some axes that are close together, with a cone that holds them all.
+struct AxisGroup {
+    Direction middle;
+    double radius = 0; ///< radians
+    int widest = 0;    ///< the component that differs most
+    bool areEqual = true;
+
+    AxisGroup(const AxisCells& axes, std::span<const std::int32_t> places);
 };
 
-/// @param narrow,wide  the reaches of the cones less and more the radius of a cell
-/// @param place        of the middle of the arcs in cells, relative to the cell
-void ConesOfRing::Add(const CellRings& rings, const ConeReach& narrow, const ConeReach& wide,
-                      double place) {
-    int ring = wide.first;
-    for (const Reach& outer : wide.rings) {
-        const int inNarrow = ring - narrow.first;
-        const bool isInNarrow = inNarrow >= 0 && inNarrow < static_cast<int>(narrow.rings.size());
-        const double inner =
-            isInNarrow ? narrow.rings[static_cast<std::size_t>(inNarrow)].inner : -1;
-        const CellArcs arcs = ArcsOf({inner, outer.outer}, place, rings);
-        inside.push_back({ring, arcs.firstInside, arcs.endInside});
-        border.push_back({ring, arcs.first, arcs.firstInside});
-        border.push_back({ring, arcs.endInside, arcs.end});
-        ++ring;
+AxisGroup::AxisGroup(const AxisCells& axes, std::span<const std::int32_t> places) {
+    Direction low = axes.AxisAt(places.front());
+    Direction high = low;
+    for (const std::int32_t place : places) {
+        const Direction axis = axes.AxisAt(place);
+        low = {std::min(low.l, axis.l), std::min(low.m, axis.m), std::min(low.n, axis.n)};
+        high = {std::max(high.l, axis.l), std::max(high.m, axis.m), std::max(high.n, axis.n)};
     }
-    const auto isEmpty = [](const RelativeArc& arc) { return arc.first >= arc.end; };
-    std::erase_if(inside, isEmpty);
-    std::erase_if(border, isEmpty);
+    const Direction size{high.l - low.l, high.m - low.m, high.n - low.n};
+    for (int component = 1; component < 3; ++component) {
+        widest = Component(size, component) > Component(size, widest) ? component : widest;
+    }
+    areEqual = Component(size, widest) == 0;
+    const Direction sum{high.l + low.l, high.m + low.m, high.n + low.n};
+    const double length = LengthOf(sum);
+    middle = {sum.l / length, sum.m / length, sum.n / length};
+    double chord = 0;
+    for (const std::int32_t place : places) {
+        const Direction axis = axes.AxisAt(place);
+        chord =
+            std::max(chord, LengthOf({axis.l - middle.l, axis.m - middle.m, axis.n - middle.n}));
+    }
+    radius = 2 * std::asin(chord / 2);
 }
 
-ConesOfRing ConesAbout(const CellRings& rings, int ring, double halfAngle) {
-    const double plunge = rings.MiddleOf(ring);
-    const double radius = rings.RadiusOfCell(ring);
-    ConesOfRing cones;
-    ConeReach narrow;
-    ConeReach wide;
-    rings.FindNear(plunge, halfAngle + radius, wide);
-    if (halfAngle > radius) {
-        rings.FindNear(plunge, halfAngle - radius, narrow);
-    }
-    cones.Add(rings, narrow, wide, 0.5);
-    rings.FindFar(plunge, halfAngle + radius, wide);
-    narrow = {};
-    if (halfAngle > radius) {
-        rings.FindFar(plunge, halfAngle - radius, narrow);
-    }
-    cones.Add(rings, narrow, wide, 0.5 + rings.Trends() / 2.0);
-    return cones;
-}
-
-/// Adds the axes of arcs about each cell of a ring.
-void AddArcs(const RingTotals& totals, const std::vector<RelativeArc>& arcs,
-             std::vector<std::int32_t>& sums) {
-    for (const RelativeArc& arc : arcs) {
-        const std::int32_t* const upper = totals.Before(arc.ring, arc.end);
-        const std::int32_t* const lower = totals.Before(arc.ring, arc.first);
-        for (std::size_t cell = 0; cell < sums.size(); ++cell) {
-            sums[cell] += upper[cell] - lower[cell];
-        }
-    }
-}
-
-/// Finds the classes ring by ring. Threads share it.
+/// Finds the classes cell by cell. Threads share it.
 class ClassFinder {
 public:
-    ClassFinder(const AxisCells& axes, double halfAngle, const ClassOf& classOf)
+    ClassFinder(const AxisCells& axes, double halfAngle, const ClassOf& classOf, unsigned threads)
         : axes_(axes)
         , halfAngle_(halfAngle)
         , cosine_(std::cos(halfAngle))
         , classOf_(classOf)
-        , totals_(axes)
-        , rings_(static_cast<std::size_t>(axes.Rings().Rings())) {
+        , threads_(threads)
+        , cones_(static_cast<std::size_t>(axes.Rings().Rings())) {
         classes_.ofAxis.resize(static_cast<std::size_t>(axes.Count()));
     }
 
-    [[nodiscard]] CountClasses Find(unsigned threads) {
-        Share(threads, [this](int ring) { FindBounds(ring); });
-        CountDensestCell();
-        Share(threads, [this](int ring) { SettleRing(ring); });
+    [[nodiscard]] CountClasses Find() {
+        const std::vector<OpenCell> open = SettleByBounds();
+        std::vector<AxisList> borders(threads_, AxisList(axes_));
+        ShareWork(static_cast<std::int64_t>(open.size()), kCellsAtOnce, threads_,
+                  [&](unsigned thread, std::int64_t first, std::int64_t end) {
+                      for (std::int64_t i = first; i < end; ++i) {
+                          SettleCell(open[static_cast<std::size_t>(i)], borders[thread]);
+                      }
+                  });
         classes_.greatest = greatest_;
         return std::move(classes_);
     }
 
 private:
-    /// The bounds of the counts about the axes of each cell of a ring.
-    struct RingBounds {
-        std::vector<std::int32_t> least;
-        std::vector<std::int32_t> beyond; ///< how many the border may add
-    };
+    static constexpr std::int64_t kCellsAtOnce = 4;
+    static constexpr std::size_t kFewAxes = 3;    ///< fewer are counted each by itself
+    static constexpr std::size_t kManyAxes = 256; ///< so many are worth a shorter border
 
-    template <class Work>
-    void Share(unsigned threads, const Work& work) {
-        std::atomic<int> next = 0;
-        const auto takeRings = [&] {
-            for (int ring = next++; ring < axes_.Rings().Rings(); ring = next++) {
-                work(ring);
-            }
-        };
-        std::vector<std::jthread> others; // their destructors wait for them
-        for (unsigned thread = 1; thread < threads; ++thread) {
-            others.emplace_back(takeRings);
+    /// Settles the cells that need no counts and returns the others.
+    std::vector<OpenCell> SettleByBounds() {
+        const RingTotals totals(axes_, threads_);
+        std::vector<std::vector<OpenCell>> ofRings(cones_.size());
+        ShareWork(axes_.Rings().Rings(), 1, threads_,
+                  [&](unsigned, std::int64_t ring, std::int64_t) {
+                      ofRings[static_cast<std::size_t>(ring)] =
+                          SettleRing(totals, static_cast<int>(ring));
+                  });
+        std::vector<OpenCell> open;
+        for (const std::vector<OpenCell>& ofRing : ofRings) {
+            std::copy_if(ofRing.begin(), ofRing.end(), std::back_inserter(open),
+                         [this](const OpenCell& cell) { return !IsSettled(cell.bounds); });
         }
-        takeRings();
+        PutDensestFirst(open);
+        return open;
     }
 
-    void FindBounds(int ring) {
-        const AxisRun all = axes_.RunOf(ring, 0, totals_.Turn());
+    /// The greatest count is then known early, and few other cells have to be counted for it.
+    static void PutDensestFirst(std::vector<OpenCell>& open) {
+        constexpr std::ptrdiff_t kFirst = 64;
+        const auto end = open.begin() + std::min(kFirst, std::ssize(open));
+        std::partial_sort(open.begin(), end, open.end(), [](const OpenCell& a, const OpenCell& b) {
+            return a.bounds.most > b.bounds.most;
+        });
+    }
+
+    std::vector<OpenCell> SettleRing(const RingTotals& totals, int ring) {
+        std::vector<OpenCell> open;
+        const int turn = axes_.Rings().Trends();
+        const AxisRun all = axes_.RunOf(ring, 0, turn);
         if (all.first == all.end) {
-            return;
+            return open;
         }
-        RingBounds& bounds = rings_[static_cast<std::size_t>(ring)];
-        bounds.least.resize(static_cast<std::size_t>(totals_.Turn()));
-        bounds.beyond.resize(static_cast<std::size_t>(totals_.Turn()));
-        const ConesOfRing cones = ConesAbout(axes_.Rings(), ring, halfAngle_);
-        AddArcs(totals_, cones.inside, bounds.least);
-        AddArcs(totals_, cones.border, bounds.beyond);
-    }
-
-    /// Counts about the axes of the cell that promises most, for a first bound of the greatest.
-    void CountDensestCell() {
-        int densest = -1;
-        int cellOfDensest = 0;
-        std::int32_t most = -1;
-        for (int ring = 0; ring < axes_.Rings().Rings(); ++ring) {
-            const RingBounds& bounds = rings_[static_cast<std::size_t>(ring)];
-            for (std::size_t cell = 0; cell < bounds.least.size(); ++cell) {
-                const int place = static_cast<int>(cell);
-                const AxisRun run = axes_.RunOf(ring, place, place + 1);
-                const std::int32_t sum = 2 * bounds.least[cell] + bounds.beyond[cell];
-                if (run.first < run.end && sum > most) {
-                    densest = ring;
-                    cellOfDensest = place;
-                    most = sum;
-                }
-            }
-        }
-        if (densest >= 0) {
-            CountCell(ConesAbout(axes_.Rings(), densest, halfAngle_), densest, cellOfDensest);
-        }
-    }
-
-    void SettleRing(int ring) {
-        const RingBounds& bounds = rings_[static_cast<std::size_t>(ring)];
-        if (bounds.least.empty()) {
-            return;
-        }
-        const ConesOfRing cones = ConesAbout(axes_.Rings(), ring, halfAngle_);
-        for (int cell = 0; cell < totals_.Turn(); ++cell) {
+        auto& cones = cones_[static_cast<std::size_t>(ring)];
+        cones = ConesAbout(axes_.Rings(), ring, halfAngle_);
+        const std::vector<CountBounds> bounds = BoundsOfRing(totals, cones, turn);
+        for (int cell = 0; cell < turn; ++cell) {
+            const CountBounds& own = bounds[static_cast<std::size_t>(cell)];
             const AxisRun run = axes_.RunOf(ring, cell, cell + 1);
             if (run.first == run.end) {
                 continue;
             }
-            const std::int32_t least = bounds.least[static_cast<std::size_t>(cell)];
-            const std::int32_t most = least + bounds.beyond[static_cast<std::size_t>(cell)];
-            const std::int32_t lowest = classOf_(least);
-            if (most > greatest_.load() || lowest != classOf_(most)) {
-                CountCell(cones, ring, cell);
-            } else {
+            Raise(own.least);
+            const std::int32_t lowest = classOf_(own.least);
+            if (lowest == classOf_(own.most)) {
                 for (std::int32_t place = run.first; place < run.end; ++place) {
-                    classes_.ofAxis[static_cast<std::size_t>(axes_.NumberAt(place))] = lowest;
+                    Store(place, lowest);
                 }
             }
+            if (!IsSettled(own)) {
+                open.push_back({ring, cell, own});
+            }
+        }
+        return open;
+    }
+
+    void SettleCell(const OpenCell& open, AxisList& border) {
+        if (IsSettled(open.bounds)) {
+            return; // a greater count has been found
+        }
+        border.Clear(static_cast<std::size_t>(open.bounds.most - open.bounds.least));
+        for (const auto& [ring, arcs] : cones_[static_cast<std::size_t>(open.ring)]) {
+            const auto append = [&border](const AxisRun& run) { border.Append(run); };
+            axes_.VisitArc(ring, open.cell + arcs.first, open.cell + arcs.firstInside, append);
+            axes_.VisitArc(ring, open.cell + arcs.endInside, open.cell + arcs.end, append);
+        }
+        const AxisRun own = axes_.RunOf(open.ring, open.cell, open.cell + 1);
+        std::vector<std::int32_t> places(static_cast<std::size_t>(own.end - own.first));
+        std::iota(places.begin(), places.end(), own.first);
+        SettleGroup(places, border, open.bounds.least);
+    }
+
+    /// Settles some axes of a cell, by their common bounds or else each half by itself.
+    ///
+    /// @param border  the axes that may lie within cones about them
+    /// @param inside  how many other axes lie within each cone
+    void SettleGroup(std::span<std::int32_t> places, const AxisList& border, std::int32_t inside) {
+        if (places.size() < kFewAxes) {
+            CountEach(places, border, inside);
+            return;
+        }
+        const AxisGroup group(axes_, places);
+        if (group.areEqual) {
+            StoreCount(places, inside + border.CountWithin(axes_.AxisAt(places.front()), cosine_));
+            return;
+        }
+        const double inner = group.radius < halfAngle_ ? std::cos(halfAngle_ - group.radius) : 2;
+        const RoughCone cones(group.middle, inner, std::cos(halfAngle_ + group.radius));
+        CountBounds bounds = border.Count(cones);
+        bounds.least += inside;
+        bounds.most += inside;
+        if (IsSettled(bounds)) {
+            StoreAll(places, classOf_(bounds.least));
+        } else if (places.size() < kManyAxes) {
+            SettleHalves(places, group.widest, border, inside);
+        } else {
+            const AxisList shorter = border.Between(cones, inside);
+            SettleHalves(places, group.widest, shorter, inside);
         }
     }
 
-    /// Counts about each axis of a cell.
-    void CountCell(const ConesOfRing& cones, int ring, int cell) {
-        const std::int32_t inside =
-            rings_[static_cast<std::size_t>(ring)].least[static_cast<std::size_t>(cell)];
-        std::vector<AxisRun> border;
-        for (const RelativeArc& arc : cones.border) {
-            axes_.VisitArc(arc.ring, cell + arc.first, cell + arc.end,
-                           [&border](const AxisRun& run) { border.push_back(run); });
+    void SettleHalves(std::span<std::int32_t> places, int component, const AxisList& border,
+                      std::int32_t inside) {
+        const auto half = places.begin() + std::ssize(places) / 2;
+        std::nth_element(places.begin(), half, places.end(), [&](std::int32_t a, std::int32_t b) {
+            return Component(axes_.AxisAt(a), component) < Component(axes_.AxisAt(b), component);
+        });
+        SettleGroup({places.begin(), half}, border, inside);
+        SettleGroup({half, places.end()}, border, inside);
+    }
+
+    void CountEach(std::span<const std::int32_t> places, const AxisList& border,
+                   std::int32_t inside) {
+        for (const std::int32_t& place : places) {
+            StoreCount({&place, 1}, inside + border.CountWithin(axes_.AxisAt(place), cosine_));
         }
-        const AxisRun own = axes_.RunOf(ring, cell, cell + 1);
-        for (std::int32_t place = own.first; place < own.end; ++place) {
-            const Direction axis = axes_.AxisAt(place);
-            std::int32_t count = inside;
-            for (const AxisRun& run : border) {
-                count += axes_.CountInRun(run, axis, cosine_);
-            }
-            Raise(count);
-            classes_.ofAxis[static_cast<std::size_t>(axes_.NumberAt(place))] = classOf_(count);
+    }
+
+    void StoreCount(std::span<const std::int32_t> places, std::int32_t count) {
+        Raise(count);
+        StoreAll(places, classOf_(count));
+    }
+
+    void StoreAll(std::span<const std::int32_t> places, std::int32_t ofAxes) {
+        for (const std::int32_t place : places) {
+            Store(place, ofAxes);
         }
+    }
+
+    void Store(std::int32_t place, std::int32_t ofAxis) {
+        classes_.ofAxis[static_cast<std::size_t>(axes_.NumberAt(place))] = ofAxis;
+    }
+
+    /// Whether all counts between bounds have one class and none is greater than one found.
+    [[nodiscard]] bool IsSettled(const CountBounds& bounds) const {
+        return bounds.most <= greatest_.load(std::memory_order_relaxed)
+               && classOf_(bounds.least) == classOf_(bounds.most);
     }
 
     void Raise(std::int32_t count) {
@@ -252,8 +250,8 @@ private:
     double halfAngle_;
     double cosine_;
     const ClassOf& classOf_;
-    RingTotals totals_;
-    std::vector<RingBounds> rings_;
+    unsigned threads_;
+    std::vector<std::vector<ArcsOfRing>> cones_; ///< of the rings that have axes
     std::atomic<std::int32_t> greatest_ = 0;
     CountClasses classes_;
 };
@@ -262,7 +260,7 @@ private:
 
 CountClasses ClassesOfCounts(const AxisCells& axes, double halfAngle, const ClassOf& classOf,
                              unsigned threads) {
-    return ClassFinder(axes, halfAngle, classOf).Find(threads);
+    return ClassFinder(axes, halfAngle, classOf, threads).Find();
 }
 
 } // namespace quandrel

@@ -20,8 +20,9 @@ struct CountClasses {
 };
 
 /// Finds the class of the count within a cone about each axis, itself included, and the greatest
-/// count. Each cell of axes has bounds of its counts, from running totals along the rings; only in
-/// cells whose bounds differ in class, or exceed the greatest count found, are axes counted.
+/// count. Each cell of axes has bounds of its counts, from running totals along the rings. Where
+/// these differ in class, or exceed the greatest count found, groups of its axes get bounds of
+/// their own, from single axes; only in groups of which the same is true are axes counted.
 ///
 /// @param halfAngle  radians, 0 to kPi / 6
 /// @param classOf    the class of a count; must not fall as the count rises. Called by `threads`

@@ -56,6 +56,16 @@ std::vector<LineSample> Samples() {
         whole.push_back({DegToRad(degrees(random) / 9), DegToRad(4 * degrees(random))});
     }
     samples.push_back({"whole degrees with many equal ones", whole});
+    std::vector<MeasuredLine> facing =
+        LinesAbout({std::cos(kCountCone), 0, std::sin(kCountCone)}, 0.004, 1500, random);
+    const std::vector<MeasuredLine> opposite = LinesAbout({-1, 0, 0}, 0.004, 1500, random);
+    facing.insert(facing.end(), opposite.begin(), opposite.end());
+    samples.push_back({"two tight clusters as far apart as the cone is wide", facing});
+    std::vector<MeasuredLine> copies;
+    for (int i = 0; i < 3000; ++i) {
+        copies.push_back(facing[static_cast<std::size_t>(i % 40 + (i % 80 < 40 ? 0 : 1500))]);
+    }
+    samples.push_back({"copies of a few of them", copies});
     samples.push_back({"corners of the net",
                        {{kPi / 2, 0},
                         {kPi / 2, kTwoPi},
@@ -119,10 +129,10 @@ TEST(AxisCells, AnAxisOnTheBoundCounts) {
     EXPECT_EQ(cells.CountWithin({kPi / 2 - 0.2501, 1}, 0.25), 0);
 }
 
-/// Cells of half and of a quarter of a degree serve larger samples.
+/// Cells of half a degree serve larger samples.
 TEST(AxisCells, FinerCellsOfManyAxesCountTheSame) {
     std::mt19937_64 random(6);
-    for (const int count : {40'000, 310'000}) {
+    for (const int count : {40'000, 210'000}) {
         std::vector<MeasuredLine> lines = LinesAbout({0, 0, 0}, 1, count / 2, random);
         const auto more = LinesAbout({0.2, 0.3, 0.9}, 0.2, count - count / 2, random);
         lines.insert(lines.end(), more.begin(), more.end());
@@ -136,6 +146,47 @@ TEST(AxisCells, FinerCellsOfManyAxesCountTheSame) {
             cells, kCountCone, [](std::int32_t number) { return number / 500; }, 2);
         for (std::size_t i = 0; i < lines.size(); i += lines.size() / 100) {
             ASSERT_EQ(counts.ofAxis[i], CountOneByOne(axes, lines[i], kCountCone) / 500) << i;
+        }
+    }
+}
+
+TEST(AxisCells, TheOrderDoesNotDependOnThreads) {
+    std::mt19937_64 random(7);
+    std::vector<MeasuredLine> lines = LinesAbout({0, 0, 0}, 1, 8000, random);
+    const auto more = LinesAbout({0.2, 0.3, 0.9}, 0.002, 8000, random);
+    lines.insert(lines.end(), more.begin(), more.end());
+    const AxisCells one(lines);
+    std::vector<bool> isKnown(lines.size());
+    for (const unsigned threads : {2U, 3U}) {
+        const AxisCells several(lines, threads);
+        for (std::int32_t place = 0; place < one.Count(); ++place) {
+            ASSERT_EQ(several.NumberAt(place), one.NumberAt(place));
+            const auto number = static_cast<std::size_t>(one.NumberAt(place));
+            const Direction axis = AxisOf(lines[number]);
+            ASSERT_EQ(several.AxisAt(place).l, axis.l);
+            ASSERT_EQ(several.AxisAt(place).m, axis.m);
+            ASSERT_EQ(several.AxisAt(place).n, axis.n);
+            isKnown[number] = true;
+        }
+    }
+    EXPECT_EQ(std::count(isKnown.begin(), isKnown.end(), true), one.Count());
+}
+
+TEST(AxisCells, AxesOfACellKeepTheirOrder) {
+    std::mt19937_64 random(8);
+    const std::vector<MeasuredLine> lines = LinesAbout({0, 0, 0}, 1, 20'000, random);
+    const AxisCells cells(lines, 2);
+    const CellRings& rings = cells.Rings();
+    for (int ring = 0; ring < rings.Rings(); ++ring) {
+        for (int cell = 0; cell < rings.Trends(); ++cell) {
+            const AxisRun run = cells.RunOf(ring, cell, cell + 1);
+            for (std::int32_t place = run.first; place < run.end; ++place) {
+                const auto number = static_cast<std::size_t>(cells.NumberAt(place));
+                ASSERT_EQ(rings.RingOf(lines[number].plunge), ring);
+                ASSERT_EQ(rings.PlaceOf(lines[number].trend), cell);
+                ASSERT_TRUE(place == run.first
+                            || cells.NumberAt(place - 1) < cells.NumberAt(place));
+            }
         }
     }
 }
@@ -189,12 +240,14 @@ TEST(CountClasses, AreThoseOfTheCountsOfEachPair) {
 }
 
 TEST(CountClasses, EachCountCanBeAClassOfItsOwn) {
-    const LineSample sample = Samples()[1];
-    const std::vector<Direction> axes = AxesOf(sample.lines);
-    const CountClasses classes = ClassesOfCounts(
-        AxisCells(sample.lines), kCountCone, [](std::int32_t count) { return count; }, 1);
-    for (std::size_t i = 0; i < sample.lines.size(); i += 3) {
-        ASSERT_EQ(classes.ofAxis[i], CountOneByOne(axes, sample.lines[i], kCountCone)) << i;
+    for (const LineSample& sample : Samples()) {
+        const std::vector<Direction> axes = AxesOf(sample.lines);
+        const CountClasses classes = ClassesOfCounts(
+            AxisCells(sample.lines), kCountCone, [](std::int32_t count) { return count; }, 1);
+        for (std::size_t i = 0; i < sample.lines.size(); i += 3) {
+            ASSERT_EQ(classes.ofAxis[i], CountOneByOne(axes, sample.lines[i], kCountCone))
+                << sample.name << " " << i;
+        }
     }
 }
 
