@@ -13,17 +13,72 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "session/start.h"
+#include "stereo/measured_line.h"
 #include "stereo/row_positions.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <random>
 #include <vector>
 
 namespace quandrel {
 namespace {
+
+/// Distributions of axes. Each stresses another part of the counting: the counts of uniform axes
+/// all lie at the bound of two bands.
+enum class Fabric { Uniform, Cluster, Girdle, FiveClusters };
+
+double Uniform(std::mt19937_64& random) {
+    return std::uniform_real_distribution<double>(0, 1)(random);
+}
+
+/// Height above the equator of an axis of Watson's distribution, by rejection: density
+/// exp(concentration z^2). K. V. Mardia, P. E. Jupp, Directional Statistics (2000), 9.4.2.
+double DrawHeight(double concentration, std::mt19937_64& random) {
+    for (;;) {
+        const double height = Uniform(random);
+        const double exponent = concentration * height * height - std::max(concentration, 0.0);
+        if (Uniform(random) <= std::exp(exponent)) {
+            return height;
+        }
+    }
+}
+
+/// An axis near one of five directions.
+Direction DrawOfFive(std::mt19937_64& random) {
+    constexpr double kSpread = 0.05;
+    std::normal_distribution<double> normal(0, kSpread);
+    const auto cluster = static_cast<double>(random() % 5);
+    const double trend = 1.3 * cluster;
+    const double plunge = 0.3 * cluster;
+    return {std::cos(plunge) * std::cos(trend) + normal(random),
+            std::cos(plunge) * std::sin(trend) + normal(random), std::sin(plunge) + normal(random)};
+}
+
+/// Plunge and trend in degrees. The axis of clusters and girdles plunges at 30 degrees.
+Attitude DrawAxis(Fabric fabric, std::mt19937_64& random) {
+    constexpr double kConcentration = 10;
+    Direction axis;
+    if (fabric == Fabric::FiveClusters) {
+        axis = DrawOfFive(random);
+    } else {
+        const double height = DrawHeight(fabric == Fabric::Cluster  ? kConcentration
+                                         : fabric == Fabric::Girdle ? -kConcentration
+                                                                    : 0,
+                                         random);
+        const double azimuth = kTwoPi * Uniform(random);
+        const double level = std::sqrt(1 - height * height) * std::cos(azimuth);
+        axis = {std::cos(kPi / 6) * height - 0.5 * level,
+                std::sqrt(1 - height * height) * std::sin(azimuth),
+                0.5 * height + std::cos(kPi / 6) * level};
+    }
+    MeasuredLine line;
+    CosinesToLine(axis.l, axis.m, axis.n, line.plunge, line.trend);
+    return {RadToDeg(std::abs(line.plunge)), RadToDeg(line.trend)};
+}
 
 /// A plot of random lines over the whole net, sorted as a drawing leaves it.
 class PlotOfLines : public BenchEngine {
@@ -50,6 +105,22 @@ public:
             const Attitude whole{gDataDip(gActivePlot, row), gDataAz(gActivePlot, row)};
             const Attitude measured{std::clamp(whole.dip + offset(random), 0.0, 90.0),
                                     std::clamp(whole.azimuth + offset(random), 0.0, 360.0)};
+            SetMeasuredOrientation(ActivePlot(), row, whole, ToMicrodegree(measured));
+        }
+        record.UseDecimals = kTrue;
+        RebuildRowTable(gActivePlot);
+        SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(record.NumData));
+    }
+
+    /// Gives the rows the measured orientations of a fabric.
+    void MeasureFabric(Fabric fabric) const {
+        std::mt19937_64 random(3);
+        PlotRecord& record = ActiveRecord();
+        for (std::int32_t row = 1; row <= record.NumData; ++row) {
+            const Attitude measured = DrawAxis(fabric, random);
+            const Attitude whole{std::round(measured.dip), std::round(measured.azimuth)};
+            gDataDip.At(gActivePlot, row) = static_cast<std::int32_t>(whole.dip);
+            gDataAz.At(gActivePlot, row) = static_cast<std::int32_t>(whole.azimuth);
             SetMeasuredOrientation(ActivePlot(), row, whole, ToMicrodegree(measured));
         }
         record.UseDecimals = kTrue;
@@ -101,6 +172,24 @@ void PointDensitiesOfDecimals(benchmark::State& state) {
 void GridOf150OfDecimals(benchmark::State& state) {
     const PlotOfLines plot(state.range(0));
     plot.AddDecimals();
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
+        ComputeGridDensity();
+    }
+}
+
+void PointDensitiesOfFabric(benchmark::State& state) {
+    const PlotOfLines plot(1'000'000);
+    plot.MeasureFabric(static_cast<Fabric>(state.range(0)));
+    for (auto _ : state) {
+        PlotOfLines::TouchRows();
+        ComputePointDensities();
+    }
+}
+
+void GridOf150OfFabric(benchmark::State& state) {
+    const PlotOfLines plot(1'000'000);
+    plot.MeasureFabric(static_cast<Fabric>(state.range(0)));
     for (auto _ : state) {
         PlotOfLines::TouchRows();
         ComputeGridDensity();
@@ -168,11 +257,17 @@ void AllSizes(benchmark::internal::Benchmark* bench) {
     bench->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
 }
 
+void AllFabrics(benchmark::internal::Benchmark* bench) {
+    bench->DenseRange(0, static_cast<int>(Fabric::FiveClusters))->Unit(benchmark::kMillisecond);
+}
+
 BENCHMARK(PointDensities)->Apply(AllSizes);
 BENCHMARK(GridOf150)->Apply(AllSizes);
 BENCHMARK(GridOf150Again)->Apply(AllSizes);
 BENCHMARK(PointDensitiesOfDecimals)->Apply(AllSizes)->UseRealTime()->MeasureProcessCPUTime();
 BENCHMARK(GridOf150OfDecimals)->Apply(AllSizes)->UseRealTime()->MeasureProcessCPUTime();
+BENCHMARK(PointDensitiesOfFabric)->Apply(AllFabrics)->UseRealTime()->MeasureProcessCPUTime();
+BENCHMARK(GridOf150OfFabric)->Apply(AllFabrics)->UseRealTime()->MeasureProcessCPUTime();
 BENCHMARK(PointDensitiesOneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(GridOf150OneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
