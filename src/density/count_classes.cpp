@@ -98,6 +98,7 @@ public:
 private:
     static constexpr std::int64_t kCellsAtOnce = 4;
     static constexpr std::size_t kFewAxes = 3;    ///< fewer are counted each by itself
+    static constexpr std::size_t kSomeAxes = 16;  ///< more are always halved
     static constexpr std::size_t kManyAxes = 256; ///< so many are worth a shorter border
 
     /// Settles the cells that need no counts and returns the others.
@@ -194,12 +195,20 @@ private:
         bounds.most += inside;
         if (IsSettled(bounds)) {
             StoreAll(places, classOf_(bounds.least));
+        } else if (places.size() <= kSomeAxes && !AreHalvesPromising(bounds)) {
+            CountEach(places, border, inside);
         } else if (places.size() < kManyAxes) {
             SettleHalves(places, group.widest, border, inside);
         } else {
             const AxisList shorter = border.Between(cones, inside);
             SettleHalves(places, group.widest, shorter, inside);
         }
+    }
+
+    /// Bounds of half a group are closer, but seldom settle it if much closer ones would not.
+    [[nodiscard]] bool AreHalvesPromising(const CountBounds& bounds) const {
+        const std::int32_t third = (bounds.most - bounds.least) / 3;
+        return IsSettled({bounds.least + third, bounds.most - third});
     }
 
     void SettleHalves(std::span<std::int32_t> places, int component, const AxisList& border,
