@@ -58,7 +58,8 @@ Direction DrawOfFive(std::mt19937_64& random) {
             std::cos(plunge) * std::sin(trend) + normal(random), std::sin(plunge) + normal(random)};
 }
 
-/// Plunge and trend in degrees. The axis of clusters and girdles plunges at 30 degrees.
+/// Dip and dip direction in degrees of a plane, whose pole is the axis. That of clusters and
+/// girdles plunges at 60 degrees.
 Attitude DrawAxis(Fabric fabric, std::mt19937_64& random) {
     constexpr double kConcentration = 10;
     Direction axis;
@@ -77,7 +78,7 @@ Attitude DrawAxis(Fabric fabric, std::mt19937_64& random) {
     }
     MeasuredLine line;
     CosinesToLine(axis.l, axis.m, axis.n, line.plunge, line.trend);
-    return {RadToDeg(std::abs(line.plunge)), RadToDeg(line.trend)};
+    return {90 - RadToDeg(std::abs(line.plunge)), RadToDeg(WrappedAngle(line.trend + kPi))};
 }
 
 /// A plot of random lines over the whole net, sorted as a drawing leaves it.
