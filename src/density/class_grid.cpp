@@ -6,6 +6,7 @@
 #include "density/cone_counts.h"
 #include "density/grid_geometry.h"
 #include "orientation/projection.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <cmath>
@@ -72,7 +73,7 @@ LineValues ValuesOfRows(const Plot& plot) {
 class MeasuredValues {
 public:
     explicit MeasuredValues(const Plot& plot)
-        : axes_(Gather(plot, values_)) {}
+        : axes_(Gather(plot, values_), ThreadsToUse()) {}
 
     [[nodiscard]] ValueSum Within(double plunge, double trend) const {
         ValueSum total;
