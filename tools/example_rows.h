@@ -47,6 +47,13 @@ inline std::string Fixed(double value, int decimals, char decimalDelimiter = '.'
     return {buffer.data(), end};
 }
 
+/// Dip and dip direction of a plane with two decimals, as one text.
+inline std::string MeasuredPlane(const char* delimiter, const Direction& pole) {
+    const Direction down = Downward(pole);
+    const double dipDirection = std::fmod(AzimuthOf(down) + 180.0, 360.0);
+    return Fixed(90.0 - PlungeOf(down), 2) + delimiter + Fixed(dipDirection, 2);
+}
+
 /// An azimuth of three digits.
 inline std::string Padded(int azimuth) {
     return std::to_string(1000 + azimuth).substr(1);

@@ -102,6 +102,13 @@ std::string Cleavage(Random& random, std::size_t) {
     return Row("\t", {plane.dip, plane.dipDirection, Fixed(spacing, 3), bed.rock->name});
 }
 
+/// The gentle limb across its bend, measured on a model.
+std::string OutcropModel(Random& random, std::size_t index) {
+    const double step = static_cast<double>(index) + random.Uniform() / 2.0;
+    const Direction pole = Folded(kFold, {0, 0, 1}, kGentleLimb + step - 12.0);
+    return MeasuredPlane("\t", Scattered(random, pole, 0.1)) + "\n";
+}
+
 std::string BeddingAndCleavageRightHand(Random& random, std::size_t index) {
     const bool isCleavage = index % 5 > 2;
     const Bed bed = DrawBed(random);
@@ -354,9 +361,10 @@ struct Example {
     const char* head;
 };
 
-constexpr std::array<Example, 17> kExamples{{
+constexpr std::array<Example, 18> kExamples{{
     {"folded_bedding.txt", 101, 120, FoldedBedding, "dip\tdip direction\tthickness\trock type\n"},
     {"cleavage.txt", 117, 64, Cleavage, "dip\tdip direction\tspacing\trock type\n"},
+    {"outcrop_model.txt", 118, 25, OutcropModel, "dip\tdip direction\n"},
     {"bedding_cleavage_strike_rhr.csv", 102, 90, BeddingAndCleavageRightHand,
      "strike,dip,structure,rock type\n"},
     {"bedding_strike_dip_sense.txt", 103, 60, BeddingStrikeDipSense,

@@ -308,7 +308,7 @@ std::vector<std::string> ExampleCommands() {
 
 TEST_F(Batch, EveryExampleLoadsWithTheFormatThatItsPageStates) {
     const std::vector<std::string> commands = ExampleCommands();
-    EXPECT_EQ(commands.size(), 17U);
+    EXPECT_EQ(commands.size(), 18U);
     for (const std::string& command : commands) {
         const auto json = Dump(command + "\n");
         EXPECT_GE(json["load"]["rowsValid"], 20) << command;

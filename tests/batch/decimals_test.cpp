@@ -92,5 +92,16 @@ TEST_F(BatchDecimals, ADumpHasThoseOfSecondaryData) {
     EXPECT_EQ(rows["measured2"].dump(), "[[12.5,35.25],null]");
 }
 
+/// The model has the axis 14-052; the digits are those of the tutorial.
+TEST_F(BatchDecimals, OfTheExampleShowTheAxisToATenth) {
+    const std::string open = "format primary=plane delimiter=tab header=yes data=planes; "
+                             "open \"" QUANDREL_SOURCE_DIR "/examples/outcrop_model.txt\"; ";
+    const auto boxOf = [&](const char* decimals) {
+        return Dump(open + decimals)["statsNormal"].get<std::string>();
+    };
+    EXPECT_NE(boxOf("decimals off").find("Calculated beta axis: 14-052"), std::string::npos);
+    EXPECT_NE(boxOf("decimals on").find("Calculated beta axis: 14.0-051.9"), std::string::npos);
+}
+
 } // namespace
 } // namespace quandrel
