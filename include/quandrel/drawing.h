@@ -43,10 +43,11 @@ struct Drawing {
 /// Draws a plot in the styles of a first run of the program. A rose is one of frequencies, in
 /// sectors of 10 degrees.
 ///
-/// Rows are taken as PlotBytes takes them, in whole degrees. Arguments that PlotBytes does not
-/// accept, a grid size out of range and surfaces without a size throw std::invalid_argument before
-/// anything is drawn. What a surface throws passes through; the picture then ends there. Threads
-/// may draw at once, each on surfaces of its own.
+/// Rows are taken as PlotBytes takes them. They are drawn and counted in whole degrees, or as they
+/// are where Plot::usesDecimals is set. Arguments that PlotBytes does not accept, a grid size out
+/// of range and surfaces without a size throw std::invalid_argument before anything is drawn. What
+/// a surface throws passes through; the picture then ends there. Threads may draw at once, each on
+/// surfaces of its own.
 void DrawPlot(const Plot& plot, const Drawing& drawing);
 
 } // namespace quandrel::api

@@ -17,7 +17,8 @@
 //     Input from outside that may be invalid, such as the bytes of a plot file, gives a Result: a
 //     value, or a text that says why there is none.
 //   - Statistics and geometry use unrounded values. Functions that count lines in cones or azimuths
-//     in sectors (density.h, rose.h) count them at their nearest whole degrees, like the program.
+//     in sectors (density.h, rose.h) count them at their nearest whole degrees, like the program in
+//     a plot that does not use decimals.
 //
 // Example: poles of beds, the plane of their mean axis, and their density.
 //

@@ -13,9 +13,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <stdexcept>
+#include <tuple>
 
 namespace quandrel::api {
 namespace {
@@ -252,6 +254,25 @@ TEST_F(PublicDrawing, TheSettingsOfTheProgramPlayNoPart) {
     const Pair after(axes);
     EXPECT_EQ(before.net.Operations(), after.net.Operations());
     EXPECT_EQ(before.legend.Operations(), after.legend.Operations());
+}
+
+TEST_F(PublicDrawing, ShowsDecimalsWhereThePlotUsesThem) {
+    constexpr double kRadian = std::numbers::pi / 180;
+    constexpr double kPixelStep = 0.25; // markers are placed at half pixels
+    Plot plot = Striae(PlotKind::kEqualArea);
+    plot.rows.lines = {{30.4, 45.3}};
+    for (const auto& [uses, plunge, trend] : {std::tuple{false, 30.0, 45.0}, {true, 30.4, 45.3}}) {
+        plot.usesDecimals = uses;
+        const Pair found(plot);
+        const auto markers =
+            std::ranges::find(found.net.Operations(), Operation::Kind::kMarkers, &Operation::kind);
+        ASSERT_NE(markers, found.net.Operations().end());
+        ASSERT_EQ(markers->points.size(), 1U);
+        const double fromCentre = std::numbers::sqrt2 * std::sin((90 - plunge) / 2 * kRadian);
+        const Point& at = markers->points[0];
+        EXPECT_NEAR(at.x, 275 + 250 * fromCentre * std::sin(trend * kRadian), kPixelStep);
+        EXPECT_NEAR(at.y, 275 - 250 * fromCentre * std::cos(trend * kRadian), kPixelStep);
+    }
 }
 
 TEST_F(PublicDrawing, TakesTheSquareAtTheCentre) {
