@@ -17,6 +17,7 @@
 #include "platform/scripted/scripted_prompts.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
+#include "shell/dialogs/widget_prompts.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/main/commands.h"
 #include "shell/main/geol_plot_main.h"
@@ -27,10 +28,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include <iostream>
 #include <map>
@@ -279,6 +283,31 @@ void MakeEditingPictures(const QString& examples, const QString& folder, const Q
     show.Picture(*form.picStereoArea, "small_circle_on_net");
 }
 
+/// The dialog that saves a plot with decimals, in an empty folder that the picture names.
+void MakeSavePicture(Show& show) {
+    const QString folder = "survey";
+    if (!QDir::temp().mkdir(folder)) {
+        std::cerr << "cannot make " << QDir::temp().filePath(folder).toStdString() << "\n";
+        return;
+    }
+    PathQuestion question;
+    question.title = "Save As";
+    question.folder = QDir::temp().filePath(folder).toStdString();
+    question.fileName = "outcrop_model.txt";
+    question.filter = gDataFileFilter;
+    question.filterIndex = 2;
+    QTimer::singleShot(0, [&show] {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+            dialog->setSidebarUrls({});
+            show.Picture(*dialog, "save_whole_degrees");
+            dialog->reject();
+        }
+    });
+    WidgetPrompts prompts(*show.window);
+    static_cast<void>(prompts.AskPlotPath(question, true));
+    static_cast<void>(QDir::temp().rmdir(folder));
+}
+
 void MakeDialogPictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
     show.Open("folded_bedding.txt");
@@ -286,9 +315,13 @@ void MakeDialogPictures(const QString& examples, const QString& folder, const QS
     frmPreferences preferences(show.window.get(), kPlotStylePage);
     preferences.show();
     show.Picture(preferences, "preferences");
+    frmPreferences general(show.window.get(), kGeneralPage);
+    general.show();
+    show.Picture(general, "preferences_general");
     frmPrintDialog print(show.window.get());
     print.show();
     show.Picture(print, "printing");
+    MakeSavePicture(show);
 }
 
 } // namespace
