@@ -25,6 +25,13 @@ enum PlotSymbolModeCode : std::int16_t {
     kContoursAndGrid = 7,
 };
 
+/// The formulas that a plot chooses for its results; see FormulasInForce.
+enum PlotFormulasCode : std::int16_t {
+    kFormulasOfPreferences = 0,
+    kOwnFormulas = 1,
+    kTextbookFormulas = 2,
+};
+
 /// Titles and descriptions.
 struct RecordTexts {
     std::string AxesTitle;
@@ -40,11 +47,12 @@ struct RecordView {
     std::int16_t DataKind = 1; ///< DataKindCode
     std::int16_t ShowSecondary = 0;
     std::int16_t UseDecimals = 0; ///< results and drawings use measured angles where rows have them
+    std::int16_t PlotFormulas = 0;   ///< PlotFormulasCode
     std::int16_t PlotSymbolMode = 1; ///< PlotSymbolModeCode
     std::int16_t NumSymbolsInPlot = 0;
     std::int64_t BetaCount = 0; ///< intersections in the last drawing of a beta plot
 
-    QUANDREL_FIELDS(PlotKind, DataKind, ShowSecondary, UseDecimals, PlotSymbolMode,
+    QUANDREL_FIELDS(PlotKind, DataKind, ShowSecondary, UseDecimals, PlotFormulas, PlotSymbolMode,
                     NumSymbolsInPlot);
 };
 
