@@ -177,7 +177,7 @@ public:
 
     void TraceContours() {
         FindContourLevels(ActivePlot());
-        DrawContours(ActivePlot(), PaperDrawing(net_, legend_));
+        DrawContours(ActivePlot(), PaperDrawing(ActiveRecord(), net_, legend_));
     }
 
 private:

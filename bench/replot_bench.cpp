@@ -124,7 +124,7 @@ public:
     PlotOnImage(const PlotOnImage&) = delete;
     PlotOnImage& operator=(const PlotOnImage&) = delete;
 
-    void Draw() { DrawPlot(ActivePlot(), PaperDrawing(net_, legend_)); }
+    void Draw() { DrawPlot(ActivePlot(), PaperDrawing(ActiveRecord(), net_, legend_)); }
 
     /// The rows as loaded from a file, unsorted and without results.
     static void ForgetResults() {

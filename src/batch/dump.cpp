@@ -8,6 +8,7 @@
 #include "batch/row_dump.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/settings_value.h"
@@ -47,8 +48,9 @@ Json LoadJson(const LoadCounters& counters) {
 
 Json LegendJson() {
     Json lines = Json::array();
+    const Plot& plot = ActivePlot();
     for (const LegendLine& line :
-         LegendLines(ActivePlot(), gSettings.styles, gSettings.notation.formulas)) {
+         LegendLines(plot, gSettings.styles, FormulasInForce(plot.record))) {
         lines.push_back(line.text);
     }
     return lines;

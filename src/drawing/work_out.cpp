@@ -4,6 +4,7 @@
 
 #include "classify/classification.h"
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "density/contours.h"
@@ -72,10 +73,11 @@ void KeepAxesApart(Plot& plot) {
 } // namespace
 
 WorkingOut WorkingOutOf(int slot, ReplotCause cause) {
-    const int ownGrid = RecordOf(slot).GridSize;
+    const PlotRecord& record = RecordOf(slot);
+    const int ownGrid = record.GridSize;
     const bool keepsGrid =
         cause == ReplotCause::Picture || cause == ReplotCause::Repaint || slot != gActivePlot;
-    return {cause, gSettings.styles, gSettings.notation.formulas,
+    return {cause, gSettings.styles, FormulasInForce(record),
             keepsGrid && ownGrid > 0 ? ownGrid : gSettings.gridSize, WatcherInForce()};
 }
 
@@ -104,7 +106,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
 
 void WorkOutUnseen(Plot& plot) {
     if (plot.record.PlotKind == kRose) {
-        WorkOutRoseUnseen(plot, gSettings.notation.formulas);
+        WorkOutRoseUnseen(plot, FormulasInForce(plot.record));
     }
 }
 

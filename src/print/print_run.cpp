@@ -3,6 +3,7 @@
 #include "print/print_run.h"
 
 #include "core/messages.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "drawing/draw_plot.h"
@@ -68,8 +69,9 @@ Styles StylesForPrinter(const Styles& styles) {
 }
 
 void DrawOnPaper(Surface& net, Surface& legend, const Styles& styles) {
-    DrawPlot(ActivePlot(),
-             {net, legend, styles, DrawnFor::Paper, gSettings.notation.formulas, gPlatform.status});
+    const Plot& plot = ActivePlot();
+    DrawPlot(plot, {net, legend, styles, DrawnFor::Paper, FormulasInForce(plot.record),
+                    gPlatform.status});
 }
 
 /// Draws the active plot without legend and texts.

@@ -2,9 +2,9 @@
 
 #include "print/print_texts.h"
 
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
-#include "core/settings_value.h"
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "stereo/drawable_text.h"
@@ -184,9 +184,10 @@ private:
 } // namespace
 
 TextPlan PlanTexts(Surface& surface, const Styles& styles, double width, double height) {
+    const Plot& plot = ActivePlot();
     const std::vector<LegendLine> legend =
-        ActiveRecord().LayerVisible[kLegendLayer] != 0
-            ? LegendLines(ActivePlot(), styles, gSettings.notation.formulas)
+        plot.record.LayerVisible[kLegendLayer] != 0
+            ? LegendLines(plot, styles, FormulasInForce(plot.record))
             : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
     TextPlan plan;

@@ -69,16 +69,17 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
 
 /// Draws the whole picture with `factor` painter units per logical pixel.
 void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medium) {
-    WorkOutUnseen(ActivePlot());
+    Plot& plot = ActivePlot();
+    WorkOutUnseen(plot);
     const PictureLayout layout = LayOut(part);
     PainterSurface net(painter, Scaled(layout.net, factor), factor, medium);
-    if (part == PicturePart::NetAlone || ActiveRecord().LayerVisible[kLegendLayer] == 0) {
+    if (part == PicturePart::NetAlone || plot.record.LayerVisible[kLegendLayer] == 0) {
         // The legend is always drawn, even if it is not shown.
         ImageSurface legend({kUnseenSide, kUnseenSide}, factor, kWhite);
-        DrawPlot(ActivePlot(), PaperDrawing(net, legend.Drawing()));
+        DrawPlot(plot, PaperDrawing(plot.record, net, legend.Drawing()));
     } else {
         PainterSurface legend(painter, Scaled(layout.legend, factor), factor, medium);
-        DrawPlot(ActivePlot(), PaperDrawing(net, legend));
+        DrawPlot(plot, PaperDrawing(plot.record, net, legend));
     }
     if (part == PicturePart::WholePlot) {
         DrawBoxes(painter, layout, factor, medium);
@@ -111,8 +112,9 @@ QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) 
     const auto pixels = [density](QSize box) { return (box * density).expandedTo({1, 1}); };
     ImageSurface net(pixels(boxes.net), density, kWhite);
     ImageSurface legend(pixels(boxes.legend), density, kWhite);
-    WorkOutUnseen(ActivePlot());
-    DrawPlot(ActivePlot(), PaperDrawing(net.Drawing(), legend.Drawing()));
+    Plot& plot = ActivePlot();
+    WorkOutUnseen(plot);
+    DrawPlot(plot, PaperDrawing(plot.record, net.Drawing(), legend.Drawing()));
     return part == PlotImagePart::Net ? net.Image().copy() : legend.Image().copy();
 }
 

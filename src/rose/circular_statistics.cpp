@@ -2,6 +2,7 @@
 
 #include "rose/circular_statistics.h"
 
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "rose/circular_median.h"
@@ -216,7 +217,8 @@ void WorkOutCircularStats(Plot& plot, int measure, Formulas formulas) {
 }
 
 void RoseCircularStats(int measure) {
-    WorkOutCircularStats(ActivePlot(), measure, gSettings.notation.formulas);
+    Plot& plot = ActivePlot();
+    WorkOutCircularStats(plot, measure, FormulasInForce(plot.record));
 }
 
 CircularResults ResultsInRecord(const PlotRecord& record) {

@@ -3,6 +3,7 @@
 #include "rose/rose_statistics_texts.h"
 
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -237,11 +238,13 @@ std::string RoseStatsFull(const Plot& plot, Formulas formulas) {
 }
 
 std::string RoseStatsShort() {
-    return RoseStatsShort(ActivePlot(), gSettings.notation.formulas);
+    const Plot& plot = ActivePlot();
+    return RoseStatsShort(plot, FormulasInForce(plot.record));
 }
 
 std::string RoseStatsFull() {
-    return RoseStatsFull(ActivePlot(), gSettings.notation.formulas);
+    const Plot& plot = ActivePlot();
+    return RoseStatsFull(plot, FormulasInForce(plot.record));
 }
 
 } // namespace quandrel

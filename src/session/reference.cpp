@@ -3,6 +3,7 @@
 #include "session/reference.h"
 
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "rose/rose_reference.h"
 #include "statistics/axis_statistics.h"
@@ -20,7 +21,7 @@ std::vector<ReferenceLine> ReferenceOfBothAxes(const Plot& plot) {
     std::vector<ReferenceLine> lines;
     for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
         const AxisStatistics axes =
-            StatisticsOfAxes(plot, styles, gSettings.notation.formulas, kind);
+            StatisticsOfAxes(plot, styles, FormulasInForce(plot.record), kind);
         const auto reference = ReferenceStatisticsOfLines(
             LinesOfAxes(plot, styles, kind, LinePrecision::Measured), RowSense::kAxes);
         if (!reference) {
@@ -40,7 +41,7 @@ std::vector<ReferenceLine> ReferenceOfActivePlot() {
     const Plot& plot = ActivePlot();
     if (plot.record.PlotKind == kRose) {
         const auto reference = RoseReferenceOf(plot);
-        return reference ? RoseReferenceLines(*reference, plot, gSettings.notation.formulas)
+        return reference ? RoseReferenceLines(*reference, plot, FormulasInForce(plot.record))
                          : std::vector<ReferenceLine>();
     }
     if (HoldsBothAxes(plot.record)) {

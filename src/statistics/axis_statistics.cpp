@@ -2,7 +2,7 @@
 
 #include "statistics/axis_statistics.h"
 
-#include "core/formulas.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "statistics/orientation_notation.h"
 
@@ -14,13 +14,15 @@ AxisStatistics StatisticsOfAxes(const Plot& plot, const Styles& styles, Formulas
     axes.lines = LinesOfAxes(plot, styles, kind);
     axes.record.DataKind = plot.record.DataKind;
     axes.record.UseDecimals = plot.record.UseDecimals;
+    axes.record.PlotFormulas = plot.record.PlotFormulas;
     SetCountOfValid(axes.record, CountOfLines(axes.lines));
     StoreFabricStatistics(axes.record, axes.lines, formulas);
     return axes;
 }
 
 AxisStatistics StatisticsOfAxes(AxisKind kind) {
-    return StatisticsOfAxes(ActivePlot(), gSettings.styles, gSettings.notation.formulas, kind);
+    const Plot& plot = ActivePlot();
+    return StatisticsOfAxes(plot, gSettings.styles, FormulasInForce(plot.record), kind);
 }
 
 std::string NameOfAxes(AxisKind kind) {

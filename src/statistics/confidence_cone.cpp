@@ -3,9 +3,8 @@
 #include "statistics/confidence_cone.h"
 
 #include "core/data_format.h"
-#include "core/formulas.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
-#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
@@ -46,7 +45,7 @@ std::string ConfidenceConeText() {
     if (record.PlotKind == kRose) {
         return name + "none on a rose";
     }
-    const std::string angle = AngleText(ConfidenceConeAngle(record, gSettings.notation.formulas));
+    const std::string angle = AngleText(ConfidenceConeAngle(record, FormulasInForce(record)));
     if (angle == kNoCone) {
         return name + angle;
     }

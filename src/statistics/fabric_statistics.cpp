@@ -3,6 +3,7 @@
 #include "statistics/fabric_statistics.h"
 
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "statistics/fabric_kernels.h"
@@ -166,7 +167,8 @@ void ComputeFabricStatistics(Plot& plot, const Styles& styles, Formulas formulas
 }
 
 void ComputeFabricStatistics() {
-    ComputeFabricStatistics(ActivePlot(), gSettings.styles, gSettings.notation.formulas);
+    Plot& plot = ActivePlot();
+    ComputeFabricStatistics(plot, gSettings.styles, FormulasInForce(plot.record));
 }
 
 void StoreFabricStatistics(PlotRecord& record, const RowLines& lines, Formulas formulas) {
@@ -183,10 +185,11 @@ void StoreFabricStatistics(PlotRecord& record, const RowLines& lines, Formulas f
 }
 
 void ComputeFabricDerived() {
+    Plot& plot = ActivePlot();
     const WeightedDirections axes =
-        DirectionsOf(StatisticsLinesOf(ActivePlot(), gSettings.styles), LinePolarity::kAxial);
+        DirectionsOf(StatisticsLinesOf(plot, gSettings.styles), LinePolarity::kAxial);
     if (!axes.directions.empty()) {
-        Derive(ActiveRecord(), axes, gSettings.notation.formulas);
+        Derive(plot.record, axes, FormulasInForce(plot.record));
     }
 }
 

@@ -38,7 +38,7 @@ namespace quandrel {
 /// In a plot of P and T axes they are those of P.
 void ComputeFabricStatistics(Plot& plot, const Styles& styles, Formulas formulas);
 
-/// The same of gActivePlot, by the current formulas.
+/// The same of gActivePlot, by the formulas in force for it.
 void ComputeFabricStatistics();
 
 /// The same of some lines for any record, by its DataKind. Without a line the old ones stay.

@@ -2,8 +2,7 @@
 
 #include "statistics/reference_entries.h"
 
-#include "core/formulas.h"
-#include "core/settings_value.h"
+#include "core/plot_formulas.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
@@ -78,9 +77,8 @@ Printings OfAxis(const PlotRecord& record, std::size_t axis, Printings printings
 }
 
 /// The printed forms of a number: none where the textbook's formulas print it as undetermined.
-Printings OfNumber(double number, Printings printings) {
-    const bool isWord =
-        gSettings.notation.formulas == Formulas::Textbook && number == kFailedResult;
+Printings OfNumber(Formulas formulas, double number, Printings printings) {
+    const bool isWord = formulas == Formulas::Textbook && number == kFailedResult;
     return isWord ? Printings() : std::move(printings);
 }
 
@@ -235,9 +233,10 @@ void AddAxes(EntryList& list, const ReferenceStatistics& statistics, const PlotR
 }
 
 void AddShape(EntryList& list, const ReferenceStatistics& statistics, const PlotRecord& record) {
-    const auto printed = [&record](std::size_t row, std::size_t place) {
+    const Formulas formulas = FormulasInForce(record);
+    const auto printed = [&record, formulas](std::size_t row, std::size_t place) {
         const auto number = static_cast<double>(record.EigenResults.at(row).at(place));
-        return OfNumber(number, {{Fixed, number}});
+        return OfNumber(formulas, number, {{Fixed, number}});
     };
     list.Add("ln(E2/E1)", statistics.logRatio12, printed(kMiddleToLeast, kLogRatio));
     list.Add("ln(E3/E2)", statistics.logRatio23, printed(kGreatestToMiddle, kLogRatio));
@@ -256,7 +255,8 @@ std::optional<double> PrintedSymmetryStatistic(double count, const PlotRecord& r
 void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
                       const PlotRecord& record) {
     list.Add("fourth moment", statistics.fourthMoment);
-    const bool isTextbook = gSettings.notation.formulas == Formulas::Textbook;
+    const Formulas formulas = FormulasInForce(record);
+    const bool isTextbook = formulas == Formulas::Textbook;
     const auto name = [](const char* what, bool isPrinted) {
         return std::string("symmetry statistic, ") + what
                + (isPrinted ? " (printed judgement)" : "");
@@ -271,11 +271,11 @@ void AddPrincipalAxis(EntryList& list, const ReferenceStatistics& statistics,
         list.AddAngle("95% cone semi-angle", statistics.coneAngle);
     } else {
         list.Add("spherical standard error", statistics.standardError,
-                 OfNumber(error, {{ThreeDecimals, error}}));
+                 OfNumber(formulas, error, {{ThreeDecimals, error}}));
+        const double sine = ConeFactor(formulas) * error;
         list.AddAngle(
             "95% cone semi-angle", statistics.coneAngle,
-            OfNumber(ConeFactor(gSettings.notation.formulas) * error < 1 ? error : kFailedResult,
-                     {{FixedDegrees, ArcSin(ConeFactor(gSettings.notation.formulas) * error)}}));
+            OfNumber(formulas, sine < 1 ? error : kFailedResult, {{FixedDegrees, ArcSin(sine)}}));
     }
     const auto& ellipse = statistics.ellipse;
     list.AddAngle("95% ellipse major semi-axis",

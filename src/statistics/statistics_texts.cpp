@@ -3,11 +3,10 @@
 #include "statistics/statistics_texts.h"
 
 #include "core/data_format.h"
-#include "core/formulas.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/result_lines.h"
-#include "core/settings_value.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "statistics/axis_statistics.h"
@@ -197,9 +196,10 @@ PrecisionTexts PrecisionBy(Formulas formulas, double error) {
 }
 
 std::string StandardErrorLines(const PlotRecord& record, const RowLines& rows) {
-    const PrecisionTexts own = PrecisionBy(gSettings.notation.formulas, record.FabricValueC);
+    const Formulas formulas = FormulasInForce(record);
+    const PrecisionTexts own = PrecisionBy(formulas, record.FabricValueC);
     const PrecisionTexts textbook =
-        gSettings.notation.formulas == Formulas::Textbook
+        formulas == Formulas::Textbook
             ? own
             : PrecisionBy(Formulas::Textbook, StandardErrorOf(record, rows, Formulas::Textbook));
     if (own.error == kNotSymmetricText) {
@@ -258,16 +258,17 @@ std::string EigenvectorLines(const PlotRecord& record, const RowLines& rows) {
 }
 
 /// A failed number: the program's own marker, and the textbook's text for undetermined.
-PrintedResult ShapeNumber(double value) {
+PrintedResult ShapeNumber(double value, Formulas formulas) {
     const std::string text = FormatNumber(value, kFixed);
     const std::string textbook = value == kFailedResult ? std::string(kUndetermined) : text;
-    return {gSettings.notation.formulas == Formulas::Textbook ? textbook : text, textbook};
+    return {formulas == Formulas::Textbook ? textbook : text, textbook};
 }
 
 std::string ShapeLines(const PlotRecord& record) {
     const auto& results = record.EigenResults;
-    const auto number = [&results](std::size_t row, EigenPlace place) {
-        return ShapeNumber(static_cast<double>(results[row][place]));
+    const Formulas formulas = FormulasInForce(record);
+    const auto number = [&results, formulas](std::size_t row, EigenPlace place) {
+        return ShapeNumber(static_cast<double>(results[row][place]), formulas);
     };
     const PrintedResult first = number(kMiddleToLeast, kLogRatio);
     const PrintedResult second = number(kGreatestToMiddle, kLogRatio);

@@ -2,6 +2,7 @@
 
 #include "stereo/window_drawing.h"
 
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "platform/platform.h"
@@ -10,17 +11,17 @@ namespace quandrel {
 
 Drawing WindowDrawing(int slot) {
     PlotForm& form = FormOf(slot);
-    return {form.PlotSurface(), form.LegendSurface(),        gSettings.styles,
-            DrawnFor::Window,   gSettings.notation.formulas, WatcherInForce()};
+    return {form.PlotSurface(),
+            form.LegendSurface(),
+            gSettings.styles,
+            DrawnFor::Window,
+            FormulasInForce(RecordOf(slot)),
+            WatcherInForce()};
 }
 
-Drawing PaperDrawing(Surface& plot, Surface& legend) {
-    return {plot,
-            legend,
-            gSettings.styles,
-            DrawnFor::Paper,
-            gSettings.notation.formulas,
-            WatcherInForce()};
+Drawing PaperDrawing(const PlotRecord& record, Surface& plot, Surface& legend) {
+    return {
+        plot, legend, gSettings.styles, DrawnFor::Paper, FormulasInForce(record), WatcherInForce()};
 }
 
 StatusLine* WatcherInForce() {

@@ -557,7 +557,7 @@ TEST_F(PlotDriver, DrawingElsewhereLeavesTheWindowAndTheStalenessAlone) {
     Spoil();
     RecordingSurface net(500, 500);
     RecordingSurface legend(100, 100);
-    DrawPlot(ActivePlot(), PaperDrawing(net, legend));
+    DrawPlot(ActivePlot(), PaperDrawing(ActiveRecord(), net, legend));
     EXPECT_EQ(Renewed(), Calls{});
     EXPECT_EQ(Drawn().size(), before);
     EXPECT_FALSE(net.Operations().empty());

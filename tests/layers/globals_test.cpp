@@ -158,9 +158,9 @@ const Counts& MostReadersOfFocus() {
         {"classify", 28},   {"core", 21},          {"density", 7},         {"derive", 42},
         {"drawing", 38},    {"edit/commands", 18}, {"edit/grids", 22},     {"edit/history", 10},
         {"edit/marks", 45}, {"edit/rows", 49},     {"edit/selection", 12}, {"input", 16},
-        {"mapinfo", 25},    {"persistence", 22},   {"preferences", 10},    {"print", 6},
-        {"qt", 11},         {"recovery", 10},      {"rose", 20},           {"rotation", 26},
-        {"session", 35},    {"statistics", 20},    {"stereo", 14}};
+        {"mapinfo", 25},    {"persistence", 22},   {"preferences", 10},    {"print", 5},
+        {"qt", 7},         {"recovery", 10},      {"rose", 20},           {"rotation", 26},
+        {"session", 35},    {"statistics", 19},    {"stereo", 14}};
     return most;
 }
 

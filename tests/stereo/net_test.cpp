@@ -147,7 +147,7 @@ protected:
         NewPlot();
         gPlotAxesStyle = style;
         RecordingSurface page(500, 500);
-        DrawPlotBase(ActiveRecord(), PaperDrawing(page, page));
+        DrawPlotBase(ActiveRecord(), PaperDrawing(ActiveRecord(), page, page));
         return page.Operations();
     }
 
@@ -175,7 +175,7 @@ TEST_F(NetLook, PagesAreNeverGivenABackground) {
         EXPECT_NE(operation.kind, DrawOperation::Kind::Clear);
     }
     RecordingSurface page(500, 500);
-    EXPECT_EQ(PlotBackground(PaperDrawing(page, page)), kWhite);
+    EXPECT_EQ(PlotBackground(PaperDrawing(ActiveRecord(), page, page)), kWhite);
 }
 
 TEST_F(NetLook, CircleAndAxesOfEachStyleHaveTheirColour) {

@@ -128,7 +128,7 @@ protected:
         const QSize net = form.picStereoArea->PictureSize();
         RecordingSurface plot(net.width(), net.height());
         RecordingSurface legend(size.width(), size.height());
-        DrawPlot(ActivePlot(), PaperDrawing(plot, legend));
+        DrawPlot(ActivePlot(), PaperDrawing(ActiveRecord(), plot, legend));
         QStringList drawn;
         for (const DrawOperation& operation : legend.Operations()) {
             if (operation.kind == DrawOperation::Kind::Text) {
