@@ -51,6 +51,10 @@ void WriteKnown(const BlockView& block, JsonWriter& writer) {
         if (const std::optional<std::int16_t> value = UseDecimalsOfBlock(block.bytes)) {
             WriteNumber("UseDecimals", *value, writer);
         }
+    } else if (block.head.tag == kFormulasBlock.tag) {
+        if (const std::optional<std::int16_t> value = FormulasOfBlock(block.bytes)) {
+            WriteNumber("PlotFormulas", *value, writer);
+        }
     }
 }
 

@@ -49,6 +49,14 @@ void ReadMeasured(std::string_view bytes, RowAngles which, BinaryPlot& plot) {
     }
 }
 
+/// The number that is all of a block; nothing for a block of another length.
+std::optional<std::int16_t> OnlyShortOf(std::string_view bytes) {
+    BinaryReader reader(bytes);
+    std::int16_t value = 0;
+    reader.Short(value);
+    return reader.HasFailed() || reader.Left() != 0 ? std::nullopt : std::optional(value);
+}
+
 void ReadUseDecimals(std::string_view bytes, BinaryPlot& plot) {
     const std::optional<std::int16_t> value = UseDecimalsOfBlock(bytes);
     if (!value) {
@@ -57,11 +65,21 @@ void ReadUseDecimals(std::string_view bytes, BinaryPlot& plot) {
     plot.record.UseDecimals = value.value_or(0);
 }
 
+void ReadFormulas(std::string_view bytes, BinaryPlot& plot) {
+    const std::optional<std::int16_t> value = FormulasOfBlock(bytes);
+    if (!value) {
+        LeaveOut(plot, "The choice of formulas is damaged.");
+    }
+    plot.record.PlotFormulas = value.value_or(kFormulasOfPreferences);
+}
+
 void ReadBlock(const BlockView& block, BinaryPlot& plot) {
     if (const std::optional<RowAngles> which = AnglesOfBlock(block.head)) {
         ReadMeasured(block.bytes, *which, plot);
     } else if (block.head.tag == kUseDecimalsBlock.tag) {
         ReadUseDecimals(block.bytes, plot);
+    } else if (block.head.tag == kFormulasBlock.tag) {
+        ReadFormulas(block.bytes, plot);
     } else {
         plot.unknownBlocks.push_back({block.head, std::string(block.bytes)});
     }
@@ -129,17 +147,21 @@ std::uint64_t FingerprintOfRows(const Plot& plot) {
 }
 
 std::optional<std::int16_t> UseDecimalsOfBlock(std::string_view bytes) {
-    BinaryReader reader(bytes);
-    std::int16_t value = 0;
-    reader.Short(value);
-    if (reader.HasFailed() || reader.Left() != 0) {
-        return std::nullopt;
+    std::optional<std::int16_t> value = OnlyShortOf(bytes);
+    if (value && *value != 0) {
+        value = kTrue;
     }
-    return value != 0 ? kTrue : std::int16_t{0};
+    return value;
+}
+
+std::optional<std::int16_t> FormulasOfBlock(std::string_view bytes) {
+    const std::optional<std::int16_t> value = OnlyShortOf(bytes);
+    return value == kOwnFormulas || value == kTextbookFormulas ? value : std::nullopt;
 }
 
 void ReadBlocks(std::string_view bytes, BinaryPlot& plot) {
     plot.record.UseDecimals = 0; // whatever new plots do
+    plot.record.PlotFormulas = kFormulasOfPreferences;
     const Result<Extension> extension = ReadExtension(bytes);
     if (!extension) {
         LeaveOut(plot, extension.Error());
@@ -164,6 +186,9 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
     ExtensionWriter extension(writer.Bytes());
     if (plot.record.UseDecimals != 0) {
         extension.Block(kUseDecimalsBlock, [&] { writer.Short(kTrue); });
+    }
+    if (plot.record.PlotFormulas != kFormulasOfPreferences) {
+        extension.Block(kFormulasBlock, [&] { writer.Short(plot.record.PlotFormulas); });
     }
     WriteMeasured(extension, writer, plot, rows);
     WriteUnknown(extension, writer, plot);

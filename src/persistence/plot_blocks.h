@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The properties of a plot that a binary plot file keeps in its extension: measured angles of rows,
-// and whether the plot uses them. Also blocks that this version does not know.
+// whether the plot uses them, and its formulas. Also blocks that this version does not know.
 
 #pragma once
 
@@ -22,6 +22,9 @@ namespace quandrel {
 /// RecordView::UseDecimals, a truth value.
 inline constexpr BlockHead kUseDecimalsBlock{{'U', 'D', 'E', 'C'}, true};
 
+/// RecordView::PlotFormulas of a plot with a choice of its own: 1 or 2.
+inline constexpr BlockHead kFormulasBlock{{'F', 'O', 'R', 'M'}, true};
+
 /// Attached to a plot: blocks of its file that this version does not know.
 struct UnknownBlocks {
     std::vector<ExtensionBlock> blocks;
@@ -35,6 +38,9 @@ struct UnknownBlocks {
 /// The value of a block of kUseDecimalsBlock; nothing when it is damaged.
 [[nodiscard]] std::optional<std::int16_t> UseDecimalsOfBlock(std::string_view bytes);
 
+/// The same of a block of kFormulasBlock.
+[[nodiscard]] std::optional<std::int16_t> FormulasOfBlock(std::string_view bytes);
+
 /// Reads what follows the last field of a file into the plot of its fields. What is damaged, or
 /// does not belong to the rows, is named in `leftOut`, and the plot is as without it.
 ///
@@ -45,7 +51,8 @@ void ReadBlocks(std::string_view bytes, BinaryPlot& plot);
 void TakeBlocks(BinaryPlot& file, Plot& plot);
 
 /// Appends the extension of a plot to the fields of its file. A plot without decimals, that uses
-/// none, has none, unless unknown blocks are kept with it.
+/// none and follows the formulas of the preferences, has none, unless unknown blocks are kept with
+/// it.
 ///
 /// @param writer  has written the last field
 /// @param rows    of the plot, as they were written

@@ -342,12 +342,13 @@ TEST(WriteBinaryFile, ListsTheBlocksOfAnExtension) {
     for (int row = 2; row <= 7; ++row) {
         content += AngleByHand(-9999, 0) + AngleByHand(0, 0);
     }
-    const std::string extension =
-        ExtensionByHand(BlockByHand("UDEC", 1, LittleEndian(0xffff, 2))
-                        + BlockByHand("MPRI", 0, content) + BlockByHand("LATE", 1, "later"));
+    const std::string extension = ExtensionByHand(
+        BlockByHand("UDEC", 1, LittleEndian(0xffff, 2)) + BlockByHand("FORM", 1, LittleEndian(2, 2))
+        + BlockByHand("MPRI", 0, content) + BlockByHand("LATE", 1, "later"));
     const Json json = ListedOf(SampleOfVersion({92, "", ""}), extension + "rest");
     const nlohmann::json expected = {
         {{"tag", "UDEC"}, {"holdsForAnyRows", true}, {"bytes", 2}, {"UseDecimals", -1}},
+        {{"tag", "FORM"}, {"holdsForAnyRows", true}, {"bytes", 2}, {"PlotFormulas", 2}},
         {{"tag", "MPRI"},
          {"holdsForAnyRows", false},
          {"bytes", 8 + 7 * 12},
@@ -366,6 +367,10 @@ TEST(WriteBinaryFile, NamesTheDamageOfAnExtension) {
     const Json json = ListedOf(SampleOfVersion({92, "", ""}), extension);
     EXPECT_EQ(json["leftOut"], Json({"The choice to use decimals is damaged."}));
     EXPECT_FALSE(json["extension"][0].contains("UseDecimals"));
+    const Json form = ListedOf(SampleOfVersion({92, "", ""}),
+                               ExtensionByHand(BlockByHand("FORM", 1, LittleEndian(3, 2))));
+    EXPECT_EQ(form["leftOut"], Json({"The choice of formulas is damaged."}));
+    EXPECT_FALSE(form["extension"][0].contains("PlotFormulas"));
     const Json cut = ListedOf(SampleOfVersion({92, "", ""}), extension.substr(0, 20));
     EXPECT_EQ(cut["leftOut"], Json({"Its extension is cut off."}));
     EXPECT_FALSE(cut.contains("extension"));

@@ -122,6 +122,50 @@ TEST_F(PlotBlocks, TheBytesBeforeAnExtensionAreThoseWithoutIt) {
     EXPECT_EQ(AfterFields(slot, plain), "");
 }
 
+TEST_F(PlotBlocks, AChoiceOfFormulasHasABlock) {
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    const auto block = [](std::uint32_t value) {
+        return BlockByHand("FORM", 1, LittleEndian(value, 2));
+    };
+    PlotRecord& record = ActiveRecord();
+    EXPECT_EQ(record.PlotFormulas, kFormulasOfPreferences);
+    for (const std::int16_t choice : {kOwnFormulas, kTextbookFormulas}) {
+        record.PlotFormulas = choice;
+        const auto value = static_cast<std::uint32_t>(choice);
+        EXPECT_EQ(AfterFields(slot, plain), ExtensionByHand(block(value)));
+        const int again = Open(Bytes(slot));
+        EXPECT_EQ(RecordOf(again).PlotFormulas, choice);
+        EXPECT_EQ(AfterFields(again, plain), ExtensionByHand(block(value)));
+    }
+    record.UseDecimals = kTrue;
+    ASSERT_TRUE(SetDecimals(PlotOf(slot).rows, RowAngles::Primary, 1, {30.25, 119.75}));
+    EXPECT_EQ(AfterFields(slot, plain),
+              ExtensionByHand(BlockByHand("UDEC", 1, LittleEndian(0xffff, 2)) + block(2)
+                              + MeasuredByHand()));
+}
+
+TEST_F(PlotBlocks, AChoiceOfFormulasThatIsNoneIsLeftOut) {
+    gSettings.notation.formulas = Formulas::Textbook;
+    const std::string contents[] = {
+        "",
+        "x",
+        LittleEndian(1, 2) + "x",
+        LittleEndian(0, 2),
+        LittleEndian(3, 2),
+        LittleEndian(0xffff, 2),
+        LittleEndian(0x0201, 2),
+    };
+    for (const std::string& content : contents) {
+        const std::string bytes = SampleWith(BlockByHand("FORM", 1, content) + MeasuredByHand());
+        EXPECT_EQ(LeftOutOf(bytes), Sentences{"The choice of formulas is damaged."});
+        const Result<Plot> plot = ReadPlotFile(bytes);
+        ASSERT_TRUE(plot);
+        EXPECT_EQ(plot->record.PlotFormulas, kFormulasOfPreferences);
+        EXPECT_TRUE(HasDecimals(plot->rows, 1)) << "the rest of the extension is read";
+    }
+}
+
 TEST_F(PlotBlocks, EachOrientationHasABlock) {
     const int slot = Open(SampleBytes());
     const std::string plain = Bytes(slot);
@@ -172,6 +216,7 @@ TEST_F(PlotBlocks, RandomRowsComeBackFromAFile) {
 TEST_F(PlotBlocks, RandomRowsComeBackThroughAWorkspace) {
     NewPlot();
     FillWithDecimals(ActivePlot(), 2000, 2);
+    ActiveRecord().PlotFormulas = kOwnFormulas;
     const int slot = gActivePlot;
     ASSERT_EQ(SavePlotAs((folder / "random.qpx").string(), SaveKind::SaveAs), SaveOutcome::Saved);
     const std::string path = (folder / "all.qwo").string();
@@ -180,11 +225,13 @@ TEST_F(PlotBlocks, RandomRowsComeBackThroughAWorkspace) {
     ASSERT_NE(gActivePlot, slot);
     ExpectSameDecimals(ActivePlot(), PlotOf(slot));
     EXPECT_EQ(ActiveRecord().UseDecimals, 0);
+    EXPECT_EQ(ActiveRecord().PlotFormulas, kOwnFormulas);
 }
 
 TEST_F(PlotBlocks, AFileCutInItsExtensionOpensWithoutIt) {
     const std::string fields = SampleBytes();
     const std::string whole = SampleWith(BlockByHand("UDEC", 1, LittleEndian(0xffff, 2))
+                                         + BlockByHand("FORM", 1, LittleEndian(2, 2))
                                          + MeasuredByHand() + BlockByHand("LATE", 1, "kept"));
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const Result<BinaryPlot> plot = ReadBinaryPlot(std::string_view(whole).substr(0, length));
@@ -198,6 +245,7 @@ TEST_F(PlotBlocks, AFileCutInItsExtensionOpensWithoutIt) {
             << length;
         ASSERT_EQ(plot->measured[0].RowCount(), 0) << length;
         ASSERT_EQ(plot->record.UseDecimals, 0) << length;
+        ASSERT_EQ(plot->record.PlotFormulas, kFormulasOfPreferences) << length;
         ASSERT_TRUE(plot->unknownBlocks.empty()) << length;
     }
 }
@@ -323,6 +371,7 @@ TEST_F(UnknownBlocksOfFiles, StayWhenOnlyTheViewChanges) {
     Plot& plot = PlotOf(slot);
     plot.record.PlotKind = kEqualAngle;
     plot.record.UseDecimals = kTrue;
+    plot.record.PlotFormulas = kTextbookFormulas;
     plot.record.ClassMode = 1;
     plot.rows.symbol.At(1) = CodeOfStyleRow(3);
     plot.rows.pointDensity.At(1) = 5;

@@ -37,6 +37,17 @@ TEST_F(RecoveredDecimals, ComeBackWithTheNamesOfThePlot) {
     EXPECT_NE(RecordOf(plot.slot).Modified, 0);
 }
 
+TEST_F(RecoveredDecimals, SoDoesTheChoiceOfFormulas) {
+    const int slot = PlotWithDecimals();
+    const std::string plain = CopyOf(slot);
+    RecordOf(slot).PlotFormulas = kTextbookFormulas;
+    const std::string copy = CopyOf(slot);
+    EXPECT_NE(copy, plain);
+    const RecoveredPlot plot = OpenRecoveryCopy(WriteFile("plot_1.qpx", copy));
+    ASSERT_GT(plot.slot, slot) << plot.problem;
+    EXPECT_EQ(RecordOf(plot.slot).PlotFormulas, kTextbookFormulas);
+}
+
 TEST_F(RecoveredDecimals, TheirLossIsReported) {
     const int slot = PlotWithDecimals();
     std::string bytes = CopyOf(slot);
