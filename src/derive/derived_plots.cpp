@@ -59,11 +59,13 @@ int LeftBeside(int neighbourLeft, int neighbourWidth, int width, int screenWidth
 
 int OpenDerivedPlot(int source) {
     const std::int16_t usesDecimals = RecordOf(source).UseDecimals;
+    const std::int16_t formulas = RecordOf(source).PlotFormulas;
     if (!PrepareNewPlotWindow()) {
         return 0;
     }
     PlotRecord& record = ActiveRecord();
     record.UseDecimals = usesDecimals;
+    record.PlotFormulas = formulas;
     if (record.PlotKind == kRose) { // the next file says nothing about derived lines
         record.PlotKind = kEqualArea;
     }

@@ -32,8 +32,8 @@ inline constexpr const char* kNotCompleted = "not completed";
 [[nodiscard]] int LeftBeside(int neighbourLeft, int neighbourWidth, int width, int screenWidth);
 
 /// Opens a slot with a window for a plot derived from `source` and makes it active. It uses
-/// decimals if its source does. Returns 0, with a message, when all slots are taken: then the
-/// active plot stays.
+/// decimals if its source does, and has the same choice of formulas. Returns 0, with a message,
+/// when all slots are taken: then the active plot stays.
 [[nodiscard]] int OpenDerivedPlot(int source);
 
 /// Closes a derived plot without asking.

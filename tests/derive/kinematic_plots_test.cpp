@@ -34,6 +34,16 @@ protected:
     static const PlotRecord& Of(int slot) { return RecordOf(slot); }
 };
 
+TEST_F(KinematicPlots, HaveTheChoiceOfFormulasOfTheirParent) {
+    for (const std::int16_t choice : {kFormulasOfPreferences, kOwnFormulas, kTextbookFormulas}) {
+        const int parent = NewFaultPlot(kThreeFaults);
+        RecordOf(parent).PlotFormulas = choice;
+        const int second = Make(kAxesOnTwoPlots);
+        EXPECT_EQ(Of(second).PlotFormulas, choice);
+        EXPECT_EQ(Of(second - 1).PlotFormulas, choice);
+    }
+}
+
 TEST_F(KinematicPlots, OnOnePlotPutEachTRowBehindItsPRow) {
     const int parent = NewFaultPlot(kThreeFaults);
     const int child = Make(kAxesOnOnePlot);
