@@ -3,6 +3,7 @@
 #include "session/recalculate.h"
 
 #include "core/data_format.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "derive/secondary_data.h"
@@ -12,6 +13,20 @@
 #include "stereo/row_positions.h"
 
 namespace quandrel {
+
+namespace {
+
+/// Recalculates the statistics of a plot by the formulas in force for it, and redraws it.
+void RenewResults(int slot) {
+    const PlotInWork work(slot);
+    if (ActiveRecord().PlotKind != kRose) {
+        ComputeFabricStatistics();
+    }
+    RedrawPlot(slot); // a rose made with other formulas is outdated
+    WriteStatisticsBoxes();
+}
+
+} // namespace
 
 void RecalculateActivePlot() {
     ForgetAcceptedSectorSize(ActivePlot());
@@ -34,15 +49,21 @@ void UseDecimals(int slot, bool on) {
 void UseFormulas(Formulas formulas) {
     gSettings.notation.formulas = formulas;
     for (int slot = 1; slot <= HighestSlot(); ++slot) {
-        if (!IsOpenSlot(slot)) {
-            continue;
+        if (IsOpenSlot(slot) && RecordOf(slot).PlotFormulas == kFormulasOfPreferences) {
+            RenewResults(slot);
         }
-        const PlotInWork work(slot);
-        if (ActiveRecord().PlotKind != kRose) {
-            ComputeFabricStatistics();
-        }
-        RedrawPlot(slot); // a rose made with other formulas is outdated
-        WriteStatisticsBoxes();
+    }
+}
+
+void UsePlotFormulas(int slot, std::int16_t choice) {
+    if (gBusy || !IsOpenSlot(slot)) {
+        return;
+    }
+    PlotRecord& record = RecordOf(slot);
+    const Formulas former = FormulasInForce(record);
+    record.PlotFormulas = choice;
+    if (FormulasInForce(record) != former) {
+        RenewResults(slot);
     }
 }
 

@@ -6,6 +6,8 @@
 
 #include "core/formulas.h"
 
+#include <cstdint>
+
 namespace quandrel {
 
 /// Recalculates everything in gActivePlot and redraws it. Questions about a rose are asked again;
@@ -18,8 +20,13 @@ void RecalculateActivePlot();
 /// nothing while a long loop runs (gBusy), and for a slot that is not open.
 void UseDecimals(int slot, bool on);
 
-/// Sets the formulas in force, recalculates the statistics of all open plots with them, and redraws
-/// the plots.
+/// Sets the formulas of the preferences. Recalculates and redraws the open plots that have no
+/// choice of their own.
 void UseFormulas(Formulas formulas);
+
+/// Sets the choice of a plot, a PlotFormulasCode: recalculates its statistics by the formulas that
+/// are then in force for it, and redraws it. Rows are unchanged, so that nothing needs saving. Does
+/// nothing while a long loop runs (gBusy), and for a slot that is not open.
+void UsePlotFormulas(int slot, std::int16_t choice);
 
 } // namespace quandrel

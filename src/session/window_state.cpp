@@ -3,6 +3,7 @@
 #include "session/window_state.h"
 
 #include "core/letter_case.h"
+#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "edit/history/undo.h"
 #include "edit/rows/clipboard_text.h"
@@ -79,6 +80,12 @@ void SetTypeButtons(ToolbarState& state, int plotKind, int dataKind, bool isOfDi
     }
 }
 
+void SetFormulaItems(ToolbarState& state, const PlotRecord& record) {
+    for (std::size_t choice = 0; choice < state.formulas.size(); ++choice) {
+        state.formulas[choice] = {true, static_cast<std::size_t>(record.PlotFormulas) == choice};
+    }
+}
+
 bool HasAnnotations(const PlotRecord& record) {
     return record.PlotAnnotations != nullptr && !record.PlotAnnotations->empty();
 }
@@ -138,10 +145,11 @@ ToolbarState StateOfToolbar() {
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
     state.useDecimals = {true, record.UseDecimals != 0};
+    SetFormulaItems(state, record);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
-    state.confidenceCone = {
-        state.isStereo && ConfidenceConeAngle(record, gSettings.notation.formulas).has_value(),
-        record.ShowConfidenceCone};
+    state.confidenceCone = {state.isStereo
+                                && ConfidenceConeAngle(record, FormulasInForce(record)).has_value(),
+                            record.ShowConfidenceCone};
     state.intersections = state.hasRows && record.PrimaryFormat == kPrimaryPlane
                           && record.SecondaryFormat == kSecondaryPlane;
     state.gridDensity = state.hasRows && state.isStereo && IsGridMode(record.PlotSymbolMode);

@@ -32,6 +32,7 @@ struct ToolbarState {
     std::array<ControlState, kDisplayButtons> display;
     std::array<ControlState, 2> secondary; ///< as the base plot, as an overlay
     ControlState useDecimals;
+    std::array<ControlState, 3> formulas; ///< by PlotFormulasCode
     ControlState annotations;
     ControlState confidenceCone;
     bool intersections = false; ///< each row holds two planes

@@ -54,6 +54,8 @@ TEST_F(Toolbar, WithoutAPlotTheTypesAreThoseOfTheNextOne) {
     EXPECT_EQ(Enabled(state.display), Numbers{});
     EXPECT_FALSE(state.hasPlot);
     EXPECT_EQ(state.useDecimals, ControlState());
+    EXPECT_EQ(Enabled(state.formulas), Numbers{});
+    EXPECT_EQ(Down(state.formulas), Numbers{});
     PressPlotType(1);
     PressDataType(2);
     EXPECT_EQ(gPlotKind, kEqualAngle);
@@ -87,6 +89,18 @@ TEST_F(Toolbar, DecimalsCanBeSwitchedInEachPlot) {
     EXPECT_EQ(StateOfToolbar().useDecimals, (ControlState{true, true}));
     record.PlotKind = kRose;
     EXPECT_EQ(StateOfToolbar().useDecimals, (ControlState{true, true}));
+}
+
+TEST_F(Toolbar, OneChoiceOfFormulasIsDown) {
+    PlotRecord& record = PlotWithRows();
+    for (const std::int16_t choice : {kFormulasOfPreferences, kOwnFormulas, kTextbookFormulas}) {
+        record.PlotFormulas = choice;
+        EXPECT_EQ(Enabled(StateOfToolbar().formulas), (Numbers{0, 1, 2}));
+        EXPECT_EQ(Down(StateOfToolbar().formulas), Numbers{choice});
+    }
+    gSettings.notation.formulas = Formulas::Textbook;
+    record.PlotFormulas = kFormulasOfPreferences;
+    EXPECT_EQ(Down(StateOfToolbar().formulas), Numbers{0}) << "the choice, not what it results in";
 }
 
 TEST_F(Toolbar, EachModeHasItsButton) {
