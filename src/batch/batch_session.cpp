@@ -34,6 +34,17 @@ std::string OnOneLine(std::string text) {
     return text;
 }
 
+std::string ChooseFormulasOfPreferences(const std::string& name) {
+    for (const Formulas formulas : {Formulas::Own, Formulas::Textbook}) {
+        if (name == NameOf(formulas)) {
+            UseFormulas(formulas);
+            return {};
+        }
+    }
+    return name == "preferences" ? "no plot is open that could follow the preferences"
+                                 : "'" + name + "' is neither own nor textbook";
+}
+
 } // namespace
 
 BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside,
@@ -198,13 +209,18 @@ std::string BatchSession::Format(const Command& command) {
 }
 
 std::string BatchSession::ChooseFormulas(const Command& command) {
-    for (const Formulas formulas : {Formulas::Own, Formulas::Textbook}) {
-        if (command.Words() == NameOf(formulas)) {
-            UseFormulas(formulas);
-            return {};
-        }
+    if (!IsOpenSlot(gActivePlot)) {
+        return ChooseFormulasOfPreferences(command.Words());
     }
-    return "'" + command.Words() + "' is neither own nor textbook";
+    std::int16_t choice = kFormulasOfPreferences;
+    const std::string error = TakeName({{"preferences", kFormulasOfPreferences},
+                                        {NameOf(Formulas::Own), kOwnFormulas},
+                                        {NameOf(Formulas::Textbook), kTextbookFormulas}},
+                                       command.Words(), choice);
+    if (error.empty()) {
+        UsePlotFormulas(gActivePlot, choice);
+    }
+    return error;
 }
 
 std::string BatchSession::Save(const Command& command) {

@@ -35,6 +35,7 @@ const std::map<std::string, FieldRange>& FieldRanges() {
         {"DataKind", {kPlanes, kPolarLines}},
         {"PrimaryFormat", {0, kPrimaryLine}},
         {"SecondaryFormat", {kNoSecondary, kHadeInPlane}},
+        {"PlotFormulas", {kFormulasOfPreferences, kTextbookFormulas}},
         {"PlotSymbolMode", {kGreatCircles, kContoursAndGrid}},
         {"OverlayKind", {kOverlayGreatCircles, kOverlayPolarLines}},
         {"NumClasses", {0, 4}},
@@ -188,8 +189,8 @@ bool IsEditOfPlot(const std::string& name) {
 
 bool MovesRows(const std::string& field) {
     return field == "PlotKind" || field == "DataKind" || field == "ShowSecondary"
-           || field == "UseDecimals" || field == "PrimaryFormat" || field == "SecondaryFormat"
-           || field.starts_with("OverlayKind");
+           || field == "UseDecimals" || field == "PlotFormulas" || field == "PrimaryFormat"
+           || field == "SecondaryFormat" || field.starts_with("OverlayKind");
 }
 
 } // namespace quandrel

@@ -17,7 +17,7 @@ namespace quandrel {
 /// options are not edits.
 [[nodiscard]] bool IsEditOfPlot(const std::string& name);
 
-/// True for fields whose change moves rows or changes what is counted.
+/// True for fields whose change moves rows, or changes what is counted or by which formulas.
 [[nodiscard]] bool MovesRows(const std::string& field);
 
 } // namespace quandrel

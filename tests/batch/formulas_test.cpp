@@ -40,6 +40,56 @@ TEST_F(BatchFormulas, ChangeTheStatisticsOfOpenPlots) {
     EXPECT_NE(out.str().find("Mean Resultant dir'n  = 090-270\r\n"), std::string::npos);
 }
 
+TEST_F(BatchFormulas, AreThoseOfThePlotInFocus) {
+    const std::string both =
+        std::string(kOpen) + "open \"FOLDER/axes.txt\"; plot rose; activate 1; formulas textbook; ";
+    ASSERT_EQ(Run(both + "stats normal; get PlotFormulas; activate 2; get PlotFormulas"), "");
+    EXPECT_NE(out.str().find("Mean Resultant dir'n  = 045-225\r\n"), std::string::npos);
+    EXPECT_TRUE(out.str().ends_with("\n2\n0\n")) << out.str();
+    ASSERT_EQ(Run(both + "activate 2; stats normal"), "");
+    EXPECT_NE(out.str().find("= 090-270\r\n(textbook: 045-225)\r\n"), std::string::npos);
+    ASSERT_EQ(Run(both + "open \"FOLDER/axes.txt\"; get PlotFormulas"), "");
+    EXPECT_EQ(out.str(), "0\n") << "plots to come follow the preferences";
+}
+
+TEST_F(BatchFormulas, OfThePreferencesAreThoseBeforeTheFirstPlot) {
+    const std::string mean = "stats normal; get PlotFormulas";
+    ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen + "formulas own; " + mean), "");
+    EXPECT_NE(out.str().find("= 090-270\r\n(textbook: 045-225)\r\n"), std::string::npos);
+    EXPECT_TRUE(out.str().ends_with("\n1\n")) << out.str();
+    ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen
+                  + "formulas own; formulas preferences; " + mean),
+              "");
+    EXPECT_NE(out.str().find("= 045-225\r\n"), std::string::npos);
+    EXPECT_EQ(out.str().find("(textbook:"), std::string::npos);
+    EXPECT_TRUE(out.str().ends_with("\n0\n")) << out.str();
+}
+
+TEST_F(BatchFormulas, AreKeptInPlotFiles) {
+    ASSERT_EQ(Run(std::string(kOpen)
+                  + "formulas textbook; save \"FOLDER/rose.qpx\"; close; "
+                    "open \"FOLDER/rose.qpx\"; stats normal; get PlotFormulas"),
+              "");
+    EXPECT_NE(out.str().find("= 045-225\r\n"), std::string::npos) << out.str();
+    EXPECT_EQ(out.str().find("(textbook:"), std::string::npos);
+    EXPECT_TRUE(out.str().ends_with("\n2\n")) << out.str();
+}
+
+TEST_F(BatchFormulas, CanBeSetAsAField) {
+    const std::string set = std::string(kOpen) + "set PlotFormulas ";
+    ASSERT_EQ(Run(set + "2; stats normal; get RoseMeanDir[0]; get Modified"), "");
+    EXPECT_NE(out.str().find("= 045-225\r\n"), std::string::npos) << out.str();
+    EXPECT_NE(out.str().find("\n0.785398"), std::string::npos) << out.str();
+    EXPECT_TRUE(out.str().ends_with("\n0\n")) << out.str();
+    const nlohmann::json own = Dump(set + "2; plot equalarea; set PlotFormulas 1");
+    EXPECT_EQ(own["record"]["PlotFormulas"], 1);
+    EXPECT_EQ(own["record"], Dump(std::string(kOpen) + "plot equalarea; formulas own")["record"]);
+    for (const char* value : {"3", "-1", "textbook"}) {
+        EXPECT_EQ(Run(set + value),
+                  "line 1: set: '" + std::string(value) + "' is not a value of PlotFormulas");
+    }
+}
+
 TEST_F(BatchFormulas, HoldForPlotsToComeAndNeedNone) {
     ASSERT_EQ(Run(std::string("formulas textbook; ") + kOpen + "stats normal"), "");
     EXPECT_NE(out.str().find("Mean Resultant dir'n  = 045-225\r\n"), std::string::npos);
@@ -85,6 +135,10 @@ TEST_F(BatchFormulas, NotesStandBesideThePrintedConeToo) {
 TEST_F(BatchFormulas, RefuseOtherWords) {
     EXPECT_EQ(Run("formulas"), "line 1: formulas: '' is neither own nor textbook");
     EXPECT_EQ(Run("formulas mine"), "line 1: formulas: 'mine' is neither own nor textbook");
+    EXPECT_EQ(Run("formulas preferences"),
+              "line 1: formulas: no plot is open that could follow the preferences");
+    EXPECT_EQ(Run("blank; formulas mine"),
+              "line 1: formulas: 'mine' is not one of own, preferences, textbook");
     EXPECT_EQ(Run("formulas own textbook"), "line 1: formulas: 'textbook' is one word too many");
 }
 
