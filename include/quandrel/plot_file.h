@@ -78,6 +78,14 @@ struct UnreadRow {
     friend bool operator==(const UnreadRow&, const UnreadRow&) = default;
 };
 
+/// The formulas of a plot's statistics, where the program's own definitions and the textbook's
+/// differ.
+enum class PlotFormulas {
+    kOfPreferences = 0, ///< no choice: the program follows its preferences, DrawPlot its own
+    kOwn = 1,
+    kTextbook = 2,
+};
+
 /// Rows as arrays. Either planes or lines are as many as there are rows, the other is empty; so it
 /// is with the second ones. Each of the other columns has all rows, or is empty.
 ///
@@ -111,7 +119,8 @@ struct Plot {
     Secondary secondary = Secondary::kNone;
     bool showsSecondary = false; ///< the second orientations are drawn instead
     bool usesDecimals = false;   ///< drawings and results use decimals, not whole degrees
-    std::string axesTitle;       ///< of derived axes, such as P and T; empty for measured rows
+    PlotFormulas formulas = PlotFormulas::kOfPreferences;
+    std::string axesTitle; ///< of derived axes, such as P and T; empty for measured rows
     std::string fabric;
     std::string description;
     std::string numberName = "value";

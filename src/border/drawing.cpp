@@ -5,6 +5,7 @@
 #include "border/border.h"
 #include "border/inner_surface.h"
 #include "border/plot_columns.h"
+#include "core/plot_formulas.h"
 #include "drawing/draw_plot.h"
 #include "drawing/work_out.h"
 #include "persistence/plot_of_file.h"
@@ -42,10 +43,11 @@ quandrel::Plot WorkedOut(const Plot& plot, const Drawing& drawing, const Styles&
         throw std::bad_alloc();
     }
     inner.record.PlotTitle = drawing.title;
+    const Formulas formulas = FormulasOf(inner.record, Formulas::Own);
     if (inner.record.PlotKind == kRose) {
-        WorkOutRoseUnasked(inner, Formulas::Own);
+        WorkOutRoseUnasked(inner, formulas);
     } else {
-        WorkOutPlot(inner, {ReplotCause::Rows, styles, Formulas::Own, static_cast<int>(gridSize)});
+        WorkOutPlot(inner, {ReplotCause::Rows, styles, formulas, static_cast<int>(gridSize)});
     }
     return inner;
 }
@@ -59,7 +61,8 @@ void DrawPlot(const Plot& plot, const Drawing& drawing) {
     const quandrel::Plot inner = WorkedOut(plot, drawing, styles);
     quandrel::DrawPlot(inner, {net, legend, styles,
                                drawing.purpose == DrawnFor::kScreen ? quandrel::DrawnFor::Window
-                                                                    : quandrel::DrawnFor::Paper});
+                                                                    : quandrel::DrawnFor::Paper,
+                               FormulasOf(inner.record, Formulas::Own)});
 }
 
 } // namespace quandrel::api

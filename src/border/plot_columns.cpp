@@ -250,6 +250,7 @@ PlotRecord RecordIn(const Plot& plot, const Settings& settings) {
     record.SecondaryFormat = static_cast<std::int16_t>(plot.secondary);
     record.ShowSecondary = plot.showsSecondary ? kTrue : std::int16_t{0};
     record.UseDecimals = plot.usesDecimals ? kTrue : std::int16_t{0};
+    record.PlotFormulas = static_cast<std::int16_t>(plot.formulas);
     record.AxesTitle = plot.axesTitle;
     record.FabricText = plot.fabric;
     record.DescriptionText = plot.description;
@@ -283,6 +284,7 @@ Plot PlotOut(BinaryPlot plot) {
     out.textName = record.AppNonNumName;
     out.numberIsFrequency = record.HasFrequencyColumn != 0;
     out.usesDecimals = record.UseDecimals != 0;
+    out.formulas = static_cast<PlotFormulas>(record.PlotFormulas);
     out.version = VersionToTell(plot);
     out.leftOut = plot.leftOut;
     out.rows = RowsOut(plot, 0, record.NumData, out.primary == Primary::kPlanes);

@@ -275,6 +275,22 @@ TEST_F(PublicDrawing, ShowsDecimalsWhereThePlotUsesThem) {
     }
 }
 
+TEST_F(PublicDrawing, FollowsTheChoiceOfFormulasOfThePlot) {
+    Plot rose;
+    rose.kind = PlotKind::kRose;
+    rose.drawnAs = DrawnAs::kLines;
+    rose.primary = Primary::kLines;
+    rose.rows.lines = {{10, 40}, {20, 45}, {30, 50}}; // a mean of 090 or of 045
+    const Pair unset(rose);
+    rose.formulas = PlotFormulas::kOwn;
+    EXPECT_EQ(Pair(rose).net.Operations(), unset.net.Operations());
+    rose.formulas = PlotFormulas::kTextbook;
+    EXPECT_NE(Pair(rose).net.Operations(), unset.net.Operations());
+    gSettings.notation.formulas = Formulas::Textbook;
+    rose.formulas = PlotFormulas::kOwn;
+    EXPECT_EQ(Pair(rose).net.Operations(), unset.net.Operations());
+}
+
 TEST_F(PublicDrawing, TakesTheSquareAtTheCentre) {
     Recording wide({750, 550});
     Recording legend(kLegend);

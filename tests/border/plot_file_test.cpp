@@ -137,6 +137,17 @@ TEST(PlotFile, KeepsDirectionsAndSecondPlanes) {
     EXPECT_EQ(Pairs(both->rows.secondPlanes), "70/200 ");
 }
 
+TEST(PlotFile, KeepsTheChoiceOfFormulas) {
+    Plot plot = FaultPlot();
+    EXPECT_EQ(ReadPlot(*PlotBytes(plot))->formulas, PlotFormulas::kOfPreferences);
+    for (const PlotFormulas choice : {PlotFormulas::kOwn, PlotFormulas::kTextbook}) {
+        plot.formulas = choice;
+        const Result<Plot> again = ReadPlot(*PlotBytes(plot));
+        ASSERT_TRUE(again) << again.Error();
+        EXPECT_EQ(again->formulas, choice);
+    }
+}
+
 TEST(PlotFile, KeepsSixDecimals) {
     Plot plot;
     plot.secondary = Secondary::kLine;
