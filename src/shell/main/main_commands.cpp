@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The handlers of the main window's commands.
+// The handlers of the main window's commands; main_edit_commands.cpp has those of the Edit menu.
 
 #include "core/messages.h"
 #include "core/plot_store.h"
@@ -12,13 +12,7 @@
 #include "derive/kinematic_plots.h"
 #include "derive/secondary_data.h"
 #include "drawing/plot_state.h"
-#include "edit/commands/edit_menu.h"
 #include "edit/history/undo.h"
-#include "edit/marks/annotation_edits.h"
-#include "edit/marks/annotations.h"
-#include "edit/marks/girdles.h"
-#include "edit/rows/edit_rows.h"
-#include "edit/selection/marquee.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
 #include "mapinfo/map_commands.h"
@@ -29,12 +23,12 @@
 #include "platform/platform.h"
 #include "print/print_run.h"
 #include "qt/plot_picture.h"
-#include "rotation/rotate_data.h"
 #include "session/closing.h"
 #include "session/recalculate.h"
 #include "session/start.h"
 #include "session/unplotted_lines.h"
 #include "session/window_state.h"
+#include "shell/controls/control_kit.h"
 #include "shell/controls/ending_text.h"
 #include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -51,7 +45,6 @@
 #include "shell/plot/plot_dialogs.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
-#include "shell/styles/frm_symbol_select.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -74,10 +67,6 @@ constexpr double kCopyDensity = 3;
 
 constexpr const char* kPictureFilter =
     "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
-
-QString Numbered(const char* name, int number) {
-    return QString(name) + "_" + QString::number(number);
-}
 
 } // namespace
 
@@ -193,96 +182,6 @@ void GeolPlotMain::ConnectCopyCommands() {
                        [this] { CopyStatistics(StatisticsOf(ActivePlot()).normal); });
     commands_->Connect("mnuFileCopyStats_1",
                        [this] { CopyStatistics(StatisticsOf(ActivePlot()).advanced); });
-}
-
-void GeolPlotMain::ConnectEditCommands() {
-    commands_->Connect("mnuEditUndoRotation", [] {
-        UndoRotation();
-        FollowMovedRows();
-    });
-    commands_->Connect("mnuEditRefresh", [] { ReplotActivePlot(false); });
-    commands_->Connect("mnuEditReCalculate", [] { RecalculateActivePlot(); });
-    commands_->Connect("mnuEditRemoveOverlay", [] { RemoveOverlay(); });
-    commands_->Connect("mnuEditAdd", [this] { ShowHowToAddPoints(); });
-    commands_->Connect("mnuEditAddMode", [] {});
-    commands_->Connect("mnuEditLasso", [] {});
-    commands_->Connect("mnuEditGirdle", [] { ShowGirdleHelp(); });
-    commands_->Connect("mnuEditSmallCircles", [this] { dialogs_->ShowSmallCircles(); });
-    for (const char* name : {"mnuEditPreferences", "mnuViewPreferences"}) {
-        commands_->Connect(name, [this] { EditPreferences(kSymbolsPage); });
-    }
-    commands_->Connect("mnuEditGirdles", [this] { commands_->Of("mnuViewLegends_0").trigger(); });
-}
-
-void GeolPlotMain::ConnectSelectionCommands() {
-    for (int item = kCutItem; item <= kUnselectItem; ++item) {
-        commands_->Connect(Numbered("mnuEditSelection", item), [this, item] { Edit(item); });
-    }
-    commands_->Connect("mnuEditUndo", [this] {
-        UndoEdits();
-        FollowLayer();
-    });
-    commands_->Connect("mnuEditRedo", [this] {
-        RedoEdits();
-        FollowLayer();
-    });
-}
-
-void GeolPlotMain::ConnectAnnotationCommands() {
-    const auto toggle = [] { SetAnnotationsShown(ActiveRecord().ShowAnnotations == 0); };
-    commands_->Connect("mnuPlotAnnotation", toggle);
-    commands_->Connect("mnuViewAnnotations", toggle);
-    commands_->Connect("mnuEditRemoveAnnotation", [] { RemoveAllAnnotations(); });
-}
-
-void GeolPlotMain::FollowLayer() {
-    if (frmPlotForms* form = ActiveForm()) {
-        form->ShowLayer(gActiveLayer);
-    }
-}
-
-void GeolPlotMain::Edit(int item) {
-    if (item != kChangeSymbolItem) {
-        EditSelection(item);
-        FollowLayer();
-    } else if (gActiveLayer == kAnnotationLayer) {
-        ChangeSymbolsOfAnnotations();
-    } else {
-        ChangeSymbolsOfSelection();
-    }
-}
-
-void GeolPlotMain::ChangeSymbolsOfSelection() {
-    if (const std::optional<RowStyles> styles = StylesOfSelection()) {
-        const StyleQuestion question{"Symbols of the selected data", StyleKind::Symbol,
-                                     styles->down, styles->up};
-        if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
-            ChangeSymbols({chosen->down, chosen->up});
-        }
-    }
-}
-
-void GeolPlotMain::ChangeSymbolsOfAnnotations() {
-    const std::optional<AnnotationStyles> styles = StylesOfSelectedAnnotations();
-    if (!styles) {
-        Tell(kNoAnnotationsSelected);
-        return;
-    }
-    const StyleQuestion question{"Symbols of the selected annotations", StyleKind::Symbol,
-                                 styles->down, styles->up};
-    if (const std::optional<ChosenStyles> chosen = AskStyle(question, this)) {
-        ChangeAnnotationSymbols({chosen->down, chosen->up});
-    }
-}
-
-void GeolPlotMain::ShowHowToAddPoints() {
-    (void)gPlatform.prompts->Ask(
-        {"To add (or delete) data points",
-         "Alt+Left mouse button:  to insert a new data point under the mouse pointer\n"
-         "(Alt+Right mouse button:  to insert a new data point with 'upward' polarity)\n\n"
-         "Drag and select points to delete them.\n"
-         "Remember to SAVE the data to make any changes permanent.",
-         Icon::Information, Buttons::Ok});
 }
 
 void GeolPlotMain::ConnectPlotCommands() {
