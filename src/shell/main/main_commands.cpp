@@ -193,6 +193,8 @@ void GeolPlotMain::ConnectPlotCommands() {
             }
         });
         commands_->Connect(Numbered("mnuPlotDataType", i), [i] { PressDataType(i); });
+        commands_->Connect(Numbered("mnuPlotFormulas", i),
+                           [i] { UsePlotFormulas(gActivePlot, static_cast<std::int16_t>(i)); });
     }
     for (int i = 0; i < kOverlaySecondaryButton; ++i) {
         commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });

@@ -106,8 +106,11 @@ void MainMenus::MakePlotMenu(const Commands& commands) {
     mnuPlot = MakeMenu("mnuPlot", "&Plot");
     Add(*mnuPlot, commands,
         {"mnuPlotType_0", "mnuPlotType_1", "mnuPlotType_2", kGap, "mnuPlotDataType_0",
-         "mnuPlotDataType_1", "mnuPlotDataType_2", kGap, "mnuPlotSecondary", "mnuPlotDecimals",
-         kGap});
+         "mnuPlotDataType_1", "mnuPlotDataType_2", kGap, "mnuPlotSecondary", "mnuPlotDecimals"});
+    QMenu* formulas = MakeMenu("mnuPlotFormulas", "&Formulas");
+    Add(*formulas, commands, {"mnuPlotFormulas_0", "mnuPlotFormulas_1", "mnuPlotFormulas_2"});
+    mnuPlot->addMenu(formulas);
+    mnuPlot->addSeparator();
     QMenu* symbols = MakeMenu("mnuPlotSymbols", "&Symbols");
     Add(*symbols, commands,
         {"mnuPlotSymbols_0", "mnuPlotSymbols_1", "mnuPlotSymbols_2", "mnuPlotSymbols_3",

@@ -136,6 +136,7 @@ void GeolPlotMain::UpdateToolbar() {
     for (int i = 0; i < 3; ++i) {
         set("mnuPlotType_" + QString::number(i), state.plotTypes[static_cast<std::size_t>(i)]);
         set("mnuPlotDataType_" + QString::number(i), state.dataTypes[static_cast<std::size_t>(i)]);
+        set("mnuPlotFormulas_" + QString::number(i), state.formulas[static_cast<std::size_t>(i)]);
     }
     for (int i = 0; i < kSymbolButtons; ++i) {
         // The menu has a separator before the items of the secondary data.

@@ -51,7 +51,7 @@ GENERAL
 - Formulas of statistics: some results in the boxes are Quandrel's own by
   definition; where the textbook's result differs, it is shown below in
   brackets. "Textbook" uses the textbook's formulas for the boxes, arrows,
-  arcs and cones of all plots instead.
+  arcs and cones instead. Plots with a choice under Plot > Formulas keep it.
 - Use decimals of orientations: new plots start with Plot > Use Decimals
   switched on. Open plots and plots of plot files keep their own choice.
 - Convert 'invalid' decimal-like numbers: a number of an appended column with

@@ -93,6 +93,7 @@ TEST_F(MainWindow, EveryControlHasItsName) {
                            "mnuFileFormat",
                            "mnuPlotSecondary",
                            "mnuPlotDecimals",
+                           "mnuPlotFormulas",
                            "mnuPlotIntersection",
                            "mnuPlotAnnotation",
                            "mnuViewAnnotations",

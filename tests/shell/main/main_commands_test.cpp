@@ -2,6 +2,7 @@
 //
 // The commands of the main window from end to end, by menu item and by button.
 
+#include "core/plot_texts.h"
 #include "core/settings_value.h"
 #include "core/style_tables.h"
 #include "orientation/angles.h"
@@ -143,6 +144,41 @@ TEST_F(MainCommands, UseDecimalsIsAPropertyOfEachPlot) {
     EXPECT_NEAR(plungeOfPole(first), 43, 1e-9);
     Press("mnuFileClose_1");
     EXPECT_FALSE(Action("mnuPlotDecimals").isEnabled());
+}
+
+TEST_F(MainCommands, FormulasAreAPropertyOfEachPlot) {
+    const auto checked = [this] {
+        std::string items;
+        for (const char* item : {"mnuPlotFormulas_0", "mnuPlotFormulas_1", "mnuPlotFormulas_2"}) {
+            items += Action(item).isChecked() ? '1' : '0';
+        }
+        return items;
+    };
+    EXPECT_FALSE(Action("mnuPlotFormulas_0").isEnabled()) << "there is no plot";
+    EXPECT_FALSE(Action("mnuPlotFormulas_2").isEnabled());
+    const int first = OpenFile("a.txt", "40\t200\n");
+    EXPECT_EQ(checked(), "100");
+    Press("mnuPlotFormulas_2");
+    EXPECT_EQ(checked(), "001");
+    EXPECT_EQ(RecordOf(first).PlotFormulas, kTextbookFormulas);
+    EXPECT_NE(StatisticsOf(PlotOf(first)).advanced.find("gamma = undetermined"), std::string::npos);
+    EXPECT_EQ(RecordOf(first).Modified, 0);
+    Press("mnuPlotFormulas_2");
+    EXPECT_EQ(checked(), "001") << "pressing it again does not release it";
+    const int second = OpenFile("b.txt", "40\t200\n");
+    EXPECT_EQ(checked(), "100");
+    EXPECT_NE(StatisticsOf(PlotOf(second)).advanced.find("gamma = 99999.00"), std::string::npos);
+    Press("mnuPlotFormulas_1");
+    EXPECT_EQ(checked(), "010");
+    EXPECT_EQ(RecordOf(second).PlotFormulas, kOwnFormulas);
+    Room().setActiveSubWindow(&FormOfSlot(first));
+    EXPECT_EQ(checked(), "001");
+    Press("mnuPlotFormulas_0");
+    EXPECT_EQ(checked(), "100");
+    EXPECT_NE(StatisticsOf(PlotOf(first)).advanced.find("gamma = 99999.00"), std::string::npos);
+    Press("mnuFileClose_1");
+    EXPECT_FALSE(Action("mnuPlotFormulas_1").isEnabled());
+    EXPECT_EQ(checked(), "000");
 }
 
 TEST_F(MainCommands, DisplayButtonsShowAndHideTheBoxes) {
