@@ -179,9 +179,9 @@ void GeolPlotMain::ConnectCopyCommands() {
     commands_->Connect("mnuFileCopyImage_0", [this] { CopyImage(false); });
     commands_->Connect("mnuFileCopyImage_1", [this] { CopyImage(true); });
     commands_->Connect("mnuFileCopyStats_0",
-                       [this] { CopyStatistics(StatisticsOf(ActivePlot()).normal); });
+                       [] { CopyStatistics(StatisticsOf(ActivePlot()).normal); });
     commands_->Connect("mnuFileCopyStats_1",
-                       [this] { CopyStatistics(StatisticsOf(ActivePlot()).advanced); });
+                       [] { CopyStatistics(StatisticsOf(ActivePlot()).advanced); });
 }
 
 void GeolPlotMain::ConnectPlotCommands() {
