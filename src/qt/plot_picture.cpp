@@ -16,6 +16,8 @@
 
 #include <QPainter>
 
+#include <cstddef>
+
 namespace quandrel {
 
 namespace {
@@ -53,7 +55,8 @@ void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Me
     const PlotRecord& record = ActiveRecord();
     const auto draw = [&](const RoomRect& box, PlotFontPlace font, const std::string& text) {
         PainterSurface surface(painter, Scaled(box, factor), factor, medium);
-        DrawTextBox(surface, gSettings.styles.fonts[font], text, box.width, box.height);
+        DrawTextBox(surface, gSettings.styles.fonts[static_cast<std::size_t>(font)], text,
+                    box.width, box.height);
     };
     if (record.LayerVisible[kFabricLayer] != 0) {
         draw(layout.fabric, kFabricFont, record.FabricText);
