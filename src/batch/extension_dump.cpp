@@ -3,8 +3,11 @@
 #include "batch/extension_dump.h"
 
 #include "orientation/attitude.h"
+#include "persistence/field_block.h"
 #include "persistence/measured_block.h"
 #include "persistence/plot_blocks.h"
+
+#include <nlohmann/json.hpp>
 
 #include <cstdint>
 #include <optional>
@@ -44,6 +47,18 @@ void WriteMeasured(std::string_view bytes, JsonWriter& writer) {
     }
 }
 
+/// The fields of a part by their names.
+template <class Part>
+void WritePart(std::string_view bytes, JsonWriter& writer) {
+    if (const std::optional<Part> part = PartOfBlock<Part>(bytes)) {
+        const auto write = [&writer](const char* name, const auto& field) {
+            writer.Key(name);
+            writer.Ready(nlohmann::ordered_json(field).dump());
+        };
+        VisitFieldsOf(*part, write);
+    }
+}
+
 void WriteKnown(const BlockView& block, JsonWriter& writer) {
     if (AnglesOfBlock(block.head)) {
         WriteMeasured(block.bytes, writer);
@@ -55,6 +70,10 @@ void WriteKnown(const BlockView& block, JsonWriter& writer) {
         if (const std::optional<std::int16_t> value = FormulasOfBlock(block.bytes)) {
             WriteNumber("PlotFormulas", *value, writer);
         }
+    } else if (block.head.tag == kDensityViewBlock.tag) {
+        WritePart<RecordDensityView>(block.bytes, writer);
+    } else if (block.head.tag == kRegionsBlock.tag) {
+        WritePart<RecordRegions>(block.bytes, writer);
     }
 }
 

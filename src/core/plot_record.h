@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "core/record_density_view.h"
 #include "core/record_fields.h"
 #include "core/record_marks.h"
 #include "core/record_places.h"
@@ -20,9 +21,9 @@ namespace quandrel {
 /// The parts, in the order of dumps.
 struct PlotRecord
     : JoinedRecord<RecordRows, RecordAnnotations, RecordColumns, RecordRanges, RecordClasses,
-                   RecordTexts, RecordOverlays, RecordView, RecordDensities, RecordFabric,
-                   RecordGirdles, RecordLayers, RecordRose, RecordFiles, RecordLinks, RecordState> {
-};
+                   RecordTexts, RecordOverlays, RecordView, RecordDensities, RecordDensityView,
+                   RecordRegions, RecordFabric, RecordGirdles, RecordLayers, RecordRose,
+                   RecordFiles, RecordLinks, RecordState> {};
 
 /// Calls `visit(const char* name, field)` for each field that is a value, a text or a table of
 /// them. VisitFurtherPlotFields visits the others that files keep.

@@ -3,6 +3,7 @@
 #include "persistence/plot_blocks.h"
 
 #include "core/fingerprint.h"
+#include "persistence/field_block.h"
 #include "persistence/measured_block.h"
 #include "stereo/row_positions.h"
 
@@ -73,6 +74,25 @@ void ReadFormulas(std::string_view bytes, BinaryPlot& plot) {
     plot.record.PlotFormulas = value.value_or(kFormulasOfPreferences);
 }
 
+/// Gives a part of the record the values of its block, if these are possible.
+template <class Part>
+void ReadPart(std::string_view bytes, const char* name, BinaryPlot& plot) {
+    if (std::optional<Part> part = PartOfBlock<Part>(bytes)) {
+        static_cast<Part&>(plot.record) = std::move(*part);
+    } else {
+        LeaveOut(plot, std::string("The choice of ") + name + " is damaged.");
+    }
+}
+
+template <class Part>
+void WritePart(const BlockHead& head, const PlotRecord& record, ExtensionWriter& extension,
+               BinaryWriter& writer) {
+    const Part& part = record;
+    if (part != Part()) {
+        extension.Block(head, [&] { WriteFields(part, writer); });
+    }
+}
+
 void ReadBlock(const BlockView& block, BinaryPlot& plot) {
     if (const std::optional<RowAngles> which = AnglesOfBlock(block.head)) {
         ReadMeasured(block.bytes, *which, plot);
@@ -80,6 +100,10 @@ void ReadBlock(const BlockView& block, BinaryPlot& plot) {
         ReadUseDecimals(block.bytes, plot);
     } else if (block.head.tag == kFormulasBlock.tag) {
         ReadFormulas(block.bytes, plot);
+    } else if (block.head.tag == kDensityViewBlock.tag) {
+        ReadPart<RecordDensityView>(block.bytes, "densities", plot);
+    } else if (block.head.tag == kRegionsBlock.tag) {
+        ReadPart<RecordRegions>(block.bytes, "confidence regions", plot);
     } else {
         plot.unknownBlocks.push_back({block.head, std::string(block.bytes)});
     }
@@ -190,6 +214,8 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
     if (plot.record.PlotFormulas != kFormulasOfPreferences) {
         extension.Block(kFormulasBlock, [&] { writer.Short(plot.record.PlotFormulas); });
     }
+    WritePart<RecordDensityView>(kDensityViewBlock, plot.record, extension, writer);
+    WritePart<RecordRegions>(kRegionsBlock, plot.record, extension, writer);
     WriteMeasured(extension, writer, plot, rows);
     WriteUnknown(extension, writer, plot);
     extension.Finish();

@@ -9,6 +9,7 @@
 #include "persistence/binary_plot_file.h"
 #include "persistence/binary_samples.h"
 #include "persistence/extension_by_hand.h"
+#include "persistence/field_block.h"
 #include "persistence/open_plot.h"
 #include "persistence/plot_blocks.h"
 #include "persistence/plot_file_bytes.h"
@@ -101,6 +102,68 @@ TEST_F(PlotBlocks, APlotWithoutDecimalsHasNoExtension) {
         const std::string bytes = *PlotFileBytes(*plot);
         EXPECT_EQ(bytes.find("\x8fQX"), std::string::npos) << version.file;
     }
+}
+
+/// A part of a record with a value of its own in each field, all within their limits.
+RecordDensityView OtherDensities() {
+    RecordDensityView view;
+    view.DensityMethod = kDensityByKernel;
+    view.DensityK = 4.5;
+    view.KernelWidth = 12.25;
+    view.DensityUnit = kMultiplesUnit;
+    view.LevelRule = kLevelsByHand;
+    view.LevelStep = 0.5;
+    view.LevelsByHand = "2, 4, 8";
+    view.ContourPicture = kLinesOverBands;
+    view.BandPalette = 2;
+    view.PaletteReversed = kTrue;
+    view.BandOpacity = 0.75;
+    view.ShowEnvelope = kTrue;
+    view.ShowMaxima = kTrue;
+    return view;
+}
+
+RecordRegions OtherRegions() {
+    return {kRegionOfAxis | kRegionOfGirdle,
+            kRegionsOfOverlays,
+            99,
+            kRegionByBootstrap,
+            kTrue,
+            kTrue,
+            5000,
+            77};
+}
+
+TEST_F(PlotBlocks, DensitiesAndRegionsAreKept) {
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    static_cast<RecordDensityView&>(ActiveRecord()) = OtherDensities();
+    static_cast<RecordRegions&>(ActiveRecord()) = OtherRegions();
+    const std::string bytes = Bytes(slot);
+    EXPECT_TRUE(bytes.starts_with(plain));
+    const int again = Open(bytes);
+    EXPECT_EQ(static_cast<const RecordDensityView&>(RecordOf(again)), OtherDensities());
+    EXPECT_EQ(static_cast<const RecordRegions&>(RecordOf(again)), OtherRegions());
+    EXPECT_EQ(Bytes(again), bytes);
+}
+
+TEST_F(PlotBlocks, PartsOfEarlierAndLaterVersionsAreRead) {
+    BinaryWriter writer;
+    WriteFields(OtherDensities(), writer);
+    const std::string bytes = writer.Bytes();
+    EXPECT_EQ(PartOfBlock<RecordDensityView>(bytes + "later"), OtherDensities());
+    EXPECT_EQ(PartOfBlock<RecordDensityView>(""), RecordDensityView());
+    RecordDensityView earlier;
+    earlier.DensityMethod = kDensityByKernel;
+    EXPECT_EQ(PartOfBlock<RecordDensityView>(bytes.substr(0, 2)), earlier);
+    EXPECT_EQ(PartOfBlock<RecordDensityView>(bytes.substr(0, 3)), std::nullopt) << "half a field";
+}
+
+TEST_F(PlotBlocks, ImpossibleDensitiesAndRegionsAreLeftOut) {
+    const std::string sixth = LittleEndian(6, 2);
+    EXPECT_EQ(LeftOutOf(SampleWith(BlockByHand("DENS", 1, sixth) + BlockByHand("REGN", 1, "x"))),
+              (Sentences{"The choice of densities is damaged.",
+                         "The choice of confidence regions is damaged."}));
 }
 
 TEST_F(PlotBlocks, TheBytesBeforeAnExtensionAreThoseWithoutIt) {
