@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/weighted_cells.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kDegreesPerRadian = 180 / kPi;
+
+/// The arcs of rings are trusted to this, in radians.
+constexpr double kDoubtOfArc = 2e-5;
+
+/// Products of sines and cosines are trusted to this.
+constexpr double kRounding = 1e-12;
+
+/// Of rings with a smaller product of cosines no arc is computed: all of it may be on the border.
+constexpr double kLeastProduct = 1e-6;
+
+/// Added to the distances of rows from the middles of their cells, radians.
+constexpr double kDoubtOfRadius = 1e-8;
+
+/// The cap in which totals of linear and square weights would lose too many digits: 1 - cos 10
+/// degrees.
+constexpr double kLowCap = 0.0151922469877920;
+
+/// -ln of the weight of KambExponential that is left out.
+constexpr double kLeftOutExponent = 25.4;
+
+int CellsPerDegreeFor(std::size_t rows) {
+    constexpr std::size_t kMany = 100'000;
+    return rows < kMany ? 1 : 2;
+}
+
+/// The cosine of the farthest row that can count.
+double ReachCosine(const DensityFormula& formula) {
+    if (formula.method == DensityMethod::KambExponential) {
+        const double least = formula.sense == LineSense::Axes ? 0 : -1;
+        return std::max(1 - kLeftOutExponent / formula.factor, least);
+    }
+    return formula.cosine;
+}
+
+/// Whether the cells inside the cone are taken by totals.
+bool TakesTotals(const DensityFormula& formula) {
+    switch (formula.method) {
+    case DensityMethod::Cone:
+    case DensityMethod::Kamb:
+        return true;
+    case DensityMethod::KambLinear:
+    case DensityMethod::KambSquare:
+        return 1 - formula.cosine > kLowCap;
+    case DensityMethod::KambExponential:
+    case DensityMethod::Kernel:
+        break;
+    }
+    return false;
+}
+
+} // namespace
+
+/// An end of the axis through a place, or its only one.
+struct WeightedCells::End {
+    Direction direction;
+    LatticePlace place; ///< below plunge 0 for the upper end of an axis
+    double sine = std::sin(place.plunge / kDegreesPerRadian);
+    double cosine = std::cos(place.plunge / kDegreesPerRadian);
+};
+
+/// The cone that rows count in.
+struct WeightedCells::Reach {
+    double angle = 0;
+    double cosine = 1;
+    double sine = 0;
+    bool takesTotals = false;
+};
+
+/// The cells of a ring from `first` to before `end` may have rows within the cone, those from
+/// `firstInside` to before `endInside` have no others. From one turn below the ring to one above.
+struct WeightedCells::Arc {
+    std::ptrdiff_t first = 0;
+    std::ptrdiff_t firstInside = 0;
+    std::ptrdiff_t endInside = 0;
+    std::ptrdiff_t end = 0;
+
+    /// Takes the cells up to a distance from a middle; none of them is inside.
+    void SetOuter(double middle, double halfWidth, std::ptrdiff_t turn) {
+        first = static_cast<std::ptrdiff_t>(std::ceil(middle - halfWidth));
+        end = static_cast<std::ptrdiff_t>(std::floor(middle + halfWidth)) + 1;
+        end = std::min(end, first + turn);
+        firstInside = end;
+        endInside = end;
+    }
+
+    /// Those up to a lesser distance are inside.
+    void SetInner(double middle, double halfWidth) {
+        const auto from = static_cast<std::ptrdiff_t>(std::ceil(middle - halfWidth));
+        const auto to = static_cast<std::ptrdiff_t>(std::floor(middle + halfWidth)) + 1;
+        if (from < to) {
+            firstInside = std::max(from, first);
+            endInside = std::min(to, end);
+        }
+    }
+};
+
+/// The sum of a weight over rows within the cone, from their totals.
+class WeightedCells::Inside {
+public:
+    Inside(const DensityFormula& formula, const Direction& place)
+        : method_(formula.method)
+        , cosine_(formula.cosine)
+        , factor_(formula.factor)
+        , place_(place) {}
+
+    [[nodiscard]] double Sum(const WeightedCells& cells, std::size_t first, std::size_t end) const {
+        const double weight = cells.weightTotals_[end] - cells.weightTotals_[first];
+        if (method_ == DensityMethod::Cone || method_ == DensityMethod::Kamb || weight == 0) {
+            return weight;
+        }
+        const Direction& to = cells.vectorTotals_[end];
+        const Direction& from = cells.vectorTotals_[first];
+        const double linear =
+            (to.l - from.l) * place_.l + (to.m - from.m) * place_.m + (to.n - from.n) * place_.n;
+        if (method_ == DensityMethod::KambLinear) {
+            return factor_ * (linear - cosine_ * weight);
+        }
+        const double square = Square(cells.productTotals_[first], cells.productTotals_[end]);
+        return factor_ * (square - 2 * cosine_ * linear + cosine_ * cosine_ * weight);
+    }
+
+private:
+    [[nodiscard]] double Square(const std::array<double, 6>& from,
+                                const std::array<double, 6>& to) const {
+        const auto [l, m, n] = place_;
+        return l * l * (to[0] - from[0]) + m * m * (to[1] - from[1]) + n * n * (to[2] - from[2])
+               + 2
+                     * (l * m * (to[3] - from[3]) + l * n * (to[4] - from[4])
+                        + m * n * (to[5] - from[5]));
+    }
+
+    DensityMethod method_;
+    double cosine_;
+    double factor_;
+    Direction place_;
+};
+
+WeightedCells::WeightedCells(std::span<const MeasuredLine> rows, std::span<const double> rowWeights,
+                             LineSense sense)
+    : sense_(sense)
+    , perDegree_(CellsPerDegreeFor(rows.size()))
+    , trends_(static_cast<std::size_t>(360 * perDegree_))
+    , rings_(static_cast<std::size_t>((RingsOf(sense) - 1) * perDegree_ + 1))
+    , starts_(rings_.size() * trends_ + 1)
+    , rows_(rows.size()) {
+    std::vector<std::size_t> cells(rows.size());
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        cells[row] = CellOf(LatticePlaceOf(rows[row], sense));
+        ++starts_[cells[row]];
+    }
+    std::inclusive_scan(starts_.begin(), starts_.end(), starts_.begin());
+    // From the last row to the first, so that those of a cell keep their order.
+    for (std::size_t row = rows.size(); row-- > 0;) {
+        const MeasuredLine& line = rows[row];
+        rows_[--starts_[cells[row]]] = {sense == LineSense::Axes ? AxisOf(line) : DirectionOf(line),
+                                        rowWeights[row]};
+    }
+    FindRings(rows);
+    AddTotals();
+}
+
+std::size_t WeightedCells::CellOf(const LatticePlace& place) const {
+    const double fromFirst = place.plunge - FirstPlunge(sense_);
+    const auto ring = static_cast<std::size_t>(fromFirst * perDegree_ + 0.5);
+    const auto trend = static_cast<std::size_t>(place.trend * perDegree_ + 0.5) % trends_;
+    return ring * trends_ + trend;
+}
+
+void WeightedCells::FindRings(std::span<const MeasuredLine> rows) {
+    for (const MeasuredLine& row : rows) {
+        const LatticePlace place = LatticePlaceOf(row, sense_);
+        double& radius = rings_[CellOf(place) / trends_].radius;
+        const auto fromMiddle = [this](double degrees) {
+            return std::abs(degrees - RoundToEven(degrees * perDegree_) / perDegree_)
+                   / kDegreesPerRadian;
+        };
+        // With the cosine of a plunge that neither the row nor the ring is below.
+        const double least = std::max(std::abs(place.plunge) - 0.5, 0.0) / kDegreesPerRadian;
+        radius = std::max(radius, std::hypot(fromMiddle(place.plunge),
+                                             std::cos(least) * fromMiddle(place.trend)));
+    }
+    double plunge = FirstPlunge(sense_);
+    for (Ring& ring : rings_) {
+        ring.radius += kDoubtOfRadius;
+        ring.sine = std::sin(plunge / kDegreesPerRadian);
+        ring.cosine = std::cos(plunge / kDegreesPerRadian);
+        ring.sineOfRadius = std::sin(ring.radius);
+        ring.cosineOfRadius = std::cos(ring.radius);
+        plunge += 1.0 / perDegree_;
+    }
+}
+
+void WeightedCells::AddTotals() {
+    for (std::size_t ring = 0; ring < rings_.size(); ++ring) {
+        double weight = 0;
+        Direction vector;
+        std::array<double, 6> products{};
+        for (std::size_t trend = 0; trend <= trends_; ++trend) {
+            weightTotals_.push_back(weight);
+            vectorTotals_.push_back(vector);
+            productTotals_.push_back(products);
+            if (trend == trends_) {
+                break;
+            }
+            const std::size_t cell = ring * trends_ + trend;
+            for (std::size_t i = starts_[cell]; i < starts_[cell + 1]; ++i) {
+                const auto [l, m, n] = rows_[i].direction;
+                const double share = rows_[i].weight;
+                weight += share;
+                vector = {vector.l + share * l, vector.m + share * m, vector.n + share * n};
+                const std::array<double, 6> more = {l * l, m * m, n * n, l * m, l * n, m * n};
+                for (std::size_t place = 0; place < more.size(); ++place) {
+                    products[place] += share * more[place];
+                }
+            }
+        }
+    }
+}
+
+bool WeightedCells::FindArc(const End& end, const Reach& reach, const Ring& ring, Arc& arc) const {
+    const double height = end.sine * ring.sine;
+    const double product = end.cosine * ring.cosine;
+    const bool isAll = reach.angle + ring.radius >= kPi;
+    const bool mayBeInside = reach.takesTotals && reach.angle > ring.radius;
+    const double outer = reach.cosine * ring.cosineOfRadius - reach.sine * ring.sineOfRadius;
+    const double inner = reach.cosine * ring.cosineOfRadius + reach.sine * ring.sineOfRadius;
+    if (!isAll && height + product < outer - kRounding) {
+        return false;
+    }
+    if (mayBeInside && height - product > inner + kRounding) {
+        arc = {0, 0, Turn(), Turn()};
+        return true;
+    }
+    arc = {0, Turn(), Turn(), Turn()};
+    if (product < kLeastProduct) {
+        return true;
+    }
+    const auto halfWidth = [&](double cosine, double doubt) {
+        const double quotient = std::clamp((cosine - height) / product, -1.0, 1.0);
+        return (std::acos(quotient) + doubt) * kDegreesPerRadian * perDegree_;
+    };
+    const double middle = end.place.trend * perDegree_;
+    const double whole = 0.5 * static_cast<double>(Turn());
+    const double width = isAll ? whole : halfWidth(outer, kDoubtOfArc);
+    arc.SetOuter(middle, std::min(width, whole), Turn());
+    if (mayBeInside && height + product > inner) {
+        arc.SetInner(middle, halfWidth(inner, -kDoubtOfArc));
+    }
+    return true;
+}
+
+/// Calls a function for the runs of cells of an arc that do not pass north.
+///
+/// @param visit  takes the numbers of the first cell in the ring and of that after the last
+template <class Visit>
+void SplitAtNorth(std::ptrdiff_t first, std::ptrdiff_t end, std::ptrdiff_t turn, Visit visit) {
+    while (first < end) {
+        const std::ptrdiff_t place = ((first % turn) + turn) % turn;
+        const std::ptrdiff_t count = std::min(end - first, turn - place);
+        visit(static_cast<std::size_t>(place), static_cast<std::size_t>(place + count));
+        first += count;
+    }
+}
+
+template <class Weight>
+double WeightedCells::SumInRun(const Weight& weightOf, const Direction& place,
+                               std::size_t firstCell, std::size_t endCell) const {
+    double sum = 0;
+    for (std::size_t i = starts_[firstCell]; i < starts_[endCell]; ++i) {
+        const auto& [direction, weight] = rows_[i];
+        sum += weight
+               * weightOf(direction.l * place.l + direction.m * place.m + direction.n * place.n);
+    }
+    return sum;
+}
+
+template <class Weight>
+double WeightedCells::SumOfArc(const Weight& weightOf, const Inside& inside, const Direction& place,
+                               std::size_t ring, const Arc& arc) const {
+    const std::ptrdiff_t turn = Turn();
+    double sum = 0;
+    const auto addBorder = [&](std::size_t first, std::size_t end) {
+        sum += SumInRun(weightOf, place, ring * trends_ + first, ring * trends_ + end);
+    };
+    SplitAtNorth(arc.first, arc.firstInside, turn, addBorder);
+    SplitAtNorth(arc.firstInside, arc.endInside, turn, [&](std::size_t first, std::size_t end) {
+        const std::size_t total = ring * (trends_ + 1);
+        sum += inside.Sum(*this, total + first, total + end);
+    });
+    SplitAtNorth(arc.endInside, arc.end, turn, addBorder);
+    return sum;
+}
+
+template <class Weight>
+double WeightedCells::SumAtEnd(const Weight& weightOf, const DensityFormula& formula,
+                               const Reach& reach, const End& end) const {
+    const Inside inside(formula, end.direction);
+    const double widest =
+        reach.angle * kDegreesPerRadian + 1; // the radius of a cell is less than 1
+    const auto ringAt = [this](double plunge) {
+        const double ring = (plunge - FirstPlunge(sense_)) * perDegree_;
+        return std::clamp(ring, -1.0, static_cast<double>(rings_.size()));
+    };
+    const auto first =
+        static_cast<std::size_t>(std::max(std::ceil(ringAt(end.place.plunge - widest)), 0.0));
+    const auto last = static_cast<std::ptrdiff_t>(std::floor(ringAt(end.place.plunge + widest)));
+    double sum = 0;
+    Arc arc;
+    for (std::size_t ring = first;
+         static_cast<std::ptrdiff_t>(ring) <= last && ring < rings_.size(); ++ring) {
+        const bool hasRows = starts_[ring * trends_] < starts_[(ring + 1) * trends_];
+        if (hasRows && FindArc(end, reach, rings_[ring], arc)) {
+            sum += SumOfArc(weightOf, inside, end.direction, ring, arc);
+        }
+    }
+    return sum;
+}
+
+double WeightedCells::At(const DensityFormula& formula, const MeasuredLine& place) const {
+    Reach reach;
+    reach.cosine = ReachCosine(formula);
+    reach.angle = ArcCos(reach.cosine);
+    reach.sine = std::sin(reach.angle);
+    reach.takesTotals = TakesTotals(formula);
+    const LatticePlace at = LatticePlaceOf(place, sense_);
+    return WithWeight(formula, [&](const auto& weightOf) {
+        if (sense_ == LineSense::Directions) {
+            return SumAtEnd(weightOf, formula, reach, {DirectionOf(place), at});
+        }
+        // Each end has the rows on its own side; those between them are taken once.
+        const auto ofSide = [&weightOf](double c) { return c >= 0 ? weightOf(c) : 0; };
+        const auto ofOtherSide = [&weightOf](double c) { return c > 0 ? weightOf(c) : 0; };
+        const Direction axis = AxisOf(place);
+        const LatticePlace opposite{-at.plunge, at.trend < 180 ? at.trend + 180 : at.trend - 180};
+        return SumAtEnd(ofSide, formula, reach, {axis, at})
+               + SumAtEnd(ofOtherSide, formula, reach, {{-axis.l, -axis.m, -axis.n}, opposite});
+    });
+}
+
+} // namespace quandrel
