@@ -62,6 +62,16 @@ TEST(HatchLines, TimesTheirDistanceAreTheArea) {
     }
 }
 
+TEST(HatchLines, LeaveOutTheHolesOfAShape) {
+    const std::vector<QPolygonF> rings = {Circle(50), Circle(30), Circle(10)};
+    for (const double angle : {0.0, 0.4, kPi / 2}) {
+        EXPECT_NEAR(TotalLength(HatchLines(rings, angle, 0.5, {0.1, 0.2})) * 0.5,
+                    kPi * (50 * 50 - 30 * 30 + 10 * 10), 10)
+            << angle;
+    }
+    EXPECT_TRUE(HatchLines(std::span<const QPolygonF>(), 0, 1, {0, 0}).empty());
+}
+
 TEST(HatchLines, LeaveOutTheNotchOfAShape) {
     const QPolygonF notched({{0, 0}, {10, 0}, {10, 10}, {6, 10}, {6, 5}, {4, 5}, {4, 10}, {0, 10}});
     const std::vector<QLineF> lines = HatchLines(notched, 0, 10, {0, 8});
@@ -82,7 +92,7 @@ TEST(HatchLines, OfShapesBesideEachOtherMeet) {
 }
 
 TEST(HatchLines, AreNoneForShapesThatCannotBeDrawn) {
-    EXPECT_TRUE(HatchLines({}, 0, 2, {0, 0}).empty());
+    EXPECT_TRUE(HatchLines(QPolygonF(), 0, 2, {0, 0}).empty());
     EXPECT_TRUE(HatchLines(QPolygonF({{1, 1}}), 0, 2, {0, 0}).empty());
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(HatchLines(QPolygonF({{0, 0}, {nan, 5}, {5, 9}}), 0, 2, {0, 0}).empty());
