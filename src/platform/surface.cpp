@@ -2,7 +2,17 @@
 
 #include "platform/surface.h"
 
+#include <algorithm>
+
 namespace quandrel {
+
+namespace {
+
+double OpacityOf(const DrawState& state, double opacity) {
+    return state.drawMode == kDrawNotXor ? 1 : std::clamp(opacity, 0.0, 1.0);
+}
+
+} // namespace
 
 std::string HexOf(Colour colour) {
     constexpr const char* kDigits = "0123456789abcdef";
@@ -12,6 +22,14 @@ std::string HexOf(Colour colour) {
         text += kDigits[channel % 16];
     }
     return text;
+}
+
+double LineOpacityOf(const DrawState& state) {
+    return OpacityOf(state, state.lineOpacity);
+}
+
+double FillOpacityOf(const DrawState& state) {
+    return OpacityOf(state, state.fillOpacity);
 }
 
 } // namespace quandrel

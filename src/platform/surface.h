@@ -3,9 +3,10 @@
 // The picture surface: the program's only way to draw.
 //
 // Positions are user units: +x to the right, +y up, between the corners that SetUserScale gives.
-// Angles are radians, counter-clockwise from +x. Widths of lines and sizes of text are logical
-// pixels (1/96 inch on paper) and do not follow the user scale. A surface knows nothing of rows,
-// planes or legends. Drawing goes on top of what is there, antialiased at the device's resolution.
+// Angles are radians, counter-clockwise from +x. Widths of lines are logical pixels (1/96 inch on
+// paper) or points (1/72 inch), sizes of text are points. None of them follows the user scale. A
+// surface knows nothing of rows, planes or legends. Drawing goes on top of what is there,
+// antialiased at the device's resolution.
 
 #pragma once
 
@@ -67,7 +68,7 @@ inline constexpr UserScale kPlotScale{-1100, 1100, 1100, -1100};
 
 /// How new ink combines with what is drawn already. Records and dialogs hold these numbers.
 enum DrawMode : int {
-    kDrawNotXor = 10, ///< for marks that are toggled; drawn as plain lines on paper and in files
+    kDrawNotXor = 10, ///< for marks that are toggled, always opaque; plain lines in files
     kDrawCopy = 13,   ///< the ordinary pen
 };
 
@@ -108,14 +109,21 @@ struct FontSpec {
 struct DrawState {
     int drawMode = kDrawCopy;
     int drawStyle = kSolidLine;
-    double drawWidth = 1;
+    double drawWidth = 1; ///< logical pixels; a surface may raise it to what is visible
     int fillStyle = kNoFill;
     Colour fillColour = kBlack;
     Colour foreColour = kBlack;
     FontSpec font;
+    double widthInPoints = 0; ///< if above 0, the exact width of lines instead of drawWidth
+    double lineOpacity = 1;   ///< of lines and outlines, 0 (nothing is seen) to 1
+    double fillOpacity = 1;   ///< of fills, hatches and pixels. Texts are always opaque.
 
     friend bool operator==(const DrawState&, const DrawState&) = default;
 };
+
+/// The opacities that apply, 0 to 1: those of the state, or 1 for marks that are toggled.
+[[nodiscard]] double LineOpacityOf(const DrawState& state);
+[[nodiscard]] double FillOpacityOf(const DrawState& state);
 
 /// One stroke or shape of a glyph, in user units about the marker's position.
 struct GlyphPart {
