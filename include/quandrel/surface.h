@@ -4,19 +4,24 @@
 // that records what is drawn.
 //
 // Positions are pixels from the top left corner, x to the right and y down; a pixel is 1/96 inch,
-// and fractions of it count. Surfaces keep no state between calls: each call carries its pen, fill
-// and font. What is drawn later covers what is there. Angles are degrees clockwise from the top.
+// and fractions of it count. Surfaces keep no state between calls, except for clips: each call
+// carries its pen, fill and font. What is drawn later covers what is there, unless it is partly
+// transparent. Angles are degrees clockwise from the top.
 //
-// Example: a line and a text, recorded.
+// Example: a line, a text, and a half transparent square with a square hole, recorded.
 //
 //     namespace qd = quandrel::api;
 //     qd::Recording recording({100, 50});
 //     const std::vector<qd::Point> across = {{0, 25}, {100, 25}};
 //     recording.Polyline(across, {.colour = {255, 0, 0}, .width = 2});
 //     recording.Text({5, 5}, "east", {}, {});
-//     std::cout << recording.Operations().size() << '\n'; // -> 2
+//     const std::vector<std::vector<qd::Point>> rings = {{{0, 0}, {45, 0}, {45, 45}, {0, 45}},
+//                                                        {{15, 15}, {30, 15}, {30, 30}, {15, 30}}};
+//     recording.Path(rings, {.points = 0.5}, {qd::Pattern::kSolid, {255, 128, 0}, 0.5});
+//     std::cout << recording.Operations().size() << '\n'; // -> 3
 //     std::cout << recording.Operations()[0].pen.width << '\n'; // -> 2
 //     std::cout << recording.Operations()[1].text << '\n'; // -> east
+//     std::cout << recording.Operations()[2].fill.opacity << '\n'; // -> 0.5
 
 #pragma once
 
@@ -65,9 +70,11 @@ enum class Dash {
 
 /// How lines and outlines are drawn.
 struct Pen {
-    Colour colour;
-    double width = 1; ///< pixels; 0 is as thin as the surface can draw
+    Colour colour = {}; // designated initialisers may leave it out
+    double width = 1;   ///< pixels; 0 is as thin as the surface can draw
     Dash dash = Dash::kSolid;
+    double points = 0;  ///< if above 0, the exact width, in points of 1/72 inch, instead of `width`
+    double opacity = 1; ///< 0 (not seen) to 1
 
     friend bool operator==(const Pen&, const Pen&) = default;
 };
@@ -88,6 +95,7 @@ enum class Pattern {
 struct Fill {
     Pattern pattern = Pattern::kNone;
     Colour colour;
+    double opacity = 1; ///< 0 (not seen) to 1, of a hatch that of its lines
 
     friend bool operator==(const Fill&, const Fill&) = default;
 };
@@ -143,6 +151,11 @@ public:
     /// A closed shape. Its first point is not repeated at the end.
     virtual void Polygon(std::span<const Point> points, const Pen& pen, const Fill& fill) = 0;
 
+    /// Closed rings as one shape, filled where a point is within an odd number of them: a ring
+    /// within another is a hole, whichever way either of them runs.
+    virtual void Path(std::span<const std::vector<Point>> rings, const Pen& pen,
+                      const Fill& fill) = 0;
+
     virtual void Circle(Point centre, double radius, const Pen& pen, const Fill& fill) = 0;
 
     /// A part of a circle.
@@ -162,6 +175,13 @@ public:
     /// One line of text without control characters.
     virtual void Text(Point topLeft, std::string_view utf8, const Font& font, Colour colour) = 0;
 
+    /// Confines what is drawn to a circle, and to the clips before it, until PopClip. A surface is
+    /// not cleared within a clip, and each clip is ended.
+    virtual void PushClip(Point centre, double radius) = 0;
+
+    /// Ends the last clip that has not ended.
+    virtual void PopClip() = 0;
+
     /// Size of a text in pixels, at least 0. The height is that of any line in the font.
     [[nodiscard]] virtual double TextWidth(std::string_view utf8, const Font& font) const = 0;
     [[nodiscard]] virtual double TextHeight(const Font& font) const = 0;
@@ -174,9 +194,22 @@ public:
 
 /// A call of a drawing function. What the function does not take has its default.
 struct Operation {
-    enum class Kind { kClear, kPolyline, kPolygon, kCircle, kArc, kWedge, kMarkers, kText };
+    enum class Kind {
+        kClear,
+        kPolyline,
+        kPolygon,
+        kCircle,
+        kArc,
+        kWedge,
+        kMarkers,
+        kText,
+        kPath,
+        kPushClip,
+        kPopClip,
+    };
     Kind kind = Kind::kPolyline;
     std::vector<Point> points; ///< vertices, positions, the centre, the corner of a text
+    std::vector<std::vector<Point>> rings; ///< of a path
     double radius = 0;
     double from = 0;
     double sweep = 0;
@@ -204,12 +237,15 @@ public:
     void Clear(Colour background) override;
     void Polyline(std::span<const Point> points, const Pen& pen) override;
     void Polygon(std::span<const Point> points, const Pen& pen, const Fill& fill) override;
+    void Path(std::span<const std::vector<Point>> rings, const Pen& pen, const Fill& fill) override;
     void Circle(Point centre, double radius, const Pen& pen, const Fill& fill) override;
     void Arc(Point centre, double radius, double from, double sweep, const Pen& pen) override;
     void Wedge(Point centre, double radius, double from, double sweep, const Pen& pen,
                const Fill& fill) override;
     void Markers(const Marker& marker, std::span<const Point> positions) override;
     void Text(Point topLeft, std::string_view utf8, const Font& font, Colour colour) override;
+    void PushClip(Point centre, double radius) override;
+    void PopClip() override;
     [[nodiscard]] double TextWidth(std::string_view utf8, const Font& font) const override;
     [[nodiscard]] double TextHeight(const Font& font) const override;
 

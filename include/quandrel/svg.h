@@ -23,7 +23,9 @@
 
 namespace quandrel::api {
 
-/// A picture as an SVG 1.1 document of its own. Numbers are rounded to thousandths of a pixel.
+/// A picture as an SVG 1.1 document of its own. Numbers are rounded to thousandths of a pixel;
+/// widths in points are written as points. A clip has an id that is made of its circle, so that
+/// pictures can be joined in one document.
 ///
 /// Texts are laid out by their estimated sizes; the viewer's fonts may be narrower or wider.
 class SvgPicture : public Surface {
@@ -39,11 +41,14 @@ public:
     void Clear(Colour background) override;
     void Polyline(std::span<const Point> points, const Pen& pen) override;
     void Polygon(std::span<const Point> points, const Pen& pen, const Fill& fill) override;
+    void Path(std::span<const std::vector<Point>> rings, const Pen& pen, const Fill& fill) override;
     void Circle(Point centre, double radius, const Pen& pen, const Fill& fill) override;
     void Arc(Point centre, double radius, double from, double sweep, const Pen& pen) override;
     void Wedge(Point centre, double radius, double from, double sweep, const Pen& pen,
                const Fill& fill) override;
     void Text(Point topLeft, std::string_view utf8, const Font& font, Colour colour) override;
+    void PushClip(Point centre, double radius) override;
+    void PopClip() override;
     [[nodiscard]] double TextWidth(std::string_view utf8, const Font& font) const override;
     [[nodiscard]] double TextHeight(const Font& font) const override;
 
@@ -53,7 +58,8 @@ private:
 
     Extent size_;
     std::string body_;
-    std::set<std::string> patterns_; ///< those defined in the body
+    std::set<std::string> defined_; ///< ids of the hatches and clips that the body defines
+    int openClips_ = 0;
 };
 
 } // namespace quandrel::api

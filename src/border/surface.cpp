@@ -77,6 +77,11 @@ void Recording::Polygon(std::span<const Point> points, const Pen& pen, const Fil
     operations_.push_back(OperationOf(Operation::Kind::kPolygon, points, pen, fill));
 }
 
+void Recording::Path(std::span<const std::vector<Point>> rings, const Pen& pen, const Fill& fill) {
+    operations_.push_back(OperationOf(Operation::Kind::kPath, {}, pen, fill));
+    operations_.back().rings.assign(rings.begin(), rings.end());
+}
+
 void Recording::Circle(Point centre, double radius, const Pen& pen, const Fill& fill) {
     operations_.push_back(RoundOf(Operation::Kind::kCircle, centre, radius, pen, fill));
 }
@@ -106,6 +111,14 @@ void Recording::Text(Point topLeft, std::string_view utf8, const Font& font, Col
         OperationOf(Operation::Kind::kText, std::span(&topLeft, 1), {.colour = colour}));
     operations_.back().text = std::string(utf8);
     operations_.back().font = font;
+}
+
+void Recording::PushClip(Point centre, double radius) {
+    operations_.push_back(RoundOf(Operation::Kind::kPushClip, centre, radius, {}));
+}
+
+void Recording::PopClip() {
+    operations_.push_back(OperationOf(Operation::Kind::kPopClip, {}, {}));
 }
 
 double Recording::TextWidth(std::string_view utf8, const Font& font) const {

@@ -17,6 +17,8 @@ namespace {
 /// From the top of a line of text to its base, in heights.
 constexpr double kAscent = 0.8;
 
+constexpr const char* kClipEnd = "</g>\n";
+
 std::string NumberText(double value) {
     std::array<char, 400> buffer{};
     const double rounded = std::nearbyint(value * 1000) / 1000 + 0.0;
@@ -49,6 +51,15 @@ std::string PathOf(std::span<const Point> points) {
     return path;
 }
 
+/// The opacity of a "fill" or "stroke", left out where nothing shows through.
+std::string OpacityOf(const char* name, double opacity) {
+    return opacity == 1 ? "" : Attribute(name, std::clamp(opacity, 0.0, 1.0));
+}
+
+std::string WidthText(const Pen& pen) {
+    return pen.points > 0 ? NumberText(pen.points) + "pt" : NumberText(std::max(pen.width, 0.25));
+}
+
 Point AtAngle(Point centre, double radius, double degrees) {
     const double angle = degrees * std::numbers::pi / 180;
     return {centre.x + radius * std::sin(angle), centre.y - radius * std::cos(angle)};
@@ -66,6 +77,11 @@ std::string ArcPath(Point centre, double radius, double from, double sweep) {
 
 std::string PathShape(const std::string& path) {
     return "<path" + Attribute("d", path);
+}
+
+std::string CircleShape(Point centre, double radius) {
+    return "<circle" + Attribute("cx", centre.x) + Attribute("cy", centre.y)
+           + Attribute("r", radius);
 }
 
 /// The dashes of a line in pixels, or nothing for a solid one.
@@ -91,7 +107,7 @@ std::string StrokeOf(const Pen& pen) {
         return Attribute("stroke", "none");
     }
     std::string stroke = Attribute("stroke", "#" + HexOf(pen.colour));
-    stroke += Attribute("stroke-width", std::max(pen.width, 0.25));
+    stroke += OpacityOf("stroke-opacity", pen.opacity) + Attribute("stroke-width", WidthText(pen));
     const std::string dashes = DashesOf(pen.dash);
     return dashes.empty() ? stroke : stroke + Attribute("stroke-dasharray", dashes);
 }
@@ -139,9 +155,13 @@ std::string Escaped(std::string_view utf8) {
 
 std::string SvgPicture::Document() const {
     const std::string box = "0 0 " + NumberText(size_.width) + " " + NumberText(size_.height);
+    std::string ends; // of clips that a drawing in progress has not ended
+    for (int clip = 0; clip < openClips_; ++clip) {
+        ends += kClipEnd;
+    }
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\""
            + Attribute("width", size_.width) + Attribute("height", size_.height)
-           + Attribute("viewBox", box) + ">\n" + body_ + "</svg>\n";
+           + Attribute("viewBox", box) + ">\n" + body_ + ends + "</svg>\n";
 }
 
 /// The paint of a fill. A hatch is defined where it is first used.
@@ -155,7 +175,7 @@ std::string SvgPicture::PaintOf(const Fill& fill) {
     }
     const std::string name =
         "hatch" + std::to_string(static_cast<int>(fill.pattern)) + "-" + colour;
-    if (patterns_.insert(name).second) {
+    if (defined_.insert(name).second) {
         body_ += "<pattern" + Attribute("id", name)
                  + " width=\"6\" height=\"6\" patternUnits=\"userSpaceOnUse\">"
                  + PathShape(TileOf(fill.pattern)) + Attribute("stroke", "#" + colour)
@@ -166,12 +186,15 @@ std::string SvgPicture::PaintOf(const Fill& fill) {
 
 void SvgPicture::Add(const std::string& shape, const Pen& pen, const Fill& fill) {
     const std::string paint = PaintOf(fill);
-    body_ += shape + Attribute("fill", paint) + StrokeOf(pen) + "/>\n";
+    body_ += shape + Attribute("fill", paint)
+             + (fill.pattern == Pattern::kNone ? "" : OpacityOf("fill-opacity", fill.opacity))
+             + StrokeOf(pen) + "/>\n";
 }
 
 void SvgPicture::Clear(Colour background) {
     body_.clear();
-    patterns_.clear();
+    openClips_ = 0;
+    defined_.clear();
     const std::array<Point, 4> corners{
         {{0, 0}, {size_.width, 0}, {size_.width, size_.height}, {0, size_.height}}};
     Polygon(corners, {{}, 1, Dash::kNone}, {Pattern::kSolid, background});
@@ -185,9 +208,16 @@ void SvgPicture::Polygon(std::span<const Point> points, const Pen& pen, const Fi
     Add(PathShape(PathOf(points) + "Z"), pen, fill);
 }
 
+void SvgPicture::Path(std::span<const std::vector<Point>> rings, const Pen& pen, const Fill& fill) {
+    std::string path;
+    for (const std::vector<Point>& ring : rings) {
+        path += ring.empty() ? "" : PathOf(ring) + "Z";
+    }
+    Add(PathShape(path) + Attribute("fill-rule", "evenodd"), pen, fill);
+}
+
 void SvgPicture::Circle(Point centre, double radius, const Pen& pen, const Fill& fill) {
-    Add("<circle" + Attribute("cx", centre.x) + Attribute("cy", centre.y) + Attribute("r", radius),
-        pen, fill);
+    Add(CircleShape(centre, radius), pen, fill);
 }
 
 void SvgPicture::Arc(Point centre, double radius, double from, double sweep, const Pen& pen) {
@@ -208,6 +238,24 @@ void SvgPicture::Text(Point topLeft, std::string_view utf8, const Font& font, Co
              + (font.italic ? " font-style=\"italic\"" : "")
              + (font.underline ? " text-decoration=\"underline\"" : "")
              + Attribute("fill", "#" + HexOf(colour)) + ">" + Escaped(utf8) + "</text>\n";
+}
+
+void SvgPicture::PushClip(Point centre, double radius) {
+    const std::string name =
+        "clip" + NumberText(centre.x) + "_" + NumberText(centre.y) + "_" + NumberText(radius);
+    if (defined_.insert(name).second) {
+        body_ += "<clipPath" + Attribute("id", name) + ">" + CircleShape(centre, radius)
+                 + "/></clipPath>\n";
+    }
+    body_ += "<g" + Attribute("clip-path", "url(#" + name + ")") + ">\n";
+    ++openClips_;
+}
+
+void SvgPicture::PopClip() {
+    if (openClips_ > 0) {
+        body_ += kClipEnd;
+        --openClips_;
+    }
 }
 
 double SvgPicture::TextWidth(std::string_view utf8, const Font& font) const {

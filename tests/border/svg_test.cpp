@@ -72,6 +72,49 @@ TEST(PublicSvg, DefinesEachHatchOnce) {
     EXPECT_EQ(CountOf("fill=\"url(#hatch6-008000)\"", BodyOf(picture)), 2U);
 }
 
+TEST(PublicSvg, PathsAreOneElementWithHoles) {
+    SvgPicture picture({200, 200});
+    const std::vector<std::vector<Point>> rings = {
+        {{0, 0}, {90, 0}, {90, 90}}, {}, {{30, 10}, {60, 10}, {60, 30}}};
+    picture.Path(rings, kNoPen, {Pattern::kSolid, {1, 2, 3}});
+    EXPECT_EQ(BodyOf(picture), "<path d=\"M0 0L90 0L90 90ZM30 10L60 10L60 30Z\" "
+                               "fill-rule=\"evenodd\" fill=\"#010203\" stroke=\"none\"/>\n");
+}
+
+TEST(PublicSvg, WritesOpacitiesAndExactPoints) {
+    SvgPicture picture({200, 200});
+    picture.Circle({10, 20}, 5, {.width = 7, .points = 0.35, .opacity = 0.5},
+                   {Pattern::kSolid, {}, 0.25});
+    picture.Circle({10, 20}, 5, {.opacity = 2}, {Pattern::kNone, {}, 0.25});
+    EXPECT_EQ(BodyOf(picture),
+              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"#000000\" fill-opacity=\"0.25\" "
+              "stroke=\"#000000\" stroke-opacity=\"0.5\" stroke-width=\"0.35pt\"/>\n"
+              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"none\" stroke=\"#000000\" "
+              "stroke-opacity=\"1\" stroke-width=\"1\"/>\n");
+}
+
+TEST(PublicSvg, ClipsAreGroupsThatEndAndAreDefinedOnce) {
+    SvgPicture picture({200, 200});
+    picture.PushClip({100, 100.5}, 50);
+    picture.PushClip({120, 100}, 50);
+    picture.Circle({10, 20}, 5, kRed, {});
+    const std::string unfinished = picture.Document();
+    picture.PopClip();
+    picture.PopClip();
+    EXPECT_EQ(picture.Document(), unfinished) << "clips that are open are ended in the document";
+    EXPECT_EQ(BodyOf(picture),
+              "<clipPath id=\"clip100_100.5_50\"><circle cx=\"100\" cy=\"100.5\" r=\"50\"/>"
+              "</clipPath>\n<g clip-path=\"url(#clip100_100.5_50)\">\n"
+              "<clipPath id=\"clip120_100_50\"><circle cx=\"120\" cy=\"100\" r=\"50\"/>"
+              "</clipPath>\n<g clip-path=\"url(#clip120_100_50)\">\n"
+              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"none\" stroke=\"#ff0000\" "
+              "stroke-width=\"2\"/>\n</g>\n</g>\n");
+    picture.PushClip({120, 100}, 50);
+    picture.PopClip();
+    EXPECT_EQ(CountOf("<clipPath id=\"clip120_100_50\"", BodyOf(picture)), 1U);
+    EXPECT_EQ(CountOf("<g", BodyOf(picture)), CountOf("</g>", BodyOf(picture)));
+}
+
 TEST(PublicSvg, TextsAreEscaped) {
     SvgPicture picture({200, 200});
     picture.Text({10, 20}, "a<b & \"Störung\"\x01", {"A\"B", 7.5, true, false, true}, {0, 0, 255});
