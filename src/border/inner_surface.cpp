@@ -41,12 +41,12 @@ Turn TurnOf(double start, double end) {
     return {AzimuthOut(kPi / 2 - end), RadToDeg(sweep > 0 ? sweep : sweep + kTwoPi)};
 }
 
-Fill FillOf(GlyphPart::Ink ink, Colour colour) {
+Fill FillOf(GlyphPart::Ink ink, Colour colour, double opacity) {
     switch (ink) {
     case GlyphPart::Ink::Filled:
-        return {Pattern::kSolid, colour};
+        return {Pattern::kSolid, colour, opacity};
     case GlyphPart::Ink::White:
-        return {Pattern::kSolid, ColourOut(kWhite)};
+        return {Pattern::kSolid, ColourOut(kWhite), opacity};
     case GlyphPart::Ink::Outline:
         break;
     }
@@ -73,13 +73,14 @@ std::vector<Point> InnerSurface::Out(std::span<const quandrel::Point> points) co
 }
 
 Pen InnerSurface::PenOf(quandrel::Colour colour) const {
-    return {ColourOut(colour), state_.drawWidth, static_cast<Dash>(state_.drawStyle)};
+    return {ColourOut(colour), state_.drawWidth, static_cast<Dash>(state_.drawStyle),
+            state_.widthInPoints, LineOpacityOf(state_)};
 }
 
 Fill InnerSurface::StateFill() const {
-    return state_.fillStyle == kNoFill
-               ? Fill{}
-               : Fill{static_cast<Pattern>(state_.fillStyle), ColourOut(state_.fillColour)};
+    return state_.fillStyle == kNoFill ? Fill{}
+                                       : Fill{static_cast<Pattern>(state_.fillStyle),
+                                              ColourOut(state_.fillColour), FillOpacityOf(state_)};
 }
 
 Font InnerSurface::StateFont() const {
@@ -103,7 +104,7 @@ void InnerSurface::Box(quandrel::Point corner, quandrel::Point opposite, quandre
 void InnerSurface::FilledBox(quandrel::Point corner, quandrel::Point opposite,
                              quandrel::Colour colour) {
     onto_.Polygon(CornersOf(Out(corner), Out(opposite)), PenOf(colour),
-                  {Pattern::kSolid, ColourOut(colour)});
+                  {Pattern::kSolid, ColourOut(colour), FillOpacityOf(state_)});
 }
 
 void InnerSurface::Circle(quandrel::Point centre, double radius, quandrel::Colour colour) {
@@ -131,8 +132,18 @@ void InnerSurface::Polygon(std::span<const quandrel::Point> points, quandrel::Co
     onto_.Polygon(Out(points), PenOf(colour), StateFill());
 }
 
+void InnerSurface::Path(std::span<const std::vector<quandrel::Point>> rings,
+                        quandrel::Colour colour) {
+    std::vector<std::vector<Point>> out;
+    for (const std::vector<quandrel::Point>& ring : rings) {
+        out.push_back(Out(ring));
+    }
+    onto_.Path(out, PenOf(colour), StateFill());
+}
+
 void InnerSurface::SetPixel(quandrel::Point at, quandrel::Colour colour) {
-    onto_.Polygon(PixelAt(Out(at)), kNoOutline, {Pattern::kSolid, ColourOut(colour)});
+    onto_.Polygon(PixelAt(Out(at)), kNoOutline,
+                  {Pattern::kSolid, ColourOut(colour), FillOpacityOf(state_)});
 }
 
 MarkerPart InnerSurface::PartOf(const GlyphPart& part, Colour colour) const {
@@ -141,15 +152,17 @@ MarkerPart InnerSurface::PartOf(const GlyphPart& part, Colour colour) const {
     for (const quandrel::Point& point : part.points) {
         out.points.push_back({point.x / pixel.x, -point.y / pixel.y});
     }
-    out.pen = {colour, std::max(state_.drawWidth, 1.0)};
-    out.fill = FillOf(part.ink, colour);
+    const double fillOpacity = FillOpacityOf(state_);
+    out.pen = {colour, std::max(state_.drawWidth, 1.0), Dash::kSolid, state_.widthInPoints,
+               LineOpacityOf(state_)};
+    out.fill = FillOf(part.ink, colour, fillOpacity);
     switch (part.kind) {
     case GlyphPart::Kind::Pixel: {
         const std::array<Point, 4> square = PixelAt(out.points.at(0));
         out.points.assign(square.begin(), square.end());
         out.kind = MarkerPart::Kind::kShape;
         out.pen = kNoOutline;
-        out.fill = {Pattern::kSolid, colour};
+        out.fill = {Pattern::kSolid, colour, fillOpacity};
         break;
     }
     case GlyphPart::Kind::Polyline:
@@ -178,6 +191,14 @@ void InnerSurface::Markers(const Glyph& glyph, quandrel::Colour colour,
 
 void InnerSurface::Text(quandrel::Point topLeft, std::string_view utf8) {
     onto_.Text(Out(topLeft), utf8, StateFont(), ColourOut(state_.foreColour));
+}
+
+void InnerSurface::PushClip(quandrel::Point centre, double radius) {
+    onto_.PushClip(Out(centre), radius / PixelSize().x);
+}
+
+void InnerSurface::PopClip() {
+    onto_.PopClip();
 }
 
 double InnerSurface::TextWidth(std::string_view utf8) const {

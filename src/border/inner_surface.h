@@ -48,10 +48,14 @@ public:
                quandrel::Colour colour) override;
     void Polyline(std::span<const quandrel::Point> points, quandrel::Colour colour) override;
     void Polygon(std::span<const quandrel::Point> points, quandrel::Colour colour) override;
+    void Path(std::span<const std::vector<quandrel::Point>> rings,
+              quandrel::Colour colour) override;
     void SetPixel(quandrel::Point at, quandrel::Colour colour) override;
     void Markers(const Glyph& glyph, quandrel::Colour colour,
                  std::span<const quandrel::Point> positions) override;
     void Text(quandrel::Point topLeft, std::string_view utf8) override;
+    void PushClip(quandrel::Point centre, double radius) override;
+    void PopClip() override;
     [[nodiscard]] double TextWidth(std::string_view utf8) const override;
     [[nodiscard]] double TextHeight() const override;
 

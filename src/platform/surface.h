@@ -192,6 +192,11 @@ public:
     /// A closed shape, filled by the state's fill style.
     virtual void Polygon(std::span<const Point> points, Colour colour) = 0;
 
+    /// Closed rings as one shape, filled by the state's fill style where a point is within an odd
+    /// number of them: a ring within another is a hole, whichever way either of them runs. Last
+    /// points are joined to first ones.
+    virtual void Path(std::span<const std::vector<Point>> rings, Colour colour) = 0;
+
     /// A square of one logical pixel.
     virtual void SetPixel(Point at, Colour colour) = 0;
 
@@ -201,6 +206,14 @@ public:
     /// One line of text in the state's font and fore colour; its top left corner is at the
     /// position.
     virtual void Text(Point topLeft, std::string_view utf8) = 0;
+
+    /// Confines what is drawn to a circle of user units of the current scale, and to the clips
+    /// before it, until PopClip. Measures and the state are not affected. The surface is not
+    /// cleared within a clip.
+    virtual void PushClip(Point centre, double radius) = 0;
+
+    /// Ends the last clip that has not ended.
+    virtual void PopClip() = 0;
 
     /// Size of a text in user units, at least 0.
     [[nodiscard]] virtual double TextWidth(std::string_view utf8) const = 0;
@@ -222,6 +235,24 @@ public:
 private:
     Surface& surface_;
     DrawState state_;
+};
+
+/// Confines a surface to a circle until the end of a block.
+class CircleClip {
+public:
+    /// @param radius  user units, above 0
+    CircleClip(Surface& surface, Point centre, double radius)
+        : surface_(surface) {
+        surface_.PushClip(centre, radius);
+    }
+
+    ~CircleClip() { surface_.PopClip(); }
+
+    CircleClip(const CircleClip&) = delete;
+    CircleClip& operator=(const CircleClip&) = delete;
+
+private:
+    Surface& surface_;
 };
 
 } // namespace quandrel

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <numeric>
 
 namespace quandrel {
 
@@ -32,10 +33,6 @@ constexpr double kLargestSprite = 128;
 /// This many glyphs are cached; then the cache is cleared.
 constexpr std::size_t kMostGlyphs = 1000;
 
-QColor ToQt(Colour colour) {
-    return {colour.red, colour.green, colour.blue};
-}
-
 bool IsNear(QPointF place) {
     return std::abs(place.x()) < kFarAway && std::abs(place.y()) < kFarAway;
 }
@@ -46,9 +43,38 @@ std::div_t PixelOf(int step) {
     return {(step - phase) / kPhases, phase};
 }
 
+/// A part of a glyph as a path.
+///
+/// @param polygon         its points in painter units
+/// @param unitsX, unitsY  painter units per user unit
+QPainterPath PartPath(const GlyphPart& part, const QPolygonF& polygon, double unitsX,
+                      double unitsY) {
+    QPainterPath path;
+    if (part.kind == GlyphPart::Kind::Circle) {
+        path.addEllipse(polygon.front(), part.radius * std::abs(unitsX),
+                        part.radius * std::abs(unitsY));
+        return path;
+    }
+    path.addPolygon(polygon);
+    if (part.kind == GlyphPart::Kind::Polygon) {
+        path.closeSubpath();
+    }
+    return path;
+}
+
 } // namespace
 
-void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre) const {
+std::vector<std::uint32_t> PainterSurface::Drawn(std::span<const StepPlace> places) const {
+    if (!IsTranslucent()) {
+        return LastOfEachPlace(places);
+    }
+    std::vector<std::uint32_t> all(places.size());
+    std::iota(all.begin(), all.end(), 0U);
+    return all;
+}
+
+void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF centre,
+                              const QColor& pixelInk) const {
     const auto at = [&](Point point) {
         return centre + QPointF(point.x * unitsToDeviceX_, -point.y * unitsToDeviceY_);
     };
@@ -56,11 +82,16 @@ void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF 
     for (const Point& point : part.points) {
         polygon << at(point);
     }
+    if (IsTranslucent() && part.kind != GlyphPart::Kind::Pixel) {
+        const QPen pen = painter.pen();
+        const QBrush brush = painter.brush();
+        PaintPath(painter, PartPath(part, polygon, unitsToDeviceX_, unitsToDeviceY_), pen, brush);
+        return;
+    }
     switch (part.kind) {
     case GlyphPart::Kind::Pixel: {
         const QPointF half(pixelFactor_ / 2, pixelFactor_ / 2);
-        painter.fillRect(QRectF(polygon.front() - half, polygon.front() + half),
-                         painter.pen().color());
+        painter.fillRect(QRectF(polygon.front() - half, polygon.front() + half), pixelInk);
         break;
     }
     case GlyphPart::Kind::Circle:
@@ -77,28 +108,28 @@ void PainterSurface::DrawPart(QPainter& painter, const GlyphPart& part, QPointF 
 }
 
 double PainterSurface::GlyphPenWidth() const {
-    return std::max(state_.drawWidth, 1.0) * pixelFactor_;
+    return LineWidth(1);
 }
 
 void PainterSurface::DrawGlyph(QPainter& painter, const Glyph& glyph, Colour colour,
                                QPointF centre) const {
-    QPen pen(ToQt(colour));
+    QPen pen(LineInk(colour));
     pen.setWidthF(GlyphPenWidth());
     pen.setJoinStyle(Qt::MiterJoin);
-    painter.setPen(pen);
     for (const GlyphPart& part : glyph.parts) {
+        painter.setPen(pen);
         switch (part.ink) {
         case GlyphPart::Ink::Outline:
             painter.setBrush(Qt::NoBrush);
             break;
         case GlyphPart::Ink::Filled:
-            painter.setBrush(ToQt(colour));
+            painter.setBrush(FillInk(colour));
             break;
         case GlyphPart::Ink::White:
-            painter.setBrush(Qt::white);
+            painter.setBrush(FillInk(kWhite));
             break;
         }
-        DrawPart(painter, part, centre);
+        DrawPart(painter, part, centre, FillInk(colour));
     }
 }
 
@@ -132,7 +163,8 @@ void PainterSurface::Stamp(const PlainTarget& target, const Glyph& glyph, Colour
     if (sprites_.size() > kMostGlyphs) {
         sprites_.clear();
     }
-    Phases& phases = sprites_[{glyph.name, ColourValue(colour), GlyphPenWidth()}];
+    Phases& phases = sprites_[{glyph.name, ColourValue(colour), GlyphPenWidth(),
+                               LineOpacityOf(state_), FillOpacityOf(state_)}];
     phases.resize(static_cast<std::size_t>(kPhases * kPhases));
     std::vector<StepPlace> steps;
     steps.reserve(positions.size());
@@ -143,7 +175,7 @@ void PainterSurface::Stamp(const PlainTarget& target, const Glyph& glyph, Colour
                              static_cast<std::int32_t>(std::lround(place.y() * kPhases))});
         }
     }
-    for (const std::uint32_t index : LastOfEachPlace(steps)) {
+    for (const std::uint32_t index : Drawn(steps)) {
         const std::div_t x = PixelOf(steps[index].x);
         const std::div_t y = PixelOf(steps[index].y);
         std::optional<Sprite>& sprite = phases[static_cast<std::size_t>(y.rem * kPhases + x.rem)];
@@ -168,14 +200,14 @@ void PainterSurface::DrawEach(const Glyph& glyph, Colour colour, std::span<const
     }
     painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter_.setRenderHint(QPainter::Antialiasing, true);
-    for (const std::uint32_t index : LastOfEachPlace(steps)) {
+    for (const std::uint32_t index : Drawn(steps)) {
         DrawGlyph(painter_, glyph, colour, places[index]);
     }
 }
 
 void PainterSurface::Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) {
     const std::optional<PlainTarget> target =
-        medium_ == Medium::Raster ? PlainTargetOf(painter_) : std::nullopt;
+        medium_ == Medium::Raster && clips_ == 0 ? PlainTargetOf(painter_) : std::nullopt;
     if (target && GlyphReach(glyph) <= kLargestSprite) {
         Stamp(*target, glyph, colour, positions);
     } else {

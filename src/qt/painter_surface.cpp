@@ -30,8 +30,12 @@ constexpr double kArcTolerance = 0.1;
 /// Distance between the lines of a hatch, in logical pixels.
 constexpr double kHatchSpacing = 6;
 
-QColor ToQt(Colour colour) {
-    return {colour.red, colour.green, colour.blue};
+QColor ToQt(Colour colour, double opacity = 1) {
+    QColor ink(colour.red, colour.green, colour.blue);
+    if (opacity < 1) {
+        ink.setAlphaF(static_cast<float>(opacity));
+    }
+    return ink;
 }
 
 QString ToQt(std::string_view utf8) {
@@ -132,9 +136,27 @@ void PainterSurface::MakeFont() {
     font_.setUnderline(spec.underline);
 }
 
+double PainterSurface::LineWidth(double leastPixels) const {
+    return pixelFactor_
+           * (state_.widthInPoints > 0 ? state_.widthInPoints * kPixelsPerPoint
+                                       : std::max(state_.drawWidth, leastPixels));
+}
+
+QColor PainterSurface::LineInk(Colour colour) const {
+    return ToQt(colour, LineOpacityOf(state_));
+}
+
+QColor PainterSurface::FillInk(Colour colour) const {
+    return ToQt(colour, FillOpacityOf(state_));
+}
+
+bool PainterSurface::IsTranslucent() const {
+    return LineOpacityOf(state_) < 1 || FillOpacityOf(state_) < 1;
+}
+
 QPen PainterSurface::PenFor(Colour colour) const {
-    QPen pen(ToQt(colour));
-    pen.setWidthF(std::max(state_.drawWidth, 0.25) * pixelFactor_);
+    QPen pen(LineInk(colour));
+    pen.setWidthF(LineWidth(0.25));
     pen.setStyle(PenStyleOf(state_.drawStyle));
     pen.setCapStyle(state_.drawStyle == kSolidLine ? Qt::RoundCap : Qt::FlatCap);
     pen.setJoinStyle(Qt::MiterJoin);
@@ -142,7 +164,8 @@ QPen PainterSurface::PenFor(Colour colour) const {
 }
 
 QBrush PainterSurface::StateBrush() const {
-    return state_.fillStyle == kSolidFill ? QBrush(ToQt(state_.fillColour)) : QBrush(Qt::NoBrush);
+    return state_.fillStyle == kSolidFill ? QBrush(FillInk(state_.fillColour))
+                                          : QBrush(Qt::NoBrush);
 }
 
 void PainterSurface::UseMode() {
@@ -158,23 +181,33 @@ void PainterSurface::Use(Colour colour, const QBrush& brush) {
     painter_.setBrush(brush);
 }
 
-void PainterSurface::Hatch(const QPolygonF& shape) {
+void PainterSurface::Hatch(std::span<const QPolygonF> rings) {
     const std::vector<double> angles = HatchAngles(state_.fillStyle);
     if (angles.empty()) {
         return;
     }
     UseMode();
-    painter_.setPen(QPen(ToQt(state_.fillColour), pixelFactor_, Qt::SolidLine, Qt::FlatCap));
+    const QPen pen(FillInk(state_.fillColour), pixelFactor_, Qt::SolidLine, Qt::FlatCap);
+    painter_.setPen(pen);
+    QPainterPath all;
     for (const double angle : angles) {
         const std::vector<QLineF> lines =
-            HatchLines(shape, angle, kHatchSpacing * pixelFactor_, area_.topLeft());
-        if (medium_ == Medium::Vector) {
+            HatchLines(rings, angle, kHatchSpacing * pixelFactor_, area_.topLeft());
+        if (medium_ == Medium::Vector && !IsTranslucent()) {
             painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
             continue;
         }
         for (const QLineF& line : lines) {
-            DrawLine(line.p1(), line.p2());
+            if (IsTranslucent()) {
+                all.moveTo(line.p1());
+                all.lineTo(line.p2());
+            } else {
+                DrawLine(line.p1(), line.p2());
+            }
         }
+    }
+    if (!all.isEmpty()) {
+        PaintPath(painter_, all, pen, Qt::NoBrush);
     }
 }
 
@@ -187,24 +220,53 @@ void PainterSurface::DrawLine(QPointF from, QPointF to) {
     }
 }
 
+void PainterSurface::DrawOpenLine(const QPolygonF& line, Colour colour) {
+    if (IsTranslucent()) {
+        QPainterPath path;
+        path.addPolygon(line);
+        PaintPath(path, colour, Qt::NoBrush);
+        return;
+    }
+    Use(colour, Qt::NoBrush);
+    painter_.drawPolyline(line);
+}
+
+void PainterSurface::DrawBox(const QRectF& box, Colour colour, const QBrush& brush) {
+    if (IsTranslucent()) {
+        QPainterPath path;
+        path.addRect(box);
+        PaintPath(path, colour, brush);
+        return;
+    }
+    Use(colour, brush);
+    painter_.drawRect(box);
+}
+
 void PainterSurface::Line(Point from, Point to, Colour colour) {
+    if (IsTranslucent()) {
+        DrawOpenLine(QPolygonF({Map(from), Map(to)}), colour);
+        return;
+    }
     Use(colour, Qt::NoBrush);
     DrawLine(Map(from), Map(to));
 }
 
 void PainterSurface::Box(Point corner, Point opposite, Colour colour) {
-    Use(colour, Qt::NoBrush);
-    painter_.drawRect(MapBox(corner, opposite));
+    DrawBox(MapBox(corner, opposite), colour, Qt::NoBrush);
 }
 
 void PainterSurface::FilledBox(Point corner, Point opposite, Colour colour) {
-    Use(colour, ToQt(colour));
-    painter_.drawRect(MapBox(corner, opposite));
+    DrawBox(MapBox(corner, opposite), colour, FillInk(colour));
 }
 
 void PainterSurface::Circle(Point centre, double radius, Colour colour) {
     if (!HatchAngles(state_.fillStyle).empty()) {
-        Hatch(ArcPolygon(centre, radius, 0, 2 * kPi));
+        const QPolygonF shape = ArcPolygon(centre, radius, 0, 2 * kPi);
+        Hatch(std::span(&shape, 1));
+    }
+    if (IsTranslucent()) {
+        PaintPath(CirclePath(centre, radius), colour, StateBrush());
+        return;
     }
     Use(colour, StateBrush());
     painter_.drawEllipse(Map(centre), std::abs(radius * unitsToDeviceX_),
@@ -230,15 +292,12 @@ QPolygonF PainterSurface::ArcPolygon(Point centre, double radius, double start, 
 
 void PainterSurface::Arc(Point centre, double radius, double start, double end, Colour colour) {
     const QPolygonF arc = ArcPolygon(centre, radius, start, end);
-    const bool isPlain =
-        medium_ == Medium::Raster && state_.drawStyle == kSolidLine && state_.drawMode == kDrawCopy;
-    if (isPlain
-        && StrokeOnImage(painter_, arc, ToQt(colour),
-                         std::max(state_.drawWidth, 1.0) * pixelFactor_)) {
+    const bool isPlain = medium_ == Medium::Raster && state_.drawStyle == kSolidLine
+                         && state_.drawMode == kDrawCopy && !IsTranslucent() && clips_ == 0;
+    if (isPlain && StrokeOnImage(painter_, arc, ToQt(colour), LineWidth(1))) {
         return;
     }
-    Use(colour, Qt::NoBrush);
-    painter_.drawPolyline(arc);
+    DrawOpenLine(arc, colour);
 }
 
 void PainterSurface::Wedge(Point centre, double radius, double start, double end, Colour colour) {
@@ -257,12 +316,18 @@ QPolygonF PainterSurface::MapAll(std::span<const Point> points) const {
 }
 
 void PainterSurface::Polyline(std::span<const Point> points, Colour colour) {
-    Use(colour, Qt::NoBrush);
-    painter_.drawPolyline(MapAll(points));
+    DrawOpenLine(MapAll(points), colour);
 }
 
 void PainterSurface::DrawShape(const QPolygonF& shape, Colour colour) {
-    Hatch(shape);
+    Hatch(std::span(&shape, 1));
+    if (IsTranslucent()) {
+        QPainterPath path;
+        path.addPolygon(shape);
+        path.closeSubpath();
+        PaintPath(path, colour, StateBrush());
+        return;
+    }
     Use(colour, StateBrush());
     painter_.drawPolygon(shape);
 }
@@ -274,7 +339,7 @@ void PainterSurface::Polygon(std::span<const Point> points, Colour colour) {
 void PainterSurface::SetPixel(Point at, Colour colour) {
     UseMode();
     const QPointF corner = Map(at) - QPointF(pixelFactor_, pixelFactor_) / 2;
-    painter_.fillRect(QRectF(corner, QSizeF(pixelFactor_, pixelFactor_)), ToQt(colour));
+    painter_.fillRect(QRectF(corner, QSizeF(pixelFactor_, pixelFactor_)), FillInk(colour));
 }
 
 void PainterSurface::Text(Point topLeft, std::string_view utf8) {

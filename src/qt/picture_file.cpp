@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "qt/band_image.h"
 #include "qt/png_writer.h"
+#include "qt/svg_clips.h"
 #include "stereo/drawable_text.h"
 
 #include <QBuffer>
@@ -124,7 +125,9 @@ bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
     }
     painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
     picture.draw(painter, 1, Medium::Vector);
-    return painter.end();
+    const bool isWhole = painter.end();
+    WriteSvgClips(buffer.buffer());
+    return isWhole;
 }
 
 bool EncodePdf(QBuffer& buffer, const Picture& picture) {

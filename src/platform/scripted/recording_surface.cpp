@@ -12,9 +12,9 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::array<const char*, 12> kKindNames = {"clear",   "line",  "box",     "filled box",
-                                                    "circle",  "arc",   "wedge",   "polyline",
-                                                    "polygon", "pixel", "markers", "text"};
+constexpr std::array<const char*, 15> kKindNames = {
+    "clear",   "line",  "box",     "filled box", "circle", "arc",  "wedge", "polyline",
+    "polygon", "pixel", "markers", "text",       "path",   "clip", "unclip"};
 
 std::string NumberText(double value) {
     std::array<char, 32> buffer{};
@@ -36,6 +36,38 @@ std::string FontText(const FontSpec& font) {
     return text + (font.underline ? " underline" : "");
 }
 
+std::string PointsText(const std::vector<Point>& points) {
+    std::string text;
+    for (const Point& point : points) {
+        text += " (" + NumberText(point.x) + ", " + NumberText(point.y) + ")";
+    }
+    return text;
+}
+
+std::string OpacityText(const char* name, double opacity) {
+    return opacity == 1 ? "" : std::string(" ") + name + " opacity " + NumberText(opacity);
+}
+
+std::string StateText(const DrawState& state) {
+    std::string text;
+    if (state.drawMode != kDrawCopy) {
+        text += " mode " + NumberText(state.drawMode);
+    }
+    if (state.widthInPoints > 0) {
+        text += " width " + NumberText(state.widthInPoints) + " pt";
+    } else if (state.drawWidth != 1) {
+        text += " width " + NumberText(state.drawWidth);
+    }
+    if (state.drawStyle != kSolidLine) {
+        text += " style " + NumberText(state.drawStyle);
+    }
+    text += OpacityText("line", state.lineOpacity);
+    if (state.fillStyle != kNoFill) {
+        text += " fill " + NumberText(state.fillStyle) + " " + HexOf(state.fillColour);
+    }
+    return text + OpacityText("fill", state.fillOpacity);
+}
+
 std::size_t CharacterCount(std::string_view utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
         return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U;
@@ -45,9 +77,11 @@ std::size_t CharacterCount(std::string_view utf8) {
 } // namespace
 
 std::string OperationText(const DrawOperation& operation) {
+    using Kind = DrawOperation::Kind;
     std::string text = kKindNames[static_cast<std::size_t>(operation.kind)];
-    for (const Point& point : operation.points) {
-        text += " (" + NumberText(point.x) + ", " + NumberText(point.y) + ")";
+    text += PointsText(operation.points);
+    for (const std::vector<Point>& ring : operation.rings) {
+        text += " ring" + PointsText(ring);
     }
     if (operation.radius != 0) {
         text += " radius " + NumberText(operation.radius);
@@ -55,23 +89,14 @@ std::string OperationText(const DrawOperation& operation) {
     if (operation.start != 0 || operation.end != 0) {
         text += " from " + NumberText(operation.start) + " to " + NumberText(operation.end);
     }
+    if (operation.kind == Kind::PushClip || operation.kind == Kind::PopClip) {
+        return text;
+    }
     text += " " + HexOf(operation.colour);
-    if (operation.kind == DrawOperation::Kind::Text) {
+    if (operation.kind == Kind::Text) {
         return text + FontText(operation.state.font) + " '" + operation.text + "'";
     }
-    if (operation.state.drawMode != kDrawCopy) {
-        text += " mode " + NumberText(operation.state.drawMode);
-    }
-    if (operation.state.drawWidth != 1) {
-        text += " width " + NumberText(operation.state.drawWidth);
-    }
-    if (operation.state.drawStyle != kSolidLine) {
-        text += " style " + NumberText(operation.state.drawStyle);
-    }
-    if (operation.state.fillStyle != kNoFill) {
-        text += " fill " + NumberText(operation.state.fillStyle) + " "
-                + HexOf(operation.state.fillColour);
-    }
+    text += StateText(operation.state);
     return operation.text.empty() ? text : text + " '" + operation.text + "'";
 }
 
@@ -134,6 +159,10 @@ void RecordingSurface::Polygon(std::span<const Point> points, Colour colour) {
     Record(DrawOperation::Kind::Polygon, colour, {points.begin(), points.end()});
 }
 
+void RecordingSurface::Path(std::span<const std::vector<Point>> rings, Colour colour) {
+    Record(DrawOperation::Kind::Path, colour, {}).rings.assign(rings.begin(), rings.end());
+}
+
 void RecordingSurface::SetPixel(Point at, Colour colour) {
     Record(DrawOperation::Kind::Pixel, colour, {at});
 }
@@ -147,6 +176,14 @@ void RecordingSurface::Markers(const Glyph& glyph, Colour colour,
 
 void RecordingSurface::Text(Point topLeft, std::string_view utf8) {
     Record(DrawOperation::Kind::Text, state_.foreColour, {topLeft}).text = std::string(utf8);
+}
+
+void RecordingSurface::PushClip(Point centre, double radius) {
+    Record(DrawOperation::Kind::PushClip, kBlack, {centre}).radius = radius;
+}
+
+void RecordingSurface::PopClip() {
+    Record(DrawOperation::Kind::PopClip, kBlack, {});
 }
 
 double RecordingSurface::TextWidth(std::string_view utf8) const {

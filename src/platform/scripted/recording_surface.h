@@ -26,11 +26,15 @@ struct DrawOperation {
         Polygon,
         Pixel,
         Markers,
-        Text
+        Text,
+        Path,
+        PushClip, ///< has a centre and a radius
+        PopClip,
     };
     Kind kind = Kind::Line;
     /// Ends, corners, centre, vertices or positions, as passed to the call.
     std::vector<Point> points;
+    std::vector<std::vector<Point>> rings; ///< of a path
     double radius = 0;
     double start = 0; ///< radians
     double end = 0;
@@ -83,9 +87,12 @@ public:
     void Wedge(Point centre, double radius, double start, double end, Colour colour) override;
     void Polyline(std::span<const Point> points, Colour colour) override;
     void Polygon(std::span<const Point> points, Colour colour) override;
+    void Path(std::span<const std::vector<Point>> rings, Colour colour) override;
     void SetPixel(Point at, Colour colour) override;
     void Markers(const Glyph& glyph, Colour colour, std::span<const Point> positions) override;
     void Text(Point topLeft, std::string_view utf8) override;
+    void PushClip(Point centre, double radius) override;
+    void PopClip() override;
 
     /// Every character is six tenths of the font's height wide, for all families; a font of 72
     /// points is 96 pixels high.
