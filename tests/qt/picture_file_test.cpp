@@ -182,6 +182,20 @@ TEST_F(PictureFile, SizesThatNobodyMeansAreRefused) {
     EXPECT_EQ(CountFiles(), 0U);
 }
 
+/// Translucent shapes of the surface's state within a circle.
+void DrawClipped(PainterSurface& surface, Point centre, double radius) {
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.lineOpacity = 0.4;
+    state.fillOpacity = 0.3;
+    surface.SetState(state);
+    const CircleClip clip(surface, centre, radius);
+    surface.Path(std::vector<std::vector<Point>>{{{83.3, -59.1}, {190.7, -60.3}, {120.1, -150.9}},
+                                                 {{100.3, -70.1}, {150.7, -75.3}, {120.1, -130.9}}},
+                 {120, 0, 0});
+    surface.Arc({centre.x + 9, centre.y}, radius, 0, 6, {0, 120, 0});
+}
+
 /// Shapes, lines, arcs, markers and texts all over a picture of 300 by 200.
 void DrawMuch(QPainter& painter, double factor, Medium medium) {
     PainterSurface surface(painter, QRectF(0, 0, 300 * factor, 200 * factor), factor, medium);
@@ -202,6 +216,9 @@ void DrawMuch(QPainter& painter, double factor, Medium medium) {
         surface.Text({at, -6.5 * i}, "Bedding 045/30 \xc3\xa9");
         surface.FilledBox({at, -6.3 * i}, {at + 4.4, -6.3 * i - 2.2}, {0, 0, 160});
         surface.SetPixel({at, -100.4}, kBlack);
+        if (i % 13 == 0) {
+            DrawClipped(surface, {150.2, -100.7}, 20 + 2.9 * i);
+        }
     }
     const Glyph glyph{"a", {{GlyphPart::Kind::Circle, GlyphPart::Ink::White, {{0, 0}}, 3.3}}};
     const Glyph large{"b", {{GlyphPart::Kind::Circle, GlyphPart::Ink::Filled, {{0, 0}}, 60}}};

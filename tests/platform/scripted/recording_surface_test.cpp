@@ -116,6 +116,42 @@ TEST_F(Recording, TheTextTellsTheStateWhereItIsNotTheUsualOne) {
     EXPECT_EQ(LastText(), "line (0, 0) (1, 1) 000000 mode 10 width 2 style 2 fill 0 00ff00");
 }
 
+TEST_F(Recording, KeepsTheRingsOfAPath) {
+    const std::vector<std::vector<Point>> rings = {{{0, 0}, {9, 0}, {9, 9}},
+                                                   {{5, 1}, {6, 1}, {6, 2}}};
+    surface.Path(rings, {1, 2, 3});
+    ASSERT_EQ(surface.Operations().size(), 1U);
+    EXPECT_EQ(surface.Operations()[0].kind, Kind::Path);
+    EXPECT_EQ(surface.Operations()[0].rings, rings);
+    EXPECT_EQ(LastText(), "path ring (0, 0) (9, 0) (9, 9) ring (5, 1) (6, 1) (6, 2) 010203");
+}
+
+TEST_F(Recording, AClipEndsWithItsBlock) {
+    {
+        const CircleClip outer(surface, {1, 2}, 1000);
+        EXPECT_EQ(LastText(), "clip (1, 2) radius 1000");
+        const CircleClip inner(surface, {3, 4}, 50);
+        surface.SetPixel({7, 8}, kBlack);
+    }
+    ASSERT_EQ(surface.Operations().size(), 5U);
+    EXPECT_EQ(OperationText(surface.Operations()[1]), "clip (3, 4) radius 50");
+    EXPECT_EQ(surface.Operations()[3].kind, Kind::PopClip);
+    EXPECT_EQ(LastText(), "unclip");
+}
+
+TEST_F(Recording, TheTextTellsOpacitiesAndWidthsInPoints) {
+    DrawState state;
+    state.drawWidth = 3;
+    state.widthInPoints = 0.25;
+    state.lineOpacity = 0.5;
+    state.fillStyle = kSolidFill;
+    state.fillOpacity = 0.75;
+    surface.SetState(state);
+    surface.Circle({0, 0}, 5, kBlack);
+    EXPECT_EQ(LastText(), "circle (0, 0) radius 5 000000 width 0.25 pt line opacity 0.5 fill 0 "
+                          "000000 fill opacity 0.75");
+}
+
 TEST_F(Recording, TheTextOfATextTellsItsFont) {
     DrawState state;
     state.font = {"Serif", 10, true, true, true};
