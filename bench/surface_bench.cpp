@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Markers and great circles on a picture of 1000 pixels.
+// Markers, great circles and filled rings on a picture of 1000 pixels.
 
 #include "orientation/angles.h"
 #include "orientation/projection.h"
@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <random>
 #include <vector>
 
@@ -78,19 +79,58 @@ std::vector<GreatCircle> RandomArcs(std::int64_t count) {
     return arcs;
 }
 
-void GreatCircles(benchmark::State& state, double width, int style) {
-    Picture picture;
+void DrawArcs(benchmark::State& state, Surface& surface, const DrawState& pen) {
     const std::vector<GreatCircle> arcs = RandomArcs(state.range(0));
-    DrawState pen;
-    pen.drawWidth = width;
-    pen.drawStyle = style;
-    picture.surface.SetState(pen);
+    surface.SetState(pen);
     for (auto _ : state) {
         for (const GreatCircle& arc : arcs) {
-            picture.surface.Arc({arc.cx, arc.cy}, arc.radius, arc.start, arc.end, kBlack);
+            surface.Arc({arc.cx, arc.cy}, arc.radius, arc.start, arc.end, kBlack);
         }
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void GreatCircles(benchmark::State& state, double width, int style) {
+    Picture picture;
+    DrawState pen;
+    pen.drawWidth = width;
+    pen.drawStyle = style;
+    DrawArcs(state, picture.surface, pen);
+}
+
+void TranslucentGreatCircles(benchmark::State& state) {
+    Picture picture;
+    DrawState pen;
+    pen.lineOpacity = 0.5;
+    DrawArcs(state, picture.surface, pen);
+}
+
+void ClippedGreatCircles(benchmark::State& state) {
+    Picture picture;
+    const CircleClip clip(picture.surface, {0, 0}, 1000);
+    DrawArcs(state, picture.surface, {});
+}
+
+/// A ring about most of the net, with a hole.
+void RingWithHole(benchmark::State& state, double opacity, int fillStyle) {
+    Picture picture;
+    std::vector<std::vector<Point>> rings(2);
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        const double angle = 2 * kPi * static_cast<double>(i) / static_cast<double>(state.range(0));
+        rings[0].push_back({900 * std::cos(angle), 900 * std::sin(angle)});
+        rings[1].push_back({500 * std::cos(angle), 500 * std::sin(angle)});
+    }
+    DrawState fill;
+    fill.fillStyle = fillStyle;
+    fill.fillOpacity = opacity;
+    picture.surface.SetState(fill);
+    for (auto _ : state) {
+        picture.surface.Path(rings, kBlack);
+    }
+}
+
+void RingSizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(1000)->Unit(benchmark::kMillisecond);
 }
 
 void MarkerSizes(benchmark::internal::Benchmark* bench) {
@@ -109,6 +149,12 @@ BENCHMARK(MarkersOneByOne)->Apply(MarkerSizes);
 BENCHMARK_CAPTURE(GreatCircles, Thin, 1.0, kSolidLine)->Apply(ArcSizes);
 BENCHMARK_CAPTURE(GreatCircles, Thick, 2.0, kSolidLine)->Apply(ArcSizes);
 BENCHMARK_CAPTURE(GreatCircles, Dashed, 1.0, kDashedLine)->Apply(ArcSizes);
+BENCHMARK(TranslucentGreatCircles)->Apply(ArcSizes);
+BENCHMARK(ClippedGreatCircles)->Apply(ArcSizes);
+BENCHMARK_CAPTURE(RingWithHole, Opaque, 1.0, kSolidFill)->Apply(RingSizes);
+BENCHMARK_CAPTURE(RingWithHole, Translucent, 0.5, kSolidFill)->Apply(RingSizes);
+BENCHMARK_CAPTURE(RingWithHole, Hatched, 1.0, kCrossHatch)->Apply(RingSizes);
+BENCHMARK_CAPTURE(RingWithHole, HatchedTranslucent, 0.5, kCrossHatch)->Apply(RingSizes);
 
 } // namespace
 } // namespace quandrel

@@ -41,8 +41,14 @@ void DrawShape(const DrawOperation& operation, Surface& surface) {
         return surface.Polyline(at, colour);
     case Kind::Polygon:
         return surface.Polygon(at, colour);
+    case Kind::Path:
+        return surface.Path(operation.rings, colour);
     case Kind::Pixel:
         return surface.SetPixel(at.at(0), colour);
+    case Kind::PushClip:
+        return surface.PushClip(at.at(0), radius);
+    case Kind::PopClip:
+        return surface.PopClip();
     default:
         return;
     }

@@ -19,9 +19,9 @@ constexpr double kPerRadian = 1e6;
 constexpr double kPerGlyphRadian = 1e4; ///< in the names of rotated glyphs
 constexpr std::size_t kPointsInLine = 8;
 
-constexpr std::array<const char*, 12> kKinds = {"clear",   "line",  "box",     "filledbox",
-                                                "circle",  "arc",   "wedge",   "polyline",
-                                                "polygon", "pixel", "markers", "text"};
+constexpr std::array<const char*, 15> kKinds = {
+    "clear",   "line",  "box",     "filledbox", "circle", "arc",  "wedge", "polyline",
+    "polygon", "pixel", "markers", "text",      "path",   "clip", "unclip"};
 constexpr std::array<const char*, 4> kParts = {"pixel", "polyline", "polygon", "circle"};
 constexpr std::array<const char*, 3> kInks = {"outline", "filled", "white"};
 
@@ -96,7 +96,20 @@ std::string StateText(const DrawState& state) {
     if (state.fillStyle != kNoFill) {
         text += " fill " + std::to_string(state.fillStyle) + " " + ColourText(state.fillColour);
     }
+    if (state.widthInPoints > 0) {
+        text += " widthinpoints " + Rounded(state.widthInPoints, kPerUnit);
+    }
+    if (state.lineOpacity != 1) {
+        text += " lineopacity " + Rounded(state.lineOpacity, kPerUnit);
+    }
+    if (state.fillOpacity != 1) {
+        text += " fillopacity " + Rounded(state.fillOpacity, kPerUnit);
+    }
     return text;
+}
+
+bool IsClip(DrawOperation::Kind kind) {
+    return kind == DrawOperation::Kind::PushClip || kind == DrawOperation::Kind::PopClip;
 }
 
 std::string OperationLine(const DrawOperation& operation) {
@@ -106,7 +119,9 @@ std::string OperationLine(const DrawOperation& operation) {
         return text + FontText(operation.state.font) + " say " + Quoted(operation.text)
                + PointsText(operation.points) + "\n";
     }
-    text += StateText(operation.state);
+    if (!IsClip(operation.kind)) {
+        text += StateText(operation.state);
+    }
     if (operation.radius != 0) {
         text += " radius " + Rounded(operation.radius, kPerUnit);
     }
@@ -117,6 +132,9 @@ std::string OperationLine(const DrawOperation& operation) {
     }
     if (operation.kind == DrawOperation::Kind::Markers) {
         text += " glyph " + Quoted(StableName(operation.text));
+    }
+    for (const std::vector<Point>& ring : operation.rings) {
+        text += PointsText(ring);
     }
     return text + PointsText(operation.points) + "\n";
 }
@@ -153,6 +171,9 @@ std::vector<Point> ReadPoints(std::istream& line) {
     for (Point point; line >> point.x >> comma >> point.y;) {
         points.push_back(point);
     }
+    if (!line.eof()) { // at the word after them
+        line.clear();
+    }
     return points;
 }
 
@@ -160,6 +181,15 @@ void ReadFill(std::istream& line, DrawState& state) {
     std::string colour;
     line >> state.fillStyle >> colour;
     state.fillColour = ColourOfText(colour);
+}
+
+/// The points of an operation, or those of the next ring of a path.
+void ReadPlace(std::istream& line, DrawOperation& operation) {
+    if (operation.kind == DrawOperation::Kind::Path) {
+        operation.rings.push_back(ReadPoints(line));
+    } else {
+        operation.points = ReadPoints(line);
+    }
 }
 
 /// Reads what follows a word of an operation's line.
@@ -185,8 +215,14 @@ void ReadWord(const std::string& word, std::istream& line, DrawOperation& operat
         line >> std::quoted(state.font.family);
     } else if (word == "points") {
         line >> state.font.points;
+    } else if (word == "widthinpoints") {
+        line >> state.widthInPoints;
+    } else if (word == "lineopacity") {
+        line >> state.lineOpacity;
+    } else if (word == "fillopacity") {
+        line >> state.fillOpacity;
     } else if (word == "at") {
-        operation.points = ReadPoints(line);
+        ReadPlace(line, operation);
     }
     state.font.bold = state.font.bold || word == "bold";
     state.font.italic = state.font.italic || word == "italic";
