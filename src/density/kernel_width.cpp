@@ -160,43 +160,52 @@ private:
     LatticeSpectra spectra_;
 };
 
-/// The place of the maximum between two limits: the best of equal steps, then golden sections.
+/// The place of a maximum, and the value there.
+struct Maximum {
+    double place = 0;
+    double value = 0;
+};
+
+/// The best of equal steps between two limits.
+template <class Function>
+Maximum BestStep(const Function& valueAt, double low, double high, int steps) {
+    Maximum best{low, valueAt(low)};
+    for (int i = 1; i <= steps; ++i) {
+        const double place = low + (high - low) * i / steps;
+        if (const double value = valueAt(place); value > best.value) {
+            best = {place, value};
+        }
+    }
+    return best;
+}
+
+/// The place of the maximum between two limits: that of the parabola through the best place and its
+/// two neighbours, again and again with a tenth of the distance.
 template <class Function>
 double PlaceOfMaximum(const Function& valueAt, double low, double high) {
     constexpr int kSteps = 16;
-    constexpr double kAccuracy = 2e-5;
-    constexpr double kGolden = 0.61803398874989485;
-    const double step = (high - low) / kSteps;
-    int best = 0;
-    double greatest = valueAt(low);
-    for (int i = 1; i <= kSteps; ++i) {
-        if (const double value = valueAt(low + i * step); value > greatest) {
-            greatest = value;
-            best = i;
+    constexpr double kShrink = 10;
+    constexpr double kFinest = 1e-3; // the parabola is then off by the square of some times this
+    Maximum best = BestStep(valueAt, low, high, kSteps);
+    double step = (high - low) / kSteps;
+    while (step > kFinest) {
+        const Maximum before{best.place - step,
+                             best.place - step < low ? -HUGE_VAL : valueAt(best.place - step)};
+        const Maximum after{best.place + step,
+                            best.place + step > high ? -HUGE_VAL : valueAt(best.place + step)};
+        if (const Maximum& better = before.value > after.value ? before : after;
+            better.value > best.value) {
+            best = better;
+            continue;
         }
-    }
-    double from = low + std::max(best - 1, 0) * step;
-    double to = low + std::min(best + 1, kSteps) * step;
-    double inner = to - kGolden * (to - from);
-    double outer = from + kGolden * (to - from);
-    double atInner = valueAt(inner);
-    double atOuter = valueAt(outer);
-    while (to - from > kAccuracy) {
-        if (atInner >= atOuter) {
-            to = outer;
-            outer = inner;
-            atOuter = atInner;
-            inner = to - kGolden * (to - from);
-            atInner = valueAt(inner);
-        } else {
-            from = inner;
-            inner = outer;
-            atInner = atOuter;
-            outer = from + kGolden * (to - from);
-            atOuter = valueAt(outer);
+        const double bend = 2 * best.value - before.value - after.value;
+        if (std::isfinite(bend) && bend > 0) {
+            best.place += step * (after.value - before.value) / (2 * bend);
+            best.value = valueAt(best.place);
         }
+        step /= kShrink;
     }
-    return (from + to) / 2;
+    return best.place;
 }
 
 template <class Likelihood>
