@@ -2,13 +2,18 @@
 //
 // Densities of plots of whole-degree rows, and of rows with six decimals: around each row, and on
 // the finest grid. The baseline takes the rows one by one.
+//
+// Fields of density of axes and of directions: gathering the rows, a field of gathered rows, as for
+// a step of a slider, and the densities of a field at a grid over the net.
 
 #include "bench_engine.h"
 #include "core/plot_rows.h"
 #include "core/settings_value.h"
 #include "density/cone_counts.h"
+#include "density/density_field.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
+#include "density/kernel_width.h"
 #include "density/point_density.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
@@ -254,6 +259,86 @@ void GridOf150OneByOne(benchmark::State& state) {
     PrintRatio(state, start, [] { ComputeGridDensity(); });
 }
 
+constexpr unsigned kThreads = 2;
+
+/// Random lines over the sphere.
+std::vector<MeasuredLine> RandomLines(std::int64_t count, bool areWhole) {
+    std::mt19937_64 random(3);
+    const auto fraction = [&random] { return static_cast<double>(random() >> 11U) * 0x1p-53; };
+    const auto rounded = [areWhole](double angle) {
+        return areWhole ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;
+    };
+    std::vector<MeasuredLine> lines;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double plunge = ArcSin(2 * fraction() - 1);
+        lines.push_back({rounded(plunge), rounded(fraction() * kTwoPi)});
+    }
+    return lines;
+}
+
+/// The senses and precisions of the fields' benchmarks.
+struct RowsOfField {
+    LineSense sense = LineSense::Axes;
+    bool areWhole = true;
+};
+
+constexpr RowsOfField kWholeAxes{LineSense::Axes, true};
+constexpr RowsOfField kAxes{LineSense::Axes, false};
+constexpr RowsOfField kWholeDirections{LineSense::Directions, true};
+constexpr RowsOfField kDirections{LineSense::Directions, false};
+
+DensityFormula KernelOf(LineSense sense, double degrees, std::int64_t rows) {
+    return FormulaOf({DensityMethod::Kernel, sense, 3, DegToRad(degrees)},
+                     static_cast<double>(rows));
+}
+
+/// From the rows to the whole field.
+void FieldOfRows(benchmark::State& state, RowsOfField kind) {
+    const std::vector<MeasuredLine> lines = RandomLines(state.range(0), kind.areWhole);
+    for (auto _ : state) {
+        DensityRows rows(lines, {}, kind.sense);
+        const DensityField field(rows, KernelOf(kind.sense, 10, state.range(0)), kThreads);
+        benchmark::DoNotOptimize(field.At({0.3, 1}));
+    }
+}
+
+/// Another width for the same rows.
+void FieldAgain(benchmark::State& state, RowsOfField kind, double degrees) {
+    DensityRows rows(RandomLines(state.range(0), kind.areWhole), {}, kind.sense);
+    const DensityField first(rows, KernelOf(kind.sense, 10, state.range(0)), kThreads);
+    for (auto _ : state) {
+        const DensityField field(rows, KernelOf(kind.sense, degrees, state.range(0)), kThreads);
+        benchmark::DoNotOptimize(field.At({0.3, 1}));
+    }
+}
+
+/// The field at the nodes of the finest grid over the net, the rows in cells already.
+void FieldOnGrid(benchmark::State& state, RowsOfField kind, DensityMethod method, double degrees) {
+    DensityRows rows(RandomLines(state.range(0), kind.areWhole), {}, kind.sense);
+    const auto count = static_cast<double>(state.range(0));
+    const double k = KambKOfHalfAngle(DegToRad(degrees), count, kind.sense);
+    std::vector<MeasuredLine> places;
+    for (int node = 0; node < kGridNodes * kGridNodes; ++node) {
+        const int step = GridStep(kLargestGridSize);
+        MeasuredLine place;
+        UnprojectPoint(1, NodePosition(node / kGridNodes, step),
+                       NodePosition(node % kGridNodes, step), place.plunge, place.trend);
+        place.trend = WrappedAngle(place.trend);
+        places.push_back(place);
+    }
+    const DensityField field(rows, FormulaOf({method, kind.sense, k, 0.2}, count), kThreads);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(field.At(places, kThreads));
+    }
+}
+
+void KernelWidth(benchmark::State& state, RowsOfField kind) {
+    const std::vector<MeasuredLine> lines = RandomLines(state.range(0), kind.areWhole);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(LikelyKappa(lines, {}, kind.sense, kThreads));
+    }
+}
+
 void AllSizes(benchmark::internal::Benchmark* bench) {
     bench->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
 }
@@ -271,6 +356,32 @@ BENCHMARK(PointDensitiesOfFabric)->Apply(AllFabrics)->UseRealTime()->MeasureProc
 BENCHMARK(GridOf150OfFabric)->Apply(AllFabrics)->UseRealTime()->MeasureProcessCPUTime();
 BENCHMARK(PointDensitiesOneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(GridOf150OneByOne)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void FieldSizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+    bench->UseRealTime()->MeasureProcessCPUTime();
+}
+
+constexpr auto kKamb = DensityMethod::Kamb;
+constexpr auto kSquare = DensityMethod::KambSquare;
+constexpr auto kExponential = DensityMethod::KambExponential;
+
+BENCHMARK_CAPTURE(FieldOfRows, whole_axes, kWholeAxes)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOfRows, axes, kAxes)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOfRows, whole_directions, kWholeDirections)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOfRows, directions, kDirections)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldAgain, axes_4_degrees, kAxes, 4)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldAgain, axes_30_degrees, kAxes, 30)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldAgain, directions_30_degrees, kDirections, 30)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, kernel, kAxes, DensityMethod::Kernel, 10)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, kamb_3_degrees_whole, kWholeAxes, kKamb, 3)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, kamb_3_degrees, kAxes, kKamb, 3)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, kamb_20_degrees_whole, kWholeAxes, kKamb, 20)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, kamb_20_degrees, kAxes, kKamb, 20)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, square_9_degrees, kAxes, kSquare, 9)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, square_20_degrees, kAxes, kSquare, 20)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(FieldOnGrid, exponential_of_k_3, kAxes, kExponential, 2)->Apply(FieldSizes);
+BENCHMARK_CAPTURE(KernelWidth, axes, kAxes)->Apply(FieldSizes);
 
 } // namespace
 } // namespace quandrel

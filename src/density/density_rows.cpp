@@ -25,7 +25,8 @@ void ShareOut(std::span<const MeasuredLine> lines, std::span<const double> rowWe
     ShareWork(blocks.size(), 1, threads, [&](std::size_t block, std::size_t) {
         const std::size_t end = lines.size() * (block + 1) / blocks.size();
         for (std::size_t row = lines.size() * block / blocks.size(); row < end; ++row) {
-            blocks[block].Add(LatticePlaceOf(lines[row], sense), rowWeights[row]);
+            blocks[block].Add(LatticePlaceOf(lines[row], sense),
+                              rowWeights.empty() ? 1 : rowWeights[row]);
         }
     });
     for (std::size_t block = 1; block < blocks.size(); ++block) {
@@ -56,9 +57,14 @@ DensityRows::DensityRows(std::span<const MeasuredLine> lines, std::span<const do
             AddWhole(NearestNode(place, sense), rowWeight);
             continue;
         }
+        if (between_.empty()) {
+            between_.reserve(lines.size() - row);
+        }
         weight_ += rowWeight;
         between_.push_back(lines[row]);
-        betweenWeights_.push_back(rowWeight);
+        if (!rowWeights.empty()) {
+            betweenWeights_.push_back(rowWeight);
+        }
     }
 }
 
@@ -82,6 +88,7 @@ const WeightedCells& DensityRows::Cells() {
     if (!cells_) {
         std::vector<MeasuredLine> lines = between_;
         std::vector<double> rowWeights = betweenWeights_;
+        rowWeights.resize(lines.size(), 1);
         for (std::size_t node = 0; node < nodes_.size(); ++node) {
             if (nodes_[node] != 0) {
                 lines.push_back(LineOfNode(node, sense_));

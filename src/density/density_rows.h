@@ -51,7 +51,7 @@ private:
     double weight_ = 0;
     std::vector<double> nodes_; ///< the weight of the rows in whole degrees at each node
     std::vector<MeasuredLine> between_;
-    std::vector<double> betweenWeights_;
+    std::vector<double> betweenWeights_; ///< empty where each counts once
     std::optional<LatticeSpectra> spectra_;
     std::optional<WeightedCells> cells_;
 };

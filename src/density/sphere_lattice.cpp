@@ -139,21 +139,20 @@ void Filter(std::vector<double>& continued) {
     }
 }
 
-/// The basis splines at a place between two nodes.
+/// The basis splines at a place between two nodes: their sum is 1.
 ///
-/// @param offset  0 to 1, from the lower node
-std::array<double, kSupport> SplinesAt(double offset) {
-    std::array<double, kSupport> splines{1};
-    for (std::size_t degree = 1; degree < kSupport; ++degree) {
-        double carried = 0;
-        for (std::size_t j = 0; j < degree; ++j) {
-            const double part = splines[j] / static_cast<double>(degree);
-            splines[j] = carried + (static_cast<double>(j + 1) - offset) * part;
-            carried = (offset + static_cast<double>(degree - 1 - j)) * part;
-        }
-        splines[degree] = carried;
-    }
-    return splines;
+/// @param u  0 to 1, from the lower node
+std::array<double, kSupport> SplinesAt(double u) {
+    constexpr double kPart = 1.0 / 120;
+    const double v = 1 - u;
+    const double u2 = u * u;
+    const double v2 = v * v;
+    return {kPart * v2 * v2 * v,
+            kPart * (26 + u * (-50 + u * (20 + u * (20 + u * (-20 + u * 5))))),
+            kPart * (66 + u2 * (-60 + u2 * (30 - u * 10))),
+            kPart * (66 + v2 * (-60 + v2 * (30 - v * 10))),
+            kPart * (26 + v * (-50 + v * (20 + v * (20 + v * (-20 + v * 5))))),
+            kPart * u2 * u2 * u};
 }
 
 } // namespace
@@ -183,8 +182,10 @@ std::size_t NearestNode(const LatticePlace& place, LineSense sense) {
 }
 
 bool IsNode(const LatticePlace& place) {
-    return std::abs(place.plunge - RoundToEven(place.plunge)) < kAtNode
-           && std::abs(place.trend - RoundToEven(place.trend)) < kAtNode;
+    // Shifted above 0, so that adding one half and truncating rounds them.
+    const double plunge = place.plunge + kRight;
+    return std::abs(plunge - static_cast<int>(plunge + 0.5)) < kAtNode
+           && std::abs(place.trend - static_cast<int>(place.trend + 0.5)) < kAtNode;
 }
 
 RowShares::RowShares(LineSense sense)
