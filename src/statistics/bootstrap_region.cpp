@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/bootstrap_region.h"
+
+#include "statistics/axis_regions.h"
+#include "statistics/direction_regions.h"
+#include "statistics/resample_moments.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <thread>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kResamplesOfBlock = 100;
+
+/// Draws places with given probabilities (A. J. Walker, 1977): a place is drawn evenly, and kept or
+/// replaced by its other.
+class PlaceTable {
+public:
+    PlaceTable(const std::vector<double>& weights, double total)
+        : columns_(weights.size()) {
+        const auto count = static_cast<double>(weights.size());
+        std::vector<double> shares; // of a place, 1 on average
+        std::vector<std::size_t> below;
+        std::vector<std::size_t> above;
+        for (std::size_t i = 0; i < weights.size(); ++i) {
+            shares.push_back(weights[i] * count / total);
+            columns_[i] = {0, static_cast<std::uint32_t>(i)};
+            (shares[i] < 1 ? below : above).push_back(i);
+        }
+        // A place below its share is filled up from one above it.
+        while (!below.empty() && !above.empty()) {
+            const std::size_t filled = below.back();
+            const std::size_t source = above.back();
+            below.pop_back();
+            columns_[filled] = {static_cast<std::uint32_t>(shares[filled] * kWhole),
+                                static_cast<std::uint32_t>(source)};
+            shares[source] -= 1 - shares[filled];
+            if (shares[source] < 1) {
+                above.pop_back();
+                below.push_back(source);
+            }
+        }
+    }
+
+    /// @param bits  32 random ones. The probabilities are right to size / 2^32.
+    [[nodiscard]] std::size_t Place(std::uint32_t bits) const {
+        const std::uint64_t product = std::uint64_t{bits} * columns_.size();
+        const auto place = static_cast<std::size_t>(product >> 32U);
+        const Column& column = columns_[place];
+        return static_cast<std::uint32_t>(product) < column.kept ? place : column.other;
+    }
+
+private:
+    static constexpr double kWhole = 4294967296.0;
+
+    struct Column {
+        std::uint32_t kept = 0;
+        std::uint32_t other = 0;
+    };
+
+    std::vector<Column> columns_;
+};
+
+std::mt19937_64 GeneratorOf(std::uint64_t seed, int block) {
+    std::seed_seq sequence{static_cast<std::uint32_t>(seed),
+                           static_cast<std::uint32_t>(seed >> 32U),
+                           static_cast<std::uint32_t>(block)};
+    return std::mt19937_64(sequence);
+}
+
+/// The sums of `draws` rows.
+template <class Sums>
+Sums Draw(const std::vector<Sums>& rows, const PlaceTable& table, long draws,
+          std::mt19937_64& random) {
+    Sums sums;
+    const auto add = [&](std::uint64_t bits) {
+        const Sums& row = rows[table.Place(static_cast<std::uint32_t>(bits))];
+        for (std::size_t i = 0; i < sums.values.size(); ++i) {
+            sums.values[i] += row.values[i];
+        }
+    };
+    for (long i = 0; i < draws; i += 2) {
+        const std::uint64_t bits = random();
+        add(bits);
+        if (i + 1 < draws) {
+            add(bits >> 32U);
+        }
+    }
+    return sums;
+}
+
+/// Runs blocks of resamples on threads; false when stopped.
+bool RunBlocks(const BootstrapOptions& options, const std::function<void(int block)>& run) {
+    const int blocks = (options.resamples + kResamplesOfBlock - 1) / kResamplesOfBlock;
+    std::atomic<int> next = 0;
+    std::atomic<int> done = 0;
+    std::atomic<bool> isStopped = false;
+    const auto work = [&](bool isCaller) {
+        for (int block = next++; block < blocks && !isStopped; block = next++) {
+            run(block);
+            const int finished = ++done;
+            if (isCaller && options.onDone
+                && !options.onDone(std::min(finished * kResamplesOfBlock, options.resamples))) {
+                isStopped = true;
+            }
+        }
+    };
+    {
+        std::vector<std::jthread> others; // their destructors wait for them
+        for (unsigned thread = 1; thread < options.threads; ++thread) {
+            others.emplace_back([&work] { work(false); });
+        }
+        work(true);
+    }
+    return !isStopped;
+}
+
+template <class Sums>
+std::optional<Resampled> ResampleIn(const Frame& frame, const RegionSample& sample,
+                                    RegionTarget target, const BootstrapOptions& options) {
+    std::vector<Sums> rows;
+    for (const Direction& row : sample.rows.directions) {
+        rows.push_back(Sums::Of(InFrame(frame, row)));
+    }
+    const PlaceTable table(sample.rows.weights, sample.total);
+    const long draws = std::max(std::lround(sample.count), 1L);
+    const auto total = static_cast<double>(draws);
+    const auto size = static_cast<std::size_t>(options.resamples);
+    Resampled resampled{std::vector<double>(size), std::vector<Direction>(size)};
+    const bool isDone = RunBlocks(options, [&](int block) {
+        std::mt19937_64 random = GeneratorOf(options.seed, block);
+        const int first = block * kResamplesOfBlock;
+        for (int i = first; i < std::min(first + kResamplesOfBlock, options.resamples); ++i) {
+            const ResampleCentre found = Draw(rows, table, draws, random)
+                                             .CentreOf(total, target == RegionTarget::GirdlePole);
+            const auto place = static_cast<std::size_t>(i);
+            resampled.statistics[place] = total * found.statistic;
+            const Direction centre = FromFrame(frame, found.centre);
+            resampled.centres[place] =
+                target == RegionTarget::MeanDirection ? centre : LowerEnd(centre);
+        }
+    });
+    if (!isDone) {
+        return std::nullopt;
+    }
+    std::sort(resampled.statistics.begin(), resampled.statistics.end());
+    return resampled;
+}
+
+} // namespace
+
+std::optional<Resampled> Resample(const RegionSample& sample, RegionTarget target,
+                                  const BootstrapOptions& options) {
+    if (target == RegionTarget::MeanDirection) {
+        const auto frame = MeanFrameOf(sample);
+        return frame ? ResampleIn<DirectionSums>(frame->axes, sample, target, options)
+                     : std::nullopt;
+    }
+    const auto frame = AxisFrameOf(sample, CentreOf(target));
+    return frame ? ResampleIn<AxisSums>(frame->axes, sample, target, options) : std::nullopt;
+}
+
+double QuantileOf(const Resampled& resampled, double level) {
+    const std::size_t size = resampled.statistics.size();
+    const double place = std::ceil(level * static_cast<double>(size + 1));
+    if (!(place >= 1 && place <= static_cast<double>(size))) {
+        return std::numeric_limits<double>::infinity();
+    }
+    return resampled.statistics[static_cast<std::size_t>(place) - 1];
+}
+
+ConfidenceRegion BootstrapRegion(const RegionSample& sample, RegionTarget target,
+                                 const Resampled& resampled, double level) {
+    const double quantile = QuantileOf(resampled, level);
+    ConfidenceRegion region = target == RegionTarget::MeanDirection
+                                  ? DirectionEllipseOf(sample, level, quantile)
+                                  : AxisEllipseOf(sample, target, level, quantile);
+    region.method = RegionMethod::Bootstrap;
+    region.resamples = static_cast<int>(resampled.centres.size());
+    return region;
+}
+
+} // namespace quandrel
