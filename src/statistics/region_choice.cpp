@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+
+#include "statistics/region_choice.h"
+
+#include "statistics/axis_regions.h"
+#include "statistics/direction_regions.h"
+#include "statistics/symmetry_tests.h"
+
+#include <array>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::array kAxisMethods = {RegionMethod::Bootstrap, RegionMethod::WatsonCone,
+                                     RegionMethod::Ellipse, RegionMethod::Bingham};
+constexpr std::array kDirectionMethods = {RegionMethod::Bootstrap, RegionMethod::FisherCone,
+                                          RegionMethod::Ellipse};
+
+/// What the choice depends on, besides the number of rows.
+struct Findings {
+    std::optional<double> symmetry;      ///< probability of symmetry about the centre
+    std::optional<double> otherSymmetry; ///< of axes, about the other of e1 and e3
+    std::optional<double> concentration; ///< of directions, Fisher's k
+};
+
+/// A method with the reason to take it.
+struct MethodTaken {
+    RegionMethod method = RegionMethod::Bootstrap;
+    RegionGrounds grounds = RegionGrounds::Wanted;
+};
+
+bool IsRejected(const std::optional<double>& probability) {
+    return probability && *probability < kSymmetryLevel;
+}
+
+bool IsTooDispersed(const std::optional<double>& concentration) {
+    return concentration && *concentration < kLeastFisherConcentration;
+}
+
+std::optional<double> SymmetryAboutAxis(const RegionSample& sample, FrameCentre centre) {
+    const auto frame = AxisFrameOf(sample, centre);
+    return frame ? std::optional(SymmetryOfAxes(sample, *frame)) : std::nullopt;
+}
+
+Findings FindingsOf(const RegionSample& sample, const RegionChoice& choice) {
+    Findings findings;
+    if (choice.target == RegionTarget::MeanDirection) {
+        const auto frame = MeanFrameOf(sample);
+        if (frame) {
+            findings.symmetry = SymmetryOfDirections(sample, *frame);
+            findings.concentration = FisherCone(sample, choice.level).concentration;
+        }
+        return findings;
+    }
+    const bool isPole = choice.target == RegionTarget::GirdlePole;
+    findings.symmetry = SymmetryAboutAxis(sample, CentreOf(choice.target));
+    findings.otherSymmetry =
+        SymmetryAboutAxis(sample, isPole ? FrameCentre::Greatest : FrameCentre::Least);
+    return findings;
+}
+
+MethodTaken AutomaticMethod(const RegionSample& sample, RegionTarget target,
+                            const Findings& findings) {
+    if (sample.count < kLeastCountOfAsymptotics) {
+        return {RegionMethod::Bootstrap, RegionGrounds::FewRows};
+    }
+    const bool isSymmetric = !IsRejected(findings.symmetry);
+    const RegionGrounds grounds =
+        isSymmetric ? RegionGrounds::Symmetric : RegionGrounds::NotSymmetric;
+    if (target != RegionTarget::MeanDirection) {
+        return {isSymmetric ? RegionMethod::WatsonCone : RegionMethod::Ellipse, grounds};
+    }
+    const bool isDispersed = IsTooDispersed(findings.concentration);
+    if (isSymmetric && !isDispersed) {
+        return {RegionMethod::FisherCone, grounds};
+    }
+    return {sample.count >= kLeastCountOfEllipse ? RegionMethod::Ellipse : RegionMethod::Bootstrap,
+            isSymmetric ? RegionGrounds::TooDispersed : grounds};
+}
+
+/// Why a region is refused although it has bounds.
+RegionReason ReasonToRefuse(const ConfidenceRegion& region) {
+    if (region.otherSymmetry && !IsRejected(region.otherSymmetry)) {
+        return region.target == RegionTarget::GirdlePole ? RegionReason::NotAGirdle
+                                                         : RegionReason::NotACluster;
+    }
+    const bool isFisher = region.method == RegionMethod::FisherCone;
+    if ((isFisher || region.method == RegionMethod::WatsonCone) && IsRejected(region.symmetry)) {
+        return RegionReason::NotSymmetric;
+    }
+    if (isFisher && IsTooDispersed(region.concentration)) {
+        return RegionReason::TooDispersed;
+    }
+    const bool isDirectionEllipse =
+        region.target == RegionTarget::MeanDirection && region.method == RegionMethod::Ellipse;
+    return isDirectionEllipse && region.count < kLeastCountOfEllipse
+               ? RegionReason::FewForTheEllipse
+               : RegionReason::None;
+}
+
+ConfidenceRegion UndefinedRegion(const RegionSample& sample, const RegionChoice& choice,
+                                 RegionReason reason) {
+    ConfidenceRegion region;
+    region.target = choice.target;
+    region.method = RegionMethod::Bootstrap;
+    region.level = choice.level;
+    region.count = sample.count;
+    region.state = RegionState::Undefined;
+    region.reason = reason;
+    return region;
+}
+
+/// Empty when stopped.
+std::optional<ChosenRegion> BootstrapOf(const RegionSample& sample, const RegionChoice& choice) {
+    // The ellipse for large samples says whether there is a centre at all.
+    const ConfidenceRegion ellipse = BootstrapRegion(sample, choice.target, {}, choice.level);
+    if (ellipse.state == RegionState::Undefined && ellipse.reason != RegionReason::WithoutBounds) {
+        return ChosenRegion{UndefinedRegion(sample, choice, ellipse.reason), {}};
+    }
+    if (sample.count > kMostRowsOfBootstrap) {
+        return ChosenRegion{UndefinedRegion(sample, choice, RegionReason::TooManyRows), {}};
+    }
+    auto resampled = Resample(sample, choice.target, choice.bootstrap);
+    if (!resampled) {
+        return std::nullopt;
+    }
+    ConfidenceRegion region = BootstrapRegion(sample, choice.target, *resampled, choice.level);
+    return ChosenRegion{region, std::move(*resampled)};
+}
+
+std::optional<ChosenRegion> RegionBy(RegionMethod method, const RegionSample& sample,
+                                     const RegionChoice& choice) {
+    switch (method) {
+    case RegionMethod::FisherCone:
+        return ChosenRegion{FisherCone(sample, choice.level), {}};
+    case RegionMethod::WatsonCone:
+        return ChosenRegion{WatsonCone(sample, choice.target, choice.level), {}};
+    case RegionMethod::Bingham:
+        return ChosenRegion{BinghamEllipse(sample, choice.target, choice.level), {}};
+    case RegionMethod::Ellipse:
+        return ChosenRegion{choice.target == RegionTarget::MeanDirection
+                                ? DirectionEllipse(sample, choice.level)
+                                : AxisEllipse(sample, choice.target, choice.level),
+                            {}};
+    case RegionMethod::Bootstrap:
+        break;
+    }
+    return BootstrapOf(sample, choice);
+}
+
+} // namespace
+
+std::span<const RegionMethod> MethodsFor(RegionTarget target) {
+    if (target == RegionTarget::MeanDirection) {
+        return kDirectionMethods;
+    }
+    return kAxisMethods;
+}
+
+std::optional<ChosenRegion> ChooseRegion(const RegionSample& sample, const RegionChoice& choice) {
+    const Findings findings = FindingsOf(sample, choice);
+    const MethodTaken taken = choice.method ? MethodTaken{*choice.method, RegionGrounds::Wanted}
+                                            : AutomaticMethod(sample, choice.target, findings);
+    std::optional<ChosenRegion> chosen = RegionBy(taken.method, sample, choice);
+    if (!chosen) {
+        return std::nullopt;
+    }
+    ConfidenceRegion& region = chosen->region;
+    region.grounds = taken.grounds;
+    region.symmetry = findings.symmetry;
+    region.otherSymmetry = findings.otherSymmetry;
+    region.concentration = findings.concentration;
+    const RegionReason refusal = ReasonToRefuse(region);
+    if (region.state == RegionState::Given && refusal != RegionReason::None) {
+        region.state = RegionState::Refused;
+        region.reason = refusal;
+    }
+    return chosen;
+}
+
+} // namespace quandrel
