@@ -4,6 +4,7 @@
 
 #include "statistics/axis_regions.h"
 #include "statistics/direction_regions.h"
+#include "statistics/place_table.h"
 #include "statistics/resample_moments.h"
 
 #include <algorithm>
@@ -18,55 +19,6 @@ namespace quandrel {
 namespace {
 
 constexpr int kResamplesOfBlock = 100;
-
-/// Draws places with given probabilities (A. J. Walker, 1977): a place is drawn evenly, and kept or
-/// replaced by its other.
-class PlaceTable {
-public:
-    PlaceTable(const std::vector<double>& weights, double total)
-        : columns_(weights.size()) {
-        const auto count = static_cast<double>(weights.size());
-        std::vector<double> shares; // of a place, 1 on average
-        std::vector<std::size_t> below;
-        std::vector<std::size_t> above;
-        for (std::size_t i = 0; i < weights.size(); ++i) {
-            shares.push_back(weights[i] * count / total);
-            columns_[i] = {0, static_cast<std::uint32_t>(i)};
-            (shares[i] < 1 ? below : above).push_back(i);
-        }
-        // A place below its share is filled up from one above it.
-        while (!below.empty() && !above.empty()) {
-            const std::size_t filled = below.back();
-            const std::size_t source = above.back();
-            below.pop_back();
-            columns_[filled] = {static_cast<std::uint32_t>(shares[filled] * kWhole),
-                                static_cast<std::uint32_t>(source)};
-            shares[source] -= 1 - shares[filled];
-            if (shares[source] < 1) {
-                above.pop_back();
-                below.push_back(source);
-            }
-        }
-    }
-
-    /// @param bits  32 random ones. The probabilities are right to size / 2^32.
-    [[nodiscard]] std::size_t Place(std::uint32_t bits) const {
-        const std::uint64_t product = std::uint64_t{bits} * columns_.size();
-        const auto place = static_cast<std::size_t>(product >> 32U);
-        const Column& column = columns_[place];
-        return static_cast<std::uint32_t>(product) < column.kept ? place : column.other;
-    }
-
-private:
-    static constexpr double kWhole = 4294967296.0;
-
-    struct Column {
-        std::uint32_t kept = 0;
-        std::uint32_t other = 0;
-    };
-
-    std::vector<Column> columns_;
-};
 
 std::mt19937_64 GeneratorOf(std::uint64_t seed, int block) {
     std::seed_seq sequence{static_cast<std::uint32_t>(seed),
@@ -98,6 +50,9 @@ Sums Draw(const std::vector<Sums>& rows, const PlaceTable& table, long draws,
 
 /// Runs blocks of resamples on threads; false when stopped.
 bool RunBlocks(const BootstrapOptions& options, const std::function<void(int block)>& run) {
+    if (options.onDone && !options.onDone(0)) {
+        return false;
+    }
     const int blocks = (options.resamples + kResamplesOfBlock - 1) / kResamplesOfBlock;
     std::atomic<int> next = 0;
     std::atomic<int> done = 0;
@@ -129,7 +84,7 @@ std::optional<Resampled> ResampleIn(const Frame& frame, const RegionSample& samp
     for (const Direction& row : sample.rows.directions) {
         rows.push_back(Sums::Of(InFrame(frame, row)));
     }
-    const PlaceTable table(sample.rows.weights, sample.total);
+    const PlaceTable table(sample.rows.weights);
     const long draws = std::max(std::lround(sample.count), 1L);
     const auto total = static_cast<double>(draws);
     const auto size = static_cast<std::size_t>(options.resamples);

@@ -31,8 +31,9 @@ struct BootstrapOptions {
     std::uint64_t seed = 19890996;
     unsigned threads = 1; ///< 1 or more, the caller's included
 
-    /// Called by the caller's thread now and then with the number of resamples done; false stops.
-    std::function<bool(int done)> onDone;
+    /// Called by the caller's thread at the start and now and then with the number of resamples
+    /// done; false stops.
+    std::function<bool(int done)> onDone = nullptr;
 };
 
 /// What the resamples say of the centre of the sample.
