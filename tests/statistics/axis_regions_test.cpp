@@ -152,14 +152,14 @@ TEST(BinghamEllipse, IsWhereTheLikelihoodExceedsItsBound) {
     for (const RegionTarget target : {RegionTarget::PrincipalAxis, RegionTarget::GirdlePole}) {
         const ConfidenceRegion region = BinghamEllipse(sample, target, kLevel);
         ASSERT_TRUE(region.binghamConcentrations);
-        const auto [k1, k2] = *region.binghamConcentrations;
+        const std::array<double, 2> concentrations = *region.binghamConcentrations;
         const Frame axes = AxisFrameOf(sample, FrameCentre::Greatest)->axes;
         const bool isPole = target == RegionTarget::GirdlePole;
         const auto likelihoodOf = [&](const Frame& frame) {
             double sum = 0;
             for (std::size_t i = 0; i < sample.rows.directions.size(); ++i) {
                 const auto [x1, x2, x3] = InFrame(frame, sample.rows.directions[i]);
-                sum += k1 * x1 * x1 + k2 * x2 * x2;
+                sum += concentrations[0] * x1 * x1 + concentrations[1] * x2 * x2;
             }
             return sum;
         };

@@ -33,8 +33,10 @@ RegionSample SampleOf(int count, const Draw& draw, RowsAre kind, std::uint64_t s
 }
 
 ConfidenceRegion RegionOf(const RegionSample& sample, RegionTarget target,
-                          std::optional<RegionMethod> method = std::nullopt) {
+                          std::optional<RegionMethod> method = std::nullopt,
+                          int resamples = kFewestResamples) {
     RegionChoice choice;
+    choice.bootstrap.resamples = resamples;
     choice.target = target;
     choice.method = method;
     const auto chosen = ChooseRegion(sample, choice);
@@ -129,9 +131,10 @@ TEST(ChooseRegion, ComputesWhatItRefuses) {
 }
 
 TEST(ChooseRegion, RefusesAWantedMethodWithoutItsConditions) {
-    const RegionTarget mean = RegionTarget::MeanDirection;
-    const auto reason = [mean](int count, const Draw& draw, RegionMethod method) {
-        return RegionOf(SampleOf(count, draw, RowsAre::Directions), mean, method).reason;
+    const auto reason = [](int count, const Draw& draw, RegionMethod method) {
+        return RegionOf(SampleOf(count, draw, RowsAre::Directions), RegionTarget::MeanDirection,
+                        method)
+            .reason;
     };
     EXPECT_EQ(reason(60, kFisher, RegionMethod::FisherCone), RegionReason::None);
     EXPECT_EQ(reason(60, kElongated, RegionMethod::FisherCone), RegionReason::NotSymmetric);
@@ -227,7 +230,7 @@ TEST(ChooseRegion, TrialHoldsTheTrueCentreAsOftenAsItSays) {
                     one.target == RegionTarget::MeanDirection ? RowsAre::Directions : RowsAre::Axes;
                 const auto seed = static_cast<std::uint64_t>(100000 + i);
                 const ConfidenceRegion region =
-                    RegionOf(SampleOf(count, one.draw, kind, seed), one.target);
+                    RegionOf(SampleOf(count, one.draw, kind, seed), one.target, std::nullopt, 999);
                 covered += Contains(region, one.truth) ? 1 : 0;
             }
             // The bounds of many samples, and three standard deviations of a share in these.
