@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::size_t kNodes = 32;
 constexpr int kMostSteps = 200;
+constexpr double kSmallGain = 1e-3;
+constexpr double kLastGain = 1e-20;
 
 /// Nodes and weights of the rule of Gauss for 0 to 1.
 struct GaussRule {
@@ -105,6 +107,29 @@ bool IsWithinBounds(const std::array<double, 2>& k) {
     return std::min(k[0], k[1]) >= -kGreatestConcentration && std::max(k[0], k[1]) <= 1;
 }
 
+/// The concentrations after a step of Newton, which is halved until the likelihood grows; empty
+/// where it does not.
+///
+/// @param gain  twice the growth of the likelihood that the whole step promises. A small one is
+///              squared by each step, which then needs no test.
+std::optional<std::array<double, 2>> AfterStep(const std::array<double, 2>& k,
+                                               const std::array<double, 2>& step, double gain,
+                                               const BinghamIntegrals& at, double t1, double t2) {
+    const double before = LogLikelihood(at, k, t1, t2);
+    for (double share = 1; share > 1e-6; share /= 2) {
+        const std::array<double, 2> next = {k[0] + share * step[0], k[1] + share * step[1]};
+        if (!IsWithinBounds(next)) {
+            continue;
+        }
+        if (gain < kSmallGain
+            || LogLikelihood(BinghamIntegralsOf(next[0], next[1]), next, t1, t2)
+                   > before + share * gain / 4) {
+            return next;
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 BinghamIntegrals BinghamIntegralsOf(double k1, double k2) {
@@ -148,26 +173,13 @@ std::optional<std::array<double, 2>> FitBingham(double t1, double t2) {
         if (!step) {
             return std::nullopt;
         }
-        // Twice the gain of likelihood that the step promises. It is squared by each step when
-        // small, and then needs no test.
         const double gain = (*step)[0] * (t1 - at.squares[0]) + (*step)[1] * (t2 - at.squares[1]);
-        const double before = LogLikelihood(at, k, t1, t2);
-        double share = 1;
-        std::array<double, 2> next{};
-        for (;; share /= 2) {
-            next = {k[0] + share * (*step)[0], k[1] + share * (*step)[1]};
-            if (share < 1e-6) {
-                return std::nullopt;
-            }
-            if (IsWithinBounds(next)
-                && (gain < 1e-3
-                    || LogLikelihood(BinghamIntegralsOf(next[0], next[1]), next, t1, t2)
-                           > before + share * gain / 4)) {
-                break;
-            }
+        const auto next = AfterStep(k, *step, gain, at, t1, t2);
+        if (!next) {
+            return std::nullopt;
         }
-        k = next;
-        if (gain < 1e-20) {
+        k = *next;
+        if (gain < kLastGain) {
             return std::array{std::min(k[0], 0.0), std::min(k[1], 0.0)};
         }
     }
