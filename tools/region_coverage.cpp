@@ -114,6 +114,7 @@ Tally TallyOfAll(const Trial& trial, int count, double level, int samples) {
     std::vector<Tally> parts(static_cast<std::size_t>(threads));
     {
         std::vector<std::jthread> workers;
+        workers.reserve(parts.size());
         for (int thread = 0; thread < threads; ++thread) {
             workers.emplace_back([&, thread] {
                 for (int sample = thread; sample < samples; sample += threads) {

@@ -17,6 +17,9 @@
 
 namespace quandrel {
 
+/// The levels that are offered.
+inline constexpr std::array kRegionLevels = {0.63, 0.90, 0.95, 0.99};
+
 /// What is estimated: the axis of the greatest eigenvalue, the axis of the least (the pole of the
 /// girdle), or the mean of directions.
 enum class RegionTarget { PrincipalAxis, GirdlePole, MeanDirection };

@@ -130,24 +130,31 @@ std::optional<ChosenRegion> BootstrapOf(const RegionSample& sample, const Region
     return ChosenRegion{region, std::move(*resampled)};
 }
 
-std::optional<ChosenRegion> RegionBy(RegionMethod method, const RegionSample& sample,
-                                     const RegionChoice& choice) {
+/// A region that needs no resamples.
+ConfidenceRegion DirectRegion(RegionMethod method, const RegionSample& sample, RegionTarget target,
+                              double level) {
     switch (method) {
     case RegionMethod::FisherCone:
-        return ChosenRegion{FisherCone(sample, choice.level), {}};
+        return FisherCone(sample, level);
     case RegionMethod::WatsonCone:
-        return ChosenRegion{WatsonCone(sample, choice.target, choice.level), {}};
+        return WatsonCone(sample, target, level);
     case RegionMethod::Bingham:
-        return ChosenRegion{BinghamEllipse(sample, choice.target, choice.level), {}};
+        return BinghamEllipse(sample, target, level);
     case RegionMethod::Ellipse:
-        return ChosenRegion{choice.target == RegionTarget::MeanDirection
-                                ? DirectionEllipse(sample, choice.level)
-                                : AxisEllipse(sample, choice.target, choice.level),
-                            {}};
     case RegionMethod::Bootstrap:
         break;
     }
-    return BootstrapOf(sample, choice);
+    return target == RegionTarget::MeanDirection ? DirectionEllipse(sample, level)
+                                                 : AxisEllipse(sample, target, level);
+}
+
+/// Refuses a region that has bounds but not its conditions.
+void Judge(ConfidenceRegion& region) {
+    const RegionReason refusal = ReasonToRefuse(region);
+    if (region.state == RegionState::Given && refusal != RegionReason::None) {
+        region.state = RegionState::Refused;
+        region.reason = refusal;
+    }
 }
 
 } // namespace
@@ -163,7 +170,12 @@ std::optional<ChosenRegion> ChooseRegion(const RegionSample& sample, const Regio
     const Findings findings = FindingsOf(sample, choice);
     const MethodTaken taken = choice.method ? MethodTaken{*choice.method, RegionGrounds::Wanted}
                                             : AutomaticMethod(sample, choice.target, findings);
-    std::optional<ChosenRegion> chosen = RegionBy(taken.method, sample, choice);
+    std::optional<ChosenRegion> chosen;
+    if (taken.method == RegionMethod::Bootstrap) {
+        chosen = BootstrapOf(sample, choice);
+    } else {
+        chosen = ChosenRegion{DirectRegion(taken.method, sample, choice.target, choice.level), {}};
+    }
     if (!chosen) {
         return std::nullopt;
     }
@@ -172,12 +184,27 @@ std::optional<ChosenRegion> ChooseRegion(const RegionSample& sample, const Regio
     region.symmetry = findings.symmetry;
     region.otherSymmetry = findings.otherSymmetry;
     region.concentration = findings.concentration;
-    const RegionReason refusal = ReasonToRefuse(region);
-    if (region.state == RegionState::Given && refusal != RegionReason::None) {
-        region.state = RegionState::Refused;
-        region.reason = refusal;
-    }
+    Judge(region);
     return chosen;
+}
+
+ConfidenceRegion RegionAtLevel(const RegionSample& sample, const ChosenRegion& chosen,
+                               double level) {
+    const ConfidenceRegion& known = chosen.region;
+    if (known.method == RegionMethod::Bootstrap && chosen.resampled.statistics.empty()) {
+        ConfidenceRegion region = known; // undefined at any level
+        region.level = level;
+        return region;
+    }
+    ConfidenceRegion region = known.method == RegionMethod::Bootstrap
+                                  ? BootstrapRegion(sample, known.target, chosen.resampled, level)
+                                  : DirectRegion(known.method, sample, known.target, level);
+    region.grounds = known.grounds;
+    region.symmetry = known.symmetry;
+    region.otherSymmetry = known.otherSymmetry;
+    region.concentration = known.concentration;
+    Judge(region);
+    return region;
 }
 
 } // namespace quandrel

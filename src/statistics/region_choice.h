@@ -51,4 +51,10 @@ struct ChosenRegion {
 [[nodiscard]] std::optional<ChosenRegion> ChooseRegion(const RegionSample& sample,
                                                        const RegionChoice& choice);
 
+/// The region of another level by the same method and from the same resamples. O(n).
+///
+/// @param chosen  of the same sample
+[[nodiscard]] ConfidenceRegion RegionAtLevel(const RegionSample& sample, const ChosenRegion& chosen,
+                                             double level);
+
 } // namespace quandrel

@@ -157,8 +157,8 @@ TEST(BinghamEllipse, IsWhereTheLikelihoodExceedsItsBound) {
         const bool isPole = target == RegionTarget::GirdlePole;
         const auto likelihoodOf = [&](const Frame& frame) {
             double sum = 0;
-            for (std::size_t i = 0; i < sample.rows.directions.size(); ++i) {
-                const auto [x1, x2, x3] = InFrame(frame, sample.rows.directions[i]);
+            for (const Direction& row : sample.rows.directions) {
+                const auto [x1, x2, x3] = InFrame(frame, row);
                 sum += concentrations[0] * x1 * x1 + concentrations[1] * x2 * x2;
             }
             return sum;

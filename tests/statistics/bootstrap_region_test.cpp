@@ -32,7 +32,8 @@ RegionSample SampleFor(RegionTarget target, int count, std::uint64_t seed = 5) {
                           RowsAre::Axes);
 }
 
-Resampled Drawn(const RegionSample& sample, RegionTarget target, BootstrapOptions options = {}) {
+Resampled Drawn(const RegionSample& sample, RegionTarget target,
+                const BootstrapOptions& options = {}) {
     auto resampled = Resample(sample, target, options);
     EXPECT_TRUE(resampled);
     return resampled.value_or(Resampled{});

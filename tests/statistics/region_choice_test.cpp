@@ -44,36 +44,41 @@ ConfidenceRegion RegionOf(const RegionSample& sample, RegionTarget target,
     return chosen ? chosen->region : ConfidenceRegion{};
 }
 
-TEST(ChooseRegion, TakesTheMethodThatSuitsTheSample) {
-    struct Case {
-        int count;
-        const Draw& draw;
-        RegionTarget target;
-        RegionMethod method;
-        RegionGrounds grounds;
-    };
+struct Case {
+    int count;
+    const Draw& draw;
+    RegionTarget target;
+    RegionMethod method;
+    RegionGrounds grounds;
+};
 
-    const RegionTarget axis = RegionTarget::PrincipalAxis;
-    const RegionTarget pole = RegionTarget::GirdlePole;
-    const RegionTarget mean = RegionTarget::MeanDirection;
+constexpr RegionTarget kAxis = RegionTarget::PrincipalAxis;
+constexpr RegionTarget kPole = RegionTarget::GirdlePole;
+constexpr RegionTarget kMean = RegionTarget::MeanDirection;
+
+std::vector<Case> Cases() {
     using Method = RegionMethod;
     using Grounds = RegionGrounds;
-    const std::vector<Case> cases = {
-        {49, kCluster, axis, Method::Bootstrap, Grounds::FewRows},
-        {50, kCluster, axis, Method::WatsonCone, Grounds::Symmetric},
-        {50, kElongatedCluster, axis, Method::Ellipse, Grounds::NotSymmetric},
-        {49, kGirdle, pole, Method::Bootstrap, Grounds::FewRows},
-        {200, kGirdle, pole, Method::WatsonCone, Grounds::Symmetric},
-        {200, kElongatedCluster, pole, Method::Ellipse, Grounds::NotSymmetric},
-        {49, kFisher, mean, Method::Bootstrap, Grounds::FewRows},
-        {50, kFisher, mean, Method::FisherCone, Grounds::Symmetric},
-        {99, kDispersed, mean, Method::Bootstrap, Grounds::TooDispersed},
-        {100, kDispersed, mean, Method::Ellipse, Grounds::TooDispersed},
-        {99, kElongated, mean, Method::Bootstrap, Grounds::NotSymmetric},
-        {100, kElongated, mean, Method::Ellipse, Grounds::NotSymmetric},
+    return {
+        {49, kCluster, kAxis, Method::Bootstrap, Grounds::FewRows},
+        {50, kCluster, kAxis, Method::WatsonCone, Grounds::Symmetric},
+        {50, kElongatedCluster, kAxis, Method::Ellipse, Grounds::NotSymmetric},
+        {49, kGirdle, kPole, Method::Bootstrap, Grounds::FewRows},
+        {200, kGirdle, kPole, Method::WatsonCone, Grounds::Symmetric},
+        {200, kElongatedCluster, kPole, Method::Ellipse, Grounds::NotSymmetric},
+        {49, kFisher, kMean, Method::Bootstrap, Grounds::FewRows},
+        {50, kFisher, kMean, Method::FisherCone, Grounds::Symmetric},
+        {99, kDispersed, kMean, Method::Bootstrap, Grounds::TooDispersed},
+        {100, kDispersed, kMean, Method::Ellipse, Grounds::TooDispersed},
+        {99, kElongated, kMean, Method::Bootstrap, Grounds::NotSymmetric},
+        {100, kElongated, kMean, Method::Ellipse, Grounds::NotSymmetric},
     };
+}
+
+TEST(ChooseRegion, TakesTheMethodThatSuitsTheSample) {
+    const std::vector<Case> cases = Cases();
     for (const Case& one : cases) {
-        const RowsAre kind = one.target == mean ? RowsAre::Directions : RowsAre::Axes;
+        const RowsAre kind = one.target == kMean ? RowsAre::Directions : RowsAre::Axes;
         const ConfidenceRegion region = RegionOf(SampleOf(one.count, one.draw, kind), one.target);
         const auto place = &one - cases.data();
         EXPECT_EQ(region.method, one.method) << place;
@@ -81,8 +86,8 @@ TEST(ChooseRegion, TakesTheMethodThatSuitsTheSample) {
         EXPECT_EQ(region.state, RegionState::Given) << place;
         EXPECT_EQ(region.count, one.count);
         ASSERT_TRUE(region.symmetry);
-        EXPECT_EQ(region.otherSymmetry.has_value(), one.target != mean);
-        EXPECT_EQ(region.concentration.has_value(), one.target == mean);
+        EXPECT_EQ(region.otherSymmetry.has_value(), one.target != kMean);
+        EXPECT_EQ(region.concentration.has_value(), one.target == kMean);
     }
 }
 
@@ -178,6 +183,35 @@ TEST(ChooseRegion, YieldsTheResamplesAndCanBeStopped) {
     EXPECT_EQ(chosen->region.resamples, 3000);
     choice.bootstrap.onDone = [](int /*done*/) { return false; };
     EXPECT_FALSE(ChooseRegion(sample, choice));
+}
+
+TEST(RegionAtLevel, IsTheRegionChosenAtThatLevel) {
+    for (const int count : {20, 100}) {
+        for (const RegionTarget target : {kAxis, kPole, kMean}) {
+            const RegionSample sample = SampleOf(
+                count, kElongatedCluster, target == kMean ? RowsAre::Directions : RowsAre::Axes);
+            RegionChoice choice;
+            choice.target = target;
+            const auto chosen = ChooseRegion(sample, choice);
+            ASSERT_TRUE(chosen);
+            for (const double level : kRegionLevels) {
+                choice.level = level;
+                const ConfidenceRegion expected = ChooseRegion(sample, choice)->region;
+                const ConfidenceRegion found = RegionAtLevel(sample, *chosen, level);
+                EXPECT_EQ(found.components, expected.components);
+                EXPECT_EQ(found.level, level);
+                EXPECT_EQ(found.state, expected.state);
+                EXPECT_EQ(found.reason, expected.reason);
+                EXPECT_EQ(found.grounds, expected.grounds);
+                EXPECT_EQ(found.symmetry, expected.symmetry);
+                EXPECT_EQ(found.otherSymmetry, expected.otherSymmetry);
+            }
+        }
+    }
+    RegionChoice choice;
+    const auto nothing = ChooseRegion({}, choice);
+    ASSERT_TRUE(nothing);
+    EXPECT_EQ(RegionAtLevel({}, *nothing, 0.9).reason, RegionReason::TooFewRows);
 }
 
 TEST(MethodsFor, EachIsWhatItsRegionSays) {
