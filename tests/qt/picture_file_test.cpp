@@ -239,7 +239,7 @@ TEST_F(PictureFile, BandsCannotBeSeen) {
         DrawMuch(painter, scale, Medium::Raster);
     }
     EXPECT_GT(CountOther(whole, qRgb(255, 255, 255)), 20000);
-    for (const std::size_t lines : {13, 64, 101, 469, 470, 5000}) {
+    for (const std::size_t lines : {13U, 64U, 101U, 469U, 470U, 5000U}) {
         const PictureSize size{300, 200, scale, lines * 705 * 4};
         ASSERT_EQ(SavePicture(Path("a.png"), size, "", DrawMuch), "");
         const QImage written = QImage(QString::fromStdString(Path("a.png")));
