@@ -112,24 +112,6 @@ ConfidenceRegion UndefinedRegion(const RegionSample& sample, const RegionChoice&
     return region;
 }
 
-/// Empty when stopped.
-std::optional<ChosenRegion> BootstrapOf(const RegionSample& sample, const RegionChoice& choice) {
-    // The ellipse for large samples says whether there is a centre at all.
-    const ConfidenceRegion ellipse = BootstrapRegion(sample, choice.target, {}, choice.level);
-    if (ellipse.state == RegionState::Undefined && ellipse.reason != RegionReason::WithoutBounds) {
-        return ChosenRegion{UndefinedRegion(sample, choice, ellipse.reason), {}};
-    }
-    if (sample.count > kMostRowsOfBootstrap) {
-        return ChosenRegion{UndefinedRegion(sample, choice, RegionReason::TooManyRows), {}};
-    }
-    auto resampled = Resample(sample, choice.target, choice.bootstrap);
-    if (!resampled) {
-        return std::nullopt;
-    }
-    ConfidenceRegion region = BootstrapRegion(sample, choice.target, *resampled, choice.level);
-    return ChosenRegion{region, std::move(*resampled)};
-}
-
 /// A region that needs no resamples.
 ConfidenceRegion DirectRegion(RegionMethod method, const RegionSample& sample, RegionTarget target,
                               double level) {
@@ -146,6 +128,25 @@ ConfidenceRegion DirectRegion(RegionMethod method, const RegionSample& sample, R
     }
     return target == RegionTarget::MeanDirection ? DirectionEllipse(sample, level)
                                                  : AxisEllipse(sample, target, level);
+}
+
+/// Empty when stopped.
+std::optional<ChosenRegion> BootstrapOf(const RegionSample& sample, const RegionChoice& choice) {
+    // The ellipse for large samples says whether there is a centre at all.
+    const ConfidenceRegion ellipse =
+        DirectRegion(RegionMethod::Ellipse, sample, choice.target, choice.level);
+    if (ellipse.state == RegionState::Undefined && ellipse.reason != RegionReason::WithoutBounds) {
+        return ChosenRegion{UndefinedRegion(sample, choice, ellipse.reason), {}};
+    }
+    if (sample.count > kMostRowsOfBootstrap) {
+        return ChosenRegion{UndefinedRegion(sample, choice, RegionReason::TooManyRows), {}};
+    }
+    auto resampled = Resample(sample, choice.target, choice.bootstrap);
+    if (!resampled) {
+        return std::nullopt;
+    }
+    ConfidenceRegion region = BootstrapRegion(sample, choice.target, *resampled, choice.level);
+    return ChosenRegion{region, std::move(*resampled)};
 }
 
 /// Refuses a region that has bounds but not its conditions.

@@ -176,6 +176,26 @@ TEST(Resample, RepeatsFromItsSeedOnAnyMachine) {
     }
 }
 
+TEST(Resample, GivesTheSameNumbersWithAnyCompiler) {
+    // Components of right triangles with whole sides need no function to be computed. The values
+    // are what this code gives; other compilers and machines must give no others.
+    const WeightedDirections rows = {{{0.6, 0, 0.8},
+                                      {-0.28, 0, 0.96},
+                                      {0, 0.8, 0.6},
+                                      {0, -0.6, 0.8},
+                                      {0.48, 0.6, 0.64},
+                                      {-0.48, 0.36, 0.8},
+                                      {0, 0.28, 0.96},
+                                      {0.36, -0.48, 0.8}},
+                                     {1, 2, 1, 1, 1.5, 1, 1, 1}};
+    const auto quantile = [&rows](RegionTarget target, RowsAre kind) {
+        return QuantileOf(Drawn(RegionSampleOf(rows, kind), target), 0.9);
+    };
+    EXPECT_EQ(quantile(RegionTarget::PrincipalAxis, RowsAre::Axes), 0x1.61cfd1b54f776p+3);
+    EXPECT_EQ(quantile(RegionTarget::GirdlePole, RowsAre::Axes), 0x1.5e76baa7d691cp+4);
+    EXPECT_EQ(quantile(RegionTarget::MeanDirection, RowsAre::Directions), 0x1.24285505c738ep+3);
+}
+
 TEST(Resample, StopsWhenItIsToldAndReportsHowFarItIs) {
     const RegionSample sample = SampleFor(RegionTarget::PrincipalAxis, 20);
     BootstrapOptions options;

@@ -173,6 +173,14 @@ TEST(ChooseRegion, OfNothingIsUndefined) {
     }
 }
 
+TEST(ChooseRegion, OfRowsThatShareALineSaysSo) {
+    const WeightedDirections rows = {{{0.6, 0, 0.8}}, {9}};
+    EXPECT_EQ(RegionOf(RegionSampleOf(rows, RowsAre::Axes), kAxis).reason, RegionReason::RowsAlike);
+    EXPECT_EQ(RegionOf(RegionSampleOf(rows, RowsAre::Axes), kPole).reason, RegionReason::AxesAlike);
+    EXPECT_EQ(RegionOf(RegionSampleOf(rows, RowsAre::Directions), kMean).reason,
+              RegionReason::RowsAlike);
+}
+
 TEST(ChooseRegion, YieldsTheResamplesAndCanBeStopped) {
     const RegionSample sample = SampleOf(20, kCluster, RowsAre::Axes);
     RegionChoice choice;
@@ -238,7 +246,7 @@ struct Coverage {
     Draw draw;
 };
 
-TEST(ChooseRegion, TrialHoldsTheTrueCentreAsOftenAsItSays) {
+TEST(ChooseRegionTrial, HoldsTheTrueCentreAsOftenAsItSays) {
     const Direction vertical = {0, 0, 1};
     const std::vector<Coverage> cases = {
         {"cluster", RegionTarget::PrincipalAxis, vertical, kCluster},
