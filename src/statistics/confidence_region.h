@@ -62,7 +62,7 @@ struct ConfidenceRegion {
     std::array<Direction, 2> frame{}; ///< unit, at right angles to the centre and each other
 
     /// The bounds of the components along the frame, the greater first: sines of the semi-axes.
-    /// Above 1, or infinite, in an undefined region.
+    /// Above 1 or infinite in a region without bounds, 0 where there is no centre or no spread.
     std::array<double, 2> components{};
 
     RegionState state = RegionState::Given;
