@@ -24,17 +24,15 @@ constexpr double kLeastProduct = 1e-6;
 /// Added to the distances of rows from the middles of their cells, radians.
 constexpr double kDoubtOfRadius = 1e-8;
 
-/// The cap in which totals of linear and square weights would lose too many digits: 1 - cos 10
-/// degrees.
-constexpr double kLowCap = 0.0151922469877920;
+/// 1 - cos of the cones in which totals of linear and of square weights lose too many digits, which
+/// is in proportion to the second and the fourth power of the angle, and to the rows in the cone.
+constexpr double kLowLinearCap = 6.0917298090423787e-4; // 2 degrees
+constexpr double kLowSquareCap = 5.4781046317266712e-3; // 6 degrees
 
 /// -ln of the weight of KambExponential that is left out.
 constexpr double kLeftOutExponent = 25.4;
 
-int CellsPerDegreeFor(std::size_t rows) {
-    constexpr std::size_t kMany = 100'000;
-    return rows < kMany ? 1 : 2;
-}
+constexpr auto kTurn = static_cast<std::ptrdiff_t>(kRingLength);
 
 /// The cosine of the farthest row that can count.
 double ReachCosine(const DensityFormula& formula) {
@@ -52,8 +50,9 @@ bool TakesTotals(const DensityFormula& formula) {
     case DensityMethod::Kamb:
         return true;
     case DensityMethod::KambLinear:
+        return 1 - formula.cosine > kLowLinearCap;
     case DensityMethod::KambSquare:
-        return 1 - formula.cosine > kLowCap;
+        return 1 - formula.cosine > kLowSquareCap;
     case DensityMethod::KambExponential:
     case DensityMethod::Kernel:
         break;
@@ -88,10 +87,10 @@ struct WeightedCells::Arc {
     std::ptrdiff_t end = 0;
 
     /// Takes the cells up to a distance from a middle; none of them is inside.
-    void SetOuter(double middle, double halfWidth, std::ptrdiff_t turn) {
+    void SetOuter(double middle, double halfWidth) {
         first = static_cast<std::ptrdiff_t>(std::ceil(middle - halfWidth));
         end = static_cast<std::ptrdiff_t>(std::floor(middle + halfWidth)) + 1;
-        end = std::min(end, first + turn);
+        end = std::min(end, first + kTurn);
         firstInside = end;
         endInside = end;
     }
@@ -151,14 +150,12 @@ private:
 WeightedCells::WeightedCells(std::span<const MeasuredLine> rows, std::span<const double> rowWeights,
                              LineSense sense)
     : sense_(sense)
-    , perDegree_(CellsPerDegreeFor(rows.size()))
-    , trends_(static_cast<std::size_t>(360 * perDegree_))
-    , rings_(static_cast<std::size_t>((RingsOf(sense) - 1) * perDegree_ + 1))
-    , starts_(rings_.size() * trends_ + 1)
+    , rings_(static_cast<std::size_t>(RingsOf(sense)))
+    , starts_(NodesOf(sense) + 1)
     , rows_(rows.size()) {
     std::vector<std::size_t> cells(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        cells[row] = CellOf(LatticePlaceOf(rows[row], sense));
+        cells[row] = NearestNode(LatticePlaceOf(rows[row], sense), sense);
         ++starts_[cells[row]];
     }
     std::inclusive_scan(starts_.begin(), starts_.end(), starts_.begin());
@@ -172,20 +169,12 @@ WeightedCells::WeightedCells(std::span<const MeasuredLine> rows, std::span<const
     AddTotals();
 }
 
-std::size_t WeightedCells::CellOf(const LatticePlace& place) const {
-    const double fromFirst = place.plunge - FirstPlunge(sense_);
-    const auto ring = static_cast<std::size_t>(fromFirst * perDegree_ + 0.5);
-    const auto trend = static_cast<std::size_t>(place.trend * perDegree_ + 0.5) % trends_;
-    return ring * trends_ + trend;
-}
-
 void WeightedCells::FindRings(std::span<const MeasuredLine> rows) {
     for (const MeasuredLine& row : rows) {
         const LatticePlace place = LatticePlaceOf(row, sense_);
-        double& radius = rings_[CellOf(place) / trends_].radius;
-        const auto fromMiddle = [this](double degrees) {
-            return std::abs(degrees - RoundToEven(degrees * perDegree_) / perDegree_)
-                   / kDegreesPerRadian;
+        double& radius = rings_[NearestNode(place, sense_) / kRingLength].radius;
+        const auto fromMiddle = [](double degrees) {
+            return std::abs(degrees - RoundToEven(degrees)) / kDegreesPerRadian;
         };
         // With the cosine of a plunge that neither the row nor the ring is below.
         const double least = std::max(std::abs(place.plunge) - 0.5, 0.0) / kDegreesPerRadian;
@@ -199,7 +188,7 @@ void WeightedCells::FindRings(std::span<const MeasuredLine> rows) {
         ring.cosine = std::cos(plunge / kDegreesPerRadian);
         ring.sineOfRadius = std::sin(ring.radius);
         ring.cosineOfRadius = std::cos(ring.radius);
-        plunge += 1.0 / perDegree_;
+        plunge += 1;
     }
 }
 
@@ -208,14 +197,14 @@ void WeightedCells::AddTotals() {
         double weight = 0;
         Direction vector;
         std::array<double, 6> products{};
-        for (std::size_t trend = 0; trend <= trends_; ++trend) {
+        for (std::size_t trend = 0; trend <= kRingLength; ++trend) {
             weightTotals_.push_back(weight);
             vectorTotals_.push_back(vector);
             productTotals_.push_back(products);
-            if (trend == trends_) {
+            if (trend == kRingLength) {
                 break;
             }
-            const std::size_t cell = ring * trends_ + trend;
+            const std::size_t cell = ring * kRingLength + trend;
             for (std::size_t i = starts_[cell]; i < starts_[cell + 1]; ++i) {
                 const auto [l, m, n] = rows_[i].direction;
                 const double share = rows_[i].weight;
@@ -241,21 +230,21 @@ bool WeightedCells::FindArc(const End& end, const Reach& reach, const Ring& ring
         return false;
     }
     if (mayBeInside && height - product > inner + kRounding) {
-        arc = {0, 0, Turn(), Turn()};
+        arc = {0, 0, kTurn, kTurn};
         return true;
     }
-    arc = {0, Turn(), Turn(), Turn()};
+    arc = {0, kTurn, kTurn, kTurn};
     if (product < kLeastProduct) {
         return true;
     }
     const auto halfWidth = [&](double cosine, double doubt) {
         const double quotient = std::clamp((cosine - height) / product, -1.0, 1.0);
-        return (std::acos(quotient) + doubt) * kDegreesPerRadian * perDegree_;
+        return (std::acos(quotient) + doubt) * kDegreesPerRadian;
     };
-    const double middle = end.place.trend * perDegree_;
-    const double whole = 0.5 * static_cast<double>(Turn());
+    const double middle = end.place.trend;
+    const double whole = 0.5 * static_cast<double>(kTurn);
     const double width = isAll ? whole : halfWidth(outer, kDoubtOfArc);
-    arc.SetOuter(middle, std::min(width, whole), Turn());
+    arc.SetOuter(middle, std::min(width, whole));
     if (mayBeInside && height + product > inner) {
         arc.SetInner(middle, halfWidth(inner, -kDoubtOfArc));
     }
@@ -266,10 +255,10 @@ bool WeightedCells::FindArc(const End& end, const Reach& reach, const Ring& ring
 ///
 /// @param visit  takes the numbers of the first cell in the ring and of that after the last
 template <class Visit>
-void SplitAtNorth(std::ptrdiff_t first, std::ptrdiff_t end, std::ptrdiff_t turn, Visit visit) {
+void SplitAtNorth(std::ptrdiff_t first, std::ptrdiff_t end, Visit visit) {
     while (first < end) {
-        const std::ptrdiff_t place = ((first % turn) + turn) % turn;
-        const std::ptrdiff_t count = std::min(end - first, turn - place);
+        const std::ptrdiff_t place = ((first % kTurn) + kTurn) % kTurn;
+        const std::ptrdiff_t count = std::min(end - first, kTurn - place);
         visit(static_cast<std::size_t>(place), static_cast<std::size_t>(place + count));
         first += count;
     }
@@ -290,17 +279,16 @@ double WeightedCells::SumInRun(const Weight& weightOf, const Direction& place,
 template <class Weight>
 double WeightedCells::SumOfArc(const Weight& weightOf, const Inside& inside, const Direction& place,
                                std::size_t ring, const Arc& arc) const {
-    const std::ptrdiff_t turn = Turn();
     double sum = 0;
     const auto addBorder = [&](std::size_t first, std::size_t end) {
-        sum += SumInRun(weightOf, place, ring * trends_ + first, ring * trends_ + end);
+        sum += SumInRun(weightOf, place, ring * kRingLength + first, ring * kRingLength + end);
     };
-    SplitAtNorth(arc.first, arc.firstInside, turn, addBorder);
-    SplitAtNorth(arc.firstInside, arc.endInside, turn, [&](std::size_t first, std::size_t end) {
-        const std::size_t total = ring * (trends_ + 1);
+    SplitAtNorth(arc.first, arc.firstInside, addBorder);
+    SplitAtNorth(arc.firstInside, arc.endInside, [&](std::size_t first, std::size_t end) {
+        const std::size_t total = ring * (kRingLength + 1);
         sum += inside.Sum(*this, total + first, total + end);
     });
-    SplitAtNorth(arc.endInside, arc.end, turn, addBorder);
+    SplitAtNorth(arc.endInside, arc.end, addBorder);
     return sum;
 }
 
@@ -311,7 +299,7 @@ double WeightedCells::SumAtEnd(const Weight& weightOf, const DensityFormula& for
     const double widest =
         reach.angle * kDegreesPerRadian + 1; // the radius of a cell is less than 1
     const auto ringAt = [this](double plunge) {
-        const double ring = (plunge - FirstPlunge(sense_)) * perDegree_;
+        const double ring = plunge - FirstPlunge(sense_);
         return std::clamp(ring, -1.0, static_cast<double>(rings_.size()));
     };
     const auto first =
@@ -321,7 +309,7 @@ double WeightedCells::SumAtEnd(const Weight& weightOf, const DensityFormula& for
     Arc arc;
     for (std::size_t ring = first;
          static_cast<std::ptrdiff_t>(ring) <= last && ring < rings_.size(); ++ring) {
-        const bool hasRows = starts_[ring * trends_] < starts_[(ring + 1) * trends_];
+        const bool hasRows = starts_[ring * kRingLength] < starts_[(ring + 1) * kRingLength];
         if (hasRows && FindArc(end, reach, rings_[ring], arc)) {
             sum += SumOfArc(weightOf, inside, end.direction, ring, arc);
         }

@@ -2,11 +2,12 @@
 //
 // Rows of any precision in cells, for densities whose weights vanish, or nearly so, beyond a cone.
 //
-// The cells have a node of a lattice of plunge and trend in their middle. Those that lie wholly
-// within a cone are taken by running totals along their rings: the sums of the rows' weights, of
-// their vectors, and of the products of these give the sum of any polynomial of c up to the second
-// degree. Rows in other cells are looked at one by one. Where the totals would lose digits by
-// differences, in cones of less than 10 degrees that are not mere counts, all rows are.
+// There is a cell about each node of the lattice of whole degrees. Cells that lie wholly within a
+// cone are taken by running totals along their rings: the sums of the rows' weights, of their
+// vectors, and of the products of these give the sum of any polynomial of c up to the second
+// degree. Rows in other cells are looked at one by one. In narrow cones all rows are, except for
+// mere counts: the differences of totals would lose too many digits (linear weights below 2
+// degrees, square ones below 6).
 
 #pragma once
 
@@ -23,7 +24,7 @@ namespace quandrel {
 
 class WeightedCells {
 public:
-    /// Sorts rows. O(rows); 32 bytes for each, and up to 22 MB for the cells.
+    /// Sorts rows. O(rows); 32 bytes for each, and 3 MB (axes) or 6 MB for the cells.
     ///
     /// @param rowWeights  one for each row, 0 or more
     WeightedCells(std::span<const MeasuredLine> rows, std::span<const double> rowWeights,
@@ -55,9 +56,6 @@ private:
         double cosineOfRadius = 1;
     };
 
-    [[nodiscard]] std::ptrdiff_t Turn() const { return static_cast<std::ptrdiff_t>(trends_); }
-
-    [[nodiscard]] std::size_t CellOf(const LatticePlace& place) const;
     void AddTotals();
     void FindRings(std::span<const MeasuredLine> rows);
     [[nodiscard]] bool FindArc(const End& end, const Reach& reach, const Ring& ring,
@@ -74,12 +72,11 @@ private:
                                   const Reach& reach, const End& end) const;
 
     LineSense sense_;
-    int perDegree_;      ///< cells in a degree
-    std::size_t trends_; ///< cells of a ring
     std::vector<Ring> rings_;
     std::vector<std::size_t> starts_; ///< the place of the first row of each cell
     std::vector<Row> rows_;
-    // Running totals, before each cell in its ring and after the last: trends_ + 1 for each ring.
+    // Running totals, before each cell in its ring and after the last: kRingLength + 1 for each
+    // ring.
     std::vector<double> weightTotals_;
     std::vector<Direction> vectorTotals_;
     std::vector<std::array<double, 6>> productTotals_; ///< ll, mm, nn, lm, ln, mn

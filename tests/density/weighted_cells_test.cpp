@@ -74,15 +74,21 @@ TEST(WeightedCells, SumRowsThatCountMoreOrLess) {
     }
 }
 
-// With so many rows there are four cells in a square degree.
-TEST(WeightedCells, SumManyRowsInSmallerCells) {
-    const auto rows = RowsOf(Fabric::Girdle, LineSense::Axes, Precision::Decimals, 100'001, 35);
-    const std::vector<double> weights(rows.size(), 1);
-    const WeightedCells cells(rows, weights, LineSense::Axes);
-    for (const DensityMethod method : {DensityMethod::Kamb, DensityMethod::KambSquare}) {
-        const DensityFormula formula =
-            FormulaOf({method, LineSense::Axes, 70}, static_cast<double>(rows.size()));
-        ExpectDirectSums(formula, rows, weights, cells);
+// Down to the angles below which rows are looked at one by one, and below them. Most rows of the
+// cluster's rings are far from most cones.
+TEST(WeightedCells, KeepTheirDigitsInNarrowCones) {
+    for (const Fabric fabric : {Fabric::Cluster, Fabric::Girdle}) {
+        const auto rows = RowsOf(fabric, LineSense::Axes, Precision::Decimals, 20'000, 35);
+        const std::vector<double> weights(rows.size(), 1);
+        const WeightedCells cells(rows, weights, LineSense::Axes);
+        for (const double degrees : {0.5, 1.9, 2.1, 4.0, 5.9, 6.1, 12.0}) {
+            const double k = KambKOfHalfAngle(DegToRad(degrees), 20'000, LineSense::Axes);
+            for (const DensityMethod method :
+                 {DensityMethod::Kamb, DensityMethod::KambLinear, DensityMethod::KambSquare}) {
+                ExpectDirectSums(FormulaOf({method, LineSense::Axes, k}, 20'000), rows, weights,
+                                 cells);
+            }
+        }
     }
 }
 
