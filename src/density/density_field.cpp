@@ -75,7 +75,7 @@ double DensityField::At(const MeasuredLine& place) const {
 
 std::vector<double> DensityField::At(std::span<const MeasuredLine> places, unsigned threads) const {
     std::vector<double> densities(places.size());
-    ShareWork(places.size(), kPlacesAtOnce, threads, [&](std::size_t first, std::size_t end) {
+    ShareRuns(places.size(), kPlacesAtOnce, threads, [&](std::size_t first, std::size_t end) {
         for (std::size_t place = first; place < end; ++place) {
             densities[place] = At(places[place]);
         }
@@ -85,7 +85,7 @@ std::vector<double> DensityField::At(std::span<const MeasuredLine> places, unsig
 
 std::vector<double> DensityField::AtNodes(unsigned threads) const {
     std::vector<double> densities(NodesOf(formula_.sense));
-    ShareWork(densities.size(), kPlacesAtOnce, threads, [&](std::size_t first, std::size_t end) {
+    ShareRuns(densities.size(), kPlacesAtOnce, threads, [&](std::size_t first, std::size_t end) {
         for (std::size_t node = first; node < end; ++node) {
             densities[node] =
                 nodes_.empty() ? At(LineOfNode(node, formula_.sense)) : std::max(nodes_[node], 0.0);

@@ -22,7 +22,7 @@ std::size_t BlocksFor(std::size_t rows) {
 void ShareOut(std::span<const MeasuredLine> lines, std::span<const double> rowWeights,
               LineSense sense, unsigned threads, std::span<double> nodes) {
     std::vector<RowShares> blocks(BlocksFor(lines.size()), RowShares(sense));
-    ShareWork(blocks.size(), 1, threads, [&](std::size_t block, std::size_t) {
+    ShareRuns(blocks.size(), 1, threads, [&](std::size_t block, std::size_t) {
         const std::size_t end = lines.size() * (block + 1) / blocks.size();
         for (std::size_t row = lines.size() * block / blocks.size(); row < end; ++row) {
             blocks[block].Add(LatticePlaceOf(lines[row], sense),

@@ -94,7 +94,7 @@ public:
         : rows_(rows)
         , threads_(threads)
         , nearest_(rows.size()) {
-        ShareWork(rows.size(), 16, threads, [&](std::size_t first, std::size_t end) {
+        ShareRuns(rows.size(), 16, threads, [&](std::size_t first, std::size_t end) {
             for (std::size_t row = first; row < end; ++row) {
                 nearest_[row] = NearestExponent(rows, row);
             }
@@ -104,7 +104,7 @@ public:
     double operator()(double kappa) const {
         const double logOfScale = std::log(KernelScale(kappa, rows_.sense));
         std::vector<double> logarithms(rows_.size());
-        ShareWork(rows_.size(), 16, threads_, [&](std::size_t first, std::size_t end) {
+        ShareRuns(rows_.size(), 16, threads_, [&](std::size_t first, std::size_t end) {
             for (std::size_t row = first; row < end; ++row) {
                 logarithms[row] = logOfScale + LogOfOthers(rows_, row, nearest_[row], kappa);
             }
@@ -140,7 +140,7 @@ public:
         constexpr double kLeastPart = 1e-7;
         const double least = kLeastPart * *std::max_element(densities.begin(), densities.end());
         std::vector<double> logarithms(rows_.size());
-        ShareWork(rows_.size(), 16, threads_, [&](std::size_t first, std::size_t end) {
+        ShareRuns(rows_.size(), 16, threads_, [&](std::size_t first, std::size_t end) {
             for (std::size_t row = first; row < end; ++row) {
                 const double ofOthers =
                     densities[rows_.nodes[row]] - rows_.weights[row] * formula.scale;

@@ -126,7 +126,7 @@ std::vector<double> SpectraOfWeights(const RingWeights<Weight>& weights, int fir
                                      std::span<const RingPair> pairs, unsigned threads) {
     constexpr std::size_t kAtOnce = 2 * RingTransform::kLanes;
     std::vector<double> spectra(pairs.size() * kRingFrequencies);
-    ShareWork(pairs.size(), 8 * kAtOnce, threads, [&](std::size_t first, std::size_t end) {
+    ShareRuns(pairs.size(), 8 * kAtOnce, threads, [&](std::size_t first, std::size_t end) {
         RingTransform transform;
         const auto part = [&transform](std::size_t place, std::size_t lane) -> double& {
             return lane % 2 == 0 ? transform.Real(place, lane / 2)
@@ -196,7 +196,7 @@ std::vector<double> DensityOf(const Weight& weightOf, const LatticeSpectra& rows
     const std::vector<double> spectra =
         SpectraOfWeights(weights, FirstPlunge(rows.sense), pairs.different, threads);
     std::vector<double> densities(NodesOf(rows.sense));
-    ShareWork(rows.hasRows.size(), RingTransform::kLanes, threads,
+    ShareRuns(rows.hasRows.size(), RingTransform::kLanes, threads,
               [&](std::size_t first, std::size_t end) {
                   AddRings(pairs, spectra, rows, first,
                            std::span(densities).subspan(first * kRingLength,

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <thread>
 #include <vector>
@@ -34,6 +35,15 @@ void ShareWork(std::int64_t count, std::int64_t atOnce, unsigned threads, const 
         others.emplace_back(takePortions, thread);
     }
     takePortions(0);
+}
+
+/// The same for places of arrays: `work` is called with the first and the end of a portion.
+template <class Work>
+void ShareRuns(std::size_t count, std::size_t atOnce, unsigned threads, const Work& work) {
+    ShareWork(static_cast<std::int64_t>(count), static_cast<std::int64_t>(atOnce), threads,
+              [&work](unsigned, std::int64_t first, std::int64_t end) {
+                  work(static_cast<std::size_t>(first), static_cast<std::size_t>(end));
+              });
 }
 
 } // namespace quandrel
