@@ -63,6 +63,10 @@ Direction Normalised(const Direction& v) {
     return {v.l / length, v.m / length, v.n / length};
 }
 
+Direction DirectionAt(const Node& node) {
+    return DirectionOf(NetPlace{static_cast<double>(node.ring), static_cast<double>(node.trend)});
+}
+
 /// A direction moved by angles along two tangents.
 Direction Moved(const Direction& at, const std::array<Direction, 2>& tangents, double first,
                 double second) {
@@ -83,8 +87,7 @@ std::array<Direction, 2> TangentsAt(const Direction& at) {
 std::optional<FieldMaximum> Climb(const NetField& field, NetRim rim, const Node& node) {
     constexpr std::array<std::array<int, 2>, 8> kAround = {
         {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}}};
-    Direction at =
-        DirectionOf(NetPlace{static_cast<double>(node.ring), static_cast<double>(node.trend)});
+    Direction at = DirectionAt(node);
     double value = field.nodes[PlaceIn(node)];
     const double last = DegToRad(kLastStep);
     for (double step = DegToRad(kFirstStep); step > last;) {
@@ -111,46 +114,86 @@ std::optional<FieldMaximum> Climb(const NetField& field, NetRim rim, const Node&
     return FieldMaximum{*place, value};
 }
 
-/// True for a node that no neighbour exceeds, and at least one does not reach. Of equal neighbours
-/// the one with the higher number counts.
-bool IsPeak(const NetField& field, const Node& node, NetRim rim) {
-    const double value = field.nodes[PlaceIn(node)];
+/// Connected nodes of one value.
+struct Plateau {
+    std::vector<Node> nodes;
+    bool isBelowAny = false;
     bool isAboveAny = false;
-    for (int ring = -1; ring <= 1; ++ring) {
-        for (int trend = -1; trend <= 1; ++trend) {
-            const std::optional<Node> next = NodeAt(node.ring + ring, node.trend + trend, rim);
-            if (!next || (ring == 0 && trend == 0)) {
-                continue;
+};
+
+/// Finds the plateaus of a field. Most have one node, and the centre of the net is one.
+class Plateaus {
+public:
+    Plateaus(const NetField& field, NetRim rim)
+        : field_(field)
+        , rim_(rim)
+        , isSeen_(field.nodes.size()) {}
+
+    /// The plateau of a node; nothing if it was found before.
+    [[nodiscard]] std::optional<Plateau> From(const Node& node) {
+        if (isSeen_[PlaceIn(node)]) {
+            return std::nullopt;
+        }
+        isSeen_[PlaceIn(node)] = true;
+        Plateau plateau{{node}};
+        for (std::size_t i = 0; i < plateau.nodes.size(); ++i) {
+            Spread(plateau.nodes[i], plateau);
+        }
+        return plateau;
+    }
+
+private:
+    /// Compares a node with its neighbours, and adds those of its value.
+    void Spread(Node node, Plateau& plateau) {
+        const double value = field_.nodes[PlaceIn(node)];
+        for (int ring = -1; ring <= 1; ++ring) {
+            for (int trend = -1; trend <= 1; ++trend) {
+                const std::optional<Node> next = NodeAt(node.ring + ring, node.trend + trend, rim_);
+                if (!next) {
+                    continue;
+                }
+                const std::size_t place = PlaceIn(*next);
+                plateau.isBelowAny = plateau.isBelowAny || field_.nodes[place] > value;
+                plateau.isAboveAny = plateau.isAboveAny || field_.nodes[place] < value;
+                if (field_.nodes[place] == value && !isSeen_[place]) {
+                    isSeen_[place] = true;
+                    plateau.nodes.push_back(*next);
+                }
             }
-            const double other = field.nodes[PlaceIn(*next)];
-            if (other > value || (other == value && PlaceIn(*next) > PlaceIn(node))) {
-                return false;
-            }
-            isAboveAny = isAboveAny || other < value;
         }
     }
-    return isAboveAny;
-}
 
-/// The centre is one place: its neighbours are the nodes of the ring around it.
-bool IsPeakAtCentre(const NetField& field) {
-    const double value = field.nodes[PlaceIn({kFieldRings - 1, 0})];
-    const auto ring = field.nodes.subspan(PlaceIn({kFieldRings - 2, 0}), kFieldTrends);
-    return std::ranges::none_of(ring, [value](double other) { return other > value; })
-           && std::ranges::any_of(ring, [value](double other) { return other < value; });
+    const NetField& field_;
+    NetRim rim_;
+    std::vector<bool> isSeen_;
+};
+
+/// The node of a plateau that is nearest to the mean of all of them.
+Node MiddleOf(const std::vector<Node>& nodes) {
+    const Direction first = DirectionAt(nodes.front());
+    Direction sum;
+    const auto product = [](const Direction& a, const Direction& b) {
+        return a.l * b.l + a.m * b.m + a.n * b.n;
+    };
+    for (const Node& node : nodes) {
+        const Direction at = DirectionAt(node);
+        const double sign = product(first, at) < 0 ? -1 : 1;
+        sum = {sum.l + sign * at.l, sum.m + sign * at.m, sum.n + sign * at.n};
+    }
+    return *std::ranges::max_element(
+        nodes, {}, [&](const Node& node) { return std::abs(product(DirectionAt(node), sum)); });
 }
 
 std::vector<Node> Peaks(const NetField& field, NetRim rim) {
+    Plateaus plateaus(field, rim);
     std::vector<Node> peaks;
-    for (int ring = 0; ring < kFieldRings - 1; ++ring) {
+    for (int ring = 0; ring < kFieldRings; ++ring) {
         for (int trend = 0; trend < kFieldTrends; ++trend) {
-            if (IsPeak(field, {ring, trend}, rim)) {
-                peaks.push_back({ring, trend});
+            const std::optional<Plateau> found = plateaus.From({ring, trend});
+            if (found && found->isAboveAny && !found->isBelowAny) {
+                peaks.push_back(MiddleOf(found->nodes));
             }
         }
-    }
-    if (IsPeakAtCentre(field)) {
-        peaks.push_back({kFieldRings - 1, 0});
     }
     return peaks;
 }

@@ -24,8 +24,7 @@ struct FieldMaximum {
 
 /// The local maxima of a field, highest first; of equal ones the steeper plunge, then the lesser
 /// trend. Places are accurate to 1e-4 degree in fields that bend there. Of an even part of the
-/// field, as between two equal nodes, one place stands for all. A field that is even everywhere has
-/// none.
+/// field, the node nearest to its middle stands for all. A field that is even everywhere has none.
 [[nodiscard]] std::vector<FieldMaximum> FieldMaxima(const NetField& field, NetRim rim);
 
 } // namespace quandrel
