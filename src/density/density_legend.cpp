@@ -5,7 +5,9 @@
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/contours.h"
+#include "density/draw_density.h"
 #include "density/grid_density.h"
+#include "density/plot_density.h"
 #include "density/point_density.h"
 #include "orientation/number_text.h"
 #include "stereo/distinct_lines.h"
@@ -138,6 +140,9 @@ LegendLine OnePointLine(const Styles& styles, const DensitiesShown& shown, std::
 std::vector<LegendLine> BandLegendLines(const Plot& plot, const Styles& styles) {
     const PlotRecord& record = plot.record;
     const DensitiesShown shown = ShownBy(record);
+    if (const PlotDensity* density = DensityOf(plot); shown.Any() && density != nullptr) {
+        return FieldLegendLines(plot, styles, *density);
+    }
     const std::int32_t n = shown.Any() ? CountOfMainRows(plot) : 0;
     std::vector<LegendLine> lines;
     if (n < 1) {

@@ -7,6 +7,7 @@
 #include "core/data_format.h"
 #include "core/plot_rows.h"
 #include "density/contours.h"
+#include "density/draw_density.h"
 #include "density/grid_density.h"
 #include "derive/slip_arrows.h"
 #include "drawing/legend.h"
@@ -54,6 +55,10 @@ void DrawClassifiedGrid(const Plot& plot, const Drawing& drawing) {
 
 /// Densities of the grid, as symbols, as contours, or both.
 void DrawDensities(const Plot& plot, const Drawing& drawing) {
+    if (const PlotDensity* density = DensityOf(plot)) {
+        DrawFieldDensities(plot, drawing, *density);
+        return;
+    }
     if (plot.record.PlotSymbolMode != kContours) {
         DrawGridSymbols(plot, drawing);
     }
@@ -87,6 +92,9 @@ void DrawMainRows(const Plot& plot, const Drawing& drawing) {
     case kPointDensitySymbols:
         DrawRowSymbols(plot, drawing, MainRows(plot.record), RowStyle::DensityBand,
                        ArrowsOfPlot(plot));
+        if (const PlotDensity* density = DensityOf(plot)) {
+            DrawFieldDensities(plot, drawing, *density);
+        }
         break;
     case kGridDensitySymbols:
     case kContours:

@@ -309,6 +309,31 @@ void DrawPatch(const Drawing& drawing, SymbolCode code, double left, double righ
                     : TableColour(styles, styles.symbols[kRoseBackgroundStyle][kPlaceSymbol]));
 }
 
+void DrawOutline(const Drawing& drawing, double left, double right, double middle) {
+    Surface& box = drawing.legend;
+    const SavedState saved(box);
+    DrawState state = box.State();
+    state.drawStyle = kDashedLine;
+    state.drawWidth = 2;
+    box.SetState(state);
+    box.Line({left, middle}, {right, middle}, AxesColour(drawing));
+}
+
+/// A piece of a colour bar: the pieces of consecutive lines touch.
+void DrawBand(const Drawing& drawing, const LegendLine& line, double left, double right, double top,
+              double height) {
+    Surface& box = drawing.legend;
+    const SavedState saved(box);
+    DrawState state = box.State();
+    state.fillStyle = kSolidFill;
+    state.fillColour = line.band;
+    state.fillOpacity = line.opacity;
+    box.SetState(state);
+    const std::array<Point, 4> corners = {
+        {{left, top}, {right, top}, {right, top - height}, {left, top - height}}};
+    box.Polygon(corners, AxesColour(drawing));
+}
+
 void DrawSample(const Drawing& drawing, const LegendLine& line, const LegendLayout& layout,
                 double top) {
     Surface& box = drawing.legend;
@@ -334,6 +359,12 @@ void DrawSample(const Drawing& drawing, const LegendLine& line, const LegendLayo
         return;
     case LegendSample::Patch:
         DrawPatch(drawing, line.code, left, right, middle, 0.35 * layout.lineHeight);
+        return;
+    case LegendSample::Outline:
+        DrawOutline(drawing, left, right, middle);
+        return;
+    case LegendSample::Band:
+        DrawBand(drawing, line, left, right, top, layout.lineHeight);
         return;
     }
 }

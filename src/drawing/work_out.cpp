@@ -9,6 +9,7 @@
 #include "core/settings_value.h"
 #include "density/contours.h"
 #include "density/grid_density.h"
+#include "density/plot_density.h"
 #include "density/point_density.h"
 #include "edit/marks/small_circles.h"
 #include "rose/rose_plot.h"
@@ -99,6 +100,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
         record.DensityInvalid = kTrue;
     }
     WorkOutGrid(plot, how);
+    WorkOutDensity(plot, how.watcher);
     WorkOutIntersections(plot, how);
     NoteSmallCircles(record);
     record.RowsChanged = 0;

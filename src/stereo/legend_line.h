@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/style_tables.h"
+#include "platform/surface.h"
 
 #include <string>
 
@@ -19,12 +20,16 @@ enum class LegendSample {
     Line,  ///< code: colour, draw style in the symbol's place, draw width in the size's
     Patch, ///< code: colour, fill style as the symbol, width in per cent as the size; 0 is the full
            ///< width
+    Outline, ///< a broad dashed line in the colour of axes
+    Band,    ///< a piece of a colour bar, as high as the line
 };
 
 struct LegendLine {
     LegendSample sample = LegendSample::None;
     SymbolCode code = 0; ///< style of the sample
     std::string text;
+    Colour band{};      ///< of a Band
+    double opacity = 1; ///< of a Band, 0 to 1
 };
 
 } // namespace quandrel

@@ -125,12 +125,16 @@ void DrawPlotBase(const PlotRecord& record, const Drawing& drawing) {
     if (record.PlotKind >= kRose) {
         return;
     }
-    const Colour ink = AxesColour(drawing);
-    surface.Circle({0, 0}, kNetRadius, ink);
-    DrawAxes(surface, record.PlotKind, drawing.styles.plotAxesStyle, ink);
+    DrawNet(record.PlotKind, drawing);
     if (drawing.styles.showNorth) {
-        DrawNorth(surface, ink);
+        DrawNorth(surface, AxesColour(drawing));
     }
+}
+
+void DrawNet(int plotKind, const Drawing& drawing) {
+    const Colour ink = AxesColour(drawing);
+    drawing.plot.Circle({0, 0}, kNetRadius, ink);
+    DrawAxes(drawing.plot, plotKind, drawing.styles.plotAxesStyle, ink);
 }
 
 void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {

@@ -19,6 +19,9 @@ void SetPlotDrawMode(const Drawing& drawing);
 /// cleared first.
 void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
 
+/// Draws the primitive circle and the axes of a net, again where areas were filled.
+void DrawNet(int plotKind, const Drawing& drawing);
+
 /// Draws the mean arrow at the rim, in the style of the mean, when the mean is shown and the plot
 /// has no overlays.
 void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing);

@@ -7,6 +7,7 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "stereo/great_circles.h"
+#include "stereo/row_bands.h"
 #include "stereo/row_sense.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
@@ -72,7 +73,9 @@ SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index,
     if (style == RowStyle::Own || CodeSymbol(own) == kNoSymbol) {
         return own;
     }
-    const int band = plot.rows.pointDensity(index);
+    const auto* const bands = plot.attachments.Find<RowBands>();
+    const int band = bands != nullptr ? bands->ofRow.at(static_cast<std::size_t>(index))
+                                      : plot.rows.pointDensity(index);
     const int row = std::min(kFirstBandSymbol + std::max(band, 1) - 1, kLastBandSymbol);
     return CodeOfStyleRow(styles, row);
 }

@@ -5,8 +5,10 @@
 #include "classify/classification.h"
 #include "core/class_stats.h"
 #include "core/plot_store.h"
+#include "density/density_levels.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
+#include "density/plot_density.h"
 #include "orientation/angles.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
@@ -53,7 +55,14 @@ std::optional<double> GridValueAt(const PlotRecord& record, double x, double y) 
 }
 
 std::string DensityText(const PlotRecord& record, const NetLine& line, double x, double y) {
-    const ConeDensity density = DensityAt(ActivePlot(), line.plunge, line.trend);
+    Plot& plot = ActivePlot();
+    if (const PlotDensity* field = DensityOf(plot)) {
+        return "  ["
+               + TextInUnit(std::round(100 * field->ValueAt({line.plunge, line.trend})) / 100,
+                            field->Unit())
+               + "]";
+    }
+    const ConeDensity density = DensityAt(plot, line.plunge, line.trend);
     const std::string share = "  [" + FormatNumber(density.perCent, "0.00") + "% : ";
     if (const std::optional<double> value = GridValueAt(record, x, y)) {
         return share + FormatNumber(*value, "0.00") + "]";

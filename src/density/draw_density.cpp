@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+
+#include "density/draw_density.h"
+
+#include "core/plot_store.h"
+#include "density/contours.h"
+#include "density/density_levels.h"
+#include "density/grid_geometry.h"
+#include "density/palettes.h"
+#include "orientation/number_text.h"
+#include "orientation/projection.h"
+#include "stereo/net.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace quandrel {
+
+namespace {
+
+constexpr double kMarkRadius = 18; ///< of the cross at a maximum, plot units
+constexpr double kEnvelopeWidth = 2;
+
+Point PointOf(int plotKind, const NetPlace& place) {
+    Point at;
+    ProjectPoint(plotKind, DegToRad(place.plunge), DegToRad(place.trend), at.x, at.y);
+    return at;
+}
+
+std::vector<Point> PointsOf(int plotKind, const std::vector<NetPlace>& places) {
+    std::vector<Point> points;
+    points.reserve(places.size() + 1);
+    for (const NetPlace& place : places) {
+        points.push_back(PointOf(plotKind, place));
+    }
+    return points;
+}
+
+/// A closed line repeats its first point.
+std::vector<Point> LineOnNet(int plotKind, const FieldLine& line) {
+    std::vector<Point> points = PointsOf(plotKind, line.vertices);
+    if (line.isClosed) {
+        points.push_back(points.front());
+    }
+    return points;
+}
+
+/// Adds the outlines of the region of a level; nothing above the last one.
+void AddRegion(int plotKind, const PlotDensity& density, std::size_t level,
+               std::vector<std::vector<Point>>& rings) {
+    if (level < density.Contours().size()) {
+        for (const std::vector<NetPlace>& ring : density.Contours()[level].region) {
+            rings.push_back(PointsOf(plotKind, ring));
+        }
+    }
+}
+
+/// The symbol of rows and nodes that reach a number of levels.
+SymbolCode CodeOfLevels(const Styles& styles, int reached) {
+    return CodeOfStyleRow(styles, std::min(kFirstBandSymbol + reached, kLastBandSymbol));
+}
+
+bool ShowsContours(const PlotRecord& record) {
+    return record.PlotSymbolMode == kContours || record.PlotSymbolMode == kContoursAndGrid;
+}
+
+bool ShowsGridSymbols(const PlotRecord& record) {
+    return record.PlotSymbolMode == kGridDensitySymbols
+           || record.PlotSymbolMode == kContoursAndGrid;
+}
+
+LegendLine TextLineOf(const std::string& text) {
+    return {LegendSample::None, 0, text};
+}
+
+/// The bounds of the band above a level.
+std::string TextOfBand(const PlotDensity& density, std::size_t level) {
+    const std::span<const double> levels = density.Levels();
+    const auto text = [](double value) { return FormatNumber(value, "0.####"); };
+    return level + 1 < levels.size() ? " " + text(levels[level]) + " - " + text(levels[level + 1])
+                                     : " > " + text(levels[level]);
+}
+
+LegendLine LineOfLevel(const PlotRecord& record, const Styles& styles, const PlotDensity& density,
+                       std::size_t level) {
+    const auto number = static_cast<int>(level);
+    if (!ShowsContours(record)) {
+        return {LegendSample::Symbol, CodeOfLevels(styles, number + 1),
+                " > " + TextInUnit(density.Levels()[level], density.Unit())};
+    }
+    if (record.ContourPicture != kContourLines) {
+        LegendLine line{LegendSample::Band, 0, TextOfBand(density, level)};
+        line.band = ColourOfBand(styles, record, number, static_cast<int>(density.Levels().size()));
+        line.opacity = record.BandOpacity;
+        return line;
+    }
+    const AxisStyle style = ContourStyleOf(styles, number);
+    return {LegendSample::Line,
+            MakeSymbolCode(style[kStyleColour], style[kStyleLine], style[kStyleWidth]),
+            " > " + TextInUnit(density.Levels()[level], density.Unit())};
+}
+
+} // namespace
+
+Colour ColourOfBand(const Styles& styles, const RecordDensityView& view, int level, int levels) {
+    if (view.BandPalette == 0) {
+        return TableColour(styles, ContourStyleOf(styles, level)[kStyleColour]);
+    }
+    const int steps = std::clamp(levels, kLeastPaletteSteps, kMostPaletteSteps);
+    const int step = levels <= steps ? level : level * (steps - 1) / (levels - 1);
+    return PaletteColour(static_cast<Palette>(view.BandPalette - 1), step, steps,
+                         view.PaletteReversed != 0 ? PaletteOrder::Reversed
+                                                   : PaletteOrder::Forward);
+}
+
+void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density) {
+    Surface& surface = drawing.plot;
+    const SavedState saved(surface);
+    const CircleClip clip(surface, {0, 0}, kNetRadius);
+    DrawState state = surface.State();
+    state.drawStyle = kNoLine;
+    state.fillStyle = kSolidFill;
+    state.fillOpacity = record.BandOpacity;
+    const auto levels = density.Levels().size();
+    for (std::size_t level = 0; level < levels; ++level) {
+        std::vector<std::vector<Point>> rings;
+        AddRegion(record.PlotKind, density, level, rings);
+        // Opaque bands lie on top of each other, so that no seam shows between them.
+        if (record.BandOpacity < 1) {
+            AddRegion(record.PlotKind, density, level + 1, rings);
+        }
+        state.fillColour =
+            ColourOfBand(drawing.styles, record, static_cast<int>(level), static_cast<int>(levels));
+        surface.SetState(state);
+        surface.Path(rings, state.fillColour);
+    }
+}
+
+void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
+                       const PlotDensity& density) {
+    Surface& surface = drawing.plot;
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    int level = 0;
+    for (const PlotDensity::Contour& contour : density.Contours()) {
+        const AxisStyle style = ContourStyleOf(drawing.styles, level++);
+        state.drawStyle = style[kStyleLine];
+        state.drawWidth = style[kStyleWidth];
+        surface.SetState(state);
+        const Colour colour = record.ContourPicture == kLinesOverBands
+                                  ? AxesColour(drawing)
+                                  : TableColour(drawing.styles, style[kStyleColour]);
+        for (const FieldLine& line : contour.lines) {
+            surface.Polyline(LineOnNet(record.PlotKind, line), colour);
+        }
+    }
+}
+
+void DrawEnvelope(const PlotRecord& record, const Drawing& drawing,
+                  const DensityEnvelope& envelope) {
+    Surface& surface = drawing.plot;
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.drawStyle = kDashedLine;
+    state.drawWidth = kEnvelopeWidth;
+    surface.SetState(state);
+    for (const FieldLine& line : envelope.lines) {
+        surface.Polyline(LineOnNet(record.PlotKind, line), AxesColour(drawing));
+    }
+}
+
+void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing,
+                      const PlotDensity& density) {
+    if (record.GridSize < kSmallestGridSize || record.GridSize > kLargestGridSize) {
+        return;
+    }
+    const int step = GridStep(record.GridSize);
+    std::map<int, std::vector<Point>> places; // by the levels that they reach
+    for (int i = 0; i < GridNodes(record.GridSize); ++i) {
+        for (int j = 0; j < GridNodes(record.GridSize); ++j) {
+            const int x = NodePosition(i, step);
+            const int y = NodePosition(j, step);
+            if (static_cast<double>(x * x + y * y) > kNetRadius * kNetRadius) {
+                continue;
+            }
+            MeasuredLine line;
+            UnprojectPoint(record.PlotKind, x, y, line.plunge, line.trend);
+            if (const int reached = density.LevelsReachedAt(line); reached > 0) {
+                places[reached].push_back({static_cast<double>(x), static_cast<double>(y)});
+            }
+        }
+    }
+    for (const auto& [reached, at] : places) {
+        DrawSymbols(drawing.plot, drawing.styles, at, CodeOfLevels(drawing.styles, reached));
+    }
+}
+
+void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density) {
+    Surface& surface = drawing.plot;
+    const SavedState saved(surface);
+    const Colour colour = AxesColour(drawing);
+    DrawState state = surface.State();
+    state.font = drawing.styles.fonts[kLegendFont].font;
+    state.foreColour = colour;
+    surface.SetState(state);
+    int rank = 0;
+    for (const FieldMaximum& maximum : density.Maxima()) {
+        const Point at = PointOf(record.PlotKind, maximum.place);
+        surface.Line({at.x - kMarkRadius, at.y}, {at.x + kMarkRadius, at.y}, colour);
+        surface.Line({at.x, at.y - kMarkRadius}, {at.x, at.y + kMarkRadius}, colour);
+        surface.Text({at.x + kMarkRadius, at.y + kMarkRadius + surface.TextHeight()},
+                     std::to_string(++rank));
+    }
+}
+
+void DrawFieldDensities(const Plot& plot, const Drawing& drawing, const PlotDensity& density) {
+    const PlotRecord& record = plot.record;
+    if (ShowsContours(record) && record.ContourPicture != kContourLines) {
+        FillBands(record, drawing, density);
+        DrawNet(record.PlotKind, drawing);
+    }
+    if (ShowsGridSymbols(record)) {
+        DrawFieldSymbols(record, drawing, density);
+    }
+    if (ShowsContours(record) && record.ContourPicture != kFilledBands) {
+        DrawFieldContours(record, drawing, density);
+    }
+    if (const DensityEnvelope* envelope = EnvelopeOf(plot)) {
+        DrawEnvelope(record, drawing, *envelope);
+    }
+    if (record.ShowMaxima != 0) {
+        DrawMaxima(record, drawing, density);
+    }
+}
+
+std::vector<LegendLine> FieldLegendLines(const Plot& plot, const Styles& styles,
+                                         const PlotDensity& density) {
+    const PlotRecord& record = plot.record;
+    std::vector<LegendLine> lines;
+    lines.push_back(TextLineOf(NameOfMethod(density.Formula(), record.DensityK)));
+    lines.push_back(TextLineOf(NameOfUnit(density.Unit())));
+    for (std::size_t level = 0; level < density.Levels().size(); ++level) {
+        lines.push_back(LineOfLevel(record, styles, density, level));
+    }
+    if (const DensityEnvelope* envelope = EnvelopeOf(plot)) {
+        lines.push_back({LegendSample::Outline, 0,
+                         " 5% envelope: " + FormatNumber(envelope->level, "0.00") + " ± "
+                             + FormatNumber(envelope->error, "0.00")});
+    }
+    lines.push_back({LegendSample::Indent, 0,
+                     "(Max. =" + FormatNumber(density.Greatest().value, "0.00") + ")"});
+    return lines;
+}
+
+} // namespace quandrel

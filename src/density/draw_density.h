@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+//
+// Drawing the density of a plot with a choice of its own (plot_density.h), and its legend.
+
+#pragma once
+
+#include "core/plot.h"
+#include "density/plot_density.h"
+#include "stereo/drawing.h"
+#include "stereo/legend_line.h"
+
+#include <vector>
+
+namespace quandrel {
+
+/// The colour of the band above a level.
+///
+/// @param level   from 0
+/// @param levels  how many the plot has
+[[nodiscard]] Colour ColourOfBand(const Styles& styles, const RecordDensityView& view, int level,
+                                  int levels);
+
+/// Fills the bands between the levels within the primitive.
+void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
+
+/// Draws the contours, each in the style of its level; in the colour of axes over filled bands.
+void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
+                       const PlotDensity& density);
+
+/// Draws the outline of significant density as a broad dashed line.
+void DrawEnvelope(const PlotRecord& record, const Drawing& drawing,
+                  const DensityEnvelope& envelope);
+
+/// Draws the symbol of its band at each node of the grid on the net that reaches the first level.
+void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
+
+/// Marks the local maxima with a cross and their number.
+void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
+
+/// The density in the plot's mode: symbols of the grid, bands, contours, maxima.
+void DrawFieldDensities(const Plot& plot, const Drawing& drawing, const PlotDensity& density);
+
+/// The lines of the density in the legend, top to bottom: method, unit, one for each level, the
+/// envelope, the greatest density.
+[[nodiscard]] std::vector<LegendLine> FieldLegendLines(const Plot& plot, const Styles& styles,
+                                                       const PlotDensity& density);
+
+} // namespace quandrel
