@@ -251,6 +251,10 @@ const char* NameOf(EditKind kind) {
         return " Removal";
     case kGirdleEdit:
         return " Girdle";
+    case kDensityEdit:
+        return " Densities";
+    case kRegionEdit:
+        return " Regions";
     case kMoveEdit:
     case kAnnotationMove:
         return " Move";

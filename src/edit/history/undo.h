@@ -40,6 +40,8 @@ enum EditKind : std::int16_t {
     kGridEdit = 11, ///< cells of the data grid
     kOverlayRemoval = 12,
     kGirdleEdit = 13, ///< dragged with the mouse
+    kDensityEdit = 14,
+    kRegionEdit = 15,
     kAnnotationCut = 101,
     kAnnotationPaste = 104,
     kAnnotationDelete = 105,
