@@ -112,6 +112,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"format", {&BatchSession::Format, its}},
         {"formulas", {&BatchSession::ChooseFormulas, one}},
         {"get", {&BatchSession::Get, one}},
+        {"maxima", {&BatchSession::Maxima, none}},
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},

@@ -96,6 +96,7 @@ private:
     std::string Overlay(const Command& command);
     std::string Save(const Command& command);
     std::string Set(const Command& command);
+    std::string Maxima(const Command& command);
     std::string Stats(const Command& command);
     std::string Workspace(const Command& command);
 

@@ -51,6 +51,21 @@ const std::map<std::string, FieldRange>& FieldRanges() {
         {"RoseSamplePlunge", {0, 90}},
         {"RoseSampleTrend", {0, 360}},
         {"RoseMinBiasAngle", {1, 90}},
+        {"DensityMethod", {kDensityByCone, kDensityByKernel}},
+        {"DensityK", {1, 1000}},
+        {"KernelWidth", {0, 60}},
+        {"DensityUnit", {kPerCentInConeUnit, kMultiplesUnit}},
+        {"LevelRule", {kDoublingLevels, kLevelsByHand}},
+        {"LevelStep", {0, kAnyNumber}},
+        {"ContourPicture", {kContourLines, kLinesOverBands}},
+        {"BandPalette", {0, 4}},
+        {"BandOpacity", {0, 1}},
+        {"RegionsAbout", {0, 7}},
+        {"RegionsOf", {0, 7}},
+        {"RegionLevel", {50, 99}},
+        {"RegionMethod", {kRegionAutomatic, kRegionByBootstrap}},
+        {"RegionResamples", {2000, 10000}},
+        {"RegionSeed", {0, std::numeric_limits<std::int32_t>::max()}},
     };
     return ranges;
 }
@@ -58,9 +73,11 @@ const std::map<std::string, FieldRange>& FieldRanges() {
 /// Fields with two states, which files store as 0 and -1.
 bool IsTruth(const std::string& name) {
     static const std::set<std::string> names = {
-        "ShowAnnotations", "HasFrequencyColumn",   "ShowSecondary", "StatsBoxKind", "LayerVisible",
-        "RoseEqualArea",   "RoseDisplay6",         "RoseDisplay7",  "RoseDisplay8", "RoseHistStyle",
-        "RoseSegShape",    "ClassifyCheckPending", "UseDecimals"};
+        "ShowAnnotations", "HasFrequencyColumn", "ShowSecondary", "StatsBoxKind",
+        "LayerVisible",    "RoseEqualArea",      "RoseDisplay6",  "RoseDisplay7",
+        "RoseDisplay8",    "RoseHistStyle",      "RoseSegShape",  "ClassifyCheckPending",
+        "UseDecimals",     "PaletteReversed",    "ShowEnvelope",  "ShowMaxima",
+        "RegionDespite",   "RegionCloud"};
     return names.contains(name);
 }
 

@@ -4,6 +4,7 @@
 
 #include "batch/annotate_commands.h"
 #include "batch/classify_command.h"
+#include "batch/density_command.h"
 #include "batch/derive_commands.h"
 #include "batch/edit_commands.h"
 #include "batch/girdle_commands.h"
@@ -153,6 +154,8 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},
         {"print", {its, PrintToFile}},
+        {"density",
+         {its, [](const Command& c, std::ostream&) { return ApplyDensityArguments(c.arguments); }}},
         {"recalculate", {none, Recalculate}},
         {"redo", {none, [](const Command&, std::ostream&) { return MakeEditAgain(); }}},
         {"replot", {none, Replot}},

@@ -3,6 +3,7 @@
 // Session commands that show the active plot and its fields.
 
 #include "batch/batch_session.h"
+#include "batch/density_command.h"
 #include "batch/dump.h"
 #include "batch/field_access.h"
 #include "batch/field_rules.h"
@@ -157,6 +158,18 @@ std::string BatchSession::Set(const Command& command) {
         RebuildRowTable(gActivePlot);
     }
     return error;
+}
+
+std::string BatchSession::Maxima(const Command&) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+        return error;
+    }
+    const std::string table = MaximaText();
+    if (table.empty()) {
+        return "the plot shows no density of a method other than the counting cone in per cent";
+    }
+    *answers_ << table;
+    return {};
 }
 
 std::string BatchSession::Stats(const Command& command) {
