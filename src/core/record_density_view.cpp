@@ -2,7 +2,6 @@
 
 #include "core/record_density_view.h"
 
-#include <array>
 #include <cmath>
 
 namespace quandrel {
@@ -11,10 +10,11 @@ namespace {
 
 constexpr double kSmallestK = 1;
 constexpr double kLargestK = 1000;
-constexpr double kNarrowestKernel = 2;
 constexpr double kWidestKernel = 60;
 constexpr std::int16_t kPalettes = 5;
 constexpr std::size_t kLongestLevels = 400;
+constexpr std::int16_t kLeastLevel = 50;
+constexpr std::int16_t kGreatestLevel = 99;
 constexpr std::int16_t kFewestResamples = 2000;
 constexpr std::int16_t kMostResamples = 10000;
 
@@ -34,7 +34,7 @@ constexpr std::int16_t kAllBits = 7; ///< of RegionsAbout and RegionsOf
 bool IsValid(const RecordDensityView& view) {
     return IsWithin<std::int16_t>(view.DensityMethod, kDensityByCone, kDensityByKernel)
            && IsWithin(view.DensityK, kSmallestK, kLargestK)
-           && (view.KernelWidth == 0 || IsWithin(view.KernelWidth, kNarrowestKernel, kWidestKernel))
+           && IsWithin(view.KernelWidth, 0.0, kWidestKernel)
            && IsWithin<std::int16_t>(view.DensityUnit, kPerCentInConeUnit, kMultiplesUnit)
            && IsWithin<std::int16_t>(view.LevelRule, kDoublingLevels, kLevelsByHand)
            && view.LevelStep >= 0 && std::isfinite(view.LevelStep)
@@ -46,12 +46,8 @@ bool IsValid(const RecordDensityView& view) {
 }
 
 bool IsValid(const RecordRegions& regions) {
-    constexpr std::array<std::int16_t, 4> kLevels = {63, 90, 95, 99};
-    bool isLevel = false;
-    for (const std::int16_t level : kLevels) {
-        isLevel = isLevel || level == regions.RegionLevel;
-    }
-    return isLevel && IsWithin<std::int16_t>(regions.RegionsAbout, 0, kAllBits)
+    return IsWithin(regions.RegionLevel, kLeastLevel, kGreatestLevel)
+           && IsWithin<std::int16_t>(regions.RegionsAbout, 0, kAllBits)
            && IsWithin<std::int16_t>(regions.RegionsOf, 0, kAllBits)
            && IsWithin<std::int16_t>(regions.RegionMethod, kRegionAutomatic, kRegionByBootstrap)
            && IsTruth(regions.RegionDespite) && IsTruth(regions.RegionCloud)

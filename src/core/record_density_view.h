@@ -54,8 +54,8 @@ inline constexpr int kMostLevels = 24;
 struct RecordDensityView {
     std::int16_t DensityMethod = kDensityByCone; ///< DensityMethodCode
     double DensityK = 3;                         ///< of Kamb's methods, 1 to 1000
-    double KernelWidth = 0; ///< half-width of the kernel, 2 to 60 degrees; 0 for
-                            ///< the one that the data make most likely
+    double KernelWidth = 0;                      ///< half-width of the kernel, degrees to 60 (less
+                                                 ///< than 2 counts as 2); 0 for the most likely one
     std::int16_t DensityUnit = kPerCentInConeUnit; ///< DensityUnitCode; one that the method has
     std::int16_t LevelRule = kDoublingLevels;      ///< LevelRuleCode
     double LevelStep = 0;                        ///< of even levels, in the unit; 0 for a round one
@@ -106,7 +106,7 @@ enum RegionMethodCode : std::int16_t {
 struct RecordRegions {
     std::int16_t RegionsAbout = 0;                ///< sum of RegionsAboutCode; 0 shows none
     std::int16_t RegionsOf = kRegionsOfPlot;      ///< sum of RegionsOfCode
-    std::int16_t RegionLevel = 95;                ///< per cent: 63, 90, 95 or 99
+    std::int16_t RegionLevel = 95;                ///< per cent, 50 to 99
     std::int16_t RegionMethod = kRegionAutomatic; ///< RegionMethodCode
     std::int16_t RegionDespite = 0;      ///< truth value: also where the data do not tell it apart
     std::int16_t RegionCloud = 0;        ///< truth value: the axes of the bootstrap's resamples
