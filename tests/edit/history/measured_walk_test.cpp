@@ -4,21 +4,15 @@
 // with a plain model of the measured orientations kept beside the plot.
 
 #include "classify/classification.h"
-#include "core/replot.h"
 #include "derive/secondary_data.h"
 #include "edit/commands/edit_menu.h"
-#include "edit/edit_plot.h"
+#include "edit/measured_model.h"
 #include "edit/rows/edit_rows.h"
 #include "edit/rows/move_rows.h"
-#include "input/data_rows.h"
 #include "rotation/rotate_data.h"
 #include "rotation/rotation_kernels.h"
-#include "support/measured.h"
 #include "support/trial.h"
 #include "support/turning.h"
-
-#include <array>
-#include <random>
 
 namespace quandrel {
 
@@ -26,117 +20,13 @@ namespace {
 
 using namespace testing;
 
-/// The measured orientations of a row, by RowAngles.
-using ModelRow = std::array<Attitude, 3>;
-using Model = std::vector<ModelRow>;
-
 constexpr double kRounding = 2e-6; // degrees, of two angles that are rounded to 1e-6
 
-Attitude& At(ModelRow& row, RowAngles which) {
-    return row[static_cast<std::size_t>(which)];
-}
-
-class MeasuredWalk : public EditTest {
+class MeasuredWalk : public MeasuredModel {
 protected:
     void SetUp() override {
-        EditTest::SetUp();
+        MeasuredModel::SetUp();
         ForgetRotation();
-    }
-
-    double Part() { return std::uniform_real_distribution<double>(0, 1)(random_); }
-
-    int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
-
-    /// With 0 to 6 decimals.
-    double Angle(double most) {
-        const double unit = std::pow(10, Below(7));
-        return ToMicrodegree(std::floor(Part() * most * unit) / unit);
-    }
-
-    Attitude RandomAttitude() {
-        const double dip = Angle(90);
-        return {dip, Angle(360)};
-    }
-
-    [[nodiscard]] Plot& Here() const { return PlotOf(slot_); }
-
-    [[nodiscard]] PlotRecord& Record() const { return RecordOf(slot_); }
-
-    ModelRow& RowAt(std::int32_t row) { return model_[static_cast<std::size_t>(row) - 1]; }
-
-    void MakePlot() {
-        slot_ = NewPlot();
-        Record().PrimaryFormat = kPrimaryPlane;
-        Record().SecondaryFormat = kSecondaryLine;
-        Record().DataKind = kPlanes;
-        Record().HasAppendedLine = kTrue;
-        Record().HasAppendedNumeric = kTrue;
-        for (int row = 0; row < 12; ++row) {
-            AddParsedRow();
-        }
-        ReplotActivePlot(true);
-    }
-
-    /// Appends a main row as a load does.
-    void AddParsedRow() {
-        const ModelRow row{RandomAttitude(), RandomAttitude(), RandomAttitude()};
-        ParsedRow parsed;
-        parsed.status = LineStatus::Row;
-        parsed.isPlane = true;
-        parsed.dip = row[0].dip;
-        parsed.az = row[0].azimuth;
-        parsed.secondaryPresent = true;
-        parsed.dip2 = row[1].dip;
-        parsed.az2 = row[1].azimuth;
-        parsed.lineStatus = AppendedLineStatus::Good;
-        parsed.linePlunge = row[2].dip;
-        parsed.lineTrend = row[2].azimuth;
-        parsed.numberStatus = NumberStatus::Good;
-        parsed.number = Part() * 10;
-        RowFaults faults;
-        ASSERT_TRUE(StoreDataRow(Here(), parsed, {0, kSecondaryLine, false, false}, faults));
-        model_.push_back(row);
-    }
-
-    void ExpectModel(const std::string& after) {
-        ASSERT_EQ(static_cast<std::size_t>(Record().NumLoadedData), model_.size()) << after;
-        for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
-            for (const RowAngles which : kRowAngles) {
-                if (which == RowAngles::Secondary && row > Record().NumData) {
-                    continue; // rows of overlays have none
-                }
-                const Attitude now = MeasuredAttitude(Here().rows, which, row);
-                const Attitude wanted = At(RowAt(row), which);
-                ASSERT_LT(std::hypot(now.dip - wanted.dip, now.azimuth - wanted.azimuth), 1e-7)
-                    << after << ", row " << row << " set " << static_cast<int>(which) << ": "
-                    << now.dip << "/" << now.azimuth << " is not " << wanted.dip << "/"
-                    << wanted.azimuth;
-                ExpectWholeBeside(row, which, now);
-            }
-        }
-    }
-
-    /// The whole degrees of a row are those of its measured angles.
-    void ExpectWholeBeside(std::int32_t row, RowAngles which, const Attitude& measured) const {
-        const Attitude whole = WholeAttitude(Here().rows, which, row);
-        ASSERT_NEAR(whole.dip, measured.dip, 0.500001) << row;
-        const double turn = std::fmod(std::abs(whole.azimuth - measured.azimuth), 360);
-        const double apart = std::min(turn, 360 - turn);
-        // The ends of a level line: a line of 0.3 that points up is level the other way.
-        const bool isReversed = whole.dip == 0 && std::abs(180 - apart) <= 0.500001;
-        const bool hasAzimuth = std::abs(measured.dip) < 90 && measured.dip != 0;
-        ASSERT_TRUE(!hasAzimuth || isReversed || apart <= 0.500001)
-            << row << ": " << whole.azimuth << " " << measured.azimuth;
-    }
-
-    void SelectSome() {
-        std::vector<std::int32_t> chosen;
-        for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
-            if (Below(4) == 0) {
-                chosen.push_back(row);
-            }
-        }
-        SelectRows(slot_, chosen);
     }
 
     /// The row of the secondary overlay's main row, or 0: moves of the one are moves of the other.
@@ -403,22 +293,13 @@ protected:
             break;
         default:
             while (Record().OverlayRows[kOverlayCount] == 0 && Record().NumData < 12) {
-                AddParsedRow();
+                AddParsedRow({RandomAttitude(), RandomAttitude(), RandomAttitude()});
             }
             Record().RowsChanged = kTrue;
             ReplotActivePlot(true);
         }
     }
 
-    void SwitchDecimals() {
-        Record().UseDecimals = Record().UseDecimals != 0 ? std::int16_t{0} : kTrue;
-        RebuildRowTable(slot_);
-        ReplotActivePlot(true);
-    }
-
-    std::mt19937 random_{20261122};
-    int slot_ = 0;
-    Model model_;
     int rotationsUndone_ = 0;
 };
 
@@ -434,6 +315,7 @@ TEST_F(MeasuredWalk, CarriesTheDecimalsThroughEveryEditTrial) {
         }
     }
     EXPECT_GT(rotationsUndone_, 3);
+    EXPECT_LT(apart_, rounded_ / 20) << "few azimuths are apart from the measured ones by rule";
 }
 
 } // namespace
