@@ -22,6 +22,10 @@ inline Attitude& At(ModelRow& row, RowAngles which) {
     return row[static_cast<std::size_t>(which)];
 }
 
+inline const Attitude& At(const ModelRow& row, RowAngles which) {
+    return row[static_cast<std::size_t>(which)];
+}
+
 class MeasuredModel : public EditTest {
 protected:
     double Part() { return std::uniform_real_distribution<double>(0, 1)(random_); }
