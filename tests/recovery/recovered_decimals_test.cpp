@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/plot_life.h"
+#include "input/file_loading.h"
 #include "recovery/recovery_copy.h"
 #include "stereo/row_positions.h"
+#include "support/decimal_lines.h"
 #include "support/decimal_rows.h"
 #include "support/test_platform.h"
 
@@ -61,6 +64,29 @@ TEST_F(RecoveredDecimals, TheirLossIsReported) {
     EXPECT_EQ(RecordOf(plot.slot).NumLoadedData, RecordOf(slot).NumLoadedData);
     EXPECT_EQ(CountRowsWithDecimals(PlotOf(plot.slot).rows, 1, 2200), 0);
     EXPECT_EQ(RecordOf(plot.slot).PlotTitle, "scanline 4");
+}
+
+TEST_F(RecoveredDecimals, OfEveryNotationComeBackTrial) {
+    AcceptFormat({}, 1000);
+    for (const RowNotation& notation : RowNotations()) {
+        SCOPED_TRACE(notation.Name());
+        DecimalRows::Use(notation);
+        const int slot = NewPlot();
+        const std::string text = TextOf(RandomDecimalRows(notation));
+        ASSERT_EQ(ReadTextFile(kNewCommand, WriteFile("in.txt", text)), kNewCommand);
+        ASSERT_EQ(RecordOf(slot).NumValidData, notation.rows);
+        const RecoveredPlot plot = OpenRecoveryCopy(WriteFile("plot_1.qpx", CopyOf(slot)));
+        ASSERT_GT(plot.slot, slot) << plot.problem;
+        for (std::int32_t row = 1; row <= notation.rows; ++row) {
+            for (const RowAngles which : kRowAngles) {
+                ASSERT_EQ(DecimalsOf(PlotOf(plot.slot).rows, which, row),
+                          DecimalsOf(PlotOf(slot).rows, which, row))
+                    << row;
+            }
+        }
+        ClosePlot(plot.slot);
+        ClosePlot(slot);
+    }
 }
 
 } // namespace

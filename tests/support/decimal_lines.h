@@ -6,7 +6,9 @@
 #pragma once
 
 #include "core/plot_store.h"
+#include "core/settings.h"
 #include "orientation/attitude.h"
+#include "support/trial.h"
 
 #include <array>
 #include <cmath>
@@ -24,10 +26,18 @@ struct RowNotation {
     std::int16_t primary = kPrimaryPlane;
     std::int16_t secondary = kNoSecondary;
     bool line = false;
+    NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
+    int rows = 2000; ///< to try it with
+
+    [[nodiscard]] std::string Name() const {
+        return std::to_string(conventions) + " " + std::to_string(primary) + " "
+               + std::to_string(secondary)
+               + (negativePlunge == NegativePlunge::Vector ? " vectors" : "");
+    }
 };
 
 /// All plane conventions in azimuths and quadrants, lines, and each kind of secondary data.
-inline std::vector<RowNotation> RowNotations() {
+inline std::vector<RowNotation> CommonNotations() {
     std::vector<RowNotation> notations;
     for (std::int16_t convention = 1; convention <= 6; ++convention) {
         for (const int sign : {1, -1}) {
@@ -44,6 +54,37 @@ inline std::vector<RowNotation> RowNotations() {
             notations.push_back({code, kPrimaryPlane, inPlane, false});
         }
     }
+    return notations;
+}
+
+/// The other codes of conventions, angles in planes of all of them, and lines whose negative plunge
+/// points to their trend. With fewer rows, as they are read by the same rules.
+inline std::vector<RowNotation> FurtherNotations() {
+    const int rows = AreTrialsWhole() ? 2000 : 200;
+    constexpr auto kLower = NegativePlunge::LowerEnd;
+    std::vector<RowNotation> notations;
+    for (int convention = 1; convention <= 6; ++convention) {
+        for (const int code : {convention, -convention, convention + 10, -convention - 10}) {
+            const auto conventions = static_cast<std::int16_t>(code);
+            for (const std::int16_t second : {kNoSecondary, kSecondaryPlane, kSecondaryLine,
+                                              kPitchInPlane, kTrendInPlane, kHadeInPlane}) {
+                notations.push_back({conventions, kPrimaryPlane, second, true, kLower, rows});
+            }
+            notations.push_back({conventions, kPrimaryLine, kSecondaryLine, true, kLower, rows});
+        }
+        for (const int code : {-convention, convention + 10}) {
+            const auto conventions = static_cast<std::int16_t>(code);
+            notations.push_back(
+                {conventions, kPrimaryLine, kSecondaryLine, true, NegativePlunge::Vector, rows});
+        }
+    }
+    return notations;
+}
+
+inline std::vector<RowNotation> RowNotations() {
+    std::vector<RowNotation> notations = CommonNotations();
+    const std::vector<RowNotation> further = FurtherNotations();
+    notations.insert(notations.end(), further.begin(), further.end());
     return notations;
 }
 
@@ -104,6 +145,7 @@ public:
         gFileColumnSettings = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
         gPlotDataKind = notation.primary == kPrimaryPlane ? kPlanes : kPolarLines;
         gPlotKind = kEqualArea;
+        gSettings.format.negativePlunge = notation.negativePlunge;
     }
 
 private:
@@ -176,7 +218,8 @@ private:
         const std::int64_t trend = Angle(0, 360);
         fields[dipField] = Text(plunge);
         fields[azimuthField] = Azimuth(trend);
-        return {Degrees(plunge), Degrees(trend)};
+        const bool isVector = notation_.negativePlunge == NegativePlunge::Vector && plunge < 0;
+        return {Degrees(plunge), Degrees(isVector ? Turned(trend + kTurn / 2) : trend)};
     }
 
     void AddSecondary(Fields& fields, DecimalRow& row) {
@@ -221,10 +264,10 @@ inline std::string TextOf(const std::vector<DecimalRow>& rows) {
     return text;
 }
 
-inline std::vector<DecimalRow> RandomDecimalRows(const RowNotation& notation, int count) {
+inline std::vector<DecimalRow> RandomDecimalRows(const RowNotation& notation) {
     DecimalRows made(notation, 20261122);
     std::vector<DecimalRow> rows;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < notation.rows; ++i) {
         rows.push_back(made.Next());
     }
     return rows;

@@ -70,13 +70,13 @@ protected:
     }
 };
 
-TEST_F(RowsWithDecimals, OfEveryNotationKeepThemOverTheClipboard) {
+TEST_F(RowsWithDecimals, OfEveryNotationKeepThemOverTheClipboardTrial) {
     for (const RowNotation& notation : RowNotations()) {
-        SCOPED_TRACE(std::to_string(notation.conventions) + " " + std::to_string(notation.primary)
-                     + " " + std::to_string(notation.secondary));
+        SCOPED_TRACE(notation.Name());
         DecimalRows::Use(notation);
-        const int source = Load(TextOf(RandomDecimalRows(notation, 2000)));
-        ASSERT_GT(CountRowsWithDecimals(PlotOf(source).rows, 1, 2000), 1500);
+        const int source = Load(TextOf(RandomDecimalRows(notation)));
+        ASSERT_GT(CountRowsWithDecimals(PlotOf(source).rows, 1, notation.rows),
+                  notation.rows * 3 / 4);
         SelectAll(source);
         EditSelection(kCopyAllItem);
         const int target = NewPlanes({});
