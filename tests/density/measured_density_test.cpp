@@ -57,6 +57,14 @@ Vector VectorOfNode(int plotKind, int gridSize, int column, int row) {
     return VectorOf(std::abs(plunge), trend);
 }
 
+/// The sample as a file of whole degrees has it.
+MeasuredSample Rounded(MeasuredSample sample) {
+    for (Attitude& row : sample.rows) {
+        row = RoundedAttitude(row, false);
+    }
+    return sample;
+}
+
 class MeasuredDensity : public EngineTest {
 protected:
     void NewPlotOf(const MeasuredSample& sample, std::int16_t plotKind) {
@@ -114,41 +122,52 @@ TEST_F(MeasuredDensity, NodesCountAsEachRowByItself) {
 }
 
 TEST_F(MeasuredDensity, BandsOfPointsAreThoseOfEachPair) {
-    for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
-        NewPlotOf(sample, kEqualArea);
-        AddRow(kErrorRow, 0);
-        UseDecimals(true);
-        SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(ActiveRecord().NumData));
-        const std::vector<std::int32_t> bands = Bands();
-        const std::vector<Vector> rows = VectorsOf(sample.rows);
-        std::int32_t greatest = 0;
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            const std::int32_t count = CountNear(rows, rows[i], kCountCone);
-            ASSERT_EQ(bands[i], PointDensityBand(count, kRows)) << sample.name << " " << i;
-            greatest = std::max(greatest, count);
+    for (const std::int16_t plotKind : {kEqualArea, kEqualAngle}) {
+        for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
+            NewPlotOf(sample, plotKind);
+            AddRow(kErrorRow, 0);
+            UseDecimals(true);
+            SortRowTable(TableOf(gActivePlot), static_cast<std::size_t>(ActiveRecord().NumData));
+            const std::vector<std::int32_t> bands = Bands();
+            const std::vector<Vector> rows = VectorsOf(sample.rows);
+            std::int32_t greatest = 0;
+            for (std::size_t i = 0; i < rows.size(); ++i) {
+                const std::int32_t count = CountNear(rows, rows[i], kCountCone);
+                ASSERT_EQ(bands[i], PointDensityBand(count, kRows))
+                    << plotKind << " " << sample.name << " " << i;
+                greatest = std::max(greatest, count);
+            }
+            EXPECT_EQ(bands.back(), 0);
+            EXPECT_EQ(ActiveRecord().PointDensityMax, PointDensity(greatest, kRows));
+            ReleasePlotSlot(gActivePlot);
         }
-        EXPECT_EQ(bands.back(), 0);
-        EXPECT_EQ(ActiveRecord().PointDensityMax, PointDensity(greatest, kRows));
-        ReleasePlotSlot(gActivePlot);
     }
 }
 
 TEST_F(MeasuredDensity, SwitchedOffItIsThatOfWholeDegrees) {
-    for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
-        NewPlotOf(sample, kEqualArea);
-        const std::vector<std::int32_t> grid = Grid();
-        const std::vector<std::int32_t> bands = Bands();
-        UseDecimals(true);
-        EXPECT_NE(Grid(), grid) << sample.name;
-        UseDecimals(false);
-        EXPECT_EQ(Grid(), grid) << sample.name;
-        RemoveDecimals();
-        EXPECT_EQ(Grid(), grid) << sample.name;
-        EXPECT_EQ(Bands(), bands) << sample.name;
-        UseDecimals(true); // of a plot without decimals
-        EXPECT_EQ(Grid(), grid) << sample.name;
-        EXPECT_EQ(Bands(), bands) << sample.name;
-        ReleasePlotSlot(gActivePlot);
+    for (const std::int16_t plotKind : {kEqualArea, kEqualAngle}) {
+        for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
+            SCOPED_TRACE(sample.name + " " + std::to_string(plotKind));
+            NewPlotOf(Rounded(sample), plotKind);
+            ASSERT_EQ(CountRowsWithDecimals(ActivePlot().rows, 1, kRows), 0);
+            const std::vector<std::int32_t> grid = Grid();
+            const std::vector<std::int32_t> bands = Bands();
+            ReleasePlotSlot(gActivePlot);
+            NewPlotOf(sample, plotKind);
+            EXPECT_EQ(Grid(), grid);
+            EXPECT_EQ(Bands(), bands);
+            UseDecimals(true);
+            EXPECT_NE(Grid(), grid);
+            EXPECT_NE(Bands(), bands);
+            UseDecimals(false);
+            EXPECT_EQ(Grid(), grid);
+            EXPECT_EQ(Bands(), bands);
+            RemoveDecimals();
+            UseDecimals(true); // of a plot without decimals
+            EXPECT_EQ(Grid(), grid);
+            EXPECT_EQ(Bands(), bands);
+            ReleasePlotSlot(gActivePlot);
+        }
     }
 }
 
