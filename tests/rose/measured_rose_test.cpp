@@ -18,6 +18,7 @@
 #include "support/test_platform.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quandrel {
@@ -95,6 +96,74 @@ TEST_F(MeasuredRose, SectorsOfPolarLinesCountEachRow) {
     }
 }
 
+/// The value of a row.
+float ValueOf(std::size_t row) {
+    return static_cast<float>(row % 37) + 0.25F;
+}
+
+/// The values of the axes with an end in a sector.
+std::vector<double> ValuesInSector(const std::vector<double>& axes, int sector, double size) {
+    std::vector<double> values;
+    for (std::size_t row = 0; row < axes.size(); ++row) {
+        if (IsInSector(axes[row], sector, size) || IsInSector(axes[row] + 180, sector, size)) {
+            values.push_back(static_cast<double>(ValueOf(row)));
+        }
+    }
+    return values;
+}
+
+/// The counts and values of a sector against its rows. Of a pair one sector counts all.
+void ExpectSector(int sector, int sectors, const std::vector<double>& values) {
+    const RoseSectorStats& all = ActiveRose().sectorStats;
+    std::array<double, 7> found = all[static_cast<std::size_t>(sector)];
+    if (sectors % 2 == 0) {
+        const int opposite = (sector - 1 + sectors / 2) % sectors + 1;
+        for (std::size_t column = 0; column < found.size(); ++column) {
+            found[column] += all[static_cast<std::size_t>(opposite)][column];
+        }
+    }
+    const auto count = static_cast<double>(values.size());
+    double sum = 0;
+    for (const double value : values) {
+        sum += value;
+    }
+    double squares = 0;
+    for (const double value : values) {
+        squares += (value - sum / count) * (value - sum / count);
+    }
+    ASSERT_EQ(found[kRoseCount], count) << sector;
+    ASSERT_NEAR(found[kRoseValueSum], sum, 1e-9 * sum) << sector;
+    ASSERT_NEAR(found[kRoseMean], values.empty() ? 0 : sum / count, 1e-9) << sector;
+    ASSERT_NEAR(found[kRoseDeviation], count < 2 ? 0 : std::sqrt(squares / (count - 1)), 1e-9)
+        << sector;
+}
+
+TEST_F(MeasuredRose, SectorsOfPlanesAndAxesCountEachRowAndItsValue) {
+    for (const std::int16_t kind : {kPlanes, kLines}) {
+        for (const double size : {10.0, 7.5, 40.0}) { // 40: nine sectors, which make no pairs
+            for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
+                SCOPED_TRACE(sample.name + " " + std::to_string(kind) + " " + std::to_string(size));
+                NewRose(sample.rows, kind, size);
+                PlotRecord& record = ActiveRecord();
+                record.RoseType = kRoseMeanValue;
+                record.HasAppendedNumeric = kTrue;
+                ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
+                std::vector<double> axes;
+                for (std::size_t row = 0; row < sample.rows.size(); ++row) {
+                    gAppNumeric.At(gActivePlot, static_cast<std::int32_t>(row) + 1) = ValueOf(row);
+                    axes.push_back(sample.rows[row].azimuth + (kind == kPlanes ? 90 : 0));
+                }
+                Switch(true);
+                const int sectors = static_cast<int>(360 / size);
+                for (int sector = 1; sector <= sectors; ++sector) {
+                    ExpectSector(sector, sectors, ValuesInSector(axes, sector, size));
+                }
+                ReleasePlotSlot(gActivePlot);
+            }
+        }
+    }
+}
+
 TEST_F(MeasuredRose, DecimalsOnAnEdgeAreInTheSectorThatEndsThere) {
     NewRose({{10.5, 7.2}, {10.5, 14.4}, {10.5, 14.400001}, {10.5, 349.2}}, kPolarLines, 7.2);
     Switch(true);
@@ -164,8 +233,16 @@ TEST_F(MeasuredRose, BiasWeightsAreThoseOfTheMeasuredAngles) {
 
 TEST_F(MeasuredRose, SwitchedOffItIsThatOfWholeDegrees) {
     for (const MeasuredSample& sample : MeasuredSamples(kRows)) {
+        std::vector<Attitude> rounded;
+        for (const Attitude& row : sample.rows) {
+            rounded.push_back(RoundedAttitude(row, false));
+        }
+        NewRose(rounded, kLines, 5);
+        const RoseSectorStats ofRounded = Count().sectorStats;
+        ReleasePlotSlot(gActivePlot);
         NewRose(sample.rows, kLines, 5);
         const RoseSectorStats whole = Count().sectorStats;
+        EXPECT_EQ(whole, ofRounded) << sample.name;
         const double median = ActiveRecord().RoseMedian;
         Switch(true);
         EXPECT_NE(ActiveRose().sectorStats, whole) << sample.name;
