@@ -3,6 +3,8 @@
 #include "core/measured_rows.h"
 #include "core/plot_rows.h"
 #include "core/plot_store.h"
+#include "core/row_room.h"
+#include "support/allocated_memory.h"
 
 #include <cmath>
 #include <random>
@@ -103,6 +105,36 @@ TEST(Attitude, PolesOfMeasuredPlanesArePerpendicular) {
     const Attitude pole = PoleInDegrees({-47.25, 218.5});
     EXPECT_EQ(pole, (Attitude{42.75, 38.5}));
     EXPECT_EQ(PoleInDegrees({42.75, 38.5}), (Attitude{47.25, 218.5}));
+}
+
+/// The bytes of the columns of an orientation.
+std::size_t BytesOf(const MeasuredColumns& columns) {
+    return columns.dip.Rows().size_bytes() + columns.dipOffset.Rows().size_bytes()
+           + columns.azimuth.Rows().size_bytes() + columns.azimuthOffset.Rows().size_bytes();
+}
+
+TEST(MeasuredColumns, TakeTwelveBytesARowForEachPair) {
+    constexpr std::int32_t kRows = 100000;
+    constexpr std::size_t kBytes = 12 * (std::size_t{kRows} + 1); // row 0 is not used
+    constexpr std::size_t kRounding = 4 * 8192;                   // of the heap, to pages
+    Plot plot;
+    ColumnSet columns;
+    columns.secondary = true;
+    columns.line = true;
+    ASSERT_TRUE(MakeRoom(plot.rows, kRows, columns, RoomAhead::None));
+    for (const RowAngles which : kRowAngles) {
+        EXPECT_EQ(BytesOf(MeasuredOf(plot.rows, which)), 0U) << "of whole degrees";
+    }
+    for (const RowAngles which : kRowAngles) {
+        const std::size_t before = AllocatedBytes();
+        for (std::int32_t row = 1; row <= kRows; ++row) {
+            ASSERT_TRUE(SetDecimals(plot.rows, which, row, {10.5, row % 360 + 0.25}));
+        }
+        const std::size_t taken = AllocatedBytes() - before;
+        EXPECT_EQ(BytesOf(MeasuredOf(plot.rows, which)), kBytes);
+        EXPECT_GE(taken, kBytes);
+        EXPECT_LE(taken, kBytes + kRounding);
+    }
 }
 
 } // namespace
