@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <set>
 #include <sstream>
 #include <vector>
@@ -78,6 +79,18 @@ TEST_P(Drawings, AreAsTheReferenceHasThem) {
 
 INSTANTIATE_TEST_SUITE_P(Of, Drawings, ::testing::ValuesIn(NamesIn(ScriptFolder())),
                          [](const auto& parameter) { return parameter.param; });
+
+TEST(DecimalsOff, AreDrawnAsTheRoundedFile) {
+    ScriptRun measured;
+    measured.Play("decimals_off");
+    const std::string drawn = TextOfPlot(1);
+    ScriptRun rounded; // halves to even
+    std::ofstream(rounded.Folder() / "phone.txt", std::ios::binary)
+        << "47 119\n52 121\n45 109\n50 126\n0 360\n61 90\n45 120\n50 117\n89 12\n";
+    rounded.Play("decimals_off");
+    EXPECT_EQ(TextOfPlot(1), drawn);
+    EXPECT_NE(drawn.find("drawing"), std::string::npos);
+}
 
 TEST(DrawingsFolder, HoldsNoReferenceThatNothingMakes) {
     std::vector<std::string> made = NamesIn(ScriptFolder());
