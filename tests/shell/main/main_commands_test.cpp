@@ -52,6 +52,25 @@ TEST_F(MainCommands, NewOpensAFileWithItsTitleRowsAndPicture) {
     EXPECT_EQ(CountOpenPlots(), 1);
 }
 
+TEST_F(MainCommands, OpeningAFileTellsOfItsDecimals) {
+    const std::string rows = "3 rows read, 3 of them data; 0 lines without data, 0 invalid.";
+    OpenFile("phone.txt", "47.3\t218.6\n45\t7\n10.25\t20\n");
+    EXPECT_EQ(Info().toStdString(),
+              rows + " 2 rows have decimals; Plot > Use Decimals shows them.");
+    OpenFile("one.txt", "47.3\t218.6\n45\t7\n10\t20\n");
+    EXPECT_EQ(Info().toStdString(), rows + " 1 row has decimals; Plot > Use Decimals shows it.");
+    OpenFile("fine.txt", "47.31234567\t218.6\n45\t7\n10\t20\n");
+    EXPECT_EQ(Info().toStdString(),
+              rows
+                  + " 1 row has decimals; Plot > Use Decimals shows it. Angles with more than six "
+                    "decimals were rounded to six.");
+    OpenFile("whole.txt");
+    EXPECT_EQ(Info().toStdString(), rows);
+    gSettings.newPlots.useDecimals = true;
+    OpenFile("used.txt", "47.3\t218.6\n45\t7\n10.25\t20\n");
+    EXPECT_EQ(Info().toStdString(), rows + " 2 rows have decimals.");
+}
+
 TEST_F(MainCommands, MergeOverlayAndBlankDoWhatTheyAreCalled) {
     OpenFile("a.txt");
     prompts.QueueOpenPath(WriteFile("b.txt", "10\t20\n"));
