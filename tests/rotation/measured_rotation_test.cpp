@@ -271,6 +271,41 @@ TEST_F(MeasuredRotation, KeepsTheSenseOfALineThatIsLevelInWholeDegrees) {
         << "turned as an arrow";
 }
 
+TEST_F(MeasuredRotation, KeepsTheSignsOfPAndTAxes) {
+    PlotOf(kPrimaryLine, kPolarLines, std::vector<Pair>(400));
+    ActiveRecord().AxesTitle = "P & T";
+    std::vector<Attitude> axes = RandomAttitudes(400, 0, 77);
+    for (std::size_t i = 1; i < axes.size(); i += 2) {
+        axes[i].dip = -axes[i].dip; // each P is followed by its T
+    }
+    Fill(RowAngles::Primary, axes, false);
+    int otherEnds = 0;
+    for (int step = 0; step < 20; ++step) {
+        const std::vector<Attitude> before = Now(RowAngles::Primary);
+        const int trend = 31 * step % 360;
+        Rotate(AboutAxis(5, trend, 17));
+        const std::vector<Attitude> now = Now(RowAngles::Primary);
+        const std::vector<Pair> wholes = Primary();
+        const Vector axis = VectorOf({5, trend});
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            const Vector wanted = TurnedAbout(VectorOf(before[i]), axis, Radians(17));
+            ASSERT_LT(DegreesOf(AcuteAngleOf(VectorOf(now[i]), wanted)), 2e-6) << i;
+            ASSERT_TRUE(i % 2 == 0 ? now[i].dip > 0 : now[i].dip < 0) << i;
+            const Pair whole = wholes[i];
+            ASSERT_EQ(whole.first, std::nearbyint(now[i].dip)) << i;
+            const double azimuth =
+                std::nearbyint(now[i].azimuth) + (now[i].dip < 0 && whole.first == 0 ? 180 : 0);
+            const double turn = std::abs(std::fmod(whole.second - azimuth, 360));
+            // Either end of a level axis names it in whole degrees.
+            ASSERT_TRUE(turn == 0 || std::abs(whole.first) == 90
+                        || (whole.first == 0 && turn == 180))
+                << i << ": " << whole.second << " beside " << now[i].azimuth;
+            otherEnds += turn == 180 && whole.first == 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(otherEnds, 0);
+}
+
 TEST_F(MeasuredRotation, IsPreviewedWhereItPlotsTheRows) {
     for (const std::int16_t uses : {std::int16_t{0}, kTrue}) {
         Make(kPrimaryPlane, kPlanes, 0, 21);
