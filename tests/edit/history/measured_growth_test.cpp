@@ -300,8 +300,8 @@ protected:
     }
 
     /// The axes of each fault whose line is within 10 degrees of its plane.
-    Model AxesOfFaults() {
-        Model axes;
+    std::vector<Attitude> AxesOfFaults() {
+        std::vector<Attitude> axes;
         for (std::int32_t row = 1; row <= Record().NumData; ++row) {
             const Attitude line = At(RowAt(row), RowAngles::Secondary);
             if (line.dip < -90) {
@@ -314,8 +314,8 @@ protected:
             if (apart < 10) {
                 const Vector inPlane = Unit(Sum(slip, 1, normal, -Dot(normal, slip)));
                 const double sense = line.dip < 0 ? -1 : 1;
-                axes.push_back({LineOf(Sum(normal, 1, inPlane, sense), 1),
-                                LineOf(Sum(normal, 1, inPlane, -sense), -1), Attitude()});
+                axes.push_back(LineOf(Sum(normal, 1, inPlane, sense), 1));
+                axes.push_back(LineOf(Sum(normal, 1, inPlane, -sense), -1));
             }
         }
         return axes;
@@ -328,14 +328,13 @@ protected:
     }
 
     /// The lines in which the planes of rows meet.
-    Model LinesOfPlanes() {
-        Model lines;
+    std::vector<Attitude> LinesOfPlanes() {
+        std::vector<Attitude> lines;
         for (std::int32_t row = 1; row <= Record().NumData; ++row) {
             const Attitude second = At(RowAt(row), RowAngles::Secondary);
             if (second.dip >= -90) {
                 const Vector first = NormalOfPlane(At(RowAt(row), RowAngles::Primary));
-                lines.push_back(
-                    {LineOf(CrossProduct(first, NormalOfPlane(second)), 1), {}, Attitude()});
+                lines.push_back(LineOf(CrossProduct(first, NormalOfPlane(second)), 1));
             }
         }
         return lines;
@@ -362,20 +361,10 @@ protected:
     }
 
     void Derive() {
-        std::vector<Attitude> wanted;
-        if (GetParam() == kSecondaryPlane) {
-            for (const ModelRow& row : LinesOfPlanes()) {
-                wanted.push_back(row[0]);
-            }
-            ASSERT_TRUE(MakeIntersectionPlot());
-        } else {
-            for (const ModelRow& row : AxesOfFaults()) {
-                wanted.insert(wanted.end(), {row[0], row[1]});
-            }
-            ASSERT_TRUE(MakeKinematicPlots(kAxesOnOnePlot, LacksMovement(slot_)
-                                                               ? std::optional(SlipSense::Normal)
-                                                               : std::nullopt));
-        }
+        const bool arePlanes = GetParam() == kSecondaryPlane;
+        const std::vector<Attitude> wanted = arePlanes ? LinesOfPlanes() : AxesOfFaults();
+        const auto sense = LacksMovement(slot_) ? std::optional(SlipSense::Normal) : std::nullopt;
+        ASSERT_TRUE(arePlanes ? MakeIntersectionPlot() : MakeKinematicPlots(kAxesOnOnePlot, sense));
         ExpectLines(gActivePlot, wanted);
         done_["derived"] += static_cast<int>(wanted.size());
         const int child = gActivePlot;
