@@ -275,8 +275,8 @@ TEST_F(PlotDensities, ListTheirMaximaWithTheRowsAbout) {
     EXPECT_NEAR(maxima[1].at.place.trend, 250.5, 0.1);
     EXPECT_EQ(maxima[0].rows, 30);
     EXPECT_EQ(maxima[1].rows, 30);
-    EXPECT_EQ(TextOfMaxima(ActivePlot(), maxima).substr(0, 34),
-              "No.\tPlunge\tTrend\tSigma\tRows\n1\t60.0\t");
+    EXPECT_TRUE(TextOfMaxima(ActivePlot(), maxima)
+                    .starts_with("No.\tPlunge\tTrend\tSigma\tRows\n1\t60.0\t"));
 }
 
 TEST(LevelsOfText, AreSortedNumbersAboveNought) {
