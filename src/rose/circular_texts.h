@@ -13,8 +13,8 @@ namespace quandrel {
 
 /// Printed results with their units. Directions are undetermined where the resultant is 0.
 struct CircularTexts {
-    PrintedResult wholeMean; ///< "050-230": whole degrees, of axial data both ends
-    PrintedResult fineMean;  ///< "050.0 - 230.0"
+    PrintedResult wholeMean;       ///< "050-230": whole degrees, of axial data both ends
+    PrintedResult fineMean;        ///< "050.0 - 230.0"
     PrintedResult doubledMean;     ///< "100": whole degrees
     PrintedResult fineDoubledMean; ///< "100.0"
     PrintedResult median;          ///< as fineMean

@@ -30,8 +30,7 @@ OrientationOptions OptionsInForce(OrientationKind kind) {
 
 std::string TextOfPair(double first, double azimuth, const OrientationOptions& options,
                        int decimals = 0) {
-    return OrientationText(TextOfAngle(first, decimals), TextOfAzimuth(azimuth, decimals),
-                           options);
+    return OrientationText(TextOfAngle(first, decimals), TextOfAzimuth(azimuth, decimals), options);
 }
 
 } // namespace

@@ -165,7 +165,8 @@ TEST(LikelyKappa, TakesWeightsAndCountsAsSoManyRows) {
 }
 
 TEST(LikelyKappa, StaysWithinItsLimits) {
-    // Rows in pairs one degree of trend apart ask for the narrowest kernel, even ones for the widest.
+    // Rows in pairs one degree of trend apart ask for the narrowest kernel, even ones for the
+    // widest.
     const std::vector<MeasuredLine> pairs = {{0.5, DegToRad(10)},  {0.5, DegToRad(11)},
                                              {0.5, DegToRad(100)}, {0.5, DegToRad(101)},
                                              {0.5, DegToRad(200)}, {0.5, DegToRad(201)}};
