@@ -32,7 +32,7 @@ public:
     explicit PlotOfLines(std::int64_t rows) {
         gPrimaryDataType = kPrimaryLine;
         gPlotDataKind = kPolarLines;
-        const PlotRecord& record = NewPlot(rows);
+        const PlotRecord& record = NewPlotWithColumns(rows);
         std::mt19937 random(1);
         for (std::int32_t row = 1; row <= record.NumData; ++row) {
             const auto plunge = static_cast<int>(random() % 181) - 90;
