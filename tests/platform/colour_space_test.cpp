@@ -83,7 +83,7 @@ TEST(LabOf, GivesThePrimariesOfTheScreen) {
 }
 
 TEST(LabOf, IsLedBackByColourOfLab) {
-    std::mt19937_64 draws(7); // NOLINT(cert-msc51-cpp)
+    std::mt19937_64 draws(7);
     for (int i = 0; i < 2000; ++i) {
         const Colour colour = ColourFromValue(static_cast<std::uint32_t>(draws() & 0xffffffU));
         EXPECT_EQ(ColourOfLab(LabOf(colour)), colour) << HexOf(colour);
@@ -130,7 +130,7 @@ bool IsCutOff(Colour colour) {
 }
 
 TEST(ColourAsSeen, IsTheSameForTheConesThatThereAre) {
-    std::mt19937_64 draws(11); // NOLINT(cert-msc51-cpp)
+    std::mt19937_64 draws(11);
     int compared = 0;
     for (int i = 0; i < 3000; ++i) {
         const Colour colour = ColourFromValue(static_cast<std::uint32_t>(draws() & 0xffffffU));
