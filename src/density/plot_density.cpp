@@ -174,9 +174,9 @@ RowBands BandsOfRows(const Plot& plot, const PlotDensity& density) {
 
 } // namespace
 
-bool HasDensityChoice(const PlotRecord& record) {
-    return record.DensityMethod != kDensityByCone || UnitShown(record) != DensityUnit::PerCentInCone
-           || record.LevelRule != kDoublingLevels || record.ContourPicture != kContourLines;
+bool HasDensityChoice(const RecordDensityView& view) {
+    return view.DensityMethod != kDensityByCone || UnitShown(view) != DensityUnit::PerCentInCone
+           || view.LevelRule != kDoublingLevels || view.ContourPicture != kContourLines;
 }
 
 PlotDensity::PlotDensity(DensityRows& rows, const RecordDensityView& view,

@@ -25,7 +25,7 @@
 namespace quandrel {
 
 /// Whether a plot has a choice of its own, and so shows the field.
-[[nodiscard]] bool HasDensityChoice(const PlotRecord& record);
+[[nodiscard]] bool HasDensityChoice(const RecordDensityView& view);
 
 /// The density of the main rows of a plot. Values are in the unit that the plot shows.
 class PlotDensity {

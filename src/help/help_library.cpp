@@ -19,6 +19,7 @@ constexpr std::array kTopics = {
     HelpTopic{"frmAbout", "menu_help.html#about"},
     HelpTopic{"frmDataClassification", "dialog_classification.html"},
     HelpTopic{"frmDataDisplay", "dialog_data_grids.html"},
+    HelpTopic{"frmDensities", "dialog_densities.html"},
     HelpTopic{"frmDirectoryDialog", "menu_file.html#folder"},
     HelpTopic{"frmExportImage", "dialog_export.html"},
     HelpTopic{"frmFileFormat", "dialog_data_format.html"},

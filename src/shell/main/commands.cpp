@@ -157,6 +157,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuViewConfidence", "S&how 95% confidence cone",
      "Draw the 95% confidence cone of the principal axis", "small_circle", kNone, Kind::OnOff},
     {"mnuViewAdvStats", "Use Advanced Statistics Box", kNone, "advanced_stats", kNone},
+    {"mnuViewDensities", "Dens&ities...",
+     "Method, unit, levels and picture of the densities of this plot", "densities", kNone},
     {"mnuViewClassification", "&Classification", "Toggle the stereo classification dialog",
      "classify", kNone, Kind::OnOff},
     {"mnuViewUnplotted", "&Unplotted Lines...", "The lines of the files that hold no data",

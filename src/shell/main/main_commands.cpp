@@ -227,6 +227,7 @@ void GeolPlotMain::ConnectViewCommands() {
         ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
         ReplotActivePlot(false);
     });
+    commands_->Connect("mnuViewDensities", [this] { dialogs_->ShowDensities(); });
     commands_->Connect("mnuViewClassification", [this] { dialogs_->ToggleClassification(); });
     commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
     commands_->Connect("mnuViewRawData", [this] { displays_->ShowRawData(); });

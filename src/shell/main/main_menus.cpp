@@ -140,6 +140,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          kGap,
          "mnuViewConfidence",
          "mnuViewAdvStats",
+         "mnuViewDensities",
          "mnuViewClassification",
          kGap,
          "mnuViewUnplotted",

@@ -71,6 +71,7 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuKinematicPlots_0", &ToolbarState::hasRows},
     {"mnuKinematicPlots_1", &ToolbarState::hasRows},
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
+    {"mnuViewDensities", &ToolbarState::isStereo},
     {"mnuViewPlotData", &ToolbarState::hasPlot},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},

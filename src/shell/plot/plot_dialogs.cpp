@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "shell/classes/frm_data_classification.h"
+#include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -97,6 +98,9 @@ void PlotDialogs::DrawPreview(Surface& surface, int slot) const {
     if (rotation_ != nullptr && slot == gActivePlot && rotation_->HasPreview()) {
         rotation_->DrawPreview(surface);
     }
+    if (densities_ != nullptr && slot == gActivePlot) {
+        densities_->DrawMark(surface);
+    }
 }
 
 void PlotDialogs::ShowSmallCircles() {
@@ -115,6 +119,18 @@ void PlotDialogs::FollowSmallCircles() {
     if (IsShown(circles_)) {
         circles_->Refresh();
     }
+}
+
+void PlotDialogs::ShowDensities() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    if (densities_ == nullptr) {
+        densities_ = new frmDensities(
+            &window_, [this] { changed_(); }, [] { NetMouse::UpdateOverlays(); });
+        PlaceBesideNet(*densities_);
+    }
+    Show(*densities_);
 }
 
 void PlotDialogs::ToggleClassification() {
@@ -163,6 +179,10 @@ void PlotDialogs::FollowActivePlot() {
     if (IsShown(circles_)) {
         IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()
                                 : static_cast<void>(circles_->close());
+    }
+    if (IsShown(densities_)) {
+        IsOpenSlot(gActivePlot) ? densities_->FollowActivePlot()
+                                : static_cast<void>(densities_->close());
     }
 }
 

@@ -19,6 +19,7 @@ class QWidget;
 namespace quandrel {
 
 class frmDataClassification;
+class frmDensities;
 class frmPlotForms;
 class frmRoseDiag;
 class frmRotationMenu;
@@ -46,6 +47,9 @@ public:
 
     /// Updates the small circle dialog from the active plot, if it is open.
     void FollowSmallCircles();
+
+    /// Opens the dialog of densities if there is an active plot.
+    void ShowDensities();
 
     [[nodiscard]] bool IsRoseShown() const;
 
@@ -89,6 +93,7 @@ private:
     frmDataClassification* classification_ = nullptr;
     frmRotationMenu* rotation_ = nullptr;
     frmSmallCircle* circles_ = nullptr;
+    frmDensities* densities_ = nullptr;
 };
 
 } // namespace quandrel
