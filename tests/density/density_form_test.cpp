@@ -92,10 +92,10 @@ TEST(DensityForm, SaysWhyAPlotHasNoDensities) {
     record.NumValidData = 0;
     EXPECT_EQ(OfferOf(record).refusal, "A plot without rows has no densities.");
     record = NetWithRows();
-    record.ClassMode = kByNumbers;
-    record.NumClasses = 2;
+    record.ClassMode = 1;  // by appended numbers
+    record.NumClasses = 2; // a grid of the values
     EXPECT_NE(OfferOf(record).refusal, "");
-    record.NumClasses = kContoursOnRows;
+    record.NumClasses = 4; // contours of the values over the rows
     EXPECT_EQ(OfferOf(record).refusal, "") << "the rows are drawn below the values";
     record = NetWithRows();
     record.AxesTitle = kBothAxes;
