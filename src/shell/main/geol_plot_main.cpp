@@ -186,6 +186,7 @@ void GeolPlotMain::MakePlotRoom() {
             mouse_->ClearHint();
             UpdateToolbar();
             UpdateEditMenus();
+            UpdateUndo();
         },
         [this](int tab) {
             EditPreferences(tab);

@@ -28,7 +28,7 @@ class frmSmallCircle;
 class PlotDialogs : public QObject {
 public:
     /// @param window   the owner of the dialogs
-    /// @param changed  called when a dialog has opened or closed
+    /// @param changed  called when a dialog has opened, closed or changed the plot
     /// @param preferences  shows a page of the preferences
     PlotDialogs(QWidget& window, std::function<void()> changed,
                 std::function<void(int tab)> preferences);
