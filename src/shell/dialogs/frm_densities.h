@@ -16,7 +16,11 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class QCheckBox;
@@ -128,9 +132,10 @@ private:
     int slot_ = 0; ///< the plot that is shown
     View shown_;   ///< its choice
     DensityOffer offer_;
-    const QSlider* run_ = nullptr; ///< the slider whose steps go on
-    bool hidesEnvelope_ = false;   ///< until the slider is released
-    std::string refused_;          ///< why the text that was typed last is refused
+    const QSlider* run_ = nullptr;        ///< the slider whose steps go on
+    bool hidesEnvelope_ = false;          ///< until the slider is released
+    std::optional<std::int16_t> sampled_; ///< the order of the palettes' samples
+    std::string refused_;                 ///< why the text that was typed last is refused
     std::vector<DensityMaximum> maxima_;
     std::string maximaText_;
     int marked_ = -1; ///< row of the table

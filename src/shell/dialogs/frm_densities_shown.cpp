@@ -20,10 +20,10 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QIcon>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPixmap>
 #include <QPointer>
 #include <QPushButton>
@@ -60,17 +60,16 @@ bool Holds(const QLineEdit& box, Result<double> (*read)(std::string_view), doubl
 
 /// The colours of the bands of a choice, side by side.
 QIcon SampleOf(const RecordDensityView& view, QSize size, double density) {
-    QPixmap sample(size * density);
-    sample.setDevicePixelRatio(density);
-    sample.fill(Qt::transparent);
-    QPainter painter(&sample);
-    const double width = static_cast<double>(size.width()) / kSampleLevels;
-    for (int level = 0; level < kSampleLevels; ++level) {
+    QImage sample(size * density, QImage::Format_RGB32);
+    for (int x = 0; x < sample.width(); ++x) {
+        const int level = x * kSampleLevels / sample.width();
         const Colour colour = ColourOfBand(gSettings.styles, view, level, kSampleLevels);
-        painter.fillRect(QRectF(level * width, 0, width, size.height()),
-                         QColor(colour.red, colour.green, colour.blue));
+        for (int y = 0; y < sample.height(); ++y) {
+            sample.setPixelColor(x, y, QColor(colour.red, colour.green, colour.blue));
+        }
     }
-    return QIcon(sample);
+    sample.setDevicePixelRatio(density);
+    return QIcon(QPixmap::fromImage(sample));
 }
 
 MeasuredLine LineAt(const NetPlace& place) {
@@ -174,6 +173,10 @@ void frmDensities::ShowPicture() {
 }
 
 void frmDensities::ShowSamples() {
+    if (sampled_ == shown_.PaletteReversed) {
+        return;
+    }
+    sampled_ = shown_.PaletteReversed;
     View view;
     view.PaletteReversed = shown_.PaletteReversed;
     for (int palette = 0; palette < cboPalette->count(); ++palette) {
@@ -280,6 +283,7 @@ void frmDensities::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         slot_ = 0; // texts that were refused when it was last open are gone
         refused_.clear();
+        sampled_.reset(); // colours of levels may be others
         Refresh();
         cboMethod->setFocus();
     }

@@ -8,6 +8,7 @@
 #include "session/start.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/button_keys.h"
+#include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -68,6 +69,7 @@ std::vector<NamedDialog> AllDialogs() {
         Named<frmSymbolSelect>("frmSymbolSelect", StyleQuestion{}),
         Named<frmPrintDialog>("frmPrintDialog"),
         Named<frmSmallCircle>("frmSmallCircle"),
+        {"frmDensities", [](QWidget* parent) { return std::make_unique<frmDensities>(parent); }},
         {"frmPreferences",
          [](QWidget* parent) {
              auto dialog = std::make_unique<frmPreferences>(parent, 0);

@@ -179,9 +179,6 @@ TEST_F(DensitiesDialog, ADragHidesTheEnvelopeUntilItsEnd) {
     EXPECT_NE(EnvelopeOf(ActivePlot()), nullptr);
     EXPECT_EQ(ActiveRecord().ShowEnvelope, kTrue);
     EXPECT_EQ(Steps(), steps + 1);
-    Press("mnuEditUndo");
-    EXPECT_EQ(ActiveRecord().ShowEnvelope, kTrue);
-    EXPECT_EQ(ActiveRecord().DensityK, 3);
 }
 
 TEST_F(DensitiesDialog, TypedNumbersAreCheckedAndRefusedOnesStayRed) {

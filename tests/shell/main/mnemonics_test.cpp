@@ -5,6 +5,7 @@
 #include "mapsession/session_state.h"
 #include "platform/scripted/no_printers.h"
 #include "shell/classes/frm_data_classification.h"
+#include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -186,6 +187,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(save);
     frmSmallCircle circles(nullptr);
     Check(circles);
+    frmDensities densities(nullptr);
+    Check(densities);
     frmSymbolSelect symbols(styles, nullptr);
     Check(symbols);
     frmTextWindow text("Lines", "text", nullptr);
