@@ -328,6 +328,8 @@ TEST_F(DensitiesDialog, FollowsTheActivePlot) {
     EXPECT_EQ(RecordOf(second).PlotSymbolMode, kContours);
     EXPECT_FALSE(dialog->cmdContours->isVisible());
     EXPECT_EQ(RecordOf(first).DensityMethod, kDensityByKernel);
+    EXPECT_NE(RecordOf(first).Modified, 0);
+    RecordOf(first).Modified = 0; // closing would ask
     Press("mnuFileClose_0");
     EXPECT_EQ(dialog->cboMethod->currentIndex(), kDensityByKernel);
     Press("mnuFileClose_0");
