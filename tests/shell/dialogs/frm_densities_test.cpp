@@ -260,7 +260,7 @@ TEST_F(DensitiesDialog, LevelsAreDoublingEvenOrByHand) {
     EXPECT_EQ(DensityOf(ActivePlot())->Levels().size(), 2U);
     Type(*dialog->txtLevels, "3, x");
     EXPECT_TRUE(IsRed(*dialog->txtLevels));
-    EXPECT_EQ(ActiveRecord().LevelsByHand, "1.5 3") << "3, was taken as it was typed, x was not";
+    EXPECT_EQ(ActiveRecord().LevelsByHand, "3,") << "taken as it was typed, up to the x";
     Click(*dialog->optLevels[kEvenLevels]);
     EXPECT_FALSE(IsRed(*dialog->txtLevels));
     EXPECT_FALSE(dialog->txtLevels->isEnabled());
