@@ -3,12 +3,12 @@
 #include "density/contours.h"
 
 #include "core/plot_store.h"
+#include "core/told_step.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
-#include "density/told_step.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"

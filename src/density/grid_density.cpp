@@ -4,9 +4,9 @@
 
 #include "core/plot_store.h"
 #include "core/settings_value.h"
+#include "core/told_step.h"
 #include "density/class_grid.h"
 #include "density/grid_geometry.h"
-#include "density/told_step.h"
 #include "orientation/projection.h"
 #include "platform/platform.h"
 #include "stereo/distinct_lines.h"

@@ -3,9 +3,9 @@
 #include "density/plot_density.h"
 
 #include "core/data_format.h"
+#include "core/told_step.h"
 #include "density/density_levels.h"
 #include "density/kernel_width.h"
-#include "density/told_step.h"
 #include "platform/platform.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/row_bands.h"

@@ -3,10 +3,10 @@
 #include "density/point_density.h"
 
 #include "core/plot_store.h"
+#include "core/told_step.h"
 #include "density/axis_cells.h"
 #include "density/cone_counts.h"
 #include "density/count_classes.h"
-#include "density/told_step.h"
 #include "platform/platform.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/window_drawing.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "density/told_step.h"
+#include "core/told_step.h"
 #include "support/test_platform.h"
 
 namespace quandrel {
