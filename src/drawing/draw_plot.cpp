@@ -15,6 +15,7 @@
 #include "edit/marks/small_circles.h"
 #include "orientation/projection.h"
 #include "rose/draw_rose.h"
+#include "statistics/draw_regions.h"
 #include "stereo/great_circles.h"
 #include "stereo/net.h"
 #include "stereo/row_drawing.h"
@@ -124,13 +125,15 @@ bool IsItemShown(const PlotRecord& record, int item) {
     return NumberOf(values[kItemShown]) != 0 && !IsEmpty(values[kItemTrend]);
 }
 
-void DrawAxisItems(const PlotRecord& record, const Drawing& drawing) {
+void DrawAxisItems(const Plot& plot, const Drawing& drawing) {
+    const PlotRecord& record = plot.record;
     for (int item = 0; item < kAxisItems; ++item) {
         if (IsItemShown(record, item)) {
             DrawGirdle(record, drawing, item);
         }
     }
     DrawSmallCircles(record, drawing);
+    DrawRegions(plot, drawing);
     for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
         if (IsItemShown(record, item)) {
             DrawAxisItemSymbol(record, drawing, item);
@@ -162,7 +165,7 @@ void DrawStereoPlot(const Plot& plot, const Drawing& drawing) {
     DrawAnnotations(record, drawing);
     DrawLegend(plot, drawing);
     DrawPlotFurniture(record, drawing);
-    DrawAxisItems(record, drawing);
+    DrawAxisItems(plot, drawing);
 }
 
 void DrawGirdle(const PlotRecord& record, const Drawing& drawing, int item) {

@@ -11,6 +11,7 @@
 #include "orientation/angles.h"
 #include "rose/rose_legend.h"
 #include "statistics/axis_statistics.h"
+#include "statistics/plot_region_texts.h"
 #include "stereo/axis_rows.h"
 #include "stereo/drawable_text.h"
 #include "stereo/row_drawing.h"
@@ -224,6 +225,7 @@ std::vector<LegendLine> Legend::Lines() {
     Add(BandLegendLines(plot_, styles_));
     AddOverlays();
     AddSlipLines();
+    Add(RegionLegendLines(plot_, styles_));
     return std::move(lines_);
 }
 

@@ -2,6 +2,7 @@
 
 #include "drawing/work_out.h"
 
+#include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/data_format.h"
 #include "core/plot_formulas.h"
@@ -14,12 +15,16 @@
 #include "edit/marks/small_circles.h"
 #include "rose/rose_plot.h"
 #include "statistics/fabric_statistics.h"
+#include "statistics/plot_regions.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/window_drawing.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 
 namespace quandrel {
 
@@ -49,6 +54,30 @@ void WorkOutGrid(Plot& plot, const WorkingOut& how) {
     if (showsDensities && record.PlotSymbolMode != kGridDensitySymbols) {
         FindContourLevels(plot);
     }
+}
+
+/// The classes of a plot that shows their regions; else none.
+RowClasses ClassesOfRegions(const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
+    RowClasses classes;
+    if (!column || record.RegionsAbout == 0 || (record.RegionsOf & kRegionsOfClasses) == 0) {
+        return classes;
+    }
+    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    classes.ofRow.resize(static_cast<std::size_t>(std::max(record.NumData, 0)) + 1);
+    for (std::int32_t row = 1; row <= record.NumData; ++row) {
+        classes.ofRow[static_cast<std::size_t>(row)] =
+            static_cast<std::uint8_t>(ClassOfRow(plot, rule, row));
+    }
+    const LimitForm form = LimitFormOf(plot, *column);
+    const int last = LastClass(rule);
+    classes.names.resize(static_cast<std::size_t>(last) + 1);
+    for (int c = 1; c <= last; ++c) {
+        classes.names[static_cast<std::size_t>(c)] =
+            ClassLabel(record.ClassTable, *column, c, form);
+    }
+    return classes;
 }
 
 void WorkOutIntersections(Plot& plot, const WorkingOut& how) {
@@ -101,6 +130,7 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
     }
     WorkOutGrid(plot, how);
     WorkOutDensity(plot, how.watcher);
+    WorkOutRegions(plot, how.styles, ClassesOfRegions(plot), how.watcher);
     WorkOutIntersections(plot, how);
     NoteSmallCircles(record);
     record.RowsChanged = 0;

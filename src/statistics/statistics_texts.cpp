@@ -13,6 +13,7 @@
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "statistics/orientation_notation.h"
+#include "statistics/plot_region_texts.h"
 #include "stereo/distinct_lines.h"
 
 #include <algorithm>
@@ -314,6 +315,12 @@ std::string FabricLinesOfBothAxes() {
     return lines;
 }
 
+/// The confidence regions, below a line of their own.
+std::string RegionLines(const Plot& plot) {
+    const std::string text = TextOfRegions(plot, kLineEnd);
+    return text.empty() ? text : Line("______________") + text;
+}
+
 } // namespace
 
 std::optional<AppendedStatistics> AppendedStatisticsOfActivePlot() {
@@ -363,7 +370,8 @@ std::string FabricBoxText() {
     }
     return AssumptionLine(record)
            + (HoldsBothAxes(record) ? FabricLinesOfBothAxes()
-                                    : FabricLines(record, LinesOf(ActivePlot())));
+                                    : FabricLines(record, LinesOf(ActivePlot())))
+           + RegionLines(ActivePlot());
 }
 
 void WriteStatsBox() {
