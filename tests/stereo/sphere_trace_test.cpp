@@ -53,13 +53,13 @@ TEST(SphereTrace, ContinuesOnTheFarSideOfThePrimitive) {
         EXPECT_NEAR(std::hypot(piece.front().x, piece.front().y), kNetRadius, 1e-6);
         EXPECT_NEAR(std::hypot(piece.back().x, piece.back().y), kNetRadius, 1e-6);
     }
-    const Point end = pieces[1].back();
-    const Point start = pieces[0].front();
+    const Point end = pieces[0].back();
+    const Point start = pieces[1].front();
     EXPECT_NEAR(end.x, -start.x, 1e-6);
     EXPECT_NEAR(end.y, -start.y, 1e-6);
     // The lower half is about north, the upper half about south: both show the same arc turned.
-    EXPECT_GT(pieces[1][5].y, 0);
-    EXPECT_LT(pieces[0][5].y, 0);
+    EXPECT_GT(pieces[0][5].y, 0);
+    EXPECT_LT(pieces[1][5].y, 0);
     EXPECT_NEAR(end.y, kNetRadius * std::cos(DegToRad(20)), 1e-6);
 }
 
