@@ -116,6 +116,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"merge", {&BatchSession::MergeFile, one}},
         {"open", {&BatchSession::Open, one}},
         {"overlay", {&BatchSession::Overlay, one}},
+        {"region", {&BatchSession::Region, its}},
         {"save", {&BatchSession::Save, {2, {"lines"}}}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},

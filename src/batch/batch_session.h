@@ -94,6 +94,7 @@ private:
     std::string MergeFile(const Command& command);
     std::string Open(const Command& command);
     std::string Overlay(const Command& command);
+    std::string Region(const Command& command);
     std::string Save(const Command& command);
     std::string Set(const Command& command);
     std::string Maxima(const Command& command);

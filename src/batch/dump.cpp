@@ -4,6 +4,7 @@
 
 #include "batch/field_access.h"
 #include "batch/file_dump.h"
+#include "batch/region_command.h"
 #include "batch/rose_dump.h"
 #include "batch/row_dump.h"
 #include "classify/value_grid.h"
@@ -193,6 +194,9 @@ void AddResults(Json& json) {
     json["statsAdvanced"] = StatisticsOf(ActivePlot()).advanced;
     if (HoldsBothAxes(record)) {
         json["axes"] = BothAxesJson();
+    }
+    if (record.RegionsAbout != 0) {
+        json["regions"] = RegionsJson(ActivePlot());
     }
     if (const std::vector<ReferenceLine> lines = ReferenceOfActivePlot(); !lines.empty()) {
         json["statsReference"] = ValuesJson(lines);

@@ -8,6 +8,7 @@
 #include "batch/field_access.h"
 #include "batch/field_rules.h"
 #include "batch/key_values.h"
+#include "batch/region_command.h"
 #include "batch/standard_streams.h"
 #include "core/atomic_file.h"
 #include "core/plot_store.h"
@@ -18,6 +19,7 @@
 #include "qt/plot_picture.h"
 #include "session/reference.h"
 #include "statistics/confidence_cone.h"
+#include "statistics/plot_region_texts.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_positions.h"
 
@@ -170,6 +172,18 @@ std::string BatchSession::Maxima(const Command&) {
     }
     *answers_ << table;
     return {};
+}
+
+/// Chooses the confidence regions, and prints those that the plot has now.
+std::string BatchSession::Region(const Command& command) {
+    if (const std::string error = NeedPlot(); !error.empty()) {
+        return error;
+    }
+    const std::string error = ApplyRegionArguments(command.arguments);
+    if (error.empty()) {
+        *answers_ << TextOfRegions(ActivePlot(), "\n");
+    }
+    return error;
 }
 
 std::string BatchSession::Stats(const Command& command) {
