@@ -92,12 +92,13 @@ std::vector<LegendLine> RegionLegendLines(const Plot& plot, const Styles& styles
     std::vector<LegendLine> lines;
     for (const PlotRegion& region : RegionsOfPlot(plot)) {
         const std::string name = NameOfPlotRegion(plot.record, region);
-        const std::string doubt = DoubtOf(region);
-        const std::string text = doubt.empty() ? name : name + ": " + doubt;
         if (IsShown(plot.record, region)) {
-            lines.push_back({LegendSample::Line, code, text});
+            lines.push_back({LegendSample::Line, code, name});
         } else {
-            lines.push_back({LegendSample::Indent, 0, text});
+            lines.push_back({LegendSample::Indent, 0, name});
+        }
+        if (const std::string doubt = DoubtOf(region); !doubt.empty()) {
+            lines.push_back({LegendSample::Indent, 0, "(" + doubt + ")"});
         }
     }
     return lines;

@@ -33,7 +33,8 @@ struct RegionText {
 /// The same as one text, each line with an end of its own; empty for a plot that shows no regions.
 [[nodiscard]] std::string TextOfRegions(const Plot& plot, const char* lineEnd);
 
-/// A line of the legend for each region: that of its outline, or why there is none.
+/// The name of each region in the legend, with a sample of its outline if it is drawn; in a line
+/// below, why it is refused or undefined.
 [[nodiscard]] std::vector<LegendLine> RegionLegendLines(const Plot& plot, const Styles& styles);
 
 } // namespace quandrel
