@@ -17,6 +17,7 @@ namespace {
 constexpr std::array kTopics = {
     HelpTopic{"GeolPlotMain", "main_window.html"},
     HelpTopic{"frmAbout", "menu_help.html#about"},
+    HelpTopic{"frmConfidenceRegions", "dialog_confidence_regions.html"},
     HelpTopic{"frmDataClassification", "dialog_classification.html"},
     HelpTopic{"frmDataDisplay", "dialog_data_grids.html"},
     HelpTopic{"frmDensities", "dialog_densities.html"},
