@@ -72,6 +72,7 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuKinematicPlots_1", &ToolbarState::hasRows},
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
     {"mnuViewDensities", &ToolbarState::isStereo},
+    {"mnuViewRegions", &ToolbarState::isStereo},
     {"mnuViewPlotData", &ToolbarState::hasPlot},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},

@@ -6,6 +6,7 @@
 #include "core/plot_store.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/dialogs/frm_densities.h"
+#include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -115,6 +116,17 @@ void PlotDialogs::ShowSmallCircles() {
     Show(*circles_);
 }
 
+void PlotDialogs::ShowRegions() {
+    if (!IsOpenSlot(gActivePlot) || IsRoseActive()) {
+        return;
+    }
+    if (regions_ == nullptr) {
+        regions_ = new frmConfidenceRegions(&window_, [this] { changed_(); });
+        PlaceBesideNet(*regions_);
+    }
+    Show(*regions_);
+}
+
 void PlotDialogs::FollowSmallCircles() {
     if (IsShown(circles_)) {
         circles_->Refresh();
@@ -175,6 +187,10 @@ void PlotDialogs::FollowActivePlot() {
     if (IsShown(rotation_)) {
         IsOpenSlot(gActivePlot) ? rotation_->FollowActivePlot()
                                 : static_cast<void>(rotation_->close());
+    }
+    if (IsShown(regions_)) {
+        IsOpenSlot(gActivePlot) ? regions_->FollowActivePlot()
+                                : static_cast<void>(regions_->close());
     }
     if (IsShown(circles_)) {
         IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()

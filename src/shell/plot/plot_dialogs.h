@@ -18,6 +18,7 @@ class QWidget;
 
 namespace quandrel {
 
+class frmConfidenceRegions;
 class frmDataClassification;
 class frmDensities;
 class frmPlotForms;
@@ -50,6 +51,8 @@ public:
 
     /// Opens the dialog of densities if there is an active plot.
     void ShowDensities();
+    /// Opens the dialog of confidence regions if the active plot has a net.
+    void ShowRegions();
 
     [[nodiscard]] bool IsRoseShown() const;
 
@@ -94,6 +97,7 @@ private:
     frmRotationMenu* rotation_ = nullptr;
     frmSmallCircle* circles_ = nullptr;
     frmDensities* densities_ = nullptr;
+    frmConfidenceRegions* regions_ = nullptr;
 };
 
 } // namespace quandrel
