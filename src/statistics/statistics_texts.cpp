@@ -365,13 +365,13 @@ std::string StatsBoxText() {
 
 std::string FabricBoxText() {
     const PlotRecord& record = ActiveRecord();
+    Plot& plot = ActivePlot();
     if (!HasStereoStatistics(record)) {
         return record.PlotKind < kRose ? NumberLine(record) : std::string();
     }
     return AssumptionLine(record)
-           + (HoldsBothAxes(record) ? FabricLinesOfBothAxes()
-                                    : FabricLines(record, LinesOf(ActivePlot())))
-           + RegionLines(ActivePlot());
+           + (HoldsBothAxes(record) ? FabricLinesOfBothAxes() : FabricLines(record, LinesOf(plot)))
+           + RegionLines(plot);
 }
 
 void WriteStatsBox() {
