@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/plot_store.h"
-#include "edit/history/undo.h"
+#include "edit/commands/edit_menu.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "statistics/plot_regions.h"
 #include "support/plot_rows.h"
@@ -58,7 +58,7 @@ protected:
 
     void Choose(QComboBox& list, int value) const {
         list.setCurrentIndex(list.findData(value));
-        emit list.activated(list.currentIndex());
+        list.activated(list.currentIndex());
     }
 
     std::string Text() const { return dialog->txtRegions->toPlainText().toStdString(); }
