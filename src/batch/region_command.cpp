@@ -140,7 +140,7 @@ std::string ApplyRegionArguments(const std::vector<Argument>& arguments) {
     RecordRegions regions = ActiveRecord();
     if (IsOff(arguments)) {
         regions.RegionsAbout = 0;
-        ChangeRegions(regions);
+        ChangeRegions(gActivePlot, regions);
         return {};
     }
     std::string error = TakeArguments(arguments, RegionTakers(), "regions", regions);
@@ -157,7 +157,7 @@ std::string ApplyRegionArguments(const std::vector<Argument>& arguments) {
         return "method: none of these regions can be computed by "
                + NameOf(kMethods, regions.RegionMethod);
     }
-    ChangeRegions(regions);
+    ChangeRegions(gActivePlot, regions);
     return {};
 }
 

@@ -215,7 +215,7 @@ void frmConfidenceRegions::Connect() {
 }
 
 void frmConfidenceRegions::Change(const RecordRegions& regions) {
-    ChangeRegions(regions);
+    ChangeRegions(gActivePlot, regions);
     if (changed_) {
         changed_();
     }

@@ -197,7 +197,7 @@ void frmDensities::ConnectSlider(QSlider& slider, std::function<void(View&, int)
 void frmDensities::Change(const View& view) {
     run_ = nullptr;
     refused_.clear();
-    ChangeDensities(view);
+    ChangeDensities(gActivePlot, view);
     Refresh();
     SayChanged();
 }
@@ -209,7 +209,7 @@ void frmDensities::ChangeBy(QSlider& slider, const View& view) {
         hidesEnvelope_ = true;
         given.ShowEnvelope = 0;
     }
-    ChangeDensities(given, run_ == &slider ? EditRun::Joins : EditRun::First);
+    ChangeDensities(gActivePlot, given, run_ == &slider ? EditRun::Joins : EditRun::First);
     run_ = &slider;
     refused_.clear();
     Refresh();
@@ -222,7 +222,7 @@ void frmDensities::EndDrag() {
     if (hidesEnvelope_ && slot_ == gActivePlot && IsOpenSlot(slot_)) {
         const View view = Now();
         hidesEnvelope_ = false;
-        ChangeDensities(view, EditRun::Joins);
+        ChangeDensities(gActivePlot, view, EditRun::Joins);
         Refresh();
     }
     hidesEnvelope_ = false;
