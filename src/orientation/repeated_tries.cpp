@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+
+#include "orientation/repeated_tries.h"
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace quandrel {
+
+namespace {
+
+/// The blocks that are left, and what was counted in the others.
+class TryBlocks {
+public:
+    explicit TryBlocks(const Repetition& repetition)
+        : repetition_(repetition)
+        , blocks_((repetition.tries + kTriesOfBlock - 1) / kTriesOfBlock) {}
+
+    /// Works on blocks until none is left.
+    ///
+    /// @param afterBlock  returns false to stop all threads
+    void Work(const RandomTry& isCounted, const std::function<bool(double)>& afterBlock) {
+        for (int block = next_++; block < blocks_ && !isStopped_; block = next_++) {
+            RandomStream random(repetition_.seed, static_cast<std::uint64_t>(block));
+            const int first = block * kTriesOfBlock;
+            const int last = std::min(first + kTriesOfBlock, repetition_.tries);
+            int counted = 0;
+            for (int i = first; i < last; ++i) {
+                counted += isCounted(random) ? 1 : 0;
+            }
+            counted_ += counted;
+            done_ += last - first;
+            if (!afterBlock(static_cast<double>(done_) / repetition_.tries)) {
+                isStopped_ = true;
+            }
+        }
+    }
+
+    [[nodiscard]] std::optional<int> Counted() const {
+        return isStopped_ ? std::nullopt : std::optional<int>(counted_);
+    }
+
+private:
+    const Repetition& repetition_;
+    int blocks_;
+    std::atomic<int> next_ = 0;
+    std::atomic<int> done_ = 0;
+    std::atomic<int> counted_ = 0;
+    std::atomic<bool> isStopped_ = false;
+};
+
+} // namespace
+
+std::optional<int> CountTries(const Repetition& repetition,
+                              const std::function<RandomTry()>& makeTry) {
+    TryBlocks blocks(repetition);
+    const auto goesOn = repetition.goesOn ? repetition.goesOn : [](double) { return true; };
+    {
+        std::vector<std::jthread> others; // their destructors wait for them
+        for (unsigned thread = 1; thread < repetition.threads; ++thread) {
+            others.emplace_back([&blocks, isCounted = makeTry()] {
+                blocks.Work(isCounted, [](double) { return true; });
+            });
+        }
+        blocks.Work(makeTry(), goesOn);
+    }
+    return blocks.Counted();
+}
+
+std::optional<double> ProbabilityByTries(const Repetition& repetition,
+                                         const std::function<RandomTry()>& makeTry) {
+    const std::optional<int> counted = CountTries(repetition, makeTry);
+    if (!counted) {
+        return std::nullopt;
+    }
+    return (1.0 + *counted) / (1.0 + repetition.tries);
+}
+
+} // namespace quandrel

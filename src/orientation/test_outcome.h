@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+//
+// The outcome of a statistical test.
+
+#pragma once
+
+namespace quandrel {
+
+/// A test of a hypothesis: small probabilities speak against it.
+struct TestOutcome {
+    double statistic = 0;
+    double probability = 1; ///< of a statistic at least as large under the hypothesis, 0 to 1
+};
+
+} // namespace quandrel
