@@ -3,13 +3,13 @@
 #include "rose/azimuth_samples.h"
 
 #include "orientation/probability.h"
+#include "orientation/random_members.h"
 #include "rose/azimuth_tests.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -55,39 +55,10 @@ PooledAngles PooledOf(std::span<const double> first, std::span<const double> sec
     return pooled;
 }
 
-/// The members of the first sample among all places, drawn at random.
-class RandomMembers {
-public:
-    RandomMembers(std::size_t members, std::size_t places)
-        : members_(members)
-        , order_(places)
-        , isFirst_(places) {
-        std::iota(order_.begin(), order_.end(), std::size_t{0});
-    }
-
-    /// The first places of a random order (R. A. Fisher, F. Yates, 1938).
-    const std::vector<bool>& Draw(RandomStream& random) {
-        std::iota(order_.begin(), order_.end(), std::size_t{0});
-        std::fill(isFirst_.begin(), isFirst_.end(), false);
-        for (std::size_t i = 0; i < members_; ++i) {
-            const std::size_t other =
-                i + random.Below(static_cast<std::uint32_t>(order_.size() - i));
-            std::swap(order_[i], order_[other]);
-            isFirst_[order_[i]] = true;
-        }
-        return isFirst_;
-    }
-
-private:
-    std::size_t members_;
-    std::vector<std::size_t> order_;
-    std::vector<bool> isFirst_;
-};
-
 /// A test by permutations of small samples.
 ///
-/// @param isAsExtreme  of the members of the first sample, by place
-/// @param largeSamples the probability for large ones
+/// @param largeSamples  the probability for large ones
+/// @param isAsExtreme   of the members of the first sample, by place
 template <class IsAsExtreme>
 std::optional<double> PermutationProbability(const PooledAngles& pooled,
                                              const Repetition& repetition, double largeSamples,
@@ -97,8 +68,14 @@ std::optional<double> PermutationProbability(const PooledAngles& pooled,
         return largeSamples;
     }
     return ProbabilityByTries(repetition, [&pooled, places, isAsExtreme]() -> RandomTry {
-        return [members = RandomMembers(pooled.inFirst, places), isAsExtreme](
-                   RandomStream& random) mutable { return isAsExtreme(members.Draw(random)); };
+        return [members = RandomMembers(pooled.inFirst, places),
+                isFirst = std::vector<bool>(places), isAsExtreme](RandomStream& random) mutable {
+            std::fill(isFirst.begin(), isFirst.end(), false);
+            for (const std::size_t member : members.Draw(random)) {
+                isFirst[member] = true;
+            }
+            return isAsExtreme(isFirst);
+        };
     });
 }
 
