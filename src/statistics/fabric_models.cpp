@@ -16,8 +16,10 @@ namespace {
 
 /// @param likelihood  logarithm of the likelihood under the hypothesis
 /// @param greatest    that of the distribution that includes it
-TestOutcome LikelihoodRatio(double likelihood, double greatest) {
-    const double statistic = std::max(2 * (greatest - likelihood), 0.0); // rounding apart
+/// @param factor      corrects the statistic of small samples
+TestOutcome LikelihoodRatio(double likelihood, double greatest, double factor) {
+    // Of equal likelihoods one may be the greater by rounding.
+    const double statistic = std::max(2 * (greatest - likelihood), 0.0) * factor;
     return {statistic, ChiSquareTail(statistic, 2)};
 }
 
@@ -40,8 +42,9 @@ std::optional<FabricModels> FabricModelsOf(const std::array<double, 3>& t, doubl
     models.clusterLikelihood = n * (*cluster * t[2] - WatsonLogConstant(*cluster));
     models.girdleLikelihood = n * (*girdle * t[0] - WatsonLogConstant(*girdle));
     models.binghamLikelihood = n * (k1 * t[0] + k2 * t[1] - std::log(constant));
-    models.cluster = LikelihoodRatio(models.clusterLikelihood, models.binghamLikelihood);
-    models.girdle = LikelihoodRatio(models.girdleLikelihood, models.binghamLikelihood);
+    models.cluster = LikelihoodRatio(models.clusterLikelihood, models.binghamLikelihood,
+                                     std::max(1 - 2 / n, 0.0));
+    models.girdle = LikelihoodRatio(models.girdleLikelihood, models.binghamLikelihood, 1);
     models.uniform = BinghamUniformity(t, n);
     models.woodcock = ShapeOf(t).gamma;
     return models;

@@ -6,7 +6,9 @@
 // Bingham's distribution includes both of Watson's. Twice the logarithm of a ratio of likelihoods
 // is chi-square in large samples, here with two degrees of freedom: the difference of two
 // concentrations, and the turn about the axis (K. V. Mardia, P. E. Jupp, Directional Statistics,
-// 2000, 10.7).
+// 2000, 10.7). That of a cluster is multiplied by 1 - 2/n: for concentrated axes this is the
+// correction of the test that the variances in a plane are equal, with the degrees of freedom that
+// are left beside the mean (R. J. Muirhead, Aspects of Multivariate Statistical Theory, 1982, 8.3).
 
 #pragma once
 

@@ -34,16 +34,17 @@ constexpr std::array<double, kTabulated> kOfTwoVariables = {
     0.3199, 0.3686, 0.4032, 0.4236, 0.4581, 0.5056, 0.5442, 0.5800, 0.6161, 0.6546,
     0.6987, 0.7542, 0.7900, 0.8373, 0.9109, 0.9779, 1.0586, 1.1153, 1.1867, 1.2368};
 
-/// A statistic is the deviation times sqrt(n) + constant + inverse/sqrt(n).
+/// A statistic is the deviation times sqrt(n) + constant + inverse/sqrt(n), times 1 + spread/kappa.
 struct Modification {
     double constant;
     double inverse;
+    double spread;
     const std::array<double, kTabulated>& table;
 };
 
-constexpr Modification kColatitudes{0.06, 0.70, kOfColatitudes};
-constexpr Modification kLongitudes{0.29, 0.12, kOfLongitudes};
-constexpr Modification kTwoVariables{0.20, 0.20, kOfTwoVariables};
+constexpr Modification kColatitudes{0.06, 0.70, 0, kOfColatitudes};
+constexpr Modification kLongitudes{0.29, 0.12, 0.10, kOfLongitudes};
+constexpr Modification kTwoVariables{0.20, 0.20, 0.08, kOfTwoVariables};
 
 /// Logarithms of probabilities are interpolated by the square of the statistic, to which those of
 /// large deviations are proportional.
@@ -58,10 +59,17 @@ double TabulatedProbability(double statistic, const std::array<double, kTabulate
     return std::min(std::exp(logarithm), 1.0);
 }
 
-TestOutcome OutcomeOf(double deviation, std::size_t count, const Modification& modification) {
-    const double root = std::sqrt(static_cast<double>(count));
-    const double statistic =
-        deviation * (root + modification.constant + modification.inverse / root);
+/// The number of directions and their concentration.
+struct SampleSize {
+    double count = 0;
+    double concentration = 0;
+};
+
+TestOutcome OutcomeOf(double deviation, const SampleSize& size, const Modification& modification) {
+    const double root = std::sqrt(size.count);
+    const double statistic = deviation
+                             * (root + modification.constant + modification.inverse / root)
+                             * (1 + modification.spread / size.concentration);
     return {statistic, TabulatedProbability(statistic, modification.table)};
 }
 
@@ -101,22 +109,22 @@ std::vector<double> Transformed(const std::vector<double>& values, Function func
     return results;
 }
 
-FitTest TestColatitudes(std::vector<double> excesses, double concentration) {
+FitTest TestColatitudes(std::vector<double> excesses, const SampleSize& size) {
     std::sort(excesses.begin(), excesses.end());
     const auto [above, below] = DeviationsOf(Transformed(
-        excesses, [concentration](double excess) { return -std::expm1(-concentration * excess); }));
-    return {OutcomeOf(std::max(above, below), excesses.size(), kColatitudes),
+        excesses, [&size](double excess) { return -std::expm1(-size.concentration * excess); }));
+    return {OutcomeOf(std::max(above, below), size, kColatitudes),
             PointsOf(excesses, [](double share) { return -std::log1p(-share); })};
 }
 
-FitTest TestLongitudes(std::vector<double> turns) {
+FitTest TestLongitudes(std::vector<double> turns, const SampleSize& size) {
     std::sort(turns.begin(), turns.end());
     const auto [above, below] = DeviationsOf(turns);
-    return {OutcomeOf(above + below, turns.size(), kLongitudes),
+    return {OutcomeOf(above + below, size, kLongitudes),
             PointsOf(turns, [](double share) { return share; })};
 }
 
-FitTest TestTwoVariables(std::vector<double> values) {
+FitTest TestTwoVariables(std::vector<double> values, const SampleSize& size) {
     std::sort(values.begin(), values.end());
     double squares = 0;
     for (const double value : values) {
@@ -125,7 +133,7 @@ FitTest TestTwoVariables(std::vector<double> values) {
     const double deviation = std::sqrt(squares / static_cast<double>(values.size()));
     const auto [above, below] = DeviationsOf(
         Transformed(values, [deviation](double value) { return NormalBelow(value / deviation); }));
-    return {OutcomeOf(std::max(above, below), values.size(), kTwoVariables),
+    return {OutcomeOf(std::max(above, below), size, kTwoVariables),
             PointsOf(values, NormalQuantile)};
 }
 
@@ -195,9 +203,10 @@ std::optional<FisherFit> FitFisher(std::span<const Direction> directions) {
     }
     FisherFit fit;
     fit.concentration = (n - 1) / excess;
-    fit.colatitudes = TestColatitudes(std::move(values.excesses), fit.concentration);
-    fit.longitudes = TestLongitudes(std::move(values.turns));
-    fit.twoVariables = TestTwoVariables(std::move(values.normals));
+    const SampleSize size = {n, fit.concentration};
+    fit.colatitudes = TestColatitudes(std::move(values.excesses), size);
+    fit.longitudes = TestLongitudes(std::move(values.turns), size);
+    fit.twoVariables = TestTwoVariables(std::move(values.normals), size);
     return fit;
 }
 

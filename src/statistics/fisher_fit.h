@@ -33,7 +33,7 @@ struct FitTest {
 };
 
 /// The tests of a sample. Statistics are those of Kolmogorov, D, or of Kuiper, V, modified so that
-/// their probabilities do not depend on n.
+/// their probabilities hardly depend on n and on the concentration.
 struct FisherFit {
     double concentration = 0; ///< (n - 1)/(n - R), R the length of the resultant
 

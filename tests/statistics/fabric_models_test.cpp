@@ -97,8 +97,22 @@ TEST(FabricModels, LikelihoodsAreSumsOverTheRows) {
     }
     EXPECT_NEAR(models.clusterLikelihood, cluster, 1e-9);
     EXPECT_NEAR(models.binghamLikelihood, bingham, 1e-9);
-    EXPECT_NEAR(models.cluster.statistic, 2 * (bingham - cluster), 1e-9);
-    EXPECT_NEAR(models.cluster.probability, std::exp(cluster - bingham), 1e-9);
+    const double corrected = (1 - 2.0 / 60) * (bingham - cluster);
+    EXPECT_NEAR(models.cluster.statistic, 2 * corrected, 1e-9);
+    EXPECT_NEAR(models.cluster.probability, std::exp(-corrected), 1e-9);
+    EXPECT_NEAR(models.girdle.statistic, 2 * (bingham - models.girdleLikelihood), 1e-9);
+}
+
+TEST(FabricModels, OfConcentratedClustersTestTheVariancesInThePlane) {
+    // The exact probability of equal variances in a plane, with m degrees of freedom, is
+    // (4 v1 v2/(v1 + v2)^2)^((m - 1)/2); here m = n - 1.
+    const double v1 = 2e-5;
+    const double v2 = 3e-5;
+    for (const double n : {12.0, 40.0}) {
+        const FabricModels models = FabricModelsOf({v1, v2, 1 - v1 - v2}, n).value();
+        const double exact = std::pow(4 * v1 * v2 / ((v1 + v2) * (v1 + v2)), (n - 2) / 2);
+        EXPECT_NEAR(models.cluster.probability, exact, 1e-4) << n;
+    }
 }
 
 TEST(FabricModels, FitAtLeastAsWellAsNearbyConcentrations) {
