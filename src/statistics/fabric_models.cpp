@@ -51,11 +51,11 @@ std::optional<FabricModels> FabricModelsOf(const std::array<double, 3>& t, doubl
 }
 
 FabricKind KindOfFabric(const FabricModels& models, double level) {
-    if (!(models.uniform.probability < level)) {
+    if (!IsRejected(models.uniform, level)) {
         return FabricKind::Uniform;
     }
-    const bool mayBeCluster = !(models.cluster.probability < level);
-    const bool mayBeGirdle = !(models.girdle.probability < level);
+    const bool mayBeCluster = !IsRejected(models.cluster, level);
+    const bool mayBeGirdle = !IsRejected(models.girdle, level);
     if (mayBeCluster && mayBeGirdle) {
         return FabricKind::Undecided;
     }

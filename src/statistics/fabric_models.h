@@ -49,6 +49,6 @@ enum class FabricKind {
 };
 
 /// @param level  probabilities below it reject; 0 to 1
-[[nodiscard]] FabricKind KindOfFabric(const FabricModels& models, double level = 0.05);
+[[nodiscard]] FabricKind KindOfFabric(const FabricModels& models, double level = kTestLevel);
 
 } // namespace quandrel
