@@ -177,8 +177,12 @@ void TryEqualMeans(int samples) {
                       EqualMeansTest(first, second, LinePolarity::kAxial, ShortRepetition(seed)))};
               });
     }
-    for (const auto& [kappa1, kappa2] : {std::pair(5.0, 5.0), {30.0, 30.0}, {20.0, 5.0}}) {
-        for (const auto& [n1, n2] : {std::pair(15, 15), {20, 50}}) {
+    for (const auto& kappas : {std::pair(5.0, 5.0), {30.0, 30.0}, {20.0, 5.0}}) {
+        for (const auto& sizes : {std::pair(15, 15), {20, 50}}) {
+            const double kappa1 = kappas.first;
+            const double kappa2 = kappas.second;
+            const int n1 = sizes.first;
+            const int n2 = sizes.second;
             Print({"equal means of directions"},
                   Named("n %.0f and %.0f, ", n1, n2) + Named("kappa %.0f and %.0f", kappa1, kappa2),
                   samples, [=](RandomStream& random, std::uint64_t seed) -> Probabilities {
@@ -237,7 +241,9 @@ void TryUniformAzimuths(int samples) {
 }
 
 void TryTwoSamples(int samples) {
-    for (const auto& [n1, n2] : {std::pair(6, 8), {20, 40}, {600, 500}}) {
+    for (const auto& sizes : {std::pair(6, 8), {20, 40}, {600, 500}}) {
+        const int n1 = sizes.first;
+        const int n2 = sizes.second;
         for (const double step : {1.0, 10.0}) {
             Print({"Watson, two samples", "Mardia-Watson-Wheeler"},
                   Named("n %.0f and %.0f", n1, n2) + Named(" in steps of %.0f degrees", step),

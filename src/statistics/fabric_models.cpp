@@ -44,7 +44,8 @@ std::optional<FabricModels> FabricModelsOf(const std::array<double, 3>& t, doubl
     models.binghamLikelihood = n * (k1 * t[0] + k2 * t[1] - std::log(constant));
     models.cluster = LikelihoodRatio(models.clusterLikelihood, models.binghamLikelihood,
                                      std::max(1 - 2 / n, 0.0));
-    models.girdle = LikelihoodRatio(models.girdleLikelihood, models.binghamLikelihood, 1);
+    models.girdle =
+        LikelihoodRatio(models.girdleLikelihood, models.binghamLikelihood, 1 - 1 / (2 * n));
     models.uniform = BinghamUniformity(t, n);
     models.woodcock = ShapeOf(t).gamma;
     return models;

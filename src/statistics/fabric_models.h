@@ -9,6 +9,8 @@
 // 2000, 10.7). That of a cluster is multiplied by 1 - 2/n: for concentrated axes this is the
 // correction of the test that the variances in a plane are equal, with the degrees of freedom that
 // are left beside the mean (R. J. Muirhead, Aspects of Multivariate Statistical Theory, 1982, 8.3).
+// That of a girdle is multiplied by 1 - 1/(2 n): for narrow girdles it is that of uniform azimuths,
+// 2 n (R^2 + R^4/4 + ...) of doubled azimuths, whose mean is 2 (1 + 1/(2 n)).
 
 #pragma once
 

@@ -100,7 +100,8 @@ TEST(FabricModels, LikelihoodsAreSumsOverTheRows) {
     const double corrected = (1 - 2.0 / 60) * (bingham - cluster);
     EXPECT_NEAR(models.cluster.statistic, 2 * corrected, 1e-9);
     EXPECT_NEAR(models.cluster.probability, std::exp(-corrected), 1e-9);
-    EXPECT_NEAR(models.girdle.statistic, 2 * (bingham - models.girdleLikelihood), 1e-9);
+    EXPECT_NEAR(models.girdle.statistic, (1 - 1.0 / 120) * 2 * (bingham - models.girdleLikelihood),
+                1e-9);
 }
 
 TEST(FabricModels, OfConcentratedClustersTestTheVariancesInThePlane) {
@@ -113,6 +114,15 @@ TEST(FabricModels, OfConcentratedClustersTestTheVariancesInThePlane) {
         const double exact = std::pow(4 * v1 * v2 / ((v1 + v2) * (v1 + v2)), (n - 2) / 2);
         EXPECT_NEAR(models.cluster.probability, exact, 1e-4) << n;
     }
+}
+
+TEST(FabricModels, OfNarrowGirdlesTestTheAzimuthsInThePlane) {
+    // Twice the azimuths have the mean resultant length (t3 - t2)/(t3 + t2) = 0.1; the likelihood
+    // of von Mises' distribution is n (R^2 + R^4/4) above that of uniform ones.
+    const double t1 = 1e-5;
+    const FabricModels models = FabricModelsOf({t1, 0.45 * (1 - t1), 0.55 * (1 - t1)}, 200).value();
+    const double expected = 2 * 200 * (0.01 + 0.0001 / 4) * (1 - 1.0 / 400);
+    EXPECT_NEAR(models.girdle.statistic, expected, 1e-3);
 }
 
 TEST(FabricModels, FitAtLeastAsWellAsNearbyConcentrations) {

@@ -170,8 +170,9 @@ TEST(FitFisher, HasNoResultOfTooFewOrEqualDirections) {
 
 TEST(FitFisherTrial, RejectsFisherSamplesAtTheLevels) {
     RandomStream random(1987);
-    for (const auto& [n, kappa] : {std::pair(10, 20.0), {50, 40.0}}) {
+    for (const int n : {10, 50}) {
         SCOPED_TRACE(n);
+        const double kappa = n == 10 ? 20 : 40;
         Rejections colatitudes;
         Rejections longitudes;
         Rejections twoVariables;
