@@ -10,6 +10,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "edit/marks/girdles.h"
+#include "edit/marks/plot_views.h"
 #include "edit/marks/small_circles.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
@@ -324,6 +325,30 @@ void MakeDialogPictures(const QString& examples, const QString& folder, const QS
     MakeSavePicture(show);
 }
 
+/// Densities and confidence regions with their dialogs, over the example of a fold.
+void MakeAnalysisPictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Open("folded_bedding.txt");
+    RecordDensityView view;
+    view.DensityMethod = kDensityByKambExponential;
+    view.DensityUnit = kSigmaUnit;
+    view.LevelRule = kEvenLevels;
+    view.ContourPicture = kLinesOverBands;
+    view.BandPalette = 1;
+    view.ShowMaxima = kTrue;
+    ActiveRecord().PlotSymbolMode = kContours;
+    ChangeDensities(gActivePlot, view);
+    show.Press("mnuViewDensities");
+    PictureOf(show, "frmDensities", "densities");
+    RecordRegions regions;
+    regions.RegionsAbout = kRegionOfAxis | kRegionOfGirdle;
+    ChangeRegions(gActivePlot, regions);
+    show.Press("mnuViewRegions");
+    PictureOf(show, "frmConfidenceRegions", "confidence_regions");
+    auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    show.Picture(*form.picStereoArea, "densities_on_net");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -338,8 +363,10 @@ int main(int argc, char** argv) {
     MakePictures(argv[1], argv[2], "light");
     MakeEditingPictures(argv[1], argv[2], "light");
     MakeDialogPictures(argv[1], argv[2], "light");
+    MakeAnalysisPictures(argv[1], argv[2], "light");
     QApplication::setPalette(DarkPalette());
     MakePictures(argv[1], argv[2], "dark");
+    MakeAnalysisPictures(argv[1], argv[2], "dark");
     QApplication::setPalette(light);
     return 0;
 }
