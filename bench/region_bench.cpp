@@ -4,7 +4,7 @@
 // Bingham's distribution.
 
 #include "orientation/angles.h"
-#include "statistics/bingham_fit.h"
+#include "statistics/bingham_distribution.h"
 #include "statistics/bootstrap_region.h"
 
 #include <benchmark/benchmark.h>
@@ -54,7 +54,7 @@ void ResamplesOfDirectionsByTwo(benchmark::State& state) {
 
 void ConcentrationsOfBingham(benchmark::State& state) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(FitBingham(0.02, 0.1));
+        benchmark::DoNotOptimize(BinghamConcentrations(0.02, 0.1));
     }
 }
 

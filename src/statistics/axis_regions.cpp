@@ -3,7 +3,7 @@
 #include "statistics/axis_regions.h"
 
 #include "orientation/probability.h"
-#include "statistics/bingham_fit.h"
+#include "statistics/bingham_distribution.h"
 
 #include <cmath>
 
@@ -109,7 +109,7 @@ ConfidenceRegion BinghamEllipse(const RegionSample& sample, RegionTarget target,
     const bool isPole = target == RegionTarget::GirdlePole;
     const std::array<double, 3> values =
         isPole ? std::array{frame->values[2], frame->values[1], frame->values[0]} : frame->values;
-    region.binghamConcentrations = FitBingham(values[0], values[1]);
+    region.binghamConcentrations = BinghamConcentrations(values[0], values[1]);
     if (!region.binghamConcentrations) {
         region.reason = RegionReason::NoMaximum;
         return region;

@@ -3,9 +3,10 @@
 #include "statistics/fabric_models.h"
 
 #include "orientation/probability.h"
-#include "statistics/bingham_likelihood.h"
+#include "statistics/bingham_distribution.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/uniformity_tests.h"
+#include "statistics/watson_distribution.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,7 +29,7 @@ TestOutcome LikelihoodRatio(double likelihood, double greatest, double factor) {
 std::optional<FabricModels> FabricModelsOf(const std::array<double, 3>& t, double n) {
     const auto cluster = WatsonConcentration(t[2]);
     const auto girdle = WatsonConcentration(t[0]);
-    const auto bingham = BinghamConcentrations(t);
+    const auto bingham = BinghamConcentrations(t[0], t[1]);
     if (!cluster || !girdle || !bingham) {
         return std::nullopt;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "statistics/axis_regions.h"
-#include "statistics/bingham_fit.h"
+#include "statistics/bingham_distribution.h"
 #include "statistics/reference_statistics.h"
 #include "support/random_axes.h"
 

@@ -2,7 +2,7 @@
 //
 // Uniformity, and the choice between cluster and girdle.
 
-#include "statistics/bingham_likelihood.h"
+#include "statistics/bingham_distribution.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_models.h"
 #include "statistics/uniformity_tests.h"

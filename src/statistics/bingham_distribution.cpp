@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "statistics/bingham_fit.h"
+#include "statistics/bingham_distribution.h"
 
 #include "statistics/bessel.h"
 
@@ -86,7 +86,7 @@ void AddNode(Sums& sums, double v, double weight, double greater, double half, s
     sums.fourths[1] += density * square * across;
 }
 
-std::optional<std::array<double, 2>> NewtonStep(const BinghamIntegrals& at, double t1, double t2) {
+std::optional<std::array<double, 2>> NewtonStep(const BinghamMoments& at, double t1, double t2) {
     const auto& [a, b, c] = at.covariances;
     const double determinant = a * c - b * b;
     if (!(determinant > 0)) {
@@ -98,13 +98,13 @@ std::optional<std::array<double, 2>> NewtonStep(const BinghamIntegrals& at, doub
 }
 
 /// Mean logarithm of the likelihood of a row.
-double LogLikelihood(const BinghamIntegrals& at, const std::array<double, 2>& k, double t1,
+double LogLikelihood(const BinghamMoments& at, const std::array<double, 2>& k, double t1,
                      double t2) {
     return k[0] * t1 + k[1] * t2 - std::log(at.constant);
 }
 
 bool IsWithinBounds(const std::array<double, 2>& k) {
-    return std::min(k[0], k[1]) >= -kGreatestConcentration && std::max(k[0], k[1]) <= 1;
+    return std::min(k[0], k[1]) >= -kGreatestAxialConcentration && std::max(k[0], k[1]) <= 1;
 }
 
 /// The concentrations after a step of Newton, which is halved until the likelihood grows; empty
@@ -114,7 +114,7 @@ bool IsWithinBounds(const std::array<double, 2>& k) {
 ///              squared by each step, which then needs no test.
 std::optional<std::array<double, 2>> AfterStep(const std::array<double, 2>& k,
                                                const std::array<double, 2>& step, double gain,
-                                               const BinghamIntegrals& at, double t1, double t2) {
+                                               const BinghamMoments& at, double t1, double t2) {
     const double before = LogLikelihood(at, k, t1, t2);
     for (double share = 1; share > 1e-6; share /= 2) {
         const std::array<double, 2> next = {k[0] + share * step[0], k[1] + share * step[1]};
@@ -122,8 +122,7 @@ std::optional<std::array<double, 2>> AfterStep(const std::array<double, 2>& k,
             continue;
         }
         if (gain < kSmallGain
-            || LogLikelihood(BinghamIntegralsOf(next[0], next[1]), next, t1, t2)
-                   > before + share * gain / 4) {
+            || LogLikelihood(BinghamMomentsOf(next), next, t1, t2) > before + share * gain / 4) {
             return next;
         }
     }
@@ -132,7 +131,8 @@ std::optional<std::array<double, 2>> AfterStep(const std::array<double, 2>& k,
 
 } // namespace
 
-BinghamIntegrals BinghamIntegralsOf(double k1, double k2) {
+BinghamMoments BinghamMomentsOf(const std::array<double, 2>& k) {
+    const auto& [k1, k2] = k;
     static const GaussRule rule = MakeGaussRule();
     const double greater = std::max(k1, k2);
     const double half = std::abs(k1 - k2) / 2;
@@ -150,7 +150,7 @@ BinghamIntegrals BinghamIntegralsOf(double k1, double k2) {
             AddNode(sums, w * (2 - w), (end - begin) * rule.weights[i], greater, half, wide);
         }
     }
-    BinghamIntegrals result;
+    BinghamMoments result;
     result.constant = sums.one;
     result.squares = {sums.squares[0] / sums.one, sums.squares[1] / sums.one};
     const auto& [m1, m2] = result.squares;
@@ -160,15 +160,15 @@ BinghamIntegrals BinghamIntegralsOf(double k1, double k2) {
     return result;
 }
 
-std::optional<std::array<double, 2>> FitBingham(double t1, double t2) {
+std::optional<std::array<double, 2>> BinghamConcentrations(double t1, double t2) {
     if (!(t1 > 0)) {
         return std::nullopt;
     }
     // The concentrations of a plane normal distribution with these variances.
-    std::array<double, 2> k = {std::max(-1 / (2 * t1), -kGreatestConcentration / 2),
-                               std::max(-1 / (2 * t2), -kGreatestConcentration / 2)};
+    std::array<double, 2> k = {std::max(-1 / (2 * t1), -kGreatestAxialConcentration / 2),
+                               std::max(-1 / (2 * t2), -kGreatestAxialConcentration / 2)};
     for (int count = 0; count < kMostSteps; ++count) {
-        const BinghamIntegrals at = BinghamIntegralsOf(k[0], k[1]);
+        const BinghamMoments at = BinghamMomentsOf(k);
         const auto step = NewtonStep(at, t1, t2);
         if (!step) {
             return std::nullopt;
