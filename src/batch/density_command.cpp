@@ -33,22 +33,12 @@ const Names kPictures = {
 
 const Names kPalettes = {{"levels", 0}, {"warm", 1}, {"cool", 2}, {"diverging", 3}, {"grey", 4}};
 
-std::string TakeLimited(const std::string& value, double lowest, double highest, double& field) {
-    const std::optional<double> number = ReadNumber(value);
-    if (!number || *number < lowest || *number > highest) {
-        return "'" + value + "' is not a number from " + FormatNumber(lowest, "0.##") + " to "
-               + FormatNumber(highest, "0.##");
-    }
-    field = *number;
-    return {};
-}
-
 std::string TakeWidth(const std::string& value, View& view) {
     if (value == "auto") {
         view.KernelWidth = 0;
         return {};
     }
-    return TakeLimited(value, 2, 60, view.KernelWidth);
+    return TakeNumber(value, 2, 60, view.KernelWidth);
 }
 
 /// "doubling", "even", "even:2" or a list of numbers.
@@ -80,38 +70,21 @@ std::string TakeLevels(const std::string& value, View& view) {
     return {};
 }
 
-template <class Field>
-std::string TakeSwitch(const std::string& value, Field& field) {
-    bool isOn = false;
-    std::string error = TakeTruth(value, isOn);
-    field = isOn ? kTrue : Field{0};
-    return error;
-}
-
 const Takers<View>& DensityTakers() {
     static const Takers<View> takers = {
         {"method", [](auto& v, View& s) { return TakeName(kMethods, v, s.DensityMethod); }},
-        {"k", [](auto& v, View& s) { return TakeLimited(v, 1, 1000, s.DensityK); }},
+        {"k", [](auto& v, View& s) { return TakeNumber(v, 1, 1000, s.DensityK); }},
         {"width", TakeWidth},
         {"unit", [](auto& v, View& s) { return TakeName(kUnits, v, s.DensityUnit); }},
         {"levels", TakeLevels},
         {"picture", [](auto& v, View& s) { return TakeName(kPictures, v, s.ContourPicture); }},
         {"palette", [](auto& v, View& s) { return TakeName(kPalettes, v, s.BandPalette); }},
         {"reversed", [](auto& v, View& s) { return TakeSwitch(v, s.PaletteReversed); }},
-        {"opacity", [](auto& v, View& s) { return TakeLimited(v, 0, 1, s.BandOpacity); }},
+        {"opacity", [](auto& v, View& s) { return TakeNumber(v, 0, 1, s.BandOpacity); }},
         {"envelope", [](auto& v, View& s) { return TakeSwitch(v, s.ShowEnvelope); }},
         {"maxima", [](auto& v, View& s) { return TakeSwitch(v, s.ShowMaxima); }},
     };
     return takers;
-}
-
-bool IsGiven(const std::vector<Argument>& arguments, std::string_view key) {
-    for (const Argument& argument : arguments) {
-        if (argument.name == key) {
-            return true;
-        }
-    }
-    return false;
 }
 
 /// Why a unit was refused; a method without one takes its first unit.

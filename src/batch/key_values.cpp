@@ -2,8 +2,10 @@
 
 #include "batch/key_values.h"
 
+#include "core/record_fields.h"
 #include "orientation/number_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quandrel {
@@ -28,6 +30,19 @@ std::optional<int> WholeNumber(const std::string& text, int lowest, int highest)
     return static_cast<int>(*value);
 }
 
+std::string NameOf(const Names& names, int value) {
+    for (const auto& [name, valueOfName] : names) {
+        if (valueOfName == value) {
+            return name;
+        }
+    }
+    return {};
+}
+
+std::string TakeSwitch(const std::string& value, std::int16_t& field) {
+    return TakeName({{"yes", kTrue}, {"no", 0}}, value, field);
+}
+
 std::string TakeNumber(const std::string& value, double& field) {
     const std::optional<double> number = ReadNumber(value);
     if (!number) {
@@ -35,6 +50,21 @@ std::string TakeNumber(const std::string& value, double& field) {
     }
     field = *number;
     return {};
+}
+
+std::string TakeNumber(const std::string& value, double lowest, double highest, double& field) {
+    const std::optional<double> number = ReadNumber(value);
+    if (!number || *number < lowest || *number > highest) {
+        return "'" + value + "' is not a number from " + FormatNumber(lowest, "0.##") + " to "
+               + FormatNumber(highest, "0.##");
+    }
+    field = *number;
+    return {};
+}
+
+bool IsGiven(const std::vector<Argument>& arguments, std::string_view key) {
+    return std::any_of(arguments.begin(), arguments.end(),
+                       [key](const Argument& argument) { return argument.name == key; });
 }
 
 std::string LackOfValue(const std::string& key) {

@@ -6,11 +6,13 @@
 
 #include "batch/script.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quandrel {
@@ -43,11 +45,32 @@ std::string TakeName(const Names& names, const std::string& value, Field& field)
     return {};
 }
 
+/// Reads names in a list with commas, as the sum of their values, which are bits.
+template <class Field>
+std::string TakeSum(const Names& names, const std::string& value, Field& field) {
+    int sum = 0;
+    for (const std::string& name : SplitAtCommas(value)) {
+        int bit = 0;
+        if (std::string error = TakeName(names, name, bit); !error.empty()) {
+            return error;
+        }
+        sum |= bit;
+    }
+    field = static_cast<Field>(sum);
+    return {};
+}
+
+/// The name of a value in a table; empty for one that it does not have.
+[[nodiscard]] std::string NameOf(const Names& names, int value);
+
 /// Reads yes or no.
 template <class Field>
 std::string TakeTruth(const std::string& value, Field& field) {
     return TakeName({{"yes", 1}, {"no", 0}}, value, field);
 }
+
+/// Reads yes or no into a field of a record, where yes is kTrue.
+[[nodiscard]] std::string TakeSwitch(const std::string& value, std::int16_t& field);
 
 /// Reads an integer within bounds.
 template <class Field>
@@ -63,6 +86,13 @@ std::string TakeWhole(const std::string& value, int lowest, int highest, Field& 
 
 /// Reads any number.
 [[nodiscard]] std::string TakeNumber(const std::string& value, double& field);
+
+/// Reads a number within bounds.
+[[nodiscard]] std::string TakeNumber(const std::string& value, double lowest, double highest,
+                                     double& field);
+
+/// Whether one of the arguments has a key.
+[[nodiscard]] bool IsGiven(const std::vector<Argument>& arguments, std::string_view key);
 
 /// The functions that store the values of a command's keys in its draft. Each returns an error
 /// message, or nothing.

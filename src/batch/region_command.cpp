@@ -5,7 +5,6 @@
 #include "batch/key_values.h"
 #include "core/plot_store.h"
 #include "edit/marks/plot_views.h"
-#include "orientation/number_text.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/plot_regions.h"
 #include "statistics/region_form.h"
@@ -39,24 +38,6 @@ const Names kMethods = {{"auto", kRegionAutomatic},
                         {"bingham", kRegionByBingham},
                         {"bootstrap", kRegionByBootstrap}};
 
-/// Names in a list, as the sum of their codes.
-std::string TakeSum(const Names& names, const std::string& value, std::int16_t& field) {
-    int sum = 0;
-    for (const std::string& name : SplitAtCommas(value)) {
-        int code = 0;
-        if (std::string error = TakeName(names, name, code); !error.empty()) {
-            return error;
-        }
-        sum |= code;
-    }
-    field = static_cast<std::int16_t>(sum);
-    return {};
-}
-
-std::string TakeSwitch(const std::string& value, std::int16_t& field) {
-    return TakeName({{"yes", kTrue}, {"no", 0}}, value, field);
-}
-
 const Takers<RecordRegions>& RegionTakers() {
     using Regions = RecordRegions;
     static const Takers<Regions> takers = {
@@ -80,16 +61,6 @@ const Takers<RecordRegions>& RegionTakers() {
 
 bool IsOff(const std::vector<Argument>& arguments) {
     return arguments.size() == 1 && arguments[0].name.empty() && arguments[0].value == "off";
-}
-
-/// The name of a code in a table.
-std::string NameOf(const Names& names, int code) {
-    for (const auto& [name, value] : names) {
-        if (value == code) {
-            return name;
-        }
-    }
-    return {};
 }
 
 const char* NameOfTarget(RegionTarget target) {
