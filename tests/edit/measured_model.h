@@ -5,10 +5,14 @@
 #pragma once
 
 #include "core/replot.h"
+#include "edit/commands/edit_menu.h"
 #include "edit/edit_plot.h"
+#include "edit/rows/edit_rows.h"
 #include "input/data_rows.h"
+#include "rotation/rotate_data.h"
 #include "support/measured.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 
@@ -157,6 +161,58 @@ protected:
     }
 
     void SelectSome() { SelectSome(Record().NumLoadedData); }
+
+    /// Cuts or deletes some rows, unless too few main rows would be left; returns whether.
+    bool CutSome(EditItem item) {
+        SelectSome();
+        const std::vector<std::int32_t> gone = RowsToRemove(slot_, SelectedRowsOf(slot_));
+        if (static_cast<std::int32_t>(gone.size()) + 4 > Record().NumData) {
+            return false;
+        }
+        EditSelection(item);
+        for (auto row = gone.rbegin(); row != gone.rend(); ++row) {
+            model_.erase(model_.begin() + (*row - 1));
+        }
+        return true;
+    }
+
+    /// Rotates the plot by a random angle about a random axis. The model stays as it was.
+    RotationSettings TurnAtRandom() {
+        RotationSettings turn;
+        turn.operation = kRotateAboutAxis;
+        turn.inclination = Angle(90);
+        turn.azimuth = Angle(360);
+        turn.angle = Angle(720) - 360;
+        RotationReport report;
+        EXPECT_FALSE(ApplyRotation(turn, report));
+        return turn;
+    }
+
+    /// A run of edits, all the way back through them and forward again.
+    ///
+    /// @param editOnce  makes an edit that can be undone, or none
+    template <class Edit>
+    void EditAndUndo(int count, Edit editOnce) {
+        ForgetUndo();
+        std::vector<Model> states = {model_};
+        for (int edit = 0; edit < count && !HasFatalFailure(); ++edit) {
+            editOnce();
+            ExpectModel("edit");
+            const std::size_t steps = UseOfUndo().steps;
+            states.resize(std::max(states.size(), steps + 1), model_);
+            states[steps] = model_; // a nudge may have joined the last step
+        }
+        for (std::size_t state = states.size() - 1; state > 0 && !HasFatalFailure(); --state) {
+            UndoLastEdit();
+            model_ = states[state - 1];
+            ExpectModel("undo");
+        }
+        for (std::size_t state = 1; state < states.size() && !HasFatalFailure(); ++state) {
+            RedoLastEdit();
+            model_ = states[state];
+            ExpectModel("redo");
+        }
+    }
 
     void SwitchDecimals() {
         Record().UseDecimals = Record().UseDecimals != 0 ? std::int16_t{0} : kTrue;

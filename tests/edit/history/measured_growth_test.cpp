@@ -140,19 +140,6 @@ protected:
         ++done_["grid"];
     }
 
-    void CutSome() {
-        SelectSome();
-        const std::vector<std::int32_t> gone = RowsToRemove(slot_, SelectedRowsOf(slot_));
-        if (static_cast<std::int32_t>(gone.size()) + 4 > Record().NumData) {
-            return;
-        }
-        EditSelection(kCutItem);
-        ++done_["cut"];
-        for (auto row = gone.rbegin(); row != gone.rend(); ++row) {
-            model_.erase(model_.begin() + (*row - 1));
-        }
-    }
-
     void EditOnce() {
         switch (Below(5)) {
         case 0:
@@ -162,7 +149,7 @@ protected:
             AddPoint();
             break;
         case 2:
-            CutSome();
+            done_["cut"] += CutSome(kCutItem) ? 1 : 0;
             break;
         case 3:
             EditGrid();
@@ -170,29 +157,6 @@ protected:
         default:
             RemoveOverlay();
             model_.resize(static_cast<std::size_t>(Record().NumLoadedData));
-        }
-    }
-
-    /// A run of edits, back through them and forward again.
-    void EditAndUndo(int count) {
-        ForgetUndo();
-        std::vector<Model> states = {model_};
-        for (int edit = 0; edit < count && !HasFatalFailure(); ++edit) {
-            EditOnce();
-            ExpectModel("edit");
-            if (UseOfUndo().steps == states.size()) {
-                states.push_back(model_);
-            }
-        }
-        for (std::size_t state = states.size() - 1; state > 0 && !HasFatalFailure(); --state) {
-            UndoLastEdit();
-            model_ = states[state - 1];
-            ExpectModel("undo");
-        }
-        for (std::size_t state = 1; state < states.size() && !HasFatalFailure(); ++state) {
-            RedoLastEdit();
-            model_ = states[state];
-            ExpectModel("redo");
         }
     }
 
@@ -374,13 +338,7 @@ protected:
 
     /// Rotations are compared with vectors elsewhere; here they give all angles six decimals.
     void Turn() {
-        RotationSettings turn;
-        turn.operation = kRotateAboutAxis;
-        turn.inclination = Angle(90);
-        turn.azimuth = Angle(360);
-        turn.angle = Angle(720) - 360;
-        RotationReport report;
-        ASSERT_FALSE(ApplyRotation(turn, report));
+        TurnAtRandom();
         for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
             for (const RowAngles which : kRowAngles) {
                 At(RowAt(row), which) = MeasuredAttitude(Here().rows, which, row);
@@ -426,7 +384,7 @@ TEST_P(MeasuredGrowth, CarriesTheDecimalsIntoThePlotAndOutOfItTrial) {
     ExpectModel("load");
     const int rounds = TrialRounds(200);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
-        EditAndUndo(1 + Below(6));
+        EditAndUndo(1 + Below(6), [this] { EditOnce(); });
         if (!HasFailure()) {
             ChangeOtherwise();
             ExpectModel("round " + std::to_string(round));

@@ -50,18 +50,6 @@ protected:
         }
     }
 
-    void CutSome() {
-        SelectSome();
-        const std::vector<std::int32_t> gone = RowsToRemove(slot_, SelectedRowsOf(slot_));
-        if (static_cast<std::int32_t>(gone.size()) + 4 > Record().NumData) {
-            return;
-        }
-        EditSelection(Below(2) == 0 ? kCutItem : kDeleteItem);
-        for (auto row = gone.rbegin(); row != gone.rend(); ++row) {
-            model_.erase(model_.begin() + (*row - 1));
-        }
-    }
-
     void NudgeSome() {
         SelectSome();
         const int steps = Below(5) - 2;
@@ -153,13 +141,7 @@ protected:
     }
 
     void TurnAll() {
-        RotationSettings turn;
-        turn.operation = kRotateAboutAxis;
-        turn.inclination = Angle(90);
-        turn.azimuth = Angle(360);
-        turn.angle = Angle(720) - 360;
-        RotationReport report;
-        ASSERT_FALSE(ApplyRotation(turn, report));
+        const RotationSettings turn = TurnAtRandom();
         const Vector axis = VectorOf({*turn.inclination, *turn.azimuth});
         for (std::int32_t row = 1; row <= Record().NumLoadedData; ++row) {
             for (const RowAngles which : kRowAngles) {
@@ -211,7 +193,7 @@ protected:
     void EditOnce() {
         switch (Below(5)) {
         case 0:
-            CutSome();
+            CutSome(Below(2) == 0 ? kCutItem : kDeleteItem);
             break;
         case 1:
             NudgeSome();
@@ -232,29 +214,6 @@ protected:
                 model_.resize(static_cast<std::size_t>(Record().NumLoadedData));
             }
         }
-        }
-    }
-
-    /// A run of edits, all the way back through them and forward again.
-    void EditAndUndo(int count) {
-        ForgetUndo();
-        std::vector<Model> states = {model_};
-        for (int edit = 0; edit < count && !HasFatalFailure(); ++edit) {
-            EditOnce();
-            ExpectModel("edit");
-            const std::size_t steps = UseOfUndo().steps;
-            states.resize(std::max(states.size(), steps + 1), model_);
-            states[steps] = model_; // a nudge may have joined the last step
-        }
-        for (std::size_t state = states.size() - 1; state > 0 && !HasFatalFailure(); --state) {
-            UndoLastEdit();
-            model_ = states[state - 1];
-            ExpectModel("undo");
-        }
-        for (std::size_t state = 1; state < states.size() && !HasFatalFailure(); ++state) {
-            RedoLastEdit();
-            model_ = states[state];
-            ExpectModel("redo");
         }
     }
 
@@ -308,7 +267,7 @@ TEST_F(MeasuredWalk, CarriesTheDecimalsThroughEveryEditTrial) {
     ExpectModel("load");
     const int rounds = TrialRounds(1000);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
-        EditAndUndo(1 + Below(8));
+        EditAndUndo(1 + Below(8), [this] { EditOnce(); });
         if (!HasFailure()) {
             ChangeOtherwise();
             ExpectModel("round " + std::to_string(round));
