@@ -9,7 +9,7 @@
 #include "orientation/angles.h"
 #include "orientation/projection.h"
 #include "support/line_samples.h"
-#include "support/plot_rows.h"
+#include "support/numbered_rows.h"
 #include "support/test_platform.h"
 
 namespace quandrel {
@@ -38,12 +38,6 @@ protected:
         EngineTest::TearDown();
     }
 
-    static void AddValue(int plunge, int trend, float value) {
-        AddRow(plunge, trend);
-        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
-        gAppNumeric.At(gActivePlot, ActiveRecord().NumData) = value;
-    }
-
     static const GridValues& Values() {
         return *gGridValues[static_cast<std::size_t>(gActivePlot)];
     }
@@ -60,7 +54,7 @@ TEST_F(ClassGrid, HoldsSumAndMeanOfTheRowsAtEachNode) {
             ActiveRecord().HasAppendedNumeric = kTrue;
             float value = -20;
             for (const auto& [plunge, trend] : sample.rows) {
-                AddValue(plunge, trend, value += 0.75F);
+                AddNumberedRow(plunge, trend, value += 0.75F);
             }
             ComputeGridDensity();
             EXPECT_NE(Count(), 0);
@@ -99,10 +93,10 @@ TEST_F(ClassGrid, HoldsSumAndMeanOfTheRowsAtEachNode) {
 }
 
 TEST_F(ClassGrid, LeavesOutRowsWithoutAValidNumberAndErrorRows) {
-    AddValue(90, 0, 4);
-    AddValue(90, 0, kInvalidNumber);
-    AddValue(kErrorRow, 0, 100);
-    AddValue(90, 90, 8);
+    AddNumberedRow(90, 0, 4);
+    AddNumberedRow(90, 0, kInvalidNumber);
+    AddNumberedRow(kErrorRow, 0, 100);
+    AddNumberedRow(90, 90, 8);
     ComputeGridDensity();
     EXPECT_EQ(Values()[kCumulativeLayer][11][11], 12);
     EXPECT_EQ(Values()[kMeanLayer][11][11], 6);
@@ -110,7 +104,7 @@ TEST_F(ClassGrid, LeavesOutRowsWithoutAValidNumberAndErrorRows) {
 }
 
 TEST_F(ClassGrid, IsGivenUpByAPlotThatIsNotClassifiedByNumbers) {
-    AddValue(90, 0, 4);
+    AddNumberedRow(90, 0, 4);
     ComputeGridDensity();
     EXPECT_NE(Count(), 0);
     ActiveRecord().ClassMode = 2;

@@ -4,6 +4,7 @@
 
 #include "rose/azimuth_samples.h"
 #include "rose/azimuth_tests.h"
+#include "rose/azimuths_in_radians.h"
 #include "support/random_samples.h"
 #include "support/rejections.h"
 #include "support/trial.h"
@@ -18,16 +19,6 @@
 
 namespace quandrel {
 namespace {
-
-constexpr double kPerDegree = std::numbers::pi / 180;
-
-std::vector<double> Radians(const std::vector<double>& degrees) {
-    std::vector<double> angles;
-    for (const double one : degrees) {
-        angles.push_back(one * kPerDegree);
-    }
-    return angles;
-}
 
 const std::vector<double>& ZarsFirst() {
     static const std::vector<double> sample = Radians({35, 45, 50, 55, 60, 70, 85, 95, 105, 120});

@@ -3,6 +3,7 @@
 // Tests of uniform azimuths: values by hand and by brute force, and their levels.
 
 #include "rose/azimuth_tests.h"
+#include "rose/azimuths_in_radians.h"
 #include "rose/circular_reference.h"
 #include "support/random_samples.h"
 #include "support/rejections.h"
@@ -17,16 +18,6 @@
 
 namespace quandrel {
 namespace {
-
-constexpr double kPerDegree = std::numbers::pi / 180;
-
-std::vector<double> Radians(const std::vector<double>& degrees) {
-    std::vector<double> angles;
-    for (const double one : degrees) {
-        angles.push_back(one * kPerDegree);
-    }
-    return angles;
-}
 
 /// U^2 as the integral of its definition, by the midpoint rule: n times the variance of the
 /// deviation of the share of angles up to u from u.

@@ -13,7 +13,7 @@
 #include "rose/rose_shown.h"
 #include "rose/rose_tables.h"
 #include "rose/rose_wedges.h"
-#include "support/plot_rows.h"
+#include "support/numbered_rows.h"
 #include "support/test_platform.h"
 
 #include <algorithm>
@@ -47,18 +47,10 @@ protected:
         EngineTest::TearDown();
     }
 
-    static void AddNumbered(std::int32_t azimuth, float number) {
-        PlotRecord& record = ActiveRecord();
-        record.HasAppendedNumeric = kTrue;
-        AddRow(10, azimuth);
-        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
-        gAppNumeric.At(gActivePlot, record.NumData) = number;
-    }
-
     /// Nine axes within 356 to 004.
     static void AddAxesAboutNorth() {
         for (const int azimuth : {356, 357, 358, 359, 0, 1, 2, 3, 4}) {
-            AddNumbered(azimuth, azimuth > 180 ? 1.0F : 2.0F);
+            AddNumberedRow(10, azimuth, azimuth > 180 ? 1.0F : 2.0F);
         }
     }
 
@@ -126,7 +118,7 @@ TEST_F(BothEnds, CountValuesToo) {
 
 TEST_F(BothEnds, MakePetalsOfTwiceTheWhole) {
     for (int i = 0; i < 97; ++i) {
-        AddNumbered((i * 37) % 360, static_cast<float>(1 + i % 5));
+        AddNumberedRow(10, (i * 37) % 360, static_cast<float>(1 + i % 5));
     }
     for (const double size : {24.0, 40.0, 72.0, 120.0, 360.0 / 7, 360.0 / 11, 7.0, 50.0, 100.0}) {
         for (const int kind : {kRoseFrequency, kRoseValue, kRoseMeanValue, kRoseVariance}) {

@@ -7,7 +7,7 @@
 #include "rose/rose_sectors.h"
 #include "rose/rose_shown.h"
 #include "rose/rose_tables.h"
-#include "support/plot_rows.h"
+#include "support/numbered_rows.h"
 #include "support/test_platform.h"
 
 #include <cmath>
@@ -32,14 +32,6 @@ protected:
     void TearDown() override {
         ForgetRose(ActivePlot());
         EngineTest::TearDown();
-    }
-
-    static void AddNumbered(std::int32_t azimuth, float number) {
-        PlotRecord& record = ActiveRecord();
-        record.HasAppendedNumeric = kTrue;
-        AddRow(10, azimuth);
-        ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
-        gAppNumeric.At(gActivePlot, record.NumData) = number;
     }
 
     /// Lengths up to 5 and up to 10.
@@ -78,8 +70,8 @@ TEST_F(PetalTips, TellBothEndsOfAxes) {
 }
 
 TEST_F(PetalTips, TellTheValuesOfTheirSector) {
-    AddNumbered(12, 2);
-    AddNumbered(15, 4);
+    AddNumberedRow(10, 12, 2);
+    AddNumberedRow(10, 15, 4);
     ActiveRecord().RoseType = kRoseValue;
     RosePlot();
     // The deviation of 2 and 4 is the root of 2.
@@ -90,9 +82,9 @@ TEST_F(PetalTips, TellTheValuesOfTheirSector) {
 TEST_F(PetalTips, ShareTheRowsOfAClassedSectorAmongItsClasses) {
     // Two rows up to 5, one above.
     PlotRecord& record = ActiveRecord();
-    AddNumbered(12, 2);
-    AddNumbered(15, 3);
-    AddNumbered(18, 7);
+    AddNumberedRow(10, 12, 2);
+    AddNumberedRow(10, 15, 3);
+    AddNumberedRow(10, 18, 7);
     ClassifyByLength();
     RosePlot();
     EXPECT_EQ(record.NumClassified, 3);
@@ -102,9 +94,9 @@ TEST_F(PetalTips, ShareTheRowsOfAClassedSectorAmongItsClasses) {
 
 TEST_F(PetalTips, ShareGroupedRowsByRows) {
     // Rows of 2, 3 and 7 observations: classes hold rows, two of three and one of three.
-    AddNumbered(12, 2);
-    AddNumbered(15, 3);
-    AddNumbered(18, 7);
+    AddNumberedRow(10, 12, 2);
+    AddNumberedRow(10, 15, 3);
+    AddNumberedRow(10, 18, 7);
     ActiveRecord().HasFrequencyColumn = kTrue;
     ClassifyByLength();
     RosePlot();
