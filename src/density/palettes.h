@@ -36,8 +36,7 @@ inline constexpr int kMostPaletteSteps = 9;
 ///
 /// @param step   0 to steps - 1
 /// @param steps  kLeastPaletteSteps to kMostPaletteSteps, at equal distances along the palette,
-/// with
-///               both of its ends. Numbers outside are taken as the nearest.
+///               with both of its ends. Numbers outside are taken as the nearest.
 [[nodiscard]] Colour PaletteColour(Palette palette, int step, int steps,
                                    PaletteOrder order = PaletteOrder::Forward);
 
