@@ -9,6 +9,7 @@
 #pragma once
 
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 
 #include <cmath>
 #include <cstddef>
@@ -20,7 +21,7 @@ namespace quandrel {
 ///
 /// @param cosine  of the half-angle
 [[nodiscard]] inline bool AreWithin(const Direction& a, const Direction& b, double cosine) {
-    return std::abs(a.l * b.l + a.m * b.m + a.n * b.n) >= cosine;
+    return std::abs(DotProduct(a, b)) >= cosine;
 }
 
 /// Products of two axes in single precision are off by less than this: by five roundings to 24

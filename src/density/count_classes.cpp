@@ -5,6 +5,7 @@
 #include "density/axis_list.h"
 #include "density/cell_bounds.h"
 #include "density/shared_work.h"
+#include "orientation/direction_vectors.h"
 
 #include <algorithm>
 #include <atomic>
@@ -28,10 +29,6 @@ struct OpenCell {
 
 double Component(const Direction& axis, int component) {
     return component == 0 ? axis.l : component == 1 ? axis.m : axis.n;
-}
-
-double LengthOf(const Direction& vector) {
-    return std::sqrt(vector.l * vector.l + vector.m * vector.m + vector.n * vector.n);
 }
 
 /// Some axes that are close together, with a cone that holds them all.
@@ -58,8 +55,7 @@ AxisGroup::AxisGroup(const AxisCells& axes, std::span<const std::int32_t> places
     }
     areEqual = Component(size, widest) == 0;
     const Direction sum{high.l + low.l, high.m + low.m, high.n + low.n};
-    const double length = LengthOf(sum);
-    middle = {sum.l / length, sum.m / length, sum.n / length};
+    middle = Normalised(sum);
     double chord = 0;
     for (const std::int32_t place : places) {
         const Direction axis = axes.AxisAt(place);

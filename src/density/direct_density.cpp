@@ -2,6 +2,8 @@
 
 #include "density/direct_density.h"
 
+#include "orientation/direction_vectors.h"
+
 namespace quandrel {
 
 namespace {
@@ -12,7 +14,7 @@ double SumAt(const Weight& weightOf, bool areAxes, std::span<const Direction> ro
     double sum = 0;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const Direction& line = rows[row];
-        const double product = line.l * place.l + line.m * place.m + line.n * place.n;
+        const double product = DotProduct(line, place);
         const double weight = weightOf(areAxes ? std::abs(product) : product);
         sum += rowWeights.empty() ? weight : weight * rowWeights[row];
     }

@@ -3,6 +3,7 @@
 #include "density/field_contours.h"
 
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 
 #include <algorithm>
 #include <array>
@@ -241,9 +242,9 @@ std::optional<NetPlace> FieldTrace::MiddleOf(const NetPlace& from, const NetPlac
     const Direction a = DirectionOf(from);
     const Direction b = DirectionOf(to);
     const Direction sum{a.l + b.l, a.m + b.m, a.n + b.n};
-    const Direction across{a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
-    const double length = std::sqrt(sum.l * sum.l + sum.m * sum.m + sum.n * sum.n);
-    const double chord = std::sqrt(across.l * across.l + across.m * across.m + across.n * across.n);
+    const Direction across = CrossProduct(a, b);
+    const double length = LengthOf(sum);
+    const double chord = LengthOf(across);
     if (RadToDeg(chord) < 2 * kChordTolerance) {
         return std::nullopt;
     }

@@ -3,6 +3,7 @@
 #include "density/field_maxima.h"
 
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 
 #include <algorithm>
 #include <array>
@@ -54,32 +55,11 @@ std::optional<NetPlace> PlaceOn(NetRim rim, const Direction& at) {
     if (at.n >= 0) {
         return PlaceOf(at);
     }
-    return rim == NetRim::Open ? std::nullopt
-                               : std::optional<NetPlace>(PlaceOf({-at.l, -at.m, -at.n}));
-}
-
-Direction Normalised(const Direction& v) {
-    const double length = std::sqrt(v.l * v.l + v.m * v.m + v.n * v.n);
-    return {v.l / length, v.m / length, v.n / length};
+    return rim == NetRim::Open ? std::nullopt : std::optional<NetPlace>(PlaceOf(Reversed(at)));
 }
 
 Direction DirectionAt(const Node& node) {
     return DirectionOf(NetPlace{static_cast<double>(node.ring), static_cast<double>(node.trend)});
-}
-
-/// A direction moved by angles along two tangents.
-Direction Moved(const Direction& at, const std::array<Direction, 2>& tangents, double first,
-                double second) {
-    const auto& [u, v] = tangents;
-    return Normalised({at.l + first * u.l + second * v.l, at.m + first * u.m + second * v.m,
-                       at.n + first * u.n + second * v.n});
-}
-
-std::array<Direction, 2> TangentsAt(const Direction& at) {
-    const Direction aside =
-        std::abs(at.n) < 0.9 ? Direction{-at.m, at.l, 0} : Direction{0, -at.n, at.m};
-    const Direction u = Normalised(aside);
-    return {u, {at.m * u.n - at.n * u.m, at.n * u.l - at.l * u.n, at.l * u.m - at.m * u.l}};
 }
 
 /// Climbs from a node: to the best of eight places around, with half the step where none is
@@ -172,16 +152,13 @@ private:
 Node MiddleOf(const std::vector<Node>& nodes) {
     const Direction first = DirectionAt(nodes.front());
     Direction sum;
-    const auto product = [](const Direction& a, const Direction& b) {
-        return a.l * b.l + a.m * b.m + a.n * b.n;
-    };
     for (const Node& node : nodes) {
         const Direction at = DirectionAt(node);
-        const double sign = product(first, at) < 0 ? -1 : 1;
+        const double sign = DotProduct(first, at) < 0 ? -1 : 1;
         sum = {sum.l + sign * at.l, sum.m + sign * at.m, sum.n + sign * at.n};
     }
     return *std::ranges::max_element(
-        nodes, {}, [&](const Node& node) { return std::abs(product(DirectionAt(node), sum)); });
+        nodes, {}, [&](const Node& node) { return std::abs(DotProduct(DirectionAt(node), sum)); });
 }
 
 std::vector<Node> Peaks(const NetField& field, NetRim rim) {
@@ -201,7 +178,7 @@ std::vector<Node> Peaks(const NetField& field, NetRim rim) {
 bool IsSamePlace(const NetPlace& a, const NetPlace& b, NetRim rim) {
     const Direction u = DirectionOf(a);
     const Direction v = DirectionOf(b);
-    const double product = u.l * v.l + u.m * v.m + u.n * v.n;
+    const double product = DotProduct(u, v);
     return (rim == NetRim::Joined ? std::abs(product) : product) > std::cos(DegToRad(kSamePlace));
 }
 

@@ -5,6 +5,7 @@
 #include "density/ring_convolution.h"
 #include "density/shared_work.h"
 #include "density/sphere_lattice.h"
+#include "orientation/direction_vectors.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,7 +49,7 @@ std::size_t NodeOf(const MeasuredLine& line, LineSense sense) {
 double ExponentBetween(const PlacedRows& rows, std::size_t a, std::size_t b) {
     const Direction& from = rows.directions[a];
     const Direction& to = rows.directions[b];
-    const double c = from.l * to.l + from.m * to.m + from.n * to.n;
+    const double c = DotProduct(from, to);
     return rows.sense == LineSense::Axes ? c * c - 1 : c - 1;
 }
 

@@ -4,6 +4,7 @@
 
 #include "density/density_levels.h"
 #include "density/plot_density.h"
+#include "orientation/direction_vectors.h"
 #include "orientation/number_text.h"
 #include "stereo/distinct_lines.h"
 
@@ -18,7 +19,7 @@ std::int32_t RowsWithin(const RowLines& lines, LineSense sense, const Direction&
                         double cosine) {
     const auto isWithin = [&](const MeasuredLine& line) {
         const Direction row = DirectionOf(line);
-        const double c = row.l * place.l + row.m * place.m + row.n * place.n;
+        const double c = DotProduct(row, place);
         return (sense == LineSense::Axes ? std::abs(c) : c) >= cosine - kCosineRounding;
     };
     std::int32_t rows = 0;

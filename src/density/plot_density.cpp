@@ -6,6 +6,7 @@
 #include "core/told_step.h"
 #include "density/density_levels.h"
 #include "density/kernel_width.h"
+#include "orientation/direction_vectors.h"
 #include "platform/platform.h"
 #include "stereo/distinct_lines.h"
 #include "stereo/row_bands.h"
@@ -256,7 +257,7 @@ std::vector<FieldMaximum> PlotDensity::Maxima() const {
         const auto isNear = [&](const FieldMaximum& higher) {
             const Direction a = DirectionOf(maximum.place);
             const Direction b = DirectionOf(higher.place);
-            const double c = a.l * b.l + a.m * b.m + a.n * b.n;
+            const double c = DotProduct(a, b);
             return (areAxes ? std::abs(c) : c) > cosine;
         };
         if (maximum.value >= least && std::ranges::none_of(maxima, isNear)) {

@@ -2,6 +2,8 @@
 
 #include "density/weighted_cells.h"
 
+#include "orientation/direction_vectors.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -270,8 +272,7 @@ double WeightedCells::SumInRun(const Weight& weightOf, const Direction& place,
     double sum = 0;
     for (std::size_t i = starts_[firstCell]; i < starts_[endCell]; ++i) {
         const auto& [direction, weight] = rows_[i];
-        sum += weight
-               * weightOf(direction.l * place.l + direction.m * place.m + direction.n * place.n);
+        sum += weight * weightOf(DotProduct(direction, place));
     }
     return sum;
 }
@@ -334,7 +335,7 @@ double WeightedCells::At(const DensityFormula& formula, const MeasuredLine& plac
         const Direction axis = AxisOf(place);
         const LatticePlace opposite{-at.plunge, at.trend < 180 ? at.trend + 180 : at.trend - 180};
         return SumAtEnd(ofSide, formula, reach, {axis, at})
-               + SumAtEnd(ofOtherSide, formula, reach, {{-axis.l, -axis.m, -axis.n}, opposite});
+               + SumAtEnd(ofOtherSide, formula, reach, {Reversed(axis), opposite});
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include "derive/kinematic_axes.h"
 
+#include "orientation/direction_vectors.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -11,19 +13,6 @@ namespace {
 
 // A line of a smaller plunge is horizontal: otherwise rounding would choose between its ends.
 constexpr double kHorizontal = 1e-9;
-
-Direction Combined(const Direction& a, double factorA, const Direction& b, double factorB) {
-    return {a.l * factorA + b.l * factorB, a.m * factorA + b.m * factorB,
-            a.n * factorA + b.n * factorB};
-}
-
-double DotProduct(const Direction& a, const Direction& b) {
-    return a.l * b.l + a.m * b.m + a.n * b.n;
-}
-
-double LengthOf(const Direction& vector) {
-    return std::sqrt(DotProduct(vector, vector));
-}
 
 /// The projection of a line onto the plane with the given pole, as a unit vector.
 Direction MovedIntoPlane(const Direction& line, const Direction& pole) {

@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "derive/fault_rows.h"
+#include "orientation/direction_vectors.h"
 #include "stereo/row_positions.h"
 
 #include <cmath>
@@ -13,10 +14,6 @@
 namespace quandrel {
 
 namespace {
-
-Direction CrossProduct(const Direction& a, const Direction& b) {
-    return {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
-}
 
 bool IsTooShort(const Direction& vector) {
     return std::hypot(vector.l, vector.m, vector.n) < kParallelLength;
@@ -58,7 +55,7 @@ std::optional<double> SlipArrowAzimuth(int plotKind, const Direction& pole, cons
         return std::nullopt;
     }
     if (upward) {
-        step = {-step.l, -step.m, -step.n};
+        step = Reversed(step);
     }
     return AzimuthOfStep(plotKind, at, step);
 }

@@ -2,6 +2,7 @@
 
 #include "orientation/angles.h"
 
+#include "orientation/direction_vectors.h"
 #include "orientation/number_text.h"
 
 #include <limits>
@@ -35,18 +36,6 @@ double MirroredAngle(double angle) {
         mirrored -= kTwoPi;
     }
     return mirrored;
-}
-
-Direction Cross(const Direction& a, const Direction& b) {
-    return {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
-}
-
-double LengthOf(const Direction& vector) {
-    return std::sqrt(vector.l * vector.l + vector.m * vector.m + vector.n * vector.n);
-}
-
-Direction Scaled(const Direction& vector, double factor) {
-    return {vector.l * factor, vector.m * factor, vector.n * factor};
 }
 
 // The factor, 1 or -1, that turns a vector down, or north when it is horizontal.
@@ -244,8 +233,8 @@ void IntersectPlanes(double dip1, double dipDir1, double dip2, double dipDir2, d
         trend = strikeEnd;
         return;
     }
-    const Direction line = Cross(DownwardNormal(dip1, MirroredAngle(dipDir1)),
-                                 DownwardNormal(dip2, MirroredAngle(dipDir2)));
+    const Direction line = CrossProduct(DownwardNormal(dip1, MirroredAngle(dipDir1)),
+                                        DownwardNormal(dip2, MirroredAngle(dipDir2)));
     const double length = LengthOf(line);
     if (length < kParallelLength) {
         plunge = kNoAnswerPlunge;
@@ -264,7 +253,7 @@ void IntersectPlanes(double dip1, double dipDir1, double dip2, double dipDir2, d
 }
 
 std::optional<Direction> IntersectionDirection(const Direction& normal1, const Direction& normal2) {
-    const Direction line = Cross(normal1, normal2);
+    const Direction line = CrossProduct(normal1, normal2);
     const double length = LengthOf(line);
     if (!(length >= kParallelLength)) {
         return std::nullopt;
@@ -278,7 +267,7 @@ void PlaneThroughLines(double plunge1, double trend1, double plunge2, double tre
     dipDir = 0;
     const Direction line1 = LineToCosines(std::abs(plunge1), trend1);
     const Direction line2 = LineToCosines(std::abs(plunge2), trend2);
-    Direction normal = Cross(line1, line2);
+    Direction normal = CrossProduct(line1, line2);
     const double length = LengthOf(normal);
     if (!(length >= kParallelLength)) {
         return;

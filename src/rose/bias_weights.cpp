@@ -2,6 +2,7 @@
 
 #include "rose/bias_weights.h"
 
+#include "orientation/direction_vectors.h"
 #include "orientation/notation.h"
 
 #include <algorithm>
@@ -68,8 +69,7 @@ double MeasuredHorizontalAngle(double trend1, double trend2) {
 ///
 /// @param structure  direction of a line, or of the pole of a plane
 double SpaceAngle(const Direction& structure, const Direction& line, bool isPlane) {
-    const double angle =
-        ArcCos(std::abs(structure.l * line.l + structure.m * line.m + structure.n * line.n));
+    const double angle = ArcCos(std::abs(DotProduct(structure, line)));
     return isPlane ? kRightAngle - angle : angle;
 }
 

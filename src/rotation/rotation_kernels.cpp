@@ -3,6 +3,7 @@
 #include "rotation/rotation_kernels.h"
 
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 
 #include <cmath>
 
@@ -136,11 +137,11 @@ void RotationBetweenPlanes(double dip1, double dipDir1, double dip2, double dipD
     PoleOfPlane(dip2, dipDir2, plunge2, trend2);
     const Direction a = LineToCosines(plunge1, trend1);
     Direction b = LineToCosines(plunge2, trend2);
-    if (a.l * b.l + a.m * b.m + a.n * b.n < 0) {
-        b = {-b.l, -b.m, -b.n};
+    if (DotProduct(a, b) < 0) {
+        b = Reversed(b);
     }
-    Direction axis = {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
-    const double length = std::sqrt(axis.l * axis.l + axis.m * axis.m + axis.n * axis.n);
+    Direction axis = CrossProduct(a, b);
+    const double length = LengthOf(axis);
     if (length < kParallelLength) {
         axisPlunge = 0;
         axisTrend = WrappedAngle(dipDir1 - kRightAngle);
@@ -151,7 +152,7 @@ void RotationBetweenPlanes(double dip1, double dipDir1, double dip2, double dipD
     if (axis.n < 0) {
         // Axes are read as pointing down; for the opposite end the same rotation has the opposite
         // sign.
-        axis = {-axis.l, -axis.m, -axis.n};
+        axis = Reversed(axis);
         angle = -angle;
     }
     CosinesToLine(axis, axisPlunge, axisTrend);

@@ -11,8 +11,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kLeastCount = 2;
-
 bool IsSetApart(const AxisFrame& frame) {
     return std::abs(frame.values[2] - frame.values[0]) >= kLeastEigenvalue
            && std::abs(frame.values[2] - frame.values[1]) >= kLeastEigenvalue;
@@ -25,14 +23,8 @@ struct Begun {
 };
 
 Begun Begin(const RegionSample& sample, RegionTarget target, double level, RegionMethod method) {
-    Begun begun;
-    begun.region.target = target;
-    begun.region.method = method;
-    begun.region.level = level;
-    begun.region.count = sample.count;
-    begun.region.state = RegionState::Undefined;
-    begun.region.reason = RegionReason::TooFewRows;
-    if (sample.count < kLeastCount) {
+    Begun begun{UnboundedRegion(target, method, level, sample.count), {}};
+    if (sample.count < kFewestRowsOfRegion) {
         return begun;
     }
     begun.frame = AxisFrameOf(sample, CentreOf(target));

@@ -2,7 +2,7 @@
 
 #include "statistics/confidence_region.h"
 
-#include "statistics/unit_vectors.h"
+#include "orientation/direction_vectors.h"
 
 #include <cmath>
 #include <limits>
@@ -134,6 +134,18 @@ void SetSemiAxes(ConfidenceRegion& region, const Direction& centre,
     } else {
         SetState(region, RegionState::Given, RegionReason::None);
     }
+}
+
+ConfidenceRegion UnboundedRegion(RegionTarget target, RegionMethod method, double level,
+                                 double count) {
+    ConfidenceRegion region;
+    region.target = target;
+    region.method = method;
+    region.level = level;
+    region.count = count;
+    region.state = RegionState::Undefined;
+    region.reason = RegionReason::TooFewRows;
+    return region;
 }
 
 void SetEllipse(ConfidenceRegion& region, const Direction& centre,

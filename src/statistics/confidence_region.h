@@ -122,6 +122,13 @@ void SetEllipse(ConfidenceRegion& region, const Direction& centre,
                 const std::array<Direction, 2>& plane, const std::array<double, 3>& covariance,
                 double limit);
 
+/// Samples of fewer rows have no region.
+inline constexpr double kFewestRowsOfRegion = 2;
+
+/// A region without its bounds: undefined, because of too few rows until there is another reason.
+[[nodiscard]] ConfidenceRegion UnboundedRegion(RegionTarget target, RegionMethod method,
+                                               double level, double count);
+
 /// A region of given semi-axes along given axes, as sines. They are sorted; the state is set.
 void SetSemiAxes(ConfidenceRegion& region, const Direction& centre,
                  const std::array<Direction, 2>& plane, const std::array<double, 2>& components);

@@ -11,8 +11,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kLeastCount = 2;
-
 /// A region without its bounds; the frame is empty, and the region undefined, where there are none.
 struct Begun {
     ConfidenceRegion region;
@@ -20,14 +18,8 @@ struct Begun {
 };
 
 Begun Begin(const RegionSample& sample, double level, RegionMethod method) {
-    Begun begun;
-    begun.region.target = RegionTarget::MeanDirection;
-    begun.region.method = method;
-    begun.region.level = level;
-    begun.region.count = sample.count;
-    begun.region.state = RegionState::Undefined;
-    begun.region.reason = RegionReason::TooFewRows;
-    if (sample.count < kLeastCount) {
+    Begun begun{UnboundedRegion(RegionTarget::MeanDirection, method, level, sample.count), {}};
+    if (sample.count < kFewestRowsOfRegion) {
         return begun;
     }
     begun.frame = MeanFrameOf(sample);

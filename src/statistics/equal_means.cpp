@@ -2,11 +2,11 @@
 
 #include "statistics/equal_means.h"
 
+#include "orientation/direction_vectors.h"
 #include "orientation/random_members.h"
 #include "statistics/mean_forms.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <tuple>
 #include <vector>
@@ -20,24 +20,11 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 /// Statistics that differ by less, of themselves, are equal.
 constexpr double kRounding = 1e-9;
 
-double Dot(const Direction& a, const Direction& b) {
-    return a.l * b.l + a.m * b.m + a.n * b.n;
-}
-
-Direction Reversed(const Direction& vector) {
-    return {-vector.l, -vector.m, -vector.n};
-}
-
-Direction Downward(const Direction& axis) {
-    const double sense = axis.n != 0 ? axis.n : axis.l != 0 ? axis.l : axis.m;
-    return sense < 0 ? Reversed(axis) : axis;
-}
-
 /// The rows in an order of their own, axes by their lower ends.
 std::vector<Direction> OrderedRows(std::span<const Direction> rows, LinePolarity polarity) {
     std::vector<Direction> ordered(rows.begin(), rows.end());
     if (polarity == LinePolarity::kAxial) {
-        std::transform(ordered.begin(), ordered.end(), ordered.begin(), Downward);
+        std::transform(ordered.begin(), ordered.end(), ordered.begin(), LowerEnd);
     }
     std::sort(ordered.begin(), ordered.end(), [](const Direction& a, const Direction& b) {
         return std::tie(a.l, a.m, a.n) < std::tie(b.l, b.m, b.n);
@@ -45,33 +32,21 @@ std::vector<Direction> OrderedRows(std::span<const Direction> rows, LinePolarity
     return ordered;
 }
 
-/// Any direction at right angles to another.
-Direction AcrossOf(const Direction& one) {
-    const Direction across =
-        std::abs(one.n) > 0.7 ? Direction{one.n, 0, -one.l} : Direction{one.m, -one.l, 0};
-    const double length = LengthOf(across);
-    return {across.l / length, across.m / length, across.n / length};
-}
-
 /// The shortest rotation from one direction to another.
 class ShortestTurn {
 public:
     ShortestTurn(const Direction& from, const Direction& to)
-        : cosine_(Dot(from, to))
-        , axis_{from.m * to.n - from.n * to.m, from.n * to.l - from.l * to.n,
-                from.l * to.m - from.m * to.l}
-        , across_(AcrossOf(from)) {}
+        : cosine_(DotProduct(from, to))
+        , axis_(CrossProduct(from, to))
+        , across_(FrameAbout(from)[0]) {}
 
     /// By the formula of O. Rodrigues (1840); axis_ is as long as the sine.
     [[nodiscard]] Direction Of(const Direction& v) const {
         if (1 + cosine_ < kRounding) { // to the opposite: half a turn about any axis across
-            const double twice = 2 * Dot(across_, v);
-            return {twice * across_.l - v.l, twice * across_.m - v.m, twice * across_.n - v.n};
+            return Combined(across_, 2 * DotProduct(across_, v), v, -1);
         }
-        const double along = Dot(axis_, v) / (1 + cosine_);
-        return {cosine_ * v.l + axis_.m * v.n - axis_.n * v.m + along * axis_.l,
-                cosine_ * v.m + axis_.n * v.l - axis_.l * v.n + along * axis_.m,
-                cosine_ * v.n + axis_.l * v.m - axis_.m * v.l + along * axis_.n};
+        const double along = DotProduct(axis_, v) / (1 + cosine_);
+        return Combined(Combined(v, cosine_, axis_, along), 1, CrossProduct(axis_, v), 1);
     }
 
 private:
@@ -82,7 +57,7 @@ private:
 
 /// The least eigenvalue of the sum of two forms; infinite for opposed means of directions.
 double StatisticOf(const MeanForm& first, const MeanForm& second, LinePolarity polarity) {
-    if (polarity == LinePolarity::kDirected && Dot(first.mean, second.mean) < 0) {
+    if (polarity == LinePolarity::kDirected && DotProduct(first.mean, second.mean) < 0) {
         return kInfinity;
     }
     Matrix3 sum = first.form;
@@ -119,7 +94,7 @@ typename Sums::Terms SumsOf(std::span<const Direction> rows) {
 template <class Sums>
 void AddTurned(TermRows<Sums>& terms, std::span<const Direction> rows, const Direction& from,
                const Direction& to, LinePolarity polarity) {
-    const bool isReversed = polarity == LinePolarity::kAxial && Dot(from, to) < 0;
+    const bool isReversed = polarity == LinePolarity::kAxial && DotProduct(from, to) < 0;
     const ShortestTurn turn(isReversed ? Reversed(from) : from, to);
     for (const Direction& row : rows) {
         terms.push_back(Sums::TermsOf(turn.Of(row)));

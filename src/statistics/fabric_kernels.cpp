@@ -2,6 +2,8 @@
 
 #include "statistics/fabric_kernels.h"
 
+#include "orientation/direction_vectors.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -50,10 +52,6 @@ const DegreeCosines& CosinesOfDegrees() {
     return cosines;
 }
 
-double Dot(const Direction& a, const Direction& b) {
-    return a.l * b.l + a.m * b.m + a.n * b.n;
-}
-
 /// The index of the first greatest value.
 std::size_t PlaceOfGreatest(const std::array<double, 3>& values) {
     std::size_t greatest = 0;
@@ -91,10 +89,7 @@ Direction Downward(const Direction& vector) {
     const double length = LengthOf(vector);
     const Direction unit =
         WithoutRounding({vector.l / length, vector.m / length, vector.n / length});
-    const double sense = unit.n != 0 ? unit.n : unit.l != 0 ? unit.l : unit.m;
-    const double sign = sense < 0 ? -1 : 1;
-    // The sums turn -0 into 0.
-    return {sign * unit.l + 0.0, sign * unit.m + 0.0, sign * unit.n + 0.0};
+    return LowerEnd(unit);
 }
 
 /// ln(a/b) of two eigenvalues; empty when one counts as 0.
@@ -156,10 +151,6 @@ Direction ResultantOf(std::span<const Direction> directions, std::span<const dou
     return WithoutRounding(sum, TotalWeight(weights));
 }
 
-double LengthOf(const Direction& vector) {
-    return std::sqrt(Dot(vector, vector));
-}
-
 std::optional<Matrix3> OrientationTensor(std::span<const Direction> directions,
                                          std::span<const double> weights) {
     double lm = 0;
@@ -193,7 +184,7 @@ std::optional<double> FourthMoment(std::span<const Direction> directions,
     double sum = 0;
     double total = 0;
     for (std::size_t i = 0; i < directions.size(); ++i) {
-        const double cosine = Dot(directions[i], axis);
+        const double cosine = DotProduct(directions[i], axis);
         const double square = cosine * cosine;
         sum += weights[i] * square * square;
         total += weights[i];

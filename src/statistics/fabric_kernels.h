@@ -11,6 +11,7 @@
 
 #include "core/formulas.h"
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 #include "orientation/eigen.h"
 #include "stereo/distinct_lines.h"
 
@@ -67,9 +68,6 @@ enum class LinePolarity {
 /// @param weights  one for each direction
 [[nodiscard]] Direction ResultantOf(std::span<const Direction> directions,
                                     std::span<const double> weights);
-
-/// Length of a vector.
-[[nodiscard]] double LengthOf(const Direction& vector);
 
 /// Orientation tensor: the weighted mean of the outer products. O(n).
 ///

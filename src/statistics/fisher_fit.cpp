@@ -2,6 +2,7 @@
 
 #include "statistics/fisher_fit.h"
 
+#include "orientation/direction_vectors.h"
 #include "orientation/normal_distribution.h"
 #include "statistics/fabric_kernels.h"
 
@@ -137,10 +138,6 @@ FitTest TestTwoVariables(std::vector<double> values, const SampleSize& size) {
             PointsOf(values, NormalQuantile)};
 }
 
-double Dot(const Direction& a, const Direction& b) {
-    return a.l * b.l + a.m * b.m + a.n * b.n;
-}
-
 /// The mean with two directions at right angles to it and to each other.
 struct MeanAxes {
     Direction level; ///< horizontal; north for a vertical mean
@@ -152,9 +149,7 @@ MeanAxes AxesAbout(const Direction& mean) {
     const double width = std::hypot(mean.l, mean.m);
     const Direction level =
         width > kRounding ? Direction{mean.m / width, -mean.l / width, 0} : Direction{1, 0, 0};
-    const Direction steep = {mean.m * level.n - mean.n * level.m,
-                             mean.n * level.l - mean.l * level.n,
-                             mean.l * level.m - mean.m * level.l};
+    const Direction steep = CrossProduct(mean, level);
     return {level, steep, mean};
 }
 
@@ -168,15 +163,15 @@ struct FitValues {
 FitValues ValuesOf(std::span<const Direction> directions, const MeanAxes& axes) {
     FitValues values;
     for (const Direction& one : directions) {
-        const double level = Dot(one, axes.level);
-        const double steep = Dot(one, axes.steep);
+        const double level = DotProduct(one, axes.level);
+        const double steep = DotProduct(one, axes.steep);
         // Half the square of the chord keeps the digits that 1 - cos loses.
         const Direction chord = {one.l - axes.mean.l, one.m - axes.mean.m, one.n - axes.mean.n};
-        values.excesses.push_back(Dot(chord, chord) / 2);
+        values.excesses.push_back(DotProduct(chord, chord) / 2);
         const double turn = std::atan2(steep, level) / (2 * std::numbers::pi);
         values.turns.push_back(turn < 0 ? turn + 1 : turn);
         const double sine = std::sqrt(std::max((1 - steep) * (1 + steep), 0.0));
-        values.normals.push_back(std::atan2(level, Dot(one, axes.mean)) * std::sqrt(sine));
+        values.normals.push_back(std::atan2(level, DotProduct(one, axes.mean)) * std::sqrt(sine));
     }
     return values;
 }

@@ -2,9 +2,9 @@
 
 #include "statistics/mean_forms.h"
 
+#include "orientation/direction_vectors.h"
 #include "statistics/fabric_kernels.h"
 
-#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -100,20 +100,6 @@ std::optional<MeanForm> FormWith(const Direction& mean, const std::array<Directi
     return result;
 }
 
-/// Two directions at right angles to a third and to each other.
-std::array<Direction, 2> AcrossOf(const Direction& axis) {
-    // The coordinate axis that is far from it.
-    const bool isSteep = std::abs(axis.n) > 0.7;
-    const Direction far = isSteep ? Direction{1, 0, 0} : Direction{0, 0, 1};
-    Direction one = {axis.m * far.n - axis.n * far.m, axis.n * far.l - axis.l * far.n,
-                     axis.l * far.m - axis.m * far.l};
-    const double length = LengthOf(one);
-    one = {one.l / length, one.m / length, one.n / length};
-    return {one,
-            {axis.m * one.n - axis.n * one.m, axis.n * one.l - axis.l * one.n,
-             axis.l * one.m - axis.m * one.l}};
-}
-
 } // namespace
 
 AxisSums::Terms AxisSums::TermsOf(const Direction& axis) {
@@ -157,7 +143,8 @@ std::optional<MeanForm> DirectionSums::FormOf(const Terms& sums, double n) {
         return std::nullopt;
     }
     const Direction mean = {resultant.l / length, resultant.m / length, resultant.n / length};
-    const std::array<Direction, 2> across = AcrossOf(mean);
+    const Frame frame = FrameAbout(mean);
+    const std::array<Direction, 2> across = {frame[0], frame[1]};
     Products products{};
     for (std::size_t i = 0; i < products.size(); ++i) {
         products[i] = sums[3 + i] / n / (length * length);

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "orientation/concentration.h"
+#include "orientation/direction_vectors.h"
 #include "orientation/eigen.h"
 #include "statistics/fabric_kernels.h"
 
@@ -25,10 +26,6 @@ double WithoutRounding(double value) {
 /// The value, or 1 if it differs only by rounding.
 double SettledAtOne(double value) {
     return 1 - WithoutRounding(1 - value);
-}
-
-double Dot(const Direction& a, const Direction& b) {
-    return a.l * b.l + a.m * b.m + a.n * b.n;
 }
 
 /// Eigenvalues count as equal if they differ by less than the printed ones can show.
@@ -114,9 +111,9 @@ struct AxisCovariance {
 AxisCovariance CovarianceOf(const WeightedDirections& rows, const ReferenceStatistics& result) {
     AxisCovariance sum;
     for (std::size_t i = 0; i < rows.directions.size(); ++i) {
-        const double along1 = Dot(rows.directions[i], result.axes[0]);
-        const double along2 = Dot(rows.directions[i], result.axes[1]);
-        const double along3 = Dot(rows.directions[i], result.axes[2]);
+        const double along1 = DotProduct(rows.directions[i], result.axes[0]);
+        const double along2 = DotProduct(rows.directions[i], result.axes[1]);
+        const double along3 = DotProduct(rows.directions[i], result.axes[2]);
         const double weight = rows.weights[i] * along3 * along3;
         sum.toward1 += weight * along1 * along1;
         sum.toward2 += weight * along2 * along2;
@@ -149,7 +146,7 @@ void FindEllipse(ReferenceStatistics& result, const WeightedDirections& rows) {
                        std::cos(turn) * axis1.m + std::sin(turn) * axis2.m,
                        std::cos(turn) * axis1.n + std::sin(turn) * axis2.n};
     if (major.n < 0) {
-        major = {-major.l, -major.m, -major.n};
+        major = Reversed(major);
     }
     ellipse.majorDirection = major;
     result.ellipse = ellipse;

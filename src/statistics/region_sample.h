@@ -4,8 +4,8 @@
 
 #pragma once
 
+#include "orientation/direction_vectors.h"
 #include "statistics/fabric_kernels.h"
-#include "statistics/unit_vectors.h"
 
 #include <array>
 #include <optional>

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "statistics/unit_vectors.h"
+#include "orientation/direction_vectors.h"
 
 #include <array>
 #include <limits>

@@ -3,7 +3,8 @@
 #include "stereo/cones.h"
 
 #include "orientation/angles.h"
-#include "orientation/projection.h"
+#include "orientation/direction_vectors.h"
+#include "stereo/sphere_trace.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +24,7 @@ public:
         , halfAngle_(halfAngle) {
         // The parametrisation starts at the steepest point, as far from the primitive as possible.
         across_ = LineToCosines(0, trend + kPi / 2);
-        up_ = {axis_.m * across_.n - axis_.n * across_.m, axis_.n * across_.l - axis_.l * across_.n,
-               axis_.l * across_.m - axis_.m * across_.l};
+        up_ = CrossProduct(axis_, across_);
     }
 
     [[nodiscard]] Direction At(double turn) const {
@@ -53,16 +53,6 @@ private:
     Direction up_;
 };
 
-/// The plotted position of a direction; an upward one is plotted by its opposite end.
-Point PlaceOf(int plotKind, const Direction& direction, bool isDown) {
-    const double sign = isDown ? 1 : -1;
-    // At the horizontal itself rounding must not reverse the direction.
-    const Direction plotted{sign * direction.l, sign * direction.m,
-                            std::max(sign * direction.n, 0.0)};
-    const NetPosition place = PositionOfDirection(plotKind, plotted);
-    return {place.x, place.y};
-}
-
 } // namespace
 
 std::vector<std::vector<Point>> ConeTrace(int plotKind, double plunge, double trend,
@@ -75,11 +65,11 @@ std::vector<std::vector<Point>> ConeTrace(int plotKind, double plunge, double tr
         const double turn = kTwoPi * step / kSteps;
         if ((cone.At(turn).n >= 0) != isDown) {
             const Direction rim = cone.At(cone.Crossing(before, turn));
-            lines.back().push_back(PlaceOf(plotKind, rim, isDown));
+            lines.back().push_back(EndOnNet(plotKind, rim, isDown));
             isDown = !isDown;
-            lines.push_back({PlaceOf(plotKind, rim, isDown)});
+            lines.push_back({EndOnNet(plotKind, rim, isDown)});
         }
-        lines.back().push_back(PlaceOf(plotKind, cone.At(turn), isDown));
+        lines.back().push_back(EndOnNet(plotKind, cone.At(turn), isDown));
         before = turn;
     }
     return lines;

@@ -15,16 +15,6 @@ namespace {
 /// A vertex this close to the horizontal does not leave the side of those before it.
 constexpr double kLevel = 1e-12;
 
-/// The plotted position of a direction; an upward one is plotted by its opposite end.
-Point PlaceOf(int plotKind, const Direction& direction, bool isDown) {
-    const double sign = isDown ? 1 : -1;
-    // At the horizontal itself rounding must not reverse the direction.
-    const Direction plotted{sign * direction.l, sign * direction.m,
-                            std::max(sign * direction.n, 0.0)};
-    const NetPosition place = PositionOfDirection(plotKind, plotted);
-    return {place.x, place.y};
-}
-
 /// The horizontal direction between two on different sides of it.
 Direction RimBetween(const Direction& from, const Direction& to) {
     const double share = from.n / (from.n - to.n);
@@ -42,6 +32,15 @@ bool IsClosed(std::span<const Direction> line) {
 
 } // namespace
 
+Point EndOnNet(int plotKind, const Direction& direction, bool isDown) {
+    const double sign = isDown ? 1 : -1;
+    // At the horizontal itself rounding must not reverse the direction.
+    const Direction plotted{sign * direction.l, sign * direction.m,
+                            std::max(sign * direction.n, 0.0)};
+    const NetPosition place = PositionOfDirection(plotKind, plotted);
+    return {place.x, place.y};
+}
+
 std::vector<std::vector<Point>> TraceOnNet(int plotKind, std::span<const Direction> line) {
     if (line.empty()) {
         return {};
@@ -53,11 +52,11 @@ std::vector<std::vector<Point>> TraceOnNet(int plotKind, std::span<const Directi
     for (const Direction& vertex : line) {
         if (isDown ? vertex.n < -kLevel : vertex.n > kLevel) {
             const Direction rim = RimBetween(before, vertex);
-            pieces.back().push_back(PlaceOf(plotKind, rim, isDown));
+            pieces.back().push_back(EndOnNet(plotKind, rim, isDown));
             isDown = !isDown;
-            pieces.push_back({PlaceOf(plotKind, rim, isDown)});
+            pieces.push_back({EndOnNet(plotKind, rim, isDown)});
         }
-        pieces.back().push_back(PlaceOf(plotKind, vertex, isDown));
+        pieces.back().push_back(EndOnNet(plotKind, vertex, isDown));
         before = vertex;
     }
     // The last piece leads to the start of the first one.

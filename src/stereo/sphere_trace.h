@@ -12,6 +12,12 @@
 
 namespace quandrel {
 
+/// The plotted position of a direction, or of its opposite end.
+///
+/// @param isDown  whether the direction is on the lower hemisphere, which on the primitive itself
+///                the line decides that it belongs to
+[[nodiscard]] Point EndOnNet(int plotKind, const Direction& direction, bool isDown);
+
 /// A line through unit vectors on the lower hemisphere, as open lines on the net. Where it crosses
 /// the primitive it continues on the far side, because upward directions are plotted by their
 /// opposite ends; lines end on the primitive.

@@ -3,10 +3,10 @@
 // Outlines, bands and clouds of confidence regions on the net.
 
 #include "core/settings_value.h"
+#include "orientation/direction_vectors.h"
 #include "orientation/projection.h"
 #include "statistics/draw_regions.h"
 #include "statistics/plot_regions.h"
-#include "statistics/unit_vectors.h"
 #include "stereo/window_drawing.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"

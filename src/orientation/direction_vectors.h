@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Products of vectors and frames on the sphere, for the kernels of confidence regions.
+// Directions as vectors: products, sums, lengths, and frames on the sphere.
 
 #pragma once
 
@@ -20,6 +20,20 @@ using Frame = std::array<Direction, 3>;
 
 [[nodiscard]] inline Direction CrossProduct(const Direction& a, const Direction& b) {
     return {a.m * b.n - a.n * b.m, a.n * b.l - a.l * b.n, a.l * b.m - a.m * b.l};
+}
+
+[[nodiscard]] inline double LengthOf(const Direction& vector) {
+    return std::sqrt(DotProduct(vector, vector));
+}
+
+/// A vector, not 0, divided by its length.
+[[nodiscard]] inline Direction Normalised(const Direction& vector) {
+    const double length = LengthOf(vector);
+    return {vector.l / length, vector.m / length, vector.n / length};
+}
+
+[[nodiscard]] inline Direction Reversed(const Direction& vector) {
+    return {-vector.l, -vector.m, -vector.n};
 }
 
 /// A vector times a number.
@@ -59,8 +73,25 @@ using Frame = std::array<Direction, 3>;
         farthest = {0, 1, 0};
     }
     const Direction across = CrossProduct(farthest, axis);
-    const Direction first = Scaled(across, 1 / std::sqrt(DotProduct(across, across)));
+    const Direction first = Scaled(across, 1 / LengthOf(across));
     return {first, CrossProduct(axis, first), axis};
+}
+
+/// Two unit vectors at right angles to a unit vector and to each other; the first is horizontal
+/// unless the vector is steep.
+[[nodiscard]] inline std::array<Direction, 2> TangentsAt(const Direction& at) {
+    const Direction aside =
+        std::abs(at.n) < 0.9 ? Direction{-at.m, at.l, 0} : Direction{0, -at.n, at.m};
+    const Direction first = Normalised(aside);
+    return {first, CrossProduct(at, first)};
+}
+
+/// A unit vector moved along two tangents by the tangents of small angles.
+[[nodiscard]] inline Direction Moved(const Direction& at, const std::array<Direction, 2>& tangents,
+                                     double first, double second) {
+    const auto& [u, v] = tangents;
+    return Normalised({at.l + first * u.l + second * v.l, at.m + first * u.m + second * v.m,
+                       at.n + first * u.n + second * v.n});
 }
 
 /// The end of a line that points down; of a level one the end to the north, or to the east.
