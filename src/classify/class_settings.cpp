@@ -224,10 +224,6 @@ void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes) {
     std::ranges::move(found, settings.names.begin());
 }
 
-bool HasRangesOfGrid(const ClassSettings& settings) {
-    return DividesGrid(ActiveRecord(), settings);
-}
-
 namespace {
 
 std::optional<RangeProcedure> ProcedureOf(const Plot& plot, const ClassSettings& settings,

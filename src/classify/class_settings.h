@@ -88,9 +88,6 @@ inline constexpr std::array<std::string_view, 5> kTypeProcedures = {
 /// @param classes  clamped to 1 to kMostNames
 void FillTypes(ClassSettings& settings, TypeProcedure procedure, int classes);
 
-/// True when FillRanges uses the nodes of a grid.
-[[nodiscard]] bool HasRangesOfGrid(const ClassSettings& settings);
-
 /// The procedure that gives settings.numbers; nothing for limits that the user has set. O(rows), or
 /// O(nodes^2) for a grid.
 [[nodiscard]] std::optional<RangeProcedure> ProcedureOfRanges(const ClassSettings& settings);

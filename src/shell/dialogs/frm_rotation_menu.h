@@ -92,7 +92,6 @@ private:
     void Load();
     void ShowOptions();
     void ShowOption(int operation);
-    void ShowLabels(const RotationOption& option);
     void LimitNewStrike(bool limited);
     void OptionClicked(int operation);
     void Changed();
