@@ -12,7 +12,7 @@
 #include "statistics/axis_regions.h"
 #include "statistics/direction_regions.h"
 #include "statistics/region_choice.h"
-#include "support/random_axes.h"
+#include "support/weighted_samples.h"
 
 #include <algorithm>
 #include <array>
@@ -36,7 +36,7 @@ struct Trial {
     std::string name;
     RegionTarget target = RegionTarget::PrincipalAxis;
     Direction truth;
-    std::function<Direction(RandomAxes&)> draw;
+    std::function<Direction(RandomStream&)> draw;
 };
 
 /// Counts of samples.
@@ -59,13 +59,13 @@ struct Tally {
 std::vector<Trial> Trials() {
     const Direction vertical = {0, 0, 1};
     const auto bingham = [](double k1, double k2) {
-        return [=](RandomAxes& random) { return random.Bingham(k1, k2); };
+        return [=](RandomStream& random) { return BinghamDirection(random, k1, k2); };
     };
     const auto fisher = [](double kappa) {
-        return [=](RandomAxes& random) { return random.Fisher(kappa); };
+        return [=](RandomStream& random) { return FisherDirection(random, kappa); };
     };
     const auto elongated = [](double a, double b) {
-        return [=](RandomAxes& random) { return random.Elongated(a, b); };
+        return [=](RandomStream& random) { return ElongatedDirection(random, a, b); };
     };
     return {
         {"Watson 10", RegionTarget::PrincipalAxis, vertical, bingham(-10, -10)},
@@ -85,10 +85,10 @@ std::vector<Trial> Trials() {
 
 Tally TallyOf(const Trial& trial, int count, double level, int sampleNumber) {
     // Each sample has a seed of its own, so that threads do not matter.
-    RandomAxes random(static_cast<std::uint64_t>(sampleNumber) * 1000U
-                      + static_cast<std::uint64_t>(count));
+    RandomStream random(static_cast<std::uint64_t>(sampleNumber) * 1000U
+                        + static_cast<std::uint64_t>(count));
     const bool isDirected = trial.target == RegionTarget::MeanDirection;
-    const RegionSample sample = RegionSampleOf(random.Sample(count, trial.draw),
+    const RegionSample sample = RegionSampleOf(WeightedSampleOf(random, count, trial.draw),
                                                isDirected ? RowsAre::Directions : RowsAre::Axes);
     RegionChoice choice;
     choice.target = trial.target;

@@ -6,6 +6,7 @@
 #include "density/even_sample.h"
 #include "density/shared_work.h"
 #include "density/sphere_lattice.h"
+#include "orientation/direction_vectors.h"
 
 #include <algorithm>
 #include <array>
@@ -26,11 +27,6 @@ constexpr std::size_t kClimbs = 8;    ///< how many of the densest places are cl
 constexpr double kFirstStep = 0.25;   ///< of the half-angle
 constexpr double kLastStep = 0.01;    ///< of the half-angle
 constexpr double kPlacesApart = 0.35; ///< of the half-angle: distance of places in an even net
-
-Direction Normalised(const Direction& v) {
-    const double length = std::sqrt(v.l * v.l + v.m * v.m + v.n * v.n);
-    return {v.l / length, v.m / length, v.n / length};
-}
 
 /// The cosine beyond which weights do not count.
 double ReachOf(const DensityFormula& formula) {
@@ -91,8 +87,7 @@ private:
     /// The place of a direction above the net: of axes the other end, of directions the nearest
     /// place of the primitive.
     [[nodiscard]] Direction OnNet(const Direction& above) const {
-        return sense_ == LineSense::Axes ? Direction{-above.l, -above.m, -above.n}
-                                         : Normalised({above.l, above.m, 0});
+        return sense_ == LineSense::Axes ? Reversed(above) : Normalised({above.l, above.m, 0});
     }
 
     struct Found {
@@ -110,18 +105,10 @@ private:
         constexpr std::array<std::array<int, 2>, 8> kAround = {
             {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}}};
         for (double step = kFirstStep * halfAngle_; step > kLastStep * halfAngle_;) {
-            const Direction u =
-                Normalised(std::abs(now.at.n) < 0.9 ? Direction{-now.at.m, now.at.l, 0}
-                                                    : Direction{0, -now.at.n, now.at.m});
-            const Direction v{now.at.m * u.n - now.at.n * u.m, now.at.n * u.l - now.at.l * u.n,
-                              now.at.l * u.m - now.at.m * u.l};
+            const std::array<Direction, 2> tangents = TangentsAt(now.at);
             Found best = now;
             for (const auto& [first, second] : kAround) {
-                const double a = first * step;
-                const double b = second * step;
-                Direction next =
-                    Normalised({now.at.l + a * u.l + b * v.l, now.at.m + a * u.m + b * v.m,
-                                now.at.n + a * u.n + b * v.n});
+                Direction next = Moved(now.at, tangents, first * step, second * step);
                 if (next.n < 0) {
                     next = OnNet(next);
                 }
@@ -145,9 +132,9 @@ private:
 };
 
 /// The greatest density of one sample of few rows.
-double MaximumOfRows(const DensityFormula& formula, std::int64_t rows, std::uint64_t seed,
+double MaximumOfRows(const DensityFormula& formula, std::int64_t rows, RandomStream& random,
                      bool wholeDegrees, std::span<const Direction> places) {
-    std::vector<Direction> drawn = EvenDirections(rows, seed, wholeDegrees, formula.sense);
+    std::vector<Direction> drawn = EvenDirections(rows, random, wholeDegrees, formula.sense);
     std::vector<Direction> starts(places.begin(), places.end());
     if (starts.empty()) {
         const double highest = -std::sin(std::min(HalfAngleOf(formula), kPi / 2));
@@ -165,8 +152,8 @@ double MaximumOfRows(const DensityFormula& formula, std::int64_t rows, std::uint
 }
 
 /// The same of many rows, by the numbers in cells of a lattice.
-double MaximumOfCells(const DensityFormula& formula, std::int64_t rows, std::uint64_t seed) {
-    const std::vector<DistinctLine> lines = EvenCells(rows, seed, formula.sense);
+double MaximumOfCells(const DensityFormula& formula, std::int64_t rows, RandomStream& random) {
+    const std::vector<DistinctLine> lines = EvenCells(rows, random, formula.sense);
     DensityRows gathered(lines, formula.sense);
     const DensityField field(gathered, formula, 1);
     const std::vector<double> nodes = field.AtNodes(1);
@@ -189,10 +176,10 @@ std::optional<std::vector<double>> MaximaOfEvenSamples(const DensityFormula& for
     const std::thread::id caller = std::this_thread::get_id();
     ShareRuns(maxima.size(), 1, sampling.threads, [&](std::size_t first, std::size_t end) {
         for (std::size_t i = first; i < end && goesOn; ++i) {
-            const std::uint64_t seed = sampling.seed * 1000003 + i;
+            RandomStream random(sampling.seed, i);
             maxima[i] = rows > kMostDrawnRows
-                            ? MaximumOfCells(formula, rows, seed)
-                            : MaximumOfRows(formula, rows, seed, sampling.wholeDegrees, places);
+                            ? MaximumOfCells(formula, rows, random)
+                            : MaximumOfRows(formula, rows, random, sampling.wholeDegrees, places);
             ++done;
             if (sampling.onDone && std::this_thread::get_id() == caller && !sampling.onDone(done)) {
                 goesOn = false;

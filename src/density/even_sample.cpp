@@ -5,46 +5,33 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <random>
 
 namespace quandrel {
 
 namespace {
 
-/// Random numbers written out, because those of the standard library differ between machines.
-class Draws {
-public:
-    explicit Draws(std::uint64_t seed)
-        : engine_(seed) {}
-
-    /// From 0 to less than 1.
-    [[nodiscard]] double Share() { return static_cast<double>(engine_() >> 11U) * 0x1p-53; }
-
-    /// A number with a mean: of a Poisson distribution, by inversion in parts of small means.
-    [[nodiscard]] std::int32_t Poisson(double mean) {
-        constexpr double kMostAtOnce = 500; // exp(-500) is still a normal number
-        std::int32_t number = 0;
-        for (; mean > kMostAtOnce; mean -= kMostAtOnce) {
-            number += SmallPoisson(kMostAtOnce);
-        }
-        return number + SmallPoisson(mean);
+/// A number of a Poisson distribution, by inversion.
+std::int32_t SmallPoisson(RandomStream& random, double mean) {
+    const double share = random.Uniform();
+    double term = std::exp(-mean);
+    double sum = term;
+    std::int32_t number = 0;
+    while (sum < share && term > 0) {
+        term *= mean / ++number;
+        sum += term;
     }
+    return number;
+}
 
-private:
-    [[nodiscard]] std::int32_t SmallPoisson(double mean) {
-        const double share = Share();
-        double term = std::exp(-mean);
-        double sum = term;
-        std::int32_t number = 0;
-        while (sum < share && term > 0) {
-            term *= mean / ++number;
-            sum += term;
-        }
-        return number;
+/// A number of a Poisson distribution, as the sum of some of smaller means.
+std::int32_t Poisson(RandomStream& random, double mean) {
+    constexpr double kMostAtOnce = 500; // exp(-500) is still a normal number
+    std::int32_t number = 0;
+    for (; mean > kMostAtOnce; mean -= kMostAtOnce) {
+        number += SmallPoisson(random, kMostAtOnce);
     }
-
-    std::mt19937_64 engine_;
-};
+    return number + SmallPoisson(random, mean);
+}
 
 double WholeDegrees(double radians) {
     return DegToRad(RoundToEven(RadToDeg(radians)));
@@ -52,15 +39,14 @@ double WholeDegrees(double radians) {
 
 } // namespace
 
-std::vector<Direction> EvenDirections(std::int64_t rows, std::uint64_t seed, bool wholeDegrees,
+std::vector<Direction> EvenDirections(std::int64_t rows, RandomStream& random, bool wholeDegrees,
                                       LineSense sense) {
-    Draws draws(seed);
     std::vector<Direction> drawn;
     drawn.reserve(static_cast<std::size_t>(rows));
     for (std::int64_t i = 0; i < rows; ++i) {
-        const double share = draws.Share();
+        const double share = random.Uniform();
         double plunge = std::asin(sense == LineSense::Axes ? share : 2 * share - 1);
-        double trend = kTwoPi * draws.Share();
+        double trend = kTwoPi * random.Uniform();
         if (wholeDegrees) {
             plunge = WholeDegrees(plunge);
             trend = WholeDegrees(trend);
@@ -130,11 +116,10 @@ void EvenSample::Sort(const std::vector<Direction>& rows) {
     }
 }
 
-std::vector<DistinctLine> EvenCells(std::int64_t rows, std::uint64_t seed, LineSense sense) {
+std::vector<DistinctLine> EvenCells(std::int64_t rows, RandomStream& random, LineSense sense) {
     constexpr int kTurn = 360;
     constexpr int kPole = 90;
     const bool areAxes = sense == LineSense::Axes;
-    Draws draws(seed);
     std::vector<DistinctLine> cells;
     for (int plunge = areAxes ? 0 : -kPole; plunge <= kPole; ++plunge) {
         const double top = std::max(plunge - 0.5, areAxes ? 0.0 : -90.0);
@@ -142,7 +127,7 @@ std::vector<DistinctLine> EvenCells(std::int64_t rows, std::uint64_t seed, LineS
         const double share =
             (std::sin(DegToRad(bottom)) - std::sin(DegToRad(top))) / (areAxes ? 1 : 2);
         for (int trend = 0; trend < kTurn; ++trend) {
-            const std::int32_t number = draws.Poisson(static_cast<double>(rows) * share / kTurn);
+            const std::int32_t number = Poisson(random, static_cast<double>(rows) * share / kTurn);
             if (number > 0) {
                 cells.push_back(
                     {static_cast<std::int16_t>(plunge), static_cast<std::int16_t>(trend), number});

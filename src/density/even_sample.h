@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Samples of rows spread evenly over the net, the same for a seed on any machine.
+// Samples of rows spread evenly over the net.
 
 #pragma once
 
 #include "density/density_method.h"
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
+#include "orientation/random_stream.h"
 #include "stereo/distinct_lines.h"
 
 #include <cstddef>
@@ -17,7 +19,7 @@ namespace quandrel {
 /// Even rows: axes pointing down, or directions.
 ///
 /// @param wholeDegrees  plunge and trend are rounded to whole degrees
-[[nodiscard]] std::vector<Direction> EvenDirections(std::int64_t rows, std::uint64_t seed,
+[[nodiscard]] std::vector<Direction> EvenDirections(std::int64_t rows, RandomStream& random,
                                                     bool wholeDegrees, LineSense sense);
 
 /// Even rows in buckets, so that those near a place are found quickly.
@@ -55,7 +57,7 @@ private:
                                        + static_cast<std::size_t>((first + k + cells) % cells);
             for (std::size_t i = starts_[bucket]; i < starts_[bucket + 1]; ++i) {
                 const Direction& row = rows_[i];
-                const double cosine = row.l * place.l + row.m * place.m + row.n * place.n;
+                const double cosine = DotProduct(row, place);
                 if (cosine >= reach_) {
                     visit(std::min(cosine, 1.0));
                 }
@@ -73,7 +75,7 @@ private:
 
 /// Even rows as numbers in cells of whole degrees, each drawn by itself (Poisson): their sum is
 /// near the wanted number.
-[[nodiscard]] std::vector<DistinctLine> EvenCells(std::int64_t rows, std::uint64_t seed,
+[[nodiscard]] std::vector<DistinctLine> EvenCells(std::int64_t rows, RandomStream& random,
                                                   LineSense sense);
 
 } // namespace quandrel

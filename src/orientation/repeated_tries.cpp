@@ -12,26 +12,22 @@ namespace quandrel {
 
 namespace {
 
-/// The blocks that are left, and what was counted in the others.
-class TryBlocks {
+/// The blocks that are left.
+class Blocks {
 public:
-    explicit TryBlocks(const Repetition& repetition)
+    explicit Blocks(const Repetition& repetition)
         : repetition_(repetition)
         , blocks_((repetition.tries + kTriesOfBlock - 1) / kTriesOfBlock) {}
 
     /// Works on blocks until none is left.
     ///
     /// @param afterBlock  returns false to stop all threads
-    void Work(const RandomTry& isCounted, const std::function<bool(double)>& afterBlock) {
+    void Work(const RandomBlock& run, const std::function<bool(double)>& afterBlock) {
         for (int block = next_++; block < blocks_ && !isStopped_; block = next_++) {
             RandomStream random(repetition_.seed, static_cast<std::uint64_t>(block));
             const int first = block * kTriesOfBlock;
             const int last = std::min(first + kTriesOfBlock, repetition_.tries);
-            int counted = 0;
-            for (int i = first; i < last; ++i) {
-                counted += isCounted(random) ? 1 : 0;
-            }
-            counted_ += counted;
+            run(random, first, last);
             done_ += last - first;
             if (!afterBlock(static_cast<double>(done_) / repetition_.tries)) {
                 isStopped_ = true;
@@ -39,35 +35,45 @@ public:
         }
     }
 
-    [[nodiscard]] std::optional<int> Counted() const {
-        return isStopped_ ? std::nullopt : std::optional<int>(counted_);
-    }
+    [[nodiscard]] bool IsStopped() const { return isStopped_; }
 
 private:
     const Repetition& repetition_;
     int blocks_;
     std::atomic<int> next_ = 0;
     std::atomic<int> done_ = 0;
-    std::atomic<int> counted_ = 0;
     std::atomic<bool> isStopped_ = false;
 };
 
 } // namespace
 
-std::optional<int> CountTries(const Repetition& repetition,
-                              const std::function<RandomTry()>& makeTry) {
-    TryBlocks blocks(repetition);
+bool RunBlocks(const Repetition& repetition, const std::function<RandomBlock()>& makeBlock) {
+    Blocks blocks(repetition);
     const auto goesOn = repetition.goesOn ? repetition.goesOn : [](double) { return true; };
     {
         std::vector<std::jthread> others; // their destructors wait for them
         for (unsigned thread = 1; thread < repetition.threads; ++thread) {
-            others.emplace_back([&blocks, isCounted = makeTry()] {
-                blocks.Work(isCounted, [](double) { return true; });
-            });
+            others.emplace_back(
+                [&blocks, run = makeBlock()] { blocks.Work(run, [](double) { return true; }); });
         }
-        blocks.Work(makeTry(), goesOn);
+        blocks.Work(makeBlock(), goesOn);
     }
-    return blocks.Counted();
+    return !blocks.IsStopped();
+}
+
+std::optional<int> CountTries(const Repetition& repetition,
+                              const std::function<RandomTry()>& makeTry) {
+    std::atomic<int> counted = 0;
+    const bool isDone = RunBlocks(repetition, [&]() -> RandomBlock {
+        return [&counted, isCounted = makeTry()](RandomStream& random, int first, int last) {
+            int countedOfBlock = 0;
+            for (int i = first; i < last; ++i) {
+                countedOfBlock += isCounted(random) ? 1 : 0;
+            }
+            counted += countedOfBlock;
+        };
+    });
+    return isDone ? std::optional<int>(counted) : std::nullopt;
 }
 
 std::optional<double> ProbabilityByTries(const Repetition& repetition,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Probabilities by repeated random tries, such as permutations of rows or samples of a hypothesis.
+// Repeated random tries, such as resamples, permutations of rows or samples of a hypothesis, and
+// the probabilities found by them.
 //
 // Tries run in blocks of kTriesOfBlock, each with a random stream of its own. The result depends on
 // the seed and the number of tries, not on the number of threads.
@@ -28,13 +29,22 @@ struct Repetition {
     std::function<bool(double done)> goesOn;
 };
 
+/// Work on the tries from the first one up to the last one, which is not included.
+using RandomBlock = std::function<void(RandomStream& random, int first, int last)>;
+
+/// Runs all tries, block by block; false when stopped.
+///
+/// @param makeBlock  makes the work of one thread, with working memory of its own. Called by the
+///                   caller's thread for each thread that works
+[[nodiscard]] bool RunBlocks(const Repetition& repetition,
+                             const std::function<RandomBlock()>& makeBlock);
+
 /// One try: whether its result counts.
 using RandomTry = std::function<bool(RandomStream& random)>;
 
 /// The number of tries that count; empty when stopped.
 ///
-/// @param makeTry  makes the try of one thread, with working memory of its own. Called by the
-///                 caller's thread for each thread that works
+/// @param makeTry  makes the try of one thread, as in RunBlocks
 [[nodiscard]] std::optional<int> CountTries(const Repetition& repetition,
                                             const std::function<RandomTry()>& makeTry);
 

@@ -2,35 +2,24 @@
 
 #include "statistics/bootstrap_region.h"
 
+#include "orientation/repeated_tries.h"
 #include "statistics/axis_regions.h"
 #include "statistics/direction_regions.h"
 #include "statistics/place_table.h"
 #include "statistics/resample_moments.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <limits>
-#include <random>
-#include <thread>
 
 namespace quandrel {
 
 namespace {
 
-constexpr int kResamplesOfBlock = 100;
-
-std::mt19937_64 GeneratorOf(std::uint64_t seed, int block) {
-    std::seed_seq sequence{static_cast<std::uint32_t>(seed),
-                           static_cast<std::uint32_t>(seed >> 32U),
-                           static_cast<std::uint32_t>(block)};
-    return std::mt19937_64(sequence);
-}
-
 /// The sums of `draws` rows.
 template <class Sums>
 Sums Draw(const std::vector<Sums>& rows, const PlaceTable& table, long draws,
-          std::mt19937_64& random) {
+          RandomStream& random) {
     Sums sums;
     const auto add = [&](std::uint64_t bits) {
         const Sums& row = rows[table.Place(static_cast<std::uint32_t>(bits))];
@@ -39,7 +28,7 @@ Sums Draw(const std::vector<Sums>& rows, const PlaceTable& table, long draws,
         }
     };
     for (long i = 0; i < draws; i += 2) {
-        const std::uint64_t bits = random();
+        const std::uint64_t bits = random.Bits();
         add(bits);
         if (i + 1 < draws) {
             add(bits >> 32U);
@@ -48,33 +37,15 @@ Sums Draw(const std::vector<Sums>& rows, const PlaceTable& table, long draws,
     return sums;
 }
 
-/// Runs blocks of resamples on threads; false when stopped.
-bool RunBlocks(const BootstrapOptions& options, const std::function<void(int block)>& run) {
-    if (options.onDone && !options.onDone(0)) {
-        return false;
+/// The options as those of repeated tries.
+Repetition RepetitionOf(const BootstrapOptions& options) {
+    Repetition repetition{options.resamples, options.seed, options.threads, {}};
+    if (options.onDone) {
+        repetition.goesOn = [&options](double done) {
+            return options.onDone(static_cast<int>(std::lround(done * options.resamples)));
+        };
     }
-    const int blocks = (options.resamples + kResamplesOfBlock - 1) / kResamplesOfBlock;
-    std::atomic<int> next = 0;
-    std::atomic<int> done = 0;
-    std::atomic<bool> isStopped = false;
-    const auto work = [&](bool isCaller) {
-        for (int block = next++; block < blocks && !isStopped; block = next++) {
-            run(block);
-            const int finished = ++done;
-            if (isCaller && options.onDone
-                && !options.onDone(std::min(finished * kResamplesOfBlock, options.resamples))) {
-                isStopped = true;
-            }
-        }
-    };
-    {
-        std::vector<std::jthread> others; // their destructors wait for them
-        for (unsigned thread = 1; thread < options.threads; ++thread) {
-            others.emplace_back([&work] { work(false); });
-        }
-        work(true);
-    }
-    return !isStopped;
+    return repetition;
 }
 
 template <class Sums>
@@ -89,10 +60,8 @@ std::optional<Resampled> ResampleIn(const Frame& frame, const RegionSample& samp
     const auto total = static_cast<double>(draws);
     const auto size = static_cast<std::size_t>(options.resamples);
     Resampled resampled{std::vector<double>(size), std::vector<Direction>(size)};
-    const bool isDone = RunBlocks(options, [&](int block) {
-        std::mt19937_64 random = GeneratorOf(options.seed, block);
-        const int first = block * kResamplesOfBlock;
-        for (int i = first; i < std::min(first + kResamplesOfBlock, options.resamples); ++i) {
+    const RandomBlock draw = [&](RandomStream& random, int first, int last) {
+        for (int i = first; i < last; ++i) {
             const ResampleCentre found = Draw(rows, table, draws, random)
                                              .CentreOf(total, target == RegionTarget::GirdlePole);
             const auto place = static_cast<std::size_t>(i);
@@ -101,8 +70,11 @@ std::optional<Resampled> ResampleIn(const Frame& frame, const RegionSample& samp
             resampled.centres[place] =
                 target == RegionTarget::MeanDirection ? centre : LowerEnd(centre);
         }
-    });
-    if (!isDone) {
+    };
+    if (options.onDone && !options.onDone(0)) {
+        return std::nullopt;
+    }
+    if (!RunBlocks(RepetitionOf(options), [&draw] { return draw; })) {
         return std::nullopt;
     }
     std::sort(resampled.statistics.begin(), resampled.statistics.end());

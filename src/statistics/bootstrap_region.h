@@ -53,7 +53,7 @@ struct Resampled {
 /// @return empty when stopped, and for a sample of no rows or without its centre
 ///
 /// The result depends on sample, target, number and seed alone: each hundred resamples have a
-/// generator of their own, whose numbers become rows by integer arithmetic. All else is sums,
+/// random stream of their own, whose bits become rows by integer arithmetic. All else is sums,
 /// products, quotients and square roots, which are the same on any machine.
 [[nodiscard]] std::optional<Resampled> Resample(const RegionSample& sample, RegionTarget target,
                                                 const BootstrapOptions& options);

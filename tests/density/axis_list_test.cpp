@@ -2,27 +2,23 @@
 
 #include "density/axis_list.h"
 #include "density/cone_counts.h"
+#include "orientation/random_stream.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 #include <vector>
 
 namespace quandrel {
 namespace {
 
-double Uniform(std::mt19937_64& random) {
-    return static_cast<double>(random() >> 11) / 9007199254740992.0;
-}
-
 /// Lines all over the net, and as many on the bound of the cone about a vertical one.
-std::vector<MeasuredLine> LinesWithBound(std::mt19937_64& random) {
+std::vector<MeasuredLine> LinesWithBound(RandomStream& random) {
     std::vector<MeasuredLine> lines;
     for (int i = 0; i < 4000; ++i) {
-        lines.push_back({std::asin(Uniform(random)), kTwoPi * Uniform(random)});
+        lines.push_back({std::asin(random.Uniform()), kTwoPi * random.Uniform()});
         lines.push_back(
-            {kPi / 2 - kCountCone + 1e-7 * (Uniform(random) - 0.5), kTwoPi * Uniform(random)});
+            {kPi / 2 - kCountCone + 1e-7 * (random.Uniform() - 0.5), kTwoPi * random.Uniform()});
     }
     return lines;
 }
@@ -46,7 +42,7 @@ std::int32_t CountOneByOne(const AxisCells& cells, const Direction& centre) {
 }
 
 TEST(AxisList, CountsAreThoseOfEachAxisByItself) {
-    std::mt19937_64 random(21);
+    RandomStream random(21);
     const AxisCells cells(LinesWithBound(random));
     const AxisList list = ListOfAll(cells);
     const Direction vertical = AxisOf({kPi / 2, 0});
@@ -55,7 +51,7 @@ TEST(AxisList, CountsAreThoseOfEachAxisByItself) {
     EXPECT_LT(atBound, 3000);
     EXPECT_EQ(list.CountWithin(vertical, std::cos(kCountCone)), atBound);
     for (int i = 0; i < 50; ++i) {
-        const Direction centre = AxisOf({std::asin(Uniform(random)), kTwoPi * Uniform(random)});
+        const Direction centre = AxisOf({std::asin(random.Uniform()), kTwoPi * random.Uniform()});
         ASSERT_EQ(list.CountWithin(centre, std::cos(kCountCone)), CountOneByOne(cells, centre));
     }
 }
@@ -66,7 +62,7 @@ TEST(AxisList, AnEmptyListCountsNone) {
 }
 
 TEST(AxisList, AShorterListWithTheAxesInsideCountsTheSame) {
-    std::mt19937_64 random(22);
+    RandomStream random(22);
     const AxisCells cells(LinesWithBound(random));
     const AxisList list = ListOfAll(cells);
     constexpr double kRadius = 0.01;

@@ -2,13 +2,14 @@
 
 #include "density/cone_tests.h"
 #include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
+#include "orientation/random_stream.h"
 #include "stereo/measured_line.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
-#include <random>
 #include <vector>
 
 namespace quandrel {
@@ -31,18 +32,14 @@ struct ListedAxes {
     }
 };
 
-double Uniform(std::mt19937_64& random) {
-    return static_cast<double>(random() >> 11) / 9007199254740992.0;
-}
-
-Direction AnyAxis(std::mt19937_64& random) {
-    return AxisOf({std::asin(Uniform(random)), kTwoPi * Uniform(random)});
+Direction AnyAxis(RandomStream& random) {
+    return AxisOf({std::asin(random.Uniform()), kTwoPi * random.Uniform()});
 }
 
 /// The axis at a distance from another.
-Direction AxisAtDistance(const Direction& from, double distance, std::mt19937_64& random) {
+Direction AxisAtDistance(const Direction& from, double distance, RandomStream& random) {
     const Direction other = AnyAxis(random);
-    const double along = from.l * other.l + from.m * other.m + from.n * other.n;
+    const double along = DotProduct(from, other);
     const double length = std::sqrt(1 - along * along);
     const auto part = [&](double own, double of) {
         return std::cos(distance) * own + std::sin(distance) * (of - along * own) / length;
@@ -51,7 +48,7 @@ Direction AxisAtDistance(const Direction& from, double distance, std::mt19937_64
 }
 
 TEST(ConeTests, BoundsHoldTheCountForAxesAtAnyDistanceFromTheBound) {
-    std::mt19937_64 random(11);
+    RandomStream random(11);
     const double halfAngle = 0.2;
     const double cosine = std::cos(halfAngle);
     int unequal = 0;
@@ -60,8 +57,8 @@ TEST(ConeTests, BoundsHoldTheCountForAxesAtAnyDistanceFromTheBound) {
         ListedAxes list;
         std::int32_t count = 0;
         for (int i = 0; i < turn % 40; ++i) {
-            const double away = std::pow(10.0, -9 * Uniform(random));
-            const double side = random() % 2 == 0 ? 1 : -1;
+            const double away = std::pow(10.0, -9 * random.Uniform());
+            const double side = random.Bits() % 2 == 0 ? 1 : -1;
             list.Add(AxisAtDistance(centre, halfAngle + 0.1 * side * away, random));
             count += AreWithin(list.axes.back(), centre, cosine) ? 1 : 0;
         }
@@ -75,7 +72,7 @@ TEST(ConeTests, BoundsHoldTheCountForAxesAtAnyDistanceFromTheBound) {
 }
 
 TEST(ConeTests, AxesFarFromTheBoundAreClear) {
-    std::mt19937_64 random(12);
+    RandomStream random(12);
     const double halfAngle = 0.2;
     const double cosine = std::cos(halfAngle);
     const Direction centre = AnyAxis(random);

@@ -55,11 +55,6 @@ double GreatestByHand(const DensityFormula& formula, const std::vector<Direction
     return greatest;
 }
 
-/// The rows of a sample, each once.
-std::vector<Direction> RowsOf(std::int64_t rows, std::uint64_t seed, LineSense sense) {
-    return EvenDirections(rows, seed, false, sense);
-}
-
 TEST(MaximaOfEvenSamples, AreTheGreatestAnywhere) {
     for (const LineSense sense : {LineSense::Axes, LineSense::Directions}) {
         for (const DensityMethod method :
@@ -71,7 +66,9 @@ TEST(MaximaOfEvenSamples, AreTheGreatestAnywhere) {
                 sampling.seed = seed;
                 const auto found = MaximaOfEvenSamples(formula, 60, sampling);
                 ASSERT_TRUE(found);
-                const double expected = GreatestByHand(formula, RowsOf(60, seed * 1000003, sense));
+                RandomStream random(seed);
+                const double expected =
+                    GreatestByHand(formula, EvenDirections(60, random, false, sense));
                 EXPECT_NEAR(found->front(), expected, 2e-3 * expected)
                     << static_cast<int>(method) << " " << static_cast<int>(sense);
             }

@@ -3,6 +3,7 @@
 // The bootstrap interval of a mean direction: how often it holds the true one.
 
 #include "rose/mean_bootstrap.h"
+#include "support/random_samples.h"
 #include "support/trial.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <random>
 #include <vector>
 
 namespace quandrel {
@@ -31,30 +31,8 @@ double Degrees(double radians) {
     return radians * 180 / pi;
 }
 
-/// A uniform number from 0, below 1.
-double Uniform(std::mt19937& random) {
-    return static_cast<double>(random()) / 4294967296.0;
-}
-
-/// An angle of a von Mises distribution about 0: D. J. Best, N. I. Fisher (1979), Appl. Statist.
-/// 28, 152-157.
-double VonMisesAngle(std::mt19937& random, double kappa) {
-    const double tau = 1 + std::sqrt(1 + 4 * kappa * kappa);
-    const double rho = (tau - std::sqrt(2 * tau)) / (2 * kappa);
-    const double r = (1 + rho * rho) / (2 * rho);
-    for (;;) {
-        const double z = std::cos(pi * Uniform(random));
-        const double f = (1 + r * z) / (r + z);
-        const double c = kappa * (r - f);
-        const double u = 1 - Uniform(random);
-        if (c * (2 - c) > u || std::log(c / u) + 1 >= c) {
-            return (Uniform(random) < 0.5 ? -1 : 1) * std::acos(std::clamp(f, -1.0, 1.0));
-        }
-    }
-}
-
 TEST(BootstrapHalfWidthTrial, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
-    std::mt19937 random(kSeed);
+    RandomStream random(kSeed);
     const int samples = TrialRounds(4000);
     // Three standard errors of a share of 0.95.
     const double error = 3 * std::sqrt(0.95 * 0.05 / samples);
@@ -67,7 +45,7 @@ TEST(BootstrapHalfWidthTrial, HoldsTheTrueAxisInNinetyFivePercentOfSamples) {
                 double sine = 0;
                 double cosine = 0;
                 for (int k = 0; k < n; ++k) {
-                    const double axis = 70 * pi / 180 + VonMisesAngle(random, kappa) / 2;
+                    const double axis = 70 * pi / 180 + VonMisesAzimuth(random, kappa) / 2;
                     doubled.push_back({2 * axis, 1});
                     sine += std::sin(2 * axis);
                     cosine += std::cos(2 * axis);

@@ -3,7 +3,7 @@
 #include "statistics/axis_regions.h"
 #include "statistics/bingham_distribution.h"
 #include "statistics/reference_statistics.h"
-#include "support/random_axes.h"
+#include "support/weighted_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -30,9 +30,11 @@ RegionSample Ring(int count, double angle) {
 }
 
 RegionSample BinghamSample(std::uint64_t seed, int count, double k1, double k2) {
-    RandomAxes random(seed);
-    return RegionSampleOf(random.Sample(count, [=](RandomAxes& r) { return r.Bingham(k1, k2); }),
-                          RowsAre::Axes);
+    RandomStream random(seed);
+    return RegionSampleOf(
+        WeightedSampleOf(random, count,
+                         [=](RandomStream& r) { return BinghamDirection(r, k1, k2); }),
+        RowsAre::Axes);
 }
 
 TEST(AxisRegions, OfARingFollowFromItsAngle) {

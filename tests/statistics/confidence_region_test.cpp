@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
+#include "orientation/direction_vectors.h"
 #include "statistics/confidence_region.h"
-#include "statistics/unit_vectors.h"
-#include "support/random_axes.h"
+#include "support/random_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -23,37 +23,19 @@ ConfidenceRegion RegionWith(double first, double second) {
     return region;
 }
 
-double Length(const Direction& vector) {
-    return std::sqrt(DotProduct(vector, vector));
-}
-
-TEST(FrameAbout, IsOfUnitVectorsAtRightAngles) {
-    RandomAxes random(1);
-    for (int i = 0; i < 1000; ++i) {
-        const Direction axis = i == 0 ? Direction{0, 0, 1} : random.Uniform();
-        const Frame frame = FrameAbout(axis);
-        for (std::size_t j = 0; j < 3; ++j) {
-            ASSERT_NEAR(Length(frame[j]), 1, 1e-14);
-            ASSERT_NEAR(DotProduct(frame[j], frame[(j + 1) % 3]), 0, 1e-14);
-        }
-        const Direction back = FromFrame(frame, InFrame(frame, kCentre));
-        ASSERT_NEAR(Length(Combined(back, 1, kCentre, -1)), 0, 1e-14);
-    }
-}
-
 TEST(SetEllipse, HoldsWhatTheQuadraticFormHolds) {
     // d' C^-1 d by Cramer's rule for random matrices and directions.
-    RandomAxes random(2);
+    RandomStream random(2);
     int held = 0;
     for (int i = 0; i < 20000; ++i) {
-        const double a = 0.01 + random.Even();
-        const double c = 0.01 + random.Even();
-        const double b = (2 * random.Even() - 1) * std::sqrt(a * c) * 0.99;
-        const double limit = 3 * random.Even();
-        const Frame frame = FrameAbout(random.Uniform());
+        const double a = 0.01 + random.Uniform();
+        const double c = 0.01 + random.Uniform();
+        const double b = (2 * random.Uniform() - 1) * std::sqrt(a * c) * 0.99;
+        const double limit = 3 * random.Uniform();
+        const Frame frame = FrameAbout(UniformDirection(random));
         ConfidenceRegion region;
         SetEllipse(region, frame[2], {frame[0], frame[1]}, {a, b, c}, limit);
-        const Direction direction = random.Uniform();
+        const Direction direction = UniformDirection(random);
         const auto [d1, d2, d3] = InFrame(frame, direction);
         const double form = (c * d1 * d1 - 2 * b * d1 * d2 + a * d2 * d2) / (a * c - b * b);
         ASSERT_EQ(Contains(region, direction), form <= limit) << i;
@@ -114,7 +96,7 @@ TEST(RegionOutline, IsAClosedPolygonOnTheBoundAroundTheCentre) {
             const double d1 = DotProduct(outline[i], region.frame[0]) / bounds[0];
             const double d2 = DotProduct(outline[i], region.frame[1]) / bounds[1];
             ASSERT_NEAR(d1 * d1 + d2 * d2, 1, 1e-12);
-            ASSERT_NEAR(Length(outline[i]), 1, 1e-12);
+            ASSERT_NEAR(LengthOf(outline[i]), 1, 1e-12);
             ASSERT_GT(DotProduct(outline[i], kCentre), 0);
             // Once round: each vertex is a 72nd of a turn from the one before.
             const double expected = kTwoPi * static_cast<double>(i) / 72;
@@ -133,14 +115,14 @@ TEST(RegionOutline, OfAConeIsAtItsAngle) {
 TEST(GirdleBand, HoldsTheGreatCirclesOfThePolesInTheRegion) {
     // A direction is on the great circle of some pole in the region if it has poles of the outline
     // on either side. The outline of many sides is short of the band by less than a thousandth.
-    RandomAxes random(3);
+    RandomStream random(3);
     for (const auto& bounds : {std::array{0.5, 0.1}, {0.2, 0.2}, {0.95, 0.4}}) {
         const ConfidenceRegion region = RegionWith(bounds[0], bounds[1]);
         const std::vector<Direction> poles = RegionOutline(region, 720);
         const double tangent1 = std::tan(std::asin(bounds[0]));
         const double tangent2 = std::tan(std::asin(bounds[1]));
         for (int i = 0; i < 1000; ++i) {
-            const Direction direction = random.Uniform();
+            const Direction direction = UniformDirection(random);
             const double x = DotProduct(direction, region.frame[0]) * tangent1;
             const double y = DotProduct(direction, region.frame[1]) * tangent2;
             const double z = DotProduct(direction, region.centre);
@@ -165,7 +147,7 @@ TEST(GirdleBand, ItsEdgesTouchTheGreatCirclesOfTheOutline) {
         ASSERT_EQ(edges[side].size(), 61U);
         EXPECT_EQ(edges[side].front().l, edges[side].back().l);
         for (const Direction& vertex : edges[side]) {
-            ASSERT_NEAR(Length(vertex), 1, 1e-12);
+            ASSERT_NEAR(LengthOf(vertex), 1, 1e-12);
             ASSERT_EQ(DotProduct(vertex, region.centre) > 0, side == 0);
             double nearest = 1; // of the sines to the planes of the poles, all on one side
             for (const Direction& pole : poles) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "statistics/direction_regions.h"
-#include "support/random_axes.h"
+#include "support/weighted_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -47,13 +47,14 @@ TEST(FisherCone, OfARingFollowsFromItsResultant) {
 
 TEST(FisherCone, HoldsTheMeanOfConcentratedDirectionsAsOftenAsItSays) {
     // The formula is exact for concentrated directions in samples of any size.
-    RandomAxes random(11);
+    RandomStream random(11);
     constexpr int kSamples = 4000;
     for (const double level : {0.63, 0.95}) {
         int covered = 0;
         for (int i = 0; i < kSamples; ++i) {
             const RegionSample sample = RegionSampleOf(
-                random.Sample(5, [](RandomAxes& r) { return r.Fisher(50); }), RowsAre::Directions);
+                WeightedSampleOf(random, 5, [](RandomStream& r) { return FisherDirection(r, 50); }),
+                RowsAre::Directions);
             covered += Contains(FisherCone(sample, level), {0, 0, 1}) ? 1 : 0;
         }
         const double deviation = std::sqrt(level * (1 - level) / kSamples);
@@ -83,13 +84,14 @@ TEST(DirectionEllipse, IsTheSpreadOfMeansOfSamples) {
     constexpr int kRows = 150;
     constexpr int kSamples = 1500;
     constexpr int kMany = 100000;
-    RandomAxes random(12);
-    const auto draw = [](RandomAxes& r) { return r.Elongated(0.2, 0.7); };
-    const ConfidenceRegion large =
-        DirectionEllipse(RegionSampleOf(random.Sample(kMany, draw), RowsAre::Directions), kLevel);
+    RandomStream random(12);
+    const auto draw = [](RandomStream& r) { return ElongatedDirection(r, 0.2, 0.7); };
+    const ConfidenceRegion large = DirectionEllipse(
+        RegionSampleOf(WeightedSampleOf(random, kMany, draw), RowsAre::Directions), kLevel);
     std::array<double, 2> squares{};
     for (int i = 0; i < kSamples; ++i) {
-        const RegionSample sample = RegionSampleOf(random.Sample(kRows, draw), RowsAre::Directions);
+        const RegionSample sample =
+            RegionSampleOf(WeightedSampleOf(random, kRows, draw), RowsAre::Directions);
         const Direction mean = MeanFrameOf(sample)->axes[2];
         for (std::size_t j = 0; j < 2; ++j) {
             const double along = DotProduct(Combined(mean, 1, large.centre, -1), large.frame[j]);

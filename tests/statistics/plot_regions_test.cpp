@@ -10,7 +10,7 @@
 #include "statistics/statistics_texts.h"
 #include "stereo/lines_of_rows.h"
 #include "support/plot_rows.h"
-#include "support/random_axes.h"
+#include "support/random_samples.h"
 #include "support/test_platform.h"
 
 #include <cmath>
@@ -31,9 +31,9 @@ protected:
 
     /// Rows about 60/090, in whole degrees.
     static void AddCluster(int count, double deviation = 0.15) {
-        RandomAxes random(5);
+        RandomStream random(5);
         for (int i = 0; i < count; ++i) {
-            const Direction d = random.Elongated(deviation, deviation / 2);
+            const Direction d = ElongatedDirection(random, deviation, deviation / 2);
             double plunge = 0;
             double trend = 0;
             // Turned by 30 degrees about the north axis, from the vertical to the east.
@@ -202,9 +202,9 @@ TEST_F(PlotRegions, AreInTheAdvancedBoxAndTheLegend) {
 }
 
 TEST_F(PlotRegions, ARefusedOneIsShownAtWish) {
-    RandomAxes random(8);
+    RandomStream random(8);
     for (int i = 0; i < 200; ++i) { // a round cluster has no girdle
-        const Direction d = random.Elongated(0.2, 0.2);
+        const Direction d = ElongatedDirection(random, 0.2, 0.2);
         double plunge = 0;
         double trend = 0;
         AxisToLine(d, plunge, trend);

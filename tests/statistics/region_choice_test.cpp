@@ -4,8 +4,8 @@
 #include "statistics/direction_regions.h"
 #include "statistics/region_choice.h"
 #include "statistics/symmetry_tests.h"
-#include "support/random_axes.h"
 #include "support/trial.h"
+#include "support/weighted_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -18,18 +18,20 @@
 namespace quandrel {
 namespace {
 
-using Draw = std::function<Direction(RandomAxes&)>;
+using Draw = std::function<Direction(RandomStream&)>;
 
-const Draw kCluster = [](RandomAxes& random) { return random.Watson(10); };
-const Draw kElongatedCluster = [](RandomAxes& random) { return random.Bingham(-40, -6); };
-const Draw kGirdle = [](RandomAxes& random) { return random.Bingham(-20, 0); };
-const Draw kFisher = [](RandomAxes& random) { return random.Fisher(10); };
-const Draw kDispersed = [](RandomAxes& random) { return random.Fisher(1.5); };
-const Draw kElongated = [](RandomAxes& random) { return random.Elongated(0.1, 0.4); };
+const Draw kCluster = [](RandomStream& random) { return WatsonDirection(random, 10); };
+const Draw kElongatedCluster = [](RandomStream& random) {
+    return BinghamDirection(random, -40, -6);
+};
+const Draw kGirdle = [](RandomStream& random) { return BinghamDirection(random, -20, 0); };
+const Draw kFisher = [](RandomStream& random) { return FisherDirection(random, 10); };
+const Draw kDispersed = [](RandomStream& random) { return FisherDirection(random, 1.5); };
+const Draw kElongated = [](RandomStream& random) { return ElongatedDirection(random, 0.1, 0.4); };
 
 RegionSample SampleOf(int count, const Draw& draw, RowsAre kind, std::uint64_t seed = 1) {
-    RandomAxes random(seed);
-    return RegionSampleOf(random.Sample(count, draw), kind);
+    RandomStream random(seed);
+    return RegionSampleOf(WeightedSampleOf(random, count, draw), kind);
 }
 
 ConfidenceRegion RegionOf(const RegionSample& sample, RegionTarget target,
@@ -108,11 +110,12 @@ TEST(ChooseRegion, RefusesTheAxisThatASymmetricSampleDoesNotHave) {
 }
 
 TEST(ChooseRegion, RefusesNearlyAlwaysForUniformAxes) {
-    RandomAxes random(9);
+    RandomStream random(9);
     int given = 0;
     for (int i = 0; i < 500; ++i) {
         const RegionSample uniform = RegionSampleOf(
-            random.Sample(60, [](RandomAxes& r) { return r.Uniform(); }), RowsAre::Axes);
+            WeightedSampleOf(random, 60, [](RandomStream& r) { return UniformDirection(r); }),
+            RowsAre::Axes);
         for (const RegionTarget target : {RegionTarget::PrincipalAxis, RegionTarget::GirdlePole}) {
             const ConfidenceRegion region = RegionOf(uniform, target, RegionMethod::Ellipse);
             given += region.state == RegionState::Given ? 1 : 0;
@@ -251,16 +254,16 @@ TEST(ChooseRegionTrial, HoldsTheTrueCentreAsOftenAsItSays) {
     const std::vector<Coverage> cases = {
         {"cluster", RegionTarget::PrincipalAxis, vertical, kCluster},
         {"weak cluster", RegionTarget::PrincipalAxis, vertical,
-         [](RandomAxes& random) { return random.Watson(3); }},
+         [](RandomStream& random) { return WatsonDirection(random, 3); }},
         {"cluster in a girdle", RegionTarget::PrincipalAxis, vertical,
-         [](RandomAxes& random) { return random.Bingham(-30, -2); }},
+         [](RandomStream& random) { return BinghamDirection(random, -30, -2); }},
         {"its pole",
          RegionTarget::GirdlePole,
          {1, 0, 0},
-         [](RandomAxes& random) { return random.Bingham(-30, -2); }},
+         [](RandomStream& random) { return BinghamDirection(random, -30, -2); }},
         {"directions", RegionTarget::MeanDirection, vertical, kFisher},
         {"dispersed directions", RegionTarget::MeanDirection, vertical,
-         [](RandomAxes& random) { return random.Fisher(1); }},
+         [](RandomStream& random) { return FisherDirection(random, 1); }},
         {"elongated directions", RegionTarget::MeanDirection, vertical, kElongated},
     };
     const int samples = TrialRounds(2000);

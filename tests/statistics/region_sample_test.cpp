@@ -2,7 +2,7 @@
 
 #include "statistics/region_sample.h"
 #include "statistics/symmetry_tests.h"
-#include "support/random_axes.h"
+#include "support/weighted_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,9 @@ namespace quandrel {
 namespace {
 
 TEST(RegionSampleOf, DependsNeitherOnOrderNorOnRowsGivenAsOne) {
-    RandomAxes random(4);
-    WeightedDirections rows = random.Sample(40, [](RandomAxes& r) { return r.Watson(2); });
+    RandomStream random(4);
+    WeightedDirections rows =
+        WeightedSampleOf(random, 40, [](RandomStream& r) { return WatsonDirection(r, 2); });
     WeightedDirections shuffled;
     for (std::size_t i = 40; i-- > 0;) {
         // Each row twice, the second time as its other end.
@@ -76,10 +77,10 @@ TEST(MeanFrameOf, DirectionsThatCancelHaveNone) {
 // Symmetry.
 
 TEST(SymmetryOfAxes, AboutThePrincipalAxisIsTheTestOfTheStatistics) {
-    RandomAxes random(5);
+    RandomStream random(5);
     for (int i = 0; i < 50; ++i) {
-        const WeightedDirections rows =
-            random.Sample(30, [](RandomAxes& r) { return r.Bingham(-8, -4); });
+        const WeightedDirections rows = WeightedSampleOf(
+            random, 30, [](RandomStream& r) { return BinghamDirection(r, -8, -4); });
         const RegionSample sample = RegionSampleOf(rows, RowsAre::Axes);
         const auto axes = AxisSampleOf(rows);
         ASSERT_TRUE(axes);
@@ -100,11 +101,13 @@ double ShareRejected(int samples, Probability probability) {
 }
 
 TEST(SymmetryOfAxes, RejectsOneInTwentySymmetricSamplesAboutEitherAxis) {
-    RandomAxes random(6);
+    RandomStream random(6);
     const auto share = [&random](double k1, double k2, FrameCentre centre) {
         return ShareRejected(2000, [&] {
             const RegionSample sample = RegionSampleOf(
-                random.Sample(60, [=](RandomAxes& r) { return r.Bingham(k1, k2); }), RowsAre::Axes);
+                WeightedSampleOf(random, 60,
+                                 [=](RandomStream& r) { return BinghamDirection(r, k1, k2); }),
+                RowsAre::Axes);
             return SymmetryOfAxes(sample, *AxisFrameOf(sample, centre));
         });
     };
@@ -116,17 +119,17 @@ TEST(SymmetryOfAxes, RejectsOneInTwentySymmetricSamplesAboutEitherAxis) {
 }
 
 TEST(SymmetryOfDirections, RejectsOneInTwentySymmetricSamples) {
-    RandomAxes random(7);
+    RandomStream random(7);
     const auto share = [&random](auto draw) {
         return ShareRejected(2000, [&] {
             const RegionSample sample =
-                RegionSampleOf(random.Sample(60, draw), RowsAre::Directions);
+                RegionSampleOf(WeightedSampleOf(random, 60, draw), RowsAre::Directions);
             return SymmetryOfDirections(sample, *MeanFrameOf(sample));
         });
     };
-    EXPECT_NEAR(share([](RandomAxes& r) { return r.Fisher(10); }), 0.05, 0.02);
-    EXPECT_NEAR(share([](RandomAxes& r) { return r.Fisher(2); }), 0.05, 0.02);
-    EXPECT_GT(share([](RandomAxes& r) { return r.Elongated(0.1, 0.4); }), 0.9);
+    EXPECT_NEAR(share([](RandomStream& r) { return FisherDirection(r, 10); }), 0.05, 0.02);
+    EXPECT_NEAR(share([](RandomStream& r) { return FisherDirection(r, 2); }), 0.05, 0.02);
+    EXPECT_GT(share([](RandomStream& r) { return ElongatedDirection(r, 0.1, 0.4); }), 0.9);
 }
 
 TEST(SymmetryOfAxes, RowsOnOneLineAreSymmetric) {

@@ -6,12 +6,12 @@
 
 #include "density/density_method.h"
 #include "orientation/angles.h"
+#include "orientation/random_stream.h"
 #include "stereo/measured_line.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -24,7 +24,7 @@ public:
         : random_(seed) {}
 
     /// 0 up to 1, in 53 bits.
-    double Fraction() { return static_cast<double>(random_() >> 11U) * 0x1p-53; }
+    double Fraction() { return random_.Uniform(); }
 
     /// Any direction of the sphere, or with equal chance any axis, by its lower end.
     MeasuredLine Even(LineSense sense) {
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    std::mt19937_64 random_;
+    RandomStream random_;
 };
 
 inline MeasuredLine InWholeDegrees(const MeasuredLine& line) {

@@ -2,11 +2,12 @@
 //
 // Random samples of distributions on the sphere and the circle, for tests and trials.
 //
-// Distributions on the sphere are about an axis along n (down), where they have one.
+// Distributions on the sphere are about an axis along n (down), where they have one; the axes of
+// Bingham's lie along the coordinate axes.
 
 #pragma once
 
-#include "orientation/angles.h"
+#include "orientation/direction_vectors.h"
 #include "orientation/random_stream.h"
 
 #include <algorithm>
@@ -61,6 +62,25 @@ inline Direction BinghamDirection(RandomStream& random, double k1, double k2) {
             return one;
         }
     }
+}
+
+/// Watson's cluster.
+inline Direction WatsonDirection(RandomStream& random, double kappa) {
+    return BinghamDirection(random, -kappa, -kappa);
+}
+
+/// Standard normal: G. E. P. Box, M. E. Muller (1958).
+inline double NormalNumber(RandomStream& random) {
+    const double length = std::sqrt(-2 * std::log(1 - random.Uniform()));
+    return length * std::cos(UniformAzimuth(random));
+}
+
+/// Normal in the plane that touches the sphere at the axis, with deviations along l and m,
+/// projected to the sphere from its centre.
+inline Direction ElongatedDirection(RandomStream& random, double deviation1, double deviation2) {
+    const double l = deviation1 * NormalNumber(random);
+    const double m = deviation2 * NormalNumber(random);
+    return Normalised({l, m, 1});
 }
 
 /// An azimuth of a von Mises distribution about 0: D. J. Best, N. I. Fisher (1979), Appl. Statist.
