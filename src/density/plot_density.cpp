@@ -137,7 +137,7 @@ void WorkOutEnvelope(KnownDensity& known, StatusLine* watcher) {
         const EnvelopeLevel level = EnvelopeOf(*maxima);
         const double value = known.density->ValueOfSum(level.sum);
         known.envelope = {value, known.density->ValueOfSum(level.sum + level.error) - value,
-                          known.density->LinesAt(level.sum)};
+                          known.density->LinesAbove(level.sum)};
     }
 }
 
@@ -270,8 +270,9 @@ std::vector<FieldMaximum> PlotDensity::Maxima() const {
     return maxima;
 }
 
-std::vector<FieldLine> PlotDensity::LinesAt(double sum) const {
-    return FieldContour(OnNet(), sum);
+std::vector<FieldLine> PlotDensity::LinesAbove(double sum) const {
+    // Counts that are equal to it are not above it.
+    return FieldContour(OnNet(), isCount_ ? std::floor(sum) + 0.5 : sum);
 }
 
 double PlotDensity::ValueOfSum(double sum) const {

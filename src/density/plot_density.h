@@ -57,8 +57,9 @@ public:
 
     [[nodiscard]] std::span<const Contour> Contours() const { return contours_; }
 
-    /// The lines where the sum of weights has a value, and this value in the unit.
-    [[nodiscard]] std::vector<FieldLine> LinesAt(double sum) const;
+    /// The outlines of where the sum of weights exceeds a value, and this value in the unit. Around
+    /// greater counts they run half-way to the next whole number, as contours do.
+    [[nodiscard]] std::vector<FieldLine> LinesAbove(double sum) const;
     [[nodiscard]] double ValueOfSum(double sum) const;
 
     /// The local maxima on the net that reach the first level, highest first; of those within the

@@ -26,6 +26,13 @@ namespace {
 constexpr std::array kSmoothMethods = {kDensityByKambLinear, kDensityByKambSquare,
                                        kDensityByKambExponential, kDensityByKernel};
 
+constexpr std::array kAllMethods = {kDensityByCone,
+                                    kDensityByKamb,
+                                    kDensityByKambLinear,
+                                    kDensityByKambSquare,
+                                    kDensityByKambExponential,
+                                    kDensityByKernel};
+
 class PlotDensities : public EngineTest {
 protected:
     void SetUp() override {
@@ -132,15 +139,41 @@ TEST_F(PlotDensities, HaveContoursOnTheirLevels) {
     }
 }
 
+// Of polar lines a contour may end anywhere on the primitive, but nowhere else.
+TEST_F(PlotDensities, EndTheContoursOfPolarLinesOnThePrimitive) {
+    gPlotDataKind = kPolarLines;
+    NewPlot();
+    ActiveRecord().PlotSymbolMode = kContours;
+    for (int i = 0; i < 60; ++i) {
+        AddRow(i % 7 - 3, 80 + i % 11);
+    }
+    for (const std::int16_t method : kAllMethods) {
+        std::size_t open = 0;
+        for (const PlotDensity::Contour& contour : Density(method).Contours()) {
+            for (const FieldLine& line : contour.lines) {
+                ASSERT_GE(line.vertices.size(), 3U) << method;
+                if (!line.isClosed) {
+                    EXPECT_EQ(line.vertices.front().plunge, 0) << method;
+                    EXPECT_EQ(line.vertices.back().plunge, 0) << method;
+                    ++open;
+                }
+            }
+        }
+        EXPECT_GT(open, 0U) << method;
+    }
+}
+
 TEST_F(PlotDensities, EndTheirContoursAtBothEndsOfADiameter) {
     for (int i = 0; i < 60; ++i) {
         AddRow(i % 7, 80 + i % 11);
     }
-    for (const std::int16_t method : kSmoothMethods) {
+    for (const std::int16_t method : kAllMethods) {
         std::vector<double> ends;
         for (const PlotDensity::Contour& contour : Density(method).Contours()) {
             for (const FieldLine& line : contour.lines) {
                 if (!line.isClosed) {
+                    EXPECT_EQ(line.vertices.front().plunge, 0) << method;
+                    EXPECT_EQ(line.vertices.back().plunge, 0) << method;
                     ends.push_back(line.vertices.front().trend);
                     ends.push_back(line.vertices.back().trend);
                 }
@@ -213,6 +246,22 @@ TEST_F(PlotDensities, HaveAnEnvelopeWhereItIsShown) {
     }
     ActiveRecord().ShowEnvelope = 0;
     EXPECT_EQ(EnvelopeOf(ActivePlot()), nullptr);
+}
+
+TEST_F(PlotDensities, ExceedACountWhereTheyAreGreater) {
+    AddRows(60);
+    const PlotDensity& density = Density(kDensityByKamb, kCountsUnit);
+    const double greatest = density.Greatest().value;
+    EXPECT_TRUE(density.LinesAbove(greatest).empty()) << "as many rows are not more";
+    const std::vector<FieldLine> lines = density.LinesAbove(greatest - 1);
+    ASSERT_FALSE(lines.empty());
+    for (const FieldLine& line : lines) {
+        for (const NetPlace& vertex : line.vertices) {
+            const Direction at = DirectionOf(vertex);
+            const Direction top = DirectionOf(density.Greatest().place);
+            EXPECT_GT(std::abs(at.l * top.l + at.m * top.m + at.n * top.n), 0.8);
+        }
+    }
 }
 
 TEST_F(PlotDensities, AreDrawnAsPathsWithinThePrimitive) {
