@@ -9,12 +9,14 @@
 #include "density/palettes.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
+#include "platform/colour_space.h"
 #include "stereo/net.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <span>
 #include <string>
 
 namespace quandrel {
@@ -101,6 +103,22 @@ LegendLine LineOfLevel(const PlotRecord& record, const Styles& styles, const Plo
     return {LegendSample::Line,
             MakeSymbolCode(style[kStyleColour], style[kStyleLine], style[kStyleWidth]),
             " > " + TextInUnit(density.Levels()[level], density.Unit())};
+}
+
+/// Whether the band of a value is darker than it is light, over white.
+bool IsOnDarkBand(const PlotRecord& record, const Styles& styles, const PlotDensity& density,
+                  double value) {
+    constexpr double kMiddleLightness = 50;
+    const std::span<const double> levels = density.Levels();
+    const auto reached = std::ranges::count_if(levels, [=](double l) { return value >= l; });
+    if (record.ContourPicture == kContourLines || !ShowsContours(record) || reached == 0) {
+        return false;
+    }
+    const Colour band = ColourOfBand(styles, record, static_cast<int>(reached) - 1,
+                                     static_cast<int>(levels.size()));
+    const double lightness = LabOf(band).lightness;
+    const double overWhite = 100 - record.BandOpacity * (100 - lightness);
+    return overWhite < kMiddleLightness;
 }
 
 } // namespace
@@ -201,14 +219,16 @@ void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing,
 void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density) {
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
-    const Colour colour = AxesColour(drawing);
     DrawState state = surface.State();
     state.font = drawing.styles.fonts[kLegendFont].font;
-    state.foreColour = colour;
-    surface.SetState(state);
     int rank = 0;
     for (const FieldMaximum& maximum : density.Maxima()) {
         const Point at = PointOf(record.PlotKind, maximum.place);
+        const Colour colour = IsOnDarkBand(record, drawing.styles, density, maximum.value)
+                                  ? kWhite
+                                  : AxesColour(drawing);
+        state.foreColour = colour;
+        surface.SetState(state);
         surface.Line({at.x - kMarkRadius, at.y}, {at.x + kMarkRadius, at.y}, colour);
         surface.Line({at.x, at.y - kMarkRadius}, {at.x, at.y + kMarkRadius}, colour);
         surface.Text({at.x + kMarkRadius, at.y + kMarkRadius + surface.TextHeight()},

@@ -291,6 +291,31 @@ TEST_F(PlotDensities, AreDrawnAsPathsWithinThePrimitive) {
     EXPECT_EQ(paths, density.Levels().size());
 }
 
+TEST_F(PlotDensities, MarkMaximaInWhiteOnDarkBands) {
+    AddRows(60);
+    ActiveRecord().BandPalette = 2; // cool, the densest are dark
+    const PlotDensity& density = Density(kDensityByKambExponential);
+    const Drawing drawing = WindowDrawing(gActivePlot);
+    const auto coloursFor = [&](std::int16_t picture, double opacity) {
+        ActiveRecord().ContourPicture = picture;
+        ActiveRecord().BandOpacity = opacity;
+        const std::size_t before = DrawnOn(Form(gActivePlot).Plot()).size();
+        DrawMaxima(ActiveRecord(), drawing, density);
+        const auto& all = DrawnOn(Form(gActivePlot).Plot());
+        std::vector<Colour> colours;
+        for (std::size_t i = before; i < all.size(); ++i) {
+            if (all[i].kind == DrawOperation::Kind::Line) {
+                colours.push_back(all[i].colour);
+            }
+        }
+        return colours;
+    };
+    ASSERT_FALSE(coloursFor(kFilledBands, 1).empty());
+    EXPECT_EQ(coloursFor(kFilledBands, 1).front(), kWhite) << "the highest";
+    EXPECT_NE(coloursFor(kFilledBands, 0.2).front(), kWhite) << "translucent bands are light";
+    EXPECT_NE(coloursFor(kContourLines, 1).front(), kWhite);
+}
+
 TEST_F(PlotDensities, NameMethodUnitAndLevelsInTheLegend) {
     AddRows(60);
     ActiveRecord().LevelRule = kLevelsByHand;
