@@ -4,6 +4,7 @@
 
 #include "classify/class_legend.h"
 #include "core/data_format.h"
+#include "core/overlay_names.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "density/density_legend.h"
@@ -75,19 +76,6 @@ LegendLine GreatCircleLine(const Plot& plot, const Styles& styles, std::int32_t 
     const SymbolCode down = CodeOfRows(plot, styles, first, last, false);
     return {LegendSample::GreatCircle,
             down != 0 ? down : CodeOfRows(plot, styles, first, last, true), std::move(text)};
-}
-
-/// The description of an overlay: its files, or the other set of the rows, or its number.
-std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay) {
-    std::string text;
-    for (const std::string& path : record.OverlayFiles[overlay]) {
-        text += (text.empty() ? "" : " + ") + FileTitleOf(path);
-    }
-    if (text.empty() && static_cast<std::int16_t>(overlay) == record.SelectedOverlay) {
-        return record.OverlayKind[overlay] <= kOverlayPoles ? "Secondary planes"
-                                                            : "Secondary lines";
-    }
-    return text.empty() ? "Overlay " + std::to_string(overlay) : text;
 }
 
 void AddDataNames(std::vector<LegendLine>& lines, const PlotRecord& record) {
@@ -202,7 +190,7 @@ void Legend::AddOverlays() {
         const auto k = static_cast<std::size_t>(overlay);
         const std::int32_t first = FirstRowOfOverlay(record_, overlay);
         const std::int32_t last = first + record_.OverlayRows[k] - 1;
-        const std::string text = TextOfOverlay(record_, k);
+        const std::string text = NameOfOverlay(record_, overlay);
         if (record_.OverlayKind[k] == kOverlayGreatCircles) {
             lines_.push_back(GreatCircleLine(plot_, styles_, first, last, text));
         } else {

@@ -3,6 +3,7 @@
 #include "statistics/plot_regions.h"
 
 #include "core/data_format.h"
+#include "core/overlay_names.h"
 #include "core/plot_rows.h"
 #include "core/told_step.h"
 #include "platform/platform.h"
@@ -36,6 +37,7 @@ struct RowsKey {
     std::string axes;
     decltype(RecordOverlays::OverlayRows) overlayRows{};
     decltype(RecordOverlays::OverlayKind) overlayKinds{};
+    std::vector<std::string> overlayNames;
     RowClasses classes;
 
     friend bool operator==(const RowsKey&, const RowsKey&) = default;
@@ -86,7 +88,7 @@ void AddOverlays(const Plot& plot, std::vector<RegionGroup>& groups) {
         const auto isOfOverlay = [first, last](std::int32_t row) {
             return row >= first && row <= last;
         };
-        groups.push_back({"Overlay " + std::to_string(overlay), LinesOfRows(plot, isOfOverlay),
+        groups.push_back({NameOfOverlay(record, overlay), LinesOfRows(plot, isOfOverlay),
                           record.OverlayKind[place] == kOverlayPolarLines});
     }
 }
@@ -196,8 +198,13 @@ void RegionWork::Add(const RegionGroup& group, RegionTarget target, const Chosen
 
 RowsKey KeyOf(const Plot& plot, const RowClasses& classes) {
     const PlotRecord& record = plot.record;
-    return {plot.table.version, record.NumData,     record.DataKind,    record.UseDecimals,
-            record.AxesTitle,   record.OverlayRows, record.OverlayKind, classes};
+    std::vector<std::string> names;
+    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
+        names.push_back(NameOfOverlay(record, overlay));
+    }
+    return {plot.table.version, record.NumData,   record.DataKind,
+            record.UseDecimals, record.AxesTitle, record.OverlayRows,
+            record.OverlayKind, std::move(names), classes};
 }
 
 } // namespace

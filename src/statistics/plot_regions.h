@@ -31,7 +31,7 @@ struct RowClasses {
 };
 
 struct PlotRegion {
-    std::string rows; ///< "Overlay 2", the name of a class or of P or T axes; empty for main rows
+    std::string rows; ///< the name of an overlay, a class, or P or T axes; empty for main rows
     RegionTarget target = RegionTarget::PrincipalAxis;
     std::optional<ChosenRegion> chosen; ///< empty if the user stopped the bootstrap
 };

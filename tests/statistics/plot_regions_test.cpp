@@ -139,6 +139,9 @@ TEST_F(PlotRegions, AreOfOverlaysAndClassesToo) {
     ExpectEqual(regions[2], Sample(1, 30, RowsAre::Axes));
     EXPECT_EQ(regions[3].rows, "thick");
     ExpectEqual(regions[3], Sample(31, 60, RowsAre::Axes));
+    ActiveRecord().OverlayFiles[1] = {"/data/cleavage.txt"};
+    EXPECT_EQ(Regions(nullptr, classes)[1].rows, "cleavage.txt") << "as the legend names it";
+    EXPECT_NE(TextOfRegions(ActivePlot(), "\n").find("cleavage.txt: "), std::string::npos);
     classes.ofRow[31] = 1;
     EXPECT_EQ(Regions(nullptr, classes)[2].chosen->region.count, 31) << "classes have changed";
 }
