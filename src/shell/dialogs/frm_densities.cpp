@@ -36,10 +36,11 @@ std::int16_t TruthOf(bool isTrue) {
 } // namespace
 
 frmDensities::frmDensities(QWidget* parent, std::function<void()> changed,
-                           std::function<void()> markChanged)
+                           std::function<void()> markChanged, std::function<void()> toNet)
     : QDialog(parent, Qt::Tool)
     , changed_(std::move(changed))
-    , markChanged_(std::move(markChanged)) {
+    , markChanged_(std::move(markChanged))
+    , toNet_(std::move(toNet)) {
     setObjectName("frmDensities");
     MakeControls();
     SetOrder();
@@ -137,13 +138,18 @@ void frmDensities::ConnectButtons() {
         Refresh();
         SayChanged();
     });
+    connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+    ConnectMaxima();
+}
+
+void frmDensities::ConnectMaxima() {
     connect(cmdCopy, &QPushButton::clicked, this,
             [this] { gPlatform.clipboard->SetText(maximaText_); });
     connect(tblMaxima, &QTableWidget::itemSelectionChanged, this, [this] {
         const QList<QTableWidgetItem*> chosen = tblMaxima->selectedItems();
         Mark(chosen.isEmpty() ? -1 : chosen.front()->row());
     });
-    connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+    connect(tblMaxima, &QTableWidget::cellDoubleClicked, this, [this] { GoToNet(); });
 }
 
 void frmDensities::ConnectTexts() {

@@ -42,8 +42,9 @@ class frmDensities : public QDialog {
 public:
     /// @param changed      called after each change of the plot; once for a slider that is dragged
     /// @param markChanged  called when another maximum is to be marked on the net
+    /// @param toNet        called when the user goes to the plot of the marked maximum
     explicit frmDensities(QWidget* parent, std::function<void()> changed = {},
-                          std::function<void()> markChanged = {});
+                          std::function<void()> markChanged = {}, std::function<void()> toNet = {});
 
     /// Shows the densities of gActivePlot. Does nothing while the dialog is hidden.
     void FollowActivePlot();
@@ -102,6 +103,7 @@ private:
     void Connect();
     void ConnectChecks();
     void ConnectButtons();
+    void ConnectMaxima();
     void ConnectTexts();
     void ConnectSlider(QSlider& slider, std::function<void(View&, int)> give);
     void ConnectText(QLineEdit& box, std::function<std::string(View&, std::string_view)> give);
@@ -125,10 +127,12 @@ private:
     void EndDrag();
     void ShowVerdict(QLineEdit& box, const std::string& refusal);
     void Mark(int row);
+    void GoToNet() const;
     void SayChanged() const;
 
     std::function<void()> changed_;
     std::function<void()> markChanged_;
+    std::function<void()> toNet_;
     int slot_ = 0; ///< the plot that is shown
     View shown_;   ///< its choice
     DensityOffer offer_;

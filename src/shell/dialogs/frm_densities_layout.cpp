@@ -9,6 +9,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -21,9 +22,28 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quandrel {
 
 namespace {
+
+/// The table of maxima. Reached by Tab, it chooses a row at once, so that arrow keys go on from it.
+class MaximaTable : public QTableWidget {
+public:
+    explicit MaximaTable(int columns)
+        : QTableWidget(0, columns) {}
+
+protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QTableWidget::focusInEvent(event);
+        const bool isByKey =
+            event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+        if (isByKey && selectedItems().isEmpty() && rowCount() > 0) {
+            selectRow(std::max(currentRow(), 0));
+        }
+    }
+};
 
 constexpr int kNumberWidth = 64;
 constexpr int kSliderWidth = 130;
@@ -209,10 +229,11 @@ QGroupBox* frmDensities::MakeMaxima() {
                   "Outline of densities that even data reach anywhere in only 5% of samples");
     chkMaxima =
         MakeCheck("chkMaxima", "Ma&xima", "Mark the local maxima on the net and list them here");
-    tblMaxima = new QTableWidget(0, 4);
+    tblMaxima = new MaximaTable(4);
     tblMaxima->setObjectName("tblMaxima");
     tblMaxima->setAccessibleName("Local maxima");
-    tblMaxima->setToolTip("Click a maximum to mark it on the net");
+    tblMaxima->setToolTip(
+        "Click a maximum to ring it on the net; Return or a double click goes to the plot");
     tblMaxima->setHorizontalHeaderLabels({"No.", "Line", "Density", "Rows"});
     tblMaxima->setSelectionBehavior(QAbstractItemView::SelectRows);
     tblMaxima->setSelectionMode(QAbstractItemView::SingleSelection);

@@ -46,6 +46,8 @@ constexpr int kColumns = 4;
 constexpr Colour kMarkColour{0xd0, 0x00, 0x90};
 constexpr int kMarkSymbol = 7;
 constexpr int kMarkSize = 8;
+constexpr int kMarkPixels = 2;
+constexpr int kHaloPixels = 2; ///< white, on each side, so that it is visible on any band
 
 void SetValue(QSlider& slider, double value) {
     const QSignalBlocker blocked(slider);
@@ -266,7 +268,22 @@ void frmDensities::DrawMark(Surface& surface) const {
     const MeasuredLine line = LineAt(maxima_[static_cast<std::size_t>(marked_)].at.place);
     Point at;
     ProjectPoint(ActiveRecord().PlotKind, line.plunge, line.trend, at.x, at.y);
-    surface.Markers(GlyphOfSymbol(kMarkSymbol, kMarkSize, 0), kMarkColour, std::vector<Point>{at});
+    const Glyph ring = GlyphOfSymbol(kMarkSymbol, kMarkSize, 0);
+    const std::vector<Point> place = {at};
+    const SavedState saved(surface);
+    DrawState state;
+    state.drawWidth = kMarkPixels + 2 * kHaloPixels;
+    surface.SetState(state);
+    surface.Markers(ring, kWhite, place);
+    state.drawWidth = kMarkPixels;
+    surface.SetState(state);
+    surface.Markers(ring, kMarkColour, place);
+}
+
+void frmDensities::GoToNet() const {
+    if (HasMark() && toNet_) {
+        toNet_();
+    }
 }
 
 void frmDensities::keyPressEvent(QKeyEvent* event) {
@@ -274,6 +291,11 @@ void frmDensities::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && qobject_cast<QLineEdit*>(focusWidget()) != nullptr) {
         event->accept();
+        return;
+    }
+    if (isReturn && focusWidget() == tblMaxima) {
+        event->accept();
+        GoToNet();
         return;
     }
     QDialog::keyPressEvent(event);

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/plot_store.h"
 #include "shell/classes/frm_data_classification.h"
+#include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
@@ -139,10 +140,18 @@ void PlotDialogs::ShowDensities() {
     }
     if (densities_ == nullptr) {
         densities_ = new frmDensities(
-            &window_, [this] { changed_(); }, [] { NetMouse::UpdateOverlays(); });
+            &window_, [this] { changed_(); }, [] { NetMouse::UpdateOverlays(); },
+            [this] { GoToNet(); });
         PlaceBesideNet(*densities_);
     }
     Show(*densities_);
+}
+
+void PlotDialogs::GoToNet() {
+    auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
+    window_.activateWindow();
+    form.Raise();
+    form.picStereoArea->setFocus();
 }
 
 void PlotDialogs::ToggleClassification() {

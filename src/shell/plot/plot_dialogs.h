@@ -89,6 +89,10 @@ private:
     /// Places a dialog so that it does not cover the net.
     void PlaceBesideNet(QDialog& dialog) const;
     void FollowInClassification();
+
+    /// Brings the active plot to the front, ready for keys.
+    void GoToNet();
+
     QWidget& window_;
     std::function<void()> changed_;
     std::function<void(int)> preferences_;

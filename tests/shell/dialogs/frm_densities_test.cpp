@@ -5,11 +5,13 @@
 #include "edit/history/undo.h"
 #include "shell/controls/bad_text.h"
 #include "shell/controls/picture_box.h"
+#include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "support/main_window_test.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -313,6 +315,77 @@ TEST_F(DensitiesDialog, MaximaAreListedMarkedAndCopied) {
     EXPECT_EQ(clipboard.Text(), TextOfMaxima(ActivePlot(), maxima));
     Choose(*dialog->cboMethod, kDensityByKernel);
     EXPECT_FALSE(dialog->HasMark()) << "these are other maxima";
+}
+
+TEST_F(DensitiesDialog, TheKeyboardGoesToAMaximum) {
+    Choose(*dialog->cboMethod, kDensityByKambExponential);
+    Click(*dialog->chkMaxima);
+    ASSERT_GE(dialog->tblMaxima->rowCount(), 2);
+    PictureBox& net = *FormOfSlot(first).picStereoArea;
+    const QImage unmarked = net.grab().toImage();
+    dialog->tblMaxima->setFocus();
+    EXPECT_FALSE(dialog->HasMark()) << "until it is reached by a key";
+    QFocusEvent byTab(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(dialog->tblMaxima, &byTab);
+    EXPECT_TRUE(Info().startsWith("Maximum 1: ")) << Info().toStdString();
+    const QImage firstMarked = net.grab().toImage();
+    EXPECT_NE(firstMarked, unmarked);
+    QTest::keyClick(dialog->tblMaxima, Qt::Key_Down);
+    EXPECT_TRUE(Info().startsWith("Maximum 2: ")) << Info().toStdString();
+    EXPECT_NE(net.grab().toImage(), firstMarked);
+    EXPECT_NE(net.grab().toImage(), unmarked);
+    FormOfSlot(first).showMinimized();
+    QTest::keyClick(dialog->tblMaxima, Qt::Key_Return);
+    EXPECT_FALSE(FormOfSlot(first).isMinimized());
+    EXPECT_EQ(main->focusWidget(), &net);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(dialog->HasMark()) << "it stays on the net";
+}
+
+TEST_F(DensitiesDialog, ADoubleClickGoesToThePlot) {
+    Choose(*dialog->cboMethod, kDensityByKambExponential);
+    Click(*dialog->chkMaxima);
+    PictureBox& net = *FormOfSlot(first).picStereoArea;
+    net.clearFocus();
+    const QPoint at = dialog->tblMaxima->visualItemRect(dialog->tblMaxima->item(0, 1)).center();
+    QTest::mouseClick(dialog->tblMaxima->viewport(), Qt::LeftButton, {}, at);
+    EXPECT_NE(main->focusWidget(), &net);
+    QTest::mouseDClick(dialog->tblMaxima->viewport(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(main->focusWidget(), &net);
+    EXPECT_TRUE(dialog->HasMark());
+}
+
+TEST_F(DensitiesDialog, IsOpenBesideThatOfRegions) {
+    Press("mnuViewRegions");
+    auto* regions = main->findChild<frmConfidenceRegions*>("frmConfidenceRegions");
+    ASSERT_NE(regions, nullptr);
+    EXPECT_TRUE(regions->isVisible());
+    EXPECT_TRUE(dialog->isVisible());
+    const std::size_t steps = Steps();
+    Choose(*dialog->cboMethod, kDensityByKernel);
+    Click(*regions->chkAbout[0]);
+    Drag(*dialog->sldOpacity, {80, 60});
+    EXPECT_EQ(ActiveRecord().RegionsAbout, kRegionOfAxis);
+    EXPECT_GT(Steps(), steps + 2);
+    // What was changed in one dialog is undone without touching what was changed in the other.
+    Press("mnuEditUndo");
+    EXPECT_EQ(ActiveRecord().BandOpacity, 1);
+    EXPECT_EQ(ActiveRecord().RegionsAbout, kRegionOfAxis);
+    Press("mnuEditUndo");
+    EXPECT_FALSE(regions->chkAbout[0]->isChecked());
+    EXPECT_EQ(dialog->cboMethod->currentIndex(), kDensityByKernel);
+    Press("mnuEditRedo");
+    EXPECT_TRUE(regions->chkAbout[0]->isChecked());
+    const std::string title = RecordOf(OpenLines("b.txt", 12)).PlotTitle;
+    EXPECT_TRUE(dialog->windowTitle().endsWith(QString::fromStdString(title)));
+    EXPECT_TRUE(regions->windowTitle().endsWith(QString::fromStdString(title)));
+    EXPECT_FALSE(regions->chkAbout[0]->isChecked());
+    RecordOf(first).Modified = 0; // closing would ask
+    Press("mnuFileClose_0");
+    EXPECT_TRUE(regions->chkAbout[0]->isChecked());
+    Press("mnuFileClose_0");
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_FALSE(regions->isVisible());
 }
 
 TEST_F(DensitiesDialog, FollowsTheActivePlot) {
