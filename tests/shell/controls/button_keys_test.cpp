@@ -8,6 +8,7 @@
 #include "session/start.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/button_keys.h"
+#include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
@@ -69,6 +70,8 @@ std::vector<NamedDialog> AllDialogs() {
         Named<frmSymbolSelect>("frmSymbolSelect", StyleQuestion{}),
         Named<frmPrintDialog>("frmPrintDialog"),
         Named<frmSmallCircle>("frmSmallCircle"),
+        {"frmConfidenceRegions",
+         [](QWidget* parent) { return std::make_unique<frmConfidenceRegions>(parent); }},
         {"frmDensities", [](QWidget* parent) { return std::make_unique<frmDensities>(parent); }},
         {"frmPreferences",
          [](QWidget* parent) {

@@ -4,6 +4,7 @@
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/faint_text.h"
 #include "shell/controls/note_label.h"
+#include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
@@ -186,12 +187,13 @@ protected:
         frmSavePlotsDialog save("Quandrel", "Save it?", nullptr);
         frmSmallCircle circles(nullptr);
         frmDensities densities(nullptr);
+        frmConfidenceRegions regions(nullptr);
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
                  &about, &classification, &raw, &processed, &start, &picture, &format, &layers,
-                 &tables, &preferences, &print, &rotation, &save, &circles, &densities, &symbols,
-                 &text}) {
+                 &tables, &preferences, &print, &rotation, &save, &circles, &densities, &regions,
+                 &symbols, &text}) {
             EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
         }
     }

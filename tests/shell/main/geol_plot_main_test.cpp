@@ -99,6 +99,8 @@ TEST_F(MainWindow, EveryControlHasItsName) {
                            "mnuViewAnnotations",
                            "mnuViewAdvStats",
                            "mnuViewClassification",
+                           "mnuViewDensities",
+                           "mnuViewRegions",
                            "mnuViewToolbar",
                            "mnuViewRawData",
                            "mnuViewPlotData",

@@ -5,6 +5,7 @@
 #include "mapsession/session_state.h"
 #include "platform/scripted/no_printers.h"
 #include "shell/classes/frm_data_classification.h"
+#include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
@@ -189,6 +190,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(circles);
     frmDensities densities(nullptr);
     Check(densities);
+    frmConfidenceRegions regions(nullptr);
+    Check(regions);
     frmSymbolSelect symbols(styles, nullptr);
     Check(symbols);
     frmTextWindow text("Lines", "text", nullptr);
