@@ -2,7 +2,6 @@
 
 #include "drawing/work_out.h"
 
-#include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/data_format.h"
 #include "core/plot_formulas.h"
@@ -12,6 +11,7 @@
 #include "density/grid_density.h"
 #include "density/plot_density.h"
 #include "density/point_density.h"
+#include "drawing/row_classes.h"
 #include "edit/marks/small_circles.h"
 #include "rose/rose_plot.h"
 #include "statistics/fabric_statistics.h"
@@ -24,7 +24,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace quandrel {
 
@@ -59,25 +58,8 @@ void WorkOutGrid(Plot& plot, const WorkingOut& how) {
 /// The classes of a plot that shows their regions; else none.
 RowClasses ClassesOfRegions(const Plot& plot) {
     const PlotRecord& record = plot.record;
-    const std::optional<ClassColumn> column = ColumnOfClassMode(record.ClassMode);
-    RowClasses classes;
-    if (!column || record.RegionsAbout == 0 || (record.RegionsOf & kRegionsOfClasses) == 0) {
-        return classes;
-    }
-    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
-    classes.ofRow.resize(static_cast<std::size_t>(std::max(record.NumData, 0)) + 1);
-    for (std::int32_t row = 1; row <= record.NumData; ++row) {
-        classes.ofRow[static_cast<std::size_t>(row)] =
-            static_cast<std::uint8_t>(ClassOfRow(plot, rule, row));
-    }
-    const LimitForm form = LimitFormOf(plot, *column);
-    const int last = LastClass(rule);
-    classes.names.resize(static_cast<std::size_t>(last) + 1);
-    for (int c = 1; c <= last; ++c) {
-        classes.names[static_cast<std::size_t>(c)] =
-            ClassLabel(record.ClassTable, *column, c, form);
-    }
-    return classes;
+    const bool showsThem = record.RegionsAbout != 0 && (record.RegionsOf & kRegionsOfClasses) != 0;
+    return showsThem ? RowClassesOf(plot) : RowClasses();
 }
 
 void WorkOutIntersections(Plot& plot, const WorkingOut& how) {

@@ -7,10 +7,8 @@
 #include "core/plot_rows.h"
 #include "core/told_step.h"
 #include "platform/platform.h"
-#include "statistics/axis_statistics.h"
 #include "statistics/fabric_kernels.h"
 #include "stereo/axis_rows.h"
-#include "stereo/lines_of_rows.h"
 
 #include <algorithm>
 #include <array>
@@ -20,13 +18,6 @@
 namespace quandrel {
 
 namespace {
-
-/// Rows that share a region.
-struct RegionGroup {
-    std::string name;
-    RowLines lines;
-    bool isPolar = false;
-};
 
 /// What the samples of a plot follow from.
 struct RowsKey {
@@ -65,64 +56,6 @@ bool IsWanted(std::int16_t sum, int part) {
     return (sum & part) != 0;
 }
 
-bool HasPolarMainRows(const PlotRecord& record) {
-    return record.DataKind == kPolarLines && record.AxesTitle.empty();
-}
-
-void AddMainRows(Plot& plot, const Styles& styles, std::vector<RegionGroup>& groups) {
-    if (!HoldsBothAxes(plot.record)) {
-        groups.push_back({{}, StatisticsLinesOf(plot, styles), HasPolarMainRows(plot.record)});
-        return;
-    }
-    for (const AxisKind kind : {AxisKind::Shortening, AxisKind::Extension}) {
-        groups.push_back({NameOfAxes(kind), LinesOfAxes(plot, styles, kind), false});
-    }
-}
-
-void AddOverlays(const Plot& plot, std::vector<RegionGroup>& groups) {
-    const PlotRecord& record = plot.record;
-    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
-        const auto place = static_cast<std::size_t>(overlay);
-        const std::int32_t first = FirstRowOfOverlay(record, overlay);
-        const std::int32_t last = first + record.OverlayRows[place] - 1;
-        const auto isOfOverlay = [first, last](std::int32_t row) {
-            return row >= first && row <= last;
-        };
-        groups.push_back({NameOfOverlay(record, overlay), LinesOfRows(plot, isOfOverlay),
-                          record.OverlayKind[place] == kOverlayPolarLines});
-    }
-}
-
-void AddClasses(const Plot& plot, const RowClasses& classes, std::vector<RegionGroup>& groups) {
-    if (HoldsBothAxes(plot.record)) {
-        return; // a class would mix P and T
-    }
-    for (std::size_t c = 1; c < classes.names.size(); ++c) {
-        const auto isOfClass = [&classes, c](std::int32_t row) {
-            const auto place = static_cast<std::size_t>(row);
-            return place < classes.ofRow.size() && classes.ofRow[place] == c;
-        };
-        groups.push_back(
-            {classes.names[c], LinesOfRows(plot, isOfClass), HasPolarMainRows(plot.record)});
-    }
-}
-
-std::vector<RegionGroup> GroupsOf(Plot& plot, const Styles& styles, const RowClasses& classes) {
-    std::vector<RegionGroup> groups;
-    const std::int16_t of = plot.record.RegionsOf;
-    if (IsWanted(of, kRegionsOfPlot)) {
-        AddMainRows(plot, styles, groups);
-    }
-    if (IsWanted(of, kRegionsOfOverlays)) {
-        AddOverlays(plot, groups);
-    }
-    if (IsWanted(of, kRegionsOfClasses)) {
-        AddClasses(plot, classes, groups);
-    }
-    std::erase_if(groups, [](const RegionGroup& group) { return group.lines.empty(); });
-    return groups;
-}
-
 std::vector<RegionTarget> TargetsOf(std::int16_t about, bool isPolar) {
     std::vector<RegionTarget> targets;
     if (IsWanted(about, kRegionOfAxis)) {
@@ -148,7 +81,7 @@ public:
                 static_cast<std::int64_t>(steps) * choice.RegionResamples, watcher) {}
 
     /// @param former  with the same resamples at any level, or null
-    void Add(const RegionGroup& group, RegionTarget target, const ChosenRegion* former);
+    void Add(const RowGroup& group, RegionTarget target, const ChosenRegion* former);
 
     [[nodiscard]] std::vector<PlotRegion> Regions() { return std::move(regions_); }
 
@@ -181,7 +114,7 @@ RegionChoice RegionWork::ChoiceFor(RegionTarget target) {
     return choice;
 }
 
-void RegionWork::Add(const RegionGroup& group, RegionTarget target, const ChosenRegion* former) {
+void RegionWork::Add(const RowGroup& group, RegionTarget target, const ChosenRegion* former) {
     const bool isDirected = target == RegionTarget::MeanDirection;
     const RegionSample sample = RegionSampleOf(
         DirectionsOf(group.lines, isDirected ? LinePolarity::kDirected : LinePolarity::kAxial),
@@ -254,9 +187,9 @@ void WorkOutRegions(Plot& plot, const Styles& styles, const RowClasses& classes,
         return;
     }
     const bool isSameButLevel = isForRows && AtLevel(known.choice, choice.RegionLevel) == choice;
-    const std::vector<RegionGroup> groups = GroupsOf(plot, styles, classes);
-    std::vector<std::pair<const RegionGroup*, RegionTarget>> wanted;
-    for (const RegionGroup& group : groups) {
+    const std::vector<RowGroup> groups = RowGroupsOf(plot, styles, classes, record.RegionsOf);
+    std::vector<std::pair<const RowGroup*, RegionTarget>> wanted;
+    for (const RowGroup& group : groups) {
         for (const RegionTarget target : TargetsOf(choice.RegionsAbout, group.isPolar)) {
             wanted.emplace_back(&group, target);
         }

@@ -13,6 +13,7 @@
 #include "core/styles.h"
 #include "platform/status_line.h"
 #include "statistics/region_choice.h"
+#include "statistics/row_groups.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,14 +22,6 @@
 #include <vector>
 
 namespace quandrel {
-
-/// The classes of the main rows of a plot.
-struct RowClasses {
-    std::vector<std::uint8_t> ofRow; ///< [row] from 1, 0 for none; may be empty
-    std::vector<std::string> names;  ///< [class] from 1
-
-    friend bool operator==(const RowClasses&, const RowClasses&) = default;
-};
 
 struct PlotRegion {
     std::string rows; ///< the name of an overlay, a class, or P or T axes; empty for main rows
