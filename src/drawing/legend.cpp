@@ -35,20 +35,6 @@ LegendLine TextLine(std::string text) {
     return {LegendSample::None, 0, std::move(text)};
 }
 
-/// The most representative code of rows first to last: that of the first one with a symbol whose
-/// shown value has the given sign.
-SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first, std::int32_t last,
-                      bool upward) {
-    for (std::int32_t row = first; row <= last; ++row) {
-        const SymbolCode code = CodeShown(plot, styles, row);
-        const double dip = OrientationShown(plot, row).dip;
-        if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
-            return code;
-        }
-    }
-    return 0;
-}
-
 /// The meaning of a symbol of the main rows.
 std::string NounOfRows(const PlotRecord& record) {
     if (IsPlottedAsPole(record, 0)) {
@@ -217,26 +203,6 @@ std::vector<LegendLine> Legend::Lines() {
     return std::move(lines_);
 }
 
-/// The text, cut and marked as cut if it is wider than the given width.
-std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
-    if (surface.TextWidth(text) <= width) {
-        return text;
-    }
-    std::string cut = text;
-    while (!cut.empty()) {
-        // Removes a multi-byte character as a whole.
-        while (cut.size() > 1 && (static_cast<unsigned char>(cut.back()) & 0xc0U) == 0x80U) {
-            cut.pop_back();
-        }
-        cut.pop_back();
-        const std::string marked = cut + std::string(kCutMark);
-        if (surface.TextWidth(marked) <= width) {
-            return marked;
-        }
-    }
-    return {};
-}
-
 /// The positions of lines in the legend's box, in plot units from its top left corner.
 struct LegendLayout {
     double width = 0;
@@ -386,6 +352,37 @@ void DrawLines(const Drawing& drawing, const LegendLayout& layout,
 }
 
 } // namespace
+
+SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first, std::int32_t last,
+                      bool upward) {
+    for (std::int32_t row = first; row <= last; ++row) {
+        const SymbolCode code = CodeShown(plot, styles, row);
+        const double dip = OrientationShown(plot, row).dip;
+        if (dip != kErrorRow && (dip < 0) == upward && CodeSymbol(code) != 0) {
+            return code;
+        }
+    }
+    return 0;
+}
+
+std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
+    if (surface.TextWidth(text) <= width) {
+        return text;
+    }
+    std::string cut = text;
+    while (!cut.empty()) {
+        // Removes a multi-byte character as a whole.
+        while (cut.size() > 1 && (static_cast<unsigned char>(cut.back()) & 0xc0U) == 0x80U) {
+            cut.pop_back();
+        }
+        cut.pop_back();
+        const std::string marked = cut + std::string(kCutMark);
+        if (surface.TextWidth(marked) <= width) {
+            return marked;
+        }
+    }
+    return {};
+}
 
 std::vector<LegendLine> LegendLines(const Plot& plot, const Styles& styles, Formulas formulas) {
     return Legend(plot, styles, formulas).Lines();

@@ -5,12 +5,23 @@
 #pragma once
 
 #include "core/plot.h"
+#include "core/style_tables.h"
 #include "stereo/drawing.h"
 #include "stereo/legend_line.h"
 
+#include <cstdint>
+#include <string>
 #include <vector>
 
 namespace quandrel {
+
+/// The most representative code of rows first to last, downward or upward ones: that of the first
+/// one that has a symbol. 0 if there is none.
+[[nodiscard]] SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first,
+                                    std::int32_t last, bool upward);
+
+/// The text in the surface's font, cut and marked as cut if it is wider than the given width.
+[[nodiscard]] std::string CutToWidth(const Surface& surface, const std::string& text, double width);
 
 /// The lines of the legend of a plot, top to bottom.
 ///

@@ -17,8 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<const char*, 7> kDrawingFolders = {
-    "stereo", "statistics", "density", "classify", "rose", "edit/marks", "drawing"};
+constexpr std::array<const char*, 8> kDrawingFolders = {
+    "stereo", "statistics", "density", "classify", "rose", "edit/marks", "drawing", "fabric"};
 
 std::string TextOfFile(const fs::path& path) {
     std::ifstream file(path);

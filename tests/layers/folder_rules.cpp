@@ -57,6 +57,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"edit/commands", onRows},
         {"mapinfo", onEdits},
         {"drawing", onMarks},
+        {"fabric", Above(onMarks, {"drawing"})},
         {"print", onDrawing},
         {"session", Above(onDrawing, {"mapinfo", "persistence", "print"})},
         {"recovery", onSession},
