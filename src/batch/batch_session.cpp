@@ -2,6 +2,7 @@
 
 #include "batch/batch_session.h"
 
+#include "batch/fabric_command.h"
 #include "batch/key_values.h"
 #include "batch/plot_commands.h"
 #include "batch/save_command.h"
@@ -109,6 +110,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"cone", {&BatchSession::Cone, one}},
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
+        {"fabric", {&BatchSession::Fabric, {1, {kFabricOf, kFabricKind, kFabricSize}}}},
         {"format", {&BatchSession::Format, its}},
         {"formulas", {&BatchSession::ChooseFormulas, one}},
         {"get", {&BatchSession::Get, one}},

@@ -88,6 +88,7 @@ private:
     std::string Cone(const Command& command);
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
+    std::string Fabric(const Command& command);
     std::string Format(const Command& command);
     std::string ChooseFormulas(const Command& command);
     std::string Get(const Command& command);

@@ -5,6 +5,7 @@
 #include "batch/batch_session.h"
 #include "batch/density_command.h"
 #include "batch/dump.h"
+#include "batch/fabric_command.h"
 #include "batch/field_access.h"
 #include "batch/field_rules.h"
 #include "batch/key_values.h"
@@ -22,6 +23,8 @@
 #include "statistics/plot_region_texts.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_positions.h"
+
+#include <nlohmann/json.hpp>
 
 #include <new>
 #include <optional>
@@ -119,6 +122,21 @@ std::string BatchSession::Export(const Command& command) {
     }
     options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
     return SavePlotPicture(*path, options);
+}
+
+/// Draws a fabric plot, and prints its values as one line of JSON.
+std::string BatchSession::Fabric(const Command& command) {
+    std::string error = NeedPlotAsSet();
+    std::vector<FabricPoint> points;
+    if (error.empty()) {
+        error = MakeFabricPlot(command, points);
+    }
+    if (error.empty()) {
+        *answers_ << FabricJson(points).dump(-1, ' ', false,
+                                             nlohmann::json::error_handler_t::replace)
+                  << '\n';
+    }
+    return error;
 }
 
 std::string BatchSession::Get(const Command& command) {
