@@ -18,6 +18,7 @@
 #include "platform/scripted/scripted_prompts.h"
 #include "session/start.h"
 #include "shell/controls/picture_box.h"
+#include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/widget_prompts.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/main/commands.h"
@@ -29,11 +30,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QRadioButton>
 #include <QStyleFactory>
 #include <QTimer>
 
@@ -325,6 +328,18 @@ void MakeDialogPictures(const QString& examples, const QString& folder, const QS
     MakeSavePicture(show);
 }
 
+/// The window of fabric plots of two plots, at its usual size and smaller.
+void MakeFabricPictures(Show& show) {
+    show.Open("fold_hinges_polar.txt");
+    show.Press("mnuViewFabric");
+    auto* window = show.window->findChild<frmFabricPlots*>("frmFabricPlots");
+    window->chkAllPlots->setChecked(true);
+    show.Picture(*window, "fabric_plots");
+    window->optDiagram[0]->setChecked(true);
+    window->resize(window->minimumSizeHint());
+    show.Picture(*window, "fabric_plots_small");
+}
+
 /// Densities and confidence regions with their dialogs, over the example of a fold.
 void MakeAnalysisPictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
@@ -347,6 +362,7 @@ void MakeAnalysisPictures(const QString& examples, const QString& folder, const 
     PictureOf(show, "frmConfidenceRegions", "confidence_regions");
     auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
     show.Picture(*form.picStereoArea, "densities_on_net");
+    MakeFabricPictures(show);
 }
 
 } // namespace

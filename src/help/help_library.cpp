@@ -23,6 +23,7 @@ constexpr std::array kTopics = {
     HelpTopic{"frmDensities", "dialog_densities.html"},
     HelpTopic{"frmDirectoryDialog", "menu_file.html#folder"},
     HelpTopic{"frmExportImage", "dialog_export.html"},
+    HelpTopic{"frmFabricPlots", "dialog_fabric_plots.html"},
     HelpTopic{"frmFileFormat", "dialog_data_format.html"},
     HelpTopic{"frmHelp", "using_help.html"},
     HelpTopic{"frmIntro", "main_window.html#start"},

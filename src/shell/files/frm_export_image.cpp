@@ -21,7 +21,7 @@ constexpr int kUsualHeight = 2000;
 
 } // namespace
 
-frmExportImage::frmExportImage(QWidget* parent)
+frmExportImage::frmExportImage(QWidget* parent, ExportChoice choice)
     : QDialog(parent)
     , optWhole_(new QRadioButton("The &whole plot: net, legend and texts"))
     , optNet_(new QRadioButton("The &net alone"))
@@ -48,7 +48,12 @@ frmExportImage::frmExportImage(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(optWhole_);
     layout->addWidget(optNet_);
-    layout->addSpacing(6);
+    if (choice == ExportChoice::SizeAlone) {
+        optWhole_->hide();
+        optNet_->hide();
+    } else {
+        layout->addSpacing(6);
+    }
     layout->addLayout(form);
     layout->addWidget(note);
     layout->addSpacing(6);

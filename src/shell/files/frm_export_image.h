@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The contents of a picture file of the plot. This dialog comes before the one for the path.
+// The contents of a picture file. This dialog comes before the one for the path.
 
 #pragma once
 
@@ -13,9 +13,19 @@ class QSpinBox;
 
 namespace quandrel {
 
+/// The kinds of picture files, for a PathQuestion.
+inline constexpr const char* kPictureFilter =
+    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
+
+/// What the user can choose.
+enum class ExportChoice {
+    PartAndSize, ///< of a plot
+    SizeAlone,   ///< of a picture without parts
+};
+
 class frmExportImage : public QDialog {
 public:
-    explicit frmExportImage(QWidget* parent);
+    explicit frmExportImage(QWidget* parent, ExportChoice choice = ExportChoice::PartAndSize);
 
     [[nodiscard]] PictureOptions Options() const;
 

@@ -65,9 +65,6 @@ constexpr std::array<const char*, 4> kLoadCommands = {kNewCommand, kMergeCommand
 /// Pixels per logical pixel of a copied picture: enough for printing.
 constexpr double kCopyDensity = 3;
 
-constexpr const char* kPictureFilter =
-    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
-
 } // namespace
 
 void GeolPlotMain::Open(const char* command) {
@@ -229,6 +226,7 @@ void GeolPlotMain::ConnectViewCommands() {
         ReplotActivePlot(false);
     });
     commands_->Connect("mnuViewDensities", [this] { dialogs_->ShowDensities(); });
+    commands_->Connect("mnuViewFabric", [this] { dialogs_->ShowFabric(); });
     commands_->Connect("mnuViewClassification", [this] { dialogs_->ToggleClassification(); });
     commands_->Connect("mnuViewUnplotted", [this] { ShowUnplottedLines(); });
     commands_->Connect("mnuViewRawData", [this] { displays_->ShowRawData(); });

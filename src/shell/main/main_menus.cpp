@@ -142,6 +142,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          "mnuViewConfidence",
          "mnuViewAdvStats",
          "mnuViewDensities",
+         "mnuViewFabric",
          "mnuViewClassification",
          kGap,
          "mnuViewUnplotted",

@@ -73,6 +73,7 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
     {"mnuViewDensities", &ToolbarState::isStereo},
     {"mnuViewRegions", &ToolbarState::isStereo},
+    {"mnuViewFabric", &ToolbarState::hasPlot},
     {"mnuViewPlotData", &ToolbarState::hasPlot},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},

@@ -8,6 +8,7 @@
 #include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
+#include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -154,6 +155,16 @@ void PlotDialogs::GoToNet() {
     form.picStereoArea->setFocus();
 }
 
+void PlotDialogs::ShowFabric() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    if (fabric_ == nullptr) {
+        fabric_ = new frmFabricPlots(&window_);
+    }
+    Show(*fabric_);
+}
+
 void PlotDialogs::ToggleClassification() {
     if (QDialog* dialog = ClassDialog(); IsShown(dialog)) {
         dialog->close();
@@ -204,6 +215,9 @@ void PlotDialogs::FollowActivePlot() {
     if (IsShown(circles_)) {
         IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()
                                 : static_cast<void>(circles_->close());
+    }
+    if (IsShown(fabric_)) {
+        IsOpenSlot(gActivePlot) ? fabric_->FollowActivePlot() : static_cast<void>(fabric_->close());
     }
     if (IsShown(densities_)) {
         IsOpenSlot(gActivePlot) ? densities_->FollowActivePlot()

@@ -21,6 +21,7 @@ namespace quandrel {
 class frmConfidenceRegions;
 class frmDataClassification;
 class frmDensities;
+class frmFabricPlots;
 class frmPlotForms;
 class frmRoseDiag;
 class frmRotationMenu;
@@ -51,6 +52,10 @@ public:
 
     /// Opens the dialog of densities if there is an active plot.
     void ShowDensities();
+
+    /// Opens the window of fabric plots if there is a plot.
+    void ShowFabric();
+
     /// Opens the dialog of confidence regions if the active plot has a net.
     void ShowRegions();
 
@@ -101,6 +106,7 @@ private:
     frmRotationMenu* rotation_ = nullptr;
     frmSmallCircle* circles_ = nullptr;
     frmDensities* densities_ = nullptr;
+    frmFabricPlots* fabric_ = nullptr;
     frmConfidenceRegions* regions_ = nullptr;
 };
 

@@ -10,6 +10,7 @@
 #include "shell/controls/button_keys.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
+#include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -73,6 +74,8 @@ std::vector<NamedDialog> AllDialogs() {
         {"frmConfidenceRegions",
          [](QWidget* parent) { return std::make_unique<frmConfidenceRegions>(parent); }},
         {"frmDensities", [](QWidget* parent) { return std::make_unique<frmDensities>(parent); }},
+        {"frmFabricPlots",
+         [](QWidget* parent) { return std::make_unique<frmFabricPlots>(parent); }},
         {"frmPreferences",
          [](QWidget* parent) {
              auto dialog = std::make_unique<frmPreferences>(parent, 0);

@@ -6,6 +6,7 @@
 #include "shell/controls/note_label.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
+#include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -188,12 +189,13 @@ protected:
         frmSmallCircle circles(nullptr);
         frmDensities densities(nullptr);
         frmConfidenceRegions regions(nullptr);
+        frmFabricPlots fabric(nullptr);
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
                  &about, &classification, &raw, &processed, &start, &picture, &format, &layers,
                  &tables, &preferences, &print, &rotation, &save, &circles, &densities, &regions,
-                 &symbols, &text}) {
+                 &fabric, &symbols, &text}) {
             EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
         }
     }

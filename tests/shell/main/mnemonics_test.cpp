@@ -7,6 +7,7 @@
 #include "shell/classes/frm_data_classification.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
+#include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_text_window.h"
@@ -192,6 +193,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(densities);
     frmConfidenceRegions regions(nullptr);
     Check(regions);
+    frmFabricPlots fabric(nullptr);
+    Check(fabric);
     frmSymbolSelect symbols(styles, nullptr);
     Check(symbols);
     frmTextWindow text("Lines", "text", nullptr);
