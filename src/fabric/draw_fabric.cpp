@@ -116,7 +116,9 @@ void FabricLegend::Draw(const std::string& note) {
     const auto lines = static_cast<std::size_t>(std::max((top_ - kMargin) / kLegendLine, 0.0));
     const std::size_t room = lines > noteLines ? lines - noteLines : 0;
     const std::size_t rows = RowsOf(points_.size(), columns_);
-    const double width = (canvas_.Width() - 2 * kMargin) / static_cast<double>(columns_);
+    const std::size_t columns = RowsOf(points_.size(), std::max<std::size_t>(rows, 1));
+    const double width =
+        (canvas_.Width() - 2 * kMargin) / static_cast<double>(std::max<std::size_t>(columns, 1));
     const std::size_t shown = std::min(rows, room);
     for (std::size_t i = 0; i < points_.size(); ++i) {
         const std::size_t row = i % std::max<std::size_t>(rows, 1);

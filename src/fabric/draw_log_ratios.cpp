@@ -20,6 +20,7 @@ constexpr double kSpaceAtEnd = 1.03; ///< of an axis beyond its last point
 
 constexpr double kTick = 2.5;
 constexpr double kGap = 2;
+constexpr double kRim = 1; ///< between the frame and labels
 constexpr FabricPen kShapePen{0.4, kLineGrey, kSolidLine};
 constexpr FabricPen kDividingPen{0.6, kBlack, kSolidLine};
 constexpr FabricPen kStrengthPen{0.4, kLineGrey, kDashedLine};
@@ -54,7 +55,8 @@ public:
         : canvas_(canvas)
         , range_(range)
         , frame_(FrameIn(box))
-        , labels_(frame_) {}
+        , labels_({frame_.left + kRim, frame_.bottom + kRim, frame_.width - 2 * kRim,
+                   frame_.height - 2 * kRim}) {}
 
     void DrawAxes();
     void DrawLines();

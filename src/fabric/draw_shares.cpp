@@ -66,7 +66,7 @@ void ShareTriangle::Place(const LabelBox& box) {
 
 void ShareTriangle::Label(std::string_view text, Point at, TextAnchor anchor, double points) {
     const LabelBox box = canvas_.BoxOf(text, at, anchor, points);
-    labels_.Take(box);
+    labels_.TakeText(box);
     canvas_.Write(box, text, points);
 }
 

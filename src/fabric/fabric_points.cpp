@@ -49,7 +49,11 @@ std::string NameOfGroup(const Plot& plot, const RowGroup& group, bool isOfSevera
     if (group.name.empty()) {
         return title;
     }
-    return isOfSeveral ? title + ": " + group.name : group.name;
+    const std::string name =
+        group.kind == RowGroupKind::Overlay
+            ? TextOfOverlay(plot.record, static_cast<std::size_t>(group.number))
+            : group.name;
+    return isOfSeveral ? title + ": " + name : name;
 }
 
 std::optional<FabricPoint> PointOf(const RowGroup& group) {

@@ -12,6 +12,9 @@ namespace {
 /// Gaps between the edge of a marker and its label, in heights of the label.
 constexpr std::array<double, 4> kGaps = {0.1, 0.6, 1.3, 2.2};
 
+/// Gap beside a text, points.
+constexpr double kTextGap = 2;
+
 /// Directions from a marker to its label, best first.
 constexpr std::array<Point, 8> kDirections = {
     {{1, 0}, {1, 1}, {1, -1}, {-1, 0}, {-1, 1}, {-1, -1}, {0, 1}, {0, -1}}};
@@ -44,6 +47,10 @@ bool Crosses(Point from, Point to, const LabelBox& box) {
            && confine(from.y, to.y - from.y, box.bottom, box.Top());
 }
 
+void LabelPlaces::TakeText(const LabelBox& box) {
+    taken_.push_back({box.left - kTextGap, box.bottom, box.width + 2 * kTextGap, box.height});
+}
+
 std::optional<LabelBox> LabelPlaces::TakeFirstFree(std::span<const LabelBox> candidates) {
     const auto isFree = [this](const LabelBox& box) {
         return IsWithin(room_, box) && std::ranges::none_of(taken_, [&box](const LabelBox& other) {
@@ -62,7 +69,7 @@ std::optional<LabelBox> LabelPlaces::TakeFirstFree(std::span<const LabelBox> can
     if (found == candidates.end()) {
         return std::nullopt;
     }
-    taken_.push_back(*found);
+    TakeText(*found);
     return *found;
 }
 

@@ -41,6 +41,9 @@ public:
     /// Takes a box, free or not.
     void Take(const LabelBox& box) { taken_.push_back(box); }
 
+    /// The same of a text, with a gap beside it: numbers side by side would read as one.
+    void TakeText(const LabelBox& box);
+
     /// Adds a line that labels cross only where they have no other place.
     void Avoid(Point from, Point to) { lines_.push_back({from, to}); }
 

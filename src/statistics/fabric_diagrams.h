@@ -24,7 +24,7 @@ struct LogRatioPlace {
     double y = 0;            ///< ln(S1/S2), 0 or more
     std::optional<double> k; ///< shape, y / x: above 1 clusters, below 1 girdles; empty where S2
                              ///< and S3 count as equal
-    double c = 0; ///< strength, x + y = ln(S1/S3)
+    double c = 0;            ///< strength, x + y = ln(S1/S3)
 };
 
 /// @return nothing where S3 counts as 0 (kLeastEigenvalue): x then has no bound

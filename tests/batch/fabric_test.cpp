@@ -65,7 +65,7 @@ TEST_F(BatchFabric, TakesOverlaysAndAllPlots) {
     const std::string both = std::string(kSolid) + "overlay \"FOLDER/level.txt\"; ";
     const nlohmann::json overlay = Values(both + "fabric of=plot,overlays");
     ASSERT_EQ(overlay.size(), 2U);
-    EXPECT_EQ(overlay[1]["rows"], "Overlay 1");
+    EXPECT_EQ(overlay[1]["rows"], "level.txt");
     EXPECT_EQ(overlay[1]["count"], 3);
     const nlohmann::json all =
         Values(std::string(kSolid) + "open \"FOLDER/level.txt\"; fabric of=all");
