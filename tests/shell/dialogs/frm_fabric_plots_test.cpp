@@ -41,6 +41,12 @@ protected:
         return OpenFile(name, text);
     }
 
+    /// Presses a control by the keyboard.
+    static void PressSpace(QWidget& control) {
+        control.setFocus();
+        QTest::keyClick(&control, Qt::Key_Space);
+    }
+
     [[nodiscard]] std::string Cell(int row, int column) const {
         return window->tblFabrics->item(row, column)->text().toStdString();
     }
@@ -61,11 +67,11 @@ TEST_F(FabricWindow, ShowsTheFabricOfThePlot) {
 
 TEST_F(FabricWindow, KeysChooseTheDiagram) {
     const QImage both = window->picFabric->Image().copy();
-    QTest::keyClick(window, Qt::Key_W, Qt::AltModifier);
+    PressSpace(*window->optDiagram[0]);
     EXPECT_TRUE(window->optDiagram[0]->isChecked());
     const QImage ratios = window->picFabric->Image().copy();
     EXPECT_NE(both, ratios);
-    QTest::keyClick(window, Qt::Key_T, Qt::AltModifier);
+    PressSpace(*window->optDiagram[1]);
     EXPECT_TRUE(window->optDiagram[1]->isChecked());
     EXPECT_NE(window->picFabric->Image(), ratios);
 }
@@ -74,13 +80,13 @@ TEST_F(FabricWindow, KeysChooseTheRows) {
     OpenLines("b.txt", 20);
     ASSERT_EQ(window->tblFabrics->rowCount(), 1);
     EXPECT_EQ(Cell(0, 1), "20") << "follows the active plot";
-    QTest::keyClick(window, Qt::Key_A, Qt::AltModifier);
+    PressSpace(*window->chkAllPlots);
     EXPECT_TRUE(window->chkAllPlots->isChecked());
     ASSERT_EQ(window->tblFabrics->rowCount(), 2);
     EXPECT_EQ(Cell(0, 1), "30");
     EXPECT_EQ(Cell(1, 1), "20");
     EXPECT_EQ(window->windowTitle(), "Fabric Plots");
-    QTest::keyClick(window, Qt::Key_M, Qt::AltModifier);
+    PressSpace(*window->chkOf[0]);
     EXPECT_EQ(window->tblFabrics->rowCount(), 0);
     EXPECT_TRUE(window->lblNote->isVisible());
     EXPECT_FALSE(window->cmdExport->isEnabled());
@@ -97,12 +103,12 @@ TEST_F(FabricWindow, FollowsEdits) {
 }
 
 TEST_F(FabricWindow, CopiesTableAndPicture) {
-    QTest::keyClick(window, Qt::Key_C, Qt::AltModifier);
+    PressSpace(*window->cmdCopyTable);
     const std::vector<Plot*> plots = {&ActivePlot()};
     EXPECT_EQ(clipboard.Text(),
               FabricTable(FabricPointsOf(plots, gSettings.styles, kRegionsOfPlot)));
     QGuiApplication::clipboard()->clear();
-    QTest::keyClick(window, Qt::Key_P, Qt::AltModifier);
+    PressSpace(*window->cmdCopyPicture);
     EXPECT_FALSE(QGuiApplication::clipboard()->image().isNull());
 }
 
