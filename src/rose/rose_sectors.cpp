@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "orientation/angles.h"
+#include "rose/azimuth_tests.h"
 #include "rose/gathered_rows.h"
 #include "rose/rose_count.h"
 #include "rose/rose_shown.h"
@@ -257,6 +258,32 @@ std::vector<RoseObservation> RowsOfRose(const Plot& plot) {
     const PlotRecord& record = plot.record;
     const GatheredRows rows(plot, record);
     return CountRoseRows(SettingsOf(record, LayoutOfRose(record)), rows.Rows()).rows;
+}
+
+AzimuthSample AnglesOfRose(const Plot& plot, int classNumber) {
+    const PlotRecord& record = plot.record;
+    const RoseCountSettings settings = SettingsOf(record, LayoutOfRose(record));
+    const GatheredRows gathered(plot, record);
+    RoseRows rows = gathered.Rows();
+    std::vector<std::int16_t> classes(rows.classes.begin(), rows.classes.end());
+    if (classNumber > 0) {
+        for (std::int16_t& one : classes) {
+            const int own = std::min(static_cast<int>(one), settings.classes);
+            one = own == classNumber ? one : std::int16_t{0};
+        }
+        rows.classes = classes;
+    }
+    AzimuthSample found;
+    found.areAxes = !settings.layout.directional;
+    if (rows.measured.empty()) {
+        found.steps = found.areAxes ? kStepsOfAxes : kStepsOfDirections;
+    }
+    const std::vector<double> listed = CountRoseRows(settings, rows).angles;
+    const double factor = found.areAxes ? 2 : 1;
+    for (std::size_t i = 1; i < listed.size(); ++i) { // index 0 is unused
+        found.angles.push_back(factor * listed[i]);
+    }
+    return found;
 }
 
 bool AskForSectorSize(Plot& plot, double size) {

@@ -125,6 +125,20 @@ enum class MayAsk { No, Yes };
 /// (kMostListedRows). Nothing is stored, and there are no questions or messages. O(rows).
 [[nodiscard]] std::vector<RoseObservation> RowsOfRose(const Plot& plot);
 
+/// The azimuths of the observations of a rose as it shows them.
+struct AzimuthSample {
+    std::vector<double> angles; ///< radians; doubled for axes
+    bool areAxes = false;
+    int steps = 0; ///< in a full turn to which the angles are rounded; 0 of measured ones
+};
+
+/// The azimuths that the rose of a plot counts, each once, without the weights of a bias
+/// correction. Nothing is stored, and there are no questions or messages. O(rows).
+///
+/// @param classNumber  of a classified rose, from 1; 0 for all rows that it counts
+/// @return without angles also where there are more than kMostListedAngles
+[[nodiscard]] AzimuthSample AnglesOfRose(const Plot& plot, int classNumber = 0);
+
 /// Asks whether a plot may get a smaller last sector from a size, whatever was accepted before. A
 /// size that makes none, and a plot without valid rows, need no question. The next passes do not
 /// ask about an accepted size again, once the record has its RoseOddSectorSize.

@@ -11,8 +11,8 @@ namespace {
 /// Below this the fourth power of a distance from the centre is rounding error.
 constexpr double kLeastFourth = 1e-40;
 
-/// The probability of P about the last axis of a frame.
-double SymmetryAbout(const RegionSample& sample, const Frame& frame) {
+/// P about the last axis of a frame.
+TestOutcome SymmetryAbout(const RegionSample& sample, const Frame& frame) {
     double real = 0;
     double imaginary = 0;
     double fourth = 0;
@@ -26,21 +26,30 @@ double SymmetryAbout(const RegionSample& sample, const Frame& frame) {
     }
     const double meanFourth = fourth / sample.total;
     if (!(meanFourth > kLeastFourth)) {
-        return 1;
+        return {0, 1};
     }
     const double squaredMean =
         (real * real + imaginary * imaginary) / (sample.total * sample.total);
-    return ChiSquareTail(2 * sample.count * squaredMean / meanFourth, 2);
+    const double statistic = 2 * sample.count * squaredMean / meanFourth;
+    return {statistic, ChiSquareTail(statistic, 2)};
 }
 
 } // namespace
 
-double SymmetryOfAxes(const RegionSample& sample, const AxisFrame& frame) {
+TestOutcome SymmetryTestOfAxes(const RegionSample& sample, const AxisFrame& frame) {
     return SymmetryAbout(sample, frame.axes);
 }
 
-double SymmetryOfDirections(const RegionSample& sample, const MeanFrame& frame) {
+TestOutcome SymmetryTestOfDirections(const RegionSample& sample, const MeanFrame& frame) {
     return SymmetryAbout(sample, frame.axes);
+}
+
+double SymmetryOfAxes(const RegionSample& sample, const AxisFrame& frame) {
+    return SymmetryTestOfAxes(sample, frame).probability;
+}
+
+double SymmetryOfDirections(const RegionSample& sample, const MeanFrame& frame) {
+    return SymmetryTestOfDirections(sample, frame).probability;
 }
 
 } // namespace quandrel

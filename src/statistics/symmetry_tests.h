@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include "orientation/test_outcome.h"
 #include "statistics/region_sample.h"
 
 namespace quandrel {
@@ -16,13 +17,18 @@ namespace quandrel {
 /// A hypothesis with a probability below this is rejected.
 inline constexpr double kSymmetryLevel = 0.05;
 
-/// The probability that the test statistic of symmetric axes is as great as that of the sample,
-/// about the last axis of a frame; 1 where all rows are along it. O(n).
+/// The test of axes about the last axis of a frame: the statistic is P. It is 0 where all rows are
+/// along that axis. O(n).
 ///
 /// Along eigenvectors, |mean(y^2)| is the difference of the other two eigenvalues.
-[[nodiscard]] double SymmetryOfAxes(const RegionSample& sample, const AxisFrame& frame);
+[[nodiscard]] TestOutcome SymmetryTestOfAxes(const RegionSample& sample, const AxisFrame& frame);
 
 /// The same of directions about their mean.
+[[nodiscard]] TestOutcome SymmetryTestOfDirections(const RegionSample& sample,
+                                                   const MeanFrame& frame);
+
+/// The probabilities of these tests.
+[[nodiscard]] double SymmetryOfAxes(const RegionSample& sample, const AxisFrame& frame);
 [[nodiscard]] double SymmetryOfDirections(const RegionSample& sample, const MeanFrame& frame);
 
 } // namespace quandrel

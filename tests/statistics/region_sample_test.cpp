@@ -132,6 +132,19 @@ TEST(SymmetryOfDirections, RejectsOneInTwentySymmetricSamples) {
     EXPECT_GT(share([](RandomStream& r) { return ElongatedDirection(r, 0.1, 0.4); }), 0.9);
 }
 
+TEST(SymmetryTestOfAxes, IsOfTheLesserEigenvaluesOverTheFourthMoment) {
+    // Two axes each at 0.6 and 0.8 of a right angle's sine from the vertical, along north and east:
+    // t1 = 0.18, t2 = 0.32, mean((1 - c^2)^2) = (0.6^4 + 0.8^4)/2.
+    const WeightedDirections rows = {{{0.6, 0, 0.8}, {-0.6, 0, 0.8}, {0, 0.8, 0.6}, {0, -0.8, 0.6}},
+                                     {1, 1, 1, 1}};
+    const RegionSample sample = RegionSampleOf(rows, RowsAre::Axes);
+    const TestOutcome test =
+        SymmetryTestOfAxes(sample, *AxisFrameOf(sample, FrameCentre::Greatest));
+    const double expected = 2 * 4 * 0.14 * 0.14 / ((0.1296 + 0.4096) / 2);
+    EXPECT_NEAR(test.statistic, expected, 1e-12);
+    EXPECT_NEAR(test.probability, std::exp(-expected / 2), 1e-12);
+}
+
 TEST(SymmetryOfAxes, RowsOnOneLineAreSymmetric) {
     const WeightedDirections rows = {{{0.6, 0, 0.8}}, {9}};
     const RegionSample sample = RegionSampleOf(rows, RowsAre::Axes);
