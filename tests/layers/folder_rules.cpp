@@ -58,6 +58,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"mapinfo", onEdits},
         {"drawing", onMarks},
         {"fabric", Above(onMarks, {"drawing"})},
+        {"hypotheses", Above(onMarks, {"drawing"})},
         {"print", onDrawing},
         {"session", Above(onDrawing, {"mapinfo", "persistence", "print"})},
         {"recovery", onSession},
