@@ -11,6 +11,7 @@
 #include "batch/key_values.h"
 #include "batch/region_command.h"
 #include "batch/standard_streams.h"
+#include "batch/tests_command.h"
 #include "core/atomic_file.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
@@ -220,6 +221,19 @@ std::string BatchSession::Stats(const Command& command) {
     *answers_ << (text.empty() ? "No. of Data = " + std::to_string(ActiveRecord().NumValidData)
                                : text)
               << '\n';
+    return {};
+}
+
+/// Prints the statistical tests of the plot's rows.
+std::string BatchSession::Tests(const Command& command) {
+    if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+        return error;
+    }
+    const Result<std::string> json = TestsJson(command.arguments);
+    if (!json) {
+        return json.Error();
+    }
+    *answers_ << *json << '\n';
     return {};
 }
 

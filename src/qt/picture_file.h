@@ -18,6 +18,10 @@ namespace quandrel {
 /// A PNG with more bytes of pixels is drawn and written in bands of this size.
 inline constexpr std::size_t kBytesInBand = std::size_t{64} << 20;
 
+/// The kinds of picture as a filter of a path question.
+inline constexpr const char* kPictureFilter =
+    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
+
 /// The size of a picture.
 struct PictureSize {
     double width = 600; ///< logical pixels, 96 per inch

@@ -221,6 +221,7 @@ void GeolPlotMain::ConnectViewCommands() {
     commands_->Connect("mnuViewAdvStats",
                        [] { UseAdvancedStatistics(ActiveRecord().StatsBoxKind == 0); });
     commands_->Connect("mnuViewRegions", [this] { dialogs_->ShowRegions(); });
+    commands_->Connect("mnuViewTests", [this] { dialogs_->ShowTests(); });
     commands_->Connect("mnuViewConfidence", [] {
         ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
         ReplotActivePlot(false);
