@@ -363,6 +363,12 @@ void MakeAnalysisPictures(const QString& examples, const QString& folder, const 
     auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
     show.Picture(*form.picStereoArea, "densities_on_net");
     MakeFabricPictures(show);
+    show.Press("mnuViewTests");
+    PictureOf(show, "frmStatisticalTests", "tests");
+    if (QWidget* tests = TopLevel("frmStatisticalTests")) {
+        tests->resize(1000, 760);
+    }
+    PictureOf(show, "frmStatisticalTests", "tests_large");
 }
 
 } // namespace

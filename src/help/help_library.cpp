@@ -39,6 +39,7 @@ constexpr std::array kTopics = {
     HelpTopic{"frmRotationMenu", "dialog_rotation.html"},
     HelpTopic{"frmSavePlotsDialog", "menu_file.html#closing"},
     HelpTopic{"frmSmallCircle", "dialog_small_circles.html"},
+    HelpTopic{"frmStatisticalTests", "dialog_tests.html"},
     HelpTopic{"frmSymbolSelect", "dialog_symbols.html"},
     HelpTopic{"frmTextWindow", "menu_view.html#unplotted"},
     HelpTopic{"panGirdleBox", "girdles.html"},

@@ -138,6 +138,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          "mnuViewLegends_8",
          "mnuViewAnnotations",
          kGap,
+         "mnuViewTests",
          "mnuViewRegions",
          "mnuViewConfidence",
          "mnuViewAdvStats",

@@ -74,6 +74,7 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuViewDensities", &ToolbarState::isStereo},
     {"mnuViewRegions", &ToolbarState::isStereo},
     {"mnuViewFabric", &ToolbarState::hasPlot},
+    {"mnuViewTests", &ToolbarState::hasPlot},
     {"mnuViewPlotData", &ToolbarState::hasPlot},
     {"mnuWindow_0", &ToolbarState::hasPlot},
     {"mnuWindow_1", &ToolbarState::hasPlot},

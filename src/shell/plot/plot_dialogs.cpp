@@ -11,6 +11,7 @@
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
+#include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/net_mouse.h"
 #include "shell/rose/frm_rose_diag.h"
@@ -129,6 +130,17 @@ void PlotDialogs::ShowRegions() {
     Show(*regions_);
 }
 
+void PlotDialogs::ShowTests() {
+    if (!IsOpenSlot(gActivePlot)) {
+        return;
+    }
+    if (tests_ == nullptr) {
+        tests_ = new frmStatisticalTests(&window_);
+        PlaceBesideNet(*tests_);
+    }
+    Show(*tests_);
+}
+
 void PlotDialogs::FollowSmallCircles() {
     if (IsShown(circles_)) {
         circles_->Refresh();
@@ -211,6 +223,9 @@ void PlotDialogs::FollowActivePlot() {
     if (IsShown(regions_)) {
         IsOpenSlot(gActivePlot) ? regions_->FollowActivePlot()
                                 : static_cast<void>(regions_->close());
+    }
+    if (IsShown(tests_)) {
+        IsOpenSlot(gActivePlot) ? tests_->FollowActivePlot() : static_cast<void>(tests_->close());
     }
     if (IsShown(circles_)) {
         IsOpenSlot(gActivePlot) ? circles_->FollowActivePlot()

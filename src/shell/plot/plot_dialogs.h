@@ -26,6 +26,7 @@ class frmPlotForms;
 class frmRoseDiag;
 class frmRotationMenu;
 class frmSmallCircle;
+class frmStatisticalTests;
 
 class PlotDialogs : public QObject {
 public:
@@ -58,6 +59,9 @@ public:
 
     /// Opens the dialog of confidence regions if the active plot has a net.
     void ShowRegions();
+
+    /// Opens the dialog of statistical tests if there is an active plot.
+    void ShowTests();
 
     [[nodiscard]] bool IsRoseShown() const;
 
@@ -108,6 +112,7 @@ private:
     frmDensities* densities_ = nullptr;
     frmFabricPlots* fabric_ = nullptr;
     frmConfidenceRegions* regions_ = nullptr;
+    frmStatisticalTests* tests_ = nullptr;
 };
 
 } // namespace quandrel

@@ -13,6 +13,7 @@
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
+#include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -73,6 +74,7 @@ std::vector<NamedDialog> AllDialogs() {
         Named<frmSmallCircle>("frmSmallCircle"),
         {"frmConfidenceRegions",
          [](QWidget* parent) { return std::make_unique<frmConfidenceRegions>(parent); }},
+        Named<frmStatisticalTests>("frmStatisticalTests"),
         {"frmDensities", [](QWidget* parent) { return std::make_unique<frmDensities>(parent); }},
         {"frmFabricPlots",
          [](QWidget* parent) { return std::make_unique<frmFabricPlots>(parent); }},

@@ -9,6 +9,7 @@
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
+#include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -190,12 +191,13 @@ protected:
         frmDensities densities(nullptr);
         frmConfidenceRegions regions(nullptr);
         frmFabricPlots fabric(nullptr);
+        frmStatisticalTests tests(nullptr);
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
                  &about, &classification, &raw, &processed, &start, &picture, &format, &layers,
                  &tables, &preferences, &print, &rotation, &save, &circles, &densities, &regions,
-                 &fabric, &symbols, &text}) {
+                 &fabric, &tests, &symbols, &text}) {
             EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
         }
     }

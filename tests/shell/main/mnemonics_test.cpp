@@ -10,6 +10,7 @@
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
+#include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -195,6 +196,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(regions);
     frmFabricPlots fabric(nullptr);
     Check(fabric);
+    frmStatisticalTests tests(nullptr);
+    Check(tests);
     frmSymbolSelect symbols(styles, nullptr);
     Check(symbols);
     frmTextWindow text("Lines", "text", nullptr);

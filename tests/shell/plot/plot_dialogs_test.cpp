@@ -6,6 +6,7 @@
 #include "session/start.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/picture_box.h"
+#include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/rose/frm_rose_diag.h"
 #include "support/main_window_test.h"
 
@@ -110,6 +111,24 @@ TEST_F(PlotDialogsTest, DialogsCloseWithTheLastPlot) {
     Press("mnuViewClassification");
     Press("mnuFileClose_0");
     EXPECT_FALSE(IsClassificationShown());
+}
+
+TEST_F(PlotDialogsTest, TheTestsFollowNetsAndRosesUntilTheLastPlotCloses) {
+    EXPECT_FALSE(Action("mnuViewTests").isEnabled());
+    const int first = OpenFile("a.txt");
+    OpenFile("b.txt");
+    Press("mnuViewTests");
+    ASSERT_EQ(DialogsOf<frmStatisticalTests>().size(), 1U);
+    const frmStatisticalTests& tests = *DialogsOf<frmStatisticalTests>().front();
+    EXPECT_TRUE(tests.isVisible());
+    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: b.txt");
+    Room().setActiveSubWindow(&FormOfSlot(first));
+    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: a.txt");
+    Press("mnuPlotType_2");
+    EXPECT_TRUE(tests.isVisible()) << "azimuths of a rose are tested too";
+    Press("mnuFileClose_0");
+    Press("mnuFileClose_0");
+    EXPECT_FALSE(tests.isVisible());
 }
 
 TEST_F(PlotDialogsTest, ThePartsOfARoseAreShownAndHidden) {
