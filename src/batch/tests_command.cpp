@@ -25,23 +25,38 @@ struct TestsAsked {
     std::string picture;
 };
 
-/// "main", "p", "t", "overlay1", "class2"; nothing for other words.
-std::optional<RowSetId> SetOfWord(const std::string& word) {
+/// A class by its place among those of a plot, from 1; of none if there are fewer.
+RowSetId ClassAt(const Plot& plot, int place) {
+    int passed = 0;
+    for (const RowSet& set : RowSetsOf(plot)) {
+        passed += set.id.kind == RowGroupKind::Class ? 1 : 0;
+        if (passed == place) {
+            return set.id;
+        }
+    }
+    return {RowGroupKind::Class, 0};
+}
+
+/// The number after a word: 2 of "class2".
+std::optional<int> NumberAfter(const std::string& start, const std::string& word) {
     constexpr int kMostNumber = 99;
+    return word.starts_with(start) ? WholeNumber(word.substr(start.size()), 1, kMostNumber)
+                                   : std::nullopt;
+}
+
+/// "main", "p", "t", "overlay1", "class2" of a plot; nothing for other words.
+std::optional<RowSetId> SetOfWord(const Plot& plot, const std::string& word) {
     if (word == "main") {
         return RowSetId{};
     }
     if (word == "p" || word == "t") {
         return RowSetId{word == "p" ? RowGroupKind::Shortening : RowGroupKind::Extension, 0};
     }
-    for (const auto& [start, kind] : {std::pair{std::string("overlay"), RowGroupKind::Overlay},
-                                      {"class", RowGroupKind::Class}}) {
-        if (word.starts_with(start)) {
-            const auto number = WholeNumber(word.substr(start.size()), 1, kMostNumber);
-            return number ? std::optional(RowSetId{kind, *number}) : std::nullopt;
-        }
+    if (const auto overlay = NumberAfter("overlay", word)) {
+        return RowSetId{RowGroupKind::Overlay, *overlay};
     }
-    return std::nullopt;
+    const auto place = NumberAfter("class", word);
+    return place ? std::optional(ClassAt(plot, *place)) : std::nullopt;
 }
 
 /// Reads rows, of another plot with its number and a colon before them.
@@ -55,7 +70,8 @@ std::string TakeRows(const std::string& value, RowSetPlace& place) {
         }
         place.slot = *slot;
     }
-    const auto set = SetOfWord(colon == std::string::npos ? value : value.substr(colon + 1));
+    const auto set =
+        SetOfWord(PlotOf(place.slot), colon == std::string::npos ? value : value.substr(colon + 1));
     if (!set) {
         return "'" + value + "' is not one of main, p, t, overlay1, class1 and so on";
     }

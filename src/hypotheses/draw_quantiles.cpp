@@ -83,13 +83,19 @@ public:
         , plot_(plot)
         , left_(left)
         , width_(width)
-        , height_(height) {}
+        , height_(height) {
+        FindRanges();
+    }
 
-    void Draw();
+    /// The width of the numbers beside the frame.
+    [[nodiscard]] double WidestNumber();
+
+    /// @param numbers  the width that is left for them
+    void Draw(double numbers);
 
 private:
     void FindRanges();
-    void FindFrame();
+    void FindFrame(double numbers);
     void UseText(double points, bool isBold);
     void UseLine(double points);
     [[nodiscard]] Point At(double expected, double found) const;
@@ -139,14 +145,19 @@ void Panel::UseLine(double points) {
     surface_.SetState(state);
 }
 
-void Panel::FindFrame() {
+double Panel::WidestNumber() {
     UseText(kTextPoints, false);
     double widest = 0;
     for (int tick = 0; tick < up_.Ticks(); ++tick) {
         widest = std::max(widest, surface_.TextWidth(TickText(up_.Tick(tick), up_.step)));
     }
+    return widest;
+}
+
+void Panel::FindFrame(double numbers) {
+    UseText(kTextPoints, false);
     const double line = surface_.TextHeight();
-    low_ = {left_ + kGap + widest + kGap + kTick, 2 * (line + kGap) + kTick + kBelowTick};
+    low_ = {left_ + kGap + numbers + kGap + kTick, 2 * (line + kGap) + kTick + kBelowTick};
     high_ = {left_ + width_ - kRightMargin, height_ - 2 * line - 4 * kGap};
     const double side = std::min(high_.x - low_.x, high_.y - low_.y);
     high_ = {low_.x + side, low_.y + side};
@@ -220,9 +231,8 @@ void Panel::DrawPoints() {
     surface_.Markers({"quantile", {ring}}, kBlack, places);
 }
 
-void Panel::Draw() {
-    FindRanges();
-    FindFrame();
+void Panel::Draw(double numbers) {
+    FindFrame(numbers);
     if (high_.x - low_.x < kLeastSide) {
         return;
     }
@@ -242,10 +252,15 @@ void DrawQuantiles(Surface& surface, std::span<const QuantilePlot> plots) {
     const double height = std::abs(former.top - former.bottom) / pixel.y;
     surface.SetUserScale({0, height, width, 0});
     const double each = width / static_cast<double>(std::max<std::size_t>(plots.size(), 1));
-    double left = 0;
+    std::vector<Panel> panels;
+    double numbers = 0; // the same in all, so that their frames are of one size
     for (const QuantilePlot& plot : plots) {
-        Panel(surface, plot, left, each, height).Draw();
-        left += each;
+        const double left = static_cast<double>(panels.size()) * each;
+        panels.emplace_back(surface, plot, left, each, height);
+        numbers = std::max(numbers, panels.back().WidestNumber());
+    }
+    for (Panel& panel : panels) {
+        panel.Draw(numbers);
     }
     surface.SetUserScale(former);
 }

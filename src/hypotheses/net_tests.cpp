@@ -55,9 +55,10 @@ void AddSymmetryOfAxes(const RegionSample& sample, RowTests& tests) {
 }
 
 RowTest ModelTest(const std::string& name, const std::string& model, const TestOutcome& outcome) {
+    const std::string found =
+        IsRejected(outcome) ? " is rejected against" : " is not rejected against";
     return DoneTest(name, "2 ln L", outcome,
-                    model + (IsRejected(outcome) ? " is rejected for" : " is as likely as")
-                        + " Bingham's distribution" + Bracketed("2 ln L", outcome));
+                    model + found + " Bingham's distribution" + Bracketed("2 ln L", outcome));
 }
 
 std::string LikelihoodText(const FabricModels& models) {
@@ -130,9 +131,8 @@ void AddQuantiles(const FisherFit& fit, RowTests& tests) {
                                fit.colatitudes.points, 1 / fit.concentration, false});
     tests.quantiles.push_back({"Longitudes", "Uniform distribution", "Longitude, turns",
                                fit.longitudes.points, 1, false});
-    tests.quantiles.push_back({"Two variables", "Normal distribution",
-                               "Longitude times root of sine", fit.twoVariables.points,
-                               1 / std::sqrt(fit.concentration), true});
+    tests.quantiles.push_back({"Two variables", "Normal distribution", "Scaled longitude",
+                               fit.twoVariables.points, 1 / std::sqrt(fit.concentration), true});
 }
 
 std::string FisherRemark(const FisherFit& fit, bool areAxes) {

@@ -47,8 +47,11 @@ void AddClassSets(const Plot& plot, std::vector<RowSet>& sets) {
         return;
     }
     const LimitForm form = LimitFormOf(plot, *column);
-    const int last = LastClass(RuleOfClassTable(record.ClassTable, *column));
-    for (int number = 1; number <= last; ++number) {
+    const ClassRule rule = RuleOfClassTable(record.ClassTable, *column);
+    for (int number = 1; number <= LastClass(rule); ++number) {
+        if (!CanHoldValues(rule, number)) {
+            continue;
+        }
         sets.push_back({{RowGroupKind::Class, number},
                         ClassLabel(record.ClassTable, *column, number, form),
                         SenseOfMainRows(record)});

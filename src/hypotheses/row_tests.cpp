@@ -12,7 +12,7 @@ namespace quandrel {
 namespace {
 
 /// Rows times tries up to which simulations take a fraction of a second.
-constexpr double kQuickWork = 3e6;
+constexpr double kQuickWork = 6e6;
 
 constexpr const char* kWaiting = "Its probability is found by simulation.";
 constexpr const char* kStopped = "The simulation was stopped.";

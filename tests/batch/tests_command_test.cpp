@@ -83,6 +83,23 @@ TEST_F(BatchTests, TestAzimuthsOfARose) {
     EXPECT_GT(Named(answer, "Concentration")["statistic"].get<double>(), 1);
 }
 
+TEST_F(BatchTests, CompareClassesInTheirOrder) {
+    std::string rows;
+    for (int i = 0; i < 30; ++i) {
+        rows += std::to_string(40 + i * 7 % 11) + "\t" + std::to_string(100 + i * 13 % 41) + "\t"
+                + (i < 12 ? "marl" : "sandstone") + "\n";
+    }
+    Write("named.txt", rows);
+    ASSERT_EQ(Run("format primary=line data=lines delimiter=tab columns=0,1,2,3,4,5,6,7,8,3 "
+                  "appended=text textname=rock; open \"FOLDER/named.txt\"; classify mode=3 "
+                  "procedure=first classes=2; tests of=class1 with=class2 tries=99"),
+              "");
+    const nlohmann::json answer = nlohmann::json::parse(out.str());
+    EXPECT_EQ(answer["of"]["count"], 12);
+    EXPECT_EQ(answer["with"]["count"], 18);
+    EXPECT_NE(answer["with"]["rows"].get<std::string>().find("sandstone"), std::string::npos);
+}
+
 TEST_F(BatchTests, DrawQuantilePlots) {
     for (const std::string ending : {"svg", "png", "pdf"}) {
         ASSERT_EQ(Run(std::string(kOpen) + "tests qq=\"FOLDER/qq." + ending + "\""), "");

@@ -20,7 +20,7 @@ std::vector<QuantilePlot> ThreePlots() {
     std::vector<QuantilePlot> plots = {
         {"Colatitudes", "Exponential distribution", "1 - cos(colatitude)", {}, 0.05, false},
         {"Longitudes", "Uniform distribution", "Longitude, turns", {}, 1, false},
-        {"Two variables", "Normal distribution", "Longitude times root of sine", {}, 0.22, true}};
+        {"Two variables", "Normal distribution", "Scaled longitude", {}, 0.22, true}};
     for (int i = 0; i < 40; ++i) {
         const double share = (i + 0.5) / 40;
         plots[0].points.push_back({-std::log1p(-share), -0.05 * std::log1p(-share)});
