@@ -43,8 +43,8 @@ struct RowSet {
     RowsTestedAs as = RowsTestedAs::Axes;
 };
 
-/// The sets of a plot: main rows, overlays, classes that can have rows. A rose has no overlays; a plot of P and T axes
-/// has no classes, for they would mix the two. Sets may be without rows. O(1).
+/// The sets of a plot: main rows, overlays, classes that can have rows. A rose has no overlays; a
+/// plot of P and T axes has no classes, for they would mix the two. Sets may be without rows. O(1).
 [[nodiscard]] std::vector<RowSet> RowSetsOf(const Plot& plot);
 
 /// The rows of a set, each once.

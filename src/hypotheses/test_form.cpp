@@ -28,8 +28,7 @@ std::optional<RowSet> SetAt(const RowSetPlace& place) {
 void AddComparable(int slot, RowsTestedAs as, const RowSetPlace& own,
                    std::vector<RowSetEntry>& entries) {
     const std::string title = PlotOf(slot).record.PlotTitle;
-    const std::string plot =
-        slot == own.slot ? std::string() : std::to_string(slot) + " " + title + ": ";
+    const std::string plot = slot == own.slot ? std::string() : title + ": ";
     for (const RowSet& set : RowSetsOf(PlotOf(slot))) {
         const RowSetPlace place{slot, set.id};
         if (set.as == as && !(place == own)) {

@@ -26,7 +26,7 @@ struct RowSetPlace {
 /// A set as a list offers it.
 struct RowSetEntry {
     RowSetPlace place;
-    std::string name; ///< of another plot "2 folds: Overlay 1", with its number and title
+    std::string name; ///< of another plot "folds.txt: 2: Overlay 1", with its title
 };
 
 /// The sets of an open plot.

@@ -84,7 +84,8 @@ TEST_F(RowSets, ClassesFollowTheMainRows) {
     record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
     record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
     record.ClassTable[kLowestRow + 1][kNumberClasses] = 2.5;
-    record.ClassTable[kLowestRow + 2][kNumberClasses] = 9.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 9.0;
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     ASSERT_TRUE(GrowAppendedColumn(AppendedColumn::Number));
     for (int row = 1; row <= 6; ++row) {
         gAppNumeric.At(gActivePlot, row) = static_cast<float>(row);
@@ -132,10 +133,9 @@ TEST_F(RowSets, OthersOfTheSameSenseAreCompared) {
     AddOverlay(kOverlayLines, 20, 40, CodeOfStyleRow(1));
     AddPlot("palaeocurrents", kPolarLines);
     AddPlot("veins");
-    const std::string number = std::to_string(gActivePlot);
     EXPECT_EQ(Names(SetsToTest(first)), (std::vector<std::string>{"Main rows", "Overlay 1"}));
     EXPECT_EQ(Names(SetsToCompare({first, {}})),
-              (std::vector<std::string>{"Overlay 1", number + " veins: Main rows"}));
+              (std::vector<std::string>{"Overlay 1", "veins: Main rows"}));
     EXPECT_TRUE(SetsToCompare({first, {RowGroupKind::Class, 4}}).empty());
     EXPECT_FALSE(RowsOf({{first, {RowGroupKind::Overlay, 2}}, {}}));
     EXPECT_FALSE(RowsOf({{99, {}}, {}}));

@@ -80,7 +80,8 @@ TEST_F(AnglesOfRoseTest, OfAClassAreThoseOfItsRows) {
     record.ClassTable[kBaseRow][kNumberClasses] = std::int16_t{2};
     record.ClassTable[kLowestRow][kNumberClasses] = 0.0;
     record.ClassTable[kLowestRow + 1][kNumberClasses] = 5.0;
-    record.ClassTable[kLowestRow + 2][kNumberClasses] = 10.0;
+    record.ClassTable[kTopRow][kNumberClasses] = 10.0;
+    record.ClassTable[kFlagRow][kNumberClasses] = std::int16_t{0};
     for (const auto& [azimuth, number] :
          {std::pair{10, 1.0F}, {20, 7.0F}, {30, 2.0F}, {40, 99.0F}}) {
         AddRow(20, azimuth);

@@ -121,9 +121,9 @@ TEST_F(PlotDialogsTest, TheTestsFollowNetsAndRosesUntilTheLastPlotCloses) {
     ASSERT_EQ(DialogsOf<frmStatisticalTests>().size(), 1U);
     const frmStatisticalTests& tests = *DialogsOf<frmStatisticalTests>().front();
     EXPECT_TRUE(tests.isVisible());
-    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: b.txt");
+    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: b.txt: 2");
     Room().setActiveSubWindow(&FormOfSlot(first));
-    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: a.txt");
+    EXPECT_EQ(tests.windowTitle(), "Statistical Tests: a.txt: 1");
     Press("mnuPlotType_2");
     EXPECT_TRUE(tests.isVisible()) << "azimuths of a rose are tested too";
     Press("mnuFileClose_0");
