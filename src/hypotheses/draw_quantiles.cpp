@@ -160,6 +160,7 @@ void Panel::FindFrame(double numbers) {
     low_ = {left_ + kGap + numbers + kGap + kTick, 2 * (line + kGap) + kTick + kBelowTick};
     high_ = {left_ + width_ - kRightMargin, height_ - 2 * line - 4 * kGap};
     const double side = std::min(high_.x - low_.x, high_.y - low_.y);
+    low_.x += (high_.x - low_.x - side) / 2;
     high_ = {low_.x + side, low_.y + side};
 }
 
