@@ -35,6 +35,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"platform/scripted", {"platform"}},
+        {"svg", {"platform"}},
         {"orientation", {}},
         {"mapsession", {"platform"}},
         {"mapsession/gdal", {"mapsession", "platform"}},
@@ -66,7 +67,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"help", onCore},
         // The public headers, below include/.
         {"quandrel", {}},
-        {"border", Above(onMarks, {"quandrel", "persistence", "drawing"})},
+        {"border", Above(onMarks, {"quandrel", "persistence", "drawing", "svg"})},
     };
     return allowed;
 }
