@@ -215,6 +215,19 @@ public:
     /// Ends the last clip that has not ended.
     virtual void PopClip() = 0;
 
+    /// Names what is drawn until EndGroup, for files in which others edit it. Groups may be within
+    /// groups and within clips, each ends within the one that it began in. Drawing is not affected.
+    ///
+    /// @param id     letters, digits and hyphens: "rows"; a document tells equal ones apart
+    /// @param title  for the user; may hold anything
+    virtual void BeginGroup(std::string_view id, std::string_view title) {
+        static_cast<void>(id);
+        static_cast<void>(title);
+    }
+
+    /// Ends the last group that has not ended.
+    virtual void EndGroup() {}
+
     /// Size of a text in user units, at least 0.
     [[nodiscard]] virtual double TextWidth(std::string_view utf8) const = 0;
     [[nodiscard]] virtual double TextHeight() const = 0;
@@ -250,6 +263,23 @@ public:
 
     CircleClip(const CircleClip&) = delete;
     CircleClip& operator=(const CircleClip&) = delete;
+
+private:
+    Surface& surface_;
+};
+
+/// Names what is drawn until the end of a block.
+class NamedGroup {
+public:
+    NamedGroup(Surface& surface, std::string_view id, std::string_view title)
+        : surface_(surface) {
+        surface_.BeginGroup(id, title);
+    }
+
+    ~NamedGroup() { surface_.EndGroup(); }
+
+    NamedGroup(const NamedGroup&) = delete;
+    NamedGroup& operator=(const NamedGroup&) = delete;
 
 private:
     Surface& surface_;

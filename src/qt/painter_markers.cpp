@@ -3,8 +3,8 @@
 // The markers of a PainterSurface. In an image a marker is a sprite, made once for each phase of a
 // position within its pixel; in a vector file it is drawn from its parts.
 
+#include "platform/place_filter.h"
 #include "qt/painter_surface.h"
-#include "qt/place_filter.h"
 
 #include <QImage>
 #include <QPolygonF>

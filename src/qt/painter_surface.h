@@ -9,8 +9,8 @@
 
 #pragma once
 
+#include "platform/place_filter.h"
 #include "platform/surface.h"
-#include "qt/place_filter.h"
 #include "qt/sprite.h"
 
 #include <QFont>
@@ -38,8 +38,7 @@ enum class Medium {
 ///
 /// A raster surface is fast, and mode kDrawNotXor exact, on a painter over a QImage of Format_RGB32
 /// without transformation, device pixel ratio or clip, except a clip to whole lines. Arcs take
-/// twice as long within PushClip, and ten times as long in a translucent ink. Clips of a
-/// QSvgGenerator are marks in its output, which WriteSvgClips turns into clips.
+/// twice as long within PushClip, and ten times as long in a translucent ink.
 class PainterSurface : public Surface {
 public:
     /// @param painter      must outlive the surface; its transformation maps device units of `area`

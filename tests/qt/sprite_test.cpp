@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "image_checks.h"
-#include "qt/place_filter.h"
+#include "platform/place_filter.h"
 #include "qt/sprite.h"
 
 #include <QPainter>

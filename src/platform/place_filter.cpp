@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "qt/place_filter.h"
+#include "platform/place_filter.h"
 
 #include <algorithm>
 #include <bit>
