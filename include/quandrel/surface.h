@@ -182,6 +182,17 @@ public:
     /// Ends the last clip that has not ended.
     virtual void PopClip() = 0;
 
+    /// Names what is drawn until EndGroup: the net, rows, the legend. Groups and clips may be
+    /// within each other, and each ends within the one that it began in. Without an override they
+    /// are ignored.
+    ///
+    /// @param id     letters, digits and hyphens; not unique
+    /// @param title  for the user
+    virtual void BeginGroup(std::string_view id, std::string_view title);
+
+    /// Ends the last group that has not ended.
+    virtual void EndGroup();
+
     /// Size of a text in pixels, at least 0. The height is that of any line in the font.
     [[nodiscard]] virtual double TextWidth(std::string_view utf8, const Font& font) const = 0;
     [[nodiscard]] virtual double TextHeight(const Font& font) const = 0;

@@ -18,20 +18,34 @@
 #include "quandrel/drawing.h"
 #include "quandrel/surface.h"
 
-#include <set>
+#include <memory>
 #include <string>
+
+namespace quandrel {
+
+class SvgWriter;
+
+} // namespace quandrel
 
 namespace quandrel::api {
 
-/// A picture as an SVG 1.1 document of its own. Numbers are rounded to thousandths of a pixel;
-/// widths in points are written as points. A clip has an id that is made of its circle, so that
-/// pictures can be joined in one document.
+/// A picture as an SVG 1.1 document of its own, in its true size. Numbers are pixels, rounded to
+/// thousandths. Consecutive shapes of one style share a group, and what BeginGroup names is a group
+/// with a title. Markers are written once, by reference; of opaque ones with the same place only
+/// the last. The id of a hatch, a clip or a marker is made of what it is, so that pictures can be
+/// joined in one document.
 ///
-/// Texts are laid out by their estimated sizes; the viewer's fonts may be narrower or wider.
+/// Texts have the sizes of Liberation Sans, which are those of Arial and Helvetica; in other fonts
+/// they may be narrower or wider. Any text can be written: what XML does not allow is replaced by
+/// U+FFFD.
 class SvgPicture : public Surface {
 public:
-    explicit SvgPicture(Extent size)
-        : size_(size) {}
+    explicit SvgPicture(Extent size);
+    SvgPicture(const SvgPicture& other);
+    SvgPicture(SvgPicture&& other) noexcept;
+    SvgPicture& operator=(const SvgPicture& other);
+    SvgPicture& operator=(SvgPicture&& other) noexcept;
+    ~SvgPicture() override;
 
     /// The document as drawn so far, UTF-8.
     [[nodiscard]] std::string Document() const;
@@ -46,20 +60,18 @@ public:
     void Arc(Point centre, double radius, double from, double sweep, const Pen& pen) override;
     void Wedge(Point centre, double radius, double from, double sweep, const Pen& pen,
                const Fill& fill) override;
+    void Markers(const Marker& marker, std::span<const Point> positions) override;
     void Text(Point topLeft, std::string_view utf8, const Font& font, Colour colour) override;
     void PushClip(Point centre, double radius) override;
     void PopClip() override;
+    void BeginGroup(std::string_view id, std::string_view title) override;
+    void EndGroup() override;
     [[nodiscard]] double TextWidth(std::string_view utf8, const Font& font) const override;
     [[nodiscard]] double TextHeight(const Font& font) const override;
 
 private:
-    void Add(const std::string& shape, const Pen& pen, const Fill& fill);
-    [[nodiscard]] std::string PaintOf(const Fill& fill);
-
     Extent size_;
-    std::string body_;
-    std::set<std::string> defined_; ///< ids of the hatches and clips that the body defines
-    int openClips_ = 0;
+    std::unique_ptr<SvgWriter> writer_;
 };
 
 } // namespace quandrel::api

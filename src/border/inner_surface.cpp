@@ -201,6 +201,14 @@ void InnerSurface::PopClip() {
     onto_.PopClip();
 }
 
+void InnerSurface::BeginGroup(std::string_view id, std::string_view title) {
+    onto_.BeginGroup(id, title);
+}
+
+void InnerSurface::EndGroup() {
+    onto_.EndGroup();
+}
+
 double InnerSurface::TextWidth(std::string_view utf8) const {
     return onto_.TextWidth(utf8, StateFont()) * PixelSize().x;
 }

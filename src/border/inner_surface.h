@@ -56,6 +56,8 @@ public:
     void Text(quandrel::Point topLeft, std::string_view utf8) override;
     void PushClip(quandrel::Point centre, double radius) override;
     void PopClip() override;
+    void BeginGroup(std::string_view id, std::string_view title) override;
+    void EndGroup() override;
     [[nodiscard]] double TextWidth(std::string_view utf8) const override;
     [[nodiscard]] double TextHeight() const override;
 

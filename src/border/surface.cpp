@@ -54,6 +54,13 @@ void Surface::Markers(const Marker& marker, std::span<const Point> positions) {
     }
 }
 
+void Surface::BeginGroup(std::string_view id, std::string_view title) {
+    static_cast<void>(id);
+    static_cast<void>(title);
+}
+
+void Surface::EndGroup() {}
+
 double EstimatedTextWidth(std::string_view utf8, const Font& font) {
     const auto characters = std::ranges::count_if(
         utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U; });
