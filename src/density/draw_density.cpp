@@ -238,20 +238,29 @@ void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDens
 
 void DrawFieldDensities(const Plot& plot, const Drawing& drawing, const PlotDensity& density) {
     const PlotRecord& record = plot.record;
+    Surface& surface = drawing.plot;
     if (ShowsContours(record) && record.ContourPicture != kContourLines) {
-        FillBands(record, drawing, density);
+        {
+            const NamedGroup group(surface, "bands", "Filled bands");
+            FillBands(record, drawing, density);
+        }
+        const NamedGroup group(surface, "net-on-bands", "Net on the bands");
         DrawNet(record.PlotKind, drawing);
     }
     if (ShowsGridSymbols(record)) {
+        const NamedGroup group(surface, "grid-symbols", "Grid densities");
         DrawFieldSymbols(record, drawing, density);
     }
     if (ShowsContours(record) && record.ContourPicture != kFilledBands) {
+        const NamedGroup group(surface, "contours", "Contours");
         DrawFieldContours(record, drawing, density);
     }
     if (const DensityEnvelope* envelope = EnvelopeOf(plot)) {
+        const NamedGroup group(surface, "envelope", "Envelope of significance");
         DrawEnvelope(record, drawing, *envelope);
     }
     if (record.ShowMaxima != 0) {
+        const NamedGroup group(surface, "maxima", "Maxima");
         DrawMaxima(record, drawing, density);
     }
 }

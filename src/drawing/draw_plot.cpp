@@ -5,6 +5,7 @@
 #include "classify/classification.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
+#include "core/overlay_names.h"
 #include "core/plot_rows.h"
 #include "density/contours.h"
 #include "density/draw_density.h"
@@ -22,6 +23,7 @@
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <string>
 
 namespace quandrel {
 
@@ -44,8 +46,14 @@ RowRange OverlayRange(const PlotRecord& record, int overlay) {
     return {first, first + record.OverlayRows[static_cast<std::size_t>(overlay)] - 1};
 }
 
+/// The title of the group of the main rows: their file.
+const std::string& TitleOfRows(const PlotRecord& record) {
+    return record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
+}
+
 /// Grid symbols and contours of a plot that is classified by a number.
 void DrawClassifiedGrid(const Plot& plot, const Drawing& drawing) {
+    const NamedGroup group(drawing.plot, "value-grid", "Grid of values");
     if (plot.record.NumClasses == 1 || plot.record.NumClasses == 3) {
         DrawValueGrid(plot, drawing);
     }
@@ -61,9 +69,11 @@ void DrawDensities(const Plot& plot, const Drawing& drawing) {
         return;
     }
     if (plot.record.PlotSymbolMode != kContours) {
+        const NamedGroup group(drawing.plot, "grid-symbols", "Grid densities");
         DrawGridSymbols(plot, drawing);
     }
     if (plot.record.PlotSymbolMode != kGridDensitySymbols) {
+        const NamedGroup group(drawing.plot, "contours", "Contours");
         DrawContours(plot, drawing);
     }
 }
@@ -79,6 +89,7 @@ SlipArrows ArrowsOfPlot(const Plot& plot) {
 
 /// The main rows, in the plot's mode.
 void DrawMainRows(const Plot& plot, const Drawing& drawing) {
+    const NamedGroup group(drawing.plot, "rows", TitleOfRows(plot.record));
     switch (plot.record.PlotSymbolMode) {
     case kGreatCircles:
         DrawRowGreatCircles(plot, drawing, MainRows(plot.record));
@@ -110,6 +121,8 @@ void DrawMainRows(const Plot& plot, const Drawing& drawing) {
 void DrawOverlays(const Plot& plot, const Drawing& drawing) {
     const PlotRecord& record = plot.record;
     for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
+        const NamedGroup group(drawing.plot, "overlay-" + std::to_string(overlay),
+                               NameOfOverlay(record, overlay));
         const RowRange rows = OverlayRange(record, overlay);
         if (record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayGreatCircles) {
             DrawRowGreatCircles(plot, drawing, rows);
@@ -127,13 +140,20 @@ bool IsItemShown(const PlotRecord& record, int item) {
 
 void DrawAxisItems(const Plot& plot, const Drawing& drawing) {
     const PlotRecord& record = plot.record;
-    for (int item = 0; item < kAxisItems; ++item) {
-        if (IsItemShown(record, item)) {
-            DrawGirdle(record, drawing, item);
+    {
+        const NamedGroup group(drawing.plot, "girdles", "Girdles");
+        for (int item = 0; item < kAxisItems; ++item) {
+            if (IsItemShown(record, item)) {
+                DrawGirdle(record, drawing, item);
+            }
         }
     }
-    DrawSmallCircles(record, drawing);
+    {
+        const NamedGroup group(drawing.plot, "small-circles", "Small circles");
+        DrawSmallCircles(record, drawing);
+    }
     DrawRegions(plot, drawing);
+    const NamedGroup group(drawing.plot, "axes", "Axes");
     for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
         if (IsItemShown(record, item)) {
             DrawAxisItemSymbol(record, drawing, item);
@@ -144,7 +164,10 @@ void DrawAxisItems(const Plot& plot, const Drawing& drawing) {
 } // namespace
 
 void DrawPlot(const Plot& plot, const Drawing& drawing) {
-    DrawPlotBase(plot.record, drawing);
+    {
+        const NamedGroup group(drawing.plot, "net", "Net");
+        DrawPlotBase(plot.record, drawing);
+    }
     if (plot.record.PlotKind == kRose) {
         DrawRose(plot, drawing);
         DrawLegend(plot, drawing);
@@ -162,9 +185,15 @@ void DrawStereoPlot(const Plot& plot, const Drawing& drawing) {
         DrawMainRows(plot, drawing);
     }
     DrawOverlays(plot, drawing);
-    DrawAnnotations(record, drawing);
+    {
+        const NamedGroup group(drawing.plot, "annotations", "Annotations");
+        DrawAnnotations(record, drawing);
+    }
     DrawLegend(plot, drawing);
-    DrawPlotFurniture(record, drawing);
+    {
+        const NamedGroup group(drawing.plot, "mean-direction", "Mean direction");
+        DrawPlotFurniture(record, drawing);
+    }
     DrawAxisItems(plot, drawing);
 }
 

@@ -365,18 +365,6 @@ SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first
     return 0;
 }
 
-std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay) {
-    std::string text;
-    for (const std::string& path : record.OverlayFiles[overlay]) {
-        text += (text.empty() ? "" : " + ") + FileTitleOf(path);
-    }
-    if (text.empty() && static_cast<std::int16_t>(overlay) == record.SelectedOverlay) {
-        return record.OverlayKind[overlay] <= kOverlayPoles ? "Secondary planes"
-                                                            : "Secondary lines";
-    }
-    return text.empty() ? "Overlay " + std::to_string(overlay) : text;
-}
-
 std::string CutToWidth(const Surface& surface, const std::string& text, double width) {
     if (surface.TextWidth(text) <= width) {
         return text;
@@ -425,6 +413,7 @@ void DrawLegend(const Plot& plot, const Drawing& drawing) {
         drawing.legend.Clear(kWhite);
     }
     if (plot.record.LayerVisible[kLegendLayer] != 0) {
+        const NamedGroup group(drawing.legend, "legend", "Legend");
         DrawLines(drawing, layout, LegendLines(plot, drawing.styles, drawing.formulas));
     }
 }

@@ -9,7 +9,6 @@
 #include "stereo/drawing.h"
 #include "stereo/legend_line.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -20,9 +19,6 @@ namespace quandrel {
 /// one that has a symbol. 0 if there is none.
 [[nodiscard]] SymbolCode CodeOfRows(const Plot& plot, const Styles& styles, std::int32_t first,
                                     std::int32_t last, bool upward);
-
-/// The description of an overlay, from 1: its files, or the other set of the rows, or its number.
-[[nodiscard]] std::string TextOfOverlay(const PlotRecord& record, std::size_t overlay);
 
 /// The text in the surface's font, cut and marked as cut if it is wider than the given width.
 [[nodiscard]] std::string CutToWidth(const Surface& surface, const std::string& text, double width);

@@ -49,11 +49,7 @@ std::string NameOfGroup(const Plot& plot, const RowGroup& group, bool isOfSevera
     if (group.name.empty()) {
         return title;
     }
-    const std::string name =
-        group.kind == RowGroupKind::Overlay
-            ? TextOfOverlay(plot.record, static_cast<std::size_t>(group.number))
-            : group.name;
-    return isOfSeveral ? title + ": " + name : name;
+    return isOfSeveral ? title + ": " + group.name : group.name;
 }
 
 std::optional<FabricPoint> PointOf(const RowGroup& group) {

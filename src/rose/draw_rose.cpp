@@ -11,8 +11,15 @@ namespace quandrel {
 
 void DrawRose(const Plot& plot, const Drawing& drawing) {
     if (RoseOf(plot).isShown) {
-        DrawRoseWedges(plot, drawing);
-        DrawRoseScale(plot, drawing);
+        {
+            const NamedGroup group(drawing.plot, "petals", "Petals");
+            DrawRoseWedges(plot, drawing);
+        }
+        {
+            const NamedGroup group(drawing.plot, "scale", "Scale");
+            DrawRoseScale(plot, drawing);
+        }
+        const NamedGroup group(drawing.plot, "mean", "Mean");
         DrawRoseMean(plot, drawing);
     }
 }

@@ -48,6 +48,7 @@ void DrawRegions(const Plot& plot, const Drawing& drawing) {
     Surface& surface = drawing.plot;
     const AxisStyle& style = drawing.styles.axes[kSmallCircleStyle];
     const Colour colour = TableColour(drawing.styles, style[kStyleColour]);
+    const NamedGroup group(surface, "regions", "Confidence regions");
     if (record.RegionCloud != 0) {
         for (const PlotRegion& region : RegionsOfPlot(plot)) {
             if (IsShown(record, region)) {

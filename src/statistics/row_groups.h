@@ -30,8 +30,8 @@ enum class RowGroupKind { MainRows, Shortening, Extension, Overlay, Class };
 
 /// Rows that share a statistic.
 struct RowGroup {
-    std::string name; ///< "Overlay 2", the name of a class or of P or T axes; empty for main rows
-    RowLines lines;   ///< not empty
+    std::string name;     ///< of an overlay, a class, P or T axes; empty for main rows
+    RowLines lines;       ///< not empty
     bool isPolar = false; ///< rows with a sense: polar lines
     RowGroupKind kind = RowGroupKind::MainRows;
     int number = 0; ///< of an overlay or a class, from 1
