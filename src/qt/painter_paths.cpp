@@ -3,7 +3,6 @@
 // The paths and clips of a PainterSurface, and its translucent inks.
 
 #include "qt/painter_surface.h"
-#include "qt/svg_clips.h"
 
 #include <QPainterPathStroker>
 
@@ -55,10 +54,6 @@ void PainterSurface::Path(std::span<const std::vector<Point>> rings, Colour colo
 void PainterSurface::PushClip(Point centre, double radius) {
     const QPainterPath circle = CirclePath(centre, radius);
     ++clips_;
-    if (IsSvg(painter_)) {
-        MarkClipStart(painter_, circle);
-        return;
-    }
     painter_.save();
     painter_.setRenderHint(QPainter::Antialiasing, true);
     painter_.setClipPath(circle, Qt::IntersectClip);
@@ -66,10 +61,6 @@ void PainterSurface::PushClip(Point centre, double radius) {
 
 void PainterSurface::PopClip() {
     --clips_;
-    if (IsSvg(painter_)) {
-        MarkClipEnd(painter_);
-        return;
-    }
     painter_.restore();
 }
 

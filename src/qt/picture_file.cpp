@@ -7,15 +7,14 @@
 #include "platform/platform.h"
 #include "qt/band_image.h"
 #include "qt/png_writer.h"
-#include "qt/svg_clips.h"
 #include "stereo/drawable_text.h"
+#include "svg/svg_writer.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QString>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <chrono>
@@ -28,6 +27,7 @@ namespace {
 
 constexpr int kPdfResolution = 1200;
 constexpr double kLogicalResolution = 96;
+constexpr double kPointsInAPixel = 72 / kLogicalResolution;
 constexpr double kInchesInAMetre = 1 / 0.0254;
 
 /// Wider or higher pictures are refused: such a size is a typing error, or shows no more detail.
@@ -35,11 +35,9 @@ constexpr double kMostPixels = 30000;
 
 struct Picture {
     PictureSize size;
-    QString title;
+    std::string title;
     const DrawPictureOn& draw;
 };
-
-using Encoder = bool (*)(QBuffer& buffer, const Picture& picture);
 
 constexpr const char* kNoMemory = "there is not enough memory for the picture";
 constexpr std::chrono::milliseconds kBetweenQuestions{150};
@@ -100,7 +98,10 @@ std::string WritePng(const Picture& picture, const PutBytes& put) {
     LineProgress progress(size.height(), step < size.height());
     for (int first = 0; first < size.height(); first += step) {
         const PixelLines lines{first, std::min(first + step, size.height())};
-        band.Draw(lines, [&](QPainter& painter) { picture.draw(painter, scale, Medium::Raster); });
+        band.Draw(lines, [&](QPainter& painter) {
+            PainterPage page(painter, scale, Medium::Raster);
+            picture.draw(page);
+        });
         if (std::string error = WriteLines(band.Image(), lines, writer, progress); !error.empty()) {
             return error;
         }
@@ -109,55 +110,41 @@ std::string WritePng(const Picture& picture, const PutBytes& put) {
     return writer.End() ? "" : kNoMemory;
 }
 
-bool EncodeSvg(QBuffer& buffer, const Picture& picture) {
-    const QSizeF size(picture.size.width, picture.size.height);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setSize(size.toSize());
-    generator.setViewBox(QRectF(QPointF(0, 0), size));
-    generator.setResolution(static_cast<int>(kLogicalResolution));
-    // The generator does not escape the title.
-    generator.setTitle(picture.title.toHtmlEscaped());
-    generator.setDescription(QString());
-    QPainter painter;
-    if (!painter.begin(&generator)) {
-        return false;
-    }
-    painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
-    picture.draw(painter, 1, Medium::Vector);
-    const bool isWhole = painter.end();
-    WriteSvgClips(buffer.buffer());
-    return isWhole;
+/// A document in points, so that sizes of fonts and widths of lines are those that users know.
+std::string WriteSvg(const Picture& picture, const PutBytes& put) {
+    const double width = picture.size.width * kPointsInAPixel;
+    const double height = picture.size.height * kPointsInAPixel;
+    SvgWriter writer(width, height, kPointsInAPixel);
+    writer.SetTitle(picture.title);
+    writer.Add(BoxShape({0, 0}, {width, height}), kNoSvgPen, {kSolidFill, kWhite, 1, {}});
+    SvgPage page(writer);
+    picture.draw(page);
+    put(writer.Document());
+    return {};
 }
 
-bool EncodePdf(QBuffer& buffer, const Picture& picture) {
+std::string WritePdf(const Picture& picture, const PutBytes& put) {
     const QSizeF size(picture.size.width, picture.size.height);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(kPdfResolution);
-    writer.setPageSize(QPageSize(size * 72 / kLogicalResolution, QPageSize::Point, QString(),
-                                 QPageSize::ExactMatch));
+    writer.setPageSize(
+        QPageSize(size * kPointsInAPixel, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    writer.setTitle(picture.title);
+    writer.setTitle(QString::fromStdString(picture.title));
     writer.setCreator(QStringLiteral("Quandrel"));
     QPainter painter;
     if (!painter.begin(&writer)) {
-        return false;
-    }
-    picture.draw(painter, kPdfResolution / kLogicalResolution, Medium::Vector);
-    const bool isWhole = painter.end();
-    ForgetTime(buffer.buffer());
-    return isWhole;
-}
-
-/// Writes the output that an encoder makes in memory.
-template <Encoder encode>
-std::string WriteEncoded(const Picture& picture, const PutBytes& put) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!encode(buffer, picture)) {
         return kNoMemory;
     }
-    const QByteArray& bytes = buffer.data();
+    PainterPage page(painter, kPdfResolution / kLogicalResolution, Medium::Vector);
+    picture.draw(page);
+    if (!painter.end()) {
+        return kNoMemory;
+    }
+    QByteArray& bytes = buffer.buffer();
+    ForgetTime(bytes);
     put(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     return {};
 }
@@ -170,9 +157,9 @@ PictureWriter WriterFor(const std::string& path) {
         return WritePng;
     }
     if (lower.endsWith(QLatin1String(".svg"))) {
-        return WriteEncoded<EncodeSvg>;
+        return WriteSvg;
     }
-    return lower.endsWith(QLatin1String(".pdf")) ? WriteEncoded<EncodePdf> : nullptr;
+    return lower.endsWith(QLatin1String(".pdf")) ? WritePdf : nullptr;
 }
 
 bool IsSensible(const PictureSize& size) {
@@ -191,6 +178,10 @@ void ForgetTime(QByteArray& pdf) {
     }
 }
 
+bool IsSvgFile(const std::string& path) {
+    return WriterFor(path) == WriteSvg;
+}
+
 std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
                         const DrawPictureOn& draw) {
     const PictureWriter write = WriterFor(path);
@@ -200,7 +191,7 @@ std::string SavePicture(const std::string& path, const PictureSize& size, const 
     if (!IsSensible(size)) {
         return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";
     }
-    const Picture picture{size, QString::fromStdString(DrawableText(title)), draw};
+    const Picture picture{size, DrawableText(title), draw};
     const std::string error =
         WriteFileAtomically(path, [&](const PutBytes& put) { return write(picture, put); });
     if (error.empty() || error == kPictureStopped) {

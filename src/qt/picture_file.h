@@ -4,11 +4,9 @@
 
 #pragma once
 
-#include "qt/painter_surface.h"
+#include "qt/picture_page.h"
 
 #include <QByteArray>
-#include <QPainter>
-#include <QSizeF>
 
 #include <functional>
 #include <string>
@@ -31,12 +29,12 @@ struct PictureSize {
     std::size_t bandBytes = kBytesInBand;
 };
 
-/// Draws a picture; for a large one several times, each time clipped to a band. The drawing lies
-/// between (0, 0) and the logical size times `factor`.
-///
-/// @param painter  a white page of that size
-/// @param factor   painter units per logical pixel
-using DrawPictureOn = std::function<void(QPainter& painter, double factor, Medium medium)>;
+/// Draws a picture on its page; that of a large PNG several times, each time clipped to a band.
+using DrawPictureOn = std::function<void(PicturePage& page)>;
+
+/// Whether SavePicture writes SVG into a file of this name: texts then have the sizes of
+/// svg/text_metrics.h, in the other files those of the fonts of the machine.
+[[nodiscard]] bool IsSvgFile(const std::string& path);
 
 /// What SavePicture returns when the user has stopped it.
 inline constexpr const char* kPictureStopped = "The picture was stopped and has not been written";

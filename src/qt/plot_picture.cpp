@@ -11,10 +11,8 @@
 #include "drawing/work_out.h"
 #include "platform/platform.h"
 #include "qt/image_surface.h"
-#include "qt/painter_surface.h"
+#include "qt/picture_page.h"
 #include "stereo/window_drawing.h"
-
-#include <QPainter>
 
 #include <cstddef>
 
@@ -24,68 +22,85 @@ namespace {
 
 constexpr int kUnseenSide = 8; ///< of a picture that is not shown
 
-QRectF Scaled(const RoomRect& box, double factor) {
-    return {box.left * factor, box.top * factor, box.width * factor, box.height * factor};
-}
-
 /// The statistics text that the plot shows; empty when it shows none.
 std::string StatisticsShown(const Plot& plot) {
     return plot.record.LayerVisible[kStatisticsLayer] == 0 ? std::string() : StatisticsInUse(plot);
 }
 
-/// The texts for the column beside the net of gActivePlot.
-PictureTexts TextsOfActivePlot() {
+/// The texts for the column beside the net of gActivePlot, measured on a surface.
+PictureTexts TextsOfActivePlot(Surface& unseen) {
     const PlotRecord& record = ActiveRecord();
-    ImageSurface unseen({kUnseenSide, kUnseenSide}, 1, kWhite);
     PictureTexts texts;
     texts.isDescribed =
         record.LayerVisible[kDescriptionLayer] != 0 && !record.DescriptionText.empty();
-    texts.statisticsHeight = HeightOfText(unseen.Drawing(), gSettings.styles.fonts[kStatsFont],
+    texts.statisticsHeight = HeightOfText(unseen, gSettings.styles.fonts[kStatsFont],
                                           StatisticsShown(ActivePlot()), kPictureTextWidth);
     return texts;
 }
 
-PictureLayout LayOut(PicturePart part) {
-    return LayOutPicture(part,
-                         part == PicturePart::NetAlone ? PictureTexts() : TextsOfActivePlot());
+PictureLayout LayOut(PicturePart part, Surface& unseen) {
+    return LayOutPicture(part, part == PicturePart::NetAlone ? PictureTexts()
+                                                             : TextsOfActivePlot(unseen));
 }
 
+/// A surface that is not shown, with the sizes of texts of the surfaces of a file.
+class UnseenSurface {
+public:
+    explicit UnseenSurface(const std::string& path)
+        : image_({kUnseenSide, kUnseenSide}, 1, kWhite)
+        , document_(kUnseenSide, kUnseenSide, 1)
+        , inDocument_(document_, {0, 0, kUnseenSide, kUnseenSide})
+        , isSvg_(IsSvgFile(path)) {}
+
+    [[nodiscard]] Surface& Drawing() {
+        return isSvg_ ? static_cast<Surface&>(inDocument_) : image_.Drawing();
+    }
+
+private:
+    ImageSurface image_;
+    SvgWriter document_;
+    SvgSurface inDocument_;
+    bool isSvg_;
+};
+
 /// Everything around the net: what the plot's window shows in its boxes.
-void DrawBoxes(QPainter& painter, const PictureLayout& layout, double factor, Medium medium) {
+void DrawBoxes(PicturePage& page, const PictureLayout& layout) {
     const PlotRecord& record = ActiveRecord();
-    const auto draw = [&](const RoomRect& box, PlotFontPlace font, const std::string& text) {
-        PainterSurface surface(painter, Scaled(box, factor), factor, medium);
+    const auto draw = [&](const RoomRect& box, PlotFontPlace font, const std::string& text,
+                          const char* id, const char* title) {
+        Surface& surface = page.In(box);
+        const NamedGroup group(surface, id, title);
         DrawTextBox(surface, gSettings.styles.fonts[static_cast<std::size_t>(font)], text,
                     box.width, box.height);
     };
     if (record.LayerVisible[kFabricLayer] != 0) {
-        draw(layout.fabric, kFabricFont, record.FabricText);
+        draw(layout.fabric, kFabricFont, record.FabricText, "fabric", "Fabric");
     }
     if (record.LayerVisible[kDescriptionLayer] != 0) {
-        draw(layout.description, kGeneralFont, record.DescriptionText);
+        draw(layout.description, kGeneralFont, record.DescriptionText, "description",
+             "Description");
     }
     if (record.LayerVisible[kNumberLayer] != 0) {
-        draw(layout.number, kGeneralFont, "n = " + NumberBoxText());
+        draw(layout.number, kGeneralFont, "n = " + NumberBoxText(), "number", "Number of rows");
     }
-    draw(layout.statistics, kStatsFont, StatisticsShown(ActivePlot()));
+    draw(layout.statistics, kStatsFont, StatisticsShown(ActivePlot()), "statistics", "Statistics");
 }
 
-/// Draws the whole picture with `factor` painter units per logical pixel.
-void DrawPicture(QPainter& painter, PicturePart part, double factor, Medium medium) {
+/// Draws the whole picture.
+void DrawPicture(PicturePage& page, PicturePart part, Surface& unseen) {
     Plot& plot = ActivePlot();
     WorkOutUnseen(plot);
-    const PictureLayout layout = LayOut(part);
-    PainterSurface net(painter, Scaled(layout.net, factor), factor, medium);
+    const PictureLayout layout = LayOut(part, unseen);
+    Surface& net = page.In(layout.net);
     if (part == PicturePart::NetAlone || plot.record.LayerVisible[kLegendLayer] == 0) {
         // The legend is always drawn, even if it is not shown.
-        ImageSurface legend({kUnseenSide, kUnseenSide}, factor, kWhite);
+        ImageSurface legend({kUnseenSide, kUnseenSide}, 1, kWhite);
         DrawPlot(plot, PaperDrawing(plot.record, net, legend.Drawing()));
     } else {
-        PainterSurface legend(painter, Scaled(layout.legend, factor), factor, medium);
-        DrawPlot(plot, PaperDrawing(plot.record, net, legend));
+        DrawPlot(plot, PaperDrawing(plot.record, net, page.In(layout.legend)));
     }
     if (part == PicturePart::WholePlot) {
-        DrawBoxes(painter, layout, factor, medium);
+        DrawBoxes(page, layout);
     }
 }
 
@@ -100,15 +115,15 @@ std::string PictureName(const PlotRecord& record) {
 }
 
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
-    const PictureLayout layout = LayOut(options.part);
+    UnseenSurface unseen(path);
+    const PictureLayout layout = LayOut(options.part, unseen.Drawing());
     const PictureSize picture{layout.width, layout.height,
                               static_cast<double>(options.size) / kPictureHeight,
                               options.bandBytes};
     const BusyPointer busy(*gPlatform.status);
-    return SavePicture(path, picture, ActiveRecord().PlotTitle,
-                       [&options](QPainter& painter, double factor, Medium medium) {
-                           DrawPicture(painter, options.part, factor, medium);
-                       });
+    return SavePicture(path, picture, ActiveRecord().PlotTitle, [&](PicturePage& page) {
+        DrawPicture(page, options.part, unseen.Drawing());
+    });
 }
 
 QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) {

@@ -78,13 +78,10 @@ std::string WritePicture(const std::string& path, const std::vector<Drawing>& dr
         size.width += drawing.size.x + kGap;
         size.height = std::max(size.height, drawing.size.y + 2 * kGap);
     }
-    return SavePicture(path, size, path, [&](QPainter& painter, double factor, Medium medium) {
+    return SavePicture(path, size, path, [&](PicturePage& page) {
         double left = kGap;
         for (const Drawing& drawing : drawings) {
-            const QRectF area(left * factor, kGap * factor, drawing.size.x * factor,
-                              drawing.size.y * factor);
-            PainterSurface surface(painter, area, factor, medium);
-            DrawAgain(drawing, surface);
+            DrawAgain(drawing, page.In({left, kGap, drawing.size.x, drawing.size.y}));
             left += drawing.size.x + kGap;
         }
     });

@@ -52,8 +52,8 @@ protected:
     }
 
     /// A black box from a tenth to a half of the width, over the whole height, and a text.
-    static void Draw(QPainter& painter, double factor, Medium medium) {
-        PainterSurface surface(painter, QRectF(0, 0, 100 * factor, 50 * factor), factor, medium);
+    static void Draw(PicturePage& page) {
+        Surface& surface = page.In({0, 0, 100, 50});
         DrawState state;
         state.drawStyle = kNoLine;
         surface.SetState(state);
@@ -106,8 +106,8 @@ TEST_F(PictureFile, AnSvgIsWellFormedAndHoldsTextAsText) {
     EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
     EXPECT_EQ(title.toStdString(), "A < B & C");
     EXPECT_EQ(texts.trimmed().toStdString(), "Bedding");
-    EXPECT_EQ(viewBox.toStdString(), "0 0 100 50");
-    EXPECT_NEAR(width.chopped(2).toDouble(), 100 * 25.4 / 96, 0.01) << width.toStdString();
+    EXPECT_EQ(viewBox.toStdString(), "0 0 75 37.5") << "points";
+    EXPECT_EQ(width.toStdString(), "26.458mm");
 }
 
 TEST_F(PictureFile, ThePageOfAPdfIsAsLargeAsThePicture) {
@@ -183,7 +183,7 @@ TEST_F(PictureFile, SizesThatNobodyMeansAreRefused) {
 }
 
 /// Translucent shapes of the surface's state within a circle.
-void DrawClipped(PainterSurface& surface, Point centre, double radius) {
+void DrawClipped(Surface& surface, Point centre, double radius) {
     const SavedState saved(surface);
     DrawState state = surface.State();
     state.lineOpacity = 0.4;
@@ -197,8 +197,8 @@ void DrawClipped(PainterSurface& surface, Point centre, double radius) {
 }
 
 /// Shapes, lines, arcs, markers and texts all over a picture of 300 by 200.
-void DrawMuch(QPainter& painter, double factor, Medium medium) {
-    PainterSurface surface(painter, QRectF(0, 0, 300 * factor, 200 * factor), factor, medium);
+void DrawMuch(PicturePage& page) {
+    Surface& surface = page.In({0, 0, 300, 200});
     surface.SetUserScale({0, 0, 300, -200});
     DrawState state;
     for (int i = 0; i < 30; ++i) {
@@ -236,7 +236,8 @@ TEST_F(PictureFile, BandsCannotBeSeen) {
     whole.fill(Qt::white);
     {
         QPainter painter(&whole);
-        DrawMuch(painter, scale, Medium::Raster);
+        PainterPage page(painter, scale, Medium::Raster);
+        DrawMuch(page);
     }
     EXPECT_GT(CountOther(whole, qRgb(255, 255, 255)), 20000);
     for (const std::size_t lines : {13U, 64U, 101U, 469U, 470U, 5000U}) {
@@ -269,7 +270,7 @@ TEST_F(PictureFile, ALargePngTakesTheMemoryOfABand) {
 
 TEST_F(PictureFile, ALongPngShowsHowFarItIsAndCanBeStopped) {
     bool wasShown = false;
-    const auto slowly = [&](QPainter&, double, Medium) {
+    const auto slowly = [&](PicturePage&) {
         const auto start = std::chrono::steady_clock::now();
         while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(1)) {
         }
