@@ -32,32 +32,33 @@ std::size_t CountOf(std::string_view part, std::string_view text) {
 TEST(PublicSvg, WritesOneElementForEachShape) {
     SvgPicture picture({200, 100.5});
     EXPECT_EQ(picture.Document(),
-              "<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" width=\"200\" "
-              "height=\"100.5\" viewBox=\"0 0 200 100.5\">\n</svg>\n");
+              "<svg xmlns=\"http://www.w3.org/2000/svg\" "
+              "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" width=\"52.917mm\" "
+              "height=\"26.591mm\" viewBox=\"0 0 200 100.5\">\n</svg>\n");
     const std::vector<Point> points = {{0, 1}, {2, 3.00049}, {-4, 5}};
     picture.Polyline(points, {.colour = {0, 16, 255}, .width = 0, .dash = Dash::kDashed});
     picture.Polygon(points, kNoPen, {Pattern::kSolid, {1, 2, 3}});
     picture.Circle({10, 20}, 5, kRed, {});
     EXPECT_EQ(BodyOf(picture),
-              "<path d=\"M0 1L2 3L-4 5\" fill=\"none\" stroke=\"#0010ff\" stroke-width=\"0.25\" "
-              "stroke-dasharray=\"4 2\"/>\n"
-              "<path d=\"M0 1L2 3L-4 5Z\" fill=\"#010203\" stroke=\"none\"/>\n"
-              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"none\" stroke=\"#ff0000\" "
-              "stroke-width=\"2\"/>\n");
+              "<g fill=\"none\" stroke=\"#0010ff\" stroke-width=\"0.25\" "
+              "stroke-dasharray=\"1 0.5\">\n<path d=\"M0 1L2 3L-4 5\"/>\n</g>\n"
+              "<g fill=\"#010203\">\n<path d=\"M0 1L2 3L-4 5Z\"/>\n</g>\n"
+              "<g fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\" stroke-linecap=\"round\">\n"
+              "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n</g>\n");
 }
 
 TEST(PublicSvg, ArcsGoClockwiseFromTheTop) {
     SvgPicture picture({200, 200});
     picture.Arc({100, 100}, 50, 0, 90, kRed);
-    EXPECT_EQ(BodyOf(picture).substr(0, 75),
-              "<path d=\"M100 50A50 50 0 0 1 135.355 64.645A50 50 0 0 1 150 100\" fill=\"none");
-    picture.Clear({255, 255, 255});
-    EXPECT_EQ(BodyOf(picture), "<path d=\"M0 0L200 0L200 200L0 200Z\" fill=\"#ffffff\" "
-                               "stroke=\"none\"/>\n");
-    picture.Wedge({100, 100}, 50, 90, 360, kRed, {Pattern::kSolid, {}});
-    EXPECT_NE(BodyOf(picture).find("M150 100A50 50 0 0 1 50 100A50 50 0 0 1 150 100L100 100Z"),
-              std::string::npos)
+    EXPECT_NE(BodyOf(picture).find("<path d=\"M100 50A50 50 0 0 1 150 100\"/>"), std::string::npos)
         << BodyOf(picture);
+    picture.Clear({255, 255, 255});
+    EXPECT_EQ(BodyOf(picture), "<g fill=\"#ffffff\">\n<rect x=\"0\" y=\"0\" width=\"200\" "
+                               "height=\"200\"/>\n</g>\n");
+    picture.Wedge({100, 100}, 50, 90, 360, kRed, {Pattern::kSolid, {}});
+    const std::string wedge = BodyOf(picture);
+    EXPECT_NE(wedge.find("M150 100A50 50 0 0 1 "), std::string::npos) << wedge;
+    EXPECT_NE(wedge.find("A50 50 0 0 1 150 100L100 100Z"), std::string::npos) << wedge;
 }
 
 TEST(PublicSvg, DefinesEachHatchOnce) {
@@ -77,20 +78,21 @@ TEST(PublicSvg, PathsAreOneElementWithHoles) {
     const std::vector<std::vector<Point>> rings = {
         {{0, 0}, {90, 0}, {90, 90}}, {}, {{30, 10}, {60, 10}, {60, 30}}};
     picture.Path(rings, kNoPen, {Pattern::kSolid, {1, 2, 3}});
-    EXPECT_EQ(BodyOf(picture), "<path d=\"M0 0L90 0L90 90ZM30 10L60 10L60 30Z\" "
-                               "fill-rule=\"evenodd\" fill=\"#010203\" stroke=\"none\"/>\n");
+    EXPECT_EQ(BodyOf(picture), "<g fill=\"#010203\">\n<path fill-rule=\"evenodd\" "
+                               "d=\"M0 0L90 0L90 90ZM30 10L60 10L60 30Z\"/>\n</g>\n");
 }
 
 TEST(PublicSvg, WritesOpacitiesAndExactPoints) {
     SvgPicture picture({200, 200});
-    picture.Circle({10, 20}, 5, {.width = 7, .points = 0.35, .opacity = 0.5},
+    picture.Circle({10, 20}, 5, {.width = 7, .points = 0.75, .opacity = 0.5},
                    {Pattern::kSolid, {}, 0.25});
     picture.Circle({10, 20}, 5, {.opacity = 2}, {Pattern::kNone, {}, 0.25});
     EXPECT_EQ(BodyOf(picture),
-              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"#000000\" fill-opacity=\"0.25\" "
-              "stroke=\"#000000\" stroke-opacity=\"0.5\" stroke-width=\"0.35pt\"/>\n"
-              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"none\" stroke=\"#000000\" "
-              "stroke-opacity=\"1\" stroke-width=\"1\"/>\n");
+              "<g fill=\"#000000\" fill-opacity=\"0.25\" stroke=\"#000000\" "
+              "stroke-opacity=\"0.5\" stroke-width=\"1\" stroke-linecap=\"round\">\n"
+              "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n</g>\n"
+              "<g fill=\"none\" stroke=\"#000000\" stroke-opacity=\"1\" stroke-width=\"1\" "
+              "stroke-linecap=\"round\">\n<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n</g>\n");
 }
 
 TEST(PublicSvg, ClipsAreGroupsThatEndAndAreDefinedOnce) {
@@ -103,13 +105,14 @@ TEST(PublicSvg, ClipsAreGroupsThatEndAndAreDefinedOnce) {
     picture.PopClip();
     EXPECT_EQ(picture.Document(), unfinished) << "clips that are open are ended in the document";
     EXPECT_EQ(BodyOf(picture),
-              "<clipPath id=\"clip100_100.5_50\"><circle cx=\"100\" cy=\"100.5\" r=\"50\"/>"
-              "</clipPath>\n<g clip-path=\"url(#clip100_100.5_50)\">\n"
-              "<clipPath id=\"clip120_100_50\"><circle cx=\"120\" cy=\"100\" r=\"50\"/>"
-              "</clipPath>\n<g clip-path=\"url(#clip120_100_50)\">\n"
-              "<circle cx=\"10\" cy=\"20\" r=\"5\" fill=\"none\" stroke=\"#ff0000\" "
-              "stroke-width=\"2\"/>\n</g>\n</g>\n");
+              "<defs>\n<clipPath id=\"clip100_100.5_50\"><circle cx=\"100\" cy=\"100.5\" "
+              "r=\"50\"/></clipPath>\n<clipPath id=\"clip120_100_50\"><circle cx=\"120\" "
+              "cy=\"100\" r=\"50\"/></clipPath>\n</defs>\n"
+              "<g clip-path=\"url(#clip100_100.5_50)\">\n<g clip-path=\"url(#clip120_100_50)\">\n"
+              "<g fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\" stroke-linecap=\"round\">\n"
+              "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n</g>\n</g>\n</g>\n");
     picture.PushClip({120, 100}, 50);
+    picture.Circle({10, 20}, 5, kRed, {});
     picture.PopClip();
     EXPECT_EQ(CountOf("<clipPath id=\"clip120_100_50\"", BodyOf(picture)), 1U);
     EXPECT_EQ(CountOf("<g", BodyOf(picture)), CountOf("</g>", BodyOf(picture)));
@@ -119,9 +122,37 @@ TEST(PublicSvg, TextsAreEscaped) {
     SvgPicture picture({200, 200});
     picture.Text({10, 20}, "a<b & \"Störung\"\x01", {"A\"B", 7.5, true, false, true}, {0, 0, 255});
     EXPECT_EQ(BodyOf(picture),
-              "<text xml:space=\"preserve\" x=\"10\" y=\"28\" font-family=\"A&quot;B\" "
-              "font-size=\"10\" font-weight=\"bold\" text-decoration=\"underline\" "
-              "fill=\"#0000ff\">a&lt;b &amp; &quot;Störung&quot;</text>\n");
+              "<g xml:space=\"preserve\" fill=\"#0000ff\" font-family=\"'A&quot;B', Liberation "
+              "Sans, Arial, Helvetica, sans-serif\" font-size=\"10\" font-weight=\"bold\" "
+              "text-decoration=\"underline\">\n"
+              "<text x=\"10\" y=\"29.053\">a&lt;b &amp; &quot;Störung&quot;\xef\xbf\xbd</text>\n"
+              "</g>\n");
+    EXPECT_NEAR(picture.TextWidth("WI", {.points = 7.5}), 10 * (0.944 + 0.278), 0.01);
+    EXPECT_NEAR(picture.TextHeight({.points = 7.5}), 11.17, 0.01);
+}
+
+TEST(PublicSvg, MarkersAreSymbolsThatHideEachOther) {
+    SvgPicture picture({200, 200});
+    Marker marker{{{MarkerPart::Kind::kCircle, {{0, 0}}, 3, kRed, {}},
+                   {MarkerPart::Kind::kLine, {{-1, 0}, {1, 0}}, 0, kRed, {}}}};
+    const std::vector<Point> places = {{10, 20}, {30, 40}, {10, 20}};
+    picture.Markers(marker, places);
+    EXPECT_EQ(CountOf("<use ", BodyOf(picture)), 2U);
+    EXPECT_EQ(CountOf("<circle", BodyOf(picture)), 1U);
+    marker.parts[0].pen.opacity = 0.5;
+    picture.Markers(marker, places);
+    EXPECT_EQ(CountOf("<use ", BodyOf(picture)), 5U) << "translucent ones add up";
+}
+
+TEST(PublicSvg, ACopyIsAPictureOfItsOwn) {
+    SvgPicture picture({200, 200});
+    picture.Circle({10, 20}, 5, kRed, {});
+    SvgPicture copy = picture;
+    copy.Circle({30, 20}, 5, kRed, {});
+    EXPECT_EQ(CountOf("<circle", picture.Document()), 1U);
+    EXPECT_EQ(CountOf("<circle", copy.Document()), 2U);
+    picture = copy;
+    EXPECT_EQ(picture.Document(), copy.Document());
 }
 
 TEST(PublicSvg, HoldsAllThatARecordingHolds) {
@@ -134,17 +165,28 @@ TEST(PublicSvg, HoldsAllThatARecordingHolds) {
     Recording lines({160, 400});
     DrawPlot(plot, {.plot = picture, .legend = legend});
     DrawPlot(plot, {.plot = net, .legend = lines});
-    std::size_t elements = 0;
+    std::size_t shapes = 0;
+    std::size_t symbols = 0;
+    std::size_t texts = 0;
     for (const Operation& operation : net.Operations()) {
-        elements += operation.kind == Operation::Kind::kMarkers
-                        ? operation.points.size() * operation.marker.parts.size()
-                        : 1;
+        const bool isMarkers = operation.kind == Operation::Kind::kMarkers;
+        symbols += isMarkers ? operation.points.size() : 0;
+        texts += operation.kind == Operation::Kind::kText ? 1 : 0;
+        shapes += isMarkers || operation.kind == Operation::Kind::kText ? 0 : 1;
     }
-    const std::string body = BodyOf(picture);
-    EXPECT_GT(elements, 20U);
-    EXPECT_EQ(CountOf("\n", body), elements);
-    EXPECT_EQ(CountOf("<path", body) + CountOf("<circle", body) + CountOf("<text", body), elements);
+    const std::string document = BodyOf(picture);
+    const std::size_t end = document.find("</defs>\n");
+    ASSERT_NE(end, std::string::npos);
+    const std::string body = document.substr(end);
+    EXPECT_GT(shapes, 20U);
+    EXPECT_GT(symbols, 5U);
+    EXPECT_EQ(CountOf("<path", body) + CountOf("<circle", body) + CountOf("<rect", body), shapes);
+    EXPECT_EQ(CountOf("<use", body), symbols);
+    EXPECT_EQ(CountOf("<text", body), texts);
     EXPECT_EQ(body.find("nan"), std::string::npos);
+    for (const char* group : {"net", "rows", "grid-symbols", "contours"}) {
+        EXPECT_EQ(CountOf(std::string("<g id=\"") + group + "\">", body), 1U) << group;
+    }
     EXPECT_EQ(CountOf("<text", BodyOf(legend)),
               static_cast<std::size_t>(
                   std::ranges::count_if(lines.Operations(), [](const Operation& operation) {

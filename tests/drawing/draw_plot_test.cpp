@@ -110,5 +110,51 @@ TEST_F(DrawPlotTest, ClassesOfNumbersAreDrawnFromTheirGrid) {
     EXPECT_NE(Drawn(plot).find("polyline"), std::string::npos);
 }
 
+/// Lists the groups that are begun, those within others in parentheses, and counts the operations
+/// outside of all.
+class GroupList : public RecordingSurface {
+public:
+    GroupList()
+        : RecordingSurface(550, 550) {}
+
+    void BeginGroup(std::string_view id, std::string_view title) override {
+        groups += (open_ > 0 ? "(" : "") + std::string(id) + ": " + std::string(title)
+                  + (open_ > 0 ? ")\n" : "\n");
+        ++open_;
+        starts_.push_back(Operations().size());
+    }
+
+    void EndGroup() override {
+        --open_;
+        named += open_ == 0 ? Operations().size() - starts_.back() : 0;
+        starts_.pop_back();
+    }
+
+    std::string groups;
+    std::size_t named = 0; ///< operations within groups
+
+private:
+    int open_ = 0;
+    std::vector<std::size_t> starts_;
+};
+
+TEST_F(DrawPlotTest, NamesTheGroupsOfANet) {
+    Plot plot = SlotlessPlot(kEqualArea, kContoursAndGrid, 7);
+    plot.record.FileTitle = "beds.txt";
+    WorkOut(plot);
+    GroupList net;
+    GroupList legend;
+    DrawPlot(plot, {net, legend, gSettings.styles, DrawnFor::Paper});
+    EXPECT_EQ(net.groups, "net: Net\nrows: beds.txt\n(grid-symbols: Grid densities)\n"
+                          "(contours: Contours)\noverlay-1: Overlay 1\n"
+                          "annotations: Annotations\nmean-direction: Mean direction\n"
+                          "girdles: Girdles\nsmall-circles: Small circles\n"
+                          "regions: Confidence regions\naxes: Axes\n");
+    EXPECT_EQ(net.named, net.Operations().size()) << "all that is drawn is in a group";
+    EXPECT_EQ(legend.groups, "legend: Legend\n");
+    EXPECT_EQ(legend.named, legend.Operations().size());
+    EXPECT_GT(legend.named, 3U);
+}
+
 } // namespace
 } // namespace quandrel
