@@ -122,7 +122,7 @@ TEST_F(SvgFile, IsWellFormedForAnyText) {
     std::mt19937 random(20240501);
     for (int round = 0; round < 400; ++round) {
         std::string text;
-        for (unsigned length = random() % 12; length > 0; --length) {
+        for (auto length = random() % 12; length > 0; --length) {
             // Mostly what matters to XML and to UTF-8, else any byte.
             const char likely[] = "<>&'\"]\\-\t\n\x01\xc3\xa9\xe2\x80\xed\xa0\xf0\x9f\xef\xbf\xbe";
             text += random() % 4 == 0 ? static_cast<char>(random() % 256)
