@@ -50,6 +50,15 @@ TEST_F(BatchRegion, TakesAllKeys) {
     EXPECT_EQ(out.str().substr(out.str().size() - fields.size()), fields);
 }
 
+TEST_F(BatchRegion, NamesOverlaysByTheirFiles) {
+    Write("other.txt", "10\t20\n12\t24\n15\t18\n11\t27\n9\t21\n14\t25\n");
+    ASSERT_EQ(Run(std::string(kOpen)
+                  + "overlay \"FOLDER/other.txt\"; region about=axis of=overlays; dump -"),
+              "");
+    EXPECT_EQ(out.str().find("other.txt: 95% region of the principal axis at "), 0U) << out.str();
+    EXPECT_NE(out.str().find("\"rows\":\"other.txt\""), std::string::npos);
+}
+
 TEST_F(BatchRegion, RefusesWhatIsImpossible) {
     EXPECT_EQ(Run("region about=axis"), "line 1: region: no plot is open");
     const auto refusal = [this](const std::string& arguments) {

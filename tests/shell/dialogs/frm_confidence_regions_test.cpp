@@ -102,6 +102,25 @@ TEST_F(RegionDialogTest, OffersWhatThePlotHas) {
     EXPECT_FALSE(dialog->chkAbout[1]->isEnabled());
 }
 
+TEST_F(RegionDialogTest, EachChangeIsUndoneAlone) {
+    Tick(*dialog->chkAbout[0]);
+    Tick(*dialog->chkAbout[1]);
+    Choose(*dialog->cboLevel, 99);
+    dialog->spnSeed->setValue(7);
+    UndoEdits();
+    EXPECT_EQ(ActiveRecord().RegionSeed, 1);
+    EXPECT_EQ(ActiveRecord().RegionLevel, 99);
+    UndoEdits();
+    EXPECT_EQ(ActiveRecord().RegionLevel, 95);
+    EXPECT_EQ(ActiveRecord().RegionsAbout, kRegionOfAxis | kRegionOfGirdle);
+    UndoEdits();
+    EXPECT_EQ(ActiveRecord().RegionsAbout, kRegionOfAxis);
+    dialog->FollowActivePlot();
+    EXPECT_TRUE(dialog->chkAbout[0]->isChecked());
+    EXPECT_FALSE(dialog->chkAbout[1]->isChecked());
+    EXPECT_EQ(dialog->spnSeed->value(), 1);
+}
+
 TEST_F(RegionDialogTest, FollowsThePlotAndItsUndo) {
     Tick(*dialog->chkAbout[0]);
     const int first = gActivePlot;
