@@ -11,7 +11,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -323,10 +322,11 @@ TEST_F(DensitiesDialog, TheKeyboardGoesToAMaximum) {
     ASSERT_GE(dialog->tblMaxima->rowCount(), 2);
     PictureBox& net = *FormOfSlot(first).picStereoArea;
     const QImage unmarked = net.grab().toImage();
-    dialog->tblMaxima->setFocus();
-    EXPECT_FALSE(dialog->HasMark()) << "until it is reached by a key";
-    QFocusEvent byTab(QEvent::FocusIn, Qt::TabFocusReason);
-    QApplication::sendEvent(dialog->tblMaxima, &byTab);
+    QApplication::setActiveWindow(dialog);
+    dialog->cmdCopy->setFocus();
+    ASSERT_TRUE(dialog->cmdCopy->hasFocus());
+    QTest::keyClick(dialog->cmdCopy, Qt::Key_Tab);
+    ASSERT_TRUE(dialog->tblMaxima->hasFocus());
     EXPECT_TRUE(Info().startsWith("Maximum 1: ")) << Info().toStdString();
     const QImage firstMarked = net.grab().toImage();
     EXPECT_NE(firstMarked, unmarked);
