@@ -38,7 +38,7 @@ bool Crosses(Point from, Point to, const LabelBox& box) {
         if (length == 0) {
             return start > low && start < high;
         }
-        const auto [enter, leave] = std::minmax((low - start) / length, (high - start) / length);
+        const auto [enter, leave] = std::minmax({(low - start) / length, (high - start) / length});
         first = std::max(first, enter);
         last = std::min(last, leave);
         return first < last;
