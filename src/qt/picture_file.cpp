@@ -27,7 +27,6 @@ namespace {
 
 constexpr int kPdfResolution = 1200;
 constexpr double kLogicalResolution = 96;
-constexpr double kPointsInAPixel = 72 / kLogicalResolution;
 constexpr double kInchesInAMetre = 1 / 0.0254;
 
 /// Wider or higher pictures are refused: such a size is a typing error, or shows no more detail.

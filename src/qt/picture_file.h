@@ -13,6 +13,8 @@
 
 namespace quandrel {
 
+inline constexpr double kPointsInAPixel = 0.75; ///< a logical pixel, 96 per inch
+
 /// A PNG with more bytes of pixels is drawn and written in bands of this size.
 inline constexpr std::size_t kBytesInBand = std::size_t{64} << 20;
 

@@ -14,6 +14,7 @@
 #include "qt/picture_page.h"
 #include "stereo/window_drawing.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace quandrel {
@@ -104,6 +105,35 @@ void DrawPicture(PicturePage& page, PicturePart part, Surface& unseen) {
     }
 }
 
+/// A box of a plot as a document of points.
+class SvgBox {
+public:
+    explicit SvgBox(QSize box)
+        : width_(kPointsInAPixel * std::max(box.width(), 1))
+        , height_(kPointsInAPixel * std::max(box.height(), 1))
+        , writer_(width_, height_, kPointsInAPixel)
+        , surface_(writer_, {0, 0, width_, height_}) {
+        surface_.Clear(kWhite);
+    }
+
+    [[nodiscard]] Surface& Drawing() { return surface_; }
+
+    [[nodiscard]] std::string Document() const { return writer_.Document(); }
+
+private:
+    double width_;
+    double height_;
+    SvgWriter writer_;
+    SvgSurface surface_;
+};
+
+/// Draws gActivePlot for the clipboard.
+void DrawCopy(Surface& net, Surface& legend) {
+    Plot& plot = ActivePlot();
+    WorkOutUnseen(plot);
+    DrawPlot(plot, PaperDrawing(plot.record, net, legend));
+}
+
 } // namespace
 
 std::string PictureName(const PlotRecord& record) {
@@ -130,10 +160,15 @@ QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) 
     const auto pixels = [density](QSize box) { return (box * density).expandedTo({1, 1}); };
     ImageSurface net(pixels(boxes.net), density, kWhite);
     ImageSurface legend(pixels(boxes.legend), density, kWhite);
-    Plot& plot = ActivePlot();
-    WorkOutUnseen(plot);
-    DrawPlot(plot, PaperDrawing(plot.record, net.Drawing(), legend.Drawing()));
+    DrawCopy(net.Drawing(), legend.Drawing());
     return part == PlotImagePart::Net ? net.Image().copy() : legend.Image().copy();
+}
+
+std::string PlotSvg(PlotImagePart part, const PlotBoxSizes& boxes) {
+    SvgBox net(boxes.net);
+    SvgBox legend(boxes.legend);
+    DrawCopy(net.Drawing(), legend.Drawing());
+    return part == PlotImagePart::Net ? net.Document() : legend.Document();
 }
 
 } // namespace quandrel

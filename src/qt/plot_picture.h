@@ -43,4 +43,7 @@ struct PlotBoxSizes {
 /// @param density  image pixels per logical pixel
 [[nodiscard]] QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density);
 
+/// The same as an SVG document of the size of the box.
+[[nodiscard]] std::string PlotSvg(PlotImagePart part, const PlotBoxSizes& boxes);
+
 } // namespace quandrel

@@ -265,6 +265,43 @@ TEST_F(Batch, VectorPicturesKeepTheirTexts) {
     EXPECT_GT(std::filesystem::file_size(folder / "a.pdf"), 1000U);
 }
 
+TEST_F(Batch, PartsOfAPlotAreGroupsWithTitlesInSvg) {
+    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; symbols 5; export \"FOLDER/a.svg\"; "
+                  "export \"FOLDER/net.svg\" part=net"),
+              "");
+    const auto textOf = [this](const char* name) {
+        std::ostringstream svg;
+        svg << std::ifstream(folder / name).rdbuf();
+        return svg.str();
+    };
+    const std::string whole = textOf("a.svg");
+    for (const char* group :
+         {"<g id=\"net\">\n<title>Net</title>", "<g id=\"rows\">\n<title>planes.txt</title>",
+          "<g id=\"contours\">\n<title>Contours</title>",
+          "<g id=\"legend\">\n<title>Legend</title>",
+          "<g id=\"statistics\">\n<title>Statistics</title>"}) {
+        EXPECT_NE(whole.find(group), std::string::npos) << group;
+    }
+    const std::string net = textOf("net.svg");
+    EXPECT_NE(net.find("<g id=\"contours\">"), std::string::npos);
+    EXPECT_EQ(net.find("<g id=\"legend\">"), std::string::npos);
+}
+
+TEST_F(Batch, CopiesInSvgHaveTheSizesOfTheirBoxes) {
+    const auto parsed = ParseScript("open \"" + (folder / "planes.txt").string() + "\"; symbols 5",
+                                    CommandBreak::SemicolonToo);
+    ASSERT_TRUE(parsed);
+    BatchSession session(out, log);
+    ASSERT_EQ(session.Run(*parsed), "");
+    const std::string copied = PlotSvg(PlotImagePart::Net, {QSize(400, 400), QSize(160, 300)});
+    EXPECT_NE(copied.find("viewBox=\"0 0 300 300\""), std::string::npos);
+    EXPECT_NE(copied.find("<g id=\"contours\">"), std::string::npos);
+    const std::string legend = PlotSvg(PlotImagePart::Legend, {QSize(400, 400), QSize(160, 300)});
+    EXPECT_NE(legend.find("viewBox=\"0 0 120 225\""), std::string::npos);
+    EXPECT_NE(legend.find("Data: planes.txt"), std::string::npos);
+    EXPECT_EQ(legend.find("<g id=\"contours\">"), std::string::npos);
+}
+
 TEST_F(Batch, PicturesThatCannotBeWrittenAreTold) {
     for (const char* const bad :
          {"export \"FOLDER/a.gif\"", "export", "export \"FOLDER/no/such/a.png\"",

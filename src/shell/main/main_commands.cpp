@@ -48,6 +48,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QSlider>
 #include <QToolBar>
 
@@ -319,8 +320,11 @@ void GeolPlotMain::ExportImage() {
 void GeolPlotMain::CopyImage(bool legend) {
     const frmPlotForms& form = *ActiveForm();
     const PlotBoxSizes boxes{form.picStereoArea->PictureSize(), form.picLegendBox->PictureSize()};
-    QGuiApplication::clipboard()->setImage(
-        PlotImage(legend ? PlotImagePart::Legend : PlotImagePart::Net, boxes, kCopyDensity));
+    const PlotImagePart part = legend ? PlotImagePart::Legend : PlotImagePart::Net;
+    auto* copied = new QMimeData; // the clipboard's
+    copied->setImageData(PlotImage(part, boxes, kCopyDensity));
+    copied->setData("image/svg+xml", QByteArray::fromStdString(PlotSvg(part, boxes)));
+    QGuiApplication::clipboard()->setMimeData(copied);
     clipboardText_ = legend ? "The legend is on the clipboard" : "The plot is on the clipboard";
     SetStatusText(clipboardText_);
 }

@@ -292,10 +292,15 @@ TEST_F(MainCommands, CopiedPicturesAreOnWhiteAndLeaveTheWindowAsItIs) {
     EXPECT_EQ(plot.width(), form.picStereoArea->width() * 3) << "enough for paper";
     EXPECT_EQ(plot.width(), plot.height());
     EXPECT_EQ(plot.pixelColor(1, 1), QColor(Qt::white));
+    const auto copiedSvg = [] {
+        return QApplication::clipboard()->mimeData()->data("image/svg+xml");
+    };
+    EXPECT_TRUE(copiedSvg().contains("<g id=\"rows\">")) << "for drawing programs";
     EXPECT_EQ(form.picStereoArea->Image(), before);
     Press("mnuFileCopyImage_1");
     const QImage legend = QApplication::clipboard()->image();
     EXPECT_EQ(legend.size(), form.picLegendBox->PictureSize() * 3);
+    EXPECT_TRUE(copiedSvg().contains("<g id=\"legend\">"));
     QImage white(legend.size(), legend.format());
     white.fill(Qt::white);
     EXPECT_NE(legend, white) << "it is not empty";
