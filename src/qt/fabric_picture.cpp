@@ -27,12 +27,9 @@ std::string SaveFabricPicture(const std::string& path, FabricDiagram diagram,
     const QSizeF size = PixelSizeOf(diagram, points);
     const PictureSize picture{size.width(), size.height(), height / size.height(), kBytesInBand};
     const BusyPointer busy(*gPlatform.status);
-    return SavePicture(path, picture, "Fabric plot",
-                       [&](QPainter& painter, double factor, Medium medium) {
-                           const QRectF area(QPointF(0, 0), size * factor);
-                           PainterSurface surface(painter, area, factor, medium);
-                           DrawFabric(surface, diagram, points);
-                       });
+    return SavePicture(path, picture, "Fabric plot", [&](PicturePage& page) {
+        DrawFabric(page.In({0, 0, size.width(), size.height()}), diagram, points);
+    });
 }
 
 QImage FabricImage(FabricDiagram diagram, std::span<const FabricPoint> points, double density) {

@@ -3,7 +3,6 @@
 #include "qt/quantile_picture.h"
 
 #include "hypotheses/draw_quantiles.h"
-#include "qt/painter_surface.h"
 #include "qt/picture_file.h"
 
 namespace quandrel {
@@ -14,10 +13,8 @@ std::string SaveQuantilePicture(const std::string& path, const std::string& titl
     size.width = kQuantilesWidth;
     size.height = kQuantilesHeight;
     size.scale = height / kQuantilesHeight;
-    return SavePicture(path, size, title, [plots](QPainter& painter, double factor, Medium medium) {
-        const QRectF page(0, 0, kQuantilesWidth * factor, kQuantilesHeight * factor);
-        PainterSurface surface(painter, page, factor, medium);
-        DrawQuantiles(surface, plots);
+    return SavePicture(path, size, title, [plots](PicturePage& page) {
+        DrawQuantiles(page.In({0, 0, kQuantilesWidth, kQuantilesHeight}), plots);
     });
 }
 
