@@ -18,8 +18,8 @@ namespace quandrel {
 /// @return the corrected statistic. The correction is for small S: where it would decrease, S is so
 ///         large that the probability is below 1e-5, and its greatest value is given
 ///
-/// C. Bingham (1974), Annals of Statistics 2, 1201-1225; correction: P. E. Jupp (2001), Annals of
-/// Statistics 29, 544-569.
+/// C. Bingham (1974), Annals of Statistics 2, 1201-1225; correction: P. E. Jupp (2001), Journal
+/// of Multivariate Analysis 77, 1-20.
 [[nodiscard]] TestOutcome BinghamUniformity(const std::array<double, 3>& t, double n);
 
 /// Rayleigh's test of directions: S = 3 n R^2, R the mean resultant length, corrected for small

@@ -16,7 +16,7 @@
 #include "statistics/fisher_fit.h"
 #include "statistics/region_sample.h"
 #include "statistics/uniformity_tests.h"
-#include "support/random_axes.h"
+#include "support/random_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -44,10 +44,10 @@ TestSample Azimuths(std::vector<double> angles, int steps = kStepsOfDirections) 
 }
 
 TestSample RoundedAzimuths(int count, double spread, std::uint64_t seed) {
-    RandomAxes random(seed);
+    RandomStream random(seed);
     std::vector<double> angles;
     for (int i = 0; i < count; ++i) {
-        angles.push_back(DegToRad(std::round(100 + spread * random.Normal())));
+        angles.push_back(DegToRad(std::round(100 + spread * NormalNumber(random))));
     }
     return Azimuths(std::move(angles));
 }
@@ -78,9 +78,9 @@ void ExpectOutcome(const RowTest& test, const TestOutcome& outcome) {
 }
 
 TEST(TestsOfAxes, AreThoseOfTheKernels) {
-    RandomAxes random(11);
+    RandomStream random(11);
     const TestSample sample =
-        Sampled(RowsTestedAs::Axes, 80, [&random] { return random.Bingham(-9, -3); });
+        Sampled(RowsTestedAs::Axes, 80, [&random] { return BinghamDirection(random, -9, -3); });
     const RowTests tests = TestsOf(sample, {});
     const WeightedDirections rows = {sample.directions, std::vector<double>(80, 1.0)};
     const auto frame = AxisFrameOf(RegionSampleOf(rows, RowsAre::Axes), FrameCentre::Greatest);
@@ -109,8 +109,9 @@ TEST(TestsOfAxes, SymmetryIsThatOfTheFormulaByHand) {
 }
 
 TEST(TestsOfAxes, FishersDistributionIsThatOfTheEndsOnOneSide) {
-    RandomAxes random(12);
-    TestSample sample = Sampled(RowsTestedAs::Axes, 40, [&random] { return random.Fisher(20); });
+    RandomStream random(12);
+    TestSample sample =
+        Sampled(RowsTestedAs::Axes, 40, [&random] { return FisherDirection(random, 20); });
     const auto fit = FitFisher(sample.directions);
     ASSERT_TRUE(fit);
     // The opposite ends are the same axes.
@@ -131,9 +132,9 @@ TEST(TestsOfAxes, FishersDistributionIsThatOfTheEndsOnOneSide) {
 }
 
 TEST(TestsOfDirections, HaveRayleighsAndThoseOfAxes) {
-    RandomAxes random(13);
+    RandomStream random(13);
     const TestSample sample =
-        Sampled(RowsTestedAs::Directions, 30, [&random] { return random.Fisher(3); });
+        Sampled(RowsTestedAs::Directions, 30, [&random] { return FisherDirection(random, 3); });
     const RowTests tests = TestsOf(sample, {});
     const WeightedDirections rows = {sample.directions, std::vector<double>(30, 1.0)};
     const auto frame = MeanFrameOf(RegionSampleOf(rows, RowsAre::Directions));
@@ -154,10 +155,11 @@ TEST(TestsOfDirections, WithoutAMeanTheyAreUniform) {
 }
 
 TEST(TestsOfTwoNets, PermuteRowsFromTheSeed) {
-    RandomAxes random(14);
+    RandomStream random(14);
     const TestSample first =
-        Sampled(RowsTestedAs::Axes, 20, [&random] { return random.Watson(8); });
-    TestSample second = Sampled(RowsTestedAs::Axes, 25, [&random] { return random.Watson(8); });
+        Sampled(RowsTestedAs::Axes, 20, [&random] { return WatsonDirection(random, 8); });
+    TestSample second =
+        Sampled(RowsTestedAs::Axes, 25, [&random] { return WatsonDirection(random, 8); });
     for (Direction& one : second.directions) {
         one = {one.l * std::cos(0.2) + one.n * std::sin(0.2), one.m,
                one.n * std::cos(0.2) - one.l * std::sin(0.2)};

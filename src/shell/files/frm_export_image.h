@@ -13,10 +13,6 @@ class QSpinBox;
 
 namespace quandrel {
 
-/// The kinds of picture files, for a PathQuestion.
-inline constexpr const char* kPictureFilter =
-    "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf";
-
 /// What the user can choose.
 enum class ExportChoice {
     PartAndSize, ///< of a plot
