@@ -265,8 +265,12 @@ TEST_F(Batch, VectorPicturesKeepTheirTexts) {
     EXPECT_GT(std::filesystem::file_size(folder / "a.pdf"), 1000U);
 }
 
+/// Rows that have contours.
+constexpr const char* kCluster = "30\t120\n31\t121\n29\t119\n30\t121\n";
+
 TEST_F(Batch, PartsOfAPlotAreGroupsWithTitlesInSvg) {
-    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; symbols 5; export \"FOLDER/a.svg\"; "
+    Write("cluster.txt", kCluster);
+    ASSERT_EQ(Run("open \"FOLDER/cluster.txt\"; symbols 5; export \"FOLDER/a.svg\"; "
                   "export \"FOLDER/net.svg\" part=net"),
               "");
     const auto textOf = [this](const char* name) {
@@ -276,7 +280,7 @@ TEST_F(Batch, PartsOfAPlotAreGroupsWithTitlesInSvg) {
     };
     const std::string whole = textOf("a.svg");
     for (const char* group :
-         {"<g id=\"net\">\n<title>Net</title>", "<g id=\"rows\">\n<title>planes.txt</title>",
+         {"<g id=\"net\">\n<title>Net</title>", "<g id=\"rows\">\n<title>cluster.txt</title>",
           "<g id=\"contours\">\n<title>Contours</title>",
           "<g id=\"legend\">\n<title>Legend</title>",
           "<g id=\"statistics\">\n<title>Statistics</title>"}) {
@@ -288,7 +292,8 @@ TEST_F(Batch, PartsOfAPlotAreGroupsWithTitlesInSvg) {
 }
 
 TEST_F(Batch, CopiesInSvgHaveTheSizesOfTheirBoxes) {
-    const auto parsed = ParseScript("open \"" + (folder / "planes.txt").string() + "\"; symbols 5",
+    Write("cluster.txt", kCluster);
+    const auto parsed = ParseScript("open \"" + (folder / "cluster.txt").string() + "\"; symbols 5",
                                     CommandBreak::SemicolonToo);
     ASSERT_TRUE(parsed);
     BatchSession session(out, log);
@@ -298,7 +303,7 @@ TEST_F(Batch, CopiesInSvgHaveTheSizesOfTheirBoxes) {
     EXPECT_NE(copied.find("<g id=\"contours\">"), std::string::npos);
     const std::string legend = PlotSvg(PlotImagePart::Legend, {QSize(400, 400), QSize(160, 300)});
     EXPECT_NE(legend.find("viewBox=\"0 0 120 225\""), std::string::npos);
-    EXPECT_NE(legend.find("Data: planes.txt"), std::string::npos);
+    EXPECT_NE(legend.find("Data: cluster.txt"), std::string::npos);
     EXPECT_EQ(legend.find("<g id=\"contours\">"), std::string::npos);
 }
 

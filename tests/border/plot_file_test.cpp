@@ -258,7 +258,10 @@ TEST(PlotFile, ThrowsForArgumentsThatNoPlotHas) {
 
 class PlotFileOnDisk : public EngineTest {
 protected:
-    const std::string path = ::testing::TempDir() + "border_plot_file.qpx";
+    // Tests of this fixture may run at the same time.
+    const std::string path = ::testing::TempDir()
+                             + ::testing::UnitTest::GetInstance()->current_test_info()->name()
+                             + "_border.qpx";
 
     void TearDown() override {
         std::filesystem::remove(path);

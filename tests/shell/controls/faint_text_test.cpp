@@ -195,9 +195,10 @@ protected:
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
-                 &about, &classification, &raw, &processed, &start, &picture, &format, &layers,
-                 &tables, &preferences, &print, &rotation, &save, &circles, &densities, &regions,
-                 &fabric, &tests, &symbols, &text}) {
+                 &about,   &classification, &raw,    &processed, &start,
+                 &picture, &format,         &layers, &tables,    &preferences,
+                 &print,   &rotation,       &save,   &circles,   &densities,
+                 &regions, &fabric,         &tests,  &symbols,   &text}) {
             EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
         }
     }
