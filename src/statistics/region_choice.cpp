@@ -149,11 +149,17 @@ std::optional<ChosenRegion> BootstrapOf(const RegionSample& sample, const Region
     return ChosenRegion{region, std::move(*resampled)};
 }
 
-/// Refuses a region that has bounds but not its conditions.
+/// Refuses a region that has bounds but not its conditions. One without bounds stays undefined;
+/// where e1, e2 or e2, e3 are not told apart, that is the reason for it.
 void Judge(ConfidenceRegion& region) {
     const RegionReason refusal = ReasonToRefuse(region);
+    const bool isNotToldApart =
+        refusal == RegionReason::NotACluster || refusal == RegionReason::NotAGirdle;
     if (region.state == RegionState::Given && refusal != RegionReason::None) {
         region.state = RegionState::Refused;
+        region.reason = refusal;
+    } else if (region.reason == RegionReason::WithoutBounds && isNotToldApart
+               && region.method != RegionMethod::Bootstrap) {
         region.reason = refusal;
     }
 }

@@ -127,6 +127,22 @@ TEST(ChooseRegion, RefusesNearlyAlwaysForUniformAxes) {
     EXPECT_GT(given, 0) << "the tests are not made";
 }
 
+TEST(ChooseRegion, SaysWhyAnAxisOfAGirdleHasNoBounds) {
+    int withoutBounds = 0;
+    for (int seed = 1; seed <= 20; ++seed) {
+        const RegionSample girdle =
+            SampleOf(60, kGirdle, RowsAre::Axes, static_cast<std::uint64_t>(seed));
+        const ConfidenceRegion axis =
+            RegionOf(girdle, RegionTarget::PrincipalAxis, RegionMethod::Ellipse);
+        if (axis.state == RegionState::Undefined) {
+            ++withoutBounds;
+            EXPECT_EQ(axis.reason, RegionReason::NotACluster) << seed;
+            EXPECT_FALSE(HasBounds(axis));
+        }
+    }
+    EXPECT_GT(withoutBounds, 0);
+}
+
 TEST(ChooseRegion, ComputesWhatItRefuses) {
     const RegionSample girdle = SampleOf(60, kElongatedCluster, RowsAre::Axes);
     const ConfidenceRegion cone =
