@@ -5,6 +5,7 @@
 #include "classify/class_settings.h"
 #include "classify/classification.h"
 #include "core/data_format.h"
+#include "core/overlay_names.h"
 #include "core/plot_rows.h"
 #include "drawing/row_classes.h"
 #include "rose/rose_tables.h"
@@ -33,7 +34,7 @@ void AddOverlaySets(const PlotRecord& record, std::vector<RowSet>& sets) {
     for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
         const auto place = static_cast<std::size_t>(overlay);
         sets.push_back({{RowGroupKind::Overlay, overlay},
-                        "Overlay " + std::to_string(overlay),
+                        NameOfOverlay(record, overlay),
                         record.OverlayKind[place] == kOverlayPolarLines ? RowsTestedAs::Directions
                                                                         : RowsTestedAs::Axes});
     }

@@ -35,8 +35,8 @@ enum class RowsTestedAs {
     PolarAzimuths, ///< of a rose of polar lines
 };
 
-/// A set of rows with its name: "Main rows", "Overlay 1", the label of a class, "P shortening
-/// axes".
+/// A set of rows with its name: "Main rows", that of an overlay as in the legend, the label of a
+/// class, "P shortening axes".
 struct RowSet {
     RowSetId id;
     std::string name;

@@ -65,6 +65,8 @@ TEST_F(RowSets, OfANetAreMainRowsAndOverlays) {
     EXPECT_EQ(sets[1].name, "Overlay 1");
     EXPECT_EQ(sets[1].as, RowsTestedAs::Axes);
     EXPECT_EQ(sets[2].as, RowsTestedAs::Directions);
+    ActiveRecord().OverlayFiles[2] = {"folder/veins.txt"};
+    EXPECT_EQ(RowSetsOf(ActivePlot())[2].name, "veins.txt") << "as the legend names it";
     EXPECT_EQ(Sample({}).directions.size(), 6U);
     const TestSample overlay = Sample({RowGroupKind::Overlay, 2});
     ASSERT_EQ(overlay.directions.size(), 1U);
