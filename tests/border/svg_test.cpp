@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "quandrel/svg.h"
+#include "support/text_counts.h"
 
 #include <gtest/gtest.h>
 
@@ -18,15 +19,6 @@ std::string BodyOf(const SvgPicture& picture) {
     const std::string document = picture.Document();
     const std::size_t first = document.find('\n') + 1;
     return document.substr(first, document.rfind("</svg>") - first);
-}
-
-std::size_t CountOf(std::string_view part, std::string_view text) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string_view::npos;
-         at = text.find(part, at + 1)) {
-        ++count;
-    }
-    return count;
 }
 
 TEST(PublicSvg, WritesOneElementForEachShape) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "support/text_counts.h"
 #include "svg/svg_numbers.h"
 #include "svg/svg_writer.h"
 
@@ -23,15 +24,6 @@ std::string BodyOf(const SvgWriter& writer) {
     const std::string document = writer.Document();
     const std::size_t first = document.find('\n') + 1;
     return document.substr(first, document.rfind("</svg>") - first);
-}
-
-std::size_t CountOf(std::string_view part, std::string_view text) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string_view::npos;
-         at = text.find(part, at + 1)) {
-        ++count;
-    }
-    return count;
 }
 
 TEST(NumberText, RoundsToThousandthsWithoutZeros) {
