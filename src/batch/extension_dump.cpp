@@ -4,6 +4,7 @@
 
 #include "orientation/attitude.h"
 #include "persistence/field_block.h"
+#include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
 #include "persistence/plot_blocks.h"
 
@@ -49,13 +50,32 @@ void WriteMeasured(std::string_view bytes, JsonWriter& writer) {
 
 /// The fields of a part by their names.
 template <class Part>
+void WriteFields(const Part& part, JsonWriter& writer) {
+    const auto write = [&writer](const char* name, const auto& field) {
+        writer.Key(name);
+        writer.Ready(nlohmann::ordered_json(field).dump());
+    };
+    VisitFieldsOf(part, write);
+}
+
+template <class Part>
 void WritePart(std::string_view bytes, JsonWriter& writer) {
     if (const std::optional<Part> part = PartOfBlock<Part>(bytes)) {
-        const auto write = [&writer](const char* name, const auto& field) {
-            writer.Key(name);
-            writer.Ready(nlohmann::ordered_json(field).dump());
-        };
-        VisitFieldsOf(*part, write);
+        WriteFields(*part, writer);
+    }
+}
+
+void WriteFigure(std::string_view bytes, JsonWriter& writer) {
+    if (const std::optional<RecordFigure> figure = FigureOfBlock(bytes)) {
+        WriteFields(*figure, writer);
+        writer.Key("Layers");
+        writer.BeginArray();
+        for (const FigureLayer& layer : figure->Layers) {
+            writer.BeginObject();
+            WriteFields(layer, writer);
+            writer.EndObject();
+        }
+        writer.EndArray();
     }
 }
 
@@ -74,6 +94,8 @@ void WriteKnown(const BlockView& block, JsonWriter& writer) {
         WritePart<RecordDensityView>(block.bytes, writer);
     } else if (block.head.tag == kRegionsBlock.tag) {
         WritePart<RecordRegions>(block.bytes, writer);
+    } else if (block.head.tag == kFigureBlock.tag) {
+        WriteFigure(block.bytes, writer);
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include "core/record_density_view.h"
 #include "core/record_fields.h"
+#include "core/record_figure.h"
 #include "core/record_marks.h"
 #include "core/record_places.h"
 #include "core/record_results.h"
@@ -22,8 +23,8 @@ namespace quandrel {
 struct PlotRecord
     : JoinedRecord<RecordRows, RecordAnnotations, RecordColumns, RecordRanges, RecordClasses,
                    RecordTexts, RecordOverlays, RecordView, RecordDensities, RecordDensityView,
-                   RecordRegions, RecordFabric, RecordGirdles, RecordLayers, RecordRose,
-                   RecordFiles, RecordLinks, RecordState> {};
+                   RecordRegions, RecordFigure, RecordFabric, RecordGirdles, RecordLayers,
+                   RecordRose, RecordFiles, RecordLinks, RecordState> {};
 
 /// Calls `visit(const char* name, field)` for each field that is a value, a text or a table of
 /// them. VisitFurtherPlotFields visits the others that files keep.

@@ -4,6 +4,7 @@
 
 #include "core/fingerprint.h"
 #include "persistence/field_block.h"
+#include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
 #include "stereo/row_positions.h"
 
@@ -93,6 +94,14 @@ void WritePart(const BlockHead& head, const PlotRecord& record, ExtensionWriter&
     }
 }
 
+void ReadFigure(std::string_view bytes, BinaryPlot& plot) {
+    if (std::optional<RecordFigure> figure = FigureOfBlock(bytes)) {
+        static_cast<RecordFigure&>(plot.record) = std::move(*figure);
+    } else {
+        LeaveOut(plot, "The style and the layers are damaged.");
+    }
+}
+
 void ReadBlock(const BlockView& block, BinaryPlot& plot) {
     if (const std::optional<RowAngles> which = AnglesOfBlock(block.head)) {
         ReadMeasured(block.bytes, *which, plot);
@@ -104,6 +113,8 @@ void ReadBlock(const BlockView& block, BinaryPlot& plot) {
         ReadPart<RecordDensityView>(block.bytes, "densities", plot);
     } else if (block.head.tag == kRegionsBlock.tag) {
         ReadPart<RecordRegions>(block.bytes, "confidence regions", plot);
+    } else if (block.head.tag == kFigureBlock.tag) {
+        ReadFigure(block.bytes, plot);
     } else {
         plot.unknownBlocks.push_back({block.head, std::string(block.bytes)});
     }
@@ -216,6 +227,9 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
     }
     WritePart<RecordDensityView>(kDensityViewBlock, plot.record, extension, writer);
     WritePart<RecordRegions>(kRegionsBlock, plot.record, extension, writer);
+    if (const RecordFigure& figure = plot.record; figure != RecordFigure()) {
+        extension.Block(kFigureBlock, [&] { WriteFigure(figure, writer); });
+    }
     WriteMeasured(extension, writer, plot, rows);
     WriteUnknown(extension, writer, plot);
     extension.Finish();

@@ -18,7 +18,7 @@
 namespace quandrel {
 
 /// The part of a plot that a change affects. Changes of different parts are independent.
-enum class PlotPart { Rows, Marks, Girdles, Densities, Regions };
+enum class PlotPart { Rows, Marks, Girdles, Densities, Regions, Figure };
 
 /// Created before a plot is changed; then Complete, then Revert and Apply in turn.
 class PlotChange {

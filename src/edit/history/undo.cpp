@@ -255,6 +255,8 @@ const char* NameOf(EditKind kind) {
         return " Densities";
     case kRegionEdit:
         return " Regions";
+    case kFigureEdit:
+        return " Figure";
     case kMoveEdit:
     case kAnnotationMove:
         return " Move";

@@ -42,6 +42,7 @@ enum EditKind : std::int16_t {
     kGirdleEdit = 13, ///< dragged with the mouse
     kDensityEdit = 14,
     kRegionEdit = 15,
+    kFigureEdit = 16, ///< style and layers
     kAnnotationCut = 101,
     kAnnotationPaste = 104,
     kAnnotationDelete = 105,

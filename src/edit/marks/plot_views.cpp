@@ -14,6 +14,21 @@ namespace quandrel {
 
 namespace {
 
+template <class Part>
+void AddFields(const Part& part, Fingerprint& mix) {
+    const auto add = [&mix](const char* /*name*/, const auto& field) {
+        using Field = std::remove_cvref_t<decltype(field)>;
+        if constexpr (std::is_same_v<Field, double>) {
+            mix.Add(std::bit_cast<std::uint64_t>(field));
+        } else if constexpr (std::is_integral_v<Field>) {
+            mix.AddWhole(field);
+        } else {
+            mix.Add(std::string_view(field));
+        }
+    };
+    VisitFieldsOf(part, add);
+}
+
 /// A part of the record, kept whole.
 template <class Part, PlotPart part>
 struct PartProperty {
@@ -27,25 +42,28 @@ struct PartProperty {
     [[nodiscard]] static std::uint64_t FingerprintOf(int slot) {
         const Part& now = RecordOf(slot);
         Fingerprint mix;
-        const auto add = [&mix](const char* /*name*/, const auto& field) {
-            using Field = std::remove_cvref_t<decltype(field)>;
-            if constexpr (std::is_same_v<Field, double>) {
-                mix.Add(std::bit_cast<std::uint64_t>(field));
-            } else if constexpr (std::is_integral_v<Field>) {
-                mix.AddWhole(field);
-            } else {
-                mix.Add(std::string_view(field));
+        AddFields(now, mix);
+        if constexpr (std::is_same_v<Part, RecordFigure>) {
+            mix.AddWhole(static_cast<std::int32_t>(now.Layers.size()));
+            for (const FigureLayer& layer : now.Layers) {
+                AddFields(layer, mix);
             }
-        };
-        VisitFieldsOf(now, add);
+        }
         return mix.Value();
     }
 
-    [[nodiscard]] static std::size_t BytesOf(const Value& value) { return sizeof(value); }
+    [[nodiscard]] static std::size_t BytesOf(const Value& value) {
+        if constexpr (std::is_same_v<Part, RecordFigure>) {
+            return sizeof(value) + value.StyleText.size()
+                   + value.Layers.size() * sizeof(FigureLayer);
+        }
+        return sizeof(value);
+    }
 };
 
 using DensityProperty = PartProperty<RecordDensityView, PlotPart::Densities>;
 using RegionProperty = PartProperty<RecordRegions, PlotPart::Regions>;
+using FigureProperty = PartProperty<RecordFigure, PlotPart::Figure>;
 
 template <class Property>
 void Change(int slot, const typename Property::Value& value, EditKind kind, EditRun run) {
@@ -66,6 +84,10 @@ void ChangeDensities(int slot, const RecordDensityView& view, EditRun run) {
 
 void ChangeRegions(int slot, const RecordRegions& regions, EditRun run) {
     Change<RegionProperty>(slot, regions, kRegionEdit, run);
+}
+
+void ChangeFigure(int slot, const RecordFigure& figure, EditRun run) {
+    Change<FigureProperty>(slot, figure, kFigureEdit, run);
 }
 
 } // namespace quandrel

@@ -18,4 +18,7 @@ void ChangeDensities(int slot, const RecordDensityView& view, EditRun run = Edit
 /// The same of its confidence regions.
 void ChangeRegions(int slot, const RecordRegions& regions, EditRun run = EditRun::Alone);
 
+/// The same of its style and layers.
+void ChangeFigure(int slot, const RecordFigure& figure, EditRun run = EditRun::Alone);
+
 } // namespace quandrel

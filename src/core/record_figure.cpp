@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+
+#include "core/record_figure.h"
+
+#include "core/figure_style_text.h"
+
+#include <algorithm>
+
+namespace quandrel {
+
+namespace {
+
+constexpr std::int16_t kMostLayerIndexes = 99;
+constexpr std::int32_t kGreatestColour = 0xffffff;
+constexpr std::int16_t kLastSymbol = 99;
+constexpr double kLargestSize = 100;
+constexpr std::size_t kLongestName = 1000;
+
+template <class T>
+bool IsWithin(T value, T lowest, T highest) {
+    return value >= lowest && value <= highest;
+}
+
+/// Whether a number is that of the style, or from 0 to a limit.
+template <class T>
+bool IsStyleOr(T value, T highest) {
+    return value == T{kAsStyle} || IsWithin(value, T{0}, highest);
+}
+
+} // namespace
+
+bool IsValid(const FigureLayer& layer) {
+    return IsWithin<std::int16_t>(layer.LayerOf, kLayerOfMainRows, kLayerOfNet)
+           && IsWithin<std::int16_t>(layer.LayerIndex, 0, kMostLayerIndexes)
+           && IsWithin<std::int16_t>(layer.LayerShow, kShowSymbols, kShowNet)
+           && (layer.LayerHidden == 0 || layer.LayerHidden == kTrue)
+           && layer.LayerName.size() <= kLongestName
+           && IsStyleOr(layer.LayerColour, kGreatestColour) && IsStyleOr(layer.LayerOpacity, 1.0)
+           && IsStyleOr(layer.LayerSymbol, kLastSymbol) && IsStyleOr(layer.LayerSize, kLargestSize)
+           && IsStyleOr(layer.LayerHalo, kLargestSize) && IsStyleOr(layer.LayerWidth, kLargestSize)
+           && IsStyleOr<std::int16_t>(layer.LayerLine, kNoLine)
+           && IsStyleOr<std::int16_t>(layer.LayerFill, kDiagonalCrossHatch);
+}
+
+bool IsValid(const RecordFigure& figure) {
+    return figure.StyleName.size() <= kLongestName && figure.StyleText.size() <= kLongestStyleText
+           && figure.Layers.size() <= kMostLayers
+           && std::all_of(figure.Layers.begin(), figure.Layers.end(),
+                          [](const FigureLayer& layer) { return IsValid(layer); });
+}
+
+} // namespace quandrel
