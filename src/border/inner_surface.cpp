@@ -44,8 +44,10 @@ Turn TurnOf(double start, double end) {
 Fill FillOf(GlyphPart::Ink ink, Colour colour, double opacity) {
     switch (ink) {
     case GlyphPart::Ink::Filled:
+    case GlyphPart::Ink::Solid:
         return {Pattern::kSolid, colour, opacity};
     case GlyphPart::Ink::White:
+    case GlyphPart::Ink::Halo:
         return {Pattern::kSolid, ColourOut(kWhite), opacity};
     case GlyphPart::Ink::Outline:
         break;
@@ -156,6 +158,9 @@ MarkerPart InnerSurface::PartOf(const GlyphPart& part, Colour colour) const {
     out.pen = {colour, std::max(state_.drawWidth, 1.0), Dash::kSolid, state_.widthInPoints,
                LineOpacityOf(state_)};
     out.fill = FillOf(part.ink, colour, fillOpacity);
+    if (part.ink == GlyphPart::Ink::Solid || part.ink == GlyphPart::Ink::Halo) {
+        out.pen = kNoOutline;
+    }
     switch (part.kind) {
     case GlyphPart::Kind::Pixel: {
         const std::array<Point, 4> square = PixelAt(out.points.at(0));

@@ -137,6 +137,8 @@ struct GlyphPart {
         Outline, ///< the marker's colour, lines only
         Filled,  ///< the marker's colour, filled and outlined
         White,   ///< filled white, outlined in the marker's colour
+        Solid,   ///< the marker's colour, filled without an outline: exactly as large as it is
+        Halo,    ///< filled white, without an outline
     };
     Kind kind = Kind::Polyline;
     Ink ink = Ink::Outline;

@@ -128,6 +128,14 @@ void PainterSurface::DrawGlyph(QPainter& painter, const Glyph& glyph, Colour col
         case GlyphPart::Ink::White:
             painter.setBrush(FillInk(kWhite));
             break;
+        case GlyphPart::Ink::Solid:
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(FillInk(colour));
+            break;
+        case GlyphPart::Ink::Halo:
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(FillInk(kWhite));
+            break;
         }
         DrawPart(painter, part, centre, FillInk(colour));
     }
