@@ -15,6 +15,10 @@ constexpr double kTooBrightForPaper = 0.85;
 
 } // namespace
 
+const FigureStyle& FigureOf(const Drawing& drawing) {
+    return drawing.figure != nullptr ? *drawing.figure : ClassicStyle();
+}
+
 Colour PlotBackground(const Drawing& drawing) {
     return drawing.purpose == DrawnFor::Paper ? kWhite
                                               : ColourFromValue(drawing.styles.plotBackColour);

@@ -7,10 +7,14 @@
 
 #pragma once
 
+#include "core/figure_style.h"
 #include "core/formulas.h"
+#include "core/record_figure.h"
 #include "core/styles.h"
 #include "platform/status_line.h"
 #include "platform/surface.h"
+
+#include <memory>
 
 namespace quandrel {
 
@@ -30,7 +34,13 @@ struct Drawing {
     StatusLine* watcher = nullptr;     ///< receives the progress of long steps; may be null
     int circleAbove = 0;               ///< set of the small circle that the window paints above the
                                        ///< picture and that is left out here; 0 leaves out none
+    std::shared_ptr<const FigureStyle> figure = {}; ///< Classic when empty
+    const FigureLayer* layer =
+        nullptr; ///< that is being drawn, with properties of its own; or null
 };
+
+/// The style of the figure.
+[[nodiscard]] const FigureStyle& FigureOf(const Drawing& drawing);
 
 /// The background of the net: the colour of the styles in windows, white on paper.
 [[nodiscard]] Colour PlotBackground(const Drawing& drawing);

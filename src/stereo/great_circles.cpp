@@ -2,6 +2,8 @@
 
 #include "stereo/great_circles.h"
 
+#include "stereo/true_circles.h"
+
 #include <cmath>
 
 namespace quandrel {
@@ -46,6 +48,15 @@ void DrawGreatCircleOfPole(Surface& surface, const Styles& styles, int plotKind,
                            double poleTrend, int colour, int drawStyle, double drawWidth) {
     DrawGreatCircleArc(surface, styles, GreatCircleArc(plotKind, polePlunge, poleTrend), colour,
                        drawStyle, drawWidth);
+}
+
+void DrawPlane(const Drawing& drawing, int plotKind, double polePlunge, double poleTrend,
+               Colour ink) {
+    if (FigureOf(drawing).lines.trueCircles) {
+        drawing.plot.Polyline(TrueGreatCircle(plotKind, LineToCosines(polePlunge, poleTrend)), ink);
+    } else {
+        DrawGreatCircle(drawing.plot, GreatCircleArc(plotKind, polePlunge, poleTrend), ink);
+    }
 }
 
 } // namespace quandrel

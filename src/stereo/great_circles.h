@@ -7,6 +7,7 @@
 #include "core/settings_value.h"
 #include "orientation/projection.h"
 #include "platform/surface.h"
+#include "stereo/drawing.h"
 
 namespace quandrel {
 
@@ -28,8 +29,13 @@ inline void DrawGreatCircleArc(Surface& surface, const GreatCircle& circle, int 
 /// The great circle in any colour, with the surface's current line style.
 void DrawGreatCircle(Surface& surface, const GreatCircle& circle, Colour ink);
 
-/// Draws the great circle of a pole, radians, in a projection.
+/// Draws the arc of a pole, radians, in a projection.
 void DrawGreatCircleOfPole(Surface& surface, const Styles& styles, int plotKind, double polePlunge,
                            double poleTrend, int colour, int drawStyle, double drawWidth);
+
+/// Draws the great circle of a pole, radians, in a projection, with the surface's current line
+/// style: as the arc, or true where the style of the figure wants it.
+void DrawPlane(const Drawing& drawing, int plotKind, double polePlunge, double poleTrend,
+               Colour ink);
 
 } // namespace quandrel

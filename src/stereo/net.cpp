@@ -6,6 +6,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
+#include "stereo/figure_lines.h"
 #include "stereo/window_drawing.h"
 
 #include <algorithm>
@@ -105,6 +106,52 @@ Point AtAzimuth(double radius, double azimuth) {
     return {radius * std::sin(azimuth), radius * std::cos(azimuth)};
 }
 
+/// The marks of a style on the rim: ticks outward at equal steps, longer ones at the quadrants.
+void DrawFigureTicks(Surface& surface, const NetStyle& net, Colour ink) {
+    const int ticks = net.tickStep > 0 ? static_cast<int>(std::lround(360 / net.tickStep)) : 0;
+    const auto draw = [&](double azimuth, double share) {
+        surface.Line(AtAzimuth(kNetRadius, azimuth), AtAzimuth(kNetRadius * (1 + share), azimuth),
+                     ink);
+    };
+    for (int i = 0; i < ticks; ++i) {
+        if (i * 4 % ticks != 0) {
+            draw(i * kTwoPi / ticks, net.tickLength);
+        }
+    }
+    for (int quadrant = 0; quadrant < 4 && net.quadrantLength > 0; ++quadrant) {
+        draw(quadrant * kPi / 2, net.quadrantLength);
+    }
+}
+
+/// The bold "N" of a style, above the longest tick.
+void DrawFigureNorth(Surface& surface, const FigureStyle& figure, Colour ink) {
+    constexpr double kGap = 8;
+    DrawState state = surface.State();
+    state.font = {figure.text.families, std::max(figure.net.northSize, figure.text.leastSize),
+                  true};
+    state.foreColour = ink;
+    surface.SetState(state);
+    const double rim = kNetRadius * (1 + figure.net.quadrantLength);
+    surface.Text({-surface.TextWidth("N") / 2, rim + kGap + surface.TextHeight()}, "N");
+}
+
+/// The net of a style that has one.
+void DrawFigureNet(const Drawing& drawing) {
+    const FigureStyle& figure = FigureOf(drawing);
+    Surface& surface = drawing.plot;
+    const SavedState saved(surface);
+    const Colour ink = AxesColour(drawing);
+    SetWidthInPoints(surface, figure.net.tickWidth);
+    const double half = figure.net.crossSpan / 2 * kNetRadius;
+    if (half > 0) {
+        surface.Line({-half, 0}, {half, 0}, ink);
+        surface.Line({0, -half}, {0, half}, ink);
+    }
+    DrawFigureTicks(surface, figure.net, ink);
+    SetWidthInPoints(surface, figure.net.rimWidth);
+    surface.Circle({0, 0}, kNetRadius, ink);
+}
+
 } // namespace
 
 void SetPlotDrawMode(const Drawing& drawing) {
@@ -126,31 +173,45 @@ void DrawPlotBase(const PlotRecord& record, const Drawing& drawing) {
         return;
     }
     DrawNet(record.PlotKind, drawing);
-    if (drawing.styles.showNorth) {
+    const FigureStyle& figure = FigureOf(drawing);
+    if (figure.net.rimWidth > 0) {
+        if (figure.net.showNorth) {
+            const SavedState saved(surface);
+            DrawFigureNorth(surface, figure, AxesColour(drawing));
+        }
+    } else if (drawing.styles.showNorth) {
         DrawNorth(surface, AxesColour(drawing));
     }
 }
 
 void DrawNet(int plotKind, const Drawing& drawing) {
+    if (FigureOf(drawing).net.rimWidth > 0) {
+        DrawFigureNet(drawing);
+        return;
+    }
     const Colour ink = AxesColour(drawing);
     drawing.plot.Circle({0, 0}, kNetRadius, ink);
     DrawAxes(drawing.plot, plotKind, drawing.styles.plotAxesStyle, ink);
 }
 
-void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
+bool IsMeanArrowShown(const PlotRecord& record) {
     const auto& mean = record.AxisItems[kMeanItem];
-    if (NumberOf(mean[kItemShown]) == 0 || IsEmpty(mean[kItemTrend]) || record.PlotKind >= kRose
-        || record.OverlayRows[kOverlayCount] > 0) {
+    return NumberOf(mean[kItemShown]) != 0 && !IsEmpty(mean[kItemTrend]) && record.PlotKind < kRose
+           && record.OverlayRows[kOverlayCount] <= 0;
+}
+
+void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing) {
+    if (!IsMeanArrowShown(record)) {
         return;
     }
+    const auto& mean = record.AxisItems[kMeanItem];
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
-    const AxisStyle& style = drawing.styles.axes[kMeanGirdleStyle];
-    const Colour colour = TableColour(drawing.styles, style[kStyleColour]);
-    DrawState state = surface.State();
-    state.drawStyle = style[kStyleLine];
-    state.drawWidth = style[kStyleWidth] + 1; // wider than other lines of the same style
-    surface.SetState(state);
+    LineLook look =
+        LookOfAxisStyle(surface, drawing, kMeanGirdleStyle, FigureOf(drawing).lines.girdleWidth);
+    look.state.drawWidth += 1; // wider than other lines of the same style
+    const Colour colour = look.colour;
+    surface.SetState(look.state);
     const double trend = NumberOf(mean[kItemTrend]);
     const Point tip = AtAzimuth(kArrowTip, trend);
     surface.Line(AtAzimuth(kNetRadius, trend), tip, colour);

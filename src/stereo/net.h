@@ -22,6 +22,9 @@ void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
 /// Draws the primitive circle and the axes of a net, again where areas were filled.
 void DrawNet(int plotKind, const Drawing& drawing);
 
+/// Whether the plot has a mean arrow: its mean is shown and determined, and it has no overlays.
+[[nodiscard]] bool IsMeanArrowShown(const PlotRecord& record);
+
 /// Draws the mean arrow at the rim, in the style of the mean, when the mean is shown and the plot
 /// has no overlays.
 void DrawPlotFurniture(const PlotRecord& record, const Drawing& drawing);

@@ -6,6 +6,8 @@
 #include "core/step_progress.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
+#include "stereo/figure_lines.h"
+#include "stereo/figure_symbols.h"
 #include "stereo/great_circles.h"
 #include "stereo/row_bands.h"
 #include "stereo/row_sense.h"
@@ -111,14 +113,17 @@ std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRan
 }
 
 /// Consecutive rows of the same style are sent to the surface together.
-void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const StyledRow> rows) {
+///
+/// @param count  rows of the set
+void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const StyledRow> rows,
+              std::int64_t count) {
     std::vector<Point> positions;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::uint32_t place = rows[i].place;
         positions.push_back(
             {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
         if (i + 1 == rows.size() || rows[i + 1].code != rows[i].code) {
-            DrawSymbols(drawing.plot, drawing.styles, positions, rows[i].code);
+            DrawRowMarkers(drawing.plot, drawing, positions, rows[i].code, count);
             positions.clear();
         }
     }
@@ -129,6 +134,7 @@ void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range
                         const SlipArrows& arrows) {
     const RowTable& table = plot.table;
     const int arrow = arrows.haveHeads ? kSlipArrowSymbol : kSlipLineSymbol;
+    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
     for (std::size_t place = 0; place < table.size(); ++place) {
         const std::int32_t index = table.index[place];
         if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
@@ -139,13 +145,28 @@ void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range
             continue;
         }
         const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
-        DrawSymbols(drawing.plot, drawing.styles, std::span(&at, 1), code);
+        DrawRowMarkers(drawing.plot, drawing, std::span(&at, 1), code, count);
         const double angle = arrows.azimuth(index);
         if (std::isfinite(angle)) {
             DrawSymbol(drawing.plot, drawing.styles, table.x[place], table.y[place],
                        CodeColour(code), arrow, CodeSize(code), angle);
         }
     }
+}
+
+/// The width and the opacity of the great circles of so many rows.
+void UseCircleStyle(const Drawing& drawing, std::size_t circles) {
+    const LineStyle& lines = FigureOf(drawing).lines;
+    const bool areMany = circles > static_cast<std::size_t>(lines.manyCircles);
+    SetWidthInPoints(drawing.plot, areMany ? lines.manyCirclesWidth : lines.circleWidth);
+    DrawState state = drawing.plot.State();
+    state.fillStyle = kNoFill;
+    if (lines.circleWidth > 0 && areMany) {
+        state.lineOpacity = lines.manyCirclesOpacity;
+    }
+    LineLook look{state, {}};
+    TakeLayer(drawing.layer, look);
+    drawing.plot.SetState(look.state);
 }
 
 /// The distinct planes of some rows.
@@ -210,17 +231,19 @@ void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, Ro
         DrawWithSlipArrows(plot, drawing, range, style, arrows);
         return;
     }
-    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style));
+    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style),
+             std::int64_t{range.last} - range.first + 1);
 }
 
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
     const RowTable& table = plot.table;
     const int plotKind = plot.record.PlotKind;
     const bool isMeasured = plot.record.UseDecimals != 0;
-    const DrawState& state = drawing.plot.State();
-    const int style = state.drawStyle;
-    const double width = state.drawWidth;
     const std::vector<StyledRow> rows = RowsToDraw(plot, drawing.styles, range, RowStyle::Own);
+    const SavedState saved(drawing.plot);
+    UseCircleStyle(drawing, rows.size());
+    const bool hasColour = drawing.layer != nullptr && drawing.layer->LayerColour != kColourOfStyle;
+    const bool isTrue = FigureOf(drawing).lines.trueCircles;
     StepProgress progress(std::max(static_cast<std::int64_t>(rows.size()), std::int64_t{1}),
                           kDrawingWithoutProgress, drawing.watcher);
     std::int64_t drawn = 0;
@@ -228,14 +251,16 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange rang
         progress.Reach(drawn++);
         double plunge = std::abs(table.plunge[row.place]);
         double trend = table.trend[row.place];
-        if (!isMeasured) {
+        if (!isMeasured && !isTrue) {
             UnprojectPoint(plotKind, table.x[row.place], table.y[row.place], plunge, trend);
         }
         if (plunge < -kSteepestUpwardPole) {
             continue;
         }
-        DrawGreatCircleOfPole(drawing.plot, drawing.styles, plotKind, plunge, trend,
-                              CodeColour(row.code), style, width);
+        DrawPlane(drawing, plotKind, plunge, trend,
+                  hasColour
+                      ? ColourFromValue(static_cast<std::uint32_t>(drawing.layer->LayerColour))
+                      : TableColour(drawing.styles, CodeColour(row.code)));
     }
 }
 
@@ -284,10 +309,10 @@ void DrawBetaIntersections(const Plot& plot, const Drawing& drawing) {
     const SymbolCode code = CodeOfStyleRow(drawing.styles, kRowSymbol);
     const auto* kept = plot.attachments.Find<KeptIntersections>();
     if (kept != nullptr && kept->AreOf(plot)) {
-        DrawSymbols(drawing.plot, drawing.styles, kept->found.places, code);
+        DrawRowMarkers(drawing.plot, drawing, kept->found.places, code, kept->found.count);
     } else {
-        DrawSymbols(drawing.plot, drawing.styles, BetaIntersectionsOf(plot, drawing.watcher).places,
-                    code);
+        const BetaIntersections found = BetaIntersectionsOf(plot, drawing.watcher);
+        DrawRowMarkers(drawing.plot, drawing, found.places, code, found.count);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/plot_formulas.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/settings_value.h"
 #include "platform/platform.h"
 
@@ -16,12 +17,20 @@ Drawing WindowDrawing(int slot) {
             gSettings.styles,
             DrawnFor::Window,
             FormulasInForce(RecordOf(slot)),
-            WatcherInForce()};
+            WatcherInForce(),
+            0,
+            StyleOfPlot(RecordOf(slot))};
 }
 
 Drawing PaperDrawing(const PlotRecord& record, Surface& plot, Surface& legend) {
-    return {
-        plot, legend, gSettings.styles, DrawnFor::Paper, FormulasInForce(record), WatcherInForce()};
+    return {plot,
+            legend,
+            gSettings.styles,
+            DrawnFor::Paper,
+            FormulasInForce(record),
+            WatcherInForce(),
+            0,
+            StyleOfPlot(record)};
 }
 
 StatusLine* WatcherInForce() {

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+//
+// Symbols of rows in the style of a figure: sizes in millimetres, a white halo, and the shapes and
+// colours of sets where the tables have their start values.
+
+#pragma once
+
+#include "core/figure_style.h"
+#include "core/style_tables.h"
+#include "stereo/drawing.h"
+
+#include <cstdint>
+#include <span>
+
+namespace quandrel {
+
+/// The look of a symbol on paper.
+struct FigureSymbol {
+    Colour colour;
+    int shape = kNoShape;   ///< symbol code of the table of shapes
+    bool isOpen = false;    ///< its areas are white within a rim
+    double millimetres = 0; ///< across, without the halo
+    double halo = 0;        ///< points; 0 for none
+    double opacity = 1;
+
+    static constexpr int kNoShape = 0;
+};
+
+/// The look of a code among so many rows, in a style with symbols in millimetres.
+///
+/// A code of the start tables is the default of its set: main rows, an overlay, a class. It takes
+/// the shape and the colour of the set; those of upward lines are open. Any other code keeps
+/// its shape and its colour, and its size is in proportion.
+[[nodiscard]] FigureSymbol SymbolInFigure(const FigureStyle& figure, const Styles& styles,
+                                          SymbolCode code, std::int64_t rows);
+
+/// The shape on a surface.
+///
+/// @param pixel  size of a logical pixel, user units
+[[nodiscard]] Glyph GlyphInFigure(const FigureSymbol& symbol, Point pixel);
+
+/// Draws a symbol at many positions, in order.
+void DrawFigureSymbols(Surface& surface, const FigureSymbol& symbol, std::span<const Point> places);
+
+/// Draws a code at many positions, in order: in the style of the figure, or as DrawSymbols in a
+/// style that keeps the sizes of the tables.
+///
+/// @param rows  that the set has, for the size
+void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Point> places,
+                    SymbolCode code, std::int64_t rows);
+
+/// The statistical axes of a net.
+enum class FigureAxis {
+    Principal, ///< the greatest eigenvector: an open square
+    Fold,      ///< the pole of the best girdle: a star
+};
+
+/// The look of an axis: the accent of the style, unless the tables have another symbol than at the
+/// start.
+[[nodiscard]] FigureSymbol AxisInFigure(const FigureStyle& figure, const Styles& styles,
+                                        FigureAxis axis);
+
+/// Draws the symbol of an axis, in the style of the figure or of the tables.
+void DrawAxisMarker(Surface& surface, const Drawing& drawing, Point at, FigureAxis axis);
+
+} // namespace quandrel
