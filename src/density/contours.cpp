@@ -10,6 +10,7 @@
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
 #include "stereo/distinct_lines.h"
+#include "stereo/figure_lines.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
 
@@ -61,9 +62,12 @@ void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& 
     DrawState state = surface.State();
     state.drawStyle = style[kStyleLine];
     state.drawWidth = style[kStyleWidth];
-    surface.SetState(state);
+    state.widthInPoints = FigureOf(drawing).lines.contourWidth;
+    LineLook look{state, TableColour(drawing.styles, style[kStyleColour])};
+    TakeLayer(drawing.layer, look);
+    surface.SetState(look.state);
     for (const std::vector<Point>& line : ChainSegments(segments)) {
-        surface.Polyline(line, TableColour(drawing.styles, style[kStyleColour]));
+        surface.Polyline(line, look.colour);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "orientation/number_text.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
+#include "stereo/shown_layers.h"
 
 #include <array>
 #include <cmath>
@@ -54,8 +55,7 @@ DensityOffer OfferOf(const PlotRecord& record) {
         return offer;
     }
     const auto method = static_cast<DensityMethod>(record.DensityMethod);
-    offer.isDrawn =
-        record.PlotSymbolMode >= kPointDensitySymbols && record.PlotSymbolMode <= kContoursAndGrid;
+    offer.isDrawn = ShowsDensities(record);
     offer.canDraw = record.OverlayRows[kOverlayCount] == 0;
     offer.hasK = method != DensityMethod::Cone && method != DensityMethod::Kernel;
     offer.hasWidth = method == DensityMethod::Kernel;

@@ -11,7 +11,7 @@
 #include "density/point_density.h"
 #include "orientation/number_text.h"
 #include "stereo/distinct_lines.h"
-#include "stereo/row_drawing.h"
+#include "stereo/shown_layers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,13 +41,9 @@ struct DensitiesShown {
 
 DensitiesShown ShownBy(const PlotRecord& record) {
     DensitiesShown shown;
-    if (!ShowsMainRows(record)) {
-        return shown; // the grid shows values, whose classes have their own lines
-    }
-    const std::int16_t mode = record.PlotSymbolMode;
-    shown.points = mode == kPointDensitySymbols;
-    shown.gridSymbols = mode == kGridDensitySymbols || mode == kContoursAndGrid;
-    shown.contours = mode == kContours || mode == kContoursAndGrid;
+    shown.points = ShowsMainRowsAs(record, kShowBandSymbols);
+    shown.gridSymbols = ShowsMainRowsAs(record, kShowGridSymbols);
+    shown.contours = ShowsMainRowsAs(record, kShowContours);
     return shown;
 }
 

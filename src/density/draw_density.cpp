@@ -10,7 +10,9 @@
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "platform/colour_space.h"
+#include "stereo/figure_lines.h"
 #include "stereo/net.h"
+#include "stereo/shown_layers.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -66,12 +68,7 @@ SymbolCode CodeOfLevels(const Styles& styles, int reached) {
 }
 
 bool ShowsContours(const PlotRecord& record) {
-    return record.PlotSymbolMode == kContours || record.PlotSymbolMode == kContoursAndGrid;
-}
-
-bool ShowsGridSymbols(const PlotRecord& record) {
-    return record.PlotSymbolMode == kGridDensitySymbols
-           || record.PlotSymbolMode == kContoursAndGrid;
+    return ShowsMainRowsAs(record, kShowContours) || ShowsMainRowsAs(record, kShowBands);
 }
 
 LegendLine TextLineOf(const std::string& text) {
@@ -93,7 +90,7 @@ LegendLine LineOfLevel(const PlotRecord& record, const Styles& styles, const Plo
         return {LegendSample::Symbol, CodeOfLevels(styles, number + 1),
                 " > " + TextInUnit(density.Levels()[level], density.Unit())};
     }
-    if (record.ContourPicture != kContourLines) {
+    if (ShowsMainRowsAs(record, kShowBands)) {
         LegendLine line{LegendSample::Band, 0, TextOfBand(density, level)};
         line.band = ColourOfBand(styles, record, number, static_cast<int>(density.Levels().size()));
         line.opacity = record.BandOpacity;
@@ -141,13 +138,15 @@ void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensi
     DrawState state = surface.State();
     state.drawStyle = kNoLine;
     state.fillStyle = kSolidFill;
-    state.fillOpacity = record.BandOpacity;
+    const bool hasOwn = drawing.layer != nullptr && drawing.layer->LayerOpacity != kAsStyle;
+    const double opacity = hasOwn ? drawing.layer->LayerOpacity : record.BandOpacity;
+    state.fillOpacity = opacity;
     const auto levels = density.Levels().size();
     for (std::size_t level = 0; level < levels; ++level) {
         std::vector<std::vector<Point>> rings;
         AddRegion(record.PlotKind, density, level, rings);
         // Opaque bands lie on top of each other, so that no seam shows between them.
-        if (record.BandOpacity < 1) {
+        if (opacity < 1) {
             AddRegion(record.PlotKind, density, level + 1, rings);
         }
         state.fillColour =
@@ -162,17 +161,22 @@ void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
     DrawState state = surface.State();
+    const LineStyle& lines = FigureOf(drawing).lines;
+    state.widthInPoints = lines.contourWidth;
     int level = 0;
     for (const PlotDensity::Contour& contour : density.Contours()) {
         const AxisStyle style = ContourStyleOf(drawing.styles, level++);
         state.drawStyle = style[kStyleLine];
         state.drawWidth = style[kStyleWidth];
-        surface.SetState(state);
-        const Colour colour = record.ContourPicture == kLinesOverBands
-                                  ? AxesColour(drawing)
-                                  : TableColour(drawing.styles, style[kStyleColour]);
+        const Colour colour = !ShowsMainRowsAs(record, kShowBands)
+                                  ? TableColour(drawing.styles, style[kStyleColour])
+                              : lines.contourWidth > 0 ? lines.contour
+                                                       : AxesColour(drawing);
+        LineLook look{state, colour};
+        TakeLayer(drawing.layer, look);
+        surface.SetState(look.state);
         for (const FieldLine& line : contour.lines) {
-            surface.Polyline(LineOnNet(record.PlotKind, line), colour);
+            surface.Polyline(LineOnNet(record.PlotKind, line), look.colour);
         }
     }
 }
@@ -184,6 +188,7 @@ void DrawEnvelope(const PlotRecord& record, const Drawing& drawing,
     DrawState state = surface.State();
     state.drawStyle = kDashedLine;
     state.drawWidth = kEnvelopeWidth;
+    state.widthInPoints = FigureOf(drawing).lines.regionWidth;
     surface.SetState(state);
     for (const FieldLine& line : envelope.lines) {
         surface.Polyline(LineOnNet(record.PlotKind, line), AxesColour(drawing));
@@ -236,32 +241,14 @@ void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDens
     }
 }
 
-void DrawFieldDensities(const Plot& plot, const Drawing& drawing, const PlotDensity& density) {
-    const PlotRecord& record = plot.record;
-    Surface& surface = drawing.plot;
-    if (ShowsContours(record) && record.ContourPicture != kContourLines) {
-        {
-            const NamedGroup group(surface, "bands", "Filled bands");
-            FillBands(record, drawing, density);
-        }
-        const NamedGroup group(surface, "net-on-bands", "Net on the bands");
-        DrawNet(record.PlotKind, drawing);
-    }
-    if (ShowsGridSymbols(record)) {
-        const NamedGroup group(surface, "grid-symbols", "Grid densities");
-        DrawFieldSymbols(record, drawing, density);
-    }
-    if (ShowsContours(record) && record.ContourPicture != kFilledBands) {
-        const NamedGroup group(surface, "contours", "Contours");
-        DrawFieldContours(record, drawing, density);
-    }
+void DrawDensityMarks(const Plot& plot, const Drawing& drawing, const PlotDensity& density) {
     if (const DensityEnvelope* envelope = EnvelopeOf(plot)) {
-        const NamedGroup group(surface, "envelope", "Envelope of significance");
-        DrawEnvelope(record, drawing, *envelope);
+        const NamedGroup group(drawing.plot, "envelope", "Envelope of significance");
+        DrawEnvelope(plot.record, drawing, *envelope);
     }
-    if (record.ShowMaxima != 0) {
-        const NamedGroup group(surface, "maxima", "Maxima");
-        DrawMaxima(record, drawing, density);
+    if (plot.record.ShowMaxima != 0) {
+        const NamedGroup group(drawing.plot, "maxima", "Maxima");
+        DrawMaxima(plot.record, drawing, density);
     }
 }
 

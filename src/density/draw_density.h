@@ -37,8 +37,8 @@ void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing, const Pl
 /// Marks the local maxima with a cross and their number.
 void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
 
-/// The density in the plot's mode: symbols of the grid, bands, contours, maxima.
-void DrawFieldDensities(const Plot& plot, const Drawing& drawing, const PlotDensity& density);
+/// The envelope and the maxima, where the plot wants them.
+void DrawDensityMarks(const Plot& plot, const Drawing& drawing, const PlotDensity& density);
 
 /// The lines of the density in the legend, top to bottom: method, unit, one for each level, the
 /// envelope, the greatest density.

@@ -11,6 +11,7 @@
 #include "stereo/distinct_lines.h"
 #include "stereo/row_bands.h"
 #include "stereo/row_drawing.h"
+#include "stereo/shown_layers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -139,11 +140,6 @@ void WorkOutEnvelope(KnownDensity& known, StatusLine* watcher) {
         known.envelope = {value, known.density->ValueOfSum(level.sum + level.error) - value,
                           known.density->LinesAbove(level.sum)};
     }
-}
-
-bool ShowsDensities(const PlotRecord& record) {
-    return ShowsMainRows(record) && record.PlotSymbolMode >= kPointDensitySymbols
-           && record.PlotSymbolMode <= kContoursAndGrid;
 }
 
 /// The bands of the main rows: 1 below the first level, and one more with each level.
@@ -282,7 +278,8 @@ double PlotDensity::ValueOfSum(double sum) const {
 void WorkOutDensity(Plot& plot, StatusLine* watcher) {
     const PlotRecord& record = plot.record;
     plot.attachments.Drop<RowBands>();
-    if (!ShowsDensities(record) || !HasDensityChoice(record)) {
+    const bool hasBands = ShowsMainRowsAs(record, kShowBands); // which are those of the field
+    if (!ShowsDensities(record) || !(HasDensityChoice(record) || hasBands)) {
         plot.attachments.Drop<KnownDensity>();
         return;
     }
@@ -295,7 +292,7 @@ void WorkOutDensity(Plot& plot, StatusLine* watcher) {
     if (record.ShowEnvelope != 0) {
         WorkOutEnvelope(plot.attachments.Of<KnownDensity>(), watcher);
     }
-    if (record.PlotSymbolMode == kPointDensitySymbols) {
+    if (ShowsMainRowsAs(record, kShowBandSymbols)) {
         plot.attachments.Of<RowBands>() = BandsOfRows(plot, *DensityOf(plot));
     }
 }

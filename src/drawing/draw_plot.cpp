@@ -5,24 +5,29 @@
 #include "classify/classification.h"
 #include "classify/value_grid.h"
 #include "core/data_format.h"
+#include "core/item_style.h"
 #include "core/overlay_names.h"
 #include "core/plot_rows.h"
 #include "density/contours.h"
 #include "density/draw_density.h"
 #include "density/grid_density.h"
 #include "derive/slip_arrows.h"
+#include "drawing/layer_list.h"
 #include "drawing/legend.h"
 #include "edit/marks/annotations.h"
 #include "edit/marks/small_circles.h"
 #include "orientation/projection.h"
 #include "rose/draw_rose.h"
 #include "statistics/draw_regions.h"
+#include "stereo/figure_lines.h"
+#include "stereo/figure_symbols.h"
 #include "stereo/great_circles.h"
 #include "stereo/net.h"
 #include "stereo/row_drawing.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace quandrel {
@@ -46,38 +51,6 @@ RowRange OverlayRange(const PlotRecord& record, int overlay) {
     return {first, first + record.OverlayRows[static_cast<std::size_t>(overlay)] - 1};
 }
 
-/// The title of the group of the main rows: their file.
-const std::string& TitleOfRows(const PlotRecord& record) {
-    return record.FileTitle.empty() ? record.PlotTitle : record.FileTitle;
-}
-
-/// Grid symbols and contours of a plot that is classified by a number.
-void DrawClassifiedGrid(const Plot& plot, const Drawing& drawing) {
-    const NamedGroup group(drawing.plot, "value-grid", "Grid of values");
-    if (plot.record.NumClasses == 1 || plot.record.NumClasses == 3) {
-        DrawValueGrid(plot, drawing);
-    }
-    if (plot.record.NumClasses > 1) {
-        DrawValueContours(plot, drawing);
-    }
-}
-
-/// Densities of the grid, as symbols, as contours, or both.
-void DrawDensities(const Plot& plot, const Drawing& drawing) {
-    if (const PlotDensity* density = DensityOf(plot)) {
-        DrawFieldDensities(plot, drawing, *density);
-        return;
-    }
-    if (plot.record.PlotSymbolMode != kContours) {
-        const NamedGroup group(drawing.plot, "grid-symbols", "Grid densities");
-        DrawGridSymbols(plot, drawing);
-    }
-    if (plot.record.PlotSymbolMode != kGridDensitySymbols) {
-        const NamedGroup group(drawing.plot, "contours", "Contours");
-        DrawContours(plot, drawing);
-    }
-}
-
 /// The arrows of the rows, or none.
 SlipArrows ArrowsOfPlot(const Plot& plot) {
     if (plot.record.DensityInvalid == 0 && plot.record.NumSymbolsInPlot <= 0) {
@@ -87,81 +60,238 @@ SlipArrows ArrowsOfPlot(const Plot& plot) {
             SlipArrowsTellSense(plot)};
 }
 
-/// The main rows, in the plot's mode.
-void DrawMainRows(const Plot& plot, const Drawing& drawing) {
-    const NamedGroup group(drawing.plot, "rows", TitleOfRows(plot.record));
-    switch (plot.record.PlotSymbolMode) {
-    case kGreatCircles:
-        DrawRowGreatCircles(plot, drawing, MainRows(plot.record));
+/// Bands cover the net, which is drawn again on top.
+void DrawBands(const Plot& plot, const Drawing& drawing) {
+    if (const PlotDensity* density = DensityOf(plot)) {
+        FillBands(plot.record, drawing, *density);
+        const NamedGroup group(drawing.plot, "net-on-bands", "Net on the bands");
+        DrawNet(plot.record.PlotKind, drawing);
+    }
+}
+
+void DrawGridLayer(const Plot& plot, const Drawing& drawing) {
+    if (const PlotDensity* density = DensityOf(plot)) {
+        DrawFieldSymbols(plot.record, drawing, *density);
+    } else {
+        DrawGridSymbols(plot, drawing);
+    }
+}
+
+void DrawContourLayer(const Plot& plot, const Drawing& drawing) {
+    if (const PlotDensity* density = DensityOf(plot)) {
+        DrawFieldContours(plot.record, drawing, *density);
+    } else {
+        DrawContours(plot, drawing);
+    }
+}
+
+/// The rows of a layer: those of the main rows for all but overlays.
+RowRange RowsOfLayer(const PlotRecord& record, const FigureLayer& layer) {
+    if (layer.LayerOf != kLayerOfOverlay) {
+        return MainRows(record);
+    }
+    return layer.LayerIndex <= record.OverlayRows[kOverlayCount]
+               ? OverlayRange(record, layer.LayerIndex)
+               : RowRange();
+}
+
+/// Rows, shown one by one.
+void DrawRowLayer(const Plot& plot, const Drawing& drawing, const FigureLayer& layer) {
+    const RowRange rows = RowsOfLayer(plot.record, layer);
+    if (rows.last < rows.first) {
+        return;
+    }
+    switch (layer.LayerShow) {
+    case kShowGreatCircles:
+        DrawRowGreatCircles(plot, drawing, rows);
         break;
-    case kPointSymbols:
-    case kPointSymbolsToo:
-        DrawRowSymbols(plot, drawing, MainRows(plot.record), RowStyle::Own, ArrowsOfPlot(plot));
+    case kShowBandSymbols:
+        DrawRowSymbols(plot, drawing, rows, RowStyle::DensityBand, ArrowsOfPlot(plot));
         break;
-    case kBetaIntersections:
+    case kShowIntersections:
         DrawBetaIntersections(plot, drawing);
         break;
-    case kPointDensitySymbols:
-        DrawRowSymbols(plot, drawing, MainRows(plot.record), RowStyle::DensityBand,
-                       ArrowsOfPlot(plot));
+    default:
+        DrawRowSymbols(plot, drawing, rows, RowStyle::Own, ArrowsOfPlot(plot));
+        break;
+    }
+}
+
+/// Densities and values of the main rows.
+void DrawFieldLayer(const Plot& plot, const Drawing& drawing, const FigureLayer& layer) {
+    switch (layer.LayerShow) {
+    case kShowGridSymbols:
+        DrawGridLayer(plot, drawing);
+        break;
+    case kShowBands:
+        DrawBands(plot, drawing);
+        break;
+    case kShowContours:
+        DrawContourLayer(plot, drawing);
+        break;
+    case kShowDensityMarks:
         if (const PlotDensity* density = DensityOf(plot)) {
-            DrawFieldDensities(plot, drawing, *density);
+            DrawDensityMarks(plot, drawing, *density);
         }
         break;
-    case kGridDensitySymbols:
-    case kContours:
-    case kContoursAndGrid:
-        DrawDensities(plot, drawing);
+    case kShowGridValues:
+        DrawValueGrid(plot, drawing);
+        break;
+    case kShowValueContours:
+        DrawValueContours(plot, drawing);
         break;
     default:
         break;
     }
 }
 
-void DrawOverlays(const Plot& plot, const Drawing& drawing) {
-    const PlotRecord& record = plot.record;
-    for (int overlay = 1; overlay <= record.OverlayRows[kOverlayCount]; ++overlay) {
-        const NamedGroup group(drawing.plot, "overlay-" + std::to_string(overlay),
-                               NameOfOverlay(record, overlay));
-        const RowRange rows = OverlayRange(record, overlay);
-        if (record.OverlayKind[static_cast<std::size_t>(overlay)] == kOverlayGreatCircles) {
-            DrawRowGreatCircles(plot, drawing, rows);
-        } else {
-            DrawRowSymbols(plot, drawing, rows, RowStyle::Own, ArrowsOfPlot(plot));
+void DrawGirdles(const PlotRecord& record, const Drawing& drawing, int first, int last) {
+    for (int item = first; item <= last; ++item) {
+        if (IsItemShown(record, item)) {
+            DrawGirdle(record, drawing, item);
         }
     }
 }
 
-/// A girdle or axis that the statistics leave undetermined does not have a pole, and is not drawn.
-bool IsItemShown(const PlotRecord& record, int item) {
-    const auto& values = record.AxisItems[static_cast<std::size_t>(item)];
-    return NumberOf(values[kItemShown]) != 0 && !IsEmpty(values[kItemTrend]);
-}
-
-void DrawAxisItems(const Plot& plot, const Drawing& drawing) {
+void DrawResultLayer(const Plot& plot, const Drawing& drawing, const FigureLayer& layer) {
     const PlotRecord& record = plot.record;
-    {
-        const NamedGroup group(drawing.plot, "girdles", "Girdles");
-        for (int item = 0; item < kAxisItems; ++item) {
+    switch (layer.LayerShow) {
+    case kShowMeanArrow:
+        DrawPlotFurniture(record, drawing);
+        break;
+    case kShowUserGirdles:
+        DrawGirdles(record, drawing, kFirstUserGirdle, kLastUserGirdle);
+        break;
+    case kShowCalculatedGirdles:
+        DrawGirdles(record, drawing, kFirstStatisticalItem, kAxisItems - 1);
+        break;
+    case kShowSmallCircles:
+        DrawSmallCircles(record, drawing);
+        break;
+    case kShowRegions:
+        DrawRegions(plot, drawing);
+        break;
+    case kShowAxes:
+        for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
             if (IsItemShown(record, item)) {
-                DrawGirdle(record, drawing, item);
+                DrawAxisItemSymbol(record, drawing, item);
             }
         }
+        break;
+    case kShowAnnotations:
+        DrawAnnotations(record, drawing);
+        break;
+    default:
+        break;
     }
-    {
-        const NamedGroup group(drawing.plot, "small-circles", "Small circles");
-        DrawSmallCircles(record, drawing);
+}
+
+/// The id and the title of what a layer draws.
+struct GroupName {
+    std::string id;
+    std::string title;
+};
+
+GroupName GroupOfResults(std::int16_t show) {
+    switch (show) {
+    case kShowMeanArrow:
+        return {"mean-direction", "Mean direction"};
+    case kShowUserGirdles:
+        return {"user-girdles", "User girdles"};
+    case kShowCalculatedGirdles:
+        return {"girdles", "Girdles"};
+    case kShowSmallCircles:
+        return {"small-circles", "Small circles"};
+    case kShowAxes:
+        return {"axes", "Axes"};
+    case kShowAnnotations:
+        return {"annotations", "Annotations"};
+    default:
+        return {};
     }
-    DrawRegions(plot, drawing);
-    const NamedGroup group(drawing.plot, "axes", "Axes");
-    for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
-        if (IsItemShown(record, item)) {
-            DrawAxisItemSymbol(record, drawing, item);
+}
+
+GroupName GroupOfMainRows(const PlotRecord& record, std::int16_t show) {
+    switch (show) {
+    case kShowGridSymbols:
+        return {"grid-symbols", "Grid densities"};
+    case kShowBands:
+        return {"bands", "Filled bands"};
+    case kShowContours:
+        return {"contours", "Contours"};
+    case kShowGridValues:
+        return {"value-grid", "Grid of values"};
+    case kShowValueContours:
+        return {"value-contours", "Contours of values"};
+    case kShowDensityMarks:
+        return {};
+    default:
+        return {"rows", record.FileTitle.empty() ? record.PlotTitle : record.FileTitle};
+    }
+}
+
+/// Empty for a layer that names its groups itself.
+GroupName GroupOfLayer(const PlotRecord& record, const FigureLayer& layer) {
+    GroupName group;
+    switch (layer.LayerOf) {
+    case kLayerOfMainRows:
+        group = GroupOfMainRows(record, layer.LayerShow);
+        break;
+    case kLayerOfOverlay:
+        group = {"overlay-" + std::to_string(layer.LayerIndex),
+                 NameOfOverlay(record, layer.LayerIndex)};
+        break;
+    case kLayerOfResults:
+        group = GroupOfResults(layer.LayerShow);
+        break;
+    default:
+        break;
+    }
+    if (!layer.LayerName.empty() && !group.id.empty()) {
+        group.title = layer.LayerName;
+    }
+    return group;
+}
+
+/// A layer of a net. The net itself is drawn at the beginning; on top of others it is drawn again.
+void DrawLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer, bool isLowest) {
+    if (layer.LayerHidden != 0 || !IsPossible(layer)) {
+        return;
+    }
+    Drawing drawing = whole;
+    drawing.layer = &layer;
+    const GroupName name = GroupOfLayer(plot.record, layer);
+    std::optional<NamedGroup> group;
+    if (!name.id.empty()) {
+        group.emplace(drawing.plot, name.id, name.title);
+    }
+    if (layer.LayerOf == kLayerOfNet) {
+        if (!isLowest) {
+            DrawNet(plot.record.PlotKind, drawing);
         }
+    } else if (layer.LayerOf == kLayerOfResults) {
+        DrawResultLayer(plot, drawing, layer);
+    } else if (layer.LayerShow <= kShowBandSymbols) {
+        DrawRowLayer(plot, drawing, layer);
+    } else {
+        DrawFieldLayer(plot, drawing, layer);
+    }
+}
+
+void DrawLayers(const Plot& plot, const Drawing& drawing) {
+    bool isLowest = true;
+    for (const FigureLayer& layer : LayersOf(plot)) {
+        DrawLayer(plot, drawing, layer, isLowest);
+        isLowest = false;
     }
 }
 
 } // namespace
+
+bool IsItemShown(const PlotRecord& record, int item) {
+    const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
+    return NumberOf(values[kItemShown]) != 0 && !IsEmpty(values[kItemTrend]);
+}
 
 void DrawPlot(const Plot& plot, const Drawing& drawing) {
     {
@@ -177,24 +307,30 @@ void DrawPlot(const Plot& plot, const Drawing& drawing) {
 }
 
 void DrawStereoPlot(const Plot& plot, const Drawing& drawing) {
-    const PlotRecord& record = plot.record;
-    if (record.ClassMode == kClassesByNumber && record.NumClasses >= 1) {
-        DrawClassifiedGrid(plot, drawing);
-    }
-    if (ShowsMainRows(record)) {
-        DrawMainRows(plot, drawing);
-    }
-    DrawOverlays(plot, drawing);
-    {
-        const NamedGroup group(drawing.plot, "annotations", "Annotations");
-        DrawAnnotations(record, drawing);
-    }
+    DrawLayers(plot, drawing);
     DrawLegend(plot, drawing);
+}
+
+void DrawNetOfFigure(const Plot& plot, const Drawing& drawing) {
     {
-        const NamedGroup group(drawing.plot, "mean-direction", "Mean direction");
-        DrawPlotFurniture(record, drawing);
+        const NamedGroup group(drawing.plot, "net", "Net");
+        DrawPlotBase(plot.record, drawing);
     }
-    DrawAxisItems(plot, drawing);
+    DrawLayers(plot, drawing);
+}
+
+LineLook LookOfGirdle(const PlotRecord& record, const Drawing& drawing, int item) {
+    const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
+    const AxisStyle style = {
+        static_cast<std::int16_t>(WholeOf(values[kItemColour], kColourCount - 1)),
+        static_cast<std::int16_t>(WholeOf(values[kItemDrawStyle], kNoLine)),
+        static_cast<std::int16_t>(WholeOf(values[kItemDrawWidth], kWidestGirdle))};
+    const LineStyle& lines = FigureOf(drawing).lines;
+    LineLook look =
+        LookOfLine(drawing.plot, drawing, style, StartStyles().axes[StyleRowOfItem(item)],
+                   lines.girdleWidth, lines.accent);
+    look.state.fillStyle = kNoFill;
+    return look;
 }
 
 void DrawGirdle(const PlotRecord& record, const Drawing& drawing, int item) {
@@ -202,10 +338,11 @@ void DrawGirdle(const PlotRecord& record, const Drawing& drawing, int item) {
         return;
     }
     const auto& values = record.AxisItems.at(static_cast<std::size_t>(item));
-    DrawGreatCircleOfPole(
-        drawing.plot, drawing.styles, record.PlotKind, NumberOf(values[kItemPlunge]),
-        NumberOf(values[kItemTrend]), WholeOf(values[kItemColour], kColourCount - 1),
-        WholeOf(values[kItemDrawStyle], kNoLine), WholeOf(values[kItemDrawWidth], kWidestGirdle));
+    const LineLook look = LookOfGirdle(record, drawing, item);
+    const SavedState saved(drawing.plot);
+    drawing.plot.SetState(look.state);
+    DrawPlane(drawing, record.PlotKind, NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]),
+              look.colour);
 }
 
 void DrawAxisItemSymbol(const PlotRecord& record, const Drawing& drawing, int item) {
@@ -214,9 +351,8 @@ void DrawAxisItemSymbol(const PlotRecord& record, const Drawing& drawing, int it
     std::int16_t y = 0;
     ProjectPointInt(record.PlotKind, NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]), x,
                     y);
-    const AxisStyle& style = drawing.styles.axes[kBetaAxisStyle];
-    DrawSymbol(drawing.plot, drawing.styles, x, y, style[kStyleColour], style[kStyleSymbol],
-               style[kStyleSize], 0);
+    DrawAxisMarker(drawing.plot, drawing, {static_cast<double>(x), static_cast<double>(y)},
+                   item == kGirdleItem ? FigureAxis::Fold : FigureAxis::Principal);
 }
 
 } // namespace quandrel

@@ -8,6 +8,7 @@
 
 #include "core/plot.h"
 #include "stereo/drawing.h"
+#include "stereo/figure_lines.h"
 
 namespace quandrel {
 
@@ -17,6 +18,16 @@ void DrawPlot(const Plot& plot, const Drawing& drawing);
 /// Draws the contents of a net: the grid of classes, rows, overlays, annotations, legend,
 /// furniture, girdles, small circles, the symbols of axes, in this order.
 void DrawStereoPlot(const Plot& plot, const Drawing& drawing);
+
+/// Draws a net with its contents, but without a legend.
+void DrawNetOfFigure(const Plot& plot, const Drawing& drawing);
+
+/// Whether a row of AxisItems is drawn: it is shown, and has a pole. One that the statistics leave
+/// undetermined does not.
+[[nodiscard]] bool IsItemShown(const PlotRecord& record, int item);
+
+/// The look of the great circle of a row of AxisItems.
+[[nodiscard]] LineLook LookOfGirdle(const PlotRecord& record, const Drawing& drawing, int item);
 
 /// Draws the great circle of a row of AxisItems; row 0 does not have one. A rose does not have any.
 void DrawGirdle(const PlotRecord& record, const Drawing& drawing, int item);

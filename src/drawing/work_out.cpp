@@ -19,6 +19,7 @@
 #include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
+#include "stereo/shown_layers.h"
 #include "stereo/window_drawing.h"
 
 #include <algorithm>
@@ -30,8 +31,8 @@ namespace quandrel {
 namespace {
 
 bool ShowsDensityGrid(const PlotRecord& record) {
-    return record.PlotSymbolMode >= kGridDensitySymbols
-           && record.PlotSymbolMode <= kContoursAndGrid;
+    return ShowsMainRowsAs(record, kShowGridSymbols) || ShowsMainRowsAs(record, kShowContours)
+           || ShowsMainRowsAs(record, kShowBands);
 }
 
 bool GridIsStale(const Plot& plot, int gridSize) {
@@ -46,11 +47,11 @@ bool GridIsStale(const Plot& plot, int gridSize) {
 void WorkOutGrid(Plot& plot, const WorkingOut& how) {
     const PlotRecord& record = plot.record;
     const bool showsClasses = record.ClassMode == kClassesByNumber && record.NumClasses >= 1;
-    const bool showsDensities = ShowsMainRows(record) && ShowsDensityGrid(record);
+    const bool showsDensities = ShowsDensityGrid(record);
     if ((showsClasses || showsDensities) && GridIsStale(plot, how.gridSize)) {
         ComputeGridDensity(plot, how.gridSize, how.watcher);
     }
-    if (showsDensities && record.PlotSymbolMode != kGridDensitySymbols) {
+    if (ShowsMainRowsAs(record, kShowContours) || ShowsMainRowsAs(record, kShowBands)) {
         FindContourLevels(plot);
     }
 }
@@ -64,7 +65,7 @@ RowClasses ClassesOfRegions(const Plot& plot) {
 
 void WorkOutIntersections(Plot& plot, const WorkingOut& how) {
     PlotRecord& record = plot.record;
-    if (ShowsMainRows(record) && record.PlotSymbolMode == kBetaIntersections) {
+    if (ShowsMainRowsAs(record, kShowIntersections)) {
         record.BetaCount = WorkOutBetaIntersections(plot, how.watcher).count;
     } else {
         record.BetaCount = 0;

@@ -5,6 +5,7 @@
 #include "orientation/projection.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/plot_regions.h"
+#include "stereo/figure_lines.h"
 #include "stereo/sphere_trace.h"
 
 #include <span>
@@ -43,11 +44,20 @@ void DrawOutline(Surface& surface, int plotKind, std::span<const Direction> outl
 
 } // namespace
 
+LineLook LookOfRegion(const Drawing& drawing) {
+    const double points = FigureOf(drawing).lines.regionWidth;
+    LineLook look = LookOfAxisStyle(drawing.plot, drawing, kSmallCircleStyle, points);
+    if (points > 0 && look.state.drawStyle == kSolidLine) {
+        look.state.drawStyle = kDashedLine;
+    }
+    return look;
+}
+
 void DrawRegions(const Plot& plot, const Drawing& drawing) {
     const PlotRecord& record = plot.record;
     Surface& surface = drawing.plot;
-    const AxisStyle& style = drawing.styles.axes[kSmallCircleStyle];
-    const Colour colour = TableColour(drawing.styles, style[kStyleColour]);
+    const LineLook look = LookOfRegion(drawing);
+    const Colour colour = look.colour;
     const NamedGroup group(surface, "regions", "Confidence regions");
     if (record.RegionCloud != 0) {
         for (const PlotRegion& region : RegionsOfPlot(plot)) {
@@ -57,10 +67,7 @@ void DrawRegions(const Plot& plot, const Drawing& drawing) {
         }
     }
     const SavedState saved(surface);
-    DrawState state = surface.State();
-    state.drawStyle = style[kStyleLine];
-    state.drawWidth = style[kStyleWidth];
-    surface.SetState(state);
+    surface.SetState(look.state);
     for (const PlotRegion& region : RegionsOfPlot(plot)) {
         if (!IsShown(record, region)) {
             continue;

@@ -18,6 +18,7 @@
 #include "rose/rose_tables.h"
 #include "statistics/orientation_notation.h"
 #include "stereo/row_positions.h"
+#include "stereo/shown_layers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,8 +31,9 @@ constexpr double kQuarterTurn = 90;
 constexpr double kFullTurn = 360;
 
 bool ShowsDensity(const PlotRecord& record) {
-    return record.PlotSymbolMode >= kPointDensitySymbols
-           && record.PlotSymbolMode <= kContoursAndGrid;
+    return ShowsDensities(record)
+           || (record.PlotSymbolMode >= kPointDensitySymbols
+               && record.PlotSymbolMode <= kContoursAndGrid);
 }
 
 /// The value at the node nearest to a position, if a grid of appended numbers is shown.
