@@ -3,6 +3,7 @@
 #include "batch/dump.h"
 
 #include "batch/field_access.h"
+#include "batch/figure_command.h"
 #include "batch/file_dump.h"
 #include "batch/region_command.h"
 #include "batch/rose_dump.h"
@@ -260,6 +261,7 @@ void AddParts(Json& json) {
     const PlotRecord& record = ActiveRecord();
     json["annotations"] = AnnotationsJson(record);
     json["smallCircles"] = SmallCirclesJson(record);
+    json["figure"] = FigureJson(ActivePlot());
     json["gridCount"] = gGridCount[static_cast<std::size_t>(gActivePlot)];
     const WindowPlace place = FormOf(gActivePlot).Place();
     json["window"] = {{"state", place.state},

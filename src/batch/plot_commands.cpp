@@ -7,6 +7,7 @@
 #include "batch/density_command.h"
 #include "batch/derive_commands.h"
 #include "batch/edit_commands.h"
+#include "batch/figure_command.h"
 #include "batch/girdle_commands.h"
 #include "batch/key_values.h"
 #include "batch/print_command.h"
@@ -149,7 +150,11 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"kinematic",
          {axes, [](const Command& c,
                    std::ostream&) { return MakeAxes(c.Bare(0).value_or(""), c.Value("sense")); }}},
-        {"layer", {one, [](const Command& c, std::ostream&) { return ChooseLayer(c.Words()); }}},
+        {"layer",
+         {its,
+          [](const Command& c, std::ostream&) {
+              return IsLayerChange(c) ? ApplyLayerArguments(c) : ChooseLayer(c.Words());
+          }}},
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},
@@ -167,6 +172,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"smallcircle",
          {four,
           [](const Command& c, std::ostream&) { return ApplySmallCircleArguments(c.arguments); }}},
+        {"style", {one, [](const Command& c, std::ostream&) { return ApplyStyle(c); }}},
         {"symbols", {one, PressSymbolButton}},
         {"undo", {none, [](const Command&, std::ostream&) { return TakeEditBack(); }}},
     };

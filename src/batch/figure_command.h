@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// The commands of a figure: its style and its layers.
+
+#pragma once
+
+#include "batch/script.h"
+#include "core/figure_style.h"
+#include "core/plot.h"
+#include "core/result.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// A style and the text of the file that holds it; empty for a standard style.
+struct StyleOfWord {
+    FigureStyle style;
+    std::string text;
+};
+
+/// The standard style of a name, in any case, or the style of a file: "Journal", "thesis.json".
+[[nodiscard]] Result<StyleOfWord> ReadStyle(const std::string& name);
+
+/// Gives gActivePlot the style of a name, or of a file, and draws it: `style Journal`,
+/// `style thesis.json`. If the style cannot be read, nothing changes.
+///
+/// @return empty, or an error message
+[[nodiscard]] std::string ApplyStyle(const Command& command);
+
+/// The words that change the layers of gActivePlot.
+[[nodiscard]] bool IsLayerChange(const Command& command);
+
+/// Changes the layers of gActivePlot and draws it. Places count from 1, the lowest layer.
+///
+///     layer add main bands            adds it, below results and above other rows
+///     layer add main symbols colour=#b02030 size=1.5 name="Poles to beds"
+///     layer change 3 opacity=0.5 hidden=yes
+///     layer move 3 1
+///     layer remove 3
+///     layer mode                      the layers of the plot's mode
+///
+/// @return empty, or an error message
+[[nodiscard]] std::string ApplyLayerArguments(const Command& command);
+
+/// The style and the layers of a plot, lowest first.
+[[nodiscard]] nlohmann::ordered_json FigureJson(const Plot& plot);
+
+} // namespace quandrel
