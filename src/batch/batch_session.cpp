@@ -2,6 +2,7 @@
 
 #include "batch/batch_session.h"
 
+#include "batch/export_command.h"
 #include "batch/fabric_command.h"
 #include "batch/key_values.h"
 #include "batch/plot_commands.h"
@@ -109,7 +110,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"close", {&BatchSession::Close, none}},
         {"cone", {&BatchSession::Cone, one}},
         {"dump", {&BatchSession::Dump, one}},
-        {"export", {&BatchSession::Export, {1, {"size", "part"}}}},
+        {"export", {&BatchSession::Export, {1, ExportKeys()}}},
         {"fabric", {&BatchSession::Fabric, {1, {kFabricOf, kFabricKind, kFabricSize}}}},
         {"format", {&BatchSession::Format, its}},
         {"formulas", {&BatchSession::ChooseFormulas, one}},

@@ -5,6 +5,7 @@
 #include "batch/batch_session.h"
 #include "batch/density_command.h"
 #include "batch/dump.h"
+#include "batch/export_command.h"
 #include "batch/fabric_command.h"
 #include "batch/field_access.h"
 #include "batch/field_rules.h"
@@ -109,20 +110,8 @@ std::string BatchSession::Export(const Command& command) {
     if (const std::string error = NeedPlotAsSet(); !error.empty()) {
         return error;
     }
-    PictureOptions options;
-    if (const std::optional<std::string> text = command.Value("size")) {
-        const std::optional<int> size = WholeNumber(*text, 50, 20000);
-        if (!size) {
-            return "'" + *text + "' is not a size: 50 to 20000 pixels";
-        }
-        options.size = *size;
-    }
-    const std::string part = command.Value("part").value_or("whole");
-    if (part != "whole" && part != "net") {
-        return "'" + part + "' is neither whole nor net";
-    }
-    options.part = part == "net" ? PicturePart::NetAlone : PicturePart::WholePlot;
-    return SavePlotPicture(*path, options);
+    const Result<PictureOptions> options = OptionsOfExport(command);
+    return options ? SavePlotPicture(*path, *options) : options.Error();
 }
 
 /// Draws a fabric plot, and prints its values as one line of JSON.

@@ -27,6 +27,7 @@ namespace {
 
 constexpr int kPdfResolution = 1200;
 constexpr double kLogicalResolution = 96;
+constexpr double kPointsInAPixel = 72 / kLogicalResolution;
 constexpr double kInchesInAMetre = 1 / 0.0254;
 
 /// Wider or higher pictures are refused: such a size is a typing error, or shows no more detail.
@@ -115,7 +116,9 @@ std::string WriteSvg(const Picture& picture, const PutBytes& put) {
     const double height = picture.size.height * kPointsInAPixel;
     SvgWriter writer(width, height, kPointsInAPixel);
     writer.SetTitle(picture.title);
-    writer.Add(BoxShape({0, 0}, {width, height}), kNoSvgPen, {kSolidFill, kWhite, 1, {}});
+    if (!picture.size.isTransparent) {
+        writer.Add(BoxShape({0, 0}, {width, height}), kNoSvgPen, {kSolidFill, kWhite, 1, {}});
+    }
     SvgPage page(writer);
     picture.draw(page);
     put(writer.Document());
@@ -128,6 +131,8 @@ std::string WritePdf(const Picture& picture, const PutBytes& put) {
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(kPdfResolution);
+    // The library rounds the sides of a page to whole points, so that a page of 84 mm has 83.96 mm.
+    // What is drawn keeps its size.
     writer.setPageSize(
         QPageSize(size * kPointsInAPixel, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
@@ -189,6 +194,11 @@ std::string SavePicture(const std::string& path, const PictureSize& size, const 
     }
     if (!IsSensible(size)) {
         return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";
+    }
+    if (size.isTransparent && write == WritePng) {
+        return "'" + path
+               + "' could not be written: a PNG has a white ground; SVG and PDF can be "
+                 "transparent";
     }
     const Picture picture{size, DrawableText(title), draw};
     const std::string error =

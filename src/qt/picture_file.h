@@ -29,6 +29,7 @@ struct PictureSize {
     double scale = 1; ///< pixels of a PNG per logical pixel; vector files have no pixels
     /// Bands are invisible in a picture whose pens are all at least a pixel wide.
     std::size_t bandBytes = kBytesInBand;
+    bool isTransparent = false; ///< without a white ground; a PNG always has one, and is refused
 };
 
 /// Draws a picture on its page; that of a large PNG several times, each time clipped to a band.

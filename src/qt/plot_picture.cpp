@@ -2,8 +2,10 @@
 
 #include "qt/plot_picture.h"
 
+#include "core/data_format.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/plot_texts.h"
 #include "core/settings.h"
 #include "drawing/draw_plot.h"
@@ -30,12 +32,13 @@ std::string StatisticsShown(const Plot& plot) {
 
 /// The texts for the column beside the net of gActivePlot, measured on a surface.
 PictureTexts TextsOfActivePlot(Surface& unseen) {
-    const PlotRecord& record = ActiveRecord();
+    const Plot& plot = ActivePlot();
+    const PlotRecord& record = plot.record;
     PictureTexts texts;
     texts.isDescribed =
         record.LayerVisible[kDescriptionLayer] != 0 && !record.DescriptionText.empty();
     texts.statisticsHeight = HeightOfText(unseen, gSettings.styles.fonts[kStatsFont],
-                                          StatisticsShown(ActivePlot()), kPictureTextWidth);
+                                          StatisticsShown(plot), kPictureTextWidth);
     return texts;
 }
 
@@ -134,6 +137,58 @@ void DrawCopy(Surface& net, Surface& legend) {
     DrawPlot(plot, PaperDrawing(plot.record, net, legend));
 }
 
+constexpr double kPixelsInMillimetre = 96 / 25.4;
+constexpr double kPixelsInInch = 96;
+constexpr const char* kNoRoses =
+    "a rose cannot be drawn as a figure yet: leave out style, width, net, legend, dpi and "
+    "background";
+
+RoomRect InPixels(const FigureBox& box) {
+    return {box.left * kPixelsInMillimetre, box.top * kPixelsInMillimetre,
+            box.width * kPixelsInMillimetre, box.height * kPixelsInMillimetre};
+}
+
+std::shared_ptr<const FigureStyle> StyleOf(const FigureExport& figure, const PlotRecord& record) {
+    if (figure.style != nullptr) {
+        return figure.style;
+    }
+    std::shared_ptr<const FigureStyle> own = StyleOfPlot(record);
+    return *own == ClassicStyle()
+               ? std::make_shared<const FigureStyle>(*StandardStyle(kJournalStyle))
+               : own;
+}
+
+Drawing DrawingOfFigure(const PlotRecord& record, const FigureExport& figure, Surface& net,
+                        Surface& page) {
+    Drawing drawing = PaperDrawing(record, net, page);
+    drawing.figure = StyleOf(figure, record);
+    return drawing;
+}
+
+std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions& options) {
+    const FigureExport& figure = *options.figure;
+    if (plot.record.PlotKind == kRose) {
+        return kNoRoses;
+    }
+    const BusyPointer busy(*gPlatform.status);
+    WorkOutUnseen(plot);
+    UnseenSurface unseen(path);
+    const Result<FigureLayout> layout =
+        LayOutFigure(plot, DrawingOfFigure(plot.record, figure, unseen.Drawing(), unseen.Drawing()),
+                     figure.size);
+    if (!layout) {
+        return layout.Error();
+    }
+    const RoomRect whole = InPixels({0, 0, layout->width, layout->height});
+    PictureSize size{whole.width, whole.height, figure.dotsPerInch / kPixelsInInch,
+                     options.bandBytes};
+    size.isTransparent = figure.isTransparent;
+    return SavePicture(path, size, plot.record.PlotTitle, [&](PicturePage& page) {
+        Surface& net = page.In(InPixels(layout->net));
+        DrawFigure(plot, DrawingOfFigure(plot.record, figure, net, page.In(whole)), *layout);
+    });
+}
+
 } // namespace
 
 std::string PictureName(const PlotRecord& record) {
@@ -145,6 +200,9 @@ std::string PictureName(const PlotRecord& record) {
 }
 
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
+    if (options.figure) {
+        return SaveFigure(ActivePlot(), path, options);
+    }
     UnseenSurface unseen(path);
     const PictureLayout layout = LayOut(options.part, unseen.Drawing());
     const PictureSize picture{layout.width, layout.height,

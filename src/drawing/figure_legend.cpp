@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+
+#include "drawing/figure_legend.h"
+
+#include "core/data_format.h"
+#include "density/density_legend.h"
+#include "density/density_levels.h"
+#include "density/draw_density.h"
+#include "density/plot_density.h"
+#include "drawing/draw_plot.h"
+#include "drawing/figure_legend_maker.h"
+#include "drawing/layer_list.h"
+#include "edit/marks/small_circles.h"
+#include "orientation/angles.h"
+#include "orientation/number_text.h"
+#include "statistics/draw_regions.h"
+#include "statistics/orientation_notation.h"
+#include "statistics/plot_region_texts.h"
+#include "statistics/plot_regions.h"
+#include "statistics/region_texts.h"
+#include "stereo/net.h"
+#include "stereo/row_positions.h"
+#include "stereo/shown_layers.h"
+#include "stereo/symbols.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// "Multiples of uniform" in the middle of a sentence.
+std::string WithSmallFirst(std::string text) {
+    if (!text.empty() && text.front() >= 'A' && text.front() <= 'Z') {
+        text.front() = static_cast<char>(text.front() - 'A' + 'a');
+    }
+    return text;
+}
+
+/// A text without the name of a method: "Prentice" of "ellipse of Prentice".
+std::string AuthorOf(const std::string& method) {
+    const std::size_t at = method.find(" of ");
+    return at == std::string::npos ? method : method.substr(at + 4);
+}
+
+/// A great density has fewer decimals.
+std::string TextOfDensity(double value) {
+    constexpr double kSmall = 1;
+    return FormatNumber(value, value < kSmall ? "0.00" : "0.0");
+}
+
+} // namespace
+
+/// Levels as lines or symbols, below a title; filled bands are a bar.
+void LegendMaker::AddDensities() {
+    if (std::exchange(hasDensities_, true)) {
+        return;
+    }
+    const PlotDensity* const density = DensityOf(plot_);
+    if (density != nullptr && ShowsMainRowsAs(record_, kShowBands)) {
+        AddBar(*density);
+        return;
+    }
+    const bool arePoints = ShowsMainRowsAs(record_, kShowBandSymbols);
+    const double most = density != nullptr ? density->Greatest().value
+                        : arePoints        ? record_.PointDensityMax
+                                           : record_.GridDensityMax;
+    const DensityUnit unit = density != nullptr ? density->Unit() : DensityUnit::PerCentInCone;
+    FigureEntry title;
+    title.text = Named(NameOfUnit(unit)) + kMaximaText + TextOfDensity(most);
+    Add(std::move(title));
+    for (const LegendLine& line : BandLegendLines(plot_, drawing_.styles)) {
+        if (line.sample == LegendSample::Symbol || line.sample == LegendSample::Line) {
+            AddTableLine(line);
+        }
+    }
+}
+
+void LegendMaker::AddBar(const PlotDensity& density) {
+    const auto levels = density.Levels().size();
+    if (levels == 0) {
+        return;
+    }
+    FigureBar bar;
+    for (std::size_t level = 0; level < levels; ++level) {
+        bar.colours.push_back(ColourOfBand(drawing_.styles, record_, static_cast<int>(level),
+                                           static_cast<int>(levels)));
+        bar.numbers.push_back(FormatNumber(density.Levels()[level], "0.####"));
+    }
+    const bool hasOwn = layer_->LayerShow == kShowBands && layer_->LayerOpacity != kAsStyle;
+    bar.opacity = hasOwn ? layer_->LayerOpacity : record_.BandOpacity;
+    bar.title = Named(WithSmallFirst(NameOfUnit(density.Unit()))) + kMaximaText
+                + TextOfDensity(density.Greatest().value);
+    bar_ = std::move(bar);
+}
+
+void LegendMaker::AddDensityMarks() {
+    if (EnvelopeOf(plot_) != nullptr) {
+        LineLook look{DrawState(), AxesColour(drawing_)};
+        look.state.drawStyle = kDashedLine;
+        look.state.drawWidth = 2;
+        look.state.widthInPoints = FigureOf(drawing_).lines.regionWidth;
+        AddLine(std::move(look), Named(kEnvelopeText));
+    }
+}
+
+void LegendMaker::AddGirdles(int first, int last) {
+    for (int item = first; item <= last; ++item) {
+        if (!IsItemShown(record_, item)) {
+            continue;
+        }
+        const auto& values = record_.AxisItems[static_cast<std::size_t>(item)];
+        const char* const mean = IsPlottedAsPole(record_, 0) ? kMeanPlaneText : kPlaneOfAxisText;
+        const char* const noun = item == kGirdleItem      ? kBestGirdleText
+                                 : item == kMeanPlaneItem ? mean
+                                                          : kUserGirdleText;
+        AddLine(LookOfGirdle(record_, drawing_, item),
+                Named(noun) + " "
+                    + TextOfPlaneOfPole(NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]),
+                                        DecimalsShown(record_)));
+    }
+}
+
+void LegendMaker::AddAxes() {
+    for (int item = kFirstStatisticalItem; item < kAxisItems; ++item) {
+        if (!IsItemShown(record_, item)) {
+            continue;
+        }
+        const auto& values = record_.AxisItems[static_cast<std::size_t>(item)];
+        const char* const pole = IsPlottedAsPole(record_, 0) ? kFoldAxisText : kGirdleAxisText;
+        FigureEntry entry;
+        entry.sign = FigureSign::Axis;
+        entry.axis = item == kGirdleItem ? FigureAxis::Fold : FigureAxis::Principal;
+        entry.text = Named(item == kGirdleItem ? pole : kPrincipalAxisText) + " "
+                     + TextOfLine(NumberOf(values[kItemPlunge]), NumberOf(values[kItemTrend]),
+                                  DecimalsShown(record_));
+        Add(std::move(entry));
+    }
+}
+
+void LegendMaker::AddSmallCircles() {
+    if (!record_.PlotSmallCircles) {
+        return;
+    }
+    for (const SmallCircle& circle : *record_.PlotSmallCircles) {
+        const std::optional<CircleCone> cone = ConeOfCircle(circle);
+        if (circle.Visible == 0 || !cone) {
+            continue;
+        }
+        LineLook look{DrawState(), TableColour(drawing_.styles, circle.LineColour)};
+        look.state.drawStyle = circle.lineStyle;
+        look.state.drawWidth = circle.LineWidth;
+        AddLine(std::move(look), Named(kSmallCircleText) + " "
+                                     + FormatNumber(RadToDeg(cone->halfAngle), "0.#") + "° about "
+                                     + TextOfLine(cone->plunge, cone->trend));
+    }
+}
+
+/// "95% region (Prentice)"; where there are several, each says of what.
+void LegendMaker::AddRegions() {
+    std::vector<const PlotRegion*> shown;
+    for (const PlotRegion& region : RegionsOfPlot(plot_)) {
+        if (IsShown(record_, region)) {
+            shown.push_back(&region);
+        }
+    }
+    const std::string level = std::to_string(record_.RegionLevel) + kRegionText;
+    for (const PlotRegion* region : shown) {
+        const std::string name = shown.size() == 1 ? level : NameOfPlotRegion(record_, *region);
+        const std::string method =
+            AuthorOf(NameOfMethod(region->chosen->region.method, region->target));
+        AddLine(LookOfRegion(drawing_), Named(name) + " (" + method + ")");
+    }
+}
+
+void LegendMaker::AddResults() {
+    switch (layer_->LayerShow) {
+    case kShowMeanArrow:
+        if (IsMeanArrowShown(record_)) {
+            AddLine(LookOfAxisStyle(drawing_.plot, drawing_, kMeanGirdleStyle,
+                                    FigureOf(drawing_).lines.girdleWidth),
+                    Named(kMeanText));
+        }
+        break;
+    case kShowUserGirdles:
+        AddGirdles(kFirstUserGirdle, kLastUserGirdle);
+        break;
+    case kShowCalculatedGirdles:
+        AddGirdles(kFirstStatisticalItem, kAxisItems - 1);
+        break;
+    case kShowSmallCircles:
+        AddSmallCircles();
+        break;
+    case kShowRegions:
+        AddRegions();
+        break;
+    case kShowAxes:
+        AddAxes();
+        break;
+    default:
+        break;
+    }
+}
+
+void LegendMaker::AddRowLayer() {
+    switch (layer_->LayerShow) {
+    case kShowGridSymbols:
+    case kShowBandSymbols:
+    case kShowBands:
+    case kShowContours:
+        AddDensities();
+        break;
+    case kShowDensityMarks:
+        AddDensityMarks();
+        break;
+    case kShowGridValues:
+    case kShowValueContours:
+        AddClasses();
+        break;
+    default:
+        AddMainRows(static_cast<LayerShowCode>(layer_->LayerShow));
+        break;
+    }
+}
+
+void LegendMaker::AddLayer() {
+    if (layer_->LayerOf == kLayerOfMainRows) {
+        if (record_.NumValidData > 0) {
+            AddRowLayer();
+        }
+    } else if (layer_->LayerOf == kLayerOfOverlay) {
+        AddOverlay();
+    } else if (layer_->LayerOf == kLayerOfResults) {
+        AddResults();
+    }
+}
+
+FigureLegend LegendMaker::Made() && {
+    const std::vector<FigureLayer> layers = LayersOf(plot_);
+    for (const FigureLayer& layer : layers) {
+        if (layer.LayerHidden == 0 && IsPossible(layer)) {
+            layer_ = &layer;
+            AddLayer();
+        }
+    }
+    return {std::move(entries_), std::move(bar_)};
+}
+
+namespace {
+
+void DrawLineSign(Surface& surface, const LineLook& look, Point centre, double width) {
+    const SavedState saved(surface);
+    surface.SetState(look.state);
+    surface.Line({centre.x - width / 2, centre.y}, {centre.x + width / 2, centre.y}, look.colour);
+}
+
+} // namespace
+
+FigureLegend LegendOfFigure(const Plot& plot, const Drawing& drawing) {
+    return LegendMaker(plot, drawing).Made();
+}
+
+void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry& entry,
+                    Point centre, double width) {
+    Drawing own = drawing;
+    own.layer = &entry.layer;
+    switch (entry.sign) {
+    case FigureSign::None:
+        break;
+    case FigureSign::Rows:
+        DrawRowMarkers(surface, own, std::span(&centre, 1), entry.code, entry.rows);
+        break;
+    case FigureSign::TableSymbol:
+        DrawSymbols(surface, own.styles, std::span(&centre, 1), entry.code);
+        break;
+    case FigureSign::Axis:
+        DrawAxisMarker(surface, own, centre, entry.axis);
+        break;
+    case FigureSign::Line:
+        DrawLineSign(surface, entry.line, centre, width);
+        break;
+    }
+}
+
+} // namespace quandrel

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+//
+// Figures as their SVG files have them.
+
+#include "batch_fixture.h"
+#include "svg/text_metrics.h"
+
+#include <QImage>
+
+#include <regex>
+#include <vector>
+
+namespace quandrel {
+namespace {
+
+struct TextBox {
+    std::string text;
+    double left, top, right, bottom;
+    double size;
+};
+
+class ExportFigure : public BatchTest {
+protected:
+    std::string Svg(const std::string& commands, const std::string& keys) {
+        EXPECT_EQ(
+            Run("open \"FOLDER/planes.txt\"; " + commands + "export \"FOLDER/a.svg\" " + keys), "");
+        std::ifstream file(folder / "a.svg");
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+};
+
+/// All texts with the boxes of their letters; a group before them has their font.
+std::vector<TextBox> TextsOf(const std::string& svg) {
+    static const std::regex font("font-size=\"([0-9.]+)\"");
+    static const std::regex text("<text x=\"([-0-9.]+)\" y=\"([-0-9.]+)\"[^>]*>([^<]*)</text>");
+    std::vector<TextBox> boxes;
+    std::istringstream lines(svg);
+    double size = 0;
+    bool isBold = false;
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch found;
+        if (std::regex_search(line, found, font)) {
+            size = std::stod(found[1]);
+            isBold = line.find("bold") != std::string::npos;
+        }
+        if (std::regex_search(line, found, text)) {
+            const double x = std::stod(found[1]);
+            const double y = std::stod(found[2]);
+            boxes.push_back({found[3], x, y - 0.72 * size,
+                             x + WidthInEms(std::string(found[3]), isBold) * size, y + 0.21 * size,
+                             size});
+        }
+    }
+    return boxes;
+}
+
+bool Has(const std::vector<TextBox>& boxes, const std::string& text) {
+    return std::ranges::any_of(boxes, [&](const TextBox& box) { return box.text == text; });
+}
+
+constexpr const char* kBands = "symbols 5; density method=kernel unit=uniform picture=both "
+                               "levels=even; layer add main symbols; ";
+
+TEST_F(ExportFigure, IsAsWideAsWantedInEveryStyle) {
+    for (const std::string commands : {"symbols 1; ", "symbols 0; ", kBands}) {
+        for (const std::string style : {"screen", "journal", "grey"}) {
+            const std::string svg = Svg(commands, "width=84mm style=" + style);
+            EXPECT_NE(svg.find(" width=\"84mm\""), std::string::npos) << svg.substr(0, 200);
+            const std::vector<TextBox> boxes = TextsOf(svg);
+            EXPECT_TRUE(Has(boxes, "N")) << style;
+            EXPECT_TRUE(
+                Has(boxes, commands == "symbols 0; " ? "Planes, n = 3" : "Poles to planes, n = 3"));
+            constexpr double kWidth = 84 / 25.4 * 72;
+            for (std::size_t i = 0; i < boxes.size(); ++i) {
+                const TextBox& a = boxes[i];
+                EXPECT_GE(a.size, 6) << a.text;
+                EXPECT_GE(a.left, 0) << a.text;
+                EXPECT_GE(a.top, 0) << a.text;
+                EXPECT_LE(a.right, kWidth) << a.text;
+                for (std::size_t k = 0; k < i; ++k) {
+                    const TextBox& b = boxes[k];
+                    EXPECT_TRUE(a.left >= b.right || b.left >= a.right || a.top >= b.bottom
+                                || b.top >= a.bottom)
+                        << a.text << " on " << b.text;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(ExportFigure, HasTheLineWidthsOfItsStyle) {
+    const std::string svg = Svg("symbols 0; ", "style=journal");
+    EXPECT_NE(svg.find("stroke-width=\"0.75\""), std::string::npos) << "rim";
+    EXPECT_NE(svg.find("stroke-width=\"0.5\""), std::string::npos) << "great circles, ticks";
+}
+
+TEST_F(ExportFigure, LeavesTheStyleOfThePlotAndOtherPicturesAlone) {
+    const std::string before = Svg("symbols 1; ", "");
+    const std::string after =
+        Svg("symbols 1; export \"FOLDER/b.svg\" style=journal width=84mm; ", "");
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(ExportFigure, CanBeTransparentAndWithoutALegend) {
+    EXPECT_NE(Svg("", "width=84mm").find("<rect"), std::string::npos);
+    const std::string svg = Svg("", "width=84mm background=transparent legend=none");
+    EXPECT_EQ(svg.find("<rect"), std::string::npos);
+    EXPECT_EQ(svg.find("n = 3"), std::string::npos);
+}
+
+TEST_F(ExportFigure, SaysTheResolutionOfAPng) {
+    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; export \"FOLDER/a.png\" width=84mm dpi=600"), "");
+    const QImage image(QString::fromStdString((folder / "a.png").string()));
+    EXPECT_EQ(image.width(), 1984) << "84 / 25.4 * 600";
+    EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, 600, 0.1);
+}
+
+TEST_F(ExportFigure, RefusesWhatItCannotDraw) {
+    const std::string open = "open \"FOLDER/planes.txt\"; ";
+    EXPECT_NE(Run(open + "export \"FOLDER/a.svg\" width=84cm").find("84cm"), std::string::npos);
+    EXPECT_NE(Run(open + "export \"FOLDER/a.svg\" style=nosuch").find("nosuch"), std::string::npos);
+    EXPECT_NE(Run(open + "export \"FOLDER/a.svg\" width=84mm size=600").find("size"),
+              std::string::npos);
+    EXPECT_NE(Run(open + "export \"FOLDER/a.svg\" width=40mm net=60mm").find("narrow"),
+              std::string::npos);
+    EXPECT_NE(Run(open + "plot rose; export \"FOLDER/a.svg\" width=84mm").find("rose"),
+              std::string::npos);
+}
+
+} // namespace
+} // namespace quandrel
