@@ -145,11 +145,12 @@ TEST_F(DrawPlotTest, NamesTheGroupsOfANet) {
     GroupList net;
     GroupList legend;
     DrawPlot(plot, {net, legend, gSettings.styles, DrawnFor::Paper});
-    EXPECT_EQ(net.groups, "net: Net\nrows: beds.txt\n(grid-symbols: Grid densities)\n"
-                          "(contours: Contours)\noverlay-1: Overlay 1\n"
-                          "annotations: Annotations\nmean-direction: Mean direction\n"
+    EXPECT_EQ(net.groups, "net: Net\ngrid-symbols: Grid densities\ncontours: Contours\n"
+                          "overlay-1: Overlay 1\nannotations: Annotations\n"
+                          "mean-direction: Mean direction\nuser-girdles: User girdles\n"
                           "girdles: Girdles\nsmall-circles: Small circles\n"
-                          "regions: Confidence regions\naxes: Axes\n");
+                          "regions: Confidence regions\naxes: Axes\n")
+        << "one for each layer";
     EXPECT_EQ(net.named, net.Operations().size()) << "all that is drawn is in a group";
     EXPECT_EQ(legend.groups, "legend: Legend\n");
     EXPECT_EQ(legend.named, legend.Operations().size());
