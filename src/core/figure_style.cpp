@@ -114,7 +114,8 @@ bool IsValidNet(const NetStyle& net) {
 bool IsValidSymbols(const SymbolStyle& symbols) {
     return IsSize(symbols.size) && IsSize(symbols.leastSize) && symbols.rowsOfSize >= 0
            && symbols.rowsOfLeast >= symbols.rowsOfSize && IsSize(symbols.haloWidth)
-           && symbols.crowd >= 0 && symbols.crowdInk >= 0 && std::isfinite(symbols.crowdInk)
+           && symbols.crowd >= 0 && std::isfinite(symbols.crowdInk)
+           && (symbols.crowd == 0 ? symbols.crowdInk >= 0 : symbols.crowdInk > 0)
            && symbols.setColours.size() <= kMostSetLooks
            && symbols.setShapes.size() <= kMostSetLooks
            && std::all_of(symbols.setShapes.begin(), symbols.setShapes.end(),
@@ -166,8 +167,9 @@ double SymbolSizeOf(const SymbolStyle& style, std::int64_t rows) {
     if (rows >= style.rowsOfLeast) {
         return style.leastSize;
     }
-    const double part = std::log(static_cast<double>(rows) / style.rowsOfSize)
-                        / std::log(static_cast<double>(style.rowsOfLeast) / style.rowsOfSize);
+    const double few = std::max(1, style.rowsOfSize);
+    const double part =
+        std::log(static_cast<double>(rows) / few) / std::log(style.rowsOfLeast / few);
     return style.size + part * (style.leastSize - style.size);
 }
 

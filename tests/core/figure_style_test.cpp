@@ -84,5 +84,22 @@ TEST(FigureStyles, MakeManySymbolsSmallerAndSeeThrough) {
     EXPECT_DOUBLE_EQ(SymbolOpacityOf(ClassicStyle().symbols, 1'000'000), 1);
 }
 
+TEST(FigureStyles, MakeSymbolsSmallerFromTheFirstRowOn) {
+    SymbolStyle symbols;
+    symbols.size = 2;
+    symbols.leastSize = 1;
+    symbols.rowsOfLeast = 100;
+    EXPECT_DOUBLE_EQ(SymbolSizeOf(symbols, 0), 2);
+    EXPECT_DOUBLE_EQ(SymbolSizeOf(symbols, 1), 2);
+    EXPECT_DOUBLE_EQ(SymbolSizeOf(symbols, 10), 1.5);
+    EXPECT_DOUBLE_EQ(SymbolSizeOf(symbols, 100), 1);
+}
+
+TEST(FigureStyles, RefuseCrowdsThatCannotBeSeen) {
+    const std::string beyond = "The style cannot be read: a value is beyond its limits.";
+    EXPECT_EQ(FaultOf(R"({"symbols": {"crowd": 10, "crowdInk": 0}})"), beyond);
+    EXPECT_EQ(FaultOf(R"({"symbols": {"crowd": 0, "crowdInk": 0}})"), "");
+}
+
 } // namespace
 } // namespace quandrel
