@@ -34,15 +34,17 @@ constexpr int kLastBand = kLastBandSymbol - kFirstBandSymbol + 1;
 struct DensitiesShown {
     bool points = false;
     bool gridSymbols = false;
+    bool bands = false;
     bool contours = false;
 
-    [[nodiscard]] bool Any() const { return points || gridSymbols || contours; }
+    [[nodiscard]] bool Any() const { return points || gridSymbols || bands || contours; }
 };
 
 DensitiesShown ShownBy(const PlotRecord& record) {
     DensitiesShown shown;
     shown.points = ShowsMainRowsAs(record, kShowBandSymbols);
     shown.gridSymbols = ShowsMainRowsAs(record, kShowGridSymbols);
+    shown.bands = ShowsMainRowsAs(record, kShowBands);
     shown.contours = ShowsMainRowsAs(record, kShowContours);
     return shown;
 }

@@ -176,7 +176,7 @@ TEST(PublicSvg, HoldsAllThatARecordingHolds) {
     EXPECT_EQ(CountOf("<use", body), symbols);
     EXPECT_EQ(CountOf("<text", body), texts);
     EXPECT_EQ(body.find("nan"), std::string::npos);
-    for (const char* group : {"net", "rows", "grid-symbols", "contours"}) {
+    for (const char* group : {"net", "grid-symbols", "contours"}) {
         EXPECT_EQ(CountOf(std::string("<g id=\"") + group + "\">", body), 1U) << group;
     }
     EXPECT_EQ(CountOf("<text", BodyOf(legend)),
