@@ -89,6 +89,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
     gPlatform.printers = &printers_;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     InitialiseApplication();
+    gSettings.newPlots.style = {}; // scripts choose a style by a command
     SetOutsideFiles(outside);
     firstFormat_ = gSettings.format;
 }

@@ -4,6 +4,7 @@
 
 #include "batch/figure_command.h"
 #include "batch/key_values.h"
+#include "core/plot_style.h"
 #include "qt/plot_picture.h"
 
 #include <algorithm>
@@ -52,11 +53,11 @@ std::string TakeMillimetres(const std::string& value, double& field) {
 }
 
 std::string TakeStyle(const std::string& value, Draft& draft) {
-    Result<StyleOfWord> read = ReadStyle(value);
+    const Result<StyleChoice> read = ReadStyle(value);
     if (!read) {
         return read.Error();
     }
-    draft.figure.style = std::make_shared<const FigureStyle>(std::move(read->style));
+    draft.figure.style = StyleOfChoice(*read);
     return {};
 }
 

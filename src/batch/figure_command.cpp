@@ -3,15 +3,16 @@
 #include "batch/figure_command.h"
 
 #include "batch/key_values.h"
-#include "core/figure_style_text.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "drawing/layer_list.h"
 #include "edit/marks/plot_views.h"
-#include "input/text_file.h"
+#include "persistence/style_file.h"
 
 #include <nlohmann/json.hpp>
 
 #include <charconv>
+#include <filesystem>
 #include <optional>
 
 namespace quandrel {
@@ -164,30 +165,27 @@ std::string ChangeList(const Command& command, std::vector<FigureLayer>& layers)
 
 } // namespace
 
-Result<StyleOfWord> ReadStyle(const std::string& name) {
-    if (const FigureStyle* standard = StandardStyle(name)) {
-        return StyleOfWord{*standard, {}};
+Result<StyleChoice> ReadStyle(const std::string& name) {
+    if (StandardStyle(name) != nullptr) {
+        return ChoiceOfStandard(name);
     }
-    const Result<std::string> text = FirstBytes(name, kLongestStyleText + 1);
-    if (!text) {
-        return Failure{"'" + name + "' is neither a style nor a file: " + text.Error()};
+    Result<StyleChoice> read = ReadStyleFile(name);
+    if (!read && !std::filesystem::exists(name)) {
+        return Failure{"'" + name + "' is neither a style nor a file"};
     }
-    const Result<FigureStyle> style = StyleOfText(*text);
-    if (!style) {
-        return Failure{style.Error()};
-    }
-    return StyleOfWord{*style, *text};
+    return read;
 }
 
 std::string ApplyStyle(const Command& command) {
-    const Result<StyleOfWord> read = ReadStyle(command.Words());
+    RecordFigure figure = ActiveRecord();
+    if (command.Bare(0) == "save" && command.Bare(1)) {
+        return WriteStyleFile(*command.Bare(1), *StyleOfPlot(ActiveRecord()));
+    }
+    const Result<StyleChoice> read = ReadStyle(command.Words());
     if (!read) {
         return read.Error();
     }
-    RecordFigure figure = ActiveRecord();
-    const bool isClassic = read->text.empty() && read->style == ClassicStyle();
-    figure.StyleName = isClassic ? std::string() : read->style.name;
-    figure.StyleText = read->text;
+    SetStyle(figure, *read);
     ChangeFigure(gActivePlot, figure);
     return {};
 }

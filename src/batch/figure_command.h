@@ -5,9 +5,9 @@
 #pragma once
 
 #include "batch/script.h"
-#include "core/figure_style.h"
 #include "core/plot.h"
 #include "core/result.h"
+#include "core/style_choice.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -16,17 +16,12 @@
 
 namespace quandrel {
 
-/// A style and the text of the file that holds it; empty for a standard style.
-struct StyleOfWord {
-    FigureStyle style;
-    std::string text;
-};
-
 /// The standard style of a name, in any case, or the style of a file: "Journal", "thesis.json".
-[[nodiscard]] Result<StyleOfWord> ReadStyle(const std::string& name);
+[[nodiscard]] Result<StyleChoice> ReadStyle(const std::string& name);
 
 /// Gives gActivePlot the style of a name, or of a file, and draws it: `style Journal`,
-/// `style thesis.json`. If the style cannot be read, nothing changes.
+/// `style thesis.json`. If the style cannot be read, nothing changes. `style save thesis.json`
+/// writes the plot's style into a file.
 ///
 /// @return empty, or an error message
 [[nodiscard]] std::string ApplyStyle(const Command& command);

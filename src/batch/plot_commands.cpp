@@ -172,7 +172,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
         {"smallcircle",
          {four,
           [](const Command& c, std::ostream&) { return ApplySmallCircleArguments(c.arguments); }}},
-        {"style", {one, [](const Command& c, std::ostream&) { return ApplyStyle(c); }}},
+        {"style", {two, [](const Command& c, std::ostream&) { return ApplyStyle(c); }}},
         {"symbols", {one, PressSymbolButton}},
         {"undo", {none, [](const Command&, std::ostream&) { return TakeEditBack(); }}},
     };

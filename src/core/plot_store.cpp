@@ -5,6 +5,7 @@
 #include "core/item_style.h"
 #include "core/letter_case.h"
 #include "core/new_record.h"
+#include "core/plot_style.h"
 #include "core/row_links.h"
 #include "core/settings.h"
 #include "platform/platform.h"
@@ -174,6 +175,7 @@ PlotRecord NewPlotRecord(const Settings& settings) {
     record.PrimaryFormat = settings.format.primary;
     record.PlotKind = settings.format.plotKind;
     record.UseDecimals = newPlots.useDecimals ? kTrue : std::int16_t{0};
+    SetStyle(record, newPlots.style);
     record.LayerVisible = {0,     kTrue, kTrue,
                            kTrue, kTrue, newPlots.statisticsShown ? kTrue : std::int16_t{0}};
     SetDefaultClasses(record, newPlots);

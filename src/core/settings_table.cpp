@@ -29,6 +29,8 @@ constexpr double kMostColumn = 254;
 constexpr double kStartPlotWidth = 50;  ///< per cent of the main window
 constexpr double kStartPlotAspect = 75; ///< per cent of the width
 constexpr double kStartSectorSize = 10; ///< degrees
+constexpr const char* kStartStyle = "Screen";
+constexpr const char* kStartExportStyle = "Journal";
 constexpr double kFirstVersionWithBetaStyle = 9.5;
 
 /// Where a setting is stored, and which groups save it.
@@ -175,6 +177,9 @@ void AddFiles(Rows& table) {
         Words({{Session}, kStartUp, "LastUsedWorkSpaceFileName"}, gSettings.files.workspaceName));
     table.push_back(
         Words({{Session}, kStartUp, "LastUsedWSpaceFileTitle"}, gSettings.files.workspaceTitle));
+    StyleChoice& style = gSettings.files.exportStyle;
+    table.push_back(Words({{Session}, kStartUp, "ExportStyle"}, style.name, kStartExportStyle));
+    table.push_back(Words({{Session}, kStartUp, "ExportStyleText"}, style.text));
 }
 
 Setting ChoiceOfFormulas() {
@@ -206,6 +211,10 @@ void AddPreferences(Rows& table) {
     table.push_back(ChoiceOfFormulas());
     table.push_back(
         Truth({{Preferences}, kStartUp, "UseDecimals"}, gSettings.newPlots.useDecimals, false));
+    StyleChoice& style = gSettings.newPlots.style;
+    table.push_back(
+        Words({{Preferences, Session}, kStartUp, "NewPlotStyle"}, style.name, kStartStyle));
+    table.push_back(Words({{Preferences, Session}, kStartUp, "NewPlotStyleText"}, style.text));
     table.push_back(WholeNumber({{Preferences}, kSymbolArray, "gShowIsolatedPts"}, gShowIsolatedPts,
                                 0, {-1, 1}));
 }
@@ -228,6 +237,8 @@ void AddSession(Rows& table) {
                                 {1, kMostPlots}));
     table.push_back(
         Truth({{Session}, kStartUp, "MIToolbarShow"}, gSettings.windows.mapToolbar, true));
+    table.push_back(
+        Truth({{Session}, kStartUp, "ToolLabels"}, gSettings.windows.toolLabels, true));
     table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
                           "tickauto"));
     table.push_back(SectorSize());

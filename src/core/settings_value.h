@@ -9,6 +9,7 @@
 #include "core/formulas.h"
 #include "core/plot_record.h"
 #include "core/styles.h"
+#include "core/style_choice.h"
 #include "platform/window_place.h"
 
 #include <cstdint>
@@ -32,6 +33,7 @@ struct WindowSettings {
     std::int16_t plotWidthPercent = 50; ///< of a new plot window, per cent of the main window
     float plotAspect = 0.75F;           ///< its height over its width
     bool mapToolbar = true;             ///< whether the toolbar of a map link is shown
+    bool toolLabels = true;             ///< whether buttons of the tool strip have names below
 };
 
 /// Files and folders.
@@ -44,6 +46,7 @@ struct FileSettings {
     std::string lastVersion = "9.4"; ///< the program version that saved the settings
     bool nonDataLines = false;       ///< whether texts of plots include the lines that are not data
     std::vector<std::string> recent; ///< paths of recent files, the latest first
+    StyleChoice exportStyle = {"Journal", {}}; ///< of figures for print (StyleChoiceForPrint)
 };
 
 /// Roses of new plots.
@@ -62,6 +65,7 @@ struct NewPlotSettings {
     std::int16_t statsBoxKind = 0; ///< statistics box: 0 normal, other advanced
     bool statisticsShown = true;
     bool useDecimals = false; ///< RecordView::UseDecimals
+    StyleChoice style;        ///< Classic, unless the settings say otherwise
     RoseDefaults rose;
     Table<TaggedValue, kClassRows, 3> classes;
 };

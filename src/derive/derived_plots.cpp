@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/plot_life.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/replot.h"
 #include "derive/measured_line.h"
 #include "input/data_rows.h"
@@ -60,12 +61,14 @@ int LeftBeside(int neighbourLeft, int neighbourWidth, int width, int screenWidth
 int OpenDerivedPlot(int source) {
     const std::int16_t usesDecimals = RecordOf(source).UseDecimals;
     const std::int16_t formulas = RecordOf(source).PlotFormulas;
+    const StyleChoice style = StyleChoiceOf(RecordOf(source));
     if (!PrepareNewPlotWindow()) {
         return 0;
     }
     PlotRecord& record = ActiveRecord();
     record.UseDecimals = usesDecimals;
     record.PlotFormulas = formulas;
+    SetStyle(record, style);
     if (record.PlotKind == kRose) { // the next file says nothing about derived lines
         record.PlotKind = kEqualArea;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "persistence/binary_plot_fields.h"
+#include "core/plot_style.h"
 #include "persistence/plot_blocks.h"
 
 #include <cmath>
@@ -59,6 +60,7 @@ void TakeEarlierValues(BinaryPlot& plot) {
 Result<BinaryPlot> Read(std::string_view bytes) {
     BinaryPlot plot;
     plot.record = NewPlotRecord();
+    SetStyle(plot.record, {}); // a file without a style is drawn as it always was
     BinaryReader reader(bytes);
     std::string error;
     ReadHeading(reader, plot, error);

@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/setting_keys.h"
 #include "core/settings_group.h"
 #include "orientation/number_text.h"
@@ -36,6 +37,7 @@ void UseGeneralOptions(const Settings& preferences) {
     gConvertDecimals = preferences.notation.convertDecimals;
     gSettings.files.nonDataLines = preferences.files.nonDataLines;
     gSettings.newPlots.useDecimals = preferences.newPlots.useDecimals;
+    gSettings.newPlots.style = preferences.newPlots.style;
 }
 
 /// Saves a number of plots for the next run; this run keeps its own.
@@ -82,6 +84,7 @@ Settings CurrentPreferences() {
 Settings DefaultPreferences() {
     Settings start;
     start.styles = StartStyles();
+    start.newPlots.style = ChoiceOfStandard(kScreenStyle);
     return start;
 }
 

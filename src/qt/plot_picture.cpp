@@ -149,13 +149,7 @@ RoomRect InPixels(const FigureBox& box) {
 }
 
 std::shared_ptr<const FigureStyle> StyleOf(const FigureExport& figure, const PlotRecord& record) {
-    if (figure.style != nullptr) {
-        return figure.style;
-    }
-    std::shared_ptr<const FigureStyle> own = StyleOfPlot(record);
-    return *own == ClassicStyle()
-               ? std::make_shared<const FigureStyle>(*StandardStyle(kJournalStyle))
-               : own;
+    return figure.style != nullptr ? figure.style : StyleOfChoice(StyleChoiceForPrint(record));
 }
 
 Drawing DrawingOfFigure(const PlotRecord& record, const FigureExport& figure, Surface& net,

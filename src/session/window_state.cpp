@@ -10,6 +10,7 @@
 #include "edit/selection/marquee.h"
 #include "persistence/binary_plot_file.h"
 #include "platform/platform.h"
+#include "session/style_commands.h"
 #include "statistics/confidence_cone.h"
 
 namespace quandrel {
@@ -80,6 +81,14 @@ void SetTypeButtons(ToolbarState& state, int plotKind, int dataKind, bool isOfDi
     }
 }
 
+void SetStyleItems(ToolbarState& state, const PlotRecord& record) {
+    const std::optional<std::size_t> style = StandardStyleOf(record);
+    for (std::size_t i = 0; i < state.styles.size(); ++i) {
+        state.styles[i] = {true, style == i};
+    }
+    state.hasOwnStyle = !style;
+}
+
 void SetFormulaItems(ToolbarState& state, const PlotRecord& record) {
     for (std::size_t choice = 0; choice < state.formulas.size(); ++choice) {
         state.formulas[choice] = {true, static_cast<std::size_t>(record.PlotFormulas) == choice};
@@ -146,6 +155,7 @@ ToolbarState StateOfToolbar() {
     SetDisplayButtons(state);
     state.useDecimals = {true, record.UseDecimals != 0};
     SetFormulaItems(state, record);
+    SetStyleItems(state, record);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
     state.confidenceCone = {state.isStereo
                                 && ConfidenceConeAngle(record, FormulasInForce(record)).has_value(),

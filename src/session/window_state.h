@@ -33,6 +33,8 @@ struct ToolbarState {
     std::array<ControlState, 2> secondary; ///< as the base plot, as an overlay
     ControlState useDecimals;
     std::array<ControlState, 3> formulas; ///< by PlotFormulasCode
+    std::array<ControlState, 4> styles;   ///< in the order of StandardStyles()
+    bool hasOwnStyle = false;             ///< the plot's style is that of a file
     ControlState annotations;
     ControlState confidenceCone;
     bool intersections = false; ///< each row holds two planes

@@ -82,10 +82,13 @@ protected:
         gSettings.files.workspaceFolder = "/w";
         gSettings.files.workspaceName = "f";
         gSettings.files.workspaceTitle = "t";
+        gSettings.files.exportStyle = {"Thesis", "{}"};
+        gSettings.newPlots.style = {"Grey", ""};
         gSettings.newPlots.rose.scaleType = "circ2.5";
         gRoseSectorSize = 22.5;
         gRoseSectorFraction = 77;
         gSettings.windows.mapToolbar = false;
+        gSettings.windows.toolLabels = false;
         gPlotWinLast = true;
         gPlotWidthPercent = 61;
         gPlotAspect = 0.333F;

@@ -37,6 +37,7 @@ protected:
         gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
         gPlatform.today = "2026-11-21";
         LoadSettings();
+        gSettings.newPlots.style = {}; // Classic: other styles are chosen by the tests of them
         gDecimalIsComma = false;
         gConvertDecimals = false;
         MakeStoreTables();

@@ -3,6 +3,7 @@
 #include "shell/preferences/frm_preferences.h"
 
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "orientation/number_text.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
@@ -167,6 +168,7 @@ void frmPreferences::Load() {
     txtNumPlots->setText(QString::fromStdString(FormatNumber(now_.newPlots.maxPlots, "#0")));
     optPitchName[now_.notation.pitchName == "rake" ? 1 : 0]->setChecked(true);
     optFormulas[now_.notation.formulas == Formulas::Textbook ? 1 : 0]->setChecked(true);
+    ShowNewPlotStyle();
     chkUseDecimals->setChecked(now_.newPlots.useDecimals);
     chkDecimalConv->setChecked(now_.notation.convertDecimals);
     chkSaveLinesOption->setChecked(now_.files.nonDataLines);
@@ -211,6 +213,7 @@ Settings frmPreferences::Choice() const {
         MaxPlotsOf(txtNumPlots->text().toStdString(), now_.newPlots.maxPlots);
     choice.notation.pitchName = optPitchName[1]->isChecked() ? "rake" : "pitch";
     choice.notation.formulas = optFormulas[1]->isChecked() ? Formulas::Textbook : Formulas::Own;
+    choice.newPlots.style = NewPlotStyle();
     choice.newPlots.useDecimals = chkUseDecimals->isChecked();
     choice.notation.convertDecimals = chkDecimalConv->isChecked();
     choice.files.nonDataLines = chkSaveLinesOption->isChecked();
@@ -219,6 +222,26 @@ Settings frmPreferences::Choice() const {
         choice.styles.showIsolatedPts = showsIsolated ? 1 : 0;
     }
     return choice;
+}
+
+void frmPreferences::ShowNewPlotStyle() {
+    const auto styles = static_cast<int>(StandardStyles().size());
+    while (cboNewPlotStyle->count() > styles) {
+        cboNewPlotStyle->removeItem(styles);
+    }
+    const StyleChoice& choice = now_.newPlots.style;
+    const QString name = QString::fromStdString(StyleOfChoice(choice)->name);
+    if (!choice.text.empty()) {
+        cboNewPlotStyle->addItem(name.isEmpty() ? QString("Own") : name);
+    }
+    cboNewPlotStyle->setCurrentIndex(choice.text.empty() ? cboNewPlotStyle->findText(name)
+                                                         : styles);
+}
+
+StyleChoice frmPreferences::NewPlotStyle() const {
+    const auto index = static_cast<std::size_t>(cboNewPlotStyle->currentIndex());
+    return index < StandardStyles().size() ? ChoiceOfStandard(StandardStyles()[index].name)
+                                           : now_.newPlots.style;
 }
 
 bool frmPreferences::IsSaveWanted() const {

@@ -111,7 +111,9 @@ public:
     QCheckBox* chkUseLastDirectory = nullptr;
     std::array<QRadioButton*, 2> optPitchName{};
     std::array<QRadioButton*, 2> optFormulas{}; ///< the program's own, or those of textbooks
-    QCheckBox* chkUseDecimals = nullptr;        ///< in new plots
+    QComboBox* cboNewPlotStyle =
+        nullptr; ///< the standard styles, then that of a file if it is in use
+    QCheckBox* chkUseDecimals = nullptr; ///< in new plots
     QCheckBox* chkDecimalConv = nullptr;
     QCheckBox* chkSaveLinesOption = nullptr;
     QCheckBox* chkIsolatedPts = nullptr;
@@ -182,6 +184,9 @@ private:
     void AddFont(QGridLayout& grid, int line, std::size_t font, const QString& caption);
     [[nodiscard]] QLayout* MakePlotCount();
     [[nodiscard]] QGroupBox* MakePitchBox();
+    [[nodiscard]] QLayout* MakeStyleOfNewPlots();
+    void ShowNewPlotStyle();
+    [[nodiscard]] StyleChoice NewPlotStyle() const;
     void AddGeneralChecks(QVBoxLayout& layout);
     [[nodiscard]] QWidget* MakeGeneralPage();
     [[nodiscard]] QGroupBox* MakeFolderBox();

@@ -2,6 +2,7 @@
 //
 // The pages of the preferences without style tables: plot style, fonts, general.
 
+#include "core/figure_style.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/text_boxes.h"
 #include "shell/preferences/frm_preferences.h"
@@ -225,6 +226,23 @@ void frmPreferences::AddGeneralChecks(QVBoxLayout& layout) {
     }
 }
 
+QLayout* frmPreferences::MakeStyleOfNewPlots() {
+    auto* row = new QHBoxLayout;
+    cboNewPlotStyle = new QComboBox;
+    cboNewPlotStyle->setObjectName("cboNewPlotStyle");
+    cboNewPlotStyle->setToolTip("The style that new plots begin with. Plot > Style changes that of "
+                                "a plot");
+    for (const FigureStyle& style : StandardStyles()) {
+        cboNewPlotStyle->addItem(QString::fromStdString(style.name));
+    }
+    auto* label = new QLabel("St&yle of new plots");
+    label->setBuddy(cboNewPlotStyle);
+    row->addWidget(label);
+    row->addWidget(cboNewPlotStyle);
+    row->addStretch(1);
+    return row;
+}
+
 QWidget* frmPreferences::MakeGeneralPage() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -237,6 +255,7 @@ QWidget* frmPreferences::MakeGeneralPage() {
     layout->addWidget(MakeFolderBox());
     layout->addWidget(MakePitchBox());
     layout->addWidget(MakeFormulasBox());
+    layout->addLayout(MakeStyleOfNewPlots());
     layout->addSpacing(8);
     AddGeneralChecks(*layout);
     layout->addStretch(1);
