@@ -9,6 +9,7 @@
 #include "core/plot_store.h"
 #include "density/density_legend.h"
 #include "derive/slip_arrows.h"
+#include "drawing/shown_legend.h"
 #include "orientation/angles.h"
 #include "rose/rose_legend.h"
 #include "statistics/axis_statistics.h"
@@ -290,8 +291,8 @@ void DrawBand(const Drawing& drawing, const LegendLine& line, double left, doubl
     box.Polygon(corners, AxesColour(drawing));
 }
 
-void DrawSample(const Drawing& drawing, const LegendLine& line, const LegendLayout& layout,
-                double top) {
+void DrawSample(const Drawing& drawing, const ShownLegend& legend, const LegendLine& line,
+                const LegendLayout& layout, double top) {
     Surface& box = drawing.legend;
     const double middle = top - layout.lineHeight / 2;
     const double centre = layout.sampleWidth / 2.5;
@@ -322,6 +323,10 @@ void DrawSample(const Drawing& drawing, const LegendLine& line, const LegendLayo
     case LegendSample::Band:
         DrawBand(drawing, line, left, right, top, layout.lineHeight);
         return;
+    case LegendSample::Figure:
+        DrawFigureSign(box, drawing, legend.signs[static_cast<std::size_t>(line.code)],
+                       {centre, middle}, right - left);
+        return;
     }
 }
 
@@ -329,25 +334,25 @@ double LeftOfText(const LegendLine& line, const LegendLayout& layout) {
     return line.sample == LegendSample::None ? 0 : layout.sampleWidth;
 }
 
-void DrawLine(const Drawing& drawing, const LegendLine& line, const LegendLayout& layout,
-              double top) {
+void DrawLine(const Drawing& drawing, const ShownLegend& legend, const LegendLine& line,
+              const LegendLayout& layout, double top) {
     Surface& box = drawing.legend;
-    DrawSample(drawing, line, layout, top);
+    DrawSample(drawing, legend, line, layout, top);
     const double left = LeftOfText(line, layout);
     const double textTop = top - (layout.lineHeight - box.TextHeight()) / 2;
     box.Text({left, textTop}, CutToWidth(box, DrawableText(line.text), layout.width - left));
 }
 
-void DrawLines(const Drawing& drawing, const LegendLayout& layout,
-               const std::vector<LegendLine>& lines) {
+void DrawLines(const Drawing& drawing, const LegendLayout& layout, const ShownLegend& legend) {
+    const std::vector<LegendLine>& lines = legend.lines;
     const auto room = static_cast<std::size_t>(std::max(layout.height / layout.lineHeight, 1.0));
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const double top = -layout.lineHeight * static_cast<double>(i);
         if (i + 1 == room && lines.size() > room) {
-            DrawLine(drawing, TextLine(std::string(kCutMark)), layout, top);
+            DrawLine(drawing, legend, TextLine(std::string(kCutMark)), layout, top);
             return;
         }
-        DrawLine(drawing, lines[i], layout, top);
+        DrawLine(drawing, legend, lines[i], layout, top);
     }
 }
 
@@ -395,7 +400,7 @@ LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing) {
     }
     const LegendLayout layout = LayOut(drawing);
     const Point pixel = drawing.legend.PixelSize();
-    for (const LegendLine& line : LegendLines(plot, drawing.styles, drawing.formulas)) {
+    for (const LegendLine& line : LegendShown(plot, drawing).lines) {
         const double left = LeftOfText(line, layout);
         size.width = std::max(size.width, (left + drawing.legend.TextWidth(line.text)) / pixel.x);
         size.height += layout.lineHeight / pixel.y;
@@ -404,7 +409,7 @@ LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing) {
 }
 
 void DrawLegendLines(const Drawing& drawing, const std::vector<LegendLine>& lines) {
-    DrawLines(drawing, LayOut(drawing), lines);
+    DrawLines(drawing, LayOut(drawing), {lines, {}});
 }
 
 void DrawLegend(const Plot& plot, const Drawing& drawing) {
@@ -414,7 +419,7 @@ void DrawLegend(const Plot& plot, const Drawing& drawing) {
     }
     if (plot.record.LayerVisible[kLegendLayer] != 0) {
         const NamedGroup group(drawing.legend, "legend", "Legend");
-        DrawLines(drawing, layout, LegendLines(plot, drawing.styles, drawing.formulas));
+        DrawLines(drawing, layout, LegendShown(plot, drawing));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_formulas.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/settings.h"
 #include "drawing/draw_plot.h"
 #include "drawing/work_out.h"
@@ -71,7 +72,7 @@ Styles StylesForPrinter(const Styles& styles) {
 void DrawOnPaper(Surface& net, Surface& legend, const Styles& styles) {
     const Plot& plot = ActivePlot();
     DrawPlot(plot, {net, legend, styles, DrawnFor::Paper, FormulasInForce(plot.record),
-                    gPlatform.status});
+                    gPlatform.status, 0, StyleOfPlot(plot.record)});
 }
 
 /// Draws the active plot without legend and texts.

@@ -2,14 +2,14 @@
 
 #include "print/print_texts.h"
 
-#include "core/plot_formulas.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
-#include "drawing/legend.h"
 #include "drawing/plot_driver.h"
+#include "drawing/shown_legend.h"
 #include "stereo/drawable_text.h"
 #include "stereo/legend_line.h"
 #include "stereo/text_lines.h"
+#include "stereo/window_drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -187,7 +187,7 @@ TextPlan PlanTexts(Surface& surface, const Styles& styles, double width, double 
     const Plot& plot = ActivePlot();
     const std::vector<LegendLine> legend =
         plot.record.LayerVisible[kLegendLayer] != 0
-            ? LegendLines(plot, styles, FormulasInForce(plot.record))
+            ? LegendShown(plot, PaperDrawing(plot.record, surface, surface)).lines
             : std::vector<LegendLine>();
     const std::vector<Section> sections = SectionsOfPlot();
     TextPlan plan;

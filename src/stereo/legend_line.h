@@ -22,6 +22,7 @@ enum class LegendSample {
            ///< width
     Outline, ///< a broad dashed line in the colour of axes
     Band,    ///< a piece of a colour bar, as high as the line
+    Figure,  ///< a sign of the legend of a figure (drawing/shown_legend.h), `code` its number
 };
 
 struct LegendLine {

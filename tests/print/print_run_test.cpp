@@ -130,6 +130,16 @@ TEST_F(PrintTest, WritesLegendFabricDescriptionAndStatisticsInThisOrder) {
     }
 }
 
+TEST_F(PrintTest, DrawsAPlotInItsStyle) {
+    const int slot = MakePlot("bedding");
+    RecordOf(slot).StyleName = "Journal";
+    PrintLayout layout = LayoutOf({slot}, printer.paper);
+    SizePlot(layout, 0, 50);
+    EXPECT_EQ(PrintSelectedPlots(layout.plots), PrintOutcome::Printed);
+    (void)PartWith("N");
+    (void)PartWith("Poles to bedding, n = 3");
+}
+
 TEST_F(PrintTest, LeavesOutTextsThatThePlotDoesNotShow) {
     const int slot = MakePlot("Bedding");
     ActiveRecord().LayerVisible.fill(0);

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// The legend beside a plot as the plot's style wants it: in Classic that of the tables (legend.h),
+// in other styles that of the figure, a line for each entry and for each band of its bar.
+
+#pragma once
+
+#include "core/plot.h"
+#include "drawing/figure_legend.h"
+#include "stereo/drawing.h"
+#include "stereo/legend_line.h"
+
+#include <vector>
+
+namespace quandrel {
+
+struct ShownLegend {
+    std::vector<LegendLine> lines;  ///< top to bottom
+    std::vector<FigureEntry> signs; ///< of the lines with LegendSample::Figure
+};
+
+/// The legend of a plot whose results are worked out. Nothing is drawn.
+[[nodiscard]] ShownLegend LegendShown(const Plot& plot, const Drawing& drawing);
+
+} // namespace quandrel
