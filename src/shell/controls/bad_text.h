@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "qt/dark_image.h"
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QLineEdit>
@@ -13,9 +15,7 @@ namespace quandrel {
 
 /// The colour of invalid texts, on the base colour of the program's palette.
 [[nodiscard]] inline QColor BadTextColour() {
-    constexpr int kDarkBelow = 128; // lightness of a dark palette's base
-    const bool isDark = QGuiApplication::palette().color(QPalette::Base).lightness() < kDarkBelow;
-    return isDark ? QColor(0xff, 0x7a, 0x70) : QColor(0xb8, 0x00, 0x00);
+    return IsDarkTheme() ? QColor(0xff, 0x7a, 0x70) : QColor(0xb8, 0x00, 0x00);
 }
 
 /// Shows the text of a box in that colour, or in the usual one.

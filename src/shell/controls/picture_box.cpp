@@ -3,6 +3,7 @@
 #include "shell/controls/picture_box.h"
 
 #include "platform/surface.h"
+#include "qt/dark_image.h"
 #include "shell/controls/plain_tip.h"
 
 #include <QHelpEvent>
@@ -18,10 +19,17 @@ PictureBox::PictureBox(QWidget* parent, int margin)
     if (margin == 0) {
         setAttribute(Qt::WA_OpaquePaintEvent);
     } else {
-        QPalette white = palette();
-        white.setColor(QPalette::Window, Qt::white);
-        setPalette(white);
+        SetPaper();
         setAutoFillBackground(true);
+    }
+}
+
+void PictureBox::SetPaper() {
+    const QColor paper = IsDarkTheme() ? InDarkColours(QColor(Qt::white)) : QColor(Qt::white);
+    QPalette colours = palette();
+    if (colours.color(QPalette::Window) != paper) {
+        colours.setColor(QPalette::Window, paper);
+        setPalette(colours);
     }
 }
 
@@ -79,8 +87,19 @@ void PictureBox::paintEvent(QPaintEvent*) {
     PaintDrawing(both.Image());
 }
 
+void PictureBox::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        if (margin_ != 0) {
+            SetPaper();
+        }
+        update();
+    }
+}
+
 void PictureBox::PaintDrawing(const QImage& drawing) {
-    PaintImage(*this, QRect(QPoint(margin_, margin_), PictureSize()), drawing);
+    PaintImage(*this, QRect(QPoint(margin_, margin_), PictureSize()),
+               IsDarkTheme() ? InDarkColours(drawing) : drawing);
 }
 
 QPointF PictureBox::ShareAt(QPointF position) const {

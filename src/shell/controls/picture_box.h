@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A box that shows a stored drawing. The drawing is an image in the screen's pixel density;
-// painting the box only copies it.
+// painting the box only copies it. In dark themes it is painted in dark colours (qt/dark_image.h);
+// the drawing itself is always that for light ones, which is copied and exported.
 
 #pragma once
 
@@ -17,7 +18,7 @@ namespace quandrel {
 
 class PictureBox : public QWidget {
 public:
-    /// @param margin  white, around the drawing, logical pixels
+    /// @param margin  in the colour of paper, around the drawing, logical pixels
     explicit PictureBox(QWidget* parent, int margin = 0);
 
     /// The space for the drawing, logical pixels.
@@ -69,11 +70,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     [[nodiscard]] QPointF ShareAt(QPointF position) const;
     [[nodiscard]] Point PlotPointAt(QPointF position) const;
     void PaintDrawing(const QImage& drawing);
+    void SetPaper();
     [[nodiscard]] QSize SizeInPixels() const;
 
     int margin_;
