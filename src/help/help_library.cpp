@@ -17,6 +17,7 @@ namespace {
 constexpr std::array kTopics = {
     HelpTopic{"GeolPlotMain", "main_window.html"},
     HelpTopic{"frmAbout", "menu_help.html#about"},
+    HelpTopic{"frmCommandSearch", "menu_help.html#search"},
     HelpTopic{"frmConfidenceRegions", "dialog_confidence_regions.html"},
     HelpTopic{"frmDataClassification", "dialog_classification.html"},
     HelpTopic{"frmDataDisplay", "dialog_data_grids.html"},

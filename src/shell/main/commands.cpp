@@ -109,6 +109,17 @@ constexpr CommandSpec kCommands[] = {
      "Results of this plot follow Quandrel's own definitions", kNone, kNone, Kind::OnOff},
     {"mnuPlotFormulas_2", "&Textbook", "Results of this plot follow the formulas of the textbooks",
      kNone, kNone, Kind::OnOff},
+    {"mnuPlotStyle_0", "&Classic", "Sizes in pixels, from the preferences", kNone, kNone,
+     Kind::OnOff},
+    {"mnuPlotStyle_1", "&Screen", "Points and millimetres, for the window", kNone, kNone,
+     Kind::OnOff},
+    {"mnuPlotStyle_2", "&Journal", "Points and millimetres, for print", kNone, kNone, Kind::OnOff},
+    {"mnuPlotStyle_3", "&Grey", "Journal without colour", kNone, kNone, Kind::OnOff},
+    {"mnuPlotStyleOpen", "&Open...", "Gives the plot the style of a file", kNone, kNone,
+     Kind::OnOff},
+    {"mnuPlotStyleSave", "Sa&ve As...", "Writes the style of the plot into a file", kNone, kNone},
+    {"mnuPlotStyleNew", "Use for &New Plots", "New plots begin with the style of this one", kNone,
+     kNone},
     {"mnuPlotSymbols_0", "Great C&ircles", "Cyclographic plot", "great_circles", kNone,
      Kind::OnOff},
     {"mnuPlotSymbols_1", "Point &symbols", "Points only", "points", kNone, Kind::OnOff},
@@ -175,6 +186,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuViewRawData", "Ra&w Data...", kNone, "raw_data", kNone},
     {"mnuViewPlotData", "&Plotted Data...", kNone, "plot_data", kNone},
     {"mnuViewToolbar", "Hide &Toolbar", kNone, "toolbar", kNone},
+    {"mnuViewLabels", "&Names below Buttons", "The names of commands below their buttons", kNone,
+     kNone, Kind::OnOff},
     {"mnuViewPreferences", "Pr&eferences...", kNone, "preferences", kNone},
     // Map, windows, help
     {"mnuMapinfo_0", "Lin&k to Mapinfo...", kNone, "map_link", kNone},
@@ -186,6 +199,8 @@ constexpr CommandSpec kCommands[] = {
     {"mnuWindow_3", "&Arrange Icons", kNone, "arrange", kNone},
     {"mnuHelpQuandrel_0", "&Contents...", "Help", "help", "F1"},
     {"mnuHelpQuandrel_1", "&How to use Help...", kNone, kNone, kNone},
+    {"mnuHelpCommands", "&Search Commands...", "Finds a command by words of its name", kNone,
+     "Ctrl+K"},
     {"mnuHelpAbout", "&About Quandrel...", kNone, "about", kNone},
 };
 
@@ -250,6 +265,20 @@ void Commands::Enable(const QString& name, bool enabled) {
 void Commands::Enable(const QString& name, bool enabled, bool down) {
     Enable(name, enabled);
     Of(name).setChecked(down);
+}
+
+void Commands::Explain(const std::function<QString(const QString& name)>& reasonOf) {
+    for (const auto& [name, action] : actions_) {
+        if (const auto before = explained_.find(name); before != explained_.end()) {
+            action->setToolTip(before->second);
+            explained_.erase(before);
+        }
+        const QString reason = action->isEnabled() ? QString() : reasonOf(name);
+        if (!reason.isEmpty()) {
+            explained_[name] = action->toolTip();
+            action->setToolTip(action->toolTip() + "\n" + reason);
+        }
+    }
 }
 
 } // namespace quandrel

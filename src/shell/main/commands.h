@@ -34,6 +34,11 @@ public:
     /// Same as Enable, for a command that can be checked.
     void Enable(const QString& name, bool enabled, bool down);
 
+    /// Adds to the tips of disabled commands why they are, and removes it from those of others.
+    ///
+    /// @param reasonOf  the sentence for a command; empty adds nothing
+    void Explain(const std::function<QString(const QString& name)>& reasonOf);
+
 Q_SIGNALS:
     /// A command has finished.
     void Done();
@@ -41,6 +46,7 @@ Q_SIGNALS:
 private:
     std::map<QString, QAction*> actions_;
     std::set<QString> working_;
+    std::map<QString, QString> explained_; ///< tips with a reason, as they were before
 };
 
 } // namespace quandrel

@@ -104,6 +104,7 @@ void GeolPlotMain::ConnectChanges() {
         UpdateEditMenus();
         UpdateUndo();
         UpdatePaste();
+        ExplainCommands();
     });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
         UpdatePaste();

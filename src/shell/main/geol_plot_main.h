@@ -105,6 +105,9 @@ private:
     void ConnectSelectionCommands();
     void ConnectAnnotationCommands();
     void ConnectPlotCommands();
+    void ConnectStyleCommands();
+    void SearchCommands();
+    void ExplainCommands();
     void ConnectViewCommands();
     void ConnectWindowCommands();
     void ConnectSlider();

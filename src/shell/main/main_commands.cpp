@@ -2,6 +2,7 @@
 //
 // The handlers of the main window's commands; main_edit_commands.cpp has those of the Edit menu.
 
+#include "core/figure_style.h"
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
@@ -26,11 +27,13 @@
 #include "session/closing.h"
 #include "session/recalculate.h"
 #include "session/start.h"
+#include "session/style_commands.h"
 #include "session/unplotted_lines.h"
 #include "session/window_state.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/ending_text.h"
 #include "shell/controls/picture_box.h"
+#include "shell/dialogs/frm_command_search.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_image.h"
@@ -48,6 +51,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QSlider>
 #include <QToolBar>
@@ -182,6 +187,16 @@ void GeolPlotMain::ConnectCopyCommands() {
                        [] { CopyStatistics(StatisticsOf(ActivePlot()).advanced); });
 }
 
+void GeolPlotMain::ConnectStyleCommands() {
+    for (int i = 0; i < static_cast<int>(StandardStyles().size()); ++i) {
+        commands_->Connect(Numbered("mnuPlotStyle", i),
+                           [i] { UseStandardStyle(gActivePlot, static_cast<std::size_t>(i)); });
+    }
+    commands_->Connect("mnuPlotStyleOpen", [] { OpenStyle(gActivePlot); });
+    commands_->Connect("mnuPlotStyleSave", [] { SaveStyle(gActivePlot); });
+    commands_->Connect("mnuPlotStyleNew", [] { UseStyleForNewPlots(gActivePlot); });
+}
+
 void GeolPlotMain::ConnectPlotCommands() {
     for (int i = 0; i < 3; ++i) {
         commands_->Connect(Numbered("mnuPlotType", i), [this, i] {
@@ -210,6 +225,7 @@ void GeolPlotMain::ConnectPlotCommands() {
         commands_->Connect(Numbered("mnuKinematicPlots", index),
                            [index] { MakeKinematicPlots(index); });
     }
+    ConnectStyleCommands();
     commands_->Connect("mnuPlotRotate", [this] { dialogs_->ShowRotation(); });
     commands_->Connect("mnuPlotIntersection", [] { MakeIntersectionPlot(); });
 }
@@ -235,6 +251,24 @@ void GeolPlotMain::ConnectViewCommands() {
     commands_->Connect("mnuViewPlotData", [this] { displays_->ShowPlotData(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
+    commands_->Connect("mnuViewLabels",
+                       [] { gSettings.windows.toolLabels = !gSettings.windows.toolLabels; });
+}
+
+void GeolPlotMain::SearchCommands() {
+    QList<QMenu*> menus;
+    for (const QAction* action : menuBar()->actions()) {
+        menus << action->menu();
+    }
+    UpdateEditMenus();
+    UpdateUndo();
+    UpdatePaste();
+    ExplainCommands();
+    frmCommandSearch search(this, menus);
+    search.exec();
+    if (QAction* chosen = search.Chosen()) {
+        chosen->trigger();
+    }
 }
 
 void GeolPlotMain::ConnectWindowCommands() {
@@ -248,6 +282,7 @@ void GeolPlotMain::ConnectWindowCommands() {
     commands_->Connect("mnuMapinfoToolbar", [] { ShowMIToolbar(!gSettings.windows.mapToolbar); });
     commands_->Connect("mnuHelpQuandrel_0", [] { ShowHelp(); });
     commands_->Connect("mnuHelpQuandrel_1", [] { ShowHelp(kHowToUseHelpPage); });
+    commands_->Connect("mnuHelpCommands", [this] { SearchCommands(); });
     commands_->Connect("mnuHelpAbout", [this] { ShowAbout(); });
 }
 

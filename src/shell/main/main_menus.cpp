@@ -110,6 +110,11 @@ void MainMenus::MakePlotMenu(const Commands& commands) {
     QMenu* formulas = MakeMenu("mnuPlotFormulas", "&Formulas");
     Add(*formulas, commands, {"mnuPlotFormulas_0", "mnuPlotFormulas_1", "mnuPlotFormulas_2"});
     mnuPlot->addMenu(formulas);
+    QMenu* style = MakeMenu("mnuPlotStyle", "Styl&e");
+    Add(*style, commands,
+        {"mnuPlotStyle_0", "mnuPlotStyle_1", "mnuPlotStyle_2", "mnuPlotStyle_3", kGap,
+         "mnuPlotStyleOpen", "mnuPlotStyleSave", "mnuPlotStyleNew"});
+    mnuPlot->addMenu(style);
     mnuPlot->addSeparator();
     QMenu* symbols = MakeMenu("mnuPlotSymbols", "&Symbols");
     Add(*symbols, commands,
@@ -151,6 +156,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          "mnuViewPlotData",
          kGap,
          "mnuViewToolbar",
+         "mnuViewLabels",
          "mnuViewPreferences"});
 }
 
@@ -164,7 +170,8 @@ void MainMenus::MakeOtherMenus(const Commands& commands) {
     mnuWindow = MakeMenu("mnuWindow", "&Window");
     Add(*mnuWindow, commands, {"mnuWindow_0", "mnuWindow_1", "mnuWindow_2", "mnuWindow_3"});
     mnuHelps = MakeMenu("mnuHelps", "&Help");
-    Add(*mnuHelps, commands, {"mnuHelpQuandrel_0", "mnuHelpQuandrel_1", kGap, "mnuHelpAbout"});
+    Add(*mnuHelps, commands,
+        {"mnuHelpQuandrel_0", "mnuHelpQuandrel_1", "mnuHelpCommands", kGap, "mnuHelpAbout"});
 }
 
 void MainMenus::FillBar(QMenuBar& bar, bool hasPlots) const {

@@ -15,6 +15,7 @@
 #include "mapinfo/map_link.h"
 #include "mapinfo/selection_link.h"
 #include "rotation/rotate_data.h"
+#include "session/command_reasons.h"
 #include "session/unplotted_lines.h"
 #include "session/window_state.h"
 #include "shell/grids/data_displays.h"
@@ -68,6 +69,8 @@ constexpr CommandNeed kCommandNeeds[] = {
     {"mnuEditGirdles", &ToolbarState::isStereo},
     {"mnuPlotIntersection", &ToolbarState::intersections},
     {"mnuPlotRotate", &ToolbarState::hasRows},
+    {"mnuPlotStyleSave", &ToolbarState::hasPlot},
+    {"mnuPlotStyleNew", &ToolbarState::hasPlot},
     {"mnuKinematicPlots_0", &ToolbarState::hasRows},
     {"mnuKinematicPlots_1", &ToolbarState::hasRows},
     {"mnuKinematicPlots_2", &ToolbarState::hasRows},
@@ -100,6 +103,7 @@ void GeolPlotMain::UpdatePlotState() {
     UpdateEditMenus();
     UpdateUndo();
     UpdatePlotMenus();
+    ExplainCommands();
     status_->FollowPlot(hasPlots ? gActivePlot : 0, QString::fromStdString(HintOfActivePlot()));
     if (hasPlots && Selection::now.slot == gActivePlot
         && status_->Text().toStdString() == StatusOfPlot(ActiveRecord())) {
@@ -125,6 +129,13 @@ void GeolPlotMain::UpdatePlotState() {
     }
 }
 
+void GeolPlotMain::ExplainCommands() {
+    const ToolbarState state = StateOfToolbar();
+    commands_->Explain([&state](const QString& name) {
+        return QString::fromStdString(ReasonDisabled(name.toStdString(), state));
+    });
+}
+
 void GeolPlotMain::FollowNotation() {
     if (Notation now = NotationInForce(); now != notation_) {
         notation_ = std::move(now);
@@ -142,6 +153,10 @@ void GeolPlotMain::UpdateToolbar() {
         set("mnuPlotDataType_" + QString::number(i), state.dataTypes[static_cast<std::size_t>(i)]);
         set("mnuPlotFormulas_" + QString::number(i), state.formulas[static_cast<std::size_t>(i)]);
     }
+    for (int i = 0; i < static_cast<int>(state.styles.size()); ++i) {
+        set("mnuPlotStyle_" + QString::number(i), state.styles[static_cast<std::size_t>(i)]);
+    }
+    set("mnuPlotStyleOpen", {state.hasPlot, state.hasOwnStyle});
     for (int i = 0; i < kSymbolButtons; ++i) {
         // The menu has a separator before the items of the secondary data.
         const int item = i < kOverlaySecondaryButton ? i : i + 1;
@@ -153,6 +168,8 @@ void GeolPlotMain::UpdateToolbar() {
     set("mnuPlotSecondary", state.secondary[0]);
     set("mnuPlotDecimals", state.useDecimals);
     set("mnuPlotAnnotation", state.annotations);
+    set("mnuViewLabels", {true, gSettings.windows.toolLabels});
+    panToolbarBox_->ShowLabels(gSettings.windows.toolLabels);
     set("mnuViewConfidence", state.confidenceCone);
     set("mnuViewClassification", {state.hasPlot, dialogs_->IsClassificationShown()});
     for (const CommandNeed& need : kCommandNeeds) {

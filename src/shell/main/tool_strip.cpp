@@ -3,13 +3,17 @@
 #include "shell/main/tool_strip.h"
 
 #include "core/settings_value.h"
+#include "shell/controls/flow_layout.h"
 #include "shell/controls/icons.h"
 #include "shell/main/commands.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace quandrel {
 
@@ -18,15 +22,16 @@ namespace {
 struct StripButton {
     const char* name; ///< empty for a gap
     const char* command;
+    const char* label = ""; ///< below the button; empty for none
 };
 
 constexpr StripButton kButtons[] = {
-    {"cmdOpenButton", "mnuFileLoad_0"},
-    {"cmdMergeButton", "mnuFileLoad_1"},
-    {"cmdOverlayButton", "mnuFileLoad_2"},
-    {"cmdBlankButton", "mnuFileLoad_3"},
-    {"cmdSaveButton", "mnuFileSave_0"},
-    {"cmdPrintButton", "mnuFilePrint_0"},
+    {"cmdOpenButton", "mnuFileLoad_0", "Open"},
+    {"cmdMergeButton", "mnuFileLoad_1", "Merge"},
+    {"cmdOverlayButton", "mnuFileLoad_2", "Overlay"},
+    {"cmdBlankButton", "mnuFileLoad_3", "Blank"},
+    {"cmdSaveButton", "mnuFileSave_0", "Save"},
+    {"cmdPrintButton", "mnuFilePrint_0", "Print"},
     {"", ""},
     {"grpPlotTypeButton_0", "mnuPlotType_0"},
     {"grpPlotTypeButton_1", "mnuPlotType_1"},
@@ -64,43 +69,89 @@ constexpr StripButton kButtons[] = {
     {"", ""},
     {"cmdAddPoints", "mnuEditAddMode"},
     {"cmdLasso", "mnuEditLasso"},
-    {"cmdRotateButton", "mnuPlotRotate"},
+    {"cmdRotateButton", "mnuPlotRotate", "Rotate"},
     {"cmdSmallCircle", "mnuEditSmallCircles"},
     {"cmdIntersecLinButton", "mnuPlotIntersection"},
-    {"cmdClassifToggle", "mnuViewClassification"},
+    {"cmdClassifToggle", "mnuViewClassification", "Classify"},
 };
 
 constexpr int kIconSize = 20;
 constexpr int kSliderWidth = 90;
+constexpr int kGap = 1;
 
 } // namespace
 
 ToolStrip::ToolStrip(const Commands& commands)
-    : QToolBar("Toolbar") {
+    : QToolBar("Toolbar")
+    , rows_(new QWidget) {
     setObjectName("panToolbarBox");
     setIconSize(QSize(kIconSize, kIconSize));
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    rows_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    new FlowLayout(rows_, kGap);
     AddGridSlider();
     for (const StripButton& button : kButtons) {
         const QString name = button.name;
         if (name.isEmpty()) {
-            addSeparator();
+            AddGap();
         } else if (name == panGridDensity->objectName()) {
-            addWidget(panGridDensity);
+            rows_->layout()->addWidget(panGridDensity);
         } else {
-            AddButton(commands, button.name, button.command);
+            AddButton(commands, button.name, button.command, button.label);
         }
     }
+    // A strip may be as narrow as its widest button; the window is not widened by it.
+    rows_->setMinimumWidth(rows_->layout()->minimumSize().width());
+    addWidget(rows_);
+    FitRows();
 }
 
-void ToolStrip::AddButton(const Commands& commands, const char* name, const char* command) {
+void ToolStrip::AddButton(const Commands& commands, const char* name, const char* command,
+                          const char* label) {
     auto* button = new QToolButton;
+    QAction& action = commands.Of(command);
     button->setObjectName(name);
-    button->setDefaultAction(&commands.Of(command));
-    button->setAccessibleName(commands.Of(command).whatsThis());
+    if (*label != '\0') {
+        action.setIconText(label);
+        labelled_.push_back(button);
+    }
+    button->setDefaultAction(&action);
+    button->setIconSize(iconSize());
+    button->setAccessibleName(action.whatsThis());
     button->setAutoRaise(true);
-    addWidget(button);
+    rows_->layout()->addWidget(button);
+}
+
+void ToolStrip::AddGap() {
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::VLine);
+    line->setFrameShadow(QFrame::Sunken);
+    line->setFixedSize(2 * kGap + 5, kIconSize);
+    rows_->layout()->addWidget(line);
+}
+
+void ToolStrip::ShowLabels(bool shown) {
+    for (QToolButton* button : labelled_) {
+        button->setToolButtonStyle(shown ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+    }
+    FitRows();
+}
+
+void ToolStrip::resizeEvent(QResizeEvent* event) {
+    QToolBar::resizeEvent(event);
+    FitRows();
+}
+
+/// Makes the strip as high as its rows need.
+void ToolStrip::FitRows() {
+    rows_->layout()->invalidate();
+    const int frame = layout()->contentsMargins().left() + layout()->contentsMargins().right();
+    const int height = rows_->layout()->heightForWidth(std::max(width() - frame, 1));
+    if (rows_->height() != height || rows_->minimumHeight() != height) {
+        rows_->setFixedHeight(height);
+        updateGeometry();
+    }
 }
 
 void ToolStrip::AddGridSlider() {
