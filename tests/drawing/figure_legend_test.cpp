@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/figure_layout.h"
 #include "drawing/figure_legend.h"
+#include "drawing/figure_page.h"
 #include "drawing/layer_list.h"
 #include "support/slotless_plots.h"
 #include "support/test_platform.h"
@@ -102,6 +102,37 @@ TEST_F(FigureLegendTest, PageHasTheWidthAndTheNetTheDiameter) {
         EXPECT_NEAR(net60->net.width, 66, 1e-9) << "the square reaches a tenth beyond the net";
     }
     EXPECT_FALSE(LayOutFigure(plot, Journal(), {30, 60, LegendPlace::Below})) << "too narrow";
+}
+
+TEST_F(FigureLegendTest, SlideHasItsHeightAndAllThatItShowsOnIt) {
+    const Plot plot = Worked(kPointSymbols);
+    for (const LegendPlace place : {LegendPlace::Right, LegendPlace::Below, LegendPlace::None}) {
+        for (const double diameter : {0.0, 60.0}) {
+            const Result<FigureLayout> slide =
+                LayOutFigureOnPage(plot, Journal(), {kSlideWidth, diameter, place}, kSlideHeight);
+            ASSERT_TRUE(slide) << slide.Error();
+            EXPECT_DOUBLE_EQ(slide->width, kSlideWidth);
+            EXPECT_NEAR(slide->height, kSlideHeight, 1e-9);
+            const double netDiameter = slide->net.width / 1.1;
+            const double netMiddle = slide->net.top + slide->net.height / 2;
+            if (diameter > 0) {
+                EXPECT_NEAR(netDiameter, diameter, 1e-9);
+            } else {
+                EXPECT_GT(netDiameter, 100) << "as large as the height allows";
+            }
+            EXPECT_GE(netMiddle - netDiameter / 2, kFigureMargin);
+            EXPECT_LE(netMiddle + netDiameter / 2, kSlideHeight - kFigureMargin);
+            EXPECT_EQ(slide->entries.empty(), place == LegendPlace::None);
+            for (const PlacedEntry& entry : slide->entries) {
+                EXPECT_GE(entry.box.top, kFigureMargin - 1e-9);
+                EXPECT_LE(entry.box.top + entry.box.height, kSlideHeight - kFigureMargin + 1e-9);
+            }
+        }
+    }
+    EXPECT_EQ(
+        LayOutFigureOnPage(plot, Journal(), {kSlideWidth, 200, LegendPlace::Right}, kSlideHeight)
+            .Error(),
+        "the page is too low for the net and its legend");
 }
 
 } // namespace
