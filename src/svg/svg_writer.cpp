@@ -3,6 +3,7 @@
 #include "svg/svg_writer.h"
 
 #include "platform/place_filter.h"
+#include "svg/svg_data.h"
 #include "svg/svg_numbers.h"
 #include "svg/xml_text.h"
 
@@ -329,6 +330,9 @@ std::string SvgWriter::Document() const {
     if (!title_.empty()) {
         text += "<title>" + XmlText(title_) + "</title>\n";
     }
+    if (!description_.empty()) {
+        text += "<desc>" + XmlText(description_) + "</desc>\n";
+    }
     if (!definitions_.empty()) {
         text += "<defs>\n" + definitions_ + "</defs>\n";
     }
@@ -337,7 +341,7 @@ std::string SvgWriter::Document() const {
     for (const Level& level : levels_) {
         text += level.isWritten ? kEndOfGroup : "";
     }
-    return text + "</svg>\n";
+    return text + (data_.empty() ? "" : SvgOfData(data_)) + "</svg>\n";
 }
 
 } // namespace quandrel

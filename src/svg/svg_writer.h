@@ -4,9 +4,9 @@
 //
 // svg_surface.h is the picture surface on a document; svg_writer.h (this file) the document: its
 // groups, styles, symbols, hatches and clips; svg_shapes.h the shapes; xml_text.h and
-// text_metrics.h any text, and its size without a font.
-// Input: drawing operations.
-// Output: an SVG 1.1 document, the same bytes for the same operations.
+// text_metrics.h any text, and its size without a font; svg_data.h reads back the data that a
+// document carries. Input: drawing operations. Output: an SVG 1.1 document, the same bytes for the
+// same operations.
 //
 // Positions and lengths are units of the document, +x to the right and y down, rounded to
 // thousandths.
@@ -82,6 +82,14 @@ public:
 
     void SetTitle(std::string_view title) { title_ = title; }
 
+    /// A sentence on the whole document, for those who cannot see it or want to know its origin.
+    void SetDescription(std::string_view description) { description_ = description; }
+
+    /// Data that the document carries and that draw nothing. DataOfSvg leads back.
+    ///
+    /// @param text  letters, digits, "+", "/" and "="; empty for none
+    void SetData(std::string_view text) { data_ = text; }
+
     /// Drops what has been drawn; groups and clips that have not ended are empty again.
     void Clear();
 
@@ -134,6 +142,8 @@ private:
     double height_;
     double pixel_;
     std::string title_;
+    std::string description_;
+    std::string data_;
     std::string definitions_;
     std::string body_;
     std::string style_; ///< attributes of the open group of a style; empty for none
