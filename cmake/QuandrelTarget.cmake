@@ -45,6 +45,13 @@ function(quandrel_target target)
     target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
 endfunction()
 
+# For a target that includes the headers of libqpdf: clang 14 rejects them as C++20.
+function(quandrel_uses_qpdf target)
+    target_link_libraries(${target} PRIVATE qpdf::libqpdf)
+    target_compile_definitions(${target} PRIVATE POINTERHOLDER_TRANSITION=4) # no pointers of its own
+    set_target_properties(${target} PROPERTIES CXX_STANDARD 17 DISABLE_PRECOMPILE_HEADERS ON)
+endfunction()
+
 # Library headers take most of the compile time, so these are precompiled.
 set(QUANDREL_STANDARD_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory>
     <optional> <set> <span> <string> <string_view> <utility> <variant> <vector>)

@@ -31,7 +31,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
     static const Folders onDrawing = Above(onEdits, {"drawing", "platform/scripted"});
     static const Folders onSession =
-        Above(onDrawing, {"mapinfo", "persistence", "print", "session"});
+        Above(onDrawing, {"mapinfo", "persistence", "print", "session", "svg"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"platform/scripted", {"platform"}},
@@ -44,7 +44,8 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"stereo", onCore},
         {"input", onStereo},
         {"rotation", onInput},
-        {"persistence", onInput},
+        {"pdf", onCore},
+        {"persistence", Above(onInput, {"svg"})},
         {"derive", onInput},
         {"statistics", onStereo},
         {"density", onStereo},
@@ -61,7 +62,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"fabric", Above(onMarks, {"drawing"})},
         {"hypotheses", Above(onMarks, {"drawing"})},
         {"print", onDrawing},
-        {"session", Above(onDrawing, {"mapinfo", "persistence", "print"})},
+        {"session", Above(onDrawing, {"mapinfo", "persistence", "print", "svg"})},
         {"recovery", onSession},
         {"preferences", onSession},
         {"help", onCore},
