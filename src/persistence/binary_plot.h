@@ -10,6 +10,7 @@
 #include "core/plot_store.h"
 #include "core/result.h"
 #include "core/style_tables.h"
+#include "persistence/picture_block.h"
 #include "persistence/plot_extension.h"
 #include "platform/window_place.h"
 
@@ -55,6 +56,7 @@ struct BinaryPlot {
     bool hasWeightedRose = false;           ///< uses a weighting that no longer exists
 
     std::array<MeasuredColumns, kRowAngles.size()> measured; ///< by RowAngles
+    std::optional<PictureView> pictureView;                  ///< of a plot in a picture
     std::vector<ExtensionBlock> unknownBlocks;               ///< of the file's extension
     std::vector<std::string> leftOut; ///< what is damaged in the extension, a sentence each
 };
@@ -81,5 +83,9 @@ inline constexpr const char* kNoMemoryForPlot = "There is not enough memory for 
 /// A slot as the bytes of a binary plot file of the present version; a failure when a text or an
 /// overlay is too large for the file.
 [[nodiscard]] Result<std::string> BinaryPlotBytes(int slot);
+
+/// A plot as those bytes for a picture of it: with the names of its data without their paths, and
+/// with the place of a new window instead of that of its own.
+[[nodiscard]] Result<std::string> PlotBytesForPicture(const Plot& plot);
 
 } // namespace quandrel

@@ -13,7 +13,9 @@
 
 #include <new>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace quandrel {
 
@@ -32,6 +34,41 @@ void NamePlot(PlotRecord& record, const std::string& path, int slot) {
     record.PlotTitle = record.FileTitle + ": " + std::to_string(slot);
 }
 
+std::vector<std::string> PathsIn(const std::string& picture,
+                                 const std::vector<std::string>& names) {
+    std::vector<std::string> paths;
+    for (const std::string& name : names) {
+        paths.push_back(picture + "/" + FileTitleOf(name));
+    }
+    return paths;
+}
+
+void NamePlotOfPicture(PlotRecord& record, const PictureView& view, const std::string& picture,
+                       int slot) {
+    record.FileTitle = view.title;
+    record.MainFiles = PathsIn(picture, view.main);
+    for (std::size_t k = 0; k < view.overlays.size(); ++k) {
+        record.OverlayFiles[k] = PathsIn(picture, view.overlays[k]);
+    }
+    record.ShowConfidenceCone = view.showsCone;
+    record.PlotTitle = FileTitleOf(picture) + ": " + std::to_string(slot);
+}
+
+/// Puts a plot into an empty slot, which `name` then names.
+template <class Name>
+bool Store(BinaryPlot plot, int slot, const Name& name) {
+    try {
+        if (!TakeBinaryPlot(std::move(plot), PlotOf(slot))) {
+            return false;
+        }
+        name(RecordOf(slot));
+        return true;
+    } catch (const std::bad_alloc&) {
+        SetNewFVariables(slot);
+        return false;
+    }
+}
+
 } // namespace
 
 std::string SaveBinaryPlot(const std::string& path, int slot) {
@@ -48,20 +85,20 @@ Result<BinaryPlot> ReadBinaryPlotFile(const std::string& path) {
 }
 
 bool StoreBinaryPlot(BinaryPlot plot, const std::string& path, int slot) {
-    try {
-        const std::optional<WindowPlace> place = plot.place;
-        if (!TakeBinaryPlot(std::move(plot), PlotOf(slot))) {
-            return false;
-        }
-        NamePlot(RecordOf(slot), path, slot);
+    const std::optional<WindowPlace> place = plot.place;
+    return Store(std::move(plot), slot, [&](PlotRecord& record) {
+        NamePlot(record, path, slot);
         if (place) {
             FormOf(slot).SetPlace(*place);
         }
-        return true;
-    } catch (const std::bad_alloc&) {
-        SetNewFVariables(slot);
-        return false;
-    }
+    });
+}
+
+bool StorePlotOfPicture(BinaryPlot plot, const std::string& picture, int slot) {
+    const PictureView view =
+        plot.pictureView.value_or(PictureView{FileTitleOf(picture), {}, {}, false});
+    return Store(std::move(plot), slot,
+                 [&](PlotRecord& record) { NamePlotOfPicture(record, view, picture, slot); });
 }
 
 void LoadBinaryPlot(const std::string& path, int slot, std::string& version) {

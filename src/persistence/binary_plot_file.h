@@ -32,6 +32,13 @@ inline constexpr const char* kBinaryEnding = ".qpx";
 /// runs out. The next drawing recounts what it needs.
 [[nodiscard]] bool StoreBinaryPlot(BinaryPlot plot, const std::string& path, int slot);
 
+/// As StoreBinaryPlot, for the plot of a picture. It has no file of its own, so that a save asks
+/// for a name. Its window has the name of the picture, at the place of a new one. Its data have the
+/// names that they had, as files in the picture: "/a/figure.svg/beds.txt", which cannot be opened.
+///
+/// @param picture  the path of the picture
+[[nodiscard]] bool StorePlotOfPicture(BinaryPlot plot, const std::string& picture, int slot);
+
 /// Loads a file into an empty slot, which is unchanged when anything is wrong with the file.
 ///
 /// @param[out] version  of the file, "9.5", or "Error"

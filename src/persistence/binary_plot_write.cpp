@@ -58,6 +58,7 @@ struct PlotToWrite {
     std::int16_t gridCount;
     const GridValues* gridValues;
     WindowPlace place;
+    std::optional<PictureView> pictureView; ///< of a plot in a picture
 
     [[nodiscard]] std::string ErrorLine(std::int32_t row) const {
         const auto line = errorLines.find(row);
@@ -115,7 +116,7 @@ Result<std::string> Written(const PlotToWrite& plot) {
     CheckOverlays(writer, plot.record);
     writer.Fixed(Heading());
     BinaryPlotFields(writer, plot).VisitAll();
-    WriteBlocks(writer, plot.source, plot.rows);
+    WriteBlocks(writer, plot.source, plot.rows, plot.pictureView);
     if (!writer.Error().empty()) {
         return Failure{writer.Error()};
     }
@@ -155,6 +156,13 @@ Result<std::string> CheckedBytes(const Plot& plot, const Prepare& prepare) {
     }
 }
 
+/// A file does not contain the links that mark rows.
+void LeaveOutLinks(PlotToWrite& written) {
+    for (std::size_t i = 0; i < written.rows.size(); ++i) {
+        written.rows[i].dip = DipOfRow(written.source, static_cast<std::int32_t>(i) + 1);
+    }
+}
+
 } // namespace
 
 Result<std::string> PlotFileBytes(const Plot& plot) {
@@ -163,11 +171,14 @@ Result<std::string> PlotFileBytes(const Plot& plot) {
 
 Result<std::string> BinaryPlotBytes(int slot) {
     (void)FormOf(slot); // its place is that of its window
-    return CheckedBytes(PlotOf(slot), [slot](PlotToWrite& written) {
-        // A file does not contain the links that mark rows.
-        for (std::size_t i = 0; i < written.rows.size(); ++i) {
-            written.rows[i].dip = DipOfRow(slot, static_cast<std::int32_t>(i) + 1);
-        }
+    return CheckedBytes(PlotOf(slot), LeaveOutLinks);
+}
+
+Result<std::string> PlotBytesForPicture(const Plot& plot) {
+    return CheckedBytes(plot, [](PlotToWrite& written) {
+        LeaveOutLinks(written);
+        written.place = {};
+        written.pictureView = PictureViewOf(written.record);
     });
 }
 

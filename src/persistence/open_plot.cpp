@@ -27,6 +27,7 @@ constinit OpenState OpenState::now;
 namespace {
 
 constexpr std::string_view kFileCommand = "File";
+constexpr const char* kPictureFilter = "|Pictures with their data (*.svg)|*.svg *.png *.pdf";
 
 bool NeedsNewPlot(const std::string& command) {
     return command != kMergeCommand && command != kOverlayCommand;
@@ -67,7 +68,7 @@ std::optional<std::string> AskForPath(const std::string& command) {
     PathQuestion question;
     question.title = command + " File";
     question.folder = StartFolder();
-    question.filter = gFileFilter;
+    question.filter = std::string(gFileFilter) + (command == kNewCommand ? kPictureFilter : "");
     question.filterIndex = OpenState::now.filterIndex;
     return gPlatform.prompts->AskOpenPath(question);
 }
@@ -130,15 +131,30 @@ void TellUnreadable(const std::string& path, const std::string& reason) {
     Tell("The indicated file cannot be opened\n" + path + "\n" + reason, Icon::Exclamation);
 }
 
-/// Binary plot files cannot join a plot.
+/// Binary plot files and pictures cannot join a plot.
 [[nodiscard]] bool AcceptAsSeparatePlot(const std::string& command) {
     return AskToGoOn("You can't " + command
                      + " this type of file with this plot.\nLoad file as a separate plot?");
 }
 
+/// The plot of a file that holds it: a binary plot file, or a picture.
+enum class Holder { PlotFile, Picture };
+
+Result<BinaryPlot> ReadHolder(Holder holder, const std::string& path) {
+    if (holder == Holder::PlotFile) {
+        return ReadBinaryPlotFile(path);
+    }
+    const Result<std::string> picture = FirstBytes(path, kLargestTextFile);
+    if (!picture) {
+        return Failure{picture.Error()};
+    }
+    const Result<std::string> plotFile = PlotFileOfPicture(*picture, OpenState::now.readPdf);
+    return plotFile ? ReadBinaryPlot(*plotFile) : Failure{plotFile.Error()};
+}
+
 /// The file is read and validated before anything in the program changes.
-std::string OpenBinaryPlot(const std::string& path) {
-    Result<BinaryPlot> plot = ReadBinaryPlotFile(path);
+std::string OpenBinaryPlot(Holder holder, const std::string& path) {
+    Result<BinaryPlot> plot = ReadHolder(holder, path);
     if (!plot) {
         TellUnreadable(path, plot.Error());
         return kLoadError;
@@ -148,7 +164,8 @@ std::string OpenBinaryPlot(const std::string& path) {
     if (!PrepareNewPlotWindow()) {
         return kLoadError;
     }
-    if (!StoreBinaryPlot(std::move(*plot), path, gActivePlot)) {
+    const auto store = holder == Holder::Picture ? StorePlotOfPicture : StoreBinaryPlot;
+    if (!store(std::move(*plot), path, gActivePlot)) {
         GiveUpPlot(formerPlot);
         TellUnreadable(path, kNoMemoryForPlot);
         return kLoadError;
@@ -188,7 +205,7 @@ std::string AddToPlot(const std::string& command, const std::string& path, Forma
 }
 
 /// The kind of file at a path; empty with a message when it cannot be read.
-enum class FileKind { Text, BinaryPlot, Workspace, Unreadable };
+enum class FileKind { Text, BinaryPlot, Picture, Workspace, Unreadable };
 
 FileKind KindOfFile(const std::string& path) {
     const Result<std::string> start = FirstBytes(path, 4096);
@@ -199,6 +216,9 @@ FileKind KindOfFile(const std::string& path) {
     if (IsBinaryPlotSignature(*start)
         || (HasEnding(path, kBinaryEnding) && start->starts_with("bin"))) {
         return FileKind::BinaryPlot;
+    }
+    if (KindOfPicture(*start)) {
+        return FileKind::Picture;
     }
     const std::string_view firstLine =
         std::string_view(*start).substr(0, start->find_first_of("\r\n"));
@@ -234,8 +254,11 @@ std::string OpenByKind(const std::string& command, const std::string& path, Form
     case FileKind::Text:
         return NeedsNewPlot(command) ? OpenNewPlot(path, dialog) : AddToPlot(command, path, dialog);
     case FileKind::BinaryPlot:
-        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenBinaryPlot(path)
+    case FileKind::Picture: {
+        const Holder holder = kind == FileKind::Picture ? Holder::Picture : Holder::PlotFile;
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenBinaryPlot(holder, path)
                                                                       : kLoadError;
+    }
     case FileKind::Workspace:
         return OpenListedPlots(path);
     case FileKind::Unreadable:

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "input/file_loading.h"
+#include "persistence/picture_data.h"
 
 #include <string>
 
@@ -12,14 +13,15 @@ namespace quandrel {
 
 /// The state of the open commands.
 struct OpenState {
-    int filterIndex = 1;             ///< of the filter that is offered next, from 1
-    bool hasOpened = false;          ///< a file was opened in this session
-    bool isOpeningWorkspace = false; ///< the files of a workspace are being opened
+    int filterIndex = 1;                ///< of the filter that is offered next, from 1
+    bool hasOpened = false;             ///< a file was opened in this session
+    bool isOpeningWorkspace = false;    ///< the files of a workspace are being opened
+    AttachmentReader readPdf = nullptr; ///< for pictures that are PDF files, set by the program
 
     static OpenState now;
 };
 
-/// Opens a file, or an empty plot.
+/// Opens a file, or an empty plot. A picture that was exported with its data opens as its plot.
 ///
 /// @param command  "New", "Merge" and "Overlay" ask for the path; "Blank" needs none; "File"
 ///                 followed by a path opens that path as a new plot

@@ -115,6 +115,8 @@ void ReadBlock(const BlockView& block, BinaryPlot& plot) {
         ReadPart<RecordRegions>(block.bytes, "confidence regions", plot);
     } else if (block.head.tag == kFigureBlock.tag) {
         ReadFigure(block.bytes, plot);
+    } else if (block.head.tag == kPictureBlock.tag) {
+        plot.pictureView = PictureViewOfBlock(block.bytes);
     } else {
         plot.unknownBlocks.push_back({block.head, std::string(block.bytes)});
     }
@@ -217,7 +219,8 @@ void TakeBlocks(BinaryPlot& file, Plot& plot) {
     }
 }
 
-void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryRow> rows) {
+void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryRow> rows,
+                 const std::optional<PictureView>& view) {
     ExtensionWriter extension(writer.Bytes());
     if (plot.record.UseDecimals != 0) {
         extension.Block(kUseDecimalsBlock, [&] { writer.Short(kTrue); });
@@ -229,6 +232,9 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
     WritePart<RecordRegions>(kRegionsBlock, plot.record, extension, writer);
     if (const RecordFigure& figure = plot.record; figure != RecordFigure()) {
         extension.Block(kFigureBlock, [&] { WriteFigure(figure, writer); });
+    }
+    if (view) {
+        extension.Block(kPictureBlock, [&] { WritePictureView(*view, writer); });
     }
     WriteMeasured(extension, writer, plot, rows);
     WriteUnknown(extension, writer, plot);

@@ -57,6 +57,8 @@ void TakeBlocks(BinaryPlot& file, Plot& plot);
 ///
 /// @param writer  has written the last field
 /// @param rows    of the plot, as they were written
-void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryRow> rows);
+/// @param view    of a plot in a picture
+void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryRow> rows,
+                 const std::optional<PictureView>& view);
 
 } // namespace quandrel
