@@ -16,6 +16,7 @@
 #include "core/settings.h"
 #include "drawing/plot_state.h"
 #include "input/file_loading.h"
+#include "pdf/pdf_file.h"
 #include "persistence/open_plot.h"
 #include "platform/scripted/recording_form.h"
 #include "session/closing.h"
@@ -88,6 +89,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
     gPlatform.clipboard = &clipboard_;
     gPlatform.printers = &printers_;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
+    OpenState::now.readPdf = AttachmentOfPdf;
     InitialiseApplication();
     gSettings.newPlots.style = {}; // scripts choose a style by a command
     SetOutsideFiles(outside);

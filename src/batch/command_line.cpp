@@ -162,9 +162,9 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     CLI::Option* const data =
         app.add_option("DATA", options.data, "a data file to plot; - reads standard input");
     CLI::Option* const picture =
-        app.add_option("-o,--output", options.picture, "picture to draw: .png, .svg or .pdf")
+        app.add_option("-o,--output", options.picture, "picture to draw: .png, .svg, .pdf or .tif")
             ->needs(data);
-    app.add_option("--size", options.size, "height of a PNG in pixels")
+    app.add_option("--size", options.size, "height of a PNG or TIFF in pixels")
         ->check(CLI::Range(50, 20000))
         ->needs(picture);
     app.add_option("--save", options.save, "file to save the plot to: .qpx or .txt")->needs(data);

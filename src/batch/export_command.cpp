@@ -25,6 +25,7 @@ constexpr double kLeastWidth = 20; ///< millimetres, of pages and nets
 constexpr double kMostWidth = 1000;
 
 constexpr std::array<std::string_view, 2> kPictureKeys = {"size", "part"};
+constexpr const char* kDataKey = "data"; ///< of all pictures
 
 /// What the words say; what is empty is not said.
 struct Draft {
@@ -50,6 +51,16 @@ std::string TakeMillimetres(const std::string& value, double& field) {
         field = number;
     }
     return error;
+}
+
+std::string TakeWidth(const std::string& value, Draft& draft) {
+    draft.hasWidth = true;
+    if (value == "slide") {
+        draft.figure.size.width = kSlideWidth;
+        draft.figure.height = kSlideHeight;
+        return {};
+    }
+    return TakeMillimetres(value, draft.figure.size.width);
 }
 
 std::string TakeStyle(const std::string& value, Draft& draft) {
@@ -83,11 +94,7 @@ const Takers<Draft>& ExportTakers() {
         {"size", TakePictureHeight},
         {"part", TakePart},
         {"style", TakeStyle},
-        {"width",
-         [](auto& v, Draft& d) {
-             d.hasWidth = true;
-             return TakeMillimetres(v, d.figure.size.width);
-         }},
+        {"width", TakeWidth},
         {"net", [](auto& v, Draft& d) { return TakeMillimetres(v, d.figure.size.netDiameter); }},
         {"legend",
          [](auto& v, Draft& d) {
@@ -103,6 +110,7 @@ const Takers<Draft>& ExportTakers() {
          [](auto& v, Draft& d) {
              return TakeName({{"white", 0}, {"transparent", 1}}, v, d.figure.isTransparent);
          }},
+        {kDataKey, [](auto& v, Draft& d) { return TakeTruth(v, d.options.hasData); }},
     };
     return takers;
 }
@@ -137,7 +145,9 @@ Result<PictureOptions> OptionsOfExport(const Command& command) {
         const auto taker = ExportTakers().find(argument.name);
         const bool isOfPicture =
             std::ranges::find(kPictureKeys, argument.name) != kPictureKeys.end();
-        (isOfPicture ? draft.isPicture : draft.isFigure) = true;
+        if (argument.name != kDataKey) {
+            (isOfPicture ? draft.isPicture : draft.isFigure) = true;
+        }
         if (std::string error = taker->second(argument.value, draft); !error.empty()) {
             return Failure{std::move(error)};
         }

@@ -6,6 +6,7 @@
 #include "persistence/field_block.h"
 #include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
+#include "persistence/picture_block.h"
 #include "persistence/plot_blocks.h"
 
 #include <nlohmann/json.hpp>
@@ -79,6 +80,30 @@ void WriteFigure(std::string_view bytes, JsonWriter& writer) {
     }
 }
 
+void WriteNames(const std::vector<std::string>& names, JsonWriter& writer) {
+    writer.BeginArray();
+    for (const std::string& name : names) {
+        writer.Text(name);
+    }
+    writer.EndArray();
+}
+
+void WritePictureView(std::string_view bytes, JsonWriter& writer) {
+    if (const std::optional<PictureView> view = PictureViewOfBlock(bytes)) {
+        writer.Key("FileTitle");
+        writer.Text(view->title);
+        writer.Key("MainFiles");
+        WriteNames(view->main, writer);
+        writer.Key("OverlayFiles");
+        writer.BeginArray();
+        for (const std::vector<std::string>& overlay : view->overlays) {
+            WriteNames(overlay, writer);
+        }
+        writer.EndArray();
+        WriteNumber("ShowConfidenceCone", view->showsCone ? 1 : 0, writer);
+    }
+}
+
 void WriteKnown(const BlockView& block, JsonWriter& writer) {
     if (AnglesOfBlock(block.head)) {
         WriteMeasured(block.bytes, writer);
@@ -96,6 +121,8 @@ void WriteKnown(const BlockView& block, JsonWriter& writer) {
         WritePart<RecordRegions>(block.bytes, writer);
     } else if (block.head.tag == kFigureBlock.tag) {
         WriteFigure(block.bytes, writer);
+    } else if (block.head.tag == kPictureBlock.tag) {
+        WritePictureView(block.bytes, writer);
     }
 }
 

@@ -62,14 +62,16 @@ std::size_t PageSize() {
 
 } // namespace
 
-BandImage::BandImage(QSize size) {
+BandImage::BandImage(QSize size, Ground ground) {
     constexpr std::size_t kBytesInPixel = 4;
     const std::size_t stride = static_cast<std::size_t>(size.width()) * kBytesInPixel;
     size_ = stride * static_cast<std::size_t>(size.height());
     memory_ = Reserve(size_);
     if (memory_ != nullptr) {
         image_ = QImage(static_cast<uchar*>(memory_), size.width(), size.height(),
-                        static_cast<qsizetype>(stride), QImage::Format_RGB32);
+                        static_cast<qsizetype>(stride),
+                        ground == Ground::White ? QImage::Format_RGB32
+                                                : QImage::Format_ARGB32_Premultiplied);
     }
 }
 
@@ -81,9 +83,10 @@ BandImage::~BandImage() {
 }
 
 void BandImage::Draw(PixelLines lines, const std::function<void(QPainter&)>& draw) {
+    const QRgb ground = image_.hasAlphaChannel() ? qRgba(0, 0, 0, 0) : qRgb(255, 255, 255);
     for (int line = lines.first; line < lines.end; ++line) {
         auto* const pixels = reinterpret_cast<QRgb*>(image_.scanLine(line));
-        std::fill_n(pixels, image_.width(), qRgb(255, 255, 255));
+        std::fill_n(pixels, image_.width(), ground);
     }
     QPainter painter(&image_);
     if (lines != PixelLines{0, image_.height()}) {

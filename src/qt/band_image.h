@@ -20,13 +20,16 @@ struct PixelLines {
     friend bool operator==(const PixelLines&, const PixelLines&) = default;
 };
 
-/// An RGB32 image of which only some lines are in memory at a time. Its addresses are reserved as a
+enum class Ground { White, Transparent };
+
+/// An image of which only some lines are in memory at a time. Its addresses are reserved as a
 /// whole, so that each line is drawn at its coordinates in the whole picture: shifted ones would be
 /// rounded differently, and the joints between bands would be visible.
 class BandImage {
 public:
-    /// An image of a size of at least 1 each way. Image() is null when memory runs out.
-    explicit BandImage(QSize size);
+    /// An image of a size of at least 1 each way: RGB32 on white, or ARGB32_Premultiplied. Image()
+    /// is null when memory runs out.
+    explicit BandImage(QSize size, Ground ground = Ground::White);
 
     ~BandImage();
     BandImage(const BandImage&) = delete;
@@ -34,7 +37,7 @@ public:
 
     [[nodiscard]] QImage& Image() { return image_; }
 
-    /// Draws some lines on white; the others are unchanged.
+    /// Draws some lines on the ground; the others are unchanged.
     void Draw(PixelLines lines, const std::function<void(QPainter&)>& draw);
 
     /// Frees the memory of some lines. Their contents are lost.

@@ -3,7 +3,11 @@
 #include "qt/picture_file.h"
 
 #include "core/atomic_file.h"
+#include "core/path_names.h"
+#include "core/plot_store.h"
 #include "core/step_progress.h"
+#include "pdf/pdf_file.h"
+#include "persistence/picture_data.h"
 #include "platform/platform.h"
 #include "qt/band_image.h"
 #include "qt/png_writer.h"
@@ -12,6 +16,7 @@
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QString>
@@ -32,12 +37,56 @@ constexpr double kInchesInAMetre = 1 / 0.0254;
 
 /// Wider or higher pictures are refused: such a size is a typing error, or shows no more detail.
 constexpr double kMostPixels = 30000;
+constexpr double kMostTiffPixels = 300e6;
+
+constexpr const char* kTiffFormat = "tiff";
+constexpr const char* kNoTiff =
+    "a TIFF needs a plug-in of Qt that is not installed (on Debian the package "
+    "qt6-image-formats-plugins); PNG has the same pixels";
+
+std::string_view ViewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
 
 struct Picture {
     PictureSize size;
-    std::string title;
+    PictureFacts facts;
     const DrawPictureOn& draw;
 };
+
+/// "Quandrel 9.5.1"
+std::string ProgramAndVersion() {
+    const std::string caption = gCaption;
+    return "Quandrel " + caption.substr(caption.rfind(' ') + 1);
+}
+
+/// "Drawn by Quandrel 9.5.1 in the style Journal"
+std::string OriginOf(const PictureFacts& facts) {
+    return "Drawn by " + ProgramAndVersion()
+           + (facts.style.empty() ? "" : " in the style " + DrawableText(facts.style));
+}
+
+QSize PixelsOf(const PictureSize& size) {
+    return {static_cast<int>(std::lround(size.width * size.scale)),
+            static_cast<int>(std::lround(size.height * size.scale))};
+}
+
+int DotsPerMetre(const PictureSize& size) {
+    return static_cast<int>(std::lround(kLogicalResolution * size.scale * kInchesInAMetre));
+}
+
+Ground GroundOf(const PictureSize& size) {
+    return size.isTransparent ? Ground::Transparent : Ground::White;
+}
+
+std::vector<PngText> TextsOf(const PictureFacts& facts) {
+    std::vector<PngText> texts = {{"Software", ProgramAndVersion()},
+                                  {"Description", OriginOf(facts)}};
+    if (!facts.plotText.empty()) {
+        texts.push_back({kPlotOfPng, facts.plotText, true});
+    }
+    return texts;
+}
 
 constexpr const char* kNoMemory = "there is not enough memory for the picture";
 constexpr std::chrono::milliseconds kBetweenQuestions{150};
@@ -84,13 +133,12 @@ std::string WriteLines(const QImage& image, PixelLines lines, PngWriter& writer,
 
 std::string WritePng(const Picture& picture, const PutBytes& put) {
     const double scale = picture.size.scale;
-    const QSize size(static_cast<int>(std::lround(picture.size.width * scale)),
-                     static_cast<int>(std::lround(picture.size.height * scale)));
-    const int dotsPerMetre =
-        static_cast<int>(std::lround(kLogicalResolution * scale * kInchesInAMetre));
-    BandImage band(size);
+    const QSize size = PixelsOf(picture.size);
+    BandImage band(size, GroundOf(picture.size));
     PngWriter writer(put);
-    if (band.Image().isNull() || !writer.Begin(size.width(), size.height(), dotsPerMetre)) {
+    const PngHead head{size.width(), size.height(), DotsPerMetre(picture.size),
+                       picture.size.isTransparent, TextsOf(picture.facts)};
+    if (band.Image().isNull() || !writer.Begin(head)) {
         return kNoMemory;
     }
     const auto lineBytes = static_cast<std::size_t>(band.Image().bytesPerLine());
@@ -110,12 +158,43 @@ std::string WritePng(const Picture& picture, const PutBytes& put) {
     return writer.End() ? "" : kNoMemory;
 }
 
+std::string WriteTiff(const Picture& picture, const PutBytes& put) {
+    const QSize size = PixelsOf(picture.size);
+    if (!CanWriteTiff()) {
+        return kNoTiff;
+    }
+    if (static_cast<double>(size.width()) * size.height() > kMostTiffPixels) {
+        return "a TIFF has 300 million pixels at most";
+    }
+    BandImage whole(size, GroundOf(picture.size));
+    if (whole.Image().isNull()) {
+        return kNoMemory;
+    }
+    whole.Draw({0, size.height()}, [&](QPainter& painter) {
+        PainterPage page(painter, picture.size.scale, Medium::Raster);
+        picture.draw(page);
+    });
+    whole.Image().setDotsPerMeterX(DotsPerMetre(picture.size));
+    whole.Image().setDotsPerMeterY(DotsPerMetre(picture.size));
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, kTiffFormat);
+    writer.setCompression(1); // LZW, without loss
+    if (!writer.write(whole.Image())) {
+        return kNoMemory;
+    }
+    put(ViewOf(buffer.data()));
+    return {};
+}
+
 /// A document in points, so that sizes of fonts and widths of lines are those that users know.
 std::string WriteSvg(const Picture& picture, const PutBytes& put) {
     const double width = picture.size.width * kPointsInAPixel;
     const double height = picture.size.height * kPointsInAPixel;
     SvgWriter writer(width, height, kPointsInAPixel);
-    writer.SetTitle(picture.title);
+    writer.SetTitle(DrawableText(picture.facts.title));
+    writer.SetDescription(OriginOf(picture.facts));
+    writer.SetData(picture.facts.plotText);
     if (!picture.size.isTransparent) {
         writer.Add(BoxShape({0, 0}, {width, height}), kNoSvgPen, {kSolidFill, kWhite, 1, {}});
     }
@@ -132,12 +211,17 @@ std::string WritePdf(const Picture& picture, const PutBytes& put) {
     QPdfWriter writer(&buffer);
     writer.setResolution(kPdfResolution);
     // The library rounds the sides of a page to whole points, so that a page of 84 mm has 83.96 mm.
-    // What is drawn keeps its size.
+    // What is drawn keeps its size, and the page gets its own below.
     writer.setPageSize(
         QPageSize(size * kPointsInAPixel, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    writer.setTitle(QString::fromStdString(picture.title));
-    writer.setCreator(QStringLiteral("Quandrel"));
+    writer.setTitle(QString::fromStdString(DrawableText(picture.facts.title)));
+    writer.setCreator(QString::fromStdString(ProgramAndVersion()));
+    if (const std::string& plot = picture.facts.plotFile; !plot.empty()) {
+        writer.addFileAttachment(kPlotOfPdf,
+                                 QByteArray(plot.data(), static_cast<qsizetype>(plot.size())),
+                                 QStringLiteral("application/x-quandrel-plot"));
+    }
     QPainter painter;
     if (!painter.begin(&writer)) {
         return kNoMemory;
@@ -147,23 +231,31 @@ std::string WritePdf(const Picture& picture, const PutBytes& put) {
     if (!painter.end()) {
         return kNoMemory;
     }
-    QByteArray& bytes = buffer.buffer();
-    ForgetTime(bytes);
-    put(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    ForgetTime(buffer.buffer());
+    const QSizeF points = size * kPointsInAPixel;
+    const Result<std::string> exact = WithPageSize(
+        ViewOf(buffer.data()), {points.width(), points.height()}, OriginOf(picture.facts));
+    if (!exact) {
+        return exact.Error();
+    }
+    put(*exact);
     return {};
 }
 
 using PictureWriter = std::string (*)(const Picture& picture, const PutBytes& put);
 
-PictureWriter WriterFor(const std::string& path) {
-    const QString lower = QString::fromStdString(path).toLower();
-    if (lower.endsWith(QLatin1String(".png"))) {
-        return WritePng;
-    }
-    if (lower.endsWith(QLatin1String(".svg"))) {
+PictureWriter WriterFor(PictureType type) {
+    switch (type) {
+    case PictureType::Svg:
         return WriteSvg;
+    case PictureType::Pdf:
+        return WritePdf;
+    case PictureType::Tiff:
+        return WriteTiff;
+    case PictureType::Png:
+        break;
     }
-    return lower.endsWith(QLatin1String(".pdf")) ? WritePdf : nullptr;
+    return WritePng;
 }
 
 bool IsSensible(const PictureSize& size) {
@@ -182,31 +274,55 @@ void ForgetTime(QByteArray& pdf) {
     }
 }
 
-bool IsSvgFile(const std::string& path) {
-    return WriterFor(path) == WriteSvg;
+std::optional<PictureType> PictureTypeOf(const std::string& path) {
+    if (HasEnding(path, ".png")) {
+        return PictureType::Png;
+    }
+    if (HasEnding(path, ".svg")) {
+        return PictureType::Svg;
+    }
+    if (HasEnding(path, ".pdf")) {
+        return PictureType::Pdf;
+    }
+    const bool isTiff = HasEnding(path, ".tif") || HasEnding(path, ".tiff");
+    return isTiff ? std::optional(PictureType::Tiff) : std::nullopt;
 }
 
-std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
+PictureAbilities AbilitiesOf(PictureType type) {
+    const bool isTiff = type == PictureType::Tiff;
+    return {isTiff || type == PictureType::Png, !isTiff, !isTiff};
+}
+
+bool CanWriteTiff() {
+    return QImageWriter::supportedImageFormats().contains(kTiffFormat);
+}
+
+bool IsSvgFile(const std::string& path) {
+    return PictureTypeOf(path) == PictureType::Svg;
+}
+
+std::string SavePicture(const std::string& path, const PictureSize& size, const PictureFacts& facts,
                         const DrawPictureOn& draw) {
-    const PictureWriter write = WriterFor(path);
-    if (write == nullptr) {
-        return "'" + path + "' does not end in .png, .svg or .pdf";
+    const std::optional<PictureType> type = PictureTypeOf(path);
+    if (!type) {
+        return "'" + path + "' does not end in .png, .svg, .pdf or .tif";
     }
     if (!IsSensible(size)) {
         return "'" + path + "' could not be written: a picture is 1 to 30000 pixels wide and high";
     }
-    if (size.isTransparent && write == WritePng) {
-        return "'" + path
-               + "' could not be written: a PNG has a white ground; SVG and PDF can be "
-                 "transparent";
-    }
-    const Picture picture{size, DrawableText(title), draw};
+    const PictureWriter write = WriterFor(*type);
+    const Picture picture{size, facts, draw};
     const std::string error =
         WriteFileAtomically(path, [&](const PutBytes& put) { return write(picture, put); });
     if (error.empty() || error == kPictureStopped) {
         return error;
     }
     return "'" + path + "' could not be written: " + error;
+}
+
+std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,
+                        const DrawPictureOn& draw) {
+    return SavePicture(path, size, PictureFacts{title, {}, {}, {}}, draw);
 }
 
 } // namespace quandrel

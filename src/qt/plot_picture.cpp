@@ -3,6 +3,7 @@
 #include "qt/plot_picture.h"
 
 #include "core/data_format.h"
+#include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/plot_style.h"
@@ -11,6 +12,9 @@
 #include "drawing/draw_plot.h"
 #include "drawing/plot_driver.h"
 #include "drawing/work_out.h"
+#include "persistence/binary_plot.h"
+#include "persistence/picture_block.h"
+#include "persistence/picture_data.h"
 #include "platform/platform.h"
 #include "qt/image_surface.h"
 #include "qt/picture_page.h"
@@ -18,6 +22,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace quandrel {
 
@@ -159,6 +164,64 @@ Drawing DrawingOfFigure(const PlotRecord& record, const FigureExport& figure, Su
     return drawing;
 }
 
+constexpr const char* kNoDataInTiff =
+    "a TIFF cannot hold the data of the plot: choose SVG, PDF or PNG";
+
+/// The plot for a picture that is to hold it. Without one, a text says why.
+struct PlotForPicture {
+    std::string plotFile; ///< for a PDF
+    std::string plotText; ///< for the other types
+    std::string leftOut;
+};
+
+PlotForPicture PlotFor(const Plot& shown, PictureType type) {
+    PlotForPicture plot;
+    Result<std::string> bytes = PlotBytesForPicture(shown);
+    Result<std::string> text = bytes ? TextOfPlotFile(*bytes) : bytes;
+    if (!text) {
+        plot.leftOut = text.Error();
+    } else if (type == PictureType::Pdf) {
+        plot.plotFile = std::move(*bytes);
+    } else if (type == PictureType::Png && text->size() > kLongestPngText) {
+        plot.leftOut = "A PNG has room for 6 MB, and they are larger. SVG and PDF hold them.";
+    } else {
+        plot.plotText = std::move(*text);
+    }
+    return plot;
+}
+
+/// The file of a picture.
+struct PictureFile {
+    const std::string& path;
+    std::string style;
+    bool hasData = false;
+};
+
+/// Saves a picture of a plot that is worked out.
+std::string SaveWithFacts(const Plot& shown, const PictureFile& file, const PictureSize& size,
+                          const DrawPictureOn& draw) {
+    PictureFacts facts;
+    facts.title = shown.record.PlotTitle;
+    facts.style = file.style;
+    const std::optional<PictureType> type = PictureTypeOf(file.path);
+    if (!file.hasData || !type) {
+        return SavePicture(file.path, size, facts, draw);
+    }
+    if (!AbilitiesOf(*type).holdsPlot) {
+        return "'" + file.path + "' could not be written: " + kNoDataInTiff;
+    }
+    PlotForPicture plot = PlotFor(shown, *type);
+    facts.title = PictureViewOf(shown.record).title;
+    facts.plotFile = std::move(plot.plotFile);
+    facts.plotText = std::move(plot.plotText);
+    const std::string error = SavePicture(file.path, size, facts, draw);
+    if (error.empty() && !plot.leftOut.empty()) {
+        Tell("The picture was saved without the data of the plot.\n" + plot.leftOut,
+             Icon::Information);
+    }
+    return error;
+}
+
 std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions& options) {
     const FigureExport& figure = *options.figure;
     if (plot.record.PlotKind == kRose) {
@@ -167,9 +230,9 @@ std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions
     const BusyPointer busy(*gPlatform.status);
     WorkOutUnseen(plot);
     UnseenSurface unseen(path);
-    const Result<FigureLayout> layout =
-        LayOutFigure(plot, DrawingOfFigure(plot.record, figure, unseen.Drawing(), unseen.Drawing()),
-                     figure.size);
+    const Result<FigureLayout> layout = LayOutFigureOnPage(
+        plot, DrawingOfFigure(plot.record, figure, unseen.Drawing(), unseen.Drawing()), figure.size,
+        figure.height);
     if (!layout) {
         return layout.Error();
     }
@@ -177,7 +240,8 @@ std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions
     PictureSize size{whole.width, whole.height, figure.dotsPerInch / kPixelsInInch,
                      options.bandBytes};
     size.isTransparent = figure.isTransparent;
-    return SavePicture(path, size, plot.record.PlotTitle, [&](PicturePage& page) {
+    const std::shared_ptr<const FigureStyle> style = StyleOf(figure, plot.record);
+    return SaveWithFacts(plot, {path, style->name, options.hasData}, size, [&](PicturePage& page) {
         Surface& net = page.In(InPixels(layout->net));
         DrawFigure(plot, DrawingOfFigure(plot.record, figure, net, page.In(whole)), *layout);
     });
@@ -194,8 +258,9 @@ std::string PictureName(const PlotRecord& record) {
 }
 
 std::string SavePlotPicture(const std::string& path, const PictureOptions& options) {
+    Plot& plot = ActivePlot();
     if (options.figure) {
-        return SaveFigure(ActivePlot(), path, options);
+        return SaveFigure(plot, path, options);
     }
     UnseenSurface unseen(path);
     const PictureLayout layout = LayOut(options.part, unseen.Drawing());
@@ -203,9 +268,10 @@ std::string SavePlotPicture(const std::string& path, const PictureOptions& optio
                               static_cast<double>(options.size) / kPictureHeight,
                               options.bandBytes};
     const BusyPointer busy(*gPlatform.status);
-    return SavePicture(path, picture, ActiveRecord().PlotTitle, [&](PicturePage& page) {
-        DrawPicture(page, options.part, unseen.Drawing());
-    });
+    WorkOutUnseen(plot);
+    return SaveWithFacts(
+        plot, {path, StyleOfPlot(plot.record)->name, options.hasData}, picture,
+        [&](PicturePage& page) { DrawPicture(page, options.part, unseen.Drawing()); });
 }
 
 QImage PlotImage(PlotImagePart part, const PlotBoxSizes& boxes, double density) {

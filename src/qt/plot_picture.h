@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/plot_record.h"
-#include "drawing/figure_layout.h"
+#include "drawing/figure_page.h"
 #include "print/picture_layout.h"
 #include "qt/picture_file.h"
 
@@ -21,27 +21,32 @@ namespace quandrel {
 /// figure and without the boxes of the window.
 struct FigureExport {
     FigureSize size;
+    double height = 0;                        ///< of the page, millimetres, see LayOutFigureOnPage
     std::shared_ptr<const FigureStyle> style; ///< null for that of the plot, or Journal for one in
                                               ///< Classic
-    int dotsPerInch = 300;                    ///< of a PNG, which says so
+    int dotsPerInch = 300;                    ///< of a PNG or TIFF, which say so
     bool isTransparent = false;               ///< as PictureSize::isTransparent
 };
 
 struct PictureOptions {
-    /// Height in pixels of a PNG. Lines, symbols and texts grow with it.
+    /// Height in pixels of a PNG or TIFF. Lines, symbols and texts grow with it.
     int size = 1000;
     PicturePart part = PicturePart::WholePlot;
     std::size_t bandBytes = kBytesInBand; ///< of a large PNG, see PictureSize
     std::optional<FigureExport> figure;   ///< then size and part do not count
+    bool hasData = false;                 ///< with the plot itself, if AbilitiesOf allows it
 };
 
 /// A file name for the picture of a plot: that of its data with the ending .png, or its title.
 [[nodiscard]] std::string PictureName(const PlotRecord& record);
 
-/// Draws gActivePlot into a file whose ending gives its type: .png, .svg, .pdf. Nothing is
-/// recalculated. A page of a PDF is a whole number of points wide and high.
+/// Draws gActivePlot into a file whose ending gives its type (PictureTypeOf). Nothing is
+/// recalculated. A picture with its data can be opened as the plot (persistence/open_plot.h), which
+/// then gives the same bytes; its title is that of the data, without the number of the plot. The
+/// user is told where the plot is too large for the file and was left out.
 ///
-/// @return as SavePicture; for a rose as a figure, and for a figure that is too narrow, a message
+/// @return as SavePicture; for a rose as a figure, a figure that is too narrow, and data in a file
+///         that cannot hold them, a message
 [[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
 
 enum class PlotImagePart { Net, Legend };

@@ -37,17 +37,34 @@ void Fail(png_structp png, png_const_charp) {
 
 void Ignore(png_structp, png_const_charp) {}
 
-bool WriteHead(png_structp png, png_infop info, int width, int height, int dotsPerMetre) {
+/// The texts of a head in the form of the library. They refer to the head.
+std::vector<png_text> TextsOf(const PngHead& head) {
+    std::vector<png_text> texts;
+    for (const PngText& text : head.texts) {
+        png_text entry{};
+        entry.compression =
+            text.isCompressed ? PNG_TEXT_COMPRESSION_zTXt : PNG_ITXT_COMPRESSION_NONE;
+        // The library copies both, and changes neither.
+        entry.key = const_cast<char*>(text.keyword.c_str());
+        entry.text = const_cast<char*>(text.text.c_str());
+        texts.push_back(entry);
+    }
+    return texts;
+}
+
+bool WriteHead(png_structp png, png_infop info, const PngHead& head, const png_text* texts) {
     if (setjmp(png_jmpbuf(png)) != 0) {
         return false;
     }
-    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height),
-                 kBitDepth, PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
-                 PNG_FILTER_TYPE_DEFAULT);
-    const auto dots = static_cast<png_uint_32>(dotsPerMetre);
+    png_set_IHDR(png, info, static_cast<png_uint_32>(head.width),
+                 static_cast<png_uint_32>(head.height), kBitDepth,
+                 head.hasAlpha ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    const auto dots = static_cast<png_uint_32>(head.dotsPerMetre);
     png_set_pHYs(png, info, dots, dots, PNG_RESOLUTION_METER);
     // Drawings are mostly plain: the difference from the line above is the smallest of all filters.
     png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_UP);
+    png_set_text(png, info, texts, static_cast<int>(head.texts.size()));
     png_write_info(png, info);
     return true;
 }
@@ -90,19 +107,24 @@ PngWriter::~PngWriter() {
     png_destroy_write_struct(&state_->png, &state_->info);
 }
 
-bool PngWriter::Begin(int width, int height, int dotsPerMetre) {
+bool PngWriter::Begin(const PngHead& head) {
     constexpr std::size_t kChannels = 3;
-    line_.resize(static_cast<std::size_t>(width) * kChannels);
-    return state_->info != nullptr
-           && WriteHead(state_->png, state_->info, width, height, dotsPerMetre)
+    hasAlpha_ = head.hasAlpha;
+    line_.resize(static_cast<std::size_t>(head.width) * (kChannels + (hasAlpha_ ? 1 : 0)));
+    const std::vector<png_text> texts = TextsOf(head);
+    return state_->info != nullptr && WriteHead(state_->png, state_->info, head, texts.data())
            && !state_->target.hasFailed;
 }
 
 bool PngWriter::WriteLine(const QRgb* pixels) {
     for (auto channel = line_.begin(); channel != line_.end(); ++pixels) {
-        *channel++ = static_cast<std::uint8_t>(*pixels >> 16);
-        *channel++ = static_cast<std::uint8_t>(*pixels >> 8);
-        *channel++ = static_cast<std::uint8_t>(*pixels);
+        const QRgb pixel = hasAlpha_ ? qUnpremultiply(*pixels) : *pixels;
+        *channel++ = static_cast<std::uint8_t>(pixel >> 16);
+        *channel++ = static_cast<std::uint8_t>(pixel >> 8);
+        *channel++ = static_cast<std::uint8_t>(pixel);
+        if (hasAlpha_) {
+            *channel++ = static_cast<std::uint8_t>(pixel >> 24);
+        }
     }
     return WriteRow(state_->png, line_.data()) && !state_->target.hasFailed;
 }

@@ -7,6 +7,8 @@
 // Input: the command line.
 // Output: an exit code. The ports of the engine are set here, before any other call of the engine.
 
+#include "pdf/pdf_file.h"
+#include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "qt/qt_clipboard.h"
 #include "qt/qt_settings_store.h"
@@ -68,6 +70,7 @@ int main(int argc, char** argv) {
     quandrel::gPlatform.printers = &printers;
     quandrel::gPlatform.decimalIsComma = quandrel::QtDecimalIsComma();
     quandrel::gPlatform.today = QDate::currentDate().toString(Qt::ISODate).toStdString();
+    quandrel::OpenState::now.readPdf = quandrel::AttachmentOfPdf;
     quandrel::InitialiseApplication();
 
     quandrel::GeolPlotMain window;

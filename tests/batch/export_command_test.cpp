@@ -3,6 +3,7 @@
 // Figures as their SVG files have them.
 
 #include "batch_fixture.h"
+#include "pdf/pdf_file.h"
 #include "svg/text_metrics.h"
 
 #include <QImage>
@@ -113,6 +114,27 @@ TEST_F(ExportFigure, SaysTheResolutionOfAPng) {
     const QImage image(QString::fromStdString((folder / "a.png").string()));
     EXPECT_EQ(image.width(), 1984) << "84 / 25.4 * 600";
     EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, 600, 0.1);
+}
+
+TEST_F(ExportFigure, TakesTheSizeOfASlide) {
+    ASSERT_EQ(Run("open \"FOLDER/planes.txt\"; export \"FOLDER/a.png\" width=slide dpi=100"), "");
+    const QImage image(QString::fromStdString((folder / "a.png").string()));
+    EXPECT_EQ(image.size(), QSize(1000, 563)) << "10 by 5.625 inches";
+}
+
+TEST_F(ExportFigure, HasAPageOfItsSizeInAPdf) {
+    for (const double width : {84.0, 120.0, 174.0}) {
+        const std::string svg = Svg("export \"FOLDER/a.pdf\" width=" + std::to_string(width) + "; ",
+                                    "width=" + std::to_string(width));
+        std::ifstream file(folder / "a.pdf", std::ios::binary);
+        const Result<PdfFacts> facts = FactsOfPdf(std::string(std::istreambuf_iterator(file), {}));
+        ASSERT_TRUE(facts) << facts.Error();
+        ASSERT_EQ(facts->pages.size(), 1U);
+        EXPECT_NEAR(facts->pages[0].width / 72 * 25.4, width, 1e-3);
+        EXPECT_EQ(facts->info.at("/Subject"), "Drawn by Quandrel 9.5.1 in the style Journal");
+        EXPECT_NE(svg.find("<desc>Drawn by Quandrel 9.5.1 in the style Journal</desc>"),
+                  std::string::npos);
+    }
 }
 
 TEST_F(ExportFigure, RefusesWhatItCannotDraw) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "image_checks.h"
+#include "pdf/pdf_file.h"
+#include "persistence/picture_data.h"
 #include "platform/platform.h"
 #include "platform/scripted/quiet_status_line.h"
 #include "qt/picture_file.h"
@@ -114,15 +116,12 @@ TEST_F(PictureFile, ThePageOfAPdfIsAsLargeAsThePicture) {
     ASSERT_EQ(Save(Path("a.pdf")), "");
     const std::string pdf = Bytes(Path("a.pdf"));
     EXPECT_EQ(pdf.compare(0, 5, "%PDF-"), 0);
-    const std::string key = "/MediaBox [0 0 ";
-    const std::size_t box = pdf.find(key);
-    ASSERT_NE(box, std::string::npos);
-    std::istringstream sides(pdf.substr(box + key.size(), 40));
-    double width = 0;
-    double height = 0;
-    sides >> width >> height;
-    EXPECT_NEAR(width, 75, 0.51) << "hundred pixels of three quarters of a point";
-    EXPECT_NEAR(height, 37.5, 0.51);
+    const Result<PdfFacts> facts = FactsOfPdf(pdf);
+    ASSERT_TRUE(facts) << facts.Error();
+    ASSERT_EQ(facts->pages.size(), 1U);
+    EXPECT_NEAR(facts->pages[0].width, 75, 1e-3) << "hundred pixels of three quarters of a point";
+    EXPECT_NEAR(facts->pages[0].height, 37.5, 1e-3);
+    EXPECT_EQ(facts->info.at("/Title"), "A < B & C");
     EXPECT_NE(pdf.find("/FontFile"), std::string::npos) << "text with its font";
 }
 
@@ -137,12 +136,113 @@ TEST_F(PictureFile, ThePartsOfAPdfAreWhereItSays) {
 }
 
 TEST_F(PictureFile, TheSameDrawingGivesTheSameBytes) {
-    for (const char* ending : {".png", ".svg", ".pdf"}) {
+    for (const char* ending : {".png", ".svg", ".pdf", ".tif"}) {
         ASSERT_EQ(Save(Path(std::string("a") + ending)), "");
         ASSERT_EQ(Save(Path(std::string("b") + ending)), "");
         EXPECT_EQ(Bytes(Path(std::string("a") + ending)), Bytes(Path(std::string("b") + ending)))
             << ending;
     }
+}
+
+TEST_F(PictureFile, ATiffHasThePixelsAndTheResolutionOfAPng) {
+    ASSERT_TRUE(CanWriteTiff());
+    for (const double scale : {1.0, 3.125, 6.25}) { // 96, 300, 600 dots per inch
+        ASSERT_EQ(Save(Path("a.png"), scale), "");
+        ASSERT_EQ(Save(Path("a.tiff"), scale), "");
+        const QImage png(QString::fromStdString(Path("a.png")));
+        const QImage tiff(QString::fromStdString(Path("a.tiff")));
+        EXPECT_EQ(tiff.convertToFormat(QImage::Format_RGB32), png);
+        EXPECT_FALSE(tiff.hasAlphaChannel());
+        EXPECT_NEAR(tiff.dotsPerMeterX() * 0.0254, 96 * scale, 0.1);
+        EXPECT_NEAR(tiff.dotsPerMeterY() * 0.0254, 96 * scale, 0.1);
+    }
+}
+
+TEST_F(PictureFile, ATiffThatIsTooLargeIsRefused) {
+    EXPECT_EQ(SavePicture(Path("a.tif"), {20000, 20000, 1}, "", Draw),
+              "'" + Path("a.tif")
+                  + "' could not be written: a TIFF has 300 million pixels at most");
+    EXPECT_EQ(CountFiles(), 0U);
+}
+
+TEST_F(PictureFile, ATransparentPictureHasNoGround) {
+    PictureSize size{100, 50, 2};
+    size.isTransparent = true;
+    for (const char* name : {"a.png", "a.tif"}) {
+        ASSERT_EQ(SavePicture(Path(name), size, "", Draw), "");
+        const QImage image(QString::fromStdString(Path(name)));
+        ASSERT_TRUE(image.hasAlphaChannel()) << name;
+        EXPECT_EQ(image.pixel(5, 50), 0U) << name;
+        EXPECT_EQ(image.pixel(50, 50), qRgb(0, 0, 0)) << name;
+        int between = 0; // the edges of letters: black, more or less
+        for (int x = 120; x < 200; ++x) {
+            for (int y = 0; y < 100; ++y) {
+                const QRgb pixel = image.pixel(x, y);
+                between += qAlpha(pixel) > 0 && qAlpha(pixel) < 255 ? 1 : 0;
+                EXPECT_EQ(pixel & 0xffffffU, 0U) << name;
+            }
+        }
+        EXPECT_GT(between, 20) << name;
+    }
+    ASSERT_EQ(SavePicture(Path("a.svg"), size, "", Draw), "");
+    EXPECT_EQ(Bytes(Path("a.svg")).find("#ffffff"), std::string::npos);
+}
+
+TEST_F(PictureFile, BandsOfATransparentPngAreThoseOfOneDrawnAtOnce) {
+    PictureSize size{100, 50, 3};
+    size.isTransparent = true;
+    ASSERT_EQ(SavePicture(Path("a.png"), size, "", Draw), "");
+    size.bandBytes = 300 * 4 * 7;
+    ASSERT_EQ(SavePicture(Path("b.png"), size, "", Draw), "");
+    EXPECT_EQ(Bytes(Path("a.png")), Bytes(Path("b.png")));
+}
+
+TEST_F(PictureFile, NamesTheProgramAndTheStyle) {
+    PictureFacts facts;
+    facts.title = "beds.txt";
+    facts.style = "Th\xc3\xa8se & co";
+    const std::string origin = "Drawn by Quandrel 9.5.1 in the style ";
+    ASSERT_EQ(SavePicture(Path("a.png"), {100, 50}, facts, Draw), "");
+    const QImage image(QString::fromStdString(Path("a.png")));
+    EXPECT_EQ(image.text("Software").toStdString(), "Quandrel 9.5.1");
+    EXPECT_EQ(image.text("Description").toStdString(), origin + facts.style);
+    ASSERT_EQ(SavePicture(Path("a.svg"), {100, 50}, facts, Draw), "");
+    EXPECT_NE(Bytes(Path("a.svg")).find("<desc>" + origin + "Th\xc3\xa8se &amp; co</desc>"),
+              std::string::npos);
+    ASSERT_EQ(SavePicture(Path("a.pdf"), {100, 50}, facts, Draw), "");
+    const Result<PdfFacts> ofPdf = FactsOfPdf(Bytes(Path("a.pdf")));
+    ASSERT_TRUE(ofPdf);
+    EXPECT_EQ(ofPdf->info.at("/Creator"), "Quandrel 9.5.1");
+    EXPECT_EQ(ofPdf->info.at("/Subject"), origin + facts.style);
+    EXPECT_EQ(ofPdf->info.at("/Title"), "beds.txt");
+    EXPECT_TRUE(ofPdf->attachments.empty());
+}
+
+TEST_F(PictureFile, HoldsAPlot) {
+    const std::string plot = std::string("bin9.5\0\xff", 8) + std::string(100'000, 'x');
+    PictureFacts facts;
+    facts.plotFile = plot;
+    facts.plotText = *TextOfPlotFile(plot);
+    for (const char* name : {"a.png", "a.svg", "a.pdf"}) {
+        ASSERT_EQ(SavePicture(Path(name), {100, 50}, facts, Draw), "");
+        const Result<std::string> back = PlotFileOfPicture(Bytes(Path(name)), AttachmentOfPdf);
+        ASSERT_TRUE(back) << name << " " << back.Error();
+        EXPECT_EQ(*back, plot) << name;
+    }
+    EXPECT_FALSE(QImage(QString::fromStdString(Path("a.png"))).isNull());
+}
+
+TEST_F(PictureFile, SaysWhatATypeCanHave) {
+    EXPECT_EQ(PictureTypeOf("a.TIF"), PictureType::Tiff);
+    EXPECT_EQ(PictureTypeOf("a.tiff"), PictureType::Tiff);
+    EXPECT_EQ(PictureTypeOf("a.Svg"), PictureType::Svg);
+    EXPECT_FALSE(PictureTypeOf("a.gif"));
+    EXPECT_TRUE(AbilitiesOf(PictureType::Tiff).hasPixels);
+    EXPECT_FALSE(AbilitiesOf(PictureType::Tiff).holdsPlot);
+    EXPECT_TRUE(AbilitiesOf(PictureType::Png).hasPixels);
+    EXPECT_TRUE(AbilitiesOf(PictureType::Png).holdsPlot);
+    EXPECT_FALSE(AbilitiesOf(PictureType::Pdf).hasPixels);
+    EXPECT_TRUE(AbilitiesOf(PictureType::Svg).namesOrigin);
 }
 
 TEST_F(PictureFile, EndingsCountInAnyCaseAndPathsMayHoldAnyLetters) {
@@ -155,7 +255,8 @@ TEST_F(PictureFile, EndingsCountInAnyCaseAndPathsMayHoldAnyLetters) {
 
 TEST_F(PictureFile, AnUnknownEndingIsRefused) {
     for (const char* name : {"a.jpg", "a", "png", "a.png.bak", ""}) {
-        EXPECT_EQ(Save(Path(name)), "'" + Path(name) + "' does not end in .png, .svg or .pdf");
+        EXPECT_EQ(Save(Path(name)),
+                  "'" + Path(name) + "' does not end in .png, .svg, .pdf or .tif");
     }
     EXPECT_EQ(CountFiles(), 0U);
 }

@@ -97,7 +97,7 @@ void frmFabricPlots::MakeControls() {
     cmdCopyTable = MakeButton("cmdCopyTable", "&Copy Table", "Copies the values to the clipboard");
     cmdCopyPicture =
         MakeButton("cmdCopyPicture", "Copy &Picture", "Copies the picture to the clipboard");
-    cmdExport = MakeButton("cmdExport", "E&xport...", "Saves the picture as PNG, SVG or PDF");
+    cmdExport = MakeButton("cmdExport", "E&xport...", "Saves the picture as PNG, SVG, PDF or TIFF");
     cmdClose = MakeButton("cmdClose", "Clos&e", "Closes the window");
 }
 

@@ -106,7 +106,7 @@ void frmStatisticalTests::MakeControls() {
     cmdSimulate = MakeButton("cmdSimulate", "&Simulate",
                              "Finds the probabilities that need a simulation; Esc stops it");
     cmdExport = MakeButton("cmdExport", "E&xport Plots...",
-                           "Writes the quantile plots to a picture: PNG, SVG or PDF");
+                           "Writes the quantile plots to a picture: PNG, SVG, PDF or TIFF");
     cmdCopy = MakeButton("cmdCopy", "&Copy", "Copies the text to the clipboard");
     cmdClose = MakeButton("cmdClose", "Clos&e", "Closes the dialog");
 }

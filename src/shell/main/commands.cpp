@@ -45,7 +45,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuFileFormat", "Data &Format...", "File structure and data conventions", "format", "F6"},
     {"mnuFileStruct", "Data &Format...", "File structure and data conventions", "format", kNone},
     {"mnuFileDirectory", "Defa&ult Data Folder...", "Where file dialogs start", "folder", kNone},
-    {"mnuFileExport", "E&xport Image...", "Save a picture of this plot as PNG, SVG or PDF",
+    {"mnuFileExport", "E&xport Image...", "Save a picture of this plot as PNG, SVG, PDF or TIFF",
      "export", "Ctrl+E"},
     {"mnuFileCopyImage_0", "Copy plot &image to Clipboard", kNone, "copy", "Ctrl+Shift+C"},
     {"mnuFileCopyImage_1", "Copy legen&d image to Clipboard", kNone, "legend", kNone},

@@ -4,6 +4,9 @@
 
 #include "core/plot_texts.h"
 #include "core/style_tables.h"
+#include "pdf/pdf_file.h"
+#include "persistence/open_plot.h"
+#include "qt/plot_picture.h"
 #include "session/closing.h"
 #include "shell/controls/picture_box.h"
 #include "shell/main/frm_intro.h"
@@ -29,6 +32,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <fstream>
 #include <set>
 
 namespace quandrel {
@@ -416,6 +420,46 @@ TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     other.ignore();
     QApplication::sendEvent(main.get(), &other);
     EXPECT_FALSE(other.isAccepted());
+}
+
+TEST_F(MainWindow, ADroppedPictureOpensThePlotThatItHolds) {
+    const auto drop = [this](const std::string& path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+        QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(main.get(), &event);
+        QApplication::processEvents();
+    };
+    const auto bytesOf = [](const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    OpenState::now.readPdf = AttachmentOfPdf;
+    PictureOptions options;
+    options.hasData = true;
+    options.size = 300;
+    int slot = OpenFile("a.txt");
+    for (const char* name : {"net.svg", "net.png", "net.pdf"}) {
+        const std::string first = (folder / name).string();
+        const std::string again = (folder / ("again_" + std::string(name))).string();
+        gActivePlot = slot;
+        ASSERT_EQ(SavePlotPicture(first, options), "");
+        const int before = CountOpenPlots();
+        drop(first);
+        ASSERT_EQ(CountOpenPlots(), before + 1) << name;
+        EXPECT_EQ(ActiveRecord().PlotTitle, name + (": " + std::to_string(gActivePlot)));
+        EXPECT_EQ(ActiveRecord().NumData, RecordOf(slot).NumData);
+        ASSERT_EQ(SavePlotPicture(again, options), "");
+        EXPECT_TRUE(bytesOf(first) == bytesOf(again)) << name;
+        slot = gActivePlot; // the next one is a picture of what came out of this one
+    }
+    options.hasData = false;
+    ASSERT_EQ(SavePlotPicture((folder / "bare.svg").string(), options), "");
+    Expect("The picture holds no plot");
+    const int before = CountOpenPlots();
+    drop((folder / "bare.svg").string());
+    EXPECT_EQ(CountOpenPlots(), before);
+    OpenState::now.readPdf = nullptr;
 }
 
 TEST_F(MainWindow, TheAboutBoxNamesTheVersion) {
