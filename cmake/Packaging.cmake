@@ -66,8 +66,8 @@ Quandrel reads orientation measurements (planes, lines, polar lines,
 directions) from text files in almost any layout, draws them as stereonets
 and rose diagrams, and works out their statistics: densities and contours,
 fabric statistics, circular statistics, P and T axes of faults, rotation and
-unfolding. Pages are printed at true scale, pictures written as PNG, SVG and
-PDF. The program quandrel-batch does all of it from scripts.")
+unfolding. Pages are printed at true scale, pictures written as PNG, SVG, PDF
+and TIFF. The program quandrel-batch does all of it from scripts.")
 set(CPACK_COMPONENT_DEV_DESCRIPTION
 "arithmetic of structural geology for C++ programs
 The engine of Quandrel as a static library with headers: orientations and
@@ -87,7 +87,8 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME quandrel)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 # Dependencies on libraries are added automatically; the SVG library includes its plug-in for icons.
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS hicolor-icon-theme)
+# The plug-in for TIFF pictures is loaded by Qt, where it is found.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquandrel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)

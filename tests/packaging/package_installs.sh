@@ -37,7 +37,7 @@ for path in include/quandrel/quandrel.h lib/libquandrel.a lib/cmake/quandrel/qua
     [ ! -e "$root/usr/$path" ] || fail "the package of the programs holds $path"
 done
 depends=$(dpkg-deb -f "$package" Depends)
-for library in libqt6widgets6 libqt6svg6; do
+for library in libqt6widgets6 libqt6svg6 libqpdf29 qt6-image-formats-plugins; do
     [ "$(grep -o "$library" <<<"$depends" | wc -l)" -eq 1 ] \
         || fail "the package does not depend on $library once: $depends"
 done

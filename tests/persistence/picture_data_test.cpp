@@ -40,16 +40,12 @@ std::optional<std::string> TextIn(const std::string& chunks) {
 
 TEST(Base64, GivesTheTextsOfTheStandard) {
     // RFC 4648, section 10.
-    const std::vector<std::pair<std::string, std::string>> texts = {{"", ""},
-                                                                    {"f", "Zg=="},
-                                                                    {"fo", "Zm8="},
-                                                                    {"foo", "Zm9v"},
-                                                                    {"foob", "Zm9vYg=="},
-                                                                    {"fooba", "Zm9vYmE="},
-                                                                    {"foobar", "Zm9vYmFy"}};
-    for (const auto& [bytes, text] : texts) {
-        EXPECT_EQ(Base64Of(bytes), text);
-        EXPECT_EQ(BytesOfBase64(text), bytes);
+    const std::string word = "foobar";
+    const std::vector<std::string> texts = {"",         "Zg==",     "Zm8=",    "Zm9v",
+                                            "Zm9vYg==", "Zm9vYmE=", "Zm9vYmFy"};
+    for (std::size_t length = 0; length < texts.size(); ++length) {
+        EXPECT_EQ(Base64Of(word.substr(0, length)), texts[length]);
+        EXPECT_EQ(BytesOfBase64(texts[length]), word.substr(0, length));
     }
     std::string all;
     for (int i = 0; i < 256; ++i) {
