@@ -5,6 +5,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
+#include "rose/label_box.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_scale.h"
 #include "stereo/window_drawing.h"
@@ -106,18 +107,6 @@ void DrawAxes(const Drawing& drawing, int shape) {
     }
 }
 
-/// A rectangle on the plot: +y is up.
-struct LabelBox {
-    double left = 0;
-    double bottom = 0;
-    double right = 0;
-    double top = 0;
-};
-
-bool Meet(const LabelBox& a, const LabelBox& b) {
-    return a.left < b.right && b.left < a.right && a.bottom < b.top && b.bottom < a.top;
-}
-
 /// Places the names of compass points around the rim, clear of the mean's arrows and of each other.
 class CompassLabels {
 public:
@@ -140,7 +129,8 @@ public:
         const LabelBox box = ClearOfArrows(name, i * kPi / 8);
         const bool isTaken = std::any_of(taken_.begin(), taken_.end(),
                                          [&box](const LabelBox& t) { return Meet(t, box); });
-        if (!isTaken && !ReachesIntoCircle(box)) {
+        // In a tiny window there is no room for a name beside the circle.
+        if (!isTaken && !ReachesIntoCircle(box, kNetRadius)) {
             taken_.push_back(box);
             surface_.Text({box.left, box.top}, name);
         }
@@ -159,13 +149,6 @@ private:
         const double top = std::clamp(kLabelRadius * y + (y + 1) * height / 2,
                                       std::min(scale.bottom + height, scale.top), scale.top);
         return {left, top - height, left + width, top};
-    }
-
-    /// In a tiny window there is no room for a name beside the circle.
-    [[nodiscard]] static bool ReachesIntoCircle(const LabelBox& box) {
-        return std::hypot(std::clamp(0.0, box.left, box.right),
-                          std::clamp(0.0, box.bottom, box.top))
-               < kNetRadius;
     }
 
     [[nodiscard]] bool IsCrossed(const LabelBox& box) const {

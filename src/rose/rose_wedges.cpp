@@ -8,6 +8,7 @@
 #include "rose/rose_furniture.h"
 #include "rose/rose_radii.h"
 #include "rose/rose_sectors.h"
+#include "rose/wedge_shapes.h"
 #include "stereo/window_drawing.h"
 
 #include <algorithm>
@@ -174,7 +175,8 @@ private:
         for (std::size_t i = 0; i < wedges.size(); ++i) {
             const RoseFill fill = FillOfRoseClass(styles_, wedges[i].classNumber);
             Use(TableColour(styles_, fill.colour), fill.pattern, 1);
-            surface_.Polygon(RingPart(wedges[i], InnerRadius(wedges, i)), outline_);
+            const double inner = InnerRadiusOf(wedges, i, settings_.zeroRadius);
+            surface_.Polygon(CornersOfRingPart(wedges[i], inner), outline_);
         }
     }
 
@@ -186,37 +188,6 @@ private:
         Use(blank_, kSolidFill, kBlankWidth);
         surface_.Wedge({}, std::max(blank.radius - kBlankMargin, 0.0), blank.start, blank.end,
                        blank_);
-    }
-
-    /// The inner radius of a class: the outer radius of the next class inside, or the zero circle.
-    [[nodiscard]] double InnerRadius(std::span<const RoseWedge> wedges, std::size_t i) const {
-        for (std::size_t inner = i + 1;
-             inner < wedges.size() && wedges[inner].sector == wedges[i].sector; ++inner) {
-            if (wedges[inner].mirror == wedges[i].mirror) {
-                return wedges[inner].radius;
-            }
-        }
-        return settings_.zeroRadius;
-    }
-
-    /// The corners of a wedge from an inner radius.
-    [[nodiscard]] static std::vector<Point> RingPart(const RoseWedge& wedge, double innerRadius) {
-        constexpr double kStep = kPi / 360; // arcs are accurate to 0.01 units
-        const double turn = WrappedAngle(wedge.end - wedge.start);
-        const double sweep = wedge.start == wedge.end ? kTwoPi : turn;
-        const int steps = static_cast<int>(std::ceil(sweep / kStep));
-        std::vector<Point> corners;
-        const auto add = [&](double radius, int step) {
-            const double angle = wedge.start + sweep * step / steps;
-            corners.push_back({radius * std::cos(angle), radius * std::sin(angle)});
-        };
-        for (int step = 0; step <= steps; ++step) {
-            add(wedge.radius, step);
-        }
-        for (int step = innerRadius > 0 ? steps : 0; step >= 0; --step) {
-            add(innerRadius, step);
-        }
-        return corners;
     }
 
     Surface& surface_;
