@@ -292,8 +292,10 @@ QPolygonF PainterSurface::ArcPolygon(Point centre, double radius, double start, 
 
 void PainterSurface::Arc(Point centre, double radius, double start, double end, Colour colour) {
     const QPolygonF arc = ArcPolygon(centre, radius, start, end);
+    constexpr double kMostStroked = 2.5; // pixels: joints of wider segments would show
     const bool isPlain = medium_ == Medium::Raster && state_.drawStyle == kSolidLine
-                         && state_.drawMode == kDrawCopy && !IsTranslucent() && clips_ == 0;
+                         && state_.drawMode == kDrawCopy && !IsTranslucent() && clips_ == 0
+                         && LineWidth(1) <= kMostStroked;
     if (isPlain && StrokeOnImage(painter_, arc, ToQt(colour), LineWidth(1))) {
         return;
     }
