@@ -2,6 +2,8 @@
 
 #include "rose/draw_rose.h"
 
+#include "rose/figure_rose.h"
+#include "rose/figure_rose_fills.h"
 #include "rose/rose_furniture.h"
 #include "rose/rose_mean.h"
 #include "rose/rose_tables.h"
@@ -10,7 +12,9 @@
 namespace quandrel {
 
 void DrawRose(const Plot& plot, const Drawing& drawing) {
-    if (RoseOf(plot).isShown) {
+    if (HasFigureRoses(drawing)) {
+        DrawFigureRose(plot, drawing, LabelRoom::Within);
+    } else if (RoseOf(plot).isShown) {
         {
             const NamedGroup group(drawing.plot, "petals", "Petals");
             DrawRoseWedges(plot, drawing);

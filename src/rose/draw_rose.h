@@ -10,7 +10,8 @@
 
 namespace quandrel {
 
-/// Draws the rose of a plot: wedges, scale and mean; nothing when the last computation left no rose
+/// Draws the rose of a plot in the style of the drawing, with all labels on the surface: wedges,
+/// scale and mean; nothing when the last computation left no rose
 /// to draw. Several threads can call it at the same time.
 void DrawRose(const Plot& plot, const Drawing& drawing);
 
