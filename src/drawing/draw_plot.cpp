@@ -18,6 +18,8 @@
 #include "edit/marks/small_circles.h"
 #include "orientation/projection.h"
 #include "rose/draw_rose.h"
+#include "rose/figure_rose.h"
+#include "rose/figure_rose_fills.h"
 #include "statistics/draw_regions.h"
 #include "stereo/figure_lines.h"
 #include "stereo/figure_symbols.h"
@@ -316,7 +318,13 @@ void DrawNetOfFigure(const Plot& plot, const Drawing& drawing) {
         const NamedGroup group(drawing.plot, "net", "Net");
         DrawPlotBase(plot.record, drawing);
     }
-    DrawLayers(plot, drawing);
+    if (plot.record.PlotKind != kRose) {
+        DrawLayers(plot, drawing);
+    } else if (HasFigureRoses(drawing)) {
+        DrawFigureRose(plot, drawing, LabelRoom::Beyond);
+    } else {
+        DrawRose(plot, drawing);
+    }
 }
 
 LineLook LookOfGirdle(const PlotRecord& record, const Drawing& drawing, int item) {

@@ -19,7 +19,8 @@ void DrawPlot(const Plot& plot, const Drawing& drawing);
 /// furniture, girdles, small circles, the symbols of axes, in this order.
 void DrawStereoPlot(const Plot& plot, const Drawing& drawing);
 
-/// Draws a net with its contents, but without a legend.
+/// Draws a net with its contents, or a rose, but without a legend. The labels of a rose may be
+/// beyond the edges of the surface.
 void DrawNetOfFigure(const Plot& plot, const Drawing& drawing);
 
 /// Whether a row of AxisItems is drawn: it is shown, and has a pole. One that the statistics leave

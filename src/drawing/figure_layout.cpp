@@ -3,10 +3,10 @@
 #include "drawing/figure_layout.h"
 
 #include "drawing/draw_plot.h"
+#include "drawing/figure_reach.h"
+#include "drawing/figure_text_rule.h"
 #include "orientation/projection.h"
 #include "stereo/drawable_text.h"
-#include "stereo/net.h"
-#include "stereo/text_lines.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +16,6 @@ namespace quandrel {
 
 namespace {
 
-constexpr double kMillimetresInPixel = 25.4 / 96;
 constexpr double kGap = 3; ///< between net, entries and bar
 constexpr double kSignWidth = 6;
 constexpr double kSignGap = 1.5; ///< from a sign to its text
@@ -30,85 +29,10 @@ constexpr double kBarTick = 0.8;
 constexpr double kNumberGap = 1;
 constexpr double kMostOfWidth = 0.45; ///< share of a legend beside its net
 constexpr double kLeastRadius = 8;
-constexpr double kNorthGap = 0.008; ///< as DrawPlotBase leaves above the longest tick
-constexpr double kArrowReach = 1.1;
 constexpr double kPlotReach = 1.1; ///< of kPlotScale
-constexpr const char* kTooNarrow = "the figure is too narrow for its net";
+constexpr const char* kTooNarrow = "the figure is too narrow for its net or rose";
 constexpr const char* kNoRoom = "the figure is too narrow for its legend: choose another width or "
                                 "place, or shorter names";
-
-/// The font of a legend.
-FontSpec FontOfLegend(const Drawing& drawing) {
-    const TextStyle& text = FigureOf(drawing).text;
-    FontSpec font = drawing.styles.fonts[kLegendFont].font;
-    if (text.size > 0) {
-        font = {text.families, text.size};
-    }
-    font.points = std::max(font.points, text.leastSize);
-    return font;
-}
-
-/// Sizes of texts in the font of a legend, whatever the scale of the surface.
-class TextRule {
-public:
-    TextRule(Surface& surface, const FontSpec& font)
-        : surface_(surface) {
-        DrawState state;
-        state.font = font;
-        surface.SetState(state);
-    }
-
-    [[nodiscard]] double Width(const std::string& text) const {
-        return surface_.TextWidth(DrawableText(text)) * Unit();
-    }
-
-    [[nodiscard]] double Height() const {
-        return surface_.TextHeight() / surface_.PixelSize().y * kMillimetresInPixel;
-    }
-
-    [[nodiscard]] double Width(const std::vector<std::string>& lines) const {
-        double width = 0;
-        for (const std::string& line : lines) {
-            width = std::max(width, Width(line));
-        }
-        return width;
-    }
-
-    [[nodiscard]] std::vector<std::string> Wrapped(const std::string& text, double width) const {
-        // A text that just fits is not to be broken by rounding.
-        constexpr double kSlack = 1e-6;
-        return WrappedLines(surface_, text, (width + kSlack) / Unit());
-    }
-
-private:
-    [[nodiscard]] double Unit() const { return kMillimetresInPixel / surface_.PixelSize().x; }
-
-    Surface& surface_;
-};
-
-/// How far a net reaches from its centre, shares of its radius; the "N" in millimetres above that.
-struct NetReach {
-    double around = kPlotReach;
-    double north = 0;
-};
-
-NetReach ReachOf(const Plot& plot, const Drawing& drawing) {
-    const NetStyle& net = FigureOf(drawing).net;
-    NetReach reach;
-    if (net.rimWidth == 0) {
-        return reach;
-    }
-    reach.around = 1 + std::max(net.tickLength, net.quadrantLength);
-    if (net.showNorth) {
-        const double points = std::max(net.northSize, FigureOf(drawing).text.leastSize);
-        reach.north =
-            TextRule(drawing.legend, {FigureOf(drawing).text.families, points, true}).Height();
-    }
-    if (IsMeanArrowShown(plot.record)) {
-        reach.around = std::max(reach.around, kArrowReach);
-    }
-    return reach;
-}
 
 /// Arranges a legend in a width.
 class LegendPlacer {
@@ -245,7 +169,7 @@ void PlaceNet(FigureLayout& layout, double x, double y, double radius) {
                   2 * kPlotReach * radius};
 }
 
-void LayOutRight(const FigureSize& size, const NetReach& reach, const LegendPlacer& placer,
+void LayOutRight(const FigureSize& size, const FigureReach& reach, const LegendPlacer& placer,
                  FigureLayout& layout) {
     const double natural = std::max(placer.EntryWidth(), placer.BarWidth());
     const double inner = size.width - 2 * kFigureMargin;
@@ -253,22 +177,20 @@ void LayOutRight(const FigureSize& size, const NetReach& reach, const LegendPlac
     double legend = natural;
     if (radius == 0) {
         legend = std::min(natural, kMostOfWidth * inner);
-        radius = (inner - kGap - legend) / (2 * reach.around);
+        radius = std::max(reach.RadiusOfWidth(inner - kGap - legend), 0.0);
     } else if (size.width > 0) {
-        legend = std::min(natural, inner - kGap - 2 * radius * reach.around);
+        legend = std::min(natural, inner - kGap - reach.Width(radius));
     }
-    const double side = 2 * radius * reach.around;
+    const double side = reach.Width(radius);
     layout.width = size.width > 0 ? size.width : 2 * kFigureMargin + side + kGap + legend;
     // What remains is to both sides of the whole.
     const double left = (layout.width - side - kGap - legend) / 2;
-    const double netTop = radius * kNorthGap * (reach.north > 0 ? 1 : 0) + reach.north;
-    const double netHeight = netTop + side;
     const double height =
         placer.InColumn(left + side + kGap, kFigureMargin, std::max(legend, 1.0), layout);
-    const double inside = std::max(netHeight, height);
+    const double inside = std::max(reach.Height(radius), height);
     layout.height = inside + 2 * kFigureMargin;
-    PlaceNet(layout, left + side / 2, kFigureMargin + (inside - netHeight) / 2 + netTop + side / 2,
-             radius);
+    PlaceNet(layout, left + reach.left.At(radius),
+             kFigureMargin + (inside - reach.Height(radius)) / 2 + reach.top.At(radius), radius);
     const double shift = (inside - height) / 2;
     for (PlacedEntry& entry : layout.entries) {
         entry.box.top += shift;
@@ -279,22 +201,22 @@ void LayOutRight(const FigureSize& size, const NetReach& reach, const LegendPlac
     }
 }
 
-void LayOutBelow(const FigureSize& size, const NetReach& reach, const LegendPlacer* placer,
+void LayOutBelow(const FigureSize& size, const FigureReach& reach, const LegendPlacer* placer,
                  FigureLayout& layout) {
     double radius = size.netDiameter / 2;
     if (radius == 0) {
-        radius = (size.width - 2 * kFigureMargin) / (2 * reach.around);
+        radius = std::max(reach.RadiusOfWidth(size.width - 2 * kFigureMargin), 0.0);
     }
-    const double side = 2 * radius * reach.around;
+    const double side = reach.Width(radius);
     layout.width = size.width;
     if (size.width == 0) {
         const double legend =
             placer != nullptr ? std::max(placer->EntryWidth(), placer->BarWidth()) : 0;
         layout.width = std::max(side, legend) + 2 * kFigureMargin;
     }
-    const double netTop = radius * kNorthGap * (reach.north > 0 ? 1 : 0) + reach.north;
-    PlaceNet(layout, layout.width / 2, kFigureMargin + netTop + side / 2, radius);
-    layout.height = kFigureMargin + netTop + side + kFigureMargin;
+    PlaceNet(layout, (layout.width - side) / 2 + reach.left.At(radius),
+             kFigureMargin + reach.top.At(radius), radius);
+    layout.height = kFigureMargin + reach.Height(radius) + kFigureMargin;
     if (placer != nullptr) {
         const double top = layout.height - kFigureMargin + kGap;
         layout.height =
@@ -395,7 +317,7 @@ LegendPlace UsualPlace(double width) {
 
 Result<FigureLayout> LayOutFigure(const Plot& plot, const Drawing& drawing,
                                   const FigureSize& size) {
-    const NetReach reach = ReachOf(plot, drawing);
+    const FigureReach reach = ReachOfFigure(plot, drawing);
     const TextRule rule(drawing.legend, FontOfLegend(drawing));
     FigureLayout layout;
     layout.lineHeight = rule.Height() * kLeading;
@@ -407,8 +329,7 @@ Result<FigureLayout> LayOutFigure(const Plot& plot, const Drawing& drawing,
         LayOutBelow(size, reach, hasLegend ? &placer : nullptr, layout);
     }
     const double radius = layout.net.width / (2 * kPlotReach);
-    const double side = 2 * radius * reach.around;
-    if (radius < kLeastRadius || side > layout.width - 2 * kFigureMargin + 1e-6) {
+    if (radius < kLeastRadius || reach.Width(radius) > layout.width - 2 * kFigureMargin + 1e-6) {
         return Failure{kTooNarrow};
     }
     if (!IsLegendWithin(layout)) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// A net as a figure: on a page of a given width, with its legend beside or below it. The height of
-// the page follows from what is on it. Statistics are data of the caption and are not in a figure.
+// A net or a rose as a figure: on a page of a given width, with its legend beside or below it. The
+// height of the page follows from what is on it. Statistics are data of the caption and are not in
+// a figure.
 //
 // Lengths are millimetres; places are from the top left corner of the page, +y down.
 
@@ -28,7 +29,7 @@ inline constexpr double kFigureMargin = 2;
 
 struct FigureSize {
     double width = kColumnWidth; ///< of the page; 0 for what the net and its legend need
-    double netDiameter = 0;      ///< of the primitive; 0 for what the width leaves
+    double netDiameter = 0;      ///< of the primitive or the rim; 0 for what the width leaves
     LegendPlace legend = LegendPlace::Below;
 };
 

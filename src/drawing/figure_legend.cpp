@@ -9,6 +9,7 @@
 #include "density/plot_density.h"
 #include "drawing/draw_plot.h"
 #include "drawing/figure_legend_maker.h"
+#include "drawing/figure_legend_rose.h"
 #include "drawing/layer_list.h"
 #include "edit/marks/small_circles.h"
 #include "orientation/angles.h"
@@ -24,6 +25,7 @@
 #include "stereo/symbols.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -257,10 +259,26 @@ void DrawLineSign(Surface& surface, const LineLook& look, Point centre, double w
     surface.Line({centre.x - width / 2, centre.y}, {centre.x + width / 2, centre.y}, look.colour);
 }
 
+/// A rectangle, filled and outlined as petals are.
+void DrawPatchSign(Surface& surface, const Drawing& drawing, const PetalFill& fill, Point centre,
+                   double width) {
+    constexpr double kHeight = 0.22; // share of the width, to either side of the centre
+    const SavedState saved(surface);
+    UseFill(surface, drawing, fill);
+    const double x = width / 2;
+    const double y = width * kHeight;
+    const std::array<Point, 4> corners = {{{centre.x - x, centre.y - y},
+                                           {centre.x + x, centre.y - y},
+                                           {centre.x + x, centre.y + y},
+                                           {centre.x - x, centre.y + y}}};
+    surface.Polygon(corners, OutlineOfPetals(drawing.styles));
+}
+
 } // namespace
 
 FigureLegend LegendOfFigure(const Plot& plot, const Drawing& drawing) {
-    return LegendMaker(plot, drawing).Made();
+    return plot.record.PlotKind == kRose ? LegendOfRoseFigure(plot, drawing)
+                                         : LegendMaker(plot, drawing).Made();
 }
 
 void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry& entry,
@@ -269,6 +287,7 @@ void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry&
     own.layer = &entry.layer;
     switch (entry.sign) {
     case FigureSign::None:
+    case FigureSign::Blank:
         break;
     case FigureSign::Rows:
         DrawRowMarkers(surface, own, std::span(&centre, 1), entry.code, entry.rows);
@@ -281,6 +300,9 @@ void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry&
         break;
     case FigureSign::Line:
         DrawLineSign(surface, entry.line, centre, width);
+        break;
+    case FigureSign::Patch:
+        DrawPatchSign(surface, own, entry.patch, centre, width);
         break;
     }
 }

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "core/plot.h"
+#include "rose/figure_rose_fills.h"
 #include "stereo/drawing.h"
 #include "stereo/figure_lines.h"
 #include "stereo/figure_symbols.h"
@@ -22,10 +23,12 @@ namespace quandrel {
 /// What the sign before the text of an entry is.
 enum class FigureSign {
     None,        ///< the text begins where signs do
+    Blank,       ///< the text begins where those of entries with signs do
     Rows,        ///< `code`, as rows of `rows` are drawn
     TableSymbol, ///< `code`, in the size of the tables
     Axis,        ///< `axis`
     Line,        ///< `line`
+    Patch,       ///< `patch`, as petals are filled
 };
 
 struct FigureEntry {
@@ -35,6 +38,7 @@ struct FigureEntry {
     std::int64_t rows = 0;
     FigureAxis axis = FigureAxis::Principal;
     LineLook line;
+    PetalFill patch;
     FigureLayer layer; ///< whose own properties the sign has
 };
 
@@ -52,7 +56,7 @@ struct FigureLegend {
     std::optional<FigureBar> bar;
 };
 
-/// The legend of a net whose results are worked out.
+/// The legend of a net or a rose whose results are worked out.
 ///
 /// The name of a layer (FigureLayer::LayerName) replaces the text of its entry; where a layer has
 /// several entries, the words before their numbers.

@@ -144,9 +144,6 @@ void DrawCopy(Surface& net, Surface& legend) {
 
 constexpr double kPixelsInMillimetre = 96 / 25.4;
 constexpr double kPixelsInInch = 96;
-constexpr const char* kNoRoses =
-    "a rose cannot be drawn as a figure yet: leave out style, width, net, legend, dpi and "
-    "background";
 
 RoomRect InPixels(const FigureBox& box) {
     return {box.left * kPixelsInMillimetre, box.top * kPixelsInMillimetre,
@@ -224,9 +221,6 @@ std::string SaveWithFacts(const Plot& shown, const PictureFile& file, const Pict
 
 std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions& options) {
     const FigureExport& figure = *options.figure;
-    if (plot.record.PlotKind == kRose) {
-        return kNoRoses;
-    }
     const BusyPointer busy(*gPlatform.status);
     WorkOutUnseen(plot);
     UnseenSurface unseen(path);

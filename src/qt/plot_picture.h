@@ -45,7 +45,7 @@ struct PictureOptions {
 /// then gives the same bytes; its title is that of the data, without the number of the plot. The
 /// user is told where the plot is too large for the file and was left out.
 ///
-/// @return as SavePicture; for a rose as a figure, a figure that is too narrow, and data in a file
+/// @return as SavePicture; for a figure that is too narrow, and data in a file
 ///         that cannot hold them, a message
 [[nodiscard]] std::string SavePlotPicture(const std::string& path, const PictureOptions& options);
 
