@@ -8,6 +8,7 @@
 #include "core/plot_style.h"
 #include "core/row_links.h"
 #include "core/settings.h"
+#include "core/style_preset.h"
 #include "platform/platform.h"
 
 #ifdef __GLIBC__
@@ -180,6 +181,7 @@ PlotRecord NewPlotRecord(const Settings& settings) {
                            kTrue, kTrue, newPlots.statisticsShown ? kTrue : std::int16_t{0}};
     SetDefaultClasses(record, newPlots);
     SetDefaultRose(record, newPlots.rose);
+    PresetByStyle(record, *StyleOfChoice(newPlots.style));
     SetStandingSmallCircles(record, settings.styles.axes[kSmallCircleStyle]);
     SetEmptyAxisItems(record, settings.styles);
     return record;

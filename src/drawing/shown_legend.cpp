@@ -48,7 +48,7 @@ ShownLegend LinesOfFigure(FigureLegend legend) {
 } // namespace
 
 ShownLegend LegendShown(const Plot& plot, const Drawing& drawing) {
-    if (plot.record.PlotKind == kRose || FigureOf(drawing) == ClassicStyle()) {
+    if (FigureOf(drawing) == ClassicStyle()) {
         return {LegendLines(plot, drawing.styles, drawing.formulas), {}};
     }
     return LinesOfFigure(LegendOfFigure(plot, drawing));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
+#include "core/new_record.h"
 #include "persistence/binary_plot_fields.h"
-#include "core/plot_style.h"
 #include "persistence/plot_blocks.h"
 
 #include <cmath>
@@ -57,10 +57,16 @@ void TakeEarlierValues(BinaryPlot& plot) {
     }
 }
 
+/// What a file does not say is that of a new plot in Classic, so that it looks as it always did.
+PlotRecord RecordOfFile() {
+    Settings settings = gSettings;
+    settings.newPlots.style = {};
+    return NewPlotRecord(settings);
+}
+
 Result<BinaryPlot> Read(std::string_view bytes) {
     BinaryPlot plot;
-    plot.record = NewPlotRecord();
-    SetStyle(plot.record, {}); // a file without a style is drawn as it always was
+    plot.record = RecordOfFile();
     BinaryReader reader(bytes);
     std::string error;
     ReadHeading(reader, plot, error);
