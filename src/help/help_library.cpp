@@ -23,6 +23,7 @@ constexpr std::array kTopics = {
     HelpTopic{"frmDataDisplay", "dialog_data_grids.html"},
     HelpTopic{"frmDensities", "dialog_densities.html"},
     HelpTopic{"frmDirectoryDialog", "menu_file.html#folder"},
+    HelpTopic{"frmExportFigure", "dialog_export.html"},
     HelpTopic{"frmExportImage", "dialog_export.html"},
     HelpTopic{"frmFabricPlots", "dialog_fabric_plots.html"},
     HelpTopic{"frmFileFormat", "dialog_data_format.html"},

@@ -142,24 +142,7 @@ void DrawCopy(Surface& net, Surface& legend) {
     DrawPlot(plot, PaperDrawing(plot.record, net, legend));
 }
 
-constexpr double kPixelsInMillimetre = 96 / 25.4;
 constexpr double kPixelsInInch = 96;
-
-RoomRect InPixels(const FigureBox& box) {
-    return {box.left * kPixelsInMillimetre, box.top * kPixelsInMillimetre,
-            box.width * kPixelsInMillimetre, box.height * kPixelsInMillimetre};
-}
-
-std::shared_ptr<const FigureStyle> StyleOf(const FigureExport& figure, const PlotRecord& record) {
-    return figure.style != nullptr ? figure.style : StyleOfChoice(StyleChoiceForPrint(record));
-}
-
-Drawing DrawingOfFigure(const PlotRecord& record, const FigureExport& figure, Surface& net,
-                        Surface& page) {
-    Drawing drawing = PaperDrawing(record, net, page);
-    drawing.figure = StyleOf(figure, record);
-    return drawing;
-}
 
 constexpr const char* kNoDataInTiff =
     "a TIFF cannot hold the data of the plot: choose SVG, PDF or PNG";
@@ -224,21 +207,16 @@ std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions
     const BusyPointer busy(*gPlatform.status);
     WorkOutUnseen(plot);
     UnseenSurface unseen(path);
-    const Result<FigureLayout> layout = LayOutFigureOnPage(
-        plot, DrawingOfFigure(plot.record, figure, unseen.Drawing(), unseen.Drawing()), figure.size,
-        figure.height);
+    const Result<FigureLayout> layout = LayOutExport(plot, figure, unseen.Drawing());
     if (!layout) {
         return layout.Error();
     }
-    const RoomRect whole = InPixels({0, 0, layout->width, layout->height});
+    const RoomRect whole = PageOfFigure(*layout);
     PictureSize size{whole.width, whole.height, figure.dotsPerInch / kPixelsInInch,
                      options.bandBytes};
     size.isTransparent = figure.isTransparent;
-    const std::shared_ptr<const FigureStyle> style = StyleOf(figure, plot.record);
-    return SaveWithFacts(plot, {path, style->name, options.hasData}, size, [&](PicturePage& page) {
-        Surface& net = page.In(InPixels(layout->net));
-        DrawFigure(plot, DrawingOfFigure(plot.record, figure, net, page.In(whole)), *layout);
-    });
+    return SaveWithFacts(plot, {path, StyleOfFigure(figure, plot.record)->name, options.hasData},
+                         size, [&](PicturePage& page) { DrawExport(plot, figure, *layout, page); });
 }
 
 } // namespace

@@ -5,28 +5,16 @@
 #pragma once
 
 #include "core/plot_record.h"
-#include "drawing/figure_page.h"
 #include "print/picture_layout.h"
+#include "qt/figure_picture.h"
 #include "qt/picture_file.h"
 
 #include <QImage>
 
-#include <memory>
 #include <optional>
 #include <string>
 
 namespace quandrel {
-
-/// A picture as a figure for print (drawing/figure_layout.h): in millimetres, with the legend of a
-/// figure and without the boxes of the window.
-struct FigureExport {
-    FigureSize size;
-    double height = 0;                        ///< of the page, millimetres, see LayOutFigureOnPage
-    std::shared_ptr<const FigureStyle> style; ///< null for that of the plot, or Journal for one in
-                                              ///< Classic
-    int dotsPerInch = 300;                    ///< of a PNG or TIFF, which say so
-    bool isTransparent = false;               ///< as PictureSize::isTransparent
-};
 
 struct PictureOptions {
     /// Height in pixels of a PNG or TIFF. Lines, symbols and texts grow with it.

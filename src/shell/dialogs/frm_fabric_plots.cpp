@@ -238,7 +238,7 @@ void frmFabricPlots::DrawPicture() {
 }
 
 void frmFabricPlots::Export() {
-    frmExportImage dialog(this, ExportChoice::SizeAlone);
+    frmExportImage dialog(this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -251,7 +251,7 @@ void frmFabricPlots::Export() {
     if (!path) {
         return;
     }
-    const std::string error = SaveFabricPicture(*path, Diagram(), points_, dialog.Options().size);
+    const std::string error = SaveFabricPicture(*path, Diagram(), points_, dialog.Height());
     if (error.empty()) {
         gPlatform.status->SetText("The picture is " + *path);
     } else if (error == kPictureStopped) {

@@ -7,7 +7,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -21,16 +20,11 @@ constexpr int kUsualHeight = 2000;
 
 } // namespace
 
-frmExportImage::frmExportImage(QWidget* parent, ExportChoice choice)
+frmExportImage::frmExportImage(QWidget* parent)
     : QDialog(parent)
-    , optWhole_(new QRadioButton("The &whole plot: net, legend and texts"))
-    , optNet_(new QRadioButton("The &net alone"))
     , spnSize_(new QSpinBox) {
     setObjectName("frmExportImage");
     setWindowTitle("Export Image");
-    optWhole_->setObjectName("optPart_0");
-    optWhole_->setChecked(true);
-    optNet_->setObjectName("optPart_1");
     spnSize_->setObjectName("spnSize");
     spnSize_->setRange(kSmallestHeight, kLargestHeight);
     spnSize_->setSingleStep(100);
@@ -46,14 +40,6 @@ frmExportImage::frmExportImage(QWidget* parent, ExportChoice choice)
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(optWhole_);
-    layout->addWidget(optNet_);
-    if (choice == ExportChoice::SizeAlone) {
-        optWhole_->hide();
-        optNet_->hide();
-    } else {
-        layout->addSpacing(6);
-    }
     layout->addLayout(form);
     layout->addWidget(note);
     layout->addSpacing(6);
@@ -61,11 +47,8 @@ frmExportImage::frmExportImage(QWidget* parent, ExportChoice choice)
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-PictureOptions frmExportImage::Options() const {
-    PictureOptions options;
-    options.size = spnSize_->value();
-    options.part = optNet_->isChecked() ? PicturePart::NetAlone : PicturePart::WholePlot;
-    return options;
+int frmExportImage::Height() const {
+    return spnSize_->value();
 }
 
 } // namespace quandrel

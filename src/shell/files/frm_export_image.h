@@ -1,33 +1,24 @@
 // SPDX-License-Identifier: MIT
 //
-// The contents of a picture file. This dialog comes before the one for the path.
+// The size of a picture without parts, such as a fabric plot. This dialog comes before the one for
+// the path. For plots see frm_export_figure.h.
 
 #pragma once
 
-#include "qt/plot_picture.h"
-
 #include <QDialog>
 
-class QRadioButton;
 class QSpinBox;
 
 namespace quandrel {
 
-/// What the user can choose.
-enum class ExportChoice {
-    PartAndSize, ///< of a plot
-    SizeAlone,   ///< of a picture without parts
-};
-
 class frmExportImage : public QDialog {
 public:
-    explicit frmExportImage(QWidget* parent, ExportChoice choice = ExportChoice::PartAndSize);
+    explicit frmExportImage(QWidget* parent);
 
-    [[nodiscard]] PictureOptions Options() const;
+    /// Of a PNG, pixels.
+    [[nodiscard]] int Height() const;
 
 private:
-    QRadioButton* optWhole_;
-    QRadioButton* optNet_;
     QSpinBox* spnSize_;
 };
 

@@ -36,7 +36,7 @@
 #include "shell/dialogs/frm_command_search.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
-#include "shell/files/frm_export_image.h"
+#include "shell/files/frm_export_figure.h"
 #include "shell/grids/data_displays.h"
 #include "shell/help/frm_about.h"
 #include "shell/help/frm_help.h"
@@ -325,10 +325,11 @@ void GeolPlotMain::ChooseDataFolder() {
 }
 
 void GeolPlotMain::ExportImage() {
-    frmExportImage dialog(this);
+    frmExportFigure dialog(this, ActivePlot());
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
+    gSettings.files.exportStyle = dialog.Style();
     PathQuestion question;
     question.title = "Export Image";
     question.folder = gSettings.files.lastFolder;

@@ -8,6 +8,7 @@
 #include "session/start.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/button_keys.h"
+#include "shell/dialogs/frm_command_search.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_fabric_plots.h"
@@ -16,6 +17,7 @@
 #include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
+#include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
@@ -67,6 +69,12 @@ std::vector<NamedDialog> AllDialogs() {
         Named<frmMITableDialog>("frmMITableDialog", QStringList{"beds", "faults"}, QString("beds")),
         Named<frmDirectoryDialog>("frmDirectoryDialog", QString("/tmp")),
         Named<frmExportImage>("frmExportImage"),
+        {"frmExportFigure",
+         [](QWidget* parent) { return std::make_unique<frmExportFigure>(parent, ActivePlot()); }},
+        {"frmCommandSearch",
+         [](QWidget* parent) {
+             return std::make_unique<frmCommandSearch>(parent, QList<QMenu*>());
+         }},
         Named<frmFileFormat>("frmFileFormat", question),
         Named<frmSavePlotsDialog>("frmSavePlotsDialog", QString("Quandrel"), QString("Save it?")),
         Named<frmSymbolSelect>("frmSymbolSelect", StyleQuestion{}),

@@ -12,6 +12,7 @@
 #include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
+#include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
@@ -180,6 +181,7 @@ protected:
         frmDataDisplay processed(DataDisplayMode::Processed, nullptr);
         frmDirectoryDialog start({}, nullptr);
         frmExportImage picture(nullptr);
+        frmExportFigure figure(nullptr, ActivePlot());
         frmFileFormat format(question, nullptr);
         frmLayerControl layers({{"Roads", true, true}}, nullptr);
         frmMITableDialog tables({"Roads"}, "Roads", nullptr);
@@ -195,10 +197,10 @@ protected:
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
-                 &about,   &classification, &raw,    &processed, &start,
-                 &picture, &format,         &layers, &tables,    &preferences,
-                 &print,   &rotation,       &save,   &circles,   &densities,
-                 &regions, &fabric,         &tests,  &symbols,   &text}) {
+                 &about,   &classification, &raw,       &processed,   &start,  &picture,
+                 &format,  &layers,         &tables,    &preferences, &print,  &rotation,
+                 &save,    &circles,        &densities, &regions,     &fabric, &tests,
+                 &symbols, &text,           &figure}) {
             EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
         }
     }

@@ -314,7 +314,7 @@ TEST_F(MainCommands, ExportWritesThePictureThatWasAskedFor) {
     prompts.QueueSavePath(path);
     QTimer::singleShot(0, [] {
         QWidget& dialog = *QApplication::activeModalWidget();
-        ASSERT_EQ(dialog.objectName(), "frmExportImage");
+        ASSERT_EQ(dialog.objectName(), "frmExportFigure");
         ControlOf<QAbstractButton>(dialog, "optPart_1").click();
         ControlOf<QSpinBox>(dialog, "spnSize").setValue(300);
         ControlOf<QPushButton>(dialog, "cmdOK").click();

@@ -13,6 +13,7 @@
 #include "shell/dialogs/frm_statistical_tests.h"
 #include "shell/dialogs/frm_text_window.h"
 #include "shell/files/frm_directory_dialog.h"
+#include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
@@ -174,6 +175,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(start);
     frmExportImage picture(nullptr);
     Check(picture);
+    frmExportFigure figure(nullptr, ActivePlot());
+    Check(figure);
     frmFileFormat format(question, nullptr);
     Check(format);
     frmLayerControl layers({{"Roads", true, true}}, nullptr);
