@@ -86,7 +86,7 @@ public:
             const LabelBox box = BoxAround(centre, size);
             const bool isTaken = std::ranges::any_of(
                 taken, [&box](const LabelBox& other) { return Meet(other, box); });
-            if (!isTaken && radius - half > zero_) {
+            if (!isTaken && radius - half > zero_ && IsOfCircle(i, radius)) {
                 taken.push_back(box);
                 placed.push_back({i, centre});
             }
@@ -119,6 +119,14 @@ public:
     }
 
 private:
+    /// Whether a radius is near enough to a circle for its value, which is not read as another's.
+    [[nodiscard]] bool IsOfCircle(std::size_t i, double radius) const {
+        constexpr double kMostShift = 0.4; // of the distance to the next circle inside
+        const double inside = i > 0 ? scale_.circles[i - 1].radius : zero_;
+        const double own = scale_.circles[i].radius;
+        return own - radius <= kMostShift * (own - inside);
+    }
+
     std::vector<RoseWedge> petals_;
     double zero_;
     const FigureScale& scale_;

@@ -132,7 +132,7 @@ TEST_F(RoseLegendOfFigure, PageHoldsLabelsOfWholeAndHalfRoses) {
 TEST_F(RoseLegendOfFigure, HalfRosesLeaveNoRoomForTheOtherHalf) {
     const Drawing journal = In(kJournalStyle);
     plot.record.RoseShape = 1;
-    EXPECT_EQ(ReachOfFigure(plot, journal).bottom.share, 0);
+    EXPECT_NEAR(ReachOfFigure(plot, journal).bottom.share, 0, 1e-12);
     EXPECT_GT(ReachOfFigure(plot, journal).top.share, 1);
     plot.record.RoseShape = 4;
     EXPECT_NEAR(ReachOfFigure(plot, journal).right.share, 0, 1e-12);
