@@ -9,6 +9,7 @@
 #include "rose/rose_radii.h"
 #include "rose/rose_sectors.h"
 #include "rose/rose_tables.h"
+#include "rose/wedge_shapes.h"
 
 #include <algorithm>
 #include <array>
@@ -41,14 +42,18 @@ double LengthOf(std::span<const double> azimuths, bool areDirected) {
     return std::min(std::hypot(sine, cosine) / static_cast<double>(azimuths.size()), 1.0);
 }
 
-/// A filled head whose tip is on the rim.
-void DrawHead(Surface& surface, const LineLook& look, double azimuth) {
-    const SavedState saved(surface);
+/// Makes shapes of the colour of a line, without an outline, the state of a surface.
+void UseShapes(Surface& surface, const LineLook& look) {
     DrawState state = look.state;
     state.drawStyle = kNoLine;
     state.fillStyle = kSolidFill;
     state.fillColour = look.colour;
     surface.SetState(state);
+}
+
+/// A filled head whose tip is on the rim.
+void DrawHead(Surface& surface, const LineLook& look, double azimuth) {
+    UseShapes(surface, look);
     const double base = kNetRadius - kHeadLength;
     const std::array<Point, 3> corners = {AtAzimuth(kNetRadius, azimuth),
                                           AtAzimuth(base, azimuth, kHeadHalfWidth),
@@ -56,12 +61,14 @@ void DrawHead(Surface& surface, const LineLook& look, double azimuth) {
     surface.Polygon(corners, look.colour);
 }
 
-/// The arcs on the rim. An end just outside a half may have a part of its arc within it.
+/// The arcs on the rim, as shapes whose ends are those of the interval: lines have round ends. An
+/// end just outside a half may have a part of its arc within it.
 void DrawInterval(const Plot& plot, Surface& surface, const LineLook& look,
                   const FigureMean& mean) {
-    DrawState state = look.state;
-    state.widthInPoints *= kArcOfLine;
-    surface.SetState(state);
+    constexpr double kPixelsInPoint = 96.0 / 72;
+    const double width =
+        kArcOfLine * look.state.widthInPoints * kPixelsInPoint * surface.PixelSize().y;
+    UseShapes(surface, look);
     std::vector<double> ends = {mean.azimuth};
     if (!RoseOf(plot).isDirectional) {
         ends.push_back(WrappedAngle(mean.azimuth + kPi));
@@ -69,7 +76,11 @@ void DrawInterval(const Plot& plot, Surface& surface, const LineLook& look,
     for (const double end : ends) {
         const RoseArc arc = ClippedArc(plot.record.RoseShape, end, *mean.halfWidth);
         if (arc.start != arc.end) {
-            surface.Arc({}, kNetRadius, arc.start, arc.end, look.colour);
+            RoseWedge wedge;
+            wedge.start = arc.start;
+            wedge.end = arc.end;
+            wedge.radius = kNetRadius + width / 2;
+            surface.Polygon(CornersOfRingPart(wedge, kNetRadius - width / 2), look.colour);
         }
     }
 }

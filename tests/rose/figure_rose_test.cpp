@@ -149,6 +149,23 @@ TEST_F(FigureRoseTest, TestsDoubledAnglesOfAxes) {
     EXPECT_EQ(EndsOfMean(ActivePlot(), *mean).size(), 2U);
 }
 
+TEST_F(FigureRoseTest, IntervalEndsWhereItDoes) {
+    Work(Azimuths(10, 20, 40));
+    const std::optional<FigureMean> mean = MeanOfFigure(ActivePlot(), In(kJournalStyle));
+    ASSERT_TRUE(mean && mean->halfWidth);
+    surface.SetUserScale(kPlotScale);
+    DrawFigureMean(ActivePlot(), In(kJournalStyle));
+    const std::vector<Point> corners = surface.Operations().back().points;
+    ASSERT_GT(corners.size(), 4U);
+    double furthest = 0;
+    for (const Point& corner : corners) {
+        const double off = std::remainder(std::atan2(corner.x, corner.y) - mean->azimuth, kTwoPi);
+        furthest = std::max(furthest, std::abs(off));
+        EXPECT_NEAR(std::hypot(corner.x, corner.y), 1000, 20);
+    }
+    EXPECT_NEAR(furthest, *mean->halfWidth, 1e-9);
+}
+
 TEST_F(FigureRoseTest, CirclesHaveTheirValuesWithinTheRim) {
     Work(Azimuths(36, 14, 40));
     const FigureScale scale = ScaleOfFigure(ActivePlot());
