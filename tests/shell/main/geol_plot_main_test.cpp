@@ -426,6 +426,9 @@ TEST_F(MainWindow, ADroppedPictureOpensThePlotThatItHolds) {
     const auto drop = [this](const std::string& path) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(main.get(), &enter);
         QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(main.get(), &event);
         QApplication::processEvents();
