@@ -58,7 +58,7 @@ QSize FlowLayout::sizeHint() const {
 
 void FlowLayout::setGeometry(const QRect& rect) {
     QLayout::setGeometry(rect);
-    Arrange(rect, true);
+    (void)Arrange(rect, true);
 }
 
 /// The height of all rows; places the items if `moves`.

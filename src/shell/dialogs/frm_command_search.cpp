@@ -3,6 +3,7 @@
 #include "shell/dialogs/frm_command_search.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -116,7 +117,7 @@ bool frmCommandSearch::eventFilter(QObject* object, QEvent* event) {
         const int key = static_cast<const QKeyEvent&>(*event).key();
         if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp
             || key == Qt::Key_PageDown) {
-            return lstCommands->event(event);
+            return QCoreApplication::sendEvent(lstCommands, event);
         }
     }
     return QDialog::eventFilter(object, event);

@@ -38,6 +38,19 @@ constexpr std::array kWidths = {kColumnWidth, kHalfPageWidth, kPageWidth, kSlide
 
 } // namespace
 
+frmExportFigure::frmExportFigure(QWidget* parent, Plot& plot)
+    : QDialog(parent)
+    , plot_(plot)
+    , timer_(new QTimer(this)) {
+    setObjectName("frmExportFigure");
+    setWindowTitle("Export Image");
+    timer_->setSingleShot(true);
+    connect(timer_, &QTimer::timeout, this, [this] { ShowPreview(); });
+    MakeControls();
+    FillStyles();
+    EnableFields();
+}
+
 std::size_t frmExportFigure::StyleIndex() const {
     return style_;
 }

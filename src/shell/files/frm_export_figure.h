@@ -58,6 +58,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void MakeControls();
     [[nodiscard]] QGroupBox* MakeKinds();
     [[nodiscard]] QGroupBox* MakeFigureBox();
     [[nodiscard]] QWidget* MakePreview();

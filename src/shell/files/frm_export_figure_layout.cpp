@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace quandrel {
@@ -37,14 +36,7 @@ Widget* Named(Widget* widget, const char* name, const char* tip) {
 
 } // namespace
 
-frmExportFigure::frmExportFigure(QWidget* parent, Plot& plot)
-    : QDialog(parent)
-    , plot_(plot)
-    , timer_(new QTimer(this)) {
-    setObjectName("frmExportFigure");
-    setWindowTitle("Export Image");
-    timer_->setSingleShot(true);
-    connect(timer_, &QTimer::timeout, this, [this] { ShowPreview(); });
+void frmExportFigure::MakeControls() {
     auto* fields = new QVBoxLayout;
     fields->addWidget(MakeKinds());
     fields->addWidget(MakeFigureBox());
@@ -64,8 +56,6 @@ frmExportFigure::frmExportFigure(QWidget* parent, Plot& plot)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(sides, 1);
     layout->addWidget(buttons);
-    FillStyles();
-    EnableFields();
 }
 
 QGroupBox* frmExportFigure::MakeKinds() {

@@ -186,7 +186,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuViewRawData", "Ra&w Data...", kNone, "raw_data", kNone},
     {"mnuViewPlotData", "&Plotted Data...", kNone, "plot_data", kNone},
     {"mnuViewToolbar", "Hide &Toolbar", kNone, "toolbar", kNone},
-    {"mnuViewLabels", "&Names below Buttons", "The names of commands below their buttons", kNone,
+    {"mnuViewLabels", "Names below Buttons", "The names of commands below their buttons", kNone,
      kNone, Kind::OnOff},
     {"mnuViewPreferences", "Pr&eferences...", kNone, "preferences", kNone},
     // Map, windows, help

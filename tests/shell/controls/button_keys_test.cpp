@@ -8,7 +8,6 @@
 #include "session/start.h"
 #include "shell/classes/frm_data_classification.h"
 #include "shell/controls/button_keys.h"
-#include "shell/dialogs/frm_command_search.h"
 #include "shell/dialogs/frm_confidence_regions.h"
 #include "shell/dialogs/frm_densities.h"
 #include "shell/dialogs/frm_fabric_plots.h"
@@ -71,10 +70,6 @@ std::vector<NamedDialog> AllDialogs() {
         Named<frmExportImage>("frmExportImage"),
         {"frmExportFigure",
          [](QWidget* parent) { return std::make_unique<frmExportFigure>(parent, ActivePlot()); }},
-        {"frmCommandSearch",
-         [](QWidget* parent) {
-             return std::make_unique<frmCommandSearch>(parent, QList<QMenu*>());
-         }},
         Named<frmFileFormat>("frmFileFormat", question),
         Named<frmSavePlotsDialog>("frmSavePlotsDialog", QString("Quandrel"), QString("Save it?")),
         Named<frmSymbolSelect>("frmSymbolSelect", StyleQuestion{}),

@@ -201,7 +201,7 @@ protected:
                  &format,  &layers,         &tables,    &preferences, &print,  &rotation,
                  &save,    &circles,        &densities, &regions,     &fabric, &tests,
                  &symbols, &text,           &figure}) {
-            EXPECT_EQ(Check(*window), window == &picture ? 1 : 0);
+            EXPECT_EQ(Check(*window), window == &picture || window == &figure ? 1 : 0);
         }
     }
 

@@ -33,7 +33,7 @@ const std::set<QString> kLeftAlone = {
     "mnuFileQuit",        "mnuFileExport",      "mnuFileDirectory",   "mnuFilePrint_0",
     "mnuFilePrint_1",     "mnuFileMILink",      "mnuMapinfo_0",       "mnuHelpQuandrel_0",
     "mnuHelpQuandrel_1",  "mnuEditPreferences", "mnuViewPreferences", "mnuViewUnplotted",
-    "mnuEditSelection_6", "mnuHelpAbout"};
+    "mnuEditSelection_6", "mnuHelpAbout",       "mnuHelpCommands"};
 
 class MonkeyTrial : public MainWindowTest {
 protected:
