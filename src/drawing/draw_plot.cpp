@@ -316,7 +316,7 @@ void DrawStereoPlot(const Plot& plot, const Drawing& drawing) {
 void DrawNetOfFigure(const Plot& plot, const Drawing& drawing) {
     {
         const NamedGroup group(drawing.plot, "net", "Net");
-        DrawPlotBase(plot.record, drawing);
+        DrawPlotBase(plot.record, drawing, NetRoom::Beyond);
     }
     if (plot.record.PlotKind != kRose) {
         DrawLayers(plot, drawing);

@@ -86,20 +86,27 @@ void DrawAxes(Surface& surface, int plotKind, int axesStyle, Colour ink) {
     }
 }
 
+constexpr double kNorthGap = 8; ///< around the "N"
+
+/// Makes the font of a surface smaller where texts are too high for a room.
+void FitFont(Surface& surface, double room) {
+    constexpr double kLeastPoints = 4;
+    const double height = surface.TextHeight();
+    if (height > room && height > 0) {
+        DrawState state = surface.State();
+        state.font.points = std::max(state.font.points * room / height, kLeastPoints);
+        surface.SetState(state);
+    }
+}
+
 /// An "N" between the top of the circle and the edge of the surface, at the size that fits there.
 void DrawNorth(Surface& surface, Colour ink) {
-    constexpr double kGap = 8; // from the circle
-    constexpr double kLeastPoints = 4;
     const SavedState saved(surface);
     DrawState state = surface.State();
     state.foreColour = ink;
-    const double room = surface.Scale().top - kNetRadius - 2 * kGap;
-    const double height = surface.TextHeight();
-    if (height > room && height > 0) {
-        state.font.points = std::max(state.font.points * room / height, kLeastPoints);
-    }
     surface.SetState(state);
-    surface.Text({-surface.TextWidth("N") / 2, kNetRadius + kGap + surface.TextHeight()}, "N");
+    FitFont(surface, surface.Scale().top - kNetRadius - 2 * kNorthGap);
+    surface.Text({-surface.TextWidth("N") / 2, kNetRadius + kNorthGap + surface.TextHeight()}, "N");
 }
 
 Point AtAzimuth(double radius, double azimuth) {
@@ -124,15 +131,18 @@ void DrawFigureTicks(Surface& surface, const NetStyle& net, Colour ink) {
 }
 
 /// The bold "N" of a style, above the longest tick.
-void DrawFigureNorth(Surface& surface, const FigureStyle& figure, Colour ink) {
-    constexpr double kGap = 8;
+void DrawFigureNorth(Surface& surface, const FigureStyle& figure, Colour ink, NetRoom room) {
+    const SavedState saved(surface);
     DrawState state = surface.State();
     state.font = {figure.text.families, std::max(figure.net.northSize, figure.text.leastSize),
                   true};
     state.foreColour = ink;
     surface.SetState(state);
     const double rim = kNetRadius * (1 + figure.net.quadrantLength);
-    surface.Text({-surface.TextWidth("N") / 2, rim + kGap + surface.TextHeight()}, "N");
+    if (room == NetRoom::Within) {
+        FitFont(surface, surface.Scale().top - rim - kNorthGap);
+    }
+    surface.Text({-surface.TextWidth("N") / 2, rim + kNorthGap + surface.TextHeight()}, "N");
 }
 
 /// The net of a style that has one.
@@ -162,7 +172,7 @@ void SetPlotDrawMode(const Drawing& drawing) {
     drawing.plot.SetState(state);
 }
 
-void DrawPlotBase(const PlotRecord& record, const Drawing& drawing) {
+void DrawPlotBase(const PlotRecord& record, const Drawing& drawing, NetRoom room) {
     Surface& surface = drawing.plot;
     surface.SetUserScale(kPlotScale);
     SetPlotDrawMode(drawing);
@@ -176,8 +186,7 @@ void DrawPlotBase(const PlotRecord& record, const Drawing& drawing) {
     const FigureStyle& figure = FigureOf(drawing);
     if (figure.net.rimWidth > 0) {
         if (figure.net.showNorth) {
-            const SavedState saved(surface);
-            DrawFigureNorth(surface, figure, AxesColour(drawing));
+            DrawFigureNorth(surface, figure, AxesColour(drawing), room);
         }
     } else if (drawing.styles.showNorth) {
         DrawNorth(surface, AxesColour(drawing));

@@ -9,6 +9,12 @@
 
 namespace quandrel {
 
+/// Where the "N" of a style may be.
+enum class NetRoom {
+    Within, ///< on the surface: it is as small as it has to be
+    Beyond, ///< also above its edge, for pages that leave room for it
+};
+
 /// Sets the initial state of the plot's surface for every drawing.
 void SetPlotDrawMode(const Drawing& drawing);
 
@@ -16,8 +22,8 @@ void SetPlotDrawMode(const Drawing& drawing);
 /// cross, 1 a small cross and rim ticks (none in the north), 2 diameters with ticks every ten
 /// degrees, 3 ticks on the eastern rim and on the axes. Any other value draws the circle only.
 /// Styles::showNorth adds an "N" at the top. A rose draws its own. For a window the surface is
-/// cleared first.
-void DrawPlotBase(const PlotRecord& record, const Drawing& drawing);
+/// cleared first. The net of a style (NetStyle) has what the style says instead.
+void DrawPlotBase(const PlotRecord& record, const Drawing& drawing, NetRoom room = NetRoom::Within);
 
 /// Draws the primitive circle and the axes of a net, again where areas were filled.
 void DrawNet(int plotKind, const Drawing& drawing);

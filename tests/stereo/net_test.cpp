@@ -8,6 +8,7 @@
 #include "support/test_platform.h"
 
 #include <cmath>
+#include <memory>
 
 namespace quandrel {
 namespace {
@@ -222,6 +223,22 @@ TEST_F(NetLook, ANorthStandsAboveTheCircleWhenItIsWanted) {
         EXPECT_LE(north.points[0].y, 1100);
     }
     EXPECT_FALSE(HasText(Draw(0, kRose), "N")) << "roses have compass points";
+}
+
+TEST_F(NetLook, TheNorthOfAStyleIsOnTheSurfaceUnlessThePageLeavesRoom) {
+    NewPlot();
+    Drawing drawing = WindowDrawing(gActivePlot);
+    drawing.figure = std::make_shared<const FigureStyle>(*StandardStyle(kScreenStyle));
+    const auto northTop = [&](NetRoom room) {
+        DrawPlotBase(ActiveRecord(), drawing, room);
+        const DrawOperation north = DrawnOn(Form(gActivePlot).Plot()).back();
+        EXPECT_EQ(north.text, "N");
+        EXPECT_TRUE(north.state.font.bold);
+        return north.points[0].y;
+    };
+    EXPECT_LE(northTop(NetRoom::Within), 1100 + 1e-9);
+    EXPECT_GT(northTop(NetRoom::Within), 1040) << "above the tick";
+    EXPECT_GE(northTop(NetRoom::Beyond), northTop(NetRoom::Within));
 }
 
 TEST_F(NetLook, TheMeanArrowHasTheStyleOfTheMean) {

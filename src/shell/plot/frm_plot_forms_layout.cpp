@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "qt/dark_image.h"
 #include "shell/controls/picture_box.h"
 #include "shell/controls/widget_font.h"
 #include "shell/plot/frm_plot_forms.h"
@@ -36,18 +37,24 @@ void FitTabStops(QPlainTextEdit& box) {
     box.setTabStopDistance(std::clamp(room, least, most));
 }
 
-/// Boxes are white like paper, whatever the desktop's colours, because the user chooses the font
-/// colours.
+/// Boxes have the colours of paper, because the user chooses those of the fonts; in dark themes
+/// both are those of nets there.
 void UseFont(QWidget& box, PlotFontPlace place) {
     const PlotFont& font = gSettings.styles.fonts[place];
     const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
-    const QColor colour(ink.red, ink.green, ink.blue);
+    const bool isDark = IsDarkTheme();
+    const auto shown = [isDark](const QColor& colour) {
+        return isDark ? InDarkColours(colour) : colour;
+    };
+    const QColor colour = shown(QColor(ink.red, ink.green, ink.blue));
     QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Base, shown(Qt::white));
     palette.setColor(QPalette::Text, colour);
     palette.setColor(QPalette::WindowText, colour);
-    palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
-    box.setPalette(palette);
+    palette.setColor(QPalette::PlaceholderText, shown(QColor(0x70, 0x70, 0x70)));
+    if (box.palette() != palette) {
+        box.setPalette(palette);
+    }
     box.setFont(WidgetFont(font));
 }
 
@@ -79,6 +86,13 @@ void frmPlotForms::ApplyFonts() {
         FitTabStops(*box);
     }
     UseFont(*lblNumBox, kGeneralFont);
+}
+
+void frmPlotForms::changeEvent(QEvent* event) {
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && lblNumBox != nullptr) {
+        ApplyFonts();
+    }
 }
 
 PlotParts frmPlotForms::ShownParts() const {
