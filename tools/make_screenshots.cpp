@@ -9,6 +9,7 @@
 #include "batch/format_command.h"
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "drawing/layer_list.h"
 #include "edit/marks/girdles.h"
 #include "edit/marks/plot_views.h"
 #include "edit/marks/small_circles.h"
@@ -20,6 +21,7 @@
 #include "shell/controls/picture_box.h"
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/widget_prompts.h"
+#include "shell/files/frm_export_figure.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/main/commands.h"
 #include "shell/main/geol_plot_main.h"
@@ -32,6 +34,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMouseEvent>
@@ -340,6 +343,21 @@ void MakeFabricPictures(Show& show) {
     show.Picture(*window, "fabric_plots_small");
 }
 
+/// The export of poles on their contours.
+void MakeExportPicture(Show& show) {
+    RecordFigure figure = ActiveRecord();
+    FigureLayer poles;
+    figure.Layers = WithToggledLayer(ActivePlot(), poles);
+    ChangeFigure(gActivePlot, figure);
+    frmExportFigure dialog(show.window.get(), ActivePlot());
+    dialog.show();
+    dialog.resize(760, 560);
+    QEventLoop wait;
+    QTimer::singleShot(200, &wait, &QEventLoop::quit); // the preview follows
+    wait.exec();
+    show.Picture(dialog, "export");
+}
+
 /// Densities and confidence regions with their dialogs, over the example of a fold.
 void MakeAnalysisPictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
@@ -362,6 +380,7 @@ void MakeAnalysisPictures(const QString& examples, const QString& folder, const 
     PictureOf(show, "frmConfidenceRegions", "confidence_regions");
     auto& form = static_cast<frmPlotForms&>(FormOf(gActivePlot));
     show.Picture(*form.picStereoArea, "densities_on_net");
+    MakeExportPicture(show);
     MakeFabricPictures(show);
     show.Press("mnuViewTests");
     PictureOf(show, "frmStatisticalTests", "tests");

@@ -8,8 +8,8 @@
 #include "core/format_settings.h"
 #include "core/formulas.h"
 #include "core/plot_record.h"
-#include "core/styles.h"
 #include "core/style_choice.h"
+#include "core/styles.h"
 #include "platform/window_place.h"
 
 #include <cstdint>
