@@ -237,8 +237,7 @@ void AddSession(Rows& table) {
                                 {1, kMostPlots}));
     table.push_back(
         Truth({{Session}, kStartUp, "MIToolbarShow"}, gSettings.windows.mapToolbar, true));
-    table.push_back(
-        Truth({{Session}, kStartUp, "ToolLabels"}, gSettings.windows.toolLabels, true));
+    table.push_back(Truth({{Session}, kStartUp, "ToolLabels"}, gSettings.windows.toolLabels, true));
     table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
                           "tickauto"));
     table.push_back(SectorSize());
