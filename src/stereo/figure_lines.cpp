@@ -43,7 +43,8 @@ void TakeLayer(const FigureLayer* layer, LineLook& look) {
 LineLook LookOfAxisStyle(const Surface& surface, const Drawing& drawing, AxisStyleRow row,
                          double points) {
     static const Styles start = StartStyles();
-    return LookOfLine(surface, drawing, drawing.styles.axes[row], start.axes[row], points,
+    const auto place = static_cast<std::size_t>(row);
+    return LookOfLine(surface, drawing, drawing.styles.axes[place], start.axes[place], points,
                       FigureOf(drawing).lines.accent);
 }
 
