@@ -57,8 +57,8 @@ void DrawCircle(const Drawing& drawing, int shape) {
 }
 
 /// The box of a label that touches the circle of labels from outside, moved onto the surface.
-LabelBox BoxOfLabel(const Surface& surface, const FigureStyle& figure, const RimLabel& label,
-                    LabelRoom room) {
+RoseLabelBox BoxOfLabel(const Surface& surface, const FigureStyle& figure, const RimLabel& label,
+                        LabelRoom room) {
     const double width = surface.TextWidth(label.text);
     const double height = surface.TextHeight();
     const double radius = kNetRadius * ReachOfRim(figure);
@@ -77,15 +77,15 @@ LabelBox BoxOfLabel(const Surface& surface, const FigureStyle& figure, const Rim
 void DrawLabels(const Plot& plot, const Drawing& drawing, LabelRoom room) {
     Surface& surface = drawing.plot;
     const FigureStyle& figure = FigureOf(drawing);
-    std::vector<LabelBox> taken;
+    std::vector<RoseLabelBox> taken;
     for (const RimLabel& label : LabelsOfRim(figure.roses, plot.record.RoseShape)) {
         DrawState state = surface.State();
         state.font = FontOfRimLabel(drawing, label);
         state.foreColour = AxesColour(drawing);
         surface.SetState(state);
-        const LabelBox box = BoxOfLabel(surface, figure, label, room);
-        const bool isTaken =
-            std::ranges::any_of(taken, [&box](const LabelBox& other) { return Meet(other, box); });
+        const RoseLabelBox box = BoxOfLabel(surface, figure, label, room);
+        const bool isTaken = std::ranges::any_of(
+            taken, [&box](const RoseLabelBox& other) { return Meet(other, box); });
         if (!isTaken && !ReachesIntoCircle(box, kNetRadius)) {
             taken.push_back(box);
             surface.Text({box.left, box.top}, label.text);

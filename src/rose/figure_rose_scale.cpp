@@ -39,7 +39,7 @@ bool HasShares(const PlotRecord& record) {
     return measure != kRoseMeanValue && measure != kRoseVariance;
 }
 
-LabelBox BoxAround(Point centre, Point size) {
+RoseLabelBox BoxAround(Point centre, Point size) {
     return {centre.x - size.x / 2, centre.y - size.y / 2, centre.x + size.x / 2,
             centre.y + size.y / 2};
 }
@@ -75,7 +75,7 @@ public:
     /// The values that have room along an azimuth, the outermost first.
     [[nodiscard]] std::vector<PlacedValue> Along(double azimuth) const {
         std::vector<PlacedValue> placed;
-        std::vector<LabelBox> taken;
+        std::vector<RoseLabelBox> taken;
         for (std::size_t i = scale_.circles.size(); i-- > 0;) {
             const Point size = {sizes_[i].x + kValueGap, kInkOfText * sizes_[i].y};
             // A value stays within the rim and outside the zero circle.
@@ -83,9 +83,9 @@ public:
                 (std::abs(std::sin(azimuth)) * size.x + std::abs(std::cos(azimuth)) * size.y) / 2;
             const double radius = std::min(scale_.circles[i].radius, kNetRadius - half - kValueGap);
             const Point centre = AtAzimuth(radius, azimuth);
-            const LabelBox box = BoxAround(centre, size);
+            const RoseLabelBox box = BoxAround(centre, size);
             const bool isTaken = std::ranges::any_of(
-                taken, [&box](const LabelBox& other) { return Meet(other, box); });
+                taken, [&box](const RoseLabelBox& other) { return Meet(other, box); });
             if (!isTaken && radius - half > zero_ && IsOfCircle(i, radius)) {
                 taken.push_back(box);
                 placed.push_back({i, centre});
@@ -257,7 +257,7 @@ void DrawFigureValues(const Plot& plot, const Drawing& drawing) {
     surface.SetState(state);
     for (const PlacedValue& value : PlacesOfValues(plot, drawing, scale, sizes)) {
         const Point size = sizes[value.circle];
-        const LabelBox box = BoxAround(value.centre, {size.x + kValueGap, kInkOfText * size.y});
+        const RoseLabelBox box = BoxAround(value.centre, {size.x + kValueGap, kInkOfText * size.y});
         const std::array<Point, 4> corners = {{{box.left, box.bottom},
                                                {box.right, box.bottom},
                                                {box.right, box.top},

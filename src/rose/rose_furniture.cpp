@@ -126,9 +126,9 @@ public:
 
     void Draw(int i) {
         const std::string name = CompassName(i);
-        const LabelBox box = ClearOfArrows(name, i * kPi / 8);
+        const RoseLabelBox box = ClearOfArrows(name, i * kPi / 8);
         const bool isTaken = std::any_of(taken_.begin(), taken_.end(),
-                                         [&box](const LabelBox& t) { return Meet(t, box); });
+                                         [&box](const RoseLabelBox& t) { return Meet(t, box); });
         // In a tiny window there is no room for a name beside the circle.
         if (!isTaken && !ReachesIntoCircle(box, kNetRadius)) {
             taken_.push_back(box);
@@ -138,7 +138,7 @@ public:
 
 private:
     /// The box of a name that touches the circle of the labels from outside.
-    [[nodiscard]] LabelBox BoxAt(const std::string& name, double azimuth) const {
+    [[nodiscard]] RoseLabelBox BoxAt(const std::string& name, double azimuth) const {
         const double width = surface_.TextWidth(name);
         const double height = surface_.TextHeight();
         const UserScale scale = surface_.Scale();
@@ -151,13 +151,13 @@ private:
         return {left, top - height, left + width, top};
     }
 
-    [[nodiscard]] bool IsCrossed(const LabelBox& box) const {
+    [[nodiscard]] bool IsCrossed(const RoseLabelBox& box) const {
         return std::any_of(arrows_.begin(), arrows_.end(), [&box](double azimuth) {
             const Point along{std::sin(azimuth), std::cos(azimuth)};
             for (double r = kNetRadius; r <= kNetRadius + kArrowLength; r += kArrowHalfWidth / 2) {
                 const Point at{r * along.x, r * along.y};
-                const LabelBox shaft{at.x - kArrowHalfWidth, at.y - kArrowHalfWidth,
-                                     at.x + kArrowHalfWidth, at.y + kArrowHalfWidth};
+                const RoseLabelBox shaft{at.x - kArrowHalfWidth, at.y - kArrowHalfWidth,
+                                         at.x + kArrowHalfWidth, at.y + kArrowHalfWidth};
                 if (Meet(box, shaft)) {
                     return true;
                 }
@@ -167,11 +167,11 @@ private:
     }
 
     /// The box nearest to its default position that no arrow crosses.
-    [[nodiscard]] LabelBox ClearOfArrows(const std::string& name, double azimuth) const {
+    [[nodiscard]] RoseLabelBox ClearOfArrows(const std::string& name, double azimuth) const {
         constexpr int kMostDegrees = 11; // half way to the next compass point
         for (int degrees = 0; degrees <= kMostDegrees; ++degrees) {
             for (const int side : {1, -1}) {
-                const LabelBox box = BoxAt(name, azimuth + side * degrees * kPi / 180);
+                const RoseLabelBox box = BoxAt(name, azimuth + side * degrees * kPi / 180);
                 if (!IsCrossed(box)) {
                     return box;
                 }
@@ -182,7 +182,7 @@ private:
 
     Surface& surface_;
     std::vector<double> arrows_;
-    std::vector<LabelBox> taken_;
+    std::vector<RoseLabelBox> taken_;
 };
 
 void DrawCompassPoints(const Plot& plot, const Drawing& drawing) {
