@@ -24,6 +24,9 @@ using Json = nlohmann::ordered_json;
 constexpr double kLargestSize = 100;
 constexpr int kMostSymbols = 99;
 
+const Names kPalettes = {{"style", kAsStyle}, {"levels", 0},    {"warm", 1},
+                         {"cool", 2},         {"diverging", 3}, {"grey", 4}};
+
 const Names kLines = {{"style", kAsStyle},     {"solid", kSolidLine},     {"dashed", kDashedLine},
                       {"dotted", kDottedLine}, {"dashdot", kDashDotLine}, {"none", kNoLine}};
 
@@ -79,6 +82,12 @@ const Takers<FigureLayer>& LayerTakers() {
         {"halo", [](auto& v, L& l) { return TakeSize(v, kLargestSize, l.LayerHalo); }},
         {"width", [](auto& v, L& l) { return TakeSize(v, kLargestSize, l.LayerWidth); }},
         {"line", [](auto& v, L& l) { return TakeName(kLines, v, l.LayerLine); }},
+        {"palette", [](auto& v, L& l) { return TakeName(kPalettes, v, l.LayerPalette); }},
+        {"steps", [](auto& v, L& l) { return TakeWhole(v, 1, kMostLevels, l.LayerSteps); }},
+        {"labels",
+         [](auto& v, L& l) {
+             return TakeName({{"style", kAsStyle}, {"no", 0}, {"yes", 1}}, v, l.LayerLabels);
+         }},
     };
     return takers;
 }

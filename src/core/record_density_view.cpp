@@ -11,7 +11,6 @@ namespace {
 constexpr double kSmallestK = 1;
 constexpr double kLargestK = 1000;
 constexpr double kWidestKernel = 60;
-constexpr std::int16_t kPalettes = 5;
 constexpr std::size_t kLongestLevels = 400;
 constexpr std::int16_t kLeastLevel = 50;
 constexpr std::int16_t kGreatestLevel = 99;
@@ -40,7 +39,7 @@ bool IsValid(const RecordDensityView& view) {
            && view.LevelStep >= 0 && std::isfinite(view.LevelStep)
            && view.LevelsByHand.size() <= kLongestLevels
            && IsWithin<std::int16_t>(view.ContourPicture, kContourLines, kLinesOverBands)
-           && IsWithin<std::int16_t>(view.BandPalette, 0, kPalettes - 1)
+           && IsWithin<std::int16_t>(view.BandPalette, 0, kBandPalettes - 1)
            && IsTruth(view.PaletteReversed) && IsWithin(view.BandOpacity, 0.0, 1.0)
            && IsTruth(view.ShowEnvelope) && IsTruth(view.ShowMaxima);
 }

@@ -50,6 +50,9 @@ enum ContourPictureCode : std::int16_t {
 /// The most levels by hand or in even steps.
 inline constexpr int kMostLevels = 24;
 
+/// The palettes of bands, the colours of the levels among them.
+inline constexpr std::int16_t kBandPalettes = 5;
+
 /// The densities of a plot.
 struct RecordDensityView {
     std::int16_t DensityMethod = kDensityByCone; ///< DensityMethodCode

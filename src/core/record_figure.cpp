@@ -3,6 +3,7 @@
 #include "core/record_figure.h"
 
 #include "core/figure_style_text.h"
+#include "core/record_density_view.h"
 
 #include <algorithm>
 
@@ -39,7 +40,10 @@ bool IsValid(const FigureLayer& layer) {
            && IsStyleOr(layer.LayerSymbol, kLastSymbol) && IsStyleOr(layer.LayerSize, kLargestSize)
            && IsStyleOr(layer.LayerHalo, kLargestSize) && IsStyleOr(layer.LayerWidth, kLargestSize)
            && IsStyleOr<std::int16_t>(layer.LayerLine, kNoLine)
-           && IsStyleOr<std::int16_t>(layer.LayerFill, kDiagonalCrossHatch);
+           && IsStyleOr<std::int16_t>(layer.LayerFill, kDiagonalCrossHatch)
+           && IsStyleOr<std::int16_t>(layer.LayerPalette, kBandPalettes - 1)
+           && layer.LayerSteps != 0 && IsStyleOr<std::int16_t>(layer.LayerSteps, kMostLevels)
+           && IsStyleOr<std::int16_t>(layer.LayerLabels, 1);
 }
 
 bool IsValid(const RecordFigure& figure) {

@@ -73,10 +73,13 @@ struct FigureLayer {
     double LayerWidth = kAsStyle;              ///< points
     std::int16_t LayerLine = kAsStyle;         ///< DrawStyle
     std::int16_t LayerFill = kAsStyle;         ///< FillStyle
+    std::int16_t LayerPalette = kAsStyle;      ///< of bands: as RecordDensityView::BandPalette
+    std::int16_t LayerSteps = kAsStyle;        ///< of densities: even steps up to the maximum
+    std::int16_t LayerLabels = kAsStyle;       ///< 1 for numbers at rows and lines, 0 for none
 
     QUANDREL_FIELDS(LayerOf, LayerIndex, LayerShow, LayerHidden, LayerName, LayerColour,
                     LayerOpacity, LayerSymbol, LayerSize, LayerHalo, LayerWidth, LayerLine,
-                    LayerFill);
+                    LayerFill, LayerPalette, LayerSteps, LayerLabels);
 
     friend bool operator==(const FigureLayer&, const FigureLayer&) = default;
 };

@@ -32,6 +32,9 @@ RecordFigure Sample() {
     rows.LayerWidth = 0.75;
     rows.LayerLine = 2;
     rows.LayerFill = 1;
+    rows.LayerPalette = 2;
+    rows.LayerSteps = 6;
+    rows.LayerLabels = 0;
     figure.Layers = {net, rows};
     return figure;
 }
@@ -57,6 +60,9 @@ TEST(FigureBlock, IsNothingWhenItIsCutAnywhere) {
 
 TEST(FigureBlock, IsNothingBeyondItsLimits) {
     RecordFigure figure = Sample();
+    figure.Layers[1].LayerSteps = 0;
+    EXPECT_FALSE(FigureOfBlock(BytesOf(figure)));
+    figure = Sample();
     figure.Layers[1].LayerOpacity = 1.5;
     EXPECT_FALSE(FigureOfBlock(BytesOf(figure)));
     figure = Sample();
