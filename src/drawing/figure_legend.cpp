@@ -34,6 +34,9 @@ namespace quandrel {
 
 namespace {
 
+/// Rows that the sign of a crowd stands for: as dark as the places of many rows.
+constexpr std::int32_t kRowsOfSign = 50;
+
 /// "Multiples of uniform" in the middle of a sentence.
 std::string WithSmallFirst(std::string text) {
     if (!text.empty() && text.front() >= 'A' && text.front() <= 'Z') {
@@ -290,7 +293,9 @@ void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry&
     case FigureSign::Blank:
         break;
     case FigureSign::Rows:
-        DrawRowMarkers(surface, own, std::span(&centre, 1), entry.code, entry.rows);
+        // A single symbol of a crowd could hardly be seen.
+        DrawRowMarkers(surface, own, std::span(&centre, 1), entry.code, entry.rows,
+                       entry.layer.LayerOpacity == kAsStyle ? kRowsOfSign : 1);
         break;
     case FigureSign::TableSymbol:
         DrawSymbols(surface, own.styles, std::span(&centre, 1), entry.code);

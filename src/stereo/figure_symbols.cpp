@@ -2,6 +2,7 @@
 
 #include "stereo/figure_symbols.h"
 
+#include "stereo/crowd.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -191,8 +192,16 @@ Glyph GlyphInFigure(const FigureSymbol& symbol, Point pixel) {
     return glyph;
 }
 
+double OpacityOfRows(const Drawing& drawing, std::int64_t rows) {
+    if (drawing.layer != nullptr && drawing.layer->LayerOpacity != kAsStyle) {
+        return drawing.layer->LayerOpacity;
+    }
+    const SymbolStyle& style = FigureOf(drawing).symbols;
+    return style.size > 0 ? SymbolOpacityOf(style, rows) : 1;
+}
+
 void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Point> places,
-                    SymbolCode code, std::int64_t rows) {
+                    SymbolCode code, std::int64_t rows, std::int32_t onEach) {
     const FigureStyle& figure = FigureOf(drawing);
     const bool isOfTables = figure.symbols.size == 0;
     if (CodeSymbol(code) == kNoSymbol || (isOfTables && !HasOwnSymbols(drawing.layer))) {
@@ -202,6 +211,7 @@ void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Po
     FigureSymbol symbol = isOfTables ? SymbolOfTables(drawing.styles, code, surface.PixelSize())
                                      : SymbolInFigure(figure, drawing.styles, code, rows);
     TakeLayer(drawing.layer, symbol);
+    symbol.opacity = OpacityTogether(symbol.opacity, onEach);
     DrawFigureSymbols(surface, symbol, places);
 }
 

@@ -45,9 +45,13 @@ void DrawFigureSymbols(Surface& surface, const FigureSymbol& symbol, std::span<c
 /// Draws a code at many positions, in order: in the style of the figure, or as DrawSymbols in a
 /// style that keeps the sizes of the tables.
 ///
-/// @param rows  that the set has, for the size
+/// @param rows    that the set has, for the size
+/// @param onEach  rows that lie on each position, 1 or more, where they can be seen through
 void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Point> places,
-                    SymbolCode code, std::int64_t rows);
+                    SymbolCode code, std::int64_t rows, std::int32_t onEach = 1);
+
+/// The opacity of the symbols of so many rows, 0 to 1: that of the layer, or of the style.
+[[nodiscard]] double OpacityOfRows(const Drawing& drawing, std::int64_t rows);
 
 /// The statistical axes of a net.
 enum class FigureAxis {

@@ -6,6 +6,7 @@
 #include "core/step_progress.h"
 #include "orientation/angles.h"
 #include "orientation/projection.h"
+#include "stereo/crowd.h"
 #include "stereo/figure_lines.h"
 #include "stereo/figure_symbols.h"
 #include "stereo/great_circles.h"
@@ -129,6 +130,29 @@ void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const Sty
     }
 }
 
+/// Rows that can be seen through: each place as dark as its rows are together.
+void DrawCrowd(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
+               double opacity) {
+    const RowTable& table = plot.table;
+    std::map<SymbolCode, Crowd> crowds;
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        const std::int32_t index = table.index[place];
+        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+            continue;
+        }
+        const SymbolCode code = CodeOfRow(plot, drawing.styles, index, style);
+        if (CodeSymbol(code) != kNoSymbol) {
+            crowds[code].Add(table.x[place], table.y[place]);
+        }
+    }
+    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
+    for (const auto& [code, crowd] : crowds) {
+        for (const CrowdLevel& level : crowd.Levels(opacity)) {
+            DrawRowMarkers(drawing.plot, drawing, level.places, code, count, level.rows);
+        }
+    }
+}
+
 /// Each row's symbol with its arrow on top, in order. Arrows differ, so no row is skipped.
 void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
                         const SlipArrows& arrows) {
@@ -231,8 +255,12 @@ void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, Ro
         DrawWithSlipArrows(plot, drawing, range, style, arrows);
         return;
     }
-    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style),
-             std::int64_t{range.last} - range.first + 1);
+    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
+    if (const double opacity = OpacityOfRows(drawing, count); opacity > 0 && opacity < 1) {
+        DrawCrowd(plot, drawing, range, style, opacity);
+        return;
+    }
+    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style), count);
 }
 
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {

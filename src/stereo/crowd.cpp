@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+
+#include "stereo/crowd.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <map>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+/// What one step of a picture of 8 bits cannot show.
+constexpr double kUnseen = 1.0 / 512;
+
+/// The number of rows from which on a place is as dark as one can see.
+std::int32_t RowsOfDarkest(double opacity) {
+    return opacity > 1 - kUnseen
+               ? 1
+               : static_cast<std::int32_t>(std::ceil(std::log(kUnseen) / std::log1p(-opacity)));
+}
+
+} // namespace
+
+double OpacityTogether(double opacity, std::int32_t rows) {
+    return 1 - std::pow(1 - opacity, rows);
+}
+
+void Crowd::Add(std::int16_t x, std::int16_t y) {
+    if (x < -kReach || x > kReach || y < -kReach || y > kReach) {
+        return;
+    }
+    std::vector<std::int32_t>& column = columns_[static_cast<std::size_t>(x + kReach)];
+    if (column.empty()) {
+        column.resize(kSide);
+    }
+    ++column[static_cast<std::size_t>(y + kReach)];
+}
+
+std::vector<CrowdLevel> Crowd::Levels(double opacity) const {
+    const std::int32_t darkest = RowsOfDarkest(opacity);
+    std::map<std::int32_t, std::vector<Point>> levels;
+    for (std::size_t x = 0; x < columns_.size(); ++x) {
+        for (std::size_t y = 0; y < columns_[x].size(); ++y) {
+            if (const std::int32_t rows = columns_[x][y]; rows > 0) {
+                levels[std::min(rows, darkest)].push_back(
+                    {static_cast<double>(x) - kReach, static_cast<double>(y) - kReach});
+            }
+        }
+    }
+    std::vector<CrowdLevel> list;
+    for (auto& [rows, places] : levels) {
+        list.push_back({rows, std::move(places)});
+    }
+    return list;
+}
+
+} // namespace quandrel
