@@ -90,7 +90,7 @@ private:
 /// A plot of random planes, and a picture to draw it on.
 class PlotOnImage {
 public:
-    explicit PlotOnImage(std::int64_t rows, std::int16_t mode) {
+    PlotOnImage(std::int64_t rows, std::int16_t mode, std::string_view style) {
         gPlatform = {};
         gPlatform.prompts = &prompts_;
         gPlatform.status = &status_;
@@ -103,6 +103,7 @@ public:
         PlotRecord& record = ActiveRecord();
         record.NumData = record.NumValidData = record.NumLoadedData = static_cast<int>(rows);
         record.PlotSymbolMode = mode;
+        record.StyleName = style;
         int secondary = 0;
         GrowDataColumns(secondary, record.NumData);
         std::mt19937 random(1);
@@ -142,8 +143,8 @@ private:
     PainterSurface legend_{painter_, QRectF(0, 0, 200, 200), 1, Medium::Raster};
 };
 
-void Replot(benchmark::State& state, std::int16_t mode) {
-    PlotOnImage plot(state.range(0), mode);
+void Replot(benchmark::State& state, std::int16_t mode, std::string_view style) {
+    PlotOnImage plot(state.range(0), mode, style);
     for (auto _ : state) {
         plot.Draw();
     }
@@ -151,7 +152,7 @@ void Replot(benchmark::State& state, std::int16_t mode) {
 
 /// Statistics, point densities, the grid and its contours as required by the mode, and the drawing.
 void ReplotOfChangedRows(benchmark::State& state, std::int16_t mode) {
-    PlotOnImage plot(state.range(0), mode);
+    PlotOnImage plot(state.range(0), mode, kClassicStyle);
     gSettings.gridSize = kFinestGrid;
     ReplotActivePlot(true); // creates fonts and tables
     std::int64_t most = 0;
@@ -176,12 +177,12 @@ BENCHMARK_CAPTURE(ReplotOfChangedRows, PointDensity, kPointDensitySymbols)->Appl
 BENCHMARK_CAPTURE(ReplotOfChangedRows, GridDensity, kGridDensitySymbols)->Apply(AllSizes);
 BENCHMARK_CAPTURE(ReplotOfChangedRows, Contours, kContours)->Apply(AllSizes);
 BENCHMARK_CAPTURE(ReplotOfChangedRows, ContoursAndGrid, kContoursAndGrid)->Apply(AllSizes);
-BENCHMARK_CAPTURE(Replot, Symbols, kPointSymbols)
-    ->RangeMultiplier(10)
-    ->Range(1000, 1000000)
+BENCHMARK_CAPTURE(Replot, Symbols, kPointSymbols, kClassicStyle)->Apply(AllSizes);
+BENCHMARK_CAPTURE(Replot, SymbolsOnScreen, kPointSymbols, kScreenStyle)->Apply(AllSizes);
+BENCHMARK_CAPTURE(Replot, GreatCircles, kGreatCircles, kClassicStyle)
+    ->Arg(1000)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Replot, GreatCircles, kGreatCircles)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Replot, BetaIntersections, kBetaIntersections)
+BENCHMARK_CAPTURE(Replot, BetaIntersections, kBetaIntersections, kClassicStyle)
     ->Arg(500)
     ->Arg(1000)
     ->Unit(benchmark::kMillisecond);

@@ -15,8 +15,10 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <memory>
 #include <random>
 #include <stdexcept>
+#include <string_view>
 
 namespace quandrel {
 namespace {
@@ -46,15 +48,19 @@ Plot PlotOf(std::int64_t rows, std::int16_t symbolMode, const Styles& styles) {
     return plot;
 }
 
-void Write(benchmark::State& state, std::int16_t symbolMode) {
+void Write(benchmark::State& state, std::int16_t symbolMode,
+           std::string_view style = kClassicStyle) {
     const Styles styles = StartStyles();
     const Plot plot = PlotOf(state.range(0), symbolMode, styles);
+    const auto figure = std::make_shared<const FigureStyle>(*StandardStyle(style));
     std::size_t bytes = 0;
     for (auto _ : state) {
         SvgWriter writer(2 * kColumn, kColumn, 0.75);
         SvgSurface net(writer, {0, 0, kColumn, kColumn});
         SvgSurface legend(writer, {kColumn, 0, kColumn, kColumn});
-        DrawPlot(plot, {net, legend, styles, DrawnFor::Paper});
+        Drawing drawing{net, legend, styles, DrawnFor::Paper};
+        drawing.figure = figure;
+        DrawPlot(plot, drawing);
         bytes = writer.Document().size();
     }
     state.counters["bytes"] = static_cast<double>(bytes);
@@ -64,11 +70,17 @@ void Symbols(benchmark::State& state) {
     Write(state, kPointSymbols);
 }
 
+/// Symbols that can be seen through, from 20,000 rows on.
+void JournalSymbols(benchmark::State& state) {
+    Write(state, kPointSymbols, kJournalStyle);
+}
+
 void GreatCircles(benchmark::State& state) {
     Write(state, kGreatCircles);
 }
 
 BENCHMARK(Symbols)->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(JournalSymbols)->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(GreatCircles)->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 } // namespace
