@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QStandardPaths>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -24,6 +25,7 @@ public:
                 qEnvironmentVariable("QUANDREL_TEST_PLATFORM", "offscreen").toUtf8());
         application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
         QApplication::setQuitOnLastWindowClosed(false);
+        QStandardPaths::setTestModeEnabled(true); // nothing of the user is read or written
     }
 
     void TearDown() override { application_.reset(); }

@@ -5,15 +5,22 @@
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
+#include "qt/dark_image.h"
+#include "session/example_files.h"
 #include "session/start.h"
-#include "session/window_state.h"
 #include "shell/controls/icons.h"
 #include "shell/controls/note_label.h"
 #include "shell/controls/plain_tip.h"
 
+#include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace quandrel {
 
@@ -33,7 +40,9 @@ constexpr std::array<Start, 3> kStarts = {{
 }};
 
 constexpr int kMargin = 28;
-constexpr int kLongestName = 48;
+constexpr int kLongestName = 24;
+constexpr int kRecentColumns = 3;
+constexpr int kPictureSide = 56; ///< logical pixels
 
 /// Centres a line and scales its font relative to other texts.
 QLabel* SetLine(QLabel* line, double scale) {
@@ -58,11 +67,24 @@ QString CaptionOfFile(const std::string& path) {
     return name.replace("&", "&&");
 }
 
+/// The picture of a file in the middle of a square, in the colours of the theme; where there is
+/// none, the icon of a net.
+QIcon PictureOf(const QImage& image) {
+    if (image.isNull()) {
+        return IconOf("equal_area");
+    }
+    const int side = std::max(image.width(), image.height());
+    const QRect square((image.width() - side) / 2, (image.height() - side) / 2, side, side);
+    return QPixmap::fromImage((IsDarkTheme() ? InDarkColours(image) : image).copy(square));
+}
+
 } // namespace
 
-frmIntro::frmIntro(QWidget* parent)
+frmIntro::frmIntro(QWidget* parent, const RecentPictures& pictures,
+                   const std::filesystem::path& programFolder)
     : QFrame(parent)
-    , recent_(new QVBoxLayout) {
+    , pictures_(pictures)
+    , recent_(new QGridLayout) {
     setObjectName("frmIntro");
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -82,11 +104,14 @@ frmIntro::frmIntro(QWidget* parent)
         button->setObjectName("cmdStart_" + QString::number(i));
         button->setToolTip(kStarts[i].tip);
         button->setIconSize(QSize(22, 22));
-        button->setMinimumWidth(280);
+        button->setFixedWidth(280);
         connect(button, &QPushButton::clicked, this,
                 [this, i] { Q_EMIT StartWanted(static_cast<int>(i)); });
-        layout->addWidget(button);
+        layout->addWidget(button, 0, Qt::AlignHCenter);
         cmdStart[i] = button;
+    }
+    if (const auto examples = FindExampleFolder(programFolder)) {
+        layout->addWidget(MakeExamples(*examples), 0, Qt::AlignHCenter);
     }
     layout->addSpacing(10);
     layout->addLayout(recent_);
@@ -99,21 +124,58 @@ void frmIntro::Refresh() {
         delete item->widget();
         delete item;
     }
-    for (std::size_t i = 0; i < gSettings.files.recent.size(); ++i) {
-        auto* button = new QPushButton(CaptionOfFile(gSettings.files.recent[i]));
-        button->setObjectName("cmdRecent_" + QString::number(i + 1));
-        button->setFlat(true);
-        button->setToolTip(PlainTip(QString::fromStdString(gSettings.files.recent[i])));
-        button->setCursor(Qt::PointingHandCursor);
-        const int index = kFirstRecentFile + static_cast<int>(i);
-        // A press may remove the button, because the list changes.
-        connect(
-            button, &QPushButton::clicked, this, [this, index] { Q_EMIT StartWanted(index); },
-            Qt::QueuedConnection);
-        recent_->addWidget(button);
+    const std::vector<std::string>& files = gSettings.files.recent;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        QPushButton* button = MakeRecent(i, files[i]);
+        const int place = static_cast<int>(i);
+        recent_->addWidget(button, place / kRecentColumns, place % kRecentColumns);
         button->show(); // a hidden button takes no space in the layout
     }
     resize(sizeHint());
+}
+
+QPushButton* frmIntro::MakeExamples(const std::filesystem::path& folder) {
+    auto* button = new QPushButton(IconOf("open"), "E&xamples");
+    button->setObjectName("cmdExamples");
+    button->setToolTip("Opens measurements of an imaginary field season");
+    button->setIconSize(QSize(22, 22));
+    button->setFixedWidth(280);
+    auto* menu = new QMenu(button);
+    for (const ExampleFile& example : ExampleFiles()) {
+        const QString path = QString::fromStdString((folder / example.name).string());
+        // Opening a file hides the button to which the menu belongs.
+        connect(
+            menu->addAction(example.title), &QAction::triggered, this,
+            [this, path, &example] {
+                UseFormatOf(example);
+                Q_EMIT ExampleWanted(path);
+            },
+            Qt::QueuedConnection);
+    }
+    button->setMenu(menu);
+    return button;
+}
+
+QPushButton* frmIntro::MakeRecent(std::size_t number, const std::string& path) {
+    auto* button = new QPushButton(PictureOf(pictures_.Of(path)), CaptionOfFile(path));
+    button->setObjectName("cmdRecent_" + QString::number(number + 1));
+    button->setFlat(true);
+    button->setIconSize(QSize(kPictureSide, kPictureSide));
+    button->setToolTip(PlainTip(QString::fromStdString(path)));
+    button->setCursor(Qt::PointingHandCursor);
+    const int index = kFirstRecentFile + static_cast<int>(number);
+    // A press may remove the button, because the list changes.
+    connect(
+        button, &QPushButton::clicked, this, [this, index] { Q_EMIT StartWanted(index); },
+        Qt::QueuedConnection);
+    return button;
+}
+
+void frmIntro::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        Refresh(); // the pictures follow the theme
+    }
 }
 
 } // namespace quandrel

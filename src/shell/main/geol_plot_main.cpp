@@ -32,8 +32,8 @@
 #include "shell/plot/window_arrangement.h"
 #include "shell/preferences/frm_preferences.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -106,7 +106,7 @@ void GeolPlotMain::ConnectChanges() {
         UpdatePaste();
         ExplainCommands();
     });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
         UpdatePaste();
         EndStatusText(std::exchange(clipboardText_, {}));
     });
@@ -195,11 +195,14 @@ void GeolPlotMain::MakePlotRoom() {
         });
     MakeMouse();
     displays_ = std::make_unique<DataDisplays>(*this, [this] { UpdatePlotState(); });
-    intro_ = new frmIntro(room_->viewport());
+    intro_ = new frmIntro(room_->viewport(), pictures_,
+                          QApplication::applicationDirPath().toStdString());
     room_->viewport()->installEventFilter(this);
     connect(room_, &QMdiArea::subWindowActivated, this,
             [this](QMdiSubWindow* window) { Activated(window); });
     connect(intro_, &frmIntro::StartWanted, this, [this](int index) { IntroButtonStart(index); });
+    connect(intro_, &frmIntro::ExampleWanted, this,
+            [this](const QString& path) { OpenFiles({path}); });
 }
 
 void GeolPlotMain::MakeMouse() {
@@ -264,9 +267,9 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
 
 void GeolPlotMain::ShowAtLastPlace() {
     const QRect kept = QtRect(KeptMainWindowRect());
-    const QScreen* screen = QGuiApplication::screenAt(kept.center());
+    const QScreen* screen = QApplication::screenAt(kept.center());
     if (screen == nullptr) {
-        screen = QGuiApplication::primaryScreen();
+        screen = QApplication::primaryScreen();
     }
     const MainWindowStart start = StartOfMainWindow(RectOf(screen->availableGeometry()));
     if (start.state == WindowState::Normal) {

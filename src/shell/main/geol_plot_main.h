@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include "qt/recent_pictures.h"
 #include "session/closing.h"
 #include "session/notation.h"
 #include "session/start.h"
@@ -114,6 +115,7 @@ private:
 
     void Open(const char* command);
     void AfterOpening(const QString& command);
+    void KeepPicture(int slot) const;
     void Save(int kind);
     void RedrawAllPlots();
     void CloseOne(int slot);
@@ -158,6 +160,7 @@ private:
     QToolBar* toolMapInfo_ = nullptr;
     GirdlePanel* panGirdleBox_ = nullptr;
     QMdiArea* room_ = nullptr;
+    RecentPictures pictures_{FolderOfRecentPictures()};
     frmIntro* intro_ = nullptr;
     std::unique_ptr<PlotDialogs> dialogs_;
     std::unique_ptr<NetMouse> mouse_;

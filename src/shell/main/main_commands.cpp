@@ -91,15 +91,26 @@ void GeolPlotMain::AfterOpening(const QString& command) {
     if (!told.empty()) {
         SetStatusText(QString::fromStdString(told));
     }
+    KeepPicture(gActivePlot);
+}
+
+void GeolPlotMain::KeepPicture(int slot) const {
+    pictures_.Keep(PlotOf(slot), gSettings.files.recent);
 }
 
 void GeolPlotMain::CloseOne(int slot) {
     displays_->ApplyEdits(slot);
+    KeepPicture(slot);
     ClosePlotWindow(slot);
 }
 
 bool GeolPlotMain::CloseAll(Closing closing) {
     ApplyAllEdits();
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            KeepPicture(slot);
+        }
+    }
     return CloseAllPlots(closing);
 }
 
