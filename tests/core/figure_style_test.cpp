@@ -3,6 +3,7 @@
 // Styles of figures, and their texts.
 
 #include "core/figure_style_text.h"
+#include "platform/colour_space.h"
 
 #include <gtest/gtest.h>
 
@@ -99,6 +100,26 @@ TEST(FigureStyles, RefuseCrowdsThatCannotBeSeen) {
     const std::string beyond = "The style cannot be read: a value is beyond its limits.";
     EXPECT_EQ(FaultOf(R"({"symbols": {"crowd": 10, "crowdInk": 0}})"), beyond);
     EXPECT_EQ(FaultOf(R"({"symbols": {"crowd": 0, "crowdInk": 0}})"), "");
+}
+
+TEST(FigureStyles, NeighbouringSetsAreToldApartByAllEyes) {
+    for (const FigureStyle& style : StandardStyles()) {
+        const std::vector<Colour>& colours = style.symbols.setColours;
+        for (const ColourVision vision :
+             {ColourVision::Normal, ColourVision::Protanopia, ColourVision::Deuteranopia}) {
+            const auto difference = [vision](Colour a, Colour b) {
+                return ColourDifference(LabOf(ColourAsSeen(a, vision)),
+                                        LabOf(ColourAsSeen(b, vision)));
+            };
+            for (std::size_t i = 1; i < colours.size(); ++i) {
+                EXPECT_GE(difference(colours[i - 1], colours[i]), 8) << style.name << " " << i;
+            }
+            if (style.name == kJournalStyle) {
+                EXPECT_GE(difference(style.lines.accent, style.lines.contour), 8);
+                EXPECT_GE(difference(style.lines.accent, colours[0]), 8);
+            }
+        }
+    }
 }
 
 } // namespace
