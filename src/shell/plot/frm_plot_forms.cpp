@@ -102,6 +102,7 @@ void frmPlotForms::MakeTexts() {
     connect(txtDescBox, &QPlainTextEdit::textChanged, this, [this] {
         description_ = txtDescBox->toPlainText().toStdString();
         DescribePlot(Slot(), description_);
+        LayOut(); // the box is as high as its text
     });
     txtStatsBox[0] = MakeTextBox("txtStatsBox_0", "Statistics");
     txtStatsBox[1] = MakeTextBox("txtStatsBox_1", "Advanced statistics");

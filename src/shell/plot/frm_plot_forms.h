@@ -111,6 +111,8 @@ private:
     void NameDataTab();
     void LayOut();
     [[nodiscard]] PlotParts ShownParts() const;
+    [[nodiscard]] PlotMetrics Metrics() const;
+    void Arrange(const PlotLayout& layout, const PlotParts& parts);
     /// The box with its own menu that is this object or contains it as its viewport; or null.
     [[nodiscard]] QWidget* BoxOf(const QObject& object) const;
     void ShowBoxMenu(QWidget& box, const QPoint& at);

@@ -58,8 +58,20 @@ void UseFont(QWidget& box, PlotFontPlace place) {
     box.setFont(WidgetFont(font));
 }
 
-/// The size at which a box shows its text without scroll bars; empty for an empty box. Lines with
-/// tabs depend on the available width.
+/// What a box needs around its text, in either direction.
+int MarginOf(const QPlainTextEdit& box) {
+    return 2 * static_cast<int>(std::ceil(box.document()->documentMargin())) + 2 * box.frameWidth()
+           + 2;
+}
+
+/// The height at which a box shows the lines that its text takes in its width, one at least.
+int HeightOfText(const QPlainTextEdit& box) {
+    return std::max(box.document()->lineCount(), 1) * QFontMetrics(box.font()).lineSpacing()
+           + MarginOf(box);
+}
+
+/// The size at which a box shows its text without scroll bars; empty for an empty box. Lines that
+/// are wrapped count as often as they are now, and those with tabs depend on the available width.
 QSize SizeOfText(const QPlainTextEdit& box) {
     if (box.document()->isEmpty()) {
         return {};
@@ -71,9 +83,7 @@ QSize SizeOfText(const QPlainTextEdit& box) {
             width = std::max(width, metrics.horizontalAdvance(line.text()));
         }
     }
-    const int margin = 2 * static_cast<int>(std::ceil(box.document()->documentMargin()))
-                       + 2 * box.frameWidth() + 2;
-    return {width + margin, box.document()->blockCount() * metrics.lineSpacing() + margin};
+    return {width + MarginOf(box), HeightOfText(box)};
 }
 
 } // namespace
@@ -127,17 +137,30 @@ void frmPlotForms::LayOut() {
         return;
     }
     const PlotParts parts = ShownParts();
+    const PlotMetrics metrics = Metrics();
+    Arrange(LayOutPlot(body_->size(), parts, metrics), parts);
+    // In boxes of another width, lines may be wrapped in another way.
+    if (const PlotMetrics wrapped = Metrics(); wrapped != metrics) {
+        Arrange(LayOutPlot(body_->size(), parts, wrapped), parts);
+    }
+}
+
+PlotMetrics frmPlotForms::Metrics() const {
     PlotMetrics metrics;
     metrics.tabs = std::max(tabLayers->sizeHint().height(), cmdResizeButton->sizeHint().height());
     metrics.line = txtFabricBox->sizeHint().height();
     constexpr int kMargins = 2 * kLegendMargin + 2;
     metrics.legend = legendSize_.isEmpty() ? QSize() : legendSize_ + QSize(kMargins, kMargins);
     metrics.statistics = SizeOfText(*txtStatsBox[RecordOf(Slot()).StatsBoxKind != 0 ? 1 : 0]);
-    const PlotLayout layout = LayOutPlot(body_->size(), parts, metrics);
+    metrics.description = HeightOfText(*txtDescBox);
+    return metrics;
+}
+
+void frmPlotForms::Arrange(const PlotLayout& layout, const PlotParts& parts) {
     tabLayers->setGeometry(
         QRect(layout.tabs.topLeft(), tabLayers->sizeHint()).intersected(layout.tabs));
-    shpAnnUp->setGeometry(tabLayers->geometry().right() + 4, layout.tabs.top(), metrics.tabs,
-                          metrics.tabs);
+    shpAnnUp->setGeometry(tabLayers->geometry().right() + 4, layout.tabs.top(),
+                          layout.tabs.height(), layout.tabs.height());
     cmdResizeButton->setGeometry(layout.resizeButton);
     picStereoArea->setGeometry(layout.net);
     const bool isAdvanced = RecordOf(Slot()).StatsBoxKind != 0;

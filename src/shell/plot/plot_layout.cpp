@@ -28,33 +28,50 @@ QRect TakeTop(QRect& area, int height) {
     return top;
 }
 
-/// The legend's part of a height; the statistics have the rest. The two share the height in
-/// proportion to what they need.
+/// The height of the description within that of all boxes.
+int DescriptionHeight(int height, const PlotMetrics& metrics) {
+    const int most = std::min(kDescriptionLines * metrics.line, height / 4);
+    return metrics.description == 0
+               ? most
+               : std::clamp(metrics.description, std::min(metrics.line, most), most);
+}
+
+/// The legend's part of a height, below which the statistics begin. Where the two need more than
+/// there is, each has its part in proportion.
 int LegendHeight(int height, const PlotMetrics& metrics) {
     const int needed = metrics.legend.height() + metrics.statistics.height();
     if (metrics.legend.isEmpty() || metrics.statistics.isEmpty()) {
         return static_cast<int>(height * (1 - kStatisticsShare));
     }
-    return static_cast<int>(static_cast<double>(height) * metrics.legend.height() / needed);
+    return needed <= height
+               ? metrics.legend.height()
+               : static_cast<int>(static_cast<double>(height) * metrics.legend.height() / needed);
 }
 
-/// Stacks the boxes; legend and statistics share the remaining height.
+/// The top of an area, as high as a box needs if that is known.
+QRect Needed(QRect area, const QSize& size) {
+    if (!size.isEmpty()) {
+        area.setHeight(std::min(area.height(), size.height()));
+    }
+    return area;
+}
+
+/// Stacks the boxes.
 void StackBoxes(PlotLayout& layout, QRect area, const PlotParts& parts,
                 const PlotMetrics& metrics) {
     if (parts.fabric) {
         layout.fabric = TakeTop(area, metrics.line);
     }
     if (parts.description) {
-        layout.description =
-            TakeTop(area, std::min(kDescriptionLines * metrics.line, area.height() / 4));
+        layout.description = TakeTop(area, DescriptionHeight(area.height(), metrics));
     }
     if (parts.legend && parts.statistics) {
         layout.legend = TakeTop(area, LegendHeight(area.height() - kGap, metrics));
-        layout.statistics = area;
     } else if (parts.legend) {
-        layout.legend = area;
-    } else if (parts.statistics) {
-        layout.statistics = area;
+        layout.legend = Needed(area, metrics.legend);
+    }
+    if (parts.statistics) {
+        layout.statistics = Needed(area, metrics.statistics);
     }
 }
 
@@ -70,8 +87,25 @@ void PlaceBoxesBelow(PlotLayout& layout, const QRect& area, const PlotParts& par
     QRect leftArea = area;
     leftArea.setWidth((area.width() - kGap) / 2);
     StackBoxes(layout, leftArea, left, metrics);
-    layout.statistics = area;
-    layout.statistics.setLeft(leftArea.right() + 1 + kGap);
+    QRect right = area;
+    right.setLeft(leftArea.right() + 1 + kGap);
+    layout.statistics = Needed(right, metrics.statistics);
+}
+
+/// The height that the boxes below a net need, up to the most that they may have; that most while
+/// the contents of a box are unknown.
+int HeightBelow(int most, const PlotParts& parts, const PlotMetrics& metrics) {
+    const bool isKnown = (!parts.legend || !metrics.legend.isEmpty())
+                         && (!parts.statistics || !metrics.statistics.isEmpty());
+    if (!isKnown) {
+        return most;
+    }
+    const int names = (parts.fabric ? metrics.line + kGap : 0)
+                      + (parts.description ? DescriptionHeight(most, metrics) + kGap : 0);
+    const int left = names + (parts.legend ? metrics.legend.height() : 0);
+    const int right = parts.statistics ? metrics.statistics.height() : 0;
+    const bool areBeside = parts.statistics && (parts.legend || names > 0);
+    return std::min(areBeside ? std::max(left, right) : left + right, most);
 }
 
 /// The width of the boxes beside a net: a share of the window, more where a box needs it.
@@ -96,7 +130,9 @@ PlotLayout LayOutPlot(QSize window, const PlotParts& parts, const PlotMetrics& m
     const int whole = std::min(area.width(), area.height());
     const int beside =
         std::min(whole, area.width() - ColumnWidth(window.width(), parts, metrics) - kGap);
-    const int above = std::min(area.width(), static_cast<int>(area.height() * kNetShare));
+    const int most = area.height() - static_cast<int>(area.height() * kNetShare) - kGap;
+    const int above =
+        std::min(area.width(), area.height() - kGap - HeightBelow(most, parts, metrics));
     int side = whole;
     if (!HasBoxes(parts)) {
         side = std::max(whole, kSmallestNet);

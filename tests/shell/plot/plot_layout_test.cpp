@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <vector>
 
 namespace quandrel {
@@ -107,6 +108,41 @@ TEST(PlotLayout, LegendAndStatisticsHaveWhatTheyNeedWhereThereIsRoomForBoth) {
     const PlotLayout layout = LayOutPlot({1000, 640}, PartsOf(31), tooMuch);
     EXPECT_NEAR(layout.legend.height(), layout.statistics.height(), 3) << "each its part";
     EXPECT_GE(layout.net.width(), 500);
+}
+
+TEST(PlotLayout, BoxesAreAsHighAsTheirTexts) {
+    const PlotMetrics metrics{24, 22, {200, 60}, {150, 130}, 30};
+    const PlotLayout wide = LayOutPlot({1000, 640}, PartsOf(31), metrics);
+    EXPECT_EQ(wide.legend.height(), 60);
+    EXPECT_EQ(wide.statistics.height(), 130);
+    EXPECT_EQ(wide.description.height(), 30);
+    const PlotLayout high = LayOutPlot({640, 800}, PartsOf(31), metrics);
+    ASSERT_GT(high.legend.top(), high.net.bottom()) << "the boxes are below";
+    EXPECT_EQ(high.legend.height(), 60);
+    EXPECT_EQ(high.statistics.height(), 130);
+    EXPECT_GT(high.net.height(), LayOutPlot({640, 800}, PartsOf(31), {}).net.height())
+        << "the net has what they leave";
+    const PlotMetrics much{24, 22, {200, 900}, {150, 900}, 900};
+    const PlotLayout full = LayOutPlot({640, 800}, PartsOf(31), much);
+    EXPECT_EQ(full.net.height(), LayOutPlot({640, 800}, PartsOf(31), {}).net.height());
+    EXPECT_LE(full.description.height(), 3 * 22);
+}
+
+TEST(PlotLayout, BoxesOfAnyContentsStayInTheWindowAndApart) {
+    std::mt19937 random(11);
+    for (int trial = 0; trial < 4000; ++trial) {
+        const auto upTo = [&random](int most) { return static_cast<int>(random() % most); };
+        const QSize size(260 + upTo(1600), 260 + upTo(900));
+        const PlotMetrics metrics{
+            24, 22, {upTo(600), upTo(700)}, {upTo(600), upTo(700)}, upTo(200)};
+        const std::vector<QRect> boxes = Boxes(LayOutPlot(size, PartsOf(upTo(32)), metrics));
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+            ASSERT_TRUE(QRect(QPoint(0, 0), size).contains(boxes[i])) << trial;
+            for (std::size_t j = i + 1; j < boxes.size(); ++j) {
+                ASSERT_FALSE(boxes[i].intersects(boxes[j])) << trial;
+            }
+        }
+    }
 }
 
 TEST(PlotLayout, AHighWindowHasItsBoxesBelow) {
