@@ -89,7 +89,7 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 # Dependencies on libraries are added automatically; the SVG library includes its plug-in for icons.
 # The plug-in for TIFF pictures is loaded by Qt, where it is found.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-image-formats-plugins")
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "qt6-qpa-plugins")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-liberation, qt6-qpa-plugins")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquandrel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 
