@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QDrag>
@@ -31,6 +32,7 @@ namespace {
 
 constexpr int kPreviewDelay = 60; ///< milliseconds, so that typing is not slowed down
 constexpr int kDragHeight = 160;
+constexpr int kMostCopiedPixels = 6000; ///< of an image, each way
 constexpr double kMillimetresInInch = 25.4;
 
 /// The width of a page of each FigureWidth; 0 where the box gives it.
@@ -167,6 +169,7 @@ void frmExportFigure::ShowPreview() {
     const double density = devicePixelRatioF();
     const QSize room = (lblPreview->contentsRect().size() * density).expandedTo({1, 1});
     cmdOK->setEnabled(true);
+    cmdCopy->setEnabled(optFigure->isChecked());
     if (!optFigure->isChecked()) {
         lblPreview->setPixmap({});
         lblPreview->setText("The picture is as the window shows it.");
@@ -180,6 +183,7 @@ void frmExportFigure::ShowPreview() {
         lblPreview->setText("No picture");
         lblNote->setText(QString::fromStdString(image.Error()));
         cmdOK->setEnabled(false);
+        cmdCopy->setEnabled(false);
         return;
     }
     image->setDevicePixelRatio(density);
@@ -214,27 +218,50 @@ bool frmExportFigure::eventFilter(QObject* object, QEvent* event) {
     return QDialog::eventFilter(object, event);
 }
 
-void frmExportFigure::DragPicture() {
+/// The figure as a drawing and as an image of its resolution, with its file for those who want one.
+/// Null after a failure, which the note tells.
+std::unique_ptr<QMimeData> frmExportFigure::Picture() {
     std::string name = PictureName(plot_.record);
     name.replace(name.rfind('.'), std::string::npos, ".svg");
     const QString path = dragged_.filePath(QString::fromStdString(name));
     if (const std::string error = SavePlotPicture(path.toStdString(), Options()); !error.empty()) {
         lblNote->setText(QString::fromStdString(error));
-        return;
+        return nullptr;
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         lblNote->setText(file.errorString());
+        return nullptr;
+    }
+    const FigureExport figure = Figure();
+    const double width = figure.size.width > 0 ? figure.size.width : kPageWidth;
+    const int pixels = std::min(static_cast<int>(width / kMillimetresInInch * figure.dotsPerInch),
+                                kMostCopiedPixels);
+    const Result<QImage> image = FigureImage(plot_, figure, {pixels, kMostCopiedPixels});
+    auto mime = std::make_unique<QMimeData>();
+    mime->setData("image/svg+xml", file.readAll());
+    mime->setImageData(image ? *image : lblPreview->pixmap().toImage());
+    mime->setUrls({QUrl::fromLocalFile(path)});
+    return mime;
+}
+
+void frmExportFigure::DragPicture() {
+    std::unique_ptr<QMimeData> picture = Picture();
+    if (picture == nullptr) {
         return;
     }
-    auto* mime = new QMimeData;
-    mime->setData("image/svg+xml", file.readAll());
-    mime->setImageData(lblPreview->pixmap().toImage());
-    mime->setUrls({QUrl::fromLocalFile(path)});
     auto* drag = new QDrag(this);
-    drag->setMimeData(mime);
+    drag->setMimeData(picture.release());
     drag->setPixmap(lblPreview->pixmap().scaledToHeight(kDragHeight, Qt::SmoothTransformation));
     drag->exec(Qt::CopyAction);
+}
+
+void frmExportFigure::CopyPicture() {
+    if (std::unique_ptr<QMimeData> picture = Picture()) {
+        picture->removeFormat("text/uri-list"); // the file is removed with the dialog
+        QGuiApplication::clipboard()->setMimeData(picture.release());
+        lblNote->setText("The figure is on the clipboard");
+    }
 }
 
 } // namespace quandrel

@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QTemporaryDir>
 
+#include <memory>
 #include <vector>
 
 class QCheckBox;
@@ -19,6 +20,7 @@ class QComboBox;
 class QDoubleSpinBox;
 class QGroupBox;
 class QLabel;
+class QMimeData;
 class QPushButton;
 class QRadioButton;
 class QSpinBox;
@@ -52,6 +54,7 @@ public:
     QLabel* lblPreview;
     QLabel* lblNote; ///< the size of the page, or why there is no picture
     QPushButton* cmdOK;
+    QPushButton* cmdCopy; ///< puts the figure on the clipboard
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -70,7 +73,9 @@ private:
     void EnableFields();
     void ShowSoon();
     void ShowPreview();
+    [[nodiscard]] std::unique_ptr<QMimeData> Picture();
     void DragPicture();
+    void CopyPicture();
     [[nodiscard]] std::size_t StyleIndex() const;
     [[nodiscard]] FigureExport Figure() const;
 

@@ -48,6 +48,10 @@ void frmExportFigure::MakeControls() {
     cmdOK = buttons->button(QDialogButtonBox::Ok);
     cmdOK->setText("Save &as...");
     cmdOK->setObjectName("cmdOK");
+    cmdCopy = Named(new QPushButton("&Copy"), "cmdCopy",
+                    "Puts the figure on the clipboard, as a drawing and as an image");
+    buttons->addButton(cmdCopy, QDialogButtonBox::ActionRole);
+    connect(cmdCopy, &QPushButton::clicked, this, [this] { CopyPicture(); });
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* sides = new QHBoxLayout;

@@ -9,9 +9,11 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -155,6 +157,20 @@ TEST_F(ExportFigureDialog, KeepsTheStyleForLaterExports) {
     EXPECT_EQ(gSettings.files.exportStyle.name, "Grey");
     EXPECT_TRUE(std::filesystem::exists(folder / "figure.svg"));
     EXPECT_EQ(ActiveRecord().StyleName, "") << "the plot keeps its own";
+}
+
+TEST_F(ExportFigureDialog, CopiesTheFigureAsADrawingAndAsAnImage) {
+    dialog->spnDots->setValue(600);
+    Wait();
+    QTest::mouseClick(dialog->cmdCopy, Qt::LeftButton);
+    const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
+    EXPECT_TRUE(copied.data("image/svg+xml").contains(" width=\"84mm\""));
+    EXPECT_EQ(qvariant_cast<QImage>(copied.imageData()).width(), 1984) << "84 / 25.4 * 600";
+    EXPECT_FALSE(copied.hasUrls()) << "its file is removed with the dialog";
+    EXPECT_EQ(dialog->lblNote->text(), "The figure is on the clipboard");
+    dialog->optPart[1]->setChecked(true);
+    Wait();
+    EXPECT_FALSE(dialog->cmdCopy->isEnabled()) << "what the window shows is copied by its command";
 }
 
 } // namespace
