@@ -60,20 +60,32 @@ std::optional<double> SlipArrowAzimuth(int plotKind, const Direction& pole, cons
     return AzimuthOfStep(plotKind, at, step);
 }
 
-float SlipArrowAngle(const Plot& plot, std::int32_t row) {
+namespace {
+
+double RoundedToDegrees(double angle) {
+    return std::isfinite(angle) ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;
+}
+
+float SlipArrowAngleAt(const Plot& plot, std::int32_t row, const PlottedRow& place) {
     constexpr float kNoArrow = std::numeric_limits<float>::quiet_NaN();
-    const PlotRecord& record = plot.record;
     const Fault fault = FaultOfShownRow(plot, row);
-    const PlottedRow place =
-        PlottedOrientation(record.PlotKind, IsPlottedAsPole(record, OverlayOfRow(record, row)), row,
-                           OrientationShown(plot, row));
     if (!IsReadable(fault.plane) || !IsReadable(fault.line) || IsErrorRow(place.plunge)) {
         return kNoArrow;
     }
     const std::optional<double> azimuth =
-        SlipArrowAzimuth(record.PlotKind, PoleOfFault(fault), SlipLineOfFault(fault),
+        SlipArrowAzimuth(plot.record.PlotKind, PoleOfFault(fault), SlipLineOfFault(fault),
                          fault.line.dip < 0, LineToCosines(std::abs(place.plunge), place.trend));
     return azimuth ? static_cast<float>(*azimuth) : kNoArrow;
+}
+
+} // namespace
+
+float SlipArrowAngle(const Plot& plot, std::int32_t row) {
+    const PlotRecord& record = plot.record;
+    return SlipArrowAngleAt(plot, row,
+                            PlottedOrientation(record.PlotKind,
+                                               IsPlottedAsPole(record, OverlayOfRow(record, row)),
+                                               row, OrientationShown(plot, row)));
 }
 
 bool SlipArrowsTellSense(const Plot& plot) {
@@ -87,8 +99,11 @@ bool SlipArrowsTellSense(const Plot& plot) {
 }
 
 double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row) {
-    const auto angle = static_cast<double>(SlipArrowAngle(plot, row));
-    return std::isfinite(angle) ? DegToRad(RoundToEven(RadToDeg(angle))) : angle;
+    return RoundedToDegrees(static_cast<double>(SlipArrowAngle(plot, row)));
+}
+
+double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row, const PlottedRow& place) {
+    return RoundedToDegrees(static_cast<double>(SlipArrowAngleAt(plot, row, place)));
 }
 
 } // namespace quandrel

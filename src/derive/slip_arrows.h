@@ -47,4 +47,8 @@ namespace quandrel {
 /// SlipArrowAngle of a row as it is drawn, in radians of whole degrees.
 [[nodiscard]] double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row);
 
+/// The same at another position of the row, such as that of its other orientation.
+[[nodiscard]] double DrawnSlipArrowAngle(const Plot& plot, std::int32_t row,
+                                         const PlottedRow& place);
+
 } // namespace quandrel

@@ -28,27 +28,29 @@ double OpacityTogether(double opacity, std::int32_t rows) {
     return 1 - std::pow(1 - opacity, rows);
 }
 
-void Crowd::Add(std::int16_t x, std::int16_t y) {
+bool Crowd::Add(std::int16_t x, std::int16_t y) {
     if (x < -kReach || x > kReach || y < -kReach || y > kReach) {
-        return;
+        return false;
     }
     std::vector<std::int32_t>& column = columns_[static_cast<std::size_t>(x + kReach)];
     if (column.empty()) {
         column.resize(kSide);
     }
-    ++column[static_cast<std::size_t>(y + kReach)];
+    std::int32_t& place = column[static_cast<std::size_t>(y + kReach)];
+    const bool isNew = place == 0;
+    if (isNew) {
+        places_.push_back({{static_cast<double>(x), static_cast<double>(y)}, 0});
+        place = static_cast<std::int32_t>(places_.size());
+    }
+    ++places_[static_cast<std::size_t>(place - 1)].rows;
+    return isNew;
 }
 
 std::vector<CrowdLevel> Crowd::Levels(double opacity) const {
     const std::int32_t darkest = RowsOfDarkest(opacity);
     std::map<std::int32_t, std::vector<Point>> levels;
-    for (std::size_t x = 0; x < columns_.size(); ++x) {
-        for (std::size_t y = 0; y < columns_[x].size(); ++y) {
-            if (const std::int32_t rows = columns_[x][y]; rows > 0) {
-                levels[std::min(rows, darkest)].push_back(
-                    {static_cast<double>(x) - kReach, static_cast<double>(y) - kReach});
-            }
-        }
+    for (const Place& place : places_) {
+        levels[std::min(place.rows, darkest)].push_back(place.at);
     }
     std::vector<CrowdLevel> list;
     for (auto& [rows, places] : levels) {

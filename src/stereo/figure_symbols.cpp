@@ -35,6 +35,9 @@ std::optional<SetOfCode> SetOfStartCode(SymbolCode code) {
             return SetOfCode{static_cast<std::size_t>(row / 2), row % 2 != 0};
         }
     }
+    if (is(kDerivedSymbol) || is(kDerivedUpSymbol)) {
+        return SetOfCode{0, is(kDerivedUpSymbol)};
+    }
     for (int row = kFirstClassSymbol; row < kSymbolRowCount; ++row) {
         if (is(row)) {
             return SetOfCode{static_cast<std::size_t>(row - kFirstClassSymbol), false};
@@ -213,6 +216,59 @@ void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Po
     TakeLayer(drawing.layer, symbol);
     symbol.opacity = OpacityTogether(symbol.opacity, onEach);
     DrawFigureSymbols(surface, symbol, places);
+}
+
+Colour ColourOfRows(const Drawing& drawing, SymbolCode code) {
+    if (drawing.layer != nullptr && drawing.layer->LayerColour != kColourOfStyle) {
+        return ColourFromValue(static_cast<std::uint32_t>(drawing.layer->LayerColour));
+    }
+    return FigureOf(drawing).symbols.size > 0
+               ? SymbolInFigure(FigureOf(drawing), drawing.styles, code, 1).colour
+               : TableColour(drawing.styles, CodeColour(code));
+}
+
+void DrawBandMarkers(Surface& surface, const Drawing& drawing, std::span<const Point> places,
+                     SymbolCode code) {
+    if (HasOwnSymbols(drawing.layer)) {
+        FigureSymbol symbol = SymbolOfTables(drawing.styles, code, surface.PixelSize());
+        TakeLayer(drawing.layer, symbol);
+        DrawFigureSymbols(surface, symbol, places);
+    } else {
+        DrawSymbols(surface, drawing.styles, places, code);
+    }
+}
+
+void DrawSlipArrow(Surface& surface, const Drawing& drawing, Point at, const SetCode& code,
+                   int arrow, double angle) {
+    constexpr double kLengthInSymbols = 3;
+    constexpr double kLengthOfGlyph = 25; // of size 1
+    const FigureStyle& figure = FigureOf(drawing);
+    const bool isOfTables = figure.symbols.size == 0;
+    const bool hasWidth = drawing.layer != nullptr && drawing.layer->LayerWidth != kAsStyle;
+    if (isOfTables && !HasOwnSymbols(drawing.layer) && !hasWidth) {
+        DrawSymbol(surface, drawing.styles, static_cast<std::int16_t>(at.x),
+                   static_cast<std::int16_t>(at.y), CodeColour(code.code), arrow,
+                   CodeSize(code.code), angle);
+        return;
+    }
+    FigureSymbol symbol = isOfTables
+                              ? SymbolOfTables(drawing.styles, code.code, surface.PixelSize())
+                              : SymbolInFigure(figure, drawing.styles, code.code, code.rows);
+    TakeLayer(drawing.layer, symbol);
+    const double factor = symbol.millimetres * kLengthInSymbols * kPixelsInMillimetre
+                          * surface.PixelSize().x / kLengthOfGlyph;
+    Glyph glyph = GlyphOfSymbol(arrow, 1, angle);
+    glyph.name += " " + std::to_string(factor);
+    for (GlyphPart& part : glyph.parts) {
+        part = Scaled(part, factor, part.ink);
+    }
+    const SavedState saved(surface);
+    DrawState state = surface.State();
+    state.fillOpacity = symbol.opacity;
+    state.lineOpacity = symbol.opacity;
+    state.widthInPoints = hasWidth ? drawing.layer->LayerWidth : figure.lines.circleWidth;
+    surface.SetState(state);
+    surface.Markers(glyph, symbol.colour, std::span(&at, 1));
 }
 
 void DrawFigureSymbols(Surface& surface, const FigureSymbol& symbol,

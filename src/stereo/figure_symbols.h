@@ -28,9 +28,10 @@ struct FigureSymbol {
 
 /// The look of a code among so many rows, in a style with symbols in millimetres.
 ///
-/// A code of the start tables is the default of its set: main rows, an overlay, a class. It takes
-/// the shape and the colour of the set; those of upward lines are open. Any other code keeps
-/// its shape and its colour, and its size is in proportion.
+/// A code of the start tables is the default of its set: main rows, an overlay, a class, derived
+/// axes. It takes the shape and the colour of the set; those of upward lines and of T axes are
+/// open. Derived axes look like main rows. Any other code keeps its shape and its colour, and its
+/// size is in proportion.
 [[nodiscard]] FigureSymbol SymbolInFigure(const FigureStyle& figure, const Styles& styles,
                                           SymbolCode code, std::int64_t rows);
 
@@ -52,6 +53,30 @@ void DrawRowMarkers(Surface& surface, const Drawing& drawing, std::span<const Po
 
 /// The opacity of the symbols of so many rows, 0 to 1: that of the layer, or of the style.
 [[nodiscard]] double OpacityOfRows(const Drawing& drawing, std::int64_t rows);
+
+/// The colour of the great circles of a code: of its layer, of its set in the style, or of the
+/// tables.
+[[nodiscard]] Colour ColourOfRows(const Drawing& drawing, SymbolCode code);
+
+/// Draws the symbol of a band of densities at many positions: in the size of the tables, unless the
+/// layer has symbols of its own.
+void DrawBandMarkers(Surface& surface, const Drawing& drawing, std::span<const Point> places,
+                     SymbolCode code);
+
+/// A code and the number of rows of its set.
+struct SetCode {
+    SymbolCode code = 0;
+    std::int64_t rows = 0;
+};
+
+/// Draws the slip arrow of a row: in the colour of its set and as thin as great circles, three
+/// times as long as a symbol is wide; or as DrawSymbol in a style that keeps the sizes of the
+/// tables.
+///
+/// @param arrow  kSlipArrowSymbol, or kSlipLineSymbol for an unknown sense
+/// @param angle  azimuth, radians
+void DrawSlipArrow(Surface& surface, const Drawing& drawing, Point at, const SetCode& code,
+                   int arrow, double angle);
 
 /// The statistical axes of a net.
 enum class FigureAxis {

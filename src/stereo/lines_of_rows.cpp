@@ -18,17 +18,16 @@ DistinctLine WholeLine(const PlottedRow& row) {
             static_cast<std::int16_t>(std::lround(RadToDeg(row.trend))), 0};
 }
 
-} // namespace
-
-RowLines LinesOfRows(const Plot& plot, const std::function<bool(std::int32_t row)>& isWanted) {
+RowLines LinesIn(const RowTable& table, bool areMeasured,
+                 const std::function<bool(std::int32_t row)>& isWanted) {
     RowLines lines;
     std::map<int, DistinctLine> whole; // by number
-    for (std::size_t place = 0; place < plot.table.size(); ++place) {
-        const PlottedRow row = plot.table[place];
+    for (std::size_t place = 0; place < table.size(); ++place) {
+        const PlottedRow row = table[place];
         if (IsErrorRow(row.plunge) || !isWanted(row.index)) {
             continue;
         }
-        if (plot.record.UseDecimals != 0) {
+        if (areMeasured) {
             lines.measured.push_back({row.plunge, row.trend});
             lines.rows.push_back(row.index);
         } else {
@@ -40,6 +39,18 @@ RowLines LinesOfRows(const Plot& plot, const std::function<bool(std::int32_t row
         lines.whole.push_back(line);
     }
     return lines;
+}
+
+} // namespace
+
+RowLines LinesOfRows(const Plot& plot, const std::function<bool(std::int32_t row)>& isWanted) {
+    return LinesIn(plot.table, plot.record.UseDecimals != 0, isWanted);
+}
+
+RowLines LinesOfRows(const Plot& plot, const RowSet& set) {
+    return LinesIn(*set.table, plot.record.UseDecimals != 0, [&set](std::int32_t row) {
+        return row >= set.range.first && row <= set.range.last;
+    });
 }
 
 } // namespace quandrel

@@ -6,6 +6,7 @@
 
 #include "core/plot.h"
 #include "stereo/distinct_lines.h"
+#include "stereo/row_drawing.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,5 +19,8 @@ namespace quandrel {
 /// @param isWanted  of a point index
 [[nodiscard]] RowLines LinesOfRows(const Plot& plot,
                                    const std::function<bool(std::int32_t row)>& isWanted);
+
+/// The same of the rows of a set at their positions, hidden ones included.
+[[nodiscard]] RowLines LinesOfRows(const Plot& plot, const RowSet& set);
 
 } // namespace quandrel

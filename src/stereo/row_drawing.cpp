@@ -71,8 +71,9 @@ struct StyledRow {
     SymbolCode code = 0;
 };
 
-SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index, RowStyle style) {
-    const SymbolCode own = CodeShown(plot, styles, index);
+SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, const RowSet& set, std::int32_t index,
+                     RowStyle style) {
+    const SymbolCode own = CodeInSet(plot, styles, set, index);
     if (style == RowStyle::Own || CodeSymbol(own) == kNoSymbol) {
         return own;
     }
@@ -83,21 +84,26 @@ SymbolCode CodeOfRow(const Plot& plot, const Styles& styles, std::int32_t index,
     return CodeOfStyleRow(styles, row);
 }
 
-/// The rows of a range in table order, without hidden rows and those covered by a later row of the
+bool IsIn(const RowSet& set, std::size_t place) {
+    const std::int32_t index = set.table->index[place];
+    return index >= set.range.first && index <= set.range.last
+           && !IsErrorRow(set.table->plunge[place]);
+}
+
+/// The rows of a set in table order, without hidden rows and those covered by a later row of the
 /// same style and position.
-std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRange range,
+std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, const RowSet& set,
                                   RowStyle style) {
-    const RowTable& table = plot.table;
+    const RowTable& table = *set.table;
     std::unordered_map<SymbolCode, TakenPlaces> taken;
     std::vector<StyledRow> rows;
     SymbolCode currentCode = std::numeric_limits<SymbolCode>::max();
     TakenPlaces* current = nullptr;
     for (std::size_t place = table.size(); place-- > 0;) {
-        const std::int32_t index = table.index[place];
-        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+        if (!IsIn(set, place)) {
             continue;
         }
-        const SymbolCode code = CodeOfRow(plot, styles, index, style);
+        const SymbolCode code = CodeOfRow(plot, styles, set, table.index[place], style);
         if (CodeSymbol(code) == kNoSymbol) {
             continue;
         }
@@ -113,67 +119,74 @@ std::vector<StyledRow> RowsToDraw(const Plot& plot, const Styles& styles, RowRan
     return rows;
 }
 
+/// The position of a row as a style wants it. In whole plot units, a line may lie beside the true
+/// great circle of a plane that holds it.
+Point PlaceOnNet(const Drawing& drawing, int plotKind, const RowTable& table, std::size_t place) {
+    Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
+    if (FigureOf(drawing).lines.trueCircles) {
+        ProjectPoint(plotKind, std::abs(table.plunge[place]), table.trend[place], at.x, at.y);
+    }
+    return at;
+}
+
 /// Consecutive rows of the same style are sent to the surface together.
-///
-/// @param count  rows of the set
-void DrawRuns(const Drawing& drawing, const RowTable& table, std::span<const StyledRow> rows,
-              std::int64_t count) {
+void DrawRuns(const Drawing& drawing, int plotKind, const RowSet& set,
+              std::span<const StyledRow> rows) {
     std::vector<Point> positions;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::uint32_t place = rows[i].place;
-        positions.push_back(
-            {static_cast<double>(table.x[place]), static_cast<double>(table.y[place])});
+        positions.push_back(PlaceOnNet(drawing, plotKind, *set.table, rows[i].place));
         if (i + 1 == rows.size() || rows[i + 1].code != rows[i].code) {
-            DrawRowMarkers(drawing.plot, drawing, positions, rows[i].code, count);
+            DrawRowMarkers(drawing.plot, drawing, positions, rows[i].code, set.count);
             positions.clear();
         }
     }
 }
 
 /// Rows that can be seen through: each place as dark as its rows are together.
-void DrawCrowd(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
+void DrawCrowd(const Plot& plot, const Drawing& drawing, const RowSet& set, RowStyle style,
                double opacity) {
-    const RowTable& table = plot.table;
+    const RowTable& table = *set.table;
     std::map<SymbolCode, Crowd> crowds;
     for (std::size_t place = 0; place < table.size(); ++place) {
-        const std::int32_t index = table.index[place];
-        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+        if (!IsIn(set, place)) {
             continue;
         }
-        const SymbolCode code = CodeOfRow(plot, drawing.styles, index, style);
-        if (CodeSymbol(code) != kNoSymbol) {
-            crowds[code].Add(table.x[place], table.y[place]);
+        const SymbolCode code = CodeOfRow(plot, drawing.styles, set, table.index[place], style);
+        if (CodeSymbol(code) != kNoSymbol && crowds[code].Add(table.x[place], table.y[place])) {
+            crowds[code].PlaceLast(PlaceOnNet(drawing, plot.record.PlotKind, table, place));
         }
     }
-    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
     for (const auto& [code, crowd] : crowds) {
         for (const CrowdLevel& level : crowd.Levels(opacity)) {
-            DrawRowMarkers(drawing.plot, drawing, level.places, code, count, level.rows);
+            DrawRowMarkers(drawing.plot, drawing, level.places, code, set.count, level.rows);
         }
     }
 }
 
-/// Each row's symbol with its arrow on top, in order. Arrows differ, so no row is skipped.
-void DrawWithSlipArrows(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
-                        const SlipArrows& arrows) {
-    const RowTable& table = plot.table;
+enum class ArrowSymbols { Below, None };
+
+/// Each row's arrow, on top of its symbol where that is drawn, in order. Arrows differ, so no row
+/// is skipped.
+void DrawArrowsInOrder(const Plot& plot, const Drawing& drawing, const RowSet& set, RowStyle style,
+                       const SlipArrows& arrows, ArrowSymbols symbols) {
+    const RowTable& table = *set.table;
     const int arrow = arrows.haveHeads ? kSlipArrowSymbol : kSlipLineSymbol;
-    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
     for (std::size_t place = 0; place < table.size(); ++place) {
-        const std::int32_t index = table.index[place];
-        if (index < range.first || index > range.last || IsErrorRow(table.plunge[place])) {
+        if (!IsIn(set, place)) {
             continue;
         }
-        const SymbolCode code = CodeOfRow(plot, drawing.styles, index, style);
+        const std::int32_t index = table.index[place];
+        const SymbolCode code = CodeOfRow(plot, drawing.styles, set, index, style);
         if (CodeSymbol(code) == kNoSymbol) {
             continue;
         }
-        const Point at{static_cast<double>(table.x[place]), static_cast<double>(table.y[place])};
-        DrawRowMarkers(drawing.plot, drawing, std::span(&at, 1), code, count);
+        const Point at = PlaceOnNet(drawing, plot.record.PlotKind, table, place);
+        if (symbols == ArrowSymbols::Below) {
+            DrawRowMarkers(drawing.plot, drawing, std::span(&at, 1), code, set.count);
+        }
         const double angle = arrows.azimuth(index);
         if (std::isfinite(angle)) {
-            DrawSymbol(drawing.plot, drawing.styles, table.x[place], table.y[place],
-                       CodeColour(code), arrow, CodeSize(code), angle);
+            DrawSlipArrow(drawing.plot, drawing, at, {code, set.count}, arrow, angle);
         }
     }
 }
@@ -199,13 +212,12 @@ struct DistinctPlanes {
     std::vector<std::int64_t> weights; ///< number of rows of each
 };
 
-/// The planes of the valid main rows of a plot, from their poles.
-DistinctPlanes PlanesOfMainRows(const Plot& plot) {
-    const RowTable& table = plot.table;
-    const std::int32_t last = plot.record.NumData;
+/// The planes of the valid rows of a set, from their poles.
+DistinctPlanes PlanesOf(const RowSet& set) {
+    const RowTable& table = *set.table;
     std::map<std::pair<double, double>, std::int64_t> rows;
     for (std::size_t place = 0; place < table.size(); ++place) {
-        if (table.index[place] <= last && !IsErrorRow(table.plunge[place])) {
+        if (IsIn(set, place)) {
             ++rows[{std::abs(table.plunge[place]), table.trend[place]}];
         }
     }
@@ -218,15 +230,7 @@ DistinctPlanes PlanesOfMainRows(const Plot& plot) {
 }
 
 BetaIntersections BetaIntersectionsOf(const Plot& plot, StatusLine* watcher) {
-    const DistinctPlanes planes = PlanesOfMainRows(plot);
-    const auto n = static_cast<std::int64_t>(planes.normals.size());
-    StepProgress progress(std::max(n * (n - 1) / 2, std::int64_t{1}), kDrawingWithoutProgress,
-                          watcher);
-    BetaIntersections found;
-    found.places = IntersectionPositions(
-        plot.record.PlotKind, planes.normals, planes.weights,
-        [&progress](std::int64_t pairs) { progress.Reach(pairs); }, found.count);
-    return found;
+    return IntersectionsOfRows(plot, RowSetOf(plot, {1, plot.record.NumData}), watcher);
 }
 
 /// The intersections of a plot with the data they were computed from.
@@ -249,28 +253,48 @@ bool ShowsMainRows(const PlotRecord& record) {
            || record.NumClasses == kContoursOnRows;
 }
 
-void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
-                    const SlipArrows& arrows) {
-    if (arrows.azimuth) {
-        DrawWithSlipArrows(plot, drawing, range, style, arrows);
-        return;
-    }
-    const std::int64_t count = std::int64_t{range.last} - range.first + 1;
-    if (const double opacity = OpacityOfRows(drawing, count); opacity > 0 && opacity < 1) {
-        DrawCrowd(plot, drawing, range, style, opacity);
-        return;
-    }
-    DrawRuns(drawing, plot.table, RowsToDraw(plot, drawing.styles, range, style), count);
+RowSet RowSetOf(const Plot& plot, RowRange range) {
+    return {&plot.table, range, std::nullopt, std::int64_t{range.last} - range.first + 1};
 }
 
-void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
-    const RowTable& table = plot.table;
+SymbolCode CodeInSet(const Plot& plot, const Styles& styles, const RowSet& set, std::int32_t row) {
+    const SymbolCode own = CodeShown(plot, styles, row);
+    return CodeSymbol(own) == kNoSymbol ? own : set.code.value_or(own);
+}
+
+void DrawRowSymbols(const Plot& plot, const Drawing& drawing, const RowSet& set, RowStyle style,
+                    const SlipArrows& arrows) {
+    if (arrows.azimuth) {
+        DrawArrowsInOrder(plot, drawing, set, style, arrows, ArrowSymbols::Below);
+        return;
+    }
+    const double opacity = OpacityOfRows(drawing, set.count);
+    if (opacity > 0 && opacity < 1) {
+        DrawCrowd(plot, drawing, set, style, opacity);
+        return;
+    }
+    DrawRuns(drawing, plot.record.PlotKind, set, RowsToDraw(plot, drawing.styles, set, style));
+}
+
+void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range, RowStyle style,
+                    const SlipArrows& arrows) {
+    DrawRowSymbols(plot, drawing, RowSetOf(plot, range), style, arrows);
+}
+
+void DrawRowArrows(const Plot& plot, const Drawing& drawing, const RowSet& set,
+                   const SlipArrows& arrows) {
+    if (arrows.azimuth) {
+        DrawArrowsInOrder(plot, drawing, set, RowStyle::Own, arrows, ArrowSymbols::None);
+    }
+}
+
+void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, const RowSet& set) {
+    const RowTable& table = *set.table;
     const int plotKind = plot.record.PlotKind;
     const bool isMeasured = plot.record.UseDecimals != 0;
-    const std::vector<StyledRow> rows = RowsToDraw(plot, drawing.styles, range, RowStyle::Own);
+    const std::vector<StyledRow> rows = RowsToDraw(plot, drawing.styles, set, RowStyle::Own);
     const SavedState saved(drawing.plot);
     UseCircleStyle(drawing, rows.size());
-    const bool hasColour = drawing.layer != nullptr && drawing.layer->LayerColour != kColourOfStyle;
     const bool isTrue = FigureOf(drawing).lines.trueCircles;
     StepProgress progress(std::max(static_cast<std::int64_t>(rows.size()), std::int64_t{1}),
                           kDrawingWithoutProgress, drawing.watcher);
@@ -285,11 +309,12 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange rang
         if (plunge < -kSteepestUpwardPole) {
             continue;
         }
-        DrawPlane(drawing, plotKind, plunge, trend,
-                  hasColour
-                      ? ColourFromValue(static_cast<std::uint32_t>(drawing.layer->LayerColour))
-                      : TableColour(drawing.styles, CodeColour(row.code)));
+        DrawPlane(drawing, plotKind, plunge, trend, ColourOfRows(drawing, row.code));
     }
+}
+
+void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
+    DrawRowGreatCircles(plot, drawing, RowSetOf(plot, range));
 }
 
 std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction> normals,
@@ -318,6 +343,18 @@ std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction
         }
     }
     return positions;
+}
+
+BetaIntersections IntersectionsOfRows(const Plot& plot, const RowSet& rows, StatusLine* watcher) {
+    const DistinctPlanes planes = PlanesOf(rows);
+    const auto n = static_cast<std::int64_t>(planes.normals.size());
+    StepProgress progress(std::max(n * (n - 1) / 2, std::int64_t{1}), kDrawingWithoutProgress,
+                          watcher);
+    BetaIntersections found;
+    found.places = IntersectionPositions(
+        plot.record.PlotKind, planes.normals, planes.weights,
+        [&progress](std::int64_t pairs) { progress.Reach(pairs); }, found.count);
+    return found;
 }
 
 const BetaIntersections& WorkOutBetaIntersections(Plot& plot, StatusLine* watcher) {

@@ -8,11 +8,13 @@
 #pragma once
 
 #include "core/plot.h"
+#include "core/style_tables.h"
 #include "orientation/angles.h"
 #include "stereo/drawing.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -28,6 +30,23 @@ struct RowRange {
     std::int32_t last = 0;
 };
 
+/// Some rows at their positions.
+struct RowSet {
+    const RowTable* table = nullptr; ///< the plot's own, or one of the same rows at other positions
+    RowRange range;                  ///< the lines of the table that belong to the set
+    std::optional<SymbolCode> code;  ///< of all rows that are not hidden; else each has its own
+
+    /// How many rows the set has, those that are not drawn included.
+    std::int64_t count = 0;
+};
+
+/// The rows of a range at their positions on a plot.
+[[nodiscard]] RowSet RowSetOf(const Plot& plot, RowRange range);
+
+/// The code of a row of a set; symbol 0 hides it.
+[[nodiscard]] SymbolCode CodeInSet(const Plot& plot, const Styles& styles, const RowSet& set,
+                                   std::int32_t row);
+
 /// The source of the symbol of a row.
 enum class RowStyle {
     Own,         ///< its code in the symbol column
@@ -42,16 +61,29 @@ struct SlipArrows {
 };
 
 /// Draws a symbol for each row in its style, with its arrow on top. A code of symbol 0 hides a row.
+///
+/// Positions are in whole plot units, in styles with true great circles exact.
+void DrawRowSymbols(const Plot& plot, const Drawing& drawing, const RowSet& rows,
+                    RowStyle style = RowStyle::Own, const SlipArrows& arrows = {});
+
+/// The same of rows at their positions on the plot.
 void DrawRowSymbols(const Plot& plot, const Drawing& drawing, RowRange range,
                     RowStyle style = RowStyle::Own, const SlipArrows& arrows = {});
+
+/// Draws the slip arrows of rows without their symbols. A code of symbol 0 hides a row.
+void DrawRowArrows(const Plot& plot, const Drawing& drawing, const RowSet& rows,
+                   const SlipArrows& arrows);
 
 /// Draws the great circle of each row: of the plane whose pole is in the table, in the colour of
 /// the row. A row of a line shows the plane at right angles to it. A code of symbol 0 hides a row.
 /// A plot that uses decimals has its circles at the measured planes, others at the planes whose
 /// poles are at the plotted positions.
+void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, const RowSet& rows);
+
+/// The same of rows at their positions on the plot.
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range);
 
-/// The intersections of the planes of the main rows.
+/// The intersections of the planes of some rows.
 struct BetaIntersections {
     std::vector<Point> places; ///< distinct, in whole plot units
     std::int64_t count = 0;    ///< intersecting pairs
@@ -63,6 +95,10 @@ struct BetaIntersections {
 ///
 /// @param watcher  the status line, or null
 const BetaIntersections& WorkOutBetaIntersections(Plot& plot, StatusLine* watcher);
+
+/// The intersections of each pair of valid rows of a set, including hidden ones.
+[[nodiscard]] BetaIntersections IntersectionsOfRows(const Plot& plot, const RowSet& rows,
+                                                    StatusLine* watcher);
 
 /// Frees the memory of the intersections.
 void DropBetaIntersections(Plot& plot);
