@@ -109,6 +109,27 @@ std::vector<double> LevelsOf(const RecordDensityView& view, double greatest) {
     }
 }
 
+std::vector<double> LevelsInBands(double greatest, int bands) {
+    constexpr double kLeastShare = 0.9;
+    constexpr double kRounding = 1e-9; // a step that is round already stays
+    if (!(greatest > 0) || !std::isfinite(greatest)) {
+        return {};
+    }
+    const double widest = greatest / (bands + 1);
+    double unit = std::pow(10.0, std::floor(std::log10(widest)));
+    double digits = std::floor(widest / unit + kRounding);
+    if (digits * unit < kLeastShare * widest) {
+        unit /= 10;
+        digits = std::floor(widest / unit + kRounding);
+    }
+    std::vector<double> levels;
+    for (int k = 1; k <= bands; ++k) {
+        // Below 1, a quotient has the nearest value to the decimal number that is shown.
+        levels.push_back(unit < 1 ? k * digits / std::round(1 / unit) : k * digits * unit);
+    }
+    return levels;
+}
+
 std::string TextInUnit(double value, DensityUnit unit) {
     const std::string number = ShortNumber(value);
     switch (unit) {

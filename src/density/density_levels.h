@@ -30,6 +30,13 @@ namespace quandrel {
 /// @param greatest  in the unit shown
 [[nodiscard]] std::vector<double> LevelsOf(const RecordDensityView& view, double greatest);
 
+/// Even levels that leave a number of bands up to the greatest density, ascending. Their step is
+/// rounded down to one digit, or to two where that shortens it by more than a tenth.
+///
+/// @param greatest  levels of one that is not above 0 are none
+/// @param bands     1 to kMostLevels
+[[nodiscard]] std::vector<double> LevelsInBands(double greatest, int bands);
+
 /// A value of a unit with its name: "4 sigma", "2 x uniform", "3%".
 [[nodiscard]] std::string TextInUnit(double value, DensityUnit unit);
 

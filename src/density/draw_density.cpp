@@ -5,12 +5,12 @@
 #include "core/plot_store.h"
 #include "density/contours.h"
 #include "density/density_levels.h"
+#include "density/density_look.h"
 #include "density/grid_geometry.h"
-#include "density/palettes.h"
 #include "orientation/number_text.h"
 #include "orientation/projection.h"
 #include "platform/colour_space.h"
-#include "stereo/figure_lines.h"
+#include "stereo/figure_symbols.h"
 #include "stereo/net.h"
 #include "stereo/shown_layers.h"
 #include "stereo/symbols.h"
@@ -53,18 +53,13 @@ std::vector<Point> LineOnNet(int plotKind, const FieldLine& line) {
 }
 
 /// Adds the outlines of the region of a level; nothing above the last one.
-void AddRegion(int plotKind, const PlotDensity& density, std::size_t level,
+void AddRegion(int plotKind, std::span<const PlotDensity::Contour> contours, std::size_t level,
                std::vector<std::vector<Point>>& rings) {
-    if (level < density.Contours().size()) {
-        for (const std::vector<NetPlace>& ring : density.Contours()[level].region) {
+    if (level < contours.size()) {
+        for (const std::vector<NetPlace>& ring : contours[level].region) {
             rings.push_back(PointsOf(plotKind, ring));
         }
     }
-}
-
-/// The symbol of rows and nodes that reach a number of levels.
-SymbolCode CodeOfLevels(const Styles& styles, int reached) {
-    return CodeOfStyleRow(styles, std::min(kFirstBandSymbol + reached, kLastBandSymbol));
 }
 
 bool ShowsContours(const PlotRecord& record) {
@@ -103,32 +98,21 @@ LegendLine LineOfLevel(const PlotRecord& record, const Styles& styles, const Plo
 }
 
 /// Whether the band of a value is darker than it is light, over white.
-bool IsOnDarkBand(const PlotRecord& record, const Styles& styles, const PlotDensity& density,
-                  double value) {
+bool IsOnDarkBand(const PlotRecord& record, const DensityLook& look, double value) {
     constexpr double kMiddleLightness = 50;
-    const std::span<const double> levels = density.Levels();
-    const auto reached = std::ranges::count_if(levels, [=](double l) { return value >= l; });
+    const auto reached = std::ranges::count_if(look.levels, [=](double l) { return value >= l; });
     if (record.ContourPicture == kContourLines || !ShowsContours(record) || reached == 0) {
         return false;
     }
-    const Colour band = ColourOfBand(styles, record, static_cast<int>(reached) - 1,
-                                     static_cast<int>(levels.size()));
-    const double lightness = LabOf(band).lightness;
-    const double overWhite = 100 - record.BandOpacity * (100 - lightness);
+    const double lightness = LabOf(look.bands[static_cast<std::size_t>(reached) - 1]).lightness;
+    const double overWhite = 100 - look.opacity * (100 - lightness);
     return overWhite < kMiddleLightness;
 }
 
 } // namespace
 
-Colour ColourOfBand(const Styles& styles, const RecordDensityView& view, int level, int levels) {
-    if (view.BandPalette == 0) {
-        return TableColour(styles, ContourStyleOf(styles, level)[kStyleColour]);
-    }
-    const int steps = std::clamp(levels, kLeastPaletteSteps, kMostPaletteSteps);
-    const int step = levels <= steps ? level : level * (steps - 1) / (levels - 1);
-    return PaletteColour(static_cast<Palette>(view.BandPalette - 1), step, steps,
-                         view.PaletteReversed != 0 ? PaletteOrder::Reversed
-                                                   : PaletteOrder::Forward);
+SymbolCode CodeOfLevels(const Styles& styles, int reached) {
+    return CodeOfStyleRow(styles, std::min(kFirstBandSymbol + reached, kLastBandSymbol));
 }
 
 void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density) {
@@ -138,19 +122,17 @@ void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensi
     DrawState state = surface.State();
     state.drawStyle = kNoLine;
     state.fillStyle = kSolidFill;
-    const bool hasOwn = drawing.layer != nullptr && drawing.layer->LayerOpacity != kAsStyle;
-    const double opacity = hasOwn ? drawing.layer->LayerOpacity : record.BandOpacity;
-    state.fillOpacity = opacity;
-    const auto levels = density.Levels().size();
-    for (std::size_t level = 0; level < levels; ++level) {
+    const DensityLook look = LookOfDensity(record, drawing, density);
+    const LookContours contours(density, look);
+    state.fillOpacity = look.opacity;
+    for (std::size_t level = 0; level < look.levels.size(); ++level) {
         std::vector<std::vector<Point>> rings;
-        AddRegion(record.PlotKind, density, level, rings);
+        AddRegion(record.PlotKind, contours.All(), level, rings);
         // Opaque bands lie on top of each other, so that no seam shows between them.
-        if (opacity < 1) {
-            AddRegion(record.PlotKind, density, level + 1, rings);
+        if (look.opacity < 1) {
+            AddRegion(record.PlotKind, contours.All(), level + 1, rings);
         }
-        state.fillColour =
-            ColourOfBand(drawing.styles, record, static_cast<int>(level), static_cast<int>(levels));
+        state.fillColour = look.bands[level];
         surface.SetState(state);
         surface.Path(rings, state.fillColour);
     }
@@ -160,23 +142,14 @@ void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
                        const PlotDensity& density) {
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
-    DrawState state = surface.State();
-    const LineStyle& lines = FigureOf(drawing).lines;
-    state.widthInPoints = lines.contourWidth;
+    const DensityLook look = LookOfDensity(record, drawing, density);
+    const LookContours contours(density, look);
     int level = 0;
-    for (const PlotDensity::Contour& contour : density.Contours()) {
-        const AxisStyle style = ContourStyleOf(drawing.styles, level++);
-        state.drawStyle = style[kStyleLine];
-        state.drawWidth = style[kStyleWidth];
-        const Colour colour = !ShowsMainRowsAs(record, kShowBands)
-                                  ? TableColour(drawing.styles, style[kStyleColour])
-                              : lines.contourWidth > 0 ? lines.contour
-                                                       : AxesColour(drawing);
-        LineLook look{state, colour};
-        TakeLayer(drawing.layer, look);
-        surface.SetState(look.state);
-        for (const FieldLine& line : contour.lines) {
-            surface.Polyline(LineOnNet(record.PlotKind, line), look.colour);
+    for (const PlotDensity::Contour& contour : contours.All()) {
+        const LineLook line = LookOfContour(surface, drawing, look, level++);
+        surface.SetState(line.state);
+        for (const FieldLine& at : contour.lines) {
+            surface.Polyline(LineOnNet(record.PlotKind, at), line.colour);
         }
     }
 }
@@ -195,15 +168,16 @@ void DrawEnvelope(const PlotRecord& record, const Drawing& drawing,
     }
 }
 
-void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing,
-                      const PlotDensity& density) {
-    if (record.GridSize < kSmallestGridSize || record.GridSize > kLargestGridSize) {
+void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density,
+                      int gridSize) {
+    if (gridSize < kSmallestGridSize || gridSize > kLargestGridSize) {
         return;
     }
-    const int step = GridStep(record.GridSize);
+    const DensityLook look = LookOfDensity(record, drawing, density);
+    const int step = GridStep(gridSize);
     std::map<int, std::vector<Point>> places; // by the levels that they reach
-    for (int i = 0; i < GridNodes(record.GridSize); ++i) {
-        for (int j = 0; j < GridNodes(record.GridSize); ++j) {
+    for (int i = 0; i < GridNodes(gridSize); ++i) {
+        for (int j = 0; j < GridNodes(gridSize); ++j) {
             const int x = NodePosition(i, step);
             const int y = NodePosition(j, step);
             if (static_cast<double>(x * x + y * y) > kNetRadius * kNetRadius) {
@@ -211,13 +185,13 @@ void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing,
             }
             MeasuredLine line;
             UnprojectPoint(record.PlotKind, x, y, line.plunge, line.trend);
-            if (const int reached = density.LevelsReachedAt(line); reached > 0) {
+            if (const int reached = density.ReachedAt(line, look.levels); reached > 0) {
                 places[reached].push_back({static_cast<double>(x), static_cast<double>(y)});
             }
         }
     }
     for (const auto& [reached, at] : places) {
-        DrawSymbols(drawing.plot, drawing.styles, at, CodeOfLevels(drawing.styles, reached));
+        DrawBandMarkers(drawing.plot, drawing, at, CodeOfLevels(drawing.styles, reached));
     }
 }
 
@@ -226,12 +200,12 @@ void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDens
     const SavedState saved(surface);
     DrawState state = surface.State();
     state.font = drawing.styles.fonts[kLegendFont].font;
+    const DensityLook look = LookOfDensity(record, drawing, density);
     int rank = 0;
     for (const FieldMaximum& maximum : density.Maxima()) {
         const Point at = PointOf(record.PlotKind, maximum.place);
-        const Colour colour = IsOnDarkBand(record, drawing.styles, density, maximum.value)
-                                  ? kWhite
-                                  : AxesColour(drawing);
+        const Colour colour =
+            IsOnDarkBand(record, look, maximum.value) ? kWhite : AxesColour(drawing);
         state.foreColour = colour;
         surface.SetState(state);
         surface.Line({at.x - kMarkRadius, at.y}, {at.x + kMarkRadius, at.y}, colour);

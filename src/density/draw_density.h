@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/plot.h"
+#include "density/density_look.h"
 #include "density/plot_density.h"
 #include "stereo/drawing.h"
 #include "stereo/legend_line.h"
@@ -13,17 +14,13 @@
 
 namespace quandrel {
 
-/// The colour of the band above a level.
-///
-/// @param level   from 0
-/// @param levels  how many the plot has
-[[nodiscard]] Colour ColourOfBand(const Styles& styles, const RecordDensityView& view, int level,
-                                  int levels);
+/// The symbol of rows and nodes that reach a number of levels.
+[[nodiscard]] SymbolCode CodeOfLevels(const Styles& styles, int reached);
 
 /// Fills the bands between the levels within the primitive.
 void FillBands(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
 
-/// Draws the contours, each in the style of its level; in the colour of axes over filled bands.
+/// Draws the contours, each as LookOfContour says.
 void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
                        const PlotDensity& density);
 
@@ -31,8 +28,11 @@ void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
 void DrawEnvelope(const PlotRecord& record, const Drawing& drawing,
                   const DensityEnvelope& envelope);
 
-/// Draws the symbol of its band at each node of the grid on the net that reaches the first level.
-void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);
+/// Draws the symbol of its band at each node of a grid on the net that reaches the first level.
+///
+/// @param gridSize  one beyond kSmallestGridSize to kLargestGridSize draws nothing
+void DrawFieldSymbols(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density,
+                      int gridSize);
 
 /// Marks the local maxima with a cross and their number.
 void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDensity& density);

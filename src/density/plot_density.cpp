@@ -62,6 +62,16 @@ std::unique_ptr<DensityRows> Gathered(const RowLines& lines, LineSense sense) {
                : std::make_unique<DensityRows>(lines.whole, sense);
 }
 
+std::optional<double> LikelyKappaOf(const RowLines& lines, LineSense sense) {
+    return lines.AreMeasured() ? LikelyKappa(lines.measured, {}, sense, ThreadsToUse())
+                               : LikelyKappa(lines.whole, sense, ThreadsToUse());
+}
+
+/// The half-width of the kernel that rows ask for, radians.
+double WidthOfKappa(const std::optional<double>& kappa, LineSense sense) {
+    return kappa ? HalfWidthOfKappa(*kappa, sense) : kUsualWidth;
+}
+
 /// The half-width of a plot's kernel, radians.
 double KernelWidthOf(const RecordDensityView& view, const RowLines& lines, KnownDensity& known) {
     if (view.KernelWidth > 0) {
@@ -69,12 +79,29 @@ double KernelWidthOf(const RecordDensityView& view, const RowLines& lines, Known
     }
     const LineSense sense = known.rowsKey.sense;
     if (!known.hasLikelyKappa) {
-        known.likelyKappa = lines.AreMeasured()
-                                ? LikelyKappa(lines.measured, {}, sense, ThreadsToUse())
-                                : LikelyKappa(lines.whole, sense, ThreadsToUse());
+        known.likelyKappa = LikelyKappaOf(lines, sense);
         known.hasLikelyKappa = true;
     }
-    return known.likelyKappa ? HalfWidthOfKappa(*known.likelyKappa, sense) : kUsualWidth;
+    return WidthOfKappa(known.likelyKappa, sense);
+}
+
+/// The choice of a view, without the width of a kernel.
+DensityChoice ChoiceOf(const RecordDensityView& view, LineSense sense) {
+    DensityChoice choice;
+    choice.method = static_cast<DensityMethod>(view.DensityMethod);
+    choice.sense = sense;
+    choice.k = view.DensityK;
+    return choice;
+}
+
+/// Whether a list of layers has levels or colours of densities of the main rows of its own. Only
+/// the field has them.
+bool HasOwnLayerLevels(const PlotRecord& record) {
+    return std::ranges::any_of(record.Layers, [](const FigureLayer& layer) {
+        return layer.LayerOf == kLayerOfMainRows && layer.LayerHidden == 0
+               && (layer.LayerShow == kShowContours || layer.LayerShow == kShowGridSymbols)
+               && (layer.LayerSteps != kAsStyle || layer.LayerPalette != kAsStyle);
+    });
 }
 
 /// What the density of a plot follows from; bands and palettes are left out.
@@ -103,10 +130,7 @@ void WorkOutField(Plot& plot, const RowLines& lines) {
     if (known.density && known.view == view) {
         return;
     }
-    DensityChoice choice;
-    choice.method = static_cast<DensityMethod>(view.DensityMethod);
-    choice.sense = key.sense;
-    choice.k = view.DensityK;
+    DensityChoice choice = ChoiceOf(view, key.sense);
     if (choice.method == DensityMethod::Kernel) {
         choice.halfWidth = KernelWidthOf(view, lines, known);
     }
@@ -194,7 +218,7 @@ PlotDensity::PlotDensity(DensityRows& rows, const RecordDensityView& view,
         greatest_ = maxima.front();
     }
     levels_ = LevelsOf(view, greatest_.value);
-    TraceContours();
+    contours_ = ContoursAt(levels_);
 }
 
 double PlotDensity::SumAt(const NetPlace& place) const {
@@ -223,25 +247,27 @@ double PlotDensity::SumOfLevel(double level) const {
     return isCount_ ? std::ceil(sum) - 0.5 : sum;
 }
 
-void PlotDensity::TraceContours() {
+std::vector<PlotDensity::Contour> PlotDensity::ContoursAt(std::span<const double> levels) const {
     const NetField field = OnNet();
-    for (const double level : levels_) {
+    std::vector<Contour> contours;
+    for (const double level : levels) {
         const double sum = SumOfLevel(level);
         Contour contour;
         contour.lines = FieldContour(field, sum);
         contour.region = RegionAbove(field, contour.lines, sum);
-        contours_.push_back(std::move(contour));
+        contours.push_back(std::move(contour));
     }
+    return contours;
 }
 
 double PlotDensity::ValueAt(const MeasuredLine& line) const {
     return ValueOf(Formula(), unit_, field_.At(line));
 }
 
-int PlotDensity::LevelsReachedAt(const MeasuredLine& line) const {
+int PlotDensity::ReachedAt(const MeasuredLine& line, std::span<const double> levels) const {
     const double sum = field_.At(line);
     return static_cast<int>(std::ranges::count_if(
-        levels_, [&](double level) { return sum >= SumOf(Formula(), unit_, level); }));
+        levels, [&](double level) { return sum >= SumOf(Formula(), unit_, level); }));
 }
 
 std::vector<FieldMaximum> PlotDensity::Maxima() const {
@@ -275,11 +301,29 @@ double PlotDensity::ValueOfSum(double sum) const {
     return ValueOf(Formula(), unit_, sum);
 }
 
+LinesDensity::LinesDensity(const RowLines& lines, LineSense sense, const RecordDensityView& view)
+    : rows_(Gathered(lines, sense))
+    , view_(Essence(view)) {
+    DensityChoice choice = ChoiceOf(view, sense);
+    if (choice.method == DensityMethod::Kernel) {
+        choice.halfWidth = view.KernelWidth > 0 ? DegToRad(view.KernelWidth)
+                                                : WidthOfKappa(LikelyKappaOf(lines, sense), sense);
+    }
+    density_ = std::make_unique<PlotDensity>(*rows_, view_, FormulaOf(choice, rows_->Weight()),
+                                             ThreadsToUse());
+}
+
+bool LinesDensity::IsOf(const RecordDensityView& view) const {
+    return view_ == Essence(view);
+}
+
 void WorkOutDensity(Plot& plot, StatusLine* watcher) {
     const PlotRecord& record = plot.record;
     plot.attachments.Drop<RowBands>();
-    const bool hasBands = ShowsMainRowsAs(record, kShowBands); // which are those of the field
-    if (!ShowsDensities(record) || !(HasDensityChoice(record) || hasBands)) {
+    // Bands are those of the field, and so are levels of layers.
+    const bool needsField = HasDensityChoice(record) || ShowsMainRowsAs(record, kShowBands)
+                            || HasOwnLayerLevels(record);
+    if (!ShowsDensities(record) || !needsField) {
         plot.attachments.Drop<KnownDensity>();
         return;
     }

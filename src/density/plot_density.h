@@ -15,6 +15,7 @@
 #include "density/field_contours.h"
 #include "density/field_maxima.h"
 #include "platform/status_line.h"
+#include "stereo/distinct_lines.h"
 
 #include <cstdint>
 #include <memory>
@@ -47,7 +48,12 @@ public:
     [[nodiscard]] std::span<const double> Levels() const { return levels_; }
 
     /// How many levels a place reaches.
-    [[nodiscard]] int LevelsReachedAt(const MeasuredLine& line) const;
+    [[nodiscard]] int LevelsReachedAt(const MeasuredLine& line) const {
+        return ReachedAt(line, levels_);
+    }
+
+    /// How many of any levels a place reaches.
+    [[nodiscard]] int ReachedAt(const MeasuredLine& line, std::span<const double> levels) const;
 
     /// The contours of all levels, and the regions within them, in the order of the levels.
     struct Contour {
@@ -56,6 +62,9 @@ public:
     };
 
     [[nodiscard]] std::span<const Contour> Contours() const { return contours_; }
+
+    /// The same at any levels, which are traced at each call.
+    [[nodiscard]] std::vector<Contour> ContoursAt(std::span<const double> levels) const;
 
     /// The outlines of where the sum of weights exceeds a value, and this value in the unit. Around
     /// greater counts they run half-way to the next whole number, as contours do.
@@ -70,7 +79,6 @@ private:
     [[nodiscard]] double SumAt(const NetPlace& place) const;
     [[nodiscard]] NetField OnNet() const;
     [[nodiscard]] double SumOfLevel(double level) const;
-    void TraceContours();
 
     DensityField field_;
     DensityUnit unit_;
@@ -79,6 +87,25 @@ private:
     FieldMaximum greatest_;
     std::vector<double> levels_;
     std::vector<Contour> contours_;
+};
+
+/// The density of some lines, with the rows that it is computed from.
+class LinesDensity {
+public:
+    /// @param lines  not empty
+    /// @param sense  of axes, the signs of plunges are ignored
+    /// @param view   of which the colours do not count
+    LinesDensity(const RowLines& lines, LineSense sense, const RecordDensityView& view);
+
+    [[nodiscard]] const PlotDensity& Density() const { return *density_; }
+
+    /// Whether another view would give the same density.
+    [[nodiscard]] bool IsOf(const RecordDensityView& view) const;
+
+private:
+    std::unique_ptr<DensityRows> rows_;
+    RecordDensityView view_;
+    std::unique_ptr<PlotDensity> density_;
 };
 
 /// The outline of significant density: where it exceeds what as many even rows reach anywhere with

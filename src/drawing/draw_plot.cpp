@@ -73,7 +73,7 @@ void DrawBands(const Plot& plot, const Drawing& drawing) {
 
 void DrawGridLayer(const Plot& plot, const Drawing& drawing) {
     if (const PlotDensity* density = DensityOf(plot)) {
-        DrawFieldSymbols(plot.record, drawing, *density);
+        DrawFieldSymbols(plot.record, drawing, *density, plot.record.GridSize);
     } else {
         DrawGridSymbols(plot, drawing);
     }

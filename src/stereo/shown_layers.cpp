@@ -65,6 +65,16 @@ bool ShowsMainRowsAs(const PlotRecord& record, LayerShowCode show) {
     return AnyShown(record, [show](std::int16_t shown) { return shown == show; });
 }
 
+bool ShowsDataAs(const PlotRecord& record, const FigureLayer& data, LayerShowCode show) {
+    if (data.LayerOf == kLayerOfMainRows) {
+        return ShowsMainRowsAs(record, show);
+    }
+    return std::ranges::any_of(record.Layers, [&data, show](const FigureLayer& layer) {
+        return layer.LayerOf == data.LayerOf && layer.LayerIndex == data.LayerIndex
+               && layer.LayerHidden == 0 && layer.LayerShow == show;
+    });
+}
+
 bool ShowsDensities(const PlotRecord& record) {
     return AnyShown(record, IsOfDensities);
 }

@@ -18,6 +18,13 @@ namespace quandrel {
 /// Whether the main rows of a net are shown in a way.
 [[nodiscard]] bool ShowsMainRowsAs(const PlotRecord& record, LayerShowCode show);
 
+/// Whether a net has a visible layer of some data in a way. Data other than the main rows have
+/// layers of densities in lists alone.
+///
+/// @param data  a layer of these data
+[[nodiscard]] bool ShowsDataAs(const PlotRecord& record, const FigureLayer& data,
+                               LayerShowCode show);
+
 /// Whether densities of the main rows are shown in any way.
 [[nodiscard]] bool ShowsDensities(const PlotRecord& record);
 
