@@ -126,7 +126,7 @@ std::string AddLayer(const Command& command, std::vector<FigureLayer>& layers) {
     }
     FigureLayer layer = *of;
     layer.LayerShow = *show;
-    if (!IsPossible(layer)) {
+    if (!IsPossible(ActivePlot(), layer)) {
         return data + " cannot be shown as " + shown;
     }
     if (std::string error = Take(command, 3, layer); !error.empty()) {

@@ -27,7 +27,8 @@ void DrawNetOfFigure(const Plot& plot, const Drawing& drawing);
 /// undetermined does not.
 [[nodiscard]] bool IsItemShown(const PlotRecord& record, int item);
 
-/// The look of the great circle of a row of AxisItems.
+/// The look of the great circle of a row of AxisItems. In a style of figures, the best girdle is
+/// solid and the mean plane dash-dotted, unless the plot has other lines than at the start.
 [[nodiscard]] LineLook LookOfGirdle(const PlotRecord& record, const Drawing& drawing, int item);
 
 /// Draws the great circle of a row of AxisItems; row 0 does not have one. A rose does not have any.

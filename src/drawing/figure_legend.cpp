@@ -246,7 +246,7 @@ void LegendMaker::AddLayer() {
 FigureLegend LegendMaker::Made() && {
     const std::vector<FigureLayer> layers = LayersOf(plot_);
     for (const FigureLayer& layer : layers) {
-        if (layer.LayerHidden == 0 && IsPossible(layer)) {
+        if (layer.LayerHidden == 0 && IsPossible(plot_, layer)) {
             layer_ = &layer;
             AddLayer();
         }

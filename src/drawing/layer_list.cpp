@@ -4,6 +4,8 @@
 
 #include "classify/classification.h"
 #include "core/data_format.h"
+#include "drawing/layer_rows.h"
+#include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
 #include "stereo/shown_layers.h"
 
@@ -88,6 +90,48 @@ private:
     std::vector<FigureLayer> layers_;
 };
 
+/// Whether the rows of a layer are among those of a plot.
+bool HasData(const PlotRecord& record, const FigureLayer& layer) {
+    switch (layer.LayerOf) {
+    case kLayerOfMainRows:
+    case kLayerOfSelection:
+        return true;
+    case kLayerOfSecondaryRows:
+        return record.SecondaryFormat != kNoSecondary;
+    case kLayerOfOverlay:
+        return layer.LayerIndex >= 1 && layer.LayerIndex <= record.OverlayRows[kOverlayCount];
+    case kLayerOfClass:
+        return layer.LayerIndex >= 1 && layer.LayerIndex <= LastClassOf(record);
+    default:
+        return false;
+    }
+}
+
+bool CanShowRows(const PlotRecord& record, const FigureLayer& layer) {
+    const bool isMain = layer.LayerOf == kLayerOfMainRows;
+    switch (layer.LayerShow) {
+    case kShowSymbols:
+    case kShowGreatCircles:
+    case kShowPoles:
+    case kShowIntersections:
+        return true;
+    case kShowSlipArrows:
+        return record.SecondaryFormat != kNoSecondary;
+    case kShowGridSymbols:
+    case kShowBands:
+    case kShowContours:
+        return !HoldsBothAxes(record) || layer.LayerOf == kLayerOfOverlay;
+    case kShowBandSymbols:
+    case kShowDensityMarks:
+        return isMain && !HoldsBothAxes(record);
+    case kShowGridValues:
+    case kShowValueContours:
+        return isMain && record.ClassMode == kClassesByNumber;
+    default:
+        return false;
+    }
+}
+
 bool IsSame(const FigureLayer& a, const FigureLayer& b) {
     return a.LayerOf == b.LayerOf && a.LayerIndex == b.LayerIndex && a.LayerShow == b.LayerShow;
 }
@@ -106,23 +150,17 @@ std::vector<FigureLayer> LayersOf(const Plot& plot) {
     return own.empty() || plot.record.PlotKind == kRose ? LayersOfMode(plot) : own;
 }
 
-bool IsPossible(const FigureLayer& layer) {
-    const std::int16_t show = layer.LayerShow;
-    switch (layer.LayerOf) {
-    case kLayerOfMainRows:
-        return show <= kShowValueContours && show != kShowSlipArrows && show != kShowPoles;
-    case kLayerOfOverlay:
-        return show <= kShowGreatCircles && layer.LayerIndex >= 1;
-    case kLayerOfClass:
-        return show <= kShowGreatCircles && layer.LayerIndex >= 1;
-    case kLayerOfSelection:
-        return show <= kShowGreatCircles;
-    case kLayerOfResults:
-        return show >= kShowMeanArrow && show <= kShowAnnotations;
-    case kLayerOfNet:
-        return show == kShowNet;
-    default:
+bool IsPossible(const Plot& plot, const FigureLayer& layer) {
+    if (plot.record.PlotKind == kRose) {
         return false;
+    }
+    switch (layer.LayerOf) {
+    case kLayerOfResults:
+        return layer.LayerShow >= kShowMeanArrow && layer.LayerShow <= kShowAnnotations;
+    case kLayerOfNet:
+        return layer.LayerShow == kShowNet;
+    default:
+        return HasData(plot.record, layer) && CanShowRows(plot.record, layer);
     }
 }
 

@@ -21,9 +21,17 @@ namespace quandrel {
 /// The layers that are drawn, lowest first: the plot's own list, or those of its mode.
 [[nodiscard]] std::vector<FigureLayer> LayersOf(const Plot& plot);
 
-/// Whether a layer has something that can be drawn: rows have the ways to show rows, densities and
-/// values are those of the main rows, results stand for themselves.
-[[nodiscard]] bool IsPossible(const FigureLayer& layer);
+/// Whether a plot can show a layer; a rose cannot show any.
+///
+/// - All rows that the plot has can be symbols, great circles, poles, intersections, and densities
+///   as grid symbols, bands or contours. Densities never count P and T axes together.
+/// - Slip arrows need a secondary set of orientations.
+/// - Symbols in the style of their density band and marks of the density are those of the main
+///   rows, and so are values, of a plot that is classified by appended numbers.
+/// - Results and the net are shown in their own ways.
+///
+/// The selection is possible while it is empty.
+[[nodiscard]] bool IsPossible(const Plot& plot, const FigureLayer& layer);
 
 /// The list of a plot with a layer on top, or without the layers of the same data shown in the
 /// same way if it has some.

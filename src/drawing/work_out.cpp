@@ -6,11 +6,13 @@
 #include "core/data_format.h"
 #include "core/plot_formulas.h"
 #include "core/plot_store.h"
+#include "core/selection.h"
 #include "core/settings_value.h"
 #include "density/contours.h"
 #include "density/grid_density.h"
 #include "density/plot_density.h"
 #include "density/point_density.h"
+#include "drawing/layer_results.h"
 #include "drawing/row_classes.h"
 #include "edit/marks/small_circles.h"
 #include "rose/rose_plot.h"
@@ -46,7 +48,9 @@ bool GridIsStale(const Plot& plot, int gridSize) {
 /// The grid of a plot that shows it, as symbols, contours or classes, and its contours.
 void WorkOutGrid(Plot& plot, const WorkingOut& how) {
     const PlotRecord& record = plot.record;
-    const bool showsClasses = record.ClassMode == kClassesByNumber && record.NumClasses >= 1;
+    const bool showsValues = record.NumClasses >= 1 || ShowsMainRowsAs(record, kShowGridValues)
+                             || ShowsMainRowsAs(record, kShowValueContours);
+    const bool showsClasses = record.ClassMode == kClassesByNumber && showsValues;
     const bool showsDensities = ShowsDensityGrid(record);
     if ((showsClasses || showsDensities) && GridIsStale(plot, how.gridSize)) {
         ComputeGridDensity(plot, how.gridSize, how.watcher);
@@ -90,8 +94,12 @@ WorkingOut WorkingOutOf(int slot, ReplotCause cause) {
     const int ownGrid = record.GridSize;
     const bool keepsGrid =
         cause == ReplotCause::Picture || cause == ReplotCause::Repaint || slot != gActivePlot;
-    return {cause, gSettings.styles, FormulasInForce(record),
-            keepsGrid && ownGrid > 0 ? ownGrid : gSettings.gridSize, WatcherInForce()};
+    return {cause,
+            gSettings.styles,
+            FormulasInForce(record),
+            keepsGrid && ownGrid > 0 ? ownGrid : gSettings.gridSize,
+            WatcherInForce(),
+            Selection::now.slot == slot ? Selection::now.rows : std::vector<std::int32_t>()};
 }
 
 void WorkOutPlot(Plot& plot, const WorkingOut& how) {
@@ -115,6 +123,8 @@ void WorkOutPlot(Plot& plot, const WorkingOut& how) {
     WorkOutDensity(plot, how.watcher);
     WorkOutRegions(plot, how.styles, ClassesOfRegions(plot), how.watcher);
     WorkOutIntersections(plot, how);
+    plot.attachments.Of<ShownSelection>().rows = how.selection;
+    WorkOutLayers(plot, how.styles, how.gridSize, how.watcher);
     NoteSmallCircles(record);
     record.RowsChanged = 0;
 }

@@ -10,6 +10,9 @@
 #include "core/replot.h"
 #include "platform/status_line.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace quandrel {
 
 /// The input of the computation besides the plot.
@@ -19,6 +22,7 @@ struct WorkingOut {
     Formulas formulas = Formulas::Own;
     int gridSize = 0; ///< of the density grid, kCoarsestGrid to kFinestGrid
     StatusLine* watcher = nullptr;
+    std::vector<std::int32_t> selection = {}; ///< the selected rows of the plot, ascending
 };
 
 /// The input for a slot and a cause, from the current settings. Plots that are not in focus, and
