@@ -42,7 +42,7 @@ public:
         , rule_(rule)
         , line_(rule.Height() * kLeading) {}
 
-    [[nodiscard]] bool IsEmpty() const { return legend_.entries.empty() && !legend_.bar; }
+    [[nodiscard]] bool IsEmpty() const { return legend_.entries.empty() && legend_.bars.empty(); }
 
     /// The width of the widest entry in one line.
     [[nodiscard]] double EntryWidth() const {
@@ -54,17 +54,21 @@ public:
     }
 
     [[nodiscard]] double BarWidth() const {
-        return legend_.bar ? std::max(kBarLength, rule_.Width(legend_.bar->title)) : 0;
+        double width = 0;
+        for (const FigureBar& bar : legend_.bars) {
+            width = std::max({width, kBarLength, rule_.Width(bar.title)});
+        }
+        return width;
     }
 
-    /// One column, the bar last. Returns its height.
+    /// One column, the bars last. Returns its height.
     [[nodiscard]] double InColumn(double left, double top, double width,
                                   FigureLayout& layout) const {
         double at = top;
         at += Entries(0, legend_.entries.size(), {left, at, width, 0}, layout);
-        if (legend_.bar) {
+        if (!legend_.bars.empty()) {
             at += at > top ? kGap : 0;
-            at += Bar({left, at, width, 0}, layout);
+            at += BarsInColumn({left, at, width, 0}, layout);
         }
         return at - top;
     }
@@ -73,9 +77,9 @@ public:
     [[nodiscard]] double Below(double left, double top, double width, FigureLayout& layout) const {
         const double entry = EntryWidth();
         const std::size_t count = legend_.entries.size();
-        if (legend_.bar && count > 0 && BarWidth() + kGap + entry <= width) {
+        if (!legend_.bars.empty() && count > 0 && BarWidth() + kGap + entry <= width) {
             const double start = left + (width - BarWidth() - kGap - entry) / 2;
-            const double bar = Bar({start, top, BarWidth(), 0}, layout);
+            const double bar = BarsInColumn({start, top, BarWidth(), 0}, layout);
             const double rest =
                 Entries(0, count, {start + BarWidth() + kGap, top, entry, 0}, layout);
             return std::max(bar, rest);
@@ -89,10 +93,10 @@ public:
         double height = Entries(0, half, {start, top, entry, 0}, layout);
         height =
             std::max(height, Entries(half, count, {start + entry + kGap, top, entry, 0}, layout));
-        if (legend_.bar) {
+        if (!legend_.bars.empty()) {
             const double column = std::min(width, BarWidth());
             height += kGap;
-            height += Bar({left + (width - column) / 2, top + height, column, 0}, layout);
+            height += BarsInColumn({left + (width - column) / 2, top + height, column, 0}, layout);
         }
         return height;
     }
@@ -130,9 +134,20 @@ private:
         return stride;
     }
 
-    [[nodiscard]] double Bar(const FigureBox& column, FigureLayout& layout) const {
+    /// All bars, one below the other. Returns their height.
+    [[nodiscard]] double BarsInColumn(const FigureBox& column, FigureLayout& layout) const {
+        double height = 0;
+        for (const FigureBar& bar : legend_.bars) {
+            height += height > 0 ? kGap : 0;
+            height += Bar(bar, {column.left, column.top + height, column.width, 0}, layout);
+        }
+        return height;
+    }
+
+    [[nodiscard]] double Bar(const FigureBar& bar, const FigureBox& column,
+                             FigureLayout& layout) const {
         PlacedBar placed;
-        placed.bar = *legend_.bar;
+        placed.bar = bar;
         const double inset = rule_.Width(placed.bar.numbers.front()) / 2;
         placed.colours = {column.left + inset, column.top + (line_ - kBarHeight) / 2,
                           std::min(kBarLength, column.width) - 2 * inset, kBarHeight};

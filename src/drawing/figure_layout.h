@@ -47,7 +47,7 @@ struct PlacedEntry {
     std::vector<std::string> lines;
 };
 
-/// The bar of densities on the page.
+/// A bar of densities on the page.
 struct PlacedBar {
     FigureBar bar;
     FigureBox box;          ///< with numbers and title
@@ -61,7 +61,7 @@ struct FigureLayout {
     double height = 0;
     FigureBox net; ///< of the scale kPlotScale: what is around the net may reach beyond it
     std::vector<PlacedEntry> entries;
-    std::vector<PlacedBar> bars; ///< one or none
+    std::vector<PlacedBar> bars; ///< one for each data with filled densities
     double lineHeight = 0;       ///< of the legend's texts
 };
 

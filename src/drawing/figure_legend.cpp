@@ -3,14 +3,13 @@
 #include "drawing/figure_legend.h"
 
 #include "core/data_format.h"
-#include "density/density_legend.h"
-#include "density/density_levels.h"
-#include "density/draw_density.h"
 #include "density/plot_density.h"
+#include "drawing/draw_layers.h"
 #include "drawing/draw_plot.h"
 #include "drawing/figure_legend_maker.h"
 #include "drawing/figure_legend_rose.h"
 #include "drawing/layer_list.h"
+#include "drawing/layer_results.h"
 #include "edit/marks/small_circles.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
@@ -21,7 +20,6 @@
 #include "statistics/region_texts.h"
 #include "stereo/net.h"
 #include "stereo/row_positions.h"
-#include "stereo/shown_layers.h"
 #include "stereo/symbols.h"
 
 #include <algorithm>
@@ -37,70 +35,13 @@ namespace {
 /// Rows that the sign of a crowd stands for: as dark as the places of many rows.
 constexpr std::int32_t kRowsOfSign = 50;
 
-/// "Multiples of uniform" in the middle of a sentence.
-std::string WithSmallFirst(std::string text) {
-    if (!text.empty() && text.front() >= 'A' && text.front() <= 'Z') {
-        text.front() = static_cast<char>(text.front() - 'A' + 'a');
-    }
-    return text;
-}
-
 /// A text without the name of a method: "Prentice" of "ellipse of Prentice".
 std::string AuthorOf(const std::string& method) {
     const std::size_t at = method.find(" of ");
     return at == std::string::npos ? method : method.substr(at + 4);
 }
 
-/// A great density has fewer decimals.
-std::string TextOfDensity(double value) {
-    constexpr double kSmall = 1;
-    return FormatNumber(value, value < kSmall ? "0.00" : "0.0");
-}
-
 } // namespace
-
-/// Levels as lines or symbols, below a title; filled bands are a bar.
-void LegendMaker::AddDensities() {
-    if (std::exchange(hasDensities_, true)) {
-        return;
-    }
-    const PlotDensity* const density = DensityOf(plot_);
-    if (density != nullptr && ShowsMainRowsAs(record_, kShowBands)) {
-        AddBar(*density);
-        return;
-    }
-    const bool arePoints = ShowsMainRowsAs(record_, kShowBandSymbols);
-    const double most = density != nullptr ? density->Greatest().value
-                        : arePoints        ? record_.PointDensityMax
-                                           : record_.GridDensityMax;
-    const DensityUnit unit = density != nullptr ? density->Unit() : DensityUnit::PerCentInCone;
-    FigureEntry title;
-    title.text = Named(NameOfUnit(unit)) + kMaximaText + TextOfDensity(most);
-    Add(std::move(title));
-    for (const LegendLine& line : BandLegendLines(plot_, drawing_.styles)) {
-        if (line.sample == LegendSample::Symbol || line.sample == LegendSample::Line) {
-            AddTableLine(line);
-        }
-    }
-}
-
-void LegendMaker::AddBar(const PlotDensity& density) {
-    const auto levels = density.Levels().size();
-    if (levels == 0) {
-        return;
-    }
-    FigureBar bar;
-    for (std::size_t level = 0; level < levels; ++level) {
-        bar.colours.push_back(ColourOfBand(drawing_.styles, record_, static_cast<int>(level),
-                                           static_cast<int>(levels)));
-        bar.numbers.push_back(FormatNumber(density.Levels()[level], "0.####"));
-    }
-    const bool hasOwn = layer_->LayerShow == kShowBands && layer_->LayerOpacity != kAsStyle;
-    bar.opacity = hasOwn ? layer_->LayerOpacity : record_.BandOpacity;
-    bar.title = Named(WithSmallFirst(NameOfUnit(density.Unit()))) + kMaximaText
-                + TextOfDensity(density.Greatest().value);
-    bar_ = std::move(bar);
-}
 
 void LegendMaker::AddDensityMarks() {
     if (EnvelopeOf(plot_) != nullptr) {
@@ -225,33 +166,43 @@ void LegendMaker::AddRowLayer() {
     case kShowValueContours:
         AddClasses();
         break;
+    case kShowIntersections:
+        AddIntersections();
+        break;
+    case kShowSlipArrows:
+        AddSlipArrows();
+        break;
     default:
-        AddMainRows(static_cast<LayerShowCode>(layer_->LayerShow));
+        if (layer_->LayerOf == kLayerOfMainRows) {
+            AddMainRows();
+        } else {
+            AddOtherRows();
+        }
         break;
     }
 }
 
 void LegendMaker::AddLayer() {
-    if (layer_->LayerOf == kLayerOfMainRows) {
-        if (record_.NumValidData > 0) {
+    if (layer_->LayerOf == kLayerOfResults) {
+        AddResults();
+    } else if (layer_->LayerOf != kLayerOfNet) {
+        rows_ = RowsOfLayer(plot_, drawing_.styles, *layer_);
+        if (layer_->LayerOf == kLayerOfMainRows ? record_.NumValidData > 0 : rows_.count > 0) {
             AddRowLayer();
         }
-    } else if (layer_->LayerOf == kLayerOfOverlay) {
-        AddOverlay();
-    } else if (layer_->LayerOf == kLayerOfResults) {
-        AddResults();
     }
 }
 
 FigureLegend LegendMaker::Made() && {
-    const std::vector<FigureLayer> layers = LayersOf(plot_);
-    for (const FigureLayer& layer : layers) {
+    for (const FigureLayer& layer : LayersOf(plot_)) {
         if (layer.LayerHidden == 0 && IsPossible(plot_, layer)) {
-            layer_ = &layer;
+            const FigureLayer drawn = LayerAsDrawn(layer, drawing_);
+            layer_ = &drawn;
             AddLayer();
         }
     }
-    return {std::move(entries_), std::move(bar_)};
+    layer_ = nullptr;
+    return {std::move(entries_), std::move(bars_)};
 }
 
 namespace {
@@ -260,6 +211,14 @@ void DrawLineSign(Surface& surface, const LineLook& look, Point centre, double w
     const SavedState saved(surface);
     surface.SetState(look.state);
     surface.Line({centre.x - width / 2, centre.y}, {centre.x + width / 2, centre.y}, look.colour);
+}
+
+/// An arrow to the right about the centre; a line without a sense lies about it anyway.
+void DrawArrowSign(Surface& surface, const Drawing& drawing, const FigureEntry& entry, Point centre,
+                   double width) {
+    const double start = entry.hasHead ? centre.x - width / 4 : centre.x;
+    DrawSlipArrow(surface, drawing, {start, centre.y}, {entry.code, entry.rows},
+                  entry.hasHead ? kSlipArrowSymbol : kSlipLineSymbol, kPi / 2);
 }
 
 /// A rectangle, filled and outlined as petals are.
@@ -298,13 +257,16 @@ void DrawFigureSign(Surface& surface, const Drawing& drawing, const FigureEntry&
                        entry.layer.LayerOpacity == kAsStyle ? kRowsOfSign : 1);
         break;
     case FigureSign::TableSymbol:
-        DrawSymbols(surface, own.styles, std::span(&centre, 1), entry.code);
+        DrawBandMarkers(surface, own, std::span(&centre, 1), entry.code);
         break;
     case FigureSign::Axis:
         DrawAxisMarker(surface, own, centre, entry.axis);
         break;
     case FigureSign::Line:
         DrawLineSign(surface, entry.line, centre, width);
+        break;
+    case FigureSign::Arrow:
+        DrawArrowSign(surface, own, entry, centre, width);
         break;
     case FigureSign::Patch:
         DrawPatchSign(surface, own, entry.patch, centre, width);

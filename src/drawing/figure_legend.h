@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The legend of a figure: an entry for each kind of thing that its layers draw, in the terms of the
-// field, and a bar for filled densities. Hidden layers, and layers that draw nothing, have none.
+// field, and a bar for each data with filled densities. Hidden layers, and layers that draw
+// nothing, have none.
 //
 // The legend in a plot's window is another one (legend.h).
 
@@ -14,7 +15,6 @@
 #include "stereo/figure_symbols.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +29,7 @@ enum class FigureSign {
     Axis,        ///< `axis`
     Line,        ///< `line`
     Patch,       ///< `patch`, as petals are filled
+    Arrow,       ///< the slip arrow of `code`, as those of `rows` rows are drawn
 };
 
 struct FigureEntry {
@@ -39,7 +40,8 @@ struct FigureEntry {
     FigureAxis axis = FigureAxis::Principal;
     LineLook line;
     PetalFill patch;
-    FigureLayer layer; ///< whose own properties the sign has
+    FigureLayer layer;   ///< whose own properties the sign has
+    bool hasHead = true; ///< of an arrow
 };
 
 /// The colours of filled densities. The first band begins at the first level, the last one ends at
@@ -49,11 +51,12 @@ struct FigureBar {
     std::vector<std::string> numbers; ///< where each band begins
     double opacity = 1;
     std::string title; ///< "multiples of uniform, max 5.6"
+    FigureLayer layer; ///< that fills the bands
 };
 
 struct FigureLegend {
     std::vector<FigureEntry> entries; ///< rows first, then lines and axes
-    std::optional<FigureBar> bar;
+    std::vector<FigureBar> bars;
 };
 
 /// The legend of a net or a rose whose results are worked out.

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// The making of a figure's legend, for figure_legend.cpp (densities and results) and
-// figure_legend_rows.cpp (rows) alone, and the words of all entries.
+// The making of a figure's legend, for figure_legend.cpp (results), figure_legend_rows.cpp (rows)
+// and figure_legend_densities.cpp alone, and the words of all entries.
 
 #pragma once
 
 #include "density/plot_density.h"
 #include "drawing/figure_legend.h"
+#include "drawing/layer_rows.h"
 #include "stereo/legend_line.h"
 
 #include <cstdint>
-#include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,6 +30,10 @@ inline constexpr const char* kCountText = ", n = ";
 inline constexpr const char* kShorteningText = "P axes (shortening)";
 inline constexpr const char* kExtensionText = "T axes (extension)";
 inline constexpr const char* kIntersectionsText = "Intersections of planes";
+inline constexpr const char* kIntersectionsOfText = "Intersections of ";
+inline constexpr const char* kPlanesNormalToText = "Planes normal to ";
+inline constexpr const char* kSlipText = "Slip directions";
+inline constexpr const char* kSlipLinesText = "Slip lines";
 inline constexpr const char* kMeanText = "Mean direction";
 inline constexpr const char* kUserGirdleText = "Girdle";
 inline constexpr const char* kBestGirdleText = "Best girdle";
@@ -41,14 +46,6 @@ inline constexpr const char* kSmallCircleText = "Small circle";
 inline constexpr const char* kEnvelopeText = "5% envelope of significance";
 inline constexpr const char* kMaximaText = ", max ";
 inline constexpr const char* kRegionText = "% region";
-
-/// The visible rows of one kind, with the style of the first of them.
-struct RowsOfSign {
-    SymbolCode code = 0;
-    std::int64_t count = 0;
-
-    void Add(SymbolCode added) { code = count++ == 0 ? added : code; }
-};
 
 /// Collects the entries of a plot's layers.
 class LegendMaker {
@@ -63,14 +60,19 @@ public:
 private:
     void AddLayer();
     void AddRowLayer();
-    void AddMainRows(LayerShowCode show);
-    void AddOverlay();
-    void AddRows(std::int32_t first, std::int32_t last, const std::string& noun);
-    void AddCircles(std::int32_t first, std::int32_t last, const std::string& noun);
+    void AddMainRows();
+    void AddOtherRows();
+    void AddRows(const std::string& noun);
+    void AddCircles(const std::string& noun);
+    void AddSlipArrows();
+    void AddIntersections();
     void AddKinematicAxes();
     void AddClasses();
     void AddDensities();
+    void AddFieldLevels(const PlotDensity& density, bool hasTitle);
+    void AddCountLevels();
     void AddBar(const PlotDensity& density);
+    [[nodiscard]] std::string TitleOfDensity(DensityUnit unit, double most, bool isBar) const;
     void AddDensityMarks();
     void AddResults();
     void AddGirdles(int first, int last);
@@ -83,9 +85,10 @@ private:
         entries_.push_back(std::move(entry));
     }
 
-    void AddSymbol(const RowsOfSign& rows, const std::string& text) {
+    void AddSymbol(const DrawnRows& rows, const std::string& text,
+                   FigureSign sign = FigureSign::Rows) {
         FigureEntry entry;
-        entry.sign = FigureSign::Rows;
+        entry.sign = sign;
         entry.code = rows.code;
         entry.rows = rows.count;
         entry.text = text;
@@ -111,9 +114,11 @@ private:
     const PlotRecord& record_;
     const Drawing& drawing_;
     const FigureLayer* layer_ = nullptr;
+    LayerRows rows_; ///< of the layer, if it is one of rows
     std::vector<FigureEntry> entries_;
-    std::optional<FigureBar> bar_;
-    bool hasDensities_ = false;
+    std::vector<FigureBar> bars_;
+    std::set<std::pair<std::int16_t, std::int16_t>> titled_; ///< data whose densities have a title
+    bool hasCounts_ = false;
     bool hasClasses_ = false;
 };
 

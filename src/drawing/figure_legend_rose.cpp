@@ -78,7 +78,7 @@ public:
             AddNote("Each layer to its own scale");
         }
         AddBias();
-        return {std::move(entries_), std::nullopt};
+        return {std::move(entries_), {}};
     }
 
 private:

@@ -2,8 +2,8 @@
 
 #include "classify/class_legend.h"
 #include "core/data_format.h"
-#include "core/overlay_names.h"
 #include "drawing/figure_legend_maker.h"
+#include "drawing/layer_results.h"
 #include "drawing/legend.h"
 #include "orientation/number_text.h"
 #include "stereo/axis_rows.h"
@@ -11,6 +11,7 @@
 #include "stereo/row_sense.h"
 #include "stereo/symbols.h"
 
+#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -25,16 +26,8 @@ std::string WithCount(const std::string& noun, std::int64_t rows) {
 } // namespace
 
 /// Rows by the sense of their lines: each sense has a sign of its own.
-void LegendMaker::AddRows(std::int32_t first, std::int32_t last, const std::string& noun) {
-    RowsOfSign down;
-    RowsOfSign up;
-    for (std::int32_t row = first; row <= last; ++row) {
-        const double dip = OrientationShown(plot_, row).dip;
-        const SymbolCode code = CodeShown(plot_, drawing_.styles, row);
-        if (dip != kErrorRow && CodeSymbol(code) != 0) {
-            (dip < 0 ? up : down).Add(code);
-        }
-    }
+void LegendMaker::AddRows(const std::string& noun) {
+    const auto [down, up] = DrawnRowsOf(plot_, drawing_.styles, *layer_, rows_);
     if (down.count > 0) {
         AddSymbol(down, WithCount(noun + (up.count > 0 ? kDownText : ""), down.count));
     }
@@ -43,32 +36,26 @@ void LegendMaker::AddRows(std::int32_t first, std::int32_t last, const std::stri
     }
 }
 
-void LegendMaker::AddCircles(std::int32_t first, std::int32_t last, const std::string& noun) {
-    RowsOfSign rows;
-    for (std::int32_t row = first; row <= last; ++row) {
-        const SymbolCode code = CodeShown(plot_, drawing_.styles, row);
-        if (OrientationShown(plot_, row).dip != kErrorRow && CodeSymbol(code) != 0) {
-            rows.Add(code);
-        }
-    }
+void LegendMaker::AddCircles(const std::string& noun) {
+    const DrawnRows rows = DrawnRowsOf(plot_, drawing_.styles, *layer_, rows_).All();
     if (rows.count == 0) {
         return;
     }
-    LineLook look{DrawState(), TableColour(drawing_.styles, CodeColour(rows.code))};
+    LineLook look{DrawState(), ColourOfRows(drawing_, rows.code)};
     look.state.widthInPoints = FigureOf(drawing_).lines.circleWidth;
     TakeLayer(layer_, look);
     AddLine(std::move(look), WithCount(noun, rows.count));
 }
 
 void LegendMaker::AddKinematicAxes() {
-    RowsOfSign shortening;
-    RowsOfSign extension;
+    DrawnRows shortening;
+    DrawnRows extension;
     for (std::int32_t row = 1; row <= record_.NumData; ++row) {
         const SymbolCode code = CodeShown(plot_, drawing_.styles, row);
         if (OrientationShown(plot_, row).dip != kErrorRow && CodeSymbol(code) != 0) {
             const bool isShortening =
                 AxisOfRow(plot_, drawing_.styles, row) == AxisKind::Shortening;
-            (isShortening ? shortening : extension).Add(code);
+            (isShortening ? shortening : extension).Add(row, code);
         }
     }
     if (shortening.count > 0) {
@@ -95,7 +82,9 @@ void LegendMaker::AddTableLine(const LegendLine& line) {
     case LegendSample::GreatCircle:
     case LegendSample::Line:
         entry.sign = FigureSign::Line;
-        entry.line.colour = TableColour(styles, CodeColour(line.code));
+        entry.line.colour = line.sample == LegendSample::Line
+                                ? TableColour(styles, CodeColour(line.code))
+                                : ColourOfRows(drawing_, line.code);
         if (line.sample == LegendSample::Line) {
             entry.line.state.drawStyle = CodeSymbol(line.code);
             entry.line.state.drawWidth = CodeSize(line.code);
@@ -103,6 +92,7 @@ void LegendMaker::AddTableLine(const LegendLine& line) {
         } else {
             entry.line.state.widthInPoints = FigureOf(drawing_).lines.circleWidth;
         }
+        TakeLayer(layer_, entry.line);
         break;
     default:
         break;
@@ -119,40 +109,76 @@ void LegendMaker::AddClasses() {
     }
 }
 
-void LegendMaker::AddMainRows(LayerShowCode show) {
-    const bool arePoles = IsPlottedAsPole(record_, 0);
+/// Main rows as symbols, poles or great circles.
+void LegendMaker::AddMainRows() {
+    const bool arePoles = rows_.arePoles;
     const std::string& fabric = record_.FabricText;
-    if (show == kShowIntersections) {
-        AddSymbol({CodeOfStyleRow(drawing_.styles, kRowSymbol), record_.BetaCount},
-                  WithCount(Named(kIntersectionsText), record_.BetaCount));
-    } else if (record_.ClassMode > 0) {
+    if (record_.ClassMode > 0) {
         AddClasses();
     } else if (!record_.AxesTitle.empty()) {
         AddKinematicAxes();
-    } else if (show == kShowGreatCircles) {
+    } else if (layer_->LayerShow == kShowGreatCircles) {
         const std::string planes = fabric.empty() ? kPlanesText : fabric;
-        AddCircles(1, record_.NumData, Named(arePoles ? planes : kNormalPlanesText));
+        AddCircles(Named(arePoles ? planes : kNormalPlanesText));
     } else if (arePoles) {
-        AddRows(1, record_.NumData, Named(fabric.empty() ? kPolesText : kPolesToText + fabric));
+        AddRows(Named(fabric.empty() ? kPolesText : kPolesToText + fabric));
     } else {
         const char* const noun = record_.DataKind == kPolarLines ? kPolarLinesText : kLinesText;
-        AddRows(1, record_.NumData, Named(fabric.empty() ? noun : fabric));
+        AddRows(Named(fabric.empty() ? noun : fabric));
     }
 }
 
-void LegendMaker::AddOverlay() {
-    const auto k = static_cast<std::size_t>(layer_->LayerIndex);
-    if (layer_->LayerIndex > record_.OverlayRows[kOverlayCount]) {
+/// Rows of other data as symbols, poles or great circles.
+void LegendMaker::AddOtherRows() {
+    const std::string name = NameOfLayerData(plot_, *layer_);
+    if (layer_->LayerShow == kShowGreatCircles) {
+        AddCircles(Named(rows_.arePoles ? name : kPlanesNormalToText + name));
+    } else if (layer_->LayerShow == kShowPoles && rows_.arePoles) {
+        AddRows(Named(kPolesToText + name));
+    } else {
+        AddRows(Named(name));
+    }
+}
+
+void LegendMaker::AddIntersections() {
+    DrawnRows rows;
+    std::string noun = kIntersectionsText;
+    if (layer_->LayerOf == kLayerOfMainRows) {
+        rows.count = record_.BetaCount;
+        rows.code = CodeOfStyleRow(drawing_.styles, kRowSymbol);
+    } else {
+        rows = DrawnRowsOf(plot_, drawing_.styles, *layer_, rows_).All();
+        rows.count = IntersectionsOfLayer(plot_, drawing_.styles, *layer_, drawing_.watcher)->count;
+        noun = kIntersectionsOfText + NameOfLayerData(plot_, *layer_);
+    }
+    if (rows.count > 0) {
+        AddSymbol(rows, WithCount(Named(noun), rows.count));
+    }
+}
+
+/// The rows that have an arrow.
+void LegendMaker::AddSlipArrows() {
+    const SlipArrows arrows = ArrowsOfLayer(plot_, *layer_);
+    const RowSet set = SetOf(plot_, rows_);
+    DrawnRows drawn;
+    for (std::size_t place = 0; place < set.table->size(); ++place) {
+        const std::int32_t row = set.table->index[place];
+        if (row < set.range.first || row > set.range.last) {
+            continue;
+        }
+        const SymbolCode code = CodeInSet(plot_, drawing_.styles, set, row);
+        if (CodeSymbol(code) != 0 && std::isfinite(arrows.azimuth(row))) {
+            drawn.Add(row, code);
+        }
+    }
+    if (drawn.count == 0) {
         return;
     }
-    const std::int32_t first = FirstRowOfOverlay(record_, layer_->LayerIndex);
-    const std::int32_t last = first + record_.OverlayRows[k] - 1;
-    const std::string noun = Named(NameOfOverlay(record_, layer_->LayerIndex));
-    if (layer_->LayerShow == kShowGreatCircles) {
-        AddCircles(first, last, noun);
-    } else {
-        AddRows(first, last, noun);
-    }
+    const std::string name = NameOfLayerData(plot_, *layer_);
+    const char* const noun = arrows.haveHeads ? kSlipText : kSlipLinesText;
+    AddSymbol(drawn, WithCount(Named(name.empty() ? noun : name + ": " + noun), drawn.count),
+              FigureSign::Arrow);
+    entries_.back().hasHead = arrows.haveHeads;
 }
 
 } // namespace quandrel

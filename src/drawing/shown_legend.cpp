@@ -39,8 +39,8 @@ ShownLegend LinesOfFigure(FigureLegend legend) {
         }
         shown.lines.push_back(std::move(line));
     }
-    if (legend.bar) {
-        AddBar(*legend.bar, shown.lines);
+    for (const FigureBar& bar : legend.bars) {
+        AddBar(bar, shown.lines);
     }
     return shown;
 }

@@ -84,10 +84,11 @@ TEST_F(FigureLegendTest, ShowsFilledDensitiesAsABar) {
     plot.record.ContourPicture = kLinesOverBands;
     WorkOutPlot(plot, {ReplotCause::Rows, gSettings.styles, Formulas::Own, 20});
     const FigureLegend legend = LegendOfFigure(plot, Journal());
-    ASSERT_TRUE(legend.bar);
-    EXPECT_FALSE(legend.bar->colours.empty());
-    EXPECT_EQ(legend.bar->colours.size(), legend.bar->numbers.size());
-    EXPECT_TRUE(legend.bar->title.starts_with("multiples of uniform, max ")) << legend.bar->title;
+    ASSERT_EQ(legend.bars.size(), 1U);
+    const FigureBar& bar = legend.bars.front();
+    EXPECT_FALSE(bar.colours.empty());
+    EXPECT_EQ(bar.colours.size(), bar.numbers.size());
+    EXPECT_TRUE(bar.title.starts_with("multiples of uniform, max ")) << bar.title;
 }
 
 TEST_F(FigureLegendTest, PageHasTheWidthAndTheNetTheDiameter) {

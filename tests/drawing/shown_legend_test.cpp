@@ -83,15 +83,16 @@ TEST_F(ShownLegendTest, HasALineForEachBandOfABar) {
     plot.record.DensityMethod = kDensityByKambExponential;
     WorkOutPlot(plot, {ReplotCause::Rows, gSettings.styles, Formulas::Own, 20});
     const FigureLegend figure = LegendOfFigure(plot, In(kJournalStyle));
-    ASSERT_TRUE(figure.bar);
+    ASSERT_EQ(figure.bars.size(), 1U);
+    const FigureBar& bar = figure.bars.front();
     const ShownLegend shown = LegendShown(plot, In(kJournalStyle));
-    ASSERT_EQ(shown.lines.size(), figure.entries.size() + 1 + figure.bar->colours.size());
+    ASSERT_EQ(shown.lines.size(), figure.entries.size() + 1 + bar.colours.size());
     const auto first = shown.lines.begin() + static_cast<std::ptrdiff_t>(figure.entries.size());
-    EXPECT_EQ(first->text, figure.bar->title);
+    EXPECT_EQ(first->text, bar.title);
     EXPECT_EQ((first + 1)->sample, LegendSample::Band);
-    EXPECT_EQ((first + 1)->text, " " + figure.bar->numbers[0] + " - " + figure.bar->numbers[1]);
-    EXPECT_EQ((first + 1)->band, figure.bar->colours[0]);
-    EXPECT_EQ(shown.lines.back().text, " > " + figure.bar->numbers.back());
+    EXPECT_EQ((first + 1)->text, " " + bar.numbers[0] + " - " + bar.numbers[1]);
+    EXPECT_EQ((first + 1)->band, bar.colours[0]);
+    EXPECT_EQ(shown.lines.back().text, " > " + bar.numbers.back());
 }
 
 TEST_F(ShownLegendTest, NeedsTheRoomOfItsLines) {
