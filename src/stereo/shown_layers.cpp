@@ -2,6 +2,7 @@
 
 #include "stereo/shown_layers.h"
 
+#include "core/data_format.h"
 #include "stereo/row_drawing.h"
 
 #include <algorithm>
@@ -73,6 +74,13 @@ bool ShowsDataAs(const PlotRecord& record, const FigureLayer& data, LayerShowCod
         return layer.LayerOf == data.LayerOf && layer.LayerIndex == data.LayerIndex
                && layer.LayerHidden == 0 && layer.LayerShow == show;
     });
+}
+
+bool ShowsSelection(const PlotRecord& record) {
+    return record.PlotKind != kRose
+           && std::ranges::any_of(record.Layers, [](const FigureLayer& layer) {
+                  return layer.LayerOf == kLayerOfSelection && layer.LayerHidden == 0;
+              });
 }
 
 bool ShowsDensities(const PlotRecord& record) {

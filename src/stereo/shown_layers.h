@@ -25,6 +25,9 @@ namespace quandrel {
 [[nodiscard]] bool ShowsDataAs(const PlotRecord& record, const FigureLayer& data,
                                LayerShowCode show);
 
+/// Whether a net has a visible layer of the selection, which changes with the selection.
+[[nodiscard]] bool ShowsSelection(const PlotRecord& record);
+
 /// Whether densities of the main rows are shown in any way.
 [[nodiscard]] bool ShowsDensities(const PlotRecord& record);
 

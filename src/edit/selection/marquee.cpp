@@ -4,10 +4,12 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/replot.h"
 #include "edit/selection/linked_rows.h"
 #include "edit/selection/selected_intersections.h"
 #include "orientation/projection.h"
 #include "stereo/row_positions.h"
+#include "stereo/shown_layers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,7 +32,17 @@ Point OppositeCorner() {
             double{gMarquee[kMarqueeY]} + gMarquee[kMarqueeHeight]};
 }
 
+/// Draws plots again that have a layer of the selection.
+void RedrawSelectionLayers() {
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot) && ShowsSelection(RecordOf(slot))) {
+            RedrawPlot(slot);
+        }
+    }
+}
+
 void TellSelection() {
+    RedrawSelectionLayers();
     if (whenChanged) {
         whenChanged();
     }
@@ -51,6 +63,12 @@ void WriteMarquee(Point corner, Point opposite) {
     gMarquee[kMarqueeWidth] = static_cast<float>(opposite.x - corner.x);
     gMarquee[kMarqueeHeight] = static_cast<float>(opposite.y - corner.y);
     gMarquee[kMarqueeStanding] = kMarqueeSet;
+}
+
+void EmptySelection() {
+    WipeMarquee();
+    Selection::now.slot = 0;
+    gSelectionRows.clear();
 }
 
 void DropRowsThatAreGone(std::int32_t slot, std::vector<std::int32_t>& rows) {
@@ -209,15 +227,17 @@ void WipeMarquee() {
 }
 
 void ClearSelection() {
-    WipeMarquee();
-    Selection::now.slot = 0;
-    gSelectionRows.clear();
+    EmptySelection();
     TellSelection();
 }
 
 void ClearSelectionOf(std::int32_t slot) {
     if (Selection::now.slot == slot) {
-        ClearSelection();
+        // The plot closes, or is drawn at the end of the change of its rows.
+        EmptySelection();
+        if (whenChanged) {
+            whenChanged();
+        }
     }
 }
 

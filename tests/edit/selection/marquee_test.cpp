@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "core/data_format.h"
+#include "core/replot.h"
 #include "edit/selection/marquee.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -42,6 +43,27 @@ TEST_F(MarqueeTest, SelectAllIsTheWholeNet) {
     SelectAll();
     EXPECT_EQ(gMarquee, (std::array<float, 7>{0, -1000, 1000, 2000, -2000, 0, 9999}));
     EXPECT_EQ(gSelectionRows, (Rows{1, 2, 3}));
+}
+
+TEST_F(MarqueeTest, PlotsWithALayerOfTheSelectionAreDrawnAgain) {
+    AddRow(0, 0);
+    std::vector<int> drawn;
+    ConnectPlotDrawer([&drawn](int slot, ReplotCause) { drawn.push_back(slot); });
+    SelectAll();
+    EXPECT_TRUE(drawn.empty()) << "no layer shows it";
+    FigureLayer layer;
+    layer.LayerOf = kLayerOfSelection;
+    ActiveRecord().Layers = {layer};
+    ClearSelection();
+    SelectRows(gActivePlot, {1});
+    EXPECT_EQ(drawn, (std::vector<int>{gActivePlot, gActivePlot}));
+    ClearSelectionOf(gActivePlot);
+    EXPECT_EQ(drawn.size(), 2U) << "the change of its rows draws it";
+    EXPECT_TRUE(gSelectionRows.empty());
+    ActiveRecord().Layers[0].LayerHidden = kTrue;
+    SelectAll();
+    EXPECT_EQ(drawn.size(), 2U);
+    ConnectPlotDrawer({});
 }
 
 TEST_F(MarqueeTest, RowsOnTheEdgeAreInside) {
