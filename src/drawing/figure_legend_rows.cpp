@@ -28,6 +28,14 @@ std::string WithCount(const std::string& noun, std::int64_t rows) {
 /// Rows by the sense of their lines: each sense has a sign of its own.
 void LegendMaker::AddRows(const std::string& noun) {
     const auto [down, up] = DrawnRowsOf(plot_, drawing_.styles, *layer_, rows_);
+    if (!record_.AxesTitle.empty() && (down.count == 0 || up.count == 0)) {
+        // The sign of the plunge of P and T axes says which they are.
+        const DrawnRows& rows = down.count > 0 ? down : up;
+        if (rows.count > 0) {
+            AddSymbol(rows, WithCount(noun, rows.count));
+        }
+        return;
+    }
     if (down.count > 0) {
         AddSymbol(down, WithCount(noun + (up.count > 0 ? kDownText : ""), down.count));
     }

@@ -181,7 +181,9 @@ RowsBySense DrawnRowsOf(const Plot& plot, const Styles& styles, const FigureLaye
 }
 
 LineSense SenseOfLayer(const PlotRecord& record, const LayerRows& rows) {
-    return rows.arePolar && record.DensityMethod != kDensityByCone ? LineSense::Directions
+    // The sign of the plunge of P and T axes says which they are, not where they point.
+    const bool areDirections = rows.arePolar && record.AxesTitle.empty();
+    return areDirections && record.DensityMethod != kDensityByCone ? LineSense::Directions
                                                                    : LineSense::Axes;
 }
 
