@@ -18,7 +18,9 @@
 #include "core/replot.h"
 #include "core/settings_value.h"
 #include "derive/secondary_data.h"
+#include "drawing/layer_list.h"
 #include "drawing/plot_state.h"
+#include "drawing/symbol_choice.h"
 #include "rotation/rotate_data.h"
 #include "session/recalculate.h"
 #include "stereo/axis_rows.h"
@@ -68,22 +70,37 @@ std::string SwitchDecimals(const Command& command, std::ostream&) {
     return error;
 }
 
+/// Presses a mode button for some data; the buttons act on the former data afterwards.
+std::string PressModeButton(int button, const std::string& of) {
+    const std::optional<FigureLayer> data = DataOfWord(of);
+    Plot& plot = ActivePlot();
+    if (!data || !CanShowDataBy(plot, *data, button)) {
+        return data ? of + " cannot be shown by this button" : "'" + of + "' is not data";
+    }
+    if (data->LayerOf == kLayerOfMainRows && MixesAxes(plot.record, ModeOfButton(button))) {
+        return kMixedAxesRefusal;
+    }
+    const FigureLayer former = ChosenDataOf(plot);
+    ChooseData(plot, *data);
+    SetPlotSymbol(button);
+    ChooseData(plot, former);
+    return {};
+}
+
 std::string PressSymbolButton(const Command& command, std::ostream&) {
-    const std::optional<int> button = WholeNumber(command.Words(), 0, kSlipArrowsOnPoles);
+    const std::string word = command.Bare(0).value_or("");
+    const std::optional<int> button = WholeNumber(word, 0, kSlipArrowsOnPoles);
     if (!button) {
-        return "'" + command.Words()
+        return "'" + word
                + "' is not a symbol button: 0 great circles, 1 points, 2 beta intersections, "
                  "3 point density, 4 gridded density, 5 contours, 6 contours and gridded density, "
                  "7 secondary data over primary, 8 slip arrows alone, 9 on planes, 10 on poles";
     }
+    const std::optional<std::string> of = command.Value("of");
     if (*button > kLastModeButton) {
-        return PressSecondaryButton(*button);
+        return of ? "'of' needs a button from 0 to 6" : PressSecondaryButton(*button);
     }
-    if (MixesAxes(ActiveRecord(), *button + 1)) {
-        return kMixedAxesRefusal;
-    }
-    SetPlotSymbol(*button);
-    return {};
+    return PressModeButton(*button, of.value_or("main"));
 }
 
 std::string MoveSlider(const Command& command, std::ostream&) {
@@ -173,7 +190,7 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
          {four,
           [](const Command& c, std::ostream&) { return ApplySmallCircleArguments(c.arguments); }}},
         {"style", {two, [](const Command& c, std::ostream&) { return ApplyStyle(c); }}},
-        {"symbols", {one, PressSymbolButton}},
+        {"symbols", {{1, {"of"}}, PressSymbolButton}},
         {"undo", {none, [](const Command&, std::ostream&) { return TakeEditBack(); }}},
     };
     return commands;

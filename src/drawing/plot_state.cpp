@@ -7,13 +7,17 @@
 #include "core/plot_store.h"
 #include "core/replot.h"
 #include "derive/secondary_data.h"
+#include "drawing/symbol_choice.h"
+#include "edit/marks/plot_views.h"
 #include "platform/platform.h"
 #include "stereo/axis_rows.h"
 #include "stereo/data_kind.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace quandrel {
 
@@ -28,15 +32,44 @@ std::string DataKindQuestion(const PlotRecord& record, std::int16_t kind) {
     return "This will replot the data in the active plot:\n" + record.PlotTitle + "\nContinue?";
 }
 
-/// The first two buttons on a plot with overlays: they change the drawing of the top overlay.
-void SetTopOverlayForm(PlotRecord& record, int button) {
-    std::int16_t& kind =
-        record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
-    if (kind > kOverlayPoles) {
-        return;
+/// An overlay of planes in a plot without a list of layers is drawn in the form of its kind.
+bool HasForm(const PlotRecord& record, const FigureLayer& data, int button) {
+    return data.LayerOf == kLayerOfOverlay && record.Layers.empty() && button <= kOverlayPoles
+           && record.OverlayKind[static_cast<std::size_t>(data.LayerIndex)] <= kOverlayPoles;
+}
+
+void ShowDataBy(int slot, const FigureLayer& data, int button) {
+    PlotRecord& record = RecordOf(slot);
+    RecordFigure figure = record;
+    figure.Layers = LayersByButton(PlotOf(slot), data, button);
+    const bool isOfMain = data.LayerOf == kLayerOfMainRows;
+    if (isOfMain) {
+        record.PlotSymbolMode = ModeOfButton(button);
     }
-    kind = static_cast<std::int16_t>(button);
-    ReplotActivePlot(false);
+    if (HasForm(record, data, button)) {
+        std::int16_t& form = record.OverlayKind[static_cast<std::size_t>(data.LayerIndex)];
+        form = ModeOfButton(button);
+        ReplotPlot(slot, ReplotCause::Settings);
+    } else if (isOfMain && record.Layers.empty()) {
+        ReplotPlot(slot, ReplotCause::Settings);
+    } else {
+        ChangeFigure(slot, figure);
+    }
+}
+
+/// Whether a button can act on a plot. Tells why where axes would be mixed.
+bool CanPress(const Plot& plot, int button) {
+    const PlotRecord& record = plot.record;
+    if (gBusy || record.NumValidData == 0 || record.PlotKind == kRose || button < 0
+        || button > kLastModeButton) {
+        return false;
+    }
+    const FigureLayer data = ChosenDataOf(plot);
+    if (data.LayerOf == kLayerOfMainRows && MixesAxes(record, ModeOfButton(button))) {
+        Tell(kMixedAxesRefusal);
+        return false;
+    }
+    return CanShowDataBy(plot, data, button);
 }
 
 std::int16_t& ShownFlag(PlotRecord& record, int button) {
@@ -86,32 +119,31 @@ bool ChangeDataKind(std::int16_t kind) {
     return true;
 }
 
+void SetPlotSymbol(int slot, int button) {
+    if (!IsOpenSlot(slot)) {
+        return;
+    }
+    const Plot& plot = PlotOf(slot);
+    const FigureLayer data = ChosenDataOf(plot);
+    if (CanPress(plot, button) && (button < 2 || !AreDataShownBy(plot, data, button))) {
+        ShowDataBy(slot, data, button);
+    }
+}
+
+void ToggleSymbolLayer(int slot, int button) {
+    if (!IsOpenSlot(slot)) {
+        return;
+    }
+    const Plot& plot = PlotOf(slot);
+    if (CanPress(plot, button)) {
+        RecordFigure figure = plot.record;
+        figure.Layers = LayersWithButton(plot, ChosenDataOf(plot), button);
+        ChangeFigure(slot, figure);
+    }
+}
+
 void SetPlotSymbol(int button) {
-    if (gBusy || !IsOpenSlot(gActivePlot)) {
-        return;
-    }
-    PlotRecord& record = ActiveRecord();
-    if (record.NumValidData == 0 || record.PlotKind == kRose || button < 0
-        || button > kLastModeButton) {
-        return;
-    }
-    const bool hasOverlays = record.OverlayRows[kOverlayCount] > 0;
-    if (MixesAxes(record, button + 1)) {
-        Tell(kMixedAxesRefusal);
-        return;
-    }
-    if (button >= 2) {
-        // Mode 2 does not have a button.
-        if (!hasOverlays && record.PlotSymbolMode != button + 1) {
-            record.PlotSymbolMode = static_cast<std::int16_t>(button + 1);
-            ReplotActivePlot(false);
-        }
-    } else if (hasOverlays) {
-        SetTopOverlayForm(record, button);
-    } else {
-        record.PlotSymbolMode = static_cast<std::int16_t>(button);
-        ReplotActivePlot(false);
-    }
+    SetPlotSymbol(gActivePlot, button);
 }
 
 void ShowPlotPart(int button, bool on) {

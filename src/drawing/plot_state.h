@@ -20,10 +20,17 @@ bool ChangeDataKind(std::int16_t kind);
 
 inline constexpr int kLastModeButton = 6;
 
-/// Presses symbol button 0 to 6: great circles, points, beta intersections, point density, gridded
-/// density, contours, contours and grid. In a plot with overlays the first two act on the top
-/// overlay and the others do nothing.
+/// Presses symbol button 0 to 6 for a plot: great circles, points, beta intersections, point
+/// density, gridded density, contours, contours and grid. The button acts on the chosen data
+/// (drawing/symbol_choice.h), the main rows at first; one that cannot show them does nothing.
+void SetPlotSymbol(int slot, int button);
+
+/// The same for gActivePlot.
 void SetPlotSymbol(int button);
+
+/// Adds what a symbol button shows as further layers of the chosen data, or removes these layers.
+/// Can be undone.
+void ToggleSymbolLayer(int slot, int button);
 
 /// The display options of the buttons. The first six are indexes of LayerVisible.
 enum DisplayButton : int {

@@ -5,6 +5,8 @@
 #include "core/letter_case.h"
 #include "core/plot_formulas.h"
 #include "core/plot_store.h"
+#include "drawing/layer_rows.h"
+#include "drawing/symbol_choice.h"
 #include "edit/history/undo.h"
 #include "edit/rows/clipboard_text.h"
 #include "edit/selection/marquee.h"
@@ -17,37 +19,19 @@ namespace quandrel {
 
 namespace {
 
-/// The drawing mode of a symbol button 0 to 6. Mode 2 has no button.
-int ModeOfButton(int button) {
-    return button < 2 ? button : button + 1;
-}
-
 bool IsGridMode(int mode) {
     return mode == kGridDensitySymbols || mode == kContours || mode == kContoursAndGrid;
 }
 
-/// In a plot with overlays the symbol buttons act on the top one, and only on planes.
-void SetTopOverlayButtons(ToolbarState& state, const PlotRecord& record) {
-    const std::int16_t kind =
-        record.OverlayKind[static_cast<std::size_t>(record.OverlayRows[kOverlayCount])];
-    const bool isOfPlanes = kind <= kOverlayPoles;
-    state.symbols[0] = {isOfPlanes, kind == kOverlayGreatCircles};
-    state.symbols[1] = {isOfPlanes, kind != kOverlayGreatCircles};
-}
-
-void SetModeButtons(ToolbarState& state, const PlotRecord& record) {
+/// The symbol buttons act on the chosen data.
+void SetModeButtons(ToolbarState& state, const Plot& plot) {
     if (!state.hasRows || !state.isStereo) {
         return;
     }
-    if (record.OverlayRows[kOverlayCount] > 0) {
-        SetTopOverlayButtons(state, record);
-        return;
-    }
-    const int mode =
-        record.PlotSymbolMode == kPointSymbolsToo ? kPointSymbols : int{record.PlotSymbolMode};
+    const FigureLayer data = ChosenDataOf(plot);
     for (int button = 0; button < kOverlaySecondaryButton; ++button) {
-        const int own = ModeOfButton(button);
-        state.symbols[static_cast<std::size_t>(button)] = {true, own == mode};
+        state.symbols[static_cast<std::size_t>(button)] = {CanShowDataBy(plot, data, button),
+                                                           AreDataShownBy(plot, data, button)};
     }
 }
 
@@ -150,7 +134,7 @@ ToolbarState StateOfToolbar() {
     state.hasSeveralPlots = CountOpenPlots() > 1;
     state.showsLegend = IsPlotPartShown(kShowLegend);
     SetTypeButtons(state, record.PlotKind, record.DataKind, record.PrimaryFormat <= kDirections);
-    SetModeButtons(state, record);
+    SetModeButtons(state, ActivePlot());
     SetSecondaryButtons(state, record);
     SetDisplayButtons(state);
     state.useDecimals = {true, record.UseDecimals != 0};
@@ -167,13 +151,14 @@ ToolbarState StateOfToolbar() {
 }
 
 MenuCaptions CaptionsOfMenus() {
-    const bool hasPlot = IsOpenSlot(gActivePlot);
-    const bool showsSecondary = hasPlot && ActiveRecord().ShowSecondary != 0;
-    const bool showsAnnotations = hasPlot && ActiveRecord().ShowAnnotations != 0;
-    const bool isAdvanced = hasPlot && ActiveRecord().StatsBoxKind != 0;
+    const Plot* const plot = IsOpenSlot(gActivePlot) ? &ActivePlot() : nullptr;
+    const bool showsSecondary = plot != nullptr && plot->record.ShowSecondary != 0;
+    const bool showsAnnotations = plot != nullptr && plot->record.ShowAnnotations != 0;
+    const bool isAdvanced = plot != nullptr && plot->record.StatsBoxKind != 0;
     MenuCaptions captions;
-    const bool hasOverlays = hasPlot && ActiveRecord().OverlayRows[kOverlayCount] > 0;
-    const std::string ofWhat = hasOverlays ? " (top overlay)" : "";
+    const std::string chosen =
+        plot != nullptr ? NameOfLayerData(*plot, ChosenDataOf(*plot)) : std::string();
+    const std::string ofWhat = chosen.empty() ? "" : " (" + chosen + ")";
     captions.greatCircles = "Great C&ircles" + ofWhat;
     captions.pointSymbols = "Point &symbols" + ofWhat;
     captions.plotSecondary = showsSecondary ? "Plot Primar&y Data" : "Plot Secondar&y Data";

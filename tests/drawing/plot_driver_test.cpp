@@ -7,6 +7,7 @@
 #include "drawing/legend.h"
 #include "drawing/plot_driver.h"
 #include "drawing/plot_state.h"
+#include "drawing/symbol_choice.h"
 #include "edit/marks/annotation_edits.h"
 #include "edit/marks/annotations.h"
 #include "edit/marks/small_circles.h"
@@ -584,17 +585,26 @@ TEST_F(PlotDriver, TheSymbolButtonsSkipModeTwo) {
     }
 }
 
-TEST_F(PlotDriver, OnAPlotWithOverlaysTheFirstTwoButtonsActOnTheTopOne) {
+TEST_F(PlotDriver, OnAPlotWithOverlaysTheButtonsActOnTheChosenData) {
     AddRow(30, 120);
     AddOverlay(kOverlayPoles, 40, 10, CodeOfStyleRow(3));
     SetPlotSymbol(0);
-    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayGreatCircles);
-    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kPointSymbols);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayPoles);
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kGreatCircles) << "main rows at first";
     SetPlotSymbol(4);
-    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kPointSymbols);
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kGridDensitySymbols);
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    ChooseData(ActivePlot(), overlay);
+    SetPlotSymbol(0);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayGreatCircles);
+    EXPECT_EQ(ActiveRecord().PlotSymbolMode, kGridDensitySymbols);
+    EXPECT_TRUE(ActiveRecord().Layers.empty());
     ActiveRecord().OverlayKind[1] = kOverlayPolarLines;
     SetPlotSymbol(0);
-    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayPolarLines);
+    EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayPolarLines) << "lines have no other form";
+    EXPECT_FALSE(ActiveRecord().Layers.empty()) << "their planes are a layer";
 }
 
 TEST_F(PlotDriver, ChangingTheNetMovesTheRowsAndMarksThemChanged) {
@@ -632,6 +642,10 @@ TEST_F(PlotDriver, LookingChangesNothingThatIsToBeSaved) {
     EXPECT_EQ(ActiveRecord().Modified, 0);
     AddOverlay(kOverlayPoles, 40, 10, CodeOfStyleRow(3));
     ActiveRecord().Modified = 0;
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    ChooseData(ActivePlot(), overlay);
     SetPlotSymbol(0);
     EXPECT_EQ(ActiveRecord().OverlayKind[1], kOverlayGreatCircles);
     EXPECT_EQ(ActiveRecord().Modified, 0);

@@ -62,6 +62,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"fabric", Above(onMarks, {"drawing"})},
         {"hypotheses", Above(onMarks, {"drawing"})},
         {"print", onDrawing},
+        {"panels", Above(onEdits, {"drawing"})},
         {"session", Above(onDrawing, {"mapinfo", "persistence", "print", "svg"})},
         {"recovery", onSession},
         {"preferences", onSession},

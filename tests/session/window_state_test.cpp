@@ -3,6 +3,7 @@
 #include "core/plot_store.h"
 #include "core/settings_value.h"
 #include "drawing/plot_state.h"
+#include "drawing/symbol_choice.h"
 #include "session/window_state.h"
 #include "support/plot_rows.h"
 #include "support/test_platform.h"
@@ -121,15 +122,21 @@ TEST_F(Toolbar, AnEmptyPlotAndARoseHaveNoSymbolButtons) {
     EXPECT_FALSE(StateOfToolbar().isStereo);
 }
 
-TEST_F(Toolbar, OverPlanesAnOverlayTakesTheFirstTwoButtons) {
+TEST_F(Toolbar, TheSymbolButtonsAreThoseOfTheChosenData) {
     PlotWithRows();
     AddOverlay(kOverlayGreatCircles, 10, 20, CodeOfStyleRow(2));
-    EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1}));
+    EXPECT_EQ(Down(StateOfToolbar().symbols), Numbers{1}) << "main rows as points";
+    EXPECT_EQ(CaptionsOfMenus().greatCircles, "Great C&ircles");
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    ChooseData(ActivePlot(), overlay);
+    EXPECT_EQ(Enabled(StateOfToolbar().symbols), (Numbers{0, 1, 2, 4, 5, 6}))
+        << "symbols by density are those of the main rows";
     EXPECT_EQ(Down(StateOfToolbar().symbols), Numbers{0});
+    EXPECT_EQ(CaptionsOfMenus().greatCircles, "Great C&ircles (Overlay 1)");
     ActiveRecord().OverlayKind[1] = kOverlayPoles;
     EXPECT_EQ(Down(StateOfToolbar().symbols), Numbers{1});
-    ActiveRecord().OverlayKind[1] = kOverlayLines;
-    EXPECT_EQ(Enabled(StateOfToolbar().symbols), Numbers{});
 }
 
 TEST_F(Toolbar, SecondaryDataBringTheirButtons) {
