@@ -238,6 +238,15 @@ void AddSession(Rows& table) {
     table.push_back(
         Truth({{Session}, kStartUp, "MIToolbarShow"}, gSettings.windows.mapToolbar, true));
     table.push_back(Truth({{Session}, kStartUp, "ToolLabels"}, gSettings.windows.toolLabels, true));
+    table.push_back(
+        Truth({{Session}, kStartUp, "LayerPanel"}, gSettings.windows.layerPanel, false));
+    table.push_back(
+        Truth({{Session}, kStartUp, "PropertyPanel"}, gSettings.windows.propertyPanel, false));
+    constexpr int kPanelWidth = 240;
+    table.push_back(WholeNumber({{Session}, kStartUp, "LayerPanelWidth"},
+                                gSettings.windows.layerWidth, kPanelWidth, {100, 2000}));
+    table.push_back(WholeNumber({{Session}, kStartUp, "PropertyPanelWidth"},
+                                gSettings.windows.propertyWidth, kPanelWidth, {100, 2000}));
     table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
                           "tickauto"));
     table.push_back(SectorSize());

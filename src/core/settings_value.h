@@ -34,6 +34,10 @@ struct WindowSettings {
     float plotAspect = 0.75F;           ///< its height over its width
     bool mapToolbar = true;             ///< whether the toolbar of a map link is shown
     bool toolLabels = true;             ///< whether buttons of the tool strip have names below
+    bool layerPanel = false;            ///< whether the panel of data and layers is shown
+    bool propertyPanel = false;         ///< whether that of the properties of a layer is shown
+    std::int16_t layerWidth = 240;      ///< of the panels, logical pixels
+    std::int16_t propertyWidth = 240;
 };
 
 /// Files and folders.

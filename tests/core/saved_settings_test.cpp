@@ -89,6 +89,10 @@ protected:
         gRoseSectorFraction = 77;
         gSettings.windows.mapToolbar = false;
         gSettings.windows.toolLabels = false;
+        gSettings.windows.layerPanel = true;
+        gSettings.windows.propertyPanel = true;
+        gSettings.windows.layerWidth = 310;
+        gSettings.windows.propertyWidth = 290;
         gPlotWinLast = true;
         gPlotWidthPercent = 61;
         gPlotAspect = 0.333F;

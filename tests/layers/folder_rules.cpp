@@ -82,8 +82,9 @@ const std::map<std::string, Folders>& RoomIncludes() {
     static const Folders onClasses = Above(onStyles, {"shell/classes"});
     static const Folders onDialogs = Above(onFormat, {"shell/dialogs"});
     static const Folders onPlot = Above(onDialogs, {"shell/classes", "shell/rose", "shell/plot"});
-    static const Folders onAll = Above(
-        onPlot, {"shell/grids", "shell/help", "shell/map", "shell/preferences", "shell/print"});
+    static const Folders onAll =
+        Above(onPlot, {"shell/grids", "shell/help", "shell/map", "shell/panels",
+                       "shell/preferences", "shell/print"});
     static const std::map<std::string, Folders> allowed = {
         {"shell/controls", {}},
         {"shell/styles", onControls},
@@ -94,6 +95,7 @@ const std::map<std::string, Folders>& RoomIncludes() {
         {"shell/print", onControls},
         {"shell/help", onControls},
         {"shell/map", Above(onControls, {"mapsession", "mapsession/windows"})},
+        {"shell/panels", onStyles},
         {"shell/format", onStyles},
         {"shell/dialogs", onFormat},
         {"shell/preferences", onDialogs},

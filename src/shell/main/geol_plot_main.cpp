@@ -66,6 +66,7 @@ GeolPlotMain::GeolPlotMain()
     MakeStatusBar();
     MakeToolBars();
     MakePlotRoom();
+    MakePanels();
     menus_ = std::make_unique<MainMenus>(*this, *commands_);
     ConnectEngine();
     MakeMapLink();

@@ -37,6 +37,8 @@ class NetMouse;
 class PlotForm;
 class ToolStrip;
 class PlotDialogs;
+class LayerPanel;
+class PropertyPanel;
 class frmIntro;
 class frmPlotForms;
 
@@ -94,6 +96,9 @@ private:
     void MakeStatusBar();
     void MakeToolBars();
     void MakePlotRoom();
+    void MakePanels();
+    void FollowPanels();
+    void KeepPanels();
     void MakeMouse();
     void MakeMapLink();
     void UpdateMapLink();
@@ -160,6 +165,8 @@ private:
     QToolBar* toolMapInfo_ = nullptr;
     GirdlePanel* panGirdleBox_ = nullptr;
     QMdiArea* room_ = nullptr;
+    LayerPanel* panLayers_ = nullptr;
+    PropertyPanel* panProperties_ = nullptr;
     RecentPictures pictures_{FolderOfRecentPictures()};
     frmIntro* intro_ = nullptr;
     std::unique_ptr<PlotDialogs> dialogs_;

@@ -44,13 +44,15 @@
 #include "shell/main/geol_plot_main.h"
 #include "shell/main/main_menus.h"
 #include "shell/main/tool_strip.h"
+#include "shell/panels/layer_panel.h"
+#include "shell/panels/property_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/plot_dialogs.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -221,7 +223,14 @@ void GeolPlotMain::ConnectPlotCommands() {
                            [i] { UsePlotFormulas(gActivePlot, static_cast<std::int16_t>(i)); });
     }
     for (int i = 0; i < kOverlaySecondaryButton; ++i) {
-        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
+        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] {
+            // With Ctrl the button adds a layer, or takes it away.
+            if (QApplication::keyboardModifiers().testFlag(Qt::ControlModifier)) {
+                ToggleSymbolLayer(gActivePlot, i);
+            } else {
+                SetPlotSymbol(i);
+            }
+        });
     }
     for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
         // In the menus a separator comes before these commands.
@@ -262,6 +271,9 @@ void GeolPlotMain::ConnectViewCommands() {
     commands_->Connect("mnuViewPlotData", [this] { displays_->ShowPlotData(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
+    commands_->Connect("mnuViewLayers", [this] { panLayers_->setVisible(panLayers_->isHidden()); });
+    commands_->Connect("mnuViewProperties",
+                       [this] { panProperties_->setVisible(panProperties_->isHidden()); });
     commands_->Connect("mnuViewLabels",
                        [] { gSettings.windows.toolLabels = !gSettings.windows.toolLabels; });
 }

@@ -58,6 +58,7 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
         return;
     }
     KeepMainWindowPlace(quandrel::StateOf(*this), RectOf(geometry()));
+    KeepPanels();
     if (!SaveSettings(SettingsGroup::Session)) {
         Tell("The settings of this session could not be saved.");
     }

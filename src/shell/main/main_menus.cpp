@@ -155,6 +155,9 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          "mnuViewRawData",
          "mnuViewPlotData",
          kGap,
+         "mnuViewLayers",
+         "mnuViewProperties",
+         kGap,
          "mnuViewToolbar",
          "mnuViewLabels",
          "mnuViewPreferences"});

@@ -25,6 +25,8 @@
 #include "shell/main/main_menus.h"
 #include "shell/main/tool_strip.h"
 #include "shell/map/frm_mapinfo.h"
+#include "shell/panels/layer_panel.h"
+#include "shell/panels/property_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/net_mouse.h"
@@ -118,6 +120,7 @@ void GeolPlotMain::UpdatePlotState() {
         intro_->Refresh();
         PlaceIntro();
     }
+    FollowPanels();
     if (frmPlotForms* form = ActiveForm()) {
         form->FollowRecord();
         const QMdiSubWindow* front = room_->activeSubWindow();
@@ -168,6 +171,8 @@ void GeolPlotMain::UpdateToolbar() {
     set("mnuPlotSecondary", state.secondary[0]);
     set("mnuPlotDecimals", state.useDecimals);
     set("mnuPlotAnnotation", state.annotations);
+    set("mnuViewLayers", {true, panLayers_->isVisibleTo(this)});
+    set("mnuViewProperties", {true, panProperties_->isVisibleTo(this)});
     set("mnuViewLabels", {true, gSettings.windows.toolLabels});
     panToolbarBox_->ShowLabels(gSettings.windows.toolLabels);
     set("mnuViewConfidence", state.confidenceCone);
