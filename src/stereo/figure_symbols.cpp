@@ -30,9 +30,12 @@ struct SetOfCode {
 std::optional<SetOfCode> SetOfStartCode(SymbolCode code) {
     static const Styles start = StartStyles();
     const auto is = [code](int row) { return CodeOfStyleRow(start, row) == code; };
-    for (int row = kRowSymbol; row < kFirstOverlaySymbol + kOverlaySymbols + 1; ++row) {
-        if (is(row)) {
-            return SetOfCode{static_cast<std::size_t>(row / 2), row % 2 != 0};
+    if (is(kRowSymbol) || is(kUpRowSymbol)) {
+        return SetOfCode{0, is(kUpRowSymbol)};
+    }
+    for (int overlay = 1; overlay <= kOverlaySymbols; ++overlay) {
+        if (is(kFirstOverlaySymbol + overlay % kOverlaySymbols)) {
+            return SetOfCode{static_cast<std::size_t>(overlay), false};
         }
     }
     if (is(kDerivedSymbol) || is(kDerivedUpSymbol)) {

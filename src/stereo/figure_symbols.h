@@ -29,9 +29,10 @@ struct FigureSymbol {
 /// The look of a code among so many rows, in a style with symbols in millimetres.
 ///
 /// A code of the start tables is the default of its set: main rows, an overlay, a class, derived
-/// axes. It takes the shape and the colour of the set; those of upward lines and of T axes are
-/// open. Derived axes look like main rows. Any other code keeps its shape and its colour, and its
-/// size is in proportion.
+/// axes. It takes the shape and the colour of the set; those of upward main rows and of T axes are
+/// open. Upward polar lines of an overlay have the code of the next overlay, and so its look.
+/// Derived axes look like main rows. Any other code keeps its shape and its colour, and its size is
+/// in proportion.
 [[nodiscard]] FigureSymbol SymbolInFigure(const FigureStyle& figure, const Styles& styles,
                                           SymbolCode code, std::int64_t rows);
 
