@@ -77,19 +77,25 @@ Colour ColourOfBand(const Styles& styles, const RecordDensityView& view, int lev
                                                    : PaletteOrder::Forward);
 }
 
+std::vector<double> OwnLevelsOf(const PlotRecord& record, const FigureStyle& figure,
+                                const FigureLayer& layer, const PlotDensity& density) {
+    int steps = StepsOfLayer(record, layer);
+    if (steps == kAsStyle && record.LevelRule == kDoublingLevels
+        && ShowsDataAs(record, layer, kShowBands)) {
+        steps = figure.bands.steps;
+    }
+    return steps > 0 ? LevelsInBands(density.Greatest().value, std::min(steps, kMostLevels))
+                     : std::vector<double>();
+}
+
 DensityLook LookOfDensity(const PlotRecord& record, const Drawing& drawing,
                           const PlotDensity& density) {
     const FigureLayer& layer = LayerOf(drawing);
     DensityLook look;
     look.areLinesOfBands = ShowsDataAs(record, layer, kShowBands);
-    int steps = StepsOfLayer(record, layer);
-    if (steps == kAsStyle && record.LevelRule == kDoublingLevels && look.areLinesOfBands) {
-        steps = FigureOf(drawing).bands.steps;
-    }
-    look.hasOwnLevels = steps > 0;
-    if (look.hasOwnLevels) {
-        look.levels = LevelsInBands(density.Greatest().value, std::min(steps, kMostLevels));
-    } else {
+    look.levels = OwnLevelsOf(record, FigureOf(drawing), layer, density);
+    look.hasOwnLevels = !look.levels.empty();
+    if (!look.hasOwnLevels) {
         look.levels.assign(density.Levels().begin(), density.Levels().end());
     }
     look.bands = ColoursOfBands(record, drawing, static_cast<int>(look.levels.size()));
@@ -100,7 +106,12 @@ DensityLook LookOfDensity(const PlotRecord& record, const Drawing& drawing,
 
 LookContours::LookContours(const PlotDensity& density, const DensityLook& look)
     : all_(density.Contours()) {
-    if (look.hasOwnLevels) {
+    if (!look.hasOwnLevels) {
+        return;
+    }
+    if (const auto* kept = density.KeptAt(look.levels)) {
+        all_ = *kept;
+    } else {
         own_ = density.ContoursAt(look.levels);
         all_ = own_;
     }

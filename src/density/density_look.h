@@ -40,10 +40,17 @@ struct DensityLook {
 [[nodiscard]] DensityLook LookOfDensity(const PlotRecord& record, const Drawing& drawing,
                                         const PlotDensity& density);
 
-/// The contours of a density at the levels of a look.
+/// The levels that a layer or a style gives a density, LookOfDensity's if they are not those that
+/// the density has; else empty.
+[[nodiscard]] std::vector<double> OwnLevelsOf(const PlotRecord& record, const FigureStyle& figure,
+                                              const FigureLayer& layer, const PlotDensity& density);
+
+/// The contours of a density at the levels of a look: kept ones, or traced now.
 class LookContours {
 public:
     LookContours(const PlotDensity& density, const DensityLook& look);
+    LookContours(const LookContours&) = delete;
+    LookContours& operator=(const LookContours&) = delete;
 
     [[nodiscard]] std::span<const PlotDensity::Contour> All() const { return all_; }
 

@@ -260,6 +260,24 @@ std::vector<PlotDensity::Contour> PlotDensity::ContoursAt(std::span<const double
     return contours;
 }
 
+void PlotDensity::KeepContoursAt(const std::vector<double>& levels) {
+    constexpr std::size_t kMostKept = 4;
+    if (KeptAt(levels) != nullptr) {
+        return;
+    }
+    if (kept_.size() == kMostKept) {
+        kept_.erase(kept_.begin());
+    }
+    kept_.push_back({levels, ContoursAt(levels)});
+}
+
+const std::vector<PlotDensity::Contour>* PlotDensity::KeptAt(std::span<const double> levels) const {
+    const auto found = std::ranges::find_if(kept_, [levels](const KeptContours& kept) {
+        return std::ranges::equal(kept.levels, levels);
+    });
+    return found != kept_.end() ? &found->contours : nullptr;
+}
+
 double PlotDensity::ValueAt(const MeasuredLine& line) const {
     return ValueOf(Formula(), unit_, field_.At(line));
 }
@@ -343,6 +361,11 @@ void WorkOutDensity(Plot& plot, StatusLine* watcher) {
 
 const PlotDensity* DensityOf(const Plot& plot) {
     const auto* const known = plot.attachments.Find<KnownDensity>();
+    return known == nullptr ? nullptr : known->density.get();
+}
+
+PlotDensity* ChangingDensityOf(Plot& plot) {
+    auto* const known = plot.attachments.Find<KnownDensity>();
     return known == nullptr ? nullptr : known->density.get();
 }
 

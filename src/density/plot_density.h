@@ -63,8 +63,14 @@ public:
 
     [[nodiscard]] std::span<const Contour> Contours() const { return contours_; }
 
-    /// The same at any levels, which are traced at each call.
+    /// The same at any levels, which are traced at each call. 5 ms for each level.
     [[nodiscard]] std::vector<Contour> ContoursAt(std::span<const double> levels) const;
+
+    /// Traces contours at further levels and keeps them, of up to four sets of levels.
+    void KeepContoursAt(const std::vector<double>& levels);
+
+    /// The contours that are kept of some levels; null for others.
+    [[nodiscard]] const std::vector<Contour>* KeptAt(std::span<const double> levels) const;
 
     /// The outlines of where the sum of weights exceeds a value, and this value in the unit. Around
     /// greater counts they run half-way to the next whole number, as contours do.
@@ -87,6 +93,13 @@ private:
     FieldMaximum greatest_;
     std::vector<double> levels_;
     std::vector<Contour> contours_;
+
+    struct KeptContours {
+        std::vector<double> levels;
+        std::vector<Contour> contours;
+    };
+
+    std::vector<KeptContours> kept_; ///< at further levels, the latest last
 };
 
 /// The density of some lines, with the rows that it is computed from.
@@ -98,6 +111,8 @@ public:
     LinesDensity(const RowLines& lines, LineSense sense, const RecordDensityView& view);
 
     [[nodiscard]] const PlotDensity& Density() const { return *density_; }
+
+    [[nodiscard]] PlotDensity& Density() { return *density_; }
 
     /// Whether another view would give the same density.
     [[nodiscard]] bool IsOf(const RecordDensityView& view) const;
@@ -126,6 +141,9 @@ void WorkOutDensity(Plot& plot, StatusLine* watcher);
 
 /// The density that WorkOutDensity computed; null without one.
 [[nodiscard]] const PlotDensity* DensityOf(const Plot& plot);
+
+/// The same, to keep further contours in.
+[[nodiscard]] PlotDensity* ChangingDensityOf(Plot& plot);
 
 /// Its envelope, if the plot shows it; null without one.
 [[nodiscard]] const DensityEnvelope* EnvelopeOf(const Plot& plot);

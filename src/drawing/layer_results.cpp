@@ -3,6 +3,8 @@
 #include "drawing/layer_results.h"
 
 #include "core/data_format.h"
+#include "core/plot_style.h"
+#include "density/density_look.h"
 #include "drawing/layer_list.h"
 #include "stereo/lines_of_rows.h"
 #include "stereo/shown_layers.h"
@@ -74,6 +76,37 @@ void WorkOutData(const Plot& plot, const FigureLayer& layer, KeptData& data, Sta
     }
 }
 
+/// The density of the data of a layer, to keep further contours in; null without one.
+PlotDensity* ChangingDensity(Plot& plot, const FigureLayer& layer) {
+    if (layer.LayerOf == kLayerOfMainRows) {
+        return ChangingDensityOf(plot);
+    }
+    auto* const kept = plot.attachments.Find<KeptLayers>();
+    if (kept == nullptr) {
+        return nullptr;
+    }
+    const auto found = kept->data.find(KeyOf(layer));
+    return found != kept->data.end() && found->second.density ? &found->second.density->Density()
+                                                              : nullptr;
+}
+
+/// Traces the contours at the levels of layers and of the plot's style, so that drawings need not.
+void KeepContours(Plot& plot) {
+    const std::shared_ptr<const FigureStyle> style = StyleOfPlot(plot.record);
+    for (const FigureLayer& layer : LayersOf(plot)) {
+        const bool hasContours = layer.LayerShow == kShowBands || layer.LayerShow == kShowContours;
+        if (!hasContours || layer.LayerHidden != 0) {
+            continue;
+        }
+        if (PlotDensity* const density = ChangingDensity(plot, layer)) {
+            const std::vector<double> own = OwnLevelsOf(plot.record, *style, layer, *density);
+            if (!own.empty()) {
+                density->KeepContoursAt(own);
+            }
+        }
+    }
+}
+
 const KeptData* FindData(const Plot& plot, const FigureLayer& layer) {
     const auto* const kept = plot.attachments.Find<KeptLayers>();
     if (kept == nullptr) {
@@ -119,6 +152,7 @@ void WorkOutLayers(Plot& plot, const Styles& styles, int gridSize, StatusLine* w
     } else {
         plot.attachments.Of<KeptLayers>() = std::move(next);
     }
+    KeepContours(plot);
 }
 
 LayerRows RowsOfLayer(const Plot& plot, const Styles& styles, const FigureLayer& layer) {
