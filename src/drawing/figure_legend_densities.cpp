@@ -19,14 +19,6 @@ namespace quandrel {
 
 namespace {
 
-/// "Multiples of uniform" in the middle of a sentence.
-std::string WithSmallFirst(std::string text) {
-    if (!text.empty() && text.front() >= 'A' && text.front() <= 'Z') {
-        text.front() = static_cast<char>(text.front() - 'A' + 'a');
-    }
-    return text;
-}
-
 /// A great density has fewer decimals.
 std::string TextOfDensity(double value) {
     constexpr double kSmall = 1;
@@ -45,7 +37,31 @@ bool ComparesDensities(const PlotRecord& record) {
     return std::ranges::any_of(record.Layers, isOther) && ShowsDensities(record);
 }
 
+/// The contours of a look, one for each level.
+std::vector<LineLook> LinesOfLook(const Drawing& drawing, const DensityLook& look) {
+    std::vector<LineLook> lines;
+    for (std::size_t level = 0; level < look.levels.size(); ++level) {
+        lines.push_back(LookOfContour(drawing.plot, drawing, look, static_cast<int>(level)));
+    }
+    return lines;
+}
+
+bool AreAlike(const std::vector<LineLook>& lines) {
+    return std::ranges::all_of(lines, [&lines](const LineLook& line) {
+        return line.colour == lines.front().colour
+               && line.state.drawStyle == lines.front().state.drawStyle
+               && line.state.drawWidth == lines.front().state.drawWidth;
+    });
+}
+
 } // namespace
+
+std::string WithSmallFirst(std::string text) {
+    if (!text.empty() && text.front() >= 'A' && text.front() <= 'Z') {
+        text.front() = static_cast<char>(text.front() - 'A' + 'a');
+    }
+    return text;
+}
 
 /// The unit and the greatest density, after the name of the data where there are several.
 std::string LegendMaker::TitleOfDensity(DensityUnit unit, double most, bool isBar) const {
@@ -96,11 +112,30 @@ void LegendMaker::AddCountLevels() {
     }
 }
 
+/// One line for contours that look alike: "Overlay 1: 2, 4, 6 multiples of uniform, max 7.1".
+void LegendMaker::AddContourLine(const PlotDensity& density, const DensityLook& look,
+                                 LineLook line) {
+    std::string levels;
+    for (const double level : look.levels) {
+        levels += (levels.empty() ? "" : ", ") + FormatNumber(level, "0.####");
+    }
+    const std::string name = NameOfLayerData(plot_, *layer_);
+    const std::string noun = Named(name.empty() ? std::string(kContoursText) : name);
+    AddLine(std::move(line), noun + ": " + levels + " " + WithSmallFirst(NameOfUnit(density.Unit()))
+                                 + kMaximaText + TextOfDensity(density.Greatest().value));
+}
+
 void LegendMaker::AddFieldLevels(const PlotDensity& density, bool hasTitle) {
     Drawing drawing = drawing_;
     drawing.layer = layer_;
     const DensityLook look = LookOfDensity(record_, drawing, density);
     if (look.levels.empty()) {
+        return;
+    }
+    const bool areLines = layer_->LayerShow == kShowContours;
+    const std::vector<LineLook> lines = LinesOfLook(drawing, look);
+    if (areLines && lines.size() > 1 && AreAlike(lines)) {
+        AddContourLine(density, look, lines.front());
         return;
     }
     if (hasTitle) {
@@ -110,8 +145,8 @@ void LegendMaker::AddFieldLevels(const PlotDensity& density, bool hasTitle) {
     }
     for (std::size_t level = 0; level < look.levels.size(); ++level) {
         const std::string text = "> " + TextInUnit(look.levels[level], density.Unit());
-        if (layer_->LayerShow == kShowContours) {
-            AddLine(LookOfContour(drawing_.plot, drawing, look, static_cast<int>(level)), text);
+        if (areLines) {
+            AddLine(lines[level], text);
             continue;
         }
         FigureEntry entry;

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "density/density_look.h"
 #include "density/plot_density.h"
 #include "drawing/figure_legend.h"
 #include "drawing/layer_rows.h"
@@ -44,8 +45,12 @@ inline constexpr const char* kFoldAxisText = "Fold axis";
 inline constexpr const char* kGirdleAxisText = "Axis of the best girdle";
 inline constexpr const char* kSmallCircleText = "Small circle";
 inline constexpr const char* kEnvelopeText = "5% envelope of significance";
+inline constexpr const char* kContoursText = "Contours";
 inline constexpr const char* kMaximaText = ", max ";
 inline constexpr const char* kRegionText = "% region";
+
+/// "Multiples of uniform" in the middle of a sentence.
+[[nodiscard]] std::string WithSmallFirst(std::string text);
 
 /// Collects the entries of a plot's layers.
 class LegendMaker {
@@ -70,6 +75,7 @@ private:
     void AddClasses();
     void AddDensities();
     void AddFieldLevels(const PlotDensity& density, bool hasTitle);
+    void AddContourLine(const PlotDensity& density, const DensityLook& look, LineLook line);
     void AddCountLevels();
     void AddBar(const PlotDensity& density);
     [[nodiscard]] std::string TitleOfDensity(DensityUnit unit, double most, bool isBar) const;

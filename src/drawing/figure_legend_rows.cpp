@@ -23,6 +23,14 @@ std::string WithCount(const std::string& noun, std::int64_t rows) {
     return noun + kCountText + std::to_string(rows);
 }
 
+/// The name of data after other words. Names that the user gave are kept.
+std::string NameInText(const Plot& plot, const FigureLayer& layer) {
+    std::string name = NameOfLayerData(plot, layer);
+    const bool isOurs =
+        layer.LayerOf == kLayerOfSelection || layer.LayerOf == kLayerOfSecondaryRows;
+    return isOurs ? WithSmallFirst(std::move(name)) : name;
+}
+
 } // namespace
 
 /// Rows by the sense of their lines: each sense has a sign of its own.
@@ -140,9 +148,9 @@ void LegendMaker::AddMainRows() {
 void LegendMaker::AddOtherRows() {
     const std::string name = NameOfLayerData(plot_, *layer_);
     if (layer_->LayerShow == kShowGreatCircles) {
-        AddCircles(Named(rows_.arePoles ? name : kPlanesNormalToText + name));
+        AddCircles(Named(rows_.arePoles ? name : kPlanesNormalToText + NameInText(plot_, *layer_)));
     } else if (layer_->LayerShow == kShowPoles && rows_.arePoles) {
-        AddRows(Named(kPolesToText + name));
+        AddRows(Named(kPolesToText + NameInText(plot_, *layer_)));
     } else {
         AddRows(Named(name));
     }
@@ -157,7 +165,7 @@ void LegendMaker::AddIntersections() {
     } else {
         rows = DrawnRowsOf(plot_, drawing_.styles, *layer_, rows_).All();
         rows.count = IntersectionsOfLayer(plot_, drawing_.styles, *layer_, drawing_.watcher)->count;
-        noun = kIntersectionsOfText + NameOfLayerData(plot_, *layer_);
+        noun = kIntersectionsOfText + NameInText(plot_, *layer_);
     }
     if (rows.count > 0) {
         AddSymbol(rows, WithCount(Named(noun), rows.count));
@@ -182,10 +190,12 @@ void LegendMaker::AddSlipArrows() {
     if (drawn.count == 0) {
         return;
     }
-    const std::string name = NameOfLayerData(plot_, *layer_);
-    const char* const noun = arrows.haveHeads ? kSlipText : kSlipLinesText;
-    AddSymbol(drawn, WithCount(Named(name.empty() ? noun : name + ": " + noun), drawn.count),
-              FigureSign::Arrow);
+    std::string noun = arrows.haveHeads ? kSlipText : kSlipLinesText;
+    if (const std::string name = NameOfLayerData(plot_, *layer_);
+        !name.empty() && layer_->LayerOf != kLayerOfSecondaryRows) {
+        noun = name + ": " + WithSmallFirst(noun);
+    }
+    AddSymbol(drawn, WithCount(Named(noun), drawn.count), FigureSign::Arrow);
     entries_.back().hasHead = arrows.haveHeads;
 }
 

@@ -4,6 +4,7 @@
 
 #include "batch_fixture.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -98,12 +99,26 @@ TEST_F(BatchFigure, ChangesAllPropertiesOfALayer) {
     EXPECT_EQ(again["LayerSize"], -1);
 }
 
+TEST_F(BatchFigure, AddsLayersOfAllDataOfThePlot) {
+    Write("more.txt", "20\t100\n40\t250\n");
+    const std::vector<std::string> layers =
+        Layers("overlay \"FOLDER/more.txt\"; layer add overlay1 poles; layer add overlay1 bands "
+               "palette=warm steps=4; layer add selection greatcircles");
+    for (const char* layer : {"overlay1/poles", "overlay1/bands", "selection/greatcircles"}) {
+        EXPECT_EQ(std::ranges::count(layers, layer), 1) << layer;
+    }
+}
+
 TEST_F(BatchFigure, RefusesWhatALayerCannotBe) {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"layer add main flowers", "'flowers' is not a way to show data"},
         {"layer add nothing symbols", "'nothing' is not data"},
         {"layer add net symbols", "net cannot be shown as symbols"},
         {"layer add overlay0 symbols", "'overlay0' is not data"},
+        {"layer add overlay1 symbols", "overlay1 cannot be shown as symbols"},
+        {"layer add secondary symbols", "secondary cannot be shown as symbols"},
+        {"layer add class1 symbols", "class1 cannot be shown as symbols"},
+        {"layer add selection bandsymbols", "selection cannot be shown as bandsymbols"},
         {"symbols 1; layer add main symbols", "main is shown as symbols already"},
         {"layer change 99 size=2", "a layer is missing: a number from 1 to "},
         {"layer change 2 size=-3", "'-3' is beyond its limits"},

@@ -4,12 +4,14 @@
 // legend.
 
 #include "core/item_style.h"
+#include "density/density_look.h"
 #include "density/plot_density.h"
 #include "drawing/draw_layers.h"
 #include "drawing/figure_legend.h"
 #include "drawing/layer_list.h"
 #include "drawing/layer_results.h"
 #include "orientation/projection.h"
+#include "stereo/row_sense.h"
 #include "stereo/symbols.h"
 #include "support/slotless_plots.h"
 #include "support/test_platform.h"
@@ -351,6 +353,25 @@ TEST_F(LayersOfRowsTest, DensitiesAreNotWorkedOutTwice) {
     EXPECT_NE(DensityOfLayer(plot, layer)->Greatest().value, greatest) << "other limits";
 }
 
+TEST_F(LayersOfRowsTest, ContoursAtTheLevelsOfLayersAndStyleAreKept) {
+    Plot plot = Faults();
+    plot.record.StyleName = kJournalStyle;
+    plot.record.Layers = {LayerOf("main", kShowBands), LayerOf("class3", kShowContours)};
+    plot.record.Layers[1].LayerSteps = 3;
+    WorkOut(plot);
+    const FigureStyle& journal = *StandardStyle(kJournalStyle);
+    for (const FigureLayer& layer : plot.record.Layers) {
+        const PlotDensity* const density = DensityOfLayer(plot, layer);
+        ASSERT_NE(density, nullptr);
+        const std::vector<double> levels = OwnLevelsOf(plot.record, journal, layer, *density);
+        EXPECT_EQ(levels.size(), layer.LayerSteps == 3 ? 3U : 5U);
+        const auto* const kept = density->KeptAt(levels);
+        ASSERT_NE(kept, nullptr);
+        EXPECT_EQ(kept->size(), levels.size());
+        EXPECT_EQ(density->KeptAt(std::vector<double>{0.123}), nullptr);
+    }
+}
+
 TEST_F(LayersOfRowsTest, SelectionIsFollowed) {
     Plot plot = With(LayerOf("selection", kShowSymbols));
     EXPECT_EQ(PlacesIn(Drawn(plot), "selection").size(), 4U);
@@ -421,6 +442,33 @@ TEST_F(LayersOfRowsTest, LegendHasABarForEachDataWithBands) {
     EXPECT_TRUE(legend.entries[0].text.starts_with("Overlay 1: multiples of uniform, max "))
         << "contours without bands are lines";
     EXPECT_EQ(legend.entries[1].sign, FigureSign::Line);
+}
+
+TEST_F(LayersOfRowsTest, ContoursThatLookAlikeHaveOneEntry) {
+    Plot plot = Faults();
+    plot.record.Layers = {LayerOf("overlay1", kShowContours)};
+    plot.record.Layers[0].LayerColour = 0x0000ff;
+    plot.record.LevelRule = kLevelsByHand;
+    plot.record.LevelsByHand = "0.5, 1";
+    WorkOut(plot);
+    const FigureLegend legend = Legend(plot);
+    ASSERT_EQ(legend.entries.size(), 1U);
+    EXPECT_TRUE(legend.entries[0].text.starts_with("Overlay 1: 0.5, 1 multiples of uniform, max "))
+        << legend.entries[0].text;
+    EXPECT_EQ(legend.entries[0].line.colour, (Colour{255, 0, 0}));
+}
+
+TEST_F(LayersOfRowsTest, OverlaysHaveTheColoursOfTheStyleInTheirOrder) {
+    const Styles start = StartStyles();
+    const FigureStyle& journal = *StandardStyle(kJournalStyle);
+    for (int overlay = 1; overlay < kOverlaySymbols; ++overlay) {
+        PlotRecord of;
+        of.OverlayKind[static_cast<std::size_t>(overlay)] = kOverlayLines;
+        const FigureSymbol symbol =
+            SymbolInFigure(journal, start, CodeOfNewRow(start, of, overlay, false), 50);
+        EXPECT_EQ(symbol.colour, journal.symbols.setColours[static_cast<std::size_t>(overlay)]);
+        EXPECT_FALSE(symbol.isOpen) << overlay;
+    }
 }
 
 TEST_F(LayersOfRowsTest, BandsAreFilledInTheColoursOfTheirBar) {
