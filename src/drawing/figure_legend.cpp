@@ -13,6 +13,7 @@
 #include "edit/marks/small_circles.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "statistics/confidence_cone.h"
 #include "statistics/draw_regions.h"
 #include "statistics/orientation_notation.h"
 #include "statistics/plot_region_texts.h"
@@ -87,7 +88,13 @@ void LegendMaker::AddAxes() {
     }
 }
 
+/// The confidence cone of the principal axis, and the circles of the user.
 void LegendMaker::AddSmallCircles() {
+    const std::optional<double> angle = ConfidenceConeAngle(record_, drawing_.formulas);
+    if (record_.ShowConfidenceCone && angle) {
+        AddLine(LookOfRegion(drawing_),
+                Named(kConeText) + ", " + FormatNumber(RadToDeg(*angle), "0.#") + "°");
+    }
     if (!record_.PlotSmallCircles) {
         return;
     }
@@ -96,12 +103,9 @@ void LegendMaker::AddSmallCircles() {
         if (circle.Visible == 0 || !cone) {
             continue;
         }
-        LineLook look{DrawState(), TableColour(drawing_.styles, circle.LineColour)};
-        look.state.drawStyle = circle.lineStyle;
-        look.state.drawWidth = circle.LineWidth;
-        AddLine(std::move(look), Named(kSmallCircleText) + " "
-                                     + FormatNumber(RadToDeg(cone->halfAngle), "0.#") + "° about "
-                                     + TextOfLine(cone->plunge, cone->trend));
+        AddLine(LookOfSmallCircle(drawing_.plot, drawing_, circle),
+                Named(kSmallCircleText) + " " + FormatNumber(RadToDeg(cone->halfAngle), "0.#")
+                    + "° about " + TextOfLine(cone->plunge, cone->trend));
     }
 }
 
@@ -198,6 +202,7 @@ FigureLegend LegendMaker::Made() && {
         if (layer.LayerHidden == 0 && IsPossible(plot_, layer)) {
             const FigureLayer drawn = LayerAsDrawn(layer, drawing_);
             layer_ = &drawn;
+            drawing_.layer = layer_;
             AddLayer();
         }
     }

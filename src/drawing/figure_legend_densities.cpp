@@ -126,14 +126,12 @@ void LegendMaker::AddContourLine(const PlotDensity& density, const DensityLook& 
 }
 
 void LegendMaker::AddFieldLevels(const PlotDensity& density, bool hasTitle) {
-    Drawing drawing = drawing_;
-    drawing.layer = layer_;
-    const DensityLook look = LookOfDensity(record_, drawing, density);
+    const DensityLook look = LookOfDensity(record_, drawing_, density);
     if (look.levels.empty()) {
         return;
     }
     const bool areLines = layer_->LayerShow == kShowContours;
-    const std::vector<LineLook> lines = LinesOfLook(drawing, look);
+    const std::vector<LineLook> lines = LinesOfLook(drawing_, look);
     if (areLines && lines.size() > 1 && AreAlike(lines)) {
         AddContourLine(density, look, lines.front());
         return;
@@ -160,9 +158,7 @@ void LegendMaker::AddFieldLevels(const PlotDensity& density, bool hasTitle) {
 }
 
 void LegendMaker::AddBar(const PlotDensity& density) {
-    Drawing drawing = drawing_;
-    drawing.layer = layer_;
-    DensityLook look = LookOfDensity(record_, drawing, density);
+    DensityLook look = LookOfDensity(record_, drawing_, density);
     if (look.levels.empty()) {
         return;
     }

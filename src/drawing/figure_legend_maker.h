@@ -44,6 +44,7 @@ inline constexpr const char* kPrincipalAxisText = "Principal axis";
 inline constexpr const char* kFoldAxisText = "Fold axis";
 inline constexpr const char* kGirdleAxisText = "Axis of the best girdle";
 inline constexpr const char* kSmallCircleText = "Small circle";
+inline constexpr const char* kConeText = "95% confidence cone";
 inline constexpr const char* kEnvelopeText = "5% envelope of significance";
 inline constexpr const char* kContoursText = "Contours";
 inline constexpr const char* kMaximaText = ", max ";
@@ -118,7 +119,7 @@ private:
 
     const Plot& plot_;
     const PlotRecord& record_;
-    const Drawing& drawing_;
+    Drawing drawing_; ///< of the layer
     const FigureLayer* layer_ = nullptr;
     LayerRows rows_; ///< of the layer, if it is one of rows
     std::vector<FigureEntry> entries_;

@@ -57,10 +57,9 @@ void LegendMaker::AddCircles(const std::string& noun) {
     if (rows.count == 0) {
         return;
     }
-    LineLook look{DrawState(), ColourOfRows(drawing_, rows.code)};
-    look.state.widthInPoints = FigureOf(drawing_).lines.circleWidth;
-    TakeLayer(layer_, look);
-    AddLine(std::move(look), WithCount(noun, rows.count));
+    AddLine({StateOfRowCircles(plot_, drawing_, SetOf(plot_, rows_)),
+             ColourOfRows(drawing_, rows.code)},
+            WithCount(noun, rows.count));
 }
 
 void LegendMaker::AddKinematicAxes() {

@@ -7,6 +7,7 @@
 #include "core/plot_store.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
+#include "statistics/draw_regions.h"
 #include "statistics/fabric_kernels.h"
 #include "statistics/fabric_statistics.h"
 #include "stereo/cones.h"
@@ -65,14 +66,10 @@ void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing) {
         return;
     }
     const AxisLine axis = FabricAxis(record, kPrincipalAxis);
-    const AxisStyle& style = drawing.styles.axes[kSmallCircleStyle];
+    const LineLook look = LookOfRegion(drawing);
     const SavedState saved(drawing.plot);
-    DrawState state = drawing.plot.State();
-    state.drawStyle = style[kStyleLine];
-    state.drawWidth = style[kStyleWidth];
-    drawing.plot.SetState(state);
-    DrawCone(drawing.plot, record.PlotKind, axis.plunge, axis.trend, *angle,
-             TableColour(drawing.styles, style[kStyleColour]));
+    drawing.plot.SetState(look.state);
+    DrawCone(drawing.plot, record.PlotKind, axis.plunge, axis.trend, *angle, look.colour);
 }
 
 } // namespace quandrel

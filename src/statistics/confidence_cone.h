@@ -22,6 +22,7 @@ namespace quandrel {
 [[nodiscard]] std::string ConfidenceConeText();
 
 /// Draws the cone about the principal axis, by the formulas of the drawing, if shown and possible.
+/// Its line is LookOfRegion.
 void DrawConfidenceCone(const PlotRecord& record, const Drawing& drawing);
 
 } // namespace quandrel

@@ -191,19 +191,21 @@ void DrawArrowsInOrder(const Plot& plot, const Drawing& drawing, const RowSet& s
     }
 }
 
-/// The width and the opacity of the great circles of so many rows.
-void UseCircleStyle(const Drawing& drawing, std::size_t circles) {
+/// The width and the opacity of so many great circles.
+DrawState StateOfCircles(const Drawing& drawing, std::size_t circles) {
     const LineStyle& lines = FigureOf(drawing).lines;
     const bool areMany = circles > static_cast<std::size_t>(lines.manyCircles);
-    SetWidthInPoints(drawing.plot, areMany ? lines.manyCirclesWidth : lines.circleWidth);
-    DrawState state = drawing.plot.State();
-    state.fillStyle = kNoFill;
-    if (lines.circleWidth > 0 && areMany) {
-        state.lineOpacity = lines.manyCirclesOpacity;
+    const double points = areMany ? lines.manyCirclesWidth : lines.circleWidth;
+    LineLook look{drawing.plot.State(), {}};
+    if (points > 0) {
+        look.state.widthInPoints = points;
     }
-    LineLook look{state, {}};
+    look.state.fillStyle = kNoFill;
+    if (lines.circleWidth > 0 && areMany) {
+        look.state.lineOpacity = lines.manyCirclesOpacity;
+    }
     TakeLayer(drawing.layer, look);
-    drawing.plot.SetState(look.state);
+    return look.state;
 }
 
 /// The distinct planes of some rows.
@@ -294,7 +296,7 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, const RowSet&
     const bool isMeasured = plot.record.UseDecimals != 0;
     const std::vector<StyledRow> rows = RowsToDraw(plot, drawing.styles, set, RowStyle::Own);
     const SavedState saved(drawing.plot);
-    UseCircleStyle(drawing, rows.size());
+    drawing.plot.SetState(StateOfCircles(drawing, rows.size()));
     const bool isTrue = FigureOf(drawing).lines.trueCircles;
     StepProgress progress(std::max(static_cast<std::int64_t>(rows.size()), std::int64_t{1}),
                           kDrawingWithoutProgress, drawing.watcher);
@@ -315,6 +317,10 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, const RowSet&
 
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range) {
     DrawRowGreatCircles(plot, drawing, RowSetOf(plot, range));
+}
+
+DrawState StateOfRowCircles(const Plot& plot, const Drawing& drawing, const RowSet& rows) {
+    return StateOfCircles(drawing, RowsToDraw(plot, drawing.styles, rows, RowStyle::Own).size());
 }
 
 std::vector<Point> IntersectionPositions(int plotKind, std::span<const Direction> normals,

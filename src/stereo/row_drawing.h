@@ -83,6 +83,11 @@ void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, const RowSet&
 /// The same of rows at their positions on the plot.
 void DrawRowGreatCircles(const Plot& plot, const Drawing& drawing, RowRange range);
 
+/// The state of the surface in which these great circles are drawn: those of many rows are thinner
+/// and paler.
+[[nodiscard]] DrawState StateOfRowCircles(const Plot& plot, const Drawing& drawing,
+                                          const RowSet& rows);
+
 /// The intersections of the planes of some rows.
 struct BetaIntersections {
     std::vector<Point> places; ///< distinct, in whole plot units

@@ -513,6 +513,60 @@ TEST_F(LayersOfRowsTest, GirdlesAreToldApartByTheirLines) {
     EXPECT_EQ(mean.colour, girdle.colour);
 }
 
+/// Whether some line of a group is drawn as the sign of an entry.
+bool IsDrawnAs(const std::vector<DrawOperation>& drawn, const FigureEntry& entry) {
+    return std::ranges::any_of(drawn, [&entry](const DrawOperation& operation) {
+        return operation.kind != DrawOperation::Kind::Markers
+               && operation.colour == entry.line.colour
+               && operation.state.drawStyle == entry.line.state.drawStyle
+               && operation.state.widthInPoints == entry.line.state.widthInPoints
+               && operation.state.lineOpacity == entry.line.state.lineOpacity;
+    });
+}
+
+TEST_F(LayersOfRowsTest, SignsOfLinesAreTheLinesThatAreDrawn) {
+    Plot plot;
+    plot.record = NewPlotRecord();
+    plot.record.PlotKind = kEqualArea;
+    plot.record.PrimaryFormat = kPrimaryLine;
+    plot.record.DataKind = kLines;
+    plot.record.ShowConfidenceCone = kTrue;
+    for (int trend = 0; trend < 360; trend += 6) { // about the vertical, for a cone
+        AppendTo(plot, 0, 70, trend, CodeOfStyleRow(gSettings.styles, kRowSymbol), 0);
+    }
+    plot.record.PlotSmallCircles =
+        std::make_unique<std::remove_reference_t<decltype(*plot.record.PlotSmallCircles)>>();
+    SmallCircle& circle = (*plot.record.PlotSmallCircles)[1];
+    circle.AxisPl = "30";
+    circle.AxisAz = "200";
+    circle.Angle = "20";
+    circle.Visible = kTrue;
+    const AxisStyle start = StartStyles().axes[kSmallCircleStyle];
+    circle.LineColour = start[kStyleColour];
+    circle.lineStyle = start[kStyleLine];
+    circle.LineWidth = start[kStyleWidth];
+    plot.record.AxisItems[kMeanPlaneItem][kItemShown] = true;
+    FigureLayer girdles = LayerOf("results", kShowCalculatedGirdles);
+    girdles.LayerWidth = 3;
+    plot.record.Layers = {LayerOf("main", kShowGreatCircles), girdles,
+                          LayerOf("results", kShowSmallCircles)};
+    WorkOut(plot);
+    GroupSurface drawn = Drawn(plot);
+    std::map<std::int16_t, int> entries;
+    for (const FigureEntry& entry : Legend(plot).entries) {
+        ASSERT_EQ(entry.sign, FigureSign::Line) << entry.text;
+        const LayerGroup group = GroupOfLayer(plot, entry.layer);
+        EXPECT_TRUE(IsDrawnAs(drawn.operations[group.id], entry)) << entry.text;
+        ++entries[entry.layer.LayerShow];
+        if (entry.layer.LayerShow == kShowSmallCircles) {
+            EXPECT_EQ(entry.line.state.drawStyle, kDashedLine) << entry.text;
+        }
+    }
+    EXPECT_EQ(entries[kShowGreatCircles], 1);
+    EXPECT_EQ(entries[kShowCalculatedGirdles], 1);
+    EXPECT_EQ(entries[kShowSmallCircles], 2) << "the confidence cone and a circle";
+}
+
 TEST_F(LayersOfRowsTest, KinematicAxesAreSmallBlackCirclesFullAndHollow) {
     const Styles start = StartStyles();
     const FigureStyle& journal = *StandardStyle(kJournalStyle);

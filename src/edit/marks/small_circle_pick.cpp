@@ -4,6 +4,7 @@
 
 #include "core/data_format.h"
 #include "core/plot_store.h"
+#include "core/plot_style.h"
 #include "core/replot.h"
 #include "core/settings_value.h"
 #include "edit/history/edit_step.h"
@@ -161,7 +162,9 @@ void DrawPickedCircle(Surface& surface) {
         return;
     }
     if (const auto cone = ConeOfCircle(*circle)) {
-        DrawSmallCircle(surface, gSettings.styles, RecordOf(slot).PlotKind, *cone, *circle);
+        Drawing drawing{surface, surface, gSettings.styles};
+        drawing.figure = StyleOfPlot(RecordOf(slot));
+        DrawSmallCircle(surface, drawing, RecordOf(slot).PlotKind, *cone, *circle);
     }
 }
 

@@ -115,25 +115,37 @@ std::optional<CircleCone> ConeOfCircle(const SmallCircle& circle) {
     return CircleCone{*plunge, WrappedAngle(*trend), *angle > kPi / 2 ? kPi - *angle : *angle};
 }
 
-void DrawSmallCircle(Surface& surface, const Styles& styles, int plotKind, const CircleCone& cone,
-                     const SmallCircle& circle) {
+LineLook LookOfSmallCircle(const Surface& surface, const Drawing& drawing,
+                           const SmallCircle& circle) {
+    static const AxisStyle start = StartStyles().axes[kSmallCircleStyle];
     const CircleStyle style = StyleOf(circle);
-    const Colour ink = TableColour(styles, style.colour);
+    const AxisStyle row = {static_cast<std::int16_t>(style.colour),
+                           static_cast<std::int16_t>(style.lineStyle),
+                           static_cast<std::int16_t>(style.width)};
+    const LineStyle& lines = FigureOf(drawing).lines;
+    LineLook look = LookOfLine(surface, drawing, row, start, lines.regionWidth, lines.accent);
+    if (lines.regionWidth > 0 && row == start) {
+        look.state.drawStyle = kDashedLine;
+        TakeLayer(drawing.layer, look);
+    }
+    return look;
+}
+
+void DrawSmallCircle(Surface& surface, const Drawing& drawing, int plotKind, const CircleCone& cone,
+                     const SmallCircle& circle) {
     const SavedState saved(surface);
-    DrawState state = surface.State();
-    state.drawStyle = style.lineStyle;
-    state.drawWidth = style.width;
-    state.fillStyle = kNoFill;
+    LineLook look = LookOfSmallCircle(surface, drawing, circle);
+    look.state.fillStyle = kNoFill;
     if (cone.halfAngle > 0) {
-        surface.SetState(state);
-        DrawCone(surface, plotKind, cone.plunge, cone.trend, cone.halfAngle, ink);
+        surface.SetState(look.state);
+        DrawCone(surface, plotKind, cone.plunge, cone.trend, cone.halfAngle, look.colour);
         return;
     }
     Point axis;
     ProjectPoint(plotKind, cone.plunge, cone.trend, axis.x, axis.y);
-    state.fillStyle = kSolidFill;
-    surface.SetState(state);
-    surface.Circle(axis, style.width * std::abs(surface.PixelSize().x), ink);
+    look.state.fillStyle = kSolidFill;
+    surface.SetState(look.state);
+    surface.Circle(axis, look.state.drawWidth * std::abs(surface.PixelSize().x), look.colour);
 }
 
 void NoteSmallCircles(PlotRecord& record) {
@@ -157,7 +169,7 @@ void DrawSmallCircles(const PlotRecord& record, const Drawing& drawing) {
         const bool isAbove = drawing.circleAbove > 0 && drawing.circleAbove == set;
         const auto cone = ConeOfCircle(circle);
         if (circle.Visible != 0 && cone && !isAbove) {
-            DrawSmallCircle(drawing.plot, drawing.styles, record.PlotKind, *cone, circle);
+            DrawSmallCircle(drawing.plot, drawing, record.PlotKind, *cone, circle);
         }
         ++set;
     }

@@ -11,6 +11,7 @@
 
 #include "core/plot_record.h"
 #include "stereo/drawing.h"
+#include "stereo/figure_lines.h"
 
 #include <optional>
 #include <string>
@@ -61,8 +62,15 @@ struct CircleCone {
 /// The cone of a small circle, or nothing if one of its texts is invalid.
 [[nodiscard]] std::optional<CircleCone> ConeOfCircle(const SmallCircle& circle);
 
-/// Draws a cone in the style, width and colour of a circle. A cone with angle 0 is a point.
-void DrawSmallCircle(Surface& surface, const Styles& styles, int plotKind, const CircleCone& cone,
+/// The look of the line of a circle. In a style of figures, a circle with the line of the start has
+/// that of regions and is dashed.
+///
+/// @param surface  whose state is the basis
+[[nodiscard]] LineLook LookOfSmallCircle(const Surface& surface, const Drawing& drawing,
+                                         const SmallCircle& circle);
+
+/// Draws a cone with the line of a circle. A cone with angle 0 is a point.
+void DrawSmallCircle(Surface& surface, const Drawing& drawing, int plotKind, const CircleCone& cone,
                      const SmallCircle& circle);
 
 /// Sets LastPlotSects to the number of steps of the drawn circles.
