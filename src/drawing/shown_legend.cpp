@@ -2,6 +2,7 @@
 
 #include "drawing/shown_legend.h"
 
+#include "core/data_format.h"
 #include "drawing/legend.h"
 
 #include <utility>
@@ -48,7 +49,8 @@ ShownLegend LinesOfFigure(FigureLegend legend) {
 } // namespace
 
 ShownLegend LegendShown(const Plot& plot, const Drawing& drawing) {
-    if (FigureOf(drawing) == ClassicStyle()) {
+    const bool hasLayers = !plot.record.Layers.empty() && plot.record.PlotKind != kRose;
+    if (FigureOf(drawing) == ClassicStyle() && !hasLayers) {
         return {LegendLines(plot, drawing.styles, drawing.formulas), {}};
     }
     return LinesOfFigure(LegendOfFigure(plot, drawing));

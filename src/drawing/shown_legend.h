@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The legend beside a plot as the plot's style wants it: in Classic that of the tables (legend.h),
-// in other styles that of the figure, a line for each entry and for each band of its bar.
+// The legend beside a plot: that of the figure, a line for each entry and for each band of a bar.
+// In Classic, a plot without layers of its own has that of the tables (legend.h).
 
 #pragma once
 

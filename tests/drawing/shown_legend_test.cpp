@@ -56,6 +56,18 @@ TEST_F(ShownLegendTest, IsThatOfTheTablesInClassic) {
     EXPECT_TRUE(shown.signs.empty());
 }
 
+TEST_F(ShownLegendTest, ListsThePlotsOwnLayersInClassicToo) {
+    Plot plot = Worked(kPointSymbols);
+    FigureLayer layer;
+    layer.LayerOf = kLayerOfOverlay;
+    layer.LayerIndex = 1;
+    plot.record.Layers = {layer};
+    const ShownLegend shown = LegendShown(plot, In(kClassicStyle));
+    ASSERT_EQ(shown.lines.size(), 1U);
+    EXPECT_EQ(shown.lines[0].text, "Overlay 1, n = 5");
+    EXPECT_EQ(shown.signs.size(), 1U);
+}
+
 TEST_F(ShownLegendTest, HasALineForEachEntryOfTheFigure) {
     const Plot plot = Worked(kPointSymbols);
     const FigureLegend figure = LegendOfFigure(plot, In(kScreenStyle));
