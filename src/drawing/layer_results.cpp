@@ -92,13 +92,14 @@ PlotDensity* ChangingDensity(Plot& plot, const FigureLayer& layer) {
 
 /// Traces the contours at the levels of layers and of the plot's style, so that drawings need not.
 void KeepContours(Plot& plot) {
-    const std::shared_ptr<const FigureStyle> style = StyleOfPlot(plot.record);
+    std::shared_ptr<const FigureStyle> style;
     for (const FigureLayer& layer : LayersOf(plot)) {
         const bool hasContours = layer.LayerShow == kShowBands || layer.LayerShow == kShowContours;
         if (!hasContours || layer.LayerHidden != 0) {
             continue;
         }
         if (PlotDensity* const density = ChangingDensity(plot, layer)) {
+            style = style ? style : StyleOfPlot(plot.record);
             const std::vector<double> own = OwnLevelsOf(plot.record, *style, layer, *density);
             if (!own.empty()) {
                 density->KeepContoursAt(own);
