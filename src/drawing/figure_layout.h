@@ -80,4 +80,9 @@ struct FigureLayout {
 /// @param drawing  its surface of the plot covers the layout's net, that of the legend the page
 void DrawFigure(const Plot& plot, const Drawing& drawing, const FigureLayout& layout);
 
+/// Draws the legend of a layout alone, with signs in the scale of its net.
+///
+/// @param drawing  its surface of the legend covers the page; of its plot nothing is drawn
+void DrawLegendOfFigure(const Drawing& drawing, const FigureLayout& layout);
+
 } // namespace quandrel
