@@ -61,6 +61,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"drawing", onMarks},
         {"fabric", Above(onMarks, {"drawing"})},
         {"hypotheses", Above(onMarks, {"drawing"})},
+        {"sheet", Above(onMarks, {"drawing", "fabric", "persistence", "svg"})},
         {"print", onDrawing},
         {"panels", Above(onEdits, {"drawing"})},
         {"session", Above(onDrawing, {"mapinfo", "persistence", "print", "svg"})},
