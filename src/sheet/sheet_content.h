@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+//
+// What the panels of a figure sheet show: the plots of their files, worked out.
+
+#pragma once
+
+#include "core/plot.h"
+#include "core/result.h"
+#include "core/settings_value.h"
+#include "fabric/draw_fabric.h"
+#include "sheet/figure_sheet.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+/// What a panel shows.
+struct PanelContent {
+    std::shared_ptr<const Plot> plot; ///< null for a text
+    std::vector<FabricPoint> fabrics; ///< of a fabric plot
+    std::string name;                 ///< of the plot in captions
+};
+
+/// The panel of a plot as it is now. A plot that is saved in a binary plot file stays in its file;
+/// another one is put into the sheet. Statistics keep the text that the plot shows now.
+///
+/// @param kind  not Text
+/// @return a failure, a text for the user, for a plot that no file can hold
+[[nodiscard]] Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot);
+
+/// The panel of a binary plot file.
+[[nodiscard]] SheetPanel PanelOfFile(PanelKind kind, const std::string& path);
+
+/// Opens the plot of a panel. Nothing is put into the plot store, and no question is asked.
+///
+/// @param settings  for the results that are worked out
+/// @return a failure, a text for the user, for a file that cannot be read
+[[nodiscard]] Result<PanelContent> ContentOf(const SheetPanel& panel, const Settings& settings);
+
+/// Those of all panels. Panels of equal plots share one.
+///
+/// @return a failure that names the panel
+[[nodiscard]] Result<std::vector<PanelContent>> ContentOf(const FigureSheet& sheet,
+                                                          const Settings& settings);
+
+/// The style of a sheet: a standard one, or that of its file.
+[[nodiscard]] Result<std::shared_ptr<const FigureStyle>> StyleOfSheet(const FigureSheet& sheet);
+
+} // namespace quandrel
