@@ -4,6 +4,7 @@
 
 #include "core/plot_style.h"
 #include "qt/image_surface.h"
+#include "qt/unseen_surface.h"
 #include "stereo/window_drawing.h"
 
 #include <QPainter>
@@ -16,7 +17,6 @@ namespace quandrel {
 namespace {
 
 constexpr double kPixelsInMillimetre = 96 / 25.4;
-constexpr int kUnseenSide = 8;
 
 RoomRect InPixels(const FigureBox& box) {
     return {box.left * kPixelsInMillimetre, box.top * kPixelsInMillimetre,

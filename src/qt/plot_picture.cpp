@@ -18,6 +18,7 @@
 #include "platform/platform.h"
 #include "qt/image_surface.h"
 #include "qt/picture_page.h"
+#include "qt/unseen_surface.h"
 #include "stereo/window_drawing.h"
 
 #include <algorithm>
@@ -27,8 +28,6 @@
 namespace quandrel {
 
 namespace {
-
-constexpr int kUnseenSide = 8; ///< of a picture that is not shown
 
 /// The statistics text that the plot shows; empty when it shows none.
 std::string StatisticsShown(const Plot& plot) {
@@ -51,26 +50,6 @@ PictureLayout LayOut(PicturePart part, Surface& unseen) {
     return LayOutPicture(part, part == PicturePart::NetAlone ? PictureTexts()
                                                              : TextsOfActivePlot(unseen));
 }
-
-/// A surface that is not shown, with the sizes of texts of the surfaces of a file.
-class UnseenSurface {
-public:
-    explicit UnseenSurface(const std::string& path)
-        : image_({kUnseenSide, kUnseenSide}, 1, kWhite)
-        , document_(kUnseenSide, kUnseenSide, 1)
-        , inDocument_(document_, {0, 0, kUnseenSide, kUnseenSide})
-        , isSvg_(IsSvgFile(path)) {}
-
-    [[nodiscard]] Surface& Drawing() {
-        return isSvg_ ? static_cast<Surface&>(inDocument_) : image_.Drawing();
-    }
-
-private:
-    ImageSurface image_;
-    SvgWriter document_;
-    SvgSurface inDocument_;
-    bool isSvg_;
-};
 
 /// Everything around the net: what the plot's window shows in its boxes.
 void DrawBoxes(PicturePage& page, const PictureLayout& layout) {
