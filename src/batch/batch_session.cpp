@@ -115,6 +115,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"dump", {&BatchSession::Dump, one}},
         {"export", {&BatchSession::Export, {1, ExportKeys()}}},
         {"fabric", {&BatchSession::Fabric, {1, {kFabricOf, kFabricKind, kFabricSize}}}},
+        {"figure", {&BatchSession::Figure, its}},
         {"format", {&BatchSession::Format, its}},
         {"formulas", {&BatchSession::ChooseFormulas, one}},
         {"get", {&BatchSession::Get, one}},

@@ -19,6 +19,7 @@
 #include "platform/scripted/no_printers.h"
 #include "platform/scripted/quiet_status_line.h"
 #include "platform/scripted/scripted_prompts.h"
+#include "sheet/figure_sheet.h"
 
 #include <functional>
 #include <iosfwd>
@@ -89,6 +90,7 @@ private:
     std::string Dump(const Command& command);
     std::string Export(const Command& command);
     std::string Fabric(const Command& command);
+    std::string Figure(const Command& command);
     std::string Format(const Command& command);
     std::string ChooseFormulas(const Command& command);
     std::string Get(const Command& command);
@@ -116,6 +118,7 @@ private:
     Platform formerPlatform_;
     FormatSettings firstFormat_; ///< of a first run; each `format` starts from it
     StatedFormat stated_;
+    FigureSheet sheet_;      ///< of `figure`
     std::set<int> setPlots_; ///< slots of plots with fields set since results were last shown
     std::string formatPath_; ///< the file of the last format question
     int formatQuestions_ =

@@ -37,22 +37,6 @@ struct Draft {
     bool hasLegend = false;
 };
 
-/// Reads a length in millimetres, with or without "mm".
-std::string TakeMillimetres(const std::string& value, double& field) {
-    constexpr std::string_view kUnit = "mm";
-    const bool hasUnit = value.ends_with(kUnit);
-    double number = 0;
-    std::string error =
-        TakeNumber(hasUnit ? value.substr(0, value.size() - kUnit.size()) : value, number);
-    if (error.empty() && (number < kLeastWidth || number > kMostWidth)) {
-        error = "'" + value + "' is not a length from 20mm to 1000mm";
-    }
-    if (error.empty()) {
-        field = number;
-    }
-    return error;
-}
-
 std::string TakeWidth(const std::string& value, Draft& draft) {
     draft.hasWidth = true;
     if (value == "slide") {
@@ -60,7 +44,7 @@ std::string TakeWidth(const std::string& value, Draft& draft) {
         draft.figure.height = kSlideHeight;
         return {};
     }
-    return TakeMillimetres(value, draft.figure.size.width);
+    return TakeMillimetres(value, kLeastWidth, kMostWidth, draft.figure.size.width);
 }
 
 std::string TakeStyle(const std::string& value, Draft& draft) {
@@ -95,7 +79,10 @@ const Takers<Draft>& ExportTakers() {
         {"part", TakePart},
         {"style", TakeStyle},
         {"width", TakeWidth},
-        {"net", [](auto& v, Draft& d) { return TakeMillimetres(v, d.figure.size.netDiameter); }},
+        {"net",
+         [](auto& v, Draft& d) {
+             return TakeMillimetres(v, kLeastWidth, kMostWidth, d.figure.size.netDiameter);
+         }},
         {"legend",
          [](auto& v, Draft& d) {
              d.hasLegend = true;

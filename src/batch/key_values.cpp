@@ -62,6 +62,20 @@ std::string TakeNumber(const std::string& value, double lowest, double highest, 
     return {};
 }
 
+std::string TakeMillimetres(const std::string& value, double lowest, double highest,
+                            double& field) {
+    constexpr std::string_view kUnit = "mm";
+    const bool hasUnit = value.ends_with(kUnit);
+    const std::optional<double> number =
+        ReadNumber(hasUnit ? value.substr(0, value.size() - kUnit.size()) : value);
+    if (!number || *number < lowest || *number > highest) {
+        return "'" + value + "' is not a length from " + FormatNumber(lowest, "0.##") + "mm to "
+               + FormatNumber(highest, "0.##") + "mm";
+    }
+    field = *number;
+    return {};
+}
+
 bool IsGiven(const std::vector<Argument>& arguments, std::string_view key) {
     return std::any_of(arguments.begin(), arguments.end(),
                        [key](const Argument& argument) { return argument.name == key; });

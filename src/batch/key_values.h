@@ -91,6 +91,10 @@ std::string TakeWhole(const std::string& value, int lowest, int highest, Field& 
 [[nodiscard]] std::string TakeNumber(const std::string& value, double lowest, double highest,
                                      double& field);
 
+/// Reads a length in millimetres within bounds, with or without "mm" after it.
+[[nodiscard]] std::string TakeMillimetres(const std::string& value, double lowest, double highest,
+                                          double& field);
+
 /// Whether one of the arguments has a key.
 [[nodiscard]] bool IsGiven(const std::vector<Argument>& arguments, std::string_view key);
 

@@ -11,6 +11,7 @@
 #include "batch/field_rules.h"
 #include "batch/key_values.h"
 #include "batch/region_command.h"
+#include "batch/sheet_command.h"
 #include "batch/standard_streams.h"
 #include "batch/tests_command.h"
 #include "core/atomic_file.h"
@@ -127,6 +128,21 @@ std::string BatchSession::Fabric(const Command& command) {
                   << '\n';
     }
     return error;
+}
+
+/// Acts on the figure sheet.
+std::string BatchSession::Figure(const Command& command) {
+    if (AddsActivePlot(command)) {
+        if (const std::string error = NeedPlotAsSet(); !error.empty()) {
+            return error;
+        }
+    }
+    const Result<std::string> text = ApplySheetCommand(command, sheet_);
+    if (!text) {
+        return text.Error();
+    }
+    *answers_ << *text;
+    return {};
 }
 
 std::string BatchSession::Get(const Command& command) {
