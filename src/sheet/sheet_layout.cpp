@@ -20,6 +20,7 @@ namespace quandrel {
 namespace {
 
 constexpr double kSlack = 1e-6;
+constexpr int kMostSteps = 20;   ///< towards the height of a page
 constexpr double kHeadGap = 0.8; ///< below letter and title
 
 constexpr double kLeastText = 6;     ///< points, where the style has no least size
@@ -57,7 +58,7 @@ private:
     [[nodiscard]] std::string PlaceNets(double shrink);
     [[nodiscard]] std::string PlaceTexts();
     [[nodiscard]] std::string PlaceTexts(PlacedPanel& placed, const std::string& text);
-    void PlaceFabrics();
+    void PlaceFabrics(double shrink);
     void PlaceRows();
     void AlignNets(int row);
     void MoveInto(double top, std::size_t index);
@@ -205,7 +206,7 @@ std::string SheetPlacer::PlaceTexts(PlacedPanel& placed, const std::string& text
 
 /// A fabric plot is as much lower than on paper as it is narrower, but for its legend, which has
 /// one column then.
-void SheetPlacer::PlaceFabrics() {
+void SheetPlacer::PlaceFabrics(double shrink) {
     for (std::size_t i = 0; i < contents_.size(); ++i) {
         if (sheet_.panels[i].kind == PanelKind::Fabric) {
             const std::size_t count = contents_[i].fabrics.size();
@@ -214,6 +215,7 @@ void SheetPlacer::PlaceFabrics() {
             const double narrower = paper.width / kPointsInMillimetre - WidthOf(i);
             heights_[i] = paper.height / kPointsInMillimetre - narrower
                           + static_cast<double>(count / 2) * kFabricLine;
+            heights_[i] = std::max(heights_[i] - shrink, std::min(heights_[i], kLeastFabric));
         }
     }
 }
@@ -348,7 +350,7 @@ std::string SheetPlacer::PlaceAll(double shrink) {
             return NoRoom(sheet_, i, "a fabric plot needs 45 mm").text;
         }
     }
-    PlaceFabrics();
+    PlaceFabrics(shrink);
     PlaceRows();
     if (sheet_.legend == LegendPlace::Below) {
         PlaceLegendBelow();
@@ -375,15 +377,14 @@ void MoveDown(SheetLayout& layout, double distance) {
 
 Result<SheetLayout> SheetPlacer::Placed() {
     std::string error = PlaceAll(0);
-    if (error.empty() && sheet_.height > 0 && layout_.height > sheet_.height && smallestNet_ > 0) {
-        // The height falls by the diameter in each row of nets; another step takes what is left by
-        // rows without any.
-        double shrink = 0;
-        for (int step = 0; step < grid_.rows && error.empty() && layout_.height > sheet_.height;
-             ++step) {
-            shrink += (layout_.height - sheet_.height) / grid_.rows + kSlack;
-            error = PlaceAll(shrink);
-        }
+    // The height falls by the diameter in each row of nets; further steps take what is left by rows
+    // that do not shrink.
+    double shrink = 0;
+    for (int step = 0;
+         step < kMostSteps && error.empty() && sheet_.height > 0 && layout_.height > sheet_.height;
+         ++step) {
+        shrink += (layout_.height - sheet_.height) / grid_.rows + kSlack;
+        error = PlaceAll(shrink);
     }
     if (!error.empty()) {
         return Failure{error};

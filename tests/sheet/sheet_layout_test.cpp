@@ -123,6 +123,8 @@ TEST(LayOutSheet, MakesNetsAsSmallAsAPageOfAHeightNeeds) {
     SampleSheet sample = SixPanels();
     sample.sheet.width = 254;
     sample.sheet.height = 142.875;
+    sample.AddFabric(5);
+    sample.sheet.columns = 4;
     const Result<SheetLayout> layout = sample.Layout();
     ASSERT_TRUE(layout) << layout.Error();
     EXPECT_NEAR(layout->height, 142.875, 1e-9);

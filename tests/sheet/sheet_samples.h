@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -30,6 +31,15 @@ struct SampleSheet {
         panel.data = "of the test";
         panel.title = title;
         contents.push_back({std::make_shared<const Plot>(std::move(plot)), {}, "Plot"});
+    }
+
+    void AddFabric(std::int32_t seed) {
+        AddPlot(kEqualArea, seed);
+        sheet.panels.back().kind = PanelKind::Fabric;
+        Plot plot = SlotlessPlot(kEqualArea, kPointSymbols, seed);
+        const std::array<Plot*, 1> plots = {&plot};
+        contents.back().fabrics =
+            FabricPointsOf(plots, styles, kRegionsOfPlot | kRegionsOfOverlays);
     }
 
     void AddText(const std::string& text, PanelKind kind = PanelKind::Text) {
