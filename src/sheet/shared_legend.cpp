@@ -3,7 +3,9 @@
 #include "sheet/shared_legend.h"
 
 #include <algorithm>
+#include <set>
 #include <string_view>
+#include <utility>
 
 namespace quandrel {
 
@@ -32,21 +34,42 @@ bool HaveEqualSigns(const FigureEntry& one, const FigureEntry& other) {
            && one.layer.LayerSize == other.layer.LayerSize;
 }
 
-void AddEntry(const FigureEntry& entry, std::vector<FigureEntry>& entries) {
-    for (FigureEntry& former : entries) {
-        if (!HaveEqualSigns(former, entry)) {
+/// An entry with the letters of its panels.
+struct EntryOfPanels {
+    FigureEntry entry;
+    std::vector<std::string> letters;
+};
+
+void AddEntry(const FigureEntry& entry, const std::string& letter,
+              std::vector<EntryOfPanels>& entries) {
+    const bool isNote = entry.sign == FigureSign::Blank;
+    for (EntryOfPanels& former : entries) {
+        if (!HaveEqualSigns(former.entry, entry)) {
             continue;
         }
-        if (former.text == entry.text) {
-            return;
-        }
         const std::string words = WordsOfEntry(entry.text);
-        if (WordsOfEntry(former.text) == words && !words.empty()) {
-            former.text = words;
+        const bool isSame = former.entry.text == entry.text;
+        if (isSame || (!isNote && !words.empty() && WordsOfEntry(former.entry.text) == words)) {
+            former.entry.text = isSame ? former.entry.text : words;
+            former.letters.push_back(letter);
             return;
         }
     }
-    entries.push_back(entry);
+    entries.push_back({entry, {letter}});
+}
+
+std::string Joined(const std::vector<std::string>& letters) {
+    std::string joined;
+    for (const std::string& letter : letters) {
+        joined += (joined.empty() ? "" : ", ") + letter;
+    }
+    return joined;
+}
+
+/// Whether a note, such as the scale of a rose, is true of some of the panels with notes alone.
+bool IsOfSomePanels(const EntryOfPanels& one, const std::set<std::string>& withNotes) {
+    return one.entry.sign == FigureSign::Blank && !one.letters.front().empty()
+           && one.letters.size() < withNotes.size();
 }
 
 bool AreEqual(const FigureBar& one, const FigureBar& other) {
@@ -57,17 +80,41 @@ bool AreEqual(const FigureBar& one, const FigureBar& other) {
 /// A bar with the letters of its panels.
 struct BarOfPanels {
     FigureBar bar;
-    std::string letters;
+    std::vector<std::string> letters;
 };
 
 void AddBar(const FigureBar& bar, const std::string& letter, std::vector<BarOfPanels>& bars) {
     const auto same = std::ranges::find_if(
         bars, [&bar](const BarOfPanels& former) { return AreEqual(former.bar, bar); });
     if (same == bars.end()) {
-        bars.push_back({bar, letter});
-    } else if (!letter.empty()) {
-        same->letters += ", " + letter;
+        bars.push_back({bar, {letter}});
+    } else {
+        same->letters.push_back(letter);
     }
+}
+
+/// The entries and bars, with letters where they are of some panels alone.
+SharedLegend LegendOf(std::vector<EntryOfPanels> entries, std::vector<BarOfPanels> bars) {
+    SharedLegend shared;
+    std::set<std::string> withNotes;
+    for (const EntryOfPanels& one : entries) {
+        if (one.entry.sign == FigureSign::Blank) {
+            withNotes.insert(one.letters.begin(), one.letters.end());
+        }
+    }
+    for (EntryOfPanels& one : entries) {
+        if (IsOfSomePanels(one, withNotes)) {
+            one.entry.text = Joined(one.letters) + " " + one.entry.text;
+        }
+        shared.entries.push_back(std::move(one.entry));
+    }
+    for (BarOfPanels& one : bars) {
+        if (bars.size() > 1 && !one.letters.front().empty()) {
+            one.bar.title = Joined(one.letters) + " " + one.bar.title;
+        }
+        shared.bars.push_back(std::move(one.bar));
+    }
+    return shared;
 }
 
 } // namespace
@@ -83,7 +130,7 @@ std::string WordsOfEntry(const std::string& text) {
 
 SharedLegend SharedLegendOf(const FigureSheet& sheet, const std::vector<PanelContent>& contents,
                             const SheetLook& look, Surface& unseen) {
-    SharedLegend shared;
+    std::vector<EntryOfPanels> entries;
     std::vector<BarOfPanels> bars;
     for (std::size_t i = 0; i < contents.size(); ++i) {
         if (sheet.panels[i].kind != PanelKind::Plot) {
@@ -93,19 +140,13 @@ SharedLegend SharedLegendOf(const FigureSheet& sheet, const std::vector<PanelCon
         const FigureLegend legend =
             LegendOfFigure(plot, DrawingOfPanel(plot, look, unseen, unseen));
         for (const FigureEntry& entry : legend.entries) {
-            AddEntry(entry, shared.entries);
+            AddEntry(entry, LetterOf(sheet, i), entries);
         }
         if (legend.bar) {
             AddBar(*legend.bar, LetterOf(sheet, i), bars);
         }
     }
-    for (BarOfPanels& one : bars) {
-        if (bars.size() > 1 && !one.letters.empty()) {
-            one.bar.title = one.letters + " " + one.bar.title;
-        }
-        shared.bars.push_back(std::move(one.bar));
-    }
-    return shared;
+    return LegendOf(std::move(entries), std::move(bars));
 }
 
 } // namespace quandrel

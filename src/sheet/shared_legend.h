@@ -12,7 +12,8 @@ namespace quandrel {
 
 /// Entries and bars of all panels, in the order of the panels. Entries with the same sign whose
 /// texts differ in their numbers alone ("Poles to bedding, n = 40", "Best girdle 252/71") are one,
-/// without numbers; those stay in the caption. Bars that differ name their panels by their letters.
+/// without numbers; those stay in the caption. Bars that differ, and notes such as the
+/// scale of a rose that are of some panels alone, name their panels by their letters.
 struct SharedLegend {
     std::vector<FigureEntry> entries;
     std::vector<FigureBar> bars;

@@ -62,6 +62,15 @@ TEST_F(BatchSheet, HasLettersTitlesAndTexts) {
     EXPECT_EQ(svg.find(">(g)<"), std::string::npos);
 }
 
+TEST_F(BatchSheet, NamesThePanelsOfScalesThatDiffer) {
+    const std::string two = std::string(kOpen) + "rose; figure add rose; ";
+    ASSERT_EQ(Run(two + "rose sector=30; figure add rose; figure export \"FOLDER/a.svg\""), "");
+    EXPECT_NE(BytesOf("a.svg").find(">(a) Petals by length, 10"), std::string::npos);
+    EXPECT_NE(BytesOf("a.svg").find(">(b) Petals by length, 30"), std::string::npos);
+    ASSERT_EQ(Run(two + "figure add rose; figure export \"FOLDER/b.svg\""), "");
+    EXPECT_NE(BytesOf("b.svg").find(">Petals by length, 10"), std::string::npos);
+}
+
 TEST_F(BatchSheet, IsSavedOpenedAndDrawnTheSame) {
     ASSERT_EQ(
         Run(std::string(kSix) + "figure export \"FOLDER/a.svg\"; figure save \"FOLDER/f.qsheet\""),
