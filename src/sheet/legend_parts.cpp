@@ -21,10 +21,10 @@ double WidthOf(const LegendPlacer& part) {
 std::vector<FigureLegend> PartsOf(SharedLegend shared) {
     std::vector<FigureLegend> parts;
     for (FigureEntry& entry : shared.entries) {
-        parts.push_back({{std::move(entry)}, std::nullopt});
+        parts.push_back({{std::move(entry)}, {}});
     }
     for (FigureBar& bar : shared.bars) {
-        parts.push_back({{}, std::move(bar)});
+        parts.push_back({{}, {std::move(bar)}});
     }
     return parts;
 }
@@ -46,7 +46,7 @@ double PlaceParts(const std::vector<FigureLegend>& parts, const TextRule& rule,
         const bool hasBars = std::any_of(
             parts.begin() + static_cast<std::ptrdiff_t>(i),
             parts.begin() + static_cast<std::ptrdiff_t>(std::min(i + columns, parts.size())),
-            [](const FigureLegend& part) { return part.bar.has_value(); });
+            [](const FigureLegend& part) { return !part.bars.empty(); });
         top += hasBars && i > 0 ? kLegendGap / 2 : 0;
         for (std::size_t k = i; k < std::min(i + columns, parts.size()); ++k) {
             const double left = room.left + static_cast<double>(k - i) * pitch;

@@ -142,8 +142,8 @@ SharedLegend SharedLegendOf(const FigureSheet& sheet, const std::vector<PanelCon
         for (const FigureEntry& entry : legend.entries) {
             AddEntry(entry, LetterOf(sheet, i), entries);
         }
-        if (legend.bar) {
-            AddBar(*legend.bar, LetterOf(sheet, i), bars);
+        for (const FigureBar& bar : legend.bars) {
+            AddBar(bar, LetterOf(sheet, i), bars);
         }
     }
     return LegendOf(std::move(entries), std::move(bars));

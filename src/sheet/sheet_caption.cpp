@@ -130,8 +130,11 @@ std::string CaptionWriter::Rows(std::size_t panel) const {
 }
 
 std::string CaptionWriter::Density(std::size_t panel) const {
-    const std::optional<FigureBar>& bar = legends_[panel].bar;
-    return bar ? bar->title : std::string();
+    std::vector<std::string> titles;
+    for (const FigureBar& bar : legends_[panel].bars) {
+        titles.push_back(bar.title);
+    }
+    return Listed(titles);
 }
 
 std::string CaptionWriter::Shown(std::size_t panel) const {
