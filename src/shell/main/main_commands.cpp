@@ -178,6 +178,7 @@ void GeolPlotMain::ConnectFileCommands() {
     commands_->Connect("mnuEditFileFormat", [this] { EditFormat(); });
     commands_->Connect("mnuFileDirectory", [this] { ChooseDataFolder(); });
     commands_->Connect("mnuFileExport", [this] { ExportImage(); });
+    commands_->Connect("mnuFileFigure", [this] { dialogs_->ShowFigureSheet(); });
     commands_->Connect("mnuFilePrint_0", [this] {
         ShowPrintDialog(this);
         SetStatusText({});

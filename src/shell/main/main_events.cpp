@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Desktop events of the main window: dropped files, the close button, resizing.
+// Desktop events of the main window: dropped files, the close button, resizing; the panels that are
+// docked to it.
 
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "core/settings.h"
 #include "core/settings_group.h"
+#include "core/settings_value.h"
 #include "drawing/plot_state.h"
 #include "mapinfo/map_link.h"
 #include "session/closing.h"
@@ -16,7 +18,10 @@
 #include "shell/main/geol_plot_main.h"
 #include "shell/main/qt_rect.h"
 #include "shell/main/tool_strip.h"
+#include "shell/panels/layer_panel.h"
+#include "shell/panels/property_panel.h"
 #include "shell/plot/girdle_panel.h"
+#include "shell/plot/plot_dialogs.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -25,6 +30,9 @@
 #include <QMdiArea>
 #include <QMimeData>
 #include <QUrl>
+
+#include <algorithm>
+#include <utility>
 
 namespace quandrel {
 
@@ -52,7 +60,7 @@ QStringList FilesOf(const QMimeData& data) {
 } // namespace
 
 void GeolPlotMain::closeEvent(QCloseEvent* event) {
-    if (gBusy || !CloseAll(Closing::Application)) {
+    if (gBusy || !dialogs_->CloseFigureSheet() || !CloseAll(Closing::Application)) {
         event->ignore();
         UpdatePlotState();
         return;
@@ -115,6 +123,47 @@ void GeolPlotMain::PlaceIntro() {
     const QSize room = room_->viewport()->size();
     intro_->move((room.width() - intro_->width()) / 2,
                  std::max((room.height() - intro_->height()) / 2, 0));
+}
+
+void GeolPlotMain::MakePanels() {
+    LayerPanelSigns signs;
+    signs.done = [this] { UpdatePlotState(); };
+    signs.chosen = [this] { FollowPanels(); };
+    signs.propertiesWanted = [this] {
+        panProperties_->show();
+        UpdatePlotState();
+    };
+    panLayers_ = new LayerPanel(this, std::move(signs));
+    panProperties_ = new PropertyPanel(this, [this] { UpdatePlotState(); });
+    addDockWidget(Qt::LeftDockWidgetArea, panLayers_);
+    addDockWidget(Qt::RightDockWidgetArea, panProperties_);
+    const WindowSettings& kept = gSettings.windows;
+    resizeDocks({panLayers_, panProperties_}, {kept.layerWidth, kept.propertyWidth},
+                Qt::Horizontal);
+    panLayers_->setVisible(kept.layerPanel);
+    panProperties_->setVisible(kept.propertyPanel);
+}
+
+void GeolPlotMain::FollowPanels() {
+    const int slot = CountOpenPlots() > 0 && IsOpenSlot(gActivePlot) ? gActivePlot : 0;
+    if (!panLayers_->isHidden()) {
+        panLayers_->Follow(slot);
+    }
+    if (!panProperties_->isHidden()) {
+        panProperties_->Follow(slot, panLayers_->isHidden() ? std::nullopt : panLayers_->Place());
+    }
+}
+
+void GeolPlotMain::KeepPanels() {
+    WindowSettings& kept = gSettings.windows;
+    const auto keep = [](const QDockWidget& panel, bool& isShown, std::int16_t& width) {
+        isShown = !panel.isHidden();
+        if (isShown) {
+            width = static_cast<std::int16_t>(std::min(panel.width(), 2000));
+        }
+    };
+    keep(*panLayers_, kept.layerPanel, kept.layerWidth);
+    keep(*panProperties_, kept.propertyPanel, kept.propertyWidth);
 }
 
 } // namespace quandrel

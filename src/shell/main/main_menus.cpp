@@ -52,7 +52,8 @@ void MainMenus::MakeFileMenu(const Commands& commands) {
     Add(*mnuFile, commands,
         {"mnuFileLoad_0", "mnuFileLoad_1", "mnuFileLoad_2", "mnuFileLoad_3", "mnuFileLoad_4", kGap,
          "mnuFileSave_0", "mnuFileSave_1", "mnuFileSave_2", "mnuFileSave_3", kGap, "mnuFileClose_0",
-         "mnuFileClose_1", kGap, "mnuFileFormat", "mnuFileDirectory", kGap, "mnuFileExport"});
+         "mnuFileClose_1", kGap, "mnuFileFormat", "mnuFileDirectory", kGap, "mnuFileExport",
+         "mnuFileFigure"});
     QMenu* copy = MakeMenu("mnuFileCopy", "Cop&y");
     Add(*copy, commands,
         {"mnuFileCopyImage_0", "mnuFileCopyImage_1", kGap, "mnuFileCopyStats_0",

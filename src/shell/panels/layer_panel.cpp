@@ -273,10 +273,27 @@ void LayerPanel::FillDataMenu(QMenu& menu, const FigureLayer& of) {
     }
 }
 
+/// Up is above other layers.
+void LayerPanel::MoveBy(int step) {
+    const std::size_t from = *Place();
+    if (step > 0 || from > 0) {
+        const std::size_t to = step > 0 ? from + 1 : from - 1;
+        MoveLayer(slot_, from, to);
+        Done();
+        ChoosePlace(to);
+    }
+}
+
 void LayerPanel::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete && Place()) {
         RemoveLayer(slot_, *Place());
         Done();
+        return;
+    }
+    const bool isUp = event->key() == Qt::Key_Up;
+    if ((isUp || event->key() == Qt::Key_Down) && event->modifiers() == Qt::AltModifier
+        && Place()) {
+        MoveBy(isUp ? 1 : -1);
         return;
     }
     QDockWidget::keyPressEvent(event);

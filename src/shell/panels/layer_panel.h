@@ -70,6 +70,7 @@ private:
     void ShowMenu(const QPoint& at);
     void FillLayerMenu(class QMenu& menu, std::size_t place);
     void FillDataMenu(class QMenu& menu, const FigureLayer& of);
+    void MoveBy(int step);
     void Done();
 
     LayerPanelSigns signs_;

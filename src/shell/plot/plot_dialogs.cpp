@@ -12,6 +12,7 @@
 #include "shell/dialogs/frm_rotation_menu.h"
 #include "shell/dialogs/frm_small_circle.h"
 #include "shell/dialogs/frm_statistical_tests.h"
+#include "shell/files/frm_figure_sheet.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/net_mouse.h"
 #include "shell/rose/frm_rose_diag.h"
@@ -175,6 +176,17 @@ void PlotDialogs::ShowFabric() {
         fabric_ = new frmFabricPlots(&window_);
     }
     Show(*fabric_);
+}
+
+void PlotDialogs::ShowFigureSheet() {
+    if (sheet_ == nullptr) {
+        sheet_ = new frmFigureSheet(&window_);
+    }
+    Show(*sheet_);
+}
+
+bool PlotDialogs::CloseFigureSheet() {
+    return !IsShown(sheet_) || sheet_->close();
 }
 
 void PlotDialogs::ToggleClassification() {

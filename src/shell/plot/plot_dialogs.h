@@ -22,6 +22,7 @@ class frmConfidenceRegions;
 class frmDataClassification;
 class frmDensities;
 class frmFabricPlots;
+class frmFigureSheet;
 class frmPlotForms;
 class frmRoseDiag;
 class frmRotationMenu;
@@ -56,6 +57,12 @@ public:
 
     /// Opens the window of fabric plots if there is a plot.
     void ShowFabric();
+
+    /// Opens the window of figures with panels.
+    void ShowFigureSheet();
+
+    /// Closes it. False when the user keeps it, because of unsaved changes.
+    [[nodiscard]] bool CloseFigureSheet();
 
     /// Opens the dialog of confidence regions if the active plot has a net.
     void ShowRegions();
@@ -111,6 +118,7 @@ private:
     frmSmallCircle* circles_ = nullptr;
     frmDensities* densities_ = nullptr;
     frmFabricPlots* fabric_ = nullptr;
+    frmFigureSheet* sheet_ = nullptr;
     frmConfidenceRegions* regions_ = nullptr;
     frmStatisticalTests* tests_ = nullptr;
 };

@@ -18,6 +18,7 @@
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
+#include "shell/files/frm_figure_sheet.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/grids/frm_data_display.h"
@@ -81,6 +82,8 @@ std::vector<NamedDialog> AllDialogs() {
         {"frmDensities", [](QWidget* parent) { return std::make_unique<frmDensities>(parent); }},
         {"frmFabricPlots",
          [](QWidget* parent) { return std::make_unique<frmFabricPlots>(parent); }},
+        {"frmFigureSheet",
+         [](QWidget* parent) { return std::make_unique<frmFigureSheet>(parent); }},
         {"frmPreferences",
          [](QWidget* parent) {
              auto dialog = std::make_unique<frmPreferences>(parent, 0);

@@ -14,6 +14,7 @@
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
+#include "shell/files/frm_figure_sheet.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/grids/frm_data_display.h"
@@ -193,14 +194,15 @@ protected:
         frmDensities densities(nullptr);
         frmConfidenceRegions regions(nullptr);
         frmFabricPlots fabric(nullptr);
+        frmFigureSheet sheet(nullptr);
         frmStatisticalTests tests(nullptr);
         frmSymbolSelect symbols(styles, nullptr);
         frmTextWindow text("Lines", "text", nullptr);
         for (QWidget* window : std::initializer_list<QWidget*>{
-                 &about,   &classification, &raw,       &processed,   &start,  &picture,
-                 &format,  &layers,         &tables,    &preferences, &print,  &rotation,
-                 &save,    &circles,        &densities, &regions,     &fabric, &tests,
-                 &symbols, &text,           &figure}) {
+                 &sheet,    &about,   &classification, &raw,       &processed,   &start,
+                 &picture,  &format,  &layers,         &tables,    &preferences, &print,
+                 &rotation, &save,    &circles,        &densities, &regions,     &fabric,
+                 &tests,    &symbols, &text,           &figure}) {
             EXPECT_EQ(Check(*window), window == &picture || window == &figure ? 1 : 0);
         }
     }

@@ -15,6 +15,7 @@
 #include "shell/files/frm_directory_dialog.h"
 #include "shell/files/frm_export_figure.h"
 #include "shell/files/frm_export_image.h"
+#include "shell/files/frm_figure_sheet.h"
 #include "shell/files/frm_save_plots_dialog.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/grids/frm_data_display.h"
@@ -199,6 +200,8 @@ TEST_F(Mnemonics, OfEachWindowLeadToOneControlEach) {
     Check(regions);
     frmFabricPlots fabric(nullptr);
     Check(fabric);
+    frmFigureSheet sheet(nullptr);
+    Check(sheet);
     frmStatisticalTests tests(nullptr);
     Check(tests);
     frmSymbolSelect symbols(styles, nullptr);

@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+
+#include "shell/files/frm_figure_sheet.h"
+
+#include "core/messages.h"
+#include "core/path_names.h"
+#include "core/plot_store.h"
+#include "core/settings_value.h"
+#include "drawing/figure_page.h"
+#include "platform/platform.h"
+#include "qt/picture_file.h"
+#include "qt/sheet_picture.h"
+#include "sheet/sheet_content.h"
+#include "sheet/sheet_text.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QTimer>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace quandrel {
+
+namespace {
+
+constexpr int kPreviewDelay = 80; ///< milliseconds, so that typing is not slowed down
+constexpr int kFreeWidth = 4;     ///< of cboWidth
+constexpr std::array kWidths = {kColumnWidth, kHalfPageWidth, kPageWidth, kSlideWidth};
+constexpr const char* kSheetFilter = "Figures (*.qsheet)|*.qsheet|All files (*.*)|*.*";
+
+QString NameOfPanel(const FigureSheet& sheet, std::size_t panel) {
+    static constexpr std::array kKinds = {"Plot", "Fabric", "Statistics", "Text"};
+    const SheetPanel& shown = sheet.panels[panel];
+    std::string name = LetterOf(sheet, panel);
+    name += name.empty() ? "" : "  ";
+    name += kKinds.at(static_cast<std::size_t>(shown.kind));
+    for (const std::string& part :
+         {shown.title, shown.name.empty() ? FileTitleOf(shown.file) : shown.name}) {
+        name += part.empty() ? "" : ", " + part;
+    }
+    return QString::fromStdString(name);
+}
+
+} // namespace
+
+frmFigureSheet::frmFigureSheet(QWidget* parent)
+    : QDialog(parent, Qt::Tool)
+    , timer_(new QTimer(this)) {
+    setObjectName("frmFigureSheet");
+    setWindowTitle("Figure");
+    timer_->setSingleShot(true);
+    connect(timer_, &QTimer::timeout, this, [this] { ShowPreview(); });
+    MakeControls();
+    Connect();
+    ShowSheet();
+}
+
+void frmFigureSheet::Connect() {
+    for (QComboBox* list : {cboLetters, cboLegend, cboStyle, cboWidth}) {
+        connect(list, &QComboBox::currentIndexChanged, this, [this] { TakePage(); });
+    }
+    for (QDoubleSpinBox* box : {spnWidth, spnGap}) {
+        connect(box, &QDoubleSpinBox::valueChanged, this, [this] { TakePage(); });
+    }
+    connect(spnColumns, &QSpinBox::valueChanged, this, [this] { TakePage(); });
+    connect(txtCaption, &QLineEdit::textChanged, this, [this] { TakePage(); });
+    for (QSpinBox* box : {spnSpanColumns, spnSpanRows}) {
+        connect(box, &QSpinBox::valueChanged, this, [this] { TakePanel(); });
+    }
+    for (QLineEdit* box : {txtTitle, txtText}) {
+        connect(box, &QLineEdit::textChanged, this, [this] { TakePanel(); });
+    }
+    connect(lstPanels, &QListWidget::currentRowChanged, this, [this] { ShowPanel(); });
+    connect(cmdAdd, &QPushButton::clicked, this, [this] { AddPanel(); });
+    connect(cmdRemove, &QPushButton::clicked, this, [this] { RemovePanel(); });
+    connect(cmdUp, &QPushButton::clicked, this, [this] { MovePanel(-1); });
+    connect(cmdDown, &QPushButton::clicked, this, [this] { MovePanel(1); });
+    connect(cmdCopyCaption, &QPushButton::clicked, this, [this] {
+        gPlatform.clipboard->SetText(txtPreviewCaption->toPlainText().toStdString());
+    });
+    connect(cmdOpen, &QPushButton::clicked, this, [this] { AskAndOpen(); });
+    connect(cmdSave, &QPushButton::clicked, this, [this] { (void)Save(); });
+    connect(cmdExport, &QPushButton::clicked, this, [this] { Export(); });
+    connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+}
+
+/// Shows the whole sheet in the controls.
+void frmFigureSheet::ShowSheet() {
+    const std::array<QSignalBlocker, 8> quiet = {
+        QSignalBlocker(cboLetters), QSignalBlocker(cboLegend), QSignalBlocker(cboStyle),
+        QSignalBlocker(cboWidth),   QSignalBlocker(spnWidth),  QSignalBlocker(spnGap),
+        QSignalBlocker(spnColumns), QSignalBlocker(txtCaption)};
+    const auto* const width = std::ranges::find(kWidths, sheet_.width);
+    cboWidth->setCurrentIndex(static_cast<int>(width - kWidths.begin()));
+    spnWidth->setValue(sheet_.width);
+    spnWidth->setEnabled(cboWidth->currentIndex() == kFreeWidth);
+    spnColumns->setValue(sheet_.columns);
+    spnGap->setValue(sheet_.gapAcross);
+    cboLetters->setCurrentIndex(static_cast<int>(sheet_.letters));
+    cboLegend->setCurrentIndex(static_cast<int>(sheet_.legend));
+    // A style of a file stays that of the sheet until another one is chosen.
+    cboStyle->setCurrentIndex(cboStyle->findText(QString::fromStdString(sheet_.style)));
+    txtCaption->setText(QString::fromStdString(sheet_.caption));
+    const int row = lstPanels->currentRow();
+    {
+        const QSignalBlocker still(lstPanels);
+        lstPanels->clear();
+        for (std::size_t i = 0; i < sheet_.panels.size(); ++i) {
+            lstPanels->addItem(NameOfPanel(sheet_, i));
+        }
+        lstPanels->setCurrentRow(std::clamp(row, 0, std::max(lstPanels->count() - 1, 0)));
+    }
+    ShowPanel();
+    Changed();
+}
+
+/// Shows the properties of the panel that is chosen in the list.
+void frmFigureSheet::ShowPanel() {
+    const int row = lstPanels->currentRow();
+    const bool isChosen = row >= 0;
+    const SheetPanel panel = isChosen ? sheet_.panels[static_cast<std::size_t>(row)] : SheetPanel();
+    const std::array<QSignalBlocker, 4> quiet = {QSignalBlocker(txtTitle), QSignalBlocker(txtText),
+                                                 QSignalBlocker(spnSpanColumns),
+                                                 QSignalBlocker(spnSpanRows)};
+    txtTitle->setText(QString::fromStdString(panel.title));
+    txtText->setText(QString::fromStdString(panel.text));
+    spnSpanColumns->setMaximum(sheet_.columns);
+    spnSpanColumns->setValue(panel.columns);
+    spnSpanRows->setValue(panel.rows);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{txtTitle, spnSpanColumns, spnSpanRows, cmdRemove}) {
+        control->setEnabled(isChosen);
+    }
+    txtText->setEnabled(isChosen && panel.kind == PanelKind::Text);
+    cmdUp->setEnabled(row > 0);
+    cmdDown->setEnabled(isChosen && row + 1 < lstPanels->count());
+}
+
+void frmFigureSheet::TakePage() {
+    const int index = cboWidth->currentIndex();
+    spnWidth->setEnabled(index == kFreeWidth);
+    if (index != kFreeWidth) {
+        const QSignalBlocker quiet(spnWidth);
+        spnWidth->setValue(kWidths.at(static_cast<std::size_t>(index)));
+    }
+    sheet_.width = spnWidth->value();
+    sheet_.height = sheet_.width == kSlideWidth ? kSlideHeight : 0;
+    sheet_.columns = spnColumns->value();
+    sheet_.gapAcross = spnGap->value();
+    sheet_.gapDown = spnGap->value();
+    sheet_.letters = static_cast<SheetLetters>(cboLetters->currentIndex());
+    sheet_.legend = static_cast<LegendPlace>(cboLegend->currentIndex());
+    if (cboStyle->currentIndex() >= 0) {
+        sheet_.style = cboStyle->currentText().toStdString();
+    }
+    sheet_.caption = txtCaption->text().toStdString();
+    for (SheetPanel& panel : sheet_.panels) {
+        panel.columns = std::min(panel.columns, sheet_.columns);
+    }
+    ShowPanel();
+    Changed();
+}
+
+void frmFigureSheet::TakePanel() {
+    const int row = lstPanels->currentRow();
+    if (row < 0) {
+        return;
+    }
+    const auto place = static_cast<std::size_t>(row);
+    SheetPanel& panel = sheet_.panels[place];
+    panel.title = txtTitle->text().toStdString();
+    panel.text = txtText->text().toStdString();
+    panel.columns = spnSpanColumns->value();
+    panel.rows = spnSpanRows->value();
+    lstPanels->item(row)->setText(NameOfPanel(sheet_, place));
+    Changed();
+}
+
+void frmFigureSheet::AddPanel() {
+    SheetPanel panel;
+    panel.kind = static_cast<PanelKind>(cboKind->currentIndex());
+    if (panel.kind != PanelKind::Text) {
+        const Result<SheetPanel> made = IsOpenSlot(gActivePlot)
+                                            ? PanelOfPlot(panel.kind, ActivePlot())
+                                            : Result<SheetPanel>(Failure{"no plot is open"});
+        if (!made) {
+            Tell("The panel cannot be added: " + made.Error() + ".");
+            return;
+        }
+        panel = *made;
+    } else {
+        panel.text = "Text";
+    }
+    if (sheet_.panels.size() < kMostPanels) {
+        sheet_.panels.push_back(panel);
+        ShowSheet();
+        lstPanels->setCurrentRow(lstPanels->count() - 1);
+    }
+}
+
+void frmFigureSheet::RemovePanel() {
+    sheet_.panels.erase(sheet_.panels.begin() + lstPanels->currentRow());
+    ShowSheet();
+}
+
+void frmFigureSheet::MovePanel(int by) {
+    const int from = lstPanels->currentRow();
+    std::swap(sheet_.panels.at(static_cast<std::size_t>(from)),
+              sheet_.panels.at(static_cast<std::size_t>(from + by)));
+    ShowSheet();
+    lstPanels->setCurrentRow(from + by);
+}
+
+void frmFigureSheet::Changed() {
+    timer_->start(kPreviewDelay);
+}
+
+void frmFigureSheet::ShowPreview() {
+    if (!contents_ || shown_ != sheet_.panels) {
+        contents_ = ContentOf(sheet_, gSettings);
+        shown_ = sheet_.panels;
+    }
+    const auto ofContents = [this](const auto& use) {
+        using Made = decltype(use(**contents_));
+        return *contents_ ? use(**contents_) : Made(Failure{contents_->Error()});
+    };
+    const Result<std::string> caption =
+        ofContents([this](const auto& contents) { return CaptionOfSheet(sheet_, contents); });
+    txtPreviewCaption->setPlainText(QString::fromStdString(caption ? *caption : std::string()));
+    const double density = lblPreview->devicePixelRatioF();
+    const QSize room = (lblPreview->size() * density).expandedTo({1, 1});
+    const Result<QImage> image =
+        ofContents([&](const auto& contents) { return SheetImage(sheet_, contents, room); });
+    if (image) {
+        QPixmap pixmap = QPixmap::fromImage(*image);
+        pixmap.setDevicePixelRatio(density);
+        lblPreview->setPixmap(pixmap);
+    } else {
+        lblPreview->clear();
+    }
+    const bool isEmpty = sheet_.panels.empty();
+    std::string note = image ? std::string() : image.Error();
+    note = note.empty() && !caption ? caption.Error() : note;
+    lblNote->setText(isEmpty ? QString("Add the plot in front with Add.")
+                             : QString::fromStdString(note));
+    cmdExport->setEnabled(static_cast<bool>(image));
+    cmdSave->setEnabled(!isEmpty);
+    cmdCopyCaption->setEnabled(static_cast<bool>(caption) && !isEmpty);
+}
+
+bool frmFigureSheet::Save() {
+    PathQuestion question;
+    question.title = "Save Figure";
+    question.folder = gSettings.files.lastFolder;
+    question.fileName = path_.empty() ? std::string("figure") + kSheetEnding : path_;
+    question.filter = kSheetFilter;
+    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    if (!path) {
+        return false;
+    }
+    if (const std::string error = WriteSheetFile(*path, sheet_); !error.empty()) {
+        Tell("The figure was not saved: " + error);
+        return false;
+    }
+    path_ = *path;
+    saved_ = sheet_;
+    gPlatform.status->SetText("The figure is " + *path);
+    return true;
+}
+
+void frmFigureSheet::Export() {
+    PathQuestion question;
+    question.title = "Export Figure";
+    question.folder = gSettings.files.lastFolder;
+    question.fileName = "figure.png";
+    question.filter = kPictureFilter;
+    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    if (!path) {
+        return;
+    }
+    SheetExport how;
+    how.dotsPerInch = spnDots->value();
+    const std::string error = SaveSheetPicture(*path, sheet_, how);
+    if (error.empty()) {
+        gPlatform.status->SetText("The picture is " + *path);
+    } else {
+        Tell(error);
+    }
+}
+
+void frmFigureSheet::AskAndOpen() {
+    PathQuestion question;
+    question.title = "Open Figure";
+    question.folder = gSettings.files.lastFolder;
+    question.filter = kSheetFilter;
+    if (const auto path = gPlatform.prompts->AskOpenPath(question); path && MayLose()) {
+        Open(*path);
+    }
+}
+
+void frmFigureSheet::Open(const std::string& path) {
+    const Result<FigureSheet> read = ReadSheetFile(path);
+    if (!read) {
+        Tell(read.Error());
+        return;
+    }
+    sheet_ = *read;
+    saved_ = sheet_;
+    path_ = path;
+    ShowSheet();
+}
+
+/// Asks whether to save changes. False when the user cancels.
+bool frmFigureSheet::MayLose() {
+    if (sheet_ == saved_) {
+        return true;
+    }
+    const Button answer =
+        gPlatform.prompts->Ask({"Quandrel", "The figure has unsaved changes.\nSave it now?",
+                                Icon::Question, Buttons::YesNoCancel});
+    return answer == Button::No || (answer == Button::Yes && Save());
+}
+
+void frmFigureSheet::closeEvent(QCloseEvent* event) {
+    if (MayLose()) {
+        sheet_ = {};
+        saved_ = {};
+        path_.clear();
+        ShowSheet();
+        QDialog::closeEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void frmFigureSheet::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    Changed();
+}
+
+void frmFigureSheet::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    Changed();
+}
+
+} // namespace quandrel

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+//
+// The window of a figure with panels: the list of its panels, its page, its caption, and a preview
+// that follows them. It stays open.
+
+#pragma once
+
+#include "core/result.h"
+#include "sheet/figure_sheet.h"
+#include "sheet/sheet_content.h"
+
+#include <QDialog>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QDoubleSpinBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QSpinBox;
+class QTimer;
+
+namespace quandrel {
+
+class frmFigureSheet : public QDialog {
+public:
+    explicit frmFigureSheet(QWidget* parent);
+
+    /// Shows the sheet of a file.
+    void Open(const std::string& path);
+
+    QListWidget* lstPanels;
+    QComboBox* cboKind;
+    QPushButton* cmdAdd;
+    QPushButton* cmdRemove;
+    QPushButton* cmdUp;
+    QPushButton* cmdDown;
+    QLineEdit* txtTitle;
+    QLineEdit* txtText;
+    QSpinBox* spnSpanColumns;
+    QSpinBox* spnSpanRows;
+    QComboBox* cboWidth;
+    QDoubleSpinBox* spnWidth;
+    QSpinBox* spnColumns;
+    QDoubleSpinBox* spnGap;
+    QComboBox* cboLetters;
+    QComboBox* cboLegend;
+    QComboBox* cboStyle;
+    QSpinBox* spnDots;
+    QLineEdit* txtCaption;
+    QPlainTextEdit* txtPreviewCaption;
+    QPushButton* cmdCopyCaption;
+    QLabel* lblPreview;
+    QLabel* lblNote; ///< why there is no picture
+    QPushButton* cmdOpen;
+    QPushButton* cmdSave;
+    QPushButton* cmdExport;
+    QPushButton* cmdClose;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void MakeControls();
+    void MakePageControls();
+    [[nodiscard]] QLayout* MakePanels();
+    [[nodiscard]] QLayout* MakePage();
+    [[nodiscard]] QLayout* MakePreview();
+    void Connect();
+    void SetOrder();
+    void ShowSheet();
+    void ShowPanel();
+    void TakePage();
+    void TakePanel();
+    void AddPanel();
+    void RemovePanel();
+    void MovePanel(int by);
+    void Changed();
+    void ShowPreview();
+    [[nodiscard]] bool Save();
+    void Export();
+    void AskAndOpen();
+    [[nodiscard]] bool MayLose();
+
+    FigureSheet sheet_;
+    FigureSheet saved_;                                         ///< as its file has it
+    std::string path_;                                          ///< of its file; empty for none
+    std::optional<Result<std::vector<PanelContent>>> contents_; ///< of `shown_`
+    std::vector<SheetPanel> shown_;                             ///< the panels of the preview
+    QTimer* timer_;
+};
+
+} // namespace quandrel

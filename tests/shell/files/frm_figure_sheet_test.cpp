@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+//
+// The window of figures with panels.
+
+#include "sheet/sheet_text.h"
+#include "shell/files/frm_figure_sheet.h"
+#include "support/main_window_test.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include <filesystem>
+
+namespace quandrel {
+namespace {
+
+class FigureSheetWindow : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        OpenFile("a.txt");
+        Press("mnuFileFigure");
+        dialog = main->findChild<frmFigureSheet*>("frmFigureSheet");
+        ASSERT_NE(dialog, nullptr);
+        Wait();
+    }
+
+    /// Until the preview shows what was chosen.
+    static void Wait() { QTest::qWait(200); }
+
+    void Add(int kind) const {
+        dialog->cboKind->setCurrentIndex(kind);
+        dialog->cmdAdd->click();
+    }
+
+    [[nodiscard]] QString Caption() const { return dialog->txtPreviewCaption->toPlainText(); }
+
+    [[nodiscard]] QSizeF Preview() const {
+        return dialog->lblPreview->pixmap(Qt::ReturnByValue).size();
+    }
+
+    frmFigureSheet* dialog = nullptr;
+};
+
+TEST_F(FigureSheetWindow, BeginsEmpty) {
+    EXPECT_FALSE(dialog->cmdExport->isEnabled());
+    EXPECT_FALSE(dialog->cmdSave->isEnabled());
+    EXPECT_FALSE(dialog->cmdRemove->isEnabled());
+    EXPECT_FALSE(dialog->lblNote->text().isEmpty());
+    dialog->close();
+    EXPECT_TRUE(prompts.Shown().empty());
+}
+
+TEST_F(FigureSheetWindow, ShowsPanelsAndTheirCaption) {
+    Add(0);
+    dialog->txtTitle->setText("Beds");
+    Add(3);
+    Wait();
+    EXPECT_EQ(dialog->lstPanels->count(), 2);
+    EXPECT_FALSE(Preview().isEmpty());
+    EXPECT_TRUE(dialog->cmdExport->isEnabled());
+    EXPECT_TRUE(Caption().contains("(a) Beds: lower-hemisphere equal-area net of a")) << Caption().toStdString();
+    const double ratio = Preview().width() / Preview().height();
+    dialog->spnColumns->setValue(1);
+    Wait();
+    EXPECT_LT(Preview().width() / Preview().height(), ratio);
+    dialog->cboWidth->setCurrentIndex(3);
+    dialog->cboLetters->setCurrentIndex(3);
+    dialog->spnColumns->setValue(3);
+    Wait();
+    EXPECT_NEAR(Preview().width() / Preview().height(), 16.0 / 9, 0.02);
+    EXPECT_FALSE(Caption().startsWith("("));
+}
+
+TEST_F(FigureSheetWindow, MovesAndRemovesPanels) {
+    Add(0);
+    dialog->txtTitle->setText("first");
+    Add(0);
+    dialog->txtTitle->setText("second");
+    EXPECT_FALSE(dialog->cmdDown->isEnabled());
+    dialog->cmdUp->click();
+    EXPECT_TRUE(dialog->lstPanels->item(0)->text().contains("second"));
+    EXPECT_EQ(dialog->lstPanels->currentRow(), 0);
+    dialog->cmdRemove->click();
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_EQ(dialog->txtTitle->text(), "first");
+}
+
+TEST_F(FigureSheetWindow, SavesOpensAndExports) {
+    const std::string place = std::filesystem::path(WriteFile("x.txt", "")).parent_path().string();
+    OpenFile("a.txt");
+    prompts.QueueSavePath(place + "/beds.qpx");
+    Press("mnuFileSave_1");
+    Add(0);
+    dialog->spnColumns->setValue(1);
+    Wait();
+    prompts.QueueSavePath(place + "/f.qsheet");
+    dialog->cmdSave->click();
+    const Result<FigureSheet> sheet = ReadSheetFile(place + "/f.qsheet");
+    ASSERT_TRUE(sheet) << sheet.Error();
+    EXPECT_EQ(sheet->panels.size(), 1U);
+    prompts.QueueSavePath(place + "/f.svg");
+    dialog->cmdExport->click();
+    EXPECT_TRUE(std::filesystem::exists(place + "/f.svg"));
+    dialog->close();
+    EXPECT_EQ(dialog->lstPanels->count(), 0);
+    dialog->Open(place + "/f.qsheet");
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_EQ(dialog->spnColumns->value(), 1);
+}
+
+TEST_F(FigureSheetWindow, AsksBeforeChangesAreLost) {
+    Add(0);
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::Cancel);
+    dialog->close();
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
+    dialog->close();
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+} // namespace
+} // namespace quandrel

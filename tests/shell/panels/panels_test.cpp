@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+//
+// The panels of layers and of properties, as the user has them beside the plots.
+
+#include "core/settings_value.h"
+#include "drawing/layer_list.h"
+#include "edit/history/undo.h"
+#include "shell/panels/layer_panel.h"
+#include "shell/panels/property_panel.h"
+#include "support/main_window_test.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+
+#include <algorithm>
+
+namespace quandrel {
+namespace {
+
+class PanelsOfWindow : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        slot = OpenFile("a.txt");
+        Press("mnuViewLayers");
+        Press("mnuViewProperties");
+        layers = main->findChild<LayerPanel*>("panLayers");
+        properties = main->findChild<PropertyPanel*>("panProperties");
+        ASSERT_NE(layers, nullptr);
+        ASSERT_NE(properties, nullptr);
+    }
+
+    [[nodiscard]] std::vector<FigureLayer> List() const { return LayersOf(PlotOf(slot)); }
+
+    /// The place of the main rows as symbols.
+    [[nodiscard]] std::size_t Symbols() const {
+        const std::vector<FigureLayer> list = List();
+        const auto found = std::ranges::find_if(list, [](const FigureLayer& layer) {
+            return layer.LayerOf == kLayerOfMainRows && layer.LayerShow == kShowSymbols;
+        });
+        return static_cast<std::size_t>(found - list.begin());
+    }
+
+    /// The line of a layer, which becomes the current one.
+    QTreeWidgetItem& LineOf(std::size_t place) const {
+        layers->ChoosePlace(place);
+        return *layers->treLayers->currentItem();
+    }
+
+    int slot = 0;
+    LayerPanel* layers = nullptr;
+    PropertyPanel* properties = nullptr;
+};
+
+TEST_F(PanelsOfWindow, AreListedInTheViewMenuAndKept) {
+    EXPECT_TRUE(Action("mnuViewLayers").isChecked());
+    EXPECT_TRUE(layers->isVisible());
+    Press("mnuViewLayers");
+    EXPECT_FALSE(layers->isVisible());
+    EXPECT_FALSE(Action("mnuViewLayers").isChecked());
+    main->close();
+    EXPECT_FALSE(gSettings.windows.layerPanel);
+    EXPECT_TRUE(gSettings.windows.propertyPanel);
+}
+
+TEST_F(PanelsOfWindow, ATickHidesALayer) {
+    QTreeWidgetItem& line = LineOf(Symbols());
+    EXPECT_FALSE(line.icon(0).isNull()) << "its sign in the legend";
+    EXPECT_EQ(line.text(1), "3");
+    line.setCheckState(0, Qt::Unchecked);
+    QApplication::processEvents();
+    EXPECT_EQ(List()[Symbols()].LayerHidden, kTrue);
+    EXPECT_EQ(LineOf(Symbols()).checkState(0), Qt::Unchecked);
+    UndoLastEdit();
+    EXPECT_EQ(List()[Symbols()].LayerHidden, 0);
+}
+
+TEST_F(PanelsOfWindow, ANameIsThatOfTheLegend) {
+    LineOf(Symbols()).setText(0, "Poles to bedding");
+    QApplication::processEvents();
+    EXPECT_EQ(List()[Symbols()].LayerName, "Poles to bedding");
+    EXPECT_EQ(LineOf(Symbols()).text(0), "Poles to bedding");
+    EXPECT_EQ(properties->txtName->text(), "Poles to bedding");
+}
+
+TEST_F(PanelsOfWindow, F2NamesALayer) {
+    LineOf(Symbols());
+    layers->treLayers->setFocus();
+    QTest::keyClick(layers->treLayers, Qt::Key_F2);
+    auto* editor = layers->treLayers->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("Beds");
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(List()[Symbols()].LayerName, "Beds");
+}
+
+TEST_F(PanelsOfWindow, KeysMoveAndRemoveALayer) {
+    const std::size_t place = Symbols();
+    LineOf(place);
+    QTest::keyClick(layers->treLayers, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(Symbols(), place + 1);
+    QTest::keyClick(layers->treLayers, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Symbols(), place);
+    const std::size_t count = List().size();
+    QTest::keyClick(layers->treLayers, Qt::Key_Delete);
+    EXPECT_EQ(List().size(), count - 1);
+    EXPECT_EQ(Symbols(), List().size()) << "it is gone";
+    EXPECT_EQ(RecordOf(slot).NumData, 3) << "its rows stay";
+}
+
+TEST_F(PanelsOfWindow, PropertiesChangeTheLayerThatIsChosen) {
+    LineOf(Symbols());
+    ASSERT_TRUE(properties->spnSize->isVisible());
+    EXPECT_FALSE(properties->cboPalette->isVisible()) << "symbols have no palette";
+    EXPECT_EQ(properties->spnSize->text(), "as the style");
+    properties->spnSize->setValue(2.5);
+    EXPECT_EQ(List()[Symbols()].LayerSize, 2.5);
+    properties->cboShape->setCurrentIndex(4);
+    Q_EMIT properties->cboShape->activated(4);
+    EXPECT_EQ(List()[Symbols()].LayerSymbol, 4);
+    UndoLastEdit();
+    UndoLastEdit();
+    main->UpdatePlotState();
+    EXPECT_EQ(List()[Symbols()].LayerSize, kAsStyle);
+    LineOf(Symbols());
+    EXPECT_EQ(properties->spnSize->text(), "as the style");
+}
+
+TEST_F(PanelsOfWindow, ADragOfTheSliderIsOneStep) {
+    LineOf(Symbols());
+    properties->sldOpacity->setSliderDown(true);
+    for (const int value : {90, 70, 50}) {
+        properties->sldOpacity->setValue(value);
+    }
+    properties->sldOpacity->setSliderDown(false);
+    EXPECT_EQ(List()[Symbols()].LayerOpacity, 0.5);
+    UndoLastEdit();
+    EXPECT_EQ(List()[Symbols()].LayerOpacity, kAsStyle);
+}
+
+TEST_F(PanelsOfWindow, CtrlAddsTheLayersOfASymbolButton) {
+    const std::size_t count = List().size();
+    QTest::mouseClick(&ToolButton("grpSymbolButton_0"), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(List().size(), count + 1) << "great circles and symbols";
+    QTest::mouseClick(&ToolButton("grpSymbolButton_0"), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(List().size(), count);
+}
+
+TEST_F(PanelsOfWindow, TheButtonsActOnTheDataThatAreChosen) {
+    prompts.QueueOpenPath(WriteFile("b.txt", "80\t10\n85\t100\n"));
+    Press("mnuFileLoad_2");
+    QTreeWidgetItem* data = layers->treLayers->topLevelItem(1);
+    ASSERT_EQ(data->childCount(), 3) << "main rows, overlay, selected rows";
+    layers->treLayers->setCurrentItem(data->child(1));
+    QApplication::processEvents();
+    Press("mnuPlotSymbols_0");
+    EXPECT_EQ(RecordOf(slot).OverlayKind[1], kOverlayGreatCircles);
+    EXPECT_NE(RecordOf(slot).PlotSymbolMode, kGreatCircles);
+}
+
+TEST_F(PanelsOfWindow, ARoseHasNoLayers) {
+    Press("mnuPlotType_2");
+    EXPECT_EQ(layers->treLayers->topLevelItemCount(), 0);
+    EXPECT_FALSE(properties->spnSize->isVisible());
+}
+
+} // namespace
+} // namespace quandrel
