@@ -98,6 +98,7 @@ private:
     void MakePlotRoom();
     void MakePanels();
     void FollowPanels();
+    void FollowChosenLayer();
     void KeepPanels();
     void MakeMouse();
     void MakeMapLink();

@@ -128,7 +128,7 @@ void GeolPlotMain::PlaceIntro() {
 void GeolPlotMain::MakePanels() {
     LayerPanelSigns signs;
     signs.done = [this] { UpdatePlotState(); };
-    signs.chosen = [this] { FollowPanels(); };
+    signs.chosen = [this] { FollowChosenLayer(); };
     signs.propertiesWanted = [this] {
         panProperties_->show();
         UpdatePlotState();
@@ -145,13 +145,19 @@ void GeolPlotMain::MakePanels() {
 }
 
 void GeolPlotMain::FollowPanels() {
-    const int slot = CountOpenPlots() > 0 && IsOpenSlot(gActivePlot) ? gActivePlot : 0;
+    const int slot = IsOpenSlot(gActivePlot) ? gActivePlot : 0;
     if (!panLayers_->isHidden()) {
         panLayers_->Follow(slot);
     }
-    if (!panProperties_->isHidden()) {
-        panProperties_->Follow(slot, panLayers_->isHidden() ? std::nullopt : panLayers_->Place());
+    FollowChosenLayer();
+}
+
+void GeolPlotMain::FollowChosenLayer() {
+    if (panProperties_->isHidden()) {
+        return;
     }
+    const int slot = IsOpenSlot(gActivePlot) ? gActivePlot : 0;
+    panProperties_->Follow(slot, panLayers_->isHidden() ? std::nullopt : panLayers_->Place());
 }
 
 void GeolPlotMain::KeepPanels() {

@@ -78,6 +78,14 @@ void LayerTreeWidget::dropEvent(QDropEvent* event) {
     }
 }
 
+void LayerTreeWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->modifiers() == Qt::AltModifier || event->key() == Qt::Key_Delete) {
+        event->ignore(); // the panel's own
+    } else {
+        QTreeWidget::keyPressEvent(event);
+    }
+}
+
 LayerPanel::LayerPanel(QWidget* parent, LayerPanelSigns signs)
     : QDockWidget("Data and layers", parent)
     , signs_(std::move(signs)) {
@@ -123,10 +131,12 @@ void LayerPanel::Follow(int slot) {
     }
     const std::optional<std::size_t> place = slot == slot_ ? Place() : std::nullopt;
     slot_ = slot;
+    isFilling_ = true;
     Fill();
     if (place) {
         ChoosePlace(*place);
     }
+    isFilling_ = false;
 }
 
 void LayerPanel::ChoosePlace(std::size_t place) {
@@ -139,13 +149,11 @@ void LayerPanel::ChoosePlace(std::size_t place) {
 }
 
 void LayerPanel::Fill() {
-    isFilling_ = true;
     treLayers->clear();
     if (slot_ > 0 && RecordOf(slot_).PlotKind != kRose) {
         AddLayers(*AddHeading(*treLayers, "Layers, the uppermost first"));
         AddData(*AddHeading(*treLayers, "Data"));
     }
-    isFilling_ = false;
 }
 
 void LayerPanel::AddLayers(QTreeWidgetItem& top) {

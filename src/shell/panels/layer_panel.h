@@ -38,6 +38,7 @@ public:
 
 protected:
     void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     std::function<void(std::size_t, std::size_t)> moved_;

@@ -202,7 +202,7 @@ void PropertyPanel::Connect() {
             [value](FigureLayer& layer) {
                 layer.LayerOpacity = static_cast<double>(value) / kWholeOpacity;
             },
-            joins ? EditRun::Joins : EditRun::Alone);
+            joins ? EditRun::Joins : EditRun::First);
     });
     connect(cmdStyleOpacity, &QPushButton::clicked, this,
             [this] { Take([](FigureLayer& layer) { layer.LayerOpacity = kAsStyle; }); });

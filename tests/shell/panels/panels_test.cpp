@@ -158,7 +158,7 @@ TEST_F(PanelsOfWindow, TheButtonsActOnTheDataThatAreChosen) {
     ASSERT_EQ(data->childCount(), 3) << "main rows, overlay, selected rows";
     layers->treLayers->setCurrentItem(data->child(1));
     QApplication::processEvents();
-    Press("mnuPlotSymbols_0");
+    QTest::mouseClick(&ToolButton("grpSymbolButton_0"), Qt::LeftButton);
     EXPECT_EQ(RecordOf(slot).OverlayKind[1], kOverlayGreatCircles);
     EXPECT_NE(RecordOf(slot).PlotSymbolMode, kGreatCircles);
 }
