@@ -4,6 +4,7 @@
 #include "derive/secondary_data.h"
 #include "derive/secondary_rows.h"
 #include "drawing/plot_state.h"
+#include "drawing/symbol_choice.h"
 
 #include <algorithm>
 #include <limits>
@@ -140,6 +141,10 @@ TEST_F(SecondaryOverlay, OfPlanesIsOfPolesAndCanBecomeGreatCircles) {
     SetSecondaryButton(kOverlaySecondary, true);
     EXPECT_EQ(Record().OverlayKind[1], kOverlayPoles);
     EXPECT_EQ(Cells(slot), (std::vector<int>{30, 60}));
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    ChooseData(PlotOf(slot), overlay);
     SetPlotSymbol(0);
     EXPECT_EQ(Record().OverlayKind[1], kOverlayGreatCircles);
 }

@@ -56,7 +56,7 @@ void DrawShape(const DrawOperation& operation, Surface& surface) {
 
 } // namespace
 
-void DrawAgain(const Drawing& drawing, Surface& surface) {
+void DrawAgain(const RecordedDrawing& drawing, Surface& surface) {
     surface.SetUserScale(drawing.scale);
     for (const DrawOperation& operation : drawing.operations) {
         surface.SetState(operation.state);
@@ -72,15 +72,15 @@ void DrawAgain(const Drawing& drawing, Surface& surface) {
     }
 }
 
-std::string WritePicture(const std::string& path, const std::vector<Drawing>& drawings) {
+std::string WritePicture(const std::string& path, const std::vector<RecordedDrawing>& drawings) {
     PictureSize size{kGap, 0};
-    for (const Drawing& drawing : drawings) {
+    for (const RecordedDrawing& drawing : drawings) {
         size.width += drawing.size.x + kGap;
         size.height = std::max(size.height, drawing.size.y + 2 * kGap);
     }
     return SavePicture(path, size, path, [&](PicturePage& page) {
         double left = kGap;
-        for (const Drawing& drawing : drawings) {
+        for (const RecordedDrawing& drawing : drawings) {
             DrawAgain(drawing, page.In({left, kGap, drawing.size.x, drawing.size.y}));
             left += drawing.size.x + kGap;
         }

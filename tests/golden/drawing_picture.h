@@ -12,10 +12,10 @@
 namespace quandrel {
 
 /// Draws the operations of a drawing again, on another surface of any size.
-void DrawAgain(const Drawing& drawing, Surface& surface);
+void DrawAgain(const RecordedDrawing& drawing, Surface& surface);
 
 /// Writes drawings side by side into an SVG file. Returns an empty text, or why there is no file.
 [[nodiscard]] std::string WritePicture(const std::string& path,
-                                       const std::vector<Drawing>& drawings);
+                                       const std::vector<RecordedDrawing>& drawings);
 
 } // namespace quandrel

@@ -254,8 +254,8 @@ GlyphPart ReadPart(int kind, int ink, std::istream& line) {
     return part;
 }
 
-Drawing ReadHead(std::istream& line) {
-    Drawing drawing;
+RecordedDrawing ReadHead(std::istream& line) {
+    RecordedDrawing drawing;
     std::string word;
     UserScale& scale = drawing.scale;
     line >> std::quoted(drawing.name) >> word >> drawing.size.x >> drawing.size.y >> word
@@ -279,7 +279,7 @@ std::vector<std::string> JoinedLines(const std::string& text) {
 
 } // namespace
 
-Drawing DrawingOf(const std::string& name, const RecordingSurface& surface) {
+RecordedDrawing DrawingOf(const std::string& name, const RecordingSurface& surface) {
     const UserScale scale = surface.Scale();
     const Point pixel = surface.PixelSize();
     return {name,
@@ -290,7 +290,7 @@ Drawing DrawingOf(const std::string& name, const RecordingSurface& surface) {
             surface.Operations()};
 }
 
-std::string TextOfDrawing(const Drawing& drawing) {
+std::string TextOfDrawing(const RecordedDrawing& drawing) {
     std::string text = "drawing " + Quoted(drawing.name) + " size "
                        + Rounded(drawing.size.x, kPerUnit) + " " + Rounded(drawing.size.y, kPerUnit)
                        + " scale";
@@ -312,8 +312,8 @@ std::string TextOfDrawing(const Drawing& drawing) {
     return text + "end\n";
 }
 
-std::vector<Drawing> DrawingsOfText(const std::string& text) {
-    std::vector<Drawing> drawings;
+std::vector<RecordedDrawing> DrawingsOfText(const std::string& text) {
+    std::vector<RecordedDrawing> drawings;
     Glyph* glyph = nullptr;
     bool isWithin = false;
     for (const std::string& whole : JoinedLines(text)) {

@@ -28,7 +28,7 @@
 namespace quandrel {
 
 /// What was drawn on one surface.
-struct Drawing {
+struct RecordedDrawing {
     std::string name;
     Point size; ///< logical pixels
     UserScale scale;
@@ -37,13 +37,13 @@ struct Drawing {
 };
 
 /// What a surface has recorded.
-[[nodiscard]] Drawing DrawingOf(const std::string& name, const RecordingSurface& surface);
+[[nodiscard]] RecordedDrawing DrawingOf(const std::string& name, const RecordingSurface& surface);
 
 /// A drawing as text. Lengths are rounded to hundredths of a user unit, angles to millionths, by a
 /// rule that floating-point noise does not affect: its boundaries avoid all short decimals.
-[[nodiscard]] std::string TextOfDrawing(const Drawing& drawing);
+[[nodiscard]] std::string TextOfDrawing(const RecordedDrawing& drawing);
 
 /// The drawings in a text; lines that are not part of one are skipped.
-[[nodiscard]] std::vector<Drawing> DrawingsOfText(const std::string& text);
+[[nodiscard]] std::vector<RecordedDrawing> DrawingsOfText(const std::string& text);
 
 } // namespace quandrel

@@ -51,7 +51,7 @@ void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
 std::string LeftBehind(const std::string& name, const std::string& text) {
     const std::filesystem::path base = std::filesystem::path(QUANDREL_GOLDEN_OUTPUT) / name;
     WriteBytes(base.string() + ".txt", text);
-    const std::vector<Drawing> drawings = DrawingsOfText(text);
+    const std::vector<RecordedDrawing> drawings = DrawingsOfText(text);
     if (drawings.empty()) {
         return base.string() + ".txt";
     }

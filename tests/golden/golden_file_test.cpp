@@ -15,7 +15,7 @@ namespace quandrel {
 namespace {
 
 /// A drawing with every kind of operation.
-Drawing SampleDrawing() {
+RecordedDrawing SampleDrawing() {
     RecordingSurface surface(1000, 500);
     surface.SetUserScale(kPlotScale);
     surface.Clear(kWhite);
@@ -58,10 +58,10 @@ Drawing SampleDrawing() {
 
 TEST(DrawingText, IsReadBackAsWhatItSays) {
     const std::string text = TextOfDrawing(SampleDrawing());
-    const std::vector<Drawing> read = DrawingsOfText("before\n" + text + "after\n");
+    const std::vector<RecordedDrawing> read = DrawingsOfText("before\n" + text + "after\n");
     ASSERT_EQ(read.size(), 1U);
     EXPECT_EQ(TextOfDrawing(read[0]), text);
-    const Drawing sample = SampleDrawing();
+    const RecordedDrawing sample = SampleDrawing();
     ASSERT_EQ(read[0].operations.size(), sample.operations.size());
     for (std::size_t i = 0; i < sample.operations.size(); ++i) {
         EXPECT_EQ(read[0].operations[i].kind, sample.operations[i].kind);
@@ -70,7 +70,7 @@ TEST(DrawingText, IsReadBackAsWhatItSays) {
 }
 
 TEST(DrawingText, IsDrawnAgainByEveryOperation) {
-    const Drawing sample = SampleDrawing();
+    const RecordedDrawing sample = SampleDrawing();
     RecordingSurface again(1000, 500);
     DrawAgain(sample, again);
     EXPECT_EQ(TextOfDrawing(DrawingOf("sample", again)), TextOfDrawing(sample));

@@ -100,6 +100,7 @@ private:
     void FollowPanels();
     void FollowChosenLayer();
     void KeepPanels();
+    bool TakeCtrlClick(const QObject& object, const QEvent& event);
     void MakeMouse();
     void MakeMapLink();
     void UpdateMapLink();

@@ -51,8 +51,8 @@
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
 
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -224,14 +224,7 @@ void GeolPlotMain::ConnectPlotCommands() {
                            [i] { UsePlotFormulas(gActivePlot, static_cast<std::int16_t>(i)); });
     }
     for (int i = 0; i < kOverlaySecondaryButton; ++i) {
-        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] {
-            // With Ctrl the button adds a layer, or takes it away.
-            if (QApplication::keyboardModifiers().testFlag(Qt::ControlModifier)) {
-                ToggleSymbolLayer(gActivePlot, i);
-            } else {
-                SetPlotSymbol(i);
-            }
-        });
+        commands_->Connect(Numbered("mnuPlotSymbols", i), [i] { SetPlotSymbol(i); });
     }
     for (int button = kOverlaySecondary; button <= kSlipArrowsOnPoles; ++button) {
         // In the menus a separator comes before these commands.

@@ -29,6 +29,8 @@
 #include <QFileInfo>
 #include <QMdiArea>
 #include <QMimeData>
+#include <QMouseEvent>
+#include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -108,6 +110,9 @@ bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
     if (intro_ == nullptr) { // the window is under construction
         return QMainWindow::eventFilter(object, event);
     }
+    if (TakeCtrlClick(*object, *event)) {
+        return true;
+    }
     if (object == room_->viewport() && event->type() == QEvent::Resize) {
         PlaceIntro();
     }
@@ -116,6 +121,25 @@ bool GeolPlotMain::eventFilter(QObject* object, QEvent* event) {
         UpdateToolbar();
     }
     return QMainWindow::eventFilter(object, event);
+}
+
+/// With Ctrl a symbol button adds its layers, or takes them away.
+bool GeolPlotMain::TakeCtrlClick(const QObject& object, const QEvent& event) {
+    const bool isPress = event.type() == QEvent::MouseButtonPress;
+    if (!isPress && event.type() != QEvent::MouseButtonRelease) {
+        return false;
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    const QString prefix = "grpSymbolButton_";
+    if (!object.objectName().startsWith(prefix) || !mouse.modifiers().testFlag(Qt::ControlModifier)
+        || mouse.button() != Qt::LeftButton) {
+        return false;
+    }
+    if (isPress) {
+        ToggleSymbolLayer(gActivePlot, object.objectName().mid(prefix.size()).toInt());
+        UpdatePlotState();
+    }
+    return true;
 }
 
 void GeolPlotMain::PlaceIntro() {
@@ -140,6 +164,10 @@ void GeolPlotMain::MakePanels() {
     const WindowSettings& kept = gSettings.windows;
     resizeDocks({panLayers_, panProperties_}, {kept.layerWidth, kept.propertyWidth},
                 Qt::Horizontal);
+    for (int button = 0; button <= kLastModeButton; ++button) {
+        findChild<QToolButton*>("grpSymbolButton_" + QString::number(button))
+            ->installEventFilter(this);
+    }
     panLayers_->setVisible(kept.layerPanel);
     panProperties_->setVisible(kept.propertyPanel);
 }

@@ -3,6 +3,8 @@
 #include "core/plot_life.h"
 #include "core/plot_texts.h"
 #include "derive/kinematic_plots.h"
+#include "drawing/layer_rows.h"
+#include "drawing/symbol_choice.h"
 #include "session/start.h"
 #include "support/main_window_test.h"
 
@@ -152,12 +154,19 @@ TEST_F(DerivedWindow, ArrangingKeepsTheActivePlotOnTop) {
     }
 }
 
-TEST_F(DerivedWindow, TheFirstSymbolsSayThatTheyAreOfTheTopOverlay) {
+TEST_F(DerivedWindow, TheFirstSymbolsSayOfWhichDataTheyAre) {
     OpenFile("faults.txt", kFaults);
     EXPECT_EQ(Action("mnuPlotSymbols_0").text(), "Great C&ircles");
     Press("mnuPlotSymbols_8");
-    EXPECT_EQ(Action("mnuPlotSymbols_0").text(), "Great C&ircles (top overlay)");
-    EXPECT_EQ(Action("mnuPlotSymbols_1").text(), "Point &symbols (top overlay)");
+    EXPECT_EQ(Action("mnuPlotSymbols_0").text(), "Great C&ircles") << "of the main rows";
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    const std::string name = NameOfLayerData(ActivePlot(), overlay);
+    ChooseData(ActivePlot(), overlay);
+    main->UpdatePlotState();
+    EXPECT_EQ(Action("mnuPlotSymbols_0").text().toStdString(), "Great C&ircles (" + name + ")");
+    EXPECT_EQ(Action("mnuPlotSymbols_1").text().toStdString(), "Point &symbols (" + name + ")");
 }
 
 TEST_F(DerivedWindow, NewWindowsDoNotHangOverTheEdge) {
