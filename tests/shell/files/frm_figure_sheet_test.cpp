@@ -65,7 +65,8 @@ TEST_F(FigureSheetWindow, ShowsPanelsAndTheirCaption) {
     EXPECT_EQ(dialog->lstPanels->count(), 2);
     EXPECT_FALSE(Preview().isEmpty());
     EXPECT_TRUE(dialog->cmdExport->isEnabled());
-    EXPECT_TRUE(Caption().contains("(a) Beds: lower-hemisphere equal-area net of a")) << Caption().toStdString();
+    EXPECT_TRUE(Caption().contains("(a) Beds: lower-hemisphere equal-area net of a"))
+        << Caption().toStdString();
     const double ratio = Preview().width() / Preview().height();
     dialog->spnColumns->setValue(1);
     Wait();
