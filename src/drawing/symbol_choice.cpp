@@ -68,10 +68,16 @@ bool Holds(const std::vector<FigureLayer>& layers, const FigureLayer& wanted) {
     });
 }
 
+bool IsDensity(std::int16_t show) {
+    return show == kShowGridSymbols || show == kShowBands || show == kShowContours;
+}
+
 /// Rows lie on top of densities and below results.
-std::vector<FigureLayer>::iterator PlaceOfNew(std::vector<FigureLayer>& layers) {
-    return std::ranges::find_if(
-        layers, [](const FigureLayer& layer) { return layer.LayerOf == kLayerOfResults; });
+std::vector<FigureLayer>::iterator PlaceOfNew(std::vector<FigureLayer>& layers, std::int16_t show) {
+    return std::ranges::find_if(layers, [show](const FigureLayer& layer) {
+        const bool areRows = layer.LayerOf < kLayerOfResults && layer.LayerShow < kShowGridSymbols;
+        return layer.LayerOf == kLayerOfResults || (IsDensity(show) && areRows);
+    });
 }
 
 } // namespace
@@ -110,7 +116,7 @@ std::vector<FigureLayer> LayersByButton(const Plot& plot, const FigureLayer& dat
     };
     const auto first = std::ranges::find_if(layers, isReplaced);
     const std::ptrdiff_t place =
-        (first == layers.end() ? PlaceOfNew(layers) : first) - layers.begin();
+        (first == layers.end() ? PlaceOfNew(layers, kShowSymbols) : first) - layers.begin();
     std::vector<FigureLayer> made = LayersOfButton(plot, data, button);
     for (FigureLayer& layer : made) {
         // A way that stays keeps its properties.
@@ -138,7 +144,7 @@ std::vector<FigureLayer> LayersWithButton(const Plot& plot, const FigureLayer& d
     }
     for (const FigureLayer& layer : made) {
         if (!Holds(layers, layer)) {
-            layers.insert(PlaceOfNew(layers), layer);
+            layers.insert(PlaceOfNew(layers, layer.LayerShow), layer);
         }
     }
     return layers;

@@ -7,6 +7,7 @@
 #include "drawing/plot_state.h"
 #include "drawing/symbol_choice.h"
 #include "edit/history/undo.h"
+#include "edit/marks/plot_views.h"
 #include "panels/layer_commands.h"
 #include "panels/layer_tree.h"
 #include "persistence/open_plot.h"
@@ -197,6 +198,18 @@ TEST_F(LayerPanel, AButtonAddsAndRemovesAFurtherLayer) {
     EXPECT_LT(PlaceOf(kLayerOfMainRows, kShowSymbols), Layers().size());
     ToggleSymbolLayer(slot, 0);
     EXPECT_EQ(Layers(), before);
+}
+
+TEST_F(LayerPanel, DensitiesThatAreAddedLieBelowTheRows) {
+    RecordDensityView view = RecordOf(slot);
+    view.ContourPicture = kLinesOverBands;
+    ChangeDensities(slot, view);
+    ToggleSymbolLayer(slot, 5);
+    const std::size_t bands = PlaceOf(kLayerOfMainRows, kShowBands);
+    const std::size_t lines = PlaceOf(kLayerOfMainRows, kShowContours);
+    EXPECT_LT(bands, lines);
+    EXPECT_LT(lines, PlaceOf(kLayerOfMainRows, kShowSymbols));
+    EXPECT_LT(lines, PlaceOf(kLayerOfOverlay, kShowSymbols));
 }
 
 TEST_F(LayerPanel, AButtonKeepsThePropertiesOfALayerThatStays) {
