@@ -14,7 +14,7 @@ trap finish EXIT
 
 # The server chooses a display that is free and says which.
 exec 3<>"$folder/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset >/dev/null 2>&1 &
 server=$!
 for _ in $(seq 100); do
     [ -s "$folder/display" ] && break

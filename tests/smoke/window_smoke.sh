@@ -25,9 +25,10 @@ export XDG_CONFIG_HOME=$folder XDG_STATE_HOME=$folder XDG_RUNTIME_DIR=$folder LC
 echo "leak:libdbus-1" >"$folder/leaks"
 export LSAN_OPTIONS=suppressions=$folder/leaks
 
-# The server chooses a display that is free and says which.
+# The server chooses a display that is free and says which. It keeps its state between clients:
+# a reset as the first one leaves would end the window manager that just begins.
 exec 3<>"$folder/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset >/dev/null 2>&1 &
 jobs_to_end+=($!)
 for _ in $(seq 100); do
     [ -s "$folder/display" ] && break
@@ -37,6 +38,11 @@ DISPLAY=:$(tr -d '[:space:]' <"$folder/display")
 export DISPLAY
 matchbox-window-manager -use_titlebar no >/dev/null 2>&1 &
 jobs_to_end+=($!)
+# A window that is there before the window manager never gets the keyboard.
+for _ in $(seq 100); do
+    xdotool get_num_desktops >/dev/null 2>&1 && break
+    sleep 0.1
+done
 
 "$program" "$example" >"$folder/out" 2>&1 &
 running=$!
