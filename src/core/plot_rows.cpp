@@ -2,6 +2,7 @@
 
 #include "core/plot_rows.h"
 
+#include "core/layer_edits.h"
 #include "core/row_removal.h"
 #include "orientation/angles.h"
 
@@ -313,6 +314,7 @@ int OpenOverlay(PlotRecord& record, std::int16_t kind) {
     record.OverlayRows[overlay] = 0;
     record.OverlayKind[overlay] = kind;
     record.OverlayFiles[overlay].clear();
+    TakeOverlayIn(record.Layers, static_cast<int>(overlay));
     return static_cast<int>(overlay);
 }
 
@@ -339,6 +341,7 @@ void CloseOverlay(PlotRecord& record, int overlay) {
     record.OverlayKind[last] = 0;
     record.OverlayFiles[last].clear();
     --record.OverlayRows[kOverlayCount];
+    TakeOverlayOut(record.Layers, overlay);
     if (record.SelectedOverlay == overlay) {
         record.SelectedOverlay = 0;
     } else if (record.SelectedOverlay > overlay) {

@@ -88,7 +88,8 @@ void CutRows(Plot& plot, const RowCounts& former);
 /// Removes all rows and overlays of a plot.
 void ClearRows(Plot& plot);
 
-/// Opens an overlay for rows to come. There must be fewer than kMaxOverlays.
+/// Opens an overlay for rows to come. There must be fewer than kMaxOverlays. A plot with layers of
+/// its own gets one that shows it.
 ///
 /// @param kind  an OverlayKindCode
 /// @return its number
@@ -100,7 +101,7 @@ void RemoveOverlay(Plot& plot);
 /// Changes the kind of an overlay, an OverlayKindCode.
 void SetOverlayKind(PlotRecord& record, int overlay, std::int16_t kind);
 
-/// Removes an empty overlay from the tables of a record; those above it move down.
+/// Removes an empty overlay from the tables and the layers of a record; those above it move down.
 void CloseOverlay(PlotRecord& record, int overlay);
 
 /// Sets how many main rows count as data where a datum has several rows, as P and T of one fault.

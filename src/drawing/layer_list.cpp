@@ -4,6 +4,7 @@
 
 #include "classify/classification.h"
 #include "core/data_format.h"
+#include "core/layer_edits.h"
 #include "drawing/layer_rows.h"
 #include "stereo/axis_rows.h"
 #include "stereo/row_drawing.h"
@@ -168,14 +169,7 @@ std::vector<FigureLayer> WithToggledLayer(const Plot& plot, const FigureLayer& l
     std::vector<FigureLayer> layers = LayersOf(plot);
     if (std::erase_if(layers, [&layer](const FigureLayer& other) { return IsSame(other, layer); })
         == 0) {
-        // Rows lie on top of densities and below results.
-        const auto isAbove = [](const FigureLayer& other) {
-            return other.LayerOf == kLayerOfResults;
-        };
-        layers.insert(layer.LayerOf == kLayerOfResults
-                          ? layers.end()
-                          : std::find_if(layers.begin(), layers.end(), isAbove),
-                      layer);
+        AddInOrder(layers, layer);
     }
     return layers;
 }

@@ -111,11 +111,15 @@ RowSettings SettingsOfRows(const PlotRecord& record) {
     settings.axesTitle = record.AxesTitle;
     settings.overlayFiles = record.OverlayFiles;
     settings.ranges = static_cast<const RecordRanges&>(record);
+    settings.layers = record.Layers;
     return settings;
 }
 
 void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings) {
     TakeFormats(record, settings);
+    if (CountsOf(record).overlayRows[kOverlayCount] != settings.counts.overlayRows[kOverlayCount]) {
+        record.Layers = settings.layers;
+    }
     SetCounts(record, settings.counts);
     record.SelectedOverlay = settings.selectedOverlay;
     record.DataFull = settings.dataFull;

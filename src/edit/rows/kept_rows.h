@@ -39,6 +39,7 @@ struct RowSettings {
     std::vector<std::string> fileNames;
     std::array<std::vector<std::string>, kMaxOverlays + 1> overlayFiles;
     RecordRanges ranges;
+    std::vector<FigureLayer> layers; ///< restored with overlays that are added or removed
 };
 
 [[nodiscard]] RowSettings SettingsOfRows(const PlotRecord& record);

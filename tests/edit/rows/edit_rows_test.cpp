@@ -408,6 +408,22 @@ TEST_F(EditRows, RemovedOverlaysCanBeTakenBack) {
     EXPECT_EQ(RecordOf(slot).NumLoadedData, 1);
 }
 
+TEST_F(EditRows, LayersOfRemovedOverlaysComeBackWithThem) {
+    const int slot = NewPlanes({{30, 120}});
+    FigureLayer rows;
+    RecordOf(slot).Layers = {rows};
+    AddOverlay(kOverlayLines, 20, 50, CodeOfStyleRow(3));
+    ASSERT_EQ(RecordOf(slot).Layers.size(), 2U);
+    RecordOf(slot).Layers[1].LayerShow = kShowGreatCircles;
+    const std::vector<FigureLayer> before = RecordOf(slot).Layers;
+    RemoveOverlay();
+    EXPECT_EQ(RecordOf(slot).Layers.size(), 1U);
+    UndoEdits();
+    EXPECT_EQ(RecordOf(slot).Layers, before);
+    RedoEdits();
+    EXPECT_EQ(RecordOf(slot).Layers.size(), 1U);
+}
+
 TEST_F(EditRows, TheFileOfARemovedOverlayComesBackWithIt) {
     const int slot = NewPlanes({{30, 120}});
     PlotRecord& record = RecordOf(slot);

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+//
+// Changes of a plot's own list of layers that follow from changes of its data. A plot without a
+// list shows the layers of its mode, and stays without one.
+
+#pragma once
+
+#include "core/record_figure.h"
+
+#include <vector>
+
+namespace quandrel {
+
+/// Adds a layer: rows on top of rows and densities and below results, results on top of all.
+void AddInOrder(std::vector<FigureLayer>& layers, const FigureLayer& layer);
+
+/// A new overlay is shown as symbols, unless the list is full.
+void TakeOverlayIn(std::vector<FigureLayer>& layers, int overlay);
+
+/// The layers of an overlay leave the list, and those of the overlays after it have its number and
+/// the following ones. The last layer of a list stays: without any, the mode would have its own.
+void TakeOverlayOut(std::vector<FigureLayer>& layers, int overlay);
+
+} // namespace quandrel
