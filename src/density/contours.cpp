@@ -6,11 +6,13 @@
 #include "core/told_step.h"
 #include "density/cone_counts.h"
 #include "density/contour_levels.h"
+#include "density/density_look.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
 #include "density/point_density.h"
+#include "orientation/number_text.h"
 #include "stereo/distinct_lines.h"
-#include "stereo/figure_lines.h"
+#include "stereo/figure_text.h"
 #include "stereo/symbols.h"
 #include "stereo/window_drawing.h"
 
@@ -58,16 +60,24 @@ void DrawIsolatedRows(const Plot& plot, const Drawing& drawing) {
 
 void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& segments,
                      const AxisStyle& style) {
-    Surface& surface = drawing.plot;
-    DrawState state = surface.State();
-    state.drawStyle = style[kStyleLine];
-    state.drawWidth = style[kStyleWidth];
-    state.widthInPoints = FigureOf(drawing).lines.contourWidth;
-    LineLook look{state, TableColour(drawing.styles, style[kStyleColour])};
+    LineLook look{drawing.plot.State(), TableColour(drawing.styles, style[kStyleColour])};
+    look.state.drawStyle = style[kStyleLine];
+    look.state.drawWidth = style[kStyleWidth];
+    look.state.widthInPoints = FigureOf(drawing).lines.contourWidth;
     TakeLayer(drawing.layer, look);
-    surface.SetState(look.state);
+    drawing.plot.SetState(look.state);
     for (const std::vector<Point>& line : ChainSegments(segments)) {
-        surface.Polyline(line, look.colour);
+        drawing.plot.Polyline(line, look.colour);
+    }
+}
+
+void DrawContourAs(const Drawing& drawing, const LineLook& look, std::span<const Point> line,
+                   double level) {
+    drawing.plot.SetState(look.state);
+    if (HasLabels(drawing)) {
+        DrawLabelledLine(drawing.plot, drawing, line, FormatNumber(level, "0.####"), look.colour);
+    } else {
+        drawing.plot.Polyline(line, look.colour);
     }
 }
 
@@ -111,9 +121,13 @@ void FindContourLevels(Plot& plot) {
 void DrawContours(const Plot& plot, const Drawing& drawing) {
     {
         const SavedState saved(drawing.plot);
-        int level = 0;
+        int number = 0;
         for (const LevelContour& contour : ContoursOf(plot, drawing.watcher)) {
-            DrawContourLine(drawing, contour.segments, ContourStyleOf(drawing.styles, level++));
+            const LineLook look = LookOfCountContour(drawing.plot, drawing, plot.record, number++,
+                                                     plot.record.NumContours);
+            for (const std::vector<Point>& line : ChainSegments(contour.segments)) {
+                DrawContourAs(drawing, look, line, contour.level);
+            }
         }
     }
     if (drawing.styles.showIsolatedPts != 0) {

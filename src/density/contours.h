@@ -14,9 +14,11 @@
 #include "core/plot.h"
 #include "density/contour_trace.h"
 #include "stereo/drawing.h"
+#include "stereo/figure_lines.h"
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace quandrel {
@@ -29,6 +31,13 @@ namespace quandrel {
 /// @param style  colour index, draw style, draw width
 void DrawContourLine(const Drawing& drawing, const std::vector<ContourSegment>& segments,
                      const AxisStyle& style);
+
+/// Draws one line of a contour, with its level in a gap if the layer wants labels. The surface
+/// keeps the look.
+///
+/// @param line  closed with its first point repeated
+void DrawContourAs(const Drawing& drawing, const LineLook& look, std::span<const Point> line,
+                   double level);
 
 /// The contour of a level within the primitive, half-way between whole counts (CountOfLevel),
 /// without closed parts that enclose less than four cells of the grid.

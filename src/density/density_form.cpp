@@ -56,7 +56,6 @@ DensityOffer OfferOf(const PlotRecord& record) {
     }
     const auto method = static_cast<DensityMethod>(record.DensityMethod);
     offer.isDrawn = ShowsDensities(record);
-    offer.canDraw = record.OverlayRows[kOverlayCount] == 0;
     offer.hasK = method != DensityMethod::Cone && method != DensityMethod::Kernel;
     offer.hasWidth = method == DensityMethod::Kernel;
     offer.hasStep = record.LevelRule == kEvenLevels;

@@ -23,7 +23,6 @@ struct DensityOffer {
     std::string refusal;   ///< why the plot has no densities, empty if it has; nothing else is then
                            ///< offered
     bool isDrawn = false;  ///< the plot is in a mode that shows densities
-    bool canDraw = false;  ///< contours can be shown: not in plots with overlays
     bool hasK = false;     ///< the method has Kamb's k
     bool hasWidth = false; ///< the method has a half-width
     bool hasStep = false;  ///< levels are even

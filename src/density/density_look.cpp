@@ -45,7 +45,8 @@ Colour StepTo(Colour colour, int level, int levels) {
     return {mixed(colour.red), mixed(colour.green), mixed(colour.blue)};
 }
 
-std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& drawing, int levels) {
+/// The view of a plot with the palette in force: of the layer, of the plot, or of the style.
+RecordDensityView ViewInForce(const PlotRecord& record, const Drawing& drawing) {
     const FigureLayer& layer = LayerOf(drawing);
     RecordDensityView view = record;
     if (layer.LayerPalette != kAsStyle) {
@@ -53,6 +54,21 @@ std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& draw
     } else if (view.BandPalette == 0) {
         view.BandPalette = static_cast<std::int16_t>(FigureOf(drawing).bands.palette);
     }
+    return view;
+}
+
+/// The colour of a line on white: from the darker half of a palette.
+Colour ColourOfLine(const RecordDensityView& view, int level, int levels) {
+    constexpr double kPalest = 0.5;
+    const double along = levels > 1 ? static_cast<double>(level) / (levels - 1) : 1;
+    const double share = std::lerp(kPalest, 1.0, std::clamp(along, 0.0, 1.0));
+    const auto palette = static_cast<Palette>(view.BandPalette - 1);
+    return ColourOfLab(PalettePlace(palette, view.PaletteReversed != 0 ? 1 - share : share));
+}
+
+std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& drawing, int levels) {
+    const FigureLayer& layer = LayerOf(drawing);
+    const RecordDensityView view = ViewInForce(record, drawing);
     const bool hasRamp = layer.LayerColour != kColourOfStyle && layer.LayerPalette == kAsStyle;
     std::vector<Colour> colours;
     for (int level = 0; level < levels; ++level) {
@@ -62,6 +78,32 @@ std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& draw
                     : ColourOfBand(drawing.styles, view, level, levels));
     }
     return colours;
+}
+
+/// Black in a view without a palette, whose lines have the colours of the tables.
+std::vector<Colour> ColoursOfLines(const RecordDensityView& view, int levels) {
+    std::vector<Colour> colours(static_cast<std::size_t>(levels));
+    for (int level = 0; level < levels && view.BandPalette != 0; ++level) {
+        colours[static_cast<std::size_t>(level)] = ColourOfLine(view, level, levels);
+    }
+    return colours;
+}
+
+/// The look of a contour in the style of its level.
+///
+/// @param colour  in a style of figures, unless the table has another style than at the start
+LineLook LookOfContourStyle(const Surface& surface, const Drawing& drawing, int level,
+                            Colour colour) {
+    static const Styles start = StartStyles();
+    const AxisStyle style = ContourStyleOf(drawing.styles, level);
+    LineLook line{surface.State(), TableColour(drawing.styles, style[kStyleColour])};
+    line.state.widthInPoints = FigureOf(drawing).lines.contourWidth;
+    line.state.drawStyle = style[kStyleLine];
+    line.state.drawWidth = style[kStyleWidth];
+    if (FigureOf(drawing).bands.palette != 0 && style == ContourStyleOf(start, level)) {
+        line.colour = colour;
+    }
+    return line;
 }
 
 } // namespace
@@ -98,7 +140,9 @@ DensityLook LookOfDensity(const PlotRecord& record, const Drawing& drawing,
     if (!look.hasOwnLevels) {
         look.levels.assign(density.Levels().begin(), density.Levels().end());
     }
-    look.bands = ColoursOfBands(record, drawing, static_cast<int>(look.levels.size()));
+    const auto levels = static_cast<int>(look.levels.size());
+    look.bands = ColoursOfBands(record, drawing, levels);
+    look.lines = ColoursOfLines(ViewInForce(record, drawing), levels);
     look.hasOwnPalette = layer.LayerPalette != kAsStyle;
     look.opacity = layer.LayerOpacity != kAsStyle ? layer.LayerOpacity : record.BandOpacity;
     return look;
@@ -120,18 +164,22 @@ LookContours::LookContours(const PlotDensity& density, const DensityLook& look)
 LineLook LookOfContour(const Surface& surface, const Drawing& drawing, const DensityLook& look,
                        int level) {
     const LineStyle& lines = FigureOf(drawing).lines;
-    const AxisStyle style = ContourStyleOf(drawing.styles, level);
-    LineLook line{surface.State(), {}};
-    line.state.widthInPoints = lines.contourWidth;
-    line.state.drawStyle = style[kStyleLine];
-    line.state.drawWidth = style[kStyleWidth];
+    const auto place = static_cast<std::size_t>(level);
+    LineLook line = LookOfContourStyle(surface, drawing, level, look.lines.at(place));
     if (look.hasOwnPalette) {
-        line.colour = look.bands.at(static_cast<std::size_t>(level));
-    } else if (!look.areLinesOfBands) {
-        line.colour = TableColour(drawing.styles, style[kStyleColour]);
-    } else {
+        line.colour = look.bands.at(place);
+    } else if (look.areLinesOfBands) {
         line.colour = lines.contourWidth > 0 ? lines.contour : AxesColour(drawing);
     }
+    TakeLayer(drawing.layer, line);
+    return line;
+}
+
+LineLook LookOfCountContour(const Surface& surface, const Drawing& drawing,
+                            const PlotRecord& record, int level, int levels) {
+    const RecordDensityView view = ViewInForce(record, drawing);
+    const Colour colour = view.BandPalette != 0 ? ColourOfLine(view, level, levels) : Colour();
+    LineLook line = LookOfContourStyle(surface, drawing, level, colour);
     TakeLayer(drawing.layer, line);
     return line;
 }

@@ -25,6 +25,7 @@ namespace quandrel {
 struct DensityLook {
     std::vector<double> levels;   ///< ascending, in the unit of the density
     std::vector<Colour> bands;    ///< of the bands above them
+    std::vector<Colour> lines;    ///< of contours without bands, in styles with a palette
     double opacity = 1;           ///< of the bands
     bool hasOwnLevels = false;    ///< the levels are not those that the density has
     bool hasOwnPalette = false;   ///< of the layer
@@ -60,10 +61,17 @@ private:
 };
 
 /// The look of the contour of a level: of the layer, of contours over bands in the style, or of the
-/// tables.
+/// tables. In a style with a palette, levels with the style of the first run have the colours of
+/// the palette's darker half.
 ///
 /// @param level  from 0
 [[nodiscard]] LineLook LookOfContour(const Surface& surface, const Drawing& drawing,
                                      const DensityLook& look, int level);
+
+/// The same of the contours of a plot's counts (density/contours.h).
+///
+/// @param levels  how many the plot has
+[[nodiscard]] LineLook LookOfCountContour(const Surface& surface, const Drawing& drawing,
+                                          const PlotRecord& record, int level, int levels);
 
 } // namespace quandrel

@@ -11,6 +11,7 @@
 #include "orientation/projection.h"
 #include "platform/colour_space.h"
 #include "stereo/figure_symbols.h"
+#include "stereo/figure_text.h"
 #include "stereo/net.h"
 #include "stereo/shown_layers.h"
 #include "stereo/symbols.h"
@@ -146,10 +147,10 @@ void DrawFieldContours(const PlotRecord& record, const Drawing& drawing,
     const LookContours contours(density, look);
     int level = 0;
     for (const PlotDensity::Contour& contour : contours.All()) {
+        const double value = look.levels.at(static_cast<std::size_t>(level));
         const LineLook line = LookOfContour(surface, drawing, look, level++);
-        surface.SetState(line.state);
         for (const FieldLine& at : contour.lines) {
-            surface.Polyline(LineOnNet(record.PlotKind, at), line.colour);
+            DrawContourAs(drawing, line, LineOnNet(record.PlotKind, at), value);
         }
     }
 }
@@ -199,7 +200,7 @@ void DrawMaxima(const PlotRecord& record, const Drawing& drawing, const PlotDens
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
     DrawState state = surface.State();
-    state.font = drawing.styles.fonts[kLegendFont].font;
+    state.font = FontInFigure(drawing, kLegendFont);
     const DensityLook look = LookOfDensity(record, drawing, density);
     int rank = 0;
     for (const FieldMaximum& maximum : density.Maxima()) {

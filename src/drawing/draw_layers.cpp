@@ -12,10 +12,12 @@
 #include "drawing/draw_plot.h"
 #include "drawing/layer_list.h"
 #include "drawing/layer_results.h"
+#include "drawing/row_labels.h"
 #include "edit/marks/annotations.h"
 #include "edit/marks/small_circles.h"
 #include "statistics/draw_regions.h"
 #include "stereo/figure_symbols.h"
+#include "stereo/figure_text.h"
 #include "stereo/net.h"
 #include "stereo/row_drawing.h"
 
@@ -23,6 +25,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace quandrel {
 
@@ -86,6 +89,9 @@ void DrawRowLayer(const Plot& plot, const Drawing& drawing, const FigureLayer& l
         DrawRowSymbols(plot, drawing, set, RowStyle::Own,
                        isSecondary ? SlipArrows() : ArrowsOfMode(plot));
         break;
+    }
+    if (HasLabels(drawing) && (layer.LayerShow == kShowSymbols || layer.LayerShow == kShowPoles)) {
+        DrawRowLabels(plot, drawing, set);
     }
 }
 
@@ -245,8 +251,9 @@ LayerGroup GroupOfRows(const Plot& plot, const FigureLayer& layer) {
     return {id + more.id, name + more.title};
 }
 
-/// A layer of a net. The net itself is drawn at the beginning; on top of others it is drawn again.
-void DrawLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer, bool isLowest) {
+} // namespace
+
+void DrawOneLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer) {
     if (layer.LayerHidden != 0 || !IsPossible(plot, layer)) {
         return;
     }
@@ -259,9 +266,7 @@ void DrawLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer,
         group.emplace(drawing.plot, name.id, name.title);
     }
     if (layer.LayerOf == kLayerOfNet) {
-        if (!isLowest) {
-            DrawNet(plot.record.PlotKind, drawing);
-        }
+        DrawNet(plot.record.PlotKind, drawing);
     } else if (layer.LayerOf == kLayerOfResults) {
         DrawResultLayer(plot, drawing, drawn);
     } else if (layer.LayerShow <= kShowBandSymbols) {
@@ -270,8 +275,6 @@ void DrawLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer,
         DrawFieldLayer(plot, drawing, drawn, name.id);
     }
 }
-
-} // namespace
 
 FigureLayer LayerAsDrawn(const FigureLayer& layer, const Drawing& drawing) {
     FigureLayer drawn = layer;
@@ -308,8 +311,10 @@ LayerGroup GroupOfLayer(const Plot& plot, const FigureLayer& layer) {
 void DrawLayers(const Plot& plot, const Drawing& drawing) {
     bool isLowest = true;
     for (const FigureLayer& layer : LayersOf(plot)) {
-        DrawLayer(plot, drawing, layer, isLowest);
-        isLowest = false;
+        // On top of others, the net is drawn again.
+        if (!std::exchange(isLowest, false) || layer.LayerOf != kLayerOfNet) {
+            DrawOneLayer(plot, drawing, layer);
+        }
     }
 }
 

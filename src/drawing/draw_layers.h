@@ -15,6 +15,9 @@ namespace quandrel {
 /// with the base of the plot.
 void DrawLayers(const Plot& plot, const Drawing& drawing);
 
+/// Draws a layer, unless it is hidden or the plot cannot show it.
+void DrawOneLayer(const Plot& plot, const Drawing& whole, const FigureLayer& layer);
+
 /// A layer with the properties that it is drawn with: in a style of figures, the selection has the
 /// accent unless it has a colour of its own.
 [[nodiscard]] FigureLayer LayerAsDrawn(const FigureLayer& layer, const Drawing& drawing);

@@ -5,6 +5,7 @@
 #include "core/data_format.h"
 #include "core/item_style.h"
 #include "drawing/draw_layers.h"
+#include "drawing/layer_list.h"
 #include "drawing/legend.h"
 #include "orientation/projection.h"
 #include "rose/draw_rose.h"
@@ -16,6 +17,7 @@
 #include "stereo/net.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace quandrel {
 
@@ -29,6 +31,17 @@ int WholeOf(const TaggedValue& value, int most) {
     return number > 0 ? static_cast<int>(std::min(number, static_cast<double>(most))) : 0;
 }
 
+/// The base of a net or a rose. The lowest layer gives the net its properties.
+void DrawBase(const Plot& plot, const Drawing& drawing, NetRoom room) {
+    const NamedGroup group(drawing.plot, "net", "Net");
+    const std::vector<FigureLayer> layers = LayersOf(plot);
+    Drawing own = drawing;
+    if (!layers.empty() && layers.front().LayerOf == kLayerOfNet) {
+        own.layer = &layers.front();
+    }
+    DrawPlotBase(plot.record, own, room);
+}
+
 } // namespace
 
 bool IsItemShown(const PlotRecord& record, int item) {
@@ -37,10 +50,7 @@ bool IsItemShown(const PlotRecord& record, int item) {
 }
 
 void DrawPlot(const Plot& plot, const Drawing& drawing) {
-    {
-        const NamedGroup group(drawing.plot, "net", "Net");
-        DrawPlotBase(plot.record, drawing);
-    }
+    DrawBase(plot, drawing, NetRoom::Within);
     if (plot.record.PlotKind == kRose) {
         DrawRose(plot, drawing);
         DrawLegend(plot, drawing);
@@ -55,10 +65,7 @@ void DrawStereoPlot(const Plot& plot, const Drawing& drawing) {
 }
 
 void DrawNetOfFigure(const Plot& plot, const Drawing& drawing) {
-    {
-        const NamedGroup group(drawing.plot, "net", "Net");
-        DrawPlotBase(plot.record, drawing, NetRoom::Beyond);
-    }
+    DrawBase(plot, drawing, NetRoom::Beyond);
     if (plot.record.PlotKind != kRose) {
         DrawLayers(plot, drawing);
     } else if (HasFigureRoses(drawing)) {

@@ -105,9 +105,14 @@ void LegendMaker::AddCountLevels() {
         TitleOfDensity(DensityUnit::PerCentInCone,
                        arePoints ? record_.PointDensityMax : record_.GridDensityMax, false);
     Add(std::move(title));
+    int level = 0;
     for (const LegendLine& line : BandLegendLines(plot_, drawing_.styles)) {
-        if (line.sample == LegendSample::Symbol || line.sample == LegendSample::Line) {
+        if (line.sample == LegendSample::Symbol) {
             AddTableLine(line);
+        } else if (line.sample == LegendSample::Line) {
+            AddLine(
+                LookOfCountContour(drawing_.plot, drawing_, record_, level++, record_.NumContours),
+                std::string(WithoutBlanks(line.text)));
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "drawing/figure_text_rule.h"
 
 #include "stereo/drawable_text.h"
+#include "stereo/figure_text.h"
 #include "stereo/text_lines.h"
 
 #include <algorithm>
@@ -10,13 +11,7 @@
 namespace quandrel {
 
 FontSpec FontOfLegend(const Drawing& drawing) {
-    const TextStyle& text = FigureOf(drawing).text;
-    FontSpec font = drawing.styles.fonts[kLegendFont].font;
-    if (text.size > 0) {
-        font = {text.families, text.size};
-    }
-    font.points = std::max(font.points, text.leastSize);
-    return font;
+    return FontInFigure(drawing, kLegendFont);
 }
 
 TextRule::TextRule(Surface& surface, const FontSpec& font)

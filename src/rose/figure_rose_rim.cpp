@@ -8,6 +8,7 @@
 #include "rose/label_box.h"
 #include "rose/rose_furniture.h"
 #include "stereo/figure_lines.h"
+#include "stereo/figure_text.h"
 
 #include <algorithm>
 #include <array>
@@ -114,14 +115,10 @@ std::vector<RimLabel> LabelsOfRim(const RoseStyle& style, int shape) {
 
 FontSpec FontOfRimLabel(const Drawing& drawing, const RimLabel& label) {
     const FigureStyle& figure = FigureOf(drawing);
-    FontSpec font = drawing.styles.fonts[kGeneralFont].font;
-    if (figure.text.size > 0) {
-        font = {figure.text.families, figure.text.size};
-    }
+    FontSpec font = FontInFigure(drawing, kGeneralFont);
     if (label.isNorth && figure.net.showNorth) {
-        font = {figure.text.families, figure.net.northSize, true};
+        font = {figure.text.families, std::max(figure.net.northSize, figure.text.leastSize), true};
     }
-    font.points = std::max(font.points, figure.text.leastSize);
     return font;
 }
 

@@ -288,14 +288,18 @@ void DrawFigureSymbols(Surface& surface, const FigureSymbol& symbol,
 }
 
 void DrawAxisMarker(Surface& surface, const Drawing& drawing, Point at, FigureAxis axis) {
-    if (FigureOf(drawing).symbols.size > 0) {
-        DrawFigureSymbols(surface, AxisInFigure(FigureOf(drawing), drawing.styles, axis),
-                          std::span(&at, 1));
+    const bool isOfTables = FigureOf(drawing).symbols.size == 0;
+    const AxisStyle& style = drawing.styles.axes[kBetaAxisStyle];
+    const SymbolCode code =
+        MakeSymbolCode(style[kStyleColour], style[kStyleSymbol], style[kStyleSize]);
+    if (isOfTables && !HasOwnSymbols(drawing.layer)) {
+        DrawSymbols(surface, drawing.styles, std::span(&at, 1), code);
         return;
     }
-    const AxisStyle& style = drawing.styles.axes[kBetaAxisStyle];
-    DrawSymbols(surface, drawing.styles, std::span(&at, 1),
-                MakeSymbolCode(style[kStyleColour], style[kStyleSymbol], style[kStyleSize]));
+    FigureSymbol symbol = isOfTables ? SymbolOfTables(drawing.styles, code, surface.PixelSize())
+                                     : AxisInFigure(FigureOf(drawing), drawing.styles, axis);
+    TakeLayer(drawing.layer, symbol);
+    DrawFigureSymbols(surface, symbol, std::span(&at, 1));
 }
 
 } // namespace quandrel

@@ -150,7 +150,10 @@ void DrawFigureNet(const Drawing& drawing) {
     const FigureStyle& figure = FigureOf(drawing);
     Surface& surface = drawing.plot;
     const SavedState saved(surface);
-    const Colour ink = AxesColour(drawing);
+    LineLook rim{surface.State(), AxesColour(drawing)};
+    rim.state.widthInPoints = figure.net.rimWidth;
+    TakeLayer(drawing.layer, rim);
+    const Colour ink = rim.colour;
     SetWidthInPoints(surface, figure.net.tickWidth);
     const double half = figure.net.crossSpan / 2 * kNetRadius;
     if (half > 0) {
@@ -158,7 +161,7 @@ void DrawFigureNet(const Drawing& drawing) {
         surface.Line({0, -half}, {0, half}, ink);
     }
     DrawFigureTicks(surface, figure.net, ink);
-    SetWidthInPoints(surface, figure.net.rimWidth);
+    surface.SetState(rim.state);
     surface.Circle({0, 0}, kNetRadius, ink);
 }
 

@@ -111,9 +111,6 @@ TEST(DensityForm, TellsWhetherThePlotDrawsItsDensities) {
     }
     record.PlotSymbolMode = kPointSymbols;
     EXPECT_FALSE(OfferOf(record).isDrawn);
-    EXPECT_TRUE(OfferOf(record).canDraw);
-    record.OverlayRows[kOverlayCount] = 1;
-    EXPECT_FALSE(OfferOf(record).canDraw) << "the buttons of modes act on overlays only";
 }
 
 TEST(DensityForm, AMethodWithoutTheUnitTakesItsFirst) {

@@ -5,8 +5,11 @@
 #include "core/item_style.h"
 #include "drawing/draw_layers.h"
 #include "layered_plot.h"
+#include "platform/colour_space.h"
 #include "stereo/row_sense.h"
 #include "stereo/symbols.h"
+
+#include <algorithm>
 
 namespace quandrel {
 namespace {
@@ -85,6 +88,93 @@ TEST_F(LayerLooksTest, ContoursThatLookAlikeHaveOneEntry) {
     EXPECT_TRUE(legend.entries[0].text.starts_with("Overlay 1: 0.5, 1 multiples of uniform, max "))
         << legend.entries[0].text;
     EXPECT_EQ(legend.entries[0].line.colour, (Colour{255, 0, 0}));
+}
+
+/// The colours of the lines of a group, in their order.
+std::vector<Colour> ColoursOfLines(const GroupSurface& net, const std::string& group) {
+    std::vector<Colour> colours;
+    for (const DrawOperation& operation : net.operations.at(group)) {
+        if (operation.kind == DrawOperation::Kind::Polyline
+            && (colours.empty() || colours.back() != operation.colour)) {
+            colours.push_back(operation.colour);
+        }
+    }
+    return colours;
+}
+
+TEST_F(LayerLooksTest, ContoursWithoutBandsHaveDarkColoursOfTheStyle) {
+    Plot plot = Faults();
+    plot.record.Layers = {LayerOf("main", kShowContours)};
+    plot.record.LevelRule = kLevelsByHand;
+    plot.record.LevelsByHand = "0.9, 0.95, 1";
+    WorkOut(plot);
+    constexpr double kDarkOnWhite = 70; // lightness
+    for (const std::string_view style : {kScreenStyle, kJournalStyle, kGreyStyle}) {
+        const std::vector<Colour> colours = ColoursOfLines(Drawn(plot, style), "contours");
+        ASSERT_EQ(colours.size(), 3U) << style;
+        double last = kDarkOnWhite;
+        for (const Colour colour : colours) {
+            EXPECT_LT(LabOf(colour).lightness, last) << style;
+            last = LabOf(colour).lightness;
+        }
+    }
+    const Colour first = TableColour(gSettings.styles, gSettings.styles.contours[0][kStyleColour]);
+    EXPECT_EQ(ColoursOfLines(Drawn(plot, kClassicStyle), "contours").front(), first);
+    gSettings.styles.contours[0][kStyleColour] = 3;
+    const Colour chosen = TableColour(gSettings.styles, 3);
+    EXPECT_EQ(ColoursOfLines(Drawn(plot), "contours").front(), chosen) << "the user's choice";
+}
+
+TEST_F(LayerLooksTest, LegendHasTheColoursOfTheContoursOfCounts) {
+    Plot plot = Faults();
+    plot.record.Layers = {LayerOf("main", kShowContours)};
+    plot.record.DensityMethod = kDensityByCone;
+    plot.record.DensityUnit = kPerCentInConeUnit;
+    WorkOut(plot);
+    std::vector<Colour> ofLegend;
+    for (const FigureEntry& entry : Legend(plot).entries) {
+        if (entry.sign == FigureSign::Line) {
+            ofLegend.push_back(entry.line.colour);
+        }
+    }
+    EXPECT_EQ(ofLegend, ColoursOfLines(Drawn(plot), "contours"));
+}
+
+TEST_F(LayerLooksTest, AxesTakeThePropertiesOfTheirLayer) {
+    Plot plot = Faults();
+    plot.record.Layers = {LayerOf("results", kShowAxes)};
+    WorkOut(plot);
+    plot.record.AxisItems[kGirdleItem][kItemShown] = std::int16_t{kTrue};
+    const auto axisIn = [&plot, this](std::string_view style) {
+        return Drawn(plot, style).operations.at("axes").at(0);
+    };
+    for (const std::string_view style : {kJournalStyle, kClassicStyle}) {
+        plot.record.Layers[0] = LayerOf("results", kShowAxes);
+        const DrawOperation before = axisIn(style);
+        plot.record.Layers[0].LayerColour = 0x00ff00;
+        plot.record.Layers[0].LayerSize = 5;
+        const DrawOperation after = axisIn(style);
+        EXPECT_EQ(after.colour, (Colour{0, 255, 0})) << style;
+        EXPECT_NE(after.text, before.text) << "another size";
+        EXPECT_EQ(after.points, before.points);
+    }
+}
+
+TEST_F(LayerLooksTest, TheNetTakesThePropertiesOfItsLayer) {
+    Plot plot = Faults();
+    plot.record.Layers = {LayerOf("net", kShowNet)};
+    plot.record.Layers[0].LayerWidth = 2;
+    plot.record.Layers[0].LayerColour = 0x0000ff;
+    WorkOut(plot);
+    const GroupSurface drawn = Drawn(plot);
+    const auto isRim = [](const DrawOperation& operation) {
+        return operation.kind == DrawOperation::Kind::Circle;
+    };
+    const std::vector<DrawOperation>& net = drawn.operations.at("net");
+    const auto rim = std::ranges::find_if(net, isRim);
+    ASSERT_NE(rim, net.end());
+    EXPECT_EQ(rim->state.widthInPoints, 2);
+    EXPECT_EQ(rim->colour, (Colour{255, 0, 0}));
 }
 
 TEST_F(LayerLooksTest, OverlaysHaveTheColoursOfTheStyleInTheirOrder) {

@@ -5,6 +5,7 @@
 #include "core/plot_store.h"
 #include "density/plot_density.h"
 #include "drawing/plot_state.h"
+#include "drawing/symbol_choice.h"
 #include "edit/marks/plot_views.h"
 #include "platform/platform.h"
 
@@ -134,6 +135,7 @@ void frmDensities::ConnectButtons() {
     });
     connect(cmdContours, &QPushButton::clicked, this, [this] {
         constexpr int kContoursButton = 5;
+        ChooseData(ActivePlot(), FigureLayer()); // the densities are those of the main rows
         SetPlotSymbol(kContoursButton);
         Refresh();
         SayChanged();
@@ -295,7 +297,7 @@ void frmDensities::ShowOffer() {
     const bool hasField = offer_.onFieldOnly.empty();
     chkEnvelope->setEnabled(hasField);
     chkMaxima->setEnabled(hasField);
-    cmdContours->setVisible(canUse && !offer_.isDrawn && offer_.canDraw);
+    cmdContours->setVisible(canUse && !offer_.isDrawn);
 }
 
 } // namespace quandrel

@@ -222,10 +222,7 @@ void frmDensities::ShowNote() {
     } else if (!refused_.empty()) {
         note = refused_;
     } else if (!offer_.isDrawn) {
-        note = offer_.canDraw
-                   ? "The plot does not show its densities. What you choose appears once "
-                     "it does."
-                   : "The plot does not show its densities: it has overlays.";
+        note = "The plot does not show its densities. What you choose appears once it does.";
     } else {
         note = offer_.onFieldOnly;
     }
