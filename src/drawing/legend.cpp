@@ -408,8 +408,19 @@ LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing) {
     return size;
 }
 
+std::optional<std::size_t> LegendLineAt(const Drawing& drawing, Point at) {
+    const LegendLayout layout = LayOut(drawing);
+    const Point pixel = drawing.legend.PixelSize();
+    const double x = at.x * pixel.x;
+    const double y = at.y * pixel.y;
+    if (x < 0 || y < 0 || x > layout.width || y > layout.height) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(y / layout.lineHeight);
+}
+
 void DrawLegendLines(const Drawing& drawing, const std::vector<LegendLine>& lines) {
-    DrawLines(drawing, LayOut(drawing), {lines, {}});
+    DrawLines(drawing, LayOut(drawing), {lines, {}, {}});
 }
 
 void DrawLegend(const Plot& plot, const Drawing& drawing) {

@@ -9,7 +9,9 @@
 #include "stereo/drawing.h"
 #include "stereo/legend_line.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,12 @@ struct LegendSize {
 
 /// The size of a box for the whole legend of a plot; 0 for a hidden one.
 [[nodiscard]] LegendSize SizeOfLegend(const Plot& plot, const Drawing& drawing);
+
+/// The number of the line at a point of the legend's box, from 0 on; there may be fewer lines.
+/// Empty outside the box.
+///
+/// @param at  logical pixels from the top left corner of the box
+[[nodiscard]] std::optional<std::size_t> LegendLineAt(const Drawing& drawing, Point at);
 
 /// Draws lines from the top of the legend's box down. A text too long for the box is cut. If the
 /// box cannot hold all lines, it ends in "...".

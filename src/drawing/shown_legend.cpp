@@ -31,6 +31,7 @@ void AddBar(const FigureBar& bar, std::vector<LegendLine>& lines) {
 ShownLegend LinesOfFigure(FigureLegend legend) {
     ShownLegend shown;
     for (FigureEntry& entry : legend.entries) {
+        shown.layers.push_back(entry.layer);
         LegendLine line;
         line.text = entry.text;
         if (entry.sign != FigureSign::None) {
@@ -42,6 +43,7 @@ ShownLegend LinesOfFigure(FigureLegend legend) {
     }
     for (const FigureBar& bar : legend.bars) {
         AddBar(bar, shown.lines);
+        shown.layers.resize(shown.lines.size(), bar.layer);
     }
     return shown;
 }
@@ -51,7 +53,7 @@ ShownLegend LinesOfFigure(FigureLegend legend) {
 ShownLegend LegendShown(const Plot& plot, const Drawing& drawing) {
     const bool hasLayers = !plot.record.Layers.empty() && plot.record.PlotKind != kRose;
     if (FigureOf(drawing) == ClassicStyle() && !hasLayers) {
-        return {LegendLines(plot, drawing.styles, drawing.formulas), {}};
+        return {LegendLines(plot, drawing.styles, drawing.formulas), {}, {}};
     }
     return LinesOfFigure(LegendOfFigure(plot, drawing));
 }

@@ -15,8 +15,9 @@
 namespace quandrel {
 
 struct ShownLegend {
-    std::vector<LegendLine> lines;  ///< top to bottom
-    std::vector<FigureEntry> signs; ///< of the lines with LegendSample::Figure
+    std::vector<LegendLine> lines;   ///< top to bottom
+    std::vector<FigureEntry> signs;  ///< of the lines with LegendSample::Figure
+    std::vector<FigureLayer> layers; ///< that the lines are about; none in the legend of the tables
 };
 
 /// The legend of a plot whose results are worked out. Nothing is drawn.

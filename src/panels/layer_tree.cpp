@@ -130,7 +130,10 @@ LayerProperties PropertiesOfLayer(const FigureLayer& layer) {
     switch (layer.LayerShow) {
     case kShowSymbols:
     case kShowPoles:
+        has.symbol = has.colour = has.opacity = has.labels = true;
+        break;
     case kShowIntersections:
+    case kShowAxes:
         has.symbol = has.colour = has.opacity = true;
         break;
     case kShowGreatCircles:
@@ -138,13 +141,14 @@ LayerProperties PropertiesOfLayer(const FigureLayer& layer) {
     case kShowUserGirdles:
     case kShowSmallCircles:
     case kShowRegions:
+    case kShowNet:
         has.colour = has.opacity = has.line = true;
         break;
     case kShowSlipArrows:
         has.colour = has.opacity = true;
         break;
     case kShowContours:
-        has.colour = has.opacity = has.line = has.steps = true;
+        has.colour = has.opacity = has.line = has.steps = has.labels = true;
         break;
     case kShowBands:
         has.opacity = has.bands = has.steps = true;

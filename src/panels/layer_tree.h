@@ -58,9 +58,10 @@ struct LayerProperties {
     bool symbol = false; ///< shape, size and halo
     bool colour = false;
     bool opacity = false;
-    bool line = false;  ///< width and dashes
-    bool bands = false; ///< palette
-    bool steps = false; ///< even steps of densities
+    bool line = false;   ///< width and dashes
+    bool bands = false;  ///< palette
+    bool steps = false;  ///< even steps of densities
+    bool labels = false; ///< numbers or texts at rows and lines
 };
 
 [[nodiscard]] LayerProperties PropertiesOfLayer(const FigureLayer& layer);

@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/plot_store.h"
 #include "derive/derived_plots.h"
+#include "drawing/layer_hit.h"
 #include "edit/marks/girdle_pull.h"
 #include "edit/marks/small_circle_pick.h"
 #include "edit/selection/marquee.h"
@@ -216,6 +217,12 @@ void GeolPlotMain::MakeMouse() {
         dialogs_->FollowSmallCircles();
     };
     signs.done = [this] { UpdatePlotState(); };
+    signs.pointed = [this](Point at, bool opens) {
+        ShowProperties(opens, [at](const Plot& plot, const Drawing& drawing) {
+            constexpr double kReachInPixels = 5;
+            return LayerAt(plot, drawing, at, kReachInPixels * drawing.plot.PixelSize().x);
+        });
+    };
     mouse_ = std::make_unique<NetMouse>(*dialogs_, commands_->Of("mnuEditAddMode"),
                                         commands_->Of("mnuEditLasso"), std::move(signs));
 }
@@ -251,6 +258,11 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
         menu->addSeparator();
         menu->addActions(menus_->mnuView->actions());
         menu->popup(at);
+    });
+    connect(window, &frmPlotForms::LegendPressed, this, [this](const QPointF& at, bool opens) {
+        ShowProperties(opens, [at](const Plot& plot, const Drawing& drawing) {
+            return LayerOfLegendAt(plot, drawing, {at.x(), at.y()});
+        });
     });
     connect(window, &frmPlotForms::LegendCopyWanted, this, [this] { CopyImage(true); });
     connect(window, &frmPlotForms::Hint, this,

@@ -15,10 +15,14 @@
 #include "session/start.h"
 #include "shell/dialogs/widget_prompts.h"
 #include "shell/main/main_status_line.h"
+#include "stereo/drawing.h"
 
 #include <QMainWindow>
 
+#include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QMdiArea;
@@ -99,6 +103,12 @@ private:
     void MakePanels();
     void FollowPanels();
     void FollowChosenLayer();
+    /// Shows the properties of a layer of the plot in focus, if there is one where the user points.
+    ///
+    /// @param opens  the panel as well; else they are shown in an open panel only
+    void ShowProperties(
+        bool opens,
+        const std::function<std::optional<std::size_t>(const Plot&, const Drawing&)>& layer);
     void KeepPanels();
     bool TakeCtrlClick(const QObject& object, const QEvent& event);
     void MakeMouse();

@@ -22,6 +22,7 @@
 #include "shell/panels/property_panel.h"
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/plot_dialogs.h"
+#include "stereo/window_drawing.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -174,10 +175,24 @@ void GeolPlotMain::MakePanels() {
 
 void GeolPlotMain::FollowPanels() {
     const int slot = IsOpenSlot(gActivePlot) ? gActivePlot : 0;
-    if (!panLayers_->isHidden()) {
+    if (!panLayers_->isHidden() || !panProperties_->isHidden()) {
         panLayers_->Follow(slot);
     }
     FollowChosenLayer();
+}
+
+void GeolPlotMain::ShowProperties(
+    bool opens,
+    const std::function<std::optional<std::size_t>(const Plot&, const Drawing&)>& layer) {
+    if (!IsOpenSlot(gActivePlot) || (!opens && panProperties_->isHidden())) {
+        return;
+    }
+    if (const auto place = layer(ActivePlot(), WindowDrawing(gActivePlot))) {
+        panProperties_->show();
+        panLayers_->Follow(gActivePlot);
+        panLayers_->ChoosePlace(*place);
+        FollowChosenLayer();
+    }
 }
 
 void GeolPlotMain::FollowChosenLayer() {
@@ -185,7 +200,7 @@ void GeolPlotMain::FollowChosenLayer() {
         return;
     }
     const int slot = IsOpenSlot(gActivePlot) ? gActivePlot : 0;
-    panProperties_->Follow(slot, panLayers_->isHidden() ? std::nullopt : panLayers_->Place());
+    panProperties_->Follow(slot, panLayers_->Place());
 }
 
 void GeolPlotMain::KeepPanels() {

@@ -5,11 +5,13 @@
 #include "core/plot_store.h"
 #include "core/record_density_view.h"
 #include "drawing/layer_list.h"
+#include "drawing/row_labels.h"
 #include "panels/layer_commands.h"
 #include "panels/layer_tree.h"
 #include "shell/controls/control_kit.h"
 #include "shell/styles/frm_symbol_select.h"
 
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -130,6 +132,10 @@ void PropertyPanel::MakeFields() {
     spnSteps->setRange(0, kMostLevels);
     spnSteps->setSpecialValueText("as the plot");
     spnSteps->setKeyboardTracking(false);
+    chkLabels = new QCheckBox("&Labels");
+    chkLabels->setObjectName("chkLayerLabels");
+    chkLabels->setToolTip("The level in each contour; the text or the number of each row, up to "
+                          + QString::number(kMostLabelledRows) + " rows");
     cmdDefault = MakeButton("cmdLayerDefault", "As &Default",
                             "Makes these properties those of the style of new plots");
     fields_ = new QWidget;
@@ -155,6 +161,7 @@ void PropertyPanel::AddFields(QFormLayout& form) {
     form.addRow("Dashes", cboLine);
     form.addRow("Palette", cboPalette);
     form.addRow("Levels", spnSteps);
+    form.addRow(chkLabels);
     form.addRow(cmdDefault);
     sldOpacity->setAccessibleName("Opacity, per cent");
     for (QWidget* field : {static_cast<QWidget*>(txtName), static_cast<QWidget*>(spnSize),
@@ -190,6 +197,9 @@ void PropertyPanel::Connect() {
         Take([steps](FigureLayer& layer) {
             layer.LayerSteps = steps == 0 ? kAsStyle : static_cast<std::int16_t>(steps);
         });
+    });
+    connect(chkLabels, &QCheckBox::clicked, this, [this](bool isOn) {
+        Take([isOn](FigureLayer& layer) { layer.LayerLabels = isOn ? 1 : kAsStyle; });
     });
     connect(cmdColour, &QPushButton::clicked, this, [this] { ChooseColour(); });
     connect(cmdStyleColour, &QPushButton::clicked, this,
@@ -268,6 +278,7 @@ void PropertyPanel::Show(const FigureLayer& layer) {
     ShowRow(*form_, *cboLine, has.line);
     ShowRow(*form_, *cboPalette, has.bands);
     ShowRow(*form_, *spnSteps, has.steps);
+    ShowRow(*form_, *chkLabels, has.labels);
     ShowRow(*form_, *cmdDefault, place_.has_value());
     if (!txtName->hasFocus()) {
         txtName->setText(QString::fromStdString(layer.LayerName));
@@ -279,6 +290,7 @@ void PropertyPanel::Show(const FigureLayer& layer) {
     cboLine->setCurrentIndex(cboLine->findData(int{layer.LayerLine}));
     cboPalette->setCurrentIndex(cboPalette->findData(int{layer.LayerPalette}));
     spnSteps->setValue(layer.LayerSteps == kAsStyle ? 0 : layer.LayerSteps);
+    chkLabels->setChecked(layer.LayerLabels == 1);
     if (!sldOpacity->isSliderDown()) {
         sldOpacity->setValue(
             layer.LayerOpacity == kAsStyle

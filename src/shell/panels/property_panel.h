@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 
+class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
 class QFormLayout;
@@ -44,6 +45,7 @@ public:
     QComboBox* cboLine;
     QComboBox* cboPalette;
     QSpinBox* spnSteps;
+    QCheckBox* chkLabels;
     QPushButton* cmdDefault;
 
 private:

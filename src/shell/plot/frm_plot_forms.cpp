@@ -73,6 +73,14 @@ void frmPlotForms::MakePictures() {
     picLegendBox->setObjectName("picLegendBox");
     picLegendBox->setAccessibleName("Legend");
     picLegendBox->installEventFilter(this);
+    picLegendBox->onPress = [this](Point, const QMouseEvent& event) {
+        if (event.button() != Qt::LeftButton) {
+            return false;
+        }
+        Q_EMIT LegendPressed(event.position() - QPointF(kLegendMargin, kLegendMargin),
+                             event.type() == QEvent::MouseButtonDblClick);
+        return true;
+    };
     const auto redraw = [this] { RepaintPlot(Slot()); };
     picStereoArea->onStale = redraw;
     picStereoArea->onTip = [this](QPointF share) {

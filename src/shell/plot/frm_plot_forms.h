@@ -89,6 +89,9 @@ Q_SIGNALS:
     void BoxMenuWanted(QMenu* menu, const QPoint& at);
     /// The user copies the picture of the legend to the clipboard.
     void LegendCopyWanted();
+    /// The left button is pressed on the legend, logical pixels from the corner of its picture; the
+    /// second press of a double click opens what is there.
+    void LegendPressed(const QPointF& at, bool opens);
     /// A text for the hint line; empty restores the usual one.
     void Hint(const QString& text);
     /// The user has resized the window.

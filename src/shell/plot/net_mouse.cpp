@@ -151,6 +151,9 @@ bool NetMouse::Press(const frmPlotForms& form, Point at, const QMouseEvent& even
         return false;
     }
     Show(form, mouse_.Press(EventOf(at, event), ModesOf(form)));
+    if (event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier) {
+        signs_.pointed(at, event.type() == QEvent::MouseButtonDblClick);
+    }
     return true;
 }
 

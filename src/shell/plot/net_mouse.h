@@ -31,6 +31,9 @@ struct NetMouseSigns {
     std::function<void(const QPoint&)> editMenu;
     std::function<void()> dragged; ///< the mouse has moved a girdle or a small circle
     std::function<void()> done;    ///< a button or a key may have changed the plot
+    /// A plain press of the left button, plot units; the second one of a double click opens what is
+    /// there.
+    std::function<void(Point at, bool opens)> pointed;
 };
 
 class NetMouse {

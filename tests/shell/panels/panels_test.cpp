@@ -5,6 +5,9 @@
 #include "core/settings_value.h"
 #include "drawing/layer_list.h"
 #include "edit/history/undo.h"
+#include "edit/marks/plot_views.h"
+#include "orientation/projection.h"
+#include "shell/controls/picture_box.h"
 #include "shell/panels/layer_panel.h"
 #include "shell/panels/property_panel.h"
 #include "support/main_window_test.h"
@@ -161,6 +164,77 @@ TEST_F(PanelsOfWindow, TheButtonsActOnTheDataThatAreChosen) {
     QTest::mouseClick(&ToolButton("grpSymbolButton_0"), Qt::LeftButton);
     EXPECT_EQ(RecordOf(slot).OverlayKind[1], kOverlayGreatCircles);
     EXPECT_NE(RecordOf(slot).PlotSymbolMode, kGreatCircles);
+}
+
+TEST_F(PanelsOfWindow, LabelsAreTickedForALayer) {
+    LineOf(Symbols());
+    auto* labels = properties->chkLabels;
+    ASSERT_TRUE(labels->isVisible());
+    EXPECT_FALSE(labels->isChecked());
+    labels->click();
+    EXPECT_EQ(List()[Symbols()].LayerLabels, 1);
+    EXPECT_TRUE(labels->isChecked());
+    UndoLastEdit();
+    EXPECT_EQ(List()[Symbols()].LayerLabels, kAsStyle);
+}
+
+class PointingWithPanels : public PanelsOfWindow {
+protected:
+    void SetUp() override {
+        PanelsOfWindow::SetUp();
+        Press("mnuViewLayers");
+        Press("mnuViewProperties");
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] frmPlotForms& Form() const { return FormOfSlot(slot); }
+
+    /// The pixel of a point in plot units.
+    [[nodiscard]] QPoint PixelOf(Point at) const {
+        const QSize size = Form().picStereoArea->PictureSize();
+        const double x = (at.x - kPlotScale.left) / (kPlotScale.right - kPlotScale.left);
+        const double y = (at.y - kPlotScale.top) / (kPlotScale.bottom - kPlotScale.top);
+        return QPointF(x * size.width(), y * size.height()).toPoint();
+    }
+
+    [[nodiscard]] Point FirstRow() const {
+        const RowTable& table = PlotOf(slot).table;
+        return {static_cast<double>(table.x[0]), static_cast<double>(table.y[0])};
+    }
+};
+
+TEST_F(PointingWithPanels, ADoubleClickOpensThePropertiesOfWhatIsThere) {
+    const QPoint row = PixelOf(FirstRow());
+    QTest::mouseClick(Form().picStereoArea, Qt::LeftButton, {}, row);
+    EXPECT_FALSE(properties->isVisible()) << "a single click opens nothing";
+    QTest::mouseDClick(Form().picStereoArea, Qt::LeftButton, {}, row);
+    ASSERT_TRUE(properties->isVisible());
+    EXPECT_TRUE(properties->spnSize->isVisible());
+    EXPECT_EQ(layers->Place(), Symbols());
+    EXPECT_FALSE(layers->isVisible()) << "the other panel stays closed";
+    QTest::mouseDClick(Form().picStereoArea, Qt::LeftButton, {}, PixelOf({kNetRadius, 0}));
+    EXPECT_EQ(layers->Place(), 0U) << "the rim is that of the net";
+}
+
+TEST_F(PointingWithPanels, AClickChoosesALayerInAnOpenPanel) {
+    Press("mnuViewProperties");
+    QApplication::processEvents();
+    QTest::mouseClick(Form().picStereoArea, Qt::LeftButton, {}, PixelOf({0, kNetRadius}));
+    EXPECT_EQ(layers->Place(), 0U);
+    QTest::mouseClick(Form().picStereoArea, Qt::LeftButton, {}, PixelOf(FirstRow()));
+    EXPECT_EQ(layers->Place(), Symbols());
+    properties->spnSize->setValue(3);
+    EXPECT_EQ(List()[Symbols()].LayerSize, 3) << "changed while the panel of layers is closed";
+}
+
+TEST_F(PointingWithPanels, ADoubleClickOnTheLegendOpensItsLayer) {
+    RecordFigure figure = RecordOf(slot);
+    figure.StyleName = kScreenStyle;
+    ChangeFigure(slot, figure);
+    QApplication::processEvents();
+    QTest::mouseDClick(Form().picLegendBox, Qt::LeftButton, {}, QPoint(20, 12));
+    ASSERT_TRUE(properties->isVisible());
+    EXPECT_EQ(layers->Place(), Symbols());
 }
 
 TEST_F(PanelsOfWindow, ARoseHasNoLayers) {
