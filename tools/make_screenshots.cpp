@@ -25,6 +25,7 @@
 #include "shell/format/frm_file_format.h"
 #include "shell/main/commands.h"
 #include "shell/main/geol_plot_main.h"
+#include "shell/panels/layer_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/print/frm_print_dialog.h"
@@ -358,6 +359,32 @@ void MakeExportPicture(Show& show) {
     show.Picture(dialog, "export");
 }
 
+/// The window with both panels, on poles over their densities, at two sizes.
+void MakePanelPictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Open("folded_bedding.txt");
+    RecordDensityView view;
+    view.DensityMethod = kDensityByKernel;
+    view.DensityUnit = kMultiplesUnit;
+    view.ContourPicture = kLinesOverBands;
+    ActiveRecord().PlotSymbolMode = kContours;
+    ChangeDensities(gActivePlot, view);
+    RecordFigure figure = ActiveRecord();
+    figure.Layers = WithToggledLayer(ActivePlot(), FigureLayer());
+    ChangeFigure(gActivePlot, figure);
+    show.Press("mnuViewLayers");
+    show.Press("mnuViewProperties");
+    show.window->findChild<LayerPanel*>("panLayers")->ChoosePlace(2);
+    const auto at = [&show](int width, int height, const QString& name) {
+        show.window->resize(width, height);
+        QApplication::processEvents();
+        static_cast<frmPlotForms&>(FormOf(gActivePlot)).showMaximized();
+        show.Picture(*show.window, name);
+    };
+    at(1366, 768, "panels");
+    at(1600, 1000, "panels_large");
+}
+
 /// Densities and confidence regions with their dialogs, over the example of a fold.
 void MakeAnalysisPictures(const QString& examples, const QString& folder, const QString& theme) {
     Show show(examples, folder, theme);
@@ -405,9 +432,11 @@ int main(int argc, char** argv) {
     MakeEditingPictures(argv[1], argv[2], "light");
     MakeDialogPictures(argv[1], argv[2], "light");
     MakeAnalysisPictures(argv[1], argv[2], "light");
+    MakePanelPictures(argv[1], argv[2], "light");
     QApplication::setPalette(DarkPalette());
     MakePictures(argv[1], argv[2], "dark");
     MakeAnalysisPictures(argv[1], argv[2], "dark");
+    MakePanelPictures(argv[1], argv[2], "dark");
     QApplication::setPalette(light);
     return 0;
 }
