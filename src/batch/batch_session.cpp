@@ -90,6 +90,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
     gPlatform.printers = &printers_;
     gPlatform.makePlotForm = [](int) { return std::make_unique<RecordingForm>(); };
     OpenState::now.readPdf = AttachmentOfPdf;
+    OpenState::now.sheets = this;
     InitialiseApplication();
     gSettings.newPlots.style = {}; // scripts choose a style by a command
     SetOutsideFiles(outside);
@@ -97,6 +98,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
 }
 
 BatchSession::~BatchSession() {
+    OpenState::now.sheets = nullptr;
     SetOutsideFiles(OutsideFiles::Ask);
     MakeStoreTables();
     gPlatform = formerPlatform_;

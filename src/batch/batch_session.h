@@ -13,6 +13,7 @@
 #include "batch/script.h"
 #include "batch/standard_streams.h"
 #include "input/further_files.h"
+#include "persistence/open_plot.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/memory_clipboard.h"
@@ -41,14 +42,14 @@ enum class InputUse {
 /// One run. Only one can exist at a time, because the engine's tables are global. It sets gPlatform
 /// and starts the engine with the settings of a first run, so that a script gives the same results
 /// everywhere.
-class BatchSession {
+class BatchSession : private SheetHolder {
 public:
     /// @param out  receives the output of commands
     /// @param log  receives the message boxes and their answers
     /// @param outside  the rule for files that data files name outside their folder
     BatchSession(std::ostream& out, std::ostream& log, OutsideFiles outside = OutsideFiles::Refuse,
                  InputUse input = InputUse::Free);
-    ~BatchSession();
+    ~BatchSession() override;
     BatchSession(const BatchSession&) = delete;
     BatchSession& operator=(const BatchSession&) = delete;
 
@@ -70,6 +71,7 @@ private:
 
     static const std::map<std::string, Handler>& Handlers();
 
+    [[nodiscard]] bool OpenSheet(const std::string& path) override;
     [[nodiscard]] std::string RunCommand(const Command& command);
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
     [[nodiscard]] std::string OpenStandardInput(const char* engineCommand);

@@ -4,11 +4,13 @@
 
 #include "batch/batch_session.h"
 #include "batch/standard_streams.h"
+#include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "input/file_loading.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
+#include "sheet/sheet_text.h"
 
 #include <unistd.h>
 
@@ -52,6 +54,17 @@ std::string BatchSession::OpenStandardInput(const char* engineCommand) {
     }
     inputCopy_.reset();
     return isLoaded ? "" : std::string(kStandardInputName) + " was not loaded";
+}
+
+/// As `figure open`.
+bool BatchSession::OpenSheet(const std::string& path) {
+    Result<FigureSheet> read = ReadSheetFile(path);
+    if (!read) {
+        Tell("The indicated file cannot be opened\n" + path + "\n" + read.Error());
+        return false;
+    }
+    sheet_ = std::move(*read);
+    return true;
 }
 
 std::string BatchSession::MergeFile(const Command& command) {

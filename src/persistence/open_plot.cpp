@@ -27,7 +27,8 @@ constinit OpenState OpenState::now;
 namespace {
 
 constexpr std::string_view kFileCommand = "File";
-constexpr const char* kPictureFilter = "|Pictures with their data (*.svg)|*.svg *.png *.pdf";
+constexpr const char* kPictureFilter =
+    "|Figures (*.qsheet)|*.qsheet|Pictures with their data (*.svg)|*.svg *.png *.pdf";
 
 bool NeedsNewPlot(const std::string& command) {
     return command != kMergeCommand && command != kOverlayCommand;
@@ -205,7 +206,17 @@ std::string AddToPlot(const std::string& command, const std::string& path, Forma
 }
 
 /// The kind of file at a path; empty with a message when it cannot be read.
-enum class FileKind { Text, BinaryPlot, Picture, Workspace, Unreadable };
+enum class FileKind { Text, BinaryPlot, Picture, Workspace, Sheet, Unreadable };
+
+constexpr std::string_view kSheetMember = "\"quandrelFigure\"";
+
+/// Whether a file begins as a figure sheet, whatever its name.
+bool IsSheet(const std::string& path, std::string_view start) {
+    const std::size_t first = start.find_first_not_of(" \t\r\n");
+    return HasEnding(path, ".qsheet")
+           || (first != std::string_view::npos && start[first] == '{'
+               && start.find(kSheetMember) != std::string_view::npos);
+}
 
 FileKind KindOfFile(const std::string& path) {
     const Result<std::string> start = FirstBytes(path, 4096);
@@ -220,6 +231,9 @@ FileKind KindOfFile(const std::string& path) {
     if (KindOfPicture(*start)) {
         return FileKind::Picture;
     }
+    if (IsSheet(path, *start)) {
+        return FileKind::Sheet;
+    }
     const std::string_view firstLine =
         std::string_view(*start).substr(0, start->find_first_of("\r\n"));
     const bool isWorkspace = HasEnding(path, kWorkspaceEnding)
@@ -227,11 +241,28 @@ FileKind KindOfFile(const std::string& path) {
     return isWorkspace ? FileKind::Workspace : FileKind::Text;
 }
 
+std::string OpenSheetFile(const std::string& command, const std::string& path) {
+    if (!NeedsNewPlot(command)) {
+        Tell("You can't " + command + " a figure with a plot.\n" + path, Icon::Exclamation);
+        return kLoadError;
+    }
+    if (OpenState::now.sheets == nullptr) {
+        TellUnreadable(path, "It is a figure, and there is no window for figures.");
+        return kLoadError;
+    }
+    if (!OpenState::now.sheets->OpenSheet(path)) {
+        return kLoadError;
+    }
+    AddRecentFile(path);
+    return kSheetCommand;
+}
+
 /// A workspace among the files of a workspace is skipped: it might list itself.
 std::string OpenListedPlots(const std::string& path) {
     if (std::exchange(OpenState::now.isOpeningWorkspace, true)) {
         return kLoadError;
     }
+    const int formerPlots = CountOpenPlots();
     const std::optional<int> opened = OpenWorkspace(path);
     OpenState::now.isOpeningWorkspace = false;
     if (!opened) {
@@ -242,7 +273,7 @@ std::string OpenListedPlots(const std::string& path) {
         return kLoadError;
     }
     AddRecentFile(path);
-    return kNewCommand;
+    return CountOpenPlots() > formerPlots ? kNewCommand : kSheetCommand;
 }
 
 std::string OpenByKind(const std::string& command, const std::string& path, FormatDialog dialog) {
@@ -261,6 +292,8 @@ std::string OpenByKind(const std::string& command, const std::string& path, Form
     }
     case FileKind::Workspace:
         return OpenListedPlots(path);
+    case FileKind::Sheet:
+        return OpenSheetFile(command, path);
     case FileKind::Unreadable:
         break;
     }
@@ -274,7 +307,7 @@ std::string OpenAsRequested(const std::string& command, const std::string& path,
     const std::int16_t requested = gPlotKind;
     std::string outcome =
         path.empty() ? OpenNewPlot(path, dialog) : OpenByKind(command, path, dialog);
-    gPlotKind = outcome == kLoadError ? requested : std::int16_t{kEqualArea};
+    gPlotKind = HasOpenedPlot(outcome) ? std::int16_t{kEqualArea} : requested;
     return outcome;
 }
 
@@ -305,6 +338,10 @@ std::string OpenPlotFile(const std::string& command) {
         return OpenPlotFile(command, *path);
     }
     return CountOpenPlots() == 0 ? OpenPlotFile(kBlankCommand) : kLoadError;
+}
+
+bool HasOpenedPlot(const std::string& outcome) {
+    return outcome != kLoadError && outcome != kSheetCommand;
 }
 
 } // namespace quandrel

@@ -32,19 +32,21 @@ constexpr const char* kEndOfOptions = "--";
 constexpr const char* kUsage =
     "Usage: quandrel [OPTION]... [FILE]...\n"
     "Stereonets and rose diagrams for structural geologists.\n"
-    "Each FILE is opened: a data file, a plot file (.qpx) or a workspace (.qwo).\n\n"
+    "Each FILE is opened: a data file, a plot file (.qpx), a workspace (.qwo) or a figure\n"
+    "(.qsheet).\n\n"
     "  -h, --help     print this and exit\n"
     "  -v, --version  print the version and exit\n\n"
     "The options of all Qt programs, such as -style, are accepted too.\n"
     "For scripts there is quandrel-batch.\n";
 
+/// False when no plot was opened.
 bool OpenRecentFile(std::size_t number) {
     if (number < 1 || number > gSettings.files.recent.size()) {
         return false;
     }
     const std::string path = gSettings.files.recent[number - 1];
-    if (OpenPlotFile("File" + path) != kLoadError) {
-        return true;
+    if (const std::string outcome = OpenPlotFile("File" + path); outcome != kLoadError) {
+        return HasOpenedPlot(outcome);
     }
     // A missing file was reported, and is removed from the list.
     std::error_code unreadable;
@@ -143,7 +145,7 @@ bool IntroStart(int index) {
     }
     if (index == kStartWorkspace) {
         const std::optional<std::string> path = WorkspaceFileDialog(WorkspaceDialog::Open);
-        return path && OpenPlotFile("File" + *path) != kLoadError;
+        return path && HasOpenedPlot(OpenPlotFile("File" + *path));
     }
     if (index == kStartMapLink) {
         static_cast<void>(StartMapInfoLink());
@@ -153,7 +155,7 @@ bool IntroStart(int index) {
     if (index == kStartRose) {
         gPlotKind = kRose;
     }
-    const bool opened = OpenPlotFile(kNewCommand) != kLoadError;
+    const bool opened = HasOpenedPlot(OpenPlotFile(kNewCommand));
     if (!opened) {
         gPlotKind = formerKind;
     }

@@ -55,7 +55,7 @@ inline constexpr int kFirstRecentFile = 91;
 
 /// The start commands of the intro screen and the file menu: 1 a rose diagram, 2 a blank plot, 6 a
 /// workspace, 91 and above recent file number `index` modulo 10, any other a stereographic plot of
-/// a file. False when nothing was opened.
+/// a file. False when no plot was opened, as for a figure sheet.
 bool IntroStart(int index);
 
 } // namespace quandrel

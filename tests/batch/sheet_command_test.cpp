@@ -142,5 +142,26 @@ TEST_F(BatchSheet, RefusesWithTheReason) {
     EXPECT_NE(Run("figure add \"FOLDER/bad.qpx\"").find("bad.qpx"), std::string::npos);
 }
 
+TEST_F(BatchSheet, OpensAsAnyFile) {
+    ASSERT_EQ(
+        Run(std::string(kSix) + "figure export \"FOLDER/a.svg\"; figure save \"FOLDER/f.qsheet\""),
+        "");
+    ASSERT_EQ(Run("open \"FOLDER/f.qsheet\"; figure export \"FOLDER/b.svg\""), "");
+    EXPECT_EQ(BytesOf("a.svg"), BytesOf("b.svg"));
+    std::filesystem::copy_file(folder / "f.qsheet", folder / "renamed.txt");
+    ASSERT_EQ(Run("open \"FOLDER/renamed.txt\"; figure export \"FOLDER/c.svg\""), "");
+    EXPECT_EQ(BytesOf("a.svg"), BytesOf("c.svg"));
+}
+
+TEST_F(BatchSheet, JoinsNoPlotAndStaysWhenAFileIsWrong) {
+    ASSERT_EQ(Run("figure new columns=2; figure add text text=A; figure save \"FOLDER/f.qsheet\""),
+              "");
+    Write("wrong.qsheet", "{\"quandrelFigure\": 1, \"columns\": 11}");
+    EXPECT_NE(Run("figure new; open \"FOLDER/wrong.qsheet\""), "");
+    EXPECT_NE(log.str().find("columns"), std::string::npos) << log.str();
+    EXPECT_NE(Run(std::string(kOpen) + "merge \"FOLDER/f.qsheet\""), "");
+    EXPECT_NE(log.str().find("You can't Merge a figure"), std::string::npos) << log.str();
+}
+
 } // namespace
 } // namespace quandrel

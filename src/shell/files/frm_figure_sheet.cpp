@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
+#include "core/settings.h"
 #include "core/settings_value.h"
 #include "drawing/figure_page.h"
 #include "platform/platform.h"
@@ -274,6 +275,7 @@ bool frmFigureSheet::Save() {
     }
     path_ = *path;
     saved_ = sheet_;
+    AddRecentFile(*path);
     gPlatform.status->SetText("The figure is " + *path);
     return true;
 }
@@ -303,21 +305,25 @@ void frmFigureSheet::AskAndOpen() {
     question.title = "Open Figure";
     question.folder = gSettings.files.lastFolder;
     question.filter = kSheetFilter;
-    if (const auto path = gPlatform.prompts->AskOpenPath(question); path && MayLose()) {
-        Open(*path);
+    if (const auto path = gPlatform.prompts->AskOpenPath(question); path && Open(*path)) {
+        AddRecentFile(*path);
     }
 }
 
-void frmFigureSheet::Open(const std::string& path) {
+bool frmFigureSheet::Open(const std::string& path) {
     const Result<FigureSheet> read = ReadSheetFile(path);
     if (!read) {
-        Tell(read.Error());
-        return;
+        Tell("The indicated file cannot be opened\n" + path + "\n" + read.Error());
+        return false;
+    }
+    if (!MayLose()) {
+        return false;
     }
     sheet_ = *read;
     saved_ = sheet_;
     path_ = path;
     ShowSheet();
+    return true;
 }
 
 /// Asks whether to save changes. False when the user cancels.

@@ -32,8 +32,11 @@ class frmFigureSheet : public QDialog {
 public:
     explicit frmFigureSheet(QWidget* parent);
 
-    /// Shows the sheet of a file.
-    void Open(const std::string& path);
+    /// Shows the sheet of a file, after a question about unsaved changes.
+    ///
+    /// @return false when the user keeps the present one, or, with a message, when the file cannot
+    ///         be read
+    bool Open(const std::string& path);
 
     QListWidget* lstPanels;
     QComboBox* cboKind;

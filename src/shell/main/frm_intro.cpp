@@ -8,6 +8,7 @@
 #include "qt/dark_image.h"
 #include "session/example_files.h"
 #include "session/start.h"
+#include "sheet/sheet_text.h"
 #include "shell/controls/icons.h"
 #include "shell/controls/note_label.h"
 #include "shell/controls/plain_tip.h"
@@ -68,10 +69,11 @@ QString CaptionOfFile(const std::string& path) {
 }
 
 /// The picture of a file in the middle of a square, in the colours of the theme; where there is
-/// none, the icon of a net.
-QIcon PictureOf(const QImage& image) {
+/// none, the icon of a net,
+/// or of panels for a figure sheet.
+QIcon PictureOf(const QImage& image, const std::string& path) {
     if (image.isNull()) {
-        return IconOf("equal_area");
+        return IconOf(HasEnding(path, kSheetEnding) ? "arrange" : "equal_area");
     }
     const int side = std::max(image.width(), image.height());
     const QRect square((image.width() - side) / 2, (image.height() - side) / 2, side, side);
@@ -157,7 +159,7 @@ QPushButton* frmIntro::MakeExamples(const std::filesystem::path& folder) {
 }
 
 QPushButton* frmIntro::MakeRecent(std::size_t number, const std::string& path) {
-    auto* button = new QPushButton(PictureOf(pictures_.Of(path)), CaptionOfFile(path));
+    auto* button = new QPushButton(PictureOf(pictures_.Of(path), path), CaptionOfFile(path));
     button->setObjectName("cmdRecent_" + QString::number(number + 1));
     button->setFlat(true);
     button->setIconSize(QSize(kPictureSide, kPictureSide));

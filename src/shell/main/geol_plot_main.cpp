@@ -325,7 +325,7 @@ void GeolPlotMain::OpenFiles(const QStringList& paths) {
         return;
     }
     for (const QString& path : paths) {
-        if (OpenPlotFile("File" + path.toStdString()) != kLoadError) {
+        if (HasOpenedPlot(OpenPlotFile("File" + path.toStdString()))) {
             AfterOpening("File");
         }
     }

@@ -76,7 +76,7 @@ constexpr double kCopyDensity = 3;
 } // namespace
 
 void GeolPlotMain::Open(const char* command) {
-    if (OpenPlotFile(command) != kLoadError) {
+    if (HasOpenedPlot(OpenPlotFile(command))) {
         AfterOpening(command);
     }
 }

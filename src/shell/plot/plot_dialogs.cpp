@@ -43,7 +43,15 @@ PlotDialogs::PlotDialogs(QWidget& window, std::function<void()> changed,
                          std::function<void(int tab)> preferences)
     : window_(window)
     , changed_(std::move(changed))
-    , preferences_(std::move(preferences)) {}
+    , preferences_(std::move(preferences)) {
+    OpenState::now.sheets = this;
+}
+
+PlotDialogs::~PlotDialogs() {
+    if (OpenState::now.sheets == this) {
+        OpenState::now.sheets = nullptr;
+    }
+}
 
 void PlotDialogs::Show(QDialog& dialog) {
     dialog.installEventFilter(this);
@@ -183,6 +191,16 @@ void PlotDialogs::ShowFigureSheet() {
         sheet_ = new frmFigureSheet(&window_);
     }
     Show(*sheet_);
+}
+
+bool PlotDialogs::OpenSheet(const std::string& path) {
+    const bool wasShown = IsShown(sheet_);
+    ShowFigureSheet();
+    const bool isOpened = sheet_->Open(path);
+    if (!isOpened && !wasShown) {
+        sheet_->close();
+    }
+    return isOpened;
 }
 
 bool PlotDialogs::CloseFigureSheet() {

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "persistence/open_plot.h"
 #include "platform/surface.h"
 
 #include <QObject>
@@ -29,13 +30,15 @@ class frmRotationMenu;
 class frmSmallCircle;
 class frmStatisticalTests;
 
-class PlotDialogs : public QObject {
+class PlotDialogs : public QObject, public SheetHolder {
 public:
     /// @param window   the owner of the dialogs
     /// @param changed  called when a dialog has opened, closed or changed the plot
     /// @param preferences  shows a page of the preferences
     PlotDialogs(QWidget& window, std::function<void()> changed,
                 std::function<void(int tab)> preferences);
+
+    ~PlotDialogs() override;
 
     PlotDialogs(const PlotDialogs&) = delete;
     PlotDialogs& operator=(const PlotDialogs&) = delete;
@@ -60,6 +63,10 @@ public:
 
     /// Opens the window of figures with panels.
     void ShowFigureSheet();
+
+    /// Opens the sheet of a file in it, after a question about unsaved changes. False when the
+    /// user keeps the present one, or, with a message, when the file cannot be read.
+    [[nodiscard]] bool OpenSheet(const std::string& path) override;
 
     /// Closes it. False when the user keeps it, because of unsaved changes.
     [[nodiscard]] bool CloseFigureSheet();

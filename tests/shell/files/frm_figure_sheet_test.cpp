@@ -2,6 +2,7 @@
 //
 // The window of figures with panels.
 
+#include "session/start.h"
 #include "sheet/sheet_text.h"
 #include "shell/files/frm_figure_sheet.h"
 #include "support/main_window_test.h"
@@ -125,6 +126,34 @@ TEST_F(FigureSheetWindow, AsksBeforeChangesAreLost) {
     prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
     dialog->close();
     EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(FigureSheetWindow, OpensFilesOfSheetsFromTheMainWindow) {
+    const std::string path = WriteFile("f.qsheet", R"({"quandrelFigure": 1, "columns": 2,
+        "panels": [{"kind": "text", "text": "Words"}]})");
+    dialog->close();
+    const int plots = CountOpenPlots();
+    main->OpenFiles({QString::fromStdString(path)});
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_EQ(dialog->spnColumns->value(), 2);
+    EXPECT_EQ(CountOpenPlots(), plots);
+    ASSERT_FALSE(gSettings.files.recent.empty());
+    EXPECT_EQ(gSettings.files.recent.front(), path);
+    dialog->close();
+    main->IntroButtonStart(kFirstRecentFile);
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(FigureSheetWindow, StaysWhenAnotherFileCannotBeRead) {
+    Add(3);
+    const std::string path = WriteFile("bad.qsheet", "{\"quandrelFigure\": 1, \"columns\": 0}");
+    prompts.Expect("The indicated file cannot be opened\n" + path, Button::Ok);
+    main->OpenFiles({QString::fromStdString(path)});
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_EQ(prompts.Problems(), "");
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
+    dialog->close();
 }
 
 } // namespace
