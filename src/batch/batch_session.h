@@ -11,6 +11,7 @@
 
 #include "batch/format_command.h"
 #include "batch/script.h"
+#include "batch/sheet_command.h"
 #include "batch/standard_streams.h"
 #include "input/further_files.h"
 #include "persistence/open_plot.h"
@@ -26,6 +27,7 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -72,6 +74,7 @@ private:
     static const std::map<std::string, Handler>& Handlers();
 
     [[nodiscard]] bool OpenSheet(const std::string& path) override;
+    [[nodiscard]] std::optional<std::string> SavedSheet() override;
     [[nodiscard]] std::string RunCommand(const Command& command);
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);
     [[nodiscard]] std::string OpenStandardInput(const char* engineCommand);
@@ -121,6 +124,7 @@ private:
     FormatSettings firstFormat_; ///< of a first run; each `format` starts from it
     StatedFormat stated_;
     FigureSheet sheet_;      ///< of `figure`
+    SheetFile sheetFile_;    ///< of `sheet_`
     std::set<int> setPlots_; ///< slots of plots with fields set since results were last shown
     std::string formatPath_; ///< the file of the last format question
     int formatQuestions_ =

@@ -64,7 +64,17 @@ bool BatchSession::OpenSheet(const std::string& path) {
         return false;
     }
     sheet_ = std::move(*read);
+    sheetFile_ = {NormalPath(path), sheet_};
     return true;
+}
+
+/// A sheet that was changed since, or has no file, is left out.
+std::optional<std::string> BatchSession::SavedSheet() {
+    const bool isSaved = !sheetFile_.path.empty() && sheetFile_.saved == sheet_;
+    if (!isSaved && sheet_ != FigureSheet()) {
+        log_ << "The figure is not saved, and is left out of the workspace\n";
+    }
+    return isSaved ? sheetFile_.path : std::string();
 }
 
 std::string BatchSession::MergeFile(const Command& command) {

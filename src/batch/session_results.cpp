@@ -15,6 +15,7 @@
 #include "batch/standard_streams.h"
 #include "batch/tests_command.h"
 #include "core/atomic_file.h"
+#include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/plot_texts.h"
 #include "core/replot.h"
@@ -140,6 +141,10 @@ std::string BatchSession::Figure(const Command& command) {
     const Result<std::string> text = ApplySheetCommand(command, sheet_);
     if (!text) {
         return text.Error();
+    }
+    const std::string act = command.Bare(0).value_or("");
+    if (act == "open" || act == "save") {
+        sheetFile_ = {NormalPath(*command.Bare(1)), sheet_};
     }
     *answers_ << *text;
     return {};

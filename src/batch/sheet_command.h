@@ -22,6 +22,12 @@
 
 namespace quandrel {
 
+/// The file of a sheet.
+struct SheetFile {
+    std::string path;  ///< absolute; empty for none
+    FigureSheet saved; ///< as the file has it
+};
+
 /// Whether a command needs the active plot.
 [[nodiscard]] bool AddsActivePlot(const Command& command);
 

@@ -7,6 +7,7 @@
 #include "input/file_loading.h"
 #include "persistence/picture_data.h"
 
+#include <optional>
 #include <string>
 
 namespace quandrel {
@@ -25,6 +26,13 @@ public:
     ///
     /// @return false, with a message where there is a reason, when the present one stays
     [[nodiscard]] virtual bool OpenSheet(const std::string& path) = 0;
+
+    /// The file of the present sheet, for the list of a workspace. The user may be asked to save
+    /// it first.
+    ///
+    /// @return empty without a sheet, and for one that is left out because it is not saved; nothing
+    ///         when the user cancels, or a save fails
+    [[nodiscard]] virtual std::optional<std::string> SavedSheet() = 0;
 };
 
 /// The state of the open commands.

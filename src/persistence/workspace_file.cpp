@@ -27,6 +27,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kListBegin = "[Files List]";
 constexpr std::string_view kListEnd = "[End Files List]";
+constexpr std::string_view kSheetLine = "[Figure Sheet]:";
 constexpr const char* kLineEnd = "\r\n";
 constexpr std::string_view kEscapesBegin = "[Names]: %";
 constexpr const char* kEscapes =
@@ -148,6 +149,29 @@ Result<std::vector<std::string>> PathsToList(PlotsSavedAsText texts) {
     return paths;
 }
 
+/// The absolute path that a line names; empty for a line that names none.
+std::string PathOfLine(std::string_view line, bool hasEscapes, const fs::path& folder) {
+    std::string listed(Trimmed(line));
+    std::ranges::replace(listed, '\\', '/');
+    listed = hasEscapes ? WithoutEscapes(listed) : listed;
+    const bool isName = !listed.empty() && listed.find('\0') == std::string::npos;
+    return isName ? (folder / listed).lexically_normal().string() : std::string();
+}
+
+/// The file of the present figure sheet, empty for none; a failure when the user cancels.
+Result<std::string> SheetToList() {
+    SheetHolder* const sheets = OpenState::now.sheets;
+    const std::optional<std::string> sheet = sheets != nullptr ? sheets->SavedSheet() : "";
+    return sheet ? Result<std::string>(*sheet)
+                 : Result<std::string>(Failure{"the figure was not saved"});
+}
+
+bool OpensListed(const std::string& path) {
+    std::error_code unreadable;
+    return fs::is_regular_file(path, unreadable)
+           && OpenPlotFile(kNewCommand, path, FormatDialog::ForeignFiles) != kLoadError;
+}
+
 void Remember(const std::string& path) {
     gSettings.files.workspaceFolder = fs::path(path).parent_path().string();
     gSettings.files.workspaceName = path;
@@ -162,10 +186,15 @@ fs::path FolderOf(const std::string& path) {
 
 } // namespace
 
-std::string WorkspaceText(std::span<const std::string> paths, const fs::path& folder) {
+std::string WorkspaceText(std::span<const std::string> paths, const fs::path& folder,
+                          const std::string& sheet) {
     std::vector<std::string> listed;
     for (const std::string& path : paths) {
         listed.push_back(ListedPath(path, folder));
+    }
+    const std::size_t plots = listed.size();
+    if (!sheet.empty()) {
+        listed.push_back(ListedPath(sheet, folder));
     }
     const bool hasEscapes = std::ranges::any_of(listed, NeedsEscapes);
     std::string text;
@@ -181,10 +210,16 @@ std::string WorkspaceText(std::span<const std::string> paths, const fs::path& fo
     }
     line("");
     line("[Files List]:");
-    for (const std::string& path : listed) {
-        line("     " + (hasEscapes ? WithEscapes(path) : path));
+    const auto name = [&](std::size_t i) {
+        return hasEscapes ? WithEscapes(listed[i]) : listed[i];
+    };
+    for (std::size_t i = 0; i < plots; ++i) {
+        line("     " + name(i));
     }
     line("[End Files List]: ");
+    if (!sheet.empty()) {
+        line(std::string(kSheetLine) + " " + name(plots));
+    }
     return text;
 }
 
@@ -202,15 +237,27 @@ std::vector<std::string> PathsOfWorkspace(std::string_view text, const fs::path&
         if (line.starts_with(kListEnd)) {
             break;
         }
-        std::string listed(Trimmed(line));
-        std::ranges::replace(listed, '\\', '/');
-        listed = hasEscapes ? WithoutEscapes(listed) : listed;
-        const bool isName = !listed.empty() && listed.find('\0') == std::string::npos;
-        if (isName) {
-            paths.push_back((folder / listed).lexically_normal().string());
+        if (std::string path = PathOfLine(line, hasEscapes, folder); !path.empty()) {
+            paths.push_back(std::move(path));
         }
     }
     return paths;
+}
+
+std::string SheetOfWorkspace(std::string_view text, const fs::path& folder) {
+    LineReader lines(text);
+    bool isInList = false;
+    bool isAfterList = false;
+    bool hasEscapes = false;
+    for (std::string_view line; lines.Next(line);) {
+        if (isAfterList && line.starts_with(kSheetLine)) {
+            return PathOfLine(line.substr(kSheetLine.size()), hasEscapes, folder);
+        }
+        hasEscapes = hasEscapes || (!isInList && line.starts_with(kEscapesBegin));
+        isAfterList = isAfterList || (isInList && line.starts_with(kListEnd));
+        isInList = isInList || line.starts_with(kListBegin);
+    }
+    return {};
 }
 
 bool HasFilesList(std::string_view text) {
@@ -258,7 +305,12 @@ WorkspaceOutcome SaveWorkspaceAs(const std::string& path, PlotsSavedAsText texts
         Tell("The workspace would list no plot and was not saved\n" + path);
         return WorkspaceOutcome::Failed;
     }
-    why = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path)));
+    const Result<std::string> sheet = SheetToList();
+    if (!sheet) {
+        why = sheet.Error();
+        return WorkspaceOutcome::Cancelled;
+    }
+    why = WriteFileAtomically(path, WorkspaceText(*paths, FolderOf(path), *sheet));
     if (!why.empty()) {
         Tell("The workspace could not be saved\n" + path + "\n" + why);
         return WorkspaceOutcome::Failed;
@@ -276,12 +328,13 @@ std::optional<int> OpenWorkspace(const std::string& path) {
     Remember(path);
     OpenedWorkspace workspace;
     workspace.path = path;
-    for (const std::string& listed : PathsOfWorkspace(*text, FolderOf(path))) {
-        std::error_code unreadable;
-        const bool isOpened =
-            fs::is_regular_file(listed, unreadable)
-            && OpenPlotFile(kNewCommand, listed, FormatDialog::ForeignFiles) != kLoadError;
-        (isOpened ? workspace.opened : workspace.missing).push_back(listed);
+    std::vector<std::string> files = PathsOfWorkspace(*text, FolderOf(path));
+    // The sheet is last: its window is then above the plots.
+    if (std::string sheet = SheetOfWorkspace(*text, FolderOf(path)); !sheet.empty()) {
+        files.push_back(std::move(sheet));
+    }
+    for (const std::string& listed : files) {
+        (OpensListed(listed) ? workspace.opened : workspace.missing).push_back(listed);
     }
     OpenedWorkspace::now = std::move(workspace);
     gPlatform.status->SetText(TextOfOpening(OpenedWorkspace::now));

@@ -20,8 +20,10 @@ inline constexpr const char* kWorkspaceEnding = ".qwo";
 ///
 /// @param paths   absolute, in the order of the plots
 /// @param folder  of the new workspace, absolute
+/// @param sheet   absolute path of the figure sheet; empty for none
 [[nodiscard]] std::string WorkspaceText(std::span<const std::string> paths,
-                                        const std::filesystem::path& folder);
+                                        const std::filesystem::path& folder,
+                                        const std::string& sheet = {});
 
 /// The paths that a workspace lists, made absolute, including those of files that do not exist.
 /// Both kinds of separator are read.
@@ -29,6 +31,11 @@ inline constexpr const char* kWorkspaceEnding = ".qwo";
 /// @param folder  of the workspace, absolute
 [[nodiscard]] std::vector<std::string> PathsOfWorkspace(std::string_view text,
                                                         const std::filesystem::path& folder);
+
+/// The path of the figure sheet of a workspace, made absolute; empty for none. It is after the list
+/// of files, where earlier versions do not read.
+[[nodiscard]] std::string SheetOfWorkspace(std::string_view text,
+                                           const std::filesystem::path& folder);
 
 /// Whether a text is a list of files: the test for a workspace besides its extension or first line.
 [[nodiscard]] bool HasFilesList(std::string_view text);
@@ -58,13 +65,13 @@ WorkspaceOutcome SaveWorkspaceAs(const std::string& path,
                                  PlotsSavedAsText texts = PlotsSavedAsText::Ask,
                                  std::string* reason = nullptr);
 
-/// Opens the plots of a workspace. Files that do not exist are skipped. The status line reports how
-/// many were opened.
+/// Opens the plots of a workspace, and its figure sheet. Files that do not exist are skipped. The
+/// status line reports how many were opened.
 ///
-/// @return plots opened; empty, with a message, when the workspace cannot be read
+/// @return files opened; empty, with a message, when the workspace cannot be read
 std::optional<int> OpenWorkspace(const std::string& path);
 
-/// The outcome for the files that a workspace lists, in its order.
+/// The outcome for the files that a workspace lists, in its order, the sheet last.
 struct OpenedWorkspace {
     std::string path;
     std::vector<std::string> opened;

@@ -163,5 +163,20 @@ TEST_F(BatchSheet, JoinsNoPlotAndStaysWhenAFileIsWrong) {
     EXPECT_NE(log.str().find("You can't Merge a figure"), std::string::npos) << log.str();
 }
 
+TEST_F(BatchSheet, IsInTheWorkspaceOnceItIsSaved) {
+    ASSERT_EQ(Run(std::string(kSix)
+                  + "figure save \"FOLDER/f.qsheet\"; save \"FOLDER/rows.qpx\"; "
+                    "workspace save \"FOLDER/all.qwo\"; figure export \"FOLDER/a.svg\""),
+              "");
+    EXPECT_NE(BytesOf("all.qwo").find("[Figure Sheet]: f.qsheet\r\n"), std::string::npos);
+    ASSERT_EQ(Run("workspace open \"FOLDER/all.qwo\"; figure export \"FOLDER/b.svg\""), "");
+    EXPECT_EQ(BytesOf("a.svg"), BytesOf("b.svg"));
+    ASSERT_EQ(Run("workspace open \"FOLDER/all.qwo\"; figure page columns=1; "
+                  "workspace save \"FOLDER/changed.qwo\""),
+              "");
+    EXPECT_EQ(BytesOf("changed.qwo").find("[Figure Sheet]"), std::string::npos);
+    EXPECT_NE(log.str().find("left out of the workspace"), std::string::npos);
+}
+
 } // namespace
 } // namespace quandrel

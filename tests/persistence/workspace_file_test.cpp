@@ -33,6 +33,35 @@ TEST(WorkspaceText, HasTheLinesThatReadersLookFor) {
               "[End Files List]: \r\n");
 }
 
+TEST(WorkspaceText, NamesTheSheetAfterTheList) {
+    const Paths paths = {"/data/area/a.qpx"};
+    const std::string text = WorkspaceText(paths, "/data/area", "/data/area/sub/f 1.qsheet");
+    EXPECT_TRUE(text.ends_with("     a.qpx\r\n"
+                               "[End Files List]: \r\n"
+                               "[Figure Sheet]: sub/f 1.qsheet\r\n"))
+        << text;
+    EXPECT_EQ(PathsOfWorkspace(text, "/data/area"), paths);
+    EXPECT_EQ(SheetOfWorkspace(text, "/data/area"), "/data/area/sub/f 1.qsheet");
+    EXPECT_EQ(SheetOfWorkspace(WorkspaceText(paths, "/data/area"), "/data/area"), "");
+}
+
+TEST(WorkspaceText, EscapesTheListWhereTheSheetNeedsIt) {
+    const Paths paths = {"/d/50%.qpx"};
+    const std::string text = WorkspaceText(paths, "/d", "/d/ blank\n.qsheet");
+    EXPECT_EQ(PathsOfWorkspace(text, "/d"), paths);
+    EXPECT_EQ(SheetOfWorkspace(text, "/d"), "/d/ blank\n.qsheet");
+}
+
+TEST(SheetOfWorkspace, IsTheFirstAfterTheListAlone) {
+    EXPECT_EQ(SheetOfWorkspace("[Figure Sheet]: a.qsheet\n[Files List]\n[Figure Sheet]: b\n"
+                               "[End Files List]\n[Figure Sheet]:\tsub\\c.qsheet \n"
+                               "[Figure Sheet]: d.qsheet\n",
+                               "/w"),
+              "/w/sub/c.qsheet");
+    EXPECT_EQ(SheetOfWorkspace("[Files List]\na\n[End Files List]\n[Figure Sheet]: \n", "/w"), "");
+    EXPECT_EQ(SheetOfWorkspace("", "/w"), "");
+}
+
 TEST(WorkspaceText, IsBelowAFolderByWholeNamesOnly) {
     const Paths paths = {"/data/area2/a.qpx"};
     EXPECT_NE(WorkspaceText(paths, "/data/area").find("     /data/area2/a.qpx\r\n"),

@@ -337,6 +337,13 @@ bool frmFigureSheet::MayLose() {
     return answer == Button::No || (answer == Button::Yes && Save());
 }
 
+std::optional<std::string> frmFigureSheet::SavedFile() {
+    if (!MayLose()) {
+        return std::nullopt;
+    }
+    return sheet_ == saved_ ? path_ : std::string();
+}
+
 void frmFigureSheet::closeEvent(QCloseEvent* event) {
     if (MayLose()) {
         sheet_ = {};

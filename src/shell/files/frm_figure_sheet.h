@@ -38,6 +38,12 @@ public:
     ///         be read
     bool Open(const std::string& path);
 
+    /// The file of the sheet, after a question about unsaved changes: they are saved, or the sheet
+    /// is left out.
+    ///
+    /// @return empty for none; nothing when the user cancels, or a save fails
+    [[nodiscard]] std::optional<std::string> SavedFile();
+
     QListWidget* lstPanels;
     QComboBox* cboKind;
     QPushButton* cmdAdd;

@@ -203,6 +203,10 @@ bool PlotDialogs::OpenSheet(const std::string& path) {
     return isOpened;
 }
 
+std::optional<std::string> PlotDialogs::SavedSheet() {
+    return IsShown(sheet_) ? sheet_->SavedFile() : std::string();
+}
+
 bool PlotDialogs::CloseFigureSheet() {
     return !IsShown(sheet_) || sheet_->close();
 }

@@ -12,6 +12,8 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
+#include <string>
 
 class QDialog;
 class QMouseEvent;
@@ -67,6 +69,9 @@ public:
     /// Opens the sheet of a file in it, after a question about unsaved changes. False when the
     /// user keeps the present one, or, with a message, when the file cannot be read.
     [[nodiscard]] bool OpenSheet(const std::string& path) override;
+
+    /// Its file, if it is open.
+    [[nodiscard]] std::optional<std::string> SavedSheet() override;
 
     /// Closes it. False when the user keeps it, because of unsaved changes.
     [[nodiscard]] bool CloseFigureSheet();

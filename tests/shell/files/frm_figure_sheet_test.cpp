@@ -2,6 +2,7 @@
 //
 // The window of figures with panels.
 
+#include "persistence/workspace_file.h"
 #include "session/start.h"
 #include "sheet/sheet_text.h"
 #include "shell/files/frm_figure_sheet.h"
@@ -154,6 +155,25 @@ TEST_F(FigureSheetWindow, StaysWhenAnotherFileCannotBeRead) {
     EXPECT_EQ(prompts.Problems(), "");
     prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
     dialog->close();
+}
+
+TEST_F(FigureSheetWindow, IsSavedWithTheWorkspaceAndOpensWithIt) {
+    const std::string place = folder.string();
+    prompts.QueueSavePath(place + "/beds.qpx");
+    Press("mnuFileSave_1");
+    Add(3);
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::Cancel);
+    EXPECT_EQ(SaveWorkspaceAs(place + "/all.qwo"), WorkspaceOutcome::Cancelled);
+    EXPECT_FALSE(std::filesystem::exists(place + "/all.qwo"));
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::Yes);
+    prompts.QueueSavePath(place + "/f.qsheet");
+    ASSERT_EQ(SaveWorkspaceAs(place + "/all.qwo"), WorkspaceOutcome::Saved);
+    dialog->close();
+    main->OpenFiles({QString::fromStdString(place + "/all.qwo")});
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_EQ(LastOpenedWorkspace().opened.back(), place + "/f.qsheet");
+    EXPECT_EQ(prompts.Problems(), "");
 }
 
 } // namespace
