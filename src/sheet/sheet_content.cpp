@@ -64,6 +64,15 @@ bool HaveEqualPlots(const SheetPanel& one, const SheetPanel& other) {
            && one.file == other.file && one.data == other.data;
 }
 
+/// The plot of a panel; null when it is not open, or cannot be told from others.
+const Plot* PlotOfPanel(const SheetPanel& panel, const std::vector<const Plot*>& plots) {
+    const auto isOf = [&panel](const Plot* plot) {
+        return panel.file.empty() ? WithoutEnding(PictureViewOf(plot->record).title) == panel.name
+                                  : plot->record.SaveFileName == panel.file;
+    };
+    return std::ranges::count_if(plots, isOf) == 1 ? *std::ranges::find_if(plots, isOf) : nullptr;
+}
+
 } // namespace
 
 Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot) {
@@ -86,6 +95,31 @@ Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot) {
     panel.name = WithoutEnding(PictureViewOf(record).title);
     panel.text = statistics;
     return panel;
+}
+
+Result<UpdatedSheet> UpdatedFrom(const std::vector<const Plot*>& plots, const FigureSheet& sheet) {
+    UpdatedSheet updated{sheet, {}};
+    for (std::size_t i = 0; i < sheet.panels.size(); ++i) {
+        const SheetPanel& former = sheet.panels[i];
+        if (former.kind == PanelKind::Text) {
+            continue;
+        }
+        const Plot* plot = PlotOfPanel(former, plots);
+        if (plot == nullptr) {
+            updated.unchanged.push_back(i);
+            continue;
+        }
+        Result<SheetPanel> panel = PanelOfPlot(former.kind, *plot);
+        if (!panel) {
+            return Failure{panel.Error()};
+        }
+        panel->name = former.name.empty() ? panel->name : former.name;
+        panel->title = former.title;
+        panel->columns = former.columns;
+        panel->rows = former.rows;
+        updated.sheet.panels[i] = std::move(*panel);
+    }
+    return updated;
 }
 
 SheetPanel PanelOfFile(PanelKind kind, const std::string& path) {

@@ -10,6 +10,7 @@
 #include "fabric/draw_fabric.h"
 #include "sheet/figure_sheet.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +30,20 @@ struct PanelContent {
 /// @param kind  not Text
 /// @return a failure, a text for the user, for a plot that no file can hold
 [[nodiscard]] Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot);
+
+/// A sheet whose panels have the present state of open plots.
+struct UpdatedSheet {
+    FigureSheet sheet;
+    std::vector<std::size_t> unchanged; ///< panels of plots that are not open, from 0
+};
+
+/// Gives each panel the present state of its plot; names, titles and spans stay. The plot of a
+/// panel is the open one of its file or, for a plot in the sheet, the only open one of its name.
+///
+/// @param plots  open plots, none null
+/// @return a failure as PanelOfPlot
+[[nodiscard]] Result<UpdatedSheet> UpdatedFrom(const std::vector<const Plot*>& plots,
+                                               const FigureSheet& sheet);
 
 /// The panel of a binary plot file.
 [[nodiscard]] SheetPanel PanelOfFile(PanelKind kind, const std::string& path);

@@ -35,7 +35,8 @@ namespace quandrel {
 namespace {
 
 constexpr int kPreviewDelay = 80; ///< milliseconds, so that typing is not slowed down
-constexpr int kFreeWidth = 4;     ///< of cboWidth
+constexpr std::size_t kMostSteps = 50;
+constexpr int kFreeWidth = 4; ///< of cboWidth
 constexpr std::array kWidths = {kColumnWidth, kHalfPageWidth, kPageWidth, kSlideWidth};
 constexpr const char* kSheetFilter = "Figures (*.qsheet)|*.qsheet|All files (*.*)|*.*";
 
@@ -70,7 +71,7 @@ void frmFigureSheet::Connect() {
     for (QComboBox* list : {cboLetters, cboLegend, cboStyle, cboWidth}) {
         connect(list, &QComboBox::currentIndexChanged, this, [this] { TakePage(); });
     }
-    for (QDoubleSpinBox* box : {spnWidth, spnGap}) {
+    for (QDoubleSpinBox* box : {spnWidth, spnGap, spnGapDown}) {
         connect(box, &QDoubleSpinBox::valueChanged, this, [this] { TakePage(); });
     }
     connect(spnColumns, &QSpinBox::valueChanged, this, [this] { TakePage(); });
@@ -86,6 +87,15 @@ void frmFigureSheet::Connect() {
     connect(cmdRemove, &QPushButton::clicked, this, [this] { RemovePanel(); });
     connect(cmdUp, &QPushButton::clicked, this, [this] { MovePanel(-1); });
     connect(cmdDown, &QPushButton::clicked, this, [this] { MovePanel(1); });
+    connect(cmdUpdate, &QPushButton::clicked, this, [this] { UpdateFromPlots(); });
+    connect(cmdUndo, &QPushButton::clicked, this, [this] { GoThroughHistory(past_, future_); });
+    connect(cmdRedo, &QPushButton::clicked, this, [this] { GoThroughHistory(future_, past_); });
+    connect(
+        lstPanels->model(), &QAbstractItemModel::rowsMoved, this,
+        [this](const QModelIndex&, int from, int, const QModelIndex&, int to) {
+            TakeOrder(from, to > from ? to - 1 : to);
+        },
+        Qt::QueuedConnection); // the list is filled again, after the drag
     connect(cmdCopyCaption, &QPushButton::clicked, this, [this] {
         gPlatform.clipboard->SetText(txtPreviewCaption->toPlainText().toStdString());
     });
@@ -97,16 +107,17 @@ void frmFigureSheet::Connect() {
 
 /// Shows the whole sheet in the controls.
 void frmFigureSheet::ShowSheet() {
-    const std::array<QSignalBlocker, 8> quiet = {
-        QSignalBlocker(cboLetters), QSignalBlocker(cboLegend), QSignalBlocker(cboStyle),
-        QSignalBlocker(cboWidth),   QSignalBlocker(spnWidth),  QSignalBlocker(spnGap),
-        QSignalBlocker(spnColumns), QSignalBlocker(txtCaption)};
+    const std::array<QSignalBlocker, 9> quiet = {
+        QSignalBlocker(cboLetters), QSignalBlocker(cboLegend),  QSignalBlocker(cboStyle),
+        QSignalBlocker(cboWidth),   QSignalBlocker(spnWidth),   QSignalBlocker(spnGap),
+        QSignalBlocker(spnColumns), QSignalBlocker(txtCaption), QSignalBlocker(spnGapDown)};
     const auto* const width = std::ranges::find(kWidths, sheet_.width);
     cboWidth->setCurrentIndex(static_cast<int>(width - kWidths.begin()));
     spnWidth->setValue(sheet_.width);
     spnWidth->setEnabled(cboWidth->currentIndex() == kFreeWidth);
     spnColumns->setValue(sheet_.columns);
     spnGap->setValue(sheet_.gapAcross);
+    spnGapDown->setValue(sheet_.gapDown);
     cboLetters->setCurrentIndex(static_cast<int>(sheet_.letters));
     cboLegend->setCurrentIndex(static_cast<int>(sheet_.legend));
     // A style of a file stays that of the sheet until another one is chosen.
@@ -117,7 +128,8 @@ void frmFigureSheet::ShowSheet() {
         const QSignalBlocker still(lstPanels);
         lstPanels->clear();
         for (std::size_t i = 0; i < sheet_.panels.size(); ++i) {
-            lstPanels->addItem(NameOfPanel(sheet_, i));
+            auto* item = new QListWidgetItem(NameOfPanel(sheet_, i), lstPanels);
+            item->setFlags(item->flags() & ~Qt::ItemIsDropEnabled); // dropped between, not on it
         }
         lstPanels->setCurrentRow(std::clamp(row, 0, std::max(lstPanels->count() - 1, 0)));
     }
@@ -158,7 +170,7 @@ void frmFigureSheet::TakePage() {
     sheet_.height = sheet_.width == kSlideWidth ? kSlideHeight : 0;
     sheet_.columns = spnColumns->value();
     sheet_.gapAcross = spnGap->value();
-    sheet_.gapDown = spnGap->value();
+    sheet_.gapDown = spnGapDown->value();
     sheet_.letters = static_cast<SheetLetters>(cboLetters->currentIndex());
     sheet_.legend = static_cast<LegendPlace>(cboLegend->currentIndex());
     if (cboStyle->currentIndex() >= 0) {
@@ -188,6 +200,7 @@ void frmFigureSheet::TakePanel() {
 }
 
 void frmFigureSheet::AddPanel() {
+    Record();
     SheetPanel panel;
     panel.kind = static_cast<PanelKind>(cboKind->currentIndex());
     if (panel.kind != PanelKind::Text) {
@@ -204,22 +217,98 @@ void frmFigureSheet::AddPanel() {
     }
     if (sheet_.panels.size() < kMostPanels) {
         sheet_.panels.push_back(panel);
+        Record();
         ShowSheet();
         lstPanels->setCurrentRow(lstPanels->count() - 1);
     }
 }
 
 void frmFigureSheet::RemovePanel() {
+    Record();
     sheet_.panels.erase(sheet_.panels.begin() + lstPanels->currentRow());
+    Record();
     ShowSheet();
 }
 
 void frmFigureSheet::MovePanel(int by) {
     const int from = lstPanels->currentRow();
-    std::swap(sheet_.panels.at(static_cast<std::size_t>(from)),
-              sheet_.panels.at(static_cast<std::size_t>(from + by)));
+    TakeOrder(from, from + by);
+}
+
+/// Moves a panel in the sheet to another place.
+void frmFigureSheet::TakeOrder(int from, int to) {
+    Record();
+    const auto panel = sheet_.panels.begin() + from;
+    if (from < to) {
+        std::rotate(panel, panel + 1, sheet_.panels.begin() + to + 1);
+    } else {
+        std::rotate(sheet_.panels.begin() + to, panel, panel + 1);
+    }
+    Record();
     ShowSheet();
-    lstPanels->setCurrentRow(from + by);
+    lstPanels->setCurrentRow(to);
+}
+
+/// Takes the present state of the plots that are open, and reports panels whose plot is not.
+void frmFigureSheet::UpdateFromPlots() {
+    std::vector<const Plot*> plots;
+    for (int slot = 1; slot <= HighestSlot(); ++slot) {
+        if (IsOpenSlot(slot)) {
+            plots.push_back(&PlotOf(slot));
+        }
+    }
+    const Result<UpdatedSheet> updated = UpdatedFrom(plots, sheet_);
+    if (!updated) {
+        Tell("The figure cannot be updated: " + updated.Error() + ".");
+        return;
+    }
+    Record();
+    sheet_ = updated->sheet;
+    Record();
+    contents_.reset(); // files of panels may have changed too
+    ShowSheet();
+    std::string names;
+    for (const std::size_t panel : updated->unchanged) {
+        names += "\n" + NameOfPanel(sheet_, panel).toStdString();
+    }
+    if (!names.empty()) {
+        Tell("The plots of these panels are not open, or have the same name:" + names,
+             Icon::Information);
+    }
+}
+
+/// Adds the sheet to its history if it has changed since the latest step.
+void frmFigureSheet::Record() {
+    if (sheet_ != recorded_) {
+        past_.push_back(std::exchange(recorded_, sheet_));
+        future_.clear();
+    }
+    if (past_.size() > kMostSteps) {
+        past_.erase(past_.begin());
+    }
+    cmdUndo->setEnabled(!past_.empty());
+    cmdRedo->setEnabled(!future_.empty());
+}
+
+void frmFigureSheet::BeginHistory() {
+    recorded_ = sheet_;
+    past_.clear();
+    future_.clear();
+    Record();
+}
+
+void frmFigureSheet::GoThroughHistory(std::vector<FigureSheet>& from,
+                                      std::vector<FigureSheet>& to) {
+    Record();
+    if (from.empty()) {
+        return;
+    }
+    to.push_back(sheet_);
+    sheet_ = from.back();
+    recorded_ = sheet_;
+    from.pop_back();
+    Record();
+    ShowSheet();
 }
 
 void frmFigureSheet::Changed() {
@@ -227,6 +316,7 @@ void frmFigureSheet::Changed() {
 }
 
 void frmFigureSheet::ShowPreview() {
+    Record();
     if (!contents_ || shown_ != sheet_.panels) {
         contents_ = ContentOf(sheet_, gSettings);
         shown_ = sheet_.panels;
@@ -322,6 +412,7 @@ bool frmFigureSheet::Open(const std::string& path) {
     sheet_ = *read;
     saved_ = sheet_;
     path_ = path;
+    BeginHistory();
     ShowSheet();
     return true;
 }
@@ -349,6 +440,7 @@ void frmFigureSheet::closeEvent(QCloseEvent* event) {
         sheet_ = {};
         saved_ = {};
         path_.clear();
+        BeginHistory();
         ShowSheet();
         QDialog::closeEvent(event);
     } else {

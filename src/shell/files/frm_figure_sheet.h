@@ -50,6 +50,9 @@ public:
     QPushButton* cmdRemove;
     QPushButton* cmdUp;
     QPushButton* cmdDown;
+    QPushButton* cmdUpdate;
+    QPushButton* cmdUndo;
+    QPushButton* cmdRedo;
     QLineEdit* txtTitle;
     QLineEdit* txtText;
     QSpinBox* spnSpanColumns;
@@ -57,7 +60,8 @@ public:
     QComboBox* cboWidth;
     QDoubleSpinBox* spnWidth;
     QSpinBox* spnColumns;
-    QDoubleSpinBox* spnGap;
+    QDoubleSpinBox* spnGap; ///< between columns
+    QDoubleSpinBox* spnGapDown;
     QComboBox* cboLetters;
     QComboBox* cboLegend;
     QComboBox* cboStyle;
@@ -92,6 +96,11 @@ private:
     void AddPanel();
     void RemovePanel();
     void MovePanel(int by);
+    void TakeOrder(int from, int to);
+    void UpdateFromPlots();
+    void Record();
+    void BeginHistory();
+    void GoThroughHistory(std::vector<FigureSheet>& from, std::vector<FigureSheet>& to);
     void Changed();
     void ShowPreview();
     [[nodiscard]] bool Save();
@@ -100,8 +109,11 @@ private:
     [[nodiscard]] bool MayLose();
 
     FigureSheet sheet_;
-    FigureSheet saved_;                                         ///< as its file has it
-    std::string path_;                                          ///< of its file; empty for none
+    FigureSheet recorded_;            ///< the present step of the history
+    std::vector<FigureSheet> past_;   ///< the latest last
+    std::vector<FigureSheet> future_; ///< steps that were undone, the next last
+    FigureSheet saved_;               ///< as its file has it
+    std::string path_;                ///< of its file; empty for none
     std::optional<Result<std::vector<PanelContent>>> contents_; ///< of `shown_`
     std::vector<SheetPanel> shown_;                             ///< the panels of the preview
     QTimer* timer_;

@@ -52,6 +52,16 @@ void frmFigureSheet::MakeControls() {
     cmdRemove = MakeButton("cmdRemove", "&Remove", "Removes the panel");
     cmdUp = MakeButton("cmdUp", "&Up", "Moves the panel up in the list");
     cmdDown = MakeButton("cmdDown", "&Down", "Moves the panel down in the list");
+    lstPanels->setDragDropMode(QAbstractItemView::InternalMove);
+    cmdUpdate = MakeButton("cmdUpdate", "Update &from Plots",
+                           "Panels take the present state of their plots, where these are open");
+    cmdUndo = MakeButton("cmdUndo", "Undo", "Undoes the last change of the figure");
+    cmdUndo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    cmdRedo = MakeButton("cmdRedo", "Redo", "Repeats the change that was undone");
+    cmdRedo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    for (QPushButton* button : {cmdUndo, cmdRedo}) {
+        button->setEnabled(false);
+    }
     txtTitle = MakeLine("txtTitle", "The title beside the panel's letter");
     txtText = MakeLine("txtText", "The words of a text");
     spnSpanColumns =
@@ -99,8 +109,11 @@ void frmFigureSheet::MakePageControls() {
     spnWidth->setSuffix(" mm");
     spnColumns = MakeNumber<QSpinBox>("spnColumns", "How many panels are side by side", 1,
                                       kMostSheetColumns);
-    spnGap = MakeNumber<QDoubleSpinBox>("spnGap", "The gap between panels", 0.0, kMostSheetGap);
+    spnGap = MakeNumber<QDoubleSpinBox>("spnGap", "The gap between columns", 0.0, kMostSheetGap);
     spnGap->setSuffix(" mm");
+    spnGapDown =
+        MakeNumber<QDoubleSpinBox>("spnGapDown", "The gap between rows", 0.0, kMostSheetGap);
+    spnGapDown->setSuffix(" mm");
     cboLetters = MakeList("cboLetters", "Letters of the panels");
     cboLetters->addItems({"a", "A", "(a)", "None"});
     cboLegend = MakeList("cboLegend", "Place of the legend");
@@ -126,6 +139,11 @@ QLayout* frmFigureSheet::MakePanels() {
         moving->addWidget(button);
     }
     layout->addLayout(moving);
+    auto* changing = new QHBoxLayout;
+    for (QPushButton* button : {cmdUpdate, cmdUndo, cmdRedo}) {
+        changing->addWidget(button);
+    }
+    layout->addLayout(changing);
     auto* form = new QFormLayout;
     form->addRow("&Title", txtTitle);
     form->addRow("Text", txtText);
@@ -140,7 +158,8 @@ QLayout* frmFigureSheet::MakePage() {
     form->addRow("&Width", cboWidth);
     form->addRow("", spnWidth);
     form->addRow("&Columns", spnColumns);
-    form->addRow("&Gap", spnGap);
+    form->addRow("&Gap across", spnGap);
+    form->addRow("Gap down", spnGapDown);
     form->addRow("&Letters", cboLetters);
     form->addRow("Lege&nd", cboLegend);
     form->addRow("Style", cboStyle);
@@ -169,8 +188,14 @@ QLayout* frmFigureSheet::MakePreview() {
 void frmFigureSheet::SetOrder() {
     TabOrder order;
     order.Then(lstPanels).Then(cboKind).Then(cmdAdd).Then(cmdRemove).Then(cmdUp).Then(cmdDown);
+    order.Then(cmdUpdate).Then(cmdUndo).Then(cmdRedo);
     order.Then(txtTitle).Then(txtText).Then(spnSpanColumns).Then(spnSpanRows);
-    order.Then(cboWidth).Then(spnWidth).Then(spnColumns).Then(spnGap).Then(cboLetters);
+    order.Then(cboWidth)
+        .Then(spnWidth)
+        .Then(spnColumns)
+        .Then(spnGap)
+        .Then(spnGapDown)
+        .Then(cboLetters);
     order.Then(cboLegend).Then(cboStyle).Then(spnDots).Then(txtCaption).Then(txtPreviewCaption);
     order.Then(cmdCopyCaption).Then(cmdOpen).Then(cmdSave).Then(cmdExport).Then(cmdClose);
 }

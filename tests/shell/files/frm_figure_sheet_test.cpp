@@ -2,6 +2,7 @@
 //
 // The window of figures with panels.
 
+#include "core/replot.h"
 #include "persistence/workspace_file.h"
 #include "session/start.h"
 #include "sheet/sheet_text.h"
@@ -173,6 +174,81 @@ TEST_F(FigureSheetWindow, IsSavedWithTheWorkspaceAndOpensWithIt) {
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(dialog->lstPanels->count(), 1);
     EXPECT_EQ(LastOpenedWorkspace().opened.back(), place + "/f.qsheet");
+    EXPECT_EQ(prompts.Problems(), "");
+}
+
+TEST_F(FigureSheetWindow, UndoesAndRepeatsChanges) {
+    EXPECT_FALSE(dialog->cmdUndo->isEnabled());
+    Add(3);
+    Add(3);
+    dialog->spnColumns->setValue(5);
+    dialog->cmdUndo->click();
+    EXPECT_EQ(dialog->spnColumns->value(), 3);
+    EXPECT_EQ(dialog->lstPanels->count(), 2);
+    dialog->cmdUndo->click();
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    dialog->cmdRedo->click();
+    EXPECT_EQ(dialog->lstPanels->count(), 2);
+    EXPECT_TRUE(dialog->cmdRedo->isEnabled());
+    dialog->cmdRemove->click();
+    EXPECT_FALSE(dialog->cmdRedo->isEnabled());
+    for (int i = 0; i < 3; ++i) {
+        dialog->cmdUndo->click();
+    }
+    EXPECT_EQ(dialog->lstPanels->count(), 0);
+    EXPECT_FALSE(dialog->cmdUndo->isEnabled());
+    EXPECT_EQ(dialog->cmdUndo->shortcut(), QKeySequence("Ctrl+Z"));
+    EXPECT_EQ(dialog->cmdRedo->shortcut(), QKeySequence("Ctrl+Shift+Z"));
+}
+
+TEST_F(FigureSheetWindow, TakesTheOrderOfADrag) {
+    for (const char* text : {"one", "two", "three"}) {
+        Add(3);
+        dialog->txtTitle->setText(text);
+    }
+    ASSERT_TRUE(dialog->lstPanels->model()->moveRow({}, 0, {}, 3));
+    Wait();
+    EXPECT_TRUE(dialog->lstPanels->item(2)->text().contains("one"));
+    EXPECT_TRUE(dialog->lstPanels->item(0)->text().contains("two"));
+    EXPECT_TRUE(dialog->lstPanels->item(0)->text().startsWith("(a)"));
+    ASSERT_TRUE(dialog->lstPanels->model()->moveRow({}, 1, {}, 0));
+    Wait();
+    EXPECT_TRUE(dialog->lstPanels->item(0)->text().contains("three"));
+    EXPECT_EQ(dialog->txtTitle->text(), "three");
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
+    dialog->close();
+}
+
+TEST_F(FigureSheetWindow, HasAGapOfColumnsAndOneOfRows) {
+    Add(3);
+    dialog->spnGap->setValue(7);
+    dialog->spnGapDown->setValue(2);
+    Wait();
+    prompts.QueueSavePath((folder / "f.qsheet").string());
+    dialog->cmdSave->click();
+    const Result<FigureSheet> sheet = ReadSheetFile((folder / "f.qsheet").string());
+    ASSERT_TRUE(sheet) << sheet.Error();
+    EXPECT_EQ(sheet->gapAcross, 7);
+    EXPECT_EQ(sheet->gapDown, 2);
+}
+
+TEST_F(FigureSheetWindow, TakesThePresentStateOfOpenPlots) {
+    Add(0);
+    dialog->txtTitle->setText("Beds");
+    Wait();
+    const QString before = Caption();
+    ActiveRecord().PlotKind = kEqualAngle;
+    ReplotActivePlot(false);
+    dialog->cmdUpdate->click();
+    Wait();
+    EXPECT_TRUE(before.contains("equal-area")) << before.toStdString();
+    EXPECT_TRUE(Caption().contains("equal-angle")) << Caption().toStdString();
+    EXPECT_EQ(dialog->txtTitle->text(), "Beds");
+    EXPECT_TRUE(prompts.Shown().empty());
+    ActiveRecord().PlotTitle = "other";
+    ActiveRecord().FileTitle = "other";
+    prompts.Expect("The plots of these panels are not open", Button::Ok);
+    dialog->cmdUpdate->click();
     EXPECT_EQ(prompts.Problems(), "");
 }
 
