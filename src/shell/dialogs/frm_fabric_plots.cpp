@@ -11,6 +11,7 @@
 #include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
 #include "shell/files/frm_export_image.h"
+#include "shell/files/path_questions.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -242,12 +243,7 @@ void frmFabricPlots::Export() {
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
-    PathQuestion question;
-    question.title = "Export Fabric Plot";
-    question.folder = gSettings.files.lastFolder;
-    question.fileName = "fabric.png";
-    question.filter = kPictureFilter;
-    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    const std::optional<std::string> path = AskPathOfPicture("Export Fabric Plot", "fabric.png");
     if (!path) {
         return;
     }

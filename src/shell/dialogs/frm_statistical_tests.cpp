@@ -10,6 +10,7 @@
 #include "qt/quantile_picture.h"
 #include "shell/controls/control_kit.h"
 #include "shell/controls/picture_box.h"
+#include "shell/files/path_questions.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -276,12 +277,8 @@ void frmStatisticalTests::DrawPicture() {
 }
 
 void frmStatisticalTests::ExportPicture() {
-    PathQuestion question;
-    question.title = "Export Quantile Plots";
-    question.folder = gSettings.files.lastFolder;
-    question.fileName = "quantiles.png";
-    question.filter = kPictureFilter;
-    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    const std::optional<std::string> path =
+        AskPathOfPicture("Export Quantile Plots", "quantiles.png");
     if (!path) {
         return;
     }

@@ -13,6 +13,7 @@
 #include "qt/sheet_picture.h"
 #include "sheet/sheet_content.h"
 #include "sheet/sheet_text.h"
+#include "shell/files/path_questions.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -350,12 +351,8 @@ void frmFigureSheet::ShowPreview() {
 }
 
 bool frmFigureSheet::Save() {
-    PathQuestion question;
-    question.title = "Save Figure";
-    question.folder = gSettings.files.lastFolder;
-    question.fileName = path_.empty() ? std::string("figure") + kSheetEnding : path_;
-    question.filter = kSheetFilter;
-    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    const std::string name = path_.empty() ? std::string("figure") + kSheetEnding : path_;
+    const std::optional<std::string> path = AskPathToSave({"Save Figure", name, kSheetFilter});
     if (!path) {
         return false;
     }
@@ -371,12 +368,7 @@ bool frmFigureSheet::Save() {
 }
 
 void frmFigureSheet::Export() {
-    PathQuestion question;
-    question.title = "Export Figure";
-    question.folder = gSettings.files.lastFolder;
-    question.fileName = "figure.png";
-    question.filter = kPictureFilter;
-    const std::optional<std::string> path = gPlatform.prompts->AskSavePath(question);
+    const std::optional<std::string> path = AskPathOfPicture("Export Figure", "figure.png");
     if (!path) {
         return;
     }
@@ -391,11 +383,7 @@ void frmFigureSheet::Export() {
 }
 
 void frmFigureSheet::AskAndOpen() {
-    PathQuestion question;
-    question.title = "Open Figure";
-    question.folder = gSettings.files.lastFolder;
-    question.filter = kSheetFilter;
-    if (const auto path = gPlatform.prompts->AskOpenPath(question); path && Open(*path)) {
+    if (const auto path = AskPathToOpen({"Open Figure", {}, kSheetFilter}); path && Open(*path)) {
         AddRecentFile(*path);
     }
 }
