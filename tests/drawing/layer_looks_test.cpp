@@ -104,13 +104,15 @@ std::vector<Colour> ColoursOfLines(const GroupSurface& net, const std::string& g
 
 TEST_F(LayerLooksTest, ContoursWithoutBandsHaveDarkColoursOfTheStyle) {
     Plot plot = Faults();
-    plot.record.Layers = {LayerOf("main", kShowContours)};
+    plot.record.Layers = {LayerOf("overlay1", kShowContours)};
     plot.record.LevelRule = kLevelsByHand;
-    plot.record.LevelsByHand = "0.9, 0.95, 1";
+    plot.record.LevelsByHand = "1, 2, 3";
+    plot.record.KernelWidth = 10;
     WorkOut(plot);
     constexpr double kDarkOnWhite = 70; // lightness
     for (const std::string_view style : {kScreenStyle, kJournalStyle, kGreyStyle}) {
-        const std::vector<Colour> colours = ColoursOfLines(Drawn(plot, style), "contours");
+        const std::vector<Colour> colours =
+            ColoursOfLines(Drawn(plot, style), "overlay-1-contours");
         ASSERT_EQ(colours.size(), 3U) << style;
         double last = kDarkOnWhite;
         for (const Colour colour : colours) {
@@ -119,10 +121,11 @@ TEST_F(LayerLooksTest, ContoursWithoutBandsHaveDarkColoursOfTheStyle) {
         }
     }
     const Colour first = TableColour(gSettings.styles, gSettings.styles.contours[0][kStyleColour]);
-    EXPECT_EQ(ColoursOfLines(Drawn(plot, kClassicStyle), "contours").front(), first);
+    EXPECT_EQ(ColoursOfLines(Drawn(plot, kClassicStyle), "overlay-1-contours").front(), first);
     gSettings.styles.contours[0][kStyleColour] = 3;
     const Colour chosen = TableColour(gSettings.styles, 3);
-    EXPECT_EQ(ColoursOfLines(Drawn(plot), "contours").front(), chosen) << "the user's choice";
+    EXPECT_EQ(ColoursOfLines(Drawn(plot), "overlay-1-contours").front(), chosen)
+        << "the user's choice";
 }
 
 TEST_F(LayerLooksTest, LegendHasTheColoursOfTheContoursOfCounts) {

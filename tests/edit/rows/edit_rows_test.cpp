@@ -410,11 +410,12 @@ TEST_F(EditRows, RemovedOverlaysCanBeTakenBack) {
 
 TEST_F(EditRows, LayersOfRemovedOverlaysComeBackWithThem) {
     const int slot = NewPlanes({{30, 120}});
-    FigureLayer rows;
-    RecordOf(slot).Layers = {rows};
     AddOverlay(kOverlayLines, 20, 50, CodeOfStyleRow(3));
-    ASSERT_EQ(RecordOf(slot).Layers.size(), 2U);
-    RecordOf(slot).Layers[1].LayerShow = kShowGreatCircles;
+    FigureLayer overlay;
+    overlay.LayerOf = kLayerOfOverlay;
+    overlay.LayerIndex = 1;
+    overlay.LayerShow = kShowGreatCircles;
+    RecordOf(slot).Layers = {FigureLayer(), overlay};
     const std::vector<FigureLayer> before = RecordOf(slot).Layers;
     RemoveOverlay();
     EXPECT_EQ(RecordOf(slot).Layers.size(), 1U);
