@@ -74,6 +74,8 @@ private:
     static const std::map<std::string, Handler>& Handlers();
 
     [[nodiscard]] bool OpenSheet(const std::string& path) override;
+    [[nodiscard]] bool OpenSheetOfPicture(const std::string& path,
+                                          const std::string& text) override;
     [[nodiscard]] std::optional<std::string> SavedSheet() override;
     [[nodiscard]] std::string RunCommand(const Command& command);
     [[nodiscard]] std::string OpenFile(const char* engineCommand, const Command& command);

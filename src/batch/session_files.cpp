@@ -68,6 +68,17 @@ bool BatchSession::OpenSheet(const std::string& path) {
     return true;
 }
 
+bool BatchSession::OpenSheetOfPicture(const std::string& path, const std::string& text) {
+    Result<FigureSheet> read = SheetOfPicture(text);
+    if (!read) {
+        Tell("The indicated file cannot be opened\n" + path + "\n" + read.Error());
+        return false;
+    }
+    sheet_ = std::move(*read);
+    sheetFile_ = {};
+    return true;
+}
+
 /// A sheet that was changed since, or has no file, is left out.
 std::optional<std::string> BatchSession::SavedSheet() {
     const bool isSaved = !sheetFile_.path.empty() && sheetFile_.saved == sheet_;

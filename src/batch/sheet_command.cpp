@@ -113,9 +113,8 @@ const Takers<SheetExport>& ExportKeys() {
              return TakeName({{"white", 0}, {"transparent", 1}}, v, e.isTransparent);
          }},
         {"data",
-         [](auto& v, E& /*e*/) {
-             return v == "no" ? std::string()
-                              : "a picture of a figure cannot hold its plots: save the figure";
+         [](auto& v, E& e) {
+             return TakeName({{"no", 0}, {"yes", 1}}, v, e.hasData);
          }},
     };
     return takers;

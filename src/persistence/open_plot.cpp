@@ -141,21 +141,14 @@ void TellUnreadable(const std::string& path, const std::string& reason) {
 /// The plot of a file that holds it: a binary plot file, or a picture.
 enum class Holder { PlotFile, Picture };
 
-Result<BinaryPlot> ReadHolder(Holder holder, const std::string& path) {
-    if (holder == Holder::PlotFile) {
-        return ReadBinaryPlotFile(path);
-    }
+/// The file that a picture holds.
+Result<std::string> FileOfPicture(const std::string& path) {
     const Result<std::string> picture = FirstBytes(path, kLargestTextFile);
-    if (!picture) {
-        return Failure{picture.Error()};
-    }
-    const Result<std::string> plotFile = PlotFileOfPicture(*picture, OpenState::now.readPdf);
-    return plotFile ? ReadBinaryPlot(*plotFile) : Failure{plotFile.Error()};
+    return picture ? PlotFileOfPicture(*picture, OpenState::now.readPdf) : picture;
 }
 
-/// The file is read and validated before anything in the program changes.
-std::string OpenBinaryPlot(Holder holder, const std::string& path) {
-    Result<BinaryPlot> plot = ReadHolder(holder, path);
+/// A plot that was read and validated before anything in the program changes.
+std::string OpenBinaryPlot(Holder holder, const std::string& path, Result<BinaryPlot> plot) {
     if (!plot) {
         TellUnreadable(path, plot.Error());
         return kLoadError;
@@ -208,16 +201,6 @@ std::string AddToPlot(const std::string& command, const std::string& path, Forma
 /// The kind of file at a path; empty with a message when it cannot be read.
 enum class FileKind { Text, BinaryPlot, Picture, Workspace, Sheet, Unreadable };
 
-constexpr std::string_view kSheetMember = "\"quandrelFigure\"";
-
-/// Whether a file begins as a figure sheet, whatever its name.
-bool IsSheet(const std::string& path, std::string_view start) {
-    const std::size_t first = start.find_first_not_of(" \t\r\n");
-    return HasEnding(path, ".qsheet")
-           || (first != std::string_view::npos && start[first] == '{'
-               && start.find(kSheetMember) != std::string_view::npos);
-}
-
 FileKind KindOfFile(const std::string& path) {
     const Result<std::string> start = FirstBytes(path, 4096);
     if (!start) {
@@ -231,7 +214,7 @@ FileKind KindOfFile(const std::string& path) {
     if (KindOfPicture(*start)) {
         return FileKind::Picture;
     }
-    if (IsSheet(path, *start)) {
+    if (HasEnding(path, ".qsheet") || IsSheetText(*start)) {
         return FileKind::Sheet;
     }
     const std::string_view firstLine =
@@ -241,7 +224,9 @@ FileKind KindOfFile(const std::string& path) {
     return isWorkspace ? FileKind::Workspace : FileKind::Text;
 }
 
-std::string OpenSheetFile(const std::string& command, const std::string& path) {
+/// @param text  of the sheet in a picture; null for the sheet of the file
+std::string OpenSheet(const std::string& command, const std::string& path,
+                      const std::string* text) {
     if (!NeedsNewPlot(command)) {
         Tell("You can't " + command + " a figure with a plot.\n" + path, Icon::Exclamation);
         return kLoadError;
@@ -250,11 +235,22 @@ std::string OpenSheetFile(const std::string& command, const std::string& path) {
         TellUnreadable(path, "It is a figure, and there is no window for figures.");
         return kLoadError;
     }
-    if (!OpenState::now.sheets->OpenSheet(path)) {
+    SheetHolder& sheets = *OpenState::now.sheets;
+    if (text != nullptr ? !sheets.OpenSheetOfPicture(path, *text) : !sheets.OpenSheet(path)) {
         return kLoadError;
     }
     AddRecentFile(path);
     return kSheetCommand;
+}
+
+/// Opens the plot or the sheet that a picture holds.
+std::string OpenPicture(const std::string& command, const std::string& path) {
+    const Result<std::string> held = FileOfPicture(path);
+    if (held && IsSheetText(*held)) {
+        return OpenSheet(command, path, &*held);
+    }
+    return OpenBinaryPlot(Holder::Picture, path,
+                          held ? ReadBinaryPlot(*held) : Failure{held.Error()});
 }
 
 /// A workspace among the files of a workspace is skipped: it might list itself.
@@ -285,15 +281,16 @@ std::string OpenByKind(const std::string& command, const std::string& path, Form
     case FileKind::Text:
         return NeedsNewPlot(command) ? OpenNewPlot(path, dialog) : AddToPlot(command, path, dialog);
     case FileKind::BinaryPlot:
-    case FileKind::Picture: {
-        const Holder holder = kind == FileKind::Picture ? Holder::Picture : Holder::PlotFile;
-        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenBinaryPlot(holder, path)
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command)
+                   ? OpenBinaryPlot(Holder::PlotFile, path, ReadBinaryPlotFile(path))
+                   : kLoadError;
+    case FileKind::Picture:
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenPicture(command, path)
                                                                       : kLoadError;
-    }
     case FileKind::Workspace:
         return OpenListedPlots(path);
     case FileKind::Sheet:
-        return OpenSheetFile(command, path);
+        return OpenSheet(command, path, nullptr);
     case FileKind::Unreadable:
         break;
     }

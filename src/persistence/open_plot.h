@@ -27,6 +27,12 @@ public:
     /// @return false, with a message where there is a reason, when the present one stays
     [[nodiscard]] virtual bool OpenSheet(const std::string& path) = 0;
 
+    /// The same of the sheet that a picture holds. It has no file of its own.
+    ///
+    /// @param path  of the picture
+    [[nodiscard]] virtual bool OpenSheetOfPicture(const std::string& path,
+                                                  const std::string& text) = 0;
+
     /// The file of the present sheet, for the list of a workspace. The user may be asked to save
     /// it first.
     ///
@@ -46,8 +52,8 @@ struct OpenState {
     static OpenState now;
 };
 
-/// Opens a file, or an empty plot. A picture that was exported with its data opens as its plot; a
-/// figure sheet opens in the program's `sheets`.
+/// Opens a file, or an empty plot. A picture that was exported with its data opens as its plot, or
+/// as its figure sheet; a figure sheet opens in the program's `sheets`.
 ///
 /// @param command  "New", "Merge" and "Overlay" ask for the path; "Blank" needs none; "File"
 ///                 followed by a path opens that path as a new plot

@@ -31,6 +31,9 @@ Result<std::string> PlotOfPdf(std::string_view picture, AttachmentReader readPdf
         return Failure{"This program does not read PDF files."};
     }
     Result<std::string> plot = readPdf(picture, kPlotOfPdf, kLargestPlotInPicture);
+    if (plot && plot->empty()) {
+        plot = readPdf(picture, kSheetOfPdf, kLargestPlotInPicture);
+    }
     return plot && plot->empty() ? Failure{kNoPlot} : std::move(plot);
 }
 
@@ -54,6 +57,13 @@ std::optional<PictureKind> KindOfPicture(std::string_view start) {
     const bool isXml = text.starts_with('<');
     return isXml && text.find("<svg") != std::string_view::npos ? std::optional(PictureKind::Svg)
                                                                 : std::nullopt;
+}
+
+bool IsSheetText(std::string_view start) {
+    constexpr std::string_view kMember = "\"quandrelFigure\"";
+    const std::size_t first = start.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && start[first] == '{'
+           && start.substr(0, kSearched).find(kMember) != std::string_view::npos;
 }
 
 Result<std::string> PlotFileOfPicture(std::string_view picture, AttachmentReader readPdf) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Plot files in pictures. A picture can carry the plot that it shows: an SVG in an element of its
-// metadata, a PNG in a compressed text, a PDF as an attached file. docs/file_formats.md describes
-// the formats.
+// Plot files and figure sheets in pictures. A picture can carry what it shows: an SVG in an element
+// of its metadata, a PNG in a compressed text, a PDF as an attached file. docs/file_formats.md
+// describes the formats.
 //
 // Input: the bytes of pictures, which are never trusted.
-// Output: the bytes of a binary plot file, which are not yet examined.
+// Output: the bytes of a binary plot file or of a figure sheet, which are not yet examined.
 
 #pragma once
 
@@ -18,8 +18,12 @@
 
 namespace quandrel {
 
-/// The name of the plot file that is attached to a PDF.
+/// The names of the plot file and of the figure sheet that are attached to a PDF.
 inline constexpr const char* kPlotOfPdf = "plot.qpx";
+inline constexpr const char* kSheetOfPdf = "figure.qsheet";
+
+/// Whether a file begins as a figure sheet.
+[[nodiscard]] bool IsSheetText(std::string_view start);
 
 /// The keyword of the text of a PNG that holds the plot.
 inline constexpr const char* kPlotOfPng = "Quandrel plot";
@@ -41,7 +45,7 @@ enum class PictureKind { Svg, Png, Pdf, Tiff };
 using AttachmentReader = Result<std::string> (*)(std::string_view pdf, const std::string& name,
                                                  std::size_t mostBytes);
 
-/// The plot file in a picture, uncompressed.
+/// The plot file or the figure sheet in a picture, uncompressed.
 ///
 /// @param readPdf  null when there is none
 /// @return a failure, a sentence for the user, for a picture without one, or where it is damaged

@@ -3,6 +3,7 @@
 #include "qt/picture_file.h"
 
 #include "core/atomic_file.h"
+#include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "core/step_progress.h"
@@ -218,9 +219,11 @@ std::string WritePdf(const Picture& picture, const PutBytes& put) {
     writer.setTitle(QString::fromStdString(DrawableText(picture.facts.title)));
     writer.setCreator(QString::fromStdString(ProgramAndVersion()));
     if (const std::string& plot = picture.facts.plotFile; !plot.empty()) {
-        writer.addFileAttachment(kPlotOfPdf,
+        const bool isSheet = IsSheetText(plot);
+        writer.addFileAttachment(isSheet ? kSheetOfPdf : kPlotOfPdf,
                                  QByteArray(plot.data(), static_cast<qsizetype>(plot.size())),
-                                 QStringLiteral("application/x-quandrel-plot"));
+                                 isSheet ? QStringLiteral("application/json")
+                                         : QStringLiteral("application/x-quandrel-plot"));
     }
     QPainter painter;
     if (!painter.begin(&writer)) {
@@ -262,6 +265,27 @@ bool IsSensible(const PictureSize& size) {
     const auto isLength = [](double pixels) { return pixels >= 1 && pixels <= kMostPixels; };
     return isLength(size.width) && isLength(size.height) && isLength(size.width * size.scale)
            && isLength(size.height * size.scale);
+}
+
+constexpr const char* kNoDataInTiff =
+    "a TIFF cannot hold the data of the plot: choose SVG, PDF or PNG";
+
+/// Puts a file into the facts of a picture.
+///
+/// @return empty, or why it is left out
+std::string HoldFile(const Result<std::string>& held, PictureType type, PictureFacts& facts) {
+    Result<std::string> text = held ? TextOfPlotFile(*held) : held;
+    if (!text) {
+        return text.Error();
+    }
+    if (type == PictureType::Pdf) {
+        facts.plotFile = *held;
+    } else if (type == PictureType::Png && text->size() > kLongestPngText) {
+        return "A PNG has room for 6 MB, and they are larger. SVG and PDF hold them.";
+    } else {
+        facts.plotText = std::move(*text);
+    }
+    return {};
 }
 
 } // namespace
@@ -318,6 +342,21 @@ std::string SavePicture(const std::string& path, const PictureSize& size, const 
         return error;
     }
     return "'" + path + "' could not be written: " + error;
+}
+
+std::string SavePictureWithFile(const std::string& path, const PictureSize& size,
+                                PictureFacts facts, const Result<std::string>& held,
+                                const DrawPictureOn& draw) {
+    const std::optional<PictureType> type = PictureTypeOf(path);
+    if (type && !AbilitiesOf(*type).holdsPlot) {
+        return "'" + path + "' could not be written: " + kNoDataInTiff;
+    }
+    const std::string leftOut = type ? HoldFile(held, *type, facts) : std::string();
+    const std::string error = SavePicture(path, size, facts, draw);
+    if (error.empty() && !leftOut.empty()) {
+        Tell("The picture was saved without the data of the plot.\n" + leftOut, Icon::Information);
+    }
+    return error;
 }
 
 std::string SavePicture(const std::string& path, const PictureSize& size, const std::string& title,

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/result.h"
 #include "qt/picture_page.h"
 
 #include <QByteArray>
@@ -56,7 +57,7 @@ struct PictureSize {
 struct PictureFacts {
     std::string title;    ///< of an SVG or a PDF
     std::string style;    ///< the name of the style; empty for none
-    std::string plotFile; ///< of the plot that a PDF shows; empty for none
+    std::string plotFile; ///< the plot or the figure sheet that a PDF shows; empty for none
     std::string plotText; ///< the same of an SVG or a PNG, by TextOfPlotFile
 };
 
@@ -87,6 +88,14 @@ void ForgetTime(QByteArray& pdf);
 /// Needs a QGuiApplication.
 [[nodiscard]] std::string SavePicture(const std::string& path, const PictureSize& size,
                                       const PictureFacts& facts, const DrawPictureOn& draw);
+
+/// The same for a picture that holds a file, a plot file or a figure sheet; a TIFF cannot. Where
+/// the file has no room in the picture, the picture is saved without it and the user is told why.
+///
+/// @param held  the bytes of the file, or why there are none
+[[nodiscard]] std::string SavePictureWithFile(const std::string& path, const PictureSize& size,
+                                              PictureFacts facts, const Result<std::string>& held,
+                                              const DrawPictureOn& draw);
 
 /// The same for a picture with a title alone.
 [[nodiscard]] std::string SavePicture(const std::string& path, const PictureSize& size,

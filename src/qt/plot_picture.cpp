@@ -123,32 +123,6 @@ void DrawCopy(Surface& net, Surface& legend) {
 
 constexpr double kPixelsInInch = 96;
 
-constexpr const char* kNoDataInTiff =
-    "a TIFF cannot hold the data of the plot: choose SVG, PDF or PNG";
-
-/// The plot for a picture that is to hold it. Without one, a text says why.
-struct PlotForPicture {
-    std::string plotFile; ///< for a PDF
-    std::string plotText; ///< for the other types
-    std::string leftOut;
-};
-
-PlotForPicture PlotFor(const Plot& shown, PictureType type) {
-    PlotForPicture plot;
-    Result<std::string> bytes = PlotBytesForPicture(shown);
-    Result<std::string> text = bytes ? TextOfPlotFile(*bytes) : bytes;
-    if (!text) {
-        plot.leftOut = text.Error();
-    } else if (type == PictureType::Pdf) {
-        plot.plotFile = std::move(*bytes);
-    } else if (type == PictureType::Png && text->size() > kLongestPngText) {
-        plot.leftOut = "A PNG has room for 6 MB, and they are larger. SVG and PDF hold them.";
-    } else {
-        plot.plotText = std::move(*text);
-    }
-    return plot;
-}
-
 /// The file of a picture.
 struct PictureFile {
     const std::string& path;
@@ -162,23 +136,11 @@ std::string SaveWithFacts(const Plot& shown, const PictureFile& file, const Pict
     PictureFacts facts;
     facts.title = shown.record.PlotTitle;
     facts.style = file.style;
-    const std::optional<PictureType> type = PictureTypeOf(file.path);
-    if (!file.hasData || !type) {
+    if (!file.hasData) {
         return SavePicture(file.path, size, facts, draw);
     }
-    if (!AbilitiesOf(*type).holdsPlot) {
-        return "'" + file.path + "' could not be written: " + kNoDataInTiff;
-    }
-    PlotForPicture plot = PlotFor(shown, *type);
     facts.title = PictureViewOf(shown.record).title;
-    facts.plotFile = std::move(plot.plotFile);
-    facts.plotText = std::move(plot.plotText);
-    const std::string error = SavePicture(file.path, size, facts, draw);
-    if (error.empty() && !plot.leftOut.empty()) {
-        Tell("The picture was saved without the data of the plot.\n" + plot.leftOut,
-             Icon::Information);
-    }
-    return error;
+    return SavePictureWithFile(file.path, size, facts, PlotBytesForPicture(shown), draw);
 }
 
 std::string SaveFigure(Plot& plot, const std::string& path, const PictureOptions& options) {

@@ -6,6 +6,8 @@
 #include "platform/platform.h"
 #include "qt/unseen_surface.h"
 #include "sheet/sheet_caption.h"
+#include "sheet/sheet_content.h"
+#include "sheet/sheet_text.h"
 
 #include <QPainter>
 
@@ -60,9 +62,16 @@ std::string SaveSheetPicture(const std::string& path, const FigureSheet& sheet,
     PictureFacts facts;
     facts.title = "Figure";
     facts.style = look->style->name;
-    return SavePicture(path, size, facts, [&](PicturePage& page) {
+    const auto draw = [&](PicturePage& page) {
         DrawSheet(sheet, *contents, *look, *layout, PartsOf(page));
-    });
+    };
+    if (!how.hasData) {
+        return SavePicture(path, size, facts, draw);
+    }
+    const Result<FigureSheet> whole = WithItsPlots(sheet, *contents);
+    return SavePictureWithFile(
+        path, size, facts,
+        whole ? Result<std::string>(TextOfSheet(*whole, "/")) : Failure{whole.Error()}, draw);
 }
 
 Result<QImage> SheetImage(const FigureSheet& sheet, const std::vector<PanelContent>& contents,

@@ -19,6 +19,7 @@ namespace quandrel {
 struct SheetExport {
     int dotsPerInch = 300; ///< of a PNG or TIFF, which say so
     bool isTransparent = false;
+    bool hasData = false; ///< the file holds the sheet with its plots; not a TIFF
 };
 
 /// The look of a sheet with the settings of the program.

@@ -73,17 +73,8 @@ const Plot* PlotOfPanel(const SheetPanel& panel, const std::vector<const Plot*>&
     return std::ranges::count_if(plots, isOf) == 1 ? *std::ranges::find_if(plots, isOf) : nullptr;
 }
 
-} // namespace
-
-Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot) {
-    const PlotRecord& record = plot.record;
-    const std::string statistics =
-        kind == PanelKind::Statistics ? StatisticsInUse(plot) : std::string();
-    if (record.Modified == 0 && HasEnding(record.SaveFileName, kBinaryEnding)) {
-        SheetPanel panel = PanelOfFile(kind, record.SaveFileName);
-        panel.text = statistics;
-        return panel;
-    }
+/// The panel of a plot, which it holds.
+Result<SheetPanel> PanelWithPlot(PanelKind kind, const Plot& plot) {
     Result<std::string> bytes = PlotBytesForPicture(plot);
     Result<std::string> text = bytes ? TextOfPlotFile(*bytes) : bytes;
     if (!text) {
@@ -92,9 +83,40 @@ Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot) {
     SheetPanel panel;
     panel.kind = kind;
     panel.data = std::move(*text);
-    panel.name = WithoutEnding(PictureViewOf(record).title);
-    panel.text = statistics;
+    panel.name = WithoutEnding(PictureViewOf(plot.record).title);
     return panel;
+}
+
+} // namespace
+
+Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot) {
+    const PlotRecord& record = plot.record;
+    Result<SheetPanel> panel = record.Modified == 0 && HasEnding(record.SaveFileName, kBinaryEnding)
+                                   ? PanelOfFile(kind, record.SaveFileName)
+                                   : PanelWithPlot(kind, plot);
+    if (panel && kind == PanelKind::Statistics) {
+        panel->text = StatisticsInUse(plot);
+    }
+    return panel;
+}
+
+Result<FigureSheet> WithItsPlots(const FigureSheet& sheet,
+                                 const std::vector<PanelContent>& contents) {
+    FigureSheet whole = sheet;
+    for (std::size_t i = 0; i < whole.panels.size(); ++i) {
+        SheetPanel& panel = whole.panels[i];
+        if (panel.file.empty() || contents[i].plot == nullptr) {
+            continue;
+        }
+        Result<SheetPanel> held = PanelWithPlot(panel.kind, *contents[i].plot);
+        if (!held) {
+            return Failure{held.Error()};
+        }
+        panel.data = std::move(held->data);
+        panel.name = contents[i].name;
+        panel.file.clear();
+    }
+    return whole;
 }
 
 Result<UpdatedSheet> UpdatedFrom(const std::vector<const Plot*>& plots, const FigureSheet& sheet) {

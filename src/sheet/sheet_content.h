@@ -31,6 +31,13 @@ struct PanelContent {
 /// @return a failure, a text for the user, for a plot that no file can hold
 [[nodiscard]] Result<SheetPanel> PanelOfPlot(PanelKind kind, const Plot& plot);
 
+/// A sheet that holds all its plots: those of files as well, without the paths of their data.
+///
+/// @param contents  of its panels
+/// @return a failure as PanelOfPlot
+[[nodiscard]] Result<FigureSheet> WithItsPlots(const FigureSheet& sheet,
+                                               const std::vector<PanelContent>& contents);
+
 /// A sheet whose panels have the present state of open plots.
 struct UpdatedSheet {
     FigureSheet sheet;

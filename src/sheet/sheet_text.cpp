@@ -264,6 +264,15 @@ Result<FigureSheet> ReadSheetFile(const std::string& path) {
     return text ? SheetOfText(*text, FolderOf(path)) : Failure{text.Error()};
 }
 
+Result<FigureSheet> SheetOfPicture(std::string_view text) {
+    Result<FigureSheet> sheet = SheetOfText(text, "/");
+    const auto namesFile = [](const SheetPanel& panel) { return !panel.file.empty(); };
+    if (sheet && std::ranges::any_of(sheet->panels, namesFile)) {
+        return Failure{"The figure in the picture cannot be read: it names files."};
+    }
+    return sheet;
+}
+
 std::string WriteSheetFile(const std::string& path, const FigureSheet& sheet) {
     return WriteFileAtomically(path, TextOfSheet(sheet, FolderOf(path)));
 }

@@ -30,6 +30,10 @@ inline constexpr std::size_t kLongestSheetFile = std::size_t{256} << 20;
 /// Reads a sheet. Its plots are not opened.
 [[nodiscard]] Result<FigureSheet> ReadSheetFile(const std::string& path);
 
+/// The sheet that a picture holds. A failure as SheetOfText, and for a sheet that names files: it
+/// must hold all that it shows.
+[[nodiscard]] Result<FigureSheet> SheetOfPicture(std::string_view text);
+
 /// Writes a sheet, completely or not at all.
 ///
 /// @return empty, or why the file was not written

@@ -4,6 +4,7 @@
 
 #include "batch_fixture.h"
 #include "pdf/pdf_file.h"
+#include "sheet/sheet_text.h"
 
 #include <QImage>
 
@@ -71,6 +72,33 @@ TEST_F(BatchSheet, NamesThePanelsOfScalesThatDiffer) {
     EXPECT_NE(BytesOf("b.svg").find(">Petals by length, 10"), std::string::npos);
 }
 
+TEST_F(BatchSheet, APictureHoldsItsSheetWithAllPlots) {
+    ASSERT_EQ(Run(std::string(kSix)
+                  + "figure export \"FOLDER/a.svg\" data=yes; figure export \"FOLDER/a.png\" "
+                    "data=yes; figure export \"FOLDER/a.pdf\" data=yes; figure export "
+                    "\"FOLDER/plain.svg\""),
+              "");
+    std::filesystem::remove(folder / "rows.qpx");
+    std::filesystem::remove(folder / "rows.txt");
+    for (const std::string name : {"a.svg", "a.png", "a.pdf"}) {
+        ASSERT_EQ(Run("open \"FOLDER/" + name + "\"; figure export \"FOLDER/again-" + name
+                      + "\" data=yes; figure save \"FOLDER/held.qsheet\""),
+                  "")
+            << name;
+        EXPECT_EQ(BytesOf("again-" + name), BytesOf(name)) << name;
+        EXPECT_EQ(BytesOf("held.qsheet").find(folder.string()), std::string::npos)
+            << "the paths are left out";
+    }
+    EXPECT_NE(Run("open \"FOLDER/plain.svg\""), "");
+}
+
+TEST_F(BatchSheet, ASheetInAPictureNamesNoFiles) {
+    const Result<FigureSheet> sheet = SheetOfPicture(
+        R"({"quandrelFigure": 1, "panels": [{"kind": "plot", "file": "/tmp/a.qpx"}]})");
+    ASSERT_FALSE(sheet);
+    EXPECT_NE(sheet.Error().find("names files"), std::string::npos) << sheet.Error();
+}
+
 TEST_F(BatchSheet, IsSavedOpenedAndDrawnTheSame) {
     ASSERT_EQ(
         Run(std::string(kSix) + "figure export \"FOLDER/a.svg\"; figure save \"FOLDER/f.qsheet\""),
@@ -130,7 +158,7 @@ TEST_F(BatchSheet, RefusesWithTheReason) {
         {"figure open nothere.qsheet", "nothere.qsheet"},
         {"figure save a b", "too many"},
         {"figure export a.png", "no panels"},
-        {"figure add text title=A; figure export \"FOLDER/a.svg\" data=yes", "save the figure"},
+        {"figure add text title=A; figure export \"FOLDER/a.tif\" data=yes", "a TIFF cannot hold"},
         {"figure add text title=A; figure export \"FOLDER/a.gif\"", "a.gif"},
     };
     for (const Row& row : kRows) {

@@ -9,11 +9,8 @@
 #include "core/settings_value.h"
 #include "drawing/figure_page.h"
 #include "platform/platform.h"
-#include "qt/picture_file.h"
 #include "qt/sheet_picture.h"
 #include "sheet/sheet_content.h"
-#include "sheet/sheet_text.h"
-#include "shell/files/path_questions.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -39,7 +36,6 @@ constexpr int kPreviewDelay = 80; ///< milliseconds, so that typing is not slowe
 constexpr std::size_t kMostSteps = 50;
 constexpr int kFreeWidth = 4; ///< of cboWidth
 constexpr std::array kWidths = {kColumnWidth, kHalfPageWidth, kPageWidth, kSlideWidth};
-constexpr const char* kSheetFilter = "Figures (*.qsheet)|*.qsheet|All files (*.*)|*.*";
 
 QString NameOfPanel(const FigureSheet& sheet, std::size_t panel) {
     static constexpr std::array kKinds = {"Plot", "Fabric", "Statistics", "Text"};
@@ -348,79 +344,6 @@ void frmFigureSheet::ShowPreview() {
     cmdExport->setEnabled(static_cast<bool>(image));
     cmdSave->setEnabled(!isEmpty);
     cmdCopyCaption->setEnabled(static_cast<bool>(caption) && !isEmpty);
-}
-
-bool frmFigureSheet::Save() {
-    const std::string name = path_.empty() ? std::string("figure") + kSheetEnding : path_;
-    const std::optional<std::string> path = AskPathToSave({"Save Figure", name, kSheetFilter});
-    if (!path) {
-        return false;
-    }
-    if (const std::string error = WriteSheetFile(*path, sheet_); !error.empty()) {
-        Tell("The figure was not saved: " + error);
-        return false;
-    }
-    path_ = *path;
-    saved_ = sheet_;
-    AddRecentFile(*path);
-    gPlatform.status->SetText("The figure is " + *path);
-    return true;
-}
-
-void frmFigureSheet::Export() {
-    const std::optional<std::string> path = AskPathOfPicture("Export Figure", "figure.png");
-    if (!path) {
-        return;
-    }
-    SheetExport how;
-    how.dotsPerInch = spnDots->value();
-    const std::string error = SaveSheetPicture(*path, sheet_, how);
-    if (error.empty()) {
-        gPlatform.status->SetText("The picture is " + *path);
-    } else {
-        Tell(error);
-    }
-}
-
-void frmFigureSheet::AskAndOpen() {
-    if (const auto path = AskPathToOpen({"Open Figure", {}, kSheetFilter}); path && Open(*path)) {
-        AddRecentFile(*path);
-    }
-}
-
-bool frmFigureSheet::Open(const std::string& path) {
-    const Result<FigureSheet> read = ReadSheetFile(path);
-    if (!read) {
-        Tell("The indicated file cannot be opened\n" + path + "\n" + read.Error());
-        return false;
-    }
-    if (!MayLose()) {
-        return false;
-    }
-    sheet_ = *read;
-    saved_ = sheet_;
-    path_ = path;
-    BeginHistory();
-    ShowSheet();
-    return true;
-}
-
-/// Asks whether to save changes. False when the user cancels.
-bool frmFigureSheet::MayLose() {
-    if (sheet_ == saved_) {
-        return true;
-    }
-    const Button answer =
-        gPlatform.prompts->Ask({"Quandrel", "The figure has unsaved changes.\nSave it now?",
-                                Icon::Question, Buttons::YesNoCancel});
-    return answer == Button::No || (answer == Button::Yes && Save());
-}
-
-std::optional<std::string> frmFigureSheet::SavedFile() {
-    if (!MayLose()) {
-        return std::nullopt;
-    }
-    return sheet_ == saved_ ? path_ : std::string();
 }
 
 void frmFigureSheet::closeEvent(QCloseEvent* event) {

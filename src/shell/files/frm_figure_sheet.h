@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
@@ -37,6 +38,9 @@ public:
     /// @return false when the user keeps the present one, or, with a message, when the file cannot
     ///         be read
     bool Open(const std::string& path);
+
+    /// The same of the sheet that a picture holds. It has no file of its own.
+    bool OpenOfPicture(const std::string& path, const std::string& text);
 
     /// The file of the sheet, after a question about unsaved changes: they are saved, or the sheet
     /// is left out.
@@ -66,6 +70,7 @@ public:
     QComboBox* cboLegend;
     QComboBox* cboStyle;
     QSpinBox* spnDots;
+    QCheckBox* chkData;
     QLineEdit* txtCaption;
     QPlainTextEdit* txtPreviewCaption;
     QPushButton* cmdCopyCaption;
@@ -106,6 +111,8 @@ private:
     [[nodiscard]] bool Save();
     void Export();
     void AskAndOpen();
+    [[nodiscard]] bool Take(const std::string& path, const Result<FigureSheet>& read,
+                            const std::string& file);
     [[nodiscard]] bool MayLose();
 
     FigureSheet sheet_;

@@ -3,6 +3,7 @@
 #include "shell/controls/control_kit.h"
 #include "shell/files/frm_figure_sheet.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
@@ -125,6 +126,10 @@ void frmFigureSheet::MakePageControls() {
     spnDots = MakeNumber<QSpinBox>("spnDots", "The resolution of a PNG or TIFF", 30, 2400);
     spnDots->setValue(kUsualDots);
     spnDots->setSuffix(" dpi");
+    chkData = new QCheckBox("Embed the data");
+    chkData->setObjectName("chkData");
+    chkData->setToolTip("Puts the figure with its plots into an exported SVG, PDF or PNG, without "
+                        "the paths of their files: opening the picture opens the figure");
 }
 
 QLayout* frmFigureSheet::MakePanels() {
@@ -164,6 +169,7 @@ QLayout* frmFigureSheet::MakePage() {
     form->addRow("Lege&nd", cboLegend);
     form->addRow("Style", cboStyle);
     form->addRow("Resolution", spnDots);
+    form->addRow(chkData);
     return form;
 }
 
@@ -196,7 +202,12 @@ void frmFigureSheet::SetOrder() {
         .Then(spnGap)
         .Then(spnGapDown)
         .Then(cboLetters);
-    order.Then(cboLegend).Then(cboStyle).Then(spnDots).Then(txtCaption).Then(txtPreviewCaption);
+    order.Then(cboLegend)
+        .Then(cboStyle)
+        .Then(spnDots)
+        .Then(chkData)
+        .Then(txtCaption)
+        .Then(txtPreviewCaption);
     order.Then(cmdCopyCaption).Then(cmdOpen).Then(cmdSave).Then(cmdExport).Then(cmdClose);
 }
 

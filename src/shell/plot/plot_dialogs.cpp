@@ -193,14 +193,22 @@ void PlotDialogs::ShowFigureSheet() {
     Show(*sheet_);
 }
 
-bool PlotDialogs::OpenSheet(const std::string& path) {
+bool PlotDialogs::OpensSheet(const std::function<bool()>& open) {
     const bool wasShown = IsShown(sheet_);
     ShowFigureSheet();
-    const bool isOpened = sheet_->Open(path);
+    const bool isOpened = open();
     if (!isOpened && !wasShown) {
         sheet_->close();
     }
     return isOpened;
+}
+
+bool PlotDialogs::OpenSheet(const std::string& path) {
+    return OpensSheet([&] { return sheet_->Open(path); });
+}
+
+bool PlotDialogs::OpenSheetOfPicture(const std::string& path, const std::string& text) {
+    return OpensSheet([&] { return sheet_->OpenOfPicture(path, text); });
 }
 
 std::optional<std::string> PlotDialogs::SavedSheet() {

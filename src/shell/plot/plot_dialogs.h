@@ -70,6 +70,10 @@ public:
     /// user keeps the present one, or, with a message, when the file cannot be read.
     [[nodiscard]] bool OpenSheet(const std::string& path) override;
 
+    /// The same of the sheet that a picture holds.
+    [[nodiscard]] bool OpenSheetOfPicture(const std::string& path,
+                                          const std::string& text) override;
+
     /// Its file, if it is open.
     [[nodiscard]] std::optional<std::string> SavedSheet() override;
 
@@ -110,6 +114,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    /// Opens a sheet in its window, which is closed again if it was and nothing is opened.
+    [[nodiscard]] bool OpensSheet(const std::function<bool()>& open);
     /// The dialog for the active plot's classes; null if it does not exist yet.
     [[nodiscard]] QDialog* ClassDialog() const;
     void Show(QDialog& dialog);
