@@ -80,7 +80,7 @@ double StraightestWay(std::span<const Point> line, const std::vector<double>& wa
 
 FontSpec FontInFigure(const Drawing& drawing, PlotFontPlace kind) {
     const TextStyle& text = FigureOf(drawing).text;
-    FontSpec font = drawing.styles.fonts[kind].font;
+    FontSpec font = drawing.styles.fonts[static_cast<std::size_t>(kind)].font;
     if (text.size > 0) {
         font = {text.families, text.size};
     }
