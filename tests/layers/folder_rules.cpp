@@ -43,6 +43,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"core", ground},
         {"stereo", onCore},
         {"input", onStereo},
+        {"input/suggest", onInput},
         {"rotation", onInput},
         {"pdf", onCore},
         {"persistence", Above(onInput, {"svg"})},
