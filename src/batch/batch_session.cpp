@@ -129,6 +129,7 @@ const std::map<std::string, BatchSession::Handler>& BatchSession::Handlers() {
         {"save", {&BatchSession::Save, {2, {"lines"}}}},
         {"set", {&BatchSession::Set, {2, {}}}},
         {"stats", {&BatchSession::Stats, one}},
+        {"suggest", {&BatchSession::Suggest, one}},
         {"tests", {&BatchSession::Tests, its}},
         {"workspace", {&BatchSession::Workspace, {2, {}}}},
     };

@@ -109,6 +109,7 @@ private:
     std::string Set(const Command& command);
     std::string Maxima(const Command& command);
     std::string Stats(const Command& command);
+    std::string Suggest(const Command& command);
     std::string Tests(const Command& command);
     std::string Workspace(const Command& command);
 

@@ -13,6 +13,7 @@
 #include "batch/region_command.h"
 #include "batch/sheet_command.h"
 #include "batch/standard_streams.h"
+#include "batch/suggest_command.h"
 #include "batch/tests_command.h"
 #include "core/atomic_file.h"
 #include "core/path_names.h"
@@ -132,6 +133,19 @@ std::string BatchSession::Fabric(const Command& command) {
 }
 
 /// Acts on the figure sheet.
+std::string BatchSession::Suggest(const Command& command) {
+    const std::optional<std::string> path = command.Bare(0);
+    if (!path) {
+        return "the file is missing";
+    }
+    const Result<std::string> text = SuggestionsOfFile(*path);
+    if (!text) {
+        return text.Error();
+    }
+    *answers_ << *text;
+    return {};
+}
+
 std::string BatchSession::Figure(const Command& command) {
     if (AddsActivePlot(command)) {
         if (const std::string error = NeedPlotAsSet(); !error.empty()) {
