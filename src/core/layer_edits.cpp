@@ -27,9 +27,12 @@ void TakeOverlayOut(std::vector<FigureLayer>& layers, int overlay) {
     const auto isOf = [overlay](const FigureLayer& layer) {
         return layer.LayerOf == kLayerOfOverlay && layer.LayerIndex == overlay;
     };
-    if (!std::ranges::all_of(layers, isOf)) {
-        std::erase_if(layers, isOf);
+    if (!layers.empty() && std::ranges::all_of(layers, isOf)) {
+        layers.resize(1);
+        layers.front().LayerHidden = kTrue;
+        return;
     }
+    std::erase_if(layers, isOf);
     for (FigureLayer& layer : layers) {
         if (layer.LayerOf == kLayerOfOverlay && layer.LayerIndex > overlay) {
             --layer.LayerIndex;

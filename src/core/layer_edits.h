@@ -18,7 +18,8 @@ void AddInOrder(std::vector<FigureLayer>& layers, const FigureLayer& layer);
 void TakeOverlayIn(std::vector<FigureLayer>& layers, int overlay);
 
 /// The layers of an overlay leave the list, and those of the overlays after it have its number and
-/// the following ones. The last layer of a list stays: without any, the mode would have its own.
+/// the following ones. A list that would be empty keeps a hidden layer: without any, the plot would
+/// have the layers of its mode.
 void TakeOverlayOut(std::vector<FigureLayer>& layers, int overlay);
 
 } // namespace quandrel

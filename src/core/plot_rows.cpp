@@ -180,6 +180,10 @@ void SetCounts(PlotRecord& record, const RowCounts& counts) {
     record.NumData = counts.main;
     record.NumValidData = counts.valid;
     record.NumLoadedData = counts.all;
+    for (std::int32_t overlay = record.OverlayRows[kOverlayCount];
+         overlay > counts.overlayRows[kOverlayCount]; --overlay) {
+        TakeOverlayOut(record.Layers, overlay);
+    }
     record.OverlayRows = counts.overlayRows;
     record.OverlayKind = counts.overlayKind;
 }

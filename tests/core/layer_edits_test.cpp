@@ -49,10 +49,25 @@ TEST(LayerEdits, APlotInTheLayersOfItsModeStaysThere) {
     EXPECT_TRUE(record.Layers.empty());
 }
 
-TEST(LayerEdits, TheLastLayerStays) {
-    std::vector<FigureLayer> layers = {Layer(kLayerOfOverlay, 1)};
+TEST(LayerEdits, TheLastLayerStaysAndIsHidden) {
+    std::vector<FigureLayer> layers = {Layer(kLayerOfOverlay, 1),
+                                       Layer(kLayerOfOverlay, 1, kShowGreatCircles)};
     TakeOverlayOut(layers, 1);
-    EXPECT_EQ(layers.size(), 1U);
+    ASSERT_EQ(layers.size(), 1U);
+    EXPECT_EQ(layers.front().LayerHidden, kTrue) << "it must not show the next overlay";
+}
+
+TEST(LayerEdits, AnOverlayThatIsGivenUpLeavesNoLayer) {
+    Plot plot;
+    plot.record.Layers = {Layer(kLayerOfNet, 0, kShowNet), Layer(kLayerOfMainRows)};
+    OpenOverlay(plot.record, kOverlayLines);
+    const std::vector<FigureLayer> before = plot.record.Layers;
+    const RowCounts former = CountsOf(plot.record);
+    OpenOverlay(plot.record, kOverlayLines);
+    CutRows(plot, former);
+    EXPECT_EQ(plot.record.Layers, before);
+    ClearRows(plot);
+    EXPECT_EQ(plot.record.Layers.size(), 2U);
 }
 
 TEST(LayerEdits, AFullListTakesNoMore) {
