@@ -66,9 +66,9 @@ Colour ColourOfLine(const RecordDensityView& view, int level, int levels) {
     return ColourOfLab(PalettePlace(palette, view.PaletteReversed != 0 ? 1 - share : share));
 }
 
-std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& drawing, int levels) {
+std::vector<Colour> ColoursOfBands(const RecordDensityView& view, const Drawing& drawing,
+                                   int levels) {
     const FigureLayer& layer = LayerOf(drawing);
-    const RecordDensityView view = ViewInForce(record, drawing);
     const bool hasRamp = layer.LayerColour != kColourOfStyle && layer.LayerPalette == kAsStyle;
     std::vector<Colour> colours;
     for (int level = 0; level < levels; ++level) {
@@ -80,28 +80,18 @@ std::vector<Colour> ColoursOfBands(const PlotRecord& record, const Drawing& draw
     return colours;
 }
 
-/// Black in a view without a palette, whose lines have the colours of the tables.
-std::vector<Colour> ColoursOfLines(const RecordDensityView& view, int levels) {
-    std::vector<Colour> colours(static_cast<std::size_t>(levels));
-    for (int level = 0; level < levels && view.BandPalette != 0; ++level) {
-        colours[static_cast<std::size_t>(level)] = ColourOfLine(view, level, levels);
-    }
-    return colours;
-}
-
-/// The look of a contour in the style of its level.
-///
-/// @param colour  in a style of figures, unless the table has another style than at the start
-LineLook LookOfContourStyle(const Surface& surface, const Drawing& drawing, int level,
-                            Colour colour) {
+/// The look of a contour in the style of its level, without the properties of the layer.
+LineLook LookOfContourStyle(const Surface& surface, const Drawing& drawing,
+                            const RecordDensityView& view, int level, int levels) {
     static const Styles start = StartStyles();
     const AxisStyle style = ContourStyleOf(drawing.styles, level);
     LineLook line{surface.State(), TableColour(drawing.styles, style[kStyleColour])};
     line.state.widthInPoints = FigureOf(drawing).lines.contourWidth;
     line.state.drawStyle = style[kStyleLine];
     line.state.drawWidth = style[kStyleWidth];
-    if (FigureOf(drawing).bands.palette != 0 && style == ContourStyleOf(start, level)) {
-        line.colour = colour;
+    const bool hasPalette = FigureOf(drawing).bands.palette != 0 && view.BandPalette != 0;
+    if (hasPalette && style == ContourStyleOf(start, level)) {
+        line.colour = ColourOfLine(view, level, levels);
     }
     return line;
 }
@@ -140,9 +130,8 @@ DensityLook LookOfDensity(const PlotRecord& record, const Drawing& drawing,
     if (!look.hasOwnLevels) {
         look.levels.assign(density.Levels().begin(), density.Levels().end());
     }
-    const auto levels = static_cast<int>(look.levels.size());
-    look.bands = ColoursOfBands(record, drawing, levels);
-    look.lines = ColoursOfLines(ViewInForce(record, drawing), levels);
+    look.view = ViewInForce(record, drawing);
+    look.bands = ColoursOfBands(look.view, drawing, static_cast<int>(look.levels.size()));
     look.hasOwnPalette = layer.LayerPalette != kAsStyle;
     look.opacity = layer.LayerOpacity != kAsStyle ? layer.LayerOpacity : record.BandOpacity;
     return look;
@@ -164,10 +153,10 @@ LookContours::LookContours(const PlotDensity& density, const DensityLook& look)
 LineLook LookOfContour(const Surface& surface, const Drawing& drawing, const DensityLook& look,
                        int level) {
     const LineStyle& lines = FigureOf(drawing).lines;
-    const auto place = static_cast<std::size_t>(level);
-    LineLook line = LookOfContourStyle(surface, drawing, level, look.lines.at(place));
+    LineLook line = LookOfContourStyle(surface, drawing, look.view, level,
+                                       static_cast<int>(look.levels.size()));
     if (look.hasOwnPalette) {
-        line.colour = look.bands.at(place);
+        line.colour = look.bands.at(static_cast<std::size_t>(level));
     } else if (look.areLinesOfBands) {
         line.colour = lines.contourWidth > 0 ? lines.contour : AxesColour(drawing);
     }
@@ -177,9 +166,8 @@ LineLook LookOfContour(const Surface& surface, const Drawing& drawing, const Den
 
 LineLook LookOfCountContour(const Surface& surface, const Drawing& drawing,
                             const PlotRecord& record, int level, int levels) {
-    const RecordDensityView view = ViewInForce(record, drawing);
-    const Colour colour = view.BandPalette != 0 ? ColourOfLine(view, level, levels) : Colour();
-    LineLook line = LookOfContourStyle(surface, drawing, level, colour);
+    LineLook line =
+        LookOfContourStyle(surface, drawing, ViewInForce(record, drawing), level, levels);
     TakeLayer(drawing.layer, line);
     return line;
 }

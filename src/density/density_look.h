@@ -25,7 +25,7 @@ namespace quandrel {
 struct DensityLook {
     std::vector<double> levels;   ///< ascending, in the unit of the density
     std::vector<Colour> bands;    ///< of the bands above them
-    std::vector<Colour> lines;    ///< of contours without bands, in styles with a palette
+    RecordDensityView view;       ///< of the plot, with the palette in force
     double opacity = 1;           ///< of the bands
     bool hasOwnLevels = false;    ///< the levels are not those that the density has
     bool hasOwnPalette = false;   ///< of the layer

@@ -2,6 +2,7 @@
 
 #include "drawing/row_labels.h"
 
+#include "orientation/projection.h"
 #include "stereo/drawable_text.h"
 #include "stereo/figure_text.h"
 
@@ -58,9 +59,12 @@ void DrawRowLabels(const Plot& plot, const Drawing& drawing, const RowSet& rows)
             continue;
         }
         const std::string text = LabelOfRow(plot, rows.table->index[place]);
-        const double left = rows.table->x[place] + gap;
+        const double x = rows.table->x[place];
+        const double width = surface.TextWidth(text);
+        // To the right, or to the left where the text would cross the rim in the east.
+        const double left = x + gap + width <= kNetRadius ? x + gap : x - gap - width;
         const double top = rows.table->y[place] + height / 2;
-        const TextBox box{left, top - height, left + surface.TextWidth(text), top};
+        const TextBox box{left, top - height, left + width, top};
         if (std::ranges::none_of(written, [&](const TextBox& w) { return Overlap(w, box); })) {
             surface.Text({left, top}, text);
             written.push_back(box);

@@ -20,7 +20,8 @@ inline constexpr std::int64_t kMostLabelledRows = 500;
 [[nodiscard]] std::string LabelOfRow(const Plot& plot, std::int32_t row);
 
 /// Writes the text of each row that is not hidden beside its position, in the order of the table. A
-/// text that would lie on an earlier one is left out.
+/// text that would lie on an earlier one is left out, and none reaches beyond the net in the east,
+/// where figures may end.
 void DrawRowLabels(const Plot& plot, const Drawing& drawing, const RowSet& rows);
 
 } // namespace quandrel

@@ -223,6 +223,8 @@ TEST_F(LayerLabelsTest, TextsOfRowsDoNotOverlap) {
                                  || b.x >= a.x + rule.TextWidth(texts[i].text);
             EXPECT_TRUE(isApart) << texts[i].text << " and " << texts[j].text;
         }
+        const double right = texts[i].points.front().x + rule.TextWidth(texts[i].text);
+        EXPECT_LE(right, kNetRadius) << texts[i].text;
     }
 }
 

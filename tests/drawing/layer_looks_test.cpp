@@ -141,6 +141,10 @@ TEST_F(LayerLooksTest, LegendHasTheColoursOfTheContoursOfCounts) {
         }
     }
     EXPECT_EQ(ofLegend, ColoursOfLines(Drawn(plot), "contours"));
+    plot.record.Layers[0].LayerPalette = 0; // the colours of the tables
+    const Styles& styles = gSettings.styles;
+    EXPECT_EQ(ColoursOfLines(Drawn(plot), "contours").front(),
+              TableColour(styles, styles.contours[0][kStyleColour]));
 }
 
 TEST_F(LayerLooksTest, AxesTakeThePropertiesOfTheirLayer) {
