@@ -56,6 +56,17 @@ std::string FaultOf(const FigureSheet& sheet) {
     return {};
 }
 
+void MovePanel(FigureSheet& sheet, std::size_t from, std::size_t to) {
+    const auto at = [&sheet](std::size_t place) {
+        return sheet.panels.begin() + static_cast<std::ptrdiff_t>(place);
+    };
+    if (from < to) {
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    } else {
+        std::rotate(at(to), at(from), at(from + 1));
+    }
+}
+
 std::string LetterOf(const FigureSheet& sheet, std::size_t panel) {
     if (sheet.letters == SheetLetters::None) {
         return {};

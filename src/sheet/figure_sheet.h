@@ -76,6 +76,9 @@ inline constexpr std::size_t kLongestSheetText = 10'000; ///< bytes, of each of 
 /// limits.
 [[nodiscard]] std::string FaultOf(const FigureSheet& sheet);
 
+/// Moves a panel to the place of another one, both counted from 0; those between make room.
+void MovePanel(FigureSheet& sheet, std::size_t from, std::size_t to);
+
 /// The letter of a panel, counted from 0: "(a)" to "(z)", then "(aa)"; empty without letters.
 [[nodiscard]] std::string LetterOf(const FigureSheet& sheet, std::size_t panel);
 

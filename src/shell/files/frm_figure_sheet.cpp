@@ -33,8 +33,7 @@ namespace quandrel {
 namespace {
 
 constexpr int kPreviewDelay = 80; ///< milliseconds, so that typing is not slowed down
-constexpr std::size_t kMostSteps = 50;
-constexpr int kFreeWidth = 4; ///< of cboWidth
+constexpr int kFreeWidth = 4;     ///< of cboWidth
 constexpr std::array kWidths = {kColumnWidth, kHalfPageWidth, kPageWidth, kSlideWidth};
 
 QString NameOfPanel(const FigureSheet& sheet, std::size_t panel) {
@@ -85,8 +84,8 @@ void frmFigureSheet::Connect() {
     connect(cmdUp, &QPushButton::clicked, this, [this] { MovePanel(-1); });
     connect(cmdDown, &QPushButton::clicked, this, [this] { MovePanel(1); });
     connect(cmdUpdate, &QPushButton::clicked, this, [this] { UpdateFromPlots(); });
-    connect(cmdUndo, &QPushButton::clicked, this, [this] { GoThroughHistory(past_, future_); });
-    connect(cmdRedo, &QPushButton::clicked, this, [this] { GoThroughHistory(future_, past_); });
+    connect(cmdUndo, &QPushButton::clicked, this, [this] { GoTo(&SheetHistory::Undo); });
+    connect(cmdRedo, &QPushButton::clicked, this, [this] { GoTo(&SheetHistory::Redo); });
     connect(
         lstPanels->model(), &QAbstractItemModel::rowsMoved, this,
         [this](const QModelIndex&, int from, int, const QModelIndex&, int to) {
@@ -228,19 +227,13 @@ void frmFigureSheet::RemovePanel() {
 }
 
 void frmFigureSheet::MovePanel(int by) {
-    const int from = lstPanels->currentRow();
-    TakeOrder(from, from + by);
+    TakeOrder(lstPanels->currentRow(), lstPanels->currentRow() + by);
 }
 
 /// Moves a panel in the sheet to another place.
 void frmFigureSheet::TakeOrder(int from, int to) {
     Record();
-    const auto panel = sheet_.panels.begin() + from;
-    if (from < to) {
-        std::rotate(panel, panel + 1, sheet_.panels.begin() + to + 1);
-    } else {
-        std::rotate(sheet_.panels.begin() + to, panel, panel + 1);
-    }
+    quandrel::MovePanel(sheet_, static_cast<std::size_t>(from), static_cast<std::size_t>(to));
     Record();
     ShowSheet();
     lstPanels->setCurrentRow(to);
@@ -274,37 +267,26 @@ void frmFigureSheet::UpdateFromPlots() {
     }
 }
 
-/// Adds the sheet to its history if it has changed since the latest step.
 void frmFigureSheet::Record() {
-    if (sheet_ != recorded_) {
-        past_.push_back(std::exchange(recorded_, sheet_));
-        future_.clear();
-    }
-    if (past_.size() > kMostSteps) {
-        past_.erase(past_.begin());
-    }
-    cmdUndo->setEnabled(!past_.empty());
-    cmdRedo->setEnabled(!future_.empty());
+    history_.Record(sheet_);
+    ShowSteps();
 }
 
 void frmFigureSheet::BeginHistory() {
-    recorded_ = sheet_;
-    past_.clear();
-    future_.clear();
-    Record();
+    history_.Begin(sheet_);
+    ShowSteps();
 }
 
-void frmFigureSheet::GoThroughHistory(std::vector<FigureSheet>& from,
-                                      std::vector<FigureSheet>& to) {
+void frmFigureSheet::ShowSteps() {
+    cmdUndo->setEnabled(history_.CanUndo());
+    cmdRedo->setEnabled(history_.CanRedo());
+}
+
+/// Takes the sheet of another step.
+void frmFigureSheet::GoTo(const FigureSheet& (SheetHistory::*step)()) {
     Record();
-    if (from.empty()) {
-        return;
-    }
-    to.push_back(sheet_);
-    sheet_ = from.back();
-    recorded_ = sheet_;
-    from.pop_back();
-    Record();
+    sheet_ = (history_.*step)();
+    ShowSteps();
     ShowSheet();
 }
 

@@ -8,6 +8,7 @@
 #include "core/result.h"
 #include "sheet/figure_sheet.h"
 #include "sheet/sheet_content.h"
+#include "sheet/sheet_history.h"
 
 #include <QDialog>
 
@@ -105,7 +106,8 @@ private:
     void UpdateFromPlots();
     void Record();
     void BeginHistory();
-    void GoThroughHistory(std::vector<FigureSheet>& from, std::vector<FigureSheet>& to);
+    void ShowSteps();
+    void GoTo(const FigureSheet& (SheetHistory::*step)());
     void Changed();
     void ShowPreview();
     [[nodiscard]] bool Save();
@@ -114,13 +116,12 @@ private:
     [[nodiscard]] bool Take(const std::string& path, const Result<FigureSheet>& read,
                             const std::string& file);
     [[nodiscard]] bool MayLose();
+    [[nodiscard]] bool OffersToSave();
 
     FigureSheet sheet_;
-    FigureSheet recorded_;            ///< the present step of the history
-    std::vector<FigureSheet> past_;   ///< the latest last
-    std::vector<FigureSheet> future_; ///< steps that were undone, the next last
-    FigureSheet saved_;               ///< as its file has it
-    std::string path_;                ///< of its file; empty for none
+    SheetHistory history_;
+    FigureSheet saved_;                                         ///< as its file has it
+    std::string path_;                                          ///< of its file; empty for none
     std::optional<Result<std::vector<PanelContent>>> contents_; ///< of `shown_`
     std::vector<SheetPanel> shown_;                             ///< the panels of the preview
     QTimer* timer_;

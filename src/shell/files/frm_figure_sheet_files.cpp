@@ -95,9 +95,10 @@ bool frmFigureSheet::Take(const std::string& path, const Result<FigureSheet>& re
 
 /// Asks whether to save changes. False when the user cancels.
 bool frmFigureSheet::MayLose() {
-    if (sheet_ == saved_) {
-        return true;
-    }
+    return sheet_ == saved_ || OffersToSave();
+}
+
+bool frmFigureSheet::OffersToSave() {
     const Button answer =
         gPlatform.prompts->Ask({"Quandrel", "The figure has unsaved changes.\nSave it now?",
                                 Icon::Question, Buttons::YesNoCancel});
@@ -105,7 +106,9 @@ bool frmFigureSheet::MayLose() {
 }
 
 std::optional<std::string> frmFigureSheet::SavedFile() {
-    if (!MayLose()) {
+    // A sheet from a picture is unchanged, but has no file.
+    const bool isInFile = sheet_ == saved_ && (!path_.empty() || sheet_.panels.empty());
+    if (!isInFile && !OffersToSave()) {
         return std::nullopt;
     }
     return sheet_ == saved_ ? path_ : std::string();

@@ -9,6 +9,7 @@
 #include "shell/files/frm_figure_sheet.h"
 #include "support/main_window_test.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
@@ -174,6 +175,27 @@ TEST_F(FigureSheetWindow, IsSavedWithTheWorkspaceAndOpensWithIt) {
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(dialog->lstPanels->count(), 1);
     EXPECT_EQ(LastOpenedWorkspace().opened.back(), place + "/f.qsheet");
+    EXPECT_EQ(prompts.Problems(), "");
+}
+
+TEST_F(FigureSheetWindow, ASheetOfAPictureIsAskedAboutForAWorkspace) {
+    const std::string place = folder.string();
+    prompts.QueueSavePath(place + "/beds.qpx");
+    Press("mnuFileSave_1");
+    Add(3);
+    dialog->chkData->setChecked(true);
+    Wait();
+    prompts.QueueSavePath(place + "/f.svg");
+    dialog->cmdExport->click();
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::No);
+    main->OpenFiles({QString::fromStdString(place + "/f.svg")});
+    EXPECT_EQ(dialog->lstPanels->count(), 1);
+    EXPECT_FALSE(dialog->cmdUndo->isEnabled());
+    prompts.Expect("The figure has unsaved changes.\nSave it now?", Button::Yes);
+    prompts.QueueSavePath(place + "/f.qsheet");
+    ASSERT_EQ(SaveWorkspaceAs(place + "/all.qwo"), WorkspaceOutcome::Saved);
+    EXPECT_TRUE(std::filesystem::exists(place + "/f.qsheet"));
+    dialog->close();
     EXPECT_EQ(prompts.Problems(), "");
 }
 
