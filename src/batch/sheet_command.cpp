@@ -190,10 +190,10 @@ Outcome ChangePanels(const Command& command, FigureSheet& sheet) {
         std::string error = TakeArguments(KeysOf(command), PanelTakers(), "a panel", panel);
         return OutcomeOf(error.empty() ? FaultOf(sheet) : error);
     }
-    const SheetPanel moved = panel;
-    sheet.panels.erase(sheet.panels.begin() + static_cast<std::ptrdiff_t>(*place));
     if (act == "move") {
-        sheet.panels.insert(sheet.panels.begin() + static_cast<std::ptrdiff_t>(*to), moved);
+        MovePanel(sheet, *place, *to);
+    } else {
+        sheet.panels.erase(sheet.panels.begin() + static_cast<std::ptrdiff_t>(*place));
     }
     return std::string();
 }

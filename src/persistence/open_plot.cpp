@@ -243,11 +243,11 @@ std::string OpenSheet(const std::string& command, const std::string& path,
     return kSheetCommand;
 }
 
-/// Opens the plot or the sheet that a picture holds.
-std::string OpenPicture(const std::string& command, const std::string& path) {
+/// Opens the plot or the sheet that a picture holds, by itself.
+std::string OpenPicture(const std::string& path) {
     const Result<std::string> held = FileOfPicture(path);
     if (held && IsSheetText(*held)) {
-        return OpenSheet(command, path, &*held);
+        return OpenSheet(kNewCommand, path, &*held);
     }
     return OpenBinaryPlot(Holder::Picture, path,
                           held ? ReadBinaryPlot(*held) : Failure{held.Error()});
@@ -285,7 +285,7 @@ std::string OpenByKind(const std::string& command, const std::string& path, Form
                    ? OpenBinaryPlot(Holder::PlotFile, path, ReadBinaryPlotFile(path))
                    : kLoadError;
     case FileKind::Picture:
-        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenPicture(command, path)
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenPicture(path)
                                                                       : kLoadError;
     case FileKind::Workspace:
         return OpenListedPlots(path);

@@ -92,6 +92,14 @@ TEST_F(BatchSheet, APictureHoldsItsSheetWithAllPlots) {
     EXPECT_NE(Run("open \"FOLDER/plain.svg\""), "");
 }
 
+TEST_F(BatchSheet, ASheetInAPictureOpensBesideAPlot) {
+    ASSERT_EQ(Run("figure add text text=Words; figure export \"FOLDER/a.svg\" data=yes"), "");
+    ASSERT_EQ(Run(std::string(kOpen) + "overlay \"FOLDER/a.svg\"; figure save \"FOLDER/b.qsheet\""),
+              "")
+        << log.str();
+    EXPECT_NE(BytesOf("b.qsheet").find("Words"), std::string::npos);
+}
+
 TEST_F(BatchSheet, ASheetInAPictureNamesNoFiles) {
     const Result<FigureSheet> sheet = SheetOfPicture(
         R"({"quandrelFigure": 1, "panels": [{"kind": "plot", "file": "/tmp/a.qpx"}]})");

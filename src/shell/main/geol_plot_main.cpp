@@ -259,11 +259,15 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
         menu->addActions(menus_->mnuView->actions());
         menu->popup(at);
     });
-    connect(window, &frmPlotForms::LegendPressed, this, [this](const QPointF& at, bool opens) {
-        ShowProperties(opens, [at](const Plot& plot, const Drawing& drawing) {
-            return LayerOfLegendAt(plot, drawing, {at.x(), at.y()});
-        });
-    });
+    connect(window, &frmPlotForms::LegendPressed, this,
+            [this, window](const QPointF& at, bool opens) {
+                if (window->Slot() != gActivePlot) {
+                    return;
+                }
+                ShowProperties(opens, [at](const Plot& plot, const Drawing& drawing) {
+                    return LayerOfLegendAt(plot, drawing, {at.x(), at.y()});
+                });
+            });
     connect(window, &frmPlotForms::LegendCopyWanted, this, [this] { CopyImage(true); });
     connect(window, &frmPlotForms::Hint, this,
             [this](const QString& hint) { status_->ShowHint(hint); });
