@@ -22,7 +22,7 @@ const Names kSecondaryNames = {{"none", kNoSecondary},     {"pitch", kPitchInPla
                                {"trend", kTrendInPlane},   {"line", kSecondaryLine},
                                {"plane", kSecondaryPlane}, {"hade", kHadeInPlane}};
 const Names kDataNames = {{"planes", kPlanes}, {"lines", kLines}, {"polar", kPolarLines}};
-const std::map<std::string, std::string> kDelimiters = {
+const std::map<std::string, std::string> kDelimiterWords = {
     {"tab", "\t"}, {"space", " "}, {"comma", ","}, {"semicolon", ";"}, {"any", ""}};
 
 constexpr int kTrendFirst = 10; ///< added to the code of conventions
@@ -99,9 +99,9 @@ std::string TakeNotation(const std::string& value, Draft& draft) {
 }
 
 std::string TakeDelimiter(const std::string& value, Draft& draft) {
-    const auto found = kDelimiters.find(value);
-    if (found == kDelimiters.end()) {
-        return "'" + value + "' is not one of " + ListOf(kDelimiters);
+    const auto found = kDelimiterWords.find(value);
+    if (found == kDelimiterWords.end()) {
+        return "'" + value + "' is not one of " + ListOf(kDelimiterWords);
     }
     draft.format.delimiter = found->second;
     return {};
@@ -202,6 +202,44 @@ void Apply(const Draft& draft, StatedFormat& stated) {
     gPlotDataKind = KindFollowing(stated);
 }
 
+/// The name of a value in a table that has it.
+template <class Value>
+std::string NameIn(const std::map<std::string, Value>& names, const Value& value) {
+    const auto found =
+        std::ranges::find(names, value, [](const auto& entry) { return entry.second; });
+    return found != names.end() ? found->first : std::string();
+}
+
+/// A word of a script, in quotes.
+std::string Quoted(std::string text) {
+    for (std::size_t at = 0; (at = text.find('"', at)) != std::string::npos; at += 2) {
+        text.insert(at, 1, '\\');
+    }
+    return '"' + text + '"';
+}
+
+std::string ColumnsText(const ColumnSettings& columns) {
+    std::string text;
+    for (const std::int32_t column : columns) {
+        text += (text.empty() ? "" : ",") + std::to_string(column);
+    }
+    return text;
+}
+
+std::string AppendedText(const FormatChoice& choice) {
+    std::string kinds;
+    std::string names;
+    if (choice.numericAppended) {
+        kinds = "numeric";
+        names += " numericname=" + Quoted(choice.numericName);
+    }
+    if (choice.nonNumericAppended) {
+        kinds += kinds.empty() ? "text" : ",text";
+        names += " textname=" + Quoted(choice.nonNumericName);
+    }
+    return kinds.empty() ? "" : " appended=" + kinds + names;
+}
+
 } // namespace
 
 std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
@@ -225,6 +263,14 @@ std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
     }
     Apply(draft, stated);
     return {};
+}
+
+std::string FormatArgumentsOf(const FormatChoice& choice) {
+    return "primary=" + NameIn(kPrimaryNames, int{choice.primary})
+           + " secondary=" + NameIn(kSecondaryNames, int{choice.secondary})
+           + " conventions=" + std::to_string(ConventionCode(choice)) + " delimiter="
+           + NameIn(kDelimiterWords, choice.delimiter) + " columns=" + ColumnsText(choice.columns)
+           + (choice.columnHeadings ? " header=yes" : " header=no") + AppendedText(choice);
 }
 
 std::string TakeDataKind(const StatedFormat& stated, int kindFromFile) {

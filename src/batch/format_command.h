@@ -6,6 +6,7 @@
 
 #include "batch/script.h"
 #include "core/data_format.h"
+#include "input/format_choice.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,6 +37,10 @@ inline constexpr const char* kAddToFormat = "add";
 [[nodiscard]] std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
                                                const FormatSettings& defaults,
                                                StatedFormat& stated);
+
+/// A format of the table of delimiters as arguments; the inverse of ApplyFormatArguments for what
+/// they name.
+[[nodiscard]] std::string FormatArgumentsOf(const FormatChoice& choice);
 
 /// Sets the kind in which the data of a file are plotted: the file's own kind, otherwise the stated
 /// one, otherwise the one that follows from the format: planes, or lines for lines and directions.

@@ -132,7 +132,6 @@ std::string BatchSession::Fabric(const Command& command) {
     return error;
 }
 
-/// Acts on the figure sheet.
 std::string BatchSession::Suggest(const Command& command) {
     const std::optional<std::string> path = command.Bare(0);
     if (!path) {
@@ -146,6 +145,7 @@ std::string BatchSession::Suggest(const Command& command) {
     return {};
 }
 
+/// Acts on the figure sheet.
 std::string BatchSession::Figure(const Command& command) {
     if (AddsActivePlot(command)) {
         if (const std::string error = NeedPlotAsSet(); !error.empty()) {

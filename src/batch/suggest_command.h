@@ -5,18 +5,14 @@
 #pragma once
 
 #include "core/result.h"
-#include "input/suggest/format_suggestion.h"
 
 #include <string>
 
 namespace quandrel {
 
-/// A format as the arguments of the command `format`.
-[[nodiscard]] std::string FormatArgumentsOf(const FormatChoice& choice);
-
 /// The suggestions for a file as a line of JSON: a list of objects with `probability`, `format`
-/// (FormatArgumentsOf) and `reasons`, the most probable first. Empty for a file that states its
-/// format, and for one without rows.
+/// (FormatArgumentsOf in format_command.h) and `reasons`, the most probable first. Empty for a file
+/// that states its format, and for one without rows.
 ///
 /// @return a failure for a file that cannot be read
 [[nodiscard]] Result<std::string> SuggestionsOfFile(const std::string& path);

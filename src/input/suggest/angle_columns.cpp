@@ -17,11 +17,6 @@ constexpr double kSteepest = 90;
 constexpr double kHalfTurn = 180;
 constexpr double kFullTurn = 360;
 
-bool IsDip(const ColumnEvidence& column) {
-    return column.filled > 0 && column.IsMostly(column.numbers + column.dipsWithSense)
-           && column.least >= -kSteepest && column.most <= kSteepest;
-}
-
 /// A column without a heading that could be an azimuth and not a dip.
 bool IsOnlyAzimuth(const ColumnEvidence& column) {
     return IsAzimuth(column) && !column.rises && (column.most > kSteepest || column.quadrants > 0);
@@ -50,6 +45,11 @@ bool LiesIn(double dip, double dipDirection, double plunge, double trend) {
 }
 
 } // namespace
+
+bool IsDip(const ColumnEvidence& column) {
+    return column.filled > 0 && column.IsMostly(column.numbers + column.dipsWithSense)
+           && column.least >= -kSteepest && column.most <= kSteepest;
+}
 
 bool IsAzimuth(const ColumnEvidence& column) {
     return column.filled > 0

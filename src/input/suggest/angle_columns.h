@@ -15,6 +15,9 @@ namespace quandrel {
 /// Whether a column holds azimuths: quadrants, or numbers from 0 to 360.
 [[nodiscard]] bool IsAzimuth(const ColumnEvidence& column);
 
+/// Whether a column holds dips or plunges: numbers from -90 to 90, perhaps with a sense.
+[[nodiscard]] bool IsDip(const ColumnEvidence& column);
+
 /// Columns of a dip or a plunge and of its azimuth.
 struct AnglePair {
     std::size_t dip = 0;

@@ -274,6 +274,7 @@ void Suggester::AddStrikes(const AnglePair& pair, bool isRightHand, std::optiona
 void Suggester::AddHeadedDirections() {
     constexpr double kTrendAlone = 0.92;
     constexpr double kAzimuthAlone = 0.85;
+    constexpr double kUnknownBeside = 0.5;
     for (const auto& [meaning, probability] :
          {std::pair{Trend, kTrendAlone}, std::pair{Azimuth, kAzimuthAlone},
           std::pair{Strike, kAzimuthAlone}, std::pair{DipDirection, kAzimuthAlone}}) {
@@ -285,7 +286,12 @@ void Suggester::AddHeadedDirections() {
         choice.primary = kDirections;
         SetColumn(choice, kSlotDirection, *column);
         choice.isQuadrant = table_.columns[*column].IsMostly(table_.columns[*column].quadrants);
-        Add(choice, probability, {ReasonOf(*column), "there is no dip and no plunge"});
+        // A column of angles without a term may be the dip.
+        const bool mayHaveDips = std::ranges::any_of(table_.columns, [](const ColumnEvidence& one) {
+            return one.meaning == None && !one.rises && IsDip(one);
+        });
+        Add(choice, mayHaveDips ? kUnknownBeside : probability,
+            {ReasonOf(*column), "there is no dip and no plunge"});
         return;
     }
 }
@@ -350,11 +356,15 @@ double Suggester::ShareRead(const FormatChoice& choice) const {
 void Suggester::Check() {
     constexpr double kLeastShare = 0.5;
     for (FormatSuggestion& suggestion : found_) {
+        suggestion.decimalIsComma = table_.decimalIsComma;
         const double share = ShareRead(suggestion.choice);
         suggestion.probability *= share < kLeastShare ? 0 : share * share;
     }
-    std::erase_if(found_, [](const FormatSuggestion& one) { return one.probability <= 0; });
     std::ranges::stable_sort(found_, std::ranges::greater(), &FormatSuggestion::probability);
+    for (std::size_t i = 1; i < found_.size(); ++i) {
+        found_[i].probability = std::min(found_[i].probability, 1 - found_[0].probability);
+    }
+    std::erase_if(found_, [](const FormatSuggestion& one) { return one.probability <= 0; });
 }
 
 /// Whether a text says its own format.

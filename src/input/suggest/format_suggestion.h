@@ -23,6 +23,7 @@ struct FormatSuggestion {
     FormatChoice choice;
     double probability = 0;           ///< 0 to 1
     std::vector<std::string> reasons; ///< phrases: "column 2 is headed 'dip' and lies in 0..90"
+    bool decimalIsComma = false;      ///< most of the numbers with decimals have a comma
 };
 
 /// A format that was used for a file with these headings.

@@ -118,6 +118,19 @@ bool RisesEvenly(const Rows& rows, std::size_t column) {
     return count >= kLeastRows;
 }
 
+bool HasDecimalCommas(const Rows& rows) {
+    std::ptrdiff_t commas = 0;
+    std::ptrdiff_t points = 0;
+    for (const auto& row : rows) {
+        for (const std::string& cell : row) {
+            const bool isNumber = NumberOfCell(cell) || DipBeforeSense(cell);
+            commas += isNumber ? std::ranges::count(cell, ',') : 0;
+            points += isNumber ? std::ranges::count(cell, '.') : 0;
+        }
+    }
+    return commas > points;
+}
+
 std::vector<ColumnEvidence> EvidenceOf(const TextTable& table, std::size_t width,
                                        const std::vector<std::string>& headings) {
     std::vector<ColumnEvidence> columns(width);
@@ -179,6 +192,7 @@ std::optional<TextTable> TableOfText(std::span<const std::string> lines) {
         return std::nullopt;
     }
     best.columns = EvidenceOf(best, width, headings);
+    best.decimalIsComma = HasDecimalCommas(best.rows);
     return best;
 }
 

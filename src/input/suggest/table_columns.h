@@ -35,6 +35,7 @@ struct ColumnEvidence {
 struct TextTable {
     std::string delimiter; ///< as FormatChoice::delimiter
     bool hasHeadings = false;
+    bool decimalIsComma = false;                ///< most of the numbers with decimals have a comma
     std::vector<std::vector<std::string>> rows; ///< without headings
     std::vector<ColumnEvidence> columns;
 };

@@ -332,6 +332,34 @@ TEST_F(FormatSuggestions, TheFormatOfTheSameHeadingsComesFirst) {
     EXPECT_EQ(found[0].choice.planeConvention, kDipStrikeRightHand);
 }
 
+TEST_F(FormatSuggestions, OnlyOneIsSure) {
+    const std::vector<std::string> lines = {"Dip,Dip direction", "52,142", "43,35"};
+    SuggestionOptions options;
+    FormatChoice former;
+    former.delimiter = ",";
+    former.columnHeadings = true;
+    former.planeConvention = kDipStrikeRightHand;
+    options.remembered = {{{"dip", "dip direction"}, former}};
+    const std::vector<FormatSuggestion> found = SuggestFormats(lines, options);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_GE(found[0].probability, kSureEnough);
+    EXPECT_LE(found[0].probability + found[1].probability, 1);
+}
+
+TEST_F(FormatSuggestions, ATrendBesideAnUnknownAngleIsNotSure) {
+    const std::vector<std::string> known = {"Trend,Rock", "142,schist", "35,marble"};
+    EXPECT_GE(SuggestFormats(known).at(0).probability, kSureEnough);
+    const std::vector<std::string> unknown = {"Trend,Inkl", "142,20", "35,31"};
+    EXPECT_LT(SuggestFormats(unknown).at(0).probability, kSureEnough);
+}
+
+TEST_F(FormatSuggestions, TellDecimalCommas) {
+    const std::vector<std::string> commas = {"Dip;Dip direction", "52,5;142", "43,1;35"};
+    EXPECT_TRUE(SuggestFormats(commas).at(0).decimalIsComma);
+    const std::vector<std::string> points = {"Dip,Dip direction", "52.5,142", "43.1,35"};
+    EXPECT_FALSE(SuggestFormats(points).at(0).decimalIsComma);
+}
+
 TEST_F(FormatSuggestions, OfRowsThatJoinAPlotHaveItsKind) {
     const std::vector<std::string> lines = {"30\t120", "40\t200", "50\t300"};
     SuggestionOptions options;
