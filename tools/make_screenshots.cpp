@@ -22,6 +22,7 @@
 #include "shell/dialogs/frm_fabric_plots.h"
 #include "shell/dialogs/widget_prompts.h"
 #include "shell/files/frm_export_figure.h"
+#include "shell/files/frm_figure_sheet.h"
 #include "shell/format/frm_file_format.h"
 #include "shell/main/commands.h"
 #include "shell/main/geol_plot_main.h"
@@ -34,12 +35,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
 #include <QTimer>
@@ -344,6 +347,13 @@ void MakeFabricPictures(Show& show) {
     show.Picture(*window, "fabric_plots_small");
 }
 
+/// Previews follow changes after a while.
+void WaitForPreview() {
+    QEventLoop wait;
+    QTimer::singleShot(400, &wait, &QEventLoop::quit);
+    wait.exec();
+}
+
 /// The export of poles on their contours.
 void MakeExportPicture(Show& show) {
     RecordFigure figure = ActiveRecord();
@@ -353,9 +363,7 @@ void MakeExportPicture(Show& show) {
     frmExportFigure dialog(show.window.get(), ActivePlot());
     dialog.show();
     dialog.resize(760, 560);
-    QEventLoop wait;
-    QTimer::singleShot(200, &wait, &QEventLoop::quit); // the preview follows
-    wait.exec();
+    WaitForPreview();
     show.Picture(dialog, "export");
 }
 
@@ -383,6 +391,27 @@ void MakePanelPictures(const QString& examples, const QString& folder, const QSt
     };
     at(1366, 768, "panels");
     at(1600, 1000, "panels_large");
+}
+
+/// The window of figures with two plots and their statistics, at its usual size and smaller.
+void MakeSheetPictures(const QString& examples, const QString& folder, const QString& theme) {
+    Show show(examples, folder, theme);
+    show.Open("folded_bedding.txt");
+    show.Press("mnuFileFigure");
+    auto* window = show.window->findChild<frmFigureSheet*>("frmFigureSheet");
+    const auto add = [window](PanelKind kind) {
+        window->cboKind->setCurrentIndex(static_cast<int>(kind));
+        window->cmdAdd->click();
+    };
+    add(PanelKind::Plot);
+    add(PanelKind::Statistics);
+    show.Open("fold_hinges_polar.txt");
+    add(PanelKind::Plot);
+    WaitForPreview();
+    show.Picture(*window, "figure_sheet");
+    window->resize(window->minimumSizeHint());
+    WaitForPreview();
+    show.Picture(*window, "figure_sheet_small");
 }
 
 /// Densities and confidence regions with their dialogs, over the example of a fold.
@@ -433,10 +462,12 @@ int main(int argc, char** argv) {
     MakeDialogPictures(argv[1], argv[2], "light");
     MakeAnalysisPictures(argv[1], argv[2], "light");
     MakePanelPictures(argv[1], argv[2], "light");
+    MakeSheetPictures(argv[1], argv[2], "light");
     QApplication::setPalette(DarkPalette());
     MakePictures(argv[1], argv[2], "dark");
     MakeAnalysisPictures(argv[1], argv[2], "dark");
     MakePanelPictures(argv[1], argv[2], "dark");
+    MakeSheetPictures(argv[1], argv[2], "dark");
     QApplication::setPalette(light);
     return 0;
 }
