@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <map>
 #include <utility>
 
@@ -15,11 +16,15 @@ namespace {
 /// What one step of a picture of 8 bits cannot show.
 constexpr double kUnseen = 1.0 / 512;
 
-/// The number of rows from which on a place is as dark as one can see.
+/// The number of rows from which on a place is as dark as one can see; the largest number where
+/// symbols cannot be seen at all.
 std::int32_t RowsOfDarkest(double opacity) {
-    return opacity > 1 - kUnseen
-               ? 1
-               : static_cast<std::int32_t>(std::ceil(std::log(kUnseen) / std::log1p(-opacity)));
+    if (opacity > 1 - kUnseen) {
+        return 1;
+    }
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    const double rows = std::ceil(std::log(kUnseen) / std::log1p(-opacity)); // infinite for 0
+    return rows < kMost ? static_cast<std::int32_t>(rows) : kMost;
 }
 
 } // namespace

@@ -38,7 +38,7 @@ public:
     /// The places, from those of the fewest rows up; within a level in the order of their first
     /// rows. Places that look as dark as one can are one level.
     ///
-    /// @param opacity  of the symbol of one row, above 0 to 1
+    /// @param opacity  of the symbol of one row, 0 to 1
     [[nodiscard]] std::vector<CrowdLevel> Levels(double opacity) const;
 
 private:

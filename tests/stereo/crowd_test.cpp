@@ -61,6 +61,18 @@ TEST(Crowd, HasOneLevelForAllThatAreDark) {
     EXPECT_EQ(crowd.Levels(1).size(), 1U);
 }
 
+TEST(Crowd, CountsSymbolsThatCannotBeSeen) {
+    Crowd crowd;
+    for (int row = 0; row < 5; ++row) {
+        crowd.Add(10, 20);
+    }
+    for (const double opacity : {0.0, 1e-300, 1e-9}) {
+        const std::vector<CrowdLevel> levels = crowd.Levels(opacity);
+        ASSERT_EQ(levels.size(), 1U) << opacity;
+        EXPECT_EQ(levels[0].rows, 5) << opacity;
+    }
+}
+
 TEST(Crowd, LeavesOutWhatIsFarOutside) {
     Crowd crowd;
     crowd.Add(1200, 0);
