@@ -13,6 +13,7 @@
 #include "edit/marks/girdles.h"
 #include "edit/marks/plot_views.h"
 #include "edit/marks/small_circles.h"
+#include "net_hand.h"
 #include "platform/memory_settings_store.h"
 #include "platform/platform.h"
 #include "platform/scripted/memory_clipboard.h"
@@ -40,7 +41,6 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMouseEvent>
 #include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
@@ -205,41 +205,6 @@ void MakePictures(const QString& examples, const QString& folder, const QString&
     show.Press("mnuWindow_1");
     show.Picture(*show.window, "window");
 }
-
-/// Mouse actions over the net of the active plot; positions are plot units.
-class Hand {
-public:
-    static void Drag(Point from, Point to, Qt::KeyboardModifiers keys = {},
-                     Qt::MouseButton button = Qt::LeftButton) {
-        Trace({from, to}, keys, button);
-    }
-
-    static void Press(Point at, Qt::KeyboardModifiers keys, Qt::MouseButton button) {
-        Trace({at}, keys, button);
-    }
-
-    /// Presses at the first position, moves through the others, and releases at the last.
-    static void Trace(const std::vector<Point>& places, Qt::KeyboardModifiers keys = {},
-                      Qt::MouseButton button = Qt::LeftButton) {
-        Send(QEvent::MouseButtonPress, places.front(), button, button, keys);
-        for (const Point& at : places) {
-            Send(QEvent::MouseMove, at, Qt::NoButton, button, keys);
-        }
-        Send(QEvent::MouseButtonRelease, places.back(), button, Qt::NoButton, keys);
-    }
-
-private:
-    static void Send(QEvent::Type type, Point place, Qt::MouseButton button, Qt::MouseButtons held,
-                     Qt::KeyboardModifiers keys) {
-        PictureBox& net = *static_cast<frmPlotForms&>(FormOf(gActivePlot)).picStereoArea;
-        const QSize size = net.PictureSize();
-        const QPointF at(
-            (place.x - kPlotScale.left) / (kPlotScale.right - kPlotScale.left) * size.width(),
-            (place.y - kPlotScale.top) / (kPlotScale.bottom - kPlotScale.top) * size.height());
-        QMouseEvent event(type, at, net.mapToGlobal(at), button, held, keys);
-        QCoreApplication::sendEvent(&net, &event);
-    }
-};
 
 /// The first top-level window of a class, by its object name.
 QWidget* TopLevel(const QString& name) {

@@ -71,6 +71,7 @@ std::vector<Colour> ColoursOfBands(const RecordDensityView& view, const Drawing&
     const FigureLayer& layer = LayerOf(drawing);
     const bool hasRamp = layer.LayerColour != kColourOfStyle && layer.LayerPalette == kAsStyle;
     std::vector<Colour> colours;
+    colours.reserve(static_cast<std::size_t>(levels));
     for (int level = 0; level < levels; ++level) {
         colours.push_back(
             hasRamp ? StepTo(ColourFromValue(static_cast<std::uint32_t>(layer.LayerColour)), level,

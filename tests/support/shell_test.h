@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -26,11 +27,13 @@ public:
         application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
         QApplication::setQuitOnLastWindowClosed(false);
         QStandardPaths::setTestModeEnabled(true); // nothing of the user is read or written
+        qputenv("HOME", home_.path().toUtf8());   // nor of tests that run at the same time
     }
 
     void TearDown() override { application_.reset(); }
 
 private:
+    QTemporaryDir home_;
     char name_[5] = "test";
     char* arguments_[2] = {name_, nullptr};
     int argumentCount_ = 1;
