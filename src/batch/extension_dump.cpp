@@ -66,17 +66,25 @@ void WritePart(std::string_view bytes, JsonWriter& writer) {
     }
 }
 
+template <class Part>
+void WriteParts(const char* name, const std::vector<Part>& parts, JsonWriter& writer) {
+    writer.Key(name);
+    writer.BeginArray();
+    for (const Part& part : parts) {
+        writer.BeginObject();
+        WriteFields(part, writer);
+        writer.EndObject();
+    }
+    writer.EndArray();
+}
+
 void WriteFigure(std::string_view bytes, JsonWriter& writer) {
     if (const std::optional<RecordFigure> figure = FigureOfBlock(bytes)) {
         WriteFields(*figure, writer);
-        writer.Key("Layers");
-        writer.BeginArray();
-        for (const FigureLayer& layer : figure->Layers) {
-            writer.BeginObject();
-            WriteFields(layer, writer);
-            writer.EndObject();
+        WriteParts("Layers", figure->Layers, writer);
+        if (!figure->RoseNames.empty()) {
+            WriteParts("RoseNames", figure->RoseNames, writer);
         }
-        writer.EndArray();
     }
 }
 

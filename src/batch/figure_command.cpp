@@ -23,9 +23,15 @@ using Json = nlohmann::ordered_json;
 
 constexpr double kLargestSize = 100;
 constexpr int kMostSymbols = 99;
+constexpr int kMostIndexes = 99; // of classes and layers of a rose
 
 const Names kPalettes = {{"style", kAsStyle}, {"levels", 0},    {"warm", 1},
                          {"cool", 2},         {"diverging", 3}, {"grey", 4}};
+
+const Names kRoseEntries = {{"petals", kRosePetals},   {"classes", kRoseClasses},
+                            {"class", kRoseClass},     {"mean", kRoseMeanLine},
+                            {"sectors", kRoseSectors}, {"circles", kRoseCircles},
+                            {"scales", kRoseScales},   {"weights", kRoseWeights}};
 
 const Names kLines = {{"style", kAsStyle},     {"solid", kSolidLine},     {"dashed", kDashedLine},
                       {"dotted", kDottedLine}, {"dashdot", kDashDotLine}, {"none", kNoLine}};
@@ -217,6 +223,27 @@ std::string ApplyLayerArguments(const Command& command) {
     return {};
 }
 
+std::string NameLegendEntry(const Command& command) {
+    if (ActiveRecord().PlotKind != kRose) {
+        return "the entries of a net are named with its layers";
+    }
+    RoseName name;
+    std::string error = TakeName(kRoseEntries, command.Bare(0).value_or(""), name.RoseEntry);
+    const std::string index = command.Bare(1).value_or("0");
+    if (error.empty() && !WholeNumber(index, 0, kMostIndexes)) {
+        error = "'" + index + "' is not a number of a class or a layer";
+    }
+    if (!error.empty()) {
+        return error;
+    }
+    name.RoseIndex = static_cast<std::int16_t>(*WholeNumber(index, 0, kMostIndexes));
+    name.RoseWords = command.Value("text").value_or("");
+    RecordFigure figure = ActiveRecord();
+    NameRoseEntry(figure, name);
+    ChangeFigure(gActivePlot, figure);
+    return {};
+}
+
 Json FigureJson(const Plot& plot) {
     Json json = {{"style", plot.record.StyleName.empty() ? std::string(kClassicStyle)
                                                          : plot.record.StyleName},
@@ -227,6 +254,11 @@ Json FigureJson(const Plot& plot) {
         const auto add = [&one](const char* name, const auto& field) { one[name] = field; };
         VisitFieldsOf(layer, add);
         layers.push_back(std::move(one));
+    }
+    for (const RoseName& name : plot.record.RoseNames) {
+        json["roseNames"].push_back({{"entry", NameOf(kRoseEntries, name.RoseEntry)},
+                                     {"index", name.RoseIndex},
+                                     {"text", name.RoseWords}});
     }
     return json;
 }

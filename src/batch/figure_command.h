@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The commands of a figure: its style and its layers.
+// The commands of a figure: its style, its layers, and the words in the legend of a rose.
 
 #pragma once
 
@@ -41,7 +41,16 @@ namespace quandrel {
 /// @return empty, or an error message
 [[nodiscard]] std::string ApplyLayerArguments(const Command& command);
 
-/// The style and the layers of a plot, lowest first.
+/// Gives an entry in the legend of the rose gActivePlot other words, or without any its own again:
+///
+///     legend petals text="Strikes of faults"
+///     legend class 2 text="Veins"           a class; of petals, the layer of an overlaid rose,
+///     from 0
+///
+/// @return empty, or an error message
+[[nodiscard]] std::string NameLegendEntry(const Command& command);
+
+/// The style and the layers of a plot, lowest first; the names of entries of a rose that has some.
 [[nodiscard]] nlohmann::ordered_json FigureJson(const Plot& plot);
 
 } // namespace quandrel

@@ -172,6 +172,8 @@ const std::map<std::string, PlotCommand>& PlotCommands() {
           [](const Command& c, std::ostream&) {
               return IsLayerChange(c) ? ApplyLayerArguments(c) : ChooseLayer(c.Words());
           }}},
+        {"legend",
+         {{2, {"text"}}, [](const Command& c, std::ostream&) { return NameLegendEntry(c); }}},
         {"overlaysecondary",
          {one, [](const Command& c, std::ostream&) { return OverlaySecondarySet(c.Words()); }}},
         {"plot", {one, TakePlotKind}},

@@ -46,11 +46,27 @@ bool IsValid(const FigureLayer& layer) {
            && IsStyleOr<std::int16_t>(layer.LayerLabels, 1);
 }
 
+bool IsValid(const RoseName& name) {
+    return IsWithin<std::int16_t>(name.RoseEntry, kRosePetals, kRoseWeights)
+           && IsWithin<std::int16_t>(name.RoseIndex, 0, kMostLayerIndexes)
+           && !name.RoseWords.empty() && name.RoseWords.size() <= kLongestName;
+}
+
 bool IsValid(const RecordFigure& figure) {
+    const auto isValid = [](const auto& part) { return IsValid(part); };
     return figure.StyleName.size() <= kLongestName && figure.StyleText.size() <= kLongestStyleText
-           && figure.Layers.size() <= kMostLayers
-           && std::all_of(figure.Layers.begin(), figure.Layers.end(),
-                          [](const FigureLayer& layer) { return IsValid(layer); });
+           && figure.Layers.size() <= kMostLayers && figure.RoseNames.size() <= kMostLayers
+           && std::ranges::all_of(figure.Layers, isValid)
+           && std::ranges::all_of(figure.RoseNames, isValid);
+}
+
+void NameRoseEntry(RecordFigure& figure, const RoseName& name) {
+    std::erase_if(figure.RoseNames, [&name](const RoseName& former) {
+        return former.RoseEntry == name.RoseEntry && former.RoseIndex == name.RoseIndex;
+    });
+    if (!name.RoseWords.empty()) {
+        figure.RoseNames.push_back(name);
+    }
 }
 
 } // namespace quandrel

@@ -4,7 +4,8 @@
 //
 // A layer is some data of the plot, shown in one way. The layers are drawn in the order of their
 // list, the first one lowest, and the legend lists them. A plot without a list of its own has the
-// layers that its mode makes (drawing/layer_list.h).
+// layers that its mode makes (drawing/layer_list.h). A rose has no layers; the entries of its
+// legend can have names.
 
 #pragma once
 
@@ -84,22 +85,52 @@ struct FigureLayer {
     friend bool operator==(const FigureLayer&, const FigureLayer&) = default;
 };
 
-/// The most layers of a plot.
+/// The most layers of a plot, and the most names of entries.
 inline constexpr std::size_t kMostLayers = 200;
+
+/// RoseName::RoseEntry: what an entry in the legend of a rose is about.
+enum RoseEntryCode : std::int16_t {
+    kRosePetals = 0,  ///< of the layer RoseIndex; 0 is the top one
+    kRoseClasses = 1, ///< the heading of the classes
+    kRoseClass = 2,   ///< RoseIndex is its number
+    kRoseMeanLine = 3,
+    kRoseSectors = 4,
+    kRoseCircles = 5,
+    kRoseScales = 6, ///< that each layer has its own scale
+    kRoseWeights = 7,
+};
+
+/// The words of an entry in the legend of a rose. Numbers that follow them are not part of it.
+struct RoseName {
+    std::int16_t RoseEntry = kRosePetals; ///< RoseEntryCode
+    std::int16_t RoseIndex = 0;
+    std::string RoseWords;
+
+    QUANDREL_FIELDS(RoseEntry, RoseIndex, RoseWords);
+
+    friend bool operator==(const RoseName&, const RoseName&) = default;
+};
 
 struct RecordFigure {
     std::string StyleName; ///< of a standard style, or of StyleText; empty for Classic
     std::string StyleText; ///< of a style that is not a standard one (core/figure_style_text.h)
     std::vector<FigureLayer> Layers; ///< lowest first; empty for those of the mode
+    std::vector<RoseName> RoseNames; ///< entries that are not named by the program
 
     QUANDREL_FIELDS(StyleName, StyleText);
-    QUANDREL_FURTHER_FIELDS(Layers);
+    QUANDREL_FURTHER_FIELDS(Layers, RoseNames);
 
     friend bool operator==(const RecordFigure&, const RecordFigure&) = default;
 };
 
 /// Whether all values are within their limits.
 [[nodiscard]] bool IsValid(const FigureLayer& layer);
+[[nodiscard]] bool IsValid(const RoseName& name);
 [[nodiscard]] bool IsValid(const RecordFigure& figure);
+
+/// Names an entry in the legend of a rose.
+///
+/// @param name  without words, the entry is named by the program again
+void NameRoseEntry(RecordFigure& figure, const RoseName& name);
 
 } // namespace quandrel

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "core/plot.h"
+#include "core/record_figure.h"
 #include "rose/figure_rose_fills.h"
 #include "stereo/drawing.h"
 #include "stereo/figure_lines.h"
@@ -41,6 +42,7 @@ struct FigureEntry {
     LineLook line;
     PetalFill patch;
     FigureLayer layer;   ///< whose own properties the sign has
+    RoseName rose;       ///< in the legend of a rose: what the entry is about, and its words
     bool hasHead = true; ///< of an arrow
 };
 
@@ -62,7 +64,8 @@ struct FigureLegend {
 /// The legend of a net or a rose whose results are worked out.
 ///
 /// The name of a layer (FigureLayer::LayerName) replaces the text of its entry; where a layer has
-/// several entries, the words before their numbers.
+/// several entries, the words before their numbers. In the legend of a rose, the words before the
+/// numbers of an entry are those that the plot has for it (RoseName).
 ///
 /// @param drawing  with the style of the figure; nothing is drawn
 [[nodiscard]] FigureLegend LegendOfFigure(const Plot& plot, const Drawing& drawing);

@@ -72,41 +72,47 @@ public:
         AddPetals();
         AddClasses();
         AddMean();
-        AddNote(SectorsText());
-        AddNote(ScaleText());
+        AddNote(kRoseSectors, SectorsText());
+        AddNote(kRoseCircles, ScaleText());
         if (HasLayersOfRose(record_.RoseType)) {
-            AddNote("Each layer to its own scale");
+            AddNote(kRoseScales, "Each layer to its own scale");
         }
         AddBias();
         return {std::move(entries_), {}};
     }
 
 private:
-    void AddText(std::string text) {
-        FigureEntry entry;
-        entry.text = std::move(text);
-        entries_.push_back(std::move(entry));
+    /// Adds an entry without a sign. The plot's own words of the entry replace those given.
+    ///
+    /// @param about    RoseEntryCode
+    /// @param numbers  that follow the words
+    FigureEntry& Add(std::int16_t about, int index, std::string words,
+                     const std::string& numbers = {}) {
+        FigureEntry& entry = entries_.emplace_back();
+        entry.rose = {about, static_cast<std::int16_t>(index), std::move(words)};
+        for (const RoseName& name : record_.RoseNames) {
+            if (name.RoseEntry == about && name.RoseIndex == index) {
+                entry.rose.RoseWords = name.RoseWords;
+            }
+        }
+        entry.text = entry.rose.RoseWords + numbers;
+        return entry;
     }
 
-    void AddNote(std::string text) {
-        AddText(std::move(text));
-        entries_.back().sign = FigureSign::Blank;
+    void AddNote(std::int16_t about, std::string words) {
+        Add(about, 0, std::move(words)).sign = FigureSign::Blank;
     }
 
-    void AddPatch(const PetalFill& fill, std::string text) {
-        FigureEntry entry;
+    static void GivePatch(FigureEntry& entry, const PetalFill& fill) {
         entry.sign = FigureSign::Patch;
         entry.patch = fill;
-        entry.text = std::move(text);
-        entries_.push_back(std::move(entry));
     }
 
     /// The entry of a layer; the petals of a classified top layer have no common fill.
-    void AddLayer(int layer, std::string text) {
-        if (layer == 0 && HasRoseClasses(record_.RoseType)) {
-            AddText(std::move(text));
-        } else {
-            AddPatch(FillOfFigureLayer(record_, drawing_, layer), std::move(text));
+    void AddLayer(int layer, std::string words, const std::string& numbers = {}) {
+        FigureEntry& entry = Add(kRosePetals, layer, std::move(words), numbers);
+        if (layer != 0 || !HasRoseClasses(record_.RoseType)) {
+            GivePatch(entry, FillOfFigureLayer(record_, drawing_, layer));
         }
     }
 
@@ -154,32 +160,32 @@ void RoseLegendMaker::AddPetals() {
     const std::string count = CountText();
     switch (kind_) {
     case kRoseValue:
-        AddLayer(0, "Sum of " + ValueName() + ByText() + count);
+        AddLayer(0, "Sum of " + ValueName() + ByText(), count);
         break;
     case kRoseMeanValue:
-        AddLayer(0, "Mean " + ValueName() + ByText() + count);
+        AddLayer(0, "Mean " + ValueName() + ByText(), count);
         break;
     case kRoseVariance:
-        AddLayer(0, "Standard deviation of " + ValueName() + ByText() + count);
+        AddLayer(0, "Standard deviation of " + ValueName() + ByText(), count);
         break;
     case kRoseWindSpeed:
-        AddLayer(0, kSpeedText + ByText() + count);
+        AddLayer(0, kSpeedText + ByText(), count);
         break;
     case kRoseWindEnergy:
-        AddLayer(0, kEnergyText + count);
+        AddLayer(0, kEnergyText, count);
         break;
     case kRoseOverlaidWind:
-        AddLayer(0, kEnergyText + count);
+        AddLayer(0, kEnergyText, count);
         AddLayer(1, kSpeedText);
         AddLayer(2, kWindFrequencyText);
         break;
     case kRoseValueOverFrequency:
     case kRoseValueOverMean:
-        AddLayer(0, "Sum of " + ValueName() + ByText() + count);
+        AddLayer(0, "Sum of " + ValueName() + ByText(), count);
         AddLayer(1, kind_ == kRoseValueOverMean ? "Mean " + ValueName() : RowsText());
         break;
     default:
-        AddLayer(0, RowsText() + count);
+        AddLayer(0, RowsText(), count);
         break;
     }
 }
@@ -190,13 +196,13 @@ void RoseLegendMaker::AddClasses() {
         return;
     }
     const bool areLengths = RoseClassOf(record_.RoseType) == kRoseByLength;
-    AddText("Classes of " + (areLengths ? record_.AppNumName : record_.AppNonNumName));
+    Add(kRoseClasses, 0, "Classes of " + (areLengths ? record_.AppNumName : record_.AppNonNumName));
     const ClassRule rule = RuleOfClassTable(record_.ClassTable, *column);
     const LimitForm form = LimitFormOf(plot_, *column);
     for (int c = rule.keepLow ? 1 : 2; c <= LastClass(rule); ++c) {
         if (IsClassDrawn(c)) {
-            AddPatch(FillOfFigureClass(record_, drawing_, c),
-                     ClassLabel(record_.ClassTable, *column, c, form));
+            GivePatch(Add(kRoseClass, c, ClassLabel(record_.ClassTable, *column, c, form)),
+                      FillOfFigureClass(record_, drawing_, c));
         }
     }
 }
@@ -207,20 +213,18 @@ void RoseLegendMaker::AddMean() {
     if (!mean || EndsOfMean(plot_, *mean).empty()) {
         return;
     }
-    FigureEntry entry;
-    entry.sign = FigureSign::Line;
-    entry.line = LookOfMean(drawing_);
-    entry.text =
-        "Mean " + NounOf(record_) + " "
-        + AzimuthText(mean->azimuth, RoseOf(plot_).isDirectional, DecimalsShown(record_) > 0);
+    std::string numbers =
+        " " + AzimuthText(mean->azimuth, RoseOf(plot_).isDirectional, DecimalsShown(record_) > 0);
     if (mean->halfWidth) {
         const double half = RadToDeg(*mean->halfWidth);
         const bool hasDecimals = DecimalsShown(record_) > 0 || half < 1;
-        entry.text +=
+        numbers +=
             " \u00b1 " + FormatNumber(half, hasDecimals ? "0.0" : "0") + kDegree
             + (mean->method == ConfidenceMethod::kBootstrap ? " (95%, bootstrap)" : " (95%)");
     }
-    entries_.push_back(std::move(entry));
+    FigureEntry& entry = Add(kRoseMeanLine, 0, "Mean " + NounOf(record_), numbers);
+    entry.sign = FigureSign::Line;
+    entry.line = LookOfMean(drawing_);
 }
 
 /// "Petals by area, 10° sectors".
@@ -254,8 +258,8 @@ void RoseLegendMaker::AddBias() {
                                  ? "the line of each row"
                                  : "a line " + FormatNumber(record_.RoseSamplePlunge, "00") + "-"
                                        + FormatNumber(record_.RoseSampleTrend, "000");
-    AddNote("Weighted for sampling along " + line + ", angles from "
-            + FormatNumber(record_.RoseMinBiasAngle, "0") + kDegree);
+    AddNote(kRoseWeights, "Weighted for sampling along " + line + ", angles from "
+                              + FormatNumber(record_.RoseMinBiasAngle, "0") + kDegree);
 }
 
 } // namespace

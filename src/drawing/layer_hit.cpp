@@ -3,6 +3,7 @@
 #include "drawing/layer_hit.h"
 
 #include "drawing/draw_layers.h"
+#include "drawing/figure_legend.h"
 #include "drawing/hit_surface.h"
 #include "drawing/layer_list.h"
 #include "drawing/legend.h"
@@ -45,6 +46,16 @@ std::optional<std::size_t> LayerOfLegendAt(const Plot& plot, const Drawing& draw
     const auto found = std::ranges::find_if(layers, isWanted);
     return found != layers.end() ? std::optional(static_cast<std::size_t>(found - layers.begin()))
                                  : std::nullopt;
+}
+
+std::optional<RoseName> RoseEntryAt(const Plot& plot, const Drawing& drawing, Point at) {
+    const std::optional<std::size_t> line = LegendLineAt(drawing, at);
+    const bool isOfFigure = !LegendShown(plot, drawing).layers.empty();
+    if (plot.record.PlotKind != kRose || !line || !isOfFigure) {
+        return std::nullopt;
+    }
+    const std::vector<FigureEntry> entries = LegendOfFigure(plot, drawing).entries;
+    return *line < entries.size() ? std::optional(entries[*line].rose) : std::nullopt;
 }
 
 } // namespace quandrel

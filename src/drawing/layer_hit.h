@@ -29,4 +29,8 @@ namespace quandrel {
 [[nodiscard]] std::optional<std::size_t> LayerOfLegendAt(const Plot& plot, const Drawing& drawing,
                                                          Point at);
 
+/// The entry that a line of the legend beside a rose is. Empty as above, and for a net.
+[[nodiscard]] std::optional<RoseName> RoseEntryAt(const Plot& plot, const Drawing& drawing,
+                                                  Point at);
+
 } // namespace quandrel

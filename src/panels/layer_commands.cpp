@@ -124,6 +124,14 @@ void RenameLayer(int slot, std::size_t place, const std::string& name) {
     Change(slot, place, [&](Layers& layers) { layers[place].LayerName = name; });
 }
 
+void RenameRoseEntry(int slot, const RoseName& name) {
+    if (IsOpenSlot(slot)) {
+        RecordFigure figure = RecordOf(slot);
+        NameRoseEntry(figure, name);
+        ChangeFigure(slot, figure);
+    }
+}
+
 void MoveLayer(int slot, std::size_t from, std::size_t to) {
     Change(slot, std::max(from, to), [from, to](Layers& layers) {
         const auto first = layers.begin();

@@ -22,6 +22,9 @@ void ShowLayerAlone(int slot, std::size_t place);
 /// Names a layer in the legend; empty for the name of its data.
 void RenameLayer(int slot, std::size_t place, const std::string& name);
 
+/// Names an entry in the legend of a rose; without words, the program names it again.
+void RenameRoseEntry(int slot, const RoseName& name);
+
 /// Moves a layer to the place of another one.
 void MoveLayer(int slot, std::size_t from, std::size_t to);
 

@@ -5,15 +5,19 @@
 #include "persistence/field_block.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace quandrel {
 
-void WriteFigure(const RecordFigure& figure, BinaryWriter& writer) {
-    WriteFields(figure, writer);
-    writer.Short(static_cast<std::int32_t>(figure.Layers.size()));
-    for (const FigureLayer& layer : figure.Layers) {
+namespace {
+
+/// The number of parts, and each with the number of its bytes.
+template <class Part>
+void WriteParts(const std::vector<Part>& parts, BinaryWriter& writer) {
+    writer.Short(static_cast<std::int32_t>(parts.size()));
+    for (const Part& part : parts) {
         BinaryWriter fields;
-        WriteFields(layer, fields);
+        WriteFields(part, fields);
         if (!fields.Error().empty()) {
             writer.Fail(fields.Error());
         }
@@ -22,12 +26,10 @@ void WriteFigure(const RecordFigure& figure, BinaryWriter& writer) {
     }
 }
 
-std::optional<RecordFigure> FigureOfBlock(std::string_view bytes) {
-    BinaryReader reader(bytes);
-    RecordFigure figure;
+/// False when the bytes end within the parts, or one is damaged.
+template <class Part>
+[[nodiscard]] bool ReadParts(BinaryReader& reader, std::vector<Part>& parts) {
     std::int16_t count = 0;
-    reader.Text(figure.StyleName);
-    reader.Text(figure.StyleText);
     reader.Short(count);
     reader.RequireRoom(count, sizeof(std::int16_t));
     for (std::int16_t i = 0; i < count && !reader.HasFailed(); ++i) {
@@ -38,13 +40,33 @@ std::optional<RecordFigure> FigureOfBlock(std::string_view bytes) {
         if (!reader.HasFailed()) {
             reader.Fixed(fields, static_cast<std::size_t>(length));
         }
-        const std::optional<FigureLayer> layer = PartOfBlock<FigureLayer>(fields);
-        if (!layer) {
-            return std::nullopt;
+        const std::optional<Part> part = PartOfBlock<Part>(fields);
+        if (!part) {
+            return false;
         }
-        figure.Layers.push_back(*layer);
+        parts.push_back(*part);
     }
-    if (reader.HasFailed() || !IsValid(figure)) {
+    return !reader.HasFailed();
+}
+
+} // namespace
+
+void WriteFigure(const RecordFigure& figure, BinaryWriter& writer) {
+    WriteFields(figure, writer);
+    WriteParts(figure.Layers, writer);
+    if (!figure.RoseNames.empty()) {
+        WriteParts(figure.RoseNames, writer);
+    }
+}
+
+std::optional<RecordFigure> FigureOfBlock(std::string_view bytes) {
+    BinaryReader reader(bytes);
+    RecordFigure figure;
+    reader.Text(figure.StyleName);
+    reader.Text(figure.StyleText);
+    const bool isRead = ReadParts(reader, figure.Layers)
+                        && (reader.Left() == 0 || ReadParts(reader, figure.RoseNames));
+    if (!isRead || !IsValid(figure)) {
         return std::nullopt;
     }
     return figure;

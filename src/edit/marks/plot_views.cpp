@@ -48,6 +48,9 @@ struct PartProperty {
             for (const FigureLayer& layer : now.Layers) {
                 AddFields(layer, mix);
             }
+            for (const RoseName& name : now.RoseNames) {
+                AddFields(name, mix);
+            }
         }
         return mix.Value();
     }
@@ -55,7 +58,8 @@ struct PartProperty {
     [[nodiscard]] static std::size_t BytesOf(const Value& value) {
         if constexpr (std::is_same_v<Part, RecordFigure>) {
             return sizeof(value) + value.StyleText.size()
-                   + value.Layers.size() * sizeof(FigureLayer);
+                   + value.Layers.size() * sizeof(FigureLayer)
+                   + value.RoseNames.size() * sizeof(RoseName);
         }
         return sizeof(value);
     }

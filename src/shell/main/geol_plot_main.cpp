@@ -264,6 +264,9 @@ std::unique_ptr<PlotForm> GeolPlotMain::MakePlotForm(int slot) {
                 if (window->Slot() != gActivePlot) {
                     return;
                 }
+                if (opens) {
+                    RenameRoseEntryAt({at.x(), at.y()});
+                }
                 ShowProperties(opens, [at](const Plot& plot, const Drawing& drawing) {
                     return LayerOfLegendAt(plot, drawing, {at.x(), at.y()});
                 });

@@ -109,6 +109,8 @@ private:
     void ShowProperties(
         bool opens,
         const std::function<std::optional<std::size_t>(const Plot&, const Drawing&)>& layer);
+    /// Lets the user type the words of the entry of a rose at a place in its legend.
+    void RenameRoseEntryAt(Point at);
     void KeepPanels();
     bool TakeCtrlClick(const QObject& object, const QEvent& event);
     void MakeMouse();

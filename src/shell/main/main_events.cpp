@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "core/settings_group.h"
 #include "core/settings_value.h"
+#include "drawing/layer_hit.h"
 #include "drawing/plot_state.h"
 #include "mapinfo/map_link.h"
 #include "session/closing.h"
@@ -192,6 +193,15 @@ void GeolPlotMain::ShowProperties(
         panLayers_->Follow(gActivePlot);
         panLayers_->ChoosePlace(*place);
         FollowChosenLayer();
+    }
+}
+
+void GeolPlotMain::RenameRoseEntryAt(Point at) {
+    const Drawing drawing = WindowDrawing(gActivePlot);
+    if (const std::optional<RoseName> entry = RoseEntryAt(ActivePlot(), drawing, at)) {
+        panLayers_->show();
+        panLayers_->Follow(gActivePlot);
+        panLayers_->RenameEntry(*entry);
     }
 }
 

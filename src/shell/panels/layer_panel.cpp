@@ -4,11 +4,13 @@
 
 #include "core/plot_store.h"
 #include "core/settings_value.h"
+#include "drawing/figure_legend.h"
 #include "drawing/symbol_choice.h"
 #include "panels/layer_commands.h"
 #include "panels/layer_tree.h"
 #include "qt/dark_image.h"
 #include "qt/layer_signs.h"
+#include "stereo/window_drawing.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -26,6 +28,9 @@ namespace {
 constexpr int kPlaceRole = Qt::UserRole;         ///< of a layer
 constexpr int kDataRole = Qt::UserRole + 1;      ///< LayerOf of data
 constexpr int kDataIndexRole = Qt::UserRole + 2; ///< its LayerIndex
+constexpr int kEntryRole = Qt::UserRole + 3;     ///< RoseEntry of an entry of a rose
+constexpr int kEntryIndexRole = Qt::UserRole + 4;
+constexpr int kEntryWordsRole = Qt::UserRole + 5;
 constexpr int kNameColumn = 0;
 constexpr int kCountColumn = 1;
 constexpr int kIconSide = 16;
@@ -44,6 +49,17 @@ std::optional<FigureLayer> DataOf(const QTreeWidgetItem* item) {
     data.LayerOf = static_cast<std::int16_t>(of.toInt());
     data.LayerIndex = static_cast<std::int16_t>(item->data(kNameColumn, kDataIndexRole).toInt());
     return data;
+}
+
+/// The entry in the legend of a rose that a line stands for, with the words it had when filled.
+std::optional<RoseName> EntryOf(const QTreeWidgetItem* item) {
+    const QVariant entry = item != nullptr ? item->data(kNameColumn, kEntryRole) : QVariant();
+    if (!entry.isValid()) {
+        return std::nullopt;
+    }
+    return RoseName{static_cast<std::int16_t>(entry.toInt()),
+                    static_cast<std::int16_t>(item->data(kNameColumn, kEntryIndexRole).toInt()),
+                    item->data(kNameColumn, kEntryWordsRole).toString().toStdString()};
 }
 
 QTreeWidgetItem* AddHeading(QTreeWidget& tree, const QString& text) {
@@ -150,7 +166,9 @@ void LayerPanel::ChoosePlace(std::size_t place) {
 
 void LayerPanel::Fill() {
     treLayers->clear();
-    if (slot_ > 0 && RecordOf(slot_).PlotKind != kRose) {
+    if (slot_ > 0 && RecordOf(slot_).PlotKind == kRose) {
+        AddEntries(*AddHeading(*treLayers, "Entries of the legend"));
+    } else if (slot_ > 0) {
         AddLayers(*AddHeading(*treLayers, "Layers, the uppermost first"));
         AddData(*AddHeading(*treLayers, "Data"));
     }
@@ -194,32 +212,71 @@ void LayerPanel::AddData(QTreeWidgetItem& top) {
     }
 }
 
+void LayerPanel::AddEntries(QTreeWidgetItem& top) {
+    for (const FigureEntry& entry : LegendOfFigure(PlotOf(slot_), WindowDrawing(slot_)).entries) {
+        const QString words = QString::fromStdString(entry.rose.RoseWords);
+        auto* item = new QTreeWidgetItem(&top, {words});
+        item->setData(kNameColumn, kEntryRole, int{entry.rose.RoseEntry});
+        item->setData(kNameColumn, kEntryIndexRole, int{entry.rose.RoseIndex});
+        item->setData(kNameColumn, kEntryWordsRole, words);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable);
+        item->setToolTip(kNameColumn, "F2 changes the words in the legend of figures; without any, "
+                                      "they are the program's again");
+    }
+}
+
+void LayerPanel::RenameEntry(const RoseName& entry) {
+    for (QTreeWidgetItemIterator item(treLayers); *item != nullptr; ++item) {
+        const std::optional<RoseName> other = EntryOf(*item);
+        if (other && other->RoseEntry == entry.RoseEntry && other->RoseIndex == entry.RoseIndex) {
+            treLayers->setCurrentItem(*item);
+            treLayers->editItem(*item, kNameColumn);
+            return;
+        }
+    }
+}
+
 void LayerPanel::Done() {
     signs_.done();
 }
 
+/// An item must not be deleted while it is still handling its change.
+void LayerPanel::DoneLater() {
+    QMetaObject::invokeMethod(
+        this, [this] { Done(); }, Qt::QueuedConnection);
+}
+
 /// A tick or a name.
 void LayerPanel::TakeChange(QTreeWidgetItem& item) {
-    const std::optional<std::size_t> place = PlaceOf(&item);
-    if (isFilling_ || !place) {
+    if (isFilling_) {
         return;
     }
+    if (const std::optional<std::size_t> place = PlaceOf(&item)) {
+        TakeLayerChange(item, *place);
+    } else if (std::optional<RoseName> entry = EntryOf(&item)) {
+        const std::string words = item.text(kNameColumn).trimmed().toStdString();
+        if (std::exchange(entry->RoseWords, words) != words) {
+            RenameRoseEntry(slot_, *entry);
+            DoneLater();
+        }
+    }
+}
+
+void LayerPanel::TakeLayerChange(const QTreeWidgetItem& item, std::size_t place) {
     for (const LayerLine& line : LayerTreeOf(PlotOf(slot_), gSettings.styles).layers) {
-        if (line.place != *place) {
+        if (line.place != place) {
             continue;
         }
         const bool isShown = item.checkState(kNameColumn) == Qt::Checked;
         const std::string name = item.text(kNameColumn).trimmed().toStdString();
         if (isShown != (line.layer.LayerHidden == 0)) {
-            ShowLayer(slot_, *place, isShown);
+            ShowLayer(slot_, place, isShown);
         } else if (name != line.name) {
-            RenameLayer(slot_, *place, name);
+            RenameLayer(slot_, place, name);
         } else {
             return;
         }
-        // The item must not be deleted while it is still handling its change.
-        QMetaObject::invokeMethod(
-            this, [this] { Done(); }, Qt::QueuedConnection);
+        DoneLater();
         return;
     }
 }
@@ -230,8 +287,7 @@ void LayerPanel::TakeCurrent() {
     }
     if (const std::optional<FigureLayer> chosen = DataOf(treLayers->currentItem())) {
         ChooseData(PlotOf(slot_), *chosen);
-        QMetaObject::invokeMethod(
-            this, [this] { Done(); }, Qt::QueuedConnection);
+        DoneLater();
     }
     signs_.chosen();
 }
@@ -244,7 +300,10 @@ void LayerPanel::ShowMenu(const QPoint& at) {
         FillLayerMenu(*menu, *place);
     } else if (const std::optional<FigureLayer> chosen = DataOf(treLayers->currentItem())) {
         FillDataMenu(*menu, *chosen);
-    } else {
+    } else if (EntryOf(treLayers->currentItem())) {
+        menu->addAction("Re&name in Legend", this,
+                        [this] { treLayers->editItem(treLayers->currentItem(), kNameColumn); });
+    } else if (slot_ > 0 && RecordOf(slot_).PlotKind != kRose) {
         menu->addAction("Layers of the &Symbol Mode", this, [this] {
             UseLayersOfMode(slot_);
             Done();

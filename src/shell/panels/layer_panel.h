@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The panel of the data and the layers of the plot in focus, beside the plots. What it lists and
-// what its commands do is in panels/.
+// The panel of the data and the layers of the plot in focus, beside the plots, or of the entries in
+// the legend of a rose. What it lists and what its commands do is in panels/.
 //
 // This room holds the panels that are docked to the main window.
 // Input: the plot in focus, and what the user does in a panel.
@@ -57,6 +57,9 @@ public:
     /// Makes a layer the current line.
     void ChoosePlace(std::size_t place);
 
+    /// Makes an entry in the legend of a rose the current line, whose words are then typed.
+    void RenameEntry(const RoseName& entry);
+
     LayerTreeWidget* treLayers;
 
 protected:
@@ -66,7 +69,10 @@ private:
     void Fill();
     void AddLayers(QTreeWidgetItem& top);
     void AddData(QTreeWidgetItem& top);
+    void AddEntries(QTreeWidgetItem& top);
     void TakeChange(QTreeWidgetItem& item);
+    void TakeLayerChange(const QTreeWidgetItem& item, std::size_t place);
+    void DoneLater();
     void TakeCurrent();
     void ShowMenu(const QPoint& at);
     void FillLayerMenu(class QMenu& menu, std::size_t place);

@@ -237,10 +237,25 @@ TEST_F(PointingWithPanels, ADoubleClickOnTheLegendOpensItsLayer) {
     EXPECT_EQ(layers->Place(), Symbols());
 }
 
-TEST_F(PanelsOfWindow, ARoseHasNoLayers) {
+TEST_F(PanelsOfWindow, ARoseHasNoLayersButEntriesThatCanBeRenamed) {
     Press("mnuPlotType_2");
-    EXPECT_EQ(layers->treLayers->topLevelItemCount(), 0);
     EXPECT_FALSE(properties->spnSize->isVisible());
+    ASSERT_EQ(layers->treLayers->topLevelItemCount(), 1);
+    QTreeWidgetItem* petals = layers->treLayers->topLevelItem(0)->child(0);
+    const QString words = petals->text(0);
+    petals->setText(0, "Strikes of faults");
+    QCoreApplication::processEvents();
+    ASSERT_EQ(ActiveRecord().RoseNames.size(), 1U);
+    EXPECT_EQ(ActiveRecord().RoseNames[0], (RoseName{kRosePetals, 0, "Strikes of faults"}));
+    EXPECT_EQ(layers->treLayers->topLevelItem(0)->child(0)->text(0), "Strikes of faults");
+    UndoLastEdit();
+    EXPECT_TRUE(ActiveRecord().RoseNames.empty());
+    layers->Follow(gActivePlot);
+    petals = layers->treLayers->topLevelItem(0)->child(0);
+    EXPECT_EQ(petals->text(0), words);
+    petals->setText(0, " ");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(ActiveRecord().RoseNames.empty()) << "without words they are the program's";
 }
 
 } // namespace
