@@ -157,6 +157,15 @@ std::string TakeUpward(const std::string& value, Draft& draft) {
                     value, draft.format.negativePlunge);
 }
 
+std::string TakeComments(const std::string& value, Draft& draft) {
+    const std::optional<CommentMarks> marks = CommentMarksIn(value == "none" ? "" : value);
+    if (!marks) {
+        return "'" + value + "' is not none, or some of # % //";
+    }
+    draft.format.comments = *marks;
+    return {};
+}
+
 const Takers<Draft>& FormatTakers() {
     static const Takers<Draft> takers = {
         {"primary", [](auto& v, Draft& d) { return TakeName(kPrimaryNames, v, d.format.primary); }},
@@ -182,6 +191,8 @@ const Takers<Draft>& FormatTakers() {
         {"header", [](auto& v, Draft& d) { return TakeTruth(v, d.format.hasHeadings); }},
         {"data", TakeDataKindName},
         {"upward", TakeUpward},
+        {"comments", TakeComments},
+        {"pairs", [](auto& v, Draft& d) { return TakeTruth(v, d.format.pairsInCells); }},
         {"frequency", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.frequencyColumn); }},
         {"showsecondary", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.showSecondary); }},
         {"decimalcomma", [](auto& v, Draft& d) { return TakeTruth(v, d.decimalIsComma); }},
@@ -226,11 +237,15 @@ std::string ColumnsText(const ColumnSettings& columns) {
     return text;
 }
 
+std::string CommentsText(const CommentMarks& marks) {
+    return marks == CommentMarks() ? "" : " comments=" + Quoted(TextOfCommentMarks(marks));
+}
+
 std::string AppendedText(const FormatChoice& choice) {
-    std::string kinds;
+    std::string kinds = choice.lineAppended ? "line" : "";
     std::string names;
     if (choice.numericAppended) {
-        kinds = "numeric";
+        kinds += kinds.empty() ? "numeric" : ",numeric";
         names += " numericname=" + Quoted(choice.numericName);
     }
     if (choice.nonNumericAppended) {
@@ -247,6 +262,15 @@ std::string ApplyFormatArguments(const std::vector<Argument>& arguments,
     const auto isAdd = [](const Argument& argument) {
         return argument.name.empty() && argument.value == kAddToFormat;
     };
+    const bool isAuto = arguments.size() == 1 && arguments.front().name.empty()
+                        && arguments.front().value == kSuggestedFormat;
+    if (isAuto) {
+        Draft draft = FreshDraft(defaults);
+        TakeConventionCode(draft.format.conventions, draft);
+        draft.stated.isSuggested = true;
+        Apply(draft, stated);
+        return {};
+    }
     const bool adds = !arguments.empty() && isAdd(arguments.front());
     if (std::count_if(arguments.begin(), arguments.end(), isAdd) > (adds ? 1 : 0)) {
         return "'add' comes before the keys: format add KEY=VALUE...";
@@ -270,7 +294,12 @@ std::string FormatArgumentsOf(const FormatChoice& choice) {
            + " secondary=" + NameIn(kSecondaryNames, int{choice.secondary})
            + " conventions=" + std::to_string(ConventionCode(choice)) + " delimiter="
            + NameIn(kDelimiterWords, choice.delimiter) + " columns=" + ColumnsText(choice.columns)
-           + (choice.columnHeadings ? " header=yes" : " header=no") + AppendedText(choice);
+           + (choice.columnHeadings ? " header=yes" : " header=no") + AppendedText(choice)
+           + (choice.kindIsStated ? " data=" + NameIn(kDataNames, int{choice.plotDataKind}) : "")
+           + (choice.negativePlunge == NegativePlunge::Vector ? " upward=vector" : "")
+           + (choice.numericAppended && choice.numberIsFrequency ? " frequency=yes" : "")
+           + (choice.plotSecondary ? " showsecondary=yes" : "") + CommentsText(choice.comments)
+           + (choice.pairsInCells ? " pairs=yes" : "");
 }
 
 std::string TakeDataKind(const StatedFormat& stated, int kindFromFile) {

@@ -18,6 +18,7 @@ namespace quandrel {
 /// The settings of a script's format outside the format globals: the check boxes of the format
 /// dialog.
 struct StatedFormat {
+    bool isSuggested = false; ///< each text is read in the format that is suggested for it
     bool showSecondary = false;
     bool frequencyColumn = false;
     std::optional<std::int16_t> dataKind; ///< a DataKindCode; if absent, it follows from the format
@@ -27,9 +28,13 @@ struct StatedFormat {
 /// defaults.
 inline constexpr const char* kAddToFormat = "add";
 
+/// The only word of a `format` that leaves the format to what is suggested for each text.
+inline constexpr const char* kSuggestedFormat = "auto";
+
 /// Sets the format globals from arguments such as `primary=plane`, `conventions=6`,
 /// `delimiter=tab`, `columns=1,0,2,3,4,5,6,7,8,9`. Missing arguments take their defaults, or keep
-/// their current values after the word `add`. If an argument is invalid, nothing changes.
+/// their current values after the word `add`. If an argument is invalid, nothing changes. `auto`
+/// alone sets the defaults; each text is then read in the format that is suggested for it.
 ///
 /// @param defaults  of everything that the keys can set; the kind of plot, separators and symbols
 ///                  are kept

@@ -7,7 +7,9 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quandrel {
 
@@ -67,6 +69,28 @@ enum class NegativePlunge : std::int16_t {
     Vector = 1,   ///< the trend that the line points to, upward
 };
 
+/// What comment lines begin with, besides ";" and "*". Blanks may precede it.
+struct CommentMarks {
+    bool hash = false;    ///< "#"
+    bool percent = false; ///< "%"
+    bool slashes = false; ///< "//": such lines are then no parameter lines
+
+    friend bool operator==(const CommentMarks&, const CommentMarks&) = default;
+};
+
+/// The marks as a text: "#%//"; empty for none.
+[[nodiscard]] std::string TextOfCommentMarks(const CommentMarks& marks);
+
+/// The marks in a text; blanks between them count for nothing. Inverse of TextOfCommentMarks.
+/// Empty for a text with anything else.
+[[nodiscard]] std::optional<CommentMarks> CommentMarksIn(std::string_view text);
+
+/// Whether a line without leading blanks begins with one of the marks.
+[[nodiscard]] inline bool BeginsWithMark(std::string_view line, const CommentMarks& marks) {
+    return (marks.hash && line.starts_with('#')) || (marks.percent && line.starts_with('%'))
+           || (marks.slashes && line.starts_with("//"));
+}
+
 struct FormatSettings {
     /// Plane convention 1 to 6, plus 10 for lines as trend, plunge; negative for quadrant notation.
     std::int16_t conventions = 1;
@@ -89,6 +113,10 @@ struct FormatSettings {
     std::int16_t plotKind = 0;     ///< PlotKindCode of the next new plot
     bool hasHeadings = false;      ///< the first row of a file holds column headings
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
+    CommentMarks comments;
+
+    /// An orientation may be in one cell, "045/60NE", with one column for both values.
+    bool pairsInCells = false;
 };
 
 } // namespace quandrel

@@ -230,23 +230,21 @@ Setting SectorSize() {
 }
 
 void AddSession(Rows& table) {
+    WindowSettings& windows = gSettings.windows;
     table.push_back(
         Words({{Session}, kStartUp, "LastUsedVersion"}, gSettings.files.lastVersion, "9.4"));
     table.back().text = [] { return std::string(kVersionText); };
     table.push_back(WholeNumber({{PlotCount}, kStartUp, kMaxPlotsKey}, gMaxPlots, kStartMaxPlots,
                                 {1, kMostPlots}));
-    table.push_back(
-        Truth({{Session}, kStartUp, "MIToolbarShow"}, gSettings.windows.mapToolbar, true));
-    table.push_back(Truth({{Session}, kStartUp, "ToolLabels"}, gSettings.windows.toolLabels, true));
-    table.push_back(
-        Truth({{Session}, kStartUp, "LayerPanel"}, gSettings.windows.layerPanel, false));
-    table.push_back(
-        Truth({{Session}, kStartUp, "PropertyPanel"}, gSettings.windows.propertyPanel, false));
+    table.push_back(Truth({{Session}, kStartUp, "MIToolbarShow"}, windows.mapToolbar, true));
+    table.push_back(Truth({{Session}, kStartUp, "ToolLabels"}, windows.toolLabels, true));
+    table.push_back(Truth({{Session}, kStartUp, "LayerPanel"}, windows.layerPanel, false));
+    table.push_back(Truth({{Session}, kStartUp, "PropertyPanel"}, windows.propertyPanel, false));
     constexpr int kPanelWidth = 240;
-    table.push_back(WholeNumber({{Session}, kStartUp, "LayerPanelWidth"},
-                                gSettings.windows.layerWidth, kPanelWidth, {100, 2000}));
-    table.push_back(WholeNumber({{Session}, kStartUp, "PropertyPanelWidth"},
-                                gSettings.windows.propertyWidth, kPanelWidth, {100, 2000}));
+    table.push_back(WholeNumber({{Session}, kStartUp, "LayerPanelWidth"}, windows.layerWidth,
+                                kPanelWidth, {100, 2000}));
+    table.push_back(WholeNumber({{Session}, kStartUp, "PropertyPanelWidth"}, windows.propertyWidth,
+                                kPanelWidth, {100, 2000}));
     table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
                           "tickauto"));
     table.push_back(SectorSize());
@@ -280,12 +278,24 @@ Setting NegativePlungeSetting() {
         [] { return TextOfNumber(static_cast<double>(gSettings.format.negativePlunge)); });
 }
 
+Setting CommentMarksSetting() {
+    return SettingOf(
+        {{Conventions}, kDataFormats, "CommentMarks"}, "",
+        [](const std::string& text) {
+            gSettings.format.comments = CommentMarksIn(text).value_or(CommentMarks());
+        },
+        [] { return TextOfCommentMarks(gSettings.format.comments); });
+}
+
 void AddDataFormat(Rows& table) {
     table.push_back(ConventionsSetting());
     table.push_back(Words({{Conventions}, kDataFormats, "PlaneSeparator"}, gPlaneSeparator, "/"));
     table.push_back(Words({{Conventions}, kDataFormats, "LineSeparator"}, gLineSeparator, "-"));
     table.push_back(Words({{Conventions}, kDataFormats, "gFileDelimiter"}, gFileDelimiter, "\t"));
     table.push_back(NegativePlungeSetting());
+    table.push_back(CommentMarksSetting());
+    table.push_back(
+        Truth({{Conventions}, kDataFormats, "PairsInCells"}, gSettings.format.pairsInCells, false));
     table.push_back(WholeNumber({{Session}, kDataFormats, "gPrimaryDataType"}, gPrimaryDataType,
                                 kPrimaryPlane, {0, kPrimaryLine}));
     table.push_back(WholeNumber({{Columns}, kDataFormats, kSecondaryTypeKey}, gSecondaryDataType,

@@ -91,7 +91,9 @@ struct Settings {
                           .nonNumericName = "type",
                           .columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9},
                           .plotDataKind = kPlanes,
-                          .plotKind = kEqualArea};
+                          .plotKind = kEqualArea,
+                          .comments = {},
+                          .pairsInCells = false};
     NotationSettings notation;
     WindowSettings windows;
     FileSettings files;

@@ -214,11 +214,18 @@ private:
                              Buttons::OkCancel, slot});
     }
 
+    /// Whether two items may be parts of one cell: dip, azimuth and sense of an orientation.
+    [[nodiscard]] bool IsPair(int first, int a, int b) const {
+        return choice_.pairsInCells && (first == kSlotDip || first == kSlotSecondaryDip)
+               && SharesColumn(choice_, first, a) && SharesColumn(choice_, first, b)
+               && SharesColumn(choice_, first, first + 1);
+    }
+
     void CheckOrientations() {
         for (const auto& [first, last] : kGroups) {
             for (int a = first; a <= last; ++a) {
                 for (int b = a + 1; b <= last; ++b) {
-                    if (Clash(a, b) && !IsSensePair(choice_, a, b)) {
+                    if (Clash(a, b) && !IsSensePair(choice_, a, b) && !IsPair(first, a, b)) {
                         problems_.push_back(
                             {ColumnText("Column ", b)
                                  + " is used more than once for the same orientation data\n"

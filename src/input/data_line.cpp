@@ -4,6 +4,7 @@
 
 #include "input/decimal_delimiter.h"
 #include "input/line_tokens.h"
+#include "input/paired_cell.h"
 #include "orientation/angles.h"
 #include "orientation/attitude.h"
 #include "orientation/notation.h"
@@ -43,10 +44,13 @@ struct Items {
 };
 
 // What the first characters of a line say it is; Row when it has to be parsed.
-LineStatus KindOfLine(std::string_view line, char delimiter) {
-    line = WithoutLeadingBlanks(line, delimiter);
+LineStatus KindOfLine(std::string_view line, const LineFormat& format) {
+    line = WithoutLeadingBlanks(line, format.delimiter);
     if (line.empty()) {
         return LineStatus::Blank;
+    }
+    if (BeginsWithMark(line, format.comments)) {
+        return LineStatus::Comment;
     }
     switch (line.front()) {
     case '/':
@@ -152,6 +156,22 @@ LineStatus ReadPlane(const Token& dipToken, const Token& azimuthToken, std::stri
     return LineStatus::Row;
 }
 
+// An orientation whose azimuth and sense are in the two slots after that of its dip or plunge.
+LineStatus ReadOrientation(const Items& items, int slot, bool isPlane, double& dip,
+                           double& azimuth) {
+    const LineFormat& format = items.format;
+    const auto read = [&](const Token& dipToken, const Token& azimuthToken) {
+        return isPlane ? ReadPlane(dipToken, azimuthToken, items.At(slot + 2).Text(), format, dip,
+                                   azimuth)
+                       : ReadLine(dipToken, azimuthToken, format.isQuadrant, dip, azimuth);
+    };
+    if (format.pairsInCells && items.IsSameColumn(slot, slot + 1)) {
+        const TokenPair pair = TokensOfPair(items.At(slot), format, isPlane);
+        return read(pair.dip, pair.azimuth);
+    }
+    return read(items.At(slot), items.At(slot + 1));
+}
+
 LineStatus ReadDirection(const Items& items, double& azimuth) {
     const Token& token = items.At(kSlotDirection);
     if (token.Text().empty()) {
@@ -162,18 +182,12 @@ LineStatus ReadDirection(const Items& items, double& azimuth) {
 }
 
 LineStatus ReadPrimary(const Items& items, ParsedRow& row) {
-    const LineFormat& format = items.format;
-    if (format.primary <= kDirections
-        && (!format.hasOverlays || items.IsSameColumn(kSlotDip, kSlotDirection))) {
+    if (items.format.primary <= kDirections
+        && (!items.format.hasOverlays || items.IsSameColumn(kSlotDip, kSlotDirection))) {
         row.dip = 0;
         return ReadDirection(items, row.az);
     }
-    const Token& dip = items.At(kSlotDip);
-    const Token& azimuth = items.At(kSlotDirection);
-    if (format.primary != kPrimaryPlane) {
-        return ReadLine(dip, azimuth, format.isQuadrant, row.dip, row.az);
-    }
-    return ReadPlane(dip, azimuth, items.At(kSlotSense).Text(), format, row.dip, row.az);
+    return ReadOrientation(items, kSlotDip, items.format.primary == kPrimaryPlane, row.dip, row.az);
 }
 
 // Rounds an angle of the line, -360 to 360, to six decimals.
@@ -268,18 +282,12 @@ LineStatus ReadHade(const Items& items, ParsedRow& row) {
 
 LineStatus ReadSecondaryPair(const Items& items, ParsedRow& row) {
     const LineFormat& format = items.format;
-    const Token& dip = items.At(kSlotSecondaryDip);
-    const Token& azimuth = items.At(kSlotSecondaryDirection);
-    LineStatus status = LineStatus::Row;
-    if (format.secondaryMayBeMissing && dip.Text().empty() && azimuth.Text().empty()) {
+    if (format.secondaryMayBeMissing && items.At(kSlotSecondaryDip).Text().empty()
+        && items.At(kSlotSecondaryDirection).Text().empty()) {
         return LineStatus::Row;
     }
-    if (format.secondary == kSecondaryLine) {
-        status = ReadLine(dip, azimuth, format.isQuadrant, row.dip2, row.az2);
-    } else {
-        status = ReadPlane(dip, azimuth, items.At(kSlotSecondarySense).Text(), format, row.dip2,
-                           row.az2);
-    }
+    const LineStatus status = ReadOrientation(
+        items, kSlotSecondaryDip, format.secondary == kSecondaryPlane, row.dip2, row.az2);
     row.secondaryPresent = status == LineStatus::Row;
     if (row.secondaryPresent) {
         RoundAngle(row.dip2, row);
@@ -412,7 +420,7 @@ void ReadRow(const Items& items, ParsedRow& row) {
 
 [[gnu::flatten]] ParsedRow ParseLine(std::string_view line, const LineFormat& format) {
     ParsedRow row;
-    row.status = KindOfLine(line, format.delimiter);
+    row.status = KindOfLine(line, format);
     if (row.status != LineStatus::Row) {
         return row;
     }

@@ -28,7 +28,7 @@ enum class LineStatus : std::uint8_t {
     Row,
     Blank,
     ParameterLine,  ///< begins with "/"
-    Comment,        ///< begins with ";" or "*"
+    Comment,        ///< begins with ";" or "*", or a mark of the format
     NotData,        ///< holds no digit
     TooFewItems,    ///< fewer columns than the format needs
     NotQuadrant,    ///< an azimuth is not in quadrant notation

@@ -70,7 +70,7 @@ public:
             Tell("The indicated file cannot be opened\n" + path_ + "\n" + text.Error());
             return false;
         }
-        items_ = ReadParameterLines(*text);
+        items_ = ReadParameterLines(*text, gSettings.format.comments);
         const auto further = FurtherFilesOf(path_, items_.extraFiles);
         if (!further) {
             return false;
@@ -118,6 +118,7 @@ private:
         question.showSecondary = asked_ ? answer_.plotSecondary : items_.S.value_or(false);
         question.frequencyColumn = answer_.frequencyColumn;
         question.columnHeadings = gSettings.format.hasHeadings;
+        question.isRepeated = asked_;
         const bool isClear = saysAll_ && !asked_;
         asked_ = true;
         if (isClear && !items_.T) {
@@ -125,7 +126,7 @@ private:
         }
         const std::optional<FormatAnswer> answer =
             isClear ? FormatAnswer{question.showSecondary, question.columnHeadings,
-                                   question.frequencyColumn}
+                                   question.frequencyColumn, 0}
                     : gPlatform.prompts->AskFormat(question);
         if (answer) {
             answer_ = *answer;
@@ -401,8 +402,7 @@ std::string ReadTextFile(const std::string& command, const std::string& path, Fo
     const PlotBeforeLoad formerState = StateOf(ActiveRecord());
     TextLoad load(command, path, dialog);
     if (load.Run()) {
-        gSettings.format.negativePlunge =
-            UpwardLinesAfterText(formerFormat.format, load.Items(), gSettings.format);
+        gSettings.format = AfterText(formerFormat.format, load.Items(), gSettings.format);
         KeepLoad(ActivePlot(), LastLoad());
         return command;
     }

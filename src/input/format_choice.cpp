@@ -109,6 +109,8 @@ FormatChoice ChoiceOf(const FormatQuestion& question) {
     choice.nonNumericName = gFileAppNonNumName;
     choice.columns = gFileColumnSettings;
     choice.negativePlunge = gSettings.format.negativePlunge;
+    choice.comments = gSettings.format.comments;
+    choice.pairsInCells = gSettings.format.pairsInCells;
     choice.columnHeadings = question.columnHeadings;
     const bool joins = JoinsRows(question);
     choice.plotSecondary = joins ? ActiveRecord().ShowSecondary != 0 : question.showSecondary;
@@ -129,24 +131,31 @@ std::int16_t ConventionCode(const FormatChoice& choice) {
     return static_cast<std::int16_t>(choice.isQuadrant ? -code : code);
 }
 
-void SetGlobalSettings(const FormatChoice& choice) {
-    gConventions = ConventionCode(choice);
-    gFileDelimiter = choice.delimiter;
-    gPlaneSeparator = choice.planeSeparator;
-    gLineSeparator = choice.lineSeparator;
-    gPrimaryDataType = choice.primary;
-    gSecondaryDataType = choice.secondary;
-    gFileLineAppended = choice.lineAppended;
-    gFileNumericAppended = choice.numericAppended;
-    gFileNonNumericAppended = choice.nonNumericAppended;
-    gFileAppNumName = choice.numericName;
-    gFileAppNonNumName = choice.nonNumericName;
-    gFileColumnSettings = choice.columns;
-    gSettings.format.hasHeadings = choice.columnHeadings;
-    gSettings.format.negativePlunge = choice.negativePlunge;
+FormatSettings SettingsOf(const FormatChoice& choice, FormatSettings settings) {
+    settings.conventions = ConventionCode(choice);
+    settings.delimiter = choice.delimiter;
+    settings.planeSeparator = choice.planeSeparator;
+    settings.lineSeparator = choice.lineSeparator;
+    settings.primary = choice.primary;
+    settings.secondary = choice.secondary;
+    settings.lineAppended = choice.lineAppended;
+    settings.numericAppended = choice.numericAppended;
+    settings.nonNumericAppended = choice.nonNumericAppended;
+    settings.numericName = choice.numericName;
+    settings.nonNumericName = choice.nonNumericName;
+    settings.columns = choice.columns;
+    settings.hasHeadings = choice.columnHeadings;
+    settings.negativePlunge = choice.negativePlunge;
+    settings.comments = choice.comments;
+    settings.pairsInCells = choice.pairsInCells;
     if (choice.plotDataKind != kNoDataKind) {
-        gPlotDataKind = choice.plotDataKind;
+        settings.plotDataKind = choice.plotDataKind;
     }
+    return settings;
+}
+
+void SetGlobalSettings(const FormatChoice& choice) {
+    gSettings.format = SettingsOf(choice, gSettings.format);
 }
 
 LineFormat LineFormatOf(const FormatChoice& choice) {
@@ -166,6 +175,8 @@ LineFormat LineFormatOf(const FormatChoice& choice) {
     format.convertDecimals = gConvertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
     format.negativePlunge = choice.negativePlunge;
+    format.comments = choice.comments;
+    format.pairsInCells = choice.pairsInCells;
     return format;
 }
 

@@ -34,6 +34,8 @@ struct FormatChoice {
     bool lineIsTrendFirst = false;
     bool isQuadrant = false;
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd;
+    CommentMarks comments;
+    bool pairsInCells = false;
     std::string delimiter = "\t"; ///< empty is any
     std::string planeSeparator = "/";
     std::string lineSeparator = "-";
@@ -62,6 +64,9 @@ struct FormatChoice {
 /// The convention code: the plane convention, plus 10 for lines as trend, plunge, negative for
 /// quadrant notation. Inverse: DecodeConventions, but for the line order of a quadrant code.
 [[nodiscard]] std::int16_t ConventionCode(const FormatChoice& choice);
+
+/// The settings with the choice in them. Without a kind of plot that of the settings stays.
+[[nodiscard]] FormatSettings SettingsOf(const FormatChoice& choice, FormatSettings settings);
 
 /// Puts the choice into the globals of the format. Without a kind of plot the present one stays.
 void SetGlobalSettings(const FormatChoice& choice);

@@ -85,6 +85,8 @@ LineFormat LineFormatOf(const FormatSettings& settings, const NotationSettings& 
     format.convertDecimals = notation.convertDecimals;
     format.neededColumns = HighestColumnNeeded(format) + 1;
     format.negativePlunge = settings.negativePlunge;
+    format.comments = settings.comments;
+    format.pairsInCells = settings.pairsInCells;
     return format;
 }
 

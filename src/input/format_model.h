@@ -24,7 +24,7 @@ struct LineFormat {
     std::int16_t primary = kPrimaryPlane;  ///< PrimaryFormatCode; 0 counts as directions
     std::int16_t secondary = kNoSecondary; ///< SecondaryFormatCode
     int planeConvention = kDipDipDirection;
-    bool lineIsTrendFirst = false; ///< only for texts: the order in a line comes from the slots
+    bool lineIsTrendFirst = false; ///< in texts and in pairs; else the slots say the order
     bool isQuadrant = false;
     ColumnSettings slots = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
     char delimiter = '\t'; ///< or kAnyDelimiter
@@ -37,6 +37,8 @@ struct LineFormat {
     bool convertDecimals = false;       ///< numbers with the other one are read unasked
     int neededColumns = 2;              ///< HighestColumnNeeded + 1
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< the end that its trend names
+    CommentMarks comments;
+    bool pairsInCells = false; ///< values in one column are a pair
 };
 
 /// Decodes a convention code.

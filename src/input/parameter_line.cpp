@@ -63,6 +63,18 @@ std::optional<NegativePlunge> UpwardIn(std::string_view value) {
     return code ? std::optional(static_cast<NegativePlunge>(*code)) : std::nullopt;
 }
 
+std::optional<CommentMarks> CommentsIn(std::string_view value) {
+    constexpr std::int16_t kHash = 1;
+    constexpr std::int16_t kPercent = 2;
+    constexpr std::int16_t kSlashes = 4;
+    const std::optional<std::int16_t> sum = NumberInRange(value, 0, kHash + kPercent + kSlashes);
+    if (!sum) {
+        return std::nullopt;
+    }
+    const auto has = [&sum](std::int16_t mark) { return (*sum & mark) != 0; };
+    return CommentMarks{has(kHash), has(kPercent), has(kSlashes)};
+}
+
 // At most kLongestItemName characters of a name, on one line and without tabs.
 std::string NameOf(std::string_view text) {
     std::string name;
@@ -106,6 +118,8 @@ void TakeNumber(char item, std::string_view value, ParameterItems& items) {
         return Take(ConventionsIn(value), items.C);
     case 'U':
         return Take(UpwardIn(value), items.U);
+    case 'M':
+        return Take(CommentsIn(value), items.M);
     case '1':
         return Take(FormatCodeIn(value), items.one);
     case '2':
@@ -255,17 +269,20 @@ ParameterItems ParseParameterLine(std::string_view text) {
     return items;
 }
 
-ParameterItems ReadParameterLines(std::string_view text) {
+ParameterItems ReadParameterLines(std::string_view text, const CommentMarks& marks) {
     std::string joined;
+    CommentMarks inForce = marks;
     LineReader reader(text);
     for (std::string_view line; reader.Next(line);) {
         line = WithoutBlanks(line);
-        if (line.empty() || line.front() == ';' || line.front() == '*') {
+        if (line.empty() || line.front() == ';' || line.front() == '*'
+            || BeginsWithMark(line, inForce)) {
             continue;
         }
         if (line.front() != '/') {
             break;
         }
+        inForce = ParseParameterLine(line).M.value_or(inForce);
         joined.append(joined.empty() ? "" : "\t").append(line);
     }
     ParameterItems items = ParseParameterLine(joined);
@@ -311,8 +328,11 @@ FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& it
         settings.delimiter = "\t";
         settings.hasHeadings = false;
         settings.negativePlunge = NegativePlunge::LowerEnd;
+        settings.comments = {};
+        settings.pairsInCells = false;
     }
     settings.negativePlunge = items.U.value_or(settings.negativePlunge);
+    settings.comments = items.M.value_or(settings.comments);
     if (HasOldItems(items)) {
         // The columns are those of the file, even when the plot does not take all of them.
         FormatSettings ofFile = settings;
@@ -334,10 +354,16 @@ FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& i
     return settings;
 }
 
-NegativePlunge UpwardLinesAfterText(const FormatSettings& before, const ParameterItems& items,
-                                    const FormatSettings& now) {
-    const NegativePlunge ofText = WithFormatItems(before, items).negativePlunge;
-    return now.negativePlunge == ofText ? before.negativePlunge : now.negativePlunge;
+FormatSettings AfterText(const FormatSettings& before, const ParameterItems& items,
+                         FormatSettings now) {
+    const FormatSettings ofText = WithFormatItems(before, items);
+    if (now.negativePlunge == ofText.negativePlunge) {
+        now.negativePlunge = before.negativePlunge;
+    }
+    if (now.comments == ofText.comments) {
+        now.comments = before.comments;
+    }
+    return now;
 }
 
 void ApplyFormatItems(const ParameterItems& items) {

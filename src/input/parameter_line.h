@@ -48,6 +48,7 @@ struct ParameterItems {
     std::optional<std::int16_t> I;       ///< old item code, above 0
     std::optional<std::int16_t> C;       ///< conventions
     std::optional<NegativePlunge> U;     ///< which end the trend beside a negative plunge names
+    std::optional<CommentMarks> M;       ///< marks of comment lines, a sum: 1 "#", 2 "%", 4 "//"
     std::vector<std::string> extraFiles; ///< X: paths of further data files
     bool isOwnText = false;              ///< the file begins with kOwnTextStart
 };
@@ -58,38 +59,41 @@ struct ParameterItems {
 
 /// Parses the parameter lines of a text: those before its first line that is neither blank, nor a
 /// comment, nor a parameter line.
-[[nodiscard]] ParameterItems ReadParameterLines(std::string_view text);
+///
+/// @param marks  of comments, besides those that earlier parameter lines set
+[[nodiscard]] ParameterItems ReadParameterLines(std::string_view text,
+                                                const CommentMarks& marks = {});
 
 /// Writes a parameter line: items separated by tabs, with the line end CR LF.
 ///
 /// @param full  with the formats, the appended values and their names. Otherwise "/15" replaces
 ///              them, and rows hold only the primary orientation
 ///
-/// P is written as 0, C as 1, U as 0: rows are written in convention 1, with the trends of lower
-/// ends. I is 2, or 1 for directions without their formats. Pitches, trends and angles in a plane
-/// are written as the lines that they are read as. Inverse: ParseParameterLine.
+/// P is written as 0, C as 1, U as 0, M not at all: rows are written in convention 1, with the
+/// trends of lower ends. I is 2, or 1 for directions without their formats. Pitches, trends and
+/// angles in a plane are written as the lines that they are read as. Inverse: ParseParameterLine.
 [[nodiscard]] std::string BuildParameterText(const ParameterItems& items, bool full);
 
 /// The format changed by the items, except those for a new plot.
 ///
 /// Item I above 0, and item 1 of kOldFormats, first set both formats by the old code; the column
 /// slots then follow from the format (ColumnsInOrder). Texts that the program wrote have the tab as
-/// delimiter, no column headings and, unless they say otherwise, the trends of lower ends.
+/// delimiter, no column headings, no pairs in cells and, unless they say otherwise, the trends of
+/// lower ends and no marks of comments.
 [[nodiscard]] FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& items);
 
 /// The format changed by the items for a new plot: its kind, and which values are appended under
 /// which names.
 [[nodiscard]] FormatSettings WithNewPlotItems(FormatSettings settings, const ParameterItems& items);
 
-/// The setting of the trends beside negative plunges after a text has been read. What the text says
-/// about them is limited to the text: the former setting returns, unless the user has chosen
-/// another one meanwhile.
+/// The format after a text has been read. What the text says about the trends beside negative
+/// plunges and about the marks of comments is limited to the text: the former settings return,
+/// unless the user has chosen others meanwhile.
 ///
 /// @param before  the format before the items of the text were applied
 /// @param now     the format in which the text was read
-[[nodiscard]] NegativePlunge UpwardLinesAfterText(const FormatSettings& before,
-                                                  const ParameterItems& items,
-                                                  const FormatSettings& now);
+[[nodiscard]] FormatSettings AfterText(const FormatSettings& before, const ParameterItems& items,
+                                       FormatSettings now);
 
 /// Applies WithFormatItems to the format in force.
 void ApplyFormatItems(const ParameterItems& items);

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,12 @@ struct PlotPathAnswer {
     bool wholeDegrees = false; ///< a text has orientations in whole degrees
 };
 
+/// A table of a file that has several, such as a sheet, as text.
+struct NamedTable {
+    std::string name;
+    std::string text; ///< a line for each row, tabs between the cells; at least the first lines
+};
+
 /// The data format dialog, as the caller wants it opened.
 struct FormatQuestion {
     std::string path;         ///< the file whose first lines are shown; empty shows none
@@ -64,6 +71,8 @@ struct FormatQuestion {
     bool showSecondary = false;
     bool columnHeadings = false;
     bool frequencyColumn = false;
+    bool isRepeated = false;        ///< the format was asked for before: none is suggested now
+    std::vector<NamedTable> tables; ///< of the file; the user chooses one. Empty for texts
 };
 
 /// What the user left in the data format dialog. The format itself is in the global settings.
@@ -71,6 +80,7 @@ struct FormatAnswer {
     bool plotSecondary = false;
     bool columnHeadings = false;
     bool frequencyColumn = false;
+    std::size_t table = 0; ///< index in FormatQuestion::tables
 };
 
 /// How to treat a plot with unsaved data when several are closed.

@@ -26,6 +26,8 @@ protected:
         gPlaneSeparator = "\\";
         gLineSeparator = ":";
         gSettings.format.negativePlunge = NegativePlunge::Vector;
+        gSettings.format.comments = {true, false, true};
+        gSettings.format.pairsInCells = true;
         gPrimaryDataType = kPrimaryLine;
         gSecondaryDataType = kSecondaryPlane;
         gFileLineAppended = true;

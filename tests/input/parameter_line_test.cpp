@@ -240,7 +240,7 @@ TEST(WithNewPlotItems, SetsKindFlagsAndNames) {
     EXPECT_TRUE(WithNewPlotItems(settings, ParseParameterLine("/T1")).lineAppended);
 }
 
-TEST(UpwardLinesAfterText, WhatATextSaysHoldsForItAlone) {
+TEST(FormatAfterText, TheTrendsOfATextAreItsOwn) {
     struct WordCase {
         const char* text;
         NegativePlunge before;
@@ -261,10 +261,39 @@ TEST(UpwardLinesAfterText, WhatATextSaysHoldsForItAlone) {
         before.negativePlunge = expected.before;
         FormatSettings now;
         now.negativePlunge = expected.now;
-        EXPECT_EQ(UpwardLinesAfterText(before, ParseParameterLine(expected.text), now),
+        EXPECT_EQ(AfterText(before, ParseParameterLine(expected.text), now).negativePlunge,
                   expected.after)
             << expected.text;
     }
+}
+
+TEST(FormatAfterText, TheMarksOfCommentsOfATextAreItsOwn) {
+    constexpr CommentMarks kNone;
+    constexpr CommentMarks kHash{true, false, false};
+    constexpr CommentMarks kAll{true, true, true};
+    EXPECT_EQ(ParseParameterLine("/M1").M, kHash);
+    EXPECT_EQ(ParseParameterLine("/M7").M, kAll);
+    EXPECT_EQ(ParseParameterLine("/M0").M, kNone);
+    EXPECT_EQ(ParseParameterLine("/M8").M, std::nullopt);
+    FormatSettings before;
+    const FormatSettings ofText = WithFormatItems(before, ParseParameterLine("/M7"));
+    EXPECT_EQ(ofText.comments, kAll);
+    EXPECT_EQ(AfterText(before, ParseParameterLine("/M7"), ofText).comments, kNone);
+    before.comments = kHash;
+    EXPECT_EQ(WithFormatItems(before, ParseParameterLine("/T1")).comments, kHash);
+    EXPECT_EQ(WithFormatItems(before, ReadParameterLines(";Quandrel\n/T1\n")).comments, kNone)
+        << "rows that the program writes may begin with any mark";
+    FormatSettings chosen = before;
+    chosen.comments = {false, true, false};
+    EXPECT_EQ(AfterText(before, ParseParameterLine("/M7"), chosen).comments, chosen.comments)
+        << "chosen by the user";
+}
+
+TEST(ReadParameterLines, PassOverMarkedComments) {
+    constexpr CommentMarks kAll{true, true, true};
+    EXPECT_EQ(ReadParameterLines("# a\n/T2\n").T, std::nullopt);
+    EXPECT_EQ(ReadParameterLines("# a\n % b\n// /T1\n/T2\n", kAll).T, kLines);
+    EXPECT_EQ(ReadParameterLines("/M4\n// /T1\n/T2 /N2\n").T, kLines) << "marked from there on";
 }
 
 TEST(ApplyFormatItems, ChangesTheFormatInForce) {

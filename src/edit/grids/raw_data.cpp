@@ -47,9 +47,11 @@ bool IsWhole(std::string_view line) {
     return !text.empty() && (text[0] == ';' || text[0] == '*' || text[0] == '/');
 }
 
-/// True for a line that may come before a heading.
-bool IsOfHead(std::string_view line) {
-    return WithoutBlanks(line).empty() || IsWhole(line);
+/// True for a line that may come before a heading: a comment by any mark that formats can have.
+bool MayPrecedeHeading(std::string_view line) {
+    constexpr CommentMarks kAll{true, true, true};
+    const std::string_view text = WithoutBlanks(line);
+    return text.empty() || IsWhole(line) || BeginsWithMark(text, kAll);
 }
 
 std::size_t CountTokens(std::string_view line, char delimiter) {
@@ -111,9 +113,8 @@ void RawData::AddFile(RawFile file) {
     std::string_view line;
     bool isHead = true;
     for (std::int32_t number = 1; reader.Next(line); ++number) {
-        const bool isFirstOfData = isHead && !IsOfHead(line);
-        isHead = isHead && IsOfHead(line);
-        const bool isHeading = isFirstOfData && !heading_.empty() && line == heading_;
+        const bool isHeading = isHead && !heading_.empty() && line == heading_;
+        isHead = isHead && !isHeading && MayPrecedeHeading(line);
         headingDelimiter_ = isHeading ? added.delimiter : headingDelimiter_;
         lines_.push_back({static_cast<std::size_t>(line.data() - added.text.data()),
                           static_cast<std::uint32_t>(line.size()), place, number,

@@ -188,7 +188,7 @@ std::string HeadOfText(const std::string& text) {
 /// The format of a text; asks for it when the text does not state it and none was accepted before.
 /// Nothing when the user cancels.
 std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind kind) {
-    ParameterItems items = ReadParameterLines(text);
+    ParameterItems items = ReadParameterLines(text, gSettings.format.comments);
     items.isOwnText = kind != ClipboardKind::Foreign;
     if (kind == ClipboardKind::OwnRows
         || (kind == ClipboardKind::Companion && TellsItsFormat(items))) {
@@ -206,7 +206,7 @@ std::optional<PastedFormat> FindFormat(const std::string& text, ClipboardKind ki
         hasHeadings = answer->columnHeadings;
         AcceptedPasteFormat::now.showsSecondary = answer->plotSecondary;
         AcceptedPasteFormat::now.settings = gSettings.format;
-        gSettings.format.negativePlunge = UpwardLinesAfterText(before, items, gSettings.format);
+        gSettings.format = AfterText(before, items, gSettings.format);
     } else {
         hasHeadings = SuggestsHeadings(
             FirstLinesOfText(text, kPreviewLines),
