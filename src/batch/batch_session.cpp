@@ -7,6 +7,7 @@
 #include "batch/key_values.h"
 #include "batch/plot_commands.h"
 #include "batch/save_command.h"
+#include "batch/suggested_format.h"
 #include "core/data_format.h"
 #include "core/formulas.h"
 #include "core/messages.h"
@@ -70,6 +71,13 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
         }
         if (++formatQuestions_ > 1) {
             return std::nullopt;
+        }
+        if (stated_.isSuggested) {
+            const Result<FormatAnswer> answer = TakeSuggestedFormat(question);
+            if (!answer) {
+                log_ << answer.Error() << '\n';
+            }
+            return answer ? std::optional(*answer) : std::nullopt;
         }
         if (const std::string refusal = TakeDataKind(stated_, question.plotKindFromFile);
             !refusal.empty()) {

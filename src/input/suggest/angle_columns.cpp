@@ -15,7 +15,6 @@ namespace {
 
 constexpr double kSteepest = 90;
 constexpr double kHalfTurn = 180;
-constexpr double kFullTurn = 360;
 
 /// A column without a heading that could be an azimuth and not a dip.
 bool IsOnlyAzimuth(const ColumnEvidence& column) {
@@ -47,15 +46,13 @@ bool LiesIn(double dip, double dipDirection, double plunge, double trend) {
 } // namespace
 
 bool IsDip(const ColumnEvidence& column) {
-    return column.filled > 0 && column.IsMostly(column.numbers + column.dipsWithSense)
-           && column.least >= -kSteepest && column.most <= kSteepest;
+    return column.filled > 0 && column.IsMostly(column.steep);
 }
 
 bool IsAzimuth(const ColumnEvidence& column) {
     return column.filled > 0
            && (column.IsMostly(column.quadrants)
-               || (column.IsMostly(column.numbers) && column.least >= 0
-                   && column.most <= kFullTurn));
+               || (column.IsMostly(column.turns) && column.dipsWithSense == 0));
 }
 
 std::vector<AnglePair> PairsByValues(const std::vector<ColumnEvidence>& columns) {

@@ -6,7 +6,9 @@
 #include "input/data_line.h"
 #include "input/format_preview.h"
 #include "input/suggest/angle_columns.h"
+#include "input/suggest/further_columns.h"
 #include "input/suggest/heading_terms.h"
+#include "input/suggest/pair_columns.h"
 #include "input/suggest/table_columns.h"
 
 #include <algorithm>
@@ -34,6 +36,7 @@ constexpr double kInPlane = 0.88;       ///< no headings, but lines that lie in 
 constexpr double kPlanesByOrder = 0.45; ///< no headings: two columns that could be anything
 constexpr double kStrikesByOrder = 0.28;
 constexpr double kLinesByOrder = 0.25;
+constexpr double kLinesInQuadrants = 0.7;
 
 class Suggester {
 public:
@@ -45,6 +48,9 @@ public:
     [[nodiscard]] std::vector<FormatSuggestion> Made() && {
         AddRemembered();
         AddByHeadings();
+        if (found_.empty()) {
+            AddPairsInCells();
+        }
         if (found_.empty()) {
             AddByValues();
         }
@@ -64,17 +70,21 @@ private:
     [[nodiscard]] std::string ReasonOf(std::size_t column) const;
     [[nodiscard]] std::optional<std::size_t> SenseFor(const AnglePair& pair) const;
     [[nodiscard]] FormatChoice PlaneOf(const AnglePair& pair, int convention) const;
-    void SetColumn(FormatChoice& choice, int slot, std::size_t column) const;
-    void AddLine(FormatChoice& choice, const AnglePair& line) const;
-    void AddAppended(FormatChoice& choice) const;
     void Add(FormatChoice choice, double probability, std::vector<std::string> reasons);
     void AddRemembered();
     void AddByHeadings();
-    void AddHeadedPlanes(std::size_t dip, std::optional<AnglePair> line);
-    void AddStrikes(const AnglePair& pair, bool isRightHand, std::optional<AnglePair> line);
+    void AddHeadedPlanes(std::size_t dip);
+    void AddPlanes(const AnglePair& pair, double probability);
+    void AddStrikes(const AnglePair& pair, bool isRightHand);
+    void AddLines(const AnglePair& line, double probability);
+    void AddInclinations(std::size_t inclination);
+    [[nodiscard]] std::optional<std::size_t> HeadedDip() const;
+    void AddAzimuths(std::size_t column, double probability);
     void AddHeadedDirections();
     [[nodiscard]] std::optional<AnglePair> HeadedLine() const;
+    void AddPairsInCells();
     void AddByValues();
+    void AddDirections();
     void AddPair(const AnglePair& pair);
     void AddTwoPairs(const AnglePair& first, const AnglePair& second);
     void Check();
@@ -90,6 +100,7 @@ FormatChoice Suggester::Basis() const {
     FormatChoice choice = options_.base;
     choice.delimiter = table_.delimiter;
     choice.columnHeadings = table_.hasHeadings;
+    choice.comments = table_.comments;
     choice.isQuadrant = choice.lineAppended = false;
     choice.numericAppended = choice.nonNumericAppended = false;
     if (!options_.kindIsFixed) {
@@ -100,17 +111,8 @@ FormatChoice Suggester::Basis() const {
     return choice;
 }
 
-/// "column 2 is headed 'dip' and lies in 0..90".
 std::string Suggester::ReasonOf(std::size_t column) const {
-    const ColumnEvidence& evidence = table_.columns[column];
-    std::string reason = "column " + std::to_string(column + 1);
-    reason += evidence.heading.empty() ? "" : " is headed '" + evidence.heading + "' and";
-    if (evidence.IsMostly(evidence.quadrants)) {
-        return reason + " holds quadrants";
-    }
-    const auto whole = [](double value) { return std::to_string(std::lround(value)); };
-    return reason + " lies in " + whole(std::floor(evidence.least)) + ".."
-           + whole(std::ceil(evidence.most));
+    return ReasonOfColumn(table_.columns, column);
 }
 
 /// The column of the sense of dip: headed so, beside the pair, or the letters after the dip.
@@ -127,10 +129,6 @@ std::optional<std::size_t> Suggester::SenseFor(const AnglePair& pair) const {
     return std::nullopt;
 }
 
-void Suggester::SetColumn(FormatChoice& choice, int slot, std::size_t column) const {
-    choice.columns[static_cast<std::size_t>(slot)] = static_cast<std::int32_t>(column);
-}
-
 FormatChoice Suggester::PlaneOf(const AnglePair& pair, int convention) const {
     FormatChoice choice = Basis();
     choice.primary = kPrimaryPlane;
@@ -145,42 +143,14 @@ FormatChoice Suggester::PlaneOf(const AnglePair& pair, int convention) const {
     return choice;
 }
 
-void Suggester::AddLine(FormatChoice& choice, const AnglePair& line) const {
-    choice.secondary = kSecondaryLine;
-    SetColumn(choice, kSlotSecondaryDip, line.dip);
-    SetColumn(choice, kSlotSecondaryDirection, line.azimuth);
-}
-
-/// The first number and the first text of the other columns that have a heading.
-void Suggester::AddAppended(FormatChoice& choice) const {
-    for (std::size_t i = 0; i < table_.columns.size(); ++i) {
-        const ColumnEvidence& column = table_.columns[i];
-        const bool isFree =
-            column.meaning == Number || column.meaning == Text || column.meaning == None;
-        if (!isFree || column.heading.empty() || column.filled == 0
-            || !ItemsOfColumn(choice, static_cast<int>(i)).empty()) {
-            continue;
-        }
-        const bool isNumber = column.IsMostly(column.numbers);
-        if (isNumber && column.meaning != Text && !column.rises && !choice.numericAppended) {
-            choice.numericAppended = true;
-            choice.numericName = column.heading;
-            SetColumn(choice, kSlotNumber, i);
-        } else if (!isNumber && column.numbers == 0 && !choice.nonNumericAppended) {
-            choice.nonNumericAppended = true;
-            choice.nonNumericName = column.heading;
-            SetColumn(choice, kSlotText, i);
-        }
-    }
-}
-
 void Suggester::Add(FormatChoice choice, double probability, std::vector<std::string> reasons) {
     if (options_.kindIsFixed
         && (choice.primary != options_.base.primary
             || choice.secondary != options_.base.secondary)) {
         return;
     }
-    AddAppended(choice);
+    AddAppended(table_.columns, choice);
+    FollowOrder(choice);
     found_.push_back({std::move(choice), probability, std::move(reasons)});
 }
 
@@ -205,50 +175,88 @@ std::optional<AnglePair> Suggester::HeadedLine() const {
 }
 
 void Suggester::AddByHeadings() {
-    std::optional<AnglePair> line = HeadedLine();
-    if (const auto dip = Headed(Dip)) {
-        AddHeadedPlanes(*dip, line);
+    const std::optional<AnglePair> line = HeadedLine();
+    if (const auto dip = HeadedDip()) {
+        AddHeadedPlanes(*dip);
     } else if (line) {
-        FormatChoice choice = Basis();
-        choice.primary = kPrimaryLine;
-        SetColumn(choice, kSlotDip, line->dip);
-        SetColumn(choice, kSlotDirection, line->azimuth);
-        const ColumnEvidence& trend = table_.columns[line->azimuth];
-        choice.isQuadrant = trend.IsMostly(trend.quadrants);
-        Add(choice, kHeaded, {ReasonOf(line->dip), ReasonOf(line->azimuth)});
+        AddLines(*line, kHeaded);
+    } else if (const auto inclination = Headed(Inclination)) {
+        AddInclinations(*inclination);
     } else {
         AddHeadedDirections();
     }
 }
 
-void Suggester::AddHeadedPlanes(std::size_t dip, std::optional<AnglePair> line) {
-    const auto addDipDirection = [&](std::size_t azimuth, double probability) {
-        FormatChoice choice = PlaneOf({dip, azimuth}, kDipDipDirection);
-        std::vector<std::string> reasons = {ReasonOf(dip), ReasonOf(azimuth)};
-        if (line && line->azimuth != azimuth) {
-            AddLine(choice, *line);
-            reasons.insert(reasons.end(), {ReasonOf(line->dip), ReasonOf(line->azimuth)});
-        }
-        Add(choice, probability, std::move(reasons));
-    };
+void Suggester::AddLines(const AnglePair& line, double probability) {
+    FormatChoice choice = Basis();
+    choice.primary = kPrimaryLine;
+    SetColumn(choice, kSlotDip, line.dip);
+    SetColumn(choice, kSlotDirection, line.azimuth);
+    const ColumnEvidence& trend = table_.columns[line.azimuth];
+    choice.isQuadrant = trend.IsMostly(trend.quadrants);
+    std::vector<std::string> reasons = {ReasonOf(line.dip), ReasonOf(line.azimuth)};
+    if (table_.columns[line.dip].least < 0) {
+        choice.plotDataKind = kPolarLines;
+        choice.kindIsStated = true;
+        reasons.emplace_back("some lines point upward: they are polar");
+    }
+    if (trend.meaning == Declination) {
+        choice.negativePlunge = NegativePlunge::Vector;
+        reasons.emplace_back("a declination names the end that the vector points to");
+    }
+    Add(choice, probability, std::move(reasons));
+}
+
+/// A dip, or an inclination where a plane's azimuth or sense is headed.
+std::optional<std::size_t> Suggester::HeadedDip() const {
+    const auto dip = Headed(Dip);
+    const auto inclination = Headed(Inclination);
+    const bool isOfPlane = inclination
+                           && (Headed(DipDirection) || Headed(RightHandStrike) || Headed(Strike)
+                               || Headed(Sense) || table_.columns[*inclination].dipsWithSense > 0);
+    return dip || !isOfPlane ? dip : inclination;
+}
+
+/// An inclination without a word on planes: a plunge beside a declination or a trend, else either.
+void Suggester::AddInclinations(std::size_t inclination) {
+    constexpr double kPlanes = 0.5;
+    constexpr double kLines = 0.4;
+    if (const auto declination = Headed(Declination)) {
+        AddLines({inclination, *declination}, kHeaded);
+    } else if (const auto trend = Headed(Trend)) {
+        AddLines({inclination, *trend}, kHeaded);
+    } else if (const auto azimuth = Headed(Azimuth)) {
+        AddPlanes({inclination, *azimuth}, kPlanes);
+        AddLines({inclination, *azimuth}, kLines);
+    }
+}
+
+void Suggester::AddPlanes(const AnglePair& pair, double probability) {
+    FormatChoice choice = PlaneOf(pair, kDipDipDirection);
+    std::vector<std::string> reasons = {ReasonOf(pair.dip), ReasonOf(pair.azimuth)};
+    AddSecondary(table_.columns, choice, reasons);
+    Add(choice, probability, std::move(reasons));
+}
+
+void Suggester::AddHeadedPlanes(std::size_t dip) {
     if (const auto direction = Headed(DipDirection)) {
-        addDipDirection(*direction, kHeaded);
+        AddPlanes({dip, *direction}, kHeaded);
     } else if (const auto rightHand = Headed(RightHandStrike)) {
-        AddStrikes({dip, *rightHand}, true, line);
+        AddStrikes({dip, *rightHand}, true);
     } else if (const auto strike = Headed(Strike)) {
-        AddStrikes({dip, *strike}, false, line);
+        AddStrikes({dip, *strike}, false);
     } else if (const auto azimuth = Headed(Azimuth)) {
         if (SenseFor({dip, *azimuth})) {
-            AddStrikes({dip, *azimuth}, false, line);
+            AddStrikes({dip, *azimuth}, false);
         } else {
-            addDipDirection(*azimuth, kStatedBeside);
+            AddPlanes({dip, *azimuth}, kStatedBeside);
             Add(PlaneOf({dip, *azimuth}, kDipStrikeRightHand), 1 - kStatedBeside,
                 {ReasonOf(dip), ReasonOf(*azimuth), "an azimuth may be that of the strike"});
         }
     }
 }
 
-void Suggester::AddStrikes(const AnglePair& pair, bool isRightHand, std::optional<AnglePair> line) {
+void Suggester::AddStrikes(const AnglePair& pair, bool isRightHand) {
     const ColumnEvidence& strike = table_.columns[pair.azimuth];
     std::vector<std::string> reasons = {ReasonOf(pair.dip), ReasonOf(pair.azimuth)};
     int convention = kDipStrikeRightHand;
@@ -264,35 +272,48 @@ void Suggester::AddStrikes(const AnglePair& pair, bool isRightHand, std::optiona
                                  : "azimuths only below 180: strikes without a sense of dip");
     }
     FormatChoice choice = PlaneOf(pair, convention);
-    if (line && line->azimuth != pair.azimuth) {
-        AddLine(choice, *line);
-        reasons.insert(reasons.end(), {ReasonOf(line->dip), ReasonOf(line->azimuth)});
-    }
+    AddSecondary(table_.columns, choice, reasons);
     Add(choice, probability, std::move(reasons));
+}
+
+/// Directions; strikes and axial trends have azimuths below 180 only.
+void Suggester::AddAzimuths(std::size_t place, double probability) {
+    constexpr double kWind = 0.93;
+    const ColumnEvidence& column = table_.columns[place];
+    const bool isWind = Headed(Speed).has_value();
+    const bool goesAround = column.most > kHalfTurn || column.quadrants > 0;
+    FormatChoice choice = Basis();
+    choice.primary = kDirections;
+    SetColumn(choice, kSlotDirection, place);
+    choice.isQuadrant = column.IsMostly(column.quadrants);
+    choice.plotDataKind = goesAround || isWind ? kPolarLines : kLines;
+    choice.kindIsStated = true;
+    std::vector<std::string> reasons = {ReasonOf(place), "there is no dip and no plunge"};
+    if (isWind) {
+        reasons.emplace_back("a speed stands beside it");
+    } else {
+        reasons.emplace_back(goesAround ? "azimuths go around: directions"
+                                        : "azimuths only below 180: strikes or axial trends");
+    }
+    Add(choice, isWind ? std::max(probability, kWind) : probability, std::move(reasons));
 }
 
 void Suggester::AddHeadedDirections() {
     constexpr double kTrendAlone = 0.92;
     constexpr double kAzimuthAlone = 0.85;
     constexpr double kUnknownBeside = 0.5;
+    // A column of angles without a term may be the dip.
+    const bool mayHaveDips = std::ranges::any_of(table_.columns, [](const ColumnEvidence& one) {
+        return one.meaning == None && !one.rises && IsDip(one);
+    });
     for (const auto& [meaning, probability] :
          {std::pair{Trend, kTrendAlone}, std::pair{Azimuth, kAzimuthAlone},
           std::pair{Strike, kAzimuthAlone}, std::pair{DipDirection, kAzimuthAlone}}) {
         const auto column = Headed(meaning);
-        if (!column || !IsAzimuth(table_.columns[*column])) {
-            continue;
+        if (column && IsAzimuth(table_.columns[*column])) {
+            AddAzimuths(*column, mayHaveDips ? kUnknownBeside : probability);
+            return;
         }
-        FormatChoice choice = Basis();
-        choice.primary = kDirections;
-        SetColumn(choice, kSlotDirection, *column);
-        choice.isQuadrant = table_.columns[*column].IsMostly(table_.columns[*column].quadrants);
-        // A column of angles without a term may be the dip.
-        const bool mayHaveDips = std::ranges::any_of(table_.columns, [](const ColumnEvidence& one) {
-            return one.meaning == None && !one.rises && IsDip(one);
-        });
-        Add(choice, mayHaveDips ? kUnknownBeside : probability,
-            {ReasonOf(*column), "there is no dip and no plunge"});
-        return;
     }
 }
 
@@ -305,11 +326,13 @@ void Suggester::AddPair(const AnglePair& pair) {
         return;
     }
     reasons.emplace_back("there are no headings");
-    Add(PlaneOf(pair, kDipDipDirection), kPlanesByOrder, reasons);
-    Add(PlaneOf(pair, kDipStrikeRightHand), kStrikesByOrder, reasons);
+    // Planes in quadrants are strikes with a sense of dip; without one they are hardly planes.
+    const bool isQuadrant = table_.columns[pair.azimuth].quadrants > 0;
     FormatChoice line = PlaneOf(pair, kDipDipDirection);
     line.primary = kPrimaryLine;
-    Add(line, kLinesByOrder, std::move(reasons));
+    Add(line, isQuadrant ? kLinesInQuadrants : kLinesByOrder, reasons);
+    Add(PlaneOf(pair, kDipDipDirection), kPlanesByOrder, reasons);
+    Add(PlaneOf(pair, kDipStrikeRightHand), kStrikesByOrder, std::move(reasons));
 }
 
 void Suggester::AddTwoPairs(const AnglePair& first, const AnglePair& second) {
@@ -319,11 +342,31 @@ void Suggester::AddTwoPairs(const AnglePair& first, const AnglePair& second) {
         const double share = ShareInPlane(table_.rows, first, second, turn);
         if (share >= kMost) {
             FormatChoice choice = PlaneOf(first, convention);
-            AddLine(choice, second);
+            SetSecondaryLine(choice, second);
             Add(choice, kInPlane * share,
                 {ReasonOf(first.dip), ReasonOf(first.azimuth), ReasonOf(second.dip),
                  ReasonOf(second.azimuth), "the lines lie in the planes within 10 degrees"});
         }
+    }
+}
+
+void Suggester::AddPairsInCells() {
+    for (FormatSuggestion& one : SuggestionsOfPairs(table_, Basis())) {
+        Add(std::move(one.choice), one.probability, std::move(one.reasons));
+    }
+}
+
+/// A column of azimuths without a dip beside it.
+void Suggester::AddDirections() {
+    constexpr double kOnlyColumn = 0.7;
+    constexpr double kAmongOthers = 0.5;
+    const auto found = std::ranges::find_if(table_.columns, [](const ColumnEvidence& column) {
+        return column.meaning == None && !column.rises && IsAzimuth(column)
+               && (column.most > kSteepest || column.quadrants > 0);
+    });
+    if (found != table_.columns.end()) {
+        AddAzimuths(static_cast<std::size_t>(found - table_.columns.begin()),
+                    table_.columns.size() == 1 ? kOnlyColumn : kAmongOthers);
     }
 }
 
@@ -334,6 +377,9 @@ void Suggester::AddByValues() {
     }
     if (!pairs.empty() && found_.empty()) {
         AddPair(pairs.front());
+    }
+    if (found_.empty()) {
+        AddDirections();
     }
 }
 
@@ -367,13 +413,6 @@ void Suggester::Check() {
     std::erase_if(found_, [](const FormatSuggestion& one) { return one.probability <= 0; });
 }
 
-/// Whether a text says its own format.
-bool StatesItsFormat(std::span<const std::string> lines) {
-    return std::ranges::any_of(lines, [](const std::string& line) {
-        return line.starts_with(";Quandrel") || (line.starts_with("/") && !line.starts_with("//"));
-    });
-}
-
 /// The lines that are looked at.
 std::vector<std::string> SampleOf(std::span<const std::string> lines) {
     std::vector<std::string> sample(
@@ -388,6 +427,12 @@ std::vector<std::string> SampleOf(std::span<const std::string> lines) {
 }
 
 } // namespace
+
+bool StatesItsFormat(std::span<const std::string> lines) {
+    return std::ranges::any_of(lines, [](const std::string& line) {
+        return line.starts_with(";Quandrel") || (line.starts_with("/") && !line.starts_with("//"));
+    });
+}
 
 std::vector<FormatSuggestion> SuggestFormats(std::span<const std::string> lines,
                                              const SuggestionOptions& options) {

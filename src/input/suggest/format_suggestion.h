@@ -5,6 +5,7 @@
 #pragma once
 
 #include "input/format_choice.h"
+#include "input/remembered_formats.h"
 
 #include <cstddef>
 #include <span>
@@ -26,12 +27,6 @@ struct FormatSuggestion {
     bool decimalIsComma = false;      ///< most of the numbers with decimals have a comma
 };
 
-/// A format that was used for a file with these headings.
-struct RememberedFormat {
-    std::vector<std::string> headings;
-    FormatChoice choice;
-};
-
 struct SuggestionOptions {
     /// The rows join those of a plot: only formats with the primary and secondary data of `base`
     /// are suggested.
@@ -39,6 +34,9 @@ struct SuggestionOptions {
     FormatChoice base; ///< what a suggestion does not say is as here
     std::vector<RememberedFormat> remembered;
 };
+
+/// Whether a text says its own format: it has a parameter line, or is one that the program wrote.
+[[nodiscard]] bool StatesItsFormat(std::span<const std::string> lines);
 
 /// Formats for the lines of a text, the most probable first; at most one has kSureEnough. Empty for
 /// a text that states its format (a parameter line, or the program's own head), and for one without

@@ -23,12 +23,18 @@ enum class HeadingMeaning {
     Sense,           ///< of dip: N, SE
     Plunge,
     Trend,
-    Azimuth, ///< of whatever stands beside it
-    Pitch,   ///< angle of a line in its plane, from the strike
+    Azimuth,      ///< of whatever stands beside it
+    Inclination,  ///< a dip or a plunge
+    Declination,  ///< trend of the vector that an inclination belongs to
+    Pitch,        ///< angle of a line in its plane, from an end of the strike
+    AngleInPlane, ///< the same from 0 to 360, from the right-hand strike
     Coordinate,
     Identifier,
+    Frequency,
+    Speed,
     Number,
     Text,
+    Place, ///< a text that says where
 };
 
 /// A heading as the table has it: in lower case, without accents, units and everything that is not

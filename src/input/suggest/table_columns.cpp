@@ -3,6 +3,7 @@
 #include "input/suggest/table_columns.h"
 
 #include "input/format_preview.h"
+#include "input/paired_cell.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 
@@ -17,15 +18,33 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::array kTriedDelimiters = {"\t", ";", ",", " ", ""};
+constexpr std::array kTriedDelimiters = {"\t", ";", ",", " ", "", "/"};
 
-bool IsPassedOver(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) {
-        return true;
-    }
-    constexpr std::string_view kMarks = ";*#%/";
-    return kMarks.find(line[first]) != std::string_view::npos;
+std::string_view WithoutIndent(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t\r\n"), line.size()));
+    return line;
+}
+
+/// The marks of comments, which fewer than half of the lines begin with.
+CommentMarks MarksOf(std::span<const std::string> lines) {
+    const auto isFew = [&](const CommentMarks& mark) {
+        std::size_t marked = 0;
+        std::size_t written = 0;
+        for (const std::string& line : lines) {
+            const std::string_view text = WithoutIndent(line);
+            marked += BeginsWithMark(text, mark) ? 1U : 0U;
+            written += text.empty() ? 0U : 1U;
+        }
+        return marked > 0 && 2 * marked < written;
+    };
+    return {isFew({true, false, false}), isFew({false, true, false}), isFew({false, false, true})};
+}
+
+bool IsPassedOver(std::string_view line, const CommentMarks& marks) {
+    const std::string_view text = WithoutIndent(line);
+    constexpr std::string_view kAlways = ";*/";
+    return text.empty() || kAlways.find(text.front()) != std::string_view::npos
+           || BeginsWithMark(text, marks);
 }
 
 using Rows = std::vector<std::vector<std::string>>;
@@ -45,21 +64,22 @@ std::pair<std::size_t, std::size_t> UsualWidth(const Rows& rows) {
     return best;
 }
 
-Rows Divided(std::span<const std::string> lines, const std::string& delimiter) {
+bool EndsWithSeparator(const std::string& cell) {
+    return cell.ends_with(',') || cell.ends_with(';');
+}
+
+Rows Divided(std::span<const std::string> lines, const std::string& delimiter,
+             const CommentMarks& marks) {
     Rows rows;
     for (const std::string& line : lines) {
-        if (!IsPassedOver(line)) {
+        if (!IsPassedOver(line, marks)) {
             rows.push_back(CellsOfLine(line, delimiter));
+            if (delimiter == " " && std::ranges::any_of(rows.back(), EndsWithSeparator)) {
+                rows.back().clear(); // "13, N51E" has another delimiter
+            }
         }
     }
     return rows;
-}
-
-/// A row without a number or a direction in any cell, but with a word.
-bool IsHeading(const std::vector<std::string>& row) {
-    return !row.empty() && std::ranges::none_of(row, [](const std::string& cell) {
-        return NumberOfCell(cell) || QuadrantDegrees(cell);
-    });
 }
 
 /// The part of a cell before a sense: "45" of "45 SE". Nothing without a sense.
@@ -71,28 +91,52 @@ std::optional<double> DipBeforeSense(const std::string& cell) {
     return hasSense ? NumberOfCell(number) : std::nullopt;
 }
 
-void TakeNumber(double value, ColumnEvidence& column) {
-    const bool isFirst = column.numbers + column.dipsWithSense == 1;
-    column.least = isFirst ? value : std::min(column.least, value);
-    column.most = isFirst ? value : std::max(column.most, value);
+bool IsAngle(std::string_view text) {
+    return NumberOfCell(text) || QuadrantDegrees(text) || DipBeforeSense(std::string(text));
 }
 
-void TakeCell(const std::string& cell, ColumnEvidence& column) {
-    if (cell.empty()) {
-        return;
+/// A row without a number, a direction or a pair of them in any cell.
+bool IsHeading(const std::vector<std::string>& row) {
+    return !row.empty() && std::ranges::none_of(row, [](const std::string& cell) {
+        const auto pair = SplitPair(cell);
+        return IsAngle(cell) || (pair && IsAngle(pair->first) && IsAngle(pair->second));
+    });
+}
+
+/// The headings in the last comment before the rows, if it has at least one for each column.
+std::vector<std::string> HeadingsInComment(std::span<const std::string> lines,
+                                           const CommentMarks& marks, std::size_t width) {
+    std::string_view last;
+    for (const std::string& line : lines) {
+        const std::string_view text = WithoutIndent(line);
+        const bool isComment = IsPassedOver(line, marks);
+        if (!isComment && text.find_first_of("0123456789") != std::string_view::npos) {
+            break; // the first row
+        }
+        last = isComment && !text.empty() ? text : last;
     }
-    ++column.filled;
-    if (const auto number = NumberOfCell(cell)) {
-        ++column.numbers;
-        TakeNumber(*number, column);
-    } else if (const auto dip = DipBeforeSense(cell)) {
-        ++column.dipsWithSense;
-        TakeNumber(*dip, column);
-    } else if (IsValidSense(cell)) {
-        ++column.senses;
-    } else if (QuadrantDegrees(cell)) {
-        ++column.quadrants;
+    constexpr std::string_view kMarks = ";*#%/ \t";
+    last.remove_prefix(std::min(last.find_first_not_of(kMarks), last.size()));
+    for (const char* delimiter : kTriedDelimiters) {
+        std::vector<std::string> cells = CellsOfLine(std::string(last), delimiter);
+        const bool hasTerm = std::ranges::any_of(cells, [](const std::string& cell) {
+            return MeaningOfHeading(cell) != HeadingMeaning::None;
+        });
+        if (cells.size() >= width && IsHeading(cells) && hasTerm) {
+            return cells;
+        }
     }
+    return {};
+}
+
+void TakeNumber(double value, ColumnEvidence& column) {
+    const bool isFirst = column.numbers + column.dipsWithSense == 1;
+    constexpr double kSteepest = 90;
+    constexpr double kFullTurn = 360;
+    column.steep += std::abs(value) <= kSteepest ? 1U : 0U;
+    column.turns += value >= 0 && value <= kFullTurn ? 1U : 0U;
+    column.least = isFirst ? value : std::min(column.least, value);
+    column.most = isFirst ? value : std::max(column.most, value);
 }
 
 bool RisesEvenly(const Rows& rows, std::size_t column) {
@@ -150,6 +194,24 @@ std::vector<ColumnEvidence> EvidenceOf(const TextTable& table, std::size_t width
 
 } // namespace
 
+void TakeCell(const std::string& cell, ColumnEvidence& column) {
+    if (cell.empty()) {
+        return;
+    }
+    ++column.filled;
+    if (const auto number = NumberOfCell(cell)) {
+        ++column.numbers;
+        TakeNumber(*number, column);
+    } else if (const auto dip = DipBeforeSense(cell)) {
+        ++column.dipsWithSense;
+        TakeNumber(*dip, column);
+    } else if (IsValidSense(cell)) {
+        ++column.senses;
+    } else if (QuadrantDegrees(cell)) {
+        ++column.quadrants;
+    }
+}
+
 std::optional<double> NumberOfCell(std::string_view cell) {
     std::string text(WithoutBlanks(cell));
     for (const std::string_view degree : {"°", "º"}) {
@@ -165,26 +227,35 @@ std::optional<double> NumberOfCell(std::string_view cell) {
 
 std::optional<TextTable> TableOfText(std::span<const std::string> lines) {
     TextTable best;
+    best.comments = MarksOf(lines);
     std::size_t width = 0;
     std::size_t agreeing = 0;
-    for (const char* delimiter : kTriedDelimiters) {
-        Rows rows = Divided(lines, delimiter);
-        const auto [usual, count] = UsualWidth(rows);
-        // Nine of ten lines have to agree; a later delimiter must do better.
-        if (usual > 1 && 10 * count >= 9 * rows.size() && count > agreeing) {
-            best.rows = std::move(rows);
-            best.delimiter = delimiter;
-            width = usual;
-            agreeing = count;
+    for (const std::size_t least : {std::size_t{2}, std::size_t{1}}) {
+        for (const char* delimiter : kTriedDelimiters) {
+            Rows rows = Divided(lines, delimiter, best.comments);
+            const auto [usual, count] = UsualWidth(rows);
+            // Nine of ten lines have to agree; a later delimiter must do better by some lines.
+            if (usual >= least && 10 * count >= 9 * rows.size()
+                && count > agreeing + rows.size() / 50) {
+                best.rows = std::move(rows);
+                best.delimiter = delimiter;
+                width = usual;
+                agreeing = count;
+            }
+        }
+        if (agreeing > 0) {
+            break;
         }
     }
     if (best.rows.empty()) {
         return std::nullopt;
     }
     std::vector<std::string> headings;
-    if (IsHeading(best.rows.front())) {
+    if (IsHeading(best.rows.front()) && best.rows.front().size() >= width) {
         headings = best.rows.front();
         best.hasHeadings = true;
+    } else {
+        headings = HeadingsInComment(lines, best.comments, width);
     }
     std::erase_if(best.rows,
                   [width](const auto& row) { return row.size() != width || IsHeading(row); });

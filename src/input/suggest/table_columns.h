@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/format_settings.h"
 #include "input/suggest/heading_terms.h"
 
 #include <cstddef>
@@ -23,6 +24,8 @@ struct ColumnEvidence {
     std::size_t quadrants = 0;     ///< "N30E"
     std::size_t senses = 0;        ///< "SE"
     std::size_t dipsWithSense = 0; ///< "45 SE"
+    std::size_t steep = 0;         ///< numbers that can be a dip: -90 to 90
+    std::size_t turns = 0;         ///< numbers that can be an azimuth: 0 to 360
     double least = 0;              ///< of the numbers, those before a sense included
     double most = 0;
     bool rises = false; ///< evenly from row to row, as identifiers do
@@ -33,18 +36,22 @@ struct ColumnEvidence {
 
 /// The cells of some rows of a text.
 struct TextTable {
-    std::string delimiter; ///< as FormatChoice::delimiter
-    bool hasHeadings = false;
-    bool decimalIsComma = false;                ///< most of the numbers with decimals have a comma
+    std::string delimiter;       ///< as FormatChoice::delimiter
+    bool hasHeadings = false;    ///< as a line of their own; else they may be in the last comment
+    CommentMarks comments;       ///< that some lines begin with
+    bool decimalIsComma = false; ///< most of the numbers with decimals have a comma
     std::vector<std::vector<std::string>> rows; ///< without headings
     std::vector<ColumnEvidence> columns;
 };
 
+/// Adds a cell to what is known of its column.
+void TakeCell(const std::string& cell, ColumnEvidence& column);
+
 /// The number of a cell, with a decimal point or comma, and perhaps a degree sign.
 [[nodiscard]] std::optional<double> NumberOfCell(std::string_view cell);
 
-/// Divides lines into cells by the delimiter by which most lines have as many, and more than one.
-/// Blank lines, comments (";", "*", "#", "%", "//") and parameter lines are passed over; further
+/// Divides lines into cells by the delimiter by which most lines have as many, and more than one
+/// unless no delimiter does. Blank lines, comments and parameter lines are passed over; further
 /// headings between rows as well. Nothing for a text without a row.
 [[nodiscard]] std::optional<TextTable> TableOfText(std::span<const std::string> lines);
 

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+
+#include "batch/suggested_format.h"
+
+#include "core/plot_store.h"
+#include "core/settings_value.h"
+#include "input/suggest/format_suggestion.h"
+#include "input/suggest/suggestion_texts.h"
+#include "input/text_file.h"
+
+#include <string>
+#include <vector>
+
+namespace quandrel {
+
+Result<FormatAnswer> TakeSuggestedFormat(const FormatQuestion& question) {
+    const Result<std::vector<std::string>> lines =
+        question.text.empty()
+            ? FirstLines(question.path, kSuggestedFrom)
+            : Result<std::vector<std::string>>(FirstLinesOfText(question.text, kSuggestedFrom));
+    if (!lines) {
+        return Failure{lines.Error()};
+    }
+    SuggestionOptions options;
+    options.base = ChoiceOf(question);
+    options.kindIsFixed = JoinsRows(question);
+    FormatChoice choice = options.base;
+    if (!StatesItsFormat(*lines)) {
+        const std::vector<FormatSuggestion> suggestions = SuggestFormats(*lines, options);
+        if (suggestions.empty() || suggestions.front().probability < kSureEnough) {
+            return Failure{TextOfDoubt(suggestions)};
+        }
+        choice = suggestions.front().choice;
+        gDecimalIsComma = suggestions.front().decimalIsComma;
+    }
+    FollowPlotKind(choice);
+    SetGlobalSettings(choice);
+    FormatAnswer answer;
+    answer.plotSecondary = choice.plotSecondary;
+    answer.columnHeadings = choice.columnHeadings;
+    answer.frequencyColumn = choice.numericAppended && choice.numberIsFrequency;
+    return answer;
+}
+
+} // namespace quandrel
