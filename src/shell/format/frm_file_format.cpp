@@ -11,6 +11,8 @@
 #include "shell/controls/picture_box.h"
 #include "shell/controls/plain_tip.h"
 #include "shell/format/format_grid.h"
+#include "shell/format/sample_net.h"
+#include "shell/format/suggestion_line.h"
 #include "shell/styles/frm_symbol_select.h"
 #include "stereo/symbols.h"
 
@@ -18,7 +20,10 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace quandrel {
 
@@ -26,6 +31,8 @@ namespace {
 
 constexpr int kDialogWidth = 960;
 constexpr int kDialogHeight = 660;
+constexpr int kLargestHeight = 840;
+constexpr int kShareOfScreen = 82; ///< per cent
 constexpr double kSymbolScale = 110; ///< plot units from the centre of a symbol's box to its edge
 
 } // namespace
@@ -44,12 +51,16 @@ frmFileFormat::frmFileFormat(const FormatQuestion& question, QWidget* parent)
     MakePages();
     SetOrder();
     ReadFirstLines();
+    SuggestFormat();
     InitialiseOptButtons();
     DelimiterChanged();
     ConnectFormat();
     ConnectConventions();
     ConnectPlotAndButtons();
-    resize(kDialogWidth, kDialogHeight);
+    ConnectSuggestions();
+    // A larger screen has room for a larger net.
+    const int room = screen()->availableSize().height() * kShareOfScreen / 100;
+    resize(kDialogWidth, std::clamp(room, kDialogHeight, kLargestHeight));
     const int primary = choice_.primary;
     optPrimary[static_cast<std::size_t>(primary)]->setFocus();
 }
@@ -57,10 +68,10 @@ frmFileFormat::frmFileFormat(const FormatQuestion& question, QWidget* parent)
 void frmFileFormat::ReadFirstLines() {
     QString shown = "No file: the settings are for the next one";
     if (!question_.text.empty()) {
-        lines_ = FirstLinesOfText(question_.text, kPreviewLines);
+        lines_ = FirstLinesOfText(question_.text, kSuggestedFrom);
         shown = "First lines of the pasted text";
     } else if (!question_.path.empty()) {
-        Result<std::vector<std::string>> lines = FirstLines(question_.path, kPreviewLines);
+        Result<std::vector<std::string>> lines = FirstLines(question_.path, kSuggestedFrom);
         const QString title = QString::fromStdString(FileTitleOf(question_.path));
         if (lines) {
             lines_ = std::move(*lines);
@@ -72,6 +83,39 @@ void frmFileFormat::ReadFirstLines() {
     }
     previewTitle_ = shown;
     lblPreview->setText(shown);
+}
+
+std::vector<std::string> frmFileFormat::ShownLines() const {
+    const std::size_t count = std::min(lines_.size(), kPreviewLines);
+    return {lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+void frmFileFormat::SuggestFormat() {
+    ownChoice_ = choice_;
+    if (!question_.isRepeated && !choice_.kindIsStated) {
+        SuggestionOptions options;
+        options.kindIsFixed = joinsRows_;
+        options.base = choice_;
+        options.remembered = RememberedFormats();
+        suggestions_ = SuggestFormats(lines_, options);
+    }
+    const bool isSure = !suggestions_.empty() && suggestions_.front().probability >= kSureEnough;
+    if (isSure) {
+        choice_ = suggestions_.front().choice;
+        FollowPlotKind(choice_);
+    }
+    fraSuggestion->Show(suggestions_, isSure);
+}
+
+void frmFileFormat::TakeChoice(const FormatChoice& choice) {
+    choice_ = choice;
+    FollowPlotKind(choice_);
+    InitialiseOptButtons();
+    DelimiterChanged();
+}
+
+void frmFileFormat::LightRow(int row) {
+    netSample->Light(row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt);
 }
 
 FormatAnswer frmFileFormat::Answer() const {
@@ -118,7 +162,7 @@ void frmFileFormat::FormatChanged() {
 }
 
 void frmFileFormat::CheckMisMatch() {
-    const Doubt doubt = IsUnknownFile(question_.path, lines_) ? Doubt::All : Doubt::Misfits;
+    const Doubt doubt = IsUnknownFile(question_.path, ShownLines()) ? Doubt::All : Doubt::Misfits;
     std::vector<std::string> reasons = FormatMisfits(choice_, preview_, doubt);
     if (joinsRows_) {
         const std::vector<std::string> more = PlotMisfits(choice_, ActiveRecord());
@@ -144,7 +188,7 @@ void frmFileFormat::CheckMisMatch() {
 }
 
 void frmFileFormat::DelimiterChanged() {
-    preview_ = SplitPreview(lines_, choice_);
+    preview_ = SplitPreview(ShownLines(), choice_);
     ResetColumnCombos();
     CheckCombos();
     SetDataGrid();
@@ -181,6 +225,8 @@ bool frmFileFormat::CheckPlotType() {
 
 void frmFileFormat::SetDataGrid() {
     grdDataFormat->Show(preview_, choice_, palette());
+    netSample->Show(lines_, choice_);
+    netSample->setVisible(!lines_.empty());
 }
 
 std::int16_t frmFileFormat::SetConventions() const {
@@ -203,6 +249,9 @@ void frmFileFormat::accept() {
         FollowPlotKind(choice_);
     }
     SetGlobalSettings();
+    if (choice_.columnHeadings) {
+        RememberFormat({CellsOfLine(preview_.heading, choice_.delimiter), choice_});
+    }
     if (!SaveFormatSettings(chkSaveSettings[0]->isChecked(), chkSaveSettings[1]->isChecked(),
                             chkSaveSettings[2]->isChecked())) {
         Tell("The settings could not be saved.");

@@ -16,6 +16,7 @@
 #include "core/style_tables.h"
 #include "input/format_choice.h"
 #include "input/format_preview.h"
+#include "input/suggest/format_suggestion.h"
 #include "platform/prompts.h"
 #include "platform/surface.h"
 
@@ -38,6 +39,8 @@ namespace quandrel {
 
 class FormatGrid;
 class PictureBox;
+class SampleNet;
+class SuggestionLine;
 
 class frmFileFormat : public QDialog {
 public:
@@ -116,6 +119,10 @@ public:
     std::array<QCheckBox*, 3> chkSaveSettings{}; ///< columns, conventions, names
     QPushButton* cmdUseSaved;
     QPushButton* cmdInitialColumns;
+    SuggestionLine* fraSuggestion = nullptr;
+    SampleNet* netSample = nullptr;
+    std::array<QCheckBox*, 3> chkComments{}; ///< "#", "%", "//"
+    QCheckBox* chkPairs = nullptr;
     std::array<QRadioButton*, 7> optPlaneConv{}; ///< from index 1
     std::array<QLabel*, 7> lblPlaneSample{};     ///< an example of each, from index 1
     std::array<QRadioButton*, 2> optLineConv{};
@@ -149,6 +156,8 @@ private:
     [[nodiscard]] QGroupBox* MakePlaneConventionBox();
     [[nodiscard]] QGroupBox* MakeNegativePlungeBox();
     [[nodiscard]] QGroupBox* MakeSeparatorBox();
+    [[nodiscard]] QGroupBox* MakeCommentBox();
+    [[nodiscard]] QWidget* MakePreview();
     [[nodiscard]] QGroupBox* MakePlotBox();
     [[nodiscard]] QGroupBox* MakeSymbolBox();
     [[nodiscard]] QWidget* MakeFileLine();
@@ -160,8 +169,14 @@ private:
     void ConnectFormat();
     void ConnectConventions();
     void ConnectPlotAndButtons();
+    void ConnectSuggestions();
 
     void ReadFirstLines();
+    /// Looks for formats of the lines, and fills the dialog with one that is sure.
+    void SuggestFormat();
+    void TakeChoice(const FormatChoice& choice);
+    void LightRow(int row);
+    [[nodiscard]] std::vector<std::string> ShownLines() const;
     [[nodiscard]] FormatChoice ChoiceOfControls() const;
     void FormatChanged();
     void ChoosePlotKind(std::int16_t kind);
@@ -177,8 +192,10 @@ private:
     FormatQuestion question_;
     FormatChoice choice_;
     bool joinsRows_;
-    std::vector<std::string> lines_; ///< of the file
-    QString previewTitle_;           ///< the full title of the preview
+    FormatChoice ownChoice_;         ///< without a suggestion
+    std::vector<std::string> lines_; ///< of the file, the first ones
+    std::vector<FormatSuggestion> suggestions_;
+    QString previewTitle_; ///< the full title of the preview
     FormatPreview preview_;
     std::array<int, 2> symbolRows_; ///< rows of gSymbolTable
     std::array<SymbolRow, 2> symbols_;

@@ -69,6 +69,10 @@ void frmFileFormat::InitialiseOptButtons() {
     optLineConv[choice.lineIsTrendFirst ? 1 : 0]->setChecked(true);
     optDirnConv[choice.isQuadrant ? 0 : 1]->setChecked(true);
     optNegativePlunge[static_cast<std::size_t>(choice.negativePlunge)]->setChecked(true);
+    chkComments[0]->setChecked(choice.comments.hash);
+    chkComments[1]->setChecked(choice.comments.percent);
+    chkComments[2]->setChecked(choice.comments.slashes);
+    chkPairs->setChecked(choice.pairsInCells);
     ShowInList(*cboSeparator[0], choice.planeSeparator);
     ShowInList(*cboSeparator[1], choice.lineSeparator);
     const QString delimiter = QString::fromStdString(choice.delimiter);
@@ -95,6 +99,9 @@ FormatChoice frmFileFormat::ChoiceOfControls() const {
     choice.isQuadrant = optDirnConv[0]->isChecked();
     choice.negativePlunge =
         optNegativePlunge[1]->isChecked() ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
+    choice.comments = {chkComments[0]->isChecked(), chkComments[1]->isChecked(),
+                       chkComments[2]->isChecked()};
+    choice.pairsInCells = chkPairs->isChecked();
     choice.planeSeparator = cboSeparator[0]->currentText().toStdString();
     choice.lineSeparator = cboSeparator[1]->currentText().toStdString();
     choice.delimiter = cboDelim->currentData().toString().toStdString();

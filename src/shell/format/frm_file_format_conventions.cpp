@@ -97,6 +97,21 @@ QGroupBox* frmFileFormat::MakeNegativePlungeBox() {
     return box;
 }
 
+QGroupBox* frmFileFormat::MakeCommentBox() {
+    auto* box = MakeGroup("fraComments", "Co&mment lines begin with");
+    auto* layout = new QHBoxLayout(box);
+    constexpr const char* kMarks[] = {"#", "%", "//"};
+    for (int mark = 0; mark < 3; ++mark) {
+        auto* option = new QCheckBox(kMarks[mark]);
+        option->setObjectName(Numbered("chkComments", mark));
+        option->setToolTip("Lines that begin so are not read, like those with ; and *");
+        layout->addWidget(option);
+        chkComments[static_cast<std::size_t>(mark)] = option;
+    }
+    layout->addStretch(1);
+    return box;
+}
+
 QWidget* frmFileFormat::MakeConventionsPage() {
     auto* lines = MakeGroup("fraLineConv", "Lines are &written as");
     auto* lineLayout = new QVBoxLayout(lines);
@@ -116,6 +131,10 @@ QWidget* frmFileFormat::MakeConventionsPage() {
         optDirnConv[static_cast<std::size_t>(code)] = option;
         notationLayout->addWidget(option);
     }
+    chkPairs = new QCheckBox("A cell hold&s both angles: 045/60NE");
+    chkPairs->setObjectName("chkPairs");
+    chkPairs->setToolTip("Where both angles of an orientation have the same column, its cells are "
+                         "split at /, :, @, - or a blank");
     chkSaveSettings[1] = new QCheckBox("Save Conventions settin&gs");
     chkSaveSettings[1]->setObjectName("chkSaveSettings_1");
     chkSaveSettings[1]->setToolTip("On OK conventions, separators and delimiter are kept for the "
@@ -128,8 +147,10 @@ QWidget* frmFileFormat::MakeConventionsPage() {
     layout->addWidget(notation, 1, 1);
     layout->addWidget(MakeSeparatorBox(), 2, 1);
     layout->addWidget(MakeNegativePlungeBox(), 3, 0, 1, 2);
-    layout->addWidget(lblConventions, 4, 0);
-    layout->addWidget(chkSaveSettings[1], 4, 1, Qt::AlignRight);
+    layout->addWidget(MakeCommentBox(), 4, 0);
+    layout->addWidget(chkPairs, 4, 1);
+    layout->addWidget(lblConventions, 5, 0);
+    layout->addWidget(chkSaveSettings[1], 5, 1, Qt::AlignRight);
     layout->setColumnStretch(0, 1);
     layout->setRowStretch(2, 1);
     return page;

@@ -7,6 +7,8 @@
 #include "shell/controls/text_boxes.h"
 #include "shell/format/format_grid.h"
 #include "shell/format/frm_file_format.h"
+#include "shell/format/sample_net.h"
+#include "shell/format/suggestion_line.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -101,17 +103,30 @@ void frmFileFormat::MakePages() {
     auto* top = new QHBoxLayout;
     top->addWidget(tabConventions, 1);
     top->addLayout(side);
-    grdDataFormat = new FormatGrid(this);
-    grdDataFormat->setObjectName("grdDataFormat");
-    grdDataFormat->setAccessibleName("First lines of the file");
+    fraSuggestion = new SuggestionLine(this);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(fraSuggestion);
     layout->addLayout(top);
     layout->addWidget(MakeFileLine());
     layout->addWidget(MakeMismatchLine());
     layout->addWidget(lblPreview);
-    layout->addWidget(grdDataFormat, 1);
+    layout->addWidget(MakePreview(), 1);
     layout->addWidget(MakeButtonLine());
     cmdButtons[0]->setDefault(true);
+}
+
+/// The first lines as a table, and as a net beside it.
+QWidget* frmFileFormat::MakePreview() {
+    grdDataFormat = new FormatGrid(this);
+    grdDataFormat->setObjectName("grdDataFormat");
+    grdDataFormat->setAccessibleName("First lines of the file");
+    netSample = new SampleNet(this);
+    auto* both = new QWidget;
+    auto* layout = new QHBoxLayout(both);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(grdDataFormat, 1);
+    layout->addWidget(netSample);
+    return both;
 }
 
 void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
@@ -139,7 +154,7 @@ QWidget* frmFileFormat::MakeColumnsPage() {
     boxes->addWidget(MakePrimaryBox(), 3);
     boxes->addWidget(MakeSecondaryBox(), 4);
     boxes->addWidget(MakeAppendedBox(), 4);
-    chkSaveSettings[0] = new QCheckBox("Save col&umn settings");
+    chkSaveSettings[0] = new QCheckBox("Save colu&mn settings");
     chkSaveSettings[0]->setObjectName("chkSaveSettings_0");
     chkSaveSettings[0]->setToolTip("On OK the columns are kept for the next start of the program");
     chkSaveSettings[2] = new QCheckBox("Save &name settings");

@@ -5,6 +5,8 @@
 #include "shell/controls/control_kit.h"
 #include "shell/format/format_grid.h"
 #include "shell/format/frm_file_format.h"
+#include "shell/format/sample_net.h"
+#include "shell/format/suggestion_line.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,6 +22,9 @@ void frmFileFormat::SetOrder() {
         return std::span(cboColumns).subspan(from, to - from);
     };
     TabOrder()
+        .Then(std::array<QWidget*, 3>{fraSuggestion->cboSuggestions,
+                                      fraSuggestion->cmdUseSuggestion,
+                                      fraSuggestion->cmdOwnSettings})
         .Then(tabConventions)
         .Then(optPrimary)
         .Then(columns(0, kSlotSecondaryDip))
@@ -31,9 +36,11 @@ void frmFileFormat::SetOrder() {
         .Then(std::array<QWidget*, 4>{cmdInitialColumns, cmdUseSaved, chkSaveSettings[0],
                                       chkSaveSettings[2]})
         .Then(optPlaneConv)
-        .Then(std::array<QWidget*, 9>{optLineConv[1], optLineConv[0], optDirnConv[0],
-                                      optDirnConv[1], optNegativePlunge[0], optNegativePlunge[1],
-                                      cboSeparator[0], cboSeparator[1], chkSaveSettings[1]})
+        .Then(std::array<QWidget*, 8>{optLineConv[1], optLineConv[0], optDirnConv[0],
+                                      optDirnConv[1], cboSeparator[0], cboSeparator[1],
+                                      optNegativePlunge[0], optNegativePlunge[1]})
+        .Then(chkComments)
+        .Then(std::array<QWidget*, 2>{chkPairs, chkSaveSettings[1]})
         .Then(cmdDataType)
         .Then(std::array<QWidget*, 8>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboDelim,
                                       chkTableHeadings, grdDataFormat, cmdButtons[0],
@@ -89,6 +96,10 @@ void frmFileFormat::ConnectConventions() {
             DelimiterChanged();
         }
     };
+    for (QCheckBox* mark : chkComments) {
+        connect(mark, &QAbstractButton::toggled, this, resplit);
+    }
+    connect(chkPairs, &QAbstractButton::toggled, this, [this] { FormatChanged(); });
     connect(cboDelim, &QComboBox::currentIndexChanged, this, resplit);
     connect(chkTableHeadings, &QAbstractButton::toggled, this, resplit);
 }
@@ -98,6 +109,21 @@ void frmFileFormat::resizeEvent(QResizeEvent* event) {
     // A long name is shortened in the middle, with an ellipsis.
     lblPreview->setText(
         lblPreview->fontMetrics().elidedText(previewTitle_, Qt::ElideMiddle, lblPreview->width()));
+}
+
+void frmFileFormat::ConnectSuggestions() {
+    fraSuggestion->onUse = [this](std::size_t number) { TakeChoice(suggestions_[number].choice); };
+    fraSuggestion->onBack = [this] { TakeChoice(ownChoice_); };
+    grdDataFormat->setMouseTracking(true);
+    connect(grdDataFormat, &QTableWidget::cellEntered, this, [this](int row) { LightRow(row); });
+    connect(grdDataFormat, &QTableWidget::currentCellChanged, this,
+            [this](int row) { LightRow(row); });
+    netSample->onPointed = [this](std::optional<std::size_t> line) {
+        if (line && static_cast<int>(*line) < grdDataFormat->rowCount()) {
+            grdDataFormat->selectRow(static_cast<int>(*line));
+            grdDataFormat->scrollToItem(grdDataFormat->item(static_cast<int>(*line), 0));
+        }
+    };
 }
 
 void frmFileFormat::ConnectPlotAndButtons() {

@@ -369,6 +369,7 @@ TEST_F(FileFormatTest, LoadsAFileAsTheDialogSays) {
     int headings = 0;
     prompts.OnFormat([&](const FormatQuestion& question) -> std::optional<FormatAnswer> {
         frmFileFormat& dialog = Open(question);
+        Press("cmdOwnSettings");
         Press("chkTableHeadings");
         Press("optPlaneConv_2");
         Choose(kSlotDirection, 1);
