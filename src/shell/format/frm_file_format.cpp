@@ -32,7 +32,7 @@ namespace {
 constexpr int kDialogWidth = 960;
 constexpr int kDialogHeight = 660;
 constexpr int kLargestHeight = 840;
-constexpr int kShareOfScreen = 82; ///< per cent
+constexpr int kShareOfScreen = 82;   ///< per cent
 constexpr double kSymbolScale = 110; ///< plot units from the centre of a symbol's box to its edge
 
 } // namespace

@@ -157,7 +157,6 @@ private:
     [[nodiscard]] QGroupBox* MakeNegativePlungeBox();
     [[nodiscard]] QGroupBox* MakeSeparatorBox();
     [[nodiscard]] QGroupBox* MakeCommentBox();
-    [[nodiscard]] QWidget* MakePreview();
     [[nodiscard]] QGroupBox* MakePlotBox();
     [[nodiscard]] QGroupBox* MakeSymbolBox();
     [[nodiscard]] QWidget* MakeFileLine();

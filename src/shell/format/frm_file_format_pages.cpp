@@ -96,37 +96,29 @@ void frmFileFormat::MakePages() {
     tabConventions->setObjectName("tabConventions");
     tabConventions->addTab(MakeColumnsPage(), "&Columns");
     tabConventions->addTab(MakeConventionsPage(), "Con&ventions");
+    netSample = new SampleNet(this);
     auto* side = new QVBoxLayout;
     side->addWidget(MakePlotBox());
     side->addWidget(MakeSymbolBox());
-    side->addStretch(1);
-    auto* top = new QHBoxLayout;
-    top->addWidget(tabConventions, 1);
-    top->addLayout(side);
-    fraSuggestion = new SuggestionLine(this);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(fraSuggestion);
-    layout->addLayout(top);
-    layout->addWidget(MakeFileLine());
-    layout->addWidget(MakeMismatchLine());
-    layout->addWidget(lblPreview);
-    layout->addWidget(MakePreview(), 1);
-    layout->addWidget(MakeButtonLine());
-    cmdButtons[0]->setDefault(true);
-}
-
-/// The first lines as a table, and as a net beside it.
-QWidget* frmFileFormat::MakePreview() {
+    side->addWidget(netSample, 1);
     grdDataFormat = new FormatGrid(this);
     grdDataFormat->setObjectName("grdDataFormat");
     grdDataFormat->setAccessibleName("First lines of the file");
-    netSample = new SampleNet(this);
-    auto* both = new QWidget;
-    auto* layout = new QHBoxLayout(both);
-    layout->setContentsMargins(0, 0, 0, 0);
+    fraSuggestion = new SuggestionLine(this);
+    auto* top = new QGridLayout;
+    constexpr int kTopRows = 4;
+    top->addWidget(tabConventions, 0, 0);
+    top->addWidget(MakeFileLine(), 1, 0);
+    top->addWidget(MakeMismatchLine(), 2, 0);
+    top->addWidget(lblPreview, kTopRows - 1, 0);
+    top->addLayout(side, 0, 1, kTopRows, 1);
+    top->setColumnStretch(0, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(fraSuggestion);
+    layout->addLayout(top);
     layout->addWidget(grdDataFormat, 1);
-    layout->addWidget(netSample);
-    return both;
+    layout->addWidget(MakeButtonLine());
+    cmdButtons[0]->setDefault(true);
 }
 
 void frmFileFormat::AddSelector(QGroupBox* box, int slot) {

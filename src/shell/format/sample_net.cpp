@@ -16,8 +16,7 @@ namespace quandrel {
 
 namespace {
 
-constexpr int kSmallestSide = 50;
-constexpr int kLargestSide = 320;
+constexpr int kSmallestSide = 110;
 constexpr double kReachInPixels = 6;
 
 QString CaptionOf(const FormatSample& sample) {
@@ -43,7 +42,7 @@ SampleNet::SampleNet(QWidget* parent)
     picSample_->setMouseTracking(true);
     lblSample_->setAlignment(Qt::AlignHCenter);
     lblSample_->setParent(this);
-    setMinimumHeight(kSmallestSide + lblSample_->sizeHint().height());
+    setMinimumSize(kSmallestSide, kSmallestSide + lblSample_->sizeHint().height());
     picSample_->onStale = [this] { Draw(); };
     picSample_->onOverlay = [this](Surface& surface) {
         if (lit_) {
@@ -65,14 +64,13 @@ void SampleNet::Show(std::span<const std::string> lines, const FormatChoice& cho
     Draw();
 }
 
-/// The net is a square as high as the room above its caption.
+/// The net is the largest square above its caption.
 void SampleNet::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const int caption = lblSample_->sizeHint().height();
-    const int side = std::clamp(height() - caption, kSmallestSide, kLargestSide);
-    picSample_->setGeometry(0, 0, side, side);
-    lblSample_->setGeometry(0, side, side, caption);
-    setFixedWidth(side);
+    const int side = std::max(std::min(width(), height() - caption), kSmallestSide);
+    picSample_->setGeometry((width() - side) / 2, 0, side, side);
+    lblSample_->setGeometry(0, side, width(), caption);
 }
 
 void SampleNet::Light(std::optional<std::size_t> line) {
