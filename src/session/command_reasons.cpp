@@ -47,6 +47,7 @@ constexpr auto kReasons = std::to_array<Reason>({
     {"mnuKinematicPlots", Case::Any, kNoRows},
     {"mnuViewUnplotted", Case::Any, "All lines of the file were plotted."},
     {"mnuViewRawData", Case::Any, "The plot is not from a text file."},
+    {"mnuViewBestGirdle", Case::Net, kNoRows},
     {"mnuViewConfidence", Case::Net, "The rows have no confidence cone."},
     {"mnuMapinfo_1", Case::Any, "No map session is linked."},
     {"mnu", Case::Rose, kNotForRoses},

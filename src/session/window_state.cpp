@@ -8,6 +8,7 @@
 #include "drawing/layer_rows.h"
 #include "drawing/symbol_choice.h"
 #include "edit/history/undo.h"
+#include "edit/marks/girdles.h"
 #include "edit/rows/clipboard_text.h"
 #include "edit/selection/marquee.h"
 #include "persistence/binary_plot_file.h"
@@ -141,6 +142,7 @@ ToolbarState StateOfToolbar() {
     SetFormulaItems(state, record);
     SetStyleItems(state, record);
     state.annotations = {HasAnnotations(record), record.ShowAnnotations != 0};
+    state.bestGirdle = {state.isStereo && state.hasRows, IsGirdleShown(kGirdleItem)};
     state.confidenceCone = {state.isStereo
                                 && ConfidenceConeAngle(record, FormulasInForce(record)).has_value(),
                             record.ShowConfidenceCone};
@@ -220,12 +222,11 @@ UndoState StateOfUndo() {
 
 PasteState StateOfPaste() {
     PasteState state;
-    if (!IsOpenSlot(gActivePlot)) {
-        return state;
-    }
-    if (const ClipboardKind kind = KindOfClipboard(); kind != ClipboardKind::Empty) {
+    const ClipboardKind kind = KindOfClipboard();
+    const bool hasPlot = CountOpenPlots() > 0;
+    if (kind != ClipboardKind::Empty && (hasPlot || kind != ClipboardKind::Marks)) {
         state.enabled = true;
-        state.caption = PasteCaption(kind);
+        state.caption = hasPlot ? PasteCaption(kind) : "&Paste as plot";
     }
     return state;
 }

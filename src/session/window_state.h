@@ -36,6 +36,7 @@ struct ToolbarState {
     std::array<ControlState, 4> styles;   ///< in the order of StandardStyles()
     bool hasOwnStyle = false;             ///< the plot's style is that of a file
     ControlState annotations;
+    ControlState bestGirdle;
     ControlState confidenceCone;
     bool intersections = false; ///< each row holds two planes
     bool gridDensity = false;   ///< the mode in force counts on the grid

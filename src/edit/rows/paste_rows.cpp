@@ -266,16 +266,17 @@ PasteReport PasteRows(const std::string& text, const PastedFormat& format) {
     return report;
 }
 
-void PasteRowText(const std::string& text, ClipboardKind kind) {
+/// Pastes rows after the questions about their format. False when no row was pasted.
+bool PasteRowText(const std::string& text, ClipboardKind kind) {
     const FormatBefore former;
     const std::optional<PastedFormat> format = FindFormat(text, kind);
     if (!format) {
         former.PutBack();
-        return;
+        return false;
     }
     const std::optional<std::string> question = QuestionBeforePaste(ActiveRecord(), *format);
     if (question && !AskYes(*question)) {
-        return;
+        return false;
     }
     const PasteReport report = PasteRows(text, *format);
     if (report.pasted == 0 && !format->isOwn) {
@@ -286,6 +287,21 @@ void PasteRowText(const std::string& text, ClipboardKind kind) {
     }
     if (report.pasted > 0 && ActiveRecord().HasAppendedText != 0) {
         WarnOfDecimalMismatch(report.pasted);
+    }
+    return report.pasted > 0;
+}
+
+/// Pastes annotations onto their layer, after a question where it is not the active one.
+void PasteMarkText(const std::string& text) {
+    if (ActiveRecord().PlotKind == kRose) {
+        Tell("The data on the clipboard is annotation data, and a rose has no annotations.");
+        return;
+    }
+    if (gActiveLayer == kAnnotationLayer
+        || AskYes("The data on the clipboard is annotation data. Plot it in the annotation "
+                  "layer?")) {
+        UseLayer(kAnnotationLayer);
+        PasteAnnotationText(text);
     }
 }
 
@@ -313,31 +329,26 @@ std::string NoteOnPaste(const PasteReport& report) {
 }
 
 void PasteData() {
+    static_cast<void>(PasteText(gPlatform.clipboard->Text().value_or("")));
+}
+
+bool PasteText(const std::string& text) {
     if (gBusy || !IsOpenSlot(gActivePlot)) {
-        return;
+        return false;
     }
-    const std::string text = gPlatform.clipboard->Text().value_or("");
     const ClipboardKind kind = KindOfClipboardText(text);
     if (kind == ClipboardKind::Empty) {
-        return;
+        return false;
     }
-    if (kind != ClipboardKind::Marks) {
-        try {
-            PasteRowText(text, kind);
-        } catch (const std::bad_alloc&) {
-            Tell("There is not enough memory to paste these data.");
-        }
-        return;
+    if (kind == ClipboardKind::Marks) {
+        PasteMarkText(text);
+        return false;
     }
-    if (ActiveRecord().PlotKind == kRose) {
-        Tell("The data on the clipboard is annotation data, and a rose has no annotations.");
-        return;
-    }
-    if (gActiveLayer == kAnnotationLayer
-        || AskYes("The data on the clipboard is annotation data. Plot it in the annotation "
-                  "layer?")) {
-        UseLayer(kAnnotationLayer);
-        PasteAnnotationText(text);
+    try {
+        return PasteRowText(text, kind);
+    } catch (const std::bad_alloc&) {
+        Tell("There is not enough memory to paste these data.");
+        return false;
     }
 }
 

@@ -44,6 +44,11 @@ struct AcceptedPasteFormat {
 /// nothing while a long loop runs, or with an empty clipboard.
 void PasteData();
 
+/// The same with a text from elsewhere.
+///
+/// @return false when no row was pasted
+bool PasteText(const std::string& text);
+
 /// Makes the next foreign text ask for its format in the data format dialog again.
 void ForgetPasteFormat();
 

@@ -117,7 +117,8 @@ frmIntro::frmIntro(QWidget* parent, const RecentPictures& pictures,
     }
     layout->addSpacing(10);
     layout->addLayout(recent_);
-    layout->addWidget(SetLine(new NoteLabel("Files can be dropped here, too."), 0.9));
+    layout->addWidget(SetLine(
+        new NoteLabel("Files and folders can be dropped here, and tables pasted (Ctrl+V)."), 0.9));
     Refresh();
 }
 

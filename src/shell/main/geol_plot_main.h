@@ -27,6 +27,7 @@
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
+class QMimeData;
 class QProgressBar;
 class QToolBar;
 
@@ -109,6 +110,10 @@ private:
     void ShowProperties(
         bool opens,
         const std::function<std::optional<std::size_t>(const Plot&, const Drawing&)>& layer);
+    /// The files and folders that are dragged, or on the clipboard.
+    [[nodiscard]] static QStringList FilesOf(const QMimeData& dragged);
+    void OpenDropped(const QStringList& paths);
+    [[nodiscard]] bool PasteFromOutside();
     /// Lets the user type the words of the entry of a rose at a place in its legend.
     void RenameRoseEntryAt(Point at);
     void KeepPanels();

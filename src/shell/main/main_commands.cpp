@@ -14,6 +14,7 @@
 #include "derive/secondary_data.h"
 #include "drawing/plot_state.h"
 #include "edit/history/undo.h"
+#include "edit/marks/girdles.h"
 #include "input/file_loading.h"
 #include "input/plot_files.h"
 #include "mapinfo/map_commands.h"
@@ -253,6 +254,10 @@ void GeolPlotMain::ConnectViewCommands() {
                        [] { UseAdvancedStatistics(ActiveRecord().StatsBoxKind == 0); });
     commands_->Connect("mnuViewRegions", [this] { dialogs_->ShowRegions(); });
     commands_->Connect("mnuViewTests", [this] { dialogs_->ShowTests(); });
+    commands_->Connect("mnuViewBestGirdle", [] {
+        const int row = static_cast<int>(kGirdleItem);
+        static_cast<void>(ShowGirdle(row, !IsGirdleShown(row)));
+    });
     commands_->Connect("mnuViewConfidence", [] {
         ActiveRecord().ShowConfidenceCone = !ActiveRecord().ShowConfidenceCone;
         ReplotActivePlot(false);

@@ -14,6 +14,7 @@
 #include "edit/selection/marquee.h"
 #include "platform/platform.h"
 #include "rotation/rotate_data.h"
+#include "session/drops.h"
 #include "session/recalculate.h"
 #include "shell/controls/control_kit.h"
 #include "shell/main/commands.h"
@@ -22,6 +23,10 @@
 #include "shell/plot/plot_dialogs.h"
 #include "shell/preferences/frm_preferences.h"
 #include "shell/styles/frm_symbol_select.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 
 #include <optional>
 
@@ -74,6 +79,9 @@ void GeolPlotMain::FollowLayer() {
 }
 
 void GeolPlotMain::Edit(int item) {
+    if (item == kPasteItem && PasteFromOutside()) {
+        return;
+    }
     if (item != kChangeSymbolItem) {
         EditSelection(item);
         FollowLayer();
@@ -82,6 +90,25 @@ void GeolPlotMain::Edit(int item) {
     } else {
         ChangeSymbolsOfSelection();
     }
+}
+
+/// Opens files that were copied, or makes a plot where none is open. False where rows are pasted
+/// into the plot in focus.
+bool GeolPlotMain::PasteFromOutside() {
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    const QStringList files = copied != nullptr ? FilesOf(*copied) : QStringList();
+    if (!files.isEmpty()) {
+        OpenDropped(files);
+        return true;
+    }
+    if (IsOpenSlot(gActivePlot)) {
+        return false;
+    }
+    if (PasteAsPlot(gPlatform.clipboard->Text().value_or(""))) {
+        AfterOpening("New");
+    }
+    UpdatePlotState();
+    return true;
 }
 
 void GeolPlotMain::ChangeSymbolsOfSelection() {

@@ -12,6 +12,7 @@
 #include "drawing/plot_state.h"
 #include "mapinfo/map_link.h"
 #include "session/closing.h"
+#include "session/drops.h"
 #include "session/window_places.h"
 #include "shell/controls/faint_text.h"
 #include "shell/help/frm_help.h"
@@ -50,18 +51,18 @@ WindowState StateOf(const QWidget& window) {
                                                          : WindowState::Normal;
 }
 
-/// The dragged files.
-QStringList FilesOf(const QMimeData& data) {
+} // namespace
+
+QStringList GeolPlotMain::FilesOf(const QMimeData& dragged) {
     QStringList files;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
+    for (const QUrl& url : dragged.urls()) {
+        const QFileInfo file(url.toLocalFile());
+        if (url.isLocalFile() && (file.isFile() || file.isDir())) {
             files << url.toLocalFile();
         }
     }
     return files;
 }
-
-} // namespace
 
 void GeolPlotMain::closeEvent(QCloseEvent* event) {
     if (gBusy || !dialogs_->CloseFigureSheet() || !CloseAll(Closing::Application)) {
@@ -80,7 +81,8 @@ void GeolPlotMain::closeEvent(QCloseEvent* event) {
 }
 
 void GeolPlotMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!gBusy && !FilesOf(*event->mimeData()).isEmpty()) {
+    const QMimeData& dragged = *event->mimeData();
+    if (!gBusy && (!FilesOf(dragged).isEmpty() || dragged.hasText())) {
         // The files are copied, never moved, whatever the source proposes.
         event->setDropAction(Qt::CopyAction);
         event->accept();
@@ -95,9 +97,38 @@ void GeolPlotMain::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     const QStringList files = FilesOf(*event->mimeData());
+    const std::string text = event->mimeData()->text().toStdString();
     // The source of the files waits until the drop ends, so questions come afterwards.
     QMetaObject::invokeMethod(
-        this, [this, files] { OpenFiles(files); }, Qt::QueuedConnection);
+        this,
+        [this, files, text] {
+            if (!files.isEmpty()) {
+                OpenDropped(files);
+            } else if (PasteAsPlot(text)) {
+                AfterOpening("New");
+                UpdatePlotState();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void GeolPlotMain::OpenDropped(const QStringList& paths) {
+    if (gBusy) {
+        return;
+    }
+    std::vector<std::string> names;
+    for (const QString& path : paths) {
+        names.push_back(path.toStdString());
+    }
+    const std::vector<std::string> files = FilesOfDrop(names);
+    if (files.empty()) {
+        Tell("The folder has no tables.");
+        return;
+    }
+    OpenDroppedFiles(files, [this](const std::string& command) {
+        AfterOpening(QString::fromStdString(command));
+    });
+    UpdatePlotState();
 }
 
 void GeolPlotMain::changeEvent(QEvent* event) {

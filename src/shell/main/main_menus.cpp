@@ -146,6 +146,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          kGap,
          "mnuViewTests",
          "mnuViewRegions",
+         "mnuViewBestGirdle",
          "mnuViewConfidence",
          "mnuViewAdvStats",
          "mnuViewDensities",

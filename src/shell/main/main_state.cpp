@@ -175,6 +175,7 @@ void GeolPlotMain::UpdateToolbar() {
     set("mnuViewProperties", {true, panProperties_->isVisibleTo(this)});
     set("mnuViewLabels", {true, gSettings.windows.toolLabels});
     panToolbarBox_->ShowLabels(gSettings.windows.toolLabels);
+    set("mnuViewBestGirdle", state.bestGirdle);
     set("mnuViewConfidence", state.confidenceCone);
     set("mnuViewClassification", {state.hasPlot, dialogs_->IsClassificationShown()});
     for (const CommandNeed& need : kCommandNeeds) {

@@ -402,8 +402,8 @@ TEST_F(MainWindow, CommandsDoNothingWhileALoopRuns) {
 TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(WriteFile("a.txt", "1\t2\n"))),
-                  QUrl::fromLocalFile(QString::fromStdString(WriteFile("b.txt", "1\t2\n"))),
-                  QUrl::fromLocalFile(QString::fromStdString(folder.string()))});
+                  QUrl::fromLocalFile(QString::fromStdString(WriteFile("b.txt", "1\t2\n")))});
+    prompts.Expect("Make a plot of each of these 2 tables?", Button::Yes);
     QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(main.get(), &enter);
     EXPECT_TRUE(enter.isAccepted());
@@ -413,10 +413,10 @@ TEST_F(MainWindow, DroppedFilesOpenAsPlots) {
     QApplication::sendEvent(main.get(), &drop);
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the files stay where they are";
     QApplication::processEvents();
-    EXPECT_EQ(CountOpenPlots(), 2) << "a folder is not a file";
-    QMimeData text;
-    text.setText("30 120");
-    QDragEnterEvent other(QPoint(50, 50), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    EXPECT_EQ(CountOpenPlots(), 2);
+    QMimeData image;
+    image.setData("image/png", "1");
+    QDragEnterEvent other(QPoint(50, 50), Qt::CopyAction, &image, Qt::LeftButton, Qt::NoModifier);
     other.ignore();
     QApplication::sendEvent(main.get(), &other);
     EXPECT_FALSE(other.isAccepted());
