@@ -239,7 +239,7 @@ private:
 
     void CheckSenses() {
         for (const SensePair& pair : SensePairs(choice_)) {
-            if (Clash(pair.value, pair.sense)) {
+            if (Clash(pair.value, pair.sense) && !IsPair(pair.value, pair.value, pair.sense)) {
                 const std::string name = pair.name;
                 const std::string inText = name == "Dip" ? "dip" : "pitch";
                 problems_.push_back(

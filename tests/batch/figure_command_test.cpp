@@ -109,6 +109,27 @@ TEST_F(BatchFigure, AddsLayersOfAllDataOfThePlot) {
     }
 }
 
+TEST_F(BatchFigure, NamesTheEntriesOfARose) {
+    const std::string rose = After("plot rose; ");
+    const nlohmann::json figure = Dump(
+        rose + "legend petals text=\"Strikes of faults\"; legend class 2 text=Veins")["figure"];
+    ASSERT_EQ(figure["roseNames"].size(), 2U);
+    EXPECT_EQ(figure["roseNames"][0]["entry"], "petals");
+    EXPECT_EQ(figure["roseNames"][0]["text"], "Strikes of faults");
+    EXPECT_EQ(figure["roseNames"][1]["index"], 2);
+    EXPECT_FALSE(
+        Dump(rose + "legend petals text=a; legend petals")["figure"].contains("roseNames"));
+    EXPECT_FALSE(Dump(rose + "legend petals text=a; undo")["figure"].contains("roseNames"));
+    const nlohmann::json kept = Dump(rose
+                                     + "legend mean text=Mittel; save \"FOLDER/r.qpx\"; close; "
+                                       "open \"FOLDER/r.qpx\"")["figure"];
+    ASSERT_EQ(kept["roseNames"].size(), 1U);
+    EXPECT_EQ(kept["roseNames"][0]["text"], "Mittel");
+    EXPECT_NE(Run(rose + "legend needles text=a"), "");
+    EXPECT_NE(Run(rose + "legend class 1000 text=a"), "");
+    EXPECT_NE(Run(After("plot equalarea; legend petals text=a")), "") << "a net has layers";
+}
+
 TEST_F(BatchFigure, RefusesWhatALayerCannotBe) {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"layer add main flowers", "'flowers' is not a way to show data"},

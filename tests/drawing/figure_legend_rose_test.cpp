@@ -139,6 +139,30 @@ TEST_F(RoseLegendOfFigure, HalfRosesLeaveNoRoomForTheOtherHalf) {
     EXPECT_GT(ReachOfFigure(plot, journal).left.share, 1);
 }
 
+TEST_F(RoseLegendOfFigure, HasTheWordsOfThePlot) {
+    AddStrike(40);
+    const std::vector<std::string> own = Texts();
+    ASSERT_EQ(own.size(), 4U);
+    NameRoseEntry(plot.record, {kRosePetals, 0, "Faults"});
+    NameRoseEntry(plot.record, {kRoseMeanLine, 0, "Chief strike"});
+    NameRoseEntry(plot.record, {kRoseSectors, 0, "Area-true petals"});
+    NameRoseEntry(plot.record, {kRosePetals, 1, "of a layer that the rose does not have"});
+    const std::vector<std::string> named = Texts();
+    ASSERT_EQ(named.size(), 4U);
+    EXPECT_EQ(named[0], "Faults, n = 90");
+    EXPECT_EQ(named[1].substr(0, 13), "Chief strike ");
+    EXPECT_EQ(named[1].substr(13), own[1].substr(std::string("Mean strike ").size()))
+        << "the numbers stay";
+    EXPECT_EQ(named[2], "Area-true petals");
+    EXPECT_EQ(named[3], own[3]);
+    NameRoseEntry(plot.record, {kRosePetals, 0, "Fractures"});
+    EXPECT_EQ(Texts()[0], "Fractures, n = 90");
+    for (const std::int16_t entry : {kRosePetals, kRoseMeanLine, kRoseSectors}) {
+        NameRoseEntry(plot.record, {entry, 0, ""});
+    }
+    EXPECT_EQ(Texts(), own);
+}
+
 TEST_F(RoseLegendOfFigure, IsEmptyWithoutRows) {
     Plot blank;
     blank.record = NewPlotRecord();

@@ -36,6 +36,10 @@ RecordFigure Sample() {
     rows.LayerSteps = 6;
     rows.LayerLabels = 0;
     figure.Layers = {net, rows};
+    figure.RoseNames = {{kRosePetals, 0,
+                         "Bruchfl\xc3\xa4"
+                         "chen"},
+                        {kRoseClass, 12, "Veins"}};
     return figure;
 }
 
@@ -51,9 +55,27 @@ TEST(FigureBlock, ReturnsAsItWas) {
     EXPECT_EQ(FigureOfBlock(BytesOf(RecordFigure())), RecordFigure());
 }
 
+TEST(FigureBlock, WithoutNamesOfEntriesIsThatOfEarlierVersions) {
+    RecordFigure figure = Sample();
+    figure.RoseNames.clear();
+    const std::string earlier = BytesOf(figure);
+    EXPECT_TRUE(BytesOf(Sample()).starts_with(earlier));
+    EXPECT_EQ(FigureOfBlock(earlier), figure);
+    figure.RoseNames = {{kRoseWeights + 1, 0, "no such entry"}};
+    EXPECT_FALSE(FigureOfBlock(BytesOf(figure)));
+    figure.RoseNames = {{kRosePetals, 0, ""}};
+    EXPECT_FALSE(FigureOfBlock(BytesOf(figure)));
+}
+
 TEST(FigureBlock, IsNothingWhenItIsCutAnywhere) {
     const std::string bytes = BytesOf(Sample());
+    RecordFigure unnamed = Sample();
+    unnamed.RoseNames.clear();
+    const std::size_t whole = BytesOf(unnamed).size(); // a block of an earlier version
     for (std::size_t length = 0; length < bytes.size(); ++length) {
+        if (length == whole) {
+            continue;
+        }
         EXPECT_FALSE(FigureOfBlock(std::string_view(bytes).substr(0, length))) << length;
     }
 }

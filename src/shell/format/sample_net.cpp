@@ -24,8 +24,9 @@ QString CaptionOf(const FormatSample& sample) {
     const QString what = sample.plot.record.PlotKind == kRose     ? "directions"
                          : sample.plot.record.DataKind == kPlanes ? "poles"
                                                                   : "lines";
-    return rows == kSampleRows ? QString("The first %1 rows as %2").arg(rows).arg(what)
-                               : QString("%1 rows as %2").arg(rows).arg(what);
+    return rows == 1             ? "1 row as " + what
+           : rows == kSampleRows ? QString("The first %1 rows as %2").arg(rows).arg(what)
+                                 : QString("%1 rows as %2").arg(rows).arg(what);
 }
 
 } // namespace

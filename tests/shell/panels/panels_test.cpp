@@ -237,6 +237,18 @@ TEST_F(PointingWithPanels, ADoubleClickOnTheLegendOpensItsLayer) {
     EXPECT_EQ(layers->Place(), Symbols());
 }
 
+TEST_F(PointingWithPanels, ADoubleClickOnTheLegendOfARoseTypesItsWords) {
+    RecordFigure figure = ActiveRecord();
+    figure.StyleName = kScreenStyle;
+    ChangeFigure(gActivePlot, figure);
+    Press("mnuPlotType_2");
+    layers->hide();
+    QTest::mouseDClick(Form().picLegendBox, Qt::LeftButton, {}, QPoint(20, 12));
+    EXPECT_TRUE(layers->isVisible());
+    EXPECT_TRUE(layers->treLayers->IsEditing());
+    EXPECT_EQ(layers->treLayers->currentItem(), layers->treLayers->topLevelItem(0)->child(0));
+}
+
 TEST_F(PanelsOfWindow, ARoseHasNoLayersButEntriesThatCanBeRenamed) {
     Press("mnuPlotType_2");
     EXPECT_FALSE(properties->spnSize->isVisible());
