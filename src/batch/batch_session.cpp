@@ -72,8 +72,15 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
         if (++formatQuestions_ > 1) {
             return std::nullopt;
         }
+        const auto chosen = std::ranges::find(question.tables, stated_.table, &NamedTable::name);
+        const auto table =
+            static_cast<std::size_t>(stated_.table.empty() ? 0 : chosen - question.tables.begin());
+        if (table >= question.tables.size() && !stated_.table.empty()) {
+            log_ << "the file has no table '" << stated_.table << "'\n";
+            return std::nullopt;
+        }
         if (stated_.isSuggested) {
-            const Result<FormatAnswer> answer = TakeSuggestedFormat(question);
+            const Result<FormatAnswer> answer = TakeSuggestedFormat(question, table);
             if (!answer) {
                 log_ << answer.Error() << '\n';
             }
@@ -88,6 +95,7 @@ BatchSession::BatchSession(std::ostream& out, std::ostream& log, OutsideFiles ou
         answer.plotSecondary = stated_.showSecondary || question.showSecondary;
         answer.columnHeadings = question.columnHeadings;
         answer.frequencyColumn = stated_.frequencyColumn;
+        answer.table = table;
         return answer;
     });
     gPlatform = {};

@@ -193,6 +193,11 @@ const Takers<Draft>& FormatTakers() {
         {"upward", TakeUpward},
         {"comments", TakeComments},
         {"pairs", [](auto& v, Draft& d) { return TakeTruth(v, d.format.pairsInCells); }},
+        {"table",
+         [](auto& v, Draft& d) {
+             d.stated.table = v;
+             return std::string();
+         }},
         {"frequency", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.frequencyColumn); }},
         {"showsecondary", [](auto& v, Draft& d) { return TakeTruth(v, d.stated.showSecondary); }},
         {"decimalcomma", [](auto& v, Draft& d) { return TakeTruth(v, d.decimalIsComma); }},

@@ -21,6 +21,7 @@ struct StatedFormat {
     bool isSuggested = false; ///< each text is read in the format that is suggested for it
     bool showSecondary = false;
     bool frequencyColumn = false;
+    std::string table; ///< name of the sheet or layer that is read; empty for the first one
     std::optional<std::int16_t> dataKind; ///< a DataKindCode; if absent, it follows from the format
 };
 

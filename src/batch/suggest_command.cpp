@@ -4,6 +4,7 @@
 
 #include "batch/format_command.h"
 #include "input/suggest/format_suggestion.h"
+#include "input/table_files.h"
 #include "input/text_file.h"
 
 #include <nlohmann/json.hpp>
@@ -17,10 +18,22 @@ namespace {
 
 constexpr std::size_t kLinesRead = 10000;
 
+Result<std::vector<std::string>> LinesOf(const std::string& path) {
+    if (!IsTableFile(path)) {
+        return FirstLines(path, kLinesRead);
+    }
+    std::vector<NamedTable> tables;
+    const Result<std::string> text = TextOfFile(path, tables);
+    if (!text) {
+        return Failure{text.Error()};
+    }
+    return FirstLinesOfText(*text, kLinesRead);
+}
+
 } // namespace
 
 Result<std::string> SuggestionsOfFile(const std::string& path) {
-    const Result<std::vector<std::string>> lines = FirstLines(path, kLinesRead);
+    const Result<std::vector<std::string>> lines = LinesOf(path);
     if (!lines) {
         return Failure{"'" + path + "': " + lines.Error()};
     }

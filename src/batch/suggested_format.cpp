@@ -13,11 +13,23 @@
 
 namespace quandrel {
 
-Result<FormatAnswer> TakeSuggestedFormat(const FormatQuestion& question) {
-    const Result<std::vector<std::string>> lines =
-        question.text.empty()
-            ? FirstLines(question.path, kSuggestedFrom)
-            : Result<std::vector<std::string>>(FirstLinesOfText(question.text, kSuggestedFrom));
+namespace {
+
+/// The lines that a question is about: of its table, its text, or its file.
+Result<std::vector<std::string>> LinesOf(const FormatQuestion& question, std::size_t table) {
+    if (table < question.tables.size()) {
+        return FirstLinesOfText(question.tables[table].text, kSuggestedFrom);
+    }
+    if (!question.text.empty()) {
+        return FirstLinesOfText(question.text, kSuggestedFrom);
+    }
+    return FirstLines(question.path, kSuggestedFrom);
+}
+
+} // namespace
+
+Result<FormatAnswer> TakeSuggestedFormat(const FormatQuestion& question, std::size_t table) {
+    const Result<std::vector<std::string>> lines = LinesOf(question, table);
     if (!lines) {
         return Failure{lines.Error()};
     }
@@ -36,6 +48,7 @@ Result<FormatAnswer> TakeSuggestedFormat(const FormatQuestion& question) {
     FollowPlotKind(choice);
     SetGlobalSettings(choice);
     FormatAnswer answer;
+    answer.table = table;
     answer.plotSecondary = choice.plotSecondary;
     answer.columnHeadings = choice.columnHeadings;
     answer.frequencyColumn = choice.numericAppended && choice.numberIsFrequency;

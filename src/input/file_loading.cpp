@@ -14,6 +14,7 @@
 #include "input/line_loop.h"
 #include "input/parameter_line.h"
 #include "input/plot_files.h"
+#include "input/table_files.h"
 #include "input/text_file.h"
 #include "platform/platform.h"
 #include "stereo/axis_rows.h"
@@ -65,11 +66,12 @@ public:
 
     /// False when the load came to nothing.
     [[nodiscard]] bool Run() {
-        const Result<std::string> text = ReadTextBytes(path_);
+        const Result<std::string> text = TextOfFile(path_, tables_);
         if (!text) {
             Tell("The indicated file cannot be opened\n" + path_ + "\n" + text.Error());
             return false;
         }
+        gFileDelimiter = tables_.empty() ? gFileDelimiter : "\t";
         items_ = ReadParameterLines(*text, gSettings.format.comments);
         const auto further = FurtherFilesOf(path_, items_.extraFiles);
         if (!further) {
@@ -83,7 +85,7 @@ public:
             return false;
         }
         EnterFile();
-        if (!LoadFile(*text)) {
+        if (!LoadFile(tables_.empty() ? *text : tables_[answer_.table].text)) {
             return false;
         }
         LoadFurtherFiles();
@@ -119,6 +121,7 @@ private:
         question.frequencyColumn = answer_.frequencyColumn;
         question.columnHeadings = gSettings.format.hasHeadings;
         question.isRepeated = asked_;
+        question.tables = tables_;
         const bool isClear = saysAll_ && !asked_;
         asked_ = true;
         if (isClear && !items_.T) {
@@ -386,6 +389,7 @@ private:
     ParameterItems items_;
     std::vector<std::string> furtherFiles_;
     std::vector<std::string> missingFiles_;
+    std::vector<NamedTable> tables_; ///< of a file that is not text
     FormatAnswer answer_;
     bool asked_ = false;
     bool saysAll_ = false; ///< the format is not asked for

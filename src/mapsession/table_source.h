@@ -7,6 +7,7 @@
 
 #include "mapsession/session_error.h"
 #include "mapsession/session_table.h"
+#include "platform/prompts.h"
 
 #include <string>
 #include <vector>
@@ -24,11 +25,21 @@ public:
     ///         cannot be read. Throws only when memory runs out.
     [[nodiscard]] virtual SessionResult<std::vector<SessionTable>>
     OpenTables(const std::string& path) = 0;
+
+    /// The tables of a data file as texts: a spreadsheet, or the table of map data.
+    ///
+    /// @param path  UTF-8
+    /// @return at least one table; or the reason why the file cannot be read. A source of maps
+    ///         alone reads none
+    [[nodiscard]] virtual SessionResult<std::vector<NamedTable>>
+    ReadTexts(const std::string& path) {
+        return SessionError{kSessionFileError, "There is no reader for " + path};
+    }
 };
 
 /// Changes whenever TableSource or what it returns does, so that a library from another build of
 /// the program is refused.
-inline constexpr int kTableSourceVersion = 1;
+inline constexpr int kTableSourceVersion = 2;
 
 /// The name of the function that such a library exports, and its type: it returns a new
 /// TableSource, or nullptr for a version that it does not support.

@@ -29,6 +29,8 @@ namespace {
 constexpr std::string_view kFileCommand = "File";
 constexpr const char* kPictureFilter =
     "|Figures (*.qsheet)|*.qsheet|Pictures with their data (*.svg)|*.svg *.png *.pdf";
+constexpr const char* kTableFilter =
+    "|Spreadsheets and map tables (*.xlsx)|*.xlsx *.ods *.gpkg *.shp *.geojson *.tab *.mif";
 
 bool NeedsNewPlot(const std::string& command) {
     return command != kMergeCommand && command != kOverlayCommand;
@@ -69,7 +71,8 @@ std::optional<std::string> AskForPath(const std::string& command) {
     PathQuestion question;
     question.title = command + " File";
     question.folder = StartFolder();
-    question.filter = std::string(gFileFilter) + (command == kNewCommand ? kPictureFilter : "");
+    question.filter =
+        std::string(gFileFilter) + (command == kNewCommand ? kPictureFilter : "") + kTableFilter;
     question.filterIndex = OpenState::now.filterIndex;
     return gPlatform.prompts->AskOpenPath(question);
 }

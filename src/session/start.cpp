@@ -9,8 +9,10 @@
 #include "drawing/plot_driver.h"
 #include "edit/history/undo.h"
 #include "input/file_loading.h"
+#include "input/table_files.h"
 #include "mapinfo/geo_link.h"
 #include "mapinfo/map_link.h"
+#include "mapsession/text_tables.h"
 #include "persistence/open_plot.h"
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
@@ -160,6 +162,17 @@ bool IntroStart(int index) {
         gPlotKind = formerKind;
     }
     return opened;
+}
+
+void UseTablePlugin(const std::filesystem::path& programFolder) {
+    TableFiles::now.read =
+        [programFolder](const std::string& path) -> Result<std::vector<NamedTable>> {
+        SessionResult<std::vector<NamedTable>> tables = ReadTextTables(programFolder, path);
+        if (!tables) {
+            return Failure{tables.Error().text};
+        }
+        return std::move(*tables);
+    };
 }
 
 } // namespace quandrel

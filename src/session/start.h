@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -57,5 +58,8 @@ inline constexpr int kFirstRecentFile = 91;
 /// workspace, 91 and above recent file number `index` modulo 10, any other a stereographic plot of
 /// a file. False when no plot was opened, as for a figure sheet.
 bool IntroStart(int index);
+
+/// Lets the program open spreadsheets and tables of map data, by the plug-in near its own folder.
+void UseTablePlugin(const std::filesystem::path& programFolder);
 
 } // namespace quandrel

@@ -71,6 +71,7 @@ int main(int argc, char** argv) {
     quandrel::gPlatform.decimalIsComma = quandrel::QtDecimalIsComma();
     quandrel::gPlatform.today = QDate::currentDate().toString(Qt::ISODate).toStdString();
     quandrel::OpenState::now.readPdf = quandrel::AttachmentOfPdf;
+    quandrel::UseTablePlugin(QCoreApplication::applicationDirPath().toStdString());
     quandrel::InitialiseApplication();
 
     quandrel::GeolPlotMain window;

@@ -65,7 +65,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"sheet", Above(onMarks, {"drawing", "fabric", "persistence", "svg"})},
         {"print", onDrawing},
         {"panels", Above(onEdits, {"drawing"})},
-        {"session", Above(onDrawing, {"mapinfo", "persistence", "print", "svg"})},
+        {"session", Above(onDrawing, {"mapinfo", "mapsession", "persistence", "print", "svg"})},
         {"recovery", onSession},
         {"preferences", onSession},
         {"help", onCore},

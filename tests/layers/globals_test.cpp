@@ -129,6 +129,7 @@ const NamesByFile& LastingState() {
         {"edit/rows/paste_rows.h", {"AcceptedPasteFormat::now"}},
         {"input/further_files.h", {"FurtherFilesState::now"}},
         {"input/load_report.h", {"LoadCounters::now"}},
+        {"input/table_files.h", {"TableFiles::now"}},
         {"mapinfo/map_link.h", {"MapLinkState::now"}},
         {"persistence/open_plot.h", {"OpenState::now"}},
         {"persistence/workspace_file.h", {"OpenedWorkspace::now"}},

@@ -4,6 +4,7 @@
 
 #include "batch/command_line.h"
 #include "qt/qt_start.h"
+#include "session/start.h"
 
 #include <QGuiApplication>
 
@@ -30,5 +31,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     quandrel::UseNeutralNumbers();
+    quandrel::UseTablePlugin(QCoreApplication::applicationDirPath().toStdString());
     return quandrel::RunBatch(options, std::cout, std::cerr);
 }

@@ -7,6 +7,8 @@
 // (mapsession/table_source.h) with columns, rows and shapes, or the reason for a failure. No other
 // part of the program uses GDAL.
 
+#include "mapsession/gdal/gdal_text_tables.h"
+#include "mapsession/gdal/gdal_tools.h"
 #include "mapsession/table_source.h"
 
 #include <cpl_conv.h>
@@ -16,8 +18,6 @@
 #include <ogrsf_frmts.h>
 
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -41,64 +41,9 @@ constexpr std::array<const char*, 5> kCsvOptions = {
     "X_POSSIBLE_NAMES=x,x_coord,xcoord,x_coordinate,easting,east,lon,long,longitude",
     "Y_POSSIBLE_NAMES=y,y_coord,ycoord,y_coordinate,northing,north,lat,latitude", nullptr};
 
-/// Suppresses GDAL's console messages while it lives; the last one is available.
-class QuietGdal {
-public:
-    QuietGdal() {
-        CPLErrorReset();
-        CPLPushErrorHandler(CPLQuietErrorHandler);
-    }
-
-    ~QuietGdal() { CPLPopErrorHandler(); }
-
-    QuietGdal(const QuietGdal&) = delete;
-    QuietGdal& operator=(const QuietGdal&) = delete;
-};
-
-/// A text of the file as UTF-8. A file that does not state its encoding is taken as Western
-/// European.
-std::string Utf8(const char* text) {
-    if (CPLIsUTF8(text, -1)) {
-        return text;
-    }
-    char* const recoded = CPLRecode(text, "CP1252", CPL_ENC_UTF8);
-    std::string utf8 = recoded;
-    CPLFree(recoded);
-    return utf8;
-}
-
-template <class Number>
-std::string NumberText(Number number) {
-    if (!std::isfinite(number)) {
-        return {};
-    }
-    std::array<char, 400> buffer{};
-    const std::to_chars_result end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                                   number, std::chars_format::fixed);
-    return {buffer.data(), end.ptr};
-}
-
 SessionColumnKind KindOf(OGRFieldType type) {
     const bool isNumber = type == OFTInteger || type == OFTInteger64 || type == OFTReal;
     return isNumber ? SessionColumnKind::Number : SessionColumnKind::Text;
-}
-
-std::string CellOf(const OGRFeature& feature, int field) {
-    if (!feature.IsFieldSetAndNotNull(field)) {
-        return {};
-    }
-    const OGRFieldDefn& definition = *feature.GetFieldDefnRef(field);
-    switch (definition.GetType()) {
-    case OFTInteger:
-    case OFTInteger64:
-        return std::to_string(feature.GetFieldAsInteger64(field));
-    case OFTReal:
-        return definition.GetSubType() == OFSTFloat32
-                   ? NumberText(static_cast<float>(feature.GetFieldAsDouble(field)))
-                   : NumberText(feature.GetFieldAsDouble(field));
-    default:
-        return Utf8(feature.GetFieldAsString(field));
-    }
 }
 
 void AddCurve(const OGRSimpleCurve& curve, MapPartKind kind, SessionTable& table) {
@@ -175,6 +120,11 @@ public:
         RegisterOGRGeoPackage();
         RegisterOGRGeoJSON();
         RegisterOGRCSV();
+        RegisterTextDrivers();
+    }
+
+    SessionResult<std::vector<NamedTable>> ReadTexts(const std::string& path) override {
+        return TextTablesOf(path);
     }
 
     SessionResult<std::vector<SessionTable>> OpenTables(const std::string& path) override {
@@ -190,20 +140,12 @@ public:
             GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, kDrivers.data(),
                               isCsv ? kCsvOptions.data() : nullptr, nullptr));
         if (!dataset) {
-            return Refused(path);
+            return RefusedFile(path);
         }
         return ReadAll(*dataset, path, file.stem().u8string());
     }
 
 private:
-    static SessionError Refused(const std::string& path) {
-        std::string text = "The file " + path + " cannot be opened as a table";
-        if (const char* const why = CPLGetLastErrorMsg(); why && *why != '\0') {
-            text += ": " + Utf8(why);
-        }
-        return {kSessionFileError, text};
-    }
-
     static SessionResult<std::vector<SessionTable>>
     ReadAll(GDALDataset& dataset, const std::string& path, const std::u8string& stem) {
         const bool isOnly = dataset.GetLayerCount() == 1;
@@ -214,11 +156,11 @@ private:
                 isOnly ? std::string(stem.begin(), stem.end()) : Utf8(layer->GetName());
             tables.push_back(ReadLayer(*layer, name, path));
             if (CPLGetLastErrorType() >= CE_Failure) {
-                return Refused(path);
+                return RefusedFile(path);
             }
         }
         if (tables.empty()) {
-            return Refused(path);
+            return RefusedFile(path);
         }
         return tables;
     }

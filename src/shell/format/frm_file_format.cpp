@@ -67,7 +67,16 @@ frmFileFormat::frmFileFormat(const FormatQuestion& question, QWidget* parent)
 
 void frmFileFormat::ReadFirstLines() {
     QString shown = "No file: the settings are for the next one";
-    if (!question_.text.empty()) {
+    for (const NamedTable& table : question_.tables) {
+        cboTable->addItem(QString::fromStdString(table.name));
+    }
+    const bool hasTables = !question_.tables.empty();
+    cboTable->setVisible(hasTables);
+    lblTable->setVisible(hasTables);
+    if (hasTables) {
+        lines_ = FirstLinesOfText(question_.tables.front().text, kSuggestedFrom);
+        shown = "First lines of " + QString::fromStdString(FileTitleOf(question_.path));
+    } else if (!question_.text.empty()) {
         lines_ = FirstLinesOfText(question_.text, kSuggestedFrom);
         shown = "First lines of the pasted text";
     } else if (!question_.path.empty()) {
@@ -90,7 +99,16 @@ std::vector<std::string> frmFileFormat::ShownLines() const {
     return {lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
+void frmFileFormat::ReadTable(int table) {
+    const std::string& text = question_.tables[static_cast<std::size_t>(table)].text;
+    lines_ = FirstLinesOfText(text, kSuggestedFrom);
+    choice_ = ownChoice_;
+    SuggestFormat();
+    TakeChoice(choice_);
+}
+
 void frmFileFormat::SuggestFormat() {
+    suggestions_.clear();
     ownChoice_ = choice_;
     if (!question_.isRepeated && !choice_.kindIsStated) {
         SuggestionOptions options;
@@ -122,6 +140,7 @@ FormatAnswer frmFileFormat::Answer() const {
     FormatAnswer answer;
     answer.plotSecondary = PlotSecondary();
     answer.columnHeadings = choice_.columnHeadings;
+    answer.table = static_cast<std::size_t>(std::max(cboTable->currentIndex(), 0));
     answer.frequencyColumn = choice_.numericAppended && choice_.numberIsFrequency;
     return answer;
 }

@@ -115,6 +115,8 @@ public:
     QCheckBox* chkFreqIsAppended;
     std::array<QComboBox*, 2> cboAppName{};
     QComboBox* cboDelim;
+    QComboBox* cboTable; ///< the sheets or layers of a file with several
+    QLabel* lblTable;
     QCheckBox* chkTableHeadings;
     std::array<QCheckBox*, 3> chkSaveSettings{}; ///< columns, conventions, names
     QPushButton* cmdUseSaved;
@@ -171,6 +173,7 @@ private:
     void ConnectSuggestions();
 
     void ReadFirstLines();
+    void ReadTable(int table);
     /// Looks for formats of the lines, and fills the dialog with one that is sure.
     void SuggestFormat();
     void TakeChoice(const FormatChoice& choice);

@@ -341,6 +341,12 @@ QWidget* frmFileFormat::MakeFileLine() {
     chkTableHeadings->setObjectName("chkTableHeadings");
     lblPreview = MakeLabel({}, "lblPreview");
     lblPreview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    cboTable = MakeList("cboTable", "Table of the file");
+    cboTable->setToolTip("The sheet or layer that is read");
+    lblTable = MakeLabel("Ta&ble", "lblTable");
+    lblTable->setBuddy(cboTable);
+    layout->addWidget(lblTable);
+    layout->addWidget(cboTable);
     layout->addWidget(label);
     layout->addWidget(cboDelim);
     layout->addSpacing(18);

@@ -42,8 +42,8 @@ void frmFileFormat::SetOrder() {
         .Then(chkComments)
         .Then(std::array<QWidget*, 2>{chkPairs, chkSaveSettings[1]})
         .Then(cmdDataType)
-        .Then(std::array<QWidget*, 8>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboDelim,
-                                      chkTableHeadings, grdDataFormat, cmdButtons[0],
+        .Then(std::array<QWidget*, 9>{chkSecondaryData, cmdButtons[3], cmdButtons[2], cboTable,
+                                      cboDelim, chkTableHeadings, grdDataFormat, cmdButtons[0],
                                       cmdButtons[1]});
 }
 
@@ -112,6 +112,7 @@ void frmFileFormat::resizeEvent(QResizeEvent* event) {
 }
 
 void frmFileFormat::ConnectSuggestions() {
+    connect(cboTable, &QComboBox::currentIndexChanged, this, &frmFileFormat::ReadTable);
     fraSuggestion->onUse = [this](std::size_t number) { TakeChoice(suggestions_[number].choice); };
     fraSuggestion->onBack = [this] { TakeChoice(ownChoice_); };
     grdDataFormat->setMouseTracking(true);

@@ -134,5 +134,24 @@ TEST_F(SuggestionsOfDialog, PointingInTheNetFindsTheLineAndTheOtherWayRound) {
     EXPECT_NE(none, lit);
 }
 
+TEST_F(SuggestionsOfDialog, TheTableOfAFileIsChosen) {
+    FormatQuestion question;
+    question.command = "New";
+    question.path = "/field/beds.xlsx";
+    question.tables = {{"notes", "remark\nnone\n"}, {"beds", "trend\tplunge\n142\t52\n35\t43\n"}};
+    frmFileFormat& dialog = Open(question);
+    ASSERT_TRUE(dialog.cboTable->isVisible());
+    EXPECT_FALSE(dialog.fraSuggestion->isVisible()) << "the notes hold no rows";
+    dialog.cboTable->setCurrentIndex(1);
+    EXPECT_EQ(TextOf(dialog), "Suggested from the headings. Change what is wrong.");
+    EXPECT_EQ(Of<QLabel>("lblSample").text(), "2 rows as lines");
+    EXPECT_EQ(dialog.grdDataFormat->rowCount(), 3);
+    PressOk();
+    EXPECT_EQ(dialog.Answer().table, 1U);
+    EXPECT_EQ(gPrimaryDataType, kPrimaryLine);
+    Open();
+    EXPECT_FALSE(dialog_->cboTable->isVisible()) << "a text is one table";
+}
+
 } // namespace
 } // namespace quandrel
