@@ -43,6 +43,9 @@ LineFormat FormatFrom(const std::uint8_t* bytes) {
     for (std::size_t slot = 0; slot < format.slots.size(); ++slot) {
         format.slots[slot] = bytes[5 + slot] % 40;
     }
+    format.comments = {(bytes[15] & 1U) != 0, (bytes[15] & 2U) != 0, (bytes[15] & 4U) != 0};
+    format.pairsInCells = (bytes[15] & 8U) != 0;
+    format.lineIsTrendFirst = (bytes[15] & 16U) != 0;
     format.neededColumns = HighestColumnNeeded(format) + 1;
     return format;
 }

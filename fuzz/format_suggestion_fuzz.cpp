@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Suggests formats for any text: suggestions have probabilities, and read most of the rows.
+// Suggests formats for any text: suggestions have probabilities, and read most of the rows. Then
+// takes the text as a remembered format, which is written as it was read.
 
 #include "input/suggest/format_suggestion.h"
 #include "input/text_file.h"
@@ -8,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -19,6 +21,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
         }
         last = one.probability;
+    }
+    if (const auto remembered = RememberedIn(std::string(text))) {
+        const std::string written = TextOfRemembered(*remembered);
+        const auto again = RememberedIn(written);
+        if (!again || TextOfRemembered(*again) != written) {
+            std::abort();
+        }
     }
     return 0;
 }

@@ -79,7 +79,7 @@ private:
     void AddLines(const AnglePair& line, double probability);
     void AddInclinations(std::size_t inclination);
     [[nodiscard]] std::optional<std::size_t> HeadedDip() const;
-    void AddAzimuths(std::size_t column, double probability);
+    void AddAzimuths(std::size_t place, double probability);
     void AddHeadedDirections();
     [[nodiscard]] std::optional<AnglePair> HeadedLine() const;
     void AddPairsInCells();

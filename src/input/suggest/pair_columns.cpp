@@ -55,11 +55,11 @@ std::optional<PairColumn> PairAt(const TextTable& table, std::size_t place) {
 /// Makes suggestions for one column.
 class PairSuggester {
 public:
-    PairSuggester(const PairColumn& pair, bool isAzimuthFirst, const FormatChoice& basis)
+    PairSuggester(const PairColumn& pair, bool isAzimuthFirst, FormatChoice basis)
         : azimuth_(isAzimuthFirst ? pair.first : pair.second)
         , dip_(isAzimuthFirst ? pair.second : pair.first)
         , isAzimuthFirst_(isAzimuthFirst)
-        , basis_(basis) {
+        , basis_(std::move(basis)) {
         basis_.pairsInCells = true;
         basis_.isQuadrant = azimuth_.IsMostly(azimuth_.quadrants);
         for (const int slot : {kSlotDip, kSlotDirection, kSlotSense}) {
