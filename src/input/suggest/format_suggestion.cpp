@@ -10,6 +10,7 @@
 #include "input/suggest/heading_terms.h"
 #include "input/suggest/pair_columns.h"
 #include "input/suggest/table_columns.h"
+#include "input/suggest/text_sample.h"
 
 #include <algorithm>
 #include <cmath>
@@ -71,6 +72,8 @@ private:
     [[nodiscard]] std::optional<std::size_t> SenseFor(const AnglePair& pair) const;
     [[nodiscard]] FormatChoice PlaneOf(const AnglePair& pair, int convention) const;
     void Add(FormatChoice choice, double probability, std::vector<std::string> reasons);
+    void StateKind(FormatChoice& choice, std::int16_t kind) const;
+    void AddSecondaryData(FormatChoice& choice, std::vector<std::string>& reasons) const;
     void AddRemembered();
     void AddByHeadings();
     void AddHeadedPlanes(std::size_t dip);
@@ -101,7 +104,7 @@ FormatChoice Suggester::Basis() const {
     choice.delimiter = table_.delimiter;
     choice.columnHeadings = table_.hasHeadings;
     choice.comments = table_.comments;
-    choice.isQuadrant = choice.lineAppended = false;
+    choice.isQuadrant = choice.lineAppended = choice.pairsInCells = false;
     choice.numericAppended = choice.nonNumericAppended = false;
     if (!options_.kindIsFixed) {
         choice.secondary = kNoSecondary;
@@ -150,8 +153,26 @@ void Suggester::Add(FormatChoice choice, double probability, std::vector<std::st
         return;
     }
     AddAppended(table_.columns, choice);
+    if (options_.kindIsFixed) {
+        LimitAppended(options_.base, choice);
+    }
     FollowOrder(choice);
     found_.push_back({std::move(choice), probability, std::move(reasons)});
+}
+
+/// Rows that join others are plotted as those.
+void Suggester::StateKind(FormatChoice& choice, std::int16_t kind) const {
+    if (!options_.kindIsFixed) {
+        choice.plotDataKind = kind;
+        choice.kindIsStated = true;
+    }
+}
+
+void Suggester::AddSecondaryData(FormatChoice& choice, std::vector<std::string>& reasons) const {
+    if (!options_.kindIsFixed || options_.base.secondary != kNoSecondary) {
+        choice.secondary = kNoSecondary;
+        AddSecondary(table_.columns, choice, reasons);
+    }
 }
 
 void Suggester::AddRemembered() {
@@ -196,8 +217,7 @@ void Suggester::AddLines(const AnglePair& line, double probability) {
     choice.isQuadrant = trend.IsMostly(trend.quadrants);
     std::vector<std::string> reasons = {ReasonOf(line.dip), ReasonOf(line.azimuth)};
     if (table_.columns[line.dip].least < 0) {
-        choice.plotDataKind = kPolarLines;
-        choice.kindIsStated = true;
+        StateKind(choice, kPolarLines);
         reasons.emplace_back("some lines point upward: they are polar");
     }
     if (trend.meaning == Declination) {
@@ -234,7 +254,7 @@ void Suggester::AddInclinations(std::size_t inclination) {
 void Suggester::AddPlanes(const AnglePair& pair, double probability) {
     FormatChoice choice = PlaneOf(pair, kDipDipDirection);
     std::vector<std::string> reasons = {ReasonOf(pair.dip), ReasonOf(pair.azimuth)};
-    AddSecondary(table_.columns, choice, reasons);
+    AddSecondaryData(choice, reasons);
     Add(choice, probability, std::move(reasons));
 }
 
@@ -272,7 +292,7 @@ void Suggester::AddStrikes(const AnglePair& pair, bool isRightHand) {
                                  : "azimuths only below 180: strikes without a sense of dip");
     }
     FormatChoice choice = PlaneOf(pair, convention);
-    AddSecondary(table_.columns, choice, reasons);
+    AddSecondaryData(choice, reasons);
     Add(choice, probability, std::move(reasons));
 }
 
@@ -286,8 +306,7 @@ void Suggester::AddAzimuths(std::size_t place, double probability) {
     choice.primary = kDirections;
     SetColumn(choice, kSlotDirection, place);
     choice.isQuadrant = column.IsMostly(column.quadrants);
-    choice.plotDataKind = goesAround || isWind ? kPolarLines : kLines;
-    choice.kindIsStated = true;
+    StateKind(choice, goesAround || isWind ? kPolarLines : kLines);
     std::vector<std::string> reasons = {ReasonOf(place), "there is no dip and no plunge"};
     if (isWind) {
         reasons.emplace_back("a speed stands beside it");
@@ -413,30 +432,11 @@ void Suggester::Check() {
     std::erase_if(found_, [](const FormatSuggestion& one) { return one.probability <= 0; });
 }
 
-/// The lines that are looked at.
-std::vector<std::string> SampleOf(std::span<const std::string> lines) {
-    std::vector<std::string> sample(
-        lines.begin(),
-        lines.begin() + static_cast<std::ptrdiff_t>(std::min(lines.size(), kSuggestedFrom)));
-    const std::size_t rest = lines.size() - sample.size();
-    const std::size_t step = std::max<std::size_t>(rest / kSuggestedFrom, 1);
-    for (std::size_t i = sample.size(); i < lines.size(); i += step) {
-        sample.push_back(lines[i]);
-    }
-    return sample;
-}
-
 } // namespace
-
-bool StatesItsFormat(std::span<const std::string> lines) {
-    return std::ranges::any_of(lines, [](const std::string& line) {
-        return line.starts_with(";Quandrel") || (line.starts_with("/") && !line.starts_with("//"));
-    });
-}
 
 std::vector<FormatSuggestion> SuggestFormats(std::span<const std::string> lines,
                                              const SuggestionOptions& options) {
-    const std::vector<std::string> sample = SampleOf(lines);
+    const std::vector<std::string> sample = SampleOfText(lines);
     if (StatesItsFormat(sample)) {
         return {};
     }

@@ -6,6 +6,7 @@
 
 #include "input/format_choice.h"
 #include "input/remembered_formats.h"
+#include "input/suggest/text_sample.h"
 
 #include <cstddef>
 #include <span>
@@ -16,9 +17,6 @@ namespace quandrel {
 
 /// A suggestion of at least this probability can be taken without a question.
 inline constexpr double kSureEnough = 0.9;
-
-/// Lines that are looked at: the first ones, and the same number spread over the others.
-inline constexpr std::size_t kSuggestedFrom = 1000;
 
 struct FormatSuggestion {
     FormatChoice choice;
@@ -34,9 +32,6 @@ struct SuggestionOptions {
     FormatChoice base; ///< what a suggestion does not say is as here
     std::vector<RememberedFormat> remembered;
 };
-
-/// Whether a text says its own format: it has a parameter line, or is one that the program wrote.
-[[nodiscard]] bool StatesItsFormat(std::span<const std::string> lines);
 
 /// Formats for the lines of a text, the most probable first; at most one has kSureEnough. Empty for
 /// a text that states its format (a parameter line, or the program's own head), and for one without

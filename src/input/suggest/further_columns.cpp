@@ -180,6 +180,14 @@ void FollowOrder(FormatChoice& choice) {
     }
 }
 
+void LimitAppended(const FormatChoice& other, FormatChoice& choice) {
+    choice.lineAppended = choice.lineAppended && other.lineAppended;
+    choice.numericAppended = choice.numericAppended && other.numericAppended;
+    choice.nonNumericAppended = choice.nonNumericAppended && other.nonNumericAppended;
+    choice.numericName = other.numericName;
+    choice.nonNumericName = other.nonNumericName;
+}
+
 void AddAppended(const Columns& columns, FormatChoice& choice) {
     if (choice.secondary == kSecondaryLine) {
         if (const auto line = FreeLine(columns, choice)) {

@@ -162,6 +162,29 @@ TEST_F(SuggestedLayouts, ConventionsAreInTheOrderOfTheColumns) {
     EXPECT_TRUE(First({"trend,plunge", "120,20", "300,25"}).choice.lineIsTrendFirst);
 }
 
+TEST_F(SuggestedLayouts, RowsThatJoinOthersHaveTheirKindAndTheirSets) {
+    SuggestionOptions options;
+    options.kindIsFixed = true;
+    options.base.primary = kPrimaryPlane;
+    const Lines both = {"dip direction;dip;plunge;trend", "142;52;10;60", "35;43;5;310"};
+    const std::vector<FormatSuggestion> planes = SuggestFormats(both, options);
+    ASSERT_FALSE(planes.empty());
+    EXPECT_EQ(planes[0].choice.secondary, kNoSecondary) << "the plot has no secondary set";
+    EXPECT_EQ(planes[0].choice.delimiter, ";");
+    EXPECT_FALSE(planes[0].choice.numericAppended) << "the plot has no number";
+    options.base.secondary = kSecondaryLine;
+    ASSERT_FALSE(SuggestFormats(both, options).empty());
+    EXPECT_EQ(SuggestFormats(both, options)[0].choice.secondary, kSecondaryLine);
+    options.base = FormatChoice();
+    options.base.primary = kPrimaryLine;
+    options.base.plotDataKind = kLines;
+    const std::vector<FormatSuggestion> lines =
+        SuggestFormats(Lines{"plunge,trend", "-20,30", "40,50"}, options);
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(lines[0].choice.plotDataKind, kLines) << "though one points upward";
+    EXPECT_TRUE(SuggestFormats(Lines{"dip,dip direction", "20,30"}, options).empty());
+}
+
 TEST_F(SuggestedLayouts, AFewOddValuesDoNotHideAColumn) {
     Lines lines = {"dip,dip direction"};
     for (int row = 0; row < 30; ++row) {
