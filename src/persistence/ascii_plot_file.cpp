@@ -8,14 +8,13 @@
 #include "core/messages.h"
 #include "core/path_names.h"
 #include "core/plot_store.h"
-#include "core/tagged_value.h"
 #include "input/data_line.h"
 #include "input/format_model.h"
 #include "input/parameter_line.h"
 #include "orientation/angles.h"
-#include "orientation/degrees_text.h"
 #include "orientation/number_text.h"
 #include "persistence/binary_plot_file.h"
+#include "persistence/row_cells.h"
 #include "platform/platform.h"
 #include "stereo/plot_title.h"
 #include "stereo/row_positions.h"
@@ -25,6 +24,7 @@
 #include <filesystem>
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
 namespace quandrel {
 
@@ -32,6 +32,9 @@ namespace {
 
 /// The gDataFileFilter index of binary plot files, which store a complete plot.
 constexpr int kBinaryFilter = 3;
+
+constexpr const char* kCsvEnding = ".csv";
+constexpr const char* kCsvFilter = "|Tables with headings (*.csv)|*.csv";
 
 ParameterItems ItemsOf(const PlotRecord& record) {
     ParameterItems items;
@@ -57,30 +60,6 @@ ParameterItems ItemsOf(const PlotRecord& record) {
     }
     return items;
 }
-
-/// The fields of one line.
-class LineOfFields {
-public:
-    void Add(std::string_view field) {
-        if (!first_) {
-            text_ += '\t';
-        }
-        first_ = false;
-        text_ += field;
-    }
-
-    /// An orientation in two fields; both are empty where it is missing.
-    void AddPair(const Attitude& attitude, bool present) {
-        Add(present ? DegreesText(attitude.dip) : std::string());
-        Add(present ? DegreesText(attitude.azimuth) : std::string());
-    }
-
-    [[nodiscard]] const std::string& Text() const { return text_; }
-
-private:
-    std::string text_;
-    bool first_ = true;
-};
 
 /// Line breaks and tabs would end a field.
 std::string OnOneLine(std::string_view text) {
@@ -146,32 +125,15 @@ std::string HeadLines(const PlotRecord& record) {
 }
 
 std::string TextOfRow(const Plot& plot, std::int32_t row, SavedDegrees degrees) {
-    const PlotRecord& record = plot.record;
-    const PlotRows& rows = plot.rows;
-    const auto saved = [&rows, row, degrees](RowAngles which) {
-        return degrees == SavedDegrees::Whole ? WholeAttitude(rows, which, row)
-                                              : MeasuredAttitude(rows, which, row);
-    };
-    LineOfFields fields;
-    if (record.PrimaryFormat <= kDirections) {
-        fields.Add(DegreesText(saved(RowAngles::Primary).azimuth));
-    } else {
-        fields.AddPair(saved(RowAngles::Primary), true);
+    std::vector<std::string> cells = CellsOfRow(plot, row, degrees);
+    if (plot.record.HasAppendedText != 0) {
+        cells.back() = FieldOfText(cells.back());
     }
-    if (record.SecondaryFormat != kNoSecondary) {
-        fields.AddPair(saved(RowAngles::Secondary), rows.dip2(row) != kErrorRow);
+    std::string line;
+    for (const std::string& cell : cells) {
+        line += (&cell == &cells.front() ? "" : "\t") + cell;
     }
-    if (record.HasAppendedLine != 0) {
-        fields.AddPair(saved(RowAngles::Line), rows.lineDip(row) != kInvalidAppendedLine);
-    }
-    if (record.HasAppendedNumeric != 0) {
-        const float number = rows.number(row);
-        fields.Add(number == kInvalidNumber ? std::string() : TextOf(number));
-    }
-    if (record.HasAppendedText != 0) {
-        fields.Add(FieldOfText(rows.text(row)));
-    }
-    return fields.Text() + "\r\n";
+    return line + "\r\n";
 }
 
 /// How a reader interprets the lines of the text.
@@ -318,7 +280,7 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     question.title = "Save As";
     question.folder = FolderOfPlot(record);
     question.fileName = ProposedName(record);
-    question.filter = gDataFileFilter;
+    question.filter = std::string(gDataFileFilter) + kCsvFilter;
     question.filterIndex = kBinaryFilter;
     const bool hasDecimals = CountRowsWithDecimals(plot.rows, 1, record.NumData) > 0;
     const auto answer = gPlatform.prompts->AskPlotPath(question, hasDecimals);
@@ -343,8 +305,12 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextConte
         || (!isBinary && !AcceptLossOfOverlays(record, name))) {
         return SaveOutcome::Cancelled;
     }
-    const std::string error = isBinary ? SaveBinaryPlot(path, gActivePlot)
-                                       : WriteFileAtomically(path, AsciiPlotText(contents));
+    const auto text = [&] {
+        return HasEnding(path, kCsvEnding) ? CsvOfRows(ActivePlot(), contents.degrees)
+                                           : AsciiPlotText(contents);
+    };
+    const std::string error =
+        isBinary ? SaveBinaryPlot(path, gActivePlot) : WriteFileAtomically(path, text());
     if (!error.empty()) {
         TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;
