@@ -295,7 +295,8 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
 }
 
 SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextContents& contents) {
-    PlotRecord& record = ActiveRecord();
+    Plot& plot = ActivePlot();
+    PlotRecord& record = plot.record;
     const std::string path = NormalPath(target);
     const std::string name = FileTitleOf(path);
     const bool isBinary = HasEnding(path, kBinaryEnding);
@@ -306,7 +307,7 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextConte
         return SaveOutcome::Cancelled;
     }
     const auto text = [&] {
-        return HasEnding(path, kCsvEnding) ? CsvOfRows(ActivePlot(), contents.degrees)
+        return HasEnding(path, kCsvEnding) ? CsvOfRows(plot, contents.degrees)
                                            : AsciiPlotText(contents);
     };
     const std::string error =
