@@ -16,9 +16,12 @@
 #include "shell/styles/frm_symbol_select.h"
 #include "stereo/symbols.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
