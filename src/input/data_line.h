@@ -36,6 +36,12 @@ enum class LineStatus : std::uint8_t {
     Missing,        ///< a required value is empty
 };
 
+/// True for the lines that may come before the first row and before its heading.
+[[nodiscard]] constexpr bool IsOfHead(LineStatus status) {
+    return status == LineStatus::Blank || status == LineStatus::ParameterLine
+           || status == LineStatus::Comment;
+}
+
 enum class AppendedLineStatus : std::uint8_t { Absent, Good, Missing, Incorrect };
 
 enum class NumberStatus : std::uint8_t {

@@ -32,16 +32,10 @@ bool HoldsNumber(const std::string& line) {
 }
 
 PreviewKind KindOf(LineStatus status) {
-    switch (status) {
-    case LineStatus::Blank:
-    case LineStatus::ParameterLine:
-    case LineStatus::Comment:
+    if (IsOfHead(status)) {
         return PreviewKind::Other;
-    case LineStatus::NotData:
-        return PreviewKind::NoData;
-    default:
-        return PreviewKind::Data;
     }
+    return status == LineStatus::NotData ? PreviewKind::NoData : PreviewKind::Data;
 }
 
 } // namespace

@@ -29,12 +29,6 @@ std::int32_t CountLines(std::string_view text) {
     return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(lines, gPlatform.mostRows));
 }
 
-/// True for the lines that may come before the first row and before its heading.
-bool IsOfHead(LineStatus status) {
-    return status == LineStatus::Blank || status == LineStatus::ParameterLine
-           || status == LineStatus::Comment;
-}
-
 /// The progress bar of a load, and the user's request to end it.
 class LoadProgress {
 public:
