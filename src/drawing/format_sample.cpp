@@ -50,6 +50,19 @@ std::optional<PlottedRow> PlaceOf(const FormatSample& sample, std::size_t line) 
     return std::nullopt;
 }
 
+/// The azimuth of a row in a rose: the strike of a plane, the upper end of a line that points up.
+double AzimuthInRose(const PlotRecord& record, const PlottedRow& row) {
+    const double turn = record.DataKind == kPlanes                         ? kPi / 2
+                        : record.DataKind == kPolarLines && row.plunge < 0 ? kPi
+                                                                           : 0;
+    return row.trend + turn;
+}
+
+/// After which turn a row is the same in a rose: axes count at both ends.
+double PeriodInRose(const PlotRecord& record) {
+    return record.DataKind == kPolarLines ? 2 * kPi : kPi;
+}
+
 Point OnRim(double azimuth) {
     return {kNetRadius * std::sin(azimuth), kNetRadius * std::cos(azimuth)};
 }
@@ -77,9 +90,7 @@ FormatSample SampleOfLines(std::span<const std::string> lines, const FormatChoic
     bool headingIsDue = choice.columnHeadings;
     for (std::size_t i = 0; i < lines.size() && sample.lines.size() < kSampleRows; ++i) {
         const ParsedRow row = ParseLine(lines[i], format);
-        const bool isOther = row.status == LineStatus::Blank || row.status == LineStatus::Comment
-                             || row.status == LineStatus::ParameterLine;
-        if (headingIsDue && !isOther) {
+        if (headingIsDue && !IsOfHead(row.status)) {
             headingIsDue = false;
         } else if (row.status == LineStatus::Row) {
             RowFaults faults;
@@ -114,7 +125,9 @@ void DrawRowOfLine(const FormatSample& sample, Surface& surface, const Styles& s
     surface.SetState(state);
     const PlotRecord& record = sample.plot.record;
     if (record.PlotKind == kRose) {
-        surface.Line({0, 0}, OnRim(row->trend), kLitColour);
+        const double azimuth = AzimuthInRose(record, *row);
+        const bool isAxis = record.DataKind != kPolarLines;
+        surface.Line(isAxis ? OnRim(azimuth + kPi) : Point{0, 0}, OnRim(azimuth), kLitColour);
         return;
     }
     if (record.DataKind == kPlanes) {
@@ -128,7 +141,8 @@ void DrawRowOfLine(const FormatSample& sample, Surface& surface, const Styles& s
 
 std::optional<std::size_t> LineAt(const FormatSample& sample, Point at, double reach) {
     const RowTable& table = sample.plot.table;
-    const bool isRose = sample.plot.record.PlotKind == kRose;
+    const PlotRecord& record = sample.plot.record;
+    const bool isRose = record.PlotKind == kRose;
     std::optional<std::size_t> nearest;
     double least = reach;
     for (std::size_t place = 0; place < table.size(); ++place) {
@@ -137,7 +151,8 @@ std::optional<std::size_t> LineAt(const FormatSample& sample, Point at, double r
             continue;
         }
         const double away =
-            isRose ? std::abs(std::remainder(std::atan2(at.x, at.y) - row.trend, 2 * kPi))
+            isRose ? std::abs(std::remainder(std::atan2(at.x, at.y) - AzimuthInRose(record, row),
+                                             PeriodInRose(record)))
                          * std::hypot(at.x, at.y)
                    : std::hypot(at.x - row.x, at.y - row.y);
         if (away <= least) {

@@ -38,7 +38,8 @@ void DrawSample(const FormatSample& sample, Surface& surface, Surface& legend,
                 const Styles& styles);
 
 /// Draws the row of a line above a sample: a plane as its great circle and its pole, a line as a
-/// point, a direction as a radius. Nothing for a line that is not a row.
+/// point, a direction as a radius, an axis in a rose as a diameter. Nothing for a line that is not
+/// a row.
 void DrawRowOfLine(const FormatSample& sample, Surface& surface, const Styles& styles,
                    std::size_t line);
 

@@ -6,6 +6,7 @@
 #include "support/test_platform.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quandrel {
 namespace {
@@ -90,6 +91,31 @@ TEST_F(FormatSamples, AreRosesOfDirections) {
     EXPECT_EQ(LineAt(sample, {-500, 3}, 20), 2U);
     EXPECT_EQ(LineAt(sample, {300, 300}, 20), std::nullopt);
     EXPECT_EQ(std::ranges::count(TextOfRow(sample, 0), '\n'), 1);
+}
+
+TEST_F(FormatSamples, OfPlanesInARoseAreStrikes) {
+    Settings ofRose = gSettings;
+    ofRose.format.plotKind = kRose;
+    choice.columnHeadings = false;
+    const FormatSample sample = SampleOfLines(std::vector<std::string>{"45,120"}, choice, ofRose);
+    ASSERT_EQ(sample.plot.record.PlotKind, kRose);
+    const auto on = [](double azimuth) {
+        return Point{800 * std::sin(DegToRad(azimuth)), 800 * std::cos(DegToRad(azimuth))};
+    };
+    EXPECT_EQ(LineAt(sample, on(30), 20), 0U) << "the strike of 45/120";
+    EXPECT_EQ(LineAt(sample, on(210), 20), 0U) << "its other end";
+    EXPECT_EQ(LineAt(sample, on(120), 20), std::nullopt);
+}
+
+TEST_F(FormatSamples, UpwardPolarLinesPointTheOtherWayInARose) {
+    Settings ofRose = gSettings;
+    ofRose.format.plotKind = kRose;
+    choice.primary = kPrimaryLine;
+    choice.plotDataKind = kPolarLines;
+    choice.columnHeadings = false;
+    const FormatSample sample = SampleOfLines(std::vector<std::string>{"-30,90"}, choice, ofRose);
+    EXPECT_EQ(LineAt(sample, {-800, 1}, 20), 0U);
+    EXPECT_EQ(LineAt(sample, {800, 1}, 20), std::nullopt);
 }
 
 TEST_F(FormatSamples, AreDrawnWithoutAWindow) {
