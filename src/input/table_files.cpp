@@ -12,22 +12,27 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::array<const char*, 6> kEndings = {".xlsx", ".ods",     ".gpkg",
-                                                 ".shp",  ".geojson", ".mif"};
+constexpr const char* kMapInfoEnding = ".tab";
+constexpr std::array<const char*, 7> kEndings = {".xlsx",    ".ods", ".gpkg",       ".shp",
+                                                 ".geojson", ".mif", kMapInfoEnding};
 
 } // namespace
 
 TableFiles TableFiles::now;
 
-bool IsTableFile(const std::string& path) {
+bool HasTableEnding(const std::string& path) {
     const std::string lower = LowerCase(path);
-    if (lower.ends_with(".tab")) {
+    return std::ranges::any_of(kEndings,
+                               [&lower](const char* ending) { return lower.ends_with(ending); });
+}
+
+bool IsTableFile(const std::string& path) {
+    if (LowerCase(path).ends_with(kMapInfoEnding)) {
         constexpr std::string_view kStart = "!table";
         const Result<std::string> start = FirstBytes(path, kStart.size());
         return start && LowerCase(*start) == kStart;
     }
-    return std::ranges::any_of(kEndings,
-                               [&lower](const char* ending) { return lower.ends_with(ending); });
+    return HasTableEnding(path);
 }
 
 Result<std::vector<NamedTable>> ReadTables(const std::string& path) {

@@ -22,6 +22,9 @@ struct TableFiles {
     static TableFiles now;
 };
 
+/// Whether a path ends as those of such tables do; texts may end with ".tab", too.
+[[nodiscard]] bool HasTableEnding(const std::string& path);
+
 /// Whether a file is such a table: by its ending, and for ".tab" by its first words, since texts
 /// have this ending, too.
 [[nodiscard]] bool IsTableFile(const std::string& path);

@@ -7,6 +7,7 @@
 #include "core/path_names.h"
 #include "core/plot_store.h"
 #include "edit/rows/paste_rows.h"
+#include "input/table_files.h"
 #include "persistence/open_plot.h"
 #include "platform/platform.h"
 #include "session/closing.h"
@@ -20,9 +21,8 @@ namespace quandrel {
 
 namespace {
 
-constexpr std::array<const char*, 15> kTableEndings = {".txt",  ".csv", ".tsv",     ".tab",  ".dat",
-                                                       ".asc",  ".prn", ".xlsx",    ".ods",  ".shp",
-                                                       ".gpkg", ".mif", ".geojson", ".json", ".xy"};
+constexpr std::array<const char*, 7> kTextEndings = {".txt", ".csv", ".tsv", ".dat",
+                                                     ".asc", ".prn", ".xy"};
 
 /// The tables of a folder, in the order of their names. One that cannot be read has none.
 std::vector<std::string> TablesIn(const std::string& folder) {
@@ -58,8 +58,9 @@ TableUse AskForUse(std::size_t tables) {
 
 bool IsTableName(const std::string& path) {
     const std::string lower = LowerCase(path);
-    return std::ranges::any_of(kTableEndings,
-                               [&lower](const char* ending) { return lower.ends_with(ending); });
+    return HasTableEnding(path) || std::ranges::any_of(kTextEndings, [&lower](const char* ending) {
+               return lower.ends_with(ending);
+           });
 }
 
 std::vector<std::string> FilesOfDrop(const std::vector<std::string>& paths) {

@@ -83,8 +83,8 @@ void AddCell(std::string cell, std::string& line) {
     line += '"';
 }
 
-bool IsOfPoints(const OGRLayer& layer) {
-    return wkbFlatten(const_cast<OGRLayer&>(layer).GetGeomType()) == wkbPoint;
+bool IsOfPoints(OGRLayer& layer) {
+    return wkbFlatten(layer.GetGeomType()) == wkbPoint;
 }
 
 std::string HeadingsOf(const OGRFeatureDefn& definition, bool hasPlaces) {
