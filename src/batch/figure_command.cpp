@@ -240,6 +240,9 @@ std::string NameLegendEntry(const Command& command) {
     name.RoseWords = command.Value("text").value_or("");
     RecordFigure figure = ActiveRecord();
     NameRoseEntry(figure, name);
+    if (!IsValid(figure)) {
+        return "the text is too long";
+    }
     ChangeFigure(gActivePlot, figure);
     return {};
 }

@@ -44,8 +44,8 @@ namespace quandrel {
 /// Gives an entry in the legend of the rose gActivePlot other words, or without any its own again:
 ///
 ///     legend petals text="Strikes of faults"
-///     legend class 2 text="Veins"           a class; of petals, the layer of an overlaid rose,
-///     from 0
+///     legend class 2 text="Veins"           a class
+///     legend petals 1 text="Speeds"         a layer of an overlaid rose, the top one is 0
 ///
 /// @return empty, or an error message
 [[nodiscard]] std::string NameLegendEntry(const Command& command);

@@ -125,6 +125,7 @@ TEST_F(BatchFigure, NamesTheEntriesOfARose) {
                                        "open \"FOLDER/r.qpx\"")["figure"];
     ASSERT_EQ(kept["roseNames"].size(), 1U);
     EXPECT_EQ(kept["roseNames"][0]["text"], "Mittel");
+    EXPECT_NE(Run(rose + "legend petals text=" + std::string(2000, 'a')), "") << "too long";
     EXPECT_NE(Run(rose + "legend needles text=a"), "");
     EXPECT_NE(Run(rose + "legend class 1000 text=a"), "");
     EXPECT_NE(Run(After("plot equalarea; legend petals text=a")), "") << "a net has layers";
