@@ -3,7 +3,6 @@
 #include "input/suggest/format_suggestion.h"
 
 #include "core/style_tables.h"
-#include "input/data_line.h"
 #include "input/format_preview.h"
 #include "input/suggest/angle_columns.h"
 #include "input/suggest/further_columns.h"
@@ -72,8 +71,9 @@ private:
     [[nodiscard]] std::optional<std::size_t> SenseFor(const AnglePair& pair) const;
     [[nodiscard]] FormatChoice PlaneOf(const AnglePair& pair, int convention) const;
     void Add(FormatChoice choice, double probability, std::vector<std::string> reasons);
-    void StateKind(FormatChoice& choice, std::int16_t kind) const;
+    [[nodiscard]] bool HasKindOfPlot(const FormatChoice& choice) const;
     void AddSecondaryData(FormatChoice& choice, std::vector<std::string>& reasons) const;
+    void Remember(FormatChoice choice);
     void AddRemembered();
     void AddByHeadings();
     void AddHeadedPlanes(std::size_t dip);
@@ -91,7 +91,6 @@ private:
     void AddPair(const AnglePair& pair);
     void AddTwoPairs(const AnglePair& first, const AnglePair& second);
     void Check();
-    [[nodiscard]] double ShareRead(const FormatChoice& choice) const;
 
     TextTable table_;
     std::span<const std::string> lines_;
@@ -146,26 +145,23 @@ FormatChoice Suggester::PlaneOf(const AnglePair& pair, int convention) const {
     return choice;
 }
 
+/// Whether rows of a format can join those of the plot, if they are to.
+bool Suggester::HasKindOfPlot(const FormatChoice& choice) const {
+    const FormatChoice& base = options_.base;
+    return !options_.kindIsFixed
+           || (choice.primary == base.primary && choice.secondary == base.secondary);
+}
+
 void Suggester::Add(FormatChoice choice, double probability, std::vector<std::string> reasons) {
-    if (options_.kindIsFixed
-        && (choice.primary != options_.base.primary
-            || choice.secondary != options_.base.secondary)) {
+    if (!HasKindOfPlot(choice)) {
         return;
     }
     AddAppended(table_.columns, choice);
     if (options_.kindIsFixed) {
-        LimitAppended(options_.base, choice);
+        TakeFromPlot(options_.base, choice);
     }
     FollowOrder(choice);
     found_.push_back({std::move(choice), probability, std::move(reasons)});
-}
-
-/// Rows that join others are plotted as those.
-void Suggester::StateKind(FormatChoice& choice, std::int16_t kind) const {
-    if (!options_.kindIsFixed) {
-        choice.plotDataKind = kind;
-        choice.kindIsStated = true;
-    }
 }
 
 void Suggester::AddSecondaryData(FormatChoice& choice, std::vector<std::string>& reasons) const {
@@ -175,15 +171,29 @@ void Suggester::AddSecondaryData(FormatChoice& choice, std::vector<std::string>&
     }
 }
 
+/// Suggests a format again. What reading does not need is as in the basis.
+void Suggester::Remember(FormatChoice choice) {
+    const FormatChoice& base = options_.base;
+    choice.planeSeparator = base.planeSeparator;
+    choice.lineSeparator = base.lineSeparator;
+    choice.hasOverlays = base.hasOverlays;
+    if (options_.kindIsFixed) {
+        TakeFromPlot(base, choice);
+    }
+    if (HasKindOfPlot(choice)) {
+        found_.push_back({std::move(choice),
+                          kRemembered,
+                          {"a file with the same headings was opened in this format"}});
+    }
+}
+
 void Suggester::AddRemembered() {
     for (const RememberedFormat& former : options_.remembered) {
         const auto isSame = [](const ColumnEvidence& column, const std::string& heading) {
             return PlainHeading(column.heading) == PlainHeading(heading);
         };
         if (table_.hasHeadings && std::ranges::equal(table_.columns, former.headings, isSame)) {
-            found_.push_back({former.choice,
-                              kRemembered,
-                              {"a file with the same headings was opened in this format"}});
+            Remember(former.choice);
             return;
         }
     }
@@ -217,7 +227,8 @@ void Suggester::AddLines(const AnglePair& line, double probability) {
     choice.isQuadrant = trend.IsMostly(trend.quadrants);
     std::vector<std::string> reasons = {ReasonOf(line.dip), ReasonOf(line.azimuth)};
     if (table_.columns[line.dip].least < 0) {
-        StateKind(choice, kPolarLines);
+        choice.plotDataKind = kPolarLines;
+        choice.kindIsStated = true;
         reasons.emplace_back("some lines point upward: they are polar");
     }
     if (trend.meaning == Declination) {
@@ -306,7 +317,8 @@ void Suggester::AddAzimuths(std::size_t place, double probability) {
     choice.primary = kDirections;
     SetColumn(choice, kSlotDirection, place);
     choice.isQuadrant = column.IsMostly(column.quadrants);
-    StateKind(choice, goesAround || isWind ? kPolarLines : kLines);
+    choice.plotDataKind = goesAround || isWind ? kPolarLines : kLines;
+    choice.kindIsStated = true;
     std::vector<std::string> reasons = {ReasonOf(place), "there is no dip and no plunge"};
     if (isWind) {
         reasons.emplace_back("a speed stands beside it");
@@ -402,27 +414,12 @@ void Suggester::AddByValues() {
     }
 }
 
-/// The share of the rows that a format reads.
-double Suggester::ShareRead(const FormatChoice& choice) const {
-    LineFormat format = LineFormatOf(choice);
-    format.convertDecimals = true;
-    std::size_t rows = 0;
-    std::size_t read = 0;
-    for (const std::string& line : lines_) {
-        const LineStatus status = ParseLine(line, format).status;
-        const bool isData = status == LineStatus::Row || status >= LineStatus::TooFewItems;
-        rows += isData ? 1U : 0U;
-        read += status == LineStatus::Row ? 1U : 0U;
-    }
-    return rows > 0 ? static_cast<double>(read) / static_cast<double>(rows) : 0;
-}
-
 /// Formats that do not read most of the rows are no suggestions.
 void Suggester::Check() {
     constexpr double kLeastShare = 0.5;
     for (FormatSuggestion& suggestion : found_) {
         suggestion.decimalIsComma = table_.decimalIsComma;
-        const double share = ShareRead(suggestion.choice);
+        const double share = ShareRead(lines_, suggestion.choice);
         suggestion.probability *= share < kLeastShare ? 0 : share * share;
     }
     std::ranges::stable_sort(found_, std::ranges::greater(), &FormatSuggestion::probability);

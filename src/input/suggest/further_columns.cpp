@@ -180,12 +180,15 @@ void FollowOrder(FormatChoice& choice) {
     }
 }
 
-void LimitAppended(const FormatChoice& other, FormatChoice& choice) {
-    choice.lineAppended = choice.lineAppended && other.lineAppended;
-    choice.numericAppended = choice.numericAppended && other.numericAppended;
-    choice.nonNumericAppended = choice.nonNumericAppended && other.nonNumericAppended;
-    choice.numericName = other.numericName;
-    choice.nonNumericName = other.nonNumericName;
+void TakeFromPlot(const FormatChoice& plot, FormatChoice& choice) {
+    choice.plotDataKind = plot.plotDataKind;
+    choice.kindIsStated = plot.kindIsStated;
+    choice.plotSecondary = plot.plotSecondary;
+    choice.lineAppended = choice.lineAppended && plot.lineAppended;
+    choice.numericAppended = choice.numericAppended && plot.numericAppended;
+    choice.nonNumericAppended = choice.nonNumericAppended && plot.nonNumericAppended;
+    choice.numericName = plot.numericName;
+    choice.nonNumericName = plot.nonNumericName;
 }
 
 void AddAppended(const Columns& columns, FormatChoice& choice) {

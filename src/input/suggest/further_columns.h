@@ -39,9 +39,9 @@ void AddSecondary(const std::vector<ColumnEvidence>& columns, FormatChoice& choi
 /// winds has its frequency as the number.
 void AddAppended(const std::vector<ColumnEvidence>& columns, FormatChoice& choice);
 
-/// Takes away the appended values that another format does not have, and gives the others its
-/// names: rows that join those of a plot have the columns of the plot.
-void LimitAppended(const FormatChoice& other, FormatChoice& choice);
+/// Gives a format what rows that join those of a plot take from it: how they are plotted, and the
+/// names of the appended values; those that the plot does not have are not read.
+void TakeFromPlot(const FormatChoice& plot, FormatChoice& choice);
 
 /// Gives a format the convention that names dip and azimuth in the order of their columns. The
 /// convention decides how the program writes them.

@@ -64,6 +64,12 @@ std::pair<std::size_t, std::size_t> UsualWidth(const Rows& rows) {
     return best;
 }
 
+/// The rows from the first one of a width on: titles may stand before it.
+std::span<const std::vector<std::string>> FromWidth(const Rows& rows, std::size_t width) {
+    const auto first = std::ranges::find(rows, width, &std::vector<std::string>::size);
+    return {first, rows.end()};
+}
+
 bool EndsWithSeparator(const std::string& cell) {
     return cell.ends_with(',') || cell.ends_with(';');
 }
@@ -103,6 +109,25 @@ bool IsHeading(const std::vector<std::string>& row) {
     });
 }
 
+bool HoldsDigit(const std::string& text) {
+    return text.find_first_of("0123456789") != std::string::npos;
+}
+
+/// The last of the lines before the rows that has a heading for each column; titles may stand
+/// before it.
+std::vector<std::string> HeadingsBeforeRows(const Rows& rows, std::size_t width) {
+    std::vector<std::string> headings;
+    for (const std::vector<std::string>& row : rows) {
+        if (row.size() == width && !IsHeading(row)) {
+            break;
+        }
+        if (row.size() >= width && IsHeading(row)) {
+            headings = row;
+        }
+    }
+    return headings;
+}
+
 /// The headings in the last comment before the rows, if it has at least one for each column.
 std::vector<std::string> HeadingsInComment(std::span<const std::string> lines,
                                            const CommentMarks& marks, std::size_t width) {
@@ -110,7 +135,7 @@ std::vector<std::string> HeadingsInComment(std::span<const std::string> lines,
     for (const std::string& line : lines) {
         const std::string_view text = WithoutIndent(line);
         const bool isComment = IsPassedOver(line, marks);
-        if (!isComment && text.find_first_of("0123456789") != std::string_view::npos) {
+        if (!isComment && HoldsDigit(line)) {
             break; // the first row
         }
         last = isComment && !text.empty() ? text : last;
@@ -235,8 +260,9 @@ std::optional<TextTable> TableOfText(std::span<const std::string> lines) {
             Rows rows = Divided(lines, delimiter, best.comments);
             const auto [usual, count] = UsualWidth(rows);
             // Nine of ten lines have to agree; a later delimiter must do better by some lines.
-            if (usual >= least && 10 * count >= 9 * rows.size()
-                && count > agreeing + rows.size() / 50) {
+            const std::size_t rowsBelow = FromWidth(rows, usual).size();
+            if (usual >= least && 10 * count >= 9 * rowsBelow
+                && count > agreeing + rowsBelow / 50) {
                 best.rows = std::move(rows);
                 best.delimiter = delimiter;
                 width = usual;
@@ -250,11 +276,12 @@ std::optional<TextTable> TableOfText(std::span<const std::string> lines) {
     if (best.rows.empty()) {
         return std::nullopt;
     }
-    std::vector<std::string> headings;
-    if (IsHeading(best.rows.front()) && best.rows.front().size() >= width) {
-        headings = best.rows.front();
-        best.hasHeadings = true;
-    } else {
+    std::vector<std::string> headings = HeadingsBeforeRows(best.rows, width);
+    // The first line is taken for headings where it is; a title with a digit would be a bad row.
+    best.hasHeadings =
+        IsHeading(best.rows.front())
+        && (headings == best.rows.front() || std::ranges::any_of(best.rows.front(), HoldsDigit));
+    if (headings.empty()) {
         headings = HeadingsInComment(lines, best.comments, width);
     }
     std::erase_if(best.rows,

@@ -2,6 +2,8 @@
 
 #include "input/suggest/text_sample.h"
 
+#include "input/data_line.h"
+
 #include <algorithm>
 
 namespace quandrel {
@@ -22,6 +24,25 @@ bool StatesItsFormat(std::span<const std::string> lines) {
     return std::ranges::any_of(lines, [](const std::string& line) {
         return line.starts_with(";Quandrel") || (line.starts_with("/") && !line.starts_with("//"));
     });
+}
+
+double ShareRead(std::span<const std::string> lines, const FormatChoice& choice) {
+    LineFormat format = LineFormatOf(choice);
+    format.convertDecimals = true;
+    std::size_t rows = 0;
+    std::size_t read = 0;
+    bool headingIsDue = choice.columnHeadings;
+    for (const std::string& line : lines) {
+        const LineStatus status = ParseLine(line, format).status;
+        if (headingIsDue && !IsOfHead(status)) {
+            headingIsDue = false; // the heading, or a title that is taken for it
+            continue;
+        }
+        const bool isData = status == LineStatus::Row || status >= LineStatus::TooFewItems;
+        rows += isData ? 1U : 0U;
+        read += status == LineStatus::Row ? 1U : 0U;
+    }
+    return rows > 0 ? static_cast<double>(read) / static_cast<double>(rows) : 0;
 }
 
 } // namespace quandrel

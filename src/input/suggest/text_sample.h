@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "input/format_choice.h"
+
 #include <cstddef>
 #include <span>
 #include <string>
@@ -19,5 +21,8 @@ inline constexpr std::size_t kSuggestedFrom = 1000;
 
 /// Whether a text says its own format: it has a parameter line, or is one that the program wrote.
 [[nodiscard]] bool StatesItsFormat(std::span<const std::string> lines);
+
+/// The share of the rows among some lines that a format reads, 0 to 1; 0 without a row.
+[[nodiscard]] double ShareRead(std::span<const std::string> lines, const FormatChoice& choice);
 
 } // namespace quandrel

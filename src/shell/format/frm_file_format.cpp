@@ -271,7 +271,7 @@ void frmFileFormat::accept() {
         FollowPlotKind(choice_);
     }
     SetGlobalSettings();
-    if (choice_.columnHeadings) {
+    if (!preview_.heading.empty()) {
         RememberFormat({CellsOfLine(preview_.heading, choice_.delimiter), choice_});
     }
     if (!SaveFormatSettings(chkSaveSettings[0]->isChecked(), chkSaveSettings[1]->isChecked(),

@@ -49,6 +49,40 @@ TEST_F(SuggestedLayouts, HeadingsMayStandInTheLastComment) {
     EXPECT_GE(found.probability, kSureEnough);
 }
 
+TEST_F(SuggestedLayouts, TitlesMayStandBeforeTheHeadings) {
+    const FormatSuggestion words =
+        First({"Beds of the valley", "dip;dip direction;rock", "52;142;marl", "43;35;lime"});
+    EXPECT_GE(words.probability, kSureEnough);
+    EXPECT_FALSE(words.choice.columnHeadings) << "lines without a digit are passed over";
+    EXPECT_EQ(words.choice.nonNumericName, "rock");
+    const FormatSuggestion dated =
+        First({"Survey of 2019", "", "dip;dip direction", "52;142", "43;35"});
+    EXPECT_GE(dated.probability, kSureEnough);
+    EXPECT_TRUE(dated.choice.columnHeadings) << "or the title would be a bad row";
+    EXPECT_TRUE(First({"dip;dip direction", "52;142", "43;35"}).choice.columnHeadings);
+}
+
+TEST_F(SuggestedLayouts, RememberedFormatsKeepWhatIsNotOfTheFile) {
+    const Lines lines = {"strike,dip", "10,30", "120,45", "170,80"};
+    SuggestionOptions options;
+    options.base.planeSeparator = "|";
+    options.base.lineSeparator = "~";
+    FormatChoice former;
+    former.delimiter = ",";
+    former.columnHeadings = true;
+    former.planeConvention = kDipDirectionDip;
+    former.columns = {1, 0, 2, 3, 4, 5, 6, 7, 8, 9};
+    options.remembered = {{{"strike", "dip"}, former}};
+    const FormatSuggestion again = SuggestFormats(lines, options).front();
+    EXPECT_EQ(again.choice.planeConvention, kDipDirectionDip);
+    EXPECT_FALSE(again.choice.numericAppended) << "as it was";
+    EXPECT_EQ(again.choice.planeSeparator, "|");
+    EXPECT_EQ(again.choice.lineSeparator, "~");
+    options.kindIsFixed = true;
+    options.base.primary = kPrimaryLine;
+    EXPECT_TRUE(SuggestFormats(lines, options).empty()) << "the plot holds lines";
+}
+
 TEST_F(SuggestedLayouts, PairsInCellsAreSplit) {
     const FormatSuggestion plain =
         First({"site,plane,rock", "A,045/60SE,marl", "B,230/45NW,marl", "C,150/20SW,lime"});
