@@ -356,6 +356,8 @@ void MakePanelPictures(const QString& examples, const QString& folder, const QSt
     };
     at(1366, 768, "panels");
     at(1600, 1000, "panels_large");
+    show.Press("mnuViewTexts");
+    at(1366, 768, "panel_texts");
 }
 
 /// The window of figures with two plots and their statistics, at its usual size and smaller.

@@ -238,13 +238,13 @@ void AddSession(Rows& table) {
                                 {1, kMostPlots}));
     table.push_back(Truth({{Session}, kStartUp, "MIToolbarShow"}, windows.mapToolbar, true));
     table.push_back(Truth({{Session}, kStartUp, "ToolLabels"}, windows.toolLabels, true));
-    table.push_back(Truth({{Session}, kStartUp, "LayerPanel"}, windows.layerPanel, false));
-    table.push_back(Truth({{Session}, kStartUp, "PropertyPanel"}, windows.propertyPanel, false));
-    constexpr int kPanelWidth = 240;
-    table.push_back(WholeNumber({{Session}, kStartUp, "LayerPanelWidth"}, windows.layerWidth,
-                                kPanelWidth, {100, 2000}));
-    table.push_back(WholeNumber({{Session}, kStartUp, "PropertyPanelWidth"}, windows.propertyWidth,
-                                kPanelWidth, {100, 2000}));
+    const auto addPanel = [&table](const std::string& id, bool& shown, auto& size, int first) {
+        table.push_back(Truth({{Session}, kStartUp, id}, shown, false));
+        table.push_back(WholeNumber({{Session}, kStartUp, id + "Width"}, size, first, {100, 2000}));
+    };
+    addPanel("LayerPanel", windows.layerPanel, windows.layerWidth, 240);
+    addPanel("PropertyPanel", windows.propertyPanel, windows.propertyWidth, 240);
+    addPanel("TextPanel", windows.textPanel, windows.textWidth, 280);
     table.push_back(Words({{Session}, kStartUp, "RoseScaleType"}, gSettings.newPlots.rose.scaleType,
                           "tickauto"));
     table.push_back(SectorSize());

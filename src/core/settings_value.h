@@ -36,8 +36,10 @@ struct WindowSettings {
     bool toolLabels = true;             ///< whether buttons of the tool strip have names below
     bool layerPanel = false;            ///< whether the panel of data and layers is shown
     bool propertyPanel = false;         ///< whether that of the properties of a layer is shown
+    bool textPanel = false;             ///< whether that of statistics and description is shown
     std::int16_t layerWidth = 240;      ///< of the panels, logical pixels
     std::int16_t propertyWidth = 240;
+    std::int16_t textWidth = 280;
 };
 
 /// Files and folders.

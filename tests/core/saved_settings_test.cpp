@@ -95,6 +95,8 @@ protected:
         gSettings.windows.propertyPanel = true;
         gSettings.windows.layerWidth = 310;
         gSettings.windows.propertyWidth = 290;
+        gSettings.windows.textPanel = true;
+        gSettings.windows.textWidth = 330;
         gPlotWinLast = true;
         gPlotWidthPercent = 61;
         gPlotAspect = 0.333F;

@@ -44,6 +44,7 @@ class ToolStrip;
 class PlotDialogs;
 class LayerPanel;
 class PropertyPanel;
+class TextPanel;
 class frmIntro;
 class frmPlotForms;
 
@@ -103,6 +104,7 @@ private:
     void MakePlotRoom();
     void MakePanels();
     void FollowPanels();
+    void FollowTexts();
     void FollowChosenLayer();
     /// Shows the properties of a layer of the plot in focus, if there is one where the user points.
     ///
@@ -186,6 +188,7 @@ private:
     QMdiArea* room_ = nullptr;
     LayerPanel* panLayers_ = nullptr;
     PropertyPanel* panProperties_ = nullptr;
+    TextPanel* panTexts_ = nullptr;
     RecentPictures pictures_{FolderOfRecentPictures()};
     frmIntro* intro_ = nullptr;
     std::unique_ptr<PlotDialogs> dialogs_;

@@ -47,6 +47,7 @@
 #include "shell/main/tool_strip.h"
 #include "shell/panels/layer_panel.h"
 #include "shell/panels/property_panel.h"
+#include "shell/panels/text_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/plot_dialogs.h"
 #include "shell/preferences/frm_preferences.h"
@@ -273,6 +274,10 @@ void GeolPlotMain::ConnectViewCommands() {
     commands_->Connect("mnuViewLayers", [this] { panLayers_->setVisible(panLayers_->isHidden()); });
     commands_->Connect("mnuViewProperties",
                        [this] { panProperties_->setVisible(panProperties_->isHidden()); });
+    commands_->Connect("mnuViewTexts", [this] {
+        panTexts_->setVisible(panTexts_->isHidden());
+        panTexts_->raise();
+    });
     commands_->Connect("mnuViewLabels",
                        [] { gSettings.windows.toolLabels = !gSettings.windows.toolLabels; });
 }

@@ -22,6 +22,8 @@
 #include "shell/main/tool_strip.h"
 #include "shell/panels/layer_panel.h"
 #include "shell/panels/property_panel.h"
+#include "shell/panels/text_panel.h"
+#include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/plot_dialogs.h"
 #include "stereo/window_drawing.h"
@@ -193,16 +195,35 @@ void GeolPlotMain::MakePanels() {
     panLayers_ = new LayerPanel(this, std::move(signs));
     panProperties_ = new PropertyPanel(this, [this] { UpdatePlotState(); });
     addDockWidget(Qt::LeftDockWidgetArea, panLayers_);
+    panTexts_ = new TextPanel(this);
     addDockWidget(Qt::RightDockWidgetArea, panProperties_);
+    addDockWidget(Qt::RightDockWidgetArea, panTexts_);
+    tabifyDockWidget(panProperties_, panTexts_);
+    connect(panTexts_->toggleViewAction(), &QAction::toggled, this, [this] { FollowTexts(); });
     const WindowSettings& kept = gSettings.windows;
-    resizeDocks({panLayers_, panProperties_}, {kept.layerWidth, kept.propertyWidth},
-                Qt::Horizontal);
+    resizeDocks({panLayers_, panProperties_, panTexts_},
+                {kept.layerWidth, kept.propertyWidth, kept.textWidth}, Qt::Horizontal);
     for (int button = 0; button <= kLastModeButton; ++button) {
         findChild<QToolButton*>("grpSymbolButton_" + QString::number(button))
             ->installEventFilter(this);
     }
     panLayers_->setVisible(kept.layerPanel);
     panProperties_->setVisible(kept.propertyPanel);
+    panTexts_->setVisible(kept.textPanel);
+}
+
+void GeolPlotMain::FollowTexts() {
+    const bool isInPanel = !panTexts_->isHidden();
+    for (int slot = 0; slot <= HighestSlot(); ++slot) {
+        auto* form = static_cast<frmPlotForms*>(PlotOf(slot).form.get());
+        if (form != nullptr && isInPanel) {
+            panTexts_->Add(form->TextPage());
+        } else if (form != nullptr) {
+            form->TakeTextsBack();
+        }
+    }
+    frmPlotForms* const form = isInPanel ? ActiveForm() : nullptr;
+    panTexts_->Show(form != nullptr ? &form->TextPage() : nullptr);
 }
 
 void GeolPlotMain::FollowPanels() {
@@ -211,6 +232,7 @@ void GeolPlotMain::FollowPanels() {
         panLayers_->Follow(slot);
     }
     FollowChosenLayer();
+    FollowTexts();
 }
 
 void GeolPlotMain::ShowProperties(
@@ -254,6 +276,7 @@ void GeolPlotMain::KeepPanels() {
     };
     keep(*panLayers_, kept.layerPanel, kept.layerWidth);
     keep(*panProperties_, kept.propertyPanel, kept.propertyWidth);
+    keep(*panTexts_, kept.textPanel, kept.textWidth);
 }
 
 } // namespace quandrel

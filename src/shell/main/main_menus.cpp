@@ -159,6 +159,7 @@ void MainMenus::MakeViewMenu(const Commands& commands) {
          kGap,
          "mnuViewLayers",
          "mnuViewProperties",
+         "mnuViewTexts",
          kGap,
          "mnuViewToolbar",
          "mnuViewLabels",

@@ -27,6 +27,7 @@
 #include "shell/map/frm_mapinfo.h"
 #include "shell/panels/layer_panel.h"
 #include "shell/panels/property_panel.h"
+#include "shell/panels/text_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/net_mouse.h"
@@ -173,6 +174,7 @@ void GeolPlotMain::UpdateToolbar() {
     set("mnuPlotAnnotation", state.annotations);
     set("mnuViewLayers", {true, panLayers_->isVisibleTo(this)});
     set("mnuViewProperties", {true, panProperties_->isVisibleTo(this)});
+    set("mnuViewTexts", {true, !panTexts_->isHidden()});
     set("mnuViewLabels", {true, gSettings.windows.toolLabels});
     panToolbarBox_->ShowLabels(gSettings.windows.toolLabels);
     set("mnuViewBestGirdle", state.bestGirdle);

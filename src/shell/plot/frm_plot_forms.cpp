@@ -59,6 +59,10 @@ frmPlotForms::frmPlotForms(int slot) {
     }
 }
 
+frmPlotForms::~frmPlotForms() {
+    delete page_; // it may be in a panel
+}
+
 int frmPlotForms::Slot() const {
     return property(kTag).toString().toInt();
 }

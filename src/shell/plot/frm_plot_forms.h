@@ -35,6 +35,7 @@ class frmPlotForms : public QMdiSubWindow, public PlotForm {
 
 public:
     explicit frmPlotForms(int slot);
+    ~frmPlotForms() override;
 
     /// The slot, equal to the window's Tag.
     [[nodiscard]] int Slot() const;
@@ -70,6 +71,14 @@ public:
 
     /// Makes the layer of this window the one being edited.
     void UseOwnLayer();
+
+    /// The page with the texts of the window: fabric, description, statistics. It is made on the
+    /// first call, which takes them out of the window, and belongs to the window wherever it is
+    /// shown.
+    [[nodiscard]] QWidget& TextPage();
+
+    /// Puts the texts back beside the net, and removes the page.
+    void TakeTextsBack();
 
     PictureBox* picStereoArea = nullptr;
     PictureBox* picLegendBox = nullptr;
@@ -116,6 +125,8 @@ private:
     [[nodiscard]] PlotParts ShownParts() const;
     [[nodiscard]] PlotMetrics Metrics() const;
     void Arrange(const PlotLayout& layout, const PlotParts& parts);
+    void ArrangePage(const PlotParts& parts);
+    [[nodiscard]] std::array<QWidget*, 4> Texts() const;
     /// The box with its own menu that is this object or contains it as its viewport; or null.
     [[nodiscard]] QWidget* BoxOf(const QObject& object) const;
     void ShowBoxMenu(QWidget& box, const QPoint& at);
@@ -123,6 +134,7 @@ private:
     [[nodiscard]] QPlainTextEdit* MakeTextBox(const QString& name, const QString& title);
 
     QWidget* body_ = nullptr;
+    QWidget* page_ = nullptr; ///< with the texts, if they are not in the window
     std::string description_; ///< from the record, when it was last shown
     std::string fabric_;
     QSize legendSize_;         ///< the size that the legend needed when it was last drawn

@@ -93,7 +93,8 @@ bool frmPlotForms::eventFilter(QObject* object, QEvent* event) {
     if (lblNumBox == nullptr) { // the boxes are under construction
         return QMdiSubWindow::eventFilter(object, event);
     }
-    if (object == body_ && event->type() == QEvent::Resize && !isMinimized()) {
+    const bool isRoom = object == body_ || (page_ != nullptr && object == page_);
+    if (isRoom && event->type() == QEvent::Resize && !isMinimized()) {
         LayOut();
     }
     const bool isText = object == txtStatsBox[0] || object == txtStatsBox[1] || object == txtDescBox

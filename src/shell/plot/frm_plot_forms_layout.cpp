@@ -16,6 +16,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -136,7 +137,11 @@ void frmPlotForms::LayOut() {
     if (!IsOpenSlot(Slot())) {
         return;
     }
-    const PlotParts parts = ShownParts();
+    PlotParts parts = ShownParts();
+    if (page_ != nullptr) {
+        ArrangePage(parts);
+        parts.fabric = parts.description = parts.statistics = false;
+    }
     const PlotMetrics metrics = Metrics();
     Arrange(LayOutPlot(body_->size(), parts, metrics), parts);
     // In boxes of another width, lines may be wrapped in another way.
@@ -170,15 +175,70 @@ void frmPlotForms::Arrange(const PlotLayout& layout, const PlotParts& parts) {
             widget->setGeometry(rect);
         }
     };
-    show(txtFabricBox, parts.fabric, layout.fabric);
-    show(txtDescBox, parts.description, layout.description);
     show(picLegendBox, parts.legend, layout.legend);
     show(lblNumBox, parts.number, layout.number);
+    if (page_ != nullptr) {
+        return;
+    }
+    show(txtFabricBox, parts.fabric, layout.fabric);
+    show(txtDescBox, parts.description, layout.description);
     show(txtStatsBox[0], parts.statistics && !isAdvanced, layout.statistics);
     show(txtStatsBox[1], parts.statistics && isAdvanced, layout.statistics);
     for (QPlainTextEdit* box : txtStatsBox) {
         FitTabStops(*box);
     }
+}
+
+void frmPlotForms::ArrangePage(const PlotParts& parts) {
+    constexpr int kMostLines = 8;
+    const bool isAdvanced = RecordOf(Slot()).StatsBoxKind != 0;
+    txtFabricBox->setVisible(parts.fabric);
+    txtDescBox->setVisible(parts.description);
+    const int line = txtFabricBox->sizeHint().height();
+    txtDescBox->setFixedHeight(std::clamp(HeightOfText(*txtDescBox), line, kMostLines * line));
+    for (QPlainTextEdit* box : txtStatsBox) {
+        FitTabStops(*box);
+        box->setVisible(parts.statistics && (box == txtStatsBox[1]) == isAdvanced);
+        box->setMaximumHeight(HeightOfText(*box));
+    }
+}
+
+std::array<QWidget*, 4> frmPlotForms::Texts() const {
+    return {txtFabricBox, txtDescBox, txtStatsBox[0], txtStatsBox[1]};
+}
+
+QWidget& frmPlotForms::TextPage() {
+    if (page_ != nullptr) {
+        return *page_;
+    }
+    page_ = new QWidget;
+    page_->setObjectName("pagTexts_" + QString::number(Slot()));
+    auto* boxes = new QVBoxLayout(page_);
+    boxes->setContentsMargins(4, 4, 4, 4);
+    for (QWidget* text : Texts()) {
+        boxes->addWidget(text);
+    }
+    boxes->addStretch(1);
+    boxes->setStretchFactor(txtStatsBox[0], 1000);
+    boxes->setStretchFactor(txtStatsBox[1], 1000);
+    page_->installEventFilter(this);
+    LayOut();
+    return *page_;
+}
+
+void frmPlotForms::TakeTextsBack() {
+    if (page_ == nullptr) {
+        return;
+    }
+    for (QWidget* text : Texts()) {
+        text->setParent(body_);
+        text->setMinimumHeight(0);
+        text->setMaximumHeight(QWIDGETSIZE_MAX);
+    }
+    delete page_;
+    page_ = nullptr;
+    SetOrder();
+    LayOut();
 }
 
 } // namespace quandrel
