@@ -91,6 +91,16 @@ struct CommentMarks {
            || (marks.slashes && line.starts_with("//"));
 }
 
+/// The columns of the place of a row on the map, or none.
+struct PlaceColumns {
+    std::int32_t x = -1; ///< easting or longitude, from 0; negative: none
+    std::int32_t y = -1; ///< northing or latitude
+
+    [[nodiscard]] bool AreUsed() const { return x >= 0 && y >= 0; }
+
+    friend bool operator==(const PlaceColumns&, const PlaceColumns&) = default;
+};
+
 struct FormatSettings {
     /// Plane convention 1 to 6, plus 10 for lines as trend, plunge; negative for quadrant notation.
     std::int16_t conventions = 1;
@@ -117,6 +127,8 @@ struct FormatSettings {
 
     /// An orientation may be in one cell, "045/60NE", with one column for both values.
     bool pairsInCells = false;
+
+    PlaceColumns placeColumns;
 };
 
 } // namespace quandrel

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "core/map_places.h"
 #include "core/measured_columns.h"
 #include "core/plot_attachments.h"
 #include "core/plot_record.h"
@@ -17,6 +18,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -44,8 +46,14 @@ struct PlotRows {
     MeasuredColumns measured; ///< of dip and azimuth, made for the first row with decimals
     MeasuredColumns measured2;
     MeasuredColumns measuredLine;
+    MapColumns mapPlaces; ///< made for the first row with a place
     ErrorLines errorLines;
 };
+
+/// The place of a row on the map, if it has one.
+[[nodiscard]] inline std::optional<MapPlace> MapPlaceOf(const PlotRows& rows, std::int32_t row) {
+    return rows.mapPlaces.Has(row) ? std::optional(rows.mapPlaces.At(row)) : std::nullopt;
+}
 
 /// Layers of class grid values.
 enum GridLayer : std::size_t { kMeanLayer = 0, kCumulativeLayer = 1 };

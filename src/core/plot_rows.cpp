@@ -99,30 +99,54 @@ void StoreMeasured(const RowBlock& block, PlotRows& rows, std::int32_t last) {
     }
 }
 
-[[nodiscard]] bool MakeRoomForMeasuredOf(const RowBlock& block, PlotRows& rows, std::int32_t last) {
-    return std::all_of(kRowAngles.begin(), kRowAngles.end(), [&](RowAngles which) {
-        return !block.HasMeasured(which) || MakeRoomForMeasured(rows, which, last);
-    });
+/// The same for the places of a block.
+void StoreMapPlaces(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    const MapColumns& from = block.Cells().mapPlaces;
+    MapColumns& to = rows.mapPlaces;
+    const std::int32_t count = block.Count();
+    if (block.HasMapPlaces()) {
+        CopyCells(from.xHigh, count, to.xHigh, last);
+        CopyCells(from.xLow, count, to.xLow, last);
+        CopyCells(from.yHigh, count, to.yHigh, last);
+        CopyCells(from.yLow, count, to.yLow, last);
+        return;
+    }
+    for (std::int32_t row = last + 1; row < std::min(last + count + 1, to.RowCount()); ++row) {
+        to.Clear(row);
+    }
 }
 
-[[nodiscard]] bool MakeRoomForMeasuredOf(const RowValues& values, PlotRows& rows,
-                                         std::int32_t row) {
-    return std::all_of(kRowAngles.begin(), kRowAngles.end(), [&](RowAngles which) {
-        return !values.measured[static_cast<std::size_t>(which)]
-               || MakeRoomForMeasured(rows, which, row);
-    });
+/// Makes room for the measured angles and the places of a block.
+[[nodiscard]] bool MakeRoomForMoreOf(const RowBlock& block, PlotRows& rows, std::int32_t last) {
+    return std::ranges::all_of(kRowAngles,
+                               [&](RowAngles which) {
+                                   return !block.HasMeasured(which)
+                                          || MakeRoomForMeasured(rows, which, last);
+                               })
+           && (!block.HasMapPlaces() || MakeRoomForMapPlaces(rows, last));
+}
+
+/// The same for a row.
+[[nodiscard]] bool MakeRoomForMoreOf(const RowValues& values, PlotRows& rows, std::int32_t row) {
+    return std::ranges::all_of(kRowAngles,
+                               [&](RowAngles which) {
+                                   return !values.measured[static_cast<std::size_t>(which)]
+                                          || MakeRoomForMeasured(rows, which, row);
+                               })
+           && (!values.mapPlace || MakeRoomForMapPlaces(rows, row));
 }
 
 /// Stores a block after the counted rows. False when memory ran out.
 [[nodiscard]] bool StoreBlock(Plot& plot, const RowBlock& block) {
     const std::int32_t last = plot.record.NumLoadedData;
     if (!MakeRoom(plot.rows, last + block.Count(), block.Columns(), RoomAhead::None)
-        || !MakeRoomForMeasuredOf(block, plot.rows, last + block.Count())) {
+        || !MakeRoomForMoreOf(block, plot.rows, last + block.Count())) {
         return false;
     }
     CopyBaseColumns(block, plot.rows, last);
     CopyOtherColumns(block, plot.rows, last);
     StoreMeasured(block, plot.rows, last);
+    StoreMapPlaces(block, plot.rows, last);
     for (const auto& [row, line] : block.Cells().errorLines) {
         plot.rows.errorLines[last + row] = line;
     }
@@ -214,7 +238,7 @@ bool AppendRow(Plot& plot, int overlay, const RowValues& values) {
     const std::int32_t row = plot.record.NumLoadedData + 1;
     const ColumnSet columns = ColumnsOf(plot.record, values.hasSecondary);
     try {
-        if (!MakeRoom(plot.rows, row, columns) || !MakeRoomForMeasuredOf(values, plot.rows, row)) {
+        if (!MakeRoom(plot.rows, row, columns) || !MakeRoomForMoreOf(values, plot.rows, row)) {
             plot.record.DataFull = kTrue;
             return false;
         }
@@ -289,6 +313,27 @@ void SetMeasuredOrientation(Plot& plot, std::int32_t row, const Attitude& whole,
     if (!SetDecimals(plot.rows, RowAngles::Primary, row, measured)) {
         plot.record.DataFull = kTrue;
     }
+}
+
+void SetMapPlace(Plot& plot, std::int32_t row, const std::optional<MapPlace>& place) {
+    if (!place) {
+        plot.rows.mapPlaces.Clear(row);
+    } else if (MakeRoomForMapPlaces(plot.rows, row)) {
+        plot.rows.mapPlaces.Set(row, *place);
+    } else {
+        plot.record.DataFull = kTrue;
+    }
+}
+
+bool HasMapPlaces(const Plot& plot) {
+    const std::int32_t end =
+        std::min(plot.record.NumLoadedData + 1, plot.rows.mapPlaces.RowCount());
+    for (std::int32_t row = 1; row < end; ++row) {
+        if (plot.rows.mapPlaces.Has(row)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void SpoilRow(Plot& plot, std::int32_t row, std::string_view line) {

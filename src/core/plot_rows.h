@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -71,6 +72,13 @@ void SetOrientation(Plot& plot, std::int32_t row, std::int32_t dip, std::int32_t
 /// @param measured  stored only where it differs from `whole`
 void SetMeasuredOrientation(Plot& plot, std::int32_t row, const Attitude& whole,
                             const Attitude& measured);
+
+/// Gives a row a place on the map, or none. When memory runs out, the row keeps what it had, and
+/// DataFull is set.
+void SetMapPlace(Plot& plot, std::int32_t row, const std::optional<MapPlace>& place);
+
+/// Whether any row of a plot has a place on the map. O(rows), O(1) where none ever had one.
+[[nodiscard]] bool HasMapPlaces(const Plot& plot);
 
 /// Turns a row into an error row, and keeps a text with it unless the text is empty. The caller
 /// updates the line of the table.

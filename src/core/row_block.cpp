@@ -45,6 +45,11 @@ void StoreGoodCells(PlotRows& rows, std::int32_t row, const RowValues& values,
             ClearDecimals(rows, which, row);
         }
     }
+    if (values.mapPlace) {
+        rows.mapPlaces.Set(row, *values.mapPlace);
+    } else {
+        rows.mapPlaces.Clear(row);
+    }
 }
 
 } // namespace
@@ -66,6 +71,7 @@ void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line) {
     for (const RowAngles which : kRowAngles) {
         ClearDecimals(rows, which, row);
     }
+    rows.mapPlaces.Clear(row);
     if (!line.empty()) {
         rows.errorLines[row] = std::string(line);
     }
@@ -87,6 +93,7 @@ void RowBlock::Begin(const ColumnSet& columns, std::int32_t expectedRows) {
     valid_ = 0;
     range_ = {};
     hasMeasured_ = {};
+    hasMapPlaces_ = false;
     cells_.errorLines.clear();
     cells_.text.Clear();
     MakeRoomFor(expectedRows);
@@ -99,18 +106,26 @@ void RowBlock::MakeRoomFor(std::int32_t rows) {
             GrowMeasured(cells_, which, rows);
         }
     }
+    if (cells_.mapPlaces.RowCount() > 0) {
+        cells_.mapPlaces.Grow(rows);
+    }
     const auto places = static_cast<std::size_t>(rows);
     flags_.resize(std::max(flags_.size(), places));
     places_.resize(std::max(places_.size(), places));
 }
 
-void RowBlock::MakeRoomForMeasuredOf(const RowValues& values, std::int32_t row) {
+void RowBlock::MakeRoomForMoreOf(const RowValues& values, std::int32_t row) {
+    const std::int32_t capacity = std::max(row, cells_.dip.RowCount() - 1);
     for (const RowAngles which : kRowAngles) {
         const auto place = static_cast<std::size_t>(which);
         if (values.measured[place]) {
-            GrowMeasured(cells_, which, std::max(row, cells_.dip.RowCount() - 1));
+            GrowMeasured(cells_, which, capacity);
             hasMeasured_[place] = true;
         }
+    }
+    if (values.mapPlace) {
+        cells_.mapPlaces.Grow(capacity);
+        hasMapPlaces_ = true;
     }
 }
 
@@ -120,7 +135,7 @@ void RowBlock::Add(const RowValues& values) {
     if (place >= places_.size()) {
         MakeRoomFor(row + row / 2);
     }
-    MakeRoomForMeasuredOf(values, row);
+    MakeRoomForMoreOf(values, row);
     StoreCells(cells_, row, values, columns_);
     places_[place] = values.place;
     flags_[place] = {values.isData, values.isInRange};
@@ -156,6 +171,7 @@ RowValues RowBlock::Row(std::int32_t row) const {
     if (const auto line = cells_.errorLines.find(row); line != cells_.errorLines.end()) {
         values.errorLine = line->second;
     }
+    values.mapPlace = MapPlaceOf(cells_, row);
     return values;
 }
 

@@ -39,14 +39,15 @@ struct RowValues {
     bool isInRange = false;  ///< whether number and text extend the range of the appended values
     PlottedRow place{0, 0, 0, static_cast<double>(kErrorRow), 0}; ///< its index is ignored
     std::string_view errorLine; ///< the text of an error row in its file, stored with it
+    std::optional<MapPlace> mapPlace;
 };
 
 /// Resets the cells of a row to an error row: defaults in all columns, because removed rows may
 /// have left values there. Its load order stays, and so does a text unless a new one is given.
 void StoreErrorCells(PlotRows& rows, std::int32_t row, std::string_view line);
 
-/// Writes a row to its cells. The columns must hold them, those of measured angles where the row
-/// has some.
+/// Writes a row to its cells. The columns must hold them, those of measured angles and of places
+/// where the row has some.
 void StoreCells(PlotRows& rows, std::int32_t row, const RowValues& values,
                 const ColumnSet& columns);
 
@@ -77,6 +78,9 @@ public:
         return hasMeasured_[static_cast<std::size_t>(which)];
     }
 
+    /// Whether any row has a place on the map.
+    [[nodiscard]] bool HasMapPlaces() const { return hasMapPlaces_; }
+
     [[nodiscard]] const ColumnSet& Columns() const { return columns_; }
 
     [[nodiscard]] const PlotRows& Cells() const { return cells_; }
@@ -98,14 +102,15 @@ private:
     /// Grows all columns to a number of rows. Throws std::bad_alloc.
     void MakeRoomFor(std::int32_t rows);
 
-    /// Makes the columns of measured angles that a row needs. Throws std::bad_alloc.
-    void MakeRoomForMeasuredOf(const RowValues& values, std::int32_t row);
+    /// Makes the columns of measured angles and of places that a row needs. Throws std::bad_alloc.
+    void MakeRoomForMoreOf(const RowValues& values, std::int32_t row);
 
     ColumnSet columns_;
     std::int32_t count_ = 0;
     std::int32_t valid_ = 0;
     PlotRows cells_;
     std::array<bool, kRowAngles.size()> hasMeasured_{};
+    bool hasMapPlaces_ = false;
     std::vector<PlottedRow> places_; ///< by row - 1, like the flags; both as long as the capacity
     std::vector<Flags> flags_;
     AppendedRange range_;

@@ -46,6 +46,13 @@ void MoveUp(const std::vector<std::int32_t>& stay, MeasuredColumns& columns) {
     MoveUp(stay, columns.azimuthOffset);
 }
 
+void MoveUp(const std::vector<std::int32_t>& stay, MapColumns& columns) {
+    MoveUp(stay, columns.xHigh);
+    MoveUp(stay, columns.xLow);
+    MoveUp(stay, columns.yHigh);
+    MoveUp(stay, columns.yLow);
+}
+
 void MoveUp(const std::vector<std::int32_t>& stay, RowTexts& column) {
     const std::int32_t end = column.RowCount();
     for (std::size_t place = 0; place < stay.size() && stay[place] < end; ++place) {
@@ -74,7 +81,7 @@ void RemoveCells(PlotRows& rows, std::int32_t count, std::span<const std::int32_
     const auto moveUp = [&stay](auto&... columns) { (MoveUp(stay, columns), ...); };
     moveUp(rows.dip, rows.azimuth, rows.symbol, rows.symbolBase, rows.pointDensity, rows.order,
            rows.dip2, rows.azimuth2, rows.lineDip, rows.lineAzimuth, rows.number, rows.text,
-           rows.measured, rows.measured2, rows.measuredLine);
+           rows.measured, rows.measured2, rows.measuredLine, rows.mapPlaces);
     rows.errorLines = Renumbered(stay, std::move(rows.errorLines));
 }
 

@@ -100,6 +100,13 @@ bool MakeRoomForMeasured(PlotRows& rows, RowAngles which, std::int32_t row) {
                            columns.azimuth, columns.azimuthOffset);
 }
 
+bool MakeRoomForMapPlaces(PlotRows& rows, std::int32_t row) {
+    MapColumns& columns = rows.mapPlaces;
+    return Holds(columns.yLow, row)
+           || GrowTogether(std::max(rows.dip.RowCount() - 1, row), columns.xHigh, columns.xLow,
+                           columns.yHigh, columns.yLow);
+}
+
 ColumnSet ColumnsOf(const PlotRecord& record, bool withSecondary) {
     return {withSecondary, record.HasAppendedLine != 0, record.HasAppendedNumeric != 0,
             record.HasAppendedText != 0};

@@ -25,8 +25,11 @@ enum class AppendedColumn { Line = 0, Number = 1, Text = 2 };
 /// False when memory ran out.
 [[nodiscard]] bool MakeRoomForMeasured(PlotRows& rows, RowAngles which, std::int32_t row);
 
-/// The columns of a row besides the base columns. Those of measured angles are made when a row
-/// needs them.
+/// The same for the columns of places on the map.
+[[nodiscard]] bool MakeRoomForMapPlaces(PlotRows& rows, std::int32_t row);
+
+/// The columns of a row besides the base columns. Those of measured angles and of places are made
+/// when a row needs them.
 struct ColumnSet {
     bool secondary = false;
     bool line = false;

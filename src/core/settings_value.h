@@ -95,7 +95,8 @@ struct Settings {
                           .plotDataKind = kPlanes,
                           .plotKind = kEqualArea,
                           .comments = {},
-                          .pairsInCells = false};
+                          .pairsInCells = false,
+                          .placeColumns = {}};
     NotationSettings notation;
     WindowSettings windows;
     FileSettings files;

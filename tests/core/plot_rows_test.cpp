@@ -16,6 +16,7 @@ struct ModelRow {
     bool isData = false;
     std::array<std::int32_t, 6> angles{}; ///< both orientations and the line
     MeasuredValues measured;
+    std::optional<MapPlace> mapPlace;
     float number = 0;
     std::string text;
     std::string line;
@@ -34,6 +35,9 @@ std::ostream& operator<<(std::ostream& out, const ModelRow& row) {
                     ? " " + std::to_string(measured->dip) + "/" + std::to_string(measured->azimuth)
                     : " -");
     }
+    if (row.mapPlace) {
+        out << " at " << row.mapPlace->x << ',' << row.mapPlace->y;
+    }
     return out << ' ' << row.number << " \"" << row.text << "\" \"" << row.line << "\" overlay "
                << row.overlay;
 }
@@ -50,6 +54,7 @@ std::vector<ModelRow> RowsOf(const Plot& plot) {
         for (const RowAngles which : kRowAngles) {
             held.measured[static_cast<std::size_t>(which)] = DecimalsOf(cells, which, row);
         }
+        held.mapPlace = MapPlaceOf(cells, row);
         held.number = cells.number(row);
         held.text = cells.text(row);
         const auto line = cells.errorLines.find(row);
@@ -90,6 +95,9 @@ protected:
                         Attitude{Random(-90 * 64, 90 * 64) / 64.0, Random(0, 360 * 64) / 64.0};
                 }
             }
+            if (Random(0, 2) == 0) { // 0,0 is a place, too
+                row.mapPlace = MapPlace{Random(-1, 1) * 600123.456, Random(-1, 1) / 3.0};
+            }
             row.number = Random(0, 9) == 0 ? kInvalidNumber : static_cast<float>(Random(-20, 20));
             static constexpr std::array<const char*, 6> kTexts = {"",   "Slate", "slate",
                                                                   "12", "-3.5",  "gneiss"};
@@ -114,6 +122,7 @@ protected:
         values.lineDip = row.angles[4];
         values.lineAzimuth = row.angles[5];
         values.measured = row.measured;
+        values.mapPlace = row.mapPlace;
         values.number = row.number;
         values.text = row.text;
         values.isInRange = row.isData && row.number != kInvalidNumber;

@@ -50,7 +50,7 @@ struct RowSettings {
 void TakeSettingsOfRows(PlotRecord& record, const RowSettings& settings);
 
 /// Number of numeric columns, in the order of ForEachColumn.
-inline constexpr std::size_t kRowColumns = 23;
+inline constexpr std::size_t kRowColumns = 27;
 inline constexpr std::size_t kDensityColumn = 9;
 inline constexpr std::size_t kDrawnColumn = 10;
 inline constexpr std::size_t kBaseColumn = 7;
@@ -69,6 +69,15 @@ void ForEachMeasuredColumn(const Visit& visit) {
     visit(DataColumn(&ColumnAt<Columns, &MeasuredColumns::azimuthOffset>));
 }
 
+/// Calls visit(column) for the four columns of places on the map.
+template <class Visit>
+void ForEachMapColumn(const Visit& visit) {
+    visit(DataColumn(&ColumnAt<&PlotRows::mapPlaces, &MapColumns::xHigh>));
+    visit(DataColumn(&ColumnAt<&PlotRows::mapPlaces, &MapColumns::xLow>));
+    visit(DataColumn(&ColumnAt<&PlotRows::mapPlaces, &MapColumns::yHigh>));
+    visit(DataColumn(&ColumnAt<&PlotRows::mapPlaces, &MapColumns::yLow>));
+}
+
 /// Calls visit(column, index) for all numeric columns.
 template <class Visit>
 void ForEachColumn(const Visit& visit) {
@@ -79,6 +88,7 @@ void ForEachColumn(const Visit& visit) {
     ForEachMeasuredColumn<&PlotRows::measured>(next);
     ForEachMeasuredColumn<&PlotRows::measured2>(next);
     ForEachMeasuredColumn<&PlotRows::measuredLine>(next);
+    ForEachMapColumn(next);
 }
 
 /// The bits of a cell, so that all columns can be stored alike. A cell that was never written has
