@@ -46,6 +46,9 @@ LineFormat FormatFrom(const std::uint8_t* bytes) {
     format.comments = {(bytes[15] & 1U) != 0, (bytes[15] & 2U) != 0, (bytes[15] & 4U) != 0};
     format.pairsInCells = (bytes[15] & 8U) != 0;
     format.lineIsTrendFirst = (bytes[15] & 16U) != 0;
+    if ((bytes[15] & 32U) != 0) {
+        format.placeColumns = {bytes[5] % 40, bytes[6] % 40};
+    }
     format.neededColumns = HighestColumnNeeded(format) + 1;
     return format;
 }
@@ -68,6 +71,7 @@ void CheckTyped(std::string_view line, const LineFormat& format) {
         CheckAngles(row.linePlunge, row.lineTrend);
     }
     Require(std::isfinite(row.number));
+    Require(!row.mapPlace || (std::isfinite(row.mapPlace->x) && std::isfinite(row.mapPlace->y)));
     Require(std::string_view(row.text).size() <= line.size());
 }
 

@@ -5,12 +5,12 @@
 #include "input/decimal_delimiter.h"
 #include "input/line_tokens.h"
 #include "input/paired_cell.h"
+#include "input/place_columns.h"
 #include "orientation/angles.h"
 #include "orientation/attitude.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -25,10 +25,6 @@ constexpr double kSteepestPitch = 180;
 
 // What adding or subtracting right angles may change an angle by. More is a digit of the file.
 constexpr double kRounding = 1e-10;
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // The tokens of a row by their slots.
 struct Items {
@@ -59,8 +55,8 @@ LineStatus KindOfLine(std::string_view line, const LineFormat& format) {
     case '*':
         return LineStatus::Comment;
     default:
-        return std::any_of(line.begin(), line.end(), IsDigit) ? LineStatus::Row
-                                                              : LineStatus::NotData;
+        return line.find_first_of("0123456789") != std::string_view::npos ? LineStatus::Row
+                                                                          : LineStatus::NotData;
     }
 }
 
@@ -433,6 +429,7 @@ void ReadRow(const Items& items, ParsedRow& row) {
         return row;
     }
     ReadRow({tokens, format}, row);
+    row.mapPlace = MapPlaceIn(line, format);
     return row;
 }
 

@@ -13,11 +13,13 @@
 
 #pragma once
 
+#include "core/map_places.h"
 #include "core/tagged_value.h"
 #include "input/format_model.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -101,8 +103,9 @@ struct ParsedRow {
     double az2 = 0;
     double linePlunge = 0;
     double lineTrend = 0;
-    double number = 0; ///< valid when Good or WrongDelimiter
-    CellText text;     ///< valid as long as the line lives
+    double number = 0;                ///< valid when Good or WrongDelimiter
+    CellText text;                    ///< valid as long as the line lives
+    std::optional<MapPlace> mapPlace; ///< none where the line has none, or not two numbers
 };
 
 /// Reads a line without its line end.

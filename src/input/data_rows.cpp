@@ -169,6 +169,7 @@ RowValues ValuesOfRow(const ParsedRow& row, const RowForm& form, RowFaults& faul
     values.isData = true;
     SetOrientations(row, form, values);
     SetAppended(row, form.columns, values, faults);
+    values.mapPlace = row.mapPlace;
     const RowAngles which =
         form.target.overlay > 0 || !form.showsSecondary ? RowAngles::Primary : RowAngles::Secondary;
     const Attitude whole = WholeShownOf(values, which);

@@ -148,6 +148,7 @@ FormatSettings SettingsOf(const FormatChoice& choice, FormatSettings settings) {
     settings.negativePlunge = choice.negativePlunge;
     settings.comments = choice.comments;
     settings.pairsInCells = choice.pairsInCells;
+    settings.placeColumns = choice.placeColumns;
     if (choice.plotDataKind != kNoDataKind) {
         settings.plotDataKind = choice.plotDataKind;
     }
@@ -177,6 +178,7 @@ LineFormat LineFormatOf(const FormatChoice& choice) {
     format.negativePlunge = choice.negativePlunge;
     format.comments = choice.comments;
     format.pairsInCells = choice.pairsInCells;
+    format.placeColumns = choice.placeColumns;
     return format;
 }
 

@@ -46,6 +46,7 @@ struct FormatChoice {
     std::string numericName = "value";
     std::string nonNumericName = "type";
     ColumnSettings columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+    PlaceColumns placeColumns;
     std::int16_t plotDataKind = kNoDataKind; ///< DataKindCode, or kNoDataKind
     bool kindIsStated = false; ///< by the file or the user; otherwise it follows from the format
     bool plotSecondary = false;

@@ -87,6 +87,7 @@ LineFormat LineFormatOf(const FormatSettings& settings, const NotationSettings& 
     format.negativePlunge = settings.negativePlunge;
     format.comments = settings.comments;
     format.pairsInCells = settings.pairsInCells;
+    format.placeColumns = settings.placeColumns;
     return format;
 }
 

@@ -39,6 +39,7 @@ struct LineFormat {
     NegativePlunge negativePlunge = NegativePlunge::LowerEnd; ///< the end that its trend names
     CommentMarks comments;
     bool pairsInCells = false; ///< values in one column are a pair
+    PlaceColumns placeColumns; ///< a line may end before them: it then has no place
 };
 
 /// Decodes a convention code.

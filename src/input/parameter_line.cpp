@@ -3,6 +3,7 @@
 #include "input/parameter_line.h"
 
 #include "input/column_order.h"
+#include "input/format_model.h"
 #include "input/text_file.h"
 #include "orientation/number_text.h"
 
@@ -140,6 +141,8 @@ void TakeTruth(char item, std::string_view value, ParameterItems& items) {
         return Take(TruthOf(value), items.L);
     case 'W':
         return Take(TruthOf(value), items.W);
+    case 'G':
+        return Take(TruthOf(value), items.G);
     default:
         return;
     }
@@ -202,6 +205,12 @@ void TranslateOldItems(const ParameterItems& items, FormatSettings& settings) {
 
 bool HasOldItems(const ParameterItems& items) {
     return items.I.value_or(0) > 0 || items.one == kOldFormats;
+}
+
+// The two columns after those of a format.
+PlaceColumns ColumnsBehind(const FormatSettings& settings) {
+    const std::int32_t next = HighestColumnNeeded(LineFormatOf(settings, {}, false)) + 1;
+    return {next, next + 1};
 }
 
 // A partial line states that values are not appended by omitting them.
@@ -309,6 +318,7 @@ std::string BuildParameterText(const ParameterItems& items, bool full) {
     writer.AddTruth("A", items.A);
     writer.AddTruth("L", items.L);
     writer.AddTruth("W", items.W);
+    writer.AddTruth("G", items.G);
     writer.AddName("F", items.F);
     writer.AddName("D", items.D);
     return writer.Line();
@@ -330,16 +340,20 @@ FormatSettings WithFormatItems(FormatSettings settings, const ParameterItems& it
         settings.negativePlunge = NegativePlunge::LowerEnd;
         settings.comments = {};
         settings.pairsInCells = false;
+        settings.placeColumns = {};
     }
     settings.negativePlunge = items.U.value_or(settings.negativePlunge);
     settings.comments = items.M.value_or(settings.comments);
+    // The columns are those of the file, even when the plot does not take all of them.
+    FormatSettings ofFile = settings;
+    ofFile.lineAppended = FlagOf(items.A, items, settings.lineAppended);
+    ofFile.numericAppended = FlagOf(items.L, items, settings.numericAppended);
+    ofFile.nonNumericAppended = FlagOf(items.W, items, settings.nonNumericAppended);
     if (HasOldItems(items)) {
-        // The columns are those of the file, even when the plot does not take all of them.
-        FormatSettings ofFile = settings;
-        ofFile.lineAppended = FlagOf(items.A, items, settings.lineAppended);
-        ofFile.numericAppended = FlagOf(items.L, items, settings.numericAppended);
-        ofFile.nonNumericAppended = FlagOf(items.W, items, settings.nonNumericAppended);
-        settings.columns = ColumnsInOrder(ofFile);
+        settings.columns = ofFile.columns = ColumnsInOrder(ofFile);
+    }
+    if (items.G) {
+        settings.placeColumns = *items.G ? ColumnsBehind(ofFile) : PlaceColumns();
     }
     return settings;
 }

@@ -49,6 +49,7 @@ struct ParameterItems {
     std::optional<std::int16_t> C;       ///< conventions
     std::optional<NegativePlunge> U;     ///< which end the trend beside a negative plunge names
     std::optional<CommentMarks> M;       ///< marks of comment lines, a sum: 1 "#", 2 "%", 4 "//"
+    std::optional<bool> G;               ///< lines end with a place on the map: x, y
     std::vector<std::string> extraFiles; ///< X: paths of further data files
     bool isOwnText = false;              ///< the file begins with kOwnTextStart
 };

@@ -18,6 +18,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr const char* kSection = "RememberedFormats";
+constexpr std::int32_t kNoColumn = -1;
 
 /// Calls `visit(key, value)` for each value that is kept.
 template <class Choice, class Visitor>
@@ -58,6 +59,8 @@ bool IsValid(const FormatChoice& choice) {
            && CanHaveSecondary(choice, choice.secondary) && choice.delimiter.size() <= 1
            && choice.numericName.size() <= kLongestName
            && choice.nonNumericName.size() <= kLongestName
+           && IsWithin<std::int32_t>(choice.placeColumns.x, kNoColumn, kLastColumn)
+           && IsWithin<std::int32_t>(choice.placeColumns.y, kNoColumn, kLastColumn)
            && std::ranges::all_of(choice.columns, [](std::int32_t column) {
                   return IsWithin<std::int32_t>(column, 0, kLastColumn);
               });
@@ -69,6 +72,8 @@ std::string TextOfRemembered(const RememberedFormat& format) {
     Json json = {{"headings", format.headings}};
     Visit(format.choice, [&json](const char* key, const auto& value) { json[key] = value; });
     json["comments"] = TextOfCommentMarks(format.choice.comments);
+    json["x"] = format.choice.placeColumns.x;
+    json["y"] = format.choice.placeColumns.y;
     return json.dump(-1, ' ', true, Json::error_handler_t::replace);
 }
 
@@ -80,6 +85,7 @@ std::optional<RememberedFormat> RememberedIn(const std::string& text) {
         Visit(format.choice, [&json](const char* key, auto& value) { json.at(key).get_to(value); });
         const auto comments = CommentMarksIn(json.at("comments").get<std::string>());
         format.choice.comments = comments.value_or(CommentMarks());
+        format.choice.placeColumns = {json.value("x", kNoColumn), json.value("y", kNoColumn)};
     } catch (const Json::exception&) {
         return std::nullopt; // not such a text
     }

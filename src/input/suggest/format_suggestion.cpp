@@ -157,6 +157,7 @@ void Suggester::Add(FormatChoice choice, double probability, std::vector<std::st
         return;
     }
     AddAppended(table_.columns, choice);
+    AddPlaceColumns(table_.columns, choice, reasons);
     if (options_.kindIsFixed) {
         TakeFromPlot(options_.base, choice);
     }

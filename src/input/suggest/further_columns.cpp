@@ -209,4 +209,16 @@ void AddAppended(const Columns& columns, FormatChoice& choice) {
     }
 }
 
+void AddPlaceColumns(const Columns& columns, FormatChoice& choice,
+                     std::vector<std::string>& reasons) {
+    const auto easting = FreeColumn(columns, Easting, choice);
+    const auto northing = FreeColumn(columns, Northing, choice);
+    if (easting && northing && IsNumber(columns[*easting]) && IsNumber(columns[*northing])) {
+        choice.placeColumns = {static_cast<std::int32_t>(*easting),
+                               static_cast<std::int32_t>(*northing)};
+        reasons.push_back("'" + columns[*easting].heading + "' and '" + columns[*northing].heading
+                          + "' are the place on the map");
+    }
+}
+
 } // namespace quandrel

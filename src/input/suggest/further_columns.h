@@ -39,6 +39,10 @@ void AddSecondary(const std::vector<ColumnEvidence>& columns, FormatChoice& choi
 /// winds has its frequency as the number.
 void AddAppended(const std::vector<ColumnEvidence>& columns, FormatChoice& choice);
 
+/// Adds the columns of the place on the map, if headings name both, and the reason.
+void AddPlaceColumns(const std::vector<ColumnEvidence>& columns, FormatChoice& choice,
+                     std::vector<std::string>& reasons);
+
 /// Gives a format what rows that join those of a plot take from it: how they are plotted, and the
 /// names of the appended values; those that the plot does not have are not read.
 void TakeFromPlot(const FormatChoice& plot, FormatChoice& choice);

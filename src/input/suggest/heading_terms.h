@@ -28,7 +28,9 @@ enum class HeadingMeaning {
     Declination,  ///< trend of the vector that an inclination belongs to
     Pitch,        ///< angle of a line in its plane, from an end of the strike
     AngleInPlane, ///< the same from 0 to 360, from the right-hand strike
-    Coordinate,
+    Easting,      ///< or longitude
+    Northing,     ///< or latitude
+    Coordinate,   ///< another one
     Identifier,
     Frequency,
     Speed,

@@ -42,6 +42,10 @@ std::string TextOfSuggestion(const FormatSuggestion& suggestion) {
             text += ", " + names[slot] + " " + std::to_string(choice.columns[slot] + 1);
         }
     }
+    if (choice.placeColumns.AreUsed()) {
+        text += ", x " + std::to_string(choice.placeColumns.x + 1) + ", y "
+                + std::to_string(choice.placeColumns.y + 1);
+    }
     return text + (choice.isQuadrant ? ", in quadrants" : "");
 }
 

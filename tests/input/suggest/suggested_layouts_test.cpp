@@ -62,6 +62,27 @@ TEST_F(SuggestedLayouts, TitlesMayStandBeforeTheHeadings) {
     EXPECT_TRUE(First({"dip;dip direction", "52;142", "43;35"}).choice.columnHeadings);
 }
 
+TEST_F(SuggestedLayouts, CoordinatesAreThePlaceOfARow) {
+    const FormatSuggestion metres =
+        First({"Easting (m);Northing (m);dip;dip direction", "651234.5;5200100;52;142",
+               "651301;5200099.25;43;35", "651322;5200090;4;35"});
+    EXPECT_GE(metres.probability, kSureEnough);
+    EXPECT_EQ(metres.choice.placeColumns, (PlaceColumns{0, 1}));
+    EXPECT_FALSE(metres.choice.numericAppended) << "a coordinate is no number of the row";
+    EXPECT_EQ(metres.reasons.back(), "'Easting (m)' and 'Northing (m)' are the place on the map");
+    EXPECT_NE(TextOfSuggestion(metres).find(", x 1, y 2"), std::string::npos);
+    const FormatSuggestion degrees = First({"dip,dip direction,latitude,longitude,elevation",
+                                            "52,142,46.5,7.25,1200", "43,35,46.6,7.26,1300"});
+    EXPECT_EQ(degrees.choice.placeColumns, (PlaceColumns{3, 2})) << "x is the longitude";
+    for (const char* headings : {"dip,dip direction,x,z", "dip,dip direction,y,z"}) {
+        EXPECT_FALSE(
+            First({headings, "52,142,46.5,7.25", "43,35,46.6,7.26"}).choice.placeColumns.AreUsed())
+            << headings;
+    }
+    EXPECT_FALSE(First({"dip,dip direction,x,y", "52,142,here,there", "43,35,here,there"})
+                     .choice.placeColumns.AreUsed());
+}
+
 TEST_F(SuggestedLayouts, RememberedFormatsKeepWhatIsNotOfTheFile) {
     const Lines lines = {"strike,dip", "10,30", "120,45", "170,80"};
     SuggestionOptions options;
