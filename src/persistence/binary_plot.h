@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "core/map_places.h"
 #include "core/measured_rows.h"
 #include "core/plot_record.h"
 #include "core/plot_store.h"
@@ -56,8 +57,9 @@ struct BinaryPlot {
     bool hasWeightedRose = false;           ///< uses a weighting that no longer exists
 
     std::array<MeasuredColumns, kRowAngles.size()> measured; ///< by RowAngles
-    std::optional<PictureView> pictureView;                  ///< of a plot in a picture
-    std::vector<ExtensionBlock> unknownBlocks;               ///< of the file's extension
+    MapColumns mapPlaces;
+    std::optional<PictureView> pictureView;    ///< of a plot in a picture
+    std::vector<ExtensionBlock> unknownBlocks; ///< of the file's extension
     std::vector<std::string> leftOut; ///< what is damaged in the extension, a sentence each
 };
 

@@ -6,6 +6,7 @@
 #include "persistence/field_block.h"
 #include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
+#include "persistence/place_block.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -48,6 +49,18 @@ void ReadMeasured(std::string_view bytes, RowAngles which, BinaryPlot& plot) {
         LeaveOut(plot, std::string(NameOfDecimals(which)) + " belong to other rows.");
     } else {
         plot.measured[static_cast<std::size_t>(which)] = std::move(block->columns);
+    }
+}
+
+void ReadPlaces(std::string_view bytes, BinaryPlot& plot) {
+    std::optional<PlaceBlock> block = ReadPlaceBlock(bytes);
+    if (!block) {
+        LeaveOut(plot, "The places on the map are damaged.");
+    } else if (static_cast<std::size_t>(block->count) != plot.rows.size()
+               || block->checksum != ChecksumOf(plot.rows, RowAngles::Primary)) {
+        LeaveOut(plot, "The places on the map belong to other rows.");
+    } else {
+        plot.mapPlaces = std::move(block->places);
     }
 }
 
@@ -115,6 +128,8 @@ void ReadBlock(const BlockView& block, BinaryPlot& plot) {
         ReadPart<RecordRegions>(block.bytes, "confidence regions", plot);
     } else if (block.head.tag == kFigureBlock.tag) {
         ReadFigure(block.bytes, plot);
+    } else if (block.head.tag == kPlaceBlock.tag) {
+        ReadPlaces(block.bytes, plot);
     } else if (block.head.tag == kPictureBlock.tag) {
         plot.pictureView = PictureViewOfBlock(block.bytes);
     } else {
@@ -156,6 +171,13 @@ void AddMeasured(const PlotRows& rows, RowAngles which, std::int32_t row, Finger
     }
 }
 
+void AddMapPlace(const PlotRows& rows, std::int32_t row, Fingerprint& print) {
+    if (const std::optional<MapPlace> place = MapPlaceOf(rows, row)) {
+        print.Add(std::bit_cast<std::uint64_t>(place->x));
+        print.Add(std::bit_cast<std::uint64_t>(place->y));
+    }
+}
+
 } // namespace
 
 std::uint64_t FingerprintOfRows(const Plot& plot) {
@@ -179,6 +201,7 @@ std::uint64_t FingerprintOfRows(const Plot& plot) {
         print.AddWhole(rows.lineAzimuth(row));
         print.AddWhole(std::bit_cast<std::int32_t>(rows.number(row)));
         print.Add(rows.text(row));
+        AddMapPlace(rows, row, print);
     }
     return print.Value();
 }
@@ -213,6 +236,7 @@ void TakeBlocks(BinaryPlot& file, Plot& plot) {
     for (const RowAngles which : kRowAngles) {
         MeasuredOf(plot.rows, which) = std::move(file.measured[static_cast<std::size_t>(which)]);
     }
+    plot.rows.mapPlaces = std::move(file.mapPlaces);
     if (!file.unknownBlocks.empty()) {
         plot.attachments.Of<UnknownBlocks>() = {std::move(file.unknownBlocks),
                                                 FingerprintOfRows(plot)};
@@ -237,6 +261,9 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
         extension.Block(kPictureBlock, [&] { WritePictureView(*view, writer); });
     }
     WriteMeasured(extension, writer, plot, rows);
+    if (HasMapPlaces(plot)) {
+        extension.Block(kPlaceBlock, [&] { WritePlaceBlock(writer, plot.rows.mapPlaces, rows); });
+    }
     WriteUnknown(extension, writer, plot);
     extension.Finish();
 }

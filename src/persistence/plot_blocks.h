@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The properties of a plot that a binary plot file keeps in its extension: measured angles of rows,
-// whether the plot uses them, its formulas, densities and confidence regions. Also blocks that this
-// version does not know.
+// whether the plot uses them, places of rows on the map, its formulas, densities and confidence
+// regions. Also blocks that this version does not know.
 
 #pragma once
 

@@ -35,6 +35,10 @@ inline std::string LongByHand(std::int32_t number) {
     return LittleEndian(static_cast<std::uint32_t>(number), 4);
 }
 
+inline std::string DoubleByHand(double number) {
+    return LittleEndian(std::bit_cast<std::uint64_t>(number), 8);
+}
+
 /// A nearest whole degree and the offset from it.
 inline std::string AngleByHand(int degree, float offset) {
     return LittleEndian(static_cast<std::uint16_t>(degree), 2)

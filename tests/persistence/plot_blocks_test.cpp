@@ -402,6 +402,55 @@ TEST_F(PlotBlocks, ACountBeyondTheBlockTakesNoMemory) {
     }
 }
 
+/// The places of the seven rows of a sample: row 1 is at 1.5, -2.
+std::string PlacesOfSample(const std::string& firstRow) {
+    const std::string measured = OrientationsOfSample();
+    std::string content = measured.substr(0, 8) + firstRow; // the same count and checksum
+    for (int row = 2; row <= 7; ++row) {
+        content += LittleEndian(0, 2) + DoubleByHand(0) + DoubleByHand(0);
+    }
+    return content;
+}
+
+const std::string kFirstPlace = LittleEndian(0xffff, 2) + DoubleByHand(1.5) + DoubleByHand(-2);
+
+TEST_F(PlotBlocks, PlacesOnTheMapAreWrittenAndReadBack) {
+    const int slot = Open(SampleBytes());
+    const std::string plain = Bytes(slot);
+    SetMapPlace(PlotOf(slot), 1, MapPlace{1.5, -2});
+    const std::string extension =
+        ExtensionByHand(BlockByHand("PLAC", 0, PlacesOfSample(kFirstPlace)));
+    EXPECT_EQ(AfterFields(slot, plain), extension);
+    const int again = Open(SampleBytes() + extension);
+    EXPECT_EQ(MapPlaceOf(PlotOf(again).rows, 1), (MapPlace{1.5, -2}));
+    EXPECT_EQ(MapPlaceOf(PlotOf(again).rows, 2), std::nullopt);
+}
+
+TEST_F(PlotBlocks, DamagedPlacesAreLeftOut) {
+    const auto leftOut = [](const std::string& content) {
+        return LeftOutOf(SampleWith(BlockByHand("PLAC", 0, content)));
+    };
+    const Sentences damaged = {"The places on the map are damaged."};
+    const Sentences ofOthers = {"The places on the map belong to other rows."};
+    const std::string good = PlacesOfSample(kFirstPlace);
+    EXPECT_EQ(leftOut(good), Sentences{});
+    for (std::size_t length = 0; length < good.size(); ++length) {
+        ASSERT_EQ(leftOut(good.substr(0, length)), damaged) << length;
+    }
+    EXPECT_EQ(leftOut(good + "x"), damaged);
+    for (const double odd : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_EQ(leftOut(PlacesOfSample(LittleEndian(1, 2) + DoubleByHand(odd) + DoubleByHand(0))),
+                  damaged);
+    }
+    std::string other = good;
+    other[4] = static_cast<char>(other[4] ^ 1);
+    EXPECT_EQ(leftOut(other), ofOthers) << "another checksum";
+    EXPECT_EQ(leftOut(LongByHand(0) + LongByHand(0)), ofOthers) << "fewer rows";
+    for (const std::int32_t count : {-1, 8, 1 << 28, 0x7fffffff}) {
+        EXPECT_EQ(leftOut(LongByHand(count) + good.substr(4)), damaged) << count;
+    }
+}
+
 class UnknownBlocksOfFiles : public PlotBlocks {
 protected:
     void SetUp() override {
