@@ -34,8 +34,9 @@ void DataGrid::Fill() {
         return;
     }
     const PlotRecord& record = RecordOf(slot_);
-    format_ = GridFormatOf(record);
-    columns_ = GridColumnsOf(record);
+    const bool hasPlaces = HasMapPlaces(PlotOf(slot_));
+    format_ = GridFormatOf(record, hasPlaces);
+    columns_ = GridColumnsOf(record, hasPlaces);
     rowsKnown_ = record.NumLoadedData;
     std::vector<std::int32_t> points(static_cast<std::size_t>(std::max(rowsKnown_, 0)));
     std::iota(points.begin(), points.end(), 1);
@@ -138,6 +139,12 @@ std::string DataGrid::StoredText(const GridLine& line, GridColumnKind kind) cons
     }
     case GridColumnKind::Text:
         return std::string(gAppText(slot_, point));
+    case GridColumnKind::MapX:
+    case GridColumnKind::MapY: {
+        const std::optional<MapPlace> place = MapPlaceOf(PlotOf(slot_).rows, point);
+        return place ? CoordinateText(kind == GridColumnKind::MapX ? place->x : place->y)
+                     : std::string();
+    }
     case GridColumnKind::RowNumber:
     case GridColumnKind::Edited:
         return {};
@@ -256,8 +263,10 @@ bool DataGrid::IsBad(std::size_t row, std::size_t column) const {
     }
     const GridColumnKind kind = columns_[column].kind;
     const std::optional<PairKinds> pair = PairOf(kind);
-    const bool isEdited =
-        pair ? HasEdit(row, pair->dip) || HasEdit(row, pair->azimuth) : HasEdit(row, kind);
+    const bool isEdited = pair ? HasEdit(row, pair->dip) || HasEdit(row, pair->azimuth)
+                          : IsPlaceKind(kind) ? HasEdit(row, GridColumnKind::MapX)
+                                                    || HasEdit(row, GridColumnKind::MapY)
+                                              : HasEdit(row, kind);
     return isEdited && IsBadText(row, column, TextOfKind(row, kind));
 }
 
@@ -268,6 +277,12 @@ bool DataGrid::IsBadText(std::size_t row, std::size_t column, std::string_view t
     const GridColumnKind kind = columns_[column].kind;
     if (kind == GridColumnKind::Number) {
         return !WithoutBlanks(text).empty() && !ReadGridNumber(text);
+    }
+    if (IsPlaceKind(kind)) {
+        const std::string beside = TextOfKind(
+            row, kind == GridColumnKind::MapX ? GridColumnKind::MapY : GridColumnKind::MapX);
+        const bool isEmpty = WithoutBlanks(text).empty() && WithoutBlanks(beside).empty();
+        return !isEmpty && !ReadGridPlace(text, beside);
     }
     const std::optional<PairKinds> pair = PairOf(kind);
     if (!pair) {
@@ -330,7 +345,7 @@ void DataGrid::RowsRemoved(std::span<const std::int32_t> points) {
 }
 
 std::optional<std::vector<std::int32_t>> DataGrid::LostRows() const {
-    if (!IsOpenSlot(slot_) || GridFormatOf(RecordOf(slot_)) != format_) {
+    if (!IsOpenSlot(slot_) || HasOtherColumns()) {
         return std::nullopt;
     }
     const std::int32_t left = RecordOf(slot_).NumLoadedData;
@@ -348,9 +363,12 @@ std::optional<std::vector<std::int32_t>> DataGrid::LostRows() const {
     return next > left && !lost.empty() ? std::optional(lost) : std::nullopt;
 }
 
+bool DataGrid::HasOtherColumns() const {
+    return GridFormatOf(RecordOf(slot_), HasMapPlaces(PlotOf(slot_))) != format_;
+}
+
 bool DataGrid::IsStale() const {
-    return !IsOpenSlot(slot_) || RecordOf(slot_).NumLoadedData != rowsKnown_
-           || GridFormatOf(RecordOf(slot_)) != format_;
+    return !IsOpenSlot(slot_) || RecordOf(slot_).NumLoadedData != rowsKnown_ || HasOtherColumns();
 }
 
 void SelectRowsOfGrid(const DataGrid& grid, std::span<const std::size_t> rows) {

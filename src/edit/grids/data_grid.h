@@ -135,6 +135,8 @@ private:
     [[nodiscard]] std::string AngleText(std::int32_t point, GridColumnKind kind,
                                         AngleDigits digits) const;
     [[nodiscard]] std::string NumberText(std::size_t row) const;
+    /// Whether the plot has other columns than the grid. It must be open.
+    [[nodiscard]] bool HasOtherColumns() const;
     [[nodiscard]] bool IsMainRow(const GridLine& line) const;
     [[nodiscard]] std::size_t FirstOfOrder(std::size_t row) const;
     void FindPoints();

@@ -22,7 +22,7 @@ struct GridPiece {
     std::vector<GridColumnKind> kinds;
 };
 
-std::vector<GridPiece> PiecesOf(const PlotRecord& record) {
+std::vector<GridPiece> PiecesOf(const PlotRecord& record, bool hasPlaces) {
     using Kind = GridColumnKind;
     std::vector<GridPiece> pieces = {
         {"        |>Dip/Plunge  |>Azimuth  ", {Kind::RowNumber, Kind::Dip, Kind::Azimuth}}};
@@ -38,6 +38,9 @@ std::vector<GridPiece> PiecesOf(const PlotRecord& record) {
     }
     if (record.HasAppendedText != 0) {
         pieces.push_back({"|>AlphaNum. ", {Kind::Text}});
+    }
+    if (hasPlaces) {
+        pieces.push_back({"|>Map X |>Map Y ", {Kind::MapX, Kind::MapY}});
     }
     pieces.push_back({"|^Edited", {Kind::Edited}});
     return pieces;
@@ -71,17 +74,17 @@ std::string AngleText(double degrees, const std::string& wholeFormat, AngleDigit
 
 } // namespace
 
-std::string GridFormatOf(const PlotRecord& record) {
+std::string GridFormatOf(const PlotRecord& record, bool hasPlaces) {
     std::string format;
-    for (const GridPiece& piece : PiecesOf(record)) {
+    for (const GridPiece& piece : PiecesOf(record, hasPlaces)) {
         format += piece.format;
     }
     return format;
 }
 
-std::vector<GridColumn> GridColumnsOf(const PlotRecord& record) {
+std::vector<GridColumn> GridColumnsOf(const PlotRecord& record, bool hasPlaces) {
     std::vector<GridColumn> columns;
-    for (const GridPiece& piece : PiecesOf(record)) {
+    for (const GridPiece& piece : PiecesOf(record, hasPlaces)) {
         std::string_view rest = piece.format;
         rest.remove_prefix(rest.starts_with('|') ? 1 : 0);
         for (const GridColumnKind kind : piece.kinds) {
@@ -123,6 +126,12 @@ std::optional<float> ReadGridNumber(std::string_view text) {
     }
     const auto number = static_cast<float>(row.number);
     return number == kInvalidNumber ? std::nullopt : std::optional(number);
+}
+
+std::optional<MapPlace> ReadGridPlace(std::string_view x, std::string_view y) {
+    const std::optional<double> easting = ReadNumber(x);
+    const std::optional<double> northing = ReadNumber(y);
+    return easting && northing ? std::optional(MapPlace{*easting, *northing}) : std::nullopt;
 }
 
 std::optional<PairKinds> PairOf(GridColumnKind kind) {
@@ -175,6 +184,10 @@ std::string AzimuthText(double azimuth, AngleDigits digits) {
 
 std::string RegionalText(float number) {
     return WithRegionalDelimiter(TextOf(TaggedValue(number)));
+}
+
+std::string CoordinateText(double coordinate) {
+    return WithRegionalDelimiter(FormatNumber(coordinate, "General Number"));
 }
 
 } // namespace quandrel

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/map_places.h"
 #include "core/measured_rows.h"
 #include "core/plot_record.h"
 #include "input/data_rows.h"
@@ -29,6 +30,8 @@ enum class GridColumnKind {
     LineTrend,
     Number,
     Text,
+    MapX, ///< place on the map, if any row has one
+    MapY,
     Edited, ///< kEditedMark in rows with edits
 };
 
@@ -44,10 +47,13 @@ inline constexpr std::string_view kNonDataRow = "non-data";
 
 /// The heads of a plot's columns in one text: separated by "|", each preceded by ">" if
 /// right-aligned and "^" if centred.
-[[nodiscard]] std::string GridFormatOf(const PlotRecord& record);
+///
+/// @param hasPlaces  whether rows have places on the map
+[[nodiscard]] std::string GridFormatOf(const PlotRecord& record, bool hasPlaces = false);
 
 /// The columns of GridFormatOf.
-[[nodiscard]] std::vector<GridColumn> GridColumnsOf(const PlotRecord& record);
+[[nodiscard]] std::vector<GridColumn> GridColumnsOf(const PlotRecord& record,
+                                                    bool hasPlaces = false);
 
 /// The caption of the grid of a plot.
 [[nodiscard]] std::string DataGridCaption(const PlotRecord& record);
@@ -60,6 +66,9 @@ inline constexpr std::string_view kNonDataRow = "non-data";
 /// A cell as an appended number; nothing when it is not a number that a column can hold.
 [[nodiscard]] std::optional<float> ReadGridNumber(std::string_view text);
 
+/// A pair of cells as a place on the map; nothing when they are not two numbers.
+[[nodiscard]] std::optional<MapPlace> ReadGridPlace(std::string_view x, std::string_view y);
+
 /// The columns of an orientation.
 struct PairKinds {
     GridColumnKind dip;
@@ -71,6 +80,11 @@ struct PairKinds {
 
 /// The orientation that a pair of columns shows.
 [[nodiscard]] RowAngles AnglesOf(const PairKinds& pair);
+
+/// True for the columns of places on the map.
+[[nodiscard]] constexpr bool IsPlaceKind(GridColumnKind kind) {
+    return kind == GridColumnKind::MapX || kind == GridColumnKind::MapY;
+}
 
 /// True for an invalid pair; all but the primary one may be empty.
 [[nodiscard]] bool IsBadPair(const PlotRecord& record, const PairKinds& pair, std::string_view dip,
@@ -93,5 +107,6 @@ enum class AngleDigits : std::uint8_t {
 [[nodiscard]] std::string DipText(double dip, AngleDigits digits);
 [[nodiscard]] std::string AzimuthText(double azimuth, AngleDigits digits);
 [[nodiscard]] std::string RegionalText(float number);
+[[nodiscard]] std::string CoordinateText(double coordinate);
 
 } // namespace quandrel

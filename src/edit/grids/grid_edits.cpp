@@ -52,6 +52,8 @@ struct RowEdit {
     bool hasNumber = false;
     std::optional<float> number;
     std::optional<std::string> text;
+    bool hasPlace = false;
+    std::optional<MapPlace> place;
 
     [[nodiscard]] bool IsSpoilt() const {
         return primary.edit == PairEdit::Bad || primary.edit == PairEdit::Empty
@@ -72,6 +74,11 @@ RowEdit ReadEdit(const DataGrid& grid, std::size_t row, const PlotRecord& record
     }
     if (grid.HasEdit(row, Kind::Text)) {
         edit.text = grid.TextOfKind(row, Kind::Text);
+    }
+    edit.hasPlace = grid.IsChanged(row, Kind::MapX) || grid.IsChanged(row, Kind::MapY);
+    if (edit.hasPlace) {
+        edit.place =
+            ReadGridPlace(grid.TextOfKind(row, Kind::MapX), grid.TextOfKind(row, Kind::MapY));
     }
     return edit;
 }
@@ -112,12 +119,16 @@ void StorePair(Plot& plot, const EditedPair& pair, RowAngles which, std::int32_t
 }
 
 void StoreAppended(const RowEdit& edit, std::int32_t point) {
-    StorePair(ActivePlot(), edit.line, RowAngles::Line, point, {kInvalidAppendedLine, 0});
+    Plot& plot = ActivePlot();
+    StorePair(plot, edit.line, RowAngles::Line, point, {kInvalidAppendedLine, 0});
     if (edit.hasNumber) {
         gAppNumeric.At(gActivePlot, point) = edit.number.value_or(kInvalidNumber);
     }
     if (edit.text) {
         gAppText.Set(gActivePlot, point, *edit.text);
+    }
+    if (edit.hasPlace) {
+        SetMapPlace(plot, point, edit.place);
     }
 }
 

@@ -56,6 +56,13 @@ std::string PairText(Attitude pair, bool present) {
     return present ? DegreesText(pair.dip) + "\t" + DegreesText(pair.azimuth) : "\t";
 }
 
+/// A place on the map as two further fields, empty for none.
+std::string PlaceFields(const std::optional<MapPlace>& place) {
+    constexpr const char* kFormat = "General Number";
+    return place ? "\t" + FormatNumber(place->x, kFormat) + "\t" + FormatNumber(place->y, kFormat)
+                 : "\t\t";
+}
+
 /// The kind of the overlays that all rows of a list belong to; nothing when they differ, or the
 /// list has main rows.
 std::optional<std::int16_t> CommonOverlayKind(const PlotRecord& record,
@@ -150,6 +157,8 @@ private:
             record_.HasAppendedNumeric != 0 ? std::optional(record_.AppNumName) : std::nullopt;
         items_.D =
             record_.HasAppendedText != 0 ? std::optional(record_.AppNonNumName) : std::nullopt;
+        hasPlaces_ = HasMapPlaces(plot_);
+        items_.G = hasPlaces_ ? std::optional(true) : std::nullopt;
     }
 
     /// A row in its plotted form.
@@ -194,7 +203,7 @@ private:
         if (record_.HasAppendedText != 0) {
             line += "\t" + FieldOfText(gAppText(slot_, row));
         }
-        return line;
+        return line + (hasPlaces_ ? PlaceFields(MapPlaceOf(plot_.rows, row)) : std::string());
     }
 
     void AddLines(std::string& text, std::span<const Direction> lines) const {
@@ -218,6 +227,7 @@ private:
     ParameterItems items_;
     bool writesPlanes_ = false;
     bool primaryIsPlane_ = false;
+    bool hasPlaces_ = false; ///< any row has a place on the map
 };
 
 } // namespace
@@ -246,7 +256,8 @@ ClipboardKind KindOfClipboard() {
 bool HasFurtherFields(int slot) {
     const PlotRecord& record = RecordOf(slot);
     return record.SecondaryFormat != kNoSecondary || record.HasAppendedLine != 0
-           || record.HasAppendedNumeric != 0 || record.HasAppendedText != 0;
+           || record.HasAppendedNumeric != 0 || record.HasAppendedText != 0
+           || HasMapPlaces(PlotOf(slot));
 }
 
 std::string TextOfIntersections(int slot, std::span<const Direction> lines) {

@@ -135,6 +135,48 @@ TEST_F(Grid, ShowsDegreesWhateverTheConvention) {
     EXPECT_EQ(grid.CellText(99, 1), "");
 }
 
+TEST_F(Grid, ShowsPlacesOnTheMapWhereRowsHaveSome) {
+    Load(30, 120);
+    Load(40, 130);
+    DataGrid grid(gActivePlot);
+    EXPECT_FALSE(grid.IsStale());
+    SetMapPlace(ActivePlot(), 2, MapPlace{651234.125, -7.5});
+    EXPECT_TRUE(grid.IsStale()) << "it has no columns for places";
+    grid.Fill();
+    EXPECT_EQ(Headers(grid), (Texts{"", "Dip/Plunge", "Azimuth", "Map X", "Map Y", "Edited"}));
+    EXPECT_EQ(RowTexts(grid, 0), (Texts{"1", "30", "120", "", "", ""}));
+    EXPECT_EQ(RowTexts(grid, 1), (Texts{"2", "40", "130", "651234.125", "-7.5", ""}));
+    gDecimalIsComma = true;
+    EXPECT_EQ(grid.CellText(1, 3), "651234,125");
+    gDecimalIsComma = false;
+    SpoilRow(ActivePlot(), 2);
+    EXPECT_EQ(grid.CellText(1, 3), "") << "an error row is nowhere";
+}
+
+TEST_F(Grid, PlacesOnTheMapAreEditedInPairs) {
+    Load(30, 120);
+    Load(40, 130);
+    SetMapPlace(ActivePlot(), 1, MapPlace{1, 2});
+    DataGrid grid(gActivePlot);
+    ASSERT_TRUE(grid.SetCell(1, 3, "7.25"));
+    EXPECT_TRUE(grid.IsBad(1, 3)) << "half a place";
+    EXPECT_TRUE(grid.IsBadText(1, 4, "north"));
+    ASSERT_TRUE(grid.SetCell(1, 4, "46,5"));
+    EXPECT_FALSE(grid.IsBad(1, 3));
+    ASSERT_TRUE(grid.SetCell(0, 3, ""));
+    ASSERT_TRUE(grid.SetCell(0, 4, ""));
+    EXPECT_FALSE(grid.IsBad(0, 4)) << "no place";
+    EXPECT_EQ(ApplyGridEdits(grid).changed, 2);
+    EXPECT_EQ(MapPlaceOf(ActivePlot().rows, 1), std::nullopt);
+    EXPECT_EQ(MapPlaceOf(ActivePlot().rows, 2), (MapPlace{7.25, 46.5}));
+    EXPECT_EQ(Stored(2), (Pair{40, 130})) << "an edit of the place leaves the angles";
+    UndoLastEdit();
+    EXPECT_EQ(MapPlaceOf(ActivePlot().rows, 1), (MapPlace{1, 2}));
+    EXPECT_EQ(MapPlaceOf(ActivePlot().rows, 2), std::nullopt);
+    RedoLastEdit();
+    EXPECT_EQ(MapPlaceOf(ActivePlot().rows, 2), (MapPlace{7.25, 46.5}));
+}
+
 TEST_F(Grid, NumbersRowsWithTheDigitsOfTheirCount) {
     for (int i = 0; i < 12; ++i) {
         Load(10 + i, i);

@@ -29,6 +29,21 @@ TEST_F(ClipboardText, IsInConventionOneWhateverIsInForce) {
     }
 }
 
+TEST_F(ClipboardText, OfAllFieldsEndsWithPlacesOnTheMap) {
+    const int slot = NewPlanes({{30, 120}, {45, 270}});
+    EXPECT_FALSE(HasFurtherFields(slot));
+    SetMapPlace(PlotOf(slot), 2, MapPlace{651234.125, -7.5});
+    EXPECT_TRUE(HasFurtherFields(slot));
+    const std::vector<std::int32_t> rows = {1, 2};
+    const std::string text = TextOfRows(slot, rows, CopiedFields::All);
+    EXPECT_TRUE(text.ends_with("\t/G1\r\n30\t120\t\t\r\n45\t270\t651234.125\t-7.5\r\n")) << text;
+    EXPECT_EQ(TextOfRows(slot, rows, CopiedFields::Points).find("651234"), std::string::npos);
+    const int other = NewPlanes({});
+    ASSERT_TRUE(PasteText(text));
+    EXPECT_EQ(MapPlaceOf(PlotOf(other).rows, 1), std::nullopt);
+    EXPECT_EQ(MapPlaceOf(PlotOf(other).rows, 2), (MapPlace{651234.125, -7.5}));
+}
+
 TEST_F(ClipboardText, OfAllFieldsHasThemInOrder) {
     const int slot = NewPlanes({{30, 120}, {-5, 7}});
     AddFields();
