@@ -43,6 +43,14 @@ Result<std::vector<NamedTable>> ReadTables(const std::string& path) {
     return TableFiles::now.read(path);
 }
 
+Result<std::string> BytesOfTable(const WrittenTable& table, const std::string& ending) {
+    if (!TableFiles::now.write) {
+        return Failure{"Spreadsheets and GeoPackages need the plug-in for tables, which is not "
+                       "installed. Save the rows as text (CSV)."};
+    }
+    return TableFiles::now.write(table, ending);
+}
+
 Result<std::string> TextOfFile(const std::string& path, std::vector<NamedTable>& tables) {
     tables.clear();
     if (!IsTableFile(path)) {

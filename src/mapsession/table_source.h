@@ -8,6 +8,7 @@
 #include "mapsession/session_error.h"
 #include "mapsession/session_table.h"
 #include "platform/prompts.h"
+#include "platform/written_table.h"
 
 #include <string>
 #include <vector>
@@ -35,11 +36,19 @@ public:
     ReadTexts(const std::string& path) {
         return SessionError{kSessionFileError, "There is no reader for " + path};
     }
+
+    /// A table as the bytes of a file.
+    ///
+    /// @param ending  of the file: ".xlsx" or ".gpkg". A source of maps alone writes none
+    [[nodiscard]] virtual SessionResult<std::string> BytesOf(const WrittenTable& /*table*/,
+                                                             const std::string& ending) {
+        return SessionError{kSessionFileError, "There is no writer for " + ending};
+    }
 };
 
 /// Changes whenever TableSource or what it returns does, so that a library from another build of
 /// the program is refused.
-inline constexpr int kTableSourceVersion = 2;
+inline constexpr int kTableSourceVersion = 3;
 
 /// The name of the function that such a library exports, and its type: it returns a new
 /// TableSource, or nullptr for a version that it does not support.

@@ -11,6 +11,7 @@
 #include "input/data_line.h"
 #include "input/format_model.h"
 #include "input/parameter_line.h"
+#include "input/table_files.h"
 #include "orientation/angles.h"
 #include "orientation/number_text.h"
 #include "persistence/binary_plot_file.h"
@@ -22,6 +23,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -34,9 +36,12 @@ namespace {
 constexpr int kBinaryFilter = 3;
 
 constexpr const char* kCsvEnding = ".csv";
-constexpr const char* kCsvFilter = "|Tables with headings (*.csv)|*.csv";
+constexpr const char* kTableFilter = "|Tables with headings (*.csv)|*.csv"
+                                     "|Spreadsheets (*.xlsx)|*.xlsx"
+                                     "|GeoPackages (*.gpkg)|*.gpkg";
 
-ParameterItems ItemsOf(const PlotRecord& record) {
+ParameterItems ItemsOf(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     ParameterItems items;
     items.T = record.DataKind;
     if (record.PlotSymbolMode == kBetaIntersections) {
@@ -57,6 +62,9 @@ ParameterItems ItemsOf(const PlotRecord& record) {
     }
     if (record.HasAppendedText != 0) {
         items.D = record.AppNonNumName;
+    }
+    if (HasMapPlaces(plot)) {
+        items.G = true;
     }
     return items;
 }
@@ -100,7 +108,8 @@ std::string CommentLines(const std::string& name, const std::string& text) {
     return lines;
 }
 
-std::string HeadLines(const PlotRecord& record) {
+std::string HeadLines(const Plot& plot) {
+    const PlotRecord& record = plot.record;
     std::string head = std::string(";") + gCaption + "\r\n";
     head += "; " + OnOneLine(record.PlotTitle) + "\r\n";
     head += CommentLines("Fabric", record.FabricText);
@@ -121,13 +130,19 @@ std::string HeadLines(const PlotRecord& record) {
     if (record.HasAppendedText != 0) {
         head += "\t" + OnOneLine(record.AppNonNumName);
     }
+    if (HasMapPlaces(plot)) {
+        head += "\tx\ty";
+    }
     return head + "\r\n";
 }
 
-std::string TextOfRow(const Plot& plot, std::int32_t row, SavedDegrees degrees) {
+std::string TextOfRow(const Plot& plot, std::int32_t row, SavedDegrees degrees, bool hasPlaces) {
     std::vector<std::string> cells = CellsOfRow(plot, row, degrees);
     if (plot.record.HasAppendedText != 0) {
         cells.back() = FieldOfText(cells.back());
+    }
+    if (hasPlaces) {
+        std::ranges::copy(PlaceCells(plot, row), std::back_inserter(cells));
     }
     std::string line;
     for (const std::string& cell : cells) {
@@ -236,6 +251,21 @@ std::string ProposedName(const PlotRecord& record) {
     return FileNameOf(stem) + kBinaryEnding;
 }
 
+/// Saves the rows of a plot, the one in focus, in the kind of file that the path says.
+///
+/// @return empty, or an error message
+std::string SaveRows(const Plot& plot, const std::string& path, const TextContents& contents) {
+    for (const char* const ending : kWrittenEndings) {
+        if (HasEnding(path, ending)) {
+            const Result<std::string> bytes =
+                BytesOfTable(TableOfRows(plot, contents.degrees), ending);
+            return bytes ? WriteFileAtomically(path, *bytes) : bytes.Error();
+        }
+    }
+    return WriteFileAtomically(path, HasEnding(path, kCsvEnding) ? CsvOfRows(plot, contents.degrees)
+                                                                 : AsciiPlotText(contents));
+}
+
 /// The plot takes the name of the file to which it was saved.
 void TakeNameOf(PlotRecord& record, const std::string& path) {
     record.FileTitle = FileTitleOf(path);
@@ -252,17 +282,18 @@ void TakeNameOf(PlotRecord& record, const std::string& path) {
 } // namespace
 
 std::string BuildParameterLine(bool full) {
-    return BuildParameterText(ItemsOf(ActiveRecord()), full);
+    return BuildParameterText(ItemsOf(ActivePlot()), full);
 }
 
 std::string AsciiPlotText(const TextContents& contents) {
     const Plot& plot = ActivePlot();
     const PlotRecord& record = plot.record;
-    std::string text = HeadLines(record) + BuildParameterLine(true);
+    std::string text = HeadLines(plot) + BuildParameterLine(true);
     const NonDataLines nonData(gActivePlot, record);
+    const bool hasPlaces = HasMapPlaces(plot);
     for (std::int32_t row = 1; row <= record.NumData; ++row) {
         if (DipOfRow(gActivePlot, row) != kErrorRow) {
-            text += TextOfRow(plot, row, contents.degrees);
+            text += TextOfRow(plot, row, contents.degrees, hasPlaces);
         } else if (contents.nonDataLines) {
             text += nonData.TextOfErrorRow(row);
         }
@@ -280,7 +311,7 @@ SaveOutcome SaveAsciiPlot(SaveKind kind) {
     question.title = "Save As";
     question.folder = FolderOfPlot(record);
     question.fileName = ProposedName(record);
-    question.filter = std::string(gDataFileFilter) + kCsvFilter;
+    question.filter = std::string(gDataFileFilter) + kTableFilter;
     question.filterIndex = kBinaryFilter;
     const bool hasDecimals = CountRowsWithDecimals(plot.rows, 1, record.NumData) > 0;
     const auto answer = gPlatform.prompts->AskPlotPath(question, hasDecimals);
@@ -306,12 +337,8 @@ SaveOutcome SavePlotAs(const std::string& target, SaveKind kind, const TextConte
         || (!isBinary && !AcceptLossOfOverlays(record, name))) {
         return SaveOutcome::Cancelled;
     }
-    const auto text = [&] {
-        return HasEnding(path, kCsvEnding) ? CsvOfRows(plot, contents.degrees)
-                                           : AsciiPlotText(contents);
-    };
     const std::string error =
-        isBinary ? SaveBinaryPlot(path, gActivePlot) : WriteFileAtomically(path, text());
+        isBinary ? SaveBinaryPlot(path, gActivePlot) : SaveRows(plot, path, contents);
     if (!error.empty()) {
         TellFailure(record, path, error, kind);
         return SaveOutcome::Failed;

@@ -43,8 +43,8 @@ enum class SaveKind { Save, SaveAs, SaveAll };
 enum class SaveOutcome { Saved, Cancelled, Failed };
 
 /// Saves gActivePlot, after any questions about its files and overlays: as a binary plot file if
-/// the path has its extension, as a table with headings (CsvOfRows) if it ends with ".csv", else as
-/// text. Asks for a path unless the plot has a binary file.
+/// the path has its extension, as a table with headings if it ends with ".csv", ".xlsx" or ".gpkg",
+/// else as text. Asks for a path unless the plot has a binary file.
 [[nodiscard]] SaveOutcome SaveAsciiPlot(SaveKind kind);
 
 /// As SaveAsciiPlot, with a known path.

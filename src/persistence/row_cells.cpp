@@ -3,12 +3,18 @@
 #include "persistence/row_cells.h"
 
 #include "core/data_format.h"
+#include "core/letter_case.h"
 #include "core/measured_rows.h"
+#include "core/plot_rows.h"
 #include "core/tagged_value.h"
 #include "orientation/degrees_text.h"
+#include "orientation/number_text.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
+#include <set>
 #include <string_view>
 
 namespace quandrel {
@@ -21,6 +27,21 @@ using Cells = std::vector<std::string>;
 void AddPair(const Attitude& attitude, bool isPresent, Cells& cells) {
     cells.push_back(isPresent ? DegreesText(attitude.dip) : std::string());
     cells.push_back(isPresent ? DegreesText(attitude.azimuth) : std::string());
+}
+
+/// The columns of a table, with numbers behind headings that it has already.
+std::vector<WrittenTable::Column> ColumnsOfTable(const PlotRecord& record) {
+    std::vector<WrittenTable::Column> columns;
+    std::set<std::string> used = {"x", "y"};
+    for (const std::string& heading : HeadingsOfRows(record)) {
+        std::string unique = heading.empty() ? "value" : heading;
+        for (int i = 2; !used.insert(LowerCase(unique)).second; ++i) {
+            unique = heading + " " + std::to_string(i);
+        }
+        columns.push_back({unique, true});
+    }
+    columns.back().isNumber = record.HasAppendedText == 0;
+    return columns;
 }
 
 void AddCsvCell(std::string_view cell, std::string& line) {
@@ -104,11 +125,48 @@ std::vector<std::string> CellsOfRow(const Plot& plot, std::int32_t row, SavedDeg
     return cells;
 }
 
+std::array<std::string, 2> PlaceCells(const Plot& plot, std::int32_t row) {
+    constexpr const char* kFormat = "General Number";
+    const std::optional<MapPlace> place = MapPlaceOf(plot.rows, row);
+    if (!place) {
+        return {};
+    }
+    return {FormatNumber(place->x, kFormat), FormatNumber(place->y, kFormat)};
+}
+
+WrittenTable TableOfRows(const Plot& plot, SavedDegrees degrees) {
+    WrittenTable table;
+    table.name = "orientations";
+    table.columns = ColumnsOfTable(plot.record);
+    const bool hasPlaces = HasMapPlaces(plot);
+    for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
+        if (DipOfRow(plot, row) == kErrorRow) {
+            continue;
+        }
+        table.rows.push_back(CellsOfRow(plot, row, degrees));
+        if (hasPlaces) {
+            const std::optional<MapPlace> place = MapPlaceOf(plot.rows, row);
+            table.places.push_back(place ? std::optional(WrittenTable::Place{place->x, place->y})
+                                         : std::nullopt);
+        }
+    }
+    return table;
+}
+
 std::string CsvOfRows(const Plot& plot, SavedDegrees degrees) {
-    std::string text = CsvLine(HeadingsOfRows(plot.record));
+    const bool hasPlaces = HasMapPlaces(plot);
+    Cells headings = HeadingsOfRows(plot.record);
+    if (hasPlaces) {
+        headings.insert(headings.end(), {"x", "y"});
+    }
+    std::string text = CsvLine(headings);
     for (std::int32_t row = 1; row <= plot.record.NumData; ++row) {
         if (DipOfRow(plot, row) != kErrorRow) {
-            text += CsvLine(CellsOfRow(plot, row, degrees));
+            Cells cells = CellsOfRow(plot, row, degrees);
+            if (hasPlaces) {
+                std::ranges::copy(PlaceCells(plot, row), std::back_inserter(cells));
+            }
+            text += CsvLine(cells);
         }
     }
     return text;

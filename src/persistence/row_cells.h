@@ -6,7 +6,9 @@
 
 #include "core/plot.h"
 #include "persistence/ascii_plot_file.h"
+#include "platform/written_table.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -23,8 +25,15 @@ namespace quandrel {
 [[nodiscard]] std::vector<std::string> CellsOfRow(const Plot& plot, std::int32_t row,
                                                   SavedDegrees degrees);
 
+/// The place of a row on the map as two cells, empty for none.
+[[nodiscard]] std::array<std::string, 2> PlaceCells(const Plot& plot, std::int32_t row);
+
+/// The rows of a plot that are data as a table: without two headings that differ in case alone.
+[[nodiscard]] WrittenTable TableOfRows(const Plot& plot, SavedDegrees degrees);
+
 /// The rows of a plot that are data as a table with headings: UTF-8, cells separated by commas, and
-/// in quotes where they hold a comma, a quote or a line end (RFC 4180).
+/// in quotes where they hold a comma, a quote or a line end (RFC 4180). Where rows have places on
+/// the map, the last two columns are "x" and "y".
 [[nodiscard]] std::string CsvOfRows(const Plot& plot, SavedDegrees degrees);
 
 } // namespace quandrel

@@ -173,6 +173,14 @@ void UseTablePlugin(const std::filesystem::path& programFolder) {
         }
         return std::move(*tables);
     };
+    TableFiles::now.write = [programFolder](const WrittenTable& table,
+                                            const std::string& ending) -> Result<std::string> {
+        SessionResult<std::string> bytes = BytesOfTableFile(programFolder, table, ending);
+        if (!bytes) {
+            return Failure{bytes.Error().text};
+        }
+        return std::move(*bytes);
+    };
 }
 
 } // namespace quandrel

@@ -8,6 +8,8 @@
 #include "mapsession/gdal/written_tables.h"
 #include "session/start.h"
 
+#include <array>
+#include <cstdio>
 #include <cstdlib>
 
 namespace quandrel {
@@ -19,39 +21,55 @@ struct Bed {
     double dip;
     double dipDirection;
     std::string rock;
+    double x;
+    double y;
 };
 
 Bed BedOf(int row) {
-    return {row % 90 + 0.5, row * 7 % 3600 / 10.0, row % 3 == 0 ? "marl \"a\"" : "schist"};
+    return {row % 90 + 0.5, row * 7 % 3600 / 10.0, row % 3 == 0 ? "marl \"a\"" : "schist",
+            7 + row / 1024.0, 46 - row / 512.0};
 }
 
-/// Writes the beds of 200 rows, each with a place.
-void WriteBeds(const std::string& driver, const std::string& path, bool hasPlaces) {
-    Writer writer(driver, path, "beds", hasPlaces ? wkbPoint : wkbNone);
+/// Writes the beds of 200 rows, with their places as points or in two columns.
+void WriteBeds(const std::string& driver, const std::string& path, bool hasPoints) {
+    std::vector<const char*> options;
+    if (driver == "MapInfo File") {
+        options.push_back("BOUNDS=0,0,64,64"); // its coordinates are parts of them
+    }
+    Writer writer(driver, path, "beds", hasPoints ? wkbPoint : wkbNone, {}, options);
     writer.AddField("dipdir", OFTReal);
     writer.AddField("dip", OFTReal);
     writer.AddField("rock", OFTString, 20);
+    if (!hasPoints) {
+        writer.AddField("x", OFTReal);
+        writer.AddField("y", OFTReal);
+    }
     for (int row = 1; row <= kTableRows; ++row) {
         const Bed bed = BedOf(row);
         const OGRFeatureUniquePtr feature = writer.NewFeature();
         feature->SetField("dipdir", bed.dipDirection);
         feature->SetField("dip", bed.dip);
         feature->SetField("rock", bed.rock.c_str());
-        if (hasPlaces) {
-            OGRPoint point(7 + row * 0.001, 46);
+        if (hasPoints) {
+            OGRPoint point(bed.x, bed.y);
             feature->SetGeometry(&point);
+        } else {
+            feature->SetField("x", bed.x);
+            feature->SetField("y", bed.y);
         }
         writer.Add(*feature);
     }
 }
 
 std::string TextOfBeds() {
-    std::string text = "dipdir,dip,rock\n";
+    std::string text = "dipdir,dip,rock,x,y\n";
     for (int row = 1; row <= kTableRows; ++row) {
         const Bed bed = BedOf(row);
         std::string direction = std::to_string(bed.dipDirection);
         std::string dip = std::to_string(bed.dip);
-        text += direction + "," + dip + "," + bed.rock + "\n";
+        char place[64];
+        std::snprintf(place, sizeof place, "%.10f,%.10f", bed.x, bed.y);
+        text += direction + "," + dip + "," + bed.rock + "," + place + "\n";
     }
     return text;
 }
@@ -65,7 +83,7 @@ protected:
     }
 
     void TearDown() override {
-        TableFiles::now.read = {};
+        TableFiles::now = {};
         unsetenv("QUANDREL_PLUGIN_DIR");
         BatchTest::TearDown();
     }
@@ -77,6 +95,16 @@ protected:
                 {"count", dump["record"]["NumValidData"]},
                 {"kind", dump["record"]["DataKind"]},
                 {"text", dump["record"]["AppNonNumName"]}};
+    }
+
+    /// Expects the places of the beds, to the digits of the coarsest kind of file.
+    static void ExpectPlaces(const nlohmann::json& rows, const std::string& name) {
+        ASSERT_EQ(rows["places"].size(), std::size_t{kTableRows}) << name;
+        for (int row = 1; row <= kTableRows; ++row) {
+            const nlohmann::json& place = rows["places"][static_cast<std::size_t>(row) - 1];
+            EXPECT_NEAR(place[0].get<double>(), BedOf(row).x, 1e-7) << name;
+            EXPECT_NEAR(place[1].get<double>(), BedOf(row).y, 1e-7) << name;
+        }
     }
 
     [[nodiscard]] std::string PathOf(const std::string& name) const {
@@ -95,6 +123,7 @@ TEST_F(TableFilesTest, OfAllKindsGiveEqualPlots) {
     Write("beds.csv", TextOfBeds());
     const nlohmann::json expected = PlotOf("beds.csv");
     ASSERT_EQ(expected["count"], kTableRows);
+    ExpectPlaces(expected["rows"], "beds.csv");
     WriteBeds("XLSX", PathOf("beds.xlsx"), false);
     WriteBeds("ODS", PathOf("beds.ods"), false);
     WriteBeds("GPKG", PathOf("beds.gpkg"), true);
@@ -103,8 +132,62 @@ TEST_F(TableFilesTest, OfAllKindsGiveEqualPlots) {
     WriteBeds("MapInfo File", PathOf("beds.tab"), true);
     for (const char* name :
          {"beds.xlsx", "beds.ods", "beds.gpkg", "beds.shp", "beds.geojson", "beds.tab"}) {
+        nlohmann::json plot = PlotOf(name);
+        ExpectPlaces(plot["rows"], name);
+        plot["rows"]["places"] = expected["rows"]["places"];
+        EXPECT_EQ(plot, expected) << name;
+    }
+}
+
+TEST_F(TableFilesTest, AreWrittenAndReadBack) {
+    WriteBeds("GPKG", PathOf("beds.gpkg"), true);
+    const std::string opened = "format auto; open \"FOLDER/beds.gpkg\"; ";
+    const nlohmann::json expected = PlotOf("beds.gpkg");
+    ASSERT_EQ(expected["rows"]["places"].size(), std::size_t{kTableRows});
+    for (const char* name : {"out.xlsx", "out.gpkg", "out.csv", "out.qpx"}) {
+        ASSERT_EQ(Run(opened + "save \"FOLDER/" + name + "\""), "") << name << log.str();
         EXPECT_EQ(PlotOf(name), expected) << name;
     }
+    const auto written = ReadTables(PathOf("out.gpkg"));
+    ASSERT_TRUE(written);
+    EXPECT_TRUE(written->front().text.starts_with("dip\tdip direction\trock\tx\ty\n"))
+        << written->front().text.substr(0, 80);
+}
+
+TEST_F(TableFilesTest, AnyTextIsWrittenAsItIs) {
+    Write("odd.txt", "30\t120\t=1+1\n45\t270\t<b>&amp;\n60\t10\t0012\n61\t11\t\n"
+                     "62\t12\t\"a \"\"b\"\"\"\n63\t13\t\u03b1\u4e2d\n");
+    const std::string opened = "format columns=0,1,2,3,4,5,6,7,8,2 appended=text textname=DIP; "
+                               "open \"FOLDER/odd.txt\"; ";
+    const nlohmann::json expected = Dump(opened)["rows"]["gAppText"];
+    for (const char* name : {"odd.xlsx", "odd.gpkg"}) {
+        ASSERT_EQ(Run(opened + "save \"FOLDER/" + name + "\""), "") << name << log.str();
+        EXPECT_EQ(Dump("format header=yes columns=0,1,2,3,4,5,6,7,8,2 appended=text; open "
+                       "\"FOLDER/"
+                       + std::string(name) + "\"")["rows"]["gAppText"],
+                  expected)
+            << name;
+        const auto written = ReadTables(PathOf(name));
+        ASSERT_TRUE(written);
+        EXPECT_TRUE(written->front().text.starts_with("dip\tdip direction\tDIP 2\n"))
+            << written->front().text.substr(0, 80);
+    }
+}
+
+TEST_F(TableFilesTest, ThatCannotBeWrittenLeaveTheFormerFile) {
+    Write("p.txt", "30\t120\n");
+    Write("kept.xlsx", "former");
+    TableFiles::now.write = [](const WrittenTable&, const std::string&) -> Result<std::string> {
+        return Failure{"no room"};
+    };
+    EXPECT_NE(Run("open \"FOLDER/p.txt\"; save \"FOLDER/kept.xlsx\""), "");
+    EXPECT_NE(log.str().find("no room"), std::string::npos) << log.str();
+    TableFiles::now.write = {};
+    log.str("");
+    EXPECT_NE(Run("open \"FOLDER/p.txt\"; save \"FOLDER/kept.xlsx\""), "");
+    EXPECT_NE(log.str().find("need the plug-in for tables"), std::string::npos) << log.str();
+    std::ifstream file(PathOf("kept.xlsx"), std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "former");
 }
 
 TEST_F(TableFilesTest, HeadingsOfSheetsAreFoundAsInText) {
@@ -167,6 +250,38 @@ TEST_F(TableFilesTest, BrokenFilesAreToldAndLoadNothing) {
     }
     Write("words.geojson", "{\"type\": \"FeatureCollection\", \"features\": [");
     EXPECT_NE(Refusal("FOLDER/words.geojson").find("cannot be opened"), std::string::npos);
+}
+
+TEST_F(TableFilesTest, CutFilesOfAllKindsAreNeverHalfLoaded) {
+    const std::array<std::array<std::string, 3>, 7> kKinds = {{{"XLSX", "xlsx", "xlsx"},
+                                                               {"ODS", "ods", "ods"},
+                                                               {"GPKG", "gpkg", "gpkg"},
+                                                               {"ESRI Shapefile", "shp", "shp"},
+                                                               {"ESRI Shapefile", "shp", "dbf"},
+                                                               {"GeoJSON", "geojson", "geojson"},
+                                                               {"MapInfo File", "tab", "dat"}}};
+    for (const auto& [driver, ending, part] : kKinds) {
+        const bool hasPoints = driver != "XLSX" && driver != "ODS";
+        WriteBeds(driver, PathOf("cut." + ending), hasPoints);
+        const auto whole = std::filesystem::file_size(PathOf("cut." + part));
+        for (const double share : {0.9, 0.5, 0.1}) {
+            std::filesystem::resize_file(
+                PathOf("cut." + part),
+                static_cast<std::uintmax_t>(static_cast<double>(whole) * share));
+            const auto tables = ReadTables(PathOf("cut." + ending));
+            EXPECT_FALSE(tables) << driver << " " << part << " " << share << "\n"
+                                 << (tables ? tables->front().text.substr(0, 200) : "");
+        }
+    }
+}
+
+TEST_F(TableFilesTest, ABrokenRowIsTold) {
+    WriteBeds("ESRI Shapefile", PathOf("cut.shp"), true);
+    std::filesystem::resize_file(PathOf("cut.dbf"),
+                                 std::filesystem::file_size(PathOf("cut.dbf")) / 2);
+    const std::string told = Refusal("FOLDER/cut.shp");
+    EXPECT_NE(told.find("of \"cut\")"), std::string::npos) << told;
+    EXPECT_NE(told.find("(row "), std::string::npos) << told;
 }
 
 TEST_F(TableFilesTest, VirtualAndRemoteSourcesAreRefused) {

@@ -9,6 +9,7 @@
 
 #include "mapsession/gdal/gdal_text_tables.h"
 #include "mapsession/gdal/gdal_tools.h"
+#include "mapsession/gdal/gdal_written_table.h"
 #include "mapsession/table_source.h"
 
 #include <cpl_conv.h>
@@ -125,6 +126,11 @@ public:
 
     SessionResult<std::vector<NamedTable>> ReadTexts(const std::string& path) override {
         return TextTablesOf(path);
+    }
+
+    SessionResult<std::string> BytesOf(const WrittenTable& table,
+                                       const std::string& ending) override {
+        return BytesOfTable(table, ending);
     }
 
     SessionResult<std::vector<SessionTable>> OpenTables(const std::string& path) override {

@@ -105,8 +105,13 @@ std::string PlaceOf(const OGRFeature& feature) {
     return NumberText(geometry->toPoint()->getX()) + "\t" + NumberText(geometry->toPoint()->getY());
 }
 
-/// @param isSheet  its first row is one of the file
-std::string TextOfLayer(OGRLayer& layer, bool isSheet) {
+bool HasFailed() {
+    return CPLGetLastErrorType() >= CE_Failure;
+}
+
+/// @param isSheet       its first row is one of the file
+/// @param[out] badRow   the first row that cannot be read, or 0
+std::string TextOfLayer(OGRLayer& layer, bool isSheet, GIntBig& badRow) {
     const OGRFeatureDefn& definition = *layer.GetLayerDefn();
     const bool hasPlaces = !isSheet && IsOfPoints(layer);
     std::string text = isSheet ? std::string() : HeadingsOf(definition, hasPlaces);
@@ -122,7 +127,12 @@ std::string TextOfLayer(OGRLayer& layer, bool isSheet) {
         }
         text += hasPlaces ? (definition.GetFieldCount() > 0 ? "\t" : "") + PlaceOf(*feature) : "";
         text += '\n';
+        if (HasFailed()) {
+            badRow = line;
+            return text;
+        }
     }
+    badRow = HasFailed() ? line + 1 : 0;
     return text;
 }
 
@@ -156,9 +166,13 @@ SessionResult<std::vector<NamedTable>> TextTablesOf(const std::string& path) {
     std::vector<NamedTable> tables;
     for (OGRLayer* const layer : dataset->GetLayers()) {
         CPLErrorReset();
-        tables.push_back({Utf8(layer->GetName()), TextOfLayer(*layer, isSheet)});
-        if (CPLGetLastErrorType() >= CE_Failure) {
-            return RefusedFile(path);
+        GIntBig badRow = 0;
+        tables.push_back({Utf8(layer->GetName()), TextOfLayer(*layer, isSheet, badRow)});
+        if (badRow > 0) {
+            SessionError refused = RefusedFile(path);
+            refused.text +=
+                " (row " + std::to_string(badRow) + " of \"" + tables.back().name + "\")";
+            return refused;
         }
     }
     if (tables.empty()) {
