@@ -167,7 +167,9 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     app.add_option("--size", options.size, "height of a PNG or TIFF in pixels")
         ->check(CLI::Range(50, 20000))
         ->needs(picture);
-    app.add_option("--save", options.save, "file to save the plot to: .qpx or .txt")->needs(data);
+    app.add_option("--save", options.save,
+                   "file to save the plot to: .qpx, .txt, .csv, .xlsx or .gpkg")
+        ->needs(data);
     app.add_option("--json", options.json,
                    "file for all data and results of the plot; - writes standard output")
         ->needs(data);

@@ -7,6 +7,7 @@
 #include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
 #include "persistence/picture_block.h"
+#include "persistence/place_block.h"
 #include "persistence/plot_blocks.h"
 
 #include <nlohmann/json.hpp>
@@ -46,6 +47,30 @@ void WriteMeasured(std::string_view bytes, JsonWriter& writer) {
         WriteNumber("checksum", block->checksum, writer);
         WriteAngles("dip", &Attitude::dip, *block, writer);
         WriteAngles("azimuth", &Attitude::azimuth, *block, writer);
+    }
+}
+
+/// A coordinate of each row.
+void WriteCoordinates(const char* name, double MapPlace::*coordinate, const PlaceBlock& block,
+                      JsonWriter& writer) {
+    writer.Key(name);
+    writer.BeginArray();
+    for (std::int32_t row = 1; row <= block.count; ++row) {
+        if (block.places.Has(row)) {
+            writer.Number(block.places.At(row).*coordinate);
+        } else {
+            writer.Ready("null");
+        }
+    }
+    writer.EndArray();
+}
+
+void WritePlaces(std::string_view bytes, JsonWriter& writer) {
+    if (const std::optional<PlaceBlock> block = ReadPlaceBlock(bytes)) {
+        WriteNumber("rows", block->count, writer);
+        WriteNumber("checksum", block->checksum, writer);
+        WriteCoordinates("x", &MapPlace::x, *block, writer);
+        WriteCoordinates("y", &MapPlace::y, *block, writer);
     }
 }
 
@@ -129,6 +154,8 @@ void WriteKnown(const BlockView& block, JsonWriter& writer) {
         WritePart<RecordRegions>(block.bytes, writer);
     } else if (block.head.tag == kFigureBlock.tag) {
         WriteFigure(block.bytes, writer);
+    } else if (block.head.tag == kPlaceBlock.tag) {
+        WritePlaces(block.bytes, writer);
     } else if (block.head.tag == kPictureBlock.tag) {
         WritePictureView(block.bytes, writer);
     }

@@ -122,6 +122,19 @@ std::string TakeColumns(const std::string& value, Draft& draft) {
     return {};
 }
 
+std::string TakePlaces(const std::string& value, Draft& draft) {
+    const std::vector<std::string> parts = SplitAtCommas(value);
+    const auto column = [&parts](std::size_t i) { return WholeNumber(parts[i], 0, 254); };
+    if (value == "none") {
+        draft.format.placeColumns = {};
+    } else if (parts.size() == 2 && column(0) && column(1)) {
+        draft.format.placeColumns = {*column(0), *column(1)};
+    } else {
+        return "'" + value + "' is not none, or two columns: 0 to 254";
+    }
+    return {};
+}
+
 std::string TakeAppended(const std::string& value, Draft& draft) {
     FormatSettings& format = draft.format;
     format.lineAppended = format.numericAppended = format.nonNumericAppended = false;
@@ -177,6 +190,7 @@ const Takers<Draft>& FormatTakers() {
         {"notation", TakeNotation},
         {"delimiter", TakeDelimiter},
         {"columns", TakeColumns},
+        {"places", TakePlaces},
         {"appended", TakeAppended},
         {"numericname",
          [](auto& v, Draft& d) {
@@ -242,6 +256,12 @@ std::string ColumnsText(const ColumnSettings& columns) {
     return text;
 }
 
+std::string PlacesText(const PlaceColumns& columns) {
+    return columns.AreUsed()
+               ? " places=" + std::to_string(columns.x) + "," + std::to_string(columns.y)
+               : "";
+}
+
 std::string CommentsText(const CommentMarks& marks) {
     return marks == CommentMarks() ? "" : " comments=" + Quoted(TextOfCommentMarks(marks));
 }
@@ -304,7 +324,7 @@ std::string FormatArgumentsOf(const FormatChoice& choice) {
            + (choice.negativePlunge == NegativePlunge::Vector ? " upward=vector" : "")
            + (choice.numericAppended && choice.numberIsFrequency ? " frequency=yes" : "")
            + (choice.plotSecondary ? " showsecondary=yes" : "") + CommentsText(choice.comments)
-           + (choice.pairsInCells ? " pairs=yes" : "");
+           + (choice.pairsInCells ? " pairs=yes" : "") + PlacesText(choice.placeColumns);
 }
 
 std::string TakeDataKind(const StatedFormat& stated, int kindFromFile) {

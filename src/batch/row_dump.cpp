@@ -7,6 +7,7 @@
 #include "core/style_tables.h"
 
 #include <bit>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -69,6 +70,26 @@ void WriteMeasured(JsonWriter& writer, const char* name, RowAngles which) {
     });
 }
 
+/// Places on the map of the active plot: [x, y], or null for a row without one. If no row has one,
+/// there is no such column.
+void WritePlaces(JsonWriter& writer) {
+    const Plot& plot = ActivePlot();
+    if (!HasMapPlaces(plot)) {
+        return;
+    }
+    WriteArray(writer, "places", plot.record.NumLoadedData, [&](std::int32_t i) {
+        const std::optional<MapPlace> place = MapPlaceOf(plot.rows, i + 1);
+        if (!place) {
+            writer.Ready("null");
+            return;
+        }
+        writer.BeginArray();
+        writer.Number(place->x);
+        writer.Number(place->y);
+        writer.EndArray();
+    });
+}
+
 /// Angles of whole degrees: few different texts, which are slow to create.
 class KnownNumbers {
 public:
@@ -124,6 +145,7 @@ void WriteRows(JsonWriter& writer) {
     if (record.HasAppendedText != 0) {
         WriteColumn(writer, "gAppText", gAppText);
     }
+    WritePlaces(writer);
     writer.EndObject();
 }
 

@@ -42,6 +42,41 @@ TEST_F(CsvFiles, AreReadBackByTheirHeadings) {
     EXPECT_EQ(again["load"]["invalidLines"], 0);
 }
 
+TEST_F(CsvFiles, HavePlacesOnTheMap) {
+    Write("beds.csv", "dip,dip direction,rock,easting,northing\n30,120,marl,651234.125,5200100\n"
+                      "45,270,slate,,\n60,10,marl,-7.5,0\n");
+    const std::string opened = "format auto; open \"FOLDER/beds.csv\"";
+    EXPECT_EQ(Saved(opened), "dip,dip direction,rock,x,y\r\n30,120,marl,651234.125,5200100\r\n"
+                             "45,270,slate,,\r\n60,10,marl,-7.5,0\r\n");
+    const nlohmann::json places = Dump(opened)["rows"]["places"];
+    EXPECT_EQ(places, nlohmann::json::parse("[[651234.125, 5200100], null, [-7.5, 0]]"));
+    EXPECT_EQ(Dump("format auto; open \"FOLDER/out.csv\"")["rows"]["places"], places);
+    EXPECT_EQ(Run(opened + "; save \"FOLDER/beds.qpx\""), "");
+    EXPECT_EQ(Dump("open \"FOLDER/beds.qpx\"")["rows"]["places"], places);
+    EXPECT_EQ(Run(opened + "; save \"FOLDER/beds.txt\""), "");
+    const nlohmann::json text = Dump("open \"FOLDER/beds.txt\"")["rows"];
+    const std::size_t head = text["places"].size() - places.size(); // rows without data
+    for (std::size_t row = 0; row < places.size(); ++row) {
+        EXPECT_EQ(text["places"][head + row], places[row]) << row;
+    }
+    EXPECT_EQ(text["gAppText"][head + 1], "slate");
+    EXPECT_FALSE(Dump("open \"FOLDER/planes.txt\"")["rows"].contains("places"));
+}
+
+TEST_F(CsvFiles, PlacesOnTheMapAreInStatedColumns) {
+    Write("p.txt", "30\t120\t7.25\t46.5\n");
+    const auto placesBy = [this](const std::string& format) {
+        return Dump("format " + format + "; open \"FOLDER/p.txt\"")["rows"].value("places",
+                                                                                  nlohmann::json());
+    };
+    EXPECT_EQ(placesBy("places=2,3"), nlohmann::json::parse("[[7.25, 46.5]]"));
+    EXPECT_EQ(placesBy("places=3,2"), nlohmann::json::parse("[[46.5, 7.25]]"));
+    EXPECT_TRUE(placesBy("places=none").is_null());
+    for (const char* odd : {"places=2", "places=2,3,4", "places=a,b", "places=-1,2", "places="}) {
+        EXPECT_NE(Run(std::string("format ") + odd), "") << odd;
+    }
+}
+
 TEST_F(CsvFiles, CanHaveWholeDegrees) {
     Write("p.txt", "30.4\t120.6\n");
     EXPECT_EQ(Run("open \"FOLDER/p.txt\"; save \"FOLDER/out.csv\" whole"), "");

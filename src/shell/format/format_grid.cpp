@@ -89,6 +89,10 @@ void FormatGrid::ShowHeadings(const FormatPreview& preview, const FormatChoice& 
         for (const int slot : slots) {
             items << QString::fromStdString(names[static_cast<std::size_t>(slot)]);
         }
+        if (choice.placeColumns.AreUsed()
+            && (column == choice.placeColumns.x || column == choice.placeColumns.y)) {
+            items << (column == choice.placeColumns.x ? "map x" : "map y");
+        }
         const QString number = QString::number(column + 1);
         auto* heading = new QTableWidgetItem(number + '\n' + items.join(" + "));
         if (!slots.empty()) {

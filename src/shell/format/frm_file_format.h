@@ -34,6 +34,7 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
+class QVBoxLayout;
 
 namespace quandrel {
 
@@ -111,6 +112,7 @@ public:
     std::array<QRadioButton*, 6> optSecondary{};
     std::array<QComboBox*, kColumnSlots> cboColumns{};
     std::array<QLabel*, kColumnSlots> lblColumns{};
+    std::array<QComboBox*, 2> cboPlace{}; ///< x, y on the map; the first entry is none
     std::array<QCheckBox*, 3> chkAppended{};
     QCheckBox* chkFreqIsAppended;
     std::array<QComboBox*, 2> cboAppName{};
@@ -165,6 +167,7 @@ private:
     [[nodiscard]] QWidget* MakeMismatchLine();
     [[nodiscard]] QWidget* MakeButtonLine();
     void AddSelector(QGroupBox* box, int slot);
+    void AddPlaceSelectors(QVBoxLayout* layout);
     void SetOrder();
     void FollowOptions(std::span<QRadioButton* const> options);
     void ConnectFormat();
@@ -183,6 +186,8 @@ private:
     void FormatChanged();
     void ChoosePlotKind(std::int16_t kind);
     void ShowPlotKind();
+    void FillPlaceLists(int columns);
+    void StorePlaceColumns();
     void SetCombo(int slot, bool inUse, const std::string& name);
     void ColourLabels();
     void DrawSymbols();

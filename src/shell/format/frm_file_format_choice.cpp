@@ -216,7 +216,26 @@ void frmFileFormat::ResetColumnCombos() {
         }
         list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0) + kScrollBarRoom);
     }
+    FillPlaceLists(columns);
     LoadColumnCombos();
+}
+
+void frmFileFormat::FillPlaceLists(int columns) {
+    const PlaceColumns& place = choice_.placeColumns;
+    columns = std::min(std::max({columns, place.x + 1, place.y + 1}), kPreviewColumns);
+    for (QComboBox* list : cboPlace) {
+        list->clear();
+        list->addItem("-", QString("none"));
+        for (int column = 0; column < columns; ++column) {
+            list->addItem(QString::number(column + 1),
+                          QString::fromStdString(preview_.HeadingOf(column)).left(kShownHeading));
+        }
+        list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0) + kScrollBarRoom);
+    }
+}
+
+void frmFileFormat::StorePlaceColumns() {
+    choice_.placeColumns = {cboPlace[0]->currentIndex() - 1, cboPlace[1]->currentIndex() - 1};
 }
 
 void frmFileFormat::LoadColumnCombos() {
@@ -225,6 +244,8 @@ void frmFileFormat::LoadColumnCombos() {
     for (std::size_t slot = 0; slot < cboColumns.size(); ++slot) {
         cboColumns[slot]->setCurrentIndex(used[slot] ? choice_.columns[slot] : -1);
     }
+    cboPlace[0]->setCurrentIndex(choice_.placeColumns.x + 1);
+    cboPlace[1]->setCurrentIndex(choice_.placeColumns.y + 1);
 }
 
 void frmFileFormat::LoadSavedSettings() {

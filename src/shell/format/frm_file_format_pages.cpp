@@ -82,6 +82,18 @@ protected:
     }
 };
 
+/// Shows a list as a selector of columns, with its label.
+void ShowAsSelector(QLabel& label, QComboBox& list) {
+    label.setMargin(3);
+    label.setAlignment(Qt::AlignCenter);
+    label.setBuddy(&list);
+    list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list.setMinimumContentsLength(2);
+    // Space for a number and the arrow, without space for an icon.
+    list.setMinimumWidth(list.fontMetrics().horizontalAdvance("000") + kArrowRoom);
+    list.setItemDelegate(new ColumnDelegate(&list));
+}
+
 /// Adds a name to a list that shows all its names in full.
 void AddName(QComboBox& list, const char* name) {
     list.addItem(name);
@@ -122,23 +134,34 @@ void frmFileFormat::MakePages() {
 }
 
 void frmFileFormat::AddSelector(QGroupBox* box, int slot) {
-    auto* grid = box->findChild<QGridLayout*>("layColumns");
     const auto index = static_cast<std::size_t>(slot);
     lblColumns[index] = MakeLabel({}, Numbered("lblColumns", slot));
-    lblColumns[index]->setMargin(3);
-    lblColumns[index]->setAlignment(Qt::AlignCenter);
     cboColumns[index] = MakeList(Numbered("cboColumns", slot), {});
     cboColumns[index]->setToolTip("The column of the file that holds this item");
-    cboColumns[index]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cboColumns[index]->setMinimumContentsLength(2);
-    // Space for a number and the arrow, without space for an icon.
-    cboColumns[index]->setMinimumWidth(fontMetrics().horizontalAdvance("000") + kArrowRoom);
-    cboColumns[index]->setItemDelegate(new ColumnDelegate(cboColumns[index]));
-    lblColumns[index]->setBuddy(cboColumns[index]);
+    ShowAsSelector(*lblColumns[index], *cboColumns[index]);
+    auto* grid = box->findChild<QGridLayout*>("layColumns");
     const int column = grid->count() / 2;
     grid->addWidget(lblColumns[index], 0, column);
     grid->addWidget(cboColumns[index], 1, column);
     grid->setColumnStretch(column, 1);
+}
+
+void frmFileFormat::AddPlaceSelectors(QVBoxLayout* layout) {
+    auto* line = new QHBoxLayout;
+    constexpr std::array<const char*, 2> kNames = {"map x", "map y"};
+    constexpr std::array<const char*, 2> kWords = {"easting or longitude", "northing or latitude"};
+    for (std::size_t i = 0; i < cboPlace.size(); ++i) {
+        cboPlace[i] = MakeList(Numbered("cboPlace", static_cast<int>(i)), {});
+        cboPlace[i]->setToolTip(
+            QString("The column of the %1 of each row, which is kept with it").arg(kWords[i]));
+        cboPlace[i]->setAccessibleName(QString("Column of ") + kNames[i]);
+        auto* label = MakeLabel(kNames[i], Numbered("lblPlace", static_cast<int>(i)));
+        ShowAsSelector(*label, *cboPlace[i]);
+        line->addWidget(label);
+        line->addWidget(cboPlace[i]);
+    }
+    line->addStretch(1);
+    layout->addLayout(line);
 }
 
 QWidget* frmFileFormat::MakeColumnsPage() {
@@ -254,6 +277,7 @@ QGroupBox* frmFileFormat::MakeAppendedBox() {
     names->setColumnStretch(1, 1);
     layout->addLayout(names);
     layout->addWidget(chkFreqIsAppended);
+    AddPlaceSelectors(layout);
     layout->addStretch(1);
     lblOtherData[1] = MakeLabel("No Appended data", "lblOtherData_1");
     KeepRoomWhenHidden(*lblOtherData[1]);

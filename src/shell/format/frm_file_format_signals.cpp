@@ -32,6 +32,7 @@ void frmFileFormat::SetOrder() {
         .Then(columns(kSlotSecondaryDip, kSlotAppendedPlunge))
         .Then(std::array<QWidget*, 6>{chkAppended[0], chkAppended[1], cboAppName[0], chkAppended[2],
                                       cboAppName[1], chkFreqIsAppended})
+        .Then(cboPlace)
         .Then(columns(kSlotAppendedPlunge, cboColumns.size()))
         .Then(std::array<QWidget*, 4>{cmdInitialColumns, cmdUseSaved, chkSaveSettings[0],
                                       chkSaveSettings[2]})
@@ -72,6 +73,14 @@ void frmFileFormat::ConnectFormat() {
                 CheckCombos();
                 SetDataGrid();
                 CheckMisMatch();
+            }
+        });
+    }
+    for (QComboBox* list : cboPlace) {
+        connect(list, &QComboBox::currentIndexChanged, this, [this] {
+            if (!loading_) {
+                StorePlaceColumns();
+                SetDataGrid();
             }
         });
     }

@@ -100,6 +100,24 @@ TEST_F(SuggestionsOfDialog, TheFormatOfTheSameHeadingsIsTaken) {
     EXPECT_EQ(TextOf(again), "Suggested from the headings. Change what is wrong.");
 }
 
+TEST_F(SuggestionsOfDialog, PlacesOnTheMapHaveListsOfColumns) {
+    frmFileFormat& dialog = OpenText("x,dip,dip direction,y\n651234,52,142,5200100\n"
+                                     "651235,43,35,5200101\n");
+    EXPECT_EQ(dialog.cboPlace[0]->currentIndex(), 1) << "none comes first";
+    EXPECT_EQ(dialog.cboPlace[1]->currentIndex(), 4);
+    EXPECT_TRUE(dialog.grdDataFormat->horizontalHeaderItem(3)->toolTip().endsWith("map y"));
+    dialog.cboPlace[1]->setCurrentIndex(0);
+    EXPECT_TRUE(dialog.grdDataFormat->horizontalHeaderItem(3)->toolTip().endsWith("is not read"));
+    Press("chkAppended_2");
+    EXPECT_EQ(dialog.cboPlace[0]->currentIndex(), 1) << "other changes leave it";
+    dialog.cboPlace[1]->setCurrentIndex(4);
+    PressOk();
+    ASSERT_TRUE(IsAccepted());
+    EXPECT_EQ(gSettings.format.placeColumns, (PlaceColumns{0, 3}));
+    frmFileFormat& other = OpenText("dip,dip direction\n52,142\n43,35\n");
+    EXPECT_EQ(other.cboPlace[0]->currentIndex(), 0) << "the places of another file do not stay";
+}
+
 TEST_F(SuggestionsOfDialog, CommentsAndPairsHaveBoxes) {
     frmFileFormat& dialog = OpenText("# 1979\nsite,plane\nA,045/60SE\nB,230/45NW\nC,10/20E\n");
     EXPECT_TRUE(dialog.chkComments[0]->isChecked());

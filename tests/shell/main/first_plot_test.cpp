@@ -2,10 +2,12 @@
 //
 // How many actions lead from a file, a text or a folder to a right plot.
 
+#include "core/measured_rows.h"
 #include "drawing/layer_list.h"
 #include "drawing/plot_state.h"
 #include "edit/marks/girdles.h"
 #include "edit/rows/paste_rows.h"
+#include "session/drops.h"
 #include "shell/format/frm_file_format.h"
 #include "support/main_window_test.h"
 
@@ -121,6 +123,33 @@ TEST_F(FirstPlot, FromTheClipboardTakesTwo) {
     Act([&] { Press("mnuEditSelection_4"); });
     ExpectBeds();
     EXPECT_EQ(actions, 2);
+}
+
+TEST_F(FirstPlot, FromTheClipboardEqualsThatOfTheFile) {
+    std::string table = "dip direction,dip,rock,x,y\n";
+    for (int row = 1; row <= 200; ++row) {
+        table += std::to_string(row * 7 % 360) + "." + std::to_string(row % 10) + ","
+                 + std::to_string(row % 90) + (row % 3 == 0 ? ",marl," : ",schist,")
+                 + std::to_string(651000 + row) + ".25," + std::to_string(5200000 - row) + "\n";
+    }
+    OpenByMenu("beds.csv", table);
+    const int file = gActivePlot;
+    std::ranges::replace(table, ',', '\t');
+    ASSERT_TRUE(PasteAsPlot(table));
+    const int pasted = gActivePlot;
+    ASSERT_NE(pasted, file);
+    ASSERT_EQ(RecordOf(file).NumValidData, 200);
+    EXPECT_EQ(RecordOf(pasted).NumValidData, 200);
+    EXPECT_EQ(RecordOf(pasted).DataKind, RecordOf(file).DataKind);
+    EXPECT_EQ(RecordOf(pasted).AppNonNumName, RecordOf(file).AppNonNumName);
+    for (std::int32_t row = 1; row <= 200; ++row) {
+        EXPECT_EQ(MeasuredAttitude(PlotOf(pasted).rows, RowAngles::Primary, row),
+                  MeasuredAttitude(PlotOf(file).rows, RowAngles::Primary, row));
+        EXPECT_EQ(gAppText(pasted, row), gAppText(file, row));
+        EXPECT_EQ(MapPlaceOf(PlotOf(pasted).rows, row),
+                  (MapPlace{651000.25 + row, 5200000.0 - row}));
+        EXPECT_EQ(MapPlaceOf(PlotOf(file).rows, row), MapPlaceOf(PlotOf(pasted).rows, row));
+    }
 }
 
 TEST_F(FirstPlot, IsNotLeftEmptyByAPasteThatIsCancelled) {
