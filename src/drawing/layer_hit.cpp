@@ -24,6 +24,9 @@ std::optional<std::size_t> LayerAt(const Plot& plot, const Drawing& drawing, Poi
                     drawing.formulas, drawing.watcher, drawing.circleAbove, drawing.figure};
         SetPlotDrawMode(own);
         DrawOneLayer(plot, own, layers[place]);
+        if (layers[place].LayerOf == kLayerOfNet && layers[place].LayerHidden == 0) {
+            DrawNorthOfNet(own);
+        }
         if (surface.IsHit()) {
             return place;
         }

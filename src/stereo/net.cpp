@@ -186,13 +186,17 @@ void DrawPlotBase(const PlotRecord& record, const Drawing& drawing, NetRoom room
         return;
     }
     DrawNet(record.PlotKind, drawing);
+    DrawNorthOfNet(drawing, room);
+}
+
+void DrawNorthOfNet(const Drawing& drawing, NetRoom room) {
     const FigureStyle& figure = FigureOf(drawing);
     if (figure.net.rimWidth > 0) {
         if (figure.net.showNorth) {
-            DrawFigureNorth(surface, figure, AxesColour(drawing), room);
+            DrawFigureNorth(drawing.plot, figure, AxesColour(drawing), room);
         }
     } else if (drawing.styles.showNorth) {
-        DrawNorth(surface, AxesColour(drawing));
+        DrawNorth(drawing.plot, AxesColour(drawing));
     }
 }
 

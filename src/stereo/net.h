@@ -25,6 +25,9 @@ void SetPlotDrawMode(const Drawing& drawing);
 /// cleared first. The net of a style (NetStyle) has what the style says instead.
 void DrawPlotBase(const PlotRecord& record, const Drawing& drawing, NetRoom room = NetRoom::Within);
 
+/// Draws the "N" above the net, if styles or style have one.
+void DrawNorthOfNet(const Drawing& drawing, NetRoom room = NetRoom::Within);
+
 /// Draws the primitive circle and the axes of a net, again where areas were filled.
 void DrawNet(int plotKind, const Drawing& drawing);
 

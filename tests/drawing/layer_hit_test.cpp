@@ -63,6 +63,11 @@ TEST_F(LayerHitTest, TellsTheRimAndNothingInABareNet) {
     EXPECT_EQ(At(plot, {kNetRadius * std::cos(1.0), kNetRadius * std::sin(1.0)}), 0U);
     EXPECT_EQ(At(plot, {0, 0}), 0U) << "the centre cross";
     EXPECT_EQ(At(plot, {300, 500}), std::nullopt);
+    const Point north{0, kNetRadius * 1.04 + 20};
+    EXPECT_EQ(At(plot, north), 0U) << "the N";
+    EXPECT_EQ(At(plot, {200, north.y}), std::nullopt);
+    plot.record.Layers[0].LayerHidden = kTrue;
+    EXPECT_EQ(At(plot, north), std::nullopt);
 }
 
 TEST_F(LayerHitTest, TellsABandAndItsNetOutsideOfIt) {
