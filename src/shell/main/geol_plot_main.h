@@ -25,6 +25,7 @@
 #include <optional>
 
 class QLabel;
+class QDockWidget;
 class QMdiArea;
 class QMdiSubWindow;
 class QMimeData;
@@ -105,6 +106,8 @@ private:
     void MakePanels();
     void FollowPanels();
     void FollowTexts();
+    static void ShowInFront(QDockWidget& panel);
+    static void ShowOrHide(QDockWidget& panel);
     void FollowChosenLayer();
     /// Shows the properties of a layer of the plot in focus, if there is one where the user points.
     ///

@@ -271,13 +271,9 @@ void GeolPlotMain::ConnectViewCommands() {
     commands_->Connect("mnuViewPlotData", [this] { displays_->ShowPlotData(); });
     commands_->Connect("mnuViewToolbar",
                        [this] { panToolbarBox_->setVisible(panToolbarBox_->isHidden()); });
-    commands_->Connect("mnuViewLayers", [this] { panLayers_->setVisible(panLayers_->isHidden()); });
-    commands_->Connect("mnuViewProperties",
-                       [this] { panProperties_->setVisible(panProperties_->isHidden()); });
-    commands_->Connect("mnuViewTexts", [this] {
-        panTexts_->setVisible(panTexts_->isHidden());
-        panTexts_->raise();
-    });
+    commands_->Connect("mnuViewLayers", [this] { ShowOrHide(*panLayers_); });
+    commands_->Connect("mnuViewProperties", [this] { ShowOrHide(*panProperties_); });
+    commands_->Connect("mnuViewTexts", [this] { ShowOrHide(*panTexts_); });
     commands_->Connect("mnuViewLabels",
                        [] { gSettings.windows.toolLabels = !gSettings.windows.toolLabels; });
 }

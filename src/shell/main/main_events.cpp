@@ -35,6 +35,7 @@
 #include <QMdiArea>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
@@ -189,7 +190,7 @@ void GeolPlotMain::MakePanels() {
     signs.done = [this] { UpdatePlotState(); };
     signs.chosen = [this] { FollowChosenLayer(); };
     signs.propertiesWanted = [this] {
-        panProperties_->show();
+        ShowInFront(*panProperties_);
         UpdatePlotState();
     };
     panLayers_ = new LayerPanel(this, std::move(signs));
@@ -210,6 +211,20 @@ void GeolPlotMain::MakePanels() {
     panLayers_->setVisible(kept.layerPanel);
     panProperties_->setVisible(kept.propertyPanel);
     panTexts_->setVisible(kept.textPanel);
+}
+
+void GeolPlotMain::ShowInFront(QDockWidget& panel) {
+    panel.show();
+    // A panel that was closed has its tab after the next layout.
+    QTimer::singleShot(0, &panel, &QWidget::raise);
+}
+
+void GeolPlotMain::ShowOrHide(QDockWidget& panel) {
+    if (panel.isHidden()) {
+        ShowInFront(panel);
+    } else {
+        panel.hide();
+    }
 }
 
 void GeolPlotMain::FollowTexts() {
@@ -242,7 +257,7 @@ void GeolPlotMain::ShowProperties(
         return;
     }
     if (const auto place = layer(ActivePlot(), WindowDrawing(gActivePlot))) {
-        panProperties_->show();
+        ShowInFront(*panProperties_);
         panLayers_->Follow(gActivePlot);
         panLayers_->ChoosePlace(*place);
         FollowChosenLayer();

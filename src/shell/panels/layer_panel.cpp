@@ -175,6 +175,7 @@ void LayerPanel::Fill() {
 }
 
 void LayerPanel::AddLayers(QTreeWidgetItem& top) {
+    top.setFlags(top.flags() | Qt::ItemIsDropEnabled); // between its layers
     const Plot& plot = PlotOf(slot_);
     const LayerSigns signs(plot, kIconSide, devicePixelRatioF());
     for (const LayerLine& line : LayerTreeOf(plot, gSettings.styles).layers) {

@@ -70,6 +70,15 @@ TEST_F(PanelsOfWindow, AreListedInTheViewMenuAndKept) {
     EXPECT_TRUE(gSettings.windows.propertyPanel);
 }
 
+TEST_F(PanelsOfWindow, LayersCanBeDroppedBetweenLayersAlone) {
+    const QTreeWidgetItem& line = LineOf(Symbols());
+    EXPECT_TRUE(line.flags().testFlag(Qt::ItemIsDragEnabled));
+    EXPECT_TRUE(line.parent()->flags().testFlag(Qt::ItemIsDropEnabled)) << "between its lines";
+    const QTreeWidgetItem& data = *layers->treLayers->topLevelItem(1);
+    EXPECT_FALSE(data.flags().testFlag(Qt::ItemIsDropEnabled));
+    EXPECT_FALSE(data.child(0)->flags().testFlag(Qt::ItemIsDropEnabled));
+}
+
 TEST_F(PanelsOfWindow, ATickHidesALayer) {
     QTreeWidgetItem& line = LineOf(Symbols());
     EXPECT_FALSE(line.icon(0).isNull()) << "its sign in the legend";

@@ -105,6 +105,22 @@ TEST_F(TextsOfPlots, LeaveThePanelWithTheirPlot) {
     EXPECT_TRUE(StatisticsOf(again).isVisible());
 }
 
+TEST_F(TextsOfPlots, APanelThatIsAskedForIsInFront) {
+    const auto press = [this](const char* command) {
+        Press(command);
+        QApplication::processEvents();
+    };
+    press("mnuViewTexts");
+    press("mnuViewProperties");
+    const auto* properties = main->findChild<QWidget*>("panProperties");
+    EXPECT_FALSE(properties->visibleRegion().isEmpty());
+    EXPECT_TRUE(panel->visibleRegion().isEmpty()) << "behind its tab";
+    press("mnuViewTexts");
+    press("mnuViewTexts");
+    EXPECT_FALSE(panel->visibleRegion().isEmpty());
+    EXPECT_TRUE(properties->visibleRegion().isEmpty());
+}
+
 TEST_F(TextsOfPlots, TheStateOfThePanelIsKept) {
     Press("mnuViewTexts");
     main->close();
