@@ -4,6 +4,7 @@
 
 #include "input/decimal_delimiter.h"
 #include "input/line_tokens.h"
+#include "orientation/number_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -36,6 +37,10 @@ std::optional<MapPlace> MapPlaceIn(std::string_view line, const LineFormat& form
         y = column == columns.y ? CoordinateIn(token, format) : y;
     }
     return x && y ? std::optional(MapPlace{*x, *y}) : std::nullopt;
+}
+
+std::string CoordinateText(double coordinate) {
+    return FormatNumber(coordinate, "General Number");
 }
 
 } // namespace quandrel

@@ -7,8 +7,8 @@
 #include "core/measured_rows.h"
 #include "core/plot_rows.h"
 #include "core/tagged_value.h"
+#include "input/place_columns.h"
 #include "orientation/degrees_text.h"
-#include "orientation/number_text.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -126,12 +126,11 @@ std::vector<std::string> CellsOfRow(const Plot& plot, std::int32_t row, SavedDeg
 }
 
 std::array<std::string, 2> PlaceCells(const Plot& plot, std::int32_t row) {
-    constexpr const char* kFormat = "General Number";
     const std::optional<MapPlace> place = MapPlaceOf(plot.rows, row);
     if (!place) {
         return {};
     }
-    return {FormatNumber(place->x, kFormat), FormatNumber(place->y, kFormat)};
+    return {CoordinateText(place->x), CoordinateText(place->y)};
 }
 
 WrittenTable TableOfRows(const Plot& plot, SavedDegrees degrees) {

@@ -142,7 +142,7 @@ std::string DataGrid::StoredText(const GridLine& line, GridColumnKind kind) cons
     case GridColumnKind::MapX:
     case GridColumnKind::MapY: {
         const std::optional<MapPlace> place = MapPlaceOf(PlotOf(slot_).rows, point);
-        return place ? CoordinateText(kind == GridColumnKind::MapX ? place->x : place->y)
+        return place ? RegionalCoordinate(kind == GridColumnKind::MapX ? place->x : place->y)
                      : std::string();
     }
     case GridColumnKind::RowNumber:

@@ -4,6 +4,7 @@
 
 #include "core/plot_store.h"
 #include "input/data_rows.h"
+#include "input/place_columns.h"
 #include "orientation/notation.h"
 #include "orientation/number_text.h"
 
@@ -186,8 +187,8 @@ std::string RegionalText(float number) {
     return WithRegionalDelimiter(TextOf(TaggedValue(number)));
 }
 
-std::string CoordinateText(double coordinate) {
-    return WithRegionalDelimiter(FormatNumber(coordinate, "General Number"));
+std::string RegionalCoordinate(double coordinate) {
+    return WithRegionalDelimiter(CoordinateText(coordinate));
 }
 
 } // namespace quandrel

@@ -107,6 +107,6 @@ enum class AngleDigits : std::uint8_t {
 [[nodiscard]] std::string DipText(double dip, AngleDigits digits);
 [[nodiscard]] std::string AzimuthText(double azimuth, AngleDigits digits);
 [[nodiscard]] std::string RegionalText(float number);
-[[nodiscard]] std::string CoordinateText(double coordinate);
+[[nodiscard]] std::string RegionalCoordinate(double coordinate);
 
 } // namespace quandrel

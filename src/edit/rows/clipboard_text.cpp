@@ -10,6 +10,7 @@
 #include "edit/marks/annotation_text.h"
 #include "edit/selection/selected_intersections.h"
 #include "input/parameter_line.h"
+#include "input/place_columns.h"
 #include "orientation/angles.h"
 #include "orientation/degrees_text.h"
 #include "orientation/number_text.h"
@@ -58,9 +59,7 @@ std::string PairText(Attitude pair, bool present) {
 
 /// A place on the map as two further fields, empty for none.
 std::string PlaceFields(const std::optional<MapPlace>& place) {
-    constexpr const char* kFormat = "General Number";
-    return place ? "\t" + FormatNumber(place->x, kFormat) + "\t" + FormatNumber(place->y, kFormat)
-                 : "\t\t";
+    return place ? "\t" + CoordinateText(place->x) + "\t" + CoordinateText(place->y) : "\t\t";
 }
 
 /// The kind of the overlays that all rows of a list belong to; nothing when they differ, or the

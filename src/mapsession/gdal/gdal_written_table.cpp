@@ -18,6 +18,8 @@ namespace {
 constexpr const char* kSpreadsheet = ".xlsx";
 constexpr const char* kGeoPackage = ".gpkg";
 
+constexpr std::size_t kMostRowsOfSheet = (1U << 20U) - 1;
+
 /// Names of GeoPackages that no heading has.
 constexpr const char* kIdOption = "FID=quandrel_row";
 constexpr const char* kPointOption = "GEOMETRY_NAME=quandrel_place";
@@ -139,9 +141,17 @@ SessionResult<std::string> BytesOfTable(const WrittenTable& table, const std::st
     if (driver == nullptr) {
         return SessionError{kSessionFileError, "There is no writer for " + ending};
     }
+    if (!isMap && table.rows.size() > kMostRowsOfSheet) {
+        return SessionError{kSessionFileError, "A sheet holds no more than "
+                                                   + std::to_string(kMostRowsOfSheet)
+                                                   + " rows below its headings"};
+    }
     const FileInMemory memory(ending);
     GDALDatasetUniquePtr file(driver->Create(memory.Path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    if (!file || !TableWriter(table, *file, isMap).Write()) {
+    // Only GeoPackages have transactions; without one each row would be one.
+    if (!file || (isMap && file->StartTransaction() != OGRERR_NONE)
+        || !TableWriter(table, *file, isMap).Write()
+        || (isMap && file->CommitTransaction() != OGRERR_NONE)) {
         return NotWritten();
     }
     CPLErrorReset();

@@ -67,6 +67,21 @@ TEST_F(EditRows, RemovalLeavesTheOthersWithAllTheirFieldsInOrder) {
     }
 }
 
+TEST_F(EditRows, RemovedRowsComeBackWithTheirPlacesOnTheMap) {
+    const int slot = NewPlanes({{10, 20}, {30, 120}, {45, 270}});
+    SetMapPlace(PlotOf(slot), 2, MapPlace{651234.125, -7.5});
+    SetMapPlace(PlotOf(slot), 3, MapPlace{0, 0});
+    SelectRows(slot, {2});
+    RemoveSelectedRows(kCutEdit);
+    EXPECT_EQ(MapPlaceOf(PlotOf(slot).rows, 2), (MapPlace{0, 0}));
+    UndoLastEdit();
+    EXPECT_EQ(MapPlaceOf(PlotOf(slot).rows, 1), std::nullopt);
+    EXPECT_EQ(MapPlaceOf(PlotOf(slot).rows, 2), (MapPlace{651234.125, -7.5}));
+    EXPECT_EQ(MapPlaceOf(PlotOf(slot).rows, 3), (MapPlace{0, 0}));
+    RedoLastEdit();
+    EXPECT_EQ(MapPlaceOf(PlotOf(slot).rows, 2), (MapPlace{0, 0}));
+}
+
 TEST_F(EditRows, CutOfAllRowsLeavesAnEmptyPlotAndUndoPutsThemBack) {
     const int slot = NewPlanes({{30, 120}, {kErrorRow, 0}, {60, 300}});
     AddFields();
