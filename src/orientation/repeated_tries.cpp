@@ -19,28 +19,40 @@ public:
         : repetition_(repetition)
         , blocks_((repetition.tries + kTriesOfBlock - 1) / kTriesOfBlock) {}
 
-    /// Works on blocks until none is left.
+    /// Works on blocks until none is left, for the caller. The first one is left to it, so that it
+    /// asks at least once, however fast the other threads are.
     ///
-    /// @param afterBlock  returns false to stop all threads
-    void Work(const RandomBlock& run, const std::function<bool(double)>& afterBlock) {
-        for (int block = next_++; block < blocks_ && !isStopped_; block = next_++) {
-            RandomStream random(repetition_.seed, static_cast<std::uint64_t>(block));
-            const int first = block * kTriesOfBlock;
-            const int last = std::min(first + kTriesOfBlock, repetition_.tries);
-            run(random, first, last);
-            done_ += last - first;
-            if (!afterBlock(static_cast<double>(done_) / repetition_.tries)) {
+    /// @param goesOn  returns false to stop all threads
+    void WorkForCaller(const RandomBlock& run, const std::function<bool(double)>& goesOn) {
+        for (int block = 0; block < blocks_ && !isStopped_; block = next_++) {
+            Run(run, block);
+            if (!goesOn(static_cast<double>(done_) / repetition_.tries)) {
                 isStopped_ = true;
             }
+        }
+    }
+
+    /// The same for another thread.
+    void Work(const RandomBlock& run) {
+        for (int block = next_++; block < blocks_ && !isStopped_; block = next_++) {
+            Run(run, block);
         }
     }
 
     [[nodiscard]] bool IsStopped() const { return isStopped_; }
 
 private:
+    void Run(const RandomBlock& run, int block) {
+        RandomStream random(repetition_.seed, static_cast<std::uint64_t>(block));
+        const int first = block * kTriesOfBlock;
+        const int last = std::min(first + kTriesOfBlock, repetition_.tries);
+        run(random, first, last);
+        done_ += last - first;
+    }
+
     const Repetition& repetition_;
     int blocks_;
-    std::atomic<int> next_ = 0;
+    std::atomic<int> next_ = 1;
     std::atomic<int> done_ = 0;
     std::atomic<bool> isStopped_ = false;
 };
@@ -53,10 +65,9 @@ bool RunBlocks(const Repetition& repetition, const std::function<RandomBlock()>&
     {
         std::vector<std::jthread> others; // their destructors wait for them
         for (unsigned thread = 1; thread < repetition.threads; ++thread) {
-            others.emplace_back(
-                [&blocks, run = makeBlock()] { blocks.Work(run, [](double) { return true; }); });
+            others.emplace_back([&blocks, run = makeBlock()] { blocks.Work(run); });
         }
-        blocks.Work(makeBlock(), goesOn);
+        blocks.WorkForCaller(makeBlock(), goesOn);
     }
     return !blocks.IsStopped();
 }

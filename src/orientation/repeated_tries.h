@@ -25,7 +25,7 @@ struct Repetition {
     std::uint64_t seed = 20261122;
     unsigned threads = 1; ///< that work, the caller's among them
     /// Receives the share of the tries that are done, above 0, at most 1; returns false to stop.
-    /// Called by the caller's thread, between its blocks.
+    /// Called by the caller's thread, after each of its blocks: at least once.
     std::function<bool(double done)> goesOn;
 };
 

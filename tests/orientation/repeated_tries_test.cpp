@@ -129,6 +129,19 @@ TEST(CountTries, HasNoResultWhenStopped) {
     }
 }
 
+TEST(CountTries, IsStoppedHoweverFastTheOtherThreadsAre) {
+    Repetition repetition;
+    repetition.tries = 3 * kTriesOfBlock;
+    repetition.threads = 8;
+    for (int round = 0; round < 200; ++round) {
+        int asked = 0;
+        repetition.goesOn = [&asked](double) { return ++asked < 0; };
+        const auto never = [] { return [](RandomStream&) { return false; }; };
+        ASSERT_FALSE(CountTries(repetition, never)) << round;
+        ASSERT_EQ(asked, 1);
+    }
+}
+
 TEST(ProbabilityByTries, CountsTheDataAsOneOutcome) {
     Repetition repetition;
     repetition.tries = 999;
