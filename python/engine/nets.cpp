@@ -38,6 +38,7 @@ Array TraceOfPlane(double dip, double dipDirection, const std::string& projectio
 
 std::vector<Array> Arrays(const std::vector<api::NetLine>& lines) {
     std::vector<Array> arrays;
+    arrays.reserve(lines.size());
     for (const api::NetLine& line : lines) {
         arrays.push_back(ArrayOf<NetPoint>(line));
     }

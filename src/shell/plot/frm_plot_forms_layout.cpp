@@ -12,8 +12,11 @@
 
 #include <QFontMetrics>
 #include <QFontMetricsF>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTextBlock>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -41,7 +44,7 @@ void FitTabStops(QPlainTextEdit& box) {
 /// Boxes have the colours of paper, because the user chooses those of the fonts; in dark themes
 /// both are those of nets there.
 void UseFont(QWidget& box, PlotFontPlace place) {
-    const PlotFont& font = gSettings.styles.fonts[place];
+    const PlotFont& font = gSettings.styles.fonts[static_cast<std::size_t>(place)];
     const Colour ink = ColourFromValue(static_cast<std::uint32_t>(font.colour));
     const bool isDark = IsDarkTheme();
     const auto shown = [isDark](const QColor& colour) {
