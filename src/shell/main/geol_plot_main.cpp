@@ -26,6 +26,7 @@
 #include "shell/main/qt_rect.h"
 #include "shell/main/tool_strip.h"
 #include "shell/map/map_link_windows.h"
+#include "shell/panels/text_panel.h"
 #include "shell/plot/frm_plot_forms.h"
 #include "shell/plot/girdle_panel.h"
 #include "shell/plot/net_mouse.h"
@@ -33,6 +34,7 @@
 #include "shell/plot/window_arrangement.h"
 #include "shell/preferences/frm_preferences.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
@@ -115,6 +117,8 @@ void GeolPlotMain::ConnectChanges() {
 }
 
 GeolPlotMain::~GeolPlotMain() {
+    // The panels are hidden with the window, when this is no longer one.
+    panTexts_->toggleViewAction()->disconnect(this);
     mapLink_.reset();
     // Plot windows belong to the store, and must not outlive the area that contains them.
     for (int slot = 0; slot <= HighestSlot(); ++slot) {
