@@ -7,6 +7,7 @@
 #include "edit/selection/marquee.h"
 #include "input/format_model.h"
 #include "input/line_tokens.h"
+#include "input/table_files.h"
 #include "input/text_file.h"
 #include "orientation/angles.h"
 #include "stereo/row_positions.h"
@@ -34,6 +35,29 @@ std::vector<std::string> PathsOf(const PlotRecord& record) {
     }
     std::erase(paths, std::string());
     return paths;
+}
+
+bool HasLine(std::string_view text, std::string_view wanted) {
+    LineReader reader(text);
+    for (std::string_view line; reader.Next(line);) {
+        if (line == wanted) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The text of a file; of one with several tables that of the first with the plot's heading, or of
+/// the first of all.
+Result<std::string> TextOfPlotFile(const std::string& path, const std::string& heading) {
+    std::vector<NamedTable> tables;
+    Result<std::string> text = TextOfFile(path, tables);
+    for (NamedTable& table : tables) {
+        if (!heading.empty() && HasLine(table.text, heading)) {
+            return std::move(table.text);
+        }
+    }
+    return text;
 }
 
 /// Tabs separate the columns of files that contain tabs; in others any delimiter does.
@@ -95,7 +119,7 @@ Result<RawData> RawData::Read(int slot) {
     RawData raw(slot);
     raw.heading_ = RecordOf(slot).FileHeadLine;
     for (const std::string& path : paths) {
-        Result<std::string> text = ReadTextBytes(path);
+        Result<std::string> text = TextOfPlotFile(path, raw.heading_);
         if (!text) {
             return Failure{std::string(kNotShown) + "\n" + FileTitleOf(path) + ": " + text.Error()};
         }

@@ -7,6 +7,7 @@
 #include "edit/rows/edit_rows.h"
 #include "edit/selection/marquee.h"
 #include "input/file_loading.h"
+#include "input/table_files.h"
 #include "support/test_platform.h"
 
 namespace quandrel {
@@ -135,6 +136,29 @@ TEST_F(RawGrid, SelectsOnThePlotAndIsSelectedFromIt) {
               (std::vector<std::int32_t>{1, 3}));
     SelectRows(gActivePlot, {3});
     EXPECT_EQ(SelectedRowsOfRawData(*raw), (std::vector<std::size_t>{2}));
+}
+
+TEST_F(RawGrid, OfASpreadsheetIsTheSheetWithTheHeadingsOfThePlot) {
+    TableFiles::now.read = [](const std::string&) -> Result<std::vector<NamedTable>> {
+        return std::vector<NamedTable>{{"notes", "remark\nnone\n"},
+                                       {"beds", "dip\tdip direction\n52\t142\n43\t35\n"}};
+    };
+    NewPlot();
+    ActiveRecord().MainFiles = {"beds.xlsx"};
+    ActiveRecord().FileHeadLine = "dip\tdip direction";
+    const Result<RawData> raw = RawData::Read(gActivePlot);
+    ActiveRecord().FileHeadLine.clear();
+    const Result<RawData> first = RawData::Read(gActivePlot);
+    TableFiles::now = {};
+    ASSERT_TRUE(raw) << raw.Error();
+    EXPECT_EQ(raw->RowCount(), 3U);
+    EXPECT_EQ(raw->Header(2), "dip direction");
+    EXPECT_EQ(raw->CellText(1, 1), "52");
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->CellText(0, 1), "remark") << "without headings the first one";
+    const Result<RawData> without = RawData::Read(gActivePlot);
+    ASSERT_FALSE(without);
+    EXPECT_NE(without.Error().find("need the plug-in for tables"), std::string::npos);
 }
 
 TEST_F(RawGrid, APlotWithoutAFileHasNoRawData) {
