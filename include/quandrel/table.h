@@ -81,6 +81,10 @@ struct TableFormat {
     bool secondaryMayBeMissing = false; ///< a row may leave its secondary line or plane empty
     bool decimalIsComma = false;        ///< decides for numbers with both delimiters
     bool trendsNameUpperEnds = false;   ///< for a negative plunge; else the lower end
+    bool hasPairs = false;              ///< dip and direction in one cell, "045/60NE": both columns
+                                        ///< of an orientation are then the same
+    bool pairsAreTrendFirst = false;    ///< lines in pairs are trend and plunge
+    std::string commentMarks;           ///< what else begins a comment: any of "#", "%", "//"
 
     friend bool operator==(const TableFormat&, const TableFormat&) = default;
 };

@@ -14,6 +14,7 @@ namespace quandrel::api {
 namespace {
 
 constexpr int kLastColumn = 254;
+constexpr int kTrendFirstCode = 10; ///< added to a convention; quadrant codes do not have it
 
 /// The columns in the order of the parser's slots.
 constexpr std::array kColumnsBySlot = {
@@ -52,6 +53,9 @@ void RequireValid(const TableFormat& format) {
     if (kDelimiters.find(format.delimiter) == std::string_view::npos) {
         throw std::invalid_argument("a delimiter is not a comma, semicolon, tab or blank");
     }
+    if (!CommentMarksIn(format.commentMarks)) {
+        throw std::invalid_argument("a comment mark is not one of #, % and //");
+    }
     const bool isInPlane = format.secondary == Secondary::kPitch
                            || format.secondary == Secondary::kTrend
                            || format.secondary == Secondary::kAngle;
@@ -62,7 +66,8 @@ void RequireValid(const TableFormat& format) {
 
 FormatSettings SettingsIn(const TableFormat& format) {
     FormatSettings settings;
-    const int code = static_cast<int>(format.convention);
+    const int code = static_cast<int>(format.convention)
+                     + (format.pairsAreTrendFirst && !format.isQuadrant ? kTrendFirstCode : 0);
     settings.conventions = static_cast<std::int16_t>(format.isQuadrant ? -code : code);
     settings.delimiter =
         format.delimiter == kAnyDelimiter ? std::string() : std::string(1, format.delimiter);
@@ -75,14 +80,17 @@ FormatSettings SettingsIn(const TableFormat& format) {
     settings.hasHeadings = format.hasHeading;
     settings.negativePlunge =
         format.trendsNameUpperEnds ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
+    settings.comments = CommentMarksIn(format.commentMarks).value_or(CommentMarks());
+    settings.pairsInCells = format.hasPairs;
     return settings;
 }
 
-/// @param format  supplies the values that the settings do not state
+} // namespace
+
 TableFormat FormatOut(const FormatSettings& settings, TableFormat format) {
     std::int16_t convention = 0;
-    bool lineIsTrendFirst = false;
-    DecodeConventions(settings.conventions, convention, lineIsTrendFirst, format.isQuadrant);
+    DecodeConventions(settings.conventions, convention, format.pairsAreTrendFirst,
+                      format.isQuadrant);
     format.convention = static_cast<PlaneConvention>(convention);
     format.delimiter = settings.delimiter.empty() ? kAnyDelimiter : settings.delimiter.front();
     format.primary = static_cast<Primary>(std::max(settings.primary, std::int16_t{kDirections}));
@@ -93,10 +101,10 @@ TableFormat FormatOut(const FormatSettings& settings, TableFormat format) {
     format.columns = ColumnsOut(settings.columns);
     format.hasHeading = settings.hasHeadings;
     format.trendsNameUpperEnds = settings.negativePlunge == NegativePlunge::Vector;
+    format.commentMarks = TextOfCommentMarks(settings.comments);
+    format.hasPairs = settings.pairsInCells;
     return format;
 }
-
-} // namespace
 
 LineFormat LineFormatIn(const TableFormat& format) {
     RequireValid(format);
@@ -114,6 +122,9 @@ LineFormat LineFormatIn(const TableFormat& format) {
     line.decimalIsComma = format.decimalIsComma;
     line.negativePlunge =
         format.trendsNameUpperEnds ? NegativePlunge::Vector : NegativePlunge::LowerEnd;
+    line.lineIsTrendFirst = format.pairsAreTrendFirst;
+    line.comments = CommentMarksIn(format.commentMarks).value_or(CommentMarks());
+    line.pairsInCells = format.hasPairs;
     line.neededColumns = HighestColumnNeeded(line) + 1;
     return line;
 }

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "core/format_settings.h"
 #include "input/data_line.h"
 #include "quandrel/table.h"
 
@@ -17,6 +18,11 @@ namespace quandrel::api {
 
 /// A checked format changed by the parameter lines of a text.
 [[nodiscard]] TableFormat WithParameterLines(std::string_view text, const TableFormat& format);
+
+/// The public form of settings.
+///
+/// @param format  supplies the values that the settings do not state
+[[nodiscard]] TableFormat FormatOut(const FormatSettings& settings, TableFormat format);
 
 /// The reason why a line with a given status is not a row.
 [[nodiscard]] std::string ReasonOf(LineStatus status);
