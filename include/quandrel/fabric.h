@@ -37,6 +37,22 @@ using Matrix3 = std::array<std::array<double, 3>, 3>;
 [[nodiscard]] std::optional<Matrix3> OrientationTensorOf(std::span<const Line> lines,
                                                          std::span<const double> weights = {});
 
+struct PrincipalAxes {
+    std::array<double, 3> eigenvalues{}; ///< E1 to E3
+    std::array<Line, 3> axes{};          ///< as axes, plunge 0 to 90
+};
+
+/// The eigenvalues and axes of the orientation tensor of n lines alone.
+///
+/// @param threads  1 or more; no result depends on them
+/// @return nothing without lines. O(n)
+[[nodiscard]] std::optional<PrincipalAxes> PrincipalAxesOf(std::span<const Line> lines,
+                                                           unsigned threads = 1);
+
+/// The same of n vectors of any length but 0.
+[[nodiscard]] std::optional<PrincipalAxes> PrincipalAxesOf(std::span<const Vector> vectors,
+                                                           unsigned threads = 1);
+
 /// The 95% confidence region of the principal axis.
 struct AxisEllipse {
     double major = 0; ///< semi-axis; 90 when the region is unbounded in that direction

@@ -79,6 +79,13 @@ Direction NormalOf(const Plane& plane) {
     return LineToCosines(pole.plunge, pole.trend);
 }
 
+double WithinTurn(double degrees) {
+    constexpr double kFullTurn = 360;
+    const double rest = std::fmod(degrees, kFullTurn);
+    const double azimuth = rest < 0 ? rest + kFullTurn : rest;
+    return azimuth < kFullTurn ? azimuth + 0.0 : 0; // the sum turns -0 into 0
+}
+
 double AzimuthOut(double radians) {
     const double degrees = RadToDeg(WrappedAngle(radians));
     return degrees < 360 ? degrees : degrees - 360;

@@ -62,6 +62,9 @@ void NotNegative(std::span<const double> values, std::string_view name);
 /// The downward unit normal of a checked plane.
 [[nodiscard]] Direction NormalOf(const Plane& plane);
 
+/// An azimuth in degrees brought into 0 to below 360 by whole turns.
+[[nodiscard]] double WithinTurn(double degrees);
+
 /// Degrees of an azimuth, 0 to below 360.
 [[nodiscard]] double AzimuthOut(double radians);
 

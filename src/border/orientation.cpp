@@ -3,6 +3,7 @@
 #include "quandrel/orientation.h"
 
 #include "border/border.h"
+#include "orientation/attitude.h"
 #include "orientation/notation.h"
 
 #include <algorithm>
@@ -11,10 +12,9 @@
 namespace quandrel::api {
 
 Line PoleOf(const Plane& plane) {
-    const RadianPlane in = In(plane);
-    RadianLine pole;
-    PoleOfPlane(in.dip, in.dipDirection, pole.plunge, pole.trend);
-    return LineOut(pole.plunge, pole.trend);
+    static_cast<void>(In(plane)); // checks it
+    const Attitude pole = PoleInDegrees({plane.dip, WithinTurn(plane.dipDirection)});
+    return {pole.dip, WithinTurn(pole.azimuth)};
 }
 
 void PolesOf(std::span<const Plane> planes, std::span<Line> poles) {
@@ -23,10 +23,8 @@ void PolesOf(std::span<const Plane> planes, std::span<Line> poles) {
 }
 
 Plane PlaneOfPole(const Line& pole) {
-    const RadianLine in = In(pole);
-    RadianPlane plane;
-    PoleOfPlane(in.plunge, in.trend, plane.dip, plane.dipDirection);
-    return PlaneOut(plane.dip, plane.dipDirection);
+    const Line plane = PoleOf({pole.plunge, pole.trend});
+    return {plane.plunge, plane.trend};
 }
 
 Vector VectorOf(const Line& line) {

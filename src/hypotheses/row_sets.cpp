@@ -71,7 +71,8 @@ std::int16_t GroupsWith(RowGroupKind kind) {
     }
 }
 
-/// Directions by their rows: each as often as it has rows.
+} // namespace
+
 std::vector<Direction> EachRow(const WeightedDirections& rows) {
     std::vector<Direction> each;
     for (std::size_t i = 0; i < rows.directions.size(); ++i) {
@@ -79,8 +80,6 @@ std::vector<Direction> EachRow(const WeightedDirections& rows) {
     }
     return each;
 }
-
-} // namespace
 
 bool AreAzimuths(RowsTestedAs as) {
     return as == RowsTestedAs::AxialAzimuths || as == RowsTestedAs::PolarAzimuths;

@@ -11,6 +11,7 @@
 #include "core/styles.h"
 #include "orientation/angles.h"
 #include "rose/rose_sectors.h"
+#include "statistics/fabric_kernels.h"
 #include "statistics/row_groups.h"
 
 #include <cstddef>
@@ -55,6 +56,9 @@ struct TestSample {
 
     [[nodiscard]] std::size_t Count() const { return directions.size() + azimuths.angles.size(); }
 };
+
+/// Directions by their rows: each as often as it has rows.
+[[nodiscard]] std::vector<Direction> EachRow(const WeightedDirections& rows);
 
 /// Whether two samples are of the same rows in the same order.
 [[nodiscard]] bool AreSame(const TestSample& one, const TestSample& other);
