@@ -7,13 +7,13 @@
 // Example:
 //
 //     namespace qd = quandrel::api;
-//     static_assert(QUANDREL_API_VERSION >= 3, "needs the interface 0.3 of Quandrel");
+//     static_assert(QUANDREL_API_VERSION >= 4, "needs the interface 0.4 of Quandrel");
 //     std::cout << (qd::ApiVersion() == QUANDREL_API_VERSION) << '\n'; // -> 1
 
 #pragma once
 
 #define QUANDREL_API_VERSION_MAJOR 0
-#define QUANDREL_API_VERSION_MINOR 3
+#define QUANDREL_API_VERSION_MINOR 4
 
 /// The version as one number: 1000 major + minor.
 #define QUANDREL_API_VERSION (1000 * QUANDREL_API_VERSION_MAJOR + QUANDREL_API_VERSION_MINOR)

@@ -71,7 +71,8 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"help", onCore},
         // The public headers, below include/.
         {"quandrel", {}},
-        {"border", Above(onMarks, {"quandrel", "persistence", "drawing", "svg"})},
+        {"border", Above(onMarks, {"quandrel", "persistence", "drawing", "svg", "hypotheses",
+                                   "input/suggest"})},
     };
     return allowed;
 }
