@@ -9,15 +9,21 @@
 
 #pragma once
 
+#include "quandrel/net.h"
+#include "quandrel/region.h"
+#include "quandrel/smooth_density.h"
+
 #include <pybind11/numpy.h>
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace quandrel::python {
 
@@ -76,9 +82,35 @@ template <class From, class To, class Function>
     return result;
 }
 
+/// The value of a name in a list. Raises ValueError, which lists the names.
+template <class Value>
+[[nodiscard]] Value NamedValue(const std::string& name,
+                               std::initializer_list<std::pair<const char*, Value>> all) {
+    std::string names;
+    for (const auto& [known, value] : all) {
+        if (name == known) {
+            return value;
+        }
+        names += std::string(names.empty() ? "" : ", ") + known;
+    }
+    throw py::value_error("'" + name + "' is not one of " + names);
+}
+
+[[nodiscard]] api::Projection ProjectionOf(const std::string& name);
+[[nodiscard]] api::RegionAbout RegionAboutOf(const std::string& name);
+[[nodiscard]] api::RegionMethod RegionMethodOf(const std::string& name);
+[[nodiscard]] api::DensityChoice DensityChoiceOf(const std::string& method, bool areAxes, double k,
+                                                 double halfWidth,
+                                                 const std::optional<std::string>& unit);
+
 void BindOrientations(py::module_& module);
+void BindNotation(py::module_& module);
 void BindStatistics(py::module_& module);
 void BindNets(py::module_& module);
+void BindSmoothDensities(py::module_& module);
+void BindRegions(py::module_& module);
 void BindTables(py::module_& module);
+void BindClasses(py::module_& module);
+void BindFigures(py::module_& module);
 
 } // namespace quandrel::python

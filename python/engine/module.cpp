@@ -25,7 +25,12 @@ PYBIND11_MODULE(_engine, module) {
     module.attr("__version__") = std::to_string(quandrel::api::ApiVersion() / kThousand) + "."
                                  + std::to_string(quandrel::api::ApiVersion() % kThousand);
     BindOrientations(module);
+    BindNotation(module);
     BindStatistics(module);
     BindNets(module);
+    BindSmoothDensities(module);
+    BindRegions(module);
     BindTables(module);
+    BindClasses(module);
+    BindFigures(module);
 }

@@ -16,16 +16,6 @@ using api::Line;
 using api::NetPoint;
 using api::Projection;
 
-Projection ProjectionOf(const std::string& name) {
-    if (name == "equal area") {
-        return Projection::kEqualArea;
-    }
-    if (name == "equal angle") {
-        return Projection::kEqualAngle;
-    }
-    throw py::value_error("'" + name + "' is not 'equal area' or 'equal angle'");
-}
-
 Array Project(const Array& lines, const std::string& projection) {
     const Projection kind = ProjectionOf(projection);
     return Mapped<Line, NetPoint>(
@@ -78,6 +68,11 @@ py::dict ContoursOf(const api::DensityField& field, const std::optional<Array>& 
 }
 
 } // namespace
+
+Projection ProjectionOf(const std::string& name) {
+    return NamedValue<Projection>(
+        name, {{"equal area", Projection::kEqualArea}, {"equal angle", Projection::kEqualAngle}});
+}
 
 void BindNets(py::module_& module) {
     using namespace py::literals;

@@ -5,7 +5,6 @@
 #include "arrays.h"
 #include "quandrel/intersections.h"
 #include "quandrel/kinematics.h"
-#include "quandrel/notation.h"
 #include "quandrel/orientation.h"
 #include "quandrel/rotation.h"
 
@@ -112,25 +111,6 @@ py::tuple KinematicAxes(const Array& planes, const Array& slips, double toleranc
     return py::make_tuple(p, t);
 }
 
-double AzimuthOfText(const std::string& text) {
-    const std::optional<double> azimuth = api::AzimuthOfText(text);
-    if (!azimuth) {
-        throw py::value_error("'" + text + "' is not an azimuth");
-    }
-    return *azimuth;
-}
-
-double DipDirectionOfStrike(double strike, const std::optional<std::string>& sense) {
-    if (!sense) {
-        return api::DipDirectionOf(strike);
-    }
-    const std::optional<double> direction = api::DipDirectionOf(strike, *sense);
-    if (!direction) {
-        throw py::value_error("'" + *sense + "' is not a sense of dip of this strike");
-    }
-    return *direction;
-}
-
 } // namespace
 
 void BindOrientations(py::module_& module) {
@@ -175,12 +155,6 @@ void BindOrientations(py::module_& module) {
                "greatest angle of a slip line to its plane, degrees.\n"
                "Returns two arrays (n, 2), plunge and trend; NaN for a fault without axes.\n"
                "Source: Marrett and Allmendinger (1990), J. Struct. Geol. 12.");
-    module.def("azimuth_of_text", AzimuthOfText, "text"_a,
-               "The azimuth of a text in degrees: '120', 'N30E', 'SSW'.\n\n"
-               "Raises ValueError for any other text.");
-    module.def("dip_direction_of_strike", DipDirectionOfStrike, "strike"_a, "sense"_a = py::none(),
-               "The dip direction in degrees on the side of a sense of dip ('SE'), or by the "
-               "right-hand rule.\n\nRaises ValueError for a sense along the strike.");
 }
 
 } // namespace quandrel::python

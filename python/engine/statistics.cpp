@@ -7,7 +7,8 @@
 #include "quandrel/fabric.h"
 #include "quandrel/rose.h"
 
-#include <stdexcept>
+#include <algorithm>
+#include <thread>
 
 namespace quandrel::python {
 
@@ -32,6 +33,24 @@ api::Fabric FabricOf(const Array& lines, const std::optional<Array>& counts, boo
         throw py::value_error("there are no lines");
     }
     return *fabric;
+}
+
+py::tuple EigenvectorsOf(const Array& rows) {
+    const unsigned threads = std::max(std::thread::hardware_concurrency(), 1U);
+    std::optional<api::PrincipalAxes> axes;
+    if (rows.ndim() == 2 && rows.shape(1) == 3) {
+        const auto vectors = RowsOf<api::Vector>(rows, "rows");
+        const py::gil_scoped_release release;
+        axes = api::PrincipalAxesOf(vectors, threads);
+    } else {
+        const auto lines = RowsOf<Line>(rows, "rows");
+        const py::gil_scoped_release release;
+        axes = api::PrincipalAxesOf(lines, threads);
+    }
+    if (!axes) {
+        throw py::value_error("there are no lines");
+    }
+    return py::make_tuple(Array(3, axes->eigenvalues.data()), ArrayOf<Line>(axes->axes));
 }
 
 Array OrientationTensor(const Array& lines, const std::optional<Array>& weights) {
@@ -158,6 +177,13 @@ void BindStatistics(py::module_& module) {
                "counts: (n,), how often each counts; axes: False for lines with a sense, which "
                "also have Fisher's statistics.\nReturns a Fabric. Raises ValueError without "
                "lines.");
+    module.def(
+        "eigenvectors", EigenvectorsOf, "rows"_a,
+        "Eigenvalues and axes of the orientation tensor.\n\n"
+        "rows: (n, 2), plunge and trend in degrees, or (n, 3), vectors of any length: north, "
+        "east, down.\nReturns the eigenvalues (3,), E1 <= E2 <= E3, and the plunges and "
+        "trends of their axes (3, 2). Raises ValueError without lines.\n"
+        "Source: Scheidegger (1965), USGS Prof. Paper 525-C.");
     module.def("orientation_tensor", OrientationTensor, "lines"_a, "weights"_a = py::none(),
                "The orientation tensor of lines, the mean of v v^T.\n\n"
                "lines: (n, 2), plunge and trend in degrees; weights: (n,).\n"
