@@ -15,7 +15,8 @@ def stubs():
 
 
 def names_of(body):
-    return {node.name for node in body if isinstance(node, (ast.FunctionDef, ast.ClassDef))}
+    named = {node.name for node in body if isinstance(node, (ast.FunctionDef, ast.ClassDef))}
+    return named | {node.target.id for node in body if isinstance(node, ast.AnnAssign)}
 
 
 def public(thing):
@@ -24,7 +25,7 @@ def public(thing):
 
 def test_stubs_and_module_have_the_same_names():
     module = stubs()
-    assert names_of(module.body) == public(_engine)
+    assert names_of(module.body) - {"Floats", "Pair", "__version__"} == public(_engine)
     for one in module.body:
         if isinstance(one, ast.ClassDef):
             held = {name for name in names_of(one.body) if not name.startswith("_")}
