@@ -2,6 +2,8 @@
 
 #include "stereo/measured_line.h"
 
+#include "stereo/line_cosines.h"
+
 #include <array>
 #include <cmath>
 
@@ -58,10 +60,15 @@ SineCosine SineCosineOf(double angle) {
 
 } // namespace
 
-Direction AxisOf(const MeasuredLine& line) {
+LineCosines CosinesOf(const MeasuredLine& line) {
     const SineCosine plunge = SineCosineOf(std::abs(line.plunge));
     const SineCosine trend = SineCosineOf(line.trend);
-    return {plunge.cosine * trend.cosine, plunge.cosine * trend.sine, plunge.sine};
+    return {plunge.sine, plunge.cosine, trend.sine, trend.cosine};
+}
+
+Direction AxisOf(const MeasuredLine& line) {
+    const LineCosines of = CosinesOf(line);
+    return {of.cosinePlunge * of.cosineTrend, of.cosinePlunge * of.sineTrend, of.sinePlunge};
 }
 
 Direction DirectionOf(const MeasuredLine& line) {
