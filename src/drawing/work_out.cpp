@@ -19,6 +19,7 @@
 #include "statistics/fabric_statistics.h"
 #include "statistics/plot_regions.h"
 #include "stereo/axis_rows.h"
+#include "stereo/cell_rows.h"
 #include "stereo/row_drawing.h"
 #include "stereo/row_positions.h"
 #include "stereo/shown_layers.h"
@@ -138,6 +139,7 @@ void WorkOutUnseen(Plot& plot) {
 void ComputeRowStatistics(Plot& plot, const WorkingOut& how) {
     SortRowTable(plot.table,
                  std::min(plot.table.size(), static_cast<std::size_t>(plot.record.NumData)));
+    CountMeasurements(plot);
     ComputePointDensities(plot, how.watcher);
     ComputeFabricStatistics(plot, how.styles, how.formulas);
     if (plot.record.RowsChanged != 0) {

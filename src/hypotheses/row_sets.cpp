@@ -12,6 +12,7 @@
 #include "statistics/axis_statistics.h"
 #include "statistics/fabric_kernels.h"
 #include "stereo/axis_rows.h"
+#include "stereo/cell_rows.h"
 
 #include <algorithm>
 #include <optional>
@@ -119,6 +120,10 @@ std::vector<RowSet> RowSetsOf(const Plot& plot) {
 TestSample TestSampleOf(Plot& plot, const Styles& styles, const RowSet& set) {
     TestSample sample;
     sample.as = set.as;
+    sample.areCells = HasCellRows(plot) && set.id.kind != RowGroupKind::Overlay;
+    if (sample.areCells) {
+        return sample;
+    }
     if (AreAzimuths(set.as)) {
         sample.azimuths = AnglesOfRose(plot, set.id.number);
         return sample;

@@ -53,6 +53,7 @@ struct TestSample {
     RowsTestedAs as = RowsTestedAs::Axes;
     std::vector<Direction> directions; ///< of a net; axes by their lower ends
     AzimuthSample azimuths;            ///< of a rose
+    bool areCells = false; ///< the plot is one of a summary, which has no single rows to test
 
     [[nodiscard]] std::size_t Count() const { return directions.size() + azimuths.angles.size(); }
 };

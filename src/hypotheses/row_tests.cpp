@@ -17,6 +17,7 @@ constexpr double kQuickWork = 6e6;
 constexpr const char* kWaiting = "Its probability is found by simulation.";
 constexpr const char* kStopped = "The simulation was stopped.";
 constexpr const char* kNoRows = "There are no rows.";
+constexpr const char* kNoSingleRows = "A summary has no single rows to test.";
 constexpr const char* kOtherSense = "Axes, directions and azimuths are not compared with each "
                                     "other.";
 
@@ -67,7 +68,7 @@ std::string CountText(std::size_t count, RowsTestedAs as) {
 
 RowTests TestsOf(const TestSample& sample, const TestChoice& choice) {
     if (sample.Count() == 0) {
-        return NoTests(kNoRows);
+        return NoTests(sample.areCells ? kNoSingleRows : kNoRows);
     }
     return AreAzimuths(sample.as) ? TestsOfRose(sample, choice) : TestsOfNet(sample);
 }
@@ -77,7 +78,7 @@ RowTests TestsOf(const TestSample& first, const TestSample& second, const TestCh
         return NoTests(kOtherSense);
     }
     if (first.Count() == 0 || second.Count() == 0) {
-        return NoTests(kNoRows);
+        return NoTests(first.areCells || second.areCells ? kNoSingleRows : kNoRows);
     }
     return AreAzimuths(first.as) ? TestsOfRoses(first, second, choice)
                                  : TestsOfNets(first, second, choice);

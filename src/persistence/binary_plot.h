@@ -58,6 +58,7 @@ struct BinaryPlot {
 
     std::array<MeasuredColumns, kRowAngles.size()> measured; ///< by RowAngles
     MapColumns mapPlaces;
+    bool hasCellRows = false;                  ///< main rows are cells (stereo/cell_rows.h)
     std::optional<PictureView> pictureView;    ///< of a plot in a picture
     std::vector<ExtensionBlock> unknownBlocks; ///< of the file's extension
     std::vector<std::string> leftOut; ///< what is damaged in the extension, a sentence each

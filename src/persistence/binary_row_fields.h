@@ -13,6 +13,7 @@
 #include "persistence/binary_stream.h"
 #include "persistence/error_row_text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -60,7 +61,16 @@ private:
     using Walk::Texts;
 
     void Head() {
-        Longs(FIELD(NumValidData), FIELD(NumData), FIELD(NumLoadedData));
+        if constexpr (kReads) {
+            Longs(FIELD(NumValidData));
+        } else {
+            // Cells stand for more measurements than there are rows; these are counted again when
+            // the file is opened.
+            const std::int32_t valid =
+                std::min(record_.NumValidData, std::max(record_.NumData, std::int32_t{0}));
+            Longs(Named{"NumValidData", valid});
+        }
+        Longs(FIELD(NumData), FIELD(NumLoadedData));
         Shorts(FIELD(PrimaryFormat), FIELD(SecondaryFormat), FIELD(ShowSecondary),
                FIELD(SelectedOverlay), FIELD(ShowAnnotations), FIELD(HasAppendedLine),
                FIELD(HasAppendedNumeric), FIELD(HasAppendedText));

@@ -12,8 +12,10 @@
 #include "input/file_loading.h"
 #include "input/text_file.h"
 #include "persistence/binary_plot_file.h"
+#include "persistence/summary_plot.h"
 #include "persistence/workspace_file.h"
 #include "platform/platform.h"
+#include "summary/summary_file.h"
 
 #include <filesystem>
 #include <optional>
@@ -28,7 +30,8 @@ namespace {
 
 constexpr std::string_view kFileCommand = "File";
 constexpr const char* kPictureFilter =
-    "|Figures (*.qsheet)|*.qsheet|Pictures with their data (*.svg)|*.svg *.png *.pdf";
+    "|Figures (*.qsheet)|*.qsheet|Summaries (*.qsum)|*.qsum|Pictures with their data (*.svg)|*.svg "
+    "*.png *.pdf";
 constexpr const char* kTableFilter =
     "|Spreadsheets and map tables (*.xlsx)|*.xlsx *.ods *.gpkg *.shp *.geojson *.tab *.mif";
 
@@ -202,7 +205,7 @@ std::string AddToPlot(const std::string& command, const std::string& path, Forma
 }
 
 /// The kind of file at a path; empty with a message when it cannot be read.
-enum class FileKind { Text, BinaryPlot, Picture, Workspace, Sheet, Unreadable };
+enum class FileKind { Text, BinaryPlot, Picture, Summary, Workspace, Sheet, Unreadable };
 
 FileKind KindOfFile(const std::string& path) {
     const Result<std::string> start = FirstBytes(path, 4096);
@@ -216,6 +219,9 @@ FileKind KindOfFile(const std::string& path) {
     }
     if (KindOfPicture(*start)) {
         return FileKind::Picture;
+    }
+    if (IsSummarySignature(*start)) {
+        return FileKind::Summary;
     }
     if (HasEnding(path, ".qsheet") || IsSheetText(*start)) {
         return FileKind::Sheet;
@@ -256,6 +262,13 @@ std::string OpenPicture(const std::string& path) {
                           held ? ReadBinaryPlot(*held) : Failure{held.Error()});
 }
 
+/// Opens a summary as a plot of its cells.
+std::string OpenSummary(const std::string& path) {
+    const Result<RowSummary> summary = ReadSummaryFile(path);
+    return OpenBinaryPlot(Holder::Picture, path,
+                          summary ? PlotOfSummary(*summary, gSettings) : Failure{summary.Error()});
+}
+
 /// A workspace among the files of a workspace is skipped: it might list itself.
 std::string OpenListedPlots(const std::string& path) {
     if (std::exchange(OpenState::now.isOpeningWorkspace, true)) {
@@ -289,6 +302,9 @@ std::string OpenByKind(const std::string& command, const std::string& path, Form
                    : kLoadError;
     case FileKind::Picture:
         return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenPicture(path)
+                                                                      : kLoadError;
+    case FileKind::Summary:
+        return NeedsNewPlot(command) || AcceptAsSeparatePlot(command) ? OpenSummary(path)
                                                                       : kLoadError;
     case FileKind::Workspace:
         return OpenListedPlots(path);

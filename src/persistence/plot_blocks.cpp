@@ -7,6 +7,7 @@
 #include "persistence/figure_block.h"
 #include "persistence/measured_block.h"
 #include "persistence/place_block.h"
+#include "stereo/cell_rows.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -88,6 +89,14 @@ void ReadFormulas(std::string_view bytes, BinaryPlot& plot) {
     plot.record.PlotFormulas = value.value_or(kFormulasOfPreferences);
 }
 
+void ReadCellRows(std::string_view bytes, BinaryPlot& plot) {
+    const std::optional<std::int16_t> value = OnlyShortOf(bytes);
+    if (!value) {
+        LeaveOut(plot, "That the rows stand for many measurements is damaged.");
+    }
+    plot.hasCellRows = value.value_or(0) != 0;
+}
+
 /// Gives a part of the record the values of its block, if these are possible.
 template <class Part>
 void ReadPart(std::string_view bytes, const char* name, BinaryPlot& plot) {
@@ -122,6 +131,8 @@ void ReadBlock(const BlockView& block, BinaryPlot& plot) {
         ReadUseDecimals(block.bytes, plot);
     } else if (block.head.tag == kFormulasBlock.tag) {
         ReadFormulas(block.bytes, plot);
+    } else if (block.head.tag == kCellRowsBlock.tag) {
+        ReadCellRows(block.bytes, plot);
     } else if (block.head.tag == kDensityViewBlock.tag) {
         ReadPart<RecordDensityView>(block.bytes, "densities", plot);
     } else if (block.head.tag == kRegionsBlock.tag) {
@@ -237,6 +248,8 @@ void TakeBlocks(BinaryPlot& file, Plot& plot) {
         MeasuredOf(plot.rows, which) = std::move(file.measured[static_cast<std::size_t>(which)]);
     }
     plot.rows.mapPlaces = std::move(file.mapPlaces);
+    SetCellRows(plot, file.hasCellRows);
+    CountMeasurements(plot);
     if (!file.unknownBlocks.empty()) {
         plot.attachments.Of<UnknownBlocks>() = {std::move(file.unknownBlocks),
                                                 FingerprintOfRows(plot)};
@@ -251,6 +264,9 @@ void WriteBlocks(BinaryWriter& writer, const Plot& plot, std::span<const BinaryR
     }
     if (plot.record.PlotFormulas != kFormulasOfPreferences) {
         extension.Block(kFormulasBlock, [&] { writer.Short(plot.record.PlotFormulas); });
+    }
+    if (HasCellRows(plot)) {
+        extension.Block(kCellRowsBlock, [&] { writer.Short(kTrue); });
     }
     WritePart<RecordDensityView>(kDensityViewBlock, plot.record, extension, writer);
     WritePart<RecordRegions>(kRegionsBlock, plot.record, extension, writer);

@@ -26,6 +26,9 @@ inline constexpr BlockHead kUseDecimalsBlock{{'U', 'D', 'E', 'C'}, true};
 /// RecordView::PlotFormulas of a plot with a choice of its own: 1 or 2.
 inline constexpr BlockHead kFormulasBlock{{'F', 'O', 'R', 'M'}, true};
 
+/// Main rows are cells (stereo/cell_rows.h), a truth value; only in plots of summaries.
+inline constexpr BlockHead kCellRowsBlock{{'C', 'E', 'L', 'L'}, true};
+
 /// Attached to a plot: blocks of its file that this version does not know.
 struct UnknownBlocks {
     std::vector<ExtensionBlock> blocks;

@@ -3,6 +3,7 @@
 #include "stereo/distinct_lines.h"
 
 #include "orientation/angles.h"
+#include "stereo/cell_rows.h"
 #include "stereo/row_positions.h"
 
 #include <algorithm>
@@ -35,17 +36,24 @@ bool IsAnyRow(std::int32_t /*row*/) {
     return true;
 }
 
+/// Each row of a table counts once.
+std::int32_t Once(std::int32_t /*row*/) {
+    return 1;
+}
+
 /// Counts the selected rows of a table up to a point index, by the numbers of their lines.
-template <class Wanted>
+///
+/// @param timesOf  how often a row counts
+template <class Wanted, class Times>
 std::vector<DistinctLine> CountLines(const RowTable& table, std::int32_t lastIndex,
-                                     const Wanted& isWanted) {
+                                     const Wanted& isWanted, const Times& timesOf) {
     const auto rows = std::make_unique<std::array<std::int32_t, kLineKeys>>();
     rows->fill(0);
     for (std::size_t place = 0; place < table.size(); ++place) {
         if (table.index[place] <= lastIndex && !IsErrorRow(table.plunge[place])
             && isWanted(table.index[place])) {
             const int key = LineKey(table.plunge[place], table.trend[place]);
-            ++(*rows)[static_cast<std::size_t>(key)];
+            (*rows)[static_cast<std::size_t>(key)] += timesOf(table.index[place]);
         }
     }
     std::vector<DistinctLine> lines;
@@ -90,13 +98,19 @@ RowTable MeasuredTableOf(const Plot& plot) {
 template <class Wanted>
 RowLines LinesIn(const Plot& plot, LinePrecision precision, const Wanted& isWanted) {
     const std::int32_t last = plot.record.NumData;
+    if (HasCellRows(plot)) {
+        return {CountLines(plot.table, last, isWanted,
+                           [&plot](std::int32_t row) { return MeasurementsOfRow(plot, row); }),
+                {},
+                {}};
+    }
     if (ShowsDecimals(plot)) {
         return ListLines(plot.table, last, isWanted);
     }
     if (precision == LinePrecision::Measured && HasMeasuredLines(plot)) {
         return ListLines(MeasuredTableOf(plot), last, isWanted);
     }
-    return {CountLines(plot.table, last, isWanted), {}, {}};
+    return {CountLines(plot.table, last, isWanted, Once), {}, {}};
 }
 
 /// The sign of an axis marks its kind, even a horizontal one: all are taken by their lower ends.
@@ -129,7 +143,7 @@ int LineKey(double plunge, double trend) {
 }
 
 std::vector<DistinctLine> DistinctLinesOf(const RowTable& table, std::int32_t lastIndex) {
-    return CountLines(table, lastIndex, IsAnyRow);
+    return CountLines(table, lastIndex, IsAnyRow, Once);
 }
 
 bool HasMeasuredLines(const Plot& plot) {

@@ -31,7 +31,7 @@ const std::map<std::string, Folders>& EngineIncludes() {
     static const Folders onEdits = Above(onRows, {"edit/grids", "edit/commands"});
     static const Folders onDrawing = Above(onEdits, {"drawing", "platform/scripted"});
     static const Folders onSession =
-        Above(onDrawing, {"mapinfo", "persistence", "print", "session", "svg"});
+        Above(onDrawing, {"mapinfo", "persistence", "print", "session", "summary", "svg"});
     static const std::map<std::string, Folders> allowed = {
         {"platform", {}},
         {"platform/scripted", {"platform"}},
@@ -46,9 +46,10 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"input/suggest", onInput},
         {"rotation", onInput},
         {"pdf", onCore},
-        {"persistence", Above(onInput, {"svg"})},
+        {"persistence", Above(onInput, {"svg", "statistics", "summary"})},
         {"derive", onInput},
         {"statistics", onStereo},
+        {"summary", Above(onInput, {"statistics"})},
         {"density", onStereo},
         {"classify", onDensity},
         {"rose", Above(onDensity, {"classify"})},
@@ -62,17 +63,18 @@ const std::map<std::string, Folders>& EngineIncludes() {
         {"drawing", onMarks},
         {"fabric", Above(onMarks, {"drawing"})},
         {"hypotheses", Above(onMarks, {"drawing"})},
-        {"sheet", Above(onMarks, {"drawing", "fabric", "persistence", "svg"})},
+        {"sheet", Above(onMarks, {"drawing", "fabric", "persistence", "summary", "svg"})},
         {"print", onDrawing},
         {"panels", Above(onEdits, {"drawing"})},
-        {"session", Above(onDrawing, {"mapinfo", "mapsession", "persistence", "print", "svg"})},
+        {"session",
+         Above(onDrawing, {"mapinfo", "mapsession", "persistence", "print", "summary", "svg"})},
         {"recovery", onSession},
         {"preferences", onSession},
         {"help", onCore},
         // The public headers, below include/.
         {"quandrel", {}},
-        {"border", Above(onMarks, {"quandrel", "persistence", "drawing", "svg", "hypotheses",
-                                   "input/suggest"})},
+        {"border", Above(onMarks, {"quandrel", "persistence", "summary", "drawing", "svg",
+                                   "hypotheses", "input/suggest"})},
     };
     return allowed;
 }
