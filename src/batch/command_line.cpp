@@ -154,6 +154,40 @@ int ExitAfter(int exitCode, std::ostream& out, std::ostream& log) {
     return exitCode == kBatchDone ? kBatchFailed : exitCode;
 }
 
+/// Adds the subcommands of summaries.
+void AddSummaryTasks(CLI::App& app, BatchOptions& options) {
+    SummaryOptions& given = options.summary;
+    const auto add = [&](const char* name, const char* about, SummaryTask task) {
+        CLI::App* const one = app.add_subcommand(name, about);
+        one->callback([&options, task] { options.task = task; });
+        return one;
+    };
+    CLI::App* const summarise =
+        add("summarise", "count and sum the rows of texts of any length, in little memory",
+            SummaryTask::Summarise);
+    summarise->add_option("FILES", given.files, "texts of rows")->required();
+    summarise->add_option("-o,--output", given.output, "summary to write: .qsum")->required();
+    summarise->add_option("--format", given.format,
+                          "format of the texts, as for the command 'format'; else 'auto'");
+    CLI::App* const merge = add("merge", "add up summaries of the same rows", SummaryTask::Merge);
+    merge->add_option("FILES", given.files, "summaries")->required();
+    merge->add_option("-o,--output", given.output, "summary to write: .qsum")->required();
+    CLI::App* const print =
+        add("summary", "print the results of the sums of a summary as JSON", SummaryTask::Print);
+    print->add_option("FILE", given.files, "a summary")->required()->expected(1);
+}
+
+int RunSummaryTask(const BatchOptions& options, std::ostream& out, std::ostream& log) {
+    switch (options.task) {
+    case SummaryTask::Summarise:
+        return SummariseFiles(options.summary, out, log);
+    case SummaryTask::Merge:
+        return MergeSummaries(options.summary, log);
+    default:
+        return PrintSummary(options.summary, out, log);
+    }
+}
+
 } // namespace
 
 std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptions& options) {
@@ -181,6 +215,7 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
     app.add_option("--script", options.script,
                    "file of commands, one per line; - reads standard input");
     app.add_option("-c", options.commands, "commands, separated by semicolons");
+    AddSummaryTasks(app, options);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -192,7 +227,9 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, BatchOptio
 
 int RunBatch(const BatchOptions& options, std::ostream& out, std::ostream& log) {
     try {
-        return ExitAfter(RunOneSource(options, out, log), out, log);
+        const int exitCode = options.task == SummaryTask::None ? RunOneSource(options, out, log)
+                                                               : RunSummaryTask(options, out, log);
+        return ExitAfter(exitCode, out, log);
     } catch (const std::bad_alloc&) {
         log << kProgram << "there is not enough memory\n";
         return kBatchFailed;

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "batch/summary_command.h"
+
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -12,8 +14,14 @@ namespace quandrel {
 
 enum BatchExit : int { kBatchDone = 0, kBatchFailed = 1, kBatchBadUsage = 2 };
 
-/// The options of the command line: a data file and its outputs, or a script, or commands.
+/// What is done with summaries, without a plot.
+enum class SummaryTask { None, Summarise, Merge, Print };
+
+/// The options of the command line: a data file and its outputs, or a script, or commands, or a
+/// task with summaries.
 struct BatchOptions {
+    SummaryTask task = SummaryTask::None;
+    SummaryOptions summary; ///< of the task
     std::string data;
     std::string picture;
     int size = 0; ///< of the picture in pixels, 0 for the default
