@@ -52,6 +52,7 @@
 #include "quandrel/row_tests.h"
 #include "quandrel/smooth_density.h"
 #include "quandrel/suggest.h"
+#include "quandrel/summary.h"
 #include "quandrel/surface.h"
 #include "quandrel/svg.h"
 #include "quandrel/table.h"
