@@ -112,5 +112,6 @@ void BindRegions(py::module_& module);
 void BindTables(py::module_& module);
 void BindClasses(py::module_& module);
 void BindFigures(py::module_& module);
+void BindSummaries(py::module_& module);
 
 } // namespace quandrel::python

@@ -33,4 +33,5 @@ PYBIND11_MODULE(_engine, module) {
     BindTables(module);
     BindClasses(module);
     BindFigures(module);
+    BindSummaries(module);
 }

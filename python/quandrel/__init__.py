@@ -25,6 +25,7 @@ from ._engine import (
     RowTest,
     SmoothDensity,
     SuggestedFormat,
+    Summary,
     Table,
     __version__,
     azimuth_of_text,
@@ -67,6 +68,7 @@ from ._engine import read_sure as _read_sure
 from ._engine import read_text as _read_text
 from ._engine import suggest_text as _suggest_text
 from .figure import Figure, open
+from .summary import merge, open_summary, save_summary, summarise, summarise_file
 from .workspace import open_workspace, save_workspace
 
 
@@ -119,5 +121,5 @@ def suggest_formats(path_or_text: str | os.PathLike[str]) -> list[SuggestedForma
 __all__ = [
     name
     for name in dir()
-    if not name.startswith("_") and name not in ("annotations", "figure", "os", "pathlib", "workspace")
+    if not name.startswith("_") and name not in ("annotations", "figure", "os", "pathlib", "summary", "workspace")
 ]

@@ -9,6 +9,7 @@
 #include "density/contours.h"
 #include "density/grid_density.h"
 #include "density/grid_geometry.h"
+#include "orientation/attitude.h"
 #include "orientation/projection.h"
 
 #include <algorithm>
@@ -22,9 +23,9 @@ namespace {
 
 /// A line at the nearest whole degrees.
 DistinctLine WholeLine(const Line& line) {
-    const RadianLine in = In(line);
-    return {static_cast<std::int16_t>(RoundToEven(line.plunge)),
-            static_cast<std::int16_t>(RoundToEven(RadToDeg(in.trend))), 1};
+    static_cast<void>(In(line)); // checks it
+    const Attitude whole = RoundedAttitude({line.plunge, WithinTurn(line.trend)}, false);
+    return {static_cast<std::int16_t>(whole.dip), static_cast<std::int16_t>(whole.azimuth), 1};
 }
 
 LineHistogram HistogramOf(std::span<const Line> lines) {
