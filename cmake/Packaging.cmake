@@ -56,6 +56,17 @@ install(FILES docs/interface.md ${packaging}/copyright DESTINATION ${libraryDocu
         COMPONENT dev)
 quandrel_install_packed(${packaging}/changelog ${libraryDocuments} changelog COMPONENT dev)
 
+# So has that of the package for Python.
+set(components program dev)
+if(TARGET quandrel_python)
+    list(APPEND components python)
+    set(pythonDocuments ${CMAKE_INSTALL_DATADIR}/doc/python3-quandrel)
+    install(FILES docs/python.md ${packaging}/copyright DESTINATION ${pythonDocuments}
+            COMPONENT python)
+    install(DIRECTORY docs/notebooks DESTINATION ${pythonDocuments} COMPONENT python)
+    quandrel_install_packed(${packaging}/changelog ${pythonDocuments} changelog COMPONENT python)
+endif()
+
 set(CPACK_PACKAGE_NAME quandrel)
 set(CPACK_PACKAGE_VENDOR "The Quandrel developers")
 set(CPACK_PACKAGE_CONTACT "The Quandrel developers <quandrel@example.org>")
@@ -74,12 +85,18 @@ The engine of Quandrel as a static library with headers: orientations and
 their notation, the net, densities and contours, fabric and circular
 statistics, roses, classes, rotations, P and T axes of faults, intersections.
 Functions take values and give values, and keep no state.")
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+"stereonets and rose diagrams for structural geologists, in Python
+The engine of Quandrel over numpy arrays: tables in any format, fabric and
+circular statistics, densities with contours, confidence regions and tests,
+P and T axes of faults, unfolding, figures in notebooks and for journals, and
+summaries of any number of rows, also of clusters.")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_GENERATOR DEB)
-set(CPACK_COMPONENTS_ALL program dev)
+set(CPACK_COMPONENTS_ALL ${components})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
@@ -92,6 +109,14 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-image-formats-
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-liberation, qt6-qpa-plugins")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libquandrel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-quandrel)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+# The module is for one version of the interpreter.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.11), python3 (<< 3.12), python3-numpy")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS "python3-matplotlib")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-dask, python3-distributed")
 
 set(CPACK_SOURCE_GENERATOR TGZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME quandrel-${PROJECT_VERSION})

@@ -22,6 +22,13 @@ devPackage=$(find "$folder/made" -maxdepth 1 -name 'libquandrel-dev_*.deb')
 [ -n "$devPackage" ] || fail "no package of the library: $(cat "$folder/log")"
 dpkg-deb -x "$devPackage" "$folder/library"
 
+packages=("$package" "$devPackage")
+pythonPackage=$(find "$folder/made" -maxdepth 1 -name 'python3-quandrel_*.deb')
+if [ -n "$pythonPackage" ]; then # where pybind11 is installed
+    packages+=("$pythonPackage")
+    dpkg-deb -x "$pythonPackage" "$folder/python"
+fi
+
 # What a desktop and a reader look for.
 for path in bin/quandrel bin/quandrel-batch share/applications/quandrel.desktop \
     share/metainfo/org.quandrel.quandrel.metainfo.xml share/mime/packages/quandrel.xml \
@@ -41,6 +48,24 @@ for library in libqt6widgets6 libqt6svg6 libqpdf29 qt6-image-formats-plugins; do
     [ "$(grep -o "$library" <<<"$depends" | wc -l)" -eq 1 ] \
         || fail "the package does not depend on $library once: $depends"
 done
+
+# The first cell of a notebook.
+if [ -n "$pythonPackage" ]; then
+    pythonDepends=$(dpkg-deb -f "$pythonPackage" Depends)
+    for needed in 'python3 (>= 3.11)' python3-numpy libc6; do
+        grep -qF "$needed" <<<"$pythonDepends" \
+            || fail "the package for Python does not depend on $needed: $pythonDepends"
+    done
+    [ -s "$folder/python/usr/share/doc/python3-quandrel/notebooks/fold.ipynb" ] \
+        || fail "the package for Python lacks its notebooks"
+    (cd "$root/usr/share/quandrel/examples" \
+        && PYTHONPATH=$folder/python/usr/lib/python3/dist-packages PYTHONDONTWRITEBYTECODE=1 \
+            /usr/bin/python3 -c 'import importlib.metadata, quandrel
+beds = quandrel.read("folded_bedding.txt", "auto")
+assert len(beds) == 120 and importlib.metadata.version("quandrel")
+assert quandrel.__file__.endswith("dist-packages/quandrel/__init__.py"), quandrel.__file__') \
+        || fail "the package for Python does not work"
+fi
 
 # The tarball holds the sources below a folder with its version.
 "$cpack" --config "$build/CPackSourceConfig.cmake" -B "$folder/sources" >"$folder/log" 2>&1 \
@@ -64,7 +89,7 @@ if command -v Xvfb >/dev/null && command -v xdotool >/dev/null \
 fi
 
 if command -v lintian >/dev/null; then
-    lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" "$devPackage" \
+    lintian --allow-root --fail-on error,warning --tag-display-limit 0 "${packages[@]}" \
         >"$folder/lintian" 2>&1 || fail "$(cat "$folder/lintian")"
     cat "$folder/lintian"
 fi
