@@ -158,6 +158,6 @@ double BasicExactSum<kFirst, kPlaces>::Value() const {
 }
 
 template class BasicExactSum<0, 70>;
-template class BasicExactSum<28, 13>;
+template class BasicExactSum<27, 13>;
 
 } // namespace quandrel

@@ -36,7 +36,8 @@ public:
 
     static constexpr std::size_t kLastPlace = kFirst + kPlaces - 1;
 
-    /// @param value  finite, and a multiple of the first digit's unit
+    /// @param value  finite, and 0 or with all 53 bits of its mantissa, also those that are 0, from
+    ///               the first digit on
     void Add(double value) {
         const auto bits = std::bit_cast<std::uint64_t>(value);
         const auto exponent = static_cast<unsigned>(bits >> 52U & 0x7ffU);
@@ -92,10 +93,11 @@ private:
 /// A sum of any doubles: up to 2^63 times the greatest of them.
 using ExactSum = BasicExactSum<0, 70>;
 
-/// A sum of numbers of 32 bits, in less memory.
-using FloatSum = BasicExactSum<28, 13>;
+/// A sum of numbers of 32 bits, in less memory. The last bit of the least of them, 2^-149, as a
+/// double is 2^-201, in digit 27.
+using FloatSum = BasicExactSum<27, 13>;
 
 extern template class BasicExactSum<0, 70>;
-extern template class BasicExactSum<28, 13>;
+extern template class BasicExactSum<27, 13>;
 
 } // namespace quandrel

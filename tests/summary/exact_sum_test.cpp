@@ -134,7 +134,17 @@ TEST(ExactSum, RefusesOtherForms) {
     EXPECT_FALSE(ExactSum::OfDigits({false, 70, {1}}));
     EXPECT_FALSE(ExactSum::OfDigits({false, 69, {1, 1}}));
     EXPECT_TRUE(ExactSum::OfDigits({false, 69, {1}}));
-    EXPECT_FALSE(FloatSum::OfDigits({false, 27, {1}}));
+    EXPECT_FALSE(FloatSum::OfDigits({false, 26, {1}}));
+}
+
+TEST(FloatSum, HoldsTheLeastAndTheGreatestFloat) {
+    constexpr auto kLeastFloat = static_cast<double>(std::numeric_limits<float>::denorm_min());
+    constexpr auto kGreatestFloat = static_cast<double>(std::numeric_limits<float>::max());
+    FloatSum sum;
+    sum.Add(kGreatestFloat, std::uint64_t{1} << 40U);
+    sum.Add(kLeastFloat);
+    sum.Add(-kGreatestFloat, std::uint64_t{1} << 40U);
+    EXPECT_EQ(sum.Value(), kLeastFloat);
 }
 
 TEST(FloatSum, HoldsAnyFloat) {
