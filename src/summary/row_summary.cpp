@@ -230,10 +230,10 @@ RowSummary RowSummary::OfParts(Parts parts) {
     summary.lines_ = parts.lines;
     summary.between_ = std::move(parts.cells);
     summary.rowsWithDecimals_ = parts.rowsWithDecimals;
-    summary.moments_ = std::move(parts.moments);
+    summary.moments_ = parts.moments;
     summary.numbers_ = std::move(parts.numbers);
     summary.weights_ = std::move(parts.weights);
-    summary.weightedMoments_ = std::move(parts.weightedMoments);
+    summary.weightedMoments_ = parts.weightedMoments;
     return summary;
 }
 

@@ -3,6 +3,7 @@
 #include "summary/summary_text.h"
 
 #include "input/data_line.h"
+#include "input/data_rows.h"
 #include "input/text_file.h"
 #include "summary/plain_pairs.h"
 
@@ -168,7 +169,8 @@ private:
             headingIsAhead_ = headingIsAhead_ && isBeside;
             ++counts_.blank;
         } else if (row.status == LineStatus::Row) {
-            summary_.Add({ToMicrodegree({row.dip, row.az}), NumberOf(row)});
+            const KeptAttitude kept = KeptOf({row.dip, row.az}, summary_.IsPlane());
+            summary_.Add({kept.Measured(), NumberOf(row)});
         } else {
             ++counts_.invalid;
         }

@@ -28,7 +28,7 @@ ExactSum SumOf(const Values& values) {
 /// Any finite double, all exponents alike.
 double AnyDouble(std::mt19937_64& random) {
     for (;;) {
-        const double value = std::bit_cast<double>(random());
+        const auto value = std::bit_cast<double>(random());
         if (std::isfinite(value)) {
             return value;
         }
@@ -152,7 +152,7 @@ TEST(FloatSum, HoldsAnyFloat) {
     FloatSum sum;
     ExactSum wide;
     for (int i = 0; i < 20'000; ++i) {
-        const float value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
         if (std::isfinite(value)) {
             FloatSum one;
             one.Add(static_cast<double>(value));

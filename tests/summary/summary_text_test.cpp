@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "input/data_line.h"
+#include "input/data_rows.h"
 #include "input/text_file.h"
 #include "stereo/distinct_lines.h"
 #include "summary/plain_pairs.h"
@@ -75,7 +76,8 @@ RowSummary ByTheParser(const std::string& text, const SummaryFormat& format) {
         const ParsedRow row = ParseLine(line, format.line);
         ++counts.read;
         if (row.status == LineStatus::Row) {
-            summary.Add({ToMicrodegree({row.dip, row.az}), std::nullopt});
+            // As the loader of files keeps it.
+            summary.Add({KeptOf({row.dip, row.az}, summary.IsPlane()).Measured(), std::nullopt});
         } else if (row.status == LineStatus::Blank || row.status == LineStatus::Comment
                    || row.status == LineStatus::ParameterLine) {
             ++counts.blank;
@@ -120,6 +122,13 @@ TEST(SummaryText, HeadingsAndMarksAreNoRows) {
     const Result<RowSummary> summary = Summarised("\xEF\xBB\xBF; beds\n10\t20\n40\t120\n", format);
     EXPECT_EQ(summary->Rows(), 1U) << "the first line that is no comment is the heading";
     EXPECT_EQ(summary->Lines(), (LineCounts{3, 2, 0}));
+}
+
+TEST(SummaryText, AzimuthsBeyondTheCircleAreKeptAsTheLoaderKeepsThem) {
+    const SummaryFormat format{Pairs(), false, false};
+    const Result<RowSummary> summary = Summarised("40\t-90\n40\t270\n40.5\t-89.5\n", format);
+    ASSERT_EQ(summary->Rows(), 3U);
+    EXPECT_EQ(summary->Cells()[static_cast<std::size_t>(LineKeyOfDegrees(40, 270))], 3U);
 }
 
 TEST(SummaryText, NumbersAreSummedAndWeighRows) {
