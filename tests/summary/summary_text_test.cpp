@@ -145,7 +145,11 @@ TEST(SummaryText, NumbersAreSummedAndWeighRows) {
 
 TEST(SummaryText, WhatIsNoTextIsTold) {
     const SummaryFormat format{Pairs(), false, false};
-    EXPECT_NE(Summarised(std::string("\xFF\xFE") + "4\0", format).Error(), "");
+    EXPECT_NE(Summarised("\xFF\xFE"
+                         "4",
+                         format)
+                  .Error(),
+              "");
     EXPECT_NE(Summarised(std::string(200, '\0'), format).Error(), "");
     EXPECT_NE(Summarised(std::string(3'000'000, '4'), format).Error(), "");
     RowSummary summary({kPrimaryPlane, false});
